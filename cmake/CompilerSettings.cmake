@@ -1,0 +1,32 @@
+# What every target is compiled with, and where the results land.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON) # the touch drivers are loadable libraries
+set(CMAKE_CXX_VISIBILITY_PRESET hidden) # a driver exports its C symbols and nothing else
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+# Same layout as an installed tree: a program finds the drivers at ../lib/glidemap from its own folder.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(GLIDEMAP_DRIVER_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/glidemap)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
+if(GLIDEMAP_WERROR)
+    add_compile_options(-Werror)
+endif()
+
+if(GLIDEMAP_SANITIZERS)
+    add_compile_options(-fsanitize=${GLIDEMAP_SANITIZERS} -fno-omit-frame-pointer
+                        -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${GLIDEMAP_SANITIZERS})
+endif()
+
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)

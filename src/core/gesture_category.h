@@ -1,0 +1,46 @@
+// The ten groups of gestures, as the settings window lists them.
+//
+// Thread:  any; the texts are those of the current language.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace glidemap {
+
+enum class GestureType : std::uint8_t;
+
+enum class GestureCategory : std::uint8_t {
+    circle,
+    fixAndTap,
+    tap,
+    doubleTap,
+    click,
+    swipe,
+    edgeSwipe,
+    cornerTap,
+    pinchRotate,
+    longPress,
+};
+
+// In the order of declaration.
+inline constexpr std::array allGestureCategories = {
+    GestureCategory::circle,    GestureCategory::fixAndTap, GestureCategory::tap,
+    GestureCategory::doubleTap, GestureCategory::click,     GestureCategory::swipe,
+    GestureCategory::edgeSwipe, GestureCategory::cornerTap, GestureCategory::pinchRotate,
+    GestureCategory::longPress,
+};
+
+std::string_view rawValue(GestureCategory category);
+std::string displayName(GestureCategory category);
+
+// The icon of the category's gestures, by its name in the system's symbol set.
+std::string_view symbolName(GestureCategory category);
+
+// Every gesture of the category, in the order of declaration.
+std::vector<GestureType> gestures(GestureCategory category);
+
+} // namespace glidemap

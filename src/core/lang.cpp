@@ -1,0 +1,48 @@
+#include "core/lang.h"
+
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::string_view languageKey = "appLanguage";
+
+std::shared_ptr<UserDefaults>& sharedDefaults() {
+    static std::shared_ptr<UserDefaults> store;
+    return store;
+}
+
+// A fresh installation starts in English, whatever the system's language.
+std::string storedCode(const UserDefaults* store) {
+    return store != nullptr ? store->string(languageKey).value_or("en") : "en";
+}
+
+} // namespace
+
+Lang::Lang(std::shared_ptr<UserDefaults> store)
+    : defaults(std::move(store)), _code(storedCode(defaults.get())) {}
+
+void Lang::configureShared(std::shared_ptr<UserDefaults> store) {
+    sharedDefaults() = std::move(store);
+}
+
+Lang& Lang::shared() {
+    static Lang instance(sharedDefaults());
+    return instance;
+}
+
+void Lang::setCode(std::string code) {
+    observers.announceWillChange();
+    _code.set(code);
+    if (defaults) {
+        defaults->setString(languageKey, code);
+    }
+    observers.announceDidChange();
+}
+
+std::string Lang::choose(std::string_view english, std::string_view chinese) const {
+    return std::string(*_code.get() == "zh" ? chinese : english);
+}
+
+} // namespace glidemap

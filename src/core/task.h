@@ -1,0 +1,89 @@
+// A piece of work to be run once, later, perhaps on another thread.
+//
+// A move-only function object without arguments whose captures live inside it, so that handing work
+// over never allocates: a frame of contacts crosses to the engine's queue this way, hundreds of
+// times a second.
+//
+// Errors:  captures larger than the inline storage do not compile. Calling an empty task is a
+// programming error.
+#pragma once
+
+#include <cstddef>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace glidemap {
+
+class Task {
+public:
+    // Room for a frame, the recognizers it is for and the pool it returns to.
+    static constexpr std::size_t capacity = 96;
+
+    Task() = default;
+
+    template <typename Function>
+    requires(!std::is_same_v<std::remove_cvref_t<Function>, Task>)
+        Task(Function&&
+                 function) { // NOLINT(google-explicit-constructor): a task is made from any lambda
+        using Held = std::remove_cvref_t<Function>;
+        static_assert(sizeof(Held) <= capacity, "the captures do not fit into a task");
+        static_assert(alignof(Held) <= alignof(std::max_align_t));
+        static_assert(std::is_nothrow_move_constructible_v<Held>);
+        new (storage) Held(std::forward<Function>(function));
+        operations = &operationsOf<Held>;
+    }
+
+    Task(Task&& other) noexcept { take(other); }
+
+    Task& operator=(Task&& other) noexcept {
+        if (this != &other) {
+            clear();
+            take(other);
+        }
+        return *this;
+    }
+
+    Task(const Task&) = delete;
+    Task& operator=(const Task&) = delete;
+    ~Task() { clear(); }
+
+    void operator()() { operations->call(storage); }
+
+    explicit operator bool() const { return operations != nullptr; }
+
+private:
+    struct Operations {
+        void (*call)(void* held);
+        void (*moveTo)(void* held, void* destination);
+        void (*destroy)(void* held);
+    };
+
+    template <typename Held>
+    static constexpr Operations operationsOf = {
+        [](void* held) { (*static_cast<Held*>(held))(); },
+        [](void* held, void* destination) {
+            new (destination) Held(std::move(*static_cast<Held*>(held)));
+            static_cast<Held*>(held)->~Held();
+        },
+        [](void* held) { static_cast<Held*>(held)->~Held(); },
+    };
+
+    void take(Task& other) {
+        operations = std::exchange(other.operations, nullptr);
+        if (operations != nullptr) {
+            operations->moveTo(other.storage, storage);
+        }
+    }
+
+    void clear() {
+        if (operations != nullptr) {
+            std::exchange(operations, nullptr)->destroy(storage);
+        }
+    }
+
+    alignas(std::max_align_t) std::byte storage[capacity];
+    const Operations* operations = nullptr;
+};
+
+} // namespace glidemap

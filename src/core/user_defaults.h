@@ -1,0 +1,25 @@
+// Port: the user's small settings, kept across launches.
+//
+// Thread:  the main thread.
+// Errors:  none reach the caller: a value that cannot be read is absent, a write that fails is lost
+// silently.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace glidemap {
+
+class UserDefaults {
+public:
+    UserDefaults() = default;
+    UserDefaults(const UserDefaults&) = delete;
+    UserDefaults& operator=(const UserDefaults&) = delete;
+    virtual ~UserDefaults() = default;
+
+    virtual std::optional<std::string> string(std::string_view key) const = 0;
+    virtual void setString(std::string_view key, std::string_view value) = 0;
+};
+
+} // namespace glidemap

@@ -1,0 +1,145 @@
+#include "input/multitouch_device_manager.h"
+
+#include "core/snapshot.h"
+
+#include <dlfcn.h>
+
+#include <cassert>
+#include <memory>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* cannotLoad = "无法加载 MultitouchSupport.framework: ";
+constexpr const char* symbolsMissing = "MultitouchSupport 符号解析失败";
+constexpr const char* noDevice = "未找到多点触摸设备";
+
+// No hand and no pad comes near this. A larger count is a broken report, and reading it could take all memory there is.
+constexpr std::int32_t largestBelievableCount = 65'536;
+
+// The driver calls back without a context, so the sink is one for the process.
+Snapshot<MultitouchDeviceManager::FrameSink>& frameSink() {
+    static Snapshot<MultitouchDeviceManager::FrameSink> sink;
+    return sink;
+}
+
+std::optional<TouchDriverPlatform>& sharedPlatform() {
+    static std::optional<TouchDriverPlatform> platform;
+    return platform;
+}
+
+template <typename Function>
+void resolve(void* handle, const char* name, Function& function) {
+    function = reinterpret_cast<Function>(dlsym(handle, name));
+}
+
+} // namespace
+
+MultitouchDeviceManager::MultitouchDeviceManager(const TouchDriverPlatform& platform) {
+    handle = dlopen(platform.libraryPath.c_str(), RTLD_NOW);
+    if (handle == nullptr) {
+        const char* reason = dlerror();
+        _loadError = std::string(cannotLoad) + (reason != nullptr ? reason : "");
+        return;
+    }
+    resolveSymbols();
+    listAccess = platform.listAccess(handle);
+    const bool readable = listAccess.count != nullptr && listAccess.valueAtIndex != nullptr;
+    if (createList == nullptr || registerCallback == nullptr || startDevice == nullptr ||
+        !readable) {
+        _loadError = symbolsMissing;
+    }
+}
+
+void MultitouchDeviceManager::resolveSymbols() {
+    resolve(handle, driver::createListSymbol, createList);
+    resolve(handle, driver::registerCallbackSymbol, registerCallback);
+    resolve(handle, driver::unregisterCallbackSymbol, unregisterCallback);
+    resolve(handle, driver::startSymbol, startDevice);
+    resolve(handle, driver::stopSymbol, stopDevice);
+}
+
+void MultitouchDeviceManager::configureShared(TouchDriverPlatform platform) {
+    sharedPlatform() = std::move(platform);
+}
+
+MultitouchDeviceManager& MultitouchDeviceManager::shared() {
+    assert(sharedPlatform().has_value());
+    static MultitouchDeviceManager instance(*sharedPlatform());
+    return instance;
+}
+
+void MultitouchDeviceManager::setFrameSink(FrameSink sink) { frameSink().set(std::move(sink)); }
+
+std::int32_t MultitouchDeviceManager::contactCallback(driver::Device device, const MTTouch* records,
+                                                      std::int32_t count, double timestamp,
+                                                      std::int32_t /*frame*/) {
+    if (records != nullptr && count > largestBelievableCount) {
+        return 0;
+    }
+    std::vector<MTTouch> copy;
+    if (records != nullptr && count >= 1) {
+        copy.assign(records, records + count);
+    }
+    if (const auto sink = frameSink().get(); *sink) {
+        (*sink)(device, std::move(copy), timestamp);
+    }
+    return 0;
+}
+
+bool MultitouchDeviceManager::canStart() const {
+    return !running && !_loadError.has_value() && handle != nullptr;
+}
+
+void MultitouchDeviceManager::start() {
+    if (!canStart()) {
+        return;
+    }
+    deviceList = createList();
+    if (deviceList == nullptr) {
+        _loadError = noDevice;
+        return;
+    }
+    readDevices();
+    for (driver::Device device : devices) {
+        registerCallback(device, &contactCallback);
+        startDevice(device, 0);
+    }
+    running = !devices.empty();
+    if (!running) {
+        _loadError = noDevice;
+    }
+}
+
+void MultitouchDeviceManager::readDevices() {
+    devices.clear();
+    const long count = listAccess.count(deviceList);
+    for (long index = 0; index < count; ++index) {
+        if (const void* device = listAccess.valueAtIndex(deviceList, index); device != nullptr) {
+            devices.push_back(const_cast<driver::Device>(device));
+        }
+    }
+}
+
+void MultitouchDeviceManager::stop() {
+    if (!running) {
+        return;
+    }
+    for (driver::Device device : devices) {
+        if (stopDevice != nullptr) {
+            stopDevice(device);
+        }
+        if (unregisterCallback != nullptr) {
+            unregisterCallback(device, &contactCallback);
+        }
+    }
+    running = false;
+}
+
+void* MultitouchDeviceManager::optionalSymbol(const char* name) const {
+    return handle != nullptr ? dlsym(handle, name) : nullptr;
+}
+
+} // namespace glidemap

@@ -1,0 +1,100 @@
+// Follows every finger as a track through a session, from the first frame in which any finger touches to the first in
+// which none does, and names the gesture.
+//
+//   down ──────────────────────────────────────────────────────────────▶ all up
+//        long press: at 0.8 s, fingers still down, none came or went
+//        hold and tap: whenever a short still tap ends beside a resting finger
+//                                       end: circle, edge swipe, corner tap   (one finger)
+//                                            tap, pinch or rotation, swipe    (two to five)
+//   A tap of two to four fingers whose double tap is bound is held back for 0.45 s after the end of its session.
+//
+// Units:   positions normalised 0..1, origin bottom-left; times in seconds of the frames' timestamps, except the delay
+//          of a held-back tap, which is real time.
+// Thread:  the engine's queue only; a held-back tap reports from the thread of delayed work. Both callbacks are set
+//          before the first frame.
+// Owner:   TouchEngine, through a shared pointer that held-back taps refer to weakly.
+// Errors:  none. A finger without a finite position is absent until it has one, and stays where it was if it had one. A
+//          session with more tracks than hands can make (see TrackList) decides nothing at its end.
+#pragma once
+
+#include "core/delayed_work.h"
+#include "recognition/gesture_recognizer.h"
+#include "recognition/held_tap.h"
+#include "recognition/live_index.h"
+#include "recognition/track.h"
+#include "recognition/track_list.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace glidemap {
+
+class SessionRecognizer : public GestureRecognizer,
+                          public std::enable_shared_from_this<SessionRecognizer> {
+public:
+    static std::shared_ptr<SessionRecognizer> create(std::shared_ptr<DelayedWork> delayedWork);
+
+    void process(const TouchFrame& frame) override;
+
+    // Whether an enabled binding, of any scope, exists for the double tap of that many fingers. Called on the engine's
+    // queue.
+    std::function<bool(int fingerCount)> doubleTapBindingExists;
+
+private:
+    struct ConstructionKey {};
+
+public:
+    SessionRecognizer(ConstructionKey key, std::shared_ptr<DelayedWork> delayedWork);
+
+private:
+    struct GroupTap {
+        int count = 0;
+        double time = 0;
+    };
+
+    void readFingers(const TouchFrame& frame);
+    void follow(const TouchPoint& finger, double time);
+    void endLiveTracks(double time);
+    void finalizeSession(double time);
+    void resetSession();
+
+    void decideOneFinger(double duration);
+    void decideManyFingers(double duration, double time);
+    bool isGroupTap(double duration) const;
+    void handleGroupTap(int count, double time);
+    void holdBackTap(GestureType tap);
+    void checkLongPress(double time);
+    bool allLiveTracksRest(double time) const;
+    void checkFixAndTap(std::size_t endedIndex);
+    const Track* anchorFor(const Track& tap) const;
+
+    bool classifySwipe(double duration);
+    bool classifyEdgeSwipe(const Track& track, double duration);
+    bool classifyCornerTap(const Track& track, double duration);
+    bool classifyCircle(const Track& track, double duration);
+    bool classifyPinchOrRotate(const Track& first, const Track& second);
+
+    bool reportIfAny(std::optional<GestureType> gesture);
+    void report(GestureType gesture) const;
+
+    std::shared_ptr<DelayedWork> delayedWork;
+    TrackList tracks;
+    LiveIndex liveIndex;
+    std::optional<double> sessionStart;
+    int maxConcurrent = 0;
+    bool consumed = false;
+    bool longPressFired = false;
+    std::optional<GroupTap> lastTap;
+    HeldTap pendingSingleTap;
+
+    // Kept between frames for their memory only.
+    std::vector<TouchPoint> fingers;
+    std::vector<std::int32_t> fingerIds;
+    std::vector<LiveIndex::Entry> gone;
+};
+
+} // namespace glidemap
