@@ -15,7 +15,7 @@ namespace glidemap {
 
 class WorkItem {
 public:
-    explicit WorkItem(std::function<void()> work) : work(std::move(work)) {}
+    explicit WorkItem(std::function<void()> function) : work(std::move(function)) {}
     WorkItem(const WorkItem&) = delete;
     WorkItem& operator=(const WorkItem&) = delete;
 

@@ -1,7 +1,8 @@
-// One contact as a touch driver reports it: the record's exact layout in memory, shared with a closed library.
+// One contact as a touch driver reports it: the record's exact layout in memory, shared with a
+// closed library.
 //
-// Units:   normalised positions 0..1 on both axes, origin bottom-left, y upwards; other fields as the driver has them.
-// Errors:  none here; every field comes from outside and may hold anything.
+// Units:   normalised positions 0..1 on both axes, origin bottom-left, y upwards; other fields as
+// the driver has them. Errors:  none here; every field comes from outside and may hold anything.
 #pragma once
 
 #include <cstddef>
@@ -23,8 +24,8 @@ struct MTReadout {
 static_assert(sizeof(MTReadout) == 16 && alignof(MTReadout) == 4);
 static_assert(offsetof(MTReadout, vel) == 8);
 
-// The phase of a contact. Only making and keeping contact count as touching; the other codes are those that our own
-// drivers report for a contact that is on its way in or out.
+// The phase of a contact. Only making and keeping contact count as touching; the other codes are
+// those that our own drivers report for a contact that is on its way in or out.
 enum class MTTouchState : std::int32_t {
     hoverInRange = 2,
     makeTouch = 3,
@@ -69,7 +70,8 @@ static_assert(offsetof(MTTouch, field14) == 84);
 static_assert(offsetof(MTTouch, field15) == 88);
 static_assert(offsetof(MTTouch, zDensity) == 92);
 
-// Whether a phase code means that the finger is in contact. Any number is allowed, negative ones too.
+// Whether a phase code means that the finger is in contact. Any number is allowed, negative ones
+// too.
 constexpr bool isTouchingState(std::int32_t state) {
     constexpr std::uint32_t touchingStates = 0x18; // makeTouch and touching
     const auto code = static_cast<std::uint32_t>(state);

@@ -16,7 +16,8 @@ constexpr const char* cannotLoad = "无法加载 MultitouchSupport.framework: ";
 constexpr const char* symbolsMissing = "MultitouchSupport 符号解析失败";
 constexpr const char* noDevice = "未找到多点触摸设备";
 
-// No hand and no pad comes near this. A larger count is a broken report, and reading it could take all memory there is.
+// No hand and no pad comes near this. A larger count is a broken report, and reading it could take
+// all memory there is.
 constexpr std::int32_t largestBelievableCount = 65'536;
 
 // The driver calls back without a context, so the sink is one for the process.
@@ -71,7 +72,9 @@ MultitouchDeviceManager& MultitouchDeviceManager::shared() {
     return instance;
 }
 
-void MultitouchDeviceManager::setFrameSink(FrameSink sink) { frameSink().set(std::move(sink)); }
+void MultitouchDeviceManager::setFrameSink(FrameSink sink) {
+    frameSink().set(std::move(sink));
+}
 
 std::int32_t MultitouchDeviceManager::contactCallback(driver::Device device, const MTTouch* records,
                                                       std::int32_t count, double timestamp,

@@ -1,10 +1,12 @@
-// The only code that talks to the touch driver: loads it by path, subscribes to every device it has at start, and passes
-// each report, copied, to one sink.
+// The only code that talks to the touch driver: loads it by path, subscribes to every device it has
+// at start, and passes each report, copied, to one sink.
 //
-// Thread:  construction, start() and stop() on the main thread; contactCallback on the driver's own.
-// Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools make their own, one at a time, because
+// Thread:  construction, start() and stop() on the main thread; contactCallback on the driver's
+// own. Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools make their own,
+// one at a time, because
 //          the sink is shared by all.
-// Errors:  kept as text in loadError(), in Simplified Chinese in both interface languages, and never fatal. After a
+// Errors:  kept as text in loadError(), in Simplified Chinese in both interface languages, and
+// never fatal. After a
 //          failure start() does nothing.
 #pragma once
 
@@ -34,8 +36,8 @@ struct TouchDriverPlatform {
 class MultitouchDeviceManager {
 public:
     // `records` is the sink's to keep.
-    using FrameSink = std::function<void(driver::Device device, std::vector<MTTouch> records,
-                                         double timestamp)>;
+    using FrameSink =
+        std::function<void(driver::Device device, std::vector<MTTouch> records, double timestamp)>;
 
     explicit MultitouchDeviceManager(const TouchDriverPlatform& platform);
     MultitouchDeviceManager(const MultitouchDeviceManager&) = delete;
@@ -45,15 +47,16 @@ public:
     static void configureShared(TouchDriverPlatform platform);
     static MultitouchDeviceManager& shared();
 
-    // Replaces the sink of every report; an empty one drops them. Safe while a report is under way: that one still goes
-    // where it was going.
+    // Replaces the sink of every report; an empty one drops them. Safe while a report is under way:
+    // that one still goes where it was going.
     static void setFrameSink(FrameSink sink);
 
     // The function registered with every device. Always answers 0.
     static std::int32_t contactCallback(driver::Device device, const MTTouch* records,
                                         std::int32_t count, double timestamp, std::int32_t frame);
 
-    // Registers and starts every device that is present now; those attached later are not picked up.
+    // Registers and starts every device that is present now; those attached later are not picked
+    // up.
     void start();
 
     // Stops and unregisters every device, as far as the driver can.
@@ -70,7 +73,8 @@ private:
     bool canStart() const;
     void readDevices();
 
-    void* handle = nullptr; // never closed: the driver's threads may outlive any moment we could choose
+    void* handle =
+        nullptr; // never closed: the driver's threads may outlive any moment we could choose
     driver::CreateList createList = nullptr;
     driver::RegisterContactFrameCallback registerCallback = nullptr;
     driver::UnregisterContactFrameCallback unregisterCallback = nullptr;

@@ -2,7 +2,8 @@
 //
 // Units:   positions normalised 0..1, origin bottom-left, y upwards; times in seconds.
 // Thread:  plain values; a frame is made on the driver's thread and read on the engine's queue.
-// Errors:  none. Positions are as the driver sent them and may be out of range or not numbers at all.
+// Errors:  none. Positions are as the driver sent them and may be out of range or not numbers at
+// all.
 #pragma once
 
 #include "input/mt_touch.h"

@@ -1,6 +1,8 @@
-// What the touch engine asks of a recognizer: a place to report gestures to, and one call for each frame.
+// What the touch engine asks of a recognizer: a place to report gestures to, and one call for each
+// frame.
 //
-// Thread:  process() on the engine's queue only, in the order of the reports. The callback is set before the first frame
+// Thread:  process() on the engine's queue only, in the order of the reports. The callback is set
+// before the first frame
 //          and called on whatever thread the recognizer reports from.
 // Owner:   the engine, shared with work that is still on its queue.
 #pragma once

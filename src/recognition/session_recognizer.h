@@ -1,19 +1,23 @@
-// Follows every finger as a track through a session, from the first frame in which any finger touches to the first in
-// which none does, and names the gesture.
+// Follows every finger as a track through a session, from the first frame in which any finger
+// touches to the first in which none does, and names the gesture.
 //
 //   down ──────────────────────────────────────────────────────────────▶ all up
 //        long press: at 0.8 s, fingers still down, none came or went
 //        hold and tap: whenever a short still tap ends beside a resting finger
 //                                       end: circle, edge swipe, corner tap   (one finger)
 //                                            tap, pinch or rotation, swipe    (two to five)
-//   A tap of two to four fingers whose double tap is bound is held back for 0.45 s after the end of its session.
+//   A tap of two to four fingers whose double tap is bound is held back for 0.45 s after the end of
+//   its session.
 //
-// Units:   positions normalised 0..1, origin bottom-left; times in seconds of the frames' timestamps, except the delay
+// Units:   positions normalised 0..1, origin bottom-left; times in seconds of the frames'
+// timestamps, except the delay
 //          of a held-back tap, which is real time.
-// Thread:  the engine's queue only; a held-back tap reports from the thread of delayed work. Both callbacks are set
+// Thread:  the engine's queue only; a held-back tap reports from the thread of delayed work. Both
+// callbacks are set
 //          before the first frame.
 // Owner:   TouchEngine, through a shared pointer that held-back taps refer to weakly.
-// Errors:  none. A finger without a finite position is absent until it has one, and stays where it was if it had one. A
+// Errors:  none. A finger without a finite position is absent until it has one, and stays where it
+// was if it had one. A
 //          session with more tracks than hands can make (see TrackList) decides nothing at its end.
 #pragma once
 
@@ -40,8 +44,8 @@ public:
 
     void process(const TouchFrame& frame) override;
 
-    // Whether an enabled binding, of any scope, exists for the double tap of that many fingers. Called on the engine's
-    // queue.
+    // Whether an enabled binding, of any scope, exists for the double tap of that many fingers.
+    // Called on the engine's queue.
     std::function<bool(int fingerCount)> doubleTapBindingExists;
 
 private:

@@ -1,15 +1,20 @@
-// The pipeline between the touch driver's thread and the gesture recognizers: converts every report, publishes how many
-// fingers are on the pad, moves recognition onto one serial queue, and lets no two gestures out within a quarter second.
+// The pipeline between the touch driver's thread and the gesture recognizers: converts every
+// report, publishes how many fingers are on the pad, moves recognition onto one serial queue, and
+// lets no two gestures out within a quarter second.
 //
 //   driver's thread                          engine's queue                      delayed work
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
-//                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ held-back single tap
+//                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ held-back
+//                      single tap
 //
-// Units:   timestamps in seconds as the driver gives them; the cooldown in seconds of system uptime.
-// Thread:  start() and stop() on the main thread; touchingCount() on any. onGesture is called on the engine's queue or
+// Units:   timestamps in seconds as the driver gives them; the cooldown in seconds of system
+// uptime. Thread:  start() and stop() on the main thread; touchingCount() on any. onGesture is
+// called on the engine's queue or
 //          on the thread of delayed work, and is set before start().
-// Owner:   the process (`TouchEngine::shared()`); tests and tools make their own with create(). What the engine hands out
-//          holds it weakly and does nothing once it is gone, so it may be destroyed with work still queued.
+// Owner:   the process (`TouchEngine::shared()`); tests and tools make their own with create().
+// What the engine hands out
+//          holds it weakly and does nothing once it is gone, so it may be destroyed with work still
+//          queued.
 // Errors:  none; a driver that fails is seen in the device manager.
 #pragma once
 
@@ -53,13 +58,11 @@ public:
     static void configureShared(std::function<Ports()> makePorts);
     static const std::shared_ptr<TouchEngine>& shared();
 
-    ~TouchEngine();
-
     // Installs the frame sink, then starts the devices.
     void start();
 
-    // Stops the devices, takes the sink away, and waits for the work that is running. Frames and held-back taps that
-    // still wait are let go. Not to be called from within onGesture.
+    // Stops the devices, takes the sink away, and waits for the work that is running. Frames and
+    // held-back taps that still wait are let go. Not to be called from within onGesture.
     void stop();
 
     // How many fingers touch in the latest report, also while the queue is busy.

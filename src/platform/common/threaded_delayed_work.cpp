@@ -1,0 +1,116 @@
+#include "platform/common/threaded_delayed_work.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct Waiting {
+    Clock::time_point deadline;
+    std::uint64_t number = 0; // of two items with one deadline, the one scheduled first runs first
+    std::shared_ptr<WorkItem> item;
+};
+
+// The heap's top is the item that comes first.
+constexpr auto comesLater = [](const Waiting& a, const Waiting& b) {
+    return a.deadline != b.deadline ? a.deadline > b.deadline : a.number > b.number;
+};
+
+} // namespace
+
+// Shared with the thread, which may outlive its maker by the item it is in.
+struct ThreadedDelayedWork::State {
+    std::function<void()> prepareThread;
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<Waiting> heap;
+    std::uint64_t nextNumber = 0;
+    std::uint64_t generation = 0; // stop() begins a new one; a thread serves only its own
+    std::thread thread;
+
+    void serve(std::uint64_t own);
+    std::shared_ptr<WorkItem> takeDueItem(std::uint64_t own);
+};
+
+void ThreadedDelayedWork::State::serve(std::uint64_t own) {
+    if (prepareThread) {
+        prepareThread();
+    }
+    while (auto item = takeDueItem(own)) {
+        item->perform();
+    }
+}
+
+// Waits for the first item to fall due; none once the generation has passed.
+std::shared_ptr<WorkItem> ThreadedDelayedWork::State::takeDueItem(std::uint64_t own) {
+    std::unique_lock lock(mutex);
+    while (generation == own) {
+        if (heap.empty()) {
+            changed.wait(lock);
+        } else if (const auto deadline = heap.front().deadline; Clock::now() < deadline) {
+            changed.wait_until(lock, deadline);
+        } else {
+            std::ranges::pop_heap(heap, comesLater);
+            auto item = std::move(heap.back().item);
+            heap.pop_back();
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+ThreadedDelayedWork::ThreadedDelayedWork(std::function<void()> prepareThread)
+    : state(std::make_shared<State>()) {
+    state->prepareThread = std::move(prepareThread);
+}
+
+ThreadedDelayedWork::~ThreadedDelayedWork() {
+    ThreadedDelayedWork::stop();
+}
+
+void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay) {
+    const auto wait =
+        std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(delay));
+    {
+        const std::lock_guard lock(state->mutex);
+        state->heap.push_back({Clock::now() + wait, state->nextNumber++, std::move(item)});
+        std::ranges::push_heap(state->heap, comesLater);
+        if (!state->thread.joinable()) {
+            state->thread =
+                std::thread([shared = state, own = state->generation] { shared->serve(own); });
+        }
+    }
+    state->changed.notify_one();
+}
+
+void ThreadedDelayedWork::stop() {
+    std::vector<Waiting> dropped;
+    std::thread thread;
+    {
+        const std::lock_guard lock(state->mutex);
+        ++state->generation;
+        std::swap(dropped, state->heap);
+        std::swap(thread, state->thread);
+    }
+    state->changed.notify_all();
+    if (!thread.joinable()) {
+        return;
+    }
+    if (thread.get_id() == std::this_thread::get_id()) {
+        thread.detach();
+    } else {
+        thread.join();
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,142 @@
+#include "platform/common/threaded_serial_queue.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+// First in, first out, in memory that grows by doubling and is then kept.
+class TaskRing {
+public:
+    bool isEmpty() const { return count == 0; }
+    bool isFull() const { return count == ThreadedSerialQueue::capacity; }
+
+    void push(Task task) {
+        if (count == slots.size()) {
+            grow();
+        }
+        slots[(first + count) % slots.size()] = std::move(task);
+        ++count;
+    }
+
+    Task pop() {
+        Task task = std::move(slots[first]);
+        first = (first + 1) % slots.size();
+        --count;
+        return task;
+    }
+
+private:
+    void grow() {
+        std::rotate(slots.begin(), slots.begin() + static_cast<std::ptrdiff_t>(first), slots.end());
+        first = 0;
+        slots.resize(std::max<std::size_t>(8, slots.size() * 2));
+    }
+
+    std::vector<Task> slots;
+    std::size_t first = 0;
+    std::size_t count = 0;
+};
+
+} // namespace
+
+// Shared with the thread, which may outlive the queue by the task it is in.
+struct ThreadedSerialQueue::State {
+    std::function<void()> prepareThread;
+    std::mutex mutex;
+    std::condition_variable work;
+    std::condition_variable room;
+    TaskRing tasks;
+    bool isWaiting = false;       // the thread, for work
+    std::uint64_t generation = 0; // stop() begins a new one; a thread serves only its own
+    std::thread thread;
+
+    void serve(std::uint64_t own);
+    bool takeTask(std::uint64_t own, Task& task);
+};
+
+void ThreadedSerialQueue::State::serve(std::uint64_t own) {
+    if (prepareThread) {
+        prepareThread();
+    }
+    Task task;
+    while (takeTask(own, task)) {
+        task();
+        task = Task();
+    }
+}
+
+bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
+    std::unique_lock lock(mutex);
+    isWaiting = true;
+    work.wait(lock, [&] { return generation != own || !tasks.isEmpty(); });
+    isWaiting = false;
+    if (generation != own) {
+        return false;
+    }
+    const bool wasFull = tasks.isFull();
+    task = tasks.pop();
+    lock.unlock();
+    if (wasFull) {
+        room.notify_all();
+    }
+    return true;
+}
+
+ThreadedSerialQueue::ThreadedSerialQueue(std::function<void()> prepareThread)
+    : state(std::make_shared<State>()) {
+    state->prepareThread = std::move(prepareThread);
+}
+
+ThreadedSerialQueue::~ThreadedSerialQueue() {
+    ThreadedSerialQueue::stop();
+}
+
+void ThreadedSerialQueue::submit(Task task) {
+    std::unique_lock lock(state->mutex);
+    const std::uint64_t generation = state->generation;
+    state->room.wait(lock,
+                     [&] { return state->generation != generation || !state->tasks.isFull(); });
+    if (state->generation != generation) {
+        return; // stopped while waiting: the task goes the way of those that waited with it
+    }
+    state->tasks.push(std::move(task));
+    if (!state->thread.joinable()) {
+        state->thread = std::thread([shared = state, generation] { shared->serve(generation); });
+    }
+    const bool mustWake = state->isWaiting;
+    lock.unlock();
+    if (mustWake) {
+        state->work.notify_one();
+    }
+}
+
+void ThreadedSerialQueue::stop() {
+    TaskRing dropped;
+    std::thread thread;
+    {
+        const std::lock_guard lock(state->mutex);
+        ++state->generation;
+        std::swap(dropped, state->tasks);
+        std::swap(thread, state->thread);
+    }
+    state->work.notify_all();
+    state->room.notify_all();
+    if (!thread.joinable()) {
+        return;
+    }
+    if (thread.get_id() == std::this_thread::get_id()) {
+        thread.detach();
+    } else {
+        thread.join();
+    }
+}
+
+} // namespace glidemap

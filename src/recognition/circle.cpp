@@ -1,0 +1,83 @@
+#include "recognition/circle.h"
+
+#include <cmath>
+#include <cstddef>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::size_t fewestPoints = 12;
+constexpr double shortestDuration = 0.15; // seconds
+constexpr double longestDuration = 3.0;
+constexpr double smallestRadius = 0.05; // of the pad's height
+constexpr double largestRadius = 0.55;
+constexpr double roughestOutline = 0.35; // deviation of the radii, in radii
+constexpr double smallestSweep =
+    4.8; // radians: about 275 degrees, a circle that someone did not quite finish
+constexpr double widestGap = 1.2; // between the ends, in radii
+
+bool isRound(const Radii& radii) {
+    return radii.mean >= smallestRadius && radii.mean <= largestRadius &&
+           radii.deviation / radii.mean < roughestOutline;
+}
+
+bool isClosed(std::span<const PadPoint> path, double radius) {
+    return distance(stretched(path.front()), stretched(path.back())) <= widestGap * radius;
+}
+
+} // namespace
+
+std::optional<GestureType> circleOf(std::span<const PadPoint> path, double duration) {
+    if (path.size() < fewestPoints ||
+        !(duration >= shortestDuration && duration <= longestDuration)) {
+        return std::nullopt;
+    }
+    const PadPoint centre = centreOf(path);
+    const Radii radii = radiiAround(centre, path);
+    if (!isRound(radii)) {
+        return std::nullopt;
+    }
+    const double total = sweptAngle(centre, path);
+    if (!(std::abs(total) >= smallestSweep) || !isClosed(path, radii.mean)) {
+        return std::nullopt;
+    }
+    return total > 0 ? GestureType::drawCircleCounterclockwise : GestureType::drawCircleClockwise;
+}
+
+PadPoint centreOf(std::span<const PadPoint> path) {
+    PadPoint sum;
+    for (const PadPoint point : path) {
+        sum = sum + stretched(point);
+    }
+    const auto count = static_cast<double>(path.size());
+    return {sum.x / count, sum.y / count};
+}
+
+Radii radiiAround(PadPoint centre, std::span<const PadPoint> path) {
+    const auto count = static_cast<double>(path.size());
+    double sum = 0;
+    for (const PadPoint point : path) {
+        sum += distance(stretched(point), centre);
+    }
+    const double mean = sum / count;
+    double squares = 0;
+    for (const PadPoint point : path) {
+        const double difference = distance(stretched(point), centre) - mean;
+        squares += difference * difference;
+    }
+    return {mean, std::sqrt(squares / count)};
+}
+
+double sweptAngle(PadPoint centre, std::span<const PadPoint> path) {
+    double total = 0;
+    double previous = angle(stretched(path.front()) - centre);
+    for (const PadPoint point : path.subspan(1)) {
+        const double current = angle(stretched(point) - centre);
+        total += wrapped(current - previous);
+        previous = current;
+    }
+    return total;
+}
+
+} // namespace glidemap

@@ -1,0 +1,17 @@
+// One finger starts on the rim of the pad and moves quickly inwards.
+//
+// Units:   raw normalised positions; seconds.
+#pragma once
+
+#include "core/gesture_type.h"
+#include "recognition/track.h"
+
+#include <optional>
+
+namespace glidemap {
+
+// In a corner, the first of left, right, top, bottom that the finger starts at and moves away from
+// is the edge.
+std::optional<GestureType> edgeSwipeOf(const Track& track, double duration);
+
+} // namespace glidemap

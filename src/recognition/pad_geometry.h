@@ -1,0 +1,57 @@
+// Points of the pad and the arithmetic that every classifier shares. Pure functions.
+//
+// Units:   positions normalised 0..1, origin bottom-left, y upwards; angles in radians.
+#pragma once
+
+#include <cmath>
+#include <numbers>
+
+namespace glidemap {
+
+struct PadPoint {
+    double x = 0;
+    double y = 0;
+
+    friend PadPoint operator-(PadPoint a, PadPoint b) { return {a.x - b.x, a.y - b.y}; }
+    friend PadPoint operator+(PadPoint a, PadPoint b) { return {a.x + b.x, a.y + b.y}; }
+    friend bool operator==(const PadPoint&, const PadPoint&) = default;
+};
+
+// Pads are wider than they are high. Where a shape is judged, x is stretched by the usual ratio of
+// their sides, so that a circle drawn by a hand is a circle in the numbers.
+inline constexpr double padAspect = 1.35;
+
+inline PadPoint stretched(PadPoint point) {
+    return {point.x * padAspect, point.y};
+}
+
+// A plain root rather than std::hypot: positions cannot overflow it, and it runs for every finger
+// of every frame.
+inline double length(PadPoint vector) {
+    return std::sqrt(vector.x * vector.x + vector.y * vector.y);
+}
+
+inline double distance(PadPoint a, PadPoint b) {
+    return length(a - b);
+}
+
+inline double dot(PadPoint a, PadPoint b) {
+    return a.x * b.x + a.y * b.y;
+}
+
+inline double angle(PadPoint vector) {
+    return std::atan2(vector.y, vector.x);
+}
+
+// The same turn, the short way round. `difference` is one of two angles from angle().
+inline double wrapped(double difference) {
+    while (difference > std::numbers::pi) {
+        difference -= 2 * std::numbers::pi;
+    }
+    while (difference < -std::numbers::pi) {
+        difference += 2 * std::numbers::pi;
+    }
+    return difference;
+}
+
+} // namespace glidemap

@@ -1,0 +1,105 @@
+#include "recognition/touch_engine.h"
+
+#include <algorithm>
+#include <cassert>
+#include <iterator>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+std::function<TouchEngine::Ports()>& sharedPorts() {
+    static std::function<TouchEngine::Ports()> makePorts;
+    return makePorts;
+}
+
+} // namespace
+
+std::shared_ptr<TouchEngine> TouchEngine::create(Ports ports) {
+    auto engine = std::make_shared<TouchEngine>(ConstructionKey{}, std::move(ports));
+    engine->connect();
+    return engine;
+}
+
+void TouchEngine::configureShared(std::function<Ports()> makePorts) {
+    sharedPorts() = std::move(makePorts);
+}
+
+const std::shared_ptr<TouchEngine>& TouchEngine::shared() {
+    assert(sharedPorts());
+    static const std::shared_ptr<TouchEngine> instance = create(sharedPorts()());
+    return instance;
+}
+
+TouchEngine::TouchEngine(ConstructionKey /*key*/, Ports given)
+    : ports(std::move(given)), session(SessionRecognizer::create(ports.delayedWork)),
+      recognizers(std::make_shared<const Recognizers>(Recognizers{session})) {}
+
+void TouchEngine::connect() {
+    session->onGesture = [weakly = weak_from_this()](GestureType gesture) {
+        if (const auto engine = weakly.lock()) {
+            engine->deliver(gesture);
+        }
+    };
+}
+
+void TouchEngine::start() {
+    MultitouchDeviceManager::setFrameSink(
+        [weakly = weak_from_this()](driver::Device /*device*/, const std::vector<MTTouch>& records,
+                                    double timestamp) {
+            if (const auto engine = weakly.lock()) {
+                engine->handleRawFrame(records, timestamp);
+            }
+        });
+    ports.deviceManager->start();
+}
+
+void TouchEngine::stop() {
+    ports.deviceManager->stop();
+    MultitouchDeviceManager::setFrameSink({});
+    ports.queue->stop();
+    ports.delayedWork->stop();
+}
+
+int TouchEngine::touchingCount() const {
+    const std::lock_guard lock(touchCountLock);
+    return _touchingCount;
+}
+
+void TouchEngine::handleRawFrame(const std::vector<MTTouch>& records, double timestamp) {
+    TouchFrame frame{timestamp, frames->take()};
+    std::ranges::transform(records, std::back_inserter(frame.touches), touchPoint);
+    const auto touching = std::ranges::count_if(frame.touches, &TouchPoint::isTouching);
+    {
+        const std::lock_guard lock(touchCountLock);
+        _touchingCount = static_cast<int>(touching);
+    }
+    ports.queue->submit(
+        [receivers = recognizers, pool = frames, frame = std::move(frame)]() mutable {
+            for (const auto& recognizer : *receivers) {
+                recognizer->process(frame);
+            }
+            pool->giveBack(std::move(frame.touches));
+        });
+}
+
+void TouchEngine::deliver(GestureType gesture) {
+    if (passesCooldown() && onGesture) {
+        onGesture(gesture);
+    }
+}
+
+// Gestures come from two threads; of two that meet here, only one may pass.
+bool TouchEngine::passesCooldown() {
+    const double now = ports.clock->uptime();
+    double last = lastFireTime.load();
+    do {
+        if (now - last < fireCooldown) {
+            return false;
+        }
+    } while (!lastFireTime.compare_exchange_weak(last, now));
+    return true;
+}
+
+} // namespace glidemap
