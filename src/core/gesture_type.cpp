@@ -93,7 +93,8 @@ constexpr BilingualText clickDetail = {
     "Physical click with multiple fingers (intercepts the system default behavior)",
     "多根手指同时物理按压点击（拦截系统默认行为）"};
 constexpr BilingualText twoFingerSwipeDetail = {
-    "Quick two-finger swipe ⚠️ overlaps with system scrolling — may fire while scrolling, bind "
+    "Quick two-finger swipe ⚠️ overlaps with system scrolling — may fire while scrolling, "
+    "bind "
     "with care",
     "两指快速滑动 ⚠️ "
     "与系统双指滚动重叠，滚动页面时也可能触发，谨慎绑定"};

@@ -32,7 +32,7 @@ Lang& Lang::shared() {
     return instance;
 }
 
-void Lang::setCode(std::string code) {
+void Lang::setCode(const std::string& code) {
     observers.announceWillChange();
     _code.set(code);
     if (defaults) {

@@ -29,7 +29,7 @@ public:
     std::string code() const { return *_code.get(); }
 
     // Announces, stores, and persists, also when the code is the one already there.
-    void setCode(std::string code);
+    void setCode(const std::string& code);
 
     // The text for the current language.
     std::string choose(std::string_view english, std::string_view chinese) const;

@@ -41,7 +41,7 @@ void resolve(void* handle, const char* name, Function& function) {
 MultitouchDeviceManager::MultitouchDeviceManager(const TouchDriverPlatform& platform) {
     handle = dlopen(platform.libraryPath.c_str(), RTLD_NOW);
     if (handle == nullptr) {
-        const char* reason = dlerror();
+        const char* reason = dlerror(); // NOLINT(concurrency-mt-unsafe): main thread
         _loadError = std::string(cannotLoad) + (reason != nullptr ? reason : "");
         return;
     }

@@ -34,8 +34,8 @@ bool TrackList::makeRoom(LiveIndex& live) {
     if (endedCount == 0) {
         return false;
     }
-    const auto tracks = std::span(slots).first(count);
-    std::ranges::stable_partition(tracks, [](const Track& track) { return !track.ended; });
+    std::stable_partition(slots.begin(), slots.begin() + static_cast<std::ptrdiff_t>(count),
+                          [](const Track& track) { return !track.ended; });
     count -= endedCount;
     endedCount = 0;
     for (std::size_t index = 0; index < count; ++index) {
