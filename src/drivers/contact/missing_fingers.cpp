@@ -1,0 +1,135 @@
+#include "drivers/contact/missing_fingers.h"
+
+#include "drivers/contact/contact_geometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace glidemap {
+
+namespace {
+
+// Too near to give a hold and tap a direction (that needs 0.05 on an axis), far enough to be
+// another finger.
+constexpr float spacing = 0.04F;
+constexpr float ownRoom = 0.02F;
+constexpr int mostAttempts = 16;
+
+float distance(MTPoint a, MTPoint b) {
+    return std::hypot(a.x - b.x, a.y - b.y);
+}
+
+// Of length 1; to the right from the very middle.
+MTPoint towardsCentre(MTPoint from) {
+    const MTPoint middle{0.5F, 0.5F};
+    const float length = distance(from, middle);
+    if (length < ownRoom) {
+        return {1, 0};
+    }
+    return {(middle.x - from.x) / length, (middle.y - from.y) / length};
+}
+
+MTPoint difference(MTPoint a, MTPoint b) {
+    return {a.x - b.x, a.y - b.y};
+}
+
+// One that presses where there is any: a stand-in for a finger is not hung on a palm.
+const MTTouch& chooseAnchor(std::span<const MTTouch> contacts, std::size_t turn) {
+    for (std::size_t step = 0; step < contacts.size(); ++step) {
+        const MTTouch& candidate = contacts[(turn + step) % contacts.size()];
+        if (isTouchingState(candidate.state)) {
+            return candidate;
+        }
+    }
+    return contacts[turn % contacts.size()];
+}
+
+} // namespace
+
+MissingFingers::MissingFingers(const PadDescription& description) : pad(description) {
+    standIns.reserve(mostFingers);
+}
+
+void MissingFingers::adopt(const MTTouch& record) {
+    if (standIns.size() < mostFingers) {
+        standIns.push_back({.record = record, .anchor = 0, .offset = {}});
+    }
+}
+
+std::optional<MTTouch> MissingFingers::give() {
+    return removeBeyond(0);
+}
+
+std::optional<MTTouch> MissingFingers::removeBeyond(std::size_t wanted) {
+    if (standIns.size() <= wanted) {
+        return std::nullopt;
+    }
+    const MTTouch record = standIns.back().record;
+    standIns.pop_back();
+    return record;
+}
+
+void MissingFingers::update(std::span<const MTTouch> contacts, std::size_t wanted,
+                            ContactIdentifiers& identifiers) {
+    for (std::size_t index = 0; index < standIns.size(); ++index) {
+        follow(contacts, standIns[index], index);
+    }
+    while (standIns.size() < std::min(wanted, mostFingers)) {
+        add(contacts, identifiers.next());
+    }
+}
+
+void MissingFingers::follow(std::span<const MTTouch> contacts, StandIn& standIn,
+                            std::size_t index) const {
+    const auto found = std::ranges::find(contacts, standIn.anchor, &MTTouch::identifier);
+    const MTTouch& anchor = found != contacts.end() ? *found : chooseAnchor(contacts, index);
+    if (anchor.identifier != standIn.anchor) {
+        standIn.anchor = anchor.identifier;
+        standIn.offset = difference(standIn.record.normalized.pos, anchor.normalized.pos);
+    }
+    moveWith(anchor, standIn, index);
+}
+
+void MissingFingers::moveWith(const MTTouch& anchor, StandIn& standIn, std::size_t index) const {
+    const std::int32_t identifier = standIn.record.identifier;
+    const std::int32_t state = nextState(standIn.record.state, isTouchingState(anchor.state));
+    standIn.record = anchor;
+    standIn.record.identifier = identifier;
+    standIn.record.state = state;
+    standIn.record.fingerID = pad.slotCount + static_cast<std::int32_t>(index);
+    translate(pad, standIn.offset, standIn.record);
+}
+
+// Anchors take turns, so that the mean movement of all fingers is not that of one.
+void MissingFingers::add(std::span<const MTTouch> contacts, std::int32_t identifier) {
+    const MTTouch& anchor = chooseAnchor(contacts, standIns.size());
+    StandIn standIn;
+    standIn.record.identifier = identifier;
+    standIn.anchor = anchor.identifier;
+    const MTPoint place = freePlaceBeside(contacts, anchor.normalized.pos);
+    standIn.offset = difference(place, anchor.normalized.pos);
+    moveWith(anchor, standIn, standIns.size());
+    standIns.push_back(standIn);
+}
+
+MTPoint MissingFingers::freePlaceBeside(std::span<const MTTouch> contacts, MTPoint anchor) const {
+    const MTPoint direction = towardsCentre(anchor);
+    MTPoint place = anchor;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        place = {place.x + direction.x * spacing, place.y + direction.y * spacing};
+        if (isFree(contacts, place)) {
+            break;
+        }
+    }
+    return place;
+}
+
+bool MissingFingers::isFree(std::span<const MTTouch> contacts, MTPoint position) const {
+    const auto isFar = [position](const MTTouch& other) {
+        return distance(position, other.normalized.pos) >= ownRoom;
+    };
+    return std::ranges::all_of(contacts, isFar) &&
+           std::ranges::all_of(standIns, isFar, &StandIn::record);
+}
+
+} // namespace glidemap
