@@ -94,9 +94,9 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
 }
 
 void ThreadedDelayedWork::stop() {
-    std::vector<Waiting> dropped;
     std::thread thread;
     {
+        std::vector<Waiting> dropped; // destroyed outside the lock, whatever its captures do
         const std::lock_guard lock(state->mutex);
         ++state->generation;
         std::swap(dropped, state->heap);

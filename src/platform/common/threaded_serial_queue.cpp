@@ -119,9 +119,9 @@ void ThreadedSerialQueue::submit(Task task) {
 }
 
 void ThreadedSerialQueue::stop() {
-    TaskRing dropped;
     std::thread thread;
     {
+        TaskRing dropped; // destroyed outside the lock, whatever its captures do
         const std::lock_guard lock(state->mutex);
         ++state->generation;
         std::swap(dropped, state->tasks);

@@ -1,0 +1,24 @@
+#include "platform/common/steady_uptime_clock.h"
+
+#include <gtest/gtest.h>
+
+namespace glidemap {
+namespace {
+
+TEST(SteadyUptimeClock, neverGoesBackwards) {
+    const SteadyUptimeClock clock;
+    double last = clock.uptime();
+    for (int reading = 0; reading < 1000; ++reading) {
+        const double next = clock.uptime();
+        ASSERT_GE(next, last);
+        last = next;
+    }
+}
+
+// The cooldown lets the first gesture pass because the system has been up for longer than it.
+TEST(SteadyUptimeClock, countsFromTheStartOfTheSystem) {
+    EXPECT_GT(SteadyUptimeClock().uptime(), 1.0);
+}
+
+} // namespace
+} // namespace glidemap

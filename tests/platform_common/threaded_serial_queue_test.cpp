@@ -1,0 +1,174 @@
+#include "platform/common/threaded_serial_queue.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <future>
+#include <memory>
+#include <numeric>
+#include <thread>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+// Waits until everything submitted so far has run.
+void drain(SerialQueue& queue) {
+    std::promise<void> reached;
+    queue.submit([&reached] { reached.set_value(); });
+    reached.get_future().wait();
+}
+
+TEST(ThreadedSerialQueue, runsTasksInTheOrderOfSubmission) {
+    ThreadedSerialQueue queue;
+    std::vector<int> order;
+    for (int number = 0; number < 5000; ++number) {
+        queue.submit([&order, number] { order.push_back(number); });
+    }
+    drain(queue);
+    std::vector<int> expected(5000);
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_EQ(order, expected);
+}
+
+TEST(ThreadedSerialQueue, runsTasksOnOneThreadThatIsNotTheSubmitters) {
+    ThreadedSerialQueue queue;
+    std::vector<std::thread::id> threads(2);
+    queue.submit([&] { threads[0] = std::this_thread::get_id(); });
+    queue.submit([&] { threads[1] = std::this_thread::get_id(); });
+    drain(queue);
+    EXPECT_EQ(threads[0], threads[1]);
+    EXPECT_NE(threads[0], std::this_thread::get_id());
+}
+
+TEST(ThreadedSerialQueue, preparesItsThreadBeforeTheFirstTask) {
+    std::atomic<std::thread::id> prepared;
+    ThreadedSerialQueue queue([&] { prepared = std::this_thread::get_id(); });
+    EXPECT_EQ(prepared.load(), std::thread::id());
+    std::thread::id worker;
+    queue.submit([&] { worker = std::this_thread::get_id(); });
+    drain(queue);
+    EXPECT_EQ(prepared.load(), worker);
+}
+
+// Occupies the queue until it is told to go on.
+struct Blocker {
+    std::promise<void> entered;
+    std::promise<void> proceed;
+
+    void occupy(SerialQueue& queue) {
+        queue.submit([this] {
+            entered.set_value();
+            proceed.get_future().wait();
+        });
+        entered.get_future().wait();
+    }
+};
+
+TEST(ThreadedSerialQueue, stopWaitsForTheRunningTaskAndDropsTheRest) {
+    ThreadedSerialQueue queue;
+    Blocker blocker;
+    blocker.occupy(queue);
+    auto owned = std::make_shared<int>(1);
+    const std::weak_ptr<int> capture = owned;
+    std::atomic<bool> ran = false;
+    queue.submit([held = std::move(owned), &ran] { ran = true; });
+
+    std::atomic<bool> stopped = false;
+    std::thread stopper([&] {
+        queue.stop();
+        stopped = true;
+    });
+    while (!capture.expired()) {
+        std::this_thread::yield(); // until stop() has let go of the task that waits
+    }
+    EXPECT_FALSE(stopped.load());
+    blocker.proceed.set_value();
+    stopper.join();
+    EXPECT_FALSE(ran.load());
+}
+
+TEST(ThreadedSerialQueue, startsAfreshAfterStop) {
+    ThreadedSerialQueue queue;
+    drain(queue);
+    queue.stop();
+    queue.stop();
+    int runs = 0;
+    queue.submit([&runs] { ++runs; });
+    drain(queue);
+    EXPECT_EQ(runs, 1);
+}
+
+TEST(ThreadedSerialQueue, aFullQueueMakesTheSubmitterWaitAndLosesNothing) {
+    ThreadedSerialQueue queue;
+    Blocker blocker;
+    blocker.occupy(queue);
+    constexpr int extra = 10;
+    constexpr int total = static_cast<int>(ThreadedSerialQueue::capacity) + extra;
+    std::atomic<int> submitted = 0;
+    std::vector<int> order;
+    std::thread submitter([&] {
+        for (int number = 0; number < total; ++number) {
+            queue.submit([&order, number] { order.push_back(number); });
+            ++submitted;
+        }
+    });
+    while (submitted.load() < static_cast<int>(ThreadedSerialQueue::capacity)) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(submitted.load(), static_cast<int>(ThreadedSerialQueue::capacity));
+    blocker.proceed.set_value();
+    submitter.join();
+    drain(queue);
+    std::vector<int> expected(total);
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_EQ(order, expected);
+}
+
+TEST(ThreadedSerialQueue, stopReleasesASubmitterThatWaitsForRoom) {
+    ThreadedSerialQueue queue;
+    Blocker blocker;
+    blocker.occupy(queue);
+    for (std::size_t number = 0; number < ThreadedSerialQueue::capacity; ++number) {
+        queue.submit([] {});
+    }
+    std::atomic<bool> ran = false;
+    std::thread submitter([&] { queue.submit([&ran] { ran = true; }); });
+    std::thread stopper([&] { queue.stop(); });
+    blocker.proceed.set_value();
+    stopper.join();
+    submitter.join();
+    queue.stop();
+    SUCCEED(); // nobody was left waiting; whether the last task came before or after the stop is
+               // open
+}
+
+TEST(ThreadedSerialQueue, mayBeDestroyedByItsOwnTask) {
+    auto queue = std::make_unique<ThreadedSerialQueue>();
+    std::promise<void> destroyed;
+    ThreadedSerialQueue& reference = *queue;
+    std::promise<void> handedOver;
+    auto handed = handedOver.get_future().share();
+    reference.submit([&, handed] {
+        handed.wait();
+        queue.reset();
+        destroyed.set_value();
+    });
+    handedOver.set_value();
+    destroyed.get_future().wait();
+    EXPECT_EQ(queue, nullptr);
+}
+
+TEST(ThreadedSerialQueue, destructionDropsWhatWaits) {
+    auto owned = std::make_shared<int>(1);
+    {
+        ThreadedSerialQueue queue;
+        for (int number = 0; number < 100; ++number) {
+            queue.submit([owned] {});
+        }
+    }
+    EXPECT_EQ(owned.use_count(), 1);
+}
+
+} // namespace
+} // namespace glidemap
