@@ -1,0 +1,171 @@
+// The engine on the real queue, the real delayed work and the real clock: what only threads can
+// break. The thread sanitizer watches.
+
+#include "input/multitouch_device_manager.h"
+#include "platform/common/steady_uptime_clock.h"
+#include "platform/common/threaded_delayed_work.h"
+#include "platform/common/threaded_serial_queue.h"
+#include "recognition/touch_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <future>
+#include <memory>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+constexpr double frameInterval = 0.008; // seconds
+
+class EngineOnRealThreads : public testing::Test {
+protected:
+    EngineOnRealThreads()
+        : manager({"/no/such/driver.so",
+                   [](void*) {
+                       return TouchDriverPlatform::ListAccess{};
+                   }}),
+          engine(makeEngine()) {}
+
+    ~EngineOnRealThreads() override {
+        if (engine) {
+            engine->stop();
+        }
+    }
+
+    std::shared_ptr<TouchEngine> makeEngine() {
+        return TouchEngine::create({std::make_shared<SteadyUptimeClock>(),
+                                    std::make_shared<ThreadedSerialQueue>(),
+                                    std::make_shared<ThreadedDelayedWork>(), &manager});
+    }
+
+    // As the driver would, on the caller's thread.
+    void report(int fingers, double x = 0.5) {
+        std::vector<MTTouch> records(static_cast<std::size_t>(fingers));
+        for (int finger = 0; finger < fingers; ++finger) {
+            MTTouch& record = records[static_cast<std::size_t>(finger)];
+            record.identifier = finger + 1;
+            record.state = static_cast<std::int32_t>(MTTouchState::touching);
+            record.normalized.pos = {static_cast<float>(x + 0.1 * finger), 0.5F};
+        }
+        time += frameInterval;
+        MultitouchDeviceManager::contactCallback(nullptr, records.data(), fingers, time, 0);
+    }
+
+    void tap(int fingers) {
+        for (int frame = 0; frame < 10; ++frame) {
+            report(fingers);
+        }
+        report(0);
+    }
+
+    MultitouchDeviceManager manager;
+    std::shared_ptr<TouchEngine> engine;
+    double time = 1;
+};
+
+TEST_F(EngineOnRealThreads, aTapComesOutOffTheCallersThread) {
+    std::promise<std::pair<GestureType, std::thread::id>> delivered;
+    engine->onGesture = [&](GestureType gesture) {
+        delivered.set_value({gesture, std::this_thread::get_id()});
+    };
+    engine->start();
+    tap(3);
+    const auto [gesture, thread] = delivered.get_future().get();
+    EXPECT_EQ(gesture, GestureType::threeFingerTap);
+    EXPECT_NE(thread, std::this_thread::get_id());
+}
+
+TEST_F(EngineOnRealThreads, aHeldBackTapComesOutOfDelayedWork) {
+    std::promise<std::thread::id> queueThread;
+    engine->sessionRecognizer().doubleTapBindingExists = [&](int) {
+        queueThread.set_value(std::this_thread::get_id());
+        return true;
+    };
+    std::promise<std::thread::id> delivered;
+    engine->onGesture = [&](GestureType) {
+        delivered.set_value(std::this_thread::get_id());
+    };
+    engine->start();
+    tap(2);
+    EXPECT_NE(queueThread.get_future().get(), delivered.get_future().get());
+}
+
+TEST_F(EngineOnRealThreads, theCountIsReadWhileReportsArrive) {
+    engine->start();
+    std::atomic<bool> done = false;
+    std::thread driver([&] {
+        for (int turn = 0; turn < 2000; ++turn) {
+            report(turn % 6);
+        }
+        report(0);
+        done = true;
+    });
+    int highest = 0;
+    while (!done.load()) {
+        highest = std::max(highest, engine->touchingCount());
+    }
+    driver.join();
+    EXPECT_LE(highest, 5);
+    EXPECT_EQ(engine->touchingCount(), 0);
+}
+
+TEST_F(EngineOnRealThreads, nothingIsDeliveredAfterStop) {
+    std::atomic<int> delivered = 0;
+    engine->onGesture = [&](GestureType) {
+        ++delivered;
+    };
+    engine->sessionRecognizer().doubleTapBindingExists = [](int) {
+        return true;
+    };
+    engine->start();
+    for (int turn = 0; turn < 50; ++turn) {
+        tap(2 + turn % 4);
+    }
+    engine->stop();
+    const int atStop = delivered.load();
+    tap(5);
+    for (int turn = 0; turn < 1000; ++turn) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(delivered.load(), atStop);
+}
+
+TEST_F(EngineOnRealThreads, mayBeDestroyedWithWorkStillQueued) {
+    for (int turn = 0; turn < 200; ++turn) {
+        engine->sessionRecognizer().doubleTapBindingExists = [](int) {
+            return true;
+        };
+        engine->onGesture = [](GestureType) {
+        };
+        engine->start();
+        tap(2);
+        tap(3);
+        tap(5);
+        engine = makeEngine(); // without a stop
+    }
+    tap(5); // the sink of an engine that is gone does nothing
+}
+
+TEST_F(EngineOnRealThreads, mayBeDestroyedFromItsOwnQueue) {
+    std::promise<void> destroyed;
+    std::promise<void> handedOver;
+    auto handed = handedOver.get_future().share();
+    engine->onGesture = [&, handed](GestureType) {
+        handed.wait();
+        engine.reset();
+        destroyed.set_value();
+    };
+    engine->start();
+    tap(5);
+    handedOver.set_value();
+    destroyed.get_future().wait();
+    EXPECT_EQ(engine, nullptr);
+}
+
+} // namespace
+} // namespace glidemap
