@@ -1,0 +1,69 @@
+// The hand that performs a script: which fingers are where, and every frame that the pad reported.
+//
+// Units:   positions normalised 0..1, origin bottom-left; seconds.
+// Errors:  what no hand can do throws std::logic_error.
+#pragma once
+
+#include "input/touch_frame.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace glidemap::kit {
+
+struct Spot {
+    double x = 0;
+    double y = 0;
+};
+
+// Where a finger is, given where it was when the move began and how much of the move's time has
+// passed (0 to 1).
+using Motion = std::function<Spot(std::size_t finger, Spot from, double fraction)>;
+
+class Hand {
+public:
+    static constexpr double spacing = 0.08; // from one finger to the next
+
+    explicit Hand(double framesPerSecond) : interval(1 / framesPerSecond) {}
+
+    void place(std::vector<Spot> spots);
+    void placeAt(Spot first);
+    void startAt(double time);
+    void down();
+    void until(double time);
+    void move(const Motion& motion, double seconds);
+    void add(const std::vector<Spot>& spots);
+    void addBeside(int count);
+    void lift(int count);
+    void liftFinger(std::size_t index);
+    void up();
+    void report();
+
+    double now() const { return time; }
+    bool isDown() const { return !fingers.empty(); }
+    std::size_t fingerCount() const { return fingers.size(); }
+    Spot middle() const;
+    const std::vector<TouchFrame>& frames() const { return reported; }
+
+private:
+    struct Finger {
+        std::int32_t id;
+        Spot spot;
+    };
+
+    void land(Spot spot);
+    void require(bool condition, const char* what) const;
+    void emit();
+    void emitAt(double moment);
+
+    double interval;
+    double time = 0;
+    std::vector<Spot> home; // where down() puts the fingers
+    std::vector<Finger> fingers;
+    std::int32_t nextId = 1;
+    std::vector<TouchFrame> reported;
+};
+
+} // namespace glidemap::kit

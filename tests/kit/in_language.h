@@ -1,0 +1,24 @@
+// The shared language for as long as a scope lasts.
+#pragma once
+
+#include "core/lang.h"
+
+#include <string>
+#include <utility>
+
+namespace glidemap::kit {
+
+class InLanguage {
+public:
+    explicit InLanguage(std::string code) : before(Lang::shared().code()) {
+        Lang::shared().setCode(std::move(code));
+    }
+    InLanguage(const InLanguage&) = delete;
+    InLanguage& operator=(const InLanguage&) = delete;
+    ~InLanguage() { Lang::shared().setCode(before); }
+
+private:
+    std::string before;
+};
+
+} // namespace glidemap::kit

@@ -1,0 +1,47 @@
+// Plays scripts to the recognizer and says what it heard.
+//
+// Units:   seconds of the script.
+// Thread:  the test's, for everything; time is virtual.
+#pragma once
+
+#include "core/gesture_type.h"
+#include "input/touch_frame.h"
+#include "kit/script.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace glidemap::kit {
+
+struct Heard {
+    double time = 0;
+    GestureType gesture{};
+
+    friend bool operator==(const Heard&, const Heard&) = default;
+};
+
+// What plays a script.
+enum class Through {
+    recognizer, // frames straight into a recognizer: every gesture, and positions as precise as the
+                // script's
+    engine,     // records into the contact callback, as a driver does: what passes the cooldown
+};
+
+struct Stage {
+    Through through = Through::recognizer;
+    std::vector<int> boundDoubleTaps = {}; // the numbers of fingers whose double tap has a binding
+};
+
+// Everything reported until nothing more can come, in order. Delayed work runs between the frames,
+// when it is due.
+std::vector<Heard> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
+std::vector<Heard> perform(const Script& script, const Stage& stage = {});
+
+std::vector<GestureType> gesturesOf(std::span<const Heard> heard);
+
+// One line each.
+std::string written(std::span<const Heard> heard);
+std::string written(std::span<const GestureType> gestures);
+
+} // namespace glidemap::kit

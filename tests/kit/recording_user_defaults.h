@@ -1,0 +1,33 @@
+// Settings that live as long as the test and remember every write.
+#pragma once
+
+#include "core/user_defaults.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace glidemap::kit {
+
+class RecordingUserDefaults : public UserDefaults {
+public:
+    using Write = std::pair<std::string, std::string>;
+
+    std::optional<std::string> string(std::string_view key) const override {
+        const auto found = stored.find(key);
+        return found != stored.end() ? std::optional(found->second) : std::nullopt;
+    }
+
+    void setString(std::string_view key, std::string_view value) override {
+        stored.insert_or_assign(std::string(key), std::string(value));
+        writes.emplace_back(key, value);
+    }
+
+    std::map<std::string, std::string, std::less<>> stored; // what an earlier run has left
+    std::vector<Write> writes;
+};
+
+} // namespace glidemap::kit
