@@ -1,0 +1,144 @@
+#include "core/lang.h"
+#include "kit/in_language.h"
+#include "kit/recording_user_defaults.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace glidemap {
+namespace {
+
+using kit::RecordingUserDefaults;
+using Writes = std::vector<RecordingUserDefaults::Write>;
+
+constexpr const char* key = "appLanguage";
+
+// The shared instance reads its store once, so it is named before any test begins.
+const std::shared_ptr<RecordingUserDefaults> sharedStore = [] {
+    auto store = std::make_shared<RecordingUserDefaults>();
+    Lang::configureShared(store);
+    return store;
+}();
+
+std::shared_ptr<RecordingUserDefaults> storeHolding(const char* code) {
+    auto store = std::make_shared<RecordingUserDefaults>();
+    store->stored[key] = code;
+    return store;
+}
+
+TEST(LangTest, AFirstLaunchIsEnglishAndWritesNothing) {
+    const auto store = std::make_shared<RecordingUserDefaults>();
+    const Lang lang(store);
+    EXPECT_EQ(lang.code(), "en");
+    EXPECT_EQ(lang.choose("yes", "是"), "yes");
+    EXPECT_EQ(store->writes, Writes());
+    EXPECT_FALSE(store->string(key).has_value());
+}
+
+TEST(LangTest, AStoredCodeIsTheLanguageOfTheNextLaunch) {
+    const Lang lang(storeHolding("zh"));
+    EXPECT_EQ(lang.code(), "zh");
+    EXPECT_EQ(lang.choose("yes", "是"), "是");
+}
+
+TEST(LangTest, AnUnknownStoredCodeIsKeptAndShowsEnglish) {
+    const auto store = storeHolding("fr");
+    const Lang lang(store);
+    EXPECT_EQ(lang.code(), "fr");
+    EXPECT_EQ(lang.choose("yes", "是"), "yes");
+    EXPECT_EQ(store->string(key), "fr");
+    EXPECT_EQ(store->writes, Writes());
+}
+
+TEST(LangTest, AnEmptyStoredCodeIsAsGoodAsAnyOther) {
+    EXPECT_EQ(Lang(storeHolding("")).code(), "");
+}
+
+TEST(LangTest, OnlyTheExactCodeSelectsChinese) {
+    const Lang english(nullptr);
+    Lang lang(nullptr);
+    for (const char* code : {"en", "", "zh-Hans", "zh_CN", "ZH", "Zh", " zh", "zh ", "z", "fr"}) {
+        lang.setCode(code);
+        EXPECT_EQ(lang.choose("yes", "是"), "yes") << code;
+        EXPECT_EQ(lang.code(), code);
+    }
+    lang.setCode("zh");
+    EXPECT_EQ(lang.choose("yes", "是"), "是");
+}
+
+TEST(LangTest, EveryWriteIsPersistedAlsoOfTheSameCode) {
+    const auto store = std::make_shared<RecordingUserDefaults>();
+    Lang lang(store);
+    lang.setCode("zh");
+    lang.setCode("zh");
+    lang.setCode("en");
+    EXPECT_EQ(store->writes, (Writes{{key, "zh"}, {key, "zh"}, {key, "en"}}));
+}
+
+TEST(LangTest, ObserversHearBeforeAndAfterEveryWrite) {
+    const auto store = std::make_shared<RecordingUserDefaults>();
+    Lang lang(store);
+    std::vector<std::string> log;
+    const auto subscription = lang.changes().subscribe(
+        [&] {
+            log.push_back("will: " + lang.code() + ", " + std::to_string(store->writes.size()));
+        },
+        [&] {
+            log.push_back("did: " + lang.code() + ", " + std::to_string(store->writes.size()));
+        });
+    lang.setCode("zh");
+    lang.setCode("zh");
+    EXPECT_EQ(log,
+              (std::vector<std::string>{"will: en, 0", "did: zh, 1", "will: zh, 1", "did: zh, 2"}));
+}
+
+TEST(LangTest, AnObserverThatIsGoneIsNotCalled) {
+    Lang lang(nullptr);
+    int calls = 0;
+    {
+        const auto subscription = lang.changes().subscribe([&] { ++calls; });
+        lang.setCode("zh");
+    }
+    lang.setCode("en");
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(LangTest, WithoutAStoreTheCodeLastsAsLongAsTheObject) {
+    Lang lang(nullptr);
+    lang.setCode("zh");
+    EXPECT_EQ(lang.code(), "zh");
+}
+
+TEST(LangTest, TheSharedInstanceIsOneAndKeepsItsCodeInTheConfiguredStore) {
+    EXPECT_EQ(&Lang::shared(), &Lang::shared());
+    {
+        const kit::InLanguage chinese("zh");
+        EXPECT_EQ(sharedStore->string(key), "zh");
+    }
+    EXPECT_EQ(sharedStore->string(key), "en");
+}
+
+// Texts are made on the engine's queue too: the log re-labels a gesture there.
+TEST(LangTest, AReaderOnAnotherThreadGetsTheOldCodeOrTheNew) {
+    Lang lang(nullptr);
+    std::atomic<bool> done = false;
+    std::atomic<int> reads = 0;
+    std::thread reader([&] {
+        while (!done) {
+            const std::string code = lang.code();
+            EXPECT_TRUE(code == "en" || code == "zh") << code;
+            ++reads;
+        }
+    });
+    while (reads < 100) {
+        lang.setCode("zh");
+        lang.setCode("en");
+    }
+    done = true;
+    reader.join();
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,134 @@
+#include "core/observable.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using Log = std::vector<std::string>;
+
+TEST(ObservableTest, AnnouncementsReachEverySubscriberInOrder) {
+    Observable observable;
+    Log log;
+    const auto first = observable.subscribe([&] { log.emplace_back("first will"); },
+                                            [&] { log.emplace_back("first did"); });
+    const auto second = observable.subscribe([&] { log.emplace_back("second will"); },
+                                             [&] { log.emplace_back("second did"); });
+    observable.announceWillChange();
+    observable.announceDidChange();
+    EXPECT_EQ(log, (Log{"first will", "second will", "first did", "second did"}));
+}
+
+TEST(ObservableTest, EitherFunctionMayBeEmpty) {
+    Observable observable;
+    int did = 0;
+    const auto silent = observable.subscribe({}, {});
+    const auto onlyDid = observable.subscribe({}, [&] { ++did; });
+    observable.announceWillChange();
+    EXPECT_EQ(did, 0);
+    observable.announceDidChange();
+    EXPECT_EQ(did, 1);
+}
+
+TEST(ObservableTest, AReleasedSubscriptionHearsNothing) {
+    Observable observable;
+    int heard = 0;
+    auto released = observable.subscribe([&] { ++heard; });
+    released.release();
+    {
+        const auto scoped = observable.subscribe([&] { ++heard; });
+    }
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 0);
+}
+
+TEST(ObservableTest, AMovedSubscriptionStillHears) {
+    Observable observable;
+    int heard = 0;
+    Subscription kept;
+    {
+        auto made = observable.subscribe([&] { ++heard; });
+        kept = std::move(made);
+    }
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 1);
+    kept = observable.subscribe({});
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 1);
+}
+
+TEST(ObservableTest, AnObserverMayReleaseItselfWhileItIsTold) {
+    Observable observable;
+    int heard = 0;
+    Subscription itself;
+    itself = observable.subscribe([&] {
+        ++heard;
+        itself.release();
+        ++heard; // what runs is not destroyed under its feet
+    });
+    observable.announceWillChange();
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 2);
+}
+
+TEST(ObservableTest, AnObserverReleasedDuringAnAnnouncementIsNotCalledAnyMore) {
+    Observable observable;
+    int heard = 0;
+    Subscription second;
+    const auto first = observable.subscribe([&] { second.release(); });
+    second = observable.subscribe([&] { ++heard; });
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 0);
+}
+
+TEST(ObservableTest, AnObserverMaySubscribeAnotherWhileItIsTold) {
+    Observable observable;
+    int heard = 0;
+    std::optional<Subscription> added;
+    const auto first = observable.subscribe([&] {
+        if (!added) {
+            added = observable.subscribe([&] { ++heard; });
+        }
+    });
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 0); // from the next announcement on
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 1);
+}
+
+TEST(ObservableTest, AnObserverMayAnnounceAgain) {
+    Observable observable;
+    int heard = 0;
+    const auto subscription = observable.subscribe([&] {
+        if (++heard < 3) {
+            observable.announceWillChange();
+        }
+    });
+    observable.announceWillChange();
+    EXPECT_EQ(heard, 3);
+}
+
+TEST(ObservableTest, ASubscriptionMayOutliveWhatItObserves) {
+    auto observable = std::make_unique<Observable>();
+    auto subscription = observable->subscribe([] {});
+    observable.reset();
+    subscription.release();
+}
+
+TEST(ObservableTest, TheObservedObjectMayGoWhileItAnnounces) {
+    auto observable = std::make_unique<Observable>();
+    int heard = 0;
+    const auto first = observable->subscribe([&] { observable.reset(); });
+    const auto second = observable->subscribe([&] { ++heard; });
+    observable->announceWillChange();
+    EXPECT_EQ(observable, nullptr);
+    EXPECT_EQ(heard, 1);
+}
+
+} // namespace
+} // namespace glidemap
