@@ -1,0 +1,31 @@
+#include "choreography/finger.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace glidemap {
+
+PadPoint pointAround(PadPoint centre, double distance, double angle) {
+    return {centre.x + distance * std::cos(angle) / padAspect,
+            centre.y + distance * std::sin(angle)};
+}
+
+double strokeProgress(double part) {
+    // The curve of least jerk: measured reaching movements follow it closely.
+    const double u = std::clamp(part, 0.0, 1.0);
+    return u * u * u * (10 + u * (6 * u - 15));
+}
+
+FingerPath restingAt(PadPoint place) {
+    return [place](double) {
+        return place;
+    };
+}
+
+FingerPath stroke(PadPoint start, PadPoint way, double time, double duration) {
+    return [=](double now) {
+        return start + way * strokeProgress((now - time) / duration);
+    };
+}
+
+} // namespace glidemap

@@ -1,0 +1,19 @@
+// The touchpad under a performance: looks at the fingers at its own rate and reports what it sees,
+// with the unsteadiness of fingertips and of its electronics.
+//
+//   finger    . . . . . ┌───── down ─────┐. . . . .
+//   reports   2   2   2   3   4   4   4   2   2   7        a pad that sees hovering fingers
+//                         3   4   4   4   7                one that does not
+//
+// Units:   seconds; the first report is at 0.
+#pragma once
+
+#include "choreography/chance.h"
+#include "choreography/finger.h"
+#include "choreography/timed_report.h"
+
+namespace glidemap {
+
+Performance report(const Fingers& fingers, Chance& chance);
+
+} // namespace glidemap

@@ -1,0 +1,62 @@
+#include "choreography/families.h"
+#include "choreography/hand.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace glidemap {
+
+namespace {
+
+// People's swipes: 20 to 70 ms, over 0.28 to 0.60 of the pad, longer ones taking longer.
+constexpr double shortestTime = 0.020;
+constexpr double longestTime = 0.070;
+constexpr double shortestWay = 0.28;
+constexpr double longestWay = 0.60;
+
+struct Stroke {
+    double time = 0;
+    double duration = 0;
+    double angle = 0;
+    double length = 0;
+
+    PadPoint way() const { return {length * std::cos(angle), length * std::sin(angle)}; }
+};
+
+// Fingers of one hand go almost the same way, not quite.
+PadPoint wayOfOneFinger(const Stroke& hand, Chance& chance) {
+    Stroke finger = hand;
+    finger.length *= 1 + 0.04 * chance.wobble();
+    finger.angle += 0.04 * chance.wobble();
+    return finger.way();
+}
+
+Stroke chooseStroke(Direction direction, double start, Chance& chance) {
+    const double vigour = chance.between(0, 1);
+    const double reach = std::clamp(vigour + chance.between(-0.25, 0.25), 0.0, 1.0);
+    return {start, shortestTime + (longestTime - shortestTime) * vigour,
+            angleOf(direction) + chance.between(-0.2, 0.2),
+            shortestWay + (longestWay - shortestWay) * reach};
+}
+
+} // namespace
+
+Fingers performSwipe(int count, Direction direction, Chance& chance) {
+    const Places layout = handLayout(count, chance);
+    const auto down = landings(count, 0, landingSkew, chance);
+    // The hand sets off once it feels its last finger on the pad.
+    Stroke hand = chooseStroke(direction, latest(down) + chance.between(0.010, 0.025), chance);
+    hand.length *= partWithRoom(layout, hand.way());
+    const Places places = placeOnPad(layout, hand.way(), chance);
+    const auto up = liftings(count, hand.time + hand.duration + 0.004, chance);
+    Fingers fingers;
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        const PadPoint way = wayOfOneFinger(hand, chance);
+        fingers.push_back(
+            {down[index], up[index], stroke(places[index], way, hand.time, hand.duration)});
+    }
+    return fingers;
+}
+
+} // namespace glidemap

@@ -1,0 +1,19 @@
+// One report of a touchpad, as a performance hands it to whoever plays it.
+//
+// Units:   seconds since the beginning of the performance.
+#pragma once
+
+#include "input/mt_touch.h"
+
+#include <vector>
+
+namespace glidemap {
+
+struct TimedReport {
+    double time = 0;
+    std::vector<MTTouch> touches;
+};
+
+using Performance = std::vector<TimedReport>;
+
+} // namespace glidemap
