@@ -2,9 +2,10 @@
 // records, one report for each synchronisation. The evdev driver and the readers of foreign
 // recordings share it, so that a recording means the same as the pad it was made on.
 //
-//   state of a record:   3 makes touch ──▶ 4 touching ──▶ 7 has left, in one last report
-//                          ▲  2 hovers, or a palm ◀─┘       (from any of them)
-//                          └──┘
+//   state of a record:   3 makes touch ──▶ 4 touching
+//                              ▲               │            ──▶ 7 has left, in one last report
+//                              └── 2 hovers ◀──┘                (from any of the three)
+//                                  or is a palm
 //
 // Allocates nothing after construction.
 //
@@ -58,8 +59,7 @@ class ContactAssembler {
 public:
     explicit ContactAssembler(const PadDescription& pad);
 
-    // Not null when the event ends a frame: at each synchronisation but one that follows lost
-    // events.
+    // Not null when the event ends a frame, that is at each synchronisation.
     const PadFrame* handle(const InputEvent& event);
 
     // The pad is gone: every contact has left and every button is up. The frame's report, if there

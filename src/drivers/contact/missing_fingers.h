@@ -1,9 +1,8 @@
 // Stands in for the fingers that a pad counts but does not report: beside its contacts, extra ones
 // are kept that move exactly with them, so that the number of fingers is right.
 //
-//   pad says:   three fingers        slot 0 ●      slot 1 ●
-//   reported:                        slot 0 ●──○   slot 1 ●        ○ keeps its distance to its
-//   anchor ●
+//   pad says:   three fingers     slot 0 ●       slot 1 ●
+//   reported:                     slot 0 ●──○    slot 1 ●     ○ keeps its distance to its anchor ●
 //
 // Units:   as in the records. A stand-in may lie outside 0..1, because it never leaves its anchor's
 //          side.

@@ -1,0 +1,261 @@
+#include "drivers/contact/missing_fingers.h"
+#include "pad_events.h"
+
+#include <gtest/gtest.h>
+
+namespace glidemap::test {
+namespace {
+
+void check(const std::vector<StoryRow>& rows) {
+    for (const StoryRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        Pad pad(row.description);
+        row.story(pad);
+        EXPECT_EQ(pad.reports, row.expected);
+    }
+}
+
+// Two fingers in the slots, on the pad's middle line, and as many counted as the key says.
+void twoFingersAnd(Pad& pad, std::uint16_t toolKey) {
+    pad.slot(0).down(1).place(20, 50).slot(1).down(2).place(80, 50).key(toolKey, true).sync();
+}
+
+void count(Pad& pad, std::uint16_t before, std::uint16_t after) {
+    pad.key(before, false).key(after, true);
+}
+
+constexpr const char* threeFingers = "1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50)";
+
+TEST(MissingFingers, AreAddedWhereThePadCountsMoreThanItsSlots) {
+    check({
+        {"as many as it has slots",
+         padWithSlots(2),
+         [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_DOUBLETAP); },
+         {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50)"}},
+        {"one more",
+         padWithSlots(2),
+         [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_TRIPLETAP); },
+         {threeFingers}},
+        {"two more: one beside each",
+         padWithSlots(2),
+         [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_QUADTAP); },
+         {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)"}},
+        {"three more: none on another",
+         padWithSlots(2),
+         [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_QUINTTAP); },
+         {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)"
+          " 5:make(0.28,0.50)"}},
+        {"a pad with enough slots is believed by its slots",
+         padWithSlots(3),
+         [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_TRIPLETAP); },
+         {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50)"}},
+        {"a pad that sees corners is believed by its count",
+         semiMultitouchPad(),
+         [](Pad& pad) { pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync(); },
+         {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)"}},
+        {"no contact, no stand-ins",
+         padWithSlots(2),
+         [](Pad& pad) { pad.key(BTN_TOOL_TRIPLETAP, true).sync(); },
+         {}},
+        {"a contact that hovers at a distance is no finger",
+         semiMultitouchPad(),
+         [](Pad& pad) {
+             pad.down(1).place(20, 50).absolute(ABS_MT_DISTANCE, 2);
+             pad.key(BTN_TOOL_DOUBLETAP, true).sync();
+         },
+         {"1.00 1:hover(0.20,0.50)"}},
+        {"in the very middle they go to the right",
+         padWithSlots(1),
+         [](Pad& pad) { pad.down(1).place(50, 50).key(BTN_TOOL_DOUBLETAP, true).sync(); },
+         {"1.00 1:make(0.50,0.50) 2:make(0.54,0.50)"}},
+        {"a free place is sought",
+         padWithSlots(2),
+         [](Pad& pad) {
+             pad.slot(0).down(1).place(20, 50).slot(1).down(2).place(24, 50);
+             pad.key(BTN_TOOL_TRIPLETAP, true).sync();
+         },
+         {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50) 3:make(0.28,0.50)"}},
+    });
+}
+
+TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
+    check({
+        {"towards the far side and beyond the rim",
+         padWithSlots(1),
+         [](Pad& pad) {
+             pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
+             pad.place(60, 40).sync();
+             pad.place(100, 40).sync();
+         },
+         {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)", "1.01 1:touch(0.60,0.60) 2:touch(0.64,0.60)",
+          "1.02 1:touch(1.00,0.60) 2:touch(1.04,0.60)"}},
+        {"they touch while their anchor does",
+         padWithSlots(1),
+         [](Pad& pad) {
+             pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
+             pad.absolute(ABS_MT_TOOL_TYPE, MT_TOOL_PALM).sync();
+             pad.absolute(ABS_MT_TOOL_TYPE, MT_TOOL_FINGER).sync();
+         },
+         {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)", "1.01 1:hover(0.20,0.50) 2:hover(0.24,0.50)",
+          "1.02 1:make(0.20,0.50) 2:make(0.24,0.50)"}},
+        {"a finger is chosen rather than a palm",
+         padWithSlots(2),
+         [](Pad& pad) {
+             pad.slot(0).absolute(ABS_MT_TOOL_TYPE, MT_TOOL_PALM);
+             twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
+         },
+         {"1.00 1:hover(0.20,0.50) 2:make(0.80,0.50) 3:make(0.76,0.50)"}},
+    });
+}
+
+TEST(MissingFingers, MoveInMillimetresAndAsFastAsTheirAnchor) {
+    Pad pad(padWithSlots(1));
+    pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
+    pad.place(40, 50).sync();
+    const MTTouch anchor = pad.lastRecords.at(0);
+    const MTTouch standIn = pad.lastRecords.at(1);
+    EXPECT_NEAR(standIn.absolute.pos.x - anchor.absolute.pos.x, 2, 1e-4); // 0.04 of 50 mm
+    EXPECT_FLOAT_EQ(standIn.normalized.vel.x, anchor.normalized.vel.x);
+    EXPECT_EQ(standIn.fingerID, 1); // the first number that is no slot
+}
+
+TEST(MissingFingers, LeaveWhenTheCountDropsOrNoContactIsLeft) {
+    check({
+        {"the count drops",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_QUADTAP);
+             count(pad, BTN_TOOL_QUADTAP, BTN_TOOL_TRIPLETAP);
+             pad.sync();
+             count(pad, BTN_TOOL_TRIPLETAP, BTN_TOOL_DOUBLETAP);
+             pad.sync();
+         },
+         {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)",
+          "1.01 4:left(0.76,0.50) 1:touch(0.20,0.50) 2:touch(0.80,0.50) 3:touch(0.24,0.50)",
+          "1.02 3:left(0.24,0.50) 1:touch(0.20,0.50) 2:touch(0.80,0.50)"}},
+        {"all lift at once",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
+             pad.slot(0).up().slot(1).up().key(BTN_TOOL_TRIPLETAP, false).sync();
+         },
+         {threeFingers, "1.01 1:left(0.20,0.50) 2:left(0.80,0.50) 3:left(0.24,0.50)"}},
+        {"the contacts lift and the count stays",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
+             pad.slot(0).up().slot(1).up().sync().sync();
+         },
+         {threeFingers, "1.01 1:left(0.20,0.50) 2:left(0.80,0.50) 3:left(0.24,0.50)"}},
+        {"the pad is unplugged",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
+             pad.release().sync();
+         },
+         {threeFingers, "1.01"}},
+    });
+}
+
+TEST(MissingFingers, StayWhereTheyAreWhenTheirAnchorLeaves) {
+    check({
+        {"they go on with the other contact",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_QUADTAP);
+             count(pad, BTN_TOOL_QUADTAP, BTN_TOOL_TRIPLETAP);
+             pad.slot(0).up().sync();
+             pad.slot(1).place(70, 40).sync();
+         },
+         {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)",
+          "1.01 1:left(0.20,0.50) 2:touch(0.80,0.50) 3:touch(0.24,0.50) 4:touch(0.76,0.50)",
+          "1.02 2:touch(0.70,0.60) 3:touch(0.14,0.60) 4:touch(0.66,0.60)"}},
+        {"not when it was the last contact",
+         padWithSlots(1),
+         [](Pad& pad) {
+             pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
+             pad.up().sync();
+             pad.down(2).place(90, 50).sync();
+         },
+         {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)", "1.01 1:left(0.20,0.50) 2:left(0.24,0.50)",
+          "1.02 3:make(0.90,0.50) 4:make(0.86,0.50)"}},
+    });
+}
+
+// Slots are the pad's, fingers the user's: one that the pad moves in or out of a slot has not been
+// lifted.
+TEST(MissingFingers, KeepTheirIdentityWhenThePadTakesOrGivesASlot) {
+    check({
+        {"a slot is taken, then given again",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
+             pad.slot(0).up().sync();
+             pad.slot(1).place(80, 60).sync();
+             pad.slot(0).down(3).place(30, 30).sync();
+             pad.place(30, 20).sync();
+         },
+         {threeFingers, "1.01 2:touch(0.80,0.50) 3:touch(0.24,0.50) 1:touch(0.20,0.50)",
+          "1.02 2:touch(0.80,0.40) 3:touch(0.24,0.40) 1:touch(0.20,0.40)",
+          "1.03 1:touch(0.20,0.40) 2:touch(0.80,0.40) 3:touch(0.24,0.40)",
+          "1.04 1:touch(0.20,0.50) 2:touch(0.80,0.40) 3:touch(0.24,0.40)"}},
+        {"the finger behind a stand-in gets the slot of one that lifts",
+         padWithSlots(2),
+         [](Pad& pad) {
+             twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
+             count(pad, BTN_TOOL_TRIPLETAP, BTN_TOOL_DOUBLETAP);
+             pad.slot(0).up().down(3).place(50, 90).sync();
+         },
+         {threeFingers, "1.01 1:left(0.20,0.50) 3:touch(0.24,0.50) 2:touch(0.80,0.50)"}},
+    });
+}
+
+TEST(MissingFingers, CornersThatAnotherFingerMovesHaveNotMoved) {
+    check({
+        {"a second finger lands and the first becomes a corner of both",
+         semiMultitouchPad(),
+         [](Pad& pad) {
+             pad.slot(0).down(1).place(40, 60).key(BTN_TOOL_FINGER, true).sync();
+             pad.place(40, 30).slot(1).down(2).place(70, 60);
+             count(pad, BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP);
+             pad.sync();
+             pad.slot(0).place(50, 30).slot(1).place(80, 60).sync();
+         },
+         {"1.00 1:make(0.40,0.40)", "1.01 1:touch(0.40,0.40) 2:make(0.70,0.40)",
+          "1.02 1:touch(0.50,0.40) 2:touch(0.80,0.40)"}},
+        {"and lifts again",
+         semiMultitouchPad(),
+         [](Pad& pad) {
+             pad.slot(0).down(1).place(40, 30).slot(1).down(2).place(70, 60);
+             pad.key(BTN_TOOL_DOUBLETAP, true).sync();
+             pad.slot(1).up().slot(0).place(40, 60);
+             count(pad, BTN_TOOL_DOUBLETAP, BTN_TOOL_FINGER);
+             pad.sync();
+             pad.place(45, 60).sync();
+         },
+         {"1.00 1:make(0.40,0.70) 2:make(0.70,0.40)", "1.01 2:left(0.70,0.40) 1:touch(0.40,0.70)",
+          "1.02 1:touch(0.45,0.70)"}},
+        {"a third finger widens the box",
+         semiMultitouchPad(),
+         [](Pad& pad) {
+             pad.slot(0).down(1).place(40, 30).slot(1).down(2).place(70, 60);
+             pad.key(BTN_TOOL_DOUBLETAP, true).sync();
+             count(pad, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP);
+             pad.place(90, 90).sync();
+         },
+         {"1.00 1:make(0.40,0.70) 2:make(0.70,0.40)",
+          "1.01 1:touch(0.40,0.70) 2:touch(0.70,0.40) 3:make(0.42,0.66)"}},
+        {"a pad that tells its fingers apart is believed",
+         padWithSlots(2),
+         [](Pad& pad) {
+             pad.slot(0).down(1).place(40, 60).key(BTN_TOOL_FINGER, true).sync();
+             pad.place(40, 30).slot(1).down(2).place(70, 60);
+             count(pad, BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP);
+             pad.sync();
+         },
+         {"1.00 1:make(0.40,0.40)", "1.01 1:touch(0.40,0.70) 2:make(0.70,0.40)"}},
+    });
+}
+
+} // namespace
+} // namespace glidemap::test
