@@ -203,6 +203,7 @@ const PadFrame* ContactAssembler::synchronise(double time) {
     }
     frame.contacts = records;
     frame.buttons = buttons;
+    frame.number = static_cast<std::int32_t>(frameNumber);
     frameIsOut = true;
     return &frame;
 }
@@ -302,10 +303,12 @@ const PadFrame& ContactAssembler::release(double time) {
     for (std::size_t button = 0; button < buttonDown.size(); ++button) {
         changeButton(button, false);
     }
-    frame = {.timestamp = time,
-             .contactsChanged = anythingReported(),
-             .contacts = {},
-             .buttons = buttons};
+    frame.timestamp = time;
+    frame.contactsChanged = anythingReported();
+    frameNumber += frame.contactsChanged ? 1 : 0;
+    frame.contacts = {};
+    frame.buttons = buttons;
+    frame.number = static_cast<std::int32_t>(frameNumber);
     frameIsOut = true;
     std::ranges::fill(slots, Slot{});
     standIns.clear();

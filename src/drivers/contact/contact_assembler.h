@@ -53,6 +53,7 @@ struct PadFrame {
     bool contactsChanged = false; // otherwise there is nothing to report
     std::span<const MTTouch> contacts;
     std::span<const ButtonChange> buttons;
+    std::int32_t number = 0; // counts the reports
 };
 
 class ContactAssembler {

@@ -1,0 +1,87 @@
+// The driver's C interface: the touch driver's five symbols, the two that read its list, and those
+// that only our drivers have. See input/touch_driver.h.
+//
+// The driver is made by the first call and never destroyed: the program does not say when it is
+// through with it, and its thread may outlive every moment that could be chosen. Lists live as
+// long.
+
+#include "drivers/evdev/touchpad_driver.h"
+#include "drivers/evdev/udev_directory.h"
+#include "input/touch_driver.h"
+
+#include <memory>
+#include <vector>
+
+#define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
+
+namespace {
+
+using namespace glidemap;
+
+using List = std::vector<driver::Device>;
+
+TouchpadDriver& touchpads() {
+    static auto* driver = new TouchpadDriver(std::make_unique<UdevDirectory>());
+    return *driver;
+}
+
+std::vector<std::unique_ptr<const List>>& lists() {
+    static auto* lists = new std::vector<std::unique_ptr<const List>>;
+    return *lists;
+}
+
+// For want of memory or of a thread: the call then does nothing.
+template <typename Function>
+void withoutExceptions(Function function) noexcept {
+    try {
+        function();
+    } catch (...) {
+    }
+}
+
+} // namespace
+
+GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
+    driver::DeviceList result = nullptr;
+    withoutExceptions([&result] {
+        auto list = std::make_unique<const List>(touchpads().createList());
+        result = list.get();
+        lists().push_back(std::move(list));
+    });
+    return result;
+}
+
+GLIDEMAP_EXPORT long GlidemapDeviceListCount(driver::DeviceList list) {
+    return list != nullptr ? static_cast<long>(static_cast<const List*>(list)->size()) : 0;
+}
+
+GLIDEMAP_EXPORT const void* GlidemapDeviceListValueAtIndex(driver::DeviceList list, long index) {
+    const bool exists = index >= 0 && index < GlidemapDeviceListCount(list);
+    return exists ? (*static_cast<const List*>(list))[static_cast<std::size_t>(index)] : nullptr;
+}
+
+GLIDEMAP_EXPORT std::int32_t GlidemapUnreadableTouchpadCount() {
+    return touchpads().unreadableCount();
+}
+
+GLIDEMAP_EXPORT void MTRegisterContactFrameCallback(driver::Device device,
+                                                    driver::ContactCallback callback) {
+    withoutExceptions([&] { touchpads().addCallback(device, callback); });
+}
+
+GLIDEMAP_EXPORT void MTUnregisterContactFrameCallback(driver::Device device,
+                                                      driver::ContactCallback callback) {
+    withoutExceptions([&] { touchpads().removeCallback(device, callback); });
+}
+
+GLIDEMAP_EXPORT void GlidemapSetButtonCallback(driver::ButtonCallback callback) {
+    withoutExceptions([&] { touchpads().setButtonCallback(callback); });
+}
+
+GLIDEMAP_EXPORT void MTDeviceStart(driver::Device device, std::int32_t /*mode*/) {
+    withoutExceptions([&] { touchpads().start(device); });
+}
+
+GLIDEMAP_EXPORT void MTDeviceStop(driver::Device device) {
+    withoutExceptions([&] { touchpads().stop(device); });
+}

@@ -1,0 +1,154 @@
+#include "drivers/evdev/evdev_pad.h"
+
+#include <fcntl.h>
+#include <libevdev/libevdev.h>
+#include <sys/ioctl.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <ctime>
+#include <iterator>
+#include <optional>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// A kernel driver's slips are for its authors; the library has repaired them when it speaks of
+// them.
+void keepSilent(const libevdev*, libevdev_log_priority, void*, const char*, int, const char*,
+                const char*, va_list) {}
+
+// Slots with tracking ids, under an indirect surface: neither a touchscreen nor a pad that cannot
+// tell fingers apart.
+bool isMultitouchPad(const libevdev* device) {
+    return libevdev_get_num_slots(device) > 0 &&
+           libevdev_has_event_code(device, EV_ABS, ABS_MT_TRACKING_ID) != 0 &&
+           libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_X) != 0 &&
+           libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_Y) != 0 &&
+           libevdev_has_property(device, INPUT_PROP_POINTER) != 0 &&
+           libevdev_has_property(device, INPUT_PROP_DIRECT) == 0;
+}
+
+std::optional<AxisRange> axis(const libevdev* device, unsigned code) {
+    const input_absinfo* info = libevdev_get_abs_info(device, code);
+    if (info == nullptr) {
+        return std::nullopt;
+    }
+    return AxisRange{info->minimum, info->maximum, info->resolution};
+}
+
+double monotonicNow() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+} // namespace
+
+void EvdevPad::Free::operator()(libevdev* device) const {
+    libevdev_free(device);
+}
+
+PadDirectory::Opened EvdevPad::open(const std::string& node) {
+    FileDescriptor file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen()) {
+        return {nullptr, errno == EACCES || errno == EPERM};
+    }
+    // Before the first event is read: changing the clock throws away those that wait.
+    int clock = CLOCK_MONOTONIC;
+    if (ioctl(file.get(), EVIOCSCLOCKID, &clock) != 0) {
+        return {};
+    }
+    Device device(libevdev_new());
+    if (device == nullptr) {
+        return {};
+    }
+    libevdev_set_device_log_function(device.get(), keepSilent, LIBEVDEV_LOG_ERROR, nullptr);
+    if (libevdev_set_fd(device.get(), file.get()) != 0 || !isMultitouchPad(device.get())) {
+        return {};
+    }
+    return {std::unique_ptr<OpenPad>(new EvdevPad(std::move(file), std::move(device))), false};
+}
+
+EvdevPad::EvdevPad(FileDescriptor openFile, Device openDevice)
+    : file(std::move(openFile)), device(std::move(openDevice)) {
+    describe();
+    recallState();
+}
+
+void EvdevPad::describe() {
+    pad.name = libevdev_get_name(device.get());
+    pad.slotCount = libevdev_get_num_slots(device.get());
+    pad.x = axis(device.get(), ABS_MT_POSITION_X).value_or(AxisRange{});
+    pad.y = axis(device.get(), ABS_MT_POSITION_Y).value_or(AxisRange{});
+    pad.pressure = axis(device.get(), ABS_MT_PRESSURE);
+    pad.touchMajor = axis(device.get(), ABS_MT_TOUCH_MAJOR);
+    pad.touchMinor = axis(device.get(), ABS_MT_TOUCH_MINOR);
+    pad.orientation = axis(device.get(), ABS_MT_ORIENTATION);
+    pad.semiMultitouch = libevdev_has_property(device.get(), INPUT_PROP_SEMI_MT) != 0;
+}
+
+// The kernel tells only changes, so what the slots hold has to be known from the start, also where
+// no finger is. Fingers that rest on the pad already count: a click with three fingers is one with
+// three even if they came before the program.
+void EvdevPad::recallState() {
+    static constexpr std::uint16_t slotAxes[] = {
+        ABS_MT_POSITION_X,  ABS_MT_POSITION_Y,  ABS_MT_PRESSURE,
+        ABS_MT_TOUCH_MAJOR, ABS_MT_TOUCH_MINOR, ABS_MT_ORIENTATION,
+        ABS_MT_DISTANCE,    ABS_MT_TOOL_TYPE,   ABS_MT_TRACKING_ID};
+    static constexpr std::uint16_t keys[] = {
+        BTN_TOOL_FINGER,   BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
+        BTN_TOOL_QUINTTAP, BTN_LEFT,           BTN_RIGHT,          BTN_MIDDLE};
+    const double now = monotonicNow();
+    for (int slot = 0; slot < pad.slotCount; ++slot) {
+        recall(EV_ABS, ABS_MT_SLOT, slot, now);
+        for (const std::uint16_t code : slotAxes) {
+            if (libevdev_has_event_code(device.get(), EV_ABS, code) != 0) {
+                const auto unsignedSlot = static_cast<unsigned>(slot);
+                recall(EV_ABS, code, libevdev_get_slot_value(device.get(), unsignedSlot, code),
+                       now);
+            }
+        }
+    }
+    for (const std::uint16_t code : keys) {
+        recall(EV_KEY, code, libevdev_get_event_value(device.get(), EV_KEY, code), now);
+    }
+    recall(EV_ABS, ABS_MT_SLOT, libevdev_get_current_slot(device.get()), now);
+    recall(EV_SYN, SYN_REPORT, 0, now);
+    std::ranges::reverse(recalled);
+}
+
+void EvdevPad::recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time) {
+    recalled.push_back({time, type, code, value});
+}
+
+OpenPad::Read EvdevPad::next(InputEvent& event) {
+    if (!recalled.empty()) {
+        event = recalled.back();
+        recalled.pop_back();
+        return Read::event;
+    }
+    for (;;) {
+        input_event raw{};
+        const unsigned flag = resynchronising ? LIBEVDEV_READ_FLAG_SYNC : LIBEVDEV_READ_FLAG_NORMAL;
+        const int status = libevdev_next_event(device.get(), flag, &raw);
+        const bool lostEvents = status == LIBEVDEV_READ_STATUS_SYNC && !resynchronising;
+        if (lostEvents) {
+            resynchronising = true; // the library now tells the difference that they made
+        } else if (status == LIBEVDEV_READ_STATUS_SUCCESS || status == LIBEVDEV_READ_STATUS_SYNC) {
+            const double time = static_cast<double>(raw.input_event_sec) +
+                                static_cast<double>(raw.input_event_usec) / 1e6;
+            event = {time, raw.type, raw.code, raw.value};
+            return Read::event;
+        } else if (status == -EAGAIN && resynchronising) {
+            resynchronising = false;
+        } else if (status != -EINTR) {
+            return status == -EAGAIN ? Read::nothing
+                                     : (status == -ENODEV ? Read::gone : Read::broken);
+        }
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,47 @@
+// One touchpad's event node: opened for reading only, described, and read through libevdev, which
+// keeps the state of the slots and finds out what happened when the kernel had to drop events.
+//
+// Units:   event times in seconds of the monotonic clock.
+// Thread:  one at a time.
+// Errors:  as values: no pad, or one that is gone.
+#pragma once
+
+#include "drivers/evdev/file_descriptor.h"
+#include "drivers/evdev/pad_directory.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct libevdev;
+
+namespace glidemap {
+
+class EvdevPad : public OpenPad {
+public:
+    static PadDirectory::Opened open(const std::string& node);
+
+    int descriptor() const override { return file.get(); }
+    const PadDescription& description() const override { return pad; }
+    Read next(InputEvent& event) override;
+
+private:
+    struct Free {
+        void operator()(libevdev* device) const;
+    };
+    using Device = std::unique_ptr<libevdev, Free>;
+
+    EvdevPad(FileDescriptor file, Device device);
+    void describe();
+    void recallState();
+    void recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
+
+    FileDescriptor file;
+    Device device;
+    PadDescription pad;
+    bool resynchronising = false;
+    std::vector<InputEvent> recalled; // what was on the pad when it was opened, the latest first
+};
+
+} // namespace glidemap

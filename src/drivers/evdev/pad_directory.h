@@ -1,0 +1,91 @@
+// Ports: where the driver finds touchpads, what it reads from one, and how it learns that one may
+// have come back.
+//
+// Thread:  PadDirectory on any thread, one at a time; an OpenPad is made on one and then read and
+//          closed on the reader's; a ReturnWatch is the reader's.
+// Errors:  values; nothing throws but for want of memory.
+#pragma once
+
+#include "drivers/contact/contact_assembler.h"
+#include "drivers/contact/pad_description.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+
+// What stays the same when a touchpad is unplugged and returns on another node.
+struct PadIdentity {
+    std::int32_t bus = 0;
+    std::int32_t vendor = 0;
+    std::int32_t product = 0;
+    std::int32_t version = 0;
+    std::string name;
+    std::string physicalPath;
+    std::string uniqueName;
+
+    friend bool operator==(const PadIdentity&, const PadIdentity&) = default;
+};
+
+// A node that the system takes for a touchpad's.
+struct PadCandidate {
+    std::string node;
+    PadIdentity identity;
+};
+
+class OpenPad {
+public:
+    enum class Read {
+        event,
+        nothing, // until the descriptor is readable again
+        gone,    // the touchpad was unplugged
+        broken,  // it is there and cannot be read
+    };
+
+    OpenPad() = default;
+    OpenPad(const OpenPad&) = delete;
+    OpenPad& operator=(const OpenPad&) = delete;
+    virtual ~OpenPad() = default;
+
+    virtual int descriptor() const = 0;
+    virtual const PadDescription& description() const = 0;
+
+    // The next event, without waiting. The first ones tell what was on the pad when it was opened.
+    virtual Read next(InputEvent& event) = 0;
+};
+
+class ReturnWatch {
+public:
+    ReturnWatch() = default;
+    ReturnWatch(const ReturnWatch&) = delete;
+    ReturnWatch& operator=(const ReturnWatch&) = delete;
+    virtual ~ReturnWatch() = default;
+
+    // Readable when a touchpad may have come back or become readable; −1 for none.
+    virtual std::array<int, 2> descriptors() const = 0;
+
+    // Takes note of everything that has happened, and readies itself for what will.
+    virtual void acknowledge() = 0;
+};
+
+class PadDirectory {
+public:
+    struct Opened {
+        std::unique_ptr<OpenPad> pad; // null if it could not be opened or is no multitouch pad
+        bool denied = false;          // it is there, and this user may not read it
+    };
+
+    PadDirectory() = default;
+    PadDirectory(const PadDirectory&) = delete;
+    PadDirectory& operator=(const PadDirectory&) = delete;
+    virtual ~PadDirectory() = default;
+
+    virtual std::vector<PadCandidate> candidates() = 0;
+    virtual Opened open(const PadCandidate& candidate) = 0;
+    virtual std::unique_ptr<ReturnWatch> watch() = 0;
+};
+
+} // namespace glidemap

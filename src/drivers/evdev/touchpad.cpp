@@ -1,0 +1,85 @@
+#include "drivers/evdev/touchpad.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// The clock of the kernel's events.
+double monotonicNow() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+} // namespace
+
+void Touchpad::addCallback(driver::ContactCallback callback) {
+    if (callback != nullptr && std::ranges::find(callbacks, callback) == callbacks.end()) {
+        callbacks.push_back(callback);
+    }
+}
+
+void Touchpad::removeCallback(driver::ContactCallback callback) {
+    std::erase(callbacks, callback);
+}
+
+void Touchpad::start() {
+    started = true;
+    broken = false;
+}
+
+void Touchpad::connect(std::unique_ptr<PadConnection> newConnection) {
+    connection = std::move(newConnection);
+}
+
+std::unique_ptr<PadConnection> Touchpad::stop() {
+    started = false;
+    return std::move(connection);
+}
+
+// A callback may stop this touchpad and even start it again. The connection that is being read then
+// is another one or none, and the reading ends.
+void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
+    PadConnection* const reading = connection.get();
+    reading->fresh = false;
+    InputEvent event;
+    while (connection.get() == reading) {
+        const OpenPad::Read result = reading->pad->next(event);
+        if (result == OpenPad::Read::nothing) {
+            return;
+        }
+        if (result != OpenPad::Read::event) {
+            lose(result, buttonCallback);
+            return;
+        }
+        if (const PadFrame* frame = reading->assembler.handle(event); frame != nullptr) {
+            report(*frame, buttonCallback);
+        }
+    }
+}
+
+// The touch ends with an empty report, because nobody will ever see the fingers leave.
+void Touchpad::lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback) {
+    const std::unique_ptr<PadConnection> lost = std::move(connection);
+    broken = reason == OpenPad::Read::broken;
+    report(lost->assembler.release(monotonicNow()), buttonCallback);
+}
+
+void Touchpad::report(const PadFrame& frame, const driver::ButtonCallback& buttonCallback) {
+    const auto count = static_cast<std::int32_t>(frame.contacts.size());
+    const MTTouch* records = count > 0 ? frame.contacts.data() : nullptr;
+    for (std::size_t index = 0; frame.contactsChanged && started && index < callbacks.size();
+         ++index) {
+        callbacks[index](this, records, count, frame.timestamp, frame.number);
+    }
+    for (const ButtonChange& change : frame.buttons) {
+        if (started && buttonCallback != nullptr) {
+            buttonCallback(this, change.button, change.down, frame.timestamp);
+        }
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,75 @@
+// One device record: a touchpad that was there when the list was made. It keeps its place while the
+// touchpad is away, and reports again when it has returned.
+//
+//   idle ──start──▶ connected ──unplugged──▶ waiting ──returned──▶ connected …
+//     ▲─────────────── stop ─────────────────────┘
+//
+// Thread:  under the driver's lock; read() on the reader's thread.
+// Owner:   TouchpadDriver, for the life of the process: the record's address is the device.
+// Errors:  none; a touchpad that cannot be opened is waited for.
+#pragma once
+
+#include "drivers/contact/contact_assembler.h"
+#include "drivers/evdev/pad_directory.h"
+#include "input/touch_driver.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+// A touchpad while it is open. Kept until the reader is done with it, even if it was stopped
+// meanwhile.
+struct PadConnection {
+    PadConnection(std::string itsNode, std::unique_ptr<OpenPad> openPad)
+        : node(std::move(itsNode)), pad(std::move(openPad)), assembler(pad->description()) {}
+
+    std::string node;
+    std::unique_ptr<OpenPad> pad;
+    ContactAssembler assembler;
+    bool fresh = true; // its first events are there without its descriptor being readable
+};
+
+class Touchpad {
+public:
+    explicit Touchpad(PadIdentity itsIdentity) : _identity(std::move(itsIdentity)) {}
+    Touchpad(const Touchpad&) = delete;
+    Touchpad& operator=(const Touchpad&) = delete;
+
+    const PadIdentity& identity() const { return _identity; }
+    bool isStarted() const { return started; }
+    bool isWaiting() const { return started && connection == nullptr; }
+    bool mayHaveReturned() const { return isWaiting() && !broken; }
+    PadConnection* connected() const { return connection.get(); }
+
+    void addCallback(driver::ContactCallback callback);
+    void removeCallback(driver::ContactCallback callback);
+
+    void start();
+    void connect(std::unique_ptr<PadConnection> newConnection);
+
+    // One that was there but could not be read is left alone until then: trying again and again
+    // would not let the machine rest.
+    void somethingHasChanged() { broken = false; }
+
+    // The connection is handed over: its reader may be in the middle of it.
+    std::unique_ptr<PadConnection> stop();
+
+    // Reports everything that can be read without waiting, until a callback stops this touchpad or
+    // it is lost. Needs a connection.
+    void read(const driver::ButtonCallback& buttonCallback);
+
+private:
+    void report(const PadFrame& frame, const driver::ButtonCallback& buttonCallback);
+    void lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback);
+
+    PadIdentity _identity;
+    bool started = false;
+    bool broken = false;
+    std::unique_ptr<PadConnection> connection;
+    std::vector<driver::ContactCallback> callbacks;
+};
+
+} // namespace glidemap

@@ -1,0 +1,296 @@
+#include "drivers/evdev/touchpad_driver.h"
+
+#include <pthread.h>
+#include <sys/eventfd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::size_t wakeUpIndex = 0;
+
+Touchpad& record(const std::unique_ptr<Touchpad>& touchpad) {
+    return *touchpad;
+}
+
+bool isReady(const pollfd& descriptor) {
+    return descriptor.revents != 0;
+}
+
+// Signals are for the program's own threads.
+template <typename Function>
+std::thread threadWithoutSignals(Function function) {
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    std::thread thread(std::move(function));
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return thread;
+}
+
+} // namespace
+
+TouchpadDriver::TouchpadDriver(std::unique_ptr<PadDirectory> padDirectory)
+    : directory(std::move(padDirectory)), wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
+
+TouchpadDriver::~TouchpadDriver() {
+    for (const auto& touchpad : touchpads) {
+        stop(touchpad.get());
+    }
+    if (reader.joinable()) {
+        reader.join();
+    }
+}
+
+std::vector<driver::Device> TouchpadDriver::createList() {
+    const Lock lock(mutex);
+    std::vector<driver::Device> list;
+    unreadable = 0;
+    for (const PadCandidate& candidate : directory->candidates()) {
+        const PadDirectory::Opened opened = directory->open(candidate);
+        if (opened.pad != nullptr) {
+            list.push_back(&recordFor(candidate, list));
+        } else if (opened.denied) {
+            ++unreadable;
+        }
+    }
+    return list;
+}
+
+// The record that reads this node; else one of the same touchpad; else a new one.
+Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
+                                    const std::vector<driver::Device>& taken) {
+    for (const auto& touchpad : touchpads) {
+        const PadConnection* connection = touchpad->connected();
+        if (connection != nullptr && connection->node == candidate.node) {
+            return *touchpad;
+        }
+    }
+    for (const auto& touchpad : touchpads) {
+        const bool isFree = touchpad->connected() == nullptr &&
+                            std::ranges::find(taken, touchpad.get()) == taken.end();
+        if (isFree && touchpad->identity() == candidate.identity) {
+            return *touchpad;
+        }
+    }
+    touchpads.push_back(std::make_unique<Touchpad>(candidate.identity));
+    return *touchpads.back();
+}
+
+std::int32_t TouchpadDriver::unreadableCount() const {
+    const Lock lock(mutex);
+    return unreadable;
+}
+
+Touchpad* TouchpadDriver::find(driver::Device device) const {
+    const auto found = std::ranges::find(touchpads, device, &std::unique_ptr<Touchpad>::get);
+    return found != touchpads.end() ? found->get() : nullptr;
+}
+
+void TouchpadDriver::addCallback(driver::Device device, driver::ContactCallback callback) {
+    const Lock lock(mutex);
+    if (Touchpad* touchpad = find(device); touchpad != nullptr) {
+        touchpad->addCallback(callback);
+    }
+}
+
+void TouchpadDriver::removeCallback(driver::Device device, driver::ContactCallback callback) {
+    const Lock lock(mutex);
+    if (Touchpad* touchpad = find(device); touchpad != nullptr) {
+        touchpad->removeCallback(callback);
+    }
+}
+
+void TouchpadDriver::setButtonCallback(driver::ButtonCallback callback) {
+    const Lock lock(mutex);
+    buttonCallback = callback;
+}
+
+// Opened before this returns: what is touched from now on is reported.
+void TouchpadDriver::start(driver::Device device) {
+    const Lock lock(mutex);
+    Touchpad* touchpad = find(device);
+    if (touchpad == nullptr || touchpad->isStarted()) {
+        return;
+    }
+    touchpad->start();
+    connect(*touchpad);
+    lookAgain = true; // at what is on it already, or for it
+    launchReader();
+    wakeReader();
+}
+
+void TouchpadDriver::stop(driver::Device device) {
+    std::thread ending;
+    {
+        const Lock lock(mutex);
+        Touchpad* touchpad = find(device);
+        if (touchpad == nullptr || !touchpad->isStarted()) {
+            return;
+        }
+        if (auto connection = touchpad->stop(); connection != nullptr) {
+            retired.push_back(std::move(connection));
+        }
+        wakeReader();
+        const bool fromCallback = reader.get_id() == std::this_thread::get_id();
+        if (!anyStarted() && !fromCallback) {
+            ending = std::move(reader);
+        }
+    }
+    if (ending.joinable()) {
+        ending.join();
+    }
+}
+
+bool TouchpadDriver::anyStarted() const {
+    return std::ranges::any_of(touchpads, &Touchpad::isStarted, record);
+}
+
+bool TouchpadDriver::isOpen(const std::string& node) const {
+    return std::ranges::any_of(touchpads, [&node](const auto& touchpad) {
+        const PadConnection* connection = touchpad->connected();
+        return connection != nullptr && connection->node == node;
+    });
+}
+
+// Two touchpads of the same make may have the same identity: a node that is read already is not the
+// one that is missing.
+void TouchpadDriver::connect(Touchpad& touchpad) {
+    for (const PadCandidate& candidate : directory->candidates()) {
+        if (candidate.identity == touchpad.identity() && !isOpen(candidate.node)) {
+            PadDirectory::Opened opened = directory->open(candidate);
+            if (opened.pad != nullptr) {
+                touchpad.connect(
+                    std::make_unique<PadConnection>(candidate.node, std::move(opened.pad)));
+                return;
+            }
+        }
+    }
+}
+
+void TouchpadDriver::launchReader() {
+    if (readerRuns) {
+        return;
+    }
+    if (reader.joinable()) {
+        reader.join(); // it has ended by itself, after a callback stopped the last touchpad
+    }
+    readerRuns = true;
+    reader = threadWithoutSignals([this] { runReader(); });
+}
+
+void TouchpadDriver::wakeReader() const {
+    eventfd_write(wakeUp.get(), 1);
+}
+
+void TouchpadDriver::runReader() {
+    pthread_setname_np(pthread_self(), "glidemap-evdev");
+    for (;;) {
+        {
+            const Lock lock(mutex);
+            serve();
+            retired.clear();
+            if (!anyStarted()) {
+                returnWatch.reset();
+                descriptors.clear();
+                polled.clear();
+                readerRuns = false;
+                return;
+            }
+            collectDescriptors();
+        }
+        poll(descriptors.data(), descriptors.size(), -1);
+    }
+}
+
+void TouchpadDriver::serve() {
+    readReady();
+    while (lookAgain) {
+        lookAgain = false;
+        updateWatch(); // before looking, so that no return falls between the two
+        reconnect();
+        readFresh();
+    }
+    updateWatch();
+}
+
+// What poll() has found to be ready. A touchpad that was opened again meanwhile may be read in any
+// case.
+void TouchpadDriver::readReady() {
+    for (std::size_t index = 0; index < descriptors.size(); ++index) {
+        if (!isReady(descriptors[index])) {
+            continue;
+        }
+        if (polled[index] != nullptr) {
+            read(*polled[index]);
+        } else if (index == wakeUpIndex) {
+            eventfd_t ignored = 0;
+            eventfd_read(wakeUp.get(), &ignored);
+        } else if (returnWatch != nullptr) {
+            returnWatch->acknowledge();
+            std::ranges::for_each(touchpads, &Touchpad::somethingHasChanged, record);
+            lookAgain = true;
+        }
+    }
+}
+
+void TouchpadDriver::read(Touchpad& touchpad) {
+    if (touchpad.connected() != nullptr) {
+        touchpad.read(buttonCallback);
+        lookAgain = lookAgain || touchpad.mayHaveReturned();
+    }
+}
+
+void TouchpadDriver::readFresh() {
+    for (std::size_t index = 0; index < touchpads.size(); ++index) { // a callback may add some
+        const PadConnection* connection = touchpads[index]->connected();
+        if (connection != nullptr && connection->fresh) {
+            read(*touchpads[index]);
+        }
+    }
+}
+
+void TouchpadDriver::updateWatch() {
+    const bool needed = std::ranges::any_of(touchpads, &Touchpad::isWaiting, record);
+    if (!needed) {
+        returnWatch.reset();
+    } else if (returnWatch == nullptr) {
+        returnWatch = directory->watch();
+    }
+}
+
+void TouchpadDriver::reconnect() {
+    for (const auto& touchpad : touchpads) {
+        if (touchpad->mayHaveReturned()) {
+            connect(*touchpad);
+        }
+    }
+}
+
+void TouchpadDriver::collectDescriptors() {
+    descriptors.clear();
+    polled.clear();
+    addDescriptor(wakeUp.get(), nullptr); // first: wakeUpIndex
+    const std::array<int, 2> watched =
+        returnWatch != nullptr ? returnWatch->descriptors() : std::array{-1, -1};
+    for (const int descriptor : watched) {
+        addDescriptor(descriptor, nullptr);
+    }
+    for (const auto& touchpad : touchpads) {
+        if (const PadConnection* connection = touchpad->connected(); connection != nullptr) {
+            addDescriptor(connection->pad->descriptor(), touchpad.get());
+        }
+    }
+}
+
+void TouchpadDriver::addDescriptor(int descriptor, Touchpad* touchpad) {
+    descriptors.push_back({descriptor, POLLIN, 0}); // a negative one is never ready
+    polled.push_back(touchpad);
+}
+
+} // namespace glidemap

@@ -1,0 +1,90 @@
+// All touchpads and the one thread that reads them.
+//
+//   caller                                 reader thread (while a touchpad is started)
+//   createList  ─ finds the touchpads      sleeps until a touchpad has events, one that waits may
+//   start, stop ─ wakes the reader ──────▶ have returned, or it is woken; never on a time-out
+//                                          └▶ contact callback, button callback
+//
+// While a touchpad is away, and only then, the reader also watches for its return.
+//
+// Thread:  any; the public functions may be called from within a callback. They wait for a callback
+//          that is under way on the reader's thread, so that none comes after stop() has returned.
+// Owner:   the process.
+// Errors:  a touchpad that cannot be opened is not in the list, or is waited for once started.
+#pragma once
+
+#include "drivers/evdev/file_descriptor.h"
+#include "drivers/evdev/pad_directory.h"
+#include "drivers/evdev/touchpad.h"
+#include "input/touch_driver.h"
+
+#include <poll.h>
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace glidemap {
+
+class TouchpadDriver {
+public:
+    explicit TouchpadDriver(std::unique_ptr<PadDirectory> directory);
+    TouchpadDriver(const TouchpadDriver&) = delete;
+    TouchpadDriver& operator=(const TouchpadDriver&) = delete;
+
+    // Stops every touchpad. Not to be called from within a callback.
+    ~TouchpadDriver();
+
+    // The touchpads that are there and can be read. A touchpad is the same device in every list.
+    std::vector<driver::Device> createList();
+    std::int32_t unreadableCount() const;
+
+    void addCallback(driver::Device device, driver::ContactCallback callback);
+    void removeCallback(driver::Device device, driver::ContactCallback callback);
+    void setButtonCallback(driver::ButtonCallback callback);
+    void start(driver::Device device);
+    void stop(driver::Device device);
+
+private:
+    // The reader holds it while it reports, and a callback may come back to us.
+    using Lock = std::unique_lock<std::recursive_mutex>;
+
+    Touchpad* find(driver::Device device) const;
+    Touchpad& recordFor(const PadCandidate& candidate, const std::vector<driver::Device>& taken);
+    bool isOpen(const std::string& node) const;
+    bool anyStarted() const;
+    void connect(Touchpad& touchpad);
+
+    void launchReader();
+    void wakeReader() const;
+    void runReader();
+    void serve();
+    void readReady();
+    void readFresh();
+    void read(Touchpad& touchpad);
+    void updateWatch();
+    void reconnect();
+    void collectDescriptors();
+    void addDescriptor(int descriptor, Touchpad* touchpad);
+
+    const std::unique_ptr<PadDirectory> directory;
+    const FileDescriptor wakeUp;
+
+    mutable std::recursive_mutex mutex;
+    std::vector<std::unique_ptr<Touchpad>> touchpads;
+    std::int32_t unreadable = 0;
+    driver::ButtonCallback buttonCallback = nullptr;
+    std::vector<std::unique_ptr<PadConnection>> retired; // closed where they are read
+    std::thread reader;
+    bool readerRuns = false;
+    bool lookAgain = false; // a touchpad may have returned, or was opened and not yet read
+
+    // The reader's own.
+    std::unique_ptr<ReturnWatch> returnWatch;
+    std::vector<pollfd> descriptors;
+    std::vector<Touchpad*> polled; // whose descriptor it is; null for the others
+};
+
+} // namespace glidemap

@@ -1,0 +1,88 @@
+#include "drivers/evdev/udev_directory.h"
+
+#include "drivers/evdev/evdev_pad.h"
+#include "drivers/evdev/udev_handles.h"
+#include "drivers/evdev/udev_watch.h"
+
+#include <sys/sysmacros.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+std::string attribute(udev_device* device, const char* name) {
+    const char* value = udev_device_get_sysattr_value(device, name);
+    return value != nullptr ? value : "";
+}
+
+std::int32_t hexadecimal(udev_device* device, const char* name) {
+    return static_cast<std::int32_t>(std::strtol(attribute(device, name).c_str(), nullptr, 16));
+}
+
+// The attributes are the input device's, of which the event node is a child. They can be read by
+// anyone, also where the node cannot.
+PadIdentity identity(udev_device* node) {
+    udev_device* device = udev_device_get_parent_with_subsystem_devtype(node, "input", nullptr);
+    if (device == nullptr) {
+        return {};
+    }
+    return {
+        hexadecimal(device, "id/bustype"), hexadecimal(device, "id/vendor"),
+        hexadecimal(device, "id/product"), hexadecimal(device, "id/version"),
+        attribute(device, "name"),         attribute(device, "phys"),
+        attribute(device, "uniq"),
+    };
+}
+
+struct NumberedCandidate {
+    unsigned number = 0;
+    PadCandidate candidate;
+};
+
+} // namespace
+
+std::vector<PadCandidate> UdevDirectory::candidates() {
+    const UdevHandle<udev> context(udev_new());
+    const UdevHandle<udev_enumerate> enumerate(context ? udev_enumerate_new(context.get())
+                                                       : nullptr);
+    if (enumerate == nullptr) {
+        return {};
+    }
+    udev_enumerate_add_match_subsystem(enumerate.get(), "input");
+    udev_enumerate_add_match_property(enumerate.get(), "ID_INPUT_TOUCHPAD", "1");
+    udev_enumerate_add_match_sysname(enumerate.get(), "event[0-9]*");
+    udev_enumerate_scan_devices(enumerate.get());
+
+    std::vector<NumberedCandidate> found;
+    udev_list_entry* entry = nullptr;
+    udev_list_entry_foreach(entry, udev_enumerate_get_list_entry(enumerate.get())) {
+        const UdevHandle<udev_device> device(
+            udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)));
+        const char* node = device ? udev_device_get_devnode(device.get()) : nullptr;
+        if (node != nullptr) {
+            found.push_back(
+                {minor(udev_device_get_devnum(device.get())), {node, identity(device.get())}});
+        }
+    }
+    // In the order in which the kernel numbers them, so that the list is the same every time.
+    std::ranges::sort(found, {}, &NumberedCandidate::number);
+    std::vector<PadCandidate> result;
+    for (NumberedCandidate& each : found) {
+        result.push_back(std::move(each.candidate));
+    }
+    return result;
+}
+
+PadDirectory::Opened UdevDirectory::open(const PadCandidate& candidate) {
+    return EvdevPad::open(candidate.node);
+}
+
+std::unique_ptr<ReturnWatch> UdevDirectory::watch() {
+    return std::make_unique<UdevWatch>();
+}
+
+} // namespace glidemap

@@ -1,0 +1,49 @@
+#include "drivers/evdev/udev_watch.h"
+
+#include <sys/inotify.h>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* nodeFolder = "/dev/input";
+
+} // namespace
+
+UdevWatch::UdevWatch() : context(udev_new()), nodeChanges(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    if (context != nullptr) {
+        monitor.reset(udev_monitor_new_from_netlink(context.get(), "udev"));
+    }
+    if (monitor != nullptr) {
+        udev_monitor_filter_add_match_subsystem_devtype(monitor.get(), "input", nullptr);
+        udev_monitor_enable_receiving(monitor.get());
+    }
+    watchNodes();
+}
+
+// The folder goes with its last node and comes with its first, so it is asked for again each time;
+// where it is watched already this changes nothing.
+void UdevWatch::watchNodes() {
+    if (nodeChanges.isOpen()) {
+        inotify_add_watch(nodeChanges.get(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);
+    }
+}
+
+std::array<int, 2> UdevWatch::descriptors() const {
+    return {monitor != nullptr ? udev_monitor_get_fd(monitor.get()) : -1, nodeChanges.get()};
+}
+
+void UdevWatch::acknowledge() {
+    while (monitor != nullptr) {
+        const UdevHandle<udev_device> device(udev_monitor_receive_device(monitor.get()));
+        if (device == nullptr) {
+            break;
+        }
+    }
+    alignas(inotify_event) char events[4096];
+    while (nodeChanges.isOpen() && read(nodeChanges.get(), events, sizeof events) > 0) {
+    }
+    watchNodes();
+}
+
+} // namespace glidemap
