@@ -1,0 +1,60 @@
+// The library as a program meets it: opened by path, known by its symbols.
+
+#include "input/touch_driver.h"
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+namespace glidemap::test {
+namespace {
+
+class DriverInterface : public testing::Test {
+protected:
+    template <typename Function>
+    Function resolve(const char* name) const {
+        return reinterpret_cast<Function>(dlsym(handle, name));
+    }
+
+    void* const handle = dlopen(GLIDEMAP_EVDEV_DRIVER, RTLD_NOW | RTLD_LOCAL);
+};
+
+TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
+    ASSERT_NE(handle, nullptr) << dlerror();
+    for (const char* name :
+         {driver::createListSymbol, driver::registerCallbackSymbol,
+          driver::unregisterCallbackSymbol, driver::startSymbol, driver::stopSymbol,
+          driver::listCountSymbol, driver::listValueAtIndexSymbol, driver::setButtonCallbackSymbol,
+          driver::unreadableTouchpadCountSymbol}) {
+        EXPECT_NE(dlsym(handle, name), nullptr) << name;
+    }
+}
+
+TEST_F(DriverInterface, AListIsReadWithinItsBounds) {
+    ASSERT_NE(handle, nullptr) << dlerror();
+    const auto count = resolve<driver::ListCount>(driver::listCountSymbol);
+    const auto valueAt = resolve<driver::ListValueAtIndex>(driver::listValueAtIndexSymbol);
+    const driver::DeviceList list = resolve<driver::CreateList>(driver::createListSymbol)();
+    ASSERT_NE(list, nullptr); // no touchpads are an empty list
+    ASSERT_GE(count(list), 0);
+    for (long index = 0; index < count(list); ++index) {
+        EXPECT_NE(valueAt(list, index), nullptr);
+    }
+    EXPECT_EQ(valueAt(list, count(list)), nullptr);
+    EXPECT_EQ(valueAt(list, -1), nullptr);
+    EXPECT_EQ(count(nullptr), 0);
+    EXPECT_EQ(valueAt(nullptr, 0), nullptr);
+}
+
+TEST_F(DriverInterface, NoDeviceIsNoHarm) {
+    ASSERT_NE(handle, nullptr) << dlerror();
+    resolve<driver::RegisterContactFrameCallback>(driver::registerCallbackSymbol)(nullptr, nullptr);
+    resolve<driver::Start>(driver::startSymbol)(nullptr, 0);
+    resolve<driver::Stop>(driver::stopSymbol)(nullptr);
+    resolve<driver::UnregisterContactFrameCallback>(driver::unregisterCallbackSymbol)(nullptr,
+                                                                                      nullptr);
+    resolve<driver::SetButtonCallback>(driver::setButtonCallbackSymbol)(nullptr);
+    EXPECT_GE(resolve<driver::UnreadableTouchpadCount>(driver::unreadableTouchpadCountSymbol)(), 0);
+}
+
+} // namespace
+} // namespace glidemap::test

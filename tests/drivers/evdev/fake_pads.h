@@ -1,0 +1,195 @@
+// A drawer of touchpads to plug and unplug, without a kernel. What the driver does not see of the
+// system is here: which pads there are, who may read them, and what they send.
+//
+// Thread:  any; the test's and the reader's meet here.
+#pragma once
+
+#include "drivers/evdev/file_descriptor.h"
+#include "drivers/evdev/pad_directory.h"
+
+#include <linux/input.h>
+#include <sys/eventfd.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap::test {
+
+// What one open pad has to say. Its descriptor is readable while it has anything to say.
+class FakeStream {
+public:
+    FakeStream() : ready(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
+
+    int descriptor() const { return ready.get(); }
+
+    void send(const std::vector<InputEvent>& events) {
+        const std::lock_guard lock(mutex);
+        waiting.insert(waiting.end(), events.begin(), events.end());
+        eventfd_write(ready.get(), 1);
+    }
+
+    void end(OpenPad::Read reason) {
+        const std::lock_guard lock(mutex);
+        ending = reason;
+        eventfd_write(ready.get(), 1);
+    }
+
+    OpenPad::Read next(InputEvent& event) {
+        const std::lock_guard lock(mutex);
+        if (!waiting.empty()) {
+            event = waiting.front();
+            waiting.pop_front();
+            return OpenPad::Read::event;
+        }
+        eventfd_t ignored = 0;
+        eventfd_read(ready.get(), &ignored);
+        return ending;
+    }
+
+private:
+    FileDescriptor ready;
+    std::mutex mutex;
+    std::deque<InputEvent> waiting;
+    OpenPad::Read ending = OpenPad::Read::nothing;
+};
+
+class FakeOpenPad : public OpenPad {
+public:
+    explicit FakeOpenPad(std::shared_ptr<FakeStream> itsStream) : stream(std::move(itsStream)) {
+        pad.slotCount = 5;
+        pad.x = {0, 100, 0};
+        pad.y = {0, 100, 0};
+    }
+
+    int descriptor() const override { return stream->descriptor(); }
+    const PadDescription& description() const override { return pad; }
+    Read next(InputEvent& event) override { return stream->next(event); }
+
+private:
+    std::shared_ptr<FakeStream> stream;
+    PadDescription pad;
+};
+
+// The drawer, shared between the test and the driver's directory.
+class FakePads {
+public:
+    static PadIdentity identity(const std::string& name) { return {3, 1, 2, 1, name, "", ""}; }
+
+    void plug(const std::string& node, const std::string& name, bool readable = true) {
+        const std::lock_guard lock(mutex);
+        pads[node] = {identity(name), readable, std::make_shared<FakeStream>()};
+        eventfd_write(changes.get(), 1);
+    }
+
+    void unplug(const std::string& node) {
+        const std::lock_guard lock(mutex);
+        pads.at(node).stream->end(OpenPad::Read::gone);
+        pads.erase(node);
+        eventfd_write(changes.get(), 1);
+    }
+
+    void makeReadable(const std::string& node) {
+        const std::lock_guard lock(mutex);
+        pads.at(node).readable = true;
+        eventfd_write(changes.get(), 1);
+    }
+
+    // Something happens in the folder that concerns no touchpad.
+    void change() { eventfd_write(changes.get(), 1); }
+
+    std::shared_ptr<FakeStream> stream(const std::string& node) {
+        const std::lock_guard lock(mutex);
+        return pads.at(node).stream;
+    }
+
+    int timesOpened() {
+        const std::lock_guard lock(mutex);
+        return opened;
+    }
+
+    // Whether, in the end, so many watches are kept.
+    bool comeToWatches(int count) {
+        std::unique_lock lock(mutex);
+        return watchesChanged.wait_for(lock, std::chrono::seconds(20),
+                                       [&] { return watching == count; });
+    }
+
+private:
+    friend class FakeDirectory;
+    friend class FakeWatch;
+
+    struct Entry {
+        PadIdentity identity;
+        bool readable = true;
+        std::shared_ptr<FakeStream> stream;
+    };
+
+    std::mutex mutex;
+    std::map<std::string, Entry> pads;
+    FileDescriptor changes{eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)};
+    int opened = 0;
+    int watching = 0;
+    std::condition_variable watchesChanged;
+};
+
+class FakeWatch : public ReturnWatch {
+public:
+    explicit FakeWatch(std::shared_ptr<FakePads> itsDrawer) : drawer(std::move(itsDrawer)) {
+        const std::lock_guard lock(drawer->mutex);
+        FakeWatch::acknowledge(); // what happened before is not seen
+        ++drawer->watching;
+        drawer->watchesChanged.notify_all();
+    }
+    ~FakeWatch() override {
+        const std::lock_guard lock(drawer->mutex);
+        --drawer->watching;
+        drawer->watchesChanged.notify_all();
+    }
+
+    std::array<int, 2> descriptors() const override { return {drawer->changes.get(), -1}; }
+    void acknowledge() override {
+        eventfd_t ignored = 0;
+        eventfd_read(drawer->changes.get(), &ignored);
+    }
+
+private:
+    std::shared_ptr<FakePads> drawer;
+};
+
+class FakeDirectory : public PadDirectory {
+public:
+    explicit FakeDirectory(std::shared_ptr<FakePads> itsDrawer) : drawer(std::move(itsDrawer)) {}
+
+    std::vector<PadCandidate> candidates() override {
+        const std::lock_guard lock(drawer->mutex);
+        std::vector<PadCandidate> result;
+        for (const auto& [node, entry] : drawer->pads) {
+            result.push_back({node, entry.identity});
+        }
+        return result;
+    }
+
+    Opened open(const PadCandidate& candidate) override {
+        const std::lock_guard lock(drawer->mutex);
+        const auto found = drawer->pads.find(candidate.node);
+        if (found == drawer->pads.end() || !found->second.readable) {
+            return {nullptr, found != drawer->pads.end()};
+        }
+        ++drawer->opened;
+        return {std::make_unique<FakeOpenPad>(found->second.stream), false};
+    }
+
+    std::unique_ptr<ReturnWatch> watch() override { return std::make_unique<FakeWatch>(drawer); }
+
+private:
+    std::shared_ptr<FakePads> drawer;
+};
+
+} // namespace glidemap::test
