@@ -5,6 +5,7 @@
 // through with it, and its thread may outlive every moment that could be chosen. Lists live as
 // long.
 
+#include "drivers/evdev/device_name.h"
 #include "drivers/evdev/touchpad_driver.h"
 #include "drivers/evdev/udev_directory.h"
 #include "input/touch_driver.h"
@@ -62,6 +63,10 @@ GLIDEMAP_EXPORT const void* GlidemapDeviceListValueAtIndex(driver::DeviceList li
 
 GLIDEMAP_EXPORT std::int32_t GlidemapUnreadableTouchpadCount() {
     return touchpads().unreadableCount();
+}
+
+GLIDEMAP_EXPORT const char* GlidemapDeviceName(driver::Device device) {
+    return touchpads().name(device);
 }
 
 GLIDEMAP_EXPORT void MTRegisterContactFrameCallback(driver::Device device,

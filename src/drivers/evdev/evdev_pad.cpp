@@ -21,17 +21,6 @@ namespace {
 void keepSilent(const libevdev*, libevdev_log_priority, void*, const char*, int, const char*,
                 const char*, va_list) {}
 
-// Slots with tracking ids, under an indirect surface: neither a touchscreen nor a pad that cannot
-// tell fingers apart.
-bool isMultitouchPad(const libevdev* device) {
-    return libevdev_get_num_slots(device) > 0 &&
-           libevdev_has_event_code(device, EV_ABS, ABS_MT_TRACKING_ID) != 0 &&
-           libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_X) != 0 &&
-           libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_Y) != 0 &&
-           libevdev_has_property(device, INPUT_PROP_POINTER) != 0 &&
-           libevdev_has_property(device, INPUT_PROP_DIRECT) == 0;
-}
-
 std::optional<AxisRange> axis(const libevdev* device, unsigned code) {
     const input_absinfo* info = libevdev_get_abs_info(device, code);
     if (info == nullptr) {
@@ -51,25 +40,23 @@ void EvdevPad::Free::operator()(libevdev* device) const {
     libevdev_free(device);
 }
 
-PadDirectory::Opened EvdevPad::open(const std::string& node) {
+std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
     FileDescriptor file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    if (!file.isOpen()) {
-        return {nullptr, errno == EACCES || errno == EPERM};
-    }
     // Before the first event is read: changing the clock throws away those that wait.
     int clock = CLOCK_MONOTONIC;
-    if (ioctl(file.get(), EVIOCSCLOCKID, &clock) != 0) {
-        return {};
+    if (!file.isOpen() || ioctl(file.get(), EVIOCSCLOCKID, &clock) != 0) {
+        return nullptr;
     }
     Device device(libevdev_new());
     if (device == nullptr) {
-        return {};
+        return nullptr;
     }
     libevdev_set_device_log_function(device.get(), keepSilent, LIBEVDEV_LOG_ERROR, nullptr);
-    if (libevdev_set_fd(device.get(), file.get()) != 0 || !isMultitouchPad(device.get())) {
-        return {};
+    if (libevdev_set_fd(device.get(), file.get()) != 0 ||
+        libevdev_get_num_slots(device.get()) <= 0) {
+        return nullptr;
     }
-    return {std::unique_ptr<OpenPad>(new EvdevPad(std::move(file), std::move(device))), false};
+    return std::unique_ptr<OpenPad>(new EvdevPad(std::move(file), std::move(device)));
 }
 
 EvdevPad::EvdevPad(FileDescriptor openFile, Device openDevice)

@@ -20,7 +20,8 @@ namespace glidemap {
 
 class EvdevPad : public OpenPad {
 public:
-    static PadDirectory::Opened open(const std::string& node);
+    // Null if the node cannot be read, or has no slots.
+    static std::unique_ptr<OpenPad> open(const std::string& node);
 
     int descriptor() const override { return file.get(); }
     const PadDescription& description() const override { return pad; }

@@ -30,10 +30,11 @@ struct PadIdentity {
     friend bool operator==(const PadIdentity&, const PadIdentity&) = default;
 };
 
-// A node that the system takes for a touchpad's.
+// A multitouch touchpad that is there.
 struct PadCandidate {
     std::string node;
     PadIdentity identity;
+    bool readable = true; // by this user, as far as can be told without opening it
 };
 
 class OpenPad {
@@ -73,18 +74,15 @@ public:
 
 class PadDirectory {
 public:
-    struct Opened {
-        std::unique_ptr<OpenPad> pad; // null if it could not be opened or is no multitouch pad
-        bool denied = false;          // it is there, and this user may not read it
-    };
-
     PadDirectory() = default;
     PadDirectory(const PadDirectory&) = delete;
     PadDirectory& operator=(const PadDirectory&) = delete;
     virtual ~PadDirectory() = default;
 
     virtual std::vector<PadCandidate> candidates() = 0;
-    virtual Opened open(const PadCandidate& candidate) = 0;
+
+    // Null if it cannot be opened, or is gone by now.
+    virtual std::unique_ptr<OpenPad> open(const PadCandidate& candidate) = 0;
     virtual std::unique_ptr<ReturnWatch> watch() = 0;
 };
 

@@ -52,10 +52,9 @@ std::vector<driver::Device> TouchpadDriver::createList() {
     std::vector<driver::Device> list;
     unreadable = 0;
     for (const PadCandidate& candidate : directory->candidates()) {
-        const PadDirectory::Opened opened = directory->open(candidate);
-        if (opened.pad != nullptr) {
+        if (candidate.readable) {
             list.push_back(&recordFor(candidate, list));
-        } else if (opened.denied) {
+        } else {
             ++unreadable;
         }
     }
@@ -90,6 +89,12 @@ std::int32_t TouchpadDriver::unreadableCount() const {
 Touchpad* TouchpadDriver::find(driver::Device device) const {
     const auto found = std::ranges::find(touchpads, device, &std::unique_ptr<Touchpad>::get);
     return found != touchpads.end() ? found->get() : nullptr;
+}
+
+const char* TouchpadDriver::name(driver::Device device) const {
+    const Lock lock(mutex);
+    const Touchpad* touchpad = find(device);
+    return touchpad != nullptr ? touchpad->identity().name.c_str() : nullptr;
 }
 
 void TouchpadDriver::addCallback(driver::Device device, driver::ContactCallback callback) {
@@ -162,13 +167,12 @@ bool TouchpadDriver::isOpen(const std::string& node) const {
 // one that is missing.
 void TouchpadDriver::connect(Touchpad& touchpad) {
     for (const PadCandidate& candidate : directory->candidates()) {
-        if (candidate.identity == touchpad.identity() && !isOpen(candidate.node)) {
-            PadDirectory::Opened opened = directory->open(candidate);
-            if (opened.pad != nullptr) {
-                touchpad.connect(
-                    std::make_unique<PadConnection>(candidate.node, std::move(opened.pad)));
-                return;
-            }
+        if (candidate.identity != touchpad.identity() || isOpen(candidate.node)) {
+            continue;
+        }
+        if (auto pad = directory->open(candidate); pad != nullptr) {
+            touchpad.connect(std::make_unique<PadConnection>(candidate.node, std::move(pad)));
+            return;
         }
     }
 }

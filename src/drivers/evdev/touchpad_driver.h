@@ -41,6 +41,9 @@ public:
     std::vector<driver::Device> createList();
     std::int32_t unreadableCount() const;
 
+    // Null for what is no device.
+    const char* name(driver::Device device) const;
+
     void addCallback(driver::Device device, driver::ContactCallback callback);
     void removeCallback(driver::Device device, driver::ContactCallback callback);
     void setButtonCallback(driver::ButtonCallback callback);

@@ -1,13 +1,19 @@
 #include "drivers/evdev/udev_directory.h"
 
+#include "drivers/evdev/capability_bits.h"
 #include "drivers/evdev/evdev_pad.h"
 #include "drivers/evdev/udev_handles.h"
 #include "drivers/evdev/udev_watch.h"
 
+#include <fcntl.h>
+#include <linux/input-event-codes.h>
 #include <sys/sysmacros.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace glidemap {
@@ -23,13 +29,7 @@ std::int32_t hexadecimal(udev_device* device, const char* name) {
     return static_cast<std::int32_t>(std::strtol(attribute(device, name).c_str(), nullptr, 16));
 }
 
-// The attributes are the input device's, of which the event node is a child. They can be read by
-// anyone, also where the node cannot.
-PadIdentity identity(udev_device* node) {
-    udev_device* device = udev_device_get_parent_with_subsystem_devtype(node, "input", nullptr);
-    if (device == nullptr) {
-        return {};
-    }
+PadIdentity identity(udev_device* device) {
     return {
         hexadecimal(device, "id/bustype"), hexadecimal(device, "id/vendor"),
         hexadecimal(device, "id/product"), hexadecimal(device, "id/version"),
@@ -38,10 +38,32 @@ PadIdentity identity(udev_device* node) {
     };
 }
 
+// Slots with tracking ids under an indirect surface: neither a touchscreen nor a pad that cannot
+// tell fingers apart.
+bool isMultitouchPad(udev_device* device) {
+    const std::string axes = attribute(device, "capabilities/abs");
+    const std::string properties = attribute(device, "properties");
+    return hasBit(axes, ABS_MT_SLOT) && hasBit(axes, ABS_MT_TRACKING_ID) &&
+           hasBit(axes, ABS_MT_POSITION_X) && hasBit(axes, ABS_MT_POSITION_Y) &&
+           hasBit(properties, INPUT_PROP_POINTER) && !hasBit(properties, INPUT_PROP_DIRECT);
+}
+
 struct NumberedCandidate {
     unsigned number = 0;
     PadCandidate candidate;
 };
+
+std::optional<NumberedCandidate> candidate(udev_device* event) {
+    // What describes a touchpad belongs to the input device, of which the event node is a child.
+    udev_device* device = udev_device_get_parent_with_subsystem_devtype(event, "input", nullptr);
+    const char* node = udev_device_get_devnode(event);
+    if (device == nullptr || node == nullptr || !isMultitouchPad(device)) {
+        return std::nullopt;
+    }
+    const bool readable = faccessat(AT_FDCWD, node, R_OK, AT_EACCESS) == 0;
+    const unsigned number = minor(udev_device_get_devnum(event));
+    return NumberedCandidate{number, {node, identity(device), readable}};
+}
 
 } // namespace
 
@@ -60,12 +82,11 @@ std::vector<PadCandidate> UdevDirectory::candidates() {
     std::vector<NumberedCandidate> found;
     udev_list_entry* entry = nullptr;
     udev_list_entry_foreach(entry, udev_enumerate_get_list_entry(enumerate.get())) {
-        const UdevHandle<udev_device> device(
+        const UdevHandle<udev_device> event(
             udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)));
-        const char* node = device ? udev_device_get_devnode(device.get()) : nullptr;
-        if (node != nullptr) {
-            found.push_back(
-                {minor(udev_device_get_devnum(device.get())), {node, identity(device.get())}});
+        auto each = event != nullptr ? candidate(event.get()) : std::nullopt;
+        if (each.has_value()) {
+            found.push_back(std::move(*each));
         }
     }
     // In the order in which the kernel numbers them, so that the list is the same every time.
@@ -77,7 +98,7 @@ std::vector<PadCandidate> UdevDirectory::candidates() {
     return result;
 }
 
-PadDirectory::Opened UdevDirectory::open(const PadCandidate& candidate) {
+std::unique_ptr<OpenPad> UdevDirectory::open(const PadCandidate& candidate) {
     return EvdevPad::open(candidate.node);
 }
 

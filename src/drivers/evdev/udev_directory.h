@@ -1,5 +1,5 @@
-// Finds touchpads as udev knows them, and learns from udev and from the access rights in /dev/input
-// when one may have come back.
+// Finds touchpads as udev and sysfs know them, which anyone may ask and no touchpad has to be
+// opened for.
 //
 // Thread:  one at a time.
 // Errors:  none; without udev there are no touchpads.
@@ -15,7 +15,7 @@ namespace glidemap {
 class UdevDirectory : public PadDirectory {
 public:
     std::vector<PadCandidate> candidates() override;
-    Opened open(const PadCandidate& candidate) override;
+    std::unique_ptr<OpenPad> open(const PadCandidate& candidate) override;
     std::unique_ptr<ReturnWatch> watch() override;
 };
 

@@ -1,5 +1,6 @@
 // The library as a program meets it: opened by path, known by its symbols.
 
+#include "drivers/evdev/device_name.h"
 #include "input/touch_driver.h"
 
 #include <dlfcn.h>
@@ -24,7 +25,7 @@ TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
          {driver::createListSymbol, driver::registerCallbackSymbol,
           driver::unregisterCallbackSymbol, driver::startSymbol, driver::stopSymbol,
           driver::listCountSymbol, driver::listValueAtIndexSymbol, driver::setButtonCallbackSymbol,
-          driver::unreadableTouchpadCountSymbol}) {
+          driver::unreadableTouchpadCountSymbol, driver::deviceNameSymbol}) {
         EXPECT_NE(dlsym(handle, name), nullptr) << name;
     }
 }

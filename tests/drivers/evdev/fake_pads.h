@@ -171,19 +171,19 @@ public:
         const std::lock_guard lock(drawer->mutex);
         std::vector<PadCandidate> result;
         for (const auto& [node, entry] : drawer->pads) {
-            result.push_back({node, entry.identity});
+            result.push_back({node, entry.identity, entry.readable});
         }
         return result;
     }
 
-    Opened open(const PadCandidate& candidate) override {
+    std::unique_ptr<OpenPad> open(const PadCandidate& candidate) override {
         const std::lock_guard lock(drawer->mutex);
         const auto found = drawer->pads.find(candidate.node);
         if (found == drawer->pads.end() || !found->second.readable) {
-            return {nullptr, found != drawer->pads.end()};
+            return nullptr;
         }
         ++drawer->opened;
-        return {std::make_unique<FakeOpenPad>(found->second.stream), false};
+        return std::make_unique<FakeOpenPad>(found->second.stream);
     }
 
     std::unique_ptr<ReturnWatch> watch() override { return std::make_unique<FakeWatch>(drawer); }

@@ -365,6 +365,15 @@ TEST_F(TouchpadDriverTest, ACallbackThatIsAddedTwiceHearsEverythingOnce) {
     EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:7"}));
 }
 
+TEST_F(TouchpadDriverTest, EachDeviceHasTheNameOfItsTouchpad) {
+    pads->plug("event1", "one");
+    pads->plug("event2", "two");
+    const auto list = driver.createList();
+    EXPECT_STREQ(driver.name(list.at(0)), "one");
+    EXPECT_STREQ(driver.name(list.at(1)), "two");
+    EXPECT_EQ(driver.name(nullptr), nullptr);
+}
+
 TEST_F(TouchpadDriverTest, DevicesThatDoNotExistAreIgnored) {
     int something = 0;
     for (const driver::Device device : {driver::Device(nullptr), driver::Device(&something)}) {
