@@ -1,0 +1,42 @@
+#include "interruption.h"
+
+#include <unistd.h>
+
+#include <csignal>
+#include <initializer_list>
+
+namespace glidemap::record {
+
+namespace {
+
+// Sent by the program to itself.
+constexpr int failureSignal = SIGUSR1;
+
+sigset_t endingSignals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, failureSignal}) {
+        sigaddset(&signals, number);
+    }
+    return signals;
+}
+
+} // namespace
+
+Interruption::Interruption() {
+    const sigset_t signals = endingSignals();
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is an error of the stream
+}
+
+void Interruption::wait() const {
+    const sigset_t signals = endingSignals();
+    int received = 0;
+    sigwait(&signals, &received);
+}
+
+void Interruption::fail() const {
+    kill(getpid(), failureSignal);
+}
+
+} // namespace glidemap::record

@@ -1,0 +1,119 @@
+// glidemap-record: the touchpads' reports into a recording, and through the engine, until
+// interrupted.
+
+#include "core/gesture_type.h"
+#include "input/multitouch_device_manager.h"
+#include "interruption.h"
+#include "messages.h"
+#include "options.h"
+#include "platform/common/steady_uptime_clock.h"
+#include "platform/common/threaded_delayed_work.h"
+#include "platform/common/threaded_serial_queue.h"
+#include "platform/linux/thread_setup.h"
+#include "platform/linux/touch_driver_platform.h"
+#include "recognition/touch_engine.h"
+#include "recorder.h"
+#include "touchpads.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <variant>
+
+namespace glidemap::record {
+namespace {
+
+enum Status : int { success = 0, failure = 1, badUsage = 2 };
+
+int complain(const std::string& message) {
+    const bool ended = message.ends_with('\n');
+    std::fprintf(stderr, "glidemap-record: %s%s", message.c_str(), ended ? "" : "\n");
+    return failure;
+}
+
+// One line as glidemap-replay prints it. Gestures come from two threads; a line is one write.
+void announce(std::FILE* output, double time, GestureType gesture) {
+    std::fprintf(output, "%12.3f  %-26s  %s\n", time, std::string(rawValue(gesture)).c_str(),
+                 displayName(gesture).c_str());
+    std::fflush(output);
+}
+
+std::shared_ptr<TouchEngine> makeEngine(MultitouchDeviceManager& manager, std::FILE* output) {
+    const auto responsive = [] {
+        setUpResponsiveThread(TouchEngine::queueLabel);
+    };
+    const auto clock = std::make_shared<SteadyUptimeClock>();
+    auto engine = TouchEngine::create({
+        .clock = clock,
+        .queue = std::make_shared<ThreadedSerialQueue>(responsive),
+        .delayedWork = std::make_shared<ThreadedDelayedWork>(responsive),
+        .deviceManager = &manager,
+    });
+    engine->onGesture = [clock, output](GestureType gesture) {
+        announce(output, clock->uptime(), gesture);
+    };
+    return engine;
+}
+
+int record(const Options& options) {
+    const Interruption interruption;
+    MultitouchDeviceManager manager(touchDriverPlatform());
+    if (manager.loadError().has_value()) {
+        return complain("the touch driver cannot be used: " + *manager.loadError());
+    }
+    Touchpads touchpads(manager);
+    if (!touchpads.exist()) {
+        return complain(nothingToRecord(touchpads.unreadableCount()));
+    }
+
+    std::ofstream file;
+    const std::string place = options.file.value_or("standard output");
+    if (options.file.has_value()) {
+        file.open(place, std::ios::binary | std::ios::trunc);
+        if (!file) {
+            return complain("cannot write " + place + ": " + std::strerror(errno));
+        }
+    }
+    Recorder recorder(options.file.has_value() ? file : std::cout, touchpads.names(),
+                      [&interruption] { interruption.fail(); });
+    touchpads.listen(recorder);
+    const auto engine = makeEngine(manager, options.file.has_value() ? stdout : stderr);
+    std::fprintf(stderr, "Recording %s; Ctrl-C ends it.\n", touchpads.names().c_str());
+    engine->start();
+    interruption.wait();
+    engine->stop();
+    recorder.finish();
+    return recorder.error() == 0
+               ? success
+               : complain("cannot write " + place + ": " + std::strerror(recorder.error()));
+}
+
+int run(int count, char** arguments) {
+    const auto parsed = parseOptions(count, arguments);
+    if (std::holds_alternative<HelpRequest>(parsed)) {
+        std::fputs(helpText, stdout);
+        return success;
+    }
+    if (const auto* error = std::get_if<UsageError>(&parsed)) {
+        complain(error->message);
+        std::fputs(usageText, stderr);
+        return badUsage;
+    }
+    return record(std::get<Options>(parsed));
+}
+
+} // namespace
+} // namespace glidemap::record
+
+int main(int count, char** arguments) {
+    try {
+        return glidemap::record::run(count, arguments);
+    } catch (const std::exception& error) {
+        return glidemap::record::complain(error.what());
+    }
+}
