@@ -9,6 +9,7 @@
 
 #include "recording/record.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <istream>
 #include <memory>
@@ -18,8 +19,8 @@
 namespace glidemap {
 
 struct RecordingError {
-    std::string name; // of the recording, as the person who named it wrote it
-    int line = 0;     // from 1; 0 where the failure belongs to no line
+    std::string name;      // of the recording, as the person who named it wrote it
+    std::int64_t line = 0; // from 1; 0 where the failure belongs to no line
     std::string message;
 
     friend bool operator==(const RecordingError&, const RecordingError&) = default;

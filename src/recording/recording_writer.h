@@ -25,10 +25,10 @@ public:
     void write(const Record& record);
 
 private:
-    void writeRecord(const Report& report);
-    void writeRecord(const ButtonRecord& record);
-    void writeRecord(const FrontmostRecord& record);
-    void writeRecord(const TimeRecord& record);
+    void writeRest(const Report& report);
+    void writeRest(const ButtonRecord& record);
+    void writeRest(const FrontmostRecord& record);
+    void writeRest(const TimeRecord& record);
 
     std::ostream& stream;
 };

@@ -1,0 +1,93 @@
+#include "recording/line_reader.h"
+
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// Some editors put this before the first line.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+} // namespace
+
+std::optional<std::string_view> LineReader::next() {
+    if (!ahead.empty()) {
+        taken = std::move(ahead.front());
+        ahead.pop_front();
+        ++_number;
+        return taken;
+    }
+    const auto line = read();
+    if (line || _error) {
+        ++_number;
+    }
+    if (_error) {
+        _error->line = _number;
+    }
+    return line;
+}
+
+std::optional<std::string_view> LineReader::lookAhead(std::size_t lines) {
+    while (ahead.size() <= lines) {
+        const auto line = read();
+        if (!line) {
+            return std::nullopt;
+        }
+        ahead.emplace_back(*line);
+    }
+    return ahead[lines];
+}
+
+std::optional<std::string_view> LineReader::read() {
+    if (_error) {
+        return std::nullopt;
+    }
+    std::size_t length = 0;
+    while (true) {
+        char* const begin = buffer.data() + length;
+        stream->getline(begin, static_cast<std::streamsize>(buffer.size() - length));
+        length += static_cast<std::size_t>(stream->gcount());
+        if (stream->bad()) {
+            _error = RecordingError{_name, 0, "cannot be read"};
+            return std::nullopt;
+        }
+        if (stream->good()) {
+            return trimmed(length - 1); // the count includes the line's end
+        }
+        if (stream->eof()) {
+            return length > 0 ? std::optional(trimmed(length)) : std::nullopt;
+        }
+        if (!makeRoom()) {
+            return std::nullopt;
+        }
+    }
+}
+
+// The stream stopped because the line is longer than the buffer.
+bool LineReader::makeRoom() {
+    if (buffer.size() > longestLine) {
+        _error = RecordingError{_name, 0, "the line is longer than 16 MiB"};
+        return false;
+    }
+    buffer.resize(buffer.size() * 2);
+    stream->clear();
+    return true;
+}
+
+std::string_view LineReader::trimmed(std::size_t length) {
+    std::string_view line(buffer.data(), length);
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    if (std::exchange(atStart, false) && line.starts_with(byteOrderMark)) {
+        line.remove_prefix(byteOrderMark.size());
+    }
+    return line;
+}
+
+bool isBlank(std::string_view line) {
+    return line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+} // namespace glidemap
