@@ -1,0 +1,173 @@
+#include "virtual_pad.h"
+
+#include "deadline.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <libudev.h>
+#include <linux/uinput.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstring>
+#include <memory>
+
+namespace glidemap::vm {
+
+namespace {
+
+static_assert(markerKey == BTN_MIDDLE);
+
+struct UdevDeleter {
+    void operator()(udev* context) const { udev_unref(context); }
+    void operator()(udev_monitor* monitor) const { udev_monitor_unref(monitor); }
+    void operator()(udev_device* device) const { udev_device_unref(device); }
+};
+template <typename Type> using UdevPointer = std::unique_ptr<Type, UdevDeleter>;
+
+// Hears from udev when it has finished with a device. Listens from its construction on, so nothing said after that is
+// missed.
+class UdevNews {
+public:
+    UdevNews() : context(udev_new()) {
+        monitor.reset(udev_monitor_new_from_netlink(context.get(), "udev"));
+        udev_monitor_filter_add_match_subsystem_devtype(monitor.get(), "input", nullptr);
+        udev_monitor_enable_receiving(monitor.get());
+    }
+
+    // Waits until the event node below the given folder of /sys is ready; empty if that does not happen.
+    std::filesystem::path waitForNode(const std::filesystem::path& device) {
+        const Deadline deadline;
+        pollfd source{udev_monitor_get_fd(monitor.get()), POLLIN, 0};
+        while (poll(&source, 1, deadline.milliseconds()) > 0) {
+            const UdevPointer<udev_device> news(udev_monitor_receive_device(monitor.get()));
+            if (news != nullptr && isEventNodeOf(*news, device)) {
+                return udev_device_get_devnode(news.get());
+            }
+        }
+        return {};
+    }
+
+private:
+    static bool isEventNodeOf(udev_device& news, const std::filesystem::path& device) {
+        const char* action = udev_device_get_action(&news);
+        const std::filesystem::path path(udev_device_get_syspath(&news));
+        return action != nullptr && std::strcmp(action, "add") == 0 &&
+               path.parent_path() == device && path.filename().string().starts_with("event");
+    }
+
+    UdevPointer<udev> context;
+    UdevPointer<udev_monitor> monitor;
+};
+
+bool declareAxes(int descriptor, const PadShape& shape) {
+    for (const auto& [code, axis] : shape.axes) {
+        uinput_abs_setup setup{};
+        setup.code = static_cast<__u16>(code);
+        setup.absinfo.minimum = axis.minimum;
+        setup.absinfo.maximum = axis.maximum;
+        setup.absinfo.flat = axis.flat;
+        setup.absinfo.resolution = axis.resolution;
+        if (ioctl(descriptor, UI_ABS_SETUP, &setup) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool declareKeys(int descriptor, const PadShape& shape) {
+    for (const int key : shape.keys) {
+        if (ioctl(descriptor, UI_SET_KEYBIT, key) != 0) {
+            return false;
+        }
+    }
+    return ioctl(descriptor, UI_SET_KEYBIT, markerKey) == 0;
+}
+
+bool declareProperties(int descriptor, const PadShape& shape) {
+    for (const int property : shape.properties) {
+        if (ioctl(descriptor, UI_SET_PROPBIT, property) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool declareIdentity(int descriptor, const PadShape& shape, const std::string& port) {
+    uinput_setup setup{};
+    setup.id = {shape.bus, shape.vendor, shape.product, shape.version};
+    shape.name.copy(std::begin(setup.name), sizeof setup.name - 1);
+    return ioctl(descriptor, UI_SET_PHYS, port.c_str()) == 0 &&
+           ioctl(descriptor, UI_DEV_SETUP, &setup) == 0;
+}
+
+bool declare(int descriptor, const PadShape& shape, const std::string& port) {
+    return ioctl(descriptor, UI_SET_EVBIT, EV_KEY) == 0 &&
+           ioctl(descriptor, UI_SET_EVBIT, EV_ABS) == 0 && declareKeys(descriptor, shape) &&
+           declareProperties(descriptor, shape) && declareAxes(descriptor, shape) &&
+           declareIdentity(descriptor, shape, port);
+}
+
+input_event kernelEvent(const PadEvent& event) {
+    input_event result{};
+    result.type = event.type;
+    result.code = event.code;
+    result.value = event.value;
+    return result;
+}
+
+} // namespace
+
+VirtualPad::VirtualPad(PadShape shape, std::string portName)
+    : _shape(std::move(shape)), port(std::move(portName)) {
+    plugIn();
+}
+
+VirtualPad::~VirtualPad() { unplug(); }
+
+void VirtualPad::plugIn() {
+    if (isPlugged()) {
+        return;
+    }
+    descriptor = open("/dev/uinput", O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0 || !create()) {
+        ADD_FAILURE() << "cannot make \"" << _shape.name << "\": " << std::strerror(errno);
+        unplug();
+    }
+}
+
+bool VirtualPad::create() {
+    UdevNews news;
+    std::array<char, 64> name{};
+    if (!declare(descriptor, _shape, port) || ioctl(descriptor, UI_DEV_CREATE) != 0 ||
+        ioctl(descriptor, UI_GET_SYSNAME(name.size()), name.data()) < 0) {
+        return false;
+    }
+    _node = news.waitForNode(std::filesystem::path("/sys/devices/virtual/input") / name.data());
+    return !_node.empty();
+}
+
+void VirtualPad::unplug() {
+    if (descriptor >= 0) {
+        close(descriptor); // the kernel destroys the device with its last descriptor
+    }
+    descriptor = -1;
+}
+
+void VirtualPad::write(const EventFrame& frame) {
+    std::vector<input_event> events;
+    events.reserve(frame.size() + 1);
+    for (const PadEvent& event : frame) {
+        events.push_back(kernelEvent(event));
+    }
+    events.push_back(kernelEvent({EV_SYN, SYN_REPORT, 0}));
+    const std::size_t size = events.size() * sizeof(input_event);
+    if (::write(descriptor, events.data(), size) != static_cast<ssize_t>(size)) {
+        ADD_FAILURE() << "cannot write to \"" << _shape.name << "\": " << std::strerror(errno);
+    }
+}
+
+} // namespace glidemap::vm
