@@ -1,5 +1,5 @@
-// How long a test waits for what must happen. Nothing waits this long unless it has failed, so it is generous: the kernel
-// of the tests has one processor, and that shares a busy machine.
+// How long a test waits for what must happen. Nothing waits this long unless it has failed, so it
+// is generous: the kernel of the tests has one processor, and that shares a busy machine.
 #pragma once
 
 #include <algorithm>

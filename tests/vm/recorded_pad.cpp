@@ -26,8 +26,8 @@ void addBits(std::istringstream& fields, int first, std::set<int>& bits) {
     }
 }
 
-// The axes' own lines tell which there are, so of the bit fields only the keys are needed. A field that is longer than
-// a line goes on in the next line of the same kind.
+// The axes' own lines tell which there are, so of the bit fields only the keys are needed. A field
+// that is longer than a line goes on in the next line of the same kind.
 void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
     int type = 0;
     fields >> std::hex >> type;
@@ -39,8 +39,8 @@ void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
 
 // `A: code minimum maximum fuzz flat resolution`, the last of which older recordings leave out.
 //
-// The fuzz is not given to the virtual pad: the kernel takes jitter out of what a device reports by it, has done so when
-// the events were recorded, and would thin out a second time what is left.
+// The fuzz is not given to the virtual pad: the kernel takes jitter out of what a device reports by
+// it, has done so when the events were recorded, and would thin out a second time what is left.
 void readAxis(std::istringstream& fields, PadShape& shape) {
     int code = 0;
     std::int32_t fuzz = 0;
@@ -85,16 +85,27 @@ RecordedPad readRecordedPad(std::istream& text) {
         }
         std::istringstream fields(line.substr(2));
         switch (line[0]) {
-        case 'N': std::getline(fields >> std::ws, pad.shape.name); break;
-        case 'I': readIdentity(fields, pad.shape); break;
+        case 'N':
+            std::getline(fields >> std::ws, pad.shape.name);
+            break;
+        case 'I':
+            readIdentity(fields, pad.shape);
+            break;
         case 'P':
             addBits(fields, nextProperty, pad.shape.properties);
             nextProperty += 64;
             break;
-        case 'B': readBits(fields, nextKey, pad.shape); break;
-        case 'A': readAxis(fields, pad.shape); break;
-        case 'E': readEvent(fields, open, pad.frames); break;
-        default: break;
+        case 'B':
+            readBits(fields, nextKey, pad.shape);
+            break;
+        case 'A':
+            readAxis(fields, pad.shape);
+            break;
+        case 'E':
+            readEvent(fields, open, pad.frames);
+            break;
+        default:
+            break;
         }
     }
     return pad;

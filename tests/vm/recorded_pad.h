@@ -1,10 +1,12 @@
 // A touchpad as evemu's text describes it, and the events that were recorded from it.
 //
-// Read here and not by the program's own readers, because the kernel needs all of a description (identity, properties,
-// every key and axis) where the program needs little, and because a test must not lean on what it tests.
+// Read here and not by the program's own readers, because the kernel needs all of a description
+// (identity, properties, every key and axis) where the program needs little, and because a test
+// must not lean on what it tests.
 //
-// Units:   axis values and events as the device has them; times are left out, for the kernel gives its own.
-// Errors:  lines that are no description and no event are comments; a missing file reads as an empty recording.
+// Units:   axis values and events as the device has them; times are left out, for the kernel gives
+// its own. Errors:  lines that are no description and no event are comments; a missing file reads
+// as an empty recording.
 #pragma once
 
 #include <cstdint>
@@ -55,8 +57,8 @@ struct RecordedPad {
 
 RecordedPad readRecordedPad(std::istream& text);
 
-// Where the description of a recording is: in the recording itself, or in the description beside it whose name the
-// recording's name continues (the longest of them).
+// Where the description of a recording is: in the recording itself, or in the description beside it
+// whose name the recording's name continues (the longest of them).
 std::filesystem::path descriptionOf(const std::filesystem::path& recording);
 
 // A recording with its description, wherever that is.

@@ -2,9 +2,8 @@
 
 #include "deadline.h"
 
-#include <gtest/gtest.h>
-
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <libudev.h>
 #include <linux/uinput.h>
 #include <poll.h>
@@ -19,17 +18,18 @@ namespace glidemap::vm {
 
 namespace {
 
-static_assert(markerKey == BTN_MIDDLE);
+constexpr std::uint16_t markerKey = BTN_MIDDLE;
 
 struct UdevDeleter {
     void operator()(udev* context) const { udev_unref(context); }
     void operator()(udev_monitor* monitor) const { udev_monitor_unref(monitor); }
     void operator()(udev_device* device) const { udev_device_unref(device); }
 };
-template <typename Type> using UdevPointer = std::unique_ptr<Type, UdevDeleter>;
+template <typename Type>
+using UdevPointer = std::unique_ptr<Type, UdevDeleter>;
 
-// Hears from udev when it has finished with a device. Listens from its construction on, so nothing said after that is
-// missed.
+// Hears from udev when it has finished with a device. Listens from its construction on, so nothing
+// said after that is missed.
 class UdevNews {
 public:
     UdevNews() : context(udev_new()) {
@@ -38,7 +38,8 @@ public:
         udev_monitor_enable_receiving(monitor.get());
     }
 
-    // Waits until the event node below the given folder of /sys is ready; empty if that does not happen.
+    // Waits until the event node below the given folder of /sys is ready; empty if that does not
+    // happen.
     std::filesystem::path waitForNode(const std::filesystem::path& device) {
         const Deadline deadline;
         pollfd source{udev_monitor_get_fd(monitor.get()), POLLIN, 0};
@@ -126,7 +127,9 @@ VirtualPad::VirtualPad(PadShape shape, std::string portName)
     plugIn();
 }
 
-VirtualPad::~VirtualPad() { unplug(); }
+VirtualPad::~VirtualPad() {
+    unplug();
+}
 
 void VirtualPad::plugIn() {
     if (isPlugged()) {
@@ -155,6 +158,12 @@ void VirtualPad::unplug() {
         close(descriptor); // the kernel destroys the device with its last descriptor
     }
     descriptor = -1;
+    markerDown = false;
+}
+
+void VirtualPad::pressMarker(bool down) {
+    write({{EV_KEY, markerKey, down ? 1 : 0}});
+    markerDown = down;
 }
 
 void VirtualPad::write(const EventFrame& frame) {

@@ -1,9 +1,11 @@
-// A touchpad that exists only in the kernel's memory, made with uinput: to every other program it is a real one.
+// A touchpad that exists only in the kernel's memory, made with uinput: to every other program it
+// is a real one.
 //
 // Units:   events as in recorded_pad.h.
 // Thread:  one.
 // Owner:   a test. Destroying it, or unplug(), takes the device away as pulling its cable would.
-// Errors:  a device that cannot be made is a failure of the test (isPlugged() is false); so is an event that cannot be
+// Errors:  a device that cannot be made is a failure of the test (isPlugged() is false); so is an
+// event that cannot be
 //          written.
 #pragma once
 
@@ -16,8 +18,8 @@ namespace glidemap::vm {
 
 class VirtualPad {
 public:
-    // Returns when udev has finished with the new device. `port` is where the pad says that it is connected, which
-    // tells apart two pads of one model.
+    // Returns when udev has finished with the new device. `port` is where the pad says that it is
+    // connected, which tells apart two pads of one model.
     explicit VirtualPad(PadShape shape, std::string port = "virtual/pad");
     VirtualPad(const VirtualPad&) = delete;
     VirtualPad& operator=(const VirtualPad&) = delete;
@@ -25,6 +27,11 @@ public:
 
     // The events and a synchronisation, handed over in one piece.
     void write(const EventFrame& frame);
+
+    // Presses or releases a button that every pad has and no recording uses: a reader that has
+    // heard of it has read everything before it.
+    void pressMarker(bool down);
+    bool markerIsDown() const { return markerDown; }
 
     void unplug();
     void plugIn();
@@ -40,9 +47,7 @@ private:
     std::string port;
     int descriptor = -1;
     std::filesystem::path _node;
+    bool markerDown = false;
 };
-
-// Every pad has this button, which none of the recordings uses: tests press it to see how far a reader has come.
-inline constexpr int markerKey = 0x112; // BTN_MIDDLE
 
 } // namespace glidemap::vm

@@ -1,0 +1,160 @@
+// What a pad's fingers look like on the other side of the kernel, where that is not about a certain
+// pad.
+
+#include "driver_session.h"
+#include "ordinary_pad.h"
+#include "virtual_pad.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <vector>
+
+namespace glidemap::vm {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(ContactsTest, AContactMakesTouchThenTouchesThenLeaves) {
+    VirtualPad pad(ordinaryPad());
+    DriverSession session;
+    session.play(pad, {fingerDown(0, 7, 1000, 500), fingerMove(0, 1200, 500),
+                       fingerMove(0, 1400, 500), fingerUp(0)});
+
+    EXPECT_THAT(session.seen().reportsOf(session.settle(pad)),
+                ElementsAre(SeenContacts{{1, 3, seenX(1000), seenY(500)}},
+                            SeenContacts{{1, 4, seenX(1200), seenY(500)}},
+                            SeenContacts{{1, 4, seenX(1400), seenY(500)}},
+                            SeenContacts{{1, 7, seenX(1400), seenY(500)}}));
+}
+
+// The kernel passes on only what changes, so this finger comes without any position.
+TEST(ContactsTest, AFingerThatLandsWhereItsSlotLastWasIsReportedThere) {
+    VirtualPad pad(ordinaryPad());
+    DriverSession session;
+    session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0), fingerDown(0, 8, 1000, 500)});
+
+    EXPECT_THAT(session.seen().reportsOf(session.settle(pad)),
+                ElementsAre(SeenContacts{{1, 3, seenX(1000), seenY(500)}},
+                            SeenContacts{{1, 7, seenX(1000), seenY(500)}},
+                            SeenContacts{{2, 3, seenX(1000), seenY(500)}}));
+}
+
+TEST(ContactsTest, AFrameThatChangesNoContactIsNotReported) {
+    VirtualPad pad(ordinaryPad());
+    DriverSession session;
+    session.play(pad, {fingerDown(0, 7, 1000, 500),
+                       {{EV_KEY, BTN_TOUCH, 1}},
+                       {{EV_ABS, ABS_X, 1000}, {EV_ABS, ABS_Y, 500}},
+                       fingerMove(0, 1000, 500)});
+
+    EXPECT_THAT(session.seen().reportsOf(session.settle(pad)),
+                ElementsAre(SeenContacts{{1, 3, seenX(1000), seenY(500)}}));
+}
+
+TEST(ContactsTest, PositionsBeyondTheAnnouncedRangeAreAtItsEdge) {
+    VirtualPad pad(ordinaryPad());
+    DriverSession session;
+    session.play(pad, {fingerDown(0, 7, -300, -300), fingerMove(0, 4700, 2700)});
+
+    EXPECT_THAT(session.seen().reportsOf(session.settle(pad)),
+                ElementsAre(SeenContacts{{1, 3, 0, 1}}, SeenContacts{{1, 4, 1, 0}}));
+}
+
+// Its position was told before anybody listened; only the slot still knows it.
+TEST(ContactsTest, AFingerThatWasThereBeforeIsAtItsTruePlaceWithItsFirstMovement) {
+    VirtualPad pad(ordinaryPad());
+    pad.write(fingerDown(2, 7, 1000, 500));
+    DriverSession session;
+    session.play(pad, {fingerMove(2, 1000, 700)});
+
+    const SeenContacts last = session.seen().lastOf(session.settle(pad));
+    ASSERT_EQ(last.size(), 1U);
+    EXPECT_TRUE(last[0].isTouching());
+    EXPECT_EQ(last[0].x, seenX(1000));
+    EXPECT_EQ(last[0].y, seenY(700));
+}
+
+TEST(ContactsTest, TimestampsAreTheKernelsMonotonicClock) {
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_MONOTONIC, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    };
+    VirtualPad pad(ordinaryPad());
+    DriverSession session;
+    const double before = now();
+    session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0)});
+    const double after = now();
+
+    const auto reports = session.seen().reports;
+    ASSERT_EQ(reports.size(), 2U);
+    constexpr double microsecond = 1e-6; // the precision of event times
+    EXPECT_GE(reports[0].timestamp, before - microsecond);
+    EXPECT_GE(reports[1].timestamp, reports[0].timestamp);
+    EXPECT_LE(reports[1].timestamp, after);
+}
+
+TEST(ContactsTest, TwoPadsAtOnceAreTwoDevices) {
+    VirtualPad left(ordinaryPad(), "virtual/left");
+    VirtualPad right(ordinaryPad(), "virtual/right");
+    VirtualPad other(otherPad());
+    DriverSession session;
+    const driver::Device leftDevice = session.settle(left);
+    const driver::Device rightDevice = session.settle(right);
+    const driver::Device otherDevice = session.settle(other);
+    EXPECT_NE(leftDevice, rightDevice);
+    EXPECT_NE(leftDevice, otherDevice);
+    EXPECT_NE(rightDevice, otherDevice);
+
+    session.play(left, {fingerDown(0, 7, 1000, 500)});
+    session.play(right, {fingerDown(0, 7, 2000, 600)});
+    session.play(other, {fingerDown(1, 7, 3000, 700)});
+    session.play(left, {fingerMove(0, 1100, 500)});
+    session.play(right, {fingerUp(0)});
+    session.play(left, {fingerDown(1, 8, 1500, 500)});
+    session.play(other, {fingerMove(1, 3100, 700)});
+
+    const auto seen = session.seen();
+    EXPECT_THAT(seen.reportsOf(leftDevice),
+                ElementsAre(SeenContacts{{1, 3, seenX(1000), seenY(500)}},
+                            SeenContacts{{1, 4, seenX(1100), seenY(500)}},
+                            SeenContacts{{1, 4, seenX(1100), seenY(500)},
+                                         {2, 3, seenX(1500), seenY(500)}}));
+    EXPECT_THAT(seen.reportsOf(rightDevice),
+                ElementsAre(SeenContacts{{1, 3, seenX(2000), seenY(600)}},
+                            SeenContacts{{1, 7, seenX(2000), seenY(600)}}));
+    EXPECT_THAT(seen.reportsOf(otherDevice),
+                ElementsAre(SeenContacts{{1, 3, seenX(3000), seenY(700)}},
+                            SeenContacts{{1, 4, seenX(3100), seenY(700)}}));
+}
+
+TEST(ContactsTest, NothingIsReportedOnceASessionHasStopped) {
+    VirtualPad pad(ordinaryPad());
+    {
+        DriverSession session;
+        session.play(pad, {fingerDown(0, 7, 1000, 500)});
+    }
+    DriverSession again;
+    pad.write(fingerUp(0));
+    again.settle(pad);
+    again.forget();
+    again.play(pad, {fingerDown(0, 8, 3000, 500)});
+
+    const SeenContacts last = again.seen().lastOf(again.settle(pad));
+    ASSERT_EQ(last.size(), 1U);
+    EXPECT_EQ(last[0].state, 3);
+    EXPECT_EQ(last[0].x, seenX(3000));
+    EXPECT_EQ(again.seen().reports.size(), 1U); // one session's, not two's
+}
+
+TEST(ContactsTest, WithoutATouchpadThereIsNoDevice) {
+    DriverSession session;
+    EXPECT_FALSE(session.isRunning());
+    EXPECT_EQ(session.loadError(), "未找到多点触摸设备");
+    EXPECT_EQ(session.unreadableTouchpads(), 0);
+}
+
+} // namespace
+} // namespace glidemap::vm

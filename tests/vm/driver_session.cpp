@@ -1,0 +1,170 @@
+#include "driver_session.h"
+
+#include "deadline.h"
+#include "platform/linux/touch_driver_platform.h"
+#include "threads.h"
+
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <algorithm>
+#include <iterator>
+#include <ostream>
+#include <ranges>
+#include <utility>
+
+namespace glidemap::vm {
+
+namespace {
+
+constexpr std::int32_t markerButton = 2; // as the driver numbers the marker key
+
+// The button callback comes without a context.
+DriverSession* current = nullptr;
+
+} // namespace
+
+std::ostream& operator<<(std::ostream& output, const SeenContact& contact) {
+    return output << contact.identifier << ':' << contact.state << '(' << contact.x << ", "
+                  << contact.y << ')';
+}
+
+SeenContacts seenContacts(const std::vector<MTTouch>& records) {
+    SeenContacts contacts;
+    for (const MTTouch& record : records) {
+        contacts.push_back(
+            {record.identifier, record.state, record.normalized.pos.x, record.normalized.pos.y});
+    }
+    return contacts;
+}
+
+std::vector<SeenContacts> DriverSession::Seen::reportsOf(driver::Device device) const {
+    std::vector<SeenContacts> result;
+    for (const SeenReport& report : reports) {
+        if (report.device == device) {
+            result.push_back(report.contacts);
+        }
+    }
+    return result;
+}
+
+SeenContacts DriverSession::Seen::lastOf(driver::Device device) const {
+    const auto reportsOfDevice = reportsOf(device);
+    return reportsOfDevice.empty() ? SeenContacts() : reportsOfDevice.back();
+}
+
+DriverSession::DriverSession() : manager(touchDriverPlatformAt(GLIDEMAP_EVDEV_DRIVER)) {
+    current = this;
+    MultitouchDeviceManager::setFrameSink(
+        [this](driver::Device device, const std::vector<MTTouch>& records, double timestamp) {
+            report(device, records, timestamp);
+        });
+    setButtonCallback(&buttonCallback);
+    const std::vector<int> before = threadsOfProcess();
+    manager.start();
+    std::ranges::set_difference(threadsOfProcess(), before, std::back_inserter(driverThreads));
+}
+
+DriverSession::~DriverSession() {
+    releaseReports();
+    manager.stop();
+    setButtonCallback(nullptr);
+    MultitouchDeviceManager::setFrameSink({});
+    current = nullptr;
+}
+
+void DriverSession::setButtonCallback(driver::ButtonCallback callback) {
+    const auto set = reinterpret_cast<driver::SetButtonCallback>(
+        manager.optionalSymbol(driver::setButtonCallbackSymbol));
+    if (set == nullptr) {
+        ADD_FAILURE() << "the driver has no " << driver::setButtonCallbackSymbol;
+        return;
+    }
+    set(callback);
+}
+
+std::int32_t DriverSession::unreadableTouchpads() const {
+    const auto count = reinterpret_cast<driver::UnreadableTouchpadCount>(
+        manager.optionalSymbol(driver::unreadableTouchpadCountSymbol));
+    return count != nullptr ? count() : -1;
+}
+
+void DriverSession::report(driver::Device device, const std::vector<MTTouch>& records,
+                           double timestamp) {
+    std::unique_lock lock(mutex);
+    everything.reports.push_back({device, timestamp, seenContacts(records)});
+    news.notify_all();
+    news.wait(lock, [this] { return !hold; });
+}
+
+void DriverSession::buttonCallback(driver::Device device, std::int32_t button, bool down,
+                                   double /*timestamp*/) {
+    const std::lock_guard lock(current->mutex);
+    current->everything.buttons.push_back({device, button, down});
+    current->news.notify_all();
+}
+
+bool DriverSession::waitUntil(const char* what, const std::function<bool(const Seen&)>& condition) {
+    const Deadline deadline;
+    std::unique_lock lock(mutex);
+    const bool happened =
+        news.wait_until(lock, deadline.time(), [&] { return condition(everything); });
+    if (!happened) {
+        ADD_FAILURE() << "waited in vain: " << what << " (after " << everything.reports.size()
+                      << " reports and " << everything.buttons.size() << " button changes)";
+    }
+    return happened;
+}
+
+DriverSession::Seen DriverSession::seen() const {
+    const std::lock_guard lock(mutex);
+    return everything;
+}
+
+void DriverSession::forget() {
+    const std::lock_guard lock(mutex);
+    everything = {};
+}
+
+driver::Device DriverSession::settle(VirtualPad& pad) {
+    std::size_t before = 0;
+    {
+        const std::lock_guard lock(mutex);
+        before = everything.buttons.size();
+    }
+    const bool down = !pad.markerIsDown();
+    pad.pressMarker(down);
+    const auto isMarker = [down](const SeenButton& button) {
+        return button.button == markerButton && button.down == down;
+    };
+    driver::Device device = nullptr;
+    waitUntil("the pad's marker button", [&](const Seen& all) {
+        const auto later = std::views::drop(all.buttons, static_cast<std::ptrdiff_t>(before));
+        const auto marker = std::ranges::find_if(later, isMarker);
+        device = marker != later.end() ? marker->device : nullptr;
+        return device != nullptr;
+    });
+    return device;
+}
+
+void DriverSession::play(VirtualPad& pad, const std::vector<EventFrame>& frames) {
+    for (const EventFrame& frame : frames) {
+        pad.write(frame);
+        if (settle(pad) == nullptr) {
+            return;
+        }
+    }
+}
+
+void DriverSession::holdReports() {
+    const std::lock_guard lock(mutex);
+    hold = true;
+}
+
+void DriverSession::releaseReports() {
+    const std::lock_guard lock(mutex);
+    hold = false;
+    news.notify_all();
+}
+
+} // namespace glidemap::vm

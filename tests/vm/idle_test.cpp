@@ -1,0 +1,114 @@
+// While nothing touches a pad the driver sleeps: it wakes for its pads and for nothing else.
+
+#include "deadline.h"
+#include "driver_session.h"
+#include "ordinary_pad.h"
+#include "threads.h"
+#include "virtual_pad.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <linux/input.h>
+#include <poll.h>
+#include <sched.h>
+#include <unistd.h>
+
+#include <array>
+#include <map>
+
+namespace glidemap::vm {
+namespace {
+
+// A tablet with nothing but a button and a position: input devices the driver has no interest in.
+PadShape notATouchpad() {
+    PadShape shape = ordinaryPad();
+    shape.name = "Not a Touchpad";
+    shape.product = 0x0003;
+    shape.properties = {INPUT_PROP_DIRECT};
+    return shape;
+}
+
+// Somebody else's work with another device: moves its finger and reads that back.
+void workWith(VirtualPad& device, int count) {
+    const int reader = open(device.node().c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_GE(reader, 0);
+    std::array<input_event, 64> events{};
+    for (int step = 1; step <= count; ++step) {
+        device.write(fingerMove(0, step % ordinaryWidth, step % ordinaryHeight));
+        ASSERT_GT(read(reader, events.data(), sizeof events), 0);
+    }
+    close(reader);
+}
+
+void waitUntilAllSleep(const std::vector<int>& threads) {
+    const Deadline deadline;
+    while (!std::ranges::all_of(threads, isAsleep)) {
+        ASSERT_FALSE(deadline.passed()) << "a thread of the driver never goes to sleep";
+        sched_yield();
+    }
+}
+
+std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {
+    std::map<int, std::int64_t> counts;
+    for (const int thread : threads) {
+        counts[thread] = sleepsOf(thread);
+    }
+    return counts;
+}
+
+TEST(IdleTest, NothingWakesTheDriverWhileNothingTouches) {
+    VirtualPad pad(ordinaryPad());
+    VirtualPad second(otherPad());
+    VirtualPad busy(notATouchpad());
+    DriverSession session;
+    ASSERT_EQ(session.threads().size(), 1U) << "one thread serves all pads";
+    session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0)});
+    session.settle(second);
+    waitUntilAllSleep(session.threads());
+
+    const auto before = sleeps(session.threads());
+    workWith(busy, 20000);
+    EXPECT_EQ(sleeps(session.threads()), before);
+
+    // The same count does see the driver wake.
+    session.play(pad, {fingerDown(0, 8, 1000, 500)});
+    waitUntilAllSleep(session.threads());
+    EXPECT_NE(sleeps(session.threads()), before);
+}
+
+TEST(IdleTest, AFingerThatRestsStillWakesNothing) {
+    VirtualPad pad(ordinaryPad());
+    VirtualPad busy(notATouchpad());
+    DriverSession session;
+    session.play(pad, {fingerDown(0, 7, 1000, 500)});
+    waitUntilAllSleep(session.threads());
+
+    const auto before = sleeps(session.threads());
+    workWith(busy, 5000);
+    EXPECT_EQ(sleeps(session.threads()), before);
+}
+
+// A pad that went is waited for, not looked for.
+TEST(IdleTest, APadThatIsAwayWakesNothing) {
+    VirtualPad pad(ordinaryPad());
+    VirtualPad staying(otherPad());
+    VirtualPad busy(notATouchpad());
+    DriverSession session;
+    session.play(pad, {fingerDown(0, 7, 1000, 500)});
+    const driver::Device device = session.settle(pad);
+    pad.unplug();
+    session.waitUntil("an empty report",
+                      [&](const DriverSession::Seen& seen) { return seen.lastOf(device).empty(); });
+    // udev's word about the removal comes a little later and wakes the driver once more; it is
+    // there when its word about the next device is.
+    const VirtualPad next(notATouchpad(), "virtual/next");
+    session.settle(staying);
+    waitUntilAllSleep(session.threads());
+
+    const auto before = sleeps(session.threads());
+    workWith(busy, 20000);
+    EXPECT_EQ(sleeps(session.threads()), before);
+}
+
+} // namespace
+} // namespace glidemap::vm

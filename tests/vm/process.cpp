@@ -1,0 +1,175 @@
+#include "process.h"
+
+#include "deadline.h"
+
+#include <fcntl.h>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sched.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+
+namespace glidemap::vm {
+
+namespace {
+
+constexpr uid_t nobody = 65534;
+
+[[noreturn]] void become(const std::vector<std::string>& command, Process::User user) {
+    if (user == Process::User::nobody &&
+        (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
+        _exit(126);
+    }
+    std::vector<char*> arguments;
+    for (const std::string& word : command) {
+        arguments.push_back(const_cast<char*>(word.c_str()));
+    }
+    arguments.push_back(nullptr);
+    execv(arguments.front(), arguments.data());
+    _exit(127);
+}
+
+// Appends what there is. False at the end of the stream, which is closed then.
+bool drain(int& pipe, std::string& into) {
+    std::array<char, 4096> buffer{};
+    const ssize_t size = read(pipe, buffer.data(), buffer.size());
+    if (size > 0) {
+        into.append(buffer.data(), static_cast<std::size_t>(size));
+        return true;
+    }
+    if (size < 0 && errno == EINTR) {
+        return true;
+    }
+    close(pipe);
+    pipe = -1;
+    return false;
+}
+
+std::optional<std::string> completeLineWith(const std::string& output, const std::string& text) {
+    std::size_t start = 0;
+    for (std::size_t end = 0; (end = output.find('\n', start)) != std::string::npos;
+         start = end + 1) {
+        const std::string line = output.substr(start, end - start);
+        if (line.find(text) != std::string::npos) {
+            return line;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Process::Process(const std::vector<std::string>& command, User user) {
+    std::array<int, 2> out{};
+    std::array<int, 2> error{};
+    if (pipe2(out.data(), O_CLOEXEC) != 0 || pipe2(error.data(), O_CLOEXEC) != 0) {
+        ADD_FAILURE() << "no pipe: " << std::strerror(errno);
+        return;
+    }
+    process = fork();
+    if (process == 0) {
+        dup2(out[1], STDOUT_FILENO);
+        dup2(error[1], STDERR_FILENO);
+        become(command, user);
+    }
+    close(out[1]);
+    close(error[1]);
+    outputPipe = out[0];
+    errorPipe = error[0];
+}
+
+Process::~Process() {
+    if (process > 0) {
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+    }
+    for (const int pipe : {outputPipe, errorPipe}) {
+        if (pipe >= 0) {
+            close(pipe);
+        }
+    }
+}
+
+bool Process::readMore(int milliseconds) {
+    std::array<pollfd, 2> sources{{{outputPipe, POLLIN, 0}, {errorPipe, POLLIN, 0}}};
+    if ((outputPipe < 0 && errorPipe < 0) ||
+        poll(sources.data(), sources.size(), milliseconds) <= 0) {
+        return false;
+    }
+    if (sources[0].revents != 0) {
+        drain(outputPipe, _output);
+    }
+    if (sources[1].revents != 0) {
+        drain(errorPipe, _errors);
+    }
+    return true;
+}
+
+std::optional<std::string> Process::waitForOutput(const std::string& text) {
+    const Deadline deadline;
+    std::optional<std::string> line = completeLineWith(_output, text);
+    while (!line && readMore(deadline.milliseconds())) {
+        line = completeLineWith(_output, text);
+    }
+    if (!line) {
+        ADD_FAILURE() << "waited in vain for \"" << text << "\"; output:\n"
+                      << _output << "errors:\n"
+                      << _errors;
+    }
+    return line;
+}
+
+bool Process::waitUntilOpen(const std::filesystem::path& file) {
+    const Deadline deadline;
+    while (!hasOpen(std::to_string(process), file)) {
+        siginfo_t end{};
+        const bool hasEnded =
+            waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+            end.si_pid == process;
+        if (hasEnded || deadline.passed()) {
+            while (readMore(0)) {
+            }
+            ADD_FAILURE() << "the program never opened " << file << "; errors:\n" << _errors;
+            return false;
+        }
+        sched_yield();
+    }
+    return true;
+}
+
+void Process::send(int signal) const {
+    kill(process, signal);
+}
+
+std::optional<int> Process::waitForEnd() {
+    const Deadline deadline;
+    while (readMore(deadline.milliseconds())) {
+    }
+    if (outputPipe >= 0 || errorPipe >= 0) {
+        ADD_FAILURE() << "the program does not end; output:\n" << _output << "errors:\n" << _errors;
+        return std::nullopt;
+    }
+    int status = 0;
+    waitpid(process, &status, 0);
+    process = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+bool hasOpen(const std::string& process, const std::filesystem::path& file) {
+    std::error_code error;
+    const std::filesystem::path folder = "/proc/" + process + "/fd";
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        if (std::filesystem::read_symlink(entry.path(), error) == file) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace glidemap::vm

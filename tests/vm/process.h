@@ -1,0 +1,55 @@
+// A program under test, with its output and its end.
+//
+// Thread:  one.
+// Owner:   a test. Destroying it kills a program that still runs.
+// Errors:  what did not come in time is a failure of the test, and the wait answers nothing.
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glidemap::vm {
+
+class Process {
+public:
+    // Who the program runs as.
+    enum class User { root, nobody };
+
+    explicit Process(const std::vector<std::string>& command, User user = User::root);
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+    ~Process();
+
+    // Waits until a line of the program's output has the text in it, and answers that line.
+    std::optional<std::string> waitForOutput(const std::string& text);
+
+    // Waits until the program has the file open. A program that ends before is a failure.
+    bool waitUntilOpen(const std::filesystem::path& file);
+
+    void send(int signal) const;
+
+    // The exit status, or 128 and the signal that ended the program. Its output is complete then.
+    std::optional<int> waitForEnd();
+
+    const std::string& output() const { return _output; }
+    const std::string& errors() const { return _errors; }
+
+private:
+    // Reads what there is; waits for more, for the end of both streams, or for the deadline.
+    bool readMore(int milliseconds);
+
+    pid_t process = -1;
+    int outputPipe = -1;
+    int errorPipe = -1;
+    std::string _output;
+    std::string _errors;
+};
+
+// Whether a process (this one: "self") has the file open.
+bool hasOpen(const std::string& process, const std::filesystem::path& file);
+
+} // namespace glidemap::vm

@@ -1,0 +1,247 @@
+// glidemap-record with pads that a kernel really has: what it writes, what it prints, and how it ends.
+
+#include "ordinary_pad.h"
+#include "process.h"
+#include "virtual_pad.h"
+
+#include "recording/recording_reader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/mount.h>
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace glidemap::vm {
+namespace {
+
+using testing::HasSubstr;
+
+const std::filesystem::path folder = "/run/glidemap-record-test";
+
+// Where everybody may run it, even if the build is in a private folder.
+const std::filesystem::path installed = "/run/glidemap-record-installed";
+
+std::string recordProgram() { return installed / "bin" / "glidemap-record"; }
+
+void copyInto(const std::filesystem::path& file, const std::filesystem::path& into) {
+    std::filesystem::create_directories(into);
+    std::filesystem::copy(file, into, std::filesystem::copy_options::overwrite_existing);
+}
+
+class RecordTest : public testing::Test {
+protected:
+    void SetUp() override {
+        copyInto(GLIDEMAP_RECORD_PROGRAM, installed / "bin");
+        copyInto(GLIDEMAP_EVDEV_DRIVER, installed / "lib" / "glidemap");
+        std::filesystem::create_directories(folder);
+    }
+
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    const std::filesystem::path file = folder / "touch.jsonl";
+};
+
+void twoFingerTap(VirtualPad& pad) {
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 500)}));
+    pad.write(together({fingerUp(0), fingerUp(1)}));
+}
+
+// Faster than any hand, but nothing asks how slow a swipe must be.
+void threeFingerSwipeRight(VirtualPad& pad) {
+    constexpr std::int32_t step = 300;
+    pad.write(together({fingerDown(0, 7, 500, 900), fingerDown(1, 8, 900, 800),
+                        fingerDown(2, 9, 1300, 900)}));
+    for (std::int32_t x = step; x <= 5 * step; x += step) {
+        pad.write(together({fingerMove(0, 500 + x, 900), fingerMove(1, 900 + x, 800),
+                            fingerMove(2, 1300 + x, 900)}));
+    }
+    pad.write(together({fingerUp(0), fingerUp(1), fingerUp(2)}));
+}
+
+std::vector<Record> recordsIn(const std::filesystem::path& path) {
+    std::vector<Record> records;
+    const auto reader = openRecordingFile(path, path.string());
+    for (Record record; reader->next(record);) {
+        records.push_back(record);
+    }
+    if (reader->error()) {
+        ADD_FAILURE() << text(*reader->error());
+    }
+    return records;
+}
+
+// The number of touching fingers in each report.
+std::vector<std::ptrdiff_t> fingersIn(const std::filesystem::path& path) {
+    std::vector<std::ptrdiff_t> counts;
+    for (const Record& record : recordsIn(path)) {
+        if (const auto* report = std::get_if<Report>(&record)) {
+            counts.push_back(std::ranges::count_if(report->touches, [](const MTTouch& touch) {
+                return isTouchingState(touch.state);
+            }));
+        }
+    }
+    return counts;
+}
+
+TEST_F(RecordTest, RecordsWhatFingersDoAndNamesTheGestureAtOnce) {
+    VirtualPad pad(ordinaryPad());
+    Process record({recordProgram(), "-o", file.string()});
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    threeFingerSwipeRight(pad);
+    EXPECT_TRUE(record.waitForOutput("threeFingerSwipeRight"));
+    record.send(SIGINT);
+    EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
+
+    EXPECT_THAT(fingersIn(file), testing::ElementsAre(3, 3, 3, 3, 3, 3, 0));
+    std::ifstream recording(file);
+    std::string head;
+    std::getline(recording, head);
+    EXPECT_THAT(head, HasSubstr("\"glidemap-recording\":1"));
+    EXPECT_THAT(head, HasSubstr("Ordinary Touchpad"));
+}
+
+TEST_F(RecordTest, TheRecordingKeepsPositionsExactly) {
+    VirtualPad pad(ordinaryPad());
+    Process record({recordProgram(), "-o", file.string()});
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    twoFingerTap(pad);
+    EXPECT_TRUE(record.waitForOutput("twoFingerTap"));
+    record.send(SIGINT);
+    EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
+
+    const auto records = recordsIn(file);
+    ASSERT_GE(records.size(), 1U);
+    const auto* report = std::get_if<Report>(&records[0]);
+    ASSERT_NE(report, nullptr);
+    ASSERT_EQ(report->touches.size(), 2U);
+    EXPECT_EQ(report->touches[0].normalized.pos.x, seenX(1000));
+    EXPECT_EQ(report->touches[0].normalized.pos.y, seenY(500));
+    EXPECT_EQ(report->touches[1].normalized.pos.x, seenX(2000));
+    EXPECT_EQ(report->touches[1].state, 3);
+}
+
+TEST_F(RecordTest, ReplayingTheRecordingGivesTheSameGesture) {
+    VirtualPad pad(ordinaryPad());
+    Process record({recordProgram(), "-o", file.string()});
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    threeFingerSwipeRight(pad);
+    EXPECT_TRUE(record.waitForOutput("threeFingerSwipeRight"));
+    record.send(SIGINT);
+    EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
+
+    Process replay({GLIDEMAP_REPLAY_PROGRAM, "--json", file.string()});
+    EXPECT_EQ(replay.waitForEnd(), 0) << replay.errors();
+    EXPECT_THAT(replay.output(),
+                HasSubstr(R"("gesture":"threeFingerSwipeRight","delivered":true)"));
+    EXPECT_EQ(std::ranges::count(replay.output(), '\n'), 1) << replay.output();
+}
+
+TEST_F(RecordTest, AButtonIsRecorded) {
+    VirtualPad pad(ordinaryPad());
+    Process record({recordProgram(), "-o", file.string()});
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    pad.pressMarker(true);
+    pad.pressMarker(false);
+    twoFingerTap(pad); // so that it is known when the button has been read
+    EXPECT_TRUE(record.waitForOutput("twoFingerTap"));
+    record.send(SIGTERM);
+    EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
+
+    std::vector<bool> changes;
+    for (const Record& any : recordsIn(file)) {
+        if (const auto* button = std::get_if<ButtonRecord>(&any)) {
+            EXPECT_EQ(button->button, 2);
+            changes.push_back(button->down);
+        }
+    }
+    EXPECT_THAT(changes, testing::ElementsAre(true, false));
+}
+
+TEST_F(RecordTest, APadThatIsUnpluggedEndsItsTouchAndIsRecordedAgainWhenItReturns) {
+    VirtualPad pad(ordinaryPad());
+    Process record({recordProgram(), "-o", file.string()});
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 500)}));
+    pad.unplug(); // which ends the touch of two fingers: a tap
+    EXPECT_TRUE(record.waitForOutput("twoFingerTap"));
+    pad.plugIn();
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    threeFingerSwipeRight(pad);
+    EXPECT_TRUE(record.waitForOutput("threeFingerSwipeRight"));
+    record.send(SIGINT);
+    EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
+
+    EXPECT_THAT(fingersIn(file), testing::ElementsAre(2, 0, 3, 3, 3, 3, 3, 3, 0));
+}
+
+TEST_F(RecordTest, WithoutATouchpadItSaysSo) {
+    Process record({recordProgram(), "-o", file.string()});
+    EXPECT_EQ(record.waitForEnd(), 1);
+    EXPECT_THAT(record.errors(), HasSubstr("no touchpad"));
+    EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST_F(RecordTest, WithoutPermissionItSaysWhatToDo) {
+    const VirtualPad pad(ordinaryPad());
+    Process record({recordProgram()}, Process::User::nobody);
+    EXPECT_EQ(record.waitForEnd(), 1);
+    EXPECT_EQ(record.output(), "");
+    EXPECT_THAT(record.errors(), HasSubstr("permission"));
+    EXPECT_THAT(record.errors(), HasSubstr("udev"));
+}
+
+TEST_F(RecordTest, AFileThatCannotBeMadeIsNamed) {
+    const VirtualPad pad(ordinaryPad());
+    const std::string path = "/run/no such folder/touch.jsonl";
+    Process record({recordProgram(), "-o", path});
+    EXPECT_EQ(record.waitForEnd(), 1);
+    EXPECT_THAT(record.errors(), HasSubstr(path));
+}
+
+// A disk of its own that a handful of reports fills.
+class FullDisk {
+public:
+    explicit FullDisk(const std::filesystem::path& place) : folder(place) {
+        std::filesystem::create_directories(folder);
+        if (mount("none", folder.c_str(), "tmpfs", 0, "size=4k") != 0) {
+            ADD_FAILURE() << "no file system of a page";
+        }
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() { umount2(folder.c_str(), MNT_DETACH); }
+
+private:
+    std::filesystem::path folder;
+};
+
+TEST_F(RecordTest, AFullDiskEndsTheRecordingWithAMessage) {
+    const FullDisk disk(folder / "small");
+    const std::filesystem::path onSmallDisk = folder / "small" / "touch.jsonl";
+    VirtualPad pad(ordinaryPad());
+    Process record({recordProgram(), "-o", onSmallDisk.string()});
+    ASSERT_TRUE(record.waitUntilOpen(pad.node()));
+    // Swipes until the program has noticed: each is over before the next begins, and the next is written only when the
+    // program has named the one before or has given up.
+    pad.write(fingerDown(0, 7, 1000, 500));
+    for (std::int32_t step = 1; step <= 400; ++step) {
+        pad.write(fingerMove(0, 1000 + step, 500));
+    }
+    pad.write(fingerUp(0));
+    EXPECT_EQ(record.waitForEnd(), 1);
+    EXPECT_THAT(record.errors(), HasSubstr(onSmallDisk.string()));
+    EXPECT_THAT(record.errors(), HasSubstr("No space left on device"));
+}
+
+} // namespace
+} // namespace glidemap::vm

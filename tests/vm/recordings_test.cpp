@@ -1,0 +1,167 @@
+// Every recording of a real touchpad is played into the kernel and comes out of the driver as it
+// comes out of the program's own reading of the file.
+
+#include "driver_session.h"
+#include "recorded_pad.h"
+#include "recording/recording_reader.h"
+#include "recordings.h"
+#include "virtual_pad.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <ostream>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace glidemap::vm {
+namespace {
+
+struct Row {
+    const char* file;
+    std::size_t reports;  // 0: the driver does not take the device
+    std::size_t contacts; // different identifiers
+};
+
+std::ostream& operator<<(std::ostream& output, const Row& row) {
+    return output << row.file;
+}
+
+const Row rows[] = {
+    // Touch-sensitive pads that tell many fingers apart.
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger double-center-circle.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger double-center-scroll.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger double-tap-center.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger double-tap.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger double-top-swipe.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger single-center-circle.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger single-center-scroll.events", 1, 1},
+    {"tablets/Wacom Bamboo 16FG 4x5 Finger single-top-swipe.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger double-center-circle.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger double-center-scroll.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger double-tap-center.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger double-tap.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger double-top-swipe.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger single-center-circle.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger single-center-scroll.events", 1, 1},
+    {"tablets/Wacom Intuos5 touch M Finger single-top-swipe.events", 1, 1},
+    // A touch screen: its fingers point at what is below them.
+    {"tablets/Wacom ISDv4 E6 Finger.2fg-double-tap.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.2fg-tap.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.double-center-circle.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.double-center-scroll.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.double-tap-center.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.double-top-swipe.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.single-center-circle.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.single-center-scroll.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.single-tap-center.events", 0, 0},
+    {"tablets/Wacom ISDv4 E6 Finger.single-top-swipe.events", 0, 0},
+    // Pads that tell one position and no slots.
+    {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events", 0, 0},
+    {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events", 0, 0},
+    {"touchpads/SynPS2 Synaptics TouchPad-fdo23890.events", 0, 0},
+    // A pad that tells all fingers anew in each report, in no order.
+    {"touchpads/bcm5974.three-finger-click.events", 0, 0},
+    // Two slots or more; on the ALPS and Cypress ones, and on some Synaptics, a bounding box.
+    {"touchpads/AlpsPS2 ALPS GlidePoint.2-finger-tap.events", 1, 1},
+    {"touchpads/AlpsPS2 ALPS GlidePoint.double-tap.events", 1, 1},
+    {"touchpads/AlpsPS2 ALPS GlidePoint.right-edge-scroll.events", 1, 1},
+    {"touchpads/AlpsPS2 ALPS GlidePoint.single-tap.events", 1, 1},
+    {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad.events", 1, 1},
+    {"touchpads/CyPS2 Cypress Trackpad.three_finger_press.events", 1, 1},
+    {"touchpads/CyPS2 Cypress Trackpad.three_finger_tap.events", 1, 1},
+    {"touchpads/CyPS2 Cypress Trackpad.two_finger_press.events", 1, 1},
+    {"touchpads/CyPS2 Cypress Trackpad.two_finger_tap.events", 1, 1},
+    {"touchpads/ETPS2 Elantech Touchpad.Samsung-700Z3A.events", 1, 1},
+    {"touchpads/ETPS2 Elantech Touchpad.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad-with-scrollbuttons.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.button-rpress.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.fdo48777-reproducer.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.hp8470p.edge-scroll-horizontal.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.hp8470p.edge-scroll-vertical.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.hp8470p.two-finger-scroll-horizontal.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.hp8470p.two-finger-scroll-vertical.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.leftmove.events", 1, 1},
+    {"touchpads/SynPS2 Synaptics TouchPad.two-finger-vert-scroll.events", 1, 1},
+};
+
+std::vector<SeenContacts> reportsInFile(const std::filesystem::path& path) {
+    std::vector<SeenContacts> reports;
+    const auto reader = openRecordingFile(path, path.filename().string());
+    for (Record record; reader->next(record);) {
+        if (const auto* report = std::get_if<Report>(&record)) {
+            reports.push_back(seenContacts(report->touches));
+        }
+    }
+    if (reader->error()) {
+        ADD_FAILURE() << text(*reader->error());
+    }
+    return reports;
+}
+
+std::size_t contactsIn(const std::vector<SeenContacts>& reports) {
+    std::set<std::int32_t> identifiers;
+    for (const SeenContacts& report : reports) {
+        for (const SeenContact& contact : report) {
+            identifiers.insert(contact.identifier);
+        }
+    }
+    return identifiers.size();
+}
+
+// All of both would fill a book, so only the first difference is shown.
+void expectSameReports(const std::vector<SeenContacts>& fromKernel,
+                       const std::vector<SeenContacts>& fromFile) {
+    EXPECT_EQ(fromKernel.size(), fromFile.size());
+    for (std::size_t index = 0; index < std::min(fromKernel.size(), fromFile.size()); ++index) {
+        ASSERT_EQ(fromKernel[index], fromFile[index]) << "report " << index;
+    }
+}
+
+class RecordingTest : public testing::TestWithParam<Row> {};
+
+TEST_P(RecordingTest, MeansTheSameThroughTheKernelAsFromItsFile) {
+    GLIDEMAP_NEEDS_RECORDINGS();
+    const Row& row = GetParam();
+    const std::filesystem::path path = recordingsFolder() / row.file;
+    const RecordedPad recorded = readRecordedPad(path);
+    ASSERT_FALSE(recorded.frames.empty());
+
+    VirtualPad pad(recorded.shape);
+    ASSERT_TRUE(pad.isPlugged());
+    DriverSession session;
+    if (row.reports == 0) {
+        EXPECT_FALSE(session.isRunning());
+        EXPECT_EQ(session.loadError(), "未找到多点触摸设备");
+        EXPECT_EQ(session.unreadableTouchpads(), 0);
+        return;
+    }
+    ASSERT_TRUE(session.isRunning()) << session.loadError().value_or("");
+    session.play(pad, recorded.frames);
+
+    const auto seen = session.seen();
+    const auto reports = seen.reportsOf(session.settle(pad));
+    ASSERT_EQ(reports.size(), seen.reports.size());
+    expectSameReports(reports, reportsInFile(path));
+    EXPECT_EQ(reports.size(), row.reports);
+    EXPECT_EQ(contactsIn(reports), row.contacts);
+}
+
+INSTANTIATE_TEST_SUITE_P(Recordings, RecordingTest, testing::ValuesIn(rows),
+                         [](const auto& instance) { return testName(instance.param.file); });
+
+TEST(RecordingsTest, EachRecordingHasARow) {
+    GLIDEMAP_NEEDS_RECORDINGS();
+    std::set<std::string> named;
+    for (const Row& row : rows) {
+        named.insert(row.file);
+    }
+    EXPECT_EQ(named, recordingsEndingIn(".events"));
+}
+
+} // namespace
+} // namespace glidemap::vm
