@@ -1,0 +1,162 @@
+#include "kit/script.h"
+#include "made_tracks.h"
+#include "recognition/pinch_or_rotate.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace glidemap {
+namespace {
+
+using enum GestureType;
+using kit::justAbove;
+using kit::justBelow;
+using std::numbers::pi;
+
+// One finger stays at the origin, so that the other's place is what is measured between them.
+std::optional<GestureType> otherMoves(PadPoint from, PadPoint to) {
+    return pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({from, to}));
+}
+
+// Vertical distances are not stretched.
+std::optional<GestureType> distanceChanges(double from, double to) {
+    return otherMoves({0, from}, {0, to});
+}
+
+// A place at an angle on the pad as it is shaped.
+PadPoint polar(double radius, double angle) {
+    return {radius * std::cos(angle) / 1.35, radius * std::sin(angle)};
+}
+
+TEST(PinchOrRotateTest, FingersThatSpreadOrClosePinch) {
+    EXPECT_EQ(distanceChanges(0.2, 0.35), pinchOut);
+    EXPECT_EQ(distanceChanges(0.35, 0.2), pinchIn);
+    EXPECT_EQ(distanceChanges(0.2, 0.28), std::nullopt);
+    EXPECT_EQ(distanceChanges(0.2, 0.2), std::nullopt);
+}
+
+TEST(PinchOrRotateTest, TheOrderOfTheFingersDoesNotMatter) {
+    const Track still = trackThrough({{0.5, 0.5}});
+    const Track moving = trackThrough({{0.5, 0.7}, {0.5, 0.95}});
+    EXPECT_EQ(pinchOrRotateOf(still, moving), pinchOut);
+    EXPECT_EQ(pinchOrRotateOf(moving, still), pinchOut);
+    const Track turning = trackThrough({{0.5, 0.7}, {0.36, 0.5}});
+    EXPECT_EQ(pinchOrRotateOf(still, turning), rotateCounterclockwise);
+    EXPECT_EQ(pinchOrRotateOf(turning, still), rotateCounterclockwise);
+}
+
+TEST(PinchOrRotateTest, FingersOnTopOfEachOtherAreNoPair) {
+    EXPECT_EQ(distanceChanges(0, 0.5), std::nullopt);
+    EXPECT_EQ(distanceChanges(justBelow(0.02), 0.5), std::nullopt);
+    EXPECT_EQ(distanceChanges(0.02, 0.5), std::nullopt);
+    EXPECT_EQ(distanceChanges(justAbove(0.02), 0.5), pinchOut);
+}
+
+TEST(PinchOrRotateTest, APinchChangesTheDistanceByAtLeastPointTwelve) {
+    ASSERT_EQ(0.245 - 0.125, 0.12);
+    EXPECT_EQ(distanceChanges(0.125, justBelow(0.245)), std::nullopt);
+    EXPECT_EQ(distanceChanges(0.125, 0.245), pinchOut);
+    EXPECT_EQ(distanceChanges(0.125, justAbove(0.245)), pinchOut);
+    EXPECT_EQ(distanceChanges(justBelow(0.245), 0.125), std::nullopt);
+    EXPECT_EQ(distanceChanges(0.245, 0.125), pinchIn);
+    EXPECT_EQ(distanceChanges(justAbove(0.245), 0.125), pinchIn);
+}
+
+TEST(PinchOrRotateTest, ASpreadReachesOnePointFourFiveTimesTheDistance) {
+    ASSERT_EQ(0.725 / 0.5, 1.45);
+    EXPECT_EQ(distanceChanges(0.5, justBelow(0.725)), std::nullopt);
+    EXPECT_EQ(distanceChanges(0.5, 0.725), pinchOut);
+    EXPECT_EQ(distanceChanges(0.5, justAbove(0.725)), pinchOut);
+}
+
+TEST(PinchOrRotateTest, AClosingReachesPointSevenOfTheDistance) {
+    ASSERT_EQ(0.35 / 0.5, 0.7);
+    EXPECT_EQ(distanceChanges(0.5, justAbove(0.35)), std::nullopt);
+    EXPECT_EQ(distanceChanges(0.5, 0.35), pinchIn);
+    EXPECT_EQ(distanceChanges(0.5, justBelow(0.35)), pinchIn);
+}
+
+TEST(PinchOrRotateTest, DistancesAreMeasuredOnThePadAsItIsShaped) {
+    // 0.1 across the pad is 0.135 of its height: the change reaches 0.12 only when stretched.
+    EXPECT_EQ(otherMoves({0.1, 0}, {0.195, 0}), pinchOut);
+    EXPECT_EQ(otherMoves({0, 0.1}, {0, 0.195}), std::nullopt);
+}
+
+TEST(PinchOrRotateTest, APairThatTurnsRotates) {
+    EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 1.2)), rotateCounterclockwise);
+    EXPECT_EQ(otherMoves(polar(0.3, 1.2), polar(0.3, 0.2)), rotateClockwise);
+    EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 0.8)), std::nullopt);
+}
+
+TEST(PinchOrRotateTest, AVerticalPairThatSpreadsALittleAndTurnsRotates) {
+    EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.8)), rotateCounterclockwise);
+    EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 - 0.8)), rotateClockwise);
+    EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.6)), std::nullopt);
+}
+
+TEST(PinchOrRotateTest, ARotationTurnsByAtLeastPointSevenRadians) {
+    // A turn from straight right; its angle is what the library measures.
+    const auto turn = [](double y) {
+        return std::atan2(y, 0.2 * 1.35);
+    };
+    for (const double sign : {1.0, -1.0}) {
+        const auto gesture = sign > 0 ? rotateCounterclockwise : rotateClockwise;
+        const auto rotates = [&](double y) {
+            return otherMoves({0.2, 0}, {0.2, sign * y}).has_value();
+        };
+        const auto [below, reached] = turningPoint(0.1, 0.25, rotates);
+        EXPECT_LT(turn(below), 0.7);
+        EXPECT_GE(turn(reached), 0.7);
+        EXPECT_EQ(reached, justAbove(below));
+        EXPECT_EQ(otherMoves({0.2, 0}, {0.2, sign * below}), std::nullopt);
+        EXPECT_EQ(otherMoves({0.2, 0}, {0.2, sign * reached}), gesture);
+    }
+}
+
+TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThanPointTwelve) {
+    // From straight up to straight left, so that neither distance is rounded.
+    const auto quarterTurn = [](double from, double to) {
+        return otherMoves({0, from}, {-to / 1.35, 0});
+    };
+    ASSERT_EQ(0.62 / 1.35 * 1.35 - 0.5, 0.12);
+    EXPECT_EQ(quarterTurn(0.5, 0.61), rotateCounterclockwise);
+    EXPECT_EQ(quarterTurn(0.5, 0.62 - 1e-15), rotateCounterclockwise);
+    EXPECT_EQ(quarterTurn(0.5, 0.62), std::nullopt); // too much to rotate, too little to pinch
+    EXPECT_EQ(quarterTurn(0.5, 0.63), std::nullopt);
+    EXPECT_EQ(quarterTurn(0.5, 0.39), rotateCounterclockwise);
+    EXPECT_EQ(quarterTurn(0.5, 0.37), std::nullopt);
+    EXPECT_EQ(quarterTurn(0.25, 0.36), rotateCounterclockwise);
+    EXPECT_EQ(quarterTurn(0.25, 0.38), pinchOut); // as far in proportion as a pinch goes
+}
+
+TEST(PinchOrRotateTest, ATurnGoesTheShortWayRound) {
+    const double degree = pi / 180;
+    EXPECT_EQ(otherMoves(polar(0.3, 150 * degree), polar(0.3, -150 * degree)),
+              rotateCounterclockwise);
+    EXPECT_EQ(otherMoves(polar(0.3, -150 * degree), polar(0.3, 150 * degree)), rotateClockwise);
+    EXPECT_EQ(otherMoves(polar(0.3, 170 * degree), polar(0.3, -170 * degree)), std::nullopt);
+    EXPECT_EQ(otherMoves(polar(0.3, 100 * degree), polar(0.3, -100 * degree)),
+              rotateCounterclockwise); // 160 degrees, not 200 the other way
+}
+
+TEST(PinchOrRotateTest, APinchThatTurnsIsAPinch) {
+    EXPECT_EQ(otherMoves(polar(0.2, 0), polar(0.4, 1)), pinchOut);
+    EXPECT_EQ(otherMoves(polar(0.4, 0), polar(0.2, 1)), pinchIn);
+}
+
+TEST(PinchOrRotateTest, WhereTheFingersEndCountsNotTheWay) {
+    EXPECT_EQ(pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({{0, 0.2}, {0, 0.9}, {0, 0.2}})),
+              std::nullopt);
+}
+
+TEST(PinchOrRotateTest, WhatIsNoNumberIsNeither) {
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(otherMoves({0, nan}, {0, 0.5}), std::nullopt);
+    EXPECT_EQ(otherMoves({0, 0.5}, {nan, 0.5}), std::nullopt);
+}
+
+} // namespace
+} // namespace glidemap
