@@ -11,7 +11,7 @@ class Deadline {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Deadline(std::chrono::seconds patience = std::chrono::seconds(20))
+    explicit Deadline(std::chrono::seconds patience = std::chrono::seconds(10))
         : end(Clock::now() + patience) {}
 
     Clock::time_point time() const { return end; }

@@ -132,10 +132,9 @@ driver::Device DriverSession::settle(VirtualPad& pad) {
         const std::lock_guard lock(mutex);
         before = everything.buttons.size();
     }
-    const bool down = !pad.markerIsDown();
-    pad.pressMarker(down);
-    const auto isMarker = [down](const SeenButton& button) {
-        return button.button == markerButton && button.down == down;
+    pad.clickMarker();
+    const auto isMarker = [](const SeenButton& button) {
+        return button.button == markerButton && !button.down;
     };
     driver::Device device = nullptr;
     waitUntil("the pad's marker button", [&](const Seen& all) {

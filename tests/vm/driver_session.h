@@ -79,8 +79,8 @@ public:
     Seen seen() const;
     void forget();
 
-    // Waits until the driver has reported everything that was written to the pad so far: presses or
-    // releases the pad's marker button and waits to hear of it. Answers the pad's device.
+    // Waits until the driver has reported everything that was written to the pad so far: clicks the
+    // pad's marker button and waits to hear of it. Answers the pad's device.
     driver::Device settle(VirtualPad& pad);
 
     // Plays frames at the speed at which the driver takes them, so that none are lost.

@@ -67,7 +67,7 @@ TEST(IdleTest, NothingWakesTheDriverWhileNothingTouches) {
     waitUntilAllSleep(session.threads());
 
     const auto before = sleeps(session.threads());
-    workWith(busy, 20000);
+    workWith(busy, 50000);
     EXPECT_EQ(sleeps(session.threads()), before);
 
     // The same count does see the driver wake.

@@ -1,14 +1,13 @@
-// glidemap-record with pads that a kernel really has: what it writes, what it prints, and how it ends.
+// glidemap-record with pads that a kernel really has: what it writes, what it prints, and how it
+// ends.
 
 #include "ordinary_pad.h"
 #include "process.h"
-#include "virtual_pad.h"
-
 #include "recording/recording_reader.h"
+#include "virtual_pad.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
 #include <sys/mount.h>
 
 #include <algorithm>
@@ -31,7 +30,9 @@ const std::filesystem::path folder = "/run/glidemap-record-test";
 // Where everybody may run it, even if the build is in a private folder.
 const std::filesystem::path installed = "/run/glidemap-record-installed";
 
-std::string recordProgram() { return installed / "bin" / "glidemap-record"; }
+std::string recordProgram() {
+    return installed / "bin" / "glidemap-record";
+}
 
 void copyInto(const std::filesystem::path& file, const std::filesystem::path& into) {
     std::filesystem::create_directories(into);
@@ -59,8 +60,8 @@ void twoFingerTap(VirtualPad& pad) {
 // Faster than any hand, but nothing asks how slow a swipe must be.
 void threeFingerSwipeRight(VirtualPad& pad) {
     constexpr std::int32_t step = 300;
-    pad.write(together({fingerDown(0, 7, 500, 900), fingerDown(1, 8, 900, 800),
-                        fingerDown(2, 9, 1300, 900)}));
+    pad.write(together(
+        {fingerDown(0, 7, 500, 900), fingerDown(1, 8, 900, 800), fingerDown(2, 9, 1300, 900)}));
     for (std::int32_t x = step; x <= 5 * step; x += step) {
         pad.write(together({fingerMove(0, 500 + x, 900), fingerMove(1, 900 + x, 800),
                             fingerMove(2, 1300 + x, 900)}));
@@ -150,8 +151,7 @@ TEST_F(RecordTest, AButtonIsRecorded) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilOpen(pad.node()));
-    pad.pressMarker(true);
-    pad.pressMarker(false);
+    pad.clickMarker();
     twoFingerTap(pad); // so that it is known when the button has been read
     EXPECT_TRUE(record.waitForOutput("twoFingerTap"));
     record.send(SIGTERM);
@@ -231,8 +231,8 @@ TEST_F(RecordTest, AFullDiskEndsTheRecordingWithAMessage) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", onSmallDisk.string()});
     ASSERT_TRUE(record.waitUntilOpen(pad.node()));
-    // Swipes until the program has noticed: each is over before the next begins, and the next is written only when the
-    // program has named the one before or has given up.
+    // Swipes until the program has noticed: each is over before the next begins, and the next is
+    // written only when the program has named the one before or has given up.
     pad.write(fingerDown(0, 7, 1000, 500));
     for (std::int32_t step = 1; step <= 400; ++step) {
         pad.write(fingerMove(0, 1000 + step, 500));

@@ -158,12 +158,11 @@ void VirtualPad::unplug() {
         close(descriptor); // the kernel destroys the device with its last descriptor
     }
     descriptor = -1;
-    markerDown = false;
 }
 
-void VirtualPad::pressMarker(bool down) {
-    write({{EV_KEY, markerKey, down ? 1 : 0}});
-    markerDown = down;
+void VirtualPad::clickMarker() {
+    write({{EV_KEY, markerKey, 1}});
+    write({{EV_KEY, markerKey, 0}});
 }
 
 void VirtualPad::write(const EventFrame& frame) {

@@ -28,10 +28,9 @@ public:
     // The events and a synchronisation, handed over in one piece.
     void write(const EventFrame& frame);
 
-    // Presses or releases a button that every pad has and no recording uses: a reader that has
+    // Presses and releases a button that every pad has and no recording uses: a reader that has
     // heard of it has read everything before it.
-    void pressMarker(bool down);
-    bool markerIsDown() const { return markerDown; }
+    void clickMarker();
 
     void unplug();
     void plugIn();
@@ -47,7 +46,6 @@ private:
     std::string port;
     int descriptor = -1;
     std::filesystem::path _node;
-    bool markerDown = false;
 };
 
 } // namespace glidemap::vm
