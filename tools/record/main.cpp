@@ -17,12 +17,12 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <variant>
 
 namespace glidemap::record {
@@ -34,6 +34,10 @@ int complain(const std::string& message) {
     const bool ended = message.ends_with('\n');
     std::fprintf(stderr, "glidemap-record: %s%s", message.c_str(), ended ? "" : "\n");
     return failure;
+}
+
+std::string reason(int errorNumber) {
+    return std::generic_category().message(errorNumber);
 }
 
 // One line as glidemap-replay prints it. Gestures come from two threads; a line is one write.
@@ -76,7 +80,7 @@ int record(const Options& options) {
     if (options.file.has_value()) {
         file.open(place, std::ios::binary | std::ios::trunc);
         if (!file) {
-            return complain("cannot write " + place + ": " + std::strerror(errno));
+            return complain("cannot write " + place + ": " + reason(errno));
         }
     }
     Recorder recorder(options.file.has_value() ? file : std::cout, touchpads.names(),
@@ -90,7 +94,7 @@ int record(const Options& options) {
     recorder.finish();
     return recorder.error() == 0
                ? success
-               : complain("cannot write " + place + ": " + std::strerror(recorder.error()));
+               : complain("cannot write " + place + ": " + reason(recorder.error()));
 }
 
 int run(int count, char** arguments) {

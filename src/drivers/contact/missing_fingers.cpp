@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace glidemap {
 
@@ -46,7 +47,7 @@ const MTTouch& chooseAnchor(std::span<const MTTouch> contacts, std::size_t turn)
 
 } // namespace
 
-MissingFingers::MissingFingers(const PadDescription& description) : pad(description) {
+MissingFingers::MissingFingers(PadDescription description) : pad(std::move(description)) {
     standIns.reserve(mostFingers);
 }
 

@@ -28,7 +28,7 @@ public:
     // No pad announces more fingers than this.
     static constexpr std::size_t mostFingers = 5;
 
-    explicit MissingFingers(const PadDescription& pad);
+    explicit MissingFingers(PadDescription description);
 
     std::size_t count() const { return standIns.size(); }
 

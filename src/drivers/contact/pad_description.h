@@ -1,7 +1,8 @@
-// What must be known of a touchpad to turn its slots into contacts: read from the device itself by the evdev driver, or
-// from the head of a recording.
+// What must be known of a touchpad to turn its slots into contacts: read from the device itself by
+// the evdev driver, or from the head of a recording.
 //
-// Units:   axis values in the device's own units; resolutions in units per millimetre, 0 where unknown.
+// Units:   axis values in the device's own units; resolutions in units per millimetre, 0 where
+// unknown.
 #pragma once
 
 #include <cstdint>

@@ -11,6 +11,8 @@
 #include "input/touch_driver.h"
 
 #include <memory>
+#include <mutex>
+#include <utility>
 #include <vector>
 
 #define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
@@ -26,9 +28,12 @@ TouchpadDriver& touchpads() {
     return *driver;
 }
 
-std::vector<std::unique_ptr<const List>>& lists() {
+driver::DeviceList keep(std::unique_ptr<const List> list) {
+    static std::mutex mutex;
     static auto* lists = new std::vector<std::unique_ptr<const List>>;
-    return *lists;
+    const std::lock_guard lock(mutex);
+    lists->push_back(std::move(list));
+    return lists->back().get();
 }
 
 // For want of memory or of a thread: the call then does nothing.
@@ -44,11 +49,8 @@ void withoutExceptions(Function function) noexcept {
 
 GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
     driver::DeviceList result = nullptr;
-    withoutExceptions([&result] {
-        auto list = std::make_unique<const List>(touchpads().createList());
-        result = list.get();
-        lists().push_back(std::move(list));
-    });
+    withoutExceptions(
+        [&result] { result = keep(std::make_unique<const List>(touchpads().createList())); });
     return result;
 }
 

@@ -5,6 +5,7 @@
 #include <sys/ioctl.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <ctime>
@@ -81,13 +82,13 @@ void EvdevPad::describe() {
 // no finger is. Fingers that rest on the pad already count: a click with three fingers is one with
 // three even if they came before the program.
 void EvdevPad::recallState() {
-    static constexpr std::uint16_t slotAxes[] = {
-        ABS_MT_POSITION_X,  ABS_MT_POSITION_Y,  ABS_MT_PRESSURE,
-        ABS_MT_TOUCH_MAJOR, ABS_MT_TOUCH_MINOR, ABS_MT_ORIENTATION,
-        ABS_MT_DISTANCE,    ABS_MT_TOOL_TYPE,   ABS_MT_TRACKING_ID};
-    static constexpr std::uint16_t keys[] = {
-        BTN_TOOL_FINGER,   BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
-        BTN_TOOL_QUINTTAP, BTN_LEFT,           BTN_RIGHT,          BTN_MIDDLE};
+    static constexpr auto slotAxes =
+        std::to_array<std::uint16_t>({ABS_MT_POSITION_X, ABS_MT_POSITION_Y, ABS_MT_PRESSURE,
+                                      ABS_MT_TOUCH_MAJOR, ABS_MT_TOUCH_MINOR, ABS_MT_ORIENTATION,
+                                      ABS_MT_DISTANCE, ABS_MT_TOOL_TYPE, ABS_MT_TRACKING_ID});
+    static constexpr auto keys = std::to_array<std::uint16_t>(
+        {BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
+         BTN_TOOL_QUINTTAP, BTN_LEFT, BTN_RIGHT, BTN_MIDDLE});
     const double now = monotonicNow();
     for (int slot = 0; slot < pad.slotCount; ++slot) {
         recall(EV_ABS, ABS_MT_SLOT, slot, now);

@@ -251,7 +251,8 @@ void TouchpadDriver::read(Touchpad& touchpad) {
 }
 
 void TouchpadDriver::readFresh() {
-    for (std::size_t index = 0; index < touchpads.size(); ++index) { // a callback may add some
+    // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
+    for (std::size_t index = 0; index < touchpads.size(); ++index) {
         const PadConnection* connection = touchpads[index]->connected();
         if (connection != nullptr && connection->fresh) {
             read(*touchpads[index]);

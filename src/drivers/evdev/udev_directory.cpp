@@ -92,6 +92,7 @@ std::vector<PadCandidate> UdevDirectory::candidates() {
     // In the order in which the kernel numbers them, so that the list is the same every time.
     std::ranges::sort(found, {}, &NumberedCandidate::number);
     std::vector<PadCandidate> result;
+    result.reserve(found.size());
     for (NumberedCandidate& each : found) {
         result.push_back(std::move(each.candidate));
     }

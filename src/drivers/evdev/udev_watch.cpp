@@ -1,6 +1,9 @@
 #include "drivers/evdev/udev_watch.h"
 
 #include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
 
 namespace glidemap {
 
@@ -40,8 +43,8 @@ void UdevWatch::acknowledge() {
             break;
         }
     }
-    alignas(inotify_event) char events[4096];
-    while (nodeChanges.isOpen() && read(nodeChanges.get(), events, sizeof events) > 0) {
+    alignas(inotify_event) std::array<char, 4096> events;
+    while (nodeChanges.isOpen() && read(nodeChanges.get(), events.data(), events.size()) > 0) {
     }
     watchNodes();
 }
