@@ -1,0 +1,179 @@
+#include "drivers/replay/playing_device.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace glidemap::replay {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// An ordinary interval between two reports of a pad: when fingers that a recording leaves on it are
+// lifted.
+constexpr double reportInterval = 0.008;
+
+// Longer than any gesture waits for its second half, so that the end of a pass and the beginning of
+// the next are not taken for one gesture.
+constexpr double pauseBetweenPasses = 1;
+
+// A recording's times may be anything. This is longer than anybody waits, and the clock can still
+// express it.
+constexpr double longestPlaying = 1e9;
+
+double seconds(Clock::time_point time) {
+    return std::chrono::duration<double>(time.time_since_epoch()).count();
+}
+
+Clock::duration clockDuration(double duration) {
+    return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(duration));
+}
+
+} // namespace
+
+// One playing, from start to stop.
+class PlayingDevice::Run : public std::enable_shared_from_this<Run> {
+public:
+    explicit Run(PlayingDevice& played) : device(played) {}
+
+    void begin() {
+        thread = std::thread([self = shared_from_this()] { self->play(); });
+    }
+
+    void end();
+
+private:
+    void play();
+    bool playPass();
+    void deliver(const Record& record);
+    bool letGo();
+    void advance(double interval);
+    bool waitUntilDue();
+    double timestamp() const { return seconds(startTime) + elapsed; }
+
+    PlayingDevice& device;
+    const Clock::time_point startTime = Clock::now();
+    double elapsed = 0; // since the start, of what is to be delivered next
+    bool isTouching = false;
+    std::vector<std::int32_t> heldButtons;
+    std::vector<MTTouch> touches;
+    std::thread thread;
+
+    std::mutex mutex;
+    std::condition_variable wake;
+    bool ended = false;
+};
+
+void PlayingDevice::Run::end() {
+    {
+        const std::lock_guard lock(mutex);
+        ended = true;
+    }
+    wake.notify_all();
+    if (thread.get_id() == std::this_thread::get_id()) {
+        thread.detach(); // it ends when the callback that stopped the device returns
+    } else {
+        thread.join();
+    }
+}
+
+void PlayingDevice::Run::play() {
+    if (device.records.empty()) {
+        return;
+    }
+    while (playPass() && device.repetition == Repetition::forever) {
+        advance(pauseBetweenPasses);
+    }
+}
+
+// Answers whether the pass came to its end.
+bool PlayingDevice::Run::playPass() {
+    double last = timeOf(device.records.front());
+    for (const Record& record : device.records) {
+        advance(timeOf(record) - std::exchange(last, timeOf(record)));
+        if (!waitUntilDue()) {
+            return false;
+        }
+        const Gate gate = device.closeGate();
+        if (device.current.get() != this) {
+            return false;
+        }
+        deliver(record);
+    }
+    return letGo();
+}
+
+void PlayingDevice::Run::advance(double interval) {
+    elapsed = std::min(elapsed + std::max(interval, 0.0), longestPlaying);
+}
+
+bool PlayingDevice::Run::waitUntilDue() {
+    std::unique_lock lock(mutex);
+    return !wake.wait_until(lock, startTime + clockDuration(elapsed), [this] { return ended; });
+}
+
+void PlayingDevice::Run::deliver(const Record& record) {
+    if (const auto* report = std::get_if<Report>(&record)) {
+        touches = report->touches;
+        for (MTTouch& touch : touches) {
+            touch.timestamp = timestamp();
+        }
+        isTouching = !touches.empty();
+        device.report(isTouching ? touches.data() : nullptr,
+                      static_cast<std::int32_t>(touches.size()), timestamp());
+    } else if (const auto* change = std::get_if<ButtonRecord>(&record)) {
+        std::erase(heldButtons, change->button);
+        if (change->down) {
+            heldButtons.push_back(change->button);
+        }
+        device.reportButton(change->button, change->down, timestamp());
+    }
+}
+
+// A pass leaves nothing on the pad and no button down.
+bool PlayingDevice::Run::letGo() {
+    if (!isTouching && heldButtons.empty()) {
+        return true;
+    }
+    advance(reportInterval);
+    if (!waitUntilDue()) {
+        return false;
+    }
+    const Gate gate = device.closeGate();
+    if (isTouching && device.current.get() == this) {
+        deliver(Report{});
+    }
+    while (!heldButtons.empty() && device.current.get() == this) {
+        deliver(ButtonRecord{0, heldButtons.back(), false});
+    }
+    return device.current.get() == this;
+}
+
+PlayingDevice::PlayingDevice(std::vector<Record> recorded, Repetition howOften)
+    : records(std::move(recorded)), repetition(howOften) {}
+
+void PlayingDevice::start() {
+    const Gate gate = closeGate(); // nothing is delivered before the run knows its own thread
+    if (current == nullptr) {
+        current = std::make_shared<Run>(*this);
+        current->begin();
+    }
+}
+
+void PlayingDevice::stop() {
+    std::shared_ptr<Run> stopped;
+    {
+        const Gate gate = closeGate(); // waits for a callback that is under way
+        stopped = std::exchange(current, nullptr);
+    }
+    if (stopped != nullptr) {
+        stopped->end();
+    }
+}
+
+} // namespace glidemap::replay

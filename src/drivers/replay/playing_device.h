@@ -1,0 +1,43 @@
+// Plays a recording in real time, as if its fingers were on a pad now.
+//
+//   one pass:  first record ──▶ … ──▶ last record ──▶ whatever is still held is let go
+//   looping:   pass ── a pause ──▶ pass ── a pause ──▶ …
+//
+// Units:   timestamps are seconds of the steady clock: the start of playing plus the time since the
+// first record. They
+//          never go backwards, even where the recording's do.
+// Thread:  one for each time it is started; callbacks are called on it.
+// Errors:  none.
+#pragma once
+
+#include "drivers/replay/replay_device.h"
+#include "recording/record.h"
+
+#include <memory>
+#include <vector>
+
+namespace glidemap::replay {
+
+enum class Repetition {
+    once,
+    forever,
+};
+
+class PlayingDevice : public ReplayDevice {
+public:
+    PlayingDevice(std::vector<Record> records, Repetition repetition);
+
+    // Plays from the first record. Does nothing while it plays, or has played to the end and was
+    // not stopped.
+    void start() override;
+    void stop() override;
+
+private:
+    class Run;
+
+    std::vector<Record> records;
+    Repetition repetition;
+    std::shared_ptr<Run> current; // guarded by the gate; null while stopped
+};
+
+} // namespace glidemap::replay

@@ -1,0 +1,98 @@
+// The symbols of the replay driver (see input/touch_driver.h).
+#include "drivers/replay/pushed_device.h"
+#include "drivers/replay/recording_in_environment.h"
+#include "input/touch_driver.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace glidemap;
+using replay::PushedDevice;
+using replay::ReplayDevice;
+
+using List = std::vector<std::unique_ptr<ReplayDevice>>;
+
+// Lists and devices are valid until the process ends, even while it ends: nothing of this is ever
+// destroyed.
+std::vector<std::unique_ptr<List>>& lists() {
+    static auto& instance = *new std::vector<std::unique_ptr<List>>();
+    return instance;
+}
+
+bool pushingEnabled = false;
+
+std::atomic<PushedDevice*> pushedDevice = nullptr; // of the newest list
+
+std::unique_ptr<ReplayDevice> makeDevice() {
+    if (!pushingEnabled) {
+        return replay::deviceFromEnvironment();
+    }
+    auto device = std::make_unique<PushedDevice>();
+    pushedDevice = device.get();
+    return device;
+}
+
+ReplayDevice* replayDevice(driver::Device device) {
+    return static_cast<ReplayDevice*>(device);
+}
+
+} // namespace
+
+#define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
+
+GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
+    auto list = std::make_unique<List>();
+    if (auto device = makeDevice()) {
+        list->push_back(std::move(device));
+    }
+    return lists().emplace_back(std::move(list)).get();
+}
+
+GLIDEMAP_EXPORT long GlidemapDeviceListCount(driver::DeviceList list) {
+    return list != nullptr ? static_cast<long>(static_cast<const List*>(list)->size()) : 0;
+}
+
+GLIDEMAP_EXPORT const void* GlidemapDeviceListValueAtIndex(driver::DeviceList list, long index) {
+    if (index < 0 || index >= GlidemapDeviceListCount(list)) {
+        return nullptr;
+    }
+    return (*static_cast<const List*>(list))[static_cast<std::size_t>(index)].get();
+}
+
+GLIDEMAP_EXPORT void MTRegisterContactFrameCallback(driver::Device device,
+                                                    driver::ContactCallback callback) {
+    replayDevice(device)->registerCallback(callback);
+}
+
+GLIDEMAP_EXPORT void MTUnregisterContactFrameCallback(driver::Device device,
+                                                      driver::ContactCallback callback) {
+    replayDevice(device)->unregisterCallback(callback);
+}
+
+GLIDEMAP_EXPORT void MTDeviceStart(driver::Device device, std::int32_t /*mode*/) {
+    replayDevice(device)->start();
+}
+
+GLIDEMAP_EXPORT void MTDeviceStop(driver::Device device) {
+    replayDevice(device)->stop();
+}
+
+GLIDEMAP_EXPORT void GlidemapSetButtonCallback(driver::ButtonCallback callback) {
+    ReplayDevice::setButtonCallback(callback);
+}
+
+GLIDEMAP_EXPORT void GlidemapReplayEnablePushing() {
+    pushingEnabled = true;
+}
+
+GLIDEMAP_EXPORT void GlidemapReplayPush(const MTTouch* records, std::int32_t count,
+                                        double timestamp) {
+    if (PushedDevice* device = pushedDevice) {
+        device->push(records, count, timestamp);
+    }
+}
