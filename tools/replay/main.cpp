@@ -1,0 +1,66 @@
+// glidemap-replay: recognises the gestures in touch recordings, or in performances of its own.
+
+#include "demonstration.h"
+#include "options.h"
+#include "printer.h"
+#include "replay_driver.h"
+#include "replay_files.h"
+#include "statistics.h"
+
+#include <cstdio>
+#include <iostream>
+#include <variant>
+
+namespace glidemap::replay {
+
+namespace {
+
+int exitCode(Status status) {
+    return static_cast<int>(status);
+}
+
+int complain(const std::string& message, Status status) {
+    std::fprintf(stderr, "glidemap-replay: %s\n", message.c_str());
+    return exitCode(status);
+}
+
+Status playAll(const Options& options, ReplayDriver& driver) {
+    Printer printer(options.json ? Printer::Form::json : Printer::Form::text);
+    Statistics statistics;
+    const Status status = options.demonstrate ? demonstrate(options, driver, printer, statistics)
+                                              : replayFiles(options, driver, printer, statistics);
+    if (options.stats) {
+        std::fputs(statistics.text().c_str(), stderr);
+    }
+    return status;
+}
+
+int run(const Options& options) {
+    ReplayDriver driver;
+    if (const auto error = driver.error()) {
+        return complain("the replay driver cannot be used: " + *error, Status::failure);
+    }
+    const Status status = playAll(options, driver);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        return complain("standard output cannot be written", Status::failure);
+    }
+    return exitCode(status);
+}
+
+} // namespace
+
+} // namespace glidemap::replay
+
+int main(int count, char** arguments) {
+    using namespace glidemap::replay;
+    std::ios::sync_with_stdio(false); // standard input is read by one stream only
+    const auto parsed = parseOptions(count, arguments);
+    if (std::holds_alternative<HelpRequest>(parsed)) {
+        std::fputs(helpText, stdout);
+        return exitCode(Status::success);
+    }
+    if (const auto* error = std::get_if<UsageError>(&parsed)) {
+        return complain(error->message + " (--help explains)", Status::badInput);
+    }
+    return run(std::get<Options>(parsed));
+}

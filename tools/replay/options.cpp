@@ -1,0 +1,154 @@
+#include "options.h"
+
+#include <getopt.h>
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+namespace glidemap::replay {
+
+const char* const helpText =
+    R"(Recognises the gestures in touch recordings, through the same driver interface, device manager,
+engine and recognizer as live touches, and prints each in order.
+
+  glidemap-replay [OPTION]... FILE...
+  glidemap-replay --demonstrate [--seed N] [--json] [--real-time] [--stats]
+
+FILE is a recording by glidemap-record (JSON Lines), evemu or `libinput record`; - is standard
+input. Several files are independent runs, each preceded by its name.
+
+  --double-tap COUNT  act as if a double tap of COUNT fingers (2, 3 or 4) were bound: single taps of
+                      that count are held back until no second one can follow; may be repeated
+  --json              one JSON object a line:
+                        {"t":12.345,"gesture":"twoFingerTap","delivered":true}
+                      delivered is false for a gesture that came within 0.25 s of the one before;
+                      several files are each preceded by {"file":"NAME"}
+  --real-time         as fast as it was recorded, not as fast as possible
+  --stats             in the end, print figures of the run to standard error
+  --demonstrate       perform each of the 44 gestures that contacts alone can make, as a hand would,
+                      and print what was recognised
+  --seed N            another way to perform them (1)
+  --help              print this
+
+Exit status: 0 when every recording was read to its end and, with --demonstrate, every performance was
+recognised as what it was meant to be and as nothing else; 1 when it was not, or the touch driver
+cannot be used, or output cannot be written; 2 for a recording that is missing or malformed and for a
+wrong command line.
+)";
+
+namespace {
+
+constexpr option longOptions[] = {
+    {"double-tap", required_argument, nullptr, 'd'},
+    {"json", no_argument, nullptr, 'j'},
+    {"real-time", no_argument, nullptr, 'r'},
+    {"stats", no_argument, nullptr, 's'},
+    {"demonstrate", no_argument, nullptr, 'm'},
+    {"seed", required_argument, nullptr, 'n'},
+    {"help", no_argument, nullptr, 'h'},
+    {nullptr, 0, nullptr, 0},
+};
+
+template <typename Number>
+std::optional<Number> number(std::string_view text) {
+    Number value{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool isWhole = error == std::errc() && end == text.data() + text.size();
+    return isWhole ? std::optional(value) : std::nullopt;
+}
+
+std::optional<UsageError> addDoubleTap(Options& options, std::string_view text) {
+    const auto count = number<int>(text);
+    if (!count || *count < 2 || *count > 4) {
+        return UsageError{"--double-tap takes 2, 3 or 4, not \"" + std::string(text) + "\""};
+    }
+    options.boundDoubleTaps.insert(*count);
+    return std::nullopt;
+}
+
+std::optional<UsageError> setSeed(Options& options, std::string_view text) {
+    const auto seed = number<std::uint64_t>(text);
+    if (!seed) {
+        return UsageError{"--seed takes a whole number, not \"" + std::string(text) + "\""};
+    }
+    options.seed = *seed;
+    return std::nullopt;
+}
+
+std::optional<UsageError> check(const Options& options, bool hasSeed) {
+    if (options.demonstrate && !options.files.empty()) {
+        return UsageError{"--demonstrate plays no files"};
+    }
+    if (options.demonstrate && !options.boundDoubleTaps.empty()) {
+        return UsageError{"--demonstrate binds double taps by itself"};
+    }
+    if (hasSeed && !options.demonstrate) {
+        return UsageError{"--seed goes with --demonstrate"};
+    }
+    if (!options.demonstrate && options.files.empty()) {
+        return UsageError{"no recording named"};
+    }
+    return std::nullopt;
+}
+
+bool isOurs(int letter) {
+    return std::any_of(std::begin(longOptions), std::end(longOptions),
+                       [letter](const option& known) { return known.val == letter; });
+}
+
+std::string notUnderstood(int result, char** arguments) {
+    if (result == '?' && optopt != 0 && !isOurs(optopt)) {
+        return std::string("there is no option -") + static_cast<char>(optopt);
+    }
+    const std::string argument = arguments[optind - 1]; // getopt has just stepped past it
+    return result == ':' ? argument + " needs a value" : "cannot make sense of " + argument;
+}
+
+} // namespace
+
+std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** arguments) {
+    Options options;
+    bool hasSeed = false;
+    std::optional<UsageError> error;
+    opterr = 0; // the messages are ours
+    int result = 0;
+    while (!error && (result = getopt_long(count, arguments, ":", longOptions, nullptr)) != -1) {
+        switch (result) {
+        case 'd':
+            error = addDoubleTap(options, optarg);
+            break;
+        case 'j':
+            options.json = true;
+            break;
+        case 'r':
+            options.realTime = true;
+            break;
+        case 's':
+            options.stats = true;
+            break;
+        case 'm':
+            options.demonstrate = true;
+            break;
+        case 'n':
+            hasSeed = true;
+            error = setSeed(options, optarg);
+            break;
+        case 'h':
+            return HelpRequest{};
+        default:
+            error = UsageError{notUnderstood(result, arguments)};
+        }
+    }
+    options.files.assign(arguments + optind, arguments + count);
+    error = error ? error : check(options, hasSeed);
+    if (error) {
+        return *error;
+    }
+    return options;
+}
+
+} // namespace glidemap::replay

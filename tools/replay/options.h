@@ -1,0 +1,42 @@
+// What the person at the command line asks for.
+//
+// Errors:  values; nothing is printed here.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace glidemap::replay {
+
+struct Options {
+    std::set<int> boundDoubleTaps; // finger counts
+    std::vector<std::string> files;
+    std::uint64_t seed = 1;
+    bool json = false;
+    bool realTime = false;
+    bool stats = false;
+    bool demonstrate = false;
+};
+
+struct HelpRequest {};
+
+struct UsageError {
+    std::string message;
+};
+
+std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** arguments);
+
+extern const char* const helpText;
+
+// What the program ends with.
+enum class Status : int {
+    success = 0,
+    failure = 1, // a performance was not recognised as intended, or the pipeline does not work
+    badInput =
+        2, // a recording that cannot be read to its end, or a command line that makes no sense
+};
+
+} // namespace glidemap::replay

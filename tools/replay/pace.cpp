@@ -1,0 +1,28 @@
+#include "pace.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace glidemap::replay {
+
+namespace {
+
+// Longer than any machine runs, and still something a clock can count.
+constexpr double longestWait = 1e9;
+
+} // namespace
+
+void Pace::waitUntil(double time) {
+    if (!isRealTime()) {
+        return;
+    }
+    if (!last || time < last->time) {
+        last = {Clock::now(), time};
+        return;
+    }
+    const std::chrono::duration<double> wait(std::min(time - last->time, longestWait));
+    last = {last->moment + std::chrono::duration_cast<Clock::duration>(wait), time};
+    std::this_thread::sleep_until(last->moment);
+}
+
+} // namespace glidemap::replay

@@ -1,0 +1,37 @@
+// What is printed, as text for people or as JSON Lines for programs.
+//
+// Thread:  one.
+// Errors:  those of standard output, which main() asks for in the end. Every line is flushed as it
+//          ends, so that whoever watches or reads along sees a gesture when it is recognised.
+#pragma once
+
+#include "core/gesture_type.h"
+#include "run.h"
+
+#include <string>
+#include <vector>
+
+namespace glidemap::replay {
+
+class Printer {
+public:
+    enum class Form { text, json };
+
+    explicit Printer(Form chosen);
+
+    void printFile(const std::string& name);
+    void print(const Recognised& recognised);
+
+    // A performance: what it was meant to be as it begins, what came of it when it is over.
+    void printIntention(GestureType intended);
+    void printOutcome(GestureType intended, const std::vector<Recognised>& outcome,
+                      bool isAsIntended);
+    void printSummary(std::size_t performed, std::size_t asIntended);
+
+private:
+    bool isJson() const { return form == Form::json; }
+
+    Form form;
+};
+
+} // namespace glidemap::replay

@@ -1,0 +1,29 @@
+#include "replay_driver.h"
+
+#include "platform/linux/touch_driver_platform.h"
+
+namespace glidemap::replay {
+
+// The environment's driver is for the programs that listen to a pad: only our own can be pushed
+// into.
+ReplayDriver::ReplayDriver() : manager(touchDriverPlatformAt(touchDriverPath("replay"))) {
+    const auto enablePushing = reinterpret_cast<driver::EnablePushing>(
+        manager.optionalSymbol(driver::enablePushingSymbol));
+    const auto push = reinterpret_cast<driver::Push>(manager.optionalSymbol(driver::pushSymbol));
+    if (enablePushing != nullptr && push != nullptr) {
+        enablePushing();
+        pushReport = push;
+        // A trial, so that whatever is wrong with the driver is known before the first record.
+        manager.start();
+        manager.stop();
+    }
+}
+
+std::optional<std::string> ReplayDriver::error() const {
+    if (manager.loadError()) {
+        return manager.loadError();
+    }
+    return pushReport == nullptr ? std::optional<std::string>("it takes no reports") : std::nullopt;
+}
+
+} // namespace glidemap::replay
