@@ -1,6 +1,7 @@
 #include "core/gesture_category.h"
 #include "core/gesture_type.h"
 #include "kit/in_language.h"
+#include "kit/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "core/gesture_type.h"
 #include "kit/in_language.h"
+#include "kit/printers.h"
 
 #include <gtest/gtest.h>
 

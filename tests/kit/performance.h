@@ -6,8 +6,10 @@
 
 #include "core/gesture_type.h"
 #include "input/touch_frame.h"
+#include "kit/printers.h"
 #include "kit/script.h"
 
+#include <ostream>
 #include <span>
 #include <string>
 #include <vector>
@@ -19,6 +21,9 @@ struct Heard {
     GestureType gesture{};
 
     friend bool operator==(const Heard&, const Heard&) = default;
+    friend void PrintTo(const Heard& heard, std::ostream* stream) {
+        *stream << heard.time << " s: " << rawValue(heard.gesture);
+    }
 };
 
 // What plays a script.

@@ -1,3 +1,4 @@
+#include "kit/printers.h"
 #include "kit/script.h"
 #include "made_tracks.h"
 #include "recognition/swipe.h"

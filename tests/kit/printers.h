@@ -1,0 +1,14 @@
+// How GoogleTest prints gestures: by name.
+#pragma once
+
+#include "core/gesture_type.h"
+
+#include <ostream>
+
+namespace glidemap {
+
+inline void PrintTo(GestureType gesture, std::ostream* stream) {
+    *stream << rawValue(gesture);
+}
+
+} // namespace glidemap

@@ -1,0 +1,368 @@
+#include "kit/engine_stage.h"
+#include "kit/records.h"
+#include "kit/script.h"
+#include "recognition/touch_engine.h"
+#include "test_driver_library.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace glidemap {
+namespace {
+
+using namespace kit;
+using enum GestureType;
+using AllHeard = std::vector<Heard>;
+
+TouchFrame frameOf(double time, int touching, int hovering = 0) {
+    TouchFrame frame{time, {}};
+    for (std::int32_t id = 0; id < touching + hovering; ++id) {
+        frame.touches.push_back({id, 0.3 + 0.1 * id, 0.5, id < touching});
+    }
+    return frame;
+}
+
+TEST(TouchEngineTest, NothingTouchesAtFirst) {
+    const EngineStage stage;
+    EXPECT_EQ(stage.engine->touchingCount(), 0);
+}
+
+TEST(TouchEngineTest, TheCountIsCurrentBeforeRecognitionHasRun) {
+    EngineStage stage;
+    stage.submit(frameOf(0, 3));
+    EXPECT_EQ(stage.engine->touchingCount(), 3);
+    stage.submit(frameOf(0.1, 2, 2));
+    EXPECT_EQ(stage.engine->touchingCount(), 2);
+    stage.submit(frameOf(0.2, 0, 4));
+    EXPECT_EQ(stage.engine->touchingCount(), 0);
+    EXPECT_EQ(stage.heard, AllHeard());
+    stage.run();
+    EXPECT_EQ(stage.heard, (AllHeard{{0.2, threeFingerTap}}));
+}
+
+TEST(TouchEngineTest, AnEmptyReportSetsTheCountToNoneAndIsForwarded) {
+    EngineStage stage;
+    stage.submit(frameOf(0, 2));
+    stage.submit({0.1, {}});
+    EXPECT_EQ(stage.engine->touchingCount(), 0);
+    stage.run();
+    EXPECT_EQ(stage.heard, (AllHeard{{0.1, twoFingerTap}}));
+}
+
+TEST(TouchEngineTest, EveryRecordThatTouchesCounts) {
+    EngineStage stage;
+    report({record(7, 0.3, 0.5), record(7, 0.3, 0.5),
+            record(8, std::numeric_limits<double>::quiet_NaN(), 0.5)},
+           0);
+    EXPECT_EQ(stage.engine->touchingCount(), 3);
+}
+
+TEST(TouchEngineTest, FramesAreRecognisedInTheOrderOfTheReports) {
+    EngineStage stage;
+    const auto tap = fingers(2).down().hold(0.1).up();
+    for (const TouchFrame& frame : tap.wait(0.4).then(fingers(3).down().hold(0.1).up()).frames()) {
+        report(frame);
+    }
+    EXPECT_EQ(stage.heard, AllHeard());
+    // All at once, long after they came: their own times count, but for the cooldown.
+    stage.engine->onGesture = [&](GestureType gesture) {
+        stage.heard.push_back({stage.time.now(), gesture});
+        stage.time.advanceTo(stage.time.now() + 1);
+    };
+    stage.run();
+    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}, {1, threeFingerTap}}));
+}
+
+TEST(TouchEngineTest, TheReportsTimeCountsNotTheRecords) {
+    EngineStage stage;
+    std::vector<MTTouch> records = {record(1, 0.3, 0.5), record(2, 0.4, 0.5)};
+    records[0].timestamp = 1e9;
+    records[1].timestamp = -1e9;
+    report(records, 10);
+    report(std::vector<MTTouch>(), 10.2);
+    stage.run();
+    ASSERT_EQ(stage.heard.size(), 1U);
+    EXPECT_EQ(stage.heard[0].gesture, twoFingerTap);
+}
+
+TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
+    const struct {
+        const char* fact;
+        double gap;
+        bool delivered;
+    } rows[] = {
+        {"at once", 0, false},
+        {"0.2 s", 0.2, false},
+        // Time since the start is a thousand seconds: a nearer number than this rounds to 0.25.
+        {"just below", 0.25 - 1.2e-13, false},
+        {"precisely", 0.25, true},
+        {"above", 0.25 + 1.2e-13, true},
+        {"much later", 100, true},
+    };
+    for (const auto& [fact, gap, delivered] : rows) {
+        EngineStage stage;
+        stage.recognise(twoFingerTap);
+        stage.time.advanceTo(gap);
+        stage.recognise(threeFingerTap);
+        EXPECT_EQ(stage.heard.size(), delivered ? 2U : 1U) << fact;
+    }
+}
+
+TEST(TouchEngineTest, TheFirstGestureAlwaysPasses) {
+    EngineStage stage;
+    stage.recognise(pinchIn);
+    EXPECT_EQ(stage.heard, (AllHeard{{0, pinchIn}}));
+}
+
+TEST(TouchEngineTest, TheCooldownIsOneForAllGestures) {
+    EngineStage stage;
+    stage.recognise(twoFingerTap);
+    stage.time.advanceTo(0.1);
+    for (const GestureType gesture : allGestureTypes) {
+        stage.recognise(gesture);
+    }
+    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}}));
+}
+
+TEST(TouchEngineTest, ADroppedGestureDoesNotProlongTheCooldown) {
+    EngineStage stage;
+    stage.recognise(twoFingerTap);
+    stage.time.advanceTo(0.2);
+    stage.recognise(threeFingerTap);
+    stage.time.advanceTo(0.25);
+    stage.recognise(fourFingerTap);
+    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}, {0.25, fourFingerTap}}));
+}
+
+TEST(TouchEngineTest, TheCooldownIsConsumedAlsoWhenNobodyListens) {
+    EngineStage stage;
+    const auto listener = stage.engine->onGesture;
+    stage.engine->onGesture = {};
+    stage.recognise(twoFingerTap);
+    stage.engine->onGesture = listener;
+    stage.time.advanceTo(0.2);
+    stage.recognise(threeFingerTap);
+    EXPECT_EQ(stage.heard, AllHeard());
+    stage.time.advanceTo(0.25);
+    stage.recognise(fourFingerTap);
+    EXPECT_EQ(stage.heard, (AllHeard{{0.25, fourFingerTap}}));
+}
+
+TEST(TouchEngineTest, TheCooldownIsConsumedBeforeTheCallbackRuns) {
+    EngineStage stage;
+    stage.engine->onGesture = [&](GestureType gesture) {
+        stage.heard.push_back({stage.time.now(), gesture});
+        stage.recognise(threeFingerTap);
+    };
+    stage.recognise(twoFingerTap);
+    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}}));
+}
+
+TEST(TouchEngineTest, AQuickDoubleTapThatIsNotBoundIsDropped) {
+    EngineStage stage;
+    const auto tap = fingers(2).down().hold(0.05).up();
+    stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
+    stage.finish();
+    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+}
+
+TEST(TouchEngineTest, AHeldBackTapPassesTheCooldownToo) {
+    EngineStage stage({2});
+    stage.play(fingers(2).startingAt(-0.1).down().until(0).up());
+    stage.play(fingers(1).at(0.1, 0.1).startingAt(0.2).down().until(0.3).up());
+    stage.finish();
+    EXPECT_EQ(stage.heard, (AllHeard{{0.3, cornerTapBottomLeft}})); // 0.45 is too soon after it
+}
+
+TEST(TouchEngineTest, TheBindingsAreAskedForDoubleTaps) {
+    EngineStage stage({3});
+    const auto tap = fingers(3).down().hold(0.1).up();
+    stage.play(tap.wait(0.2).then(tap));
+    stage.finish();
+    EXPECT_EQ(gesturesOf(stage.heard), std::vector{threeFingerDoubleTap});
+}
+
+TEST(TouchEngineTest, WithoutADriverItStartsAllTheSame) {
+    EngineStage stage; // has started
+    EXPECT_TRUE(stage.manager.loadError().has_value());
+    EXPECT_FALSE(stage.manager.isRunning());
+    stage.engine->start();
+    stage.engine->stop();
+    stage.engine->stop();
+    EXPECT_EQ(stage.engine->touchingCount(), 0);
+}
+
+TEST(TouchEngineTest, StoppingTakesTheSinkAway) {
+    EngineStage stage;
+    stage.submit(frameOf(0, 2));
+    stage.engine->stop();
+    report(frameOf(0.1, 4));
+    stage.run();
+    EXPECT_EQ(stage.engine->touchingCount(), 2); // the last report that arrived
+}
+
+TEST(TouchEngineTest, StoppingLetsGoOfWhatStillWaits) {
+    EngineStage stage({2});
+    stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // held back
+    stage.submit(frameOf(0.1, 3));
+    stage.submit({0.2, {}}); // a tap that nobody has looked at yet
+    stage.engine->stop();
+    stage.run();
+    stage.finish();
+    EXPECT_EQ(stage.heard, AllHeard());
+}
+
+TEST(TouchEngineTest, MayBeStartedAgain) {
+    EngineStage stage;
+    stage.engine->stop();
+    stage.engine->start();
+    stage.play(fingers(4).down().hold(0.1).up());
+    EXPECT_EQ(gesturesOf(stage.heard), std::vector{fourFingerTap});
+}
+
+// An engine with a driver that writes down what is asked of it.
+class TouchEngineDriverTest : public testing::Test {
+protected:
+    ~TouchEngineDriverTest() override { MultitouchDeviceManager::setFrameSink({}); }
+
+    VirtualTime time;
+    MultitouchDeviceManager manager{testDriver("list-with-nulls")};
+    TestDriverLibrary driver{manager};
+    std::shared_ptr<TouchEngine> engine =
+        TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &manager});
+};
+
+TEST_F(TouchEngineDriverTest, StartsTheDevicesOnce) {
+    engine->start();
+    engine->start();
+    EXPECT_EQ(driver.calls(), "create list; register a; start a 0; register b; start b 0");
+    EXPECT_TRUE(manager.isRunning());
+    engine->stop();
+}
+
+TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeItUnregistersIt) {
+    engine->start();
+    const std::string started = driver.calls();
+    engine->stop();
+    engine->stop();
+    EXPECT_EQ(driver.calls(), started + "; stop a; unregister a; stop b; unregister b");
+    EXPECT_FALSE(manager.isRunning());
+}
+
+TEST_F(TouchEngineDriverTest, ReportsOfTheDriverArrive) {
+    engine->start();
+    const MTTouch records[] = {record(1, 0.3, 0.5), record(2, 0.4, 0.5)};
+    driver.report(records, 2, 1.5);
+    EXPECT_EQ(engine->touchingCount(), 2);
+    engine->stop();
+}
+
+TEST_F(TouchEngineDriverTest, StoppedBeforeItIsStartedItAsksNothingOfTheDriver) {
+    engine->stop();
+    EXPECT_EQ(driver.calls(), "");
+}
+
+TEST_F(TouchEngineDriverTest, ADriverThatCannotBeUsedIsLeftAlone) {
+    MultitouchDeviceManager incomplete(testDriver("without-start"));
+    const TestDriverLibrary library(incomplete);
+    const auto other =
+        TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &incomplete});
+    other->start();
+    other->stop();
+    EXPECT_EQ(library.calls(), "");
+}
+
+TEST(TouchEngineEndTest, AnEngineMayGoWhileFramesAreQueued) {
+    EngineStage stage;
+    stage.submit(frameOf(0, 2));
+    stage.submit({0.1, {}});
+    const std::weak_ptr<TouchEngine> watched = stage.engine;
+    stage.engine.reset();
+    EXPECT_TRUE(watched.expired()); // the queue does not keep it
+    stage.run();
+    EXPECT_EQ(stage.heard, AllHeard());
+}
+
+TEST(TouchEngineEndTest, AnEngineMayGoWhileATapIsHeldBack) {
+    EngineStage stage({2});
+    stage.play(fingers(2).down().hold(0.1).up());
+    EXPECT_LT(stage.time.nextDeadline(), 1);
+    stage.engine.reset();
+    stage.finish();
+    EXPECT_EQ(stage.heard, AllHeard());
+}
+
+TEST(TouchEngineEndTest, AReportThatComesAfterItIsDropped) {
+    EngineStage stage;
+    stage.engine.reset();
+    report(frameOf(0, 2)); // the sink is still there and finds nobody
+    stage.run();
+    EXPECT_EQ(stage.heard, AllHeard());
+}
+
+TEST(TouchEngineEndTest, AnEngineMayGoWhileItsCallbackRuns) {
+    EngineStage stage;
+    stage.engine->onGesture = [&stage](GestureType gesture) {
+        auto& all = stage.heard;
+        stage.engine.reset();
+        all.push_back({0, gesture});
+    };
+    stage.play(fingers(2).down().hold(0.1).up());
+    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+    EXPECT_EQ(stage.engine, nullptr);
+}
+
+TEST(TouchEngineEndTest, AnEngineThatWasNeverStartedHearsNothing) {
+    VirtualTime time;
+    MultitouchDeviceManager manager({"/no/such/driver", {}});
+    const auto engine =
+        TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &manager});
+    report(frameOf(0, 2));
+    EXPECT_EQ(engine->touchingCount(), 0);
+}
+
+TEST(TouchEngineHostileTest, TenThousandContactsAreCounted) {
+    EngineStage stage;
+    std::vector<MTTouch> records;
+    for (std::int32_t id = 0; id < 10'000; ++id) {
+        records.push_back(record(id, id / 10'000.0, 0.5));
+    }
+    for (int frame = 0; frame < 20; ++frame) {
+        report(records, frame * 0.01);
+        stage.run();
+    }
+    EXPECT_EQ(stage.engine->touchingCount(), 10'000);
+    report(std::vector<MTTouch>(), 1);
+    stage.play(fingers(2).startingAt(5).down().hold(0.1).up());
+    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+}
+
+TEST(TouchEngineHostileTest, PositionsThatAreNoNumbersDisturbNobody) {
+    EngineStage stage;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    report({record(1, nan, infinity), record(2, -infinity, nan)}, 0);
+    report({record(1, 0.5, infinity)}, 0.1);
+    report({record(1, 3e38, -3e38)}, 0.2); // nothing is clamped, so this is a corner
+    report(std::vector<MTTouch>(), 0.3);
+    stage.play(fingers(2).startingAt(5).down().hold(0.1).up());
+    EXPECT_EQ(gesturesOf(stage.heard), (std::vector{cornerTapBottomRight, twoFingerTap}));
+}
+
+TEST(TouchEngineSharedTest, IsMadeOnceFromWhatItWasConfiguredWith) {
+    static VirtualTime time;
+    static MultitouchDeviceManager manager({"/no/such/driver", {}});
+    static int made = 0;
+    TouchEngine::configureShared([] {
+        ++made;
+        return TouchEngine::Ports{time.clock(), time.queue(), time.delayedWork(), &manager};
+    });
+    EXPECT_EQ(made, 0); // on first use, not before
+    EXPECT_EQ(TouchEngine::shared(), TouchEngine::shared());
+    EXPECT_EQ(made, 1);
+    EXPECT_EQ(TouchEngine::shared()->touchingCount(), 0);
+}
+
+} // namespace
+} // namespace glidemap
