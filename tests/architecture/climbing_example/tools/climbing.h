@@ -1,0 +1,2 @@
+// An example for the check of climbing includes; never compiled.
+#include "../secret/inner.h"
