@@ -149,6 +149,25 @@ TEST(ContactsTest, NothingIsReportedOnceASessionHasStopped) {
     EXPECT_EQ(again.seen().reports.size(), 1U); // one session's, not two's
 }
 
+TEST(ContactsTest, DevicesThatAreNoTouchpadsAreNotTaken) {
+    PadShape screen = ordinaryPad();
+    screen.properties = {INPUT_PROP_DIRECT};
+    PadShape withoutSlots = ordinaryPad();
+    withoutSlots.axes.erase(ABS_MT_SLOT);
+    PadShape buttons = ordinaryPad();
+    buttons.axes.clear();
+    PadShape penTablet = ordinaryPad();
+    penTablet.keys.insert(BTN_TOOL_PEN);
+    const VirtualPad devices[] = {VirtualPad(screen), VirtualPad(withoutSlots), VirtualPad(buttons),
+                                  VirtualPad(penTablet)};
+    for (const VirtualPad& device : devices) {
+        ASSERT_TRUE(device.isPlugged());
+    }
+    DriverSession session;
+    EXPECT_FALSE(session.isRunning());
+    EXPECT_EQ(session.unreadableTouchpads(), 0);
+}
+
 TEST(ContactsTest, WithoutATouchpadThereIsNoDevice) {
     DriverSession session;
     EXPECT_FALSE(session.isRunning());

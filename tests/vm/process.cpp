@@ -1,6 +1,7 @@
 #include "process.h"
 
 #include "deadline.h"
+#include "threads.h"
 
 #include <fcntl.h>
 #include <grp.h>
@@ -136,6 +137,18 @@ bool Process::waitUntilOpen(const std::filesystem::path& file) {
             while (readMore(0)) {
             }
             ADD_FAILURE() << "the program never opened " << file << "; errors:\n" << _errors;
+            return false;
+        }
+        sched_yield();
+    }
+    return true;
+}
+
+bool Process::waitUntilAsleep() const {
+    const Deadline deadline;
+    while (!isProcessAsleep(std::to_string(process))) {
+        if (deadline.passed()) {
+            ADD_FAILURE() << "the program never goes to sleep";
             return false;
         }
         sched_yield();

@@ -30,6 +30,9 @@ public:
     // Waits until the program has the file open. A program that ends before is a failure.
     bool waitUntilOpen(const std::filesystem::path& file);
 
+    // Waits until the program has dealt with everything there is for it to do.
+    bool waitUntilAsleep() const;
+
     void send(int signal) const;
 
     // The exit status, or 128 and the signal that ended the program. Its output is complete then.

@@ -152,8 +152,7 @@ TEST_F(RecordTest, AButtonIsRecorded) {
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilOpen(pad.node()));
     pad.clickMarker();
-    twoFingerTap(pad); // so that it is known when the button has been read
-    EXPECT_TRUE(record.waitForOutput("twoFingerTap"));
+    ASSERT_TRUE(record.waitUntilAsleep());
     record.send(SIGTERM);
     EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
 
@@ -171,9 +170,9 @@ TEST_F(RecordTest, APadThatIsUnpluggedEndsItsTouchAndIsRecordedAgainWhenItReturn
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilOpen(pad.node()));
-    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 500)}));
-    pad.unplug(); // which ends the touch of two fingers: a tap
-    EXPECT_TRUE(record.waitForOutput("twoFingerTap"));
+    pad.write(fingerDown(0, 7, 2000, 1000));
+    ASSERT_TRUE(record.waitUntilAsleep()); // what is unread when a pad goes is lost
+    pad.unplug();
     pad.plugIn();
     ASSERT_TRUE(record.waitUntilOpen(pad.node()));
     threeFingerSwipeRight(pad);
@@ -181,7 +180,7 @@ TEST_F(RecordTest, APadThatIsUnpluggedEndsItsTouchAndIsRecordedAgainWhenItReturn
     record.send(SIGINT);
     EXPECT_EQ(record.waitForEnd(), 0) << record.errors();
 
-    EXPECT_THAT(fingersIn(file), testing::ElementsAre(2, 0, 3, 3, 3, 3, 3, 3, 0));
+    EXPECT_THAT(fingersIn(file), testing::ElementsAre(1, 0, 3, 3, 3, 3, 3, 3, 0));
 }
 
 TEST_F(RecordTest, WithoutATouchpadItSaysSo) {
@@ -231,8 +230,6 @@ TEST_F(RecordTest, AFullDiskEndsTheRecordingWithAMessage) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", onSmallDisk.string()});
     ASSERT_TRUE(record.waitUntilOpen(pad.node()));
-    // Swipes until the program has noticed: each is over before the next begins, and the next is
-    // written only when the program has named the one before or has given up.
     pad.write(fingerDown(0, 7, 1000, 500));
     for (std::int32_t step = 1; step <= 400; ++step) {
         pad.write(fingerMove(0, 1000 + step, 500));

@@ -1,5 +1,7 @@
 #include "recordings.h"
 
+#include <linux/input-event-codes.h>
+
 #include <algorithm>
 #include <cctype>
 
@@ -17,6 +19,14 @@ std::set<std::string> recordingsEndingIn(const std::string& ending) {
         }
     }
     return names;
+}
+
+PadShape shapeToday(const RecordedPad& recorded) {
+    PadShape shape = recorded.shape;
+    if (!shape.properties.contains(INPUT_PROP_DIRECT)) {
+        shape.properties.insert(INPUT_PROP_POINTER);
+    }
+    return shape;
 }
 
 std::string testName(const std::filesystem::path& file) {

@@ -48,7 +48,7 @@ const Row rows[] = {
     {"tablets/Wacom Intuos5 touch M Finger single-center-circle.events", 1, 1},
     {"tablets/Wacom Intuos5 touch M Finger single-center-scroll.events", 1, 1},
     {"tablets/Wacom Intuos5 touch M Finger single-top-swipe.events", 1, 1},
-    // A touch screen: its fingers point at what is below them.
+    // A screen: its fingers point at what is below them.
     {"tablets/Wacom ISDv4 E6 Finger.2fg-double-tap.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.2fg-tap.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.double-center-circle.events", 0, 0},
@@ -131,7 +131,7 @@ TEST_P(RecordingTest, MeansTheSameThroughTheKernelAsFromItsFile) {
     const RecordedPad recorded = readRecordedPad(path);
     ASSERT_FALSE(recorded.frames.empty());
 
-    VirtualPad pad(recorded.shape);
+    VirtualPad pad(shapeToday(recorded));
     ASSERT_TRUE(pad.isPlugged());
     DriverSession session;
     if (row.reports == 0) {

@@ -10,14 +10,22 @@ namespace glidemap::vm {
 namespace {
 
 // The rest of the line that begins with `name`; empty for a thread that has ended.
-std::string statusLine(int thread, const std::string& name) {
-    std::ifstream status("/proc/self/task/" + std::to_string(thread) + "/status");
+std::string statusLine(const std::filesystem::path& thread, const std::string& name) {
+    std::ifstream status(thread / "status");
     for (std::string line; std::getline(status, line);) {
         if (line.starts_with(name)) {
             return line.substr(name.size());
         }
     }
     return {};
+}
+
+std::filesystem::path ownThread(int thread) {
+    return std::filesystem::path("/proc/self/task") / std::to_string(thread);
+}
+
+bool sleeps(const std::filesystem::path& thread) {
+    return statusLine(thread, "State:").find('S') != std::string::npos;
 }
 
 } // namespace
@@ -32,12 +40,18 @@ std::vector<int> threadsOfProcess() {
 }
 
 std::int64_t sleepsOf(int thread) {
-    const std::string count = statusLine(thread, "voluntary_ctxt_switches:");
+    const std::string count = statusLine(ownThread(thread), "voluntary_ctxt_switches:");
     return count.empty() ? -1 : std::stoll(count);
 }
 
 bool isAsleep(int thread) {
-    return statusLine(thread, "State:").find('S') != std::string::npos;
+    return sleeps(ownThread(thread));
+}
+
+bool isProcessAsleep(const std::string& process) {
+    const std::filesystem::path threads = "/proc/" + process + "/task";
+    return std::ranges::all_of(std::filesystem::directory_iterator(threads),
+                               [](const auto& entry) { return sleeps(entry.path()); });
 }
 
 } // namespace glidemap::vm

@@ -1,7 +1,8 @@
-// The threads of this process, as the kernel tells about them.
+// The threads of a process, as the kernel tells about them.
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace glidemap::vm {
@@ -14,5 +15,9 @@ std::int64_t sleepsOf(int thread);
 
 // Whether it sleeps now.
 bool isAsleep(int thread);
+
+// Whether every thread of a process sleeps now: it has dealt with all that was written to its
+// devices.
+bool isProcessAsleep(const std::string& process);
 
 } // namespace glidemap::vm
