@@ -87,8 +87,9 @@ int record(const Options& options) {
                       [&interruption] { interruption.fail(); });
     touchpads.listen(recorder);
     const auto engine = makeEngine(manager, options.file.has_value() ? stdout : stderr);
-    std::fprintf(stderr, "Recording %s; Ctrl-C ends it.\n", touchpads.names().c_str());
     engine->start();
+    // Said only now: what is touched from here on is recorded.
+    std::fprintf(stderr, "Recording %s; Ctrl-C ends it.\n", touchpads.names().c_str());
     interruption.wait();
     engine->stop();
     recorder.finish();

@@ -62,8 +62,26 @@ std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
 
 EvdevPad::EvdevPad(FileDescriptor openFile, Device openDevice)
     : file(std::move(openFile)), device(std::move(openDevice)) {
+    settle();
     describe();
     recallState();
+}
+
+// The state was read piece by piece. Events that came meanwhile are part of some pieces and not of
+// others, so then it is read anew, without them. A hand leaves a hundred times the time that
+// this takes.
+void EvdevPad::settle() {
+    constexpr int mostAttempts = 10;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        if (libevdev_has_event_pending(device.get()) <= 0) {
+            return;
+        }
+        input_event ignored{};
+        libevdev_next_event(device.get(), LIBEVDEV_READ_FLAG_FORCE_SYNC, &ignored);
+        while (libevdev_next_event(device.get(), LIBEVDEV_READ_FLAG_SYNC, &ignored) ==
+               LIBEVDEV_READ_STATUS_SYNC) {
+        }
+    }
 }
 
 void EvdevPad::describe() {

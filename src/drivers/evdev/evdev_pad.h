@@ -34,6 +34,7 @@ private:
     using Device = std::unique_ptr<libevdev, Free>;
 
     EvdevPad(FileDescriptor file, Device device);
+    void settle();
     void describe();
     void recallState();
     void recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
