@@ -161,11 +161,13 @@ void Handler::start(const YAML::Mark& mark, bool isMap) {
     }
     Level* around = levels.empty() ? nullptr : &levels.back();
     if (around != nullptr && around->keyComes) {
-        throw Refusal{mark, "a key is not a word"};
+        throw Refusal{mark, "not as libinput record writes it: a key is not a word"};
     }
     const Step* step = stepFrom(around);
     if (step != nullptr && step->isMap != isMap) {
-        throw Refusal{mark, isMap ? "a list belongs here" : "keys and values belong here"};
+        throw Refusal{mark, isMap
+                                ? "not as libinput record writes it: a list belongs here"
+                                : "not as libinput record writes it: keys and values belong here"};
     }
     Place place = step != nullptr ? step->place : Place::ignored;
     if (place == Place::device && file.touchpad) {
@@ -195,7 +197,7 @@ void Handler::end() {
 
 void Handler::scalar(const YAML::Mark& mark, const std::string& value) {
     if (levels.empty()) {
-        throw Refusal{mark, "keys and values belong here"};
+        throw Refusal{mark, "not as libinput record writes it: keys and values belong here"};
     }
     Level& around = levels.back();
     if (around.keyComes) {

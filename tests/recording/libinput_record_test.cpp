@@ -1,0 +1,225 @@
+#include "read_records.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace glidemap::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::string head = "# libinput record\n"
+                         "version: 1\n"
+                         "ndevices: 1\n"
+                         "libinput:\n"
+                         "  version: \"1.22.1\"\n"
+                         "devices:\n";
+
+std::string device(const std::string& name, const std::string& udevProperty,
+                   const std::string& events) {
+    return "- node: /dev/input/event0\n"
+           "  evdev:\n"
+           "    # Name: " +
+           name +
+           "\n"
+           "    name: \"" +
+           name +
+           "\"\n"
+           "    id: [24, 18244, 1, 256]\n"
+           "    codes:\n"
+           "      3: [0, 1, 47, 53, 54, 57, 58] # EV_ABS\n"
+           "    absinfo:\n"
+           "      47: [0, 4, 0, 0, 0]\n"
+           "      53: [0, 100, 0, 0, 30]\n"
+           "      54: [0, 100, 0, 0, 30]\n"
+           "    properties: [0, 2]\n"
+           "  udev:\n"
+           "    properties:\n"
+           "    - ID_INPUT=1\n" +
+           (udevProperty.empty() ? "" : "    - " + udevProperty + "\n") +
+           "  quirks:\n"
+           "  events:\n" +
+           events;
+}
+
+const std::string touchpadProperty = "ID_INPUT_TOUCHPAD=1";
+
+// One contact lands at the given place.
+std::string landing(int x) {
+    return "  # Current time is 03:59:25\n"
+           "  - evdev:\n"
+           "    - [  0, 500000,   3,  57,     100] # EV_ABS / ABS_MT_TRACKING_ID      100\n"
+           "    - [  0, 500000,   3,  53,     " +
+           std::to_string(x) +
+           "] # EV_ABS / ABS_MT_POSITION_X       900 (+900)\n"
+           "    - [  0, 500000,   0,   0,       0] # ------------ SYN_REPORT (0) ----------\n";
+}
+
+TEST(LibinputRecord, IsReadAsItsTouchpadReported) {
+    const ReadRecording recording = readRecords(
+        head + device("A pad", touchpadProperty,
+                      landing(25) + "  - libinput:\n"
+                                    "    - {time: 0.5, type: POINTER_MOTION, delta: [1, 2]}\n"
+                                    "  - evdev:\n"
+                                    "    - [ 12, 508000,   3,  57,      -1]\n"
+                                    "    - [ 12, 508000,   1, 272,       1]\n"
+                                    "    - [ 12, 508000,   0,   0,       0]\n"));
+    EXPECT_EQ(recording.error, "");
+    EXPECT_EQ(recording.device, "A pad");
+    EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,1 state 3", "12.508: 1@0.25,1 state 7",
+                                               "12.508: button 0 down"));
+}
+
+// The same touch was played into the kernel from one file and recorded into the other.
+TEST(LibinputRecord, TellsTheSameAsTheEvemuRecordingOfTheSameTouch) {
+    const std::filesystem::path data = GLIDEMAP_TEST_DATA;
+    const auto evemu = readRecordFile(data / "two_fingers.swipe_with_click.events");
+    const auto libinput = readRecordFile(data / "two_fingers.swipe_with_click.yml");
+    EXPECT_EQ(evemu.error, "");
+    EXPECT_EQ(libinput.error, "");
+    EXPECT_EQ(evemu.device, "Glidemap Sample Touchpad");
+    EXPECT_EQ(libinput.device, "Glidemap Sample Touchpad");
+    const auto withoutTimes = [](std::vector<std::string> records) {
+        for (std::string& record : records) {
+            record.erase(0, record.find(':'));
+        }
+        return records;
+    };
+    EXPECT_EQ(withoutTimes(evemu.records), withoutTimes(libinput.records));
+    EXPECT_THAT(withoutTimes(libinput.records),
+                ElementsAre(": 1@0.3,0.55 state 3, 2@0.4,0.53 state 3",
+                            ": 1@0.35,0.5495 state 4, 2@0.45,0.5295 state 4",
+                            ": 1@0.4,0.549 state 4, 2@0.5,0.529 state 4",
+                            ": 1@0.45,0.5485 state 4, 2@0.55,0.5285 state 4", ": button 0 down",
+                            ": 1@0.5,0.548 state 4, 2@0.6,0.528 state 4",
+                            ": 1@0.55,0.5475 state 4, 2@0.65,0.5275 state 4", ": button 0 up",
+                            ": 1@0.6,0.547 state 4, 2@0.7,0.527 state 4",
+                            ": 1@0.6,0.547 state 7, 2@0.7,0.527 state 7"));
+}
+
+TEST(LibinputRecord, OfSeveralDevicesTellsTheFirstTouchpad) {
+    const ReadRecording recording =
+        readRecords(head + device("mouse", "ID_INPUT_MOUSE=1", landing(10)) +
+                    device("first", touchpadProperty, landing(25)) +
+                    device("second", touchpadProperty, landing(50)));
+    EXPECT_EQ(recording.error, "");
+    EXPECT_EQ(recording.device, "first");
+    EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,1 state 3"));
+}
+
+std::string withoutUdev(const std::string& properties) {
+    return "version: 1\n"
+           "devices:\n"
+           "- events:\n"
+           "  - evdev:\n"
+           "    - [0, 500000, 3, 57, 1]\n"
+           "    - [0, 500000, 0, 0, 0]\n"
+           "  evdev:\n"
+           "    absinfo: {47: [0, 4, 0, 0, 0], 53: [0, 9, 0, 0, 0], 54: [0, 9, 0, 0, 0]}\n"
+           "    properties: " +
+           properties + "\n";
+}
+
+TEST(LibinputRecord, WithoutUdevsWordTakesAPadThatIsNoTouchscreen) {
+    EXPECT_THAT(readRecords(withoutUdev("[0]")).records, ElementsAre("0.5: 1@0,1 state 3"));
+    EXPECT_EQ(readRecords(withoutUdev("[1]")).error, "file: no touchpad among its devices");
+}
+
+TEST(LibinputRecord, WithoutATouchpadIsRefused) {
+    const std::string message = "file: no touchpad among its devices";
+    EXPECT_EQ(readRecords(head + device("mouse", "ID_INPUT_MOUSE=1", landing(10))).error, message);
+    EXPECT_EQ(readRecords(head).error, message);
+    EXPECT_EQ(readRecords("version: 1\ndevices: none\n").error, message);
+    EXPECT_EQ(readRecords("version: 1\ndevices: []\n").error, message);
+}
+
+TEST(LibinputRecord, OfATouchpadWithoutSlotsIsRefused) {
+    EXPECT_EQ(
+        readRecords("version: 1\ndevices:\n- udev:\n    properties: [ID_INPUT_TOUCHPAD=1]\n").error,
+        "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
+}
+
+TEST(LibinputRecord, WithoutEventsIsAnEmptyRecording) {
+    const ReadRecording recording = readRecords(head + device("pad", touchpadProperty, ""));
+    EXPECT_EQ(recording.error, "");
+    EXPECT_THAT(recording.records, IsEmpty());
+}
+
+struct BadRow {
+    std::string line;
+    const char* message;
+};
+
+TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsPlaceAndReason) {
+    const char* event = "an event is not [seconds, microseconds, type, code, value]";
+    const char* number = "not a number that belongs here";
+    const BadRow rows[] = {
+        {"    - [0, 1, 3, 57]", event},
+        {"    - []", event},
+        {"    - [0, 1, 3, 57, 1, 1]", event},
+        {"    - [-1, 0, 3, 57, 1]", number},
+        {"    - [0, 0, 65536, 57, 1]", number},
+        {"    - [0, 0, 3, 57, 2147483648]", number},
+        {"    - [0, 0, 3, x, 1]", number},
+        {"    - [0, 0, 3, , 1]", number},
+        {"    - {a: 1}", "not as libinput record writes it: a list belongs here"},
+        {"    - [0, 0, 3, *name, 1]", "not valid YAML: the referenced anchor is not defined"},
+    };
+    for (const BadRow& row : rows) {
+        const std::string before = head + device("pad", touchpadProperty, landing(25));
+        const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+        const ReadRecording recording = readRecords(before + row.line + "\n");
+        EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,1 state 3")) << row.line;
+        EXPECT_EQ(recording.error, "file:" + std::to_string(line) + ": " + row.message) << row.line;
+    }
+}
+
+TEST(LibinputRecord, CutOffInTheMiddleTellsWhatItHas) {
+    std::string content = head + device("pad", touchpadProperty, landing(25) + landing(50));
+    content.resize(content.rfind("[  0, 500000") + 8);
+    const ReadRecording recording = readRecords(content);
+    EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,1 state 3"));
+    EXPECT_EQ(recording.error, "file:34: not as libinput record writes it: a list belongs here");
+}
+
+std::string nested(std::size_t depth) {
+    return std::string(depth, '[') + std::string(depth, ']');
+}
+
+TEST(LibinputRecord, MalformedHeadIsRefusedWithItsPlaceAndReason) {
+    const BadRow rows[] = {
+        {"version: 2", "file:1: version 2 of libinput's recording format is not supported, only "
+                       "version 1"},
+        {"version: 1\n- a", "file:2: not valid YAML: end of map not found"},
+        {"version: [1", "file:2: not valid YAML: end of sequence flow not found"},
+        {"version: 1\nx: \"a\\q\"", "file:2: not valid YAML: unknown escape character: q"},
+        {"---\n", "file:2: not as libinput record writes it: keys and values belong here"},
+        {"version: 1\nx: &a 1\ny: *a", "file:3: aliases are not supported"},
+        {"version: 1\n? [1]\n: 2", "file:2: not as libinput record writes it: a key is not a word"},
+        {"--- [1]", "file:1: not as libinput record writes it: keys and values belong here"},
+        {"--- 1", "file:1: not as libinput record writes it: keys and values belong here"},
+        {"version: 1\ndevices: {a: 1}",
+         "file:2: not as libinput record writes it: a list belongs here"},
+        {"version: 1\ndevices: [[1]]",
+         "file:2: not as libinput record writes it: keys and values belong here"},
+        {"version: 1\ndevices:\n- evdev:\n    absinfo:\n      x: [0, 1]",
+         "file:5: not a number that belongs here"},
+        {"version: 1\ndevices:\n- evdev:\n    absinfo:\n      1: [0, x]",
+         "file:5: not a number that belongs here"},
+        {"version: 1\nx: " + nested(16), "file:2: values are nested more than 16 deep"},
+        {"version: 1\nx: " + nested(100'000), "file:2: values are nested more than 16 deep"},
+    };
+    for (const BadRow& row : rows) {
+        const ReadRecording recording = readRecords(row.line);
+        EXPECT_THAT(recording.records, IsEmpty()) << row.line.substr(0, 80);
+        EXPECT_EQ(recording.error, row.message) << row.line.substr(0, 80);
+    }
+}
+
+} // namespace
+} // namespace glidemap::test
