@@ -1,0 +1,115 @@
+// What glidemap-replay makes of recordings that are not in order.
+
+#include "replay_program.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace glidemap::test {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+const std::string twoFingerTapLine = R"({"t":0.1,"gesture":"twoFingerTap","delivered":true})"
+                                     "\n";
+
+TEST(ReplayErrors, aMalformedLineIsNamedByFileAndLineAndWhatCameBeforeIsPrintedOnce) {
+    const Folder folder;
+    const std::string file =
+        folder.write("bad", tapOf(2, 0, 0.1) + "{\"t\":1,\n" + tapOf(5, 2, 2.1));
+    const Ended ended = replay({"--json", file});
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, twoFingerTapLine);
+    EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: " + file + ":3: "));
+}
+
+TEST(ReplayErrors, aTapHeldBackWhenALineIsMalformedStillComesOnce) {
+    const Ended ended = replay({"--json", "--double-tap=2", "-"}, tapOf(2, 0, 0.2) + "nonsense\n");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output, R"({"t":0.65,"gesture":"twoFingerTap","delivered":true})"
+                            "\n");
+    EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:3: "));
+}
+
+TEST(ReplayErrors, theOtherFilesArePlayedAllTheSame) {
+    const Folder folder;
+    const std::string bad = folder.write("bad", "{\"t\":\"now\",\"touches\":[]}\n");
+    const std::string good = folder.write("good", tapOf(2, 0, 0.1));
+    const Ended ended = replay({"--json", bad, good});
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_EQ(ended.output,
+              R"({"file":")" + bad + "\"}\n" + R"({"file":")" + good + "\"}\n" + twoFingerTapLine);
+    EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: " + bad + ":1: "));
+}
+
+TEST(ReplayErrors, aMissingFileIsNamed) {
+    const Ended ended = replay({"/nonexistent/recording"});
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_THAT(ended.output, IsEmpty());
+    EXPECT_THAT(ended.errors, AllOf(StartsWith("glidemap-replay: /nonexistent/recording: "),
+                                    HasSubstr("No such file")));
+}
+
+TEST(ReplayErrors, aFolderIsNoRecording) {
+    const Ended ended = replay({"/"});
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: /:"));
+}
+
+TEST(ReplayErrors, anyOtherContentIsNoRecording) {
+    const Ended ended = replay({"-"}, "Dear diary,\n");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:1: "));
+}
+
+TEST(ReplayErrors, outputThatCannotBeWrittenIsAFailure) {
+    const Folder folder;
+    const Ended ended = replayInto("/dev/full", {folder.write("tap", tapOf(2, 0, 0.1))});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_THAT(ended.errors, HasSubstr("cannot be written"));
+}
+
+TEST(ReplayErrors, withoutItsDriverTheProgramFails) {
+    const Folder folder;
+    const std::string program = folder.copy(GLIDEMAP_REPLAY_PROGRAM, "bin/glidemap-replay");
+    const Ended ended = replayWith(program, {"-"}, tapOf(2, 0, 0.1));
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_THAT(ended.output, IsEmpty());
+    EXPECT_THAT(ended.errors, AllOf(StartsWith("glidemap-replay: the replay driver cannot be used"),
+                                    HasSubstr("lib/glidemap/libglidemap-replay.so")));
+}
+
+struct CommandLine {
+    std::vector<std::string> arguments;
+    std::string message;
+};
+
+TEST(ReplayErrors, aCommandLineThatMakesNoSenseIsExplainedAndNothingIsPlayed) {
+    const CommandLine rows[] = {
+        {{}, "no recording named"},
+        {{"--json"}, "no recording named"},
+        {{"--nonsense", "-"}, "cannot make sense of --nonsense"},
+        {{"--json=yes", "-"}, "cannot make sense of --json=yes"},
+        {{"--json", "-xy", "-"}, "there is no option -x"},
+        {{"--double-tap"}, "--double-tap needs a value"},
+        {{"--double-tap", "1", "-"}, "--double-tap takes 2, 3 or 4, not \"1\""},
+        {{"--double-tap", "5", "-"}, "--double-tap takes 2, 3 or 4, not \"5\""},
+        {{"--double-tap", "2x", "-"}, "--double-tap takes 2, 3 or 4, not \"2x\""},
+        {{"--double-tap", "", "-"}, "--double-tap takes 2, 3 or 4, not \"\""},
+        {{"--seed", "3", "-"}, "--seed goes with --demonstrate"},
+        {{"--demonstrate", "--seed", "-1"}, "--seed takes a whole number, not \"-1\""},
+        {{"--demonstrate", "-"}, "--demonstrate plays no files"},
+        {{"--demonstrate", "--double-tap=2"}, "--demonstrate binds double taps by itself"},
+    };
+    for (const CommandLine& row : rows) {
+        EXPECT_EQ(replay(row.arguments, tapOf(2, 0, 0.1)),
+                  (Ended{2, "", "glidemap-replay: " + row.message + " (--help explains)\n"}));
+    }
+}
+
+} // namespace
+} // namespace glidemap::test

@@ -1,0 +1,60 @@
+// Runs the built glidemap-replay as a person does, and keeps all that it says.
+//
+// Thread:  one. The program has ended when run() returns.
+// Errors:  a program that cannot be started or is killed fails the test.
+#pragma once
+
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace glidemap::test {
+
+struct Ended {
+    int status = -1;
+    std::string output;
+    std::string errors;
+
+    friend bool operator==(const Ended&, const Ended&) = default;
+    friend void PrintTo(const Ended& ended, std::ostream* out) {
+        *out << "status " << ended.status << "\noutput:\n"
+             << ended.output << "errors:\n"
+             << ended.errors;
+    }
+};
+
+Ended replay(const std::vector<std::string>& arguments, const std::string& input = "");
+
+// The same for a copy of the program that stands elsewhere.
+Ended replayWith(const std::string& program, const std::vector<std::string>& arguments,
+                 const std::string& input = "");
+
+// Runs it with standard output going to an existing file that is not kept.
+Ended replayInto(const std::string& outputPath, const std::vector<std::string>& arguments);
+
+// A folder of files that goes with the test.
+class Folder {
+public:
+    Folder();
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder();
+
+    // The path of the written file.
+    std::string write(const std::string& name, const std::string& content) const;
+
+    // The path of the copy; folders in `name` are made.
+    std::string copy(const std::string& file, const std::string& name) const;
+
+private:
+    std::filesystem::path path;
+};
+
+// Lines of a recording: `count` fingers side by side that land at `down` and have left at `up`.
+std::string tapOf(int count, double down, double up);
+
+// One report without fingers.
+std::string nothingAt(double time);
+
+} // namespace glidemap::test
