@@ -1,6 +1,6 @@
 #include "recognition/track_list.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace glidemap {
 
@@ -34,13 +34,19 @@ bool TrackList::makeRoom(LiveIndex& live) {
     if (endedCount == 0) {
         return false;
     }
-    std::stable_partition(slots.begin(), slots.begin() + static_cast<std::ptrdiff_t>(count),
-                          [](const Track& track) { return !track.ended; });
-    count -= endedCount;
-    endedCount = 0;
+    // By swaps, which keep every slot's memory; a library's stable partition asks for a buffer.
+    std::size_t kept = 0;
     for (std::size_t index = 0; index < count; ++index) {
-        live.set(slots[index].id, index);
+        if (!slots[index].ended) {
+            if (kept != index) {
+                std::swap(slots[kept], slots[index]);
+            }
+            live.set(slots[kept].id, kept);
+            ++kept;
+        }
     }
+    count = kept;
+    endedCount = 0;
     return true;
 }
 
