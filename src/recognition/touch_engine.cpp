@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cassert>
-#include <iterator>
+#include <cstddef>
 #include <utility>
 
 namespace glidemap {
 
 namespace {
+
+// An array made for one finger would have to grow when it comes back for a hand.
+constexpr std::size_t usualTouches = 16;
 
 std::function<TouchEngine::Ports()>& sharedPorts() {
     static std::function<TouchEngine::Ports()> makePorts;
@@ -69,11 +72,16 @@ int TouchEngine::touchingCount() const {
 
 void TouchEngine::handleRawFrame(const std::vector<MTTouch>& records, double timestamp) {
     TouchFrame frame{timestamp, frames->take()};
-    std::ranges::transform(records, std::back_inserter(frame.touches), touchPoint);
-    const auto touching = std::ranges::count_if(frame.touches, &TouchPoint::isTouching);
+    frame.touches.reserve(std::max(records.size(), usualTouches));
+    int touching = 0;
+    for (const MTTouch& record : records) {
+        const TouchPoint touch = touchPoint(record);
+        touching += touch.isTouching ? 1 : 0;
+        frame.touches.push_back(touch);
+    }
     {
         const std::lock_guard lock(touchCountLock);
-        _touchingCount = static_cast<int>(touching);
+        _touchingCount = touching;
     }
     ports.queue->submit(
         [receivers = recognizers, pool = frames, frame = std::move(frame)]() mutable {
