@@ -18,7 +18,7 @@ public:
     bool isEmpty() const { return count == 0; }
     bool isFull() const { return count == ThreadedSerialQueue::capacity; }
 
-    void push(Task task) {
+    void push(Task&& task) {
         if (count == slots.size()) {
             grow();
         }
