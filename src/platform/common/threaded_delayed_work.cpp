@@ -81,16 +81,21 @@ ThreadedDelayedWork::~ThreadedDelayedWork() {
 void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay) {
     const auto wait =
         std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(delay));
+    bool comesFirst = false;
     {
         const std::lock_guard lock(state->mutex);
-        state->heap.push_back({Clock::now() + wait, state->nextNumber++, std::move(item)});
+        const std::uint64_t number = state->nextNumber++;
+        state->heap.push_back({Clock::now() + wait, number, std::move(item)});
         std::ranges::push_heap(state->heap, comesLater);
+        comesFirst = state->heap.front().number == number;
         if (!state->thread.joinable()) {
             state->thread =
                 std::thread([shared = state, own = state->generation] { shared->serve(own); });
         }
     }
-    state->changed.notify_one();
+    if (comesFirst) { // otherwise the thread has an earlier item to wake up for
+        state->changed.notify_one();
+    }
 }
 
 void ThreadedDelayedWork::stop() {
