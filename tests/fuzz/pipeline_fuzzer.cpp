@@ -1,0 +1,367 @@
+// Arbitrary reports and times, through the contact callback to the recognizer and out of the
+// engine.
+//
+// The input is read as what a hand and a bad driver do by turns: fingers land, move and leave, time
+// passes, and now and then a record holds anything at all. What must hold whatever comes:
+//
+//   - the count is that of the touching records of the latest report;
+//   - while fingers are down only hold-and-tap and long press are heard, the long press once a
+//     session, and no more in a report than fingers vanished, plus one;
+//   - at the end of a session at most one gesture is decided, and none where one of those two was;
+//   - without a session nothing is decided; delayed work brings single taps only, and no more than
+//     were held back;
+//   - what leaves the engine is a quarter second apart;
+//   - after all that a clean tap is a tap.
+#include "input/multitouch_device_manager.h"
+#include "platform/virtual/virtual_time.h"
+#include "recognition/touch_engine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <set>
+#include <span>
+#include <vector>
+
+namespace {
+
+using namespace glidemap;
+
+void require(bool holds, const char* rule) {
+    if (!holds) {
+        std::fprintf(stderr, "broken: %s\n", rule);
+        std::abort();
+    }
+}
+
+class Input {
+public:
+    explicit Input(std::span<const std::uint8_t> given) : bytes(given) {}
+
+    bool isOver() const { return bytes.empty(); }
+
+    std::uint8_t byte() { return value<std::uint8_t>(); }
+    double fraction() { return byte() / 255.0; }
+
+    // Zero where the input ends.
+    template <typename Value>
+    Value value() {
+        Value result{};
+        const std::size_t size = std::min(sizeof result, bytes.size());
+        if (size > 0) {
+            std::memcpy(&result, bytes.data(), size);
+        }
+        bytes = bytes.subspan(size);
+        return result;
+    }
+
+private:
+    std::span<const std::uint8_t> bytes;
+};
+
+bool isFixAndTap(GestureType gesture) {
+    return category(gesture) == GestureCategory::fixAndTap;
+}
+
+bool isLongPress(GestureType gesture) {
+    return category(gesture) == GestureCategory::longPress;
+}
+
+bool isTapThatCanBeHeldBack(GestureType gesture) {
+    return gesture >= GestureType::twoFingerTap && gesture <= GestureType::fourFingerTap;
+}
+
+// The engine under test, and beside it what is known of the session from the reports alone.
+class Pipeline {
+public:
+    explicit Pipeline(bool doubleTapsBound) : manager({"/no/such/driver", {}}) {
+        engine = TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &manager});
+        engine->onGesture = [this](GestureType) {
+            delivered();
+        };
+        auto& recognizer = engine->sessionRecognizer();
+        recognizer.doubleTapBindingExists = [doubleTapsBound, this](int) {
+            heldBack += doubleTapsBound ? 1 : 0;
+            return doubleTapsBound;
+        };
+        recognizer.onGesture = [this, deliver = recognizer.onGesture](GestureType gesture) {
+            require(gesture != GestureType::drawCircle, "a circle has a direction");
+            require(category(gesture) != GestureCategory::click, "clicks are not touched");
+            (isFrameRunning ? ofFrame : ofDelayedWork).push_back(gesture);
+            deliver(gesture);
+        };
+        engine->start();
+    }
+    Pipeline(const Pipeline&) = delete;
+    Pipeline& operator=(const Pipeline&) = delete;
+    ~Pipeline() { engine->stop(); }
+
+    void report(const std::vector<MTTouch>& records, double timestamp) {
+        pass([&] { time.advanceTo(timestamp); });
+        MultitouchDeviceManager::contactCallback(nullptr, records.empty() ? nullptr : &records[0],
+                                                 static_cast<std::int32_t>(records.size()),
+                                                 timestamp, 0);
+        checkFrameOf(records);
+    }
+
+    // Reports whose count says nothing of what is there: without records, or too many to believe.
+    void reportWithoutRecords(std::int32_t count) {
+        MultitouchDeviceManager::contactCallback(nullptr, nullptr, count, time.now(), 0);
+        checkFrameOf({});
+    }
+
+    void reportUnbelievably(std::int32_t count) {
+        const MTTouch record{};
+        const int before = engine->touchingCount();
+        MultitouchDeviceManager::contactCallback(nullptr, &record, std::max(count, 65'537),
+                                                 time.now(), 0);
+        require(engine->touchingCount() == before, "what nobody believes changes nothing");
+    }
+
+    void runDelayedWork() {
+        pass([&] { time.runRemaining(); });
+    }
+
+    // The gestures of a tap of two fingers on a pad that nothing touches.
+    std::vector<GestureType> tap(double start) {
+        std::vector<MTTouch> records(2);
+        for (std::size_t finger = 0; finger < 2; ++finger) {
+            records[finger].identifier = static_cast<std::int32_t>(finger);
+            records[finger].state = 4;
+            records[finger].normalized.pos = {0.4F + 0.1F * static_cast<float>(finger), 0.5F};
+        }
+        runDelayedWork();
+        report(records, start);
+        report({}, start);
+        std::vector<GestureType> heard = ofFrame;
+        runDelayedWork();
+        heard.insert(heard.end(), ofDelayedWork.begin(), ofDelayedWork.end());
+        return heard;
+    }
+
+private:
+    template <typename Step>
+    void pass(Step step) {
+        ofDelayedWork.clear();
+        step();
+        for (const GestureType gesture : ofDelayedWork) {
+            require(isTapThatCanBeHeldBack(gesture), "delayed work brings single taps only");
+            require(heldBack-- > 0, "no more taps come late than were held back");
+        }
+    }
+
+    void delivered() {
+        const double now = time.clock()->uptime();
+        require(!(now - lastDelivery < 0.25), "deliveries are a quarter second apart");
+        lastDelivery = now;
+    }
+
+    void checkCount(const std::vector<MTTouch>& records) const {
+        const auto touching = std::ranges::count_if(
+            records, [](const MTTouch& record) { return isTouchingState(record.state); });
+        require(engine->touchingCount() == touching, "the count is that of the latest report");
+    }
+
+    void checkFrameOf(const std::vector<MTTouch>& records) {
+        checkCount(records);
+        ofFrame.clear();
+        isFrameRunning = true;
+        time.runSubmitted();
+        isFrameRunning = false;
+        checkGestures(records);
+    }
+
+    void checkGestures(const std::vector<MTTouch>& records) {
+        const std::set<std::int32_t> present = fingersIn(records);
+        const auto vanished =
+            std::ranges::count_if(live, [&](std::int32_t id) { return !present.contains(id); });
+        require(static_cast<std::ptrdiff_t>(ofFrame.size()) <= vanished + 1,
+                "no more gestures than vanished fingers, and one");
+        if (present.empty()) {
+            checkEnd();
+        } else {
+            checkFingersDown();
+        }
+        live = present;
+    }
+
+    void checkFingersDown() {
+        for (const GestureType gesture : ofFrame) {
+            require(isFixAndTap(gesture) || isLongPress(gesture),
+                    "only hold-and-tap and long press come while fingers are down");
+            require(!isLongPress(gesture) || !isTaken, "a taken session has no long press");
+            isTaken = true;
+        }
+    }
+
+    void checkEnd() {
+        require(!live.empty() || ofFrame.empty(), "without a session nothing is decided");
+        int decisions = 0;
+        for (const GestureType gesture : ofFrame) {
+            isTaken = isTaken || isFixAndTap(gesture);
+            decisions += isFixAndTap(gesture) ? 0 : 1;
+            require(!isLongPress(gesture), "no long press without fingers");
+        }
+        require(decisions <= (isTaken ? 0 : 1),
+                "at most one decision ends a session, none a taken one");
+        isTaken = false;
+    }
+
+    // A finger that is nowhere is absent until it has been somewhere.
+    std::set<std::int32_t> fingersIn(const std::vector<MTTouch>& records) const {
+        std::set<std::int32_t> fingers;
+        for (const MTTouch& record : records) {
+            const MTPoint place = record.normalized.pos;
+            const bool isSomewhere = std::isfinite(place.x) && std::isfinite(place.y);
+            if (isTouchingState(record.state) &&
+                (isSomewhere || live.contains(record.identifier))) {
+                fingers.insert(record.identifier);
+            }
+        }
+        return fingers;
+    }
+
+    VirtualTime time;
+    MultitouchDeviceManager manager;
+    std::shared_ptr<TouchEngine> engine;
+    std::set<std::int32_t> live;
+    bool isTaken = false; // by a long press or a hold-and-tap
+    bool isFrameRunning = false;
+    long heldBack = 0;
+    double lastDelivery = -1e300;
+    std::vector<GestureType> ofFrame;
+    std::vector<GestureType> ofDelayedWork;
+};
+
+// What the bytes do: a hand on a pad, and a driver that is not always right.
+class Performer {
+public:
+    explicit Performer(std::span<const std::uint8_t> bytes)
+        : input(bytes), pipeline((input.byte() & 1) != 0) {}
+
+    void perform() {
+        while (!input.isOver()) {
+            act(input.byte() % 10);
+        }
+        endCleanly();
+    }
+
+private:
+    void act(int verb) {
+        switch (verb) {
+        case 0:
+            return land();
+        case 1:
+            return lift();
+        case 2:
+            return move();
+        case 3:
+            return spoil();
+        case 4:
+            return pass(input.byte() / 1000.0);
+        case 5:
+            return pass(limits[input.byte() % std::size(limits)]);
+        case 6:
+            return pass(input.value<double>() - time);
+        case 7:
+            contacts.clear();
+            return pass(0.008);
+        case 8:
+            return pipeline.reportWithoutRecords(input.value<std::int32_t>());
+        default:
+            return pipeline.reportUnbelievably(input.value<std::int32_t>());
+        }
+    }
+
+    void land() {
+        if (contacts.size() < 12) {
+            MTTouch contact{};
+            contact.identifier = nextIdentifier++ % 16;
+            contact.state = 4;
+            contact.normalized.pos = {static_cast<float>(input.fraction()),
+                                      static_cast<float>(input.fraction())};
+            contacts.push_back(contact);
+        }
+    }
+
+    MTTouch* anyContact() {
+        return contacts.empty() ? nullptr : &contacts[input.byte() % contacts.size()];
+    }
+
+    void lift() {
+        if (const MTTouch* contact = anyContact()) {
+            contacts.erase(contacts.begin() + (contact - contacts.data()));
+        }
+    }
+
+    // All fingers by the same way, or one by itself.
+    void move() {
+        const MTPoint way = {input.value<std::int8_t>() / 256.0F,
+                             input.value<std::int8_t>() / 256.0F};
+        MTTouch* alone = (input.byte() & 1) != 0 ? anyContact() : nullptr;
+        for (MTTouch& contact : contacts) {
+            if (alone == nullptr || alone == &contact) {
+                contact.normalized.pos.x += way.x;
+                contact.normalized.pos.y += way.y;
+            }
+        }
+    }
+
+    void spoil() {
+        if (MTTouch* contact = anyContact()) {
+            switch (input.byte() % 4) {
+            case 0:
+                contact->identifier = input.value<std::int32_t>();
+                break;
+            case 1:
+                contact->state = input.value<std::int32_t>();
+                break;
+            case 2:
+                contact->normalized.pos = input.value<MTPoint>();
+                break;
+            default:
+                *contact = input.value<MTTouch>();
+            }
+        }
+    }
+
+    void pass(double seconds) {
+        time += seconds;
+        pipeline.report(contacts, time);
+        if (!std::isfinite(time)) {
+            time = 0;
+        }
+    }
+
+    void endCleanly() {
+        contacts.clear();
+        pass(0.008);
+        // Far from zero no two moments are a fraction of a second apart.
+        const auto heard = pipeline.tap(std::abs(time) < 1e9 ? time + 10 : 0);
+        // With time going backwards the tap before may seem to have been just now.
+        require(heard == std::vector{GestureType::twoFingerTap} ||
+                    heard == std::vector{GestureType::twoFingerDoubleTap},
+                "after all that a clean tap is a tap");
+    }
+
+    // The times that decisions turn on.
+    static constexpr double limits[] = {0,    0.004, 0.008, 0.15, 0.2, 0.25, 0.3,  0.4,
+                                        0.45, 0.6,   0.8,   1.5,  3,   60,   -0.1, -1e6};
+
+    Input input;
+    Pipeline pipeline;
+    std::vector<MTTouch> contacts;
+    std::int32_t nextIdentifier = 0;
+    double time = 0;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Performer(std::span(data, size)).perform();
+    return 0;
+}
