@@ -20,17 +20,17 @@ void LiveIndex::remove(std::int32_t id) {
     }
 }
 
-std::optional<std::size_t> LiveIndex::find(std::int32_t id) const {
+const LiveIndex::Entry* LiveIndex::findAmongMany(std::int32_t id) const {
     const auto place = std::ranges::lower_bound(entries, id, {}, &Entry::id);
-    if (place == entries.end() || place->id != id) {
-        return std::nullopt;
-    }
-    return place->track;
+    return place != entries.end() && place->id == id ? &*place : nullptr;
 }
 
 void LiveIndex::collectMissing(std::span<const std::int32_t> ids,
                                std::vector<Entry>& missing) const {
     missing.clear();
+    if (std::ranges::equal(ids, entries, {}, {}, &Entry::id)) {
+        return; // as in most frames
+    }
     auto id = ids.begin();
     for (const Entry& entry : entries) {
         while (id != ids.end() && *id < entry.id) {

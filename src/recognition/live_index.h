@@ -26,7 +26,25 @@ public:
     void remove(std::int32_t id);
     void clear() { entries.clear(); }
 
-    std::optional<std::size_t> find(std::int32_t id) const;
+    std::optional<std::size_t> find(std::int32_t id) const {
+        const Entry* entry = entryOf(id);
+        return entry != nullptr ? std::optional(entry->track) : std::nullopt;
+    }
+
+    // The same for the frame's own loop, as a pointer or null: an optional would be put together in
+    // memory and read back at once, which costs more than the search.
+    const Entry* entryOf(std::int32_t id) const {
+        if (entries.size() > fewEntries) {
+            return findAmongMany(id);
+        }
+        for (const Entry& entry : entries) {
+            if (entry.id == id) {
+                return &entry;
+            }
+        }
+        return nullptr;
+    }
+
     std::size_t size() const { return entries.size(); }
 
     // In the order of the ids.
@@ -36,6 +54,11 @@ public:
     void collectMissing(std::span<const std::int32_t> ids, std::vector<Entry>& missing) const;
 
 private:
+    // A hand's fingers are found sooner by looking at each than by halving.
+    static constexpr std::size_t fewEntries = 11;
+
+    const Entry* findAmongMany(std::int32_t id) const;
+
     std::vector<Entry> entries;
 };
 

@@ -123,13 +123,16 @@ void SessionRecognizer::readFingers(const TouchFrame& frame) {
         fingers.push_back(touch);
         fingerIds.push_back(touch.id);
     }
-    std::ranges::sort(fingerIds);
+    // Drivers report a hand in the same order every time, mostly that of the ids.
+    if (!std::ranges::is_sorted(fingerIds)) {
+        std::ranges::sort(fingerIds);
+    }
 }
 
 void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     const PadPoint position{finger.x, finger.y};
-    if (const auto live = liveIndex.find(finger.id)) {
-        tracks[*live].moveTo(position);
+    if (const LiveIndex::Entry* live = liveIndex.entryOf(finger.id)) {
+        tracks[live->track].moveTo(position);
     } else {
         tracks.begin(finger.id, time, position, liveIndex);
     }

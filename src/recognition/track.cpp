@@ -1,7 +1,5 @@
 #include "recognition/track.h"
 
-#include <algorithm>
-
 namespace glidemap {
 
 void Track::begin(std::int32_t finger, double time, PadPoint position) {
@@ -14,14 +12,6 @@ void Track::begin(std::int32_t finger, double time, PadPoint position) {
     points.push_back(position);
     ended = false;
     endTime = 0;
-}
-
-void Track::moveTo(PadPoint position) {
-    maxDrift = std::max(maxDrift, distance(position, startPos));
-    lastPos = position;
-    if (points.size() < longestPath && distance(position, points.back()) >= shortestStep) {
-        points.push_back(position);
-    }
 }
 
 void Track::end(double time) {

@@ -6,6 +6,7 @@
 
 #include "recognition/pad_geometry.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -29,7 +30,16 @@ struct Track {
 
     // Begins anew in the memory of an older track.
     void begin(std::int32_t finger, double time, PadPoint position);
-    void moveTo(PadPoint position);
+
+    // Here and not in the source file: it runs for every finger of every frame.
+    void moveTo(PadPoint position) {
+        maxDrift = std::max(maxDrift, distance(position, startPos));
+        lastPos = position;
+        if (points.size() < longestPath && distance(position, points.back()) >= shortestStep) {
+            points.push_back(position);
+        }
+    }
+
     void end(double time);
 
     PadPoint displacement() const { return lastPos - startPos; }
