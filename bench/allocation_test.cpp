@@ -1,0 +1,126 @@
+// How often the pipeline asks for memory once it has seen a few sessions: at most once a report on
+// the driver's thread, for the report's own copy, and never on the engine's.
+#include "bench/allocation_count.h"
+#include "bench/headless_pipeline.h"
+#include "bench/performance_script.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <ostream>
+
+namespace glidemap::bench {
+
+namespace {
+
+// Plays the driver and counts what each thread allocates for each report.
+class CountedPipeline {
+public:
+    void push(const Report& report, double timestamp) {
+        const std::int64_t before = allocationsOfThisThread();
+        HeadlessPipeline::push(report, timestamp);
+        const std::int64_t own = allocationsOfThisThread() - before;
+        const std::int64_t engineTotal = threads.ask(allocationsOfThisThread);
+        mostByDriver = std::max(mostByDriver, own);
+        byEngine += engineTotal - lastEngineTotal;
+        lastEngineTotal = engineTotal;
+    }
+
+    void forget() {
+        mostByDriver = 0;
+        byEngine = 0;
+    }
+
+    std::int64_t mostByDriver = 0; // for one report
+    std::int64_t byEngine = 0;     // for all of them
+
+private:
+    RealThreads threads;
+    HeadlessPipeline pipeline{threads.ports()};
+    std::int64_t lastEngineTotal = threads.ask(allocationsOfThisThread);
+};
+
+TEST(AllocationCount, SeesWhatAThreadAllocates) {
+    const std::int64_t before = allocationsOfThisThread();
+    const Report report = fingersAt(1, 0);
+    EXPECT_GE(allocationsOfThisThread() - before, 1);
+    EXPECT_EQ(report.size(), 1U);
+}
+
+TEST(AllocationCount, SeesWhatTheQueuesThreadAllocates) {
+    const RealThreads threads;
+    const std::int64_t before = threads.ask(allocationsOfThisThread);
+    threads.ask([] { return static_cast<std::int64_t>(fingersAt(3, 0).size()); });
+    EXPECT_GE(threads.ask(allocationsOfThisThread) - before, 1);
+}
+
+struct Row {
+    const char* name;
+    int contacts;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Row& row) {
+    return stream << row.name;
+}
+
+class Frames : public testing::TestWithParam<Row> {};
+
+TEST_P(Frames, OfASessionAllocateAtMostOnceOnTheDriversThreadAndNeverOnTheEngines) {
+    constexpr int pathsAreFullAfter = 2'200;
+    CountedPipeline pipeline;
+    double time = 1;
+    const auto reports = movingFingers(GetParam().contacts, 128);
+    const auto play = [&](int count) {
+        for (int index = 0; index < count; ++index) {
+            pipeline.push(reports[static_cast<std::size_t>(index) % reports.size()], time += 0.008);
+        }
+    };
+    play(pathsAreFullAfter);
+    pipeline.forget();
+    play(1'000);
+    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_EQ(pipeline.byEngine, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Frames,
+                         testing::Values(Row{"no_contact", 0}, Row{"one_contact", 1},
+                                         Row{"five_contacts", 5}, Row{"eleven_contacts", 11}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(MixedTouching, AllocatesAtMostOnceAReportOnTheDriversThreadAndNeverOnTheEngines) {
+    CountedPipeline pipeline;
+    PerformanceScript script(
+        [&](const Report& report, double timestamp) { pipeline.push(report, timestamp); });
+    script.playMixed(120);
+    pipeline.forget();
+    script.playMixed(120);
+    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_EQ(pipeline.byEngine, 0);
+}
+
+// Past the number of tracks that a session may have, so that old ones are forgotten many times.
+TEST(AnEndlessSession, AllocatesAtMostOnceAReportOnTheDriversThreadAndNeverOnTheEngines) {
+    CountedPipeline pipeline;
+    PerformanceScript script(
+        [&](const Report& report, double timestamp) { pipeline.push(report, timestamp); });
+    script.tapBesideRestingFinger(300);
+    pipeline.forget();
+    script.tapBesideRestingFinger(300);
+    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_EQ(pipeline.byEngine, 0);
+}
+
+// The array that travels to the engine is made for a whole hand: it never has to grow for one.
+TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
+    CountedPipeline pipeline;
+    pipeline.push(fingersAt(1, 0), 1);
+    EXPECT_LE(pipeline.mostByDriver, 2);
+    pipeline.forget();
+    pipeline.push(fingersAt(5, 0), 1.008);
+    EXPECT_LE(pipeline.mostByDriver, 1);
+}
+
+} // namespace
+
+} // namespace glidemap::bench

@@ -1,0 +1,82 @@
+#include "bench/headless_pipeline.h"
+
+#include "platform/common/threaded_delayed_work.h"
+#include "platform/common/threaded_serial_queue.h"
+#include "platform/linux/thread_setup.h"
+#include "platform/linux/touch_driver_platform.h"
+
+#include <thread>
+#include <utility>
+
+namespace glidemap::bench {
+
+namespace {
+
+// No library by this name: the manager keeps the reason as text and takes no device, and the
+// engine's sink is in place all the same.
+constexpr const char* noDriver = "/nonexistent/touch-driver.so";
+
+void prepareThread() {
+    setUpResponsiveThread(TouchEngine::queueLabel);
+}
+
+} // namespace
+
+HeadlessPipeline::HeadlessPipeline(const Ports& ports)
+    : manager(touchDriverPlatformAt(noDriver)),
+      engine(TouchEngine::create({ports.clock, ports.queue, ports.delayedWork, &manager})) {
+    engine->start();
+}
+
+HeadlessPipeline::~HeadlessPipeline() {
+    engine->stop();
+}
+
+void HeadlessPipeline::onGesture(std::function<void(GestureType)> callback) {
+    engine->onGesture = std::move(callback);
+}
+
+void HeadlessPipeline::bindDoubleTaps() {
+    engine->sessionRecognizer().doubleTapBindingExists = [](int /*count*/) {
+        return true;
+    };
+}
+
+RealThreads::RealThreads()
+    : _queue(std::make_shared<ThreadedSerialQueue>(prepareThread)),
+      _delayedWork(std::make_shared<ThreadedDelayedWork>(prepareThread)) {
+    queueThread.emplace(
+        static_cast<pid_t>(ask([] { return static_cast<std::int64_t>(thisThread()); })));
+}
+
+HeadlessPipeline::Ports RealThreads::ports() const {
+    return {std::make_shared<StridingClock>(), _queue, _delayedWork};
+}
+
+std::int64_t RealThreads::ask(std::int64_t (*function)()) const {
+    // Read by turns rather than waited for: a waiter would have to be woken by the thread that is
+    // being measured.
+    std::atomic<bool> answered = false;
+    std::int64_t answer = 0;
+    _queue->submit([&answered, &answer, function] {
+        answer = function();
+        answered.store(true, std::memory_order_release);
+    });
+    while (!answered.load(std::memory_order_acquire)) {
+        std::this_thread::yield();
+    }
+    return answer;
+}
+
+void RealThreads::waitUntilIdle() const {
+    ask([] { return std::int64_t{0}; });
+}
+
+void RealThreads::waitUntilAsleep() const {
+    waitUntilIdle();
+    while (!queueThread->sleeps()) {
+        std::this_thread::yield();
+    }
+}
+
+} // namespace glidemap::bench

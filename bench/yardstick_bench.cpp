@@ -1,0 +1,179 @@
+// What the machine itself takes for the parts that no program can do without, measured in the same
+// run as the pipeline: a figure that misses its target by as much as its yardstick does is the
+// machine's.
+//
+//   copy      the allocation and the copy of a report, and nothing else
+//   locks     the six uncontended locks that a report passes
+//   wake      a bare condition variable: what waking costs the waker, and when the other runs
+#include "bench/pace.h"
+#include "bench/thread_watch.h"
+#include "bench/touching.h"
+#include "pipeline_bench.h"
+#include "platform/linux/thread_setup.h"
+
+#include <benchmark/benchmark.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+namespace glidemap::bench {
+
+namespace {
+
+void clockCost(benchmark::State& state) {
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(now());
+    }
+}
+
+void copyOfReport(benchmark::State& state) {
+    const Report report = fingersAt(static_cast<int>(state.range(0)), 0);
+    for ([[maybe_unused]] auto _ : state) {
+        Report copy(report.begin(), report.end());
+        benchmark::DoNotOptimize(copy.data());
+    }
+}
+
+void uncontendedLock(benchmark::State& state) {
+    std::mutex mutex;
+    std::thread([] {}).join(); // a process that never had two threads takes locks for less
+    for ([[maybe_unused]] auto _ : state) {
+        const std::lock_guard lock(mutex);
+        benchmark::ClobberMemory();
+    }
+}
+
+// A thread that waits on a condition variable and notes when it runs again.
+class Sleeper {
+public:
+    Sleeper() : thread([this] { serve(); }) {
+        while (id == 0) {
+            std::this_thread::yield();
+        }
+        watch.emplace(id);
+    }
+    Sleeper(const Sleeper&) = delete;
+    Sleeper& operator=(const Sleeper&) = delete;
+
+    ~Sleeper() {
+        {
+            const std::lock_guard lock(mutex);
+            stopping = true;
+        }
+        condition.notify_one();
+        thread.join();
+    }
+
+    void waitUntilAsleep() const {
+        while (!watch->sleeps()) {
+            std::this_thread::yield();
+        }
+    }
+
+    void wake() {
+        {
+            const std::lock_guard lock(mutex);
+            ++asked;
+        }
+        condition.notify_one();
+    }
+
+    bool hasRun() const { return ran.load(std::memory_order_acquire) == asked; }
+    Moment lastRun() const { return moment; }
+
+private:
+    void serve() {
+        setUpResponsiveThread("sleeper");
+        id = thisThread();
+        std::unique_lock lock(mutex);
+        while (!stopping) {
+            condition.wait(lock, [&] { return stopping || ran != asked; });
+            moment = now();
+            ran.store(asked, std::memory_order_release);
+        }
+    }
+
+    std::mutex mutex;
+    std::condition_variable condition;
+    bool stopping = false;
+    int asked = 0;
+    Moment moment;
+    std::atomic<int> ran = 0;
+    std::atomic<pid_t> id = 0;
+    std::optional<SleepWatch> watch;
+    std::thread thread;
+};
+
+void wakeCost(benchmark::State& state) {
+    Sleeper sleeper;
+    Samples samples(static_cast<std::size_t>(state.max_iterations));
+    for ([[maybe_unused]] auto _ : state) {
+        sleeper.waitUntilAsleep();
+        const Moment start = now();
+        sleeper.wake();
+        const Moment end = now();
+        while (!sleeper.hasRun()) {
+            std::this_thread::yield();
+        }
+        samples.add(start, end);
+        state.SetIterationTime(std::chrono::duration<double>(end - start).count());
+    }
+    reportQuantiles(state, samples);
+}
+
+void wakeLatency(benchmark::State& state) {
+    Sleeper sleeper;
+    Samples samples(static_cast<std::size_t>(state.max_iterations));
+    for ([[maybe_unused]] auto _ : state) {
+        sleeper.waitUntilAsleep();
+        const Moment start = now();
+        sleeper.wake();
+        while (!sleeper.hasRun()) {
+            std::this_thread::yield();
+        }
+        samples.add(start, sleeper.lastRun());
+        state.SetIterationTime(std::chrono::duration<double>(sleeper.lastRun() - start).count());
+    }
+    reportQuantiles(state, samples);
+}
+
+void pacedWakeLatency(benchmark::State& state) {
+    Sleeper sleeper;
+    Samples samples(static_cast<std::size_t>(state.max_iterations));
+    const Pace pace;
+    for ([[maybe_unused]] auto _ : state) {
+        pace.waitForNextReport();
+        const Moment start = now();
+        sleeper.wake();
+        while (!sleeper.hasRun()) {
+            pace.waitForNextReport();
+        }
+        samples.add(start, sleeper.lastRun());
+        state.SetIterationTime(std::chrono::duration<double>(sleeper.lastRun() - start).count());
+    }
+    reportQuantiles(state, samples);
+}
+
+} // namespace
+
+void registerYardsticks(int samples, int pacedSamples) {
+    benchmark::RegisterBenchmark("yardstick/clock", clockCost);
+    for (const int fingers : {1, 5, 11}) {
+        benchmark::RegisterBenchmark("yardstick/copy", copyOfReport)->Arg(fingers);
+    }
+    benchmark::RegisterBenchmark("yardstick/lock", uncontendedLock);
+    benchmark::RegisterBenchmark("yardstick/wake_cost", wakeCost)
+        ->UseManualTime()
+        ->Iterations(samples);
+    benchmark::RegisterBenchmark("yardstick/wake_latency", wakeLatency)
+        ->UseManualTime()
+        ->Iterations(samples);
+    benchmark::RegisterBenchmark("yardstick/wake_latency_paced", pacedWakeLatency)
+        ->UseManualTime()
+        ->Iterations(pacedSamples);
+}
+
+} // namespace glidemap::bench
