@@ -210,6 +210,20 @@ TEST(CircleTest, TheEndsLieAtMostOnePointTwoRadiiApart) {
     EXPECT_GT(sweptAngle(centreOf(path(open)), path(open)), 4.81);
 }
 
+TEST(CircleTest, AGapOfPreciselyOnePointTwoRadiiIsClosed) {
+    // 7, 24 and 25 are the sides of a right triangle, so that the last point lies on the circle and
+    // 30 from the north, where the radius is 25. Of this unit no stretching is rounded.
+    const double unit = 33 / 4096.0;
+    const PadPoint last = {24 * unit / 1.35, 7 * unit};
+    Path path = compass("NNN", 0, 25 * unit);
+    path.insert(path.end(), 3, PadPoint{} - last);
+    std::ranges::copy(compass("SSS", 0, 25 * unit), std::back_inserter(path));
+    path.insert(path.end(), 3, last);
+    ASSERT_EQ(radiiOf(path).mean, 25 * unit);
+    ASSERT_EQ(distance(stretched(path.front()), stretched(path.back())), 1.2 * (25 * unit));
+    EXPECT_EQ(circleOf(path, second), drawCircleCounterclockwise);
+}
+
 TEST(CircleTest, MoreThanOneRoundIsACircle) {
     EXPECT_EQ(circleOf(pathOf({.sweep = 4 * pi, .points = 80}), second),
               drawCircleCounterclockwise);

@@ -112,6 +112,7 @@ TEST(EdgeSwipeTest, InACornerTheFirstEdgeThatTheFingerLeavesDecides) {
         {{0.02, 0.98}, {0.02, 0.5}, edgeSwipeFromTop},
         {{0.02, 0.98}, {0.01, 0.5}, edgeSwipeFromTop},
         {{0.98, 0.02}, {0.99, 0.5}, edgeSwipeFromBottom},
+        {{0.98, 0.98}, {0.98, 0.5}, edgeSwipeFromTop},
         {{0.02, 0.98}, {0.01, 0.99}, std::nullopt},
     });
 }

@@ -77,9 +77,13 @@ TEST(SessionDoubleTapsTest, TheTimeIsMeasuredFromEndToEnd) {
 }
 
 TEST(SessionDoubleTapsTest, ATapAfterADoubleTapIsSingleAgain) {
+    const auto quick = fingers(2).down().hold(0.05).up();
     const auto three = tapOf(2).wait(0.2).then(tapOf(2)).wait(0.2).then(tapOf(2));
     expectRows(std::vector<Row>{
         {"three taps", three, {twoFingerTap, twoFingerDoubleTap, twoFingerTap}},
+        {"three taps so quick that the third is still near the first",
+         quick.wait(0.05).then(quick).wait(0.05).then(quick),
+         {twoFingerTap, twoFingerDoubleTap, twoFingerTap}},
         {"four taps",
          three.wait(0.2).then(tapOf(2)),
          {twoFingerTap, twoFingerDoubleTap, twoFingerTap, twoFingerDoubleTap}},

@@ -81,6 +81,12 @@ TEST(SessionLongPressTest, NoFingerMayHaveLeft) {
     });
 }
 
+TEST(SessionLongPressTest, AFingerReportedTwiceCountsTwiceAndRestsOnce) {
+    auto frames = fingers(2).down().hold(1).up().frames();
+    frames[50].touches.push_back(frames[50].touches.front());
+    EXPECT_EQ(gesturesOf(perform(frames)), std::vector<GestureType>());
+}
+
 TEST(SessionLongPressTest, NothingElseIsDecidedAtTheEndOfItsSession) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"spreading afterwards",
