@@ -76,6 +76,7 @@ Places placeOnPad(const Places& layout, PadPoint way, Chance& chance) {
     const PadPoint origin = {originFor(extent(layout, &PadPoint::x, way.x), chance),
                              originFor(extent(layout, &PadPoint::y, way.y), chance)};
     Places places;
+    places.reserve(layout.size());
     for (const PadPoint offset : layout) {
         places.push_back(origin + offset);
     }
@@ -90,6 +91,7 @@ double partWithRoom(const Places& layout, PadPoint way) {
 std::vector<double> landings(int count, double time, double longest, Chance& chance) {
     const double skew = chance.between(0, longest); // some people land all at once, some never do
     std::vector<double> times;
+    times.reserve(static_cast<std::size_t>(count));
     for (int finger = 0; finger < count; ++finger) {
         times.push_back(time + chance.between(0, skew));
     }

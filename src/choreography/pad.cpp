@@ -140,13 +140,14 @@ Performance report(const Fingers& fingers, Chance& chance) {
     const double end = endOf(fingers) + 0.1; // every contact has gone out of range by then
     Performance performance;
     // The pad looks at its own beat, whenever the finger comes.
-    for (double time = -0.03 - chance.between(0, reportInterval); time < end;
-         time += reportInterval + intervalUnsteadiness * chance.wobble()) {
+    double time = -0.03 - chance.between(0, reportInterval);
+    while (time < end) {
         std::vector<MTTouch> records = recordsAt(time, contacts, chance);
         const bool padWasEmpty = performance.empty() || performance.back().touches.empty();
         if (!records.empty() || (reportsEmptyPad && !padWasEmpty)) {
             performance.push_back({time, std::move(records)});
         }
+        time += reportInterval + intervalUnsteadiness * chance.wobble();
     }
     beginAtZero(performance);
     return performance;

@@ -3,42 +3,49 @@
 #include "choreography/families.h"
 #include "choreography/pad.h"
 
+#include <array>
+#include <cstddef>
 #include <numbers>
 
 namespace glidemap {
 
 namespace {
 
-int position(GestureType gesture) {
-    return static_cast<int>(gesture);
+std::size_t position(GestureType gesture) {
+    return static_cast<std::size_t>(gesture);
 }
 
 // The members of a family stand in one order in the catalogue; this is the place within it.
-int placeAfter(GestureType gesture, GestureType first) {
+std::size_t placeAfter(GestureType gesture, GestureType first) {
     return position(gesture) - position(first);
 }
 
+// Families with finger counts begin with two.
+int fingerCount(std::size_t place) {
+    return 2 + static_cast<int>(place);
+}
+
 Fingers swipe(GestureType gesture, Chance& chance) {
-    constexpr Direction directions[] = {Direction::left, Direction::right, Direction::up,
-                                        Direction::down};
-    const int place = placeAfter(gesture, GestureType::twoFingerSwipeLeft);
-    return performSwipe(2 + place / 4, directions[place % 4], chance);
+    constexpr std::array directions = {Direction::left, Direction::right, Direction::up,
+                                       Direction::down};
+    const std::size_t place = placeAfter(gesture, GestureType::twoFingerSwipeLeft);
+    return performSwipe(fingerCount(place / 4), directions.at(place % 4), chance);
 }
 
 Fingers fixAndTap(GestureType gesture, Chance& chance) {
-    constexpr Direction sides[] = {Direction::right, Direction::left, Direction::up,
-                                   Direction::down};
-    return performFixAndTap(sides[placeAfter(gesture, GestureType::fixAndTapRight)], chance);
+    constexpr std::array sides = {Direction::right, Direction::left, Direction::up,
+                                  Direction::down};
+    return performFixAndTap(sides.at(placeAfter(gesture, GestureType::fixAndTapRight)), chance);
 }
 
 Fingers edgeSwipe(GestureType gesture, Chance& chance) {
-    constexpr Direction edges[] = {Direction::left, Direction::right, Direction::up,
-                                   Direction::down};
-    return performEdgeSwipe(edges[placeAfter(gesture, GestureType::edgeSwipeFromLeft)], chance);
+    constexpr std::array edges = {Direction::left, Direction::right, Direction::up,
+                                  Direction::down};
+    return performEdgeSwipe(edges.at(placeAfter(gesture, GestureType::edgeSwipeFromLeft)), chance);
 }
 
 Fingers cornerTap(GestureType gesture, Chance& chance) {
-    const int place = placeAfter(gesture, GestureType::cornerTapTopLeft);
+    const std::size_t place = placeAfter(gesture, GestureType::cornerTapTopLeft);
     return performCornerTap(place % 2 == 0 ? Direction::left : Direction::right,
                             place < 2 ? Direction::up : Direction::down, chance);
 }
@@ -71,9 +78,10 @@ Fingers fingersFor(GestureType gesture, Chance& chance) {
     case GestureCategory::fixAndTap:
         return fixAndTap(gesture, chance);
     case GestureCategory::tap:
-        return performTap(2 + placeAfter(gesture, GestureType::twoFingerTap), chance);
+        return performTap(fingerCount(placeAfter(gesture, GestureType::twoFingerTap)), chance);
     case GestureCategory::doubleTap:
-        return performDoubleTap(2 + placeAfter(gesture, GestureType::twoFingerDoubleTap), chance);
+        return performDoubleTap(fingerCount(placeAfter(gesture, GestureType::twoFingerDoubleTap)),
+                                chance);
     case GestureCategory::click:
         return {};
     case GestureCategory::swipe:
@@ -85,7 +93,8 @@ Fingers fingersFor(GestureType gesture, Chance& chance) {
     case GestureCategory::pinchRotate:
         return pinchOrRotation(gesture, chance);
     case GestureCategory::longPress:
-        return performLongPress(2 + placeAfter(gesture, GestureType::twoFingerLongPress), chance);
+        return performLongPress(fingerCount(placeAfter(gesture, GestureType::twoFingerLongPress)),
+                                chance);
     }
     return {};
 }

@@ -3,8 +3,8 @@
 #include <getopt.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -42,15 +42,15 @@ wrong command line.
 
 namespace {
 
-constexpr option longOptions[] = {
-    {"double-tap", required_argument, nullptr, 'd'},
-    {"json", no_argument, nullptr, 'j'},
-    {"real-time", no_argument, nullptr, 'r'},
-    {"stats", no_argument, nullptr, 's'},
-    {"demonstrate", no_argument, nullptr, 'm'},
-    {"seed", required_argument, nullptr, 'n'},
-    {"help", no_argument, nullptr, 'h'},
-    {nullptr, 0, nullptr, 0},
+constexpr std::array longOptions = {
+    option{"double-tap", required_argument, nullptr, 'd'},
+    option{"json", no_argument, nullptr, 'j'},
+    option{"real-time", no_argument, nullptr, 'r'},
+    option{"stats", no_argument, nullptr, 's'},
+    option{"demonstrate", no_argument, nullptr, 'm'},
+    option{"seed", required_argument, nullptr, 'n'},
+    option{"help", no_argument, nullptr, 'h'},
+    option{nullptr, 0, nullptr, 0},
 };
 
 template <typename Number>
@@ -96,7 +96,7 @@ std::optional<UsageError> check(const Options& options, bool hasSeed) {
 }
 
 bool isOurs(int letter) {
-    return std::any_of(std::begin(longOptions), std::end(longOptions),
+    return std::any_of(longOptions.begin(), longOptions.end(),
                        [letter](const option& known) { return known.val == letter; });
 }
 
@@ -116,7 +116,11 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
     std::optional<UsageError> error;
     opterr = 0; // the messages are ours
     int result = 0;
-    while (!error && (result = getopt_long(count, arguments, ":", longOptions, nullptr)) != -1) {
+    const auto next = [&] {
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread has begun
+        return getopt_long(count, arguments, ":", longOptions.data(), nullptr);
+    };
+    while (!error && (result = next()) != -1) {
         switch (result) {
         case 'd':
             error = addDoubleTap(options, optarg);

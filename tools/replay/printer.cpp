@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <cstdio>
 #include <string_view>
 
@@ -11,9 +12,9 @@ namespace {
 
 // Microseconds are what a recording can tell; more digits would show how doubles are added.
 std::string seconds(double time) {
-    char digits[400]; // room for the largest double
-    std::snprintf(digits, sizeof digits, "%.6f", time);
-    std::string text = digits;
+    std::array<char, 400> digits{}; // room for the largest double
+    std::snprintf(digits.data(), digits.size(), "%.6f", time);
+    std::string text = digits.data();
     text.erase(text.find_last_not_of('0') + 1);
     if (text.ends_with('.')) {
         text.pop_back();
@@ -27,9 +28,9 @@ std::string quoted(const std::string& text) {
 }
 
 std::string jsonOf(const Recognised& recognised) {
-    return "{\"t\":" + seconds(recognised.time) + ",\"gesture\":\"" +
-           std::string(rawValue(recognised.gesture)) +
-           "\",\"delivered\":" + (recognised.delivered ? "true" : "false") + "}";
+    return R"({"t":)" + seconds(recognised.time) + R"(,"gesture":")" +
+           std::string(rawValue(recognised.gesture)) + R"(","delivered":)" +
+           (recognised.delivered ? "true" : "false") + "}";
 }
 
 std::string jsonOf(const std::vector<Recognised>& outcome) {
@@ -61,7 +62,7 @@ Printer::Printer(Form chosen) : form(chosen) {
 }
 
 void Printer::printFile(const std::string& name) {
-    line(isJson() ? "{\"file\":" + quoted(name) + "}" : name);
+    line(isJson() ? R"({"file":)" + quoted(name) + "}" : name);
 }
 
 void Printer::print(const Recognised& recognised) {
@@ -86,8 +87,8 @@ void Printer::printIntention(GestureType intended) {
 void Printer::printOutcome(GestureType intended, const std::vector<Recognised>& outcome,
                            bool isAsIntended) {
     if (isJson()) {
-        line("{\"intended\":\"" + std::string(rawValue(intended)) + "\",\"recognised\":" +
-             jsonOf(outcome) + ",\"asIntended\":" + (isAsIntended ? "true" : "false") + "}");
+        line(R"({"intended":")" + std::string(rawValue(intended)) + R"(","recognised":)" +
+             jsonOf(outcome) + R"(,"asIntended":)" + (isAsIntended ? "true" : "false") + "}");
         return;
     }
     line((isAsIntended ? "recognised: " : "WRONG, recognised: ") + namesOf(outcome));
@@ -96,7 +97,7 @@ void Printer::printOutcome(GestureType intended, const std::vector<Recognised>& 
 void Printer::printSummary(std::size_t performed, std::size_t asIntended) {
     const std::string all = std::to_string(performed);
     const std::string good = std::to_string(asIntended);
-    line(isJson() ? "{\"performed\":" + all + ",\"asIntended\":" + good + "}"
+    line(isJson() ? R"({"performed":)" + all + R"(,"asIntended":)" + good + "}"
                   : good + " of " + all + " gestures recognised as intended");
 }
 

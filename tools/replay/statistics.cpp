@@ -1,6 +1,7 @@
 #include "statistics.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace glidemap::replay {
@@ -42,9 +43,9 @@ void Statistics::count(const Recognised& recognised) {
 
 std::string Statistics::text() const {
     const std::chrono::duration<double> took = Clock::now() - started;
-    char lines[512];
+    std::array<char, 512> lines{};
     std::snprintf(
-        lines, sizeof lines,
+        lines.data(), lines.size(),
         "frames          %llu\n"
         "contacts        %llu\n"
         "touch sessions  %llu\n"
@@ -56,7 +57,7 @@ std::string Statistics::text() const {
         static_cast<unsigned long long>(sessions), static_cast<unsigned long long>(delivered),
         static_cast<unsigned long long>(dropped), recorded, took.count(),
         static_cast<double>(frames) / std::max(took.count(), 1e-9));
-    return lines;
+    return lines.data();
 }
 
 } // namespace glidemap::replay
