@@ -16,8 +16,12 @@ namespace {
 // engine's sink is in place all the same.
 constexpr const char* noDriver = "/nonexistent/touch-driver.so";
 
-void prepareThread() {
+void prepareQueueThread() {
     setUpResponsiveThread(TouchEngine::queueLabel);
+}
+
+void prepareDelayedThread() {
+    setUpResponsiveThread("delayed work");
 }
 
 } // namespace
@@ -43,8 +47,8 @@ void HeadlessPipeline::bindDoubleTaps() {
 }
 
 RealThreads::RealThreads()
-    : _queue(std::make_shared<ThreadedSerialQueue>(prepareThread)),
-      _delayedWork(std::make_shared<ThreadedDelayedWork>(prepareThread)) {
+    : _queue(std::make_shared<ThreadedSerialQueue>(prepareQueueThread)),
+      _delayedWork(std::make_shared<ThreadedDelayedWork>(prepareDelayedThread)) {
     queueThread.emplace(
         static_cast<pid_t>(ask([] { return static_cast<std::int64_t>(thisThread()); })));
 }
