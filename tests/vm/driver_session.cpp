@@ -2,15 +2,16 @@
 
 #include "deadline.h"
 #include "platform/linux/touch_driver_platform.h"
+#include "process.h"
 #include "threads.h"
 
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
+#include <sched.h>
 
 #include <algorithm>
 #include <iterator>
 #include <ostream>
-#include <ranges>
 #include <utility>
 
 namespace glidemap::vm {
@@ -66,7 +67,7 @@ DriverSession::DriverSession() : manager(touchDriverPlatformAt(GLIDEMAP_EVDEV_DR
 }
 
 DriverSession::~DriverSession() {
-    releaseReports();
+    letGo();
     manager.stop();
     setButtonCallback(nullptr);
     MultitouchDeviceManager::setFrameSink({});
@@ -104,6 +105,30 @@ void DriverSession::buttonCallback(driver::Device device, std::int32_t button, b
     current->news.notify_all();
 }
 
+bool DriverSession::waitUntilReading(const VirtualPad& pad) const {
+    const Deadline deadline;
+    while (!hasOpen("self", pad.node())) {
+        if (deadline.passed()) {
+            ADD_FAILURE() << "the driver never opened " << pad.node();
+            return false;
+        }
+        sched_yield();
+    }
+    return waitUntilAsleep();
+}
+
+bool DriverSession::waitUntilAsleep() const {
+    const Deadline deadline;
+    while (!areAsleep(driverThreads)) {
+        if (deadline.passed()) {
+            ADD_FAILURE() << "a thread of the driver never goes to sleep";
+            return false;
+        }
+        sched_yield();
+    }
+    return true;
+}
+
 bool DriverSession::waitUntil(const char* what, const std::function<bool(const Seen&)>& condition) {
     const Deadline deadline;
     std::unique_lock lock(mutex);
@@ -138,9 +163,9 @@ driver::Device DriverSession::settle(VirtualPad& pad) {
     };
     driver::Device device = nullptr;
     waitUntil("the pad's marker button", [&](const Seen& all) {
-        const auto later = std::views::drop(all.buttons, static_cast<std::ptrdiff_t>(before));
-        const auto marker = std::ranges::find_if(later, isMarker);
-        device = marker != later.end() ? marker->device : nullptr;
+        const auto marker = std::find_if(all.buttons.begin() + static_cast<std::ptrdiff_t>(before),
+                                         all.buttons.end(), isMarker);
+        device = marker != all.buttons.end() ? marker->device : nullptr;
         return device != nullptr;
     });
     return device;
@@ -160,10 +185,15 @@ void DriverSession::holdReports() {
     hold = true;
 }
 
-void DriverSession::releaseReports() {
+void DriverSession::letGo() {
     const std::lock_guard lock(mutex);
     hold = false;
     news.notify_all();
+}
+
+bool DriverSession::releaseReports() {
+    letGo();
+    return waitUntilAsleep();
 }
 
 } // namespace glidemap::vm

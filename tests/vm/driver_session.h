@@ -75,6 +75,13 @@ public:
     // The kernel's numbers of the threads that the driver has started.
     const std::vector<int>& threads() const { return driverThreads; }
 
+    // Waits until the driver has opened a pad that returned, which it does on its own thread, and
+    // waits for it to speak; before that, what the pad says may be lost.
+    bool waitUntilReading(const VirtualPad& pad) const;
+
+    // Waits until the driver has dealt with everything there is for it to do.
+    bool waitUntilAsleep() const;
+
     bool waitUntil(const char* what, const std::function<bool(const Seen&)>& condition);
     Seen seen() const;
     void forget();
@@ -88,9 +95,11 @@ public:
 
     // Keeps the driver's thread inside its callback from the next report on, until it is let go.
     void holdReports();
-    void releaseReports();
+    // Returns when the thread has read everything that came meanwhile.
+    bool releaseReports();
 
 private:
+    void letGo();
     void report(driver::Device device, const std::vector<MTTouch>& records, double timestamp);
     static void buttonCallback(driver::Device device, std::int32_t button, bool down,
                                double timestamp);

@@ -1,6 +1,5 @@
 // While nothing touches a pad the driver sleeps: it wakes for its pads and for nothing else.
 
-#include "deadline.h"
 #include "driver_session.h"
 #include "ordinary_pad.h"
 #include "threads.h"
@@ -9,8 +8,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/input.h>
-#include <poll.h>
-#include <sched.h>
 #include <unistd.h>
 
 #include <array>
@@ -40,14 +37,6 @@ void workWith(VirtualPad& device, int count) {
     close(reader);
 }
 
-void waitUntilAllSleep(const std::vector<int>& threads) {
-    const Deadline deadline;
-    while (!std::ranges::all_of(threads, isAsleep)) {
-        ASSERT_FALSE(deadline.passed()) << "a thread of the driver never goes to sleep";
-        sched_yield();
-    }
-}
-
 std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {
     std::map<int, std::int64_t> counts;
     for (const int thread : threads) {
@@ -64,7 +53,7 @@ TEST(IdleTest, NothingWakesTheDriverWhileNothingTouches) {
     ASSERT_EQ(session.threads().size(), 1U) << "one thread serves all pads";
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0)});
     session.settle(second);
-    waitUntilAllSleep(session.threads());
+    ASSERT_TRUE(session.waitUntilAsleep());
 
     const auto before = sleeps(session.threads());
     workWith(busy, 50000);
@@ -72,7 +61,7 @@ TEST(IdleTest, NothingWakesTheDriverWhileNothingTouches) {
 
     // The same count does see the driver wake.
     session.play(pad, {fingerDown(0, 8, 1000, 500)});
-    waitUntilAllSleep(session.threads());
+    ASSERT_TRUE(session.waitUntilAsleep());
     EXPECT_NE(sleeps(session.threads()), before);
 }
 
@@ -81,7 +70,7 @@ TEST(IdleTest, AFingerThatRestsStillWakesNothing) {
     VirtualPad busy(notATouchpad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500)});
-    waitUntilAllSleep(session.threads());
+    ASSERT_TRUE(session.waitUntilAsleep());
 
     const auto before = sleeps(session.threads());
     workWith(busy, 5000);
@@ -103,7 +92,7 @@ TEST(IdleTest, APadThatIsAwayWakesNothing) {
     // there when its word about the next device is.
     const VirtualPad next(notATouchpad(), "virtual/next");
     session.settle(staying);
-    waitUntilAllSleep(session.threads());
+    ASSERT_TRUE(session.waitUntilAsleep());
 
     const auto before = sleeps(session.threads());
     workWith(busy, 20000);

@@ -43,7 +43,7 @@ protected:
     // The reports that came after the driver was let go. There are less than frames, for the kernel
     // lost some.
     std::vector<SeenContacts> afterRelease() {
-        session.releaseReports();
+        EXPECT_TRUE(session.releaseReports());
         session.settle(pad);
         auto reports = session.seen().reportsOf(device);
         EXPECT_LT(reports.size(), static_cast<std::size_t>(manyFrames));

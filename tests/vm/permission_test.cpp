@@ -1,7 +1,6 @@
 // Touchpads that the user may not read. udev gives their nodes to root and to a group that nobody
 // should be in.
 
-#include "deadline.h"
 #include "driver_session.h"
 #include "ordinary_pad.h"
 #include "process.h"
@@ -9,7 +8,6 @@
 #include "virtual_pad.h"
 
 #include <gtest/gtest.h>
-#include <sched.h>
 #include <sys/stat.h>
 
 #include <memory>
@@ -59,11 +57,7 @@ TEST(PermissionTest, AReturningPadResumesWhenAccessIsGrantedLater) {
     EXPECT_FALSE(hasOpen("self", pad.node()));
 
     ASSERT_EQ(chmod(pad.node().c_str(), readable), 0);
-    const Deadline deadline;
-    while (!hasOpen("self", pad.node()) && !deadline.passed()) {
-        sched_yield();
-    }
-    ASSERT_TRUE(hasOpen("self", pad.node()));
+    ASSERT_TRUE(session->waitUntilReading(pad));
     session->play(pad, {fingerDown(0, 7, 1000, 500)});
     EXPECT_EQ(session->settle(pad), device);
     EXPECT_EQ(session->seen().lastOf(device), (SeenContacts{{1, 3, seenX(1000), seenY(500)}}));

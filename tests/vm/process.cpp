@@ -126,17 +126,20 @@ std::optional<std::string> Process::waitForOutput(const std::string& text) {
     return line;
 }
 
-bool Process::waitUntilOpen(const std::filesystem::path& file) {
+bool Process::hasEnded() const {
+    siginfo_t end{};
+    return waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           end.si_pid == process;
+}
+
+bool Process::waitUntilReading(const std::filesystem::path& device) {
     const Deadline deadline;
-    while (!hasOpen(std::to_string(process), file)) {
-        siginfo_t end{};
-        const bool hasEnded =
-            waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOHANG | WNOWAIT) == 0 &&
-            end.si_pid == process;
-        if (hasEnded || deadline.passed()) {
+    const std::string name = std::to_string(process);
+    while (!hasOpen(name, device) || !isProcessAsleep(name)) {
+        if (hasEnded() || deadline.passed()) {
             while (readMore(0)) {
             }
-            ADD_FAILURE() << "the program never opened " << file << "; errors:\n" << _errors;
+            ADD_FAILURE() << "the program never opened " << device << "; errors:\n" << _errors;
             return false;
         }
         sched_yield();
@@ -147,6 +150,9 @@ bool Process::waitUntilOpen(const std::filesystem::path& file) {
 bool Process::waitUntilAsleep() const {
     const Deadline deadline;
     while (!isProcessAsleep(std::to_string(process))) {
+        if (hasEnded()) {
+            return false;
+        }
         if (deadline.passed()) {
             ADD_FAILURE() << "the program never goes to sleep";
             return false;

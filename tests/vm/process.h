@@ -27,10 +27,12 @@ public:
     // Waits until a line of the program's output has the text in it, and answers that line.
     std::optional<std::string> waitForOutput(const std::string& text);
 
-    // Waits until the program has the file open. A program that ends before is a failure.
-    bool waitUntilOpen(const std::filesystem::path& file);
+    // Waits until the program has the device open and waits for it to speak; before that, what it
+    // says may be lost. A program that ends instead is a failure.
+    bool waitUntilReading(const std::filesystem::path& device);
 
-    // Waits until the program has dealt with everything there is for it to do.
+    // Waits until the program has dealt with everything there is for it to do. False if it has
+    // ended instead, which may be just what it had to do.
     bool waitUntilAsleep() const;
 
     void send(int signal) const;
@@ -42,6 +44,7 @@ public:
     const std::string& errors() const { return _errors; }
 
 private:
+    bool hasEnded() const;
     // Reads what there is; waits for more, for the end of both streams, or for the deadline.
     bool readMore(int milliseconds);
 

@@ -44,8 +44,8 @@ std::int64_t sleepsOf(int thread) {
     return count.empty() ? -1 : std::stoll(count);
 }
 
-bool isAsleep(int thread) {
-    return sleeps(ownThread(thread));
+bool areAsleep(const std::vector<int>& threads) {
+    return std::ranges::all_of(threads, [](int thread) { return sleeps(ownThread(thread)); });
 }
 
 bool isProcessAsleep(const std::string& process) {

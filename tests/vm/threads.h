@@ -13,8 +13,8 @@ std::vector<int> threadsOfProcess();
 // How often a thread of this process has gone to sleep by itself: each time it was woken adds one.
 std::int64_t sleepsOf(int thread);
 
-// Whether it sleeps now.
-bool isAsleep(int thread);
+// Whether these threads of this process sleep now, all of them.
+bool areAsleep(const std::vector<int>& threads);
 
 // Whether every thread of a process sleeps now: it has dealt with all that was written to its
 // devices.

@@ -4,7 +4,6 @@
 //   again
 //                                             └▶ another pad comes instead ─▶ nothing
 
-#include "deadline.h"
 #include "driver_session.h"
 #include "ordinary_pad.h"
 #include "process.h"
@@ -12,23 +11,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sched.h>
-
 namespace glidemap::vm {
 namespace {
-
-// The driver hears of a returning pad on its own thread.
-bool waitUntilTaken(const VirtualPad& pad) {
-    const Deadline deadline;
-    while (!hasOpen("self", pad.node())) {
-        if (deadline.passed()) {
-            ADD_FAILURE() << "the driver never opened " << pad.node();
-            return false;
-        }
-        sched_yield();
-    }
-    return true;
-}
 
 bool waitForEmptyReport(DriverSession& session, driver::Device device, std::size_t after) {
     return session.waitUntil("an empty report", [&](const DriverSession::Seen& seen) {
@@ -57,7 +41,7 @@ TEST(UnplugTest, TheSamePadReportsAgainAsTheSameDeviceWhenItReturns) {
         ASSERT_TRUE(waitForEmptyReport(session, device, 1));
         session.forget();
         pad.plugIn();
-        ASSERT_TRUE(waitUntilTaken(pad));
+        ASSERT_TRUE(session.waitUntilReading(pad));
         session.play(pad, {fingerDown(0, 9, x, 500), fingerMove(0, x + 10, 500)});
         EXPECT_EQ(session.settle(pad), device);
 
@@ -81,7 +65,7 @@ TEST(UnplugTest, APadThatNobodyTouchedReportsNothingWhenItGoes) {
     // The driver reads in the order in which things happen, and the return of the pad comes after
     // its going.
     pad.plugIn();
-    ASSERT_TRUE(waitUntilTaken(pad));
+    ASSERT_TRUE(session.waitUntilReading(pad));
     session.settle(pad);
     session.settle(witness);
     EXPECT_TRUE(session.seen().reports.empty());
@@ -98,7 +82,8 @@ TEST(UnplugTest, AnotherPadDoesNotTakeThePlaceOfTheOneThatWent) {
 
     VirtualPad other(otherPad());
     pad.plugIn();
-    ASSERT_TRUE(waitUntilTaken(pad)); // so the news of the other pad, which is older, has been read
+    ASSERT_TRUE(session.waitUntilReading(
+        pad)); // so the news of the other pad, which is older, has been read
     EXPECT_FALSE(hasOpen("self", other.node()));
     other.write(fingerDown(0, 7, 3000, 500));
     session.play(pad, {fingerDown(0, 8, 2000, 500)});
@@ -118,9 +103,9 @@ TEST(UnplugTest, TwoPadsOfOneModelKeepTheirPlacesByWhereTheyAreConnected) {
     left.unplug();
     right.unplug();
     right.plugIn();
-    ASSERT_TRUE(waitUntilTaken(right));
+    ASSERT_TRUE(session.waitUntilReading(right));
     left.plugIn();
-    ASSERT_TRUE(waitUntilTaken(left));
+    ASSERT_TRUE(session.waitUntilReading(left));
     EXPECT_EQ(session.settle(left), leftDevice);
     EXPECT_EQ(session.settle(right), rightDevice);
 }
