@@ -89,7 +89,10 @@ int record(const Options& options) {
     const auto engine = makeEngine(manager, options.file.has_value() ? stdout : stderr);
     engine->start();
     // Said only now: what is touched from here on is recorded.
-    std::fprintf(stderr, "Recording %s; Ctrl-C ends it.\n", touchpads.names().c_str());
+    // A driver that plays recordings has no names to tell.
+    const std::string names = touchpads.names();
+    std::fprintf(stderr, "Recording%s%s; Ctrl-C ends it.\n", names.empty() ? "" : " ",
+                 names.c_str());
     interruption.wait();
     engine->stop();
     recorder.finish();
