@@ -38,15 +38,14 @@ PadIdentity identity(udev_device* device) {
     };
 }
 
-// Slots with tracking ids, and no surface whose fingers point at what is below them. The opposite
-// property, of a pointer, is not asked for: udev has judged already, and drivers did not always
-// set it.
+// Slots with tracking ids under an indirect surface: neither a touchscreen nor a pad that cannot
+// tell fingers apart. Every touchpad driver of a kernel that is still in use sets the property.
 bool isMultitouchPad(udev_device* device) {
     const std::string axes = attribute(device, "capabilities/abs");
     const std::string properties = attribute(device, "properties");
     return hasBit(axes, ABS_MT_SLOT) && hasBit(axes, ABS_MT_TRACKING_ID) &&
            hasBit(axes, ABS_MT_POSITION_X) && hasBit(axes, ABS_MT_POSITION_Y) &&
-           !hasBit(properties, INPUT_PROP_DIRECT);
+           hasBit(properties, INPUT_PROP_POINTER) && !hasBit(properties, INPUT_PROP_DIRECT);
 }
 
 struct NumberedCandidate {
