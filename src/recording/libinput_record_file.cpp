@@ -1,6 +1,6 @@
 #include "recording/libinput_record_file.h"
 
-#include "recording/line_stream.h"
+#include "recording/line_buffer.h"
 
 #include <linux/input-event-codes.h>
 #include <yaml-cpp/eventhandler.h>
@@ -25,6 +25,9 @@ constexpr std::string_view supportedVersion = "1";
 
 // The format itself needs seven levels.
 constexpr std::size_t deepestNesting = 16;
+
+// Lines of libinput record are short, and each is complete.
+constexpr std::size_t mostHoarded = 64U << 10U;
 
 enum class Place {
     nowhere, // outside the document
@@ -86,7 +89,7 @@ Integer integer(const YAML::Mark& mark, std::string_view text) {
 
 class Handler : public YAML::EventHandler {
 public:
-    explicit Handler(LibinputRecordFile& result) : file(result) {}
+    Handler(LibinputRecordFile& result, LineBuffer& source) : file(result), input(source) {}
 
     // Takes the touchpad over from a device whose end was not reached.
     void finishDevice();
@@ -94,6 +97,9 @@ public:
     void OnDocumentStart(const YAML::Mark& /*mark*/) override {}
     void OnDocumentEnd() override {}
     void OnNull(const YAML::Mark& mark, YAML::anchor_t /*anchor*/) override { scalar(mark, ""); }
+    void OnAnchor(const YAML::Mark& mark, const std::string& /*name*/) override {
+        throw Refusal{mark, "anchors are not supported"};
+    }
     void OnAlias(const YAML::Mark& mark, YAML::anchor_t /*anchor*/) override {
         throw Refusal{mark, "aliases are not supported"};
     }
@@ -134,6 +140,7 @@ private:
     bool isTouchpad() const;
 
     LibinputRecordFile& file;
+    LineBuffer& input;
     std::vector<Level> levels;
 
     // Of the device that is being read.
@@ -156,6 +163,7 @@ const Step* Handler::stepFrom(const Level* around) {
 }
 
 void Handler::start(const YAML::Mark& mark, bool isMap) {
+    input.progress();
     if (levels.size() == deepestNesting) {
         throw Refusal{mark, "values are nested more than 16 deep"};
     }
@@ -196,6 +204,7 @@ void Handler::end() {
 }
 
 void Handler::scalar(const YAML::Mark& mark, const std::string& value) {
+    input.progress();
     if (levels.empty()) {
         throw Refusal{mark, "not as libinput record writes it: keys and values belong here"};
     }
@@ -317,23 +326,29 @@ void Handler::finishDevice() {
 
 LibinputRecordFile parseLibinputRecord(LineReader& lines) {
     LibinputRecordFile file;
-    Handler handler(file);
+    LineBuffer buffer(lines, mostHoarded);
+    std::istream stream(&buffer);
+    Handler handler(file, buffer);
     const auto refuse = [&](const YAML::Mark& mark, std::string message) {
-        handler.finishDevice();
-        file.error = lines.error()
-                         ? lines.error()
-                         : RecordingError{lines.name(), mark.line + 1, std::move(message)};
+        file.error = RecordingError{lines.name(), mark.line + 1, std::move(message)};
     };
-    LineStream stream(lines);
     try {
         YAML::Parser(stream).HandleNextDocument(handler);
-        file.error = lines.error();
     } catch (const Refusal& refusal) {
         refuse(refusal.mark, refusal.message);
     } catch (const YAML::Exception& problem) {
         refuse(problem.mark, "not valid YAML: " + problem.msg);
     } catch (const std::exception& problem) {
-        refuse(YAML::Mark(), std::string("not valid YAML: ") + problem.what());
+        refuse(YAML::Mark::null_mark(), std::string("not valid YAML: ") + problem.what());
+    }
+    // A stream that ended early is the reason for whatever the parser made of its end.
+    if (buffer.isStuck()) {
+        file.error = lines.errorHere("64 KiB without a complete value");
+    } else if (lines.error()) {
+        file.error = lines.error();
+    }
+    if (file.error) {
+        handler.finishDevice();
     }
     return file;
 }

@@ -60,6 +60,14 @@ std::string landing(int x) {
            "    - [  0, 500000,   0,   0,       0] # ------------ SYN_REPORT (0) ----------\n";
 }
 
+std::string lines(const std::string& line, int count) {
+    std::string text;
+    for (int index = 0; index < count; ++index) {
+        text += line + "\n";
+    }
+    return text;
+}
+
 TEST(LibinputRecord, IsReadAsItsTouchpadReported) {
     const ReadRecording recording = readRecords(
         head + device("A pad", touchpadProperty,
@@ -144,6 +152,28 @@ TEST(LibinputRecord, OfATouchpadWithoutSlotsIsRefused) {
         "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
 }
 
+// A recording of an idle pad is mostly comments on the time of day.
+TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
+    const ReadRecording recording = readRecords(
+        head + device("pad", touchpadProperty,
+                      landing(25) + lines("  # Current time is 03:59:25", 10'000) + landing(50)));
+    EXPECT_EQ(recording.error, "");
+    EXPECT_EQ(recording.records.size(), 2U);
+}
+
+// Far more than may go without a complete value.
+TEST(LibinputRecord, MayHaveAnyNumberOfEvents) {
+    std::string events = "  - evdev:\n";
+    for (int index = 0; index < 10'000; ++index) {
+        const std::string time = "    - [" + std::to_string(index) + ", 0, ";
+        events += time + "3, 57, " + std::to_string(index % 2 - 1) + "]\n" + time + "0, 0, 0]\n";
+    }
+    const ReadRecording recording = readRecords(head + device("pad", touchpadProperty, events));
+    EXPECT_EQ(recording.error, "");
+    EXPECT_EQ(recording.records.size(), 9'999U)
+        << "the first event lifts a finger that is not there";
+}
+
 TEST(LibinputRecord, WithoutEventsIsAnEmptyRecording) {
     const ReadRecording recording = readRecords(head + device("pad", touchpadProperty, ""));
     EXPECT_EQ(recording.error, "");
@@ -199,7 +229,7 @@ TEST(LibinputRecord, MalformedHeadIsRefusedWithItsPlaceAndReason) {
         {"version: [1", "file:2: not valid YAML: end of sequence flow not found"},
         {"version: 1\nx: \"a\\q\"", "file:2: not valid YAML: unknown escape character: q"},
         {"---\n", "file:2: not as libinput record writes it: keys and values belong here"},
-        {"version: 1\nx: &a 1\ny: *a", "file:3: aliases are not supported"},
+        {"version: 1\nx: &a 1\ny: *a", "file:2: anchors are not supported"},
         {"version: 1\n? [1]\n: 2", "file:2: not as libinput record writes it: a key is not a word"},
         {"--- [1]", "file:1: not as libinput record writes it: keys and values belong here"},
         {"--- 1", "file:1: not as libinput record writes it: keys and values belong here"},
@@ -212,13 +242,22 @@ TEST(LibinputRecord, MalformedHeadIsRefusedWithItsPlaceAndReason) {
         {"version: 1\ndevices:\n- evdev:\n    absinfo:\n      1: [0, x]",
          "file:5: not a number that belongs here"},
         {"version: 1\nx: " + nested(16), "file:2: values are nested more than 16 deep"},
-        {"version: 1\nx: " + nested(100'000), "file:2: values are nested more than 16 deep"},
+        {"version: 1\nx: " + nested(30'000), "file:2: values are nested more than 16 deep"},
+        {"version: 1\nx: \"" + std::string(70'000, 'a') + "\"",
+         "file:2: 64 KiB without a complete value"},
     };
     for (const BadRow& row : rows) {
         const ReadRecording recording = readRecords(row.line);
         EXPECT_THAT(recording.records, IsEmpty()) << row.line.substr(0, 80);
         EXPECT_EQ(recording.error, row.message) << row.line.substr(0, 80);
     }
+}
+
+// The parser would keep every word of an open list, because the list may yet become a key.
+TEST(LibinputRecord, IsNotReadToTheEndOfAListThatDoesNotEnd) {
+    const ReadRecording recording = readRecords("version: 1\nx: [[\n" + lines("a,", 100'000));
+    EXPECT_THAT(recording.error, testing::MatchesRegex("file:2[0-9]{4}: 64 KiB without a complete "
+                                                       "value"));
 }
 
 } // namespace
