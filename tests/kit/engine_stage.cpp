@@ -3,7 +3,6 @@
 #include "kit/records.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace glidemap::kit {
@@ -47,7 +46,7 @@ void report(const TouchFrame& frame) {
 void report(std::vector<MTTouch> records, double timestamp) {
     const auto count = static_cast<std::int32_t>(records.size());
     MultitouchDeviceManager::contactCallback(nullptr, records.data(), count, timestamp, 0);
-    std::memset(records.data(), 0xff, records.size() * sizeof(MTTouch));
+    std::ranges::fill(records, record(-7, -7, -7));
 }
 
 } // namespace glidemap::kit
