@@ -37,8 +37,8 @@ double monotonicNow() {
 
 } // namespace
 
-void EvdevPad::Free::operator()(libevdev* device) const {
-    libevdev_free(device);
+void EvdevPad::Free::operator()(libevdev* freed) const {
+    libevdev_free(freed);
 }
 
 std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
