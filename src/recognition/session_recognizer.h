@@ -14,7 +14,7 @@
 //          of a held-back tap, which is real time.
 // Thread:  the engine's queue only; a held-back tap reports from the thread of delayed work. Both
 // callbacks are set
-//          before the first frame.
+//          before the first frame; onGesture does not call process().
 // Owner:   TouchEngine, through a shared pointer that held-back taps refer to weakly.
 // Errors:  none. A finger without a finite position is absent until it has one, and stays where it
 // was if it had one. A

@@ -1,5 +1,7 @@
 #include "platform/common/threaded_delayed_work.h"
 
+#include "platform/common/finish_thread.h"
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -108,14 +110,7 @@ void ThreadedDelayedWork::stop() {
         std::swap(thread, state->thread);
     }
     state->changed.notify_all();
-    if (!thread.joinable()) {
-        return;
-    }
-    if (thread.get_id() == std::this_thread::get_id()) {
-        thread.detach();
-    } else {
-        thread.join();
-    }
+    finishThread(thread);
 }
 
 } // namespace glidemap

@@ -1,5 +1,7 @@
 #include "platform/common/threaded_serial_queue.h"
 
+#include "platform/common/finish_thread.h"
+
 #include <algorithm>
 #include <condition_variable>
 #include <cstdint>
@@ -129,14 +131,7 @@ void ThreadedSerialQueue::stop() {
     }
     state->work.notify_all();
     state->room.notify_all();
-    if (!thread.joinable()) {
-        return;
-    }
-    if (thread.get_id() == std::this_thread::get_id()) {
-        thread.detach();
-    } else {
-        thread.join();
-    }
+    finishThread(thread);
 }
 
 } // namespace glidemap

@@ -1,0 +1,57 @@
+#include "input/multitouch_device_manager.h"
+#include "platform/linux/touch_driver_platform.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+constexpr const char* variable = "GLIDEMAP_TOUCH_DRIVER";
+
+class TouchDriverPlatformTest : public testing::Test {
+protected:
+    ~TouchDriverPlatformTest() override { unsetenv(variable); }
+};
+
+// The tests lie beside bin, so what holds for the programs holds for them.
+TEST_F(TouchDriverPlatformTest, theTouchpadsDriverIsBesideTheProgramsUnlessAnotherIsNamed) {
+    unsetenv(variable);
+    const std::string path = touchDriverPlatform().libraryPath;
+    EXPECT_THAT(path, testing::EndsWith("/lib/glidemap/libglidemap-evdev.so"));
+    EXPECT_TRUE(std::filesystem::exists(path)) << path;
+}
+
+TEST_F(TouchDriverPlatformTest, theEnvironmentNamesAnotherDriver) {
+    setenv(variable, REPLAY_DRIVER, 1);
+    EXPECT_EQ(touchDriverPlatform().libraryPath, REPLAY_DRIVER);
+}
+
+TEST_F(TouchDriverPlatformTest, anEmptyNameNamesNothing) {
+    setenv(variable, "", 1);
+    EXPECT_THAT(touchDriverPlatform().libraryPath, testing::EndsWith("libglidemap-evdev.so"));
+}
+
+TEST_F(TouchDriverPlatformTest, aNamedDriverIsLoadedAndItsListRead) {
+    setenv(variable, REPLAY_DRIVER, 1);
+    unsetenv("GLIDEMAP_RECORDING");
+    MultitouchDeviceManager manager(touchDriverPlatform());
+    ASSERT_EQ(manager.loadError(), std::nullopt);
+    manager.start(); // nothing to play: an empty list
+    EXPECT_EQ(manager.loadError(), "未找到多点触摸设备");
+}
+
+TEST_F(TouchDriverPlatformTest, aNamedDriverThatIsNotThereIsALoadError) {
+    setenv(variable, "/no/such/driver.so", 1);
+    const MultitouchDeviceManager manager(touchDriverPlatform());
+    ASSERT_TRUE(manager.loadError().has_value());
+    EXPECT_THAT(*manager.loadError(),
+                testing::StartsWith("无法加载 MultitouchSupport.framework: /no/such/driver.so"));
+}
+
+} // namespace
+} // namespace glidemap
