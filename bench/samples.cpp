@@ -1,9 +1,17 @@
 #include "bench/samples.h"
 
+#include <time.h>
+
 #include <algorithm>
 #include <cmath>
 
 namespace glidemap::bench {
+
+double processorTimeOfThisThread() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
+}
 
 double Samples::quantile(double part) const {
     if (values.empty()) {

@@ -16,6 +16,10 @@ inline Moment now() {
     return std::chrono::steady_clock::now();
 }
 
+// The processor's time that this thread has had: what a call costs its caller where the call hands
+// the processor to another thread for a while.
+double processorTimeOfThisThread();
+
 class Samples {
 public:
     explicit Samples(std::size_t expected) { values.reserve(expected); }
@@ -23,6 +27,8 @@ public:
     void add(Moment from, Moment to) {
         values.push_back(std::chrono::duration<double, std::nano>(to - from).count());
     }
+
+    void add(double value) { values.push_back(value); }
 
     // The smallest value that at least this part of all values does not exceed; 0 of none.
     double quantile(double part) const;

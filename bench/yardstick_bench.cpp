@@ -3,7 +3,7 @@
 // machine's.
 //
 //   copy      the allocation and the copy of a report, and nothing else
-//   locks     the six uncontended locks that a report passes
+//   lock      one uncontended lock; a report passes four
 //   wake      a bare condition variable: what waking costs the waker, and when the other runs
 #include "bench/pace.h"
 #include "bench/thread_watch.h"
@@ -26,6 +26,12 @@ namespace {
 void clockCost(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(now());
+    }
+}
+
+void processorClockCost(benchmark::State& state) {
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(processorTimeOfThisThread());
     }
 }
 
@@ -110,11 +116,14 @@ private:
 void wakeCost(benchmark::State& state) {
     Sleeper sleeper;
     Samples samples(static_cast<std::size_t>(state.max_iterations));
+    Samples own(static_cast<std::size_t>(state.max_iterations));
     for ([[maybe_unused]] auto _ : state) {
         sleeper.waitUntilAsleep();
+        const double before = processorTimeOfThisThread();
         const Moment start = now();
         sleeper.wake();
         const Moment end = now();
+        own.add(processorTimeOfThisThread() - before);
         while (!sleeper.hasRun()) {
             std::this_thread::yield();
         }
@@ -122,6 +131,7 @@ void wakeCost(benchmark::State& state) {
         state.SetIterationTime(std::chrono::duration<double>(end - start).count());
     }
     reportQuantiles(state, samples);
+    state.counters["own_ns"] = own.quantile(0.5);
 }
 
 void wakeLatency(benchmark::State& state) {
@@ -161,6 +171,7 @@ void pacedWakeLatency(benchmark::State& state) {
 
 void registerYardsticks(int samples, int pacedSamples) {
     benchmark::RegisterBenchmark("yardstick/clock", clockCost);
+    benchmark::RegisterBenchmark("yardstick/processor_clock", processorClockCost);
     for (const int fingers : {1, 5, 11}) {
         benchmark::RegisterBenchmark("yardstick/copy", copyOfReport)->Arg(fingers);
     }
