@@ -17,6 +17,10 @@ if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
+# The limits of gestures are compared in plain double arithmetic on every processor, also where it could multiply and add
+# in one step.
+add_compile_options(-ffp-contract=off)
+
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
 if(GLIDEMAP_WERROR)
     add_compile_options(-Werror)

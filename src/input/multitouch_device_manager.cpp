@@ -20,9 +20,10 @@ constexpr const char* noDevice = "未找到多点触摸设备";
 // all memory there is.
 constexpr std::int32_t largestBelievableCount = 65'536;
 
-// The driver calls back without a context, so the sink is one for the process.
+// The driver calls back without a context, so the sink is one for the process. It is never destroyed: a driver that
+// nobody has stopped may call until the process is gone.
 Snapshot<MultitouchDeviceManager::FrameSink>& frameSink() {
-    static Snapshot<MultitouchDeviceManager::FrameSink> sink;
+    static auto& sink = *new Snapshot<MultitouchDeviceManager::FrameSink>;
     return sink;
 }
 

@@ -48,6 +48,7 @@ void TouchEngine::connect() {
 }
 
 void TouchEngine::start() {
+    started = true;
     MultitouchDeviceManager::setFrameSink(
         [weakly = weak_from_this()](driver::Device /*device*/, const std::vector<MTTouch>& records,
                                     double timestamp) {
@@ -58,7 +59,11 @@ void TouchEngine::start() {
     ports.deviceManager->start();
 }
 
+// The queue is stopped first to release a driver that waits for room in it, because stopping the devices waits for the
+// driver, and once more for what the driver sent in between.
 void TouchEngine::stop() {
+    started = false;
+    ports.queue->stop();
     ports.deviceManager->stop();
     MultitouchDeviceManager::setFrameSink({});
     ports.queue->stop();
@@ -84,11 +89,15 @@ void TouchEngine::handleRawFrame(const std::vector<MTTouch>& records, double tim
         _touchingCount = touching;
     }
     ports.queue->submit(
-        [receivers = recognizers, pool = frames, frame = std::move(frame)]() mutable {
+        [weakly = weak_from_this(), receivers = recognizers, frame = std::move(frame)]() mutable {
+            const auto engine = weakly.lock();
+            if (!engine || !engine->started) {
+                return;
+            }
             for (const auto& recognizer : *receivers) {
                 recognizer->process(frame);
             }
-            pool->giveBack(std::move(frame.touches));
+            engine->frames->giveBack(std::move(frame.touches));
         });
 }
 

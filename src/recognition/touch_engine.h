@@ -94,6 +94,8 @@ private:
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
     std::atomic<double> lastFireTime = 0;
+    std::atomic<bool> started =
+        false; // frames that come from a driver slower to stop than we are do nothing
 };
 
 } // namespace glidemap

@@ -159,6 +159,29 @@ TEST(ThreadedSerialQueue, mayBeDestroyedByItsOwnTask) {
     EXPECT_EQ(queue, nullptr);
 }
 
+// The thread that was stopped by its own task is still in it while the next one starts.
+TEST(ThreadedSerialQueue, stoppedByItsOwnTaskItServesAgainOnceThatTaskHasEnded) {
+    for (int round = 0; round < 50; ++round) {
+        ThreadedSerialQueue queue;
+        std::promise<void> stopped;
+        std::promise<void> proceed;
+        std::atomic<bool> firstEnded = false;
+        queue.submit([&] {
+            queue.stop();
+            stopped.set_value();
+            proceed.get_future().wait();
+            firstEnded = true;
+        });
+        stopped.get_future().wait();
+        std::promise<bool> second;
+        queue.submit([&] { second.set_value(firstEnded.load()); });
+        proceed.set_value();
+        EXPECT_TRUE(second.get_future().get()); // one at a time
+        drain(queue);                           // and it still wakes up
+        drain(queue);
+    }
+}
+
 TEST(ThreadedSerialQueue, destructionDropsWhatWaits) {
     auto owned = std::make_shared<int>(1);
     {

@@ -58,10 +58,15 @@ struct ThreadedSerialQueue::State {
     TaskRing tasks;
     bool isWaiting = false;       // the thread, for work
     std::uint64_t generation = 0; // stop() begins a new one; a thread serves only its own
+    // The generation whose task is running. A queue stopped by its own task may be used again before that task has
+    // ended; the new thread waits for it.
+    static constexpr std::uint64_t nobody = ~std::uint64_t{0};
+    std::uint64_t runner = nobody;
     std::thread thread;
 
     void serve(std::uint64_t own);
     bool takeTask(std::uint64_t own, Task& task);
+    void leave(std::unique_lock<std::mutex> lock);
 };
 
 void ThreadedSerialQueue::State::serve(std::uint64_t own) {
@@ -75,14 +80,23 @@ void ThreadedSerialQueue::State::serve(std::uint64_t own) {
     }
 }
 
+// A thread whose generation has passed touches nothing that belongs to the next one.
 bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     std::unique_lock lock(mutex);
+    if (runner == own) {
+        runner = nobody;
+    }
+    if (generation != own) {
+        leave(std::move(lock));
+        return false;
+    }
     isWaiting = true;
-    work.wait(lock, [&] { return generation != own || !tasks.isEmpty(); });
-    isWaiting = false;
+    work.wait(lock, [&] { return generation != own || (runner == nobody && !tasks.isEmpty()); });
     if (generation != own) {
         return false;
     }
+    isWaiting = false;
+    runner = own;
     const bool wasFull = tasks.isFull();
     task = tasks.pop();
     lock.unlock();
@@ -90,6 +104,12 @@ bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
         room.notify_all();
     }
     return true;
+}
+
+// The next generation's thread may be waiting for this one's last task to end.
+void ThreadedSerialQueue::State::leave(std::unique_lock<std::mutex> lock) {
+    lock.unlock();
+    work.notify_all();
 }
 
 ThreadedSerialQueue::ThreadedSerialQueue(std::function<void()> prepareThread)
@@ -126,6 +146,7 @@ void ThreadedSerialQueue::stop() {
         TaskRing dropped; // destroyed outside the lock, whatever its captures do
         const std::lock_guard lock(state->mutex);
         ++state->generation;
+        state->isWaiting = false;
         std::swap(dropped, state->tasks);
         std::swap(thread, state->thread);
     }
