@@ -63,6 +63,10 @@ public:
     void stop();
 
     bool isRunning() const { return running; }
+
+    // Those that were present at start().
+    const std::vector<driver::Device>& presentDevices() const { return devices; }
+
     const std::optional<std::string>& loadError() const { return _loadError; }
 
     // A function that only some drivers have, or null. Kept for the platform's own use.

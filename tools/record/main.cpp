@@ -88,6 +88,10 @@ int record(const Options& options) {
     touchpads.listen(recorder);
     const auto engine = makeEngine(manager, options.file.has_value() ? stdout : stderr);
     engine->start();
+    if (!touchpads.areStarted()) {
+        engine->stop();
+        return complain("this touch driver cannot be recorded from");
+    }
     // Said only now: what is touched from here on is recorded.
     // A driver that plays recordings has no names to tell.
     const std::string names = touchpads.names();

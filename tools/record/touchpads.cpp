@@ -2,6 +2,7 @@
 
 #include "drivers/evdev/device_name.h"
 
+#include <algorithm>
 #include <atomic>
 
 namespace glidemap::record {
@@ -56,6 +57,11 @@ Touchpads::~Touchpads() {
         set(nullptr);
     }
     listening = nullptr;
+}
+
+bool Touchpads::areStarted() const {
+    const auto& started = manager.presentDevices();
+    return std::ranges::find_first_of(started, devices) != started.end();
 }
 
 std::int32_t Touchpads::unreadableCount() const {

@@ -25,6 +25,10 @@ public:
 
     bool exist() const { return !devices.empty(); }
 
+    // Whether these are the touchpads that the manager has started. A driver that makes new ones for every list, as the
+    // one that plays recordings does, has nothing to listen to.
+    bool areStarted() const;
+
     // How many more there are that this user may not read.
     std::int32_t unreadableCount() const;
 

@@ -9,6 +9,7 @@
 //
 // Thread:  any; the public functions may be called from within a callback. They wait for a callback
 //          that is under way on the reader's thread, so that none comes after stop() has returned.
+//          start() and stop() do not overlap on two threads.
 // Owner:   the process.
 // Errors:  a touchpad that cannot be opened is not in the list, or is waited for once started.
 #pragma once
