@@ -1,6 +1,8 @@
 // The engine on the real queue, the real delayed work and the real clock: what only threads can
 // break. The thread sanitizer watches.
 
+#include "core/serial_queue.h"
+#include "core/task.h"
 #include "input/multitouch_device_manager.h"
 #include "platform/common/steady_uptime_clock.h"
 #include "platform/common/threaded_delayed_work.h"
@@ -149,6 +151,58 @@ TEST_F(EngineOnRealThreads, mayBeDestroyedWithWorkStillQueued) {
         engine = makeEngine(); // without a stop
     }
     tap(5); // the sink of an engine that is gone does nothing
+}
+
+// A queue whose tasks run when it is told, after a stop as well: what a driver that does not wait sends too late.
+class LateQueue : public SerialQueue {
+public:
+    void submit(Task task) override { tasks.push_back(std::move(task)); }
+    void stop() override {}
+
+    void runAll() {
+        for (Task& task : std::exchange(tasks, {})) {
+            task();
+        }
+    }
+
+private:
+    std::vector<Task> tasks;
+};
+
+class EngineOnALateQueue : public EngineOnRealThreads {
+protected:
+    EngineOnALateQueue() {
+        engine = TouchEngine::create({std::make_shared<SteadyUptimeClock>(), queue,
+                                      std::make_shared<ThreadedDelayedWork>(), &manager});
+        engine->sessionRecognizer().doubleTapBindingExists = [this](int) {
+            ++decisions;
+            return false;
+        };
+        engine->start();
+    }
+
+    std::shared_ptr<LateQueue> queue = std::make_shared<LateQueue>();
+    int decisions = 0;
+};
+
+TEST_F(EngineOnALateQueue, framesThatWaitAreRecognisedWhileItRuns) {
+    tap(3);
+    queue->runAll();
+    EXPECT_EQ(decisions, 1);
+}
+
+TEST_F(EngineOnALateQueue, framesThatWaitDoNothingOnceItHasStopped) {
+    tap(3);
+    engine->stop();
+    queue->runAll();
+    EXPECT_EQ(decisions, 0);
+}
+
+TEST_F(EngineOnALateQueue, framesThatWaitDoNothingOnceItIsGone) {
+    tap(3);
+    engine.reset();
+    queue->runAll();
+    EXPECT_EQ(decisions, 0);
 }
 
 TEST_F(EngineOnRealThreads, mayBeDestroyedFromItsOwnQueue) {
