@@ -20,6 +20,10 @@ public:
 
     virtual std::optional<std::string> string(std::string_view key) const = 0;
     virtual void setString(std::string_view key, std::string_view value) = 0;
+
+    // Absent, too, if what is stored is not a boolean.
+    virtual std::optional<bool> boolean(std::string_view key) const = 0;
+    virtual void setBoolean(std::string_view key, bool value) = 0;
 };
 
 } // namespace glidemap

@@ -26,6 +26,18 @@ public:
         writes.emplace_back(key, value);
     }
 
+    std::optional<bool> boolean(std::string_view key) const override {
+        const auto found = storedBooleans.find(key);
+        return found != storedBooleans.end() ? std::optional(found->second) : std::nullopt;
+    }
+
+    void setBoolean(std::string_view key, bool value) override {
+        storedBooleans.insert_or_assign(std::string(key), value);
+        booleanWrites.emplace_back(key, value);
+    }
+
+    std::map<std::string, bool, std::less<>> storedBooleans;
+    std::vector<std::pair<std::string, bool>> booleanWrites;
     std::map<std::string, std::string, std::less<>> stored; // what an earlier run has left
     std::vector<Write> writes;
 };

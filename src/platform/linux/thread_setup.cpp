@@ -18,9 +18,13 @@ constexpr int responsiveNiceness = -10;
 
 } // namespace
 
-void setUpResponsiveThread(std::string_view name) {
+void nameThread(std::string_view name) {
     name.remove_prefix(name.size() - std::min(name.size(), longestName));
     pthread_setname_np(pthread_self(), std::string(name).c_str());
+}
+
+void setUpResponsiveThread(std::string_view name) {
+    nameThread(name);
     const auto thread = static_cast<id_t>(syscall(SYS_gettid));
     setpriority(PRIO_PROCESS, thread, responsiveNiceness);
 }

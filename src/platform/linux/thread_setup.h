@@ -8,7 +8,10 @@
 
 namespace glidemap {
 
-// The kernel shows the last 15 characters of the name. The priority is raised so that a busy
+// The kernel shows the last 15 characters of the name.
+void nameThread(std::string_view name);
+
+// Names the thread, too. The priority is raised so that a busy
 // machine does not hold up what a person is waiting to see.
 void setUpResponsiveThread(std::string_view name);
 

@@ -1,0 +1,37 @@
+// What a binding runs.
+//
+// Thread:  any; a plain value.
+// Errors:  none.
+#pragma once
+
+#include "bindings/key_shortcut.h"
+#include "core/lang.h"
+
+#include <string>
+#include <variant>
+
+namespace glidemap {
+
+struct LockScreen {
+    friend bool operator==(const LockScreen&, const LockScreen&) = default;
+};
+
+// The overview of all windows.
+struct MissionControl {
+    friend bool operator==(const MissionControl&, const MissionControl&) = default;
+};
+
+// Launches the application or brings it forward. The name is only for display.
+struct LaunchApp {
+    std::string bundleID;
+    std::string name;
+
+    friend bool operator==(const LaunchApp&, const LaunchApp&) = default;
+};
+
+using BindingAction = std::variant<KeyShortcut, LockScreen, MissionControl, LaunchApp>;
+
+// In the language at the moment of the call.
+std::string displayString(const BindingAction& action, const Lang& lang = Lang::shared());
+
+} // namespace glidemap

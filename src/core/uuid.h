@@ -1,0 +1,38 @@
+// An identifier that no two things share: a random UUID.
+//
+// Thread:  any; a plain value.
+// Errors:  text that is not the 36-character hyphenated form, in either case, is none.
+#pragma once
+
+#include <array>
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace glidemap {
+
+class Uuid {
+public:
+    static Uuid generate();
+    static std::optional<Uuid> parse(std::string_view text);
+
+    // Hyphenated, in upper-case hexadecimal.
+    std::string text() const;
+
+    friend auto operator<=>(const Uuid&, const Uuid&) = default;
+
+    std::size_t hash() const;
+
+private:
+    std::array<std::uint8_t, 16> bytes{};
+};
+
+} // namespace glidemap
+
+template <>
+struct std::hash<glidemap::Uuid> {
+    std::size_t operator()(const glidemap::Uuid& uuid) const noexcept { return uuid.hash(); }
+};

@@ -1,0 +1,33 @@
+// Port: types on the user's behalf.
+//
+// Units:   virtual key codes and event flags, as in a shortcut.
+// Thread:  the main thread.
+// Errors:  silent: without permission, or for a key that the system does not have, nothing is
+// posted.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace glidemap {
+
+struct KeyEvent {
+    std::uint16_t keyCode = 0;
+    bool down = false;
+    std::uint64_t flags = 0; // exactly these, whatever the user holds
+
+    friend bool operator==(const KeyEvent&, const KeyEvent&) = default;
+};
+
+class KeyEventPoster {
+public:
+    KeyEventPoster() = default;
+    KeyEventPoster(const KeyEventPoster&) = delete;
+    KeyEventPoster& operator=(const KeyEventPoster&) = delete;
+    virtual ~KeyEventPoster() = default;
+
+    // All of them in order, without a delay between, or none.
+    virtual void post(std::span<const KeyEvent> events) = 0;
+};
+
+} // namespace glidemap

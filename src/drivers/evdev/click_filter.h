@@ -1,0 +1,42 @@
+// Further functions of the evdev driver's C interface: its click filter. While it is on, touchpads
+// with buttons are grabbed, and what they say is said again by a clone of each, event for event,
+// less the button changes that the filter drops.
+//
+// Thread:  set and switched on any thread, from within the callback, too; the callback is called on
+//          the reader's thread, after the contact callback of the same moment.
+// Owner:   the driver keeps the function and the context until they are replaced; once
+//          GlidemapSetClickFilter has returned the ones before are not called any more (unless it
+//          was called from within the callback).
+// Errors:  a touchpad that cannot be grabbed or cloned stays as it is: its clicks pass, unfiltered.
+#pragma once
+
+#include "input/touch_driver.h"
+
+#include <cstdint>
+
+namespace glidemap::driver {
+
+enum ClickFilterEvent : std::int32_t {
+    clickFilterButtonDown = 0,
+    clickFilterButtonUp = 1,
+    clickFilterDisabledByTimeout =
+        2, // the forwarding stalled; everything passes until it is on again
+};
+
+// `button` is 0 left, 1 right. True drops the button change; the answer to the others is ignored.
+using FilterClick = bool (*)(void* context, Device device, std::int32_t event, std::int32_t button);
+
+// Null takes the filter away and gives every touchpad back.
+using SetClickFilter = void (*)(FilterClick filter, void* context);
+
+// Off to begin with. A touchpad is taken and given back only while nobody touches it.
+using SwitchClickFilter = void (*)(bool on);
+
+// Whether this user could filter clicks at all: touchpads could be cloned.
+using CanFilterClicks = bool (*)();
+
+inline constexpr const char* setClickFilterSymbol = "GlidemapSetClickFilter";
+inline constexpr const char* switchClickFilterSymbol = "GlidemapSwitchClickFilter";
+inline constexpr const char* canFilterClicksSymbol = "GlidemapCanFilterClicks";
+
+} // namespace glidemap::driver

@@ -1,0 +1,106 @@
+#include "platform/linux/windows/desktop_thread.h"
+
+#include "platform/linux/thread_setup.h"
+
+#include <gio/gio.h>
+#include <glib-unix.h>
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+gboolean runOnce(gpointer work) {
+    (*static_cast<std::function<void()>*>(work))();
+    return G_SOURCE_REMOVE;
+}
+
+void forget(gpointer work) {
+    delete static_cast<std::function<void()>*>(work);
+}
+
+gboolean tellReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointer readable) {
+    const std::function<void()> tell = *static_cast<std::function<void()>*>(readable);
+    tell(); // a copy: it may end its own watch
+    return G_SOURCE_CONTINUE;
+}
+
+} // namespace
+
+struct DesktopThread::State {
+    GMainContext* context = g_main_context_new();
+    GMainLoop* loop = g_main_loop_new(context, FALSE);
+    std::thread thread;
+};
+
+DesktopThread::DesktopThread() : state(std::make_unique<State>()) {
+    state->thread = std::thread([this] {
+        nameThread("glidemap-desktop");
+        g_main_context_push_thread_default(state->context);
+        g_main_loop_run(state->loop);
+        g_main_context_pop_thread_default(state->context);
+    });
+}
+
+DesktopThread::~DesktopThread() {
+    submit([this] { g_main_loop_quit(state->loop); });
+    state->thread.join();
+    g_main_loop_unref(state->loop);
+    g_main_context_unref(state->context);
+}
+
+GMainContext* DesktopThread::context() const {
+    return state->context;
+}
+
+void DesktopThread::submit(std::function<void()> work) {
+    GSource* const source = g_idle_source_new();
+    g_source_set_priority(source, G_PRIORITY_DEFAULT);
+    g_source_set_callback(source, runOnce, new std::function<void()>(std::move(work)), forget);
+    g_source_attach(source, state->context);
+    g_source_unref(source);
+}
+
+void DesktopThread::call(const std::function<void()>& work) {
+    std::mutex mutex;
+    std::condition_variable finished;
+    bool done = false;
+    submit([&] {
+        work();
+        const std::lock_guard lock(mutex);
+        done = true;
+        finished.notify_one();
+    });
+    std::unique_lock lock(mutex);
+    finished.wait(lock, [&] { return done; });
+}
+
+struct DesktopThread::Watch::Source {
+    GSource* source = nullptr;
+
+    ~Source() {
+        g_source_destroy(source);
+        g_source_unref(source);
+    }
+};
+
+DesktopThread::Watch::Watch(std::unique_ptr<Source> watched) : source(std::move(watched)) {}
+DesktopThread::Watch::Watch(Watch&& other) noexcept = default;
+DesktopThread::Watch& DesktopThread::Watch::operator=(Watch&& other) noexcept = default;
+DesktopThread::Watch::~Watch() = default;
+
+DesktopThread::Watch DesktopThread::watch(int descriptor, std::function<void()> readable) {
+    auto made = std::make_unique<Watch::Source>();
+    made->source =
+        g_unix_fd_source_new(descriptor, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR));
+    g_source_set_callback(made->source, G_SOURCE_FUNC(tellReadable),
+                          new std::function<void()>(std::move(readable)), forget);
+    g_source_attach(made->source, state->context);
+    return Watch(std::move(made));
+}
+
+} // namespace glidemap

@@ -1,0 +1,54 @@
+// The one thread that listens to the desktop: X11, Wayland and D-Bus. It sleeps until one of them
+// has something to say.
+//
+// Thread:  submit() and call() on any; call() not from the thread itself's tasks.
+// Owner:   the program makes one before, and destroys it after, whatever lives on it.
+// Errors:  none.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+using GMainContext = struct _GMainContext;
+
+namespace glidemap {
+
+class DesktopThread {
+public:
+    DesktopThread();
+    DesktopThread(const DesktopThread&) = delete;
+    DesktopThread& operator=(const DesktopThread&) = delete;
+    ~DesktopThread();
+
+    // Runs the work on the thread, later, in order. Its context is the thread's default one there,
+    // so what is subscribed within reports there, too.
+    void submit(std::function<void()> work);
+
+    // The same, and waits for it.
+    void call(const std::function<void()>& work);
+
+    GMainContext* context() const;
+
+    // Calls the function on the thread whenever the descriptor can be read, until the watch goes.
+    // To be used, and destroyed, on the thread.
+    class Watch {
+    public:
+        Watch() = default;
+        Watch(Watch&& other) noexcept;
+        Watch& operator=(Watch&& other) noexcept;
+        ~Watch();
+
+    private:
+        friend class DesktopThread;
+        struct Source;
+        explicit Watch(std::unique_ptr<Source> watched);
+        std::unique_ptr<Source> source;
+    };
+    Watch watch(int descriptor, std::function<void()> readable);
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+} // namespace glidemap

@@ -1,0 +1,52 @@
+// Ports between the desktops and the workspace: a backend knows one kind of desktop and tells which
+// windows there are and which one is active, as it happens; it never asks on a timer.
+//
+// Thread:  everything here runs on the desktop thread (see DesktopThread).
+// Owner:   the workspace owns the backend, and listens to it until it is destroyed.
+// Errors:  a desktop that goes away is told as no windows.
+#pragma once
+
+#include <sys/types.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+
+// What a desktop says about a window. Empty where it says nothing.
+struct WindowIdentity {
+    std::string appID;    // Wayland's app id, or the class of WM_CLASS
+    std::string instance; // the instance of WM_CLASS
+    std::string title;
+    std::optional<pid_t> process;
+
+    friend bool operator==(const WindowIdentity&, const WindowIdentity&) = default;
+};
+
+class WindowListener {
+public:
+    WindowListener() = default;
+    WindowListener(const WindowListener&) = delete;
+    WindowListener& operator=(const WindowListener&) = delete;
+    virtual ~WindowListener() = default;
+
+    // None while no window is active.
+    virtual void activeWindowChanged(const std::optional<WindowIdentity>& window) = 0;
+    virtual void windowsChanged(const std::vector<WindowIdentity>& windows) = 0;
+};
+
+class WindowBackend {
+public:
+    WindowBackend() = default;
+    WindowBackend(const WindowBackend&) = delete;
+    WindowBackend& operator=(const WindowBackend&) = delete;
+    virtual ~WindowBackend() = default;
+
+    // False if this desktop is not of the backend's kind. On true the listener has heard, or hears
+    // soon, how things stand now, and then every change.
+    virtual bool start(WindowListener& listener) = 0;
+};
+
+} // namespace glidemap
