@@ -8,7 +8,7 @@
 //          failure to save is swallowed, and the next change tries again.
 #pragma once
 
-#include "bindings/gesture_binding.h"
+#include "bindings/indexed_bindings.h"
 #include "core/observable.h"
 #include "core/snapshot.h"
 
@@ -17,11 +17,8 @@
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace glidemap {
-
-using BindingList = std::vector<GestureBinding>;
 
 class BindingStore {
 public:
@@ -51,14 +48,12 @@ public:
     Observable& changes() { return observers; }
 
 private:
-    struct Contents; // the list, and where in it each gesture stands
-
     std::filesystem::path location() const;
     void load();
     void publish(BindingList list);
 
     SupportFolder supportFolder;
-    Snapshot<std::shared_ptr<const Contents>> _bindings;
+    Snapshot<IndexedBindings> _bindings;
     Observable observers;
 };
 

@@ -1,0 +1,30 @@
+#include "bindings/binding_action.h"
+
+namespace glidemap {
+
+namespace {
+
+std::string shown(const KeyShortcut& shortcut, const Lang& lang) {
+    return lang.choose("Shortcut ", "快捷键 ") + shortcut.displayString();
+}
+
+std::string shown(const LockScreen& /*action*/, const Lang& lang) {
+    return lang.choose("Lock Screen", "锁定屏幕");
+}
+
+// A product's name, which has no translation.
+std::string shown(const MissionControl& /*action*/, const Lang& /*lang*/) {
+    return "Mission Control";
+}
+
+std::string shown(const LaunchApp& launch, const Lang& lang) {
+    return lang.choose("Open ", "打开 ") + launch.name;
+}
+
+} // namespace
+
+std::string displayString(const BindingAction& action, const Lang& lang) {
+    return std::visit([&lang](const auto& kind) { return shown(kind, lang); }, action);
+}
+
+} // namespace glidemap

@@ -1,0 +1,182 @@
+#include "bindings/binding_json.h"
+#include "bindings/binding_object.h"
+#include "bindings/binding_object_decoder.h"
+
+#include <nlohmann/json.hpp>
+
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+using nlohmann::json;
+
+// The deepest object that matters: a shortcut, in an action, in a binding.
+constexpr std::size_t deepestObject = 3;
+
+// Receives the file's values in the order of the text, and turns each object of the array into a
+// binding as soon as it is complete. Memory goes to the bindings and to one object at a time: a
+// value that nobody knows is passed over, however long or deep it is.
+class BindingsHandler : public nlohmann::json_sax<json> {
+public:
+    std::vector<GestureBinding> takeBindings() { return std::move(bindings); }
+    const std::string& reason() const { return _reason; }
+
+    bool null() override { return scalar(UselessValue()); }
+    bool boolean(bool value) override { return scalar(value); }
+    // Only negative numbers come here, and "-0".
+    bool number_integer(std::int64_t value) override {
+        return value == 0 ? number_unsigned(0) : scalar(UselessValue());
+    }
+    bool number_unsigned(std::uint64_t value) override { return scalar(value); }
+    // Also integers beyond 64 bits.
+    bool number_float(double /*value*/, const std::string& /*text*/) override {
+        return scalar(UselessValue());
+    }
+    bool string(std::string& value) override { return scalar(std::move(value)); }
+    bool binary(json::binary_t& /*value*/) override { return false; }
+    bool start_object(std::size_t /*elements*/) override;
+    bool end_object() override;
+    bool start_array(std::size_t /*elements*/) override;
+    bool end_array() override;
+    bool key(std::string& name) override;
+    bool parse_error(std::size_t position, const std::string& lastToken,
+                     const json::exception& error) override;
+
+private:
+    bool fail(std::string reason);
+    bool failElement(std::string_view what);
+    bool scalar(BindingValue value);
+    void pass();
+    bool finishElement();
+
+    bool insideArray = false;
+    std::size_t passing = 0; // how deep in a value that is passed over
+    BindingObject element;
+    std::vector<BindingObject*> objects; // those that are open, the element first
+    BindingValue* place = nullptr;       // of the next value; none for a key that nobody knows
+    std::vector<GestureBinding> bindings;
+    std::string _reason;
+};
+
+bool BindingsHandler::fail(std::string reason) {
+    _reason = std::move(reason);
+    return false;
+}
+
+bool BindingsHandler::failElement(std::string_view what) {
+    return fail("[" + std::to_string(bindings.size()) + "]" + std::string(what));
+}
+
+bool BindingsHandler::scalar(BindingValue value) {
+    if (passing > 0) {
+        return true;
+    }
+    if (!insideArray) {
+        return fail("not an array");
+    }
+    if (objects.empty()) {
+        return failElement(": not an object");
+    }
+    if (place != nullptr) {
+        *place = std::move(value);
+    }
+    return true;
+}
+
+void BindingsHandler::pass() {
+    if (passing++ == 0 && place != nullptr) {
+        *place = UselessValue();
+    }
+}
+
+bool BindingsHandler::start_object(std::size_t /*elements*/) {
+    if (!insideArray) {
+        return fail("not an array");
+    }
+    if (objects.empty()) {
+        element = {};
+        objects.push_back(&element);
+    } else if (passing > 0 || place == nullptr || objects.size() == deepestObject) {
+        pass();
+    } else {
+        objects.push_back(
+            place->emplace<std::unique_ptr<BindingObject>>(std::make_unique<BindingObject>())
+                .get());
+    }
+    return true;
+}
+
+bool BindingsHandler::end_object() {
+    if (passing > 0) {
+        --passing;
+        return true;
+    }
+    objects.pop_back();
+    return !objects.empty() || finishElement();
+}
+
+bool BindingsHandler::finishElement() {
+    BindingObjectDecoder decoder;
+    auto binding = decoder.decode(element);
+    if (!binding) {
+        return failElement("." + decoder.reason());
+    }
+    bindings.push_back(std::move(*binding));
+    return true;
+}
+
+bool BindingsHandler::start_array(std::size_t /*elements*/) {
+    if (!insideArray) {
+        insideArray = true;
+        return true;
+    }
+    if (objects.empty()) {
+        return failElement(": not an object");
+    }
+    pass();
+    return true;
+}
+
+bool BindingsHandler::end_array() {
+    if (passing > 0) {
+        --passing;
+    }
+    return true;
+}
+
+bool BindingsHandler::key(std::string& name) {
+    if (passing == 0) {
+        const auto known = bindingKeyNamed(name);
+        place = known ? &(*objects.back())[*known] : nullptr;
+    }
+    return true;
+}
+
+// The library's words without its own prefix, and without the text read last, which may be as long
+// as the file.
+bool BindingsHandler::parse_error(std::size_t /*position*/, const std::string& /*lastToken*/,
+                                  const json::exception& error) {
+    constexpr std::size_t most = 200;
+    std::string_view words = error.what();
+    words.remove_prefix(std::min(words.find("] ") + 2, words.size()));
+    words = words.substr(0, words.find("; last read"));
+    return fail("not JSON: " + std::string(words.substr(0, most)));
+}
+
+} // namespace
+
+std::variant<std::vector<GestureBinding>, DecodingFailure> decodeBindings(std::string_view text) {
+    // To the parser it would be the end of the text.
+    if (text.find('\0') != std::string_view::npos) {
+        return DecodingFailure{"not JSON: a zero byte"};
+    }
+    BindingsHandler handler;
+    if (!json::sax_parse(text, &handler)) {
+        return DecodingFailure{handler.reason()};
+    }
+    return handler.takeBindings();
+}
+
+} // namespace glidemap

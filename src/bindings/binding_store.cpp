@@ -1,0 +1,109 @@
+#include "bindings/binding_store.h"
+
+#include "bindings/binding_file.h"
+#include "bindings/binding_json.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int leastDoubleTapFingers = 2;
+constexpr std::array doubleTaps = {GestureType::twoFingerDoubleTap,
+                                   GestureType::threeFingerDoubleTap,
+                                   GestureType::fourFingerDoubleTap};
+
+std::optional<BindingList> listIn(const std::filesystem::path& file) {
+    const auto text = readBindingFile(file);
+    if (!text) {
+        return std::nullopt;
+    }
+    auto decoded = decodeBindings(*text);
+    auto* const list = std::get_if<BindingList>(&decoded);
+    return list != nullptr ? std::optional(std::move(*list)) : std::nullopt;
+}
+
+} // namespace
+
+BindingStore::BindingStore(SupportFolder folder)
+    : supportFolder(std::move(folder)), _bindings(IndexedBindings({})) {
+    load();
+}
+
+std::filesystem::path BindingStore::location() const {
+    const std::filesystem::path support = supportFolder();
+    if (support.empty()) {
+        std::fputs("glidemap: there is no folder for application data\n", stderr);
+        std::abort();
+    }
+    const std::filesystem::path folder = support / "Glidemap";
+    std::error_code ignored; // reading or writing the file fails then, too
+    std::filesystem::create_directories(folder, ignored);
+    return folder / "bindings.json";
+}
+
+void BindingStore::load() {
+    if (auto list = listIn(location())) {
+        publish(std::move(*list));
+        return;
+    }
+    publish(defaultBindings());
+    save();
+}
+
+void BindingStore::publish(BindingList list) {
+    _bindings.set(IndexedBindings(std::move(list)));
+}
+
+std::shared_ptr<const BindingList> BindingStore::bindings() const {
+    const auto contents = _bindings.get();
+    return {contents, &contents->list()};
+}
+
+void BindingStore::setBindings(BindingList list) {
+    observers.announceWillChange();
+    publish(std::move(list));
+    save();
+    observers.announceDidChange();
+}
+
+void BindingStore::save() {
+    replaceBindingFile(location(), encodeBindings(_bindings.get()->list()));
+}
+
+std::shared_ptr<const GestureBinding>
+BindingStore::match(GestureType gesture, std::optional<std::string_view> frontmost) const {
+    const auto contents = _bindings.get();
+    const GestureBinding* const found = contents->match(gesture, frontmost);
+    return found != nullptr ? std::shared_ptr<const GestureBinding>(contents, found) : nullptr;
+}
+
+bool BindingStore::doubleTapBindingExists(int fingerCount) const {
+    const int place = fingerCount - leastDoubleTapFingers;
+    if (fingerCount < leastDoubleTapFingers || place >= static_cast<int>(doubleTaps.size())) {
+        return false;
+    }
+    return _bindings.get()->hasEnabled(doubleTaps[static_cast<std::size_t>(place)]);
+}
+
+BindingList defaultBindings() {
+    constexpr std::uint16_t rightArrow = 124;
+    constexpr std::uint16_t leftArrow = 123;
+    constexpr std::uint64_t optionCommand = modifier::option | modifier::command;
+    return {
+        {.gesture = GestureType::drawCircle, .action = LockScreen{}, .scope = GlobalScope{}},
+        {.gesture = GestureType::fixAndTapRight,
+         .action = KeyShortcut{rightArrow, optionCommand},
+         .scope = GlobalScope{}},
+        {.gesture = GestureType::fixAndTapLeft,
+         .action = KeyShortcut{leftArrow, optionCommand},
+         .scope = GlobalScope{}},
+    };
+}
+
+} // namespace glidemap

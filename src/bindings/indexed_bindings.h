@@ -1,0 +1,60 @@
+// A list of bindings that knows where each gesture stands in it, so that a gesture is answered in
+// the time of a binary search, however long the list is.
+//
+// Thread:  any, once it is made.
+// Owner:   the binding store. Moved, not copied: the index points into the list.
+// Errors:  none.
+#pragma once
+
+#include "bindings/gesture_binding.h"
+
+#include <array>
+#include <bitset>
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+namespace glidemap {
+
+using BindingList = std::vector<GestureBinding>;
+
+class IndexedBindings {
+public:
+    explicit IndexedBindings(BindingList list);
+    IndexedBindings(const IndexedBindings&) = delete;
+    IndexedBindings& operator=(const IndexedBindings&) = delete;
+    IndexedBindings(IndexedBindings&&) = default;
+    IndexedBindings& operator=(IndexedBindings&&) = default;
+    ~IndexedBindings() = default;
+
+    const BindingList& list() const { return bindings; }
+
+    // Among the enabled bindings of the gesture the first for the frontmost application, else the
+    // first global one, else null.
+    const GestureBinding* match(GestureType gesture,
+                                std::optional<std::string_view> frontmost) const;
+
+    // In any scope.
+    bool hasEnabled(GestureType gesture) const;
+
+private:
+    struct ForApp {
+        GestureType gesture{};
+        std::string_view bundleID; // the binding's own text
+        const GestureBinding* binding = nullptr;
+
+        bool operator<(const ForApp& other) const {
+            return std::tie(gesture, bundleID) < std::tie(other.gesture, other.bundleID);
+        }
+    };
+
+    void add(const GestureBinding& binding);
+
+    BindingList bindings;
+    std::array<const GestureBinding*, allGestureTypes.size()> firstGlobal{};
+    std::vector<ForApp> forApps; // sorted; equal ones in the list's order
+    std::bitset<allGestureTypes.size()> enabled;
+};
+
+} // namespace glidemap
