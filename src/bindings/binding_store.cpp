@@ -1,7 +1,8 @@
 #include "bindings/binding_store.h"
 
-#include "bindings/binding_file.h"
+#include "bindings/atomic_write.h"
 #include "bindings/binding_json.h"
+#include "bindings/read_file.h"
 
 #include <array>
 #include <cstdio>
@@ -18,8 +19,11 @@ constexpr std::array doubleTaps = {GestureType::twoFingerDoubleTap,
                                    GestureType::threeFingerDoubleTap,
                                    GestureType::fourFingerDoubleTap};
 
+// A million bindings. What is larger is none of ours, and reading it could take all memory.
+constexpr std::size_t largestFile = 256UL * 1024 * 1024;
+
 std::optional<BindingList> listIn(const std::filesystem::path& file) {
-    const auto text = readBindingFile(file);
+    const auto text = readFile(file, largestFile);
     if (!text) {
         return std::nullopt;
     }
@@ -73,7 +77,7 @@ void BindingStore::setBindings(BindingList list) {
 }
 
 void BindingStore::save() {
-    replaceBindingFile(location(), encodeBindings(_bindings.get()->list()));
+    writeAtomically(location(), encodeBindings(_bindings.get()->list()));
 }
 
 std::shared_ptr<const GestureBinding>
