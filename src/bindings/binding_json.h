@@ -13,7 +13,7 @@
 //          one token at a time.
 // Thread:  any.
 // Errors:  decoding answers the first reason in words; nothing throws. Texts of a binding that are
-//          not UTF-8 are written with U+FFFD in place of each bad byte.
+//          not UTF-8 are written with U+FFFD for what is wrong in them.
 #pragma once
 
 #include "bindings/gesture_binding.h"

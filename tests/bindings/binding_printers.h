@@ -1,0 +1,15 @@
+// How GoogleTest prints bindings: as they stand in the file.
+#pragma once
+
+#include "bindings/binding_json.h"
+#include "kit/printers.h"
+
+#include <ostream>
+
+namespace glidemap {
+
+inline void PrintTo(const GestureBinding& binding, std::ostream* stream) {
+    *stream << encodeBindings({binding});
+}
+
+} // namespace glidemap

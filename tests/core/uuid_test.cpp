@@ -1,0 +1,85 @@
+#include "core/uuid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <unordered_set>
+
+namespace glidemap {
+namespace {
+
+constexpr const char* upper = "0123ABCD-EF01-4567-89AB-CDEF01234567";
+constexpr const char* lower = "0123abcd-ef01-4567-89ab-cdef01234567";
+
+TEST(UuidTest, IsReadInEitherCaseAndWrittenInUpperCase) {
+    for (const char* text : {upper, lower, "0123abCD-ef01-4567-89aB-cdef01234567"}) {
+        const auto parsed = Uuid::parse(text);
+        ASSERT_TRUE(parsed) << text;
+        EXPECT_EQ(parsed->text(), upper);
+        EXPECT_EQ(*parsed, *Uuid::parse(upper));
+    }
+}
+
+TEST(UuidTest, ReadsAnySixteenBytesWhateverTheirVersion) {
+    for (const char* text :
+         {"00000000-0000-0000-0000-000000000000", "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF",
+          "01234567-89AB-1DEF-0123-456789ABCDEF"}) {
+        const auto parsed = Uuid::parse(text);
+        ASSERT_TRUE(parsed) << text;
+        EXPECT_EQ(parsed->text(), text);
+    }
+}
+
+TEST(UuidTest, AnyOtherTextIsNone) {
+    using namespace std::string_view_literals;
+    constexpr std::pair<const char*, std::string_view> rows[] = {
+        {"nothing", ""},
+        {"one digit short", "0123ABCD-EF01-4567-89AB-CDEF0123456"},
+        {"one digit long", "0123ABCD-EF01-4567-89AB-CDEF012345678"},
+        {"braces around it", "{0123ABCD-EF01-4567-89AB-CDEF01234567}"},
+        {"braces instead of digits", "{123ABCD-EF01-4567-89AB-CDEF0123456}"},
+        {"a prefix", "urn:uuid:0123ABCD-EF01-4567-89AB-CDEF01234567"},
+        {"no hyphens", "0123ABCDEF01456789ABCDEF01234567"},
+        {"no hyphens, as long as with them", "0123ABCDEF01456789ABCDEF012345670123"},
+        {"a hyphen at the wrong place", "0123ABC-DEF01-4567-89AB-CDEF01234567"},
+        {"a space for a hyphen", "0123ABCD EF01-4567-89AB-CDEF01234567"},
+        {"a space in front", " 123ABCD-EF01-4567-89AB-CDEF01234567"},
+        {"a line's end behind", "0123ABCD-EF01-4567-89AB-CDEF0123456\n"},
+        {"a letter that is no digit", "0123ABCG-EF01-4567-89AB-CDEF01234567"},
+        {"a sign", "+123ABCD-EF01-4567-89AB-CDEF01234567"},
+        {"a zero byte for the last digit", "0123ABCD-EF01-4567-89AB-CDEF0123456\0"sv},
+        {"a zero byte behind", "0123ABCD-EF01-4567-89AB-CDEF01234567\0"sv},
+        {"a wide digit", "\xEF\xBC\x90"
+                         "3ABCD-EF01-4567-89AB-CDEF012345678"},
+    };
+    for (const auto& [name, text] : rows) {
+        EXPECT_FALSE(Uuid::parse(text)) << name;
+    }
+}
+
+TEST(UuidTest, AMadeOneIsRandomAndReadBackTheSame) {
+    std::unordered_set<Uuid> made;
+    for (int count = 0; count < 1'000; ++count) {
+        const Uuid uuid = Uuid::generate();
+        const std::string text = uuid.text();
+        EXPECT_EQ(text.size(), 36U);
+        EXPECT_EQ(text[14], '4') << "the version of random ones: " << text;
+        EXPECT_NE(std::string("89AB").find(text[19]), std::string::npos) << text;
+        EXPECT_EQ(Uuid::parse(text), uuid);
+        made.insert(uuid);
+    }
+    EXPECT_EQ(made.size(), 1'000U);
+}
+
+TEST(UuidTest, IsOrderedAsItsText) {
+    const auto least = *Uuid::parse("00000000-0000-0000-0000-000000000001");
+    const auto more = *Uuid::parse("00000000-0000-0000-0000-0000000000FF");
+    const auto most = *Uuid::parse("80000000-0000-0000-0000-000000000000");
+    EXPECT_LT(least, more);
+    EXPECT_LT(more, most);
+    EXPECT_EQ(least <=> least, std::strong_ordering::equal);
+}
+
+} // namespace
+} // namespace glidemap
