@@ -236,6 +236,38 @@ TEST_F(VirtualTimeTest, stoppingDelayedWorkLetsGoOfWhatWaitsUnrun) {
     EXPECT_THAT(events, ElementsAre(Event{"later", 0.5}));
 }
 
+TEST_F(VirtualTimeTest, theMainQueueRunsOnceTheSerialQueueIsEmpty) {
+    time.mainQueue()->submit([this] { record("main"); });
+    time.queue()->submit([this] {
+        time.mainQueue()->submit([this] { record("main later"); });
+        submit("second");
+        record("first");
+    });
+    EXPECT_THAT(events, IsEmpty());
+    time.runSubmitted();
+    EXPECT_THAT(events, ElementsAre(Event{"first", 0}, Event{"second", 0}, Event{"main", 0},
+                                    Event{"main later", 0}));
+}
+
+TEST_F(VirtualTimeTest, whatTheMainQueueSubmitsRunsAfterItAndNothingIsLeft) {
+    time.mainQueue()->submit([this] {
+        time.mainQueue()->submit([this] { record("main child"); });
+        submit("child");
+        time.runSubmitted(); // from within a task: no task runs inside another
+        record("end of main");
+    });
+    time.runSubmitted();
+    EXPECT_THAT(events,
+                ElementsAre(Event{"end of main", 0}, Event{"main child", 0}, Event{"child", 0}));
+}
+
+TEST_F(VirtualTimeTest, whatAnItemGivesTheMainQueueRunsAtTheTimeOfTheItem) {
+    scheduleWork(0.5, [this] { time.mainQueue()->submit([this] { record("main"); }); });
+    schedule("later item", 0.75);
+    time.advanceTo(1);
+    EXPECT_THAT(events, ElementsAre(Event{"main", 0.5}, Event{"later item", 0.75}));
+}
+
 TEST(VirtualTimePorts, mayOutliveTheTimeTheyCameFrom) {
     std::shared_ptr<UptimeClock> clock;
     std::shared_ptr<DelayedWork> delayedWork;

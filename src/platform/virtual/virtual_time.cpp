@@ -17,35 +17,47 @@ public:
     double now = 0;
 };
 
-class VirtualTime::Queue : public SerialQueue {
+// Tasks in the order of submission; their memory is kept when they have run.
+class VirtualTime::Tasks {
 public:
-    void submit(Task task) override { tasks.push_back(std::move(task)); }
+    void add(Task task) { tasks.push_back(std::move(task)); }
 
-    void stop() override {
+    void clear() {
         tasks.clear();
         next = 0;
     }
 
-    void run() {
-        if (isRunning) {
-            return; // a task that moves time on: its followers run after it
-        }
-        isRunning = true;
+    // Those that tasks add included. False if there were none.
+    bool run() {
+        const bool anyWaits = next < tasks.size();
         while (next < tasks.size()) {
             // Taken out first: the task may submit more and so move its own storage.
             Task task = std::move(tasks[next]);
             ++next;
             task();
         }
-        tasks.clear();
-        next = 0;
-        isRunning = false;
+        clear();
+        return anyWaits;
     }
 
 private:
-    std::vector<Task> tasks; // emptied after every run, its memory kept
+    std::vector<Task> tasks;
     std::size_t next = 0;
-    bool isRunning = false;
+};
+
+class VirtualTime::Queue : public SerialQueue {
+public:
+    void submit(Task task) override { tasks.add(std::move(task)); }
+    void stop() override { tasks.clear(); }
+
+    Tasks tasks;
+};
+
+class VirtualTime::Main : public MainQueue {
+public:
+    void submit(Task task) override { tasks.add(std::move(task)); }
+
+    Tasks tasks;
 };
 
 class VirtualTime::Delayed : public DelayedWork {
@@ -77,7 +89,7 @@ private:
 
 VirtualTime::VirtualTime()
     : _clock(std::make_shared<Clock>()), _queue(std::make_shared<Queue>()),
-      _delayedWork(std::make_shared<Delayed>(_clock)) {}
+      _mainQueue(std::make_shared<Main>()), _delayedWork(std::make_shared<Delayed>(_clock)) {}
 
 VirtualTime::~VirtualTime() = default;
 
@@ -86,6 +98,9 @@ std::shared_ptr<UptimeClock> VirtualTime::clock() const {
 }
 std::shared_ptr<SerialQueue> VirtualTime::queue() const {
     return _queue;
+}
+std::shared_ptr<MainQueue> VirtualTime::mainQueue() const {
+    return _mainQueue;
 }
 std::shared_ptr<DelayedWork> VirtualTime::delayedWork() const {
     return _delayedWork;
@@ -98,8 +113,18 @@ double VirtualTime::nextDeadline() const {
     return _delayedWork->nextDeadline();
 }
 
+// A task that moves time on does not run its followers: they run after it.
 void VirtualTime::runSubmitted() {
-    _queue->run();
+    if (isRunning) {
+        return;
+    }
+    isRunning = true;
+    bool anyRan = true;
+    while (anyRan) {
+        const bool anyOfQueue = _queue->tasks.run();
+        anyRan = _mainQueue->tasks.run() || anyOfQueue;
+    }
+    isRunning = false;
 }
 
 void VirtualTime::advanceTo(double time) {

@@ -1,10 +1,11 @@
-// Time as data: a clock, a serial queue and delayed work that stand still until they are moved on.
+// Time as data: a clock, a serial queue, a main queue and delayed work that stand still until they
+// are moved on.
 //
 // Whoever plays records (a test, the replay tool) is the driver of time. For each record:
 //
 //   time.advanceTo(t);     delayed items due by then run, each with the clock at its own deadline
-//   push the record        whatever it submits to the queue waits
-//   time.runSubmitted();   and runs here, in order
+//   push the record        whatever it submits to the queues waits
+//   time.runSubmitted();   and runs here: the serial queue in order, then what it gave the main one
 //
 // and once the records are over, time.runRemaining().
 //
@@ -17,6 +18,7 @@
 #pragma once
 
 #include "core/delayed_work.h"
+#include "core/main_queue.h"
 #include "core/serial_queue.h"
 #include "core/uptime_clock.h"
 
@@ -35,6 +37,7 @@ public:
 
     std::shared_ptr<UptimeClock> clock() const;
     std::shared_ptr<SerialQueue> queue() const;
+    std::shared_ptr<MainQueue> mainQueue() const;
     std::shared_ptr<DelayedWork> delayedWork() const;
 
     // Runs what has been submitted, then every delayed item with a deadline at or before `time`: in
@@ -43,7 +46,7 @@ public:
     // may claim it, and nothing waits for a time that has been.
     void advanceTo(double time);
 
-    // Runs the tasks on the queue, those that tasks submit included.
+    // Runs the tasks on the serial queue, then those on the main queue, until both are empty.
     void runSubmitted();
 
     // Runs every delayed item that is left, as advanceTo() would, and leaves the clock at the last
@@ -57,14 +60,18 @@ public:
 
 private:
     class Clock;
+    class Tasks;
     class Queue;
+    class Main;
     class Delayed;
 
     void runNextDelayed();
 
     std::shared_ptr<Clock> _clock;
     std::shared_ptr<Queue> _queue;
+    std::shared_ptr<Main> _mainQueue;
     std::shared_ptr<Delayed> _delayedWork;
+    bool isRunning = false;
 };
 
 } // namespace glidemap
