@@ -1,0 +1,65 @@
+#include "dispatch/action_runner.h"
+
+#include <array>
+#include <utility>
+#include <variant>
+
+namespace glidemap {
+
+namespace {
+
+// What locks the screen where nothing else can: Control-Command-Q.
+constexpr KeyShortcut lockShortcut{12, modifier::control | modifier::command};
+
+// The modifiers travel as flags of the key's own events; no event of a modifier key goes with them.
+void type(const KeyShortcut& shortcut, KeyEventPoster& keyEvents) {
+    const std::array events = {KeyEvent{shortcut.keyCode, true, shortcut.modifiers},
+                               KeyEvent{shortcut.keyCode, false, shortcut.modifiers}};
+    keyEvents.post(events);
+}
+
+template <typename... Cases>
+struct Overloaded : Cases... {
+    using Cases::operator()...;
+};
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
+
+} // namespace
+
+ActionRunner::ActionRunner(Ports given) : ports(std::move(given)) {}
+
+void ActionRunner::perform(const BindingAction& action) {
+    std::visit(
+        Overloaded{
+            [this](const KeyShortcut& shortcut) { type(shortcut, *ports.keyEvents); },
+            [this](const LockScreen& /*all of it*/) { lockScreen(); },
+            [this](const MissionControl& /*all of it*/) { ports.workspace->openMissionControl(); },
+            [this](const LaunchApp& launch) { launchApp(launch.bundleID); },
+        },
+        action);
+}
+
+void ActionRunner::launchApp(const std::string& bundleID) {
+    if (const auto url = ports.workspace->urlForApplication(bundleID)) {
+        ports.workspace->openApplication(*url);
+    }
+}
+
+// The answer of a system that refuses may come after this runner has gone.
+void ActionRunner::lockScreen() {
+    if (!canLock) {
+        canLock = ports.screenLock->find();
+    }
+    if (!*canLock) {
+        type(lockShortcut, *ports.keyEvents);
+        return;
+    }
+    ports.screenLock->lock([weakly = std::weak_ptr(ports.keyEvents)] {
+        if (const auto keyEvents = weakly.lock()) {
+            type(lockShortcut, *keyEvents);
+        }
+    });
+}
+
+} // namespace glidemap

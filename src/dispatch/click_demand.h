@@ -1,0 +1,36 @@
+// Tells the click tap whether any click could be taken out: while the master switch is on and an
+// enabled binding for a click exists, whatever its scope.
+//
+// Thread:  the main thread.
+// Owner:   the program makes one beside the click monitor.
+// Errors:  none.
+#pragma once
+
+#include "core/observable.h"
+#include "dispatch/click_tap.h"
+#include "dispatch/gesture_dispatcher.h"
+
+#include <memory>
+#include <optional>
+
+namespace glidemap {
+
+class ClickDemand {
+public:
+    // Tells at once, and from then on when the answer changes.
+    ClickDemand(std::shared_ptr<GestureDispatcher> gestureDispatcher,
+                std::shared_ptr<ClickTap> clickTap);
+    ClickDemand(const ClickDemand&) = delete;
+    ClickDemand& operator=(const ClickDemand&) = delete;
+
+private:
+    void update();
+
+    std::shared_ptr<GestureDispatcher> dispatcher;
+    std::shared_ptr<ClickTap> tap;
+    std::optional<bool> told;
+    Subscription toDispatcher;
+    Subscription toStore;
+};
+
+} // namespace glidemap

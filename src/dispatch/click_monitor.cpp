@@ -1,0 +1,83 @@
+#include "dispatch/click_monitor.h"
+
+#include <optional>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// One finger presses for a plain click, five press by accident.
+std::optional<GestureType> clickOf(int fingerCount) {
+    switch (fingerCount) {
+    case 2:
+        return GestureType::twoFingerClick;
+    case 3:
+        return GestureType::threeFingerClick;
+    case 4:
+        return GestureType::fourFingerClick;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+ClickMonitor::ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> fingers)
+    : tap(std::move(clickTap)), touchingCount(std::move(fingers)),
+      life(std::make_shared<ClickMonitor*>(this)) {}
+
+ClickMonitor::~ClickMonitor() {
+    stop();
+}
+
+void ClickMonitor::start() {
+    if (_isRunning) {
+        return;
+    }
+    _isRunning = tap->create([weakly = std::weak_ptr(life)](const ClickEvent& event) {
+        const auto monitor = weakly.lock();
+        return monitor ? (*monitor)->decide(event) : ClickTap::Verdict::pass;
+    });
+    if (_isRunning) {
+        tap->setEnabled(true);
+    }
+}
+
+void ClickMonitor::stop() {
+    if (_isRunning) {
+        tap->setEnabled(false);
+        tap->remove();
+        _isRunning = false;
+    }
+}
+
+ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
+    switch (event.type) {
+    case ClickEventType::tapDisabledByTimeout:
+    case ClickEventType::tapDisabledByUserInput:
+        tap->setEnabled(true);
+        return ClickTap::Verdict::pass;
+    case ClickEventType::leftMouseDown:
+    case ClickEventType::rightMouseDown:
+        if (!isTaken()) {
+            return ClickTap::Verdict::pass;
+        }
+        swallowUpForButton.insert(event.button);
+        return ClickTap::Verdict::drop;
+    case ClickEventType::leftMouseUp:
+    case ClickEventType::rightMouseUp:
+        return swallowUpForButton.erase(event.button) > 0 ? ClickTap::Verdict::drop
+                                                          : ClickTap::Verdict::pass;
+    case ClickEventType::other:
+        break;
+    }
+    return ClickTap::Verdict::pass;
+}
+
+bool ClickMonitor::isTaken() const {
+    const auto gesture = clickOf(touchingCount());
+    return gesture && onClickGesture && onClickGesture(*gesture);
+}
+
+} // namespace glidemap

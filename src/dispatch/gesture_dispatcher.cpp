@@ -1,0 +1,116 @@
+#include "dispatch/gesture_dispatcher.h"
+
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+bool isDirectedCircle(GestureType gesture) {
+    return gesture == GestureType::drawCircleClockwise ||
+           gesture == GestureType::drawCircleCounterclockwise;
+}
+
+} // namespace
+
+std::shared_ptr<GestureDispatcher> GestureDispatcher::create(Ports ports) {
+    return std::make_shared<GestureDispatcher>(ConstructionKey{}, std::move(ports));
+}
+
+GestureDispatcher::GestureDispatcher(ConstructionKey /*key*/, Ports given)
+    : ports(std::move(given)),
+      _masterEnabled(ports.defaults->boolean(masterEnabledKey).value_or(true)) {}
+
+bool GestureDispatcher::handle(GestureType gesture, bool execute) {
+    if (!masterEnabled()) {
+        return false;
+    }
+    Application application = frontmost();
+    Binding binding = resolveBinding(gesture, application.bundleID);
+    const bool isFound = binding != nullptr;
+    GestureLogEntry entry = makeEntry(gesture, binding.get(), std::move(application.name));
+    if (execute && isFound) {
+        runLater(std::move(binding));
+    }
+    logLater(std::move(entry));
+    return isFound;
+}
+
+bool GestureDispatcher::handleClickGesture(GestureType gesture) {
+    if (!masterEnabled()) {
+        return false;
+    }
+    Application application = frontmost();
+    Binding binding = resolveBinding(gesture, application.bundleID);
+    if (!binding) {
+        return false;
+    }
+    ports.mainQueue->submit([weakly = weak_from_this(), gesture, taken = std::move(binding),
+                             appName = std::move(application.name)]() mutable {
+        if (const auto dispatcher = weakly.lock()) {
+            dispatcher->ports.actionRunner->perform(taken->action);
+            dispatcher->log(dispatcher->makeEntry(gesture, taken.get(), std::move(appName)));
+        }
+    });
+    return true;
+}
+
+// What is written is the switch as it stands: an observer may have moved it once more.
+void GestureDispatcher::setMasterEnabled(bool enabled) {
+    observers.announceWillChange();
+    _masterEnabled.store(enabled);
+    observers.announceDidChange();
+    ports.defaults->setBoolean(masterEnabledKey, masterEnabled());
+}
+
+std::shared_ptr<const GestureBinding>
+GestureDispatcher::resolveBinding(GestureType gesture,
+                                  std::optional<std::string_view> bundleID) const {
+    Binding binding = ports.store->match(gesture, bundleID);
+    if (!binding && isDirectedCircle(gesture)) {
+        binding = ports.store->match(GestureType::drawCircle, bundleID);
+    }
+    return binding;
+}
+
+GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureBinding* binding,
+                                             std::optional<std::string> appName) const {
+    GestureLogEntry entry;
+    entry.date = ports.wallClock();
+    entry.gesture = gesture;
+    if (binding != nullptr) {
+        entry.matchedAction = displayString(binding->action, *ports.lang);
+    }
+    entry.appName = std::move(appName);
+    return entry;
+}
+
+// The action and the log entry are tasks of their own: what is slow to run is not slow to be
+// queued, and an entry is logged whatever becomes of the action.
+void GestureDispatcher::runLater(Binding binding) {
+    ports.mainQueue->submit([weakly = weak_from_this(), held = std::move(binding)] {
+        if (const auto dispatcher = weakly.lock()) {
+            dispatcher->ports.actionRunner->perform(held->action);
+        }
+    });
+}
+
+void GestureDispatcher::logLater(GestureLogEntry entry) {
+    ports.mainQueue->submit(
+        [weakly = weak_from_this(), held = std::make_unique<GestureLogEntry>(std::move(entry))] {
+            if (const auto dispatcher = weakly.lock()) {
+                dispatcher->log(std::move(*held));
+            }
+        });
+}
+
+void GestureDispatcher::log(GestureLogEntry entry) {
+    observers.announceWillChange();
+    _recentEvents.insert(_recentEvents.begin(), std::move(entry));
+    if (_recentEvents.size() > mostRecentEvents) {
+        _recentEvents.resize(mostRecentEvents);
+    }
+    observers.announceDidChange();
+}
+
+} // namespace glidemap

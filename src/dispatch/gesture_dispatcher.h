@@ -1,0 +1,103 @@
+// From a gesture to its action: finds the binding for the frontmost application, has the action run
+// on the main thread, and keeps the log of recent gestures and the master switch.
+//
+//   engine's queue, delayed work ─▶ handle ─────────────┐   main queue
+//                                                       ├─▶ action, then log entry ─▶ recentEvents
+//   thread of the click tap ──────▶ handleClickGesture ─┘
+//
+// Every gesture is logged, matched or not. Clicks are logged only when they were taken over: the
+// others are the system's business.
+//
+// Thread:  handle(), handleClickGesture(), masterEnabled(), frontmost() and resolveBinding() on any
+//          thread, several at once; they never wait for an action. The rest on the main thread.
+// Owner:   the program makes one. Work on the main queue holds it weakly and does nothing once it
+//          is gone.
+// Errors:  none.
+#pragma once
+
+#include "bindings/binding_store.h"
+#include "core/gesture_type.h"
+#include "core/lang.h"
+#include "core/main_queue.h"
+#include "core/observable.h"
+#include "core/user_defaults.h"
+#include "dispatch/action_runner.h"
+#include "dispatch/gesture_log_entry.h"
+#include "dispatch/workspace.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace glidemap {
+
+class GestureDispatcher : public std::enable_shared_from_this<GestureDispatcher> {
+public:
+    struct Ports {
+        std::shared_ptr<BindingStore> store;
+        std::shared_ptr<UserDefaults> defaults;
+        std::shared_ptr<MainQueue> mainQueue;
+        std::shared_ptr<Workspace> workspace;
+        std::shared_ptr<ActionRunner> actionRunner;
+        std::function<WallTime()> wallClock = std::chrono::system_clock::now; // on any thread
+        const Lang* lang = &Lang::shared(); // what the log is written in
+    };
+
+    static constexpr std::string_view masterEnabledKey = "masterEnabled";
+    static constexpr std::size_t mostRecentEvents = 20;
+
+    // The master switch is as the user left it, or on.
+    static std::shared_ptr<GestureDispatcher> create(Ports ports);
+
+    // Whether a binding was found. It runs only if it is to be executed.
+    bool handle(GestureType gesture, bool execute);
+
+    // Whether a binding was found and will run: the click is then the dispatcher's.
+    bool handleClickGesture(GestureType gesture);
+
+    // With the switch off nothing is handled, and nothing logged.
+    bool masterEnabled() const { return _masterEnabled.load(); }
+    void setMasterEnabled(bool enabled);
+
+    // Newest first.
+    const std::vector<GestureLogEntry>& recentEvents() const { return _recentEvents; }
+
+    // Of the master switch and of the recent events.
+    Observable& changes() { return observers; }
+
+    Application frontmost() const { return ports.workspace->frontmostApplication(); }
+
+    // A circle without a binding for its own direction is a circle of any direction.
+    std::shared_ptr<const GestureBinding>
+    resolveBinding(GestureType gesture, std::optional<std::string_view> bundleID) const;
+
+    BindingStore& store() const { return *ports.store; }
+
+private:
+    struct ConstructionKey {};
+
+public:
+    GestureDispatcher(ConstructionKey key, Ports given);
+
+private:
+    using Binding = std::shared_ptr<const GestureBinding>;
+
+    GestureLogEntry makeEntry(GestureType gesture, const GestureBinding* binding,
+                              std::optional<std::string> appName) const;
+    void runLater(Binding binding);
+    void logLater(GestureLogEntry entry);
+    void log(GestureLogEntry entry);
+
+    Ports ports;
+    std::atomic<bool> _masterEnabled;
+    std::vector<GestureLogEntry> _recentEvents;
+    Observable observers;
+};
+
+} // namespace glidemap

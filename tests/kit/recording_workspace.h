@@ -1,0 +1,49 @@
+// A session whose applications are what the test says, and that remembers what it was to open.
+//
+// Thread:  frontmost, and whoever asks for it, on any; the rest on the test's main thread.
+#pragma once
+
+#include "core/snapshot.h"
+#include "dispatch/workspace.h"
+
+#include <atomic>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap::kit {
+
+class RecordingWorkspace : public Workspace {
+public:
+    void setFrontmost(Application application) { frontmost.set(std::move(application)); }
+
+    Application frontmostApplication() const override {
+        ++timesAskedForFrontmost;
+        return *frontmost.get();
+    }
+
+    std::vector<Application> runningApplications() const override { return running; }
+
+    std::optional<std::string> urlForApplication(const std::string& bundleID) const override {
+        const auto found = urls.find(bundleID);
+        return found != urls.end() ? std::optional(found->second) : std::nullopt;
+    }
+
+    void openApplication(const std::string& url) override {
+        opened.push_back("application " + url);
+    }
+    void openMissionControl() override { opened.emplace_back("mission control"); }
+    void openURL(const std::string& url) override { opened.push_back("url " + url); }
+
+    std::vector<Application> running;
+    std::map<std::string, std::string> urls; // where each application is, by its identifier
+    std::vector<std::string> opened;         // in order
+    mutable std::atomic<int> timesAskedForFrontmost = 0;
+
+private:
+    Snapshot<Application> frontmost;
+};
+
+} // namespace glidemap::kit
