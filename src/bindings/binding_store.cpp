@@ -39,6 +39,8 @@ BindingStore::BindingStore(SupportFolder folder)
     load();
 }
 
+BindingStore::BindingStore(BindingList list) : _bindings(IndexedBindings(std::move(list))) {}
+
 std::filesystem::path BindingStore::location() const {
     const std::filesystem::path support = supportFolder();
     if (support.empty()) {
@@ -77,7 +79,9 @@ void BindingStore::setBindings(BindingList list) {
 }
 
 void BindingStore::save() {
-    writeAtomically(location(), encodeBindings(_bindings.get()->list()));
+    if (supportFolder) {
+        writeAtomically(location(), encodeBindings(_bindings.get()->list()));
+    }
 }
 
 std::shared_ptr<const GestureBinding>

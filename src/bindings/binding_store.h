@@ -26,6 +26,10 @@ public:
     using SupportFolder = std::function<std::filesystem::path()>;
 
     explicit BindingStore(SupportFolder folder);
+
+    // In memory only: nothing is read, and saving writes nothing.
+    explicit BindingStore(BindingList list);
+
     BindingStore(const BindingStore&) = delete;
     BindingStore& operator=(const BindingStore&) = delete;
 

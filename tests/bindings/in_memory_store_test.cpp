@@ -1,0 +1,65 @@
+#include "bindings/binding_store.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace glidemap {
+namespace {
+
+using testing::ElementsAre;
+
+// The working folder for as long as a scope lasts: a place where anything written would be seen.
+class InEmptyFolder {
+public:
+    InEmptyFolder() : before(std::filesystem::current_path()) {
+        std::string name = (std::filesystem::temp_directory_path() / "glidemap-XXXXXX").string();
+        folder = mkdtemp(name.data());
+        std::filesystem::current_path(folder);
+    }
+    InEmptyFolder(const InEmptyFolder&) = delete;
+    InEmptyFolder& operator=(const InEmptyFolder&) = delete;
+    ~InEmptyFolder() {
+        std::error_code ignored;
+        std::filesystem::current_path(before, ignored);
+        std::filesystem::remove_all(folder, ignored);
+    }
+
+    bool isEmpty() const { return std::filesystem::is_empty(folder); }
+
+private:
+    std::filesystem::path before;
+    std::filesystem::path folder;
+};
+
+GestureBinding locking(GestureType gesture) {
+    return {.gesture = gesture, .action = LockScreen{}, .scope = GlobalScope{}};
+}
+
+TEST(InMemoryStore, hasTheListItIsGivenAndTakesAnotherWithoutWritingAnything) {
+    const InEmptyFolder folder;
+    const GestureBinding tap = locking(GestureType::twoFingerTap);
+    const GestureBinding click = locking(GestureType::twoFingerClick);
+    BindingStore store(BindingList{tap});
+    EXPECT_THAT(*store.bindings(), ElementsAre(tap));
+    EXPECT_NE(store.match(GestureType::twoFingerTap, std::nullopt), nullptr);
+
+    int announced = 0;
+    const Subscription subscription = store.changes().subscribe({}, [&] { ++announced; });
+    store.setBindings({click});
+    store.save();
+    EXPECT_EQ(announced, 1);
+    EXPECT_THAT(*store.bindings(), ElementsAre(click));
+    EXPECT_EQ(store.match(GestureType::twoFingerTap, std::nullopt), nullptr);
+    EXPECT_TRUE(folder.isEmpty());
+}
+
+TEST(InMemoryStore, hasNoDefaults) {
+    EXPECT_TRUE(BindingStore(BindingList{}).bindings()->empty());
+}
+
+} // namespace
+} // namespace glidemap
