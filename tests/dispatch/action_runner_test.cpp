@@ -1,0 +1,123 @@
+#include "dispatch/action_runner.h"
+#include "kit/recording_key_events.h"
+#include "kit/recording_screen_lock.h"
+#include "kit/recording_workspace.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+
+namespace glidemap {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Post = kit::RecordingKeyEvents::Post;
+
+const Post lockShortcut = {{12, true, 0x140000}, {12, false, 0x140000}};
+
+class ActionRunnerTest : public testing::Test {
+protected:
+    void expectNothingElseThan(std::size_t posts, int locks, std::size_t openings) const {
+        EXPECT_EQ(keyEvents->posts.size(), posts);
+        EXPECT_EQ(lock->timesLocked, locks);
+        EXPECT_EQ(workspace->opened.size(), openings);
+    }
+
+    std::shared_ptr<kit::RecordingWorkspace> workspace =
+        std::make_shared<kit::RecordingWorkspace>();
+    std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
+        std::make_shared<kit::RecordingKeyEvents>();
+    std::shared_ptr<kit::RecordingScreenLock> lock = std::make_shared<kit::RecordingScreenLock>();
+    std::unique_ptr<ActionRunner> runner = std::make_unique<ActionRunner>(
+        ActionRunner::Ports{.workspace = workspace, .keyEvents = keyEvents, .screenLock = lock});
+};
+
+TEST_F(ActionRunnerTest, aShortcutIsTheKeyDownAndUpWithExactlyItsModifiersInOneCall) {
+    const std::uint64_t masks[] = {0, modifier::shift, modifier::option | modifier::command,
+                                   std::uint64_t{1} << 63 | 1,
+                                   std::numeric_limits<std::uint64_t>::max()};
+    for (const std::uint64_t mask : masks) {
+        keyEvents->posts.clear();
+        runner->perform(KeyShortcut{124, mask});
+        EXPECT_THAT(keyEvents->posts, ElementsAre(Post{{124, true, mask}, {124, false, mask}}));
+    }
+    expectNothingElseThan(1, 0, 0);
+}
+
+TEST_F(ActionRunnerTest, aShortcutWithoutModifiersIsPlainDownAndUp) {
+    runner->perform(KeyShortcut{0, 0});
+    EXPECT_THAT(keyEvents->posts, ElementsAre(Post{{0, true, 0}, {0, false, 0}}));
+}
+
+TEST_F(ActionRunnerTest, locksTheScreenByTheSystemsOwnMeans) {
+    runner->perform(LockScreen{});
+    expectNothingElseThan(0, 1, 0);
+}
+
+TEST_F(ActionRunnerTest, theSystemsLockIsLookedForOnceHoweverOftenTheScreenIsLocked) {
+    EXPECT_EQ(lock->timesLookedFor, 0);
+    for (int count = 0; count < 3; ++count) {
+        runner->perform(LockScreen{});
+    }
+    EXPECT_EQ(lock->timesLookedFor, 1);
+    expectNothingElseThan(0, 3, 0);
+}
+
+TEST_F(ActionRunnerTest, whereTheSystemHasNoLockControlCommandQIsTypedAndItIsNotLookedForAgain) {
+    lock->exists = false;
+    runner->perform(LockScreen{});
+    runner->perform(LockScreen{});
+    EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut, lockShortcut));
+    EXPECT_EQ(lock->timesLookedFor, 1);
+    expectNothingElseThan(2, 0, 0);
+}
+
+TEST_F(ActionRunnerTest, whereTheSystemRefusesToLockControlCommandQIsTyped) {
+    runner->perform(LockScreen{});
+    EXPECT_THAT(keyEvents->posts, IsEmpty());
+    lock->refuse();
+    EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut));
+}
+
+TEST_F(ActionRunnerTest, aRefusalAfterEverythingIsGoneDoesNothing) {
+    runner->perform(LockScreen{});
+    runner.reset();
+    lock->refuse();
+    EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut)); // whoever types is still there
+    const std::weak_ptr<KeyEventPoster> poster = keyEvents;
+    keyEvents.reset();
+    EXPECT_TRUE(poster.expired());
+    lock->refuse();
+}
+
+TEST_F(ActionRunnerTest, missionControlIsOpenedByTheWorkspace) {
+    runner->perform(MissionControl{});
+    EXPECT_THAT(workspace->opened, ElementsAre("mission control"));
+    expectNothingElseThan(0, 0, 1);
+}
+
+TEST_F(ActionRunnerTest, anApplicationIsOpenedWhereTheWorkspaceFindsItAndItsNameDoesNotCount) {
+    workspace->urls = {{"org.example.Editor", "file:///applications/editor"},
+                       {"Editor", "file:///wrong"}};
+    runner->perform(LaunchApp{"org.example.Editor", "Editor"});
+    EXPECT_THAT(workspace->opened, ElementsAre("application file:///applications/editor"));
+    expectNothingElseThan(0, 0, 1);
+}
+
+TEST_F(ActionRunnerTest, anUnknownIdentifierLaunchesNothing) {
+    runner->perform(LaunchApp{"org.example.Missing", "Missing"});
+    runner->launchApp("");
+    expectNothingElseThan(0, 0, 0);
+}
+
+TEST_F(ActionRunnerTest, launchesAlsoWithoutABinding) {
+    workspace->urls = {{"org.example.Editor", "file:///applications/editor"}};
+    runner->launchApp("org.example.Editor");
+    EXPECT_THAT(workspace->opened, ElementsAre("application file:///applications/editor"));
+}
+
+} // namespace
+} // namespace glidemap

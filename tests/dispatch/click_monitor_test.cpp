@@ -1,0 +1,249 @@
+#include "dispatch/click_monitor.h"
+#include "kit/printers.h"
+#include "kit/recording_click_tap.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using enum ClickEventType;
+using enum GestureType;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Verdict = ClickTap::Verdict;
+
+constexpr auto pass = Verdict::pass;
+constexpr auto drop = Verdict::drop;
+
+class ClickMonitorTest : public testing::Test {
+protected:
+    ClickMonitorTest() { takeClicks(); }
+
+    void takeClicks() {
+        monitor->onClickGesture = [this](GestureType gesture) {
+            offered.push_back(gesture);
+            return isTaken;
+        };
+    }
+
+    Verdict press(std::int64_t button = 0) { return tap->offer({leftMouseDown, button}); }
+    Verdict release(std::int64_t button = 0) { return tap->offer({leftMouseUp, button}); }
+
+    int fingerCount = 2;
+    bool isTaken = true;
+    std::vector<GestureType> offered;
+    std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
+    std::unique_ptr<ClickMonitor> monitor =
+        std::make_unique<ClickMonitor>(tap, [this] { return fingerCount; });
+};
+
+std::optional<GestureType> clickOf(int fingerCount) {
+    switch (fingerCount) {
+    case 2:
+        return twoFingerClick;
+    case 3:
+        return threeFingerClick;
+    case 4:
+        return fourFingerClick;
+    default:
+        return std::nullopt;
+    }
+}
+
+TEST_F(ClickMonitorTest, isIdleUntilStarted) {
+    EXPECT_FALSE(monitor->isRunning());
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+}
+
+TEST_F(ClickMonitorTest, startCreatesTheTapAndEnablesItAndAgainDoesNothing) {
+    monitor->start();
+    EXPECT_TRUE(monitor->isRunning());
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
+    monitor->start();
+    EXPECT_TRUE(monitor->isRunning());
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+}
+
+TEST_F(ClickMonitorTest, withoutPermissionItDoesNotRunAndMayBeStartedAgain) {
+    tap->isPermitted = false;
+    monitor->start();
+    EXPECT_FALSE(monitor->isRunning());
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("create (refused)"));
+    monitor->stop();
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+    tap->isPermitted = true;
+    monitor->start();
+    EXPECT_TRUE(monitor->isRunning());
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
+}
+
+TEST_F(ClickMonitorTest, stopDisablesTheTapAndRemovesItAndAgainDoesNothing) {
+    monitor->stop();
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+    monitor->start();
+    tap->takeNotes();
+    monitor->stop();
+    EXPECT_FALSE(monitor->isRunning());
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("disable", "remove"));
+    monitor->stop();
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+    monitor->start();
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
+}
+
+TEST_F(ClickMonitorTest, itsEndRemovesTheTapAndWhatStillComesPasses) {
+    monitor->start();
+    tap->takeNotes();
+    monitor.reset();
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("disable", "remove"));
+    for (const ClickEventType type : {leftMouseDown, leftMouseUp, tapDisabledByTimeout}) {
+        EXPECT_EQ(tap->offer({type, 0}), pass);
+    }
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+    EXPECT_THAT(offered, IsEmpty());
+}
+
+TEST_F(ClickMonitorTest, itsEndLeavesATapAloneThatDoesNotRun) {
+    monitor->start();
+    monitor->stop();
+    tap->takeNotes();
+    monitor.reset();
+    EXPECT_THAT(tap->takeNotes(), IsEmpty());
+}
+
+// Every type of event, every count of fingers, and every answer.
+TEST_F(ClickMonitorTest, onlyAPressWithTwoThreeOrFourFingersIsOfferedAndDroppedOnlyIfTaken) {
+    enum class Answer { taken, refused, nobodyAsked };
+    for (const ClickEventType type : {leftMouseDown, leftMouseUp, rightMouseDown, rightMouseUp,
+                                      tapDisabledByTimeout, tapDisabledByUserInput, other}) {
+        for (const int count : {-1, 0, 1, 2, 3, 4, 5, 6, 11}) {
+            for (const Answer answer : {Answer::taken, Answer::refused, Answer::nobodyAsked}) {
+                SCOPED_TRACE(testing::Message()
+                             << "event " << static_cast<int>(type) << ", " << count
+                             << " fingers, answer " << static_cast<int>(answer));
+                monitor = std::make_unique<ClickMonitor>(tap, [this] { return fingerCount; });
+                if (answer != Answer::nobodyAsked) {
+                    takeClicks();
+                }
+                fingerCount = count;
+                isTaken = answer == Answer::taken;
+                offered.clear();
+                monitor->start();
+                tap->takeNotes();
+
+                const bool isPress = type == leftMouseDown || type == rightMouseDown;
+                const auto click = isPress ? clickOf(count) : std::nullopt;
+                EXPECT_EQ(tap->offer({type, 0}), click && answer == Answer::taken ? drop : pass);
+                EXPECT_EQ(offered, click && answer != Answer::nobodyAsked
+                                       ? std::vector{*click}
+                                       : std::vector<GestureType>{});
+                const bool isNotice =
+                    type == tapDisabledByTimeout || type == tapDisabledByUserInput;
+                EXPECT_EQ(tap->takeNotes(), isNotice ? std::vector<std::string>{"enable"}
+                                                     : std::vector<std::string>{});
+            }
+        }
+    }
+}
+
+TEST_F(ClickMonitorTest, aTapDisabledByATimeoutIsEnabledAgainOnEveryNotice) {
+    monitor->start();
+    tap->takeNotes();
+    EXPECT_EQ(tap->offer({tapDisabledByTimeout, 0}), pass);
+    EXPECT_EQ(tap->offer({tapDisabledByUserInput, 0}), pass);
+    EXPECT_EQ(tap->offer({tapDisabledByTimeout, 0}), pass);
+    EXPECT_THAT(tap->takeNotes(), ElementsAre("enable", "enable", "enable"));
+    EXPECT_EQ(press(), drop);
+}
+
+struct Step {
+    ClickEvent event;
+    int fingerCount;
+    bool isTaken;
+    Verdict expected;
+};
+
+struct Story {
+    std::string fact;
+    std::vector<Step> steps;
+};
+
+TEST_F(ClickMonitorTest, aDroppedPressLosesItsOwnReleaseAndNoOther) {
+    const Story stories[] = {
+        {"a dropped press loses its release, and only one",
+         {{{leftMouseDown, 0}, 2, true, drop},
+          {{leftMouseUp, 0}, 2, true, drop},
+          {{leftMouseUp, 0}, 2, true, pass}}},
+        {"the fingers on the pad at the release do not count",
+         {{{leftMouseDown, 0}, 3, true, drop}, {{leftMouseUp, 0}, 0, false, drop}}},
+        {"fingers that come after the press do not make it a click",
+         {{{leftMouseDown, 0}, 1, true, pass}, {{leftMouseUp, 0}, 2, true, pass}}},
+        {"a press that nobody takes keeps its release",
+         {{{leftMouseDown, 0}, 2, false, pass}, {{leftMouseUp, 0}, 2, true, pass}}},
+        {"a release that was never dropped passes although another button waits for its own",
+         {{{leftMouseDown, 0}, 2, true, drop},
+          {{rightMouseDown, 1}, 1, true, pass},
+          {{rightMouseUp, 1}, 1, true, pass},
+          {{leftMouseUp, 0}, 0, true, drop}}},
+        {"two dropped buttons each lose their release, in any order",
+         {{{leftMouseDown, 0}, 2, true, drop},
+          {{rightMouseDown, 1}, 2, true, drop},
+          {{leftMouseUp, 0}, 0, true, drop},
+          {{rightMouseUp, 1}, 0, true, drop},
+          {{rightMouseUp, 1}, 0, true, pass}}},
+        {"a press is matched to its release by the number, whatever the side",
+         {{{rightMouseDown, 7}, 2, true, drop}, {{leftMouseUp, 7}, 0, true, drop}}},
+        {"buttons whose numbers are negative or beyond 32 bits are buttons, too",
+         {{{leftMouseDown, -1}, 2, true, drop},
+          {{leftMouseDown, std::int64_t{1} << 40}, 2, true, drop},
+          {{leftMouseUp, 0}, 2, true, pass},
+          {{leftMouseUp, std::int64_t{1} << 40}, 0, true, drop},
+          {{leftMouseUp, -1}, 0, true, drop}}},
+        {"the next click is decided anew",
+         {{{leftMouseDown, 0}, 2, true, drop},
+          {{leftMouseUp, 0}, 2, true, drop},
+          {{leftMouseDown, 0}, 1, true, pass},
+          {{leftMouseUp, 0}, 1, true, pass}}},
+        {"a notice between them changes nothing",
+         {{{leftMouseDown, 0}, 2, true, drop},
+          {{tapDisabledByTimeout, 0}, 2, true, pass},
+          {{leftMouseUp, 0}, 2, true, drop}}},
+    };
+    for (const Story& story : stories) {
+        SCOPED_TRACE(story.fact);
+        monitor = std::make_unique<ClickMonitor>(tap, [this] { return fingerCount; });
+        takeClicks();
+        monitor->start();
+        for (const Step& step : story.steps) {
+            fingerCount = step.fingerCount;
+            isTaken = step.isTaken;
+            EXPECT_EQ(tap->offer(step.event), step.expected)
+                << "step " << &step - story.steps.data();
+        }
+    }
+}
+
+TEST_F(ClickMonitorTest, theButtonsThatWaitForTheirReleaseAreKeptOverAStop) {
+    monitor->start();
+    EXPECT_EQ(press(), drop);
+    monitor->stop();
+    monitor->start();
+    EXPECT_EQ(release(), drop);
+    EXPECT_EQ(release(), pass);
+}
+
+TEST_F(ClickMonitorTest, aPressIsOfferedOnce) {
+    monitor->start();
+    press();
+    release();
+    EXPECT_THAT(offered, ElementsAre(twoFingerClick));
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,113 @@
+// A dispatcher between recording ports: gestures go in, and what was typed and logged is there to
+// be compared.
+//
+// Thread:  the test's; its main queue runs when the test says so.
+#pragma once
+
+#include "bindings/binding_store.h"
+#include "core/lang.h"
+#include "dispatch/gesture_dispatcher.h"
+#include "kit/printers.h"
+#include "kit/queued_main_queue.h"
+#include "kit/recording_key_events.h"
+#include "kit/recording_screen_lock.h"
+#include "kit/recording_user_defaults.h"
+#include "kit/recording_workspace.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap::test {
+
+// A log entry without what differs from run to run.
+struct Logged {
+    GestureType gesture{};
+    std::optional<std::string> action;
+    std::optional<std::string> app;
+
+    friend bool operator==(const Logged&, const Logged&) = default;
+    friend void PrintTo(const Logged& logged, std::ostream* stream) {
+        *stream << rawValue(logged.gesture) << " → " << logged.action.value_or("(nothing)") << " @ "
+                << logged.app.value_or("(unknown)");
+    }
+};
+
+inline const std::string editorID = "org.example.Editor";
+inline const std::string editorName = "Editor";
+
+inline GestureBinding binding(GestureType gesture, BindingAction action,
+                              BindingScope scope = GlobalScope{}) {
+    return {.gesture = gesture, .action = std::move(action), .scope = std::move(scope)};
+}
+
+// Types a key without modifiers, so that the key tells which binding ran.
+inline GestureBinding typing(std::uint16_t keyCode, GestureType gesture,
+                             BindingScope scope = GlobalScope{}) {
+    return binding(gesture, KeyShortcut{keyCode, 0}, std::move(scope));
+}
+
+inline GestureBinding disabled(GestureBinding binding) {
+    binding.enabled = false;
+    return binding;
+}
+
+class DispatchStage {
+public:
+    explicit DispatchStage(BindingList bindings = {},
+                           std::shared_ptr<kit::RecordingUserDefaults> settings =
+                               std::make_shared<kit::RecordingUserDefaults>())
+        : store(std::make_shared<BindingStore>(std::move(bindings))),
+          defaults(std::move(settings)) {
+        auto runner = std::make_shared<ActionRunner>(ActionRunner::Ports{
+            .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock});
+        dispatcher = GestureDispatcher::create({.store = store,
+                                                .defaults = defaults,
+                                                .mainQueue = mainQueue,
+                                                .workspace = workspace,
+                                                .actionRunner = std::move(runner),
+                                                .wallClock = [this] { return now; },
+                                                .lang = &lang});
+    }
+    DispatchStage(const DispatchStage&) = delete;
+    DispatchStage& operator=(const DispatchStage&) = delete;
+    ~DispatchStage() = default;
+
+    // The keys of all shortcuts typed, in order.
+    std::vector<std::uint16_t> typed() const {
+        std::vector<std::uint16_t> keys;
+        for (const auto& post : keyEvents->posts) {
+            keys.push_back(post.front().keyCode);
+        }
+        return keys;
+    }
+
+    // Newest first.
+    std::vector<Logged> logged() const {
+        std::vector<Logged> entries;
+        for (const GestureLogEntry& entry : dispatcher->recentEvents()) {
+            entries.push_back({entry.gesture, entry.matchedAction, entry.appName});
+        }
+        return entries;
+    }
+
+    void bringEditorForward() { workspace->setFrontmost({editorID, editorName}); }
+
+    std::shared_ptr<BindingStore> store;
+    std::shared_ptr<kit::RecordingUserDefaults> defaults;
+    std::shared_ptr<kit::QueuedMainQueue> mainQueue = std::make_shared<kit::QueuedMainQueue>();
+    std::shared_ptr<kit::RecordingWorkspace> workspace =
+        std::make_shared<kit::RecordingWorkspace>();
+    std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
+        std::make_shared<kit::RecordingKeyEvents>();
+    std::shared_ptr<kit::RecordingScreenLock> lock = std::make_shared<kit::RecordingScreenLock>();
+    WallTime now{};
+    Lang lang{nullptr};
+    std::shared_ptr<GestureDispatcher> dispatcher;
+};
+
+} // namespace glidemap::test

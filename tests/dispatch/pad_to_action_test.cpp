@@ -1,0 +1,124 @@
+// The whole way from fingers on the pad and its button to the action and the log.
+
+#include "dispatch/click_monitor.h"
+#include "dispatch_stage.h"
+#include "kit/engine_stage.h"
+#include "kit/recording_click_tap.h"
+#include "kit/script.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace glidemap::test {
+namespace {
+
+using enum GestureType;
+using kit::fingers;
+using std::nullopt;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Verdict = ClickTap::Verdict;
+
+class PadToActionTest : public testing::Test {
+protected:
+    PadToActionTest() {
+        pad.engine->onGesture = [this](GestureType gesture) {
+            stage.dispatcher->handle(gesture, true);
+        };
+        pad.engine->sessionRecognizer().doubleTapBindingExists = [this](int count) {
+            return stage.store->doubleTapBindingExists(count);
+        };
+        monitor.onClickGesture = [this](GestureType gesture) {
+            return stage.dispatcher->handleClickGesture(gesture);
+        };
+        monitor.start();
+    }
+
+    void perform(const kit::Script& script) {
+        pad.play(script);
+        pad.finish();
+        stage.mainQueue->runAll();
+    }
+
+    // What becomes of the press, with these fingers on the pad, and of the release without. They
+    // rest too long for a tap and too briefly for a long press.
+    std::vector<Verdict> click(int fingerCount) {
+        const auto frames =
+            fingers(fingerCount).startingAt(pad.time.now() + 1).down().hold(0.5).up().frames();
+        const std::span all(frames);
+        pad.play(all.first(all.size() - 1));
+        std::vector<Verdict> verdicts = {tap->offer({ClickEventType::leftMouseDown, 0})};
+        pad.play(all.last(1));
+        verdicts.push_back(tap->offer({ClickEventType::leftMouseUp, 0}));
+        stage.mainQueue->runAll();
+        return verdicts;
+    }
+
+    kit::EngineStage pad;
+    DispatchStage stage;
+    std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
+    ClickMonitor monitor{tap, [this] {
+                             return pad.engine->touchingCount();
+                         }};
+    std::vector<Verdict> swallowed = {Verdict::drop, Verdict::drop};
+    std::vector<Verdict> untouched = {Verdict::pass, Verdict::pass};
+};
+
+TEST_F(PadToActionTest, aTapTypesWhatItIsBoundTo) {
+    stage.store->setBindings({typing(1, threeFingerTap)});
+    perform(fingers(3).down().hold(0.1).up());
+    EXPECT_THAT(stage.typed(), ElementsAre(1));
+    EXPECT_THAT(stage.logged(), ElementsAre(Logged{threeFingerTap, "Shortcut S", nullopt}));
+}
+
+TEST_F(PadToActionTest, aSingleTapWaitsForASecondOneOnlyWhileThatIsBound) {
+    stage.store->setBindings({typing(1, twoFingerTap), typing(2, twoFingerDoubleTap)});
+    const kit::Script taps = fingers(2).down().hold(0.1).up().wait(0.1).down().hold(0.1).up();
+    perform(taps);
+    EXPECT_THAT(stage.typed(), ElementsAre(2));
+    stage.store->setBindings({typing(1, twoFingerTap)});
+    perform(fingers(2).startingAt(10).down().hold(0.1).up());
+    EXPECT_THAT(stage.typed(), ElementsAre(2, 1));
+}
+
+TEST_F(PadToActionTest, aBoundTwoFingerPressIsSwallowedWithItsReleaseAndAnUnboundOnePasses) {
+    EXPECT_EQ(click(2), untouched);
+    EXPECT_THAT(stage.logged(), IsEmpty());
+    stage.store->setBindings({typing(1, twoFingerClick)});
+    EXPECT_EQ(click(2), swallowed);
+    EXPECT_THAT(stage.typed(), ElementsAre(1));
+    EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", nullopt}));
+}
+
+TEST_F(PadToActionTest, eachCountOfFingersIsAClickOfItsOwnAndOneFingerOrFiveAreNone) {
+    stage.store->setBindings(
+        {typing(2, twoFingerClick), typing(3, threeFingerClick), typing(4, fourFingerClick)});
+    for (const int count : {1, 5}) {
+        EXPECT_EQ(click(count), untouched);
+    }
+    for (const int count : {2, 3, 4}) {
+        EXPECT_EQ(click(count), swallowed);
+    }
+    EXPECT_THAT(stage.typed(), ElementsAre(2, 3, 4));
+}
+
+TEST_F(PadToActionTest, aClickBoundForOneApplicationIsTheSystemsInAnother) {
+    stage.store->setBindings({typing(1, twoFingerClick, AppScope{editorID, editorName})});
+    EXPECT_EQ(click(2), untouched);
+    stage.bringEditorForward();
+    EXPECT_EQ(click(2), swallowed);
+    EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", editorName}));
+}
+
+TEST_F(PadToActionTest, withTheMasterSwitchOffEveryClickPasses) {
+    stage.store->setBindings({typing(1, twoFingerClick)});
+    stage.dispatcher->setMasterEnabled(false);
+    EXPECT_EQ(click(2), untouched);
+    EXPECT_THAT(stage.logged(), IsEmpty());
+}
+
+} // namespace
+} // namespace glidemap::test
