@@ -1,0 +1,89 @@
+#include "platform/linux/keyboard/uinput_key_device.h"
+
+#include "platform/linux/keyboard/key_codes.h"
+
+#include <fcntl.h>
+#include <linux/uinput.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string_view>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* controlNode = "/dev/uinput";
+
+// By its place everyone can tell that it is ours.
+constexpr const char* place = "glidemap/keyboard";
+
+bool declareKeys(int descriptor) {
+    return ioctl(descriptor, UI_SET_EVBIT, EV_KEY) == 0 &&
+           std::ranges::all_of(keyCodePairs(), [&](const KeyCodePair& pair) {
+               return ioctl(descriptor, UI_SET_KEYBIT, static_cast<int>(pair.kernelCode)) == 0;
+           });
+}
+
+// A virtual bus, so that libinput takes it for no built-in keyboard: a shortcut that a gesture has
+// typed must not make the touchpad deaf as real typing does.
+bool declareIdentity(int descriptor) {
+    uinput_setup setup{};
+    setup.id = {BUS_VIRTUAL, 0, 0, 1};
+    std::string_view(UinputKeyDevice::name).copy(std::begin(setup.name), sizeof setup.name - 1);
+    return ioctl(descriptor, UI_SET_PHYS, place) == 0 &&
+           ioctl(descriptor, UI_DEV_SETUP, &setup) == 0;
+}
+
+input_event eventOf(int type, int code, int value) {
+    input_event event{};
+    event.type = static_cast<__u16>(type);
+    event.code = static_cast<__u16>(code);
+    event.value = value;
+    return event;
+}
+
+} // namespace
+
+UinputKeyDevice::~UinputKeyDevice() {
+    if (descriptor >= 0) {
+        close(descriptor); // the kernel unplugs the device with its last descriptor
+    }
+}
+
+bool UinputKeyDevice::plugIn() {
+    if (descriptor >= 0) {
+        return true;
+    }
+    const int opened = open(controlNode, O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (opened < 0) {
+        return false;
+    }
+    if (!declareKeys(opened) || !declareIdentity(opened) || ioctl(opened, UI_DEV_CREATE) != 0) {
+        close(opened);
+        return false;
+    }
+    descriptor = opened;
+    return true;
+}
+
+// In one piece: the kernel holds the device from the first event of a write to the last.
+bool UinputKeyDevice::write(std::span<const KeyChange> changes) {
+    std::vector<input_event> events;
+    events.reserve(2 * changes.size());
+    for (const KeyChange& change : changes) {
+        events.push_back(eventOf(EV_KEY, change.kernelCode, change.down ? 1 : 0));
+        events.push_back(eventOf(EV_SYN, SYN_REPORT, 0));
+    }
+    const std::size_t size = events.size() * sizeof(input_event);
+    ssize_t written = -1;
+    do {
+        written = ::write(descriptor, events.data(), size);
+    } while (written < 0 && errno == EINTR);
+    return written == static_cast<ssize_t>(size);
+}
+
+} // namespace glidemap

@@ -1,0 +1,52 @@
+#include "platform/linux/keyboard/uinput_keyboard.h"
+
+#include "platform/linux/keyboard/uinput_key_device.h"
+
+#include <utility>
+
+namespace glidemap {
+
+UinputKeyboard::UinputKeyboard(std::unique_ptr<HeldModifiers> held)
+    : UinputKeyboard(std::make_unique<UinputKeyDevice>(), std::move(held)) {}
+
+UinputKeyboard::UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice,
+                               std::unique_ptr<HeldModifiers> held)
+    : device(std::move(keyDevice)), heldModifiers(std::move(held)) {
+    plugIn();
+}
+
+UinputKeyboard::~UinputKeyboard() {
+    heldModifiers.reset(); // finishes what it was asked to type
+    if (const std::vector<KeyChange> changes = strokes.releaseAll(); !changes.empty()) {
+        write(changes);
+    }
+}
+
+bool UinputKeyboard::plugIn() {
+    const std::lock_guard guard(deviceLock);
+    return device->plugIn();
+}
+
+void UinputKeyboard::post(std::span<const KeyEvent> events) {
+    if (!plugIn()) {
+        return;
+    }
+    if (std::vector<KeyChange> changes = strokes.changesFor(events); !changes.empty()) {
+        type(std::move(changes));
+    }
+}
+
+void UinputKeyboard::type(std::vector<KeyChange> changes) {
+    if (heldModifiers == nullptr) {
+        write(changes);
+        return;
+    }
+    heldModifiers->type(changes, [this, changes] { write(changes); });
+}
+
+void UinputKeyboard::write(std::span<const KeyChange> changes) {
+    const std::lock_guard guard(deviceLock);
+    device->write(changes);
+}
+
+} // namespace glidemap
