@@ -1,0 +1,109 @@
+#include "pad_hand.h"
+
+#include "ordinary_pad.h"
+
+#include <linux/input.h>
+#include <poll.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <array>
+#include <cmath>
+
+namespace glidemap::vm {
+
+namespace {
+
+constexpr std::array<std::uint16_t, 5> tools = {
+    BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP};
+
+// As often as touchpads report. What jumps is taken for another finger.
+constexpr double betweenReports = 0.008;
+
+void append(EventFrame& frame, const EventFrame& more) {
+    frame.insert(frame.end(), more.begin(), more.end());
+}
+
+} // namespace
+
+PadHand& PadHand::down(int fingerCount) {
+    constexpr std::int32_t between = 600; // 15 mm
+    std::vector<std::pair<std::int32_t, std::int32_t>> places;
+    for (int index = 0; index < fingerCount; ++index) {
+        const std::int32_t aside = between * (2 * index - (fingerCount - 1)) / 2;
+        places.emplace_back(ordinaryWidth / 2 + aside, ordinaryHeight / 2);
+    }
+    return downAt(std::move(places));
+}
+
+PadHand& PadHand::downAt(std::vector<std::pair<std::int32_t, std::int32_t>> places) {
+    fingers = std::move(places);
+    EventFrame frame;
+    for (std::size_t slot = 0; slot < fingers.size(); ++slot) {
+        append(frame, fingerDown(static_cast<std::int32_t>(slot), nextTrackingId++,
+                                 fingers[slot].first, fingers[slot].second));
+    }
+    count(frame, true);
+    pad.write(frame);
+    return *this;
+}
+
+PadHand& PadHand::move(std::int32_t dx, std::int32_t dy, int reports) {
+    const auto begin = fingers;
+    for (int report = 1; report <= reports; ++report) {
+        EventFrame frame;
+        for (std::size_t slot = 0; slot < fingers.size(); ++slot) {
+            fingers[slot] = {begin[slot].first + dx * report / reports,
+                             begin[slot].second + dy * report / reports};
+            append(frame, fingerMove(static_cast<std::int32_t>(slot), fingers[slot].first,
+                                     fingers[slot].second));
+        }
+        append(frame, {{EV_ABS, ABS_X, fingers[0].first}, {EV_ABS, ABS_Y, fingers[0].second}});
+        pad.write(frame);
+        pause(betweenReports);
+    }
+    return *this;
+}
+
+PadHand& PadHand::up() {
+    EventFrame frame;
+    for (std::size_t slot = 0; slot < fingers.size(); ++slot) {
+        append(frame, fingerUp(static_cast<std::int32_t>(slot)));
+    }
+    count(frame, false);
+    pad.write(frame);
+    fingers.clear();
+    return *this;
+}
+
+void PadHand::count(EventFrame& frame, bool touching) const {
+    frame.push_back({EV_KEY, BTN_TOUCH, touching ? 1 : 0});
+    frame.push_back({EV_KEY, tools.at(fingers.size() - 1), touching ? 1 : 0});
+    if (touching) {
+        append(frame, {{EV_ABS, ABS_X, fingers[0].first}, {EV_ABS, ABS_Y, fingers[0].second}});
+    }
+}
+
+PadHand& PadHand::press() {
+    pad.write({{EV_KEY, BTN_LEFT, 1}});
+    return *this;
+}
+
+PadHand& PadHand::release() {
+    pad.write({{EV_KEY, BTN_LEFT, 0}});
+    return *this;
+}
+
+PadHand& PadHand::pause(double seconds) {
+    const int timer = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC);
+    double whole = 0;
+    const double fraction = std::modf(seconds, &whole);
+    const itimerspec once{{0, 0}, {static_cast<time_t>(whole), static_cast<long>(fraction * 1e9)}};
+    timerfd_settime(timer, 0, &once, nullptr);
+    pollfd waited{timer, POLLIN, 0};
+    poll(&waited, 1, -1);
+    close(timer);
+    return *this;
+}
+
+} // namespace glidemap::vm

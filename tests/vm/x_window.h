@@ -1,0 +1,64 @@
+// A window with the keyboard's focus that writes down what reaches it.
+//
+// Units:   X's own: key codes are the kernel's plus 8; buttons 1 left, 3 right, 4 to 7 the wheel.
+// Thread:  one.
+// Owner:   a test.
+// Errors:  what did not come in time is a failure of the test, and the wait answers false.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+struct xcb_connection_t;
+
+namespace glidemap::vm {
+
+struct XInput {
+    enum class Kind { keyDown, keyUp, buttonDown, buttonUp };
+    Kind kind{};
+    std::uint8_t detail = 0;
+    std::uint16_t modifiers = 0; // those held before it
+
+    friend bool operator==(const XInput&, const XInput&) = default;
+};
+
+std::string describe(const XInput& input);
+
+class XWindow {
+public:
+    // Covers most of the screen. `className` is what the desktop knows its application by. Returns
+    // when it has the focus.
+    explicit XWindow(const std::string& className);
+    XWindow(const XWindow&) = delete;
+    XWindow& operator=(const XWindow&) = delete;
+    ~XWindow();
+
+    bool hasFocus() const { return focused; }
+
+    // Everything but the pointer's motion, in order.
+    const std::vector<XInput>& inputs() const { return seen; }
+    void forget() { seen.clear(); }
+
+    bool waitUntil(const std::function<bool()>& condition);
+    bool waitForInputs(std::size_t count);
+
+    // Where the pointer is now.
+    std::pair<int, int> pointer() const;
+
+private:
+    void create(const std::string& className);
+    void askForFocus();
+    void readEvents();
+
+    xcb_connection_t* connection = nullptr;
+    std::uint32_t root = 0;
+    std::uint32_t window = 0;
+    bool focused = false;
+    std::vector<XInput> seen;
+};
+
+} // namespace glidemap::vm
