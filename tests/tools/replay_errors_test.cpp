@@ -14,8 +14,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-const std::string twoFingerTapLine = R"({"t":0.1,"gesture":"twoFingerTap","delivered":true})"
-                                     "\n";
+const std::string twoFingerTapLine = deliveredLine("0.1", "twoFingerTap");
 
 TEST(ReplayErrors, aMalformedLineIsNamedByFileAndLineAndWhatCameBeforeIsPrintedOnce) {
     const Folder folder;
@@ -30,8 +29,7 @@ TEST(ReplayErrors, aMalformedLineIsNamedByFileAndLineAndWhatCameBeforeIsPrintedO
 TEST(ReplayErrors, aTapHeldBackWhenALineIsMalformedStillComesOnce) {
     const Ended ended = replay({"--json", "--double-tap=2", "-"}, tapOf(2, 0, 0.2) + "nonsense\n");
     EXPECT_EQ(ended.status, 2);
-    EXPECT_EQ(ended.output, R"({"t":0.65,"gesture":"twoFingerTap","delivered":true})"
-                            "\n");
+    EXPECT_EQ(ended.output, deliveredLine("0.65", "twoFingerTap"));
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:3: "));
 }
 
@@ -104,6 +102,11 @@ TEST(ReplayErrors, aCommandLineThatMakesNoSenseIsExplainedAndNothingIsPlayed) {
         {{"--demonstrate", "--seed", "-1"}, "--seed takes a whole number, not \"-1\""},
         {{"--demonstrate", "-"}, "--demonstrate plays no files"},
         {{"--demonstrate", "--double-tap=2"}, "--demonstrate binds double taps by itself"},
+        {{"--demonstrate", "--bindings=x"}, "--demonstrate runs no bindings"},
+        {{"--bindings"}, "--bindings needs a value"},
+        {{"--lang", "fr", "-"}, "--lang takes en or zh, not \"fr\""},
+        {{"--lang=", "-"}, "--lang takes en or zh, not \"\""},
+        {{"--lang"}, "--lang needs a value"},
     };
     for (const CommandLine& row : rows) {
         EXPECT_EQ(replay(row.arguments, tapOf(2, 0, 0.1)),

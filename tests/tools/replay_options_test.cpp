@@ -26,8 +26,8 @@ TEST(ReplayOptions, helpNamesEveryOptionAndEveryStatus) {
     EXPECT_EQ(ended.status, 0);
     EXPECT_THAT(ended.errors, IsEmpty());
     for (const char* word :
-         {"--double-tap COUNT", "--json", "--real-time", "--stats", "--demonstrate", "--seed N",
-          "--help", "Exit status: 0", "1 when", "2 for"}) {
+         {"--double-tap COUNT", "--bindings FILE", "--lang en|zh", "--json", "--real-time",
+          "--stats", "--demonstrate", "--seed N", "--help", "Exit status: 0", "1 when", "2 for"}) {
         EXPECT_THAT(ended.output, HasSubstr(word));
     }
 }

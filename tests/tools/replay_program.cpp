@@ -123,6 +123,12 @@ std::string tapOf(int count, double down, double up) {
     return lines.str();
 }
 
+std::string deliveredLine(const std::string& time, const std::string& gesture) {
+    return R"({"t":)" + time + R"(,"gesture":")" + gesture +
+           R"(","delivered":true,"binding":null,"action":null,"app":null})"
+           "\n";
+}
+
 std::string nothingAt(double time) {
     std::ostringstream line;
     line << R"({"t":)" << time << R"(,"touches":[]})" << '\n';

@@ -54,6 +54,9 @@ private:
 // Lines of a recording: `count` fingers side by side that land at `down` and have left at `up`.
 std::string tapOf(int count, double down, double up);
 
+// The line of a gesture that nothing is bound to, while no application is known to be frontmost.
+std::string deliveredLine(const std::string& time, const std::string& gesture);
+
 // One report without fingers.
 std::string nothingAt(double time);
 

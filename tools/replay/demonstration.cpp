@@ -1,9 +1,11 @@
 #include "demonstration.h"
 
 #include "choreography/performance.h"
+#include "run.h"
 
 #include <set>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace glidemap::replay {
@@ -49,9 +51,11 @@ Status demonstrate(const Options& options, ReplayDriver& driver, Printer& printe
                    Statistics& statistics) {
     const auto speed = options.realTime ? Pace::Speed::realTime : Pace::Speed::asFastAsPossible;
     std::vector<Recognised> outcome;
-    Run run(driver, speed, [&](const Recognised& recognised) {
-        outcome.push_back(recognised);
-        statistics.count(recognised);
+    Run run(driver, speed, {}, [&](const Happening& happening) {
+        if (const auto* recognised = std::get_if<Recognised>(&happening)) {
+            outcome.push_back(*recognised);
+            statistics.count(*recognised);
+        }
     });
     const std::vector<GestureType> gestures = performableGestures();
     std::size_t asIntended = 0;

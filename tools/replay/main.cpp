@@ -1,5 +1,8 @@
-// glidemap-replay: recognises the gestures in touch recordings, or in performances of its own.
+// glidemap-replay: recognises the gestures in touch recordings, or in performances of its own, and
+// tells what they would do.
 
+#include "bindings_file.h"
+#include "core/lang.h"
 #include "demonstration.h"
 #include "options.h"
 #include "printer.h"
@@ -24,11 +27,16 @@ int complain(const std::string& message, Status status) {
     return exitCode(status);
 }
 
-Status playAll(const Options& options, ReplayDriver& driver) {
+std::variant<BindingList, UnusableBindings> bindingsOf(const Options& options) {
+    return options.bindingsFile ? readBindings(*options.bindingsFile) : BindingList();
+}
+
+Status playAll(const Options& options, const BindingList& bindings, ReplayDriver& driver) {
     Printer printer(options.json ? Printer::Form::json : Printer::Form::text);
     Statistics statistics;
-    const Status status = options.demonstrate ? demonstrate(options, driver, printer, statistics)
-                                              : replayFiles(options, driver, printer, statistics);
+    const Status status = options.demonstrate
+                              ? demonstrate(options, driver, printer, statistics)
+                              : replayFiles(options, bindings, driver, printer, statistics);
     if (options.stats) {
         std::fputs(statistics.text().c_str(), stderr);
     }
@@ -36,11 +44,16 @@ Status playAll(const Options& options, ReplayDriver& driver) {
 }
 
 int run(const Options& options) {
+    Lang::shared().setCode(options.language);
+    auto bindings = bindingsOf(options);
+    if (const auto* unusable = std::get_if<UnusableBindings>(&bindings)) {
+        return complain(*options.bindingsFile + ": " + unusable->reason, Status::badInput);
+    }
     ReplayDriver driver;
     if (const auto error = driver.error()) {
         return complain("the replay driver cannot be used: " + *error, Status::failure);
     }
-    const Status status = playAll(options, driver);
+    const Status status = playAll(options, std::get<BindingList>(bindings), driver);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         return complain("standard output cannot be written", Status::failure);
     }

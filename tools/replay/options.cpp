@@ -13,19 +13,31 @@ namespace glidemap::replay {
 
 const char* const helpText =
     R"(Recognises the gestures in touch recordings, through the same driver interface, device manager,
-engine and recognizer as live touches, and prints each in order.
+engine, recognizer and dispatcher as live touches, and prints each in order, with what it would do.
+Nothing is done.
 
   glidemap-replay [OPTION]... FILE...
-  glidemap-replay --demonstrate [--seed N] [--json] [--real-time] [--stats]
+  glidemap-replay --demonstrate [--seed N] [--lang en|zh] [--json] [--real-time] [--stats]
 
 FILE is a recording by glidemap-record (JSON Lines), evemu or `libinput record`; - is standard
 input. Several files are independent runs, each preceded by its name.
 
   --double-tap COUNT  act as if a double tap of COUNT fingers (2, 3 or 4) were bound: single taps of
                       that count are held back until no second one can follow; may be repeated
+  --bindings FILE     what gestures and clicks are bound to, in the form of bindings.json; without it,
+                      nothing. FILE is only read
+  --lang en|zh        the language of names and actions (en)
   --json              one JSON object a line:
-                        {"t":12.345,"gesture":"twoFingerTap","delivered":true}
-                      delivered is false for a gesture that came within 0.25 s of the one before;
+                        {"t":12.345,"gesture":"twoFingerTap","delivered":true,"binding":"5A…",
+                         "action":"Shortcut ⌥⌘→","app":"Editor"}
+                      delivered is false, and nothing follows it, for a gesture that came within
+                      0.25 s of the one before; binding and action are null where no binding matched,
+                      app where no frontmost application is known. What would be done follows:
+                        {"t":12.345,"keyEvent":{"keyCode":124,"down":true,"flags":1572864}}
+                        {"t":12.345,"perform":"launchApp","bundleID":"ID","name":"NAME"}
+                        {"t":12.345,"perform":"lockScreen"}      (or "missionControl")
+                      and each button of the recording has
+                        {"t":12.345,"button":0,"down":true,"swallowed":false}
                       several files are each preceded by {"file":"NAME"}
   --real-time         as fast as it was recorded, not as fast as possible
   --stats             in the end, print figures of the run to standard error
@@ -36,14 +48,16 @@ input. Several files are independent runs, each preceded by its name.
 
 Exit status: 0 when every recording was read to its end and, with --demonstrate, every performance was
 recognised as what it was meant to be and as nothing else; 1 when it was not, or the touch driver
-cannot be used, or output cannot be written; 2 for a recording that is missing or malformed and for a
-wrong command line.
+cannot be used, or output cannot be written; 2 for a recording or a bindings file that is missing or
+malformed and for a wrong command line.
 )";
 
 namespace {
 
 constexpr std::array longOptions = {
     option{"double-tap", required_argument, nullptr, 'd'},
+    option{"bindings", required_argument, nullptr, 'b'},
+    option{"lang", required_argument, nullptr, 'l'},
     option{"json", no_argument, nullptr, 'j'},
     option{"real-time", no_argument, nullptr, 'r'},
     option{"stats", no_argument, nullptr, 's'},
@@ -79,12 +93,23 @@ std::optional<UsageError> setSeed(Options& options, std::string_view text) {
     return std::nullopt;
 }
 
+std::optional<UsageError> setLanguage(Options& options, const std::string& code) {
+    if (code != "en" && code != "zh") {
+        return UsageError{"--lang takes en or zh, not \"" + code + "\""};
+    }
+    options.language = code;
+    return std::nullopt;
+}
+
 std::optional<UsageError> check(const Options& options, bool hasSeed) {
     if (options.demonstrate && !options.files.empty()) {
         return UsageError{"--demonstrate plays no files"};
     }
     if (options.demonstrate && !options.boundDoubleTaps.empty()) {
         return UsageError{"--demonstrate binds double taps by itself"};
+    }
+    if (options.demonstrate && options.bindingsFile) {
+        return UsageError{"--demonstrate runs no bindings"};
     }
     if (hasSeed && !options.demonstrate) {
         return UsageError{"--seed goes with --demonstrate"};
@@ -124,6 +149,12 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
         switch (result) {
         case 'd':
             error = addDoubleTap(options, optarg);
+            break;
+        case 'b':
+            options.bindingsFile = optarg;
+            break;
+        case 'l':
+            error = setLanguage(options, optarg);
             break;
         case 'j':
             options.json = true;

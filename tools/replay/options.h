@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <variant>
@@ -14,6 +15,8 @@ namespace glidemap::replay {
 struct Options {
     std::set<int> boundDoubleTaps; // finger counts
     std::vector<std::string> files;
+    std::optional<std::string> bindingsFile;
+    std::string language = "en";
     std::uint64_t seed = 1;
     bool json = false;
     bool realTime = false;
@@ -36,7 +39,8 @@ enum class Status : int {
     success = 0,
     failure = 1, // a performance was not recognised as intended, or the pipeline does not work
     badInput =
-        2, // a recording that cannot be read to its end, or a command line that makes no sense
+        2, // a recording or bindings that cannot be read to their end, or a command line that
+           // makes no sense
 };
 
 } // namespace glidemap::replay

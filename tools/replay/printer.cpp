@@ -1,8 +1,7 @@
 #include "printer.h"
 
-#include <nlohmann/json.hpp>
+#include "happening_lines.h"
 
-#include <array>
 #include <cstdio>
 #include <string_view>
 
@@ -10,33 +9,10 @@ namespace glidemap::replay {
 
 namespace {
 
-// Microseconds are what a recording can tell; more digits would show how doubles are added.
-std::string seconds(double time) {
-    std::array<char, 400> digits{}; // room for the largest double
-    std::snprintf(digits.data(), digits.size(), "%.6f", time);
-    std::string text = digits.data();
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.')) {
-        text.pop_back();
-    }
-    return text == "-0" ? "0" : text;
-}
-
-std::string quoted(const std::string& text) {
-    // A file's name may be any bytes.
-    return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
-std::string jsonOf(const Recognised& recognised) {
-    return R"({"t":)" + seconds(recognised.time) + R"(,"gesture":")" +
-           std::string(rawValue(recognised.gesture)) + R"(","delivered":)" +
-           (recognised.delivered ? "true" : "false") + "}";
-}
-
 std::string jsonOf(const std::vector<Recognised>& outcome) {
     std::string list;
     for (const Recognised& recognised : outcome) {
-        list += (list.empty() ? "" : ",") + jsonOf(recognised);
+        list += (list.empty() ? "" : ",") + recognitionJsonOf(recognised);
     }
     return "[" + list + "]";
 }
@@ -65,15 +41,11 @@ void Printer::printFile(const std::string& name) {
     line(isJson() ? R"({"file":)" + quoted(name) + "}" : name);
 }
 
-void Printer::print(const Recognised& recognised) {
-    if (isJson()) {
-        line(jsonOf(recognised));
-        return;
+void Printer::print(const Happening& happening) {
+    const std::string text = isJson() ? jsonOf(happening) : textOf(happening);
+    if (!text.empty()) {
+        line(text);
     }
-    std::printf("%12.3f  %-26s  %s%s\n", recognised.time,
-                std::string(rawValue(recognised.gesture)).c_str(),
-                displayName(recognised.gesture).c_str(),
-                recognised.delivered ? "" : "  (dropped: cooldown)");
 }
 
 void Printer::printIntention(GestureType intended) {

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "core/gesture_type.h"
-#include "run.h"
+#include "happening.h"
 
 #include <string>
 #include <vector>
@@ -20,7 +20,7 @@ public:
     explicit Printer(Form chosen);
 
     void printFile(const std::string& name);
-    void print(const Recognised& recognised);
+    void print(const Happening& happening);
 
     // A performance: what it was meant to be as it begins, what came of it when it is over.
     void printIntention(GestureType intended);

@@ -1,6 +1,7 @@
 #include "replay_files.h"
 
 #include "recording/recording_reader.h"
+#include "run.h"
 
 #include <cstdio>
 #include <iostream>
@@ -40,8 +41,8 @@ Status replay(RecordingReader& reader, Run& run, Statistics& statistics) {
 
 } // namespace
 
-Status replayFiles(const Options& options, ReplayDriver& driver, Printer& printer,
-                   Statistics& statistics) {
+Status replayFiles(const Options& options, const BindingList& bindings, ReplayDriver& driver,
+                   Printer& printer, Statistics& statistics) {
     const auto speed = options.realTime ? Pace::Speed::realTime : Pace::Speed::asFastAsPossible;
     Status status = Status::success;
     for (const std::string& name : options.files) {
@@ -49,9 +50,11 @@ Status replayFiles(const Options& options, ReplayDriver& driver, Printer& printe
             printer.printFile(name);
         }
         statistics.beginRun();
-        Run run(driver, speed, [&](const Recognised& recognised) {
-            printer.print(recognised);
-            statistics.count(recognised);
+        Run run(driver, speed, bindings, [&](const Happening& happening) {
+            printer.print(happening);
+            if (const auto* recognised = std::get_if<Recognised>(&happening)) {
+                statistics.count(*recognised);
+            }
         });
         run.bindDoubleTaps(options.boundDoubleTaps);
         if (replay(*open(name), run, statistics) != Status::success) {

@@ -6,12 +6,14 @@
 
 namespace glidemap::replay {
 
-Run::Run(ReplayDriver& replayDriver, Pace::Speed speed, Listener newListener)
+Run::Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Listener newListener)
     : driver(replayDriver), pace(speed), listener(std::move(newListener)),
       engine(TouchEngine::create({.clock = time.clock(),
                                   .queue = time.queue(),
                                   .delayedWork = time.delayedWork(),
-                                  .deviceManager = &driver.deviceManager()})) {
+                                  .deviceManager = &driver.deviceManager()})),
+      desk(
+          std::move(bindings), time, [this] { return engine->touchingCount(); }, listener) {
     listen();
     engine->start();
 }
@@ -23,17 +25,17 @@ Run::~Run() {
 // The recognizer reports to the engine's cooldown, which tells nobody what it drops. So we stand
 // before it and see whether the gesture comes out behind.
 void Run::listen() {
-    engine->onGesture = [this](GestureType) {
-        wasDelivered = true;
+    engine->onGesture = [this](GestureType gesture) {
+        routing = desk.handle(gesture);
     };
     SessionRecognizer& recognizer = engine->sessionRecognizer();
     recognizer.onGesture = [this, deliver = recognizer.onGesture](GestureType gesture) {
-        wasDelivered = false;
+        routing.reset();
         deliver(gesture);
-        listener({time.now(), gesture, wasDelivered});
+        listener(Recognised{time.now(), gesture, routing.has_value(), routing.value_or(Routing{})});
     };
     recognizer.doubleTapBindingExists = [this](int fingerCount) {
-        return boundDoubleTaps.contains(fingerCount);
+        return boundDoubleTaps.contains(fingerCount) || desk.doubleTapBindingExists(fingerCount);
     };
 }
 
@@ -53,9 +55,15 @@ void Run::act(const Report& report) {
     time.runSubmitted();
 }
 
-// Clicks and applications decide what a gesture does, not which one it is. Here they let time pass.
-void Run::act(const ButtonRecord& /*button*/) {}
-void Run::act(const FrontmostRecord& /*frontmost*/) {}
+void Run::act(const ButtonRecord& button) {
+    desk.change(button);
+    time.runSubmitted();
+}
+
+void Run::act(const FrontmostRecord& frontmost) {
+    desk.bringForward(frontmost);
+}
+
 void Run::act(const TimeRecord& /*moment*/) {}
 
 void Run::advanceTo(double moment) {

@@ -2,7 +2,10 @@
 //
 //   record ─▶ time moves on to it, delayed items due by then run
 //          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run at once) ─▶ recognizer
-//          ─▶ cooldown ─▶ listener, which also hears what the cooldown dropped
+//          ─▶ cooldown ─▶ desk ─▶ its main queue (run after it) ─▶ actions
+//
+// The listener hears of each gesture, also of one that the cooldown dropped, and then of what the
+// gesture does; and of each button, whether the desk took its click.
 //
 // Units:   seconds of the records.
 // Thread:  one.
@@ -10,35 +13,29 @@
 // Errors:  as those of the driver.
 #pragma once
 
-#include "core/gesture_type.h"
+#include "desk.h"
+#include "happening.h"
 #include "pace.h"
 #include "platform/virtual/virtual_time.h"
 #include "recognition/touch_engine.h"
 #include "recording/record.h"
 #include "replay_driver.h"
 
-#include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
 namespace glidemap::replay {
 
-struct Recognised {
-    double time = 0;
-    GestureType gesture{};
-    bool delivered = false; // past the cooldown
-};
-
 class Run {
 public:
-    using Listener = std::function<void(const Recognised&)>;
-
-    Run(ReplayDriver& replayDriver, Pace::Speed speed, Listener newListener);
+    Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Listener newListener);
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run();
 
+    // Beside those that the bindings have.
     void bindDoubleTaps(std::set<int> fingerCounts) { boundDoubleTaps = std::move(fingerCounts); }
 
     void play(const Record& record);
@@ -63,8 +60,9 @@ private:
     Listener listener;
     VirtualTime time;
     std::shared_ptr<TouchEngine> engine;
+    Desk desk;
     std::set<int> boundDoubleTaps;
-    bool wasDelivered = false;
+    std::optional<Routing> routing; // of the gesture that is being delivered
 };
 
 } // namespace glidemap::replay

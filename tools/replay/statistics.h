@@ -3,8 +3,8 @@
 // Units:   seconds.
 #pragma once
 
+#include "happening.h"
 #include "input/mt_touch.h"
-#include "run.h"
 
 #include <chrono>
 #include <cstdint>

@@ -1,0 +1,62 @@
+#include "bindings_file.h"
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+#include <utility>
+
+namespace glidemap::replay {
+
+namespace {
+
+// A million bindings. What is larger is something else, and could take all memory.
+constexpr std::size_t largestFile = 256UL * 1024 * 1024;
+
+struct Close {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+UnusableBindings systemsReason() {
+    return {std::generic_category().message(errno)};
+}
+
+// Unlike the program's own reader, which answers no reason and takes no pipe.
+std::variant<std::string, UnusableBindings> contentOf(const std::string& fileName) {
+    const std::unique_ptr<std::FILE, Close> file(std::fopen(fileName.c_str(), "rbe"));
+    if (!file) {
+        return systemsReason();
+    }
+    std::string content;
+    std::array<char, 65536> part{};
+    std::size_t count = 0;
+    while ((count = std::fread(part.data(), 1, part.size(), file.get())) > 0) {
+        content.append(part.data(), count);
+        if (content.size() > largestFile) {
+            return UnusableBindings{"the file is too large"};
+        }
+    }
+    if (std::ferror(file.get()) != 0) {
+        return systemsReason();
+    }
+    return content;
+}
+
+} // namespace
+
+std::variant<std::vector<GestureBinding>, UnusableBindings>
+readBindings(const std::string& fileName) {
+    auto content = contentOf(fileName);
+    if (auto* const unusable = std::get_if<UnusableBindings>(&content)) {
+        return std::move(*unusable);
+    }
+    auto decoded = decodeBindings(std::get<std::string>(content));
+    if (auto* const failure = std::get_if<DecodingFailure>(&decoded)) {
+        return UnusableBindings{std::move(failure->reason)};
+    }
+    return std::get<std::vector<GestureBinding>>(std::move(decoded));
+}
+
+} // namespace glidemap::replay

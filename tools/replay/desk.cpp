@@ -1,0 +1,117 @@
+#include "desk.h"
+
+#include <utility>
+#include <variant>
+
+namespace glidemap::replay {
+
+namespace {
+
+// The system's numbers of the buttons that a tap sees. The middle one is none of them.
+constexpr std::int32_t leftButton = 0;
+constexpr std::int32_t rightButton = 1;
+
+std::optional<ClickEvent> clickEvent(const ButtonRecord& record) {
+    switch (record.button) {
+    case leftButton:
+        return ClickEvent{record.down ? ClickEventType::leftMouseDown : ClickEventType::leftMouseUp,
+                          record.button};
+    case rightButton:
+        return ClickEvent{record.down ? ClickEventType::rightMouseDown
+                                      : ClickEventType::rightMouseUp,
+                          record.button};
+    default:
+        return std::nullopt;
+    }
+}
+
+// A recording has an empty name where it has none.
+std::optional<std::string> unlessEmpty(const std::string& text) {
+    return text.empty() ? std::nullopt : std::optional(text);
+}
+
+} // namespace
+
+Desk::Desk(BindingList bindings, const VirtualTime& runTime, std::function<int()> touchingCount,
+           Listener newListener)
+    : time(runTime), listener(std::move(newListener)),
+      store(std::make_shared<BindingStore>(std::move(bindings))),
+      workspace(std::make_shared<PretendedWorkspace>(PretendedWorkspace::Told{
+          .launched = [this](const std::string& bundleID) { tellLaunch(bundleID); },
+          .missionControl =
+              [this] {
+                  listener(Performed{time.now(), MissionControl{}});
+              }})),
+      dispatcher(GestureDispatcher::create(
+          {.store = store,
+           .defaults = std::make_shared<PretendedUserDefaults>(),
+           .mainQueue = time.mainQueue(),
+           .workspace = workspace,
+           .actionRunner = std::make_shared<ActionRunner>(pretendedPorts())})),
+      monitor(tap, std::move(touchingCount)) {
+    monitor.onClickGesture = [this](GestureType gesture) {
+        return take(gesture);
+    };
+    monitor.start();
+}
+
+ActionRunner::Ports Desk::pretendedPorts() {
+    return {.workspace = workspace,
+            .keyEvents = std::make_shared<PretendedKeyEvents>([this](const KeyEvent& event) {
+                listener(KeyPosted{time.now(), event});
+            }),
+            .screenLock = std::make_shared<PretendedScreenLock>([this] {
+                listener(Performed{time.now(), LockScreen{}});
+            })};
+}
+
+Routing Desk::handle(GestureType gesture) {
+    Routing routing = route(gesture);
+    dispatcher->handle(gesture, true);
+    return routing;
+}
+
+void Desk::change(const ButtonRecord& button) {
+    taken.reset();
+    const auto event = clickEvent(button);
+    const bool isSwallowed = event && tap->isDropped(*event);
+    listener(ButtonChanged{button.time, button.button, button.down, isSwallowed, taken});
+}
+
+void Desk::bringForward(const FrontmostRecord& frontmost) {
+    const auto& application = frontmost.application;
+    workspace->setFrontmost(application
+                                ? Application{application->bundleID, unlessEmpty(application->name)}
+                                : Application{});
+}
+
+// Answers what the dispatcher is about to find: nothing changes in between.
+Routing Desk::route(GestureType gesture) {
+    Application frontmost = dispatcher->frontmost();
+    routed = dispatcher->resolveBinding(gesture, frontmost.bundleID);
+    Routing routing;
+    if (routed) {
+        routing.bindingID = routed->id.text();
+        routing.action = displayString(routed->action);
+    }
+    routing.app = std::move(frontmost.name);
+    return routing;
+}
+
+bool Desk::take(GestureType click) {
+    Routing routing = route(click);
+    const bool isTaken = dispatcher->handleClickGesture(click);
+    if (isTaken) {
+        taken = {click, std::move(routing)};
+    }
+    return isTaken;
+}
+
+// The workspace is not told the name that the binding shows.
+void Desk::tellLaunch(const std::string& bundleID) {
+    const auto* const launch = std::get_if<LaunchApp>(&routed->action);
+    listener(Performed{time.now(),
+                       LaunchApp{bundleID, launch != nullptr ? launch->name : std::string()}});
+}
+
+} // namespace glidemap::replay

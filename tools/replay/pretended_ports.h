@@ -1,0 +1,111 @@
+// The system that a run's actions meet: everything is there, nothing is really done, and each
+// thing that would be is told.
+//
+// Thread:  one.
+// Owner:   the desk of a run.
+// Errors:  none.
+#pragma once
+
+#include "core/user_defaults.h"
+#include "dispatch/click_tap.h"
+#include "dispatch/key_event_poster.h"
+#include "dispatch/screen_lock.h"
+#include "dispatch/workspace.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace glidemap::replay {
+
+class PretendedKeyEvents : public KeyEventPoster {
+public:
+    using Told = std::function<void(const KeyEvent&)>;
+
+    explicit PretendedKeyEvents(Told listener) : told(std::move(listener)) {}
+
+    void post(std::span<const KeyEvent> events) override {
+        for (const KeyEvent& event : events) {
+            told(event);
+        }
+    }
+
+private:
+    Told told;
+};
+
+class PretendedScreenLock : public ScreenLock {
+public:
+    explicit PretendedScreenLock(std::function<void()> listener) : told(std::move(listener)) {}
+
+    bool find() override { return true; }
+    void lock(std::function<void()> /*otherwise*/) override { told(); }
+
+private:
+    std::function<void()> told;
+};
+
+// Knows the frontmost application from the recording, and has every application there is.
+class PretendedWorkspace : public Workspace {
+public:
+    struct Told {
+        std::function<void(const std::string& bundleID)> launched;
+        std::function<void()> missionControl;
+    };
+
+    explicit PretendedWorkspace(Told listeners) : told(std::move(listeners)) {}
+
+    void setFrontmost(Application application) { frontmost = std::move(application); }
+
+    Application frontmostApplication() const override { return frontmost; }
+    std::vector<Application> runningApplications() const override { return {}; }
+
+    // The identifier itself is all that opening it needs.
+    std::optional<std::string> urlForApplication(const std::string& bundleID) const override {
+        return bundleID;
+    }
+
+    void openApplication(const std::string& url) override { told.launched(url); }
+    void openMissionControl() override { told.missionControl(); }
+    void openURL(const std::string& /*url*/) override {}
+
+private:
+    Told told;
+    Application frontmost;
+};
+
+// Its events are those of the recording.
+class PretendedClickTap : public ClickTap {
+public:
+    bool create(Callback newCallback) override {
+        callback = std::move(newCallback);
+        return true;
+    }
+
+    void setEnabled(bool enabled) override { isEnabled = enabled; }
+    void remove() override { callback = {}; }
+    void setNeeded(bool /*needed*/) override {}
+
+    bool isDropped(const ClickEvent& event) const {
+        return isEnabled && callback && callback(event) == Verdict::drop;
+    }
+
+private:
+    Callback callback;
+    bool isEnabled = false;
+};
+
+// A user who has never set anything, and whose settings go with the run.
+class PretendedUserDefaults : public UserDefaults {
+public:
+    std::optional<std::string> string(std::string_view /*key*/) const override { return {}; }
+    void setString(std::string_view /*key*/, std::string_view /*value*/) override {}
+    std::optional<bool> boolean(std::string_view /*key*/) const override { return {}; }
+    void setBoolean(std::string_view /*key*/, bool /*value*/) override {}
+};
+
+} // namespace glidemap::replay
