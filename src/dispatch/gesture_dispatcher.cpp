@@ -85,8 +85,8 @@ GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureB
     return entry;
 }
 
-// The action and the log entry are tasks of their own: what is slow to run is not slow to be
-// queued, and an entry is logged whatever becomes of the action.
+// The action and the log entry are tasks of their own, so that what else waits for the main thread
+// may come between them.
 void GestureDispatcher::runLater(Binding binding) {
     ports.mainQueue->submit([weakly = weak_from_this(), held = std::move(binding)] {
         if (const auto dispatcher = weakly.lock()) {
@@ -97,7 +97,7 @@ void GestureDispatcher::runLater(Binding binding) {
 
 void GestureDispatcher::logLater(GestureLogEntry entry) {
     ports.mainQueue->submit(
-        [weakly = weak_from_this(), held = std::make_unique<GestureLogEntry>(std::move(entry))] {
+        [weakly = weak_from_this(), held = std::make_shared<GestureLogEntry>(std::move(entry))] {
             if (const auto dispatcher = weakly.lock()) {
                 dispatcher->log(std::move(*held));
             }
