@@ -10,7 +10,7 @@
 // - Nesting may be as deep as it likes; decoding does not recurse.
 //
 // Memory:  encoding needs a few times its result. Decoding needs its result, and of what it ignores
-//          one token at a time.
+//          one token at a time, a few times.
 // Thread:  any.
 // Errors:  decoding answers the first reason in words; nothing throws. Texts of a binding that are
 //          not UTF-8 are written with U+FFFD for what is wrong in them.

@@ -19,8 +19,8 @@ constexpr std::array doubleTaps = {GestureType::twoFingerDoubleTap,
                                    GestureType::threeFingerDoubleTap,
                                    GestureType::fourFingerDoubleTap};
 
-// A million bindings. What is larger is none of ours, and reading it could take all memory.
-constexpr std::size_t largestFile = 256UL * 1024 * 1024;
+// Half a million bindings. What is larger is none of ours, and reading it could take all memory.
+constexpr std::size_t largestFile = 128UL * 1024 * 1024;
 
 std::optional<BindingList> listIn(const std::filesystem::path& file) {
     const auto text = readFile(file, largestFile);

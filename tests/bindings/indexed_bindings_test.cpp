@@ -1,0 +1,191 @@
+#include "binding_printers.h"
+#include "bindings/indexed_bindings.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+using Frontmost = std::optional<std::string_view>;
+
+constexpr GestureType tap = GestureType::twoFingerTap;
+constexpr GestureType swipe = GestureType::threeFingerSwipeUp;
+
+// Told apart by the key code.
+GestureBinding global(GestureType gesture, std::uint16_t keyCode) {
+    return {.gesture = gesture, .action = KeyShortcut{keyCode, 0}, .scope = GlobalScope{}};
+}
+
+GestureBinding forApp(const char* bundleID, GestureType gesture, std::uint16_t keyCode) {
+    return {.gesture = gesture,
+            .action = KeyShortcut{keyCode, 0},
+            .scope = AppScope{bundleID, "Name of " + std::string(bundleID)}};
+}
+
+GestureBinding disabled(GestureBinding binding) {
+    binding.enabled = false;
+    return binding;
+}
+
+constexpr int none = -1;
+
+int keyCodeOf(const GestureBinding* binding) {
+    return binding != nullptr ? std::get<KeyShortcut>(binding->action).keyCode : none;
+}
+
+struct Row {
+    const char* name;
+    BindingList list;
+    GestureType gesture;
+    Frontmost frontmost;
+    int matched;
+};
+
+const Row rows[] = {
+    {"an empty list", {}, tap, "a", none},
+    {"the only one", {global(tap, 1)}, tap, std::nullopt, 1},
+    {"another gesture", {global(swipe, 1)}, tap, std::nullopt, none},
+    {"the earlier of two global ones", {global(tap, 1), global(tap, 2)}, tap, "a", 1},
+    {"the earlier of two for the application",
+     {forApp("a", tap, 1), forApp("a", tap, 2)},
+     tap,
+     "a",
+     1},
+    {"the application's, earlier than the global one",
+     {forApp("a", tap, 1), global(tap, 2)},
+     tap,
+     "a",
+     1},
+    {"the application's, later than the global one",
+     {global(tap, 1), forApp("a", tap, 2)},
+     tap,
+     "a",
+     2},
+    {"the global one in another application", {global(tap, 1), forApp("a", tap, 2)}, tap, "b", 1},
+    {"the global one where no application is known",
+     {forApp("a", tap, 1), global(tap, 2)},
+     tap,
+     std::nullopt,
+     2},
+    {"an application's never where none is known", {forApp("a", tap, 1)}, tap, std::nullopt, none},
+    {"not even one without identifier", {forApp("", tap, 1)}, tap, std::nullopt, none},
+    {"an empty identifier is one like any other", {forApp("", tap, 1)}, tap, "", 1},
+    {"an application's never in another", {forApp("a", tap, 1)}, tap, "b", none},
+    {"identifiers differ by case",
+     {forApp("org.example.App", tap, 1)},
+     tap,
+     "org.example.app",
+     none},
+    {"a part of the identifier is another",
+     {forApp("org.example.App", tap, 1)},
+     tap,
+     "org.example",
+     none},
+    {"a longer identifier is another",
+     {forApp("org.example", tap, 1)},
+     tap,
+     "org.example.App",
+     none},
+    {"the name is not asked", {forApp("a", tap, 1)}, tap, "Name of a", none},
+    {"a disabled one never", {disabled(global(tap, 1))}, tap, std::nullopt, none},
+    {"the enabled one behind a disabled one",
+     {disabled(global(tap, 1)), global(tap, 2)},
+     tap,
+     std::nullopt,
+     2},
+    {"a disabled one for the application does not hide the global one",
+     {disabled(forApp("a", tap, 1)), global(tap, 2)},
+     tap,
+     "a",
+     2},
+    {"nor an enabled one for the application",
+     {disabled(forApp("a", tap, 1)), forApp("a", tap, 2), global(tap, 3)},
+     tap,
+     "a",
+     2},
+    {"the application's other gesture does not hide the global one",
+     {forApp("a", swipe, 1), global(tap, 2)},
+     tap,
+     "a",
+     2},
+};
+
+TEST(IndexedBindingsTest, TheFirstEnabledOneForTheApplicationWinsElseTheFirstGlobalOne) {
+    for (const Row& row : rows) {
+        const IndexedBindings bindings(row.list);
+        EXPECT_EQ(keyCodeOf(bindings.match(row.gesture, row.frontmost)), row.matched) << row.name;
+    }
+}
+
+TEST(IndexedBindingsTest, MatchesAnElementOfTheListAlsoWhenMoved) {
+    IndexedBindings made({global(swipe, 1), forApp("a", tap, 2), global(tap, 3)});
+    const IndexedBindings bindings(std::move(made));
+    EXPECT_EQ(bindings.match(tap, "a"), &bindings.list()[1]);
+    EXPECT_EQ(bindings.match(tap, "b"), &bindings.list()[2]);
+}
+
+TEST(IndexedBindingsTest, KeepsTheListAsItIs) {
+    const BindingList list = {global(tap, 2), disabled(global(tap, 1)), global(tap, 2)};
+    EXPECT_EQ(IndexedBindings(list).list(), list);
+}
+
+TEST(IndexedBindingsTest, AGestureIsEnabledInWhateverScope) {
+    const IndexedBindings bindings(
+        {global(tap, 1), forApp("a", swipe, 2), disabled(global(GestureType::pinchIn, 3))});
+    EXPECT_TRUE(bindings.hasEnabled(tap));
+    EXPECT_TRUE(bindings.hasEnabled(swipe));
+    EXPECT_FALSE(bindings.hasEnabled(GestureType::pinchIn));
+    EXPECT_FALSE(bindings.hasEnabled(GestureType::pinchOut));
+}
+
+// The rule in its plain form: one look at the whole list.
+const GestureBinding* byTheRule(const BindingList& list, GestureType gesture,
+                                const Frontmost& frontmost) {
+    const GestureBinding* firstGlobal = nullptr;
+    for (const GestureBinding& binding : list) {
+        if (!binding.enabled || binding.gesture != gesture) {
+            continue;
+        }
+        const auto* const app = std::get_if<AppScope>(&binding.scope);
+        if (app != nullptr && frontmost && app->bundleID == *frontmost) {
+            return &binding;
+        }
+        if (app == nullptr && firstGlobal == nullptr) {
+            firstGlobal = &binding;
+        }
+    }
+    return firstGlobal;
+}
+
+TEST(IndexedBindingsTest, AgreesWithTheRuleOnAnyList) {
+    std::mt19937 random(20240607);
+    const auto below = [&random](std::uint_fast32_t limit) {
+        return random() % limit;
+    };
+    const char* const apps[] = {"", "a", "A", "ab", "b", "org.example.App"};
+    for (int round = 0; round < 300; ++round) {
+        BindingList list;
+        for (auto left = below(40); left > 0; --left) {
+            const auto gesture = allGestureTypes[below(5) * 11];
+            const auto keyCode = static_cast<std::uint16_t>(left);
+            list.push_back(below(2) == 0 ? global(gesture, keyCode)
+                                         : forApp(apps[below(6)], gesture, keyCode));
+            list.back().enabled = below(4) != 0;
+        }
+        const IndexedBindings bindings(list);
+        for (const GestureType gesture : allGestureTypes) {
+            for (const char* app : apps) {
+                EXPECT_EQ(keyCodeOf(bindings.match(gesture, app)),
+                          keyCodeOf(byTheRule(list, gesture, app)));
+            }
+            EXPECT_EQ(keyCodeOf(bindings.match(gesture, std::nullopt)),
+                      keyCodeOf(byTheRule(list, gesture, std::nullopt)));
+        }
+    }
+}
+
+} // namespace
+} // namespace glidemap

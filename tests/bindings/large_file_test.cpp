@@ -1,0 +1,144 @@
+// Files as large or as deep as no list of bindings is: each is decoded or refused, in memory that
+// does not exceed a few times its length.
+#include "bindings/binding_json.h"
+
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <fstream>
+#include <ostream>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+// Without optimisation, and with a sanitizer's checks, the full size would take minutes.
+#if defined(NDEBUG)
+constexpr std::size_t fileSize = 100'000'000;
+#else
+constexpr std::size_t fileSize = 5'000'000;
+#endif
+
+#define ID_GESTURE_ENABLED                                                                         \
+    R"("id":"0123ABCD-EF01-4567-89AB-CDEF01234567","gesture":"twoFingerTap","enabled":true,)"
+#define ACTION R"("action":{"kind":"lockScreen"})"
+#define SCOPE R"("scope":{"kind":"global"})"
+#define KNOWN ID_GESTURE_ENABLED ACTION "," SCOPE
+
+struct Row {
+    const char* name;
+    std::string_view start;
+    std::string_view repeated;
+    std::string_view middle;
+    std::string_view repeatedAgain;
+    std::string_view end;
+    std::string_view reason; // a part of it; none if the file decodes
+    std::size_t mostForAByte = 4;
+    std::size_t size = fileSize;
+};
+
+// The parser's message repeats the token that it read last, and writes the least readable ones in
+// eight characters for each of theirs.
+constexpr std::size_t mostForAToken = 8;
+constexpr std::size_t mostForEscapes = 16;
+
+const Row rows[] = {
+    {"only_open_brackets", "", "[", "", "", "", "[0]: not an object"},
+    {"only_line_ends", "", "\n", "", "", "", "unexpected end of input", mostForEscapes,
+     fileSize / 10},
+    {"line_ends_around", "", "\n", "[]", "\n", "", ""},
+    {"arrays_in_what_is_ignored", "[{" KNOWN R"(,"x":)", "[", "", "]", "}]", ""},
+    {"arrays_that_do_not_end", "[{" KNOWN R"(,"x":)", "[", "", "", "", "unexpected end of input"},
+    {"objects_in_what_is_ignored", "[{" KNOWN R"(,"x":)", R"({"id":)", "1", "}", "}]", ""},
+    {"arrays_for_a_text", R"([{"id":)", "[", "", "]", "}]", "[0].id: not a text"},
+    {"actions_in_actions", R"([{"action":)", R"({"action":)", "1", "}", "}]", "[0].id: missing"},
+    {"numbers_in_what_is_ignored", "[{" KNOWN R"(,"x":[)", "0,", "0]", "", "}]", ""},
+    {"an_ignored_text", "[{" KNOWN R"(,"x":")", "x", "\"", "", "}]", ""},
+    {"an_ignored_key", "[{" KNOWN R"(,")", "x", "\":1", "", "}]", ""},
+    {"a_text_that_does_not_end", "[{" KNOWN R"(,"x":")", "x", "", "", "", "missing closing quote",
+     mostForAToken},
+    {"a_gesture", R"([{"id":"0123ABCD-EF01-4567-89AB-CDEF01234567","gesture":")", "x", "\"", "",
+     "}]", R"(xxx..." is not a gesture)"},
+    {"a_name", "[{" ID_GESTURE_ENABLED ACTION R"(,"scope":{"kind":"app","bundleID":"a","name":")",
+     "x", "\"", "", "}}]", ""},
+    {"a_repeated_key", "[{" ID_GESTURE_ENABLED, R"("scope":{"kind":"app"},)", ACTION "," SCOPE, "",
+     "}]", ""},
+    {"a_number", R"([{"enabled":)", "9", "}]", "", "", "number overflow", mostForAToken},
+    {"bindings", "[", "{" KNOWN "},", "{" KNOWN "}", "", "]", ""},
+};
+
+std::ostream& operator<<(std::ostream& stream, const Row& row) {
+    return stream << row.name;
+}
+
+std::string textOf(const Row& row) {
+    const std::size_t times = row.size / (row.repeated.size() + row.repeatedAgain.size()) + 1;
+    std::string text;
+    text.reserve(row.size + 1'000);
+    const auto repeat = [&](std::string_view what) {
+        for (std::size_t count = 0; count < times && !what.empty(); ++count) {
+            text += what;
+        }
+    };
+    text += row.start;
+    repeat(row.repeated);
+    text += row.middle;
+    repeat(row.repeatedAgain);
+    text += row.end;
+    return text;
+}
+
+// The most memory that the process has had since it was created.
+class PeakMemory {
+public:
+    PeakMemory() {
+        malloc_trim(0);
+        std::ofstream("/proc/self/clear_refs") << '5';
+        before = peak();
+    }
+
+    std::size_t needed() const { return peak() - before; }
+
+private:
+    static std::size_t peak() {
+        std::ifstream status("/proc/self/status");
+        std::string line;
+        while (std::getline(status, line)) {
+            constexpr std::string_view name = "VmHWM:";
+            if (line.starts_with(name)) {
+                return std::stoul(line.substr(name.size())) * 1024;
+            }
+        }
+        ADD_FAILURE() << "the kernel does not tell";
+        return 0;
+    }
+
+    std::size_t before = 0;
+};
+
+class LargeFiles : public testing::TestWithParam<Row> {};
+
+TEST_P(LargeFiles, AreDecodedOrRefusedInAFewTimesTheirLength) {
+    const Row& row = GetParam();
+    const std::string text = textOf(row);
+    const PeakMemory memory;
+    const auto decoded = decodeBindings(text);
+    // A sanitizer keeps what was freed, so that the peak would tell nothing.
+#if defined(GLIDEMAP_PLAIN_MEMORY)
+    EXPECT_LT(memory.needed(), row.mostForAByte * text.size());
+#endif
+    const auto* const failure = std::get_if<DecodingFailure>(&decoded);
+    if (row.reason.empty()) {
+        EXPECT_EQ(failure, nullptr) << failure->reason;
+    } else {
+        ASSERT_NE(failure, nullptr);
+        EXPECT_NE(failure->reason.find(row.reason), std::string::npos) << failure->reason;
+        EXPECT_LT(failure->reason.size(), 250U);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, LargeFiles, testing::ValuesIn(rows),
+                         [](const auto& row) { return row.param.name; });
+
+} // namespace
+} // namespace glidemap
