@@ -7,9 +7,9 @@
 
 namespace glidemap {
 
-SupportFolder::SupportFolder() {
-    std::string pattern =
-        (std::filesystem::temp_directory_path() / "glidemap-bindings-XXXXXX").string();
+SupportFolder::SupportFolder(const std::filesystem::path& place) {
+    const auto around = place.empty() ? std::filesystem::temp_directory_path() : place;
+    std::string pattern = (around / "glidemap-bindings-XXXXXX").string();
     support = mkdtemp(pattern.data());
 }
 

@@ -11,7 +11,8 @@ namespace glidemap {
 
 class SupportFolder {
 public:
-    SupportFolder();
+    // In the folder for temporary files, unless told otherwise.
+    explicit SupportFolder(const std::filesystem::path& place = {});
     SupportFolder(const SupportFolder&) = delete;
     SupportFolder& operator=(const SupportFolder&) = delete;
     ~SupportFolder();

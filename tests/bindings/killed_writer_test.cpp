@@ -1,0 +1,174 @@
+// A program that is killed while it changes the list leaves the list as it was before or after the
+// change, whole: shown by killing one at a random moment of a change, a few thousand times.
+#include "binding_printers.h"
+#include "bindings/binding_store.h"
+#include "support_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <iostream>
+#include <random>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr unsigned bindingsInAList = 2;
+
+// Recognised by the key code, and of another length than its neighbours.
+BindingList listNumber(unsigned number) {
+    BindingList list(bindingsInAList + number % 3,
+                     {.gesture = GestureType::twoFingerTap,
+                      .action = KeyShortcut{static_cast<std::uint16_t>(number), number},
+                      .scope = AppScope{"org.example.App", std::string(100, 'n')}});
+    for (GestureBinding& binding : list) {
+        binding.id = *Uuid::parse("00000000-0000-4000-8000-000000000000");
+    }
+    return list;
+}
+
+// None if it is not one of these lists, whole.
+std::optional<unsigned> numberOf(const BindingList& list) {
+    if (list.empty() || !std::holds_alternative<KeyShortcut>(list.front().action)) {
+        return std::nullopt;
+    }
+    const auto number = static_cast<unsigned>(std::get<KeyShortcut>(list.front().action).modifiers);
+    return list == listNumber(number) ? std::optional(number) : std::nullopt;
+}
+
+// A process that makes one change after the other and says so after each of them. It ends with the
+// test if the test fails to end it: there is nobody to say it to any more.
+class Writer {
+public:
+    Writer(BindingStore& store, unsigned firstNumber) {
+        int ends[2];
+        EXPECT_EQ(pipe(ends), 0);
+        process = fork();
+        if (process == 0) {
+            close(ends[0]);
+            change(store, firstNumber, ends[1]);
+        }
+        close(ends[1]);
+        progress = ends[0];
+    }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
+    ~Writer() { close(progress); }
+
+    void waitForChanges(unsigned count) {
+        for (; count > 0; --count) {
+            ASSERT_TRUE(readOne()) << "the writer is gone";
+        }
+    }
+
+    // Answers how many changes it has made.
+    unsigned kill() {
+        ::kill(process, SIGKILL);
+        int status = 0;
+        EXPECT_EQ(waitpid(process, &status, 0), process);
+        EXPECT_TRUE(WIFSIGNALED(status)) << "it was still at work";
+        while (readOne()) {
+        }
+        return changes;
+    }
+
+private:
+    [[noreturn]] static void change(BindingStore& store, unsigned number, int said) {
+        for (;; ++number) {
+            store.setBindings(listNumber(number));
+            if (write(said, "", 1) != 1) {
+                _exit(1);
+            }
+        }
+    }
+
+    bool readOne() {
+        char byte = 0;
+        const bool one = read(progress, &byte, 1) == 1;
+        changes += one ? 1 : 0;
+        return one;
+    }
+
+    pid_t process = -1;
+    int progress = -1;
+    unsigned changes = 0;
+};
+
+struct Row {
+    const char* name;
+    const char* folder;
+    int rounds;
+    int writingAtLeastOneOf; // so many; what is left beside the file shows it
+};
+
+std::ostream& operator<<(std::ostream& stream, const Row& row) {
+    return stream << row.name;
+}
+
+class AKilledWriter : public testing::TestWithParam<Row> {
+protected:
+    AKilledWriter() : support(GetParam().folder) { store.setBindings(listNumber(0)); }
+
+    // How long a change takes on this machine, today.
+    Clock::duration timeOfAChange() {
+        constexpr int changes = 20;
+        const auto start = Clock::now();
+        for (int count = 0; count < changes; ++count) {
+            store.setBindings(listNumber(0));
+        }
+        return (Clock::now() - start) / changes;
+    }
+
+    static void spinUntil(Clock::time_point moment) {
+        while (Clock::now() < moment) {
+        }
+    }
+
+    bool writerWasWriting() const { return namesIn(support.folder()).size() > 1; }
+
+    SupportFolder support;
+    BindingStore store = support.launch();
+    std::mt19937 random{20240607};
+};
+
+TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
+    std::uniform_real_distribution<double> part(0, 2);
+    const auto whole = timeOfAChange();
+    unsigned number = 0;
+    int killedWhileWriting = 0;
+    int killedBeforeSayingSo = 0;
+    for (int round = 0; round < GetParam().rounds; ++round) {
+        Writer writer(store, number + 1);
+        writer.waitForChanges(static_cast<unsigned>(1 + random() % 3));
+        spinUntil(Clock::now() + std::chrono::duration_cast<Clock::duration>(whole * part(random)));
+        const unsigned before = number + writer.kill();
+        killedWhileWriting += writerWasWriting() ? 1 : 0;
+
+        const auto found = numberOf(*support.launch().bindings());
+        ASSERT_TRUE(found) << "round " << round << ":\n" << contentOf(support.file());
+        ASSERT_TRUE(found == before || found == before + 1) << before << ", " << *found;
+        killedBeforeSayingSo += found == before + 1 ? 1 : 0;
+        number = *found;
+    }
+    std::cout << GetParam().rounds << " writers killed, " << killedWhileWriting
+              << " while writing, " << killedBeforeSayingSo << " just after\n";
+    EXPECT_GE(killedWhileWriting, GetParam().rounds / GetParam().writingAtLeastOneOf);
+    EXPECT_GE(killedBeforeSayingSo, 1);
+    store.setBindings(listNumber(1));
+    EXPECT_EQ(namesIn(support.folder()), std::vector<std::string>{"bindings.json"});
+}
+
+// On a disk most of a change is waiting until it is flushed; in memory most of it is the work.
+INSTANTIATE_TEST_SUITE_P(Of, AKilledWriter,
+                         testing::Values(Row{"aFileOnDisk", "", 800, 10},
+                                         Row{"aFileInMemory", "/dev/shm", 2'500, 100}),
+                         [](const auto& row) { return row.param.name; });
+
+} // namespace
+} // namespace glidemap
