@@ -89,6 +89,7 @@ struct DesktopThread::Watch::Source {
 };
 
 DesktopThread::Watch::Watch(std::unique_ptr<Source> watched) : source(std::move(watched)) {}
+DesktopThread::Watch::Watch() = default;
 DesktopThread::Watch::Watch(Watch&& other) noexcept = default;
 DesktopThread::Watch& DesktopThread::Watch::operator=(Watch&& other) noexcept = default;
 DesktopThread::Watch::~Watch() = default;

@@ -33,7 +33,7 @@ public:
     // To be used, and destroyed, on the thread.
     class Watch {
     public:
-        Watch() = default;
+        Watch();
         Watch(Watch&& other) noexcept;
         Watch& operator=(Watch&& other) noexcept;
         ~Watch();
