@@ -21,7 +21,7 @@ endif()
 # in one step.
 add_compile_options(-ffp-contract=off)
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)
 if(GLIDEMAP_WERROR)
     add_compile_options(-Werror)
 endif()
