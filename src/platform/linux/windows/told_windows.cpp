@@ -1,0 +1,42 @@
+#include "platform/linux/windows/told_windows.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+bool sameToTheListener(const WindowIdentity& one, const WindowIdentity& other) {
+    return one.appID == other.appID && one.instance == other.instance &&
+           one.process == other.process && (one.title == other.title || !one.appID.empty());
+}
+
+bool sameToTheListener(const std::optional<WindowIdentity>& one,
+                       const std::optional<WindowIdentity>& other) {
+    return one && other ? sameToTheListener(*one, *other) : one.has_value() == other.has_value();
+}
+
+bool sameToTheListener(const std::vector<WindowIdentity>& some,
+                       const std::vector<WindowIdentity>& others) {
+    return std::equal(some.begin(), some.end(), others.begin(), others.end(),
+                      [](const WindowIdentity& one, const WindowIdentity& other) {
+                          return sameToTheListener(one, other);
+                      });
+}
+
+} // namespace
+
+void ToldWindows::tell(WindowListener& listener, std::vector<WindowIdentity> windows,
+                       std::optional<WindowIdentity> active) {
+    if (!toldWindows || !sameToTheListener(*toldWindows, windows)) {
+        toldWindows = std::move(windows);
+        listener.windowsChanged(*toldWindows);
+    }
+    if (!toldActive || !sameToTheListener(*toldActive, active)) {
+        toldActive = std::move(active);
+        listener.activeWindowChanged(*toldActive);
+    }
+}
+
+} // namespace glidemap

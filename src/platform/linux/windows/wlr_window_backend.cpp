@@ -1,0 +1,77 @@
+#include "platform/linux/windows/wlr_window_backend.h"
+
+#include "platform/linux/windows/told_windows.h"
+#include "platform/linux/windows/wlr_connection.h"
+#include "platform/linux/windows/wlr_toplevels.h"
+
+namespace glidemap {
+
+struct WlrWindowBackend::State {
+    DesktopThread& thread;
+    std::chrono::milliseconds patience;
+    WindowListener* listener = nullptr;
+    ToldWindows told;
+    std::unique_ptr<WlrConnection> connection;
+    std::unique_ptr<WlrToplevels> toplevels;
+    DesktopThread::Watch watch;
+
+    State(DesktopThread& runsOn, std::chrono::milliseconds waits)
+        : thread(runsOn), patience(waits) {}
+
+    bool connect();
+    void disconnect();
+    void hear();
+    void tell();
+};
+
+bool WlrWindowBackend::State::connect() {
+    connection = WlrConnection::open();
+    if (connection == nullptr) {
+        return false;
+    }
+    toplevels = std::make_unique<WlrToplevels>(connection->display());
+    // The first answer tells what the compositor offers, the second one its windows.
+    return connection->roundTrip(patience) && toplevels->isOffered() &&
+           connection->roundTrip(patience);
+}
+
+void WlrWindowBackend::State::disconnect() {
+    watch = {};
+    toplevels.reset();
+    connection.reset();
+}
+
+void WlrWindowBackend::State::hear() {
+    if (!connection->dispatchArrived() || !toplevels->isOffered()) {
+        disconnect();
+    }
+    tell();
+}
+
+void WlrWindowBackend::State::tell() {
+    if (toplevels == nullptr) {
+        told.tell(*listener, {}, std::nullopt);
+    } else {
+        told.tell(*listener, toplevels->windows(), toplevels->active());
+    }
+}
+
+WlrWindowBackend::WlrWindowBackend(DesktopThread& thread, std::chrono::milliseconds patience)
+    : state(std::make_unique<State>(thread, patience)) {}
+
+WlrWindowBackend::~WlrWindowBackend() {
+    state->disconnect();
+}
+
+bool WlrWindowBackend::start(WindowListener& listener) {
+    if (!state->connect()) {
+        state->disconnect();
+        return false;
+    }
+    state->listener = &listener;
+    state->watch = state->thread.watch(state->connection->descriptor(), [this] { state->hear(); });
+    state->tell();
+    return true;
+}
+
+} // namespace glidemap
