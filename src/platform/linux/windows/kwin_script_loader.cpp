@@ -1,0 +1,173 @@
+#include "platform/linux/windows/kwin_script_loader.h"
+
+#include "platform/linux/windows/kwin_script.h"
+
+#include <fcntl.h>
+#include <gio/gio.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// The same at every start: a script that an earlier run of the program has left is replaced.
+constexpr const char* scriptName = "glidemap-windows";
+
+// The script as a file that nobody else can read or replace. KWin reads it when it is told to run.
+class ScriptFile {
+public:
+    explicit ScriptFile(const std::string& script) {
+        const char* const folder = std::getenv("XDG_RUNTIME_DIR");
+        path = std::string(folder != nullptr ? folder : g_get_user_runtime_dir()) +
+               "/glidemap-XXXXXX.js";
+        const int file = mkostemps(path.data(), 3, O_CLOEXEC);
+        if (file < 0) {
+            path.clear();
+            return;
+        }
+        whole = write(file, script.data(), script.size()) == static_cast<ssize_t>(script.size());
+        close(file);
+    }
+
+    ScriptFile(const ScriptFile&) = delete;
+    ScriptFile& operator=(const ScriptFile&) = delete;
+
+    ~ScriptFile() {
+        if (!path.empty()) {
+            unlink(path.c_str());
+        }
+    }
+
+    bool whole = false;
+    std::string path;
+};
+
+} // namespace
+
+struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
+    DesktopBus& bus;
+    std::string owner;
+    std::function<void()> refused;
+    unsigned starting = 0; // a subscription, while KWin is
+    bool asking = false;
+    bool askAgain = false;
+    std::optional<ScriptFile> file;
+
+    State(DesktopBus& onBus, std::string kwin, std::function<void()> tellRefused)
+        : bus(onBus), owner(std::move(kwin)), refused(std::move(tellRefused)) {}
+
+    BusObject scripting() const { return {owner, "/Scripting", "org.kde.kwin.Scripting"}; }
+
+    // What is done with an answer while somebody still waits for it.
+    template <typename Work>
+    DesktopBus::Answer then(Work work) {
+        return [weak = weak_from_this(), work](GVariant* values, const GError* error) {
+            if (const std::shared_ptr<State> here = weak.lock()) {
+                work(*here, values, error);
+            }
+        };
+    }
+
+    void begin();
+    void ask();
+    void load();
+    void run(const std::string& path, const std::string& orElse);
+    void end();
+};
+
+void KWinScriptLoader::State::begin() {
+    starting =
+        bus.subscribe({owner, "", ""}, [weak = weak_from_this()](const std::string&, GVariant*) {
+            if (const std::shared_ptr<State> here = weak.lock()) {
+                here->ask();
+            }
+        });
+    ask();
+}
+
+void KWinScriptLoader::State::ask() {
+    askAgain = asking;
+    if (asking) {
+        return;
+    }
+    asking = true;
+    bus.call(scripting(), "unloadScript", g_variant_new("(s)", scriptName),
+             then([](State& here, GVariant*, const GError* error) {
+                 here.asking = false;
+                 if (error == nullptr) {
+                     here.load();
+                 } else if (!isUnknownOnTheBus(*error)) {
+                     here.refused();
+                 } else if (here.askAgain) {
+                     here.ask();
+                 }
+             }));
+}
+
+void KWinScriptLoader::State::load() {
+    bus.unsubscribe(std::exchange(starting, 0));
+    file.emplace(kwinScriptReportingTo(bus.uniqueName()));
+    if (!file->whole) {
+        end();
+        refused();
+        return;
+    }
+    bus.call(scripting(), "loadScript", g_variant_new("(ss)", file->path.c_str(), scriptName),
+             then([](State& here, GVariant* values, const GError*) {
+                 int id = -1;
+                 if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(i)"))) {
+                     g_variant_get(values, "(i)", &id);
+                 }
+                 if (id < 0) {
+                     here.end();
+                     here.refused();
+                     return;
+                 }
+                 const std::string number = std::to_string(id);
+                 here.run("/Scripting/Script" + number, "/" + number);
+             }));
+}
+
+// Plasma 6 has the script at the one path, Plasma 5 at the other.
+void KWinScriptLoader::State::run(const std::string& path, const std::string& orElse) {
+    bus.call({owner, path, "org.kde.kwin.Script"}, "run", nullptr,
+             then([orElse](State& here, GVariant*, const GError* error) {
+                 if (error != nullptr && isUnknownOnTheBus(*error) && !orElse.empty()) {
+                     here.run(orElse, "");
+                     return;
+                 }
+                 here.end();
+                 if (error != nullptr) {
+                     here.refused();
+                 }
+             }));
+}
+
+void KWinScriptLoader::State::end() {
+    file.reset();
+    bus.unsubscribe(std::exchange(starting, 0));
+}
+
+KWinScriptLoader::KWinScriptLoader(DesktopBus& bus, std::string owner,
+                                   std::function<void()> refused)
+    : state(std::make_shared<State>(bus, std::move(owner), std::move(refused))) {
+    state->begin();
+}
+
+KWinScriptLoader::~KWinScriptLoader() {
+    state->end();
+    state->bus.tell(state->scripting(), "unloadScript", g_variant_new("(s)", scriptName));
+}
+
+const std::string& KWinScriptLoader::owner() const {
+    return state->owner;
+}
+
+} // namespace glidemap

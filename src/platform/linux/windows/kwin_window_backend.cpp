@@ -1,0 +1,104 @@
+#include "platform/linux/windows/kwin_window_backend.h"
+
+#include "platform/linux/windows/desktop_bus.h"
+#include "platform/linux/windows/kwin_script.h"
+#include "platform/linux/windows/kwin_script_loader.h"
+#include "platform/linux/windows/told_windows.h"
+
+#include <gio/gio.h>
+
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* kwinName = "org.kde.KWin";
+
+constexpr const char* reportDescription = R"(<node>
+    <interface name="org.glidemap.KWinWindows">
+        <method name="Report"><arg type="s" direction="in"/></method>
+    </interface>
+</node>)";
+
+GDBusInterfaceInfo* reportInterface() {
+    static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(reportDescription, nullptr);
+    return node->interfaces[0];
+}
+
+} // namespace
+
+struct KWinWindowBackend::State {
+    WindowListener* listener = nullptr;
+    ToldWindows told;
+    std::unique_ptr<DesktopBus> bus;
+    std::unique_ptr<KWinScriptLoader> loader; // while KWin is there
+    unsigned object = 0;
+
+    ~State() {
+        if (object != 0) {
+            g_dbus_connection_unregister_object(bus->connection(), object);
+        }
+    }
+
+    void exportObject();
+    void hear(const std::string& sender, const char* text);
+    void tellNone() { told.tell(*listener, {}, std::nullopt); }
+
+    static void answer(GDBusConnection* connection, const char* sender, const char* path,
+                       const char* interface, const char* method, GVariant* arguments,
+                       GDBusMethodInvocation* invocation, gpointer state);
+};
+
+void KWinWindowBackend::State::exportObject() {
+    static constexpr GDBusInterfaceVTable methods = {answer, nullptr, nullptr, {}};
+    object = g_dbus_connection_register_object(bus->connection(), kwinReportPath, reportInterface(),
+                                               &methods, this, nullptr, nullptr);
+}
+
+void KWinWindowBackend::State::answer(GDBusConnection* /*connection*/, const char* sender,
+                                      const char* /*path*/, const char* /*interface*/,
+                                      const char* /*method*/, GVariant* arguments,
+                                      GDBusMethodInvocation* invocation, gpointer state) {
+    const char* text = nullptr;
+    g_variant_get(arguments, "(&s)", &text);
+    static_cast<State*>(state)->hear(sender, text);
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+}
+
+void KWinWindowBackend::State::hear(const std::string& sender, const char* text) {
+    if (loader == nullptr || sender != loader->owner()) {
+        return;
+    }
+    if (std::optional<KWinReport> report = readKWinReport(text)) {
+        told.tell(*listener, std::move(report->windows), std::move(report->active));
+    }
+}
+
+KWinWindowBackend::KWinWindowBackend() : state(std::make_unique<State>()) {}
+
+KWinWindowBackend::~KWinWindowBackend() = default;
+
+bool KWinWindowBackend::start(WindowListener& listener) {
+    state->bus = DesktopBus::open();
+    if (state->bus == nullptr || !(state->bus->isOwned(kwinName) || isCurrentDesktop("KDE"))) {
+        state->bus.reset();
+        return false;
+    }
+    state->listener = &listener;
+    state->exportObject();
+    state->bus->watchName(
+        kwinName,
+        [this](const std::string& owner) {
+            state->loader = std::make_unique<KWinScriptLoader>(*state->bus, owner,
+                                                               [this] { state->tellNone(); });
+        },
+        [this] {
+            state->loader.reset();
+            state->tellNone();
+        });
+    return true;
+}
+
+} // namespace glidemap

@@ -1,0 +1,43 @@
+#include "desktops/kwin.h"
+
+#include <gtest/gtest.h>
+
+namespace glidemap::desktops {
+
+namespace {
+
+constexpr const char* installed = "/usr/bin/kwin_wayland";
+
+} // namespace
+
+bool KWin::isInstalled() {
+    return desktops::isInstalled("kwin_wayland");
+}
+
+KWin::KWin() : sessionBus(folder.path()), settings(plainEnvironment(folder.path())) {
+    settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
+    settings["WAYLAND_DISPLAY"] = "wayland-kwin";
+    settings["XDG_CURRENT_DESKTOP"] = "KDE";
+    // The file has a capability, which machines that withhold it refuse to execute, and with which
+    // it would outlive the test. A copy has none.
+    std::filesystem::copy_file(installed, folder.path() / "kwin_wayland");
+}
+
+void KWin::start() {
+    Environment environment = settings;
+    environment.erase("WAYLAND_DISPLAY");
+    environment["KWIN_COMPOSE"] = "Q";
+    program.emplace(Program::Command{
+        .words = {folder.path() / "kwin_wayland", "--virtual", "--width", "1280", "--height", "800",
+                  "--no-lockscreen", "--socket", settings.at("WAYLAND_DISPLAY"),
+                  folder.write("ready.sh", "#!/bin/sh\necho ready\n")},
+        .environment = environment,
+        .log = folder.path() / "kwin.log"});
+    std::filesystem::permissions(folder.path() / "ready.sh", std::filesystem::perms::owner_all);
+}
+
+void KWin::waitUntilReady() {
+    EXPECT_EQ(program->nextLine(), "ready");
+}
+
+} // namespace glidemap::desktops
