@@ -9,6 +9,7 @@
 #include <gio/gio.h>
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
@@ -75,6 +76,14 @@ protected:
         return loaded != FALSE;
     }
 
+    // KWin deletes it only after it has said that it would.
+    void waitUntilScriptIsGone() {
+        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+        while (isScriptLoaded()) {
+            ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "the script stays";
+        }
+    }
+
     std::optional<KWin> kwin;
     std::optional<ScopedEnvironment> here;
     RecordingWindowListener told;
@@ -128,7 +137,7 @@ TEST_F(OnKWin, TheScriptGoesWithTheBackendAndLeavesNoFile) {
         told.expectTold({"windows:", "active: none"});
         EXPECT_TRUE(isScriptLoaded());
     }
-    EXPECT_FALSE(isScriptLoaded());
+    waitUntilScriptIsGone();
     for (const auto& entry :
          std::filesystem::directory_iterator(kwin->environment().at("XDG_RUNTIME_DIR"))) {
         EXPECT_NE(entry.path().extension(), ".js") << entry.path();
