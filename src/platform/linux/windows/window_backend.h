@@ -8,6 +8,7 @@
 
 #include <sys/types.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,5 +49,7 @@ public:
     // soon, how things stand now, and then every change.
     virtual bool start(WindowListener& listener) = 0;
 };
+
+using WindowBackendFactory = std::function<std::unique_ptr<WindowBackend>()>;
 
 } // namespace glidemap
