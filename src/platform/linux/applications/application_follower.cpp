@@ -1,0 +1,79 @@
+#include "platform/linux/applications/application_follower.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace glidemap {
+
+ApplicationFollower::ApplicationFollower(PublishedApplications& to, const ProcessReader& reader)
+    : published(to), entries([this] { matchAgain(); }), matcher(entries.all(), reader) {}
+
+void ApplicationFollower::activeWindowChanged(const std::optional<WindowIdentity>& window) {
+    active = window;
+    publishFrontmost();
+}
+
+void ApplicationFollower::windowsChanged(const std::vector<WindowIdentity>& windows) {
+    open = windows;
+    forgetClosedWindows();
+    publishRunning();
+}
+
+ApplicationFollower::Key ApplicationFollower::keyOf(const WindowIdentity& window) {
+    return {window.appID, window.instance, window.process};
+}
+
+const Application* ApplicationFollower::applicationOf(const WindowIdentity& window) {
+    const Key key = keyOf(window);
+    const auto known = matched.find(key);
+    if (known != matched.end())
+        return known->second;
+    const DesktopEntry* const entry = matcher.entryOf(window);
+    const Application* const application =
+        entry != nullptr ? published.installed.intern({entry->identifier, entry->name})
+                         : published.others.intern(matcher.describe(window));
+    // The active window need not be among those told of, and may describe itself anew for ever.
+    if (matched.size() > open.size() + 64)
+        forgetClosedWindows();
+    matched.emplace(key, application);
+    return application;
+}
+
+void ApplicationFollower::forgetClosedWindows() {
+    std::set<Key> kept;
+    for (const WindowIdentity& window : open)
+        kept.insert(keyOf(window));
+    if (active)
+        kept.insert(keyOf(*active));
+    std::erase_if(matched, [&](const auto& one) { return kept.count(one.first) == 0; });
+}
+
+void ApplicationFollower::matchAgain() {
+    matched.clear();
+    publishFrontmost();
+    publishRunning();
+}
+
+void ApplicationFollower::publishFrontmost() {
+    const Application* const application =
+        active ? applicationOf(*active) : ApplicationTable::unknown();
+    // Whoever reads the pointer sees all that it points to.
+    published.frontmost.store(application, std::memory_order_release);
+}
+
+void ApplicationFollower::publishRunning() {
+    std::vector<const Application*> told;
+    std::vector<Application> running;
+    for (const WindowIdentity& window : open) {
+        const Application* const application = applicationOf(window);
+        if (application == ApplicationTable::unknown() ||
+            std::find(told.begin(), told.end(), application) != told.end())
+            continue;
+        told.push_back(application);
+        running.push_back(*application);
+    }
+    published.running.set(std::move(running));
+}
+
+} // namespace glidemap

@@ -1,0 +1,62 @@
+// Turns what a desktop tells of its windows into applications, and publishes them.
+//
+// Thread:  the desktop thread; what is published may be read on any.
+// Owner:   LinuxWorkspace, which keeps what is published alive for longer.
+// Errors:  none.
+#pragma once
+
+#include "core/snapshot.h"
+#include "dispatch/workspace.h"
+#include "platform/linux/applications/application_matcher.h"
+#include "platform/linux/applications/application_table.h"
+#include "platform/linux/applications/desktop_entries.h"
+#include "platform/linux/applications/process_reader.h"
+#include "platform/linux/windows/window_backend.h"
+
+#include <atomic>
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace glidemap {
+
+struct PublishedApplications {
+    std::atomic<const Application*> frontmost = ApplicationTable::unknown();
+    static_assert(std::atomic<const Application*>::is_always_lock_free);
+
+    Snapshot<std::vector<Application>> running;
+
+    // Apart, so that windows without an entry cannot take the installed ones' places.
+    ApplicationTable installed = ApplicationTable(16384);
+    ApplicationTable others = ApplicationTable(2048);
+};
+
+class ApplicationFollower : public WindowListener {
+public:
+    ApplicationFollower(PublishedApplications& to, const ProcessReader& reader);
+
+    void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
+    void windowsChanged(const std::vector<WindowIdentity>& windows) override;
+
+private:
+    using Key = std::tuple<std::string, std::string, std::optional<pid_t>>;
+
+    static Key keyOf(const WindowIdentity& window);
+
+    const Application* applicationOf(const WindowIdentity& window);
+    void forgetClosedWindows();
+    void matchAgain();
+    void publishFrontmost();
+    void publishRunning();
+
+    PublishedApplications& published;
+    DesktopEntries entries;
+    ApplicationMatcher matcher;
+    std::map<Key, const Application*> matched; // of the windows there are
+    std::optional<WindowIdentity> active;
+    std::vector<WindowIdentity> open;
+};
+
+} // namespace glidemap

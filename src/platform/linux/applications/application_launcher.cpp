@@ -1,0 +1,127 @@
+#include "platform/linux/applications/application_launcher.h"
+
+#include "platform/linux/applications/process_launch.h"
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// What is to be launched, handed from one callback to the next.
+struct Launch {
+    GDesktopAppInfo* entry;
+    std::string url; // to be opened by it; empty for the application itself
+
+    Launch(GDesktopAppInfo* taken, std::string toOpen) : entry(taken), url(std::move(toOpen)) {}
+    Launch(const Launch&) = delete;
+    Launch& operator=(const Launch&) = delete;
+    ~Launch() { g_object_unref(entry); }
+};
+
+bool canBeActivated(GDesktopAppInfo* entry) {
+    return g_desktop_app_info_get_boolean(entry, "DBusActivatable") != FALSE;
+}
+
+// "/usr/share/applications/org.example.App.desktop" → "org.example.App", if that is a bus name.
+std::string busNameOf(GDesktopAppInfo* entry) {
+    const char* const path = g_desktop_app_info_get_filename(entry);
+    if (path == nullptr)
+        return "";
+    char* const base = g_path_get_basename(path);
+    std::string name = base;
+    g_free(base);
+    name.resize(name.size() - std::min(name.size(), std::string(".desktop").size()));
+    return g_dbus_is_name(name.c_str()) != FALSE && name.front() != ':' ? name : "";
+}
+
+std::string objectPathOf(const std::string& busName) {
+    std::string path = "/" + busName;
+    std::replace(path.begin(), path.end(), '.', '/');
+    std::replace(path.begin(), path.end(), '-', '_');
+    return path;
+}
+
+// A service that is slow to answer has been asked all the same: a second copy would help nobody.
+bool wasNotReached(const GError* error) {
+    return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) == FALSE &&
+           g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY) == FALSE &&
+           g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_TIMEOUT) == FALSE &&
+           g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_TIMED_OUT) == FALSE;
+}
+
+void activated(GObject* connection, GAsyncResult* result, gpointer data) {
+    const std::unique_ptr<Launch> launch(static_cast<Launch*>(data));
+    GError* error = nullptr;
+    GVariant* const answer =
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    if (answer != nullptr)
+        g_variant_unref(answer);
+    else if (wasNotReached(error))
+        startProcess(launch->entry);
+    g_clear_error(&error);
+}
+
+void activate(GDBusConnection* bus, const std::string& name, std::unique_ptr<Launch> launch) {
+    g_dbus_connection_call(bus, name.c_str(), objectPathOf(name).c_str(),
+                           "org.freedesktop.Application", "Activate",
+                           g_variant_new("(a{sv})", nullptr), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+                           nullptr, activated, launch.release());
+}
+
+void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
+    if (!launch->url.empty()) {
+        openWith(launch->entry, launch->url);
+        return;
+    }
+    const std::string name = canBeActivated(launch->entry) ? busNameOf(launch->entry) : "";
+    if (bus != nullptr && !name.empty())
+        activate(bus, name, std::move(launch));
+    else
+        startProcess(launch->entry);
+}
+
+void busFound(GObject* /*source*/, GAsyncResult* result, gpointer data) {
+    std::unique_ptr<Launch> launch(static_cast<Launch*>(data));
+    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
+    if (bus != nullptr) // the session's end is for the program to notice, not for GIO
+        g_dbus_connection_set_exit_on_close(bus, FALSE);
+    launchOn(bus, std::move(launch));
+    if (bus != nullptr)
+        g_object_unref(bus);
+}
+
+void begin(GDesktopAppInfo* entry, const std::string& url) {
+    g_bus_get(G_BUS_TYPE_SESSION, nullptr, busFound, new Launch(entry, url));
+}
+
+} // namespace
+
+void launchApplication(const std::string& url) {
+    char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
+    if (path == nullptr)
+        return;
+    GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path);
+    g_free(path);
+    if (entry != nullptr)
+        begin(entry, "");
+}
+
+void launchHandler(const std::string& url) {
+    char* const scheme = g_uri_parse_scheme(url.c_str());
+    if (scheme == nullptr)
+        return;
+    GAppInfo* const handler = g_app_info_get_default_for_uri_scheme(scheme);
+    g_free(scheme);
+    if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler))
+        begin(G_DESKTOP_APP_INFO(handler), url);
+    else // a file, whose handler goes by its content
+        g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
+}
+
+} // namespace glidemap

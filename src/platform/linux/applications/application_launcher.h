@@ -1,0 +1,21 @@
+// Launches applications by their desktop entries.
+//
+// What is launched is on its own: a session and, where systemd runs one's session, a unit of its
+// own, so that it does not end with us; no descriptor of ours, no blocked signal; and it is nobody's
+// to wait for.
+//
+// Thread:  the desktop thread; returns before the application is there.
+// Errors:  none reach the caller.
+#pragma once
+
+#include <string>
+
+namespace glidemap {
+
+// The URL of a desktop entry's file. One that D-Bus can activate comes forward if it runs.
+void launchApplication(const std::string& url);
+
+// Whatever the user has chosen for such a URL.
+void launchHandler(const std::string& url);
+
+} // namespace glidemap

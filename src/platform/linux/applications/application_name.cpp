@@ -1,0 +1,81 @@
+#include "platform/linux/applications/application_name.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::size_t longestIdentifier = 256; // bytes; a file name cannot be longer either
+
+std::string asUTF8(std::string_view text) {
+    if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
+        return std::string(text);
+    std::string converted;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < 0x80) {
+            converted.push_back(character);
+        } else {
+            converted.push_back(static_cast<char>(0xC0 | (byte >> 6)));
+            converted.push_back(static_cast<char>(0x80 | (byte & 0x3F)));
+        }
+    }
+    return converted;
+}
+
+bool continuesCharacter(char character) {
+    return (static_cast<unsigned char>(character) & 0xC0) == 0x80;
+}
+
+std::string cutTo(std::string text, std::size_t size) {
+    if (text.size() <= size)
+        return text;
+    while (size > 0 && continuesCharacter(text[size]))
+        --size;
+    text.resize(size);
+    return text;
+}
+
+bool isControl(char character) {
+    const auto byte = static_cast<unsigned char>(character);
+    return byte < 0x20 || byte == 0x7F;
+}
+
+} // namespace
+
+std::string cleanIdentifier(std::string_view text) {
+    std::string clean = asUTF8(text.substr(0, longestIdentifier * 4));
+    clean.erase(std::remove_if(clean.begin(), clean.end(), isControl), clean.end());
+    const std::size_t first = clean.find_first_not_of(' ');
+    if (first == std::string::npos)
+        return "";
+    clean = clean.substr(first, clean.find_last_not_of(' ') - first + 1);
+    return cutTo(std::move(clean), longestIdentifier);
+}
+
+std::string_view lastComponent(std::string_view identifier) {
+    const bool dotted = std::count(identifier.begin(), identifier.end(), '.') >= 2;
+    if (!dotted || identifier.find(' ') != std::string_view::npos || identifier.back() == '.')
+        return {};
+    return identifier.substr(identifier.rfind('.') + 1);
+}
+
+std::string nameFromIdentifier(std::string_view identifier) {
+    const std::string_view last = lastComponent(identifier);
+    std::string name(last.empty() ? identifier : last);
+    std::replace_if(
+        name.begin(), name.end(), [](char one) { return one == '-' || one == '_'; }, ' ');
+    char before = ' ';
+    for (char& character : name) {
+        if (before == ' ')
+            character = g_ascii_toupper(character);
+        before = character;
+    }
+    return name;
+}
+
+} // namespace glidemap

@@ -1,0 +1,72 @@
+#include "platform/linux/applications/application_scope.h"
+
+#include <gio/gio.h>
+
+#include <memory>
+
+namespace glidemap {
+
+namespace {
+
+struct Move {
+    std::string unit;
+    pid_t process;
+};
+
+std::string escaped(std::string_view text) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string result;
+    for (const char character : text) {
+        const bool plain = g_ascii_isalnum(character) != FALSE || character == '.' ||
+                           character == '_' || character == ':';
+        const auto byte = static_cast<unsigned char>(character);
+        if (plain)
+            result.push_back(character);
+        else
+            result.append("\\x").append(1, digits[byte >> 4U]).append(1, digits[byte & 0xFU]);
+    }
+    return result;
+}
+
+GVariant* startTransientUnit(const Move& move) {
+    GVariantBuilder processes;
+    g_variant_builder_init(&processes, G_VARIANT_TYPE("au"));
+    g_variant_builder_add(&processes, "u", static_cast<guint32>(move.process));
+
+    GVariantBuilder properties;
+    g_variant_builder_init(&properties, G_VARIANT_TYPE("a(sv)"));
+    g_variant_builder_add(&properties, "(sv)", "PIDs", g_variant_builder_end(&processes));
+    g_variant_builder_add(&properties, "(sv)", "Slice", g_variant_new_string("app.slice"));
+    g_variant_builder_add(&properties, "(sv)", "CollectMode",
+                          g_variant_new_string("inactive-or-failed"));
+    return g_variant_new("(ssa(sv)a(sa(sv)))", move.unit.c_str(), "fail", &properties, nullptr);
+}
+
+void busFound(GObject* /*source*/, GAsyncResult* result, gpointer data) {
+    const std::unique_ptr<Move> move(static_cast<Move*>(data));
+    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
+    if (bus == nullptr)
+        return;
+    g_dbus_connection_set_exit_on_close(bus, FALSE);
+    g_dbus_connection_call(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
+                           "org.freedesktop.systemd1.Manager", "StartTransientUnit",
+                           startTransientUnit(*move), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
+                           nullptr, nullptr, nullptr);
+    g_object_unref(bus);
+}
+
+} // namespace
+
+std::string scopeName(std::string_view identifier, pid_t process) {
+    constexpr std::string_view suffix = ".desktop";
+    if (identifier.ends_with(suffix))
+        identifier.remove_suffix(suffix.size());
+    return "app-glidemap-" + escaped(identifier) + "-" + std::to_string(process) + ".scope";
+}
+
+void moveIntoScope(std::string_view identifier, pid_t process) {
+    g_bus_get(G_BUS_TYPE_SESSION, nullptr, busFound,
+              new Move{scopeName(identifier, process), process});
+}
+
+} // namespace glidemap

@@ -1,0 +1,86 @@
+#include "platform/linux/applications/linux_workspace.h"
+
+#include "platform/linux/applications/application_follower.h"
+#include "platform/linux/applications/application_launcher.h"
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+#include <atomic>
+#include <utility>
+
+namespace glidemap {
+
+struct LinuxWorkspace::State {
+    PublishedApplications published;
+    KernelProcessReader processes;
+
+    // On the desktop thread.
+    std::unique_ptr<ApplicationFollower> follower;
+    std::unique_ptr<WindowBackend> backend;
+
+    void start(const std::vector<WindowBackendFactory>& candidates) {
+        follower = std::make_unique<ApplicationFollower>(published, processes);
+        for (const WindowBackendFactory& make : candidates) {
+            backend = make();
+            if (backend->start(*follower))
+                return;
+        }
+        backend.reset();
+    }
+
+    void stop() {
+        backend.reset();
+        follower.reset();
+    }
+};
+
+LinuxWorkspace::LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
+                               std::function<void()> missionControl)
+    : thread(desktop), showMissionControl(std::move(missionControl)),
+      state(std::make_unique<State>()) {
+    thread.submit([begun = state.get(), choice = std::move(candidates)] { begun->start(choice); });
+}
+
+LinuxWorkspace::~LinuxWorkspace() {
+    thread.call([this] { state->stop(); });
+}
+
+Application LinuxWorkspace::frontmostApplication() const {
+    return *state->published.frontmost.load(std::memory_order_acquire);
+}
+
+std::vector<Application> LinuxWorkspace::runningApplications() const {
+    return *state->published.running.get();
+}
+
+std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
+    if (bundleID.empty() || bundleID.find('/') != std::string::npos)
+        return std::nullopt; // an id, not a way out of the folders that hold entries
+    GDesktopAppInfo* const info = g_desktop_app_info_new((bundleID + ".desktop").c_str());
+    if (info == nullptr)
+        return std::nullopt;
+    std::optional<std::string> url;
+    const char* const path = g_desktop_app_info_get_filename(info);
+    if (char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr) {
+        url = uri;
+        g_free(uri);
+    }
+    g_object_unref(info);
+    return url;
+}
+
+void LinuxWorkspace::openApplication(const std::string& url) {
+    thread.submit([url] { launchApplication(url); });
+}
+
+void LinuxWorkspace::openMissionControl() {
+    if (showMissionControl)
+        showMissionControl();
+}
+
+void LinuxWorkspace::openURL(const std::string& url) {
+    thread.submit([url] { launchHandler(url); });
+}
+
+} // namespace glidemap

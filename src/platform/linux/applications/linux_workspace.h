@@ -1,0 +1,42 @@
+// The workspace on Linux: installed desktop entries, the windows of whatever desktop is running,
+// and GIO to launch with.
+//
+// Thread:  as the port says. What is told of windows and what is launched lives on the desktop
+//          thread; frontmostApplication() reads one atomic pointer.
+// Owner:   the program. The desktop thread must live longer; nobody may read afterwards.
+// Errors:  none. Where no candidate knows the desktop, nothing is frontmost and nothing runs.
+#pragma once
+
+#include "dispatch/workspace.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/windows/window_backend.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace glidemap {
+
+class LinuxWorkspace : public Workspace {
+public:
+    // The candidates are made and asked in order, on the desktop thread, until one knows the
+    // desktop. Returns at once; how things stand is known as soon as the desktop has told.
+    LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
+                   std::function<void()> missionControl);
+    ~LinuxWorkspace() override;
+
+    Application frontmostApplication() const override;
+    std::vector<Application> runningApplications() const override;
+    std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
+    void openApplication(const std::string& url) override;
+    void openMissionControl() override;
+    void openURL(const std::string& url) override;
+
+private:
+    struct State;
+    DesktopThread& thread;
+    std::function<void()> showMissionControl;
+    std::unique_ptr<State> state;
+};
+
+} // namespace glidemap
