@@ -6,12 +6,23 @@
 
 namespace glidemap {
 
-ApplicationFollower::ApplicationFollower(PublishedApplications& to, const ProcessReader& reader)
-    : published(to), entries([this] { matchAgain(); }), matcher(entries.all(), reader) {}
+ApplicationFollower::ApplicationFollower(DesktopThread& desktop, PublishedApplications& to,
+                                         const ProcessReader& reader,
+                                         std::chrono::milliseconds patienceWithNone)
+    : thread(desktop), published(to), patience(patienceWithNone),
+      entries(desktop, [this] { matchAgain(); }), matcher(entries.all(), reader) {}
 
 void ApplicationFollower::activeWindowChanged(const std::optional<WindowIdentity>& window) {
-    active = window;
-    publishFrontmost();
+    lasting = {};
+    if (window) {
+        active = window;
+        publishFrontmost();
+        return;
+    }
+    lasting = thread.after(patience, [this] {
+        active.reset();
+        publishFrontmost();
+    });
 }
 
 void ApplicationFollower::windowsChanged(const std::vector<WindowIdentity>& windows) {

@@ -1,5 +1,8 @@
 // Turns what a desktop tells of its windows into applications, and publishes them.
 //
+// On the way from one window to the next most desktops have none active for a moment. That none is,
+// is believed when it has lasted; until then the last application stays frontmost.
+//
 // Thread:  the desktop thread; what is published may be read on any.
 // Owner:   LinuxWorkspace, which keeps what is published alive for longer.
 // Errors:  none.
@@ -11,9 +14,11 @@
 #include "platform/linux/applications/application_table.h"
 #include "platform/linux/applications/desktop_entries.h"
 #include "platform/linux/applications/process_reader.h"
+#include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/window_backend.h"
 
 #include <atomic>
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -35,7 +40,11 @@ struct PublishedApplications {
 
 class ApplicationFollower : public WindowListener {
 public:
-    ApplicationFollower(PublishedApplications& to, const ProcessReader& reader);
+    static constexpr std::chrono::milliseconds usualPatience{100};
+
+    ApplicationFollower(DesktopThread& desktop, PublishedApplications& to,
+                        const ProcessReader& reader,
+                        std::chrono::milliseconds patienceWithNone = usualPatience);
 
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
@@ -51,7 +60,10 @@ private:
     void publishFrontmost();
     void publishRunning();
 
+    DesktopThread& thread;
     PublishedApplications& published;
+    const std::chrono::milliseconds patience;
+    DesktopThread::Watch lasting; // of no window being active
     DesktopEntries entries;
     ApplicationMatcher matcher;
     std::map<Key, const Application*> matched; // of the windows there are

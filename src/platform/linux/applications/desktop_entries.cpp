@@ -3,6 +3,7 @@
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
+#include <chrono>
 #include <string_view>
 #include <utility>
 
@@ -12,7 +13,7 @@ namespace {
 
 // Installing a package changes many entries one after the other. They are read once it has come to
 // this, rather than again and again.
-constexpr guint settlingTime = 300; // milliseconds
+constexpr std::chrono::milliseconds settlingTime{300};
 
 std::string orEmpty(const char* text) {
     return text == nullptr ? "" : text;
@@ -60,54 +61,39 @@ std::vector<DesktopEntry> readAll() {
 } // namespace
 
 struct DesktopEntries::State {
+    DesktopThread& thread;
     std::function<void()> changed;
     // Held before the first reading: it reports only what changes after one.
     GAppInfoMonitor* monitor = g_app_info_monitor_get();
     gulong subscription = 0;
-    GSource* settling = nullptr;
+    DesktopThread::Watch settling;
     std::vector<DesktopEntry> entries;
 
+    State(DesktopThread& desktop, std::function<void()> tell)
+        : thread(desktop), changed(std::move(tell)) {
+        subscription = g_signal_connect(monitor, "changed", G_CALLBACK(reported), this);
+        entries = readAll();
+    }
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+
     ~State() {
-        stopSettling();
         g_signal_handler_disconnect(monitor, subscription);
         g_object_unref(monitor);
     }
 
-    void stopSettling() {
-        if (settling == nullptr)
-            return;
-        g_source_destroy(settling);
-        g_source_unref(settling);
-        settling = nullptr;
-    }
-
-    void settle() {
-        if (settling != nullptr)
-            return;
-        settling = g_timeout_source_new(settlingTime);
-        g_source_set_callback(settling, readAgain, this, nullptr);
-        g_source_attach(settling, g_main_context_get_thread_default());
-    }
-
-    static gboolean readAgain(gpointer self) {
-        auto* const state = static_cast<State*>(self);
-        state->stopSettling();
-        state->entries = readAll();
-        state->changed();
-        return G_SOURCE_REMOVE;
-    }
-
+    // Not reported again before the entries are read.
     static void reported(GAppInfoMonitor* /*monitor*/, gpointer self) {
-        static_cast<State*>(self)->settle();
+        auto* const state = static_cast<State*>(self);
+        state->settling = state->thread.after(settlingTime, [state] {
+            state->entries = readAll();
+            state->changed();
+        });
     }
 };
 
-DesktopEntries::DesktopEntries(std::function<void()> changed) : state(std::make_unique<State>()) {
-    state->changed = std::move(changed);
-    state->subscription =
-        g_signal_connect(state->monitor, "changed", G_CALLBACK(State::reported), state.get());
-    state->entries = readAll();
-}
+DesktopEntries::DesktopEntries(DesktopThread& desktop, std::function<void()> changed)
+    : state(std::make_unique<State>(desktop, std::move(changed))) {}
 
 DesktopEntries::~DesktopEntries() = default;
 

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/linux/applications/desktop_entry.h"
+#include "platform/linux/windows/desktop_thread.h"
 
 #include <functional>
 #include <memory>
@@ -16,7 +17,7 @@ namespace glidemap {
 class DesktopEntries {
 public:
     // The function is called after the entries have been read anew.
-    explicit DesktopEntries(std::function<void()> changed);
+    DesktopEntries(DesktopThread& desktop, std::function<void()> changed);
     DesktopEntries(const DesktopEntries&) = delete;
     DesktopEntries& operator=(const DesktopEntries&) = delete;
     ~DesktopEntries();

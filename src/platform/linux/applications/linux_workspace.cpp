@@ -19,8 +19,8 @@ struct LinuxWorkspace::State {
     std::unique_ptr<ApplicationFollower> follower;
     std::unique_ptr<WindowBackend> backend;
 
-    void start(const std::vector<WindowBackendFactory>& candidates) {
-        follower = std::make_unique<ApplicationFollower>(published, processes);
+    void start(DesktopThread& thread, const std::vector<WindowBackendFactory>& candidates) {
+        follower = std::make_unique<ApplicationFollower>(thread, published, processes);
         for (const WindowBackendFactory& make : candidates) {
             backend = make();
             if (backend->start(*follower))
@@ -39,7 +39,9 @@ LinuxWorkspace::LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackend
                                std::function<void()> missionControl)
     : thread(desktop), showMissionControl(std::move(missionControl)),
       state(std::make_unique<State>()) {
-    thread.submit([begun = state.get(), choice = std::move(candidates)] { begun->start(choice); });
+    thread.submit([begun = state.get(), &desktop, choice = std::move(candidates)] {
+        begun->start(desktop, choice);
+    });
 }
 
 LinuxWorkspace::~LinuxWorkspace() {

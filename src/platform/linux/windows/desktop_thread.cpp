@@ -24,8 +24,8 @@ void forget(gpointer work) {
 }
 
 gboolean tellReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointer readable) {
-    const std::function<void()> tell = *static_cast<std::function<void()>*>(readable);
-    tell(); // a copy: it may end its own watch
+    // It may end its own watch: GLib keeps the function until it has returned.
+    (*static_cast<std::function<void()>*>(readable))();
     return G_SOURCE_CONTINUE;
 }
 
@@ -94,14 +94,24 @@ DesktopThread::Watch::Watch(Watch&& other) noexcept = default;
 DesktopThread::Watch& DesktopThread::Watch::operator=(Watch&& other) noexcept = default;
 DesktopThread::Watch::~Watch() = default;
 
-DesktopThread::Watch DesktopThread::watch(int descriptor, std::function<void()> readable) {
+DesktopThread::Watch DesktopThread::attach(GSource* source, GSourceFunc function,
+                                           std::function<void()> work) {
     auto made = std::make_unique<Watch::Source>();
-    made->source =
-        g_unix_fd_source_new(descriptor, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR));
-    g_source_set_callback(made->source, G_SOURCE_FUNC(tellReadable),
-                          new std::function<void()>(std::move(readable)), forget);
-    g_source_attach(made->source, state->context);
+    made->source = source;
+    g_source_set_callback(source, function, new std::function<void()>(std::move(work)), forget);
+    g_source_attach(source, state->context);
     return Watch(std::move(made));
+}
+
+DesktopThread::Watch DesktopThread::watch(int descriptor, std::function<void()> readable) {
+    return attach(
+        g_unix_fd_source_new(descriptor, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR)),
+        G_SOURCE_FUNC(tellReadable), std::move(readable));
+}
+
+DesktopThread::Watch DesktopThread::after(std::chrono::milliseconds delay,
+                                          std::function<void()> due) {
+    return attach(g_timeout_source_new(static_cast<guint>(delay.count())), runOnce, std::move(due));
 }
 
 } // namespace glidemap

@@ -6,10 +6,12 @@
 // Errors:  none.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
 using GMainContext = struct _GMainContext;
+using GSource = struct _GSource;
 
 namespace glidemap {
 
@@ -29,8 +31,8 @@ public:
 
     GMainContext* context() const;
 
-    // Calls the function on the thread whenever the descriptor can be read, until the watch goes.
-    // To be used, and destroyed, on the thread.
+    // What is being waited for; no longer when it goes, which may be in the function that it calls.
+    // To be made, used and destroyed on the thread.
     class Watch {
     public:
         Watch();
@@ -44,10 +46,18 @@ public:
         explicit Watch(std::unique_ptr<Source> watched);
         std::unique_ptr<Source> source;
     };
+
+    // Calls the function whenever the descriptor can be read, or its other end has gone.
     Watch watch(int descriptor, std::function<void()> readable);
+
+    // Calls the function once, when that much time has passed.
+    Watch after(std::chrono::milliseconds delay, std::function<void()> due);
 
 private:
     struct State;
+
+    Watch attach(GSource* source, int (*function)(void*), std::function<void()> work);
+
     std::unique_ptr<State> state;
 };
 

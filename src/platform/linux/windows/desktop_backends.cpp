@@ -1,0 +1,53 @@
+#include "platform/linux/windows/desktop_backends.h"
+
+#include "platform/linux/windows/x11_backend.h"
+
+#include <cstdlib>
+#include <memory>
+
+namespace glidemap {
+
+namespace {
+
+std::string_view environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+// Empty for a kind that this build has no backend for.
+WindowBackendFactory backendFor(DesktopKind kind, DesktopThread& thread) {
+    switch (kind) {
+    case DesktopKind::gnome:
+    case DesktopKind::kwin:
+    case DesktopKind::wlroots:
+        return {};
+    case DesktopKind::x11:
+        return [&thread] {
+            return std::make_unique<X11Backend>(thread);
+        };
+    }
+    return {};
+}
+
+} // namespace
+
+std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::string_view display) {
+    std::vector<DesktopKind> kinds;
+    if (!waylandDisplay.empty())
+        kinds = {DesktopKind::gnome, DesktopKind::kwin, DesktopKind::wlroots};
+    if (!display.empty())
+        kinds.push_back(DesktopKind::x11);
+    return kinds;
+}
+
+std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread) {
+    std::vector<WindowBackendFactory> factories;
+    for (const DesktopKind kind :
+         desktopsToTry(environment("WAYLAND_DISPLAY"), environment("DISPLAY"))) {
+        if (auto factory = backendFor(kind, thread))
+            factories.push_back(std::move(factory));
+    }
+    return factories;
+}
+
+} // namespace glidemap

@@ -1,0 +1,294 @@
+#include "platform/linux/windows/x11_backend.h"
+
+#include "platform/linux/windows/x11_requests.h"
+#include "platform/linux/windows/x11_window_reader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::uint32_t mostWindows = 4096;
+
+// Between two of these the thread does what else it has to do.
+constexpr int longestTurn = 500; // events and answers
+
+// Something that is asked again when it has changed, but never twice at a time: whoever changes it
+// without pause gets no more of our time than one question after the other takes.
+class Inquiry {
+public:
+    // True if it is to be asked now.
+    bool begin() {
+        again = underWay;
+        return !std::exchange(underWay, true);
+    }
+
+    // True if it is to be begun anew.
+    bool end() {
+        underWay = false;
+        return std::exchange(again, false);
+    }
+
+private:
+    bool underWay = false;
+    bool again = false;
+};
+
+xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
+    auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; number > 0 && screen.rem > 1; --number)
+        xcb_screen_next(&screen);
+    return screen.data;
+}
+
+} // namespace
+
+class X11Backend::Session : public std::enable_shared_from_this<Session> {
+public:
+    Session(DesktopThread& desktop, WindowListener& to, X11Requests::Connection connection,
+            int screen);
+
+    void begin();
+
+private:
+    struct Client {
+        std::optional<X11Window> window; // once it has been read
+        Inquiry inquiry;
+    };
+
+    void serve();
+    bool serveOnce();
+    void handle(const xcb_generic_event_t& event);
+    void propertyChanged(xcb_window_t window, xcb_atom_t property);
+    void askForActive();
+    void askForList();
+    void takeActive(const X11Property& property);
+    void takeList(const X11Property& property);
+    void follow(xcb_window_t window);
+    void read(xcb_window_t window);
+    void forgetClosedWindows();
+    void tell();
+    void tellActive();
+    void tellWindows();
+    void lose();
+
+    DesktopThread& thread;
+    WindowListener& listener;
+    X11Requests requests;
+    X11WindowReader reader;
+    xcb_window_t root;
+    xcb_atom_t activeAtom;
+    xcb_atom_t listAtom;
+    xcb_atom_t managerAtom;
+    Inquiry activeInquiry;
+    Inquiry listInquiry;
+    xcb_window_t active = XCB_WINDOW_NONE;
+    std::vector<xcb_window_t> listed;
+    std::map<xcb_window_t, Client> clients; // those listed, and the active one
+    std::optional<WindowIdentity> toldActive;
+    std::vector<WindowIdentity> toldWindows;
+    DesktopThread::Watch watch;
+};
+
+X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
+                             X11Requests::Connection connection, int screen)
+    : thread(desktop), listener(to), requests(std::move(connection)), reader(requests),
+      root(screenOf(requests.raw(), screen)->root) {
+    const auto atoms = internAtoms(
+        requests.raw(), {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK"});
+    activeAtom = atoms[0];
+    listAtom = atoms[1];
+    managerAtom = atoms[2];
+}
+
+void X11Backend::Session::begin() {
+    requests.followProperties(root); // before asking, so that no change falls between
+    askForActive();
+    askForList();
+    requests.flush();
+    watch = thread.watch(xcb_get_file_descriptor(requests.raw()), [this] { serve(); });
+    serve(); // what the questions before have already brought along
+}
+
+void X11Backend::Session::serve() {
+    int turns = 0;
+    while (turns < longestTurn && serveOnce())
+        ++turns;
+    if (requests.isLost()) {
+        lose();
+        return;
+    }
+    tell();
+    // What xcb has taken from the socket does not make it readable again.
+    if (turns == longestTurn) {
+        thread.submit([self = weak_from_this()] {
+            if (const auto alive = self.lock())
+                alive->serve();
+        });
+    }
+}
+
+// Polling for an event is what reads from the socket; answers come along.
+bool X11Backend::Session::serveOnce() {
+    const std::unique_ptr<xcb_generic_event_t, X11Freed> event(xcb_poll_for_event(requests.raw()));
+    if (event != nullptr)
+        handle(*event);
+    const bool answered = requests.takeAnswer();
+    if (event != nullptr || answered)
+        requests.flush();
+    return event != nullptr || answered;
+}
+
+void X11Backend::Session::handle(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t sent = 0x80;
+    if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
+        return; // errors come here, too: a window went before we could follow it
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    propertyChanged(change.window, change.atom);
+}
+
+void X11Backend::Session::propertyChanged(xcb_window_t window, xcb_atom_t property) {
+    if (window != root) {
+        if (reader.reads(property))
+            read(window);
+        return;
+    }
+    if (property == activeAtom || property == managerAtom)
+        askForActive();
+    if (property == listAtom || property == managerAtom)
+        askForList();
+}
+
+void X11Backend::Session::askForActive() {
+    if (!activeInquiry.begin())
+        return;
+    requests.property(root, activeAtom, 1, [this](const X11Property& property) {
+        takeActive(property);
+        if (activeInquiry.end())
+            askForActive();
+    });
+}
+
+void X11Backend::Session::askForList() {
+    if (!listInquiry.begin())
+        return;
+    requests.property(root, listAtom, mostWindows, [this](const X11Property& property) {
+        takeList(property);
+        if (listInquiry.end())
+            askForList();
+    });
+}
+
+void X11Backend::Session::takeActive(const X11Property& property) {
+    active = property.items.empty() ? xcb_window_t{XCB_WINDOW_NONE} : property.items.front();
+    if (active != XCB_WINDOW_NONE)
+        follow(active);
+    forgetClosedWindows();
+}
+
+void X11Backend::Session::takeList(const X11Property& property) {
+    listed.clear();
+    std::set<xcb_window_t> seen;
+    for (const xcb_window_t window : property.items) {
+        if (window != XCB_WINDOW_NONE && seen.insert(window).second)
+            listed.push_back(window);
+    }
+    for (const xcb_window_t window : listed)
+        follow(window);
+    forgetClosedWindows();
+}
+
+void X11Backend::Session::follow(xcb_window_t window) {
+    const auto [client, isNew] = clients.try_emplace(window);
+    const bool wasGone = client->second.window && client->second.window->isGone;
+    if (!isNew && !wasGone)
+        return;
+    requests.followProperties(window);
+    read(window);
+}
+
+void X11Backend::Session::read(xcb_window_t window) {
+    const auto client = clients.find(window);
+    if (client == clients.end() || !client->second.inquiry.begin())
+        return;
+    reader.read(window, [this, window](const X11Window& described) {
+        const auto reading = clients.find(window);
+        if (reading == clients.end())
+            return;
+        reading->second.window = described;
+        if (reading->second.inquiry.end())
+            read(window);
+    });
+}
+
+void X11Backend::Session::forgetClosedWindows() {
+    std::set<xcb_window_t> open(listed.begin(), listed.end());
+    open.insert(active);
+    std::erase_if(clients, [&](const auto& client) { return open.count(client.first) == 0; });
+}
+
+void X11Backend::Session::tell() {
+    tellActive();
+    tellWindows();
+}
+
+void X11Backend::Session::tellActive() {
+    std::optional<WindowIdentity> now;
+    const auto client = clients.find(active);
+    if (client != clients.end()) {
+        if (!client->second.window)
+            return; // its answer is on the way
+        if (!client->second.window->isGone)
+            now = client->second.window->identity;
+    }
+    if (now == toldActive)
+        return;
+    toldActive = now;
+    listener.activeWindowChanged(now);
+}
+
+void X11Backend::Session::tellWindows() {
+    std::vector<WindowIdentity> now;
+    for (const xcb_window_t window : listed) {
+        const auto& read = clients.at(window).window;
+        if (!read)
+            return; // its answer is on the way
+        if (!read->isGone && read->isApplications)
+            now.push_back(read->identity);
+    }
+    if (now == toldWindows)
+        return;
+    toldWindows = std::move(now);
+    listener.windowsChanged(toldWindows);
+}
+
+void X11Backend::Session::lose() {
+    watch = {};
+    active = XCB_WINDOW_NONE;
+    listed.clear();
+    clients.clear();
+    tell();
+}
+
+X11Backend::X11Backend(DesktopThread& desktop, std::string display)
+    : thread(desktop), displayName(std::move(display)) {}
+
+X11Backend::~X11Backend() = default;
+
+bool X11Backend::start(WindowListener& listener) {
+    int screen = 0;
+    X11Requests::Connection connection(
+        xcb_connect(displayName.empty() ? nullptr : displayName.c_str(), &screen), xcb_disconnect);
+    if (xcb_connection_has_error(connection.get()) != 0)
+        return false;
+    session = std::make_shared<Session>(thread, listener, std::move(connection), screen);
+    session->begin();
+    return true;
+}
+
+} // namespace glidemap
