@@ -114,11 +114,10 @@ TEST_F(ApplicationFollowerTest, APatienceThatWasCutShortDoesNotEndLater) {
         follower->activeWindowChanged(window("my-tool"));
     });
     std::promise<void> later;
-    thread.call([&] {
-        static DesktopThread::Watch watch;
-        watch = thread.after(50ms, [&] { later.set_value(); });
-    });
+    DesktopThread::Watch watch;
+    thread.call([&] { watch = thread.after(50ms, [&] { later.set_value(); }); });
     later.get_future().wait();
+    thread.call([&] { watch = {}; });
     EXPECT_EQ(frontmost(), tool);
 }
 

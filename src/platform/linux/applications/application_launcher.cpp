@@ -108,7 +108,11 @@ void launchApplication(const std::string& url) {
         return;
     GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path);
     g_free(path);
-    if (entry != nullptr)
+    if (entry == nullptr)
+        return;
+    if (g_desktop_app_info_get_is_hidden(entry) != FALSE) // the user has taken it away
+        g_object_unref(entry);
+    else
         begin(entry, "");
 }
 

@@ -1,0 +1,191 @@
+#include "application_folder.h"
+#include "launch_reports.h"
+#include "platform/linux/applications/application_launcher.h"
+#include "platform/linux/applications/application_scope.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "private_bus.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+
+namespace glidemap {
+namespace {
+
+class ApplicationLauncherTest : public testing::Test {
+protected:
+    ApplicationLauncherTest() {
+        PrivateBus::instance();
+        folder.clear();
+    }
+
+    // A script that writes what the shell's echo makes of the words.
+    std::string reporting(const std::string& name, const std::string& words) {
+        return folder.script(name, "echo " + words + " >" + pipe.string() + "\n");
+    }
+
+    void launch(const std::string& url) {
+        thread.call([&] { launchApplication(url); });
+    }
+
+    void installAndLaunch(const std::string& identifier, const std::string& keys) {
+        launch("file://" + folder.install(identifier, "Name=Some\n" + keys).string());
+    }
+
+    // Whatever else was launched would have reported before this.
+    void expectNothingElse() {
+        installAndLaunch("last", "Exec=" + reporting("last", "the last") + "\n");
+        EXPECT_EQ(reports.nextLine(), "the last");
+    }
+
+    ApplicationFolder& folder = ApplicationFolder::instance();
+    std::filesystem::path pipe = folder.path() / "reports";
+    LaunchReports reports{pipe};
+    DesktopThread thread;
+};
+
+TEST_F(ApplicationLauncherTest, StartsTheProgramOfTheEntry) {
+    installAndLaunch("tool",
+                     "Exec=" + reporting("tool", "\"$#:$1:$2\"") + " --new \"two words\"\n");
+    EXPECT_EQ(reports.nextLine(), "2:--new:two words");
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, TheEntrysNameIsTheProcesssOwn) {
+    const auto script = reporting(
+        "tool", "\"$GIO_LAUNCHED_DESKTOP_FILE $((GIO_LAUNCHED_DESKTOP_FILE_PID == $$))\"");
+    installAndLaunch("tool", "Exec=" + script + "\n");
+    EXPECT_EQ(reports.nextLine(),
+              (folder.path() / "user/applications/tool.desktop").string() + " 1");
+}
+
+TEST_F(ApplicationLauncherTest, IsNotOurChildAndHasASessionOfItsOwn) {
+    // Behind the name: state, parent, process group, session.
+    installAndLaunch("tool", "Exec=" +
+                                 reporting("tool", "\"$$ $(sed 's/.*) //' /proc/$$/stat | "
+                                                   "cut -d' ' -f2-4)\"") +
+                                 "\n");
+    std::istringstream line(reports.nextLine());
+    pid_t process = 0;
+    pid_t parent = 0;
+    pid_t group = 0;
+    pid_t session = 0;
+    line >> process >> parent >> group >> session;
+    EXPECT_GT(process, 0);
+    EXPECT_NE(parent, getpid());
+    EXPECT_EQ(group, session);
+    EXPECT_NE(session, getsid(0));
+}
+
+TEST_F(ApplicationLauncherTest, HasNoneOfOurDescriptorsAndNoBlockedSignals) {
+    const int ours = open("/dev/null", O_RDONLY); // without close-on-exec
+    sigset_t blocked;
+    sigset_t before;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    sigaddset(&blocked, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &blocked, &before);
+    {
+        DesktopThread inheriting;
+        const auto script = folder.script(
+            "tool", "{ grep SigBlk /proc/$$/status; ls /proc/$$/fd | tr '\\n' ' '; echo; } >" +
+                        pipe.string() + "\n");
+        const auto entry = folder.install("tool", "Name=Some\nExec=" + script.string() + "\n");
+        inheriting.call([&] { launchApplication("file://" + entry.string()); });
+        EXPECT_EQ(reports.nextLine(), "SigBlk:\t0000000000000000");
+        // The usual three, and those of the shell itself: its script and its saved output.
+        EXPECT_THAT(" " + reports.nextLine(),
+                    testing::Not(testing::HasSubstr(" " + std::to_string(ours) + " ")));
+    }
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    close(ours);
+}
+
+TEST_F(ApplicationLauncherTest, WhatCannotBeLaunchedIsNot) {
+    launch("");
+    launch("nonsense");
+    launch("https://example.org/");
+    launch("file:///nowhere/at/all.desktop");
+    launch("file://elsewhere/tmp/a.desktop");
+    launch("file://" + folder.path().string());
+    installAndLaunch("gone", "Exec=/nowhere/gone\n");
+    installAndLaunch("hidden", "Hidden=true\nExec=" + reporting("hidden", "hidden") + "\n");
+    installAndLaunch("linked", "Type=Link\nURL=https://example.org/\n");
+    installAndLaunch("empty", "");
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
+    ServiceDouble application("org.example.My-App");
+    installAndLaunch("org.example.My-App",
+                     "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
+    EXPECT_EQ(application.nextCall(),
+              "/org/example/My_App, org.freedesktop.Application.Activate, (@a{sv} {},)");
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OneThatDBusCannotReachIsStartedAllTheSame) {
+    installAndLaunch("org.example.NoService",
+                     "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
+    EXPECT_EQ(reports.nextLine(), "started");
+
+    ServiceDouble other("org.example.Other", "org.freedesktop.DBus.Error.UnknownMethod");
+    installAndLaunch("org.example.Other",
+                     "DBusActivatable=true\nExec=" + reporting("other", "other") + "\n");
+    EXPECT_EQ(reports.nextLine(), "other");
+
+    installAndLaunch("no-bus-name",
+                     "DBusActivatable=true\nExec=" + reporting("name", "without a name") + "\n");
+    EXPECT_EQ(reports.nextLine(), "without a name");
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OneThatIsSlowToAnswerIsNotStartedTwice) {
+    ServiceDouble slow("org.example.Slow", "org.freedesktop.DBus.Error.NoReply");
+    installAndLaunch("org.example.Slow",
+                     "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
+    slow.nextCall();
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, AURLIsOpenedByTheUsersHandler) {
+    std::ofstream(folder.path() / "config/mimeapps.list")
+        << "[Default Applications]\nx-scheme-handler/https=browser.desktop\n";
+    folder.install("browser", "Name=Browser\nMimeType=x-scheme-handler/https;\nExec=" +
+                                  reporting("browser", "\"$#:$1\"") + " %u\n");
+    const std::string url = "https://example.org/?a=1&b=$(touch%20x);'c'";
+    thread.call([&] { launchHandler(url); });
+    EXPECT_EQ(reports.nextLine(), "1:" + url);
+
+    thread.call([&] {
+        launchHandler("");
+        launchHandler("nonsense");
+        launchHandler("unheard-of:thing");
+    });
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, GetsAUnitOfItsOwnFromSystemd) {
+    ServiceDouble systemd("org.freedesktop.systemd1");
+    installAndLaunch("my-tool", "Exec=" + reporting("tool", "$$") + "\n");
+    const std::string process = reports.nextLine();
+    EXPECT_EQ(systemd.nextCall(),
+              "/org/freedesktop/systemd1, org.freedesktop.systemd1.Manager.StartTransientUnit, "
+              "('app-glidemap-my\\\\x2dtool-" +
+                  process + ".scope', 'fail', [('PIDs', <[uint32 " + process +
+                  "]>), ('Slice', <'app.slice'>), ('CollectMode', <'inactive-or-failed'>)], "
+                  "@a(sa(sv)) [])");
+}
+
+TEST(ApplicationScope, IsNamedForTheApplication) {
+    EXPECT_EQ(scopeName("org.example.App.desktop", 12), "app-glidemap-org.example.App-12.scope");
+    EXPECT_EQ(scopeName("my-tool", 3), "app-glidemap-my\\x2dtool-3.scope");
+    EXPECT_EQ(scopeName("a b/c", 3), "app-glidemap-a\\x20b\\x2fc-3.scope");
+    EXPECT_EQ(scopeName("é", 3), "app-glidemap-\\xc3\\xa9-3.scope");
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,122 @@
+#include "application_folder.h"
+#include "launch_reports.h"
+#include "platform/linux/applications/linux_workspace.h"
+#include "private_bus.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace glidemap {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+WindowIdentity window(const std::string& appID) {
+    return {appID, "", "", std::nullopt};
+}
+
+// Tells what the test wants, or refuses to start.
+class BackendDouble : public WindowBackend {
+public:
+    BackendDouble(std::vector<std::string>& told, std::string called, bool knowsDesktop)
+        : log(told), name(std::move(called)), knows(knowsDesktop) {}
+    ~BackendDouble() override { log.push_back(name + " goes"); }
+
+    bool start(WindowListener& listener) override {
+        log.push_back(name + " starts");
+        if (!knows)
+            return false;
+        listener.windowsChanged({window("editor"), window("my-tool")});
+        listener.activeWindowChanged(window("editor"));
+        return true;
+    }
+
+private:
+    std::vector<std::string>& log;
+    std::string name;
+    bool knows;
+};
+
+class LinuxWorkspaceTest : public testing::Test {
+protected:
+    LinuxWorkspaceTest() {
+        PrivateBus::instance();
+        folder.clear();
+        editor = folder.install("editor", "Name=The Editor\nExec=sh\n");
+    }
+
+    WindowBackendFactory backend(const std::string& name, bool knowsDesktop) {
+        return [this, name, knowsDesktop] {
+            return std::make_unique<BackendDouble>(log, name, knowsDesktop);
+        };
+    }
+
+    ApplicationFolder& folder = ApplicationFolder::instance();
+    std::filesystem::path editor;
+    std::vector<std::string> log;
+    DesktopThread thread;
+};
+
+TEST_F(LinuxWorkspaceTest, TheFirstBackendThatKnowsTheDesktopIsTheOne) {
+    {
+        LinuxWorkspace workspace(
+            thread, {backend("first", false), backend("second", true), backend("third", true)}, {});
+        thread.call([] {});
+        EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts"));
+        EXPECT_EQ(workspace.frontmostApplication().bundleID, "editor");
+        const auto running = workspace.runningApplications();
+        ASSERT_EQ(running.size(), 2U);
+        EXPECT_EQ(running[1], (Application{"my-tool", "My Tool"}));
+    }
+    EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts", "second goes"));
+}
+
+TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {
+    LinuxWorkspace workspace(thread, {backend("only", false)}, {});
+    thread.call([] {});
+    EXPECT_THAT(log, ElementsAre("only starts", "only goes"));
+    EXPECT_EQ(workspace.frontmostApplication(), Application{});
+    EXPECT_THAT(workspace.runningApplications(), IsEmpty());
+    const LinuxWorkspace none(thread, {}, {});
+    EXPECT_EQ(none.frontmostApplication(), Application{});
+}
+
+TEST_F(LinuxWorkspaceTest, AnInstalledApplicationIsItsEntrysFile) {
+    const LinuxWorkspace workspace(thread, {}, {});
+    EXPECT_EQ(workspace.urlForApplication("editor"), "file://" + editor.string());
+    EXPECT_EQ(workspace.urlForApplication("Editor"), std::nullopt);
+    EXPECT_EQ(workspace.urlForApplication("nobody"), std::nullopt);
+    EXPECT_EQ(workspace.urlForApplication(""), std::nullopt);
+    EXPECT_EQ(workspace.urlForApplication("../applications/editor"), std::nullopt);
+    folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
+    EXPECT_EQ(workspace.urlForApplication("hidden"), std::nullopt);
+    folder.install("with space", "Name=Space\nExec=sh\n");
+    EXPECT_EQ(workspace.urlForApplication("with space"),
+              "file://" + (folder.path() / "user/applications/with%20space.desktop").string());
+}
+
+TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
+    LaunchReports reports(folder.path() / "reports");
+    const auto script =
+        folder.script("tool", "echo opened >" + (folder.path() / "reports").string());
+    folder.install("tool", "Name=Tool\nExec=" + script.string() + "\n");
+    LinuxWorkspace workspace(thread, {}, {});
+    const auto url = workspace.urlForApplication("tool");
+    ASSERT_TRUE(url.has_value());
+    workspace.openApplication(*url);
+    EXPECT_EQ(reports.nextLine(), "opened");
+}
+
+TEST_F(LinuxWorkspaceTest, MissionControlIsTheDesktopsOverview) {
+    int shown = 0;
+    LinuxWorkspace workspace(thread, {}, [&shown] { ++shown; });
+    workspace.openMissionControl();
+    EXPECT_EQ(shown, 1);
+    LinuxWorkspace without(thread, {}, {});
+    without.openMissionControl();
+}
+
+} // namespace
+} // namespace glidemap
