@@ -113,7 +113,7 @@ std::ostream& operator<<(std::ostream& stream, const Row& row) {
 
 class AKilledWriter : public testing::TestWithParam<Row> {
 protected:
-    AKilledWriter() : support(GetParam().folder) { store.setBindings(listNumber(0)); }
+    AKilledWriter() : support(GetParam().folder) {}
 
     // How long a change takes on this machine, today.
     Clock::duration timeOfAChange() {
@@ -130,25 +130,38 @@ protected:
         }
     }
 
-    bool writerWasWriting() const { return namesIn(support.folder()).size() > 1; }
+    // A random moment of a change, or, aimed, one at which the writer is seen writing. On a busy
+    // machine it may never be seen, since it does not run while this looks.
+    void waitForTheMoment(bool aimed) {
+        const auto part = [this](double most) {
+            std::uniform_real_distribution<double> distribution(0, most);
+            return std::chrono::duration_cast<Clock::duration>(change * distribution(random));
+        };
+        const auto enough = Clock::now() + 4 * change;
+        while (aimed && !writerIsWriting() && Clock::now() < enough) {
+        }
+        spinUntil(Clock::now() + part(aimed ? 0.2 : 2));
+    }
+
+    bool writerIsWriting() const { return access(temporaryFile.c_str(), F_OK) == 0; }
 
     SupportFolder support;
+    std::filesystem::path temporaryFile = support.folder() / ".bindings.json.saving";
     BindingStore store = support.launch();
+    Clock::duration change = timeOfAChange();
     std::mt19937 random{20240607};
 };
 
 TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
-    std::uniform_real_distribution<double> part(0, 2);
-    const auto whole = timeOfAChange();
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedBeforeSayingSo = 0;
     for (int round = 0; round < GetParam().rounds; ++round) {
         Writer writer(store, number + 1);
         writer.waitForChanges(static_cast<unsigned>(1 + random() % 3));
-        spinUntil(Clock::now() + std::chrono::duration_cast<Clock::duration>(whole * part(random)));
+        waitForTheMoment(round % 2 == 0);
         const unsigned before = number + writer.kill();
-        killedWhileWriting += writerWasWriting() ? 1 : 0;
+        killedWhileWriting += writerIsWriting() ? 1 : 0;
 
         const auto found = numberOf(*support.launch().bindings());
         ASSERT_TRUE(found) << "round " << round << ":\n" << contentOf(support.file());
@@ -159,14 +172,13 @@ TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
     std::cout << GetParam().rounds << " writers killed, " << killedWhileWriting
               << " while writing, " << killedBeforeSayingSo << " just after\n";
     EXPECT_GE(killedWhileWriting, GetParam().rounds / GetParam().writingAtLeastOneOf);
-    EXPECT_GE(killedBeforeSayingSo, 1);
     store.setBindings(listNumber(1));
     EXPECT_EQ(namesIn(support.folder()), std::vector<std::string>{"bindings.json"});
 }
 
 // On a disk most of a change is waiting until it is flushed; in memory most of it is the work.
 INSTANTIATE_TEST_SUITE_P(Of, AKilledWriter,
-                         testing::Values(Row{"aFileOnDisk", "", 800, 10},
+                         testing::Values(Row{"aFileOnDisk", "", 500, 10},
                                          Row{"aFileInMemory", "/dev/shm", 2'500, 100}),
                          [](const auto& row) { return row.param.name; });
 
