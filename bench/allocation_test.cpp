@@ -1,14 +1,18 @@
 // How often the pipeline asks for memory once it has seen a few sessions: at most once a report on
-// the driver's thread, for the report's own copy, and never on the engine's.
+// the driver's thread, for the report's own copy, and never on the engine's, where the bindings are
+// asked, too.
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
+#include "bindings/binding_store.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <ostream>
+#include <string>
 
 namespace glidemap::bench {
 
@@ -119,6 +123,39 @@ TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
     pipeline.forget();
     pipeline.push(fingersAt(5, 0), 1.008);
     EXPECT_LE(pipeline.mostByDriver, 1);
+}
+
+// Both are asked between a gesture and its action.
+TEST(TheStore, AnswersWhatIsBoundAmongAThousandWithoutAllocating) {
+    // No file can be there, and the list stays in memory.
+    BindingStore store([] { return std::filesystem::path("/dev/null"); });
+    BindingList list;
+    for (int number = 0; number < 1'000; ++number) {
+        const bool global = number % 2 == 0;
+        list.push_back({.gesture = allGestureTypes[static_cast<std::size_t>(number) % 48],
+                        .action = LaunchApp{"org.example.desktop.launched.App", "Launched"},
+                        .scope = global ? BindingScope(GlobalScope{})
+                                        : AppScope{"org.example.desktop.frontmost.App" +
+                                                       std::to_string(number % 100),
+                                                   "Frontmost"}});
+    }
+    store.setBindings(list);
+
+    const std::int64_t before = allocationsOfThisThread();
+    int found = 0;
+    for (const GestureType gesture : allGestureTypes) {
+        for (const char* app : {"org.example.desktop.frontmost.App7", "org.example.None"}) {
+            found += store.match(gesture, app) != nullptr ? 1 : 0;
+        }
+        found += store.match(gesture, std::nullopt) != nullptr ? 1 : 0;
+    }
+    int doubleTaps = 0;
+    for (int fingerCount = 1; fingerCount <= 5; ++fingerCount) {
+        doubleTaps += store.doubleTapBindingExists(fingerCount) ? 1 : 0;
+    }
+    EXPECT_EQ(allocationsOfThisThread() - before, 0);
+    EXPECT_GE(found, 48);
+    EXPECT_EQ(doubleTaps, 3);
 }
 
 } // namespace
