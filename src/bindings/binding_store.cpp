@@ -4,7 +4,6 @@
 #include "bindings/binding_json.h"
 #include "bindings/read_file.h"
 
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <system_error>
@@ -14,10 +13,18 @@ namespace glidemap {
 
 namespace {
 
-constexpr int leastDoubleTapFingers = 2;
-constexpr std::array doubleTaps = {GestureType::twoFingerDoubleTap,
-                                   GestureType::threeFingerDoubleTap,
-                                   GestureType::fourFingerDoubleTap};
+std::optional<GestureType> doubleTapOf(int fingerCount) {
+    switch (fingerCount) {
+    case 2:
+        return GestureType::twoFingerDoubleTap;
+    case 3:
+        return GestureType::threeFingerDoubleTap;
+    case 4:
+        return GestureType::fourFingerDoubleTap;
+    default:
+        return std::nullopt;
+    }
+}
 
 // Half a million bindings. What is larger is none of ours, and reading it could take all memory.
 constexpr std::size_t largestFile = 128UL * 1024 * 1024;
@@ -92,11 +99,8 @@ BindingStore::match(GestureType gesture, std::optional<std::string_view> frontmo
 }
 
 bool BindingStore::doubleTapBindingExists(int fingerCount) const {
-    const int place = fingerCount - leastDoubleTapFingers;
-    if (fingerCount < leastDoubleTapFingers || place >= static_cast<int>(doubleTaps.size())) {
-        return false;
-    }
-    return _bindings.get()->hasEnabled(doubleTaps[static_cast<std::size_t>(place)]);
+    const auto gesture = doubleTapOf(fingerCount);
+    return gesture && _bindings.get()->hasEnabled(*gesture);
 }
 
 BindingList defaultBindings() {
