@@ -75,13 +75,16 @@ DriverSession::~DriverSession() {
 }
 
 void DriverSession::setButtonCallback(driver::ButtonCallback callback) {
-    const auto set = reinterpret_cast<driver::SetButtonCallback>(
-        manager.optionalSymbol(driver::setButtonCallbackSymbol));
-    if (set == nullptr) {
-        ADD_FAILURE() << "the driver has no " << driver::setButtonCallbackSymbol;
-        return;
+    const auto set = symbol<driver::SetButtonCallback>(driver::setButtonCallbackSymbol);
+    if (set != nullptr) {
+        set(callback);
     }
-    set(callback);
+}
+
+void* DriverSession::requiredSymbol(const char* name) const {
+    void* const found = manager.optionalSymbol(name);
+    EXPECT_NE(found, nullptr) << "the driver has no " << name;
+    return found;
 }
 
 std::int32_t DriverSession::unreadableTouchpads() const {

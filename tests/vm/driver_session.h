@@ -69,9 +69,18 @@ public:
     DriverSession& operator=(const DriverSession&) = delete;
     ~DriverSession();
 
+    // Stops the touchpads, as the program does at its end.
+    void stop() { manager.stop(); }
+
     bool isRunning() const { return manager.isRunning(); }
     const std::optional<std::string>& loadError() const { return manager.loadError(); }
     std::int32_t unreadableTouchpads() const;
+    // A function that only this driver has; null, and a failure of the test, without it.
+    template <typename Function>
+    Function symbol(const char* name) const {
+        return reinterpret_cast<Function>(requiredSymbol(name));
+    }
+
     // The kernel's numbers of the threads that the driver has started.
     const std::vector<int>& threads() const { return driverThreads; }
 
@@ -99,6 +108,7 @@ public:
     bool releaseReports();
 
 private:
+    void* requiredSymbol(const char* name) const;
     void letGo();
     void report(driver::Device device, const std::vector<MTTouch>& records, double timestamp);
     static void buttonCallback(driver::Device device, std::int32_t button, bool down,

@@ -24,6 +24,8 @@ struct PadAxis {
     std::int32_t maximum = 0;
     std::int32_t flat = 0;
     std::int32_t resolution = 0;
+
+    friend bool operator==(const PadAxis&, const PadAxis&) = default;
 };
 
 // Everything that uinput wants to know. An axis that is not listed does not exist.
@@ -39,12 +41,16 @@ struct PadShape {
 
     std::int32_t slotCount() const; // 0 where the pad knows no slots
     bool described() const { return !name.empty(); }
+
+    friend bool operator==(const PadShape&, const PadShape&) = default;
 };
 
 struct PadEvent {
     std::uint16_t type = 0;
     std::uint16_t code = 0;
     std::int32_t value = 0;
+
+    friend bool operator==(const PadEvent&, const PadEvent&) = default;
 };
 
 // The events between two synchronisations, without the synchronisation itself.

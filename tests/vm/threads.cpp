@@ -39,6 +39,17 @@ std::vector<int> threadsOfProcess() {
     return threads;
 }
 
+std::vector<int> threadsNamed(const std::string& beginning) {
+    std::vector<int> threads = threadsOfProcess();
+    std::erase_if(threads, [&beginning](int thread) {
+        std::ifstream file(ownThread(thread) / "comm");
+        std::string name;
+        std::getline(file, name);
+        return !name.starts_with(beginning);
+    });
+    return threads;
+}
+
 std::int64_t sleepsOf(int thread) {
     const std::string count = statusLine(ownThread(thread), "voluntary_ctxt_switches:");
     return count.empty() ? -1 : std::stoll(count);

@@ -10,6 +10,9 @@ namespace glidemap::vm {
 // The kernel's numbers, ascending.
 std::vector<int> threadsOfProcess();
 
+// Those of this process whose names begin so.
+std::vector<int> threadsNamed(const std::string& beginning);
+
 // How often a thread of this process has gone to sleep by itself: each time it was woken adds one.
 std::int64_t sleepsOf(int thread);
 

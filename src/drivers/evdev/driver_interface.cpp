@@ -5,9 +5,11 @@
 // through with it, and its thread may outlive every moment that could be chosen. Lists live as
 // long.
 
+#include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
 #include "drivers/evdev/touchpad_driver.h"
 #include "drivers/evdev/udev_directory.h"
+#include "drivers/evdev/uinput_clone.h"
 #include "input/touch_driver.h"
 
 #include <memory>
@@ -83,6 +85,18 @@ GLIDEMAP_EXPORT void MTUnregisterContactFrameCallback(driver::Device device,
 
 GLIDEMAP_EXPORT void GlidemapSetButtonCallback(driver::ButtonCallback callback) {
     withoutExceptions([&] { touchpads().setButtonCallback(callback); });
+}
+
+GLIDEMAP_EXPORT void GlidemapSetClickFilter(driver::FilterClick filter, void* context) {
+    withoutExceptions([&] { touchpads().setClickFilter(filter, context); });
+}
+
+GLIDEMAP_EXPORT void GlidemapSwitchClickFilter(bool on) {
+    withoutExceptions([&] { touchpads().switchClickFilter(on); });
+}
+
+GLIDEMAP_EXPORT bool GlidemapCanFilterClicks() {
+    return UinputClone::isPossible();
 }
 
 GLIDEMAP_EXPORT void MTDeviceStart(driver::Device device, std::int32_t /*mode*/) {

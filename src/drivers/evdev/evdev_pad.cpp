@@ -1,15 +1,16 @@
 #include "drivers/evdev/evdev_pad.h"
 
+#include "drivers/evdev/pad_state.h"
+#include "drivers/evdev/uinput_clone.h"
+
 #include <fcntl.h>
 #include <libevdev/libevdev.h>
 #include <sys/ioctl.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <ctime>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -100,30 +101,33 @@ void EvdevPad::describe() {
 // no finger is. Fingers that rest on the pad already count: a click with three fingers is one with
 // three even if they came before the program.
 void EvdevPad::recallState() {
-    static constexpr auto slotAxes =
-        std::to_array<std::uint16_t>({ABS_MT_POSITION_X, ABS_MT_POSITION_Y, ABS_MT_PRESSURE,
-                                      ABS_MT_TOUCH_MAJOR, ABS_MT_TOUCH_MINOR, ABS_MT_ORIENTATION,
-                                      ABS_MT_DISTANCE, ABS_MT_TOOL_TYPE, ABS_MT_TRACKING_ID});
-    static constexpr auto keys = std::to_array<std::uint16_t>(
-        {BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
-         BTN_TOOL_QUINTTAP, BTN_LEFT, BTN_RIGHT, BTN_MIDDLE});
     const double now = monotonicNow();
     for (int slot = 0; slot < pad.slotCount; ++slot) {
-        recall(EV_ABS, ABS_MT_SLOT, slot, now);
-        for (const std::uint16_t code : slotAxes) {
-            if (libevdev_has_event_code(device.get(), EV_ABS, code) != 0) {
-                const auto unsignedSlot = static_cast<unsigned>(slot);
-                recall(EV_ABS, code, libevdev_get_slot_value(device.get(), unsignedSlot, code),
-                       now);
-            }
-        }
-    }
-    for (const std::uint16_t code : keys) {
-        recall(EV_KEY, code, libevdev_get_event_value(device.get(), EV_KEY, code), now);
+        recallSlot(slot, now);
     }
     recall(EV_ABS, ABS_MT_SLOT, libevdev_get_current_slot(device.get()), now);
+    for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
+        if (libevdev_has_event_code(device.get(), EV_ABS, code) != 0) {
+            recall(EV_ABS, code, libevdev_get_event_value(device.get(), EV_ABS, code), now);
+        }
+    }
+    for (std::uint16_t code = 0; code < KEY_CNT; ++code) {
+        if (libevdev_has_event_code(device.get(), EV_KEY, code) != 0) {
+            recall(EV_KEY, code, libevdev_get_event_value(device.get(), EV_KEY, code), now);
+        }
+    }
     recall(EV_SYN, SYN_REPORT, 0, now);
     std::ranges::reverse(recalled);
+}
+
+void EvdevPad::recallSlot(int slot, double time) {
+    recall(EV_ABS, ABS_MT_SLOT, slot, time);
+    for (std::uint16_t code = PadState::firstSlotAxis; code <= PadState::lastSlotAxis; ++code) {
+        if (libevdev_has_event_code(device.get(), EV_ABS, code) != 0) {
+            const auto unsignedSlot = static_cast<unsigned>(slot);
+            recall(EV_ABS, code, libevdev_get_slot_value(device.get(), unsignedSlot, code), time);
+        }
+    }
 }
 
 void EvdevPad::recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time) {
@@ -155,6 +159,26 @@ OpenPad::Read EvdevPad::next(InputEvent& event) {
                                      : (status == -ENODEV ? Read::gone : Read::broken);
         }
     }
+}
+
+bool EvdevPad::hasButtons() const {
+    return libevdev_has_event_code(device.get(), EV_KEY, BTN_LEFT) != 0 ||
+           libevdev_has_event_code(device.get(), EV_KEY, BTN_RIGHT) != 0;
+}
+
+std::optional<double> EvdevPad::grab() {
+    if (ioctl(file.get(), EVIOCGRAB, 1) != 0) {
+        return std::nullopt;
+    }
+    return monotonicNow();
+}
+
+void EvdevPad::ungrab() {
+    ioctl(file.get(), EVIOCGRAB, 0);
+}
+
+std::unique_ptr<PadClone> EvdevPad::makeClone() {
+    return UinputClone::make(*device);
 }
 
 } // namespace glidemap

@@ -1,5 +1,6 @@
 // One touchpad's event node: opened for reading only, described, and read through libevdev, which
-// keeps the state of the slots and finds out what happened when the kernel had to drop events.
+// keeps the state of the slots and finds out what happened when the kernel had to drop events. Its
+// grab and its clone take it out of the system's sight and stand in for it.
 //
 // Units:   event times in seconds of the monotonic clock.
 // Thread:  one at a time.
@@ -11,6 +12,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,10 @@ public:
     int descriptor() const override { return file.get(); }
     const PadDescription& description() const override { return pad; }
     Read next(InputEvent& event) override;
+    bool hasButtons() const override;
+    std::optional<double> grab() override;
+    void ungrab() override;
+    std::unique_ptr<PadClone> makeClone() override;
 
 private:
     struct Free {
@@ -37,6 +43,7 @@ private:
     void settle();
     void describe();
     void recallState();
+    void recallSlot(int slot, double time);
     void recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
 
     FileDescriptor file;

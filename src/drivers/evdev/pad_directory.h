@@ -1,8 +1,9 @@
-// Ports: where the driver finds touchpads, what it reads from one, and how it learns that one may
-// have come back.
+// Ports: where the driver finds touchpads, what it reads from one and how it stands in for it, and
+// how it learns that one may have come back.
 //
-// Thread:  PadDirectory on any thread, one at a time; an OpenPad is made on one and then read and
-//          closed on the reader's; a ReturnWatch is the reader's.
+// Thread:  PadDirectory on any thread, one at a time; an OpenPad and its clone are used on any, one
+//          at a time but for what says otherwise, and the pad is read and closed on the reader's; a
+//          ReturnWatch is the reader's.
 // Errors:  values; nothing throws but for want of memory.
 #pragma once
 
@@ -12,6 +13,8 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -37,6 +40,23 @@ struct PadCandidate {
     bool readable = true; // by this user, as far as can be told without opening it
 };
 
+// A touchpad of the system's that says what it is told, and is like the one that it was made from.
+class PadClone {
+public:
+    PadClone() = default;
+    PadClone(const PadClone&) = delete;
+    PadClone& operator=(const PadClone&) = delete;
+    // The clone is gone then.
+    virtual ~PadClone() = default;
+
+    // A frame with its synchronisation. False if the clone cannot say it any more.
+    virtual bool write(std::span<const InputEvent> frame) = 0;
+
+    // The system takes back whatever the clone holds; no write succeeds any more. On any thread,
+    // also while another one writes.
+    virtual void destroy() = 0;
+};
+
 class OpenPad {
 public:
     enum class Read {
@@ -56,6 +76,18 @@ public:
 
     // The next event, without waiting. The first ones tell what was on the pad when it was opened.
     virtual Read next(InputEvent& event) = 0;
+
+    // Whether it has a left or a right button to press.
+    virtual bool hasButtons() const = 0;
+
+    // From now on nobody else hears the touchpad. Answers when that began, by the events' clock:
+    // what is older was heard by everybody, what is not, here only. Nothing if it cannot be had.
+    virtual std::optional<double> grab() = 0;
+    // On any thread, also while another one reads.
+    virtual void ungrab() = 0;
+
+    // Null if the system does not let this user.
+    virtual std::unique_ptr<PadClone> makeClone() = 0;
 };
 
 class ReturnWatch {

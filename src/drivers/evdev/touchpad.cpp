@@ -37,6 +37,9 @@ void Touchpad::connect(std::unique_ptr<PadConnection> newConnection) {
 
 std::unique_ptr<PadConnection> Touchpad::stop() {
     started = false;
+    if (connection != nullptr) {
+        connection->interception.end();
+    }
     return std::move(connection);
 }
 
@@ -49,14 +52,17 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     while (connection.get() == reading) {
         const OpenPad::Read result = reading->pad->next(event);
         if (result == OpenPad::Read::nothing) {
+            reading->interception.settle();
             return;
         }
         if (result != OpenPad::Read::event) {
             lose(result, buttonCallback);
             return;
         }
+        reading->interception.add(event);
         if (const PadFrame* frame = reading->assembler.handle(event); frame != nullptr) {
             report(*frame, buttonCallback);
+            reading->interception.endFrame(event.time);
         }
     }
 }
@@ -66,6 +72,7 @@ void Touchpad::lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCa
     const std::unique_ptr<PadConnection> lost = std::move(connection);
     broken = reason == OpenPad::Read::broken;
     report(lost->assembler.release(monotonicNow()), buttonCallback);
+    lost->interception.lose();
 }
 
 void Touchpad::report(const PadFrame& frame, const driver::ButtonCallback& buttonCallback) {

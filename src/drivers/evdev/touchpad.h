@@ -10,7 +10,9 @@
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
+#include "drivers/evdev/click_interception.h"
 #include "drivers/evdev/pad_directory.h"
+#include "drivers/evdev/pad_interception.h"
 #include "input/touch_driver.h"
 
 #include <memory>
@@ -23,12 +25,15 @@ namespace glidemap {
 // A touchpad while it is open. Kept until the reader is done with it, even if it was stopped
 // meanwhile.
 struct PadConnection {
-    PadConnection(std::string itsNode, std::unique_ptr<OpenPad> openPad)
-        : node(std::move(itsNode)), pad(std::move(openPad)), assembler(pad->description()) {}
+    PadConnection(std::string itsNode, std::unique_ptr<OpenPad> openPad, driver::Device device,
+                  ClickInterception& clicks)
+        : node(std::move(itsNode)), pad(std::move(openPad)), assembler(pad->description()),
+          interception(device, *pad, clicks) {}
 
     std::string node;
     std::unique_ptr<OpenPad> pad;
     ContactAssembler assembler;
+    PadInterception interception;
     bool fresh = true; // its first events are there without its descriptor being readable
 };
 
@@ -54,7 +59,8 @@ public:
     // would not let the machine rest.
     void somethingHasChanged() { broken = false; }
 
-    // The connection is handed over: its reader may be in the middle of it.
+    // The system has the touchpad back when this returns. The connection is handed over: its reader
+    // may be in the middle of it.
     std::unique_ptr<PadConnection> stop();
 
     // Reports everything that can be read without waiting, until a callback stops this touchpad or

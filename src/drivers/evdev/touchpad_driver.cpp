@@ -1,10 +1,11 @@
 #include "drivers/evdev/touchpad_driver.h"
 
+#include "drivers/evdev/thread_without_signals.h"
+
 #include <pthread.h>
 #include <sys/eventfd.h>
 
 #include <algorithm>
-#include <csignal>
 #include <utility>
 
 namespace glidemap {
@@ -21,22 +22,12 @@ bool isReady(const pollfd& descriptor) {
     return descriptor.revents != 0;
 }
 
-// Signals are for the program's own threads.
-template <typename Function>
-std::thread threadWithoutSignals(Function function) {
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    std::thread thread(std::move(function));
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return thread;
-}
-
 } // namespace
 
-TouchpadDriver::TouchpadDriver(std::unique_ptr<PadDirectory> padDirectory)
-    : directory(std::move(padDirectory)), wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
+TouchpadDriver::TouchpadDriver(std::unique_ptr<PadDirectory> padDirectory,
+                               ForwardingWatchdog::Clock::duration patience)
+    : directory(std::move(padDirectory)), wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
+      clicks(patience, [this] { wakeReader(); }) {}
 
 TouchpadDriver::~TouchpadDriver() {
     for (const auto& touchpad : touchpads) {
@@ -116,6 +107,16 @@ void TouchpadDriver::setButtonCallback(driver::ButtonCallback callback) {
     buttonCallback = callback;
 }
 
+void TouchpadDriver::setClickFilter(driver::FilterClick filter, void* context) {
+    const Lock lock(mutex);
+    clicks.setFilter(filter, context);
+}
+
+void TouchpadDriver::switchClickFilter(bool on) {
+    const Lock lock(mutex);
+    clicks.switchOn(on);
+}
+
 // Opened before this returns: what is touched from now on is reported.
 void TouchpadDriver::start(driver::Device device) {
     const Lock lock(mutex);
@@ -171,7 +172,8 @@ void TouchpadDriver::connect(Touchpad& touchpad) {
             continue;
         }
         if (auto pad = directory->open(candidate); pad != nullptr) {
-            touchpad.connect(std::make_unique<PadConnection>(candidate.node, std::move(pad)));
+            touchpad.connect(
+                std::make_unique<PadConnection>(candidate.node, std::move(pad), &touchpad, clicks));
             return;
         }
     }
@@ -195,6 +197,7 @@ void TouchpadDriver::wakeReader() const {
 void TouchpadDriver::runReader() {
     pthread_setname_np(pthread_self(), "glidemap-evdev");
     for (;;) {
+        clicks.watchdog().work(); // waiting for the lock is part of it
         {
             const Lock lock(mutex);
             serve();
@@ -204,9 +207,11 @@ void TouchpadDriver::runReader() {
                 descriptors.clear();
                 polled.clear();
                 readerRuns = false;
+                clicks.watchdog().rest(false);
                 return;
             }
             collectDescriptors();
+            clicks.watchdog().rest(anyForwardedIsTouched());
         }
         poll(descriptors.data(), descriptors.size(), -1);
     }
@@ -214,6 +219,9 @@ void TouchpadDriver::runReader() {
 
 void TouchpadDriver::serve() {
     readReady();
+    if (clicks.takeChange()) {
+        readConnected(); // which takes them or gives them back
+    }
     while (lookAgain) {
         lookAgain = false;
         updateWatch(); // before looking, so that no return falls between the two
@@ -258,6 +266,20 @@ void TouchpadDriver::readFresh() {
             read(*touchpads[index]);
         }
     }
+}
+
+void TouchpadDriver::readConnected() {
+    // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
+    for (std::size_t index = 0; index < touchpads.size(); ++index) {
+        read(*touchpads[index]);
+    }
+}
+
+bool TouchpadDriver::anyForwardedIsTouched() const {
+    return std::ranges::any_of(touchpads, [](const auto& touchpad) {
+        const PadConnection* connection = touchpad->connected();
+        return connection != nullptr && connection->interception.isTouched();
+    });
 }
 
 void TouchpadDriver::updateWatch() {

@@ -3,7 +3,8 @@
 //   caller                                 reader thread (while a touchpad is started)
 //   createList  ─ finds the touchpads      sleeps until a touchpad has events, one that waits may
 //   start, stop ─ wakes the reader ──────▶ have returned, or it is woken; never on a time-out
-//                                          └▶ contact callback, button callback
+//                                          └▶ contact callback, button callback, click filter,
+//                                             then the touchpad's clone is told
 //
 // While a touchpad is away, and only then, the reader also watches for its return.
 //
@@ -14,6 +15,8 @@
 // Errors:  a touchpad that cannot be opened is not in the list, or is waited for once started.
 #pragma once
 
+#include "drivers/evdev/click_filter.h"
+#include "drivers/evdev/click_interception.h"
 #include "drivers/evdev/file_descriptor.h"
 #include "drivers/evdev/pad_directory.h"
 #include "drivers/evdev/touchpad.h"
@@ -31,7 +34,9 @@ namespace glidemap {
 
 class TouchpadDriver {
 public:
-    explicit TouchpadDriver(std::unique_ptr<PadDirectory> directory);
+    explicit TouchpadDriver(
+        std::unique_ptr<PadDirectory> directory,
+        ForwardingWatchdog::Clock::duration patience = ForwardingWatchdog::defaultPatience);
     TouchpadDriver(const TouchpadDriver&) = delete;
     TouchpadDriver& operator=(const TouchpadDriver&) = delete;
 
@@ -48,6 +53,8 @@ public:
     void addCallback(driver::Device device, driver::ContactCallback callback);
     void removeCallback(driver::Device device, driver::ContactCallback callback);
     void setButtonCallback(driver::ButtonCallback callback);
+    void setClickFilter(driver::FilterClick filter, void* context);
+    void switchClickFilter(bool on);
     void start(driver::Device device);
     void stop(driver::Device device);
 
@@ -63,10 +70,12 @@ private:
 
     void launchReader();
     void wakeReader() const;
+    bool anyForwardedIsTouched() const;
     void runReader();
     void serve();
     void readReady();
     void readFresh();
+    void readConnected();
     void read(Touchpad& touchpad);
     void updateWatch();
     void reconnect();
@@ -77,6 +86,7 @@ private:
     const FileDescriptor wakeUp;
 
     mutable std::recursive_mutex mutex;
+    ClickInterception clicks; // before the touchpads, which use it
     std::vector<std::unique_ptr<Touchpad>> touchpads;
     std::int32_t unreadable = 0;
     driver::ButtonCallback buttonCallback = nullptr;

@@ -4,6 +4,7 @@
 #include "drivers/evdev/evdev_pad.h"
 #include "drivers/evdev/udev_handles.h"
 #include "drivers/evdev/udev_watch.h"
+#include "drivers/evdev/uinput_clone.h"
 
 #include <fcntl.h>
 #include <linux/input-event-codes.h>
@@ -57,7 +58,8 @@ std::optional<NumberedCandidate> candidate(udev_device* event) {
     // What describes a touchpad belongs to the input device, of which the event node is a child.
     udev_device* device = udev_device_get_parent_with_subsystem_devtype(event, "input", nullptr);
     const char* node = udev_device_get_devnode(event);
-    if (device == nullptr || node == nullptr || !isMultitouchPad(device)) {
+    if (device == nullptr || node == nullptr || !isMultitouchPad(device) ||
+        UinputClone::isCloneAt(attribute(device, "phys"))) {
         return std::nullopt;
     }
     const bool readable = faccessat(AT_FDCWD, node, R_OK, AT_EACCESS) == 0;

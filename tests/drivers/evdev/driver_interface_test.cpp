@@ -1,5 +1,6 @@
 // The library as a program meets it: opened by path, known by its symbols.
 
+#include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
 #include "input/touch_driver.h"
 
@@ -25,7 +26,9 @@ TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
          {driver::createListSymbol, driver::registerCallbackSymbol,
           driver::unregisterCallbackSymbol, driver::startSymbol, driver::stopSymbol,
           driver::listCountSymbol, driver::listValueAtIndexSymbol, driver::setButtonCallbackSymbol,
-          driver::unreadableTouchpadCountSymbol, driver::deviceNameSymbol}) {
+          driver::unreadableTouchpadCountSymbol, driver::deviceNameSymbol,
+          driver::setClickFilterSymbol, driver::switchClickFilterSymbol,
+          driver::canFilterClicksSymbol}) {
         EXPECT_NE(dlsym(handle, name), nullptr) << name;
     }
 }

@@ -6,6 +6,7 @@
 
 #include "drivers/evdev/file_descriptor.h"
 #include "drivers/evdev/pad_directory.h"
+#include "fake_clone.h"
 
 #include <linux/input.h>
 #include <sys/eventfd.h>
@@ -28,6 +29,10 @@ public:
     FakeStream() : ready(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
 
     int descriptor() const { return ready.get(); }
+
+    // What others have of this pad.
+    const std::shared_ptr<FakeSystem>& system() const { return outside; }
+    bool hasButtons = true;
 
     void send(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
@@ -54,6 +59,7 @@ public:
     }
 
 private:
+    const std::shared_ptr<FakeSystem> outside = std::make_shared<FakeSystem>();
     FileDescriptor ready;
     std::mutex mutex;
     std::deque<InputEvent> waiting;
@@ -71,6 +77,13 @@ public:
     int descriptor() const override { return stream->descriptor(); }
     const PadDescription& description() const override { return pad; }
     Read next(InputEvent& event) override { return stream->next(event); }
+    bool hasButtons() const override { return stream->hasButtons; }
+    std::optional<double> grab() override { return stream->system()->grab(); }
+    void ungrab() override { stream->system()->ungrab(); }
+    std::unique_ptr<PadClone> makeClone() override {
+        return stream->system()->makeClone() ? std::make_unique<FakeClone>(stream->system())
+                                             : nullptr;
+    }
 
 private:
     std::shared_ptr<FakeStream> stream;

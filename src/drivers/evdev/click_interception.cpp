@@ -1,0 +1,41 @@
+#include "drivers/evdev/click_interception.h"
+
+#include <utility>
+
+namespace glidemap {
+
+ClickInterception::ClickInterception(ForwardingWatchdog::Clock::duration patience,
+                                     std::function<void()> wake)
+    : wakeReader(std::move(wake)), dog(patience, wakeReader) {}
+
+void ClickInterception::setFilter(driver::FilterClick newFilter, void* newContext) {
+    filter = newFilter;
+    context = newContext;
+    hasChanged = true;
+    wakeReader();
+}
+
+void ClickInterception::switchOn(bool on) {
+    isOn = on;
+    attempts += on ? 1 : 0;
+    hasChanged = true;
+    wakeReader();
+}
+
+bool ClickInterception::drops(driver::Device device, std::int32_t button, bool down) {
+    const std::int32_t event = down ? driver::clickFilterButtonDown : driver::clickFilterButtonUp;
+    return isWanted() && filter(context, device, event, button);
+}
+
+void ClickInterception::noticeStall() {
+    const auto device = dog.takeStall();
+    if (!device.has_value()) {
+        return;
+    }
+    isOn = false;
+    if (filter != nullptr) {
+        filter(context, *device, driver::clickFilterDisabledByTimeout, 0);
+    }
+}
+
+} // namespace glidemap

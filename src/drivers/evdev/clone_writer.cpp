@@ -1,0 +1,108 @@
+#include "drivers/evdev/clone_writer.h"
+
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// More than any touchpad says at once.
+constexpr std::size_t largeFrame = 256;
+
+// A clone's own events have no time of the touchpad's; the kernel then takes its own.
+constexpr double timeOfWriting = 0;
+
+bool isLanding(const InputEvent& event) {
+    return event.type == EV_ABS && event.code == ABS_MT_TRACKING_ID && event.value >= 0;
+}
+
+} // namespace
+
+CloneWriter::CloneWriter(std::unique_ptr<PadClone> clone, std::int32_t slotCount)
+    : device(std::move(clone)), held(slotCount) {
+    output.reserve(largeFrame);
+}
+
+bool CloneWriter::forward(std::span<const InputEvent> frame, std::int32_t slotBefore,
+                          const PadState& source, double time) {
+    if (frame.empty()) {
+        return true;
+    }
+    choose(slotBefore, time);
+    for (const InputEvent& event : frame) {
+        say(event);
+    }
+    completeLandings(frame, slotBefore, source, time);
+    return writeFrame(time);
+}
+
+void CloneWriter::say(const InputEvent& event) {
+    held.apply(event);
+    output.push_back(event);
+}
+
+void CloneWriter::completeLandings(std::span<const InputEvent> frame, std::int32_t slotBefore,
+                                   const PadState& source, double time) {
+    std::int32_t slot = slotBefore;
+    bool landed = false;
+    for (const InputEvent& event : frame) {
+        if (event.type == EV_ABS && event.code == ABS_MT_SLOT) {
+            slot = event.value;
+        } else if (isLanding(event) && slot >= 0 && slot < source.slotCount()) {
+            completeSlot(slot, source, time);
+            landed = true;
+        }
+    }
+    if (landed) {
+        completeAxes(source, time);
+    }
+}
+
+void CloneWriter::completeSlot(std::int32_t slot, const PadState& source, double time) {
+    for (std::uint16_t code = PadState::firstSlotAxis; code <= PadState::lastSlotAxis; ++code) {
+        const std::int32_t value = source.slotValue(slot, code);
+        if (held.slotValue(slot, code) != value) {
+            choose(slot, time);
+            say({time, EV_ABS, code, value});
+        }
+    }
+}
+
+// What the touchpad says of all fingers together, for those who do not tell them apart.
+void CloneWriter::completeAxes(const PadState& source, double time) {
+    for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
+        if (held.axis(code) != source.axis(code)) {
+            say({time, EV_ABS, code, source.axis(code)});
+        }
+    }
+}
+
+void CloneWriter::choose(std::int32_t slot, double time) {
+    if (held.slot() != slot) {
+        say({time, EV_ABS, ABS_MT_SLOT, slot});
+    }
+}
+
+bool CloneWriter::releaseAll() {
+    for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {
+        if (held.isDown(slot)) {
+            choose(slot, timeOfWriting);
+            say({timeOfWriting, EV_ABS, ABS_MT_TRACKING_ID, -1});
+        }
+    }
+    for (std::uint16_t key = 0; key < KEY_CNT; ++key) {
+        if (held.isPressed(key)) {
+            say({timeOfWriting, EV_KEY, key, 0});
+        }
+    }
+    return output.empty() || writeFrame(timeOfWriting);
+}
+
+bool CloneWriter::writeFrame(double time) {
+    output.push_back({time, EV_SYN, SYN_REPORT, 0});
+    const bool written = device->write(output);
+    output.clear();
+    return written;
+}
+
+} // namespace glidemap

@@ -1,0 +1,187 @@
+#include "drivers/evdev/uinput_clone.h"
+
+#include "drivers/evdev/udev_handles.h"
+
+#include <fcntl.h>
+#include <libevdev/libevdev.h>
+#include <linux/uinput.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* uinputNode = "/dev/uinput";
+
+// Real devices name a bus and a port.
+constexpr std::string_view clonePath = "glidemap/clone/";
+
+// More than any touchpad says at once.
+constexpr std::size_t largeFrame = 256;
+
+FileDescriptor openUinput() {
+    return FileDescriptor(::open(uinputNode, O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+}
+
+bool has(const libevdev* source, unsigned type, unsigned code) {
+    return libevdev_has_event_code(source, type, code) != 0;
+}
+
+// Every code of the type that the source has.
+bool declareCodes(int file, const libevdev* source, unsigned type, unsigned long request) {
+    if (libevdev_has_event_type(source, type) == 0) {
+        return true;
+    }
+    if (ioctl(file, UI_SET_EVBIT, type) != 0) {
+        return false;
+    }
+    for (int code = 0; code <= libevdev_event_type_get_max(type); ++code) {
+        if (has(source, type, static_cast<unsigned>(code)) && ioctl(file, request, code) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The device that the source's descriptor belongs to, as udev knows it.
+UdevHandle<udev_device> udevDeviceOf(udev* context, const libevdev* source) {
+    struct stat status {};
+    if (context == nullptr || fstat(libevdev_get_fd(source), &status) != 0) {
+        return nullptr;
+    }
+    return UdevHandle<udev_device>(udev_device_new_from_devnum(context, 'c', status.st_rdev));
+}
+
+// What the axis jitters by. The kernel takes that out of what a device says, and it has done so
+// when the source spoke: doing it again would thin out the motion, so the clone has none. Where
+// libinput is at home it does that itself, to every device, and the kernel's value has moved into a
+// property of udev's; the clone then starts with that value, for the same to happen to it.
+std::int32_t fuzzOf(udev_device* device, unsigned code) {
+    std::array<char, 32> property{};
+    std::snprintf(property.data(), property.size(), "LIBINPUT_FUZZ_%02x", code);
+    const char* value =
+        device != nullptr ? udev_device_get_property_value(device, property.data()) : nullptr;
+    return value != nullptr ? static_cast<std::int32_t>(std::strtol(value, nullptr, 10)) : 0;
+}
+
+bool declareAxes(int file, const libevdev* source) {
+    if (ioctl(file, UI_SET_EVBIT, EV_ABS) != 0) {
+        return false;
+    }
+    const UdevHandle<udev> context(udev_new());
+    const UdevHandle<udev_device> device = udevDeviceOf(context.get(), source);
+    for (unsigned code = 0; code < ABS_CNT; ++code) {
+        const input_absinfo* info = libevdev_get_abs_info(source, code);
+        if (info == nullptr) {
+            continue;
+        }
+        uinput_abs_setup setup{};
+        setup.code = static_cast<__u16>(code);
+        setup.absinfo = *info;
+        setup.absinfo.value = 0; // as CloneWriter takes it to be
+        setup.absinfo.fuzz = fuzzOf(device.get(), code);
+        if (ioctl(file, UI_ABS_SETUP, &setup) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool declareProperties(int file, const libevdev* source) {
+    for (unsigned property = 0; property < INPUT_PROP_CNT; ++property) {
+        if (libevdev_has_property(source, property) != 0 &&
+            ioctl(file, UI_SET_PROPBIT, property) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool declareIdentity(int file, const libevdev* source) {
+    uinput_setup setup{};
+    setup.id = {static_cast<__u16>(libevdev_get_id_bustype(source)),
+                static_cast<__u16>(libevdev_get_id_vendor(source)),
+                static_cast<__u16>(libevdev_get_id_product(source)),
+                static_cast<__u16>(libevdev_get_id_version(source))};
+    const std::string name = libevdev_get_name(source);
+    name.copy(setup.name, sizeof setup.name - 1);
+    const char* phys = libevdev_get_phys(source);
+    const std::string path = std::string(clonePath) + (phys != nullptr ? phys : "");
+    return ioctl(file, UI_SET_PHYS, path.c_str()) == 0 && ioctl(file, UI_DEV_SETUP, &setup) == 0;
+}
+
+bool declare(int file, const libevdev* source) {
+    return declareCodes(file, source, EV_KEY, UI_SET_KEYBIT) &&
+           declareCodes(file, source, EV_REL, UI_SET_RELBIT) &&
+           declareCodes(file, source, EV_MSC, UI_SET_MSCBIT) && declareAxes(file, source) &&
+           declareProperties(file, source) && declareIdentity(file, source);
+}
+
+// With the time of the source's event: the kernel hands that on to those who read the clone. It
+// takes its own where there is none.
+input_event kernelEvent(const InputEvent& event) {
+    constexpr long long microseconds = 1000000;
+    const long long time = std::llround(event.time * 1e6);
+    input_event result{};
+    result.input_event_sec = time / microseconds;
+    result.input_event_usec = time % microseconds;
+    result.type = event.type;
+    result.code = event.code;
+    result.value = event.value;
+    return result;
+}
+
+} // namespace
+
+std::unique_ptr<PadClone> UinputClone::make(const libevdev& source) {
+    FileDescriptor file = openUinput();
+    if (!file.isOpen() || !declare(file.get(), &source) || ioctl(file.get(), UI_DEV_CREATE) != 0) {
+        return nullptr;
+    }
+    return std::unique_ptr<PadClone>(new UinputClone(std::move(file)));
+}
+
+bool UinputClone::isPossible() {
+    return openUinput().isOpen();
+}
+
+bool UinputClone::isCloneAt(std::string_view physicalPath) {
+    return physicalPath.starts_with(clonePath);
+}
+
+UinputClone::UinputClone(FileDescriptor created) : file(std::move(created)) {
+    buffer.reserve(largeFrame);
+}
+
+UinputClone::~UinputClone() {
+    destroy();
+}
+
+// In one piece: a frame is never seen in halves, and costs one call.
+bool UinputClone::write(std::span<const InputEvent> frame) {
+    buffer.clear();
+    for (const InputEvent& event : frame) {
+        buffer.push_back(kernelEvent(event));
+    }
+    const std::size_t size = buffer.size() * sizeof(input_event);
+    ssize_t written = -1;
+    do {
+        written = ::write(file.get(), buffer.data(), size);
+    } while (written < 0 && errno == EINTR);
+    return written == static_cast<ssize_t>(size);
+}
+
+void UinputClone::destroy() {
+    ioctl(file.get(), UI_DEV_DESTROY);
+}
+
+} // namespace glidemap

@@ -1,0 +1,153 @@
+// What the system has of one touchpad: whether it may listen to it, and the clone that speaks
+// instead, as far as there is one.
+//
+// Thread:  any; the test's, the reader's and the watchdog's meet here.
+#pragma once
+
+#include "drivers/evdev/pad_directory.h"
+
+#include <linux/input.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap::test {
+
+// "3:57=4" for an event, " " between those of a frame, without its synchronisation.
+inline std::string textOf(std::span<const InputEvent> frame) {
+    std::string text;
+    for (const InputEvent& event : frame) {
+        if (event.type != EV_SYN) {
+            text += (text.empty() ? "" : " ") + std::to_string(event.type) + ":" +
+                    std::to_string(event.code) + "=" + std::to_string(event.value);
+        }
+    }
+    return text;
+}
+
+class FakeSystem {
+public:
+    static constexpr std::chrono::seconds limit{20};
+
+    // What the user may do; changed by the test.
+    void allowClones(bool allowed) {
+        set([&] { clonesAllowed = allowed; });
+    }
+    void letOthersGrab(bool theyDo) {
+        set([&] { grabbedByOthers = theyDo; });
+    }
+    void breakClone() {
+        set([&] { cloneBroken = true; });
+    }
+    void setTime(double time) {
+        set([&] { now = time; });
+    }
+
+    // The driver's side.
+    std::optional<double> grab() {
+        const std::lock_guard lock(mutex);
+        if (grabbedByOthers) {
+            return std::nullopt;
+        }
+        note("grab");
+        grabbed = true;
+        return now;
+    }
+    void ungrab() {
+        const std::lock_guard lock(mutex);
+        if (std::exchange(grabbed, false)) {
+            note("ungrab");
+        }
+    }
+    bool makeClone() {
+        const std::lock_guard lock(mutex);
+        if (clonesAllowed) {
+            note("clone");
+            cloneAlive = true;
+            cloneBroken = false;
+        }
+        return clonesAllowed;
+    }
+    bool write(std::span<const InputEvent> frame) {
+        const std::lock_guard lock(mutex);
+        if (!cloneAlive || cloneBroken) {
+            return false;
+        }
+        note(textOf(frame));
+        lastTime = frame.back().time;
+        return frame.back().type == EV_SYN && frame.back().code == SYN_REPORT;
+    }
+    void destroyClone() {
+        const std::lock_guard lock(mutex);
+        if (std::exchange(cloneAlive, false)) {
+            note("destroy");
+        }
+    }
+
+    // Everything that happened, in order: "clone", "grab", the frames, "ungrab", "destroy".
+    std::vector<std::string> journal() const {
+        const std::lock_guard lock(mutex);
+        return entries;
+    }
+    // Waits for so many entries, and answers them all.
+    std::vector<std::string> wait(std::size_t count) const {
+        std::unique_lock lock(mutex);
+        changed.wait_for(lock, limit, [&] { return entries.size() >= count; });
+        return entries;
+    }
+    bool waitUntilGrabbed(bool expected) const {
+        std::unique_lock lock(mutex);
+        return changed.wait_for(lock, limit, [&] { return grabbed == expected; });
+    }
+    bool isGrabbed() const {
+        const std::lock_guard lock(mutex);
+        return grabbed;
+    }
+    double timeOfLastFrame() const {
+        const std::lock_guard lock(mutex);
+        return lastTime;
+    }
+
+private:
+    template <typename Function>
+    void set(Function function) {
+        const std::lock_guard lock(mutex);
+        function();
+    }
+    void note(std::string entry) {
+        entries.push_back(std::move(entry));
+        changed.notify_all();
+    }
+
+    mutable std::mutex mutex;
+    mutable std::condition_variable changed;
+    bool clonesAllowed = true;
+    bool grabbedByOthers = false;
+    bool cloneBroken = false;
+    bool cloneAlive = false;
+    bool grabbed = false;
+    double now = 0;
+    double lastTime = 0;
+    std::vector<std::string> entries;
+};
+
+class FakeClone : public PadClone {
+public:
+    explicit FakeClone(std::shared_ptr<FakeSystem> itsSystem) : system(std::move(itsSystem)) {}
+    ~FakeClone() override { system->destroyClone(); }
+
+    bool write(std::span<const InputEvent> frame) override { return system->write(frame); }
+    void destroy() override { system->destroyClone(); }
+
+private:
+    std::shared_ptr<FakeSystem> system;
+};
+
+} // namespace glidemap::test

@@ -1,0 +1,51 @@
+// A program that is killed while it holds a touchpad: the kernel takes back what it held.
+
+#include "forwarded_pad.h"
+#include "input_devices.h"
+#include "process.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <iostream>
+
+namespace glidemap::vm {
+namespace {
+
+constexpr const char* holding = "holds the touchpad";
+
+// Run by the test below in a process of its own: holds the touchpads that there are until it is
+// killed.
+TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
+    DriverSession session;
+    ClickFilterSession filter(session);
+    filter.switchOn(true);
+    session.waitUntilAsleep();
+    std::cout << holding << std::endl;
+    for (;;) {
+        pause();
+    }
+}
+
+TEST(CloneEndTest, AKilledProgramGivesTheTouchpadBackInTheMiddleOfATouch) {
+    VirtualPad pad(ordinaryPad());
+    EventReader others(pad.node());
+    const std::string self = std::filesystem::read_symlink("/proc/self/exe");
+    Process program({self, "--gtest_also_run_disabled_tests",
+                     "--gtest_filter=HoldingProgram.DISABLED_HoldsTheTouchpads"});
+    ASSERT_TRUE(program.waitForOutput(holding));
+    EventReader clone(waitForClone());
+    pad.write(together({fingerDown(0, 7, 1000, 500), {leftDown}}));
+    EXPECT_TRUE(contains(clone.readUntil(leftDown), leftDown));
+    EXPECT_TRUE(others.isQuiet());
+
+    program.send(SIGKILL);
+    EXPECT_TRUE(program.waitForEnd());
+    EXPECT_TRUE(clone.waitUntilGone());
+    EXPECT_TRUE(waitForCloneCount(0));
+    pad.write(fingerMove(0, 1100, 500));
+    EXPECT_TRUE(contains(others.read(), {EV_ABS, ABS_MT_POSITION_X, 1100}));
+}
+
+} // namespace
+} // namespace glidemap::vm

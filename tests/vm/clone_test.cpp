@@ -1,0 +1,352 @@
+// A touchpad whose clicks are filtered: the system hears its clone, which says everything that the
+// touchpad says, but for the clicks that were taken out.
+
+#include "deadline.h"
+#include "forwarded_pad.h"
+#include "input_devices.h"
+#include "process.h"
+#include "threads.h"
+#include "unprivileged.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/input.h>
+#include <sched.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cmath>
+#include <csignal>
+#include <map>
+#include <memory>
+
+namespace glidemap::vm {
+namespace {
+
+constexpr std::int32_t down = driver::clickFilterButtonDown;
+constexpr std::int32_t up = driver::clickFilterButtonUp;
+
+TEST(CloneTest, AClickOfTwoFingersIsTakenOutWithItsReleaseAndTheTouchesStay) {
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600)}));
+    pad.write(together({fingerMove(0, 1010, 500), {leftDown}}));
+    pad.write({leftUp});
+    pad.write(together({fingerUp(0), fingerUp(1)}));
+
+    EXPECT_EQ(framesWithoutMarker(forwarded.readClone()),
+              (std::vector<EventFrame>{
+                  together({{{EV_ABS, ABS_MT_TRACKING_ID, 7},
+                             {EV_ABS, ABS_MT_POSITION_X, 1000},
+                             {EV_ABS, ABS_MT_POSITION_Y, 500}},
+                            fingerDown(1, 8, 2000, 600)}),
+                  {{EV_ABS, ABS_MT_SLOT, 0}, {EV_ABS, ABS_MT_POSITION_X, 1010}},
+                  together({{{EV_ABS, ABS_MT_TRACKING_ID, -1}}, fingerUp(1)}),
+              }));
+    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}, {up, 0, 2}}));
+    EXPECT_TRUE(forwarded.others.isQuiet());
+}
+
+TEST(CloneTest, AClickOfOneFingerPasses) {
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    pad.write(together({fingerDown(0, 7, 1000, 500), {leftDown}}));
+    pad.write({leftUp});
+    pad.write(fingerUp(0));
+
+    EXPECT_EQ(framesWithoutMarker(forwarded.readClone()), (std::vector<EventFrame>{
+                                                              {{EV_ABS, ABS_MT_TRACKING_ID, 7},
+                                                               {EV_ABS, ABS_MT_POSITION_X, 1000},
+                                                               {EV_ABS, ABS_MT_POSITION_Y, 500},
+                                                               leftDown},
+                                                              {leftUp},
+                                                              {{EV_ABS, ABS_MT_TRACKING_ID, -1}},
+                                                          }));
+    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 1}, {up, 0, 1}}));
+}
+
+TEST(CloneTest, TheRightButtonIsFilteredLikeTheLeft) {
+    PadShape shape = ordinaryPad();
+    shape.keys.insert(BTN_RIGHT);
+    ForwardedPad forwarded(shape);
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600)}));
+    pad.write({{EV_KEY, BTN_RIGHT, 1}});
+    pad.write({{EV_KEY, BTN_RIGHT, 0}});
+    const auto frames = forwarded.readClone();
+    EXPECT_FALSE(contains(frames, {EV_KEY, BTN_RIGHT, 1}));
+    EXPECT_FALSE(contains(frames, {EV_KEY, BTN_RIGHT, 0}));
+    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 1, 2}, {up, 1, 2}}));
+}
+
+// A kernel from 6.6 on hands on the time that it is given with an event; an older one takes its own,
+// which is a little later.
+TEST(CloneTest, TheFramesOfTheCloneAreInTheOrderAndAtTheTimesOfTheTouchpads) {
+    constexpr std::int32_t steps = 20;
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    forwarded.pad.write(fingerDown(0, 7, 1000, 500));
+    for (std::int32_t step = 1; step < steps; ++step) {
+        forwarded.pad.write(fingerMove(0, 1000 + step, 500));
+    }
+    const auto frames = forwarded.readClone();
+    const auto reports = forwarded.session.seen().reports;
+    ASSERT_EQ(reports.size(), std::size_t{steps});
+    ASSERT_GE(frames.size(), reports.size());
+    std::int64_t before = 0;
+    for (std::size_t index = 0; index < reports.size(); ++index) {
+        const std::int64_t spoken = std::llround(reports[index].timestamp * 1e6);
+        EXPECT_EQ(frames[index].events.back().value, index == 0 ? 500 : 1000 + std::int32_t(index));
+        EXPECT_GE(frames[index].time, std::max(spoken, before));
+        EXPECT_LT(frames[index].time, spoken + 1000000);
+        before = frames[index].time;
+    }
+}
+
+TEST(CloneTest, SwitchedOnWhileAFingerRestsItWaitsUntilTheFingerLeaves) {
+    ForwardedPad forwarded;
+    auto& pad = forwarded.pad;
+    pad.write(fingerDown(0, 7, 1000, 500));
+    forwarded.session.settle(pad);
+    forwarded.switchOn();
+    pad.write(together({fingerDown(1, 8, 2000, 600), {leftDown}}));
+    pad.write({leftUp});
+    pad.write(together({fingerUp(0), fingerUp(1)}));
+    EXPECT_TRUE(contains(forwarded.others.readUntil(leftUp), leftDown));
+    forwarded.session.waitUntilAsleep();
+    EXPECT_TRUE(forwarded.filter.asked().empty());
+    EXPECT_TRUE(forwarded.clone->isQuiet());
+    forwarded.others.read(); // the fingers that left
+
+    // It landed where its slot last was, so the touchpad says nothing of where that is.
+    pad.write(fingerDown(0, 9, 1000, 500));
+    EXPECT_EQ(framesWithoutMarker(forwarded.readClone()),
+              (std::vector<EventFrame>{{{EV_ABS, ABS_MT_TRACKING_ID, 9},
+                                        {EV_ABS, ABS_MT_POSITION_X, 1000},
+                                        {EV_ABS, ABS_MT_POSITION_Y, 500}}}));
+    EXPECT_TRUE(forwarded.others.isQuiet());
+}
+
+TEST(CloneTest, SwitchedOnWhileAButtonIsHeldItWaitsUntilThatIsReleased) {
+    ForwardedPad forwarded;
+    auto& pad = forwarded.pad;
+    pad.write({leftDown});
+    forwarded.session.settle(pad);
+    forwarded.switchOn();
+    pad.write(fingerDown(0, 7, 1000, 500));
+    pad.write(fingerUp(0));
+    pad.write({leftUp});
+    EXPECT_TRUE(contains(forwarded.others.readUntil(leftUp), {EV_ABS, ABS_MT_TRACKING_ID, -1}));
+    forwarded.session.waitUntilAsleep();
+    pad.write(fingerDown(0, 8, 1100, 500));
+    EXPECT_TRUE(contains(forwarded.readClone(), {EV_ABS, ABS_MT_TRACKING_ID, 8}));
+    EXPECT_TRUE(forwarded.others.isQuiet());
+}
+
+TEST(CloneTest, SwitchedOffTheTouchpadIsGivenBackWhenTheFingerHasLeft) {
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    pad.write(fingerDown(0, 7, 1000, 500));
+    forwarded.readClone();
+    forwarded.switchOff();
+    pad.write(together({fingerDown(1, 8, 2000, 600), {leftDown}}));
+    const auto stillForwarded = forwarded.readClone();
+    EXPECT_TRUE(contains(stillForwarded, leftDown)) << "the filter is off";
+    EXPECT_TRUE(forwarded.filter.asked().empty());
+    pad.write({leftUp});
+    EXPECT_TRUE(contains(forwarded.readClone(), leftUp));
+    EXPECT_TRUE(forwarded.others.isQuiet());
+
+    pad.write(together({fingerUp(0), fingerUp(1)}));
+    EXPECT_TRUE(forwarded.clone->waitUntilGone());
+    forwarded.session.waitUntilAsleep();
+    pad.write(fingerDown(0, 9, 1100, 500));
+    EXPECT_EQ(forwarded.others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, 9}).size(), 1U);
+}
+
+TEST(CloneTest, SwitchedOnAndOffManyTimesTheTouchpadIsHeardOnceEachTime) {
+    ForwardedPad forwarded;
+    for (std::int32_t round = 1; round <= 10; ++round) {
+        const PadEvent landing{EV_ABS, ABS_MT_TRACKING_ID, round};
+        forwarded.switchOn();
+        forwarded.pad.write(fingerDown(0, round, 1000, 500));
+        EXPECT_TRUE(contains(forwarded.readClone(), landing));
+        forwarded.pad.write(fingerUp(0));
+        forwarded.readClone();
+        EXPECT_TRUE(forwarded.others.isQuiet());
+        forwarded.switchOff();
+        EXPECT_TRUE(forwarded.clone->waitUntilGone());
+        forwarded.pad.write(fingerDown(0, round + 100, 1000, 500));
+        forwarded.pad.write(fingerUp(0));
+        forwarded.others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, -1});
+    }
+}
+
+TEST(CloneTest, ATouchpadWithoutButtonsIsLetAlone) {
+    PadShape shape = ordinaryPad();
+    shape.keys.erase(BTN_LEFT);
+    ForwardedPad forwarded(shape);
+    forwarded.filter.switchOn(true);
+    forwarded.session.waitUntilAsleep();
+    forwarded.pad.write(fingerDown(0, 7, 1000, 500));
+    forwarded.others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, 7});
+    EXPECT_TRUE(cloneNodes().empty());
+}
+
+TEST(CloneTest, TheDriverTakesNoCloneForATouchpad) {
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    const auto create = forwarded.session.symbol<driver::CreateList>(driver::createListSymbol);
+    const auto count = forwarded.session.symbol<driver::ListCount>(driver::listCountSymbol);
+    EXPECT_EQ(count(create()), 1);
+    EXPECT_EQ(forwarded.session.unreadableTouchpads(), 0);
+}
+
+TEST(CloneTest, StoppedInTheMiddleOfATouchTheTouchpadIsTheSystemsAtOnce) {
+    auto forwarded = std::make_unique<ForwardedPad>();
+    EventReader others(forwarded->pad.node());
+    VirtualPad& pad = forwarded->pad;
+    forwarded->switchOn();
+    pad.write(together({fingerDown(0, 7, 1000, 500), {leftDown}}));
+    forwarded->readClone();
+    EXPECT_TRUE(forwarded->clone->isPressed(BTN_LEFT));
+    others.read();
+    forwarded->session.stop();
+    EXPECT_TRUE(cloneNodes().empty());
+    pad.write(fingerMove(0, 1100, 500));
+    const auto heard = others.read();
+    EXPECT_TRUE(contains(heard, {EV_ABS, ABS_MT_POSITION_X, 1100}));
+}
+
+TEST(CloneTest, UnpluggedItsCloneGoesAndComesAgainWithIt) {
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    for (std::int32_t round = 0; round < 3; ++round) {
+        pad.write(together({fingerDown(0, 7, 1000, 500), {leftDown}}));
+        EXPECT_TRUE(contains(forwarded.readClone(), leftDown));
+        pad.unplug();
+        EXPECT_TRUE(forwarded.clone->waitUntilGone());
+        EXPECT_TRUE(waitForCloneCount(0));
+        pad.plugIn();
+        ASSERT_TRUE(forwarded.session.waitUntilReading(pad));
+        forwarded.clone = std::make_unique<EventReader>(waitForClone());
+    }
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600), {leftDown}}));
+    EXPECT_FALSE(contains(forwarded.readClone(), leftDown));
+}
+
+TEST(CloneTest, ATouchpadThatSomebodyElseHoldsIsTakenWhenItIsFreeAndNeutral) {
+    ForwardedPad forwarded;
+    auto& pad = forwarded.pad;
+    ASSERT_TRUE(forwarded.others.grab());
+    forwarded.switchOn();
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600), {leftDown}}));
+    EXPECT_TRUE(contains(forwarded.others.readUntil(leftDown), leftDown));
+    pad.write(together({fingerUp(0), fingerUp(1), {leftUp}}));
+    forwarded.others.readUntil(leftUp);
+    forwarded.others.ungrab();
+    pad.write(fingerDown(0, 9, 1000, 500));
+    pad.write(fingerUp(0));
+    forwarded.others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, -1});
+    forwarded.session.waitUntilAsleep();
+    EXPECT_TRUE(forwarded.clone->isQuiet());
+    pad.write(fingerDown(0, 10, 1000, 500));
+    EXPECT_TRUE(contains(forwarded.readClone(), {EV_ABS, ABS_MT_TRACKING_ID, 10}));
+    EXPECT_TRUE(forwarded.others.isQuiet());
+}
+
+TEST(CloneTest, WithoutTheRightToMakeDevicesEverythingPasses) {
+    VirtualPad pad(ordinaryPad());
+    ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+    ASSERT_EQ(chmod("/dev/uinput", 0600), 0);
+    EventReader others(pad.node());
+    std::unique_ptr<DriverSession> session;
+    std::unique_ptr<ClickFilterSession> filter;
+    {
+        const Unprivileged unprivileged;
+        session = std::make_unique<DriverSession>();
+        filter = std::make_unique<ClickFilterSession>(*session);
+        EXPECT_FALSE(filter->isPossible());
+    }
+    EXPECT_TRUE(filter->isPossible());
+    filter->switchOn(true);
+    session->waitUntilAsleep();
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600), {leftDown}}));
+    pad.write(together({fingerUp(0), fingerUp(1), {leftUp}}));
+    EXPECT_TRUE(contains(others.readUntil(leftUp), leftDown));
+    session->settle(pad);
+    EXPECT_TRUE(filter->asked().empty());
+    EXPECT_TRUE(cloneNodes().empty());
+
+    // The right is granted; the program switches on again.
+    ASSERT_EQ(chmod("/dev/uinput", 0666), 0);
+    filter->switchOn(true);
+    session->waitUntilAsleep();
+    EXPECT_FALSE(waitForClone().empty());
+}
+
+TEST(CloneTest, EventsThatTheDriverWasTooLateForAreMadeUpForOnTheClone) {
+    constexpr std::int32_t manyFrames = 200; // twice what the kernel keeps for a reader
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    pad.write(fingerDown(0, 7, 1000, 500));
+    forwarded.readClone();
+    forwarded.session.holdReports();
+    pad.write(fingerDown(1, 8, 2000, 500));
+    for (std::int32_t step = 1; step <= manyFrames; ++step) {
+        pad.write(fingerMove(0, 1000 + step, 500 + step % 2));
+    }
+    pad.write(together({fingerUp(1), fingerDown(2, 9, 3000, 700), {leftDown}}));
+    ASSERT_TRUE(forwarded.session.releaseReports());
+    const auto frames = forwarded.readClone();
+    EXPECT_LT(frames.size(), static_cast<std::size_t>(manyFrames)) << "none were lost";
+    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}}));
+    EXPECT_FALSE(contains(frames, leftDown));
+    EXPECT_TRUE(forwarded.clone->isTouched());
+
+    pad.write(fingerUp(0));
+    pad.write(together({fingerUp(2), {leftUp}}));
+    EXPECT_FALSE(contains(forwarded.readClone(), leftUp));
+    EXPECT_FALSE(forwarded.clone->isTouched());
+}
+
+std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {
+    std::map<int, std::int64_t> counts;
+    for (const int thread : threads) {
+        counts[thread] = sleepsOf(thread);
+    }
+    return counts;
+}
+
+TEST(CloneTest, NothingWakesTheDriverWhileItForwardsAndNothingTouches) {
+    ForwardedPad forwarded;
+    VirtualPad busy(otherPad());
+    EventReader reader(busy.node());
+    forwarded.switchOn();
+    const std::vector<int> threads = threadsNamed("glidemap-");
+    EXPECT_EQ(threads.size(), 2U) << "the reader and the watchdog";
+    forwarded.pad.write(fingerDown(0, 7, 1000, 500));
+    forwarded.pad.write(fingerUp(0));
+    forwarded.readClone();
+    const Deadline deadline;
+    while (!areAsleep(threads) && !deadline.passed()) {
+        sched_yield();
+    }
+
+    const auto counts = sleeps(threads);
+    const Deadline longerThanTheWatchdogsPatience{std::chrono::seconds(2)};
+    for (std::int32_t step = 1; !longerThanTheWatchdogsPatience.passed(); ++step) {
+        busy.write(fingerMove(0, step % ordinaryWidth, step % ordinaryHeight));
+        reader.read();
+    }
+    EXPECT_EQ(sleeps(threads), counts);
+}
+
+} // namespace
+} // namespace glidemap::vm

@@ -1,0 +1,140 @@
+#include "input_devices.h"
+
+#include "deadline.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <libudev.h>
+#include <linux/input.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <set>
+
+namespace glidemap::vm {
+
+namespace {
+
+constexpr const char* nodeFolder = "/dev/input";
+constexpr const char* clonePath = "glidemap/clone/";
+
+// A device that is open for a question.
+class Question {
+public:
+    explicit Question(const std::filesystem::path& node)
+        : file(open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+    ~Question() { close(file); }
+
+    template <typename Answer>
+    bool ask(unsigned long request, Answer& answer) const {
+        return ioctl(file, request, &answer) >= 0;
+    }
+
+    std::string text(unsigned long request) const {
+        std::array<char, 256> answer{};
+        return ask(request, answer) ? answer.data() : "";
+    }
+
+    std::set<int> bits(unsigned long request, int count) const {
+        std::array<unsigned char, KEY_CNT / 8> answer{};
+        std::set<int> result;
+        ask(request, answer);
+        for (int bit = 0; bit < count; ++bit) {
+            if ((answer[static_cast<std::size_t>(bit) / 8] >> (bit % 8) & 1) != 0) {
+                result.insert(bit);
+            }
+        }
+        return result;
+    }
+
+private:
+    int file;
+};
+
+} // namespace
+
+std::vector<std::filesystem::path> cloneNodes() {
+    std::vector<std::filesystem::path> nodes;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(nodeFolder, none)) {
+        const bool isEvent = entry.path().filename().string().starts_with("event");
+        if (isEvent && physicalPathOf(entry.path()).starts_with(clonePath)) {
+            nodes.push_back(entry.path());
+        }
+    }
+    std::ranges::sort(nodes);
+    return nodes;
+}
+
+std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except) {
+    const Deadline deadline;
+    while (!deadline.passed()) {
+        for (const std::filesystem::path& node : cloneNodes()) {
+            if (std::ranges::find(except, node) == except.end() &&
+                udevProperty(node, "ID_INPUT_TOUCHPAD") == "1") {
+                return node;
+            }
+        }
+        sched_yield();
+    }
+    ADD_FAILURE() << "there is no clone of a touchpad";
+    return {};
+}
+
+bool waitForCloneCount(std::size_t count) {
+    const Deadline deadline;
+    while (cloneNodes().size() != count) {
+        if (deadline.passed()) {
+            ADD_FAILURE() << "there are " << cloneNodes().size() << " clones, not " << count;
+            return false;
+        }
+        sched_yield();
+    }
+    return true;
+}
+
+std::string physicalPathOf(const std::filesystem::path& node) {
+    return Question(node).text(EVIOCGPHYS(256));
+}
+
+PadShape shapeOf(const std::filesystem::path& node) {
+    const Question device(node);
+    PadShape shape;
+    input_id id{};
+    device.ask(EVIOCGID, id);
+    shape.name = device.text(EVIOCGNAME(256));
+    shape.bus = id.bustype;
+    shape.vendor = id.vendor;
+    shape.product = id.product;
+    shape.version = id.version;
+    shape.properties = device.bits(EVIOCGPROP(INPUT_PROP_CNT / 8), INPUT_PROP_CNT);
+    shape.keys = device.bits(EVIOCGBIT(EV_KEY, KEY_CNT / 8), KEY_CNT);
+    for (const int code : device.bits(EVIOCGBIT(EV_ABS, ABS_CNT / 8), ABS_CNT)) {
+        input_absinfo axis{};
+        device.ask(static_cast<unsigned long>(EVIOCGABS(code)), axis);
+        shape.axes[code] = {axis.minimum, axis.maximum, axis.flat, axis.resolution};
+    }
+    return shape;
+}
+
+std::optional<std::string> udevProperty(const std::filesystem::path& node, const char* name) {
+    struct stat status {};
+    if (stat(node.c_str(), &status) != 0) {
+        return std::nullopt;
+    }
+    const std::unique_ptr<udev, decltype(&udev_unref)> context(udev_new(), &udev_unref);
+    const std::unique_ptr<udev_device, decltype(&udev_device_unref)> device(
+        udev_device_new_from_devnum(context.get(), 'c', status.st_rdev), &udev_device_unref);
+    const char* value =
+        device != nullptr ? udev_device_get_property_value(device.get(), name) : nullptr;
+    return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+}
+
+} // namespace glidemap::vm

@@ -1,0 +1,179 @@
+// A program that hangs while it holds a touchpad: the touchpad is given back to the system, and
+// taken again when the program goes on.
+//
+//   two fingers click ─▶ the filter hangs ─▶ a second later others hear the touchpad
+//                                        └▶ it goes on ─▶ told so, switches on again
+//                                                      └▶ the fingers leave ─▶ forwarded again
+
+#include "forwarded_pad.h"
+#include "input_devices.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <future>
+
+namespace glidemap::vm {
+namespace {
+
+constexpr std::int32_t down = driver::clickFilterButtonDown;
+constexpr std::int32_t up = driver::clickFilterButtonUp;
+constexpr std::int32_t timedOut = driver::clickFilterDisabledByTimeout;
+
+EventFrame clickOfTwo() {
+    return together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600), {leftDown}});
+}
+
+EventFrame allUp() {
+    return together({fingerUp(0), fingerUp(1), {leftUp}});
+}
+
+class WatchdogTest : public testing::Test {
+protected:
+    void SetUp() override { forwarded.switchOn(); }
+
+    // The filter takes clicks, hangs in the first one and goes on when it is let go.
+    void hangInFilter(bool switchOnAgain) {
+        forwarded.filter.answer([this, switchOnAgain](const AskedClick& click) {
+            if (click.event == timedOut && switchOnAgain) {
+                forwarded.filter.switchOn(true);
+            } else if (click.event == down) {
+                goOn.wait();
+            }
+            return true;
+        });
+    }
+
+    void expectForwarding() {
+        forwarded.clone = std::make_unique<EventReader>(waitForClone());
+        forwarded.others.read();
+        forwarded.pad.write(clickOfTwo());
+        const auto frames = forwarded.readClone();
+        EXPECT_TRUE(contains(frames, {EV_ABS, ABS_MT_TRACKING_ID, 7}));
+        EXPECT_FALSE(contains(frames, leftDown));
+        EXPECT_TRUE(forwarded.others.isQuiet());
+    }
+
+    ForwardedPad forwarded;
+    std::promise<void> letGo;
+    std::shared_future<void> goOn = letGo.get_future().share();
+};
+
+TEST_F(WatchdogTest, AFilterThatHangsLeavesTheUserWithATouchpad) {
+    hangInFilter(true);
+    forwarded.pad.write(clickOfTwo());
+    forwarded.filter.waitForAsked(1);
+    forwarded.pad.write(fingerMove(0, 1100, 500)); // nobody hears this
+    EXPECT_TRUE(forwarded.clone->waitUntilGone());
+    forwarded.pad.write(fingerMove(0, 1200, 500));
+    const auto heard = forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1200});
+    EXPECT_EQ(heard.size(), 1U);
+
+    letGo.set_value();
+    EXPECT_EQ(forwarded.filter.waitForAsked(2),
+              (std::vector<AskedClick>{{down, 0, 2}, {timedOut, 0, 2}}));
+    forwarded.session.settle(forwarded.pad);
+    forwarded.pad.write(allUp());
+    EXPECT_TRUE(contains(forwarded.others.readUntil(leftUp), {EV_ABS, ABS_MT_TRACKING_ID, -1}));
+    forwarded.session.waitUntilAsleep();
+    EXPECT_EQ(forwarded.session.seen().lastOf(forwarded.session.settle(forwarded.pad)),
+              (SeenContacts{{1, 7, seenX(1200), seenY(500)}, {2, 7, seenX(2000), seenY(600)}}));
+    expectForwarding();
+}
+
+TEST_F(WatchdogTest, WhatWasWaitingMeanwhileIsNotSaidByTheNextClone) {
+    hangInFilter(true);
+    forwarded.pad.write(clickOfTwo());
+    forwarded.filter.waitForAsked(1);
+    forwarded.pad.write(allUp());
+    forwarded.pad.write(fingerDown(0, 9, 1300, 500));
+    forwarded.pad.write(fingerUp(0));
+    EXPECT_TRUE(forwarded.clone->waitUntilGone());
+    letGo.set_value();
+    forwarded.filter.waitForAsked(2);
+    const auto clone = std::make_unique<EventReader>(waitForClone());
+    forwarded.session.waitUntilAsleep();
+    EXPECT_TRUE(clone->isQuiet());
+    expectForwarding();
+}
+
+TEST_F(WatchdogTest, AFilterThatDoesNotSwitchItselfOnAgainStaysOff) {
+    hangInFilter(false);
+    forwarded.pad.write(clickOfTwo());
+    forwarded.filter.waitForAsked(1);
+    EXPECT_TRUE(forwarded.clone->waitUntilGone());
+    letGo.set_value();
+    forwarded.filter.waitForAsked(2);
+    forwarded.pad.write(allUp());
+    forwarded.others.readUntil(leftUp);
+    forwarded.session.waitUntilAsleep();
+    forwarded.pad.write(clickOfTwo());
+    EXPECT_TRUE(contains(forwarded.others.readUntil(leftDown), leftDown));
+    EXPECT_TRUE(cloneNodes().empty());
+    EXPECT_EQ(forwarded.filter.asked().size(), 2U);
+}
+
+TEST_F(WatchdogTest, AContactReportThatHangsIsTheSame) {
+    forwarded.filter.answer([this](const AskedClick& click) {
+        if (click.event == timedOut) {
+            forwarded.filter.switchOn(true);
+        }
+        return click.event == down || click.event == up;
+    });
+    forwarded.session.holdReports();
+    forwarded.pad.write(fingerDown(0, 7, 1000, 500));
+    EXPECT_TRUE(forwarded.clone->waitUntilGone());
+    forwarded.pad.write(fingerMove(0, 1100, 500));
+    forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1100});
+    EXPECT_TRUE(forwarded.session.releaseReports());
+    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{timedOut, 0, 1}}));
+    forwarded.pad.write(fingerUp(0));
+    forwarded.session.waitUntilAsleep();
+    expectForwarding();
+}
+
+TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterHearsOfItOnce) {
+    forwarded.session.stop();
+    VirtualPad second(otherPad());
+    DriverSession both;
+    ClickFilterSession filter(both);
+    EventReader others(second.node());
+    filter.answer([this, &filter](const AskedClick& click) {
+        if (click.event == timedOut) {
+            filter.switchOn(true);
+        } else {
+            goOn.wait();
+        }
+        return true;
+    });
+    filter.switchOn(true);
+    both.waitUntilAsleep();
+    EXPECT_TRUE(waitForCloneCount(2));
+    forwarded.pad.write(clickOfTwo());
+    filter.waitForAsked(1);
+    EXPECT_TRUE(waitForCloneCount(0));
+    second.write(fingerDown(0, 7, 1000, 500));
+    others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, 7});
+    second.write(fingerUp(0));
+    letGo.set_value();
+    filter.waitForAsked(2);
+    both.waitUntilAsleep();
+    EXPECT_TRUE(waitForCloneCount(2));
+
+    // Nobody touches the second one, so it was taken at once; the first is when it is let go.
+    others.read();
+    second.write(fingerDown(0, 8, 1100, 500));
+    both.settle(second);
+    EXPECT_TRUE(others.isQuiet());
+    forwarded.others.read();
+    forwarded.pad.write(allUp());
+    forwarded.others.readUntil(leftUp);
+    both.waitUntilAsleep();
+    forwarded.pad.write(fingerDown(0, 9, 1100, 500));
+    both.settle(forwarded.pad);
+    EXPECT_TRUE(forwarded.others.isQuiet());
+    EXPECT_EQ(filter.asked().size(), 2U);
+}
+
+} // namespace
+} // namespace glidemap::vm
