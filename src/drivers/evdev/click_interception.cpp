@@ -4,9 +4,8 @@
 
 namespace glidemap {
 
-ClickInterception::ClickInterception(ForwardingWatchdog::Clock::duration patience,
-                                     std::function<void()> wake)
-    : wakeReader(std::move(wake)), dog(patience, wakeReader) {}
+ClickInterception::ClickInterception(WatchdogTime& time, std::function<void()> wake)
+    : wakeReader(std::move(wake)), dog(time, wakeReader) {}
 
 void ClickInterception::setFilter(driver::FilterClick newFilter, void* newContext) {
     filter = newFilter;
@@ -27,15 +26,16 @@ bool ClickInterception::drops(driver::Device device, std::int32_t button, bool d
     return isWanted() && filter(context, device, event, button);
 }
 
-void ClickInterception::noticeStall() {
+bool ClickInterception::noticeStall() {
     const auto device = dog.takeStall();
     if (!device.has_value()) {
-        return;
+        return false;
     }
     isOn = false;
     if (filter != nullptr) {
         filter(context, *device, driver::clickFilterDisabledByTimeout, 0);
     }
+    return true;
 }
 
 } // namespace glidemap

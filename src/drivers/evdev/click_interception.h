@@ -19,8 +19,7 @@ namespace glidemap {
 class ClickInterception {
 public:
     // `wakeReader` is called on any thread.
-    ClickInterception(ForwardingWatchdog::Clock::duration patience,
-                      std::function<void()> wakeReader);
+    ClickInterception(WatchdogTime& time, std::function<void()> wakeReader);
 
     void setFilter(driver::FilterClick newFilter, void* newContext);
     void switchOn(bool on);
@@ -37,8 +36,9 @@ public:
     // click passes.
     bool drops(driver::Device device, std::int32_t button, bool down);
 
-    // After a stall the filter is off and hears of it; it may switch itself on again at once.
-    void noticeStall();
+    // After a stall the filter is off and hears of it; it may switch itself on again at once. False
+    // if there was none that has not been noticed.
+    bool noticeStall();
 
     ForwardingWatchdog& watchdog() { return dog; }
 

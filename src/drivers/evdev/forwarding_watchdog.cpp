@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-ForwardingWatchdog::ForwardingWatchdog(Clock::duration itsPatience, std::function<void()> callback)
-    : patience(itsPatience), onStall(std::move(callback)) {}
+ForwardingWatchdog::ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> callback)
+    : time(itsTime), onStall(std::move(callback)) {}
 
 ForwardingWatchdog::~ForwardingWatchdog() {
     {
@@ -53,24 +53,23 @@ bool ForwardingWatchdog::holds(const OpenPad& pad) const {
 void ForwardingWatchdog::work() {
     const std::lock_guard lock(mutex);
     working = true;
-    lastProgress = Clock::now();
-    if (dormant && !held.empty()) {
-        changed.notify_all();
-    }
+    lastProgress = time.now();
+    setWatching(true);
 }
 
 void ForwardingWatchdog::progress() {
     const std::lock_guard lock(mutex);
-    lastProgress = Clock::now();
+    lastProgress = time.now();
 }
 
-// While a finger is down the thread is let be: its time-out comes once a second, its waking would
-// come with every report.
 void ForwardingWatchdog::rest(bool touched) {
     const std::lock_guard lock(mutex);
     working = false;
-    touchedAtRest = touched;
-    if (!dormant && !isNeeded()) {
+    setWatching(watching && touched);
+}
+
+void ForwardingWatchdog::setWatching(bool now) {
+    if (std::exchange(watching, now) != now && !held.empty()) {
         changed.notify_all();
     }
 }
@@ -84,23 +83,22 @@ void ForwardingWatchdog::run() {
     pthread_setname_np(pthread_self(), "glidemap-watch");
     std::unique_lock lock(mutex);
     while (!stopping) {
-        dormant = true;
-        changed.wait(lock, [this] { return stopping || (working && !held.empty()); });
-        dormant = false;
-        while (!stopping && isNeeded()) {
-            const bool idle = changed.wait_until(lock, lastProgress + patience,
-                                                 [this] { return stopping || !isNeeded(); });
-            if (idle || !working) {
-                break; // a finger that only rests needs no watching
-            }
-            if (Clock::now() >= lastProgress + patience) {
-                giveBack();
-                lock.unlock();
-                onStall();
-                lock.lock();
-            }
+        const auto due = deadline();
+        if (!due.has_value() || time.now() < *due) {
+            time.wait(changed, lock, due);
+        } else if (!working) {
+            watching = false; // a finger that only rests needs no watching
+        } else {
+            giveBack();
+            lock.unlock();
+            onStall();
+            lock.lock();
         }
     }
+}
+
+std::optional<WatchdogTime::Moment> ForwardingWatchdog::deadline() const {
+    return watching && !held.empty() ? std::optional(lastProgress + patience) : std::nullopt;
 }
 
 // The touchpads first: they are what the user misses. The system lifts what their clones hold.

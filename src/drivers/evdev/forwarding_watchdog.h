@@ -1,20 +1,24 @@
 // Gives the touchpads back to the system when the loop that forwards them gets stuck, in a callback
 // for instance. Without it the user would have no touchpad then.
 //
-//   reader     poll ─▶ work() … progress() … rest() ─▶ poll        work() ………………… stuck ………………▶
-//   watchdog   asleep, until there is work with a touchpad held    └─ patience ─▶ gives back ─▶ onStall
+//   reader     poll ─▶ work() … progress() … rest() ─▶ poll ─▶ work() ……………… stuck ………………▶
+//   watchdog   waits without a time-out ─▶ for a second at a time ──▶ gives back ─▶ onStall
+//                      ▲──────────── nothing touches ────────────┘
 //
 // A touchpad that was given back is not held any more: the reader finds that out by asking before
-// it writes. Sleeps without a time-out while no held touchpad is touched.
+// it writes.
 //
-// Units:   seconds of the monotonic clock.
-// Thread:  its own, started with the first touchpad that is held; the functions on the reader's,
-//          release() on any.
+// The thread is not woken for every report: from the first one of a touch on it looks once a
+// second, and where the touch has ended, or a finger only rests, it goes to sleep.
+//
+// Thread:  its own, started with the first touchpad that is held; work(), progress() and rest() on
+//          the reader's, the others on any.
 // Owner:   ClickInterception.
 // Errors:  without a thread nothing can be held: hold() answers false.
 #pragma once
 
 #include "drivers/evdev/pad_directory.h"
+#include "drivers/evdev/watchdog_time.h"
 #include "input/touch_driver.h"
 
 #include <chrono>
@@ -29,10 +33,8 @@ namespace glidemap {
 
 class ForwardingWatchdog {
 public:
-    using Clock = std::chrono::steady_clock;
-
     // As long as a person may be left without a touchpad; no callback takes a hundredth of it.
-    static constexpr Clock::duration defaultPatience = std::chrono::seconds(1);
+    static constexpr std::chrono::seconds patience{1};
 
     struct Held {
         driver::Device device = nullptr;
@@ -41,13 +43,13 @@ public:
     };
 
     // `onStall` is called on the watchdog's thread, after the touchpads were given back.
-    ForwardingWatchdog(Clock::duration itsPatience, std::function<void()> onStall);
+    ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> onStall);
     ForwardingWatchdog(const ForwardingWatchdog&) = delete;
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;
     ~ForwardingWatchdog();
 
-    // Both live until it is released.
-    bool hold(const Held& held);
+    // Pad and clone live until it is released.
+    bool hold(const Held& newlyHeld);
     // Nothing happens to it once this has returned.
     void release(const OpenPad& pad);
     // False once it was given back.
@@ -65,20 +67,20 @@ public:
 
 private:
     void run();
+    std::optional<WatchdogTime::Moment> deadline() const;
     void giveBack();
-    bool isNeeded() const { return !held.empty() && (working || touchedAtRest); }
+    void setWatching(bool now);
 
-    const Clock::duration patience;
+    WatchdogTime& time;
     const std::function<void()> onStall;
 
     mutable std::mutex mutex;
     std::condition_variable changed;
     std::vector<Held> held;
     bool working = false;
-    bool touchedAtRest = false;
-    bool dormant = false; // the thread waits without a time-out
+    bool watching = false;
     bool stopping = false;
-    Clock::time_point lastProgress;
+    WatchdogTime::Moment lastProgress;
     std::optional<driver::Device> stalled;
     std::thread thread;
 };

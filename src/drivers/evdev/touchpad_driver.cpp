@@ -24,10 +24,9 @@ bool isReady(const pollfd& descriptor) {
 
 } // namespace
 
-TouchpadDriver::TouchpadDriver(std::unique_ptr<PadDirectory> padDirectory,
-                               ForwardingWatchdog::Clock::duration patience)
+TouchpadDriver::TouchpadDriver(std::unique_ptr<PadDirectory> padDirectory, WatchdogTime& time)
     : directory(std::move(padDirectory)), wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
-      clicks(patience, [this] { wakeReader(); }) {}
+      clicks(time, [this] { wakeReader(); }) {}
 
 TouchpadDriver::~TouchpadDriver() {
     for (const auto& touchpad : touchpads) {
@@ -219,7 +218,8 @@ void TouchpadDriver::runReader() {
 
 void TouchpadDriver::serve() {
     readReady();
-    if (clicks.takeChange()) {
+    const bool stalled = clicks.noticeStall();
+    if (clicks.takeChange() || stalled) {
         readConnected(); // which takes them or gives them back
     }
     while (lookAgain) {

@@ -20,6 +20,7 @@
 #include "drivers/evdev/file_descriptor.h"
 #include "drivers/evdev/pad_directory.h"
 #include "drivers/evdev/touchpad.h"
+#include "drivers/evdev/watchdog_time.h"
 #include "input/touch_driver.h"
 
 #include <poll.h>
@@ -34,9 +35,8 @@ namespace glidemap {
 
 class TouchpadDriver {
 public:
-    explicit TouchpadDriver(
-        std::unique_ptr<PadDirectory> directory,
-        ForwardingWatchdog::Clock::duration patience = ForwardingWatchdog::defaultPatience);
+    explicit TouchpadDriver(std::unique_ptr<PadDirectory> directory,
+                            WatchdogTime& time = steadyWatchdogTime());
     TouchpadDriver(const TouchpadDriver&) = delete;
     TouchpadDriver& operator=(const TouchpadDriver&) = delete;
 

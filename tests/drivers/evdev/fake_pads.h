@@ -117,6 +117,17 @@ public:
     // Something happens in the folder that concerns no touchpad.
     void change() { eventfd_write(changes.get(), 1); }
 
+    // Looking for touchpads takes until this is over.
+    void blockCandidates(bool block) {
+        const std::lock_guard lock(mutex);
+        blocking = block;
+        blockChanged.notify_all();
+    }
+    bool waitUntilBlocked() {
+        std::unique_lock lock(mutex);
+        return blockChanged.wait_for(lock, std::chrono::seconds(20), [&] { return blocked; });
+    }
+
     std::shared_ptr<FakeStream> stream(const std::string& node) {
         const std::lock_guard lock(mutex);
         return pads.at(node).stream;
@@ -150,6 +161,9 @@ private:
     int opened = 0;
     int watching = 0;
     std::condition_variable watchesChanged;
+    bool blocking = false;
+    bool blocked = false;
+    std::condition_variable blockChanged;
 };
 
 class FakeWatch : public ReturnWatch {
@@ -181,7 +195,10 @@ public:
     explicit FakeDirectory(std::shared_ptr<FakePads> itsDrawer) : drawer(std::move(itsDrawer)) {}
 
     std::vector<PadCandidate> candidates() override {
-        const std::lock_guard lock(drawer->mutex);
+        std::unique_lock lock(drawer->mutex);
+        drawer->blocked = drawer->blocking;
+        drawer->blockChanged.notify_all();
+        drawer->blockChanged.wait(lock, [&] { return !drawer->blocking; });
         std::vector<PadCandidate> result;
         for (const auto& [node, entry] : drawer->pads) {
             result.push_back({node, entry.identity, entry.readable});

@@ -1,0 +1,300 @@
+// The click filter as the program meets it: set, switched and asked over the driver's thread.
+
+#include "drivers/evdev/touchpad_driver.h"
+#include "fake_pads.h"
+#include "fake_time.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+namespace glidemap::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::vector<InputEvent> frame(std::vector<InputEvent> events) {
+    events.push_back({1, EV_SYN, SYN_REPORT, 0});
+    return events;
+}
+
+const auto fingerDown = frame({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
+const auto fingerUp = frame({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
+const auto leftDown = frame({{1, EV_KEY, BTN_LEFT, 1}});
+const auto leftUp = frame({{1, EV_KEY, BTN_LEFT, 0}});
+
+// The contact callback comes without a context.
+std::atomic<int> reportedContacts = 0;
+
+std::int32_t contact(driver::Device, const MTTouch*, std::int32_t count, double, std::int32_t) {
+    reportedContacts = count;
+    return 0;
+}
+
+class ClickFilterTest : public testing::Test {
+protected:
+    struct Asked {
+        driver::Device device;
+        std::int32_t event;
+        int contacts; // reported before
+    };
+
+    ClickFilterTest() {
+        reportedContacts = 0;
+        pads->plug("event1", "pad");
+        device = driver.createList().at(0);
+        driver.addCallback(device, &contact);
+        driver.setClickFilter(&filter, this);
+        driver.start(device);
+    }
+
+    ~ClickFilterTest() override { driver.setClickFilter(nullptr, nullptr); }
+
+    static bool filter(void* context, driver::Device device, std::int32_t event,
+                       std::int32_t /*button*/) {
+        auto& self = *static_cast<ClickFilterTest*>(context);
+        {
+            const std::lock_guard lock(self.mutex);
+            self.askedSoFar.push_back({device, event, reportedContacts});
+            self.changed.notify_all();
+        }
+        return self.answer ? self.answer(event) : true;
+    }
+
+    std::vector<Asked> waitForAsked(std::size_t count) {
+        std::unique_lock lock(mutex);
+        changed.wait_for(lock, FakeSystem::limit, [&] { return askedSoFar.size() >= count; });
+        return askedSoFar;
+    }
+
+    void send(const std::vector<InputEvent>& events) { pads->stream("event1")->send(events); }
+    FakeSystem& system() { return *pads->stream("event1")->system(); }
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<Asked> askedSoFar;
+    std::function<bool(std::int32_t)> answer; // set before it is asked
+
+    FakeTime time;
+    std::shared_ptr<FakePads> pads = std::make_shared<FakePads>();
+    TouchpadDriver driver{std::make_unique<FakeDirectory>(pads), time};
+    driver::Device device = nullptr;
+};
+
+TEST_F(ClickFilterTest, TheTouchpadIsTakenAndGivenBackWithoutWaitingForAnEvent) {
+    driver.switchClickFilter(true);
+    EXPECT_EQ(system().wait(2), (Texts{"clone", "grab"}));
+    driver.switchClickFilter(false);
+    EXPECT_EQ(system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
+}
+
+TEST_F(ClickFilterTest, TakingTheFilterAwayGivesBackToo) {
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    driver.setClickFilter(nullptr, nullptr);
+    EXPECT_TRUE(system().waitUntilGrabbed(false));
+}
+
+TEST_F(ClickFilterTest, TheFilterIsAskedAfterTheContactsOfTheSameFrame) {
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(frame({{1, EV_KEY, BTN_LEFT, 1}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}}));
+    const auto asked = waitForAsked(1);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(asked[0].device, device);
+    EXPECT_EQ(asked[0].event, driver::clickFilterButtonDown);
+    EXPECT_EQ(asked[0].contacts, 1);
+    EXPECT_EQ(system().wait(3), (Texts{"clone", "grab", "3:57=5"}));
+}
+
+TEST_F(ClickFilterTest, TheOtherButtonCallbackHearsWhatTheFilterDrops) {
+    static std::atomic<int> heard;
+    heard = 0;
+    driver.setButtonCallback([](driver::Device, std::int32_t, bool, double) { ++heard; });
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(leftDown);
+    send(leftUp);
+    EXPECT_EQ(waitForAsked(2).size(), 2U);
+    EXPECT_EQ(heard, 2);
+    driver.setButtonCallback(nullptr);
+}
+
+TEST_F(ClickFilterTest, AFingerThatRestsSinceBeforeTheStartIsWaitedFor) {
+    driver.stop(device);
+    send(fingerDown);
+    driver.start(device);
+    driver.switchClickFilter(true);
+    send(leftDown);
+    send(leftUp);
+    EXPECT_EQ(system().wait(1), (Texts{"clone"}));
+    send(fingerUp);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    EXPECT_TRUE(waitForAsked(0).empty());
+}
+
+TEST_F(ClickFilterTest, StoppedTheTouchpadIsTheSystemsWhenTheCallReturns) {
+    answer = [](std::int32_t) {
+        return false;
+    };
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(frame({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_KEY, BTN_LEFT, 1}}));
+    system().wait(3);
+    driver.stop(device);
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5 1:272=1", "3:57=-1 1:272=0", "ungrab", "destroy"}));
+    send(leftUp);
+    send(fingerUp);
+    driver.start(device);
+    EXPECT_TRUE(system().waitUntilGrabbed(true)) << "it is still switched on";
+}
+
+TEST_F(ClickFilterTest, UnpluggedAndBackItIsTakenAgain) {
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(leftDown);
+    EXPECT_EQ(waitForAsked(1).size(), 1U);
+    const auto before = pads->stream("event1")->system();
+    pads->unplug("event1");
+    const auto asked = waitForAsked(2);
+    EXPECT_EQ(asked.back().event, driver::clickFilterButtonUp);
+    EXPECT_EQ(before->wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
+    pads->plug("event4", "pad");
+    EXPECT_TRUE(pads->stream("event4")->system()->waitUntilGrabbed(true));
+}
+
+TEST_F(ClickFilterTest, AllTouchpadsWithButtonsAreTaken) {
+    pads->plug("event2", "other");
+    pads->plug("event3", "without");
+    pads->stream("event3")->hasButtons = false;
+    const auto list = driver.createList();
+    driver.start(list.at(1));
+    driver.start(list.at(2));
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    EXPECT_TRUE(pads->stream("event2")->system()->waitUntilGrabbed(true));
+    pads->stream("event3")->send(fingerDown);
+    driver.switchClickFilter(false);
+    EXPECT_TRUE(pads->stream("event2")->system()->waitUntilGrabbed(false));
+    EXPECT_EQ(pads->stream("event3")->system()->journal(), Texts());
+}
+
+TEST_F(ClickFilterTest, TheFilterMayStopTheTouchpad) {
+    answer = [this](std::int32_t) {
+        driver.stop(device);
+        return true;
+    };
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(frame({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_KEY, BTN_LEFT, 1}}));
+    EXPECT_EQ(system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
+}
+
+TEST_F(ClickFilterTest, TheFilterMayStopAndStartTheTouchpadAndTakeItselfAway) {
+    answer = [this](std::int32_t) {
+        driver.stop(device);
+        driver.start(device);
+        driver.setClickFilter(nullptr, nullptr);
+        return true;
+    };
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(leftDown);
+    EXPECT_TRUE(system().waitUntilGrabbed(false));
+    send(leftUp);
+    driver.setClickFilter(&filter, this);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    EXPECT_EQ(waitForAsked(0).size(), 1U);
+}
+
+// The context may be gone once the call has returned.
+TEST_F(ClickFilterTest, AFilterThatWasReplacedIsNotAskedAnyMore) {
+    struct Context {
+        std::atomic<bool> alive = true;
+        std::atomic<int> asked = 0;
+    };
+    constexpr auto count = [](void* context, driver::Device, std::int32_t, std::int32_t) {
+        auto& self = *static_cast<Context*>(context);
+        EXPECT_TRUE(self.alive);
+        ++self.asked;
+        return true;
+    };
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    const auto stream = pads->stream("event1");
+    std::atomic<bool> done = false;
+    std::thread clicking([&] {
+        while (!done) {
+            stream->send(leftDown);
+            stream->send(leftUp);
+            std::this_thread::yield();
+        }
+    });
+    for (int round = 0; round < 100; ++round) {
+        Context context;
+        driver.setClickFilter(count, &context);
+        while (round % 10 == 0 && context.asked == 0) {
+            std::this_thread::yield();
+        }
+        driver.setClickFilter(&filter, this);
+        context.alive = false;
+    }
+    done = true;
+    clicking.join();
+}
+
+TEST_F(ClickFilterTest, AFilterThatHangsLeavesTheTouchpadToTheSystem) {
+    std::atomic<bool> hanging = true;
+    answer = [&](std::int32_t event) {
+        if (event == driver::clickFilterDisabledByTimeout) {
+            driver.switchClickFilter(true);
+        }
+        while (hanging) {
+            std::this_thread::yield();
+        }
+        return true;
+    };
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(frame({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_KEY, BTN_LEFT, 1}}));
+    EXPECT_EQ(waitForAsked(1).size(), 1U);
+    EXPECT_TRUE(time.waitUntilWaitingFor(std::chrono::seconds(1)));
+    time.advance(std::chrono::seconds(1));
+    EXPECT_EQ(system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
+    send(frame({{1, EV_ABS, ABS_MT_POSITION_X, 50}})); // which is nobody's to say again
+    hanging = false;
+    const auto asked = waitForAsked(2);
+    EXPECT_EQ(asked[1].event, driver::clickFilterDisabledByTimeout);
+    EXPECT_EQ(asked[1].device, device);
+    send(leftUp);
+    send(fingerUp);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    send(fingerDown);
+    EXPECT_EQ(system().wait(7),
+              (Texts{"clone", "grab", "ungrab", "destroy", "clone", "grab", "3:57=5 3:53=50"}));
+    EXPECT_EQ(waitForAsked(2).size(), 2U);
+}
+
+// The reader may be held up before it has read anything.
+TEST_F(ClickFilterTest, AReaderThatWaitsForALockIsStuckToo) {
+    driver.switchClickFilter(true);
+    EXPECT_TRUE(system().waitUntilGrabbed(true));
+    pads->blockCandidates(true);
+    std::thread asking([&] { driver.createList(); });
+    EXPECT_TRUE(pads->waitUntilBlocked());
+    send(fingerDown);
+    while (system().isGrabbed()) {
+        time.advance(
+            std::chrono::seconds(1)); // as often as it takes: it may not have begun to wait
+        std::this_thread::yield();
+    }
+    pads->blockCandidates(false);
+    asking.join();
+    EXPECT_EQ(waitForAsked(1).at(0).event, driver::clickFilterDisabledByTimeout);
+}
+
+} // namespace
+} // namespace glidemap::test

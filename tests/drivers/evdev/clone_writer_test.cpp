@@ -1,0 +1,128 @@
+#include "drivers/evdev/clone_writer.h"
+#include "fake_clone.h"
+
+#include <gtest/gtest.h>
+
+namespace glidemap::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Events = std::vector<InputEvent>;
+
+class CloneWriterTest : public testing::Test {
+protected:
+    CloneWriterTest() { system->makeClone(); }
+
+    // What the touchpad has said before there was a clone.
+    void before(const Events& events) { applyToSource(events); }
+
+    bool say(const Events& events, double time = 1) {
+        const std::int32_t slot = source.slot();
+        applyToSource(events);
+        return writer.forward(events, slot, source, time);
+    }
+
+    Texts written() const {
+        Texts frames = system->journal();
+        frames.erase(frames.begin()); // the clone's making
+        return frames;
+    }
+
+    void applyToSource(const Events& events) {
+        for (const InputEvent& event : events) {
+            source.apply(event);
+        }
+    }
+
+    std::shared_ptr<FakeSystem> system = std::make_shared<FakeSystem>();
+    PadState source{3};
+    CloneWriter writer{std::make_unique<FakeClone>(system), 3};
+};
+
+TEST_F(CloneWriterTest, SaysAFrameAsItWasSaid) {
+    EXPECT_TRUE(say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5},
+                     {1, EV_ABS, ABS_MT_POSITION_Y, 7},
+                     {1, EV_ABS, ABS_MT_POSITION_X, 6},
+                     {1, EV_KEY, BTN_TOUCH, 1},
+                     {1, EV_MSC, MSC_TIMESTAMP, 9}},
+                    2.5));
+    EXPECT_EQ(written(), (Texts{"3:57=5 3:54=7 3:53=6 1:330=1 4:5=9"}));
+    EXPECT_EQ(system->timeOfLastFrame(), 2.5);
+}
+
+TEST_F(CloneWriterTest, SaysNothingOfAFrameOfWhichNothingIsLeft) {
+    EXPECT_TRUE(say({}));
+    EXPECT_EQ(written(), Texts());
+}
+
+TEST_F(CloneWriterTest, BeginsInTheSlotThatTheTouchpadIsIn) {
+    before({{1, EV_ABS, ABS_MT_SLOT, 2}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
+    EXPECT_EQ(written(), (Texts{"3:47=2 3:57=5", "3:57=-1"}));
+}
+
+TEST_F(CloneWriterTest, WhereAFingerLandsTheCloneIsToldWhatItMissed) {
+    before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
+            {1, EV_ABS, ABS_MT_POSITION_Y, 200},
+            {1, EV_ABS, ABS_MT_PRESSURE, 30},
+            {1, EV_ABS, ABS_X, 100},
+            {1, EV_ABS, ABS_MT_SLOT, 1},
+            {1, EV_ABS, ABS_MT_POSITION_X, 300},
+            {1, EV_ABS, ABS_MT_SLOT, 0}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_ABS, ABS_MT_POSITION_Y, 201}});
+    say({{1, EV_ABS, ABS_MT_SLOT, 1}, {1, EV_ABS, ABS_MT_TRACKING_ID, 6}});
+    EXPECT_EQ(written(),
+              (Texts{"3:57=5 3:54=201 3:53=100 3:58=30 3:0=100", "3:47=1 3:57=6 3:53=300"}));
+}
+
+TEST_F(CloneWriterTest, FingersThatLandTogetherAreEachCompleted) {
+    before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
+            {1, EV_ABS, ABS_MT_SLOT, 1},
+            {1, EV_ABS, ABS_MT_POSITION_X, 300},
+            {1, EV_ABS, ABS_MT_SLOT, 0}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5},
+         {1, EV_ABS, ABS_MT_SLOT, 1},
+         {1, EV_ABS, ABS_MT_TRACKING_ID, 6}});
+    say({{1, EV_ABS, ABS_MT_POSITION_X, 301}});
+    EXPECT_EQ(written(),
+              (Texts{"3:57=5 3:47=1 3:57=6 3:47=0 3:53=100 3:47=1 3:53=300", "3:53=301"}));
+}
+
+TEST_F(CloneWriterTest, ToACloneThatHasItAllNothingIsAdded) {
+    const Events landing{{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_ABS, ABS_MT_POSITION_X, 9}};
+    say(landing);
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 6}});
+    EXPECT_EQ(written(), (Texts{"3:57=5 3:53=9", "3:57=-1", "3:57=6"}));
+}
+
+TEST_F(CloneWriterTest, AFingerThatLandsInASlotThatDoesNotExistIsPassedOn) {
+    say({{1, EV_ABS, ABS_MT_SLOT, 3}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
+    EXPECT_EQ(written(), (Texts{"3:47=3 3:57=5"}));
+}
+
+TEST_F(CloneWriterTest, ReleasesWhatTheCloneHoldsAndNothingElse) {
+    EXPECT_TRUE(writer.releaseAll());
+    EXPECT_EQ(written(), Texts());
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5},
+         {1, EV_ABS, ABS_MT_SLOT, 2},
+         {1, EV_ABS, ABS_MT_TRACKING_ID, 6},
+         {1, EV_KEY, BTN_LEFT, 1},
+         {1, EV_KEY, BTN_TOUCH, 1}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
+    EXPECT_TRUE(writer.isPressed(BTN_LEFT));
+    EXPECT_TRUE(writer.releaseAll());
+    EXPECT_EQ(written().back(), "3:47=0 3:57=-1 1:272=0 1:330=0");
+    EXPECT_FALSE(writer.isPressed(BTN_LEFT));
+    EXPECT_EQ(system->timeOfLastFrame(), 0) << "it is the kernel that says when that was";
+}
+
+TEST_F(CloneWriterTest, AWriteThatFailsIsAnswered) {
+    system->breakClone();
+    EXPECT_FALSE(say({{1, EV_KEY, BTN_LEFT, 1}}));
+    EXPECT_FALSE(writer.releaseAll());
+}
+
+} // namespace
+} // namespace glidemap::test

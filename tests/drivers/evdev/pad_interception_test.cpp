@@ -1,0 +1,345 @@
+// One touchpad between its events and its clone, without threads.
+
+#include "drivers/evdev/pad_interception.h"
+#include "fake_pads.h"
+#include "fake_time.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <functional>
+
+namespace glidemap::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Events = std::vector<InputEvent>;
+
+constexpr InputEvent fingerDown{1, EV_ABS, ABS_MT_TRACKING_ID, 5};
+constexpr InputEvent fingerUp{1, EV_ABS, ABS_MT_TRACKING_ID, -1};
+constexpr InputEvent leftDown{1, EV_KEY, BTN_LEFT, 1};
+constexpr InputEvent leftUp{1, EV_KEY, BTN_LEFT, 0};
+constexpr InputEvent rightDown{1, EV_KEY, BTN_RIGHT, 1};
+
+class PadInterceptionTest : public testing::Test {
+protected:
+    PadInterceptionTest() { clicks.setFilter(&filter, this); }
+
+    // `event,button` in the order asked.
+    static bool filter(void* context, driver::Device device, std::int32_t event,
+                       std::int32_t button) {
+        auto& self = *static_cast<PadInterceptionTest*>(context);
+        EXPECT_EQ(device, &self.device);
+        self.asked.push_back(std::to_string(event) + "," + std::to_string(button));
+        return self.answer ? self.answer(event) : true;
+    }
+
+    void switchOn(bool on = true) {
+        clicks.switchOn(on);
+        interception->settle();
+    }
+
+    // What is read in one go.
+    void say(const std::vector<Events>& frames, double time = 1) {
+        for (const Events& frame : frames) {
+            for (const InputEvent& event : frame) {
+                interception->add(event);
+            }
+            interception->endFrame(time);
+        }
+        interception->settle();
+    }
+
+    const FakeSystem& system() const { return *stream->system(); }
+    FakeSystem& system() { return *stream->system(); }
+
+    int device = 0;
+    Texts asked;
+    std::function<bool(std::int32_t)> answer;
+    FakeTime watchTime;
+    std::atomic<int> wakes = 0;
+    ClickInterception clicks{watchTime, [this] {
+                                 ++wakes;
+                             }};
+    std::shared_ptr<FakeStream> stream = std::make_shared<FakeStream>();
+    FakeOpenPad pad{stream};
+    std::unique_ptr<PadInterception> interception =
+        std::make_unique<PadInterception>(&device, pad, clicks);
+};
+
+TEST_F(PadInterceptionTest, WhileItIsOffNothingIsTaken) {
+    say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
+    EXPECT_EQ(system().journal(), Texts());
+    EXPECT_EQ(asked, Texts());
+}
+
+TEST_F(PadInterceptionTest, WithoutAFilterNothingIsTaken) {
+    clicks.setFilter(nullptr, nullptr);
+    switchOn();
+    EXPECT_EQ(system().journal(), Texts());
+}
+
+TEST_F(PadInterceptionTest, ATouchpadThatNobodyTouchesIsTakenAtOnceAndGivenBackAtOnce) {
+    switchOn();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
+    switchOn(false);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
+    EXPECT_GE(wakes, 2);
+}
+
+TEST_F(PadInterceptionTest, WhatIsHeldPutsTheTakingOff) {
+    struct Row {
+        const char* what;
+        InputEvent hold;
+        InputEvent release;
+    };
+    const Row rows[] = {
+        {"a finger", fingerDown, fingerUp},
+        {"a button", leftDown, leftUp},
+        {"any key", {1, EV_KEY, KEY_CNT - 1, 1}, {1, EV_KEY, KEY_CNT - 1, 0}},
+    };
+    answer = [](std::int32_t) {
+        return false;
+    };
+    for (const Row& row : rows) {
+        const std::size_t before = system().journal().size();
+        switchOn(false);
+        say({{row.hold}});
+        switchOn();
+        EXPECT_FALSE(system().isGrabbed()) << row.what;
+        say({{row.release}});
+        EXPECT_TRUE(system().isGrabbed()) << row.what;
+        say({{row.hold}});
+        switchOn(false);
+        EXPECT_TRUE(system().isGrabbed()) << row.what;
+        say({{row.release}});
+        EXPECT_FALSE(system().isGrabbed()) << row.what;
+        EXPECT_EQ(system().journal().size(), before + 6) << row.what;
+    }
+}
+
+TEST_F(PadInterceptionTest, ADroppedPressIsTakenOutOfItsFrameAndSoIsItsRelease) {
+    switchOn();
+    say({{fingerDown}, {leftDown, {1, EV_ABS, ABS_MT_POSITION_X, 4}}, {leftUp}, {fingerUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:53=4", "3:57=-1"}));
+    EXPECT_EQ(asked, (Texts{"0,0", "1,0"}));
+}
+
+TEST_F(PadInterceptionTest, WhatTheFilterLetsPassPasses) {
+    answer = [](std::int32_t) {
+        return false;
+    };
+    switchOn();
+    say({{fingerDown, leftDown}, {leftUp}, {rightDown}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5 1:272=1", "1:272=0", "1:273=1"}));
+    EXPECT_EQ(asked, (Texts{"0,0", "1,0", "0,1"}));
+}
+
+TEST_F(PadInterceptionTest, TheMiddleButtonIsNobodysClick) {
+    switchOn();
+    say({{{1, EV_KEY, BTN_MIDDLE, 1}}, {{1, EV_KEY, BTN_MIDDLE, 0}}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "1:274=1", "1:274=0"}));
+    EXPECT_EQ(asked, Texts());
+}
+
+TEST_F(PadInterceptionTest, EachChangeWithinAFrameIsAskedAbout) {
+    switchOn();
+    answer = [this](std::int32_t) {
+        return asked.size() <= 2;
+    };
+    say({{leftDown, leftUp, leftDown, leftUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "1:272=1 1:272=0"}));
+    EXPECT_EQ(asked, (Texts{"0,0", "1,0", "0,0", "1,0"}));
+}
+
+TEST_F(PadInterceptionTest, AButtonThatIsAsItWasIsNotAskedAbout) {
+    switchOn();
+    say({{leftUp}, {leftDown}, {leftDown}});
+    EXPECT_EQ(asked, (Texts{"0,0"}));
+}
+
+TEST_F(PadInterceptionTest, AReleaseOfWhatTheCloneHoldsIsNeverDropped) {
+    switchOn();
+    answer = [](std::int32_t event) {
+        return event == driver::clickFilterButtonUp;
+    };
+    say({{leftDown}, {leftUp}, {leftDown, leftUp}});
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "1:272=1", "1:272=0", "1:272=1 1:272=0"}));
+}
+
+TEST_F(PadInterceptionTest, SwitchedOffInTheMiddleOfATouchItForwardsOnAndAsksNobody) {
+    switchOn();
+    say({{fingerDown}});
+    switchOn(false);
+    say({{leftDown}, {leftUp}});
+    EXPECT_EQ(asked, Texts());
+    say({{fingerUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "1:272=1", "1:272=0", "3:57=-1",
+                                         "ungrab", "destroy"}));
+}
+
+TEST_F(PadInterceptionTest, SwitchedOnAgainInTheMiddleOfATouchNothingHappens) {
+    switchOn();
+    say({{fingerDown}});
+    switchOn(false);
+    switchOn();
+    say({{fingerUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:57=-1"}));
+}
+
+// The finger came down between the last look and the grab: everybody has seen it.
+TEST_F(PadInterceptionTest, ATouchFromBeforeTheGrabIsLeftToThoseWhoSawItBegin) {
+    system().setTime(10);
+    switchOn();
+    say({{fingerDown}}, 9.999);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab"}));
+    say({{leftDown}, {leftUp}, {fingerUp}}, 10.5);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab"}));
+    EXPECT_EQ(asked, Texts());
+}
+
+TEST_F(PadInterceptionTest, ATouchFromAfterTheGrabIsForwardedHoweverSoonItCame) {
+    system().setTime(10);
+    switchOn();
+    say({{fingerDown}}, 10);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
+}
+
+TEST_F(PadInterceptionTest, ATapFromBeforeTheGrabIsOverAndNotSaidAgain) {
+    system().setTime(10);
+    switchOn();
+    say({{fingerDown, fingerUp}}, 9);
+    say({{fingerDown}}, 11);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
+}
+
+TEST_F(PadInterceptionTest, WithoutACloneTheTouchpadIsLetAloneUntilItIsSwitchedOnAgain) {
+    system().allowClones(false);
+    switchOn();
+    say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
+    system().allowClones(true);
+    say({{fingerDown}, {fingerUp}});
+    EXPECT_EQ(system().journal(), Texts());
+    EXPECT_EQ(asked, Texts());
+    switchOn();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
+}
+
+TEST_F(PadInterceptionTest, ATouchpadThatSomebodyElseHasIsTriedAtEachNeutralMoment) {
+    system().letOthersGrab(true);
+    switchOn();
+    say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone"}));
+    system().letOthersGrab(false);
+    say({{fingerDown}});
+    EXPECT_FALSE(system().isGrabbed());
+    say({{fingerUp}});
+    EXPECT_TRUE(system().isGrabbed());
+    EXPECT_EQ(asked, Texts());
+}
+
+TEST_F(PadInterceptionTest, WhenTheCloneCannotBeWrittenTheTouchpadIsGivenBackAtOnce) {
+    switchOn();
+    say({{fingerDown}});
+    system().breakClone();
+    say({{{1, EV_ABS, ABS_MT_POSITION_X, 4}}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "ungrab", "destroy"}));
+    say({{fingerUp}});
+    EXPECT_FALSE(system().isGrabbed());
+    switchOn();
+    EXPECT_TRUE(system().isGrabbed());
+}
+
+TEST_F(PadInterceptionTest, AtItsEndTheFingersAreLiftedAndTheButtonsReleased) {
+    answer = [](std::int32_t) {
+        return false;
+    };
+    switchOn();
+    say({{fingerDown, leftDown}});
+    interception->end();
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5 1:272=1", "3:57=-1 1:272=0", "ungrab", "destroy"}));
+    say({{leftUp}, {fingerUp}});
+    switchOn();
+    EXPECT_FALSE(system().isGrabbed()) << "it was the end";
+}
+
+TEST_F(PadInterceptionTest, ATouchpadThatIsLostHasReleasedItsButtons) {
+    switchOn();
+    say({{fingerDown}, {leftDown}});
+    interception->lose();
+    EXPECT_EQ(asked, (Texts{"0,0", "1,0"}));
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5", "3:57=-1", "ungrab", "destroy"}));
+}
+
+TEST_F(PadInterceptionTest, DestroyingItGivesBack) {
+    switchOn();
+    interception.reset();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
+}
+
+TEST_F(PadInterceptionTest, TheFilterMayEndItWhileItIsAsked) {
+    switchOn();
+    answer = [this](std::int32_t) {
+        interception->end();
+        return true;
+    };
+    say({{fingerDown, leftDown, rightDown}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
+    EXPECT_EQ(asked, (Texts{"0,0"}));
+}
+
+TEST_F(PadInterceptionTest, TheFilterMaySwitchItselfOffWhileItIsAsked) {
+    switchOn();
+    answer = [this](std::int32_t) {
+        clicks.switchOn(false);
+        return true;
+    };
+    say({{fingerDown, leftDown}, {leftUp}, {fingerUp}});
+    EXPECT_EQ(asked, (Texts{"0,0"}));
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5", "1:272=0", "3:57=-1", "ungrab", "destroy"}));
+}
+
+TEST_F(PadInterceptionTest, ATouchpadWithoutButtonsIsLetAlone) {
+    stream->hasButtons = false;
+    switchOn();
+    say({{fingerDown}, {fingerUp}});
+    EXPECT_EQ(system().journal(), Texts());
+}
+
+TEST_F(PadInterceptionTest, AStallInTheFilterEndsForwardingUntilItIsSwitchedOnAgain) {
+    switchOn();
+    bool switchesOn = false;
+    answer = [&](std::int32_t event) {
+        if (event == driver::clickFilterButtonDown) {
+            clicks.watchdog().work();
+            EXPECT_TRUE(watchTime.waitUntilWaitingFor(std::chrono::seconds(1)));
+            watchTime.advance(std::chrono::seconds(1));
+            EXPECT_TRUE(system().waitUntilGrabbed(false));
+        } else if (event == driver::clickFilterDisabledByTimeout && switchesOn) {
+            clicks.switchOn(true);
+        }
+        return true;
+    };
+    say({{fingerDown}, {leftDown}, {{1, EV_ABS, ABS_MT_POSITION_X, 4}}});
+    const Texts stalled{"clone", "grab", "3:57=5", "ungrab", "destroy"};
+    EXPECT_EQ(system().journal(), stalled);
+    EXPECT_EQ(asked, (Texts{"0,0", "2,0"}));
+    say({{leftUp}, {fingerUp}});
+    EXPECT_EQ(system().journal(), stalled);
+
+    switchesOn = true;
+    switchOn();
+    say({{fingerDown}, {leftDown}});
+    say({{leftUp}});
+    EXPECT_FALSE(system().isGrabbed());
+    say({{fingerUp}});
+    EXPECT_TRUE(system().isGrabbed());
+    EXPECT_EQ(asked, (Texts{"0,0", "2,0", "0,0", "2,0"}));
+}
+
+} // namespace
+} // namespace glidemap::test

@@ -1,0 +1,83 @@
+#include "drivers/evdev/pad_state.h"
+
+#include <gtest/gtest.h>
+
+namespace glidemap::test {
+namespace {
+
+void apply(PadState& state, std::initializer_list<InputEvent> events) {
+    for (const InputEvent& event : events) {
+        state.apply(event);
+    }
+}
+
+struct Row {
+    const char* what;
+    std::vector<InputEvent> events;
+    bool neutral;
+};
+
+TEST(PadState, IsNeutralWhenNoFingerIsDownAndNoKeyIsPressed) {
+    const Row rows[] = {
+        {"nothing has happened", {}, true},
+        {"a finger is down", {{0, EV_ABS, ABS_MT_TRACKING_ID, 0}}, false},
+        {"it has left",
+         {{0, EV_ABS, ABS_MT_TRACKING_ID, 0}, {0, EV_ABS, ABS_MT_TRACKING_ID, -1}},
+         true},
+        {"another is still there",
+         {{0, EV_ABS, ABS_MT_TRACKING_ID, 3},
+          {0, EV_ABS, ABS_MT_SLOT, 1},
+          {0, EV_ABS, ABS_MT_TRACKING_ID, 4},
+          {0, EV_ABS, ABS_MT_SLOT, 0},
+          {0, EV_ABS, ABS_MT_TRACKING_ID, -1}},
+         false},
+        {"a button is pressed", {{0, EV_KEY, BTN_LEFT, 1}}, false},
+        {"the last key there is is pressed", {{0, EV_KEY, KEY_MAX, 1}}, false},
+        {"the button is released", {{0, EV_KEY, BTN_LEFT, 1}, {0, EV_KEY, BTN_LEFT, 0}}, true},
+        {"a position was left behind", {{0, EV_ABS, ABS_MT_POSITION_X, 9}}, true},
+        {"a slot that does not exist",
+         {{0, EV_ABS, ABS_MT_SLOT, 2}, {0, EV_ABS, ABS_MT_TRACKING_ID, 4}},
+         true},
+        {"a slot before the first",
+         {{0, EV_ABS, ABS_MT_SLOT, -1}, {0, EV_ABS, ABS_MT_TRACKING_ID, 4}},
+         true},
+        {"a key that does not exist", {{0, EV_KEY, KEY_CNT, 1}}, true},
+        {"an axis that does not exist", {{0, EV_ABS, ABS_CNT, 1}}, true},
+    };
+    for (const Row& row : rows) {
+        PadState state(2);
+        for (const InputEvent& event : row.events) {
+            state.apply(event);
+        }
+        EXPECT_EQ(state.isNeutral(), row.neutral) << row.what;
+    }
+}
+
+TEST(PadState, HoldsEachSlotsAxesAndThoseOfAllTogether) {
+    PadState state(2);
+    apply(state, {{0, EV_ABS, ABS_MT_POSITION_X, 10},
+                  {0, EV_ABS, ABS_MT_SLOT, 1},
+                  {0, EV_ABS, ABS_MT_POSITION_X, 20},
+                  {0, EV_ABS, ABS_MT_TOOL_Y, 21},
+                  {0, EV_ABS, ABS_MT_TRACKING_ID, 0},
+                  {0, EV_ABS, ABS_X, 30}});
+    EXPECT_EQ(state.slot(), 1);
+    EXPECT_EQ(state.slotValue(0, ABS_MT_POSITION_X), 10);
+    EXPECT_EQ(state.slotValue(1, ABS_MT_POSITION_X), 20);
+    EXPECT_EQ(state.slotValue(1, ABS_MT_TOOL_Y), 21);
+    EXPECT_EQ(state.slotValue(0, ABS_MT_TRACKING_ID), -1);
+    EXPECT_FALSE(state.isDown(0));
+    EXPECT_TRUE(state.isDown(1));
+    EXPECT_EQ(state.axis(ABS_X), 30);
+    EXPECT_EQ(state.axis(ABS_Y), 0);
+}
+
+TEST(PadState, APadMayHaveNoSlots) {
+    PadState state(-1);
+    apply(state, {{0, EV_ABS, ABS_MT_TRACKING_ID, 1}});
+    EXPECT_EQ(state.slotCount(), 0);
+    EXPECT_TRUE(state.isNeutral());
+}
+
+} // namespace
+} // namespace glidemap::test
