@@ -1,0 +1,92 @@
+#include "platform/linux/access/grant_prompt.h"
+
+#include "platform/linux/thread_setup.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// Never looked for on PATH: what runs here asks for root's password.
+constexpr const char* pkexec = "/usr/bin/pkexec";
+
+// Signals that this program takes in a way of its own are the child's to have again.
+class SpawnAttributes {
+public:
+    SpawnAttributes() {
+        sigset_t none;
+        sigset_t all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        posix_spawnattr_init(&attributes);
+        posix_spawnattr_setsigmask(&attributes, &none);
+        posix_spawnattr_setsigdefault(&attributes, &all);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    }
+    SpawnAttributes(const SpawnAttributes&) = delete;
+    SpawnAttributes& operator=(const SpawnAttributes&) = delete;
+    ~SpawnAttributes() {
+        posix_spawn_file_actions_destroy(&actions);
+        posix_spawnattr_destroy(&attributes);
+    }
+
+    posix_spawnattr_t attributes{};
+    posix_spawn_file_actions_t actions{};
+};
+
+pid_t spawn(const std::vector<std::string>& command) {
+    std::vector<char*> arguments;
+    for (const std::string& word : command) {
+        arguments.push_back(const_cast<char*>(word.c_str()));
+    }
+    arguments.push_back(nullptr);
+    const SpawnAttributes with;
+    pid_t process = -1;
+    const int error = posix_spawn(&process, arguments.front(), &with.actions, &with.attributes,
+                                  arguments.data(), environ);
+    return error == 0 ? process : -1;
+}
+
+void waitFor(pid_t process) {
+    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+} // namespace
+
+std::vector<std::string> grantAccessCommand() {
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    const auto installation = program.parent_path().parent_path();
+    return {pkexec, installation / "libexec" / "glidemap" / "glidemap-grant-access"};
+}
+
+bool startGrantPrompt(const std::vector<std::string>& command, std::function<void()> finished) {
+    const pid_t process = command.empty() ? -1 : spawn(command);
+    if (process < 0) {
+        return false;
+    }
+    std::thread([process, finished = std::move(finished)] {
+        nameThread("glidemap-prompt");
+        waitFor(process);
+        if (finished) {
+            finished();
+        }
+    }).detach();
+    return true;
+}
+
+} // namespace glidemap

@@ -1,0 +1,145 @@
+// The prompt with doubles of pkexec: small shell scripts.
+#include "platform/linux/access/grant_prompt.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <future>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+std::vector<std::string> shell(const std::string& script) {
+    return {"/bin/sh", "-c", script};
+}
+
+// Waits for the prompt's end. The prompt's thread may still be in the call when the test is over.
+class End {
+public:
+    std::function<void()> tell() const {
+        return [told = promise] {
+            told->set_value();
+        };
+    }
+
+    bool hasCome() { return future.wait_for(std::chrono::seconds(0)) == ready; }
+    bool comes() { return future.wait_for(std::chrono::seconds(20)) == ready; }
+
+private:
+    static constexpr auto ready = std::future_status::ready;
+
+    std::shared_ptr<std::promise<void>> promise = std::make_shared<std::promise<void>>();
+    std::future<void> future = promise->get_future();
+};
+
+// What a script writes to the pipe until it ends.
+class Answer {
+public:
+    Answer() {
+        // Not closed on exec: the script writes to it by its number.
+        EXPECT_EQ(pipe(ends.data()), 0);
+        fcntl(ends[0], F_SETFD, FD_CLOEXEC);
+    }
+    Answer(const Answer&) = delete;
+    Answer& operator=(const Answer&) = delete;
+    ~Answer() { close(ends[0]); }
+
+    std::string to(const std::string& command) const {
+        return command + " >/proc/self/fd/" + std::to_string(ends[1]);
+    }
+
+    std::string read() {
+        close(ends[1]);
+        std::string text;
+        char letter = 0;
+        while (::read(ends[0], &letter, 1) == 1) {
+            text += letter;
+        }
+        return text;
+    }
+
+private:
+    std::array<int, 2> ends{};
+};
+
+TEST(GrantPromptTest, TheCommandIsPkexecWithTheProgramBesideThisOne) {
+    const auto command = grantAccessCommand();
+    ASSERT_EQ(command.size(), 2U);
+    EXPECT_EQ(command[0], "/usr/bin/pkexec");
+    const auto program = std::filesystem::read_symlink("/proc/self/exe");
+    EXPECT_EQ(command[1], program.parent_path().parent_path().string() +
+                              "/libexec/glidemap/glidemap-grant-access");
+    EXPECT_EQ(access(command[1].c_str(), X_OK), 0);
+}
+
+TEST(GrantPromptTest, TheCommandRunsWithItsArguments) {
+    Answer answer;
+    End end;
+    ASSERT_TRUE(startGrantPrompt({"/bin/sh", "-c", answer.to("echo \"$0 $1\""), "one", "two 2"},
+                                 end.tell()));
+    EXPECT_EQ(answer.read(), "one two 2\n");
+    EXPECT_TRUE(end.comes());
+}
+
+TEST(GrantPromptTest, ItDoesNotWaitForTheUser) {
+    std::array<int, 2> user{};
+    ASSERT_EQ(pipe(user.data()), 0);
+    fcntl(user[1], F_SETFD, FD_CLOEXEC);
+    End end;
+    // The script ends when the "user" has answered, which happens after the call has returned.
+    ASSERT_TRUE(startGrantPrompt(shell("read answer </proc/self/fd/" + std::to_string(user[0])),
+                                 end.tell()));
+    EXPECT_FALSE(end.hasCome());
+    ASSERT_EQ(write(user[1], "yes\n", 4), 4);
+    EXPECT_TRUE(end.comes());
+    close(user[0]);
+    close(user[1]);
+}
+
+TEST(GrantPromptTest, WhateverTheAnswerItIsToldOnceAndNothingIsLeftBehind) {
+    for (const char* script : {"exit 0", "exit 126", "kill -9 $$"}) {
+        End end; // told twice, it would throw
+        ASSERT_TRUE(startGrantPrompt(shell(script), end.tell()));
+        EXPECT_TRUE(end.comes()) << script;
+    }
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST(GrantPromptTest, WhatIsNotThereIsNotStarted) {
+    bool isFinished = false;
+    EXPECT_FALSE(startGrantPrompt({"/no/such/pkexec"}, [&] { isFinished = true; }));
+    EXPECT_FALSE(startGrantPrompt({}, [&] { isFinished = true; }));
+    EXPECT_FALSE(isFinished);
+}
+
+// A program that waits for SIGTERM in its own way blocks it; pkexec must be ended by it all the
+// same.
+TEST(GrantPromptTest, SignalsAreAsInAFreshProgram) {
+    sigset_t blocked;
+    sigset_t before;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &blocked, &before);
+    Answer answer;
+    End end;
+    EXPECT_TRUE(startGrantPrompt(shell(answer.to("grep SigBlk /proc/self/status")), end.tell()));
+    EXPECT_EQ(answer.read(), "SigBlk:\t0000000000000000\n");
+    EXPECT_TRUE(end.comes());
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+} // namespace
+} // namespace glidemap

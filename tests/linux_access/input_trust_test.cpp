@@ -1,0 +1,90 @@
+#include "platform/linux/access/input_trust.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+struct Machine {
+    std::vector<std::string> touchpads;
+    std::set<std::string> readable;
+    bool mayMakeDevices = false;
+};
+
+class ScriptedNodes : public InputNodes {
+public:
+    explicit ScriptedNodes(const Machine& followed) : machine(followed) {}
+
+    std::vector<std::string> touchpads() override { return machine.touchpads; }
+    bool mayRead(const std::string& node) override { return machine.readable.contains(node); }
+    bool mayMakeDevices() override { return machine.mayMakeDevices; }
+
+private:
+    const Machine& machine;
+};
+
+struct Row {
+    const char* name;
+    Machine machine;
+    bool isTrusted;
+};
+
+const Row rows[] = {
+    {"nothing may be done", {{"one"}, {}, false}, false},
+    {"a touchpad may be read", {{"one"}, {"one"}, false}, false},
+    {"devices may be made", {{"one"}, {}, true}, false},
+    {"both", {{"one"}, {"one"}, true}, true},
+    {"one of two touchpads may be read", {{"one", "two"}, {"one"}, true}, false},
+    {"the other of them", {{"one", "two"}, {"two"}, true}, false},
+    {"both of them", {{"one", "two"}, {"one", "two"}, true}, true},
+    {"there is no touchpad", {{}, {}, true}, true},
+    {"there is no touchpad, and no devices may be made", {{}, {}, false}, false},
+};
+
+TEST(InputTrustTest, TrustIsEveryTouchpadAndVirtualDevices) {
+    for (const Row& row : rows) {
+        InputTrust trust(std::make_unique<ScriptedNodes>(row.machine), {});
+        EXPECT_EQ(trust.isTrusted(), row.isTrusted) << row.name;
+        EXPECT_EQ(trust.isTrustedWithPrompt(), row.isTrusted) << row.name;
+    }
+}
+
+TEST(InputTrustTest, TheUserIsAskedOnceAndOnlyWithPrompt) {
+    Machine machine{{"one"}, {}, true};
+    int asked = 0;
+    InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
+    EXPECT_FALSE(trust.isTrusted());
+    EXPECT_EQ(asked, 0);
+    EXPECT_FALSE(trust.isTrustedWithPrompt());
+    EXPECT_FALSE(trust.isTrustedWithPrompt());
+    EXPECT_EQ(asked, 1);
+}
+
+TEST(InputTrustTest, WhoIsTrustedIsNotAsked) {
+    Machine machine{{"one"}, {"one"}, true};
+    int asked = 0;
+    InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
+    EXPECT_TRUE(trust.isTrustedWithPrompt());
+    EXPECT_EQ(asked, 0);
+    machine.readable.clear(); // another session has come to the front
+    EXPECT_FALSE(trust.isTrustedWithPrompt());
+    EXPECT_EQ(asked, 1);
+}
+
+TEST(InputTrustTest, AccessThatComesLaterShows) {
+    Machine machine{{"one"}, {}, true};
+    InputTrust trust(std::make_unique<ScriptedNodes>(machine), {});
+    EXPECT_FALSE(trust.isTrusted());
+    machine.readable = {"one"};
+    EXPECT_TRUE(trust.isTrusted());
+    machine.touchpads.emplace_back("two");
+    EXPECT_FALSE(trust.isTrusted());
+}
+
+} // namespace
+} // namespace glidemap
