@@ -1,131 +1,221 @@
-// Typing while keys are held, at a real X server. It has no keyboard of its own here; the keys are
-// held by another program. What happens to keys that a person holds is seen with the kernel's
-// keyboards.
+// Lifting and putting back at a server that does exactly what the test wants at the moments that a
+// real one meets by chance: the user lets go in between.
 #include "platform/linux/keyboard/x11_held_modifiers.h"
-#include "platform/linux/windows/desktop_thread.h"
-#include "x_stage.h"
+#include "typed_text.h"
 
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
 
-#include <cstdlib>
+#include <functional>
 #include <memory>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace glidemap {
 namespace {
 
-using Keys = std::vector<std::string>;
+using Log = std::vector<std::string>;
 using Changes = std::vector<KeyChange>;
-
-constexpr std::uint32_t lockMask = 2;
+using Codes = std::set<std::uint16_t>;
 
 const Changes controlT = {
     {KEY_LEFTCTRL, true}, {KEY_T, true}, {KEY_T, false}, {KEY_LEFTCTRL, false}};
 
+// What the test and the server's double share. The test touches it while the desktop thread rests.
+struct Script {
+    Codes user;
+    Codes ours;
+    Log log;
+    int looks = 0;
+    int hearings = 0;
+    std::function<void(int)> beforeLook; // told which look it is
+    bool isListening = false;
+    bool isAlive = true;
+    bool hasNews = false;
+};
+
+// Takes what the user holds for held, as the real one does for keyboards and for itself.
+class ScriptedServer : public XKeyServer {
+public:
+    explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}
+    ~ScriptedServer() override { close(news); }
+
+    std::vector<std::uint16_t> modifiersDown() override {
+        Codes down = script.user;
+        down.insert(script.ours.begin(), script.ours.end());
+        return {down.begin(), down.end()};
+    }
+
+    KeysDown keysDown() override {
+        ++script.looks;
+        if (script.beforeLook) {
+            script.beforeLook(script.looks);
+        }
+        return {script.user, script.ours};
+    }
+
+    void type(std::span<const KeyChange> changes) override {
+        script.log.push_back(typedText(changes));
+    }
+
+    bool canType(std::span<const KeyChange> /*changes*/) const override { return true; }
+
+    void listenToReleases(bool listen) override {
+        if (script.isListening != listen) {
+            script.log.emplace_back(listen ? "listen" : "listen no more");
+        }
+        script.isListening = listen;
+    }
+
+    bool heardSomething() override {
+        ++script.hearings;
+        eventfd_t count = 0;
+        if (script.isAlive) {
+            eventfd_read(news, &count);
+        }
+        return std::exchange(script.hasNews, false);
+    }
+    int descriptor() const override { return news; }
+    bool isAlive() const override { return script.isAlive; }
+
+    void tell() const { eventfd_write(news, 1); }
+
+private:
+    Script& script;
+    int news;
+};
+
 class X11HeldModifiersTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (!XStage::isInstalled()) {
-            GTEST_SKIP() << "Xvfb is not installed";
-        }
-        stage = std::make_unique<XStage>();
-        held = heldModifiersOfThisSession(desktop);
-        ASSERT_NE(held, nullptr);
+        auto scripted = std::make_unique<ScriptedServer>(script);
+        server = scripted.get();
+        held = std::make_unique<X11HeldModifiers>(desktop, std::move(scripted));
     }
 
-    // How often it was left to the virtual keyboard.
-    int type(const Changes& changes) {
-        int plainly = 0;
-        held->type(changes, [&] { ++plainly; });
+    void type() {
+        held->type(controlT, [this] { script.log.emplace_back("plainly"); });
         desktop.call([] {});
-        return plainly;
+    }
+
+    // The user lets go of everything, and the server tells.
+    void userLetsGo() {
+        desktop.call([this] {
+            script.user.clear();
+            script.hasNews = script.isListening;
+            server->tell();
+        });
+        // What is readable when this is asked for is dealt with before the second of them.
+        desktop.call([] {});
+        desktop.call([] {});
     }
 
     DesktopThread desktop;
-    std::unique_ptr<XStage> stage;
+    Script script;
+    ScriptedServer* server = nullptr;
     std::unique_ptr<HeldModifiers> held;
 };
 
-TEST_F(X11HeldModifiersTest, WhileNothingIsHeldTheVirtualKeyboardTypes) {
-    EXPECT_EQ(type(controlT), 1);
-    EXPECT_EQ(stage->keysUntilNow(), Keys{});
+TEST_F(X11HeldModifiersTest, NothingHeldIsTypedPlainly) {
+    type();
+    EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, AHeldModifierIsNoPartOfTheShortcut) {
-    stage->hold(KEY_LEFTSHIFT, true);
-    EXPECT_EQ(stage->keysUntilNow(), (Keys{"+42 while 0"}));
-    EXPECT_EQ(type(controlT), 0);
-    EXPECT_EQ(stage->keysUntilNow(),
-              (Keys{"-42 while 1", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
+TEST_F(X11HeldModifiersTest, WhatIsHeldIsPutBackAndFollowedUntilItIsReleased) {
+    script.user = {KEY_LEFTSHIFT};
+    type();
+    EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT"}));
+    script.log.clear();
+    userLetsGo();
+    EXPECT_EQ(script.log, (Log{"-SHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, AHeldModifierThatIsWantedIsPressedOnce) {
-    stage->hold(KEY_LEFTCTRL, true);
-    stage->keysUntilNow();
-    EXPECT_EQ(type(controlT), 0);
-    EXPECT_EQ(stage->keysUntilNow(),
-              (Keys{"-29 while 4", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
+TEST_F(X11HeldModifiersTest, WhatIsReleasedWhileTypingIsNotPutBack) {
+    script.user = {KEY_LEFTSHIFT};
+    script.beforeLook = [this](int look) {
+        if (look == 2) {
+            script.user.clear();
+        }
+    };
+    type();
+    EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "listen no more"}));
 }
 
-// Nobody could tell when that program lets go.
-TEST_F(X11HeldModifiersTest, WhatNoKeyboardHoldsIsNotPutBack) {
-    stage->hold(KEY_LEFTMETA, true);
-    EXPECT_NE(stage->modifiers(), 0U);
-    EXPECT_EQ(type(controlT), 0);
-    EXPECT_EQ(stage->modifiers(), 0U);
-    EXPECT_EQ(type(controlT), 1);
+TEST_F(X11HeldModifiersTest, WhatIsReleasedWhilePuttingBackIsLetGoOfAtOnce) {
+    script.user = {KEY_LEFTSHIFT};
+    script.beforeLook = [this](int look) {
+        if (look == 3) {
+            script.user.clear();
+        }
+    };
+    type();
+    EXPECT_EQ(script.log,
+              (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT", "-SHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, ALockedModifierIsLeftAlone) {
-    stage->hold(KEY_CAPSLOCK, true);
-    stage->hold(KEY_CAPSLOCK, false);
-    EXPECT_EQ(stage->modifiers(), lockMask);
-    EXPECT_EQ(type(controlT), 1);
-    EXPECT_EQ(stage->modifiers(), lockMask);
+TEST_F(X11HeldModifiersTest, OneOfTwoMayBeReleasedBeforeTheOther) {
+    script.user = {KEY_LEFTSHIFT, KEY_RIGHTSHIFT};
+    script.beforeLook = [this](int look) {
+        if (look == 3) {
+            script.user.erase(KEY_LEFTSHIFT);
+        }
+    };
+    type();
+    EXPECT_EQ(script.log, (Log{"-SHIFT -RIGHTSHIFT +CTRL +T -T -CTRL", "listen",
+                               "+SHIFT +RIGHTSHIFT", "-SHIFT"}));
+    script.log.clear();
+    userLetsGo();
+    EXPECT_EQ(script.log, (Log{"-RIGHTSHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, AHeldLockKeyIsLeftAlone) {
-    stage->hold(KEY_CAPSLOCK, true);
-    EXPECT_EQ(type(controlT), 1);
+TEST_F(X11HeldModifiersTest, ASecondShortcutInOneHoldLiftsWhatWasPutBack) {
+    script.user = {KEY_LEFTSHIFT};
+    type();
+    script.log.clear();
+    type();
+    EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "+SHIFT"}));
 }
 
-TEST_F(X11HeldModifiersTest, AHeldLetterIsNoModifier) {
-    stage->hold(KEY_Q, true);
-    EXPECT_EQ(type(controlT), 1);
+TEST_F(X11HeldModifiersTest, OurOwnKeyboardsModifiersAreNotHeld) {
+    script.ours = {KEY_LEFTCTRL};
+    type();
+    EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, WhatIsNoWholeStrokeIsLeftToTheVirtualKeyboard) {
-    stage->hold(KEY_LEFTSHIFT, true);
-    EXPECT_EQ(type({{KEY_T, true}}), 1);
+TEST_F(X11HeldModifiersTest, AModifierThatTheUserHoldsWhileOursIsDownIsHeld) {
+    script.ours = {KEY_LEFTCTRL};
+    script.user = {KEY_LEFTCTRL};
+    type();
+    EXPECT_EQ(script.log, (Log{"-CTRL +CTRL +T -T -CTRL", "listen", "+CTRL"}));
 }
 
-TEST_F(X11HeldModifiersTest, AKeyThatTheServerDoesNotKnowIsLeftToTheVirtualKeyboard) {
-    stage->hold(KEY_LEFTSHIFT, true);
-    EXPECT_EQ(type({{KEY_FN, true}, {KEY_FN, false}}), 1);
+TEST_F(X11HeldModifiersTest, AtTheEndNothingIsLeftDown) {
+    script.user = {KEY_LEFTSHIFT};
+    type();
+    script.log.clear();
+    held.reset();
+    EXPECT_EQ(script.log, Log{"-SHIFT"});
 }
 
-TEST_F(X11HeldModifiersTest, WithoutItsServerTheVirtualKeyboardTypes) {
-    stage->hold(KEY_LEFTSHIFT, true);
-    stage.reset();
-    EXPECT_EQ(type(controlT), 1);
-    EXPECT_EQ(type(controlT), 1);
-}
-
-TEST(HeldModifiersOfThisSessionTest, OnlyX11Tells) {
-    DesktopThread desktop;
-    unsetenv("DISPLAY");
-    EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
-    setenv("DISPLAY", ":not-a-display", 1);
-    EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
-    if (XStage::isInstalled()) {
-        XStage stage;
-        setenv("WAYLAND_DISPLAY", "wayland-0", 1);
-        EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
-        unsetenv("WAYLAND_DISPLAY");
-        EXPECT_NE(heldModifiersOfThisSession(desktop), nullptr);
-    }
+// Its connection can be read for ever, and there is nothing to read.
+TEST_F(X11HeldModifiersTest, AServerThatHasGoneIsNotListenedToAnyMore) {
+    desktop.call([this] {
+        script.isAlive = false;
+        server->tell();
+    });
+    desktop.call([] {});
+    desktop.call([] {});
+    const int before = script.hearings;
+    desktop.call([] {});
+    desktop.call([] {});
+    EXPECT_EQ(before, 1);
+    EXPECT_EQ(script.hearings, before);
+    type();
+    EXPECT_EQ(script.log, Log{"plainly"});
 }
 
 } // namespace

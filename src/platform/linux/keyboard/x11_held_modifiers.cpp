@@ -2,10 +2,8 @@
 
 #include "platform/linux/keyboard/lifted_typing.h"
 #include "platform/linux/keyboard/x11_server.h"
-#include "platform/linux/windows/desktop_thread.h"
 
 #include <cstdlib>
-#include <string_view>
 #include <utility>
 
 namespace glidemap {
@@ -22,115 +20,6 @@ bool isX11Session() {
     return isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY");
 }
 
-class X11HeldModifiers : public HeldModifiers {
-public:
-    X11HeldModifiers(DesktopThread& desktopThread, std::unique_ptr<X11Server> connected)
-        : desktop(desktopThread), server(std::move(connected)) {
-        desktop.call(
-            [this] { watch = desktop.watch(server->descriptor(), [this] { catchUp(); }); });
-    }
-
-    ~X11HeldModifiers() override {
-        desktop.call([this] {
-            letGo(putBackKeys);
-            watch = {};
-            server.reset();
-        });
-    }
-
-    void type(std::vector<KeyChange> changes, std::function<void()> plainly) override {
-        desktop.submit([this, changes = std::move(changes), plainly = std::move(plainly)] {
-            if (!typeAroundHeldOnes(changes)) {
-                plainly();
-            }
-            catchUp();
-        });
-    }
-
-private:
-    bool typeAroundHeldOnes(const std::vector<KeyChange>& changes) {
-        if (!areBalanced(changes) || !X11Server::canType(changes)) {
-            return false;
-        }
-        const std::vector<std::uint16_t> held = modifiersHeldByOthers();
-        if (held.empty()) {
-            return false;
-        }
-        server->type(typedWithout(held, changes));
-        for (const std::uint16_t code : held) {
-            putBackKeys.erase(code);
-        }
-        restore(held);
-        return true;
-    }
-
-    // The shortcut before this one may still be on its way; its modifiers are no one's but ours.
-    std::vector<std::uint16_t> modifiersHeldByOthers() {
-        std::vector<std::uint16_t> held = server->modifiersDown();
-        if (!held.empty()) {
-            const X11Server::KeysDown down = server->keysDown();
-            std::erase_if(held, [&](std::uint16_t code) {
-                return down.ours.contains(code) && !down.users.contains(code);
-            });
-        }
-        return held;
-    }
-
-    void restore(const std::vector<std::uint16_t>& held) {
-        server->listenToReleases(true); // before looking, so that nothing falls between
-        const std::set<std::uint16_t> down = server->keysDown().users;
-        std::vector<std::uint16_t> still;
-        for (const std::uint16_t code : held) {
-            if (down.contains(code)) {
-                still.push_back(code);
-            }
-        }
-        server->type(putBack(still));
-        putBackKeys.insert(still.begin(), still.end());
-        letGoOfReleased();
-    }
-
-    // Ends what the user has ended.
-    void letGoOfReleased() {
-        const std::set<std::uint16_t> down = server->keysDown().users;
-        std::set<std::uint16_t> released;
-        for (const std::uint16_t code : putBackKeys) {
-            if (!down.contains(code)) {
-                released.insert(code);
-            }
-        }
-        letGo(released);
-        if (putBackKeys.empty()) {
-            server->listenToReleases(false);
-        }
-    }
-
-    void letGo(std::set<std::uint16_t> codes) {
-        for (const std::uint16_t code : codes) {
-            const KeyChange up[] = {{code, false}};
-            server->type(up);
-            putBackKeys.erase(code);
-        }
-    }
-
-    // Waiting for an answer may have heard something as well, which then does not wake us any more.
-    void catchUp() {
-        while (server->heardSomething()) {
-            if (!putBackKeys.empty()) {
-                letGoOfReleased();
-            }
-        }
-        if (!server->isAlive()) {
-            watch = {};
-        }
-    }
-
-    DesktopThread& desktop;
-    std::unique_ptr<X11Server> server;
-    DesktopThread::Watch watch;
-    std::set<std::uint16_t> putBackKeys; // down on the pretended keyboard for the user's sake
-};
-
 } // namespace
 
 std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop) {
@@ -140,6 +29,108 @@ std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop
     auto server = X11Server::connect();
     return server != nullptr ? std::make_unique<X11HeldModifiers>(desktop, std::move(server))
                              : nullptr;
+}
+
+X11HeldModifiers::X11HeldModifiers(DesktopThread& desktopThread,
+                                   std::unique_ptr<XKeyServer> connected)
+    : desktop(desktopThread), server(std::move(connected)) {
+    desktop.call([this] { watch = desktop.watch(server->descriptor(), [this] { catchUp(); }); });
+}
+
+X11HeldModifiers::~X11HeldModifiers() {
+    desktop.call([this] {
+        letGo(std::exchange(putBackKeys, {}));
+        watch = {};
+        server.reset();
+    });
+}
+
+void X11HeldModifiers::type(std::vector<KeyChange> changes, std::function<void()> plainly) {
+    desktop.submit([this, changes = std::move(changes), plainly = std::move(plainly)] {
+        if (!typeAroundHeldOnes(changes)) {
+            plainly();
+        }
+        catchUp();
+    });
+}
+
+bool X11HeldModifiers::typeAroundHeldOnes(const std::vector<KeyChange>& changes) {
+    if (!areBalanced(changes) || !server->canType(changes)) {
+        return false;
+    }
+    const std::vector<std::uint16_t> held = modifiersHeldByOthers();
+    if (held.empty()) {
+        return false;
+    }
+    server->type(typedWithout(held, changes));
+    for (const std::uint16_t code : held) {
+        putBackKeys.erase(code);
+    }
+    restore(held);
+    return true;
+}
+
+// The shortcut before this one may still be on its way; its modifiers are no one's but ours.
+std::vector<std::uint16_t> X11HeldModifiers::modifiersHeldByOthers() {
+    std::vector<std::uint16_t> held = server->modifiersDown();
+    if (!held.empty()) {
+        const XKeyServer::KeysDown down = server->keysDown();
+        std::erase_if(held, [&](std::uint16_t code) {
+            return down.ours.contains(code) && !down.users.contains(code);
+        });
+    }
+    return held;
+}
+
+void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
+    server->listenToReleases(true); // before looking, so that nothing falls between
+    const std::set<std::uint16_t> down = server->keysDown().users;
+    std::vector<std::uint16_t> still;
+    for (const std::uint16_t code : held) {
+        if (down.contains(code)) {
+            still.push_back(code);
+        }
+    }
+    if (!still.empty()) {
+        server->type(putBack(still));
+        putBackKeys.insert(still.begin(), still.end());
+    }
+    letGoOfReleased();
+}
+
+// Ends what the user has ended.
+void X11HeldModifiers::letGoOfReleased() {
+    const std::set<std::uint16_t> down = server->keysDown().users;
+    std::set<std::uint16_t> released;
+    for (const std::uint16_t code : putBackKeys) {
+        if (!down.contains(code)) {
+            released.insert(code);
+        }
+    }
+    letGo(released);
+    std::erase_if(putBackKeys, [&](std::uint16_t code) { return released.contains(code); });
+    if (putBackKeys.empty()) {
+        server->listenToReleases(false);
+    }
+}
+
+void X11HeldModifiers::letGo(const std::set<std::uint16_t>& codes) {
+    for (const std::uint16_t code : codes) {
+        const KeyChange up[] = {{code, false}};
+        server->type(up);
+    }
+}
+
+// Waiting for an answer may have heard something as well, which then does not wake us any more.
+void X11HeldModifiers::catchUp() {
+    while (server->heardSomething()) {
+        if (!putBackKeys.empty()) {
+            letGoOfReleased();
+        }
+    }
+    if (!server->isAlive()) {
+        watch = {};
+    }
 }
 
 } // namespace glidemap

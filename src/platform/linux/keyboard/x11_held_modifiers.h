@@ -16,14 +16,38 @@
 #pragma once
 
 #include "platform/linux/keyboard/held_modifiers.h"
+#include "platform/linux/keyboard/x_key_server.h"
+#include "platform/linux/windows/desktop_thread.h"
 
+#include <cstdint>
 #include <memory>
+#include <set>
+#include <vector>
 
 namespace glidemap {
 
-class DesktopThread;
-
 // Null where nobody can tell what is held. The desktop thread outlives the answer.
 std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop);
+
+class X11HeldModifiers : public HeldModifiers {
+public:
+    X11HeldModifiers(DesktopThread& desktopThread, std::unique_ptr<XKeyServer> connected);
+    ~X11HeldModifiers() override;
+
+    void type(std::vector<KeyChange> changes, std::function<void()> plainly) override;
+
+private:
+    bool typeAroundHeldOnes(const std::vector<KeyChange>& changes);
+    std::vector<std::uint16_t> modifiersHeldByOthers();
+    void restore(const std::vector<std::uint16_t>& held);
+    void letGoOfReleased();
+    void letGo(const std::set<std::uint16_t>& codes);
+    void catchUp();
+
+    DesktopThread& desktop;
+    std::unique_ptr<XKeyServer> server;
+    DesktopThread::Watch watch;
+    std::set<std::uint16_t> putBackKeys; // down on the pretended keyboard for the user's sake
+};
 
 } // namespace glidemap

@@ -188,7 +188,7 @@ void X11Server::type(std::span<const KeyChange> changes) {
     xcb_flush(state->connection);
 }
 
-bool X11Server::canType(std::span<const KeyChange> changes) {
+bool X11Server::canType(std::span<const KeyChange> changes) const {
     return std::ranges::all_of(changes, [](const KeyChange& change) {
         return change.kernelCode + keyCodeOffset <= largestKeyCode;
     });

@@ -1,0 +1,133 @@
+// Typing while keys are held, at a real X server. It has no keyboard of its own here; the keys are
+// held by another program. What happens to keys that a person holds is seen with the kernel's
+// keyboards.
+#include "platform/linux/keyboard/x11_held_modifiers.h"
+#include "platform/linux/keyboard/x11_server.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "x_stage.h"
+
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using Keys = std::vector<std::string>;
+using Changes = std::vector<KeyChange>;
+
+constexpr std::uint32_t lockMask = 2;
+
+const Changes controlT = {
+    {KEY_LEFTCTRL, true}, {KEY_T, true}, {KEY_T, false}, {KEY_LEFTCTRL, false}};
+
+class X11ServerTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (!XStage::isInstalled()) {
+            GTEST_SKIP() << "Xvfb is not installed";
+        }
+        stage = std::make_unique<XStage>();
+        held = heldModifiersOfThisSession(desktop);
+        ASSERT_NE(held, nullptr);
+    }
+
+    // How often it was left to the virtual keyboard.
+    int type(const Changes& changes) {
+        int plainly = 0;
+        held->type(changes, [&] { ++plainly; });
+        desktop.call([] {});
+        return plainly;
+    }
+
+    DesktopThread desktop;
+    std::unique_ptr<XStage> stage;
+    std::unique_ptr<HeldModifiers> held;
+};
+
+TEST_F(X11ServerTest, WhileNothingIsHeldTheVirtualKeyboardTypes) {
+    EXPECT_EQ(type(controlT), 1);
+    EXPECT_EQ(stage->keysUntilNow(), Keys{});
+}
+
+TEST_F(X11ServerTest, AHeldModifierIsNoPartOfTheShortcut) {
+    stage->hold(KEY_LEFTSHIFT, true);
+    EXPECT_EQ(stage->keysUntilNow(), (Keys{"+42 while 0"}));
+    EXPECT_EQ(type(controlT), 0);
+    EXPECT_EQ(stage->keysUntilNow(),
+              (Keys{"-42 while 1", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
+}
+
+TEST_F(X11ServerTest, AHeldModifierThatIsWantedIsPressedOnce) {
+    stage->hold(KEY_LEFTCTRL, true);
+    stage->keysUntilNow();
+    EXPECT_EQ(type(controlT), 0);
+    EXPECT_EQ(stage->keysUntilNow(),
+              (Keys{"-29 while 4", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
+}
+
+// Nobody could tell when that program lets go.
+TEST_F(X11ServerTest, WhatNoKeyboardHoldsIsNotPutBack) {
+    stage->hold(KEY_LEFTMETA, true);
+    EXPECT_NE(stage->modifiers(), 0U);
+    EXPECT_EQ(type(controlT), 0);
+    EXPECT_EQ(stage->modifiers(), 0U);
+    EXPECT_EQ(type(controlT), 1);
+}
+
+TEST_F(X11ServerTest, ALockedModifierIsLeftAlone) {
+    stage->hold(KEY_CAPSLOCK, true);
+    stage->hold(KEY_CAPSLOCK, false);
+    EXPECT_EQ(stage->modifiers(), lockMask);
+    EXPECT_EQ(type(controlT), 1);
+    EXPECT_EQ(stage->modifiers(), lockMask);
+}
+
+TEST_F(X11ServerTest, AHeldLockKeyIsLeftAlone) {
+    stage->hold(KEY_CAPSLOCK, true);
+    EXPECT_EQ(type(controlT), 1);
+}
+
+TEST_F(X11ServerTest, AHeldLetterIsNoModifier) {
+    stage->hold(KEY_Q, true);
+    EXPECT_EQ(type(controlT), 1);
+}
+
+TEST_F(X11ServerTest, WhatIsNoWholeStrokeIsLeftToTheVirtualKeyboard) {
+    stage->hold(KEY_LEFTSHIFT, true);
+    EXPECT_EQ(type({{KEY_T, true}}), 1);
+}
+
+TEST_F(X11ServerTest, AKeyThatTheServerDoesNotKnowIsLeftToTheVirtualKeyboard) {
+    stage->hold(KEY_LEFTSHIFT, true);
+    EXPECT_EQ(type({{KEY_FN, true}, {KEY_FN, false}}), 1);
+}
+
+TEST_F(X11ServerTest, WithoutItsServerTheVirtualKeyboardTypes) {
+    stage->hold(KEY_LEFTSHIFT, true);
+    stage.reset();
+    EXPECT_EQ(type(controlT), 1);
+    EXPECT_EQ(type(controlT), 1);
+}
+
+TEST(HeldModifiersOfThisSessionTest, OnlyX11Tells) {
+    DesktopThread desktop;
+    unsetenv("DISPLAY");
+    EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
+    setenv("DISPLAY", ":not-a-display", 1);
+    EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
+    if (XStage::isInstalled()) {
+        XStage stage;
+        setenv("WAYLAND_DISPLAY", "wayland-0", 1);
+        EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
+        unsetenv("WAYLAND_DISPLAY");
+        EXPECT_NE(heldModifiersOfThisSession(desktop), nullptr);
+    }
+}
+
+} // namespace
+} // namespace glidemap
