@@ -142,6 +142,8 @@ TEST(KeyboardTest, ThereIsOneFromTheStartToTheEnd) {
         post(keyboard, t, shift);
         EXPECT_EQ(keyboards(), before);
         EXPECT_EQ(firstLine(before.front() / "device/phys"), "glidemap/keyboard");
+        // On this bus no touchpad takes it for the keyboard that it must not be used beside.
+        EXPECT_EQ(firstLine(before.front() / "device/id/bustype"), "0006");
     }
     EXPECT_EQ(keyboards().size(), 0U);
 }
