@@ -125,6 +125,9 @@ TEST(HeldModifiersOfThisSessionTest, OnlyX11Tells) {
         setenv("WAYLAND_DISPLAY", "wayland-0", 1);
         EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
         unsetenv("WAYLAND_DISPLAY");
+        setenv("XDG_SESSION_TYPE", "wayland", 1);
+        EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
+        setenv("XDG_SESSION_TYPE", "x11", 1);
         EXPECT_NE(heldModifiersOfThisSession(desktop), nullptr);
     }
 }

@@ -94,6 +94,7 @@ void XStage::startServer() {
     close(pipe[1]);
     setenv("DISPLAY", (":" + readNumber(pipe[0])).c_str(), 1);
     unsetenv("WAYLAND_DISPLAY");
+    unsetenv("XDG_SESSION_TYPE");
     close(pipe[0]);
 }
 

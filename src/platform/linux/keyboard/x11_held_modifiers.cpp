@@ -4,6 +4,7 @@
 #include "platform/linux/keyboard/x11_server.h"
 
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 namespace glidemap {
@@ -17,7 +18,10 @@ bool isSet(const char* variable) {
 
 // An X server inside a Wayland session hears only what is typed into its own windows.
 bool isX11Session() {
-    return isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY");
+    const char* type = std::getenv("XDG_SESSION_TYPE");
+    const bool isWayland =
+        isSet("WAYLAND_DISPLAY") || (type != nullptr && std::string_view(type) == "wayland");
+    return isSet("DISPLAY") && !isWayland;
 }
 
 } // namespace
