@@ -73,6 +73,7 @@ private:
     void read(xcb_window_t window);
     void forgetClosedWindows();
     void tell();
+    bool activeIsOpen() const;
     void tellActive();
     void tellWindows();
     void lose();
@@ -88,6 +89,7 @@ private:
     Inquiry activeInquiry;
     Inquiry listInquiry;
     xcb_window_t active = XCB_WINDOW_NONE;
+    bool hasList = false;
     std::vector<xcb_window_t> listed;
     std::map<xcb_window_t, Client> clients; // those listed, and the active one
     std::optional<WindowIdentity> toldActive;
@@ -192,6 +194,7 @@ void X11Backend::Session::takeActive(const X11Property& property) {
 }
 
 void X11Backend::Session::takeList(const X11Property& property) {
+    hasList = property.hasItems;
     listed.clear();
     std::set<xcb_window_t> seen;
     for (const xcb_window_t window : property.items) {
@@ -203,11 +206,10 @@ void X11Backend::Session::takeList(const X11Property& property) {
     forgetClosedWindows();
 }
 
+// Known ones, too: a number may be that of another window by now, if one program has ended and the
+// next has begun before we could look.
 void X11Backend::Session::follow(xcb_window_t window) {
-    const auto [client, isNew] = clients.try_emplace(window);
-    const bool wasGone = client->second.window && client->second.window->isGone;
-    if (!isNew && !wasGone)
-        return;
+    clients.try_emplace(window);
     requests.followProperties(window);
     read(window);
 }
@@ -237,10 +239,15 @@ void X11Backend::Session::tell() {
     tellWindows();
 }
 
+// Some window managers leave the last window active after it was closed.
+bool X11Backend::Session::activeIsOpen() const {
+    return !hasList || std::find(listed.begin(), listed.end(), active) != listed.end();
+}
+
 void X11Backend::Session::tellActive() {
     std::optional<WindowIdentity> now;
     const auto client = clients.find(active);
-    if (client != clients.end()) {
+    if (client != clients.end() && activeIsOpen()) {
         if (!client->second.window)
             return; // its answer is on the way
         if (!client->second.window->isGone)

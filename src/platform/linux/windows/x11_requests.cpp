@@ -23,6 +23,7 @@ X11Property propertyIn(void* answer, const xcb_generic_error_t* error) {
     if (reply->format == 8) {
         property.text.assign(static_cast<const char*>(value), length);
     } else if (reply->format == 32) {
+        property.hasItems = true;
         const auto* const items = static_cast<const std::uint32_t*>(value);
         property.items.assign(items, items + length / sizeof(std::uint32_t));
     }

@@ -25,6 +25,7 @@ struct X11Freed {
 // The value of a property, already cut to what was asked for.
 struct X11Property {
     bool windowIsGone = false;
+    bool hasItems = false;            // it is a 32-bit one, if of no items
     std::string text;                 // of 8-bit properties
     std::vector<std::uint32_t> items; // of 32-bit ones
 };

@@ -1,0 +1,455 @@
+#include "linux_windows/x11/x_client.h"
+#include "linux_windows/x11/x_server.h"
+#include "platform/linux/windows/x11_backend.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <mutex>
+
+namespace glidemap {
+namespace {
+
+using namespace desktops;
+using namespace std::chrono_literals;
+
+std::string describe(const WindowIdentity& window) {
+    return window.instance + "/" + window.appID;
+}
+
+// How things stand by what was told. On the way there window managers make detours.
+class LastTold : public WindowListener {
+public:
+    void activeWindowChanged(const std::optional<WindowIdentity>& window) override {
+        const std::lock_guard lock(mutex);
+        active = window;
+        ++count;
+        told.notify_all();
+    }
+
+    void windowsChanged(const std::vector<WindowIdentity>& all) override {
+        const std::lock_guard lock(mutex);
+        windows = all;
+        ++count;
+        told.notify_all();
+    }
+
+    void expectActive(const std::string& expected) {
+        expect(expected, [this] { return active ? describe(*active) : "none"; });
+    }
+
+    void expectWindows(const std::string& expected) {
+        expect(expected, [this] {
+            std::string all;
+            for (const WindowIdentity& window : windows)
+                all += (all.empty() ? "" : " ") + describe(window);
+            return all;
+        });
+    }
+
+    WindowIdentity activeWindow() {
+        const std::lock_guard lock(mutex);
+        return active.value_or(WindowIdentity{});
+    }
+
+    int tellings() {
+        const std::lock_guard lock(mutex);
+        return count;
+    }
+
+private:
+    void expect(const std::string& expected, const std::function<std::string()>& now) {
+        std::unique_lock lock(mutex);
+        told.wait_for(lock, patience, [&] { return now() == expected; });
+        EXPECT_EQ(now(), expected);
+    }
+
+    std::mutex mutex;
+    std::condition_variable told;
+    std::optional<WindowIdentity> active;
+    std::vector<WindowIdentity> windows;
+    int count = 0;
+};
+
+class X11BackendTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (const std::string reason = XServer::whyNot(); !reason.empty())
+            GTEST_SKIP() << reason;
+    }
+
+    ~X11BackendTest() override {
+        thread.call([this] { backend.reset(); });
+    }
+
+    void startServer(const std::vector<std::string>& arguments = {}) {
+        server = std::make_unique<XServer>(arguments);
+    }
+
+    void listen() {
+        thread.call([this] {
+            backend = std::make_unique<X11Backend>(thread, server->display());
+            EXPECT_TRUE(backend->start(told));
+        });
+    }
+
+    // With a window manager.
+    void startDesktop() {
+        startServer();
+        server->startWindowManager();
+        listen();
+    }
+
+    // Without one: the test says itself what one would.
+    void startBareServer(const std::vector<std::string>& arguments = {}) {
+        startServer(arguments);
+        manager = std::make_unique<XClient>(*server);
+        manager->useRoot();
+        listen();
+    }
+
+    std::unique_ptr<XClient> window(const std::string& instance, const std::string& name) {
+        auto client = std::make_unique<XClient>(*server);
+        client->describe(instance, name);
+        client->map();
+        return client;
+    }
+
+    void setActive(const XClient& client) {
+        manager->setNumbers("_NET_ACTIVE_WINDOW", std::to_string(client.window()));
+    }
+
+    void list(const std::string& numbers) { manager->setNumbers("_NET_CLIENT_LIST", numbers); }
+
+    static std::string number(const XClient& client) { return std::to_string(client.window()); }
+
+    std::unique_ptr<XServer> server;
+    std::unique_ptr<XClient> manager;
+    LastTold told;
+    DesktopThread thread;
+    std::unique_ptr<X11Backend> backend;
+};
+
+TEST_F(X11BackendTest, WithoutAServerItIsNotTheDesktop) {
+    thread.call([this] {
+        backend = std::make_unique<X11Backend>(thread, ":54321");
+        EXPECT_FALSE(backend->start(told));
+    });
+}
+
+TEST_F(X11BackendTest, TellsWhatAWindowSaysOfItself) {
+    startDesktop();
+    XClient client(*server);
+    client.describe("an-instance", "A-class");
+    client.setText("WM_NAME", "an old title");
+    client.setText("_NET_WM_NAME", "a title");
+    client.map();
+    told.expectActive("an-instance/A-class");
+    told.expectWindows("an-instance/A-class");
+    EXPECT_EQ(told.activeWindow(),
+              (WindowIdentity{"A-class", "an-instance", "a title", client.process()}));
+}
+
+TEST_F(X11BackendTest, FindsTheWindowsThatWereThereBefore) {
+    startServer();
+    server->startWindowManager();
+    const auto one = window("one", "One");
+    const auto two = window("two", "Two");
+    two->activate();
+    listen();
+    told.expectWindows("one/One two/Two");
+    told.expectActive("two/Two");
+}
+
+TEST_F(X11BackendTest, FollowsTheActiveWindow) {
+    startDesktop();
+    const auto one = window("one", "One");
+    told.expectActive("one/One");
+    const auto two = window("two", "Two");
+    told.expectActive("two/Two");
+    for (int round = 0; round < 20; ++round) {
+        one->activate();
+        told.expectActive("one/One");
+        two->activate();
+        told.expectActive("two/Two");
+    }
+    two->destroy();
+    told.expectActive("one/One");
+    told.expectWindows("one/One");
+}
+
+TEST_F(X11BackendTest, AfterTheLastWindowNoneIsActive) {
+    startDesktop();
+    const auto one = window("one", "One");
+    told.expectActive("one/One");
+    one->destroy();
+    told.expectActive("none");
+    told.expectWindows("");
+    const auto two = window("two", "Two");
+    told.expectActive("two/Two");
+    two->kill();
+    told.expectActive("none");
+    told.expectWindows("");
+}
+
+TEST_F(X11BackendTest, TheDesktopsFurnitureIsNoApplication) {
+    startDesktop();
+    const auto plain = window("plain", "Plain");
+    struct Row {
+        const char* type;
+        const char* state;
+        const char* windows;
+    };
+    const Row rows[] = {
+        {"_NET_WM_WINDOW_TYPE_NORMAL", "", "plain/Plain it/It"},
+        {"_NET_WM_WINDOW_TYPE_DIALOG", "", "plain/Plain it/It"},
+        {"_NET_WM_WINDOW_TYPE_UTILITY", "", "plain/Plain it/It"},
+        {"_SOME_OTHER_TYPE _NET_WM_WINDOW_TYPE_NORMAL", "", "plain/Plain it/It"},
+        {"_NET_WM_WINDOW_TYPE_DOCK", "", "plain/Plain"},
+        {"_NET_WM_WINDOW_TYPE_DESKTOP", "", "plain/Plain"},
+        {"_NET_WM_WINDOW_TYPE_SPLASH", "", "plain/Plain"},
+        {"_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE_SKIP_TASKBAR", "plain/Plain"},
+        {"", "", "plain/Plain it/It"},
+    };
+    for (const Row& row : rows) {
+        XClient client(*server);
+        client.describe("it", "It");
+        client.setAtoms("_NET_WM_WINDOW_TYPE", row.type);
+        client.setAtoms("_NET_WM_STATE", row.state);
+        client.map();
+        const auto after = window("after", "After");
+        told.expectWindows(std::string(row.windows) + " after/After");
+        after->destroy();
+        client.destroy();
+        told.expectWindows("plain/Plain");
+    }
+}
+
+TEST_F(X11BackendTest, FollowsWhatAWindowSaysLater) {
+    startDesktop();
+    const auto office = window("office", "Office-start");
+    told.expectActive("office/Office-start");
+    office->describe("office", "Office-writer");
+    told.expectActive("office/Office-writer");
+    told.expectWindows("office/Office-writer");
+}
+
+TEST_F(X11BackendTest, TheWindowManagerMayBeReplaced) {
+    startDesktop();
+    const auto one = window("one", "One");
+    told.expectActive("one/One");
+    server->killWindowManager();
+    server->startWindowManager();
+    const auto two = window("two", "Two");
+    told.expectActive("two/Two");
+    told.expectWindows("one/One two/Two");
+}
+
+TEST_F(X11BackendTest, WhenTheServerGoesSoDoTheWindows) {
+    startDesktop();
+    const auto one = window("one", "One");
+    told.expectActive("one/One");
+    told.expectWindows("one/One");
+    server->kill();
+    told.expectActive("none");
+    told.expectWindows("");
+}
+
+TEST_F(X11BackendTest, TheServerKnowsTheProcessBetterThanTheWindow) {
+    startBareServer();
+    const auto liar = window("liar", "Liar");
+    liar->setNumbers("_NET_WM_PID", "1");
+    setActive(*liar);
+    told.expectActive("liar/Liar");
+    EXPECT_EQ(told.activeWindow().process, liar->process());
+}
+
+TEST_F(X11BackendTest, WithoutTheExtensionTheWindowIsBelievedIfItIsOfThisMachine) {
+    startBareServer({"-extension", "X-Resource"});
+    const auto one = window("one", "One");
+    setActive(*one);
+    told.expectActive("one/One");
+    EXPECT_EQ(told.activeWindow().process, one->process());
+
+    const auto far = window("far", "Far");
+    far->setText("WM_CLIENT_MACHINE", "elsewhere.example.org");
+    setActive(*far);
+    told.expectActive("far/Far");
+    EXPECT_EQ(told.activeWindow().process, std::nullopt);
+}
+
+TEST_F(X11BackendTest, PropertiesOfAWrongShapeSayNothing) {
+    startBareServer({"-extension", "X-Resource"});
+    struct Row {
+        const char* what;
+        std::function<void(XClient&)> spoil;
+        const char* expected;
+    };
+    const Row rows[] = {
+        {"nothing", [](XClient& client) { client.setText("WM_CLASS", ""); }, "/"},
+        {"no null", [](XClient& client) { client.setText("WM_CLASS", "one"); }, "one/"},
+        {"one null", [](XClient& client) { client.setText("WM_CLASS", "one\\0two"); }, "one/two"},
+        {"only nulls", [](XClient& client) { client.setText("WM_CLASS", "\\0\\0\\0"); }, "/"},
+        {"three", [](XClient& client) { client.setText("WM_CLASS", "a\\0b\\0c\\0"); }, "a/b"},
+        {"numbers", [](XClient& client) { client.setNumbers("WM_CLASS", "65 66"); }, "/"},
+        {"Latin-1", [](XClient& client) { client.setText("WM_CLASS", "a\xe9\\0b\\0"); }, "a\xe9/b"},
+    };
+    for (const Row& row : rows) {
+        XClient client(*server);
+        row.spoil(client);
+        client.setText("_NET_WM_PID", "not a number");
+        client.setNumbers("WM_CLIENT_MACHINE", "1 2 3");
+        client.setText("_NET_WM_WINDOW_TYPE", "x");
+        client.map();
+        list(number(client));
+        setActive(client);
+        told.expectActive(row.expected);
+        told.expectWindows(row.expected);
+        EXPECT_EQ(told.activeWindow().process, std::nullopt) << row.what;
+        list(""); // the next window may have this one's number
+        told.expectActive("none");
+        told.expectWindows("");
+    }
+}
+
+// As after a window was hidden rather than closed, and no other is left.
+TEST_F(X11BackendTest, AnActiveWindowThatIsNotListedIsNone) {
+    startBareServer();
+    const auto one = window("one", "One");
+    const auto two = window("two", "Two");
+    setActive(*one);
+    told.expectActive("one/One");
+    list(number(*two));
+    told.expectActive("none");
+    list(number(*two) + " " + number(*one));
+    told.expectActive("one/One");
+}
+
+TEST_F(X11BackendTest, AnEndlessPropertyIsCut) {
+    startBareServer();
+    XClient client(*server);
+    client.repeatText("WM_CLASS", "0123456789abcdef", 200'000);
+    client.map();
+    setActive(client);
+    std::string most;
+    while (most.size() < 1024)
+        most += "0123456789abcdef";
+    told.expectActive(most + "/");
+}
+
+TEST_F(X11BackendTest, AListOfNonsenseIsNoList) {
+    startBareServer();
+    const auto one = window("one", "One");
+    const auto two = window("two", "Two");
+    const std::string both = number(*one) + " " + number(*two);
+    list(both);
+    told.expectWindows("one/One two/Two");
+    list(number(*two) + " 0 123456789 4294967295 " + number(*two) + " " + number(*one));
+    told.expectWindows("two/Two one/One");
+    list("");
+    told.expectWindows("");
+    list(both);
+    told.expectWindows("one/One two/Two");
+    manager->setText("_NET_CLIENT_LIST", "windows");
+    told.expectWindows("");
+
+    setActive(*one);
+    told.expectActive("one/One");
+    manager->setNumbers("_NET_ACTIVE_WINDOW", "123456789");
+    told.expectActive("none");
+    setActive(*two);
+    told.expectActive("two/Two");
+    manager->setText("_NET_ACTIVE_WINDOW", "window");
+    told.expectActive("none");
+}
+
+TEST_F(X11BackendTest, AnEndlessListIsCut) {
+    startBareServer();
+    const auto one = window("one", "One");
+    std::string numbers = number(*one);
+    for (int count = 1; count < 4096; ++count)
+        numbers += " 7";
+    list(numbers + " 8 9 10");
+    told.expectWindows("one/One");
+}
+
+TEST_F(X11BackendTest, AGrabbedServerHoldsUpNobody) {
+    startBareServer();
+    const auto one = window("one", "One");
+    const auto two = window("two", "Two");
+    setActive(*one);
+    told.expectActive("one/One");
+    manager->grabServer();
+    setActive(*two); // is told, but nothing that is asked about it is answered
+    thread.call([] {});
+    told.expectActive("one/One");
+    manager->ungrabServer();
+    told.expectActive("two/Two");
+}
+
+TEST_F(X11BackendTest, AWindowThatNeverStopsChangingHoldsUpNobody) {
+    startBareServer();
+    const auto restless = window("r", "0");
+    const auto calm = window("calm", "Calm");
+    list(number(*restless) + " " + number(*calm));
+    for (int count = 1; count <= 2000; ++count)
+        restless->setText("WM_CLASS", "r\\0" + std::to_string(count) + "\\0");
+    thread.call([] {});
+    setActive(*calm);
+    told.expectActive("calm/Calm");
+    told.expectWindows("r/2000 calm/Calm");
+}
+
+// How often the desktop thread has gone to sleep; it goes to sleep as often as it was woken.
+long sleepsOfDesktopThread() {
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::string name;
+        std::getline(std::ifstream(task.path() / "comm"), name);
+        if (name != "lidemap-desktop")
+            continue;
+        std::ifstream status(task.path() / "status");
+        for (std::string key; status >> key;) {
+            long count = 0;
+            if (key == "voluntary_ctxt_switches:" && status >> count)
+                return count;
+        }
+    }
+    ADD_FAILURE() << "there is no such thread";
+    return 0;
+}
+
+// Waits for as long, unless something is told.
+void expectNothingTold(LastTold& told, std::chrono::milliseconds length) {
+    const int before = told.tellings();
+    std::mutex mutex;
+    std::condition_variable never;
+    std::unique_lock lock(mutex);
+    never.wait_for(lock, length, [] { return false; });
+    EXPECT_EQ(told.tellings(), before);
+}
+
+TEST_F(X11BackendTest, SleepsWhileNothingOfInterestHappens) {
+    startBareServer();
+    const auto one = window("one", "One");
+    list(number(*one));
+    setActive(*one);
+    told.expectActive("one/One");
+    told.expectWindows("one/One");
+    thread.call([] {});
+    expectNothingTold(told, 50ms); // the thread gets back to sleep
+    const long before = sleepsOfDesktopThread();
+    for (int round = 0; round < 10; ++round)
+        one->wander();
+    expectNothingTold(told, 1500ms);
+    EXPECT_EQ(sleepsOfDesktopThread(), before);
+    one->describe("one", "Another");
+    told.expectActive("one/Another");
+    EXPECT_GT(sleepsOfDesktopThread(), before);
+}
+
+} // namespace
+} // namespace glidemap

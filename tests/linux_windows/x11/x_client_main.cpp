@@ -1,0 +1,160 @@
+// A program with one window, which reads what to do from its standard input, a line each, and
+// answers "done" when the X server has done it. First it writes the number of its window.
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+struct Free {
+    void operator()(void* answer) const { std::free(answer); }
+};
+
+class Client {
+public:
+    Client() : connection(xcb_connect(nullptr, nullptr)) {
+        const auto* const screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+        root = screen->root;
+        window = xcb_generate_id(connection);
+        target = window;
+        const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, root, 10, 10, 100, 80, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                          &events);
+        finish();
+    }
+
+    std::uint32_t number() const { return window; }
+
+    // False if it is not known how.
+    bool obey(const std::string& line) {
+        std::istringstream words(line);
+        std::string verb;
+        words >> verb;
+        if (verb == "numbers" || verb == "atoms" || verb == "text")
+            setProperty(verb, words);
+        else if (verb == "root")
+            target = root;
+        else if (verb == "map")
+            map();
+        else if (verb == "activate")
+            activate();
+        else if (verb == "wander")
+            wander();
+        else if (verb == "destroy")
+            xcb_destroy_window(connection, window);
+        else if (verb == "grab")
+            xcb_grab_server(connection);
+        else if (verb == "ungrab")
+            xcb_ungrab_server(connection);
+        else
+            return false;
+        finish();
+        return true;
+    }
+
+private:
+    xcb_atom_t atom(const std::string& name) {
+        const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(xcb_intern_atom_reply(
+            connection,
+            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+            nullptr));
+        return reply->atom;
+    }
+
+    void setProperty(const std::string& kind, std::istringstream& words) {
+        std::string name;
+        words >> name;
+        if (kind == "text")
+            setText(name, words);
+        else
+            setItems(name, kind == "atoms", words);
+    }
+
+    void setItems(const std::string& name, bool areAtoms, std::istringstream& words) {
+        std::vector<std::uint32_t> items;
+        for (std::string word; words >> word;)
+            items.push_back(areAtoms ? atom(word) : static_cast<std::uint32_t>(std::stoul(word)));
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, target, atom(name),
+                            areAtoms ? XCB_ATOM_ATOM : XCB_ATOM_CARDINAL, 32,
+                            static_cast<std::uint32_t>(items.size()), items.data());
+    }
+
+    static std::string withNulls(std::string text) {
+        constexpr std::string_view escape = "\\0";
+        for (std::size_t at = 0; (at = text.find(escape, at)) != std::string::npos; ++at)
+            text.replace(at, escape.size(), 1, '\0');
+        return text;
+    }
+
+    void setText(const std::string& name, std::istringstream& words) {
+        int times = 0;
+        words >> times;
+        words.get();
+        std::string text;
+        std::getline(words, text);
+        text = withNulls(text);
+        std::string whole;
+        for (int count = 0; count < times; ++count)
+            whole += text;
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, target, atom(name), XCB_ATOM_STRING,
+                            8, static_cast<std::uint32_t>(whole.size()), whole.data());
+    }
+
+    void map() {
+        xcb_map_window(connection, window);
+        xcb_flush(connection);
+        for (;;) {
+            const std::unique_ptr<xcb_generic_event_t, Free> event(xcb_wait_for_event(connection));
+            if (event == nullptr || (event->response_type & 0x7F) == XCB_MAP_NOTIFY)
+                return;
+        }
+    }
+
+    void activate() {
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = window;
+        message.type = atom("_NET_ACTIVE_WINDOW");
+        message.data.data32[0] = 2; // as a pager asks, whom nobody refuses
+        xcb_send_event(connection, 0, root,
+                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       reinterpret_cast<const char*>(&message));
+    }
+
+    void wander() {
+        for (std::uint32_t step = 0; step < 100; ++step) {
+            const std::uint32_t place[] = {step, step};
+            xcb_configure_window(connection, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y,
+                                 place);
+        }
+    }
+
+    // Whatever was asked for before has been done when an answer comes.
+    void finish() {
+        const std::unique_ptr<xcb_get_input_focus_reply_t, Free> reply(
+            xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    }
+
+    xcb_connection_t* connection;
+    xcb_window_t root = XCB_WINDOW_NONE;
+    xcb_window_t window = XCB_WINDOW_NONE;
+    xcb_window_t target = XCB_WINDOW_NONE; // of properties
+};
+
+} // namespace
+
+int main() {
+    Client client;
+    std::cout << client.number() << std::endl;
+    for (std::string line; std::getline(std::cin, line);)
+        std::cout << (client.obey(line) ? "done" : "what?") << std::endl;
+}
