@@ -206,6 +206,32 @@ TEST(CloneTest, TheDriverTakesNoCloneForATouchpad) {
     EXPECT_EQ(forwarded.session.unreadableTouchpads(), 0);
 }
 
+// The kernel takes an axis' jitter out of what the touchpad says; what the clone says has been
+// through that. Where libinput does it instead, as it does where its udev rules are installed, it
+// finds what it needs to know on the clone too.
+TEST(CloneTest, JitterIsTakenOutOnceByTheKernelOrByLibinput) {
+    constexpr std::int32_t jitter = 8;
+    PadShape shape = ordinaryPad();
+    shape.axes[ABS_X].fuzz = shape.axes[ABS_MT_POSITION_X].fuzz = jitter;
+    ForwardedPad forwarded(shape);
+    forwarded.switchOn();
+    const auto clone = waitForClone();
+    const auto fuzzOf = [](const auto& node) {
+        return shapeOf(node).axes.at(ABS_MT_POSITION_X).fuzz;
+    };
+    const Deadline deadline; // the rule's program runs last
+    while (fuzzOf(clone) != 0 && !deadline.passed()) {
+        sched_yield();
+    }
+    EXPECT_EQ(fuzzOf(clone), 0);
+    const bool byLibinput = fuzzOf(forwarded.pad.node()) == 0;
+    for (const char* property : {"LIBINPUT_FUZZ_00", "LIBINPUT_FUZZ_35"}) {
+        const auto ofPad = udevProperty(forwarded.pad.node(), property);
+        EXPECT_EQ(ofPad.has_value(), byLibinput);
+        EXPECT_EQ(udevProperty(clone, property), ofPad);
+    }
+}
+
 TEST(CloneTest, StoppedInTheMiddleOfATouchTheTouchpadIsTheSystemsAtOnce) {
     auto forwarded = std::make_unique<ForwardedPad>();
     EventReader others(forwarded->pad.node());

@@ -119,7 +119,7 @@ PadShape shapeOf(const std::filesystem::path& node) {
     for (const int code : device.bits(EVIOCGBIT(EV_ABS, ABS_CNT / 8), ABS_CNT)) {
         input_absinfo axis{};
         device.ask(static_cast<unsigned long>(EVIOCGABS(code)), axis);
-        shape.axes[code] = {axis.minimum, axis.maximum, axis.flat, axis.resolution};
+        shape.axes[code] = {axis.minimum, axis.maximum, axis.flat, axis.resolution, axis.fuzz};
     }
     return shape;
 }

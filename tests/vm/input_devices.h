@@ -22,7 +22,7 @@ std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& exc
 // Waits until there are so many.
 bool waitForCloneCount(std::size_t count);
 
-// Everything that a device says of itself; the fuzz of its axes, which is the kernel's, left out.
+// Everything that a device says of itself.
 PadShape shapeOf(const std::filesystem::path& node);
 std::string physicalPathOf(const std::filesystem::path& node);
 

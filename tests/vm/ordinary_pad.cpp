@@ -6,8 +6,8 @@ namespace glidemap::vm {
 
 PadShape ordinaryPad() {
     constexpr std::int32_t resolution = 40;
-    const PadAxis x{0, ordinaryWidth, 0, resolution};
-    const PadAxis y{0, ordinaryHeight, 0, resolution};
+    const PadAxis x{0, ordinaryWidth, 0, resolution, 0};
+    const PadAxis y{0, ordinaryHeight, 0, resolution, 0};
     return {
         .name = "Ordinary Touchpad",
         .bus = BUS_USB,
@@ -19,10 +19,10 @@ PadShape ordinaryPad() {
                  BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP},
         .axes = {{ABS_X, x},
                  {ABS_Y, y},
-                 {ABS_MT_SLOT, {0, ordinarySlots - 1, 0, 0}},
+                 {ABS_MT_SLOT, {0, ordinarySlots - 1, 0, 0, 0}},
                  {ABS_MT_POSITION_X, x},
                  {ABS_MT_POSITION_Y, y},
-                 {ABS_MT_TRACKING_ID, {0, 65535, 0, 0}}},
+                 {ABS_MT_TRACKING_ID, {0, 65535, 0, 0, 0}}},
     };
 }
 

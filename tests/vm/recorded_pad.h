@@ -24,6 +24,7 @@ struct PadAxis {
     std::int32_t maximum = 0;
     std::int32_t flat = 0;
     std::int32_t resolution = 0;
+    std::int32_t fuzz = 0;
 
     friend bool operator==(const PadAxis&, const PadAxis&) = default;
 };

@@ -70,6 +70,7 @@ bool declareAxes(int descriptor, const PadShape& shape) {
         setup.code = static_cast<__u16>(code);
         setup.absinfo.minimum = axis.minimum;
         setup.absinfo.maximum = axis.maximum;
+        setup.absinfo.fuzz = axis.fuzz;
         setup.absinfo.flat = axis.flat;
         setup.absinfo.resolution = axis.resolution;
         if (ioctl(descriptor, UI_ABS_SETUP, &setup) != 0) {
