@@ -232,6 +232,30 @@ TEST(CloneTest, JitterIsTakenOutOnceByTheKernelOrByLibinput) {
     }
 }
 
+TEST(CloneTest, LibinputTakesTheCloneForATouchpadAndMovesThePointerByIt) {
+    if (!std::filesystem::exists("/usr/bin/libinput")) {
+        GTEST_SKIP() << "libinput-tools is not installed";
+    }
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    const std::string clone = waitForClone().filename();
+    Process libinput({"/usr/bin/stdbuf", "-oL", "/usr/bin/libinput", "debug-events"});
+    const auto added = libinput.waitForOutput("-" + clone + " ");
+    ASSERT_TRUE(added);
+    EXPECT_THAT(*added, testing::HasSubstr("DEVICE_ADDED"));
+    EXPECT_THAT(*added, testing::HasSubstr("cap:pg"));
+    ASSERT_TRUE(libinput.waitUntilReading("/dev/input/" + clone));
+    forwarded.pad.write(together(
+        {fingerDown(0, 7, 1000, 500), {{EV_KEY, BTN_TOUCH, 1}}, {{EV_KEY, BTN_TOOL_FINGER, 1}}}));
+    for (std::int32_t step = 1; step <= 20; ++step) {
+        forwarded.pad.write(fingerMove(0, 1000 + 40 * step, 500));
+        forwarded.session.settle(forwarded.pad);
+    }
+    const auto motion = libinput.waitForOutput("POINTER_MOTION");
+    ASSERT_TRUE(motion);
+    EXPECT_THAT(*motion, testing::HasSubstr(clone));
+}
+
 TEST(CloneTest, StoppedInTheMiddleOfATouchTheTouchpadIsTheSystemsAtOnce) {
     auto forwarded = std::make_unique<ForwardedPad>();
     EventReader others(forwarded->pad.node());

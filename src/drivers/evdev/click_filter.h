@@ -8,6 +8,8 @@
 //          GlidemapSetClickFilter has returned the ones before are not called any more (unless it
 //          was called from within the callback).
 // Errors:  a touchpad that cannot be grabbed or cloned stays as it is: its clicks pass, unfiltered.
+//          One that somebody else has is tried again when it is let go; one that could not be
+//          cloned, when the filter is switched on again (also if it is on).
 #pragma once
 
 #include "input/touch_driver.h"
@@ -23,13 +25,16 @@ enum ClickFilterEvent : std::int32_t {
         2, // the forwarding stalled; everything passes until it is on again
 };
 
-// `button` is 0 left, 1 right. True drops the button change; the answer to the others is ignored.
+// `button` is 0 left, 1 right. True drops the button change; the answer to the others is ignored. A
+// release whose press has passed is not dropped whatever the answer, and nobody is asked about a
+// press and its release while the touchpad is not grabbed.
 using FilterClick = bool (*)(void* context, Device device, std::int32_t event, std::int32_t button);
 
 // Null takes the filter away and gives every touchpad back.
 using SetClickFilter = void (*)(FilterClick filter, void* context);
 
-// Off to begin with. A touchpad is taken and given back only while nobody touches it.
+// Off to begin with, and after a stall until it is switched on again. A touchpad is taken and given
+// back only while nobody touches it; stopping a device gives it back at once.
 using SwitchClickFilter = void (*)(bool on);
 
 // Whether this user could filter clicks at all: touchpads could be cloned.

@@ -1,0 +1,84 @@
+// Forwarding a touchpad to its clone asks for no memory once it has seen a few frames.
+#include "bench/allocation_count.h"
+#include "drivers/evdev/pad_interception.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+
+namespace glidemap::bench {
+
+namespace {
+
+class SilentClone : public PadClone {
+public:
+    bool write(std::span<const InputEvent> frame) override {
+        written += frame.size();
+        return true;
+    }
+    void destroy() override {}
+
+    static inline std::size_t written = 0;
+};
+
+class SilentPad : public OpenPad {
+public:
+    SilentPad() { pad.slotCount = slots; }
+
+    int descriptor() const override { return -1; }
+    const PadDescription& description() const override { return pad; }
+    Read next(InputEvent& /*event*/) override { return Read::nothing; }
+    bool hasButtons() const override { return true; }
+    std::optional<double> grab() override { return 0; }
+    void ungrab() override {}
+    std::unique_ptr<PadClone> makeClone() override { return std::make_unique<SilentClone>(); }
+
+    static constexpr std::int32_t slots = 10;
+
+private:
+    PadDescription pad;
+};
+
+// Ten fingers land, move, click and leave.
+void touch(PadInterception& interception, std::int32_t round) {
+    const auto say = [&](std::uint16_t type, std::uint16_t code, std::int32_t value) {
+        interception.add({1, type, code, value});
+    };
+    for (std::int32_t step = 0; step < 20; ++step) {
+        for (std::int32_t slot = 0; slot < SilentPad::slots; ++slot) {
+            say(EV_ABS, ABS_MT_SLOT, slot);
+            if (step == 0 || step == 19) {
+                say(EV_ABS, ABS_MT_TRACKING_ID, step == 0 ? round : -1);
+            }
+            say(EV_ABS, ABS_MT_POSITION_X, round + step);
+            say(EV_ABS, ABS_MT_POSITION_Y, step);
+        }
+        say(EV_KEY, BTN_LEFT, step % 2);
+        interception.endFrame(1);
+        interception.settle();
+    }
+}
+
+TEST(Forwarding, AllocatesNothingForAFrame) {
+    ClickInterception clicks(steadyWatchdogTime(), [] {});
+    clicks.setFilter([](void*, driver::Device, std::int32_t, std::int32_t) { return true; },
+                     nullptr);
+    clicks.switchOn(true);
+    SilentPad pad;
+    PadInterception interception(nullptr, pad, clicks);
+    interception.settle();
+    touch(interception, 0);
+
+    const std::size_t writtenBefore = SilentClone::written;
+    const std::int64_t before = allocationsOfThisThread();
+    for (std::int32_t round = 1; round <= 100; ++round) {
+        touch(interception, round);
+    }
+    EXPECT_EQ(allocationsOfThisThread() - before, 0);
+    EXPECT_GT(SilentClone::written - writtenBefore, 100'000U / 2);
+}
+
+} // namespace
+
+} // namespace glidemap::bench
