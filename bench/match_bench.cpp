@@ -4,9 +4,8 @@
 #include "bindings/binding_store.h"
 
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
 
-#include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 

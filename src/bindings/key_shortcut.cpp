@@ -2,17 +2,19 @@
 
 #include "dispatch/key_names.h"
 
+#include <array>
 #include <string_view>
 #include <utility>
 
 namespace glidemap {
 
 std::string KeyShortcut::displayString() const {
-    constexpr std::pair<std::uint64_t, std::string_view> symbols[] = {
-        {modifier::control, "⌃"},
-        {modifier::option, "⌥"},
-        {modifier::shift, "⇧"},
-        {modifier::command, "⌘"},
+    using Symbol = std::pair<std::uint64_t, std::string_view>;
+    constexpr std::array symbols = {
+        Symbol(modifier::control, "⌃"),
+        Symbol(modifier::option, "⌥"),
+        Symbol(modifier::shift, "⇧"),
+        Symbol(modifier::command, "⌘"),
     };
     std::string shown;
     for (const auto& [mask, symbol] : symbols) {
