@@ -1,5 +1,7 @@
 #include "platform/linux/windows/desktop_backends.h"
 
+#include "platform/linux/windows/kwin_window_backend.h"
+#include "platform/linux/windows/wlr_window_backend.h"
 #include "platform/linux/windows/x11_backend.h"
 
 #include <cstdlib>
@@ -18,9 +20,11 @@ std::string_view environment(const char* name) {
 WindowBackendFactory backendFor(DesktopKind kind, DesktopThread& thread) {
     switch (kind) {
     case DesktopKind::gnome:
-    case DesktopKind::kwin:
-    case DesktopKind::wlroots:
         return {};
+    case DesktopKind::kwin:
+        return [] { return std::make_unique<KWinWindowBackend>(); };
+    case DesktopKind::wlroots:
+        return [&thread] { return std::make_unique<WlrWindowBackend>(thread); };
     case DesktopKind::x11:
         return [&thread] {
             return std::make_unique<X11Backend>(thread);
