@@ -5,7 +5,17 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <ostream>
 #include <utility>
+
+namespace glidemap {
+
+void PrintTo(const WindowIdentity& window, std::ostream* out) {
+    *out << "{" << window.appID << ", " << window.instance << ", " << window.title << ", "
+         << (window.process ? std::to_string(*window.process) : "no process") << "}";
+}
+
+} // namespace glidemap
 
 namespace glidemap::desktops {
 
@@ -14,7 +24,8 @@ RecordingWindowListener::RecordingWindowListener(Word word)
 
 void RecordingWindowListener::activeWindowChanged(const std::optional<WindowIdentity>& window) {
     const std::lock_guard lock(mutex);
-    add("active: " + (window ? asWord(*window) : "none"));
+    lastActive = "active: " + (window ? asWord(*window) : "none");
+    add(lastActive);
 }
 
 void RecordingWindowListener::windowsChanged(const std::vector<WindowIdentity>& windows) {
@@ -24,6 +35,7 @@ void RecordingWindowListener::windowsChanged(const std::vector<WindowIdentity>& 
     }
     const std::lock_guard lock(mutex);
     current = windows;
+    lastWindows = line;
     add(std::move(line));
 }
 
@@ -32,13 +44,28 @@ void RecordingWindowListener::add(std::string line) {
     added.notify_one();
 }
 
+// After the first failure there is no point in waiting for what follows from it.
+std::chrono::seconds RecordingWindowListener::longestWait() const {
+    return testing::Test::HasFailure() ? std::chrono::seconds(0) : patience;
+}
+
 void RecordingWindowListener::expectTold(const std::vector<std::string>& lines) {
     std::unique_lock lock(mutex);
     // A line too many is seen at once, one too few at the deadline.
-    added.wait_for(lock, patience, [&] {
+    added.wait_for(lock, longestWait(), [&] {
         return told.size() >= lines.size() || !std::equal(told.begin(), told.end(), lines.begin());
     });
     EXPECT_THAT(told, testing::ElementsAreArray(lines));
+    told.clear();
+}
+
+void RecordingWindowListener::expectInTheEnd(const std::string& windowsLine,
+                                             const std::string& activeLine) {
+    std::unique_lock lock(mutex);
+    added.wait_for(lock, longestWait(),
+                   [&] { return lastWindows == windowsLine && lastActive == activeLine; });
+    EXPECT_EQ(lastWindows, windowsLine);
+    EXPECT_EQ(lastActive, activeLine);
     told.clear();
 }
 

@@ -8,11 +8,19 @@
 
 #include "platform/linux/windows/window_backend.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
+#include <iosfwd>
 #include <mutex>
 #include <string>
 #include <vector>
+
+namespace glidemap {
+
+void PrintTo(const WindowIdentity& window, std::ostream* out);
+
+} // namespace glidemap
 
 namespace glidemap::desktops {
 
@@ -28,17 +36,24 @@ public:
     // Waits for these lines, which have to be all that was told since the last call.
     void expectTold(const std::vector<std::string>& lines);
 
+    // Waits until these are the last ones told of either kind, whatever came before: for desktops
+    // that do one thing in several steps, not always the same ones.
+    void expectInTheEnd(const std::string& windowsLine, const std::string& activeLine);
+
     // The last windows told, whole.
     std::vector<WindowIdentity> windows();
 
 private:
     void add(std::string line);
+    std::chrono::seconds longestWait() const;
 
     Word asWord;
     std::mutex mutex;
     std::condition_variable added;
     std::vector<std::string> told;
     std::vector<WindowIdentity> current;
+    std::string lastWindows;
+    std::string lastActive;
 };
 
 } // namespace glidemap::desktops

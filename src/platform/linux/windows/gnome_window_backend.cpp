@@ -1,0 +1,113 @@
+#include "platform/linux/windows/gnome_window_backend.h"
+
+#include "platform/linux/windows/desktop_bus.h"
+#include "platform/linux/windows/told_windows.h"
+
+#include <gio/gio.h>
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* shellName = "org.gnome.Shell";
+constexpr std::string_view entrySuffix = ".desktop";
+
+BusObject windowsOf(const std::string& owner) {
+    return {owner, "/org/glidemap/Windows", "org.glidemap.Windows"};
+}
+
+std::string applicationOf(std::string entry, const char* windowClass) {
+    if (entry.empty()) {
+        return windowClass;
+    }
+    if (entry.ends_with(entrySuffix)) {
+        entry.erase(entry.size() - entrySuffix.size());
+    }
+    return entry;
+}
+
+std::vector<WindowIdentity> identitiesAt(GVariant* message, gsize position) {
+    std::vector<WindowIdentity> identities;
+    GVariant* const list = g_variant_get_child_value(message, position);
+    GVariantIter windows;
+    g_variant_iter_init(&windows, list);
+    const char* entry = nullptr;
+    const char* windowClass = nullptr;
+    const char* instance = nullptr;
+    const char* title = nullptr;
+    std::uint32_t process = 0;
+    while (g_variant_iter_next(&windows, "(&s&s&s&su)", &entry, &windowClass, &instance, &title,
+                               &process)) {
+        const bool known = process > 0 && process <= std::numeric_limits<std::int32_t>::max();
+        identities.push_back({applicationOf(entry, windowClass), instance, title,
+                              known ? std::optional(static_cast<pid_t>(process)) : std::nullopt});
+    }
+    g_variant_unref(list);
+    return identities;
+}
+
+} // namespace
+
+struct GnomeWindowBackend::State {
+    WindowListener* listener = nullptr;
+    ToldWindows told;
+    std::unique_ptr<DesktopBus> bus;
+
+    void ask(const std::string& owner);
+    void hear(GVariant* message);
+    void tellNone() { told.tell(*listener, {}, std::nullopt); }
+};
+
+void GnomeWindowBackend::State::ask(const std::string& owner) {
+    bus->call(windowsOf(owner), "GetWindows", nullptr,
+              [this](GVariant* message, const GError* error) {
+                  if (error == nullptr) {
+                      hear(message);
+                  } else {
+                      tellNone(); // the extension may still come, and tells, then
+                  }
+              });
+}
+
+void GnomeWindowBackend::State::hear(GVariant* message) {
+    if (!g_variant_is_of_type(message, G_VARIANT_TYPE("(a(ssssu)a(ssssu))"))) {
+        return;
+    }
+    const std::vector<WindowIdentity> active = identitiesAt(message, 1);
+    told.tell(*listener, identitiesAt(message, 0),
+              active.empty() ? std::nullopt : std::optional(active.front()));
+}
+
+GnomeWindowBackend::GnomeWindowBackend() : state(std::make_unique<State>()) {}
+
+GnomeWindowBackend::~GnomeWindowBackend() = default;
+
+bool GnomeWindowBackend::start(WindowListener& listener) {
+    state->bus = DesktopBus::open();
+    if (state->bus == nullptr || !(state->bus->isOwned(shellName) || isCurrentDesktop("GNOME"))) {
+        state->bus.reset();
+        return false;
+    }
+    state->listener = &listener;
+    // Before it is asked, so that nothing is missed in between.
+    state->bus->subscribe(windowsOf(shellName),
+                          [this](const std::string& signal, GVariant* message) {
+                              if (signal == "WindowsChanged") {
+                                  state->hear(message);
+                              } else if (signal == "Stopped") {
+                                  state->tellNone();
+                              }
+                          });
+    state->bus->watchName(
+        shellName, [this](const std::string& owner) { state->ask(owner); },
+        [this] { state->tellNone(); });
+    return true;
+}
+
+} // namespace glidemap

@@ -1,0 +1,106 @@
+#include "desktops/gnome_shell.h"
+
+#include "desktops/ready_socket.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+
+namespace glidemap::desktops {
+
+namespace {
+
+constexpr const char* python = "/usr/bin/python3"; // the one that has Debian's modules
+constexpr const char* pythonDouble = "/usr/lib/python3/dist-packages/dbusmock";
+constexpr const char* loginName = "org.freedesktop.login1";
+constexpr const char* shellName = "org.gnome.Shell";
+constexpr const char* shellPath = "/org/gnome/Shell";
+constexpr const char* properties = "org.freedesktop.DBus.Properties";
+
+} // namespace
+
+std::optional<std::string> GnomeShell::missing() {
+    if (!isInstalled("gnome-shell")) {
+        return "gnome-shell";
+    }
+    if (!std::filesystem::exists(pythonDouble)) {
+        return "python3-dbusmock";
+    }
+    return std::nullopt;
+}
+
+GnomeShell::GnomeShell()
+    : sessionBus(folder.path()), systemBus(folder.path()),
+      settings(plainEnvironment(folder.path())) {
+    settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
+    settings["DBUS_SYSTEM_BUS_ADDRESS"] = systemBus.address();
+    settings["GSETTINGS_BACKEND"] = "keyfile";
+    settings["NO_AT_BRIDGE"] = "1";
+    settings["WAYLAND_DISPLAY"] = "wayland-gnome";
+    settings["XDG_CURRENT_DESKTOP"] = "GNOME";
+    addLoginSession();
+}
+
+// Without a login session the shell does not start.
+void GnomeShell::addLoginSession() {
+    loginService.emplace(
+        Program::Command{.words = {python, "-m", "dbusmock", "--system", "--template", "logind"},
+                         .environment = settings,
+                         .log = folder.path() / "login.log"});
+    systemBus.waitForName(loginName);
+    g_variant_unref(systemBus.call(
+        loginName, "/org/freedesktop/login1", "org.freedesktop.DBus.Mock", "AddSession",
+        g_variant_new("(ssusb)", "c1", "seat0", getuid(), "user", TRUE)));
+}
+
+void GnomeShell::start() {
+    const ReadySocket ready(folder.path() / "ready");
+    Environment environment = settings;
+    environment.erase("WAYLAND_DISPLAY");
+    environment["LIBGL_ALWAYS_SOFTWARE"] = "1";
+    environment["NOTIFY_SOCKET"] = folder.path() / "ready";
+    program.emplace(Program::Command{.words = {"gnome-shell", "--headless", "--wayland", "--no-x11",
+                                               "--virtual-monitor", "1280x800", "--wayland-display",
+                                               settings.at("WAYLAND_DISPLAY")},
+                                     .environment = environment,
+                                     .log = folder.path() / "shell.log"});
+    ready.waitUntilReady();
+    closeOverview();
+}
+
+void GnomeShell::disableExtension(const std::string& uuid) const {
+    g_variant_unref(sessionBus.call(shellName, shellPath, "org.gnome.Shell.Extensions",
+                                    "DisableExtension", g_variant_new("(s)", uuid.c_str())));
+}
+
+// The shell opens it by itself when it starts, but only after it has said that it is ready.
+void GnomeShell::closeOverview() const {
+    waitForOverview(true);
+    g_variant_unref(sessionBus.call(
+        shellName, shellPath, properties, "Set",
+        g_variant_new("(ssv)", shellName, "OverviewActive", g_variant_new_boolean(FALSE))));
+    waitForOverview(false);
+}
+
+void GnomeShell::waitForOverview(bool open) const {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (isOverviewOpen() != open) {
+        ASSERT_LT(std::chrono::steady_clock::now(), deadline)
+            << "the overview stays " << (open ? "closed" : "open");
+    }
+}
+
+bool GnomeShell::isOverviewOpen() const {
+    GVariant* const answer = sessionBus.call(shellName, shellPath, properties, "Get",
+                                             g_variant_new("(ss)", shellName, "OverviewActive"));
+    GVariant* value = nullptr;
+    g_variant_get(answer, "(v)", &value);
+    const bool open = g_variant_get_boolean(value) != FALSE;
+    g_variant_unref(value);
+    g_variant_unref(answer);
+    return open;
+}
+
+} // namespace glidemap::desktops

@@ -1,0 +1,26 @@
+// Where a program says that it has started, in the way that systemd has it ($NOTIFY_SOCKET).
+//
+// Thread:  one.
+// Owner:   a desktop.
+// Errors:  a program that does not say so in time is a failure of the test.
+#pragma once
+
+#include <filesystem>
+
+namespace glidemap::desktops {
+
+class ReadySocket {
+public:
+    explicit ReadySocket(std::filesystem::path at);
+    ReadySocket(const ReadySocket&) = delete;
+    ReadySocket& operator=(const ReadySocket&) = delete;
+    ~ReadySocket();
+
+    void waitUntilReady() const;
+
+private:
+    std::filesystem::path path;
+    int descriptor;
+};
+
+} // namespace glidemap::desktops

@@ -1,0 +1,195 @@
+#include "desktops/private_bus.h"
+#include "desktops/recording_window_listener.h"
+#include "desktops/runtime_folder.h"
+#include "desktops/scoped_environment.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/windows/gnome_window_backend.h"
+#include "shell_double.h"
+
+#include <gio/gio.h>
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <string>
+
+namespace glidemap {
+
+namespace {
+
+using desktops::RecordingWindowListener;
+using desktops::ScopedEnvironment;
+
+constexpr const char* editor =
+    "('org.gnome.TextEditor.desktop', 'editor', 'instance', 'T', uint32 42)";
+
+// As the extension sends it.
+std::string message(const std::string& windows, const std::string& active) {
+    return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
+}
+
+// The backend as the program has it, on a desktop thread of its own.
+class Listening {
+public:
+    explicit Listening(RecordingWindowListener& told) {
+        thread.call([&] {
+            backend.emplace();
+            started = backend->start(told);
+        });
+    }
+
+    Listening(const Listening&) = delete;
+    Listening& operator=(const Listening&) = delete;
+    ~Listening() {
+        thread.call([&] { backend.reset(); });
+    }
+
+    bool started = false;
+
+private:
+    DesktopThread thread;
+    std::optional<GnomeWindowBackend> backend;
+};
+
+class GnomeWindows : public testing::Test {
+protected:
+    desktops::RuntimeFolder folder;
+    desktops::PrivateBus bus{folder.path()};
+    ScopedEnvironment here{
+        {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "GNOME"}}};
+    RecordingWindowListener told;
+};
+
+TEST_F(GnomeWindows, WithoutTheExtensionThereAreNone) {
+    ShellDouble shell(bus.address(), {});
+    const Listening listening(told);
+    EXPECT_TRUE(listening.started);
+    told.expectTold({"windows:", "active: none"});
+}
+
+TEST_F(GnomeWindows, AnExtensionThatRunsIsAsked) {
+    ShellDouble shell(bus.address(), {});
+    shell.startExtension(message(editor, editor));
+    const Listening listening(told);
+    told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+}
+
+TEST_F(GnomeWindows, AnExtensionThatStartsIsHeard) {
+    ShellDouble shell(bus.address(), {});
+    const Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    shell.startExtension(message(editor, ""));
+    told.expectTold({"windows: org.gnome.TextEditor"});
+    shell.emit("WindowsChanged", message(editor, editor));
+    told.expectTold({"active: org.gnome.TextEditor"});
+}
+
+TEST_F(GnomeWindows, ALockedScreenHasNone) {
+    ShellDouble shell(bus.address(), {});
+    shell.startExtension(message(editor, editor));
+    const Listening listening(told);
+    told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+    shell.stopExtension();
+    told.expectTold({"windows:", "active: none"});
+    shell.startExtension(message(editor, editor));
+    told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+}
+
+TEST_F(GnomeWindows, TheShellMayComeLaterAndComeAgain) {
+    const Listening listening(told);
+    EXPECT_TRUE(listening.started);
+    told.expectTold({"windows:", "active: none"});
+    for (int times = 0; times < 2; ++times) {
+        ShellDouble shell(bus.address(), {});
+        shell.startExtension(message(editor, editor));
+        told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+        shell.stopExtension();
+        told.expectTold({"windows:", "active: none"});
+    }
+}
+
+TEST_F(GnomeWindows, AShellThatCrashesHasNone) {
+    const Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    {
+        ShellDouble shell(bus.address(), {});
+        shell.startExtension(message(editor, editor));
+        told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+    }
+    told.expectTold({"windows:", "active: none"});
+}
+
+TEST_F(GnomeWindows, OnlyTheShellIsBelieved) {
+    ShellDouble shell(bus.address(), {});
+    shell.startExtension(message("", ""));
+    const Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    g_dbus_connection_emit_signal(
+        bus.connection(), nullptr, "/org/glidemap/Windows", "org.glidemap.Windows",
+        "WindowsChanged",
+        g_variant_new_parsed("([('forged', '', '', '', uint32 1)], @a(ssssu) [])"), nullptr);
+    g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);
+    // The bus keeps the order: had the other been believed, it would come first.
+    shell.emit("WindowsChanged", message(editor, ""));
+    told.expectTold({"windows: org.gnome.TextEditor"});
+}
+
+TEST_F(GnomeWindows, MessagesOfAnotherShapeAreNotHeard) {
+    ShellDouble shell(bus.address(), {});
+    shell.startExtension(message("", ""));
+    const Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    shell.emit("WindowsChanged", "()");
+    shell.emit("WindowsChanged", "([('a', 'b')], [('a', 'b')])");
+    shell.emit("WindowsChanged", "('text',)");
+    shell.emit("SomethingElse", message(editor, editor));
+    shell.emit("WindowsChanged", message(editor, ""));
+    told.expectTold({"windows: org.gnome.TextEditor"});
+}
+
+TEST_F(GnomeWindows, AWindowIsKnownByItsEntryElseByItsClass) {
+    struct Row {
+        const char* told;
+        WindowIdentity expected;
+    };
+    const Row rows[] = {
+        {"('a.desktop', 'class', 'i', 'T', uint32 42)", {"a", "i", "T", 42}},
+        {"('a', 'class', '', '', uint32 1)", {"a", "", "", 1}},
+        {"('', 'class', '', '', uint32 2147483647)", {"class", "", "", 2147483647}},
+        {"('', 'class.desktop', '', '', uint32 2147483648)",
+         {"class.desktop", "", "", std::nullopt}},
+        {"('', '', '', 'T', uint32 0)", {"", "", "T", std::nullopt}},
+    };
+    ShellDouble shell(bus.address(), {});
+    std::string all;
+    std::vector<WindowIdentity> expected;
+    for (const Row& row : rows) {
+        all += (all.empty() ? "" : ", ") + std::string(row.told);
+        expected.push_back(row.expected);
+    }
+    shell.startExtension("([" + all + "], @a(ssssu) [])");
+    const Listening listening(told);
+    told.expectTold({"windows: a, a, class, class.desktop, ", "active: none"});
+    EXPECT_EQ(told.windows(), expected);
+}
+
+TEST_F(GnomeWindows, ItDoesNotStartElsewhere) {
+    for (const char* desktop : {"", "KDE", "GNOME-Flashback"}) {
+        const ScopedEnvironment elsewhere{{{"XDG_CURRENT_DESKTOP", desktop}}};
+        EXPECT_FALSE(Listening(told).started) << desktop;
+    }
+    told.expectTold({});
+}
+
+TEST_F(GnomeWindows, ItStartsWhereTheSessionSaysSoOrTheShellIs) {
+    {
+        const ScopedEnvironment derived{{{"XDG_CURRENT_DESKTOP", "ubuntu:GNOME"}}};
+        EXPECT_TRUE(Listening(told).started);
+    }
+    const ScopedEnvironment silent{{{"XDG_CURRENT_DESKTOP", ""}}};
+    ShellDouble shell(bus.address(), {});
+    EXPECT_TRUE(Listening(told).started);
+}
+
+} // namespace
+
+} // namespace glidemap

@@ -1,0 +1,103 @@
+#include "desktops/gnome_shell.h"
+#include "desktops/recording_window_listener.h"
+#include "desktops/scoped_environment.h"
+#include "desktops/window.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/windows/gnome_extension.h"
+#include "platform/linux/windows/gnome_window_backend.h"
+
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <ostream>
+
+namespace glidemap {
+
+void PrintTo(const GnomeExtension::Status& status, std::ostream* out) {
+    *out << "{state " << static_cast<int>(status.state) << ", \"" << status.error << "\"}";
+}
+
+namespace {
+
+using desktops::GnomeShell;
+using desktops::RecordingWindowListener;
+using desktops::ScopedEnvironment;
+using desktops::Window;
+using State = GnomeExtension::State;
+
+// The backend as the program has it, on a desktop thread of its own.
+class Listening {
+public:
+    explicit Listening(RecordingWindowListener& told) {
+        thread.call([&] {
+            backend.emplace();
+            started = backend->start(told);
+        });
+    }
+
+    Listening(const Listening&) = delete;
+    Listening& operator=(const Listening&) = delete;
+    ~Listening() {
+        thread.call([&] { backend.reset(); });
+    }
+
+    bool started = false;
+
+private:
+    DesktopThread thread;
+    std::optional<GnomeWindowBackend> backend;
+};
+
+// One story, since a process has the shell's settings once, and a shell takes its time to start.
+TEST(OnGnomeShell, TheExtensionIsInstalledAndTellsFromTheNextLoginOn) {
+    if (const auto missing = GnomeShell::missing()) {
+        GTEST_SKIP() << "no " << *missing << " is installed";
+    }
+    GnomeShell shell;
+    const ScopedEnvironment here(shell.environment());
+    const GnomeExtension extension(GLIDEMAP_GNOME_EXTENSION_FORMS);
+    RecordingWindowListener told;
+    ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::noShell, ""}));
+
+    shell.start();
+    const Listening listening(told);
+    ASSERT_TRUE(listening.started);
+    told.expectTold({"windows:", "active: none"});
+    ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::missing, ""}));
+    ASSERT_EQ(extension.install(), std::nullopt);
+    ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::atNextLogin, ""}));
+    {
+        Window unseen = Window(shell.environment(), "unseen", "Title");
+        unseen.close();
+        told.expectTold({});
+    }
+
+    shell.kill();
+    shell.start();
+    ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::on, ""}));
+    Window first = Window(shell.environment(), "first", "Title");
+    told.expectInTheEnd("windows: first", "active: first");
+    Window second = Window(shell.environment(), "org.example.Second", "A text — Second");
+    // The shell gives the focus only to what the user has asked for.
+    told.expectInTheEnd("windows: first, org.example.Second", "active: first");
+    EXPECT_THAT(told.windows(),
+                testing::ElementsAre(WindowIdentity{"first", "first", "Title", first.process()},
+                                     WindowIdentity{"org.example.Second", "org.example.Second",
+                                                    "A text — Second", second.process()}));
+    first.close();
+    told.expectInTheEnd("windows: org.example.Second", "active: org.example.Second");
+
+    shell.disableExtension(GnomeExtension::uuid);
+    told.expectTold({"windows:", "active: none"});
+    ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::off, ""}));
+    ASSERT_EQ(extension.install(), std::nullopt);
+    told.expectTold({"windows: org.example.Second", "active: org.example.Second"});
+    ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::on, ""}));
+
+    shell.kill();
+    told.expectTold({"windows:", "active: none"});
+}
+
+} // namespace
+
+} // namespace glidemap
