@@ -1,28 +1,30 @@
-#include "desktops/kwin.h"
+#include "desktops/private_bus.h"
 #include "desktops/recording_window_listener.h"
+#include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
-#include "desktops/window.h"
+#include "kwin_double.h"
 #include "platform/linux/windows/desktop_thread.h"
-#include "platform/linux/windows/kwin_script.h"
 #include "platform/linux/windows/kwin_window_backend.h"
 
-#include <gio/gio.h>
 #include <gmock/gmock.h>
 
-#include <chrono>
-#include <filesystem>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace glidemap {
 
 namespace {
 
-using desktops::Environment;
-using desktops::KWin;
 using desktops::RecordingWindowListener;
-using desktops::RuntimeFolder;
 using desktops::ScopedEnvironment;
-using desktops::Window;
+using testing::HasSubstr;
+
+constexpr const char* oneWindow =
+    R"({"windows":[{"desktopFile":"kate"}],"active":{"desktopFile":"kate"}})";
+
+const std::vector<std::string> loading = {"unloadScript /Scripting", "loadScript /Scripting",
+                                          "run /Scripting/Script7"};
 
 // The backend as the program has it, on a desktop thread of its own.
 class Listening {
@@ -47,153 +49,93 @@ private:
     std::optional<KWinWindowBackend> backend;
 };
 
-class OnKWin : public testing::Test {
+class KWinWindows : public testing::Test {
 protected:
-    void SetUp() override {
-        if (!KWin::isInstalled()) {
-            GTEST_SKIP() << "no kwin_wayland is installed";
-        }
-        kwin.emplace();
-        here.emplace(kwin->environment());
-    }
-
-    void startKWin() {
-        kwin->start();
-        kwin->waitUntilReady();
-    }
-
-    Window open(const std::string& appID, const std::string& title = "Title") {
-        return Window(kwin->environment(), appID, title);
-    }
-
-    bool isScriptLoaded() {
-        GVariant* const answer =
-            kwin->bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
-                             "isScriptLoaded", g_variant_new("(s)", "glidemap-windows"));
-        gboolean loaded = FALSE;
-        g_variant_get(answer, "(b)", &loaded);
-        g_variant_unref(answer);
-        return loaded != FALSE;
-    }
-
-    // KWin deletes it only after it has said that it would.
-    void waitUntilScriptIsGone() {
-        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
-        while (isScriptLoaded()) {
-            ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "the script stays";
-        }
-    }
-
-    std::optional<KWin> kwin;
-    std::optional<ScopedEnvironment> here;
+    desktops::RuntimeFolder folder;
+    desktops::PrivateBus bus{folder.path()};
+    ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
+                            {"XDG_CURRENT_DESKTOP", "KDE"},
+                            {"XDG_RUNTIME_DIR", folder.path()}}};
     RecordingWindowListener told;
 };
 
-TEST_F(OnKWin, FocusFollowsOpeningAndClosing) {
-    startKWin();
+TEST_F(KWinWindows, TheScriptRunsInPlasma6) {
+    KWinDouble kwin(bus.address(), {});
     const Listening listening(told);
-    EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
-    Window first = open("first");
-    told.expectTold({"windows: first", "active: first"});
-    Window second = open("org.example.Second");
-    told.expectTold({"windows: first, org.example.Second", "active: org.example.Second"});
-    second.close();
-    told.expectTold({"windows: first", "active: first"});
-    first.close();
-    told.expectTold({"windows:", "active: none"});
+    kwin.expectAsked(loading);
+    kwin.report(oneWindow);
+    told.expectTold({"windows: kate", "active: kate"});
 }
 
-TEST_F(OnKWin, AWindowThatIsOpenAlreadyIsToldWhole) {
-    startKWin();
-    Window window = open("org.example.Editor", "A text — Editor");
+TEST_F(KWinWindows, TheScriptRunsInPlasma5) {
+    KWinDouble kwin(bus.address(), {.scriptFolder = "/"});
     const Listening listening(told);
-    told.expectTold({"windows: org.example.Editor", "active: org.example.Editor"});
-    EXPECT_THAT(told.windows(),
-                testing::ElementsAre(WindowIdentity{"org.example.Editor", "glidemap-test-window",
-                                                    "A text — Editor", window.process()}));
+    kwin.expectAsked({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
+    kwin.report(oneWindow);
+    told.expectTold({"windows: kate", "active: kate"});
 }
 
-TEST_F(OnKWin, KWinMayComeLaterAndComeAgain) {
+TEST_F(KWinWindows, NobodyElseCanReadOrReplaceTheScript) {
+    KWinDouble kwin(bus.address(), {});
     const Listening listening(told);
-    EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
-    startKWin();
-    {
-        Window first = open("first");
-        told.expectTold({"windows: first", "active: first"});
-        kwin->kill();
-        told.expectTold({"windows:", "active: none"});
+    kwin.expectAsked(loading);
+    kwin.report(oneWindow); // after it was read
+    EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
+    EXPECT_EQ(kwin.file().parent_path(), folder.path());
+    EXPECT_EQ(kwin.permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST_F(KWinWindows, AKWinThatIsStartingIsAskedAgainWhenItSaysSomething) {
+    KWinDouble kwin(bus.address(), {.isStarting = true});
+    const Listening listening(told);
+    kwin.saySomething();
+    kwin.expectAsked({});
+    kwin.finishStarting();
+    kwin.expectAsked(loading);
+    kwin.saySomething(); // which is of no interest any more
+    kwin.report(oneWindow);
+    told.expectTold({"windows: kate", "active: kate"});
+    kwin.expectAsked({});
+}
+
+TEST_F(KWinWindows, AKWinThatRefusesTheScriptHasNone) {
+    const KWinDouble::Nature natures[] = {
+        {.id = -1},
+        {.runs = false},
+        {.scriptFolder = "/Somewhere/Else"},
+    };
+    for (const KWinDouble::Nature& nature : natures) {
+        KWinDouble kwin(bus.address(), nature);
+        RecordingWindowListener none;
+        const Listening listening(none);
+        none.expectTold({"windows:", "active: none"});
+        EXPECT_FALSE(std::filesystem::exists(kwin.file()));
     }
-    startKWin();
-    Window second = open("second");
-    told.expectTold({"windows: second", "active: second"});
 }
 
-TEST_F(OnKWin, TheScriptGoesWithTheBackendAndLeavesNoFile) {
-    startKWin();
+TEST_F(KWinWindows, TheScriptIsUnloadedAtTheEnd) {
+    KWinDouble kwin(bus.address(), {});
     {
         const Listening listening(told);
-        told.expectTold({"windows:", "active: none"});
-        EXPECT_TRUE(isScriptLoaded());
+        kwin.expectAsked(loading);
     }
-    waitUntilScriptIsGone();
-    for (const auto& entry :
-         std::filesystem::directory_iterator(kwin->environment().at("XDG_RUNTIME_DIR"))) {
-        EXPECT_NE(entry.path().extension(), ".js") << entry.path();
-    }
+    kwin.expectAsked({"unloadScript /Scripting"});
+    EXPECT_FALSE(std::filesystem::exists(kwin.file()));
 }
 
-TEST_F(OnKWin, TwoBackendsInARowBothHear) {
-    startKWin();
-    {
-        const Listening listening(told);
-        told.expectTold({"windows:", "active: none"});
-    }
-    RecordingWindowListener again;
-    const Listening listening(again);
-    again.expectTold({"windows:", "active: none"});
-    Window window = open("window");
-    again.expectTold({"windows: window", "active: window"});
-    told.expectTold({});
-}
-
-TEST_F(OnKWin, OnlyKWinIsBelieved) {
-    startKWin();
+TEST_F(KWinWindows, NonsenseIsNotHeard) {
+    KWinDouble kwin(bus.address(), {});
     const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
-    GVariant* const names = kwin->bus().call("org.freedesktop.DBus", "/org/freedesktop/DBus",
-                                             "org.freedesktop.DBus", "ListNames", nullptr);
-    const char** const all = g_variant_get_strv(g_variant_get_child_value(names, 0), nullptr);
-    ASSERT_NE(all, nullptr);
-    int asked = 0;
-    for (const char** name = all; *name != nullptr; ++name) {
-        GVariant* const answer = g_dbus_connection_call_sync(
-            kwin->bus().connection(), *name, kwinReportPath, kwinReportInterface, kwinReportMethod,
-            g_variant_new("(s)", R"({"windows":[],"active":{"class":"forged"}})"), nullptr,
-            G_DBUS_CALL_FLAGS_NO_AUTO_START, 5000, nullptr, nullptr);
-        if (answer != nullptr) {
-            ++asked;
-            g_variant_unref(answer);
-        }
-    }
-    g_free(all);
-    g_variant_unref(names);
-    EXPECT_EQ(asked, 1); // the backend's object was there to be asked
-    told.expectTold({});
-}
-
-TEST_F(OnKWin, ABusThatBreaksOffHasNoWindows) {
-    startKWin();
-    Window window = open("window");
-    const Listening listening(told);
-    told.expectTold({"windows: window", "active: window"});
-    kwin->breakBus();
-    told.expectTold({"windows:", "active: none"});
+    kwin.expectAsked(loading);
+    kwin.report("{");
+    kwin.report(R"({"active":{"desktopFile":"kate"}})");
+    kwin.report(oneWindow);
+    told.expectTold({"windows: kate", "active: kate"});
 }
 
 TEST(KWinWindowBackend, DoesNotStartWhereKWinNeitherIsNorWillBe) {
-    const RuntimeFolder folder;
+    const desktops::RuntimeFolder folder;
     const desktops::PrivateBus bus(folder.path());
     RecordingWindowListener told;
     for (const char* desktop : {"", "GNOME", "XKDE", "ubuntu:GNOME"}) {
@@ -205,7 +147,7 @@ TEST(KWinWindowBackend, DoesNotStartWhereKWinNeitherIsNorWillBe) {
 }
 
 TEST(KWinWindowBackend, StartsWherePlasmaSaysItIs) {
-    const RuntimeFolder folder;
+    const desktops::RuntimeFolder folder;
     const desktops::PrivateBus bus(folder.path());
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "other:KDE"}}};
@@ -216,7 +158,7 @@ TEST(KWinWindowBackend, StartsWherePlasmaSaysItIs) {
 }
 
 TEST(KWinWindowBackend, DoesNotStartWithoutABus) {
-    const RuntimeFolder folder;
+    const desktops::RuntimeFolder folder;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder.path() / "none").string()},
          {"XDG_CURRENT_DESKTOP", "KDE"}}};

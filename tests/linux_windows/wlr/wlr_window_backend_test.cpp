@@ -1,8 +1,9 @@
+#include "desktops/program.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
-#include "desktops/sway.h"
-#include "desktops/window.h"
+#include "fake_compositor.h"
+#include "listening.h"
 #include "platform/linux/windows/wlr_window_backend.h"
 
 #include <gmock/gmock.h>
@@ -10,8 +11,10 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstring>
-#include <optional>
+#include <filesystem>
+#include <string>
 
 namespace glidemap {
 
@@ -19,160 +22,193 @@ namespace {
 
 using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
-using desktops::Sway;
-using desktops::Window;
 
-// The backend as the program has it, on a desktop thread of its own.
-class Listening {
-public:
-    explicit Listening(RecordingWindowListener& told,
-                       std::chrono::milliseconds patience = WlrWindowBackend::usualPatience) {
-        thread.call([&] {
-            backend.emplace(thread, patience);
-            started = backend->start(told);
-        });
-    }
+constexpr std::uint32_t maximized = 0;
+constexpr std::uint32_t minimized = 1;
+constexpr std::uint32_t activated = 2;
+constexpr std::uint32_t fullscreen = 3;
 
-    Listening(const Listening&) = delete;
-    Listening& operator=(const Listening&) = delete;
-    ~Listening() { end(); }
-
-    void end() {
-        thread.call([&] { backend.reset(); });
-    }
-
-    // Waits until the thread has done what there was to do.
-    void settle() {
-        thread.call([] {});
-    }
-
-    bool started = false;
-
-private:
-    DesktopThread thread;
-    std::optional<WlrWindowBackend> backend;
-};
-
-class OnSway : public testing::Test {
+class WlrWindows : public testing::Test {
 protected:
-    Sway sway;
-    ScopedEnvironment here{sway.environment()};
-    RecordingWindowListener told;
-
-    Window open(const std::string& appID, const std::string& title = "Title") {
-        return Window(sway.environment(), appID, title);
+    void openActive(FakeCompositor& compositor, const char* appID) {
+        compositor.open(appID, "Title");
+        compositor.states(opened, {activated});
+        compositor.done(opened++);
     }
+
+    desktops::RuntimeFolder folder;
+    ScopedEnvironment here{
+        {{"XDG_RUNTIME_DIR", folder.path()}, {"WAYLAND_DISPLAY", FakeCompositor::socketName}}};
+    RecordingWindowListener told;
+    std::size_t opened = 0;
 };
 
-TEST_F(OnSway, ADesktopWithoutWindowsIsToldAtOnce) {
-    const Listening listening(told);
-    EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
-}
-
-TEST_F(OnSway, WindowsThatAreOpenAlreadyAreToldAtOnce) {
-    Window first = open("org.example.First");
-    Window second = open("second");
-    const Listening listening(told);
-    // The newest first, as wlroots keeps them.
-    told.expectTold({"windows: second, org.example.First", "active: second"});
-}
-
-TEST_F(OnSway, FocusFollowsOpeningSwitchingAndClosing) {
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
-    Window first = open("first");
-    told.expectTold({"windows: first", "active: first"});
-    Window second = open("second");
-    told.expectTold({"windows: first, second", "active: second"});
-    sway.command("[app_id=first] focus");
-    told.expectTold({"active: first"});
-    sway.command("[app_id=second] focus");
-    told.expectTold({"active: second"});
-    first.close();
-    told.expectTold({"windows: second"});
-    second.close();
-    told.expectTold({"windows:", "active: none"});
-}
-
-TEST_F(OnSway, TwoWindowsOfOneProgramAreOneApplicationToTheListener) {
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
-    Window first = open("same");
-    told.expectTold({"windows: same", "active: same"});
-    Window second = open("same");
-    told.expectTold({"windows: same, same"});
-    second.close();
-    told.expectTold({"windows: same"});
-}
-
-TEST_F(OnSway, AnEmptyWorkspaceHasNoActiveWindow) {
-    Window window = open("only");
-    const Listening listening(told);
-    told.expectTold({"windows: only", "active: only"});
-    sway.command("workspace 2");
-    told.expectTold({"active: none"});
-    sway.command("workspace 1");
-    told.expectTold({"active: only"});
-}
-
-TEST_F(OnSway, AWindowIsToldWithAppIDAndTitleAndNothingElse) {
-    Window window = open("org.example.Editor", "A text — Editor");
-    const Listening listening(told);
-    told.expectTold({"windows: org.example.Editor", "active: org.example.Editor"});
-    EXPECT_THAT(told.windows(), testing::ElementsAre(WindowIdentity{
-                                    "org.example.Editor", "", "A text — Editor", std::nullopt}));
-}
-
-TEST_F(OnSway, ATitleAloneIsNoNews) {
-    Window window = open("editor", "one");
-    const Listening listening(told);
-    told.expectTold({"windows: editor", "active: editor"});
-    window.setTitle("two");
-    Window other = open("other"); // had the title been news, it would be told before this
-    told.expectTold({"windows: editor, other", "active: other"});
-}
-
-TEST_F(OnSway, ATitleIsNewsWhereThereIsNoAppID) {
-    RecordingWindowListener titles([](const WindowIdentity& window) { return window.title; });
-    Window window = open("", "one");
-    const Listening listening(titles);
-    titles.expectTold({"windows: one", "active: one"});
-    window.setTitle("two");
-    titles.expectTold({"windows: two", "active: two"});
-}
-
-TEST_F(OnSway, ACompositorThatDiesHasNoWindows) {
-    Window window = open("lost");
-    const Listening listening(told);
-    told.expectTold({"windows: lost", "active: lost"});
-    sway.kill();
-    told.expectTold({"windows:", "active: none"});
-}
-
-TEST_F(OnSway, ABackendThatIsGoneTellsNothing) {
-    Window window = open("one");
+TEST_F(WlrWindows, NothingHoldsBeforeItIsDone) {
+    FakeCompositor compositor;
     Listening listening(told);
-    told.expectTold({"windows: one", "active: one"});
-    listening.end();
-    window.close();
-    sway.command("nop"); // after the window has gone
-    listening.settle();
-    told.expectTold({});
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] {
+        compositor.open("one", "Title");
+        compositor.states(0, {activated});
+        compositor.open("two", "Title");
+        compositor.done(1);
+    });
+    told.expectTold({"windows: two"});
+    compositor.say([&] { compositor.done(0); });
+    told.expectTold({"windows: one, two", "active: one"});
+    compositor.say([&] {
+        compositor.states(0, {});
+        compositor.states(1, {activated});
+        compositor.done(1);
+    });
+    told.expectTold({"active: two"}); // the later one, as the other one is still active, too
 }
 
-TEST(WlrWindowBackend, DoesNotStartWithoutADesktop) {
-    const ScopedEnvironment none{{{"WAYLAND_DISPLAY", ""}}};
-    RecordingWindowListener told;
+TEST_F(WlrWindows, EveryStateButActivatedIsOfNoInterest) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] {
+        compositor.open("one", "Title");
+        compositor.states(0, {maximized, minimized, fullscreen, 4, 4000000000});
+        compositor.done(0);
+    });
+    told.expectTold({"windows: one"});
+    compositor.say([&] {
+        compositor.states(0, {maximized, activated, 77});
+        compositor.done(0);
+    });
+    told.expectTold({"active: one"});
+}
+
+TEST_F(WlrWindows, AChangeOfFocusThatArrivesTogetherIsOneChange) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] { openActive(compositor, "one"); });
+    told.expectTold({"windows: one", "active: one"});
+    compositor.say([&] {
+        compositor.states(0, {});
+        compositor.done(0);
+        openActive(compositor, "two");
+    });
+    told.expectTold({"windows: one, two", "active: two"});
+}
+
+TEST_F(WlrWindows, OfTwoActiveOnesItIsTheLatestAndThenTheOther) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] {
+        openActive(compositor, "one");
+        openActive(compositor, "two");
+    });
+    told.expectTold({"windows: one, two", "active: two"});
+    compositor.say([&] { // still active, and not anew
+        compositor.states(0, {activated, maximized});
+        compositor.done(0);
+        compositor.open("three", nullptr);
+        compositor.done(2);
+    });
+    told.expectTold({"windows: one, two, three"});
+    compositor.say([&] { compositor.closed(1); });
+    told.expectTold({"windows: one, three", "active: one"});
+}
+
+TEST_F(WlrWindows, AWindowWithoutAnAppIDHasItsTitle) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] { // as XWayland's are
+        compositor.open(nullptr, "xterm");
+        compositor.states(0, {activated});
+        compositor.done(0);
+        compositor.open(nullptr, nullptr);
+        compositor.done(1);
+    });
+    told.expectTold({"windows: , ", "active: "});
+    EXPECT_THAT(told.windows(), testing::ElementsAre(WindowIdentity{"", "", "xterm", std::nullopt},
+                                                     WindowIdentity{"", "", "", std::nullopt}));
+}
+
+TEST_F(WlrWindows, AClosedWindowsHandleIsGivenBack) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] {
+        openActive(compositor, "one");
+        openActive(compositor, "two");
+        compositor.closed(0);
+    });
+    told.expectTold({"windows: two", "active: two"});
+    const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+    while (compositor.handles() != 1) {
+        ASSERT_LT(std::chrono::steady_clock::now(), deadline);
+    }
+}
+
+TEST_F(WlrWindows, ACompositorThatTellsNoMoreHasNone) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] { openActive(compositor, "one"); });
+    told.expectTold({"windows: one", "active: one"});
+    compositor.say([&] { compositor.finished(); });
+    told.expectTold({"windows:", "active: none"});
+}
+
+TEST_F(WlrWindows, ACompositorThatBreaksOffHasNone) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] { openActive(compositor, "one"); });
+    told.expectTold({"windows: one", "active: one"});
+    compositor.say([&] { compositor.breakOff(); });
+    told.expectTold({"windows:", "active: none"});
+}
+
+TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllTold) {
+    FakeCompositor compositor;
+    Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    compositor.say([&] {
+        for (int count = 0; count < 1000; ++count) {
+            openActive(compositor, "many");
+        }
+    });
+    std::string all = "windows: many";
+    for (int count = 1; count < 1000; ++count) {
+        all += ", many";
+    }
+    told.expectInTheEnd(all, "active: many");
+}
+
+TEST_F(WlrWindows, AnyVersionWillDo) {
+    for (const int version : {1, 2, 3}) {
+        opened = 0;
+        FakeCompositor compositor(version);
+        RecordingWindowListener heard;
+        Listening listening(heard);
+        heard.expectTold({"windows:", "active: none"});
+        compositor.say([&] { openActive(compositor, "one"); });
+        heard.expectTold({"windows: one", "active: one"});
+    }
+}
+
+TEST_F(WlrWindows, ACompositorWithoutTheListIsOfAnotherKind) {
+    FakeCompositor compositor(0);
     EXPECT_FALSE(Listening(told).started);
     told.expectTold({});
 }
 
-TEST(WlrWindowBackend, DoesNotStartWhereNobodyListens) {
-    const desktops::RuntimeFolder folder;
-    const ScopedEnvironment here{
-        {{"XDG_RUNTIME_DIR", folder.path()}, {"WAYLAND_DISPLAY", "wayland-0"}}};
-    RecordingWindowListener told;
+TEST_F(WlrWindows, WithoutADesktopThereIsNone) {
+    const FakeCompositor compositor;
+    const ScopedEnvironment none{{{"WAYLAND_DISPLAY", ""}}};
+    EXPECT_FALSE(Listening(told).started);
+    told.expectTold({});
+}
+
+TEST_F(WlrWindows, WhereNobodyListensThereIsNone) {
     EXPECT_FALSE(Listening(told).started);
     told.expectTold({});
 }
@@ -197,12 +233,8 @@ private:
     int listener;
 };
 
-TEST(WlrWindowBackend, DoesNotWaitForeverForACompositorThatDoesNotAnswer) {
-    const desktops::RuntimeFolder folder;
-    const MuteCompositor mute(folder.path() / "wayland-0");
-    const ScopedEnvironment here{
-        {{"XDG_RUNTIME_DIR", folder.path()}, {"WAYLAND_DISPLAY", "wayland-0"}}};
-    RecordingWindowListener told;
+TEST_F(WlrWindows, ACompositorThatDoesNotAnswerIsNotWaitedForLong) {
+    const MuteCompositor mute(folder.path() / FakeCompositor::socketName);
     EXPECT_FALSE(Listening(told, std::chrono::milliseconds(50)).started);
     told.expectTold({});
 }

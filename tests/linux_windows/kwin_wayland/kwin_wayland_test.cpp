@@ -1,0 +1,197 @@
+#include "desktops/kwin.h"
+#include "desktops/recording_window_listener.h"
+#include "desktops/scoped_environment.h"
+#include "desktops/window.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/windows/kwin_script.h"
+#include "platform/linux/windows/kwin_window_backend.h"
+
+#include <gio/gio.h>
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+
+namespace glidemap {
+
+namespace {
+
+using desktops::Environment;
+using desktops::KWin;
+using desktops::RecordingWindowListener;
+using desktops::RuntimeFolder;
+using desktops::ScopedEnvironment;
+using desktops::Window;
+
+// The backend as the program has it, on a desktop thread of its own.
+class Listening {
+public:
+    explicit Listening(RecordingWindowListener& told) {
+        thread.call([&] {
+            backend.emplace();
+            started = backend->start(told);
+        });
+    }
+
+    Listening(const Listening&) = delete;
+    Listening& operator=(const Listening&) = delete;
+    ~Listening() {
+        thread.call([&] { backend.reset(); });
+    }
+
+    bool started = false;
+
+private:
+    DesktopThread thread;
+    std::optional<KWinWindowBackend> backend;
+};
+
+class OnKWin : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!KWin::isInstalled()) {
+            GTEST_SKIP() << "no kwin_wayland is installed";
+        }
+        kwin.emplace();
+        here.emplace(kwin->environment());
+    }
+
+    void startKWin() {
+        kwin->start();
+        kwin->waitUntilReady();
+    }
+
+    Window open(const std::string& appID, const std::string& title = "Title") {
+        return Window(kwin->environment(), appID, title);
+    }
+
+    bool isScriptLoaded() {
+        GVariant* const answer =
+            kwin->bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                             "isScriptLoaded", g_variant_new("(s)", "glidemap-windows"));
+        gboolean loaded = FALSE;
+        g_variant_get(answer, "(b)", &loaded);
+        g_variant_unref(answer);
+        return loaded != FALSE;
+    }
+
+    // KWin deletes it only after it has said that it would.
+    void waitUntilScriptIsGone() {
+        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+        while (isScriptLoaded()) {
+            ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "the script stays";
+        }
+    }
+
+    std::optional<KWin> kwin;
+    std::optional<ScopedEnvironment> here;
+    RecordingWindowListener told;
+};
+
+TEST_F(OnKWin, FocusFollowsOpeningAndClosing) {
+    startKWin();
+    const Listening listening(told);
+    EXPECT_TRUE(listening.started);
+    told.expectTold({"windows:", "active: none"});
+    Window first = open("first");
+    told.expectTold({"windows: first", "active: first"});
+    Window second = open("org.example.Second");
+    told.expectTold({"windows: first, org.example.Second", "active: org.example.Second"});
+    second.close();
+    told.expectTold({"windows: first", "active: first"});
+    first.close();
+    told.expectTold({"windows:", "active: none"});
+}
+
+TEST_F(OnKWin, AWindowThatIsOpenAlreadyIsToldWhole) {
+    startKWin();
+    Window window = open("org.example.Editor", "A text — Editor");
+    const Listening listening(told);
+    told.expectTold({"windows: org.example.Editor", "active: org.example.Editor"});
+    EXPECT_THAT(told.windows(),
+                testing::ElementsAre(WindowIdentity{"org.example.Editor", "glidemap-test-window",
+                                                    "A text — Editor", window.process()}));
+}
+
+TEST_F(OnKWin, KWinMayComeLaterAndComeAgain) {
+    const Listening listening(told);
+    EXPECT_TRUE(listening.started);
+    told.expectTold({"windows:", "active: none"});
+    startKWin();
+    {
+        Window first = open("first");
+        told.expectTold({"windows: first", "active: first"});
+        kwin->kill();
+        told.expectTold({"windows:", "active: none"});
+    }
+    startKWin();
+    Window second = open("second");
+    told.expectTold({"windows: second", "active: second"});
+}
+
+TEST_F(OnKWin, TheScriptGoesWithTheBackendAndLeavesNoFile) {
+    startKWin();
+    {
+        const Listening listening(told);
+        told.expectTold({"windows:", "active: none"});
+        EXPECT_TRUE(isScriptLoaded());
+    }
+    waitUntilScriptIsGone();
+    for (const auto& entry :
+         std::filesystem::directory_iterator(kwin->environment().at("XDG_RUNTIME_DIR"))) {
+        EXPECT_NE(entry.path().extension(), ".js") << entry.path();
+    }
+}
+
+TEST_F(OnKWin, TwoBackendsInARowBothHear) {
+    startKWin();
+    {
+        const Listening listening(told);
+        told.expectTold({"windows:", "active: none"});
+    }
+    RecordingWindowListener again;
+    const Listening listening(again);
+    again.expectTold({"windows:", "active: none"});
+    Window window = open("window");
+    again.expectTold({"windows: window", "active: window"});
+    told.expectTold({});
+}
+
+TEST_F(OnKWin, OnlyKWinIsBelieved) {
+    startKWin();
+    const Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
+    GVariant* const names = kwin->bus().call("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                             "org.freedesktop.DBus", "ListNames", nullptr);
+    const char** const all = g_variant_get_strv(g_variant_get_child_value(names, 0), nullptr);
+    ASSERT_NE(all, nullptr);
+    int asked = 0;
+    for (const char** name = all; *name != nullptr; ++name) {
+        GVariant* const answer = g_dbus_connection_call_sync(
+            kwin->bus().connection(), *name, kwinReportPath, kwinReportInterface, kwinReportMethod,
+            g_variant_new("(s)", R"({"windows":[],"active":{"class":"forged"}})"), nullptr,
+            G_DBUS_CALL_FLAGS_NO_AUTO_START, 5000, nullptr, nullptr);
+        if (answer != nullptr) {
+            ++asked;
+            g_variant_unref(answer);
+        }
+    }
+    g_free(all);
+    g_variant_unref(names);
+    EXPECT_EQ(asked, 1); // the backend's object was there to be asked
+    told.expectTold({});
+}
+
+TEST_F(OnKWin, ABusThatBreaksOffHasNoWindows) {
+    startKWin();
+    Window window = open("window");
+    const Listening listening(told);
+    told.expectTold({"windows: window", "active: window"});
+    kwin->breakBus();
+    told.expectTold({"windows:", "active: none"});
+}
+
+} // namespace
+
+} // namespace glidemap
