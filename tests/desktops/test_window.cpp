@@ -166,5 +166,5 @@ int main(int count, char** arguments) {
     show(display, arguments[1], arguments[2]);
     serve(display);
     wl_display_disconnect(display);
-    return 0;
+    std::_Exit(0); // as programs often do, without tidying up
 }

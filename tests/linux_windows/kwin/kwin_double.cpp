@@ -52,6 +52,9 @@ KWinDouble::KWinDouble(const std::string& busAddress, Nature what) : nature(std:
 
 KWinDouble::~KWinDouble() {
     thread.call([&] {
+        for (GDBusMethodInvocation* const invocation : unanswered) {
+            g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "gone");
+        }
         g_dbus_connection_close_sync(connection, nullptr, nullptr);
         g_object_unref(connection);
     });
@@ -84,7 +87,9 @@ void KWinDouble::answer(const std::string& method, GVariant* arguments,
     const std::lock_guard lock(mutex);
     calls.push_back(method + " " + g_dbus_method_invocation_get_object_path(invocation));
     asked.notify_one();
-    if (method == "unloadScript") {
+    if (nature.isStuck) {
+        unanswered.push_back(invocation);
+    } else if (method == "unloadScript") {
         g_dbus_method_invocation_return_value(invocation, g_variant_new("(b)", FALSE));
     } else if (method == "loadScript") {
         g_dbus_method_invocation_return_value(

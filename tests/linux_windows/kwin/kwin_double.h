@@ -26,6 +26,7 @@ public:
         std::string scriptFolder = "/Scripting/Script"; // "/" in Plasma 5
         int id = 7;                                     // what loading a script answers
         bool runs = true;                               // else running one is refused
+        bool isStuck = false;                           // it answers nothing
         bool isStarting = false;                        // its name is there, its objects are not
     };
 
@@ -60,6 +61,7 @@ private:
     std::mutex mutex;
     std::condition_variable asked;
     std::vector<std::string> calls;
+    std::vector<GDBusMethodInvocation*> unanswered;
     std::string loader;
     std::filesystem::path path;
     std::string content;

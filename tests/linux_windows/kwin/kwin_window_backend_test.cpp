@@ -124,6 +124,16 @@ TEST_F(KWinWindows, TheScriptIsUnloadedAtTheEnd) {
     EXPECT_FALSE(std::filesystem::exists(kwin.file()));
 }
 
+TEST_F(KWinWindows, NobodyWaitsForAKWinThatIsStuck) {
+    KWinDouble kwin(bus.address(), {.isStuck = true});
+    {
+        const Listening listening(told);
+        EXPECT_TRUE(listening.started);
+        kwin.expectAsked({"unloadScript /Scripting"});
+    }
+    told.expectTold({});
+}
+
 TEST_F(KWinWindows, NonsenseIsNotHeard) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(told);

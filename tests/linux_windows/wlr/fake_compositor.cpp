@@ -47,7 +47,7 @@ FakeCompositor::FakeCompositor(int version)
                              static_cast<FakeCompositor*>(self)->manager = made;
                          });
     }
-    wl_event_loop_add_fd(
+    source = wl_event_loop_add_fd(
         wl_display_get_event_loop(display), toSay, WL_EVENT_READABLE,
         [](int, std::uint32_t, void* self) {
             static_cast<FakeCompositor*>(self)->attend();
@@ -61,6 +61,7 @@ FakeCompositor::~FakeCompositor() {
     stopping = true;
     say([] {});
     thread.join();
+    wl_event_source_remove(source);
     wl_display_destroy_clients(display);
     wl_display_destroy(display);
     close(toSay);

@@ -12,6 +12,7 @@
 #include <vector>
 
 struct wl_display;
+struct wl_event_source;
 struct wl_resource;
 
 namespace glidemap {
@@ -45,6 +46,7 @@ private:
     void attend();
 
     wl_display* display;
+    wl_event_source* source = nullptr;
     wl_resource* manager = nullptr;
     std::vector<wl_resource*> windows;
     std::size_t living = 0;

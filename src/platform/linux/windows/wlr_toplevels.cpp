@@ -92,15 +92,15 @@ using Handle = zwlr_foreign_toplevel_handle_v1;
 
 const wl_registry_listener WlrToplevels::State::registryListener = {
     .global =
-        [](void* data, wl_registry* registry, std::uint32_t name, const char* interface,
+        [](void* data, wl_registry* offering, std::uint32_t name, const char* interface,
            std::uint32_t version) {
-            auto& state = *static_cast<State*>(data);
+            auto& self = *static_cast<State*>(data);
             const wl_interface& wanted = zwlr_foreign_toplevel_manager_v1_interface;
-            if (state.manager == nullptr && std::string_view(interface) == wanted.name) {
-                state.manager = static_cast<zwlr_foreign_toplevel_manager_v1*>(wl_registry_bind(
-                    registry, name, &wanted, std::min(version, newestKnownVersion)));
-                zwlr_foreign_toplevel_manager_v1_add_listener(state.manager, &managerListener,
-                                                              &state);
+            if (self.manager == nullptr && std::string_view(interface) == wanted.name) {
+                self.manager = static_cast<zwlr_foreign_toplevel_manager_v1*>(wl_registry_bind(
+                    offering, name, &wanted, std::min(version, newestKnownVersion)));
+                zwlr_foreign_toplevel_manager_v1_add_listener(self.manager, &managerListener,
+                                                              &self);
             }
         },
     .global_remove = [](void*, wl_registry*, std::uint32_t) {},
@@ -109,10 +109,10 @@ const wl_registry_listener WlrToplevels::State::registryListener = {
 const zwlr_foreign_toplevel_manager_v1_listener WlrToplevels::State::managerListener = {
     .toplevel =
         [](void* data, zwlr_foreign_toplevel_manager_v1*, Handle* handle) {
-            auto& state = *static_cast<State*>(data);
-            state.windows.push_back({&state, handle, {}, std::nullopt, 0});
+            auto& self = *static_cast<State*>(data);
+            self.windows.push_back({&self, handle, {}, std::nullopt, 0});
             zwlr_foreign_toplevel_handle_v1_add_listener(handle, &handleListener,
-                                                         &state.windows.back());
+                                                         &self.windows.back());
         },
     .finished = [](void* data,
                    zwlr_foreign_toplevel_manager_v1*) { static_cast<State*>(data)->endManager(); },
