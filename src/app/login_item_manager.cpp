@@ -1,0 +1,36 @@
+#include "app/login_item_manager.h"
+
+#include <utility>
+
+namespace glidemap {
+
+LoginItemManager::LoginItemManager(LoginItemService& registered, Lang& language)
+    : service(registered), lang(language), _enabled(readEnabled()) {}
+
+void LoginItemManager::setEnabled(bool on) {
+    setLastError(std::nullopt);
+    if (const auto error = on ? service.registerItem() : service.unregisterItem()) {
+        setLastError(lang.choose("Failed to set launch at login: ", "设置开机自启动失败：") +
+                     *error);
+    }
+    refresh();
+}
+
+void LoginItemManager::setLastError(std::optional<std::string> error) {
+    observers.announceWillChange();
+    _lastError = std::move(error);
+    observers.announceDidChange();
+}
+
+void LoginItemManager::refresh() {
+    const bool enabledNow = readEnabled();
+    observers.announceWillChange();
+    _enabled = enabledNow;
+    observers.announceDidChange();
+}
+
+bool LoginItemManager::readEnabled() const {
+    return service.status() == LoginItemService::Status::enabled;
+}
+
+} // namespace glidemap

@@ -1,0 +1,151 @@
+#include "app/login_item_manager.h"
+#include "kit/in_language.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using kit::InLanguage;
+using Status = LoginItemService::Status;
+
+// A register that does what the test says it does, and keeps what it was asked.
+class RecordingLoginItemService : public LoginItemService {
+public:
+    Status status() const override { return current; }
+
+    std::optional<std::string> registerItem() override {
+        return attempt("register", afterRegistering);
+    }
+    std::optional<std::string> unregisterItem() override {
+        return attempt("unregister", Status::notRegistered);
+    }
+
+    Status current = Status::notRegistered;
+    Status afterRegistering = Status::enabled;
+    std::optional<std::string> refusal;
+    std::vector<std::string> attempts;
+
+private:
+    std::optional<std::string> attempt(const char* name, Status afterwards) {
+        attempts.emplace_back(name);
+        if (!refusal) {
+            current = afterwards;
+        }
+        return refusal;
+    }
+};
+
+class LoginItemManagerTest : public testing::Test {
+protected:
+    using Attempts = std::vector<std::string>;
+
+    RecordingLoginItemService service;
+};
+
+TEST_F(LoginItemManagerTest, OnlyWhatTheSystemCallsEnabledIsOn) {
+    struct Row {
+        Status status;
+        bool enabled;
+    };
+    for (const Row& row : {Row{Status::notRegistered, false}, Row{Status::enabled, true},
+                           Row{Status::requiresApproval, false}, Row{Status::notFound, false}}) {
+        service.current = row.status;
+        const LoginItemManager manager(service);
+        EXPECT_EQ(manager.enabled(), row.enabled) << static_cast<int>(row.status);
+        EXPECT_EQ(manager.lastError(), std::nullopt);
+    }
+    EXPECT_EQ(service.attempts, Attempts());
+}
+
+TEST_F(LoginItemManagerTest, SwitchingAsksTheSystemAndReadsBack) {
+    LoginItemManager manager(service);
+    manager.setEnabled(true);
+    EXPECT_TRUE(manager.enabled());
+    manager.setEnabled(false);
+    EXPECT_FALSE(manager.enabled());
+    EXPECT_EQ(manager.lastError(), std::nullopt);
+    EXPECT_EQ(service.attempts, (Attempts{"register", "unregister"}));
+}
+
+TEST_F(LoginItemManagerTest, ARegistrationThatAwaitsApprovalIsOffWithoutAnError) {
+    service.afterRegistering = Status::requiresApproval;
+    LoginItemManager manager(service);
+    manager.setEnabled(true);
+    EXPECT_FALSE(manager.enabled());
+    EXPECT_EQ(manager.lastError(), std::nullopt);
+    EXPECT_EQ(service.attempts, Attempts{"register"});
+}
+
+TEST_F(LoginItemManagerTest, ARefusalShowsTheSystemsTextAndTheStateThatTheSystemReports) {
+    service.refusal = "Permission denied";
+    LoginItemManager manager(service);
+    manager.setEnabled(true);
+    EXPECT_FALSE(manager.enabled());
+    EXPECT_EQ(manager.lastError(), "Failed to set launch at login: Permission denied");
+
+    service.current = Status::enabled;
+    manager.setEnabled(false);
+    EXPECT_TRUE(manager.enabled());
+    EXPECT_EQ(manager.lastError(), "Failed to set launch at login: Permission denied");
+    EXPECT_EQ(service.attempts, (Attempts{"register", "unregister"}));
+}
+
+TEST_F(LoginItemManagerTest, TheErrorIsInTheLanguageOfTheFailureAndStaysInIt) {
+    service.refusal = "磁盘已满";
+    LoginItemManager manager(service);
+    {
+        const InLanguage english("en");
+        manager.setEnabled(true);
+    }
+    const InLanguage chinese("zh");
+    EXPECT_EQ(manager.lastError(), "Failed to set launch at login: 磁盘已满");
+    manager.setEnabled(true);
+    EXPECT_EQ(manager.lastError(), "设置开机自启动失败：磁盘已满");
+}
+
+TEST_F(LoginItemManagerTest, ASuccessfulSwitchClearsTheErrorOfAnEarlierOne) {
+    service.refusal = "No space left on device";
+    LoginItemManager manager(service);
+    manager.setEnabled(true);
+    service.refusal.reset();
+    manager.setEnabled(true);
+    EXPECT_TRUE(manager.enabled());
+    EXPECT_EQ(manager.lastError(), std::nullopt);
+}
+
+TEST_F(LoginItemManagerTest, ARegistrationOfAnEarlierRunShowsAsOn) {
+    {
+        LoginItemManager earlier(service);
+        earlier.setEnabled(true);
+    }
+    service.attempts.clear();
+    const LoginItemManager manager(service);
+    EXPECT_TRUE(manager.enabled());
+    EXPECT_EQ(service.attempts, Attempts());
+}
+
+TEST_F(LoginItemManagerTest, ObserversSeeTheErrorGoBeforeTheAttemptAndTheOutcomeAfterIt) {
+    service.refusal = "Permission denied";
+    LoginItemManager manager(service);
+    manager.setEnabled(true);
+    service.refusal.reset();
+
+    std::vector<std::string> seen;
+    const auto look = [&] {
+        seen.push_back(manager.lastError().value_or("no error") +
+                       (manager.enabled() ? ", on" : ", off"));
+    };
+    const Subscription subscription = manager.changes().subscribe(look, look);
+    manager.setEnabled(true);
+    EXPECT_EQ(seen,
+              (std::vector<std::string>{"Failed to set launch at login: Permission denied, off",
+                                        "no error, off", "no error, off", "no error, on"}));
+}
+
+} // namespace
+} // namespace glidemap
