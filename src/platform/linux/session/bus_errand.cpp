@@ -1,0 +1,251 @@
+#include "platform/linux/session/bus_errand.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <array>
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+template <auto release>
+struct Release {
+    template <typename Held>
+    void operator()(Held* held) const {
+        release(held);
+    }
+};
+using Connection = std::unique_ptr<GDBusConnection, Release<g_object_unref>>;
+using Cancellable = std::unique_ptr<GCancellable, Release<g_object_unref>>;
+
+struct SourceEnd {
+    void operator()(GSource* source) const {
+        g_source_destroy(source);
+        g_source_unref(source);
+    }
+};
+using Source = std::unique_ptr<GSource, SourceEnd>;
+
+using Function = std::function<void()>;
+
+void forgetFunction(gpointer function) {
+    delete static_cast<Function*>(function);
+}
+
+gboolean runOnce(gpointer function) {
+    (*static_cast<Function*>(function))();
+    return G_SOURCE_REMOVE;
+}
+
+// On the calling thread. Ends with what is answered.
+Source startTimer(std::chrono::milliseconds delay, Function function) {
+    Source timer(g_timeout_source_new(static_cast<guint>(delay.count())));
+    g_source_set_callback(timer.get(), runOnce, new Function(std::move(function)), forgetFunction);
+    g_source_attach(timer.get(), g_main_context_get_thread_default());
+    return timer;
+}
+
+bool saysNobodyThere(const GError* error) {
+    return g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
+           g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER);
+}
+
+} // namespace
+
+struct BusErrand::State {
+    using WithBus = std::function<void(GDBusConnection* connection)>;
+
+    // What GIO's callbacks get: the errand lives until each has come.
+    struct Opening {
+        std::shared_ptr<BusErrand> errand;
+        Bus bus;
+        WithBus then;
+        Cancellable attempt;
+        Source limit;
+    };
+    struct Call {
+        std::shared_ptr<BusErrand> errand;
+        Then then;
+    };
+    struct Line {
+        Connection connection;
+        bool outOfOrder = false; // it could not be opened; nobody tries twice
+    };
+
+    Line& line(Bus bus) { return lines[bus == Bus::system ? 0 : 1]; }
+
+    static void withBus(const std::shared_ptr<BusErrand>& errand, Bus bus, WithBus then);
+    static void opened(GObject* source, GAsyncResult* result, gpointer opening);
+    static void answered(GObject* connection, GAsyncResult* result, gpointer call);
+    static void propertiesChanged(GDBusConnection* connection, const char* sender, const char* path,
+                                  const char* interface, const char* signal, GVariant* values,
+                                  gpointer state);
+
+    bool calledOff = false;
+    std::array<Line, 2> lines;
+    Cancellable cancellable{g_cancellable_new()};
+    GCancellable* openingAttempt = nullptr;
+    std::vector<Source> timers;
+    GDBusConnection* watched = nullptr;
+    guint subscription = 0;
+    Function changed;
+};
+
+void BusErrand::State::withBus(const std::shared_ptr<BusErrand>& errand, Bus bus, WithBus then) {
+    State& state = *errand->state;
+    Line& line = state.line(bus);
+    const auto address = line.outOfOrder ? std::nullopt : busAddress(bus);
+    if (line.connection || !address) {
+        then(line.connection.get());
+        return;
+    }
+    auto* const opening =
+        new Opening{errand, bus, std::move(then), Cancellable(g_cancellable_new()), nullptr};
+    GCancellable* const attempt = opening->attempt.get();
+    state.openingAttempt = attempt;
+    opening->limit =
+        startTimer(errand->patienceOfAStep, [attempt] { g_cancellable_cancel(attempt); });
+    constexpr auto flags =
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    g_dbus_connection_new_for_address(address->c_str(), flags, nullptr, attempt, opened, opening);
+}
+
+void BusErrand::State::opened(GObject* /*source*/, GAsyncResult* result, gpointer opening) {
+    const std::unique_ptr<Opening> held(static_cast<Opening*>(opening));
+    State& state = *held->errand->state;
+    state.openingAttempt = nullptr;
+    Line& line = state.line(held->bus);
+    line.connection.reset(g_dbus_connection_new_for_address_finish(result, nullptr));
+    line.outOfOrder = !line.connection;
+    if (!state.calledOff) {
+        held->then(line.connection.get());
+    }
+}
+
+void BusErrand::State::answered(GObject* connection, GAsyncResult* result, gpointer call) {
+    const std::unique_ptr<Call> held(static_cast<Call*>(call));
+    GError* error = nullptr;
+    GVariant* values = g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    if (!held->errand->state->calledOff) {
+        held->then({values, saysNobodyThere(error)});
+    }
+    g_clear_error(&error);
+    g_clear_pointer(&values, g_variant_unref);
+}
+
+void BusErrand::State::propertiesChanged(GDBusConnection* /*connection*/, const char* /*sender*/,
+                                         const char* /*path*/, const char* /*interface*/,
+                                         const char* /*signal*/, GVariant* /*values*/,
+                                         gpointer state) {
+    const Function changed = static_cast<State*>(state)->changed;
+    changed(); // a copy: it may end the watch
+}
+
+BusErrand::BusErrand(Milliseconds stepPatience)
+    : patienceOfAStep(stepPatience), state(std::make_unique<State>()) {}
+
+BusErrand::~BusErrand() {
+    stopWaiting();
+}
+
+void BusErrand::call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
+                     IfNotRunning ifNotRunning, Then then) {
+    const std::shared_ptr<GVariant> held(
+        arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr,
+        [](GVariant* variant) { g_clear_pointer(&variant, g_variant_unref); });
+    const auto flags = ifNotRunning == IfNotRunning::start ? G_DBUS_CALL_FLAGS_NONE
+                                                           : G_DBUS_CALL_FLAGS_NO_AUTO_START;
+    const auto ask = [=, self = shared_from_this(),
+                      then = std::move(then)](GDBusConnection* connection) {
+        if (connection == nullptr) {
+            then({nullptr, true});
+            return;
+        }
+        g_dbus_connection_call(connection, method.service, method.path, method.interface,
+                               method.name, held.get(), nullptr, flags,
+                               static_cast<int>(patience.count()), self->state->cancellable.get(),
+                               State::answered, new State::Call{self, then});
+    };
+    State::withBus(shared_from_this(), method.bus, ask);
+}
+
+void BusErrand::call(const BusMethod& method, GVariant* arguments, Then then) {
+    call(method, arguments, patienceOfAStep, IfNotRunning::leave, std::move(then));
+}
+
+void BusErrand::watchProperties(Bus bus, const char* service, const char* interface,
+                                Function changed) {
+    state->changed = std::move(changed);
+    state->watched = state->line(bus).connection.get();
+    state->subscription = g_dbus_connection_signal_subscribe(
+        state->watched, service, "org.freedesktop.DBus.Properties", "PropertiesChanged", nullptr,
+        interface, G_DBUS_SIGNAL_FLAGS_NONE, State::propertiesChanged, state.get(), nullptr);
+}
+
+void BusErrand::stopWaiting() {
+    state->timers.clear();
+    if (state->watched != nullptr) {
+        g_dbus_connection_signal_unsubscribe(state->watched, state->subscription);
+        state->watched = nullptr;
+    }
+    state->changed = {};
+}
+
+void BusErrand::after(Milliseconds delay, Function then) {
+    state->timers.push_back(
+        startTimer(delay, [self = shared_from_this(), then = std::move(then)] { then(); }));
+}
+
+void BusErrand::callOff() {
+    state->calledOff = true;
+    stopWaiting();
+    g_cancellable_cancel(state->cancellable.get());
+    if (state->openingAttempt != nullptr) {
+        g_cancellable_cancel(state->openingAttempt);
+    }
+}
+
+// How many errands there still are.
+struct BusErrands::Open {
+    std::mutex mutex;
+    std::condition_variable fewer;
+    int count = 0;
+
+    void change(int by) {
+        const std::lock_guard lock(mutex);
+        count += by;
+        fewer.notify_all();
+    }
+    void waitForNone() {
+        std::unique_lock lock(mutex);
+        fewer.wait(lock, [this] { return count == 0; });
+    }
+};
+
+BusErrands::BusErrands(DesktopThread& thread) : desktop(thread), open(std::make_shared<Open>()) {}
+
+BusErrands::~BusErrands() {
+    for (const auto& weak : started) {
+        desktop.submit([weak] {
+            if (const auto errand = weak.lock()) {
+                errand->callOff();
+            }
+        });
+    }
+    open->waitForNone();
+}
+
+void BusErrands::start(std::shared_ptr<BusErrand> errand) {
+    open->change(1);
+    errand->counted = std::shared_ptr<void>(nullptr, [held = open](void*) { held->change(-1); });
+    std::erase_if(started, [](const auto& earlier) { return earlier.expired(); });
+    started.push_back(errand);
+    desktop.submit([held = std::move(errand)] { held->begin(); });
+}
+
+} // namespace glidemap

@@ -1,0 +1,115 @@
+#include "platform/linux/session/linux_overview.h"
+
+#include <gio/gio.h>
+
+#include <array>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+struct Shell {
+    const char* service;
+    const char* path;
+    const char* interface;
+};
+
+constexpr std::array<Shell, 2> shells{{
+    {"org.gnome.Shell", "/org/gnome/Shell", "org.gnome.Shell"},
+    {"org.Cinnamon", "/org/Cinnamon", "org.Cinnamon"},
+}};
+
+constexpr const char* shownProperty = "OverviewActive";
+constexpr const char* kwinShortcut = "Overview";
+
+constexpr BusMethod ofShell(const Shell& shell, const char* name) {
+    return {Bus::session, shell.service, shell.path, "org.freedesktop.DBus.Properties", name};
+}
+
+constexpr BusMethod ofKWin(const char* name) {
+    return {Bus::session, "org.kde.kglobalaccel", "/component/kwin",
+            "org.kde.kglobalaccel.Component", name};
+}
+
+std::optional<bool> booleanIn(GVariant* values) {
+    if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(v)"))) {
+        return std::nullopt;
+    }
+    GVariant* held = nullptr;
+    g_variant_get(values, "(v)", &held);
+    const auto value = g_variant_is_of_type(held, G_VARIANT_TYPE_BOOLEAN)
+                           ? std::optional(g_variant_get_boolean(held) != FALSE)
+                           : std::nullopt;
+    g_variant_unref(held);
+    return value;
+}
+
+bool holds(GVariant* values, std::string_view wanted) {
+    if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(as)"))) {
+        return false;
+    }
+    GVariantIter* names = nullptr;
+    g_variant_get(values, "(as)", &names);
+    bool found = false;
+    for (const char* name = nullptr; g_variant_iter_next(names, "&s", &name) != FALSE;) {
+        found = found || name == wanted;
+    }
+    g_variant_iter_free(names);
+    return found;
+}
+
+class OverviewErrand : public BusErrand {
+public:
+    using BusErrand::BusErrand;
+
+    void begin() override { askShell(0); }
+
+private:
+    std::shared_ptr<OverviewErrand> alive() {
+        return std::static_pointer_cast<OverviewErrand>(shared_from_this());
+    }
+
+    void askShell(std::size_t index) {
+        if (index == shells.size()) {
+            askKWin();
+            return;
+        }
+        const Shell& shell = shells[index];
+        call(ofShell(shell, "Get"), g_variant_new("(ss)", shell.interface, shownProperty),
+             [this, kept = alive(), index](const BusAnswer& answer) {
+                 const auto shown = booleanIn(answer.values);
+                 shown ? setShown(shells[index], !*shown) : askShell(index + 1);
+             });
+    }
+
+    void setShown(const Shell& shell, bool shown) {
+        call(ofShell(shell, "Set"),
+             g_variant_new("(ssv)", shell.interface, shownProperty, g_variant_new_boolean(shown)),
+             [kept = alive()](const BusAnswer&) {});
+    }
+
+    // Asking for a shortcut that there is not is answered with success, too. KWin has this one only
+    // while it can draw the view.
+    void askKWin() {
+        call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusAnswer& answer) {
+            if (holds(answer.values, kwinShortcut)) {
+                call(ofKWin("invokeShortcut"), g_variant_new("(s)", kwinShortcut),
+                     [kept = alive()](const BusAnswer&) {});
+            }
+        });
+    }
+};
+
+} // namespace
+
+LinuxOverview::LinuxOverview(DesktopThread& desktop, std::chrono::milliseconds answerWithin)
+    : patience(answerWithin), errands(desktop) {}
+
+void LinuxOverview::toggle() {
+    errands.start(std::make_shared<OverviewErrand>(patience));
+}
+
+} // namespace glidemap

@@ -1,0 +1,159 @@
+#include "platform/linux/session/linux_screen_lock.h"
+
+#include <gio/gio.h>
+
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* logind = "org.freedesktop.login1";
+constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
+// The caller's own session or, for a program that the user's service manager has started, the one
+// on the display.
+constexpr const char* ownSession = "/org/freedesktop/login1/session/auto";
+
+constexpr BusMethod lockSession{Bus::system, logind, ownSession, sessionInterface, "Lock"};
+constexpr BusMethod getSessionProperty{Bus::system, logind, ownSession,
+                                       "org.freedesktop.DBus.Properties", "Get"};
+
+struct ScreenSaver {
+    BusMethod lock;
+    bool takesMessage = false; // to the user, shown on the locked screen
+};
+
+const std::vector<ScreenSaver>& screenSavers() {
+    static const std::vector<ScreenSaver> all = {
+        {{Bus::session, "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver",
+          "Lock"}},
+        {{Bus::session, "org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver",
+          "org.cinnamon.ScreenSaver", "Lock"},
+         true},
+        {{Bus::session, "org.mate.ScreenSaver", "/org/mate/ScreenSaver", "org.mate.ScreenSaver",
+          "Lock"}},
+        {{Bus::session, "org.xfce.ScreenSaver", "/org/xfce/ScreenSaver", "org.xfce.ScreenSaver",
+          "Lock"}},
+        {{Bus::session, "org.freedesktop.ScreenSaver", "/ScreenSaver",
+          "org.freedesktop.ScreenSaver", "Lock"}},
+    };
+    return all;
+}
+
+bool saysLocked(GVariant* values) {
+    if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(v)"))) {
+        return false;
+    }
+    GVariant* held = nullptr;
+    g_variant_get(values, "(v)", &held);
+    const bool locked =
+        g_variant_is_of_type(held, G_VARIANT_TYPE_BOOLEAN) && g_variant_get_boolean(held);
+    g_variant_unref(held);
+    return locked;
+}
+
+class LockErrand : public BusErrand {
+public:
+    LockErrand(MainQueue& queue, LinuxScreenLock::Patience limits, std::function<void()> otherwise)
+        : BusErrand(limits.answer), mainQueue(queue), patience(limits),
+          refused(std::move(otherwise)) {}
+
+    void begin() override {
+        call(lockSession, nullptr, [this, kept = alive()](const BusAnswer& answer) {
+            answer.values != nullptr ? waitUntilLocked() : askRunning(0);
+        });
+    }
+
+private:
+    std::shared_ptr<LockErrand> alive() {
+        return std::static_pointer_cast<LockErrand>(shared_from_this());
+    }
+
+    void waitUntilLocked() {
+        watchProperties(Bus::system, logind, sessionInterface, [weak = std::weak_ptr(alive())] {
+            if (const auto errand = weak.lock()) {
+                errand->readLocked();
+            }
+        });
+        after(patience.locked, [this, kept = alive()] {
+            stopWaiting();
+            if (!locked) {
+                askRunning(0);
+            }
+        });
+        readLocked();
+    }
+
+    // A word that comes late still spares the services that have not been asked yet.
+    void readLocked() {
+        call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
+             [this, kept = alive()](const BusAnswer& answer) {
+                 if (saysLocked(answer.values)) {
+                     locked = true;
+                     stopWaiting();
+                 }
+             });
+    }
+
+    // A service that can be started may belong to a desktop that is installed but not running, so
+    // those that run come first.
+    void askRunning(std::size_t index) {
+        if (index == screenSavers().size()) {
+            startMissing(0);
+            return;
+        }
+        ask(screenSavers()[index], IfNotRunning::leave,
+            [this, kept = alive(), index](const BusAnswer& answer) {
+                if (answer.nobodyThere) {
+                    missing.push_back(index);
+                }
+                if (answer.values == nullptr && !locked) {
+                    askRunning(index + 1);
+                }
+            });
+    }
+
+    void startMissing(std::size_t number) {
+        if (number == missing.size()) {
+            mainQueue.submit(std::move(refused));
+            return;
+        }
+        ask(screenSavers()[missing[number]], IfNotRunning::start,
+            [this, kept = alive(), number](const BusAnswer& answer) {
+                if (answer.values == nullptr && !locked) {
+                    startMissing(number + 1);
+                }
+            });
+    }
+
+    void ask(const ScreenSaver& saver, IfNotRunning ifNotRunning, Then then) {
+        call(saver.lock, saver.takesMessage ? g_variant_new("(s)", "") : nullptr,
+             ifNotRunning == IfNotRunning::start ? patience.start : patience.answer, ifNotRunning,
+             std::move(then));
+    }
+
+    MainQueue& mainQueue;
+    const LinuxScreenLock::Patience patience;
+    std::function<void()> refused;
+    bool locked = false;
+    std::vector<std::size_t> missing;
+};
+
+} // namespace
+
+LinuxScreenLock::LinuxScreenLock(DesktopThread& desktop, MainQueue& queue)
+    : LinuxScreenLock(desktop, queue, Patience()) {}
+
+LinuxScreenLock::LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits)
+    : mainQueue(queue), patience(limits), errands(desktop) {}
+
+bool LinuxScreenLock::find() {
+    return busAddress(Bus::system) || busAddress(Bus::session);
+}
+
+void LinuxScreenLock::lock(std::function<void()> otherwise) {
+    errands.start(std::make_shared<LockErrand>(mainQueue, patience, std::move(otherwise)));
+}
+
+} // namespace glidemap

@@ -1,0 +1,48 @@
+// Locks the screen by whatever the session has for it.
+//
+// First logind is asked to lock the session. That it agrees says little: it only passes the wish on,
+// and a desktop without a screen locker, or with one that does not listen, does nothing. So the
+// screen counts as locked once the session says that it is (its LockedHint). If it does not, a
+// screen saver service is asked: one that is running, else one that can be started. Its agreement
+// counts. With neither, `otherwise` is called: rather a shortcut too many on a screen that a silent
+// locker has locked than a screen left open.
+//
+// Thread:  the main thread; the buses are spoken to on the desktop thread.
+// Owner:   the program. Destroying it calls off what is under way; `otherwise` is not called then.
+// Errors:  each service is given a moment to answer; one that is silent counts as missing.
+#pragma once
+
+#include "core/main_queue.h"
+#include "dispatch/screen_lock.h"
+#include "platform/linux/session/bus_errand.h"
+
+#include <chrono>
+#include <functional>
+
+namespace glidemap {
+
+class LinuxScreenLock : public ScreenLock {
+public:
+    struct Patience {
+        // A running service answers in milliseconds, also while the machine is busy locking.
+        std::chrono::milliseconds answer{1000};
+        // Between logind's agreement and the session's word: the locker has come up.
+        std::chrono::milliseconds locked{1000};
+        // A service that is started for it.
+        std::chrono::milliseconds start{5000};
+    };
+
+    LinuxScreenLock(DesktopThread& desktop, MainQueue& queue);
+    LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits);
+
+    // Whether there is a bus to ask on. What is on it may come and go while the program runs.
+    bool find() override;
+    void lock(std::function<void()> otherwise) override;
+
+private:
+    MainQueue& mainQueue;
+    const Patience patience;
+    BusErrands errands;
+};
+
+} // namespace glidemap

@@ -1,0 +1,51 @@
+// What happened, in its order, on whichever thread.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap::test {
+
+class Journal {
+public:
+    using Lines = std::vector<std::string>;
+
+    void add(std::string line) {
+        const std::lock_guard lock(mutex);
+        written.push_back(std::move(line));
+        more.notify_all();
+    }
+
+    Lines lines() const {
+        const std::lock_guard lock(mutex);
+        return written;
+    }
+
+    // Nothing waits this long unless it has failed.
+    bool waitForAny(const Lines& awaited) {
+        std::unique_lock lock(mutex);
+        return more.wait_for(lock, std::chrono::seconds(30), [&] {
+            return std::find_first_of(written.begin(), written.end(), awaited.begin(),
+                                      awaited.end()) != written.end();
+        });
+    }
+    bool waitForCount(const std::string& line, long count) {
+        std::unique_lock lock(mutex);
+        return more.wait_for(lock, std::chrono::seconds(30), [&] {
+            return std::count(written.begin(), written.end(), line) >= count;
+        });
+    }
+    bool waitFor(const std::string& line) { return waitForCount(line, 1); }
+
+private:
+    mutable std::mutex mutex;
+    std::condition_variable more;
+    Lines written;
+};
+
+} // namespace glidemap::test

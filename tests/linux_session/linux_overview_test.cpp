@@ -1,0 +1,155 @@
+#include "linux_session/bus_double.h"
+#include "linux_session/private_bus.h"
+#include "platform/linux/session/linux_overview.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+
+namespace glidemap {
+namespace {
+
+using namespace std::chrono_literals;
+using test::BusDouble;
+using test::InEnvironment;
+using test::Journal;
+using test::PrivateBus;
+using test::ServiceDescription;
+using Lines = Journal::Lines;
+
+ServiceDescription shell(const std::string& name, const std::string& path) {
+    return {name, path,
+            "<interface name='" + name +
+                "'><property name='OverviewActive' type='b' access='readwrite'/></interface>"};
+}
+
+const ServiceDescription gnome = shell("org.gnome.Shell", "/org/gnome/Shell");
+const ServiceDescription cinnamon = shell("org.Cinnamon", "/org/Cinnamon");
+ServiceDescription kwinAnswering(const std::string& type) {
+    return {"org.kde.kglobalaccel", "/component/kwin",
+            "<interface name='org.kde.kglobalaccel.Component'><method name='shortcutNames'>"
+            "<arg type='" +
+                type +
+                "' direction='out'/></method><method name='invokeShortcut'>"
+                "<arg type='s' direction='in'/></method></interface>"};
+}
+
+const ServiceDescription kwin = kwinAnswering("as");
+
+BusDouble::Method names(const char* values) {
+    return [values] {
+        return g_variant_new_parsed(values);
+    };
+}
+
+class LinuxOverviewTest : public testing::Test {
+protected:
+    BusDouble& onBus(const ServiceDescription& service) {
+        return services.emplace_back(bus.address(), service, journal);
+    }
+
+    // What happens until the last who asked has left.
+    Lines toggle(const std::string& askedLast) {
+        LinuxOverview overview(desktop, 600s);
+        overview.toggle();
+        EXPECT_TRUE(journal.waitFor(askedLast + ": nobody asks"));
+        Lines lines = journal.lines();
+        std::erase_if(lines, [](const std::string& line) { return line.ends_with("nobody asks"); });
+        return lines;
+    }
+
+    Journal journal;
+    PrivateBus bus;
+    InEnvironment address{"DBUS_SESSION_BUS_ADDRESS", bus.address().c_str()};
+    std::deque<BusDouble> services;
+    DesktopThread desktop;
+};
+
+TEST_F(LinuxOverviewTest, GnomesIsShown) {
+    BusDouble& gnomeShell = onBus(gnome);
+    EXPECT_EQ(toggle("Shell"),
+              (Lines{"Shell get OverviewActive", "Shell set OverviewActive true"}));
+    EXPECT_TRUE(gnomeShell.property("OverviewActive"));
+}
+
+TEST_F(LinuxOverviewTest, ShownAlreadyItGoesAway) {
+    BusDouble& gnomeShell = onBus(gnome);
+    gnomeShell.set("OverviewActive", true);
+    EXPECT_EQ(toggle("Shell"),
+              (Lines{"Shell get OverviewActive", "Shell set OverviewActive false"}));
+    EXPECT_FALSE(gnomeShell.property("OverviewActive"));
+}
+
+TEST_F(LinuxOverviewTest, CinnamonsIsAskedForInTheSameWay) {
+    onBus(cinnamon);
+    EXPECT_EQ(toggle("Cinnamon"),
+              (Lines{"Cinnamon get OverviewActive", "Cinnamon set OverviewActive true"}));
+}
+
+TEST_F(LinuxOverviewTest, KWinsIsInvokedByItsShortcut) {
+    onBus(kwin).answer("shortcutNames", names("(['Expose', 'Overview', 'Show Desktop'],)"));
+    EXPECT_EQ(toggle("kglobalaccel"),
+              (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
+}
+
+// It answers with success, too, when asked for what it has not.
+TEST_F(LinuxOverviewTest, AKWinWithoutOneIsNotAskedForIt) {
+    struct Row {
+        const char* what;
+        BusDouble::Method answer;
+        const char* type = "as";
+    };
+    const Row rows[] = {
+        {"no shortcut at all", names("(@as [],)")},
+        {"similar ones", names("(['Overview2', 'overview', 'ShowOverview', 'Window Overview'],)")},
+        {"an answer of another kind", names("('Overview',)"), "s"},
+        {"an error",
+         [] {
+             return nullptr;
+         }},
+    };
+    for (const Row& row : rows) {
+        Journal asked;
+        BusDouble component(bus.address(), kwinAnswering(row.type), asked);
+        component.answer("shortcutNames", row.answer);
+        LinuxOverview overview(desktop, 600s);
+        overview.toggle();
+        EXPECT_TRUE(asked.waitFor("kglobalaccel: nobody asks"));
+        EXPECT_EQ(asked.lines(),
+                  (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel: nobody asks"}))
+            << row.what;
+    }
+}
+
+TEST_F(LinuxOverviewTest, AShellWithoutTheViewLeavesItToTheNext) {
+    onBus({"org.gnome.Shell", "/org/gnome/Shell",
+           "<interface name='org.gnome.Shell'><method name='Other'/></interface>"});
+    onBus(kwin).answer("shortcutNames", names("(['Overview'],)"));
+    EXPECT_EQ(toggle("kglobalaccel"),
+              (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
+}
+
+TEST_F(LinuxOverviewTest, OneThatGoesWaitsForNobody) {
+    onBus(kwin).keepSilent("shortcutNames");
+    {
+        LinuxOverview overview(desktop, 600s);
+        overview.toggle();
+        ASSERT_TRUE(journal.waitFor("kglobalaccel.shortcutNames()"));
+    }
+    EXPECT_TRUE(journal.waitFor("kglobalaccel: nobody asks"));
+}
+
+// It is installed beside the desktop that runs.
+TEST_F(LinuxOverviewTest, NoShellIsStartedForIt) {
+    const test::TemporaryFolder folder;
+    const auto started = folder.path() / "started";
+    bus.makeStartable("org.gnome.Shell", "/usr/bin/touch " + started.string());
+    onBus(cinnamon);
+    EXPECT_EQ(toggle("Cinnamon"),
+              (Lines{"Cinnamon get OverviewActive", "Cinnamon set OverviewActive true"}));
+    EXPECT_FALSE(std::filesystem::exists(started));
+}
+
+} // namespace
+} // namespace glidemap

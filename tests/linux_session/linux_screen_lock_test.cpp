@@ -1,0 +1,340 @@
+#include "linux_session/bus_double.h"
+#include "linux_session/private_bus.h"
+#include "platform/linux/session/linux_screen_lock.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <deque>
+#include <optional>
+
+namespace glidemap {
+namespace {
+
+using namespace std::chrono_literals;
+using test::BusDouble;
+using test::InEnvironment;
+using test::Journal;
+using test::PrivateBus;
+using test::ServiceDescription;
+using Lines = Journal::Lines;
+using Patience = LinuxScreenLock::Patience;
+
+constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
+// The session announces under its own name what was asked of it under its other one.
+constexpr const char* sessionUnderItsOwnName = "/org/freedesktop/login1/session/_31";
+
+const ServiceDescription logind{
+    "org.freedesktop.login1", "/org/freedesktop/login1/session/auto",
+    "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
+    "<property name='LockedHint' type='b' access='read'/></interface>"};
+
+ServiceDescription screenSaver(const std::string& name, const std::string& path,
+                               const std::string& argument = "") {
+    return {name, path,
+            "<interface name='" + name + "'><method name='Lock'>" + argument +
+                "</method></interface>"};
+}
+
+const ServiceDescription gnome = screenSaver("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver");
+const ServiceDescription freedesktop = screenSaver("org.freedesktop.ScreenSaver", "/ScreenSaver");
+
+// Keeps what it is handed until the test runs it.
+class HeldMainQueue : public MainQueue {
+public:
+    explicit HeldMainQueue(Journal& record) : journal(record) {}
+
+    void submit(Task task) override {
+        tasks.push_back(std::move(task));
+        journal.add("to the main thread");
+    }
+
+    void run() {
+        for (Task& task : tasks) {
+            task();
+        }
+        tasks.clear();
+    }
+
+private:
+    Journal& journal;
+    std::deque<Task> tasks;
+};
+
+// Long enough that no test waits for it: only one that shortens a limit may reach it.
+constexpr Patience endless{600s, 600s, 600s};
+
+Patience withLimitOnLocked(std::chrono::milliseconds limit) {
+    Patience patience = endless;
+    patience.locked = limit;
+    return patience;
+}
+
+class LinuxScreenLockTest : public testing::Test {
+protected:
+    // What happens until nothing of the request is left under way.
+    Lines lock(Patience patience = endless) {
+        LinuxScreenLock screenLock(desktop, queue, patience);
+        screenLock.lock(otherwise());
+        EXPECT_TRUE(journal.waitForAny({"let go", "to the main thread"}));
+        queue.run();
+        Lines lines = journal.lines();
+        std::erase(lines, "let go");
+        std::erase_if(lines, [](const std::string& line) { return line.ends_with("nobody asks"); });
+        return lines;
+    }
+
+    // Once nothing can call it any more, it is let go of.
+    std::function<void()> otherwise() {
+        const std::shared_ptr<void> last(nullptr, [this](void*) { journal.add("let go"); });
+        return [this, last] {
+            journal.add("otherwise");
+        };
+    }
+
+    BusDouble& onSystemBus(const ServiceDescription& service) {
+        return services.emplace_back(systemBus.address(), service, journal);
+    }
+    BusDouble& onSessionBus(const ServiceDescription& service) {
+        return services.emplace_back(sessionBus.address(), service, journal);
+    }
+
+    Journal journal;
+    PrivateBus systemBus;
+    PrivateBus sessionBus;
+    InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
+    InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
+    std::deque<BusDouble> services;
+    HeldMainQueue queue{journal};
+    DesktopThread desktop;
+};
+
+TEST_F(LinuxScreenLockTest, ASessionThatSaysItIsLockedIsAskedAlone) {
+    BusDouble& manager = onSystemBus(logind);
+    manager.answer("Lock", [&] {
+        manager.set("LockedHint", true);
+        return g_variant_new("()");
+    });
+    onSessionBus(gnome);
+    EXPECT_EQ(lock(), (Lines{"login1.Lock()", "login1 get LockedHint"}));
+}
+
+TEST_F(LinuxScreenLockTest, ALockerMayTakeItsTimeUntilTheSessionSaysSo) {
+    BusDouble& manager = onSystemBus(logind);
+    onSessionBus(gnome);
+    LinuxScreenLock screenLock(desktop, queue, endless);
+    screenLock.lock(otherwise());
+    ASSERT_TRUE(journal.waitFor("login1 get LockedHint"));
+    manager.setAndAnnounce("LockedHint", true, sessionInterface, sessionUnderItsOwnName);
+    EXPECT_TRUE(journal.waitFor("let go"));
+    const Lines lines = journal.lines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "login1 get LockedHint"), 2);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "ScreenSaver.Lock()"), 0);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
+}
+
+TEST_F(LinuxScreenLockTest, ASessionThatAgreesButDoesNotLockIsNoLock) {
+    onSystemBus(logind);
+    onSessionBus(gnome);
+    EXPECT_EQ(lock(withLimitOnLocked(50ms)),
+              (Lines{"login1.Lock()", "login1 get LockedHint", "ScreenSaver.Lock()"}));
+}
+
+TEST_F(LinuxScreenLockTest, WhereNobodyLocksTheCallerIsTold) {
+    onSystemBus(logind);
+    EXPECT_EQ(lock(withLimitOnLocked(50ms)),
+              (Lines{"login1.Lock()", "login1 get LockedHint", "to the main thread", "otherwise"}));
+}
+
+TEST_F(LinuxScreenLockTest, ASessionThatCannotBeLockedLeavesItToTheScreenSaver) {
+    onSystemBus(logind).refuse("Lock");
+    onSessionBus(gnome);
+    EXPECT_EQ(lock(), (Lines{"login1.Lock()", "ScreenSaver.Lock()"}));
+}
+
+TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsKnown) {
+    struct Row {
+        ServiceDescription service;
+        const char* asked;
+    };
+    const Row rows[] = {
+        {gnome, "ScreenSaver.Lock()"},
+        {screenSaver("org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver",
+                     "<arg type='s' direction='in'/>"),
+         "ScreenSaver.Lock('',)"},
+        {screenSaver("org.mate.ScreenSaver", "/org/mate/ScreenSaver"), "ScreenSaver.Lock()"},
+        {screenSaver("org.xfce.ScreenSaver", "/org/xfce/ScreenSaver"), "ScreenSaver.Lock()"},
+        {freedesktop, "ScreenSaver.Lock()"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.service.name);
+        Journal asked;
+        const BusDouble saver(sessionBus.address(), row.service, asked);
+        LinuxScreenLock screenLock(desktop, queue, endless);
+        screenLock.lock(otherwise());
+        EXPECT_TRUE(asked.waitFor("ScreenSaver: nobody asks"));
+        EXPECT_EQ(asked.lines(), (Lines{row.asked, "ScreenSaver: nobody asks"}));
+    }
+    const Lines lines = journal.lines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
+}
+
+TEST_F(LinuxScreenLockTest, AScreenSaverThatRefusesLeavesItToTheNext) {
+    onSessionBus(gnome).refuse("Lock");
+    onSessionBus(freedesktop);
+    EXPECT_EQ(lock(), (Lines{"ScreenSaver.Lock()", "ScreenSaver.Lock()"}));
+}
+
+TEST_F(LinuxScreenLockTest, AScreenSaverThatOnlyInhibitsIsNone) {
+    onSessionBus({"org.freedesktop.ScreenSaver", "/ScreenSaver",
+                  "<interface name='org.freedesktop.ScreenSaver'><method name='Inhibit'/>"
+                  "</interface>"});
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
+TEST_F(LinuxScreenLockTest, ARunningScreenSaverIsAskedBeforeOneThatWouldHaveToBeStarted) {
+    sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
+    onSessionBus(freedesktop);
+    EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
+}
+
+TEST_F(LinuxScreenLockTest, OneThatDoesNotStartIsNone) {
+    sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
+TEST_F(LinuxScreenLockTest, OneThatCanBeStartedIsStarted) {
+    const test::TemporaryFolder folder;
+    const auto locked = folder.path() / "locked";
+    sessionBus.makeStartable("org.gnome.ScreenSaver",
+                             std::string(STARTABLE_SCREEN_SAVER) + " " + locked.string());
+    EXPECT_EQ(lock(), Lines());
+    EXPECT_TRUE(std::filesystem::exists(locked));
+}
+
+TEST_F(LinuxScreenLockTest, WithNobodyOnEitherBusTheCallerIsToldOnce) {
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
+TEST_F(LinuxScreenLockTest, WithoutABusTheCallerIsTold) {
+    const InEnvironment noSystem("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere/at/all");
+    const InEnvironment noSession("DBUS_SESSION_BUS_ADDRESS", "no address");
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
+TEST_F(LinuxScreenLockTest, EachRequestIsToldForItself) {
+    LinuxScreenLock screenLock(desktop, queue, endless);
+    screenLock.lock([this] { journal.add("first"); });
+    screenLock.lock([this] { journal.add("second"); });
+    ASSERT_TRUE(journal.waitForCount("to the main thread", 2));
+    queue.run();
+    const Lines lines = journal.lines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "first"), 1);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "second"), 1);
+}
+
+TEST_F(LinuxScreenLockTest, ASilentServiceHoldsNobodyUpForLongerThanItsLimit) {
+    onSystemBus(logind).keepSilent("Lock");
+    onSessionBus(gnome).keepSilent("Lock");
+    Patience patience = endless;
+    patience.answer = 100ms;
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_EQ(lock(patience),
+              (Lines{"login1.Lock()", "ScreenSaver.Lock()", "to the main thread", "otherwise"}));
+    EXPECT_GE(std::chrono::steady_clock::now() - began, 200ms);
+}
+
+// Far shorter than the limits, or it would never end.
+TEST_F(LinuxScreenLockTest, TheMainThreadWaitsForNoService) {
+    onSystemBus(logind).keepSilent("Lock");
+    {
+        LinuxScreenLock screenLock(desktop, queue, endless);
+        screenLock.lock(otherwise());
+        ASSERT_TRUE(journal.waitFor("login1.Lock()"));
+    }
+    queue.run();
+    EXPECT_EQ(journal.lines()[0], "login1.Lock()");
+    EXPECT_EQ(journal.lines()[1], "let go");
+}
+
+TEST_F(LinuxScreenLockTest, OneThatGoesWhileTheLockerTakesItsTimeTellsNobody) {
+    onSystemBus(logind);
+    {
+        LinuxScreenLock screenLock(desktop, queue, endless);
+        screenLock.lock(otherwise());
+        ASSERT_TRUE(journal.waitFor("login1 get LockedHint"));
+    }
+    const Lines lines = journal.lines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "let go"), 1);
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
+}
+
+// Takes connections and says nothing.
+class SilentSocket {
+public:
+    SilentSocket() {
+        sockaddr_un name = {};
+        name.sun_family = AF_UNIX;
+        const std::string path = folder.path() / "bus";
+        path.copy(name.sun_path, sizeof name.sun_path - 1);
+        EXPECT_EQ(bind(file, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
+        EXPECT_EQ(listen(file, 8), 0);
+    }
+    SilentSocket(const SilentSocket&) = delete;
+    SilentSocket& operator=(const SilentSocket&) = delete;
+    ~SilentSocket() { close(file); }
+
+    std::string address() const { return "unix:path=" + (folder.path() / "bus").string(); }
+
+private:
+    test::TemporaryFolder folder;
+    int file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+};
+
+TEST_F(LinuxScreenLockTest, ABusThatDoesNotSpeakIsNone) {
+    const SilentSocket silent;
+    const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
+    onSessionBus(gnome);
+    Patience patience = endless;
+    patience.answer = 1000ms;
+    EXPECT_EQ(lock(patience), Lines{"ScreenSaver.Lock()"});
+}
+
+TEST_F(LinuxScreenLockTest, OneThatGoesWhileABusDoesNotSpeakTellsNobody) {
+    const SilentSocket silent;
+    const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
+    {
+        LinuxScreenLock screenLock(desktop, queue, endless);
+        screenLock.lock(otherwise());
+        desktop.call([] {}); // it has begun
+    }
+    EXPECT_EQ(journal.lines(), Lines{"let go"});
+}
+
+TEST_F(LinuxScreenLockTest, ThereIsALockWhereThereIsABusToAskOn) {
+    const test::TemporaryFolder runtime;
+    struct Row {
+        const char* system;
+        const char* session;
+        bool found;
+    };
+    const Row rows[] = {
+        {"unix:path=/a", "unix:path=/b", true},
+        {"unix:path=/a", nullptr, true},
+        {nullptr, "unix:path=/b", true},
+    };
+    for (const Row& row : rows) {
+        const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
+        const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", row.system);
+        const InEnvironment sessionAddress("DBUS_SESSION_BUS_ADDRESS", row.session);
+        EXPECT_EQ(LinuxScreenLock(desktop, queue).find(), row.found);
+    }
+    EXPECT_EQ(journal.lines(), Lines());
+}
+
+} // namespace
+} // namespace glidemap
