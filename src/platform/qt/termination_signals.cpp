@@ -1,0 +1,81 @@
+#include "platform/qt/termination_signals.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QSocketNotifier>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::array<int, 2> endings{SIGTERM, SIGINT};
+
+// Where the handler, which may interrupt anything, leaves word.
+std::atomic<int> wordEnd = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void leaveWord(int /*signal*/) {
+    const int before = errno;
+    const char word = 0;
+    [[maybe_unused]] const auto written = write(wordEnd, &word, 1);
+    errno = before;
+}
+
+// A blocked signal, as a signal descriptor needs it, would stay blocked in every program that this
+// one launches; a handler does not.
+void install(int signal, struct sigaction* before) {
+    struct sigaction action = {};
+    action.sa_handler = leaveWord;
+    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    sigaction(signal, nullptr, before);
+    if (before->sa_handler != SIG_IGN) {
+        sigaction(signal, &action, nullptr);
+    }
+}
+
+} // namespace
+
+struct TerminationSignals::State {
+    std::array<int, 2> pipeEnds{-1, -1};
+    std::array<struct sigaction, endings.size()> before = {};
+    std::unique_ptr<QSocketNotifier> notifier;
+};
+
+TerminationSignals::TerminationSignals(std::function<void()> asked)
+    : state(std::make_unique<State>()) {
+    if (pipe2(state->pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+        return;
+    }
+    wordEnd = state->pipeEnds[1];
+    state->notifier = std::make_unique<QSocketNotifier>(state->pipeEnds[0], QSocketNotifier::Read);
+    QObject::connect(state->notifier.get(), &QSocketNotifier::activated,
+                     [end = state->pipeEnds[0], asked = std::move(asked)] {
+                         char word = 0;
+                         if (read(end, &word, 1) == 1) {
+                             asked();
+                         }
+                     });
+    for (std::size_t index = 0; index < endings.size(); ++index) {
+        install(endings[index], &state->before[index]);
+    }
+}
+
+TerminationSignals::~TerminationSignals() {
+    if (!state->notifier) {
+        return;
+    }
+    for (std::size_t index = 0; index < endings.size(); ++index) {
+        sigaction(endings[index], &state->before[index], nullptr);
+    }
+    wordEnd = -1;
+    close(state->pipeEnds[0]);
+    close(state->pipeEnds[1]);
+}
+
+} // namespace glidemap

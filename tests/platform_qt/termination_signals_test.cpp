@@ -1,0 +1,88 @@
+#include "application.h"
+#include "platform/qt/termination_signals.h"
+
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace glidemap {
+namespace {
+
+using test::Application;
+
+// A program that ends in order with 7, and with 8 if its loop ended without being asked to.
+int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
+    const pid_t child = fork();
+    if (child == 0) {
+        alarm(20); // one that is never asked fails
+        Application application;
+        bool asked = false;
+        const TerminationSignals ending([&] {
+            asked = true;
+            doesWhenAsked();
+        });
+        QMetaObject::invokeMethod(QCoreApplication::instance(), doesWhenRunning,
+                                  Qt::QueuedConnection);
+        application.run();
+        _exit(asked ? 7 : 8);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+TEST(TerminationSignalsTest, EitherSignalEndsTheLoopInOrder) {
+    EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, Application::quit), 7);
+    EXPECT_EQ(programThat([] { kill(getpid(), SIGINT); }, Application::quit), 7);
+}
+
+TEST(TerminationSignalsTest, ASecondOneEndsAProgramThatDoesNotEnd) {
+    EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, [] { kill(getpid(), SIGTERM); }),
+              128 + SIGTERM);
+}
+
+TEST(TerminationSignalsTest, OneThatWasIgnoredStaysIgnored) {
+    const auto before = std::signal(SIGINT, SIG_IGN);
+    EXPECT_EQ(programThat(
+                  [] {
+                      kill(getpid(), SIGINT);
+                      Application::quit();
+                  },
+                  Application::quit),
+              8);
+    std::signal(SIGINT, before);
+}
+
+TEST(TerminationSignalsTest, ALaunchedProgramEndsByThemAsEver) {
+    EXPECT_EQ(programThat(
+                  [] {
+                      char name[] = "sleep";
+                      char time[] = "1000";
+                      char* words[] = {name, time, nullptr};
+                      pid_t launched = -1;
+                      posix_spawnp(&launched, name, nullptr, nullptr, words, nullptr);
+                      kill(launched, SIGTERM);
+                      int status = 0;
+                      waitpid(launched, &status, 0);
+                      WIFSIGNALED(status) ? Application::quit() : abort();
+                  },
+                  Application::quit),
+              8);
+}
+
+void keepQuiet(int /*signal*/) {}
+
+TEST(TerminationSignalsTest, AfterwardsEverythingIsAsItWas) {
+    const auto before = std::signal(SIGTERM, keepQuiet);
+    {
+        Application application;
+        const TerminationSignals ending([] {});
+    }
+    EXPECT_EQ(std::signal(SIGTERM, before), keepQuiet);
+}
+
+} // namespace
+} // namespace glidemap
