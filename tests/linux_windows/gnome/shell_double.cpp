@@ -116,23 +116,28 @@ void ShellDouble::startExtension(const std::string& told) {
     thread.call([&] {
         windows = told;
         registerObject(windowsPath, windowsInterface);
+        emitHere("WindowsChanged", told);
     });
-    emit("WindowsChanged", told);
 }
 
 void ShellDouble::stopExtension() {
-    emit("Stopped", "()");
-    thread.call([&] { g_dbus_connection_unregister_object(connection, windowsObject); });
+    // At once, as in the shell: nobody is answered after it has stopped.
+    thread.call([&] {
+        g_dbus_connection_unregister_object(connection, windowsObject);
+        emitHere("Stopped", "()");
+    });
 }
 
 void ShellDouble::emit(const char* signal, const std::string& values) {
-    thread.call([&] {
-        GVariant* const message = parsed(nullptr, values);
-        g_dbus_connection_emit_signal(connection, nullptr, windowsPath, windowsInterface, signal,
-                                      message, nullptr);
-        g_variant_unref(message);
-        g_dbus_connection_flush_sync(connection, nullptr, nullptr);
-    });
+    thread.call([&] { emitHere(signal, values); });
+}
+
+void ShellDouble::emitHere(const char* signal, const std::string& values) {
+    GVariant* const message = parsed(nullptr, values);
+    g_dbus_connection_emit_signal(connection, nullptr, windowsPath, windowsInterface, signal,
+                                  message, nullptr);
+    g_variant_unref(message);
+    g_dbus_connection_flush_sync(connection, nullptr, nullptr);
 }
 
 std::vector<std::string> ShellDouble::enabled() {

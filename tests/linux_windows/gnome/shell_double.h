@@ -43,6 +43,7 @@ public:
     std::vector<std::string> enabled();
 
 private:
+    void emitHere(const char* signal, const std::string& values);
     void registerObject(const char* path, const char* interface);
     void answer(const std::string& method, GVariant* arguments, GDBusMethodInvocation* invocation);
 
