@@ -278,14 +278,17 @@ TEST_F(ClickFilterTest, AFilterThatHangsLeavesTheTouchpadToTheSystem) {
     EXPECT_EQ(waitForAsked(2).size(), 2U);
 }
 
-// The reader may be held up before it has read anything.
+// The reader may be held up before it has read anything, and by a touchpad that is not forwarded.
 TEST_F(ClickFilterTest, AReaderThatWaitsForALockIsStuckToo) {
+    pads->plug("event2", "without");
+    pads->stream("event2")->hasButtons = false;
+    driver.start(driver.createList().at(1));
     driver.switchClickFilter(true);
     EXPECT_TRUE(system().waitUntilGrabbed(true));
     pads->blockCandidates(true);
     std::thread asking([&] { driver.createList(); });
     EXPECT_TRUE(pads->waitUntilBlocked());
-    send(fingerDown);
+    pads->stream("event2")->send(fingerDown);
     while (system().isGrabbed()) {
         time.advance(
             std::chrono::seconds(1)); // as often as it takes: it may not have begun to wait
@@ -293,7 +296,10 @@ TEST_F(ClickFilterTest, AReaderThatWaitsForALockIsStuckToo) {
     }
     pads->blockCandidates(false);
     asking.join();
-    EXPECT_EQ(waitForAsked(1).at(0).event, driver::clickFilterDisabledByTimeout);
+    const auto asked = waitForAsked(1);
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(asked[0].event, driver::clickFilterDisabledByTimeout);
+    EXPECT_EQ(asked[0].device, device);
 }
 
 } // namespace
