@@ -5,7 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <string>
+#include <thread>
 
 namespace glidemap {
 namespace {
@@ -53,6 +55,16 @@ protected:
         };
     }
 
+    // GIO takes a moment to notice what has just been installed.
+    static void expectURL(const Workspace& workspace, const std::string& bundleID,
+                          const std::string& expected) {
+        const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
+        while (workspace.urlForApplication(bundleID) != expected &&
+               std::chrono::steady_clock::now() < deadline)
+            std::this_thread::yield();
+        EXPECT_EQ(workspace.urlForApplication(bundleID), expected);
+    }
+
     ApplicationFolder& folder = ApplicationFolder::instance();
     std::filesystem::path editor;
     std::vector<std::string> log;
@@ -85,16 +97,16 @@ TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {
 
 TEST_F(LinuxWorkspaceTest, AnInstalledApplicationIsItsEntrysFile) {
     const LinuxWorkspace workspace(thread, {}, {});
-    EXPECT_EQ(workspace.urlForApplication("editor"), "file://" + editor.string());
+    folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
+    folder.install("with space", "Name=Space\nExec=sh\n");
+    expectURL(workspace, "with space",
+              "file://" + (folder.path() / "user/applications/with%20space.desktop").string());
+    expectURL(workspace, "editor", "file://" + editor.string());
     EXPECT_EQ(workspace.urlForApplication("Editor"), std::nullopt);
+    EXPECT_EQ(workspace.urlForApplication("hidden"), std::nullopt);
     EXPECT_EQ(workspace.urlForApplication("nobody"), std::nullopt);
     EXPECT_EQ(workspace.urlForApplication(""), std::nullopt);
     EXPECT_EQ(workspace.urlForApplication("../applications/editor"), std::nullopt);
-    folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
-    EXPECT_EQ(workspace.urlForApplication("hidden"), std::nullopt);
-    folder.install("with space", "Name=Space\nExec=sh\n");
-    EXPECT_EQ(workspace.urlForApplication("with space"),
-              "file://" + (folder.path() / "user/applications/with%20space.desktop").string());
 }
 
 TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
@@ -103,9 +115,9 @@ TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
         folder.script("tool", "echo opened >" + (folder.path() / "reports").string());
     folder.install("tool", "Name=Tool\nExec=" + script.string() + "\n");
     LinuxWorkspace workspace(thread, {}, {});
-    const auto url = workspace.urlForApplication("tool");
-    ASSERT_TRUE(url.has_value());
-    workspace.openApplication(*url);
+    const std::string url = "file://" + (folder.path() / "user/applications/tool.desktop").string();
+    expectURL(workspace, "tool", url);
+    workspace.openApplication(url);
     EXPECT_EQ(reports.nextLine(), "opened");
 }
 

@@ -40,11 +40,8 @@ struct PublishedApplications {
 
 class ApplicationFollower : public WindowListener {
 public:
-    static constexpr std::chrono::milliseconds usualPatience{100};
-
     ApplicationFollower(DesktopThread& desktop, PublishedApplications& to,
-                        const ProcessReader& reader,
-                        std::chrono::milliseconds patienceWithNone = usualPatience);
+                        const ProcessReader& reader, std::chrono::milliseconds patienceWithNone);
 
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;

@@ -42,6 +42,13 @@ GVariant* startTransientUnit(const Move& move) {
     return g_variant_new("(ssa(sv)a(sa(sv)))", move.unit.c_str(), "fail", &properties, nullptr);
 }
 
+// Waiting for it keeps the connection, and with it the question, until systemd has it.
+void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
+    if (GVariant* const answer =
+            g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr))
+        g_variant_unref(answer);
+}
+
 void busFound(GObject* /*source*/, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Move> move(static_cast<Move*>(data));
     GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
@@ -51,7 +58,7 @@ void busFound(GObject* /*source*/, GAsyncResult* result, gpointer data) {
     g_dbus_connection_call(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
                            "org.freedesktop.systemd1.Manager", "StartTransientUnit",
                            startTransientUnit(*move), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
-                           nullptr, nullptr, nullptr);
+                           nullptr, answered, nullptr);
     g_object_unref(bus);
 }
 

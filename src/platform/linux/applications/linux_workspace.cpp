@@ -19,8 +19,9 @@ struct LinuxWorkspace::State {
     std::unique_ptr<ApplicationFollower> follower;
     std::unique_ptr<WindowBackend> backend;
 
-    void start(DesktopThread& thread, const std::vector<WindowBackendFactory>& candidates) {
-        follower = std::make_unique<ApplicationFollower>(thread, published, processes);
+    void start(DesktopThread& thread, const std::vector<WindowBackendFactory>& candidates,
+               std::chrono::milliseconds patience) {
+        follower = std::make_unique<ApplicationFollower>(thread, published, processes, patience);
         for (const WindowBackendFactory& make : candidates) {
             backend = make();
             if (backend->start(*follower))
@@ -36,12 +37,12 @@ struct LinuxWorkspace::State {
 };
 
 LinuxWorkspace::LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
-                               std::function<void()> missionControl)
+                               std::function<void()> missionControl,
+                               std::chrono::milliseconds patienceWithNone)
     : thread(desktop), showMissionControl(std::move(missionControl)),
       state(std::make_unique<State>()) {
-    thread.submit([begun = state.get(), &desktop, choice = std::move(candidates)] {
-        begun->start(desktop, choice);
-    });
+    thread.submit([begun = state.get(), &desktop, choice = std::move(candidates),
+                   patienceWithNone] { begun->start(desktop, choice, patienceWithNone); });
 }
 
 LinuxWorkspace::~LinuxWorkspace() {

@@ -11,6 +11,7 @@
 #include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/window_backend.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -19,10 +20,15 @@ namespace glidemap {
 
 class LinuxWorkspace : public Workspace {
 public:
+    // How long no window has to be active until it is believed. A window manager takes a few
+    // milliseconds from one window to the next.
+    static constexpr std::chrono::milliseconds usualPatience{100};
+
     // The candidates are made and asked in order, on the desktop thread, until one knows the
     // desktop. Returns at once; how things stand is known as soon as the desktop has told.
     LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
-                   std::function<void()> missionControl);
+                   std::function<void()> missionControl,
+                   std::chrono::milliseconds patienceWithNone = usualPatience);
     ~LinuxWorkspace() override;
 
     Application frontmostApplication() const override;

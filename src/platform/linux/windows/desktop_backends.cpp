@@ -22,9 +22,13 @@ WindowBackendFactory backendFor(DesktopKind kind, DesktopThread& thread) {
     case DesktopKind::gnome:
         return {};
     case DesktopKind::kwin:
-        return [] { return std::make_unique<KWinWindowBackend>(); };
+        return [] {
+            return std::make_unique<KWinWindowBackend>();
+        };
     case DesktopKind::wlroots:
-        return [&thread] { return std::make_unique<WlrWindowBackend>(thread); };
+        return [&thread] {
+            return std::make_unique<WlrWindowBackend>(thread);
+        };
     case DesktopKind::x11:
         return [&thread] {
             return std::make_unique<X11Backend>(thread);

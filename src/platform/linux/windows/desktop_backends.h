@@ -16,8 +16,7 @@ enum class DesktopKind { gnome, kwin, wlroots, x11 };
 
 // By the values of WAYLAND_DISPLAY and DISPLAY, empty if unset. Under Wayland each compositor is
 // known by its own way of telling, and X11 comes last: it shows only the windows of X11 programs,
-// which are better than none. While another window is active a compositor tells that no X11 window
-// is, so what is shown is not enough, but never wrong.
+// which are better than none.
 std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::string_view display);
 
 std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread);
