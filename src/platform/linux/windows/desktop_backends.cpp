@@ -1,5 +1,6 @@
 #include "platform/linux/windows/desktop_backends.h"
 
+#include "platform/linux/windows/gnome_window_backend.h"
 #include "platform/linux/windows/kwin_window_backend.h"
 #include "platform/linux/windows/wlr_window_backend.h"
 #include "platform/linux/windows/x11_backend.h"
@@ -16,25 +17,18 @@ std::string_view environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
-// Empty for a kind that this build has no backend for.
-WindowBackendFactory backendFor(DesktopKind kind, DesktopThread& thread) {
+std::unique_ptr<WindowBackend> makeBackend(DesktopKind kind, DesktopThread& thread) {
     switch (kind) {
     case DesktopKind::gnome:
-        return {};
+        return std::make_unique<GnomeWindowBackend>();
     case DesktopKind::kwin:
-        return [] {
-            return std::make_unique<KWinWindowBackend>();
-        };
+        return std::make_unique<KWinWindowBackend>();
     case DesktopKind::wlroots:
-        return [&thread] {
-            return std::make_unique<WlrWindowBackend>(thread);
-        };
+        return std::make_unique<WlrWindowBackend>(thread);
     case DesktopKind::x11:
-        return [&thread] {
-            return std::make_unique<X11Backend>(thread);
-        };
+        break;
     }
-    return {};
+    return std::make_unique<X11Backend>(thread);
 }
 
 } // namespace
@@ -51,10 +45,8 @@ std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::str
 std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread) {
     std::vector<WindowBackendFactory> factories;
     for (const DesktopKind kind :
-         desktopsToTry(environment("WAYLAND_DISPLAY"), environment("DISPLAY"))) {
-        if (auto factory = backendFor(kind, thread))
-            factories.push_back(std::move(factory));
-    }
+         desktopsToTry(environment("WAYLAND_DISPLAY"), environment("DISPLAY")))
+        factories.emplace_back([kind, &thread] { return makeBackend(kind, thread); });
     return factories;
 }
 
