@@ -19,9 +19,9 @@ struct LinuxWorkspace::State {
     std::unique_ptr<ApplicationFollower> follower;
     std::unique_ptr<WindowBackend> backend;
 
-    void start(DesktopThread& thread, const std::vector<WindowBackendFactory>& candidates,
+    void start(DesktopThread& desktop, const std::vector<WindowBackendFactory>& candidates,
                std::chrono::milliseconds patience) {
-        follower = std::make_unique<ApplicationFollower>(thread, published, processes, patience);
+        follower = std::make_unique<ApplicationFollower>(desktop, published, processes, patience);
         for (const WindowBackendFactory& make : candidates) {
             backend = make();
             if (backend->start(*follower))
