@@ -1,12 +1,9 @@
 #include "platform/linux/session/autostart_entry.h"
 
+#include "platform/linux/session/environment.h"
 #include "platform/linux/session/replace_file.h"
+#include "platform/linux/session/user_folders.h"
 
-#include <glib.h>
-
-#include <cerrno>
-#include <cstdlib>
-#include <string_view>
 #include <utility>
 
 namespace glidemap {
@@ -16,40 +13,6 @@ namespace {
 constexpr const char* fileName = "org.glidemap.Glidemap.desktop";
 
 using Start = AutostartFile::Start;
-
-std::string fromEnvironment(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr ? value : "";
-}
-
-std::vector<std::string> splitAtColons(std::string_view text) {
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const auto end = text.find(':');
-        if (end != 0) {
-            parts.emplace_back(text.substr(0, end));
-        }
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    }
-    return parts;
-}
-
-// A folder that is not absolute counts as not given.
-std::filesystem::path userConfiguration() {
-    const std::filesystem::path given(fromEnvironment("XDG_CONFIG_HOME"));
-    return given.is_absolute() ? given : std::filesystem::path(g_get_home_dir()) / ".config";
-}
-
-std::vector<std::filesystem::path> systemConfigurations() {
-    const std::string given = fromEnvironment("XDG_CONFIG_DIRS");
-    std::vector<std::filesystem::path> folders;
-    for (const std::string& folder : splitAtColons(given.empty() ? "/etc/xdg" : given)) {
-        if (std::filesystem::path(folder).is_absolute()) {
-            folders.emplace_back(folder);
-        }
-    }
-    return folders;
-}
 
 bool isThere(const std::filesystem::path& file) {
     std::error_code error;
@@ -79,8 +42,8 @@ std::optional<std::string> textFor(std::error_code error) {
 
 AutostartPlaces AutostartPlaces::ofThisProcess() {
     AutostartPlaces places;
-    places.userFolder = userConfiguration() / "autostart";
-    for (const auto& folder : systemConfigurations()) {
+    places.userFolder = userConfigurationFolder() / "autostart";
+    for (const auto& folder : systemConfigurationFolders()) {
         places.systemFolders.push_back(folder / "autostart");
     }
     places.session.desktops = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));

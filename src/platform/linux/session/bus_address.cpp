@@ -1,16 +1,18 @@
 #include "platform/linux/session/bus_address.h"
 
+#include "platform/linux/session/environment.h"
+
 #include <unistd.h>
 
-#include <cstdlib>
+#include <utility>
 
 namespace glidemap {
 
 namespace {
 
-std::optional<std::string> fromEnvironment(const char* variable) {
-    const char* const value = std::getenv(variable);
-    return value != nullptr && *value != '\0' ? std::optional<std::string>(value) : std::nullopt;
+std::optional<std::string> named(const char* variable) {
+    std::string address = fromEnvironment(variable);
+    return address.empty() ? std::nullopt : std::optional(std::move(address));
 }
 
 std::optional<std::string> atSocket(const std::string& path) {
@@ -18,8 +20,8 @@ std::optional<std::string> atSocket(const std::string& path) {
 }
 
 std::optional<std::string> systemBusAddress() {
-    if (auto named = fromEnvironment("DBUS_SYSTEM_BUS_ADDRESS")) {
-        return named;
+    if (auto address = named("DBUS_SYSTEM_BUS_ADDRESS")) {
+        return address;
     }
     for (const char* const path :
          {"/run/dbus/system_bus_socket", "/var/run/dbus/system_bus_socket"}) {
@@ -32,11 +34,11 @@ std::optional<std::string> systemBusAddress() {
 
 // The D-Bus libraries would start a bus of their own where there is none; nobody would be on it.
 std::optional<std::string> sessionBusAddress() {
-    if (auto named = fromEnvironment("DBUS_SESSION_BUS_ADDRESS")) {
-        return named;
+    if (auto address = named("DBUS_SESSION_BUS_ADDRESS")) {
+        return address;
     }
-    const auto folder = fromEnvironment("XDG_RUNTIME_DIR");
-    return folder ? atSocket(*folder + "/bus") : std::nullopt;
+    const std::string folder = fromEnvironment("XDG_RUNTIME_DIR");
+    return folder.empty() ? std::nullopt : atSocket(folder + "/bus");
 }
 
 } // namespace

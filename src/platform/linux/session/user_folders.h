@@ -1,0 +1,19 @@
+// Where a user's files are, by the XDG base directories. A variable that is not an absolute path
+// counts as not given.
+//
+// Thread:  the main thread; reads the environment, no disk.
+// Errors:  none; without a home the folders are the root's.
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+namespace glidemap {
+
+std::filesystem::path userConfigurationFolder();
+std::filesystem::path userDataFolder();
+
+// The most important first.
+std::vector<std::filesystem::path> systemConfigurationFolders();
+
+} // namespace glidemap
