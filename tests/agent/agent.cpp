@@ -1,0 +1,41 @@
+// glidemap-agent [--never-ask]: Glidemap without its interface, for tests and measurements.
+//
+// Prints "ready" when everything has been started, then a line for each entry of the log of
+// gestures, "twoFingerTap → Lock Screen @ Firefox". Ends in order, with status 0, by SIGTERM or
+// SIGINT. With --never-ask the user is not asked for access that is missing.
+#include "core/gesture_type.h"
+#include "headless_glidemap.h"
+#include "platform/qt/termination_signals.h"
+
+#include <QCoreApplication>
+#include <iostream>
+#include <string_view>
+
+namespace {
+
+using glidemap::GestureLogEntry;
+using glidemap::agent::Prompt;
+
+void print(const GestureLogEntry& entry) {
+    std::cout << rawValue(entry.gesture) << " → "
+              << entry.matchedAction.value_or("(no matching binding)") << " @ "
+              << entry.appName.value_or("(unknown)") << std::endl;
+}
+
+} // namespace
+
+int main(int count, char* arguments[]) {
+    const bool neverAsks = count == 2 && std::string_view(arguments[1]) == "--never-ask";
+    if (count != 1 && !neverAsks) {
+        std::cerr << "usage: glidemap-agent [--never-ask]" << std::endl;
+        return 2;
+    }
+    QCoreApplication application(count, arguments);
+    const glidemap::TerminationSignals endings(&QCoreApplication::quit);
+    glidemap::agent::HeadlessGlidemap program;
+    program.start(neverAsks ? Prompt::never : Prompt::askUser, print);
+    program.mainQueue().submit([] { std::cout << "ready" << std::endl; });
+    const int status = QCoreApplication::exec();
+    program.stop();
+    return status;
+}

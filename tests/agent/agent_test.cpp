@@ -1,0 +1,127 @@
+// The whole program, played from a recording, on buses of the tests' own. What it does with real
+// touchpads is shown in a real kernel.
+#include "choreography/performance.h"
+#include "linux_session/bus_double.h"
+#include "linux_session/private_bus.h"
+#include "process.h"
+#include "recording/recording_writer.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <deque>
+#include <fstream>
+
+namespace glidemap {
+namespace {
+
+using test::BusDouble;
+using test::contentOf;
+using test::InEnvironment;
+using test::Journal;
+using test::PrivateBus;
+using test::TemporaryFolder;
+using vm::Process;
+
+const test::ServiceDescription logind{
+    "org.freedesktop.login1", "/org/freedesktop/login1/session/auto",
+    "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
+    "<property name='LockedHint' type='b' access='read'/></interface>"};
+
+class AgentTest : public testing::Test {
+protected:
+    static std::vector<std::string> command() { return {GLIDEMAP_AGENT, "--never-ask"}; }
+
+    // The gestures, a second after each other.
+    void record(const std::vector<GestureType>& gestures) const {
+        std::ofstream stream(folder.path() / "recording.jsonl");
+        RecordingWriter writer(stream);
+        writer.write(Report{0, {}});
+        double start = 1; // when it has long been ready
+        for (const GestureType gesture : gestures) {
+            double end = start;
+            for (const TimedReport& report : perform(gesture, 1)) {
+                end = start + report.time;
+                writer.write(Report{end, report.touches});
+            }
+            start = end + 1;
+        }
+    }
+
+    void ofUser(const std::string& settings) const {
+        folder.write("config/glidemap/glidemap.ini", settings);
+    }
+
+    TemporaryFolder folder;
+    Journal journal;
+    PrivateBus systemBus;
+    PrivateBus sessionBus;
+    InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
+    InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
+    InEnvironment configuration{"XDG_CONFIG_HOME", (folder.path() / "config").c_str()};
+    InEnvironment data{"XDG_DATA_HOME", (folder.path() / "data").c_str()};
+    InEnvironment recording{"GLIDEMAP_RECORDING", (folder.path() / "recording.jsonl").c_str()};
+    InEnvironment driver{"GLIDEMAP_TOUCH_DRIVER", GLIDEMAP_REPLAY_DRIVER};
+    InEnvironment display{"DISPLAY", nullptr};
+    InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
+};
+
+TEST_F(AgentTest, AGestureLocksTheScreenAndEveryGestureIsLogged) {
+    BusDouble manager(systemBus.address(), logind, journal);
+    manager.set("LockedHint", true);
+    record({GestureType::drawCircleClockwise, GestureType::threeFingerSwipeUp,
+            GestureType::fixAndTapLeft});
+    Process agent(command());
+    ASSERT_TRUE(agent.waitForOutput("fixAndTapLeft"));
+    EXPECT_TRUE(journal.waitFor("login1: nobody asks"));
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+    EXPECT_EQ(agent.output(), "ready\n"
+                              "drawCircleClockwise → Lock Screen @ (unknown)\n"
+                              "threeFingerSwipeUp → (no matching binding) @ (unknown)\n"
+                              "fixAndTapLeft → Shortcut ⌥⌘← @ (unknown)\n");
+    EXPECT_EQ(journal.lines(),
+              (Journal::Lines{"login1.Lock()", "login1 get LockedHint", "login1: nobody asks"}));
+    EXPECT_NE(contentOf(folder.path() / "data/Glidemap/bindings.json").find("\"drawCircle\""),
+              std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "config/glidemap/glidemap.ini"));
+}
+
+TEST_F(AgentTest, TheLanguageOfTheLastRunIsThatOfTheLog) {
+    BusDouble manager(systemBus.address(), logind, journal);
+    manager.set("LockedHint", true);
+    ofUser("[General]\nappLanguage=zh\n");
+    record({GestureType::drawCircleClockwise});
+    Process agent(command());
+    EXPECT_TRUE(agent.waitForOutput("→ 锁定屏幕 @"));
+    agent.send(SIGINT);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+}
+
+TEST_F(AgentTest, WhatIsNoBooleanLeavesTheMasterSwitchOn) {
+    ofUser("[General]\nmasterEnabled=0\n");
+    record({GestureType::threeFingerSwipeUp});
+    Process agent(command());
+    EXPECT_TRUE(agent.waitForOutput("threeFingerSwipeUp"));
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+}
+
+TEST_F(AgentTest, WithoutAnyTouchpadItIsReadyAndEndsInOrder) {
+    const InEnvironment none("GLIDEMAP_TOUCH_DRIVER", "/nowhere/at/all.so");
+    Process agent(command());
+    EXPECT_TRUE(agent.waitForOutput("ready"));
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+    EXPECT_EQ(agent.output(), "ready\n");
+}
+
+TEST_F(AgentTest, AWrongOptionIsRefused) {
+    Process agent({GLIDEMAP_AGENT, "--wrong"});
+    EXPECT_EQ(agent.waitForEnd(), 2);
+    EXPECT_EQ(agent.errors(), "usage: glidemap-agent [--never-ask]\n");
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,65 @@
+// The whole program but its interface: every real service, wired and started as the application
+// does it.
+//
+// Thread:  the main thread, within the application object's life and around its event loop.
+// Owner:   the agent; one in a process, because touches come through shared instances.
+// Errors:  as each service has them. Without a driver, or without permission, the rest works.
+#pragma once
+
+#include "bindings/binding_store.h"
+#include "core/observable.h"
+#include "core/uuid.h"
+#include "dispatch/click_demand.h"
+#include "dispatch/click_monitor.h"
+#include "dispatch/gesture_dispatcher.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "platform/qt/qt_main_queue.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace glidemap {
+
+class UinputKeyboard;
+
+namespace agent {
+
+enum class Prompt { askUser, never };
+
+class HeadlessGlidemap {
+public:
+    HeadlessGlidemap();
+    HeadlessGlidemap(const HeadlessGlidemap&) = delete;
+    HeadlessGlidemap& operator=(const HeadlessGlidemap&) = delete;
+    ~HeadlessGlidemap();
+
+    // `logged` is called for each new line of the log of gestures.
+    void start(Prompt prompt, std::function<void(const GestureLogEntry&)> logged);
+    void stop();
+
+    MainQueue& mainQueue() { return *queue; }
+
+private:
+    void makeDispatcher();
+    void askForAccess(Prompt prompt);
+    void startTouches();
+    void startClicks();
+    void tellNewEntry();
+
+    DesktopThread desktop; // everything that lives on it goes before it
+    std::shared_ptr<QtMainQueue> queue = std::make_shared<QtMainQueue>();
+    std::shared_ptr<UserDefaults> defaults;
+    std::shared_ptr<BindingStore> store;
+    std::shared_ptr<ClickTap> clickTap;
+    std::unique_ptr<ClickMonitor> clickMonitor;
+    std::shared_ptr<UinputKeyboard> keyboard;
+    std::shared_ptr<GestureDispatcher> dispatcher;
+    std::unique_ptr<ClickDemand> clickDemand;
+    std::function<void(const GestureLogEntry&)> tellLogged;
+    std::optional<Uuid> lastTold;
+    Subscription toLog;
+};
+
+} // namespace agent
+} // namespace glidemap
