@@ -1,14 +1,11 @@
 #include "pad_hand.h"
 
 #include "ordinary_pad.h"
+#include "real_time.h"
 
 #include <linux/input.h>
-#include <poll.h>
-#include <sys/timerfd.h>
-#include <unistd.h>
 
 #include <array>
-#include <cmath>
 
 namespace glidemap::vm {
 
@@ -95,14 +92,7 @@ PadHand& PadHand::release() {
 }
 
 PadHand& PadHand::pause(double seconds) {
-    const int timer = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC);
-    double whole = 0;
-    const double fraction = std::modf(seconds, &whole);
-    const itimerspec once{{0, 0}, {static_cast<time_t>(whole), static_cast<long>(fraction * 1e9)}};
-    timerfd_settime(timer, 0, &once, nullptr);
-    pollfd waited{timer, POLLIN, 0};
-    poll(&waited, 1, -1);
-    close(timer);
+    letTimePassUntil(monotonicNow() + seconds);
     return *this;
 }
 

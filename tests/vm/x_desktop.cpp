@@ -76,7 +76,7 @@ bool XDesktop::startWindowManager() {
 }
 
 bool XDesktop::waitForDevice(const std::string& node) const {
-    return waitForText(logFile, "Device \"" + node) || waitForText(logFile, node);
+    return waitForText(logFile, "(" + node + ")");
 }
 
 } // namespace glidemap::vm

@@ -1,0 +1,63 @@
+// The whole program but its interface, running in a home of its own: fingers go in at the touchpad,
+// keys come out of its keyboard.
+//
+// Thread:  one.
+// Owner:   a test. Destroying it kills an agent that still runs and removes the home.
+// Errors:  an agent that does not come up is a failure of the test.
+#pragma once
+
+#include "process.h"
+
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace glidemap::vm {
+
+// One binding as its file has it. `action` and `scope` are JSON.
+std::string bindingJson(const std::string& gesture, const std::string& action,
+                        const std::string& scope = R"({"kind":"global"})");
+std::string shortcutJson(int keyCode, unsigned long modifiers);
+
+class AgentHome {
+public:
+    AgentHome();
+    AgentHome(const AgentHome&) = delete;
+    AgentHome& operator=(const AgentHome&) = delete;
+    ~AgentHome();
+
+    void writeBindings(std::initializer_list<std::string> bindings) const;
+    void writeDefaults(const std::string& lines) const; // of the settings file's general section
+    std::filesystem::path bindingsFile() const { return data / "Glidemap" / "bindings.json"; }
+    std::filesystem::path applications() const { return data / "applications"; }
+
+    const std::filesystem::path folder;
+    const std::filesystem::path data;
+};
+
+// Waits until a file has come to be.
+bool waitForFile(const std::filesystem::path& file);
+
+class Agent {
+public:
+    // Returns when it listens to the touchpads.
+    explicit Agent(Process::User user = Process::User::root);
+
+    // Waits until the log has a line with the text, and answers the line.
+    std::optional<std::string> waitForLog(const std::string& text) {
+        return process->waitForOutput(text);
+    }
+    void send(int signal) const { process->send(signal); }
+    std::optional<int> waitForEnd() { return process->waitForEnd(); }
+    const std::string& output() const { return process->output(); }
+    const std::string& errors() const { return process->errors(); }
+    bool isReady() const { return ready; }
+
+private:
+    std::unique_ptr<Process> process;
+    bool ready = false;
+};
+
+} // namespace glidemap::vm

@@ -1,0 +1,272 @@
+// The whole program but its interface on a real kernel: fingers on the touchpad, keys out of the
+// virtual keyboard, clicks taken out of the stream, and a touchpad that always comes back.
+
+#include "agent_session.h"
+#include "device_reader.h"
+#include "ordinary_pad.h"
+#include "pad_hand.h"
+#include "performer.h"
+#include "virtual_pad.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/input.h>
+#include <sys/mount.h>
+
+#include <algorithm>
+#include <csignal>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace glidemap::vm {
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr const char* keyboardName = "Glidemap Keyboard";
+constexpr unsigned long shift = 0x20000;
+constexpr unsigned long control = 0x40000;
+constexpr unsigned long optionAndCommand = 0x180000;
+
+// Longer than the program lets pass between two gestures.
+constexpr double betweenGestures = 0.4;
+
+std::string contentsOf(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+DeviceEvent down(std::uint16_t code) {
+    return {EV_KEY, code, 1, 0};
+}
+DeviceEvent up(std::uint16_t code) {
+    return {EV_KEY, code, 0, 0};
+}
+
+class AgentTest : public testing::Test {
+protected:
+    DeviceReader keyboard() const {
+        return DeviceReader(waitForNode(keyboardName).value_or("/dev/null"));
+    }
+
+    // The clone has the touchpad's own name.
+    std::filesystem::path cloneNode() const {
+        return waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
+    }
+
+    AgentHome home;
+    VirtualPad pad{ordinaryPad()};
+    PadHand hand{pad};
+};
+
+// ── what is typed ──
+
+TEST_F(AgentTest, TheDefaultBindingsTypeWhatTheySay) {
+    Agent agent;
+    DeviceReader keys = keyboard();
+    performOn(pad, GestureType::fixAndTapRight);
+    EXPECT_TRUE(keys.waitForKey(KEY_RIGHT, 0));
+    EXPECT_TRUE(agent.waitForLog("fixAndTapRight → Shortcut ⌥⌘→"));
+    hand.pause(betweenGestures);
+    performOn(pad, GestureType::fixAndTapLeft);
+    EXPECT_TRUE(agent.waitForLog("fixAndTapLeft → Shortcut ⌥⌘←"));
+    hand.pause(betweenGestures);
+    performOn(pad, GestureType::drawCircleClockwise);
+    EXPECT_TRUE(agent.waitForLog("→ Lock Screen"));
+    EXPECT_TRUE(keys.waitForKey(KEY_Q, 0)) << "there is nothing here that could lock the screen";
+    EXPECT_TRUE(keys.waitUntil([&] { return keys.keys().size() >= 18; }));
+    EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_LEFTALT), down(KEY_LEFTMETA), down(KEY_RIGHT),
+                                         up(KEY_RIGHT), up(KEY_LEFTMETA), up(KEY_LEFTALT), //
+                                         down(KEY_LEFTALT), down(KEY_LEFTMETA), down(KEY_LEFT),
+                                         up(KEY_LEFT), up(KEY_LEFTMETA), up(KEY_LEFTALT), //
+                                         down(KEY_LEFTCTRL), down(KEY_LEFTMETA), down(KEY_Q),
+                                         up(KEY_Q), up(KEY_LEFTMETA), up(KEY_LEFTCTRL)));
+    EXPECT_THAT(contentsOf(home.bindingsFile()), HasSubstr("\"drawCircle\""));
+}
+
+TEST_F(AgentTest, EveryKindOfActionRuns) {
+    const std::filesystem::path launched = home.folder / "launched";
+    std::ofstream(home.applications() / "org.example.Probe.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Probe\nExec=/usr/bin/touch "
+        << launched.string() << "\n";
+    home.writeBindings(
+        {bindingJson("twoFingerTap", shortcutJson(17, control | shift)),
+         bindingJson("threeFingerTap", R"({"kind":"lockScreen"})"),
+         bindingJson("threeFingerSwipeUp", R"({"kind":"missionControl"})"),
+         bindingJson("fourFingerTap",
+                     R"({"kind":"launchApp","bundleID":"org.example.Probe","name":"Probe"})")});
+    Agent agent;
+    DeviceReader keys = keyboard();
+    performOn(pad, GestureType::twoFingerTap);
+    EXPECT_TRUE(agent.waitForLog("twoFingerTap → Shortcut ⌃⇧T"));
+    hand.pause(betweenGestures);
+    performOn(pad, GestureType::threeFingerTap);
+    EXPECT_TRUE(agent.waitForLog("threeFingerTap → Lock Screen"));
+    hand.pause(betweenGestures);
+    performOn(pad, GestureType::threeFingerSwipeUp);
+    EXPECT_TRUE(agent.waitForLog("threeFingerSwipeUp → Mission Control"));
+    hand.pause(betweenGestures);
+    performOn(pad, GestureType::fourFingerTap);
+    EXPECT_TRUE(agent.waitForLog("fourFingerTap → Open Probe"));
+    EXPECT_TRUE(waitForFile(launched));
+    EXPECT_TRUE(keys.waitForKey(KEY_Q, 0));
+    EXPECT_TRUE(keys.waitUntil([&] { return keys.keys().size() >= 12; }));
+    EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_LEFTSHIFT), down(KEY_LEFTCTRL), down(KEY_T),
+                                         up(KEY_T), up(KEY_LEFTCTRL), up(KEY_LEFTSHIFT), //
+                                         down(KEY_LEFTCTRL), down(KEY_LEFTMETA), down(KEY_Q),
+                                         up(KEY_Q), up(KEY_LEFTMETA), up(KEY_LEFTCTRL)));
+}
+
+TEST_F(AgentTest, AGestureWithoutABindingIsLoggedAndTypesNothing) {
+    home.writeBindings({bindingJson("twoFingerTap", shortcutJson(17, 0))});
+    Agent agent;
+    DeviceReader keys = keyboard();
+    performOn(pad, GestureType::threeFingerTap);
+    EXPECT_TRUE(agent.waitForLog("threeFingerTap → (no matching binding)"));
+    hand.pause(betweenGestures);
+    performOn(pad, GestureType::twoFingerTap);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+    EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
+}
+
+TEST_F(AgentTest, WithTheMasterSwitchOffNothingHappensAtAll) {
+    home.writeBindings({bindingJson("twoFingerTap", shortcutJson(17, 0)),
+                        bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    home.writeDefaults("masterEnabled=false\n");
+    Agent agent;
+    DeviceReader keys = keyboard();
+    DeviceReader source(pad.node());
+    hand.tap(2).pause(betweenGestures).click(2);
+    EXPECT_TRUE(source.waitForKey(BTN_LEFT, 0)) << "the click passes";
+    EXPECT_THAT(nodesNamed(pad.shape().name), ElementsAre(pad.node())) << "nothing is cloned";
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+    keys.readAll();
+    EXPECT_THAT(keys.events(), IsEmpty());
+    EXPECT_THAT(agent.output(), Not(HasSubstr("Finger")));
+}
+
+// ── what is taken out ──
+
+TEST_F(AgentTest, ATwoFingerClickIsSwallowedWithItsReleaseAndAOneFingerClickIsNot) {
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    DeviceReader keys = keyboard();
+    DeviceReader clone(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+    hand.pause(betweenGestures).click(1).pause(betweenGestures).click(3);
+    EXPECT_TRUE(
+        clone.waitUntil([&] { return std::ranges::count(clone.events(), up(BTN_TOUCH)) == 3; }));
+    std::vector<DeviceEvent> buttons = clone.keys();
+    std::erase_if(buttons, [](const DeviceEvent& event) { return event.code != BTN_LEFT; });
+    EXPECT_THAT(buttons, ElementsAre(down(BTN_LEFT), up(BTN_LEFT),  // of one finger
+                                     down(BTN_LEFT), up(BTN_LEFT))) // of three
+        << "without a binding a click passes";
+    EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
+}
+
+// Plays the same to the bare touchpad and through the clone.
+TEST_F(AgentTest, WhatTheFingersDoComesThroughTheCloneEventForEvent) {
+    const auto play = [&] {
+        PadHand other(pad); // with the same tracking ids each time
+        other.down(1).move(900, 300, 25).up().pause(0.05);
+        other.down(2).move(0, 500, 25).up().pause(0.05);
+        other.click(1).down(4).move(300, 300, 5).up();
+    };
+    DeviceReader source(pad.node());
+    play();
+    ASSERT_TRUE(
+        source.waitUntil([&] { return std::ranges::count(source.events(), up(BTN_TOUCH)) == 4; }));
+    const std::vector<DeviceEvent> bare = source.events();
+
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    DeviceReader clone(cloneNode());
+    ASSERT_TRUE(source.isGrabbedByAnother());
+    source.forget();
+    play();
+    EXPECT_TRUE(clone.waitUntil([&] { return clone.events().size() >= bare.size(); }));
+    source.readAll();
+    EXPECT_THAT(source.events(), IsEmpty()) << "nobody else hears the touchpad itself";
+    EXPECT_THAT(clone.events(), ElementsAreArray(bare));
+}
+
+// ── the touchpad comes back ──
+
+TEST_F(AgentTest, KillingItInTheMiddleOfATouchGivesTheTouchpadBack) {
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    const std::filesystem::path clone = cloneNode();
+    DeviceReader source(pad.node());
+    hand.down(2).move(100, 100, 3).press();
+    source.readAll();
+    EXPECT_THAT(source.events(), IsEmpty());
+    agent.send(SIGKILL);
+    EXPECT_EQ(agent.waitForEnd(), 128 + SIGKILL);
+    EXPECT_TRUE(waitForNoNode(clone));
+    hand.release().move(100, 100, 3).up();
+    EXPECT_TRUE(source.waitForKey(BTN_TOUCH, 0));
+    EXPECT_FALSE(source.isGrabbedByAnother());
+}
+
+class StoppedAgentTest : public AgentTest, public testing::WithParamInterface<int> {};
+
+TEST_P(StoppedAgentTest, EndsWellAndGivesTheTouchpadBack) {
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    const std::filesystem::path clone = cloneNode();
+    const std::filesystem::path keyboardNode = waitForNode(keyboardName).value_or("/dev/null");
+    DeviceReader source(pad.node());
+    hand.down(2);
+    agent.send(GetParam());
+    EXPECT_EQ(agent.waitForEnd(), 0) << agent.errors();
+    EXPECT_TRUE(waitForNoNode(clone));
+    EXPECT_TRUE(waitForNoNode(keyboardNode));
+    hand.up();
+    EXPECT_TRUE(source.waitForKey(BTN_TOUCH, 0));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, StoppedAgentTest, testing::Values(SIGTERM, SIGINT));
+
+TEST_F(AgentTest, ATouchpadThatIsPluggedInAgainIsFilteredAgain) {
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    DeviceReader keys = keyboard();
+    const std::filesystem::path clone = cloneNode();
+    pad.unplug();
+    EXPECT_TRUE(waitForNoNode(clone));
+    pad.plugIn();
+    DeviceReader again(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+    again.readAll();
+    EXPECT_EQ(std::ranges::count(again.events(), down(BTN_LEFT)), 0);
+}
+
+// ── a full disk ──
+
+TEST_F(AgentTest, OnAFullDiskTheDefaultBindingsWorkAllTheSame) {
+    const std::filesystem::path folder = home.bindingsFile().parent_path();
+    std::filesystem::create_directories(folder);
+    ASSERT_EQ(mount("none", folder.c_str(), "tmpfs", 0, "size=4k"), 0);
+    std::ofstream(folder / "filler") << std::string(4096, 'x') << std::flush;
+    {
+        Agent agent;
+        DeviceReader keys = keyboard();
+        performOn(pad, GestureType::fixAndTapRight);
+        EXPECT_TRUE(keys.waitForKey(KEY_RIGHT, 0));
+    }
+    EXPECT_FALSE(std::filesystem::exists(home.bindingsFile()));
+    umount(folder.c_str());
+}
+
+} // namespace
+} // namespace glidemap::vm

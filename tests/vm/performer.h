@@ -1,0 +1,17 @@
+// Performs a gesture on a virtual touchpad as a person would, in real time.
+//
+// Thread:  one; returns when the last finger has left.
+// Errors:  as VirtualPad's.
+#pragma once
+
+#include "core/gesture_type.h"
+#include "virtual_pad.h"
+
+#include <cstdint>
+
+namespace glidemap::vm {
+
+// On the ordinary pad.
+void performOn(VirtualPad& pad, GestureType gesture, std::uint64_t seed = 1);
+
+} // namespace glidemap::vm
