@@ -1,35 +1,213 @@
-// A touchpad, a real X server and a window, before anything of ours stands between them: what the
-// tests with the whole program compare with.
+// The program between a touchpad and a real desktop: an X server on the kernel's devices, a window
+// manager, and a window with the focus. What the program does not take, the desktop must get as if
+// nobody stood in between; what it types must arrive as it was meant.
 
+#include "agent_session.h"
+#include "device_reader.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
+#include "performer.h"
 #include "virtual_pad.h"
 #include "x_desktop.h"
 #include "x_window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <linux/input.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace glidemap::vm {
 namespace {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
 
-TEST(Xorg, ATapOfTheTouchpadReachesAWindowAsAClick) {
-    VirtualPad pad(ordinaryPad());
-    XDesktop desktop;
-    ASSERT_TRUE(desktop.isRunning());
-    XWindow window("glidemap-probe");
-    ASSERT_TRUE(window.hasFocus());
-    PadHand hand(pad);
-    hand.tap(1);
-    EXPECT_TRUE(window.waitForInputs(2));
-    hand.pause(0.4).down(2).move(0, 800, 20).up();
-    EXPECT_TRUE(window.waitForInputs(4));
-    hand.pause(0.4).click(2);
-    auto before = window.pointer();
-    hand.pause(0.4).down(1).move(800, 0, 20).up();
-    EXPECT_TRUE(window.waitUntil([&] { return before != window.pointer(); }));
-    for (const XInput& input : window.inputs()) {
+constexpr unsigned long shift = 0x20000;
+constexpr unsigned long control = 0x40000;
+constexpr double betweenGestures = 0.4;
+
+// X's modifier bits.
+constexpr std::uint16_t shiftHeld = 1;
+constexpr std::uint16_t controlHeld = 4;
+
+constexpr std::uint8_t xCode(int kernelCode) {
+    return static_cast<std::uint8_t>(kernelCode + 8);
+}
+
+XInput keyDown(int code, std::uint16_t modifiers = 0) {
+    return {XInput::Kind::keyDown, xCode(code), modifiers};
+}
+XInput keyUp(int code, std::uint16_t modifiers = 0) {
+    return {XInput::Kind::keyUp, xCode(code), modifiers};
+}
+
+PadShape plainKeyboard() {
+    PadShape shape;
+    shape.name = "Plain Keyboard";
+    shape.bus = BUS_USB;
+    shape.vendor = 0x6b67;
+    shape.product = 0x0003;
+    for (int key = KEY_ESC; key <= KEY_COMPOSE; ++key) {
+        shape.keys.insert(key);
+    }
+    return shape;
+}
+
+class XorgTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        if (XDesktop::isInstalled()) {
+            pad = std::make_unique<VirtualPad>(ordinaryPad());
+            desktop = std::make_unique<XDesktop>();
+        }
+    }
+
+    static void TearDownTestSuite() {
+        desktop.reset();
+        pad.reset();
+    }
+
+    void SetUp() override {
+        if (desktop == nullptr) {
+            GTEST_SKIP() << "Xorg or openbox is not installed";
+        }
+        ASSERT_TRUE(desktop->isRunning());
+        window = std::make_unique<XWindow>("glidemap-probe");
+        ASSERT_TRUE(window->hasFocus());
+    }
+
+    // Until the server listens to the clone as well.
+    void waitForClone() const {
+        const auto clone = waitForNode(pad->shape().name, pad->node());
+        ASSERT_TRUE(clone.has_value());
+        ASSERT_TRUE(desktop->waitForDevice(clone->string()));
+        window->pointer(); // the server answers once it has set the device up
+    }
+
+    // A hand's ordinary day, ending with a tap that shows that everything before has arrived.
+    // Answers the buttons in the order in which they changed; the wheel turns for as long as the
+    // fingers move, however often that is.
+    std::vector<std::string> pointAndTap() {
+        window->forget();
+        PadHand hand(*pad);
+        const auto before = window->pointer();
+        hand.pause(betweenGestures).down(1).move(600, 0, 20).up();
+        EXPECT_TRUE(window->waitUntil([&] { return window->pointer().first > before.first; }));
+        hand.pause(betweenGestures).down(1).move(-600, 0, 20).up();
+        hand.pause(betweenGestures).down(2).move(0, 800, 20).up();
+        hand.pause(betweenGestures).click(2);
+        hand.pause(betweenGestures).click(1);
+        hand.pause(betweenGestures).tap(3);
+        EXPECT_TRUE(window->waitUntil([&] {
+            return !window->inputs().empty() &&
+                   describe(window->inputs().back()).starts_with("button up 2");
+        }));
+        return buttons();
+    }
+
+    std::vector<std::string> buttons() const {
+        std::vector<std::string> changes;
+        for (const XInput& input : window->inputs()) {
+            const std::string change = describe(input);
+            const bool repeated = changes.size() >= 2 && changes[changes.size() - 2] == change;
+            if (repeated) {
+                changes.pop_back();
+            } else {
+                changes.push_back(change);
+            }
+        }
+        return changes;
+    }
+
+    static std::unique_ptr<VirtualPad> pad;
+    static std::unique_ptr<XDesktop> desktop;
+    AgentHome home;
+    std::unique_ptr<XWindow> window;
+};
+
+std::unique_ptr<VirtualPad> XorgTest::pad;
+std::unique_ptr<XDesktop> XorgTest::desktop;
+
+TEST_F(XorgTest, TheDesktopPointsScrollsClicksAndTapsThroughTheCloneAsWithoutIt) {
+    const std::vector<std::string> bare = pointAndTap();
+    EXPECT_THAT(bare, ElementsAre("button down 5 while 0", "button up 5 while 4096", //
+                                  "button down 3 while 0", "button up 3 while 1024", //
+                                  "button down 1 while 0", "button up 1 while 256",  //
+                                  "button down 2 while 0", "button up 2 while 512"));
+
+    home.writeBindings({bindingJson("fourFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    waitForClone();
+    ASSERT_TRUE(DeviceReader(pad->node()).isGrabbedByAnother());
+    EXPECT_EQ(pointAndTap(), bare);
+}
+
+TEST_F(XorgTest, ASwallowedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, control | shift))});
+    Agent agent;
+    waitForClone();
+    PadHand hand(*pad);
+    hand.click(2);
+    EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut ⌃⇧T @ Glidemap Probe"));
+    EXPECT_TRUE(window->waitForInputs(6));
+    hand.pause(betweenGestures).click(1);
+    EXPECT_TRUE(window->waitForInputs(8));
+    constexpr std::uint16_t both = shiftHeld | controlHeld;
+    EXPECT_THAT(window->inputs(),
+                ElementsAre(keyDown(KEY_LEFTSHIFT), keyDown(KEY_LEFTCTRL, shiftHeld),
+                            keyDown(KEY_T, both), keyUp(KEY_T, both), keyUp(KEY_LEFTCTRL, both),
+                            keyUp(KEY_LEFTSHIFT, shiftHeld), XInput{XInput::Kind::buttonDown, 1, 0},
+                            XInput{XInput::Kind::buttonUp, 1, 256}));
+}
+
+TEST_F(XorgTest, ABindingOfOneApplicationHoldsWhileThatIsFrontmost) {
+    home.writeBindings(
+        {bindingJson("fourFingerTap", shortcutJson(17, 0)),
+         bindingJson("fourFingerTap", shortcutJson(7, 0),
+                     R"({"kind":"app","bundleID":"glidemap-probe","name":"Probe"})")});
+    Agent agent;
+    PadHand hand(*pad);
+    hand.pause(betweenGestures).tap(4);
+    EXPECT_TRUE(agent.waitForLog("fourFingerTap → Shortcut X @ Glidemap Probe"));
+    const XWindow other("another-program");
+    ASSERT_TRUE(other.hasFocus());
+    hand.pause(betweenGestures).tap(4);
+    EXPECT_TRUE(agent.waitForLog("fourFingerTap → Shortcut T @ Another Program"));
+}
+
+// A person who holds Shift while the other hand makes the gesture.
+TEST_F(XorgTest, WhatThePersonHoldsDoesNotJoinTheShortcutAndDoesNotGetStuck) {
+    home.writeBindings({bindingJson("fourFingerTap", shortcutJson(17, control))});
+    VirtualPad keyboard(plainKeyboard(), "virtual/keyboard");
+    ASSERT_TRUE(desktop->waitForDevice(keyboard.node().string()));
+    Agent agent;
+    window->pointer();
+    keyboard.write({{EV_KEY, KEY_LEFTSHIFT, 1}});
+    ASSERT_TRUE(window->waitForInputs(1));
+    PadHand(*pad).pause(betweenGestures).tap(4);
+    EXPECT_TRUE(agent.waitForLog("fourFingerTap → Shortcut ⌃T"));
+    EXPECT_TRUE(window->waitUntil([&] {
+        return std::ranges::find(window->inputs(), keyUp(KEY_LEFTCTRL, controlHeld)) !=
+               window->inputs().end();
+    }));
+    keyboard.write({{EV_KEY, KEY_A, 1}});
+    keyboard.write({{EV_KEY, KEY_A, 0}});
+    keyboard.write({{EV_KEY, KEY_LEFTSHIFT, 0}});
+    keyboard.write({{EV_KEY, KEY_B, 1}});
+    keyboard.write({{EV_KEY, KEY_B, 0}});
+    EXPECT_TRUE(window->waitUntil([&] {
+        return !window->inputs().empty() && window->inputs().back().detail == xCode(KEY_B) &&
+               window->inputs().back().kind == XInput::Kind::keyUp;
+    }));
+    EXPECT_THAT(window->inputs(),
+                testing::IsSupersetOf(
+                    {keyDown(KEY_T, controlHeld), keyDown(KEY_A, shiftHeld), keyDown(KEY_B, 0)}));
+    for (const XInput& input : window->inputs()) {
         printf("%s\n", describe(input).c_str());
     }
 }
