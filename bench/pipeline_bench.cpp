@@ -10,12 +10,6 @@
 
 namespace glidemap::bench {
 
-void reportQuantiles(benchmark::State& state, const Samples& samples) {
-    state.counters["min_ns"] = samples.quantile(0);
-    state.counters["median_ns"] = samples.quantile(0.5);
-    state.counters["p99_ns"] = samples.quantile(0.99);
-}
-
 namespace {
 
 struct Counts {

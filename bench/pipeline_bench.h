@@ -4,7 +4,7 @@
 // reports come at a touchpad's own pace, `pacedSamples`.
 #pragma once
 
-#include "bench/samples.h"
+#include "quantiles.h"
 
 #include <benchmark/benchmark.h>
 
@@ -15,7 +15,5 @@ void registerRecognizerBenchmarks();
 void registerLatencyBenchmarks(int samples, int pacedSamples);
 void registerDelayedWorkBenchmarks(int samples);
 void registerYardsticks(int samples, int pacedSamples);
-
-void reportQuantiles(benchmark::State& state, const Samples& samples);
 
 } // namespace glidemap::bench
