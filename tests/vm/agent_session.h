@@ -53,6 +53,7 @@ public:
     std::optional<int> waitForEnd() { return process->waitForEnd(); }
     const std::string& output() const { return process->output(); }
     const std::string& errors() const { return process->errors(); }
+    pid_t id() const { return process->id(); }
     bool isReady() const { return ready; }
 
 private:

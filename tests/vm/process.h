@@ -37,6 +37,8 @@ public:
 
     void send(int signal) const;
 
+    pid_t id() const { return process; }
+
     // The exit status, or 128 and the signal that ended the program. Its output is complete then.
     std::optional<int> waitForEnd();
 
