@@ -63,7 +63,7 @@ TEST_F(ForwardingWatchdogTest, GivesBackEveryTouchpadThatIsHeld) {
     hold(two);
     watchdog.work();
     time.advance(1s);
-    one.system().wait(4);
+    EXPECT_EQ(one.system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_EQ(two.system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_TRUE(time.waitUntilWaitingFor(std::nullopt));
     EXPECT_EQ(stalls, 1);
@@ -121,7 +121,7 @@ TEST_F(ForwardingWatchdogTest, WhatWasReleasedIsLetAlone) {
     watchdog.release(one.pad);
     watchdog.work();
     time.advance(1s);
-    two.system().wait(4);
+    EXPECT_EQ(two.system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
