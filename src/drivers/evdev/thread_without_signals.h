@@ -9,15 +9,27 @@
 
 namespace glidemap {
 
+// A thread inherits what is blocked where it is made.
+class SignalsBlocked {
+public:
+    SignalsBlocked() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before);
+    }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before, nullptr); }
+
+private:
+    sigset_t before{};
+};
+
+// Throws where there is no thread to be had; the caller's signals are as before then, too.
 template <typename Function>
 std::thread threadWithoutSignals(Function function) {
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    std::thread thread(std::move(function));
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return thread;
+    const SignalsBlocked here;
+    return std::thread(std::move(function));
 }
 
 } // namespace glidemap

@@ -185,8 +185,8 @@ void TouchpadDriver::launchReader() {
     if (reader.joinable()) {
         reader.join(); // it has ended by itself, after a callback stopped the last touchpad
     }
+    reader = threadWithoutSignals([this] { runReader(); }); // which waits for our lock
     readerRuns = true;
-    reader = threadWithoutSignals([this] { runReader(); });
 }
 
 void TouchpadDriver::wakeReader() const {

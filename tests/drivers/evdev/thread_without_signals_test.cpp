@@ -1,0 +1,35 @@
+#include "drivers/evdev/thread_without_signals.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace glidemap::test {
+namespace {
+
+bool isBlocked(int signal) {
+    sigset_t blocked;
+    pthread_sigmask(SIG_SETMASK, nullptr, &blocked);
+    return sigismember(&blocked, signal) == 1;
+}
+
+TEST(ThreadWithoutSignals, TheThreadHasThemBlockedAndItsMakerDoesNot) {
+    bool blockedThere = false;
+    threadWithoutSignals([&] { blockedThere = isBlocked(SIGTERM) && isBlocked(SIGINT); }).join();
+    EXPECT_TRUE(blockedThere);
+    EXPECT_FALSE(isBlocked(SIGTERM));
+}
+
+// A program that could not be ended by signals any more would be worse than one without a thread.
+TEST(ThreadWithoutSignals, WhereThereIsNoThreadToBeHadTheMakersSignalsAreAsBefore) {
+    struct CannotBeMoved {
+        CannotBeMoved() = default;
+        CannotBeMoved(CannotBeMoved&& /*other*/) { throw std::runtime_error("no room"); }
+        void operator()() const {}
+    };
+    EXPECT_THROW(threadWithoutSignals(CannotBeMoved()), std::runtime_error);
+    EXPECT_FALSE(isBlocked(SIGTERM));
+}
+
+} // namespace
+} // namespace glidemap::test
