@@ -44,7 +44,7 @@ HeadlessGlidemap::HeadlessGlidemap() : defaults(std::make_shared<QtUserDefaults>
 
     store = std::make_shared<BindingStore>(userDataFolder);
     clickTap = std::make_shared<LinuxClickTap>(MultitouchDeviceManager::shared());
-    clickMonitor = std::make_unique<ClickMonitor>(
+    clickMonitor = std::make_shared<ClickMonitor>(
         clickTap, [] { return TouchEngine::shared()->touchingCount(); });
     // Before anybody types: a desktop takes a moment to notice a keyboard.
     keyboard = std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop));
@@ -66,16 +66,20 @@ void HeadlessGlidemap::stop() {
     clickMonitor->stop();
 }
 
+// Whatever the user has answered, what could not make its device tries once more.
 void HeadlessGlidemap::askForAccess(Prompt prompt) {
-    const auto granted = [weakQueue = std::weak_ptr(queue),
-                          weakKeyboard = std::weak_ptr(keyboard)] {
-        const auto plugIn = [weakKeyboard] {
+    const auto granted = [weakQueue = std::weak_ptr(queue), weakKeyboard = std::weak_ptr(keyboard),
+                          weakMonitor = std::weak_ptr(clickMonitor)] {
+        const auto tryAgain = [weakKeyboard, weakMonitor] {
             if (const auto held = weakKeyboard.lock()) {
                 held->plugIn();
             }
+            if (const auto held = weakMonitor.lock()) {
+                held->start();
+            }
         };
         if (const auto mainQueue = weakQueue.lock()) {
-            mainQueue->submit(plugIn);
+            mainQueue->submit(tryAgain);
         }
     };
     InputTrust trust(std::make_unique<UdevInputNodes>(),

@@ -52,7 +52,7 @@ private:
     std::shared_ptr<UserDefaults> defaults;
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<ClickTap> clickTap;
-    std::unique_ptr<ClickMonitor> clickMonitor;
+    std::shared_ptr<ClickMonitor> clickMonitor;
     std::shared_ptr<UinputKeyboard> keyboard;
     std::shared_ptr<GestureDispatcher> dispatcher;
     std::unique_ptr<ClickDemand> clickDemand;

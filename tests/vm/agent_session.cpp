@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <vector>
 
 namespace glidemap::vm {
 
@@ -52,6 +53,14 @@ void AgentHome::writeBindings(std::initializer_list<std::string> bindings) const
     file << (bindings.size() == 0 ? "[]" : "]");
 }
 
+void AgentHome::giveToNobody() const {
+    constexpr uid_t nobody = 65534;
+    EXPECT_EQ(chown(folder.c_str(), nobody, nobody), 0);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        EXPECT_EQ(chown(entry.path().c_str(), nobody, nobody), 0) << entry.path();
+    }
+}
+
 void AgentHome::writeDefaults(const std::string& lines) const {
     std::filesystem::create_directories(folder / "config" / "glidemap");
     std::ofstream(folder / "config" / "glidemap" / "glidemap.ini") << "[General]\n" << lines;
@@ -73,9 +82,12 @@ bool waitForFile(const std::filesystem::path& file) {
     return std::filesystem::exists(file);
 }
 
-Agent::Agent(Process::User user)
-    : process(std::make_unique<Process>(
-          std::vector<std::string>{GLIDEMAP_AGENT_PROGRAM, "--never-ask"}, user)) {
+Agent::Agent(Process::User user, Asks asks) {
+    std::vector<std::string> command{GLIDEMAP_AGENT_PROGRAM};
+    if (asks == Asks::never) {
+        command.emplace_back("--never-ask");
+    }
+    process = std::make_unique<Process>(command, user);
     ready = process->waitForOutput("ready").has_value();
     EXPECT_TRUE(ready) << process->errors();
 }

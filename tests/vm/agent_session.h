@@ -29,6 +29,7 @@ public:
     ~AgentHome();
 
     void writeBindings(std::initializer_list<std::string> bindings) const;
+    void giveToNobody() const;                          // all that is in it now
     void writeDefaults(const std::string& lines) const; // of the settings file's general section
     std::filesystem::path bindingsFile() const { return data / "Glidemap" / "bindings.json"; }
     std::filesystem::path applications() const { return data / "applications"; }
@@ -42,8 +43,11 @@ bool waitForFile(const std::filesystem::path& file);
 
 class Agent {
 public:
+    // Whether the user is asked for access that is missing.
+    enum class Asks { never, ifNeeded };
+
     // Returns when it listens to the touchpads.
-    explicit Agent(Process::User user = Process::User::root);
+    explicit Agent(Process::User user = Process::User::root, Asks asks = Asks::never);
 
     // Waits until the log has a line with the text, and answers the line.
     std::optional<std::string> waitForLog(const std::string& text) {

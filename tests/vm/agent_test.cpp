@@ -8,10 +8,13 @@
 #include "performer.h"
 #include "virtual_pad.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/input.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
@@ -197,6 +200,62 @@ TEST_F(AgentTest, WhatTheFingersDoComesThroughTheCloneEventForEvent) {
     source.readAll();
     EXPECT_THAT(source.events(), IsEmpty()) << "nobody else hears the touchpad itself";
     EXPECT_THAT(clone.events(), ElementsAreArray(bare));
+}
+
+// ── access that comes later ──
+
+// Stands in the place of pkexec, and ends when the user has answered.
+class PretendedPrompt {
+public:
+    explicit PretendedPrompt(const std::filesystem::path& folder) : answers(folder / "answers") {
+        EXPECT_EQ(mkfifo(answers.c_str(), 0666), 0);
+        answering = open(answers.c_str(), O_RDWR | O_CLOEXEC);
+        EXPECT_NE(answering, -1);
+        std::filesystem::rename(program, hidden);
+        std::ofstream(program) << "#!/bin/sh\nread answer <" << answers.string() << "\n";
+        EXPECT_EQ(chmod(program, 0755), 0);
+    }
+    PretendedPrompt(const PretendedPrompt&) = delete;
+    PretendedPrompt& operator=(const PretendedPrompt&) = delete;
+    ~PretendedPrompt() {
+        std::filesystem::rename(hidden, program);
+        close(answering);
+    }
+
+    void answer() const { EXPECT_EQ(write(answering, "yes\n", 4), 4); }
+
+private:
+    static constexpr const char* program = "/usr/bin/pkexec";
+    static constexpr const char* hidden = "/usr/bin/pkexec.hidden";
+
+    const std::filesystem::path answers;
+    int answering = -1;
+};
+
+TEST_F(AgentTest, OnceTheUserHasGivenAccessItTypesAndTakesClicksWithoutARestart) {
+    constexpr const char* uinput = "/dev/uinput";
+    if (!std::filesystem::exists("/usr/bin/pkexec")) {
+        GTEST_SKIP() << "pkexec is not installed";
+    }
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    const PretendedPrompt prompt(home.folder);
+    home.giveToNobody();
+    ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+    ASSERT_EQ(chmod(uinput, 0600), 0);
+    Agent agent(Process::User::nobody, Agent::Asks::ifNeeded);
+    EXPECT_THAT(nodesNamed(keyboardName), IsEmpty());
+    EXPECT_THAT(nodesNamed(pad.shape().name), ElementsAre(pad.node()));
+
+    ASSERT_EQ(chmod(uinput, 0666), 0);
+    prompt.answer();
+    DeviceReader keys = keyboard();
+    DeviceReader clone(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+    EXPECT_TRUE(clone.waitForKey(BTN_TOUCH, 0));
+    EXPECT_EQ(std::ranges::count(clone.events(), down(BTN_LEFT)), 0);
+    EXPECT_EQ(chmod(uinput, 0600), 0);
 }
 
 // ── the touchpad comes back ──
