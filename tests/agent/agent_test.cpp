@@ -1,6 +1,8 @@
 // The whole program, played from a recording, on buses of the tests' own. What it does with real
 // touchpads is shown in a real kernel.
 #include "choreography/performance.h"
+#include "kit/in_environment.h"
+#include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
 #include "linux_session/private_bus.h"
 #include "process.h"

@@ -1,8 +1,8 @@
 #include "bindings/binding_store.h"
+#include "kit/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -16,23 +16,20 @@ using testing::ElementsAre;
 class InEmptyFolder {
 public:
     InEmptyFolder() : before(std::filesystem::current_path()) {
-        std::string name = (std::filesystem::temp_directory_path() / "glidemap-XXXXXX").string();
-        folder = mkdtemp(name.data());
-        std::filesystem::current_path(folder);
+        std::filesystem::current_path(folder.path());
     }
     InEmptyFolder(const InEmptyFolder&) = delete;
     InEmptyFolder& operator=(const InEmptyFolder&) = delete;
     ~InEmptyFolder() {
         std::error_code ignored;
         std::filesystem::current_path(before, ignored);
-        std::filesystem::remove_all(folder, ignored);
     }
 
-    bool isEmpty() const { return std::filesystem::is_empty(folder); }
+    bool isEmpty() const { return std::filesystem::is_empty(folder.path()); }
 
 private:
     std::filesystem::path before;
-    std::filesystem::path folder;
+    test::TemporaryFolder folder;
 };
 
 GestureBinding locking(GestureType gesture) {

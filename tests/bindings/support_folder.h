@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bindings/binding_store.h"
+#include "kit/temporary_folder.h"
 
 #include <filesystem>
 #include <string>
@@ -12,13 +13,10 @@ namespace glidemap {
 class SupportFolder {
 public:
     // In the folder for temporary files, unless told otherwise.
-    explicit SupportFolder(const std::filesystem::path& place = {});
-    SupportFolder(const SupportFolder&) = delete;
-    SupportFolder& operator=(const SupportFolder&) = delete;
-    ~SupportFolder();
+    explicit SupportFolder(const std::filesystem::path& place = {}) : support(place) {}
 
-    const std::filesystem::path& path() const { return support; }
-    std::filesystem::path folder() const { return support / "Glidemap"; }
+    const std::filesystem::path& path() const { return support.path(); }
+    std::filesystem::path folder() const { return path() / "Glidemap"; }
     std::filesystem::path file() const { return folder() / "bindings.json"; }
 
     // Each store is another launch of the program.
@@ -29,11 +27,10 @@ public:
     void write(std::string_view content) const;
 
 private:
-    std::filesystem::path support;
+    test::TemporaryFolder support;
 };
 
-// Nothing if there is no such file.
-std::string contentOf(const std::filesystem::path& file);
+using test::contentOf;
 void writeContent(const std::filesystem::path& file, std::string_view content);
 
 // The names of all that is in the folder, in ascending order.

@@ -5,6 +5,8 @@
 // Errors:  a folder that cannot be made is a failure of the test.
 #pragma once
 
+#include "kit/temporary_folder.h"
+
 #include <sys/types.h>
 
 #include <filesystem>
@@ -16,16 +18,16 @@ namespace glidemap::desktops {
 class RuntimeFolder {
 public:
     explicit RuntimeFolder(std::optional<uid_t> owner = std::nullopt);
-    RuntimeFolder(const RuntimeFolder&) = delete;
-    RuntimeFolder& operator=(const RuntimeFolder&) = delete;
-    ~RuntimeFolder();
 
-    const std::filesystem::path& path() const { return folder; }
+    const std::filesystem::path& path() const { return folder.path(); }
 
-    std::filesystem::path write(const std::string& name, const std::string& content) const;
+    std::filesystem::path write(const std::string& name, const std::string& content) const {
+        return folder.write(name, content);
+    }
 
 private:
-    std::filesystem::path folder;
+    // Not below a long path: the names of sockets have little room.
+    test::TemporaryFolder folder{"/tmp"};
 };
 
 } // namespace glidemap::desktops

@@ -5,8 +5,10 @@
 // Errors:  none.
 #pragma once
 
+#include "kit/in_environment.h"
+
+#include <list>
 #include <map>
-#include <optional>
 #include <string>
 
 namespace glidemap::desktops {
@@ -15,12 +17,9 @@ class ScopedEnvironment {
 public:
     // An empty value unsets the variable.
     explicit ScopedEnvironment(const std::map<std::string, std::string>& values);
-    ScopedEnvironment(const ScopedEnvironment&) = delete;
-    ScopedEnvironment& operator=(const ScopedEnvironment&) = delete;
-    ~ScopedEnvironment();
 
 private:
-    std::map<std::string, std::optional<std::string>> before;
+    std::list<test::InEnvironment> variables;
 };
 
 } // namespace glidemap::desktops

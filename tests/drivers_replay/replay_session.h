@@ -5,7 +5,7 @@
 #pragma once
 
 #include "input/multitouch_device_manager.h"
-#include "temporary_folder.h"
+#include "kit/temporary_folder.h"
 
 #include <atomic>
 #include <condition_variable>

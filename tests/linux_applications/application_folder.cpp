@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <system_error>
 
 namespace glidemap {
 
@@ -35,11 +34,8 @@ ApplicationFolder& ApplicationFolder::instance() {
 }
 
 ApplicationFolder::ApplicationFolder() {
-    std::string name = "/tmp/glidemap-applications-XXXXXX";
-    EXPECT_NE(mkdtemp(name.data()), nullptr);
-    root = name;
-    for (const char* const folder : {"user/applications", "system/applications", "config", "home"})
-        fs::create_directories(root / folder);
+    for (const char* const name : {"user/applications", "system/applications", "config", "home"})
+        fs::create_directories(root / name);
     setenv("XDG_DATA_HOME", (root / "user").c_str(), 1);
     setenv("XDG_DATA_DIRS", (root / "system").c_str(), 1);
     setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
@@ -47,14 +43,9 @@ ApplicationFolder::ApplicationFolder() {
     setenv("HOME", (root / "home").c_str(), 1);
 }
 
-ApplicationFolder::~ApplicationFolder() {
-    std::error_code ignored;
-    fs::remove_all(root, ignored);
-}
-
 void ApplicationFolder::clear() const {
-    for (const char* const folder : {"user/applications", "system/applications"}) {
-        for (const auto& file : fs::directory_iterator(root / folder))
+    for (const char* const name : {"user/applications", "system/applications"}) {
+        for (const auto& file : fs::directory_iterator(root / name))
             fs::remove_all(file.path());
     }
 }

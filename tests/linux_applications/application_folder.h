@@ -8,6 +8,8 @@
 // Errors:  a file that cannot be written is a failure of the test.
 #pragma once
 
+#include "kit/temporary_folder.h"
+
 #include <filesystem>
 #include <string>
 
@@ -20,7 +22,6 @@ public:
 
     ApplicationFolder(const ApplicationFolder&) = delete;
     ApplicationFolder& operator=(const ApplicationFolder&) = delete;
-    ~ApplicationFolder();
 
     void clear() const;
 
@@ -38,7 +39,8 @@ public:
 private:
     ApplicationFolder();
 
-    std::filesystem::path root;
+    test::TemporaryFolder folder;
+    const std::filesystem::path root = folder.path();
 };
 
 } // namespace glidemap

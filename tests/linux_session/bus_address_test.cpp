@@ -1,4 +1,5 @@
-#include "linux_session/temporary_folder.h"
+#include "kit/in_environment.h"
+#include "kit/temporary_folder.h"
 #include "platform/linux/session/bus_address.h"
 
 #include <gtest/gtest.h>

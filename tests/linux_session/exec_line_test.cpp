@@ -1,4 +1,4 @@
-#include "linux_session/temporary_folder.h"
+#include "kit/temporary_folder.h"
 #include "platform/linux/session/exec_line.h"
 
 #include <gtest/gtest.h>

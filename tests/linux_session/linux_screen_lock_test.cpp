@@ -1,3 +1,5 @@
+#include "kit/in_environment.h"
+#include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
 #include "linux_session/private_bus.h"
 #include "platform/linux/session/linux_screen_lock.h"

@@ -4,7 +4,7 @@
 // Errors:  a bus that does not start is a failure of the test.
 #pragma once
 
-#include "linux_session/temporary_folder.h"
+#include "kit/temporary_folder.h"
 
 #include <sys/types.h>
 

@@ -1,4 +1,6 @@
 #include "core/lang.h"
+#include "kit/in_environment.h"
+#include "kit/temporary_folder.h"
 #include "platform/qt/qt_user_defaults.h"
 
 #include <gtest/gtest.h>
@@ -15,21 +17,11 @@ namespace fs = std::filesystem;
 
 class QtUserDefaultsTest : public testing::Test {
 protected:
-    QtUserDefaultsTest() {
-        std::string name = fs::temp_directory_path() / "glidemap-XXXXXX";
-        EXPECT_NE(mkdtemp(name.data()), nullptr);
-        folder = name;
-        file = folder / "glidemap" / "glidemap.ini";
-    }
-    ~QtUserDefaultsTest() override { fs::remove_all(folder); }
+    void write(const std::string& text) const { temporary.write("glidemap/glidemap.ini", text); }
 
-    void write(const std::string& text) const {
-        fs::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << text;
-    }
-
-    fs::path folder;
-    fs::path file;
+    test::TemporaryFolder temporary;
+    const fs::path folder = temporary.path();
+    const fs::path file = folder / "glidemap" / "glidemap.ini";
 };
 
 TEST_F(QtUserDefaultsTest, AFirstLaunchKnowsNothingAndWritesNothing) {
@@ -169,11 +161,8 @@ TEST_F(QtUserDefaultsTest, WhereNothingCanBeWrittenTheValueHoldsUntilTheEnd) {
 }
 
 TEST_F(QtUserDefaultsTest, TheStandardFileIsInTheUsersConfiguration) {
-    const char* const before = std::getenv("XDG_CONFIG_HOME");
-    const std::string kept = before != nullptr ? before : "";
-    setenv("XDG_CONFIG_HOME", folder.c_str(), 1);
+    const test::InEnvironment configuration("XDG_CONFIG_HOME", folder.c_str());
     EXPECT_EQ(QtUserDefaults::standardFile(), file);
-    before != nullptr ? setenv("XDG_CONFIG_HOME", kept.c_str(), 1) : unsetenv("XDG_CONFIG_HOME");
 }
 
 TEST_F(QtUserDefaultsTest, TheLanguageSurvivesARestart) {

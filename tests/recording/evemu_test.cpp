@@ -1,5 +1,5 @@
+#include "kit/temporary_folder.h"
 #include "read_records.h"
-#include "temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

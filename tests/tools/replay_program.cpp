@@ -6,31 +6,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <sstream>
-#include <system_error>
 
 extern char** environ;
 
 namespace glidemap::test {
 
 namespace {
-
-std::string contentOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::filesystem::path makeFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "glidemap-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-        throw std::system_error(errno, std::generic_category(), name);
-    }
-    return name;
-}
 
 class Redirections {
 public:
@@ -94,22 +76,15 @@ Ended replayInto(const std::string& outputPath, const std::vector<std::string>& 
     return {status, "", contentOf(errors)};
 }
 
-Folder::Folder() : path(makeFolder()) {}
-
-Folder::~Folder() {
-    std::error_code error;
-    std::filesystem::remove_all(path, error);
-}
-
 std::string Folder::write(const std::string& name, const std::string& content) const {
-    std::ofstream(path / name, std::ios::binary) << content;
-    return (path / name).string();
+    return folder.write(name, content).string();
 }
 
 std::string Folder::copy(const std::string& file, const std::string& name) const {
-    std::filesystem::create_directories((path / name).parent_path());
-    std::filesystem::copy_file(file, path / name);
-    return (path / name).string();
+    const auto path = folder.path() / name;
+    std::filesystem::create_directories(path.parent_path());
+    std::filesystem::copy_file(file, path);
+    return path.string();
 }
 
 std::string tapOf(int count, double down, double up) {

@@ -4,7 +4,8 @@
 // Errors:  a program that cannot be started or is killed fails the test.
 #pragma once
 
-#include <filesystem>
+#include "kit/temporary_folder.h"
+
 #include <ostream>
 #include <string>
 #include <vector>
@@ -36,11 +37,6 @@ Ended replayInto(const std::string& outputPath, const std::vector<std::string>& 
 // A folder of files that goes with the test.
 class Folder {
 public:
-    Folder();
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder();
-
     // The path of the written file.
     std::string write(const std::string& name, const std::string& content) const;
 
@@ -48,7 +44,7 @@ public:
     std::string copy(const std::string& file, const std::string& name) const;
 
 private:
-    std::filesystem::path path;
+    TemporaryFolder folder;
 };
 
 // Lines of a recording: `count` fingers side by side that land at `down` and have left at `up`.

@@ -1,5 +1,7 @@
 // The program as a person runs it, with a driver that brings its own hand.
 
+#include "kit/temporary_folder.h"
+
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -132,18 +134,8 @@ private:
 
 class GlidemapRecord : public testing::Test {
 protected:
-    GlidemapRecord() { std::filesystem::create_directories(folder); }
-    ~GlidemapRecord() override { std::filesystem::remove_all(folder); }
-
-    static std::string contents(const std::string& path) {
-        std::ifstream stream(path);
-        std::ostringstream text;
-        text << stream.rdbuf();
-        return text.str();
-    }
-
-    const std::filesystem::path folder = std::filesystem::temp_directory_path() /
-                                         ("glidemap-record-test-" + std::to_string(getpid()));
+    const test::TemporaryFolder temporary;
+    const std::filesystem::path folder = temporary.path();
     const std::string file = folder / "touch.jsonl";
 };
 
@@ -153,7 +145,7 @@ TEST_F(GlidemapRecord, WritesAFileAndNamesGesturesOnStandardOutput) {
         EXPECT_TRUE(program.output.readUntil("threeFingerSwipeRight"));
         program.interrupt(signal);
         EXPECT_EQ(program.end(), 0);
-        EXPECT_EQ(contents(file), swipeRecording);
+        EXPECT_EQ(test::contentOf(file), swipeRecording);
         EXPECT_THAT(program.output.text, HasSubstr("Three-Finger Swipe Right\n"));
         EXPECT_THAT(program.errors.text, StartsWith("Recording Scripted \"Pad\""));
     }
@@ -181,7 +173,7 @@ TEST_F(GlidemapRecord, WithoutATouchpadItSaysSoAndLeavesTheFileAlone) {
     RecordProgram program({"-o", file}, 0, 0);
     EXPECT_EQ(program.end(), 1);
     EXPECT_THAT(program.errors.text, StartsWith("glidemap-record: no touchpad found\n"));
-    EXPECT_EQ(contents(file), "precious");
+    EXPECT_EQ(test::contentOf(file), "precious");
 }
 
 TEST_F(GlidemapRecord, WithoutPermissionItSaysWhatToDo) {

@@ -1,29 +1,34 @@
-#include "linux_session/temporary_folder.h"
+#include "kit/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 namespace glidemap::test {
 
-TemporaryFolder::TemporaryFolder() {
-    std::string name = std::filesystem::temp_directory_path() / "glidemap-XXXXXX";
-    EXPECT_NE(mkdtemp(name.data()), nullptr);
+TemporaryFolder::TemporaryFolder(const std::filesystem::path& place) {
+    const auto around = place.empty() ? std::filesystem::temp_directory_path() : place;
+    std::string name = (around / "glidemap-XXXXXX").string();
+    EXPECT_NE(mkdtemp(name.data()), nullptr) << name;
     folder = name;
 }
 
 TemporaryFolder::~TemporaryFolder() {
-    std::error_code error;
-    std::filesystem::remove_all(folder, error);
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
 }
 
 std::filesystem::path TemporaryFolder::write(const std::filesystem::path& name,
-                                             const std::string& content) const {
+                                             std::string_view content) const {
     const auto file = folder / name;
     std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << content;
+    std::ofstream stream(file, std::ios::binary);
+    stream << content;
+    stream.close();
+    EXPECT_FALSE(stream.fail()) << file;
     return file;
 }
 
@@ -36,18 +41,6 @@ std::filesystem::path TemporaryFolder::writeProgram(const std::filesystem::path&
 std::string contentOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-InEnvironment::InEnvironment(const char* variable, const char* value)
-    : name(variable), wasSet(std::getenv(variable) != nullptr) {
-    if (wasSet) {
-        before = std::getenv(variable);
-    }
-    value != nullptr ? setenv(name, value, 1) : unsetenv(name);
-}
-
-InEnvironment::~InEnvironment() {
-    wasSet ? setenv(name, before.c_str(), 1) : unsetenv(name);
 }
 
 } // namespace glidemap::test
