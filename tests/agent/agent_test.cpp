@@ -1,10 +1,10 @@
 // The whole program, played from a recording, on buses of the tests' own. What it does with real
 // touchpads is shown in a real kernel.
 #include "choreography/performance.h"
+#include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
-#include "linux_session/private_bus.h"
 #include "process.h"
 #include "recording/recording_writer.h"
 
@@ -18,11 +18,11 @@
 namespace glidemap {
 namespace {
 
+using desktops::PrivateBus;
 using test::BusDouble;
 using test::contentOf;
 using test::InEnvironment;
 using test::Journal;
-using test::PrivateBus;
 using test::TemporaryFolder;
 using vm::Process;
 

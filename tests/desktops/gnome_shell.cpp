@@ -31,9 +31,7 @@ std::optional<std::string> GnomeShell::missing() {
     return std::nullopt;
 }
 
-GnomeShell::GnomeShell()
-    : sessionBus(folder.path()), systemBus(folder.path()),
-      settings(plainEnvironment(folder.path())) {
+GnomeShell::GnomeShell() : settings(plainEnvironment(folder.path())) {
     settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
     settings["DBUS_SYSTEM_BUS_ADDRESS"] = systemBus.address();
     settings["GSETTINGS_BACKEND"] = "keyfile";

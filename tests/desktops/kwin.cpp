@@ -14,7 +14,7 @@ bool KWin::isInstalled() {
     return desktops::isInstalled("kwin_wayland");
 }
 
-KWin::KWin() : sessionBus(folder.path()), settings(plainEnvironment(folder.path())) {
+KWin::KWin() : settings(plainEnvironment(folder.path())) {
     settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
     settings["WAYLAND_DISPLAY"] = "wayland-kwin";
     settings["XDG_CURRENT_DESKTOP"] = "KDE";

@@ -3,18 +3,19 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace glidemap::desktops {
 
 namespace {
 
-constexpr const char* configuration = R"(<!DOCTYPE busconfig PUBLIC
+std::string configuration(const std::filesystem::path& services) {
+    return R"(<!DOCTYPE busconfig PUBLIC
     "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
     "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
     <type>session</type>
     <listen>unix:tmpdir=/tmp</listen>
+    <servicedir>)" +
+           services.string() + R"(</servicedir>
     <policy context="default">
         <allow send_destination="*" eavesdrop="true"/>
         <allow eavesdrop="true"/>
@@ -22,14 +23,16 @@ constexpr const char* configuration = R"(<!DOCTYPE busconfig PUBLIC
     </policy>
 </busconfig>
 )";
+}
 
-Program::Command daemonIn(const std::filesystem::path& folder) {
-    const auto file = folder / "bus.conf";
-    std::ofstream(file) << configuration;
+Program::Command daemonIn(const RuntimeFolder& folder) {
+    const auto services = folder.path() / "services";
+    std::filesystem::create_directory(services);
+    const auto file = folder.write("bus.conf", configuration(services));
     return {
         .words = {"dbus-daemon", "--nofork", "--print-address=1", "--config-file=" + file.string()},
-        .environment = plainEnvironment(folder),
-        .log = folder / "bus.log"};
+        .environment = plainEnvironment(folder.path()),
+        .log = folder.path() / "bus.log"};
 }
 
 constexpr auto asClient = static_cast<GDBusConnectionFlags>(
@@ -37,8 +40,7 @@ constexpr auto asClient = static_cast<GDBusConnectionFlags>(
 
 } // namespace
 
-PrivateBus::PrivateBus(const std::filesystem::path& folder)
-    : daemon(daemonIn(folder)), _address(daemon.nextLine().value_or("")) {
+PrivateBus::PrivateBus() : daemon(daemonIn(folder)), _address(daemon.nextLine().value_or("")) {
     GError* error = nullptr;
     _connection = g_dbus_connection_new_for_address_sync(_address.c_str(), asClient, nullptr,
                                                          nullptr, &error);
@@ -90,6 +92,17 @@ void PrivateBus::waitForName(const std::string& name) const {
     }
     g_main_context_pop_thread_default(context);
     g_main_context_unref(context);
+}
+
+void PrivateBus::makeStartable(const std::string& name, const std::string& command) const {
+    folder.write("services/" + name + ".service",
+                 "[D-BUS Service]\nName=" + name + "\nExec=" + command + "\n");
+    // It would notice by itself, some time later.
+    GVariant* const done = call("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                "org.freedesktop.DBus", "ReloadConfig", nullptr);
+    if (done != nullptr) {
+        g_variant_unref(done);
+    }
 }
 
 GVariant* PrivateBus::call(const std::string& name, const std::string& path,

@@ -1,4 +1,5 @@
-// A session bus of a test's own, where nothing is started by being called.
+// A message bus of a test's own: nobody is on it but whom the test puts there, and nothing is started by
+// being asked for unless the test says so.
 //
 // Thread:  one.
 // Owner:   a test or a desktop.
@@ -7,8 +8,8 @@
 #pragma once
 
 #include "desktops/program.h"
+#include "desktops/runtime_folder.h"
 
-#include <filesystem>
 #include <string>
 
 using GDBusConnection = struct _GDBusConnection;
@@ -18,8 +19,7 @@ namespace glidemap::desktops {
 
 class PrivateBus {
 public:
-    // Keeps its configuration and its log in the folder.
-    explicit PrivateBus(const std::filesystem::path& folder);
+    PrivateBus();
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
     ~PrivateBus();
@@ -31,6 +31,9 @@ public:
 
     void waitForName(const std::string& name) const;
 
+    // From now on, the bus starts the command for whoever asks for the name.
+    void makeStartable(const std::string& name, const std::string& command) const;
+
     // Waits for the answer, which the caller gives back (g_variant_unref). Takes the arguments.
     GVariant* call(const std::string& name, const std::string& path, const std::string& interface,
                    const std::string& method, GVariant* arguments) const;
@@ -38,6 +41,7 @@ public:
     void kill();
 
 private:
+    RuntimeFolder folder;
     Program daemon;
     std::string _address;
     GDBusConnection* _connection = nullptr;

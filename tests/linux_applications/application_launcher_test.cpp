@@ -3,7 +3,7 @@
 #include "platform/linux/applications/application_launcher.h"
 #include "platform/linux/applications/application_scope.h"
 #include "platform/linux/windows/desktop_thread.h"
-#include "private_bus.h"
+#include "service_double.h"
 
 #include <fcntl.h>
 #include <gio/gio.h>
@@ -21,7 +21,7 @@ namespace {
 class ApplicationLauncherTest : public testing::Test {
 protected:
     ApplicationLauncherTest() {
-        PrivateBus::instance();
+        sessionBus();
         folder.clear();
     }
 

@@ -1,7 +1,7 @@
 #include "application_folder.h"
 #include "launch_reports.h"
 #include "platform/linux/applications/linux_workspace.h"
-#include "private_bus.h"
+#include "service_double.h"
 
 #include <gmock/gmock.h>
 
@@ -44,7 +44,7 @@ private:
 class LinuxWorkspaceTest : public testing::Test {
 protected:
     LinuxWorkspaceTest() {
-        PrivateBus::instance();
+        sessionBus();
         folder.clear();
         editor = folder.install("editor", "Name=The Editor\nExec=sh\n");
     }

@@ -6,7 +6,7 @@
 #include "linux_windows/x11/x_server.h"
 #include "platform/linux/applications/linux_workspace.h"
 #include "platform/linux/windows/x11_backend.h"
-#include "private_bus.h"
+#include "service_double.h"
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ protected:
     void SetUp() override {
         if (const std::string reason = XServer::whyNot(); !reason.empty())
             GTEST_SKIP() << reason;
-        PrivateBus::instance();
+        sessionBus();
         folder.clear();
         folder.install("org.example.Files", "Name=Files\nName[zh_CN]=文件\nExec=sh\n"
                                             "StartupWMClass=example-files\n");

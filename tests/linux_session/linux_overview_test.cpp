@@ -1,7 +1,7 @@
+#include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
-#include "linux_session/private_bus.h"
 #include "platform/linux/session/linux_overview.h"
 
 #include <gio/gio.h>
@@ -13,10 +13,10 @@ namespace glidemap {
 namespace {
 
 using namespace std::chrono_literals;
+using desktops::PrivateBus;
 using test::BusDouble;
 using test::InEnvironment;
 using test::Journal;
-using test::PrivateBus;
 using test::ServiceDescription;
 using Lines = Journal::Lines;
 

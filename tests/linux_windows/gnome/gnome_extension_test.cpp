@@ -86,7 +86,7 @@ protected:
     }
 
     desktops::RuntimeFolder folder;
-    desktops::PrivateBus bus{folder.path()};
+    desktops::PrivateBus bus;
     ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_DATA_HOME", folder.path() / "data"}}};
     ShellSettings settings;

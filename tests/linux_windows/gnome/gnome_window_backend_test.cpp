@@ -1,6 +1,5 @@
 #include "desktops/private_bus.h"
 #include "desktops/recording_window_listener.h"
-#include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/gnome_window_backend.h"
@@ -52,8 +51,7 @@ private:
 
 class GnomeWindows : public testing::Test {
 protected:
-    desktops::RuntimeFolder folder;
-    desktops::PrivateBus bus{folder.path()};
+    desktops::PrivateBus bus;
     ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "GNOME"}}};
     RecordingWindowListener told;

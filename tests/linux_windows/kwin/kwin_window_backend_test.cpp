@@ -52,7 +52,7 @@ private:
 class KWinWindows : public testing::Test {
 protected:
     desktops::RuntimeFolder folder;
-    desktops::PrivateBus bus{folder.path()};
+    desktops::PrivateBus bus;
     ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
                             {"XDG_CURRENT_DESKTOP", "KDE"},
                             {"XDG_RUNTIME_DIR", folder.path()}}};
@@ -145,8 +145,7 @@ TEST_F(KWinWindows, NonsenseIsNotHeard) {
 }
 
 TEST(KWinWindowBackend, DoesNotStartWhereKWinNeitherIsNorWillBe) {
-    const desktops::RuntimeFolder folder;
-    const desktops::PrivateBus bus(folder.path());
+    const desktops::PrivateBus bus;
     RecordingWindowListener told;
     for (const char* desktop : {"", "GNOME", "XKDE", "ubuntu:GNOME"}) {
         const ScopedEnvironment here{
@@ -157,8 +156,7 @@ TEST(KWinWindowBackend, DoesNotStartWhereKWinNeitherIsNorWillBe) {
 }
 
 TEST(KWinWindowBackend, StartsWherePlasmaSaysItIs) {
-    const desktops::RuntimeFolder folder;
-    const desktops::PrivateBus bus(folder.path());
+    const desktops::PrivateBus bus;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "other:KDE"}}};
     RecordingWindowListener told;

@@ -1,36 +1,23 @@
-// A session bus of the test program's own, and doubles of services on it.
+// Doubles of services on the test program's own session bus.
 //
 // Thread:  the test's; doubles answer on a thread of GIO's.
 // Owner:   the test program: GIO keeps the first session bus that it has seen.
 // Errors:  a bus that does not start is a failure of the test.
 #pragma once
 
-#include "desktops/program.h"
-#include "desktops/runtime_folder.h"
+#include "desktops/private_bus.h"
 
 #include <condition_variable>
 #include <mutex>
 #include <string>
 #include <vector>
 
-using GDBusConnection = struct _GDBusConnection;
 using GDBusMessage = struct _GDBusMessage;
 
 namespace glidemap {
 
-class PrivateBus {
-public:
-    static PrivateBus& instance();
-
-    const std::string& address() const { return where; }
-
-private:
-    PrivateBus();
-
-    desktops::RuntimeFolder folder;
-    desktops::Program daemon;
-    std::string where;
-};
+// The session bus of the whole program from the first call on.
+const desktops::PrivateBus& sessionBus();
 
 // Owns a name while it lives, writes down what it is asked, and answers everything alike.
 class ServiceDouble {

@@ -1,4 +1,4 @@
-#include "private_bus.h"
+#include "service_double.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
@@ -10,24 +10,18 @@ namespace glidemap {
 
 using namespace desktops;
 
-PrivateBus& PrivateBus::instance() {
-    static PrivateBus bus;
+const PrivateBus& sessionBus() {
+    static const PrivateBus bus;
+    static const int isSet = setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
+    EXPECT_EQ(isSet, 0);
     return bus;
-}
-
-PrivateBus::PrivateBus()
-    : daemon({{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"},
-              plainEnvironment(folder.path()),
-              folder.path() / "log"}),
-      where(daemon.nextLine().value_or("")) {
-    setenv("DBUS_SESSION_BUS_ADDRESS", where.c_str(), 1);
 }
 
 ServiceDouble::ServiceDouble(const std::string& name, std::string answeredError)
     : error(std::move(answeredError)) {
     const int flags = G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                       G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION;
-    connection = g_dbus_connection_new_for_address_sync(PrivateBus::instance().address().c_str(),
+    connection = g_dbus_connection_new_for_address_sync(sessionBus().address().c_str(),
                                                         static_cast<GDBusConnectionFlags>(flags),
                                                         nullptr, nullptr, nullptr);
     if (connection == nullptr) {
