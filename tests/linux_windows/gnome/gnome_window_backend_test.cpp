@@ -1,20 +1,20 @@
+#include "desktops/listening.h"
 #include "desktops/private_bus.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/gnome_window_backend.h"
 #include "shell_double.h"
 
 #include <gio/gio.h>
 #include <gmock/gmock.h>
 
-#include <optional>
 #include <string>
 
 namespace glidemap {
 
 namespace {
 
+using Listening = desktops::Listening<GnomeWindowBackend>;
 using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
 
@@ -25,29 +25,6 @@ constexpr const char* editor =
 std::string message(const std::string& windows, const std::string& active) {
     return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
 }
-
-// The backend as the program has it, on a desktop thread of its own.
-class Listening {
-public:
-    explicit Listening(RecordingWindowListener& told) {
-        thread.call([&] {
-            backend.emplace();
-            started = backend->start(told);
-        });
-    }
-
-    Listening(const Listening&) = delete;
-    Listening& operator=(const Listening&) = delete;
-    ~Listening() {
-        thread.call([&] { backend.reset(); });
-    }
-
-    bool started = false;
-
-private:
-    DesktopThread thread;
-    std::optional<GnomeWindowBackend> backend;
-};
 
 class GnomeWindows : public testing::Test {
 protected:

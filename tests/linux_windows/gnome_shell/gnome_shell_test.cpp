@@ -1,14 +1,13 @@
 #include "desktops/gnome_shell.h"
+#include "desktops/listening.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/window.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/gnome_extension.h"
 #include "platform/linux/windows/gnome_window_backend.h"
 
 #include <gmock/gmock.h>
 
-#include <optional>
 #include <ostream>
 
 namespace glidemap {
@@ -19,34 +18,12 @@ void PrintTo(const GnomeExtension::Status& status, std::ostream* out) {
 
 namespace {
 
+using Listening = desktops::Listening<GnomeWindowBackend>;
 using desktops::GnomeShell;
 using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
 using desktops::Window;
 using State = GnomeExtension::State;
-
-// The backend as the program has it, on a desktop thread of its own.
-class Listening {
-public:
-    explicit Listening(RecordingWindowListener& told) {
-        thread.call([&] {
-            backend.emplace();
-            started = backend->start(told);
-        });
-    }
-
-    Listening(const Listening&) = delete;
-    Listening& operator=(const Listening&) = delete;
-    ~Listening() {
-        thread.call([&] { backend.reset(); });
-    }
-
-    bool started = false;
-
-private:
-    DesktopThread thread;
-    std::optional<GnomeWindowBackend> backend;
-};
 
 // One story, since a process has the shell's settings once, and a shell takes its time to start.
 TEST(OnGnomeShell, TheExtensionIsInstalledAndTellsFromTheNextLoginOn) {

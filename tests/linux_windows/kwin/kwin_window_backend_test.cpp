@@ -1,14 +1,13 @@
+#include "desktops/listening.h"
 #include "desktops/private_bus.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "kwin_double.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/kwin_window_backend.h"
 
 #include <gmock/gmock.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +15,7 @@ namespace glidemap {
 
 namespace {
 
+using Listening = desktops::Listening<KWinWindowBackend>;
 using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
 using testing::HasSubstr;
@@ -25,29 +25,6 @@ constexpr const char* oneWindow =
 
 const std::vector<std::string> loading = {"unloadScript /Scripting", "loadScript /Scripting",
                                           "run /Scripting/Script7"};
-
-// The backend as the program has it, on a desktop thread of its own.
-class Listening {
-public:
-    explicit Listening(RecordingWindowListener& told) {
-        thread.call([&] {
-            backend.emplace();
-            started = backend->start(told);
-        });
-    }
-
-    Listening(const Listening&) = delete;
-    Listening& operator=(const Listening&) = delete;
-    ~Listening() {
-        thread.call([&] { backend.reset(); });
-    }
-
-    bool started = false;
-
-private:
-    DesktopThread thread;
-    std::optional<KWinWindowBackend> backend;
-};
 
 class KWinWindows : public testing::Test {
 protected:

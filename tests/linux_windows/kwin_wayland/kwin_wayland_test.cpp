@@ -1,8 +1,8 @@
 #include "desktops/kwin.h"
+#include "desktops/listening.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/window.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "platform/linux/windows/kwin_script.h"
 #include "platform/linux/windows/kwin_window_backend.h"
 
@@ -17,35 +17,13 @@ namespace glidemap {
 
 namespace {
 
+using Listening = desktops::Listening<KWinWindowBackend>;
 using desktops::Environment;
 using desktops::KWin;
 using desktops::RecordingWindowListener;
 using desktops::RuntimeFolder;
 using desktops::ScopedEnvironment;
 using desktops::Window;
-
-// The backend as the program has it, on a desktop thread of its own.
-class Listening {
-public:
-    explicit Listening(RecordingWindowListener& told) {
-        thread.call([&] {
-            backend.emplace();
-            started = backend->start(told);
-        });
-    }
-
-    Listening(const Listening&) = delete;
-    Listening& operator=(const Listening&) = delete;
-    ~Listening() {
-        thread.call([&] { backend.reset(); });
-    }
-
-    bool started = false;
-
-private:
-    DesktopThread thread;
-    std::optional<KWinWindowBackend> backend;
-};
 
 class OnKWin : public testing::Test {
 protected:

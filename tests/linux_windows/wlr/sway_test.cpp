@@ -1,8 +1,9 @@
+#include "desktops/listening.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/sway.h"
 #include "desktops/window.h"
-#include "listening.h"
+#include "platform/linux/windows/wlr_window_backend.h"
 
 #include <gmock/gmock.h>
 
@@ -13,6 +14,7 @@ namespace glidemap {
 
 namespace {
 
+using Listening = desktops::Listening<WlrWindowBackend>;
 using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
 using desktops::Sway;

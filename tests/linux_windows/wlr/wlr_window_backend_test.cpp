@@ -1,9 +1,9 @@
+#include "desktops/listening.h"
 #include "desktops/program.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "fake_compositor.h"
-#include "listening.h"
 #include "platform/linux/windows/wlr_window_backend.h"
 
 #include <gmock/gmock.h>
@@ -20,6 +20,7 @@ namespace glidemap {
 
 namespace {
 
+using Listening = desktops::Listening<WlrWindowBackend>;
 using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
 
