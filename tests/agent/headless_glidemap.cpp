@@ -51,7 +51,10 @@ HeadlessGlidemap::HeadlessGlidemap() : defaults(std::make_shared<QtUserDefaults>
     keyboard->plugIn();
 }
 
-HeadlessGlidemap::~HeadlessGlidemap() = default;
+// Nobody may call in while what they call is going.
+HeadlessGlidemap::~HeadlessGlidemap() {
+    stop();
+}
 
 void HeadlessGlidemap::start(Prompt prompt, std::function<void(const GestureLogEntry&)> logged) {
     tellLogged = std::move(logged);
@@ -63,7 +66,9 @@ void HeadlessGlidemap::start(Prompt prompt, std::function<void(const GestureLogE
 
 void HeadlessGlidemap::stop() {
     TouchEngine::shared()->stop();
-    clickMonitor->stop();
+    if (clickMonitor != nullptr) {
+        clickMonitor->stop();
+    }
 }
 
 // Whatever the user has answered, what could not make its device tries once more.
