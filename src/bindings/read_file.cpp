@@ -1,6 +1,6 @@
 #include "bindings/read_file.h"
 
-#include "bindings/open_file.h"
+#include "core/open_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
