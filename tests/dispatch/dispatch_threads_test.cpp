@@ -110,6 +110,10 @@ TEST_F(DispatchThreadsTest, whateverWasAcceptedRunsOnceAndIsLoggedOnceAsItWasFou
     }
     work([this] { click(); });
 
+    // On a busy machine they could be done before the switch, once off, is on again.
+    while (handled == 0) {
+        std::this_thread::yield();
+    }
     for (int turn = 0; threadsAtWork > 0; ++turn) {
         changeEverything(turn);
         stage.mainQueue->runAll();
@@ -119,7 +123,6 @@ TEST_F(DispatchThreadsTest, whateverWasAcceptedRunsOnceAndIsLoggedOnceAsItWasFou
     }
     stage.mainQueue->runAll();
 
-    EXPECT_GT(handled, 0);
     EXPECT_EQ(stage.keyEvents->posts.size(), static_cast<std::size_t>(handled));
     EXPECT_EQ(entriesSeen, handled);
     EXPECT_EQ(inconsistent, 0);
