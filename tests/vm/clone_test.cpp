@@ -4,6 +4,7 @@
 #include "deadline.h"
 #include "forwarded_pad.h"
 #include "input_devices.h"
+#include "pad_hand.h"
 #include "process.h"
 #include "threads.h"
 #include "unprivileged.h"
@@ -245,12 +246,7 @@ TEST(CloneTest, LibinputTakesTheCloneForATouchpadAndMovesThePointerByIt) {
     EXPECT_THAT(*added, testing::HasSubstr("DEVICE_ADDED"));
     EXPECT_THAT(*added, testing::HasSubstr("cap:pg"));
     ASSERT_TRUE(libinput.waitUntilReading("/dev/input/" + clone));
-    forwarded.pad.write(together(
-        {fingerDown(0, 7, 1000, 500), {{EV_KEY, BTN_TOUCH, 1}}, {{EV_KEY, BTN_TOOL_FINGER, 1}}}));
-    for (std::int32_t step = 1; step <= 20; ++step) {
-        forwarded.pad.write(fingerMove(0, 1000 + 40 * step, 500));
-        forwarded.session.settle(forwarded.pad);
-    }
+    PadHand(forwarded.pad).down(1).move(800, 0, 20);
     const auto motion = libinput.waitForOutput("POINTER_MOTION");
     ASSERT_TRUE(motion);
     EXPECT_THAT(*motion, testing::HasSubstr(clone));
