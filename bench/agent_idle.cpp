@@ -4,7 +4,7 @@
 // Runs inside the test kernel (docs/performance.md). The touchpad is grabbed and cloned, and has
 // been touched and clicked before, so that every thread there will ever be is there.
 #include "agent_session.h"
-#include "device_reader.h"
+#include "input_devices.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "real_time.h"

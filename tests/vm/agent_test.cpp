@@ -3,6 +3,7 @@
 
 #include "agent_session.h"
 #include "device_reader.h"
+#include "input_devices.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "performer.h"

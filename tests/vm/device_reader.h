@@ -10,8 +10,6 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace glidemap::vm {
@@ -27,17 +25,6 @@ struct DeviceEvent {
     }
 };
 std::ostream& operator<<(std::ostream& stream, const DeviceEvent& event);
-
-// The event nodes of all devices with this name.
-std::vector<std::filesystem::path> nodesNamed(const std::string& name);
-
-// Waits until there is a device with this name whose node is not `except`, and udev has finished
-// with it.
-std::optional<std::filesystem::path> waitForNode(const std::string& name,
-                                                 const std::filesystem::path& except = {});
-
-// Waits until the node is gone.
-bool waitForNoNode(const std::filesystem::path& node);
 
 class DeviceReader {
 public:
@@ -55,6 +42,9 @@ public:
     std::vector<DeviceEvent> keys() const;
     void readAll();
     void forget() { seen.clear(); }
+
+    // What has come since it was last asked.
+    std::vector<DeviceEvent> take();
 
     bool isGrabbedByAnother() const;
 

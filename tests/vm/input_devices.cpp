@@ -6,13 +6,16 @@
 #include <gtest/gtest.h>
 #include <libudev.h>
 #include <linux/input.h>
-#include <sched.h>
+#include <poll.h>
+#include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <fstream>
+#include <functional>
 #include <memory>
 #include <set>
 
@@ -21,6 +24,7 @@ namespace glidemap::vm {
 namespace {
 
 constexpr const char* nodeFolder = "/dev/input";
+const std::filesystem::path udevRecords = "/run/udev/data";
 constexpr const char* clonePath = "glidemap/clone/";
 
 // A device that is open for a question.
@@ -58,7 +62,73 @@ private:
     int file;
 };
 
+std::string nameOf(const std::filesystem::path& inSys) {
+    std::ifstream stream(inSys / "device" / "name");
+    std::string name;
+    std::getline(stream, name);
+    return name;
+}
+
+// Whether udev has written down what it knows of the device, which it does at the end.
+bool isKnownToUdev(const std::filesystem::path& inSys) {
+    std::ifstream stream(inSys / "dev");
+    std::string number;
+    std::getline(stream, number);
+    return std::filesystem::exists(udevRecords / ("c" + number));
+}
+
+// Looks again whenever a node or udev's record of one comes or goes.
+bool waitForNodes(const std::function<bool()>& condition) {
+    const int changes = inotify_init1(IN_CLOEXEC);
+    std::error_code none;
+    std::filesystem::create_directories(udevRecords, none);
+    inotify_add_watch(changes, nodeFolder, IN_CREATE | IN_DELETE | IN_ATTRIB);
+    inotify_add_watch(changes, udevRecords.c_str(), IN_MOVED_TO | IN_CREATE | IN_DELETE);
+    const Deadline deadline;
+    bool holds = condition();
+    while (!holds && !deadline.passed()) {
+        pollfd waited{changes, POLLIN, 0};
+        char happened[4096];
+        if (poll(&waited, 1, deadline.milliseconds()) > 0 &&
+            read(changes, happened, sizeof happened) < 0) {
+            break;
+        }
+        holds = condition();
+    }
+    close(changes);
+    return holds;
+}
+
 } // namespace
+
+std::vector<std::filesystem::path> nodesNamed(const std::string& name) {
+    std::vector<std::filesystem::path> nodes;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/sys/class/input", error)) {
+        if (entry.path().filename().string().starts_with("event") && nameOf(entry.path()) == name &&
+            isKnownToUdev(entry.path())) {
+            nodes.push_back("/dev/input" / entry.path().filename());
+        }
+    }
+    std::ranges::sort(nodes);
+    return nodes;
+}
+
+std::optional<std::filesystem::path> waitForNode(const std::string& name,
+                                                 const std::filesystem::path& except) {
+    std::vector<std::filesystem::path> nodes;
+    const bool found = waitForNodes([&] {
+        nodes = nodesNamed(name);
+        std::erase(nodes, except);
+        return !nodes.empty();
+    });
+    EXPECT_TRUE(found) << "there is no device \"" << name << "\"";
+    return found ? std::optional(nodes.front()) : std::nullopt;
+}
+
+bool waitForNoNode(const std::filesystem::path& node) {
+    return waitForNodes([&] { return !std::filesystem::exists(node); });
+}
 
 std::vector<std::filesystem::path> cloneNodes() {
     std::vector<std::filesystem::path> nodes;
@@ -74,30 +144,25 @@ std::vector<std::filesystem::path> cloneNodes() {
 }
 
 std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except) {
-    const Deadline deadline;
-    while (!deadline.passed()) {
+    std::filesystem::path found;
+    const bool isThere = waitForNodes([&] {
         for (const std::filesystem::path& node : cloneNodes()) {
             if (std::ranges::find(except, node) == except.end() &&
                 udevProperty(node, "ID_INPUT_TOUCHPAD") == "1") {
-                return node;
+                found = node;
+                return true;
             }
         }
-        sched_yield();
-    }
-    ADD_FAILURE() << "there is no clone of a touchpad";
-    return {};
+        return false;
+    });
+    EXPECT_TRUE(isThere) << "there is no clone of a touchpad";
+    return found;
 }
 
 bool waitForCloneCount(std::size_t count) {
-    const Deadline deadline;
-    while (cloneNodes().size() != count) {
-        if (deadline.passed()) {
-            ADD_FAILURE() << "there are " << cloneNodes().size() << " clones, not " << count;
-            return false;
-        }
-        sched_yield();
-    }
-    return true;
+    const bool areThere = waitForNodes([&] { return cloneNodes().size() == count; });
+    EXPECT_TRUE(areThere) << "there are " << cloneNodes().size() << " clones, not " << count;
+    return areThere;
 }
 
 std::string physicalPathOf(const std::filesystem::path& node) {

@@ -6,12 +6,24 @@
 
 #include "recorded_pad.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace glidemap::vm {
+
+// The event nodes of all devices with this name.
+std::vector<std::filesystem::path> nodesNamed(const std::string& name);
+
+// Waits until there is a device with this name whose node is not `except`, and udev has finished
+// with it.
+std::optional<std::filesystem::path> waitForNode(const std::string& name,
+                                                 const std::filesystem::path& except = {});
+
+// Waits until the node is gone.
+bool waitForNoNode(const std::filesystem::path& node);
 
 // The event nodes of the clones of touchpads, oldest first.
 std::vector<std::filesystem::path> cloneNodes();

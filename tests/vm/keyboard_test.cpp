@@ -3,24 +3,21 @@
 // The kernel drops a change to the state that a key is in already, so what is read here is what was
 // typed and nothing is missing only if each key came down and went up.
 
+#include "device_reader.h"
 #include "dispatch/key_names.h"
+#include "input_devices.h"
 #include "platform/linux/keyboard/key_codes.h"
 #include "platform/linux/keyboard/uinput_key_device.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "unprivileged.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/input.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -54,22 +51,12 @@ std::vector<std::filesystem::path> keyboards() {
     return found;
 }
 
-struct Seen {
-    int type = 0;
-    int code = 0;
-    int value = 0;
-
-    friend bool operator==(const Seen&, const Seen&) = default;
-    friend std::ostream& operator<<(std::ostream& stream, const Seen& seen) {
-        return stream << seen.type << ":" << seen.code << "=" << seen.value;
-    }
-};
-using AllSeen = std::vector<Seen>;
+using AllSeen = std::vector<DeviceEvent>;
 
 // A key change and the synchronisation that ends its frame.
 void expectChange(AllSeen& expected, std::uint16_t code, int value) {
-    expected.push_back({EV_KEY, code, value});
-    expected.push_back({EV_SYN, SYN_REPORT, 0});
+    expected.push_back({EV_KEY, code, value, 0});
+    expected.push_back({EV_SYN, SYN_REPORT, 0, 0});
 }
 
 AllSeen changes(std::initializer_list<std::pair<int, int>> all) {
@@ -80,52 +67,10 @@ AllSeen changes(std::initializer_list<std::pair<int, int>> all) {
     return expected;
 }
 
-// Another program that reads the keyboard.
-class Reader {
-public:
-    explicit Reader(const std::filesystem::path& inSys) {
-        const auto node = "/dev/input/" + inSys.filename().string();
-        descriptor = open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-        if (descriptor < 0) {
-            ADD_FAILURE() << "cannot read " << node;
-        }
-    }
-    Reader(const Reader&) = delete;
-    Reader& operator=(const Reader&) = delete;
-    ~Reader() { close(descriptor); }
-
-    // What there is: the kernel has handed it over when the writer's call returns.
-    AllSeen readAll() {
-        AllSeen seen;
-        input_event event{};
-        while (read(descriptor, &event, sizeof event) == sizeof event) {
-            seen.push_back({event.type, event.code, event.value});
-        }
-        return seen;
-    }
-
-    std::set<int> keys() const {
-        std::array<unsigned char, KEY_CNT / 8> bits{};
-        EXPECT_GE(ioctl(descriptor, EVIOCGBIT(EV_KEY, bits.size()), bits.data()), 0);
-        std::set<int> found;
-        for (int code = 0; code < KEY_CNT; ++code) {
-            if ((bits[static_cast<std::size_t>(code) / 8] >> (code % 8) & 1) != 0) {
-                found.insert(code);
-            }
-        }
-        return found;
-    }
-
-    // The same key twice would be repeated by the kernel if it had that capability.
-    bool repeats() const {
-        std::array<unsigned char, EV_CNT / 8 + 1> bits{};
-        EXPECT_GE(ioctl(descriptor, EVIOCGBIT(0, bits.size()), bits.data()), 0);
-        return (bits[EV_REP / 8] >> (EV_REP % 8) & 1) != 0;
-    }
-
-private:
-    int descriptor = -1;
-};
+// Its node. The kernel makes it before whoever plugs the keyboard in goes on.
+std::filesystem::path nodeOf(const std::filesystem::path& inSys) {
+    return "/dev/input" / inSys.filename();
+}
 
 void post(UinputKeyboard& keyboard, std::uint16_t key, std::uint64_t flags) {
     const KeyEvent events[] = {{key, true, flags}, {key, false, flags}};
@@ -151,52 +96,52 @@ TEST(KeyboardTest, ThereIsOneFromTheStartToTheEnd) {
 TEST(KeyboardTest, ItHasExactlyTheKeysThatCanBeTyped) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
-    const Reader reader(keyboards().front());
     std::set<int> expected;
     for (const KeyCodePair& pair : keyCodePairs()) {
         expected.insert(pair.kernelCode);
     }
-    EXPECT_EQ(reader.keys(), expected);
-    EXPECT_FALSE(reader.repeats());
+    EXPECT_EQ(shapeOf(nodeOf(keyboards().front())).keys, expected);
+    // Nothing but keys: with EV_REP, the kernel would repeat one that is held.
+    EXPECT_EQ(firstLine(keyboards().front() / "device/capabilities/ev"), "3");
 }
 
 TEST(KeyboardTest, ModifiersComeBeforeTheKeyAndGoAfterItEachInItsOwnFrame) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
-    Reader reader(keyboards().front());
+    DeviceReader reader(nodeOf(keyboards().front()));
     post(keyboard, t, shift | control | option | command);
-    EXPECT_EQ(reader.readAll(), changes({{KEY_LEFTSHIFT, 1},
-                                         {KEY_LEFTCTRL, 1},
-                                         {KEY_LEFTALT, 1},
-                                         {KEY_LEFTMETA, 1},
-                                         {KEY_T, 1},
-                                         {KEY_T, 0},
-                                         {KEY_LEFTMETA, 0},
-                                         {KEY_LEFTALT, 0},
-                                         {KEY_LEFTCTRL, 0},
-                                         {KEY_LEFTSHIFT, 0}}));
+    EXPECT_EQ(reader.take(), changes({{KEY_LEFTSHIFT, 1},
+                                      {KEY_LEFTCTRL, 1},
+                                      {KEY_LEFTALT, 1},
+                                      {KEY_LEFTMETA, 1},
+                                      {KEY_T, 1},
+                                      {KEY_T, 0},
+                                      {KEY_LEFTMETA, 0},
+                                      {KEY_LEFTALT, 0},
+                                      {KEY_LEFTCTRL, 0},
+                                      {KEY_LEFTSHIFT, 0}}));
     post(keyboard, t, 0);
-    EXPECT_EQ(reader.readAll(), changes({{KEY_T, 1}, {KEY_T, 0}}));
+    EXPECT_EQ(reader.take(), changes({{KEY_T, 1}, {KEY_T, 0}}));
 }
 
 TEST(KeyboardTest, EveryNamedKeyIsTyped) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
-    Reader reader(keyboards().front());
+    DeviceReader reader(nodeOf(keyboards().front()));
     for (const auto& [keyCode, name] : KeyNames::map()) {
         const auto kernelCode = kernelCodeOf(keyCode);
         ASSERT_TRUE(kernelCode.has_value()) << name;
         post(keyboard, keyCode, 0);
-        EXPECT_EQ(reader.readAll(), changes({{*kernelCode, 1}, {*kernelCode, 0}})) << name;
+        EXPECT_EQ(reader.take(), changes({{*kernelCode, 1}, {*kernelCode, 0}})) << name;
     }
 }
 
 TEST(KeyboardTest, AKeyThatDoesNotExistTypesNothing) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
-    Reader reader(keyboards().front());
+    DeviceReader reader(nodeOf(keyboards().front()));
     post(keyboard, 127, control);
-    EXPECT_EQ(reader.readAll(), AllSeen{});
+    EXPECT_EQ(reader.take(), AllSeen{});
 }
 
 // What an unplugged keyboard has said and nobody has read yet is lost, so this one lets itself be
@@ -206,14 +151,14 @@ public:
     explicit ReadToTheEnd(AllSeen& readEvents) : seen(readEvents) {}
     ~ReadToTheEnd() override {
         if (reader != nullptr) {
-            seen = reader->readAll();
+            seen = reader->take();
         }
     }
 
     bool plugIn() override {
         const bool isPlugged = device.plugIn();
         if (reader == nullptr && keyboards().size() == 1) {
-            reader = std::make_unique<Reader>(keyboards().front());
+            reader = std::make_unique<DeviceReader>(nodeOf(keyboards().front()));
         }
         return isPlugged;
     }
@@ -223,7 +168,7 @@ public:
 private:
     AllSeen& seen;
     UinputKeyDevice device;
-    std::unique_ptr<Reader> reader;
+    std::unique_ptr<DeviceReader> reader;
 };
 
 TEST(KeyboardTest, KeysComeUpBeforeTheKeyboardGoes) {

@@ -2,6 +2,8 @@
 
 #include <linux/input.h>
 
+#include <array>
+
 namespace glidemap::vm {
 
 PadShape ordinaryPad() {
@@ -31,6 +33,13 @@ PadShape otherPad() {
     shape.name = "Other Touchpad";
     shape.product = 0x0002;
     return shape;
+}
+
+std::uint16_t fingerTool(std::size_t count) {
+    constexpr std::array<std::uint16_t, ordinarySlots> tools = {
+        BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
+        BTN_TOOL_QUINTTAP};
+    return tools.at(count - 1);
 }
 
 EventFrame fingerDown(std::int32_t slot, std::int32_t trackingId, std::int32_t x, std::int32_t y) {

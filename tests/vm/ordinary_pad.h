@@ -7,6 +7,7 @@
 
 #include "recorded_pad.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace glidemap::vm {
@@ -24,6 +25,9 @@ PadShape otherPad();
 EventFrame fingerDown(std::int32_t slot, std::int32_t trackingId, std::int32_t x, std::int32_t y);
 EventFrame fingerMove(std::int32_t slot, std::int32_t x, std::int32_t y);
 EventFrame fingerUp(std::int32_t slot);
+
+// The key by which a touchpad says that so many fingers are on it, one to five.
+std::uint16_t fingerTool(std::size_t count);
 
 // What happens at one moment.
 EventFrame together(std::initializer_list<EventFrame> frames);

@@ -5,14 +5,9 @@
 
 #include <linux/input.h>
 
-#include <array>
-
 namespace glidemap::vm {
 
 namespace {
-
-constexpr std::array<std::uint16_t, 5> tools = {
-    BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP};
 
 // As often as touchpads report. What jumps is taken for another finger.
 constexpr double betweenReports = 0.008;
@@ -75,7 +70,7 @@ PadHand& PadHand::up() {
 
 void PadHand::count(EventFrame& frame, bool touching) const {
     frame.push_back({EV_KEY, BTN_TOUCH, touching ? 1 : 0});
-    frame.push_back({EV_KEY, tools.at(fingers.size() - 1), touching ? 1 : 0});
+    frame.push_back({EV_KEY, fingerTool(fingers.size()), touching ? 1 : 0});
     if (touching) {
         append(frame, {{EV_ABS, ABS_X, fingers[0].first}, {EV_ABS, ABS_Y, fingers[0].second}});
     }

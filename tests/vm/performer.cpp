@@ -7,16 +7,12 @@
 #include <linux/input.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
 
 namespace glidemap::vm {
 
 namespace {
-
-constexpr std::array<std::uint16_t, 5> tools = {
-    BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP, BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP};
 
 std::int32_t padX(const MTTouch& touch) {
     return static_cast<std::int32_t>(std::lround(touch.normalized.pos.x * ordinaryWidth));
@@ -82,8 +78,8 @@ private:
         if (fingers.size() == counted) {
             return;
         }
-        for (std::size_t index = 0; index < tools.size(); ++index) {
-            events.push_back({EV_KEY, tools.at(index), fingers.size() == index + 1 ? 1 : 0});
+        for (std::size_t tool = 1; tool <= ordinarySlots; ++tool) {
+            events.push_back({EV_KEY, fingerTool(tool), fingers.size() == tool ? 1 : 0});
         }
         events.push_back({EV_KEY, BTN_TOUCH, fingers.empty() ? 0 : 1});
         counted = fingers.size();
