@@ -23,11 +23,18 @@ std::optional<std::filesystem::path> resolved(std::filesystem::path file) {
     return std::nullopt;
 }
 
+// Whoever links to /dev/null wants nothing kept, and not another file in its place.
+bool isDevice(const std::filesystem::path& file) {
+    std::error_code error;
+    return std::filesystem::is_character_file(file, error) ||
+           std::filesystem::is_block_file(file, error);
+}
+
 } // namespace
 
 bool writeAtomically(const std::filesystem::path& target, std::string_view content) {
     const auto file = resolved(target);
-    return file && !writeWhole(*file, content, FileAccess::ownerOnly);
+    return file && !isDevice(*file) && !writeWhole(*file, content, FileAccess::ownerOnly);
 }
 
 } // namespace glidemap

@@ -169,12 +169,20 @@ void BindingObjectDecoder::failText(const Part& part, BindingKey key, std::strin
     fail(part, key, quotedForPeople(text) + " is not " + std::string(wanted));
 }
 
+// Shown in ASCII, because a terminal also obeys control characters beyond it. Each of those takes
+// six characters then, and a reason is to fit on a line.
 std::string quotedForPeople(std::string_view text) {
     constexpr std::size_t most = 60;
-    const bool whole = text.size() <= most;
-    const nlohmann::json shown(std::string(text.substr(0, most)) + (whole ? "" : "..."));
-    // In ASCII, because a terminal also obeys control characters beyond it.
-    return shown.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
+    constexpr std::size_t widest = 150;
+    std::string shown;
+    std::size_t length = most;
+    do {
+        const bool whole = text.size() <= length;
+        const nlohmann::json quoted(std::string(text.substr(0, length)) + (whole ? "" : "..."));
+        shown = quoted.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
+        length /= 2;
+    } while (shown.size() > widest);
+    return shown;
 }
 
 } // namespace glidemap

@@ -6,6 +6,7 @@
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -65,6 +66,15 @@ TEST_F(AtomicWriteTest, WhoHasTheOldFileOpenKeepsTheOldContent) {
     std::string seen;
     reader >> seen;
     EXPECT_EQ(seen, "old");
+}
+
+TEST_F(AtomicWriteTest, ADeviceIsNotReplaced) {
+    if (mknod((folder / "null").c_str(), S_IFCHR | 0600, makedev(1, 3)) != 0) {
+        GTEST_SKIP() << "only root may make a device";
+    }
+    fs::create_symlink("null", file);
+    EXPECT_FALSE(writeAtomically(file, "content"));
+    EXPECT_TRUE(fs::is_character_file(folder / "null"));
 }
 
 TEST_F(AtomicWriteTest, ARelativeNameCountsFromTheWorkingFolder) {

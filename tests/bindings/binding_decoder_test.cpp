@@ -303,6 +303,10 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"a long one is cut",
                    in({.gesture = R"("gesture": ")" + std::string(61, 'x') + "\","}),
                    "[0].gesture: \"" + std::string(60, 'x') + "...\" is not a gesture"},
+        Unreadable{"also by how much room it takes to show",
+                   in({.gesture = R"("gesture": ")" + std::string(61, '\x7f') + "\","}),
+                   R"([0].gesture: "\u007f\u007f\u007f\u007f\u007f\u007f\u007f\u007f)"
+                   R"(\u007f\u007f\u007f\u007f\u007f\u007f\u007f..." is not a gesture)"},
         Unreadable{"a terminal's orders are not passed on",
                    in({.gesture = R"("gesture": "\u001b[2J\u009b5m轻",)"}),
                    R"([0].gesture: "\u001b[2J\u009b5m\u8f7b" is not a gesture)"}));
