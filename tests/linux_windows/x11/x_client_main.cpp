@@ -1,5 +1,6 @@
 // A program with one window, which reads what to do from its standard input, a line each, and
 // answers "done" when the X server has done it. First it writes the number of its window.
+#include <poll.h>
 #include <xcb/xcb.h>
 
 #include <cstdint>
@@ -108,23 +109,40 @@ private:
                             8, static_cast<std::uint32_t>(whole.size()), whole.data());
     }
 
+    // What openbox has read of its connection while it started, it looks at when more comes: so it
+    // is asked for something else if it does not map the window soon.
     void map() {
+        constexpr int soon = 200; // milliseconds
         xcb_map_window(connection, window);
-        xcb_flush(connection);
-        for (;;) {
-            const std::unique_ptr<xcb_generic_event_t, Free> event(xcb_wait_for_event(connection));
-            if (event == nullptr || (event->response_type & 0x7F) == XCB_MAP_NOTIFY)
-                return;
+        while (!hasBeenMapped()) {
+            xcb_flush(connection);
+            pollfd waited{xcb_get_file_descriptor(connection), POLLIN, 0};
+            if (poll(&waited, 1, soon) == 0)
+                tellWindowManager("_NET_REQUEST_FRAME_EXTENTS", 0);
         }
     }
 
+    // Also if the connection is no more.
+    bool hasBeenMapped() {
+        while (const std::unique_ptr<xcb_generic_event_t, Free> event{
+            xcb_poll_for_event(connection)}) {
+            if ((event->response_type & 0x7F) == XCB_MAP_NOTIFY)
+                return true;
+        }
+        return xcb_connection_has_error(connection) != 0;
+    }
+
     void activate() {
+        tellWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager asks, whom nobody refuses
+    }
+
+    void tellWindowManager(const std::string& type, std::uint32_t value) {
         xcb_client_message_event_t message{};
         message.response_type = XCB_CLIENT_MESSAGE;
         message.format = 32;
         message.window = window;
-        message.type = atom("_NET_ACTIVE_WINDOW");
-        message.data.data32[0] = 2; // as a pager asks, whom nobody refuses
+        message.type = atom(type);
+        message.data.data32[0] = value;
         xcb_send_event(connection, 0, root,
                        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                        reinterpret_cast<const char*>(&message));
