@@ -163,7 +163,11 @@ TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedBeforeSayingSo = 0;
-    for (int round = 0; round < GetParam().rounds; ++round) {
+    // Goes on for a while where the machine is too busy to be caught in the act that often.
+    const int enough = GetParam().rounds / GetParam().writingAtLeastOneOf;
+    const int most = 10 * GetParam().rounds;
+    int round = 0;
+    for (; round < GetParam().rounds || (killedWhileWriting < enough && round < most); ++round) {
         Writer writer(store, number + 1);
         writer.waitForChanges(static_cast<unsigned>(1 + random() % 3));
         waitForTheMoment(round % 2 == 0);
@@ -176,9 +180,9 @@ TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
         killedBeforeSayingSo += found == before + 1 ? 1 : 0;
         number = *found;
     }
-    std::cout << GetParam().rounds << " writers killed, " << killedWhileWriting
-              << " while writing, " << killedBeforeSayingSo << " just after\n";
-    EXPECT_GE(killedWhileWriting, GetParam().rounds / GetParam().writingAtLeastOneOf);
+    std::cout << round << " writers killed, " << killedWhileWriting << " while writing, "
+              << killedBeforeSayingSo << " just after\n";
+    EXPECT_GE(killedWhileWriting, enough);
     store.setBindings(listNumber(1));
     EXPECT_EQ(namesIn(support.folder()), std::vector<std::string>{"bindings.json"});
 }

@@ -126,7 +126,7 @@ TEST_F(WatchdogTest, AContactReportThatHangsIsTheSame) {
     forwarded.pad.write(fingerMove(0, 1100, 500));
     forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1100});
     EXPECT_TRUE(forwarded.session.releaseReports());
-    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{timedOut, 0, 1}}));
+    EXPECT_EQ(forwarded.filter.waitForAsked(1), (std::vector<AskedClick>{{timedOut, 0, 1}}));
     forwarded.pad.write(fingerUp(0));
     forwarded.session.waitUntilAsleep();
     expectForwarding();
