@@ -1,11 +1,8 @@
 #include "agent_session.h"
 
-#include "deadline.h"
+#include "file_changes.h"
 
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/inotify.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -67,19 +64,7 @@ void AgentHome::writeDefaults(const std::string& lines) const {
 }
 
 bool waitForFile(const std::filesystem::path& file) {
-    const int changes = inotify_init1(IN_CLOEXEC);
-    inotify_add_watch(changes, file.parent_path().c_str(), IN_CREATE | IN_MOVED_TO);
-    const Deadline deadline;
-    while (!std::filesystem::exists(file) && !deadline.passed()) {
-        pollfd waited{changes, POLLIN, 0};
-        char happened[4096];
-        if (poll(&waited, 1, deadline.milliseconds()) > 0 &&
-            read(changes, happened, sizeof happened) < 0) {
-            break;
-        }
-    }
-    close(changes);
-    return std::filesystem::exists(file);
+    return waitForChanges({file.parent_path()}, [&] { return std::filesystem::exists(file); });
 }
 
 Agent::Agent(Process::User user, Asks asks) {
@@ -88,8 +73,7 @@ Agent::Agent(Process::User user, Asks asks) {
         command.emplace_back("--never-ask");
     }
     process = std::make_unique<Process>(command, user);
-    ready = process->waitForOutput("ready").has_value();
-    EXPECT_TRUE(ready) << process->errors();
+    EXPECT_TRUE(process->waitForOutput("ready")) << process->errors();
 }
 
 } // namespace glidemap::vm

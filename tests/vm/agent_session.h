@@ -58,11 +58,9 @@ public:
     const std::string& output() const { return process->output(); }
     const std::string& errors() const { return process->errors(); }
     pid_t id() const { return process->id(); }
-    bool isReady() const { return ready; }
 
 private:
     std::unique_ptr<Process> process;
-    bool ready = false;
 };
 
 } // namespace glidemap::vm

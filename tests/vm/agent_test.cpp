@@ -46,11 +46,11 @@ std::string contentsOf(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-DeviceEvent down(std::uint16_t code) {
-    return {EV_KEY, code, 1, 0};
+PadEvent down(std::uint16_t code) {
+    return {EV_KEY, code, 1};
 }
-DeviceEvent up(std::uint16_t code) {
-    return {EV_KEY, code, 0, 0};
+PadEvent up(std::uint16_t code) {
+    return {EV_KEY, code, 0};
 }
 
 class AgentTest : public testing::Test {
@@ -169,8 +169,8 @@ TEST_F(AgentTest, ATwoFingerClickIsSwallowedWithItsReleaseAndAOneFingerClickIsNo
     hand.pause(betweenGestures).click(1).pause(betweenGestures).click(3);
     EXPECT_TRUE(
         clone.waitUntil([&] { return std::ranges::count(clone.events(), up(BTN_TOUCH)) == 3; }));
-    std::vector<DeviceEvent> buttons = clone.keys();
-    std::erase_if(buttons, [](const DeviceEvent& event) { return event.code != BTN_LEFT; });
+    std::vector<PadEvent> buttons = clone.keys();
+    std::erase_if(buttons, [](const PadEvent& event) { return event.code != BTN_LEFT; });
     EXPECT_THAT(buttons, ElementsAre(down(BTN_LEFT), up(BTN_LEFT),  // of one finger
                                      down(BTN_LEFT), up(BTN_LEFT))) // of three
         << "without a binding a click passes";
@@ -189,7 +189,7 @@ TEST_F(AgentTest, WhatTheFingersDoComesThroughTheCloneEventForEvent) {
     play();
     ASSERT_TRUE(
         source.waitUntil([&] { return std::ranges::count(source.events(), up(BTN_TOUCH)) == 4; }));
-    const std::vector<DeviceEvent> bare = source.events();
+    const std::vector<PadEvent> bare = source.events();
 
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;

@@ -10,24 +10,15 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <ctime>
-#include <ostream>
 #include <utility>
 
 namespace glidemap::vm {
-
-std::ostream& operator<<(std::ostream& stream, const DeviceEvent& event) {
-    return stream << event.type << ":" << event.code << "=" << event.value;
-}
 
 DeviceReader::DeviceReader(const std::filesystem::path& node)
     : descriptor(open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
     if (descriptor < 0) {
         ADD_FAILURE() << "cannot read " << node;
-        return;
     }
-    int clock = CLOCK_MONOTONIC;
-    ioctl(descriptor, EVIOCSCLOCKID, &clock);
 }
 
 DeviceReader::~DeviceReader() {
@@ -37,13 +28,11 @@ DeviceReader::~DeviceReader() {
 void DeviceReader::readAll() {
     input_event event{};
     while (read(descriptor, &event, sizeof event) == sizeof event) {
-        const double time = static_cast<double>(event.input_event_sec) +
-                            static_cast<double>(event.input_event_usec) / 1e6;
-        seen.push_back({event.type, event.code, event.value, time});
+        seen.push_back({event.type, event.code, event.value});
     }
 }
 
-std::vector<DeviceEvent> DeviceReader::take() {
+std::vector<PadEvent> DeviceReader::take() {
     readAll();
     return std::exchange(seen, {});
 }
@@ -66,14 +55,14 @@ bool DeviceReader::waitUntil(const std::function<bool()>& condition) {
 
 bool DeviceReader::waitForKey(std::uint16_t code, std::int32_t value) {
     return waitUntil([&] {
-        return std::ranges::find(seen, DeviceEvent{EV_KEY, code, value, 0}) != seen.end();
+        return std::ranges::find(seen, PadEvent{EV_KEY, code, value}) != seen.end();
     });
 }
 
-std::vector<DeviceEvent> DeviceReader::keys() const {
-    std::vector<DeviceEvent> found;
+std::vector<PadEvent> DeviceReader::keys() const {
+    std::vector<PadEvent> found;
     std::ranges::copy_if(seen, std::back_inserter(found),
-                         [](const DeviceEvent& event) { return event.type == EV_KEY; });
+                         [](const PadEvent& event) { return event.type == EV_KEY; });
     return found;
 }
 

@@ -18,10 +18,6 @@
 
 namespace glidemap::vm {
 
-std::ostream& operator<<(std::ostream& output, const PadEvent& event) {
-    return output << event.type << ':' << event.code << '=' << event.value;
-}
-
 EventReader::EventReader(const std::filesystem::path& node)
     : file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
     int clock = CLOCK_MONOTONIC;

@@ -20,8 +20,6 @@ struct ReadFrame {
     std::int64_t time = 0;
 };
 
-std::ostream& operator<<(std::ostream& output, const PadEvent& event);
-
 class EventReader {
 public:
     explicit EventReader(const std::filesystem::path& node);

@@ -1,13 +1,11 @@
 #include "input_devices.h"
 
-#include "deadline.h"
+#include "file_changes.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <libudev.h>
 #include <linux/input.h>
-#include <poll.h>
-#include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -77,26 +75,11 @@ bool isKnownToUdev(const std::filesystem::path& inSys) {
     return std::filesystem::exists(udevRecords / ("c" + number));
 }
 
-// Looks again whenever a node or udev's record of one comes or goes.
+// A node, or udev's record of one, comes or goes.
 bool waitForNodes(const std::function<bool()>& condition) {
-    const int changes = inotify_init1(IN_CLOEXEC);
     std::error_code none;
     std::filesystem::create_directories(udevRecords, none);
-    inotify_add_watch(changes, nodeFolder, IN_CREATE | IN_DELETE | IN_ATTRIB);
-    inotify_add_watch(changes, udevRecords.c_str(), IN_MOVED_TO | IN_CREATE | IN_DELETE);
-    const Deadline deadline;
-    bool holds = condition();
-    while (!holds && !deadline.passed()) {
-        pollfd waited{changes, POLLIN, 0};
-        char happened[4096];
-        if (poll(&waited, 1, deadline.milliseconds()) > 0 &&
-            read(changes, happened, sizeof happened) < 0) {
-            break;
-        }
-        holds = condition();
-    }
-    close(changes);
-    return holds;
+    return waitForChanges({nodeFolder, udevRecords}, condition);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <ios>
 #include <optional>
+#include <ostream>
 #include <sstream>
 
 namespace glidemap::vm {
@@ -68,6 +69,10 @@ void readEvent(std::istringstream& fields, EventFrame& open, std::vector<EventFr
 }
 
 } // namespace
+
+std::ostream& operator<<(std::ostream& output, const PadEvent& event) {
+    return output << event.type << ':' << event.code << '=' << event.value;
+}
 
 std::int32_t PadShape::slotCount() const {
     const auto slots = axes.find(ABS_MT_SLOT);

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <iosfwd>
 #include <istream>
 #include <map>
 #include <set>
@@ -52,6 +53,7 @@ struct PadEvent {
     std::int32_t value = 0;
 
     friend bool operator==(const PadEvent&, const PadEvent&) = default;
+    friend std::ostream& operator<<(std::ostream& output, const PadEvent& event);
 };
 
 // The events between two synchronisations, without the synchronisation itself.

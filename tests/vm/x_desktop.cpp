@@ -1,11 +1,8 @@
 #include "x_desktop.h"
 
-#include "deadline.h"
+#include "file_changes.h"
 
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/inotify.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -24,25 +21,6 @@ constexpr const char* screen = ":7";
 std::string contentsOf(const std::filesystem::path& file) {
     std::ifstream stream(file);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-// Waits until a file that another program writes has the text in it.
-bool waitForText(const std::filesystem::path& file, const std::string& text) {
-    const int changes = inotify_init1(IN_CLOEXEC);
-    inotify_add_watch(changes, file.c_str(), IN_MODIFY);
-    const Deadline deadline(std::chrono::seconds(30));
-    bool found = contentsOf(file).find(text) != std::string::npos;
-    while (!found && !deadline.passed()) {
-        pollfd waited{changes, POLLIN, 0};
-        char events[4096];
-        if (poll(&waited, 1, deadline.milliseconds()) > 0 &&
-            read(changes, events, sizeof events) < 0) {
-            break;
-        }
-        found = contentsOf(file).find(text) != std::string::npos;
-    }
-    close(changes);
-    return found;
 }
 
 } // namespace
@@ -76,7 +54,8 @@ bool XDesktop::startWindowManager() {
 }
 
 bool XDesktop::waitForDevice(const std::string& node) const {
-    return waitForText(logFile, "(" + node + ")");
+    return waitForChanges(
+        {logFile}, [&] { return contentsOf(logFile).find("(" + node + ")") != std::string::npos; });
 }
 
 } // namespace glidemap::vm
