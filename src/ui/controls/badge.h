@@ -1,0 +1,24 @@
+// A short text on a rounded ground of its own colour, at opacity 0.15: what kind something is of.
+//
+// Thread:  the main thread. Owner: its parent. Errors: none. A text too long for its place is elided.
+#pragma once
+
+#include "ui/controls/elided_label.h"
+
+namespace glidemap {
+
+class Badge : public ElidedLabel {
+public:
+    explicit Badge(QWidget* parent = nullptr);
+
+    // The colour of the text and of the ground.
+    void setColor(Role colorRole);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Role role = Role::blue;
+};
+
+} // namespace glidemap

@@ -1,0 +1,55 @@
+#include "ui/controls/notice.h"
+
+#include "ui/controls/symbol_label.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+
+namespace glidemap {
+
+Notice::Notice(const Look& look, QWidget* parent)
+    : QFrame(parent), drawn(look), label(new StyledLabel(TextStyle::callout, look.textRole, this)) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(12, 8, 12, 8);
+    layout->setSpacing(8);
+    if (!look.symbol.empty()) {
+        layout->addWidget(new SymbolLabel(look.symbol, look.symbolRole, 16, this));
+    }
+    label->setWordWrap(true);
+    layout->addWidget(label, look.buttonAtEnd ? 1 : 0);
+    if (look.button != Button::none) {
+        pushButton = new QPushButton(this);
+        pushButton->setProperty("prominent", look.button == Button::prominent);
+        connect(pushButton, &QPushButton::clicked, this, [this] {
+            if (onButton) {
+                onButton();
+            }
+        });
+        layout->addWidget(pushButton);
+    }
+    if (!look.buttonAtEnd) {
+        layout->addStretch(1);
+    }
+    toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
+}
+
+void Notice::setText(const QString& text) {
+    label->setText(text);
+}
+
+void Notice::setButtonText(const QString& text) {
+    pushButton->setText(text);
+}
+
+QString Notice::text() const {
+    return label->text();
+}
+
+void Notice::paintEvent(QPaintEvent* /*event*/) {
+    if (drawn.groundOpacity > 0) {
+        QPainter(this).fillRect(rect(), Theme::shared().color(drawn.ground, drawn.groundOpacity));
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,50 @@
+// A tinted bar across a window that tells something, and may offer to do something about it.
+//
+// Thread:  the main thread. Owner: its parent. Errors: none. Long texts wrap.
+#pragma once
+
+#include "ui/controls/styled_label.h"
+#include "ui/theme/theme.h"
+
+#include <QFrame>
+#include <functional>
+#include <string_view>
+
+class QPushButton;
+
+namespace glidemap {
+
+class Notice : public QFrame {
+public:
+    enum class Button { none, plain, prominent };
+
+    struct Look {
+        std::string_view symbol; // may be empty
+        Role symbolRole = Role::primary;
+        Role textRole = Role::primary;
+        Role ground = Role::window; // tinted with this colour
+        double groundOpacity = 0;   // none, if 0
+        Button button = Button::none;
+        bool buttonAtEnd = true; // else right behind the text
+    };
+
+    explicit Notice(const Look& look, QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    void setButtonText(const QString& text);
+    QString text() const;
+    QPushButton* button() const { return pushButton; }
+
+    std::function<void()> onButton;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Look drawn;
+    StyledLabel* label;
+    QPushButton* pushButton = nullptr;
+    Subscription toTheme;
+};
+
+} // namespace glidemap

@@ -1,0 +1,31 @@
+// A symbol that only shows. Assistive programs pass it over.
+//
+// Units:   points.
+// Thread:  the main thread. Owner: its parent. Errors: none.
+#pragma once
+
+#include "ui/theme/theme.h"
+
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+namespace glidemap {
+
+class SymbolLabel : public QWidget {
+public:
+    SymbolLabel(std::string_view symbolName, Role colorRole, int size, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::string symbol;
+    Role role;
+    int points;
+    Subscription toTheme;
+};
+
+} // namespace glidemap

@@ -1,0 +1,15 @@
+// Texts on their way into widgets: the program's are UTF-8, Qt's are UTF-16.
+//
+// Thread:  any.
+#pragma once
+
+#include <QString>
+#include <string_view>
+
+namespace glidemap {
+
+inline QString toQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace glidemap
