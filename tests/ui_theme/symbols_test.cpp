@@ -1,0 +1,187 @@
+// Every symbol that the program names has a drawing: of one shade, that of its role, and whole at
+// every size and on every screen.
+#include "core/gesture_category.h"
+#include "ui/theme/symbol.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+#include <set>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+const QColor ink(0x20, 0x60, 0xa0);
+
+QByteArray contentsOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+// The names that stand in the calls which take one.
+std::set<std::string> symbolsNamedIn(const QString& code) {
+    static const QRegularExpression call(
+        R"re(\b(?:symbolIcon|symbolPixmap|drawSymbol|setSymbol|SymbolLabel|SymbolButton|Notice)\b)re"
+        R"re([^;"]{0,120}"([a-z0-9]+(?:\.[a-z0-9]+)*)")re");
+    std::set<std::string> names;
+    for (auto found = call.globalMatch(code); found.hasNext();) {
+        names.insert(found.next().captured(1).toStdString());
+    }
+    return names;
+}
+
+std::set<std::string> symbolsOfTheProgram() {
+    std::set<std::string> names;
+    for (const GestureCategory category : allGestureCategories) {
+        names.emplace(symbolName(category));
+    }
+    for (const char* folder : {GLIDEMAP_SOURCE_DIR "/ui", GLIDEMAP_SOURCE_DIR "/app"}) {
+        QDirIterator files(folder, {"*.cpp", "*.h"}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            names.merge(symbolsNamedIn(QString::fromUtf8(contentsOf(files.next()))));
+        }
+    }
+    return names;
+}
+
+QStringList drawings() {
+    return QDir(":/symbols").entryList({"*.svg"}, QDir::Files, QDir::Name);
+}
+
+std::string nameOf(const QString& drawing) {
+    return drawing.chopped(4).toStdString();
+}
+
+// The drawing in its box, with as much space around it as it is large.
+QImage drawn(std::string_view name, int points, double ratio) {
+    const int pixels = qRound(3 * points * ratio);
+    QImage image(pixels, pixels, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    image.setDevicePixelRatio(ratio);
+    QPainter painter(&image);
+    drawSymbol(painter, QRectF(points, points, points, points), name, ink);
+    return image;
+}
+
+struct Ink {
+    QRect bounds;
+    int covered = 0;     // pixels that are more than half covered
+    int otherShades = 0; // pixels whose colour is not the ink's
+};
+
+// Rounding of premultiplied colours moves faint pixels by a lot, so only firm ones are judged.
+bool isInk(QRgb pixel) {
+    return qAbs(qRed(pixel) - ink.red()) <= 3 && qAbs(qGreen(pixel) - ink.green()) <= 3 &&
+           qAbs(qBlue(pixel) - ink.blue()) <= 3;
+}
+
+Ink inkOf(const QImage& image) {
+    Ink result;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qAlpha(pixel) > 0) {
+                result.bounds |= QRect(x, y, 1, 1);
+            }
+            if (qAlpha(pixel) > 127) {
+                ++result.covered;
+                result.otherShades += isInk(pixel) ? 0 : 1;
+            }
+        }
+    }
+    return result;
+}
+
+std::string described(const QRect& rect) {
+    return "left " + std::to_string(rect.left()) + ", top " + std::to_string(rect.top()) +
+           ", right " + std::to_string(rect.right()) + ", bottom " + std::to_string(rect.bottom());
+}
+
+TEST(Symbols, AreFoundInTheCallsThatNameThem) {
+    EXPECT_THAT(symbolsNamedIn(R"(
+        add->setIcon(symbolIcon("plus", Role::accent));
+        auto* warning = new SymbolLabel("exclamationmark.triangle.fill", Role::orange, 16, this);
+        edit = new SymbolButton(
+            "pencil", Role::secondary, this);
+        edit->setObjectName("edit");)"),
+                ElementsAre("exclamationmark.triangle.fill", "pencil", "plus"));
+}
+
+TEST(Symbols, OfTheProgramAllHaveADrawing) {
+    for (const std::string& name : symbolsOfTheProgram()) {
+        EXPECT_TRUE(symbolExists(name)) << name;
+    }
+}
+
+TEST(Symbols, AnUnknownNameHasNone) {
+    EXPECT_FALSE(symbolExists("hand.of.three.fingers"));
+    EXPECT_FALSE(symbolExists(""));
+}
+
+TEST(Symbols, AreReadByTheRendererWithoutComplaint) {
+    ASSERT_THAT(drawings(), Not(IsEmpty()));
+    for (const QString& drawing : drawings()) {
+        SCOPED_TRACE(drawing.toStdString());
+        QSvgRenderer renderer(contentsOf(":/symbols/" + drawing));
+        EXPECT_TRUE(renderer.isValid());
+        EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, 16, 16));
+    }
+}
+
+// Whoever draws a symbol says in which colour.
+TEST(Symbols, HaveNoColourOfTheirOwn) {
+    static const QRegularExpression paint(R"re(\b(fill|stroke|color)\s*[=:]\s*"?([^";]*))re");
+    for (const QString& drawing : drawings()) {
+        const QString text = QString::fromUtf8(contentsOf(":/symbols/" + drawing));
+        for (auto found = paint.globalMatch(text); found.hasNext();) {
+            const QString value = found.next().captured(2);
+            EXPECT_TRUE(value == "currentColor" || value == "none")
+                << nameOf(drawing) << ": " << value.toStdString();
+        }
+    }
+}
+
+TEST(Symbols, StayInTheirBoxAndFillItAtEverySize) {
+    for (const QString& drawing : drawings()) {
+        for (const int points : {12, 16, 22, 32}) {
+            for (const double ratio : {1.0, 1.5, 2.0}) {
+                SCOPED_TRACE(nameOf(drawing) + " at " + std::to_string(points) + " points, " +
+                             std::to_string(ratio) + " pixels each");
+                const Ink seen = inkOf(drawn(nameOf(drawing), points, ratio));
+                const double edge = points * ratio;
+                const QRect box = QRectF(edge, edge, edge, edge).toAlignedRect();
+                EXPECT_TRUE(box.contains(seen.bounds)) << described(seen.bounds);
+                // The longer side of the smallest, a chevron, is more than half of the box.
+                EXPECT_GE(qMax(seen.bounds.width(), seen.bounds.height()), 0.6 * edge);
+                EXPECT_GE(seen.covered, 0.04 * edge * edge);
+                EXPECT_EQ(seen.otherShades, 0);
+            }
+        }
+    }
+}
+
+// Two gestures of different kinds must not look the same.
+TEST(Symbols, AllDiffer) {
+    const QStringList names = drawings();
+    for (int one = 0; one < names.size(); ++one) {
+        for (int other = one + 1; other < names.size(); ++other) {
+            EXPECT_NE(drawn(nameOf(names[one]), 16, 1), drawn(nameOf(names[other]), 16, 1))
+                << nameOf(names[one]) << " and " << nameOf(names[other]);
+        }
+    }
+}
+
+} // namespace
+} // namespace glidemap
