@@ -4,7 +4,7 @@
 // Units:   positions in pad units, 0..1 from the pad's left and top edges; a ring's radius in units
 //          of the pad's height; times in seconds since the start of the loop; opacities 0..1.
 // Thread:  any; pure functions.
-// Errors:  none.
+// Errors:  none. A time that is not a number is taken for the start of the loop.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -43,6 +43,9 @@ struct Frame {
 };
 
 Frame frame(GestureType gesture, double t);
+
+// How far a movement has come at this share of its time, which counts as 0..1: slow at both ends.
+double smoothstep(double x);
 
 // How far a finger has faded in: 0 outside the span, 1 once `fade` seconds lie between t and both
 // its ends.

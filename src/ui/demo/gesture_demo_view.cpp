@@ -1,13 +1,31 @@
 #include "ui/demo/gesture_demo_view.h"
 
+#include "gesture_demo_accessible.h"
 #include "ui/demo/draw_gesture_demo.h"
+#include "ui/demo/gesture_demo.h"
+#include "ui/demo/still_moment.h"
 
 #include <QPainter>
+#include <QWindow>
+#include <chrono>
+#include <cmath>
 
 namespace glidemap {
 
-GestureDemoView::GestureDemoView(GestureType shown, QWidget* parent)
-    : QWidget(parent), gesture(shown) {
+namespace {
+
+constexpr std::chrono::milliseconds frameInterval{25};
+
+} // namespace
+
+GestureDemoView::GestureDemoView(GestureType shown, QWidget* parent, Clock clock)
+    : QWidget(parent), gesture(shown), now(std::move(clock)), untilNextFrame(this) {
+    demo::announceDemosAsAnimations();
+    setFocusPolicy(Qt::NoFocus);
+    untilNextFrame.setTimerType(Qt::PreciseTimer);
+    untilNextFrame.setSingleShot(true);
+    untilNextFrame.setInterval(frameInterval);
+    connect(&untilNextFrame, &QTimer::timeout, this, [this] { update(); });
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
 }
 
@@ -16,9 +34,38 @@ void GestureDemoView::setGesture(GestureType shown) {
     update();
 }
 
+double GestureDemoView::secondsSinceReferenceDate() {
+    using namespace std::chrono;
+    constexpr sys_days reference = year{2001} / January / 1;
+    return duration<double>(system_clock::now() - reference).count();
+}
+
 void GestureDemoView::paintEvent(QPaintEvent* /*event*/) {
+    if (Theme::shared().reducesMotion() || !canBeSeen()) {
+        untilNextFrame.stop();
+    } else {
+        untilNextFrame.start(); // before drawing, whose time is part of the interval
+    }
     QPainter painter(this);
-    demo::draw(gesture, 0, painter, size());
+    demo::draw(gesture, moment(), painter, size());
+}
+
+void GestureDemoView::hideEvent(QHideEvent* /*event*/) {
+    untilNextFrame.stop();
+}
+
+double GestureDemoView::moment() const {
+    if (Theme::shared().reducesMotion()) {
+        return demo::stillMoment(gesture);
+    }
+    const double sinceTheLast = std::fmod(now(), demo::loopDuration);
+    return sinceTheLast < 0 ? sinceTheLast + demo::loopDuration : sinceTheLast;
+}
+
+// Pictures may be taken of what is not on the screen.
+bool GestureDemoView::canBeSeen() const {
+    const QWindow* const handle = window()->windowHandle();
+    return isVisible() && handle != nullptr && handle->isExposed();
 }
 
 } // namespace glidemap

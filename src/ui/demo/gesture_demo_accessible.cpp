@@ -1,0 +1,24 @@
+#include "gesture_demo_accessible.h"
+
+#include "ui/demo/gesture_demo_view.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace glidemap::demo {
+
+namespace {
+
+// Asked for every kind of widget there is; nothing is for somebody else to answer.
+QAccessibleInterface* accessibleDemo(const QString& /*className*/, QObject* object) {
+    auto* const view = dynamic_cast<GestureDemoView*>(object);
+    return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Animation);
+}
+
+} // namespace
+
+void announceDemosAsAnimations() {
+    QAccessible::installFactory(accessibleDemo);
+}
+
+} // namespace glidemap::demo

@@ -1,0 +1,77 @@
+// Fingers that land and leave again where they are: they appear large and shrink onto the pad.
+#include "motions.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+
+namespace glidemap::demo {
+
+namespace {
+
+struct Window {
+    double start;
+    double end;
+};
+
+// How far the fingers are down: fully after a tenth of a second, and until a tenth before the end.
+double pressLevel(double t, std::initializer_list<Window> windows) {
+    constexpr double fade = 0.1;
+    double level = 0;
+    for (const Window& window : windows) {
+        level = std::max(level, env(t, window.start, window.end, fade));
+    }
+    return level;
+}
+
+Frame landingHand(int count, double level) {
+    return {.fingers =
+                fingersAt(hand(count, padCenter, restingSpacing), level, 1 + 0.25 * (1 - level)),
+            .trail = {},
+            .ring = {}};
+}
+
+// A single finger falls from a little higher.
+Finger landingFinger(Point where, double level) {
+    return {where, level, 1 + 0.3 * (1 - level)};
+}
+
+constexpr std::array<Point, 4> besideTheFixedFinger = {{
+    {0.76, 0.52},
+    {0.24, 0.52},
+    {0.5, 0.26},
+    {0.5, 0.78},
+}};
+
+constexpr std::array<Point, 4> corners = {{
+    {0.12, 0.17},
+    {0.88, 0.17},
+    {0.12, 0.83},
+    {0.88, 0.83},
+}};
+
+} // namespace
+
+Frame tap(GestureType gesture, double t) {
+    return landingHand(fingersFromTwo(GestureType::twoFingerTap, gesture),
+                       pressLevel(t, {{0.9, 1.5}}));
+}
+
+Frame doubleTap(GestureType gesture, double t) {
+    return landingHand(fingersFromTwo(GestureType::twoFingerDoubleTap, gesture),
+                       pressLevel(t, {{0.7, 1.05}, {1.3, 1.65}}));
+}
+
+Frame fixAndTap(GestureType gesture, double t) {
+    const Point where = besideTheFixedFinger[placeFrom(GestureType::fixAndTapRight, gesture)];
+    const Finger fixed = {{0.5, 0.52}, env(t, 0.2, 2.4, 0.18)};
+    return {
+        .fingers = {fixed, landingFinger(where, env(t, 1.0, 1.5, 0.12))}, .trail = {}, .ring = {}};
+}
+
+Frame cornerTap(GestureType gesture, double t) {
+    const Point corner = corners[placeFrom(GestureType::cornerTapTopLeft, gesture)];
+    return {.fingers = {landingFinger(corner, env(t, 0.9, 1.5, 0.12))}, .trail = {}, .ring = {}};
+}
+
+} // namespace glidemap::demo
