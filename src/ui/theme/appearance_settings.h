@@ -25,6 +25,10 @@ public:
     // Whether things should stand still that need not move.
     virtual bool reducesMotion() const = 0;
 
+    // Whether windows can be translucent and have soft edges. Asked each time one opens; no change
+    // of it is announced.
+    virtual bool composites() const { return true; }
+
     virtual Observable& changes() = 0;
 };
 

@@ -27,7 +27,7 @@ enum class Role {
     secondary, // what explains or is less important
     tertiary,  // placeholders, hints of what is off
     accent,
-    onAccent, // text on the accent colour
+    onAccent, // text on the accent ground
     red,
     orange,
     blue,
@@ -39,7 +39,11 @@ enum class Role {
     separator, // lines
     hover,     // laid over the ground beneath the pointer
     pressed,
-    selection, // laid over the ground of the selected row
+    selection,    // laid over the ground of the selected row
+    accentGround, // what is filled with the accent colour and bears `onAccent`
+    outline,      // the edge of what can be changed
+    track,        // the ground in which a knob or a chosen segment slides
+    knob,
 };
 
 enum class TextStyle {
@@ -66,9 +70,13 @@ public:
     bool isDark() const { return colorScheme() == ColorScheme::dark; }
     bool reducesMotion() const;
 
+    // Whether what lies behind a window shows through where the window is translucent.
+    bool composites() const;
+
     // Pins the appearance, whatever the desktop says; with nothing the desktop's holds again.
     void pin(std::optional<ColorScheme> scheme);
     void pinReducedMotion(std::optional<bool> reduced);
+    void pinCompositing(std::optional<bool> composites);
 
     QColor color(Role role) const;
     // The same colour with this opacity, 0..1.
@@ -80,16 +88,22 @@ public:
     Observable& changes() { return observers; }
 
 private:
+    class DesktopWatch;
+
     explicit Theme(std::shared_ptr<AppearanceSettings> asked);
+    ~Theme();
     void refresh();
+    void readDesktop();
 
     std::shared_ptr<AppearanceSettings> settings;
     Subscription toSettings;
-    QApplication* dressed = nullptr;
     ColorScheme desktopPalette = ColorScheme::light; // what the desktop's own palette amounts to
     QFont desktopFont;
+    std::unique_ptr<DesktopWatch> watch;
+    bool isDressing = false;
     std::optional<ColorScheme> pinnedScheme;
     std::optional<bool> pinnedMotion;
+    std::optional<bool> pinnedCompositing;
     Observable observers;
 };
 

@@ -1,0 +1,141 @@
+#include "ui/controls/form_section.h"
+
+#include "ui/controls/styled_label.h"
+#include "ui/theme/style/paint.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace glidemap {
+
+namespace {
+
+constexpr double cardRadius = 10;
+constexpr int sidePadding = 12;
+constexpr int rowPadding = 8;
+constexpr int leastRowHeight = 44;
+constexpr int headingGap = 6;
+
+} // namespace
+
+// The lines are drawn above each row that has a shown one before it, so they need no widgets that
+// would have to be hidden with the rows.
+class FormSection::Card : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const QRectF shape = style::snapped(painter, rect());
+        style::fillRounded(painter, shape, cardRadius, style::color(Role::card));
+        style::strokeRounded(painter, shape, cardRadius, style::hairline(painter),
+                             style::color(Role::separator));
+        bool isFirst = true;
+        for (int index = 0; index < layout()->count(); ++index) {
+            const QWidget* row = layout()->itemAt(index)->widget();
+            if (row->isHidden()) {
+                continue;
+            }
+            if (!isFirst) {
+                QRectF line = style::snapped(
+                    painter, QRectF(sidePadding, row->y(), width() - 2 * sidePadding, 1));
+                line.setHeight(style::hairline(painter));
+                painter.fillRect(line, style::color(Role::separator));
+            }
+            isFirst = false;
+        }
+    }
+};
+
+class FormSection::Row : public QWidget {
+public:
+    explicit Row(QWidget* parent) : QWidget(parent), column(new QVBoxLayout(this)) {
+        column->setContentsMargins(sidePadding, rowPadding, sidePadding, rowPadding);
+        column->setSpacing(rowPadding);
+    }
+
+    void add(QWidget* widget) { column->addWidget(widget); }
+
+    void addPair(QWidget* label, QWidget* control) {
+        auto* line = new QHBoxLayout;
+        line->setSpacing(12);
+        line->addWidget(label);
+        line->addStretch(1);
+        line->addWidget(control);
+        column->addLayout(line);
+        setMinimumHeight(leastRowHeight);
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) {
+            parentWidget()->update(); // the lines follow
+        }
+        return QWidget::event(event);
+    }
+
+private:
+    QVBoxLayout* column;
+};
+
+FormSection::FormSection(QWidget* parent)
+    : QWidget(parent), heading(new StyledLabel(TextStyle::headline, Role::primary, this)),
+      card(new Card(this)), rows(new QVBoxLayout(card)) {
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(headingGap);
+    heading->setContentsMargins(2, 0, 0, 0);
+    heading->hide();
+    column->addWidget(heading);
+    column->addWidget(card);
+    toTheme = Theme::shared().changes().subscribe({}, [this] { card->update(); });
+}
+
+void FormSection::setTitle(const QString& title) {
+    heading->setText(title);
+    heading->setVisible(!title.isEmpty());
+    setAccessibleName(title);
+}
+
+QString FormSection::title() const {
+    return heading->text();
+}
+
+FormSection::Row* FormSection::newRow() {
+    auto* row = new Row(card);
+    rows->addWidget(row);
+    return row;
+}
+
+QWidget* FormSection::addRow(QWidget* label, QWidget* control) {
+    Row* row = newRow();
+    row->addPair(label, control);
+    if (auto* text = dynamic_cast<QLabel*>(label); text != nullptr) {
+        text->setBuddy(control);
+    }
+    return row;
+}
+
+QWidget* FormSection::addWidget(QWidget* widget) {
+    Row* row = newRow();
+    row->add(widget);
+    return row;
+}
+
+QWidget* FormSection::addToLastRow(QWidget* widget) {
+    const int count = rows->count();
+    if (count == 0) {
+        return addWidget(widget);
+    }
+    auto* row = static_cast<Row*>(rows->itemAt(count - 1)->widget());
+    row->add(widget);
+    return row;
+}
+
+} // namespace glidemap

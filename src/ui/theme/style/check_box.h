@@ -1,0 +1,25 @@
+// Check boxes and radio buttons.
+//
+// Thread:  the main thread.
+#pragma once
+
+#include <QRect>
+#include <QSize>
+
+class QPainter;
+class QStyleOption;
+class QStyleOptionButton;
+
+namespace glidemap::style {
+
+enum class Mark { check, radio };
+
+// Only the box or circle, in the given place.
+void drawIndicator(QPainter& painter, const QStyleOption& option, const QRectF& place, Mark mark);
+
+void drawMarkedButton(QPainter& painter, const QStyleOptionButton& option, Mark mark);
+QRect indicatorRect(const QStyleOption& option);
+QRect indicatorLabelRect(const QStyleOption& option);
+QSize markedButtonSize(const QStyleOptionButton& option);
+
+} // namespace glidemap::style

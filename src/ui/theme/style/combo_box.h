@@ -1,0 +1,26 @@
+// Pickers: a button that shows what is chosen, with a pair of chevrons, and a list that opens below.
+//
+// Thread:  the main thread.
+#pragma once
+
+#include <QRect>
+#include <QSize>
+
+class QPainter;
+class QStyleOptionComboBox;
+class QWidget;
+
+namespace glidemap::style {
+
+void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option);
+void drawComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option);
+
+QRect comboBoxTextRect(const QStyleOptionComboBox& option);
+QRect comboBoxArrowRect(const QStyleOptionComboBox& option);
+QRect comboBoxListRect(const QStyleOptionComboBox& option);
+QSize comboBoxSize(const QSize& contents);
+
+// Whether the widget is the frame around a picker's open list, or a view in it.
+bool isComboBoxList(const QWidget* widget);
+
+} // namespace glidemap::style

@@ -1,0 +1,129 @@
+#include "ui/theme/style/push_button.h"
+
+#include "ui/theme/style/paint.h"
+
+#include <QLinearGradient>
+#include <QStyleOption>
+#include <QWidget>
+#include <algorithm>
+
+namespace glidemap::style {
+
+namespace {
+
+constexpr int sidePadding = 14;
+constexpr int minimumWidth = 68;
+constexpr int iconGap = 6;
+
+bool isProminent(const QStyleOptionButton& option, const QWidget* widget) {
+    return option.features.testFlag(QStyleOptionButton::DefaultButton) ||
+           (widget != nullptr && widget->property("prominent").toBool());
+}
+
+ButtonLook lookOf(const QStyleOptionButton& option, const QWidget* widget) {
+    ButtonLook look;
+    look.isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    look.isHovered = option.state.testFlag(QStyle::State_MouseOver);
+    look.isPressed =
+        option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_On);
+    look.isProminent = isProminent(option, widget);
+    return look;
+}
+
+void drawPlainGround(QPainter& painter, const QRectF& shape, const ButtonLook& look) {
+    const bool isDark = Theme::shared().isDark();
+    const double line = hairline(painter);
+    if (look.isEnabled && !isDark) { // a thin shadow lifts it off the ground
+        fillRounded(painter, shape.translated(0, line), controlRadius, QColor(0, 0, 0, 20));
+    }
+    fillRounded(painter, shape, controlRadius, color(Role::field, look.isEnabled ? 1 : 0.5));
+    if (look.isEnabled && (look.isPressed || look.isHovered)) {
+        fillRounded(painter, shape, controlRadius,
+                    color(look.isPressed ? Role::pressed : Role::hover));
+    }
+    strokeRounded(painter, shape, controlRadius, line,
+                  color(Role::outline, look.isEnabled ? 1 : 0.5));
+}
+
+void drawProminentGround(QPainter& painter, const QRectF& shape, const ButtonLook& look) {
+    const QColor base = color(Role::accentGround);
+    const int percent = look.isPressed ? 115 : 100;
+    const QColor ground = look.isHovered && !look.isPressed ? base.lighter(106) : base;
+    QLinearGradient shade(shape.topLeft(), shape.bottomLeft());
+    shade.setColorAt(0, ground.darker(percent).lighter(104));
+    shade.setColorAt(1, ground.darker(percent));
+    fillRounded(painter, shape, controlRadius, shade);
+    strokeRounded(painter, shape, controlRadius, hairline(painter), QColor(0, 0, 0, 30));
+}
+
+// The icon in the text's own colour, so that one that was made for a plain button can be read on a
+// prominent one too.
+QPixmap tinted(QPixmap pixmap, const QColor& tint) {
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), tint);
+    return pixmap;
+}
+
+QColor textColor(const ButtonLook& look, const QStyleOptionButton& option) {
+    if (!look.isEnabled) {
+        return color(Role::tertiary);
+    }
+    return look.isProminent ? color(Role::onAccent) : option.palette.color(QPalette::ButtonText);
+}
+
+} // namespace
+
+void drawButtonGround(QPainter& painter, const QRectF& shape, const ButtonLook& look) {
+    if (look.isProminent && look.isEnabled) {
+        drawProminentGround(painter, shape, look);
+    } else {
+        drawPlainGround(painter, shape, look);
+    }
+}
+
+void drawPushButton(QPainter& painter, const QStyleOptionButton& option, const QWidget* widget) {
+    const QRectF inner =
+        QRectF(option.rect).adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin);
+    const QRectF shape = snapped(painter, inner);
+    drawButtonGround(painter, shape, lookOf(option, widget));
+    if (showsFocus(option)) {
+        drawFocusRing(painter, shape, controlRadius);
+    }
+}
+
+void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& option,
+                         const QWidget* widget) {
+    const ButtonLook look = lookOf(option, widget);
+    const QColor tint = textColor(look, option);
+    const QRect inner = option.rect.adjusted(ringMargin + 4, 0, -ringMargin - 4, 0);
+    const int iconWidth = option.icon.isNull() ? 0 : option.iconSize.width();
+    const int gap = iconWidth > 0 && !option.text.isEmpty() ? iconGap : 0;
+    const int room = std::max(0, inner.width() - iconWidth - gap);
+    constexpr int flags = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextHideMnemonic;
+    const QString text = option.fontMetrics.elidedText(option.text, Qt::ElideRight, room, flags);
+    const int textWidth = option.fontMetrics.size(flags, text).width();
+    int x = inner.left() + (inner.width() - iconWidth - gap - textWidth) / 2;
+    if (iconWidth > 0) {
+        const QRect place(x, inner.center().y() + 1 - option.iconSize.height() / 2, iconWidth,
+                          option.iconSize.height());
+        const double ratio = painter.device()->devicePixelRatioF();
+        const QPixmap icon = option.icon.pixmap(option.iconSize, ratio);
+        painter.drawPixmap(place, look.isProminent && look.isEnabled ? tinted(icon, tint) : icon);
+        x += iconWidth + gap;
+    }
+    painter.setPen(tint);
+    painter.drawText(QRect(x, inner.top(), textWidth + 2, inner.height()), flags, text);
+}
+
+QSize pushButtonSize(const QStyleOptionButton& option, const QSize& contents) {
+    const int gap = !option.icon.isNull() && !option.text.isEmpty() ? iconGap - 4 : 0;
+    const bool isOnlyIcon = option.text.isEmpty();
+    const int least = isOnlyIcon ? controlHeight : minimumWidth;
+    const int padding = isOnlyIcon ? 6 : sidePadding;
+    return QSize(std::max(least, contents.width() + gap + 2 * padding),
+                 std::max(controlHeight, contents.height() + 8)) +
+           QSize(2 * ringMargin, 2 * ringMargin);
+}
+
+} // namespace glidemap::style

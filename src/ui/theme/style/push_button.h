@@ -1,0 +1,29 @@
+// Push buttons: plain, and prominent ones (the default one, and those with the property "prominent").
+//
+// Thread:  the main thread.
+#pragma once
+
+#include <QRectF>
+#include <QSize>
+
+class QPainter;
+class QStyleOptionButton;
+class QWidget;
+
+namespace glidemap::style {
+
+// The ground of anything that looks like a button.
+struct ButtonLook {
+    bool isEnabled = true;
+    bool isHovered = false;
+    bool isPressed = false;
+    bool isProminent = false;
+};
+void drawButtonGround(QPainter& painter, const QRectF& shape, const ButtonLook& look);
+
+void drawPushButton(QPainter& painter, const QStyleOptionButton& option, const QWidget* widget);
+void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& option,
+                         const QWidget* widget);
+QSize pushButtonSize(const QStyleOptionButton& option, const QSize& contents);
+
+} // namespace glidemap::style

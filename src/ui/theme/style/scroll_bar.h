@@ -1,0 +1,22 @@
+// Scroll bars: a thin rounded handle without a groove, which grows beneath the pointer.
+//
+// Thread:  the main thread.
+#pragma once
+
+#include <QRect>
+#include <QStyle>
+
+class QPainter;
+class QStyleOptionSlider;
+
+namespace glidemap::style {
+
+constexpr int scrollBarExtent = 12;
+constexpr int scrollBarLeastHandle = 28;
+
+void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& handle);
+
+// There are no arrows: the groove takes the whole bar.
+QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part);
+
+} // namespace glidemap::style
