@@ -1,0 +1,70 @@
+// The program's own icon is a tile of several colours at each size, filled to its edges and
+// transparent in its corners.
+#include "ui/theme/application_icon.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QIcon>
+#include <QImage>
+#include <set>
+
+namespace glidemap {
+namespace {
+
+// Pixmaps need an application. The tests' main makes one where another test needs it too.
+void needApplication() {
+    if (QCoreApplication::instance() == nullptr) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int count = 1;
+        static char name[] = "test";
+        static char* arguments[] = {name, nullptr};
+        static QApplication application(count, arguments);
+    }
+}
+
+QImage iconOf(int pixels) {
+    return applicationIcon().pixmap(QSize(pixels, pixels), 1.0).toImage();
+}
+
+int hues(const QImage& image) {
+    std::set<int> found;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.alpha() == 255 && color.saturation() > 60) {
+                found.insert(color.hue() / 30);
+            }
+        }
+    }
+    return static_cast<int>(found.size());
+}
+
+bool hasWhite(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == QColor(Qt::white)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+TEST(ApplicationIcon, IsDrawnAtEverySizeThatIsAskedFor) {
+    needApplication();
+    for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        SCOPED_TRACE(pixels);
+        const QImage image = iconOf(pixels);
+        ASSERT_EQ(image.size(), QSize(pixels, pixels));
+        EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0);
+        EXPECT_EQ(image.pixelColor(pixels - 1, pixels - 1).alpha(), 0);
+        EXPECT_GT(image.pixelColor(pixels / 2, pixels / 8).alpha(), 240);
+        EXPECT_GT(image.pixelColor(pixels / 8, pixels / 2).alpha(), 240);
+        EXPECT_GE(hues(image), 2) << "the tile and what is drawn on it";
+        EXPECT_TRUE(hasWhite(image)) << "the hand";
+    }
+}
+
+} // namespace
+} // namespace glidemap
