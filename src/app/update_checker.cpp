@@ -1,10 +1,30 @@
 #include "app/update_checker.h"
 
+#include "app/https_fetch.h"
+#include "app/update_manifest.h"
+#include "app/version_order.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QTimer>
 #include <utility>
 
 namespace glidemap {
 
-struct UpdateChecker::Network {};
+namespace {
+
+// A body counts whatever the transport has to say about it, as long as it is a manifest.
+UpdateResult resultOf(const Fetched& fetched, const std::string& running) {
+    if (auto version = versionInManifest(fetched.body)) {
+        return isNewerVersion(*version, running) ? std::move(version) : std::nullopt;
+    }
+    if (fetched.transportError) {
+        return UpdateError{UpdateError::Kind::transport, *fetched.transportError};
+    }
+    return UpdateError{UpdateError::Kind::badServerResponse, "not a manifest"};
+}
+
+} // namespace
 
 std::shared_ptr<UpdateChecker> UpdateChecker::create(Setup setup) {
     return std::shared_ptr<UpdateChecker>(new UpdateChecker(std::move(setup)));
@@ -13,12 +33,43 @@ std::shared_ptr<UpdateChecker> UpdateChecker::create(Setup setup) {
 UpdateChecker::UpdateChecker(Setup given) : setup(std::move(given)) {}
 UpdateChecker::~UpdateChecker() = default;
 
-void UpdateChecker::start() {}
+void UpdateChecker::start() {
+    check();
+    timer = setup.repeat(interval, [weak = weak_from_this()] {
+        if (const auto checker = weak.lock()) {
+            checker->check();
+        }
+    });
+}
 
-void UpdateChecker::check(Completion /*completion*/) {}
+void UpdateChecker::check(Completion completion) {
+    if (!setup.currentVersion) {
+        if (completion) {
+            completion(std::optional<std::string>());
+        }
+        return;
+    }
+    setup.fetch(versionURL(), [weak = weak_from_this(), running = *setup.currentVersion,
+                               completion = std::move(completion)](const Fetched& fetched) {
+        const UpdateResult result = resultOf(fetched, running);
+        const auto* const newer = std::get_if<std::optional<std::string>>(&result);
+        if (const auto checker = weak.lock(); checker && newer != nullptr) {
+            checker->setLatestVersion(*newer);
+        }
+        if (completion) {
+            completion(result);
+        }
+    });
+}
 
-bool UpdateChecker::isNewer(std::string_view /*version*/, std::string_view /*other*/) {
-    return false;
+void UpdateChecker::setLatestVersion(const std::optional<std::string>& version) {
+    observers.announceWillChange();
+    _latestVersion = version;
+    observers.announceDidChange();
+}
+
+bool UpdateChecker::isNewer(std::string_view version, std::string_view other) {
+    return isNewerVersion(version, other);
 }
 
 std::string UpdateChecker::defaultHost() {
@@ -27,6 +78,22 @@ std::string UpdateChecker::defaultHost() {
 
 std::optional<std::string> UpdateChecker::runningVersion() {
     return GLIDEMAP_VERSION;
+}
+
+Fetch UpdateChecker::overHttps() {
+    return httpsFetch();
+}
+
+// It may come a minute early or late: the system can then wake the machine up for several things at
+// once.
+UpdateChecker::Repeat UpdateChecker::onTheMainLoop() {
+    return [](std::chrono::seconds interval, std::function<void()> block) {
+        auto* const timer = new QTimer(QCoreApplication::instance());
+        timer->setTimerType(Qt::VeryCoarseTimer);
+        timer->callOnTimeout(timer, std::move(block));
+        timer->start(interval);
+        return std::make_shared<const QPointer<QTimer>>(timer);
+    };
 }
 
 } // namespace glidemap

@@ -1,0 +1,178 @@
+#include "app/https_fetch.h"
+
+#include <QCoreApplication>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QSslConfiguration>
+#include <QTimer>
+#include <QUrl>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+using Done = std::function<void(const Fetched&)>;
+
+constexpr int mostRedirects = 10;
+constexpr qint64 readAtOnce = 64L * 1024;
+
+QNetworkRequest requestFor(const QUrl& url, const HttpsFetchSetup& setup) {
+    using Request = QNetworkRequest;
+    Request request(url);
+    request.setHeader(Request::UserAgentHeader, "Glidemap/" GLIDEMAP_VERSION);
+    // As it is on the way: what is small when compressed could be very large afterwards.
+    request.setRawHeader("Accept-Encoding", "identity");
+    request.setAttribute(Request::CacheLoadControlAttribute, Request::AlwaysNetwork);
+    request.setAttribute(Request::CacheSaveControlAttribute, false);
+    request.setAttribute(Request::CookieLoadControlAttribute, Request::Manual);
+    request.setAttribute(Request::CookieSaveControlAttribute, Request::Manual);
+    request.setAttribute(Request::AuthenticationReuseAttribute, Request::Manual);
+    request.setAttribute(Request::Http2AllowedAttribute, false);
+    request.setAttribute(Request::RedirectPolicyAttribute, Request::NoLessSafeRedirectPolicy);
+    request.setMaximumRedirectsAllowed(mostRedirects);
+    QSslConfiguration security = QSslConfiguration::defaultConfiguration();
+    if (!setup.authorities.isEmpty()) {
+        security.setCaCertificates(setup.authorities);
+    }
+    request.setSslConfiguration(security);
+    return request;
+}
+
+// Qt reports an HTTP status of 400 and above as an error: by the kind of the status, in these two
+// ranges.
+bool isStatus(QNetworkReply::NetworkError error) {
+    return (error >= QNetworkReply::ContentAccessDenied &&
+            error <= QNetworkReply::UnknownContentError) ||
+           (error >= QNetworkReply::InternalServerError &&
+            error <= QNetworkReply::UnknownServerError);
+}
+
+// A redirect that is not followed has a body, too; it is not from where we asked for.
+bool isRefusedRedirect(QNetworkReply::NetworkError error) {
+    return error == QNetworkReply::InsecureRedirectError ||
+           error == QNetworkReply::TooManyRedirectsError ||
+           error == QNetworkReply::ProtocolUnknownError;
+}
+
+// One fetch, from the request to its end. Has a manager of its own: with it everything of the
+// network goes, its thread included.
+class Exchange : public QObject {
+public:
+    Exchange(HttpsFetchSetup given, Done then) : setup(std::move(given)), done(std::move(then)) {}
+
+    void begin(const QUrl& url);
+
+private:
+    void limit(QTimer& timer, std::chrono::milliseconds time, const char* reason);
+    void receiveHeader();
+    void receive();
+    void giveUp(const QString& reason);
+    void finish();
+    Fetched outcome() const;
+
+    const HttpsFetchSetup setup;
+    Done done;
+    QNetworkAccessManager manager;
+    QNetworkReply* reply = nullptr;
+    QTimer silence;
+    QTimer whole;
+    QByteArray body;
+    bool tooLarge = false;
+    QString reason; // why we ended it ourselves
+};
+
+void Exchange::begin(const QUrl& url) {
+    reply = manager.get(requestFor(url, setup));
+    reply->setReadBufferSize(readAtOnce);
+    limit(silence, setup.silence, "the server is silent");
+    limit(whole, setup.whole, "the server takes too long");
+    connect(reply, &QNetworkReply::metaDataChanged, this, [this] { receiveHeader(); });
+    connect(reply, &QNetworkReply::redirected, this, [this] { silence.start(); });
+    connect(reply, &QNetworkReply::readyRead, this, [this] { receive(); });
+    // Queued, because some failures are there before anyone can listen.
+    connect(
+        reply, &QNetworkReply::finished, this, [this] { finish(); }, Qt::QueuedConnection);
+    if (reply->isFinished()) {
+        QMetaObject::invokeMethod(
+            this, [this] { finish(); }, Qt::QueuedConnection);
+    }
+    // There is nobody to tell when the program ends.
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            [this] { delete this; });
+}
+
+void Exchange::limit(QTimer& timer, std::chrono::milliseconds time, const char* text) {
+    timer.setSingleShot(true);
+    timer.callOnTimeout(this, [this, text] { giveUp(text); });
+    timer.start(time);
+}
+
+void Exchange::receiveHeader() {
+    silence.start();
+    tooLarge = tooLarge ||
+               reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > setup.largestBody;
+    if (tooLarge) {
+        giveUp("the answer is too large");
+    }
+}
+
+void Exchange::receive() {
+    silence.start();
+    body += reply->readAll();
+    tooLarge = tooLarge || body.size() > setup.largestBody;
+    if (tooLarge) {
+        giveUp("the answer is too large");
+    }
+}
+
+void Exchange::giveUp(const QString& text) {
+    if (reason.isEmpty()) {
+        reason = text;
+        reply->abort();
+    }
+}
+
+// The network goes first: whoever is told may take his time, showing an alert.
+void Exchange::finish() {
+    if (!done) {
+        return;
+    }
+    if (reply->isOpen()) {
+        receive();
+    }
+    deleteLater();
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [tell = std::exchange(done, {}), fetched = outcome()] { tell(fetched); },
+        Qt::QueuedConnection);
+}
+
+Fetched Exchange::outcome() const {
+    const auto error = reply->error();
+    Fetched fetched;
+    if (!tooLarge && !isRefusedRedirect(error)) {
+        fetched.body = body.toStdString();
+    }
+    if (!reason.isEmpty()) {
+        fetched.transportError = reason.toStdString();
+    } else if (error != QNetworkReply::NoError && !isStatus(error)) {
+        fetched.transportError = reply->errorString().toStdString();
+    }
+    return fetched;
+}
+
+} // namespace
+
+Fetch httpsFetch(HttpsFetchSetup setup) {
+    return [setup = std::move(setup)](const std::string& text, Done done) {
+        const QUrl url(QString::fromStdString(text), QUrl::StrictMode);
+        if (!url.isValid() || url.scheme() != "https" || url.host().isEmpty()) {
+            qFatal("not an address to fetch from: %s", text.c_str());
+        }
+        (new Exchange(setup, std::move(done)))->begin(url);
+    };
+}
+
+} // namespace glidemap
