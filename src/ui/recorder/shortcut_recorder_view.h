@@ -1,6 +1,7 @@
 // The row in which a keyboard shortcut is recorded: after a click the next key press anywhere in the
 // program becomes the shortcut, and reaches nothing else. Escape alone cancels.
 //
+// Units:   points.
 // Thread:  the main thread.
 // Owner:   its parent; the keys outlive it. While it goes, or is hidden, recording stops.
 // Errors:  none. A key that has no virtual key code is swallowed, and the recorder goes on waiting.
@@ -9,17 +10,22 @@
 #include "bindings/key_shortcut.h"
 #include "core/lang.h"
 #include "ui/recorder/hardware_keys.h"
+#include "ui/recorder/key_monitor.h"
 
 #include <QWidget>
 #include <functional>
 #include <optional>
 
+class QKeyEvent;
+class QLabel;
 class QPushButton;
 
 namespace glidemap {
 
 class ShortcutRecorderView : public QWidget {
 public:
+    static constexpr int smallestLabel = 160;
+
     ShortcutRecorderView(const HardwareKeys& hardware, Lang& language, QWidget* parent = nullptr);
     ~ShortcutRecorderView() override;
 
@@ -33,11 +39,25 @@ public:
     void stopRecording();
     bool isRecording() const { return recording; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
+    void press(const QKeyEvent& event);
+    void record(const KeyShortcut& shortcut);
+    void retitle();
+    void makeButtonWideEnough();
+    QString buttonText() const;
+
     const HardwareKeys& keys;
     Lang& lang;
+    QLabel* label;
+    QPushButton* button;
     std::optional<KeyShortcut> recorded;
     bool recording = false;
+    KeyMonitor monitor;
+    Subscription toLanguage;
 };
 
 } // namespace glidemap

@@ -1,0 +1,89 @@
+#include "ui/recorder/key_monitor.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace glidemap {
+
+void KeyMonitor::start() {
+    running = true;
+    if (!installed) {
+        qApp->installEventFilter(this);
+        installed = true;
+    }
+}
+
+void KeyMonitor::stop() {
+    running = false;
+    removeIfDone();
+}
+
+void KeyMonitor::remove() {
+    taken.clear();
+    stop();
+}
+
+void KeyMonitor::removeIfDone() {
+    if (installed && !running && taken.empty()) {
+        qApp->removeEventFilter(this);
+        installed = false;
+    }
+}
+
+// A key is the same one by its place, whatever it means while a modifier is held. Only events that
+// no keyboard has made do not know theirs.
+KeyMonitor::Key KeyMonitor::keyOf(const QKeyEvent& event) {
+    const std::uint32_t scanCode = event.nativeScanCode();
+    return {scanCode, scanCode != 0 ? 0 : event.key()};
+}
+
+bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (takesOverride(*static_cast<QKeyEvent*>(event))) {
+            event->accept(); // as a key of ours, and not as anybody's shortcut
+            return true;
+        }
+        return false;
+    case QEvent::KeyPress:
+        return takesPress(*static_cast<QKeyEvent*>(event));
+    case QEvent::KeyRelease:
+        return takesRelease(*static_cast<QKeyEvent*>(event));
+    default:
+        return false;
+    }
+}
+
+// Comes before the press, and asks whether the press may become a shortcut.
+bool KeyMonitor::takesOverride(const QKeyEvent& event) const {
+    return running || (event.isAutoRepeat() && taken.contains(keyOf(event)));
+}
+
+bool KeyMonitor::takesPress(const QKeyEvent& event) {
+    if (event.isAutoRepeat()) {
+        return running || taken.contains(keyOf(event));
+    }
+    if (!running) {
+        taken.erase(keyOf(event)); // its release went elsewhere
+        removeIfDone();
+        return false;
+    }
+    taken.insert(keyOf(event));
+    if (onPress) {
+        onPress(event);
+    }
+    return true;
+}
+
+bool KeyMonitor::takesRelease(const QKeyEvent& event) {
+    if (!taken.contains(keyOf(event))) {
+        return false;
+    }
+    if (!event.isAutoRepeat()) {
+        taken.erase(keyOf(event));
+        removeIfDone();
+    }
+    return true;
+}
+
+} // namespace glidemap
