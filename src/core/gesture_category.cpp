@@ -42,7 +42,11 @@ std::string_view rawValue(GestureCategory category) {
 }
 
 std::string displayName(GestureCategory category) {
-    return Lang::shared().choose(entry(category).english, entry(category).chinese);
+    return displayName(category, Lang::shared());
+}
+
+std::string displayName(GestureCategory category, const Lang& lang) {
+    return lang.choose(entry(category).english, entry(category).chinese);
 }
 
 std::string_view symbolName(GestureCategory category) {

@@ -1,6 +1,6 @@
 // The ten groups of gestures, as the settings window lists them.
 //
-// Thread:  any; the texts are those of the current language.
+// Thread:  any; the texts are those of the current language, unless another is named.
 #pragma once
 
 #include <array>
@@ -11,6 +11,7 @@
 
 namespace glidemap {
 
+class Lang;
 enum class GestureType : std::uint8_t;
 
 enum class GestureCategory : std::uint8_t {
@@ -36,6 +37,7 @@ inline constexpr std::array allGestureCategories = {
 
 std::string_view rawValue(GestureCategory category);
 std::string displayName(GestureCategory category);
+std::string displayName(GestureCategory category, const Lang& lang);
 
 // The icon of the category's gestures, by its name in the system's symbol set.
 std::string_view symbolName(GestureCategory category);

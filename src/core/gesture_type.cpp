@@ -173,12 +173,20 @@ GestureCategory category(GestureType gesture) {
 }
 
 std::string displayName(GestureType gesture) {
-    return Lang::shared().choose(entry(gesture).english, entry(gesture).chinese);
+    return displayName(gesture, Lang::shared());
+}
+
+std::string displayName(GestureType gesture, const Lang& lang) {
+    return lang.choose(entry(gesture).english, entry(gesture).chinese);
 }
 
 std::string detail(GestureType gesture) {
+    return detail(gesture, Lang::shared());
+}
+
+std::string detail(GestureType gesture, const Lang& lang) {
     const BilingualText& text = detailText(gesture);
-    return Lang::shared().choose(text.english, text.chinese);
+    return lang.choose(text.english, text.chinese);
 }
 
 std::string_view symbolName(GestureType gesture) {

@@ -4,7 +4,8 @@
 // one-finger tap, no five-finger double tap, click or long press; pinch and rotation have no finger
 // counts.
 //
-// Thread:  any; the texts are those of the current language at the moment they are asked for.
+// Thread:  any; the texts are those of the current language at the moment they are asked for,
+//          unless another is named.
 #pragma once
 
 #include "core/gesture_category.h"
@@ -16,6 +17,8 @@
 #include <string_view>
 
 namespace glidemap {
+
+class Lang;
 
 enum class GestureType : std::uint8_t {
     drawCircle,
@@ -126,9 +129,11 @@ std::optional<GestureType> gestureTypeFromRawValue(std::string_view rawValue);
 std::string_view rawValue(GestureType gesture);
 GestureCategory category(GestureType gesture);
 std::string displayName(GestureType gesture);
+std::string displayName(GestureType gesture, const Lang& lang);
 
 // One sentence on how the gesture is made and what it may clash with.
 std::string detail(GestureType gesture);
+std::string detail(GestureType gesture, const Lang& lang);
 
 // The icon, by its name in the system's symbol set; one for each category.
 std::string_view symbolName(GestureType gesture);

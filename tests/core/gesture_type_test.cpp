@@ -214,6 +214,20 @@ TEST(GestureTypeTest, EveryDetailIsInTheCurrentLanguage) {
     EXPECT_EQ(seen.size(), 48U);
 }
 
+TEST(GestureTypeTest, ANamedLanguageIsUsedWhateverTheCurrentOneIs) {
+    Lang named(nullptr);
+    named.setCode("zh");
+    EXPECT_EQ(displayName(twoFingerTap, named), "两指轻点");
+    EXPECT_EQ(displayName(GestureCategory::circle, named), "画圆");
+    EXPECT_EQ(detail(GestureType::drawCircle, named), "用一根手指在触控板上画一个完整的圆");
+    const InLanguage chinese("zh");
+    named.setCode("en");
+    EXPECT_EQ(displayName(twoFingerTap, named), "Two-Finger Tap");
+    EXPECT_EQ(displayName(GestureCategory::circle, named), "Circle");
+    EXPECT_EQ(detail(GestureType::drawCircle, named),
+              "Draw a full circle on the trackpad with one finger");
+}
+
 TEST(GestureTypeTest, AnyCodeButChineseShowsEnglish) {
     for (const char* code : {"en", "", "fr", "ZH", "zh-Hans", "zh "}) {
         const InLanguage language(code);
