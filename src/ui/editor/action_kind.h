@@ -1,0 +1,26 @@
+// The kinds of action that a binding can have, in the order in which they are offered.
+//
+// Thread:  any; a label is in the language at the moment of the call.
+// Errors:  none.
+#pragma once
+
+#include "core/lang.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace glidemap {
+
+enum class ActionKind : std::uint8_t { keyboardShortcut, lockScreen, missionControl, launchApp };
+
+inline constexpr std::array allActionKinds = {
+    ActionKind::keyboardShortcut,
+    ActionKind::lockScreen,
+    ActionKind::missionControl,
+    ActionKind::launchApp,
+};
+
+std::string label(ActionKind kind, const Lang& lang = Lang::shared());
+
+} // namespace glidemap
