@@ -1,13 +1,193 @@
 #include "ui/settings/settings_view.h"
 
+#include "ui/controls/separator.h"
+#include "ui/controls/sheet.h"
+#include "ui/editor/binding_editor.h"
+#include "ui/settings/activity_footer.h"
+#include "ui/settings/binding_list_view.h"
+#include "ui/settings/empty_state.h"
+#include "ui/settings/notices.h"
+#include "ui/settings/settings_header.h"
+
+#include <QEvent>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace glidemap {
 
+namespace {
+
+// Each home's workspace knows what its own settings are called.
+constexpr const char* accessSettings =
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
+constexpr QMargins aroundList(12, 12, 12, 12);
+
+} // namespace
+
 SettingsView::SettingsView(Services given, QWidget* parent)
-    : QWidget(parent), services(std::move(given)), loginItem(*services.loginItems, *services.lang) {
+    : QWidget(parent), services(std::move(given)), loginItem(*services.loginItems, *services.lang),
+      header(new SettingsHeader(*services.lang, this)), notices(new Notices(this)),
+      middle(new QStackedLayout), emptyState(new EmptyState(this)),
+      list(new BindingListView(*services.lang, this)), footer(new ActivityFooter(this)) {
+    lay();
+    listen();
+    observe();
+    refresh();
 }
 
-void SettingsView::addBinding() {}
+void SettingsView::lay() {
+    auto* stack = new QVBoxLayout(this);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(0);
+    stack->addWidget(header);
+    stack->addWidget(new Separator(this));
+    stack->addWidget(notices);
+    auto* listPage = new QWidget(this);
+    auto* listLayout = new QVBoxLayout(listPage);
+    listLayout->setContentsMargins(aroundList);
+    listLayout->addWidget(list);
+    middle->addWidget(emptyState);
+    middle->addWidget(listPage);
+    stack->addLayout(middle, 1);
+    stack->addWidget(new Separator(this));
+    stack->addWidget(footer);
+}
+
+void SettingsView::listen() {
+    header->onLaunchAtLogin = [this](bool on) {
+        loginItem.setEnabled(on);
+    };
+    header->onEnabled = [this](bool on) {
+        services.dispatcher->setMasterEnabled(on);
+    };
+    header->onAddBinding = [this] {
+        addBinding();
+    };
+    notices->onDownload = [this] {
+        services.workspace->openURL(services.updates->siteURL());
+    };
+    notices->onOpenSystemSettings = [this] {
+        services.workspace->openURL(accessSettings);
+    };
+    notices->onInstallHelper = [this] {
+        services.desktopHelper->install();
+    };
+    list->onToggle = [this](const GestureBinding& binding, bool on) {
+        toggle(binding, on);
+    };
+    list->onEdit = [this](const GestureBinding& binding) {
+        edit(binding);
+    };
+    list->onDelete = [this](const GestureBinding& binding) {
+        remove(binding);
+    };
+}
+
+// A window that is hidden is brought up to date when it is shown.
+void SettingsView::observe() {
+    const auto follow = [this](Observable& observed) {
+        subscriptions.push_back(observed.subscribe({}, [this] {
+            if (isVisible()) {
+                refresh();
+            }
+        }));
+    };
+    follow(services.store->changes());
+    follow(services.dispatcher->changes());
+    follow(services.updates->changes());
+    follow(services.lang->changes());
+    follow(loginItem.changes());
+    if (services.desktopHelper != nullptr) {
+        follow(services.desktopHelper->changes());
+    }
+}
+
+void SettingsView::refresh() {
+    header->retitle();
+    header->setLaunchesAtLogin(loginItem.enabled());
+    header->setEnabledSwitch(services.dispatcher->masterEnabled());
+    refreshNotices();
+    refreshList();
+    const auto& events = services.dispatcher->recentEvents();
+    footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
+}
+
+// Who may read touches, and what went wrong with the devices, is asked anew: neither announces.
+void SettingsView::refreshNotices() {
+    Notices::Content content;
+    content.latestVersion = services.updates->latestVersion();
+    content.currentVersion = services.updates->currentVersion();
+    content.isTrusted = services.trust->isTrusted();
+    content.loginItemError = loginItem.lastError();
+    if (services.devices != nullptr) {
+        content.deviceError = services.devices->loadError();
+    }
+    if (services.desktopHelper != nullptr) {
+        content.desktopHelper = services.desktopHelper->state();
+        content.desktopHelperError = services.desktopHelper->lastError();
+    }
+    notices->display(content, *services.lang);
+}
+
+void SettingsView::refreshList() {
+    const auto bindings = services.store->bindings();
+    list->setBindings(bindings);
+    list->retitle();
+    emptyState->retitle(*services.lang);
+    middle->setCurrentIndex(bindings->empty() ? 0 : 1);
+}
+
+void SettingsView::addBinding() {
+    edit(std::nullopt);
+}
+
+void SettingsView::edit(std::optional<GestureBinding> binding) {
+    if (showingEditor) {
+        return;
+    }
+    editingBinding = std::move(binding);
+    showingEditor = true;
+    auto* editor = new BindingEditor(
+        {*services.store, *services.workspace, *services.keys, *services.lang}, editingBinding);
+    auto* sheet = new Sheet(this, editor, BindingEditor::sheetSize);
+    editor->dismiss = [sheet] {
+        sheet->dismiss();
+    };
+    sheet->onClosed = [this] {
+        showingEditor = false;
+    };
+    sheet->present();
+}
+
+void SettingsView::toggle(const GestureBinding& binding, bool enabled) {
+    BindingList changed = *services.store->bindings();
+    const auto found = std::ranges::find(changed, binding.id, &GestureBinding::id);
+    if (found != changed.end()) {
+        found->enabled = enabled;
+        services.store->setBindings(std::move(changed)); // which saves
+    }
+}
+
+void SettingsView::remove(const GestureBinding& binding) {
+    BindingList left = *services.store->bindings();
+    std::erase_if(left, [id = binding.id](const GestureBinding& each) { return each.id == id; });
+    services.store->setBindings(std::move(left)); // which saves
+}
+
+// The user may come back from the system's settings.
+bool SettingsView::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        refresh();
+    }
+    return QWidget::event(event);
+}
+
+void SettingsView::showEvent(QShowEvent* event) {
+    refresh();
+    QWidget::showEvent(event);
+}
 
 } // namespace glidemap

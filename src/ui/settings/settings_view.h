@@ -21,8 +21,18 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
+#include <vector>
+
+class QStackedLayout;
 
 namespace glidemap {
+
+class ActivityFooter;
+class BindingListView;
+class EmptyState;
+class Notices;
+class SettingsHeader;
 
 class SettingsView : public QWidget {
 public:
@@ -43,9 +53,38 @@ public:
 
     void addBinding();
 
+    // Whether the editor is open, and for which binding; none is a new one.
+    bool showsEditor() const { return showingEditor; }
+    const std::optional<GestureBinding>& editedBinding() const { return editingBinding; }
+
+protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
 private:
+    void lay();
+    void listen();
+    void observe();
+    void refresh();
+    void refreshNotices();
+    void refreshList();
+
+    void edit(std::optional<GestureBinding> binding);
+    void toggle(const GestureBinding& binding, bool enabled);
+    void remove(const GestureBinding& binding);
+
     Services services;
     LoginItemManager loginItem;
+    std::optional<GestureBinding> editingBinding;
+    bool showingEditor = false;
+
+    SettingsHeader* header;
+    Notices* notices;
+    QStackedLayout* middle;
+    EmptyState* emptyState;
+    BindingListView* list;
+    ActivityFooter* footer;
+    std::vector<Subscription> subscriptions;
 };
 
 } // namespace glidemap

@@ -1,18 +1,81 @@
 #include "ui/settings/settings_window.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace glidemap {
 
-SettingsWindow::SettingsWindow(SettingsView::Services services, QWidget* parent)
-    : QWidget(parent), content(new SettingsView(std::move(services), this)) {
+namespace {
+
+// How much of the window's upper edge has to be on a screen for a hand to get hold of it.
+constexpr QSize handle{120, 40};
+
+bool canBeReached(const QRect& window) {
+    const QRect upperEdge(window.topLeft(), QSize(window.width(), handle.height()));
+    return std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* screen) {
+        const QRect seen = screen->availableGeometry().intersected(upperEdge);
+        return seen.width() >= handle.width() && seen.height() >= handle.height();
+    });
+}
+
+QSize sizeOf(const WindowGeometry& geometry, QSize largest) {
+    return QSize(geometry.width, geometry.height)
+        .boundedTo(largest)
+        .expandedTo(SettingsWindow::minimumContentSize);
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(SettingsView::Services services,
+                               std::shared_ptr<WindowGeometryStore> geometryStore, QWidget* parent)
+    : QWidget(parent), remembered(std::move(geometryStore)),
+      content(new SettingsView(std::move(services), this)) {
+    setObjectName("settingsWindow");
     setWindowTitle("Glidemap");
     setMinimumSize(minimumContentSize);
-    resize(contentSize);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(content);
+    goWhereItWas();
+}
+
+// A program that is ended with its window open has not hidden it.
+SettingsWindow::~SettingsWindow() {
+    if (isVisible()) {
+        rememberPlace();
+    }
+}
+
+void SettingsWindow::goWhereItWas() {
+    const QRect available = screen()->availableGeometry();
+    const auto last = remembered != nullptr ? remembered->read() : std::nullopt;
+    const QSize size = last ? sizeOf(*last, screen()->virtualSize()) : contentSize;
+    QRect place(QPoint(), size);
+    place.moveCenter(available.center());
+    if (last && canBeReached({QPoint(last->x, last->y), size})) {
+        place.moveTopLeft({last->x, last->y});
+    }
+    resize(place.size());
+    move(place.topLeft());
+    if (last && last->maximized) {
+        setWindowState(Qt::WindowMaximized);
+    }
+}
+
+void SettingsWindow::hideEvent(QHideEvent* event) {
+    rememberPlace();
+    QWidget::hideEvent(event);
+}
+
+void SettingsWindow::rememberPlace() {
+    if (remembered == nullptr) {
+        return;
+    }
+    const QRect normal = isMaximized() ? normalGeometry() : QRect(pos(), size());
+    remembered->write({normal.x(), normal.y(), normal.width(), normal.height(), isMaximized()});
 }
 
 } // namespace glidemap

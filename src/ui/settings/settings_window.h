@@ -7,8 +7,10 @@
 #pragma once
 
 #include "ui/settings/settings_view.h"
+#include "ui/settings/window_geometry_store.h"
 
 #include <QWidget>
+#include <memory>
 
 namespace glidemap {
 
@@ -17,11 +19,22 @@ public:
     static constexpr QSize contentSize{720, 520};
     static constexpr QSize minimumContentSize{680, 480};
 
-    explicit SettingsWindow(SettingsView::Services services, QWidget* parent = nullptr);
+    // Without a store for its geometry it is centred each time it is made.
+    explicit SettingsWindow(SettingsView::Services services,
+                            std::shared_ptr<WindowGeometryStore> geometryStore = nullptr,
+                            QWidget* parent = nullptr);
+    ~SettingsWindow() override;
 
     SettingsView& view() const { return *content; }
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
+    void goWhereItWas();
+    void rememberPlace();
+
+    std::shared_ptr<WindowGeometryStore> remembered;
     SettingsView* content;
 };
 

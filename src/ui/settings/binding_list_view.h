@@ -1,0 +1,86 @@
+// The list of bindings: one row for each, in the store's order.
+//
+// A row belongs to its binding: an edit, a toggle or a deletion elsewhere leaves it, its focus, its
+// open demonstration, the selection and the scroll position as they are. There are rows only for
+// what can be seen, for a few beyond, and for what has the focus, so that a thousand bindings cost
+// no more than twenty.
+//
+//   Up, Down, Page Up, Page Down, Home, End   move the selection
+//   Return   edits what is selected      Delete   deletes it; a neighbour is selected then
+//   Space    switches it                 Tab      goes on to the controls of the rows
+//
+// Units:   points.
+// Thread:  the main thread.
+// Owner:   the settings view.
+// Errors:  none. Bindings may share an identifier; each has its row.
+#pragma once
+
+#include "bindings/indexed_bindings.h"
+#include "ui/settings/binding_row.h"
+#include "ui/theme/theme.h"
+
+#include <QWidget>
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+class QScrollArea;
+
+namespace glidemap {
+
+class BindingListView : public QWidget {
+public:
+    explicit BindingListView(const Lang& language, QWidget* parent = nullptr);
+
+    // A binding that has been added at the end is selected, and shown.
+    void setBindings(std::shared_ptr<const BindingList> list);
+    void retitle();
+
+    std::optional<std::size_t> selectedIndex() const { return selected; }
+    void select(std::size_t index);
+
+    // Those there are now, by their place in the list.
+    const std::map<std::size_t, BindingRow*>& rows() const { return present; }
+
+    // What the user asked for.
+    std::function<void(const GestureBinding&, bool enabled)> onToggle;
+    std::function<void(const GestureBinding&)> onEdit;
+    std::function<void(const GestureBinding&)> onDelete;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    using Rows = std::map<std::size_t, BindingRow*>;
+
+    void carryRowsOver(const BindingList& next);
+    void layOut();
+    void dropRowsOutside(std::size_t first, std::size_t end);
+    BindingRow* makeRow(std::size_t index);
+    void discard(BindingRow* row);
+    void putInOrder();
+    void closePreviews();
+    void showSelection();
+    void announceSelection();
+    void scrollTo(std::size_t index);
+    bool moveSelection(int key);
+    bool actOnSelection(int key);
+    std::size_t pageLength() const;
+
+    const Lang& lang;
+    std::shared_ptr<const BindingList> bindings; // null until the first
+    QScrollArea* area;
+    QWidget* ground; // as high as all rows together
+    Rows present;
+    std::optional<std::size_t> selected;
+    bool usesKeys = false; // and not the mouse: the ring of the focus is shown then
+    Subscription toTheme;
+};
+
+} // namespace glidemap

@@ -1,0 +1,253 @@
+#include "ui/settings/binding_row.h"
+
+#include "ui/controls/badge.h"
+#include "ui/controls/elided_label.h"
+#include "ui/controls/symbol_button.h"
+#include "ui/controls/symbol_label.h"
+#include "ui/settings/gesture_preview.h"
+#include "ui/theme/text.h"
+
+#include <QCheckBox>
+#include <QGraphicsOpacityEffect>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int spacing = 12;
+constexpr int verticalPadding = 4;
+constexpr int horizontalPadding = 10;
+constexpr int lineSpacing = 2;
+constexpr int symbolColumn = 22;
+constexpr int arrowSize = 11;
+constexpr int widestBadge = 200;
+constexpr double opacityWhenDisabled = 0.5;
+constexpr double cornerRadius = 7;
+
+// Scripts differ in height, and a list whose rows differed, too, would look restless.
+int lineHeight(TextStyle style) {
+    const QFontMetrics metrics(Theme::shared().font(style));
+    return std::max(metrics.height(), metrics.boundingRect(QStringLiteral("Ág国⌘")).height());
+}
+
+bool isReturn(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool movesSelection(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+} // namespace
+
+int BindingRow::usualHeight() {
+    return lineHeight(TextStyle::bodyMedium) + lineSpacing + lineHeight(TextStyle::body) +
+           2 * verticalPadding;
+}
+
+BindingRow::BindingRow(GestureBinding given, Callbacks calledBack, const Lang& language,
+                       QWidget* parent)
+    : QWidget(parent), shown(std::move(given)), callbacks(std::move(calledBack)), lang(language),
+      content(new QWidget(this)), dimming(new QGraphicsOpacityEffect(content)) {
+    setObjectName("bindingRow");
+    setAttribute(Qt::WA_Hover);
+    auto* whole = new QHBoxLayout(this);
+    whole->setContentsMargins(horizontalPadding, verticalPadding, horizontalPadding,
+                              verticalPadding);
+    whole->addWidget(content);
+    dimming->setOpacity(opacityWhenDisabled);
+    content->setGraphicsEffect(dimming);
+    auto* layout = new QHBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(spacing);
+    makeSwitch(*layout);
+    makeTexts(*layout);
+    makeButtons(*layout);
+    for (QAbstractButton* control : controls()) {
+        control->installEventFilter(this);
+    }
+    retitle();
+}
+
+BindingRow::~BindingRow() {
+    closePreview();
+}
+
+void BindingRow::makeSwitch(QHBoxLayout& layout) {
+    enabled = new QCheckBox(content);
+    enabled->setObjectName("enabled");
+    // The list says what the state is, once it is stored.
+    connect(enabled, &QCheckBox::clicked, this, [this](bool on) {
+        enabled->setChecked(shown.enabled);
+        callbacks.onToggle(on);
+    });
+    layout.addWidget(enabled);
+    preview = new SymbolButton(symbolName(shown.gesture), Role::accent, content);
+    preview->setObjectName("preview");
+    preview->setFixedWidth(symbolColumn);
+    connect(preview, &QToolButton::clicked, this, [this] { togglePreview(); });
+    layout.addWidget(preview);
+}
+
+void BindingRow::makeTexts(QHBoxLayout& layout) {
+    gestureName = new ElidedLabel(TextStyle::bodyMedium, Role::primary, content);
+    gestureName->setObjectName("gestureName");
+    actionText = new ElidedLabel(TextStyle::body, Role::secondary, content);
+    actionText->setObjectName("actionText");
+    auto* action = new QHBoxLayout;
+    action->setSpacing(5);
+    action->addWidget(new SymbolLabel("arrow.right", Role::secondary, arrowSize, content));
+    action->addWidget(actionText, 1);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(lineSpacing);
+    column->addWidget(gestureName);
+    column->addLayout(action);
+    layout.addLayout(column, 1);
+    scopeBadge = new Badge(content);
+    scopeBadge->setObjectName("scopeBadge");
+    scopeBadge->setMaximumWidth(widestBadge);
+    layout.addWidget(scopeBadge);
+}
+
+void BindingRow::makeButtons(QHBoxLayout& layout) {
+    edit = new SymbolButton("pencil", Role::primary, content);
+    edit->setObjectName("edit");
+    connect(edit, &QToolButton::clicked, this, [this] { callbacks.onEdit(); });
+    layout.addWidget(edit);
+    remove = new SymbolButton("trash", Role::red, content);
+    remove->setObjectName("delete");
+    connect(remove, &QToolButton::clicked, this, [this] { callbacks.onDelete(); });
+    layout.addWidget(remove);
+}
+
+std::array<QAbstractButton*, 4> BindingRow::controls() const {
+    return {enabled, preview, edit, remove};
+}
+
+void BindingRow::setBinding(GestureBinding binding) {
+    if (binding == shown) {
+        return;
+    }
+    shown = std::move(binding);
+    preview->setSymbol(symbolName(shown.gesture));
+    retitle();
+}
+
+void BindingRow::retitle() {
+    enabled->setChecked(shown.enabled);
+    gestureName->setText(toQt(displayName(shown.gesture)));
+    actionText->setText(toQt(displayString(shown.action, lang)));
+    scopeBadge->setText(toQt(displayString(shown.scope, lang)));
+    const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
+    scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
+    dim();
+    nameForAssistance();
+    if (showsPreview()) {
+        previewed->setGesture(shown.gesture);
+        popover->setAccessibleName(gestureName->text());
+    }
+}
+
+// The controls stay as usable as they were.
+void BindingRow::dim() {
+    dimming->setEnabled(!shown.enabled);
+}
+
+// Every row has the same controls, so each name says whose they are.
+void BindingRow::nameForAssistance() {
+    const std::string gesture = displayName(shown.gesture);
+    const auto name = [&](const char* english, const char* chinese) {
+        return toQt(lang.choose(english + (" " + gesture), chinese + ("「" + gesture + "」")));
+    };
+    const auto help = [&](QWidget* control, const char* english, const char* chinese) {
+        control->setToolTip(toQt(lang.choose(english, chinese)));
+    };
+    enabled->setAccessibleName(name("Enable", "启用"));
+    help(preview, "Show gesture demo", "查看手势演示");
+    preview->setAccessibleName(name("Show gesture demo:", "查看手势演示："));
+    help(edit, "Edit", "编辑");
+    edit->setAccessibleName(name("Edit", "编辑"));
+    help(remove, "Delete", "删除");
+    remove->setAccessibleName(name("Delete", "删除"));
+    const QString comma = toQt(lang.choose(", ", "，"));
+    setAccessibleName(gestureName->text() + comma + actionText->text() + comma +
+                      scopeBadge->text());
+}
+
+void BindingRow::togglePreview() {
+    if (showsPreview()) {
+        closePreview();
+        return;
+    }
+    previewed = new GesturePreview(shown.gesture);
+    popover = new Popover(preview, previewed);
+    popover->setObjectName("gesturePreview");
+    popover->setAccessibleName(gestureName->text());
+    popover->onClosed = [this] {
+        popover.clear();
+    };
+}
+
+void BindingRow::closePreview() {
+    if (showsPreview()) {
+        popover->dismiss();
+    }
+}
+
+void BindingRow::setSelection(Selection now) {
+    if (std::exchange(selection, now) != now) {
+        update();
+    }
+}
+
+// Return works the control that has the focus; the keys of the list go on to the list.
+bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && onFocusInside) {
+        onFocusInside(static_cast<QFocusEvent*>(event)->reason());
+    }
+    auto* control = static_cast<QAbstractButton*>(watched);
+    if (isReturn(*event) && control != enabled) {
+        control->click();
+        return true;
+    }
+    if (movesSelection(*event)) {
+        event->ignore();
+        return true;
+    }
+    return false;
+}
+
+bool BindingRow::event(QEvent* event) {
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
+        update();
+    }
+    return QWidget::event(event);
+}
+
+void BindingRow::paintEvent(QPaintEvent* /*event*/) {
+    if (!isSelected() && !underMouse()) {
+        return;
+    }
+    const Theme& theme = Theme::shared();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(selection == Selection::selectedWithFocus ? QPen(theme.color(Role::accent), 2)
+                                                             : QPen(Qt::NoPen));
+    painter.setBrush(theme.color(isSelected() ? Role::selection : Role::hover));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+}
+
+} // namespace glidemap

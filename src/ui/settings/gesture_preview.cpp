@@ -1,0 +1,43 @@
+#include "ui/settings/gesture_preview.h"
+
+#include "ui/controls/styled_label.h"
+#include "ui/demo/gesture_demo_view.h"
+#include "ui/theme/text.h"
+
+#include <QVBoxLayout>
+
+namespace glidemap {
+
+GesturePreview::GesturePreview(GestureType gesture, QWidget* parent)
+    : QWidget(parent), name(new StyledLabel(TextStyle::headline, Role::primary, this)),
+      demo(new GestureDemoView(gesture, this)),
+      detail(new StyledLabel(TextStyle::caption, Role::secondary, this)) {
+    name->setObjectName("previewName");
+    demo->setObjectName("previewDemo");
+    demo->setFixedSize(demoSize);
+    detail->setObjectName("previewDetail");
+    for (QLabel* label : {name, detail}) {
+        label->setWordWrap(true);
+        label->setFixedWidth(demoSize.width());
+    }
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    for (QWidget* part : std::initializer_list<QWidget*>{name, demo, detail}) {
+        layout->addWidget(part);
+    }
+    setGesture(gesture);
+}
+
+void GesturePreview::setGesture(GestureType gesture) {
+    name->setText(toQt(displayName(gesture)));
+    demo->setGesture(gesture);
+    demo->setAccessibleName(name->text());
+    // A label that wraps asks for a squarish place; its height follows from its width here.
+    detail->setText(toQt(glidemap::detail(gesture)));
+    for (QLabel* label : {name, detail}) {
+        label->setFixedHeight(label->heightForWidth(demoSize.width()));
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,64 @@
+// What the user should know, above the list: a newer version, a missing permission, the errors of
+// others. Each takes room only while there is something to tell, and a line follows it.
+//
+// Thread:  the main thread.
+// Owner:   the settings view, which tells it what to show.
+// Errors:  none.
+#pragma once
+
+#include "core/lang.h"
+#include "ui/controls/notice.h"
+#include "ui/settings/desktop_helper.h"
+
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <string>
+
+class QVBoxLayout;
+
+namespace glidemap {
+
+class Notices : public QWidget {
+public:
+    struct Content {
+        std::optional<std::string> latestVersion;
+        std::optional<std::string> currentVersion;
+        bool isTrusted = true;
+        std::optional<std::string> deviceError;
+        std::optional<std::string> loginItemError;
+        DesktopHelper::State desktopHelper = DesktopHelper::State::notNeeded;
+        std::optional<std::string> desktopHelperError;
+    };
+
+    explicit Notices(QWidget* parent = nullptr);
+
+    void display(const Content& content, const Lang& lang);
+
+    // What the user asked for.
+    std::function<void()> onDownload;
+    std::function<void()> onOpenSystemSettings;
+    std::function<void()> onInstallHelper;
+
+private:
+    // A notice with the line that follows it.
+    struct Section {
+        QWidget* whole;
+        Notice* notice;
+    };
+
+    Section addSection(const char* name, const Notice::Look& look);
+    static void showText(const Section& section, const std::optional<std::string>& text);
+    void showUpdate(const Content& content, const Lang& lang) const;
+    void showPermission(const Content& content, const Lang& lang) const;
+    void showDesktopHelper(const Content& content, const Lang& lang) const;
+
+    QVBoxLayout* stack;
+    Section newVersion;
+    Section permission;
+    Section deviceError;
+    Section loginItemError;
+    Section desktopHelper;
+};
+
+} // namespace glidemap

@@ -1,0 +1,139 @@
+#include "ui/settings/settings_header.h"
+
+#include "ui/controls/styled_label.h"
+#include "ui/controls/switch.h"
+#include "ui/theme/symbol.h"
+#include "ui/theme/text.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int padding = 12;
+constexpr int spacing = 14;
+
+// Command on macOS, which is Control elsewhere.
+constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
+
+void tell(const std::function<void(bool)>& listener, bool on) {
+    if (listener) {
+        listener(on);
+    }
+}
+
+} // namespace
+
+SettingsHeader::SettingsHeader(Lang& given, QWidget* parent) : QWidget(parent), lang(given) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(spacing);
+    makeTitles(*layout);
+    makeLaunchAtLogin(*layout);
+    makeLanguage(*layout);
+    makeEnabled(*layout);
+    makeAddBinding(*layout);
+    toTheme = Theme::shared().changes().subscribe(
+        {}, [this] { add->setIcon(symbolIcon("plus", Role::onAccent)); });
+    retitle();
+}
+
+// They take all the room that the controls leave.
+void SettingsHeader::makeTitles(QHBoxLayout& layout) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(2);
+    title = new StyledLabel(TextStyle::title2, Role::primary, this);
+    title->setObjectName("title");
+    title->setWordWrap(true);
+    subtitle = new StyledLabel(TextStyle::caption, Role::secondary, this);
+    subtitle->setObjectName("subtitle");
+    subtitle->setWordWrap(true);
+    column->addStretch(1);
+    column->addWidget(title);
+    column->addWidget(subtitle);
+    column->addStretch(1);
+    layout.addLayout(column, 1);
+}
+
+void SettingsHeader::makeLaunchAtLogin(QHBoxLayout& layout) {
+    launchAtLogin = new QCheckBox(this);
+    launchAtLogin->setObjectName("launchAtLogin");
+    connect(launchAtLogin, &QCheckBox::clicked, this,
+            [this](bool on) { tell(onLaunchAtLogin, on); });
+    layout.addWidget(launchAtLogin);
+}
+
+void SettingsHeader::makeLanguage(QHBoxLayout& layout) {
+    languageLabel = new StyledLabel(TextStyle::body, Role::primary, this);
+    languageLabel->setObjectName("languageLabel");
+    language = new QComboBox(this);
+    language->setObjectName("language");
+    language->addItem(QStringLiteral("English"), QStringLiteral("en"));
+    language->addItem(QStringLiteral("中文"), QStringLiteral("zh"));
+    languageLabel->setBuddy(language);
+    connect(language, &QComboBox::activated, this, [this](int index) {
+        lang.setCode(language->itemData(index).toString().toStdString());
+    });
+    auto* pair = new QHBoxLayout;
+    pair->setSpacing(6);
+    pair->addWidget(languageLabel);
+    pair->addWidget(language);
+    layout.addLayout(pair);
+}
+
+void SettingsHeader::makeEnabled(QHBoxLayout& layout) {
+    enabled = new Switch(this);
+    enabled->setObjectName("enabled");
+    connect(enabled, &QCheckBox::clicked, this, [this](bool on) { tell(onEnabled, on); });
+    layout.addWidget(enabled);
+}
+
+void SettingsHeader::makeAddBinding(QHBoxLayout& layout) {
+    add = new QPushButton(this);
+    add->setObjectName("addBinding");
+    add->setProperty("prominent", true);
+    add->setIcon(symbolIcon("plus", Role::onAccent));
+    add->setAutoDefault(false);
+    connect(add, &QPushButton::clicked, this, [this] {
+        if (onAddBinding) {
+            onAddBinding();
+        }
+    });
+    layout.addWidget(add);
+}
+
+void SettingsHeader::setLaunchesAtLogin(bool on) {
+    launchAtLogin->setChecked(on);
+}
+
+void SettingsHeader::setEnabledSwitch(bool on) {
+    enabled->setChecked(on);
+}
+
+void SettingsHeader::retitle() {
+    title->setText(toQt(lang.choose("Trackpad Gesture Bindings", "触控板手势绑定")));
+    subtitle->setText(toQt(
+        lang.choose("Map trackpad gestures to shortcuts or system actions, globally or per app",
+                    "把触控板手势映射到快捷键或系统动作，支持全局或按 App 生效")));
+    launchAtLogin->setText(toQt(lang.choose("Launch at Login", "开机自启动")));
+    launchAtLogin->setToolTip(
+        toQt(lang.choose("Start Glidemap automatically when you log in to macOS",
+                         "登录 macOS 时自动启动 Glidemap")));
+    languageLabel->setText(toQt(lang.choose("Language", "语言")));
+    enabled->setText(toQt(lang.choose("Enabled", "启用")));
+    add->setText(toQt(lang.choose("Add Binding", "添加绑定")));
+    add->setShortcut(addKeys); // which a new text takes away
+    language->setCurrentIndex(language->findData(toQt(lang.code())));
+    language->setAccessibleName(languageLabel->text());
+    for (QAbstractButton* button :
+         std::initializer_list<QAbstractButton*>{launchAtLogin, enabled, add}) {
+        button->setAccessibleName(button->text());
+    }
+}
+
+} // namespace glidemap

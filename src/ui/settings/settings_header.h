@@ -1,0 +1,61 @@
+// The top of the settings: what this is, the switches that concern all of it, and the button that
+// adds a binding.
+//
+// Units:   points.
+// Thread:  the main thread.
+// Owner:   the settings view, which tells it what to show; the language outlives it.
+// Errors:  none. Where the window is narrow the texts on the left wrap, never those of controls.
+#pragma once
+
+#include "core/lang.h"
+
+#include <QWidget>
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+
+namespace glidemap {
+
+class ElidedLabel;
+class StyledLabel;
+class Switch;
+
+class SettingsHeader : public QWidget {
+public:
+    explicit SettingsHeader(Lang& language, QWidget* parent = nullptr);
+
+    // Announce nothing.
+    void setLaunchesAtLogin(bool on);
+    void setEnabledSwitch(bool on);
+
+    // The texts, and the language that is chosen.
+    void retitle();
+
+    // What the user did.
+    std::function<void(bool on)> onLaunchAtLogin;
+    std::function<void(bool on)> onEnabled;
+    std::function<void()> onAddBinding;
+
+private:
+    void makeTitles(QHBoxLayout& layout);
+    void makeLaunchAtLogin(QHBoxLayout& layout);
+    void makeLanguage(QHBoxLayout& layout);
+    void makeEnabled(QHBoxLayout& layout);
+    void makeAddBinding(QHBoxLayout& layout);
+
+    Lang& lang;
+    StyledLabel* title = nullptr;
+    StyledLabel* subtitle = nullptr;
+    QCheckBox* launchAtLogin = nullptr;
+    StyledLabel* languageLabel = nullptr;
+    QComboBox* language = nullptr;
+    Switch* enabled = nullptr;
+    QPushButton* add = nullptr;
+    Subscription toTheme;
+};
+
+} // namespace glidemap
