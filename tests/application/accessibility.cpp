@@ -1,0 +1,259 @@
+#include "accessibility.h"
+
+#include "variant.h"
+#include "waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace glidemap::application {
+
+namespace {
+
+// Bits of a control's states, as the bus numbers them.
+constexpr int checkedState = 4;
+constexpr int enabledState = 8;
+constexpr int focusableState = 11;
+constexpr int focusedState = 12;
+constexpr int selectedState = 23;
+constexpr int showingState = 25;
+constexpr int visibleState = 30;
+
+constexpr unsigned labelledBy = 2; // of the relations between controls
+
+constexpr const char* rootPath = "/org/a11y/atspi/accessible/root";
+constexpr const char* accessibleInterface = "org.a11y.atspi.Accessible";
+constexpr int deepest = 40; // no window is; a tree that has a ring in it would be
+constexpr unsigned screenCoordinates = 0;
+
+const Callee registry{"org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
+                      "org.a11y.atspi.Registry"};
+
+void ignoreNews(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
+                const char* /*interface*/, const char* /*signal*/, GVariant* /*values*/,
+                gpointer /*nothing*/) {}
+
+using Address = std::pair<std::string, std::string>;
+
+std::vector<Address> childrenOf(GDBusConnection* bus, const Address& parent) {
+    std::vector<Address> children;
+    const Variant answer =
+        call(bus, {parent.first, parent.second, accessibleInterface}, "GetChildren");
+    if (answer == nullptr) {
+        return children;
+    }
+    const Variant list = childOf(answer, 0);
+    for (std::size_t index = 0; index < g_variant_n_children(list.get()); ++index) {
+        const Variant each = childOf(list, index);
+        children.emplace_back(textOf(childOf(each, 0)), textOf(childOf(each, 1)));
+    }
+    return children;
+}
+
+std::uint64_t statesIn(const Variant& answer) {
+    const Variant words = childOf(answer, 0);
+    std::uint64_t states = 0;
+    for (std::size_t index = 0; index < g_variant_n_children(words.get()); ++index) {
+        const std::uint64_t word = g_variant_get_uint32(childOf(words, index).get());
+        states |= word << (32 * index);
+    }
+    return states;
+}
+
+// The name of the control that labels this one.
+std::string labelOf(GDBusConnection* bus, const Callee& callee) {
+    const Variant answer = call(bus, callee, "GetRelationSet");
+    if (answer == nullptr) {
+        return {};
+    }
+    const Variant relations = childOf(answer, 0);
+    for (std::size_t index = 0; index < g_variant_n_children(relations.get()); ++index) {
+        const Variant each = childOf(relations, index);
+        const Variant targets = childOf(each, 1);
+        if (g_variant_get_uint32(childOf(each, 0).get()) == labelledBy &&
+            g_variant_n_children(targets.get()) > 0) {
+            const Variant target = childOf(targets, 0);
+            return textOf(property(
+                bus, {textOf(childOf(target, 0)), textOf(childOf(target, 1)), accessibleInterface},
+                "Name"));
+        }
+    }
+    return {};
+}
+
+Rectangle areaIn(const Variant& answer) {
+    Rectangle area;
+    if (answer != nullptr) {
+        g_variant_get(answer.get(), "((iiii))", &area.x, &area.y, &area.width, &area.height);
+    }
+    return area;
+}
+
+} // namespace
+
+bool Control::isVisible() const {
+    return is(visibleState) && is(showingState);
+}
+
+bool Control::isChecked() const {
+    return is(checkedState);
+}
+
+bool Control::isEnabled() const {
+    return is(enabledState);
+}
+
+bool Control::isFocusable() const {
+    return is(focusableState);
+}
+
+bool Control::isFocused() const {
+    return is(focusedState);
+}
+
+bool Control::isSelected() const {
+    return is(selectedState);
+}
+
+std::string describe(const Control& control) {
+    std::ostringstream line;
+    line << std::string(static_cast<std::size_t>(control.depth) * 2, ' ') << control.role << " \""
+         << control.name << '"';
+    if (!control.label.empty()) {
+        line << " labelled \"" << control.label << '"';
+    }
+    if (!control.description.empty()) {
+        line << " (" << control.description << ')';
+    }
+    if (!control.text.empty()) {
+        line << " = \"" << control.text << '"';
+    }
+    line << (control.isVisible() ? "" : " hidden") << (control.isEnabled() ? "" : " disabled")
+         << (control.isFocusable() ? " focusable" : "") << (control.isFocused() ? " focused" : "")
+         << (control.isChecked() ? " checked" : "") << " at " << control.area.x << ','
+         << control.area.y << ' ' << control.area.width << 'x' << control.area.height;
+    return line.str();
+}
+
+Accessibility::Accessibility(const desktops::PrivateBus& session,
+                             const desktops::Program::Command& command)
+    : launcher(command) {
+    session.waitForName("org.a11y.Bus");
+    const Variant answer =
+        call(session.connection(), {"org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus"}, "GetAddress");
+    if (answer == nullptr) {
+        ADD_FAILURE() << "there is no accessibility bus";
+        return;
+    }
+    connect(textOf(childOf(answer, 0)));
+}
+
+Accessibility::~Accessibility() {
+    if (connection != nullptr) {
+        g_dbus_connection_close_sync(connection, nullptr, nullptr);
+        g_object_unref(connection);
+    }
+}
+
+// Programs tell of their changes only while somebody listens; a wait is over the sooner for it.
+void Accessibility::connect(const std::string& address) {
+    constexpr auto asClient =
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    connection = g_dbus_connection_new_for_address_sync(address.c_str(), asClient, nullptr, nullptr,
+                                                        nullptr);
+    ASSERT_NE(connection, nullptr) << "the accessibility bus does not answer at " << address;
+    g_dbus_connection_signal_subscribe(connection, nullptr, "org.a11y.atspi.Event.Object", nullptr,
+                                       nullptr, nullptr, G_DBUS_SIGNAL_FLAGS_NONE, ignoreNews,
+                                       nullptr, nullptr);
+    EXPECT_NE(call(connection, registry, "RegisterEvent",
+                   g_variant_new("(sas@s)", "object:", nullptr, g_variant_new_string(""))),
+              nullptr)
+        << "the accessibility registry does not answer";
+}
+
+std::string Accessibility::busNameOf(pid_t process) const {
+    for (const auto& [name, path] : childrenOf(connection, {registry.name, rootPath})) {
+        const Variant answer = call(
+            connection, {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
+            "GetConnectionUnixProcessID", g_variant_new("(s)", name.c_str()));
+        if (answer != nullptr &&
+            g_variant_get_uint32(childOf(answer, 0).get()) == static_cast<unsigned>(process)) {
+            return name;
+        }
+    }
+    return {};
+}
+
+std::optional<Control> Accessibility::read(const std::string& busName,
+                                           const std::string& path) const {
+    const Callee callee{busName, path, accessibleInterface};
+    const Variant states = call(connection, callee, "GetState");
+    const Variant role = call(connection, callee, "GetRoleName");
+    if (states == nullptr || role == nullptr) {
+        return std::nullopt;
+    }
+    Control control;
+    control.busName = busName;
+    control.path = path;
+    control.role = textOf(childOf(role, 0));
+    control.states = statesIn(states);
+    control.name = textOf(property(connection, callee, "Name"));
+    control.description = textOf(property(connection, callee, "Description"));
+    control.label = labelOf(connection, callee);
+    control.area = areaIn(call(connection, {busName, path, "org.a11y.atspi.Component"},
+                               "GetExtents", g_variant_new("(u)", screenCoordinates)));
+    if (control.role == "text") {
+        const Variant text = call(connection, {busName, path, "org.a11y.atspi.Text"}, "GetText",
+                                  g_variant_new("(ii)", 0, -1));
+        control.text = text != nullptr ? textOf(childOf(text, 0)) : "";
+    }
+    return control;
+}
+
+std::optional<Control> Accessibility::again(const Control& control) const {
+    return read(control.busName, control.path);
+}
+
+void Accessibility::readBelow(const Control& parent, Controls& found) const {
+    if (parent.depth > deepest) {
+        ADD_FAILURE() << "controls without end below " << describe(parent);
+        return;
+    }
+    for (const auto& [name, path] : childrenOf(connection, {parent.busName, parent.path})) {
+        if (std::optional<Control> child = read(name, path)) {
+            child->depth = parent.depth + 1;
+            found.push_back(*child);
+            readBelow(*child, found);
+        }
+    }
+}
+
+Controls Accessibility::controlsOf(pid_t process) const {
+    Controls found;
+    Control program;
+    program.busName = busNameOf(process);
+    program.path = rootPath;
+    program.depth = -1;
+    if (!program.busName.empty()) {
+        readBelow(program, found);
+    }
+    return found;
+}
+
+bool Accessibility::act(const Control& control) const {
+    const Variant answer =
+        call(connection, {control.busName, control.path, "org.a11y.atspi.Action"}, "DoAction",
+             g_variant_new("(i)", 0));
+    return answer != nullptr && g_variant_get_boolean(childOf(answer, 0).get()) != FALSE;
+}
+
+void Accessibility::focus(const Control& control) const {
+    EXPECT_NE(
+        call(connection, {control.busName, control.path, "org.a11y.atspi.Component"}, "GrabFocus"),
+        nullptr)
+        << "takes no focus: " << describe(control);
+}
+
+} // namespace glidemap::application

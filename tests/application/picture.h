@@ -1,0 +1,34 @@
+// What a part of the screen shows.
+//
+// Units:   pixels.
+// Errors:  a screen that cannot be read is a failure of the test, and an empty picture.
+#pragma once
+
+#include "x_display.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace glidemap::application {
+
+class Picture {
+public:
+    Picture(const XDisplay& display, const Rectangle& area);
+    explicit Picture(const std::filesystem::path& file);
+
+    std::size_t countOfColours() const;
+
+    // How many pixels are not as in another picture of the same size.
+    std::size_t differences(const Picture& other) const;
+
+    void save(const std::filesystem::path& file) const;
+
+private:
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;
+};
+
+} // namespace glidemap::application

@@ -1,0 +1,143 @@
+#include "running_glidemap.h"
+
+#include "waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <sstream>
+
+namespace glidemap::application {
+
+namespace {
+
+constexpr const char* windowTitle = "Glidemap";
+constexpr int footerHeight = 44; // at most, from the window's lower edge
+
+bool isCalled(const Control& control, const std::string& role, const std::string& name) {
+    return control.role == role && (control.name == name || control.label == name);
+}
+
+} // namespace
+
+RunningGlidemap::RunningGlidemap(Stage& shown) : RunningGlidemap(shown, shown.command()) {}
+
+RunningGlidemap::RunningGlidemap(Stage& shown, const desktops::Program::Command& command)
+    : stage(shown), program(command) {}
+
+std::optional<ManagedWindow> RunningGlidemap::window() const {
+    const std::optional<ManagedWindow> found = stage.display.windowTitled(windowTitle);
+    return found && found->process == static_cast<std::uint32_t>(program.process()) ? found
+                                                                                    : std::nullopt;
+}
+
+bool RunningGlidemap::waitForWindow() {
+    const bool shown = waitUntil([this] {
+        const auto found = window();
+        return found && stage.display.activeWindow() == found->id;
+    });
+    EXPECT_TRUE(shown) << "the window does not come, or not to the front; the program said:\n"
+                       << test::contentOf(stage.complaintsFile());
+    return shown && waitUntil([this] { return !controls().empty(); });
+}
+
+Controls RunningGlidemap::controls() const {
+    Controls all = stage.accessibility.controlsOf(program.process());
+    std::erase_if(all, [](const Control& each) { return !each.isVisible(); });
+    return all;
+}
+
+std::optional<Control> RunningGlidemap::find(const std::string& role,
+                                             const std::string& name) const {
+    const Controls all = controls();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&](const Control& each) { return isCalled(each, role, name); });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
+}
+
+Control RunningGlidemap::waitFor(const std::string& role, const std::string& name) const {
+    std::optional<Control> found;
+    EXPECT_TRUE(waitUntil([&] {
+        found = find(role, name);
+        return found.has_value();
+    })) << "no "
+        << role << " \"" << name << "\" among\n"
+        << described();
+    return found.value_or(Control{});
+}
+
+bool RunningGlidemap::waitUntilGone(const std::string& role, const std::string& name) const {
+    return waitUntil([&] { return !find(role, name); });
+}
+
+std::string RunningGlidemap::footer() const {
+    const auto shown = window();
+    std::string line;
+    if (!shown) {
+        return line;
+    }
+    const Rectangle& area = shown->content;
+    const Rectangle bottom{area.x, area.y + area.height - footerHeight, area.width, footerHeight};
+    for (const Control& each : controls()) {
+        if (each.role == "label" && !each.name.empty() && bottom.contains(each.area)) {
+            line += (line.empty() ? "" : " ") + each.name;
+        }
+    }
+    return line;
+}
+
+bool RunningGlidemap::waitForFooter(const std::string& text) const {
+    std::string last;
+    const bool came = waitUntil([&] {
+        last = footer();
+        return last == text;
+    });
+    EXPECT_TRUE(came) << "the footer says \"" << last << "\" and not \"" << text << "\"";
+    return came;
+}
+
+std::optional<Control> RunningGlidemap::focused() const {
+    const Controls all = controls();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [](const Control& each) { return each.isFocused(); });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
+}
+
+bool RunningGlidemap::waitForFocusOn(const std::string& name) const {
+    return waitUntil([&] {
+        const auto control = focused();
+        return control && (control->name == name || control->label == name);
+    });
+}
+
+void RunningGlidemap::click(const std::string& role, const std::string& name) const {
+    stage.hands.clickMiddleOf(waitFor(role, name).area);
+}
+
+TrayMenu RunningGlidemap::menu() const {
+    EXPECT_TRUE(waitUntil([this] { return !stage.panel->items().empty(); }))
+        << "the program registers no status item";
+    const auto items = stage.panel->items();
+    return {stage.session.connection(), items.empty() ? StatusHost::Item{} : items.front()};
+}
+
+std::optional<int> RunningGlidemap::end(int signal) {
+    kill(program.process(), signal);
+    return waitForEnd();
+}
+
+std::optional<int> RunningGlidemap::waitForEnd() {
+    return program.finish();
+}
+
+std::string RunningGlidemap::described() const {
+    std::ostringstream lines;
+    for (const Control& each : controls()) {
+        lines << describe(each) << '\n';
+    }
+    lines << "and the program said:\n" << test::contentOf(stage.complaintsFile());
+    return lines.str();
+}
+
+} // namespace glidemap::application

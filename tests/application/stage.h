@@ -1,0 +1,56 @@
+// A desktop with nothing on it but what a test puts there: a screen, keyboard, mouse and touchpad,
+// message buses, and the accessibility bus. The program runs on it as a process of its own, with
+// folders of its own, and what it does is seen as a person, a panel or a screen reader sees it.
+//
+// Thread:  one.
+// Owner:   a test.
+// Errors:  what is not ready in time is a failure of the test.
+#pragma once
+
+#include "accessibility.h"
+#include "desktops/private_bus.h"
+#include "desktops/program.h"
+#include "desktops/runtime_folder.h"
+#include "fingers.h"
+#include "hands.h"
+#include "status_host.h"
+#include "x_display.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace glidemap::application {
+
+enum class Panel { present, absent };
+
+class Stage {
+public:
+    static bool isInstalled();
+
+    explicit Stage(Panel panel = Panel::present);
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    desktops::Environment environment() const;
+    desktops::Program::Command command() const;
+
+    // Also while the program runs.
+    void showPanel();
+
+    std::filesystem::path folder() const { return home.path(); }
+    std::filesystem::path bindingsFile() const;
+    std::filesystem::path settingsFile() const;
+    std::filesystem::path complaintsFile() const;
+
+    desktops::RuntimeFolder home;
+    desktops::PrivateBus session;
+    desktops::PrivateBus system;
+    XDisplay display;
+    Hands hands;
+    Fingers fingers;
+    Accessibility accessibility;
+    std::unique_ptr<StatusHost> panel;
+};
+
+} // namespace glidemap::application

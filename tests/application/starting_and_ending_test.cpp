@@ -1,0 +1,83 @@
+// How the program comes and goes, as its user and its desktop see it.
+#include "application_test_base.h"
+
+#include <csignal>
+
+namespace glidemap::application {
+namespace {
+
+class StartingAndEndingTest : public ApplicationTest {};
+
+TEST_F(StartingAndEndingTest, TheFirstStartShowsTheWindowWithTheDefaultBindings) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    EXPECT_EQ(glidemap.window()->className, "org.glidemap.Glidemap");
+    EXPECT_EQ(glidemap.window()->content.width, 720);
+    EXPECT_EQ(glidemap.window()->content.height, 520);
+    glidemap.waitFor("push button", "Edit Draw Circle (any direction)");
+    glidemap.waitFor("push button", "Edit Hold + Tap Right");
+    glidemap.waitFor("push button", "Edit Hold + Tap Left");
+    EXPECT_TRUE(std::filesystem::exists(stage.bindingsFile()));
+}
+
+TEST_F(StartingAndEndingTest, EachSignalThatAsksItToEndIsObeyedInOrder) {
+    Stage stage;
+    for (const int signal : {SIGTERM, SIGINT}) {
+        RunningGlidemap glidemap(stage);
+        ASSERT_TRUE(glidemap.waitForWindow());
+        EXPECT_EQ(glidemap.end(signal), 0) << strsignal(signal);
+        EXPECT_TRUE(waitUntil([&] { return stage.panel->items().empty(); }));
+    }
+}
+
+TEST_F(StartingAndEndingTest, ASecondLaunchShowsTheFirstOnesWindowAndEnds) {
+    Stage stage;
+    RunningGlidemap first(stage);
+    ASSERT_TRUE(first.waitForWindow());
+    stage.display.close(*first.window());
+    ASSERT_TRUE(waitUntil([&] { return !first.window(); }));
+    RunningGlidemap second(stage);
+    EXPECT_EQ(second.waitForEnd(), 0);
+    EXPECT_TRUE(first.waitForWindow());
+    EXPECT_EQ(stage.panel->items().size(), 1U);
+    EXPECT_EQ(first.end(SIGTERM), 0);
+}
+
+TEST_F(StartingAndEndingTest, ASecondLaunchBringsACoveredWindowToTheFront) {
+    Stage stage;
+    RunningGlidemap first(stage);
+    ASSERT_TRUE(first.waitForWindow());
+    const desktops::Program other({.words = {"xmessage", "-geometry", "900x700", "in front"},
+                                   .environment = stage.environment(),
+                                   .log = stage.folder() / "other.log"});
+    ASSERT_TRUE(waitUntil([&] { return stage.display.activeWindow() != first.window()->id; }));
+    RunningGlidemap second(stage);
+    EXPECT_EQ(second.waitForEnd(), 0);
+    EXPECT_TRUE(first.waitForWindow());
+}
+
+TEST_F(StartingAndEndingTest, WhatAFirstOneThatWasKilledLeavesBehindHindersNobody) {
+    Stage stage;
+    {
+        RunningGlidemap first(stage);
+        ASSERT_TRUE(first.waitForWindow());
+        EXPECT_EQ(first.end(SIGKILL), 128 + SIGKILL);
+    }
+    RunningGlidemap second(stage);
+    EXPECT_TRUE(second.waitForWindow());
+    EXPECT_EQ(second.end(SIGTERM), 0);
+}
+
+TEST_F(StartingAndEndingTest, ClosingTheWindowEndsNothing) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    stage.display.close(*glidemap.window());
+    ASSERT_TRUE(waitUntil([&] { return !glidemap.window(); }));
+    EXPECT_TRUE(glidemap.menu().choose("Settings…"));
+    EXPECT_TRUE(glidemap.waitForWindow());
+}
+
+} // namespace
+} // namespace glidemap::application

@@ -1,0 +1,112 @@
+// The status item and its menu, as a panel shows them.
+#include "application_test_base.h"
+#include "variant.h"
+
+#include <csignal>
+
+namespace glidemap::application {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class StatusItemTest : public ApplicationTest {
+protected:
+    static Variant propertyOf(const Stage& stage, const char* name) {
+        const StatusHost::Item item = stage.panel->items().at(0);
+        return property(stage.session.connection(),
+                        {item.busName, item.path, "org.kde.StatusNotifierItem"}, name);
+    }
+
+    static std::size_t countOf(const std::string& text, const std::string& part) {
+        std::size_t count = 0;
+        for (std::size_t at = text.find(part); at != std::string::npos;
+             at = text.find(part, at + 1)) {
+            ++count;
+        }
+        return count;
+    }
+};
+
+TEST_F(StatusItemTest, ItIsNamedAndHasAPicture) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(waitUntil([&] { return !stage.panel->items().empty(); }));
+    EXPECT_EQ(textOf(propertyOf(stage, "Status")), "Active");
+    EXPECT_EQ(textOf(propertyOf(stage, "Title")), "Glidemap");
+    const Variant picture = propertyOf(stage, "IconPixmap");
+    ASSERT_NE(picture, nullptr);
+    EXPECT_TRUE(!textOf(propertyOf(stage, "IconName")).empty() ||
+                g_variant_n_children(picture.get()) > 0);
+    const Variant help = propertyOf(stage, "ToolTip");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(textOf(childOf(help, 2)), "Glidemap");
+}
+
+TEST_F(StatusItemTest, TheMenuIsInTheLanguageOfTheInterface) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    EXPECT_EQ(describe(glidemap.menu().open()),
+              (Lines{"✓ Enable Gestures", "—", "Settings… [Control+,]", "Check for Updates…", "—",
+                     "Quit Glidemap [Control+q]"}));
+    glidemap.end(SIGTERM);
+    stage.home.write("config/glidemap/glidemap.ini", "[General]\nappLanguage=zh\n");
+    ASSERT_TRUE(waitUntil([&] { return stage.panel->items().empty(); }));
+    RunningGlidemap again(stage);
+    EXPECT_EQ(describe(again.menu().open()),
+              (Lines{"✓ 启用手势", "—", "设置… [Control+,]", "检查更新…", "—",
+                     "退出 Glidemap [Control+q]"}));
+}
+
+TEST_F(StatusItemTest, TheCheckMarkFollowsTheMasterSwitch) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    EXPECT_TRUE(glidemap.menu().choose("Enable Gestures"));
+    EXPECT_TRUE(waitUntil([&] { return !glidemap.menu().open().at(0).checked; }));
+    EXPECT_TRUE(waitUntil([&] { return !glidemap.waitFor("check box", "Enabled").isChecked(); }));
+    EXPECT_TRUE(glidemap.menu().choose("Enable Gestures"));
+    EXPECT_TRUE(waitUntil([&] { return glidemap.menu().open().at(0).checked; }));
+    EXPECT_TRUE(waitUntil([&] { return glidemap.waitFor("check box", "Enabled").isChecked(); }));
+}
+
+TEST_F(StatusItemTest, QuitEndsTheProgramInOrder) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    EXPECT_TRUE(glidemap.menu().choose("Quit Glidemap"));
+    EXPECT_EQ(glidemap.waitForEnd(), 0);
+}
+
+TEST_F(StatusItemTest, APanelThatComesLaterGetsTheItem) {
+    Stage stage(Panel::absent);
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    stage.showPanel();
+    EXPECT_FALSE(describe(glidemap.menu().open()).empty());
+}
+
+TEST_F(StatusItemTest, APanelThatStartsAgainGetsTheItemAgain) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    stage.panel.reset();
+    stage.showPanel();
+    EXPECT_FALSE(describe(glidemap.menu().open()).empty());
+}
+
+TEST_F(StatusItemTest, WithoutAPanelTheProgramSaysSoOnceAndIsReachedByLaunchingItAgain) {
+    Stage stage(Panel::absent);
+    RunningGlidemap first(stage);
+    ASSERT_TRUE(first.waitForWindow());
+    EXPECT_TRUE(waitUntil(
+        [&] { return countOf(test::contentOf(stage.complaintsFile()), "status item") > 0; }));
+    stage.display.close(*first.window());
+    ASSERT_TRUE(waitUntil([&] { return !first.window(); }));
+    RunningGlidemap second(stage);
+    EXPECT_EQ(second.waitForEnd(), 0);
+    EXPECT_TRUE(first.waitForWindow());
+    EXPECT_EQ(countOf(test::contentOf(stage.complaintsFile()), "status item"), 1U);
+}
+
+} // namespace
+} // namespace glidemap::application

@@ -1,0 +1,113 @@
+#include "tray_menu.h"
+
+#include "variant.h"
+
+#include <gtest/gtest.h>
+
+namespace glidemap::application {
+
+namespace {
+
+constexpr const char* menuInterface = "com.canonical.dbusmenu";
+constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
+constexpr int everyLevel = -1;
+
+// A menu's labels mark the letter that chooses them.
+std::string withoutMarks(const std::string& label) {
+    std::string plain;
+    for (std::size_t index = 0; index < label.size(); ++index) {
+        if (label[index] != '_' || (index + 1 < label.size() && label[++index] == '_')) {
+            plain += label[index];
+        }
+    }
+    return plain;
+}
+
+std::string joined(const Variant& shortcuts) {
+    std::string text;
+    const Variant keys = childOf(shortcuts, 0);
+    for (std::size_t index = 0; index < g_variant_n_children(keys.get()); ++index) {
+        text += (index > 0 ? "+" : "") + textOf(childOf(keys, index));
+    }
+    return text;
+}
+
+Variant looked(const Variant& properties, const char* name) {
+    return Variant(g_variant_lookup_value(properties.get(), name, nullptr));
+}
+
+bool flag(const Variant& properties, const char* name, bool otherwise) {
+    const Variant value = looked(properties, name);
+    return value != nullptr ? g_variant_get_boolean(value.get()) != FALSE : otherwise;
+}
+
+MenuEntry entryIn(const Variant& item) {
+    const Variant properties = childOf(item, 1);
+    MenuEntry entry;
+    entry.id = g_variant_get_int32(childOf(item, 0).get());
+    entry.label = withoutMarks(textOf(looked(properties, "label")));
+    entry.separator = textOf(looked(properties, "type")) == "separator";
+    entry.checkable = !textOf(looked(properties, "toggle-type")).empty();
+    const Variant state = looked(properties, "toggle-state");
+    entry.checked = state != nullptr && g_variant_get_int32(state.get()) == 1;
+    entry.enabled = flag(properties, "enabled", true);
+    const Variant shortcuts = looked(properties, "shortcut");
+    entry.shortcut =
+        shortcuts != nullptr && g_variant_n_children(shortcuts.get()) > 0 ? joined(shortcuts) : "";
+    return entry;
+}
+
+} // namespace
+
+TrayMenu::TrayMenu(GDBusConnection* connection, const StatusHost::Item& item)
+    : bus(connection), busName(item.busName),
+      path(textOf(property(bus, {item.busName, item.path, itemInterface}, "Menu"))) {
+    EXPECT_NE(path, "") << "the status item has no menu";
+}
+
+std::vector<MenuEntry> TrayMenu::open() const {
+    const Callee menu{busName, path, menuInterface};
+    EXPECT_NE(call(bus, menu, "AboutToShow", g_variant_new("(i)", 0)), nullptr);
+    const Variant answer =
+        call(bus, menu, "GetLayout", g_variant_new("(iias)", 0, everyLevel, nullptr));
+    if (answer == nullptr) {
+        ADD_FAILURE() << "the menu does not tell what is in it";
+        return {};
+    }
+    std::vector<MenuEntry> entries;
+    const Variant items = childOf(childOf(answer, 1), 2);
+    for (std::size_t index = 0; index < g_variant_n_children(items.get()); ++index) {
+        const Variant item = childOf(items, index);
+        if (flag(childOf(item, 1), "visible", true)) {
+            entries.push_back(entryIn(item));
+        }
+    }
+    return entries;
+}
+
+bool TrayMenu::choose(const std::string& label) const {
+    for (const MenuEntry& entry : open()) {
+        if (entry.label == label && entry.enabled) {
+            return call(bus, {busName, path, menuInterface}, "Event",
+                        g_variant_new("(isvu)", entry.id, "clicked", g_variant_new_string(""),
+                                      0U)) != nullptr;
+        }
+    }
+    return false;
+}
+
+std::vector<std::string> describe(const std::vector<MenuEntry>& entries) {
+    std::vector<std::string> lines;
+    for (const MenuEntry& entry : entries) {
+        if (entry.separator) {
+            lines.emplace_back("—");
+            continue;
+        }
+        std::string line = entry.checkable ? (entry.checked ? "✓ " : "· ") : "";
+        line += entry.enabled ? entry.label : "(" + entry.label + ")";
+        lines.push_back(line + (entry.shortcut.empty() ? "" : " [" + entry.shortcut + "]"));
+    }
+    return lines;
+}
+
+} // namespace glidemap::application

@@ -1,0 +1,45 @@
+#include "waiting.h"
+
+#include "desktops/program.h"
+
+#include <glib.h>
+
+namespace glidemap::application {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr guint lookAgainAfter = 15; // milliseconds
+
+gboolean lookAgain(gpointer late) {
+    *static_cast<bool*>(late) = true;
+    return G_SOURCE_REMOVE;
+}
+
+// Until something has arrived, and then all that has.
+void takeNews() {
+    bool late = false;
+    const guint timer = g_timeout_add(lookAgainAfter, lookAgain, &late);
+    g_main_context_iteration(nullptr, TRUE);
+    while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+    }
+    if (!late) {
+        g_source_remove(timer);
+    }
+}
+
+} // namespace
+
+bool waitUntil(const std::function<bool()>& condition) {
+    const auto deadline = Clock::now() + desktops::patience;
+    while (!condition()) {
+        if (Clock::now() > deadline) {
+            return false;
+        }
+        takeNews();
+    }
+    return true;
+}
+
+} // namespace glidemap::application

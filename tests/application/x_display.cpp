@@ -1,0 +1,146 @@
+#include "x_display.h"
+
+#include "waiting.h"
+#include "x_reply.h"
+
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace glidemap::application {
+
+namespace {
+
+using desktops::isInstalled;
+using desktops::plainEnvironment;
+using desktops::Program;
+
+constexpr std::uint32_t longest = 4096; // of a property, in words
+constexpr std::uint32_t fromTaskBar = 2;
+
+Program::Command serverIn(const desktops::RuntimeFolder& folder) {
+    return {.words = {"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-noreset",
+                      "-nolisten", "tcp"},
+            .environment = plainEnvironment(folder.path()),
+            .log = folder.path() / "xvfb.log"};
+}
+
+Program::Command windowManagerOn(const std::string& display,
+                                 const desktops::RuntimeFolder& folder) {
+    desktops::Environment environment = plainEnvironment(folder.path());
+    environment["DISPLAY"] = display;
+    return {.words = {"openbox", "--sm-disable"},
+            .environment = environment,
+            .log = folder.path() / "openbox.log"};
+}
+
+} // namespace
+
+bool XDisplay::isInstalled() {
+    return desktops::isInstalled("Xvfb") && desktops::isInstalled("openbox");
+}
+
+XDisplay::XDisplay(const desktops::RuntimeFolder& folder)
+    : server(std::make_unique<Program>(serverIn(folder))),
+      _name(":" + server->nextLine().value_or("")),
+      _connection(xcb_connect(_name.c_str(), nullptr)) {
+    if (xcb_connection_has_error(_connection) != 0) {
+        ADD_FAILURE() << "no connection to the X server " << _name;
+        return;
+    }
+    _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
+    windowManager = std::make_unique<Program>(windowManagerOn(_name, folder));
+    EXPECT_TRUE(waitUntil([this] { return !numbers(_root, "_NET_SUPPORTING_WM_CHECK").empty(); }))
+        << "the window manager never took over";
+}
+
+XDisplay::~XDisplay() {
+    xcb_disconnect(_connection);
+}
+
+std::uint32_t XDisplay::atom(const char* text) const {
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        _connection,
+        xcb_intern_atom(_connection, 0, static_cast<std::uint16_t>(std::strlen(text)), text),
+        nullptr));
+    return reply != nullptr ? reply->atom : 0;
+}
+
+std::string XDisplay::property(std::uint32_t window, const char* property) const {
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        _connection,
+        xcb_get_property(_connection, 0, window, atom(property), XCB_ATOM_ANY, 0, longest),
+        nullptr));
+    if (reply == nullptr) {
+        return {};
+    }
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
+std::vector<std::uint32_t> XDisplay::numbers(std::uint32_t window, const char* name) const {
+    const std::string bytes = property(window, name);
+    std::vector<std::uint32_t> values(bytes.size() / sizeof(std::uint32_t));
+    std::memcpy(values.data(), bytes.data(), values.size() * sizeof(std::uint32_t));
+    return values;
+}
+
+Rectangle XDisplay::contentOf(std::uint32_t window) const {
+    const Reply<xcb_get_geometry_reply_t> size(
+        xcb_get_geometry_reply(_connection, xcb_get_geometry(_connection, window), nullptr));
+    const Reply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
+        _connection, xcb_translate_coordinates(_connection, window, _root, 0, 0), nullptr));
+    if (size == nullptr || place == nullptr) {
+        return {};
+    }
+    return {place->dst_x, place->dst_y, size->width, size->height};
+}
+
+std::vector<ManagedWindow> XDisplay::windows() const {
+    std::vector<ManagedWindow> all;
+    for (const std::uint32_t id : numbers(_root, "_NET_CLIENT_LIST")) {
+        const std::vector<std::uint32_t> process = numbers(id, "_NET_WM_PID");
+        const std::string names = property(id, "WM_CLASS"); // both with a null behind them
+        all.push_back({id, property(id, "_NET_WM_NAME"),
+                       names.substr(std::min(names.find('\0') + 1, names.size())).c_str(),
+                       process.empty() ? 0 : process.front(), contentOf(id)});
+    }
+    return all;
+}
+
+std::optional<ManagedWindow> XDisplay::windowTitled(const std::string& title) const {
+    const std::vector<ManagedWindow> all = windows();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const auto& each) { return each.title == title; });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
+}
+
+std::optional<std::uint32_t> XDisplay::activeWindow() const {
+    const std::vector<std::uint32_t> active = numbers(_root, "_NET_ACTIVE_WINDOW");
+    return active.empty() || active.front() == 0 ? std::nullopt : std::optional(active.front());
+}
+
+void XDisplay::ask(std::uint32_t window, const char* message) const {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    event.data.data32[0] = fromTaskBar;
+    xcb_send_event(_connection, 0, _root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+    xcb_flush(_connection);
+}
+
+void XDisplay::close(const ManagedWindow& window) const {
+    ask(window.id, "_NET_CLOSE_WINDOW");
+}
+
+void XDisplay::activate(const ManagedWindow& window) const {
+    ask(window.id, "_NET_ACTIVE_WINDOW");
+}
+
+} // namespace glidemap::application

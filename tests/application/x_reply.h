@@ -1,0 +1,16 @@
+// What the X server answers, freed by whoever asked.
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+
+namespace glidemap::application {
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+template <typename Type>
+using Reply = std::unique_ptr<Type, FreeReply>;
+
+} // namespace glidemap::application
