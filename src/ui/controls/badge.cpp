@@ -1,5 +1,7 @@
 #include "ui/controls/badge.h"
 
+#include "ui/theme/style/paint.h"
+
 #include <QPainter>
 
 namespace glidemap {
@@ -10,6 +12,7 @@ constexpr double groundOpacity = 0.15;
 
 Badge::Badge(QWidget* parent) : ElidedLabel(TextStyle::caption, Role::blue, parent) {
     setContentsMargins(8, 3, 8, 3);
+    setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
@@ -19,12 +22,11 @@ void Badge::setColor(Role colorRole) {
 }
 
 void Badge::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Theme::shared().color(role, groundOpacity));
-    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
-    painter.end();
+    {
+        QPainter painter(this);
+        const QRectF pill = style::snapped(painter, rect());
+        style::fillRounded(painter, pill, pill.height() / 2, style::color(role, groundOpacity));
+    }
     ElidedLabel::paintEvent(event);
 }
 

@@ -10,13 +10,19 @@ namespace glidemap {
 
 class ElidedLabel : public StyledLabel {
 public:
-    using StyledLabel::StyledLabel;
+    ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent = nullptr);
 
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    bool isCut() const;
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QSize withMargins(int textWidth) const;
 };
 
 } // namespace glidemap

@@ -8,8 +8,23 @@
 
 namespace glidemap {
 
+// Asks for a single line, and wraps where there is less room; a plain label that may wrap asks for
+// half of it.
+class Notice::Text : public StyledLabel {
+public:
+    using StyledLabel::StyledLabel;
+
+    QSize sizeHint() const override {
+        const int width = fontMetrics().horizontalAdvance(text()) + 2;
+        return {width, heightForWidth(width)};
+    }
+    QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * 12, fontMetrics().height()};
+    }
+};
+
 Notice::Notice(const Look& look, QWidget* parent)
-    : QFrame(parent), drawn(look), label(new StyledLabel(TextStyle::callout, look.textRole, this)) {
+    : QFrame(parent), drawn(look), label(new Text(TextStyle::callout, look.textRole, this)) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(12, 8, 12, 8);
     layout->setSpacing(8);

@@ -41,8 +41,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    class Text;
+
     Look drawn;
-    StyledLabel* label;
+    Text* label;
     QPushButton* pushButton = nullptr;
     Subscription toTheme;
 };

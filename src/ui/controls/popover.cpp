@@ -1,48 +1,160 @@
 #include "ui/controls/popover.h"
 
+#include "ui/theme/style/paint.h"
+#include "ui/theme/style/shadow.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 
 namespace glidemap {
 
-Popover::Popover(QWidget* anchor, QWidget* content) : QFrame(anchor->window()), hangsFrom(anchor) {
+namespace {
+
+constexpr int padding = 8;
+
+// The card and its arrow in one outline, so that the edge runs around both.
+QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
+    QPainterPath body;
+    body.addRoundedRect(card, popoverRadius, popoverRadius);
+    const double base = isAbove ? card.bottom() : card.top();
+    const double direction = isAbove ? 1 : -1;
+    const double tip = base + direction * (popoverArrowHeight - 0.5);
+    const double inward = base - direction;
+    QPainterPath arrow(QPointF(arrowX - popoverArrowHalfWidth, inward));
+    arrow.lineTo(arrowX - popoverArrowHalfWidth, base);
+    arrow.lineTo(arrowX - 1.5, tip - direction);
+    arrow.quadTo(arrowX, tip + direction * 0.5, arrowX + 1.5, tip - direction);
+    arrow.lineTo(arrowX + popoverArrowHalfWidth, base);
+    arrow.lineTo(arrowX + popoverArrowHalfWidth, inward);
+    arrow.closeSubpath();
+    return body.united(arrow);
+}
+
+} // namespace
+
+// Lies beneath the popover and reaches beyond it, where a click is not the popover's.
+class Popover::Shadow : public QWidget {
+public:
+    explicit Shadow(QWidget* parent) : QWidget(parent) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+    void surround(const QRect& card) {
+        constexpr int reach = style::shadowReach;
+        setGeometry(card.adjusted(-reach, -reach, reach, reach));
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        constexpr int reach = style::shadowReach;
+        const QRectF card = QRectF(rect()).adjusted(reach, reach, -reach, -reach);
+        if (card.adjusted(4, 4, -4, -4).contains(event->rect())) {
+            return; // only what the card covers is drawn again, as its content moves
+        }
+        QPainter painter(this);
+        style::drawShadow(painter, card, popoverRadius);
+    }
+};
+
+Popover::Popover(QWidget* anchor, QWidget* content)
+    : QFrame(anchor->window()), hangsFrom(anchor), shadow(new Shadow(anchor->window())) {
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(8, 16, 8, 8);
     layout->addWidget(content);
-    toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
-    connect(anchor, &QObject::destroyed, this, [this] { dismiss(); });
+    toTheme = Theme::shared().changes().subscribe({}, [this] { placeSoon(); });
+    connect(anchor, &QObject::destroyed, this, [this] {
+        onClosed = {};
+        dismiss();
+    });
     qApp->installEventFilter(this);
     setFocusPolicy(Qt::StrongFocus);
     place();
+    shadow->show();
+    shadow->raise();
     show();
     raise();
-    setFocus();
+    setFocus(Qt::PopupFocusReason);
+}
+
+Popover::~Popover() {
+    delete shadow;
 }
 
 void Popover::dismiss() {
     if (std::exchange(isClosed, true)) {
         return;
     }
+    const bool hadFocus = isWithin(QApplication::focusWidget());
+    if (hadFocus && hangsFrom != nullptr) {
+        hangsFrom->setFocus(Qt::PopupFocusReason);
+    }
     hide();
+    if (shadow != nullptr) {
+        shadow->hide();
+    }
     deleteLater();
     if (onClosed) {
         onClosed();
     }
 }
 
+bool Popover::isWithin(const QWidget* widget) const {
+    return widget != nullptr && (widget == this || isAncestorOf(widget));
+}
+
+// All of the program's events come by here: most are told apart by their kind alone.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
-        const auto* clicked = static_cast<QWidget*>(watched);
-        const bool isInside = clicked == this || isAncestorOf(clicked);
-        if (!isInside && clicked != hangsFrom) {
+    if (isClosed || hangsFrom == nullptr || !watched->isWidgetType()) {
+        return false;
+    }
+    auto* widget = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        if (!isWithin(widget) && widget != hangsFrom && !hangsFrom->isAncestorOf(widget)) {
             dismiss();
         }
+        break;
+    case QEvent::Hide:
+        if (widget == hangsFrom) {
+            dismiss();
+        }
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+        if (widget == hangsFrom || widget->isAncestorOf(hangsFrom)) {
+            placeSoon();
+        }
+        break;
+    default:
+        break;
     }
     return false;
+}
+
+bool Popover::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept(); // ours before the window's
+        return true;
+    }
+    if (event->type() == QEvent::LayoutRequest) {
+        placeSoon();
+    }
+    return QFrame::event(event);
+}
+
+// Where the popover itself has the focus, the next control is the one after its anchor.
+bool Popover::focusNextPrevChild(bool next) {
+    if (!hasFocus() || hangsFrom == nullptr) {
+        return QFrame::focusNextPrevChild(next);
+    }
+    dismiss();
+    return true;
 }
 
 void Popover::keyPressEvent(QKeyEvent* event) {
@@ -53,14 +165,50 @@ void Popover::keyPressEvent(QKeyEvent* event) {
     QFrame::keyPressEvent(event);
 }
 
+// Stays here: passed on to the window it would count as a click beside the popover.
+void Popover::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+// When the layouts have come to rest.
+void Popover::placeSoon() {
+    if (!std::exchange(isPlacing, true)) {
+        QTimer::singleShot(0, this, [this] {
+            isPlacing = false;
+            place();
+        });
+    }
+}
+
 void Popover::place() {
-    adjustSize();
-    const QPoint below = hangsFrom->mapTo(window(), QPoint(0, hangsFrom->height()));
-    move(below);
+    if (isClosed || hangsFrom == nullptr) {
+        return;
+    }
+    const QRect anchor(hangsFrom->mapTo(window(), QPoint(0, 0)), hangsFrom->size());
+    if (isVisible() && hangsFrom->visibleRegion().isEmpty() && window()->isVisible()) {
+        dismiss(); // scrolled away
+        return;
+    }
+    layout()->setContentsMargins(padding, padding, padding, padding);
+    const QSize card = layout()->totalSizeHint();
+    placed = placePopover(card, anchor, window()->rect());
+    const int above = placed.isAbove ? 0 : popoverArrowHeight;
+    const int below = placed.isAbove ? popoverArrowHeight : 0;
+    layout()->setContentsMargins(padding, padding + above, padding, padding + below);
+    setGeometry(placed.card.adjusted(0, -above, 0, below));
+    shadow->surround(placed.card);
+    update();
 }
 
 void Popover::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), Theme::shared().color(Role::card));
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double line = style::hairline(painter);
+    const QRectF card =
+        QRectF(placed.card.translated(-pos())).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+    painter.setPen(QPen(style::color(Role::outline), line));
+    painter.setBrush(style::color(Role::card));
+    painter.drawPath(outlineOf(card, placed.isAbove, placed.arrowX - pos().x()));
 }
 
 } // namespace glidemap

@@ -1,36 +1,159 @@
 #include "ui/controls/sheet.h"
 
+#include "ui/controls/sheet_placement.h"
+#include "ui/theme/style/paint.h"
+#include "ui/theme/style/scroll_bar.h"
+#include "ui/theme/style/shadow.h"
+
+#include <QEvent>
+#include <QPaintEvent>
 #include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace glidemap {
 
+namespace {
+
+constexpr int radius = 12;
+constexpr double slideFrom = 14; // points above its place
+constexpr double veilLight = 0.28;
+constexpr double veilDark = 0.5;
+
+} // namespace
+
+// Dims the window that waits.
+class Sheet::Veil : public QWidget {
+public:
+    explicit Veil(QWidget* over) : QWidget(over) {
+        setGeometry(over->rect());
+        show();
+        raise();
+        shade.glideTo(1);
+    }
+
+    // Goes when it has faded.
+    void lift() {
+        shade.onArrival = [this] {
+            deleteLater();
+        };
+        shade.glideTo(0);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        const double depth = Theme::shared().isDark() ? veilDark : veilLight;
+        QPainter(this).fillRect(
+            rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(depth * shade.value())));
+    }
+
+private:
+    Slide shade{this};
+};
+
 Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
-    : QDialog(hangsFrom->window(), Qt::Dialog | Qt::FramelessWindowHint) {
+    : QDialog(hangsFrom->window(), Qt::Dialog | Qt::FramelessWindowHint), wanted(size),
+      scroller(new QScrollArea(this)), isTranslucent(Theme::shared().composites()) {
     setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground, isTranslucent);
     setWindowModality(Qt::WindowModal);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(content);
-    resize(size);
+    const int margin = shadowMargin();
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->addWidget(scroller);
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setWidgetResizable(true);
+    scroller->setFocusPolicy(Qt::NoFocus);
+    scroller->setWidget(content);
+    scroller->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
+    owner()->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {
-        if (onClosed) {
+        if (veil != nullptr) {
+            veil->lift();
+        }
+        if (!std::exchange(hasClosed, true) && onClosed) {
             onClosed();
         }
     });
 }
 
+Sheet::~Sheet() {
+    delete veil;
+}
+
 void Sheet::present() {
+    veil = new Veil(owner());
+    arrival.jumpTo(slideFrom);
+    place();
     open();
+    arrival.glideTo(0);
 }
 
 void Sheet::dismiss() {
     done(QDialog::Rejected);
 }
 
-void Sheet::paintEvent(QPaintEvent* /*event*/) {
-    QPainter(this).fillRect(rect(), Theme::shared().color(Role::window));
+int Sheet::shadowMargin() const {
+    return isTranslucent ? style::shadowReach : 0;
+}
+
+QRect Sheet::cardGeometry() const {
+    const int margin = shadowMargin();
+    return geometry().adjusted(margin, margin, -margin, -margin);
+}
+
+void Sheet::place() {
+    const QRect window(owner()->mapToGlobal(QPoint(0, 0)), owner()->size());
+    const QSize least = scroller->widget()->minimumSizeHint();
+    const QRect screen = owner()->screen()->availableGeometry();
+    placed = placeSheet(wanted, least, style::scrollBarExtent, window, screen);
+    const int margin = 2 * shadowMargin();
+    setFixedSize(placed.size() + QSize(margin, margin));
+    moveToPlace();
+}
+
+void Sheet::moveToPlace() {
+    const int margin = shadowMargin();
+    move(placed.topLeft() - QPoint(margin, margin + qRound(arrival.value())));
+}
+
+bool Sheet::eventFilter(QObject* watched, QEvent* event) {
+    const bool hasMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (watched == owner() && hasMoved && isVisible()) {
+        place();
+        if (veil != nullptr) {
+            veil->setGeometry(owner()->rect());
+        }
+    }
+    return false;
+}
+
+void Sheet::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (!isTranslucent) {
+        QPainterPath shape;
+        shape.addRoundedRect(rect(), radius, radius);
+        setMask(QRegion(shape.toFillPolygon().toPolygon()));
+    }
+}
+
+void Sheet::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    const int margin = shadowMargin();
+    const QRect card = rect().adjusted(margin, margin, -margin, -margin);
+    const bool isInside = card.adjusted(radius, radius, -radius, -radius).contains(event->rect());
+    if (isTranslucent && !isInside) {
+        style::drawShadow(painter, card, radius);
+    }
+    const QRectF shape = style::snapped(painter, card);
+    style::fillRounded(painter, shape, radius, style::color(Role::window));
+    style::strokeRounded(painter, shape, radius, style::hairline(painter),
+                         style::color(Role::outline));
 }
 
 } // namespace glidemap

@@ -1,6 +1,8 @@
 // A dialog that hangs from the top of its window, which waits, dimmed, until the sheet has gone.
 //
-// It is a window of its own, because it may be larger than the one it hangs from.
+// It is a window of its own, because it may be larger than the one it hangs from. Its corners are
+// round and it casts a shadow where the desktop can show what lies behind a window; elsewhere its
+// shape is cut out.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -8,17 +10,22 @@
 // Errors:  none. On a screen too small for it, it is as large as fits and its content scrolls.
 #pragma once
 
+#include "ui/controls/slide.h"
 #include "ui/theme/theme.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <functional>
+
+class QScrollArea;
 
 namespace glidemap {
 
 class Sheet : public QDialog {
 public:
-    // `content` becomes the sheet's and asks for the size by its own.
+    // `content` becomes the sheet's. `size` is the content's, where the screen has room for it.
     Sheet(QWidget* hangsFrom, QWidget* content, QSize size);
+    ~Sheet() override;
 
     // Called once, when it has been closed, however that came.
     std::function<void()> onClosed;
@@ -26,10 +33,31 @@ public:
     void present();
     void dismiss();
 
+    // The sheet without its shadow, on the screen.
+    QRect cardGeometry() const;
+
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    class Veil;
+
+    QWidget* owner() const { return parentWidget(); }
+    int shadowMargin() const;
+    void place();
+    void moveToPlace();
+
+    QSize wanted;
+    QScrollArea* scroller;
+    QPointer<Veil> veil;
+    QRect placed; // where the card belongs
+    bool isTranslucent;
+    bool hasClosed = false;
+    Slide arrival{this, [this] {
+                      moveToPlace();
+                  }};
     Subscription toTheme;
 };
 

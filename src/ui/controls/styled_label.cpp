@@ -18,6 +18,7 @@ void StyledLabel::dress() {
     setFont(Theme::shared().font(style));
     QPalette own = palette();
     own.setColor(QPalette::WindowText, Theme::shared().color(role));
+    own.setColor(QPalette::Disabled, QPalette::WindowText, Theme::shared().color(Role::tertiary));
     setPalette(own);
 }
 

@@ -7,6 +7,7 @@ namespace glidemap {
 SymbolButton::SymbolButton(std::string_view symbolName, Role colorRole, QWidget* parent)
     : QToolButton(parent), symbol(symbolName), role(colorRole) {
     setAutoRaise(true);
+    setIconSize(QSize(16, 16));
     setFocusPolicy(Qt::StrongFocus);
     toTheme = Theme::shared().changes().subscribe({}, [this] { dress(); });
     dress();
@@ -17,13 +18,23 @@ void SymbolButton::setSymbol(std::string_view symbolName) {
     dress();
 }
 
+void SymbolButton::setRole(Role colorRole) {
+    role = colorRole;
+    dress();
+}
+
+void SymbolButton::setSymbolSize(int points) {
+    setIconSize(QSize(points, points));
+    dress();
+}
+
 void SymbolButton::setHelp(const QString& help) {
     setAccessibleName(help);
     setToolTip(help);
 }
 
 void SymbolButton::dress() {
-    setIcon(symbolIcon(symbol, role));
+    setIcon(symbolIcon(symbol, role, iconSize().width()));
 }
 
 } // namespace glidemap

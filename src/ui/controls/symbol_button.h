@@ -1,5 +1,6 @@
 // A borderless button that is a symbol. What it does is its accessible name and its hover help.
 //
+// Units:   points.
 // Thread:  the main thread. Owner: its parent. Errors: none.
 #pragma once
 
@@ -16,6 +17,8 @@ public:
     SymbolButton(std::string_view symbolName, Role colorRole, QWidget* parent = nullptr);
 
     void setSymbol(std::string_view symbolName);
+    void setRole(Role colorRole);
+    void setSymbolSize(int points); // 16 without it
 
     // The accessible name and the hover help in one.
     void setHelp(const QString& help);

@@ -3,8 +3,12 @@
 #include "ui/theme/text.h"
 
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <cmath>
 
 namespace glidemap {
 
@@ -22,14 +26,8 @@ QByteArray drawingOf(std::string_view name, const QColor& color) {
     return file.readAll().replace("currentColor", color.name(QColor::HexRgb).toLatin1());
 }
 
-} // namespace
-
-bool symbolExists(std::string_view name) {
-    return QFile::exists(pathOf(name));
-}
-
-void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name,
-                const QColor& color) {
+void renderSymbol(QPainter& painter, const QRectF& where, std::string_view name,
+                  const QColor& color) {
     painter.save();
     painter.setOpacity(painter.opacity() * color.alphaF());
     QSvgRenderer renderer(drawingOf(name, color));
@@ -43,25 +41,89 @@ void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name,
     painter.restore();
 }
 
+// Reading a drawing takes a hundred times as long as showing it, and rows show the same few again
+// and again. A picture's size is in the screen's pixels.
+QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels) {
+    const QString key = QStringLiteral("symbol/%1/%2/%3x%4")
+                            .arg(toQt(name), color.name(QColor::HexArgb))
+                            .arg(pixels.width())
+                            .arg(pixels.height());
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap(pixels);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        renderSymbol(painter, QRectF(QPointF(), pixels), name, color);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+// Draws in the colours of the moment, at the size and sharpness of the place.
+class SymbolEngine : public QIconEngine {
+public:
+    SymbolEngine(std::string_view name, Role colorRole, int size)
+        : symbol(name), role(colorRole), points(size) {}
+
+    QIconEngine* clone() const override { return new SymbolEngine(*this); }
+
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        return {QSize(points, points)};
+    }
+
+    QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        return size;
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+               QIcon::State /*state*/) override {
+        drawSymbol(*painter, rect, symbol, colorFor(mode));
+    }
+
+    QPixmap pixmap(const QSize& pixels, QIcon::Mode mode, QIcon::State /*state*/) override {
+        return picture(symbol, colorFor(mode), pixels);
+    }
+
+private:
+    QColor colorFor(QIcon::Mode mode) const {
+        return Theme::shared().color(mode == QIcon::Disabled ? Role::tertiary : role);
+    }
+
+    std::string symbol;
+    Role role;
+    int points;
+};
+
+} // namespace
+
+bool symbolExists(std::string_view name) {
+    return QFile::exists(pathOf(name));
+}
+
+void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name,
+                const QColor& color) {
+    const QTransform transform = painter.deviceTransform();
+    if (transform.type() > QTransform::TxScale) {
+        renderSymbol(painter, where, name, color);
+        return;
+    }
+    const QRectF device = transform.mapRect(where);
+    const QSize pixels(std::max(1, qRound(device.width())), std::max(1, qRound(device.height())));
+    const QPointF corner(std::round(device.left()), std::round(device.top()));
+    const QRectF target = transform.inverted().mapRect(QRectF(corner, pixels));
+    painter.drawPixmap(target, picture(name, color, pixels), QRectF(QPointF(), pixels));
+}
+
 QPixmap symbolPixmap(std::string_view name, const QColor& color, int points, double pixelRatio) {
     const int pixels = qRound(points * pixelRatio);
-    QPixmap pixmap(pixels, pixels);
+    QPixmap pixmap = picture(name, color, QSize(pixels, pixels));
     pixmap.setDevicePixelRatio(pixelRatio);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    drawSymbol(painter, QRectF(0, 0, points, points), name, color);
     return pixmap;
 }
 
 QIcon symbolIcon(std::string_view name, Role role, int points) {
-    QIcon icon;
-    const Theme& theme = Theme::shared();
-    for (const double ratio : {1.0, 1.5, 2.0}) {
-        icon.addPixmap(symbolPixmap(name, theme.color(role), points, ratio));
-        icon.addPixmap(symbolPixmap(name, theme.color(Role::tertiary), points, ratio),
-                       QIcon::Disabled);
-    }
-    return icon;
+    return QIcon(new SymbolEngine(name, role, points));
 }
 
 } // namespace glidemap

@@ -26,7 +26,7 @@ void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name, c
 
 QPixmap symbolPixmap(std::string_view name, const QColor& color, int points, double pixelRatio);
 
-// In the colour that the role has now, dimmed where the icon is disabled.
+// Drawn in the colour that the role has at that moment, dimmed where the icon is disabled.
 QIcon symbolIcon(std::string_view name, Role role, int points = 16);
 
 } // namespace glidemap

@@ -1,0 +1,38 @@
+#include "ui/controls/popover_placement.h"
+
+#include <algorithm>
+
+namespace glidemap {
+
+namespace {
+
+// The nearest place to the wanted one that keeps the extent within the bounds; where it does not
+// fit, its beginning is what is seen.
+int within(int wanted, int extent, int from, int upTo) {
+    return std::max(from, std::min(wanted, upTo - extent));
+}
+
+} // namespace
+
+PopoverPlacement placePopover(QSize card, const QRect& anchor, const QRect& window) {
+    const QRect room =
+        window.adjusted(popoverEdgeGap, popoverEdgeGap, -popoverEdgeGap, -popoverEdgeGap);
+    const int anchorBottom = anchor.y() + anchor.height();
+    const int roomBottom = room.y() + room.height();
+    const int spaceBelow = roomBottom - anchorBottom - popoverArrowHeight;
+    const int spaceAbove = anchor.y() - room.y() - popoverArrowHeight;
+    const bool isAbove = spaceBelow < card.height() && spaceAbove > spaceBelow;
+
+    const int middle = anchor.x() + anchor.width() / 2;
+    const int wantedY = isAbove ? anchor.y() - popoverArrowHeight - card.height()
+                                : anchorBottom + popoverArrowHeight;
+    const QPoint place(
+        within(middle - card.width() / 2, card.width(), room.x(), room.x() + room.width()),
+        within(wantedY, card.height(), room.y(), roomBottom));
+
+    const int least = place.x() + popoverRadius + popoverArrowHalfWidth;
+    const int most = place.x() + card.width() - popoverRadius - popoverArrowHalfWidth;
+    return {QRect(place, card), isAbove, std::max(least, std::min(middle, most))};
+}
+
+} // namespace glidemap

@@ -1,0 +1,26 @@
+#include "ui/theme/style/shadow.h"
+
+#include "ui/theme/style/paint.h"
+
+namespace glidemap::style {
+
+namespace {
+
+constexpr int blur = 16;
+constexpr double drop = 5;
+
+} // namespace
+
+// Cards laid upon one another, each a little smaller and each letting most through, add up to an
+// edge that fades like a blurred one.
+void drawShadow(QPainter& painter, const QRectF& card, double radius) {
+    const int layer = Theme::shared().isDark() ? 9 : 4;
+    for (int step = 0; step < blur; ++step) {
+        const double reach = blur - step;
+        const QRectF shape = card.adjusted(-reach, -reach + drop, reach, reach + drop);
+        fillRounded(painter, shape, radius + reach,
+                    QColor(0, 0, 0, step < blur / 2 ? layer / 2 : layer));
+    }
+}
+
+} // namespace glidemap::style
