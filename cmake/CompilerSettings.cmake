@@ -32,5 +32,15 @@ if(GLIDEMAP_SANITIZERS)
     add_link_options(-fsanitize=${GLIDEMAP_SANITIZERS})
 endif()
 
+# Programs that read devices are worth hardening. A sanitizer watches more than this does, and gets in its way.
+include(CheckPIESupported)
+check_pie_supported()
+if(NOT GLIDEMAP_SANITIZERS)
+    add_compile_options($<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+                        $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>
+                        $<$<NOT:$<CONFIG:Debug>>:-fstack-protector-strong>)
+    add_link_options(-Wl,-z,relro -Wl,-z,now)
+endif()
+
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)

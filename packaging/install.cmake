@@ -1,0 +1,21 @@
+# Where everything goes. A program finds what belongs to it by its own place, ../lib/glidemap, ../libexec/glidemap and
+# ../share/glidemap, so these are written out, and the whole may be installed anywhere.
+
+install(TARGETS glidemap glidemap-record glidemap-replay RUNTIME DESTINATION bin)
+install(TARGETS glidemap_evdev_driver glidemap_replay_driver LIBRARY DESTINATION lib/glidemap)
+install(PROGRAMS ${grant_access} DESTINATION libexec/glidemap)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/share/glidemap/gnome-shell DESTINATION share/glidemap)
+
+install(FILES udev/70-glidemap.rules DESTINATION lib/udev/rules.d)
+install(FILES modules-load/glidemap.conf DESTINATION lib/modules-load.d)
+
+# Only an installation knows where it goes.
+install(CODE "
+    set(GLIDEMAP_GRANT_ACCESS \"\${CMAKE_INSTALL_PREFIX}/libexec/glidemap/glidemap-grant-access\")
+    configure_file(\"${CMAKE_CURRENT_SOURCE_DIR}/polkit/org.glidemap.grant-access.policy.in\"
+                   \"${CMAKE_CURRENT_BINARY_DIR}/installed/org.glidemap.grant-access.policy\" @ONLY)")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/installed/org.glidemap.grant-access.policy
+        DESTINATION share/polkit-1/actions)
+
+install(FILES desktop/org.glidemap.Glidemap.desktop DESTINATION share/applications)
+install(FILES ${metainfo} DESTINATION share/metainfo)

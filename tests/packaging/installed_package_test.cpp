@@ -1,0 +1,175 @@
+// The Debian package on a machine of its own: installed there as anybody installs it, what it
+// brings works from its places, and it leaves nothing behind.
+
+#include "input_devices.h"
+#include "ordinary_pad.h"
+#include "process.h"
+#include "virtual_pad.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace glidemap::vm {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+constexpr const char* uinput = "/dev/uinput";
+constexpr uid_t nobody = 65534;
+
+fs::path package() {
+    fs::path found;
+    for (const auto& entry : fs::directory_iterator(GLIDEMAP_PACKAGES)) {
+        if (entry.path().extension() == ".deb") {
+            EXPECT_TRUE(found.empty()) << "more than one package";
+            found = entry.path();
+        }
+    }
+    return found;
+}
+
+// What the desktop's databases would learn from the package is theirs to test, and takes long.
+void dpkg(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"/usr/bin/dpkg", "--no-triggers"});
+    Process process(arguments);
+    EXPECT_EQ(process.waitForEnd(), 0) << process.errors();
+}
+
+// The package starts udev's work and does not wait for it.
+void waitForUdev() {
+    Process settling({"/usr/bin/udevadm", "settle", "--timeout=10"});
+    EXPECT_EQ(settling.waitForEnd(), 0);
+}
+
+void install() {
+    dpkg({"--install", package().string()});
+    waitForUdev();
+}
+
+bool isForTheSeat(const fs::path& node) {
+    return udevProperty(node, "CURRENT_TAGS").value_or("").find(":uaccess:") != std::string::npos;
+}
+
+// Where the package puts a file that the list of an installation's files has, as "644 bin/glidemap".
+std::vector<fs::path> filesOfThePackage() {
+    std::vector<fs::path> files;
+    std::ifstream list(GLIDEMAP_INSTALLED_FILES);
+    for (std::string mode, name; list >> mode >> name;) {
+        files.push_back(fs::path("/usr") / name);
+    }
+    EXPECT_FALSE(files.empty());
+    return files;
+}
+
+// A home for a program that runs as nobody.
+class Home {
+public:
+    Home() {
+        fs::create_directories(folder / "runtime");
+        fs::permissions(folder / "runtime", fs::perms::owner_all);
+        for (const fs::path& path : {folder, folder / "runtime"}) {
+            EXPECT_EQ(chown(path.c_str(), nobody, nobody), 0);
+        }
+        setenv("HOME", folder.c_str(), 1);
+        setenv("XDG_RUNTIME_DIR", (folder / "runtime").c_str(), 1);
+        for (const char* other : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "GLIDEMAP_TOUCH_DRIVER"}) {
+            unsetenv(other);
+        }
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    }
+    Home(const Home&) = delete;
+    Home& operator=(const Home&) = delete;
+    ~Home() { fs::remove_all(folder); }
+
+private:
+    fs::path folder = "/run/glidemap-home";
+};
+
+// Stands in for logind, which hands the seated user what udev has tagged.
+void handOver(const fs::path& node) {
+    ASSERT_TRUE(isForTheSeat(node)) << node;
+    ASSERT_EQ(chown(node.c_str(), nobody, nobody), 0);
+}
+
+TEST(InstalledPackage, GivesTheSeatItsTouchpadsAtOnceAndThoseThatComeLater) {
+    const VirtualPad pad(ordinaryPad());
+    EXPECT_FALSE(isForTheSeat(pad.node()));
+    install();
+    EXPECT_TRUE(isForTheSeat(pad.node()));
+    EXPECT_TRUE(isForTheSeat(uinput));
+    const VirtualPad later(otherPad());
+    EXPECT_TRUE(isForTheSeat(later.node()));
+}
+
+TEST(InstalledPackage, RecognisesEveryGestureFromItsPlace) {
+    install();
+    const Home home;
+    Process replay({"/usr/bin/glidemap-replay", "--demonstrate"}, Process::User::nobody);
+    EXPECT_EQ(replay.waitForEnd(), 0) << replay.errors();
+}
+
+TEST(InstalledPackage, RecordsATouchpadWithItsOwnDriver) {
+    install();
+    const Home home;
+    const VirtualPad pad(ordinaryPad());
+    handOver(pad.node());
+    Process recorder({"/usr/bin/glidemap-record", "-o", "/dev/null"}, Process::User::nobody);
+    EXPECT_TRUE(recorder.waitUntilReading(pad.node()));
+    recorder.send(SIGINT);
+    EXPECT_EQ(recorder.waitForEnd(), 0) << recorder.errors();
+}
+
+TEST(InstalledPackage, RunsTheProgramUntilItIsToldToEnd) {
+    install();
+    const Home home;
+    const VirtualPad pad(ordinaryPad());
+    handOver(pad.node());
+    handOver(uinput);
+    Process program({"/usr/bin/glidemap"}, Process::User::nobody);
+    EXPECT_TRUE(program.waitUntilReading(pad.node()));
+    program.send(SIGTERM);
+    EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
+    EXPECT_THAT(program.errors(), Not(HasSubstr("glidemap:")));
+    ASSERT_EQ(chown(uinput, 0, 0), 0);
+}
+
+TEST(InstalledPackage, LeavesNothingBehindWhenItIsRemoved) {
+    install();
+    const VirtualPad pad(ordinaryPad());
+    EXPECT_TRUE(isForTheSeat(pad.node()));
+    dpkg({"--remove", "glidemap"});
+    waitForUdev();
+    for (const fs::path& file : filesOfThePackage()) {
+        EXPECT_FALSE(fs::exists(file)) << file;
+    }
+    for (const char* folder :
+         {"/usr/lib/glidemap", "/usr/libexec/glidemap", "/usr/share/glidemap"}) {
+        EXPECT_FALSE(fs::exists(folder)) << folder;
+    }
+    EXPECT_FALSE(isForTheSeat(pad.node()));
+    EXPECT_FALSE(isForTheSeat(uinput));
+}
+
+TEST(InstalledPackage, TakesBackWhatWasGrantedByHandWhenItIsPurged) {
+    install();
+    Process grant({"/usr/libexec/glidemap/glidemap-grant-access"});
+    EXPECT_EQ(grant.waitForEnd(), 0) << grant.errors();
+    dpkg({"--remove", "glidemap"});
+    EXPECT_TRUE(fs::exists("/etc/udev/rules.d/70-glidemap.rules"));
+    dpkg({"--purge", "glidemap"});
+    EXPECT_FALSE(fs::exists("/etc/udev/rules.d/70-glidemap.rules"));
+    EXPECT_FALSE(fs::exists("/etc/modules-load.d/glidemap.conf"));
+}
+
+} // namespace
+} // namespace glidemap::vm
