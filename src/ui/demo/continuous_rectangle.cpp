@@ -1,4 +1,4 @@
-#include "continuous_rectangle.h"
+#include "ui/demo/continuous_rectangle.h"
 
 #include <QPointF>
 #include <QRectF>

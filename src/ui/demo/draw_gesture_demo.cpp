@@ -1,6 +1,6 @@
 #include "ui/demo/draw_gesture_demo.h"
 
-#include "continuous_rectangle.h"
+#include "ui/demo/continuous_rectangle.h"
 #include "ui/demo/gesture_demo.h"
 #include "ui/theme/theme.h"
 
