@@ -60,7 +60,7 @@ bool isRefusedRedirect(QNetworkReply::NetworkError error) {
 // network goes, its thread included.
 class Exchange : public QObject {
 public:
-    Exchange(HttpsFetchSetup given, Done then) : setup(std::move(given)), done(std::move(then)) {}
+    Exchange(HttpsFetchSetup given, Done then);
 
     void begin(const QUrl& url);
 
@@ -83,6 +83,13 @@ private:
     QString reason; // why we ended it ourselves
 };
 
+Exchange::Exchange(HttpsFetchSetup given, Done then)
+    : setup(std::move(given)), done(std::move(then)) {
+    // There is nobody to tell when the program ends.
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            [this] { delete this; });
+}
+
 void Exchange::begin(const QUrl& url) {
     reply = manager.get(requestFor(url, setup));
     reply->setReadBufferSize(readAtOnce);
@@ -91,16 +98,10 @@ void Exchange::begin(const QUrl& url) {
     connect(reply, &QNetworkReply::metaDataChanged, this, [this] { receiveHeader(); });
     connect(reply, &QNetworkReply::redirected, this, [this] { silence.start(); });
     connect(reply, &QNetworkReply::readyRead, this, [this] { receive(); });
-    // Queued, because some failures are there before anyone can listen.
-    connect(
-        reply, &QNetworkReply::finished, this, [this] { finish(); }, Qt::QueuedConnection);
-    if (reply->isFinished()) {
-        QMetaObject::invokeMethod(
-            this, [this] { finish(); }, Qt::QueuedConnection);
+    connect(reply, &QNetworkReply::finished, this, [this] { finish(); });
+    if (reply->isFinished()) { // some failures are there before anyone can listen
+        finish();
     }
-    // There is nobody to tell when the program ends.
-    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
-            [this] { delete this; });
 }
 
 void Exchange::limit(QTimer& timer, std::chrono::milliseconds time, const char* text) {
@@ -171,7 +172,10 @@ Fetch httpsFetch(HttpsFetchSetup setup) {
         if (!url.isValid() || url.scheme() != "https" || url.host().isEmpty()) {
             qFatal("not an address to fetch from: %s", text.c_str());
         }
-        (new Exchange(setup, std::move(done)))->begin(url);
+        auto* const exchange = new Exchange(setup, std::move(done));
+        // The first one loads everything for TLS, and who starts the program shall not wait for it.
+        QMetaObject::invokeMethod(
+            exchange, [=] { exchange->begin(url); }, Qt::QueuedConnection);
     };
 }
 

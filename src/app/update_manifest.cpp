@@ -69,6 +69,10 @@ private:
 } // namespace
 
 std::optional<std::string> versionInManifest(std::string_view text) {
+    // The library takes it for the end, whatever follows.
+    if (text.find('\0') != std::string_view::npos) {
+        return std::nullopt;
+    }
     ManifestHandler handler;
     return json::sax_parse(text, &handler) ? handler.takeVersion() : std::nullopt;
 }

@@ -1,0 +1,52 @@
+#include "authority.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+
+namespace glidemap::test {
+
+namespace {
+
+void openssl(const QString& folder, const QStringList& arguments) {
+    QProcess program;
+    program.setWorkingDirectory(folder);
+    program.start("openssl", arguments);
+    EXPECT_TRUE(program.waitForFinished() && program.exitCode() == 0)
+        << arguments.join(' ').toStdString() << ": "
+        << program.readAllStandardError().toStdString();
+}
+
+QStringList newKey(const QString& name) {
+    return {"req",    "-newkey", "ec",          "-pkeyopt", "ec_paramgen_curve:prime256v1",
+            "-nodes", "-keyout", name + ".key", "-subj",    "/CN=" + name};
+}
+
+} // namespace
+
+Authority::Authority() {
+    const auto place = QString::fromStdString(folder.path().string());
+    openssl(place,
+            newKey("authority") + QStringList{"-x509", "-days", "2", "-out", "authority.pem"});
+    itself = QSslCertificate::fromPath(place + "/authority.pem");
+    EXPECT_EQ(itself.size(), 1);
+}
+
+Identity Authority::vouchFor(const std::string& names, int days) const {
+    const auto place = QString::fromStdString(folder.path().string());
+    folder.write("extensions", "subjectAltName=" + names + "\n");
+    openssl(place, newKey("server") + QStringList{"-out", "server.request"});
+    openssl(place, {"x509", "-req", "-in", "server.request", "-CA", "authority.pem", "-CAkey",
+                    "authority.key", "-CAcreateserial", "-days", QString::number(days), "-extfile",
+                    "extensions", "-out", "server.pem"});
+    QFile key(place + "/server.key");
+    EXPECT_TRUE(key.open(QIODevice::ReadOnly));
+    Identity identity{QSslCertificate::fromPath(place + "/server.pem").value(0),
+                      QSslKey(&key, QSsl::Ec, QSsl::Pem)};
+    EXPECT_FALSE(identity.certificate.isNull() || identity.key.isNull());
+    return identity;
+}
+
+} // namespace glidemap::test

@@ -1,0 +1,334 @@
+#include "app/https_fetch.h"
+#include "application.h"
+#include "https_server.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <filesystem>
+
+namespace glidemap {
+namespace {
+
+using namespace std::chrono_literals;
+using test::Application;
+using test::contentOf;
+using test::HttpsServer;
+using test::ok;
+using test::redirect;
+using test::respond;
+using test::say;
+
+constexpr qint64 largest = 1024L * 1024;
+
+class HttpsFetchTest : public testing::Test {
+protected:
+    // No time limit unless the test sets one.
+    HttpsFetchSetup trusting() const {
+        return {.silence = 1h, .whole = 1h, .authorities = authority.certificates()};
+    }
+
+    Fetched fetch(const HttpsFetchSetup& setup, const std::string& url) {
+        std::vector<Fetched> results;
+        httpsFetch(setup)(url, [&](const Fetched& fetched) { results.push_back(fetched); });
+        EXPECT_TRUE(results.empty());
+        EXPECT_TRUE(Application::runUntil([&] { return !results.empty(); }));
+        Application::runWhatWaits();
+        EXPECT_EQ(results.size(), 1U);
+        return results.empty() ? Fetched() : results.front();
+    }
+    Fetched fetch(const HttpsFetchSetup& setup) { return fetch(setup, server.url()); }
+
+    void expectBody(const std::string& body, const Fetched& fetched) {
+        EXPECT_EQ(fetched.body.size(), body.size());
+        EXPECT_TRUE(fetched.body == body) << fetched.body.substr(0, 200);
+        EXPECT_EQ(fetched.transportError, std::nullopt);
+    }
+    void expectNothing(const Fetched& fetched) {
+        EXPECT_EQ(fetched.body, "");
+        EXPECT_TRUE(fetched.transportError.has_value());
+    }
+
+    const Application application;
+    const test::Authority authority;
+    HttpsServer server{authority.vouchFor("IP:127.0.0.1"), ok("content")};
+};
+
+TEST_F(HttpsFetchTest, TheLimitsAreThoseOfSomethingSmall) {
+    const HttpsFetchSetup setup;
+    EXPECT_EQ(setup.silence, 15s);
+    EXPECT_EQ(setup.whole, 60s);
+    EXPECT_EQ(setup.largestBody, largest);
+    EXPECT_TRUE(setup.authorities.isEmpty());
+}
+
+TEST_F(HttpsFetchTest, WhatIsAskedNamesTheProgramAndWantsNothingOld) {
+    expectBody("content", fetch(trusting()));
+    ASSERT_EQ(server.requests().size(), 1U);
+    const std::string& request = server.requests()[0];
+    EXPECT_TRUE(request.starts_with("GET /version.json HTTP/1.1\r\n")) << request;
+    for (const char* const header :
+         {"\r\nUser-Agent: Glidemap/" GLIDEMAP_VERSION "\r\n", "\r\nCache-Control: no-cache\r\n",
+          "\r\nAccept-Encoding: identity\r\n"}) {
+        EXPECT_NE(request.find(header), std::string::npos) << request;
+    }
+    for (const char* const header : {"\r\nCookie", "\r\nIf-", "\r\nAuthorization", "\r\nReferer"}) {
+        EXPECT_EQ(request.find(header), std::string::npos) << request;
+    }
+}
+
+TEST_F(HttpsFetchTest, NothingIsKeptForTheNextTime) {
+    server.setAnswer(respond("200 OK", "content",
+                             "Set-Cookie: a=b; Path=/\r\nETag: \"1\"\r\n"
+                             "Cache-Control: max-age=100000\r\n"
+                             "Last-Modified: Sat, 01 Jan 2000 00:00:00 GMT\r\n"));
+    const Fetch fetchAgain = httpsFetch(trusting());
+    int answered = 0;
+    for (int time = 1; time <= 2; ++time) {
+        fetchAgain(server.url(), [&](const Fetched& /*fetched*/) { ++answered; });
+        ASSERT_TRUE(Application::runUntil([&] { return answered == time; }));
+    }
+    ASSERT_EQ(server.requests().size(), 2U);
+    EXPECT_EQ(server.requests()[0], server.requests()[1]);
+}
+
+// Of the program's threads.
+bool hasNetworkThread() {
+    for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
+        if (contentOf(task.path() / "comm") == "QNetworkAccessM\n") {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST_F(HttpsFetchTest, TheNetworksThreadIsThereOnlyWhileSomethingIsFetched) {
+    const Fetch onlyMade = httpsFetch(trusting());
+    EXPECT_FALSE(hasNetworkThread());
+    bool duringIt = false;
+    server.setAnswer([&](QSslSocket& socket, const std::string& request) {
+        duringIt = hasNetworkThread();
+        ok("content")(socket, request);
+    });
+    bool told = false;
+    onlyMade(server.url(), [&](const Fetched& /*fetched*/) { told = true; });
+    ASSERT_TRUE(Application::runUntil([&] { return told; }));
+    EXPECT_TRUE(duringIt);
+    EXPECT_TRUE(Application::runUntil([] { return !hasNetworkThread(); }));
+}
+
+TEST_F(HttpsFetchTest, ARedirectToHttpsIsFollowed) {
+    HttpsServer other(authority.vouchFor("IP:127.0.0.1"), ok("moved"));
+    server.setAnswer(redirect(other.url("/elsewhere")));
+    expectBody("moved", fetch(trusting()));
+    ASSERT_EQ(other.requests().size(), 1U);
+    EXPECT_TRUE(other.requests()[0].starts_with("GET /elsewhere HTTP/1.1\r\n"));
+}
+
+TEST_F(HttpsFetchTest, ARedirectToAnythingElseIsRefusedAndItsBodyNotTaken) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.write("file", "secret");
+    for (const std::string& location :
+         {"http://" + server.host() + "/other", "file://" + file.string(),
+          std::string("data:text/plain,other"), std::string("ftp://127.0.0.1/other"),
+          std::string("https://"), std::string("glidemap:other")}) {
+        server.setAnswer(redirect(location));
+        SCOPED_TRACE(location);
+        const auto before = server.requests().size();
+        expectNothing(fetch(trusting()));
+        EXPECT_EQ(server.requests().size(), before + 1);
+    }
+}
+
+TEST_F(HttpsFetchTest, RedirectsInACircleEnd) {
+    server.setAnswer(redirect("/again"));
+    expectNothing(fetch(trusting()));
+    EXPECT_LE(server.requests().size(), 12U);
+}
+
+TEST_F(HttpsFetchTest, ARedirectToWhoIsNotTrustedIsRefused) {
+    HttpsServer stranger(test::Authority().vouchFor("IP:127.0.0.1"), ok("forged"));
+    server.setAnswer(redirect(stranger.url()));
+    expectNothing(fetch(trusting()));
+    EXPECT_TRUE(stranger.requests().empty());
+}
+
+TEST_F(HttpsFetchTest, WhoCannotShowWhoItIsIsAskedNothing) {
+    const test::Authority unknown;
+    struct Row {
+        const char* what;
+        test::Identity identity;
+        const char* reason;
+    };
+    const Row rows[] = {
+        {"vouched for by a stranger", unknown.vouchFor("IP:127.0.0.1"), "issuer"},
+        {"another host's", authority.vouchFor("DNS:updates.example"), "host name"},
+        {"another address's", authority.vouchFor("IP:127.0.0.2"), "host name"},
+        {"expired", authority.vouchFor("IP:127.0.0.1", -1), "expired"},
+    };
+    for (const Row& row : rows) {
+        HttpsServer other(row.identity, ok("forged"));
+        SCOPED_TRACE(row.what);
+        const Fetched fetched = fetch(trusting(), other.url());
+        expectNothing(fetched);
+        EXPECT_THAT(*fetched.transportError, testing::HasSubstr(row.reason));
+        EXPECT_TRUE(other.requests().empty());
+    }
+}
+
+// Where no authorities are given, the test's own is none of the system's.
+TEST_F(HttpsFetchTest, OnlyTheSystemsAuthoritiesAreTrustedUnlessOthersAreGiven) {
+    expectNothing(fetch({}));
+    EXPECT_TRUE(server.requests().empty());
+}
+
+TEST_F(HttpsFetchTest, AServerThatDoesNotSpeakTlsIsAFailure) {
+    QTcpServer plain;
+    ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
+    QObject::connect(&plain, &QTcpServer::newConnection, &plain, [&] {
+        plain.nextPendingConnection()->write("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}");
+    });
+    expectNothing(fetch(trusting(), "https://127.0.0.1:" + std::to_string(plain.serverPort())));
+}
+
+TEST_F(HttpsFetchTest, AServerThatTakesTheConnectionAndSaysNothingIsGivenUp) {
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    HttpsFetchSetup setup = trusting();
+    setup.silence = 200ms;
+    expectNothing(fetch(setup, "https://127.0.0.1:" + std::to_string(silent.serverPort())));
+}
+
+TEST_F(HttpsFetchTest, AServerThatFallsSilentIsGivenUpWithWhatHadCome) {
+    HttpsFetchSetup setup = trusting();
+    setup.silence = 200ms;
+    server.setAnswer(say("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\ncontent"));
+    const Fetched fetched = fetch(setup);
+    EXPECT_EQ(fetched.body, "content");
+    EXPECT_EQ(fetched.transportError, "the server is silent");
+}
+
+// Sends one letter at a time: as many as there are, or for ever.
+class Drip {
+public:
+    Drip(std::chrono::milliseconds interval, int letters) : left(letters) {
+        timer.setInterval(interval);
+    }
+
+    HttpsServer::Answer answer(const std::string& header) {
+        return [this, header](QSslSocket& socket, const std::string& /*request*/) {
+            socket.write(header.c_str());
+            QObject::connect(&timer, &QTimer::timeout, &socket, [this, &socket] {
+                if (left-- > 0) {
+                    socket.write("x");
+                }
+            });
+            timer.start();
+        };
+    }
+
+private:
+    QTimer timer;
+    int left;
+};
+
+TEST_F(HttpsFetchTest, AServerThatSendsALittleNowAndThenIsGivenUpInTheEnd) {
+    Drip drip(10ms, 1'000'000'000);
+    for (const char* const header :
+         {"HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n", "HTTP/1.1 200 OK\r\nX-Endless: "}) {
+        server.setAnswer(drip.answer(header));
+        HttpsFetchSetup setup = trusting();
+        setup.whole = 500ms;
+        EXPECT_EQ(fetch(setup).transportError, "the server takes too long");
+    }
+}
+
+TEST_F(HttpsFetchTest, ASlowServerHasItsTimeAsLongAsItIsNotSilent) {
+    Drip drip(700ms, 4);
+    server.setAnswer(drip.answer("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n"));
+    HttpsFetchSetup setup = trusting();
+    setup.silence = 2s;
+    expectBody("xxxx", fetch(setup));
+}
+
+TEST_F(HttpsFetchTest, ABodyMayBeAsLargeAsTheLimit) {
+    const std::string body(largest, 'x');
+    const std::string tooLarge = body + "x";
+    const std::string untilTheEnd = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
+    const auto unannounced = [&](const std::string& text) {
+        return [=](QSslSocket& socket, const std::string& /*request*/) {
+            const std::string all = untilTheEnd + text;
+            socket.write(all.data(), static_cast<qint64>(all.size()));
+            socket.disconnectFromHost();
+        };
+    };
+    server.setAnswer(ok(body));
+    expectBody(body, fetch(trusting()));
+    server.setAnswer(unannounced(body));
+    expectBody(body, fetch(trusting()));
+    server.setAnswer(ok(tooLarge));
+    expectNothing(fetch(trusting()));
+    server.setAnswer(unannounced(tooLarge));
+    expectNothing(fetch(trusting()));
+}
+
+TEST_F(HttpsFetchTest, WhateverIsEndlessIsCutOff) {
+    struct Row {
+        const char* what;
+        std::string start;
+    };
+    const std::string chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n40000000\r\n";
+    const Row rows[] = {
+        {"a body", "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n"},
+        {"a chunk", chunked},
+        {"an error's body", "HTTP/1.1 404 Not Found\r\nConnection: close\r\n\r\n"},
+        {"a redirect's body",
+         "HTTP/1.1 302 Found\r\nLocation: /other\r\nConnection: close\r\n\r\n"},
+        {"a refused redirect's body",
+         "HTTP/1.1 302 Found\r\nLocation: http://127.0.0.1/\r\nConnection: close\r\n\r\n"},
+        {"a header", "HTTP/1.1 200 OK\r\nX-Endless: "},
+        {"a status", "HTTP/1.1 200 "},
+        {"nothing of HTTP", ""},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        const qint64 before = server.bytesTaken();
+        HttpsFetchSetup setup = trusting();
+        setup.silence = 1s; // before a body begins, nothing is known of what comes
+        server.setAnswer(test::pour(row.start, 1'000'000'000));
+        expectNothing(fetch(setup));
+        ASSERT_TRUE(Application::runUntil([&] { return server.connections() == 0; }));
+        EXPECT_LT(server.bytesTaken() - before, 100'000'000);
+    }
+}
+
+TEST_F(HttpsFetchTest, ABodyThatIsCompressedUnaskedIsNotUnpacked) {
+    server.setAnswer(respond("200 OK", "not really", "Content-Encoding: gzip\r\n"));
+    EXPECT_EQ(fetch(trusting()).body, "not really");
+}
+
+TEST_F(HttpsFetchTest, WhatIsUnderWayWhenTheProgramEndsIsLeftUntold) {
+    server.setAnswer(
+        [](QSslSocket& /*socket*/, const std::string& /*request*/) { QCoreApplication::quit(); });
+    const auto told = std::make_shared<int>();
+    httpsFetch(trusting())(server.url(), [told](const Fetched& /*fetched*/) { ++*told; });
+    EXPECT_EQ(told.use_count(), 2);
+    QCoreApplication::exec();
+    EXPECT_EQ(told.use_count(), 1);
+    EXPECT_EQ(*told, 0);
+    EXPECT_TRUE(Application::runUntil([] { return !hasNetworkThread(); }));
+}
+
+TEST_F(HttpsFetchTest, WhatIsNoAddressStopsTheProgram) {
+    for (const char* const url :
+         {"", "http://127.0.0.1/", "https://", "https://a b/", "file:///"}) {
+        EXPECT_DEATH(httpsFetch({})(url, [](const Fetched& /*fetched*/) {}), "not an address")
+            << url;
+    }
+}
+
+} // namespace
+} // namespace glidemap
