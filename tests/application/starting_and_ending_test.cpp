@@ -48,10 +48,8 @@ TEST_F(StartingAndEndingTest, ASecondLaunchBringsACoveredWindowToTheFront) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
-    const desktops::Program other({.words = {"xmessage", "-geometry", "900x700", "in front"},
-                                   .environment = stage.environment(),
-                                   .log = stage.folder() / "other.log"});
-    ASSERT_TRUE(waitUntil([&] { return stage.display.activeWindow() != first.window()->id; }));
+    const std::uint32_t other = stage.display.openWindow({0, 0, 1200, 780});
+    ASSERT_TRUE(waitUntil([&] { return stage.display.activeWindow() == other; }));
     RunningGlidemap second(stage);
     EXPECT_EQ(second.waitForEnd(), 0);
     EXPECT_TRUE(first.waitForWindow());

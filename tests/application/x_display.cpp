@@ -60,10 +60,10 @@ XDisplay::~XDisplay() {
     xcb_disconnect(_connection);
 }
 
-std::uint32_t XDisplay::atom(const char* text) const {
+std::uint32_t XDisplay::atom(const std::string& text) const {
     const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
         _connection,
-        xcb_intern_atom(_connection, 0, static_cast<std::uint16_t>(std::strlen(text)), text),
+        xcb_intern_atom(_connection, 0, static_cast<std::uint16_t>(text.size()), text.c_str()),
         nullptr));
     return reply != nullptr ? reply->atom : 0;
 }
@@ -120,6 +120,25 @@ std::optional<ManagedWindow> XDisplay::windowTitled(const std::string& title) co
 std::optional<std::uint32_t> XDisplay::activeWindow() const {
     const std::vector<std::uint32_t> active = numbers(_root, "_NET_ACTIVE_WINDOW");
     return active.empty() || active.front() == 0 ? std::nullopt : std::optional(active.front());
+}
+
+bool XDisplay::hasOwner(const std::string& selection) const {
+    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        _connection, xcb_get_selection_owner(_connection, atom(selection)), nullptr));
+    return reply != nullptr && reply->owner != XCB_NONE;
+}
+
+std::uint32_t XDisplay::openWindow(const Rectangle& area) const {
+    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data;
+    const std::uint32_t window = xcb_generate_id(_connection);
+    xcb_create_window(_connection, XCB_COPY_FROM_PARENT, window, _root,
+                      static_cast<std::int16_t>(area.x), static_cast<std::int16_t>(area.y),
+                      static_cast<std::uint16_t>(area.width),
+                      static_cast<std::uint16_t>(area.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      screen->root_visual, XCB_CW_BACK_PIXEL, &screen->white_pixel);
+    xcb_map_window(_connection, window);
+    ask(window, "_NET_ACTIVE_WINDOW");
+    return window;
 }
 
 void XDisplay::ask(std::uint32_t window, const char* message) const {

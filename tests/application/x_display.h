@@ -60,12 +60,18 @@ public:
     std::optional<ManagedWindow> windowTitled(const std::string& title) const;
     std::optional<std::uint32_t> activeWindow() const;
 
+    // Whether anybody keeps the selection, which is how some services say that they are there.
+    bool hasOwner(const std::string& selection) const;
+
+    // Another program's window, that comes to the front.
+    std::uint32_t openWindow(const Rectangle& area) const;
+
     // As the window's close button and a task bar do.
     void close(const ManagedWindow& window) const;
     void activate(const ManagedWindow& window) const;
 
 private:
-    std::uint32_t atom(const char* text) const;
+    std::uint32_t atom(const std::string& text) const;
     std::string property(std::uint32_t window, const char* property) const;
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property) const;
     Rectangle contentOf(std::uint32_t window) const;

@@ -1,0 +1,80 @@
+#include "xfce_panel.h"
+
+#include "waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace glidemap::application {
+
+namespace {
+
+constexpr const char* settingsDaemon = "/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd";
+constexpr const char* settingsName = "org.xfce.Xfconf";
+constexpr const char* settingsFile = "config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml";
+
+// One bar along the upper edge with nothing but the notification area on it.
+constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="size" type="uint" value="32"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/>
+      </property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="systray"/>
+  </property>
+</channel>
+)";
+
+std::optional<ManagedWindow> panelOn(const XDisplay& display) {
+    const std::vector<ManagedWindow> all = display.windows();
+    const auto found = std::find_if(all.begin(), all.end(), [](const ManagedWindow& each) {
+        return each.className == "Xfce4-panel";
+    });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
+}
+
+} // namespace
+
+bool XfcePanel::isInstalled() {
+    return desktops::isInstalled("xfce4-panel") && std::filesystem::exists(settingsDaemon);
+}
+
+XfcePanel::XfcePanel(const XDisplay& shown, const desktops::PrivateBus& bus)
+    : display(shown), busAddress(bus.address()) {
+    folder.write(settingsFile, settingsText);
+    settings = std::make_unique<desktops::Program>(command({settingsDaemon}));
+    bus.waitForName(settingsName);
+    program = std::make_unique<desktops::Program>(
+        command({"xfce4-panel", "--disable-wm-check", "--sm-client-disable"}));
+    EXPECT_TRUE(waitUntil([this] { return panelOn(display).has_value(); }))
+        << "the panel does not come; it said:\n"
+        << test::contentOf(folder.path() / "panel.log");
+}
+
+desktops::Program::Command XfcePanel::command(std::vector<std::string> words) const {
+    desktops::Environment environment = desktops::plainEnvironment(folder.path());
+    environment["DBUS_SESSION_BUS_ADDRESS"] = busAddress;
+    environment["DISPLAY"] = display.name();
+    environment["NO_AT_BRIDGE"] = "1"; // it is not the panel that is judged
+    return {
+        .words = std::move(words), .environment = environment, .log = folder.path() / "panel.log"};
+}
+
+Rectangle XfcePanel::area() const {
+    const auto panel = panelOn(display);
+    return panel ? panel->content : Rectangle{};
+}
+
+} // namespace glidemap::application
