@@ -149,6 +149,23 @@ TEST_F(AView, StopsWithTheWindowThatItIsIn) {
     EXPECT_EQ(paints.times.size(), 0U);
 }
 
+TEST_F(AView, StopsInAMinimisedWindowAndGoesOnWhenThatComesBack) {
+    GestureDemoView view(gesture);
+    Paints paints(view);
+    view.show();
+    ASSERT_TRUE(paints.become(3));
+    view.showMinimized();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !timerOf(view).isActive(); }));
+    waitAWhile();
+    paints.times.clear();
+    waitAWhile();
+    EXPECT_EQ(paints.times.size(), 0U);
+    EXPECT_FALSE(timerOf(view).isActive());
+
+    view.showNormal();
+    EXPECT_TRUE(paints.become(3));
+}
+
 // Scrolled out of sight, say, or behind another widget.
 TEST_F(AView, StopsWhenNothingOfItIsLeftToSeeAndGoesOnWhenSomethingIs) {
     QWidget window;

@@ -6,7 +6,6 @@
 #include "ui/demo/still_moment.h"
 
 #include <QPainter>
-#include <QWindow>
 #include <chrono>
 #include <cmath>
 
@@ -50,8 +49,26 @@ void GestureDemoView::paintEvent(QPaintEvent* /*event*/) {
     demo::draw(gesture, moment(), painter, size());
 }
 
+void GestureDemoView::showEvent(QShowEvent* /*event*/) {
+    shownIn = window()->windowHandle();
+    if (shownIn) {
+        shownIn->installEventFilter(this);
+    }
+}
+
 void GestureDemoView::hideEvent(QHideEvent* /*event*/) {
     untilNextFrame.stop();
+    if (shownIn) {
+        shownIn->removeEventFilter(this);
+    }
+}
+
+// A window that comes back from being minimised or covered is shown as it was, without a paint.
+bool GestureDemoView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange) {
+        update();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 double GestureDemoView::moment() const {
@@ -65,7 +82,7 @@ double GestureDemoView::moment() const {
 // Pictures may be taken of what is not on the screen.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
-    return isVisible() && handle != nullptr && handle->isExposed();
+    return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed();
 }
 
 } // namespace glidemap

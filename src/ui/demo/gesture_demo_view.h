@@ -14,8 +14,10 @@
 #include "core/gesture_type.h"
 #include "ui/theme/theme.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
 #include <functional>
 
 namespace glidemap {
@@ -35,7 +37,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     double moment() const;
@@ -44,6 +48,7 @@ private:
     GestureType gesture;
     Clock now;
     QTimer untilNextFrame;
+    QPointer<QWindow> shownIn;
     Subscription toTheme;
 };
 
