@@ -1,17 +1,159 @@
 #include "ui/editor/binding_editor.h"
 
+#include "ui/controls/separator.h"
+#include "ui/controls/styled_label.h"
+#include "ui/editor/action_section.h"
+#include "ui/editor/gesture_section.h"
+#include "ui/editor/scope_section.h"
+#include "ui/theme/text.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
 #include <utility>
 
 namespace glidemap {
 
+namespace {
+
+constexpr int sidePadding = 20;
+constexpr int titlePadding = 14;
+constexpr int sectionGap = 16;
+constexpr int buttonPadding = 14;
+
+} // namespace
+
 BindingEditor::BindingEditor(const Services& given, std::optional<GestureBinding> edited,
                              QWidget* parent)
-    : QWidget(parent), services(given), existing(std::move(edited)) {}
-
-bool BindingEditor::isValid() const {
-    return false;
+    : QWidget(parent), services(given), existing(std::move(edited)),
+      title(new StyledLabel(TextStyle::headline, Role::primary)),
+      gestureSection(new GestureSection(draft, given.lang)),
+      actionSection(new ActionSection(draft, given.workspace, given.keys, given.lang)),
+      scopeSection(new ScopeSection(draft, given.workspace, given.lang)),
+      cancelButton(new QPushButton), saveButton(new QPushButton) {
+    setObjectName("bindingEditor");
+    loadExisting();
+    layOut();
+    for (std::function<void()>* onEdit :
+         {&gestureSection->onEdit, &actionSection->onEdit, &scopeSection->onEdit}) {
+        *onEdit = [this] {
+            refreshSave();
+        };
+    }
+    connect(cancelButton, &QPushButton::clicked, this, [this] { leave(); });
+    connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
+    toLanguage = services.lang.changes().subscribe({}, [this] { retitle(); });
+    retitle();
+    setFocusProxy(gestureSection->firstControl());
 }
 
-void BindingEditor::save() {}
+void BindingEditor::loadExisting() {
+    if (existing) {
+        draft.load(*existing);
+    }
+}
+
+void BindingEditor::layOut() {
+    title->setObjectName("editorTitle");
+    title->setContentsMargins(sidePadding, titlePadding, sidePadding, titlePadding);
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(makeForm());
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->viewport()->setAutoFillBackground(false);
+    scroll->widget()->setAutoFillBackground(false);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(title);
+    column->addWidget(scroll, 1);
+    column->addWidget(new Separator);
+    column->addWidget(makeButtons());
+}
+
+QWidget* BindingEditor::makeForm() {
+    auto* form = new QWidget;
+    auto* sections = new QVBoxLayout(form);
+    sections->setContentsMargins(sidePadding, 0, sidePadding, sectionGap);
+    sections->setSpacing(sectionGap);
+    sections->addWidget(gestureSection);
+    sections->addWidget(actionSection);
+    sections->addWidget(scopeSection);
+    sections->addStretch();
+    return form;
+}
+
+QWidget* BindingEditor::makeButtons() {
+    cancelButton->setObjectName("cancel");
+    cancelButton->setAutoDefault(false);
+    saveButton->setObjectName("save");
+    saveButton->setAutoDefault(false);
+    saveButton->setDefault(true);
+    saveButton->setProperty("prominent", true);
+    auto* buttons = new QWidget;
+    auto* row = new QHBoxLayout(buttons);
+    row->setContentsMargins(sidePadding, buttonPadding, sidePadding, buttonPadding);
+    row->addWidget(cancelButton);
+    row->addStretch();
+    row->addWidget(saveButton);
+    return buttons;
+}
+
+// Assigning the store's list is what saves it.
+void BindingEditor::save() {
+    std::optional<BindingList> list = draft.writtenInto(
+        *services.store.bindings(), existing ? std::optional(existing->id) : std::nullopt);
+    if (!list) {
+        return;
+    }
+    services.store.setBindings(*std::move(list));
+    leave();
+}
+
+void BindingEditor::leave() {
+    if (dismiss) {
+        dismiss();
+    }
+}
+
+// Here end the keys that no control has wanted.
+void BindingEditor::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        leave();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        save();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void BindingEditor::refreshSave() {
+    saveButton->setEnabled(isValid());
+}
+
+void BindingEditor::retitle() {
+    const Lang& lang = services.lang;
+    title->setText(toQt(existing ? lang.choose("Edit Binding", "编辑绑定")
+                                 : lang.choose("Add Binding", "添加绑定")));
+    setAccessibleName(title->text());
+    gestureSection->refresh();
+    actionSection->refresh();
+    scopeSection->refresh();
+    const QString cancel = toQt(lang.choose("Cancel", "取消"));
+    cancelButton->setText(cancel);
+    cancelButton->setAccessibleName(cancel);
+    const QString save = toQt(existing ? lang.choose("Save", "保存") : lang.choose("Add", "添加"));
+    saveButton->setText(save);
+    saveButton->setAccessibleName(save);
+    refreshSave();
+}
 
 } // namespace glidemap

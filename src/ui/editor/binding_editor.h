@@ -11,6 +11,7 @@
 #include "bindings/gesture_binding.h"
 #include "core/lang.h"
 #include "dispatch/workspace.h"
+#include "ui/editor/binding_draft.h"
 #include "ui/recorder/hardware_keys.h"
 
 #include <QSize>
@@ -18,7 +19,14 @@
 #include <functional>
 #include <optional>
 
+class QLabel;
+class QPushButton;
+
 namespace glidemap {
+
+class ActionSection;
+class GestureSection;
+class ScopeSection;
 
 class BindingEditor : public QWidget {
 public:
@@ -35,7 +43,9 @@ public:
     BindingEditor(const Services& services, std::optional<GestureBinding> existing,
                   QWidget* parent = nullptr);
 
-    bool isValid() const;
+    QSize sizeHint() const override { return sheetSize; }
+
+    bool isValid() const { return draft.isValid(); }
 
     // Writes the binding to the store and dismisses; does nothing while it is not valid.
     void save();
@@ -43,9 +53,28 @@ public:
     // Called when the sheet has done its work, or is to go without.
     std::function<void()> dismiss;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    void loadExisting();
+    void layOut();
+    QWidget* makeForm();
+    QWidget* makeButtons();
+    void leave();
+    void refreshSave();
+    void retitle();
+
     Services services;
     std::optional<GestureBinding> existing;
+    BindingDraft draft;
+    QLabel* title;
+    GestureSection* gestureSection;
+    ActionSection* actionSection;
+    ScopeSection* scopeSection;
+    QPushButton* cancelButton;
+    QPushButton* saveButton;
+    Subscription toLanguage;
 };
 
 } // namespace glidemap

@@ -1,0 +1,70 @@
+#include "ui/editor/action_section.h"
+
+#include "ui/editor/application_picker.h"
+#include "ui/editor/picker.h"
+#include "ui/editor/picker_row.h"
+#include "ui/recorder/shortcut_recorder_view.h"
+#include "ui/theme/text.h"
+
+#include <QSignalBlocker>
+
+namespace glidemap {
+
+ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace,
+                             const HardwareKeys& keys, Lang& language, QWidget* parent)
+    : FormSection(parent), draft(shown), lang(language), kinds(new Picker),
+      kindsRow(new PickerRow(kinds)), recorder(new ShortcutRecorderView(keys, language)),
+      target(new ApplicationPicker(workspace, language)), targetRow(new PickerRow(target)) {
+    kinds->setObjectName("actionPicker");
+    target->setObjectName("launchPicker");
+    for (const ActionKind kind : allActionKinds) {
+        kinds->addItem(toQt(label(kind, lang)));
+    }
+    addRows();
+    listen();
+}
+
+void ActionSection::addRows() {
+    addWidget(kindsRow);
+    recorderPlace = addWidget(recorder);
+    targetPlace = addWidget(targetRow);
+}
+
+void ActionSection::listen() {
+    connect(kinds, &QComboBox::currentIndexChanged, this, [this](int index) {
+        draft.actionKind = allActionKinds[static_cast<std::size_t>(index)];
+        edited();
+    });
+    recorder->onRecord = [this](const KeyShortcut& shortcut) {
+        draft.shortcut = shortcut;
+        edited();
+    };
+    target->onPick = [this](const std::optional<RunningApp>& app) {
+        draft.launchTarget = app;
+        edited();
+    };
+}
+
+void ActionSection::edited() {
+    refresh();
+    if (onEdit) {
+        onEdit();
+    }
+}
+
+void ActionSection::refresh() {
+    setTitle(toQt(lang.choose("Action", "动作")));
+    kindsRow->setTitle(toQt(lang.choose("Perform action", "执行动作")));
+    targetRow->setTitle(toQt(lang.choose("Choose an app", "选择 App")));
+    const QSignalBlocker quiet(kinds);
+    for (const ActionKind kind : allActionKinds) {
+        kinds->setItemText(static_cast<int>(kind), toQt(label(kind, lang)));
+    }
+    kinds->setCurrentIndex(static_cast<int>(draft.actionKind));
+    recorder->setShortcut(draft.shortcut);
+    target->setSelection(draft.launchTarget);
+    recorderPlace->setVisible(draft.actionKind == ActionKind::keyboardShortcut);
+    targetPlace->setVisible(draft.actionKind == ActionKind::launchApp);
+}
+
+} // namespace glidemap

@@ -1,0 +1,50 @@
+// The editor's section on the action: its kind, and what that kind needs to know.
+//
+// Thread:  the main thread.
+// Owner:   the editor; the draft and what the rest names outlive it.
+// Errors:  none.
+#pragma once
+
+#include "core/lang.h"
+#include "dispatch/workspace.h"
+#include "ui/controls/form_section.h"
+#include "ui/editor/binding_draft.h"
+#include "ui/recorder/hardware_keys.h"
+
+#include <functional>
+
+namespace glidemap {
+
+class ApplicationPicker;
+class Picker;
+class PickerRow;
+class ShortcutRecorderView;
+
+class ActionSection : public FormSection {
+public:
+    ActionSection(BindingDraft& shown, const Workspace& workspace, const HardwareKeys& keys,
+                  Lang& language, QWidget* parent = nullptr);
+
+    // Called when the user has changed the draft.
+    std::function<void()> onEdit;
+
+    // Shows the draft, in the current language.
+    void refresh();
+
+private:
+    void addRows();
+    void listen();
+    void edited();
+
+    BindingDraft& draft;
+    Lang& lang;
+    Picker* kinds;
+    PickerRow* kindsRow;
+    ShortcutRecorderView* recorder;
+    ApplicationPicker* target;
+    PickerRow* targetRow;
+    QWidget* recorderPlace = nullptr;
+    QWidget* targetPlace = nullptr;
+};
+
+} // namespace glidemap

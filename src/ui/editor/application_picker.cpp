@@ -1,0 +1,87 @@
+#include "ui/editor/application_picker.h"
+
+#include "ui/editor/running_apps.h"
+#include "ui/theme/text.h"
+
+#include <QKeyEvent>
+#include <QListView>
+#include <QSignalBlocker>
+#include <QStandardItemModel>
+#include <algorithm>
+#include <utility>
+
+namespace glidemap {
+
+ApplicationPicker::ApplicationPicker(const Workspace& asked, Lang& language, QWidget* parent)
+    : Picker(parent), workspace(asked), lang(language) {
+    reload();
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int index) { pick(index); });
+    toLanguage = lang.changes().subscribe({}, [this] { reload(); });
+}
+
+void ApplicationPicker::setSelection(std::optional<RunningApp> selection) {
+    if (selected != selection) {
+        selected = std::move(selection);
+        reload();
+    }
+}
+
+void ApplicationPicker::reload() {
+    const QSignalBlocker quiet(this);
+    apps = runningApps(workspace);
+    clear();
+    addItem(toQt(lang.choose("Choose an app", "选择 App")));
+    for (const RunningApp& app : apps) {
+        addItem(toQt(app.name));
+    }
+    if (!selected) {
+        setCurrentIndex(0);
+        return;
+    }
+    const auto found = std::ranges::find(apps, *selected);
+    if (found == apps.end()) {
+        addHiddenEntry(*selected);
+    }
+    setCurrentIndex(1 + static_cast<int>(found - apps.begin()));
+}
+
+// So that its name is shown and read out as the current text. Nobody sees it in the list, and
+// neither pointer nor keys can choose it.
+void ApplicationPicker::addHiddenEntry(const RunningApp& app) {
+    addItem(toQt(app.name));
+    const int row = count() - 1;
+    if (auto* items = dynamic_cast<QStandardItemModel*>(model()); items != nullptr) {
+        items->item(row)->setFlags(Qt::NoItemFlags);
+    }
+    if (auto* list = dynamic_cast<QListView*>(view()); list != nullptr) {
+        list->setRowHidden(row, true);
+    }
+}
+
+void ApplicationPicker::pick(int index) {
+    if (index < 0 || index > static_cast<int>(apps.size())) {
+        return;
+    }
+    selected = index == 0 ? std::nullopt : std::optional(apps[static_cast<std::size_t>(index - 1)]);
+    if (onPick) {
+        onPick(selected);
+    }
+}
+
+void ApplicationPicker::showPopup() {
+    reload();
+    Picker::showPopup();
+}
+
+void ApplicationPicker::showEvent(QShowEvent* event) {
+    reload();
+    Picker::showEvent(event);
+}
+
+// Arrows and letters choose without opening the list.
+void ApplicationPicker::keyPressEvent(QKeyEvent* event) {
+    reload();
+    Picker::keyPressEvent(event);
+}
+
+} // namespace glidemap

@@ -1,0 +1,73 @@
+#include "ui/editor/gesture_section.h"
+
+#include "ui/controls/styled_label.h"
+#include "ui/demo/gesture_demo_view.h"
+#include "ui/editor/gesture_picker.h"
+#include "ui/editor/picker_row.h"
+#include "ui/theme/text.h"
+
+#include <QVBoxLayout>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int demoHeight = 130;
+constexpr int demoPadding = 4;
+
+QLabel* caption(Role role, const char* name) {
+    auto* label = new StyledLabel(TextStyle::caption, role);
+    label->setObjectName(name);
+    label->setWordWrap(true);
+    return label;
+}
+
+QWidget* padded(QWidget* demo) {
+    auto* frame = new QWidget;
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(0, demoPadding, 0, demoPadding);
+    column->addWidget(demo);
+    return frame;
+}
+
+} // namespace
+
+GestureSection::GestureSection(BindingDraft& edited, Lang& language, QWidget* parent)
+    : FormSection(parent), draft(edited), lang(language), picker(new GesturePicker(language)),
+      pickerRow(new PickerRow(picker)), demo(new GestureDemoView(edited.gesture)),
+      detailLabel(caption(Role::secondary, "gestureDetail")),
+      clickWarning(caption(Role::orange, "clickWarning")) {
+    picker->setObjectName("gesturePicker");
+    demo->setObjectName("gestureDemo");
+    demo->setFixedHeight(demoHeight);
+    addWidget(pickerRow);
+    addToLastRow(padded(demo));
+    addToLastRow(detailLabel);
+    addToLastRow(clickWarning);
+    picker->onPick = [this](GestureType gesture) {
+        draft.gesture = gesture;
+        refresh();
+        if (onEdit) {
+            onEdit();
+        }
+    };
+}
+
+void GestureSection::refresh() {
+    setTitle(toQt(lang.choose("Gesture", "手势")));
+    pickerRow->setTitle(toQt(lang.choose("Trackpad gesture", "触控板手势")));
+    picker->setGesture(draft.gesture);
+    demo->setGesture(draft.gesture);
+    demo->setAccessibleName(toQt(displayName(draft.gesture, lang)));
+    detailLabel->setText(toQt(detail(draft.gesture, lang)));
+    clickWarning->setText(toQt(lang.choose(
+        "Once enabled, this intercepts the system two-finger right-click (context menu).",
+        "启用后将拦截系统的两指右键点击（右键菜单）。")));
+    clickWarning->setVisible(draft.gesture == GestureType::twoFingerClick);
+}
+
+QWidget* GestureSection::firstControl() const {
+    return picker;
+}
+
+} // namespace glidemap
