@@ -64,8 +64,12 @@ public:
         auto* line = new QHBoxLayout;
         line->setSpacing(12);
         line->addWidget(label);
-        line->addStretch(1);
-        line->addWidget(control);
+        if (control->sizePolicy().expandingDirections().testFlag(Qt::Horizontal)) {
+            line->addWidget(control, 1);
+        } else {
+            line->addStretch(1);
+            line->addWidget(control);
+        }
         column->addLayout(line);
         setMinimumHeight(leastRowHeight);
     }

@@ -25,7 +25,8 @@ public:
     void setTitle(const QString& title);
     QString title() const;
 
-    // A label at the leading and a control at the trailing edge. Returns the row, which hides both.
+    // A label at the leading and a control at the trailing edge, or over all the room between if the
+    // control wants to grow. Returns the row, which hides both.
     // A QLabel becomes the control's buddy.
     QWidget* addRow(QWidget* label, QWidget* control);
 
