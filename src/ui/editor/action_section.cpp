@@ -1,11 +1,13 @@
 #include "ui/editor/action_section.h"
 
+#include "ui/controls/styled_label.h"
 #include "ui/editor/application_picker.h"
 #include "ui/editor/picker.h"
-#include "ui/editor/picker_row.h"
 #include "ui/recorder/shortcut_recorder_view.h"
+#include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
 
+#include <QLayout>
 #include <QSignalBlocker>
 
 namespace glidemap {
@@ -13,8 +15,10 @@ namespace glidemap {
 ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace,
                              const HardwareKeys& keys, Lang& language, QWidget* parent)
     : FormSection(parent), draft(shown), lang(language), kinds(new Picker),
-      kindsRow(new PickerRow(kinds)), recorder(new ShortcutRecorderView(keys, language)),
-      target(new ApplicationPicker(workspace, language)), targetRow(new PickerRow(target)) {
+      kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
+      recorder(new ShortcutRecorderView(keys, language)),
+      target(new ApplicationPicker(workspace, language)),
+      targetLabel(new StyledLabel(TextStyle::body, Role::primary)) {
     kinds->setObjectName("actionPicker");
     target->setObjectName("launchPicker");
     for (const ActionKind kind : allActionKinds) {
@@ -25,9 +29,12 @@ ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace,
 }
 
 void ActionSection::addRows() {
-    addWidget(kindsRow);
+    addRow(kindsLabel, kinds);
     recorderPlace = addWidget(recorder);
-    targetPlace = addWidget(targetRow);
+    // The recorder brings the room for its ring, which the row has, too.
+    constexpr QMargins ring(0, style::ringMargin, style::ringMargin, style::ringMargin);
+    recorderPlace->layout()->setContentsMargins(recorderPlace->layout()->contentsMargins() - ring);
+    targetPlace = addRow(targetLabel, target);
 }
 
 void ActionSection::listen() {
@@ -54,8 +61,12 @@ void ActionSection::edited() {
 
 void ActionSection::refresh() {
     setTitle(toQt(lang.choose("Action", "动作")));
-    kindsRow->setTitle(toQt(lang.choose("Perform action", "执行动作")));
-    targetRow->setTitle(toQt(lang.choose("Choose an app", "选择 App")));
+    const QString perform = toQt(lang.choose("Perform action", "执行动作"));
+    kindsLabel->setText(perform);
+    kinds->setAccessibleName(perform);
+    const QString choose = toQt(lang.choose("Choose an app", "选择 App"));
+    targetLabel->setText(choose);
+    target->setAccessibleName(choose);
     const QSignalBlocker quiet(kinds);
     for (const ActionKind kind : allActionKinds) {
         kinds->setItemText(static_cast<int>(kind), toQt(label(kind, lang)));

@@ -12,12 +12,14 @@
 #include "ui/recorder/hardware_keys.h"
 
 #include <functional>
+#include <vector>
+
+class QLabel;
 
 namespace glidemap {
 
 class ApplicationPicker;
 class Picker;
-class PickerRow;
 class ShortcutRecorderView;
 
 class ActionSection : public FormSection {
@@ -31,6 +33,8 @@ public:
     // Shows the draft, in the current language.
     void refresh();
 
+    std::vector<QLabel*> pickerLabels() const { return {kindsLabel, targetLabel}; }
+
 private:
     void addRows();
     void listen();
@@ -39,10 +43,10 @@ private:
     BindingDraft& draft;
     Lang& lang;
     Picker* kinds;
-    PickerRow* kindsRow;
+    QLabel* kindsLabel;
     ShortcutRecorderView* recorder;
     ApplicationPicker* target;
-    PickerRow* targetRow;
+    QLabel* targetLabel;
     QWidget* recorderPlace = nullptr;
     QWidget* targetPlace = nullptr;
 };

@@ -12,7 +12,9 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace glidemap {
 
@@ -20,8 +22,9 @@ namespace {
 
 constexpr int sidePadding = 20;
 constexpr int titlePadding = 14;
-constexpr int sectionGap = 16;
-constexpr int buttonPadding = 14;
+constexpr int titleGap = 10;
+constexpr int sectionGap = 12;
+constexpr int buttonPadding = 11;
 
 } // namespace
 
@@ -57,7 +60,7 @@ void BindingEditor::loadExisting() {
 
 void BindingEditor::layOut() {
     title->setObjectName("editorTitle");
-    title->setContentsMargins(sidePadding, titlePadding, sidePadding, titlePadding);
+    title->setContentsMargins(sidePadding, titlePadding, sidePadding, titleGap);
     auto* scroll = new QScrollArea;
     scroll->setWidget(makeForm());
     scroll->setWidgetResizable(true);
@@ -153,7 +156,25 @@ void BindingEditor::retitle() {
     const QString save = toQt(existing ? lang.choose("Save", "保存") : lang.choose("Add", "添加"));
     saveButton->setText(save);
     saveButton->setAccessibleName(save);
+    alignPickers();
     refreshSave();
+}
+
+// Their labels are of one width, the widest one's, so that the pickers stand below each other.
+void BindingEditor::alignPickers() {
+    std::vector<QLabel*> labels;
+    for (const std::vector<QLabel*>& some :
+         {gestureSection->pickerLabels(), actionSection->pickerLabels(),
+          scopeSection->pickerLabels()}) {
+        labels.insert(labels.end(), some.begin(), some.end());
+    }
+    int widest = 0;
+    for (const QLabel* const label : labels) {
+        widest = std::max(widest, label->sizeHint().width());
+    }
+    for (QLabel* const label : labels) {
+        label->setMinimumWidth(widest);
+    }
 }
 
 } // namespace glidemap

@@ -64,6 +64,7 @@ private:
     void leave();
     void refreshSave();
     void retitle();
+    void alignPickers();
 
     Services services;
     std::optional<GestureBinding> existing;

@@ -3,7 +3,6 @@
 #include "ui/controls/styled_label.h"
 #include "ui/demo/gesture_demo_view.h"
 #include "ui/editor/gesture_picker.h"
-#include "ui/editor/picker_row.h"
 #include "ui/theme/text.h"
 
 #include <QVBoxLayout>
@@ -34,13 +33,14 @@ QWidget* padded(QWidget* demo) {
 
 GestureSection::GestureSection(BindingDraft& edited, Lang& language, QWidget* parent)
     : FormSection(parent), draft(edited), lang(language), picker(new GesturePicker(language)),
-      pickerRow(new PickerRow(picker)), demo(new GestureDemoView(edited.gesture)),
+      pickerLabel(new StyledLabel(TextStyle::body, Role::primary)),
+      demo(new GestureDemoView(edited.gesture)),
       detailLabel(caption(Role::secondary, "gestureDetail")),
       clickWarning(caption(Role::orange, "clickWarning")) {
     picker->setObjectName("gesturePicker");
     demo->setObjectName("gestureDemo");
     demo->setFixedHeight(demoHeight);
-    addWidget(pickerRow);
+    addRow(pickerLabel, picker);
     addToLastRow(padded(demo));
     addToLastRow(detailLabel);
     addToLastRow(clickWarning);
@@ -55,7 +55,9 @@ GestureSection::GestureSection(BindingDraft& edited, Lang& language, QWidget* pa
 
 void GestureSection::refresh() {
     setTitle(toQt(lang.choose("Gesture", "手势")));
-    pickerRow->setTitle(toQt(lang.choose("Trackpad gesture", "触控板手势")));
+    const QString title = toQt(lang.choose("Trackpad gesture", "触控板手势"));
+    pickerLabel->setText(title);
+    picker->setAccessibleName(title);
     picker->setGesture(draft.gesture);
     demo->setGesture(draft.gesture);
     demo->setAccessibleName(toQt(displayName(draft.gesture, lang)));

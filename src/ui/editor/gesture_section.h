@@ -10,6 +10,7 @@
 #include "ui/editor/binding_draft.h"
 
 #include <functional>
+#include <vector>
 
 class QLabel;
 
@@ -17,7 +18,6 @@ namespace glidemap {
 
 class GestureDemoView;
 class GesturePicker;
-class PickerRow;
 
 class GestureSection : public FormSection {
 public:
@@ -30,12 +30,13 @@ public:
     void refresh();
 
     QWidget* firstControl() const;
+    std::vector<QLabel*> pickerLabels() const { return {pickerLabel}; }
 
 private:
     BindingDraft& draft;
     Lang& lang;
     GesturePicker* picker;
-    PickerRow* pickerRow;
+    QLabel* pickerLabel;
     GestureDemoView* demo;
     QLabel* detailLabel;
     QLabel* clickWarning;

@@ -3,7 +3,6 @@
 #include "ui/controls/segmented_control.h"
 #include "ui/controls/styled_label.h"
 #include "ui/editor/application_picker.h"
-#include "ui/editor/picker_row.h"
 #include "ui/theme/text.h"
 
 namespace glidemap {
@@ -13,11 +12,12 @@ ScopeSection::ScopeSection(BindingDraft& shown, const Workspace& workspace, Lang
     : FormSection(parent), draft(shown), lang(language),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
       kinds(new SegmentedControl(static_cast<int>(allScopeKinds.size()))),
-      app(new ApplicationPicker(workspace, language)), appRow(new PickerRow(app)) {
+      app(new ApplicationPicker(workspace, language)),
+      appLabel(new StyledLabel(TextStyle::body, Role::primary)) {
     kinds->setObjectName("scopePicker");
     app->setObjectName("scopeAppPicker");
     addRow(kindsLabel, kinds);
-    appPlace = addWidget(appRow);
+    appPlace = addRow(appLabel, app);
     listen();
 }
 
@@ -50,7 +50,9 @@ void ScopeSection::refresh() {
     }
     kinds->setTexts(texts);
     kinds->setCurrent(static_cast<int>(draft.scopeKind));
-    appRow->setTitle(toQt(lang.choose("Only in this app", "仅在此 App 生效")));
+    const QString only = toQt(lang.choose("Only in this app", "仅在此 App 生效"));
+    appLabel->setText(only);
+    app->setAccessibleName(only);
     app->setSelection(draft.scopeApp);
     appPlace->setVisible(draft.scopeKind == ScopeKind::app);
 }

@@ -11,13 +11,13 @@
 #include "ui/editor/binding_draft.h"
 
 #include <functional>
+#include <vector>
 
 class QLabel;
 
 namespace glidemap {
 
 class ApplicationPicker;
-class PickerRow;
 class SegmentedControl;
 
 class ScopeSection : public FormSection {
@@ -31,6 +31,8 @@ public:
     // Shows the draft, in the current language.
     void refresh();
 
+    std::vector<QLabel*> pickerLabels() const { return {appLabel}; }
+
 private:
     void listen();
     void edited();
@@ -40,7 +42,7 @@ private:
     QLabel* kindsLabel;
     SegmentedControl* kinds;
     ApplicationPicker* app;
-    PickerRow* appRow;
+    QLabel* appLabel;
     QWidget* appPlace;
 };
 

@@ -2,6 +2,7 @@
 
 #include "ui/controls/styled_label.h"
 #include "ui/recorder/modifier_mask.h"
+#include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
 
 #include <QEvent>
@@ -56,7 +57,8 @@ ShortcutRecorderView::ShortcutRecorderView(const HardwareKeys& hardware, Lang& l
     button->setAutoDefault(false);
     label->setBuddy(button);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    // The ring of the focus lies outside of the button's shape, and has its place here.
+    row->setContentsMargins(0, style::ringMargin, style::ringMargin, style::ringMargin);
     row->addWidget(label);
     row->addStretch();
     row->addWidget(button);
