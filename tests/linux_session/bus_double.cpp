@@ -199,4 +199,11 @@ bool BusDouble::property(const std::string& name) const {
     return found != state->properties.end() && found->second;
 }
 
+void BusDouble::announce(const std::string& interface, const std::string& signal,
+                         GVariant* values) {
+    EXPECT_TRUE(g_dbus_connection_emit_signal(state->connection, nullptr,
+                                              state->service.path.c_str(), interface.c_str(),
+                                              signal.c_str(), values, nullptr));
+}
+
 } // namespace glidemap::test

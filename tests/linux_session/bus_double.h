@@ -52,6 +52,9 @@ public:
                         const std::string& path);
     bool property(const std::string& name) const;
 
+    // A signal from the service's object; `values` is a tuple, and taken.
+    void announce(const std::string& interface, const std::string& signal, GVariant* values);
+
 private:
     struct State;
     std::unique_ptr<State> state;

@@ -2,13 +2,11 @@
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
+#include "linux_session/silent_socket.h"
 #include "platform/linux/session/linux_screen_lock.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <deque>
@@ -23,6 +21,7 @@ using test::BusDouble;
 using test::InEnvironment;
 using test::Journal;
 using test::ServiceDescription;
+using test::SilentSocket;
 using Lines = Journal::Lines;
 using Patience = LinuxScreenLock::Patience;
 
@@ -274,28 +273,6 @@ TEST_F(LinuxScreenLockTest, OneThatGoesWhileTheLockerTakesItsTimeTellsNobody) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "let go"), 1);
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
-
-// Takes connections and says nothing.
-class SilentSocket {
-public:
-    SilentSocket() {
-        sockaddr_un name = {};
-        name.sun_family = AF_UNIX;
-        const std::string path = folder.path() / "bus";
-        path.copy(name.sun_path, sizeof name.sun_path - 1);
-        EXPECT_EQ(bind(file, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
-        EXPECT_EQ(listen(file, 8), 0);
-    }
-    SilentSocket(const SilentSocket&) = delete;
-    SilentSocket& operator=(const SilentSocket&) = delete;
-    ~SilentSocket() { close(file); }
-
-    std::string address() const { return "unix:path=" + (folder.path() / "bus").string(); }
-
-private:
-    test::TemporaryFolder folder;
-    int file = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-};
 
 TEST_F(LinuxScreenLockTest, ABusThatDoesNotSpeakIsNone) {
     const SilentSocket silent;
