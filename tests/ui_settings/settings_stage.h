@@ -1,0 +1,174 @@
+// The settings window over doubles of everything that it shows and changes.
+//
+// Thread:  the test's main thread, which has a QApplication.
+// Owner:   a test.
+#pragma once
+
+#include "core/lang.h"
+#include "dispatch/accessibility_trust.h"
+#include "kit/queued_main_queue.h"
+#include "kit/recording_user_defaults.h"
+#include "kit/recording_workspace.h"
+#include "ui/settings/binding_row.h"
+#include "ui/settings/settings_view.h"
+#include "ui/settings/settings_window.h"
+
+#include <QLabel>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QAbstractButton;
+
+namespace glidemap::test {
+
+class FakeTrust : public AccessibilityTrust {
+public:
+    bool isTrusted() override {
+        ++timesAsked;
+        return trusted;
+    }
+    bool isTrustedWithPrompt() override { return trusted; }
+
+    bool trusted = true;
+    int timesAsked = 0;
+};
+
+// A register that does what the test says, and keeps what it was asked.
+class FakeLoginItems : public LoginItemService {
+public:
+    Status status() const override { return current; }
+    std::optional<std::string> registerItem() override { return attempt("register", wouldBe); }
+    std::optional<std::string> unregisterItem() override {
+        return attempt("unregister", Status::notRegistered);
+    }
+
+    Status current = Status::notRegistered;
+    Status wouldBe = Status::enabled; // after registering
+    std::optional<std::string> refusal;
+    std::vector<std::string> attempts;
+
+private:
+    std::optional<std::string> attempt(const char* name, Status afterwards) {
+        attempts.emplace_back(name);
+        if (!refusal) {
+            current = afterwards;
+        }
+        return refusal;
+    }
+};
+
+class FakeDesktopHelper : public DesktopHelper {
+public:
+    State state() const override { return now; }
+    std::optional<std::string> lastError() const override { return error; }
+    void install() override {
+        ++timesInstalled;
+        become(State::installing);
+    }
+    Observable& changes() override { return observers; }
+
+    void become(State next) {
+        observers.announceWillChange();
+        now = next;
+        observers.announceDidChange();
+    }
+
+    State now = State::notNeeded;
+    std::optional<std::string> error;
+    int timesInstalled = 0;
+
+private:
+    Observable observers;
+};
+
+class FakeKeys : public HardwareKeys {
+public:
+    std::optional<std::uint16_t> virtualKeyCode(const NativeKey& /*key*/) const override {
+        return std::nullopt;
+    }
+    bool capsLock(const NativeKey& /*key*/) const override { return false; }
+};
+
+class FakeGeometryStore : public WindowGeometryStore {
+public:
+    std::optional<WindowGeometry> read() const override { return kept; }
+    void write(const WindowGeometry& geometry) override { kept = geometry; }
+
+    std::optional<WindowGeometry> kept;
+};
+
+class SettingsStage {
+public:
+    // In memory, unless given another store.
+    explicit SettingsStage(BindingList bindings = {});
+    explicit SettingsStage(std::shared_ptr<BindingStore> kept);
+    ~SettingsStage();
+
+    // Makes the window and shows it, at its usual size or another.
+    SettingsWindow& open();
+    SettingsWindow& open(QSize size);
+    void close();
+
+    SettingsWindow& window() { return *opened; }
+
+    // The one with this name in the window, or a failure of the test.
+    QWidget* find(const char* name) const;
+    template <typename Widget>
+    Widget* find(const char* name) const {
+        return dynamic_cast<Widget*>(find(name));
+    }
+    QString text(const char* label) const; // of a label or a button
+    QString noticeText(const char* notice) const;
+    bool isShown(const char* name) const;
+    void click(const char* button) const;
+    void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+
+    // In the list's order; null where it has none at that place now.
+    BindingRow* row(std::size_t index) const;
+    std::size_t rowCount() const;
+
+    // As the engine would say it, with this application in front.
+    void recognise(GestureType gesture, std::optional<std::string> application = std::nullopt);
+    // As the update host would answer.
+    void publish(const std::string& version);
+    void choose(const char* languageEntry) const;
+
+    std::shared_ptr<kit::RecordingUserDefaults> defaults =
+        std::make_shared<kit::RecordingUserDefaults>();
+    std::shared_ptr<kit::QueuedMainQueue> mainQueue = std::make_shared<kit::QueuedMainQueue>();
+    std::shared_ptr<kit::RecordingWorkspace> workspace =
+        std::make_shared<kit::RecordingWorkspace>();
+    std::shared_ptr<FakeTrust> trust = std::make_shared<FakeTrust>();
+    std::shared_ptr<FakeLoginItems> loginItems = std::make_shared<FakeLoginItems>();
+    std::shared_ptr<FakeDesktopHelper> helper = std::make_shared<FakeDesktopHelper>();
+    std::shared_ptr<FakeGeometryStore> geometry = std::make_shared<FakeGeometryStore>();
+    std::unique_ptr<MultitouchDeviceManager> devices; // made by the tests that want an error
+    std::optional<std::string> runningVersion = "1.0.0";
+
+    std::shared_ptr<BindingStore> store;
+    std::shared_ptr<GestureDispatcher> dispatcher;
+    std::shared_ptr<UpdateChecker> updates;
+
+private:
+    SettingsView::Services services();
+
+    std::string languageBefore;
+    std::string manifest;
+    std::unique_ptr<SettingsWindow> opened;
+};
+
+GestureBinding bound(GestureType gesture, BindingAction action = LockScreen{},
+                     BindingScope scope = GlobalScope{});
+
+// So many, no two alike.
+BindingList manyBindings(std::size_t count);
+
+// Whether all of the text fits into the label as it is laid out now.
+bool fits(const QLabel& label);
+
+// How far the opacity of a colour shows over a ground, within rounding.
+bool looksLike(const QColor& seen, const QColor& tint, double opacity, const QColor& ground);
+
+} // namespace glidemap::test
