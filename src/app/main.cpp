@@ -1,9 +1,211 @@
+// The wiring diagram: which class stands behind each port, and who is tied to whom. Everything else
+// is elsewhere.
+#include "app/app_delegate.h"
+#include "app/launch_options.h"
+#include "core/lang.h"
+#include "input/multitouch_device_manager.h"
+#include "platform/linux/services/linux_services.h"
+#include "platform/linux/session/autostart_entry.h"
+#include "platform/linux/session/environment.h"
+#include "platform/linux/session/user_folders.h"
+#include "platform/linux/shell/linux_application_shell.h"
+#include "platform/linux/status_bar/linux_status_bar.h"
+#include "platform/linux/touch_driver_platform.h"
+#include "platform/qt/qt_main_queue.h"
+#include "platform/qt/qt_user_defaults.h"
+#include "platform/qt/session_end.h"
+#include "platform/qt/single_instance.h"
+#include "platform/qt/termination_signals.h"
+#include "ui/settings/settings_window.h"
+#include "ui/theme/template_icon.h"
 #include "ui/theme/theme.h"
 
+#include <unistd.h>
+
 #include <QApplication>
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+using namespace glidemap;
+
+constexpr const char* applicationID = "org.glidemap.Glidemap";
+
+// The program's one delegate, for the one moment that nobody can pass it to: see endInOrder().
+std::weak_ptr<AppDelegate> theDelegate;
+
+// When its display goes, the toolkit ends the program from the middle of things. The touchpads are
+// given back even then.
+void endInOrder() {
+    if (const auto held = theDelegate.lock()) {
+        held->applicationWillTerminate();
+    }
+}
+
+class Program {
+public:
+    Program();
+
+    // Answers whether the program is to start again in its own place.
+    bool run(SingleInstance& instance);
+
+private:
+    AppDelegate::Ports delegatePorts();
+    std::shared_ptr<GestureDispatcher> makeDispatcher(std::shared_ptr<BindingStore> store);
+    std::unique_ptr<StatusItem> makeStatusItem();
+    std::unique_ptr<QWidget> makeSettingsWindow(const AppDelegate::Shown& shown);
+    void accessWasAnswered();
+
+    std::shared_ptr<UserDefaults> defaults = std::make_shared<QtUserDefaults>();
+    std::shared_ptr<QtMainQueue> mainQueue = std::make_shared<QtMainQueue>();
+    LinuxServices services{mainQueue};
+    std::shared_ptr<LoginItemService> loginItems =
+        std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess());
+    std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>();
+    std::shared_ptr<LinuxStatusBar> statusBar = std::make_shared<LinuxStatusBar>();
+    std::shared_ptr<AppDelegate> delegate;
+    bool startsAgain = false;
+};
+
+Program::Program() {
+    Lang::configureShared(defaults);
+    delegate = AppDelegate::create(delegatePorts());
+    theDelegate = delegate;
+    services.onAccessAnswered = [this] {
+        accessWasAnswered();
+    };
+}
+
+AppDelegate::Ports Program::delegatePorts() {
+    return {
+        .shell = shell,
+        .trust = services.trust,
+        .workspace = services.workspace,
+        .clickTap = services.clickTap,
+        .engine = TouchEngine::shared(),
+        .makeStore = [] { return std::make_shared<BindingStore>(userDataFolder); },
+        .makeUpdateChecker = [] { return UpdateChecker::create({}); },
+        .makeDispatcher = [this](auto store) { return makeDispatcher(std::move(store)); },
+        .makeStatusItem = [this] { return makeStatusItem(); },
+        .makeSettingsWindow = [this](const auto& shown) { return makeSettingsWindow(shown); },
+    };
+}
+
+std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<BindingStore> store) {
+    return GestureDispatcher::create({
+        .store = std::move(store),
+        .defaults = defaults,
+        .mainQueue = mainQueue,
+        .workspace = services.workspace,
+        .actionRunner = std::make_shared<ActionRunner>(
+            ActionRunner::Ports{services.workspace, services.keyboard, services.screenLock}),
+    });
+}
+
+std::unique_ptr<StatusItem> Program::makeStatusItem() {
+    constexpr const char* symbol = "hand.draw.fill";
+    constexpr const char* installedIcon = "org.glidemap.Glidemap-symbolic";
+    return std::make_unique<StatusItem>(statusBar, [](StatusBar::Kind kind) {
+        return kind == StatusBar::Kind::drawsItself ? themedTemplateIcon(installedIcon, symbol)
+                                                    : drawnTemplateIcon(symbol);
+    });
+}
+
+std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& shown) {
+    return std::make_unique<SettingsWindow>(SettingsView::Services{
+        .store = shown.store,
+        .dispatcher = shown.dispatcher,
+        .updates = shown.updateChecker,
+        .workspace = services.workspace,
+        .trust = services.trust,
+        .loginItems = loginItems,
+        .keys = nullptr,
+        .devices = &MultitouchDeviceManager::shared(),
+        .desktopHelper = nullptr,
+    });
+}
+
+// Touchpads are looked for only at the start: where none could be read then, and now could, the
+// program starts once more.
+void Program::accessWasAnswered() {
+    delegate->accessMayHaveChanged();
+    if (MultitouchDeviceManager::shared().loadError() && services.trust->isTrusted()) {
+        startsAgain = true;
+        shell->terminate();
+    }
+}
+
+bool Program::run(SingleInstance& instance) {
+    const TerminationSignals endings([this] { shell->terminate(); });
+    const SessionEnd sessionEnd([this] { shell->terminate(); });
+    instance.listen([this](const SingleInstance::Request& request) {
+        shell->prove(request.activationToken, request.startupID);
+        delegate->showSettings();
+    });
+    mainQueue->submit([this] { delegate->applicationDidFinishLaunching(); });
+    QApplication::exec();
+    instance.stopListening();
+    delegate->applicationWillTerminate();
+    return startsAgain;
+}
+
+SingleInstance::Request proofOfThisLaunch() {
+    return {fromEnvironment("XDG_ACTIVATION_TOKEN"), fromEnvironment("DESKTOP_STARTUP_ID")};
+}
+
+int complain(const char* message, int status) {
+    std::cerr << "glidemap: " << message << std::endl;
+    return status;
+}
+
+bool runProgram(SingleInstance& instance, char* arguments[]) {
+    int count = 1; // the options are none of the toolkit's
+    QApplication application(count, arguments);
+    QApplication::setApplicationName("Glidemap");
+    QApplication::setApplicationVersion(GLIDEMAP_VERSION);
+    QGuiApplication::setDesktopFileName(applicationID);
+    Theme::shared().applyTo(application);
+    Program program;
+    std::atexit(endInOrder);
+    return program.run(instance);
+}
+
+int launch(char* arguments[]) {
+    SingleInstance instance(userRuntimeFolder());
+    switch (instance.claim(proofOfThisLaunch())) {
+    case SingleInstance::Claim::shown:
+        return EXIT_SUCCESS;
+    case SingleInstance::Claim::unanswered:
+        return complain("it runs already, and does not answer", EXIT_FAILURE);
+    case SingleInstance::Claim::impossible:
+        return complain("cannot tell whether it runs already: no folder for its lock",
+                        EXIT_FAILURE);
+    case SingleInstance::Claim::first:
+        break;
+    }
+    const std::string program = programFile();
+    if (runProgram(instance, arguments)) {
+        execv(program.c_str(), arguments);
+    }
+    return EXIT_SUCCESS;
+}
+
+} // namespace
 
 int main(int count, char* arguments[]) {
-    QApplication application(count, arguments);
-    glidemap::Theme::shared().applyTo(application);
-    return 0;
+    switch (launchOption({arguments + 1, arguments + count})) {
+    case LaunchOption::version:
+        std::cout << "Glidemap " GLIDEMAP_VERSION << std::endl;
+        return EXIT_SUCCESS;
+    case LaunchOption::help:
+        std::cout << launchHelp;
+        return EXIT_SUCCESS;
+    case LaunchOption::wrong:
+        std::cerr << "usage: glidemap [--version | --help]" << std::endl;
+        return 2;
+    case LaunchOption::run:
+        break;
+    }
+    return launch(arguments);
 }

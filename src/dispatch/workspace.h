@@ -23,6 +23,11 @@ struct Application {
 
 class Workspace {
 public:
+    // The page of the system's settings where the user lets this program in. Every home knows it by
+    // this name, and shows what it has for it.
+    static constexpr const char* accessibilitySettings =
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
     Workspace() = default;
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;

@@ -16,16 +16,16 @@ void TrackList::begin(std::int32_t finger, double time, PadPoint position, LiveI
     if (count == capacity && !makeRoom(live)) {
         return;
     }
-    if (count == slots.size()) {
-        slots.emplace_back();
+    if (count == places.size()) {
+        places.emplace_back();
     }
-    slots[count].begin(finger, time, position);
+    places[count].begin(finger, time, position);
     live.set(finger, count);
     ++count;
 }
 
 void TrackList::end(std::size_t index, double time) {
-    slots[index].end(time);
+    places[index].end(time);
     ++endedCount;
 }
 
@@ -37,11 +37,11 @@ bool TrackList::makeRoom(LiveIndex& live) {
     // By swaps, which keep every slot's memory; a library's stable partition asks for a buffer.
     std::size_t kept = 0;
     for (std::size_t index = 0; index < count; ++index) {
-        if (!slots[index].ended) {
+        if (!places[index].ended) {
             if (kept != index) {
-                std::swap(slots[kept], slots[index]);
+                std::swap(places[kept], places[index]);
             }
-            live.set(slots[kept].id, kept);
+            live.set(places[kept].id, kept);
             ++kept;
         }
     }
@@ -51,8 +51,8 @@ bool TrackList::makeRoom(LiveIndex& live) {
 }
 
 void TrackList::clear() {
-    if (slots.size() > keptSlots) {
-        slots.resize(keptSlots);
+    if (places.size() > keptSlots) {
+        places.resize(keptSlots);
     }
     count = 0;
     endedCount = 0;

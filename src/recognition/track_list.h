@@ -35,14 +35,14 @@ public:
 
     std::size_t size() const { return count; }
     bool isCrowded() const { return crowded; }
-    std::span<const Track> all() const { return std::span(slots).first(count); }
-    const Track& operator[](std::size_t index) const { return slots[index]; }
-    Track& operator[](std::size_t index) { return slots[index]; }
+    std::span<const Track> all() const { return std::span(places).first(count); }
+    const Track& operator[](std::size_t index) const { return places[index]; }
+    Track& operator[](std::size_t index) { return places[index]; }
 
 private:
     bool makeRoom(LiveIndex& live);
 
-    std::vector<Track> slots; // the first `count` are tracks, the others kept for their memory
+    std::vector<Track> places; // the first `count` are tracks, the others kept for their memory
     std::size_t count = 0;
     std::size_t endedCount = 0;
     bool crowded = false;

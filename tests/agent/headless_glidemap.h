@@ -12,18 +12,14 @@
 #include "dispatch/click_demand.h"
 #include "dispatch/click_monitor.h"
 #include "dispatch/gesture_dispatcher.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/services/linux_services.h"
 #include "platform/qt/qt_main_queue.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
 
-namespace glidemap {
-
-class UinputKeyboard;
-
-namespace agent {
+namespace glidemap::agent {
 
 enum class Prompt { askUser, never };
 
@@ -42,18 +38,15 @@ public:
 
 private:
     void makeDispatcher();
-    void askForAccess(Prompt prompt);
     void startTouches();
     void startClicks();
     void tellNewEntry();
 
-    DesktopThread desktop; // everything that lives on it goes before it
     std::shared_ptr<QtMainQueue> queue = std::make_shared<QtMainQueue>();
+    LinuxServices services{queue};
     std::shared_ptr<UserDefaults> defaults;
     std::shared_ptr<BindingStore> store;
-    std::shared_ptr<ClickTap> clickTap;
     std::shared_ptr<ClickMonitor> clickMonitor;
-    std::shared_ptr<UinputKeyboard> keyboard;
     std::shared_ptr<GestureDispatcher> dispatcher;
     std::unique_ptr<ClickDemand> clickDemand;
     std::function<void(const GestureLogEntry&)> tellLogged;
@@ -61,5 +54,4 @@ private:
     Subscription toLog;
 };
 
-} // namespace agent
-} // namespace glidemap
+} // namespace glidemap::agent

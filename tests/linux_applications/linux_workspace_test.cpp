@@ -123,11 +123,25 @@ TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
 
 TEST_F(LinuxWorkspaceTest, MissionControlIsTheDesktopsOverview) {
     int shown = 0;
-    LinuxWorkspace workspace(thread, {}, [&shown] { ++shown; });
+    LinuxWorkspace workspace(thread, {}, {.missionControl = [&shown] {
+                                 ++shown;
+                             }});
     workspace.openMissionControl();
     EXPECT_EQ(shown, 1);
     LinuxWorkspace without(thread, {}, {});
     without.openMissionControl();
+}
+
+TEST_F(LinuxWorkspaceTest, TheSystemsPageForAccessIsThePanelThatAsksForIt) {
+    int asked = 0;
+    LinuxWorkspace workspace(thread, {}, {.accessibilitySettings = [&asked] {
+                                 ++asked;
+                             }});
+    workspace.openURL(
+        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+    EXPECT_EQ(asked, 1);
+    LinuxWorkspace without(thread, {}, {});
+    without.openURL(Workspace::accessibilitySettings);
 }
 
 } // namespace

@@ -51,7 +51,7 @@ protected:
             thread, std::vector<WindowBackendFactory>{[this] {
                 return std::make_unique<X11Backend>(thread, server->display());
             }},
-            std::function<void()>(), patienceWithNone);
+            LinuxWorkspace::Panels(), patienceWithNone);
     }
 
     std::unique_ptr<XClient> window(const std::string& instance, const std::string& name) const {

@@ -22,12 +22,12 @@ TouchDriverPlatform::ListAccess listAccess(void* handle) {
     };
 }
 
-std::filesystem::path programFolder() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-}
-
 } // namespace
+
+std::string programFile() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).string();
+}
 
 TouchDriverPlatform touchDriverPlatform() {
     const char* chosen = std::getenv(driverVariable);
@@ -41,7 +41,9 @@ TouchDriverPlatform touchDriverPlatformAt(std::string libraryPath) {
 
 std::string touchDriverPath(std::string_view driver) {
     const auto file = "libglidemap-" + std::string(driver) + ".so";
-    return (programFolder().parent_path() / "lib" / "glidemap" / file).string();
+    return (std::filesystem::path(programFile()).parent_path().parent_path() / "lib" / "glidemap" /
+            file)
+        .string();
 }
 
 } // namespace glidemap

@@ -13,6 +13,9 @@
 
 namespace glidemap {
 
+// This program's own file, empty if the system does not tell.
+std::string programFile();
+
 // The real touchpads' driver, or the one that the environment names.
 TouchDriverPlatform touchDriverPlatform();
 

@@ -37,10 +37,8 @@ struct LinuxWorkspace::State {
 };
 
 LinuxWorkspace::LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
-                               std::function<void()> missionControl,
-                               std::chrono::milliseconds patienceWithNone)
-    : thread(desktop), showMissionControl(std::move(missionControl)),
-      state(std::make_unique<State>()) {
+                               Panels ownPanels, std::chrono::milliseconds patienceWithNone)
+    : thread(desktop), panels(std::move(ownPanels)), state(std::make_unique<State>()) {
     thread.submit([begun = state.get(), &desktop, choice = std::move(candidates),
                    patienceWithNone] { begun->start(desktop, choice, patienceWithNone); });
 }
@@ -78,12 +76,15 @@ void LinuxWorkspace::openApplication(const std::string& url) {
 }
 
 void LinuxWorkspace::openMissionControl() {
-    if (showMissionControl)
-        showMissionControl();
+    if (panels.missionControl)
+        panels.missionControl();
 }
 
 void LinuxWorkspace::openURL(const std::string& url) {
-    thread.submit([url] { launchHandler(url); });
+    if (url != accessibilitySettings)
+        thread.submit([url] { launchHandler(url); });
+    else if (panels.accessibilitySettings)
+        panels.accessibilitySettings();
 }
 
 } // namespace glidemap

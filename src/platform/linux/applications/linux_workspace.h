@@ -24,11 +24,16 @@ public:
     // milliseconds from one window to the next.
     static constexpr std::chrono::milliseconds usualPatience{100};
 
+    // What the desktop has no handler for. Called on the main thread; may be empty.
+    struct Panels {
+        std::function<void()> missionControl = {};
+        std::function<void()> accessibilitySettings = {};
+    };
+
     // The candidates are made and asked in order, on the desktop thread, until one knows the
     // desktop. Returns at once; how things stand is known as soon as the desktop has told.
     LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
-                   std::function<void()> missionControl,
-                   std::chrono::milliseconds patienceWithNone = usualPatience);
+                   Panels ownPanels, std::chrono::milliseconds patienceWithNone = usualPatience);
     ~LinuxWorkspace() override;
 
     Application frontmostApplication() const override;
@@ -41,7 +46,7 @@ public:
 private:
     struct State;
     DesktopThread& thread;
-    std::function<void()> showMissionControl;
+    Panels panels;
     std::unique_ptr<State> state;
 };
 

@@ -23,6 +23,11 @@ std::filesystem::path userDataFolder() {
     return folder("XDG_DATA_HOME", ".local/share");
 }
 
+std::filesystem::path userRuntimeFolder() {
+    const std::filesystem::path given(fromEnvironment("XDG_RUNTIME_DIR"));
+    return given.is_absolute() ? given : folder("XDG_CACHE_HOME", ".cache") / "glidemap";
+}
+
 std::vector<std::filesystem::path> systemConfigurationFolders() {
     const std::string given = fromEnvironment("XDG_CONFIG_DIRS");
     std::vector<std::filesystem::path> folders;

@@ -13,6 +13,10 @@ namespace glidemap {
 std::filesystem::path userConfigurationFolder();
 std::filesystem::path userDataFolder();
 
+// For what is gone when the user has logged out. Where the session has no such folder, one that is
+// as much the user's own and stays.
+std::filesystem::path userRuntimeFolder();
+
 // The most important first.
 std::vector<std::filesystem::path> systemConfigurationFolders();
 

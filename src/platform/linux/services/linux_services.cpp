@@ -1,0 +1,63 @@
+#include "platform/linux/services/linux_services.h"
+
+#include "input/multitouch_device_manager.h"
+#include "platform/common/steady_uptime_clock.h"
+#include "platform/common/threaded_delayed_work.h"
+#include "platform/common/threaded_serial_queue.h"
+#include "platform/linux/access/grant_prompt.h"
+#include "platform/linux/access/input_trust.h"
+#include "platform/linux/access/udev_input_nodes.h"
+#include "platform/linux/applications/linux_workspace.h"
+#include "platform/linux/clicks/linux_click_tap.h"
+#include "platform/linux/keyboard/x11_held_modifiers.h"
+#include "platform/linux/session/linux_screen_lock.h"
+#include "platform/linux/thread_setup.h"
+#include "platform/linux/touch_driver_platform.h"
+#include "platform/linux/windows/desktop_backends.h"
+#include "recognition/touch_engine.h"
+
+namespace glidemap {
+
+namespace {
+
+TouchEngine::Ports enginePorts() {
+    return {std::make_shared<SteadyUptimeClock>(), std::make_shared<ThreadedSerialQueue>([] {
+                setUpResponsiveThread(TouchEngine::queueLabel);
+            }),
+            std::make_shared<ThreadedDelayedWork>([] { setUpResponsiveThread("delayed work"); }),
+            &MultitouchDeviceManager::shared()};
+}
+
+MultitouchDeviceManager& sharedDeviceManager() {
+    MultitouchDeviceManager::configureShared(touchDriverPlatform());
+    TouchEngine::configureShared(enginePorts);
+    return MultitouchDeviceManager::shared();
+}
+
+} // namespace
+
+LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
+    : accessPrompt(mainQueue, grantAccessCommand()), overview(desktop),
+      trust(std::make_shared<InputTrust>(std::make_unique<UdevInputNodes>(),
+                                         [this] { accessPrompt.ask(); })),
+      workspace(std::make_shared<LinuxWorkspace>(
+          desktop, desktopBackends(desktop),
+          LinuxWorkspace::Panels{.missionControl = [this] { overview.toggle(); },
+                                 .accessibilitySettings =
+                                     [this] {
+                                         accessPrompt.ask();
+                                     }})),
+      screenLock(std::make_shared<LinuxScreenLock>(desktop, *mainQueue)),
+      clickTap(std::make_shared<LinuxClickTap>(sharedDeviceManager())),
+      keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))) {
+    // Before anybody types: a desktop takes a moment to notice a keyboard.
+    keyboard->plugIn();
+    accessPrompt.onAnswer = [this] {
+        keyboard->plugIn();
+        if (onAccessAnswered) {
+            onAccessAnswered();
+        }
+    };
+}
+
+} // namespace glidemap

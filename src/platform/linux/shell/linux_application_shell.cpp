@@ -1,0 +1,37 @@
+#include "platform/linux/shell/linux_application_shell.h"
+
+#include "platform/linux/shell/x11_activation.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+#include <utility>
+
+namespace glidemap {
+
+// It lives on without a window.
+void LinuxApplicationShell::becomeAccessory() {
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+void LinuxApplicationShell::activate(QWidget& window) {
+    window.raise();
+    window.activateWindow();
+    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        activateOnX11(x11->connection(), static_cast<std::uint32_t>(window.winId()),
+                      std::exchange(startupID, {}));
+    }
+}
+
+void LinuxApplicationShell::terminate() {
+    QCoreApplication::exit(0); // quit() would ask every window, and one may say no
+}
+
+void LinuxApplicationShell::prove(std::string activationToken, std::string launchID) {
+    startupID = std::move(launchID);
+    if (!activationToken.empty()) {
+        // Where the toolkit looks for it, and takes it away from, at the next activation.
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,29 @@
+// The program before a Linux desktop. Activation policies mean nothing there; what counts is that a
+// window may come forward because the user wanted it, which the desktop believes only with proof: a
+// token on Wayland, the time of the user's act on X11.
+//
+// Thread:  the main thread, within the application object's life.
+// Owner:   the program.
+// Errors:  none; without proof a desktop may leave the window behind and mark it instead.
+#pragma once
+
+#include "app/application_shell.h"
+
+#include <string>
+
+namespace glidemap {
+
+class LinuxApplicationShell : public ApplicationShell {
+public:
+    void becomeAccessory() override;
+    void activate(QWidget& window) override;
+    void terminate() override;
+
+    // Proof for the next activation, as a launcher gave it; either may be empty.
+    void prove(std::string activationToken, std::string launchID);
+
+private:
+    std::string startupID;
+};
+
+} // namespace glidemap

@@ -1,0 +1,107 @@
+#include "platform/linux/shell/x11_activation.h"
+
+#include <xcb/xcb.h>
+
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::size_t pieceSize = 20; // of a client message
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
+    const auto cookie =
+        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
+        xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+xcb_window_t rootWindow(xcb_connection_t* connection) {
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+xcb_client_message_event_t message(xcb_window_t window, xcb_atom_t type, std::uint8_t format) {
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = format;
+    event.window = window;
+    event.type = type;
+    return event;
+}
+
+void sendToRoot(xcb_connection_t* connection, const xcb_client_message_event_t& event,
+                std::uint32_t mask) {
+    xcb_send_event(connection, 0, rootWindow(connection), mask,
+                   reinterpret_cast<const char*>(&event));
+}
+
+// As whoever carries out the user's own wish: what programs ask for by themselves, window managers
+// may refuse.
+void askWindowManager(xcb_connection_t* connection, xcb_window_t window, std::uint32_t time) {
+    constexpr std::uint32_t byTheUser = 2;
+    auto event = message(window, atom(connection, "_NET_ACTIVE_WINDOW"), 32);
+    event.data.data32[0] = byTheUser;
+    event.data.data32[1] = time;
+    sendToRoot(connection, event,
+               XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
+}
+
+void tellLauncher(xcb_connection_t* connection, xcb_window_t window, std::string_view startupID) {
+    xcb_atom_t type = atom(connection, "_NET_STARTUP_INFO_BEGIN");
+    for (const std::string& piece : endOfLaunch(startupID)) {
+        auto event = message(window, type, 8);
+        std::memcpy(event.data.data8, piece.data(), piece.size());
+        sendToRoot(connection, event, XCB_EVENT_MASK_PROPERTY_CHANGE);
+        type = atom(connection, "_NET_STARTUP_INFO");
+    }
+}
+
+} // namespace
+
+std::uint32_t timeOfLaunch(std::string_view startupID) {
+    constexpr std::string_view mark = "_TIME";
+    const auto found = startupID.rfind(mark);
+    if (found == std::string_view::npos) {
+        return 0;
+    }
+    const std::string_view digits = startupID.substr(found + mark.size());
+    std::uint32_t time = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), time);
+    return error == std::errc() && end == digits.data() + digits.size() ? time : 0;
+}
+
+std::vector<std::string> endOfLaunch(std::string_view startupID) {
+    std::string text = "remove: ID=\"";
+    for (const char letter : startupID) {
+        if (letter == '"' || letter == '\\') {
+            text += '\\';
+        }
+        text += letter;
+    }
+    text += '"';
+    text += '\0';
+    std::vector<std::string> pieces;
+    for (std::size_t begin = 0; begin < text.size(); begin += pieceSize) {
+        pieces.push_back(text.substr(begin, pieceSize));
+    }
+    return pieces;
+}
+
+void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID) {
+    askWindowManager(connection, window, timeOfLaunch(startupID));
+    if (!startupID.empty()) {
+        tellLauncher(connection, window, startupID);
+    }
+    xcb_flush(connection);
+}
+
+} // namespace glidemap

@@ -1,0 +1,116 @@
+#include "platform/linux/status_bar/linux_status_bar.h"
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusServiceWatcher>
+#include <QGuiApplication>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// Every desktop calls it by KDE's name.
+constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+xcb_atom_t atom(xcb_connection_t* connection, const std::string& name) {
+    const auto cookie =
+        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
+    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
+        xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+} // namespace
+
+class LinuxStatusBar::BusTray {
+public:
+    explicit BusTray(std::function<void()> appeared)
+        : watcher(watcherName, QDBusConnection::sessionBus(),
+                  QDBusServiceWatcher::WatchForRegistration) {
+        QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &watcher,
+                         std::move(appeared));
+    }
+
+    static bool isThere() {
+        const auto* bus = QDBusConnection::sessionBus().interface();
+        return bus != nullptr && bus->isServiceRegistered(watcherName);
+    }
+
+private:
+    QDBusServiceWatcher watcher;
+};
+
+// A tray owns a selection, and tells every client of the root window when it has just got it. The
+// toolkit has selected for that.
+class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
+public:
+    X11Tray(xcb_connection_t* toServer, std::function<void()> told)
+        : connection(toServer), appeared(std::move(told)), manager(atom(connection, "MANAGER")),
+          selection(atom(connection, "_NET_SYSTEM_TRAY_S0")) {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+
+    bool isThere() const {
+        const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> reply(
+            xcb_get_selection_owner_reply(connection,
+                                          xcb_get_selection_owner(connection, selection), nullptr));
+        return reply != nullptr && reply->owner != XCB_WINDOW_NONE;
+    }
+
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) override {
+        if (type == "xcb_generic_event_t") {
+            look(*static_cast<xcb_generic_event_t*>(message));
+        }
+        return false;
+    }
+
+private:
+    void look(const xcb_generic_event_t& event) {
+        constexpr unsigned sentByProgram = 0x80;
+        if ((event.response_type & ~sentByProgram) != XCB_CLIENT_MESSAGE) {
+            return;
+        }
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        if (message.type == manager && message.data.data32[1] == selection) {
+            appeared();
+        }
+    }
+
+    xcb_connection_t* const connection;
+    const std::function<void()> appeared;
+    const xcb_atom_t manager;
+    const xcb_atom_t selection;
+};
+
+LinuxStatusBar::LinuxStatusBar() {
+    const auto appeared = [this] {
+        observers.announceDidChange();
+    };
+    onBus = std::make_unique<BusTray>(appeared);
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 != nullptr) {
+        onX11 = std::make_unique<X11Tray>(x11->connection(), appeared);
+    }
+}
+
+LinuxStatusBar::~LinuxStatusBar() = default;
+
+StatusBar::Kind LinuxStatusBar::kind() {
+    if (BusTray::isThere()) {
+        return Kind::drawsItself;
+    }
+    return onX11 != nullptr && onX11->isThere() ? Kind::embeds : Kind::none;
+}
+
+} // namespace glidemap

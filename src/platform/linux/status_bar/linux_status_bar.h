@@ -1,0 +1,32 @@
+// The status bar of a Linux desktop: one that is told of items over the session's bus
+// (StatusNotifierItem), or, on X11, one that gives each a window to draw in (XEmbed).
+//
+// Thread:  the main thread, within the application object's life.
+// Owner:   the program.
+// Errors:  none; without a bus, and outside X11, there is no bar.
+#pragma once
+
+#include "app/status_bar.h"
+
+#include <memory>
+
+namespace glidemap {
+
+class LinuxStatusBar : public StatusBar {
+public:
+    LinuxStatusBar();
+    ~LinuxStatusBar() override;
+
+    Kind kind() override;
+    Observable& changes() override { return observers; }
+
+private:
+    class X11Tray;
+    class BusTray;
+
+    Observable observers;
+    std::unique_ptr<BusTray> onBus;
+    std::unique_ptr<X11Tray> onX11; // null outside X11
+};
+
+} // namespace glidemap

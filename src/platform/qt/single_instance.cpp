@@ -1,0 +1,185 @@
+#include "platform/qt/single_instance.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr const char* answer = "shown\n";
+
+// A request is one line: two words, each at most as long as any desktop's, and either may be empty.
+constexpr char separator = '\t';
+constexpr qint64 longestRequest = 4096;
+
+// How often somebody is looked for who is between two states: a lock without a socket, which is a
+// program that starts or ends.
+constexpr int attemptMilliseconds = 20;
+
+class Descriptor {
+public:
+    explicit Descriptor(int opened) : number(opened) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number >= 0) {
+            close(number);
+        }
+    }
+    const int number;
+};
+
+int millisecondsUntil(Clock::time_point deadline) {
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left, 0));
+}
+
+std::string oneWord(std::string text) {
+    std::erase_if(text, [](char letter) { return letter == separator || letter == '\n'; });
+    return text;
+}
+
+std::string line(const SingleInstance::Request& request) {
+    return oneWord(request.activationToken) + separator + oneWord(request.startupID) + '\n';
+}
+
+SingleInstance::Request requestIn(const QByteArray& line) {
+    const auto words = line.chopped(1).split(separator);
+    return {words[0].toStdString(), words.size() > 1 ? words[1].toStdString() : std::string()};
+}
+
+bool connectTo(int socket, const std::filesystem::path& file) {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    if (file.native().size() >= sizeof address.sun_path) {
+        return false;
+    }
+    file.native().copy(address.sun_path, file.native().size());
+    return connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+bool sendAll(int socket, const std::string& text) {
+    return send(socket, text.data(), text.size(), MSG_NOSIGNAL) ==
+           static_cast<ssize_t>(text.size());
+}
+
+enum class Reply { given, none, nobodyThere };
+
+// Somebody who hangs up without an answer is about to end.
+Reply replyOn(int socket, Clock::time_point deadline) {
+    pollfd wait{socket, POLLIN, 0};
+    if (poll(&wait, 1, millisecondsUntil(deadline)) <= 0) {
+        return Reply::none;
+    }
+    std::array<char, 16> buffer{};
+    const auto count = recv(socket, buffer.data(), buffer.size(), 0);
+    return count > 0 ? Reply::given : Reply::nobodyThere;
+}
+
+Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
+          Clock::time_point deadline) {
+    const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (!connectTo(client.number, socketFile) || !sendAll(client.number, line(request))) {
+        return Reply::nobodyThere;
+    }
+    return replyOn(client.number, deadline);
+}
+
+} // namespace
+
+struct SingleInstance::Listener {
+    QLocalServer server;
+    std::function<void(const Request&)> asked;
+
+    void receive() {
+        while (QLocalSocket* client = server.nextPendingConnection()) {
+            client->setReadBufferSize(longestRequest);
+            QObject::connect(client, &QLocalSocket::disconnected, client, &QObject::deleteLater);
+            QObject::connect(client, &QLocalSocket::readyRead, client,
+                             [this, client] { read(*client); });
+            read(*client);
+        }
+    }
+
+    void read(QLocalSocket& client) {
+        if (client.canReadLine()) {
+            asked(requestIn(client.readLine()));
+            client.write(answer);
+            client.disconnectFromServer();
+        } else if (client.bytesAvailable() >= longestRequest) {
+            client.abort();
+        }
+    }
+};
+
+SingleInstance::SingleInstance(const std::filesystem::path& folder)
+    : lockFile(folder / "glidemap.lock"), socketFile(folder / "glidemap.socket") {
+    std::error_code ignored; // opening the file tells
+    std::filesystem::create_directories(folder, ignored);
+}
+
+SingleInstance::~SingleInstance() {
+    stopListening();
+    if (lock >= 0) {
+        close(lock);
+    }
+}
+
+SingleInstance::Claim SingleInstance::claim(const Request& request,
+                                            std::chrono::milliseconds patience) {
+    lock = open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (lock < 0) {
+        return Claim::impossible;
+    }
+    fchmod(lock, S_ISVTX | S_IRUSR | S_IWUSR); // nobody tidies away what is sticky
+    const auto deadline = Clock::now() + patience;
+    do {
+        if (flock(lock, LOCK_EX | LOCK_NB) == 0) {
+            return Claim::first;
+        }
+        const Reply reply = ask(socketFile, request, deadline);
+        if (reply == Reply::given) {
+            return Claim::shown;
+        }
+        if (reply == Reply::nobodyThere) {
+            poll(nullptr, 0, attemptMilliseconds);
+        }
+    } while (Clock::now() < deadline);
+    return Claim::unanswered;
+}
+
+void SingleInstance::listen(std::function<void(const Request&)> asked) {
+    listener = std::make_unique<Listener>();
+    listener->asked = std::move(asked);
+    listener->server.setSocketOptions(QLocalServer::UserAccessOption);
+    QObject::connect(&listener->server, &QLocalServer::newConnection, &listener->server,
+                     [this] { listener->receive(); });
+    const auto name = QString::fromStdString(socketFile.native());
+    QLocalServer::removeServer(name); // a killed one's; the lock says that nobody listens there
+    listener->server.listen(name);
+}
+
+void SingleInstance::stopListening() {
+    listener.reset();
+}
+
+} // namespace glidemap

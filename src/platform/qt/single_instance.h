@@ -1,0 +1,66 @@
+// Sees to it that a user runs the program once: two would fight over the touchpads.
+//
+//   first:   locks a file for as long as it lives, and listens on a socket beside it
+//   second:  finds the file locked, asks through the socket that the first show itself, and ends
+//
+// The kernel lets go of the lock when a program ends, however it ends, so a killed one is in
+// nobody's way; what it leaves behind is cleared by the next.
+//
+// Thread:  the main thread. claim() waits while another program starts, ends or answers; the rest
+//          needs an event loop, and does not wait.
+// Owner:   the program, until it has given everything back that a second one could want.
+// Errors:  as answers; see Claim.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace glidemap {
+
+class SingleInstance {
+public:
+    enum class Claim {
+        first,      // this is the program; there is no other
+        shown,      // another one runs, and has come forward
+        unanswered, // another one runs, and does not answer
+        impossible, // nothing can be written where the lock is to be
+    };
+
+    // How the desktop knows that it was the user who wanted a window: what it gave the second
+    // program goes to the first. Empty where it gave nothing.
+    struct Request {
+        std::string activationToken; // Wayland
+        std::string startupID;       // X11
+
+        friend bool operator==(const Request&, const Request&) = default;
+    };
+
+    static constexpr std::chrono::milliseconds usualPatience{5000};
+
+    // The folder is this user's alone. It is made if need be.
+    explicit SingleInstance(const std::filesystem::path& folder);
+    SingleInstance(const SingleInstance&) = delete;
+    SingleInstance& operator=(const SingleInstance&) = delete;
+    ~SingleInstance();
+
+    Claim claim(const Request& request, std::chrono::milliseconds patience = usualPatience);
+
+    // Only for the first. From now on `asked` is called for each later program.
+    void listen(std::function<void(const Request&)> asked);
+
+    // A program that asks from now on waits for this one's end, and takes its place.
+    void stopListening();
+
+private:
+    struct Listener;
+
+    std::filesystem::path lockFile;
+    std::filesystem::path socketFile;
+    int lock = -1;
+    std::unique_ptr<Listener> listener;
+};
+
+} // namespace glidemap
