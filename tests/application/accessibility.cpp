@@ -249,6 +249,13 @@ bool Accessibility::act(const Control& control) const {
     return answer != nullptr && g_variant_get_boolean(childOf(answer, 0).get()) != FALSE;
 }
 
+std::string Accessibility::keysOf(const Control& control) const {
+    const Variant answer =
+        call(connection, {control.busName, control.path, "org.a11y.atspi.Action"}, "GetKeyBinding",
+             g_variant_new("(i)", 0));
+    return answer != nullptr ? textOf(childOf(answer, 0)) : "";
+}
+
 void Accessibility::focus(const Control& control) const {
     EXPECT_NE(
         call(connection, {control.busName, control.path, "org.a11y.atspi.Component"}, "GrabFocus"),

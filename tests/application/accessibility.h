@@ -59,6 +59,9 @@ public:
     bool act(const Control& control) const;
     void focus(const Control& control) const;
 
+    // The keys that reach the control from anywhere in its window; empty if there are none.
+    std::string keysOf(const Control& control) const;
+
     // The control as it is now; none if it has gone.
     std::optional<Control> again(const Control& control) const;
 

@@ -22,7 +22,7 @@ public:
     // One key, with those held meanwhile before it: "Return", "Ctrl+Shift+K", "Super+Left".
     void press(const std::string& chord) const;
 
-    // Letters, digits and spaces.
+    // Letters, digits, spaces and hyphens.
     void type(const std::string& text) const;
 
     void clickAt(int x, int y) const;

@@ -19,6 +19,9 @@ protected:
 
     // The item comes when the program does, and goes with it.
     static void expectItemOn(const XfcePanel& panel, Stage& stage) {
+        // Until it has drawn itself it is of one colour.
+        ASSERT_TRUE(
+            waitUntil([&] { return Picture(stage.display, panel.area()).countOfColours() > 1; }));
         const Picture empty(stage.display, panel.area());
         RunningGlidemap glidemap(stage);
         EXPECT_TRUE(waitUntil([&] { return differs(stage, panel, empty); }))

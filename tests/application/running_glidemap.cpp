@@ -104,11 +104,13 @@ std::optional<Control> RunningGlidemap::focused() const {
     return found != all.end() ? std::optional(*found) : std::nullopt;
 }
 
+bool RunningGlidemap::hasFocus(const std::string& name) const {
+    const auto control = focused();
+    return control && (control->name == name || control->label == name);
+}
+
 bool RunningGlidemap::waitForFocusOn(const std::string& name) const {
-    return waitUntil([&] {
-        const auto control = focused();
-        return control && (control->name == name || control->label == name);
-    });
+    return waitUntil([&] { return hasFocus(name); });
 }
 
 void RunningGlidemap::click(const std::string& role, const std::string& name) const {

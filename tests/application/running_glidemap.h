@@ -38,6 +38,7 @@ public:
     bool waitForFooter(const std::string& text) const;
 
     std::optional<Control> focused() const;
+    bool hasFocus(const std::string& name) const;
     bool waitForFocusOn(const std::string& name) const;
 
     // As with the mouse.

@@ -1,0 +1,165 @@
+// Whether the program can be used without a mouse and without eyes.
+#include "application_test_base.h"
+#include "picture.h"
+
+#include <csignal>
+#include <map>
+#include <set>
+
+namespace glidemap::application {
+namespace {
+
+using Names = std::vector<std::string>;
+
+constexpr int margin = 4; // a focus ring lies around its control
+constexpr std::size_t smallestMark = 20;
+constexpr int longestWalk = 60;
+
+// Roles that tell a user nothing about what the control does.
+const std::set<std::string> meaninglessRoles = {"",       "invalid", "unknown",
+                                                "filler", "panel",   "redundant object"};
+
+std::string spokenName(const Control& control) {
+    return control.label.empty() ? control.name : control.label;
+}
+
+class AccessibilityTest : public ApplicationTest {
+protected:
+    void SetUp() override {
+        ApplicationTest::SetUp();
+        if (IsSkipped()) {
+            return;
+        }
+        stage = std::make_unique<Stage>();
+        glidemap = std::make_unique<RunningGlidemap>(*stage);
+        ASSERT_TRUE(glidemap->waitForWindow());
+        stage->hands.moveTo(1, 1); // nothing is below the pointer
+    }
+
+    void openEditor() const {
+        stage->hands.press("Ctrl+N");
+        glidemap->waitFor("push button", "Cancel");
+        EXPECT_TRUE(glidemap->waitForFocusOn("Trackpad gesture")) << glidemap->described();
+    }
+
+    // Presses Tab and answers where the focus has gone.
+    std::optional<Control> tab() const {
+        const auto before = glidemap->focused();
+        stage->hands.press("Tab");
+        std::optional<Control> now;
+        EXPECT_TRUE(waitUntil([&] {
+            now = glidemap->focused();
+            return now && (!before || now->path != before->path);
+        })) << "the focus stays on "
+            << (before ? describe(*before) : "nothing");
+        return now;
+    }
+
+    // Every stop from the one that has the focus now, until that has it again.
+    Controls walk() const {
+        Controls stops;
+        std::optional<Control> stop = glidemap->focused();
+        while (stop && (stops.empty() || stop->path != stops.front().path)) {
+            stops.push_back(*stop);
+            if (stops.size() > longestWalk) {
+                ADD_FAILURE() << "the walk never comes back";
+                break;
+            }
+            stop = tab();
+        }
+        return stops;
+    }
+
+    static Names namesOf(const Controls& controls) {
+        Names names;
+        for (const Control& each : controls) {
+            names.push_back(spokenName(each));
+        }
+        return names;
+    }
+
+    void expectEveryControlIsNamed() const {
+        for (const Control& each : glidemap->controls()) {
+            if (each.isFocusable()) {
+                EXPECT_EQ(meaninglessRoles.count(each.role), 0U) << describe(each);
+                EXPECT_NE(spokenName(each), "") << describe(each);
+            }
+        }
+    }
+
+    Picture pictureAround(const Control& control) const {
+        Rectangle area = control.area;
+        area.x -= margin;
+        area.y -= margin;
+        area.width += 2 * margin;
+        area.height += 2 * margin;
+        return Picture(stage->display, area);
+    }
+
+    // Each stop looks another way while it has the focus.
+    void expectFocusIsVisible() const {
+        const std::optional<Control> first = glidemap->focused();
+        std::optional<Control> stop = first;
+        for (int step = 0; stop && step < longestWalk; ++step) {
+            const Picture focused = pictureAround(*stop);
+            const std::optional<Control> next = tab();
+            EXPECT_TRUE(waitUntil([&] {
+                return pictureAround(*stop).differences(focused) >= smallestMark;
+            })) << "looks the same with and without the focus: "
+                << describe(*stop);
+            if (!next || next->path == first->path) {
+                return;
+            }
+            stop = next;
+        }
+    }
+
+    std::unique_ptr<Stage> stage;
+    std::unique_ptr<RunningGlidemap> glidemap;
+};
+
+TEST_F(AccessibilityTest, EveryControlOfTheWindowHasARoleAndAName) {
+    expectEveryControlIsNamed();
+}
+
+TEST_F(AccessibilityTest, EveryControlOfTheEditorHasARoleAndAName) {
+    openEditor();
+    expectEveryControlIsNamed();
+}
+
+TEST_F(AccessibilityTest, TabVisitsTheWindowInReadingOrder) {
+    EXPECT_EQ(namesOf(walk()), (Names{}));
+}
+
+TEST_F(AccessibilityTest, TabVisitsTheEditorInReadingOrder) {
+    openEditor();
+    EXPECT_EQ(namesOf(walk()), (Names{}));
+}
+
+TEST_F(AccessibilityTest, TheFocusCanBeSeenInTheWindow) {
+    expectFocusIsVisible();
+}
+
+TEST_F(AccessibilityTest, TheFocusCanBeSeenInTheEditor) {
+    openEditor();
+    expectFocusIsVisible();
+}
+
+TEST_F(AccessibilityTest, NoTwoControlsAreReachedByTheSameKeys) {
+    for (const bool inEditor : {false, true}) {
+        if (inEditor) {
+            openEditor();
+        }
+        std::map<std::string, std::string> owners;
+        for (const Control& each : glidemap->controls()) {
+            const std::string keys = stage->accessibility.keysOf(each);
+            if (!keys.empty()) {
+                const auto [owner, isNew] = owners.try_emplace(keys, describe(each));
+                EXPECT_TRUE(isNew) << keys << ": " << owner->second << " and " << describe(each);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace glidemap::application
