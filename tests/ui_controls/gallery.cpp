@@ -65,13 +65,13 @@ enum class State { rest, hovered, pressed, focused, disabled };
 void put(QWidget& widget, State state) {
     widget.setEnabled(state != State::disabled);
     widget.setAttribute(Qt::WA_UnderMouse, state == State::hovered);
-    if (auto* button = dynamic_cast<QAbstractButton*>(&widget); button != nullptr) {
-        button->setDown(state == State::pressed);
-    }
     if (state == State::focused) {
         widget.setFocus(Qt::TabFocusReason);
     } else {
         widget.clearFocus();
+    }
+    if (auto* button = dynamic_cast<QAbstractButton*>(&widget); button != nullptr) {
+        button->setDown(state == State::pressed);
     }
 }
 
@@ -131,7 +131,7 @@ const std::vector<std::function<QWidget*()>> makers = {
 };
 
 void paintStates() {
-    constexpr QSize cell(190, 46);
+    constexpr QSize cell(230, 46);
     const State states[] = {State::rest, State::hovered, State::pressed, State::focused,
                             State::disabled};
     const QSize size(cell.width() * 5, cell.height() * static_cast<int>(makers.size()));
@@ -250,7 +250,10 @@ QWidget* form(QWidget* parent) {
     label->setText(QStringLiteral("Trackpad gesture"));
     gesture->addRow(label, picker());
     auto* caption = new StyledLabel(TextStyle::caption, Role::secondary);
-    caption->setText(QStringLiteral("Draw a circle clockwise with one finger."));
+    caption->setText(
+        QStringLiteral("Draw a circle clockwise with one finger, at any place of the touchpad, as "
+                       "large as a coin or as large as the whole pad."));
+    caption->setWordWrap(true);
     gesture->addWidget(caption);
     column->addWidget(gesture);
     auto* scope = new FormSection;

@@ -25,7 +25,8 @@ void Badge::paintEvent(QPaintEvent* event) {
     {
         QPainter painter(this);
         const QRectF pill = style::snapped(painter, rect());
-        style::fillRounded(painter, pill, pill.height() / 2, style::color(role, groundOpacity));
+        style::fillRounded(painter, pill, pill.height() / 2,
+                           Theme::shared().tint(role, groundOpacity));
     }
     ElidedLabel::paintEvent(event);
 }

@@ -95,9 +95,11 @@ FormSection::FormSection(QWidget* parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(headingGap);
     heading->setContentsMargins(2, 0, 0, 0);
+    heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     heading->hide();
     column->addWidget(heading);
     column->addWidget(card);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     toTheme = Theme::shared().changes().subscribe({}, [this] { card->update(); });
 }
 

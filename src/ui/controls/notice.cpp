@@ -63,7 +63,7 @@ QString Notice::text() const {
 
 void Notice::paintEvent(QPaintEvent* /*event*/) {
     if (drawn.groundOpacity > 0) {
-        QPainter(this).fillRect(rect(), Theme::shared().color(drawn.ground, drawn.groundOpacity));
+        QPainter(this).fillRect(rect(), Theme::shared().tint(drawn.ground, drawn.groundOpacity));
     }
 }
 

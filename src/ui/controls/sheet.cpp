@@ -9,6 +9,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -22,6 +23,17 @@ constexpr int radius = 12;
 constexpr double slideFrom = 14; // points above its place
 constexpr double veilLight = 0.28;
 constexpr double veilDark = 0.5;
+
+// A button that became the default one before it was in a dialog is not known to be it: the dialog
+// would choose the first that it finds.
+void adoptDefaultButton(const QWidget& content) {
+    for (QPushButton* button : content.findChildren<QPushButton*>()) {
+        if (button->isDefault()) {
+            button->setDefault(false);
+            button->setDefault(true);
+        }
+    }
+}
 
 } // namespace
 
@@ -70,6 +82,7 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     scroller->setWidget(content);
     scroller->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
+    adoptDefaultButton(*content);
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {

@@ -1,5 +1,6 @@
 #include "ui/theme/glidemap_style.h"
 
+#include "ui/theme/application_icon.h"
 #include "ui/theme/style/check_box.h"
 #include "ui/theme/style/combo_box.h"
 #include "ui/theme/style/fields.h"
@@ -8,6 +9,7 @@
 #include "ui/theme/style/paint.h"
 #include "ui/theme/style/push_button.h"
 #include "ui/theme/style/scroll_bar.h"
+#include "ui/theme/symbol.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -172,6 +174,9 @@ void GlidemapStyle::drawComplexControl(ComplexControl control, const QStyleOptio
         return;
     case CC_ToolButton: {
         style::drawToolButtonGround(*painter, *option);
+        if (style::drawToolButtonIcon(*painter, as<QStyleOptionToolButton>(option))) {
+            return;
+        }
         QStyleOptionToolButton label = as<QStyleOptionToolButton>(option);
         label.state.setFlag(State_Sunken, false); // the label does not move when pressed
         drawControl(CE_ToolButtonLabel, &label, painter, widget);
@@ -286,6 +291,8 @@ int GlidemapStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return style::menuPadding;
+    case PM_MessageBoxIconSize:
+        return 48;
     case PM_ToolTipLabelFrameWidth:
         return 6;
     case PM_ScrollBarExtent:
@@ -334,6 +341,20 @@ int GlidemapStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
         return Theme::shared().reducesMotion() ? 0 : 160;
     default:
         return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+}
+
+QIcon GlidemapStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    switch (picture) {
+    case SP_MessageBoxInformation:
+    case SP_MessageBoxQuestion:
+        return applicationIcon();
+    case SP_MessageBoxWarning:
+    case SP_MessageBoxCritical:
+        return symbolIcon("exclamationmark.triangle.fill", Role::orange, 48);
+    default:
+        return QProxyStyle::standardIcon(picture, option, widget);
     }
 }
 

@@ -43,6 +43,10 @@ public:
                     const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
+
+    // What alerts show beside their text.
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                       const QWidget* widget) const override;
 };
 
 } // namespace glidemap

@@ -24,7 +24,7 @@ Pair colorsOf(Role role) {
     case Role::red:
         return {0xffc92a2a, 0xffff7a72};
     case Role::orange:
-        return {0xffa04d00, 0xffffa43d};
+        return {0xffad5300, 0xffffa43d};
     case Role::blue:
         return {0xff1558b3, 0xff66b0ff};
     case Role::green:
@@ -57,11 +57,35 @@ Pair colorsOf(Role role) {
     return {};
 }
 
+Pair vividColorsOf(Role role) {
+    switch (role) {
+    case Role::red:
+        return {0xffff3b30, 0xffff5f57};
+    case Role::orange:
+        return {0xffff9500, 0xffff9f0a};
+    case Role::blue:
+        return {0xff0a74ff, 0xff3d9bff};
+    case Role::green:
+        return {0xff28b34b, 0xff3ecf68};
+    case Role::purple:
+        return {0xffa63de8, 0xffbf7bff};
+    default:
+        return colorsOf(role);
+    }
+}
+
+QColor chosen(Pair colors, ColorScheme scheme) {
+    return QColor::fromRgba(scheme == ColorScheme::dark ? colors.dark : colors.light);
+}
+
 } // namespace
 
 QColor colorOf(Role role, ColorScheme scheme) {
-    const Pair colors = colorsOf(role);
-    return QColor::fromRgba(scheme == ColorScheme::dark ? colors.dark : colors.light);
+    return chosen(colorsOf(role), scheme);
+}
+
+QColor vividColorOf(Role role, ColorScheme scheme) {
+    return chosen(vividColorsOf(role), scheme);
 }
 
 QPalette paletteOf(ColorScheme scheme) {

@@ -14,6 +14,10 @@ namespace glidemap {
 
 QColor colorOf(Role role, ColorScheme scheme);
 
+// The same hue without a thought for texts: as a thin tint of a ground, a colour dark enough to be
+// read would look muddy.
+QColor vividColorOf(Role role, ColorScheme scheme);
+
 // Leaves QPalette::AlternateBase to the desktop: nothing here is drawn with it, and it goes on
 // telling whether the desktop is dark.
 QPalette paletteOf(ColorScheme scheme);

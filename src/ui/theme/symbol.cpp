@@ -87,7 +87,15 @@ public:
 
 private:
     QColor colorFor(QIcon::Mode mode) const {
-        return Theme::shared().color(mode == QIcon::Disabled ? Role::tertiary : role);
+        const Theme& theme = Theme::shared();
+        switch (mode) {
+        case QIcon::Disabled:
+            return theme.color(Role::tertiary);
+        case QIcon::Selected: // upon the accent ground
+            return theme.color(Role::onAccent);
+        default:
+            return theme.color(role);
+        }
     }
 
     std::string symbol;

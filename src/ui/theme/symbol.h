@@ -26,7 +26,8 @@ void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name, c
 
 QPixmap symbolPixmap(std::string_view name, const QColor& color, int points, double pixelRatio);
 
-// Drawn in the colour that the role has at that moment, dimmed where the icon is disabled.
+// Drawn in the colour that the role has at that moment, dimmed where the icon is disabled
+// and for the accent ground where it is selected.
 QIcon symbolIcon(std::string_view name, Role role, int points = 16);
 
 } // namespace glidemap

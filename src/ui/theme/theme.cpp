@@ -108,6 +108,12 @@ QColor Theme::color(Role role, double opacity) const {
     return answer;
 }
 
+QColor Theme::tint(Role role, double opacity) const {
+    QColor answer = vividColorOf(role, colorScheme());
+    answer.setAlphaF(static_cast<float>(opacity));
+    return answer;
+}
+
 QFont Theme::font(TextStyle style) const {
     return scaledFont(desktopFont, style);
 }

@@ -81,6 +81,8 @@ public:
     QColor color(Role role) const;
     // The same colour with this opacity, 0..1.
     QColor color(Role role, double opacity) const;
+    // For a ground that shows the role's hue, with this opacity.
+    QColor tint(Role role, double opacity) const;
 
     QFont font(TextStyle style) const;
 

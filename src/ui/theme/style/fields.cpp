@@ -36,4 +36,16 @@ void drawToolButtonGround(QPainter& painter, const QStyleOption& option) {
     }
 }
 
+bool drawToolButtonIcon(QPainter& painter, const QStyleOptionToolButton& option) {
+    if (option.icon.isNull() || option.toolButtonStyle != Qt::ToolButtonIconOnly) {
+        return false;
+    }
+    QRect place(QPoint(), option.iconSize);
+    place.moveCenter(option.rect.center());
+    const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    option.icon.paint(&painter, place, Qt::AlignCenter,
+                      isEnabled ? QIcon::Normal : QIcon::Disabled);
+    return true;
+}
+
 } // namespace glidemap::style

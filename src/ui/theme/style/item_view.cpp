@@ -60,7 +60,8 @@ QFont headingFont() {
 }
 
 // Takes its place at the leading edge and returns the room that is left.
-QRect drawIcon(QPainter& painter, const QStyleOptionViewItem& option, const QRect& room) {
+QRect drawIcon(QPainter& painter, const QStyleOptionViewItem& option, const QWidget* widget,
+               const QRect& room) {
     if (!option.features.testFlag(QStyleOptionViewItem::HasDecoration) || option.icon.isNull()) {
         return room;
     }
@@ -68,7 +69,9 @@ QRect drawIcon(QPainter& painter, const QStyleOptionViewItem& option, const QRec
     const QRect place(room.left(), room.center().y() + 1 - size.height() / 2, size.width(),
                       size.height());
     option.icon.paint(&painter, place, Qt::AlignCenter,
-                      isEnabled(option) ? QIcon::Normal : QIcon::Disabled);
+                      !isEnabled(option)      ? QIcon::Disabled
+                      : isLit(option, widget) ? QIcon::Selected
+                                              : QIcon::Normal);
     return room.adjusted(size.width() + iconGap, 0, 0, 0);
 }
 
@@ -102,7 +105,7 @@ void drawItem(QPainter& painter, const QStyleOptionViewItem& option, const QWidg
         }
         room.adjust(isHeading(option) ? 0 : markWidth, 0, 0, 0);
     }
-    room = drawIcon(painter, option, room);
+    room = drawIcon(painter, option, widget, room);
     painter.setPen(textColor(option, widget));
     const QFontMetrics metrics(painter.font());
     const QString text = metrics.elidedText(option.text, Qt::ElideRight, room.width());

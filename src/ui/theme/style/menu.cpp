@@ -47,8 +47,11 @@ void drawLeading(QPainter& painter, const QStyleOptionMenuItem& option, const QR
     }
     if (!option.icon.isNull()) {
         const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+        const bool isLit = option.state.testFlag(QStyle::State_Selected);
         option.icon.paint(&painter, QRect(x, rect.center().y() - 7, 16, 16), Qt::AlignCenter,
-                          isEnabled ? QIcon::Normal : QIcon::Disabled);
+                          !isEnabled ? QIcon::Disabled
+                          : isLit    ? QIcon::Selected
+                                     : QIcon::Normal);
     }
 }
 

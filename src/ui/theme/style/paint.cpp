@@ -10,7 +10,8 @@ namespace glidemap::style {
 
 namespace {
 
-constexpr double ringWidth = 2.5;
+constexpr double ringGap = 1; // so that the ring is seen around an accent ground too
+constexpr double ringWidth = 2;
 
 // Saves what a drawing changes.
 class Drawing {
@@ -78,8 +79,9 @@ void strokeRounded(QPainter& painter, const QRectF& rect, double radius, double 
 }
 
 void drawFocusRing(QPainter& painter, const QRectF& shape, double radius) {
-    const QRectF outer = shape.adjusted(-ringWidth, -ringWidth, ringWidth, ringWidth);
-    strokeRounded(painter, outer, radius + ringWidth, ringWidth, color(Role::accent, 0.7));
+    constexpr double reach = ringGap + ringWidth;
+    const QRectF outer = shape.adjusted(-reach, -reach, reach, reach);
+    strokeRounded(painter, outer, radius + reach, ringWidth, color(Role::accent));
 }
 
 bool showsFocus(const QStyleOption& option) {

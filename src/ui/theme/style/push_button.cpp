@@ -56,13 +56,21 @@ void drawProminentGround(QPainter& painter, const QRectF& shape, const ButtonLoo
     strokeRounded(painter, shape, controlRadius, hairline(painter), QColor(0, 0, 0, 30));
 }
 
-// The icon in the text's own colour, so that one that was made for a plain button can be read on a
-// prominent one too.
-QPixmap tinted(QPixmap pixmap, const QColor& tint) {
-    QPainter painter(&pixmap);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(pixmap.rect(), tint);
-    return pixmap;
+// In the text's own colour on a prominent button, for which few icons are made.
+void drawIcon(QPainter& painter, const QStyleOptionButton& option, const QRect& place,
+              const ButtonLook& look) {
+    if (!look.isProminent || !look.isEnabled) {
+        option.icon.paint(&painter, place, Qt::AlignCenter,
+                          look.isEnabled ? QIcon::Normal : QIcon::Disabled);
+        return;
+    }
+    const double ratio = painter.device()->devicePixelRatioF();
+    QPixmap icon = option.icon.pixmap(option.iconSize, ratio);
+    QPainter tinting(&icon);
+    tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    tinting.fillRect(QRectF(QPointF(), icon.deviceIndependentSize()), color(Role::onAccent));
+    tinting.end();
+    painter.drawPixmap(place, icon);
 }
 
 QColor textColor(const ButtonLook& look, const QStyleOptionButton& option) {
@@ -107,9 +115,7 @@ void drawPushButtonLabel(QPainter& painter, const QStyleOptionButton& option,
     if (iconWidth > 0) {
         const QRect place(x, inner.center().y() + 1 - option.iconSize.height() / 2, iconWidth,
                           option.iconSize.height());
-        const double ratio = painter.device()->devicePixelRatioF();
-        const QPixmap icon = option.icon.pixmap(option.iconSize, ratio);
-        painter.drawPixmap(place, look.isProminent && look.isEnabled ? tinted(icon, tint) : icon);
+        drawIcon(painter, option, place, look);
         x += iconWidth + gap;
     }
     painter.setPen(tint);

@@ -6,7 +6,7 @@ namespace glidemap::style {
 
 namespace {
 
-constexpr int blur = 16;
+constexpr int blur = 17;
 constexpr double drop = 5;
 
 } // namespace
@@ -14,7 +14,7 @@ constexpr double drop = 5;
 // Cards laid upon one another, each a little smaller and each letting most through, add up to an
 // edge that fades like a blurred one.
 void drawShadow(QPainter& painter, const QRectF& card, double radius) {
-    const int layer = Theme::shared().isDark() ? 9 : 4;
+    const int layer = Theme::shared().isDark() ? 8 : 3;
     for (int step = 0; step < blur; ++step) {
         const double reach = blur - step;
         const QRectF shape = card.adjusted(-reach, -reach + drop, reach, reach + drop);
