@@ -1,0 +1,70 @@
+#include "ui/theme/palette.h"
+#include "ui/theme/theme.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+
+namespace glidemap {
+namespace {
+
+// A desktop that says nothing is read off its palette; the test's is pinned only for the others.
+class ThemeTest : public testing::Test {
+protected:
+    ThemeTest() { theme.pin({}); }
+    ~ThemeTest() override {
+        changeDesktop(Qt::white);
+        theme.pin(ColorScheme::light);
+    }
+
+    // As a desktop does: all of the application's colours are other ones of a sudden.
+    static void changeDesktop(const QColor& ground) {
+        QPalette palette;
+        palette.setColor(QPalette::AlternateBase, ground);
+        palette.setColor(QPalette::Window, ground);
+        QApplication::setPalette(palette);
+    }
+
+    Theme& theme = Theme::shared();
+};
+
+TEST_F(ThemeTest, theDesktopsPaletteIsFollowedWhileItRuns) {
+    changeDesktop(Qt::black);
+    EXPECT_TRUE(theme.isDark());
+    changeDesktop(Qt::white);
+    EXPECT_FALSE(theme.isDark());
+}
+
+TEST_F(ThemeTest, theApplicationsPaletteStaysOursWhateverTheDesktopSets) {
+    changeDesktop(Qt::black);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window),
+              colorOf(Role::window, ColorScheme::dark));
+}
+
+TEST_F(ThemeTest, aPinnedAppearanceHoldsAgainstTheDesktop) {
+    theme.pin(ColorScheme::light);
+    changeDesktop(Qt::black);
+    EXPECT_FALSE(theme.isDark());
+    theme.pin({});
+    EXPECT_TRUE(theme.isDark());
+}
+
+TEST_F(ThemeTest, everyChangeIsAnnouncedOnceWithTheNewColoursInPlace) {
+    std::vector<QColor> seen;
+    const Subscription toTheme =
+        theme.changes().subscribe({}, [&] { seen.push_back(theme.color(Role::window)); });
+    theme.pin(ColorScheme::dark);
+    changeDesktop(Qt::black);
+    theme.pinReducedMotion(true);
+    theme.pinReducedMotion(false);
+    const QColor dark = colorOf(Role::window, ColorScheme::dark);
+    EXPECT_EQ(seen, (std::vector<QColor>{dark, dark, dark, dark}));
+}
+
+TEST_F(ThemeTest, colorsTakeTheOpacityThatIsAskedFor) {
+    EXPECT_NEAR(theme.color(Role::blue, 0.15).alphaF(), 0.15, 0.001);
+    EXPECT_NEAR(theme.tint(Role::orange, 0.12).alphaF(), 0.12, 0.001);
+}
+
+} // namespace
+} // namespace glidemap

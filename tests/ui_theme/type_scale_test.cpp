@@ -1,0 +1,76 @@
+#include "ui/theme/type_scale.h"
+
+#include <gmock/gmock.h>
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+constexpr TextStyle styles[] = {TextStyle::title2,     TextStyle::headline, TextStyle::body,
+                                TextStyle::bodyMedium, TextStyle::callout,  TextStyle::caption,
+                                TextStyle::caption2};
+
+struct Look {
+    int size;
+    QFont::Weight weight;
+    bool operator==(const Look&) const = default;
+};
+
+std::vector<Look> looksFrom(int desktopPixels) {
+    QFont desktop;
+    desktop.setPixelSize(desktopPixels);
+    std::vector<Look> looks;
+    for (const TextStyle style : styles) {
+        const QFont font = scaledFont(desktop, style);
+        looks.push_back({font.pixelSize(), font.weight()});
+    }
+    return looks;
+}
+
+const std::vector<Look> usual = {{19, QFont::Bold},   {14, QFont::DemiBold}, {14, QFont::Normal},
+                                 {14, QFont::Medium}, {13, QFont::Normal},   {12, QFont::Normal},
+                                 {11, QFont::Normal}};
+
+TEST(TypeScaleTest, aDesktopsUsualOrSmallerFontGivesTheUsualSizes) {
+    EXPECT_EQ(looksFrom(9), usual);
+    EXPECT_EQ(looksFrom(14), usual);
+}
+
+TEST(TypeScaleTest, aLargerFontOfTheDesktopEnlargesEveryStyle) {
+    const std::vector<Look> twice = {
+        {38, QFont::Bold},   {28, QFont::DemiBold}, {28, QFont::Normal}, {28, QFont::Medium},
+        {26, QFont::Normal}, {24, QFont::Normal},   {22, QFont::Normal}};
+    EXPECT_EQ(looksFrom(28), twice);
+}
+
+TEST(TypeScaleTest, theDesktopsFamilyComesFirst) {
+    EXPECT_EQ(interfaceFont(QFont(QStringLiteral("Some Family"))).families().front(),
+              QStringLiteral("Some Family"));
+}
+
+TEST(TypeScaleTest, aDesktopThatNamesNoFamilyGetsOneThatIsInstalled) {
+    for (const char* none : {"Sans Serif", "sans", "SANS-SERIF"}) {
+        const QStringList families = interfaceFont(QFont(QString::fromLatin1(none))).families();
+        for (const QString& family : families) {
+            EXPECT_TRUE(QFontDatabase::hasFamily(family)) << family.toStdString();
+        }
+        if (QFontDatabase::hasFamily(QStringLiteral("Inter"))) {
+            EXPECT_EQ(families.value(0), QStringLiteral("Inter"));
+        }
+    }
+}
+
+TEST(TypeScaleTest, chineseIsDrawnAsItIsWrittenInChina) {
+    const QString family = QStringLiteral("Noto Sans CJK SC");
+    if (!QFontDatabase::hasFamily(family)) {
+        GTEST_SKIP() << "there is no Noto Sans CJK SC here";
+    }
+    const QStringList families = interfaceFont(QFont(QStringLiteral("Some Family"))).families();
+    EXPECT_EQ(families.filter(QStringLiteral("CJK")), QStringList{family});
+}
+
+} // namespace
+} // namespace glidemap
