@@ -5,9 +5,19 @@
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
+#include <QtMath>
 #include <algorithm>
 
 namespace glidemap {
+
+namespace {
+
+// Whole points in which all of the text has room: rounded, the last letter might just not.
+int wholeWidth(const QLabel& label) {
+    return qCeil(QFontMetricsF(label.fontMetrics()).horizontalAdvance(label.text()));
+}
+
+} // namespace
 
 ElidedLabel::ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent)
     : StyledLabel(textStyle, colorRole, parent) {
@@ -21,17 +31,16 @@ QSize ElidedLabel::withMargins(int textWidth) const {
 }
 
 QSize ElidedLabel::sizeHint() const {
-    return withMargins(fontMetrics().horizontalAdvance(text()));
+    return withMargins(wholeWidth(*this));
 }
 
 // A few letters, so that there is something to guess the rest from.
 QSize ElidedLabel::minimumSizeHint() const {
-    const int whole = fontMetrics().horizontalAdvance(text());
-    return withMargins(std::min(whole, fontMetrics().averageCharWidth() * 4));
+    return withMargins(std::min(wholeWidth(*this), fontMetrics().averageCharWidth() * 4));
 }
 
 bool ElidedLabel::isCut() const {
-    return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    return wholeWidth(*this) > contentsRect().width();
 }
 
 bool ElidedLabel::event(QEvent* event) {
