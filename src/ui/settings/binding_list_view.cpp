@@ -41,6 +41,9 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     describeListsToAssistance();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);
+    // It takes what the notices leave, and leaves them what they need.
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    setMinimumHeight(rowStep() + 2 * inset);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -9,7 +9,7 @@
 namespace glidemap {
 
 namespace {
-constexpr int padding = 40;
+constexpr int padding = 12;
 constexpr int drawingSize = 64;
 } // namespace
 
@@ -19,6 +19,7 @@ EmptyState::EmptyState(QWidget* parent)
     text->setObjectName("emptyStateText");
     text->setAlignment(Qt::AlignCenter);
     text->setWordWrap(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(padding, padding, padding, padding);
     layout->setSpacing(16);

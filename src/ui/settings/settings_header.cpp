@@ -10,6 +10,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <initializer_list>
 
 namespace glidemap {
 
@@ -17,6 +19,7 @@ namespace {
 
 constexpr int padding = 12;
 constexpr int spacing = 14;
+constexpr int titleSpacing = 2;
 
 // Command on macOS, which is Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
@@ -29,35 +32,40 @@ void tell(const std::function<void(bool)>& listener, bool on) {
 
 } // namespace
 
-SettingsHeader::SettingsHeader(Lang& given, QWidget* parent) : QWidget(parent), lang(given) {
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(padding, padding, padding, padding);
-    layout->setSpacing(spacing);
-    makeTitles(*layout);
-    makeLaunchAtLogin(*layout);
-    makeLanguage(*layout);
-    makeEnabled(*layout);
-    makeAddBinding(*layout);
-    toTheme = Theme::shared().changes().subscribe(
-        {}, [this] { add->setIcon(symbolIcon("plus", Role::onAccent)); });
+SettingsHeader::SettingsHeader(Lang& given, QWidget* parent)
+    : QWidget(parent), lang(given), whole(new QBoxLayout(QBoxLayout::LeftToRight, this)),
+      controls(new QHBoxLayout) {
+    whole->setContentsMargins(padding, padding, padding, padding);
+    whole->setSpacing(spacing);
+    controls->setSpacing(spacing);
+    makeTitles();
+    makeLaunchAtLogin(*controls);
+    makeLanguage(*controls);
+    makeEnabled(*controls);
+    controls->addStretch(1);
+    makeAddBinding(*controls);
+    whole->addLayout(controls);
+    toTheme = Theme::shared().changes().subscribe({}, [this] {
+        add->setIcon(symbolIcon("plus", Role::onAccent));
+        foldIfNarrow();
+    });
     retitle();
 }
 
 // They take all the room that the controls leave.
-void SettingsHeader::makeTitles(QHBoxLayout& layout) {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(2);
+void SettingsHeader::makeTitles() {
     title = new StyledLabel(TextStyle::title2, Role::primary, this);
     title->setObjectName("title");
-    title->setWordWrap(true);
     subtitle = new StyledLabel(TextStyle::caption, Role::secondary, this);
     subtitle->setObjectName("subtitle");
     subtitle->setWordWrap(true);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(titleSpacing);
     column->addStretch(1);
     column->addWidget(title);
     column->addWidget(subtitle);
     column->addStretch(1);
-    layout.addLayout(column, 1);
+    whole->addLayout(column, 1);
 }
 
 void SettingsHeader::makeLaunchAtLogin(QHBoxLayout& layout) {
@@ -134,6 +142,24 @@ void SettingsHeader::retitle() {
          std::initializer_list<QAbstractButton*>{launchAtLogin, enabled, add}) {
         button->setAccessibleName(button->text());
     }
+    foldIfNarrow();
+}
+
+bool SettingsHeader::isFolded() const {
+    return whole->direction() == QBoxLayout::TopToBottom;
+}
+
+// One line needs room for the title in one and the subtitle in two.
+void SettingsHeader::foldIfNarrow() {
+    const int halfSubtitle = subtitle->fontMetrics().horizontalAdvance(subtitle->text()) * 11 / 20;
+    const int titles = std::max(title->sizeHint().width(), halfSubtitle);
+    const int needed = titles + spacing + controls->sizeHint().width() + 2 * padding;
+    whole->setDirection(width() < needed ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+void SettingsHeader::resizeEvent(QResizeEvent* event) {
+    foldIfNarrow();
+    QWidget::resizeEvent(event);
 }
 
 } // namespace glidemap

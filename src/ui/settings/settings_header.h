@@ -4,7 +4,8 @@
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the settings view, which tells it what to show; the language outlives it.
-// Errors:  none. Where the window is narrow the texts on the left wrap, never those of controls.
+// Errors:  none. Where one line has no room for title and controls, it folds: the controls then
+//          stand in a line of their own, in the same order. Their texts are never cut.
 #pragma once
 
 #include "core/lang.h"
@@ -12,15 +13,14 @@
 #include <QWidget>
 #include <functional>
 
+class QBoxLayout;
 class QCheckBox;
 class QComboBox;
 class QHBoxLayout;
-class QLabel;
 class QPushButton;
 
 namespace glidemap {
 
-class ElidedLabel;
 class StyledLabel;
 class Switch;
 
@@ -40,14 +40,22 @@ public:
     std::function<void(bool on)> onEnabled;
     std::function<void()> onAddBinding;
 
+    bool isFolded() const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
-    void makeTitles(QHBoxLayout& layout);
+    void makeTitles();
     void makeLaunchAtLogin(QHBoxLayout& layout);
     void makeLanguage(QHBoxLayout& layout);
     void makeEnabled(QHBoxLayout& layout);
     void makeAddBinding(QHBoxLayout& layout);
+    void foldIfNarrow();
 
     Lang& lang;
+    QBoxLayout* whole;
+    QHBoxLayout* controls;
     StyledLabel* title = nullptr;
     StyledLabel* subtitle = nullptr;
     QCheckBox* launchAtLogin = nullptr;

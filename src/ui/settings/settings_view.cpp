@@ -10,7 +10,6 @@
 #include "ui/settings/settings_header.h"
 
 #include <QEvent>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -30,8 +29,8 @@ constexpr QMargins aroundList(12, 12, 12, 12);
 SettingsView::SettingsView(Services given, QWidget* parent)
     : QWidget(parent), services(std::move(given)), loginItem(*services.loginItems, *services.lang),
       header(new SettingsHeader(*services.lang, this)), notices(new Notices(this)),
-      middle(new QStackedLayout), emptyState(new EmptyState(this)),
-      list(new BindingListView(*services.lang, this)), footer(new ActivityFooter(this)) {
+      emptyState(new EmptyState(this)), list(new BindingListView(*services.lang, this)),
+      footer(new ActivityFooter(this)) {
     lay();
     listen();
     observe();
@@ -45,12 +44,10 @@ void SettingsView::lay() {
     stack->addWidget(header);
     stack->addWidget(new Separator(this));
     stack->addWidget(notices);
-    auto* listPage = new QWidget(this);
-    auto* listLayout = new QVBoxLayout(listPage);
-    listLayout->setContentsMargins(aroundList);
-    listLayout->addWidget(list);
+    auto* middle = new QVBoxLayout;
+    middle->setContentsMargins(aroundList);
     middle->addWidget(emptyState);
-    middle->addWidget(listPage);
+    middle->addWidget(list);
     stack->addLayout(middle, 1);
     stack->addWidget(new Separator(this));
     stack->addWidget(footer);
@@ -137,7 +134,8 @@ void SettingsView::refreshList() {
     list->setBindings(bindings);
     list->retitle();
     emptyState->retitle(*services.lang);
-    middle->setCurrentIndex(bindings->empty() ? 0 : 1);
+    emptyState->setVisible(bindings->empty());
+    list->setVisible(!bindings->empty());
 }
 
 void SettingsView::addBinding() {

@@ -24,8 +24,6 @@
 #include <optional>
 #include <vector>
 
-class QStackedLayout;
-
 namespace glidemap {
 
 class ActivityFooter;
@@ -80,7 +78,6 @@ private:
 
     SettingsHeader* header;
     Notices* notices;
-    QStackedLayout* middle;
     EmptyState* emptyState;
     BindingListView* list;
     ActivityFooter* footer;
