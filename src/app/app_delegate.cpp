@@ -3,9 +3,7 @@
 #include "app/update_alert.h"
 
 #include <QAction>
-#include <QGuiApplication>
 #include <QKeySequence>
-#include <QScreen>
 #include <QWidget>
 #include <string>
 #include <utility>
@@ -17,14 +15,6 @@ namespace {
 // A single & would underline the letter behind it.
 QString menuTitle(const std::string& title) {
     return QString::fromStdString(title).replace('&', "&&");
-}
-
-// Unless it already knows where it was.
-void centreOnScreen(QWidget& window) {
-    const QScreen* screen = window.screen();
-    if (screen != nullptr && !window.testAttribute(Qt::WA_Moved)) {
-        window.move(screen->availableGeometry().center() - window.rect().center());
-    }
 }
 
 } // namespace
@@ -174,7 +164,6 @@ void AppDelegate::showSettings() {
         if (mainMenu != nullptr) {
             mainMenu->installIn(*settingsWindow);
         }
-        centreOnScreen(*settingsWindow);
     }
     settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
     settingsWindow->show();

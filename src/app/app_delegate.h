@@ -55,6 +55,7 @@ public:
         std::function<std::shared_ptr<GestureDispatcher>(std::shared_ptr<BindingStore>)>
             makeDispatcher;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
+        // Made once: titled, sized, and in the middle of the screen or where it was last.
         std::function<std::unique_ptr<QWidget>(const Shown&)> makeSettingsWindow;
         Lang* lang = &Lang::shared();
     };

@@ -4,6 +4,8 @@
 #include "app/launch_options.h"
 #include "core/lang.h"
 #include "input/multitouch_device_manager.h"
+#include "platform/linux/helper/gnome_desktop_helper.h"
+#include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/services/linux_services.h"
 #include "platform/linux/session/autostart_entry.h"
 #include "platform/linux/session/environment.h"
@@ -13,10 +15,12 @@
 #include "platform/linux/touch_driver_platform.h"
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_user_defaults.h"
+#include "platform/qt/qt_window_geometry.h"
 #include "platform/qt/session_end.h"
 #include "platform/qt/single_instance.h"
 #include "platform/qt/termination_signals.h"
 #include "ui/settings/settings_window.h"
+#include "ui/theme/application_icon.h"
 #include "ui/theme/template_icon.h"
 #include "ui/theme/theme.h"
 
@@ -45,7 +49,7 @@ void endInOrder() {
 
 class Program {
 public:
-    Program();
+    explicit Program(QApplication& application);
 
     // Answers whether the program is to start again in its own place.
     bool run(SingleInstance& instance);
@@ -60,16 +64,16 @@ private:
     std::shared_ptr<UserDefaults> defaults = std::make_shared<QtUserDefaults>();
     std::shared_ptr<QtMainQueue> mainQueue = std::make_shared<QtMainQueue>();
     LinuxServices services{mainQueue};
-    std::shared_ptr<LoginItemService> loginItems =
-        std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess());
     std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>();
     std::shared_ptr<LinuxStatusBar> statusBar = std::make_shared<LinuxStatusBar>();
     std::shared_ptr<AppDelegate> delegate;
     bool startsAgain = false;
 };
 
-Program::Program() {
+Program::Program(QApplication& application) {
     Lang::configureShared(defaults);
+    Theme::configureShared(services.appearance);
+    Theme::shared().applyTo(application);
     delegate = AppDelegate::create(delegatePorts());
     theDelegate = delegate;
     services.onAccessAnswered = [this] {
@@ -113,17 +117,20 @@ std::unique_ptr<StatusItem> Program::makeStatusItem() {
 }
 
 std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& shown) {
-    return std::make_unique<SettingsWindow>(SettingsView::Services{
+    const SettingsView::Services shownServices{
         .store = shown.store,
         .dispatcher = shown.dispatcher,
         .updates = shown.updateChecker,
         .workspace = services.workspace,
         .trust = services.trust,
-        .loginItems = loginItems,
-        .keys = nullptr,
+        .loginItems = std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess()),
+        .keys = std::make_shared<EvdevHardwareKeys>(),
         .devices = &MultitouchDeviceManager::shared(),
-        .desktopHelper = nullptr,
-    });
+        .desktopHelper = GnomeDesktopHelper::ofThisSession(mainQueue),
+    };
+    return std::make_unique<SettingsWindow>(
+        shownServices,
+        std::make_shared<QtWindowGeometry>(userStateFolder() / "glidemap" / "window.ini"));
 }
 
 // Touchpads are looked for only at the start: where none could be read then, and now could, the
@@ -165,8 +172,8 @@ bool runProgram(SingleInstance& instance, char* arguments[]) {
     QApplication::setApplicationName("Glidemap");
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
-    Theme::shared().applyTo(application);
-    Program program;
+    QGuiApplication::setWindowIcon(applicationIcon());
+    Program program(application);
     std::atexit(endInOrder);
     return program.run(instance);
 }

@@ -37,7 +37,8 @@ MultitouchDeviceManager& sharedDeviceManager() {
 } // namespace
 
 LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
-    : accessPrompt(mainQueue, grantAccessCommand()), overview(desktop),
+    : accessPrompt(mainQueue, grantAccessCommand()), overview(desktop), portal(desktop, *mainQueue),
+      appearance(portal.settings()),
       trust(std::make_shared<InputTrust>(std::make_unique<UdevInputNodes>(),
                                          [this] { accessPrompt.ask(); })),
       workspace(std::make_shared<LinuxWorkspace>(

@@ -16,6 +16,7 @@
 #include "dispatch/screen_lock.h"
 #include "dispatch/workspace.h"
 #include "platform/linux/access/access_prompt.h"
+#include "platform/linux/appearance/portal_appearance.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "platform/linux/session/linux_overview.h"
 #include "platform/linux/windows/desktop_thread.h"
@@ -40,8 +41,10 @@ private:
     DesktopThread desktop; // everything that lives on it goes before it
     AccessPrompt accessPrompt;
     LinuxOverview overview;
+    PortalAppearance portal;
 
 public:
+    const std::shared_ptr<AppearanceSettings> appearance;
     const std::shared_ptr<AccessibilityTrust> trust;
     const std::shared_ptr<Workspace> workspace;
     const std::shared_ptr<ScreenLock> screenLock;

@@ -23,6 +23,10 @@ std::filesystem::path userDataFolder() {
     return folder("XDG_DATA_HOME", ".local/share");
 }
 
+std::filesystem::path userStateFolder() {
+    return folder("XDG_STATE_HOME", ".local/state");
+}
+
 std::filesystem::path userRuntimeFolder() {
     const std::filesystem::path given(fromEnvironment("XDG_RUNTIME_DIR"));
     return given.is_absolute() ? given : folder("XDG_CACHE_HOME", ".cache") / "glidemap";

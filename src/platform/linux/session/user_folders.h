@@ -13,6 +13,9 @@ namespace glidemap {
 std::filesystem::path userConfigurationFolder();
 std::filesystem::path userDataFolder();
 
+// For what the program remembers by itself, and the user can lose without a loss.
+std::filesystem::path userStateFolder();
+
 // For what is gone when the user has logged out. Where the session has no such folder, one that is
 // as much the user's own and stays.
 std::filesystem::path userRuntimeFolder();
