@@ -204,7 +204,7 @@ TEST_F(HttpsFetchTest, AServerThatTakesTheConnectionAndSaysNothingIsGivenUp) {
 
 TEST_F(HttpsFetchTest, AServerThatFallsSilentIsGivenUpWithWhatHadCome) {
     HttpsFetchSetup setup = trusting();
-    setup.silence = 200ms;
+    setup.silence = 2s; // the answer has come by then
     server.setAnswer(say("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\ncontent"));
     const Fetched fetched = fetch(setup);
     EXPECT_EQ(fetched.body, "content");
