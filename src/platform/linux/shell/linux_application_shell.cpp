@@ -1,6 +1,7 @@
 #include "platform/linux/shell/linux_application_shell.h"
 
 #include "platform/linux/shell/x11_activation.h"
+#include "platform/linux/shell/x11_connection.h"
 
 #include <QGuiApplication>
 #include <QWidget>
@@ -16,8 +17,8 @@ void LinuxApplicationShell::becomeAccessory() {
 void LinuxApplicationShell::activate(QWidget& window) {
     window.raise();
     window.activateWindow();
-    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
-        activateOnX11(x11->connection(), static_cast<std::uint32_t>(window.winId()),
+    if (xcb_connection_t* connection = x11Connection()) {
+        activateOnX11(connection, static_cast<std::uint32_t>(window.winId()),
                       std::exchange(startupID, {}));
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/status_bar/linux_status_bar.h"
 
+#include "platform/linux/shell/x11_connection.h"
+
 #include <xcb/xcb.h>
 
 #include <QAbstractNativeEventFilter>
@@ -98,9 +100,8 @@ LinuxStatusBar::LinuxStatusBar() {
         observers.announceDidChange();
     };
     onBus = std::make_unique<BusTray>(appeared);
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 != nullptr) {
-        onX11 = std::make_unique<X11Tray>(x11->connection(), appeared);
+    if (xcb_connection_t* connection = x11Connection()) {
+        onX11 = std::make_unique<X11Tray>(connection, appeared);
     }
 }
 

@@ -1,0 +1,13 @@
+#include "platform/linux/shell/x11_connection.h"
+
+#include <QGuiApplication>
+
+namespace glidemap {
+
+// The offscreen platform has the interface, too, and no connection behind it.
+xcb_connection_t* x11Connection() {
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr ? x11->connection() : nullptr;
+}
+
+} // namespace glidemap

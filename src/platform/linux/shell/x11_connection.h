@@ -1,0 +1,13 @@
+// The toolkit's own connection to the X server.
+//
+// Thread:  the main thread, within the application object's life.
+// Errors:  null outside X11.
+#pragma once
+
+using xcb_connection_t = struct xcb_connection_t;
+
+namespace glidemap {
+
+xcb_connection_t* x11Connection();
+
+} // namespace glidemap
