@@ -1,0 +1,163 @@
+// interface_figures [--seconds N] [--runs N]: what the program costs on a desktop, beside a bare
+// window of the same toolkit: how soon it is there, the memory it holds with its window open and
+// closed, how often it wakes up while nobody does anything, and what one demonstration takes.
+//
+// Starts alternate between the two, so that a busy machine is busy for both. Fails if the program
+// woke up while idle.
+#include "running_process.h"
+#include "stage.h"
+
+#include <sched.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace glidemap::bench {
+
+namespace {
+
+using application::Stage;
+using desktops::Program;
+
+struct Options {
+    double seconds = 10;
+    int runs = 15;
+};
+
+struct Starts {
+    std::vector<double> toItem;
+    std::vector<double> toWindow;
+    std::vector<double> toWindowOfYardstick;
+};
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// As people start it: without a screen reader.
+Program::Command commandOn(const Stage& stage, const char* program) {
+    Program::Command command = stage.command();
+    command.words = {program};
+    command.environment.erase("QT_LINUX_ACCESSIBILITY_ALWAYS_ON");
+    return command;
+}
+
+bool isShown(const Stage& stage, const char* title) {
+    return stage.display.windowTitled(title).has_value();
+}
+
+double timeUntil(double start, const std::function<bool()>& condition) {
+    while (!condition()) {
+        sched_yield();
+    }
+    return now() - start;
+}
+
+void startProgram(Stage& stage, Starts& starts) {
+    const double start = now();
+    Program program(commandOn(stage, GLIDEMAP_PROGRAM));
+    double item = 0;
+    starts.toWindow.push_back(timeUntil(start, [&] {
+        if (item == 0 && !stage.panel->items().empty()) {
+            item = now() - start;
+        }
+        return isShown(stage, "Glidemap");
+    }));
+    if (item == 0) {
+        item = timeUntil(start, [&] { return !stage.panel->items().empty(); });
+    }
+    starts.toItem.push_back(item);
+    endInOrder(program);
+    timeUntil(start, [&] { return stage.panel->items().empty(); });
+}
+
+void startYardstick(Stage& stage, Starts& starts) {
+    const double start = now();
+    Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
+    starts.toWindowOfYardstick.push_back(
+        timeUntil(start, [&] { return isShown(stage, "Yardstick"); }));
+    endInOrder(program);
+}
+
+void measureStarts(Stage& stage, int runs) {
+    Starts starts;
+    for (int run = 0; run < runs; ++run) {
+        startYardstick(stage, starts);
+        startProgram(stage, starts);
+    }
+    const double yardstick = median(starts.toWindowOfYardstick);
+    const double window = median(starts.toWindow);
+    std::cout << "start to status item: " << median(starts.toItem) * 1000 << " ms\n"
+              << "start to window: " << window * 1000 << " ms, bare window " << yardstick * 1000
+              << " ms, " << window / yardstick << " times\n";
+}
+
+void print(const std::string& what, const Memory& memory) {
+    std::cout << what << ": resident " << memory.resident << " KiB, private " << memory.privatePages
+              << " KiB\n";
+}
+
+Memory memoryOfYardstick(Stage& stage) {
+    Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
+    timeUntil(now(), [&] { return isShown(stage, "Yardstick"); });
+    letItSettle(program.process());
+    const Memory memory = memoryOf(program.process());
+    endInOrder(program);
+    return memory;
+}
+
+void measureDemonstration(Stage& stage, pid_t process, double seconds) {
+    stage.hands.press("Ctrl+N");
+    while (cpuSecondsDuring(process, 0.5) < 0.001) { // until it plays
+    }
+    std::cout << "one demonstration playing: " << cpuSecondsDuring(process, seconds) / seconds * 100
+              << " % of a core\n";
+    stage.hands.press("Escape");
+}
+
+long measureProgram(Stage& stage, double seconds) {
+    Program program(commandOn(stage, GLIDEMAP_PROGRAM));
+    timeUntil(now(), [&] { return isShown(stage, "Glidemap"); });
+    letItSettle(program.process());
+    print("window open", memoryOf(program.process()));
+    measureDemonstration(stage, program.process(), seconds);
+    stage.display.close(*stage.display.windowTitled("Glidemap"));
+    timeUntil(now(), [&] { return !isShown(stage, "Glidemap"); });
+    letItSettle(program.process());
+    print("window closed", memoryOf(program.process()));
+    const long woken = wakeUpsDuring(program.process(), seconds, std::cout);
+    endInOrder(program);
+    return woken;
+}
+
+int run(const Options& options) {
+    if (!Stage::isInstalled()) {
+        std::cout << "skipped: there is no X server or accessibility bus to measure on\n";
+        return 77;
+    }
+    Stage stage;
+    measureStarts(stage, options.runs);
+    print("bare window", memoryOfYardstick(stage));
+    return measureProgram(stage, options.seconds) == 0 ? 0 : 1;
+}
+
+} // namespace
+
+} // namespace glidemap::bench
+
+int main(int count, char* arguments[]) {
+    glidemap::bench::Options options;
+    for (int index = 1; index + 1 < count; index += 2) {
+        if (std::strcmp(arguments[index], "--seconds") == 0) {
+            options.seconds = std::atof(arguments[index + 1]);
+        } else if (std::strcmp(arguments[index], "--runs") == 0) {
+            options.runs = std::atoi(arguments[index + 1]);
+        }
+    }
+    return glidemap::bench::run(options);
+}

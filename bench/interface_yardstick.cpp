@@ -1,0 +1,21 @@
+// interface_yardstick: a window of Qt Widgets with twenty check boxes in it, and nothing else: what
+// the toolkit itself costs, beside which the program's figures stand.
+#include "platform/qt/termination_signals.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+int main(int count, char* arguments[]) {
+    QApplication application(count, arguments);
+    const glidemap::TerminationSignals endings(&QCoreApplication::quit);
+    QWidget window;
+    window.setWindowTitle("Yardstick");
+    auto* layout = new QVBoxLayout(&window);
+    for (int box = 1; box <= 20; ++box) {
+        layout->addWidget(new QCheckBox(QString("Check box %1").arg(box)));
+    }
+    window.resize(720, 520);
+    window.show();
+    return QApplication::exec();
+}
