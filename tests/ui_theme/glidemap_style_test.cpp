@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -15,6 +16,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyleOption>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -179,8 +181,9 @@ TEST(GlidemapStyleTest, aScrollBarHasNoArrowsAndItsHandleCanAlwaysBeGrasped) {
 
 TEST(GlidemapStyleTest, symbolsTakeTheColourOfTheMoment) {
     const QIcon icon = symbolIcon("plus", Role::red);
+    // Large enough for a stroke to cover whole pixels.
     const auto middle = [&icon](QIcon::Mode mode) {
-        return icon.pixmap(QSize(16, 16), 1, mode).toImage().pixelColor(8, 8);
+        return QColor::fromRgba(icon.pixmap(QSize(160, 160), 1, mode).toImage().pixel(80, 80));
     };
     EXPECT_EQ(middle(QIcon::Normal), roleColor(Role::red));
     EXPECT_EQ(middle(QIcon::Disabled), roleColor(Role::tertiary));

@@ -89,9 +89,8 @@ void Popover::dismiss() {
     if (std::exchange(isClosed, true)) {
         return;
     }
-    const bool hadFocus = isWithin(QApplication::focusWidget());
-    if (hadFocus && hangsFrom != nullptr) {
-        hangsFrom->setFocus(Qt::PopupFocusReason);
+    if (isWithin(QApplication::focusWidget())) {
+        giveFocusBack();
     }
     hide();
     if (shadow != nullptr) {
@@ -100,6 +99,16 @@ void Popover::dismiss() {
     deleteLater();
     if (onClosed) {
         onClosed();
+    }
+}
+
+// Hidden with the focus, the popover would pass it on along the chain of controls, where one that is
+// being destroyed still is.
+void Popover::giveFocusBack() {
+    if (hangsFrom != nullptr) {
+        hangsFrom->setFocus(Qt::PopupFocusReason);
+    } else {
+        QApplication::focusWidget()->clearFocus();
     }
 }
 

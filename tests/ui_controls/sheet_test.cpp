@@ -1,0 +1,188 @@
+#include "ui/controls/sheet.h"
+#include "ui_controls/stage.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <set>
+
+namespace glidemap {
+namespace {
+
+using test::Stage;
+
+// The offscreen screen is 800 × 800.
+class SheetTest : public testing::Test {
+protected:
+    SheetTest() {
+        column->addWidget(first);
+        column->addWidget(cancel);
+        column->addWidget(save);
+        save->setDefault(true);
+        stage.open();
+    }
+    ~SheetTest() override {
+        Theme::shared().pinCompositing({});
+        if (sheet == nullptr) {
+            delete content;
+        }
+    }
+
+    void present(QSize size = QSize(460, 640)) {
+        sheet = new Sheet(&stage, content, size);
+        sheet->onClosed = [this] {
+            ++closings;
+        };
+        sheet->present();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(sheet.data()));
+    }
+
+    bool hasGone() {
+        return QTest::qWaitFor([this] { return sheet == nullptr; }, 2000);
+    }
+
+    test::InStillness still;
+    Stage stage;
+    QPointer<QWidget> content = new QWidget;
+    QVBoxLayout* column = new QVBoxLayout(content);
+    QPushButton* first = new QPushButton(QStringLiteral("First"));
+    QPushButton* cancel = new QPushButton(QStringLiteral("Cancel"));
+    QPushButton* save = new QPushButton(QStringLiteral("Save"));
+    QPointer<Sheet> sheet;
+    int closings = 0;
+};
+
+TEST_F(SheetTest, theContentHasTheSizeThatWasAskedFor) {
+    present();
+    EXPECT_EQ(content->size(), QSize(460, 640));
+    EXPECT_EQ(sheet->cardGeometry().size(), QSize(460, 640));
+}
+
+TEST_F(SheetTest, liesInTheMiddleBeneathTheTitleOfTheWindowThatWaits) {
+    stage.move(20, 30);
+    present(QSize(400, 300));
+    EXPECT_EQ(sheet->cardGeometry().topLeft(), QPoint(20 + 150, 30 + 10));
+    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(sheet->parentWidget(), &stage);
+}
+
+TEST_F(SheetTest, followsItsWindow) {
+    present(QSize(400, 300));
+    stage.move(60, 70);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return sheet->cardGeometry().topLeft() == QPoint(60 + 150, 70 + 10); }, 2000));
+}
+
+TEST_F(SheetTest, isNoLargerThanTheScreenAndScrolls) {
+    content->setMinimumHeight(2000);
+    present(QSize(460, 2000));
+    const QRect screen = stage.screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(sheet->cardGeometry()));
+    EXPECT_EQ(sheet->cardGeometry().height(), screen.height() - 16);
+    EXPECT_EQ(content->height(), 2000);
+    EXPECT_EQ(content->width(), 460); // the bar lies beside it
+}
+
+TEST_F(SheetTest, aContentThatCanShrinkDoesNotScroll) {
+    present(QSize(460, 2000));
+    EXPECT_EQ(content->size(), sheet->cardGeometry().size());
+}
+
+TEST_F(SheetTest, tabStaysWithin) {
+    present();
+    std::set<QWidget*> reached;
+    for (int step = 0; step < 9; ++step) {
+        QTest::keyClick(sheet.data(), Qt::Key_Tab);
+        reached.insert(QApplication::focusWidget());
+    }
+    EXPECT_EQ(reached, (std::set<QWidget*>{first, cancel, save}));
+}
+
+TEST_F(SheetTest, returnPressesTheDefaultButtonThoughItWasSetBeforeThereWasASheet) {
+    int saves = 0;
+    QObject::connect(save, &QPushButton::clicked, &stage, [&saves] { ++saves; });
+    first->setAutoDefault(false);
+    present();
+    first->setFocus();
+    EXPECT_TRUE(save->isDefault());
+    EXPECT_FALSE(cancel->isDefault());
+    QTest::keyClick(first, Qt::Key_Return);
+    EXPECT_EQ(saves, 1);
+}
+
+TEST_F(SheetTest, escapeClosesItAndIsToldOnce) {
+    present();
+    QTest::keyClick(sheet.data(), Qt::Key_Escape);
+    EXPECT_EQ(closings, 1);
+    EXPECT_TRUE(hasGone());
+    EXPECT_EQ(closings, 1);
+}
+
+TEST_F(SheetTest, dismissingIsToldOnce) {
+    present();
+    sheet->dismiss();
+    sheet->dismiss();
+    EXPECT_TRUE(hasGone());
+    EXPECT_EQ(closings, 1);
+}
+
+TEST_F(SheetTest, theWindowIsDimmedWhileItWaits) {
+    const auto corner = [this] {
+        return stage.grab().toImage().pixelColor(3, 495).lightness();
+    };
+    const int clear = corner();
+    present();
+    EXPECT_LT(corner(), clear - 30);
+    sheet->dismiss();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return corner() == clear; }, 2000));
+}
+
+TEST_F(SheetTest, theShadeFollowsTheSizeOfTheWindow) {
+    present();
+    const int dimmed = stage.grab().toImage().pixelColor(3, 495).lightness();
+    stage.resize(760, 560);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return stage.grab().toImage().pixelColor(757, 557).lightness() == dimmed; }, 2000));
+}
+
+TEST_F(SheetTest, itsShapeIsCutOutWhereWindowsCannotBeTranslucent) {
+    Theme::shared().pinCompositing(false);
+    present();
+    EXPECT_EQ(sheet->size(), QSize(460, 640));
+    EXPECT_FALSE(sheet->mask().isEmpty());
+    EXPECT_FALSE(sheet->mask().contains(QPoint(0, 0)));
+    EXPECT_TRUE(sheet->mask().contains(QPoint(230, 0)));
+    EXPECT_TRUE(sheet->mask().contains(QPoint(0, 320)));
+}
+
+TEST_F(SheetTest, whereWindowsCanBeTranslucentItCastsAShadow) {
+    Theme::shared().pinCompositing(true);
+    present();
+    EXPECT_TRUE(sheet->mask().isEmpty());
+    EXPECT_TRUE(sheet->testAttribute(Qt::WA_TranslucentBackground));
+    EXPECT_GT(sheet->width(), 460);
+}
+
+TEST_F(SheetTest, slidesToItsPlaceWhereMotionIsWelcome) {
+    Theme::shared().pinReducedMotion(false);
+    stage.move(20, 30);
+    present(QSize(400, 300));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return sheet->cardGeometry().topLeft() == QPoint(170, 40); }, 2000));
+}
+
+TEST_F(SheetTest, goesWithItsWindow) {
+    auto* window = new QWidget;
+    window->show();
+    QPointer<Sheet> hanging = new Sheet(window, new QWidget, QSize(200, 200));
+    hanging->present();
+    delete window;
+    EXPECT_EQ(hanging, nullptr);
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,56 @@
+// A window on which a control is tried out, with the keyboard and the mouse of a person.
+#pragma once
+
+#include "ui/theme/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWidget>
+
+namespace glidemap::test {
+
+class Stage : public QWidget {
+public:
+    Stage() {
+        resize(700, 500);
+        new QVBoxLayout(this);
+    }
+
+    template <typename Control>
+    Control* add(Control* control) {
+        layout()->addWidget(control);
+        return control;
+    }
+
+    void open() {
+        show();
+        activateWindow();
+        setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(this));
+    }
+};
+
+// With the knobs and the grounds at rest, so that a test sees where they came to be.
+class InStillness {
+public:
+    InStillness() { Theme::shared().pinReducedMotion(true); }
+    ~InStillness() { Theme::shared().pinReducedMotion(false); }
+};
+
+inline QAccessible::Role roleOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->role();
+}
+
+inline QString nameOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+inline QAccessible::State stateOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->state();
+}
+
+} // namespace glidemap::test

@@ -1,0 +1,94 @@
+#include "ui/controls/switch.h"
+#include "ui_controls/stage.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using test::Stage;
+
+class SwitchTest : public testing::Test {
+protected:
+    SwitchTest() {
+        knob->setText(QStringLiteral("Enabled"));
+        QObject::connect(knob, &QCheckBox::toggled, &stage,
+                         [this](bool on) { told.push_back(on); });
+    }
+
+    Stage stage;
+    Switch* knob = stage.add(new Switch);
+    std::vector<bool> told;
+};
+
+TEST_F(SwitchTest, assistiveProgramsSeeACheckBox) {
+    EXPECT_EQ(test::roleOf(knob), QAccessible::CheckBox);
+    EXPECT_EQ(test::nameOf(knob), QStringLiteral("Enabled"));
+    EXPECT_FALSE(test::stateOf(knob).checked);
+    knob->setChecked(true);
+    EXPECT_TRUE(test::stateOf(knob).checked);
+}
+
+TEST_F(SwitchTest, aClickOnTheKnobOrTheTextSwitches) {
+    stage.open();
+    QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(knob->width() - 10, knob->height() / 2));
+    QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(10, knob->height() / 2));
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+}
+
+TEST_F(SwitchTest, theSpaceBarSwitches) {
+    stage.open();
+    knob->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(knob, Qt::Key_Space);
+    EXPECT_EQ(told, std::vector<bool>{true});
+}
+
+TEST_F(SwitchTest, theKnobSlidesAndArrives) {
+    stage.open();
+    knob->setChecked(true);
+    EXPECT_LT(knob->knobPosition(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return knob->knobPosition() == 1; }, 2000));
+}
+
+TEST_F(SwitchTest, theKnobSlidesForAClickToo) {
+    stage.open();
+    QTest::mouseClick(knob, Qt::LeftButton);
+    EXPECT_LT(knob->knobPosition(), 1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return knob->knobPosition() == 1; }, 2000));
+}
+
+TEST_F(SwitchTest, withReducedMotionTheKnobIsThereAtOnce) {
+    const test::InStillness still;
+    stage.open();
+    knob->setChecked(true);
+    EXPECT_EQ(knob->knobPosition(), 1);
+    QTest::mouseClick(knob, Qt::LeftButton);
+    EXPECT_EQ(knob->knobPosition(), 0);
+}
+
+TEST_F(SwitchTest, whatIsSetBeforeItIsShownIsThereWhenItIsShown) {
+    knob->setChecked(true);
+    stage.open();
+    EXPECT_EQ(knob->knobPosition(), 1);
+}
+
+TEST_F(SwitchTest, theTextIsBeforeTheTrackUnlessAskedOtherwise) {
+    const test::InStillness still;
+    knob->setChecked(true);
+    knob->resize(knob->sizeHint());
+    const QColor accent = Theme::shared().color(Role::accentGround);
+    const auto isTrackAt = [&](int x) {
+        return knob->grab().toImage().pixelColor(x, knob->height() / 2) == accent;
+    };
+    EXPECT_TRUE(isTrackAt(knob->width() - 32));
+    EXPECT_FALSE(isTrackAt(10));
+    knob->setTextSide(Switch::TextSide::after);
+    EXPECT_FALSE(isTrackAt(knob->width() - 32));
+    EXPECT_TRUE(isTrackAt(10));
+}
+
+} // namespace
+} // namespace glidemap
