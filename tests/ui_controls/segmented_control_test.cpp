@@ -72,7 +72,7 @@ TEST_F(SegmentedControlTest, arrowKeysMoveTheChoice) {
 TEST_F(SegmentedControlTest, tabStopsAtTheChosenSegmentOnly) {
     control->setCurrent(1);
     QWidget* after = stage.add(new QRadioButton);
-    after->setFocusPolicy(Qt::TabFocus);
+    after->show();
     stage.setFocusPolicy(Qt::StrongFocus);
     stage.setFocus();
     QTest::keyClick(&stage, Qt::Key_Tab);
@@ -89,7 +89,7 @@ TEST_F(SegmentedControlTest, assistiveProgramsSeeRadioButtonsWithTheirTexts) {
 }
 
 TEST_F(SegmentedControlTest, allSegmentsAreEquallyWide) {
-    EXPECT_EQ(segments()[0]->width(), segments()[1]->width());
+    EXPECT_NEAR(segments()[0]->width(), segments()[1]->width(), 1);
     EXPECT_NEAR(segments()[1]->width(), segments()[2]->width(), 1);
 }
 

@@ -68,6 +68,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
     layout->addWidget(content);
     toTheme = Theme::shared().changes().subscribe({}, [this] { placeSoon(); });
     connect(anchor, &QObject::destroyed, this, [this] {
+        hangsFrom = nullptr; // which a guarded pointer to a widget does only after this
         onClosed = {};
         dismiss();
     });
