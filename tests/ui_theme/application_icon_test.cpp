@@ -4,24 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include <QColor>
 #include <QIcon>
 #include <QImage>
 #include <set>
 
 namespace glidemap {
 namespace {
-
-// Pixmaps need an application. The tests' main makes one where another test needs it too.
-void needApplication() {
-    if (QCoreApplication::instance() == nullptr) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int count = 1;
-        static char name[] = "test";
-        static char* arguments[] = {name, nullptr};
-        static QApplication application(count, arguments);
-    }
-}
 
 QImage iconOf(int pixels) {
     return applicationIcon().pixmap(QSize(pixels, pixels), 1.0).toImage();
@@ -52,7 +41,6 @@ bool hasWhite(const QImage& image) {
 }
 
 TEST(ApplicationIcon, IsDrawnAtEverySizeThatIsAskedFor) {
-    needApplication();
     for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
         SCOPED_TRACE(pixels);
         const QImage image = iconOf(pixels);
