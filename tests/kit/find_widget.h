@@ -1,0 +1,21 @@
+// Finds a part of a window by its name. Qt's own search by type knows only classes with a meta object.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <stdexcept>
+#include <string>
+
+namespace glidemap::kit {
+
+// Throws, which fails the test, if there is none of this type.
+template <class Widget = QWidget>
+Widget& find(const QWidget& within, const char* name) {
+    auto* const found = dynamic_cast<Widget*>(within.findChild<QWidget*>(QString::fromUtf8(name)));
+    if (found == nullptr) {
+        throw std::runtime_error("there is no " + std::string(name));
+    }
+    return *found;
+}
+
+} // namespace glidemap::kit

@@ -1,0 +1,168 @@
+#include "kit/recording_workspace.h"
+#include "ui/editor/application_picker.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QListView>
+#include <QTest>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const RunningApp files{.bundleID = "files", .name = "Files"};
+const RunningApp mail{.bundleID = "mail", .name = "Mail"};
+const RunningApp gone{.bundleID = "gone", .name = "Gone"};
+
+class Applications : public testing::Test {
+protected:
+    Applications() {
+        workspace.running = {{"mail", "Mail"}, {"files", "Files"}};
+        picker.onPick = [this](const std::optional<RunningApp>& app) {
+            picked.push_back(app ? app->name : "none");
+        };
+        picker.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&picker));
+    }
+
+    // What is offered, without what is hidden.
+    std::vector<std::string> entries() {
+        std::vector<std::string> texts;
+        const auto& list = dynamic_cast<const QListView&>(*picker.view());
+        for (int row = 0; row < picker.count(); ++row) {
+            if (!list.isRowHidden(row)) {
+                texts.push_back(picker.itemText(row).toStdString());
+            }
+        }
+        return texts;
+    }
+
+    std::string current() const { return picker.currentText().toStdString(); }
+
+    kit::RecordingWorkspace workspace;
+    Lang lang{nullptr};
+    ApplicationPicker picker{workspace, lang};
+    std::vector<std::string> picked;
+};
+
+TEST_F(Applications, TheFirstEntryStandsForNone) {
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
+    EXPECT_EQ(current(), "Choose an app");
+}
+
+TEST_F(Applications, PickingTellsWhich) {
+    picker.setCurrentIndex(2);
+    picker.setCurrentIndex(1);
+    picker.setCurrentIndex(0);
+    EXPECT_THAT(picked, ElementsAre("Mail", "Files", "none"));
+}
+
+TEST_F(Applications, ArrowsPickWithoutOpeningTheList) {
+    QTest::keyClick(&picker, Qt::Key_Down);
+    QTest::keyClick(&picker, Qt::Key_Down);
+    QTest::keyClick(&picker, Qt::Key_Down);
+    EXPECT_THAT(picked, ElementsAre("Files", "Mail"));
+}
+
+TEST_F(Applications, SelectingFromOutsideTellsNothing) {
+    picker.setSelection(mail);
+    EXPECT_EQ(current(), "Mail");
+    picker.setSelection(std::nullopt);
+    EXPECT_EQ(current(), "Choose an app");
+    EXPECT_THAT(picked, IsEmpty());
+}
+
+TEST_F(Applications, AnApplicationThatDoesNotRunIsShownButNotOffered) {
+    picker.setSelection(gone);
+    EXPECT_EQ(current(), "Gone");
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
+    EXPECT_THAT(picked, IsEmpty());
+    QTest::keyClick(&picker, Qt::Key_Down);
+    EXPECT_EQ(current(), "Gone") << "there is nothing below";
+    QTest::keyClick(&picker, Qt::Key_Up);
+    EXPECT_THAT(picked, ElementsAre("Mail"));
+    QTest::keyClick(&picker, Qt::Key_Down);
+    EXPECT_EQ(current(), "Mail") << "it cannot be picked again";
+}
+
+TEST_F(Applications, OneThatHasAnotherNameNowIsAnother) {
+    picker.setSelection(RunningApp{.bundleID = "mail", .name = "E-Mail"});
+    EXPECT_EQ(current(), "E-Mail");
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
+}
+
+TEST_F(Applications, AreAskedForAnewWhenTheListOpens) {
+    picker.setSelection(mail);
+    workspace.running = {{"new", "New"}, {"mail", "Mail"}};
+    picker.showPopup();
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "Mail", "New"));
+    EXPECT_EQ(current(), "Mail");
+    EXPECT_TRUE(picker.view()->isVisible());
+    QTest::keyClick(picker.view(), Qt::Key_Down);
+    QTest::keyClick(picker.view(), Qt::Key_Return);
+    EXPECT_THAT(picked, ElementsAre("New"));
+}
+
+TEST_F(Applications, AreAskedForAnewWhenThePickerShowsAndWhenAKeyPicks) {
+    workspace.running = {{"new", "New"}};
+    picker.hide();
+    picker.show();
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "New"));
+    workspace.running = {{"newer", "Newer"}};
+    QTest::keyClick(&picker, Qt::Key_Down);
+    EXPECT_THAT(picked, ElementsAre("Newer"));
+}
+
+TEST_F(Applications, AChosenOneThatEndsStaysChosen) {
+    picker.setSelection(mail);
+    workspace.running = {{"files", "Files"}};
+    picker.reload();
+    EXPECT_EQ(current(), "Mail");
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files"));
+    workspace.running = {{"files", "Files"}, {"mail", "Mail"}};
+    picker.reload();
+    EXPECT_EQ(current(), "Mail");
+    EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
+    EXPECT_THAT(picked, IsEmpty());
+}
+
+TEST_F(Applications, FollowTheLanguageAtOnce) {
+    lang.setCode("zh");
+    EXPECT_THAT(entries(), ElementsAre("选择 App", "Files", "Mail"));
+    EXPECT_EQ(current(), "选择 App");
+    picker.setSelection(gone);
+    lang.setCode("en");
+    EXPECT_EQ(current(), "Gone");
+    EXPECT_THAT(picked, IsEmpty());
+}
+
+TEST_F(Applications, TheWheelChangesNothing) {
+    const QPointF middle = picker.rect().center();
+    QWheelEvent turn(middle, picker.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    turn.accept();
+    QCoreApplication::sendEvent(&picker, &turn);
+    EXPECT_THAT(picked, IsEmpty());
+    EXPECT_FALSE(turn.isAccepted()) << "the form scrolls";
+}
+
+TEST_F(Applications, ToAssistiveProgramsItIsAComboBoxWithAValue) {
+    picker.setAccessibleName("Choose an app");
+    picker.setSelection(gone);
+    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&picker);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::ComboBox);
+    EXPECT_EQ(seen->text(QAccessible::Name), "Choose an app");
+    EXPECT_EQ(seen->text(QAccessible::Value), "Gone");
+}
+
+} // namespace
+
+} // namespace glidemap

@@ -1,0 +1,368 @@
+#include "editor_stage.h"
+
+#include <gmock/gmock.h>
+
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace glidemap {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ABindingEditor : public EditorStage {
+protected:
+    std::vector<std::string> visibleParts() const {
+        std::vector<std::string> names;
+        for (const char* const name :
+             {"clickWarning", "shortcutRecorder", "launchPicker", "scopeAppPicker"}) {
+            if (shows(name)) {
+                names.emplace_back(name);
+            }
+        }
+        return names;
+    }
+};
+
+TEST_F(ABindingEditor, ANewBindingCannotBeSavedUntilAShortcutIsRecorded) {
+    open();
+    EXPECT_EQ(picker("gesturePicker").currentText(), "Draw Circle (any direction)");
+    EXPECT_EQ(picker("actionPicker").currentText(), "Keyboard Shortcut");
+    EXPECT_FALSE(editor->isValid());
+    EXPECT_FALSE(saveButton().isEnabled());
+    record();
+    EXPECT_TRUE(editor->isValid());
+    EXPECT_TRUE(saveButton().isEnabled());
+    QTest::mouseClick(&saveButton(), Qt::LeftButton);
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_EQ(bindings()[0].gesture, GestureType::drawCircle);
+    EXPECT_EQ(bindings()[0].action, BindingAction(optionCommandRight));
+    EXPECT_EQ(bindings()[0].scope, BindingScope(GlobalScope{}));
+    EXPECT_TRUE(bindings()[0].enabled);
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(ABindingEditor, LockScreenAndMissionControlCanBeSavedAtOnce) {
+    open();
+    for (const ActionKind kind : {ActionKind::lockScreen, ActionKind::missionControl}) {
+        choose(kind);
+        EXPECT_TRUE(saveButton().isEnabled()) << label(kind);
+        choose(ActionKind::keyboardShortcut);
+        EXPECT_FALSE(saveButton().isEnabled());
+    }
+}
+
+TEST_F(ABindingEditor, AnActionOnAnAppNeedsTheApp) {
+    open();
+    choose(ActionKind::launchApp);
+    EXPECT_FALSE(saveButton().isEnabled());
+    picker("launchPicker").setCurrentIndex(1);
+    EXPECT_TRUE(saveButton().isEnabled());
+    picker("launchPicker").setCurrentIndex(0);
+    EXPECT_FALSE(saveButton().isEnabled());
+    picker("launchPicker").setCurrentIndex(2);
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_EQ(bindings()[0].action, BindingAction(LaunchApp{.bundleID = "mail", .name = "Mail"}));
+}
+
+TEST_F(ABindingEditor, AScopeOfOneAppNeedsTheApp) {
+    open();
+    choose(ActionKind::lockScreen);
+    choose(ScopeKind::app);
+    EXPECT_FALSE(saveButton().isEnabled());
+    picker("scopeAppPicker").setCurrentIndex(1);
+    EXPECT_TRUE(saveButton().isEnabled());
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_EQ(bindings()[0].scope, BindingScope(AppScope{.bundleID = "files", .name = "Files"}));
+}
+
+TEST_F(ABindingEditor, SavingAnIncompleteFormDoesNothing) {
+    open();
+    editor->save();
+    choose(ActionKind::launchApp);
+    editor->save();
+    choose(ActionKind::lockScreen);
+    choose(ScopeKind::app);
+    editor->save();
+    EXPECT_THAT(bindings(), IsEmpty());
+    EXPECT_EQ(dismissals, 0);
+}
+
+TEST_F(ABindingEditor, ShowsOnlyWhatTheChosenKindsNeed) {
+    open();
+    EXPECT_THAT(visibleParts(), ElementsAre("shortcutRecorder"));
+    choose(ActionKind::lockScreen);
+    EXPECT_THAT(visibleParts(), IsEmpty());
+    choose(ActionKind::missionControl);
+    EXPECT_THAT(visibleParts(), IsEmpty());
+    choose(ActionKind::launchApp);
+    EXPECT_THAT(visibleParts(), ElementsAre("launchPicker"));
+    choose(ScopeKind::app);
+    EXPECT_THAT(visibleParts(), ElementsAre("launchPicker", "scopeAppPicker"));
+    choose(ScopeKind::global);
+    EXPECT_THAT(visibleParts(), ElementsAre("launchPicker"));
+}
+
+TEST_F(ABindingEditor, WarnsOfTheTwoFingerClickAndOfNoOther) {
+    open();
+    choose(ActionKind::lockScreen);
+    for (const GestureType gesture : allGestureTypes) {
+        choose(gesture);
+        EXPECT_EQ(shows("clickWarning"), gesture == GestureType::twoFingerClick)
+            << rawValue(gesture);
+        EXPECT_EQ(part<QLabel>("gestureDetail").text().toStdString(), detail(gesture));
+        EXPECT_EQ(part("gestureDemo").accessibleName().toStdString(), displayName(gesture));
+    }
+}
+
+TEST_F(ABindingEditor, AnExistingBindingIsShown) {
+    const LaunchApp launch{.bundleID = "mail", .name = "Mail"};
+    const AppScope scope{.bundleID = "files", .name = "Files"};
+    open(stored(GestureType::pinchIn, launch, scope));
+    EXPECT_EQ(part<QLabel>("editorTitle").text(), "Edit Binding");
+    EXPECT_EQ(picker("gesturePicker").currentText(), "Pinch In");
+    EXPECT_EQ(picker("actionPicker").currentText(), "Open App");
+    EXPECT_EQ(picker("launchPicker").currentText(), "Mail");
+    EXPECT_EQ(picker("scopeAppPicker").currentText(), "Files");
+    EXPECT_THAT(visibleParts(), ElementsAre("launchPicker", "scopeAppPicker"));
+    EXPECT_TRUE(saveButton().isEnabled());
+}
+
+TEST_F(ABindingEditor, AnExistingShortcutIsShown) {
+    open(stored(GestureType::drawCircle, optionCommandRight));
+    EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "⌥⌘→");
+    EXPECT_TRUE(saveButton().isEnabled());
+}
+
+TEST_F(ABindingEditor, EditingReplacesTheBindingInItsPlace) {
+    const GestureBinding first = stored(GestureType::pinchIn, LockScreen{});
+    GestureBinding edited = stored(GestureType::pinchOut, LockScreen{});
+    const GestureBinding last = stored(GestureType::drawCircle, LockScreen{});
+    open(edited);
+    choose(GestureType::twoFingerTap);
+    choose(ActionKind::missionControl);
+    editor->save();
+    edited.gesture = GestureType::twoFingerTap;
+    edited.action = MissionControl{};
+    EXPECT_THAT(bindings(), ElementsAre(first, edited, last));
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(ABindingEditor, EditingKeepsADisabledBindingDisabled) {
+    open(stored(GestureType::pinchOut, LockScreen{}, GlobalScope{}, false));
+    choose(GestureType::twoFingerTap);
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_EQ(bindings()[0].gesture, GestureType::twoFingerTap);
+    EXPECT_FALSE(bindings()[0].enabled);
+}
+
+TEST_F(ABindingEditor, ABindingThatWasSwitchedMeanwhileStaysAsItWasSwitched) {
+    GestureBinding edited = stored(GestureType::pinchOut, LockScreen{});
+    open(edited);
+    edited.enabled = false;
+    store.setBindings({edited});
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_FALSE(bindings()[0].enabled);
+}
+
+TEST_F(ABindingEditor, ABindingThatWasDeletedMeanwhileIsAddedAsANewEnabledOne) {
+    const GestureBinding deleted =
+        stored(GestureType::pinchOut, LockScreen{}, GlobalScope{}, false);
+    open(deleted);
+    store.setBindings({});
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_NE(bindings()[0].id, deleted.id);
+    EXPECT_TRUE(bindings()[0].enabled);
+    EXPECT_EQ(bindings()[0].gesture, GestureType::pinchOut);
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(ABindingEditor, AnApplicationThatDoesNotRunIsSavedAsItWas) {
+    const LaunchApp launch{.bundleID = "gone", .name = "Gone"};
+    const AppScope scope{.bundleID = "also.gone", .name = "Also Gone"};
+    const GestureBinding binding = stored(GestureType::pinchIn, launch, scope);
+    open(binding);
+    EXPECT_EQ(picker("launchPicker").currentText(), "Gone");
+    EXPECT_EQ(picker("scopeAppPicker").currentText(), "Also Gone");
+    EXPECT_TRUE(saveButton().isEnabled());
+    editor->save();
+    EXPECT_THAT(bindings(), ElementsAre(binding));
+}
+
+TEST_F(ABindingEditor, FieldsKeepTheirValuesWhileOtherKindsAreChosen) {
+    open();
+    record();
+    choose(ActionKind::launchApp);
+    picker("launchPicker").setCurrentIndex(2);
+    choose(ScopeKind::app);
+    picker("scopeAppPicker").setCurrentIndex(1);
+    choose(ActionKind::lockScreen);
+    choose(ScopeKind::global);
+    choose(ActionKind::launchApp);
+    EXPECT_EQ(picker("launchPicker").currentText(), "Mail");
+    choose(ScopeKind::app);
+    EXPECT_EQ(picker("scopeAppPicker").currentText(), "Files");
+    choose(ActionKind::keyboardShortcut);
+    EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "⌥⌘→");
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_EQ(bindings()[0].action, BindingAction(optionCommandRight));
+}
+
+TEST_F(ABindingEditor, CancelLeavesTheStoreAlone) {
+    const GestureBinding binding = stored(GestureType::pinchIn, LockScreen{});
+    open(binding);
+    choose(ActionKind::missionControl);
+    QTest::mouseClick(&part("cancel"), Qt::LeftButton);
+    EXPECT_EQ(dismissals, 1);
+    EXPECT_THAT(bindings(), ElementsAre(binding));
+}
+
+TEST_F(ABindingEditor, RecordingStopsWhenAnotherKindIsChosen) {
+    open();
+    QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
+    choose(ActionKind::lockScreen);
+    typist.type(right);
+    choose(ActionKind::keyboardShortcut);
+    EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "Click to record");
+}
+
+TEST_F(ABindingEditor, AnEditorThatGoesWhileRecordingLeavesNoMonitor) {
+    open();
+    QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
+    delete editor;
+    typist.type(right);
+    EXPECT_THAT(window.keys, ElementsAre(Qt::Key_Right));
+}
+
+TEST_F(ABindingEditor, EveryTextIsInTheLanguageAtOnce) {
+    open();
+    choose(GestureType::twoFingerClick);
+    choose(ActionKind::launchApp);
+    choose(ScopeKind::app);
+    const auto texts = [this] {
+        std::vector<std::string> all;
+        for (const QLabel* const label : window.findChildren<QLabel*>()) {
+            if (label->isVisible()) {
+                all.push_back(label->text().toStdString());
+            }
+        }
+        for (const QAbstractButton* const button : window.findChildren<QAbstractButton*>()) {
+            if (button->isVisible()) {
+                all.push_back(button->text().toStdString());
+            }
+        }
+        for (const QComboBox* const shown : window.findChildren<QComboBox*>()) {
+            if (shown->isVisible()) {
+                all.push_back(shown->currentText().toStdString());
+            }
+        }
+        return all;
+    };
+    const std::vector<std::string> english = {
+        "Add Binding",
+        "Gesture",
+        "Trackpad gesture",
+        "Physical click with two fingers (intercepts the system right-click menu)",
+        "Once enabled, this intercepts the system two-finger right-click (context menu).",
+        "Action",
+        "Perform action",
+        "Choose an app",
+        "Scope",
+        "Scope",
+        "Only in this app",
+        "Global",
+        "Specific App",
+        "Cancel",
+        "Add",
+        "Two-Finger Click",
+        "Open App",
+        "Choose an app",
+        "Choose an app"};
+    const std::vector<std::string> chinese = {"添加绑定",
+                                              "手势",
+                                              "触控板手势",
+                                              "两根手指物理按压点击（会拦截系统右键菜单）",
+                                              "启用后将拦截系统的两指右键点击（右键菜单）。",
+                                              "动作",
+                                              "执行动作",
+                                              "选择 App",
+                                              "生效范围",
+                                              "范围",
+                                              "仅在此 App 生效",
+                                              "全局",
+                                              "指定 App",
+                                              "取消",
+                                              "添加",
+                                              "两指按压点击",
+                                              "打开 App",
+                                              "选择 App",
+                                              "选择 App"};
+    EXPECT_THAT(texts(), testing::UnorderedElementsAreArray(english));
+    Lang::shared().setCode("zh");
+    EXPECT_THAT(texts(), testing::UnorderedElementsAreArray(chinese));
+    Lang::shared().setCode("en");
+    EXPECT_THAT(texts(), testing::UnorderedElementsAreArray(english));
+}
+
+TEST_F(ABindingEditor, AnExistingBindingIsEditedInBothLanguages) {
+    open(stored(GestureType::pinchIn, LockScreen{}));
+    EXPECT_EQ(saveButton().text(), "Save");
+    Lang::shared().setCode("zh");
+    EXPECT_EQ(part<QLabel>("editorTitle").text(), "编辑绑定");
+    EXPECT_EQ(saveButton().text(), "保存");
+    EXPECT_EQ(saveButton().accessibleName(), "保存");
+    EXPECT_EQ(picker("actionPicker").currentText(), "锁定屏幕");
+    EXPECT_EQ(picker("actionPicker").itemText(2), "Mission Control");
+}
+
+TEST_F(ABindingEditor, AChangeOfLanguageKeepsWhatWasChosen) {
+    open();
+    choose(GestureType::pinchIn);
+    choose(ActionKind::launchApp);
+    picker("launchPicker").setCurrentIndex(2);
+    Lang::shared().setCode("zh");
+    EXPECT_EQ(picker("launchPicker").currentText(), "Mail");
+    EXPECT_TRUE(saveButton().isEnabled());
+    editor->save();
+    ASSERT_EQ(bindings().size(), 1U);
+    EXPECT_EQ(bindings()[0].gesture, GestureType::pinchIn);
+    EXPECT_EQ(bindings()[0].action, BindingAction(LaunchApp{.bundleID = "mail", .name = "Mail"}));
+}
+
+TEST_F(ABindingEditor, IsAsLargeAsTheSheet) {
+    open();
+    EXPECT_EQ(editor->sizeHint(), QSize(460, 640));
+    EXPECT_EQ(part("gestureDemo").height(), 130);
+}
+
+// The form with the most in it, in both languages.
+TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
+    open();
+    choose(ScopeKind::app);
+    for (const char* const code : {"en", "zh"}) {
+        Lang::shared().setCode(code);
+        for (const GestureType gesture :
+             {GestureType::twoFingerClick, GestureType::twoFingerDoubleTap,
+              GestureType::threeFingerSwipeUp}) {
+            choose(gesture);
+            for (const ActionKind kind : allActionKinds) {
+                choose(kind);
+                QCoreApplication::processEvents();
+                EXPECT_EQ(window.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0)
+                    << code << ", " << rawValue(gesture) << ", " << label(kind);
+            }
+        }
+    }
+}
+
+} // namespace
+
+} // namespace glidemap

@@ -1,0 +1,112 @@
+// A binding editor in a window of the sheet's size, over a store in memory and applications that the
+// test says.
+#pragma once
+
+#include "kit/find_widget.h"
+#include "kit/in_language.h"
+#include "kit/recording_workspace.h"
+#include "kit/typist.h"
+#include "platform/linux/keyboard/evdev_hardware_keys.h"
+#include "ui/editor/binding_editor.h"
+
+#include <gtest/gtest.h>
+#include <linux/input-event-codes.h>
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+// The window around the editor, which is told of every key that the editor has not wanted.
+class EditorWindow : public QWidget {
+public:
+    std::vector<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
+};
+
+class EditorStage : public testing::Test {
+protected:
+    static inline const kit::Key right{KEY_RIGHT, Qt::Key_Right};
+    static inline const KeyShortcut optionCommandRight{
+        .keyCode = 124, .modifiers = modifier::option | modifier::command};
+
+    EditorStage() { workspace.running = {{"mail", "Mail"}, {"files", "Files"}}; }
+
+    void open(std::optional<GestureBinding> existing = std::nullopt) {
+        editor = new BindingEditor({store, workspace, keys}, std::move(existing));
+        editor->dismiss = [this] {
+            ++dismissals;
+        };
+        auto* column = new QVBoxLayout(&window);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->addWidget(editor);
+        window.resize(BindingEditor::sheetSize);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        editor->setFocus();
+    }
+
+    // A binding that is in the store already.
+    GestureBinding stored(GestureType gesture, BindingAction action,
+                          BindingScope scope = GlobalScope{}, bool enabled = true) {
+        GestureBinding binding;
+        binding.gesture = gesture;
+        binding.action = std::move(action);
+        binding.scope = std::move(scope);
+        binding.enabled = enabled;
+        BindingList list = bindings();
+        list.push_back(binding);
+        store.setBindings(std::move(list));
+        return binding;
+    }
+
+    BindingList bindings() const { return *store.bindings(); }
+
+    template <class Widget = QWidget>
+    Widget& part(const char* name) const {
+        return kit::find<Widget>(window, name);
+    }
+    QComboBox& picker(const char* name) const { return part<QComboBox>(name); }
+    QPushButton& saveButton() const { return part<QPushButton>("save"); }
+    bool shows(const char* name) const { return part(name).isVisible(); }
+
+    void choose(ActionKind kind) const {
+        picker("actionPicker").setCurrentIndex(static_cast<int>(kind));
+    }
+    void choose(GestureType gesture) const {
+        picker("gesturePicker").setCurrentIndex(static_cast<int>(gesture));
+    }
+    // As the user does: the segments are radio buttons.
+    void choose(ScopeKind kind) const {
+        const auto segments = part("scopePicker").findChildren<QAbstractButton*>();
+        QTest::mouseClick(segments[static_cast<int>(kind)], Qt::LeftButton);
+    }
+    void record() {
+        QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
+        typist.modifiers = Qt::AltModifier | Qt::MetaModifier;
+        typist.type(right);
+        typist.modifiers = {};
+    }
+    void key(Qt::Key code) const { QTest::keyClick(window.focusWidget(), code); }
+
+    kit::InLanguage language{"en"};
+    BindingStore store{BindingList{}};
+    kit::RecordingWorkspace workspace;
+    EvdevHardwareKeys keys;
+    EditorWindow window;
+    BindingEditor* editor = nullptr;
+    kit::Typist typist{window};
+    int dismissals = 0;
+};
+
+} // namespace glidemap

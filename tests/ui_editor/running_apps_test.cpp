@@ -1,0 +1,67 @@
+#include "kit/recording_workspace.h"
+#include "ui/editor/running_apps.h"
+
+#include <gmock/gmock.h>
+
+#include <QLocale>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> listed(std::vector<Application> running) {
+    kit::RecordingWorkspace workspace;
+    workspace.running = std::move(running);
+    std::vector<std::string> lines;
+    for (const RunningApp& app : runningApps(workspace)) {
+        lines.push_back(app.name + " (" + app.bundleID + ")");
+    }
+    return lines;
+}
+
+TEST(RunningApps, AreSortedByName) {
+    EXPECT_THAT(listed({{"c", "Zoo"}, {"a", "Mail"}, {"b", "Archive"}}),
+                ElementsAre("Archive (b)", "Mail (a)", "Zoo (c)"));
+}
+
+TEST(RunningApps, AreSortedWithoutRegardToCase) {
+    EXPECT_THAT(listed({{"1", "beta"}, {"2", "Alpha"}, {"3", "Gamma"}, {"4", "alpine"}}),
+                ElementsAre("Alpha (2)", "alpine (4)", "beta (1)", "Gamma (3)"));
+}
+
+TEST(RunningApps, NamesThatDifferOnlyInCaseKeepTheWorkspacesOrder) {
+    EXPECT_THAT(listed({{"1", "mail"}, {"2", "MAIL"}, {"3", "Mail"}, {"4", "archive"}}),
+                ElementsAre("archive (4)", "mail (1)", "MAIL (2)", "Mail (3)"));
+    EXPECT_THAT(listed({{"3", "Mail"}, {"2", "MAIL"}, {"1", "mail"}}),
+                ElementsAre("Mail (3)", "MAIL (2)", "mail (1)"));
+}
+
+TEST(RunningApps, AreSortedAsTheUsersLanguageDoes) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    EXPECT_THAT(listed({{"1", "Zeit"}, {"2", "Öffner"}, {"3", "Ofen"}, {"4", "Pause"}}),
+                ElementsAre("Ofen (3)", "Öffner (2)", "Pause (4)", "Zeit (1)"));
+    QLocale::setDefault(before);
+}
+
+TEST(RunningApps, OnesWithoutIdentifierOrNameAreLeftOut) {
+    EXPECT_THAT(listed({{std::nullopt, "No identifier"},
+                        {"no.name", std::nullopt},
+                        {std::nullopt, std::nullopt},
+                        {"both", "Both"}}),
+                ElementsAre("Both (both)"));
+    EXPECT_THAT(listed({}), IsEmpty());
+}
+
+TEST(RunningApps, DuplicatesStay) {
+    EXPECT_THAT(listed({{"a", "App"}, {"a", "App"}}), ElementsAre("App (a)", "App (a)"));
+}
+
+} // namespace
+
+} // namespace glidemap

@@ -1,0 +1,30 @@
+// A window that writes down the keys that reach it: "+65" is Qt's key 65 pressed, "-65" released,
+// "+65 again" a repetition.
+#pragma once
+
+#include <QKeyEvent>
+#include <QWidget>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+class KeyLog : public QWidget {
+public:
+    // Since the last call.
+    std::vector<std::string> keys() { return std::exchange(seen, {}); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { write("+", *event); }
+    void keyReleaseEvent(QKeyEvent* event) override { write("-", *event); }
+
+private:
+    void write(const char* sign, const QKeyEvent& event) {
+        seen.push_back(sign + std::to_string(event.key()) + (event.isAutoRepeat() ? " again" : ""));
+    }
+
+    std::vector<std::string> seen;
+};
+
+} // namespace glidemap

@@ -1,0 +1,407 @@
+#include "key_log.h"
+#include "kit/find_widget.h"
+#include "kit/typist.h"
+#include "platform/linux/keyboard/evdev_hardware_keys.h"
+#include "platform/linux/keyboard/key_codes.h"
+#include "ui/recorder/shortcut_recorder_view.h"
+
+#include <gmock/gmock.h>
+#include <linux/input-event-codes.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+
+void PrintTo(const KeyShortcut& shortcut, std::ostream* stream) {
+    *stream << "key " << shortcut.keyCode << " with " << std::hex << shortcut.modifiers << std::dec;
+}
+
+namespace {
+
+using kit::Key;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::uint32_t capsLockOn = 0x2;
+constexpr std::uint32_t numLockOn = 0x10;
+
+const Key a{KEY_A, Qt::Key_A, "a"};
+const Key escape{KEY_ESC, Qt::Key_Escape};
+const Key returnKey{KEY_ENTER, Qt::Key_Return, "\r"};
+const Key space{KEY_SPACE, Qt::Key_Space, " "};
+const KeyShortcut before{.keyCode = 124, .modifiers = modifier::option | modifier::command};
+
+class Recorder : public testing::Test {
+protected:
+    Recorder() {
+        recorder = new ShortcutRecorderView(keys, lang);
+        auto* column = new QVBoxLayout(&window);
+        column->addWidget(recorder);
+        recorder->onRecord = [this](const KeyShortcut& shortcut) {
+            recorded.push_back(shortcut);
+        };
+        window.show();
+        button().setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    QPushButton& button() const { return kit::find<QPushButton>(window, "recordShortcut"); }
+    void click() const { QTest::mouseClick(&button(), Qt::LeftButton); }
+
+    EvdevHardwareKeys keys;
+    Lang lang{nullptr};
+    KeyLog window;
+    ShortcutRecorderView* recorder;
+    kit::Typist typist{window};
+    std::vector<KeyShortcut> recorded;
+};
+
+TEST_F(Recorder, AClickStartsAndTheNextKeyIsTheShortcut) {
+    EXPECT_FALSE(recorder->isRecording());
+    click();
+    EXPECT_TRUE(recorder->isRecording());
+    typist.type(a);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0}));
+    EXPECT_EQ(recorder->shortcut(), recorded.front());
+    EXPECT_THAT(window.keys(), IsEmpty());
+}
+
+TEST_F(Recorder, RecordsOneKeyAndNoMore) {
+    click();
+    typist.type(a);
+    typist.type(escape);
+    EXPECT_EQ(recorded.size(), 1U);
+    EXPECT_EQ(window.keys().size(), 2U) << "the second key is the window's";
+}
+
+TEST_F(Recorder, RecordsNothingUnlessItWasStarted) {
+    typist.type(a);
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_EQ(recorder->shortcut(), std::nullopt);
+}
+
+TEST_F(Recorder, TheModifiersHeldAreStoredAndNoOthers) {
+    struct Row {
+        const char* what;
+        Qt::KeyboardModifiers held;
+        std::uint32_t native;
+        std::uint64_t stored;
+    };
+    const Row rows[] = {
+        {"none", Qt::NoModifier, 0, 0},
+        {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
+        {"Control", Qt::ControlModifier, 0x4, 0x40000},
+        {"Alt is Option", Qt::AltModifier, 0x8, 0x80000},
+        {"Super is Command", Qt::MetaModifier, 0x40, 0x100000},
+        {"all four", Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier,
+         0x4D, 0x1E0000},
+        {"Caps Lock on", Qt::NoModifier, capsLockOn, 0},
+        {"Caps Lock and Num Lock on, Alt held", Qt::AltModifier, capsLockOn | numLockOn | 0x8,
+         0x80000},
+        {"on the keypad", Qt::KeypadModifier | Qt::ShiftModifier, 0x1, 0x20000},
+    };
+    for (const Row& row : rows) {
+        recorded.clear();
+        click();
+        typist.modifiers = row.held;
+        typist.nativeModifiers = row.native;
+        typist.type(a);
+        EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = row.stored}))
+            << row.what;
+    }
+}
+
+TEST_F(Recorder, AnyKeyIsAcceptedAlsoWithoutModifiers) {
+    struct Row {
+        const char* what;
+        Key key;
+        std::uint16_t keyCode;
+    };
+    const Row rows[] = {
+        {"a letter", a, 0},
+        {"Return", returnKey, 36},
+        {"Tab", {KEY_TAB, Qt::Key_Tab, "\t"}, 48},
+        {"Shift and Tab, which Qt calls otherwise", {KEY_TAB, Qt::Key_Backtab}, 48},
+        {"Space", space, 49},
+        {"Backspace", {KEY_BACKSPACE, Qt::Key_Backspace, "\b"}, 51},
+        {"an arrow", {KEY_LEFT, Qt::Key_Left}, 123},
+        {"the first function key", {KEY_F1, Qt::Key_F1}, 122},
+        {"a function key that few keyboards have", {KEY_F20, Qt::Key_F20}, 90},
+        {"Enter on the keypad", {KEY_KPENTER, Qt::Key_Enter, "\r"}, 76},
+        {"a digit on the keypad", {KEY_KP7, Qt::Key_7, "7"}, 89},
+        {"clear on the keypad", {KEY_NUMLOCK, Qt::Key_NumLock}, 71},
+        {"the key that ISO keyboards have more", {KEY_102ND, Qt::Key_Less, "<"}, 10},
+        {"a dead key", {KEY_GRAVE, Qt::Key_Dead_Circumflex}, 50},
+        {"a letter of another script", {KEY_Q, 0x439, "й"}, 12},
+    };
+    for (const Row& row : rows) {
+        recorded.clear();
+        click();
+        typist.type(row.key);
+        EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = row.keyCode, .modifiers = 0}))
+            << row.what;
+        EXPECT_THAT(window.keys(), IsEmpty()) << row.what;
+    }
+}
+
+TEST_F(Recorder, EscapeAloneCancelsAndKeepsTheShortcut) {
+    recorder->setShortcut(before);
+    click();
+    typist.type(escape);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_EQ(recorder->shortcut(), before);
+    EXPECT_THAT(window.keys(), IsEmpty()) << "nor does it close the sheet";
+}
+
+TEST_F(Recorder, EscapeThatIsNotAloneIsRecorded) {
+    struct Row {
+        const char* what;
+        Qt::KeyboardModifiers held;
+        std::uint32_t native;
+        std::uint64_t stored;
+    };
+    const Row rows[] = {
+        {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
+        {"Command", Qt::MetaModifier, 0x40, 0x100000},
+        {"Caps Lock on", Qt::NoModifier, capsLockOn, 0},
+        {"Caps Lock and Num Lock on", Qt::NoModifier, capsLockOn | numLockOn, 0},
+        {"Caps Lock on and Shift", Qt::ShiftModifier, capsLockOn | 0x1, 0x20000},
+    };
+    for (const Row& row : rows) {
+        recorded.clear();
+        click();
+        typist.modifiers = row.held;
+        typist.nativeModifiers = row.native;
+        typist.type(escape);
+        EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 53, .modifiers = row.stored}))
+            << row.what;
+        EXPECT_THAT(window.keys(), IsEmpty()) << row.what;
+    }
+}
+
+TEST_F(Recorder, NumLockDoesNotKeepEscapeFromCancelling) {
+    click();
+    typist.nativeModifiers = numLockOn;
+    typist.type(escape);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_THAT(recorded, IsEmpty());
+}
+
+TEST_F(Recorder, ModifierKeysAloneRecordNothing) {
+    const Key modifierKeys[] = {
+        {KEY_LEFTSHIFT, Qt::Key_Shift},   {KEY_RIGHTSHIFT, Qt::Key_Shift},
+        {KEY_LEFTCTRL, Qt::Key_Control},  {KEY_RIGHTCTRL, Qt::Key_Control},
+        {KEY_LEFTALT, Qt::Key_Alt},       {KEY_RIGHTALT, Qt::Key_AltGr},
+        {KEY_LEFTMETA, Qt::Key_Meta},     {KEY_RIGHTMETA, Qt::Key_Super_R},
+        {KEY_CAPSLOCK, Qt::Key_CapsLock}, {KEY_FN, Qt::Key_unknown},
+        {KEY_LEFTALT, Qt::Key_Meta},      {KEY_CAPSLOCK, Qt::Key_Control},
+        {KEY_BACKSLASH, Qt::Key_AltGr}, // some layouts have a modifier there
+    };
+    click();
+    for (const Key& key : modifierKeys) {
+        typist.type(key);
+        EXPECT_TRUE(recorder->isRecording()) << key.kernelCode;
+        EXPECT_THAT(recorded, IsEmpty()) << key.kernelCode;
+        EXPECT_THAT(window.keys(), IsEmpty()) << key.kernelCode;
+    }
+    typist.modifiers = Qt::ControlModifier;
+    typist.type(a);
+    EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0x40000}));
+}
+
+TEST_F(Recorder, AKeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextOneRecorded) {
+    click();
+    typist.type({KEY_SCROLLLOCK, Qt::Key_ScrollLock});
+    typist.type({0, Qt::Key_A, "a"});
+    EXPECT_TRUE(recorder->isRecording());
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_THAT(window.keys(), IsEmpty());
+    typist.type(a);
+    EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0}));
+}
+
+TEST_F(Recorder, EveryKeyThatCanBeTypedIsRecordedButTheModifiers) {
+    for (const KeyCodePair& pair : keyCodePairs()) {
+        if (pair.keyCode >= 54 && pair.keyCode <= 63) {
+            continue;
+        }
+        recorded.clear();
+        click();
+        typist.modifiers = Qt::ControlModifier;
+        typist.type({pair.kernelCode, Qt::Key_unknown});
+        EXPECT_THAT(recorded,
+                    ElementsAre(KeyShortcut{.keyCode = pair.keyCode, .modifiers = 0x40000}));
+    }
+}
+
+TEST_F(Recorder, SpaceStartsItAndIsNotRecordedForThat) {
+    typist.press(space);
+    typist.repeat(space);
+    typist.release(space);
+    EXPECT_TRUE(recorder->isRecording());
+    EXPECT_THAT(recorded, IsEmpty());
+    typist.type(space);
+    EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 49, .modifiers = 0}));
+}
+
+TEST_F(Recorder, SpaceThatIsRecordedDoesNotStartItAgain) {
+    click();
+    typist.press(space);
+    typist.repeat(space);
+    typist.release(space);
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_EQ(recorded.size(), 1U);
+}
+
+TEST_F(Recorder, AKeyThatIsStillHeldFromBeforeIsNotRecorded) {
+    typist.press(returnKey);
+    recorder->startRecording();
+    typist.repeat(returnKey);
+    typist.repeat(returnKey);
+    EXPECT_TRUE(recorder->isRecording());
+    EXPECT_THAT(recorded, IsEmpty());
+    typist.release(returnKey);
+    typist.type(returnKey);
+    EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 36, .modifiers = 0}));
+}
+
+TEST_F(Recorder, HoldingTheRecordedKeyDoesNotReachTheSheet) {
+    for (const Key& key : {returnKey, escape}) {
+        click();
+        typist.press(key);
+        typist.repeat(key);
+        typist.repeat(key);
+        typist.release(key);
+        EXPECT_FALSE(recorder->isRecording());
+        EXPECT_THAT(window.keys(), IsEmpty()) << key.meaning;
+    }
+}
+
+TEST_F(Recorder, TheButtonStopsItWithoutChangingTheShortcut) {
+    recorder->setShortcut(before);
+    click();
+    click();
+    EXPECT_FALSE(recorder->isRecording());
+    EXPECT_EQ(recorder->shortcut(), before);
+    typist.type(a);
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_EQ(window.keys().size(), 2U);
+}
+
+TEST_F(Recorder, StartingTwiceIsStartingOnce) {
+    recorder->startRecording();
+    recorder->startRecording();
+    typist.type(a);
+    EXPECT_EQ(recorded.size(), 1U);
+    typist.type(a);
+    EXPECT_EQ(recorded.size(), 1U);
+    EXPECT_EQ(window.keys().size(), 2U);
+}
+
+TEST_F(Recorder, StoppingWhenIdleChangesNothing) {
+    recorder->setShortcut(before);
+    recorder->stopRecording();
+    EXPECT_EQ(recorder->shortcut(), before);
+    typist.type(a);
+    EXPECT_EQ(window.keys().size(), 2U);
+}
+
+TEST_F(Recorder, OnceHiddenItLeavesNoMonitor) {
+    click();
+    recorder->hide();
+    EXPECT_FALSE(recorder->isRecording());
+    typist.type(a);
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_EQ(window.keys().size(), 2U);
+    recorder->show();
+    EXPECT_FALSE(recorder->isRecording());
+}
+
+TEST_F(Recorder, OnceHiddenItLeavesEvenTheRestOfAPress) {
+    click();
+    typist.press(a);
+    recorder->hide();
+    typist.release(a);
+    EXPECT_EQ(window.keys().size(), 1U);
+}
+
+TEST_F(Recorder, OnceGoneItLeavesNoMonitor) {
+    click();
+    delete recorder;
+    typist.type(a);
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_EQ(window.keys().size(), 2U);
+}
+
+TEST_F(Recorder, OnceDisabledItStops) {
+    click();
+    recorder->setEnabled(false);
+    EXPECT_FALSE(recorder->isRecording());
+    typist.type(a);
+    EXPECT_THAT(recorded, IsEmpty());
+}
+
+TEST_F(Recorder, TakesAKeyPressInAnyWindowOfTheProgram) {
+    KeyLog other;
+    other.show();
+    click();
+    kit::Typist(other).type(a);
+    EXPECT_EQ(recorded.size(), 1U);
+    EXPECT_THAT(other.keys(), IsEmpty());
+}
+
+TEST_F(Recorder, SaysWhatItDoesInBothLanguagesAtOnce) {
+    const auto expectTexts = [&](const char* labelText, const char* buttonText) {
+        EXPECT_EQ(recorder->findChild<QLabel*>()->text(), labelText);
+        EXPECT_EQ(button().text(), buttonText);
+        EXPECT_EQ(button().accessibleName(), buttonText);
+    };
+    expectTexts("Shortcut", "Click to record");
+    lang.setCode("zh");
+    expectTexts("快捷键", "点击录制");
+    click();
+    expectTexts("快捷键", "请按下快捷键…（⎋ 取消）");
+    lang.setCode("en");
+    expectTexts("Shortcut", "Press a shortcut… (⎋ to cancel)");
+    typist.modifiers = Qt::AltModifier | Qt::MetaModifier;
+    typist.type({KEY_RIGHT, Qt::Key_Right});
+    expectTexts("Shortcut", "⌥⌘→");
+    click();
+    expectTexts("Shortcut", "Press a shortcut… (⎋ to cancel)");
+    click();
+    expectTexts("Shortcut", "⌥⌘→");
+    recorder->setShortcut(std::nullopt);
+    expectTexts("Shortcut", "Click to record");
+}
+
+TEST_F(Recorder, SettingAShortcutAnnouncesNothing) {
+    recorder->setShortcut(before);
+    EXPECT_EQ(recorder->shortcut(), before);
+    EXPECT_THAT(recorded, IsEmpty());
+    EXPECT_EQ(button().text(), "⌥⌘→");
+}
+
+TEST_F(Recorder, TheButtonsLabelIsAtLeast160PointsWide) {
+    EXPECT_GE(button().width(), 160);
+    lang.setCode("zh");
+    EXPECT_GE(button().minimumWidth(), 160);
+    recorder->setShortcut(KeyShortcut{.keyCode = 0, .modifiers = 0});
+    EXPECT_GE(button().minimumWidth(), 160);
+}
+
+TEST_F(Recorder, TheLabelBelongsToTheButton) {
+    EXPECT_EQ(recorder->findChild<QLabel*>()->buddy(), &button());
+}
+
+} // namespace
+
+} // namespace glidemap
