@@ -118,12 +118,12 @@ TEST_F(TheEditorsKeys, InTheListOfGesturesReturnPicksAndEscapeClosesTheList) {
     open();
     choose(ActionKind::lockScreen);
     editor->setFocus();
-    QTest::keyClicks(window.focusWidget(), "pinch out");
+    type("pinch out");
     key(Qt::Key_Return);
     EXPECT_EQ(picker("gesturePicker").currentText(), "Pinch Out");
     EXPECT_EQ(dismissals, 0);
     EXPECT_THAT(bindings(), IsEmpty());
-    QTest::keyClicks(window.focusWidget(), "five");
+    type("five");
     key(Qt::Key_Escape);
     EXPECT_EQ(dismissals, 0);
     key(Qt::Key_Return);
@@ -144,6 +144,15 @@ TEST_F(TheEditorsKeys, TabLeadsThroughTheFormAsItIsRead) {
     editor->setFocus();
     EXPECT_THAT(tabOrder(), ElementsAre("gesturePicker", "actionPicker", "launchPicker",
                                         "scopePicker", "scopeAppPicker", "cancel", "save"));
+}
+
+// As assistive programs read it: a combo box goes by its label there, and its own name is its value.
+QString nameOf(QAccessibleInterface& seen) {
+    if (seen.role() == QAccessible::ComboBox) {
+        const auto labels = seen.relations(QAccessible::Label);
+        return labels.isEmpty() ? QString() : labels.front().first->text(QAccessible::Name);
+    }
+    return seen.text(QAccessible::Name);
 }
 
 TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
@@ -174,7 +183,7 @@ TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
                 QAccessible::queryAccessibleInterface(&part(row.part));
             ASSERT_NE(seen, nullptr) << row.part;
             EXPECT_EQ(seen->role(), row.role) << row.part;
-            EXPECT_EQ(seen->text(QAccessible::Name),
+            EXPECT_EQ(nameOf(*seen).toStdString(),
                       std::string(code) == "en" ? row.english : row.chinese);
         }
         EXPECT_EQ(part("scopePicker").accessibleName(),

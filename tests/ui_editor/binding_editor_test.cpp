@@ -347,6 +347,7 @@ TEST_F(ABindingEditor, IsAsLargeAsTheSheet) {
 TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
     open();
     choose(ScopeKind::app);
+    const QScrollBar& bar = *window.findChild<QScrollArea*>()->verticalScrollBar();
     for (const char* const code : {"en", "zh"}) {
         Lang::shared().setCode(code);
         for (const GestureType gesture :
@@ -355,9 +356,9 @@ TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
             choose(gesture);
             for (const ActionKind kind : allActionKinds) {
                 choose(kind);
-                QCoreApplication::processEvents();
-                EXPECT_EQ(window.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0)
-                    << code << ", " << rawValue(gesture) << ", " << label(kind);
+                EXPECT_TRUE(QTest::qWaitFor([&] { return bar.maximum() == 0; }))
+                    << bar.maximum() << ": " << code << ", " << rawValue(gesture) << ", "
+                    << label(kind);
             }
         }
     }

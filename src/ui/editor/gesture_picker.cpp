@@ -45,6 +45,7 @@ GesturePicker::GesturePicker(Lang& language, QWidget* parent) : Picker(parent), 
 GesturePicker::~GesturePicker() {
     if (isOpen()) {
         popup->onClosed = {};
+        popup->dismiss();
     }
 }
 
