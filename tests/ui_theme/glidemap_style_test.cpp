@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTest>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -98,7 +99,7 @@ TEST(GlidemapStyleTest, theFocusRingIsShownToThoseWhoUseTheKeyboard) {
     button->resize(button->sizeHint());
     window.show();
     window.activateWindow();
-    QApplication::processEvents();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }, 2000));
     const auto ring = [button] {
         return drawn(*button).pixelColor(button->width() / 2, 1).alpha() > 200;
     };

@@ -1,6 +1,7 @@
 #include "platform/linux/appearance/portal_appearance.h"
 
 #include "platform/linux/appearance/appearance_values.h"
+#include "platform/linux/appearance/compositing.h"
 #include "platform/linux/session/bus_address.h"
 #include "platform/linux/windows/desktop_bus.h"
 #include "platform/linux/windows/desktop_thread.h"
@@ -58,6 +59,7 @@ class PortalAppearance::Settings : public AppearanceSettings {
 public:
     std::optional<ColorScheme> colorScheme() const override { return appearance.colorScheme; }
     bool reducesMotion() const override { return appearance.reducesMotion; }
+    bool composites() const override { return desktopComposites(); }
     Observable& changes() override { return observers; }
 
     void show(const Appearance& now) {
