@@ -1,0 +1,54 @@
+#include "desktops/scoped_environment.h"
+#include "linux_windows/x11/x_server.h"
+#include "platform/linux/appearance/compositing.h"
+
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+
+namespace glidemap {
+namespace {
+
+using desktops::ScopedEnvironment;
+using desktops::XServer;
+
+// As a compositing manager does, and nothing else of it.
+void composeScreen(xcb_connection_t* server) {
+    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(server)).data;
+    const xcb_window_t window = xcb_generate_id(server);
+    xcb_create_window(server, 0, window, screen->root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    const auto asked = xcb_intern_atom(server, 0, 13, "_NET_WM_CM_S0");
+    auto* atom = xcb_intern_atom_reply(server, asked, nullptr);
+    ASSERT_NE(atom, nullptr);
+    xcb_set_selection_owner(server, window, atom->atom, XCB_CURRENT_TIME);
+    std::free(atom);
+    std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr)); // has it
+}
+
+TEST(CompositingTest, waylandBlendsWhateverElseRuns) {
+    const ScopedEnvironment both({{"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":987"}});
+    EXPECT_TRUE(desktopComposites());
+}
+
+TEST(CompositingTest, withoutADisplayNothingIsInTheWay) {
+    const ScopedEnvironment none({{"WAYLAND_DISPLAY", ""}, {"DISPLAY", ""}});
+    EXPECT_TRUE(desktopComposites());
+}
+
+TEST(CompositingTest, anXServerBlendsFromTheMomentThatAProgramComposesIt) {
+    if (const std::string reason = XServer::whyNot(); !reason.empty()) {
+        GTEST_SKIP() << reason;
+    }
+    const XServer server;
+    const ScopedEnvironment onX({{"WAYLAND_DISPLAY", ""}, {"DISPLAY", server.display()}});
+    EXPECT_FALSE(desktopComposites());
+    xcb_connection_t* manager = xcb_connect(nullptr, nullptr);
+    composeScreen(manager);
+    EXPECT_TRUE(desktopComposites());
+    xcb_disconnect(manager);
+}
+
+} // namespace
+} // namespace glidemap
