@@ -43,7 +43,6 @@ protected:
 private:
     class Shadow;
 
-    void giveFocusBack();
     void place();
     void placeSoon();
     bool isWithin(const QWidget* widget) const;

@@ -38,7 +38,6 @@ private:
     class Segment;
 
     void choose(int index);
-    void fixFocusPolicies();
     QRectF groundRect(const QRectF& pill) const;
 
     std::vector<Segment*> segments;
