@@ -87,12 +87,12 @@ Fetch UpdateChecker::overHttps() {
 // It may come a minute early or late: the system can then wake the machine up for several things at
 // once.
 UpdateChecker::Repeat UpdateChecker::onTheMainLoop() {
-    return [](std::chrono::seconds interval, std::function<void()> block) {
-        auto* const timer = new QTimer(QCoreApplication::instance());
-        timer->setTimerType(Qt::VeryCoarseTimer);
-        timer->callOnTimeout(timer, std::move(block));
-        timer->start(interval);
-        return std::make_shared<const QPointer<QTimer>>(timer);
+    return [](std::chrono::seconds time, std::function<void()> block) {
+        auto* const repeating = new QTimer(QCoreApplication::instance());
+        repeating->setTimerType(Qt::VeryCoarseTimer);
+        repeating->callOnTimeout(repeating, std::move(block));
+        repeating->start(time);
+        return std::make_shared<const QPointer<QTimer>>(repeating);
     };
 }
 
