@@ -1,6 +1,8 @@
 #include "app/app_delegate.h"
 
-#include "app/update_alert.h"
+#include "app/alert.h"
+#include "app/no_status_bar.h"
+#include "app/update_outcome.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -45,6 +47,7 @@ void AppDelegate::applicationDidFinishLaunching() {
         ->isTrustedWithPrompt(); // whatever it is: what needs access meets the refusal itself
     dispatcher();
     updateChecker->start();
+    keepStatusMenuCurrent();
     connectEngine();
     ports.engine->start();
     startClicks();
@@ -65,11 +68,6 @@ void AppDelegate::setupMainMenu() {
 
 void AppDelegate::setupStatusItem() {
     statusItem = ports.makeStatusItem();
-    statusItem->onActivate = [weak = weak_from_this()] {
-        if (const auto held = weak.lock()) {
-            held->openSettings();
-        }
-    };
     enableMenuItem = addStatusMenuItem(&AppDelegate::toggleEnabled);
     enableMenuItem->setCheckable(true);
     statusItem->menu().addSeparator();
@@ -83,23 +81,35 @@ void AppDelegate::setupStatusItem() {
     QObject::connect(quitMenuItem, &QAction::triggered, quitMenuItem,
                      [shell = ports.shell] { shell->terminate(); });
     QObject::connect(&statusItem->menu(), &QMenu::aboutToShow, &statusItem->menu(),
-                     [weak = weak_from_this()] {
-                         if (const auto held = weak.lock()) {
-                             held->menuNeedsUpdate();
-                         }
-                     });
+                     weakly(&AppDelegate::menuNeedsUpdate));
+    statusItem->onActivate = weakly(&AppDelegate::openSettings);
+    statusItem->onMissing = weakly(&AppDelegate::sayThatThereIsNoStatusBar);
+    statusItem->onFound = weakly(&AppDelegate::takeBackThatThereIsNoStatusBar);
 }
 
 // Without a title: that comes when the menu opens.
 QAction* AppDelegate::addStatusMenuItem(void (AppDelegate::*action)(), const char* keys) {
     QAction* item = statusItem->menu().addAction(QString());
     item->setShortcut(QKeySequence(keys));
-    QObject::connect(item, &QAction::triggered, item, [weak = weak_from_this(), action] {
-        if (const auto held = weak.lock()) {
-            (held.get()->*action)();
-        }
-    });
+    QObject::connect(item, &QAction::triggered, item, weakly(action));
     return item;
+}
+
+std::function<void()> AppDelegate::weakly(void (AppDelegate::*method)()) {
+    return [weak = weak_from_this(), method] {
+        if (const auto held = weak.lock()) {
+            (held.get()->*method)();
+        }
+    };
+}
+
+// For the bars that read the menu long before it opens.
+void AppDelegate::keepStatusMenuCurrent() {
+    for (Observable* shown :
+         {&ports.lang->changes(), &dispatcher()->changes(), &updateChecker->changes()}) {
+        toShown.push_back(shown->subscribe({}, [this] { statusItem->menuHasChanged(); }));
+    }
+    statusItem->menuHasChanged();
 }
 
 void AppDelegate::menuNeedsUpdate() {
@@ -179,18 +189,31 @@ void AppDelegate::checkForUpdates() {
 }
 
 void AppDelegate::showResult(const UpdateResult& result) {
-    const bool isNewer = std::holds_alternative<std::optional<std::string>>(result) &&
-                         std::get<std::optional<std::string>>(result).has_value();
-    const bool windowIsOpen = settingsWindow != nullptr && settingsWindow->isVisible();
-    UpdateAlert alert(updateAlertText(result, updateChecker->currentVersion(), *ports.lang),
-                      windowIsOpen ? settingsWindow.get() : nullptr);
+    Alert alert(updateOutcome(result, updateChecker->currentVersion(), *ports.lang),
+                windowForAlerts());
     alert.setWindowModality(Qt::ApplicationModal);
     alert.show();
     ports.shell->activate(alert);
     alert.exec(); // a loop of its own: gestures and their actions go on meanwhile
-    if (isNewer && alert.firstButtonWasChosen()) {
+    if (offersDownload(result) && alert.firstButtonWasChosen()) {
         downloadUpdate();
     }
+}
+
+// What an alert stands before.
+QWidget* AppDelegate::windowForAlerts() const {
+    return settingsWindow != nullptr && settingsWindow->isVisible() ? settingsWindow.get()
+                                                                    : nullptr;
+}
+
+void AppDelegate::sayThatThereIsNoStatusBar() {
+    noStatusBar = std::make_unique<Alert>(noStatusBarText(*ports.lang));
+    noStatusBar->setModal(false);
+    noStatusBar->show();
+}
+
+void AppDelegate::takeBackThatThereIsNoStatusBar() {
+    noStatusBar.reset();
 }
 
 void AppDelegate::downloadUpdate() {

@@ -35,6 +35,8 @@ class QWidget;
 
 namespace glidemap {
 
+class Alert;
+
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 public:
     // What the settings window shows.
@@ -94,11 +96,15 @@ private:
     void setupMainMenu();
     void setupStatusItem();
     QAction* addStatusMenuItem(void (AppDelegate::*action)(), const char* keys = "");
+    std::function<void()> weakly(void (AppDelegate::*method)());
     void keepStatusMenuCurrent();
+    void sayThatThereIsNoStatusBar();
+    void takeBackThatThereIsNoStatusBar();
     void connectEngine();
     void startClicks();
     bool doubleTapBindingExists(int fingerCount) const;
     void showResult(const UpdateResult& result);
+    QWidget* windowForAlerts() const;
 
     Ports ports;
     bool isTerminated = false;
@@ -117,6 +123,7 @@ private:
     std::shared_ptr<GestureDispatcher> _dispatcher; // made when it is first read
     std::unique_ptr<ClickMonitor> clickMonitor;
     std::unique_ptr<ClickDemand> clickDemand;
+    std::unique_ptr<Alert> noStatusBar;
     std::vector<Subscription> toShown;
 };
 

@@ -1,5 +1,6 @@
 #include "app/status_item.h"
 
+#include <QIcon>
 #include <QSystemTrayIcon>
 #include <utility>
 
@@ -12,13 +13,28 @@ constexpr const char* description = "Glidemap";
 
 } // namespace
 
-StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon)
+StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
+                       std::chrono::milliseconds patience)
     : bar(std::move(statusBar)), icon(std::move(templateIcon)) {
+    patienceEnds.setSingleShot(true);
+    QObject::connect(&patienceEnds, &QTimer::timeout, &patienceEnds, [this] {
+        wasMissed = true;
+        if (onMissing) {
+            onMissing();
+        }
+    });
+    patienceEnds.start(patience);
     toBar = bar->changes().subscribe({}, [this] { appear(); });
     appear();
 }
 
 StatusItem::~StatusItem() = default;
+
+void StatusItem::menuHasChanged() {
+    if (kind == StatusBar::Kind::drawsItself) {
+        Q_EMIT statusMenu.aboutToShow();
+    }
+}
 
 void StatusItem::redraw() {
     if (item != nullptr) {
@@ -31,10 +47,14 @@ void StatusItem::appear() {
     if (item != nullptr || bar->kind() == StatusBar::Kind::none) {
         return;
     }
+    patienceEnds.stop();
     kind = bar->kind();
+    menuHasChanged();
     item = std::make_unique<QSystemTrayIcon>(icon(kind));
     item->setToolTip(description);
     item->setContextMenu(&statusMenu);
+    // A bar opens the menu by itself, mostly with the other button. The plain click, which most
+    // bars hand on instead, is for what the user most likely wants.
     QObject::connect(item.get(), &QSystemTrayIcon::activated, item.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger && onActivate) {
@@ -42,6 +62,9 @@ void StatusItem::appear() {
                          }
                      });
     item->show();
+    if (wasMissed && onFound) {
+        onFound();
+    }
 }
 
 } // namespace glidemap

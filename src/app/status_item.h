@@ -3,15 +3,18 @@
 // It is put there when there is a bar, be it minutes after the start: a tray that the toolkit has
 // once looked for in vain it never looks for again, so it is not asked before.
 //
+// Units:   the patience in milliseconds.
 // Thread:  the main thread.
 // Owner:   the application's delegate.
-// Errors:  without a bar there is an item that nobody sees.
+// Errors:  without a bar there is an item that nobody sees, which is told once.
 #pragma once
 
 #include "app/status_bar.h"
 #include "core/observable.h"
 
 #include <QMenu>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -25,7 +28,11 @@ public:
     // What the item looks like in this kind of bar.
     using Icon = std::function<QIcon(StatusBar::Kind)>;
 
-    StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon);
+    // When the user logs in the bar may be one of the last to come.
+    static constexpr std::chrono::milliseconds usualPatience{10000};
+
+    StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
+               std::chrono::milliseconds patience = usualPatience);
     StatusItem(const StatusItem&) = delete;
     StatusItem& operator=(const StatusItem&) = delete;
     ~StatusItem();
@@ -35,8 +42,16 @@ public:
     // Called when the user has chosen the item itself and not its menu.
     std::function<void()> onActivate;
 
+    // Called if no bar has come in time, and when one comes after that.
+    std::function<void()> onMissing;
+    std::function<void()> onFound;
+
     // Whether it has found its place.
     bool isShown() const { return item != nullptr; }
+
+    // What the menu shows has changed. It opens with what is true then; but a bar that draws itself
+    // has read it long before, and shows that while it waits to be told better, so it is told now.
+    void menuHasChanged();
 
     // Gives it the icon anew, after that has changed.
     void redraw();
@@ -49,6 +64,8 @@ private:
     QMenu statusMenu;
     std::unique_ptr<QSystemTrayIcon> item; // goes before its menu
     StatusBar::Kind kind = StatusBar::Kind::none;
+    bool wasMissed = false;
+    QTimer patienceEnds;
     Subscription toBar;
 };
 

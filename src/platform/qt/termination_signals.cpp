@@ -14,7 +14,8 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::array<int, 2> endings{SIGTERM, SIGINT};
+// A session that ends may hang up on its programs before it asks them to end.
+constexpr std::array<int, 3> endings{SIGTERM, SIGINT, SIGHUP};
 
 // Where the handler, which may interrupt anything, leaves word.
 std::atomic<int> wordEnd = -1;

@@ -1,5 +1,5 @@
-// Turns the signals that ask a program to end, SIGTERM and SIGINT, into a call from the event loop,
-// so that it ends in order: touchpads given back, keys let go.
+// Turns the signals that ask a program to end, SIGTERM, SIGINT and SIGHUP, into a call from the
+// event loop, so that it ends in order: touchpads given back, keys let go.
 //
 // A second signal of a kind ends the program at once, as it always would have, should its end take
 // too long; the kernel takes grabs and virtual devices back then. A signal that the program was

@@ -1,0 +1,462 @@
+#include "app/delegate/delegate_stage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace glidemap {
+namespace {
+
+using test::DelegateStage;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Texts = std::vector<std::string>;
+
+GestureBinding binding(GestureType gesture, bool enabled = true) {
+    GestureBinding made{.gesture = gesture, .action = KeyShortcut{0, 0}};
+    made.enabled = enabled;
+    return made;
+}
+
+// The delegate as it is when the program runs.
+class AppDelegateTest : public testing::Test {
+protected:
+    void launch(BindingList bindings = {}) {
+        stage = std::make_unique<DelegateStage>(std::move(bindings));
+        relaunch();
+    }
+
+    void relaunch() {
+        stage->delegate = AppDelegate::create(stage->ports());
+        stage->delegate->applicationDidFinishLaunching();
+        stage->takeNotes();
+    }
+
+    bool doubleTapBindingExists(int count) {
+        return stage->engine->sessionRecognizer().doubleTapBindingExists(count);
+    }
+
+    std::unique_ptr<DelegateStage> stage = std::make_unique<DelegateStage>();
+};
+
+TEST_F(AppDelegateTest, CreationMakesTheServicesAndStartsNothing) {
+    stage->delegate = AppDelegate::create(stage->ports());
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("store", "update checker"));
+    EXPECT_EQ(stage->engine->onGesture, nullptr);
+}
+
+TEST_F(AppDelegateTest, LaunchingTakesItsStepsInTheirOrder) {
+    stage->delegate = AppDelegate::create(stage->ports());
+    stage->takeNotes();
+    stage->delegate->applicationDidFinishLaunching();
+    EXPECT_THAT(stage->takeNotes(),
+                ElementsAre("become an accessory", "status item", "trusted? with the prompt",
+                            "dispatcher", "fetch https://updates.example/version.json",
+                            "repeat every 86400 s", "touches", "clicks not needed", "click tap",
+                            "clicks on", "settings window", "activate Glidemap"));
+}
+
+TEST_F(AppDelegateTest, TerminatingStopsTouchesAndThenClicksOnce) {
+    launch();
+    EXPECT_NE(stage->engine->touchingCount(), 1);
+    stage->delegate->applicationWillTerminate();
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
+    stage->delegate->applicationWillTerminate();
+    stage->delegate->accessMayHaveChanged();
+    EXPECT_THAT(stage->takeNotes(), IsEmpty());
+}
+
+TEST_F(AppDelegateTest, AGestureGoesToTheDispatcherToBeCarriedOut) {
+    launch({binding(GestureType::twoFingerTap)});
+    stage->engine->onGesture(GestureType::twoFingerTap);
+    stage->mainQueue->runAll();
+    EXPECT_EQ(stage->keyEvents->posts.size(), 1U);
+    EXPECT_EQ(stage->dispatcher.lock()->recentEvents().size(), 1U);
+}
+
+TEST_F(AppDelegateTest, AClickIsTakenIfABindingRan) {
+    launch({binding(GestureType::threeFingerClick)});
+    EXPECT_TRUE(stage->dispatcher.lock()->handleClickGesture(GestureType::threeFingerClick));
+    // Nothing touches, so no click is a gesture.
+    EXPECT_EQ(stage->click({ClickEventType::leftMouseDown, 0}), ClickTap::Verdict::pass);
+}
+
+TEST_F(AppDelegateTest, ClicksAreNeededWhileOneIsBound) {
+    launch();
+    stage->store->setBindings({binding(GestureType::twoFingerClick)});
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks needed"));
+    stage->delegate->toggleEnabled();
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks not needed"));
+}
+
+TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapOfThatCountMakesSingleTapsWait) {
+    struct Row {
+        const char* what;
+        BindingList bindings;
+        std::vector<bool> answers; // for 0 to 6 fingers
+    };
+    const Row rows[] = {
+        {"nothing is bound", {}, {false, false, false, false, false, false, false}},
+        {"a double tap of two",
+         {binding(GestureType::twoFingerDoubleTap)},
+         {false, false, true, false, false, false, false}},
+        {"a double tap of three",
+         {binding(GestureType::threeFingerDoubleTap)},
+         {false, false, false, true, false, false, false}},
+        {"a double tap of four",
+         {binding(GestureType::fourFingerDoubleTap)},
+         {false, false, false, false, true, false, false}},
+        {"a disabled one",
+         {binding(GestureType::threeFingerDoubleTap, false)},
+         {false, false, false, false, false, false, false}},
+        {"a tap of five",
+         {binding(GestureType::fiveFingerTap)},
+         {false, false, false, false, false, false, false}},
+    };
+    for (const Row& row : rows) {
+        launch(row.bindings);
+        for (int count = 0; count <= 6; ++count) {
+            EXPECT_EQ(doubleTapBindingExists(count), row.answers[static_cast<std::size_t>(count)])
+                << row.what << ", " << count;
+        }
+    }
+}
+
+TEST_F(AppDelegateTest, TheScopeOfADoubleTapDoesNotMatter) {
+    auto scoped = binding(GestureType::twoFingerDoubleTap);
+    scoped.scope = AppScope{"org.example.Editor", "Editor"};
+    launch({scoped});
+    EXPECT_TRUE(doubleTapBindingExists(2));
+}
+
+TEST_F(AppDelegateTest, WithTheDelegateGoneItsCallbacksDoNothingAndAnswerFalse) {
+    launch({binding(GestureType::twoFingerDoubleTap), binding(GestureType::twoFingerTap)});
+    stage->delegate->checkForUpdates();
+    const auto query = stage->engine->sessionRecognizer().doubleTapBindingExists;
+    const auto heard = stage->engine->onGesture;
+    ASSERT_TRUE(query(2));
+    stage->takeNotes();
+    std::weak_ptr gone = stage->delegate;
+    stage->delegate->applicationWillTerminate();
+    stage->delegate.reset();
+    ASSERT_TRUE(gone.expired());
+    EXPECT_TRUE(stage->dispatcher.expired());
+    EXPECT_TRUE(stage->window.isNull());
+    EXPECT_FALSE(query(2));
+    heard(GestureType::twoFingerTap);
+    stage->mainQueue->runAll();
+    EXPECT_THAT(stage->keyEvents->posts, IsEmpty());
+    stage->openChecks.back()({"", "no network"}); // no alert: it would never end
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
+}
+
+// The status menu.
+
+TEST_F(AppDelegateTest, TheStatusMenusTitlesAreEmptyUntilItOpens) {
+    launch();
+    EXPECT_EQ(stage->titles(), (Texts{"", "-", "", "", "-", ""}));
+    EXPECT_EQ(stage->statusItem->menu().actions().size(), 7);
+    EXPECT_FALSE(stage->item(4).isVisible());
+    EXPECT_EQ(stage->item(2).shortcut(), QKeySequence("Ctrl+,"));
+    EXPECT_EQ(stage->item(6).shortcut(), QKeySequence("Ctrl+Q"));
+    for (const int place : {0, 3, 4}) {
+        EXPECT_TRUE(stage->item(place).shortcut().isEmpty()) << place;
+    }
+}
+
+TEST_F(AppDelegateTest, TheStatusMenusTitlesAreInTheLanguageOfThatMoment) {
+    launch();
+    const Texts english{"Enable Gestures",    "-", "Settings…",
+                        "Check for Updates…", "-", "Quit Glidemap"};
+    const Texts chinese{"启用手势", "-", "设置…", "检查更新…", "-", "退出 Glidemap"};
+    for (const char* code : {"en", "fr", "", "zh-Hans"}) {
+        stage->lang.setCode(code);
+        stage->openMenu();
+        EXPECT_EQ(stage->titles(), english) << code;
+    }
+    stage->lang.setCode("zh");
+    EXPECT_EQ(stage->titles(), english);
+    stage->openMenu();
+    EXPECT_EQ(stage->titles(), chinese);
+}
+
+TEST_F(AppDelegateTest, ANewerVersionIsOfferedAtTheNextOpening) {
+    launch();
+    stage->publish("1.3");
+    EXPECT_FALSE(stage->item(4).isVisible());
+    stage->openMenu();
+    EXPECT_EQ(stage->titles()[4], "Download v1.3…");
+    stage->item(4).trigger();
+    EXPECT_THAT(stage->workspace->opened, ElementsAre("url https://updates.example/"));
+
+    stage->lang.setCode("zh");
+    stage->openMenu();
+    EXPECT_EQ(stage->titles()[4], "下载新版本 v1.3…");
+}
+
+TEST_F(AppDelegateTest, AVersionThatIsNoLongerOfferedGoesAndItsTitleStays) {
+    launch();
+    stage->publish("1.3");
+    stage->openMenu();
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    stage->delegate->checkForUpdates();
+    stage->publish("1.2");
+    stage->openMenu();
+    EXPECT_FALSE(stage->item(4).isVisible());
+    EXPECT_EQ(stage->item(4).text(), "Download v1.3…");
+}
+
+TEST_F(AppDelegateTest, AVersionIsShownLetterByLetter) {
+    launch();
+    stage->publish("2.&b");
+    stage->openMenu();
+    EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // one & on the screen
+}
+
+TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
+    launch();
+    stage->openMenu();
+    EXPECT_TRUE(stage->item(0).isChecked());
+    stage->item(0).trigger();
+    EXPECT_FALSE(stage->dispatcher.lock()->masterEnabled());
+    EXPECT_EQ(stage->defaults->booleanWrites.back(),
+              std::pair(std::string("masterEnabled"), false));
+    stage->openMenu();
+    EXPECT_FALSE(stage->item(0).isChecked());
+    stage->item(0).trigger();
+    stage->openMenu();
+    EXPECT_TRUE(stage->item(0).isChecked());
+    EXPECT_TRUE(stage->dispatcher.lock()->masterEnabled());
+}
+
+TEST_F(AppDelegateTest, TheSwitchOfTheLastRunIsTheMark) {
+    stage->defaults->storedBooleans["masterEnabled"] = false;
+    relaunch();
+    stage->openMenu();
+    EXPECT_FALSE(stage->item(0).isChecked());
+}
+
+TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
+    launch();
+    stage->item(6).trigger();
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
+}
+
+// Where the bar reads the menu before it opens.
+TEST_F(AppDelegateTest, ABarThatDrawsItselfAlwaysHasTheMenuAsItIs) {
+    stage->statusBar->become(StatusBar::Kind::drawsItself);
+    relaunch();
+    EXPECT_EQ(stage->titles()[0], "Enable Gestures");
+    stage->lang.setCode("zh");
+    EXPECT_EQ(stage->titles()[0], "启用手势");
+    stage->publish("1.3");
+    EXPECT_EQ(stage->titles()[4], "下载新版本 v1.3…");
+    stage->delegate->toggleEnabled();
+    EXPECT_FALSE(stage->item(0).isChecked());
+}
+
+TEST_F(AppDelegateTest, ABarThatDrawsItselfAndComesLateFindsTheMenuAsItIs) {
+    launch();
+    EXPECT_FALSE(stage->statusItem->isShown());
+    stage->statusBar->become(StatusBar::Kind::drawsItself);
+    EXPECT_TRUE(stage->statusItem->isShown());
+    EXPECT_EQ(stage->titles()[0], "Enable Gestures");
+}
+
+TEST_F(AppDelegateTest, WithoutABarThatIsSaidOnceAndTakenBackWhenOneComes) {
+    stage->patienceForBar = std::chrono::milliseconds(0);
+    relaunch();
+    const auto notice = [] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* box = qobject_cast<QMessageBox*>(widget);
+            if (box != nullptr && box->isVisible()) {
+                return box;
+            }
+        }
+        return static_cast<QMessageBox*>(nullptr);
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return notice() != nullptr; }));
+    EXPECT_EQ(notice()->text(), "This desktop shows no status items");
+    EXPECT_FALSE(notice()->isModal());
+    stage->statusBar->become(StatusBar::Kind::embeds);
+    EXPECT_EQ(notice(), nullptr);
+    EXPECT_TRUE(stage->statusItem->isShown());
+}
+
+// The settings window.
+
+TEST_F(AppDelegateTest, ThereIsOneSettingsWindowAndClosingHidesIt) {
+    launch();
+    const QWidget* first = stage->window;
+    stage->window->close();
+    EXPECT_FALSE(stage->window.isNull());
+    EXPECT_FALSE(stage->window->isVisible());
+    stage->item(2).trigger();
+    EXPECT_EQ(stage->window, first);
+    EXPECT_TRUE(stage->window->isVisible());
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("activate Glidemap"));
+}
+
+TEST_F(AppDelegateTest, AMinimisedWindowComesBack) {
+    launch();
+    stage->window->showMinimized();
+    stage->delegate->openSettings();
+    EXPECT_FALSE(stage->window->isMinimized());
+}
+
+TEST_F(AppDelegateTest, TheMainMenusKeysWorkInTheWindowInEnglishOnly) {
+    launch();
+    stage->lang.setCode("zh");
+    Texts items;
+    for (const QAction* action : stage->window->actions()) {
+        items.push_back(action->text().toStdString() + " " +
+                        action->shortcut().toString().toStdString());
+    }
+    EXPECT_EQ(items, (Texts{"Quit Glidemap Ctrl+Q", "Undo Ctrl+Z", "Redo Ctrl+Shift+Z",
+                            "Cut Ctrl+X", "Copy Ctrl+C", "Paste Ctrl+V", "Select All Ctrl+A"}));
+    stage->window->activateWindow();
+    QTest::keyClick(stage->window.data(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
+}
+
+// The check that the user asks for. What is read here is the alert on the screen.
+
+struct Shown {
+    std::string message;
+    std::string informative;
+    Texts buttons;
+
+    friend bool operator==(const Shown&, const Shown&) = default;
+    friend void PrintTo(const Shown& shown, std::ostream* stream) {
+        *stream << shown.message << " | " << shown.informative;
+        for (const std::string& button : shown.buttons) {
+            *stream << " [" << button << "]";
+        }
+    }
+};
+
+class UpdateAlertTest : public AppDelegateTest {
+protected:
+    // Checks, has the world answer, reads the alert and presses the button with this title.
+    Shown checkAnd(const Fetched& fetched, const std::string& press) {
+        Shown shown;
+        stage->onActivate = [&](QWidget& widget) {
+            auto& box = dynamic_cast<QMessageBox&>(widget);
+            QTimer::singleShot(0, &box, [&shown, &box, press] {
+                EXPECT_TRUE(box.isModal());
+                shown = {box.text().toStdString(), box.informativeText().toStdString(), {}};
+                QAbstractButton* chosen = nullptr;
+                for (QAbstractButton* button : box.buttons()) {
+                    shown.buttons.push_back(button->text().toStdString());
+                    chosen = shown.buttons.back() == press ? button : chosen;
+                }
+                chosen != nullptr ? chosen->click() : box.close();
+            });
+        };
+        stage->openChecks.clear();
+        stage->delegate->checkForUpdates();
+        if (!stage->openChecks.empty()) {
+            stage->answerUpdateCheck(fetched);
+        }
+        stage->onActivate = {};
+        return shown;
+    }
+
+    static Fetched published(const std::string& version) {
+        return {"{\"version\": \"" + version + "\"}", std::nullopt};
+    }
+    const Fetched unreachable{"", "Host not found: the system's words"};
+};
+
+TEST_F(UpdateAlertTest, EachOutcomeHasItsWords) {
+    launch();
+    EXPECT_EQ(checkAnd(unreachable, "OK"),
+              (Shown{"Update check failed",
+                     "Could not reach the update server. Check your network and try again.",
+                     {"OK"}}));
+    EXPECT_EQ(checkAnd({"[]", std::nullopt}, "OK").message, "Update check failed");
+    EXPECT_EQ(checkAnd(published("1.2"), "OK"),
+              (Shown{"You're up to date", "Glidemap v1.2 is the latest version.", {"OK"}}));
+    EXPECT_EQ(checkAnd(published("1.3"), "Later"),
+              (Shown{"New version available",
+                     "Glidemap v1.3 is available (you have v1.2).",
+                     {"Download", "Later"}}));
+}
+
+TEST_F(UpdateAlertTest, EachOutcomeHasItsWordsInChinese) {
+    launch();
+    stage->lang.setCode("zh");
+    EXPECT_EQ(checkAnd(unreachable, "好"),
+              (Shown{"检查更新失败", "无法连接更新服务器，请检查网络后重试。", {"好"}}));
+    EXPECT_EQ(checkAnd(published("1.1"), "好"),
+              (Shown{"已是最新版本", "Glidemap v1.2 已是最新版本。", {"好"}}));
+    EXPECT_EQ(checkAnd(published("1.3"), "稍后"),
+              (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
+}
+
+TEST_F(UpdateAlertTest, AnUnknownRunningVersionIsUpToDateWithoutAskingAnybody) {
+    stage->runningVersion = std::nullopt;
+    relaunch();
+    EXPECT_EQ(checkAnd(unreachable, "OK"),
+              (Shown{"You're up to date", "Glidemap v? is the latest version.", {"OK"}}));
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("activate Glidemap"));
+}
+
+TEST_F(UpdateAlertTest, DownloadOpensTheSiteAndNothingElseDoes) {
+    launch();
+    checkAnd(published("1.3"), "Later");
+    checkAnd(published("1.3"), "(closed)");
+    checkAnd(published("1.2"), "OK");
+    checkAnd(unreachable, "OK");
+    EXPECT_THAT(stage->workspace->opened, IsEmpty());
+    checkAnd(published("1.3"), "Download");
+    EXPECT_THAT(stage->workspace->opened, ElementsAre("url https://updates.example/"));
+}
+
+TEST_F(UpdateAlertTest, ABackgroundCheckShowsNothing) {
+    launch();
+    stage->answerUpdateCheck(unreachable);
+    EXPECT_THAT(stage->takeNotes(), IsEmpty());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(UpdateAlertTest, AVersionIsNoMarkup) {
+    launch();
+    stage->onActivate = [&](QWidget& widget) {
+        for (const QLabel* label : widget.findChildren<QLabel*>()) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+        }
+        QTimer::singleShot(0, &widget, &QWidget::close);
+    };
+    stage->openChecks.clear();
+    stage->delegate->checkForUpdates();
+    stage->publish("2.<b>1</b>");
+}
+
+TEST_F(UpdateAlertTest, GesturesAreCarriedOutWhileAnAlertIsOpen) {
+    launch({binding(GestureType::twoFingerTap)});
+    std::size_t posted = 0;
+    stage->onActivate = [&](QWidget& widget) {
+        QTimer::singleShot(0, &widget, [&] {
+            stage->engine->onGesture(GestureType::twoFingerTap);
+            stage->mainQueue->runAll();
+            posted = stage->keyEvents->posts.size();
+            widget.close();
+        });
+    };
+    stage->openChecks.clear();
+    stage->delegate->checkForUpdates();
+    stage->publish("1.2");
+    EXPECT_EQ(posted, 1U);
+}
+
+} // namespace
+} // namespace glidemap
