@@ -1,0 +1,152 @@
+#include "screenshots/photograph.h"
+#include "screenshots/scene.h"
+#include "ui/controls/segmented_control.h"
+#include "ui/editor/action_kind.h"
+#include "ui/editor/scope_kind.h"
+#include "ui_settings/settings_stage.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QTest>
+#include <optional>
+
+namespace glidemap::screenshots {
+
+namespace {
+
+using test::bound;
+using test::SettingsStage;
+
+using Arrangement = std::function<void(SettingsStage&)>;
+
+void giveApplications(SettingsStage& stage) {
+    const bool chinese = Lang::shared().code() == "zh";
+    stage.workspace->running = {
+        {"org.mozilla.firefox", "Firefox"},
+        {"org.gnome.Nautilus", chinese ? "文件" : "Files"},
+        {"org.gnome.Terminal", chinese ? "终端" : "Terminal"},
+        {"org.gnome.Evince", chinese ? "文档查看器" : "Document Viewer"},
+        {"org.libreoffice.Writer", "LibreOffice Writer"},
+    };
+}
+
+QImage pictureOfEditor(const Arrangement& arrange,
+                       const std::optional<GestureBinding>& edited = std::nullopt) {
+    SettingsStage stage(edited ? BindingList{*edited} : BindingList{});
+    giveApplications(stage);
+    SettingsWindow& window = stage.open();
+    if (edited) {
+        stage.row(0)->controls()[2]->click();
+    } else {
+        window.view().addBinding();
+    }
+    settle();
+    arrange(stage);
+    return photographWithAllAbove(window);
+}
+
+void leaveIt(SettingsStage& /*stage*/) {}
+
+Arrangement act(ActionKind kind) {
+    return [kind](SettingsStage& stage) {
+        stage.find<QComboBox>("actionPicker")->setCurrentIndex(static_cast<int>(kind));
+    };
+}
+
+void chooseApplication(SettingsStage& stage) {
+    act(ActionKind::launchApp)(stage);
+    stage.find<QComboBox>("launchPicker")->setCurrentIndex(2);
+}
+
+void openLaunchPicker(SettingsStage& stage) {
+    act(ActionKind::launchApp)(stage);
+    settle();
+    stage.find<QComboBox>("launchPicker")->showPopup();
+}
+
+void openActionPicker(SettingsStage& stage) {
+    stage.find<QComboBox>("actionPicker")->showPopup();
+}
+
+void chooseScope(SettingsStage& stage) {
+    act(ActionKind::missionControl)(stage);
+    auto* scope = stage.find<SegmentedControl>("scopePicker");
+    scope->setCurrent(static_cast<int>(ScopeKind::app));
+    scope->onChange(static_cast<int>(ScopeKind::app));
+}
+
+void chooseScopeApplication(SettingsStage& stage) {
+    chooseScope(stage);
+    stage.find<QComboBox>("scopeAppPicker")->setCurrentIndex(1);
+}
+
+void openGestures(SettingsStage& stage) {
+    stage.find<QComboBox>("gesturePicker")->showPopup();
+}
+
+Arrangement search(const char* english, const char* chinese) {
+    return [english, chinese](SettingsStage& stage) {
+        openGestures(stage);
+        settle();
+        const bool inChinese = Lang::shared().code() == "zh";
+        for (const QChar letter : QString::fromUtf8(inChinese ? chinese : english)) {
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown,
+                                QString(letter), Qt::NoModifier);
+        }
+    };
+}
+
+void startRecording(SettingsStage& stage) {
+    stage.find<QAbstractButton>("recordShortcut")->click();
+}
+
+void warnOfClick(SettingsStage& stage) {
+    stage.find<QComboBox>("gesturePicker")
+        ->setCurrentIndex(static_cast<int>(GestureType::twoFingerClick));
+}
+
+GestureBinding shortcutInFirefox() {
+    return bound(GestureType::threeFingerSwipeLeft,
+                 KeyShortcut{.keyCode = 124, .modifiers = modifier::option | modifier::command},
+                 AppScope{"org.mozilla.firefox", "Firefox"});
+}
+
+GestureBinding applicationThatIsGone() {
+    const std::string name =
+        "The Extraordinarily Long-Named Presentation Suite, Collector's Edition";
+    return bound(GestureType::rotateClockwise, LaunchApp{"org.example.gone", name},
+                 AppScope{"org.example.gone", name});
+}
+
+Scene editor(const char* name, const char* caption, const Arrangement& arrange,
+             std::optional<GestureBinding> edited = std::nullopt, bool inBrief = false) {
+    return {"Binding editor", name, caption,
+            [arrange, edited = std::move(edited)] { return pictureOfEditor(arrange, edited); },
+            inBrief};
+}
+
+} // namespace
+
+std::vector<Scene> editorScenes() {
+    return {
+        editor("new", "A new binding", leaveIt, {}, true),
+        editor("shortcut", "A shortcut in one application", leaveIt, shortcutInFirefox()),
+        editor("recording", "A shortcut is being recorded", startRecording),
+        editor("lock-screen", "Lock the screen", act(ActionKind::lockScreen)),
+        editor("mission-control", "The overview of windows", act(ActionKind::missionControl)),
+        editor("action-picker", "The kinds of action", openActionPicker),
+        editor("open-app", "Open an application, none chosen yet", act(ActionKind::launchApp)),
+        editor("open-app-chosen", "Open an application", chooseApplication),
+        editor("open-app-picker", "The running applications", openLaunchPicker, {}, true),
+        editor("scope", "In one application, none chosen yet", chooseScope),
+        editor("scope-chosen", "In one application", chooseScopeApplication),
+        editor("gone", "An application that does not run now, with a long name", leaveIt,
+               applicationThatIsGone()),
+        editor("gestures", "The gestures by category", openGestures, {}, true),
+        editor("gestures-found", "The gestures that a search has found", search("swipe", "轻扫")),
+        editor("gestures-none", "A search that finds nothing", search("wink", "眨眼")),
+        editor("click-warning", "A click that is taken from the system", warnOfClick),
+    };
+}
+
+} // namespace glidemap::screenshots

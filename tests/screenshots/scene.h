@@ -1,0 +1,38 @@
+// What is photographed: one state of one part of the interface, and how it is brought about.
+//
+// Thread:  the main thread, with a QApplication.
+// Errors:  a scene that cannot be set up gives a null picture.
+#pragma once
+
+#include "ui/theme/theme.h"
+
+#include <QImage>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace glidemap::screenshots {
+
+struct Variant {
+    std::string language; // "en" or "zh"
+    ColorScheme scheme = ColorScheme::light;
+
+    std::string suffix() const {
+        return language + (scheme == ColorScheme::light ? "-light" : "-dark");
+    }
+};
+
+struct Scene {
+    std::string group;
+    std::string name; // of its file, without the variant
+    std::string caption;
+    std::function<QImage()> paint; // in the language and the colours of the moment
+    bool inBrief = false;          // also where only a few are wanted
+};
+
+std::vector<Scene> settingsScenes();
+std::vector<Scene> editorScenes();
+std::vector<Scene> menuAndAlertScenes();
+std::vector<Scene> drawingScenes(); // demonstrations, symbols and icons
+
+} // namespace glidemap::screenshots

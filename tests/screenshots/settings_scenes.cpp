@@ -1,0 +1,236 @@
+#include "screenshots/photograph.h"
+#include "screenshots/scene.h"
+#include "ui_settings/settings_stage.h"
+
+#include <QAbstractButton>
+#include <QTest>
+
+namespace glidemap::screenshots {
+
+namespace {
+
+using test::bound;
+using test::manyBindings;
+using test::SettingsStage;
+
+using Arrangement = std::function<void(SettingsStage&)>;
+
+bool isChinese() {
+    return Lang::shared().code() == "zh";
+}
+
+// What a person has after a week.
+BindingList usualBindings() {
+    using enum GestureType;
+    BindingList list{
+        bound(drawCircle, MissionControl{}),
+        bound(threeFingerSwipeLeft, KeyShortcut{.keyCode = 33, .modifiers = modifier::command},
+              AppScope{"org.mozilla.firefox", "Firefox"}),
+        bound(fixAndTapRight, KeyShortcut{.keyCode = 48, .modifiers = modifier::control}),
+        bound(threeFingerDoubleTap,
+              LaunchApp{"org.gnome.Terminal", isChinese() ? "终端" : "Terminal"}),
+        bound(cornerTapTopRight, LockScreen{}),
+        bound(pinchIn, KeyShortcut{.keyCode = 12, .modifiers = modifier::command},
+              AppScope{"org.gnome.Evince", isChinese() ? "文档查看器" : "Document Viewer"}),
+    };
+    list[4].enabled = false;
+    return list;
+}
+
+BindingList longBindings() {
+    using enum GestureType;
+    const std::string longName =
+        isChinese() ? "一个名字特别特别长的演示文稿与电子表格综合办公应用程序套件旗舰版"
+                    : "The Extraordinarily Long-Named Presentation and "
+                      "Spreadsheet Suite, Collector's Edition";
+    BindingList list{
+        bound(drawCircleCounterclockwise, LaunchApp{"org.example.long", longName},
+              AppScope{"org.example.long", longName}),
+        bound(twoFingerLongPress, LaunchApp{"org.example.long", longName}),
+        bound(drawCircleClockwise,
+              KeyShortcut{.keyCode = 124,
+                          .modifiers = modifier::control | modifier::option | modifier::shift |
+                                       modifier::command},
+              AppScope{"org.example.long", longName}),
+        bound(edgeSwipeFromBottom, MissionControl{}, AppScope{"org.example.a", "A"}),
+    };
+    BindingList more = manyBindings(14);
+    list.insert(list.end(), more.begin(), more.end());
+    return list;
+}
+
+QImage picture(BindingList bindings, const Arrangement& arrange = {},
+               QSize size = SettingsWindow::contentSize) {
+    SettingsStage stage(std::move(bindings));
+    stage.open(size);
+    if (arrange) {
+        arrange(stage);
+    }
+    return photograph(stage.window());
+}
+
+// Before it is opened.
+QImage pictureAfter(const Arrangement& prepare, const Arrangement& arrange,
+                    QSize size = SettingsWindow::contentSize) {
+    SettingsStage stage(usualBindings());
+    prepare(stage);
+    stage.open(size);
+    arrange(stage);
+    return photograph(stage.window());
+}
+
+void nothing(SettingsStage& /*stage*/) {}
+
+void mistrust(SettingsStage& stage) {
+    stage.trust->trusted = false;
+}
+
+void loseDriver(SettingsStage& stage) {
+    stage.devices = std::make_unique<MultitouchDeviceManager>(
+        TouchDriverPlatform{"/opt/glidemap/lib/libglidemap-evdev.so", {}});
+}
+
+void refuseLogin(SettingsStage& stage) {
+    stage.loginItems->refusal = isChinese() ? "无法写入自动启动文件：只读文件系统"
+                                            : "The autostart entry cannot be written: read-only "
+                                              "file system";
+}
+
+void lackHelper(SettingsStage& stage) {
+    stage.helper->become(test::FakeDesktopHelper::State::missing);
+}
+
+void publish(SettingsStage& stage) {
+    stage.publish("1.2.0");
+}
+
+void turnOnLogin(SettingsStage& stage) {
+    stage.click("launchAtLogin");
+}
+
+void prepareAllNotices(SettingsStage& stage) {
+    mistrust(stage);
+    loseDriver(stage);
+    refuseLogin(stage);
+    lackHelper(stage);
+}
+
+void showAllNotices(SettingsStage& stage) {
+    publish(stage);
+    turnOnLogin(stage);
+}
+
+void circleUnbound(SettingsStage& stage) {
+    stage.recognise(GestureType::twoFingerTap);
+}
+
+void circleBound(SettingsStage& stage) {
+    stage.recognise(GestureType::drawCircleClockwise, isChinese() ? "文件" : "Files");
+}
+
+void longFooter(SettingsStage& stage) {
+    stage.recognise(GestureType::drawCircleCounterclockwise,
+                    isChinese() ? "一个名字特别特别长的演示文稿与电子表格综合办公应用程序套件旗舰版"
+                                : "The Extraordinarily Long-Named Presentation and Spreadsheet "
+                                  "Suite, Collector's Edition");
+}
+
+void selectWithKeys(SettingsStage& stage) {
+    stage.find("bindingList")->setFocus(Qt::TabFocusReason);
+    stage.pressKey(Qt::Key_Down);
+    stage.pressKey(Qt::Key_Down);
+}
+
+void switchOff(SettingsStage& stage) {
+    stage.dispatcher->setMasterEnabled(false);
+}
+
+void focusAdd(SettingsStage& stage) {
+    stage.find("addBinding")->setFocus(Qt::TabFocusReason);
+}
+
+Arrangement previewOf(std::size_t row) {
+    return [row](SettingsStage& stage) {
+        stage.row(row)->togglePreview();
+    };
+}
+
+Arrangement hover(std::size_t row) {
+    return [row](SettingsStage& stage) {
+        BindingRow* const hovered = stage.row(row);
+        hovered->setAttribute(Qt::WA_UnderMouse);
+        hovered->update();
+    };
+}
+
+Scene settings(const char* name, const char* caption, std::function<QImage()> paint,
+               bool inBrief = false) {
+    return {"Settings window", name, caption, std::move(paint), inBrief};
+}
+
+Scene notice(const char* name, const char* caption, const Arrangement& prepare,
+             const Arrangement& arrange, bool inBrief = false) {
+    return {"Notices", name, caption, [prepare, arrange] { return pictureAfter(prepare, arrange); },
+            inBrief};
+}
+
+std::vector<Scene> windowScenes() {
+    return {
+        settings(
+            "empty", "Without bindings", [] { return picture({}); }, true),
+        settings(
+            "usual", "A few bindings, one of them off",
+            [] { return picture(usualBindings(), circleBound); }, true),
+        settings("many", "Many bindings with long names, to be scrolled",
+                 [] { return picture(longBindings(), longFooter); }),
+        settings("selected", "A row selected by keys",
+                 [] { return picture(usualBindings(), selectWithKeys); }),
+        settings("hovered", "The pointer over a row",
+                 [] { return picture(usualBindings(), hover(2)); }),
+        settings("focus", "The focus on a button",
+                 [] { return picture(usualBindings(), focusAdd); }),
+        settings("off", "Gestures switched off",
+                 [] { return picture(usualBindings(), switchOff); }),
+        settings("footer-unbound", "The last gesture had no binding",
+                 [] { return picture(usualBindings(), circleUnbound); }),
+        settings(
+            "smallest", "As small as it gets",
+            [] { return picture(longBindings(), longFooter, SettingsWindow::minimumContentSize); }),
+        settings("smallest-empty", "As small as it gets, without bindings",
+                 [] { return picture({}, {}, SettingsWindow::minimumContentSize); }),
+        settings("large", "Large", [] { return picture(longBindings(), {}, QSize(1100, 760)); }),
+        settings(
+            "popover", "How a gesture is made",
+            [] { return picture(usualBindings(), previewOf(0)); }, true),
+        settings("popover-above", "The same where there is no room below",
+                 [] { return picture(usualBindings(), previewOf(5)); }),
+    };
+}
+
+std::vector<Scene> noticeScenes() {
+    return {
+        notice("update", "A newer version", nothing, publish),
+        notice("permission", "No access to the touchpad and to keys", mistrust, nothing),
+        notice("device", "The touch driver cannot be loaded", loseDriver, nothing),
+        notice("login", "Launching at login refused", refuseLogin, turnOnLogin),
+        notice("helper", "A desktop that needs help", lackHelper, nothing),
+        notice("all", "All of them together", prepareAllNotices, showAllNotices, true),
+        {"Notices", "all-smallest", "All of them in the smallest window",
+         [] {
+             return pictureAfter(prepareAllNotices, showAllNotices,
+                                 SettingsWindow::minimumContentSize);
+         }},
+    };
+}
+
+} // namespace
+
+std::vector<Scene> settingsScenes() {
+    std::vector<Scene> scenes = windowScenes();
+    for (Scene& scene : noticeScenes()) {
+        scenes.push_back(std::move(scene));
+    }
+    return scenes;
+}
+
+} // namespace glidemap::screenshots
