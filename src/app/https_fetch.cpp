@@ -65,6 +65,7 @@ public:
     void begin(const QUrl& url);
 
 private:
+    void ask(const QUrl& url);
     void limit(QTimer& timer, std::chrono::milliseconds time, const char* reason);
     void receiveHeader();
     void receive();
@@ -76,6 +77,7 @@ private:
     Done done;
     QNetworkAccessManager manager;
     QNetworkReply* reply = nullptr;
+    QTimer soon;
     QTimer silence;
     QTimer whole;
     QByteArray body;
@@ -90,7 +92,14 @@ Exchange::Exchange(HttpsFetchSetup given, Done then)
             [this] { delete this; });
 }
 
+// The first one loads everything for TLS, and who starts the program shall not wait for it.
 void Exchange::begin(const QUrl& url) {
+    soon.setSingleShot(true);
+    soon.callOnTimeout(this, [this, url] { ask(url); });
+    soon.start(0);
+}
+
+void Exchange::ask(const QUrl& url) {
     reply = manager.get(requestFor(url, setup));
     reply->setReadBufferSize(readAtOnce);
     limit(silence, setup.silence, "the server is silent");
@@ -143,11 +152,11 @@ void Exchange::finish() {
     if (reply->isOpen()) {
         receive();
     }
-    deleteLater();
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(),
+    connect(
+        this, &QObject::destroyed, QCoreApplication::instance(),
         [tell = std::exchange(done, {}), fetched = outcome()] { tell(fetched); },
         Qt::QueuedConnection);
+    deleteLater();
 }
 
 Fetched Exchange::outcome() const {
@@ -172,10 +181,7 @@ Fetch httpsFetch(HttpsFetchSetup setup) {
         if (!url.isValid() || url.scheme() != "https" || url.host().isEmpty()) {
             qFatal("not an address to fetch from: %s", text.c_str());
         }
-        auto* const exchange = new Exchange(setup, std::move(done));
-        // The first one loads everything for TLS, and who starts the program shall not wait for it.
-        QMetaObject::invokeMethod(
-            exchange, [=] { exchange->begin(url); }, Qt::QueuedConnection);
+        (new Exchange(setup, std::move(done)))->begin(url);
     };
 }
 
