@@ -68,7 +68,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
     layout->addWidget(content);
     toTheme = Theme::shared().changes().subscribe({}, [this] { placeSoon(); });
     connect(anchor, &QObject::destroyed, this, [this] {
-        hangsFrom.clear(); // the focus must not go back to what is going
+        hangsFrom = nullptr; // which a guarded pointer to a widget does only after this
         onClosed = {};
         dismiss();
     });
@@ -90,9 +90,8 @@ void Popover::dismiss() {
     if (std::exchange(isClosed, true)) {
         return;
     }
-    const bool hadFocus = isWithin(QApplication::focusWidget());
-    if (hadFocus && hangsFrom != nullptr) {
-        hangsFrom->setFocus(Qt::PopupFocusReason);
+    if (isWithin(QApplication::focusWidget())) {
+        giveFocusBack();
     }
     hide();
     if (shadow != nullptr) {
@@ -101,6 +100,16 @@ void Popover::dismiss() {
     deleteLater();
     if (onClosed) {
         onClosed();
+    }
+}
+
+// Hidden with the focus, the popover would pass it on along the chain of controls, where one that is
+// being destroyed still is.
+void Popover::giveFocusBack() {
+    if (hangsFrom != nullptr) {
+        hangsFrom->setFocus(Qt::PopupFocusReason);
+    } else {
+        QApplication::focusWidget()->clearFocus();
     }
 }
 

@@ -43,6 +43,7 @@ protected:
 private:
     class Shadow;
 
+    void giveFocusBack();
     void place();
     void placeSoon();
     bool isWithin(const QWidget* widget) const;

@@ -102,6 +102,7 @@ void SegmentedControl::setCurrent(int index) {
     chosen = index;
     segments[static_cast<std::size_t>(index)]->setChecked(true);
     ground.glideTo(index);
+    fixFocusPolicies();
 }
 
 // By the user: the program's choice is known already when the segment tells of it.
@@ -111,8 +112,17 @@ void SegmentedControl::choose(int index) {
     }
     chosen = index;
     ground.glideTo(index);
+    fixFocusPolicies();
     if (onChange) {
         onChange(index);
+    }
+}
+
+// Tab stops at the chosen one only; arrow keys go on from there.
+void SegmentedControl::fixFocusPolicies() {
+    for (std::size_t index = 0; index < segments.size(); ++index) {
+        const bool isChosen = static_cast<int>(index) == chosen;
+        segments[index]->setFocusPolicy(isChosen ? Qt::StrongFocus : Qt::ClickFocus);
     }
 }
 

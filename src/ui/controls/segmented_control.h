@@ -38,6 +38,7 @@ private:
     class Segment;
 
     void choose(int index);
+    void fixFocusPolicies();
     QRectF groundRect(const QRectF& pill) const;
 
     std::vector<Segment*> segments;

@@ -122,7 +122,8 @@ QRect Sheet::cardGeometry() const {
 
 void Sheet::place() {
     const QRect window(owner()->mapToGlobal(QPoint(0, 0)), owner()->size());
-    const QSize least = scroller->widget()->minimumSizeHint();
+    const QWidget* content = scroller->widget();
+    const QSize least = content->minimumSizeHint().expandedTo(content->minimumSize());
     const QRect screen = owner()->screen()->availableGeometry();
     placed = placeSheet(wanted, least, style::scrollBarExtent, window, screen);
     const int margin = 2 * shadowMargin();
