@@ -1,0 +1,97 @@
+// A program with a window in which a shortcut is recorded. It says on its standard output what
+// happens, a line each:
+//
+//   active             the window has the keyboard
+//   recording          since its button was clicked, or it was told so by the line "record" on its
+//                      standard input
+//   recorded 0 40000   the key code, and the modifiers in hexadecimal
+//   stopped            without having recorded
+//   pressed 65         a key that reached the window, by Qt's number
+//   released 65
+//
+// It ends with its input.
+#include "platform/linux/keyboard/evdev_hardware_keys.h"
+#include "ui/recorder/shortcut_recorder_view.h"
+
+#include <unistd.h>
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QSocketNotifier>
+#include <QVBoxLayout>
+#include <array>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+namespace {
+
+class Window : public QWidget {
+public:
+    Window() : recorder(new glidemap::ShortcutRecorderView(keys, lang)) {
+        auto* column = new QVBoxLayout(this);
+        column->addWidget(recorder);
+        recorder->setFocus();
+        recorder->onRecord = [this](const glidemap::KeyShortcut& shortcut) {
+            isRecording = false;
+            say("recorded " + QString::number(shortcut.keyCode) + " " +
+                QString::number(shortcut.modifiers, 16));
+        };
+    }
+
+    void record() {
+        recorder->startRecording();
+        look();
+    }
+
+    void look() {
+        if (recorder->isRecording() != isRecording) {
+            isRecording = !isRecording;
+            say(isRecording ? "recording" : "stopped");
+        }
+    }
+
+protected:
+    void changeEvent(QEvent* event) override {
+        if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+            say("active");
+        }
+        QWidget::changeEvent(event);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        say("pressed " + QString::number(event->key()));
+    }
+    void keyReleaseEvent(QKeyEvent* event) override {
+        say("released " + QString::number(event->key()));
+    }
+
+private:
+    static void say(const QString& what) { std::cout << what.toStdString() << std::endl; }
+
+    glidemap::EvdevHardwareKeys keys;
+    glidemap::Lang lang{nullptr};
+    glidemap::ShortcutRecorderView* recorder;
+    bool isRecording = false;
+};
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const QApplication application(count, arguments);
+    Window window;
+    const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(&input, &QSocketNotifier::activated, &window, [&window] {
+        std::array<char, 256> buffer{};
+        const ssize_t size = read(STDIN_FILENO, buffer.data(), buffer.size());
+        if (size <= 0) {
+            QCoreApplication::quit();
+        } else if (std::string_view(buffer.data(), static_cast<std::size_t>(size)) == "record\n") {
+            window.record();
+        }
+    });
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
+                     &window, [&window] { window.look(); });
+    window.show();
+    return QApplication::exec();
+}
