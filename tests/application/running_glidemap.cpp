@@ -3,6 +3,7 @@
 #include "waiting.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <algorithm>
 #include <csignal>
@@ -14,6 +15,12 @@ namespace {
 
 constexpr const char* windowTitle = "Glidemap";
 constexpr int footerHeight = 44; // at most, from the window's lower edge
+
+bool hasEnded(pid_t process) {
+    siginfo_t end{};
+    return waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+           end.si_pid == process;
+}
 
 bool isCalled(const Control& control, const std::string& role, const std::string& name) {
     return control.role == role && (control.name == name || control.label == name);
@@ -33,9 +40,11 @@ std::optional<ManagedWindow> RunningGlidemap::window() const {
 }
 
 bool RunningGlidemap::waitForWindow() {
-    const bool shown = waitUntil([this] {
+    bool shown = false;
+    waitUntil([&] {
         const auto found = window();
-        return found && stage.display.activeWindow() == found->id;
+        shown = found && stage.display.activeWindow() == found->id;
+        return shown || hasEnded(process());
     });
     EXPECT_TRUE(shown) << "the window does not come, or not to the front; the program said:\n"
                        << test::contentOf(stage.complaintsFile());

@@ -1,14 +1,17 @@
 #include "waiting.h"
 
-#include "desktops/program.h"
-
 #include <glib.h>
+
+#include <chrono>
 
 namespace glidemap::application {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+// A machine may be busy; nothing waits this long unless it has failed.
+constexpr std::chrono::seconds patience{20};
 
 constexpr guint lookAgainAfter = 15; // milliseconds
 
@@ -32,7 +35,7 @@ void takeNews() {
 } // namespace
 
 bool waitUntil(const std::function<bool()>& condition) {
-    const auto deadline = Clock::now() + desktops::patience;
+    const auto deadline = Clock::now() + patience;
     while (!condition()) {
         if (Clock::now() > deadline) {
             return false;
