@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -138,7 +139,8 @@ TEST(InstalledPackage, RunsTheProgramUntilItIsToldToEnd) {
     handOver(pad.node());
     handOver(uinput);
     Process program({"/usr/bin/glidemap"}, Process::User::nobody);
-    EXPECT_TRUE(program.waitUntilReading(pad.node()));
+    // The first window on a new machine has every font looked at, which takes long in this kernel.
+    EXPECT_TRUE(program.waitUntilReading(pad.node(), std::chrono::seconds(90)));
     program.send(SIGTERM);
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
     EXPECT_THAT(program.errors(), Not(HasSubstr("glidemap:")));

@@ -132,8 +132,8 @@ bool Process::hasEnded() const {
            end.si_pid == process;
 }
 
-bool Process::waitUntilReading(const std::filesystem::path& device) {
-    const Deadline deadline;
+bool Process::waitUntilReading(const std::filesystem::path& device, std::chrono::seconds patience) {
+    const Deadline deadline(patience);
     const std::string name = std::to_string(process);
     while (!hasOpen(name, device) || !isProcessAsleep(name)) {
         if (hasEnded() || deadline.passed()) {

@@ -7,6 +7,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,7 +30,8 @@ public:
 
     // Waits until the program has the device open and waits for it to speak; before that, what it
     // says may be lost. A program that ends instead is a failure.
-    bool waitUntilReading(const std::filesystem::path& device);
+    bool waitUntilReading(const std::filesystem::path& device,
+                          std::chrono::seconds patience = std::chrono::seconds(10));
 
     // Waits until the program has dealt with everything there is for it to do. False if it has
     // ended instead, which may be just what it had to do.
