@@ -14,6 +14,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QMenu>
 #include <QScrollBar>
 #include <QStyleFactory>
@@ -328,6 +329,9 @@ int GlidemapStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     case SH_Menu_MouseTracking:
     case SH_ItemView_MovementWithoutUpdatingSelection:
         return 1;
+    // The button that does something is the last one, as in the program's own sheets.
+    case SH_DialogButtonLayout:
+        return QDialogButtonBox::MacLayout;
     case SH_ComboBox_PopupFrameStyle:
         return static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Plain);
     case SH_ToolTipLabel_Opacity:

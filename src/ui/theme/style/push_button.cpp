@@ -127,8 +127,11 @@ QSize pushButtonSize(const QStyleOptionButton& option, const QSize& contents) {
     const bool isOnlyIcon = option.text.isEmpty();
     const int least = isOnlyIcon ? controlHeight : minimumWidth;
     const int padding = isOnlyIcon ? 6 : sidePadding;
+    // By the font's lines and not by the text's, which are higher in Chinese: the same in every
+    // language, and as high as the pickers beside it.
+    const int content = std::max(option.fontMetrics.height(), option.iconSize.height());
     return QSize(std::max(least, contents.width() + gap + 2 * padding),
-                 std::max(controlHeight, contents.height() + 8)) +
+                 std::max(controlHeight, content + 8)) +
            QSize(2 * ringMargin, 2 * ringMargin);
 }
 
