@@ -87,14 +87,13 @@ private:
 };
 
 FormSection::FormSection(QWidget* parent)
-    : QWidget(parent), heading(new StyledLabel(TextStyle::headline, Role::primary, this)),
+    : QWidget(parent), heading(new StyledLabel(TextStyle::bodyMedium, Role::secondary, this)),
       card(new Card(this)), rows(new QVBoxLayout(card)) {
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(headingGap);
-    heading->setContentsMargins(2, 0, 0, 0);
     heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     heading->hide();
     column->addWidget(heading);

@@ -201,7 +201,7 @@ void Popover::place() {
     }
     layout()->setContentsMargins(padding, padding, padding, padding);
     const QSize card = layout()->totalSizeHint();
-    placed = placePopover(card, anchor, window()->rect());
+    placed = placePopover(card, anchor, window()->contentsRect());
     const int above = placed.isAbove ? 0 : popoverArrowHeight;
     const int below = placed.isAbove ? popoverArrowHeight : 0;
     layout()->setContentsMargins(padding, padding + above, padding, padding + below);

@@ -74,7 +74,9 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     setWindowModality(Qt::WindowModal);
     auto* layout = new QVBoxLayout(this);
     const int margin = shadowMargin();
-    layout->setContentsMargins(margin, margin, margin, margin);
+    setContentsMargins(margin, margin, margin,
+                       margin); // what lies in the sheet stays off its shadow
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroller);
     scroller->setFrameShape(QFrame::NoFrame);
     scroller->setWidgetResizable(true);
