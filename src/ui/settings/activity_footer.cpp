@@ -12,6 +12,7 @@ namespace {
 constexpr int padding = 8;
 constexpr int spacing = 6;
 constexpr int symbolSize = 14;
+constexpr int applicationShare = 4;
 } // namespace
 
 ActivityFooter::ActivityFooter(QWidget* parent)
@@ -33,6 +34,12 @@ ActivityFooter::ActivityFooter(QWidget* parent)
     layout->addWidget(action);
     layout->addWidget(application);
     layout->addStretch(1);
+}
+
+// What a gesture did says more than where: of a narrow line the application has its share only.
+void ActivityFooter::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    application->setMaximumWidth(width() / applicationShare);
 }
 
 void ActivityFooter::display(const GestureLogEntry* newest, const Lang& lang) {

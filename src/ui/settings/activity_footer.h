@@ -24,6 +24,9 @@ public:
     // Null stands for nothing yet.
     void display(const GestureLogEntry* newest, const Lang& lang);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showGesture(const GestureLogEntry* newest, const Lang& lang);
     void showAction(const GestureLogEntry* newest, const Lang& lang);

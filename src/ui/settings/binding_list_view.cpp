@@ -20,7 +20,9 @@ namespace {
 
 constexpr int inset = 6; // keeps the rows off the card's round corners
 constexpr double cornerRadius = 10;
-constexpr int gap = 4; // between rows
+constexpr int gap = 4;                // between rows
+constexpr int edge = inset - gap / 2; // above the first and below the last, scrolled with them
+constexpr int line = 1;               // of the card
 
 // Beyond what can be seen, so that Tab finds the next row before it is seen.
 constexpr std::size_t rowsAhead = 2;
@@ -43,7 +45,7 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     // It takes what the notices leave, and leaves them what they need.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    setMinimumHeight(rowStep() + 2 * inset);
+    setMinimumHeight(rowStep() / 2);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -53,7 +55,7 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     area->installEventFilter(this);
     area->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(inset, inset, inset, inset);
+    layout->setContentsMargins(inset, line, inset, line); // rows go as far as the card does
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         closePreviews();
@@ -114,11 +116,11 @@ void BindingListView::layOut() {
         return;
     }
     const int step = rowStep();
-    const auto height = static_cast<int>(bindings->size()) * step;
+    const auto height = static_cast<int>(bindings->size()) * step + 2 * edge;
     ground->resize(area->viewport()->width(), height);
-    const auto top = static_cast<std::size_t>(area->verticalScrollBar()->value() / step);
-    const std::size_t first = top - std::min(top, rowsAhead);
-    const std::size_t end = std::min(bindings->size(), top + pageLength() + 2 + rowsAhead);
+    const auto highest = static_cast<std::size_t>(area->verticalScrollBar()->value() / step);
+    const std::size_t first = highest - std::min(highest, rowsAhead);
+    const std::size_t end = std::min(bindings->size(), highest + pageLength() + 2 + rowsAhead);
     dropRowsOutside(first, end);
     bool isAnyNew = false;
     for (std::size_t index = first; index < end; ++index) {
@@ -128,7 +130,8 @@ void BindingListView::layOut() {
         }
     }
     for (const auto& [index, row] : present) {
-        row->setGeometry(0, static_cast<int>(index) * step + gap / 2, ground->width(), step - gap);
+        const int top = edge + static_cast<int>(index) * step + gap / 2;
+        row->setGeometry(0, top, ground->width(), step - gap);
         row->show();
     }
     if (isAnyNew) {
@@ -238,7 +241,7 @@ void BindingListView::announceSelection() {
 void BindingListView::scrollTo(std::size_t index) {
     QScrollBar& bar = *area->verticalScrollBar();
     const int top = static_cast<int>(index) * rowStep();
-    const int lowest = top + rowStep() - area->viewport()->height();
+    const int lowest = top + rowStep() + 2 * edge - area->viewport()->height();
     bar.setValue(std::clamp(bar.value(), std::min(lowest, top), top));
 }
 
