@@ -22,8 +22,8 @@ namespace {
 
 constexpr int sidePadding = 20;
 constexpr int titlePadding = 14;
-constexpr int titleGap = 10;
-constexpr int sectionGap = 12;
+constexpr int titleGap = 8;
+constexpr int sectionGap = 10;
 constexpr int buttonPadding = 11;
 
 } // namespace
