@@ -8,6 +8,7 @@
 #include "screenshots/scene.h"
 
 #include <QImage>
+#include <QSize>
 #include <filesystem>
 #include <string>
 #include <vector>

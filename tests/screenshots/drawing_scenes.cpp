@@ -3,7 +3,6 @@
 #include "screenshots/scene.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"
-#include "ui/demo/still_moment.h"
 #include "ui/theme/application_icon.h"
 #include "ui/theme/symbol.h"
 #include "ui/theme/template_icon.h"
@@ -11,7 +10,9 @@
 
 #include <QDir>
 #include <QPainter>
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace glidemap::screenshots {
 
@@ -43,9 +44,22 @@ constexpr int frameGap = 6;
 constexpr int nameHeight = 20;
 constexpr int columns = 3;
 
-// Early and late in the motion, and the moment that stands for it where nothing moves.
+// Early, in the middle and late in that part of the loop in which fingers are clearly to be seen.
 std::array<double, 3> momentsOf(GestureType gesture) {
-    return {demo::loopDuration * 0.22, demo::loopDuration * 0.42, demo::stillMoment(gesture)};
+    constexpr int samples = 104; // a fortieth of a second apart
+    std::vector<double> seen;
+    for (int sample = 0; sample < samples; ++sample) {
+        const double moment = demo::loopDuration * sample / samples;
+        const demo::Frame frame = demo::frame(gesture, moment);
+        const auto isClear = [](const demo::Finger& finger) {
+            return finger.opacity > 0.6;
+        };
+        if (std::ranges::any_of(frame.fingers, isClear)) {
+            seen.push_back(moment);
+        }
+    }
+    const std::size_t count = seen.size();
+    return {seen.at(count / 6), seen.at(count / 2), seen.at(count * 5 / 6)};
 }
 
 void drawDemonstration(QPainter& painter, GestureType gesture, QPoint at) {

@@ -143,7 +143,7 @@ std::vector<Scene> editorScenes() {
         editor("gone", "An application that does not run now, with a long name", leaveIt,
                applicationThatIsGone()),
         editor("gestures", "The gestures by category", openGestures, {}, true),
-        editor("gestures-found", "The gestures that a search has found", search("swipe", "轻扫")),
+        editor("gestures-found", "The gestures that a search has found", search("swipe", "滑")),
         editor("gestures-none", "A search that finds nothing", search("wink", "眨眼")),
         editor("click-warning", "A click that is taken from the system", warnOfClick),
     };

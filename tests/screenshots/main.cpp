@@ -11,6 +11,7 @@
 #include "screenshots/album.h"
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
+#include "ui/theme/application_icon.h"
 
 #include <gtest/gtest.h>
 
@@ -60,10 +61,18 @@ bool useDisplayInMemory(const QTemporaryDir& folder) {
     return description.good();
 }
 
+// What a display in memory cannot do is of no concern to pictures.
+void passOn(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
+    if (!message.startsWith("This plugin does not support")) {
+        std::cerr << message.toStdString() << '\n';
+    }
+}
+
 // Nothing that differs from machine to machine or moves on its own.
 void settleAppearance(QApplication& application) {
     QApplication::setFont(QFont("Inter"));
     QApplication::setCursorFlashTime(0);
+    QApplication::setWindowIcon(applicationIcon());
     Theme::shared().applyTo(application);
     Theme::shared().pinReducedMotion(true);
     Theme::shared().pinCompositing(true);
@@ -120,6 +129,7 @@ int main(int count, char** arguments) {
         std::cerr << "glidemap-screenshots: no room for temporary files\n";
         return EXIT_FAILURE;
     }
+    qInstallMessageHandler(passOn);
     QApplication application(count, arguments);
     QStringList left = QApplication::arguments().mid(1);
     const bool brief = left.removeAll("--brief") > 0;

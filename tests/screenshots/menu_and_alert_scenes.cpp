@@ -1,5 +1,7 @@
+#include "app/alert.h"
 #include "app/app_delegate.h"
-#include "app/update_alert.h"
+#include "app/no_status_bar.h"
+#include "app/update_outcome.h"
 #include "kit/engine_stage.h"
 #include "kit/recording_click_tap.h"
 #include "screenshots/photograph.h"
@@ -97,23 +99,31 @@ QImage pictureOfMenu(const MenuState& state) {
     return photographTogether({&menu});
 }
 
-QImage pictureOfAlert(const UpdateResult& result, bool overWindow) {
-    SettingsStage stage;
-    QWidget* const window = overWindow ? &stage.open() : nullptr;
-    UpdateAlert alert(updateAlertText(result, "1.0.0", Lang::shared()), window);
+QImage pictureOfAlert(const AlertText& text) {
+    Alert alert(text);
     alert.show();
-    settle();
-    return overWindow ? photographWithAllAbove(*window) : photographTogether({&alert});
+    return photographTogether({&alert});
+}
+
+QImage pictureOfOutcome(const UpdateResult& result) {
+    return pictureOfAlert(updateOutcome(result, "1.0.0", Lang::shared()));
+}
+
+QImage pictureOfOutcomeOverWindow(const UpdateResult& result) {
+    SettingsStage stage;
+    SettingsWindow& window = stage.open();
+    Alert alert(updateOutcome(result, "1.0.0", Lang::shared()), &window);
+    alert.show();
+    return photographWithAllAbove(window);
 }
 
 Scene menu(const char* name, const char* caption, const MenuState& state, bool inBrief = false) {
     return {"Status menu", name, caption, [state] { return pictureOfMenu(state); }, inBrief};
 }
 
-Scene alert(const char* name, const char* caption, const UpdateResult& result,
-            bool overWindow = false, bool inBrief = false) {
-    return {"Alerts", name, caption,
-            [result, overWindow] { return pictureOfAlert(result, overWindow); }, inBrief};
+Scene alert(const char* name, const char* caption, std::function<QImage()> paint,
+            bool inBrief = false) {
+    return {"Alerts", name, caption, std::move(paint), inBrief};
 }
 
 } // namespace
@@ -124,10 +134,15 @@ std::vector<Scene> menuAndAlertScenes() {
         menu("on", "Gestures on", {}, true),
         menu("off", "Gestures off, the pointer over the settings", {.isOn = false, .hovered = 2}),
         menu("update", "A newer version is known", {.published = "1.2.0"}, true),
-        alert("update-newer", "A newer version", newer, false, true),
-        alert("update-none", "No newer version", std::optional<std::string>()),
-        alert("update-failed", "The check failed", UpdateError{}),
-        alert("update-over-window", "Over the settings window", newer, true),
+        alert(
+            "update-newer", "A newer version", [newer] { return pictureOfOutcome(newer); }, true),
+        alert("update-none", "No newer version",
+              [] { return pictureOfOutcome(std::optional<std::string>()); }),
+        alert("update-failed", "The check failed", [] { return pictureOfOutcome(UpdateError{}); }),
+        alert("update-over-window", "Over the settings window",
+              [newer] { return pictureOfOutcomeOverWindow(newer); }),
+        alert("no-status-bar", "A desktop without a status bar",
+              [] { return pictureOfAlert(noStatusBarText(Lang::shared())); }),
     };
 }
 

@@ -1,5 +1,6 @@
 #include "screenshots/photograph.h"
 
+#include "ui/theme/style/shadow.h"
 #include "ui/theme/theme.h"
 
 #include <QApplication>
@@ -53,7 +54,11 @@ QImage photographTogether(const QList<QWidget*>& windows) {
     image.fill(desktopColor());
     QPainter painter(&image);
     for (QWidget* const window : windows) {
-        painter.drawImage(window->geometry().topLeft() - desktop.topLeft(), photograph(*window));
+        const QPoint place = window->geometry().topLeft() - desktop.topLeft();
+        if (!window->testAttribute(Qt::WA_TranslucentBackground)) { // else it brings its own
+            style::drawShadow(painter, QRect(place, window->size()), 0);
+        }
+        painter.drawImage(place, photograph(*window));
     }
     return image;
 }
