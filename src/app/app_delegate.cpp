@@ -209,6 +209,7 @@ QWidget* AppDelegate::windowForAlerts() const {
 void AppDelegate::sayThatThereIsNoStatusBar() {
     noStatusBar = std::make_unique<Alert>(noStatusBarText(*ports.lang));
     noStatusBar->setModal(false);
+    noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // nothing that cannot wait
     noStatusBar->show();
 }
 

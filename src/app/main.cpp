@@ -110,10 +110,12 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
     constexpr const char* installedIcon = "org.glidemap.Glidemap-symbolic";
-    return std::make_unique<StatusItem>(statusBar, [](StatusBar::Kind kind) {
+    auto item = std::make_unique<StatusItem>(statusBar, [](StatusBar::Kind kind) {
         return kind == StatusBar::Kind::drawsItself ? themedTemplateIcon(installedIcon, symbol)
                                                     : drawnTemplateIcon(symbol);
     });
+    item->redrawOn(Theme::shared().changes());
+    return item;
 }
 
 std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& shown) {

@@ -36,10 +36,12 @@ void StatusItem::menuHasChanged() {
     }
 }
 
-void StatusItem::redraw() {
-    if (item != nullptr) {
-        item->setIcon(icon(kind));
-    }
+void StatusItem::redrawOn(Observable& changes) {
+    toLook = changes.subscribe({}, [this] {
+        if (item != nullptr) {
+            item->setIcon(icon(kind));
+        }
+    });
 }
 
 // Once: the toolkit follows a bar that goes and comes back.

@@ -53,8 +53,8 @@ public:
     // has read it long before, and shows that while it waits to be told better, so it is told now.
     void menuHasChanged();
 
-    // Gives it the icon anew, after that has changed.
-    void redraw();
+    // Gives it the icon anew at each of these changes.
+    void redrawOn(Observable& changes);
 
 private:
     void appear();
@@ -67,6 +67,7 @@ private:
     bool wasMissed = false;
     QTimer patienceEnds;
     Subscription toBar;
+    Subscription toLook;
 };
 
 } // namespace glidemap

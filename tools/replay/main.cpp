@@ -4,6 +4,7 @@
 #include "bindings_file.h"
 #include "core/lang.h"
 #include "demonstration.h"
+#include "demonstration_folder.h"
 #include "options.h"
 #include "printer.h"
 #include "replay_driver.h"
@@ -44,6 +45,10 @@ Status playAll(const Options& options, const BindingList& bindings, ReplayDriver
 }
 
 int run(const Options& options) {
+    if (options.demonstrationFolder) {
+        const auto error = writeDemonstration(*options.demonstrationFolder, options.seed);
+        return error ? complain(*error, Status::failure) : exitCode(Status::success);
+    }
     Lang::shared().setCode(options.language);
     auto bindings = bindingsOf(options);
     if (const auto* unusable = std::get_if<UnusableBindings>(&bindings)) {

@@ -18,6 +18,7 @@ Nothing is done.
 
   glidemap-replay [OPTION]... FILE...
   glidemap-replay --demonstrate [--seed N] [--lang en|zh] [--json] [--real-time] [--stats]
+  glidemap-replay --write-demonstration FOLDER [--seed N]
 
 FILE is a recording by glidemap-record (JSON Lines), evemu or `libinput record`; - is standard
 input. Several files are independent runs, each preceded by its name.
@@ -43,6 +44,10 @@ input. Several files are independent runs, each preceded by its name.
   --stats             in the end, print figures of the run to standard error
   --demonstrate       perform each of the 44 gestures that contacts alone can make, as a hand would,
                       and print what was recognised
+  --write-demonstration FOLDER
+                      write the same performances into FOLDER/recording.jsonl, and bindings that do
+                      nothing into FOLDER/Glidemap/bindings.json unless there are some, and print
+                      nothing: with them the program can be shown without a touchpad
   --seed N            another way to perform them (1)
   --help              print this
 
@@ -62,6 +67,7 @@ constexpr std::array longOptions = {
     option{"real-time", no_argument, nullptr, 'r'},
     option{"stats", no_argument, nullptr, 's'},
     option{"demonstrate", no_argument, nullptr, 'm'},
+    option{"write-demonstration", required_argument, nullptr, 'w'},
     option{"seed", required_argument, nullptr, 'n'},
     option{"help", no_argument, nullptr, 'h'},
     option{nullptr, 0, nullptr, 0},
@@ -111,10 +117,14 @@ std::optional<UsageError> check(const Options& options, bool hasSeed) {
     if (options.demonstrate && options.bindingsFile) {
         return UsageError{"--demonstrate runs no bindings"};
     }
-    if (hasSeed && !options.demonstrate) {
-        return UsageError{"--seed goes with --demonstrate"};
+    const bool performs = options.demonstrate || options.demonstrationFolder;
+    if (hasSeed && !performs) {
+        return UsageError{"--seed goes with --demonstrate or --write-demonstration"};
     }
-    if (!options.demonstrate && options.files.empty()) {
+    if (options.demonstrationFolder && (options.demonstrate || !options.files.empty())) {
+        return UsageError{"--write-demonstration plays nothing"};
+    }
+    if (!performs && options.files.empty()) {
         return UsageError{"no recording named"};
     }
     return std::nullopt;
@@ -167,6 +177,9 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
             break;
         case 'm':
             options.demonstrate = true;
+            break;
+        case 'w':
+            options.demonstrationFolder = optarg;
             break;
         case 'n':
             hasSeed = true;

@@ -13,7 +13,7 @@ constexpr const char* maximizedKey = "maximized";
 
 std::optional<int> number(const QSettings& settings, const char* key) {
     bool isNumber = false;
-    const int value = settings.value(key).toInt(&isNumber);
+    const int value = settings.value(key).toString().toInt(&isNumber);
     return isNumber ? std::optional(value) : std::nullopt;
 }
 

@@ -97,7 +97,8 @@ Reply replyOn(int socket, Clock::time_point deadline) {
 
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
-    const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    // Never waits to be let in: where too many wait already, nobody is being let in.
+    const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!connectTo(client.number, socketFile) || !sendAll(client.number, line(request))) {
         return Reply::nobodyThere;
     }
@@ -124,6 +125,7 @@ struct SingleInstance::Listener {
         if (client.canReadLine()) {
             asked(requestIn(client.readLine()));
             client.write(answer);
+            client.flush(); // the program may be about to end
             client.disconnectFromServer();
         } else if (client.bytesAvailable() >= longestRequest) {
             client.abort();
@@ -157,12 +159,10 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
             return Claim::first;
         }
         const Reply reply = ask(socketFile, request, deadline);
-        if (reply == Reply::given) {
-            return Claim::shown;
+        if (reply != Reply::nobodyThere) {
+            return reply == Reply::given ? Claim::shown : Claim::unanswered;
         }
-        if (reply == Reply::nobodyThere) {
-            poll(nullptr, 0, attemptMilliseconds);
-        }
+        poll(nullptr, 0, attemptMilliseconds);
     } while (Clock::now() < deadline);
     return Claim::unanswered;
 }

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -21,7 +22,7 @@ using testing::IsEmpty;
 using Texts = std::vector<std::string>;
 
 GestureBinding binding(GestureType gesture, bool enabled = true) {
-    GestureBinding made{.gesture = gesture, .action = KeyShortcut{0, 0}};
+    GestureBinding made{.gesture = gesture, .action = KeyShortcut{0, 0}, .scope = GlobalScope{}};
     made.enabled = enabled;
     return made;
 }
@@ -30,6 +31,7 @@ GestureBinding binding(GestureType gesture, bool enabled = true) {
 class AppDelegateTest : public testing::Test {
 protected:
     void launch(BindingList bindings = {}) {
+        stage.reset(); // there is one at a time
         stage = std::make_unique<DelegateStage>(std::move(bindings));
         relaunch();
     }
@@ -323,8 +325,39 @@ TEST_F(AppDelegateTest, TheMainMenusKeysWorkInTheWindowInEnglishOnly) {
     EXPECT_EQ(items, (Texts{"Quit Glidemap Ctrl+Q", "Undo Ctrl+Z", "Redo Ctrl+Shift+Z",
                             "Cut Ctrl+X", "Copy Ctrl+C", "Paste Ctrl+V", "Select All Ctrl+A"}));
     stage->window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(stage->window));
     QTest::keyClick(stage->window.data(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
+}
+
+TEST_F(AppDelegateTest, TheEditMenuIsForWhateverHasTheKeyboard) {
+    launch();
+    const auto choose = [&](int place) {
+        stage->window->actions().at(place)->trigger();
+    };
+    constexpr int undo = 1;
+    constexpr int cut = 3;
+    constexpr int paste = 5;
+    constexpr int selectAll = 6;
+    QLineEdit field("hand", stage->window);
+    QWidget other(stage->window);
+    field.show();
+    stage->window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(stage->window));
+    field.setFocus();
+    choose(selectAll);
+    EXPECT_EQ(field.selectedText(), "hand");
+    choose(cut);
+    EXPECT_EQ(field.text(), "");
+    choose(paste);
+    EXPECT_EQ(field.text(), "hand");
+    choose(undo);
+    EXPECT_EQ(field.text(), "");
+    other.setFocusPolicy(Qt::StrongFocus);
+    other.show();
+    other.setFocus();
+    choose(paste); // it cannot
+    EXPECT_EQ(field.text(), "");
 }
 
 // The check that the user asks for. What is read here is the alert on the screen.
@@ -358,7 +391,11 @@ protected:
                     shown.buttons.push_back(button->text().toStdString());
                     chosen = shown.buttons.back() == press ? button : chosen;
                 }
-                chosen != nullptr ? chosen->click() : box.close();
+                if (chosen != nullptr) {
+                    chosen->click();
+                } else {
+                    box.close();
+                }
             });
         };
         stage->openChecks.clear();

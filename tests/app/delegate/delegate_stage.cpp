@@ -2,9 +2,20 @@
 
 #include <QAction>
 #include <QIcon>
+#include <QPixmap>
 #include <utility>
 
 namespace glidemap::test {
+
+namespace {
+
+QIcon anyIcon(StatusBar::Kind /*bar*/) {
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::black);
+    return pixmap;
+}
+
+} // namespace
 
 DelegateStage* DelegateStage::current = nullptr;
 
@@ -74,7 +85,7 @@ TouchDriverPlatform DelegateStage::driver() {
                                                  (asks ? "" : ", nobody knows of double taps"));
                         return 0;
                     },
-                    [](driver::DeviceList, long) -> driver::Device {
+                    [](driver::DeviceList, long) -> const void* {
                         return nullptr;
                     }};
             }};
@@ -96,8 +107,7 @@ DelegateStage::~DelegateStage() {
 
 std::unique_ptr<StatusItem> DelegateStage::makeStatusItem() {
     notes.emplace_back("status item");
-    auto made = std::make_unique<StatusItem>(
-        statusBar, [](StatusBar::Kind) { return QIcon(); }, patienceForBar);
+    auto made = std::make_unique<StatusItem>(statusBar, anyIcon, patienceForBar);
     statusItem = made.get();
     return made;
 }

@@ -1,0 +1,144 @@
+#include "kit/in_environment.h"
+#include "kit/queued_main_queue.h"
+#include "platform/linux/helper/gnome_desktop_helper.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <thread>
+
+namespace glidemap {
+namespace {
+
+using Extension = GnomeExtension::State;
+using State = DesktopHelper::State;
+
+class GnomeDesktopHelperTest : public testing::Test {
+protected:
+    std::unique_ptr<GnomeDesktopHelper> helper() {
+        auto made = std::make_unique<GnomeDesktopHelper>(
+            GnomeDesktopHelper::Shell{[this] { return answer(); },
+                                      [this] {
+                                          threads.push_back(std::this_thread::get_id());
+                                          return failure;
+                                      }},
+            queue);
+        return made;
+    }
+
+    GnomeExtension::Status answer() {
+        threads.push_back(std::this_thread::get_id());
+        return status;
+    }
+
+    // Until the shell's answer has come and been heard.
+    void hear() const {
+        while (!queue->runNext()) {
+            std::this_thread::yield();
+        }
+    }
+
+    std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
+    GnomeExtension::Status status;
+    std::optional<std::string> failure;
+    std::vector<std::thread::id> threads;
+};
+
+TEST_F(GnomeDesktopHelperTest, WhatTheShellSaysIsWhatTheUserIsOffered) {
+    struct Row {
+        GnomeExtension::Status status;
+        State state;
+        std::optional<std::string> error;
+    };
+    const Row rows[] = {
+        {{Extension::noShell, ""}, State::notNeeded, std::nullopt},
+        {{Extension::on, ""}, State::notNeeded, std::nullopt},
+        {{Extension::missing, ""}, State::missing, std::nullopt},
+        {{Extension::off, ""}, State::missing, std::nullopt},
+        {{Extension::atNextLogin, ""}, State::atNextLogin, std::nullopt},
+        {{Extension::failed, "it is broken"}, State::failed, "it is broken"},
+    };
+    for (const Row& row : rows) {
+        status = row.status;
+        const auto made = helper();
+        EXPECT_EQ(made->state(), State::notNeeded);
+        hear();
+        EXPECT_EQ(made->state(), row.state);
+        EXPECT_EQ(made->lastError(), row.error);
+    }
+}
+
+TEST_F(GnomeDesktopHelperTest, InstallingIsAnnouncedAndThenLookedAt) {
+    status = {Extension::missing, ""};
+    const auto made = helper();
+    hear();
+    std::vector<State> seen;
+    const auto toHelper = made->changes().subscribe({}, [&] { seen.push_back(made->state()); });
+    status = {Extension::atNextLogin, ""};
+    made->install();
+    made->install(); // one is under way
+    hear();
+    EXPECT_EQ(seen, (std::vector{State::installing, State::atNextLogin}));
+    EXPECT_EQ(queue->waiting(), 0U);
+}
+
+TEST_F(GnomeDesktopHelperTest, AFailureIsInTheShellsWordsUntilTheNextAttempt) {
+    status = {Extension::missing, ""};
+    const auto made = helper();
+    hear();
+    failure = "no space left";
+    made->install();
+    hear();
+    EXPECT_EQ(made->state(), State::failed);
+    EXPECT_EQ(made->lastError(), "no space left");
+    failure = std::nullopt;
+    status = {Extension::on, ""};
+    made->install();
+    EXPECT_EQ(made->lastError(), std::nullopt);
+    hear();
+    EXPECT_EQ(made->state(), State::notNeeded);
+}
+
+TEST_F(GnomeDesktopHelperTest, TheMainThreadNeverWaitsForTheShell) {
+    const auto made = helper();
+    hear();
+    made->install();
+    hear();
+    EXPECT_EQ(threads.size(), 3U);
+    for (const auto thread : threads) {
+        EXPECT_NE(thread, std::this_thread::get_id());
+    }
+}
+
+TEST_F(GnomeDesktopHelperTest, AnAnswerThatComesTooLateIsHeardByNobody) {
+    status = {Extension::missing, ""};
+    helper().reset();
+    ASSERT_EQ(queue->waiting(), 1U);
+    queue->runAll();
+}
+
+TEST(GnomeDesktopHelperOfThisSession, IsThereOnGnomeUnderWaylandOnly) {
+    struct Row {
+        const char* names;
+        const char* wayland;
+        bool isThere;
+    };
+    const Row rows[] = {
+        {"GNOME", "wayland-0", true},
+        {"ubuntu:GNOME", "wayland-0", true},
+        {"GNOME", nullptr, false},
+        {"KDE", "wayland-0", false},
+        {"GNOME-Flashback:GNOMEish", "wayland-0", false},
+        {nullptr, "wayland-0", false},
+    };
+    const test::InEnvironment noBus("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
+    for (const Row& row : rows) {
+        const test::InEnvironment names("XDG_CURRENT_DESKTOP", row.names);
+        const test::InEnvironment wayland("WAYLAND_DISPLAY", row.wayland);
+        const auto queue = std::make_shared<kit::QueuedMainQueue>();
+        EXPECT_EQ(GnomeDesktopHelper::ofThisSession(queue) != nullptr, row.isThere);
+    }
+}
+
+} // namespace
+} // namespace glidemap

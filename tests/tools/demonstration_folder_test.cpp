@@ -1,0 +1,74 @@
+// What glidemap-replay --write-demonstration writes.
+
+#include "choreography/performance.h"
+#include "kit/temporary_folder.h"
+#include "replay_program.h"
+
+#include <gmock/gmock.h>
+
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace glidemap::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+std::vector<std::string> gesturesIn(const std::string& lines) {
+    static const std::regex gesture(R"re("gesture":"([A-Za-z]+)","delivered":true)re");
+    std::vector<std::string> found;
+    for (auto match = std::sregex_iterator(lines.begin(), lines.end(), gesture);
+         match != std::sregex_iterator(); ++match) {
+        found.push_back((*match)[1]);
+    }
+    return found;
+}
+
+class DemonstrationFolder : public testing::Test {
+protected:
+    Ended write() const { return replay({"--write-demonstration", folder.path()}); }
+    std::filesystem::path recording() const { return folder.path() / "recording.jsonl"; }
+    std::filesystem::path bindings() const { return folder.path() / "Glidemap/bindings.json"; }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(DemonstrationFolder, theRecordingHoldsEveryPerformableGestureOnce) {
+    EXPECT_EQ(write(), (Ended{0, "", ""}));
+    std::vector<std::string> expected;
+    for (const GestureType gesture : performableGestures()) {
+        expected.emplace_back(rawValue(gesture));
+    }
+    const Ended played =
+        replay({"--json", "--double-tap=2", "--double-tap=3", "--double-tap=4", recording()});
+    EXPECT_EQ(gesturesIn(played.output), expected);
+}
+
+TEST_F(DemonstrationFolder, itsBindingsDoNothing) {
+    write();
+    const std::string text = contentOf(bindings());
+    EXPECT_THAT(text, HasSubstr("\"enabled\": false"));
+    const Ended played = replay({"--json", "--bindings", bindings(), recording()});
+    EXPECT_EQ(played.status, 0);
+    EXPECT_THAT(played.output, Not(HasSubstr("perform")));
+    EXPECT_THAT(played.output, Not(HasSubstr("keyEvent")));
+}
+
+TEST_F(DemonstrationFolder, bindingsThatAreThereStay) {
+    folder.write("Glidemap/bindings.json", "[]");
+    EXPECT_EQ(write().status, 0);
+    EXPECT_EQ(contentOf(bindings()), "[]");
+}
+
+TEST_F(DemonstrationFolder, aFolderThatCannotBeMadeIsAFailure) {
+    folder.write("file", "");
+    const std::string below = folder.path() / "file/folder";
+    const Ended ended = replay({"--write-demonstration", below});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.errors, "glidemap-replay: " + below + "/recording.jsonl cannot be written\n");
+}
+
+} // namespace
+} // namespace glidemap::test
