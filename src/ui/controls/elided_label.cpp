@@ -26,8 +26,11 @@ ElidedLabel::ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent)
 
 QSize ElidedLabel::withMargins(int textWidth) const {
     const QMargins margins = contentsMargins();
+    // Letters that come from another font, such as Chinese ones, may need a higher line.
+    const int lineHeight =
+        std::max(fontMetrics().height(), fontMetrics().size(Qt::TextSingleLine, text()).height());
     return {textWidth + margins.left() + margins.right(),
-            fontMetrics().height() + margins.top() + margins.bottom()};
+            lineHeight + margins.top() + margins.bottom()};
 }
 
 QSize ElidedLabel::sizeHint() const {
