@@ -52,7 +52,7 @@ void ActivityFooter::showGesture(const GestureLogEntry* newest, const Lang& lang
     gesture->setRole(newest != nullptr ? Role::primary : Role::secondary);
     gesture->setText(toQt(
         newest != nullptr
-            ? lang.choose("Last gesture: ", "最近手势：") + displayName(newest->gesture)
+            ? lang.choose("Last gesture: ", "最近手势：") + displayName(newest->gesture, lang)
             : lang.choose("Try drawing a circle on the trackpad…", "在触控板上试试画一个圆…")));
 }
 

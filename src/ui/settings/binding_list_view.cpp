@@ -31,6 +31,11 @@ int rowStep() {
     return BindingRow::usualHeight() + gap;
 }
 
+bool hasFocusInside(const BindingRow& row) {
+    const QWidget* const focus = row.window()->focusWidget();
+    return focus != nullptr && row.isAncestorOf(focus);
+}
+
 bool isByKeyboard(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
            reason == Qt::ShortcutFocusReason;
@@ -68,7 +73,7 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
 }
 
 void BindingListView::setBindings(std::shared_ptr<const BindingList> list) {
-    if (bindings != nullptr && *bindings == *list) {
+    if (bindings == list || (bindings != nullptr && *bindings == *list)) {
         return;
     }
     const auto before = std::exchange(bindings, std::move(list));
@@ -95,7 +100,8 @@ void BindingListView::carryRowsOver(const BindingList& next) {
             row->setBinding(next[*place]);
             continue;
         }
-        hadFocus = hadFocus || row->isAncestorOf(focusWidget());
+        row->closePreview(); // which gives the focus back to the row
+        hadFocus = hadFocus || hasFocusInside(*row);
         discard(row);
     }
     if (hadFocus) {
@@ -144,7 +150,7 @@ void BindingListView::layOut() {
 void BindingListView::dropRowsOutside(std::size_t first, std::size_t end) {
     std::erase_if(present, [&](const auto& entry) {
         const auto& [index, row] = entry;
-        const bool hasFocus = focusWidget() != nullptr && row->isAncestorOf(focusWidget());
+        const bool hasFocus = hasFocusInside(*row);
         const bool goes =
             index >= bindings->size() || ((index < first || index >= end) && !hasFocus);
         if (goes) {
@@ -182,9 +188,7 @@ BindingRow* BindingListView::makeRow(std::size_t index) {
 
 // Later, because it may be one of its own buttons that asks for it.
 void BindingListView::discard(BindingRow* row) {
-    if (row->showsPreview()) {
-        row->togglePreview();
-    }
+    row->closePreview();
     row->onFocusInside = {};
     row->setParent(nullptr);
     row->deleteLater();
@@ -204,9 +208,7 @@ void BindingListView::putInOrder() {
 
 void BindingListView::closePreviews() {
     for (const auto& [index, row] : present) {
-        if (row->showsPreview()) {
-            row->togglePreview();
-        }
+        row->closePreview();
     }
 }
 

@@ -21,7 +21,8 @@ namespace {
 
 constexpr int spacing = 12;
 constexpr int verticalPadding = 4;
-constexpr int horizontalPadding = 10;
+constexpr int horizontalPadding = 6;
+constexpr int ringRoom = 4; // for the ring of a control that has the focus
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
@@ -32,7 +33,8 @@ constexpr double cornerRadius = 7;
 // Scripts differ in height, and a list whose rows differed, too, would look restless.
 int lineHeight(TextStyle style) {
     const QFontMetrics metrics(Theme::shared().font(style));
-    return std::max(metrics.height(), metrics.boundingRect(QStringLiteral("Ág国⌘")).height());
+    return std::max(metrics.height(),
+                    metrics.size(Qt::TextSingleLine, QStringLiteral("Ág国⌘")).height());
 }
 
 bool isReturn(const QEvent& event) {
@@ -71,7 +73,7 @@ BindingRow::BindingRow(GestureBinding given, Callbacks calledBack, const Lang& l
     dimming->setOpacity(opacityWhenDisabled);
     content->setGraphicsEffect(dimming);
     auto* layout = new QHBoxLayout(content);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(ringRoom, 0, ringRoom, 0);
     layout->setSpacing(spacing);
     makeSwitch(*layout);
     makeTexts(*layout);
@@ -90,9 +92,11 @@ void BindingRow::makeSwitch(QHBoxLayout& layout) {
     enabled = new QCheckBox(content);
     enabled->setObjectName("enabled");
     // The list says what the state is, once it is stored.
-    connect(enabled, &QCheckBox::clicked, this, [this](bool on) {
-        enabled->setChecked(shown.enabled);
-        callbacks.onToggle(on);
+    connect(enabled, &QCheckBox::toggled, this, [this](bool on) {
+        if (on != shown.enabled) {
+            enabled->setChecked(shown.enabled);
+            callbacks.onToggle(on);
+        }
     });
     layout.addWidget(enabled);
     preview = new SymbolButton(symbolName(shown.gesture), Role::accent, content);
@@ -148,7 +152,7 @@ void BindingRow::setBinding(GestureBinding binding) {
 
 void BindingRow::retitle() {
     enabled->setChecked(shown.enabled);
-    gestureName->setText(toQt(displayName(shown.gesture)));
+    gestureName->setText(toQt(displayName(shown.gesture, lang)));
     actionText->setText(toQt(displayString(shown.action, lang)));
     scopeBadge->setText(toQt(displayString(shown.scope, lang)));
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
@@ -156,7 +160,7 @@ void BindingRow::retitle() {
     dim();
     nameForAssistance();
     if (showsPreview()) {
-        previewed->setGesture(shown.gesture);
+        previewed->setGesture(shown.gesture, lang);
         popover->setAccessibleName(gestureName->text());
     }
 }
@@ -168,7 +172,7 @@ void BindingRow::dim() {
 
 // Every row has the same controls, so each name says whose they are.
 void BindingRow::nameForAssistance() {
-    const std::string gesture = displayName(shown.gesture);
+    const std::string gesture = displayName(shown.gesture, lang);
     const auto name = [&](const char* english, const char* chinese) {
         return toQt(lang.choose(english + (" " + gesture), chinese + ("「" + gesture + "」")));
     };
@@ -192,7 +196,7 @@ void BindingRow::togglePreview() {
         closePreview();
         return;
     }
-    previewed = new GesturePreview(shown.gesture);
+    previewed = new GesturePreview(shown.gesture, lang);
     popover = new Popover(preview, previewed);
     popover->setObjectName("gesturePreview");
     popover->setAccessibleName(gestureName->text());

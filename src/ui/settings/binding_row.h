@@ -53,6 +53,7 @@ public:
 
     bool showsPreview() const { return !popover.isNull(); }
     void togglePreview();
+    void closePreview();
 
     // A ring is drawn around the selected row while keys go to it.
     enum class Selection { none, selected, selectedWithFocus };
@@ -77,7 +78,6 @@ private:
     void makeSwitch(QHBoxLayout& layout);
     void makeTexts(QHBoxLayout& layout);
     void makeButtons(QHBoxLayout& layout);
-    void closePreview();
     void dim();
     void nameForAssistance();
 

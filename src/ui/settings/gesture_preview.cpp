@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-GesturePreview::GesturePreview(GestureType gesture, QWidget* parent)
+GesturePreview::GesturePreview(GestureType gesture, const Lang& lang, QWidget* parent)
     : QWidget(parent), name(new StyledLabel(TextStyle::headline, Role::primary, this)),
       demo(new GestureDemoView(gesture, this)),
       detail(new StyledLabel(TextStyle::caption, Role::secondary, this)) {
@@ -26,15 +26,15 @@ GesturePreview::GesturePreview(GestureType gesture, QWidget* parent)
     for (QWidget* part : std::initializer_list<QWidget*>{name, demo, detail}) {
         layout->addWidget(part);
     }
-    setGesture(gesture);
+    setGesture(gesture, lang);
 }
 
-void GesturePreview::setGesture(GestureType gesture) {
-    name->setText(toQt(displayName(gesture)));
+void GesturePreview::setGesture(GestureType gesture, const Lang& lang) {
+    name->setText(toQt(displayName(gesture, lang)));
     demo->setGesture(gesture);
     demo->setAccessibleName(name->text());
     // A label that wraps asks for a squarish place; its height follows from its width here.
-    detail->setText(toQt(glidemap::detail(gesture)));
+    detail->setText(toQt(glidemap::detail(gesture, lang)));
     for (QLabel* label : {name, detail}) {
         label->setFixedHeight(label->heightForWidth(demoSize.width()));
     }

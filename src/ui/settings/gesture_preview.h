@@ -7,6 +7,7 @@
 #pragma once
 
 #include "core/gesture_type.h"
+#include "core/lang.h"
 
 #include <QWidget>
 
@@ -19,10 +20,10 @@ class GesturePreview : public QWidget {
 public:
     static constexpr QSize demoSize{230, 150};
 
-    explicit GesturePreview(GestureType gesture, QWidget* parent = nullptr);
+    GesturePreview(GestureType gesture, const Lang& lang, QWidget* parent = nullptr);
 
-    // The texts are those of the language now.
-    void setGesture(GestureType gesture);
+    // The texts are those of the language at this moment.
+    void setGesture(GestureType gesture, const Lang& lang);
 
 private:
     StyledLabel* name;

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
@@ -71,7 +72,7 @@ void SettingsHeader::makeTitles() {
 void SettingsHeader::makeLaunchAtLogin(QHBoxLayout& layout) {
     launchAtLogin = new QCheckBox(this);
     launchAtLogin->setObjectName("launchAtLogin");
-    connect(launchAtLogin, &QCheckBox::clicked, this,
+    connect(launchAtLogin, &QCheckBox::toggled, this,
             [this](bool on) { tell(onLaunchAtLogin, on); });
     layout.addWidget(launchAtLogin);
 }
@@ -97,7 +98,7 @@ void SettingsHeader::makeLanguage(QHBoxLayout& layout) {
 void SettingsHeader::makeEnabled(QHBoxLayout& layout) {
     enabled = new Switch(this);
     enabled->setObjectName("enabled");
-    connect(enabled, &QCheckBox::clicked, this, [this](bool on) { tell(onEnabled, on); });
+    connect(enabled, &QCheckBox::toggled, this, [this](bool on) { tell(onEnabled, on); });
     layout.addWidget(enabled);
 }
 
@@ -116,10 +117,12 @@ void SettingsHeader::makeAddBinding(QHBoxLayout& layout) {
 }
 
 void SettingsHeader::setLaunchesAtLogin(bool on) {
+    const QSignalBlocker quiet(launchAtLogin);
     launchAtLogin->setChecked(on);
 }
 
 void SettingsHeader::setEnabledSwitch(bool on) {
+    const QSignalBlocker quiet(enabled);
     enabled->setChecked(on);
 }
 

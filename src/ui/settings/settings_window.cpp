@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace glidemap {
@@ -13,7 +14,13 @@ namespace {
 // How much of the window's upper edge has to be on a screen for a hand to get hold of it.
 constexpr QSize handle{120, 40};
 
+// No desktop is larger; beyond, sums of places and sizes would overflow.
+constexpr int farthest = 1'000'000;
+
 bool canBeReached(const QRect& window) {
+    if (std::abs(window.x()) > farthest || std::abs(window.y()) > farthest) {
+        return false;
+    }
     const QRect upperEdge(window.topLeft(), QSize(window.width(), handle.height()));
     return std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* screen) {
         const QRect seen = screen->availableGeometry().intersected(upperEdge);
