@@ -3,47 +3,69 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
+
 namespace glidemap {
+
+static void PrintTo(const WindowGeometry& geometry, std::ostream* stream) {
+    *stream << geometry.width << "×" << geometry.height << " at " << geometry.x << ", "
+            << geometry.y << (geometry.maximized ? ", maximized" : "");
+}
+
 namespace {
+
+namespace fs = std::filesystem;
 
 class QtWindowGeometryTest : public testing::Test {
 protected:
-    QtWindowGeometry store() const { return QtWindowGeometry(file); }
-
-    test::TemporaryFolder folder;
-    const std::filesystem::path file = folder.path() / "glidemap" / "window.ini";
+    test::TemporaryFolder temporary;
+    const fs::path file = temporary.path() / "glidemap" / "window.ini";
 };
 
-TEST_F(QtWindowGeometryTest, AFirstLaunchRemembersNothingAndWritesNothing) {
-    EXPECT_EQ(store().read(), std::nullopt);
-    EXPECT_FALSE(std::filesystem::exists(file));
+TEST_F(QtWindowGeometryTest, AFirstLaunchKnowsNothingAndWritesNothing) {
+    EXPECT_EQ(QtWindowGeometry(file).read(), std::nullopt);
+    EXPECT_FALSE(fs::exists(file));
 }
 
 TEST_F(QtWindowGeometryTest, WhatIsWrittenIsThereAtTheNextLaunch) {
-    for (const WindowGeometry& geometry :
-         {WindowGeometry{10, 20, 720, 520, false}, WindowGeometry{-1900, -5, 900, 700, true}}) {
-        store().write(geometry);
-        EXPECT_EQ(store().read(), geometry);
+    const WindowGeometry rows[] = {
+        {10, 20, 720, 520, false}, {-1500, -3, 680, 480, true}, {0, 0, 1, 1, false}};
+    for (const WindowGeometry& geometry : rows) {
+        QtWindowGeometry(file).write(geometry);
+        EXPECT_EQ(QtWindowGeometry(file).read(), geometry);
+    }
+}
+
+TEST_F(QtWindowGeometryTest, NonsenseIsNothing) {
+    const std::string rows[] = {
+        "",
+        "[General]\nx=1\ny=2\nwidth=700\n",
+        "[General]\nx=one\ny=2\nwidth=700\nheight=500\n",
+        "[General]\nx=1\ny=2\nwidth=0\nheight=500\n",
+        "[General]\nx=1\ny=2\nwidth=700\nheight=-500\n",
+        "[General]\nx=1, 5\ny=2\nwidth=700\nheight=500\n",
+        "[General]\nx=1\ny=99999999999999999999\nwidth=700\nheight=500\n",
+        "[General]\nx=@Rect(1 2 3 4)\ny=2\nwidth=700\nheight=500\n",
+        std::string("\0\xff\xfe[[[", 6),
+    };
+    for (const std::string& content : rows) {
+        temporary.write("glidemap/window.ini", content);
+        EXPECT_EQ(QtWindowGeometry(file).read(), std::nullopt) << content;
     }
 }
 
 TEST_F(QtWindowGeometryTest, TheSamePlaceIsNotWrittenAgain) {
-    store().write({10, 20, 720, 520, false});
-    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
-    const auto written = std::filesystem::last_write_time(file);
-    store().write({10, 20, 720, 520, false});
-    EXPECT_EQ(std::filesystem::last_write_time(file), written);
+    QtWindowGeometry(file).write({10, 20, 720, 520, false});
+    const auto written = fs::last_write_time(file);
+    QtWindowGeometry(file).write({10, 20, 720, 520, false});
+    EXPECT_EQ(fs::last_write_time(file), written);
 }
 
-TEST_F(QtWindowGeometryTest, WhatMakesNoSenseIsNothing) {
-    for (const char* text :
-         {"", "nonsense", "[General]\nx=1\ny=2\nwidth=3\n",
-          "[General]\nx=1\ny=2\nwidth=wide\nheight=4\n", "[General]\nx=1\ny=2\nwidth=0\nheight=4\n",
-          "[General]\nx=1\ny=2\nwidth=3\nheight=-4\n",
-          "[General]\nx=1\ny=99999999999\nwidth=3\nheight=4\n"}) {
-        folder.write("glidemap/window.ini", text);
-        EXPECT_EQ(store().read(), std::nullopt) << text;
-    }
+TEST_F(QtWindowGeometryTest, WhatCannotBeWrittenIsLostSilently) {
+    temporary.write("glidemap", "a file where the folder would be");
+    QtWindowGeometry(file).write({1, 2, 700, 500, false});
+    EXPECT_EQ(QtWindowGeometry(file).read(), std::nullopt);
 }
 
 } // namespace
