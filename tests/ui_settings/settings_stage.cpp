@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QLayoutItem>
 #include <QTest>
 #include <cmath>
 #include <utility>
@@ -56,8 +57,14 @@ SettingsWindow& SettingsStage::open() {
     return open(SettingsWindow::contentSize);
 }
 
-SettingsWindow& SettingsStage::open(QSize size) {
+SettingsWindow& SettingsStage::make() {
+    opened.reset();
     opened = std::make_unique<SettingsWindow>(services(), geometry);
+    return *opened;
+}
+
+SettingsWindow& SettingsStage::open(QSize size) {
+    make();
     opened->resize(size);
     opened->show();
     opened->activateWindow();
@@ -122,10 +129,23 @@ void SettingsStage::publish(const std::string& version) {
     updates->check();
 }
 
-void SettingsStage::choose(const char* entry) const {
+void SettingsStage::choose(const char* code) const {
     auto* picker = find<QComboBox>("language");
     picker->setFocus();
-    QTest::keyClicks(picker, QString::fromUtf8(entry));
+    const int wanted = picker->findData(QString::fromUtf8(code));
+    QTest::keyClick(picker, wanted == 0 ? Qt::Key_Home : Qt::Key_End);
+}
+
+QString SettingsStage::rowText(std::size_t index, const char* name) const {
+    return row(index)->findChild<QLabel*>(name)->text();
+}
+
+void SettingsStage::clickInRow(std::size_t index, const char* name) const {
+    QTest::mouseClick(row(index)->findChild<QWidget*>(name), Qt::LeftButton);
+}
+
+QColor SettingsStage::pixel(const QWidget& of, QPoint at) const {
+    return opened->grab().toImage().pixelColor(of.mapTo(opened.get(), at));
 }
 
 GestureBinding bound(GestureType gesture, BindingAction action, BindingScope scope) {
@@ -156,8 +176,12 @@ bool fits(const QLabel& label) {
     if (label.wordWrap()) {
         return label.heightForWidth(label.width()) <= label.height();
     }
-    return label.fontMetrics().horizontalAdvance(label.text()) <= room.width() &&
-           label.sizeHint().height() <= label.height();
+    const QSize needed = label.fontMetrics().size(Qt::TextSingleLine, label.text());
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+QRect seenRect(const QWidget& widget) {
+    return QWidgetItem(const_cast<QWidget*>(&widget)).geometry();
 }
 
 bool looksLike(const QColor& seen, const QColor& tint, double opacity, const QColor& ground) {

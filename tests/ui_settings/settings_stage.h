@@ -106,7 +106,9 @@ public:
     explicit SettingsStage(std::shared_ptr<BindingStore> kept);
     ~SettingsStage();
 
-    // Makes the window and shows it, at its usual size or another.
+    // As the program makes it, not shown yet.
+    SettingsWindow& make();
+    // And shown, at its usual size or another.
     SettingsWindow& open();
     SettingsWindow& open(QSize size);
     void close();
@@ -133,7 +135,13 @@ public:
     void recognise(GestureType gesture, std::optional<std::string> application = std::nullopt);
     // As the update host would answer.
     void publish(const std::string& version);
-    void choose(const char* languageEntry) const;
+    // The language with this code, in the picker.
+    void choose(const char* code) const;
+
+    QString rowText(std::size_t index, const char* label) const;
+    void clickInRow(std::size_t index, const char* control) const;
+    // As it is seen in the window.
+    QColor pixel(const QWidget& of, QPoint at) const;
 
     std::shared_ptr<kit::RecordingUserDefaults> defaults =
         std::make_shared<kit::RecordingUserDefaults>();
@@ -167,6 +175,9 @@ BindingList manyBindings(std::size_t count);
 
 // Whether all of the text fits into the label as it is laid out now.
 bool fits(const QLabel& label);
+
+// Where it is seen: a control may reach beyond, for the ring of the focus.
+QRect seenRect(const QWidget& widget);
 
 // How far the opacity of a colour shows over a ground, within rounding.
 bool looksLike(const QColor& seen, const QColor& tint, double opacity, const QColor& ground);

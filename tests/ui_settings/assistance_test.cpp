@@ -1,0 +1,140 @@
+// What programs that read the window to the user are told.
+
+#include "ui/settings/binding_list_view.h"
+#include "ui_settings/settings_stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QLabel>
+#include <set>
+
+namespace glidemap {
+namespace {
+
+class AssistanceTest : public testing::Test {
+protected:
+    void SetUp() override { stage.open(); }
+
+    static QAccessibleInterface& described(QWidget* widget) {
+        return *QAccessible::queryAccessibleInterface(widget);
+    }
+    QAccessibleInterface& list() const { return described(stage.find("bindingList")); }
+    QString nameInRow(std::size_t row, const char* control) const {
+        return described(stage.row(row)->findChild<QWidget*>(control)).text(QAccessible::Name);
+    }
+
+    mutable test::SettingsStage stage{
+        {test::bound(GestureType::threeFingerTap, KeyShortcut{13, modifier::command}),
+         test::bound(GestureType::pinchIn, MissionControl{}, AppScope{"org.example", "Writer"})}};
+};
+
+TEST_F(AssistanceTest, TheBindingsAreAListOfItems) {
+    EXPECT_EQ(list().role(), QAccessible::List);
+    EXPECT_EQ(list().text(QAccessible::Name), "Bindings");
+    ASSERT_EQ(list().childCount(), 2);
+    const char* const names[] = {"Three-Finger Tap, Shortcut ⌘W, Global",
+                                 "Pinch In, Mission Control, Writer"};
+    for (int index = 0; index < 2; ++index) {
+        QAccessibleInterface* item = list().child(index);
+        EXPECT_EQ(item->role(), QAccessible::ListItem);
+        EXPECT_EQ(item->text(QAccessible::Name), names[index]);
+        EXPECT_EQ(list().indexOfChild(item), index);
+        EXPECT_EQ(item->parent()->object(), list().object());
+    }
+    EXPECT_EQ(list().child(2), nullptr);
+}
+
+TEST_F(AssistanceTest, TheSelectedItemHasTheFocusOfTheList) {
+    stage.find("bindingList")->setFocus(Qt::TabFocusReason);
+    stage.pressKey(Qt::Key_Down);
+    EXPECT_FALSE(list().child(0)->state().selected);
+    EXPECT_TRUE(list().child(1)->state().selected);
+    EXPECT_TRUE(list().child(1)->state().focused);
+    EXPECT_EQ(list().focusChild(), list().child(1));
+}
+
+TEST_F(AssistanceTest, TheControlsOfARowSayWhoseTheyAre) {
+    EXPECT_EQ(nameInRow(0, "enabled"), "Enable Three-Finger Tap");
+    EXPECT_EQ(nameInRow(0, "preview"), "Show gesture demo: Three-Finger Tap");
+    EXPECT_EQ(nameInRow(1, "edit"), "Edit Pinch In");
+    EXPECT_EQ(nameInRow(1, "delete"), "Delete Pinch In");
+    Lang::shared().setCode("zh");
+    EXPECT_EQ(nameInRow(0, "enabled"), "启用「三指轻点」");
+    EXPECT_EQ(nameInRow(0, "preview"), "查看手势演示：「三指轻点」");
+    EXPECT_EQ(nameInRow(1, "edit"), "编辑「两指捏合（收拢）」");
+    EXPECT_EQ(nameInRow(1, "delete"), "删除「两指捏合（收拢）」");
+    EXPECT_EQ(list().child(0)->text(QAccessible::Name), "三指轻点，快捷键 ⌘W，全局");
+}
+
+TEST_F(AssistanceTest, TheCheckBoxesTellWhatTheyAreSetTo) {
+    QAccessibleInterface& box = described(stage.row(0)->findChild<QWidget*>("enabled"));
+    EXPECT_EQ(box.role(), QAccessible::CheckBox);
+    EXPECT_TRUE(box.state().checked);
+    box.actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(stage.store->bindings()->front().enabled);
+    EXPECT_FALSE(box.state().checked);
+    described(stage.find("enabled"))
+        .actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(stage.dispatcher->masterEnabled());
+    described(stage.find("launchAtLogin"))
+        .actionInterface()
+        ->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(stage.loginItems->attempts, (std::vector<std::string>{"register"}));
+}
+
+TEST_F(AssistanceTest, TheLanguagePickerHasItsLabel) {
+    const auto* label = stage.find<QLabel>("languageLabel");
+    EXPECT_EQ(label->buddy(), stage.find("language"));
+    const auto labels = described(stage.find("language")).relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels[0].first->text(QAccessible::Name), "Language");
+}
+
+TEST_F(AssistanceTest, WhateverCanHaveTheFocusHasAName) {
+    stage.trust->trusted = false;
+    stage.helper->become(DesktopHelper::State::missing);
+    stage.publish("2.0.0");
+    for (const char* code : {"en", "zh"}) {
+        Lang::shared().setCode(code);
+        std::set<QWidget*> seen;
+        QWidget* widget = stage.find("launchAtLogin");
+        for (; seen.insert(widget).second; widget = widget->nextInFocusChain()) {
+            if (widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
+                !widget->isWindow()) {
+                EXPECT_NE(described(widget).text(QAccessible::Name), "")
+                    << code << " " << widget->objectName().toStdString();
+            }
+        }
+        EXPECT_GT(seen.size(), 10U);
+    }
+}
+
+TEST_F(AssistanceTest, TabFollowsTheReadingOrder) {
+    stage.trust->trusted = false;
+    stage.recognise(GestureType::drawCircle); // shows the notice
+    QWidget* focus = stage.find("launchAtLogin");
+    focus->setFocus(Qt::TabFocusReason);
+    std::vector<std::string> order;
+    for (int step = 0; step < 14; ++step) {
+        const QString name = stage.window().focusWidget()->objectName();
+        order.push_back(name.toStdString());
+        stage.pressKey(Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, (std::vector<std::string>{"launchAtLogin", "language", "enabled", "addBinding",
+                                               "", "bindingList", "enabled", "preview", "edit",
+                                               "delete", "enabled", "preview", "edit", "delete"}));
+}
+
+// None has one, so none can collide.
+TEST_F(AssistanceTest, NoTextHasAMnemonic) {
+    for (const QAbstractButton* button : stage.window().findChildren<QAbstractButton*>()) {
+        EXPECT_FALSE(button->text().contains('&')) << button->text().toStdString();
+    }
+}
+
+} // namespace
+} // namespace glidemap

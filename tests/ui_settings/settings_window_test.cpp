@@ -1,0 +1,108 @@
+#include "ui/settings/settings_window.h"
+#include "ui_settings/settings_stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <limits>
+
+namespace glidemap {
+namespace {
+
+class SettingsWindowTest : public testing::Test {
+protected:
+    SettingsWindow& open() { return stage.open(); }
+    // A window as it is made, before a test gives it a size.
+    QRect placeGiven(const WindowGeometry& remembered) {
+        stage.geometry->kept = remembered;
+        const SettingsWindow& window = stage.make();
+        return {window.pos(), window.size()};
+    }
+    QRect screen() const { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
+    test::SettingsStage stage;
+};
+
+TEST_F(SettingsWindowTest, IsCalledGlidemapAndStartsCentredAtItsUsualSize) {
+    const SettingsWindow& window = stage.make();
+    EXPECT_EQ(window.windowTitle(), "Glidemap");
+    EXPECT_EQ(window.size(), QSize(720, 520));
+    const QPoint offCentre = window.geometry().center() - screen().center();
+    EXPECT_LE(offCentre.manhattanLength(), 2);
+}
+
+TEST_F(SettingsWindowTest, CannotBeMadeSmallerThanItsContent) {
+    SettingsWindow& window = open();
+    window.resize(100, 100);
+    EXPECT_EQ(window.size(), QSize(680, 480));
+    EXPECT_EQ(window.view().size(), QSize(680, 480));
+}
+
+TEST_F(SettingsWindowTest, ClosingOnlyHidesIt) {
+    SettingsWindow& window = open();
+    EXPECT_TRUE(window.close());
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(window.testAttribute(Qt::WA_DeleteOnClose));
+    window.show();
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(SettingsWindowTest, RemembersItsPlaceWhenItIsClosed) {
+    SettingsWindow& window = open();
+    window.resize(700, 500);
+    window.move(30, 40);
+    window.close();
+    EXPECT_EQ(stage.geometry->kept, (WindowGeometry{30, 40, 700, 500, false}));
+}
+
+TEST_F(SettingsWindowTest, RemembersItsPlaceWhenTheProgramEndsWithItOpen) {
+    SettingsWindow& window = open();
+    window.resize(700, 500);
+    window.move(30, 40);
+    stage.close();
+    EXPECT_EQ(stage.geometry->kept, (WindowGeometry{30, 40, 700, 500, false}));
+}
+
+TEST_F(SettingsWindowTest, IsWhereItWasAtTheNextLaunch) {
+    EXPECT_EQ(placeGiven({30, 40, 700, 490, false}), QRect(30, 40, 700, 490));
+}
+
+TEST_F(SettingsWindowTest, APlaceThatNoScreenShowsIsNotUsedButTheSizeIs) {
+    constexpr int limit = std::numeric_limits<int>::max();
+    const WindowGeometry rows[] = {
+        {5000, 40, 700, 490, false},   {limit, limit, 700, 490, false},
+        {-limit, 40, 700, 490, false}, {30, -5000, 700, 490, false},
+        {-650, 40, 700, 490, false},   {30, screen().bottom() - 10, 700, 490, false}};
+    for (const WindowGeometry& remembered : rows) {
+        const QRect place = placeGiven(remembered);
+        EXPECT_EQ(place.size(), QSize(700, 490));
+        EXPECT_LE((place.center() - screen().center()).manhattanLength(), 2);
+    }
+}
+
+TEST_F(SettingsWindowTest, ASizeThatMakesNoSenseIsBroughtIntoItsLimits) {
+    EXPECT_EQ(placeGiven({30, 40, 10, 10, false}).size(), QSize(680, 480));
+    const QSize huge = placeGiven({0, 0, 900'000, 900'000, false}).size();
+    EXPECT_LE(huge.width(), screen().width());
+    EXPECT_LE(huge.height(), screen().height());
+}
+
+TEST_F(SettingsWindowTest, AMaximisedWindowIsSoAgainAndGoesBackToItsOldPlace) {
+    SettingsWindow& window = open();
+    window.setGeometry(30, 40, 700, 500);
+    window.showMaximized();
+    window.close();
+    EXPECT_TRUE(stage.geometry->kept.value().maximized);
+    EXPECT_EQ(stage.geometry->kept->width, 700);
+    EXPECT_TRUE(stage.make().isMaximized());
+}
+
+TEST_F(SettingsWindowTest, WithoutAMemoryItIsCentred) {
+    stage.geometry.reset();
+    EXPECT_EQ(open().size(), QSize(720, 520));
+    stage.close();
+}
+
+} // namespace
+} // namespace glidemap
