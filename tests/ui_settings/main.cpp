@@ -9,6 +9,7 @@ int main(int count, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    qputenv("QT_SCALE_FACTOR", "1"); // the pixels that tests look at are points
     testing::InitGoogleTest(&count, arguments);
     const QApplication application(count, arguments);
     glidemap::Theme::shared().applyTo(*qApp);
