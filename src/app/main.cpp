@@ -171,7 +171,7 @@ int complain(const char* message, int status) {
 bool runProgram(SingleInstance& instance, char* arguments[]) {
     int count = 1; // the options are none of the toolkit's
     QApplication application(count, arguments);
-    QApplication::setApplicationName("Glidemap");
+    QApplication::setApplicationName("Glidemap"); // also the class of its windows on X11
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
     QGuiApplication::setWindowIcon(applicationIcon());

@@ -12,7 +12,7 @@ TEST_F(StartingAndEndingTest, TheFirstStartShowsTheWindowWithTheDefaultBindings)
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
-    EXPECT_EQ(glidemap.window()->className, "org.glidemap.Glidemap");
+    EXPECT_EQ(glidemap.window()->className, "Glidemap");
     EXPECT_EQ(glidemap.window()->content.width, 720);
     EXPECT_EQ(glidemap.window()->content.height, 520);
     glidemap.waitFor("push button", "Edit Draw Circle (any direction)");

@@ -47,14 +47,14 @@ TEST_F(StatusItemTest, TheMenuIsInTheLanguageOfTheInterface) {
     RunningGlidemap glidemap(stage);
     EXPECT_EQ(describe(glidemap.menu().open()),
               (Lines{"✓ Enable Gestures", "—", "Settings… [Control+,]", "Check for Updates…", "—",
-                     "Quit Glidemap [Control+q]"}));
+                     "Quit Glidemap [Control+Q]"}));
     glidemap.end(SIGTERM);
     stage.home.write("config/glidemap/glidemap.ini", "[General]\nappLanguage=zh\n");
     ASSERT_TRUE(waitUntil([&] { return stage.panel->items().empty(); }));
     RunningGlidemap again(stage);
     EXPECT_EQ(describe(again.menu().open()),
               (Lines{"✓ 启用手势", "—", "设置… [Control+,]", "检查更新…", "—",
-                     "退出 Glidemap [Control+q]"}));
+                     "退出 Glidemap [Control+Q]"}));
 }
 
 TEST_F(StatusItemTest, TheCheckMarkFollowsTheMasterSwitch) {
