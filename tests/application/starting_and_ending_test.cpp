@@ -77,5 +77,54 @@ TEST_F(StartingAndEndingTest, ClosingTheWindowEndsNothing) {
     EXPECT_TRUE(glidemap.waitForWindow());
 }
 
+TEST_F(StartingAndEndingTest, WithoutItsDesktopTheProgramEndsAndDoesNotCrash) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    stage.display.kill();
+    EXPECT_EQ(glidemap.waitForEnd(), 1);
+}
+
+TEST_F(StartingAndEndingTest, OneThatHangsIsNotWaitedForForever) {
+    Stage stage;
+    RunningGlidemap first(stage);
+    ASSERT_TRUE(first.waitForWindow());
+    kill(first.process(), SIGSTOP);
+    RunningGlidemap second(stage);
+    EXPECT_EQ(second.waitForEnd(), 1);
+    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("does not answer"), std::string::npos);
+    kill(first.process(), SIGCONT);
+    EXPECT_EQ(first.end(SIGTERM), 0);
+}
+
+TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
+    struct Row {
+        std::vector<std::string> options;
+        int status;
+        std::string line;
+    };
+    const Row rows[] = {
+        {{"--version"}, 0, "Glidemap " GLIDEMAP_VERSION},
+        {{"--help"}, 0, "Runs actions for trackpad gestures."},
+        {{"--nonsense"}, 2, ""},
+        {{"--version", "--help"}, 2, ""},
+        {{"file"}, 2, ""},
+    };
+    const desktops::RuntimeFolder folder;
+    for (const Row& row : rows) {
+        desktops::Program::Command command{.words = {GLIDEMAP_PROGRAM},
+                                           .environment = desktops::plainEnvironment(folder.path()),
+                                           .log = folder.path() / "log"};
+        command.words.insert(command.words.end(), row.options.begin(), row.options.end());
+        desktops::Program program(command);
+        if (!row.line.empty()) {
+            EXPECT_EQ(program.nextLine().value_or("").substr(0, row.line.size()), row.line);
+        }
+        EXPECT_EQ(program.finish(), row.status) << row.options.front();
+    }
+    EXPECT_NE(test::contentOf(folder.path() / "log").find("usage: glidemap [--version | --help]"),
+              std::string::npos);
+}
+
 } // namespace
 } // namespace glidemap::application

@@ -107,5 +107,24 @@ TEST_F(WaylandTest, TheWindowBelongsToTheDesktopEntryAndShowsTheSettings) {
     EXPECT_EQ(glidemap.finish(), 0);
 }
 
+TEST_F(WaylandTest, WithoutItsDesktopTheProgramEndsAndDoesNotCrash) {
+    Program glidemap(command({GLIDEMAP_PROGRAM}));
+    ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
+    sway.kill();
+    EXPECT_EQ(glidemap.finish(), 1) << test::contentOf(home.path() / "glidemap.log");
+}
+
+TEST_F(WaylandTest, ASecondLaunchShowsTheWindowAgain) {
+    Program glidemap(command({GLIDEMAP_PROGRAM}));
+    ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
+    sway.command("[app_id=org.glidemap.Glidemap] kill");
+    ASSERT_TRUE(waitUntil([&] { return windows().empty(); }));
+    Program second(command({GLIDEMAP_PROGRAM}));
+    EXPECT_EQ(second.finish(), 0);
+    EXPECT_TRUE(waitUntil([&] { return !windows().empty(); }));
+    kill(glidemap.process(), SIGTERM);
+    EXPECT_EQ(glidemap.finish(), 0);
+}
+
 } // namespace
 } // namespace glidemap::application

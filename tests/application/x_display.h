@@ -66,6 +66,9 @@ public:
     // Another program's window, that comes to the front.
     std::uint32_t openWindow(const Rectangle& area) const;
 
+    // As when the session ends under its programs.
+    void kill() const { server->kill(); }
+
     // As the window's close button and a task bar do.
     void close(const ManagedWindow& window) const;
     void activate(const ManagedWindow& window) const;
