@@ -1,0 +1,103 @@
+// A status bar that is not there, comes and goes: on X11 first, and then on the bus. In one test:
+// the toolkit asks for the session's bus once in a process.
+#include "desktops/private_bus.h"
+#include "kit/in_environment.h"
+#include "linux_windows/x11/x_server.h"
+#include "platform/linux/status_bar/linux_status_bar.h"
+
+#include <gtest/gtest.h>
+#include <xcb/xcb.h>
+
+#include <QDBusConnection>
+#include <QGuiApplication>
+#include <QTest>
+#include <cstring>
+#include <memory>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+using desktops::PrivateBus;
+using desktops::XServer;
+using Kind = StatusBar::Kind;
+
+// A tray as X11 has them: the owner of a selection, who tells everybody that it has come.
+class Tray {
+public:
+    explicit Tray(const std::string& display)
+        : connection(xcb_connect(display.c_str(), nullptr)),
+          screen(xcb_setup_roots_iterator(xcb_get_setup(connection)).data),
+          window(xcb_generate_id(connection)) {
+        xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, screen->root, 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
+        const xcb_atom_t selection = atom("_NET_SYSTEM_TRAY_S0");
+        xcb_set_selection_owner(connection, window, selection, XCB_CURRENT_TIME);
+        xcb_client_message_event_t message = {};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = screen->root;
+        message.type = atom("MANAGER");
+        message.data.data32[1] = selection;
+        message.data.data32[2] = window;
+        xcb_send_event(connection, 0, screen->root, XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&message));
+        xcb_flush(connection);
+    }
+    Tray(const Tray&) = delete;
+    Tray& operator=(const Tray&) = delete;
+    ~Tray() { xcb_disconnect(connection); }
+
+private:
+    xcb_atom_t atom(const char* name) const {
+        const auto cookie =
+            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(std::strlen(name)), name);
+        auto* reply = xcb_intern_atom_reply(connection, cookie, nullptr);
+        const xcb_atom_t found = reply->atom;
+        std::free(reply);
+        return found;
+    }
+
+    xcb_connection_t* connection;
+    xcb_screen_t* screen;
+    xcb_window_t window;
+};
+
+TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
+    if (const std::string reason = XServer::whyNot(); !reason.empty()) {
+        GTEST_SKIP() << reason;
+    }
+    const XServer server;
+    const PrivateBus bus;
+    const test::InEnvironment display("DISPLAY", server.display().c_str());
+    const test::InEnvironment session("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str());
+    const test::InEnvironment platform("QT_QPA_PLATFORM", "xcb");
+    int count = 1;
+    char name[] = "test";
+    char* arguments[] = {name, nullptr};
+    const QGuiApplication application(count, arguments);
+
+    LinuxStatusBar bar;
+    int changes = 0;
+    const auto toBar = bar.changes().subscribe({}, [&] { ++changes; });
+    EXPECT_EQ(bar.kind(), Kind::none);
+    {
+        const Tray tray(server.display());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
+        EXPECT_EQ(bar.kind(), Kind::embeds);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.kind() == Kind::none; }));
+
+    const Tray tray(server.display());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
+    auto host = QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "host");
+    EXPECT_TRUE(host.registerService("org.kde.StatusNotifierWatcher"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 3; }));
+    EXPECT_EQ(bar.kind(), Kind::drawsItself);
+    host.unregisterService("org.kde.StatusNotifierWatcher");
+    EXPECT_EQ(bar.kind(), Kind::embeds);
+    QDBusConnection::disconnectFromBus("host");
+}
+
+} // namespace
+} // namespace glidemap
