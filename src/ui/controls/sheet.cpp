@@ -72,6 +72,8 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground, isTranslucent);
     setWindowModality(Qt::WindowModal);
+    setWindowTitle(content->windowTitle());
+    connect(content, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
     auto* layout = new QVBoxLayout(this);
     const int margin = shadowMargin();
     setContentsMargins(margin, margin, margin,

@@ -147,6 +147,7 @@ void BindingEditor::retitle() {
     title->setText(toQt(existing ? lang.choose("Edit Binding", "编辑绑定")
                                  : lang.choose("Add Binding", "添加绑定")));
     setAccessibleName(title->text());
+    setWindowTitle(title->text()); // which the sheet takes over
     gestureSection->refresh();
     actionSection->refresh();
     scopeSection->refresh();

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QStandardItemModel>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <cstdlib>
 
@@ -197,6 +198,9 @@ void GestureList::retitle() {
     const QString find = toQt(lang.choose("Search gestures", "搜索手势"));
     field->setPlaceholderText(find);
     field->setAccessibleName(find);
+    for (QToolButton* clear : field->findChildren<QToolButton*>()) {
+        clear->setAccessibleName(toQt(lang.choose("Clear", "清除")));
+    }
     list->setAccessibleName(toQt(lang.choose("Trackpad gesture", "触控板手势")));
     nothingFound->setText(toQt(lang.choose("No matching gestures", "没有匹配的手势")));
     search();

@@ -76,6 +76,7 @@ void GesturePicker::open(const QString& search) {
         hidePopup();
     };
     popup = new Popover(this, list);
+    popup->setAccessibleName(accessibleName());
     popup->onClosed = [this] {
         popup = nullptr;
         setFocus(Qt::PopupFocusReason);
