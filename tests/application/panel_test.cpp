@@ -19,20 +19,17 @@ protected:
 
     // The item comes when the program does, and goes with it.
     static void expectItemOn(const XfcePanel& panel, Stage& stage) {
-        // Until it has drawn itself it is of one colour.
-        ASSERT_TRUE(
-            waitUntil([&] { return Picture(stage.display, panel.area()).countOfColours() > 1; }));
-        const Picture empty(stage.display, panel.area());
+        EXPECT_FALSE(showsAnIcon(stage, panel));
         RunningGlidemap glidemap(stage);
-        EXPECT_TRUE(waitUntil([&] { return differs(stage, panel, empty); }))
-            << "the panel shows nothing new";
+        EXPECT_TRUE(waitUntil([&] { return showsAnIcon(stage, panel); })) << "nothing comes";
         glidemap.end(SIGTERM);
-        EXPECT_TRUE(waitUntil([&] { return !differs(stage, panel, empty); }))
-            << "the panel still shows it";
+        EXPECT_TRUE(waitUntil([&] { return !showsAnIcon(stage, panel); })) << "it stays";
     }
 
-    static bool differs(const Stage& stage, const XfcePanel& panel, const Picture& before) {
-        return Picture(stage.display, panel.area()).differences(before) > 0;
+    // An empty panel is its ground and a line; an icon has smooth edges, in many shades.
+    static bool showsAnIcon(const Stage& stage, const XfcePanel& panel) {
+        constexpr std::size_t fewest = 10;
+        return Picture(stage.display, panel.area()).countOfColours() >= fewest;
     }
 };
 

@@ -106,16 +106,21 @@ bool RunningGlidemap::waitForFooter(const std::string& text) const {
     return came;
 }
 
+// The innermost one: what hands the focus on to a control within it says that it has it, too.
 std::optional<Control> RunningGlidemap::focused() const {
     const Controls all = controls();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [](const Control& each) { return each.isFocused(); });
-    return found != all.end() ? std::optional(*found) : std::nullopt;
+    const auto found = std::find_if(all.rbegin(), all.rend(), [](const Control& each) {
+        return each.isFocused() && each.isFocusable();
+    });
+    return found != all.rend() ? std::optional(*found) : std::nullopt;
 }
 
+// Also when it is what contains the innermost one.
 bool RunningGlidemap::hasFocus(const std::string& name) const {
-    const auto control = focused();
-    return control && (control->name == name || control->label == name);
+    const Controls all = controls();
+    return std::any_of(all.begin(), all.end(), [&](const Control& each) {
+        return each.isFocused() && (each.name == name || each.label == name);
+    });
 }
 
 bool RunningGlidemap::waitForFocusOn(const std::string& name) const {

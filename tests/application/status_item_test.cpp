@@ -16,15 +16,6 @@ protected:
         return property(stage.session.connection(),
                         {item.busName, item.path, "org.kde.StatusNotifierItem"}, name);
     }
-
-    static std::size_t countOf(const std::string& text, const std::string& part) {
-        std::size_t count = 0;
-        for (std::size_t at = text.find(part); at != std::string::npos;
-             at = text.find(part, at + 1)) {
-            ++count;
-        }
-        return count;
-    }
 };
 
 TEST_F(StatusItemTest, ItIsNamedAndHasAPicture) {
@@ -95,19 +86,21 @@ TEST_F(StatusItemTest, APanelThatStartsAgainGetsTheItemAgain) {
 }
 
 TEST_F(StatusItemTest, WithoutAPanelTheProgramSaysSoOnceAndIsReachedByLaunchingItAgain) {
+    constexpr const char* message = "This desktop shows no status items";
     Stage stage(Panel::absent);
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
-    const std::string notice = "This desktop shows no status items";
-    first.waitFor("label", notice);
+    first.waitFor("label", message);
     first.click("push button", "OK");
-    EXPECT_TRUE(first.waitUntilGone("label", notice));
+    EXPECT_TRUE(first.waitUntilGone("label", message));
     stage.display.close(*first.window());
     ASSERT_TRUE(waitUntil([&] { return !first.window(); }));
     RunningGlidemap second(stage);
     EXPECT_EQ(second.waitForEnd(), 0);
     EXPECT_TRUE(first.waitForWindow());
-    EXPECT_FALSE(first.find("label", notice));
+    EXPECT_FALSE(first.find("label", message));
+    stage.hands.press("Ctrl+Q");
+    EXPECT_EQ(first.waitForEnd(), 0);
 }
 
 } // namespace

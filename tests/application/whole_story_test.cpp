@@ -44,7 +44,7 @@ protected:
     void drawACircle() {
         glidemap->waitForFooter("Try drawing a circle on the trackpad…");
         stage->fingers.make(GestureType::drawCircleClockwise);
-        glidemap->waitForFooter("Last gesture: Draw Circle (clockwise) → Lock Screen");
+        glidemap->waitForFooter("Last gesture: Draw Circle (clockwise) → Lock Screen @ Glidemap");
     }
 
     void addABinding() {
@@ -79,7 +79,7 @@ protected:
 
     void useTheNewBinding() {
         stage->fingers.make(GestureType::threeFingerSwipeUp);
-        glidemap->waitForFooter("Last gesture: Three-Finger Swipe Up → Shortcut ⌃⇧K");
+        glidemap->waitForFooter("Last gesture: Three-Finger Swipe Up → Shortcut ⌃⇧K @ Glidemap");
     }
 
     void editIt() {
@@ -134,7 +134,7 @@ protected:
                                       {"scope", {{"kind", "global"}}}}))
             << savedBindings();
         stage->fingers.make(GestureType::threeFingerSwipeUp);
-        glidemap->waitForFooter("最近手势：三指上滑 （无匹配绑定）");
+        glidemap->waitForFooter("最近手势：三指上滑 （无匹配绑定） @ Glidemap");
     }
 
     void switchEverythingOff() {
