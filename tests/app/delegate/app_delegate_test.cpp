@@ -36,6 +36,12 @@ protected:
         relaunch();
     }
 
+    // None once the dispatcher is gone.
+    std::optional<bool> masterEnabled() const {
+        const auto held = stage->dispatcher.lock();
+        return held != nullptr ? std::optional(held->masterEnabled()) : std::nullopt;
+    }
+
     void relaunch() {
         stage->delegate = AppDelegate::create(stage->ports());
         stage->delegate->applicationDidFinishLaunching();
@@ -228,7 +234,7 @@ TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
     stage->openMenu();
     EXPECT_TRUE(stage->item(0).isChecked());
     stage->item(0).trigger();
-    EXPECT_FALSE(stage->dispatcher.lock()->masterEnabled());
+    EXPECT_EQ(masterEnabled(), false);
     EXPECT_EQ(stage->defaults->booleanWrites.back(),
               std::pair(std::string("masterEnabled"), false));
     stage->openMenu();
@@ -236,7 +242,7 @@ TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
     stage->item(0).trigger();
     stage->openMenu();
     EXPECT_TRUE(stage->item(0).isChecked());
-    EXPECT_TRUE(stage->dispatcher.lock()->masterEnabled());
+    EXPECT_EQ(masterEnabled(), true);
 }
 
 TEST_F(AppDelegateTest, TheSwitchOfTheLastRunIsTheMark) {
