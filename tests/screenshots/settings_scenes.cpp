@@ -26,14 +26,13 @@ BindingList usualBindings() {
         bound(drawCircle, MissionControl{}),
         bound(threeFingerSwipeLeft, KeyShortcut{.keyCode = 33, .modifiers = modifier::command},
               AppScope{"org.mozilla.firefox", "Firefox"}),
-        bound(fixAndTapRight, KeyShortcut{.keyCode = 48, .modifiers = modifier::control}),
         bound(threeFingerDoubleTap,
               LaunchApp{"org.gnome.Terminal", isChinese() ? "终端" : "Terminal"}),
         bound(cornerTapTopRight, LockScreen{}),
         bound(pinchIn, KeyShortcut{.keyCode = 12, .modifiers = modifier::command},
               AppScope{"org.gnome.Evince", isChinese() ? "文档查看器" : "Document Viewer"}),
     };
-    list[4].enabled = false;
+    list[3].enabled = false;
     return list;
 }
 
@@ -203,7 +202,7 @@ std::vector<Scene> windowScenes() {
             "popover", "How a gesture is made",
             [] { return picture(usualBindings(), previewOf(0)); }, true),
         settings("popover-above", "The same where there is no room below",
-                 [] { return picture(usualBindings(), previewOf(5)); }),
+                 [] { return picture(usualBindings(), previewOf(4)); }),
     };
 }
 
