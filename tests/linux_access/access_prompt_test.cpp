@@ -1,0 +1,92 @@
+// The prompt as the program uses it, with shell scripts in pkexec's place.
+#include "kit/queued_main_queue.h"
+#include "kit/temporary_folder.h"
+#include "platform/linux/access/access_prompt.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <memory>
+#include <thread>
+
+namespace glidemap {
+namespace {
+
+class AccessPromptTest : public testing::Test {
+protected:
+    AccessPromptTest() { EXPECT_EQ(mkfifo(answers.c_str(), 0600), 0); }
+
+    // Writes a letter for each time it is asked, and ends when it is answered.
+    std::vector<std::string> command() const {
+        return {"/bin/sh", "-c",
+                "printf x >>" + asked.string() + "; read answer <" + answers.string()};
+    }
+
+    std::unique_ptr<AccessPrompt> prompt(std::vector<std::string> asking) {
+        auto made = std::make_unique<AccessPrompt>(queue, std::move(asking));
+        made->onAnswer = [this] {
+            ++heard;
+        };
+        return made;
+    }
+
+    // Returns when somebody has read it.
+    void answer() const { std::ofstream(answers) << "answer\n"; }
+
+    void waitForAnswerInTheQueue() const {
+        while (queue->waiting() == 0) {
+            std::this_thread::yield();
+        }
+    }
+
+    test::TemporaryFolder folder;
+    const std::filesystem::path asked = folder.path() / "asked";
+    const std::filesystem::path answers = folder.path() / "answers";
+    std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
+    int heard = 0;
+};
+
+TEST_F(AccessPromptTest, EachAnswerIsToldOnTheMainThread) {
+    const auto made = prompt(command());
+    for (int round = 1; round <= 2; ++round) {
+        made->ask();
+        answer();
+        waitForAnswerInTheQueue();
+        EXPECT_EQ(heard, round - 1);
+        queue->runAll();
+        EXPECT_EQ(heard, round);
+    }
+    EXPECT_EQ(test::contentOf(asked), "xx");
+}
+
+TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
+    const auto made = prompt(command());
+    made->ask();
+    made->ask();
+    answer();
+    waitForAnswerInTheQueue();
+    queue->runAll();
+    EXPECT_EQ(test::contentOf(asked), "x");
+    EXPECT_EQ(heard, 1);
+}
+
+TEST_F(AccessPromptTest, WhatCannotBeAskedCanBeAskedAgain) {
+    const auto made = prompt({"/nowhere/at/all"});
+    made->ask();
+    made->ask();
+    EXPECT_EQ(queue->waiting(), 0U);
+}
+
+TEST_F(AccessPromptTest, AnAnswerThatComesTooLateIsToldToNobody) {
+    auto made = prompt(command());
+    made->ask();
+    made.reset();
+    answer();
+    waitForAnswerInTheQueue();
+    queue->runAll();
+    EXPECT_EQ(heard, 0);
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,118 @@
+// The program itself and a touchpad that it may not read at first. It has no window to look at here:
+// what counts is what it does with the device.
+#include "agent_session.h"
+#include "ordinary_pad.h"
+#include "process.h"
+#include "virtual_pad.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace glidemap::vm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* pkexec = "/usr/bin/pkexec";
+
+// In the place of pkexec: leaves word that it was called, and ends when it is answered.
+class Question {
+public:
+    explicit Question(const fs::path& folder)
+        : calls(folder / "asked"), answers(folder / "answers") {
+        EXPECT_EQ(mkfifo(answers.c_str(), 0666), 0);
+        if (fs::exists(pkexec)) {
+            fs::rename(pkexec, kept);
+        }
+        std::ofstream(pkexec) << "#!/bin/sh\necho asked >>" << calls.string() << "\nread answer <"
+                              << answers.string() << "\n";
+        fs::permissions(pkexec, fs::perms::all);
+    }
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+    ~Question() {
+        fs::remove(pkexec);
+        if (fs::exists(kept)) {
+            fs::rename(kept, pkexec);
+        }
+    }
+
+    bool waitUntilAsked() const { return waitForFile(calls); }
+    void answer() const { std::ofstream(answers) << "answer\n"; }
+
+    // How often it was asked.
+    int count() const {
+        std::ifstream stream(calls);
+        int lines = 0;
+        for (std::string line; std::getline(stream, line);) {
+            ++lines;
+        }
+        return lines;
+    }
+
+private:
+    const fs::path calls;
+    const fs::path answers;
+    const fs::path kept = "/usr/bin/pkexec.kept";
+};
+
+class ProgramTest : public testing::Test {
+protected:
+    void SetUp() override { setenv("QT_QPA_PLATFORM", "offscreen", 1); }
+
+    void letEverybody(bool in) const {
+        const auto rights = in ? fs::perms(0666) : fs::perms(0600);
+        fs::permissions(pad.node(), rights);
+        fs::permissions("/dev/uinput", rights);
+    }
+
+    AgentHome home;
+    VirtualPad pad{ordinaryPad()};
+    Question question{home.folder};
+};
+
+TEST_F(ProgramTest, OnceLetInItReadsTheTouchpadWithoutBeingStartedByTheUser) {
+    letEverybody(false);
+    home.giveToNobody();
+    Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
+    ASSERT_TRUE(question.waitUntilAsked());
+    EXPECT_FALSE(hasOpen(std::to_string(program.id()), pad.node()));
+    letEverybody(true);
+    question.answer();
+    EXPECT_TRUE(program.waitUntilReading(pad.node()));
+    EXPECT_EQ(question.count(), 1) << "it has asked again";
+    program.send(SIGTERM);
+    EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
+}
+
+TEST_F(ProgramTest, RefusedItGoesOnAndAsksNoMore) {
+    letEverybody(false);
+    home.giveToNobody();
+    Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
+    ASSERT_TRUE(question.waitUntilAsked());
+    question.answer();
+    EXPECT_TRUE(program.waitUntilAsleep());
+    EXPECT_FALSE(hasOpen(std::to_string(program.id()), pad.node()));
+    EXPECT_EQ(question.count(), 1);
+    program.send(SIGTERM);
+    EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
+}
+
+TEST_F(ProgramTest, TrustedFromTheStartItAsksNobody) {
+    letEverybody(true);
+    home.giveToNobody();
+    Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
+    EXPECT_TRUE(program.waitUntilReading(pad.node()));
+    EXPECT_EQ(question.count(), 0);
+    program.send(SIGTERM);
+    EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
+}
+
+} // namespace
+} // namespace glidemap::vm
