@@ -74,8 +74,9 @@ TEST_F(AppDelegateTest, LaunchingTakesItsStepsInTheirOrder) {
 
 TEST_F(AppDelegateTest, TerminatingStopsTouchesAndThenClicksOnce) {
     launch();
-    EXPECT_NE(stage->engine->touchingCount(), 1);
+    EXPECT_TRUE(stage->hearsTouches());
     stage->delegate->applicationWillTerminate();
+    EXPECT_FALSE(stage->hearsTouches());
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
     stage->delegate->applicationWillTerminate();
     stage->delegate->accessMayHaveChanged();
@@ -90,11 +91,19 @@ TEST_F(AppDelegateTest, AGestureGoesToTheDispatcherToBeCarriedOut) {
     EXPECT_EQ(stage->dispatcher.lock()->recentEvents().size(), 1U);
 }
 
-TEST_F(AppDelegateTest, AClickIsTakenIfABindingRan) {
+TEST_F(AppDelegateTest, AClickIsTakenFromTheDesktopIfABindingRuns) {
     launch({binding(GestureType::threeFingerClick)});
-    EXPECT_TRUE(stage->dispatcher.lock()->handleClickGesture(GestureType::threeFingerClick));
-    // Nothing touches, so no click is a gesture.
-    EXPECT_EQ(stage->click({ClickEventType::leftMouseDown, 0}), ClickTap::Verdict::pass);
+    const auto press = [&] {
+        return stage->click({ClickEventType::leftMouseDown, 0});
+    };
+    stage->touch(2); // a click of two is bound to nothing
+    EXPECT_EQ(press(), ClickTap::Verdict::pass);
+    stage->touch(3);
+    EXPECT_EQ(press(), ClickTap::Verdict::drop);
+    stage->delegate->toggleEnabled();
+    EXPECT_EQ(press(), ClickTap::Verdict::pass);
+    stage->mainQueue->runAll();
+    EXPECT_EQ(stage->keyEvents->posts.size(), 1U);
 }
 
 TEST_F(AppDelegateTest, ClicksAreNeededWhileOneIsBound) {

@@ -61,7 +61,10 @@ public:
         return true;
     }
     void setEnabled(bool enabled) override {
-        stage.notes.emplace_back(enabled ? "clicks on" : "clicks off");
+        const bool tooEarly = !enabled && stage.hearsTouches();
+        stage.notes.emplace_back(enabled    ? "clicks on"
+                                 : tooEarly ? "clicks off, touches still heard"
+                                            : "clicks off");
     }
     void remove() override { stage.notes.emplace_back("no click tap"); }
     void setNeeded(bool needed) override {
@@ -170,6 +173,24 @@ AppDelegate::Ports DelegateStage::ports() {
         .makeSettingsWindow = [this](const AppDelegate::Shown&) { return makeWindow(); },
         .lang = &lang,
     };
+}
+
+void DelegateStage::touch(int fingers) const {
+    std::vector<MTTouch> contacts(static_cast<std::size_t>(fingers));
+    for (int finger = 0; finger < fingers; ++finger) {
+        MTTouch& contact = contacts[static_cast<std::size_t>(finger)];
+        contact.identifier = finger;
+        contact.state = static_cast<std::int32_t>(MTTouchState::touching);
+        contact.normalized.pos = {0.2F * static_cast<float>(finger + 1), 0.5F};
+    }
+    MultitouchDeviceManager::contactCallback(nullptr, contacts.data(), fingers, 0, 0);
+}
+
+bool DelegateStage::hearsTouches() const {
+    touch(1);
+    const bool heard = engine->touchingCount() == 1;
+    touch(0);
+    return heard;
 }
 
 QAction& DelegateStage::item(int place) const {

@@ -83,6 +83,11 @@ public:
     ClickTap::Callback click;
     std::vector<std::function<void(const Fetched&)>> openChecks;
 
+    // As the driver reports it: so many fingers rest on the pad.
+    void touch(int fingers) const;
+    // Whether what the driver reports arrives. Leaves no finger on the pad.
+    bool hearsTouches() const;
+
     // What happens while a widget is brought forward.
     std::function<void(QWidget&)> onActivate;
 
