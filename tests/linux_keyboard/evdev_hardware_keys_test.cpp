@@ -1,5 +1,4 @@
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
-
 #include "platform/linux/keyboard/key_codes.h"
 
 #include <gtest/gtest.h>
