@@ -13,7 +13,7 @@ It lives in the status bar and ends from the menu there, by Ctrl+Q in its window
   GLIDEMAP_RECORDING       what the replay driver plays; GLIDEMAP_RECORDING_LOOP=1 over and over
 
 Exit status: 0 when it was ended, or the one that runs has shown its window; 1 when the one that runs
-does not answer, or it cannot be told whether one runs; 2 for a wrong command line.
+does not answer, it cannot be told whether one runs, or the desktop has gone; 2 for a wrong command line.
 )";
 
 LaunchOption launchOption(const std::vector<std::string_view>& arguments) {

@@ -168,7 +168,7 @@ int complain(const char* message, int status) {
     return status;
 }
 
-bool runProgram(SingleInstance& instance, char* arguments[]) {
+bool runProgram(SingleInstance& instance, char** arguments) {
     int count = 1; // the options are none of the toolkit's
     QApplication application(count, arguments);
     QApplication::setApplicationName("Glidemap"); // also the class of its windows on X11
@@ -180,7 +180,7 @@ bool runProgram(SingleInstance& instance, char* arguments[]) {
     return program.run(instance);
 }
 
-int launch(char* arguments[]) {
+int launch(char** arguments) {
     SingleInstance instance(userRuntimeFolder());
     switch (instance.claim(proofOfThisLaunch())) {
     case SingleInstance::Claim::shown:
@@ -196,6 +196,7 @@ int launch(char* arguments[]) {
     const std::string program = programFile();
     if (runProgram(instance, arguments)) {
         execv(program.c_str(), arguments);
+        return complain("cannot start again; please start it by hand", EXIT_FAILURE);
     }
     return EXIT_SUCCESS;
 }
