@@ -59,6 +59,19 @@ TEST_F(TheEditorsKeys, ReturnSavesOnceTheFormIsComplete) {
     }
 }
 
+// As from the row whose Return has opened the sheet, or the list that Escape has closed.
+TEST_F(TheEditorsKeys, AKeyThatIsStillHeldNeitherSavesNorCancels) {
+    open();
+    choose(ActionKind::lockScreen);
+    for (const Qt::Key held : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        QKeyEvent repeated(QEvent::KeyPress, held, Qt::NoModifier, {}, true);
+        QApplication::sendEvent(window.focusWidget(), &repeated);
+    }
+    EXPECT_EQ(dismissals, 0);
+    EXPECT_THAT(bindings(), IsEmpty());
+    EXPECT_THAT(window.keys, IsEmpty());
+}
+
 TEST_F(TheEditorsKeys, ReturnSavesFromEveryControl) {
     open();
     choose(ActionKind::launchApp);

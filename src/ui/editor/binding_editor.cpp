@@ -123,15 +123,20 @@ void BindingEditor::leave() {
     }
 }
 
-// Here end the keys that no control has wanted.
+// Here end the keys that no control has wanted. Return that is still held from opening the sheet
+// does not save it, nor does Escape that is still held from closing a list cancel it.
 void BindingEditor::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:
-        leave();
+        if (!event->isAutoRepeat()) {
+            leave();
+        }
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        save();
+        if (!event->isAutoRepeat()) {
+            save();
+        }
         return;
     default:
         QWidget::keyPressEvent(event);
