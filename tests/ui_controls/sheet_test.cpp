@@ -147,6 +147,21 @@ TEST_F(SheetTest, theWindowIsDimmedWhileItWaits) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return corner() == clear; }, 2000));
 }
 
+TEST_F(SheetTest, theShadeFadesOnceTheSheetHasGoneAndIsInNobodysWay) {
+    Theme::shared().pinReducedMotion(false);
+    present();
+    const QPointer<QWidget> shade = stage.childAt(3, 495);
+    ASSERT_NE(shade, nullptr);
+    bool outlastsTheSheet = false;
+    QObject::connect(sheet, &QObject::destroyed, &stage,
+                     [&] { outlastsTheSheet = shade != nullptr; });
+    sheet->dismiss();
+    EXPECT_NE(stage.childAt(3, 495), shade);
+    EXPECT_TRUE(hasGone());
+    EXPECT_TRUE(outlastsTheSheet);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shade == nullptr; }, 2000));
+}
+
 TEST_F(SheetTest, theShadeFollowsTheSizeOfTheWindow) {
     present();
     const int dimmed = stage.grab().toImage().pixelColor(3, 495).lightness();

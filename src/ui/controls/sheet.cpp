@@ -47,8 +47,9 @@ public:
         shade.glideTo(1);
     }
 
-    // Goes when it has faded.
+    // Goes when it has faded. What lies beneath can be clicked meanwhile.
     void lift() {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
         shade.onArrival = [this] {
             deleteLater();
         };
@@ -91,7 +92,7 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     owner()->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {
         if (veil != nullptr) {
-            veil->lift();
+            std::exchange(veil, nullptr)->lift(); // outlasts the sheet, to fade
         }
         if (!std::exchange(hasClosed, true) && onClosed) {
             onClosed();
