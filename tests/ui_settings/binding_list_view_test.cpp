@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
@@ -297,6 +298,16 @@ TEST_F(BindingListViewTest, ADemonstrationClosesWithItsBindingAndWhenTheListScro
         const auto* popover = stage->window().findChild<QWidget*>("gesturePreview");
         return popover == nullptr || !popover->isVisible();
     }));
+}
+
+TEST_F(BindingListViewTest, AListThatGoesTakesADemonstrationWithTheFocusAlong) {
+    open(defaultBindings());
+    stage->clickInRow(1, "preview");
+    const QPointer<QWidget> preview = stage->window().findChild<QWidget*>("gesturePreview");
+    ASSERT_NE(preview, nullptr);
+    EXPECT_TRUE(preview->hasFocus());
+    delete std::exchange(list, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview == nullptr; }));
 }
 
 TEST_F(BindingListViewTest, AnAddedBindingIsSelectedAndShown) {

@@ -72,6 +72,11 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     });
 }
 
+// While there still are rows to be told that the focus comes back to one of them.
+BindingListView::~BindingListView() {
+    closePreviews();
+}
+
 void BindingListView::setBindings(std::shared_ptr<const BindingList> list) {
     if (bindings == list || (bindings != nullptr && *bindings == *list)) {
         return;

@@ -33,6 +33,7 @@ namespace glidemap {
 class BindingListView : public QWidget {
 public:
     explicit BindingListView(const Lang& language, QWidget* parent = nullptr);
+    ~BindingListView() override;
 
     // A binding that has been added at the end is selected, and shown.
     void setBindings(std::shared_ptr<const BindingList> list);
