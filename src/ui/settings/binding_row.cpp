@@ -1,6 +1,7 @@
 #include "ui/settings/binding_row.h"
 
 #include "ui/controls/badge.h"
+#include "ui/controls/dimmed.h"
 #include "ui/controls/elided_label.h"
 #include "ui/controls/symbol_button.h"
 #include "ui/controls/symbol_label.h"
@@ -8,7 +9,6 @@
 #include "ui/theme/text.h"
 
 #include <QCheckBox>
-#include <QGraphicsOpacityEffect>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -27,7 +27,6 @@ constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
 constexpr int widestBadge = 200;
-constexpr double opacityWhenDisabled = 0.5;
 constexpr double cornerRadius = 7;
 
 // Scripts differ in height, and a list whose rows differed, too, would look restless.
@@ -63,15 +62,13 @@ int BindingRow::usualHeight() {
 BindingRow::BindingRow(GestureBinding given, Callbacks calledBack, const Lang& language,
                        QWidget* parent)
     : QWidget(parent), shown(std::move(given)), callbacks(std::move(calledBack)), lang(language),
-      content(new QWidget(this)), dimming(new QGraphicsOpacityEffect(content)) {
+      content(new QWidget(this)) {
     setObjectName("bindingRow");
     setAttribute(Qt::WA_Hover);
     auto* whole = new QHBoxLayout(this);
     whole->setContentsMargins(horizontalPadding, verticalPadding, horizontalPadding,
                               verticalPadding);
     whole->addWidget(content);
-    dimming->setOpacity(opacityWhenDisabled);
-    content->setGraphicsEffect(dimming);
     auto* layout = new QHBoxLayout(content);
     layout->setContentsMargins(ringRoom, 0, ringRoom, 0);
     layout->setSpacing(spacing);
@@ -157,17 +154,12 @@ void BindingRow::retitle() {
     scopeBadge->setText(toQt(displayString(shown.scope, lang)));
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
     scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
-    dim();
+    setDimmed(content, !shown.enabled); // the controls stay as usable as they were
     nameForAssistance();
     if (showsPreview()) {
         previewed->setGesture(shown.gesture, lang);
         popover->setAccessibleName(gestureName->text());
     }
-}
-
-// The controls stay as usable as they were.
-void BindingRow::dim() {
-    dimming->setEnabled(!shown.enabled);
 }
 
 // Every row has the same controls, so each name says whose they are.

@@ -21,7 +21,6 @@
 
 class QAbstractButton;
 class QCheckBox;
-class QGraphicsOpacityEffect;
 class QHBoxLayout;
 
 namespace glidemap {
@@ -29,7 +28,6 @@ namespace glidemap {
 class Badge;
 class ElidedLabel;
 class GesturePreview;
-class StyledLabel;
 class SymbolButton;
 
 class BindingRow : public QWidget {
@@ -78,7 +76,6 @@ private:
     void makeSwitch(QHBoxLayout& layout);
     void makeTexts(QHBoxLayout& layout);
     void makeButtons(QHBoxLayout& layout);
-    void dim();
     void nameForAssistance();
 
     GestureBinding shown;
@@ -86,7 +83,6 @@ private:
     const Lang& lang;
     Selection selection = Selection::none;
     QWidget* content;
-    QGraphicsOpacityEffect* dimming;
     QCheckBox* enabled = nullptr;
     SymbolButton* preview = nullptr;
     ElidedLabel* gestureName = nullptr;
