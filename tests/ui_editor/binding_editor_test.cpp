@@ -119,6 +119,24 @@ TEST_F(ABindingEditor, WarnsOfTheTwoFingerClickAndOfNoOther) {
     }
 }
 
+TEST_F(ABindingEditor, TheTitleStandsOutAndCaptionsDoNot) {
+    open();
+    choose(GestureType::twoFingerClick);
+    const Theme& theme = Theme::shared();
+    const struct {
+        const char* name;
+        TextStyle style;
+        Role role;
+    } rows[] = {{"editorTitle", TextStyle::headline, Role::primary},
+                {"gestureDetail", TextStyle::caption, Role::secondary},
+                {"clickWarning", TextStyle::caption, Role::orange}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(part(row.name).font(), theme.font(row.style)) << row.name;
+        EXPECT_EQ(part(row.name).palette().color(QPalette::WindowText), theme.color(row.role))
+            << row.name;
+    }
+}
+
 TEST_F(ABindingEditor, AnExistingBindingIsShown) {
     const LaunchApp launch{.bundleID = "mail", .name = "Mail"};
     const AppScope scope{.bundleID = "files", .name = "Files"};
@@ -340,7 +358,10 @@ TEST_F(ABindingEditor, AChangeOfLanguageKeepsWhatWasChosen) {
 TEST_F(ABindingEditor, IsAsLargeAsTheSheet) {
     open();
     EXPECT_EQ(editor->sizeHint(), QSize(460, 640));
-    EXPECT_EQ(part("gestureDemo").height(), 130);
+    const QRect demo = part("gestureDemo").geometry();
+    EXPECT_EQ(demo.height(), 130);
+    EXPECT_EQ(demo.y(), 4);
+    EXPECT_EQ(part("gestureDemo").parentWidget()->height(), 4 + 130 + 4);
 }
 
 // The form with the most in it, in both languages.

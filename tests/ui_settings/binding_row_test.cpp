@@ -93,6 +93,23 @@ TEST_F(BindingRowTest, ReadsFromLeftToRight) {
     EXPECT_EQ(seen("delete").left(), seen("edit").right() + 1 + 12);
 }
 
+TEST_F(BindingRowTest, TheSymbolsHaveTheColoursOfWhatTheyMean) {
+    show(test::bound(GestureType::drawCircle));
+    const std::pair<const char*, Role> rows[] = {{"preview", Role::accent}, {"delete", Role::red}};
+    for (const auto& [name, role] : rows) {
+        const auto& button = dynamic_cast<const QAbstractButton&>(part(name));
+        const QImage drawn = button.icon().pixmap(QSize(64, 64)).toImage();
+        const QColor wanted = Theme::shared().color(role);
+        bool isThere = false;
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x) {
+                isThere = isThere || drawn.pixelColor(x, y) == wanted;
+            }
+        }
+        EXPECT_TRUE(isThere) << name;
+    }
+}
+
 TEST_F(BindingRowTest, TheNameStandsOutAndTheActionDoesNot) {
     show(test::bound(GestureType::drawCircle));
     const Theme& theme = Theme::shared();
@@ -175,6 +192,10 @@ TEST_F(BindingRowTest, TheSymbolOpensAndClosesTheDemonstration) {
     EXPECT_EQ(detail->text(), "Tap the trackpad with multiple fingers at once (no press)");
     EXPECT_EQ(detail->width(), 230);
     EXPECT_TRUE(test::fits(*detail));
+    const Theme& theme = Theme::shared();
+    EXPECT_EQ(popover->findChild<QLabel*>("previewName")->font(), theme.font(TextStyle::headline));
+    EXPECT_EQ(detail->font(), theme.font(TextStyle::caption));
+    EXPECT_EQ(detail->palette().color(QPalette::WindowText), theme.color(Role::secondary));
     click("preview");
     EXPECT_FALSE(row->showsPreview());
 }
