@@ -16,7 +16,6 @@ constexpr int checkedState = 4;
 constexpr int enabledState = 8;
 constexpr int focusableState = 11;
 constexpr int focusedState = 12;
-constexpr int selectedState = 23;
 constexpr int showingState = 25;
 constexpr int visibleState = 30;
 
@@ -112,10 +111,6 @@ bool Control::isFocused() const {
     return is(focusedState);
 }
 
-bool Control::isSelected() const {
-    return is(selectedState);
-}
-
 std::string describe(const Control& control) {
     std::ostringstream line;
     line << std::string(static_cast<std::size_t>(control.depth) * 2, ' ') << control.role << " \""
@@ -201,7 +196,7 @@ std::optional<Control> Accessibility::read(const std::string& busName,
     control.states = statesIn(states);
     control.name = textOf(property(connection, callee, "Name"));
     control.description = textOf(property(connection, callee, "Description"));
-    control.label = labelOf(connection, callee);
+    control.label = control.isFocusable() ? labelOf(connection, callee) : "";
     control.area = areaIn(call(connection, {busName, path, "org.a11y.atspi.Component"},
                                "GetExtents", g_variant_new("(u)", screenCoordinates)));
     if (control.role == "text") {
@@ -212,10 +207,6 @@ std::optional<Control> Accessibility::read(const std::string& busName,
     return control;
 }
 
-std::optional<Control> Accessibility::again(const Control& control) const {
-    return read(control.busName, control.path);
-}
-
 void Accessibility::readBelow(const Control& parent, Controls& found) const {
     if (parent.depth > deepest) {
         ADD_FAILURE() << "controls without end below " << describe(parent);
@@ -224,8 +215,10 @@ void Accessibility::readBelow(const Control& parent, Controls& found) const {
     for (const auto& [name, path] : childrenOf(connection, {parent.busName, parent.path})) {
         if (std::optional<Control> child = read(name, path)) {
             child->depth = parent.depth + 1;
-            found.push_back(*child);
-            readBelow(*child, found);
+            if (child->isVisible()) {
+                found.push_back(*child);
+                readBelow(*child, found);
+            }
         }
     }
 }
@@ -254,13 +247,6 @@ std::string Accessibility::keysOf(const Control& control) const {
         call(connection, {control.busName, control.path, "org.a11y.atspi.Action"}, "GetKeyBinding",
              g_variant_new("(i)", 0));
     return answer != nullptr ? textOf(childOf(answer, 0)) : "";
-}
-
-void Accessibility::focus(const Control& control) const {
-    EXPECT_NE(
-        call(connection, {control.busName, control.path, "org.a11y.atspi.Component"}, "GrabFocus"),
-        nullptr)
-        << "takes no focus: " << describe(control);
 }
 
 } // namespace glidemap::application

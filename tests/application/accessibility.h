@@ -38,7 +38,6 @@ struct Control {
     bool isEnabled() const;
     bool isFocusable() const;
     bool isFocused() const;
-    bool isSelected() const;
 };
 
 std::string describe(const Control& control);
@@ -52,18 +51,14 @@ public:
     Accessibility& operator=(const Accessibility&) = delete;
     ~Accessibility();
 
-    // Whatever the process shows, parents before their children.
+    // Whatever can be seen of the process, parents before their children.
     Controls controlsOf(pid_t process) const;
 
     // What a person who cannot use a mouse does.
     bool act(const Control& control) const;
-    void focus(const Control& control) const;
 
     // The keys that reach the control from anywhere in its window; empty if there are none.
     std::string keysOf(const Control& control) const;
-
-    // The control as it is now; none if it has gone.
-    std::optional<Control> again(const Control& control) const;
 
 private:
     void connect(const std::string& address);

@@ -171,6 +171,16 @@ TEST_F(AccessibilityTest, TheFocusCanBeSeenInTheEditor) {
     expectFocusIsVisible();
 }
 
+TEST_F(AccessibilityTest, ControlsCanBeWorkedByAProgramThatReadsThemAloud) {
+    const Control enabled = glidemap->waitFor("check box", "Enabled");
+    EXPECT_TRUE(stage->accessibility.act(enabled));
+    EXPECT_TRUE(waitUntil([&] { return !glidemap->waitFor("check box", "Enabled").isChecked(); }));
+    EXPECT_TRUE(stage->accessibility.act(glidemap->waitFor("push button", "Add Binding")));
+    const Control cancel = glidemap->waitFor("push button", "Cancel");
+    EXPECT_TRUE(stage->accessibility.act(cancel));
+    EXPECT_TRUE(glidemap->waitUntilGone("push button", "Cancel"));
+}
+
 TEST_F(AccessibilityTest, NoTwoControlsAreReachedByTheSameKeys) {
     for (const bool inEditor : {false, true}) {
         if (inEditor) {

@@ -52,9 +52,7 @@ bool RunningGlidemap::waitForWindow() {
 }
 
 Controls RunningGlidemap::controls() const {
-    Controls all = stage.accessibility.controlsOf(program.process());
-    std::erase_if(all, [](const Control& each) { return !each.isVisible(); });
-    return all;
+    return stage.accessibility.controlsOf(program.process());
 }
 
 std::optional<Control> RunningGlidemap::find(const std::string& role,

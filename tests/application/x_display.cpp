@@ -158,8 +158,4 @@ void XDisplay::close(const ManagedWindow& window) const {
     ask(window.id, "_NET_CLOSE_WINDOW");
 }
 
-void XDisplay::activate(const ManagedWindow& window) const {
-    ask(window.id, "_NET_ACTIVE_WINDOW");
-}
-
 } // namespace glidemap::application

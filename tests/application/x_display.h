@@ -69,9 +69,8 @@ public:
     // As when the session ends under its programs.
     void kill() const { server->kill(); }
 
-    // As the window's close button and a task bar do.
+    // As the window's close button does.
     void close(const ManagedWindow& window) const;
-    void activate(const ManagedWindow& window) const;
 
 private:
     std::uint32_t atom(const std::string& text) const;
