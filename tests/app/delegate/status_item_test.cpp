@@ -1,0 +1,87 @@
+#include "app/delegate/delegate_stage.h"
+#include "app/status_item.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QIcon>
+#include <QTest>
+
+namespace glidemap {
+namespace {
+
+using std::chrono::milliseconds;
+using test::FakeStatusBar;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Kind = StatusBar::Kind;
+
+constexpr milliseconds never{3600000};
+
+class StatusItemTest : public testing::Test {
+protected:
+    std::unique_ptr<StatusItem> itemThatWaits(milliseconds patience) {
+        auto item = std::make_unique<StatusItem>(
+            bar,
+            [this](Kind kind) {
+                drawnFor.push_back(kind);
+                return QIcon();
+            },
+            patience);
+        item->redrawOn(look);
+        item->onMissing = [this] {
+            ++missing;
+        };
+        item->onFound = [this] {
+            ++found;
+        };
+        return item;
+    }
+
+    std::shared_ptr<FakeStatusBar> bar = std::make_shared<FakeStatusBar>();
+    Observable look;
+    std::vector<Kind> drawnFor;
+    int missing = 0;
+    int found = 0;
+};
+
+TEST_F(StatusItemTest, TheIconIsForTheBarThatIsThereAndFollowsTheLookOfTheDesktop) {
+    const auto item = itemThatWaits(never);
+    look.announceDidChange();
+    EXPECT_THAT(drawnFor, IsEmpty()) << "there is nothing to show it in";
+    bar->become(Kind::embeds);
+    EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds));
+    look.announceDidChange();
+    EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::embeds));
+}
+
+TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
+    const auto item = itemThatWaits(milliseconds(0));
+    bar->become(Kind::drawsItself);
+    // Has as little patience, and loses it later.
+    bool laterIsMissing = false;
+    StatusItem later(
+        std::make_shared<FakeStatusBar>(), [](Kind) { return QIcon(); }, milliseconds(0));
+    later.onMissing = [&] {
+        laterIsMissing = true;
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return laterIsMissing; }));
+    EXPECT_EQ(missing, 0);
+    EXPECT_EQ(found, 0);
+}
+
+TEST_F(StatusItemTest, ABarIsMissedOnceAndFoundOnce) {
+    const auto item = itemThatWaits(milliseconds(0));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return missing > 0; }));
+    bar->become(Kind::none);
+    EXPECT_FALSE(item->isShown());
+    bar->become(Kind::embeds);
+    bar->become(Kind::none);
+    bar->become(Kind::embeds);
+    EXPECT_TRUE(item->isShown());
+    EXPECT_EQ(missing, 1);
+    EXPECT_EQ(found, 1);
+}
+
+} // namespace
+} // namespace glidemap
