@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QPointer>
 #include <QTest>
 
 namespace glidemap {
@@ -150,6 +151,18 @@ TEST_F(SettingsViewTest, ABindingThatIsDeletedWhileItIsEditedIsAddedAgainBySavin
     EXPECT_EQ(after[2].scope, edited.scope);
     EXPECT_TRUE(after[2].enabled);
     EXPECT_FALSE(view.showsEditor());
+}
+
+// As when the program is ended while somebody uses it.
+TEST_F(SettingsViewTest, AWindowThatGoesTakesItsEditorAlongWithAListThatIsOpenInIt) {
+    open();
+    stage.clickInRow(0, "edit");
+    const QPointer<QWidget> left = editor();
+    ASSERT_NE(left, nullptr);
+    left->findChild<QComboBox*>("gesturePicker")->showPopup();
+    ASSERT_NE(left->window()->findChild<QWidget*>("gestureList"), nullptr);
+    stage.close();
+    EXPECT_EQ(left, nullptr);
 }
 
 TEST_F(SettingsViewTest, ALanguageThatIsChosenRedrawsRowsAndAnOpenEditorAtOnce) {
