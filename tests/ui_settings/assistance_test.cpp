@@ -56,6 +56,29 @@ TEST_F(AssistanceTest, TheSelectedItemHasTheFocusOfTheList) {
     EXPECT_EQ(list().focusChild(), list().child(1));
 }
 
+// Counts how often a control has been titled: its hover help is set along with its name.
+class TitleCounter : public QObject {
+public:
+    int titles = 0;
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        titles += event->type() == QEvent::ToolTipChange ? 1 : 0;
+        return false;
+    }
+};
+
+// Else the whole window might be read aloud each time that a finger is lifted.
+TEST_F(AssistanceTest, AGestureNamesNoControlAnew) {
+    TitleCounter counter;
+    stage.row(0)->findChild<QWidget*>("preview")->installEventFilter(&counter);
+    stage.find("launchAtLogin")->installEventFilter(&counter);
+    stage.recognise(GestureType::pinchIn, "Files");
+    stage.dispatcher->setMasterEnabled(false);
+    EXPECT_EQ(counter.titles, 0);
+    Lang::shared().setCode("zh");
+    EXPECT_EQ(counter.titles, 2);
+}
+
 TEST_F(AssistanceTest, TheControlsOfARowSayWhoseTheyAre) {
     EXPECT_EQ(nameInRow(0, "enabled"), "Enable Three-Finger Tap");
     EXPECT_EQ(nameInRow(0, "preview"), "Show gesture demo: Three-Finger Tap");

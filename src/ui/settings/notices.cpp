@@ -105,7 +105,7 @@ void Notices::display(const Content& content, const Lang& lang) {
 }
 
 void Notices::showText(const Section& section, const std::optional<std::string>& text) {
-    if (text) {
+    if (text && section.notice->text() != toQt(*text)) {
         section.notice->setText(toQt(*text));
         section.notice->setAccessibleName(toQt(*text));
     }

@@ -34,7 +34,7 @@ SettingsView::SettingsView(Services given, QWidget* parent)
     lay();
     listen();
     observe();
-    refresh();
+    retitle();
 }
 
 void SettingsView::lay() {
@@ -85,25 +85,32 @@ void SettingsView::listen() {
 
 // A window that is hidden is brought up to date when it is shown.
 void SettingsView::observe() {
-    const auto follow = [this](Observable& observed) {
-        subscriptions.push_back(observed.subscribe({}, [this] {
+    const auto follow = [this](Observable& observed, void (SettingsView::*react)()) {
+        subscriptions.push_back(observed.subscribe({}, [this, react] {
             if (isVisible()) {
-                refresh();
+                (this->*react)();
             }
         }));
     };
-    follow(services.store->changes());
-    follow(services.dispatcher->changes());
-    follow(services.updates->changes());
-    follow(services.lang->changes());
-    follow(loginItem.changes());
+    follow(services.store->changes(), &SettingsView::refresh);
+    follow(services.dispatcher->changes(), &SettingsView::refresh);
+    follow(services.updates->changes(), &SettingsView::refresh);
+    follow(services.lang->changes(), &SettingsView::retitle);
+    follow(loginItem.changes(), &SettingsView::refresh);
     if (services.desktopHelper != nullptr) {
-        follow(services.desktopHelper->changes());
+        follow(services.desktopHelper->changes(), &SettingsView::refresh);
     }
 }
 
-void SettingsView::refresh() {
+// Only with the language: who reads the window aloud is told of every name that is set.
+void SettingsView::retitle() {
     header->retitle();
+    list->retitle();
+    emptyState->retitle(*services.lang);
+    refresh();
+}
+
+void SettingsView::refresh() {
     header->setLaunchesAtLogin(loginItem.enabled());
     header->setEnabledSwitch(services.dispatcher->masterEnabled());
     refreshNotices();
@@ -132,8 +139,6 @@ void SettingsView::refreshNotices() {
 void SettingsView::refreshList() {
     const auto bindings = services.store->bindings();
     list->setBindings(bindings);
-    list->retitle();
-    emptyState->retitle(*services.lang);
     emptyState->setVisible(bindings->empty());
     list->setVisible(!bindings->empty());
 }
@@ -184,7 +189,7 @@ bool SettingsView::event(QEvent* event) {
 }
 
 void SettingsView::showEvent(QShowEvent* event) {
-    refresh();
+    retitle();
     QWidget::showEvent(event);
 }
 

@@ -63,6 +63,7 @@ private:
     void lay();
     void listen();
     void observe();
+    void retitle();
     void refresh();
     void refreshNotices();
     void refreshList();
