@@ -4,7 +4,6 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace glidemap {
@@ -17,11 +16,15 @@ constexpr QSize handle{120, 40};
 // No desktop is larger; beyond, sums of places and sizes would overflow.
 constexpr int farthest = 1'000'000;
 
-bool canBeReached(const QRect& window) {
-    if (std::abs(window.x()) > farthest || std::abs(window.y()) > farthest) {
+bool isFar(int coordinate) {
+    return coordinate > farthest || coordinate < -farthest;
+}
+
+bool canBeReached(QPoint place, int width) {
+    if (isFar(place.x()) || isFar(place.y())) {
         return false;
     }
-    const QRect upperEdge(window.topLeft(), QSize(window.width(), handle.height()));
+    const QRect upperEdge(place, QSize(width, handle.height()));
     return std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* screen) {
         const QRect seen = screen->availableGeometry().intersected(upperEdge);
         return seen.width() >= handle.width() && seen.height() >= handle.height();
@@ -62,7 +65,7 @@ void SettingsWindow::goWhereItWas() {
     const QSize size = last ? sizeOf(*last, screen()->virtualSize()) : contentSize;
     QRect place(QPoint(), size);
     place.moveCenter(available.center());
-    if (last && canBeReached({QPoint(last->x, last->y), size})) {
+    if (last && canBeReached({last->x, last->y}, size.width())) {
         place.moveTopLeft({last->x, last->y});
     }
     resize(place.size());
