@@ -67,7 +67,7 @@ desktops::Program::Command XfcePanel::command(std::vector<std::string> words) co
     desktops::Environment environment = desktops::plainEnvironment(folder.path());
     environment["DBUS_SESSION_BUS_ADDRESS"] = busAddress;
     environment["DISPLAY"] = display.name();
-    environment["NO_AT_BRIDGE"] = "1"; // it is not the panel that is judged
+    environment.emplace("NO_AT_BRIDGE", "1"); // it is not the panel that is judged
     return {
         .words = std::move(words), .environment = environment, .log = folder.path() / "panel.log"};
 }
