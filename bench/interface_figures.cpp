@@ -99,7 +99,7 @@ void measureStarts(Stage& stage, int runs) {
 
 void print(const std::string& what, const Memory& memory) {
     std::cout << what << ": resident " << memory.resident << " KiB, private " << memory.privatePages
-              << " KiB\n";
+              << " KiB, of which written " << memory.written << " KiB\n";
 }
 
 Memory memoryOfYardstick(Stage& stage) {

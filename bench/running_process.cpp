@@ -78,7 +78,8 @@ double now() {
 Memory memoryOf(pid_t process) {
     const Path rollup = folderOf(process) / "smaps_rollup";
     return {numberIn(folderOf(process) / "status", "VmRSS:"),
-            numberIn(rollup, "Private_Clean:") + numberIn(rollup, "Private_Dirty:")};
+            numberIn(rollup, "Private_Clean:") + numberIn(rollup, "Private_Dirty:"),
+            numberIn(rollup, "Private_Dirty:")};
 }
 
 double cpuSecondsDuring(pid_t process, double seconds) {

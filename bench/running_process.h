@@ -15,8 +15,9 @@
 namespace glidemap::bench {
 
 struct Memory {
-    long resident = 0; // all its pages in memory, those shared with other programs too
-    long privatePages = 0;
+    long resident = 0;     // all its pages in memory, those shared with other programs too
+    long privatePages = 0; // no other program has them, be it that none uses the library
+    long written = 0;      // of those, what exists nowhere else: the heap, stacks, relocated data
 };
 
 // Of the monotonic clock.
