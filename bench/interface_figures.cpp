@@ -8,9 +8,11 @@
 #include "stage.h"
 
 #include <sched.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstring>
 #include <iostream>
 #include <string>
@@ -49,6 +51,14 @@ Program::Command commandOn(const Stage& stage, const char* program) {
 
 bool isShown(const Stage& stage, const char* title) {
     return stage.display.windowTitled(title).has_value();
+}
+
+// By SIGTERM; waits until it has ended.
+void endInOrder(const Program& program) {
+    kill(program.process(), SIGTERM);
+    siginfo_t ended{};
+    while (waitid(P_PID, static_cast<id_t>(program.process()), &ended, WEXITED | WNOWAIT) != 0) {
+    }
 }
 
 double timeUntil(double start, const std::function<bool()>& condition) {

@@ -1,9 +1,5 @@
 #include "running_process.h"
 
-#include <sched.h>
-#include <sys/wait.h>
-
-#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -95,24 +91,14 @@ long wakeUpsDuring(pid_t process, double seconds, std::ostream& told) {
     for (const auto& [thread, count] : switchesByThread(process)) {
         const auto known = before.find(thread);
         const long more = count - (known != before.end() ? known->second : 0);
-        if (more > 0) {
-            told << "  " << thread << " woke up " << more << " times\n";
-        }
+        told << thread << ": woke up " << more << " times in " << seconds << " s\n";
         woken += more;
     }
-    told << "idle: woke up " << woken << " times in " << seconds << " s\n";
     return woken;
 }
 
 void letItSettle(pid_t process) {
     while (cpuSecondsDuring(process, settledAfter) > 0) {
-    }
-}
-
-void endInOrder(const desktops::Program& program) {
-    kill(program.process(), SIGTERM);
-    siginfo_t ended{};
-    while (waitid(P_PID, static_cast<id_t>(program.process()), &ended, WEXITED | WNOWAIT) != 0) {
     }
 }
 

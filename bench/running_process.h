@@ -6,8 +6,6 @@
 // Errors:  a process that is gone counts as nothing.
 #pragma once
 
-#include "desktops/program.h"
-
 #include <sys/types.h>
 
 #include <iosfwd>
@@ -28,13 +26,9 @@ Memory memoryOf(pid_t process);
 // Measures for that long.
 double cpuSecondsDuring(pid_t process, double seconds);
 
-// The same; tells of each thread that woke up.
+// The same; tells how often each thread woke up.
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& told);
 
 // Waits until none of its threads has run for half a second.
 void letItSettle(pid_t process);
-
-// By SIGTERM; waits until it has ended.
-void endInOrder(const desktops::Program& program);
-
 } // namespace glidemap::bench
