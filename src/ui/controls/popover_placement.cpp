@@ -1,18 +1,10 @@
 #include "ui/controls/popover_placement.h"
 
+#include "ui/controls/kept_within.h"
+
 #include <algorithm>
 
 namespace glidemap {
-
-namespace {
-
-// The nearest place to the wanted one that keeps the extent within the bounds; where it does not
-// fit, its beginning is what is seen.
-int within(int wanted, int extent, int from, int upTo) {
-    return std::max(from, std::min(wanted, upTo - extent));
-}
-
-} // namespace
 
 PopoverPlacement placePopover(QSize card, const QRect& anchor, const QRect& window) {
     const QRect room =
@@ -27,8 +19,8 @@ PopoverPlacement placePopover(QSize card, const QRect& anchor, const QRect& wind
     const int wantedY = isAbove ? anchor.y() - popoverArrowHeight - card.height()
                                 : anchorBottom + popoverArrowHeight;
     const QPoint place(
-        within(middle - card.width() / 2, card.width(), room.x(), room.x() + room.width()),
-        within(wantedY, card.height(), room.y(), roomBottom));
+        keptWithin(middle - card.width() / 2, card.width(), room.x(), room.x() + room.width()),
+        keptWithin(wantedY, card.height(), room.y(), roomBottom));
 
     const int least = place.x() + popoverRadius + popoverArrowHalfWidth;
     const int most = place.x() + card.width() - popoverRadius - popoverArrowHalfWidth;

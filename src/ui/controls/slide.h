@@ -20,15 +20,12 @@ public:
     // Draws the widget again on each step; `onStep` may do more.
     explicit Slide(QWidget* drawn, std::function<void()> onStep = {});
 
-    void setDuration(int milliseconds) { animation.setDuration(milliseconds); }
-
     // Jumps if the widget cannot be seen, or if motion is to be reduced.
     void glideTo(double target);
     void jumpTo(double target);
 
     double value() const { return current; }
     double target() const { return wanted; }
-    bool isMoving() const { return animation.state() == QAbstractAnimation::Running; }
 
     // Called when it has arrived, at once where it jumps.
     std::function<void()> onArrival;

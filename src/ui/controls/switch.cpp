@@ -36,11 +36,6 @@ Switch::Switch(QWidget* parent) : QCheckBox(parent) {
     });
 }
 
-void Switch::setTextSide(TextSide side) {
-    textSide = side;
-    update();
-}
-
 QSize Switch::sizeHint() const {
     const QSize words = fontMetrics().size(textFlags, text());
     const int label = text().isEmpty() ? 0 : words.width() + 1 + textGap;
@@ -60,8 +55,7 @@ void Switch::nextCheckState() {
 }
 
 QRectF Switch::trackRect() const {
-    const bool isAtLeft = (textSide == TextSide::after) == (layoutDirection() == Qt::LeftToRight);
-    const int x = isAtLeft ? style::ringMargin : width() - style::ringMargin - trackWidth;
+    const int x = isRightToLeft() ? style::ringMargin : width() - style::ringMargin - trackWidth;
     return QRectF(x, (height() - trackHeight) / 2.0, trackWidth, trackHeight);
 }
 
@@ -99,9 +93,8 @@ void Switch::drawKnob(QPainter& painter, const QRectF& track) const {
 
 void Switch::drawText(QPainter& painter) const {
     const int taken = trackWidth + style::ringMargin + textGap;
-    const QRect room = trackRect().left() > width() / 2.0 - trackWidth / 2.0 && !text().isEmpty()
-                           ? rect().adjusted(style::ringMargin, 0, -taken, 0)
-                           : rect().adjusted(taken, 0, -style::ringMargin, 0);
+    const QRect room = isRightToLeft() ? rect().adjusted(taken, 0, -style::ringMargin, 0)
+                                       : rect().adjusted(style::ringMargin, 0, -taken, 0);
     painter.setFont(font());
     painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
                                : style::color(Role::tertiary));

@@ -1,5 +1,5 @@
 // A switch: a knob that slides between off and on. To assistive programs it is a check box, and it
-// is set and listened to as one. Its text stands beside it.
+// is set and listened to as one. Its text stands before it.
 //
 // Thread:  the main thread. Owner: its parent. Errors: none.
 #pragma once
@@ -13,11 +13,7 @@ namespace glidemap {
 
 class Switch : public QCheckBox {
 public:
-    enum class TextSide { before, after };
-
     explicit Switch(QWidget* parent = nullptr);
-
-    void setTextSide(TextSide side);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -37,7 +33,6 @@ private:
     void drawKnob(QPainter& painter, const QRectF& track) const;
     void drawText(QPainter& painter) const;
 
-    TextSide textSide = TextSide::before;
     Slide knob{this};
     Subscription toTheme;
 };

@@ -18,21 +18,6 @@ void SymbolButton::setSymbol(std::string_view symbolName) {
     dress();
 }
 
-void SymbolButton::setRole(Role colorRole) {
-    role = colorRole;
-    dress();
-}
-
-void SymbolButton::setSymbolSize(int points) {
-    setIconSize(QSize(points, points));
-    dress();
-}
-
-void SymbolButton::setHelp(const QString& help) {
-    setAccessibleName(help);
-    setToolTip(help);
-}
-
 void SymbolButton::dress() {
     setIcon(symbolIcon(symbol, role, iconSize().width()));
 }

@@ -17,11 +17,6 @@ public:
     SymbolButton(std::string_view symbolName, Role colorRole, QWidget* parent = nullptr);
 
     void setSymbol(std::string_view symbolName);
-    void setRole(Role colorRole);
-    void setSymbolSize(int points); // 16 without it
-
-    // The accessible name and the hover help in one.
-    void setHelp(const QString& help);
 
 private:
     void dress();
