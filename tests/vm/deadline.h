@@ -1,5 +1,6 @@
 // How long a test waits for what must happen. Nothing waits this long unless it has failed, so it
-// is generous: the kernel of the tests has one processor, and that shares a busy machine.
+// is generous: the kernel of the tests has one processor, and that shares a busy machine, where a
+// desktop may take a good part of a minute to come up.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +12,7 @@ class Deadline {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Deadline(std::chrono::seconds patience = std::chrono::seconds(10))
+    explicit Deadline(std::chrono::seconds patience = std::chrono::seconds(60))
         : end(Clock::now() + patience) {}
 
     Clock::time_point time() const { return end; }

@@ -18,7 +18,7 @@ bool waitForChanges(const std::vector<std::filesystem::path>& watched,
     for (const std::filesystem::path& path : watched) {
         inotify_add_watch(changes, path.c_str(), anyChange);
     }
-    const Deadline deadline(std::chrono::seconds(30));
+    const Deadline deadline;
     bool holds = condition();
     while (!holds && !deadline.passed()) {
         pollfd waited{changes, POLLIN, 0};

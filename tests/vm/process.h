@@ -31,7 +31,7 @@ public:
     // Waits until the program has the device open and waits for it to speak; before that, what it
     // says may be lost. A program that ends instead is a failure.
     bool waitUntilReading(const std::filesystem::path& device,
-                          std::chrono::seconds patience = std::chrono::seconds(10));
+                          std::chrono::seconds patience = std::chrono::seconds(60));
 
     // Waits until the program has dealt with everything there is for it to do. False if it has
     // ended instead, which may be just what it had to do.
