@@ -41,6 +41,7 @@ PadHand& PadHand::downAt(std::vector<std::pair<std::int32_t, std::int32_t>> plac
 }
 
 PadHand& PadHand::move(std::int32_t dx, std::int32_t dy, int reports) {
+    const Punctual hand;
     const auto begin = fingers;
     for (int report = 1; report <= reports; ++report) {
         EventFrame frame;

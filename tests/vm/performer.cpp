@@ -97,6 +97,7 @@ private:
 } // namespace
 
 void performOn(VirtualPad& pad, GestureType gesture, std::uint64_t seed) {
+    const Punctual hand;
     const double begin = monotonicNow();
     Slots slots;
     for (const TimedReport& report : perform(gesture, seed)) {

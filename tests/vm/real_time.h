@@ -3,12 +3,22 @@
 //
 // Units:   seconds of the monotonic clock.
 // Thread:  any.
-// Errors:  none.
+// Errors:  a thread that cannot be made punctual is a failure of the test.
 #pragma once
 
 namespace glidemap::vm {
 
 double monotonicNow();
 void letTimePassUntil(double moment);
+
+// While it lives, this thread goes before all others inside the kernel: a hand does not wait for
+// what the machine is busy with, and one that comes late makes another gesture.
+class Punctual {
+public:
+    Punctual();
+    Punctual(const Punctual&) = delete;
+    Punctual& operator=(const Punctual&) = delete;
+    ~Punctual();
+};
 
 } // namespace glidemap::vm
