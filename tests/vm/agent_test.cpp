@@ -38,8 +38,8 @@ constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
 constexpr unsigned long optionAndCommand = 0x180000;
 
-// Longer than the program lets pass between two gestures.
-constexpr double betweenGestures = 0.4;
+// Longer than the program lets pass between the two taps of a double one.
+constexpr double betweenGestures = 0.6;
 
 std::string contentsOf(const std::filesystem::path& file) {
     std::ifstream stream(file);
@@ -107,16 +107,16 @@ TEST_F(AgentTest, EveryKindOfActionRuns) {
                      R"({"kind":"launchApp","bundleID":"org.example.Probe","name":"Probe"})")});
     Agent agent;
     DeviceReader keys = keyboard();
-    performOn(pad, GestureType::twoFingerTap);
+    hand.tap(2);
     EXPECT_TRUE(agent.waitForLog("twoFingerTap → Shortcut ⌃⇧T"));
     hand.pause(betweenGestures);
-    performOn(pad, GestureType::threeFingerTap);
+    hand.tap(3);
     EXPECT_TRUE(agent.waitForLog("threeFingerTap → Lock Screen"));
     hand.pause(betweenGestures);
     performOn(pad, GestureType::threeFingerSwipeUp);
     EXPECT_TRUE(agent.waitForLog("threeFingerSwipeUp → Mission Control"));
     hand.pause(betweenGestures);
-    performOn(pad, GestureType::fourFingerTap);
+    hand.tap(4);
     EXPECT_TRUE(agent.waitForLog("fourFingerTap → Open Probe"));
     EXPECT_TRUE(waitForFile(launched));
     EXPECT_TRUE(keys.waitForKey(KEY_Q, 0));
@@ -131,10 +131,10 @@ TEST_F(AgentTest, AGestureWithoutABindingIsLoggedAndTypesNothing) {
     home.writeBindings({bindingJson("twoFingerTap", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();
-    performOn(pad, GestureType::threeFingerTap);
+    hand.tap(3);
     EXPECT_TRUE(agent.waitForLog("threeFingerTap → (no matching binding)"));
     hand.pause(betweenGestures);
-    performOn(pad, GestureType::twoFingerTap);
+    hand.tap(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
     EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
 }
