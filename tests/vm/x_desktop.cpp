@@ -53,9 +53,10 @@ bool XDesktop::startWindowManager() {
     return windowManager->waitForOutput("manages windows").has_value();
 }
 
+// It has more to say in its log once it has opened a device.
 bool XDesktop::waitForDevice(const std::string& node) const {
-    return waitForChanges(
-        {logFile}, [&] { return contentsOf(logFile).find("(" + node + ")") != std::string::npos; });
+    const std::string process = std::to_string(server->id());
+    return waitForChanges({logFile}, [&] { return hasOpen(process, node); });
 }
 
 } // namespace glidemap::vm

@@ -27,7 +27,8 @@ public:
 
     bool isRunning() const { return running; }
 
-    // Waits until the server has taken a device up, which it tells in its log.
+    // Waits until the server has opened the device that is there now: an earlier one may have had
+    // the same node. It has set the device up when it answers the next question.
     bool waitForDevice(const std::string& node) const;
 
 private:

@@ -59,7 +59,7 @@ XWindow::XWindow(const std::string& className) : connection(xcb_connect(nullptr,
         return;
     }
     create(className);
-    EXPECT_TRUE(waitUntil([this] { return focused; })) << "the window never got the focus";
+    EXPECT_TRUE(waitForFocus()) << "the window never got the focus";
 }
 
 XWindow::~XWindow() {
@@ -82,8 +82,21 @@ void XWindow::create(const std::string& className) {
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(both.size()), both.data());
     xcb_map_window(connection, window);
-    askForFocus();
-    xcb_flush(connection);
+}
+
+// What a window manager has read of its connection while it started it looks at when more comes, so
+// it is asked until it has done it.
+bool XWindow::waitForFocus() {
+    constexpr int soon = 200; // milliseconds
+    const Deadline deadline;
+    while (!focused && !deadline.passed() && xcb_connection_has_error(connection) == 0) {
+        askForFocus();
+        xcb_flush(connection);
+        pollfd waited{xcb_get_file_descriptor(connection), POLLIN, 0};
+        poll(&waited, 1, soon);
+        readEvents();
+    }
+    return focused;
 }
 
 // As a task bar does: a window manager that has only just started gives a window that it finds no

@@ -51,6 +51,7 @@ public:
 
 private:
     void create(const std::string& className);
+    bool waitForFocus();
     void askForFocus();
     void readEvents();
 

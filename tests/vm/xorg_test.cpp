@@ -18,7 +18,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,7 +32,12 @@ using testing::HasSubstr;
 
 constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
-constexpr double betweenGestures = 0.4;
+
+// Longer than the program lets pass between the two taps of a double one.
+constexpr double betweenGestures = 0.6;
+
+// Fingers that lift sooner have tapped, to a desktop that hears of no button.
+constexpr double longerThanATap = 0.3;
 
 // X's modifier bits.
 constexpr std::uint16_t shiftHeld = 1;
@@ -82,11 +89,13 @@ protected:
         ASSERT_TRUE(window->hasFocus());
     }
 
-    // Until the server listens to the clone as well.
-    void waitForClone() const {
-        const auto clone = waitForNode(pad->shape().name, pad->node());
-        ASSERT_TRUE(clone.has_value());
-        ASSERT_TRUE(desktop->waitForDevice(clone->string()));
+    // Until the server listens to what the program types on, and to the clone.
+    void waitForKeyboard() const { waitForServerToTake(waitForNode("Glidemap Keyboard")); }
+    void waitForClone() const { waitForServerToTake(waitForNode(pad->shape().name, pad->node())); }
+
+    void waitForServerToTake(const std::optional<std::filesystem::path>& node) const {
+        ASSERT_TRUE(node.has_value());
+        ASSERT_TRUE(desktop->waitForDevice(node->string())) << *node;
         window->pointer(); // the server answers once it has set the device up
     }
 
@@ -151,9 +160,10 @@ TEST_F(XorgTest, TheDesktopPointsScrollsClicksAndTapsThroughTheCloneAsWithoutIt)
 TEST_F(XorgTest, ASwallowedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, control | shift))});
     Agent agent;
+    waitForKeyboard();
     waitForClone();
     PadHand hand(*pad);
-    hand.click(2);
+    hand.down(2).pause(longerThanATap).press().release().up();
     EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut ⌃⇧T @ Glidemap Probe"));
     EXPECT_TRUE(window->waitForInputs(6));
     hand.pause(betweenGestures).click(1);
@@ -185,9 +195,9 @@ TEST_F(XorgTest, ABindingOfOneApplicationHoldsWhileThatIsFrontmost) {
 TEST_F(XorgTest, WhatThePersonHoldsDoesNotJoinTheShortcutAndDoesNotGetStuck) {
     home.writeBindings({bindingJson("fourFingerTap", shortcutJson(17, control))});
     VirtualPad keyboard(plainKeyboard(), "virtual/keyboard");
-    ASSERT_TRUE(desktop->waitForDevice(keyboard.node().string()));
+    waitForServerToTake(keyboard.node());
     Agent agent;
-    window->pointer();
+    waitForKeyboard();
     keyboard.write({{EV_KEY, KEY_LEFTSHIFT, 1}});
     ASSERT_TRUE(window->waitForInputs(1));
     PadHand(*pad).pause(betweenGestures).tap(4);
