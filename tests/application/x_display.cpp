@@ -52,8 +52,21 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder)
     }
     _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
     windowManager = std::make_unique<Program>(windowManagerOn(_name, folder));
-    EXPECT_TRUE(waitUntil([this] { return !numbers(_root, "_NET_SUPPORTING_WM_CHECK").empty(); }))
-        << "the window manager never took over";
+    EXPECT_TRUE(waitForWindowManager()) << "the window manager never took over";
+}
+
+// It says who it is long before it manages windows, and gives none the focus that it finds there by
+// then; what it has read of its connection meanwhile it looks at when more comes. So it is asked
+// for something until it has done it.
+bool XDisplay::waitForWindowManager() const {
+    const std::uint32_t window = createWindow({0, 0, 1, 1});
+    const bool answers = waitUntil([&] {
+        ask(window, "_NET_REQUEST_FRAME_EXTENTS");
+        return !numbers(window, "_NET_FRAME_EXTENTS").empty();
+    });
+    xcb_destroy_window(_connection, window);
+    xcb_flush(_connection);
+    return answers;
 }
 
 XDisplay::~XDisplay() {
@@ -129,6 +142,13 @@ bool XDisplay::hasOwner(const std::string& selection) const {
 }
 
 std::uint32_t XDisplay::openWindow(const Rectangle& area) const {
+    const std::uint32_t window = createWindow(area);
+    xcb_map_window(_connection, window);
+    ask(window, "_NET_ACTIVE_WINDOW");
+    return window;
+}
+
+std::uint32_t XDisplay::createWindow(const Rectangle& area) const {
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data;
     const std::uint32_t window = xcb_generate_id(_connection);
     xcb_create_window(_connection, XCB_COPY_FROM_PARENT, window, _root,
@@ -136,8 +156,6 @@ std::uint32_t XDisplay::openWindow(const Rectangle& area) const {
                       static_cast<std::uint16_t>(area.width),
                       static_cast<std::uint16_t>(area.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                       screen->root_visual, XCB_CW_BACK_PIXEL, &screen->white_pixel);
-    xcb_map_window(_connection, window);
-    ask(window, "_NET_ACTIVE_WINDOW");
     return window;
 }
 

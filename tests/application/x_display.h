@@ -73,6 +73,8 @@ public:
     void close(const ManagedWindow& window) const;
 
 private:
+    std::uint32_t createWindow(const Rectangle& area) const;
+    bool waitForWindowManager() const;
     std::uint32_t atom(const std::string& text) const;
     std::string property(std::uint32_t window, const char* property) const;
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property) const;
