@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <Qt>
 #include <initializer_list>
 
 namespace glidemap {
@@ -60,6 +61,37 @@ TEST_F(BindingSelectionTest, OneMoreAtTheEndIsGrowth) {
     EXPECT_FALSE(hasGrownByOne(listOf({0, 1}), listOf({0, 1})));
     EXPECT_FALSE(hasGrownByOne(listOf({0, 1}), listOf({2, 0, 1})));
     EXPECT_FALSE(hasGrownByOne(listOf({0}), listOf({0, 1, 2})));
+}
+
+TEST_F(BindingSelectionTest, EachKeyThatMovesKeepsItWithinTheList) {
+    struct Row {
+        const char* what;
+        int key;
+        Place from;
+        Place to; // of ten, four to a page
+    };
+    const Row rows[] = {
+        {"up", Qt::Key_Up, 5, 4},
+        {"up from the first", Qt::Key_Up, 0, 0},
+        {"up without a selection", Qt::Key_Up, std::nullopt, 0},
+        {"down", Qt::Key_Down, 5, 6},
+        {"down from the last", Qt::Key_Down, 9, 9},
+        {"down without a selection", Qt::Key_Down, std::nullopt, 0},
+        {"a page up", Qt::Key_PageUp, 5, 1},
+        {"a page up, where there is just one", Qt::Key_PageUp, 4, 0},
+        {"a page up, where there is less", Qt::Key_PageUp, 3, 0},
+        {"a page down", Qt::Key_PageDown, 4, 8},
+        {"a page down, where there is just one", Qt::Key_PageDown, 5, 9},
+        {"a page down, where there is less", Qt::Key_PageDown, 6, 9},
+        {"home", Qt::Key_Home, 7, 0},
+        {"end", Qt::Key_End, 2, 9},
+        {"a key that does something else", Qt::Key_Return, 5, std::nullopt},
+        {"a key to the side", Qt::Key_Right, 5, std::nullopt},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(selectionMovedBy(row.key, row.from, 10, 4), row.to) << row.what;
+    }
+    EXPECT_EQ(selectionMovedBy(Qt::Key_Down, 0, 1, 4), 0);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "ui/settings/binding_selection.h"
 #include "ui/settings/list_accessibility.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
@@ -11,7 +10,6 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace glidemap {
@@ -20,21 +18,10 @@ namespace {
 
 constexpr int inset = 6; // keeps the rows off the card's round corners
 constexpr double cornerRadius = 10;
-constexpr int gap = 4;                // between rows
-constexpr int edge = inset - gap / 2; // above the first and below the last, scrolled with them
-constexpr int line = 1;               // of the card
+constexpr int line = 1; // of the card
 
 // Beyond what can be seen, so that Tab finds the next row before it is seen.
 constexpr std::size_t rowsAhead = 2;
-
-int rowStep() {
-    return BindingRow::usualHeight() + gap;
-}
-
-bool hasFocusInside(const BindingRow& row) {
-    const QWidget* const focus = row.window()->focusWidget();
-    return focus != nullptr && row.isAncestorOf(focus);
-}
 
 bool isByKeyboard(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
@@ -44,13 +31,14 @@ bool isByKeyboard(Qt::FocusReason reason) {
 } // namespace
 
 BindingListView::BindingListView(const Lang& language, QWidget* parent)
-    : QWidget(parent), lang(language), area(new QScrollArea(this)), ground(new QWidget) {
+    : QWidget(parent), lang(language), area(new QScrollArea(this)), ground(new QWidget),
+      present(*this, *ground, language, whatRowsAsk()) {
     describeListsToAssistance();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);
     // It takes what the notices leave, and leaves them what they need.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
-    setMinimumHeight(rowStep() / 2);
+    setMinimumHeight(BindingRows::step() / 2);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -63,7 +51,7 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     layout->setContentsMargins(inset, line, inset, line); // rows go as far as the card does
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-        closePreviews();
+        present.closePreviews();
         layOut();
     });
     toTheme = Theme::shared().changes().subscribe({}, [this] {
@@ -72,9 +60,19 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     });
 }
 
-// While there still are rows to be told that the focus comes back to one of them.
-BindingListView::~BindingListView() {
-    closePreviews();
+BindingRows::Callbacks BindingListView::whatRowsAsk() {
+    return {
+        [this](const GestureBinding& binding, bool on) { onToggle(binding, on); },
+        [this](const GestureBinding& binding) { onEdit(binding); },
+        [this](const GestureBinding& binding) { onDelete(binding); },
+        [this](std::size_t index, Qt::FocusReason reason) {
+            select(index);
+            // Under the mouse it stays where it is, or the click would miss it.
+            if (isByKeyboard(reason)) {
+                scrollTo(index);
+            }
+        },
+    };
 }
 
 void BindingListView::setBindings(std::shared_ptr<const BindingList> list) {
@@ -87,7 +85,9 @@ void BindingListView::setBindings(std::shared_ptr<const BindingList> list) {
         return;
     }
     selected = selectionAfter(*before, *bindings, selected);
-    carryRowsOver(*bindings);
+    if (present.carryOver(*bindings)) {
+        setFocus(Qt::OtherFocusReason);
+    }
     layOut();
     showSelection();
     if (hasGrownByOne(*before, *bindings)) {
@@ -96,27 +96,9 @@ void BindingListView::setBindings(std::shared_ptr<const BindingList> list) {
     }
 }
 
-// Each row goes where its binding has gone, and goes with it where that is no more.
-void BindingListView::carryRowsOver(const BindingList& next) {
-    bool hadFocus = false;
-    for (const auto& [index, row] : std::exchange(present, {})) {
-        const auto place = nearestWith(row->binding().id, next, index);
-        if (place && present.emplace(*place, row).second) {
-            row->setBinding(next[*place]);
-            continue;
-        }
-        row->closePreview(); // which gives the focus back to the row
-        hadFocus = hadFocus || hasFocusInside(*row);
-        discard(row);
-    }
-    if (hadFocus) {
-        setFocus(Qt::OtherFocusReason);
-    }
-}
-
 void BindingListView::retitle() {
     setAccessibleName(QString::fromStdString(lang.choose("Bindings", "绑定列表")));
-    for (const auto& [index, row] : present) {
+    for (const auto& [index, row] : present.all()) {
         row->retitle();
     }
 }
@@ -126,94 +108,12 @@ void BindingListView::layOut() {
     if (bindings == nullptr) {
         return;
     }
-    const int step = rowStep();
-    const auto height = static_cast<int>(bindings->size()) * step + 2 * edge;
-    ground->resize(area->viewport()->width(), height);
-    const auto highest = static_cast<std::size_t>(area->verticalScrollBar()->value() / step);
+    ground->resize(area->viewport()->width(), BindingRows::heightOf(bindings->size()));
+    const std::size_t highest = highestInSight();
     const std::size_t first = highest - std::min(highest, rowsAhead);
     const std::size_t end = std::min(bindings->size(), highest + pageLength() + 2 + rowsAhead);
-    dropRowsOutside(first, end);
-    bool isAnyNew = false;
-    for (std::size_t index = first; index < end; ++index) {
-        if (!present.contains(index)) {
-            present[index] = makeRow(index);
-            isAnyNew = true;
-        }
-    }
-    for (const auto& [index, row] : present) {
-        const int top = edge + static_cast<int>(index) * step + gap / 2;
-        row->setGeometry(0, top, ground->width(), step - gap);
-        row->show();
-    }
-    if (isAnyNew) {
-        putInOrder();
+    if (present.cover(*bindings, first, end)) {
         showSelection();
-    }
-}
-
-// Not the one with the focus, which would have nowhere to go.
-void BindingListView::dropRowsOutside(std::size_t first, std::size_t end) {
-    std::erase_if(present, [&](const auto& entry) {
-        const auto& [index, row] = entry;
-        const bool hasFocus = hasFocusInside(*row);
-        const bool goes =
-            index >= bindings->size() || ((index < first || index >= end) && !hasFocus);
-        if (goes) {
-            discard(row);
-        }
-        return goes;
-    });
-}
-
-BindingRow* BindingListView::makeRow(std::size_t index) {
-    // Set below: the callbacks need the row that they are given to.
-    auto itself = std::make_shared<BindingRow*>();
-    auto* row = new BindingRow((*bindings)[index],
-                               {[this, itself](bool on) { onToggle((*itself)->binding(), on); },
-                                [this, itself] { onEdit((*itself)->binding()); },
-                                [this, itself] {
-                                    onDelete((*itself)->binding());
-                                }},
-                               lang, ground);
-    *itself = row;
-    row->installEventFilter(this);
-    row->onFocusInside = [this, row](Qt::FocusReason reason) {
-        const auto place = std::ranges::find(present, row, &Rows::value_type::second);
-        if (place == present.end()) {
-            return;
-        }
-        select(place->first);
-        // Under the mouse it stays where it is, or the click would miss it.
-        if (isByKeyboard(reason)) {
-            scrollTo(place->first);
-        }
-    };
-    return row;
-}
-
-// Later, because it may be one of its own buttons that asks for it.
-void BindingListView::discard(BindingRow* row) {
-    row->closePreview();
-    row->onFocusInside = {};
-    row->setParent(nullptr);
-    row->deleteLater();
-}
-
-// For Tab, and for programs that read the window to the user.
-void BindingListView::putInOrder() {
-    QWidget* before = this;
-    for (const auto& [index, row] : present) {
-        row->raise();
-        for (QAbstractButton* control : row->controls()) {
-            setTabOrder(before, control);
-            before = control;
-        }
-    }
-}
-
-void BindingListView::closePreviews() {
-    for (const auto& [index, row] : present) {
-        row->closePreview();
     }
 }
 
@@ -227,14 +127,14 @@ void BindingListView::select(std::size_t index) {
 void BindingListView::showSelection() {
     using Selection = BindingRow::Selection;
     const auto shown = hasFocus() && usesKeys ? Selection::selectedWithFocus : Selection::selected;
-    for (const auto& [index, row] : present) {
+    for (const auto& [index, row] : present.all()) {
         row->setSelection(index == selected ? shown : Selection::none);
     }
 }
 
 void BindingListView::announceSelection() {
-    const auto row = present.find(*selected);
-    if (row == present.end() || !QAccessible::isActive()) {
+    const auto row = rows().find(*selected);
+    if (row == rows().end() || !QAccessible::isActive()) {
         return;
     }
     QAccessibleEvent selection(row->second, QAccessible::Selection);
@@ -247,41 +147,29 @@ void BindingListView::announceSelection() {
 
 void BindingListView::scrollTo(std::size_t index) {
     QScrollBar& bar = *area->verticalScrollBar();
-    const int top = static_cast<int>(index) * rowStep();
-    const int lowest = top + rowStep() + 2 * edge - area->viewport()->height();
+    const int top = static_cast<int>(index) * BindingRows::step();
+    const int lowest = top + BindingRows::heightOf(1) - area->viewport()->height();
     bar.setValue(std::clamp(bar.value(), std::min(lowest, top), top));
 }
 
+std::size_t BindingListView::highestInSight() const {
+    return static_cast<std::size_t>(area->verticalScrollBar()->value() / BindingRows::step());
+}
+
 std::size_t BindingListView::pageLength() const {
-    return static_cast<std::size_t>(std::max(1, area->viewport()->height() / rowStep()));
+    return static_cast<std::size_t>(std::max(1, area->viewport()->height() / BindingRows::step()));
 }
 
 bool BindingListView::moveSelection(int key) {
-    const std::size_t last = bindings->size() - 1;
-    const std::size_t from = selected.value_or(0);
-    const auto back = [from](std::size_t count) {
-        return from - std::min(from, count);
-    };
-    const auto forth = [&](std::size_t count) {
-        return std::min(last, from + count);
-    };
-    const std::map<int, std::size_t> targets = {
-        {Qt::Key_Up, back(1)},
-        {Qt::Key_Down, selected ? forth(1) : 0}, // the first key shows where one is
-        {Qt::Key_PageUp, back(pageLength())},
-        {Qt::Key_PageDown, forth(pageLength())},
-        {Qt::Key_Home, 0},
-        {Qt::Key_End, last},
-    };
-    const auto target = targets.find(key);
-    if (target == targets.end()) {
+    const auto target = selectionMovedBy(key, selected, bindings->size(), pageLength());
+    if (!target) {
         return false;
     }
     usesKeys = true;
     setFocus(Qt::OtherFocusReason);
-    select(target->second);
+    select(*target);
     showSelection();
-    scrollTo(target->second);
+    scrollTo(*target);
     return true;
 }
 
@@ -320,7 +208,7 @@ void BindingListView::focusInEvent(QFocusEvent* event) {
     if (isByKeyboard(event->reason())) {
         usesKeys = true;
         if (!selected && bindings != nullptr && !bindings->empty()) {
-            select(static_cast<std::size_t>(area->verticalScrollBar()->value() / rowStep()));
+            select(highestInSight());
         }
     }
     showSelection();
@@ -346,17 +234,16 @@ bool BindingListView::eventFilter(QObject* watched, QEvent* event) {
     if (!isPress && !isDoubleClick) {
         return false;
     }
-    const auto place = std::ranges::find_if(
-        present, [watched](const auto& entry) { return entry.second == watched; });
-    if (place == present.end() || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
+    const auto index = present.indexOf(watched);
+    if (!index || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) {
         return false;
     }
     usesKeys = false;
     setFocus(Qt::MouseFocusReason);
-    select(place->first);
+    select(*index);
     showSelection();
     if (isDoubleClick) {
-        const GestureBinding binding = place->second->binding();
+        const GestureBinding binding = (*bindings)[*index];
         onEdit(binding);
     }
     return true;

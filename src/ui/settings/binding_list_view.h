@@ -16,13 +16,12 @@
 #pragma once
 
 #include "bindings/indexed_bindings.h"
-#include "ui/settings/binding_row.h"
+#include "ui/settings/binding_rows.h"
 #include "ui/theme/theme.h"
 
 #include <QWidget>
 #include <cstddef>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 
@@ -33,7 +32,6 @@ namespace glidemap {
 class BindingListView : public QWidget {
 public:
     explicit BindingListView(const Lang& language, QWidget* parent = nullptr);
-    ~BindingListView() override;
 
     // A binding that has been added at the end is selected, and shown.
     void setBindings(std::shared_ptr<const BindingList> list);
@@ -43,7 +41,7 @@ public:
     void select(std::size_t index);
 
     // Those there are now, by their place in the list.
-    const std::map<std::size_t, BindingRow*>& rows() const { return present; }
+    const BindingRows::Rows& rows() const { return present.all(); }
 
     // What the user asked for.
     std::function<void(const GestureBinding&, bool enabled)> onToggle;
@@ -58,29 +56,23 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    using Rows = std::map<std::size_t, BindingRow*>;
-
-    void carryRowsOver(const BindingList& next);
+    BindingRows::Callbacks whatRowsAsk();
     void layOut();
-    void dropRowsOutside(std::size_t first, std::size_t end);
-    BindingRow* makeRow(std::size_t index);
-    void discard(BindingRow* row);
-    void putInOrder();
-    void closePreviews();
     void showSelection();
     void announceSelection();
     void scrollTo(std::size_t index);
     bool moveSelection(int key);
     bool actOnSelection(int key);
+    std::size_t highestInSight() const;
     std::size_t pageLength() const;
 
     const Lang& lang;
     std::shared_ptr<const BindingList> bindings; // null until the first
     QScrollArea* area;
     QWidget* ground; // as high as all rows together
-    Rows present;
     std::optional<std::size_t> selected;
     bool usesKeys = false; // and not the mouse: the ring of the focus is shown then
+    BindingRows present;
     Subscription toTheme;
 };
 

@@ -1,4 +1,4 @@
-// Where the selection goes when a list has become another one.
+// Where the selection goes when a list has become another one, and by which key.
 //
 // Thread:  any; pure functions.
 // Errors:  none.
@@ -21,5 +21,10 @@ std::optional<std::size_t> selectionAfter(const BindingList& before, const Bindi
 
 // Whether nothing has changed but for one more binding at the end.
 bool hasGrownByOne(const BindingList& before, const BindingList& after);
+
+// Where one of the keys that move (Qt::Key_Up and its like) takes the selection in a list of `count`,
+// which is not empty; none for any other key. The first key down shows where one is.
+std::optional<std::size_t> selectionMovedBy(int key, std::optional<std::size_t> selected,
+                                            std::size_t count, std::size_t pageLength);
 
 } // namespace glidemap
