@@ -1,3 +1,4 @@
+// Runs tests of widgets as the program draws them: in its style, in light, and with its motion.
 #include "ui/theme/theme.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ int main(int count, char** arguments) {
     QApplication application(count, arguments);
     glidemap::Theme::shared().applyTo(application);
     glidemap::Theme::shared().pin(glidemap::ColorScheme::light);
+    glidemap::Theme::shared().pinReducedMotion(false);
     glidemap::Theme::shared().pinReducedMotion(false);
     return RUN_ALL_TESTS();
 }

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QVBoxLayout>
+#include <initializer_list>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -38,6 +39,13 @@ const Key returnKey{KEY_ENTER, Qt::Key_Return, "\r"};
 const Key space{KEY_SPACE, Qt::Key_Space, " "};
 const KeyShortcut before{.keyCode = 124, .modifiers = modifier::option | modifier::command};
 
+struct Held {
+    const char* what;
+    Qt::KeyboardModifiers modifiers;
+    std::uint32_t native;
+    std::uint64_t stored;
+};
+
 class Recorder : public testing::Test {
 protected:
     Recorder() {
@@ -54,6 +62,21 @@ protected:
 
     QPushButton& button() const { return kit::find<QPushButton>(window, "recordShortcut"); }
     void click() const { QTest::mouseClick(&button(), Qt::LeftButton); }
+
+    // The key is recorded with what is stored for the modifiers, and does not reach the window.
+    void expectRecorded(const Key& key, std::uint16_t keyCode, std::initializer_list<Held> rows) {
+        for (const Held& held : rows) {
+            recorded.clear();
+            click();
+            typist.modifiers = held.modifiers;
+            typist.nativeModifiers = held.native;
+            typist.type(key);
+            EXPECT_THAT(recorded,
+                        ElementsAre(KeyShortcut{.keyCode = keyCode, .modifiers = held.stored}))
+                << held.what;
+            EXPECT_THAT(window.keys(), IsEmpty()) << held.what;
+        }
+    }
 
     EvdevHardwareKeys keys;
     Lang lang{nullptr};
@@ -89,34 +112,22 @@ TEST_F(Recorder, RecordsNothingUnlessItWasStarted) {
 }
 
 TEST_F(Recorder, TheModifiersHeldAreStoredAndNoOthers) {
-    struct Row {
-        const char* what;
-        Qt::KeyboardModifiers held;
-        std::uint32_t native;
-        std::uint64_t stored;
-    };
-    const Row rows[] = {
-        {"none", Qt::NoModifier, 0, 0},
-        {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
-        {"Control", Qt::ControlModifier, 0x4, 0x40000},
-        {"Alt is Option", Qt::AltModifier, 0x8, 0x80000},
-        {"Super is Command", Qt::MetaModifier, 0x40, 0x100000},
-        {"all four", Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier,
-         0x4D, 0x1E0000},
-        {"Caps Lock on", Qt::NoModifier, capsLockOn, 0},
-        {"Caps Lock and Num Lock on, Alt held", Qt::AltModifier, capsLockOn | numLockOn | 0x8,
-         0x80000},
-        {"on the keypad", Qt::KeypadModifier | Qt::ShiftModifier, 0x1, 0x20000},
-    };
-    for (const Row& row : rows) {
-        recorded.clear();
-        click();
-        typist.modifiers = row.held;
-        typist.nativeModifiers = row.native;
-        typist.type(a);
-        EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = row.stored}))
-            << row.what;
-    }
+    expectRecorded(
+        a, 0,
+        {
+            {"none", Qt::NoModifier, 0, 0},
+            {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
+            {"Control", Qt::ControlModifier, 0x4, 0x40000},
+            {"Alt is Option", Qt::AltModifier, 0x8, 0x80000},
+            {"Super is Command", Qt::MetaModifier, 0x40, 0x100000},
+            {"all four",
+             Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier, 0x4D,
+             0x1E0000},
+            {"Caps Lock on", Qt::NoModifier, capsLockOn, 0},
+            {"Caps Lock and Num Lock on, Alt held", Qt::AltModifier, capsLockOn | numLockOn | 0x8,
+             0x80000},
+            {"on the keypad", Qt::KeypadModifier | Qt::ShiftModifier, 0x1, 0x20000},
+        });
 }
 
 TEST_F(Recorder, AnyKeyIsAcceptedAlsoWithoutModifiers) {
@@ -163,29 +174,14 @@ TEST_F(Recorder, EscapeAloneCancelsAndKeepsTheShortcut) {
 }
 
 TEST_F(Recorder, EscapeThatIsNotAloneIsRecorded) {
-    struct Row {
-        const char* what;
-        Qt::KeyboardModifiers held;
-        std::uint32_t native;
-        std::uint64_t stored;
-    };
-    const Row rows[] = {
-        {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
-        {"Command", Qt::MetaModifier, 0x40, 0x100000},
-        {"Caps Lock on", Qt::NoModifier, capsLockOn, 0},
-        {"Caps Lock and Num Lock on", Qt::NoModifier, capsLockOn | numLockOn, 0},
-        {"Caps Lock on and Shift", Qt::ShiftModifier, capsLockOn | 0x1, 0x20000},
-    };
-    for (const Row& row : rows) {
-        recorded.clear();
-        click();
-        typist.modifiers = row.held;
-        typist.nativeModifiers = row.native;
-        typist.type(escape);
-        EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 53, .modifiers = row.stored}))
-            << row.what;
-        EXPECT_THAT(window.keys(), IsEmpty()) << row.what;
-    }
+    expectRecorded(escape, 53,
+                   {
+                       {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
+                       {"Command", Qt::MetaModifier, 0x40, 0x100000},
+                       {"Caps Lock on", Qt::NoModifier, capsLockOn, 0},
+                       {"Caps Lock and Num Lock on", Qt::NoModifier, capsLockOn | numLockOn, 0},
+                       {"Caps Lock on and Shift", Qt::ShiftModifier, capsLockOn | 0x1, 0x20000},
+                   });
 }
 
 TEST_F(Recorder, NumLockDoesNotKeepEscapeFromCancelling) {

@@ -1,3 +1,4 @@
+// Runs tests of widgets as the toolkit draws them.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -9,6 +10,6 @@ int main(int count, char** arguments) {
     }
     testing::InitGoogleTest(&count, arguments);
     const QApplication application(count, arguments);
-    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setQuitOnLastWindowClosed(false); // a test may close its windows and go on
     return RUN_ALL_TESTS();
 }
