@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
 namespace glidemap {
 
@@ -38,24 +39,39 @@ void dressTexts(const QMessageBox& alert) {
 
 } // namespace
 
-Alert::Alert(const AlertText& text, QWidget* parent) : QMessageBox(parent) {
+Alert::Alert(Texts inLanguages, Lang& language, QWidget* parent)
+    : QMessageBox(parent), texts(std::move(inLanguages)), lang(language) {
     setObjectName("alert");
     setWindowTitle("Glidemap");
-    setText(toQt(text.message));
-    setInformativeText(toQt(text.informative));
     setIconPixmap(QGuiApplication::windowIcon().pixmap(iconSize, devicePixelRatio()));
+    addButtons(texts(lang).buttons.size());
+    retitle();
     dressTexts(*this);
     for (QLabel* label : findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);
     }
-    for (const std::string& title : text.buttons) {
-        QPushButton* button = addButton(toQt(title), first == nullptr ? AcceptRole : RejectRole);
-        if (first == nullptr) {
+    toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
+}
+
+void Alert::addButtons(std::size_t count) {
+    for (std::size_t number = 0; number < count; ++number) {
+        QPushButton* button = addButton(QString(), number == 0 ? AcceptRole : RejectRole);
+        if (number == 0) {
             first = button;
             button->setProperty("prominent", true);
             setDefaultButton(button);
         }
         setEscapeButton(button);
+        inOrder.push_back(button);
+    }
+}
+
+void Alert::retitle() {
+    const AlertText text = texts(lang);
+    setText(toQt(text.message));
+    setInformativeText(toQt(text.informative));
+    for (std::size_t number = 0; number < inOrder.size(); ++number) {
+        inOrder[number]->setText(toQt(text.buttons[number]));
     }
 }
 

@@ -1,11 +1,15 @@
-// A message of the program's own, with its buttons.
+// A message of the program's own, with its buttons, in the language of the moment also while it is
+// open.
 //
 // Thread:  the main thread.
-// Owner:   whoever shows it.
+// Owner:   whoever shows it; the language outlives it.
 // Errors:  none. Texts are shown as they are and never taken for markup: some come from outside.
 #pragma once
 
+#include "core/lang.h"
+
 #include <QMessageBox>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,13 +27,23 @@ struct AlertText {
 
 class Alert : public QMessageBox {
 public:
-    explicit Alert(const AlertText& text, QWidget* parent = nullptr);
+    // There are as many buttons in each language.
+    using Texts = std::function<AlertText(const Lang&)>;
+
+    Alert(Texts texts, Lang& lang, QWidget* parent = nullptr);
 
     // Whether it was ended by its first button.
     bool firstButtonWasChosen() const { return clickedButton() == first; }
 
 private:
+    void addButtons(std::size_t count);
+    void retitle();
+
+    const Texts texts;
+    Lang& lang;
     QAbstractButton* first = nullptr;
+    std::vector<QAbstractButton*> inOrder;
+    Subscription toLanguage;
 };
 
 } // namespace glidemap

@@ -189,8 +189,9 @@ void AppDelegate::checkForUpdates() {
 }
 
 void AppDelegate::showResult(const UpdateResult& result) {
-    Alert alert(updateOutcome(result, updateChecker->currentVersion(), *ports.lang),
-                windowForAlerts());
+    Alert alert([&result, current = updateChecker->currentVersion()](
+                    const Lang& lang) { return updateOutcome(result, current, lang); },
+                *ports.lang, windowForAlerts());
     alert.setWindowModality(Qt::ApplicationModal);
     alert.show();
     ports.shell->activate(alert);
@@ -207,7 +208,7 @@ QWidget* AppDelegate::windowForAlerts() const {
 }
 
 void AppDelegate::sayThatThereIsNoStatusBar() {
-    noStatusBar = std::make_unique<Alert>(noStatusBarText(*ports.lang));
+    noStatusBar = std::make_unique<Alert>(noStatusBarText, *ports.lang);
     noStatusBar->setModal(false);
     noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // nothing that cannot wait
     noStatusBar->show();

@@ -1,18 +1,23 @@
 // The wiring diagram: which class stands behind each port, and who is tied to whom. Everything else
 // is elsewhere.
+#include "app/alert.h"
 #include "app/app_delegate.h"
 #include "app/launch_options.h"
+#include "app/refusal.h"
 #include "core/lang.h"
 #include "input/multitouch_device_manager.h"
+#include "platform/linux/appearance/portal_appearance.h"
 #include "platform/linux/helper/gnome_desktop_helper.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/services/linux_services.h"
 #include "platform/linux/session/autostart_entry.h"
 #include "platform/linux/session/environment.h"
 #include "platform/linux/session/user_folders.h"
+#include "platform/linux/shell/display.h"
 #include "platform/linux/shell/linux_application_shell.h"
 #include "platform/linux/status_bar/linux_status_bar.h"
 #include "platform/linux/touch_driver_platform.h"
+#include "platform/linux/windows/desktop_thread.h"
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/qt_user_defaults.h"
 #include "platform/qt/qt_window_geometry.h"
@@ -29,12 +34,16 @@
 #include <QApplication>
 #include <cstdlib>
 #include <iostream>
+#include <string>
 
 namespace {
 
 using namespace glidemap;
 
 constexpr const char* applicationID = "org.glidemap.Glidemap";
+
+// Of the arguments: the options are none of the toolkit's.
+constexpr int onlyTheName = 1;
 
 // The program's one delegate, for the one moment that nobody can pass it to: see endInOrder().
 std::weak_ptr<AppDelegate> theDelegate;
@@ -45,6 +54,10 @@ void endInOrder() {
     if (const auto held = theDelegate.lock()) {
         held->applicationWillTerminate();
     }
+}
+
+void complain(const std::string& message) {
+    std::cerr << "glidemap: " << message << std::endl;
 }
 
 class Program {
@@ -148,10 +161,13 @@ void Program::accessWasAnswered() {
 bool Program::run(SingleInstance& instance) {
     const TerminationSignals endings([this] { shell->terminate(); });
     const SessionEnd sessionEnd([this] { shell->terminate(); });
-    instance.listen([this](const SingleInstance::Request& request) {
+    const auto deaf = instance.listen([this](const SingleInstance::Request& request) {
         shell->prove(request.activationToken, request.startupID);
         delegate->showSettings();
     });
+    if (deaf) {
+        complain("started again, it will not be able to show its window: " + *deaf);
+    }
     mainQueue->submit([this] { delegate->applicationDidFinishLaunching(); });
     QApplication::exec();
     instance.stopListening();
@@ -163,21 +179,38 @@ SingleInstance::Request proofOfThisLaunch() {
     return {fromEnvironment("XDG_ACTIVATION_TOKEN"), fromEnvironment("DESKTOP_STARTUP_ID")};
 }
 
-int complain(const char* message, int status) {
-    std::cerr << "glidemap: " << message << std::endl;
-    return status;
-}
-
-bool runProgram(SingleInstance& instance, char** arguments) {
-    int count = 1; // the options are none of the toolkit's
-    QApplication application(count, arguments);
+void introduce() {
     QApplication::setApplicationName("Glidemap"); // also the class of its windows on X11
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
     QGuiApplication::setWindowIcon(applicationIcon());
+}
+
+bool runProgram(SingleInstance& instance, char** arguments) {
+    int count = onlyTheName;
+    QApplication application(count, arguments);
+    introduce();
     Program program(application);
     std::atexit(endInOrder);
     return program.run(instance);
+}
+
+// On the screen, too: whoever has started it by an icon sees no terminal.
+int refuse(const char* complaint, AlertText (*text)(const Lang&), char** arguments) {
+    complain(complaint);
+    if (hasDisplay()) {
+        int count = onlyTheName;
+        QApplication application(count, arguments);
+        introduce();
+        QtMainQueue mainQueue;
+        DesktopThread desktop;
+        const PortalAppearance portal(desktop, mainQueue);
+        Lang::configureShared(std::make_shared<QtUserDefaults>());
+        Theme::configureShared(portal.settings());
+        Theme::shared().applyTo(application);
+        Alert(text, Lang::shared()).exec();
+    }
+    return EXIT_FAILURE;
 }
 
 int launch(char** arguments) {
@@ -186,17 +219,18 @@ int launch(char** arguments) {
     case SingleInstance::Claim::shown:
         return EXIT_SUCCESS;
     case SingleInstance::Claim::unanswered:
-        return complain("it runs already, and does not answer", EXIT_FAILURE);
+        return refuse("it runs already, and does not answer", unansweredText, arguments);
     case SingleInstance::Claim::impossible:
-        return complain("cannot tell whether it runs already: no folder for its lock",
-                        EXIT_FAILURE);
+        return refuse("cannot tell whether it runs already: no folder for its lock",
+                      withoutLockText, arguments);
     case SingleInstance::Claim::first:
         break;
     }
     const std::string program = programFile();
     if (runProgram(instance, arguments)) {
         execv(program.c_str(), arguments);
-        return complain("cannot start again; please start it by hand", EXIT_FAILURE);
+        complain("cannot start again; please start it by hand");
+        return EXIT_FAILURE;
     }
     return EXIT_SUCCESS;
 }

@@ -34,9 +34,12 @@ RunningGlidemap::RunningGlidemap(Stage& shown, const desktops::Program::Command&
     : stage(shown), program(command) {}
 
 std::optional<ManagedWindow> RunningGlidemap::window() const {
-    const std::optional<ManagedWindow> found = stage.display.windowTitled(windowTitle);
-    return found && found->process == static_cast<std::uint32_t>(program.process()) ? found
-                                                                                    : std::nullopt;
+    const std::vector<ManagedWindow> all = stage.display.windows();
+    const auto found = std::ranges::find_if(all, [this](const ManagedWindow& each) {
+        return each.title == windowTitle &&
+               each.process == static_cast<std::uint32_t>(program.process());
+    });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
 }
 
 bool RunningGlidemap::waitForWindow() {

@@ -91,10 +91,51 @@ TEST_F(StartingAndEndingTest, OneThatHangsIsNotWaitedForForever) {
     ASSERT_TRUE(first.waitForWindow());
     kill(first.process(), SIGSTOP);
     RunningGlidemap second(stage);
-    EXPECT_EQ(second.waitForEnd(), 1);
+    ASSERT_TRUE(second.waitForWindow());
+    second.waitFor("label", "Glidemap does not answer");
     EXPECT_NE(test::contentOf(stage.complaintsFile()).find("does not answer"), std::string::npos);
+    stage.hands.press("Return");
+    EXPECT_EQ(second.waitForEnd(), 1);
     kill(first.process(), SIGCONT);
     EXPECT_EQ(first.end(SIGTERM), 0);
+}
+
+TEST_F(StartingAndEndingTest, WithoutADisplayOneThatHangsIsComplainedOfAllTheSame) {
+    Stage stage;
+    RunningGlidemap first(stage);
+    ASSERT_TRUE(first.waitForWindow());
+    kill(first.process(), SIGSTOP);
+    for (const char* display : {"", ":4321"}) {
+        auto command = stage.command();
+        command.environment["DISPLAY"] = display;
+        RunningGlidemap second(stage, command);
+        EXPECT_EQ(second.waitForEnd(), 1) << display;
+    }
+    kill(first.process(), SIGCONT);
+    EXPECT_EQ(first.end(SIGTERM), 0);
+}
+
+TEST_F(StartingAndEndingTest, WhereItsLockCannotBeTheUserIsTold) {
+    Stage stage;
+    auto command = stage.command();
+    command.environment["XDG_RUNTIME_DIR"] = "/dev/null";
+    RunningGlidemap glidemap(stage, command);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    glidemap.waitFor("label", "Glidemap could not start");
+    stage.hands.press("Return");
+    EXPECT_EQ(glidemap.waitForEnd(), 1);
+}
+
+TEST_F(StartingAndEndingTest, OneThatCannotBeCalledSaysSoAndRunsAllTheSame) {
+    Stage stage;
+    auto command = stage.command();
+    const std::filesystem::path runtime = command.environment["XDG_RUNTIME_DIR"];
+    std::filesystem::create_directories(runtime / "glidemap.socket/in/the/way");
+    RunningGlidemap glidemap(stage, command);
+    EXPECT_TRUE(glidemap.waitForWindow());
+    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("will not be able to show its window"),
+              std::string::npos);
+    EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }
 
 TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {

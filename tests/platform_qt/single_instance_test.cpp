@@ -88,10 +88,13 @@ protected:
         if (instance.claim({}) != Claim::first) {
             return 1;
         }
-        instance.listen([&](const Request& request) {
+        const auto deaf = instance.listen([&](const Request& request) {
             asked = request;
             QTimer::singleShot(0, &Application::quit);
         });
+        if (deaf) {
+            return 3;
+        }
         listening.tell();
         application.run();
         return asked == Request{"token", "id_TIME12"} ? 7 : 2;
@@ -120,7 +123,7 @@ TEST_F(SingleInstanceTest, OnlyTheUserCanOpenWhatItLeavesInTheFolder) {
     Application application;
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);
-    instance.listen([](const Request&) {});
+    ASSERT_EQ(instance.listen([](const Request&) {}), std::nullopt);
     for (const char* name : {"glidemap.lock", "glidemap.socket"}) {
         struct stat status = {};
         ASSERT_EQ(stat(file(name).c_str(), &status), 0) << name;
@@ -161,7 +164,9 @@ TEST_F(SingleInstanceTest, OneThatHoldsTheLockAndDoesNotListenYetIsWaitedFor) {
         }
         claimed.tell();
         goOn.wait();
-        instance.listen([](const Request&) { QTimer::singleShot(0, &Application::quit); });
+        if (instance.listen([](const Request&) { QTimer::singleShot(0, &Application::quit); })) {
+            return 2;
+        }
         application.run();
         return 7;
     });
@@ -183,7 +188,7 @@ TEST_F(SingleInstanceTest, WhoAsksOneThatIsEndingTakesItsPlace) {
     Application application;
     auto first = std::make_unique<SingleInstance>(folder.path());
     ASSERT_EQ(first->claim({}), Claim::first);
-    first->listen([](const Request&) {});
+    ASSERT_EQ(first->listen([](const Request&) {}), std::nullopt);
     first->stopListening();
     ending.tell();
     begun.wait();
@@ -232,6 +237,23 @@ TEST_F(SingleInstanceTest, WithoutAFolderNothingCanBeClaimed) {
     EXPECT_EQ(instance.claim({}), Claim::impossible);
 }
 
+TEST_F(SingleInstanceTest, OneThatCannotListenSaysWhyAndIsTheOnlyOneAllTheSame) {
+    folder.write("glidemap.socket/in/the/way", "");
+    const Signpost goOn;
+    Child second([&] { // made before the lock, which a child would have, too
+        goOn.wait();
+        return claimAsSecond(soon);
+    });
+    Application application;
+    SingleInstance instance(folder.path());
+    ASSERT_EQ(instance.claim({}), Claim::first);
+    const auto deaf = instance.listen([](const Request&) {});
+    ASSERT_NE(deaf, std::nullopt);
+    EXPECT_NE(*deaf, "");
+    goOn.tell();
+    EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
+}
+
 TEST_F(SingleInstanceTest, AFolderThatIsMissingIsMade) {
     SingleInstance instance(folder.path() / "not" / "there");
     EXPECT_EQ(instance.claim({}), Claim::first);
@@ -269,7 +291,8 @@ TEST_F(SingleInstanceTest, StrangersNeitherShowTheWindowNorKeepOthersFromIt) {
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);
     std::vector<Request> requests;
-    instance.listen([&](const Request& request) { requests.push_back(request); });
+    ASSERT_EQ(instance.listen([&](const Request& request) { requests.push_back(request); }),
+              std::nullopt);
     const Stranger silent(file("glidemap.socket"));
     const Stranger endless(file("glidemap.socket"));
     endless.say(std::string(100000, 'x'));

@@ -167,7 +167,7 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     return Claim::unanswered;
 }
 
-void SingleInstance::listen(std::function<void(const Request&)> asked) {
+std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> asked) {
     listener = std::make_unique<Listener>();
     listener->asked = std::move(asked);
     listener->server.setSocketOptions(QLocalServer::UserAccessOption);
@@ -175,7 +175,10 @@ void SingleInstance::listen(std::function<void(const Request&)> asked) {
                      [this] { listener->receive(); });
     const auto name = QString::fromStdString(socketFile.native());
     QLocalServer::removeServer(name); // a killed one's; the lock says that nobody listens there
-    listener->server.listen(name);
+    if (!listener->server.listen(name)) {
+        return listener->server.errorString().toStdString();
+    }
+    return std::nullopt;
 }
 
 void SingleInstance::stopListening() {

@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace glidemap {
@@ -48,8 +49,10 @@ public:
 
     Claim claim(const Request& request, std::chrono::milliseconds patience = usualPatience);
 
-    // Only for the first. From now on `asked` is called for each later program.
-    void listen(std::function<void(const Request&)> asked);
+    // Only for the first. From now on `asked` is called for each later program. Answers why it cannot
+    // be; nothing where it is. Without, it is still the only one, but no later one can have it come
+    // forward.
+    [[nodiscard]] std::optional<std::string> listen(std::function<void(const Request&)> asked);
 
     // A program that asks from now on waits for this one's end, and takes its place.
     void stopListening();

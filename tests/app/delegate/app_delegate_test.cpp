@@ -303,6 +303,8 @@ TEST_F(AppDelegateTest, WithoutABarThatIsSaidOnceAndTakenBackWhenOneComes) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return notice() != nullptr; }));
     EXPECT_EQ(notice()->text(), "This desktop shows no status items");
     EXPECT_FALSE(notice()->isModal());
+    stage->lang.setCode("zh");
+    EXPECT_EQ(notice()->text(), "此桌面不显示状态栏图标");
     stage->statusBar->become(StatusBar::Kind::embeds);
     EXPECT_EQ(notice(), nullptr);
     EXPECT_TRUE(stage->statusItem->isShown());
@@ -451,6 +453,27 @@ TEST_F(UpdateAlertTest, EachOutcomeHasItsWordsInChinese) {
     EXPECT_EQ(checkAnd(published("1.1"), "好"),
               (Shown{"已是最新版本", "Glidemap v1.2 已是最新版本。", {"好"}}));
     EXPECT_EQ(checkAnd(published("1.3"), "稍后"),
+              (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
+}
+
+TEST_F(UpdateAlertTest, AnOpenOneFollowsTheLanguage) {
+    launch();
+    Shown shown;
+    stage->onActivate = [&](QWidget& widget) {
+        auto& box = dynamic_cast<QMessageBox&>(widget);
+        QTimer::singleShot(0, &box, [&] {
+            stage->lang.setCode("zh");
+            shown = {box.text().toStdString(), box.informativeText().toStdString(), {}};
+            for (const QAbstractButton* button : box.buttons()) {
+                shown.buttons.push_back(button->text().toStdString());
+            }
+            box.close();
+        });
+    };
+    stage->openChecks.clear();
+    stage->delegate->checkForUpdates();
+    stage->publish("1.3");
+    EXPECT_EQ(shown,
               (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
 }
 
