@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
 
 namespace glidemap::application {
 
 namespace {
 
-constexpr const char* settingsDaemon = "/usr/lib/x86_64-linux-gnu/xfce4/xfconf/xfconfd";
 constexpr const char* settingsName = "org.xfce.Xfconf";
 constexpr const char* settingsFile = "config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml";
 
@@ -37,6 +39,18 @@ constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 )";
 
+// Where it lies differs between machines; the bus has to know, too. Empty if it is not installed.
+std::string settingsDaemon() {
+    std::ifstream service("/usr/share/dbus-1/services/" + std::string(settingsName) + ".service");
+    constexpr std::string_view key = "Exec=";
+    for (std::string line; std::getline(service, line);) {
+        if (line.starts_with(key)) {
+            return line.substr(key.size());
+        }
+    }
+    return {};
+}
+
 std::optional<ManagedWindow> panelOn(const XDisplay& display) {
     const std::vector<ManagedWindow> all = display.windows();
     const auto found = std::find_if(all.begin(), all.end(), [](const ManagedWindow& each) {
@@ -48,13 +62,13 @@ std::optional<ManagedWindow> panelOn(const XDisplay& display) {
 } // namespace
 
 bool XfcePanel::isInstalled() {
-    return desktops::isInstalled("xfce4-panel") && std::filesystem::exists(settingsDaemon);
+    return desktops::isInstalled("xfce4-panel") && std::filesystem::exists(settingsDaemon());
 }
 
 XfcePanel::XfcePanel(const XDisplay& shown, const desktops::PrivateBus& bus)
     : display(shown), busAddress(bus.address()) {
     folder.write(settingsFile, settingsText);
-    settings = std::make_unique<desktops::Program>(command({settingsDaemon}));
+    settings = std::make_unique<desktops::Program>(command({settingsDaemon()}));
     bus.waitForName(settingsName);
     program = std::make_unique<desktops::Program>(
         command({"xfce4-panel", "--disable-wm-check", "--sm-client-disable"}));
