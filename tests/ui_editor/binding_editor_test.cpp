@@ -330,6 +330,37 @@ TEST_F(ABindingEditor, EveryTextIsInTheLanguageAtOnce) {
     EXPECT_THAT(texts(), testing::UnorderedElementsAreArray(english));
 }
 
+TEST_F(ABindingEditor, ThePickersLabelsAreAsWideAsTheWidestInEachLanguageAndFont) {
+    open();
+    const auto expectAligned = [this](const char* when) {
+        int widest = 0;
+        std::vector<int> widths;
+        for (const char* picker :
+             {"gesturePicker", "actionPicker", "launchPicker", "scopeAppPicker"}) {
+            for (const auto* label : window.findChildren<QLabel*>()) {
+                if (label->buddy() == &part(picker)) {
+                    widths.push_back(label->minimumWidth());
+                    widest =
+                        std::max(widest, label->fontMetrics().horizontalAdvance(label->text()));
+                }
+            }
+        }
+        ASSERT_EQ(widths, std::vector<int>(4, widths.front())) << when;
+        EXPECT_THAT(widths.front(), testing::AllOf(testing::Ge(widest), testing::Le(widest + 1)))
+            << when; // it is rounded up, letter by letter
+    };
+    expectAligned("in English");
+    Lang::shared().setCode("zh");
+    expectAligned("in Chinese");
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPixelSize(2 * QFontInfo(usual).pixelSize());
+    QApplication::setFont(large);
+    expectAligned("in a large font");
+    QApplication::setFont(usual);
+    expectAligned("in the usual font again");
+}
+
 TEST_F(ABindingEditor, AnExistingBindingIsEditedInBothLanguages) {
     open(stored(GestureType::pinchIn, LockScreen{}));
     EXPECT_EQ(saveButton().text(), "Save");

@@ -14,6 +14,7 @@ protected:
     ThemeTest() { theme.pin({}); }
     ~ThemeTest() override {
         changeDesktop(Qt::white);
+        QApplication::setFont(before);
         theme.pin(ColorScheme::light);
     }
 
@@ -26,6 +27,7 @@ protected:
     }
 
     Theme& theme = Theme::shared();
+    const QFont before = QApplication::font();
 };
 
 TEST_F(ThemeTest, theDesktopsPaletteIsFollowedWhileItRuns) {
@@ -39,6 +41,21 @@ TEST_F(ThemeTest, theApplicationsPaletteStaysOursWhateverTheDesktopSets) {
     changeDesktop(Qt::black);
     EXPECT_EQ(QApplication::palette().color(QPalette::Window),
               colorOf(Role::window, ColorScheme::dark));
+}
+
+TEST_F(ThemeTest, theDesktopsFontIsFollowedWhileItRuns) {
+    const int usual = theme.font(TextStyle::caption).pixelSize();
+    int announced = 0;
+    const Subscription toTheme = theme.changes().subscribe({}, [&] { ++announced; });
+    QFont large = before;
+    large.setPixelSize(28);
+    QApplication::setFont(large);
+    EXPECT_EQ(announced, 1);
+    EXPECT_EQ(theme.font(TextStyle::body).pixelSize(), 28);
+    EXPECT_EQ(theme.font(TextStyle::caption).pixelSize(), 24);
+    EXPECT_EQ(QApplication::font(), theme.font(TextStyle::body));
+    QApplication::setFont(before);
+    EXPECT_EQ(theme.font(TextStyle::caption).pixelSize(), usual);
 }
 
 TEST_F(ThemeTest, aPinnedAppearanceHoldsAgainstTheDesktop) {

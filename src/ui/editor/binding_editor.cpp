@@ -48,6 +48,8 @@ BindingEditor::BindingEditor(const Services& given, std::optional<GestureBinding
     connect(cancelButton, &QPushButton::clicked, this, [this] { leave(); });
     connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
     toLanguage = services.lang.changes().subscribe({}, [this] { retitle(); });
+    // After the sections, which have observed it for longer, have dressed their labels.
+    toTheme = Theme::shared().changes().subscribe({}, [this] { alignPickers(); });
     retitle();
     setFocusProxy(gestureSection->firstControl());
 }
@@ -175,7 +177,8 @@ void BindingEditor::alignPickers() {
         labels.insert(labels.end(), some.begin(), some.end());
     }
     int widest = 0;
-    for (const QLabel* const label : labels) {
+    for (QLabel* const label : labels) {
+        label->setMinimumWidth(0); // or it would ask for what it was given last
         widest = std::max(widest, label->sizeHint().width());
     }
     for (QLabel* const label : labels) {

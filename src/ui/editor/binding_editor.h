@@ -76,6 +76,7 @@ private:
     QPushButton* cancelButton;
     QPushButton* saveButton;
     Subscription toLanguage;
+    Subscription toTheme;
 };
 
 } // namespace glidemap

@@ -19,7 +19,7 @@ std::shared_ptr<AppearanceSettings>& sharedSettings() {
 
 } // namespace
 
-// Sees the desktop's palette change. It lives as long as the application, which may go first.
+// Sees the desktop's palette and font change. It lives as long as the application, which may go first.
 class Theme::DesktopWatch : public QObject {
 public:
     DesktopWatch(Theme& watching, QApplication& application) : theme(watching) {
@@ -27,9 +27,13 @@ public:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp &&
-            !theme.isDressing) {
-            theme.readDesktop();
+        if (watched != qApp || theme.isDressing) {
+            return false;
+        }
+        if (event->type() == QEvent::ApplicationPaletteChange) {
+            theme.readPalette();
+        } else if (event->type() == QEvent::ApplicationFontChange) {
+            theme.readFont();
         }
         return false;
     }
@@ -63,8 +67,13 @@ void Theme::applyTo(QApplication& application) {
     refresh();
 }
 
-void Theme::readDesktop() {
+void Theme::readPalette() {
     desktopPalette = desktopSchemeOf(QApplication::palette());
+    refresh();
+}
+
+void Theme::readFont() {
+    desktopFont = interfaceFont(QApplication::font());
     refresh();
 }
 

@@ -95,7 +95,8 @@ private:
     explicit Theme(std::shared_ptr<AppearanceSettings> asked);
     ~Theme();
     void refresh();
-    void readDesktop();
+    void readPalette();
+    void readFont();
 
     std::shared_ptr<AppearanceSettings> settings;
     Subscription toSettings;
