@@ -94,11 +94,11 @@ QImage symbols() {
     constexpr std::array sizes = {12, 16, 22, 48};
     constexpr std::array roles = {Role::primary, Role::accent, Role::orange, Role::red, Role::blue};
     constexpr QSize cell(400, 64);
-    const QStringList names = QDir(":/symbols").entryList({"*.svg"}, QDir::Files, QDir::Name);
+    const QStringList names = QDir(":/symbols").entryList(QDir::Files, QDir::Name);
     const int rows = static_cast<int>(names.size() + 1) / 2;
     Sheet sheet(QSize(2 * cell.width() + margin, rows * cell.height() + margin));
     for (int index = 0; index < names.size(); ++index) {
-        const std::string name = names[index].chopped(4).toStdString();
+        const std::string name = names[index].toStdString();
         int x = margin + index / rows * cell.width();
         const int y = margin + index % rows * cell.height();
         for (const int size : sizes) {

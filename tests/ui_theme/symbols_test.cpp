@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <cstdlib>
 #include <set>
 #include <string>
 
@@ -56,12 +58,18 @@ std::set<std::string> symbolsOfTheProgram() {
     return names;
 }
 
+constexpr const char* folderOfDrawings = GLIDEMAP_SOURCE_DIR "/ui/theme/symbols";
+
 QStringList drawings() {
-    return QDir(":/symbols").entryList({"*.svg"}, QDir::Files, QDir::Name);
+    return QDir(folderOfDrawings).entryList({"*.svg"}, QDir::Files, QDir::Name);
 }
 
-std::string nameOf(const QString& drawing) {
-    return drawing.chopped(4).toStdString();
+QByteArray drawing(const QString& file) {
+    return contentsOf(QDir(folderOfDrawings).filePath(file));
+}
+
+std::string nameOf(const QString& file) {
+    return file.chopped(4).toStdString();
 }
 
 // The drawing in its box, with as much space around it as it is large.
@@ -104,6 +112,19 @@ Ink inkOf(const QImage& image) {
     return result;
 }
 
+// In the coverage of one pixel, of which there are 256 steps.
+int largestDifference(const QImage& one, const QImage& other) {
+    int largest = one.size() == other.size() ? 0 : 256;
+    for (int y = 0; largest < 256 && y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            largest = std::max(largest, std::abs(qAlpha(a) - qAlpha(b)));
+        }
+    }
+    return largest;
+}
+
 std::string described(const QRect& rect) {
     return "left " + std::to_string(rect.left()) + ", top " + std::to_string(rect.top()) +
            ", right " + std::to_string(rect.right()) + ", bottom " + std::to_string(rect.bottom());
@@ -132,34 +153,63 @@ TEST(Symbols, AnUnknownNameHasNone) {
 
 TEST(Symbols, AreReadByTheRendererWithoutComplaint) {
     ASSERT_THAT(drawings(), Not(IsEmpty()));
-    for (const QString& drawing : drawings()) {
-        SCOPED_TRACE(drawing.toStdString());
-        QSvgRenderer renderer(contentsOf(":/symbols/" + drawing));
+    for (const QString& file : drawings()) {
+        SCOPED_TRACE(file.toStdString());
+        QSvgRenderer renderer(drawing(file));
         EXPECT_TRUE(renderer.isValid());
         EXPECT_EQ(renderer.viewBoxF(), QRectF(0, 0, 16, 16));
     }
 }
 
+// What is compiled into the program is what the renderer makes of the drawing.
+TEST(Symbols, LookAsTheRendererDrawsThem) {
+    for (const QString& file : drawings()) {
+        for (const int pixels : {16, 24, 44}) {
+            SCOPED_TRACE(nameOf(file) + " at " + std::to_string(pixels) + " pixels");
+            QImage expected(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+            expected.fill(Qt::transparent);
+            QPainter painter(&expected);
+            QSvgRenderer renderer(drawing(file).replace("currentColor", ink.name().toLatin1()));
+            renderer.render(&painter, QRectF(0, 0, pixels, pixels));
+            painter.end();
+            const QImage seen = symbolPixmap(nameOf(file), ink, pixels, 1).toImage();
+            EXPECT_LE(largestDifference(seen, expected), 8);
+        }
+    }
+}
+
+TEST(Symbols, OfTheProgramAreThoseOfTheFolder) {
+    std::set<std::string> inFolder;
+    for (const QString& file : drawings()) {
+        inFolder.insert(nameOf(file));
+    }
+    std::set<std::string> inProgram;
+    for (const QString& name : QDir(":/symbols").entryList(QDir::Files)) {
+        inProgram.insert(name.toStdString());
+    }
+    EXPECT_EQ(inProgram, inFolder);
+}
+
 // Whoever draws a symbol says in which colour.
 TEST(Symbols, HaveNoColourOfTheirOwn) {
     static const QRegularExpression paint(R"re(\b(fill|stroke|color)\s*[=:]\s*"?([^";]*))re");
-    for (const QString& drawing : drawings()) {
-        const QString text = QString::fromUtf8(contentsOf(":/symbols/" + drawing));
+    for (const QString& file : drawings()) {
+        const QString text = QString::fromUtf8(drawing(file));
         for (auto found = paint.globalMatch(text); found.hasNext();) {
             const QString value = found.next().captured(2);
             EXPECT_TRUE(value == "currentColor" || value == "none")
-                << nameOf(drawing) << ": " << value.toStdString();
+                << nameOf(file) << ": " << value.toStdString();
         }
     }
 }
 
 TEST(Symbols, StayInTheirBoxAndFillItAtEverySize) {
-    for (const QString& drawing : drawings()) {
+    for (const QString& file : drawings()) {
         for (const int points : {12, 16, 22, 32}) {
             for (const double ratio : {1.0, 1.5, 2.0}) {
-                SCOPED_TRACE(nameOf(drawing) + " at " + std::to_string(points) + " points, " +
+                SCOPED_TRACE(nameOf(file) + " at " + std::to_string(points) + " points, " +
                              std::to_string(ratio) + " pixels each");
-                const Ink seen = inkOf(drawn(nameOf(drawing), points, ratio));
+                const Ink seen = inkOf(drawn(nameOf(file), points, ratio));
                 const double edge = points * ratio;
                 const QRect box = QRectF(edge, edge, edge, edge).toAlignedRect();
                 EXPECT_TRUE(box.contains(seen.bounds)) << described(seen.bounds);

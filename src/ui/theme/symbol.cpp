@@ -2,47 +2,80 @@
 
 #include "ui/theme/text.h"
 
+#include <QDataStream>
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace glidemap {
 
 namespace {
 
+constexpr double gridSize = 16;
+
 QString pathOf(std::string_view name) {
-    return QStringLiteral(":/symbols/") + toQt(name) + QStringLiteral(".svg");
+    return QStringLiteral(":/symbols/") + toQt(name);
 }
 
-QByteArray drawingOf(std::string_view name, const QColor& color) {
+// As the drawings were compiled: an outline is drawn with its pen, or filled where that has no ink.
+struct Shape {
+    QPainterPath outline;
+    QPen pen;
+};
+
+std::vector<Shape> shapesOf(std::string_view name) {
+    std::vector<Shape> shapes;
     QFile file(pathOf(name));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {};
+    if (name.empty() || !file.open(QIODevice::ReadOnly)) {
+        return shapes;
     }
-    return file.readAll().replace("currentColor", color.name(QColor::HexRgb).toLatin1());
+    QDataStream stream(&file);
+    stream.setVersion(QDataStream::Qt_6_0);
+    while (!stream.atEnd()) {
+        Shape& shape = shapes.emplace_back();
+        stream >> shape.outline >> shape.pen;
+    }
+    return shapes;
+}
+
+void draw(QPainter& painter, const Shape& shape, const QColor& color) {
+    if (shape.pen.style() == Qt::NoPen) {
+        painter.fillPath(shape.outline, color);
+        return;
+    }
+    QPen pen = shape.pen;
+    pen.setColor(color);
+    painter.strokePath(shape.outline, pen);
 }
 
 void renderSymbol(QPainter& painter, const QRectF& where, std::string_view name,
                   const QColor& color) {
+    const std::vector<Shape> shapes = shapesOf(name);
     painter.save();
     painter.setOpacity(painter.opacity() * color.alphaF());
-    QSvgRenderer renderer(drawingOf(name, color));
-    if (renderer.isValid()) {
-        renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-        renderer.render(&painter, where);
-    } else {
-        painter.setPen(color);
+    const QColor ink = QColor::fromRgb(color.rgb());
+    if (shapes.empty()) {
+        painter.setPen(ink);
         painter.drawRect(where.adjusted(1, 1, -1, -1));
+    }
+    const double scale = std::min(where.width(), where.height()) / gridSize;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(where.center());
+    painter.scale(scale, scale);
+    painter.translate(-gridSize / 2, -gridSize / 2);
+    for (const Shape& shape : shapes) {
+        draw(painter, shape, ink);
     }
     painter.restore();
 }
 
-// Reading a drawing takes a hundred times as long as showing it, and rows show the same few again
-// and again. A picture's size is in the screen's pixels.
+// Drawing outlines takes many times as long as showing a picture of them, and rows show the same few
+// again and again. A picture's size is in the screen's pixels.
 QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels) {
     const QString key = QStringLiteral("symbol/%1/%2/%3x%4")
                             .arg(toQt(name), color.name(QColor::HexArgb))
@@ -106,7 +139,7 @@ private:
 } // namespace
 
 bool symbolExists(std::string_view name) {
-    return QFile::exists(pathOf(name));
+    return !name.empty() && QFile::exists(pathOf(name));
 }
 
 void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name,

@@ -3,9 +3,14 @@
 #include "ui/theme/symbol.h"
 #include "ui/theme/theme.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
+#include <QStandardPaths>
+#include <algorithm>
 #include <array>
+#include <string>
+#include <utility>
 
 namespace glidemap {
 
@@ -37,24 +42,68 @@ QPixmap drawn(std::string_view symbol, int size) {
     return pixmap;
 }
 
-} // namespace
+// The theme that all others fall back to, which is where programs install their icons. Asking the
+// toolkit's icon themes takes longer than a window does.
+bool isInstalled(const QString& name) {
+    const QString place = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(name);
+    return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, place).isEmpty();
+}
 
-QIcon drawnTemplateIcon(std::string_view symbol) {
-    QIcon icon;
-    for (const int size : sizes) {
-        icon.addPixmap(drawn(symbol, size));
+// Drawn when a bar asks for it, at the size that it asks for.
+class Engine : public QIconEngine {
+public:
+    Engine(std::string_view drawnSymbol, QString nameInTheme)
+        : symbol(drawnSymbol), themeName(std::move(nameInTheme)) {}
+
+    QIconEngine* clone() const override { return new Engine(*this); }
+    QString iconName() override { return themeName; }
+
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        QList<QSize> listed;
+        for (const int size : sizes) {
+            listed.append(QSize(size, size));
+        }
+        return listed;
     }
+
+    QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        return QSize(1, 1) * std::min(size.width(), size.height());
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        const int side = std::min(size.width(), size.height());
+        return side > 2 ? drawn(symbol, side) : QPixmap(); // edges alone are nothing to see
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
+               QIcon::State state) override {
+        const double ratio = painter->device()->devicePixelRatioF();
+        const QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
+        QRectF target(QPointF(), QSizeF(picture.size()) / ratio);
+        target.moveCenter(QRectF(rect).center());
+        painter->drawPixmap(target, picture, picture.rect());
+    }
+
+private:
+    std::string symbol;
+    QString themeName;
+};
+
+QIcon iconOf(std::string_view symbol, const QString& themeName) {
+    QIcon icon(new Engine(symbol, themeName));
     icon.setIsMask(true);
     return icon;
 }
 
+} // namespace
+
+QIcon drawnTemplateIcon(std::string_view symbol) {
+    return iconOf(symbol, {});
+}
+
 QIcon themedTemplateIcon(const char* themeName, std::string_view symbol) {
-    QIcon icon = QIcon::fromTheme(themeName);
-    if (icon.isNull()) {
-        return drawnTemplateIcon(symbol);
-    }
-    icon.setIsMask(true);
-    return icon;
+    const auto name = QString::fromLatin1(themeName);
+    return iconOf(symbol, isInstalled(name) ? name : QString());
 }
 
 } // namespace glidemap

@@ -1,0 +1,152 @@
+// glidemap-compile-drawings: a step of the build, not of what is installed. It turns our SVG drawings
+// into what the program can show without reading XML, and without the library that reads it:
+//
+//   shapes SVG OUTPUT             the outlines of a symbol, in order, each with the pen it is drawn
+//                                 with; none means that it is filled
+//   pixels SVG SIZE OUTPUT        a picture of SIZE by SIZE, row by row, as QImage keeps
+//                                 Format_ARGB32_Premultiplied
+//
+// The shapes are those that the SVG renderer draws, so the program's symbols look exactly as the
+// drawings do.
+#include <QDataStream>
+#include <QFile>
+#include <QImage>
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QSvgRenderer>
+#include <cmath>
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+constexpr double gridSize = 16; // of our symbols
+constexpr int stream = QDataStream::Qt_6_0;
+
+[[noreturn]] void fail(const QString& what) {
+    std::cerr << "glidemap-compile-drawings: " << what.toStdString() << std::endl;
+    std::exit(EXIT_FAILURE);
+}
+
+// Takes down what is painted instead of painting it.
+class Recorder : public QPaintEngine {
+public:
+    explicit Recorder(QDataStream& output) : QPaintEngine(AllFeatures), out(output) {}
+
+    bool begin(QPaintDevice* /*device*/) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState& /*state*/) override {}
+    Type type() const override { return User; }
+
+    void drawPath(const QPainterPath& path) override {
+        const QTransform placed = painter()->combinedTransform();
+        if (std::abs(std::abs(placed.determinant()) - 1) > 1e-9) {
+            fail("a symbol is scaled, which its pen is not");
+        }
+        const QPen pen = painter()->pen();
+        const bool isFilled = painter()->brush().style() != Qt::NoBrush;
+        if (pen.style() == Qt::NoPen && !isFilled) {
+            return;
+        }
+        if (pen.style() != Qt::NoPen && isFilled) {
+            fail("an outline is drawn and filled at once");
+        }
+        out << placed.map(path) << pen;
+    }
+    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {
+        fail("a symbol has something that is no path");
+    }
+    void drawPixmap(const QRectF& /*where*/, const QPixmap& /*picture*/,
+                    const QRectF& /*part*/) override {
+        fail("a symbol has a picture in it");
+    }
+
+private:
+    QDataStream& out;
+};
+
+class RecordingDevice : public QPaintDevice {
+public:
+    explicit RecordingDevice(QDataStream& output) : recorder(output) {}
+    QPaintEngine* paintEngine() const override { return &recorder; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override {
+        switch (metric) {
+        case PdmWidth:
+        case PdmHeight:
+            return static_cast<int>(gridSize);
+        case PdmDevicePixelRatioScaled:
+            return static_cast<int>(devicePixelRatioFScale());
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 96;
+        default:
+            return 1;
+        }
+    }
+
+private:
+    mutable Recorder recorder;
+};
+
+QByteArray contentsOf(const QString& name) {
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail("cannot read " + name);
+    }
+    return file.readAll();
+}
+
+void write(const QString& name, const QByteArray& contents) {
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size()) {
+        fail("cannot write " + name);
+    }
+}
+
+QByteArray shapesIn(const QString& drawing) {
+    QSvgRenderer renderer(contentsOf(drawing).replace("currentColor", "#000000"));
+    if (!renderer.isValid() || renderer.viewBoxF() != QRectF(0, 0, gridSize, gridSize)) {
+        fail(drawing + " is not a drawing on our grid");
+    }
+    QByteArray shapes;
+    QDataStream out(&shapes, QIODevice::WriteOnly);
+    out.setVersion(stream);
+    RecordingDevice device(out);
+    QPainter painter(&device);
+    renderer.render(&painter, QRectF(0, 0, gridSize, gridSize));
+    painter.end();
+    return shapes;
+}
+
+QByteArray pixelsOf(const QString& drawing, int size) {
+    QSvgRenderer renderer(drawing);
+    if (!renderer.isValid() || size <= 0) {
+        fail(drawing + " cannot be drawn");
+    }
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter, QRectF(0, 0, size, size));
+    painter.end();
+    return {reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()};
+}
+
+} // namespace
+
+int main(int count, char* arguments[]) {
+    const QStringList words(arguments + 1, arguments + count);
+    if (words.size() == 3 && words[0] == "shapes") {
+        write(words[2], shapesIn(words[1]));
+    } else if (words.size() == 4 && words[0] == "pixels") {
+        write(words[3], pixelsOf(words[1], words[2].toInt()));
+    } else {
+        fail("shapes SVG OUTPUT, or pixels SVG SIZE OUTPUT");
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,75 @@
+// A template icon is named for a bar where it is installed, and can be drawn at any size either way.
+#include "ui/theme/template_icon.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QIcon>
+#include <QImage>
+#include <QTemporaryDir>
+#include <algorithm>
+
+namespace glidemap {
+namespace {
+
+constexpr const char* symbol = "hand.draw.fill";
+constexpr const char* name = "org.glidemap.Template";
+
+class TemplateIconTest : public testing::Test {
+protected:
+    TemplateIconTest() { qputenv("XDG_DATA_HOME", folder.path().toUtf8()); }
+    ~TemplateIconTest() override { qputenv("XDG_DATA_HOME", before); }
+
+    void install() const {
+        const QDir place(folder.filePath("icons/hicolor/symbolic/apps"));
+        ASSERT_TRUE(place.mkpath("."));
+        QFile file(place.filePath(QString::fromLatin1(name) + ".svg"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+private:
+    const QByteArray before = qgetenv("XDG_DATA_HOME");
+    const QTemporaryDir folder;
+};
+
+bool isDrawn(const QIcon& icon, int size) {
+    const QImage image = icon.pixmap(QSize(size, size), 1.0).toImage();
+    int inked = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            inked += qAlpha(image.pixel(x, y)) > 127 ? 1 : 0;
+        }
+    }
+    return image.size() == QSize(size, size) && inked > size * size / 10;
+}
+
+TEST_F(TemplateIconTest, isNamedWhereItIsInstalled) {
+    install();
+    const QIcon icon = themedTemplateIcon(name, symbol);
+    EXPECT_EQ(icon.name().toStdString(), name);
+    EXPECT_TRUE(icon.isMask());
+}
+
+TEST_F(TemplateIconTest, hasNoNameThatNobodyWouldFind) {
+    const QIcon icon = themedTemplateIcon(name, symbol);
+    EXPECT_TRUE(icon.name().isEmpty());
+    EXPECT_TRUE(icon.isMask());
+}
+
+TEST_F(TemplateIconTest, hasNoNameWhereItIsToBeDrawn) {
+    install();
+    EXPECT_TRUE(drawnTemplateIcon(symbol).name().isEmpty());
+}
+
+TEST_F(TemplateIconTest, isDrawnAtEverySizeThatItLists) {
+    install();
+    for (const QIcon& icon : {themedTemplateIcon(name, symbol), drawnTemplateIcon(symbol)}) {
+        EXPECT_THAT(icon.availableSizes(), testing::Contains(QSize(22, 22)));
+        for (const QSize& size : icon.availableSizes()) {
+            EXPECT_TRUE(isDrawn(icon, size.width())) << size.width();
+        }
+    }
+}
+
+} // namespace
+} // namespace glidemap
