@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QtMath>
 #include <algorithm>
 #include <utility>
 
@@ -29,11 +30,13 @@ constexpr int arrowSize = 11;
 constexpr int widestBadge = 200;
 constexpr double cornerRadius = 7;
 
-// Scripts differ in height, and a list whose rows differed, too, would look restless.
+// Scripts differ in height, and a list whose rows differed, too, would look restless. Chinese fonts are
+// the tallest, at up to this part of the letters' size; asking one would load it for that alone.
+constexpr double tallestScript = 1.45;
+
 int lineHeight(TextStyle style) {
-    const QFontMetrics metrics(Theme::shared().font(style));
-    return std::max(metrics.height(),
-                    metrics.size(Qt::TextSingleLine, QStringLiteral("Ág国⌘")).height());
+    const QFont font = Theme::shared().font(style);
+    return std::max(QFontMetrics(font).height(), qCeil(tallestScript * font.pixelSize()));
 }
 
 bool isReturn(const QEvent& event) {

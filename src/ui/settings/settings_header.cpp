@@ -21,6 +21,7 @@ namespace {
 constexpr int padding = 12;
 constexpr int spacing = 14;
 constexpr int titleSpacing = 2;
+constexpr int lettersOfLanguage = 6; // as wide as an X, which "English" is less than
 
 // Command on macOS, which is Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
@@ -82,6 +83,10 @@ void SettingsHeader::makeLanguage(QHBoxLayout& layout) {
     languageLabel->setObjectName("languageLabel");
     language = new QComboBox(this);
     language->setObjectName("language");
+    // By its width, not by what it holds: measuring Chinese would load a font for it, and it is not
+    // seen until the list opens.
+    language->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    language->setMinimumContentsLength(lettersOfLanguage);
     language->addItem(QStringLiteral("English"), QStringLiteral("en"));
     language->addItem(QStringLiteral("中文"), QStringLiteral("zh"));
     languageLabel->setBuddy(language);
