@@ -5,7 +5,6 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -22,7 +21,7 @@ public:
     // Hyphenated, in upper-case hexadecimal.
     std::string text() const;
 
-    friend auto operator<=>(const Uuid&, const Uuid&) = default;
+    friend bool operator==(const Uuid&, const Uuid&) = default;
 
     std::size_t hash() const;
 

@@ -6,8 +6,8 @@
 #include <sys/stat.h>
 
 #include <limits>
-#include <set>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -45,7 +45,7 @@ void expectDefaults(const BindingList& list) {
          .action = KeyShortcut{123, optionCommand},
          .scope = GlobalScope{}},
     };
-    std::set<Uuid> identifiers;
+    std::unordered_set<Uuid> identifiers;
     for (std::size_t place = 0; place < list.size(); ++place) {
         identifiers.insert(list[place].id);
         if (place < expected.size()) {

@@ -72,14 +72,5 @@ TEST(UuidTest, AMadeOneIsRandomAndReadBackTheSame) {
     EXPECT_EQ(made.size(), 1'000U);
 }
 
-TEST(UuidTest, IsOrderedAsItsText) {
-    const auto least = *Uuid::parse("00000000-0000-0000-0000-000000000001");
-    const auto more = *Uuid::parse("00000000-0000-0000-0000-0000000000FF");
-    const auto most = *Uuid::parse("80000000-0000-0000-0000-000000000000");
-    EXPECT_LT(least, more);
-    EXPECT_LT(more, most);
-    EXPECT_EQ(least <=> least, std::strong_ordering::equal);
-}
-
 } // namespace
 } // namespace glidemap
