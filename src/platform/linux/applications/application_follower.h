@@ -10,8 +10,8 @@
 
 #include "core/snapshot.h"
 #include "dispatch/workspace.h"
+#include "platform/common/application_table.h"
 #include "platform/linux/applications/application_matcher.h"
-#include "platform/linux/applications/application_table.h"
 #include "platform/linux/applications/desktop_entries.h"
 #include "platform/linux/applications/process_reader.h"
 #include "platform/linux/windows/desktop_thread.h"

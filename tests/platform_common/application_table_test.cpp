@@ -1,4 +1,4 @@
-#include "platform/linux/applications/application_table.h"
+#include "platform/common/application_table.h"
 
 #include <gtest/gtest.h>
 
