@@ -15,13 +15,14 @@ find_program(CCACHE ccache)
 if(CCACHE)
     set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_OBJCXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
 # The limits of gestures are compared in plain double arithmetic on every processor, also where it could multiply and add
 # in one step.
 add_compile_options(-ffp-contract=off)
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<COMPILE_LANGUAGE:CXX,OBJCXX>:-Wnon-virtual-dtor>)
 if(GLIDEMAP_WERROR)
     add_compile_options(-Werror)
 endif()
@@ -39,7 +40,9 @@ if(NOT GLIDEMAP_SANITIZERS)
     add_compile_options($<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
                         $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>
                         $<$<NOT:$<CONFIG:Debug>>:-fstack-protector-strong>)
-    add_link_options(-Wl,-z,relro -Wl,-z,now)
+    if(NOT APPLE)
+        add_link_options(-Wl,-z,relro -Wl,-z,now)
+    endif()
 endif()
 
 find_package(Threads REQUIRED)

@@ -1,0 +1,34 @@
+// A test of one of the macOS services: the doubles are as new at its start, and nobody owns anything
+// of theirs at its end.
+#pragma once
+
+#include "doubles/core_foundation_objects.h"
+#include "doubles/journal.h"
+#include "doubles/quartz.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+
+using Lines = std::vector<std::string>;
+
+class MacosTest : public testing::Test {
+protected:
+    MacosTest() {
+        doubles::takeJournal();
+        doubles::quartz() = {};
+    }
+
+    ~MacosTest() override {
+        EXPECT_EQ(doubles::livingObjects(), std::multiset<std::string>()) << "not released";
+    }
+
+    static Lines journal() { return doubles::takeJournal(); }
+};
+
+} // namespace glidemap
