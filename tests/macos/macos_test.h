@@ -21,6 +21,7 @@ class MacosTest : public testing::Test {
 protected:
     MacosTest() {
         doubles::takeJournal();
+        doubles::coreFoundation() = {};
         doubles::quartz() = {};
     }
 

@@ -28,6 +28,18 @@ struct KeyboardEvent : Object {
     bool down;
 };
 
+struct MouseEvent : Object {
+    explicit MouseEvent(std::int64_t number) : Object("CGEvent"), button(number) {}
+
+    std::int64_t button;
+};
+
+struct Tap {
+    CGEventTapCallBack callback = nullptr;
+    void* userInfo = nullptr;
+};
+Tap theTap;
+
 KeyboardEvent* eventOf(CGEventRef event) {
     return static_cast<KeyboardEvent*>(objectOf(event));
 }
@@ -37,6 +49,31 @@ std::string hexadecimal(std::uint64_t value) {
     out << std::hex << std::showbase << value;
     return out.str();
 }
+
+} // namespace
+
+Passage playTo(void* userInfo, CGEventType type, std::int64_t button) {
+    auto* event = reinterpret_cast<CGEventRef>(new MouseEvent(button));
+    CGEventRef answered = theTap.callback(nullptr, type, event, userInfo);
+    const Passage passage = answered == event     ? Passage::passed
+                            : answered == nullptr ? Passage::dropped
+                                                  : Passage::replaced;
+    CFRelease(event);
+    return passage;
+}
+
+Passage play(CGEventType type, std::int64_t button) {
+    return playTo(theTap.userInfo, type, button);
+}
+
+Passage playNotice(CGEventType type) {
+    return theTap.callback(nullptr, type, nullptr, theTap.userInfo) == nullptr ? Passage::passed
+                                                                               : Passage::replaced;
+}
+
+namespace {
+
+const Constant promptOption("AXTrustedCheckOptionPrompt");
 
 } // namespace
 
@@ -67,4 +104,42 @@ void CGEventSetFlags(CGEventRef event, CGEventFlags flags) {
 
 void CGEventPost(CGEventTapLocation tap, CGEventRef event) {
     note("CGEventPost " + std::to_string(tap) + " " + eventOf(event)->text());
+}
+
+std::int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField field) {
+    note("CGEventGetIntegerValueField " + std::to_string(field));
+    return static_cast<MouseEvent*>(objectOf(event))->button;
+}
+
+CFMachPortRef CGEventTapCreate(CGEventTapLocation location, CGEventTapPlacement place,
+                               CGEventTapOptions options, CGEventMask eventsOfInterest,
+                               CGEventTapCallBack callback, void* userInfo) {
+    note("CGEventTapCreate " + std::to_string(location) + " " + std::to_string(place) + " " +
+         std::to_string(options) + " " + hexadecimal(eventsOfInterest) +
+         (userInfo != nullptr ? "" : " without user data"));
+    if (!quartz().permits) {
+        return nullptr;
+    }
+    theTap = {callback, userInfo};
+    return reinterpret_cast<CFMachPortRef>(new Object("CFMachPort"));
+}
+
+void CGEventTapEnable(CFMachPortRef port, bool enable) {
+    note("CGEventTapEnable " + objectOf(port)->kind + (enable ? " true" : " false"));
+}
+
+CFStringRef kAXTrustedCheckOptionPrompt = reinterpret_cast<CFStringRef>(&promptOption);
+
+Boolean AXIsProcessTrusted() {
+    note("AXIsProcessTrusted");
+    return quartz().permits;
+}
+
+Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
+    std::string line = "AXIsProcessTrustedWithOptions";
+    for (const auto& [key, value] : static_cast<Dictionary*>(objectOf(options))->entries) {
+        line += " " + nameOf(key) + "=" + nameOf(value);
+    }
+    note(line);
+    return quartz().permits;
 }

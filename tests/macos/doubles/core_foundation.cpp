@@ -44,6 +44,35 @@ std::multiset<std::string> livingObjects() {
     return kinds;
 }
 
+void releaseAll(const std::string& kind) {
+    const std::lock_guard lock(guard);
+    const auto all = living;
+    for (const Object* object : all) {
+        if (object->kind == kind) {
+            delete object;
+        }
+    }
+}
+
+CoreFoundation& coreFoundation() {
+    static CoreFoundation settings;
+    return settings;
+}
+
+std::string nameOf(CFTypeRef constant) {
+    return constant == nullptr ? "null" : static_cast<const Constant*>(constant)->name;
+}
+
+namespace {
+
+const Constant trueConstant("true");
+const Constant falseConstant("false");
+const Constant defaultMode("default mode");
+const Constant commonModes("common modes");
+const Constant mainRunLoop("main run loop");
+
+} // namespace
+
 } // namespace glidemap::doubles
 
 using namespace glidemap::doubles;
@@ -60,4 +89,55 @@ void CFRelease(CFTypeRef reference) {
     if (object != nullptr && --object->owners == 0) {
         delete object;
     }
+}
+
+const CFAllocatorRef kCFAllocatorDefault = nullptr;
+const CFBooleanRef kCFBooleanTrue = reinterpret_cast<CFBooleanRef>(&trueConstant);
+const CFBooleanRef kCFBooleanFalse = reinterpret_cast<CFBooleanRef>(&falseConstant);
+const CFRunLoopMode kCFRunLoopDefaultMode = reinterpret_cast<CFRunLoopMode>(&defaultMode);
+const CFRunLoopMode kCFRunLoopCommonModes = reinterpret_cast<CFRunLoopMode>(&commonModes);
+const CFDictionaryKeyCallBacks kCFTypeDictionaryKeyCallBacks = {};
+const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks = {};
+
+CFIndex CFArrayGetCount(CFArrayRef theArray) {
+    return static_cast<CFIndex>(static_cast<Array*>(objectOf(theArray))->values.size());
+}
+
+const void* CFArrayGetValueAtIndex(CFArrayRef theArray, CFIndex idx) {
+    return static_cast<Array*>(objectOf(theArray))->values.at(static_cast<std::size_t>(idx));
+}
+
+CFDictionaryRef CFDictionaryCreate(CFAllocatorRef /*allocator*/, const void** keys,
+                                   const void** values, CFIndex numValues,
+                                   const CFDictionaryKeyCallBacks* keyCallBacks,
+                                   const CFDictionaryValueCallBacks* valueCallBacks) {
+    EXPECT_EQ(keyCallBacks, &kCFTypeDictionaryKeyCallBacks);
+    EXPECT_EQ(valueCallBacks, &kCFTypeDictionaryValueCallBacks);
+    auto* made = new Dictionary;
+    for (CFIndex index = 0; index < numValues; ++index) {
+        made->entries.emplace_back(keys[index], values[index]);
+    }
+    return reinterpret_cast<CFDictionaryRef>(made);
+}
+
+CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef /*allocator*/, CFMachPortRef port,
+                                                 CFIndex order) {
+    note("CFMachPortCreateRunLoopSource " + objectOf(port)->kind + " " + std::to_string(order));
+    return coreFoundation().makesRunLoopSources
+               ? reinterpret_cast<CFRunLoopSourceRef>(new Object("CFRunLoopSource"))
+               : nullptr;
+}
+
+CFRunLoopRef CFRunLoopGetMain() {
+    return reinterpret_cast<CFRunLoopRef>(const_cast<Constant*>(&mainRunLoop));
+}
+
+void CFRunLoopAddSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {
+    note("CFRunLoopAddSource " + nameOf(rl) + " " + objectOf(source)->kind + " " + nameOf(mode));
+    CFRetain(source); // as long as it is in the loop
+}
+
+void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {
+    note("CFRunLoopRemoveSource " + nameOf(rl) + " " + objectOf(source)->kind + " " + nameOf(mode));
+    CFRelease(source);
 }

@@ -14,3 +14,6 @@ void note(std::string line);
 std::vector<std::string> takeJournal();
 
 } // namespace glidemap::doubles
+
+// The same for a library that the test loads.
+extern "C" __attribute__((visibility("default"))) void noteInJournal(const char* line);

@@ -1,0 +1,102 @@
+#include "platform/macos/clicks/quartz_click_tap.h"
+
+#include <ApplicationServices/ApplicationServices.h>
+
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr CGEventMask watched =
+    CGEventMaskBit(kCGEventLeftMouseDown) | CGEventMaskBit(kCGEventLeftMouseUp) |
+    CGEventMaskBit(kCGEventRightMouseDown) | CGEventMaskBit(kCGEventRightMouseUp);
+
+constexpr CFIndex sourceOrder = 0;
+
+ClickEventType typeOf(CGEventType type) {
+    switch (type) {
+    case kCGEventLeftMouseDown:
+        return ClickEventType::leftMouseDown;
+    case kCGEventLeftMouseUp:
+        return ClickEventType::leftMouseUp;
+    case kCGEventRightMouseDown:
+        return ClickEventType::rightMouseDown;
+    case kCGEventRightMouseUp:
+        return ClickEventType::rightMouseUp;
+    case kCGEventTapDisabledByTimeout:
+        return ClickEventType::tapDisabledByTimeout;
+    case kCGEventTapDisabledByUserInput:
+        return ClickEventType::tapDisabledByUserInput;
+    default:
+        return ClickEventType::other;
+    }
+}
+
+bool hasButton(ClickEventType type) {
+    switch (type) {
+    case ClickEventType::leftMouseDown:
+    case ClickEventType::leftMouseUp:
+    case ClickEventType::rightMouseDown:
+    case ClickEventType::rightMouseUp:
+        return true;
+    default:
+        return false; // a notice to the tap need not come with an event
+    }
+}
+
+ClickEvent clickOf(CGEventType type, CGEventRef event) {
+    const ClickEventType clickType = typeOf(type);
+    const bool asks = hasButton(clickType);
+    return {clickType, asks ? CGEventGetIntegerValueField(event, kCGMouseEventButtonNumber) : 0};
+}
+
+CGEventRef answer(CGEventTapProxy /*proxy*/, CGEventType type, CGEventRef event, void* tap) {
+    if (tap == nullptr) {
+        return event;
+    }
+    const auto verdict = static_cast<QuartzClickTap*>(tap)->verdict(clickOf(type, event));
+    return verdict == ClickTap::Verdict::drop ? nullptr : event;
+}
+
+} // namespace
+
+QuartzClickTap::~QuartzClickTap() {
+    setEnabled(false);
+    remove();
+}
+
+// Nobody hears it before its source is in the run loop, so that it need not be disabled until then.
+bool QuartzClickTap::create(Callback callback) {
+    decide = std::move(callback);
+    Owned<CFMachPortRef> made(CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
+                                               kCGEventTapOptionDefault, watched, &answer, this));
+    if (!made) {
+        return false;
+    }
+    Owned<CFRunLoopSourceRef> heard(
+        CFMachPortCreateRunLoopSource(kCFAllocatorDefault, made.get(), sourceOrder));
+    if (!heard) {
+        return false;
+    }
+    CFRunLoopAddSource(CFRunLoopGetMain(), heard.get(), kCFRunLoopCommonModes);
+    port = std::move(made);
+    source = std::move(heard);
+    return true;
+}
+
+void QuartzClickTap::setEnabled(bool enabled) {
+    if (port) {
+        CGEventTapEnable(port.get(), enabled);
+    }
+}
+
+void QuartzClickTap::remove() {
+    if (source) {
+        CFRunLoopRemoveSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes);
+    }
+    source.reset();
+    port.reset();
+}
+
+} // namespace glidemap

@@ -1,0 +1,35 @@
+#include "macos_test.h"
+#include "platform/macos/session/login_framework_lock.h"
+
+namespace glidemap {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LoginFrameworkLockTest : public MacosTest {};
+
+TEST_F(LoginFrameworkLockTest, IsInTheSystemsPrivateFramework) {
+    EXPECT_STREQ(LoginFrameworkLock::systemsFramework,
+                 "/System/Library/PrivateFrameworks/login.framework/login");
+}
+
+TEST_F(LoginFrameworkLockTest, CallsTheFunctionAndNothingElse) {
+    LoginFrameworkLock lock(FRAMEWORKS "/liblogin.so");
+    ASSERT_TRUE(lock.find());
+    lock.lock([] { FAIL() << "it never refuses"; });
+    lock.lock({});
+    EXPECT_THAT(journal(), ElementsAre("SACLockScreenImmediate", "SACLockScreenImmediate"));
+}
+
+TEST_F(LoginFrameworkLockTest, IsNotFoundWithoutTheFunction) {
+    EXPECT_FALSE(LoginFrameworkLock(FRAMEWORKS "/liblogin-without-lock.so").find());
+}
+
+TEST_F(LoginFrameworkLockTest, IsNotFoundWithoutTheFramework) {
+    EXPECT_FALSE(LoginFrameworkLock("/nowhere/login").find());
+    EXPECT_THAT(journal(), IsEmpty());
+}
+
+} // namespace
+} // namespace glidemap
