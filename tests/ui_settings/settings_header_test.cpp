@@ -7,6 +7,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 
 namespace glidemap {
 namespace {
@@ -149,6 +151,20 @@ TEST_F(SettingsHeaderTest, ChineseFitsIntoOneLineInTheSmallestWindow) {
     EXPECT_FALSE(header().isFolded());
     stage.choose("en");
     EXPECT_TRUE(header().isFolded());
+}
+
+TEST_F(SettingsHeaderTest, BothLanguagesNamesFitIntoTheirPicker) {
+    stage.open();
+    const auto& picker = *stage.find<QComboBox>("language");
+    QStyleOptionComboBox option;
+    option.initFrom(&picker);
+    const QRect room = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                      QStyle::SC_ComboBoxEditField, &picker);
+    ASSERT_EQ(picker.count(), 2);
+    for (int index = 0; index < picker.count(); ++index) {
+        EXPECT_LE(picker.fontMetrics().horizontalAdvance(picker.itemText(index)), room.width())
+            << picker.itemText(index).toStdString();
+    }
 }
 
 TEST_F(SettingsHeaderTest, IsPaddedByTwelvePointsWithFourteenBetween) {

@@ -21,7 +21,8 @@ namespace {
 constexpr int padding = 12;
 constexpr int spacing = 14;
 constexpr int titleSpacing = 2;
-constexpr int lettersOfLanguage = 6; // as wide as an X, which "English" is less than
+// As wide as an X; the toolkit adds the room for an icon, which is not there. "English" is narrower.
+constexpr int lettersOfLanguage = 5;
 
 // Command on macOS, which is Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
