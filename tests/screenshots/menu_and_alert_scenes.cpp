@@ -1,6 +1,7 @@
 #include "app/alert.h"
 #include "app/app_delegate.h"
 #include "app/no_status_bar.h"
+#include "app/refusal.h"
 #include "app/update_outcome.h"
 #include "kit/engine_stage.h"
 #include "kit/recording_click_tap.h"
@@ -99,20 +100,26 @@ QImage pictureOfMenu(const MenuState& state) {
     return photographTogether({&menu});
 }
 
-QImage pictureOfAlert(const AlertText& text) {
-    Alert alert(text);
+QImage pictureOfAlert(const Alert::Texts& texts) {
+    Alert alert(texts, Lang::shared());
     alert.show();
     return photographTogether({&alert});
 }
 
+Alert::Texts textsOf(const UpdateResult& result) {
+    return [result](const Lang& lang) {
+        return updateOutcome(result, "1.0.0", lang);
+    };
+}
+
 QImage pictureOfOutcome(const UpdateResult& result) {
-    return pictureOfAlert(updateOutcome(result, "1.0.0", Lang::shared()));
+    return pictureOfAlert(textsOf(result));
 }
 
 QImage pictureOfOutcomeOverWindow(const UpdateResult& result) {
     SettingsStage stage;
     SettingsWindow& window = stage.open();
-    Alert alert(updateOutcome(result, "1.0.0", Lang::shared()), &window);
+    Alert alert(textsOf(result), Lang::shared(), &window);
     alert.show();
     return photographWithAllAbove(window);
 }
@@ -142,7 +149,9 @@ std::vector<Scene> menuAndAlertScenes() {
         alert("update-over-window", "Over the settings window",
               [newer] { return pictureOfOutcomeOverWindow(newer); }),
         alert("no-status-bar", "A desktop without a status bar",
-              [] { return pictureOfAlert(noStatusBarText(Lang::shared())); }),
+              [] { return pictureOfAlert(noStatusBarText); }),
+        alert("unanswered", "The one that runs does not answer",
+              [] { return pictureOfAlert(unansweredText); }),
     };
 }
 
