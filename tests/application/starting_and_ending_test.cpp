@@ -94,7 +94,7 @@ TEST_F(StartingAndEndingTest, OneThatHangsIsNotWaitedForForever) {
     ASSERT_TRUE(second.waitForWindow());
     second.waitFor("label", "Glidemap does not answer");
     EXPECT_NE(test::contentOf(stage.complaintsFile()).find("does not answer"), std::string::npos);
-    stage.hands.press("Return");
+    stage.display.close(*second.window());
     EXPECT_EQ(second.waitForEnd(), 1);
     kill(first.process(), SIGCONT);
     EXPECT_EQ(first.end(SIGTERM), 0);
@@ -122,7 +122,7 @@ TEST_F(StartingAndEndingTest, WhereItsLockCannotBeTheUserIsTold) {
     RunningGlidemap glidemap(stage, command);
     ASSERT_TRUE(glidemap.waitForWindow());
     glidemap.waitFor("label", "Glidemap could not start");
-    stage.hands.press("Return");
+    stage.display.close(*glidemap.window());
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
