@@ -1,5 +1,8 @@
 #include "platform/qt/single_instance.h"
 
+#include "platform/qt/descriptor.h"
+#include "platform/qt/line_listener.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/file.h>
@@ -8,8 +11,6 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-#include <QLocalServer>
-#include <QLocalSocket>
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -28,24 +29,11 @@ constexpr const char* answer = "shown\n";
 
 // A request is one line: two words, each at most as long as any desktop's, and either may be empty.
 constexpr char separator = '\t';
-constexpr qint64 longestRequest = 4096;
+constexpr std::size_t longestRequest = 4096;
 
 // How often somebody is looked for who is between two states: a lock without a socket, which is a
 // program that starts or ends.
 constexpr int attemptMilliseconds = 20;
-
-class Descriptor {
-public:
-    explicit Descriptor(int opened) : number(opened) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number >= 0) {
-            close(number);
-        }
-    }
-    const int number;
-};
 
 int millisecondsUntil(Clock::time_point deadline) {
     const auto left =
@@ -62,9 +50,12 @@ std::string line(const SingleInstance::Request& request) {
     return oneWord(request.activationToken) + separator + oneWord(request.startupID) + '\n';
 }
 
-SingleInstance::Request requestIn(const QByteArray& line) {
-    const auto words = line.chopped(1).split(separator);
-    return {words[0].toStdString(), words.size() > 1 ? words[1].toStdString() : std::string()};
+SingleInstance::Request requestIn(const std::string& line) {
+    const std::string words = line.substr(0, line.size() - 1);
+    const auto end = std::min(words.find(separator), words.size());
+    const auto next = std::min(end + 1, words.size());
+    const auto last = std::min(words.find(separator, next), words.size());
+    return {words.substr(0, end), words.substr(next, last - next)};
 }
 
 bool connectTo(int socket, const std::filesystem::path& file) {
@@ -107,32 +98,6 @@ Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request
 
 } // namespace
 
-struct SingleInstance::Listener {
-    QLocalServer server;
-    std::function<void(const Request&)> asked;
-
-    void receive() {
-        while (QLocalSocket* client = server.nextPendingConnection()) {
-            client->setReadBufferSize(longestRequest);
-            QObject::connect(client, &QLocalSocket::disconnected, client, &QObject::deleteLater);
-            QObject::connect(client, &QLocalSocket::readyRead, client,
-                             [this, client] { read(*client); });
-            read(*client);
-        }
-    }
-
-    void read(QLocalSocket& client) {
-        if (client.canReadLine()) {
-            asked(requestIn(client.readLine()));
-            client.write(answer);
-            client.flush(); // the program may be about to end
-            client.disconnectFromServer();
-        } else if (client.bytesAvailable() >= longestRequest) {
-            client.abort();
-        }
-    }
-};
-
 SingleInstance::SingleInstance(const std::filesystem::path& folder)
     : lockFile(folder / "glidemap.lock"), socketFile(folder / "glidemap.socket") {
     std::error_code ignored; // opening the file tells
@@ -167,18 +132,13 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     return Claim::unanswered;
 }
 
+// A socket that is there already is a killed one's: the lock says that nobody listens there.
 std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> asked) {
-    listener = std::make_unique<Listener>();
-    listener->asked = std::move(asked);
-    listener->server.setSocketOptions(QLocalServer::UserAccessOption);
-    QObject::connect(&listener->server, &QLocalServer::newConnection, &listener->server,
-                     [this] { listener->receive(); });
-    const auto name = QString::fromStdString(socketFile.native());
-    QLocalServer::removeServer(name); // a killed one's; the lock says that nobody listens there
-    if (!listener->server.listen(name)) {
-        return listener->server.errorString().toStdString();
-    }
-    return std::nullopt;
+    listener = std::make_unique<LineListener>(socketFile, longestRequest,
+                                              [asked = std::move(asked)](const std::string& line) {
+                                                  asked(requestIn(line));
+                                                  return std::string(answer);
+                                              });
 }
 
 void SingleInstance::stopListening() {

@@ -21,6 +21,8 @@
 
 namespace glidemap {
 
+class LineListener;
+
 class SingleInstance {
 public:
     enum class Claim {
@@ -58,12 +60,10 @@ public:
     void stopListening();
 
 private:
-    struct Listener;
-
     std::filesystem::path lockFile;
     std::filesystem::path socketFile;
     int lock = -1;
-    std::unique_ptr<Listener> listener;
+    std::unique_ptr<LineListener> listener;
 };
 
 } // namespace glidemap

@@ -1,0 +1,110 @@
+#include "platform/qt/line_listener.h"
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+#include <QPointer>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int mostWaiting = 30; // to be let in; the others are refused
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+} // namespace
+
+class LineListener::Client : public QObject {
+public:
+    Client(int opened, const LineListener& heardBy, QObject* parent)
+        : QObject(parent), listener(heardBy), socket(opened),
+          arrivals(opened, QSocketNotifier::Read) {
+        connect(&arrivals, &QSocketNotifier::activated, this, [this] { receive(); });
+    }
+
+private:
+    void receive() {
+        std::array<char, 512> part{};
+        const auto count = recv(socket.number, part.data(), part.size(), 0);
+        if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
+            return;
+        }
+        heard.append(part.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        const auto end = heard.find('\n');
+        if (end == std::string::npos && count > 0 && heard.size() < listener.longest) {
+            return;
+        }
+        arrivals.setEnabled(false);
+        deleteLater();
+        if (end != std::string::npos && end < listener.longest) {
+            say(heard.substr(0, end + 1));
+        }
+    }
+
+    // Whoever answers may stop listening.
+    void say(const std::string& line) {
+        const QPointer<Client> alive(this);
+        const std::string answer = listener.answer(line);
+        if (alive != nullptr) {
+            send(socket.number, answer.data(), answer.size(), MSG_NOSIGNAL);
+        }
+    }
+
+    const LineListener& listener;
+    const Descriptor socket;
+    QSocketNotifier arrivals;
+    std::string heard;
+};
+
+LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given)
+    : socketFile(std::move(file)), longest(longestLine), answer(std::move(given)),
+      socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)), _failure(listen()),
+      arrivals(socket.number, QSocketNotifier::Read) {
+    arrivals.setEnabled(!_failure);
+    QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });
+}
+
+LineListener::~LineListener() {
+    if (!_failure) {
+        std::error_code ignored;
+        std::filesystem::remove(socketFile, ignored);
+    }
+}
+
+std::error_code LineListener::listen() const {
+    if (socket.number < 0) {
+        return lastError();
+    }
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    if (socketFile.native().size() >= sizeof address.sun_path) {
+        return std::make_error_code(std::errc::filename_too_long);
+    }
+    socketFile.native().copy(address.sun_path, socketFile.native().size());
+    std::error_code ignored; // making it tells
+    std::filesystem::remove(socketFile, ignored);
+    // The file gets what the socket has: at no time can anyone else open it.
+    const bool listens =
+        fchmod(socket.number, S_IRUSR | S_IWUSR) == 0 &&
+        bind(socket.number, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+        ::listen(socket.number, mostWaiting) == 0;
+    return listens ? std::error_code() : lastError();
+}
+
+void LineListener::letIn() {
+    const int client = accept4(socket.number, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    if (client >= 0) {
+        new Client(client, *this, &clients);
+    }
+}
+
+} // namespace glidemap
