@@ -4,6 +4,7 @@
 install(TARGETS glidemap glidemap-record glidemap-replay RUNTIME DESTINATION bin)
 install(TARGETS glidemap_evdev_driver glidemap_replay_driver LIBRARY DESTINATION lib/glidemap)
 install(PROGRAMS ${grant_access} DESTINATION libexec/glidemap)
+install(TARGETS glidemap-fetch RUNTIME DESTINATION libexec/glidemap)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/glidemap/gnome-shell DESTINATION share/glidemap)
 
 install(FILES udev/70-glidemap.rules DESTINATION lib/udev/rules.d)

@@ -1,6 +1,6 @@
 #include "app/update_checker.h"
 
-#include "app/https_fetch.h"
+#include "app/fetch_program.h"
 #include "app/update_manifest.h"
 #include "app/version_order.h"
 
@@ -81,7 +81,7 @@ std::optional<std::string> UpdateChecker::runningVersion() {
 }
 
 Fetch UpdateChecker::overHttps() {
-    return httpsFetch();
+    return fetchByProgram(installedFetchProgram());
 }
 
 // It may come a minute early or late: the system can then wake the machine up for several things at

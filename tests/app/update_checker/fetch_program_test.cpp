@@ -1,0 +1,97 @@
+// What the program says is what was fetched, with shell scripts in its place; and the real one, which
+// trusts no server of ours.
+#include "app/fetch_program.h"
+#include "application.h"
+#include "https_server.h"
+#include "kit/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using namespace std::chrono_literals;
+using test::Application;
+
+constexpr const char* address = "https://nowhere.invalid/version.json";
+
+class FetchProgramTest : public testing::Test {
+protected:
+    std::filesystem::path script(const std::string& text) const {
+        const auto file = folder.path() / "program";
+        std::ofstream(file) << "#!/bin/sh\n" << text;
+        chmod(file.c_str(), S_IRWXU);
+        return file;
+    }
+
+    Fetched fetchBy(const std::filesystem::path& program, const std::string& url = address) {
+        std::vector<Fetched> fetched;
+        fetchByProgram(program, 0ms)(url, [&](const Fetched& what) { fetched.push_back(what); });
+        EXPECT_TRUE(fetched.empty());
+        EXPECT_TRUE(Application::runUntil([&] { return !fetched.empty(); }));
+        Application::runWhatWaits();
+        EXPECT_EQ(fetched.size(), 1U);
+        return fetched.empty() ? Fetched() : fetched.front();
+    }
+
+    test::TemporaryFolder folder;
+    Application application;
+};
+
+TEST_F(FetchProgramTest, ItsOutputIsTheBody) {
+    const Fetched fetched = fetchBy(script("printf 'of %s' \"$1\""));
+    EXPECT_EQ(fetched.body, "of https://nowhere.invalid/version.json");
+    EXPECT_FALSE(fetched.transportError);
+}
+
+TEST_F(FetchProgramTest, ItsComplaintIsAnErrorBesideTheBody) {
+    const Fetched fetched = fetchBy(script("printf half; echo 'cut off' >&2; exit 1"));
+    EXPECT_EQ(fetched.body, "half");
+    EXPECT_EQ(fetched.transportError, "cut off");
+}
+
+TEST_F(FetchProgramTest, AComplaintThatDidNotMatterIsNone) {
+    EXPECT_FALSE(fetchBy(script("printf whole; echo careful >&2")).transportError);
+}
+
+TEST_F(FetchProgramTest, AnEndWithoutAWordIsAnError) {
+    EXPECT_TRUE(fetchBy(script("exit 3")).transportError);
+    EXPECT_TRUE(fetchBy(script("kill -KILL $$")).transportError);
+}
+
+TEST_F(FetchProgramTest, AProgramThatIsNotThereIsAnError) {
+    EXPECT_TRUE(fetchBy(folder.path() / "nothing").transportError);
+}
+
+TEST_F(FetchProgramTest, ItStartsAfterItsRest) {
+    const auto program = script("touch \"$0.ran\"");
+    bool isDone = false;
+    fetchByProgram(program, 1h)(address, [&](const Fetched&) { isDone = true; });
+    Application::runWhatWaits();
+    EXPECT_FALSE(std::filesystem::exists(program.native() + ".ran"));
+    EXPECT_FALSE(isDone);
+}
+
+TEST_F(FetchProgramTest, TheRealOneTakesHttpsAndNothingElse) {
+    const Fetched fetched = fetchBy(GLIDEMAP_FETCH_PROGRAM, "http://nowhere.invalid/");
+    EXPECT_TRUE(fetched.body.empty());
+    ASSERT_TRUE(fetched.transportError);
+    EXPECT_NE(fetched.transportError->find("usage"), std::string::npos);
+}
+
+TEST_F(FetchProgramTest, TheRealOneBelievesNoServerThatNobodyVouchesFor) {
+    const test::Authority authority;
+    const test::HttpsServer server(authority.vouchFor("IP:127.0.0.1"),
+                                   test::ok(R"({"version": "9"})"));
+    const Fetched fetched = fetchBy(GLIDEMAP_FETCH_PROGRAM, server.url());
+    EXPECT_TRUE(fetched.body.empty());
+    EXPECT_TRUE(fetched.transportError);
+    EXPECT_TRUE(server.requests().empty());
+}
+
+} // namespace
+} // namespace glidemap
