@@ -51,6 +51,7 @@ TEST_F(AccessPromptTest, EachAnswerIsToldOnTheMainThread) {
     const auto made = prompt(command());
     for (int round = 1; round <= 2; ++round) {
         made->ask();
+        queue->runAll();
         answer();
         waitForAnswerInTheQueue();
         EXPECT_EQ(heard, round - 1);
@@ -64,6 +65,8 @@ TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
     const auto made = prompt(command());
     made->ask();
     made->ask();
+    queue->runAll();
+    made->ask();
     answer();
     waitForAnswerInTheQueue();
     queue->runAll();
@@ -74,13 +77,36 @@ TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
 TEST_F(AccessPromptTest, WhatCannotBeAskedCanBeAskedAgain) {
     const auto made = prompt({"/nowhere/at/all"});
     made->ask();
+    queue->runAll();
     made->ask();
-    EXPECT_EQ(queue->waiting(), 0U);
+    EXPECT_EQ(queue->waiting(), 1U);
+    queue->runAll();
+    EXPECT_EQ(heard, 0);
+}
+
+// At the start of the program a window is being opened.
+TEST_F(AccessPromptTest, AQuestionComesAfterWhatIsUnderWay) {
+    const auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
+    made->ask();
+    EXPECT_EQ(queue->waiting(), 1U);
+    EXPECT_FALSE(std::filesystem::exists(asked));
+    queue->runAll();
+    waitForAnswerInTheQueue();
+    EXPECT_EQ(test::contentOf(asked), "x");
+}
+
+TEST_F(AccessPromptTest, AQuestionThatWasNotYetAskedGoesWithItsOwner) {
+    auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
+    made->ask();
+    made.reset();
+    queue->runAll();
+    EXPECT_FALSE(std::filesystem::exists(asked));
 }
 
 TEST_F(AccessPromptTest, AnAnswerThatComesTooLateIsToldToNobody) {
     auto made = prompt(command());
     made->ask();
+    queue->runAll();
     made.reset();
     answer();
     waitForAnswerInTheQueue();

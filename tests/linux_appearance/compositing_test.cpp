@@ -50,5 +50,39 @@ TEST(CompositingTest, anXServerBlendsFromTheMomentThatAProgramComposesIt) {
     xcb_disconnect(manager);
 }
 
+class RecentCompositingTest : public testing::Test {
+protected:
+    RecentCompositing::Clock::time_point now;
+    bool isComposed = false;
+    int asked = 0;
+    RecentCompositing recent{[this] {
+                                 ++asked;
+                                 return isComposed;
+                             },
+                             [this] {
+                                 return now;
+                             }};
+};
+
+TEST_F(RecentCompositingTest, severalMenusAtOnceAskOnce) {
+    for (int menu = 0; menu < 4; ++menu) {
+        EXPECT_FALSE(recent.composites());
+    }
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(RecentCompositingTest, aProgramThatComposesFromNowOnIsNoticedOnceTheAnswerIsOld) {
+    EXPECT_FALSE(recent.composites());
+    isComposed = true;
+    now += RecentCompositing::recently - std::chrono::nanoseconds(1);
+    EXPECT_FALSE(recent.composites());
+    now += std::chrono::nanoseconds(1);
+    EXPECT_TRUE(recent.composites());
+    isComposed = false;
+    now += RecentCompositing::recently;
+    EXPECT_FALSE(recent.composites());
+    EXPECT_EQ(asked, 3);
+}
+
 } // namespace
 } // namespace glidemap

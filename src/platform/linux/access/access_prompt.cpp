@@ -11,9 +11,17 @@ AccessPrompt::AccessPrompt(std::shared_ptr<MainQueue> queue, std::vector<std::st
       life(std::make_shared<AccessPrompt*>(this)) {}
 
 void AccessPrompt::ask() {
-    if (isAsking) {
+    if (std::exchange(isAsking, true)) {
         return;
     }
+    mainQueue->submit([weak = std::weak_ptr(life)] {
+        if (const auto alive = weak.lock()) {
+            (*alive)->start();
+        }
+    });
+}
+
+void AccessPrompt::start() {
     isAsking = startGrantPrompt(command, [queue = mainQueue, weak = std::weak_ptr(life)] {
         queue->submit([weak] {
             if (const auto alive = weak.lock()) {

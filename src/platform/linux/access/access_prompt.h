@@ -22,13 +22,15 @@ public:
     AccessPrompt(const AccessPrompt&) = delete;
     AccessPrompt& operator=(const AccessPrompt&) = delete;
 
-    // Does nothing while a question is open.
+    // Does nothing while a question is open. It comes after what the main thread is at: at the start
+    // of the program that is its window.
     void ask();
 
     // Called on the main thread after each answer, whatever it was.
     std::function<void()> onAnswer;
 
 private:
+    void start();
     void answered();
 
     std::shared_ptr<MainQueue> mainQueue;

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace glidemap {
 
@@ -48,6 +49,19 @@ bool desktopComposites() {
     const bool composites = xcb_connection_has_error(server) != 0 || hasCompositor(server, screen);
     xcb_disconnect(server);
     return composites;
+}
+
+RecentCompositing::RecentCompositing(std::function<bool()> question,
+                                     std::function<Clock::time_point()> clock)
+    : ask(std::move(question)), now(std::move(clock)) {}
+
+bool RecentCompositing::composites() {
+    const Clock::time_point moment = now();
+    if (!askedAt || moment - *askedAt >= recently) {
+        answer = ask();
+        askedAt = moment;
+    }
+    return answer;
 }
 
 } // namespace glidemap

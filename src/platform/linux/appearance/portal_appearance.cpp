@@ -59,7 +59,7 @@ class PortalAppearance::Settings : public AppearanceSettings {
 public:
     std::optional<ColorScheme> colorScheme() const override { return appearance.colorScheme; }
     bool reducesMotion() const override { return appearance.reducesMotion; }
-    bool composites() const override { return desktopComposites(); }
+    bool composites() const override { return compositing.composites(); }
     Observable& changes() override { return observers; }
 
     void show(const Appearance& now) {
@@ -70,6 +70,7 @@ public:
 
 private:
     Appearance appearance;
+    mutable RecentCompositing compositing;
     Observable observers;
 };
 
