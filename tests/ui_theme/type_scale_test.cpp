@@ -4,6 +4,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <algorithm>
 #include <vector>
 
 namespace glidemap {
@@ -44,6 +45,17 @@ TEST(TypeScaleTest, aLargerFontOfTheDesktopEnlargesEveryStyle) {
         {38, QFont::Bold},   {28, QFont::DemiBold}, {28, QFont::Normal}, {28, QFont::Medium},
         {26, QFont::Normal}, {24, QFont::Normal},   {22, QFont::Normal}};
     EXPECT_EQ(looksFrom(28), twice);
+}
+
+// Which desktops do.
+TEST(TypeScaleTest, aSizeInPointsCountsAsTheScreenShowsIt) {
+    for (const double points : {9.0, 10.5, 13.0, 21.0}) {
+        QFont desktop;
+        desktop.setPointSizeF(points);
+        const double enlargement = std::max(1.0, QFontInfo(desktop).pixelSize() / 14.0);
+        EXPECT_NEAR(scaledFont(desktop, TextStyle::body).pixelSize(), 14 * enlargement, 1);
+        EXPECT_NEAR(scaledFont(desktop, TextStyle::title2).pixelSize(), 19 * enlargement, 1);
+    }
 }
 
 TEST(TypeScaleTest, theDesktopsFamilyComesFirst) {

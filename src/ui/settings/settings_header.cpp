@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
@@ -21,11 +22,24 @@ namespace {
 constexpr int padding = 12;
 constexpr int spacing = 14;
 constexpr int titleSpacing = 2;
-// As wide as an X; the toolkit adds the room for an icon, which is not there. "English" is narrower.
-constexpr int lettersOfLanguage = 5;
 
 // Command on macOS, which is Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
+
+// As wide as the first language, which is the longest. Measuring the others would load the Chinese font,
+// which is not seen until the list opens.
+class LanguagePicker : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+    QSize sizeHint() const override {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QSize text(fontMetrics().horizontalAdvance(itemText(0)), fontMetrics().height());
+        return style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, this);
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
 
 void tell(const std::function<void(bool)>& listener, bool on) {
     if (listener) {
@@ -82,12 +96,8 @@ void SettingsHeader::makeLaunchAtLogin(QHBoxLayout& layout) {
 void SettingsHeader::makeLanguage(QHBoxLayout& layout) {
     languageLabel = new StyledLabel(TextStyle::body, Role::primary, this);
     languageLabel->setObjectName("languageLabel");
-    language = new QComboBox(this);
+    language = new LanguagePicker(this);
     language->setObjectName("language");
-    // By its width, not by what it holds: measuring Chinese would load a font for it, and it is not
-    // seen until the list opens.
-    language->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    language->setMinimumContentsLength(lettersOfLanguage);
     language->addItem(QStringLiteral("English"), QStringLiteral("en"));
     language->addItem(QStringLiteral("中文"), QStringLiteral("zh"));
     languageLabel->setBuddy(language);

@@ -192,6 +192,9 @@ QIcon GlidemapStyle::standardIcon(StandardPixmap picture, const QStyleOption* op
     case SP_MessageBoxWarning:
     case SP_MessageBoxCritical:
         return symbolIcon("exclamationmark.triangle.fill", Role::orange, 48);
+    // Every menu bar asks for it. The usual one is a file, which brings in all that reads pictures.
+    case SP_ToolBarHorizontalExtensionButton:
+        return symbolIcon("chevron.down", Role::secondary);
     default:
         return QProxyStyle::standardIcon(picture, option, widget);
     }

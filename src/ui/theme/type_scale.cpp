@@ -1,7 +1,8 @@
 #include "ui/theme/type_scale.h"
 
 #include <QFontDatabase>
-#include <QFontInfo>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -51,6 +52,16 @@ void addInstalled(QStringList& families, const QString& family) {
     }
 }
 
+// Asking the toolkit would load the font in a size that nothing is set in.
+double pixelSizeOf(const QFont& font) {
+    if (font.pixelSize() > 0) {
+        return font.pixelSize();
+    }
+    constexpr double pointsInInch = 72;
+    return font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInchY() /
+           pointsInInch;
+}
+
 } // namespace
 
 QFont interfaceFont(const QFont& desktop) {
@@ -70,7 +81,7 @@ QFont interfaceFont(const QFont& desktop) {
 
 QFont scaledFont(const QFont& base, TextStyle style) {
     const Step step = stepOf(style);
-    const double enlargement = std::max(1.0, QFontInfo(base).pixelSize() / bodySize);
+    const double enlargement = std::max(1.0, pixelSizeOf(base) / bodySize);
     QFont font = base;
     font.setPixelSize(qRound(step.size * enlargement));
     font.setWeight(step.weight);
