@@ -139,6 +139,10 @@ std::optional<std::string> SingleInstance::listen(std::function<void(const Reque
                                                   asked(requestIn(line));
                                                   return std::string(answer);
                                               });
+    if (const std::error_code failure = listener->failure()) {
+        return failure.message();
+    }
+    return std::nullopt;
 }
 
 void SingleInstance::stopListening() {
