@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QProcess>
 #include <QTimer>
-#include <system_error>
+#include <optional>
 #include <utility>
 
 namespace glidemap {
@@ -16,6 +16,11 @@ using Done = std::function<void(const Fetched&)>;
 class Errand : public QObject {
 public:
     explicit Errand(Done then) : QObject(QCoreApplication::instance()), done(std::move(then)) {
+        beforehand.setSingleShot(true);
+        connect(&beforehand, &QTimer::timeout, this,
+                [this] { process.start(QIODevice::ReadOnly); });
+        afterwards.setSingleShot(true);
+        connect(&afterwards, &QTimer::timeout, this, [this] { tell(); });
         // There is nobody to tell when the program ends.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 [this] { delete this; });
@@ -32,34 +37,39 @@ public:
         process.setProgram(QString::fromStdString(program.native()));
         process.setArguments({QString::fromStdString(url)});
         process.setStandardInputFile(QProcess::nullDevice());
-        QTimer::singleShot(rest, this, [this] { process.start(QIODevice::ReadOnly); });
+        beforehand.start(rest);
     }
 
 private:
     Fetched outcome() {
-        Fetched fetched;
-        fetched.body = process.readAllStandardOutput().toStdString();
+        Fetched what;
+        what.body = process.readAllStandardOutput().toStdString();
         if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
             const QByteArray said = process.readAllStandardError().trimmed();
-            fetched.transportError =
-                said.isEmpty() ? "it ended without a word" : said.toStdString();
+            what.transportError = said.isEmpty() ? "it ended without a word" : said.toStdString();
         }
-        return fetched;
+        return what;
     }
 
-    // Whoever is told may take his time, showing an alert.
-    void finish(Fetched fetched) {
-        if (!done) {
-            return;
+    void finish(Fetched what) {
+        if (!fetched) {
+            fetched = std::move(what);
+            afterwards.start(0);
         }
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [tell = std::exchange(done, {}), what = std::move(fetched)] { tell(what); },
-            Qt::QueuedConnection);
+    }
+
+    // Whoever is told may take his time, showing an alert: the program may end meanwhile.
+    void tell() {
+        const Done then = std::move(done);
+        const Fetched what = std::move(*fetched);
         deleteLater();
+        then(what);
     }
 
     Done done;
+    std::optional<Fetched> fetched;
+    QTimer beforehand;
+    QTimer afterwards;
     QProcess process;
 };
 
@@ -72,9 +82,8 @@ Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds re
 }
 
 std::filesystem::path installedFetchProgram() {
-    std::error_code ignored; // it will not start, then
-    const auto self = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    return self.parent_path().parent_path() / "libexec" / "glidemap" / "glidemap-fetch";
+    const std::filesystem::path programs(QCoreApplication::applicationDirPath().toStdString());
+    return programs.parent_path() / "libexec" / "glidemap" / "glidemap-fetch";
 }
 
 } // namespace glidemap
