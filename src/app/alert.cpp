@@ -39,6 +39,10 @@ void dressTexts(const QMessageBox& alert) {
 
 } // namespace
 
+AlertText told(std::string message, std::string informative, const Lang& lang) {
+    return {std::move(message), std::move(informative), {lang.choose("OK", "好")}};
+}
+
 Alert::Alert(Texts inLanguages, Lang& language, QWidget* parent)
     : QMessageBox(parent), texts(std::move(inLanguages)), lang(language) {
     setObjectName("alert");

@@ -25,6 +25,9 @@ struct AlertText {
     friend bool operator==(const AlertText&, const AlertText&) = default;
 };
 
+// One that leaves nothing to choose.
+AlertText told(std::string message, std::string informative, const Lang& lang);
+
 class Alert : public QMessageBox {
 public:
     // There are as many buttons in each language.
