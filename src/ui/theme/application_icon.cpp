@@ -1,7 +1,7 @@
 #include "ui/theme/application_icon.h"
 
-#include <QIconEngine>
-#include <QPainter>
+#include "ui/theme/pixmap_icon_engine.h"
+
 #include <QPixmap>
 #include <QResource>
 #include <algorithm>
@@ -39,31 +39,16 @@ int square(const QSize& size) {
     return std::min({size.width(), size.height(), sizes.back()});
 }
 
-class Engine : public QIconEngine {
+class Engine : public PixmapIconEngine {
 public:
     QIconEngine* clone() const override { return new Engine(*this); }
 
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        QList<QSize> listed;
-        for (const int size : sizes) {
-            if (size <= largestListed) {
-                listed.append(QSize(size, size));
-            }
-        }
-        return listed;
+        return squares({sizes.begin(), std::ranges::upper_bound(sizes, largestListed)});
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         return {square(size), square(size)};
-    }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
-               QIcon::State state) override {
-        const double ratio = painter->device()->devicePixelRatioF();
-        const QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
-        QRectF target(QPointF(), QSizeF(picture.size()) / ratio);
-        target.moveCenter(QRectF(rect).center());
-        painter->drawPixmap(target, picture, picture.rect());
     }
 
     QPixmap pixmap(const QSize& pixels, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {

@@ -1,9 +1,9 @@
 #include "ui/theme/template_icon.h"
 
+#include "ui/theme/pixmap_icon_engine.h"
 #include "ui/theme/symbol.h"
 #include "ui/theme/theme.h"
 
-#include <QIconEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QStandardPaths>
@@ -50,7 +50,7 @@ bool isInstalled(const QString& name) {
 }
 
 // Drawn when a bar asks for it, at the size that it asks for.
-class Engine : public QIconEngine {
+class Engine : public PixmapIconEngine {
 public:
     Engine(std::string_view drawnSymbol, QString nameInTheme)
         : symbol(drawnSymbol), themeName(std::move(nameInTheme)) {}
@@ -59,11 +59,7 @@ public:
     QString iconName() override { return themeName; }
 
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        QList<QSize> listed;
-        for (const int size : sizes) {
-            listed.append(QSize(size, size));
-        }
-        return listed;
+        return squares(sizes);
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
@@ -73,15 +69,6 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
         return side > 2 ? drawn(symbol, side) : QPixmap(); // edges alone are nothing to see
-    }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
-               QIcon::State state) override {
-        const double ratio = painter->device()->devicePixelRatioF();
-        const QPixmap picture = pixmap((QSizeF(rect.size()) * ratio).toSize(), mode, state);
-        QRectF target(QPointF(), QSizeF(picture.size()) / ratio);
-        target.moveCenter(QRectF(rect).center());
-        painter->drawPixmap(target, picture, picture.rect());
     }
 
 private:
