@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 namespace glidemap {
 
@@ -21,20 +22,26 @@ auto retried(Call call) {
 
 class OpenFile {
 public:
+    OpenFile() = default;
     explicit OpenFile(int opened) : file(opened) {}
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
+    OpenFile(OpenFile&& other) noexcept : file(std::exchange(other.file, -1)) {}
+    OpenFile& operator=(OpenFile&& other) noexcept {
+        std::swap(file, other.file);
+        return *this;
+    }
     ~OpenFile() {
-        if (file != -1) {
+        if (file >= 0) {
             close(file);
         }
     }
 
-    explicit operator bool() const { return file != -1; }
+    explicit operator bool() const { return file >= 0; }
+
+    // Negative where nothing is open.
     int descriptor() const { return file; }
 
 private:
-    int file;
+    int file = -1;
 };
 
 } // namespace glidemap

@@ -43,10 +43,10 @@ void EvdevPad::Free::operator()(libevdev* freed) const {
 }
 
 std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
-    FileDescriptor file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    OpenFile file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     // Before the first event is read: changing the clock throws away those that wait.
     int clock = CLOCK_MONOTONIC;
-    if (!file.isOpen() || ioctl(file.get(), EVIOCSCLOCKID, &clock) != 0) {
+    if (!file || ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
         return nullptr;
     }
     Device device(libevdev_new());
@@ -54,15 +54,15 @@ std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
         return nullptr;
     }
     libevdev_set_device_log_function(device.get(), keepSilent, LIBEVDEV_LOG_ERROR, nullptr);
-    if (libevdev_set_fd(device.get(), file.get()) != 0 ||
+    if (libevdev_set_fd(device.get(), file.descriptor()) != 0 ||
         libevdev_get_num_slots(device.get()) <= 0) {
         return nullptr;
     }
     return std::unique_ptr<OpenPad>(new EvdevPad(std::move(file), std::move(device)));
 }
 
-EvdevPad::EvdevPad(FileDescriptor openFile, Device openDevice)
-    : file(std::move(openFile)), device(std::move(openDevice)) {
+EvdevPad::EvdevPad(OpenFile opened, Device openDevice)
+    : file(std::move(opened)), device(std::move(openDevice)) {
     settle();
     describe();
     recallState();
@@ -167,14 +167,14 @@ bool EvdevPad::hasButtons() const {
 }
 
 std::optional<double> EvdevPad::grab() {
-    if (ioctl(file.get(), EVIOCGRAB, 1) != 0) {
+    if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
         return std::nullopt;
     }
     return monotonicNow();
 }
 
 void EvdevPad::ungrab() {
-    ioctl(file.get(), EVIOCGRAB, 0);
+    ioctl(file.descriptor(), EVIOCGRAB, 0);
 }
 
 std::unique_ptr<PadClone> EvdevPad::makeClone() {

@@ -7,7 +7,7 @@
 // Errors:  as values: no pad, or one that is gone.
 #pragma once
 
-#include "drivers/evdev/file_descriptor.h"
+#include "core/open_file.h"
 #include "drivers/evdev/pad_directory.h"
 
 #include <cstddef>
@@ -25,7 +25,7 @@ public:
     // Null if the node cannot be read, or has no slots.
     static std::unique_ptr<OpenPad> open(const std::string& node);
 
-    int descriptor() const override { return file.get(); }
+    int descriptor() const override { return file.descriptor(); }
     const PadDescription& description() const override { return pad; }
     Read next(InputEvent& event) override;
     bool hasButtons() const override;
@@ -39,14 +39,14 @@ private:
     };
     using Device = std::unique_ptr<libevdev, Free>;
 
-    EvdevPad(FileDescriptor file, Device device);
+    EvdevPad(OpenFile file, Device device);
     void settle();
     void describe();
     void recallState();
     void recallSlot(int slot, double time);
     void recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
 
-    FileDescriptor file;
+    OpenFile file;
     Device device;
     PadDescription pad;
     bool resynchronising = false;

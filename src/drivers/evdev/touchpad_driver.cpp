@@ -190,7 +190,7 @@ void TouchpadDriver::launchReader() {
 }
 
 void TouchpadDriver::wakeReader() const {
-    eventfd_write(wakeUp.get(), 1);
+    eventfd_write(wakeUp.descriptor(), 1);
 }
 
 void TouchpadDriver::runReader() {
@@ -242,7 +242,7 @@ void TouchpadDriver::readReady() {
             read(*polled[index]);
         } else if (index == wakeUpIndex) {
             eventfd_t ignored = 0;
-            eventfd_read(wakeUp.get(), &ignored);
+            eventfd_read(wakeUp.descriptor(), &ignored);
         } else if (returnWatch != nullptr) {
             returnWatch->acknowledge();
             std::ranges::for_each(touchpads, &Touchpad::somethingHasChanged, record);
@@ -302,7 +302,7 @@ void TouchpadDriver::reconnect() {
 void TouchpadDriver::collectDescriptors() {
     descriptors.clear();
     polled.clear();
-    addDescriptor(wakeUp.get(), nullptr); // first: wakeUpIndex
+    addDescriptor(wakeUp.descriptor(), nullptr); // first: wakeUpIndex
     const std::array<int, 2> watched =
         returnWatch != nullptr ? returnWatch->descriptors() : std::array{-1, -1};
     for (const int descriptor : watched) {

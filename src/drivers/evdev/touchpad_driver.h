@@ -15,9 +15,9 @@
 // Errors:  a touchpad that cannot be opened is not in the list, or is waited for once started.
 #pragma once
 
+#include "core/open_file.h"
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/click_interception.h"
-#include "drivers/evdev/file_descriptor.h"
 #include "drivers/evdev/pad_directory.h"
 #include "drivers/evdev/touchpad.h"
 #include "drivers/evdev/watchdog_time.h"
@@ -83,7 +83,7 @@ private:
     void addDescriptor(int descriptor, Touchpad* touchpad);
 
     const std::unique_ptr<PadDirectory> directory;
-    const FileDescriptor wakeUp;
+    const OpenFile wakeUp;
 
     mutable std::recursive_mutex mutex;
     ClickInterception clicks; // before the touchpads, which use it

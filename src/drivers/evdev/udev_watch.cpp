@@ -27,13 +27,13 @@ UdevWatch::UdevWatch() : context(udev_new()), nodeChanges(inotify_init1(IN_NONBL
 // The folder goes with its last node and comes with its first, so it is asked for again each time;
 // where it is watched already this changes nothing.
 void UdevWatch::watchNodes() {
-    if (nodeChanges.isOpen()) {
-        inotify_add_watch(nodeChanges.get(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);
+    if (nodeChanges) {
+        inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);
     }
 }
 
 std::array<int, 2> UdevWatch::descriptors() const {
-    return {monitor != nullptr ? udev_monitor_get_fd(monitor.get()) : -1, nodeChanges.get()};
+    return {monitor != nullptr ? udev_monitor_get_fd(monitor.get()) : -1, nodeChanges.descriptor()};
 }
 
 void UdevWatch::acknowledge() {
@@ -44,7 +44,7 @@ void UdevWatch::acknowledge() {
         }
     }
     alignas(inotify_event) std::array<char, 4096> events;
-    while (nodeChanges.isOpen() && read(nodeChanges.get(), events.data(), events.size()) > 0) {
+    while (nodeChanges && read(nodeChanges.descriptor(), events.data(), events.size()) > 0) {
     }
     watchNodes();
 }

@@ -6,7 +6,7 @@
 // Errors:  none; what cannot be watched is not.
 #pragma once
 
-#include "drivers/evdev/file_descriptor.h"
+#include "core/open_file.h"
 #include "drivers/evdev/pad_directory.h"
 #include "drivers/evdev/udev_handles.h"
 
@@ -24,7 +24,7 @@ private:
 
     UdevHandle<udev> context;
     UdevHandle<udev_monitor> monitor;
-    FileDescriptor nodeChanges;
+    OpenFile nodeChanges;
 };
 
 } // namespace glidemap

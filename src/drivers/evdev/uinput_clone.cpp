@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -28,8 +27,8 @@ constexpr std::string_view clonePath = "glidemap/clone/";
 // More than any touchpad says at once.
 constexpr std::size_t largeFrame = 256;
 
-FileDescriptor openUinput() {
-    return FileDescriptor(::open(uinputNode, O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+OpenFile openUinput() {
+    return OpenFile(::open(uinputNode, O_WRONLY | O_NONBLOCK | O_CLOEXEC));
 }
 
 bool has(const libevdev* source, unsigned type, unsigned code) {
@@ -143,22 +142,23 @@ input_event kernelEvent(const InputEvent& event) {
 } // namespace
 
 std::unique_ptr<PadClone> UinputClone::make(const libevdev& source) {
-    FileDescriptor file = openUinput();
-    if (!file.isOpen() || !declare(file.get(), &source) || ioctl(file.get(), UI_DEV_CREATE) != 0) {
+    OpenFile file = openUinput();
+    if (!file || !declare(file.descriptor(), &source) ||
+        ioctl(file.descriptor(), UI_DEV_CREATE) != 0) {
         return nullptr;
     }
     return std::unique_ptr<PadClone>(new UinputClone(std::move(file)));
 }
 
 bool UinputClone::isPossible() {
-    return openUinput().isOpen();
+    return static_cast<bool>(openUinput());
 }
 
 bool UinputClone::isCloneAt(std::string_view physicalPath) {
     return physicalPath.starts_with(clonePath);
 }
 
-UinputClone::UinputClone(FileDescriptor created) : file(std::move(created)) {
+UinputClone::UinputClone(OpenFile created) : file(std::move(created)) {
     buffer.reserve(largeFrame);
 }
 
@@ -173,15 +173,13 @@ bool UinputClone::write(std::span<const InputEvent> frame) {
         buffer.push_back(kernelEvent(event));
     }
     const std::size_t size = buffer.size() * sizeof(input_event);
-    ssize_t written = -1;
-    do {
-        written = ::write(file.get(), buffer.data(), size);
-    } while (written < 0 && errno == EINTR);
+    const ssize_t written =
+        retried([&] { return ::write(file.descriptor(), buffer.data(), size); });
     return written == static_cast<ssize_t>(size);
 }
 
 void UinputClone::destroy() {
-    ioctl(file.get(), UI_DEV_DESTROY);
+    ioctl(file.descriptor(), UI_DEV_DESTROY);
 }
 
 } // namespace glidemap

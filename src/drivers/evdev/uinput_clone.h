@@ -5,7 +5,7 @@
 // Errors:  as values; null for want of the right to make devices.
 #pragma once
 
-#include "drivers/evdev/file_descriptor.h"
+#include "core/open_file.h"
 #include "drivers/evdev/pad_directory.h"
 
 #include <linux/input.h>
@@ -34,9 +34,9 @@ public:
     void destroy() override;
 
 private:
-    explicit UinputClone(FileDescriptor created);
+    explicit UinputClone(OpenFile created);
 
-    FileDescriptor file;
+    OpenFile file;
     std::vector<input_event> buffer;
 };
 

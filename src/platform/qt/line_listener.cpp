@@ -34,7 +34,7 @@ public:
 private:
     void receive() {
         std::array<char, 512> part{};
-        const auto count = recv(socket.number, part.data(), part.size(), 0);
+        const auto count = recv(socket.descriptor(), part.data(), part.size(), 0);
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
             return;
         }
@@ -53,14 +53,14 @@ private:
     // Whoever answers may stop listening.
     void say(const std::string& line) {
         const QPointer<Client> alive(this);
-        const std::string answer = listener.answer(line);
+        const std::string said = listener.answer(line);
         if (alive != nullptr) {
-            send(socket.number, answer.data(), answer.size(), MSG_NOSIGNAL);
+            send(socket.descriptor(), said.data(), said.size(), MSG_NOSIGNAL);
         }
     }
 
     const LineListener& listener;
-    const Descriptor socket;
+    const OpenFile socket;
     QSocketNotifier arrivals;
     std::string heard;
 };
@@ -68,7 +68,7 @@ private:
 LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given)
     : socketFile(std::move(file)), longest(longestLine), answer(std::move(given)),
       socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)), _failure(listen()),
-      arrivals(socket.number, QSocketNotifier::Read) {
+      arrivals(socket.descriptor(), QSocketNotifier::Read) {
     arrivals.setEnabled(!_failure);
     QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });
 }
@@ -81,7 +81,7 @@ LineListener::~LineListener() {
 }
 
 std::error_code LineListener::listen() const {
-    if (socket.number < 0) {
+    if (!socket) {
         return lastError();
     }
     sockaddr_un address = {};
@@ -93,15 +93,15 @@ std::error_code LineListener::listen() const {
     std::error_code ignored; // making it tells
     std::filesystem::remove(socketFile, ignored);
     // The file gets what the socket has: at no time can anyone else open it.
-    const bool listens =
-        fchmod(socket.number, S_IRUSR | S_IWUSR) == 0 &&
-        bind(socket.number, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
-        ::listen(socket.number, mostWaiting) == 0;
+    const bool listens = fchmod(socket.descriptor(), S_IRUSR | S_IWUSR) == 0 &&
+                         bind(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address),
+                              sizeof address) == 0 &&
+                         ::listen(socket.descriptor(), mostWaiting) == 0;
     return listens ? std::error_code() : lastError();
 }
 
 void LineListener::letIn() {
-    const int client = accept4(socket.number, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+    const int client = accept4(socket.descriptor(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
     if (client >= 0) {
         new Client(client, *this, &clients);
     }

@@ -7,7 +7,7 @@
 // Errors:  where the file cannot be made nobody is heard, and failure() says why. Who says too much is hung up on.
 #pragma once
 
-#include "platform/qt/descriptor.h"
+#include "core/open_file.h"
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -41,7 +41,7 @@ private:
     const std::filesystem::path socketFile;
     const std::size_t longest;
     const Answer answer;
-    const Descriptor socket;
+    const OpenFile socket;
     const std::error_code _failure;
     QSocketNotifier arrivals;
     QObject clients; // owns them

@@ -1,6 +1,5 @@
 #include "platform/qt/single_instance.h"
 
-#include "platform/qt/descriptor.h"
 #include "platform/qt/line_listener.h"
 
 #include <fcntl.h>
@@ -89,11 +88,12 @@ Reply replyOn(int socket, Clock::time_point deadline) {
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
     // Never waits to be let in: where too many wait already, nobody is being let in.
-    const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!connectTo(client.number, socketFile) || !sendAll(client.number, line(request))) {
+    const OpenFile client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!connectTo(client.descriptor(), socketFile) ||
+        !sendAll(client.descriptor(), line(request))) {
         return Reply::nobodyThere;
     }
-    return replyOn(client.number, deadline);
+    return replyOn(client.descriptor(), deadline);
 }
 
 } // namespace
@@ -104,23 +104,18 @@ SingleInstance::SingleInstance(const std::filesystem::path& folder)
     std::filesystem::create_directories(folder, ignored);
 }
 
-SingleInstance::~SingleInstance() {
-    stopListening();
-    if (lock >= 0) {
-        close(lock);
-    }
-}
+SingleInstance::~SingleInstance() = default;
 
 SingleInstance::Claim SingleInstance::claim(const Request& request,
                                             std::chrono::milliseconds patience) {
-    lock = open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (lock < 0) {
+    lock = OpenFile(open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!lock) {
         return Claim::impossible;
     }
-    fchmod(lock, S_ISVTX | S_IRUSR | S_IWUSR); // nobody tidies away what is sticky
+    fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR); // nobody tidies away what is sticky
     const auto deadline = Clock::now() + patience;
     do {
-        if (flock(lock, LOCK_EX | LOCK_NB) == 0) {
+        if (flock(lock.descriptor(), LOCK_EX | LOCK_NB) == 0) {
             return Claim::first;
         }
         const Reply reply = ask(socketFile, request, deadline);

@@ -12,6 +12,8 @@
 // Errors:  as answers; see Claim.
 #pragma once
 
+#include "core/open_file.h"
+
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -62,7 +64,7 @@ public:
 private:
     std::filesystem::path lockFile;
     std::filesystem::path socketFile;
-    int lock = -1;
+    OpenFile lock;
     std::unique_ptr<LineListener> listener;
 };
 

@@ -4,7 +4,7 @@
 // Thread:  any; the test's and the reader's meet here.
 #pragma once
 
-#include "drivers/evdev/file_descriptor.h"
+#include "core/open_file.h"
 #include "drivers/evdev/pad_directory.h"
 #include "fake_clone.h"
 
@@ -28,7 +28,7 @@ class FakeStream {
 public:
     FakeStream() : ready(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
 
-    int descriptor() const { return ready.get(); }
+    int descriptor() const { return ready.descriptor(); }
 
     // What others have of this pad.
     const std::shared_ptr<FakeSystem>& system() const { return outside; }
@@ -37,13 +37,13 @@ public:
     void send(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
         waiting.insert(waiting.end(), events.begin(), events.end());
-        eventfd_write(ready.get(), 1);
+        eventfd_write(ready.descriptor(), 1);
     }
 
     void end(OpenPad::Read reason) {
         const std::lock_guard lock(mutex);
         ending = reason;
-        eventfd_write(ready.get(), 1);
+        eventfd_write(ready.descriptor(), 1);
     }
 
     OpenPad::Read next(InputEvent& event) {
@@ -54,13 +54,13 @@ public:
             return OpenPad::Read::event;
         }
         eventfd_t ignored = 0;
-        eventfd_read(ready.get(), &ignored);
+        eventfd_read(ready.descriptor(), &ignored);
         return ending;
     }
 
 private:
     const std::shared_ptr<FakeSystem> outside = std::make_shared<FakeSystem>();
-    FileDescriptor ready;
+    OpenFile ready;
     std::mutex mutex;
     std::deque<InputEvent> waiting;
     OpenPad::Read ending = OpenPad::Read::nothing;
@@ -98,24 +98,24 @@ public:
     void plug(const std::string& node, const std::string& name, bool readable = true) {
         const std::lock_guard lock(mutex);
         pads[node] = {identity(name), readable, std::make_shared<FakeStream>()};
-        eventfd_write(changes.get(), 1);
+        eventfd_write(changes.descriptor(), 1);
     }
 
     void unplug(const std::string& node) {
         const std::lock_guard lock(mutex);
         pads.at(node).stream->end(OpenPad::Read::gone);
         pads.erase(node);
-        eventfd_write(changes.get(), 1);
+        eventfd_write(changes.descriptor(), 1);
     }
 
     void makeReadable(const std::string& node) {
         const std::lock_guard lock(mutex);
         pads.at(node).readable = true;
-        eventfd_write(changes.get(), 1);
+        eventfd_write(changes.descriptor(), 1);
     }
 
     // Something happens in the folder that concerns no touchpad.
-    void change() { eventfd_write(changes.get(), 1); }
+    void change() { eventfd_write(changes.descriptor(), 1); }
 
     // Looking for touchpads takes until this is over.
     void blockCandidates(bool block) {
@@ -157,7 +157,7 @@ private:
 
     std::mutex mutex;
     std::map<std::string, Entry> pads;
-    FileDescriptor changes{eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)};
+    OpenFile changes{eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)};
     int opened = 0;
     int watching = 0;
     std::condition_variable watchesChanged;
@@ -180,10 +180,10 @@ public:
         drawer->watchesChanged.notify_all();
     }
 
-    std::array<int, 2> descriptors() const override { return {drawer->changes.get(), -1}; }
+    std::array<int, 2> descriptors() const override { return {drawer->changes.descriptor(), -1}; }
     void acknowledge() override {
         eventfd_t ignored = 0;
-        eventfd_read(drawer->changes.get(), &ignored);
+        eventfd_read(drawer->changes.descriptor(), &ignored);
     }
 
 private:

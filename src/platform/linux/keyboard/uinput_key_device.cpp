@@ -1,5 +1,6 @@
 #include "platform/linux/keyboard/uinput_key_device.h"
 
+#include "core/open_file.h"
 #include "platform/linux/keyboard/key_codes.h"
 
 #include <fcntl.h>
@@ -8,7 +9,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <string_view>
 #include <vector>
 
@@ -79,10 +79,7 @@ bool UinputKeyDevice::write(std::span<const KeyChange> changes) {
         events.push_back(eventOf(EV_SYN, SYN_REPORT, 0));
     }
     const std::size_t size = events.size() * sizeof(input_event);
-    ssize_t written = -1;
-    do {
-        written = ::write(descriptor, events.data(), size);
-    } while (written < 0 && errno == EINTR);
+    const ssize_t written = retried([&] { return ::write(descriptor, events.data(), size); });
     return written == static_cast<ssize_t>(size);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/linux/windows/wlr_connection.h"
 
+#include "core/open_file.h"
+
 #include <poll.h>
 #include <wayland-client-core.h>
 #include <wayland-client-protocol.h>
@@ -64,11 +66,7 @@ bool WlrConnection::roundTrip(std::chrono::milliseconds patience) {
 
 bool WlrConnection::waitForEvents(Clock::time_point deadline) {
     pollfd source{descriptor(), POLLIN, 0};
-    int ready = 0;
-    do {
-        ready = poll(&source, 1, millisecondsUntil(deadline));
-    } while (ready < 0 && errno == EINTR);
-    return ready > 0;
+    return retried([&] { return poll(&source, 1, millisecondsUntil(deadline)); }) > 0;
 }
 
 bool WlrConnection::dispatchArrived() {
