@@ -7,6 +7,7 @@
 #include "core/lang.h"
 #include "input/multitouch_device_manager.h"
 #include "platform/linux/appearance/portal_appearance.h"
+#include "platform/linux/fonts/font_reading.h"
 #include "platform/linux/helper/gnome_desktop_helper.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/services/linux_services.h"
@@ -187,9 +188,11 @@ void introduce() {
 }
 
 bool runProgram(SingleInstance& instance, char** arguments) {
+    FontReading fonts;
     int count = onlyTheName;
     QApplication application(count, arguments);
     introduce();
+    fonts.finish();
     Program program(application);
     std::atexit(endInOrder);
     return program.run(instance);

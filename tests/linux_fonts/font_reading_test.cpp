@@ -1,0 +1,62 @@
+#include "kit/in_environment.h"
+#include "kit/temporary_folder.h"
+#include "platform/linux/fonts/font_reading.h"
+
+#include <fontconfig/fontconfig.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+constexpr const char* anyFont = "/usr/share/fonts/opentype/inter/Inter-Regular.otf";
+
+// A machine with one font, which whoever looks for it later finds no more.
+class FontReadingTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!std::filesystem::exists(anyFont)) {
+            GTEST_SKIP() << anyFont << " is not installed";
+        }
+        std::filesystem::create_directory(fonts);
+        std::filesystem::copy_file(anyFont, fonts / "only.otf");
+    }
+
+    void takeAllAway() const { std::filesystem::remove_all(fonts); }
+
+    // Reads them first, where nobody has.
+    static int knownFonts() {
+        const FcFontSet* const known = FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem);
+        return known != nullptr ? known->nfont : 0;
+    }
+
+    const test::TemporaryFolder folder;
+    const std::filesystem::path fonts = folder.path() / "fonts";
+    const std::filesystem::path configuration = folder.write(
+        "fonts.conf", "<fontconfig><dir>" + fonts.string() + "</dir><cachedir>" +
+                          (folder.path() / "cache").string() + "</cachedir></fontconfig>");
+    const test::InEnvironment file{"FONTCONFIG_FILE", configuration.c_str()};
+};
+
+TEST_F(FontReadingTest, WhenItHasFinishedTheFontsAreKnown) {
+    FontReading reading;
+    reading.finish();
+    takeAllAway();
+    EXPECT_EQ(knownFonts(), 1);
+}
+
+TEST_F(FontReadingTest, ItsEndWaitsForTheFonts) {
+    { const FontReading reading; }
+    takeAllAway();
+    EXPECT_EQ(knownFonts(), 1);
+}
+
+TEST_F(FontReadingTest, WithoutItNobodyHasReadThem) {
+    takeAllAway();
+    EXPECT_EQ(knownFonts(), 0);
+}
+
+} // namespace
+} // namespace glidemap
