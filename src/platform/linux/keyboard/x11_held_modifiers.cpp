@@ -38,7 +38,7 @@ std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop
 X11HeldModifiers::X11HeldModifiers(DesktopThread& desktopThread,
                                    std::unique_ptr<XKeyServer> connected)
     : desktop(desktopThread), server(std::move(connected)) {
-    desktop.call([this] { watch = desktop.watch(server->descriptor(), [this] { catchUp(); }); });
+    desktop.submit([this] { watch = desktop.watch(server->descriptor(), [this] { catchUp(); }); });
 }
 
 X11HeldModifiers::~X11HeldModifiers() {

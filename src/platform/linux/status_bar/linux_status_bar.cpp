@@ -44,8 +44,8 @@ public:
                          std::move(appeared));
     }
 
-    static bool isThere() {
-        const auto* bus = QDBusConnection::sessionBus().interface();
+    bool isThere() const {
+        const auto* bus = watcher.connection().interface();
         return bus != nullptr && bus->isServiceRegistered(watcherName);
     }
 
@@ -95,20 +95,27 @@ private:
     const xcb_atom_t selection;
 };
 
-LinuxStatusBar::LinuxStatusBar() {
-    const auto appeared = [this] {
-        observers.announceDidChange();
-    };
-    onBus = std::make_unique<BusTray>(appeared);
+// Most of what the connection takes is waiting for the bus, and there is enough to do meanwhile.
+LinuxStatusBar::LinuxStatusBar()
+    : connectsToBus(std::async(std::launch::async | std::launch::deferred,
+                               [] { QDBusConnection::sessionBus(); })) {
     if (xcb_connection_t* connection = x11Connection()) {
-        onX11 = std::make_unique<X11Tray>(connection, appeared);
+        onX11 = std::make_unique<X11Tray>(connection, [this] { observers.announceDidChange(); });
     }
 }
 
 LinuxStatusBar::~LinuxStatusBar() = default;
 
+LinuxStatusBar::BusTray& LinuxStatusBar::busTray() {
+    if (onBus == nullptr) {
+        connectsToBus.get();
+        onBus = std::make_unique<BusTray>([this] { observers.announceDidChange(); });
+    }
+    return *onBus;
+}
+
 StatusBar::Kind LinuxStatusBar::kind() {
-    if (BusTray::isThere()) {
+    if (busTray().isThere()) {
         return Kind::drawsItself;
     }
     return onX11 != nullptr && onX11->isThere() ? Kind::embeds : Kind::none;

@@ -8,6 +8,7 @@
 
 #include "app/status_bar.h"
 
+#include <future>
 #include <memory>
 
 namespace glidemap {
@@ -24,7 +25,10 @@ private:
     class X11Tray;
     class BusTray;
 
+    BusTray& busTray();
+
     Observable observers;
+    std::future<void> connectsToBus;
     std::unique_ptr<BusTray> onBus;
     std::unique_ptr<X11Tray> onX11; // null outside X11
 };
