@@ -43,6 +43,28 @@ int linesIn(QWidget& widget) {
     return lines;
 }
 
+TEST(StyledLabelTest, knowsWhatItsLineTakesInWhateverTextAndFont) {
+    StyledLabel label(TextStyle::body, Role::primary);
+    const auto measured = [&label] {
+        const QFontMetricsF metrics(label.font(), &label);
+        return QSizeF(metrics.horizontalAdvance(label.text()),
+                      metrics.size(Qt::TextSingleLine, label.text()).height());
+    };
+    EXPECT_EQ(label.lineSize().width(), 0);
+    label.setText(longText);
+    const QSizeF usual = label.lineSize();
+    EXPECT_EQ(usual, measured());
+    EXPECT_EQ(label.lineSize(), usual) << "asked again";
+    label.setText(longText.left(10));
+    EXPECT_EQ(label.lineSize(), measured()) << "another text";
+    label.setText(longText);
+    QFont larger = label.font();
+    larger.setPixelSize(2 * larger.pixelSize());
+    label.setFont(larger);
+    EXPECT_EQ(label.lineSize(), measured()) << "another font";
+    EXPECT_GT(label.lineSize().width(), usual.width());
+}
+
 TEST(StyledLabelTest, followsTheThemesColoursAndDimsWhenDisabled) {
     StyledLabel label(TextStyle::caption, Role::secondary);
     const Theme& theme = Theme::shared();

@@ -13,8 +13,8 @@ namespace glidemap {
 namespace {
 
 // Whole points in which all of the text has room: rounded, the last letter might just not.
-int wholeWidth(const QLabel& label) {
-    return qCeil(QFontMetricsF(label.fontMetrics()).horizontalAdvance(label.text()));
+int wholeWidth(const StyledLabel& label) {
+    return qCeil(label.lineSize().width());
 }
 
 } // namespace
@@ -27,8 +27,7 @@ ElidedLabel::ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent)
 QSize ElidedLabel::withMargins(int textWidth) const {
     const QMargins margins = contentsMargins();
     // Letters that come from another font, such as Chinese ones, may need a higher line.
-    const int lineHeight =
-        std::max(fontMetrics().height(), fontMetrics().size(Qt::TextSingleLine, text()).height());
+    const int lineHeight = std::max(fontMetrics().height(), qCeil(lineSize().height()));
     return {textWidth + margins.left() + margins.right(),
             lineHeight + margins.top() + margins.bottom()};
 }

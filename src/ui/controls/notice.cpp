@@ -15,7 +15,7 @@ public:
     using StyledLabel::StyledLabel;
 
     QSize sizeHint() const override {
-        const int width = fontMetrics().horizontalAdvance(text()) + 2;
+        const int width = qRound(lineSize().width()) + 2;
         return {width, heightForWidth(width)};
     }
     QSize minimumSizeHint() const override {

@@ -14,6 +14,17 @@ void StyledLabel::setRole(Role colorRole) {
     dress();
 }
 
+QSizeF StyledLabel::lineSize() const {
+    if (!measured || measured->text != text() || measured->font != font()) {
+        const QFontMetricsF metrics(font(), this);
+        measured = {
+            text(),
+            font(),
+            {metrics.horizontalAdvance(text()), metrics.size(Qt::TextSingleLine, text()).height()}};
+    }
+    return measured->size;
+}
+
 void StyledLabel::dress() {
     setFont(Theme::shared().font(style));
     QPalette own = palette();

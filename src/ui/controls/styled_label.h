@@ -6,6 +6,7 @@
 #include "ui/theme/theme.h"
 
 #include <QLabel>
+#include <optional>
 
 namespace glidemap {
 
@@ -15,8 +16,19 @@ public:
 
     void setRole(Role colorRole);
 
+    // Of all of the text in one line, in points. Layouts ask for it many times over, and shaping the
+    // letters is the most of what a layout costs: so it is remembered.
+    QSizeF lineSize() const;
+
 private:
     void dress();
+
+    struct Measured {
+        QString text;
+        QFont font;
+        QSizeF size;
+    };
+    mutable std::optional<Measured> measured;
 
     TextStyle style;
     Role role;

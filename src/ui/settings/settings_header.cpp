@@ -170,7 +170,7 @@ bool SettingsHeader::isFolded() const {
 
 // One line needs room for the title in one and the subtitle in two.
 void SettingsHeader::foldIfNarrow() {
-    const int halfSubtitle = subtitle->fontMetrics().horizontalAdvance(subtitle->text()) * 11 / 20;
+    const int halfSubtitle = qRound(subtitle->lineSize().width()) * 11 / 20;
     const int titles = std::max(title->sizeHint().width(), halfSubtitle);
     const int needed = titles + spacing + controls->sizeHint().width() + 2 * padding;
     whole->setDirection(width() < needed ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
