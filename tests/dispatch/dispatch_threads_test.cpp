@@ -137,9 +137,7 @@ TEST_F(DispatchThreadsTest, theDispatcherMayGoWhileItsWorkWaits) {
             dispatcher->handle(twoFingerTap, true);
         }
     });
-    while (stage.mainQueue->waiting() == 0) {
-        std::this_thread::yield();
-    }
+    stage.mainQueue->waitForOne();
     stage.mainQueue->runNext();
     engine.join();
     stage.dispatcher.reset();

@@ -5,6 +5,7 @@
 
 #include "core/main_queue.h"
 
+#include <condition_variable>
 #include <cstddef>
 #include <deque>
 #include <mutex>
@@ -18,6 +19,7 @@ public:
     void submit(Task task) override {
         const std::lock_guard lock(mutex);
         tasks.push_back(std::move(task));
+        arrived.notify_all();
     }
 
     // False if none waits.
@@ -33,6 +35,12 @@ public:
     void runAll() {
         while (runNext()) {
         }
+    }
+
+    // Until another thread has submitted something that still waits.
+    void waitForOne() const {
+        std::unique_lock lock(mutex);
+        arrived.wait(lock, [this] { return !tasks.empty(); });
     }
 
     std::size_t waiting() const {
@@ -52,6 +60,7 @@ private:
     }
 
     mutable std::mutex mutex;
+    mutable std::condition_variable arrived;
     std::deque<Task> tasks;
 };
 

@@ -8,7 +8,6 @@
 
 #include <fstream>
 #include <memory>
-#include <thread>
 
 namespace glidemap {
 namespace {
@@ -34,12 +33,6 @@ protected:
     // Returns when somebody has read it.
     void answer() const { std::ofstream(answers) << "answer\n"; }
 
-    void waitForAnswerInTheQueue() const {
-        while (queue->waiting() == 0) {
-            std::this_thread::yield();
-        }
-    }
-
     test::TemporaryFolder folder;
     const std::filesystem::path asked = folder.path() / "asked";
     const std::filesystem::path answers = folder.path() / "answers";
@@ -53,7 +46,7 @@ TEST_F(AccessPromptTest, EachAnswerIsToldOnTheMainThread) {
         made->ask();
         queue->runAll();
         answer();
-        waitForAnswerInTheQueue();
+        queue->waitForOne();
         EXPECT_EQ(heard, round - 1);
         queue->runAll();
         EXPECT_EQ(heard, round);
@@ -68,7 +61,7 @@ TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
     queue->runAll();
     made->ask();
     answer();
-    waitForAnswerInTheQueue();
+    queue->waitForOne();
     queue->runAll();
     EXPECT_EQ(test::contentOf(asked), "x");
     EXPECT_EQ(heard, 1);
@@ -91,7 +84,7 @@ TEST_F(AccessPromptTest, AQuestionComesAfterWhatIsUnderWay) {
     EXPECT_EQ(queue->waiting(), 1U);
     EXPECT_FALSE(std::filesystem::exists(asked));
     queue->runAll();
-    waitForAnswerInTheQueue();
+    queue->waitForOne();
     EXPECT_EQ(test::contentOf(asked), "x");
 }
 
@@ -109,7 +102,7 @@ TEST_F(AccessPromptTest, AnAnswerThatComesTooLateIsToldToNobody) {
     queue->runAll();
     made.reset();
     answer();
-    waitForAnswerInTheQueue();
+    queue->waitForOne();
     queue->runAll();
     EXPECT_EQ(heard, 0);
 }

@@ -1,6 +1,7 @@
 #include "platform/linux/access/grant_prompt.h"
 
 #include "platform/linux/thread_setup.h"
+#include "platform/linux/touch_driver_platform.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -10,7 +11,6 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -68,8 +68,7 @@ void waitFor(pid_t process) {
 } // namespace
 
 std::vector<std::string> grantAccessCommand() {
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    const std::filesystem::path program = programFile();
     const auto installation = program.parent_path().parent_path();
     return {pkexec, installation / "libexec" / "glidemap" / "glidemap-grant-access"};
 }
