@@ -1,0 +1,38 @@
+// Port: the key presses that reach the program, taken before any of its windows sees them.
+//
+// Thread:  the main thread.
+// Owner:   whoever records a shortcut. When it goes, the keys are everybody's again.
+// Errors:  a key that has no virtual key code is told without one, and taken all the same.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace glidemap {
+
+class KeyPresses {
+public:
+    struct Press {
+        std::optional<std::uint16_t> keyCode; // the hardware's, as shortcuts store it
+
+        // The device-independent ones, in the bits of the system's event flags; Caps Lock and the
+        // like among them, which shortcuts do not store.
+        std::uint64_t flags = 0;
+
+        friend bool operator==(const Press&, const Press&) = default;
+    };
+
+    KeyPresses() = default;
+    KeyPresses(const KeyPresses&) = delete;
+    KeyPresses& operator=(const KeyPresses&) = delete;
+    virtual ~KeyPresses() = default;
+
+    // The handler is told of each press from now on. It may stop this.
+    virtual void start(std::function<void(const Press&)> handler) = 0;
+
+    // Leaves alone what comes from now on, but for what belongs to a press that was taken.
+    virtual void stop() = 0;
+};
+
+} // namespace glidemap

@@ -1,0 +1,4 @@
+#pragma once
+
+#include <AppKit/NSApplication.h>
+#include <AppKit/NSWorkspace.h>
