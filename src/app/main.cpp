@@ -25,6 +25,7 @@
 #include "platform/qt/session_end.h"
 #include "platform/qt/single_instance.h"
 #include "platform/qt/termination_signals.h"
+#include "ui/recorder/toolkit_key_presses.h"
 #include "ui/settings/settings_window.h"
 #include "ui/theme/application_icon.h"
 #include "ui/theme/template_icon.h"
@@ -140,7 +141,7 @@ std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& s
         .workspace = services.workspace,
         .trust = services.trust,
         .loginItems = std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess()),
-        .keys = std::make_shared<EvdevHardwareKeys>(),
+        .keys = std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>()),
         .devices = &MultitouchDeviceManager::shared(),
         .desktopHelper = GnomeDesktopHelper::ofThisSession(mainQueue),
     };

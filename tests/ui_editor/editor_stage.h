@@ -8,6 +8,7 @@
 #include "kit/typist.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "ui/editor/binding_editor.h"
+#include "ui/recorder/toolkit_key_presses.h"
 #include "ui/theme/theme.h"
 
 #include <gtest/gtest.h>
@@ -112,7 +113,7 @@ protected:
     kit::InLanguage language{"en"};
     BindingStore store{BindingList{}};
     kit::RecordingWorkspace workspace;
-    EvdevHardwareKeys keys;
+    ToolkitKeyPresses keys{std::make_unique<EvdevHardwareKeys>()};
     EditorWindow window;
     BindingEditor* editor = nullptr;
     kit::Typist typist{window};

@@ -4,6 +4,7 @@
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/keyboard/key_codes.h"
 #include "ui/recorder/shortcut_recorder_view.h"
+#include "ui/recorder/toolkit_key_presses.h"
 
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>
@@ -78,7 +79,7 @@ protected:
         }
     }
 
-    EvdevHardwareKeys keys;
+    ToolkitKeyPresses keys{std::make_unique<EvdevHardwareKeys>()};
     Lang lang{nullptr};
     KeyLog window;
     ShortcutRecorderView* recorder;

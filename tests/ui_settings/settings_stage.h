@@ -83,12 +83,10 @@ private:
     Observable observers;
 };
 
-class FakeKeys : public HardwareKeys {
+class FakeKeys : public KeyPresses {
 public:
-    std::optional<std::uint16_t> virtualKeyCode(const NativeKey& /*key*/) const override {
-        return std::nullopt;
-    }
-    bool capsLock(const NativeKey& /*key*/) const override { return false; }
+    void start(std::function<void(const Press&)> /*handler*/) override {}
+    void stop() override {}
 };
 
 class FakeGeometryStore : public WindowGeometryStore {

@@ -12,8 +12,8 @@
 
 namespace glidemap {
 
-ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace,
-                             const HardwareKeys& keys, Lang& language, QWidget* parent)
+ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace, KeyPresses& keys,
+                             Lang& language, QWidget* parent)
     : FormSection(parent), draft(shown), lang(language), kinds(new Picker),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
       recorder(new ShortcutRecorderView(keys, language)),

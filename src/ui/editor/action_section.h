@@ -9,7 +9,7 @@
 #include "dispatch/workspace.h"
 #include "ui/controls/form_section.h"
 #include "ui/editor/binding_draft.h"
-#include "ui/recorder/hardware_keys.h"
+#include "ui/recorder/key_presses.h"
 
 #include <functional>
 #include <vector>
@@ -24,8 +24,8 @@ class ShortcutRecorderView;
 
 class ActionSection : public FormSection {
 public:
-    ActionSection(BindingDraft& shown, const Workspace& workspace, const HardwareKeys& keys,
-                  Lang& language, QWidget* parent = nullptr);
+    ActionSection(BindingDraft& shown, const Workspace& workspace, KeyPresses& keys, Lang& language,
+                  QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.
     std::function<void()> onEdit;

@@ -12,7 +12,7 @@
 #include "core/lang.h"
 #include "dispatch/workspace.h"
 #include "ui/editor/binding_draft.h"
-#include "ui/recorder/hardware_keys.h"
+#include "ui/recorder/key_presses.h"
 
 #include <QSize>
 #include <QWidget>
@@ -33,7 +33,7 @@ public:
     struct Services {
         BindingStore& store;
         Workspace& workspace;
-        const HardwareKeys& keys;
+        KeyPresses& keys;
         Lang& lang = Lang::shared();
     };
 

@@ -33,6 +33,9 @@ public:
 
     // Leaves alone what comes from now on, but for what belongs to a press that was taken.
     virtual void stop() = 0;
+
+    // The same without the rest of a press.
+    virtual void abandon() { stop(); }
 };
 
 } // namespace glidemap

@@ -10,13 +10,7 @@
 
 namespace glidemap {
 
-// Qt's names are those of the keys, except where the program's home is a Mac: there Qt says Control
-// for Command, so that Control+C copies everywhere.
-enum class ModifierNames { plain, swapped };
-
-std::uint64_t modifierMask(Qt::KeyboardModifiers modifiers, ModifierNames names);
-
-// Those of the window system that the program runs on.
-ModifierNames modifierNames();
+// Where Qt's names are those of the keys: on a Mac it says Control for Command.
+std::uint64_t modifierMask(Qt::KeyboardModifiers modifiers);
 
 } // namespace glidemap

@@ -1,13 +1,11 @@
 #include "ui/recorder/shortcut_recorder_view.h"
 
 #include "ui/controls/styled_label.h"
-#include "ui/recorder/modifier_mask.h"
 #include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QStyleOptionButton>
 #include <utility>
@@ -18,39 +16,14 @@ namespace {
 
 constexpr std::uint16_t escape = 53;
 
-// The places of Shift, Control, Option, Command, Caps Lock and Fn on both sides of the keyboard.
-constexpr std::uint16_t firstModifierKey = 54;
-constexpr std::uint16_t lastModifierKey = 63;
-
-// A layout may have made a modifier of any other key.
-bool actsAsModifier(int key) {
-    switch (key) {
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_AltGr:
-    case Qt::Key_Meta:
-    case Qt::Key_Super_L:
-    case Qt::Key_Super_R:
-    case Qt::Key_Hyper_L:
-    case Qt::Key_Hyper_R:
-    case Qt::Key_CapsLock:
-    case Qt::Key_Mode_switch:
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool isModifierKey(std::uint16_t keyCode, int key) {
-    return (keyCode >= firstModifierKey && keyCode <= lastModifierKey) || actsAsModifier(key);
-}
+// Those that a press has beside the keys that are held: Caps Lock's, and what kind of key it is.
+constexpr std::uint64_t storedModifiers =
+    modifier::shift | modifier::control | modifier::option | modifier::command;
 
 } // namespace
 
-ShortcutRecorderView::ShortcutRecorderView(const HardwareKeys& hardware, Lang& language,
-                                           QWidget* parent)
-    : QWidget(parent), keys(hardware), lang(language),
+ShortcutRecorderView::ShortcutRecorderView(KeyPresses& keyPresses, Lang& language, QWidget* parent)
+    : QWidget(parent), keys(keyPresses), lang(language),
       label(new StyledLabel(TextStyle::body, Role::primary)), button(new QPushButton) {
     setObjectName("shortcutRecorder");
     button->setObjectName("recordShortcut");
@@ -66,15 +39,14 @@ ShortcutRecorderView::ShortcutRecorderView(const HardwareKeys& hardware, Lang& l
 
     connect(button, &QPushButton::clicked, this,
             [this] { recording ? stopRecording() : startRecording(); });
-    monitor.onPress = [this](const QKeyEvent& event) {
-        press(event);
-    };
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
     makeButtonWideEnough();
     retitle();
 }
 
-ShortcutRecorderView::~ShortcutRecorderView() = default;
+ShortcutRecorderView::~ShortcutRecorderView() {
+    letGo();
+}
 
 void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
     recorded = shortcut;
@@ -83,31 +55,36 @@ void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
 
 void ShortcutRecorderView::startRecording() {
     recording = true;
-    monitor.start();
+    hasTaken = true;
+    keys.start([this](const KeyPresses::Press& press) { take(press); });
     retitle();
 }
 
 void ShortcutRecorderView::stopRecording() {
-    recording = false;
-    monitor.stop();
+    if (std::exchange(recording, false)) {
+        keys.stop();
+    }
     retitle();
 }
 
-void ShortcutRecorderView::press(const QKeyEvent& event) {
-    const HardwareKeys::NativeKey native{.scanCode = event.nativeScanCode(),
-                                         .virtualKey = event.nativeVirtualKey(),
-                                         .modifiers = event.nativeModifiers()};
-    const std::optional<std::uint16_t> keyCode = keys.virtualKeyCode(native);
-    if (!keyCode || isModifierKey(*keyCode, event.key())) {
+// Nothing of it may outlive the editor, not even the rest of a press.
+void ShortcutRecorderView::letGo() {
+    recording = false;
+    if (std::exchange(hasTaken, false)) {
+        keys.abandon();
+    }
+}
+
+void ShortcutRecorderView::take(const KeyPresses::Press& press) {
+    if (!press.keyCode) {
         return;
     }
-    const std::uint64_t modifiers = modifierMask(event.modifiers(), modifierNames());
     // With Caps Lock on, Escape is not alone.
-    if (*keyCode == escape && modifiers == 0 && !keys.capsLock(native)) {
+    if (*press.keyCode == escape && press.flags == 0) {
         stopRecording();
         return;
     }
-    record({.keyCode = *keyCode, .modifiers = modifiers});
+    record({.keyCode = *press.keyCode, .modifiers = press.flags & storedModifiers});
 }
 
 void ShortcutRecorderView::record(const KeyShortcut& shortcut) {
@@ -118,10 +95,9 @@ void ShortcutRecorderView::record(const KeyShortcut& shortcut) {
     }
 }
 
-// Nothing of it may outlive the editor, not even the rest of a press.
 void ShortcutRecorderView::hideEvent(QHideEvent* event) {
-    stopRecording();
-    monitor.remove();
+    letGo();
+    retitle();
     QWidget::hideEvent(event);
 }
 

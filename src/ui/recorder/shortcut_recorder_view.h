@@ -9,14 +9,12 @@
 
 #include "bindings/key_shortcut.h"
 #include "core/lang.h"
-#include "ui/recorder/hardware_keys.h"
-#include "ui/recorder/key_monitor.h"
+#include "ui/recorder/key_presses.h"
 
 #include <QWidget>
 #include <functional>
 #include <optional>
 
-class QKeyEvent;
 class QLabel;
 class QPushButton;
 
@@ -26,7 +24,7 @@ class ShortcutRecorderView : public QWidget {
 public:
     static constexpr int smallestLabel = 160;
 
-    ShortcutRecorderView(const HardwareKeys& hardware, Lang& language, QWidget* parent = nullptr);
+    ShortcutRecorderView(KeyPresses& keyPresses, Lang& language, QWidget* parent = nullptr);
     ~ShortcutRecorderView() override;
 
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
@@ -44,19 +42,20 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void press(const QKeyEvent& event);
+    void take(const KeyPresses::Press& press);
+    void letGo();
     void record(const KeyShortcut& shortcut);
     void retitle();
     void makeButtonWideEnough();
     QString buttonText() const;
 
-    const HardwareKeys& keys;
+    KeyPresses& keys;
     Lang& lang;
     QLabel* label;
     QPushButton* button;
     std::optional<KeyShortcut> recorded;
     bool recording = false;
-    KeyMonitor monitor;
+    bool hasTaken = false; // keys, whose rest may still come
     Subscription toLanguage;
 };
 

@@ -16,7 +16,7 @@
 #include "dispatch/gesture_dispatcher.h"
 #include "dispatch/workspace.h"
 #include "input/multitouch_device_manager.h"
-#include "ui/recorder/hardware_keys.h"
+#include "ui/recorder/key_presses.h"
 #include "ui/settings/desktop_helper.h"
 
 #include <QWidget>
@@ -41,7 +41,7 @@ public:
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<AccessibilityTrust> trust;
         std::shared_ptr<LoginItemService> loginItems;
-        std::shared_ptr<HardwareKeys> keys;
+        std::shared_ptr<KeyPresses> keys;
         const MultitouchDeviceManager* devices = nullptr; // whose load error is shown; may be null
         std::shared_ptr<DesktopHelper> desktopHelper;     // may be null
         Lang* lang = &Lang::shared();

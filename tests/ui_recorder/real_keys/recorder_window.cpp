@@ -12,6 +12,7 @@
 // It ends with its input.
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "ui/recorder/shortcut_recorder_view.h"
+#include "ui/recorder/toolkit_key_presses.h"
 
 #include <unistd.h>
 
@@ -69,7 +70,7 @@ protected:
 private:
     static void say(const QString& what) { std::cout << what.toStdString() << std::endl; }
 
-    glidemap::EvdevHardwareKeys keys;
+    glidemap::ToolkitKeyPresses keys{std::make_unique<glidemap::EvdevHardwareKeys>()};
     glidemap::Lang lang{nullptr};
     glidemap::ShortcutRecorderView* recorder;
     bool isRecording = false;

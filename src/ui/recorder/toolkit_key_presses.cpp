@@ -1,0 +1,79 @@
+#include "ui/recorder/toolkit_key_presses.h"
+
+#include "ui/recorder/modifier_mask.h"
+
+#include <QKeyEvent>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::uint64_t capsLock = 0x10000;
+
+// The places of Shift, Control, Option, Command, Caps Lock and Fn on both sides of the keyboard.
+constexpr std::uint16_t firstModifierKey = 54;
+constexpr std::uint16_t lastModifierKey = 63;
+
+// A layout may have made a modifier of any other key.
+bool actsAsModifier(int key) {
+    switch (key) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_CapsLock:
+    case Qt::Key_Mode_switch:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool isModifierKey(std::optional<std::uint16_t> keyCode, int key) {
+    return (keyCode && *keyCode >= firstModifierKey && *keyCode <= lastModifierKey) ||
+           actsAsModifier(key);
+}
+
+} // namespace
+
+ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware)
+    : keys(std::move(hardware)) {
+    monitor.onPress = [this](const QKeyEvent& event) {
+        press(event);
+    };
+}
+
+void ToolkitKeyPresses::start(std::function<void(const Press&)> handler) {
+    told = std::move(handler);
+    monitor.start();
+}
+
+void ToolkitKeyPresses::stop() {
+    monitor.stop();
+}
+
+void ToolkitKeyPresses::abandon() {
+    monitor.remove();
+    told = {};
+}
+
+void ToolkitKeyPresses::press(const QKeyEvent& event) const {
+    const HardwareKeys::NativeKey native{.scanCode = event.nativeScanCode(),
+                                         .virtualKey = event.nativeVirtualKey(),
+                                         .modifiers = event.nativeModifiers()};
+    const std::optional<std::uint16_t> keyCode = keys->virtualKeyCode(native);
+    if (isModifierKey(keyCode, event.key())) {
+        return;
+    }
+    const std::uint64_t lock = keys->capsLock(native) ? capsLock : 0;
+    const auto tell = told; // which may be another's before it has returned
+    tell({.keyCode = keyCode, .flags = modifierMask(event.modifiers()) | lock});
+}
+
+} // namespace glidemap
