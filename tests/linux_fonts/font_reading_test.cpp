@@ -24,6 +24,10 @@ protected:
         std::filesystem::copy_file(anyFont, fonts / "only.otf");
     }
 
+    // Others may have read this machine's.
+    FontReadingTest() { FcFini(); }
+    ~FontReadingTest() override { FcFini(); }
+
     void takeAllAway() const { std::filesystem::remove_all(fonts); }
 
     // Reads them first, where nobody has.
