@@ -6,26 +6,11 @@
 #include "app/refusal.h"
 #include "core/lang.h"
 #include "input/multitouch_device_manager.h"
-#include "platform/linux/appearance/portal_appearance.h"
-#include "platform/linux/fonts/font_reading.h"
-#include "platform/linux/helper/gnome_desktop_helper.h"
-#include "platform/linux/keyboard/evdev_hardware_keys.h"
-#include "platform/linux/services/linux_services.h"
-#include "platform/linux/session/autostart_entry.h"
-#include "platform/linux/session/environment.h"
-#include "platform/linux/session/user_folders.h"
-#include "platform/linux/shell/display.h"
-#include "platform/linux/shell/linux_application_shell.h"
-#include "platform/linux/status_bar/linux_status_bar.h"
-#include "platform/linux/touch_driver_platform.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/home.h"
 #include "platform/qt/qt_main_queue.h"
-#include "platform/qt/qt_user_defaults.h"
-#include "platform/qt/qt_window_geometry.h"
 #include "platform/qt/session_end.h"
 #include "platform/qt/single_instance.h"
 #include "platform/qt/termination_signals.h"
-#include "ui/recorder/toolkit_key_presses.h"
 #include "ui/settings/settings_window.h"
 #include "ui/theme/application_icon.h"
 #include "ui/theme/template_icon.h"
@@ -76,34 +61,36 @@ private:
     std::unique_ptr<QWidget> makeSettingsWindow(const AppDelegate::Shown& shown);
     void accessWasAnswered();
 
-    std::shared_ptr<UserDefaults> defaults = std::make_shared<QtUserDefaults>();
+    std::shared_ptr<UserDefaults> defaults = Home::userDefaults();
     std::shared_ptr<QtMainQueue> mainQueue = std::make_shared<QtMainQueue>();
-    LinuxServices services{mainQueue};
-    std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>();
-    std::shared_ptr<LinuxStatusBar> statusBar = std::make_shared<LinuxStatusBar>();
+    std::unique_ptr<Home> home = Home::make(mainQueue);
+    const Home::Ports& ports = home->ports();
     std::shared_ptr<AppDelegate> delegate;
     bool startsAgain = false;
 };
 
 Program::Program(QApplication& application) {
     Lang::configureShared(defaults);
-    Theme::configureShared(services.appearance);
+    Theme::configureShared(ports.appearance);
     Theme::shared().applyTo(application);
     delegate = AppDelegate::create(delegatePorts());
     theDelegate = delegate;
-    services.onAccessAnswered = [this] {
+    home->onAccessAnswered = [this] {
         accessWasAnswered();
+    };
+    home->onReopen = [this] {
+        delegate->showSettings();
     };
 }
 
 AppDelegate::Ports Program::delegatePorts() {
     return {
-        .shell = shell,
-        .trust = services.trust,
-        .workspace = services.workspace,
-        .clickTap = services.clickTap,
+        .shell = ports.shell,
+        .trust = ports.trust,
+        .workspace = ports.workspace,
+        .clickTap = ports.clickTap,
         .engine = TouchEngine::shared(),
-        .makeStore = [] { return std::make_shared<BindingStore>(userDataFolder); },
+        .makeStore = [this] { return std::make_shared<BindingStore>(ports.dataFolder); },
         .makeUpdateChecker = [] { return UpdateChecker::create({}); },
         .makeDispatcher = [this](auto store) { return makeDispatcher(std::move(store)); },
         .makeStatusItem = [this] { return makeStatusItem(); },
@@ -116,55 +103,53 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
         .store = std::move(store),
         .defaults = defaults,
         .mainQueue = mainQueue,
-        .workspace = services.workspace,
+        .workspace = ports.workspace,
         .actionRunner = std::make_shared<ActionRunner>(
-            ActionRunner::Ports{services.workspace, services.keyboard, services.screenLock}),
+            ActionRunner::Ports{ports.workspace, ports.keyboard, ports.screenLock}),
     });
 }
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr const char* installedIcon = "org.glidemap.Glidemap-symbolic";
-    auto item = std::make_unique<StatusItem>(statusBar, [](StatusBar::Kind kind) {
-        return kind == StatusBar::Kind::drawsItself ? themedTemplateIcon(installedIcon, symbol)
-                                                    : drawnTemplateIcon(symbol);
-    });
+    auto item = std::make_unique<StatusItem>(
+        ports.statusBar, [installed = ports.installedIcon](StatusBar::Kind kind) {
+            return kind == StatusBar::Kind::drawsItself ? themedTemplateIcon(installed, symbol)
+                                                        : drawnTemplateIcon(symbol);
+        });
     item->redrawOn(Theme::shared().changes());
     return item;
 }
 
 std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& shown) {
-    const SettingsView::Services shownServices{
+    const SettingsView::Services services{
         .store = shown.store,
         .dispatcher = shown.dispatcher,
         .updates = shown.updateChecker,
-        .workspace = services.workspace,
-        .trust = services.trust,
-        .loginItems = std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess()),
-        .keys = std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>()),
+        .workspace = ports.workspace,
+        .trust = ports.trust,
+        .loginItems = ports.loginItems,
+        .keys = ports.keyPresses,
         .devices = &MultitouchDeviceManager::shared(),
-        .desktopHelper = GnomeDesktopHelper::ofThisSession(mainQueue),
+        .desktopHelper = ports.desktopHelper,
     };
-    return std::make_unique<SettingsWindow>(
-        shownServices,
-        std::make_shared<QtWindowGeometry>(userStateFolder() / "glidemap" / "window.ini"));
+    return std::make_unique<SettingsWindow>(services, ports.windowGeometry);
 }
 
 // Touchpads are looked for only at the start: where none could be read then, and now could, the
 // program starts once more.
 void Program::accessWasAnswered() {
     delegate->accessMayHaveChanged();
-    if (MultitouchDeviceManager::shared().loadError() && services.trust->isTrusted()) {
+    if (MultitouchDeviceManager::shared().loadError() && ports.trust->isTrusted()) {
         startsAgain = true;
-        shell->terminate();
+        ports.shell->terminate();
     }
 }
 
 bool Program::run(SingleInstance& instance) {
-    const TerminationSignals endings([this] { shell->terminate(); });
-    const SessionEnd sessionEnd([this] { shell->terminate(); });
+    const TerminationSignals endings([this] { ports.shell->terminate(); });
+    const SessionEnd sessionEnd([this] { ports.shell->terminate(); });
     const auto deaf = instance.listen([this](const SingleInstance::Request& request) {
-        shell->prove(request.activationToken, request.startupID);
+        home->takeProof(request);
         delegate->showSettings();
     });
     if (deaf) {
@@ -177,10 +162,6 @@ bool Program::run(SingleInstance& instance) {
     return startsAgain;
 }
 
-SingleInstance::Request proofOfThisLaunch() {
-    return {fromEnvironment("XDG_ACTIVATION_TOKEN"), fromEnvironment("DESKTOP_STARTUP_ID")};
-}
-
 void introduce() {
     QApplication::setApplicationName("Glidemap"); // also the class of its windows on X11
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
@@ -189,11 +170,11 @@ void introduce() {
 }
 
 bool runProgram(SingleInstance& instance, char** arguments) {
-    FontReading fonts;
+    const auto finishBeginning = Home::begin();
     int count = onlyTheName;
     QApplication application(count, arguments);
     introduce();
-    fonts.finish();
+    finishBeginning();
     Program program(application);
     std::atexit(endInOrder);
     return program.run(instance);
@@ -202,15 +183,13 @@ bool runProgram(SingleInstance& instance, char** arguments) {
 // On the screen, too: whoever has started it by an icon sees no terminal.
 int refuse(const char* complaint, AlertText (*text)(const Lang&), char** arguments) {
     complain(complaint);
-    if (hasDisplay()) {
+    if (Home::hasDisplay()) {
         int count = onlyTheName;
         QApplication application(count, arguments);
         introduce();
         QtMainQueue mainQueue;
-        DesktopThread desktop;
-        const PortalAppearance portal(desktop, mainQueue);
-        Lang::configureShared(std::make_shared<QtUserDefaults>());
-        Theme::configureShared(portal.settings());
+        Lang::configureShared(Home::userDefaults());
+        Theme::configureShared(Home::appearanceAlone(mainQueue));
         Theme::shared().applyTo(application);
         Alert(text, Lang::shared()).exec();
     }
@@ -218,8 +197,8 @@ int refuse(const char* complaint, AlertText (*text)(const Lang&), char** argumen
 }
 
 int launch(char** arguments) {
-    SingleInstance instance(userRuntimeFolder());
-    switch (instance.claim(proofOfThisLaunch())) {
+    SingleInstance instance(Home::runtimeFolder());
+    switch (instance.claim(Home::proofOfThisLaunch())) {
     case SingleInstance::Claim::shown:
         return EXIT_SUCCESS;
     case SingleInstance::Claim::unanswered:
@@ -230,7 +209,7 @@ int launch(char** arguments) {
     case SingleInstance::Claim::first:
         break;
     }
-    const std::string program = programFile();
+    const std::string program = Home::programFile();
     if (runProgram(instance, arguments)) {
         execv(program.c_str(), arguments);
         complain("cannot start again; please start it by hand");

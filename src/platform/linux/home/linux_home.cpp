@@ -1,0 +1,109 @@
+#include "platform/home.h"
+#include "platform/linux/appearance/portal_appearance.h"
+#include "platform/linux/fonts/font_reading.h"
+#include "platform/linux/helper/gnome_desktop_helper.h"
+#include "platform/linux/keyboard/evdev_hardware_keys.h"
+#include "platform/linux/services/linux_services.h"
+#include "platform/linux/session/autostart_entry.h"
+#include "platform/linux/session/environment.h"
+#include "platform/linux/session/user_folders.h"
+#include "platform/linux/shell/display.h"
+#include "platform/linux/shell/linux_application_shell.h"
+#include "platform/linux/status_bar/linux_status_bar.h"
+#include "platform/linux/touch_driver_platform.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "platform/qt/qt_user_defaults.h"
+#include "platform/qt/qt_window_geometry.h"
+#include "ui/recorder/toolkit_key_presses.h"
+
+namespace glidemap {
+
+namespace {
+
+class LinuxHome : public Home {
+public:
+    explicit LinuxHome(const std::shared_ptr<MainQueue>& mainQueue) : services(mainQueue) {
+        services.onAccessAnswered = [this] {
+            if (onAccessAnswered) {
+                onAccessAnswered();
+            }
+        };
+        given = {
+            .appearance = services.appearance,
+            .shell = shell,
+            .statusBar = std::make_shared<LinuxStatusBar>(),
+            .trust = services.trust,
+            .workspace = services.workspace,
+            .clickTap = services.clickTap,
+            .keyboard = services.keyboard,
+            .screenLock = services.screenLock,
+            .loginItems = std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess()),
+            .keyPresses =
+                std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>()),
+            .windowGeometry =
+                std::make_shared<QtWindowGeometry>(userStateFolder() / "glidemap" / "window.ini"),
+            .desktopHelper = GnomeDesktopHelper::ofThisSession(mainQueue),
+            .dataFolder = userDataFolder,
+            .installedIcon = "org.glidemap.Glidemap-symbolic",
+        };
+    }
+
+    const Ports& ports() const override { return given; }
+
+    void takeProof(const SingleInstance::Request& request) override {
+        shell->prove(request.activationToken, request.startupID);
+    }
+
+private:
+    LinuxServices services;
+    const std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>();
+    Ports given;
+};
+
+// The portal with a thread to ask it on.
+struct PortalAlone {
+    explicit PortalAlone(MainQueue& mainQueue) : portal(desktop, mainQueue) {}
+
+    DesktopThread desktop;
+    PortalAppearance portal;
+};
+
+} // namespace
+
+std::filesystem::path Home::runtimeFolder() {
+    return userRuntimeFolder();
+}
+
+SingleInstance::Request Home::proofOfThisLaunch() {
+    return {fromEnvironment("XDG_ACTIVATION_TOKEN"), fromEnvironment("DESKTOP_STARTUP_ID")};
+}
+
+bool Home::hasDisplay() {
+    return glidemap::hasDisplay();
+}
+
+std::string Home::programFile() {
+    return glidemap::programFile();
+}
+
+std::function<void()> Home::begin() {
+    const auto fonts = std::make_shared<FontReading>();
+    return [fonts] {
+        fonts->finish();
+    };
+}
+
+std::shared_ptr<UserDefaults> Home::userDefaults() {
+    return std::make_shared<QtUserDefaults>();
+}
+
+std::shared_ptr<AppearanceSettings> Home::appearanceAlone(MainQueue& mainQueue) {
+    const auto alone = std::make_shared<PortalAlone>(mainQueue);
+    return {alone, alone->portal.settings().get()};
+}
+
+std::unique_ptr<Home> Home::make(const std::shared_ptr<MainQueue>& mainQueue) {
+    return std::make_unique<LinuxHome>(mainQueue);
+}
+
+} // namespace glidemap
