@@ -1,5 +1,7 @@
 #include "platform/qt/line_listener.h"
 
+#include "platform/qt/private_descriptors.h"
+
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -25,9 +27,9 @@ std::error_code lastError() {
 
 class LineListener::Client : public QObject {
 public:
-    Client(int opened, const LineListener& heardBy, QObject* parent)
-        : QObject(parent), listener(heardBy), socket(opened),
-          arrivals(opened, QSocketNotifier::Read) {
+    Client(OpenFile opened, const LineListener& heardBy, QObject* parent)
+        : QObject(parent), listener(heardBy), socket(std::move(opened)),
+          arrivals(socket.descriptor(), QSocketNotifier::Read) {
         connect(&arrivals, &QSocketNotifier::activated, this, [this] { receive(); });
     }
 
@@ -55,7 +57,7 @@ private:
         const QPointer<Client> alive(this);
         const std::string said = listener.answer(line);
         if (alive != nullptr) {
-            send(socket.descriptor(), said.data(), said.size(), MSG_NOSIGNAL);
+            sendAll(socket, said);
         }
     }
 
@@ -67,7 +69,7 @@ private:
 
 LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given)
     : socketFile(std::move(file)), longest(longestLine), answer(std::move(given)),
-      socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)), _failure(listen()),
+      socket(localSocket()), _failure(listen()),
       arrivals(socket.descriptor(), QSocketNotifier::Read) {
     arrivals.setEnabled(!_failure);
     QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });
@@ -101,9 +103,8 @@ std::error_code LineListener::listen() const {
 }
 
 void LineListener::letIn() {
-    const int client = accept4(socket.descriptor(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-    if (client >= 0) {
-        new Client(client, *this, &clients);
+    if (OpenFile client = acceptedBy(socket)) {
+        new Client(std::move(client), *this, &clients);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/qt/single_instance.h"
 
 #include "platform/qt/line_listener.h"
+#include "platform/qt/private_descriptors.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -67,11 +68,6 @@ bool connectTo(int socket, const std::filesystem::path& file) {
     return connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
-bool sendAll(int socket, const std::string& text) {
-    return send(socket, text.data(), text.size(), MSG_NOSIGNAL) ==
-           static_cast<ssize_t>(text.size());
-}
-
 enum class Reply { given, none, nobodyThere };
 
 // Somebody who hangs up without an answer is about to end.
@@ -88,9 +84,8 @@ Reply replyOn(int socket, Clock::time_point deadline) {
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
     // Never waits to be let in: where too many wait already, nobody is being let in.
-    const OpenFile client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!connectTo(client.descriptor(), socketFile) ||
-        !sendAll(client.descriptor(), line(request))) {
+    const OpenFile client = localSocket();
+    if (!connectTo(client.descriptor(), socketFile) || !sendAll(client, line(request))) {
         return Reply::nobodyThere;
     }
     return replyOn(client.descriptor(), deadline);

@@ -1,6 +1,7 @@
 #include "platform/qt/termination_signals.h"
 
-#include <fcntl.h>
+#include "platform/qt/private_descriptors.h"
+
 #include <unistd.h>
 
 #include <QSocketNotifier>
@@ -50,7 +51,7 @@ struct TerminationSignals::State {
 
 TerminationSignals::TerminationSignals(std::function<void()> asked)
     : state(std::make_unique<State>()) {
-    if (pipe2(state->pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    if (!makePipe(state->pipeEnds)) {
         return;
     }
     wordEnd = state->pipeEnds[1];

@@ -1,0 +1,70 @@
+#include "platform/qt/private_descriptors.h"
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/types.h>
+
+namespace glidemap {
+
+#ifdef __linux__
+
+// In one call: another thread may be starting a program just now.
+
+OpenFile localSocket() {
+    return OpenFile(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+}
+
+OpenFile acceptedBy(const OpenFile& socket) {
+    return OpenFile(accept4(socket.descriptor(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+}
+
+bool sendAll(const OpenFile& socket, std::string_view text) {
+    return send(socket.descriptor(), text.data(), text.size(), MSG_NOSIGNAL) ==
+           static_cast<ssize_t>(text.size());
+}
+
+bool makePipe(std::array<int, 2>& ends) {
+    return pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) == 0;
+}
+
+#else
+
+namespace {
+
+bool keepPrivate(int descriptor) {
+    return fcntl(descriptor, F_SETFD, FD_CLOEXEC) == 0 &&
+           fcntl(descriptor, F_SETFL, O_NONBLOCK) == 0;
+}
+
+OpenFile privateSocket(int opened) {
+    const int on = 1;
+    OpenFile file(opened);
+    if (!file || !keepPrivate(opened) ||
+        setsockopt(opened, SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on) != 0) {
+        return {};
+    }
+    return file;
+}
+
+} // namespace
+
+OpenFile localSocket() {
+    return privateSocket(socket(AF_UNIX, SOCK_STREAM, 0));
+}
+
+OpenFile acceptedBy(const OpenFile& socket) {
+    return privateSocket(accept(socket.descriptor(), nullptr, nullptr));
+}
+
+bool sendAll(const OpenFile& socket, std::string_view text) {
+    return send(socket.descriptor(), text.data(), text.size(), 0) ==
+           static_cast<ssize_t>(text.size());
+}
+
+bool makePipe(std::array<int, 2>& ends) {
+    return pipe(ends.data()) == 0 && keepPrivate(ends[0]) && keepPrivate(ends[1]);
+}
+
+#endif
+
+} // namespace glidemap
