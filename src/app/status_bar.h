@@ -16,6 +16,7 @@ public:
         none,
         drawsItself, // it knows the item's icon by name and reads its menu when it likes
         embeds,      // it only gives the item a place in which to draw
+        opensMenu,   // a click on the item opens its menu, and it draws the icon as the bar's own
     };
 
     StatusBar() = default;

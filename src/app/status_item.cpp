@@ -11,6 +11,8 @@ namespace {
 // The same in both languages: it is the program's name. Assistive programs read it, too.
 constexpr const char* description = "Glidemap";
 
+using Kind = StatusBar::Kind;
+
 } // namespace
 
 StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
@@ -30,8 +32,14 @@ StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
 
 StatusItem::~StatusItem() = default;
 
+void StatusItem::choose() {
+    if (kind != Kind::opensMenu && onActivate) {
+        onActivate();
+    }
+}
+
 void StatusItem::menuHasChanged() {
-    if (kind == StatusBar::Kind::drawsItself) {
+    if (kind == Kind::drawsItself) {
         Q_EMIT statusMenu.aboutToShow();
     }
 }
@@ -46,7 +54,7 @@ void StatusItem::redrawOn(Observable& changes) {
 
 // Once: the toolkit follows a bar that goes and comes back.
 void StatusItem::appear() {
-    if (item != nullptr || bar->kind() == StatusBar::Kind::none) {
+    if (item != nullptr || bar->kind() == Kind::none) {
         return;
     }
     patienceEnds.stop();
@@ -59,8 +67,8 @@ void StatusItem::appear() {
     // bars hand on instead, is for what the user most likely wants.
     QObject::connect(item.get(), &QSystemTrayIcon::activated, item.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
-                         if (reason == QSystemTrayIcon::Trigger && onActivate) {
-                             onActivate();
+                         if (reason == QSystemTrayIcon::Trigger) {
+                             choose();
                          }
                      });
     item->show();

@@ -42,6 +42,9 @@ public:
     // Called when the user has chosen the item itself and not its menu.
     std::function<void()> onActivate;
 
+    // The user has clicked on the item, which in some bars is how its menu opens.
+    void choose();
+
     // Called if no bar has come in time, and when one comes after that.
     std::function<void()> onMissing;
     std::function<void()> onFound;

@@ -55,6 +55,22 @@ TEST_F(StatusItemTest, TheIconIsForTheBarThatIsThereAndFollowsTheLookOfTheDeskto
     EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::embeds));
 }
 
+// Where a click opens the menu it is for nothing else.
+TEST_F(StatusItemTest, AClickIsToldUnlessItHasOpenedTheMenu) {
+    for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
+        bar->become(Kind::none);
+        const auto item = itemThatWaits(never);
+        int clicks = 0;
+        item->onActivate = [&clicks] {
+            ++clicks;
+        };
+        bar->become(kind);
+        ASSERT_TRUE(item->isShown());
+        item->choose();
+        EXPECT_EQ(clicks, kind == Kind::opensMenu ? 0 : 1);
+    }
+}
+
 TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
     const auto item = itemThatWaits(milliseconds(0));
     bar->become(Kind::drawsItself);
