@@ -113,7 +113,8 @@ protected:
     kit::InLanguage language{"en"};
     BindingStore store{BindingList{}};
     kit::RecordingWorkspace workspace;
-    ToolkitKeyPresses keys{std::make_unique<EvdevHardwareKeys>()};
+    const std::shared_ptr<KeyPresses> keys =
+        std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>());
     EditorWindow window;
     BindingEditor* editor = nullptr;
     kit::Typist typist{window};

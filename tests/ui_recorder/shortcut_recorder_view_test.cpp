@@ -79,7 +79,8 @@ protected:
         }
     }
 
-    ToolkitKeyPresses keys{std::make_unique<EvdevHardwareKeys>()};
+    const std::shared_ptr<KeyPresses> keys =
+        std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>());
     Lang lang{nullptr};
     KeyLog window;
     ShortcutRecorderView* recorder;

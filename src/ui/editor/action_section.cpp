@@ -12,11 +12,11 @@
 
 namespace glidemap {
 
-ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace, KeyPresses& keys,
-                             Lang& language, QWidget* parent)
+ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace,
+                             std::shared_ptr<KeyPresses> keys, Lang& language, QWidget* parent)
     : FormSection(parent), draft(shown), lang(language), kinds(new Picker),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
-      recorder(new ShortcutRecorderView(keys, language)),
+      recorder(new ShortcutRecorderView(std::move(keys), language)),
       target(new ApplicationPicker(workspace, language)),
       targetLabel(new StyledLabel(TextStyle::body, Role::primary)) {
     kinds->setObjectName("actionPicker");

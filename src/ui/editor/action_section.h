@@ -12,6 +12,7 @@
 #include "ui/recorder/key_presses.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class QLabel;
@@ -24,8 +25,8 @@ class ShortcutRecorderView;
 
 class ActionSection : public FormSection {
 public:
-    ActionSection(BindingDraft& shown, const Workspace& workspace, KeyPresses& keys, Lang& language,
-                  QWidget* parent = nullptr);
+    ActionSection(BindingDraft& shown, const Workspace& workspace, std::shared_ptr<KeyPresses> keys,
+                  Lang& language, QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.
     std::function<void()> onEdit;

@@ -33,7 +33,7 @@ public:
     struct Services {
         BindingStore& store;
         Workspace& workspace;
-        KeyPresses& keys;
+        std::shared_ptr<KeyPresses> keys;
         Lang& lang = Lang::shared();
     };
 

@@ -22,8 +22,9 @@ constexpr std::uint64_t storedModifiers =
 
 } // namespace
 
-ShortcutRecorderView::ShortcutRecorderView(KeyPresses& keyPresses, Lang& language, QWidget* parent)
-    : QWidget(parent), keys(keyPresses), lang(language),
+ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresses, Lang& language,
+                                           QWidget* parent)
+    : QWidget(parent), keys(std::move(keyPresses)), lang(language),
       label(new StyledLabel(TextStyle::body, Role::primary)), button(new QPushButton) {
     setObjectName("shortcutRecorder");
     button->setObjectName("recordShortcut");
@@ -56,13 +57,13 @@ void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
 void ShortcutRecorderView::startRecording() {
     recording = true;
     hasTaken = true;
-    keys.start([this](const KeyPresses::Press& press) { take(press); });
+    keys->start([this](const KeyPresses::Press& press) { take(press); });
     retitle();
 }
 
 void ShortcutRecorderView::stopRecording() {
     if (std::exchange(recording, false)) {
-        keys.stop();
+        keys->stop();
     }
     retitle();
 }
@@ -71,7 +72,7 @@ void ShortcutRecorderView::stopRecording() {
 void ShortcutRecorderView::letGo() {
     recording = false;
     if (std::exchange(hasTaken, false)) {
-        keys.abandon();
+        keys->abandon();
     }
 }
 

@@ -3,7 +3,7 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its parent; the keys outlive it. While it goes, or is hidden, recording stops.
+// Owner:   its parent. While it goes, or is hidden, recording stops.
 // Errors:  none. A key that has no virtual key code is swallowed, and the recorder goes on waiting.
 #pragma once
 
@@ -13,6 +13,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QLabel;
@@ -24,7 +25,8 @@ class ShortcutRecorderView : public QWidget {
 public:
     static constexpr int smallestLabel = 160;
 
-    ShortcutRecorderView(KeyPresses& keyPresses, Lang& language, QWidget* parent = nullptr);
+    ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresses, Lang& language,
+                         QWidget* parent = nullptr);
     ~ShortcutRecorderView() override;
 
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
@@ -49,7 +51,7 @@ private:
     void makeButtonWideEnough();
     QString buttonText() const;
 
-    KeyPresses& keys;
+    const std::shared_ptr<KeyPresses> keys;
     Lang& lang;
     QLabel* label;
     QPushButton* button;

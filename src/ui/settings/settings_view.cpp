@@ -154,7 +154,7 @@ void SettingsView::edit(std::optional<GestureBinding> binding) {
     editingBinding = std::move(binding);
     showingEditor = true;
     auto* editor = new BindingEditor(
-        {*services.store, *services.workspace, *services.keys, *services.lang}, editingBinding);
+        {*services.store, *services.workspace, services.keys, *services.lang}, editingBinding);
     auto* sheet = new Sheet(this, editor, BindingEditor::sheetSize);
     editor->dismiss = [sheet] {
         sheet->dismiss();

@@ -70,7 +70,9 @@ protected:
 private:
     static void say(const QString& what) { std::cout << what.toStdString() << std::endl; }
 
-    glidemap::ToolkitKeyPresses keys{std::make_unique<glidemap::EvdevHardwareKeys>()};
+    const std::shared_ptr<glidemap::KeyPresses> keys =
+        std::make_shared<glidemap::ToolkitKeyPresses>(
+            std::make_unique<glidemap::EvdevHardwareKeys>());
     glidemap::Lang lang{nullptr};
     glidemap::ShortcutRecorderView* recorder;
     bool isRecording = false;
