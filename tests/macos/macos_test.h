@@ -2,6 +2,7 @@
 // of theirs at its end.
 #pragma once
 
+#include "doubles/app_kit.h"
 #include "doubles/core_foundation_objects.h"
 #include "doubles/journal.h"
 #include "doubles/quartz.h"
@@ -21,12 +22,14 @@ class MacosTest : public testing::Test {
 protected:
     MacosTest() {
         doubles::takeJournal();
+        doubles::appKit() = {};
         doubles::coreFoundation() = {};
         doubles::quartz() = {};
     }
 
     ~MacosTest() override {
         EXPECT_EQ(doubles::livingObjects(), std::multiset<std::string>()) << "not released";
+        EXPECT_EQ(doubles::installedMonitors(), 0U) << "not removed";
     }
 
     static Lines journal() { return doubles::takeJournal(); }
