@@ -1,8 +1,9 @@
-#include "doubles/core_foundation_objects.h"
+#include "doubles/foundation_objects.h"
 
 #import <Foundation/Foundation.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <mutex>
@@ -110,3 +111,11 @@ thread_local std::vector<std::vector<NSObject*>> pools;
     [self release];
 }
 @end
+
+std::size_t glidemap::doubles::livingInstances(const std::string& className) {
+    const std::lock_guard lock(guard);
+    return static_cast<std::size_t>(
+        std::count_if(owners.begin(), owners.end(), [&className](const auto& entry) {
+            return className == class_getName(object_getClass(entry.first));
+        }));
+}

@@ -1,0 +1,25 @@
+#include "platform/macos/thread_setup.h"
+
+#include <pthread.h>
+#include <pthread/qos.h>
+
+#include <string>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int noneLower = 0; // than others of its class
+
+} // namespace
+
+void nameThread(std::string_view name) {
+    pthread_setname_np(std::string(name).c_str());
+}
+
+void setUpResponsiveThread(std::string_view name) {
+    nameThread(name);
+    pthread_set_qos_class_self_np(QOS_CLASS_USER_INTERACTIVE, noneLower);
+}
+
+} // namespace glidemap
