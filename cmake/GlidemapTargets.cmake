@@ -67,7 +67,7 @@ endfunction()
 # Under a sanitizer a folder is one test, so that start-up is paid once; otherwise every case is listed by name.
 function(glidemap_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
-    file(GLOB present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp)
+    file(GLOB present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp *_test.mm)
     foreach(source IN LISTS present)
         if(NOT source IN_LIST ARG_SOURCES)
             message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR}/${source} is not listed in glidemap_tests")

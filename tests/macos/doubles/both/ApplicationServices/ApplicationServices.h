@@ -11,6 +11,12 @@ typedef struct __CGEvent* CGEventRef;
 typedef struct __CGEventSource* CGEventSourceRef;
 typedef uint16_t CGKeyCode;
 typedef uint64_t CGEventFlags;
+enum : CGEventFlags {
+    kCGEventFlagMaskShift = 0x00020000,
+    kCGEventFlagMaskControl = 0x00040000,
+    kCGEventFlagMaskAlternate = 0x00080000,
+    kCGEventFlagMaskCommand = 0x00100000,
+};
 
 typedef int32_t CGEventSourceStateID;
 enum : CGEventSourceStateID {
