@@ -4,6 +4,8 @@
 #   macos         everything, on a Mac
 #   macos-fakes   what needs no interface, and the macOS services against doubles of the system's own, on Linux: Mach-O
 #                 cannot run there, but the services' real sources can, with the compiler and the C++ library of a Mac
+#
+# On a Mac GLIDEMAP_QT says whether the interface is built, or only the services with what they serve.
 if(APPLE)
     set(native_home macos)
 else()
@@ -15,8 +17,13 @@ if(NOT GLIDEMAP_HOME MATCHES "^(linux|macos|macos-fakes)$")
     message(FATAL_ERROR "GLIDEMAP_HOME is none: ${GLIDEMAP_HOME}")
 endif()
 
+option(GLIDEMAP_QT "Build what needs Qt; a Mac can leave it out" ON)
+if(NOT GLIDEMAP_QT AND GLIDEMAP_HOME STREQUAL "linux")
+    message(FATAL_ERROR "On Linux there is nothing to build without Qt")
+endif()
+
 # The thread sanitizer cannot judge a stock Qt, and the doubles do not reach as far.
-if(GLIDEMAP_SANITIZERS STREQUAL "thread" OR GLIDEMAP_HOME STREQUAL "macos-fakes")
+if(NOT GLIDEMAP_QT OR GLIDEMAP_SANITIZERS STREQUAL "thread" OR GLIDEMAP_HOME STREQUAL "macos-fakes")
     set(GLIDEMAP_WITH_QT OFF)
 else()
     set(GLIDEMAP_WITH_QT ON)

@@ -1,0 +1,54 @@
+"""bundle_icon FILE SCRIPT: the icon that is kept has every size, each as large as it claims, and is what SCRIPT makes."""
+
+import struct
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+file, script = map(Path, sys.argv[1:])
+PLAIN = {b"is32": 16, b"il32": 32}  # colours, packed; each with a mask of a byte for a pixel
+MASKS = {b"s8mk": 16, b"l8mk": 32}
+PNG = {b"ic11": 32, b"ic12": 64, b"ic07": 128, b"ic13": 256, b"ic08": 256, b"ic14": 512, b"ic09": 512, b"ic10": 1024}
+
+
+def entries(data):
+    kind, length = struct.unpack(">4sI", data[:8])
+    assert kind == b"icns" and length == len(data), "the head tells another length"
+    at = 8
+    while at < len(data):
+        kind, length = struct.unpack(">4sI", data[at : at + 8])
+        assert 8 < length <= len(data) - at, f"{kind} is longer than the file"
+        yield kind, data[at + 8 : at + length]
+        at += length
+
+
+def unpacked_size(data):
+    # Bytes from 0x80 up repeat the next one, below that they count those that follow as they are.
+    size = at = 0
+    while at < len(data):
+        repeats = data[at] >= 0x80
+        size += data[at] - 125 if repeats else data[at] + 1
+        at += 2 if repeats else data[at] + 2
+    return size
+
+
+def png_size(data):
+    assert data[:8] == b"\x89PNG\r\n\x1a\n", "not a PNG"
+    return struct.unpack(">II", data[16:24])
+
+
+found = dict(entries(file.read_bytes()))
+assert found.keys() == PLAIN.keys() | MASKS.keys() | PNG.keys(), sorted(found)
+for kind, pixels in PLAIN.items():
+    assert unpacked_size(found[kind]) == 3 * pixels * pixels, kind
+for kind, pixels in MASKS.items():
+    assert len(found[kind]) == pixels * pixels, kind
+for kind, pixels in PNG.items():
+    assert png_size(found[kind]) == (pixels, pixels), kind
+
+with tempfile.TemporaryDirectory() as folder:
+    made = Path(folder) / "made.icns"
+    subprocess.run([script, made], check=True)
+    if made.read_bytes() != file.read_bytes():
+        sys.exit(f"{file.name} is not what the drawings give now: run scripts/{script.name}")
