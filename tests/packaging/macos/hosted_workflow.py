@@ -1,0 +1,51 @@
+"""hosted_workflow SOURCES: the workflow for a Mac is well-formed, uses nobody's actions but the host's own checkout, names
+no host, and builds and tests by presets that there are, each of which it has configured before."""
+
+import json
+import re
+import sys
+from pathlib import Path
+
+import yaml
+
+sources = Path(sys.argv[1])
+text = (sources / ".github/workflows/macos.yml").read_text()
+workflow = yaml.safe_load(text)
+presets = json.loads((sources / "CMakePresets.json").read_text())
+kinds = {"cmake --preset": "configurePresets", "cmake --build --preset": "buildPresets", "ctest --preset": "testPresets"}
+faults = []
+
+
+def check(condition, fault):
+    if not condition:
+        faults.append(fault)
+
+
+def check_preset(command, name, configured):
+    known = {preset["name"] for preset in presets[kinds[command]]}
+    check(name in known, f"no preset for: {command} {name}")
+    if command == "cmake --preset":
+        configured.add(name)
+    check(name in configured, f"not configured before: {command} {name}")
+
+
+def check_job(name, job):
+    systems = job["strategy"]["matrix"]["system"]
+    check(job["runs-on"] == "${{ matrix.system }}", f"{name} runs on {job['runs-on']}")
+    check(systems and all(system.startswith("macos-") for system in systems), f"{name} runs on {systems}")
+    used = [step["uses"] for step in job["steps"] if "uses" in step]
+    check(used == ["actions/checkout@v4"], f"{name} uses {used}")
+    commands = "\n".join(step.get("run", "") for step in job["steps"])
+    configured = set()
+    called = re.findall(r"^(cmake(?: --build)? --preset|ctest --preset) (\S+)", commands, re.MULTILINE)
+    for command, preset in called:
+        check_preset(command, preset, configured)
+    check({command for command, _ in called} == kinds.keys(), f"{name} does not configure, build and test")
+
+
+check(workflow["permissions"] == {"contents": "read"}, "it may do more than read")
+check("://" not in text, "it names a host")
+check(workflow["jobs"], "it has no job")
+for name, job in workflow["jobs"].items():
+    check_job(name, job)
+sys.exit("\n".join(faults) if faults else 0)
