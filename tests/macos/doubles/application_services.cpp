@@ -53,7 +53,7 @@ std::string hexadecimal(std::uint64_t value) {
 } // namespace
 
 Passage playTo(void* userInfo, CGEventType type, std::int64_t button) {
-    auto* event = reinterpret_cast<CGEventRef>(new MouseEvent(button));
+    auto* event = handOutAs<CGEventRef>(new MouseEvent(button));
     CGEventRef answered = theTap.callback(nullptr, type, event, userInfo);
     const Passage passage = answered == event     ? Passage::passed
                             : answered == nullptr ? Passage::dropped
@@ -71,21 +71,14 @@ Passage playNotice(CGEventType type) {
                                                                                : Passage::replaced;
 }
 
-namespace {
-
-const Constant promptOption("AXTrustedCheckOptionPrompt");
-
-} // namespace
-
 } // namespace glidemap::doubles
 
 using namespace glidemap::doubles;
 
 CGEventSourceRef CGEventSourceCreate(CGEventSourceStateID stateID) {
     note("CGEventSourceCreate " + std::to_string(stateID));
-    return quartz().makesEventSources
-               ? reinterpret_cast<CGEventSourceRef>(new Object("CGEventSource"))
-               : nullptr;
+    return quartz().makesEventSources ? handOutAs<CGEventSourceRef>(new Object("CGEventSource"))
+                                      : nullptr;
 }
 
 CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtualKey, bool keyDown) {
@@ -95,7 +88,7 @@ CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtual
     if (quartz().eventsThatCanBeMade-- <= 0) {
         return nullptr;
     }
-    return reinterpret_cast<CGEventRef>(new KeyboardEvent(virtualKey, keyDown));
+    return handOutAs<CGEventRef>(new KeyboardEvent(virtualKey, keyDown));
 }
 
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags) {
@@ -121,14 +114,14 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation location, CGEventTapPlacement 
         return nullptr;
     }
     theTap = {callback, userInfo};
-    return reinterpret_cast<CFMachPortRef>(new Object("CFMachPort"));
+    return handOutAs<CFMachPortRef>(new Object("CFMachPort"));
 }
 
 void CGEventTapEnable(CFMachPortRef port, bool enable) {
     note("CGEventTapEnable " + objectOf(port)->kind + (enable ? " true" : " false"));
 }
 
-CFStringRef kAXTrustedCheckOptionPrompt = reinterpret_cast<CFStringRef>(&promptOption);
+CFStringRef kAXTrustedCheckOptionPrompt = constantText("AXTrustedCheckOptionPrompt");
 
 Boolean AXIsProcessTrusted() {
     note("AXIsProcessTrusted");
@@ -137,7 +130,7 @@ Boolean AXIsProcessTrusted() {
 
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options) {
     std::string line = "AXIsProcessTrustedWithOptions";
-    for (const auto& [key, value] : static_cast<Dictionary*>(objectOf(options))->entries) {
+    for (const auto& [key, value] : entriesOf(options)) {
         line += " " + nameOf(key) + "=" + nameOf(value);
     }
     note(line);

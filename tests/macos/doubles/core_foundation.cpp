@@ -1,14 +1,33 @@
 #include "doubles/core_foundation_objects.h"
-#include "doubles/journal.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <mutex>
-#include <utility>
 
 namespace glidemap::doubles {
 
 namespace {
+
+struct Array : Object {
+    explicit Array(std::vector<const void*> entries)
+        : Object("CFArray"), values(std::move(entries)) {}
+
+    const std::vector<const void*> values;
+};
+
+struct Dictionary : Object {
+    Dictionary() : Object("CFDictionary") {}
+
+    std::vector<std::pair<CFTypeRef, CFTypeRef>> entries;
+};
+
+// An object that nobody made and nobody releases.
+struct Constant {
+    explicit Constant(std::string text) : name(std::move(text)) {}
+
+    const std::string name;
+};
 
 std::recursive_mutex guard;
 std::set<const Object*> living;
@@ -23,6 +42,14 @@ Object::Object(std::string made) : kind(std::move(made)) {
 Object::~Object() {
     const std::lock_guard lock(guard);
     living.erase(this);
+}
+
+CFTypeRef handOut(Object* made) {
+    return made;
+}
+
+CFArrayRef handOutArray(const std::vector<const void*>& values) {
+    return handOutAs<CFArrayRef>(new Array(values));
 }
 
 Object* objectOf(CFTypeRef reference) {
@@ -54,9 +81,12 @@ void releaseAll(const std::string& kind) {
     }
 }
 
-CoreFoundation& coreFoundation() {
-    static CoreFoundation settings;
-    return settings;
+std::vector<std::pair<CFTypeRef, CFTypeRef>> entriesOf(CFDictionaryRef dictionary) {
+    return static_cast<Dictionary*>(objectOf(dictionary))->entries;
+}
+
+CFStringRef constantText(const char* text) {
+    return reinterpret_cast<CFStringRef>(new Constant(text));
 }
 
 std::string nameOf(CFTypeRef constant) {
@@ -117,27 +147,9 @@ CFDictionaryRef CFDictionaryCreate(CFAllocatorRef /*allocator*/, const void** ke
     for (CFIndex index = 0; index < numValues; ++index) {
         made->entries.emplace_back(keys[index], values[index]);
     }
-    return reinterpret_cast<CFDictionaryRef>(made);
-}
-
-CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef /*allocator*/, CFMachPortRef port,
-                                                 CFIndex order) {
-    note("CFMachPortCreateRunLoopSource " + objectOf(port)->kind + " " + std::to_string(order));
-    return coreFoundation().makesRunLoopSources
-               ? reinterpret_cast<CFRunLoopSourceRef>(new Object("CFRunLoopSource"))
-               : nullptr;
+    return handOutAs<CFDictionaryRef>(made);
 }
 
 CFRunLoopRef CFRunLoopGetMain() {
     return reinterpret_cast<CFRunLoopRef>(const_cast<Constant*>(&mainRunLoop));
-}
-
-void CFRunLoopAddSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {
-    note("CFRunLoopAddSource " + nameOf(rl) + " " + objectOf(source)->kind + " " + nameOf(mode));
-    CFRetain(source); // as long as it is in the loop
-}
-
-void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {
-    note("CFRunLoopRemoveSource " + nameOf(rl) + " " + objectOf(source)->kind + " " + nameOf(mode));
-    CFRelease(source);
 }

@@ -1,6 +1,8 @@
-// Core Foundation's objects as the doubles have them: each knows how many owners it has.
+// Core Foundation's objects as the doubles have them: each knows how many owners it has. On a Mac
+// Core Foundation itself is real, and an object of ours travels inside one of its own.
 //
-// Errors:  one that is released more often than it was made and retained fails the running test.
+// Errors:  one that is released more often than it was made and retained fails the running test; a
+//          Mac ends it.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -20,36 +22,32 @@ public:
     virtual ~Object();
 
     const std::string kind;
-    int owners = 1;
+    int owners = 1; // which a Mac counts itself
 };
+
+// The reference that the system would hand out. Whoever gets it owns the object, which goes with its
+// last owner.
+CFTypeRef handOut(Object* made);
+
+template <typename Reference>
+Reference handOutAs(Object* made) {
+    return reinterpret_cast<Reference>(const_cast<void*>(handOut(made)));
+}
 
 // The object behind one of the system's references; made by a double and alive, or the running test
 // fails and null is answered.
 Object* objectOf(CFTypeRef reference);
 
-// Core Foundation's constants are objects that nobody made and nobody releases.
-class Constant {
-public:
-    explicit Constant(std::string text) : name(std::move(text)) {}
+// An array that is handed out. Its values are nobody's objects.
+CFArrayRef handOutArray(const std::vector<const void*>& values);
 
-    const std::string name;
-};
+std::vector<std::pair<CFTypeRef, CFTypeRef>> entriesOf(CFDictionaryRef dictionary);
 
-// The name of a constant.
+// One of the system's texts that nobody releases.
+CFStringRef constantText(const char* text);
+
+// What a constant is called: the text of a text, and the words that the tests have for the others.
 std::string nameOf(CFTypeRef constant);
-
-struct Array : Object {
-    explicit Array(std::vector<const void*> entries)
-        : Object("CFArray"), values(std::move(entries)) {}
-
-    const std::vector<const void*> values;
-};
-
-struct Dictionary : Object {
-    Dictionary() : Object("CFDictionary") {}
-
-    std::vector<std::pair<CFTypeRef, CFTypeRef>> entries;
-};
 
 // What a test tells the doubles to answer; reset by its set-up.
 struct CoreFoundation {
