@@ -3,7 +3,8 @@
 #   linux         everything
 #   macos         everything, on a Mac
 #   macos-fakes   what needs no interface, and the macOS services against doubles of the system's own, on Linux: Mach-O
-#                 cannot run there, but the services' real sources can, with the compiler and the C++ library of a Mac
+#                 cannot run there, but the services' real sources can, with the compiler and the C++ library of a Mac.
+#                 On a Mac, too, with the real Foundation and Core Foundation below the doubles
 #
 # On a Mac GLIDEMAP_QT says whether the interface is built, or only the services with what they serve.
 if(APPLE)
