@@ -103,10 +103,19 @@ TEST_F(LocalKeyMonitorTest, GoesAtOnceWhenItIsStoppedWithoutAPress) {
     EXPECT_THAT(told, IsEmpty());
 }
 
+TEST_F(LocalKeyMonitorTest, LeavesTheRestOfAPressAloneWhenItIsAbandoned) {
+    startOnce();
+    play({returnKey});
+    monitor->abandon();
+    EXPECT_EQ(installedMonitors(), 0U);
+    EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::windows);
+}
+
 TEST_F(LocalKeyMonitorTest, IsRemovedOnce) {
     start();
     monitor->stop();
     monitor->stop();
+    monitor->abandon();
     monitor.reset();
     EXPECT_THAT(journal(), ElementsAre("addLocalMonitor 0x400", "removeMonitor"));
 }

@@ -25,6 +25,7 @@ public:
 
     void start(std::function<void(const Press&)> handler) override;
     void stop() override;
+    void abandon() override;
 
 private:
     class Monitor; // outlives this by the call that it is in

@@ -39,6 +39,10 @@ void LocalKeyMonitor::stop() {
     monitor->stop();
 }
 
+void LocalKeyMonitor::abandon() {
+    monitor->remove();
+}
+
 void LocalKeyMonitor::Monitor::start(std::function<void(const Press&)> handler) {
     tell = std::move(handler);
     if (installed == nil) {
