@@ -53,3 +53,5 @@ void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoop
 #ifdef __cplusplus
 }
 #endif
+
+#include <CoreFoundation/CFPreferences.h>

@@ -1,0 +1,136 @@
+#include "doubles/preferences.h"
+
+#include "doubles/core_foundation_objects.h"
+#include "doubles/journal.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace glidemap::doubles {
+
+Preferences& preferences() {
+    static Preferences told;
+    return told;
+}
+
+namespace {
+
+struct Text : Object {
+    explicit Text(std::string given) : Object("CFString"), text(std::move(given)) {}
+
+    const std::string text;
+};
+
+struct Number : Object {
+    Number() : Object("CFNumber") {}
+};
+
+const std::string& textIn(CFTypeRef reference) {
+    return static_cast<Text*>(objectOf(reference))->text;
+}
+
+bool isConstant(CFTypeRef reference) {
+    return reference == kCFBooleanTrue || reference == kCFBooleanFalse;
+}
+
+CFTypeRef handOutPreference(const Preference& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) {
+        return handOut(new Text(*text));
+    }
+    return handOut(new Number);
+}
+
+// The system's own two truths are never released, whoever copies them.
+struct Truth : Object {
+    explicit Truth(bool given) : Object("CFBoolean"), value(given) {}
+
+    const bool value;
+};
+
+} // namespace
+
+} // namespace glidemap::doubles
+
+using namespace glidemap::doubles;
+
+const CFStringRef kCFPreferencesCurrentApplication = constantText("this application");
+
+CFTypeID CFStringGetTypeID() {
+    return 7;
+}
+
+CFTypeID CFBooleanGetTypeID() {
+    return 21;
+}
+
+CFTypeID CFGetTypeID(CFTypeRef reference) {
+    if (isConstant(reference)) {
+        return CFBooleanGetTypeID();
+    }
+    const std::string& kind = objectOf(reference)->kind;
+    return kind == "CFString"    ? CFStringGetTypeID()
+           : kind == "CFBoolean" ? CFBooleanGetTypeID()
+                                 : 22;
+}
+
+Boolean CFBooleanGetValue(CFBooleanRef boolean) {
+    return isConstant(boolean) ? boolean == kCFBooleanTrue
+                               : static_cast<Truth*>(objectOf(boolean))->value;
+}
+
+CFStringRef CFStringCreateWithBytes(CFAllocatorRef /*allocator*/, const UInt8* bytes,
+                                    CFIndex numBytes, CFStringEncoding encoding,
+                                    Boolean isExternalRepresentation) {
+    EXPECT_EQ(encoding, kCFStringEncodingUTF8);
+    EXPECT_FALSE(isExternalRepresentation);
+    if (!preferences().makesTexts) {
+        return nullptr;
+    }
+    return handOutAs<CFStringRef>(new Text(
+        std::string(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(numBytes))));
+}
+
+// In units of UTF-16, which are never more than the bytes.
+CFIndex CFStringGetLength(CFStringRef theString) {
+    return static_cast<CFIndex>(textIn(theString).size());
+}
+
+CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding /*encoding*/) {
+    return length * 3;
+}
+
+Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize,
+                           CFStringEncoding /*encoding*/) {
+    const std::string& text = textIn(theString);
+    if (static_cast<CFIndex>(text.size()) >= bufferSize) {
+        return false;
+    }
+    std::memcpy(buffer, text.c_str(), text.size() + 1);
+    return true;
+}
+
+CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef key, CFStringRef applicationID) {
+    EXPECT_EQ(applicationID, kCFPreferencesCurrentApplication);
+    const auto found = preferences().stored.find(textIn(key));
+    if (found == preferences().stored.end()) {
+        return nullptr;
+    }
+    const auto* truth = std::get_if<bool>(&found->second);
+    return truth != nullptr ? handOut(new Truth(*truth)) : handOutPreference(found->second);
+}
+
+void CFPreferencesSetAppValue(CFStringRef key, CFPropertyListRef value, CFStringRef applicationID) {
+    EXPECT_EQ(applicationID, kCFPreferencesCurrentApplication);
+    const bool isTruth = CFGetTypeID(value) == CFBooleanGetTypeID();
+    const Preference taken =
+        isTruth ? Preference(CFBooleanGetValue(static_cast<CFBooleanRef>(value)) != 0)
+                : Preference(textIn(value));
+    preferences().stored[textIn(key)] = taken;
+    note("CFPreferencesSetAppValue " + textIn(key));
+}
+
+Boolean CFPreferencesAppSynchronize(CFStringRef applicationID) {
+    note("CFPreferencesAppSynchronize " + nameOf(applicationID));
+    return true;
+}
