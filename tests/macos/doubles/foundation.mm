@@ -17,6 +17,27 @@ thread_local std::vector<std::vector<NSObject*>> pools;
 
 } // namespace
 
+namespace glidemap::doubles {
+
+Pool::Pool() : pool([[NSAutoreleasePool alloc] init]) {}
+
+Pool::~Pool() {
+    [static_cast<NSAutoreleasePool*>(pool) drain];
+}
+
+std::multiset<std::string> livingCocoaObjects() {
+    const std::lock_guard lock(guard);
+    std::multiset<std::string> classes;
+    for (const auto& [object, count] : owners) {
+        if (count != 0) {
+            classes.insert(class_getName(object_getClass(object)));
+        }
+    }
+    return classes;
+}
+
+} // namespace glidemap::doubles
+
 @implementation NSObject
 + (void)initialize {
 }

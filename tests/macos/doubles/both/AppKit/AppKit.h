@@ -1,4 +1,6 @@
 #pragma once
 
+#include <AppKit/NSAppearance.h>
 #include <AppKit/NSApplication.h>
+#include <AppKit/NSRunningApplication.h>
 #include <AppKit/NSWorkspace.h>

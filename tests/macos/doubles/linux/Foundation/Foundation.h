@@ -42,3 +42,6 @@ typedef unsigned long NSUInteger;
 @end
 
 #endif
+
+#include <Foundation/observation.h>
+#include <Foundation/values.h>

@@ -1,0 +1,41 @@
+// A test of a service that speaks the system's own language: the shared objects are as new at its
+// start, and nobody owns or observes anything at its end.
+#pragma once
+
+#include "doubles/appearance.h"
+#include "doubles/foundation_objects.h"
+#include "doubles/main_app_service.h"
+#include "doubles/observation.h"
+#include "doubles/workspace.h"
+#include "macos_test.h"
+
+#include <optional>
+#include <set>
+#include <string>
+
+namespace glidemap {
+
+class CocoaTest : public MacosTest {
+protected:
+    CocoaTest() {
+        doubles::mainAppService() = {};
+        doubles::workspace() = {};
+        doubles::resetAppearance();
+        forGood = doubles::livingCocoaObjects();
+        pool.emplace();
+    }
+
+    ~CocoaTest() override {
+        doubles::closeMainAppService();
+        doubles::closeWorkspace();
+        pool.reset();
+        EXPECT_EQ(doubles::forgetObservations(), 0U) << "observers that were not removed";
+        EXPECT_EQ(doubles::livingCocoaObjects(), forGood) << "not released";
+    }
+
+private:
+    std::multiset<std::string> forGood; // the application object
+    std::optional<doubles::Pool> pool;
+};
+
+} // namespace glidemap

@@ -1,0 +1,66 @@
+#include "doubles/main_app_service.h"
+
+#include "doubles/journal.h"
+
+#import <ServiceManagement/ServiceManagement.h>
+
+namespace glidemap::doubles {
+
+MainAppService& mainAppService() {
+    static MainAppService settings;
+    return settings;
+}
+
+namespace {
+
+SMAppService* theService;
+
+NSError* errorOf(const std::string& reason) {
+    NSString* const text = [NSString stringWithUTF8String:reason.c_str()];
+    return [NSError errorWithDomain:@"SMAppServiceErrorDomain"
+                               code:1
+                           userInfo:[NSDictionary dictionaryWithObject:text
+                                                                forKey:NSLocalizedDescriptionKey]];
+}
+
+// The error is for the caller to look at on a refusal only.
+BOOL answer(NSError** error) {
+    const MainAppService& settings = mainAppService();
+    if (settings.reason && error != nullptr) {
+        *error = errorOf(*settings.reason);
+    }
+    return !settings.refuses;
+}
+
+} // namespace
+
+void closeMainAppService() {
+    [theService release];
+    theService = nil;
+}
+
+} // namespace glidemap::doubles
+
+using namespace glidemap::doubles;
+
+@implementation SMAppService
++ (SMAppService*)mainAppService {
+    note("mainAppService");
+    if (theService == nil) {
+        theService = [[SMAppService alloc] init];
+    }
+    return theService;
+}
+- (SMAppServiceStatus)status {
+    note("status");
+    return static_cast<SMAppServiceStatus>(mainAppService().status);
+}
+- (BOOL)registerAndReturnError:(NSError**)error {
+    note("registerAndReturnError");
+    return answer(error);
+}
+- (BOOL)unregisterAndReturnError:(NSError**)error {
+    note("unregisterAndReturnError");
+    return answer(error);
+}
+@end

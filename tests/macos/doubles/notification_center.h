@@ -1,0 +1,7 @@
+// A centre of notices that keeps the journal.
+#pragma once
+
+#include <Foundation/Foundation.h>
+
+@interface RecordingNotificationCenter : NSNotificationCenter
+@end
