@@ -1,0 +1,27 @@
+#include "platform/macos/workspace/workspace_notice.h"
+
+#include <utility>
+
+namespace glidemap {
+
+// The workspace has a centre of its own; the program's default one never hears of these notices.
+WorkspaceNotice::WorkspaceNotice(NSNotificationName name,
+                                 std::function<void(NSNotification*)> function)
+    : tell(std::move(function)),
+      center([[[NSWorkspace sharedWorkspace] notificationCenter] retain]),
+      observer([[center addObserverForName:name
+                                    object:nil
+                                     queue:nil
+                                usingBlock:^(NSNotification* notice) {
+                                  tell(notice);
+                                }] retain]) {}
+
+WorkspaceNotice::~WorkspaceNotice() {
+    if (observer != nil) {
+        [center removeObserver:observer];
+    }
+    [observer release];
+    [center release];
+}
+
+} // namespace glidemap

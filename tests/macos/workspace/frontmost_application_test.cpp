@@ -1,0 +1,112 @@
+#include "cocoa_test.h"
+#include "platform/macos/workspace/frontmost_application.h"
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+namespace glidemap {
+namespace {
+
+using doubles::activate;
+using doubles::RunningApplication;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const RunningApplication notes{"com.example.notes", "Notes"};
+const RunningApplication draw{"com.example.draw", "画图"};
+
+class FrontmostApplicationTest : public CocoaTest {};
+
+TEST_F(FrontmostApplicationTest, ListensBeforeItAsksOnce) {
+    doubles::workspace().frontmost = notes;
+    const FrontmostApplication frontmost;
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
+    EXPECT_THAT(journal(),
+                ElementsAre("addObserverForName NSWorkspaceDidActivateApplicationNotification",
+                            "frontmostApplication"));
+}
+
+TEST_F(FrontmostApplicationTest, TakesEachOtherOneFromTheNotice) {
+    const FrontmostApplication frontmost;
+    EXPECT_EQ(frontmost.current(), Application());
+    journal();
+    activate(notes);
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
+    activate(draw);
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.draw", "画图"}));
+    activate(notes);
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
+    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not asked again";
+}
+
+TEST_F(FrontmostApplicationTest, TellsWhatTheSystemTellsAndNoMore) {
+    const FrontmostApplication frontmost;
+    activate(RunningApplication{"com.example.nameless", std::nullopt});
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.nameless", std::nullopt}));
+    activate(RunningApplication{std::nullopt, "Script"});
+    EXPECT_EQ(frontmost.current(), (Application{std::nullopt, "Script"}));
+    activate(RunningApplication{});
+    EXPECT_EQ(frontmost.current(), Application());
+}
+
+TEST_F(FrontmostApplicationTest, KnowsNothingAfterANoticeThatSaysNothing) {
+    doubles::workspace().frontmost = notes;
+    const FrontmostApplication frontmost;
+    doubles::noticeAnActivationOnly();
+    EXPECT_EQ(frontmost.current(), Application());
+}
+
+TEST_F(FrontmostApplicationTest, HearsNoOtherNotice) {
+    doubles::workspace().frontmost = notes;
+    const FrontmostApplication frontmost;
+    doubles::workspace().frontmost = draw;
+    doubles::setReducesMotion(true);
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
+}
+
+TEST_F(FrontmostApplicationTest, IsToldNothingOnceItHasGone) {
+    auto frontmost = std::make_unique<FrontmostApplication>();
+    journal();
+    frontmost.reset();
+    activate(notes);
+    EXPECT_THAT(journal(), ElementsAre("removeObserver"));
+}
+
+TEST_F(FrontmostApplicationTest, IsWholeWhileTheLastNoticeComes) {
+    auto frontmost = std::make_unique<FrontmostApplication>();
+    Application last;
+    FrontmostApplication* const going = frontmost.get();
+    doubles::workspace().atRemoval = [&] {
+        activate(notes);
+        last = going->current();
+    };
+    frontmost.reset();
+    EXPECT_EQ(last, (Application{"com.example.notes", "Notes"}));
+}
+
+// Each reading is of one application, never of two halves.
+TEST_F(FrontmostApplicationTest, IsReadOnAnyThreadWhileNoticesCome) {
+    doubles::workspace().frontmost = notes;
+    const FrontmostApplication frontmost;
+    std::atomic<int> readings = 0;
+    std::atomic<bool> done = false;
+    bool allWhole = true;
+    std::thread engine([&] {
+        while (!done) {
+            const Application now = frontmost.current();
+            allWhole = allWhole && (now == Application{"com.example.notes", "Notes"} ||
+                                    now == Application{"com.example.draw", "画图"});
+            ++readings;
+        }
+    });
+    for (int turn = 0; turn < 500 || readings < 500; ++turn) {
+        activate(turn % 2 == 0 ? draw : notes);
+    }
+    done = true;
+    engine.join();
+    EXPECT_TRUE(allWhole);
+}
+
+} // namespace
+} // namespace glidemap
