@@ -1,0 +1,58 @@
+#include "platform/macos/appearance/effective_appearance.h"
+
+#include <utility>
+
+namespace {
+
+NSString* const key = @"effectiveAppearance";
+
+// Only its address matters: it tells our observation from one of a superclass.
+int ownObservation;
+
+} // namespace
+
+@interface GlidemapAppearanceObserver : NSObject {
+    const std::function<void()>* changed;
+}
+- (id)initWithFunction:(const std::function<void()>*)function;
+@end
+
+@implementation GlidemapAppearanceObserver
+- (id)initWithFunction:(const std::function<void()>*)function {
+    self = [super init];
+    if (self != nil) {
+        changed = function;
+    }
+    return self;
+}
+- (void)observeValueForKeyPath:(NSString*)keyPath
+                      ofObject:(id)object
+                        change:(NSDictionary*)change
+                       context:(void*)context {
+    if (context == &ownObservation) {
+        (*changed)();
+    } else {
+        [super observeValueForKeyPath:keyPath ofObject:object change:change context:context];
+    }
+}
+@end
+
+namespace glidemap {
+
+EffectiveAppearance::EffectiveAppearance(std::function<void()> function)
+    : changed(std::move(function)), application([[NSApplication sharedApplication] retain]),
+      observer([[GlidemapAppearanceObserver alloc] initWithFunction:&changed]) {
+    [application addObserver:observer
+                  forKeyPath:key
+                     options:static_cast<NSKeyValueObservingOptions>(0)
+                     context:&ownObservation];
+}
+
+// The system keeps no observer alive.
+EffectiveAppearance::~EffectiveAppearance() {
+    [application removeObserver:observer forKeyPath:key context:&ownObservation];
+    [observer release];
+    [application release];
+}
+
+} // namespace glidemap

@@ -1,0 +1,41 @@
+// How the user wants programs to look, as the system settings have it.
+//
+// Thread:  the main thread.
+// Owner:   the program makes one, behind the application object. Once it has gone the system calls
+//          no more.
+// Errors:  none: an appearance that is neither of the two is absent.
+#pragma once
+
+#include "ui/theme/appearance_settings.h"
+
+#include <memory>
+
+namespace glidemap {
+
+class MacosAppearance : public AppearanceSettings {
+public:
+    MacosAppearance();
+    ~MacosAppearance() override;
+
+    std::optional<ColorScheme> colorScheme() const override { return values.colorScheme; }
+    bool reducesMotion() const override { return values.reducesMotion; }
+    Observable& changes() override { return observers; }
+
+private:
+    struct Values {
+        std::optional<ColorScheme> colorScheme;
+        bool reducesMotion = false;
+
+        friend bool operator==(const Values&, const Values&) = default;
+    };
+    struct Following;
+
+    static Values read();
+    void readAgain();
+
+    Values values;
+    Observable observers;
+    std::unique_ptr<Following> following; // goes first
+};
+
+} // namespace glidemap

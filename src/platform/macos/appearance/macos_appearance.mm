@@ -1,0 +1,59 @@
+#include "platform/macos/appearance/macos_appearance.h"
+
+#include "platform/macos/appearance/effective_appearance.h"
+#include "platform/macos/workspace/workspace_notice.h"
+
+namespace glidemap {
+
+namespace {
+
+// The appearances with more contrast match the one of the two that they are made from.
+std::optional<ColorScheme> schemeOf(NSAppearance* appearance) {
+    NSArray* const both =
+        [NSArray arrayWithObjects:NSAppearanceNameAqua, NSAppearanceNameDarkAqua, nil];
+    NSAppearanceName const best = [appearance bestMatchFromAppearancesWithNames:both];
+    if ([best isEqualToString:NSAppearanceNameDarkAqua]) {
+        return ColorScheme::dark;
+    }
+    if ([best isEqualToString:NSAppearanceNameAqua]) {
+        return ColorScheme::light;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+struct MacosAppearance::Following {
+    explicit Following(MacosAppearance& to)
+        : appearance([&to] { to.readAgain(); }),
+          motion(NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification,
+                 [&to](NSNotification* /*notice*/) { to.readAgain(); }) {}
+
+    EffectiveAppearance appearance;
+    WorkspaceNotice motion;
+};
+
+MacosAppearance::MacosAppearance() : following(std::make_unique<Following>(*this)) {
+    values = read();
+}
+
+MacosAppearance::~MacosAppearance() = default;
+
+MacosAppearance::Values MacosAppearance::read() {
+    NSApplication* const application = [NSApplication sharedApplication];
+    return {schemeOf([application effectiveAppearance]),
+            [[NSWorkspace sharedWorkspace] accessibilityDisplayShouldReduceMotion] != NO};
+}
+
+// The notice is of all display options, and the appearance's of more than its colours.
+void MacosAppearance::readAgain() {
+    const Values now = read();
+    if (now == values) {
+        return;
+    }
+    observers.announceWillChange();
+    values = now;
+    observers.announceDidChange();
+}
+
+} // namespace glidemap

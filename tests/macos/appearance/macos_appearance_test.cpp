@@ -1,0 +1,121 @@
+#include "cocoa_test.h"
+#include "platform/macos/appearance/macos_appearance.h"
+
+#include <memory>
+
+namespace glidemap {
+namespace {
+
+using doubles::changeAppearance;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* light = "NSAppearanceNameAqua";
+constexpr const char* dark = "NSAppearanceNameDarkAqua";
+
+const std::string match =
+    "bestMatchFromAppearancesWithNames NSAppearanceNameAqua NSAppearanceNameDarkAqua";
+const std::string motion = "accessibilityDisplayShouldReduceMotion";
+
+class MacosAppearanceTest : public CocoaTest {
+protected:
+    // Keeps what the appearance is before and after each change that is announced.
+    Subscription follow(AppearanceSettings& settings) {
+        return settings.changes().subscribe([this, &settings] { tell("before", settings); },
+                                            [this, &settings] { tell("after", settings); });
+    }
+
+    void tell(const std::string& when, const AppearanceSettings& settings) {
+        const auto scheme = settings.colorScheme();
+        announced.push_back(when +
+                            (!scheme                         ? " unknown"
+                             : *scheme == ColorScheme::light ? " light"
+                                                             : " dark") +
+                            (settings.reducesMotion() ? " still" : " moving"));
+    }
+
+    Lines announced;
+};
+
+TEST_F(MacosAppearanceTest, ListensBeforeItAsks) {
+    const MacosAppearance appearance;
+    EXPECT_THAT(journal(), ElementsAre("addObserverForName NSWorkspaceAccessibilityDisplayOptions"
+                                       "DidChangeNotification",
+                                       match, motion));
+}
+
+TEST_F(MacosAppearanceTest, IsWhichOfTheTwoTheApplicationsMatches) {
+    struct Row {
+        std::optional<std::string> bestMatch;
+        std::optional<ColorScheme> scheme;
+    };
+    const Row rows[] = {
+        {light, ColorScheme::light},
+        {dark, ColorScheme::dark},
+        {std::nullopt, std::nullopt},
+    };
+    for (const Row& row : rows) {
+        doubles::startWithAppearance(row.bestMatch);
+        EXPECT_EQ(MacosAppearance().colorScheme(), row.scheme);
+    }
+}
+
+TEST_F(MacosAppearanceTest, ReducesMotionAsTheSystemDoes) {
+    EXPECT_FALSE(MacosAppearance().reducesMotion());
+    doubles::workspace().reducesMotion = true;
+    EXPECT_TRUE(MacosAppearance().reducesMotion());
+}
+
+TEST_F(MacosAppearanceTest, FollowsTheApplicationsAppearance) {
+    doubles::startWithAppearance(light);
+    MacosAppearance appearance;
+    const Subscription following = follow(appearance);
+    changeAppearance(dark);
+    changeAppearance(std::nullopt);
+    changeAppearance(light);
+    EXPECT_THAT(announced,
+                ElementsAre("before light moving", "after dark moving", "before dark moving",
+                            "after unknown moving", "before unknown moving", "after light moving"));
+}
+
+TEST_F(MacosAppearanceTest, FollowsTheDisplayOptions) {
+    doubles::startWithAppearance(dark);
+    MacosAppearance appearance;
+    const Subscription following = follow(appearance);
+    doubles::setReducesMotion(true);
+    doubles::setReducesMotion(false);
+    EXPECT_THAT(announced, ElementsAre("before dark moving", "after dark still",
+                                       "before dark still", "after dark moving"));
+}
+
+TEST_F(MacosAppearanceTest, AnnouncesNothingThatIsNoChangeOfTheTwo) {
+    doubles::startWithAppearance(dark);
+    MacosAppearance appearance;
+    const Subscription following = follow(appearance);
+    changeAppearance(dark);
+    doubles::setReducesMotion(false);
+    doubles::activate(std::nullopt);
+    EXPECT_THAT(announced, IsEmpty());
+}
+
+TEST_F(MacosAppearanceTest, IsToldNothingOnceItHasGone) {
+    auto appearance = std::make_unique<MacosAppearance>();
+    journal();
+    appearance.reset();
+    changeAppearance(dark);
+    doubles::setReducesMotion(true);
+    EXPECT_THAT(journal(), ElementsAre("removeObserver"));
+    EXPECT_EQ(doubles::forgetObservations(), 0U);
+}
+
+TEST_F(MacosAppearanceTest, KnowsNoMotionWithoutAWorkspace) {
+    doubles::workspace().exists = false;
+    doubles::startWithAppearance(dark);
+    MacosAppearance appearance;
+    EXPECT_FALSE(appearance.reducesMotion());
+    changeAppearance(light);
+    EXPECT_EQ(appearance.colorScheme(), ColorScheme::light);
+}
+
+} // namespace
+} // namespace glidemap
