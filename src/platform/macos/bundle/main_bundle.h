@@ -1,0 +1,15 @@
+// What the program's own bundle says about it.
+//
+// Thread:  the main thread.
+// Errors:  as answers: a program without a bundle has no version.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace glidemap {
+
+// As people read it, such as 1.4.2.
+std::optional<std::string> bundleShortVersion();
+
+} // namespace glidemap

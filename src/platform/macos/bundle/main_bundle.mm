@@ -1,0 +1,14 @@
+#include "platform/macos/bundle/main_bundle.h"
+
+#include "platform/macos/foundation_text.h"
+
+namespace glidemap {
+
+// Whoever has written the information may have written anything.
+std::optional<std::string> bundleShortVersion() {
+    NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
+    const id version = [information objectForKey:@"CFBundleShortVersionString"];
+    return [version isKindOfClass:[NSString class]] ? textOf(version) : std::nullopt;
+}
+
+} // namespace glidemap

@@ -1,0 +1,23 @@
+#include "bundle/files_test.h"
+#include "platform/macos/bundle/application_support.h"
+
+namespace glidemap {
+namespace {
+
+using doubles::files;
+using testing::ElementsAre;
+
+class ApplicationSupportTest : public FilesTest {};
+
+TEST_F(ApplicationSupportTest, IsTheFirstOfTheUsersOwn) {
+    files().applicationSupport = {"/Users/mü/Library/Application Support", "/elsewhere"};
+    EXPECT_EQ(applicationSupportFolder(), "/Users/mü/Library/Application Support");
+    EXPECT_THAT(journal(), ElementsAre("URLsForDirectory 14 1"));
+}
+
+TEST_F(ApplicationSupportTest, IsAbsentWhereTheSystemKnowsNone) {
+    EXPECT_EQ(applicationSupportFolder(), std::nullopt);
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,15 @@
+// A test of what the program asks about its bundle and the user's folders.
+#pragma once
+
+#include "cocoa_test.h"
+#include "doubles/files.h"
+
+namespace glidemap {
+
+class FilesTest : public CocoaTest {
+protected:
+    FilesTest() { doubles::files() = {}; }
+    ~FilesTest() override { doubles::closeFiles(); }
+};
+
+} // namespace glidemap

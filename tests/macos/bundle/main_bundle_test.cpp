@@ -1,0 +1,26 @@
+#include "bundle/files_test.h"
+#include "platform/macos/bundle/main_bundle.h"
+
+namespace glidemap {
+namespace {
+
+using doubles::files;
+using Information = doubles::Files::Information;
+
+class MainBundleTest : public FilesTest {};
+
+TEST_F(MainBundleTest, TellsTheShortVersion) {
+    files().version = "1.10.2";
+    EXPECT_EQ(bundleShortVersion(), "1.10.2");
+}
+
+TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
+    for (const Information information :
+         {Information::none, Information::empty, Information::versionThatIsNoText}) {
+        files().information = information;
+        EXPECT_EQ(bundleShortVersion(), std::nullopt);
+    }
+}
+
+} // namespace
+} // namespace glidemap
