@@ -56,6 +56,7 @@ public:
 
 private:
     AppDelegate::Ports delegatePorts();
+    std::shared_ptr<UpdateChecker> makeUpdateChecker();
     std::shared_ptr<GestureDispatcher> makeDispatcher(std::shared_ptr<BindingStore> store);
     std::unique_ptr<StatusItem> makeStatusItem();
     std::unique_ptr<QWidget> makeSettingsWindow(const AppDelegate::Shown& shown);
@@ -91,11 +92,17 @@ AppDelegate::Ports Program::delegatePorts() {
         .clickTap = ports.clickTap,
         .engine = TouchEngine::shared(),
         .makeStore = [this] { return std::make_shared<BindingStore>(ports.dataFolder); },
-        .makeUpdateChecker = [] { return UpdateChecker::create({}); },
+        .makeUpdateChecker = [this] { return makeUpdateChecker(); },
         .makeDispatcher = [this](auto store) { return makeDispatcher(std::move(store)); },
         .makeStatusItem = [this] { return makeStatusItem(); },
         .makeSettingsWindow = [this](const auto& shown) { return makeSettingsWindow(shown); },
     };
+}
+
+std::shared_ptr<UpdateChecker> Program::makeUpdateChecker() {
+    UpdateChecker::Setup setup;
+    setup.currentVersion = ports.version;
+    return UpdateChecker::create(std::move(setup));
 }
 
 std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<BindingStore> store) {

@@ -27,6 +27,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace glidemap {
@@ -34,6 +35,9 @@ namespace glidemap {
 class Home {
 public:
     struct Ports {
+        // The program's, as people read it; nothing where nobody knows.
+        std::optional<std::string> version;
+
         std::shared_ptr<AppearanceSettings> appearance;
         std::shared_ptr<ApplicationShell> shell;
         std::shared_ptr<StatusBar> statusBar;

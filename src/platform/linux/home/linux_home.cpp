@@ -16,6 +16,8 @@
 #include "platform/qt/qt_window_geometry.h"
 #include "ui/recorder/toolkit_key_presses.h"
 
+#include <QCoreApplication>
+
 namespace glidemap {
 
 namespace {
@@ -29,6 +31,7 @@ public:
             }
         };
         given = {
+            .version = QCoreApplication::applicationVersion().toStdString(),
             .appearance = services.appearance,
             .shell = shell,
             .statusBar = std::make_shared<LinuxStatusBar>(),

@@ -1,0 +1,137 @@
+#include "input/multitouch_device_manager.h"
+#include "platform/common/steady_uptime_clock.h"
+#include "platform/common/threaded_delayed_work.h"
+#include "platform/common/threaded_serial_queue.h"
+#include "platform/home.h"
+#include "platform/macos/access/process_trust.h"
+#include "platform/macos/appearance/macos_appearance.h"
+#include "platform/macos/bundle/application_support.h"
+#include "platform/macos/bundle/main_bundle.h"
+#include "platform/macos/clicks/quartz_click_tap.h"
+#include "platform/macos/defaults/preferences.h"
+#include "platform/macos/keyboard/local_key_monitor.h"
+#include "platform/macos/keyboard/quartz_key_event_poster.h"
+#include "platform/macos/session/login_framework_lock.h"
+#include "platform/macos/session/main_app_login_item.h"
+#include "platform/macos/shell/macos_application_shell.h"
+#include "platform/macos/shell/menu_bar.h"
+#include "platform/macos/shell/reopen_event.h"
+#include "platform/macos/thread_setup.h"
+#include "platform/macos/touch/touch_driver_platform.h"
+#include "platform/macos/workspace/macos_workspace.h"
+#include "platform/qt/qt_window_geometry.h"
+#include "recognition/touch_engine.h"
+
+#include <QCoreApplication>
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+
+namespace glidemap {
+
+namespace {
+
+TouchEngine::Ports enginePorts() {
+    return {std::make_shared<SteadyUptimeClock>(), std::make_shared<ThreadedSerialQueue>([] {
+                setUpResponsiveThread(TouchEngine::queueLabel);
+            }),
+            std::make_shared<ThreadedDelayedWork>([] { setUpResponsiveThread("delayed work"); }),
+            &MultitouchDeviceManager::shared()};
+}
+
+// Without it there is no place for the bindings, and nothing that the program could do.
+std::filesystem::path dataFolder() {
+    if (const auto folder = applicationSupportFolder()) {
+        return *folder;
+    }
+    std::cerr << "glidemap: the system names no folder for Application Support" << std::endl;
+    std::abort();
+}
+
+std::filesystem::path ownFolder() {
+    return dataFolder() / "Glidemap";
+}
+
+class MacosHome : public Home {
+public:
+    explicit MacosHome(const std::shared_ptr<MainQueue>& mainQueue) {
+        MultitouchDeviceManager::configureShared(touchDriverPlatform());
+        TouchEngine::configureShared(enginePorts);
+        given = {
+            .version = bundleShortVersion(),
+            .appearance = std::make_shared<MacosAppearance>(),
+            .shell = std::make_shared<MacosApplicationShell>(),
+            .statusBar = std::make_shared<MenuBar>(),
+            .trust = std::make_shared<ProcessTrust>(),
+            .workspace = std::make_shared<MacosWorkspace>(),
+            .clickTap = std::make_shared<QuartzClickTap>(),
+            .keyboard = std::make_shared<QuartzKeyEventPoster>(),
+            .screenLock = std::make_shared<LoginFrameworkLock>(),
+            .loginItems = std::make_shared<MainAppLoginItem>(),
+            .keyPresses = std::make_shared<LocalKeyMonitor>(),
+            .windowGeometry = std::make_shared<QtWindowGeometry>(ownFolder() / "window.ini"),
+            .dataFolder = dataFolder,
+        };
+        // The application object takes the event for itself while it launches.
+        mainQueue->submit([weak = std::weak_ptr(life)] {
+            if (const auto home = weak.lock()) {
+                (*home)->hearOfReopening();
+            }
+        });
+    }
+
+    const Ports& ports() const override { return given; }
+
+    // Here nobody has to prove it.
+    void takeProof(const SingleInstance::Request& /*request*/) override {}
+
+private:
+    void hearOfReopening() {
+        reopening.emplace([this] {
+            if (onReopen) {
+                onReopen();
+            }
+        });
+    }
+
+    Ports given;
+    std::optional<ReopenEvent> reopening;
+    std::shared_ptr<MacosHome*> life = std::make_shared<MacosHome*>(this);
+};
+
+} // namespace
+
+std::filesystem::path Home::runtimeFolder() {
+    return ownFolder();
+}
+
+SingleInstance::Request Home::proofOfThisLaunch() {
+    return {};
+}
+
+bool Home::hasDisplay() {
+    return true;
+}
+
+std::string Home::programFile() {
+    return QCoreApplication::applicationFilePath().toStdString();
+}
+
+std::function<void()> Home::begin() {
+    return [] {
+    };
+}
+
+std::shared_ptr<UserDefaults> Home::userDefaults() {
+    return std::make_shared<Preferences>();
+}
+
+std::shared_ptr<AppearanceSettings> Home::appearanceAlone(MainQueue& /*mainQueue*/) {
+    return std::make_shared<MacosAppearance>();
+}
+
+std::unique_ptr<Home> Home::make(const std::shared_ptr<MainQueue>& mainQueue) {
+    return std::make_unique<MacosHome>(mainQueue);
+}
+
+} // namespace glidemap
