@@ -1,5 +1,8 @@
 #include "drivers/evdev/clone_writer.h"
 
+#include <linux/input.h>
+
+#include <cstddef>
 #include <utility>
 
 namespace glidemap {
@@ -21,19 +24,20 @@ bool isLanding(const InputEvent& event) {
 CloneWriter::CloneWriter(std::unique_ptr<PadClone> clone, std::int32_t slotCount)
     : device(std::move(clone)), held(slotCount) {
     output.reserve(largeFrame);
+    isMarked.resize(static_cast<std::size_t>(held.slotCount()));
 }
 
 bool CloneWriter::forward(std::span<const InputEvent> frame, std::int32_t slotBefore,
                           const PadState& source, double time) {
-    if (frame.empty()) {
-        return true;
+    if (!frame.empty()) {
+        choose(slotBefore, time);
+        for (const InputEvent& event : frame) {
+            say(event);
+        }
+        completeLandings(frame, slotBefore, source, time);
     }
-    choose(slotBefore, time);
-    for (const InputEvent& event : frame) {
-        say(event);
-    }
-    completeLandings(frame, slotBefore, source, time);
-    return writeFrame(time);
+    markContacts(source, time);
+    return output.empty() || writeFrame(time);
 }
 
 void CloneWriter::say(const InputEvent& event) {
@@ -60,11 +64,14 @@ void CloneWriter::completeLandings(std::span<const InputEvent> frame, std::int32
 
 void CloneWriter::completeSlot(std::int32_t slot, const PadState& source, double time) {
     for (std::uint16_t code = PadState::firstSlotAxis; code <= PadState::lastSlotAxis; ++code) {
-        const std::int32_t value = source.slotValue(slot, code);
-        if (held.slotValue(slot, code) != value) {
-            choose(slot, time);
-            say({time, EV_ABS, code, value});
-        }
+        complete(slot, code, source.slotValue(slot, code), time);
+    }
+}
+
+void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t value, double time) {
+    if (held.slotValue(slot, code) != value) {
+        choose(slot, time);
+        say({time, EV_ABS, code, value});
     }
 }
 
@@ -74,6 +81,21 @@ void CloneWriter::completeAxes(const PadState& source, double time) {
         if (held.axis(code) != source.axis(code)) {
             say({time, EV_ABS, code, source.axis(code)});
         }
+    }
+}
+
+// Asked anew with every frame, from what the two hold, so that no mark outlives its reason however
+// the button came up. A finger that lifts is unmarked too: the next one in its slot is a finger.
+void CloneWriter::markContacts(const PadState& source, double time) {
+    const bool pressWasTaken = source.holdsKeyThatIsUpIn(held);
+    for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {
+        const auto index = static_cast<std::size_t>(slot);
+        const bool mark = pressWasTaken && held.isDown(slot);
+        if (mark || isMarked[index]) {
+            const std::int32_t own = source.slotValue(slot, ABS_MT_TOOL_TYPE);
+            complete(slot, ABS_MT_TOOL_TYPE, mark ? MT_TOOL_PALM : own, time);
+        }
+        isMarked[index] = mark;
     }
 }
 

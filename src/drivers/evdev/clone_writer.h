@@ -5,6 +5,10 @@
 // touchpad would not know. So whenever a finger lands, what the clone does not have yet is added to
 // the frame; to a clone that has it all nothing is.
 //
+// While a press is held that was taken out, the fingers are said to be palms. Whoever makes taps of
+// short touches hears of no button that would tell him better, and a palm does not tap; it does not
+// point or scroll either, until the button is up and it is a finger again.
+//
 // Allocates nothing for a frame, once frames of its size have been seen.
 //
 // Thread:  under the driver's lock.
@@ -42,12 +46,15 @@ private:
     void completeLandings(std::span<const InputEvent> frame, std::int32_t slotBefore,
                           const PadState& source, double time);
     void completeSlot(std::int32_t slot, const PadState& source, double time);
+    void complete(std::int32_t slot, std::uint16_t code, std::int32_t value, double time);
     void completeAxes(const PadState& source, double time);
+    void markContacts(const PadState& source, double time);
     void choose(std::int32_t slot, double time);
     bool writeFrame(double time);
 
     std::unique_ptr<PadClone> device;
     PadState held;
+    std::vector<bool> isMarked; // by slot: said to be a palm, for a press that was taken
     std::vector<InputEvent> output;
 };
 

@@ -44,6 +44,7 @@ public:
     std::int32_t slotValue(std::int32_t slotNumber, std::uint16_t code) const;
     std::int32_t axis(std::uint16_t code) const { return axes[code]; }
     bool isPressed(std::uint16_t key) const { return keys[key]; }
+    bool holdsKeyThatIsUpIn(const PadState& other) const { return (keys & ~other.keys).any(); }
 
 private:
     using SlotAxes = std::array<std::int32_t, lastSlotAxis - firstSlotAxis + 1>;

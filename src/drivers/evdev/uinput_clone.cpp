@@ -9,9 +9,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -72,6 +75,19 @@ std::int32_t fuzzOf(udev_device* device, unsigned code) {
     return value != nullptr ? static_cast<std::int32_t>(std::strtol(value, nullptr, 10)) : 0;
 }
 
+// The source's, and one by which the clone can call a finger a palm, whether the source can or not.
+std::optional<input_absinfo> axisOf(const libevdev* source, unsigned code) {
+    const input_absinfo* info = libevdev_get_abs_info(source, code);
+    if (info == nullptr && code != ABS_MT_TOOL_TYPE) {
+        return std::nullopt;
+    }
+    input_absinfo axis = info != nullptr ? *info : input_absinfo{};
+    if (code == ABS_MT_TOOL_TYPE) {
+        axis.maximum = std::max(axis.maximum, MT_TOOL_PALM);
+    }
+    return axis;
+}
+
 bool declareAxes(int file, const libevdev* source) {
     if (ioctl(file, UI_SET_EVBIT, EV_ABS) != 0) {
         return false;
@@ -79,13 +95,13 @@ bool declareAxes(int file, const libevdev* source) {
     const UdevHandle<udev> context(udev_new());
     const UdevHandle<udev_device> device = udevDeviceOf(context.get(), source);
     for (unsigned code = 0; code < ABS_CNT; ++code) {
-        const input_absinfo* info = libevdev_get_abs_info(source, code);
-        if (info == nullptr) {
+        const std::optional<input_absinfo> axis = axisOf(source, code);
+        if (!axis.has_value()) {
             continue;
         }
         uinput_abs_setup setup{};
         setup.code = static_cast<__u16>(code);
-        setup.absinfo = *info;
+        setup.absinfo = *axis;
         setup.absinfo.value = 0; // as CloneWriter takes it to be
         setup.absinfo.fuzz = fuzzOf(device.get(), code);
         if (ioctl(file, UI_ABS_SETUP, &setup) != 0) {

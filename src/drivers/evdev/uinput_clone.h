@@ -1,5 +1,6 @@
 // A second touchpad that is like the first in everything that others go by: identity, name,
-// properties, keys and axes. What tells the two apart is where the clone says that it is connected.
+// properties, keys and axes. What tells the two apart is where the clone says that it is connected,
+// and that a clone can always call a finger a palm.
 //
 // Thread:  as PadClone.
 // Errors:  as values; null for want of the right to make devices.

@@ -22,6 +22,12 @@ protected:
         return writer.forward(events, slot, source, time);
     }
 
+    // The button change is taken out of its frame.
+    void sayWithout(const InputEvent& button, double time = 1) {
+        applyToSource({button});
+        EXPECT_TRUE(writer.forward({}, source.slot(), source, time));
+    }
+
     Texts written() const {
         Texts frames = system->journal();
         frames.erase(frames.begin()); // the clone's making
@@ -100,6 +106,100 @@ TEST_F(CloneWriterTest, ToACloneThatHasItAllNothingIsAdded) {
 TEST_F(CloneWriterTest, AFingerThatLandsInASlotThatDoesNotExistIsPassedOn) {
     say({{1, EV_ABS, ABS_MT_SLOT, 3}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
     EXPECT_EQ(written(), (Texts{"3:47=3 3:57=5"}));
+}
+
+constexpr InputEvent leftDown{1, EV_KEY, BTN_LEFT, 1};
+constexpr InputEvent leftUp{1, EV_KEY, BTN_LEFT, 0};
+
+const Events twoFingers{{1, EV_ABS, ABS_MT_TRACKING_ID, 5},
+                        {1, EV_ABS, ABS_MT_SLOT, 1},
+                        {1, EV_ABS, ABS_MT_TRACKING_ID, 6}};
+const Events twoLifts{{1, EV_ABS, ABS_MT_SLOT, 0},
+                      {1, EV_ABS, ABS_MT_TRACKING_ID, -1},
+                      {1, EV_ABS, ABS_MT_SLOT, 1},
+                      {1, EV_ABS, ABS_MT_TRACKING_ID, -1}};
+
+TEST_F(CloneWriterTest, FingersArePalmsFromAPressThatWasTakenUntilItsRelease) {
+    say(twoFingers);
+    sayWithout(leftDown);
+    say({{1, EV_ABS, ABS_MT_POSITION_X, 9}});
+    sayWithout(leftUp, 3);
+    EXPECT_EQ(system->timeOfLastFrame(), 3);
+    say(twoLifts);
+    EXPECT_EQ(written(), (Texts{"3:57=5 3:47=1 3:57=6", "3:47=0 3:55=2 3:47=1 3:55=2", "3:53=9",
+                                "3:47=0 3:55=0 3:47=1 3:55=0", "3:47=0 3:57=-1 3:47=1 3:57=-1"}));
+}
+
+TEST_F(CloneWriterTest, AFrameAfterAMarkBeginsInTheSlotThatTheTouchpadIsIn) {
+    say(twoFingers);
+    say({{1, EV_ABS, ABS_MT_SLOT, 0}});
+    sayWithout(leftDown);
+    say({{1, EV_ABS, ABS_MT_POSITION_X, 9}});
+    EXPECT_EQ(written(),
+              (Texts{"3:57=5 3:47=1 3:57=6", "3:47=0", "3:55=2 3:47=1 3:55=2", "3:47=0 3:53=9"}));
+}
+
+TEST_F(CloneWriterTest, AFingerThatLandsWhileATakenPressIsHeldIsAPalmToo) {
+    sayWithout(leftDown);
+    say({{1, EV_ABS, ABS_MT_SLOT, 2}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 6}});
+    sayWithout(leftUp);
+    EXPECT_EQ(written(), (Texts{"3:47=2 3:57=5 3:55=2", "3:57=6 3:55=0 3:55=2", "3:55=0"}));
+}
+
+TEST_F(CloneWriterTest, AFingerThatLiftsWhileATakenPressIsHeldLeavesNoPalmInItsSlot) {
+    say(twoFingers);
+    sayWithout(leftDown);
+    say(twoLifts);
+    sayWithout(leftUp);
+    say(twoFingers);
+    EXPECT_EQ(written(), (Texts{"3:57=5 3:47=1 3:57=6", "3:47=0 3:55=2 3:47=1 3:55=2",
+                                "3:47=0 3:57=-1 3:47=1 3:57=-1 3:47=0 3:55=0 3:47=1 3:55=0",
+                                "3:57=5 3:47=1 3:57=6"}));
+}
+
+TEST_F(CloneWriterTest, APressThatIsSaidMarksNothing) {
+    say(twoFingers);
+    say({leftDown});
+    say({leftUp});
+    say(twoLifts);
+    EXPECT_EQ(written(), (Texts{"3:57=5 3:47=1 3:57=6", "1:272=1", "1:272=0",
+                                "3:47=0 3:57=-1 3:47=1 3:57=-1"}));
+}
+
+TEST_F(CloneWriterTest, ThePressOfOneButtonThatWasTakenMarksAlsoWhileAnotherIsSaid) {
+    say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
+    sayWithout(leftDown);
+    say({{1, EV_KEY, BTN_RIGHT, 1}});
+    say({{1, EV_KEY, BTN_RIGHT, 0}});
+    sayWithout(leftUp);
+    EXPECT_EQ(written(), (Texts{"3:57=5", "3:55=2", "1:273=1", "1:273=0", "3:55=0"}));
+}
+
+TEST_F(CloneWriterTest, AReleaseThatWasLostAndIsMadeUpForUnmarksToo) {
+    say(twoFingers);
+    sayWithout(leftDown);
+    applyToSource({leftUp});
+    say({{1, EV_ABS, ABS_MT_POSITION_Y, 4}});
+    EXPECT_EQ(written().back(), "3:54=4 3:47=0 3:55=0 3:47=1 3:55=0");
+}
+
+TEST_F(CloneWriterTest, AfterATakenPressAContactIsWhatTheTouchpadSaysItIs) {
+    constexpr InputEvent palm{1, EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_PALM};
+    constexpr InputEvent finger{1, EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_FINGER};
+    say(twoFingers);
+    say({palm});
+    sayWithout(leftDown);
+    sayWithout(leftUp);
+    say({finger});
+    sayWithout(leftDown);
+    say({palm});
+    say({finger});
+    say({palm});
+    sayWithout(leftUp);
+    EXPECT_EQ(written(), (Texts{"3:57=5 3:47=1 3:57=6", "3:55=2", "3:47=0 3:55=2", "3:55=0",
+                                "3:47=1 3:55=0", "3:47=0 3:55=2 3:47=1 3:55=2", "3:55=2",
+                                "3:55=0 3:55=2", "3:55=2", "3:47=0 3:55=0"}));
 }
 
 TEST_F(CloneWriterTest, ReleasesWhatTheCloneHoldsAndNothingElse) {

@@ -121,8 +121,40 @@ TEST_F(PadInterceptionTest, WhatIsHeldPutsTheTakingOff) {
 TEST_F(PadInterceptionTest, ADroppedPressIsTakenOutOfItsFrameAndSoIsItsRelease) {
     switchOn();
     say({{fingerDown}, {leftDown, {1, EV_ABS, ABS_MT_POSITION_X, 4}}, {leftUp}, {fingerUp}});
-    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:53=4", "3:57=-1"}));
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5", "3:53=4 3:55=2", "3:55=0", "3:57=-1"}));
     EXPECT_EQ(asked, (Texts{"0,0", "1,0"}));
+}
+
+TEST_F(PadInterceptionTest, WhereNobodyTouchesADroppedPressLeavesNoTrace) {
+    switchOn();
+    say({{leftDown}, {leftUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
+}
+
+TEST_F(PadInterceptionTest, ADroppedPressLiftedInOneFrameLeavesNoPalm) {
+    switchOn();
+    say({{fingerDown, leftDown}, {fingerUp, leftUp}, {fingerDown}});
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5 3:55=2", "3:57=-1 3:55=0", "3:57=5"}));
+}
+
+TEST_F(PadInterceptionTest, SwitchedOffWhileADroppedPressIsHeldTheFingersArePalmsUntilItsRelease) {
+    switchOn();
+    say({{fingerDown}, {leftDown}});
+    switchOn(false);
+    say({{leftUp}, {fingerUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:55=2", "1:272=0 3:55=0",
+                                         "3:57=-1", "ungrab", "destroy"}));
+}
+
+// It was a palm as long as it was there: what lifts it makes no tap of it.
+TEST_F(PadInterceptionTest, EndedWhileADroppedPressIsHeldTheFingersAreLiftedAsPalms) {
+    switchOn();
+    say({{fingerDown}, {leftDown}});
+    interception->end();
+    EXPECT_EQ(system().journal(),
+              (Texts{"clone", "grab", "3:57=5", "3:55=2", "3:57=-1", "ungrab", "destroy"}));
 }
 
 TEST_F(PadInterceptionTest, WhatTheFilterLetsPassPasses) {
@@ -271,7 +303,7 @@ TEST_F(PadInterceptionTest, ATouchpadThatIsLostHasReleasedItsButtons) {
     interception->lose();
     EXPECT_EQ(asked, (Texts{"0,0", "1,0"}));
     EXPECT_EQ(system().journal(),
-              (Texts{"clone", "grab", "3:57=5", "3:57=-1", "ungrab", "destroy"}));
+              (Texts{"clone", "grab", "3:57=5", "3:55=2", "3:57=-1", "ungrab", "destroy"}));
 }
 
 TEST_F(PadInterceptionTest, DestroyingItGivesBack) {
@@ -299,8 +331,8 @@ TEST_F(PadInterceptionTest, TheFilterMaySwitchItselfOffWhileItIsAsked) {
     };
     say({{fingerDown, leftDown}, {leftUp}, {fingerUp}});
     EXPECT_EQ(asked, (Texts{"0,0"}));
-    EXPECT_EQ(system().journal(),
-              (Texts{"clone", "grab", "3:57=5", "1:272=0", "3:57=-1", "ungrab", "destroy"}));
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5 3:55=2", "1:272=0 3:55=0",
+                                         "3:57=-1", "ungrab", "destroy"}));
 }
 
 TEST_F(PadInterceptionTest, ATouchpadWithoutButtonsIsLetAlone) {

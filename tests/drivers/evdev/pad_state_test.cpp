@@ -72,6 +72,18 @@ TEST(PadState, HoldsEachSlotsAxesAndThoseOfAllTogether) {
     EXPECT_EQ(state.axis(ABS_Y), 0);
 }
 
+TEST(PadState, TellsWhetherItHoldsAKeyThatIsUpInAnother) {
+    PadState pad(1);
+    PadState clone(1);
+    apply(clone, {{0, EV_KEY, BTN_TOUCH, 1}});
+    EXPECT_FALSE(pad.holdsKeyThatIsUpIn(clone));
+    apply(pad, {{0, EV_KEY, BTN_TOUCH, 1}});
+    EXPECT_FALSE(pad.holdsKeyThatIsUpIn(clone));
+    apply(pad, {{0, EV_KEY, BTN_RIGHT, 1}});
+    EXPECT_TRUE(pad.holdsKeyThatIsUpIn(clone));
+    EXPECT_FALSE(clone.holdsKeyThatIsUpIn(pad));
+}
+
 TEST(PadState, APadMayHaveNoSlots) {
     PadState state(-1);
     apply(state, {{0, EV_ABS, ABS_MT_TRACKING_ID, 1}});
