@@ -42,8 +42,16 @@ TEST(CloneTest, AClickOfTwoFingersIsTakenOutWithItsReleaseAndTheTouchesStay) {
                              {EV_ABS, ABS_MT_POSITION_X, 1000},
                              {EV_ABS, ABS_MT_POSITION_Y, 500}},
                             fingerDown(1, 8, 2000, 600)}),
-                  {{EV_ABS, ABS_MT_SLOT, 0}, {EV_ABS, ABS_MT_POSITION_X, 1010}},
-                  together({{{EV_ABS, ABS_MT_TRACKING_ID, -1}}, fingerUp(1)}),
+                  {{EV_ABS, ABS_MT_SLOT, 0},
+                   {EV_ABS, ABS_MT_POSITION_X, 1010},
+                   {EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_PALM},
+                   {EV_ABS, ABS_MT_SLOT, 1},
+                   {EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_PALM}},
+                  {{EV_ABS, ABS_MT_SLOT, 0},
+                   {EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_FINGER},
+                   {EV_ABS, ABS_MT_SLOT, 1},
+                   {EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_FINGER}},
+                  together({fingerUp(0), fingerUp(1)}),
               }));
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}, {up, 0, 2}}));
     EXPECT_TRUE(forwarded.others.isQuiet());
@@ -362,11 +370,42 @@ TEST(CloneTest, EventsThatTheDriverWasTooLateForAreMadeUpForOnTheClone) {
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}}));
     EXPECT_FALSE(contains(frames, leftDown));
     EXPECT_TRUE(forwarded.clone->isTouched());
+    const auto tools = [&] {
+        return forwarded.clone->slotValues(ABS_MT_TOOL_TYPE);
+    };
+    EXPECT_THAT(tools(), testing::ElementsAre(MT_TOOL_PALM, 0, MT_TOOL_PALM, 0, 0));
 
     pad.write(fingerUp(0));
     pad.write(together({fingerUp(2), {leftUp}}));
     EXPECT_FALSE(contains(forwarded.readClone(), leftUp));
     EXPECT_FALSE(forwarded.clone->isTouched());
+    EXPECT_THAT(tools(), testing::Each(MT_TOOL_FINGER));
+}
+
+TEST(CloneTest, AReleaseThatTheDriverWasTooLateForLeavesNoPalm) {
+    constexpr std::int32_t manyFrames = 200; // more than the kernel keeps for a reader
+    ForwardedPad forwarded;
+    forwarded.switchOn();
+    auto& pad = forwarded.pad;
+    pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 500), {leftDown}}));
+    forwarded.readClone();
+    EXPECT_THAT(forwarded.clone->slotValues(ABS_MT_TOOL_TYPE),
+                testing::ElementsAre(MT_TOOL_PALM, MT_TOOL_PALM, 0, 0, 0));
+    forwarded.session.forget();
+    forwarded.session.holdReports();
+    pad.write(fingerMove(0, 1001, 500));
+    ASSERT_TRUE(forwarded.session.waitUntil(
+        "the motion", [](const DriverSession::Seen& seen) { return !seen.reports.empty(); }));
+    pad.write(together({fingerUp(1), {leftUp}}));
+    for (std::int32_t step = 2; step <= manyFrames; ++step) {
+        pad.write(fingerMove(0, 1000 + step, 500 + step % 2));
+    }
+    ASSERT_TRUE(forwarded.session.releaseReports());
+    EXPECT_LT(forwarded.readClone().size(), static_cast<std::size_t>(manyFrames))
+        << "none were lost";
+    EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}, {up, 0, 1}}));
+    EXPECT_TRUE(forwarded.clone->isTouched());
+    EXPECT_THAT(forwarded.clone->slotValues(ABS_MT_TOOL_TYPE), testing::Each(MT_TOOL_FINGER));
 }
 
 std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {

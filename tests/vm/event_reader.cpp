@@ -86,14 +86,18 @@ bool EventReader::isPressed(int key) const {
     return (bits[number / 8] >> (number % 8) & 1) != 0;
 }
 
-bool EventReader::isTouched() const {
+std::vector<std::int32_t> EventReader::slotValues(int axis) const {
     std::array<std::int32_t, 65> slots{};
-    slots[0] = ABS_MT_TRACKING_ID;
+    slots[0] = axis;
     input_absinfo slot{};
     EXPECT_GE(ioctl(file, EVIOCGABS(ABS_MT_SLOT), &slot), 0);
     EXPECT_GE(ioctl(file, EVIOCGMTSLOTS(sizeof slots), slots.data()), 0);
-    return std::any_of(slots.begin() + 1, slots.begin() + 2 + slot.maximum,
-                       [](std::int32_t id) { return id >= 0; });
+    return {slots.begin() + 1, slots.begin() + 2 + slot.maximum};
+}
+
+bool EventReader::isTouched() const {
+    return std::ranges::any_of(slotValues(ABS_MT_TRACKING_ID),
+                               [](std::int32_t id) { return id >= 0; });
 }
 
 bool EventReader::grab() const {

@@ -42,6 +42,7 @@ public:
     // What the device holds, whoever listens to it.
     bool isPressed(int key) const;
     bool isTouched() const;
+    std::vector<std::int32_t> slotValues(int axis) const;
 
     bool grab() const;
     void ungrab() const;
