@@ -36,9 +36,6 @@ constexpr unsigned long control = 0x40000;
 // Longer than the program lets pass between the two taps of a double one.
 constexpr double betweenGestures = 0.6;
 
-// Fingers that lift sooner have tapped, to a desktop that hears of no button.
-constexpr double longerThanATap = 0.3;
-
 // X's modifier bits.
 constexpr std::uint16_t shiftHeld = 1;
 constexpr std::uint16_t controlHeld = 4;
@@ -163,7 +160,7 @@ TEST_F(XorgTest, ASwallowedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
     waitForKeyboard();
     waitForClone();
     PadHand hand(*pad);
-    hand.down(2).pause(longerThanATap).press().release().up();
+    hand.click(2);
     EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut ⌃⇧T @ Glidemap Probe"));
     EXPECT_TRUE(window->waitForInputs(6));
     hand.pause(betweenGestures).click(1);
