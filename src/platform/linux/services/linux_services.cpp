@@ -1,9 +1,6 @@
 #include "platform/linux/services/linux_services.h"
 
-#include "input/multitouch_device_manager.h"
-#include "platform/common/steady_uptime_clock.h"
-#include "platform/common/threaded_delayed_work.h"
-#include "platform/common/threaded_serial_queue.h"
+#include "platform/common/shared_engine.h"
 #include "platform/linux/access/grant_prompt.h"
 #include "platform/linux/access/input_trust.h"
 #include "platform/linux/access/udev_input_nodes.h"
@@ -14,27 +11,8 @@
 #include "platform/linux/thread_setup.h"
 #include "platform/linux/touch_driver_platform.h"
 #include "platform/linux/windows/desktop_backends.h"
-#include "recognition/touch_engine.h"
 
 namespace glidemap {
-
-namespace {
-
-TouchEngine::Ports enginePorts() {
-    return {std::make_shared<SteadyUptimeClock>(), std::make_shared<ThreadedSerialQueue>([] {
-                setUpResponsiveThread(TouchEngine::queueLabel);
-            }),
-            std::make_shared<ThreadedDelayedWork>([] { setUpResponsiveThread("delayed work"); }),
-            &MultitouchDeviceManager::shared()};
-}
-
-MultitouchDeviceManager& sharedDeviceManager() {
-    MultitouchDeviceManager::configureShared(touchDriverPlatform());
-    TouchEngine::configureShared(enginePorts);
-    return MultitouchDeviceManager::shared();
-}
-
-} // namespace
 
 LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
     : accessPrompt(mainQueue, grantAccessCommand()), overview(desktop), portal(desktop, *mainQueue),
@@ -49,7 +27,8 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
                                          accessPrompt.ask();
                                      }})),
       screenLock(std::make_shared<LinuxScreenLock>(desktop, *mainQueue)),
-      clickTap(std::make_shared<LinuxClickTap>(sharedDeviceManager())),
+      clickTap(std::make_shared<LinuxClickTap>(
+          makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread))),
       keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))) {
     // Before anybody types: a desktop takes a moment to notice a keyboard.
     keyboard->plugIn();

@@ -1,7 +1,4 @@
-#include "input/multitouch_device_manager.h"
-#include "platform/common/steady_uptime_clock.h"
-#include "platform/common/threaded_delayed_work.h"
-#include "platform/common/threaded_serial_queue.h"
+#include "platform/common/shared_engine.h"
 #include "platform/home.h"
 #include "platform/macos/access/process_trust.h"
 #include "platform/macos/appearance/macos_appearance.h"
@@ -20,7 +17,6 @@
 #include "platform/macos/touch/touch_driver_platform.h"
 #include "platform/macos/workspace/macos_workspace.h"
 #include "platform/qt/qt_window_geometry.h"
-#include "recognition/touch_engine.h"
 
 #include <QCoreApplication>
 #include <cstdlib>
@@ -30,14 +26,6 @@
 namespace glidemap {
 
 namespace {
-
-TouchEngine::Ports enginePorts() {
-    return {std::make_shared<SteadyUptimeClock>(), std::make_shared<ThreadedSerialQueue>([] {
-                setUpResponsiveThread(TouchEngine::queueLabel);
-            }),
-            std::make_shared<ThreadedDelayedWork>([] { setUpResponsiveThread("delayed work"); }),
-            &MultitouchDeviceManager::shared()};
-}
 
 // Without it there is no place for the bindings, and nothing that the program could do.
 std::filesystem::path dataFolder() {
@@ -55,8 +43,7 @@ std::filesystem::path ownFolder() {
 class MacosHome : public Home {
 public:
     explicit MacosHome(const std::shared_ptr<MainQueue>& mainQueue) {
-        MultitouchDeviceManager::configureShared(touchDriverPlatform());
-        TouchEngine::configureShared(enginePorts);
+        makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread);
         given = {
             .version = bundleShortVersion(),
             .appearance = std::make_shared<MacosAppearance>(),

@@ -1,0 +1,23 @@
+# fail_if_found(REGEX EXCEPT MESSAGE): fails with the message if a line of a source below SOURCE_DIR matches, and names each
+# place. EXCEPT matches the paths of the sources that may.
+function(fail_if_found regex except message)
+    set(found)
+    foreach(folder src tools bench tests)
+        file(GLOB_RECURSE sources RELATIVE ${SOURCE_DIR}
+             ${SOURCE_DIR}/${folder}/*.h ${SOURCE_DIR}/${folder}/*.c ${SOURCE_DIR}/${folder}/*.cpp
+             ${SOURCE_DIR}/${folder}/*.m ${SOURCE_DIR}/${folder}/*.mm)
+        list(FILTER sources EXCLUDE REGEX ${except})
+        foreach(source IN LISTS sources)
+            file(STRINGS ${SOURCE_DIR}/${source} lines REGEX ${regex})
+            foreach(line IN LISTS lines)
+                list(APPEND found "${source}: ${line}")
+            endforeach()
+        endforeach()
+    endforeach()
+    if(found)
+        list(JOIN found "\n" text)
+        # As one line each, which the message command would reflow.
+        execute_process(COMMAND ${CMAKE_COMMAND} -E echo "${text}")
+        message(FATAL_ERROR ${message})
+    endif()
+endfunction()
