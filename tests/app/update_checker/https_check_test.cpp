@@ -29,9 +29,12 @@ class HttpsCheckTest : public testing::Test {
 protected:
     std::shared_ptr<UpdateChecker> checkerRunning(const std::string& version) {
         return UpdateChecker::create(
-            {.host = server.host(),
-             .currentVersion = version,
-             .fetch = httpsFetch({.silence = silence, .authorities = authority.certificates()})});
+            {.host = server.host(), .currentVersion = version, .fetch = countedFetch()});
+    }
+
+    // What nobody has waited for ends within the test, too.
+    void TearDown() override {
+        EXPECT_TRUE(Application::runUntil([this] { return underWay == 0; }));
     }
 
     UpdateResult check(UpdateChecker& checker) {
@@ -65,10 +68,23 @@ protected:
         return checker;
     }
 
+    Fetch countedFetch() {
+        return [this,
+                fetch = httpsFetch({.silence = silence, .authorities = authority.certificates()})](
+                   const std::string& url, const auto& done) {
+            ++underWay;
+            fetch(url, [this, done](const Fetched& fetched) {
+                --underWay;
+                done(fetched);
+            });
+        };
+    }
+
     const Application application;
     const test::Authority authority;
     HttpsServer server{authority.vouchFor("IP:127.0.0.1"), ok(manifest("1.2.1"))};
     std::chrono::milliseconds silence = 30s;
+    int underWay = 0;
 };
 
 TEST_F(HttpsCheckTest, ANewerVersionIsFoundAndKept) {
