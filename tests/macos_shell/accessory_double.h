@@ -1,0 +1,11 @@
+// What the shell asks the system for, in order.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace glidemap::doubles {
+
+std::vector<std::string>& asked();
+
+} // namespace glidemap::doubles

@@ -1,0 +1,56 @@
+#include "platform/macos/shell/macos_application_shell.h"
+
+#include "accessory_double.h"
+#include "platform/qt/session_end.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+namespace glidemap {
+namespace {
+
+using testing::ElementsAre;
+
+class MacosApplicationShellTest : public testing::Test {
+protected:
+    MacosApplicationShellTest() {
+        doubles::asked().clear();
+        QGuiApplication::setQuitOnLastWindowClosed(true); // as in a program that says nothing
+    }
+
+    ~MacosApplicationShellTest() override { QGuiApplication::setQuitOnLastWindowClosed(false); }
+
+    MacosApplicationShell shell;
+};
+
+TEST_F(MacosApplicationShellTest, AnAccessoryLivesOnWithoutAWindow) {
+    shell.becomeAccessory();
+    EXPECT_THAT(doubles::asked(), ElementsAre("becomeAccessory"));
+    EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed());
+}
+
+TEST_F(MacosApplicationShellTest, TheProgramComesForwardWithTheWindow) {
+    QWidget window;
+    window.show();
+    shell.activate(window);
+    EXPECT_THAT(doubles::asked(), ElementsAre("comeForward"));
+}
+
+// The toolkit's own way to quit is to ask, and whoever is asked here terminates.
+TEST_F(MacosApplicationShellTest, AskedToQuitByTheSystemItEndsTheLoopAndAsksNobodyAgain) {
+    int asked = 0;
+    const SessionEnd sessionEnd([&] {
+        ASSERT_EQ(++asked, 1);
+        shell.terminate();
+    });
+    QTimer::singleShot(0, [] { QCoreApplication::quit(); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_EQ(asked, 1);
+}
+
+} // namespace
+} // namespace glidemap
