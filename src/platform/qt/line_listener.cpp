@@ -94,10 +94,11 @@ std::error_code LineListener::listen() const {
     socketFile.native().copy(address.sun_path, socketFile.native().size());
     std::error_code ignored; // making it tells
     std::filesystem::remove(socketFile, ignored);
-    // The file gets what the socket has: at no time can anyone else open it.
-    const bool listens = fchmod(socket.descriptor(), S_IRUSR | S_IWUSR) == 0 &&
-                         bind(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address),
+    // Nobody is let in before it listens, and then nobody else can open the file: not every system
+    // lets a socket have a mode before it has a file.
+    const bool listens = bind(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address),
                               sizeof address) == 0 &&
+                         chmod(socketFile.c_str(), S_IRUSR | S_IWUSR) == 0 &&
                          ::listen(socket.descriptor(), mostWaiting) == 0;
     return listens ? std::error_code() : lastError();
 }
