@@ -1,6 +1,5 @@
-#include "platform/macos/shell/macos_application_shell.h"
-
 #include "accessory_double.h"
+#include "platform/macos/shell/macos_application_shell.h"
 #include "platform/qt/session_end.h"
 
 #include <gmock/gmock.h>

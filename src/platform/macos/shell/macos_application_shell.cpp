@@ -2,12 +2,14 @@
 
 #include "platform/macos/shell/accessory.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QWidget>
 
 namespace glidemap {
 
+// It lives on without a window.
 void MacosApplicationShell::becomeAccessory() {
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     glidemap::becomeAccessory();
 }
 
@@ -18,7 +20,8 @@ void MacosApplicationShell::activate(QWidget& window) {
 }
 
 void MacosApplicationShell::terminate() {
-    QCoreApplication::quit();
+    // quit() would have the system ask the program whether it may end, which comes back to here.
+    QCoreApplication::exit(0);
 }
 
 } // namespace glidemap
