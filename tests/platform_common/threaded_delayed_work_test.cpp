@@ -34,6 +34,23 @@ TEST(ThreadedDelayedWork, runsAnItemNotBeforeItsDelay) {
     EXPECT_GE(ran - scheduled, std::chrono::milliseconds(20));
 }
 
+std::atomic<int> within = 0;
+
+void countWithin(const std::function<void()>& work) {
+    ++within;
+    work();
+    --within;
+}
+
+TEST(ThreadedDelayedWork, runsEachItemWithinWhatItIsGiven) {
+    ThreadedDelayedWork work({}, countWithin);
+    std::vector<int> ran;
+    work.schedule(item([&ran] { ran.push_back(within); }), 0);
+    work.schedule(item([&ran] { ran.push_back(within); }), 0);
+    waitFor(work, 0);
+    EXPECT_EQ(ran, std::vector({1, 1}));
+}
+
 TEST(ThreadedDelayedWork, runsItemsInTheOrderOfTheirDeadlines) {
     constexpr std::chrono::milliseconds apart(10);
     std::vector<int> order;

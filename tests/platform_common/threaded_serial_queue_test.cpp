@@ -51,6 +51,33 @@ TEST(ThreadedSerialQueue, preparesItsThreadBeforeTheFirstTask) {
     EXPECT_EQ(prepared.load(), worker);
 }
 
+std::atomic<int> within = 0;
+
+void countWithin(const std::function<void()>& work) {
+    ++within;
+    work();
+    --within;
+}
+
+// Says where it is let go of.
+std::shared_ptr<void> releasedWithin(std::vector<int>& seen) {
+    return {nullptr, [&seen](void*) {
+                seen.push_back(within);
+            }};
+}
+
+TEST(ThreadedSerialQueue, runsEachTaskWithinWhatItIsGivenAndDestroysItThere) {
+    std::vector<int> ran;
+    std::vector<int> released;
+    ThreadedSerialQueue queue({}, countWithin);
+    for (int turn = 0; turn < 2; ++turn) {
+        queue.submit([&, capture = releasedWithin(released)] { ran.push_back(within); });
+    }
+    drain(queue);
+    EXPECT_EQ(ran, std::vector({1, 1}));
+    EXPECT_EQ(released, std::vector({1, 1}));
+}
+
 // Occupies the queue until it is told to go on.
 struct Blocker {
     std::promise<void> entered;

@@ -11,15 +11,16 @@
 namespace glidemap {
 
 MultitouchDeviceManager& makeSharedEngine(TouchDriverPlatform platform,
-                                          void (*setUpThread)(std::string_view name)) {
+                                          void (*setUpThread)(std::string_view name),
+                                          WorkWithin within) {
     MultitouchDeviceManager::configureShared(std::move(platform));
-    TouchEngine::configureShared([setUpThread]() -> TouchEngine::Ports {
-        return {
-            std::make_shared<SteadyUptimeClock>(),
-            std::make_shared<ThreadedSerialQueue>(
-                [setUpThread] { setUpThread(TouchEngine::queueLabel); }),
-            std::make_shared<ThreadedDelayedWork>([setUpThread] { setUpThread("delayed work"); }),
-            &MultitouchDeviceManager::shared()};
+    TouchEngine::configureShared([setUpThread, within]() -> TouchEngine::Ports {
+        return {std::make_shared<SteadyUptimeClock>(),
+                std::make_shared<ThreadedSerialQueue>(
+                    [setUpThread] { setUpThread(TouchEngine::queueLabel); }, within),
+                std::make_shared<ThreadedDelayedWork>(
+                    [setUpThread] { setUpThread("delayed work"); }, within),
+                &MultitouchDeviceManager::shared()};
     });
     return MultitouchDeviceManager::shared();
 }

@@ -5,13 +5,16 @@
 #pragma once
 
 #include "input/multitouch_device_manager.h"
+#include "platform/common/work_within.h"
 
 #include <string_view>
 
 namespace glidemap {
 
-// Each of the engine's threads sets itself up with its name: what they do a person waits to see.
+// Each of the engine's threads sets itself up with its name: what they do a person waits to see. Each
+// piece of that is done within what is given.
 MultitouchDeviceManager& makeSharedEngine(TouchDriverPlatform platform,
-                                          void (*setUpThread)(std::string_view name));
+                                          void (*setUpThread)(std::string_view name),
+                                          WorkWithin within = nullptr);
 
 } // namespace glidemap

@@ -33,6 +33,7 @@ constexpr auto comesLater = [](const Waiting& a, const Waiting& b) {
 // Shared with the thread, which may outlive its maker by the item it is in.
 struct ThreadedDelayedWork::State {
     std::function<void()> prepareThread;
+    WorkWithin within = nullptr;
     std::mutex mutex;
     std::condition_variable changed;
     std::vector<Waiting> heap;
@@ -49,7 +50,10 @@ void ThreadedDelayedWork::State::serve(std::uint64_t own) {
         prepareThread();
     }
     while (auto item = takeDueItem(own)) {
-        item->perform();
+        performWithin(within, [&item] {
+            item->perform();
+            item.reset();
+        });
     }
 }
 
@@ -71,9 +75,10 @@ std::shared_ptr<WorkItem> ThreadedDelayedWork::State::takeDueItem(std::uint64_t 
     return nullptr;
 }
 
-ThreadedDelayedWork::ThreadedDelayedWork(std::function<void()> prepareThread)
+ThreadedDelayedWork::ThreadedDelayedWork(std::function<void()> prepareThread, WorkWithin within)
     : state(std::make_shared<State>()) {
     state->prepareThread = std::move(prepareThread);
+    state->within = within;
 }
 
 ThreadedDelayedWork::~ThreadedDelayedWork() {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "core/delayed_work.h"
+#include "platform/common/work_within.h"
 
 #include <functional>
 #include <memory>
@@ -16,7 +17,9 @@ namespace glidemap {
 class ThreadedDelayedWork : public DelayedWork {
 public:
     // `prepareThread` runs on the new thread before its first item: its name, its priority.
-    explicit ThreadedDelayedWork(std::function<void()> prepareThread = {});
+    // `within` is put around each item.
+    explicit ThreadedDelayedWork(std::function<void()> prepareThread = {},
+                                 WorkWithin within = nullptr);
     ~ThreadedDelayedWork() override;
 
     void schedule(std::shared_ptr<WorkItem> item, double delay) override;

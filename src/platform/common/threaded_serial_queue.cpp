@@ -52,6 +52,7 @@ private:
 // Shared with the thread, which may outlive the queue by the task it is in.
 struct ThreadedSerialQueue::State {
     std::function<void()> prepareThread;
+    WorkWithin within = nullptr;
     std::mutex mutex;
     std::condition_variable work;
     std::condition_variable room;
@@ -75,8 +76,10 @@ void ThreadedSerialQueue::State::serve(std::uint64_t own) {
     }
     Task task;
     while (takeTask(own, task)) {
-        task();
-        task = Task();
+        performWithin(within, [&task] {
+            task();
+            task = Task();
+        });
     }
 }
 
@@ -112,9 +115,10 @@ void ThreadedSerialQueue::State::leave(std::unique_lock<std::mutex> lock) {
     work.notify_all();
 }
 
-ThreadedSerialQueue::ThreadedSerialQueue(std::function<void()> prepareThread)
+ThreadedSerialQueue::ThreadedSerialQueue(std::function<void()> prepareThread, WorkWithin within)
     : state(std::make_shared<State>()) {
     state->prepareThread = std::move(prepareThread);
+    state->within = within;
 }
 
 ThreadedSerialQueue::~ThreadedSerialQueue() {

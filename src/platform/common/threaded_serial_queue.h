@@ -11,6 +11,7 @@
 #pragma once
 
 #include "core/serial_queue.h"
+#include "platform/common/work_within.h"
 
 #include <cstddef>
 #include <functional>
@@ -23,7 +24,9 @@ public:
     static constexpr std::size_t capacity = 1024;
 
     // `prepareThread` runs on the new thread before its first task: its name, its priority.
-    explicit ThreadedSerialQueue(std::function<void()> prepareThread = {});
+    // `within` is put around each task.
+    explicit ThreadedSerialQueue(std::function<void()> prepareThread = {},
+                                 WorkWithin within = nullptr);
     ~ThreadedSerialQueue() override;
 
     void submit(Task task) override;

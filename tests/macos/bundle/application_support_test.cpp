@@ -1,6 +1,8 @@
 #include "bundle/files_test.h"
 #include "platform/macos/bundle/application_support.h"
 
+#include <thread>
+
 namespace glidemap {
 namespace {
 
@@ -17,6 +19,14 @@ TEST_F(ApplicationSupportTest, IsTheFirstOfTheUsersOwn) {
 
 TEST_F(ApplicationSupportTest, IsAbsentWhereTheSystemKnowsNone) {
     EXPECT_EQ(applicationSupportFolder(), std::nullopt);
+}
+
+// As before there is a loop, where nobody would ever empty it.
+TEST_F(ApplicationSupportTest, NeedsNoPoolAroundIt) {
+    files().applicationSupport = {"/Users/me/Library/Application Support"};
+    std::thread([] {
+        EXPECT_EQ(applicationSupportFolder(), "/Users/me/Library/Application Support");
+    }).join();
 }
 
 } // namespace

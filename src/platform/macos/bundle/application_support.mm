@@ -1,10 +1,14 @@
 #include "platform/macos/bundle/application_support.h"
 
+#include "platform/macos/autorelease_pool.h"
+
 #import <Foundation/Foundation.h>
 
 namespace glidemap {
 
-std::optional<std::filesystem::path> applicationSupportFolder() {
+namespace {
+
+std::optional<std::filesystem::path> firstFolder() {
     NSArray<NSURL*>* const folders =
         [[NSFileManager defaultManager] URLsForDirectory:NSApplicationSupportDirectory
                                                inDomains:NSUserDomainMask];
@@ -13,6 +17,15 @@ std::optional<std::filesystem::path> applicationSupportFolder() {
         return std::nullopt;
     }
     return std::filesystem::path([first fileSystemRepresentation]);
+}
+
+} // namespace
+
+// With a pool of its own: the program asks before it has an application object, too.
+std::optional<std::filesystem::path> applicationSupportFolder() {
+    std::optional<std::filesystem::path> folder;
+    withinAutoreleasePool([&folder] { folder = firstFolder(); });
+    return folder;
 }
 
 } // namespace glidemap

@@ -2,6 +2,7 @@
 #include "platform/home.h"
 #include "platform/macos/access/process_trust.h"
 #include "platform/macos/appearance/macos_appearance.h"
+#include "platform/macos/autorelease_pool.h"
 #include "platform/macos/bundle/application_support.h"
 #include "platform/macos/bundle/main_bundle.h"
 #include "platform/macos/clicks/quartz_click_tap.h"
@@ -43,7 +44,7 @@ std::filesystem::path ownFolder() {
 class MacosHome : public Home {
 public:
     explicit MacosHome(const std::shared_ptr<MainQueue>& mainQueue) {
-        makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread);
+        makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread, withinAutoreleasePool);
         given = {
             .version = bundleShortVersion(),
             .appearance = std::make_shared<MacosAppearance>(),
@@ -57,6 +58,7 @@ public:
             .loginItems = std::make_shared<MainAppLoginItem>(),
             .keyPresses = std::make_shared<LocalKeyMonitor>(),
             .windowGeometry = std::make_shared<QtWindowGeometry>(ownFolder() / "window.ini"),
+            .desktopHelper = nullptr,
             .dataFolder = dataFolder,
         };
         // The application object takes the event for itself while it launches.

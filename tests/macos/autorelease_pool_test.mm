@@ -1,0 +1,41 @@
+#include "platform/macos/autorelease_pool.h"
+
+#include "cocoa_test.h"
+#include "platform/common/threaded_serial_queue.h"
+
+#import <Foundation/Foundation.h>
+
+#include <future>
+#include <thread>
+
+namespace glidemap {
+namespace {
+
+class AutoreleasePoolTest : public CocoaTest {
+protected:
+    // Without a pool below it the double fails the test.
+    static void leaveAnObjectBehind() { [[[NSObject alloc] init] autorelease]; }
+
+    static std::size_t left() { return doubles::livingInstances("NSObject"); }
+};
+
+TEST_F(AutoreleasePoolTest, KeepsWhatTheWorkLeavesUntilTheWorkIsDone) {
+    std::thread([] {
+        withinAutoreleasePool([] {
+            leaveAnObjectBehind();
+            EXPECT_EQ(left(), 1U);
+        });
+        EXPECT_EQ(left(), 0U);
+    }).join();
+}
+
+TEST_F(AutoreleasePoolTest, IsEmptyBetweenTheTasksOfAQueue) {
+    ThreadedSerialQueue queue({}, withinAutoreleasePool);
+    std::promise<std::size_t> found;
+    queue.submit([] { leaveAnObjectBehind(); });
+    queue.submit([&found] { found.set_value(left()); });
+    EXPECT_EQ(found.get_future().get(), 0U);
+}
+
+} // namespace
+} // namespace glidemap
