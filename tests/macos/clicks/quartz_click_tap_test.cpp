@@ -102,7 +102,8 @@ TEST_F(QuartzClickTapTest, GoesFromTheLoopAndIsReleased) {
     tap->remove();
     EXPECT_THAT(journal(),
                 ElementsAre("CGEventTapEnable CFMachPort false",
-                            "CFRunLoopRemoveSource main run loop CFRunLoopSource common modes"));
+                            "CFRunLoopRemoveSource main run loop CFRunLoopSource common modes",
+                            "CFMachPortInvalidate CFMachPort"));
     EXPECT_THAT(doubles::livingObjects(), IsEmpty());
     tap->remove();
     EXPECT_THAT(journal(), IsEmpty());
@@ -112,7 +113,8 @@ TEST_F(QuartzClickTapTest, TheSystemCallsNoMoreOnceItHasGone) {
     tapAnswering(ClickTap::Verdict::pass).reset();
     EXPECT_THAT(journal(),
                 ElementsAre("CGEventTapEnable CFMachPort false",
-                            "CFRunLoopRemoveSource main run loop CFRunLoopSource common modes"));
+                            "CFRunLoopRemoveSource main run loop CFRunLoopSource common modes",
+                            "CFMachPortInvalidate CFMachPort"));
 }
 
 TEST_F(QuartzClickTapTest, TheMonitorEnablesItAgainOnBothNotices) {

@@ -3,12 +3,28 @@
 #include "doubles/core_foundation_objects.h"
 #include "doubles/journal.h"
 
+#include <map>
+
 namespace glidemap::doubles {
 
 CoreFoundation& coreFoundation() {
     static CoreFoundation settings;
     return settings;
 }
+
+namespace {
+
+// A port keeps its source, and the source its port, until the port is invalidated.
+std::map<CFMachPortRef, CFRunLoopSourceRef> sources;
+
+CFRunLoopSourceRef tied(CFMachPortRef port, CFRunLoopSourceRef source) {
+    CFRetain(port);
+    CFRetain(source);
+    sources[port] = source;
+    return source;
+}
+
+} // namespace
 
 } // namespace glidemap::doubles
 
@@ -18,8 +34,16 @@ CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef /*allocator*/, C
                                                  CFIndex order) {
     note("CFMachPortCreateRunLoopSource " + objectOf(port)->kind + " " + std::to_string(order));
     return coreFoundation().makesRunLoopSources
-               ? handOutAs<CFRunLoopSourceRef>(new Object("CFRunLoopSource"))
+               ? tied(port, handOutAs<CFRunLoopSourceRef>(new Object("CFRunLoopSource")))
                : nullptr;
+}
+
+void CFMachPortInvalidate(CFMachPortRef port) {
+    note("CFMachPortInvalidate " + objectOf(port)->kind);
+    if (const auto tie = sources.extract(port)) {
+        CFRelease(tie.mapped());
+        CFRelease(tie.key());
+    }
 }
 
 void CFRunLoopAddSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {

@@ -91,11 +91,16 @@ void QuartzClickTap::setEnabled(bool enabled) {
     }
 }
 
+// The port and its source keep each other alive until the port is invalid, and the tap would stand
+// in the stream for as long.
 void QuartzClickTap::remove() {
     if (source) {
         CFRunLoopRemoveSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes);
     }
     source.reset();
+    if (port) {
+        CFMachPortInvalidate(port.get());
+    }
     port.reset();
 }
 
