@@ -18,6 +18,7 @@ TEST(SystemLibraryContract, HasWhatThreadsUse) {
 TEST(SystemLibraryContract, HasWhatPrivateFrameworksAreReachedBy) {
     EXPECT_TRUE((isThere<void*(const char*, int)>(&dlopen)));
     EXPECT_TRUE((isThere<void*(void*, const char*)>(&dlsym)));
+    EXPECT_TRUE(isThere<char*()>(&dlerror));
 }
 
 } // namespace
