@@ -1,6 +1,8 @@
 #include "bundle/files_test.h"
 #include "platform/macos/bundle/main_bundle.h"
 
+#include <thread>
+
 namespace glidemap {
 namespace {
 
@@ -20,6 +22,16 @@ TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
         files().information = information;
         EXPECT_EQ(bundleShortVersion(), std::nullopt);
     }
+}
+
+// As before there is an application object, and a loop with a pool.
+TEST_F(MainBundleTest, TellsTheProgramsFileWithoutAPoolAroundIt) {
+    files().program = "/Applications/Glidemap.app/Contents/MacOS/Glidemap";
+    std::thread([] {
+        EXPECT_EQ(programPath(), "/Applications/Glidemap.app/Contents/MacOS/Glidemap");
+    }).join();
+    files().program.reset();
+    EXPECT_EQ(programPath(), std::nullopt);
 }
 
 } // namespace

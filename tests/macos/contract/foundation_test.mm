@@ -38,6 +38,9 @@ static_assert(std::is_convertible_v<decltype([NSBundle mainBundle]), NSBundle*>)
 static_assert(
     std::is_convertible_v<decltype([static_cast<NSBundle*>(nil) infoDictionary]), NSDictionary*>);
 
+static_assert(
+    std::is_same_v<decltype([static_cast<NSBundle*>(nil) executablePath]), NSString*>);
+
 static_assert(NSApplicationSupportDirectory == 14);
 static_assert(NSUserDomainMask == 1);
 static_assert(std::is_convertible_v<decltype([NSFileManager defaultManager]), NSFileManager*>);
@@ -86,6 +89,7 @@ bool instancesAnswer(Class type, SEL method) {
 TEST(FoundationContract, HasWhatTheBundleUses) {
     EXPECT_TRUE(classAnswers([NSBundle class], @selector(mainBundle)));
     EXPECT_TRUE(instancesAnswer([NSBundle class], @selector(infoDictionary)));
+    EXPECT_TRUE(instancesAnswer([NSBundle class], @selector(executablePath)));
     EXPECT_TRUE(classAnswers([NSFileManager class], @selector(defaultManager)));
     EXPECT_TRUE(instancesAnswer([NSFileManager class], @selector(URLsForDirectory:inDomains:)));
 }

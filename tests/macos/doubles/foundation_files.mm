@@ -39,6 +39,9 @@ using namespace glidemap::doubles;
     }
     return theBundle;
 }
+- (NSString*)executablePath {
+    return files().program ? stringOf(*files().program) : nil;
+}
 - (NSDictionary*)infoDictionary {
     NSString* const key = @"CFBundleShortVersionString";
     switch (files().information) {

@@ -1,5 +1,6 @@
 #include "platform/macos/bundle/main_bundle.h"
 
+#include "platform/macos/autorelease_pool.h"
 #include "platform/macos/foundation_text.h"
 
 namespace glidemap {
@@ -9,6 +10,12 @@ std::optional<std::string> bundleShortVersion() {
     NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
     const id version = [information objectForKey:@"CFBundleShortVersionString"];
     return [version isKindOfClass:[NSString class]] ? textOf(version) : std::nullopt;
+}
+
+std::optional<std::string> programPath() {
+    std::optional<std::string> path;
+    withinAutoreleasePool([&path] { path = textOf([[NSBundle mainBundle] executablePath]); });
+    return path;
 }
 
 } // namespace glidemap

@@ -19,7 +19,6 @@
 #include "platform/macos/workspace/macos_workspace.h"
 #include "platform/qt/qt_window_geometry.h"
 
-#include <QCoreApplication>
 #include <cstdlib>
 #include <iostream>
 #include <optional>
@@ -103,7 +102,7 @@ bool Home::hasDisplay() {
 }
 
 std::string Home::programFile() {
-    return QCoreApplication::applicationFilePath().toStdString();
+    return programPath().value_or(std::string());
 }
 
 std::function<void()> Home::begin() {

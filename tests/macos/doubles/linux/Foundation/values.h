@@ -99,6 +99,7 @@ extern NSErrorUserInfoKey const NSLocalizedDescriptionKey;
 @interface NSBundle : NSObject
 @property(class, readonly, strong) NSBundle* mainBundle;
 @property(nullable, readonly, copy) NSDictionary<NSString*, id>* infoDictionary;
+@property(nullable, readonly, copy) NSString* executablePath;
 @end
 
 typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) {
