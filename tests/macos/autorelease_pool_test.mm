@@ -1,7 +1,6 @@
-#include "platform/macos/autorelease_pool.h"
-
 #include "cocoa_test.h"
 #include "platform/common/threaded_serial_queue.h"
+#include "platform/macos/autorelease_pool.h"
 
 #import <Foundation/Foundation.h>
 

@@ -38,8 +38,7 @@ static_assert(std::is_convertible_v<decltype([NSBundle mainBundle]), NSBundle*>)
 static_assert(
     std::is_convertible_v<decltype([static_cast<NSBundle*>(nil) infoDictionary]), NSDictionary*>);
 
-static_assert(
-    std::is_same_v<decltype([static_cast<NSBundle*>(nil) executablePath]), NSString*>);
+static_assert(std::is_same_v<decltype([static_cast<NSBundle*>(nil) executablePath]), NSString*>);
 
 static_assert(NSApplicationSupportDirectory == 14);
 static_assert(NSUserDomainMask == 1);
