@@ -196,7 +196,8 @@ int refuse(const char* complaint, AlertText (*text)(const Lang&), char** argumen
         introduce();
         QtMainQueue mainQueue;
         Lang::configureShared(Home::userDefaults());
-        Theme::configureShared(Home::appearanceAlone(mainQueue));
+        const Home::AppearanceAlone appearance = Home::appearanceAlone(mainQueue);
+        Theme::configureShared(appearance.settings);
         Theme::shared().applyTo(application);
         Alert(text, Lang::shared()).exec();
     }

@@ -81,8 +81,13 @@ public:
     // What the user has set before. Any number of them can be open.
     static std::shared_ptr<UserDefaults> userDefaults();
 
-    // How an alert is to look that is shown without the rest of the program. The queue outlives it.
-    static std::shared_ptr<AppearanceSettings> appearanceAlone(MainQueue& mainQueue);
+    // How an alert is to look that is shown without the rest of the program. The settings may be
+    // kept for longer than their source, with which they change; that goes before the queue.
+    struct AppearanceAlone {
+        std::shared_ptr<AppearanceSettings> settings;
+        std::shared_ptr<void> source;
+    };
+    static AppearanceAlone appearanceAlone(MainQueue& mainQueue);
 
     // Makes the shared touch engine and device manager, too.
     static std::unique_ptr<Home> make(const std::shared_ptr<MainQueue>& mainQueue);

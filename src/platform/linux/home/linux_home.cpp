@@ -17,6 +17,11 @@
 #include "ui/recorder/toolkit_key_presses.h"
 
 #include <QCoreApplication>
+#include <clocale>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <string>
 
 namespace glidemap {
 
@@ -63,6 +68,20 @@ private:
     Ports given;
 };
 
+// While the fonts are read, which looks at the locale and at the environment, the toolkit sets the
+// locale and takes two variables away. A locale that is set already stays as it is; and from the end
+// of the environment variables can be taken without moving the others under a reader.
+void keepStillForReaders() {
+    std::setlocale(LC_ALL, "");
+    for (const char* const taken : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
+        if (const char* const value = std::getenv(taken)) {
+            const std::string kept = value;
+            unsetenv(taken);
+            setenv(taken, kept.c_str(), 1);
+        }
+    }
+}
+
 // The portal with a thread to ask it on.
 struct PortalAlone {
     explicit PortalAlone(MainQueue& mainQueue) : portal(desktop, mainQueue) {}
@@ -90,6 +109,7 @@ std::string Home::programFile() {
 }
 
 std::function<void()> Home::begin() {
+    keepStillForReaders();
     const auto fonts = std::make_shared<FontReading>();
     return [fonts] {
         fonts->finish();
@@ -100,9 +120,9 @@ std::shared_ptr<UserDefaults> Home::userDefaults() {
     return std::make_shared<QtUserDefaults>();
 }
 
-std::shared_ptr<AppearanceSettings> Home::appearanceAlone(MainQueue& mainQueue) {
+Home::AppearanceAlone Home::appearanceAlone(MainQueue& mainQueue) {
     const auto alone = std::make_shared<PortalAlone>(mainQueue);
-    return {alone, alone->portal.settings().get()};
+    return {alone->portal.settings(), alone};
 }
 
 std::unique_ptr<Home> Home::make(const std::shared_ptr<MainQueue>& mainQueue) {

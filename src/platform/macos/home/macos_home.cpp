@@ -114,8 +114,8 @@ std::shared_ptr<UserDefaults> Home::userDefaults() {
     return std::make_shared<Preferences>();
 }
 
-std::shared_ptr<AppearanceSettings> Home::appearanceAlone(MainQueue& /*mainQueue*/) {
-    return std::make_shared<MacosAppearance>();
+Home::AppearanceAlone Home::appearanceAlone(MainQueue& /*mainQueue*/) {
+    return {std::make_shared<MacosAppearance>(), nullptr}; // which the system changes
 }
 
 std::unique_ptr<Home> Home::make(const std::shared_ptr<MainQueue>& mainQueue) {
