@@ -83,6 +83,9 @@ Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds re
 
 std::filesystem::path installedFetchProgram() {
     const std::filesystem::path programs(QCoreApplication::applicationDirPath().toStdString());
+    if (!programs.is_absolute()) {
+        return {}; // nobody knows where this program is; and what has no name does not start
+    }
     return programs.parent_path() / "libexec" / "glidemap" / "glidemap-fetch";
 }
 
