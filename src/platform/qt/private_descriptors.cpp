@@ -3,6 +3,10 @@
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/types.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
 
 namespace glidemap {
 
@@ -41,7 +45,9 @@ OpenFile privateSocket(int opened) {
     OpenFile file(opened);
     if (!file || !keepPrivate(opened) ||
         setsockopt(opened, SOL_SOCKET, SO_NOSIGPIPE, &on, sizeof on) != 0) {
-        return {};
+        const int why = errno;
+        file = {};
+        errno = why;
     }
     return file;
 }
@@ -62,7 +68,17 @@ bool sendAll(const OpenFile& socket, std::string_view text) {
 }
 
 bool makePipe(std::array<int, 2>& ends) {
-    return pipe(ends.data()) == 0 && keepPrivate(ends[0]) && keepPrivate(ends[1]);
+    if (pipe(ends.data()) != 0) {
+        return false;
+    }
+    if (!keepPrivate(ends[0]) || !keepPrivate(ends[1])) {
+        const int why = errno;
+        close(std::exchange(ends[0], -1));
+        close(std::exchange(ends[1], -1));
+        errno = why;
+        return false;
+    }
+    return true;
 }
 
 #endif
