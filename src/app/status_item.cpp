@@ -32,6 +32,7 @@ StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
 
 StatusItem::~StatusItem() = default;
 
+// In some bars a click is how the menu opens.
 void StatusItem::choose() {
     if (kind != Kind::opensMenu && onActivate) {
         onActivate();
@@ -60,7 +61,7 @@ void StatusItem::appear() {
     patienceEnds.stop();
     kind = bar->kind();
     menuHasChanged();
-    item = std::make_unique<QSystemTrayIcon>(icon(kind));
+    item = std::make_unique<QSystemTrayIcon>(icon(kind), &statusMenu);
     item->setToolTip(description);
     item->setContextMenu(&statusMenu);
     // A bar opens the menu by itself, mostly with the other button. The plain click, which most

@@ -42,9 +42,6 @@ public:
     // Called when the user has chosen the item itself and not its menu.
     std::function<void()> onActivate;
 
-    // The user has clicked on the item, which in some bars is how its menu opens.
-    void choose();
-
     // Called if no bar has come in time, and when one comes after that.
     std::function<void()> onMissing;
     std::function<void()> onFound;
@@ -61,6 +58,7 @@ public:
 
 private:
     void appear();
+    void choose();
 
     std::shared_ptr<StatusBar> bar;
     Icon icon;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QIcon>
+#include <QSystemTrayIcon>
 #include <QTest>
 
 namespace glidemap {
@@ -66,7 +67,11 @@ TEST_F(StatusItemTest, AClickIsToldUnlessItHasOpenedTheMenu) {
         };
         bar->become(kind);
         ASSERT_TRUE(item->isShown());
-        item->choose();
+        auto* const shown = item->menu().findChild<QSystemTrayIcon*>();
+        ASSERT_NE(shown, nullptr);
+        Q_EMIT shown->activated(QSystemTrayIcon::Context);
+        EXPECT_EQ(clicks, 0);
+        Q_EMIT shown->activated(QSystemTrayIcon::Trigger);
         EXPECT_EQ(clicks, kind == Kind::opensMenu ? 0 : 1);
     }
 }
