@@ -1,4 +1,4 @@
-"""bundle_icon FILE SCRIPT: the icon that is kept has every size, each as large as it claims, and is what SCRIPT makes."""
+"""bundle_icon FILE SCRIPT: the icon that is kept has every size, each as large as it claims, and was made of the drawings that there are, by this SCRIPT."""
 
 import struct
 import subprocess
@@ -38,17 +38,21 @@ def png_size(data):
     return struct.unpack(">II", data[16:24])
 
 
-found = dict(entries(file.read_bytes()))
-assert found.keys() == PLAIN.keys() | MASKS.keys() | PNG.keys(), sorted(found)
-for kind, pixels in PLAIN.items():
-    assert unpacked_size(found[kind]) == 3 * pixels * pixels, kind
-for kind, pixels in MASKS.items():
-    assert len(found[kind]) == pixels * pixels, kind
-for kind, pixels in PNG.items():
-    assert png_size(found[kind]) == (pixels, pixels), kind
+def check(icon):
+    found = dict(entries(icon.read_bytes()))
+    assert found.keys() == PLAIN.keys() | MASKS.keys() | PNG.keys(), sorted(found)
+    for kind, pixels in PLAIN.items():
+        assert unpacked_size(found[kind]) == 3 * pixels * pixels, kind
+    for kind, pixels in MASKS.items():
+        assert len(found[kind]) == pixels * pixels, kind
+    for kind, pixels in PNG.items():
+        assert png_size(found[kind]) == (pixels, pixels), kind
 
+
+check(file)
 with tempfile.TemporaryDirectory() as folder:
     made = Path(folder) / "made.icns"
     subprocess.run([script, made], check=True)
-    if made.read_bytes() != file.read_bytes():
-        sys.exit(f"{file.name} is not what the drawings give now: run scripts/{script.name}")
+    check(made)
+    if made.with_suffix(".drawings").read_text() != file.with_suffix(".drawings").read_text():
+        sys.exit(f"{file.name} was made of other drawings than there are now: run scripts/{script.name}")
