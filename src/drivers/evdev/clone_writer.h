@@ -1,4 +1,5 @@
-// Says on a clone what was said on its touchpad, so that whoever reads the clone sees the same.
+// Says on a clone what was said on its touchpad, so that whoever reads the clone sees the same, but
+// for a click that was taken out.
 //
 // The kernel drops a value that a device already has, on either of the two: a finger that lands
 // where its slot last was says nothing of where that is, and a clone that is younger than its

@@ -1,5 +1,6 @@
 // Stands between one touchpad and the system while clicks are filtered: grabs the touchpad and says
-// on a clone of it what it says, less the button changes that the filter drops.
+// on a clone of it what it says, less the button changes that the filter drops; while a dropped press
+// is held its fingers are palms there.
 //
 //   passing ──neutral──▶ forwarding ──neutral──▶ passing        neutral: no finger is down, no key
 //      ▲  a clone is made first  │  when it is not wanted any more

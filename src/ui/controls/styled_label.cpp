@@ -14,6 +14,7 @@ void StyledLabel::setRole(Role colorRole) {
     dress();
 }
 
+// The theme's fonts have their size in pixels, so the screen does not matter.
 QSizeF StyledLabel::lineSize() const {
     if (!measured || measured->text != text() || measured->font != font()) {
         const QFontMetricsF metrics(font(), this);

@@ -24,9 +24,9 @@ Frame pinch(bool closing, double t) {
 Frame rotation(double turn, double t) {
     constexpr double radius = 0.22;
     constexpr double stretch = 1.1;
-    constexpr double wholeTurn = 1.7453292519943295; // 100 degrees
+    constexpr double furthest = 1.7453292519943295; // 100 degrees
     constexpr double pi = std::numbers::pi;
-    const double turned = turn * wholeTurn * smoothstep((t - 0.5) / 1.2);
+    const double turned = turn * furthest * smoothstep((t - 0.5) / 1.2);
     const double opacity = env(t, 0.35, 2.0, 0.18);
     const auto fingerAt = [&](double angle) {
         return Finger{{padCenter.x + radius * stretch * std::cos(angle),

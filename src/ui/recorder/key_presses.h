@@ -1,7 +1,8 @@
 // Port: the key presses that reach the program, taken before any of its windows sees them.
 //
 // Thread:  the main thread.
-// Owner:   whoever records a shortcut. When it goes, the keys are everybody's again.
+// Owner:   the program, shared with whoever records a shortcut. One records at a time, and abandons
+//          the keys before it goes.
 // Errors:  a key that has no virtual key code is told without one, and taken all the same.
 #pragma once
 

@@ -56,7 +56,7 @@ void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
 
 void ShortcutRecorderView::startRecording() {
     recording = true;
-    hasTaken = true;
+    mayHoldKeys = true;
     keys->start([this](const KeyPresses::Press& press) { take(press); });
     retitle();
 }
@@ -71,7 +71,7 @@ void ShortcutRecorderView::stopRecording() {
 // Nothing of it may outlive the editor, not even the rest of a press.
 void ShortcutRecorderView::letGo() {
     recording = false;
-    if (std::exchange(hasTaken, false)) {
+    if (std::exchange(mayHoldKeys, false)) {
         keys->abandon();
     }
 }

@@ -57,7 +57,7 @@ private:
     QPushButton* button;
     std::optional<KeyShortcut> recorded;
     bool recording = false;
-    bool hasTaken = false; // keys, whose rest may still come
+    bool mayHoldKeys = false; // has started since it let go last
     Subscription toLanguage;
 };
 
