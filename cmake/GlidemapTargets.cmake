@@ -1,30 +1,21 @@
 # One static library a folder, each with an include root that holds its own headers and nothing else. A target sees a
 # header only if it links the library that owns it, so an include against the arrows does not compile.
 
-# Links the headers (paths as they are included, below BASE) into an include root of their own.
-function(glidemap_include_root target base)
+# Links the headers (paths as they are included, below BASE) into an include root of the target's own. The target shows
+# them as a header set, which the preset `headers` compiles one by one: a header that relies on what another one includes
+# fails there.
+function(glidemap_include_root target scope base)
     set(root ${CMAKE_BINARY_DIR}/include-roots/${target})
+    set(links)
     foreach(header IN LISTS ARGN)
         get_filename_component(folder ${root}/${header} DIRECTORY)
         file(MAKE_DIRECTORY ${folder})
         file(CREATE_LINK ${base}/${header} ${root}/${header} SYMBOLIC)
+        list(APPEND links ${root}/${header})
     endforeach()
-    set(GLIDEMAP_ROOT ${root} PARENT_SCOPE)
-endfunction()
-
-# Compiles every header by itself: a header that leans on what another one includes fails here.
-function(glidemap_verify_headers target)
-    set(sources)
-    foreach(header IN LISTS ARGN)
-        string(MAKE_C_IDENTIFIER ${header} name)
-        set(source ${CMAKE_BINARY_DIR}/header-checks/${target}/${name}.cpp)
-        file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\" // IWYU pragma: keep\n")
-        list(APPEND sources ${source})
-    endforeach()
-    # Once is enough: what a header includes is the same under a sanitizer.
-    if(sources AND GLIDEMAP_TESTS AND NOT GLIDEMAP_SANITIZERS)
-        add_library(${target}_headers OBJECT ${sources})
-        target_link_libraries(${target}_headers PRIVATE ${target})
+    target_include_directories(${target} ${scope} ${root})
+    if(CMAKE_VERIFY_INTERFACE_HEADER_SETS AND links)
+        target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS ${root} FILES ${links})
     endif()
 endfunction()
 
@@ -36,17 +27,16 @@ function(glidemap_library name)
         set(ARG_BASE ${CMAKE_SOURCE_DIR}/src)
     endif()
     set(target glidemap_${name})
-    glidemap_include_root(${target} ${ARG_BASE} ${ARG_HEADERS})
     if(ARG_SOURCES)
         add_library(${target} STATIC ${ARG_SOURCES})
-        target_include_directories(${target} PUBLIC ${GLIDEMAP_ROOT})
+        glidemap_include_root(${target} PUBLIC ${ARG_BASE} ${ARG_HEADERS})
         target_link_libraries(${target} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE_DEPENDS})
+        glidemap_precompile(${target})
     else()
         add_library(${target} INTERFACE)
-        target_include_directories(${target} INTERFACE ${GLIDEMAP_ROOT})
+        glidemap_include_root(${target} INTERFACE ${ARG_BASE} ${ARG_HEADERS})
         target_link_libraries(${target} INTERFACE ${ARG_DEPENDS})
     endif()
-    glidemap_verify_headers(${target} ${ARG_HEADERS})
 endfunction()
 
 # glidemap_driver(NAME SOURCES path… DEPENDS target…): a loadable touch driver, lib/glidemap/libglidemap-NAME.so.
@@ -75,6 +65,7 @@ function(glidemap_tests name)
     endforeach()
     add_executable(${name}_tests ${ARG_SOURCES})
     target_link_libraries(${name}_tests PRIVATE ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
+    glidemap_precompile(${name}_tests)
     set_target_properties(${name}_tests PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     if(GLIDEMAP_SANITIZERS)
         add_test(NAME ${name} COMMAND ${name}_tests)

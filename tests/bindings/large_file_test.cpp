@@ -19,11 +19,11 @@ constexpr std::size_t fileSize = 100'000'000;
 constexpr std::size_t fileSize = 5'000'000;
 #endif
 
-#define ID_GESTURE_ENABLED                                                                         \
+#define KNOWN_START                                                                                \
     R"("id":"0123ABCD-EF01-4567-89AB-CDEF01234567","gesture":"twoFingerTap","enabled":true,)"
-#define ACTION R"("action":{"kind":"lockScreen"})"
-#define SCOPE R"("scope":{"kind":"global"})"
-#define KNOWN ID_GESTURE_ENABLED ACTION "," SCOPE
+#define KNOWN_ACTION R"("action":{"kind":"lockScreen"})"
+#define KNOWN_SCOPE R"("scope":{"kind":"global"})"
+#define KNOWN_FIELDS KNOWN_START KNOWN_ACTION "," KNOWN_SCOPE
 
 struct Row {
     const char* name;
@@ -47,24 +47,25 @@ const Row rows[] = {
     {"only_line_ends", "", "\n", "", "", "", "unexpected end of input", mostForEscapes,
      fileSize / 10},
     {"line_ends_around", "", "\n", "[]", "\n", "", ""},
-    {"arrays_in_what_is_ignored", "[{" KNOWN R"(,"x":)", "[", "", "]", "}]", ""},
-    {"arrays_that_do_not_end", "[{" KNOWN R"(,"x":)", "[", "", "", "", "unexpected end of input"},
-    {"objects_in_what_is_ignored", "[{" KNOWN R"(,"x":)", R"({"id":)", "1", "}", "}]", ""},
+    {"arrays_in_what_is_ignored", "[{" KNOWN_FIELDS R"(,"x":)", "[", "", "]", "}]", ""},
+    {"arrays_that_do_not_end", "[{" KNOWN_FIELDS R"(,"x":)", "[", "", "", "",
+     "unexpected end of input"},
+    {"objects_in_what_is_ignored", "[{" KNOWN_FIELDS R"(,"x":)", R"({"id":)", "1", "}", "}]", ""},
     {"arrays_for_a_text", R"([{"id":)", "[", "", "]", "}]", "[0].id: not a text"},
     {"actions_in_actions", R"([{"action":)", R"({"action":)", "1", "}", "}]", "[0].id: missing"},
-    {"numbers_in_what_is_ignored", "[{" KNOWN R"(,"x":[)", "0,", "0]", "", "}]", ""},
-    {"an_ignored_text", "[{" KNOWN R"(,"x":")", "x", "\"", "", "}]", ""},
-    {"an_ignored_key", "[{" KNOWN R"(,")", "x", "\":1", "", "}]", ""},
-    {"a_text_that_does_not_end", "[{" KNOWN R"(,"x":")", "x", "", "", "", "missing closing quote",
-     mostForAToken},
+    {"numbers_in_what_is_ignored", "[{" KNOWN_FIELDS R"(,"x":[)", "0,", "0]", "", "}]", ""},
+    {"an_ignored_text", "[{" KNOWN_FIELDS R"(,"x":")", "x", "\"", "", "}]", ""},
+    {"an_ignored_key", "[{" KNOWN_FIELDS R"(,")", "x", "\":1", "", "}]", ""},
+    {"a_text_that_does_not_end", "[{" KNOWN_FIELDS R"(,"x":")", "x", "", "", "",
+     "missing closing quote", mostForAToken},
     {"a_gesture", R"([{"id":"0123ABCD-EF01-4567-89AB-CDEF01234567","gesture":")", "x", "\"", "",
      "}]", R"(xxx..." is not a gesture)"},
-    {"a_name", "[{" ID_GESTURE_ENABLED ACTION R"(,"scope":{"kind":"app","bundleID":"a","name":")",
+    {"a_name", "[{" KNOWN_START KNOWN_ACTION R"(,"scope":{"kind":"app","bundleID":"a","name":")",
      "x", "\"", "", "}}]", ""},
-    {"a_repeated_key", "[{" ID_GESTURE_ENABLED, R"("scope":{"kind":"app"},)", ACTION "," SCOPE, "",
-     "}]", ""},
+    {"a_repeated_key", "[{" KNOWN_START, R"("scope":{"kind":"app"},)", KNOWN_ACTION "," KNOWN_SCOPE,
+     "", "}]", ""},
     {"a_number", R"([{"enabled":)", "9", "}]", "", "", "number overflow", mostForAToken},
-    {"bindings", "[", "{" KNOWN "},", "{" KNOWN "}", "", "]", ""},
+    {"bindings", "[", "{" KNOWN_FIELDS "},", "{" KNOWN_FIELDS "}", "", "]", ""},
 };
 
 std::ostream& operator<<(std::ostream& stream, const Row& row) {
