@@ -2,13 +2,14 @@
 // the toolkit asks for the session's bus once in a process.
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "linux_session/bus_double.h"
 #include "linux_windows/x11/x_server.h"
 #include "platform/linux/status_bar/linux_status_bar.h"
 
+#include <gio/gio.h>
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
 
-#include <QDBusConnection>
 #include <QGuiApplication>
 #include <QTest>
 #include <cstring>
@@ -20,7 +21,18 @@ namespace {
 
 using desktops::PrivateBus;
 using desktops::XServer;
+using test::BusDouble;
+using test::Journal;
+using test::ServiceDescription;
 using Kind = StatusBar::Kind;
+
+constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
+
+const ServiceDescription withoutHost{
+    watcherName, "/StatusNotifierWatcher",
+    "<interface name='org.kde.StatusNotifierWatcher'>"
+    "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
+    "<signal name='StatusNotifierHostRegistered'/></interface>"};
 
 // A tray as X11 has them: the owner of a selection, who tells everybody that it has come.
 class Tray {
@@ -90,13 +102,23 @@ TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
 
     const Tray tray(server.display());
     EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
-    auto host = QDBusConnection::connectToBus(QString::fromStdString(bus.address()), "host");
-    EXPECT_TRUE(host.registerService("org.kde.StatusNotifierWatcher"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 3; }));
+    Journal journal;
+    {
+        BusDouble watcher(bus.address(), withoutHost, journal);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 3; }));
+        EXPECT_EQ(bar.kind(), Kind::embeds);
+        watcher.set("IsStatusNotifierHostRegistered", true);
+        watcher.announce(watcherName, "StatusNotifierHostRegistered", g_variant_new("()"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 4; }));
+        EXPECT_EQ(bar.kind(), Kind::drawsItself);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.kind() == Kind::embeds; }));
+
+    // One that cannot tell of its host is taken to have one: the toolkit asks it, too, and judges.
+    const BusDouble silent(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
+                           journal);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 5; }));
     EXPECT_EQ(bar.kind(), Kind::drawsItself);
-    host.unregisterService("org.kde.StatusNotifierWatcher");
-    EXPECT_EQ(bar.kind(), Kind::embeds);
-    QDBusConnection::disconnectFromBus("host");
 }
 
 } // namespace

@@ -7,8 +7,12 @@
 #include <QAbstractNativeEventFilter>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
+#include <QDBusVariant>
 #include <QGuiApplication>
+#include <QTimer>
 #include <cstdlib>
 #include <functional>
 #include <string>
@@ -19,7 +23,10 @@ namespace glidemap {
 namespace {
 
 // Every desktop calls it by KDE's name.
-constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
+constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // its interface, too
+constexpr const char* watcherPath = "/StatusNotifierWatcher";
+
+constexpr int patience = 1000; // milliseconds
 
 struct Free {
     void operator()(void* reply) const { std::free(reply); }
@@ -35,22 +42,38 @@ xcb_atom_t atom(xcb_connection_t* connection, const std::string& name) {
 
 } // namespace
 
+// Items register with a watcher, and a host shows them. A watcher may come before its host, which
+// shows nothing yet: a toolkit that looks for a tray then finds none, and does not look again.
 class LinuxStatusBar::BusTray {
 public:
-    explicit BusTray(std::function<void()> appeared)
+    explicit BusTray(const std::function<void()>& appeared)
         : watcher(watcherName, QDBusConnection::sessionBus(),
                   QDBusServiceWatcher::WatchForRegistration) {
-        QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &watcher,
-                         std::move(appeared));
+        QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &watcher, appeared);
+        hostHasCome.setSingleShot(true);
+        QObject::connect(&hostHasCome, &QTimer::timeout, &hostHasCome, appeared);
+        watcher.connection().connect(watcherName, watcherPath, watcherName,
+                                     "StatusNotifierHostRegistered", &hostHasCome, SLOT(start()));
     }
 
     bool isThere() const {
         const auto* bus = watcher.connection().interface();
-        return bus != nullptr && bus->isServiceRegistered(watcherName);
+        return bus != nullptr && bus->isServiceRegistered(watcherName) && !isWithoutHost();
     }
 
 private:
+    // A watcher that does not answer in time is left to the toolkit, which asks it, too.
+    bool isWithoutHost() const {
+        auto question = QDBusMessage::createMethodCall(watcherName, watcherPath,
+                                                       "org.freedesktop.DBus.Properties", "Get");
+        question << watcherName << "IsStatusNotifierHostRegistered";
+        const QDBusReply<QDBusVariant> answer =
+            watcher.connection().call(question, QDBus::Block, patience);
+        return answer.isValid() && !answer.value().variant().toBool();
+    }
+
     QDBusServiceWatcher watcher;
+    QTimer hostHasCome; // at once: signals of the bus reach named slots only
 };
 
 // A tray owns a selection, and tells every client of the root window when it has just got it. The
