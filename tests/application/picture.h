@@ -18,7 +18,16 @@ public:
     Picture(const XDisplay& display, const Rectangle& area);
     explicit Picture(const std::filesystem::path& file);
 
+    int width() const { return _width; }
+    int height() const { return _height; }
+
+    // What lies in the area, which is within the picture.
+    Picture part(const Rectangle& area) const;
+
     std::size_t countOfColours() const;
+
+    // How many pixels are of a colour, give or take a few shades.
+    std::size_t countOf(std::uint32_t colour) const;
 
     // How many pixels are not as in another picture of the same size.
     std::size_t differences(const Picture& other) const;
@@ -26,8 +35,10 @@ public:
     void save(const std::filesystem::path& file) const;
 
 private:
-    int width = 0;
-    int height = 0;
+    Picture() = default;
+
+    int _width = 0;
+    int _height = 0;
     std::vector<std::uint32_t> pixels;
 };
 

@@ -1,14 +1,12 @@
 #include "xfce_panel.h"
 
+#include "service_program.h"
 #include "waiting.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <string_view>
 
 namespace glidemap::application {
 
@@ -17,7 +15,8 @@ namespace {
 constexpr const char* settingsName = "org.xfce.Xfconf";
 constexpr const char* settingsFile = "config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml";
 
-// One bar along the upper edge with nothing but the notification area on it.
+// One bar along the upper edge with nothing but the notification area on it, on blue ground: the icon is
+// grey.
 constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>
@@ -28,6 +27,13 @@ constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
       <property name="length" type="uint" value="100"/>
       <property name="position-locked" type="bool" value="true"/>
       <property name="size" type="uint" value="32"/>
+      <property name="background-style" type="uint" value="1"/>
+      <property name="background-rgba" type="array">
+        <value type="double" value="0.2"/>
+        <value type="double" value="0.4"/>
+        <value type="double" value="0.6"/>
+        <value type="double" value="1"/>
+      </property>
       <property name="plugin-ids" type="array">
         <value type="int" value="1"/>
       </property>
@@ -38,18 +44,6 @@ constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
   </property>
 </channel>
 )";
-
-// Where it lies differs between machines; the bus has to know, too. Empty if it is not installed.
-std::string settingsDaemon() {
-    std::ifstream service("/usr/share/dbus-1/services/" + std::string(settingsName) + ".service");
-    constexpr std::string_view key = "Exec=";
-    for (std::string line; std::getline(service, line);) {
-        if (line.starts_with(key)) {
-            return line.substr(key.size());
-        }
-    }
-    return {};
-}
 
 std::optional<ManagedWindow> panelOn(const XDisplay& display) {
     const std::vector<ManagedWindow> all = display.windows();
@@ -62,13 +56,13 @@ std::optional<ManagedWindow> panelOn(const XDisplay& display) {
 } // namespace
 
 bool XfcePanel::isInstalled() {
-    return desktops::isInstalled("xfce4-panel") && std::filesystem::exists(settingsDaemon());
+    return desktops::isInstalled("xfce4-panel") && isServiceInstalled(settingsName);
 }
 
 XfcePanel::XfcePanel(const XDisplay& shown, const desktops::PrivateBus& bus)
     : display(shown), busAddress(bus.address()) {
     folder.write(settingsFile, settingsText);
-    settings = std::make_unique<desktops::Program>(command({settingsDaemon()}));
+    settings = std::make_unique<desktops::Program>(command({serviceProgram(settingsName)}));
     bus.waitForName(settingsName);
     program = std::make_unique<desktops::Program>(
         command({"xfce4-panel", "--disable-wm-check", "--sm-client-disable"}));

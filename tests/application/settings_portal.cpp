@@ -1,0 +1,25 @@
+#include "settings_portal.h"
+
+#include "panel_desktop.h"
+#include "service_program.h"
+
+namespace glidemap::application {
+
+const desktops::Environment settingsInFile = {{"GSETTINGS_BACKEND", "keyfile"}};
+
+// The backend comes first: the portal would have the bus start it, without the display.
+SettingsPortal::SettingsPortal(const PanelDesktop& desktop, const std::string& backend,
+                               const desktops::Environment& more)
+    : backendProgram(desktop.start({serviceProgram(backend)}, more)) {
+    desktop.session.waitForName(backend);
+    portal = desktop.start({serviceProgram(name)}, more);
+    desktop.session.waitForName(name);
+}
+
+void chooseForGtk(const PanelDesktop& desktop, bool dark) {
+    desktop.run({"gsettings", "set", "org.gnome.desktop.interface", "color-scheme",
+                 dark ? "prefer-dark" : "prefer-light"},
+                settingsInFile);
+}
+
+} // namespace glidemap::application

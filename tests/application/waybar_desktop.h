@@ -1,0 +1,38 @@
+// Waybar's tray on sway, with the portal that reads GTK's settings.
+//
+// Thread:  one.
+// Owner:   a test.
+// Errors:  as a PanelDesktop's.
+#pragma once
+
+#include "desktops/sway.h"
+#include "panel_desktop.h"
+#include "settings_portal.h"
+
+#include <memory>
+#include <optional>
+
+namespace glidemap::application {
+
+class WaybarDesktop : public PanelDesktop {
+public:
+    // A program that is not installed; empty if all are.
+    static std::string missing();
+
+    desktops::Environment environment() const override;
+    void startPanel() override;
+    void killPanel() override { bar.reset(); }
+    Picture panel() const override;
+    void startPortal() override {
+        portal.emplace(*this, SettingsPortal::gtkBackend, settingsInFile);
+    }
+    void choose(ColorScheme scheme) const override;
+    Picture screen() const override;
+
+private:
+    desktops::Sway sway;
+    std::unique_ptr<desktops::Program> bar;
+    std::optional<SettingsPortal> portal;
+};
+
+} // namespace glidemap::application

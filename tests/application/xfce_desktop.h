@@ -1,0 +1,37 @@
+// Xfce's panel on X11, with the portal that reads GTK's settings.
+//
+// Thread:  one.
+// Owner:   a test.
+// Errors:  as a PanelDesktop's.
+#pragma once
+
+#include "panel_desktop.h"
+#include "settings_portal.h"
+#include "xfce_panel.h"
+
+#include <optional>
+
+namespace glidemap::application {
+
+class XfceDesktop : public PanelDesktop {
+public:
+    // A program that is not installed; empty if all are.
+    static std::string missing();
+
+    desktops::Environment environment() const override;
+    void startPanel() override;
+    void killPanel() override { bar.reset(); }
+    Picture panel() const override { return {display, bar->area()}; }
+    void startPortal() override {
+        portal.emplace(*this, SettingsPortal::gtkBackend, settingsInFile);
+    }
+    void choose(ColorScheme scheme) const override;
+    Picture screen() const override { return {display, {0, 0, 1280, 800}}; }
+
+private:
+    XDisplay display{home};
+    std::optional<XfcePanel> bar;
+    std::optional<SettingsPortal> portal;
+};
+
+} // namespace glidemap::application
