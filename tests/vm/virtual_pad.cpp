@@ -113,8 +113,11 @@ bool declare(int descriptor, const PadShape& shape, const std::string& port) {
            declareIdentity(descriptor, shape, port);
 }
 
-input_event kernelEvent(const PadEvent& event) {
+input_event kernelEvent(const PadEvent& event, std::int64_t time) {
+    constexpr std::int64_t second = 1000000;
     input_event result{};
+    result.input_event_sec = time / second;
+    result.input_event_usec = time % second;
     result.type = event.type;
     result.code = event.code;
     result.value = event.value;
@@ -166,13 +169,13 @@ void VirtualPad::clickMarker() {
     write({{EV_KEY, markerKey, 0}});
 }
 
-void VirtualPad::write(const EventFrame& frame) {
+void VirtualPad::write(const EventFrame& frame, std::int64_t time) {
     std::vector<input_event> events;
     events.reserve(frame.size() + 1);
     for (const PadEvent& event : frame) {
-        events.push_back(kernelEvent(event));
+        events.push_back(kernelEvent(event, time));
     }
-    events.push_back(kernelEvent({EV_SYN, SYN_REPORT, 0}));
+    events.push_back(kernelEvent({EV_SYN, SYN_REPORT, 0}, time));
     const std::size_t size = events.size() * sizeof(input_event);
     if (::write(descriptor, events.data(), size) != static_cast<ssize_t>(size)) {
         ADD_FAILURE() << "cannot write to \"" << _shape.name << "\": " << std::strerror(errno);

@@ -1,7 +1,7 @@
 // A touchpad that exists only in the kernel's memory, made with uinput: to every other program it
 // is a real one.
 //
-// Units:   events as in recorded_pad.h.
+// Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
 // Owner:   a test. Destroying it, or unplug(), takes the device away as pulling its cable would.
 // Errors:  a device that cannot be made is a failure of the test (isPlugged() is false); so is an
@@ -11,6 +11,7 @@
 
 #include "recorded_pad.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -25,8 +26,9 @@ public:
     VirtualPad& operator=(const VirtualPad&) = delete;
     ~VirtualPad();
 
-    // The events and a synchronisation, handed over in one piece.
-    void write(const EventFrame& frame);
+    // The events and a synchronisation, handed over in one piece. A kernel that takes an event's
+    // time from its writer takes this one, and its own where that is 0.
+    void write(const EventFrame& frame, std::int64_t time = 0);
 
     // Presses and releases a button that every pad has and no recording uses: a reader that has
     // heard of it has read everything before it.
