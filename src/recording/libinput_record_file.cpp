@@ -3,15 +3,13 @@
 #include "recording/line_buffer.h"
 
 #include <linux/input-event-codes.h>
-#include <yaml-cpp/eventhandler.h>
-#include <yaml-cpp/exceptions.h>
-#include <yaml-cpp/mark.h>
-#include <yaml-cpp/parser.h>
+#include <yaml.h>
 
-#include <array>
+#include <algorithm>
 #include <charconv>
-#include <exception>
-#include <istream>
+#include <cstddef>
+#include <cstdint>
+#include <new>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -71,57 +69,39 @@ constexpr Step steps[] = {
     {Place::eventList, "", Place::event, false},
 };
 
+// A line of the file, from 0.
+using Line = std::size_t;
+
 // Stops the parser; never leaves this file.
 struct Refusal {
-    YAML::Mark mark;
+    Line line;
     std::string message;
 };
 
 template <typename Integer>
-Integer integer(const YAML::Mark& mark, std::string_view text) {
+Integer integer(Line line, std::string_view text) {
     Integer value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size()) {
-        throw Refusal{mark, "not a number that belongs here"};
+        throw Refusal{line, "not a number that belongs here"};
     }
     return value;
 }
 
-class Handler : public YAML::EventHandler {
+class Handler {
 public:
     Handler(LibinputRecordFile& result, LineBuffer& source) : file(result), input(source) {}
+
+    // Throws a Refusal.
+    void take(const yaml_event_t& node);
 
     // Takes the touchpad over from a device whose end was not reached.
     void finishDevice();
 
-    void OnDocumentStart(const YAML::Mark& /*mark*/) override {}
-    void OnDocumentEnd() override {}
-    void OnNull(const YAML::Mark& mark, YAML::anchor_t /*anchor*/) override { scalar(mark, ""); }
-    void OnAnchor(const YAML::Mark& mark, const std::string& /*name*/) override {
-        throw Refusal{mark, "anchors are not supported"};
-    }
-    void OnAlias(const YAML::Mark& mark, YAML::anchor_t /*anchor*/) override {
-        throw Refusal{mark, "aliases are not supported"};
-    }
-    void OnScalar(const YAML::Mark& mark, const std::string& /*tag*/, YAML::anchor_t /*anchor*/,
-                  const std::string& value) override {
-        scalar(mark, value);
-    }
-    void OnSequenceStart(const YAML::Mark& mark, const std::string& /*tag*/,
-                         YAML::anchor_t /*anchor*/, YAML::EmitterStyle::value /*style*/) override {
-        start(mark, false);
-    }
-    void OnSequenceEnd() override { end(); }
-    void OnMapStart(const YAML::Mark& mark, const std::string& /*tag*/, YAML::anchor_t /*anchor*/,
-                    YAML::EmitterStyle::value /*style*/) override {
-        start(mark, true);
-    }
-    void OnMapEnd() override { end(); }
-
 private:
     struct Level {
         Place place = Place::nowhere;
-        YAML::Mark mark;
+        Line line;
         bool isMap = false;
         bool keyComes = false; // in a map, the next scalar is a key
         std::string key{};
@@ -129,13 +109,13 @@ private:
     };
 
     static const Step* stepFrom(const Level* around);
-    void start(const YAML::Mark& mark, bool isMap);
+    void start(Line line, bool isMap);
     void end();
-    void scalar(const YAML::Mark& mark, const std::string& value);
+    void scalar(Line line, const std::string& value);
     void valueTaken();
-    void take(const Level& around, const YAML::Mark& mark, const std::string& value);
-    void takeAxisElement(const Level& axis, const YAML::Mark& mark, const std::string& value);
-    void takeEventElement(std::size_t element, const YAML::Mark& mark, const std::string& value);
+    void take(const Level& around, Line line, const std::string& value);
+    void takeAxisElement(const Level& axis, Line line, const std::string& value);
+    void takeEventElement(std::size_t element, Line line, const std::string& value);
     void finishEvent(const Level& event);
     bool isTouchpad() const;
 
@@ -151,6 +131,39 @@ private:
     InputEvent event;
 };
 
+void refuseAnchor(Line line, const yaml_char_t* anchor) {
+    if (anchor != nullptr) {
+        throw Refusal{line, "anchors are not supported"};
+    }
+}
+
+void Handler::take(const yaml_event_t& node) {
+    const Line line = node.start_mark.line;
+    switch (node.type) {
+    case YAML_ALIAS_EVENT:
+        throw Refusal{line, "aliases are not supported"};
+    case YAML_SCALAR_EVENT:
+        refuseAnchor(line, node.data.scalar.anchor);
+        scalar(line,
+               {reinterpret_cast<const char*>(node.data.scalar.value), node.data.scalar.length});
+        break;
+    case YAML_SEQUENCE_START_EVENT:
+        refuseAnchor(line, node.data.sequence_start.anchor);
+        start(line, false);
+        break;
+    case YAML_MAPPING_START_EVENT:
+        refuseAnchor(line, node.data.mapping_start.anchor);
+        start(line, true);
+        break;
+    case YAML_SEQUENCE_END_EVENT:
+    case YAML_MAPPING_END_EVENT:
+        end();
+        break;
+    default:
+        break;
+    }
+}
+
 const Step* Handler::stepFrom(const Level* around) {
     const Place place = around != nullptr ? around->place : Place::nowhere;
     for (const Step& step : steps) {
@@ -162,18 +175,18 @@ const Step* Handler::stepFrom(const Level* around) {
     return nullptr;
 }
 
-void Handler::start(const YAML::Mark& mark, bool isMap) {
+void Handler::start(Line line, bool isMap) {
     input.progress();
     if (levels.size() == deepestNesting) {
-        throw Refusal{mark, "values are nested more than 16 deep"};
+        throw Refusal{line, "values are nested more than 16 deep"};
     }
     Level* around = levels.empty() ? nullptr : &levels.back();
     if (around != nullptr && around->keyComes) {
-        throw Refusal{mark, "not as libinput record writes it: a key is not a word"};
+        throw Refusal{line, "not as libinput record writes it: a key is not a word"};
     }
     const Step* step = stepFrom(around);
     if (step != nullptr && step->isMap != isMap) {
-        throw Refusal{mark, isMap
+        throw Refusal{line, isMap
                                 ? "not as libinput record writes it: a list belongs here"
                                 : "not as libinput record writes it: keys and values belong here"};
     }
@@ -186,7 +199,7 @@ void Handler::start(const YAML::Mark& mark, bool isMap) {
         udevTold = udevSaysTouchpad = false;
         file.events.clear();
     }
-    levels.push_back({.place = place, .mark = mark, .isMap = isMap, .keyComes = isMap});
+    levels.push_back({.place = place, .line = line, .isMap = isMap, .keyComes = isMap});
 }
 
 void Handler::end() {
@@ -197,16 +210,16 @@ void Handler::end() {
     } else if (level.place == Place::event) {
         finishEvent(level);
     } else if (level.place == Place::axis) {
-        device.axes[integer<std::uint16_t>(level.mark, levels.back().key)] = axis;
+        device.axes[integer<std::uint16_t>(level.line, levels.back().key)] = axis;
         axis = {};
     }
     valueTaken();
 }
 
-void Handler::scalar(const YAML::Mark& mark, const std::string& value) {
+void Handler::scalar(Line line, const std::string& value) {
     input.progress();
     if (levels.empty()) {
-        throw Refusal{mark, "not as libinput record writes it: keys and values belong here"};
+        throw Refusal{line, "not as libinput record writes it: keys and values belong here"};
     }
     Level& around = levels.back();
     if (around.keyComes) {
@@ -214,7 +227,7 @@ void Handler::scalar(const YAML::Mark& mark, const std::string& value) {
         around.keyComes = false;
         return;
     }
-    take(around, mark, value);
+    take(around, line, value);
     valueTaken();
 }
 
@@ -226,11 +239,11 @@ void Handler::valueTaken() {
     }
 }
 
-void Handler::take(const Level& around, const YAML::Mark& mark, const std::string& value) {
+void Handler::take(const Level& around, Line line, const std::string& value) {
     switch (around.place) {
     case Place::file:
         if (around.key == "version" && value != supportedVersion) {
-            throw Refusal{mark, "version " + value +
+            throw Refusal{line, "version " + value +
                                     " of libinput's recording format is not supported, only "
                                     "version 1"};
         }
@@ -241,7 +254,7 @@ void Handler::take(const Level& around, const YAML::Mark& mark, const std::strin
         }
         break;
     case Place::properties:
-        if (const auto property = integer<std::uint32_t>(mark, value); property < 64) {
+        if (const auto property = integer<std::uint32_t>(line, value); property < 64) {
             device.properties |= std::uint64_t{1} << property;
         }
         break;
@@ -250,19 +263,18 @@ void Handler::take(const Level& around, const YAML::Mark& mark, const std::strin
         udevSaysTouchpad = udevSaysTouchpad || value == "ID_INPUT_TOUCHPAD=1";
         break;
     case Place::axis:
-        takeAxisElement(around, mark, value);
+        takeAxisElement(around, line, value);
         break;
     case Place::event:
-        takeEventElement(around.elements, mark, value);
+        takeEventElement(around.elements, line, value);
         break;
     default:
         break;
     }
 }
 
-void Handler::takeAxisElement(const Level& level, const YAML::Mark& mark,
-                              const std::string& value) {
-    const auto number = integer<std::int32_t>(mark, value);
+void Handler::takeAxisElement(const Level& level, Line line, const std::string& value) {
+    const auto number = integer<std::int32_t>(line, value);
     switch (level.elements) {
     case 0:
         axis.minimum = number;
@@ -278,23 +290,22 @@ void Handler::takeAxisElement(const Level& level, const YAML::Mark& mark,
     }
 }
 
-void Handler::takeEventElement(std::size_t element, const YAML::Mark& mark,
-                               const std::string& value) {
+void Handler::takeEventElement(std::size_t element, Line line, const std::string& value) {
     switch (element) {
     case 0:
-        event.time = integer<std::uint32_t>(mark, value);
+        event.time = integer<std::uint32_t>(line, value);
         break;
     case 1:
-        event.time += integer<std::uint32_t>(mark, value) * 1e-6;
+        event.time += integer<std::uint32_t>(line, value) * 1e-6;
         break;
     case 2:
-        event.type = integer<std::uint16_t>(mark, value);
+        event.type = integer<std::uint16_t>(line, value);
         break;
     case 3:
-        event.code = integer<std::uint16_t>(mark, value);
+        event.code = integer<std::uint16_t>(line, value);
         break;
     case 4:
-        event.value = integer<std::int32_t>(mark, value);
+        event.value = integer<std::int32_t>(line, value);
         break;
     default:
         break;
@@ -303,7 +314,7 @@ void Handler::takeEventElement(std::size_t element, const YAML::Mark& mark,
 
 void Handler::finishEvent(const Level& level) {
     if (level.elements != 5) {
-        throw Refusal{level.mark, "an event is not [seconds, microseconds, type, code, value]"};
+        throw Refusal{level.line, "an event is not [seconds, microseconds, type, code, value]"};
     }
     file.events.push_back(event);
 }
@@ -322,24 +333,79 @@ void Handler::finishDevice() {
     }
 }
 
+// The text, as its lines come. Called by the parser, which is written in C and lets no exception pass.
+int readMore(void* source, unsigned char* target, std::size_t size, std::size_t* count) noexcept {
+    LineBuffer& buffer = *static_cast<LineBuffer*>(source);
+    try {
+        const bool isAtEnd =
+            LineBuffer::traits_type::eq_int_type(buffer.sgetc(), LineBuffer::traits_type::eof());
+        const auto available = isAtEnd ? 0 : static_cast<std::size_t>(buffer.in_avail());
+        const auto wanted = static_cast<std::streamsize>(std::min(size, available));
+        *count = static_cast<std::size_t>(buffer.sgetn(reinterpret_cast<char*>(target), wanted));
+        return 1;
+    } catch (const std::bad_alloc&) {
+        return 0;
+    }
+}
+
+class Parser {
+public:
+    explicit Parser(LineBuffer& source) {
+        if (yaml_parser_initialize(&parser) == 0) {
+            throw std::bad_alloc();
+        }
+        yaml_parser_set_input(&parser, readMore, &source);
+    }
+    Parser(const Parser&) = delete;
+    Parser& operator=(const Parser&) = delete;
+    ~Parser() { yaml_parser_delete(&parser); }
+
+    // Up to the end of the first document. Throws a Refusal.
+    void parse(Handler& handler) {
+        bool isDone = false;
+        while (!isDone) {
+            Event event;
+            if (yaml_parser_parse(&parser, &event.event) == 0) {
+                throw Refusal{problemLine(), problem()};
+            }
+            handler.take(event.event);
+            isDone = event.event.type == YAML_DOCUMENT_END_EVENT ||
+                     event.event.type == YAML_STREAM_END_EVENT;
+        }
+    }
+
+private:
+    struct Event {
+        Event() = default;
+        Event(const Event&) = delete;
+        Event& operator=(const Event&) = delete;
+        ~Event() { yaml_event_delete(&event); }
+        yaml_event_t event{};
+    };
+
+    // What is wrong with the text's bytes has an offset alone; the parser stands at them.
+    Line problemLine() const {
+        return parser.error == YAML_READER_ERROR ? parser.mark.line : parser.problem_mark.line;
+    }
+    std::string problem() const {
+        return std::string("not valid YAML: ") +
+               (parser.problem != nullptr ? parser.problem : "memory is missing");
+    }
+
+    yaml_parser_t parser{};
+};
+
 } // namespace
 
 LibinputRecordFile parseLibinputRecord(LineReader& lines) {
     LibinputRecordFile file;
     LineBuffer buffer(lines, mostHoarded);
-    std::istream stream(&buffer);
     Handler handler(file, buffer);
-    const auto refuse = [&](const YAML::Mark& mark, std::string message) {
-        file.error = RecordingError{lines.name(), mark.line + 1, std::move(message)};
-    };
     try {
-        YAML::Parser(stream).HandleNextDocument(handler);
+        Parser(buffer).parse(handler);
     } catch (const Refusal& refusal) {
-        refuse(refusal.mark, refusal.message);
-    } catch (const YAML::Exception& problem) {
-        refuse(problem.mark, "not valid YAML: " + problem.msg);
-    } catch (const std::exception& problem) {
-        refuse(YAML::Mark::null_mark(), std::string("not valid YAML: ") + problem.what());
+        file.error = RecordingError{lines.name(), static_cast<std::int64_t>(refusal.line) + 1,
+                                    refusal.message};
     }
     // A stream that ended early is the reason for whatever the parser made of its end.
     if (buffer.isStuck()) {
