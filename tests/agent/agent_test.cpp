@@ -40,7 +40,7 @@ protected:
         std::ofstream stream(folder.path() / "recording.jsonl");
         RecordingWriter writer(stream);
         writer.write(Report{0, {}});
-        double start = 1; // when it has long been ready
+        double start = 1;
         for (const GestureType gesture : gestures) {
             double end = start;
             for (const TimedReport& report : perform(gesture, 1)) {
@@ -49,6 +49,15 @@ protected:
             }
             start = end + 1;
         }
+    }
+
+    // What it has said but for being ready: on a busy machine the first gesture may come before that.
+    static std::string logOf(const Process& agent) {
+        const std::string ready = "ready\n";
+        std::string log = agent.output();
+        const auto place = log.find(ready);
+        EXPECT_NE(place, std::string::npos) << log;
+        return place != std::string::npos ? log.erase(place, ready.size()) : log;
     }
 
     void ofUser(const std::string& settings) const {
@@ -79,10 +88,9 @@ TEST_F(AgentTest, AGestureLocksTheScreenAndEveryGestureIsLogged) {
     EXPECT_TRUE(journal.waitFor("login1: nobody asks"));
     agent.send(SIGTERM);
     EXPECT_EQ(agent.waitForEnd(), 0);
-    EXPECT_EQ(agent.output(), "ready\n"
-                              "drawCircleClockwise → Lock Screen @ (unknown)\n"
-                              "threeFingerSwipeUp → (no matching binding) @ (unknown)\n"
-                              "fixAndTapLeft → Shortcut ⌥⌘← @ (unknown)\n");
+    EXPECT_EQ(logOf(agent), "drawCircleClockwise → Lock Screen @ (unknown)\n"
+                            "threeFingerSwipeUp → (no matching binding) @ (unknown)\n"
+                            "fixAndTapLeft → Shortcut ⌥⌘← @ (unknown)\n");
     EXPECT_EQ(journal.lines(),
               (Journal::Lines{"login1.Lock()", "login1 get LockedHint", "login1: nobody asks"}));
     EXPECT_NE(contentOf(folder.path() / "data/Glidemap/bindings.json").find("\"drawCircle\""),
