@@ -55,6 +55,7 @@ endfunction()
 
 # glidemap_tests(NAME SOURCES path… DEPENDS target…): the tests of one folder, with its name as CTest label.
 # Under a sanitizer a folder is one test, so that start-up is paid once; otherwise every case is listed by name.
+# The time-outs end a test that hangs; a machine that is busy with other work may be ten times slower than an idle one.
 function(glidemap_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
     file(GLOB present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp *_test.mm)
@@ -64,14 +65,14 @@ function(glidemap_tests name)
         endif()
     endforeach()
     add_executable(${name}_tests ${ARG_SOURCES})
-    target_link_libraries(${name}_tests PRIVATE ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
+    target_link_libraries(${name}_tests PRIVATE ${ARG_DEPENDS} glidemap_kit_patience GTest::gmock GTest::gtest_main)
     glidemap_precompile(${name}_tests)
     set_target_properties(${name}_tests PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
     if(GLIDEMAP_SANITIZERS)
         add_test(NAME ${name} COMMAND ${name}_tests)
-        set_tests_properties(${name} PROPERTIES LABELS ${name} TIMEOUT 600)
+        set_tests_properties(${name} PROPERTIES LABELS ${name} TIMEOUT 3600)
     else()
-        gtest_discover_tests(${name}_tests TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
-                             PROPERTIES LABELS ${name} TIMEOUT 120)
+        gtest_discover_tests(${name}_tests TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 600
+                             PROPERTIES LABELS ${name} TIMEOUT 1200)
     endif()
 endfunction()

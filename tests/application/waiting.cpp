@@ -11,7 +11,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 // A machine may be busy; nothing waits this long unless it has failed.
-constexpr std::chrono::seconds patience{40};
+constexpr std::chrono::seconds patience{120};
 
 constexpr guint lookAgainAfter = 15; // milliseconds
 

@@ -19,7 +19,7 @@
 namespace glidemap::desktops {
 
 // How long a test waits for what must happen. Nothing waits this long unless it has failed.
-constexpr std::chrono::seconds patience{40};
+constexpr std::chrono::seconds patience{120};
 
 using Environment = std::map<std::string, std::string>;
 

@@ -1,4 +1,5 @@
 // The prompt with doubles of pkexec: small shell scripts.
+#include "kit/patience.h"
 #include "platform/linux/access/grant_prompt.h"
 
 #include <fcntl.h>
@@ -35,7 +36,7 @@ public:
     }
 
     bool hasCome() { return future.wait_for(std::chrono::seconds(0)) == ready; }
-    bool comes() { return future.wait_for(std::chrono::seconds(20)) == ready; }
+    bool comes() { return future.wait_for(test::patience) == ready; }
 
 private:
     static constexpr auto ready = std::future_status::ready;

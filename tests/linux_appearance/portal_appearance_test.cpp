@@ -1,5 +1,6 @@
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
 #include "linux_session/silent_socket.h"
@@ -64,7 +65,7 @@ public:
     // Nothing waits this long unless it has failed.
     bool waitForOne() {
         std::unique_lock lock(mutex);
-        return more.wait_for(lock, std::chrono::seconds(30), [this] { return !tasks.empty(); });
+        return more.wait_for(lock, test::patience, [this] { return !tasks.empty(); });
     }
 
     std::size_t run() {

@@ -1,4 +1,5 @@
 #include "application_folder.h"
+#include "kit/patience.h"
 #include "platform/linux/applications/application_follower.h"
 
 #include <gmock/gmock.h>
@@ -58,7 +59,7 @@ protected:
 
     // Waits until it is so: entries are read when GIO has noticed them.
     void expectFrontmost(const Application& expected) const {
-        const auto deadline = std::chrono::steady_clock::now() + 40s;
+        const auto deadline = std::chrono::steady_clock::now() + test::patience;
         while (!(frontmost() == expected) && std::chrono::steady_clock::now() < deadline)
             std::this_thread::yield();
         EXPECT_EQ(frontmost(), expected);

@@ -1,5 +1,6 @@
 #include "application_folder.h"
 #include "desktops/scoped_environment.h"
+#include "kit/patience.h"
 #include "platform/linux/applications/desktop_entries.h"
 
 #include <gmock/gmock.h>
@@ -36,8 +37,7 @@ protected:
     // Waits until these are the names of all entries.
     void expectNames(const std::vector<std::string>& expected) {
         std::unique_lock lock(mutex);
-        published.wait_for(lock, std::chrono::seconds(40),
-                           [&] { return namesOf(current) == expected; });
+        published.wait_for(lock, test::patience, [&] { return namesOf(current) == expected; });
         EXPECT_EQ(namesOf(current), expected);
     }
 

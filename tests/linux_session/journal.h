@@ -1,6 +1,8 @@
 // What happened, in its order, on whichever thread.
 #pragma once
 
+#include "kit/patience.h"
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -21,6 +23,11 @@ public:
         more.notify_all();
     }
 
+    void clear() {
+        const std::lock_guard lock(mutex);
+        written.clear();
+    }
+
     Lines lines() const {
         const std::lock_guard lock(mutex);
         return written;
@@ -29,14 +36,14 @@ public:
     // Nothing waits this long unless it has failed.
     bool waitForAny(const Lines& awaited) {
         std::unique_lock lock(mutex);
-        return more.wait_for(lock, std::chrono::seconds(30), [&] {
+        return more.wait_for(lock, patience, [&] {
             return std::find_first_of(written.begin(), written.end(), awaited.begin(),
                                       awaited.end()) != written.end();
         });
     }
     bool waitForCount(const std::string& line, long count) {
         std::unique_lock lock(mutex);
-        return more.wait_for(lock, std::chrono::seconds(30), [&] {
+        return more.wait_for(lock, patience, [&] {
             return std::count(written.begin(), written.end(), line) >= count;
         });
     }

@@ -2,6 +2,7 @@
 // the toolkit asks for the session's bus once in a process.
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "kit/qt_waiting.h"
 #include "linux_session/bus_double.h"
 #include "linux_windows/x11/x_server.h"
 #include "platform/linux/status_bar/linux_status_bar.h"
@@ -11,7 +12,6 @@
 #include <xcb/xcb.h>
 
 #include <QGuiApplication>
-#include <QTest>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -95,29 +95,29 @@ TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
     EXPECT_EQ(bar.kind(), Kind::none);
     {
         const Tray tray(server.display());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 1; }));
+        EXPECT_TRUE(test::waitFor([&] { return changes == 1; }));
         EXPECT_EQ(bar.kind(), Kind::embeds);
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.kind() == Kind::none; }));
+    EXPECT_TRUE(test::waitFor([&] { return bar.kind() == Kind::none; }));
 
     const Tray tray(server.display());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 2; }));
+    EXPECT_TRUE(test::waitFor([&] { return changes == 2; }));
     Journal journal;
     {
         BusDouble watcher(bus.address(), withoutHost, journal);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 3; }));
+        EXPECT_TRUE(test::waitFor([&] { return changes == 3; }));
         EXPECT_EQ(bar.kind(), Kind::embeds);
         watcher.set("IsStatusNotifierHostRegistered", true);
         watcher.announce(watcherName, "StatusNotifierHostRegistered", g_variant_new("()"));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 4; }));
+        EXPECT_TRUE(test::waitFor([&] { return changes == 4; }));
         EXPECT_EQ(bar.kind(), Kind::drawsItself);
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.kind() == Kind::embeds; }));
+    EXPECT_TRUE(test::waitFor([&] { return bar.kind() == Kind::embeds; }));
 
     // One that cannot tell of its host is taken to have one: the toolkit asks it, too, and judges.
     const BusDouble silent(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
                            journal);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return changes == 5; }));
+    EXPECT_TRUE(test::waitFor([&] { return changes == 5; }));
     EXPECT_EQ(bar.kind(), Kind::drawsItself);
 }
 

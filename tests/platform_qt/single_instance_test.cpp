@@ -1,4 +1,5 @@
 #include "application.h"
+#include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "platform/qt/single_instance.h"
 
@@ -54,7 +55,7 @@ class Child {
 public:
     explicit Child(const std::function<int()>& work) : process(fork()) {
         if (process == 0) {
-            alarm(40);
+            alarm(3 * test::patience.count()); // longer than anything that it waits for
             _exit(work());
         }
     }
@@ -100,7 +101,7 @@ protected:
         return asked == Request{"token", "id_TIME12"} ? 7 : 2;
     }
 
-    int claimAsSecond(std::chrono::milliseconds patience = SingleInstance::usualPatience) const {
+    int claimAsSecond(std::chrono::milliseconds patience = test::patience) const {
         SingleInstance instance(folder.path());
         return static_cast<int>(instance.claim({"token", "id_TIME12"}, patience));
     }

@@ -1,4 +1,5 @@
 #include "application.h"
+#include "kit/patience.h"
 #include "platform/qt/termination_signals.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ using test::Application;
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {
-        alarm(20); // one that is never asked fails
+        alarm(test::patience.count()); // one that is never asked fails
         Application application;
         bool asked = false;
         const TerminationSignals ending([&] {

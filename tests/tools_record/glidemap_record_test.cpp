@@ -25,7 +25,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr int patience = 60'000; // milliseconds, for a busy machine
+constexpr int patience = 120'000; // milliseconds, for a busy machine
 
 constexpr const char* swipeRecording =
     "{\"glidemap-recording\":1,\"device\":\"Scripted \\\"Pad\\\"\"}\n"

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/popover.h"
 #include "ui_controls/stage.h"
 
@@ -32,7 +33,7 @@ protected:
     }
 
     static bool hasGone(const QPointer<Popover>& popover) {
-        return QTest::qWaitFor([&popover] { return popover == nullptr; }, 2000);
+        return test::waitFor([&popover] { return popover == nullptr; });
     }
 
     Stage stage;
@@ -131,7 +132,7 @@ TEST_F(PopoverTest, followsItsControlWhenTheWindowIsResized) {
     };
     EXPECT_TRUE(pointsAtAnchor());
     stage.resize(500, 400);
-    EXPECT_TRUE(QTest::qWaitFor(pointsAtAnchor, 2000));
+    EXPECT_TRUE(test::waitFor(pointsAtAnchor));
     EXPECT_TRUE(stage.rect().contains(popover->geometry()));
 }
 

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/segmented_control.h"
 #include "ui_controls/stage.h"
 
@@ -97,7 +98,7 @@ TEST_F(SegmentedControlTest, theGroundSlidesWhereMotionIsWelcome) {
     Theme::shared().pinReducedMotion(false);
     QTest::mouseClick(segments()[1], Qt::LeftButton);
     EXPECT_LT(control->groundPosition(), 1);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return control->groundPosition() == 1; }, 2000));
+    EXPECT_TRUE(test::waitFor([this] { return control->groundPosition() == 1; }));
 }
 
 } // namespace

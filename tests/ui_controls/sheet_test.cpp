@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/sheet.h"
 #include "ui_controls/stage.h"
 
@@ -38,8 +39,7 @@ protected:
             ++closings;
         };
         sheet->present();
-        EXPECT_TRUE(
-            QTest::qWaitFor([this] { return QApplication::activeWindow() == sheet; }, 2000));
+        EXPECT_TRUE(test::waitFor([this] { return QApplication::activeWindow() == sheet; }));
     }
 
     // In the middle of the window's inside, ten points beneath its title.
@@ -48,7 +48,7 @@ protected:
     }
 
     bool hasGone() {
-        return QTest::qWaitFor([this] { return sheet == nullptr; }, 2000);
+        return test::waitFor([this] { return sheet == nullptr; });
     }
 
     test::InStillness still;
@@ -79,8 +79,7 @@ TEST_F(SheetTest, liesInTheMiddleBeneathTheTitleOfTheWindowThatWaits) {
 TEST_F(SheetTest, followsItsWindow) {
     present(QSize(400, 300));
     stage.move(60, 70);
-    EXPECT_TRUE(
-        QTest::qWaitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }, 2000));
+    EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }));
 }
 
 TEST_F(SheetTest, isNoLargerThanTheScreenAndScrolls) {
@@ -144,7 +143,7 @@ TEST_F(SheetTest, theWindowIsDimmedWhileItWaits) {
     present();
     EXPECT_LT(corner(), clear - 30);
     sheet->dismiss();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return corner() == clear; }, 2000));
+    EXPECT_TRUE(test::waitFor([&] { return corner() == clear; }));
 }
 
 TEST_F(SheetTest, theShadeFadesOnceTheSheetHasGoneAndIsInNobodysWay) {
@@ -159,15 +158,15 @@ TEST_F(SheetTest, theShadeFadesOnceTheSheetHasGoneAndIsInNobodysWay) {
     EXPECT_NE(stage.childAt(3, 495), shade);
     EXPECT_TRUE(hasGone());
     EXPECT_TRUE(outlastsTheSheet);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shade == nullptr; }, 2000));
+    EXPECT_TRUE(test::waitFor([&] { return shade == nullptr; }));
 }
 
 TEST_F(SheetTest, theShadeFollowsTheSizeOfTheWindow) {
     present();
     const int dimmed = stage.grab().toImage().pixelColor(3, 495).lightness();
     stage.resize(760, 560);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return stage.grab().toImage().pixelColor(757, 557).lightness() == dimmed; }, 2000));
+    EXPECT_TRUE(test::waitFor(
+        [&] { return stage.grab().toImage().pixelColor(757, 557).lightness() == dimmed; }));
 }
 
 TEST_F(SheetTest, itsShapeIsCutOutWhereWindowsCannotBeTranslucent) {
@@ -192,8 +191,7 @@ TEST_F(SheetTest, slidesToItsPlaceWhereMotionIsWelcome) {
     Theme::shared().pinReducedMotion(false);
     stage.move(20, 30);
     present(QSize(400, 300));
-    EXPECT_TRUE(
-        QTest::qWaitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }, 2000));
+    EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }));
 }
 
 TEST_F(SheetTest, goesWithItsWindow) {

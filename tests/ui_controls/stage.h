@@ -1,13 +1,13 @@
 // A window on which a control is tried out, with the keyboard and the mouse of a person.
 #pragma once
 
+#include "kit/qt_waiting.h"
 #include "ui/theme/theme.h"
 
 #include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QApplication>
-#include <QTest>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -30,7 +30,7 @@ public:
         show();
         activateWindow();
         setFocus();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(this));
+        EXPECT_TRUE(test::waitForWindowActive(this));
     }
 };
 

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/switch.h"
 #include "ui_controls/stage.h"
 
@@ -50,14 +51,14 @@ TEST_F(SwitchTest, theKnobSlidesAndArrives) {
     stage.open();
     knob->setChecked(true);
     EXPECT_LT(knob->knobPosition(), 1);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return knob->knobPosition() == 1; }, 2000));
+    EXPECT_TRUE(test::waitFor([this] { return knob->knobPosition() == 1; }));
 }
 
 TEST_F(SwitchTest, theKnobSlidesForAClickToo) {
     stage.open();
     QTest::mouseClick(knob, Qt::LeftButton);
     EXPECT_LT(knob->knobPosition(), 1);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return knob->knobPosition() == 1; }, 2000));
+    EXPECT_TRUE(test::waitFor([this] { return knob->knobPosition() == 1; }));
 }
 
 TEST_F(SwitchTest, withReducedMotionTheKnobIsThereAtOnce) {

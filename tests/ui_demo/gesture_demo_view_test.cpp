@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"
 #include "ui/demo/gesture_demo_view.h"
@@ -12,7 +13,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPushButton>
-#include <QTest>
 #include <QVBoxLayout>
 #include <chrono>
 #include <vector>
@@ -39,7 +39,7 @@ public:
     }
 
     bool become(std::size_t count) const {
-        return QTest::qWaitFor([&] { return times.size() >= count; });
+        return test::waitFor([&] { return times.size() >= count; });
     }
 
     std::vector<double> times;
@@ -54,7 +54,7 @@ void waitAWhile() {
     QTimer ticking;
     QObject::connect(&ticking, &QTimer::timeout, &ticking, [&] { ++ticks; });
     ticking.start(std::chrono::milliseconds(25));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks >= 8; }));
+    ASSERT_TRUE(test::waitFor([&] { return ticks >= 8; }));
 }
 
 QTimer& timerOf(const GestureDemoView& view) {
@@ -155,7 +155,7 @@ TEST_F(AView, StopsInAMinimisedWindowAndGoesOnWhenThatComesBack) {
     view.show();
     ASSERT_TRUE(paints.become(3));
     view.showMinimized();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !timerOf(view).isActive(); }));
+    EXPECT_TRUE(test::waitFor([&] { return !timerOf(view).isActive(); }));
     waitAWhile();
     paints.times.clear();
     waitAWhile();
@@ -266,7 +266,7 @@ TEST_F(AView, StopsAndGoesOnAsTheUserDecidesAboutMotion) {
     view.show();
     ASSERT_TRUE(paints.become(3));
     Theme::shared().pinReducedMotion(true);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !timerOf(view).isActive(); }));
+    EXPECT_TRUE(test::waitFor([&] { return !timerOf(view).isActive(); }));
     paints.times.clear();
     Theme::shared().pinReducedMotion(false);
     EXPECT_TRUE(paints.become(3));

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "kit/recording_workspace.h"
 #include "ui/editor/application_picker.h"
 
@@ -29,7 +30,7 @@ protected:
             picked.push_back(app ? app->name : "none");
         };
         picker.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&picker));
+        EXPECT_TRUE(test::waitForWindowActive(&picker));
     }
 
     // What is offered, without what is hidden.

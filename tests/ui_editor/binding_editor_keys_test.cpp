@@ -1,4 +1,5 @@
 #include "editor_stage.h"
+#include "kit/qt_waiting.h"
 #include "ui/controls/sheet.h"
 
 #include <gmock/gmock.h>
@@ -232,13 +233,13 @@ TEST_F(TheEditorsKeys, InTheSheetReturnSavesOnceAndEscapeCancelsOnce) {
         ++closed;
     };
     sheet->present();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(sheet));
+    ASSERT_TRUE(test::waitForWindowActive(sheet));
     EXPECT_EQ(sheet->focusWidget()->objectName(), "gesturePicker");
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(closed, 0);
     kit::find<QComboBox>(*content, "actionPicker").setCurrentIndex(1);
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return closed == 1; }));
+    EXPECT_TRUE(test::waitFor([&] { return closed == 1; }));
     EXPECT_EQ(bindings().size(), 1U);
 }
 

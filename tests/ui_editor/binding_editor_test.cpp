@@ -1,4 +1,5 @@
 #include "editor_stage.h"
+#include "kit/qt_waiting.h"
 
 #include <gmock/gmock.h>
 
@@ -408,7 +409,7 @@ TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
             choose(gesture);
             for (const ActionKind kind : allActionKinds) {
                 choose(kind);
-                EXPECT_TRUE(QTest::qWaitFor([&] { return bar.maximum() == 0; }))
+                EXPECT_TRUE(test::waitFor([&] { return bar.maximum() == 0; }))
                     << bar.maximum() << ": " << code << ", " << rawValue(gesture) << ", "
                     << label(kind);
             }

@@ -4,6 +4,7 @@
 
 #include "kit/find_widget.h"
 #include "kit/in_language.h"
+#include "kit/qt_waiting.h"
 #include "kit/recording_workspace.h"
 #include "kit/typist.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
@@ -58,7 +59,7 @@ protected:
         column->addWidget(editor);
         window.resize(BindingEditor::sheetSize);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(test::waitForWindowActive(&window));
         editor->setFocus();
     }
 

@@ -1,6 +1,7 @@
 #include "kit/find_widget.h"
 #include "kit/in_language.h"
 #include "kit/printers.h"
+#include "kit/qt_waiting.h"
 #include "ui/editor/gesture_picker.h"
 #include "ui/theme/item_roles.h"
 
@@ -45,7 +46,7 @@ protected:
         };
         sheet.show();
         picker->setFocus();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&sheet));
+        EXPECT_TRUE(test::waitForWindowActive(&sheet));
     }
 
     QLineEdit& search() const { return kit::find<QLineEdit>(sheet, "gestureSearch"); }
@@ -72,8 +73,8 @@ protected:
     // The popover takes its leave through the event loop.
     void expectClosed() const {
         EXPECT_FALSE(picker->isOpen());
-        EXPECT_TRUE(QTest::qWaitFor(
-            [this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
+        EXPECT_TRUE(
+            test::waitFor([this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
         EXPECT_EQ(sheet.focusWidget(), picker);
     }
 
@@ -118,7 +119,7 @@ TEST_F(Gestures, TheListOpensAtTheChoiceInsideTheWindow) {
     EXPECT_EQ(list().window(), &sheet);
     EXPECT_EQ(sheet.focusWidget(), &search());
     EXPECT_EQ(marked(), "Three-Finger Long Press");
-    EXPECT_TRUE(QTest::qWaitFor([this] {
+    EXPECT_TRUE(test::waitFor([this] {
         return list().viewport()->rect().contains(list().visualRect(list().currentIndex()));
     }));
     EXPECT_TRUE(sheet.rect().contains(QRect(list().mapTo(&sheet, QPoint()), list().size())));
@@ -281,7 +282,7 @@ TEST_F(Gestures, APickerThatGoesTakesItsListAlong) {
     picker->showPopup();
     delete picker;
     EXPECT_TRUE(
-        QTest::qWaitFor([this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
+        test::waitFor([this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
 }
 
 TEST_F(Gestures, EverythingFollowsTheLanguageAtOnceAlsoTheOpenList) {

@@ -1,4 +1,5 @@
 #include "key_log.h"
+#include "kit/qt_waiting.h"
 #include "kit/typist.h"
 #include "ui/recorder/key_monitor.h"
 
@@ -160,7 +161,7 @@ TEST_F(MonitoredWindow, AMonitorThatIsGoneLeavesEverything) {
 TEST_F(MonitoredWindow, NoShortcutIsSetOffWhileTheMonitorRuns) {
     int setOff = 0;
     const QShortcut shortcut(QKeySequence("Ctrl+N"), &window, [&setOff] { ++setOff; });
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(test::waitForWindowActive(&window));
     monitor->start();
     QTest::keyClick(window.windowHandle(), Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(setOff, 0);

@@ -1,5 +1,6 @@
 #include "key_log.h"
 #include "kit/find_widget.h"
+#include "kit/qt_waiting.h"
 #include "kit/typist.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/keyboard/key_codes.h"
@@ -58,7 +59,7 @@ protected:
         };
         window.show();
         button().setFocus();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(test::waitForWindowActive(&window));
     }
 
     QPushButton& button() const { return kit::find<QPushButton>(window, "recordShortcut"); }

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/popover.h"
 #include "ui/settings/binding_list_view.h"
 #include "ui_settings/settings_stage.h"
@@ -294,7 +295,7 @@ TEST_F(BindingListViewTest, ADemonstrationClosesWithItsBindingAndWhenTheListScro
     BindingList left = stored();
     left.erase(left.begin() + 1);
     stage->store->setBindings(left);
-    EXPECT_TRUE(QTest::qWaitFor([&] {
+    EXPECT_TRUE(test::waitFor([&] {
         const auto* popover = stage->window().findChild<QWidget*>("gesturePreview");
         return popover == nullptr || !popover->isVisible();
     }));
@@ -307,7 +308,7 @@ TEST_F(BindingListViewTest, AListThatGoesTakesADemonstrationWithTheFocusAlong) {
     ASSERT_NE(preview, nullptr);
     EXPECT_TRUE(preview->hasFocus());
     delete std::exchange(list, nullptr);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return preview == nullptr; }));
+    EXPECT_TRUE(test::waitFor([&] { return preview == nullptr; }));
 }
 
 TEST_F(BindingListViewTest, AnAddedBindingIsSelectedAndShown) {
@@ -377,7 +378,7 @@ TEST_F(BindingListViewTest, TheRowBeneathThePointerStandsOut) {
     };
     const QColor before = ground();
     QTest::mouseMove(stage->row(1), {300, 20});
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stage->row(1)->underMouse(); }));
+    EXPECT_TRUE(test::waitFor([&] { return stage->row(1)->underMouse(); }));
     EXPECT_NE(ground(), before);
 }
 

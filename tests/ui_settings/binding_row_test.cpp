@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/popover.h"
 #include "ui/settings/binding_row.h"
 #include "ui_settings/settings_stage.h"
@@ -29,7 +30,7 @@ protected:
         row->setGeometry(20, 20, 560, BindingRow::usualHeight());
         window.resize(600, 400);
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        EXPECT_TRUE(test::waitForWindowExposed(&window));
         return *row;
     }
 
@@ -246,7 +247,7 @@ TEST_F(BindingRowTest, ARowThatGoesTakesItsDemonstrationAlong) {
     row->togglePreview();
     row.reset();
     EXPECT_TRUE(
-        QTest::qWaitFor([&] { return window.findChild<QWidget*>("gesturePreview") == nullptr; }));
+        test::waitFor([&] { return window.findChild<QWidget*>("gesturePreview") == nullptr; }));
 }
 
 TEST_F(BindingRowTest, LongNamesAreElidedAndPushNothingOut) {

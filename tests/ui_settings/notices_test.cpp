@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/controls/notice.h"
 #include "ui/settings/notices.h"
 #include "ui_settings/settings_stage.h"
@@ -91,9 +92,9 @@ TEST_F(NoticesTest, TheUpdateIsTintedBlueAndThePermissionOrange) {
     for (const auto scheme : {ColorScheme::light, ColorScheme::dark}) {
         Theme::shared().pin(scheme);
         // Palettes reach the widgets with the next events.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return isTinted("updateNotice", Role::blue, 0.1); }));
+        EXPECT_TRUE(test::waitFor([&] { return isTinted("updateNotice", Role::blue, 0.1); }));
         EXPECT_TRUE(
-            QTest::qWaitFor([&] { return isTinted("permissionNotice", Role::orange, 0.12); }));
+            test::waitFor([&] { return isTinted("permissionNotice", Role::orange, 0.12); }));
     }
     Theme::shared().pin(ColorScheme::light);
 }
@@ -133,10 +134,10 @@ TEST_F(NoticesTest, APermissionThatHasBeenGivenIsSeenWhenTheWindowComesForward) 
     QWidget other;
     other.show();
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_TRUE(test::waitForWindowActive(&other));
     stage.trust->trusted = true;
     stage.window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&stage.window()));
+    ASSERT_TRUE(test::waitForWindowActive(&stage.window()));
     EXPECT_FALSE(stage.isShown("permissionNotice"));
 }
 

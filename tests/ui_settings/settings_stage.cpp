@@ -1,5 +1,6 @@
 #include "ui_settings/settings_stage.h"
 
+#include "kit/qt_waiting.h"
 #include "ui/controls/notice.h"
 #include "ui/settings/binding_list_view.h"
 
@@ -68,7 +69,7 @@ SettingsWindow& SettingsStage::open(QSize size) {
     opened->resize(size);
     opened->show();
     opened->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(opened.get()));
+    EXPECT_TRUE(test::waitForWindowActive(opened.get()));
     return *opened;
 }
 

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "kit/temporary_folder.h"
 #include "ui/controls/sheet.h"
 #include "ui/editor/binding_editor.h"
@@ -27,7 +28,7 @@ protected:
     void closeEditor() {
         ASSERT_NE(editor(), nullptr);
         editor()->dismiss();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return stage.window().findChild<Sheet*>() == nullptr; }));
+        EXPECT_TRUE(test::waitFor([&] { return stage.window().findChild<Sheet*>() == nullptr; }));
     }
 
     std::vector<std::string> textsThatAreCut() const {
@@ -77,10 +78,10 @@ TEST_F(SettingsViewTest, CommandNAddsABindingInBothLanguages) {
     for (const char* code : {"en", "zh"}) {
         Lang::shared().setCode(code);
         QTest::keyClick(&stage.window(), Qt::Key_N, Qt::ControlModifier);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return view.showsEditor(); }));
+        EXPECT_TRUE(test::waitFor([&] { return view.showsEditor(); }));
         closeEditor();
         stage.window().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&stage.window()));
+        EXPECT_TRUE(test::waitForWindowActive(&stage.window()));
     }
 }
 
@@ -220,7 +221,7 @@ TEST_F(SettingsViewTest, NothingIsCutInTheSmallestWindow) {
     stage.recognise(GestureType::drawCircleCounterclockwise, "Files");
     for (const char* code : {"en", "zh"}) {
         Lang::shared().setCode(code);
-        const bool isWhole = QTest::qWaitFor([&] { return textsThatAreCut().empty(); });
+        const bool isWhole = test::waitFor([&] { return textsThatAreCut().empty(); });
         EXPECT_TRUE(isWhole) << code;
         EXPECT_EQ(textsThatAreCut(), std::vector<std::string>()) << code;
         EXPECT_EQ(stage.window().size(), QSize(680, 480));

@@ -1,3 +1,4 @@
+#include "kit/qt_waiting.h"
 #include "ui/theme/glidemap_style.h"
 #include "ui/theme/item_roles.h"
 #include "ui/theme/style/paint.h"
@@ -17,7 +18,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
-#include <QTest>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -99,7 +99,7 @@ TEST(GlidemapStyleTest, theFocusRingIsShownToThoseWhoUseTheKeyboard) {
     button->resize(button->sizeHint());
     window.show();
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }, 2000));
+    ASSERT_TRUE(test::waitFor([&] { return QApplication::activeWindow() == &window; }));
     const auto ring = [button] {
         return drawn(*button).pixelColor(button->width() / 2, 1).alpha() > 200;
     };

@@ -1,4 +1,5 @@
 #include "app/delegate/delegate_stage.h"
+#include "kit/qt_waiting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -300,7 +301,7 @@ TEST_F(AppDelegateTest, WithoutABarThatIsSaidOnceAndTakenBackWhenOneComes) {
         }
         return static_cast<QMessageBox*>(nullptr);
     };
-    ASSERT_TRUE(QTest::qWaitFor([&] { return notice() != nullptr; }));
+    ASSERT_TRUE(test::waitFor([&] { return notice() != nullptr; }));
     EXPECT_EQ(notice()->text(), "This desktop shows no status items");
     EXPECT_FALSE(notice()->isModal());
     stage->lang.setCode("zh");
@@ -342,7 +343,7 @@ TEST_F(AppDelegateTest, TheMainMenusKeysWorkInTheWindowInEnglishOnly) {
     EXPECT_EQ(items, (Texts{"Quit Glidemap Ctrl+Q", "Undo Ctrl+Z", "Redo Ctrl+Shift+Z",
                             "Cut Ctrl+X", "Copy Ctrl+C", "Paste Ctrl+V", "Select All Ctrl+A"}));
     stage->window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(stage->window));
+    ASSERT_TRUE(test::waitForWindowActive(stage->window));
     QTest::keyClick(stage->window.data(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
@@ -360,7 +361,7 @@ TEST_F(AppDelegateTest, TheEditMenuIsForWhateverHasTheKeyboard) {
     QWidget other(stage->window);
     field.show();
     stage->window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(stage->window));
+    ASSERT_TRUE(test::waitForWindowActive(stage->window));
     field.setFocus();
     choose(selectAll);
     EXPECT_EQ(field.selectedText(), "hand");

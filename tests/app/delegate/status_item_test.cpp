@@ -1,12 +1,12 @@
 #include "app/delegate/delegate_stage.h"
 #include "app/status_item.h"
+#include "kit/qt_waiting.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QIcon>
 #include <QSystemTrayIcon>
-#include <QTest>
 
 namespace glidemap {
 namespace {
@@ -86,14 +86,14 @@ TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
     later.onMissing = [&] {
         laterIsMissing = true;
     };
-    ASSERT_TRUE(QTest::qWaitFor([&] { return laterIsMissing; }));
+    ASSERT_TRUE(test::waitFor([&] { return laterIsMissing; }));
     EXPECT_EQ(missing, 0);
     EXPECT_EQ(found, 0);
 }
 
 TEST_F(StatusItemTest, ABarIsMissedOnceAndFoundOnce) {
     const auto item = itemThatWaits(milliseconds(0));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return missing > 0; }));
+    ASSERT_TRUE(test::waitFor([&] { return missing > 0; }));
     bar->become(Kind::none);
     EXPECT_FALSE(item->isShown());
     bar->become(Kind::embeds);

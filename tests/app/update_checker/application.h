@@ -1,13 +1,18 @@
 // An application object for one test, whose event loop runs until something has happened.
 #pragma once
 
+#include "kit/qt_waiting.h"
+
 #include <QCoreApplication>
 #include <QNetworkProxy>
-#include <QTest>
 #include <chrono>
 #include <functional>
 
 namespace glidemap::test {
+
+// What a test sets a limit to grows up to this where the machine is busy.
+inline constexpr std::chrono::seconds longestLimit{64};
+static_assert(longestLimit < patience);
 
 class Application {
 public:
@@ -15,9 +20,7 @@ public:
     Application() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
 
     // Nothing waits as long as this unless it has failed.
-    static bool runUntil(const std::function<bool()>& happened) {
-        return QTest::qWaitFor(happened, 30'000);
-    }
+    static bool runUntil(const std::function<bool()>& happened) { return test::waitFor(happened); }
 
     // What waits to be run, and what that makes wait.
     static void runWhatWaits() {

@@ -34,7 +34,7 @@ inline std::string textOf(std::span<const InputEvent> frame) {
 
 class FakeSystem {
 public:
-    static constexpr std::chrono::seconds limit{20};
+    static constexpr std::chrono::seconds limit{120};
 
     // What the user may do; changed by the test.
     void allowClones(bool allowed) {

@@ -7,6 +7,7 @@
 #include "core/open_file.h"
 #include "drivers/evdev/pad_directory.h"
 #include "fake_clone.h"
+#include "kit/patience.h"
 
 #include <linux/input.h>
 #include <sys/eventfd.h>
@@ -125,7 +126,7 @@ public:
     }
     bool waitUntilBlocked() {
         std::unique_lock lock(mutex);
-        return blockChanged.wait_for(lock, std::chrono::seconds(20), [&] { return blocked; });
+        return blockChanged.wait_for(lock, test::patience, [&] { return blocked; });
     }
 
     std::shared_ptr<FakeStream> stream(const std::string& node) {
@@ -141,8 +142,7 @@ public:
     // Whether, in the end, so many watches are kept.
     bool comeToWatches(int count) {
         std::unique_lock lock(mutex);
-        return watchesChanged.wait_for(lock, std::chrono::seconds(20),
-                                       [&] { return watching == count; });
+        return watchesChanged.wait_for(lock, test::patience, [&] { return watching == count; });
     }
 
 private:

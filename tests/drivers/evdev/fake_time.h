@@ -12,7 +12,7 @@ namespace glidemap::test {
 
 class FakeTime : public WatchdogTime {
 public:
-    static constexpr std::chrono::seconds limit{20};
+    static constexpr std::chrono::seconds limit{120};
 
     Moment now() const override {
         const std::lock_guard lock(mutex);

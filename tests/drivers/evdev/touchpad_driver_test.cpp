@@ -87,7 +87,7 @@ public:
         return reports.at(report).device;
     }
 
-    static constexpr std::chrono::seconds limit{20};
+    static constexpr std::chrono::seconds limit{120};
 
 private:
     std::mutex mutex;

@@ -1,3 +1,4 @@
+#include "kit/patience.h"
 #include "platform/linux/windows/desktop_thread.h"
 
 #include <gmock/gmock.h>
@@ -29,7 +30,7 @@ public:
 
     bool come(int count) {
         std::unique_lock lock(mutex);
-        return changed.wait_for(lock, 40s, [&] { return given >= count; });
+        return changed.wait_for(lock, test::patience, [&] { return given >= count; });
     }
 
     int count() {
