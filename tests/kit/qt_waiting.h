@@ -1,4 +1,4 @@
-// Waits of widget tests: QTest's own, with a patience for a busy machine instead of five seconds.
+// Waits of the tests of windows and widgets: QTest's own, with a patience for a busy machine instead of five seconds.
 //
 // Thread:  the main thread, whose event loop runs meanwhile.
 #pragma once

@@ -1,10 +1,11 @@
 // An application object for one test, whose event loop runs until something has happened.
 #pragma once
 
-#include "kit/qt_waiting.h"
+#include "kit/patience.h"
 
 #include <QCoreApplication>
 #include <QNetworkProxy>
+#include <QTest>
 #include <chrono>
 #include <functional>
 
@@ -20,7 +21,9 @@ public:
     Application() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
 
     // Nothing waits as long as this unless it has failed.
-    static bool runUntil(const std::function<bool()>& happened) { return test::waitFor(happened); }
+    static bool runUntil(const std::function<bool()>& happened) {
+        return QTest::qWaitFor(happened, std::chrono::milliseconds(patience).count());
+    }
 
     // What waits to be run, and what that makes wait.
     static void runWhatWaits() {
