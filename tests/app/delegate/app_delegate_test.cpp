@@ -343,7 +343,7 @@ TEST_F(AppDelegateTest, TheMainMenusKeysWorkInTheWindowInEnglishOnly) {
     EXPECT_EQ(items, (Texts{"Quit Glidemap Ctrl+Q", "Undo Ctrl+Z", "Redo Ctrl+Shift+Z",
                             "Cut Ctrl+X", "Copy Ctrl+C", "Paste Ctrl+V", "Select All Ctrl+A"}));
     stage->window->activateWindow();
-    ASSERT_TRUE(test::waitForWindowActive(stage->window));
+    ASSERT_TRUE(test::waitForWindowActive(stage->window.data()));
     QTest::keyClick(stage->window.data(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
@@ -361,7 +361,7 @@ TEST_F(AppDelegateTest, TheEditMenuIsForWhateverHasTheKeyboard) {
     QWidget other(stage->window);
     field.show();
     stage->window->activateWindow();
-    ASSERT_TRUE(test::waitForWindowActive(stage->window));
+    ASSERT_TRUE(test::waitForWindowActive(stage->window.data()));
     field.setFocus();
     choose(selectAll);
     EXPECT_EQ(field.selectedText(), "hand");
