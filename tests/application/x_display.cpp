@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace glidemap::application {
 
@@ -27,13 +28,8 @@ Program::Command serverIn(const desktops::RuntimeFolder& folder) {
             .log = folder.path() / "xvfb.log"};
 }
 
-Program::Command windowManagerOn(const std::string& display,
-                                 const desktops::RuntimeFolder& folder) {
-    desktops::Environment environment = plainEnvironment(folder.path());
-    environment["DISPLAY"] = display;
-    return {.words = {"openbox", "--sm-disable"},
-            .environment = environment,
-            .log = folder.path() / "openbox.log"};
+XDisplay::WindowManager openbox(const desktops::RuntimeFolder& folder) {
+    return {.words = {"openbox", "--sm-disable"}, .environment = plainEnvironment(folder.path())};
 }
 
 } // namespace
@@ -42,7 +38,9 @@ bool XDisplay::isInstalled() {
     return desktops::isInstalled("Xvfb") && desktops::isInstalled("openbox");
 }
 
-XDisplay::XDisplay(const desktops::RuntimeFolder& folder)
+XDisplay::XDisplay(const desktops::RuntimeFolder& folder) : XDisplay(folder, openbox(folder)) {}
+
+XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
     : server(std::make_unique<Program>(serverIn(folder))),
       _name(":" + server->nextLine().value_or("")),
       _connection(xcb_connect(_name.c_str(), nullptr)) {
@@ -51,7 +49,11 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder)
         return;
     }
     _root = xcb_setup_roots_iterator(xcb_get_setup(_connection)).data->root;
-    windowManager = std::make_unique<Program>(windowManagerOn(_name, folder));
+    manager.environment["DISPLAY"] = _name;
+    windowManager =
+        std::make_unique<Program>(Program::Command{.words = std::move(manager.words),
+                                                   .environment = std::move(manager.environment),
+                                                   .log = folder.path() / "window-manager.log"});
     EXPECT_TRUE(waitForWindowManager()) << "the window manager never took over";
 }
 
@@ -141,6 +143,29 @@ bool XDisplay::hasOwner(const std::string& selection) const {
     return reply != nullptr && reply->owner != XCB_NONE;
 }
 
+bool XDisplay::hasEmbeddedWindow() const {
+    return embedsBelow(_root);
+}
+
+bool XDisplay::embedsBelow(std::uint32_t window) const {
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(_connection, xcb_query_tree(_connection, window), nullptr));
+    if (tree == nullptr) {
+        return false;
+    }
+    const xcb_window_t* const children = xcb_query_tree_children(tree.get());
+    return std::any_of(
+        children, children + xcb_query_tree_children_length(tree.get()),
+        [this](xcb_window_t child) { return isEmbedded(child) || embedsBelow(child); });
+}
+
+bool XDisplay::isEmbedded(std::uint32_t window) const {
+    const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+        _connection, xcb_get_window_attributes(_connection, window), nullptr));
+    return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
+           !property(window, "_XEMBED_INFO").empty();
+}
+
 std::uint32_t XDisplay::openWindow(const Rectangle& area) const {
     const std::uint32_t window = createWindow(area);
     xcb_map_window(_connection, window);
@@ -170,6 +195,10 @@ void XDisplay::ask(std::uint32_t window, const char* message) const {
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
     xcb_flush(_connection);
+}
+
+void XDisplay::activate(const ManagedWindow& window) const {
+    ask(window.id, "_NET_ACTIVE_WINDOW");
 }
 
 void XDisplay::close(const ManagedWindow& window) const {

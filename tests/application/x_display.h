@@ -46,7 +46,14 @@ class XDisplay {
 public:
     static bool isInstalled();
 
+    // What manages the windows, with what it needs besides the display.
+    struct WindowManager {
+        std::vector<std::string> words;
+        desktops::Environment environment;
+    };
+
     explicit XDisplay(const desktops::RuntimeFolder& folder);
+    XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager);
     XDisplay(const XDisplay&) = delete;
     XDisplay& operator=(const XDisplay&) = delete;
     ~XDisplay();
@@ -63,11 +70,17 @@ public:
     // Whether anybody keeps the selection, which is how some services say that they are there.
     bool hasOwner(const std::string& selection) const;
 
+    // Whether any window is shown within another program's one, as status items are.
+    bool hasEmbeddedWindow() const;
+
     // Another program's window, that comes to the front.
     std::uint32_t openWindow(const Rectangle& area) const;
 
     // As when the session ends under its programs.
     void kill() const { server->kill(); }
+
+    // As a task bar does.
+    void activate(const ManagedWindow& window) const;
 
     // As the window's close button does.
     void close(const ManagedWindow& window) const;
@@ -75,6 +88,8 @@ public:
 private:
     std::uint32_t createWindow(const Rectangle& area) const;
     bool waitForWindowManager() const;
+    bool embedsBelow(std::uint32_t window) const;
+    bool isEmbedded(std::uint32_t window) const;
     std::uint32_t atom(const std::string& text) const;
     std::string property(std::uint32_t window, const char* property) const;
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property) const;

@@ -31,7 +31,8 @@ std::optional<std::string> GnomeShell::missing() {
     return std::nullopt;
 }
 
-GnomeShell::GnomeShell() : settings(plainEnvironment(folder.path())) {
+GnomeShell::GnomeShell(Eval permission)
+    : eval(permission), settings(plainEnvironment(folder.path())) {
     settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
     settings["DBUS_SYSTEM_BUS_ADDRESS"] = systemBus.address();
     settings["GSETTINGS_BACKEND"] = "keyfile";
@@ -59,13 +60,38 @@ void GnomeShell::start() {
     environment.erase("WAYLAND_DISPLAY");
     environment["LIBGL_ALWAYS_SOFTWARE"] = "1";
     environment["NOTIFY_SOCKET"] = folder.path() / "ready";
-    program.emplace(Program::Command{.words = {"gnome-shell", "--headless", "--wayland", "--no-x11",
-                                               "--virtual-monitor", "1280x800", "--wayland-display",
-                                               settings.at("WAYLAND_DISPLAY")},
-                                     .environment = environment,
-                                     .log = folder.path() / "shell.log"});
+    std::vector<std::string> words = {
+        "gnome-shell",       "--headless", "--wayland",         "--no-x11",
+        "--virtual-monitor", "1280x800",   "--wayland-display", settings.at("WAYLAND_DISPLAY")};
+    if (eval == Eval::allowed) {
+        words.emplace_back("--unsafe-mode");
+    }
+    program.emplace(Program::Command{
+        .words = words, .environment = environment, .log = folder.path() / "shell.log"});
     ready.waitUntilReady();
     closeOverview();
+}
+
+void GnomeShell::addExtension(const std::filesystem::path& form) const {
+    namespace fs = std::filesystem;
+    const std::string uuid = form.filename();
+    const fs::path installed = folder.path() / "data/gnome-shell/extensions" / uuid;
+    fs::create_directories(installed);
+    fs::copy(form, installed, fs::copy_options::recursive);
+    folder.write("config/glib-2.0/settings/keyfile",
+                 "[org/gnome/shell]\nenabled-extensions=['" + uuid + "']\n");
+}
+
+std::string GnomeShell::evaluate(const std::string& expression) const {
+    GVariant* const answer = sessionBus.call(shellName, shellPath, shellName, "Eval",
+                                             g_variant_new("(s)", expression.c_str()));
+    gboolean succeeded = FALSE;
+    const char* value = "";
+    g_variant_get(answer, "(b&s)", &succeeded, &value);
+    EXPECT_TRUE(succeeded) << expression << ": " << value;
+    std::string copy = value;
+    g_variant_unref(answer);
+    return copy;
 }
 
 void GnomeShell::disableExtension(const std::string& uuid) const {

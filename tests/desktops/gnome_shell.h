@@ -16,19 +16,29 @@ namespace glidemap::desktops {
 
 class GnomeShell {
 public:
+    // Whether the test may run code of its own in the shell. What else is guarded is open then, too.
+    enum class Eval { forbidden, allowed };
+
     // None if everything is, else the name of what is missing.
     static std::optional<std::string> missing();
 
-    GnomeShell();
+    explicit GnomeShell(Eval eval = Eval::forbidden);
 
     // Returns once it has started, with the overview closed.
     void start();
+
+    // Before it starts: the user has installed and enabled the extension in an earlier session.
+    void addExtension(const std::filesystem::path& form) const;
+
+    // The value of the expression, as JSON.
+    std::string evaluate(const std::string& expression) const;
 
     void disableExtension(const std::string& uuid) const;
 
     void kill() { program.reset(); }
 
     const PrivateBus& bus() const { return sessionBus; }
+    bool isOverviewOpen() const;
 
     // What its programs have to know.
     const Environment& environment() const { return settings; }
@@ -37,8 +47,8 @@ private:
     void addLoginSession();
     void closeOverview() const;
     void waitForOverview(bool open) const;
-    bool isOverviewOpen() const;
 
+    Eval eval;
     RuntimeFolder folder;
     PrivateBus sessionBus;
     PrivateBus systemBus;

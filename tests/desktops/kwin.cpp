@@ -14,7 +14,7 @@ bool KWin::isInstalled() {
     return desktops::isInstalled("kwin_wayland");
 }
 
-KWin::KWin() : settings(plainEnvironment(folder.path())) {
+KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.path())) {
     settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
     settings["WAYLAND_DISPLAY"] = "wayland-kwin";
     settings["XDG_CURRENT_DESKTOP"] = "KDE";
@@ -26,13 +26,17 @@ KWin::KWin() : settings(plainEnvironment(folder.path())) {
 void KWin::start() {
     Environment environment = settings;
     environment.erase("WAYLAND_DISPLAY");
-    environment["KWIN_COMPOSE"] = "Q";
+    environment["KWIN_COMPOSE"] = extent == Extent::whole ? "O2" : "Q";
+    environment["LIBGL_ALWAYS_SOFTWARE"] = "1";
+    std::vector<std::string> words = {
+        folder.path() / "kwin_wayland", "--virtual", "--width", "1280", "--height", "800"};
+    if (extent == Extent::windows) {
+        words.emplace_back("--no-lockscreen");
+    }
+    words.insert(words.end(), {"--socket", settings.at("WAYLAND_DISPLAY"),
+                               folder.write("ready.sh", "#!/bin/sh\necho ready\n")});
     program.emplace(Program::Command{
-        .words = {folder.path() / "kwin_wayland", "--virtual", "--width", "1280", "--height", "800",
-                  "--no-lockscreen", "--socket", settings.at("WAYLAND_DISPLAY"),
-                  folder.write("ready.sh", "#!/bin/sh\necho ready\n")},
-        .environment = environment,
-        .log = folder.path() / "kwin.log"});
+        .words = words, .environment = environment, .log = folder.path() / "kwin.log"});
     std::filesystem::permissions(folder.path() / "ready.sh", std::filesystem::perms::owner_all);
 }
 

@@ -15,9 +15,12 @@ namespace glidemap::desktops {
 
 class KWin {
 public:
+    // The windows alone, which is quick; or also the overview, which needs OpenGL, and the lock.
+    enum class Extent { windows, whole };
+
     static bool isInstalled();
 
-    KWin();
+    explicit KWin(Extent extent = Extent::windows);
 
     // Returns at once: it is on its way.
     void start();
@@ -36,6 +39,7 @@ public:
 private:
     RuntimeFolder folder;
     PrivateBus sessionBus;
+    Extent extent;
     Environment settings;
     std::optional<Program> program;
 };

@@ -9,8 +9,13 @@ namespace glidemap::desktops {
 namespace {
 
 // It starts the command once it can be talked to, and what that prints is the compositor's output.
+// A test that wants the bar starts it: on the bus of the test, which belongs to another user.
 constexpr const char* config = R"(xwayland disable
 seat seat0 fallback true
+bar {
+    id bar-0
+    swaybar_command true
+}
 exec echo $WAYLAND_DISPLAY $SWAYSOCK
 )";
 

@@ -1,11 +1,14 @@
 // A program with one window, which reads what to do from its standard input, a line each, and
 // answers "done" when the X server has done it. First it writes the number of its window.
+//
+// glidemap-x-client NAME TITLE shows the window at once, as the application NAME, and says "shown".
 #include <poll.h>
 #include <xcb/xcb.h>
 
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
+#include <limits>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -170,8 +173,16 @@ private:
 
 } // namespace
 
-int main() {
+int main(int count, char** arguments) {
     Client client;
+    if (count == 3) {
+        const std::string name = arguments[1];
+        client.obey("text WM_CLASS 1 " + name + "\\0" + name + "\\0");
+        client.obey(std::string("text WM_NAME 1 ") + arguments[2]);
+        client.obey("map");
+        std::cout << "shown" << std::endl;
+        return std::cin.ignore(std::numeric_limits<std::streamsize>::max()).bad() ? 1 : 0;
+    }
     std::cout << client.number() << std::endl;
     for (std::string line; std::getline(std::cin, line);)
         std::cout << (client.obey(line) ? "done" : "what?") << std::endl;

@@ -1,0 +1,28 @@
+#include "desktops/labwc.h"
+
+namespace glidemap::desktops {
+
+namespace {
+
+// It runs the command once programs can connect, and what that prints is the compositor's output.
+constexpr const char* tellDisplay = R"(sh -c "echo \$WAYLAND_DISPLAY")";
+
+Program::Command labwcIn(const RuntimeFolder& folder) {
+    Environment environment = plainEnvironment(folder.path());
+    environment["WLR_BACKENDS"] = "headless";
+    environment["WLR_LIBINPUT_NO_DEVICES"] = "1";
+    environment["WLR_RENDERER"] = "pixman";
+    return {.words = {"labwc", "--startup", tellDisplay},
+            .environment = environment,
+            .log = folder.path() / "labwc.log",
+            .user = Program::User::notRoot};
+}
+
+} // namespace
+
+Labwc::Labwc()
+    : folder(plainUser()), settings(plainEnvironment(folder.path())), program(labwcIn(folder)) {
+    settings["WAYLAND_DISPLAY"] = program.nextLine().value_or("");
+}
+
+} // namespace glidemap::desktops

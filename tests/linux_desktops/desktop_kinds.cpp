@@ -1,0 +1,86 @@
+#include "desktop_kinds.h"
+
+#include "desktops/gnome_shell.h"
+#include "desktops/runtime_folder.h"
+#include "wayland_desktops.h"
+#include "x11_desktops.h"
+
+#include <initializer_list>
+#include <ostream>
+#include <utility>
+
+namespace glidemap::desktops {
+
+namespace {
+
+// The first of the programs that is not installed.
+std::function<std::optional<std::string>()> needs(std::initializer_list<const char*> programs) {
+    return [all = std::vector<std::string>(programs.begin(),
+                                           programs.end())]() -> std::optional<std::string> {
+        for (const std::string& program : all) {
+            if (!isInstalled(program)) {
+                return program;
+            }
+        }
+        return std::nullopt;
+    };
+}
+
+// Cinnamon 6.4 has not been made to start without a screen.
+std::optional<std::string> missingForCinnamon() {
+    if (const auto missing = needs({"Xvfb", "cinnamon", "cinnamon-screensaver"})()) {
+        return missing;
+    }
+    const RuntimeFolder folder;
+    Program cinnamon({.words = {"cinnamon", "--version"},
+                      .environment = plainEnvironment(folder.path()),
+                      .log = folder.path() / "log"});
+    const std::string version = cinnamon.nextLine().value_or("");
+    return version.starts_with("Cinnamon 5") ? std::nullopt : std::optional("Cinnamon 5");
+}
+
+std::vector<DesktopKind> describeAll() {
+    return {
+        {.name = "GnomeShell",
+         .missing = GnomeShell::missing,
+         .start = startGnomeShell,
+         .newWindow = NewWindow::mayStayBehind,
+         .overview = Overview::opens},
+        {.name = "KWin",
+         .missing = needs({"kwin_wayland"}),
+         .start = startKWin,
+         .overview = Overview::opens,
+         .lock = Lock::locks},
+        {.name = "Sway",
+         .missing = needs({"sway", "swaybar"}),
+         .start = startSway,
+         .statusBar = StatusBar::shown,
+         .secondLaunch = SecondLaunch::staysBehind},
+        {.name = "Labwc", .missing = needs({"labwc"}), .start = startLabwc},
+        {.name = "Xfce",
+         .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),
+         .start = startXfce,
+         .lock = isInstalled("xfce4-screensaver") ? Lock::locks : Lock::none,
+         .statusBar = StatusBar::shown},
+        {.name = "Cinnamon",
+         .missing = missingForCinnamon,
+         .start = startCinnamon,
+         .overview = Overview::opens,
+         .lock = Lock::locks,
+         .statusBar = StatusBar::shown},
+        {.name = "Openbox", .missing = needs({"Xvfb", "openbox"}), .start = startOpenbox},
+    };
+}
+
+} // namespace
+
+const std::vector<DesktopKind>& allDesktops() {
+    static const std::vector<DesktopKind> all = describeAll();
+    return all;
+}
+
+void PrintTo(const DesktopKind& kind, std::ostream* out) {
+    *out << kind.name;
+}
+
+} // namespace glidemap::desktops

@@ -1,0 +1,41 @@
+// The desktops of README.md's table, and what is different about each: the rest of the cases is
+// alike on all of them.
+//
+// Thread:  any.
+// Errors:  none.
+#pragma once
+
+#include "desktop.h"
+
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glidemap::desktops {
+
+// GNOME Shell gives the focus to a window that the user has not asked for, or does not.
+enum class NewWindow { comesForward, mayStayBehind };
+enum class Overview { opens, none };
+enum class Lock { locks, none };
+enum class StatusBar { shown, none };
+enum class SecondLaunch { comesForward, staysBehind };
+
+struct DesktopKind {
+    std::string name;
+    std::function<std::optional<std::string>()> missing; // a program or a package
+    std::function<std::unique_ptr<Desktop>()> start;
+    NewWindow newWindow = NewWindow::comesForward;
+    Overview overview = Overview::none;
+    Lock lock = Lock::none;
+    StatusBar statusBar = StatusBar::none;
+    SecondLaunch secondLaunch = SecondLaunch::comesForward;
+};
+
+void PrintTo(const DesktopKind& kind, std::ostream* out);
+
+const std::vector<DesktopKind>& allDesktops();
+
+} // namespace glidemap::desktops

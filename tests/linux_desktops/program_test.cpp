@@ -1,0 +1,89 @@
+// The program itself on each desktop: its window, its status item, and starting it a second time.
+#include "desktop_test_base.h"
+#include "kit/temporary_folder.h"
+#include "seen_workspace.h"
+
+#include <csignal>
+
+namespace glidemap::desktops {
+namespace {
+
+constexpr const char* identifier = "org.glidemap.Glidemap";
+
+class ProgramTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        folder.install(identifier, "Name=Glidemap\nExec=sh\nStartupWMClass=Glidemap\n");
+    }
+
+    std::filesystem::path complaints() const { return home.path() / "glidemap.log"; }
+
+    Program::Command command() const {
+        Environment values = desktop->environment();
+        for (const auto& [name, below] :
+             {std::pair("XDG_CONFIG_HOME", "config"), std::pair("XDG_DATA_HOME", "data"),
+              std::pair("XDG_STATE_HOME", "state")}) {
+            values[name] = home.path() / below;
+        }
+        values["GLIDEMAP_TOUCH_DRIVER"] = GLIDEMAP_STAGED_DRIVER;
+        values["QT_QPA_PLATFORM"] = values.contains("WAYLAND_DISPLAY") ? "wayland" : "xcb";
+        return {.words = {GLIDEMAP_PROGRAM}, .environment = values, .log = complaints()};
+    }
+
+    void expectEnd(Program& glidemap) const {
+        kill(glidemap.process(), SIGTERM);
+        EXPECT_EQ(glidemap.finish(), 0) << test::contentOf(complaints());
+    }
+
+    test::TemporaryFolder home{"/tmp"};
+};
+
+TEST_P(ProgramTest, TheSettingsWindowOpensInFront) {
+    Program glidemap(command());
+    desktop->waitUntilFollowed();
+    const SeenWorkspace seen;
+    seen.expectRunning({identifier});
+    seen.expectFrontmost(identifier);
+    expectEnd(glidemap);
+}
+
+TEST_P(ProgramTest, ASecondLaunchEndsAndBringsTheWindowForward) {
+    Program glidemap(command());
+    desktop->waitUntilFollowed();
+    const SeenWorkspace seen;
+    seen.expectFrontmost(identifier);
+    const auto first = open("first");
+    seen.expectRunning({"first", identifier});
+    desktop->activate("first");
+    seen.expectFrontmost("first");
+    Program::Command again = command();
+    again.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
+    Program second(again);
+    EXPECT_EQ(second.finish(), 0) << test::contentOf(complaints());
+    if (GetParam().secondLaunch == SecondLaunch::comesForward) {
+        seen.expectFrontmost(identifier);
+    } else {
+        EXPECT_EQ(seen.frontmost(), "first");
+    }
+    expectEnd(glidemap);
+}
+
+TEST_P(ProgramTest, TheStatusItemIsInTheStatusBarIfThereIsOne) {
+    EXPECT_FALSE(desktop->showsStatusItem());
+    Program glidemap(command());
+    if (GetParam().statusBar == StatusBar::shown) {
+        EXPECT_TRUE(application::waitUntil([&] { return desktop->showsStatusItem(); }));
+    } else {
+        desktop->waitUntilFollowed();
+        const SeenWorkspace seen;
+        seen.expectFrontmost(identifier); // it has found out by then
+        EXPECT_FALSE(isOnBus("org.kde.StatusNotifierWatcher"));
+    }
+    expectEnd(glidemap);
+}
+
+INSTANTIATE_TEST_SUITE_P(On, ProgramTest, testing::ValuesIn(allDesktops()), nameOf);
+
+} // namespace
+} // namespace glidemap::desktops

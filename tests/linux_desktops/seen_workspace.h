@@ -1,0 +1,55 @@
+// The product's workspace on a desktop under test, and waiting for what it tells.
+//
+// Thread:  the test's.
+// Owner:   a test; the process's environment names the desktop.
+// Errors:  what is not told in time is a failure of the test.
+#pragma once
+
+#include "platform/linux/applications/linux_workspace.h"
+#include "platform/linux/windows/desktop_backends.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace glidemap::desktops {
+
+class SeenWorkspace {
+public:
+    using Names = std::set<std::string>;
+
+    // Windows that a desktop has of its own accord count as none of the applications.
+    std::string frontmost() const {
+        return workspace.frontmostApplication().bundleID.value_or("none");
+    }
+
+    Names running() const {
+        Names names;
+        for (const Application& each : workspace.runningApplications()) {
+            names.insert(each.bundleID.value_or("-"));
+        }
+        return names;
+    }
+
+    void expectFrontmost(const std::string& application) const {
+        EXPECT_TRUE(application::waitUntil([&] { return frontmost() == application; }))
+            << application << " is not frontmost, but " << frontmost();
+    }
+
+    void expectRunning(const Names& applications) const {
+        EXPECT_TRUE(application::waitUntil([&] { return running() == applications; }))
+            << testing::PrintToString(running()) << " run, and not "
+            << testing::PrintToString(applications);
+    }
+
+    Workspace& port() { return workspace; }
+
+private:
+    DesktopThread thread;
+    LinuxWorkspace workspace{thread, desktopBackends(thread), {}};
+};
+
+} // namespace glidemap::desktops

@@ -1,0 +1,238 @@
+#include "wayland_desktops.h"
+
+#include "desktops/gnome_shell.h"
+#include "desktops/kwin.h"
+#include "desktops/labwc.h"
+#include "desktops/sway.h"
+#include "desktops/wlr_activation.h"
+#include "variant.h"
+#include "waiting.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <string_view>
+
+namespace glidemap::desktops {
+
+namespace {
+
+using application::Callee;
+using application::childOf;
+using application::property;
+using application::textOf;
+using application::Variant;
+
+class WaylandDesktop : public Desktop {
+public:
+    std::string windowProgram() const override { return GLIDEMAP_TEST_WINDOW; }
+};
+
+bool isTrue(const Variant& value) {
+    return value != nullptr && g_variant_is_of_type(value.get(), G_VARIANT_TYPE_BOOLEAN) != FALSE &&
+           g_variant_get_boolean(value.get()) != FALSE;
+}
+
+// The compositors that list their windows by a protocol, and have no bus of their own.
+template <typename Compositor>
+class WlrootsDesktop : public WaylandDesktop {
+public:
+    Environment environment() const override {
+        Environment values = compositor.environment();
+        values["DBUS_SESSION_BUS_ADDRESS"] = session.address();
+        values["DBUS_SYSTEM_BUS_ADDRESS"] = system.address();
+        return values;
+    }
+
+    const PrivateBus& bus() const override { return session; }
+
+    void activate(const std::string& application) override {
+        activateOnWlroots(compositor.environment(), application);
+    }
+
+private:
+    PrivateBus session;
+    PrivateBus system;
+
+protected:
+    Compositor compositor;
+};
+
+class SwayDesktop : public WlrootsDesktop<Sway> {
+public:
+    SwayDesktop()
+        : bar({.words = {"swaybar", "--bar_id", "bar-0"},
+               .environment = environment(),
+               .log = std::filesystem::path(environment().at("XDG_RUNTIME_DIR")) / "bar.log"}) {
+        bus().waitForName(watcher.name);
+    }
+
+    bool showsStatusItem() const override {
+        const Variant items =
+            property(bus().connection(), watcher, "RegisteredStatusNotifierItems");
+        return items != nullptr && g_variant_n_children(items.get()) > 0;
+    }
+
+private:
+    const Callee watcher{"org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                         "org.kde.StatusNotifierWatcher"};
+    Program bar;
+};
+
+// Before version 45 extensions were written in another form.
+std::filesystem::path extensionForThisShell() {
+    constexpr std::string_view before = "GNOME Shell ";
+    constexpr int firstVersionOfModules = 45;
+    const RuntimeFolder folder;
+    Program shell({.words = {"gnome-shell", "--version"},
+                   .environment = plainEnvironment(folder.path()),
+                   .log = folder.path() / "log"});
+    const std::string line = shell.nextLine().value_or("");
+    EXPECT_TRUE(line.starts_with(before)) << line;
+    const int version = std::atoi(line.substr(std::min(line.size(), before.size())).c_str());
+    return std::filesystem::path(GLIDEMAP_GNOME_EXTENSION_FORMS) /
+           (version >= firstVersionOfModules ? "from-45" : "up-to-44") / "glidemap@glidemap";
+}
+
+class GnomeDesktop : public WaylandDesktop {
+public:
+    GnomeDesktop() {
+        shell.addExtension(extensionForThisShell());
+        shell.start();
+    }
+
+    Environment environment() const override { return shell.environment(); }
+    const PrivateBus& bus() const override { return shell.bus(); }
+
+    void activate(const std::string& application) override {
+        shell.evaluate("global.get_window_actors().map(actor => actor.meta_window).find(window => "
+                       "window.get_wm_class() === '" +
+                       application + "').activate(global.display.get_current_time_roundtrip())");
+    }
+
+    // As its dash does.
+    std::string activationToken() const override {
+        const std::string quoted = shell.evaluate(
+            "global.create_app_launch_context(0, -1).get_startup_notify_id(imports.gi.Gio.AppInfo."
+            "create_from_commandline('glidemap', 'Glidemap', "
+            "imports.gi.Gio.AppInfoCreateFlags.SUPPORTS_STARTUP_NOTIFICATION), [])");
+        return quoted.size() > 2 ? quoted.substr(1, quoted.size() - 2) : "";
+    }
+
+    bool isOverviewOpen() const override { return shell.isOverviewOpen(); }
+
+private:
+    GnomeShell shell{GnomeShell::Eval::allowed};
+};
+
+class KWinDesktop : public WaylandDesktop {
+public:
+    KWinDesktop() {
+        kwin.start();
+        kwin.waitUntilReady();
+    }
+
+    Environment environment() const override {
+        Environment values = kwin.environment();
+        values["DBUS_SYSTEM_BUS_ADDRESS"] = system.address();
+        return values;
+    }
+
+    const PrivateBus& bus() const override { return kwin.bus(); }
+
+    // Plasma 6 has other names for the same things.
+    void activate(const std::string& application) override {
+        const std::filesystem::path file =
+            std::filesystem::path(kwin.environment().at("XDG_RUNTIME_DIR")) / "activate.js";
+        std::ofstream(file) << "const all = workspace.windowList ? workspace.windowList() : "
+                               "workspace.clientList();\nfor (const each of all) {\n    if "
+                               "(each.resourceClass == \""
+                            << application
+                            << "\") {\n        if (workspace.windowList) {\n"
+                               "            workspace.activeWindow = each;\n        } else {\n"
+                               "            workspace.activeClient = each;\n        }\n    }\n}\n";
+        const std::string name = "activate-" + std::to_string(++scripts);
+        const Variant loaded(bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                                        "loadScript",
+                                        g_variant_new("(ss)", file.c_str(), name.c_str())));
+        g_variant_unref(
+            bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting", "start", nullptr));
+    }
+
+    // KWin keeps one script of a name, and the program's file goes once that runs.
+    void waitUntilFollowed() const override {
+        EXPECT_TRUE(application::waitUntil([this] { return isScriptLoaded() && !hasScriptFile(); }))
+            << "the program loads no script";
+    }
+
+    bool isOverviewOpen() const override {
+        const Variant effects =
+            property(bus().connection(), {"org.kde.KWin", "/Effects", "org.kde.kwin.Effects"},
+                     "activeEffects");
+        for (std::size_t at = 0; effects && at < g_variant_n_children(effects.get()); ++at) {
+            if (textOf(childOf(effects, at)) == "overview") {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // KWin 6 needs a graphics device for OpenGL.
+    std::string whyNoOverview() const override {
+        const std::string type = textOf(property(
+            bus().connection(), {"org.kde.KWin", "/Compositor", "org.kde.kwin.Compositing"},
+            "compositingType"));
+        return type == "qpainter" ? "KWin draws without OpenGL here" : "";
+    }
+
+    bool isLocked() const override {
+        const Variant answer = application::call(
+            bus().connection(),
+            {"org.freedesktop.ScreenSaver", "/ScreenSaver", "org.freedesktop.ScreenSaver"},
+            "GetActive");
+        return answer != nullptr && isTrue(childOf(answer, 0));
+    }
+
+private:
+    bool isScriptLoaded() const {
+        const Variant answer = application::call(
+            bus().connection(), {"org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting"},
+            "isScriptLoaded", g_variant_new("(s)", "glidemap-windows"));
+        return answer != nullptr && isTrue(childOf(answer, 0));
+    }
+
+    bool hasScriptFile() const {
+        const std::filesystem::directory_iterator files(kwin.environment().at("XDG_RUNTIME_DIR"));
+        return std::any_of(begin(files), end(files), [](const auto& file) {
+            return file.path().filename().string().starts_with("glidemap-") &&
+                   file.path().extension() == ".js";
+        });
+    }
+
+    KWin kwin{KWin::Extent::whole};
+    PrivateBus system;
+    int scripts = 0;
+};
+
+} // namespace
+
+std::unique_ptr<Desktop> startGnomeShell() {
+    return std::make_unique<GnomeDesktop>();
+}
+
+std::unique_ptr<Desktop> startKWin() {
+    return std::make_unique<KWinDesktop>();
+}
+
+std::unique_ptr<Desktop> startSway() {
+    return std::make_unique<SwayDesktop>();
+}
+
+std::unique_ptr<Desktop> startLabwc() {
+    return std::make_unique<WlrootsDesktop<Labwc>>();
+}
+
+} // namespace glidemap::desktops

@@ -1,0 +1,18 @@
+// The Wayland desktops of the table.
+//
+// Thread:  one.
+// Errors:  as Desktop has them.
+#pragma once
+
+#include "desktop.h"
+
+#include <memory>
+
+namespace glidemap::desktops {
+
+std::unique_ptr<Desktop> startGnomeShell();
+std::unique_ptr<Desktop> startKWin();
+std::unique_ptr<Desktop> startSway();
+std::unique_ptr<Desktop> startLabwc();
+
+} // namespace glidemap::desktops
