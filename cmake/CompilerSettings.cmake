@@ -47,10 +47,6 @@ if(GLIDEMAP_SANITIZERS)
     add_compile_options(-fsanitize=${GLIDEMAP_SANITIZERS} -fno-omit-frame-pointer
                         -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${GLIDEMAP_SANITIZERS})
-    # Behind a sanitizer's checks GCC sees lengths that no path has.
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        add_compile_options(-Wno-stringop-overflow)
-    endif()
 endif()
 
 # Programs that read devices are worth hardening. A sanitizer watches more than this does, and gets in its way.

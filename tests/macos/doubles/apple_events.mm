@@ -65,8 +65,9 @@ bool glidemap::doubles::sendReopen() {
     NSAppleEventDescriptor* event = [NSAppleEventDescriptor new];
     NSAppleEventDescriptor* reply = [NSAppleEventDescriptor new];
     using Handle = void (*)(id, SEL, NSAppleEventDescriptor*, NSAppleEventDescriptor*);
-    reinterpret_cast<Handle>(objc_msg_lookup(handler.target, handler.method))(
-        handler.target, handler.method, event, reply);
+    // By way of a pointer to anything, as from a type that is known not to be the method's own.
+    void* const method = reinterpret_cast<void*>(objc_msg_lookup(handler.target, handler.method));
+    reinterpret_cast<Handle>(method)(handler.target, handler.method, event, reply);
     [reply release];
     [event release];
     return true;

@@ -36,7 +36,10 @@ std::string busNameOf(GDesktopAppInfo* entry) {
     char* const base = g_path_get_basename(path);
     std::string name = base;
     g_free(base);
-    name.resize(name.size() - std::min(name.size(), std::string(".desktop").size()));
+    constexpr std::string_view ending = ".desktop";
+    if (name.ends_with(ending)) {
+        name.erase(name.size() - ending.size());
+    }
     return g_dbus_is_name(name.c_str()) != FALSE && name.front() != ':' ? name : "";
 }
 
