@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace glidemap::kit {
 
@@ -16,6 +17,18 @@ Widget& find(const QWidget& within, const char* name) {
         throw std::runtime_error("there is no " + std::string(name));
     }
     return *found;
+}
+
+// All of this type, in the order in which they were made.
+template <class Widget>
+std::vector<Widget*> findAll(const QWidget& within) {
+    std::vector<Widget*> found;
+    for (QWidget* const widget : within.findChildren<QWidget*>()) {
+        if (auto* const match = dynamic_cast<Widget*>(widget)) {
+            found.push_back(match);
+        }
+    }
+    return found;
 }
 
 } // namespace glidemap::kit

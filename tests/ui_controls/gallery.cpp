@@ -1,6 +1,7 @@
 // Paints every control in every state, light and dark, at three scales, as pictures to look at.
 //
 //   ui_controls_gallery FOLDER
+#include "kit/find_widget.h"
 #include "ui/controls/badge.h"
 #include "ui/controls/dimmed.h"
 #include "ui/controls/form_section.h"
@@ -307,7 +308,7 @@ void paintWindow() {
     detail->setFixedWidth(230);
     detail->setText(QStringLiteral("Draw a circle with one finger, in either direction."));
     inner->addWidget(detail);
-    Popover popover(first->findChild<SymbolButton*>(), content);
+    Popover popover(kit::findAll<SymbolButton>(*first).front(), content);
     settle();
     save(pictureOf(window), QStringLiteral("window"));
 }

@@ -1,3 +1,4 @@
+#include "kit/find_widget.h"
 #include "kit/qt_waiting.h"
 #include "ui/controls/popover.h"
 #include "ui/settings/binding_row.h"
@@ -184,8 +185,7 @@ TEST_F(BindingRowTest, TheSymbolOpensAndClosesTheDemonstration) {
     EXPECT_EQ(part("preview").toolTip(), "Show gesture demo");
     click("preview");
     ASSERT_TRUE(row->showsPreview());
-    const auto* popover = window.findChild<Popover*>("gesturePreview");
-    ASSERT_NE(popover, nullptr);
+    const auto* popover = &kit::find<Popover>(window, "gesturePreview");
     EXPECT_TRUE(popover->isVisible());
     EXPECT_EQ(popover->findChild<QLabel*>("previewName")->text(), "Three-Finger Tap");
     EXPECT_EQ(popover->findChild<QWidget*>("previewDemo")->size(), QSize(230, 150));

@@ -1,3 +1,4 @@
+#include "kit/find_widget.h"
 #include "kit/qt_waiting.h"
 #include "kit/temporary_folder.h"
 #include "ui/controls/sheet.h"
@@ -19,16 +20,14 @@ class SettingsViewTest : public testing::Test {
 protected:
     SettingsView& open() { return stage.open().view(); }
     BindingEditor* editor() const {
-        auto* found = stage.window().findChild<Sheet*>();
-        return found != nullptr
-                   ? dynamic_cast<BindingEditor*>(found->findChild<QWidget*>("bindingEditor"))
-                   : nullptr;
+        const std::vector<BindingEditor*> found = kit::findAll<BindingEditor>(stage.window());
+        return found.empty() ? nullptr : found.front();
     }
     BindingList stored() const { return *stage.store->bindings(); }
     void closeEditor() {
         ASSERT_NE(editor(), nullptr);
         editor()->dismiss();
-        EXPECT_TRUE(test::waitFor([&] { return stage.window().findChild<Sheet*>() == nullptr; }));
+        EXPECT_TRUE(test::waitFor([&] { return kit::findAll<Sheet>(stage.window()).empty(); }));
     }
 
     std::vector<std::string> textsThatAreCut() const {
@@ -90,7 +89,7 @@ TEST_F(SettingsViewTest, AnEditorThatIsOpenIsNotOpenedAgain) {
     stage.clickInRow(1, "edit");
     view.addBinding();
     EXPECT_EQ(view.editedBinding(), stored()[1]);
-    EXPECT_EQ(stage.window().findChildren<Sheet*>().size(), 1);
+    EXPECT_EQ(kit::findAll<Sheet>(stage.window()).size(), 1U);
 }
 
 TEST_F(SettingsViewTest, EditOpensTheEditorForTheRowsBinding) {
