@@ -6,6 +6,7 @@
 #include "picture.h"
 #include "waiting.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -111,7 +112,9 @@ TEST_F(WaylandTest, WithoutItsDesktopTheProgramEndsAndDoesNotCrash) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.kill();
-    EXPECT_EQ(glidemap.finish(), 1) << test::contentOf(home.path() / "glidemap.log");
+    // The toolkit ends the program itself: with 1 up to Qt 6.4, with -1 later.
+    EXPECT_THAT(glidemap.finish(), testing::AnyOf(1, 255))
+        << test::contentOf(home.path() / "glidemap.log");
 }
 
 TEST_F(WaylandTest, ASecondLaunchShowsTheWindowAgain) {
