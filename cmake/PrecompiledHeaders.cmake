@@ -1,7 +1,7 @@
 # Headers that many sources include are read once for all of them, which takes two thirds off a build from nothing.
 #
-# A target gets the standard library's, and those of Qt Widgets and Google Test as far as it links them: nobody can use a
-# library through them that he does not link. One donor serves all targets of a tree (src, tests) whose headers are the
+# A target gets the standard library's, and those of Qt Widgets and Google Test only if it links them, so that no target
+# can use a library that it does not link. One donor serves all targets of a tree (src, tests) whose headers are the
 # same, because a compiler accepts them only with the options that they were read with.
 #
 # CMAKE_DISABLE_PRECOMPILE_HEADERS builds without; the preset `headers` does, so that a missing #include is found.
