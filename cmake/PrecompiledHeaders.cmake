@@ -1,4 +1,4 @@
-# Headers that many sources include are read once for all of them, which takes two thirds off a build from nothing.
+# Headers that many sources include are read once for all of them.
 #
 # A target gets the standard library's, and those of Qt Widgets and Google Test only if it links them, so that no target
 # can use a library that it does not link. One donor serves all targets of a tree (src, tests) whose headers are the
