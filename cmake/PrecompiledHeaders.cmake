@@ -4,7 +4,8 @@
 # can use a library that it does not link. One donor serves all targets of a tree (src, tests) whose headers are the
 # same, because a compiler accepts them only with the options that they were read with.
 #
-# CMAKE_DISABLE_PRECOMPILE_HEADERS builds without; the preset `headers` does, so that a missing #include is found.
+# CMAKE_DISABLE_PRECOMPILE_HEADERS builds without them. The preset `headers` sets it, for the headers and for clang-tidy, so
+# that a missing #include is found.
 
 # Says that the target wants them; which ones is decided when all targets are known.
 function(glidemap_precompile target)

@@ -383,7 +383,7 @@ private:
         yaml_event_t event{};
     };
 
-    // What is wrong with the text's bytes has an offset alone; the parser stands at them.
+    // A reader error (invalid bytes) has no mark of its own; the parser has stopped there.
     Line problemLine() const {
         return parser.error == YAML_READER_ERROR ? parser.mark.line : parser.problem_mark.line;
     }

@@ -51,7 +51,7 @@ protected:
         }
     }
 
-    // What it has said but for being ready: on a busy machine the first gesture may come before that.
+    // The output without "ready": on a busy machine the first gesture may be logged before it.
     static std::string logOf(const Process& agent) {
         const std::string ready = "ready\n";
         std::string log = agent.output();

@@ -27,7 +27,7 @@ public:
     PanelDesktop& operator=(const PanelDesktop&) = delete;
     virtual ~PanelDesktop() = default;
 
-    // What the desktop's programs need, without folders of their own.
+    // The environment of the desktop's programs. HOME and the XDG folders are the desktop's.
     virtual desktops::Environment environment() const = 0;
 
     // Waits until the panel takes items.

@@ -21,7 +21,7 @@ public:
     int width() const { return _width; }
     int height() const { return _height; }
 
-    // What lies in the area, which is within the picture.
+    // Returns a copy of the area, which must lie within the picture.
     Picture part(const Rectangle& area) const;
 
     std::size_t countOfColours() const;

@@ -30,8 +30,7 @@ private:
     std::unique_ptr<desktops::Program> portal;
 };
 
-// What desktops without settings of their own keep: GTK's, in a file of the desktop under test instead
-// of the user's database.
+// Makes GTK keep its settings in a file of the desktop under test, instead of the user's database.
 extern const desktops::Environment settingsInFile;
 
 void chooseForGtk(const PanelDesktop& desktop, bool dark);

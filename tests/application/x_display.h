@@ -46,7 +46,7 @@ class XDisplay {
 public:
     static bool isInstalled();
 
-    // What manages the windows, with what it needs besides the display.
+    // The window manager's command line, and its environment besides the display.
     struct WindowManager {
         std::vector<std::string> words;
         desktops::Environment environment;

@@ -40,7 +40,7 @@ public:
     const PrivateBus& bus() const { return sessionBus; }
     bool isOverviewOpen() const;
 
-    // What its programs have to know.
+    // The environment of its programs.
     const Environment& environment() const { return settings; }
 
 private:

@@ -33,7 +33,7 @@ public:
 
     const PrivateBus& bus() const { return sessionBus; }
 
-    // What its programs have to know.
+    // The environment of its programs.
     const Environment& environment() const { return settings; }
 
 private:

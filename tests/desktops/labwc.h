@@ -14,7 +14,7 @@ class Labwc {
 public:
     Labwc();
 
-    // What its programs have to know.
+    // The environment of its programs.
     const Environment& environment() const { return settings; }
 
 private:

@@ -19,7 +19,7 @@ public:
     Desktop& operator=(const Desktop&) = delete;
     virtual ~Desktop() = default;
 
-    // What its programs have to know, its buses included.
+    // The environment of its programs, the addresses of its buses included.
     virtual Environment environment() const = 0;
     virtual const PrivateBus& bus() const = 0;
 
@@ -30,7 +30,7 @@ public:
     // As a task bar does it.
     virtual void activate(const std::string& application) = 0;
 
-    // What the desktop gives to a program that the user launches, as proof of that; may be empty.
+    // The activation token that the desktop gives to a program that the user launches; may be empty.
     virtual std::string activationToken() const { return {}; }
 
     // Returns once the product's program follows the windows, after which the test's own workspace

@@ -1,5 +1,5 @@
-// What the cases of the table share: one desktop, and the process's own environment as the desktop's
-// programs have it. A desktop that is not installed is skipped.
+// The fixture of the table's cases: starts one desktop, and gives this process the environment of the
+// desktop's programs. A desktop that is not installed is skipped.
 #pragma once
 
 #include "application_folder.h"

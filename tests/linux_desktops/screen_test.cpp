@@ -22,7 +22,7 @@ protected:
 
 TEST_P(OverviewTest, OpensAndCloses) {
     if (GetParam().overview == Overview::none) {
-        // What would have to be there to open one.
+        // Every service that the product can ask for an overview.
         for (const char* const name : {"org.gnome.Shell", "org.Cinnamon", "org.kde.kglobalaccel"}) {
             EXPECT_FALSE(isOnBus(name)) << name;
         }

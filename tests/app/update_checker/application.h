@@ -11,7 +11,7 @@
 
 namespace glidemap::test {
 
-// What a test sets a limit to grows up to this where the machine is busy.
+// On a busy machine tests raise their time limits, up to this one.
 inline constexpr std::chrono::seconds longestLimit{64};
 static_assert(longestLimit < patience);
 
