@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -48,6 +49,11 @@ TEST_F(PopoverTest, opensInTheWindowOfItsControlWithTheFocus) {
     EXPECT_EQ(popover->window(), &stage);
     EXPECT_TRUE(popover->hasFocus());
     EXPECT_EQ(popover->placement().card.size(), QSize(246, 166)); // padded by 8
+}
+
+TEST_F(PopoverTest, isADialogToScreenReaders) {
+    const auto popover = openFrom(anchor);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(popover)->role(), QAccessible::Dialog);
 }
 
 TEST_F(PopoverTest, aClickElsewhereClosesItAndIsDoneElsewhere) {

@@ -3,6 +3,7 @@
 #include "ui/theme/style/paint.h"
 #include "ui/theme/style/shadow.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -36,6 +37,19 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
     return body.united(arrow);
 }
 
+QAccessibleInterface* accessiblePopover(const QString& /*className*/, QObject* object) {
+    auto* const popover = dynamic_cast<Popover*>(object);
+    return popover == nullptr ? nullptr : new QAccessibleWidget(popover, QAccessible::Dialog);
+}
+
+// To a screen reader a frame of the toolkit is a border or a panel, which says nothing about a card with controls in it.
+void presentPopoversAsDialogs() {
+    [[maybe_unused]] static const bool isInstalled = [] {
+        QAccessible::installFactory(accessiblePopover);
+        return true;
+    }();
+}
+
 } // namespace
 
 // Lies beneath the popover and reaches beyond it, where a click is not the popover's.
@@ -64,6 +78,7 @@ protected:
 
 Popover::Popover(QWidget* anchor, QWidget* content)
     : QFrame(anchor->window()), hangsFrom(anchor), shadow(new Shadow(anchor->window())) {
+    presentPopoversAsDialogs();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(content);
     toTheme = Theme::shared().changes().subscribe({}, [this] { placeSoon(); });
