@@ -119,9 +119,9 @@ TEST(ElidedLabelTest, theWholeIsItsHelpOnlyWhereItIsCut) {
 TEST(BadgeTest, isPaddedByEightAndThreeInTheCaptionFont) {
     Badge badge;
     badge.setText(QStringLiteral("Global"));
-    const QFontMetrics metrics(Theme::shared().font(TextStyle::caption));
-    EXPECT_EQ(badge.sizeHint(),
-              QSize(metrics.horizontalAdvance(badge.text()) + 16, metrics.height() + 6));
+    const QFontMetricsF metrics(Theme::shared().font(TextStyle::caption));
+    EXPECT_EQ(badge.sizeHint(), QSize(qCeil(metrics.horizontalAdvance(badge.text())) + 16,
+                                      qCeil(metrics.height()) + 6));
 }
 
 TEST(BadgeTest, standsOnItsOwnColourAtFifteenHundredths) {
