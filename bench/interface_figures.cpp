@@ -134,14 +134,24 @@ void measureDemonstration(Stage& stage, pid_t process, double seconds) {
     stage.hands.press("Escape");
 }
 
+// Asks again: a window does not close while the sheet of the demonstration is still going away.
+void closeWindow(const Stage& stage, const char* title) {
+    timeUntil(now(), [&] {
+        const auto window = stage.display.windowTitled(title);
+        if (window) {
+            stage.display.close(*window);
+        }
+        return !window;
+    });
+}
+
 long measureProgram(Stage& stage, double seconds) {
     Program program(commandOn(stage, GLIDEMAP_PROGRAM));
     timeUntil(now(), [&] { return isShown(stage, "Glidemap"); });
     letItSettle(program.process());
     print("window open", memoryOf(program.process()));
     measureDemonstration(stage, program.process(), seconds);
-    stage.display.close(*stage.display.windowTitled("Glidemap"));
-    timeUntil(now(), [&] { return !isShown(stage, "Glidemap"); });
+    closeWindow(stage, "Glidemap");
     letItSettle(program.process());
     print("window closed", memoryOf(program.process()));
     const long woken = wakeUpsDuring(program.process(), seconds, std::cout);
