@@ -21,9 +21,10 @@ class SeenWorkspace {
 public:
     using Names = std::set<std::string>;
 
-    // Windows that a desktop has of its own accord count as none of the applications.
+    // "none" also where the desktop's own background has the focus: Xfce gives it the focus when it comes up late.
     std::string frontmost() const {
-        return workspace.frontmostApplication().bundleID.value_or("none");
+        const std::string application = workspace.frontmostApplication().bundleID.value_or("none");
+        return application == "Xfdesktop" ? "none" : application;
     }
 
     Names running() const {
