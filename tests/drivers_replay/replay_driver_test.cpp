@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <optional>
@@ -27,6 +28,13 @@ const std::string tap = "{\"t\":5,\"touches\":[[1,0.25,0.75,3],[2,0.5,0.75,3]]}\
 const std::vector<std::string> tapDeliveries = {"1@0.25,0.75 state 3, 2@0.5,0.75 state 3",
                                                 "1@0.25,0.75 state 4, 2@0.5,0.75 state 4",
                                                 "nothing"};
+
+// Of a recording that plays again and again, and may have gone on while the test was not running.
+std::vector<Delivery> firstOf(ReplaySession& session, std::size_t count) {
+    auto deliveries = session.waitFor(count);
+    deliveries.resize(std::min(count, deliveries.size()));
+    return deliveries;
+}
 
 TEST(ReplayDriver, PlaysTheRecordingAsIfItHappenedNow) {
     ReplaySession session;
@@ -88,7 +96,7 @@ TEST(ReplayDriver, LoopsWithAPauseAndRisingTimes) {
     session.setRecording(tap);
     ReplaySession::setLooping(true);
     session.start();
-    const auto deliveries = session.waitFor(6);
+    const auto deliveries = firstOf(session, 6);
     std::vector<std::string> twice = tapDeliveries;
     twice.insert(twice.end(), tapDeliveries.begin(), tapDeliveries.end());
     EXPECT_EQ(whats(deliveries), twice);
@@ -101,7 +109,7 @@ TEST(ReplayDriver, EndsEachPassWithAnEmptyReport) {
     session.setRecording("{\"t\":0,\"touches\":[[1,0.5,0.5,4]]}\n");
     ReplaySession::setLooping(true);
     session.start();
-    EXPECT_THAT(whats(session.waitFor(3)),
+    EXPECT_THAT(whats(firstOf(session, 3)),
                 ElementsAre("1@0.5,0.5 state 4", "nothing", "1@0.5,0.5 state 4"));
 }
 
