@@ -9,8 +9,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmap>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace glidemap {
@@ -18,6 +20,10 @@ namespace glidemap {
 namespace {
 
 constexpr int padding = 8;
+
+// Between the card's edge and the popover's own rectangle, which thus lies within the card's round corners, hides all beneath
+// it, and spares the window beneath it from being painted for each frame of a demonstration.
+constexpr int inset = 3;
 
 // The card and its arrow in one outline, so that the edge runs around both.
 QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
@@ -52,36 +58,66 @@ void presentPopoversAsDialogs() {
 
 } // namespace
 
-// Lies beneath the popover and reaches beyond it, where a click is not the popover's.
-class Popover::Shadow : public QWidget {
+// The card with its arrow and its shadow, beneath the popover and beyond it. Kept as a picture, because its layers take longer
+// to draw than all that moves in the popover.
+class Popover::Backdrop : public QWidget {
 public:
-    explicit Shadow(QWidget* parent) : QWidget(parent) {
+    explicit Backdrop(QWidget* parent) : QWidget(parent) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 
-    void surround(const QRect& card) {
-        constexpr int reach = style::shadowReach;
-        setGeometry(card.adjusted(-reach, -reach, reach, reach));
+    void showFor(const PopoverPlacement& placement) {
+        shown = placement;
+        picture = {};
+        setGeometry(placement.card.adjusted(-reach, -reach, reach, reach));
+        update();
+        show();
     }
 
 protected:
-    void paintEvent(QPaintEvent* event) override {
-        constexpr int reach = style::shadowReach;
-        const QRectF card = QRectF(rect()).adjusted(reach, reach, -reach, -reach);
-        if (card.adjusted(4, 4, -4, -4).contains(event->rect())) {
-            return; // only what the card covers is drawn again, as its content moves
+    void paintEvent(QPaintEvent* /*event*/) override {
+        if (picture.isNull() || picture.devicePixelRatio() != devicePixelRatioF()) {
+            draw();
         }
-        QPainter painter(this);
-        style::drawShadow(painter, card, popoverRadius);
+        QPainter(this).drawPixmap(0, 0, picture);
     }
+
+private:
+    static constexpr int reach = std::max(style::shadowReach, popoverArrowHeight);
+
+    void draw() {
+        picture = QPixmap(size() * devicePixelRatioF());
+        picture.setDevicePixelRatio(devicePixelRatioF());
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF card = QRectF(rect()).adjusted(reach, reach, -reach, -reach);
+        style::drawShadow(painter, card, popoverRadius);
+        const double line = style::hairline(painter);
+        painter.setPen(QPen(style::color(Role::outline), line));
+        painter.setBrush(style::color(Role::card));
+        painter.drawPath(outlineOf(card.adjusted(line / 2, line / 2, -line / 2, -line / 2),
+                                   shown.isAbove, shown.arrowX - x()));
+    }
+
+    PopoverPlacement shown{};
+    QPixmap picture;
 };
 
 Popover::Popover(QWidget* anchor, QWidget* content)
-    : QFrame(anchor->window()), hangsFrom(anchor), shadow(new Shadow(anchor->window())) {
+    : QWidget(anchor->window()), hangsFrom(anchor), backdrop(new Backdrop(anchor->window())) {
     presentPopoversAsDialogs();
     auto* layout = new QVBoxLayout(this);
+    constexpr int withinInset = padding - inset;
+    layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);
     layout->addWidget(content);
-    toTheme = Theme::shared().changes().subscribe({}, [this] { placeSoon(); });
+    setAutoFillBackground(true);
+    wearTheme();
+    toTheme = Theme::shared().changes().subscribe({}, [this] {
+        wearTheme();
+        backdrop->showFor(placed);
+        placeSoon();
+    });
     connect(anchor, &QObject::destroyed, this, [this] {
         hangsFrom = nullptr; // which a guarded pointer to a widget does only after this
         onClosed = {};
@@ -90,15 +126,20 @@ Popover::Popover(QWidget* anchor, QWidget* content)
     qApp->installEventFilter(this);
     setFocusPolicy(Qt::StrongFocus);
     place();
-    shadow->show();
-    shadow->raise();
+    backdrop->raise();
     show();
     raise();
     setFocus(Qt::PopupFocusReason);
 }
 
 Popover::~Popover() {
-    delete shadow;
+    delete backdrop;
+}
+
+void Popover::wearTheme() {
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, style::color(Role::card));
+    setPalette(colors);
 }
 
 void Popover::dismiss() {
@@ -109,8 +150,8 @@ void Popover::dismiss() {
         giveFocusBack();
     }
     hide();
-    if (shadow != nullptr) {
-        shadow->hide();
+    if (backdrop != nullptr) {
+        backdrop->hide();
     }
     deleteLater();
     if (onClosed) {
@@ -132,6 +173,10 @@ bool Popover::isWithin(const QWidget* widget) const {
     return widget != nullptr && (widget == this || isAncestorOf(widget));
 }
 
+bool Popover::isOnCard(QPointF onScreen) const {
+    return placed.card.contains(window()->mapFromGlobal(onScreen).toPoint());
+}
+
 // All of the program's events come by here: most are told apart by their kind alone.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
     if (isClosed || hangsFrom == nullptr || !watched->isWidgetType()) {
@@ -140,6 +185,9 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = static_cast<QWidget*>(watched);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
+        if (!isWithin(widget) && isOnCard(static_cast<QMouseEvent*>(event)->globalPosition())) {
+            return true; // on its rim
+        }
         if (!isWithin(widget) && widget != hangsFrom && !hangsFrom->isAncestorOf(widget)) {
             dismiss();
         }
@@ -170,13 +218,13 @@ bool Popover::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest) {
         placeSoon();
     }
-    return QFrame::event(event);
+    return QWidget::event(event);
 }
 
 // Where the popover itself has the focus, the next control is the one after its anchor.
 bool Popover::focusNextPrevChild(bool next) {
     if (!hasFocus() || hangsFrom == nullptr) {
-        return QFrame::focusNextPrevChild(next);
+        return QWidget::focusNextPrevChild(next);
     }
     dismiss();
     return true;
@@ -187,7 +235,7 @@ void Popover::keyPressEvent(QKeyEvent* event) {
         dismiss();
         return;
     }
-    QFrame::keyPressEvent(event);
+    QWidget::keyPressEvent(event);
 }
 
 // Stays here: passed on to the window it would count as a click beside the popover.
@@ -214,26 +262,23 @@ void Popover::place() {
         dismiss(); // scrolled away
         return;
     }
-    layout()->setContentsMargins(padding, padding, padding, padding);
-    const QSize card = layout()->totalSizeHint();
-    placed = placePopover(card, anchor, window()->contentsRect());
-    const int above = placed.isAbove ? 0 : popoverArrowHeight;
-    const int below = placed.isAbove ? popoverArrowHeight : 0;
-    layout()->setContentsMargins(padding, padding + above, padding, padding + below);
-    setGeometry(placed.card.adjusted(0, -above, 0, below));
-    shadow->surround(placed.card);
-    update();
+    constexpr QSize rim(2 * inset, 2 * inset);
+    const QSize card = layout()->totalSizeHint() + rim;
+    const auto before = std::exchange(placed, placePopover(card, anchor, window()->contentsRect()));
+    setGeometry(placed.card.adjusted(inset, inset, -inset, -inset));
+    if (placed != before) {
+        backdrop->showFor(placed);
+    }
 }
 
-void Popover::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const double line = style::hairline(painter);
-    const QRectF card =
-        QRectF(placed.card.translated(-pos())).adjusted(line / 2, line / 2, -line / 2, -line / 2);
-    painter.setPen(QPen(style::color(Role::outline), line));
-    painter.setBrush(style::color(Role::card));
-    painter.drawPath(outlineOf(card, placed.isAbove, placed.arrowX - pos().x()));
+bool Popover::covers(const QWidget& widget) {
+    const QRect area(widget.mapTo(widget.window(), QPoint(0, 0)), widget.size());
+    const auto children = widget.window()->children();
+    return std::ranges::any_of(children, [&](QObject* child) {
+        const auto* popover = dynamic_cast<Popover*>(child);
+        return popover != nullptr && popover->isVisible() && !popover->isAncestorOf(&widget) &&
+               popover->placed.card.contains(area);
+    });
 }
 
 } // namespace glidemap

@@ -12,13 +12,13 @@
 #include "ui/controls/popover_placement.h"
 #include "ui/theme/theme.h"
 
-#include <QFrame>
 #include <QPointer>
+#include <QWidget>
 #include <functional>
 
 namespace glidemap {
 
-class Popover : public QFrame {
+class Popover : public QWidget {
 public:
     // Takes the content, which is padded by 8 points; shows itself, and takes the focus.
     Popover(QWidget* anchor, QWidget* content);
@@ -32,24 +32,28 @@ public:
 
     PopoverPlacement placement() const { return placed; }
 
+    // Whether an open popover of the widget's window hides all of it.
+    static bool covers(const QWidget& widget);
+
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
-    class Shadow;
+    class Backdrop;
 
     void giveFocusBack();
     void place();
     void placeSoon();
+    void wearTheme();
+    bool isOnCard(QPointF onScreen) const;
     bool isWithin(const QWidget* widget) const;
 
     QPointer<QWidget> hangsFrom;
-    QPointer<Shadow> shadow;
+    QPointer<Backdrop> backdrop;
     PopoverPlacement placed{};
     bool isClosed = false;
     bool isPlacing = false;

@@ -1,6 +1,7 @@
 #include "ui/demo/gesture_demo_view.h"
 
 #include "gesture_demo_accessible.h"
+#include "ui/controls/popover.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"
 #include "ui/demo/still_moment.h"
@@ -82,7 +83,8 @@ double GestureDemoView::moment() const {
 // Pictures may be taken of what is not on the screen.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
-    return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed();
+    return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed() &&
+           !Popover::covers(*this);
 }
 
 } // namespace glidemap

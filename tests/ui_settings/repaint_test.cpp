@@ -1,0 +1,104 @@
+// What the window does while nothing changes, in each state that it can stand open in.
+#include "kit/qt_waiting.h"
+#include "kit/repaint_count.h"
+#include "ui/theme/theme.h"
+#include "ui_settings/settings_stage.h"
+
+#include <gmock/gmock.h>
+
+namespace glidemap {
+namespace {
+
+using testing::IsEmpty;
+
+class RepaintTest : public testing::Test {
+protected:
+    RepaintTest() {
+        QApplication::setCursorFlashTime(0);
+        Theme::shared().pinReducedMotion(true); // demonstrations stand still
+    }
+    ~RepaintTest() override {
+        QApplication::setCursorFlashTime(cursorFlashTime);
+        Theme::shared().pinReducedMotion(std::nullopt);
+    }
+
+    // Without its slide, since motion is reduced.
+    void openListOfGestures() const {
+        stage.click("addBinding");
+        stage.click("gesturePicker");
+        ASSERT_NE(stage.find("gestureList"), nullptr);
+    }
+
+    static void expectNothingAtRest() {
+        kit::RepaintCount count;
+        count.countAtRest();
+        EXPECT_THAT(count.paints, IsEmpty());
+        EXPECT_THAT(count.layoutRequests, IsEmpty());
+    }
+
+    const int cursorFlashTime = QApplication::cursorFlashTime();
+    mutable test::SettingsStage stage{defaultBindings()};
+};
+
+TEST_F(RepaintTest, TheListRests) {
+    stage.open();
+    expectNothingAtRest();
+}
+
+TEST_F(RepaintTest, TheEmptyStateRests) {
+    stage.store->setBindings({});
+    stage.open();
+    expectNothingAtRest();
+}
+
+TEST_F(RepaintTest, TheNoticesRest) {
+    stage.trust->trusted = false;
+    stage.open();
+    stage.publish("99.0");
+    expectNothingAtRest();
+}
+
+TEST_F(RepaintTest, AnOpenPreviewRests) {
+    stage.open();
+    stage.clickInRow(0, "preview");
+    ASSERT_TRUE(stage.row(0)->showsPreview());
+    expectNothingAtRest();
+}
+
+TEST_F(RepaintTest, TheEditorRests) {
+    stage.open();
+    stage.click("addBinding");
+    expectNothingAtRest();
+}
+
+TEST_F(RepaintTest, TheListOfGesturesRests) {
+    stage.open();
+    openListOfGestures();
+    expectNothingAtRest();
+}
+
+// It moves in its own place, and what lies around it is not painted for that.
+TEST_F(RepaintTest, ADemonstrationThatPlaysPaintsNoOtherControl) {
+    Theme::shared().pinReducedMotion(false);
+    stage.open();
+    stage.clickInRow(0, "preview");
+    kit::RepaintCount count;
+    count.countAtRest();
+    EXPECT_TRUE(test::waitFor([&] { return count.paints["previewDemo"] > 2; }));
+    EXPECT_THAT(count.layoutRequests, IsEmpty());
+    EXPECT_EQ(count.paints.count("previewName"), 0U);
+    EXPECT_EQ(count.paints.count("bindingRow"), 0U);
+}
+
+TEST_F(RepaintTest, ADemonstrationBeneathTheListOfGesturesStandsStill) {
+    stage.open();
+    openListOfGestures();
+    Theme::shared().pinReducedMotion(false);
+    expectNothingAtRest();
+    stage.pressKey(Qt::Key_Escape);
+    kit::RepaintCount count;
+    EXPECT_TRUE(test::waitFor([&] { return count.paints["gestureDemo"] > 2; }));
+}
+
+} // namespace
+} // namespace glidemap
