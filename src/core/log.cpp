@@ -1,0 +1,95 @@
+#include "core/log.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <cstdlib>
+#include <mutex>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* variable = "GLIDEMAP_LOG";
+
+// Less than a pipe takes in one piece.
+constexpr std::size_t maxLine = 1000;
+
+class Line {
+public:
+    void add(std::string_view words) {
+        for (const char letter : words.substr(0, maxLine - 1 - length)) {
+            const auto byte = static_cast<unsigned char>(letter);
+            text[length++] = byte < ' ' || byte == 0x7f ? '?' : letter;
+        }
+    }
+
+    std::string_view ended() {
+        text[length] = '\n';
+        return {text.data(), length + 1};
+    }
+
+private:
+    std::array<char, maxLine> text;
+    std::size_t length = 0;
+};
+
+bool isTurnedOnByEnvironment() {
+    const char* value = std::getenv(variable);
+    return value != nullptr && std::string_view(value) != "" && std::string_view(value) != "0";
+}
+
+void addTime(Line& line) {
+    using std::chrono::milliseconds;
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    const std::int64_t count = std::chrono::duration_cast<milliseconds>(now).count();
+    line.add(LogPart(count / 1000).view());
+    line.add(".");
+    const LogPart thousandths(count % 1000 + 1000);
+    line.add(thousandths.view().substr(1));
+}
+
+// A pipe or a terminal that is ready takes a short line without waiting. One whose reader has gone
+// reports that too, and writing to it would end the program.
+void writeWithoutWaiting(std::string_view line) {
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
+    pollfd output{STDERR_FILENO, POLLOUT, 0};
+    if (poll(&output, 1, 0) == 1 && output.revents == POLLOUT) {
+        [[maybe_unused]] const auto written = ::write(STDERR_FILENO, line.data(), line.size());
+    }
+}
+
+} // namespace
+
+namespace log_detail {
+
+std::atomic<bool> on = isTurnedOnByEnvironment();
+
+void write(std::string_view topic, std::initializer_list<LogPart> parts) noexcept {
+    const int errorOfCaller = errno;
+    Line line;
+    line.add("glidemap ");
+    addTime(line);
+    line.add(" ");
+    line.add(topic);
+    line.add(": ");
+    for (const LogPart& part : parts) {
+        line.add(part.view());
+    }
+    writeWithoutWaiting(line.ended());
+    errno = errorOfCaller;
+}
+
+} // namespace log_detail
+
+void turnLogOn() {
+    setenv(variable, "1", 1);
+    log_detail::on.store(true, std::memory_order_relaxed);
+}
+
+} // namespace glidemap

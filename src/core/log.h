@@ -1,0 +1,74 @@
+// The log: one line on standard error for each decision that somebody who helps a user asks about.
+// Quiet unless the environment says GLIDEMAP_LOG=1 or the program is started with --verbose.
+//
+//   logLine("touchpads", "grabbed ", node, " after ", count, " attempts");
+//   glidemap 1234.567 touchpads: grabbed /dev/input/event5 after 2 attempts
+//
+// Never log what is typed: no key, no shortcut, no text of another program's window.
+//
+// While quiet, a call costs one load of a flag; arguments that are costly to make belong behind
+// isLogging(). A line is written whole or not at all: one that standard error has no room for is
+// dropped, so that a reader that has stopped holds up no touchpad. Control characters, which a
+// device's name can contain, become "?". Lines longer than 1,000 bytes are cut.
+//
+// Units:   the time is that of the monotonic clock in seconds, as in the touchpads' own events.
+// Thread:  any. Allocates nothing.
+// Owner:   the process; a loaded driver has a log of its own, which the environment turns on too.
+// Errors:  none.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace glidemap {
+
+class LogPart {
+public:
+    // NOLINTBEGIN(google-explicit-constructor): callers write the values alone
+    LogPart(std::string_view words) : text(words) {}
+    LogPart(const char* words) : text(words != nullptr ? words : "(null)") {}
+    LogPart(const std::string& words) : text(words) {}
+    LogPart(std::integral auto number) {
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+        text = {digits.data(), static_cast<std::size_t>(end - digits.data())};
+    }
+    // NOLINTEND(google-explicit-constructor)
+    LogPart(char) = delete;
+    LogPart(bool) = delete;
+    LogPart(const LogPart&) = delete;
+    LogPart& operator=(const LogPart&) = delete;
+    ~LogPart() = default;
+
+    std::string_view view() const { return text; }
+
+private:
+    std::array<char, 24> digits{};
+    std::string_view text;
+};
+
+namespace log_detail {
+extern std::atomic<bool> on;
+void write(std::string_view topic, std::initializer_list<LogPart> parts) noexcept;
+} // namespace log_detail
+
+inline bool isLogging() noexcept {
+    return log_detail::on.load(std::memory_order_relaxed);
+}
+
+// For this process and for what it loads or starts from now on. Call it before there are threads.
+void turnLogOn();
+
+template <typename... Parts>
+void logLine(std::string_view topic, const Parts&... parts) noexcept {
+    if (isLogging()) {
+        log_detail::write(topic, {LogPart(parts)...});
+    }
+}
+
+} // namespace glidemap
