@@ -1,5 +1,7 @@
 #include "bindings/binding_action.h"
 
+#include <array>
+
 namespace glidemap {
 
 namespace {
@@ -22,6 +24,12 @@ std::string shown(const LaunchApp& launch, const Lang& lang) {
 }
 
 } // namespace
+
+std::string_view kindOf(const BindingAction& action) {
+    constexpr std::array kinds = {"keyboardShortcut", "lockScreen", "missionControl", "launchApp"};
+    static_assert(kinds.size() == std::variant_size_v<BindingAction>);
+    return kinds[action.index()];
+}
 
 std::string displayString(const BindingAction& action, const Lang& lang) {
     return std::visit([&lang](const auto& kind) { return shown(kind, lang); }, action);

@@ -8,6 +8,7 @@
 #include "core/lang.h"
 
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace glidemap {
@@ -30,6 +31,9 @@ struct LaunchApp {
 };
 
 using BindingAction = std::variant<KeyShortcut, LockScreen, MissionControl, LaunchApp>;
+
+// As the file of bindings names it, and nothing of what it types or opens.
+std::string_view kindOf(const BindingAction& action);
 
 // In the language at the moment of the call.
 std::string displayString(const BindingAction& action, const Lang& lang = Lang::shared());

@@ -3,6 +3,7 @@
 #include "bindings/atomic_write.h"
 #include "bindings/binding_json.h"
 #include "bindings/read_file.h"
+#include "core/log.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -62,9 +63,12 @@ std::filesystem::path BindingStore::location() const {
 
 void BindingStore::load() {
     if (auto list = listIn(location())) {
+        logLine("bindings", "read ", list->size(), " from ", location().native());
         publish(std::move(*list));
         return;
     }
+    logLine("bindings", "none could be read from ", location().native(),
+            ": starts with the usual ones");
     publish(defaultBindings());
     save();
 }
@@ -87,7 +91,12 @@ void BindingStore::setBindings(BindingList list) {
 
 void BindingStore::save() {
     if (supportFolder) {
-        writeAtomically(location(), encodeBindings(_bindings.get()->list()));
+        const std::filesystem::path file = location();
+        if (writeAtomically(file, encodeBindings(_bindings.get()->list()))) {
+            logLine("bindings", "saved ", file.native());
+        } else {
+            logLine("bindings", "saving failed: ", file.native());
+        }
     }
 }
 

@@ -1,5 +1,7 @@
 #include "dispatch/action_runner.h"
 
+#include "core/log.h"
+
 #include <array>
 #include <utility>
 #include <variant>
@@ -30,6 +32,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 ActionRunner::ActionRunner(Ports given) : ports(std::move(given)) {}
 
 void ActionRunner::perform(const BindingAction& action) {
+    logLine("actions", "runs ", kindOf(action));
     std::visit(
         Overloaded{
             [this](const KeyShortcut& shortcut) { type(shortcut, *ports.keyEvents); },
@@ -42,7 +45,10 @@ void ActionRunner::perform(const BindingAction& action) {
 
 void ActionRunner::launchApp(const std::string& bundleID) {
     if (const auto url = ports.workspace->urlForApplication(bundleID)) {
+        logLine("actions", "opens ", *url);
         ports.workspace->openApplication(*url);
+    } else {
+        logLine("actions", "dropped: no application ", bundleID, " is installed");
     }
 }
 
@@ -52,11 +58,13 @@ void ActionRunner::lockScreen() {
         canLock = ports.screenLock->find();
     }
     if (!*canLock) {
+        logLine("actions", "no service locks the screen: types the shortcut for it");
         type(lockShortcut, *ports.keyEvents);
         return;
     }
     ports.screenLock->lock([weakly = std::weak_ptr(ports.keyEvents)] {
         if (const auto keyEvents = weakly.lock()) {
+            logLine("actions", "no service locked the screen: types the shortcut for it");
             type(lockShortcut, *keyEvents);
         }
     });

@@ -1,5 +1,7 @@
 #include "dispatch/gesture_dispatcher.h"
 
+#include "core/log.h"
+
 #include <utility>
 
 namespace glidemap {
@@ -9,6 +11,17 @@ namespace {
 bool isDirectedCircle(GestureType gesture) {
     return gesture == GestureType::drawCircleClockwise ||
            gesture == GestureType::drawCircleCounterclockwise;
+}
+
+// The application's identifier and not its name, which can be the title of a window.
+void logDecision(GestureType gesture, const std::optional<std::string>& application,
+                 const GestureBinding* binding) {
+    if (isLogging()) {
+        const std::string action =
+            binding != nullptr ? "bound to " + std::string(kindOf(binding->action)) : "not bound";
+        logLine("gestures", rawValue(gesture), " in ", application.value_or("(unknown)"), ": ",
+                action);
+    }
 }
 
 } // namespace
@@ -23,11 +36,13 @@ GestureDispatcher::GestureDispatcher(ConstructionKey /*key*/, Ports given)
 
 bool GestureDispatcher::handle(GestureType gesture, bool execute) {
     if (!masterEnabled()) {
+        logLine("gestures", rawValue(gesture), " dropped: Glidemap is switched off");
         return false;
     }
     Application application = frontmost();
     Binding binding = resolveBinding(gesture, application.bundleID);
     const bool isFound = binding != nullptr;
+    logDecision(gesture, application.bundleID, binding.get());
     GestureLogEntry entry = makeEntry(gesture, binding.get(), std::move(application.name));
     if (execute && isFound) {
         runLater(std::move(binding));
@@ -38,10 +53,12 @@ bool GestureDispatcher::handle(GestureType gesture, bool execute) {
 
 bool GestureDispatcher::handleClickGesture(GestureType gesture) {
     if (!masterEnabled()) {
+        logLine("gestures", rawValue(gesture), " dropped: Glidemap is switched off");
         return false;
     }
     Application application = frontmost();
     Binding binding = resolveBinding(gesture, application.bundleID);
+    logDecision(gesture, application.bundleID, binding.get());
     if (!binding) {
         return false;
     }

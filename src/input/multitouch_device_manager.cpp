@@ -1,5 +1,6 @@
 #include "input/multitouch_device_manager.h"
 
+#include "core/log.h"
 #include "core/snapshot.h"
 
 #include <dlfcn.h>
@@ -44,6 +45,7 @@ MultitouchDeviceManager::MultitouchDeviceManager(const TouchDriverPlatform& plat
     if (handle == nullptr) {
         const char* reason = dlerror(); // NOLINT(concurrency-mt-unsafe): main thread
         _loadError = std::string(cannotLoad) + (reason != nullptr ? reason : "");
+        logLine("touchpads", "cannot load the driver ", platform.libraryPath, ": ", reason);
         return;
     }
     resolveSymbols();
@@ -52,6 +54,7 @@ MultitouchDeviceManager::MultitouchDeviceManager(const TouchDriverPlatform& plat
     if (createList == nullptr || registerCallback == nullptr || startDevice == nullptr ||
         !readable) {
         _loadError = symbolsMissing;
+        logLine("touchpads", "the driver ", platform.libraryPath, " lacks a symbol");
     }
 }
 
@@ -103,6 +106,7 @@ void MultitouchDeviceManager::start() {
     }
     deviceList = createList();
     if (deviceList == nullptr) {
+        logLine("touchpads", "the driver returned no list");
         _loadError = noDevice;
         return;
     }
@@ -112,6 +116,7 @@ void MultitouchDeviceManager::start() {
         startDevice(device, 0);
     }
     running = !devices.empty();
+    logLine("touchpads", "started ", devices.size());
     if (!running) {
         _loadError = noDevice;
     }

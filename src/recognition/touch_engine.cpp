@@ -1,5 +1,7 @@
 #include "recognition/touch_engine.h"
 
+#include "core/log.h"
+
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
@@ -102,7 +104,9 @@ void TouchEngine::handleRawFrame(const std::vector<MTTouch>& records, double tim
 }
 
 void TouchEngine::deliver(GestureType gesture) {
-    if (passesCooldown() && onGesture) {
+    if (!passesCooldown()) {
+        logLine("gestures", rawValue(gesture), " dropped: too soon after the gesture before");
+    } else if (onGesture) {
         onGesture(gesture);
     }
 }

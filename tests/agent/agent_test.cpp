@@ -133,5 +133,51 @@ TEST_F(AgentTest, AWrongOptionIsRefused) {
     EXPECT_EQ(agent.errors(), "usage: glidemap-agent [--never-ask]\n");
 }
 
+TEST_F(AgentTest, LogsEachDecisionAndNotWhatIsTyped) {
+    const InEnvironment log("GLIDEMAP_LOG", "1");
+    record({GestureType::drawCircleClockwise, GestureType::threeFingerSwipeUp,
+            GestureType::fixAndTapLeft});
+    Process agent(command());
+    ASSERT_TRUE(agent.waitForOutput("fixAndTapLeft"));
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+    const std::string& lines = agent.errors();
+    for (const char* line :
+         {" bindings: none could be read from ", " bindings: saved ", " touchpads: started 1\n",
+          " gestures: drawCircleClockwise in (unknown): bound to lockScreen\n",
+          " actions: runs lockScreen\n", " services: org.freedesktop.login1 Lock: ",
+          " gestures: threeFingerSwipeUp in (unknown): not bound\n",
+          " gestures: fixAndTapLeft in (unknown): bound to keyboardShortcut\n",
+          " actions: runs keyboardShortcut\n"}) {
+        EXPECT_NE(lines.find(line), std::string::npos) << line << "is not in\n" << lines;
+    }
+    EXPECT_EQ(lines.find("⌥"), std::string::npos) << lines;
+    EXPECT_EQ(lines.find("keyboardShortcut "), std::string::npos) << lines;
+}
+
+TEST_F(AgentTest, LogsNothingUnlessAsked) {
+    for (const char* value : {static_cast<const char*>(nullptr), "", "0"}) {
+        const InEnvironment log("GLIDEMAP_LOG", value);
+        record({GestureType::threeFingerSwipeUp});
+        Process agent(command());
+        EXPECT_TRUE(agent.waitForOutput("threeFingerSwipeUp"));
+        agent.send(SIGTERM);
+        EXPECT_EQ(agent.waitForEnd(), 0);
+        EXPECT_EQ(agent.errors(), "");
+    }
+}
+
+TEST_F(AgentTest, LogsASaveThatFails) {
+    const InEnvironment log("GLIDEMAP_LOG", "1");
+    folder.write("file", "in the way");
+    const InEnvironment blocked("XDG_DATA_HOME", (folder.path() / "file").c_str());
+    Process agent(command());
+    EXPECT_TRUE(agent.waitForOutput("ready"));
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+    EXPECT_NE(agent.errors().find(" bindings: saving failed: "), std::string::npos)
+        << agent.errors();
+}
+
 } // namespace
 } // namespace glidemap

@@ -1,8 +1,10 @@
 #include "bindings/binding_action.h"
+#include "bindings/binding_json.h"
 #include "kit/in_language.h"
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 namespace glidemap {
@@ -52,6 +54,17 @@ TEST(BindingActionTest, IsEqualByCaseAndPayload) {
         for (std::size_t other = 0; other < different.size(); ++other) {
             EXPECT_EQ(different[one] == different[other], one == other) << one << ", " << other;
         }
+    }
+}
+
+TEST(BindingActionTest, IsOfTheKindThatTheFileNames) {
+    for (const Row& row : rows) {
+        GestureBinding binding;
+        binding.action = row.action;
+        const std::string file = encodeBindings({binding});
+        EXPECT_NE(file.find("\"kind\": \"" + std::string(kindOf(row.action)) + '"'),
+                  std::string::npos)
+            << file;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "drivers/evdev/forwarding_watchdog.h"
 
+#include "core/log.h"
 #include "drivers/evdev/thread_without_signals.h"
 
 #include <pthread.h>
@@ -108,6 +109,7 @@ void ForwardingWatchdog::giveBack() {
         each.pad->ungrab();
         each.clone->destroy();
     }
+    logLine("touchpads", "given back ", held.size(), ": the program made no progress for a second");
     held.clear();
 }
 

@@ -1,5 +1,7 @@
 #include "drivers/evdev/pad_interception.h"
 
+#include "core/log.h"
+
 #include <array>
 #include <cstddef>
 #include <utility>
@@ -64,6 +66,7 @@ void PadInterception::forwardFrame(double time) {
         return;
     }
     if (stillHoldsPad()) {
+        logLine("touchpads", "cannot write to the clone of ", pad.description().name);
         giveBack();
         failedAttempt = clicks.attempt();
     }
@@ -127,12 +130,15 @@ void PadInterception::makeClone() {
     if (auto clone = pad.makeClone(); clone != nullptr) {
         writer.emplace(std::move(clone), source.slotCount());
     } else {
+        logLine("touchpads", "not grabbed, no clone of it can be made: ", pad.description().name);
         failedAttempt = clicks.attempt();
     }
 }
 
 void PadInterception::take() {
     grabbedAt = pad.grab();
+    logLine("touchpads", isForwarding() ? "grabbed " : "not grabbed, another program has it: ",
+            pad.description().name);
     if (isForwarding() && !clicks.watchdog().hold({device, &pad, &writer->clone()})) {
         letPadGo();
     }
@@ -142,6 +148,7 @@ void PadInterception::letPadGo() {
     if (isForwarding()) {
         clicks.watchdog().release(pad);
         pad.ungrab();
+        logLine("touchpads", "given back ", pad.description().name);
         grabbedAt.reset();
     }
 }

@@ -1,5 +1,7 @@
 #include "drivers/evdev/touchpad.h"
 
+#include "core/log.h"
+
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -71,6 +73,8 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
 void Touchpad::lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback) {
     const std::unique_ptr<PadConnection> lost = std::move(connection);
     broken = reason == OpenPad::Read::broken;
+    logLine("touchpads", lost->node, ", ", _identity.name,
+            broken ? ": cannot be read any more" : ": unplugged");
     report(lost->assembler.release(monotonicNow()), buttonCallback);
     lost->interception.lose();
 }

@@ -1,5 +1,6 @@
 #include "drivers/evdev/touchpad_driver.h"
 
+#include "core/log.h"
 #include "drivers/evdev/thread_without_signals.h"
 
 #include <pthread.h>
@@ -42,6 +43,8 @@ std::vector<driver::Device> TouchpadDriver::createList() {
     std::vector<driver::Device> list;
     unreadable = 0;
     for (const PadCandidate& candidate : directory->candidates()) {
+        logLine("touchpads", "found ", candidate.node, ", ", candidate.identity.name,
+                candidate.readable ? "" : ": not used, this user may not read it");
         if (candidate.readable) {
             list.push_back(&recordFor(candidate, list));
         } else {
@@ -171,10 +174,12 @@ void TouchpadDriver::connect(Touchpad& touchpad) {
             continue;
         }
         if (auto pad = directory->open(candidate); pad != nullptr) {
+            logLine("touchpads", "reads ", candidate.node, ", ", candidate.identity.name);
             touchpad.connect(
                 std::make_unique<PadConnection>(candidate.node, std::move(pad), &touchpad, clicks));
             return;
         }
+        logLine("touchpads", "cannot open ", candidate.node, ", ", candidate.identity.name);
     }
 }
 

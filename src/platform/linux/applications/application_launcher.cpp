@@ -1,5 +1,6 @@
 #include "platform/linux/applications/application_launcher.h"
 
+#include "core/log.h"
 #include "platform/linux/applications/process_launch.h"
 
 #include <gio/gdesktopappinfo.h>
@@ -65,6 +66,8 @@ void activated(GObject* connection, GAsyncResult* result, gpointer data) {
     GError* error = nullptr;
     GVariant* const answer =
         g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    if (error != nullptr)
+        logLine("services", "an application was not activated: ", error->message);
     if (answer != nullptr)
         g_variant_unref(answer);
     else if (wasNotReached(error))

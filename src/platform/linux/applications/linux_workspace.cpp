@@ -1,5 +1,6 @@
 #include "platform/linux/applications/linux_workspace.h"
 
+#include "core/log.h"
 #include "platform/linux/applications/application_follower.h"
 #include "platform/linux/applications/application_launcher.h"
 
@@ -24,9 +25,12 @@ struct LinuxWorkspace::State {
         follower = std::make_unique<ApplicationFollower>(desktop, published, processes, patience);
         for (const WindowBackendFactory& make : candidates) {
             backend = make();
-            if (backend->start(*follower))
+            if (backend->start(*follower)) {
+                logLine("windows", "follows the one tried last");
                 return;
+            }
         }
+        logLine("windows", "none can be followed: only bindings for all applications work");
         backend.reset();
     }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/keyboard/uinput_key_device.h"
 
+#include "core/log.h"
 #include "core/open_file.h"
 #include "platform/linux/keyboard/key_codes.h"
 
@@ -67,6 +68,7 @@ bool UinputKeyDevice::plugIn() {
         return false;
     }
     descriptor = opened;
+    logLine("actions", "made the virtual keyboard");
     return true;
 }
 

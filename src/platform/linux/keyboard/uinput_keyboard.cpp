@@ -1,5 +1,6 @@
 #include "platform/linux/keyboard/uinput_keyboard.h"
 
+#include "core/log.h"
 #include "platform/linux/keyboard/uinput_key_device.h"
 
 #include <utility>
@@ -29,6 +30,7 @@ bool UinputKeyboard::plugIn() {
 
 void UinputKeyboard::post(std::span<const KeyEvent> events) {
     if (!plugIn()) {
+        logLine("actions", "dropped: no virtual keyboard can be made");
         return;
     }
     if (std::vector<KeyChange> changes = strokes.changesFor(events); !changes.empty()) {

@@ -1,5 +1,7 @@
 #include "platform/linux/session/bus_errand.h"
 
+#include "core/log.h"
+
 #include <gio/gio.h>
 
 #include <algorithm>
@@ -70,6 +72,7 @@ struct BusErrand::State {
     struct Call {
         std::shared_ptr<BusErrand> errand;
         Then then;
+        BusMethod method;
     };
     struct Line {
         Connection connection;
@@ -122,6 +125,10 @@ void BusErrand::State::opened(GObject* /*source*/, GAsyncResult* result, gpointe
     Line& line = state.line(held->bus);
     line.connection.reset(g_dbus_connection_new_for_address_finish(result, nullptr));
     line.outOfOrder = !line.connection;
+    if (line.outOfOrder) {
+        logLine("services", "the ", held->bus == Bus::system ? "system" : "session",
+                " bus did not answer");
+    }
     if (!state.calledOff) {
         held->then(line.connection.get());
     }
@@ -131,6 +138,9 @@ void BusErrand::State::answered(GObject* connection, GAsyncResult* result, gpoin
     const std::unique_ptr<Call> held(static_cast<Call*>(call));
     GError* error = nullptr;
     GVariant* values = g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    if (error != nullptr) {
+        logLine("services", held->method.service, " ", held->method.name, ": ", error->message);
+    }
     if (!held->errand->state->calledOff) {
         held->then({values, saysNobodyThere(error)});
     }
@@ -169,7 +179,7 @@ void BusErrand::call(const BusMethod& method, GVariant* arguments, Milliseconds 
         g_dbus_connection_call(connection, method.service, method.path, method.interface,
                                method.name, held.get(), nullptr, flags,
                                static_cast<int>(patience.count()), self->state->cancellable.get(),
-                               State::answered, new State::Call{self, then});
+                               State::answered, new State::Call{self, then, method});
     };
     State::withBus(shared_from_this(), method.bus, ask);
 }

@@ -1,10 +1,13 @@
 #include "platform/linux/windows/desktop_backends.h"
 
+#include "core/log.h"
 #include "platform/linux/windows/gnome_window_backend.h"
 #include "platform/linux/windows/kwin_window_backend.h"
 #include "platform/linux/windows/wlr_window_backend.h"
 #include "platform/linux/windows/x11_backend.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <memory>
 
@@ -15,6 +18,11 @@ namespace {
 std::string_view environment(const char* name) {
     const char* const value = std::getenv(name);
     return value != nullptr ? value : "";
+}
+
+const char* nameOf(DesktopKind kind) {
+    constexpr std::array names = {"GNOME Shell", "KWin", "wlroots", "X11"};
+    return names[static_cast<std::size_t>(kind)];
 }
 
 std::unique_ptr<WindowBackend> makeBackend(DesktopKind kind, DesktopThread& thread) {
@@ -46,7 +54,10 @@ std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread) {
     std::vector<WindowBackendFactory> factories;
     for (const DesktopKind kind :
          desktopsToTry(environment("WAYLAND_DISPLAY"), environment("DISPLAY")))
-        factories.emplace_back([kind, &thread] { return makeBackend(kind, thread); });
+        factories.emplace_back([kind, &thread] {
+            logLine("windows", "tries ", nameOf(kind));
+            return makeBackend(kind, thread);
+        });
     return factories;
 }
 
