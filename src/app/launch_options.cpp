@@ -1,14 +1,34 @@
 #include "app/launch_options.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace glidemap {
+
+namespace {
+
+constexpr std::array options = {
+    std::pair<std::string_view, LaunchOption>{"--verbose", LaunchOption::runVerbosely},
+    std::pair<std::string_view, LaunchOption>{"--diagnose", LaunchOption::diagnose},
+    std::pair<std::string_view, LaunchOption>{"--version", LaunchOption::version},
+    std::pair<std::string_view, LaunchOption>{"--help", LaunchOption::help},
+    std::pair<std::string_view, LaunchOption>{"-h", LaunchOption::help},
+};
+
+} // namespace
 
 const char* const launchHelp =
     R"(Runs actions for trackpad gestures. Started again, it shows the settings window of the one that runs.
 
-  glidemap [--version | --help]
+  glidemap [--verbose | --diagnose | --version | --help]
+
+  --verbose     log each decision to standard error, and never what is typed
+  --diagnose    print what Glidemap finds here, as a page for a report, and end
 
 It lives in the status bar and ends from the menu there, by Ctrl+Q in its window, or by SIGTERM.
 
+  GLIDEMAP_LOG=1           the same as --verbose
   GLIDEMAP_TOUCH_DRIVER    another touch driver, by its path
   GLIDEMAP_RECORDING       what the replay driver plays; GLIDEMAP_RECORDING_LOOP=1 over and over
 
@@ -20,11 +40,10 @@ LaunchOption launchOption(const std::vector<std::string_view>& arguments) {
     if (arguments.empty()) {
         return LaunchOption::run;
     }
-    if (arguments.size() == 1 && arguments.front() == "--version") {
-        return LaunchOption::version;
-    }
-    if (arguments.size() == 1 && (arguments.front() == "--help" || arguments.front() == "-h")) {
-        return LaunchOption::help;
+    const auto* const known = std::ranges::find(options, arguments.front(),
+                                                &std::pair<std::string_view, LaunchOption>::first);
+    if (arguments.size() == 1 && known != options.end()) {
+        return known->second;
     }
     return LaunchOption::wrong;
 }

@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-enum class LaunchOption { run, version, help, wrong };
+enum class LaunchOption { run, runVerbosely, diagnose, version, help, wrong };
 
 LaunchOption launchOption(const std::vector<std::string_view>& arguments);
 

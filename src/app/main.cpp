@@ -5,6 +5,7 @@
 #include "app/launch_options.h"
 #include "app/refusal.h"
 #include "core/lang.h"
+#include "core/log.h"
 #include "input/multitouch_device_manager.h"
 #include "platform/home.h"
 #include "platform/qt/qt_main_queue.h"
@@ -208,6 +209,8 @@ int launch(char** arguments) {
     SingleInstance instance(Home::runtimeFolder());
     switch (instance.claim(Home::proofOfThisLaunch())) {
     case SingleInstance::Claim::shown:
+        logLine("start",
+                "Glidemap runs already and shows its window; end it to log from the start");
         return EXIT_SUCCESS;
     case SingleInstance::Claim::unanswered:
         return refuse("it runs already, and does not answer", unansweredText, arguments);
@@ -226,6 +229,12 @@ int launch(char** arguments) {
     return EXIT_SUCCESS;
 }
 
+// A thread may still wait for a bus, and would be in the way of an ordinary end.
+[[noreturn]] void diagnose() {
+    std::cout << Home::diagnosis(GLIDEMAP_VERSION) << std::flush;
+    std::_Exit(std::cout.good() ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
 } // namespace
 
 int main(int count, char* arguments[]) {
@@ -237,8 +246,13 @@ int main(int count, char* arguments[]) {
         std::cout << launchHelp;
         return EXIT_SUCCESS;
     case LaunchOption::wrong:
-        std::cerr << "usage: glidemap [--version | --help]" << std::endl;
+        std::cerr << "usage: glidemap [--verbose | --diagnose | --version | --help]" << std::endl;
         return 2;
+    case LaunchOption::diagnose:
+        diagnose();
+    case LaunchOption::runVerbosely:
+        turnLogOn();
+        break;
     case LaunchOption::run:
         break;
     }

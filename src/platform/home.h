@@ -72,6 +72,10 @@ public:
     // The file of the program that runs.
     static std::string programFile();
 
+    // What the program finds on this computer, as a page for a report. For a program that ends
+    // afterwards, without running exit handlers: a thread may still wait for a bus.
+    static std::string diagnosis(const std::string& version);
+
     // Begins what takes long and can be done beside the main thread. The answer waits for its end,
     // which the first text needs.
     static std::function<void()> begin();

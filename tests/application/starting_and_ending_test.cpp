@@ -1,5 +1,6 @@
 // How the program comes and goes, as its user and its desktop see it.
 #include "application_test_base.h"
+#include "linux_session/silent_socket.h"
 
 #include <csignal>
 
@@ -148,7 +149,9 @@ TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
         {{"--version"}, 0, "Glidemap " GLIDEMAP_VERSION},
         {{"--help"}, 0, "Runs actions for trackpad gestures."},
         {{"--nonsense"}, 2, ""},
+        {{"--diagnose"}, 0, "Glidemap " GLIDEMAP_VERSION},
         {{"--version", "--help"}, 2, ""},
+        {{"--verbose", "--diagnose"}, 2, ""},
         {{"file"}, 2, ""},
     };
     const desktops::RuntimeFolder folder;
@@ -163,8 +166,39 @@ TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
         }
         EXPECT_EQ(program.finish(), row.status) << row.options.front();
     }
-    EXPECT_NE(test::contentOf(folder.path() / "log").find("usage: glidemap [--version | --help]"),
+    EXPECT_NE(test::contentOf(folder.path() / "log")
+                  .find("usage: glidemap [--verbose | --diagnose | --version | --help]"),
               std::string::npos);
+}
+
+TEST_F(StartingAndEndingTest, ItsDiagnosisEndsWithoutADisplayAndWhereNoBusAnswers) {
+    const desktops::RuntimeFolder folder;
+    const test::SilentSocket silent;
+    auto environment = desktops::plainEnvironment(folder.path());
+    environment["DBUS_SESSION_BUS_ADDRESS"] = silent.address();
+    environment["DBUS_SYSTEM_BUS_ADDRESS"] = silent.address();
+    desktops::Program program({.words = {GLIDEMAP_PROGRAM, "--diagnose"},
+                               .environment = environment,
+                               .log = folder.path() / "log"});
+    bool hasSilentBus = false;
+    while (const auto line = program.nextLine()) {
+        hasSilentBus = hasSilentBus || *line == "  session bus: does not answer";
+        if (*line == "Bindings") {
+            break;
+        }
+    }
+    EXPECT_TRUE(hasSilentBus);
+    EXPECT_EQ(program.finish(), 0);
+}
+
+TEST_F(StartingAndEndingTest, ItLogsWhenItIsAskedTo) {
+    Stage stage;
+    auto command = stage.command();
+    command.words.emplace_back("--verbose");
+    RunningGlidemap glidemap(stage, command);
+    EXPECT_TRUE(glidemap.waitForWindow());
+    EXPECT_EQ(glidemap.end(SIGTERM), 0);
+    EXPECT_NE(test::contentOf(stage.complaintsFile()).find(" bindings: "), std::string::npos);
 }
 
 } // namespace

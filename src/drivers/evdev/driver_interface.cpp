@@ -7,13 +7,16 @@
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
+#include "drivers/evdev/device_report.h"
 #include "drivers/evdev/touchpad_driver.h"
 #include "drivers/evdev/udev_directory.h"
+#include "drivers/evdev/udev_report.h"
 #include "drivers/evdev/uinput_clone.h"
 #include "input/touch_driver.h"
 
 #include <memory>
 #include <mutex>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -71,6 +74,14 @@ GLIDEMAP_EXPORT std::int32_t GlidemapUnreadableTouchpadCount() {
 
 GLIDEMAP_EXPORT const char* GlidemapDeviceName(driver::Device device) {
     return touchpads().name(device);
+}
+
+GLIDEMAP_EXPORT void GlidemapReportDevices(driver::ReportLine report, void* context) {
+    withoutExceptions([&] {
+        for (const std::string& line : reportOfDevices()) {
+            report(context, line.c_str());
+        }
+    });
 }
 
 GLIDEMAP_EXPORT void MTRegisterContactFrameCallback(driver::Device device,

@@ -1,13 +1,11 @@
 #include "drivers/evdev/udev_directory.h"
 
-#include "drivers/evdev/capability_bits.h"
 #include "drivers/evdev/evdev_pad.h"
+#include "drivers/evdev/touchpad_judgement.h"
 #include "drivers/evdev/udev_handles.h"
 #include "drivers/evdev/udev_watch.h"
-#include "drivers/evdev/uinput_clone.h"
 
 #include <fcntl.h>
-#include <linux/input-event-codes.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
@@ -39,29 +37,17 @@ PadIdentity identity(udev_device* device) {
     };
 }
 
-// Slots with tracking ids under an indirect surface: neither a touchscreen nor a pad that cannot
-// tell fingers apart. Every touchpad driver of a kernel that is still in use sets the property.
-bool isMultitouchPad(udev_device* device) {
-    const std::string axes = attribute(device, "capabilities/abs");
-    const std::string properties = attribute(device, "properties");
-    return hasBit(axes, ABS_MT_SLOT) && hasBit(axes, ABS_MT_TRACKING_ID) &&
-           hasBit(axes, ABS_MT_POSITION_X) && hasBit(axes, ABS_MT_POSITION_Y) &&
-           hasBit(properties, INPUT_PROP_POINTER) && !hasBit(properties, INPUT_PROP_DIRECT);
-}
-
 struct NumberedCandidate {
     unsigned number = 0;
     PadCandidate candidate;
 };
 
 std::optional<NumberedCandidate> candidate(udev_device* event) {
-    // What describes a touchpad belongs to the input device, of which the event node is a child.
-    udev_device* device = udev_device_get_parent_with_subsystem_devtype(event, "input", nullptr);
-    const char* node = udev_device_get_devnode(event);
-    if (device == nullptr || node == nullptr || !isMultitouchPad(device) ||
-        UinputClone::isCloneAt(attribute(device, "phys"))) {
+    if (reasonNotToUse(event) != nullptr) {
         return std::nullopt;
     }
+    udev_device* device = udev_device_get_parent_with_subsystem_devtype(event, "input", nullptr);
+    const char* node = udev_device_get_devnode(event);
     const bool readable = faccessat(AT_FDCWD, node, R_OK, AT_EACCESS) == 0;
     const unsigned number = minor(udev_device_get_devnum(event));
     return NumberedCandidate{number, {node, identity(device), readable}};

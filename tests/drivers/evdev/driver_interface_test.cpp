@@ -2,10 +2,15 @@
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
+#include "drivers/evdev/device_report.h"
 #include "input/touch_driver.h"
 
 #include <dlfcn.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace glidemap::test {
 namespace {
@@ -27,8 +32,8 @@ TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
           driver::unregisterCallbackSymbol, driver::startSymbol, driver::stopSymbol,
           driver::listCountSymbol, driver::listValueAtIndexSymbol, driver::setButtonCallbackSymbol,
           driver::unreadableTouchpadCountSymbol, driver::deviceNameSymbol,
-          driver::setClickFilterSymbol, driver::switchClickFilterSymbol,
-          driver::canFilterClicksSymbol}) {
+          driver::reportDevicesSymbol, driver::setClickFilterSymbol,
+          driver::switchClickFilterSymbol, driver::canFilterClicksSymbol}) {
         EXPECT_NE(dlsym(handle, name), nullptr) << name;
     }
 }
@@ -58,6 +63,18 @@ TEST_F(DriverInterface, NoDeviceIsNoHarm) {
                                                                                       nullptr);
     resolve<driver::SetButtonCallback>(driver::setButtonCallbackSymbol)(nullptr);
     EXPECT_GE(resolve<driver::UnreadableTouchpadCount>(driver::unreadableTouchpadCountSymbol)(), 0);
+}
+
+TEST_F(DriverInterface, ReportsTheDevicesAndWhetherOthersCanBeMade) {
+    ASSERT_NE(handle, nullptr) << dlerror();
+    std::vector<std::string> lines;
+    resolve<driver::ReportDevices>(driver::reportDevicesSymbol)(
+        [](void* context, const char* line) {
+            static_cast<std::vector<std::string>*>(context)->emplace_back(line);
+        },
+        &lines);
+    ASSERT_GE(lines.size(), 2U); // without touchpads one says so
+    EXPECT_THAT(lines.back(), testing::StartsWith("/dev/uinput, for clones and for typing: "));
 }
 
 } // namespace

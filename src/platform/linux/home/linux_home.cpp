@@ -1,5 +1,7 @@
+#include "dispatch/gesture_dispatcher.h"
 #include "platform/home.h"
 #include "platform/linux/appearance/portal_appearance.h"
+#include "platform/linux/diagnosis/diagnosis.h"
 #include "platform/linux/fonts/font_reading.h"
 #include "platform/linux/helper/gnome_desktop_helper.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
@@ -106,6 +108,14 @@ bool Home::hasDisplay() {
 
 std::string Home::programFile() {
     return glidemap::programFile();
+}
+
+std::string Home::diagnosis(const std::string& version) {
+    return diagnosisPage({
+        .version = version,
+        .toolkit = std::string("Qt ") + qVersion(),
+        .isSwitchedOn = userDefaults()->boolean(GestureDispatcher::masterEnabledKey).value_or(true),
+    });
 }
 
 std::function<void()> Home::begin() {

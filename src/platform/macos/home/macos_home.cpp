@@ -22,6 +22,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <optional>
+#include <string>
 
 namespace glidemap {
 
@@ -103,6 +104,12 @@ bool Home::hasDisplay() {
 
 std::string Home::programFile() {
     return programPath().value_or(std::string());
+}
+
+std::string Home::diagnosis(const std::string& version) {
+    return "Glidemap " + version +
+           "\n  accessibility: " + (ProcessTrust().isTrusted() ? "granted" : "not granted") +
+           "\n  touch driver: " + touchDriverPlatform().libraryPath + "\n";
 }
 
 std::function<void()> Home::begin() {

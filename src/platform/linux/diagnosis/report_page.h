@@ -1,0 +1,31 @@
+// Text in sections of a heading and indented lines, with the home folder shortened to "~" and no
+// control characters.
+//
+// Thread:  one.
+// Errors:  none.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace glidemap {
+
+class ReportPage {
+public:
+    explicit ReportPage(std::string homeFolder);
+
+    void heading(std::string_view title);
+    void line(std::string_view text);
+    // "name: value", or "name: (not set)" without a value.
+    void fact(std::string_view name, std::string_view value);
+
+    const std::string& text() const { return written; }
+
+private:
+    std::string cleaned(std::string_view text) const;
+
+    std::string home;
+    std::string written;
+};
+
+} // namespace glidemap

@@ -1,0 +1,38 @@
+#include "kit/temporary_folder.h"
+#include "linux_session/silent_socket.h"
+#include "platform/linux/diagnosis/socket_server.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+namespace glidemap {
+namespace {
+
+std::string ownName() {
+    std::ifstream file("/proc/self/comm");
+    std::string name;
+    std::getline(file, name);
+    return name;
+}
+
+TEST(SocketServerTest, NamesTheProgramThatListensEvenIfItNeverAccepts) {
+    const test::SilentSocket listening;
+    const std::string path = listening.address().substr(std::string("unix:path=").size());
+    for (int times = 0; times < 20; ++times) { // more than it queues
+        const std::string name = programListeningOn(path);
+        EXPECT_TRUE(name == ownName() || (times > 8 && name.empty())) << name;
+    }
+}
+
+TEST(SocketServerTest, IsEmptyWhereNoProgramListens) {
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(programListeningOn(""), "");
+    EXPECT_EQ(programListeningOn(folder.path() / "nothing"), "");
+    EXPECT_EQ(programListeningOn("@glidemap-test-nothing"), "");
+    EXPECT_EQ(programListeningOn("/" + std::string(200, 'x')), "");
+}
+
+} // namespace
+} // namespace glidemap
