@@ -58,6 +58,12 @@ TEST(ApplicationName, ALongOneIsCutBetweenCharacters) {
     EXPECT_EQ(cleanIdentifier(std::string(256, 'a')), std::string(256, 'a'));
     EXPECT_EQ(cleanIdentifier(std::string(1'000'000, 'a')), std::string(256, 'a'));
     EXPECT_EQ(cleanIdentifier(std::string(255, 'a') + "é"), std::string(255, 'a'));
+    EXPECT_EQ(cleanIdentifier(std::string(255, 'a') + " b"), std::string(255, 'a'));
+    for (const std::size_t letters : {1023U, 1022U, 1021U}) {
+        const std::string latin(letters, 'a');
+        EXPECT_EQ(cleanIdentifier(latin + "微信微信"), latin.substr(0, 256));
+        EXPECT_EQ(cleanIdentifier("微" + latin + "微信微信"), "微" + latin.substr(0, 253));
+    }
     EXPECT_EQ(cleanIdentifier(std::string(254, 'a') + "é"), std::string(254, 'a') + "é");
     EXPECT_EQ(cleanIdentifier(std::string(10'000, '\xff')).size(), 256U);
 }

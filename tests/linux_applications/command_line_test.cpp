@@ -18,6 +18,8 @@ TEST(CommandLine, WordsAreUnquotedAndFieldCodesLeft) {
     EXPECT_THAT(wordsOfExec(R"(a "with \"quotes\"" b\ c)"),
                 ElementsAre("a", "with \"quotes\"", "b c"));
     EXPECT_THAT(wordsOfExec("say \"%U\" 100%"), ElementsAre("say", "%U", "100%"));
+    EXPECT_THAT(wordsOfExec("\"/opt/100%% a/run\" %%U %% %U"),
+                ElementsAre("/opt/100% a/run", "%U", "%"));
 }
 
 TEST(CommandLine, AnOpenQuoteMakesNoWords) {

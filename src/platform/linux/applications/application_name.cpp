@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t longestIdentifier = 256; // bytes; a file name cannot be longer either
+constexpr std::size_t maxIdentifier = 256; // bytes; a file name cannot be longer either
 
 std::string asUTF8(std::string_view text) {
     if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
@@ -40,6 +40,17 @@ std::string cutTo(std::string text, std::size_t size) {
     return text;
 }
 
+// Not in the middle of a character, which would make UTF-8 look like another encoding.
+std::string_view beginningOf(std::string_view text, std::size_t size) {
+    constexpr std::size_t maxContinuation = 3;
+    if (text.size() <= size)
+        return text;
+    std::size_t end = size;
+    while (end + maxContinuation > size && continuesCharacter(text[end]))
+        --end;
+    return text.substr(0, end);
+}
+
 bool isControl(char character) {
     const auto byte = static_cast<unsigned char>(character);
     return byte < 0x20 || byte == 0x7F;
@@ -48,13 +59,12 @@ bool isControl(char character) {
 } // namespace
 
 std::string cleanIdentifier(std::string_view text) {
-    std::string clean = asUTF8(text.substr(0, longestIdentifier * 4));
+    std::string clean = asUTF8(beginningOf(text, maxIdentifier * 4));
     clean.erase(std::remove_if(clean.begin(), clean.end(), isControl), clean.end());
-    const std::size_t first = clean.find_first_not_of(' ');
-    if (first == std::string::npos)
-        return "";
-    clean = clean.substr(first, clean.find_last_not_of(' ') - first + 1);
-    return cutTo(std::move(clean), longestIdentifier);
+    clean.erase(0, clean.find_first_not_of(' '));
+    clean = cutTo(std::move(clean), maxIdentifier);
+    clean.erase(clean.find_last_not_of(' ') + 1);
+    return clean;
 }
 
 std::string_view lastComponent(std::string_view identifier) {

@@ -79,6 +79,8 @@ public:
             const char character = line[at];
             if (character == '\\' && at + 1 < line.size())
                 append(line[++at]);
+            else if (line.substr(at, 2) == "%%")
+                appendPercent(line[++at]);
             else if (character == quote)
                 quote = 0;
             else if (quote == 0 && (character == '"' || character == '\''))
@@ -97,6 +99,12 @@ private:
         if (!word)
             word.emplace();
         word->push_back(character);
+    }
+
+    // Written twice, it is no field code's.
+    void appendPercent(char percent) {
+        append(percent);
+        quoted = true;
     }
 
     void openQuote(char character) {
