@@ -39,6 +39,21 @@ public:
         const std::lock_guard lock(mutex);
         waiting.insert(waiting.end(), events.begin(), events.end());
         eventfd_write(ready.descriptor(), 1);
+        isDrained = false;
+    }
+
+    // As a newly opened pad: nothing waits but these.
+    void restart(const std::vector<InputEvent>& events) {
+        const std::lock_guard lock(mutex);
+        waiting.assign(events.begin(), events.end());
+        isDrained = events.empty();
+        drained.notify_all();
+    }
+
+    // Waits until everything was read, and that there is no more.
+    bool waitUntilDrained() {
+        std::unique_lock lock(mutex);
+        return drained.wait_for(lock, test::patience, [&] { return isDrained; });
     }
 
     void end(OpenPad::Read reason) {
@@ -56,6 +71,8 @@ public:
         }
         eventfd_t ignored = 0;
         eventfd_read(ready.descriptor(), &ignored);
+        isDrained = true;
+        drained.notify_all();
         return ending;
     }
 
@@ -63,6 +80,8 @@ private:
     const std::shared_ptr<FakeSystem> outside = std::make_shared<FakeSystem>();
     OpenFile ready;
     std::mutex mutex;
+    std::condition_variable drained;
+    bool isDrained = false;
     std::deque<InputEvent> waiting;
     OpenPad::Read ending = OpenPad::Read::nothing;
 };

@@ -1,0 +1,554 @@
+// The touchpad driver on a model of a kernel: what fingers, the kernel and callbacks do by turns.
+//
+// The input is a list of actions. Fingers land, move and leave, buttons go down and up, and a frame
+// tells the driver the difference to what it was told before, as the kernel does, also after an
+// overflow. The clone's device breaks, the user may not make one, another program grabs the
+// touchpad, it is unplugged and comes back; a callback stalls until the watchdog acts, or calls the
+// driver again. Now and then an event holds anything at all. Once the driver has read everything:
+//
+//   - while the touchpad is grabbed there is a clone;
+//   - the clone has the fingers that the touchpad has, where they are, and no button that is up;
+//   - a clone beside a touchpad that is not grabbed holds nothing;
+//   - without fingers the last report has none;
+//   - switched off and untouched, the touchpad is not grabbed;
+//   - in the end nothing is grabbed and no clone is left.
+#include "drivers/evdev/touchpad_driver.h"
+#include "fake_clone.h"
+#include "fake_pads.h"
+#include "fake_time.h"
+#include "input/mt_touch.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace glidemap;
+using namespace glidemap::test;
+
+void require(bool holds, const char* rule) {
+    if (!holds) {
+        std::fprintf(stderr, "broken: %s\n", rule);
+        std::abort();
+    }
+}
+
+class Input {
+public:
+    explicit Input(std::span<const std::uint8_t> given) : bytes(given) {}
+
+    bool isOver() const { return bytes.empty(); }
+    std::uint8_t byte() { return value<std::uint8_t>(); }
+
+    // Zero where the input ends.
+    template <typename Value>
+    Value value() {
+        Value result{};
+        const std::size_t size = std::min(sizeof result, bytes.size());
+        if (size > 0) {
+            std::memcpy(&result, bytes.data(), size);
+        }
+        bytes = bytes.subspan(size);
+        return result;
+    }
+
+private:
+    std::span<const std::uint8_t> bytes;
+};
+
+constexpr std::int32_t slotCount = 5; // as FakeOpenPad has
+
+struct Slot {
+    std::int32_t id = -1;
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+// What a device holds.
+struct DeviceState {
+    std::array<Slot, slotCount> slots;
+    std::int32_t slot = 0;
+    std::map<std::uint16_t, bool> keys;
+
+    bool isNeutral() const {
+        return fingers() == 0 &&
+               std::ranges::none_of(keys, [](const auto& key) { return key.second; });
+    }
+    std::int32_t fingers() const {
+        return static_cast<std::int32_t>(
+            std::ranges::count_if(slots, [](const Slot& one) { return one.id >= 0; }));
+    }
+
+    void apply(std::uint16_t type, std::uint16_t code, std::int32_t value) {
+        if (type == EV_KEY) {
+            keys[code] = value != 0;
+        } else if (type == EV_ABS && code == ABS_MT_SLOT) {
+            require(value >= 0 && value < slotCount, "the clone is told of slots that it has");
+            slot = value;
+        } else if (type == EV_ABS && code == ABS_MT_TRACKING_ID) {
+            current().id = value;
+        } else if (type == EV_ABS && code == ABS_MT_POSITION_X) {
+            current().x = value;
+        } else if (type == EV_ABS && code == ABS_MT_POSITION_Y) {
+            current().y = value;
+        }
+    }
+
+private:
+    Slot& current() { return slots[static_cast<std::size_t>(slot)]; }
+};
+
+// The clone, from what was written to it.
+struct CloneState {
+    bool exists = false;
+    DeviceState state;
+};
+
+CloneState cloneIn(const std::vector<std::string>& journal) {
+    CloneState clone;
+    for (const std::string& entry : journal) {
+        if (entry == "clone" || entry == "destroy") {
+            clone = {entry == "clone", {}};
+            continue;
+        }
+        unsigned type = 0;
+        unsigned code = 0;
+        std::int32_t value = 0;
+        int length = 0;
+        for (const char* at = entry.c_str();
+             std::sscanf(at, " %u:%u=%d%n", &type, &code, &value, &length) == 3; at += length) {
+            clone.state.apply(static_cast<std::uint16_t>(type), static_cast<std::uint16_t>(code),
+                              value);
+        }
+    }
+    return clone;
+}
+
+// The kernel's side of the one touchpad.
+class Kernel {
+public:
+    DeviceState now;      // what fingers have done
+    bool isHonest = true; // no event was made up
+
+    void touch(std::size_t slot, std::int32_t x, std::int32_t y) {
+        const std::lock_guard lock(mutex);
+        Slot& one = now.slots[slot % slotCount];
+        one = {one.id >= 0 ? one.id : nextId++, x, y};
+        updateTools();
+    }
+    void lift(std::size_t slot) {
+        const std::lock_guard lock(mutex);
+        now.slots[slot % slotCount].id = -1;
+        updateTools();
+    }
+    void press(std::uint16_t button, bool down) {
+        const std::lock_guard lock(mutex);
+        now.keys[button] = down;
+    }
+
+    void release() {
+        const std::lock_guard lock(mutex);
+        for (Slot& slot : now.slots) {
+            slot.id = -1;
+        }
+        now.keys[BTN_LEFT] = false;
+        now.keys[BTN_RIGHT] = false;
+        updateTools();
+    }
+
+    // Another touchpad, which nothing touches.
+    void replace(FakePads& pads) {
+        const std::lock_guard lock(mutex);
+        now = {};
+        told = {};
+        pads.plug("/dev/input/event0", "Pad");
+        stream = pads.stream("/dev/input/event0");
+    }
+
+    const std::shared_ptr<FakeStream>& touchpad() const { return stream; }
+
+    // As the frames of one read; a touch that another one replaced ends in a frame of its own, if so.
+    void tell(double time, bool endsFirst) {
+        const std::lock_guard lock(mutex);
+        stream->send(difference(time, endsFirst));
+    }
+
+    // What a newly opened touchpad tells first.
+    void recall() {
+        const std::lock_guard lock(mutex);
+        told = {};
+        stream->restart(difference(0, false));
+    }
+
+private:
+    std::vector<InputEvent> difference(double time, bool endsFirst) {
+        std::vector<InputEvent> events;
+        if (endsFirst) {
+            tellEnds(events, time);
+        }
+        tellSlots(events, time);
+        for (const auto& [key, down] : now.keys) {
+            if (std::exchange(told.keys[key], down) != down) {
+                events.push_back({time, EV_KEY, key, down ? 1 : 0});
+            }
+        }
+        events.push_back({time, EV_SYN, SYN_REPORT, 0});
+        return events;
+    }
+
+    void updateTools() {
+        constexpr std::array<std::uint16_t, 5> tools = {BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP,
+                                                        BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP,
+                                                        BTN_TOOL_QUINTTAP};
+        const std::int32_t fingers = now.fingers();
+        now.keys[BTN_TOUCH] = fingers > 0;
+        for (std::size_t count = 1; count <= tools.size(); ++count) {
+            now.keys[tools[count - 1]] = fingers == static_cast<std::int32_t>(count);
+        }
+    }
+
+    void select(std::vector<InputEvent>& events, double time, std::size_t slot) {
+        const auto number = static_cast<std::int32_t>(slot);
+        if (std::exchange(told.slot, number) != number) {
+            events.push_back({time, EV_ABS, ABS_MT_SLOT, number});
+        }
+    }
+
+    void tellEnds(std::vector<InputEvent>& events, double time) {
+        for (std::size_t slot = 0; slot < now.slots.size(); ++slot) {
+            Slot& old = told.slots[slot];
+            if (old.id >= 0 && now.slots[slot].id >= 0 && old.id != now.slots[slot].id) {
+                select(events, time, slot);
+                events.push_back({time, EV_ABS, ABS_MT_TRACKING_ID, -1});
+                old.id = -1;
+            }
+        }
+        if (!events.empty()) {
+            events.push_back({time, EV_SYN, SYN_REPORT, 0});
+        }
+    }
+
+    void tellSlots(std::vector<InputEvent>& events, double time) {
+        for (std::size_t slot = 0; slot < now.slots.size(); ++slot) {
+            const Slot& fresh = now.slots[slot];
+            Slot& old = told.slots[slot];
+            tellAxis(events, time, slot, ABS_MT_TRACKING_ID, old.id, fresh.id);
+            tellAxis(events, time, slot, ABS_MT_POSITION_X, old.x, fresh.x);
+            tellAxis(events, time, slot, ABS_MT_POSITION_Y, old.y, fresh.y);
+        }
+    }
+
+    void tellAxis(std::vector<InputEvent>& events, double time, std::size_t slot,
+                  std::uint16_t code, std::int32_t& old, std::int32_t fresh) {
+        if (old != fresh) {
+            select(events, time, slot);
+            events.push_back({time, EV_ABS, code, fresh});
+            old = fresh;
+        }
+    }
+
+    std::shared_ptr<FakeStream> stream;
+    std::mutex mutex; // the reader opens the touchpad
+    DeviceState told; // what the driver knows
+    std::int32_t nextId = 1;
+};
+
+class Directory : public FakeDirectory {
+public:
+    Directory(std::shared_ptr<FakePads> itsPads, Kernel& itsKernel)
+        : FakeDirectory(std::move(itsPads)), kernel(itsKernel) {}
+
+    std::unique_ptr<OpenPad> open(const PadCandidate& candidate) override {
+        auto opened = FakeDirectory::open(candidate);
+        if (opened != nullptr) {
+            kernel.recall();
+        }
+        return opened;
+    }
+
+private:
+    Kernel& kernel;
+};
+
+class Machine {
+public:
+    explicit Machine(std::span<const std::uint8_t> bytes) : input(bytes) {
+        running = this;
+        plug();
+        driver = std::make_unique<TouchpadDriver>(std::make_unique<Directory>(pads, kernel), time);
+        device = driver->createList().front();
+        driver->addCallback(device, &report);
+        driver->setClickFilter(&filter, nullptr);
+        driver->start(device);
+    }
+    Machine(const Machine&) = delete;
+    Machine& operator=(const Machine&) = delete;
+    ~Machine() { running = nullptr; }
+
+    void run() {
+        while (!input.isOver()) {
+            act(input.byte() % 16);
+        }
+        end();
+    }
+
+private:
+    enum class InCallback { nothing, stall, stallAndStayOff, restart, stop, list, toggle };
+
+    void act(int verb) {
+        switch (verb) {
+        case 0:
+        case 1:
+        case 2:
+            return kernel.touch(input.byte(), input.byte() % 101, input.byte() % 101);
+        case 3:
+        case 4:
+            return kernel.lift(input.byte());
+        case 5:
+        case 6:
+            return press(input.byte());
+        case 7:
+        case 8:
+            return tell(false);
+        case 9:
+            return tell(true);
+        case 10:
+            tell(true);
+            settle();
+            return check();
+        case 11:
+            isOn = input.byte() % 4 != 0;
+            return driver->switchClickFilter(isOn);
+        case 12:
+            return changeSystem(input.byte());
+        case 13:
+            inCallback = static_cast<InCallback>(input.byte() % 7);
+            return;
+        case 14:
+            return replug(input.byte());
+        default:
+            return makeUp();
+        }
+    }
+
+    void press(std::uint8_t choice) {
+        kernel.press((choice & 1) != 0 ? BTN_RIGHT : BTN_LEFT, (choice & 2) != 0);
+    }
+
+    // A driver that is stopped does not read.
+    void tell(bool endsFirst) {
+        clock += 0.01;
+        if (isStarted) {
+            kernel.tell(clock, endsFirst);
+        }
+    }
+
+    void changeSystem(std::uint8_t choice) {
+        FakeSystem& system = *stream()->system();
+        switch (choice % 4) {
+        case 0:
+            return system.breakClone();
+        case 1:
+            return system.allowClones((choice & 4) != 0);
+        case 2:
+            return system.letOthersGrab((choice & 4) != 0);
+        default:
+            return system.setTime(clock + choice / 1000.0); // frames that were under way
+        }
+    }
+
+    void plug() {
+        kernel.replace(*pads);
+        streams.push_back(kernel.touchpad());
+        streams.back()->system()->setTime(clock);
+    }
+
+    void replug(std::uint8_t choice) {
+        if (choice % 2 == 0) {
+            settle();
+        }
+        pads->unplug("/dev/input/event0");
+        plug();
+    }
+
+    void makeUp() {
+        kernel.isHonest = false;
+        const auto type = static_cast<std::uint16_t>(input.byte() % 5);
+        const auto code = input.value<std::uint16_t>();
+        if (isStarted) {
+            stream()->send(
+                {{clock, type, code, input.value<std::int32_t>()}, {clock, EV_SYN, SYN_REPORT, 0}});
+        }
+    }
+
+    const std::shared_ptr<FakeStream>& stream() const { return streams.back(); }
+
+    // Until the reader has done everything that is to be done. A frame without a change makes it
+    // read after whatever else was asked of it.
+    void settle() {
+        if (!isStarted) {
+            driver->start(device);
+            isStarted = true;
+        }
+        stream()->send({{clock, EV_SYN, SYN_REPORT, 0}});
+        require(stream()->waitUntilDrained(), "the driver reads the touchpad");
+        driver->name(device); // which waits for the reader's lock
+        if (!isStarted) {
+            settle(); // a callback has stopped it
+        }
+    }
+
+    void check() {
+        const FakeSystem& system = *stream()->system();
+        const CloneState clone = cloneIn(system.journal());
+        require(!system.isGrabbed() || clone.exists, "a touchpad that is grabbed has a clone");
+        if (!kernel.isHonest) {
+            return;
+        }
+        if (clone.exists && !system.isGrabbed()) {
+            require(clone.state.isNeutral(), "a clone that says nothing holds nothing");
+        }
+        if (system.isGrabbed()) {
+            checkForwarded(clone.state);
+        }
+        require(kernel.now.fingers() > 0 || touching == 0, "without fingers none are reported");
+    }
+
+    void checkForwarded(const DeviceState& clone) const {
+        for (std::size_t slot = 0; slot < clone.slots.size(); ++slot) {
+            const Slot& source = kernel.now.slots[slot];
+            const Slot& copy = clone.slots[slot];
+            require((source.id >= 0) == (copy.id >= 0), "the clone has the touchpad's fingers");
+            require(source.id < 0 || (source.x == copy.x && source.y == copy.y),
+                    "a finger is where it is");
+        }
+        for (const auto& [key, down] : clone.keys) {
+            const auto source = kernel.now.keys.find(key);
+            require(!down || (source != kernel.now.keys.end() && source->second),
+                    "no key stays down");
+        }
+    }
+
+    void end() {
+        inCallback = InCallback::nothing;
+        kernel.release();
+        tell(true);
+        driver->switchClickFilter(false);
+        settle();
+        settle(); // what the first one has changed
+        if (kernel.isHonest) {
+            require(!stream()->system()->isGrabbed(),
+                    "switched off and untouched it is given back");
+            require(touching == 0, "without fingers none are reported");
+        }
+        driver->stop(device);
+        driver.reset();
+        for (const auto& each : streams) {
+            require(!each->system()->isGrabbed(), "in the end nothing is grabbed");
+            require(!cloneIn(each->system()->journal()).exists, "in the end no clone is left");
+        }
+    }
+
+    // On the reader's thread.
+    static std::int32_t report(driver::Device /*device*/, const MTTouch* records,
+                               std::int32_t count, double /*timestamp*/, std::int32_t /*frame*/) {
+        std::int32_t touching = 0;
+        for (std::int32_t index = 0; index < count; ++index) {
+            touching += isTouchingState(records[index].state) ? 1 : 0;
+        }
+        running->touching = touching;
+        running->interrupt();
+        return 0;
+    }
+
+    static bool filter(void* /*context*/, driver::Device /*device*/, std::int32_t event,
+                       std::int32_t button) {
+        if (event == driver::clickFilterDisabledByTimeout) {
+            if (running->staysOn) {
+                running->driver->switchClickFilter(true);
+            }
+            return false;
+        }
+        running->interrupt();
+        return button == 0;
+    }
+
+    void interrupt() {
+        const auto action = inCallback.exchange(InCallback::nothing);
+        switch (action) {
+        case InCallback::stall:
+        case InCallback::stallAndStayOff:
+            staysOn = action == InCallback::stall;
+            return stall();
+        case InCallback::restart:
+            stop();
+            return driver->start(device);
+        case InCallback::stop:
+            isStarted = false;
+            stop();
+            return stream()->restart({}); // nobody reads what waits
+        case InCallback::list:
+            driver->createList();
+            return;
+        case InCallback::toggle:
+            driver->switchClickFilter(false);
+            return driver->switchClickFilter(true);
+        case InCallback::nothing:
+            break;
+        }
+    }
+
+    // No report comes any more, not even one without fingers.
+    void stop() {
+        driver->stop(device);
+        touching = 0;
+    }
+
+    // Returns when the watchdog has given the touchpad back.
+    void stall() {
+        const auto& system = stream()->system();
+        if (system->isGrabbed()) {
+            require(time.waitUntilWaitingFor(ForwardingWatchdog::patience), "the watchdog watches");
+            time.advance(ForwardingWatchdog::patience);
+            require(system->waitUntilGrabbed(false), "the watchdog gives the touchpad back");
+        }
+    }
+
+    static Machine* running;
+
+    Input input;
+    FakeTime time;
+    Kernel kernel;
+    std::shared_ptr<FakePads> pads = std::make_shared<FakePads>();
+    std::vector<std::shared_ptr<FakeStream>> streams;
+    std::unique_ptr<TouchpadDriver> driver;
+    driver::Device device = nullptr;
+    double clock = 1;
+    bool isOn = false;
+    std::atomic<bool> isStarted = true;
+    std::atomic<bool> staysOn = true;
+    std::atomic<std::int32_t> touching = 0;
+    std::atomic<InCallback> inCallback = InCallback::nothing;
+};
+
+Machine* Machine::running = nullptr;
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    constexpr std::size_t maxActions = 400;
+    Machine(std::span(data, std::min(size, maxActions))).run();
+    return 0;
+}
