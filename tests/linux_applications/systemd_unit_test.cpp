@@ -61,6 +61,8 @@ TEST(SystemdUnit, NamesTheApplicationItWasMadeFor) {
         {"app-broken\\x2.scope", Kind::ordinary, {}, ""},
         {"app-bro\\x2ken-1.scope", Kind::ordinary, {"bro\\x2ken"}, "1"},
         {"", Kind::ordinary, {}, ""},
+        {"app-flatpak--1.scope", Kind::flatpak, {}, "1"},
+        {"dbus-:1.2-@1.service", Kind::ordinary, {}, ""},
     };
     for (const Row& row : rows)
         EXPECT_EQ(applicationOfUnit(row.unit),

@@ -118,9 +118,7 @@ UnitApplication serviceOf(std::string_view text) {
     return launched(text.substr(0, at), text.substr(at + 1));
 }
 
-} // namespace
-
-UnitApplication applicationOfUnit(std::string_view unit) {
+UnitApplication applicationNamedBy(std::string_view unit) {
     const bool scope = removeSuffix(unit, ".scope");
     const bool service = !scope && removeSuffix(unit, ".service");
     if (!scope && !service)
@@ -132,6 +130,15 @@ UnitApplication applicationOfUnit(std::string_view unit) {
     if (!removePrefix(unit, "app-"))
         return {};
     return scope ? scopeOf(unit) : serviceOf(unit);
+}
+
+} // namespace
+
+// An entry without a package would be that of a package without a name.
+UnitApplication applicationOfUnit(std::string_view unit) {
+    UnitApplication application = applicationNamedBy(unit);
+    std::erase_if(application.identifiers, [](const std::string& one) { return one.empty(); });
+    return application;
 }
 
 std::string unitOfControlGroups(std::string_view text) {
