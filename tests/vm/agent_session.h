@@ -8,7 +8,9 @@
 
 #include "process.h"
 
+#include <chrono>
 #include <csignal>
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -53,6 +55,10 @@ public:
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }
+    bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience) {
+        return process->waitForLines(text, count, patience);
+    }
+    bool waitUntilAsleep() const { return process->waitUntilAsleep(); }
     void send(int signal) const { process->send(signal); }
     std::optional<int> waitForEnd() { return process->waitForEnd(); }
     const std::string& output() const { return process->output(); }

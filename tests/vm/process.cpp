@@ -126,6 +126,24 @@ std::optional<std::string> Process::waitForOutput(const std::string& text) {
     return line;
 }
 
+bool Process::waitForLines(const std::string& text, std::size_t count,
+                           std::chrono::seconds patience) {
+    const Deadline deadline(patience);
+    const auto lines = [&] {
+        std::size_t found = 0;
+        for (std::size_t at = 0; (at = _output.find(text, at)) != std::string::npos; ++at) {
+            ++found;
+        }
+        return found;
+    };
+    while (lines() < count && !deadline.passed()) {
+        if (!readMore(deadline.milliseconds())) {
+            break;
+        }
+    }
+    return lines() >= count;
+}
+
 bool Process::hasEnded() const {
     siginfo_t end{};
     return waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOHANG | WNOWAIT) == 0 &&

@@ -28,6 +28,9 @@ public:
     // Waits until a line of the program's output has the text in it, and answers that line.
     std::optional<std::string> waitForOutput(const std::string& text);
 
+    // Reads until so many lines have the text in them, or the time is over.
+    bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
+
     // Waits until the program has the device open and waits for it to speak; before that, what it
     // says may be lost. A program that ends instead is a failure.
     bool waitUntilReading(const std::filesystem::path& device,
