@@ -177,7 +177,10 @@ public:
         stream = pads.stream("/dev/input/event0");
     }
 
-    const std::shared_ptr<FakeStream>& touchpad() const { return stream; }
+    std::shared_ptr<FakeStream> touchpad() {
+        const std::lock_guard lock(mutex);
+        return stream;
+    }
 
     // As the frames of one read; a touch that another one replaced ends in a frame of its own, if so.
     void tell(double time, bool endsFirst) {
@@ -329,8 +332,7 @@ private:
             settle();
             return check();
         case 11:
-            isOn = input.byte() % 4 != 0;
-            return driver->switchClickFilter(isOn);
+            return driver->switchClickFilter(input.byte() % 4 != 0);
         case 12:
             return changeSystem(input.byte());
         case 13:
@@ -356,7 +358,8 @@ private:
     }
 
     void changeSystem(std::uint8_t choice) {
-        FakeSystem& system = *stream()->system();
+        const auto touchpad = stream();
+        FakeSystem& system = *touchpad->system();
         switch (choice % 4) {
         case 0:
             return system.breakClone();
@@ -393,7 +396,7 @@ private:
         }
     }
 
-    const std::shared_ptr<FakeStream>& stream() const { return streams.back(); }
+    std::shared_ptr<FakeStream> stream() { return kernel.touchpad(); }
 
     // Until the reader has done everything that is to be done. A frame without a change makes it
     // read after whatever else was asked of it.
@@ -411,7 +414,8 @@ private:
     }
 
     void check() {
-        const FakeSystem& system = *stream()->system();
+        const auto touchpad = stream();
+        const FakeSystem& system = *touchpad->system();
         const CloneState clone = cloneIn(system.journal());
         require(!system.isGrabbed() || clone.exists, "a touchpad that is grabbed has a clone");
         if (!kernel.isHonest) {
@@ -518,7 +522,7 @@ private:
 
     // Returns when the watchdog has given the touchpad back.
     void stall() {
-        const auto& system = stream()->system();
+        const auto system = stream()->system();
         if (system->isGrabbed()) {
             require(time.waitUntilWaitingFor(ForwardingWatchdog::patience), "the watchdog watches");
             time.advance(ForwardingWatchdog::patience);
@@ -536,7 +540,6 @@ private:
     std::unique_ptr<TouchpadDriver> driver;
     driver::Device device = nullptr;
     double clock = 1;
-    bool isOn = false;
     std::atomic<bool> isStarted = true;
     std::atomic<bool> staysOn = true;
     std::atomic<std::int32_t> touching = 0;
