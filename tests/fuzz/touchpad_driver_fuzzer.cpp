@@ -175,6 +175,9 @@ public:
         told = {};
         pads.plug("/dev/input/event0", "Pad");
         stream = pads.stream("/dev/input/event0");
+        if (!isRead) {
+            stream->restart({});
+        }
     }
 
     std::shared_ptr<FakeStream> touchpad() {
@@ -185,14 +188,32 @@ public:
     // As the frames of one read; a touch that another one replaced ends in a frame of its own, if so.
     void tell(double time, bool endsFirst) {
         const std::lock_guard lock(mutex);
-        stream->send(difference(time, endsFirst));
+        if (isRead) {
+            stream->send(difference(time, endsFirst));
+        }
     }
 
     // What a newly opened touchpad tells first.
     void recall() {
         const std::lock_guard lock(mutex);
         told = {};
+        isRead = true;
         stream->restart(difference(0, false));
+    }
+
+    // An event that no finger made.
+    void send(const std::vector<InputEvent>& events) {
+        const std::lock_guard lock(mutex);
+        if (isRead) {
+            stream->send(events);
+        }
+    }
+
+    // The driver has closed the touchpad: what waits is gone.
+    void close() {
+        const std::lock_guard lock(mutex);
+        isRead = false;
+        stream->restart({});
     }
 
 private:
@@ -266,6 +287,7 @@ private:
     std::mutex mutex; // the reader opens the touchpad
     DeviceState told; // what the driver knows
     std::int32_t nextId = 1;
+    bool isRead = true; // or will be, when the driver has found it
 };
 
 class Directory : public FakeDirectory {
@@ -349,12 +371,9 @@ private:
         kernel.press((choice & 1) != 0 ? BTN_RIGHT : BTN_LEFT, (choice & 2) != 0);
     }
 
-    // A driver that is stopped does not read.
     void tell(bool endsFirst) {
         clock += 0.01;
-        if (isStarted) {
-            kernel.tell(clock, endsFirst);
-        }
+        kernel.tell(clock, endsFirst);
     }
 
     void changeSystem(std::uint8_t choice) {
@@ -390,10 +409,8 @@ private:
         kernel.isHonest = false;
         const auto type = static_cast<std::uint16_t>(input.byte() % 5);
         const auto code = input.value<std::uint16_t>();
-        if (isStarted) {
-            stream()->send(
-                {{clock, type, code, input.value<std::int32_t>()}, {clock, EV_SYN, SYN_REPORT, 0}});
-        }
+        kernel.send(
+            {{clock, type, code, input.value<std::int32_t>()}, {clock, EV_SYN, SYN_REPORT, 0}});
     }
 
     std::shared_ptr<FakeStream> stream() { return kernel.touchpad(); }
@@ -405,7 +422,7 @@ private:
             driver->start(device);
             isStarted = true;
         }
-        stream()->send({{clock, EV_SYN, SYN_REPORT, 0}});
+        kernel.send({{clock, EV_SYN, SYN_REPORT, 0}});
         require(stream()->waitUntilDrained(), "the driver reads the touchpad");
         driver->name(device); // which waits for the reader's lock
         if (!isStarted) {
@@ -502,7 +519,7 @@ private:
         case InCallback::stop:
             isStarted = false;
             stop();
-            return stream()->restart({}); // nobody reads what waits
+            return kernel.close();
         case InCallback::list:
             driver->createList();
             return;
