@@ -1,4 +1,4 @@
-// The log: one line on standard error for each decision that somebody who helps a user asks about.
+// The log: one line on standard error for each decision that a supporter of users asks about.
 // Quiet unless the environment says GLIDEMAP_LOG=1 or the program is started with --verbose.
 //
 //   logLine("touchpads", "grabbed ", node, " after ", count, " attempts");

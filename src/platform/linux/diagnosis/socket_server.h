@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// As the kernel shortens it, "kwin_wayland_wr". Empty where nobody listens there. A path that
+// As the kernel shortens it, "kwin_wayland_wr". Empty where no program listens. A path that
 // begins with "@" is a name without a file.
 std::string programListeningOn(const std::string& path);
 
