@@ -23,7 +23,7 @@ constexpr int padding = 8;
 
 // Between the card's edge and the popover's own rectangle, which thus lies within the card's round corners, hides all beneath
 // it, and spares the window beneath it from being painted for each frame of a demonstration.
-constexpr int inset = 3;
+constexpr int inset = 4;
 
 // The card and its arrow in one outline, so that the edge runs around both.
 QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
