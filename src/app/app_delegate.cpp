@@ -60,6 +60,7 @@ void AppDelegate::applicationWillTerminate() {
     }
     ports.engine->stop();
     clickMonitor->stop();
+    store->saveIfLastSaveFailed(); // after the touchpads: it may wait for another writer
 }
 
 void AppDelegate::setupMainMenu() {

@@ -32,9 +32,13 @@ bool isDevice(const std::filesystem::path& file) {
 
 } // namespace
 
-bool writeAtomically(const std::filesystem::path& target, std::string_view content) {
+std::error_code writeAtomically(const std::filesystem::path& target, std::string_view content) {
     const auto file = resolved(target);
-    return file && !isDevice(*file) && !writeWhole(*file, content, FileAccess::ownerOnly);
+    if (!file) {
+        return std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    }
+    return isDevice(*file) ? std::make_error_code(std::errc::operation_not_supported)
+                           : writeWhole(*file, content, FileAccess::ownerOnly);
 }
 
 } // namespace glidemap

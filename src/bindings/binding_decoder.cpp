@@ -1,6 +1,8 @@
 #include "bindings/binding_json.h"
 #include "bindings/binding_object.h"
 #include "bindings/binding_object_decoder.h"
+#include "bindings/json_number.h"
+#include "bindings/parsable_json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -31,9 +33,10 @@ public:
         return value == 0 ? number_unsigned(0) : scalar(UselessValue());
     }
     bool number_unsigned(std::uint64_t value) override { return scalar(value); }
-    // Also integers beyond 64 bits.
-    bool number_float(double /*value*/, const std::string& /*text*/) override {
-        return scalar(UselessValue());
+    // Also integers beyond 64 bits. The text has digits that the double has lost.
+    bool number_float(double /*value*/, const std::string& text) override {
+        const auto whole = wholeNumber(text);
+        return whole ? number_unsigned(*whole) : scalar(UselessValue());
     }
     bool string(std::string& value) override { return scalar(std::move(value)); }
     bool binary(json::binary_t& /*value*/) override { return false; }
@@ -173,8 +176,9 @@ std::variant<std::vector<GestureBinding>, DecodingFailure> decodeBindings(std::s
     if (text.find('\0') != std::string_view::npos) {
         return DecodingFailure{"not JSON: a zero byte"};
     }
+    const std::optional<std::string> replaced = parsableJson(text);
     BindingsHandler handler;
-    if (!json::sax_parse(text, &handler)) {
+    if (!json::sax_parse(replaced ? std::string_view(*replaced) : text, &handler)) {
         return DecodingFailure{handler.reason()};
     }
     return handler.takeBindings();

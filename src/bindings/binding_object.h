@@ -45,8 +45,8 @@ std::optional<BindingKey> bindingKeyNamed(std::string_view name);
 struct BindingObject;
 
 struct AbsentValue {};
-// Null, an array, an object deeper than any of ours, and every number that is no unsigned 64-bit
-// integer.
+// Null, an array, an object deeper than any of ours, and every number whose value is not an unsigned
+// 64-bit integer.
 struct UselessValue {};
 
 using BindingValue = std::variant<AbsentValue, UselessValue, bool, std::uint64_t, std::string,

@@ -2,6 +2,7 @@
 
 #include "bindings/atomic_write.h"
 #include "bindings/binding_json.h"
+#include "bindings/private_folder.h"
 #include "bindings/read_file.h"
 #include "core/log.h"
 
@@ -57,7 +58,8 @@ std::filesystem::path BindingStore::location() const {
     }
     const std::filesystem::path folder = support / "Glidemap";
     std::error_code ignored; // reading or writing the file fails then, too
-    std::filesystem::create_directories(folder, ignored);
+    std::filesystem::create_directories(support, ignored);
+    makePrivateFolder(folder);
     return folder / "bindings.json";
 }
 
@@ -92,11 +94,18 @@ void BindingStore::setBindings(BindingList list) {
 void BindingStore::save() {
     if (supportFolder) {
         const std::filesystem::path file = location();
-        if (writeAtomically(file, encodeBindings(_bindings.get()->list()))) {
-            logLine("bindings", "saved ", file.native());
+        _saveFailure = writeAtomically(file, encodeBindings(_bindings.get()->list()));
+        if (_saveFailure) {
+            logLine("bindings", "saving ", file.native(), " failed: ", *_saveFailure);
         } else {
-            logLine("bindings", "saving failed: ", file.native());
+            logLine("bindings", "saved ", file.native());
         }
+    }
+}
+
+void BindingStore::saveIfLastSaveFailed() {
+    if (_saveFailure) {
+        save();
     }
 }
 

@@ -5,7 +5,8 @@
 //          stood at one moment. match() and doubleTapBindingExists() do not allocate.
 // Owner:   the program makes one.
 // Errors:  a file that cannot be read, or is none of ours, is replaced by the default bindings. A
-//          failure to save is swallowed, and the next change tries again.
+//          failure to save is not shown; saveFailure() has the reason until a later save succeeds.
+//          The next change tries again, and so does the end of the program.
 #pragma once
 
 #include "bindings/indexed_bindings.h"
@@ -17,6 +18,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 namespace glidemap {
 
@@ -39,6 +41,10 @@ public:
     // Announces, assigns and saves.
     void setBindings(BindingList list);
     void save();
+    void saveIfLastSaveFailed();
+
+    // Why the file lacks the list in memory. Empty after a successful save.
+    std::error_code saveFailure() const { return _saveFailure; }
 
     // The binding to run, which shares the list's life, or null. Among the enabled bindings of the
     // gesture the first for the frontmost application wins, else the first global one.
@@ -57,6 +63,7 @@ private:
     void publish(BindingList list);
 
     SupportFolder supportFolder;
+    std::error_code _saveFailure;
     Snapshot<IndexedBindings> _bindings;
     Observable observers;
 };

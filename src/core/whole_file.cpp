@@ -5,8 +5,12 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <string>
 
 namespace glidemap {
@@ -20,37 +24,25 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
-// The target's folder, locked against other writers.
-class LockedFolder {
-public:
-    explicit LockedFolder(const std::filesystem::path& path)
-        : folder(retried([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); })),
-          failure(folder ? lock() : lastError()) {}
-    LockedFolder(const LockedFolder&) = delete;
-    LockedFolder& operator=(const LockedFolder&) = delete;
-    ~LockedFolder() {
-        if (!failure) {
-            // Closing alone would not do if another thread is just starting a program, which
-            // has the descriptor, too, for a moment.
-            flock(descriptor(), LOCK_UN);
+// How often a lock is tried again that another writer holds.
+constexpr timespec lockInterval{.tv_sec = 0, .tv_nsec = 5'000'000};
+
+// The name, or a numbered one where a folder has it that cannot be removed.
+std::string nameOfAFile(int folder, const std::string& name) {
+    constexpr int maxNumber = 9;
+    std::string candidate = name;
+    for (int number = 2; number <= maxNumber; ++number) {
+        struct stat status {};
+        const bool isFolder =
+            fstatat(folder, candidate.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+            S_ISDIR(status.st_mode);
+        if (!isFolder || unlinkat(folder, candidate.c_str(), AT_REMOVEDIR) == 0) {
+            break;
         }
+        candidate = name + "." + std::to_string(number);
     }
-
-    std::error_code error() const { return failure; }
-    int descriptor() const { return folder.descriptor(); }
-
-private:
-    // Some file systems have no locks. There, that two save at the same moment is only unlikely.
-    std::error_code lock() const {
-        const bool isTaken =
-            retried([this] { return flock(descriptor(), LOCK_EX | LOCK_NB); }) != 0 &&
-            errno == EWOULDBLOCK;
-        return isTaken ? lastError() : std::error_code();
-    }
-
-    OpenFile folder;
-    std::error_code failure;
-};
+    return candidate;
+}
 
 bool writeAll(int file, std::string_view content) {
     while (!content.empty()) {
@@ -65,46 +57,166 @@ bool writeAll(int file, std::string_view content) {
     return true;
 }
 
-std::error_code writeNew(int folder, const char* name, std::string_view content,
-                         FileAccess access) {
-    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    const bool isOwners = access == FileAccess::ownerOnly;
-    const mode_t mode = isOwners ? ownersMode : everyonesMode; // less what the umask takes away
-    const OpenFile file(retried([&] { return openat(folder, name, flags, mode); }));
-    const bool isWritten = file && // the owner can read it whatever the umask
-                           (!isOwners || fchmod(file.descriptor(), ownersMode) == 0) &&
-                           writeAll(file.descriptor(), content) &&
-                           retried([&] { return fsync(file.descriptor()); }) == 0;
-    return isWritten ? std::error_code() : lastError();
+// The file that becomes the target. Its lock, which other users cannot take because they cannot open
+// the file, keeps other writers out: anybody who can read a folder could lock the folder itself.
+class TemporaryFile {
+public:
+    TemporaryFile(int folderDescriptor, const std::string& target, FileAccess targetAccess)
+        : folder(folderDescriptor), access(targetAccess),
+          name(nameOfAFile(folder, "." + target + ".saving")), _error(acquire()) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (_error) {
+            return;
+        }
+        if (!isInPlace) {
+            unlinkat(folder, name.c_str(), 0);
+        }
+        // Closing alone would not do if another thread is just starting a program, which has the
+        // descriptor, too, for a moment.
+        flock(file.descriptor(), LOCK_UN);
+    }
+
+    // Why there is no file to write to.
+    std::error_code error() const { return _error; }
+
+    std::error_code write(std::string_view content) const {
+        const bool isWritten = writeAll(file.descriptor(), content) && setFinalMode() &&
+                               retried([this] { return fsync(file.descriptor()); }) == 0;
+        return isWritten ? std::error_code() : lastError();
+    }
+
+    std::error_code moveTo(const std::string& target) {
+        isInPlace = renameat(folder, name.c_str(), folder, target.c_str()) == 0;
+        return isInPlace ? std::error_code() : lastError();
+    }
+
+private:
+    enum class Attempt { done, busy, failed };
+
+    std::error_code acquire();
+    Attempt attempt();
+    Attempt make();
+    Attempt removeLeftover();
+    bool setFinalMode() const;
+
+    bool lock() const {
+        // Some file systems have no locks. There, that two save at the same moment is only unlikely.
+        return flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0 ||
+               (errno != EWOULDBLOCK && errno != EINTR);
+    }
+    bool isCurrent() const;
+    bool canOthersOpenIt() const;
+
+    const int folder;
+    const FileAccess access;
+    const std::string name;
+    OpenFile file;
+    mode_t finalMode = ownersMode;
+    bool isInPlace = false;
+    const std::error_code _error;
+};
+
+std::error_code TemporaryFile::acquire() {
+    const auto deadline = std::chrono::steady_clock::now() + maxWaitForWriter;
+    while (true) {
+        const Attempt result = attempt();
+        if (result != Attempt::busy) {
+            return result == Attempt::done ? std::error_code() : lastError();
+        }
+        if (std::chrono::steady_clock::now() >= deadline) {
+            break;
+        }
+        nanosleep(&lockInterval, nullptr);
+    }
+    // Another user's lock could be held for ever.
+    const bool isRemoved = file && canOthersOpenIt() && unlinkat(folder, name.c_str(), 0) == 0;
+    return isRemoved && make() == Attempt::done
+               ? std::error_code()
+               : std::make_error_code(std::errc::operation_would_block);
 }
 
-std::error_code rename(int folder, const std::string& from, const std::string& to) {
-    return renameat(folder, from.c_str(), folder, to.c_str()) == 0 ? std::error_code()
-                                                                   : lastError();
+TemporaryFile::Attempt TemporaryFile::attempt() {
+    const Attempt made = make();
+    return made == Attempt::failed && errno == EEXIST ? removeLeftover() : made;
+}
+
+TemporaryFile::Attempt TemporaryFile::make() {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    const mode_t mode = access == FileAccess::ownerOnly ? ownersMode : everyonesMode;
+    file = OpenFile(retried([&] { return openat(folder, name.c_str(), flags, mode); }));
+    struct stat status {};
+    if (!file || fstat(file.descriptor(), &status) != 0) {
+        return Attempt::failed;
+    }
+    if (access == FileAccess::ordinary) {
+        finalMode = status.st_mode & everyonesMode; // without what the umask takes away
+    }
+    // Some file systems have one mode for all files.
+    fchmod(file.descriptor(), ownersMode);
+    return lock() && isCurrent() ? Attempt::done : Attempt::busy;
+}
+
+// An existing file belongs to another writer, or to a killed one, which holds no lock any more.
+TemporaryFile::Attempt TemporaryFile::removeLeftover() {
+    // O_NONBLOCK: opening a pipe would wait for its other end.
+    constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    file = OpenFile(retried([&] { return openat(folder, name.c_str(), flags); }));
+    if (!file && errno == ENOENT) {
+        return Attempt::busy;
+    }
+    const bool isAnothers = file && (!lock() || !isCurrent());
+    if (isAnothers) {
+        return Attempt::busy;
+    }
+    return unlinkat(folder, name.c_str(), 0) == 0 ? make() : Attempt::failed;
+}
+
+bool TemporaryFile::setFinalMode() const {
+    const bool isSet = fchmod(file.descriptor(), finalMode) == 0;
+    return isSet || access == FileAccess::ordinary;
+}
+
+// Writers rename or remove the file that they have locked: the lock on such a one means nothing.
+bool TemporaryFile::isCurrent() const {
+    struct stat locked {};
+    struct stat named {};
+    return fstat(file.descriptor(), &locked) == 0 &&
+           fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+           locked.st_dev == named.st_dev && locked.st_ino == named.st_ino;
+}
+
+bool TemporaryFile::canOthersOpenIt() const {
+    struct stat status {};
+    return fstat(file.descriptor(), &status) == 0 &&
+           (status.st_uid != geteuid() || (status.st_mode & everyonesMode & ~ownersMode) != 0);
 }
 
 } // namespace
 
 std::error_code writeWhole(const std::filesystem::path& file, std::string_view content,
                            FileAccess access) {
-    const LockedFolder folder(file.has_parent_path() ? file.parent_path() : ".");
-    if (folder.error()) {
-        return folder.error();
+    const std::filesystem::path path = file.has_parent_path() ? file.parent_path() : ".";
+    const OpenFile folder(
+        retried([&] { return open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (!folder) {
+        return lastError();
     }
     const std::string name = file.filename().string();
-    const std::string temporary = "." + name + ".saving";
-    unlinkat(folder.descriptor(), temporary.c_str(), 0);
-    std::error_code error = writeNew(folder.descriptor(), temporary.c_str(), content, access);
+    TemporaryFile temporary(folder.descriptor(), name, access);
+    std::error_code error = temporary.error();
     if (!error) {
-        error = rename(folder.descriptor(), temporary, name);
+        error = temporary.write(content);
     }
-    if (error) {
-        unlinkat(folder.descriptor(), temporary.c_str(), 0);
-        return error;
+    if (!error) {
+        error = temporary.moveTo(name);
     }
-    // The new content is in place, even where a folder cannot be flushed.
-    retried([&] { return fsync(folder.descriptor()); });
-    return {};
+    if (!error) {
+        // The new content is in place, even where a folder cannot be flushed.
+        retried([&] { return fsync(folder.descriptor()); });
+    }
+    return error;
 }
 
 } // namespace glidemap

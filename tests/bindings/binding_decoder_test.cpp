@@ -144,7 +144,69 @@ INSTANTIATE_TEST_SUITE_P(
         Readable{"2^64-1",
                  withModifiers("18446744073709551615"),
                  {expected(KeyShortcut{0, mostModifiers})}},
-        Readable{"minus zero is zero", withKeyCode("-0"), {expected(KeyShortcut{0, 0})}}));
+        Readable{"minus zero is zero", withKeyCode("-0"), {expected(KeyShortcut{0, 0})}},
+        Readable{"minus zero as a fraction", withKeyCode("-0.0"), {expected(KeyShortcut{0, 0})}},
+        Readable{"as a fraction", withKeyCode("36.0"), {expected(KeyShortcut{36, 0})}},
+        Readable{"with an exponent", withKeyCode("3.6e1"), {expected(KeyShortcut{36, 0})}},
+        Readable{
+            "with a capital one and signs", withKeyCode("3.6E+1"), {expected(KeyShortcut{36, 0})}},
+        Readable{
+            "with a negative exponent", withKeyCode("3600e-2"), {expected(KeyShortcut{36, 0})}},
+        Readable{"zero with any exponent",
+                 withKeyCode("0e99999999999999999999"),
+                 {expected(KeyShortcut{0, 0})}},
+        Readable{"a long fraction of zeros",
+                 withKeyCode("36." + std::string(500, '0')),
+                 {expected(KeyShortcut{36, 0})}},
+        Readable{"shifted far and back",
+                 withKeyCode("0." + std::string(500, '0') + "36e502"),
+                 {expected(KeyShortcut{36, 0})}},
+        Readable{"the highest as a fraction",
+                 withModifiers("18446744073709551615.0"),
+                 {expected(KeyShortcut{0, mostModifiers})}},
+        Readable{"the highest with an exponent",
+                 withModifiers("1.8446744073709551615e19"),
+                 {expected(KeyShortcut{0, mostModifiers})}}));
+
+std::string withUnknown(const std::string& value) {
+    return in({.enabled = R"("enabled": true, "unknown": )" + value});
+}
+
+// Each is JSON. What it is makes no difference where it is ignored.
+INSTANTIATE_TEST_SUITE_P(
+    UnknownValues, Decodes,
+    testing::Values(
+        Readable{"beyond a double's range", withUnknown("1e400"), {expected()}},
+        Readable{"far beyond", withUnknown("-1E+99999999999999999999"), {expected()}},
+        Readable{"very many digits", withUnknown(std::string(1000, '9')), {expected()}},
+        Readable{
+            "very many with a fraction", withUnknown(std::string(400, '9') + ".25"), {expected()}},
+        Readable{"below a double's range", withUnknown("1e-99999"), {expected()}},
+        Readable{
+            "such numbers deeper", withUnknown(R"([[1e400, {"a": 1e400}], 1e400])"), {expected()}},
+        Readable{"the first half of a pair", withUnknown(R"("\ud800")"), {expected()}},
+        Readable{"the second half", withUnknown(R"("\uDFFF")"), {expected()}},
+        Readable{"both in the wrong order", withUnknown(R"("\udc00\ud800")"), {expected()}},
+        Readable{"the first half twice", withUnknown(R"("\ud800\ud800\udc00")"), {expected()}},
+        Readable{
+            "half a pair before another escape", withUnknown(R"("\ud800\n\\ud800")"), {expected()}},
+        Readable{"a number in a text", withUnknown(R"("1e400 \" 1e400")"), {expected()}},
+        Readable{"a key with half a pair",
+                 in({.enabled = R"("\ud800": 1e400, "enabled": true)"}),
+                 {expected()}},
+        Readable{"very deep",
+                 withUnknown(std::string(100'000, '[') + std::string(100'000, ']')),
+                 {expected()}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    HalfPairs, Decodes,
+    testing::Values(
+        Readable{"read as U+FFFD in a name",
+                 withScope(R"({"kind": "app", "bundleID": "a", "name": "1e400 \ud800 \\ud800"})"),
+                 {expected(LockScreen{}, AppScope{"a", "1e400 \uFFFD \\ud800"})}},
+        Readable{"whole pairs stay",
+                 withScope(R"({"kind": "app", "bundleID": "a", "name": "\ud83d\ude00\ud83d"})"),
+                 {expected(LockScreen{}, AppScope{"a", "😀\uFFFD"})}}));
 
 GestureBinding disabled() {
     GestureBinding binding = expected();
@@ -322,9 +384,13 @@ INSTANTIATE_TEST_SUITE_P(
                    "[0].action.shortcut.keyCode: 65536 is not an integer from 0 to 65535"},
         Unreadable{"negative", withKeyCode("-1"), noKeyCode},
         Unreadable{"a fraction", withKeyCode("1.5"), noKeyCode},
-        Unreadable{"a whole number written as a fraction", withKeyCode("36.0"), noKeyCode},
-        Unreadable{"an exponent", withKeyCode("1e2"), noKeyCode},
-        Unreadable{"minus zero as a fraction", withKeyCode("-0.0"), noKeyCode},
+        Unreadable{"almost a whole number", withKeyCode("36.00000000000000000000001"), noKeyCode},
+        Unreadable{"a fraction by its exponent", withKeyCode("36e-1"), noKeyCode},
+        Unreadable{"a negative whole number", withKeyCode("-36.0"), noKeyCode},
+        Unreadable{"just too high as a fraction", withKeyCode("65536.0"),
+                   "[0].action.shortcut.keyCode: 65536 is not an integer from 0 to 65535"},
+        Unreadable{"beyond a double's range", withKeyCode("1e400"), noKeyCode},
+        Unreadable{"below a double's range", withKeyCode("1e-400"), noKeyCode},
         Unreadable{"a text", withKeyCode("\"36\""), noKeyCode},
         Unreadable{"true", withKeyCode("true"), noKeyCode},
         Unreadable{"null", withKeyCode("null"), noKeyCode},
@@ -335,7 +401,8 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"the lowest integer", withModifiers("-9223372036854775808"), noModifiers},
         Unreadable{"2^64", withModifiers("18446744073709551616"), noModifiers},
         Unreadable{"far beyond", withModifiers("1" + std::string(300, '0')), noModifiers},
-        Unreadable{"modifiers as a fraction", withModifiers("0.0"), noModifiers},
+        Unreadable{"2^64 as a fraction", withModifiers("18446744073709551616.0"), noModifiers},
+        Unreadable{"beyond any exponent", withModifiers("1e99999999999999999999"), noModifiers},
         Unreadable{"modifiers as a text", withModifiers("\"0\""), noModifiers}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -398,9 +465,11 @@ INSTANTIATE_TEST_SUITE_P(
         NoJson{"infinity", withKeyCode("Infinity")}, NoJson{"hexadecimal", withKeyCode("0x24")},
         NoJson{"a leading zero", withKeyCode("036")}, NoJson{"a plus sign", withKeyCode("+36")},
         NoJson{"a point at the end", withKeyCode("36.")},
-        NoJson{"a number beyond a double's range", withModifiers("1e400")},
-        NoJson{"such a number where nobody looks",
-               in({.enabled = R"("enabled": true, "x": 1e400)"})},
+        NoJson{"a huge number with a leading zero", withModifiers("01e400")},
+        NoJson{"a huge number without a digit behind the point", withModifiers("1.e400")},
+        NoJson{"two signs before a huge number", withModifiers("--1e400")},
+        NoJson{"a word that ends in a huge number", withModifiers("nul1e400")},
+        NoJson{"a point behind a huge number", withModifiers("1e400.5")},
         NoJson{"a line's end in a text", "[\"a\nb\"]"},
         NoJson{"bytes that are no text",
                withScope("{\"kind\": \"app\", \"bundleID\": \"\xFF\xFE\", \"name\": \"\"}")},
@@ -408,7 +477,8 @@ INSTANTIATE_TEST_SUITE_P(
                in({.enabled = "\"enabled\": true, \"x\": \"\xC3\x28\""})},
         NoJson{"a surrogate in bytes",
                in({.enabled = "\"enabled\": true, \"x\": \"\xED\xA0\x80\""})},
-        NoJson{"half a pair by escape", in({.enabled = R"("enabled": true, "x": "\ud800")"})},
+        NoJson{"half an escape", in({.enabled = R"("enabled": true, "x": "\ud8")"})},
+        NoJson{"half a file in an escape", R"([{"\ud8)"},
         NoJson{"a byte-order mark alone", "\xEF\xBB\xBF"},
         NoJson{"half a byte-order mark", "\xEF\xBB[]"},
         NoJson{"a byte-order mark in the middle", "[\xEF\xBB\xBF]"},

@@ -2,8 +2,11 @@
 #include "bindings/binding_store.h"
 #include "support_folder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <limits>
 #include <string>
@@ -211,6 +214,71 @@ TEST_F(BindingStoreTest, WhatCannotBeSavedStaysInMemoryAndTheNextChangeTriesAgai
     fs::remove(support.path());
     store.setBindings(list);
     EXPECT_EQ(inFile(support), list);
+}
+
+TEST_F(BindingStoreTest, AFailedSaveKeepsItsReasonUntilASaveSucceeds) {
+    BindingStore store = support.launch();
+    EXPECT_FALSE(store.saveFailure());
+    fs::remove_all(support.path());
+    writeContent(support.path(), "not a folder");
+    store.setBindings(oneBinding());
+    EXPECT_EQ(store.saveFailure(), std::errc::not_a_directory);
+    store.saveIfLastSaveFailed();
+    EXPECT_EQ(store.saveFailure(), std::errc::not_a_directory);
+    fs::remove(support.path());
+    store.saveIfLastSaveFailed();
+    EXPECT_FALSE(store.saveFailure());
+    EXPECT_EQ(inFile(support), *store.bindings());
+}
+
+TEST_F(BindingStoreTest, ASaveThatSucceededIsNotRepeated) {
+    BindingStore store = support.launch();
+    fs::remove(support.file());
+    store.saveIfLastSaveFailed();
+    EXPECT_FALSE(fs::exists(support.file()));
+}
+
+TEST_F(BindingStoreTest, OnlyItsOwnerCanUseTheFolder) {
+    const auto rights = [&] {
+        return fs::status(support.folder()).permissions();
+    };
+    const mode_t before = umask(0);
+    support.launch();
+    umask(before);
+    EXPECT_EQ(rights(), fs::perms::owner_all);
+    fs::permissions(support.folder(), fs::perms::all);
+    support.launch();
+    EXPECT_EQ(rights(), fs::perms::owner_all);
+}
+
+TEST_F(BindingStoreTest, TheOwnersRightsToAnExistingFolderStay) {
+    support.launch();
+    fs::permissions(support.folder(), fs::perms::owner_read | fs::perms::owner_exec |
+                                          fs::perms::group_all | fs::perms::others_exec);
+    support.launch();
+    EXPECT_EQ(fs::status(support.folder()).permissions(),
+              fs::perms::owner_read | fs::perms::owner_exec);
+    fs::permissions(support.folder(), fs::perms::owner_all);
+}
+
+TEST_F(BindingStoreTest, AFolderOfAnotherUserStaysAsItIs) {
+    support.launch();
+    if (chown(support.folder().c_str(), 65534, 65534) != 0) {
+        GTEST_SKIP() << "only root may give a folder away";
+    }
+    fs::permissions(support.folder(), fs::perms::all);
+    const BindingStore store = support.launch();
+    EXPECT_EQ(fs::status(support.folder()).permissions(), fs::perms::all);
+    EXPECT_FALSE(store.saveFailure());
+}
+
+TEST_F(BindingStoreTest, ALockOnTheFolderKeepsNoSaveOut) {
+    BindingStore store = support.launch();
+    const int held = open(support.folder().c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    store.setBindings(oneBinding());
+    EXPECT_EQ(inFile(support), *store.bindings());
+    close(held);
 }
 
 TEST_F(BindingStoreTest, ALaunchThatCannotSaveHasTheDefaultsAndSavesTheFirstChange) {

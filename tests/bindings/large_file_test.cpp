@@ -65,7 +65,7 @@ const Row rows[] = {
      "x", "\"", "", "}}]", ""},
     {"a_repeated_key", "[{" KNOWN_START, R"("scope":{"kind":"app"},)", KNOWN_ACTION "," KNOWN_SCOPE,
      "", "}]", ""},
-    {"a_number", R"([{"enabled":)", "9", "}]", "", "", "number overflow", mostForAToken},
+    {"a_number", R"([{"enabled":)", "9", "}]", "", "", "[0].id: missing", mostForAToken},
     {"bindings", "[", "{" KNOWN_FIELDS "},", "{" KNOWN_FIELDS "}", "", "]", ""},
 };
 

@@ -7,7 +7,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <chrono>
 #include <iterator>
+#include <thread>
 
 namespace glidemap {
 namespace {
@@ -30,6 +33,7 @@ protected:
     test::TemporaryFolder temporary;
     fs::path folder = temporary.path();
     fs::path file = folder / "file";
+    fs::path saving = folder / ".file.saving";
 };
 
 struct AccessRow {
@@ -83,14 +87,92 @@ TEST_F(WholeFileTest, AFailureHasTheSystemsReasonAndLeavesWhatWasThere) {
     EXPECT_EQ(entries(), 2);
 }
 
-TEST_F(WholeFileTest, WhileAnotherWriterHasTheFolderItSaysSo) {
-    const int other = open(folder.c_str(), O_RDONLY | O_DIRECTORY);
-    ASSERT_EQ(flock(other, LOCK_EX), 0);
-    EXPECT_EQ(writeWhole(file, "new", FileAccess::ordinary),
-              std::errc::resource_unavailable_try_again);
-    EXPECT_EQ(entries(), 0);
+int lockOf(const fs::path& path, int flags = O_RDONLY) {
+    const int held = open(path.c_str(), flags, 0600);
+    EXPECT_EQ(flock(held, LOCK_EX), 0);
+    return held;
+}
+
+TEST_F(WholeFileTest, ALockOnTheFolderKeepsNoWriterOut) {
+    const int other = lockOf(folder, O_RDONLY | O_DIRECTORY);
+    EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
+    EXPECT_EQ(contentOf(file), "new");
     close(other);
-    EXPECT_FALSE(writeWhole(file, "new", FileAccess::ordinary));
+}
+
+TEST_F(WholeFileTest, AWriterThatStaysAtWorkIsWaitedForAtMostASecond) {
+    temporary.write("file", "old");
+    const int other = lockOf(saving, O_RDWR | O_CREAT);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(writeWhole(file, "new", FileAccess::ownerOnly), std::errc::operation_would_block);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, maxWaitForWriter);
+    EXPECT_EQ(contentOf(file), "old");
+    EXPECT_TRUE(fs::exists(saving)) << "it is the other writer's";
+    close(other);
+    EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(WholeFileTest, AWriterThatFinishesIsWaitedFor) {
+    for (const bool renames : {true, false}) {
+        const int other = lockOf(saving, O_RDWR | O_CREAT);
+        std::atomic<bool> isReleased = false;
+        std::error_code error;
+        std::thread writer([&] {
+            error = writeWhole(file, "new", FileAccess::ownerOnly);
+            EXPECT_TRUE(isReleased);
+        });
+        // Whether the thread has tried by now makes no difference to the outcome.
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        if (renames) {
+            fs::rename(saving, file);
+        }
+        isReleased = true;
+        close(other);
+        writer.join();
+        EXPECT_FALSE(error) << error.message();
+        EXPECT_EQ(contentOf(file), "new");
+        EXPECT_EQ(entries(), 1);
+    }
+}
+
+TEST_F(WholeFileTest, ALockThatAnotherUserCouldTakeEndsAfterThatSecond) {
+    const int other = lockOf(saving, O_RDWR | O_CREAT);
+    fs::permissions(saving, fs::perms::all);
+    EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(entries(), 1);
+    close(other);
+}
+
+TEST_F(WholeFileTest, AnEmptyFolderInThePlaceOfTheTemporaryFileIsRemoved) {
+    fs::create_directory(saving);
+    EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(WholeFileTest, AFullFolderInThePlaceOfTheTemporaryFileStaysAndIsAvoided) {
+    fs::create_directories(saving / "kept");
+    fs::create_directories(fs::path(saving.native() + ".2") / "kept");
+    for (const char* const content : {"first", "second"}) {
+        EXPECT_FALSE(writeWhole(file, content, FileAccess::ownerOnly));
+        EXPECT_EQ(contentOf(file), content);
+    }
+    EXPECT_EQ(entries(), 3);
+    EXPECT_TRUE(fs::exists(saving / "kept"));
+}
+
+TEST_F(WholeFileTest, APipeOrALinkInThePlaceOfTheTemporaryFileIsRemoved) {
+    const auto kept = temporary.write("kept", "untouched");
+    ASSERT_EQ(mkfifo(saving.c_str(), 0600), 0);
+    EXPECT_FALSE(writeWhole(file, "first", FileAccess::ownerOnly));
+    fs::create_symlink(kept, saving);
+    EXPECT_FALSE(writeWhole(file, "second", FileAccess::ordinary));
+    EXPECT_EQ(contentOf(file), "second");
+    EXPECT_EQ(contentOf(kept), "untouched");
+    EXPECT_EQ(entries(), 2);
 }
 
 } // namespace

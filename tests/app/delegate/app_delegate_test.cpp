@@ -1,5 +1,6 @@
 #include "app/delegate/delegate_stage.h"
 #include "kit/qt_waiting.h"
+#include "kit/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <filesystem>
+#include <memory>
 
 namespace glidemap {
 namespace {
@@ -82,6 +85,18 @@ TEST_F(AppDelegateTest, TerminatingStopsTouchesAndThenClicksOnce) {
     stage->delegate->applicationWillTerminate();
     stage->delegate->accessMayHaveChanged();
     EXPECT_THAT(stage->takeNotes(), IsEmpty());
+}
+
+TEST_F(AppDelegateTest, TerminatingSavesTheListThatCouldNotBeSaved) {
+    const test::TemporaryFolder folder;
+    const auto support = folder.write("support", "not a folder");
+    stage->store = std::make_shared<BindingStore>([&] { return support; });
+    relaunch();
+    EXPECT_TRUE(stage->store->saveFailure());
+    std::filesystem::remove(support);
+    stage->delegate->applicationWillTerminate();
+    EXPECT_FALSE(stage->store->saveFailure());
+    EXPECT_TRUE(std::filesystem::exists(support / "Glidemap" / "bindings.json"));
 }
 
 TEST_F(AppDelegateTest, AGestureGoesToTheDispatcherToBeCarriedOut) {
