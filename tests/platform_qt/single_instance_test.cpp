@@ -1,9 +1,14 @@
 #include "application.h"
 #include "kit/patience.h"
 #include "kit/temporary_folder.h"
+#include "platform/qt/line_listener.h"
 #include "platform/qt/single_instance.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -14,8 +19,11 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
 #include <functional>
+#include <iterator>
 #include <latch>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,6 +33,8 @@ namespace {
 using test::Application;
 using Claim = SingleInstance::Claim;
 using Request = SingleInstance::Request;
+
+namespace fs = std::filesystem;
 
 constexpr std::chrono::milliseconds soon{200};
 
@@ -69,6 +79,11 @@ public:
     }
 
     void send(int signal) const { kill(process, signal); }
+    bool isRunning() const {
+        siginfo_t end = {};
+        return waitid(P_PID, static_cast<id_t>(process), &end, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+               end.si_pid == 0;
+    }
     int waitForEnd() {
         int status = 0;
         waitpid(process, &status, 0);
@@ -232,6 +247,175 @@ TEST_F(SingleInstanceTest, OfManyThatStartAtTheSameInstantOneIsFirst) {
     }
 }
 
+TEST_F(SingleInstanceTest, AFolderThatOthersCanOpenIsNotUsed) {
+    fs::permissions(folder.path(), fs::perms::all);
+    SingleInstance instance(folder.path());
+    EXPECT_EQ(instance.claim({}), Claim::first);
+    EXPECT_FALSE(fs::exists(file("glidemap.lock")));
+    EXPECT_TRUE(fs::exists(file("glidemap/glidemap.lock")));
+    EXPECT_EQ(fs::status(file("glidemap")).permissions(), fs::perms::owner_all);
+}
+
+TEST_F(SingleInstanceTest, InSuchAFolderTheSecondFindsTheFirst) {
+    fs::permissions(folder.path(), fs::perms::all);
+    fs::create_directory(file("glidemap"));
+    fs::permissions(file("glidemap"), fs::perms::all);
+    const Signpost listening;
+    Child first([&] { return beFirst(listening); });
+    listening.wait();
+    EXPECT_EQ(fs::status(file("glidemap")).permissions(), fs::perms::owner_all);
+    EXPECT_EQ(claimAsSecond(), static_cast<int>(Claim::shown));
+    EXPECT_EQ(first.waitForEnd(), 7);
+}
+
+TEST_F(SingleInstanceTest, AFolderOfAnotherUserIsNotUsed) {
+    const auto given = folder.path() / "given";
+    fs::create_directory(given);
+    fs::permissions(given, fs::perms::all);
+    if (chown(given.c_str(), 65534, 65534) != 0) {
+        GTEST_SKIP() << "only root may give a folder away";
+    }
+    EXPECT_EQ(SingleInstance(given).claim({}), Claim::impossible);
+    fs::permissions(given, fs::perms::owner_all);
+    EXPECT_EQ(SingleInstance(given).claim({}), Claim::impossible);
+    EXPECT_TRUE(fs::is_empty(given));
+}
+
+TEST_F(SingleInstanceTest, ALinkToAFolderIsNotFollowed) {
+    const auto elsewhere = folder.path() / "elsewhere";
+    fs::create_directory(elsewhere);
+    fs::permissions(elsewhere, fs::perms::owner_all);
+    fs::create_symlink(elsewhere, file("link"));
+    EXPECT_EQ(SingleInstance(file("link")).claim({}), Claim::impossible);
+
+    fs::permissions(folder.path(), fs::perms::all);
+    fs::create_symlink(elsewhere, file("glidemap"));
+    EXPECT_EQ(SingleInstance(folder.path()).claim({}), Claim::impossible);
+    EXPECT_TRUE(fs::is_empty(elsewhere));
+}
+
+TEST_F(SingleInstanceTest, ALinkInTheLocksPlaceIsNotFollowed) {
+    const auto kept = folder.write("kept", "untouched");
+    fs::permissions(kept, fs::perms::all);
+    fs::create_symlink(kept, file("glidemap.lock"));
+    SingleInstance instance(folder.path());
+    EXPECT_EQ(instance.claim({}), Claim::first);
+    EXPECT_FALSE(fs::is_symlink(file("glidemap.lock")));
+    EXPECT_EQ(fs::status(kept).permissions(), fs::perms::all);
+}
+
+// Holds the lock, and has a server of another kind than ours listen.
+class PretendedFirst {
+public:
+    // The user is the one that the system names as the listening one.
+    PretendedFirst(const fs::path& folder, const fs::path& socketFile, uid_t user = geteuid())
+        : lock(open((folder / "glidemap.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)),
+          socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        EXPECT_EQ(flock(lock, LOCK_EX), 0);
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        socketFile.native().copy(address.sun_path, sizeof address.sun_path - 1);
+        EXPECT_EQ(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(seteuid(user), 0);
+        EXPECT_EQ(listen(socket, 8), 0);
+        EXPECT_EQ(seteuid(getuid()), 0);
+    }
+    PretendedFirst(const PretendedFirst&) = delete;
+    PretendedFirst& operator=(const PretendedFirst&) = delete;
+    ~PretendedFirst() {
+        close(socket);
+        close(lock);
+    }
+
+    // Everything that a client says up to its line's end.
+    std::string hearAndAnswer(const std::vector<std::string>& parts) const {
+        const int client = accept(socket, nullptr, nullptr);
+        std::string heard;
+        char letter = 0;
+        while (recv(client, &letter, 1, 0) == 1 && letter != '\n') {
+            heard += letter;
+        }
+        for (const std::string& part : parts) {
+            EXPECT_EQ(send(client, part.data(), part.size(), MSG_NOSIGNAL), std::ssize(part));
+        }
+        close(client);
+        return heard;
+    }
+
+    // From the clients that have connected and gone.
+    std::string everythingHeard() const {
+        fcntl(socket, F_SETFL, O_NONBLOCK);
+        std::string heard;
+        char letter = 0;
+        for (int client = 0; (client = accept(socket, nullptr, nullptr)) >= 0; close(client)) {
+            ++clients;
+            while (recv(client, &letter, 1, 0) == 1) {
+                heard += letter;
+            }
+        }
+        return heard;
+    }
+    mutable int clients = 0;
+
+private:
+    const int lock;
+    const int socket;
+};
+
+TEST_F(SingleInstanceTest, OnlyTheRightAnswerCounts) {
+    struct Row {
+        std::vector<std::string> parts;
+        Claim claim;
+    };
+    const Row rows[] = {
+        {{"shown\n"}, Claim::shown},          {{"sh", "own\n"}, Claim::shown},
+        {{"shown"}, Claim::unanswered},       {{"hidden\n"}, Claim::unanswered},
+        {{"shown\nmore"}, Claim::unanswered},
+    };
+    for (const Row& row : rows) {
+        fs::remove(file("glidemap.socket"));
+        Signpost ready;
+        Child second([&] {
+            ready.wait();
+            return claimAsSecond();
+        });
+        const PretendedFirst first(folder.path(), file("glidemap.socket"));
+        ready.tell();
+        EXPECT_EQ(first.hearAndAnswer(row.parts), "token\tid_TIME12");
+        EXPECT_EQ(second.waitForEnd(), static_cast<int>(row.claim)) << row.parts.front();
+    }
+}
+
+TEST_F(SingleInstanceTest, ALinkToASocketIsNotFollowed) {
+    fs::create_symlink(file("elsewhere"), file("glidemap.socket"));
+    Signpost ready;
+    Child second([&] {
+        ready.wait();
+        return claimAsSecond(soon);
+    });
+    const PretendedFirst first(folder.path(), file("elsewhere"));
+    ready.tell();
+    EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
+    EXPECT_EQ(first.everythingHeard(), "");
+    EXPECT_EQ(first.clients, 0);
+}
+
+TEST_F(SingleInstanceTest, AnotherUsersProcessGetsNoToken) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root may become another user";
+    }
+    Signpost ready;
+    Child second([&] {
+        ready.wait();
+        return claimAsSecond(soon);
+    });
+    constexpr uid_t nobody = 65534;
+    const PretendedFirst first(folder.path(), file("glidemap.socket"), nobody);
+    ready.tell();
+    EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
+    EXPECT_EQ(first.everythingHeard(), "");
+}
+
 TEST_F(SingleInstanceTest, WithoutAFolderNothingCanBeClaimed) {
     folder.write("file", "");
     SingleInstance instance(folder.path() / "file");
@@ -304,6 +488,105 @@ TEST_F(SingleInstanceTest, StrangersNeitherShowTheWindowNorKeepOthersFromIt) {
     }
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::shown));
     EXPECT_EQ(requests, (std::vector<Request>{{"token", "id_TIME12"}}));
+}
+
+int openDescriptors() {
+    return static_cast<int>(
+        std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
+}
+
+TEST_F(SingleInstanceTest, AThousandSilentStrangersTakeNoMoreDescriptorsThanAFew) {
+    Application application;
+    SingleInstance instance(folder.path());
+    ASSERT_EQ(instance.claim({}), Claim::first);
+    std::vector<Request> requests;
+    ASSERT_EQ(instance.listen([&](const Request& request) { requests.push_back(request); }),
+              std::nullopt);
+    const int before = openDescriptors();
+    std::vector<std::unique_ptr<Stranger>> strangers;
+    for (int count = 0; count < 1000; ++count) {
+        strangers.push_back(std::make_unique<Stranger>(file("glidemap.socket")));
+        QCoreApplication::processEvents();
+        const int ofOurs = openDescriptors() - before - static_cast<int>(strangers.size());
+        ASSERT_LE(ofOurs, static_cast<int>(LineListener::maxClients)) << count;
+    }
+    Child second([&] { return claimAsSecond(); });
+    while (requests.empty()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::shown));
+    int hungUpOn = 0;
+    for (const auto& stranger : strangers) {
+        hungUpOn += stranger->wasHungUpOn() ? 1 : 0;
+    }
+    EXPECT_GE(hungUpOn, 1000 - static_cast<int>(LineListener::maxClients));
+}
+
+TEST_F(SingleInstanceTest, AClientThatStaysSilentIsHungUpOn) {
+    Application application;
+    const LineListener listener(
+        file("lines"), 100, [](const std::string&) { return ""; }, std::chrono::milliseconds(50));
+    ASSERT_FALSE(listener.failure());
+    const Stranger silent(file("lines"));
+    const Stranger slow(file("lines"));
+    slow.say("half a line");
+    while (!silent.wasHungUpOn() || !slow.wasHungUpOn()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+}
+
+TEST_F(SingleInstanceTest, WithoutDescriptorsAClientWaitsUntilThereAreSome) {
+    Application application;
+    int heard = 0;
+    const LineListener listener(file("lines"), 100, [&](const std::string&) {
+        ++heard;
+        return "";
+    });
+    const Stranger client(file("lines"));
+    client.say("line\n");
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlimit before = limit;
+    limit.rlim_cur = 3;
+    setrlimit(RLIMIT_NOFILE, &limit);
+    int turns = 0;
+    QTimer::singleShot(100, [&] { setrlimit(RLIMIT_NOFILE, &before); });
+    while (heard == 0) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        ++turns;
+    }
+    EXPECT_LT(turns, 100) << "it tried without a pause";
+}
+
+TEST_F(SingleInstanceTest, AnotherUsersClientIsNotHeard) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root may become another user";
+    }
+    Application application;
+    int heard = 0;
+    const LineListener listener(file("lines"), 100, [&](const std::string&) {
+        ++heard;
+        return "heard\n";
+    });
+    fs::permissions(folder.path(), fs::perms::all);
+    fs::permissions(file("lines"), fs::perms::all);
+    Child stranger([&] {
+        if (setresuid(65534, 65534, 65534) != 0) {
+            return 1;
+        }
+        const Stranger other(file("lines"));
+        other.say("line\n");
+        while (!other.wasHungUpOn()) {
+            poll(nullptr, 0, 5);
+        }
+        return 0;
+    });
+    const Stranger ours(file("lines"));
+    while (heard == 0 || stranger.isRunning()) {
+        ours.say("line\n");
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    EXPECT_EQ(heard, 1);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <QPointer>
 #include <algorithm>
@@ -18,6 +19,7 @@ namespace glidemap {
 namespace {
 
 constexpr int mostWaiting = 30; // to be let in; the others are refused
+constexpr std::chrono::milliseconds pauseWithoutDescriptors{500};
 
 std::error_code lastError() {
     return {errno, std::generic_category()};
@@ -31,9 +33,11 @@ public:
         : QObject(parent), listener(heardBy), socket(std::move(opened)),
           arrivals(socket.descriptor(), QSocketNotifier::Read) {
         connect(&arrivals, &QSocketNotifier::activated, this, [this] { receive(); });
+        limit.setSingleShot(true);
+        connect(&limit, &QTimer::timeout, this, [this] { deleteLater(); });
+        limit.start(listener.clientTime);
     }
 
-private:
     void receive() {
         std::array<char, 512> part{};
         const auto count = recv(socket.descriptor(), part.data(), part.size(), 0);
@@ -52,7 +56,8 @@ private:
         }
     }
 
-    // Whoever answers may stop listening.
+private:
+    // The callback may stop listening.
     void say(const std::string& line) {
         const QPointer<Client> alive(this);
         const std::string said = listener.answer(line);
@@ -64,15 +69,19 @@ private:
     const LineListener& listener;
     const OpenFile socket;
     QSocketNotifier arrivals;
+    QTimer limit;
     std::string heard;
 };
 
-LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given)
+LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given,
+                           std::chrono::milliseconds timeOfAClient)
     : socketFile(std::move(file)), longest(longestLine), answer(std::move(given)),
-      socket(localSocket()), _failure(listen()),
+      clientTime(timeOfAClient), socket(localSocket()), _failure(listen()),
       arrivals(socket.descriptor(), QSocketNotifier::Read) {
     arrivals.setEnabled(!_failure);
     QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });
+    pause.setSingleShot(true);
+    QObject::connect(&pause, &QTimer::timeout, &arrivals, [this] { arrivals.setEnabled(true); });
 }
 
 LineListener::~LineListener() {
@@ -104,8 +113,23 @@ std::error_code LineListener::listen() const {
 }
 
 void LineListener::letIn() {
-    if (OpenFile client = acceptedBy(socket)) {
-        new Client(std::move(client), *this, &clients);
+    OpenFile client = acceptedBy(socket);
+    if (!client && (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS)) {
+        // The connection still waits, and would wake the loop for ever.
+        arrivals.setEnabled(false);
+        pause.start(pauseWithoutDescriptors);
+    }
+    if (!client || userAtOtherEnd(client) != geteuid()) {
+        return;
+    }
+    makeRoom();
+    (new Client(std::move(client), *this, &clients))->receive();
+}
+
+// A client that was heard, or has waited too long, is among the children until the loop deletes it.
+void LineListener::makeRoom() {
+    while (clients.children().size() >= static_cast<qsizetype>(maxClients)) {
+        delete clients.children().front();
     }
 }
 

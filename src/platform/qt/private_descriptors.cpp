@@ -22,6 +22,13 @@ OpenFile acceptedBy(const OpenFile& socket) {
     return OpenFile(accept4(socket.descriptor(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
 }
 
+std::optional<uid_t> userAtOtherEnd(const OpenFile& socket) {
+    ucred user = {};
+    socklen_t size = sizeof user;
+    const int result = getsockopt(socket.descriptor(), SOL_SOCKET, SO_PEERCRED, &user, &size);
+    return result == 0 && size == sizeof user ? std::optional(user.uid) : std::nullopt;
+}
+
 bool sendAll(const OpenFile& socket, std::string_view text) {
     return send(socket.descriptor(), text.data(), text.size(), MSG_NOSIGNAL) ==
            static_cast<ssize_t>(text.size());
@@ -60,6 +67,13 @@ OpenFile localSocket() {
 
 OpenFile acceptedBy(const OpenFile& socket) {
     return privateSocket(accept(socket.descriptor(), nullptr, nullptr));
+}
+
+std::optional<uid_t> userAtOtherEnd(const OpenFile& socket) {
+    uid_t user = 0;
+    gid_t group = 0;
+    const int result = getpeereid(socket.descriptor(), &user, &group);
+    return result == 0 ? std::optional(user) : std::nullopt;
 }
 
 bool sendAll(const OpenFile& socket, std::string_view text) {

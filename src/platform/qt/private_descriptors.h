@@ -7,7 +7,10 @@
 
 #include "core/open_file.h"
 
+#include <sys/types.h>
+
 #include <array>
+#include <optional>
 #include <string_view>
 
 namespace glidemap {
@@ -17,6 +20,9 @@ OpenFile localSocket();
 
 // Whoever has connected first.
 OpenFile acceptedBy(const OpenFile& socket);
+
+// The user whose process made or accepted the connection. Nullopt if the system does not tell.
+std::optional<uid_t> userAtOtherEnd(const OpenFile& socket);
 
 // Whether all of it could be sent. The other end's having gone is no signal.
 bool sendAll(const OpenFile& socket, std::string_view text);

@@ -16,6 +16,7 @@
 #include <cerrno>
 #include <cstring>
 #include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -25,7 +26,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* answer = "shown\n";
+constexpr std::string_view answer = "shown\n";
+constexpr const char* lockName = "glidemap.lock";
+constexpr const char* socketName = "glidemap.socket";
+constexpr const char* privateName = "glidemap";
 
 // A request is one line: two words, each at most as long as any desktop's, and either may be empty.
 constexpr char separator = '\t';
@@ -58,7 +62,51 @@ SingleInstance::Request requestIn(const std::string& line) {
     return {words.substr(0, end), words.substr(next, last - next)};
 }
 
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+bool isOurs(const OpenFile& file, mode_t type) {
+    struct stat status = {};
+    return fstat(file.descriptor(), &status) == 0 && (status.st_mode & S_IFMT) == type &&
+           status.st_uid == geteuid();
+}
+
+bool isClosedToOthers(const OpenFile& file) {
+    struct stat status = {};
+    return fstat(file.descriptor(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+// The folder, or the private one in it; `path` becomes the path of the one that is opened.
+OpenFile privateFolder(std::filesystem::path& path) {
+    std::error_code ignored; // opening it tells
+    std::filesystem::create_directories(path.parent_path(), ignored);
+    mkdir(path.c_str(), S_IRWXU);
+    OpenFile folder(open(path.c_str(), folderFlags));
+    if (!folder || !isOurs(folder, S_IFDIR)) {
+        return {};
+    }
+    if (isClosedToOthers(folder)) {
+        return folder;
+    }
+    mkdirat(folder.descriptor(), privateName, S_IRWXU);
+    path /= privateName;
+    OpenFile within(openat(folder.descriptor(), privateName, folderFlags));
+    if (!within || !isOurs(within, S_IFDIR) || fchmod(within.descriptor(), S_IRWXU) != 0) {
+        return {};
+    }
+    return within;
+}
+
+// Connecting would follow a link.
+bool isOurSocket(const std::filesystem::path& file) {
+    struct stat status = {};
+    return lstat(file.c_str(), &status) == 0 && S_ISSOCK(status.st_mode) &&
+           status.st_uid == geteuid();
+}
+
 bool connectTo(int socket, const std::filesystem::path& file) {
+    if (!isOurSocket(file)) {
+        return false;
+    }
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     if (file.native().size() >= sizeof address.sun_path) {
@@ -70,22 +118,32 @@ bool connectTo(int socket, const std::filesystem::path& file) {
 
 enum class Reply { given, none, nobodyThere };
 
-// Somebody who hangs up without an answer is about to end.
+// Another process that hangs up without an answer is about to end.
 Reply replyOn(int socket, Clock::time_point deadline) {
-    pollfd wait{socket, POLLIN, 0};
-    if (poll(&wait, 1, millisecondsUntil(deadline)) <= 0) {
-        return Reply::none;
+    std::string heard;
+    while (heard.size() < answer.size()) {
+        pollfd wait{socket, POLLIN, 0};
+        const int ready = poll(&wait, 1, millisecondsUntil(deadline));
+        if (ready <= 0) {
+            return Reply::none;
+        }
+        std::array<char, 16> buffer{};
+        const auto count = recv(socket, buffer.data(), buffer.size(), 0);
+        if (count <= 0) {
+            return heard.empty() ? Reply::nobodyThere : Reply::none;
+        }
+        heard.append(buffer.data(), static_cast<std::size_t>(count));
     }
-    std::array<char, 16> buffer{};
-    const auto count = recv(socket, buffer.data(), buffer.size(), 0);
-    return count > 0 ? Reply::given : Reply::nobodyThere;
+    return heard == answer ? Reply::given : Reply::none;
 }
 
+// The request holds an activation token, which is for a process of this user only.
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
     // Never waits to be let in: where too many wait already, nobody is being let in.
     const OpenFile client = localSocket();
-    if (!connectTo(client.descriptor(), socketFile) || !sendAll(client, line(request))) {
+    if (!connectTo(client.descriptor(), socketFile) || userAtOtherEnd(client) != geteuid() ||
+        !sendAll(client, line(request))) {
         return Reply::nobodyThere;
     }
     return replyOn(client.descriptor(), deadline);
@@ -93,18 +151,27 @@ Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request
 
 } // namespace
 
-SingleInstance::SingleInstance(const std::filesystem::path& folder)
-    : lockFile(folder / "glidemap.lock"), socketFile(folder / "glidemap.socket") {
-    std::error_code ignored; // opening the file tells
-    std::filesystem::create_directories(folder, ignored);
+SingleInstance::SingleInstance(const std::filesystem::path& folderForBoth) {
+    std::filesystem::path path = folderForBoth;
+    folder = privateFolder(path);
+    socketFile = path / socketName;
 }
 
 SingleInstance::~SingleInstance() = default;
 
+// A link or a pipe in the lock's place is removed: only this user can have put it there.
+bool SingleInstance::openLock() {
+    constexpr int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const auto attempt = [this] {
+        lock = OpenFile(openat(folder.descriptor(), lockName, flags, S_IRUSR | S_IWUSR));
+        return lock && isOurs(lock, S_IFREG);
+    };
+    return attempt() || (unlinkat(folder.descriptor(), lockName, 0) == 0 && attempt());
+}
+
 SingleInstance::Claim SingleInstance::claim(const Request& request,
                                             std::chrono::milliseconds patience) {
-    lock = OpenFile(open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    if (!lock) {
+    if (!folder || !openLock()) {
         return Claim::impossible;
     }
     fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR); // nobody tidies away what is sticky

@@ -1,5 +1,9 @@
 // Sees to it that a user runs the program once: two would fight over the touchpads.
 //
+// Both files are in a folder that belongs to this user and that other users cannot open. No link is
+// followed to it or in it, and both sides check which user is at the other end of the connection before
+// anything is said.
+//
 //   first:   locks a file for as long as it lives, and listens on a socket beside it
 //   second:  finds the file locked, asks through the socket that the first show itself, and ends
 //
@@ -31,7 +35,7 @@ public:
         first,      // this is the program; there is no other
         shown,      // another one runs, and has come forward
         unanswered, // another one runs, and does not answer
-        impossible, // nothing can be written where the lock is to be
+        impossible, // the folder is not this user's, or nothing can be written there
     };
 
     // How the desktop knows that it was the user who wanted a window: what it gave the second
@@ -45,7 +49,8 @@ public:
 
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
-    // The folder is this user's alone. It is made if need be.
+    // The folder is made if it is missing. If other users can open it, a folder "glidemap" in it is
+    // used instead.
     explicit SingleInstance(const std::filesystem::path& folder);
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
@@ -62,7 +67,9 @@ public:
     void stopListening();
 
 private:
-    std::filesystem::path lockFile;
+    bool openLock();
+
+    OpenFile folder; // not open unless it is this user's alone
     std::filesystem::path socketFile;
     OpenFile lock;
     std::unique_ptr<LineListener> listener;
