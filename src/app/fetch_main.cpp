@@ -2,12 +2,33 @@
 // day; see app/fetch_program.h.
 #include "app/https_fetch.h"
 
+#include <sys/resource.h>
+
 #include <QCoreApplication>
 #include <QUrl>
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
+namespace {
+
+// Address space in bytes. An HTTPS fetch takes less than a fifth of it; whatever a server makes the
+// libraries do, the machine keeps its memory. Sanitizers reserve much more for themselves.
+[[maybe_unused]] constexpr rlim_t memoryLimit = 512UL * 1024 * 1024;
+
+void limitMemory() {
+#if !defined(GLIDEMAP_SANITIZED)
+    rlimit limit = {};
+    getrlimit(RLIMIT_AS, &limit);
+    limit.rlim_cur = limit.rlim_max = std::min(limit.rlim_max, memoryLimit);
+    setrlimit(RLIMIT_AS, &limit);
+#endif
+}
+
+} // namespace
+
 int main(int count, char* arguments[]) {
+    limitMemory();
     const QCoreApplication application(count, arguments);
     const QUrl url(count == 2 ? QString::fromLocal8Bit(arguments[1]) : QString(), QUrl::StrictMode);
     if (!url.isValid() || url.scheme() != "https" || url.host().isEmpty()) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <system_error>
 
@@ -31,9 +32,36 @@ std::int64_t takeNumber(std::string_view& version) {
     return numberIn(piece);
 }
 
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+// U+0080 to U+009F are the bytes C2 80 to C2 9F.
+bool isControl(unsigned char byte, unsigned char next) {
+    constexpr unsigned char remove = 0x7F;
+    return byte < ' ' || byte == remove || (byte == 0xC2 && next >= 0x80 && next <= 0x9F);
+}
+
+// A version is shown in a menu and in windows.
+bool canBeShown(std::string_view version) {
+    constexpr std::ptrdiff_t maxCharacters = 64;
+    for (std::size_t place = 0; place < version.size(); ++place) {
+        const char next = place + 1 < version.size() ? version[place + 1] : '\0';
+        if (isControl(static_cast<unsigned char>(version[place]),
+                      static_cast<unsigned char>(next))) {
+            return false;
+        }
+    }
+    return std::count_if(version.begin(), version.end(),
+                         [](char byte) { return !isContinuation(byte); }) <= maxCharacters;
+}
+
 } // namespace
 
 bool isNewerVersion(std::string_view version, std::string_view other) {
+    if (!canBeShown(version)) {
+        return false;
+    }
     while (!version.empty() || !other.empty()) {
         const std::int64_t ours = takeNumber(version);
         const std::int64_t theirs = takeNumber(other);

@@ -4,6 +4,8 @@
 // count, missing ones are 0, and so is a piece that is no number of 64 bits ("3-beta", "v1"). So
 // 1.2 and 1.2.0 are the same, and 2.0-beta is 2.0.
 //
+// A text that has more than 64 characters, or a control character, is never newer: it would be shown.
+//
 // Thread:  any.
 // Errors:  none.
 #pragma once

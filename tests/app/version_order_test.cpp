@@ -87,14 +87,41 @@ TEST(VersionOrderTest, VersionsAreComparedNumberByNumber) {
     }
 }
 
-TEST(VersionOrderTest, AMillionPiecesAreComparedToTheLast) {
+std::string piecesOfZero(int count) {
     std::string version;
-    for (int piece = 0; piece < 1'000'000; ++piece) {
+    for (int piece = 0; piece < count; ++piece) {
         version += "0.";
     }
+    return version;
+}
+
+TEST(VersionOrderTest, AMillionPiecesAreComparedToTheLast) {
+    const std::string version = piecesOfZero(1'000'000);
     EXPECT_FALSE(isNewerVersion(version, ""));
-    EXPECT_TRUE(isNewerVersion(version + "1", version));
-    EXPECT_FALSE(isNewerVersion(version, version + "1"));
+    EXPECT_TRUE(isNewerVersion("0", version + "-1"));
+    EXPECT_FALSE(isNewerVersion("0", version + "1"));
+}
+
+TEST(VersionOrderTest, ATextOfMoreThan64CharactersIsNeverNewer) {
+    EXPECT_TRUE(isNewerVersion(piecesOfZero(31) + "99", "0"));
+    EXPECT_FALSE(isNewerVersion(piecesOfZero(31) + "999", "0"));
+    EXPECT_FALSE(isNewerVersion("9." + std::string(100'000, 'x'), "0"));
+    std::string wide = "9.";
+    for (int character = 0; character < 62; ++character) {
+        wide += "二";
+    }
+    EXPECT_TRUE(isNewerVersion(wide, "0")) << "characters count, not bytes";
+    EXPECT_FALSE(isNewerVersion(wide + "二", "0"));
+}
+
+TEST(VersionOrderTest, ATextWithAControlCharacterIsNeverNewer) {
+    using namespace std::string_literals;
+    for (const std::string& control :
+         {"\0"s, "\t"s, "\n"s, "\x1b"s, "\x7f"s, "\xc2\x80"s, "\xc2\x9b"s, "\xc2\x9f"s}) {
+        EXPECT_FALSE(isNewerVersion("9." + control, "1"));
+        EXPECT_FALSE(isNewerVersion(control + "9", "1"));
+    }
+    EXPECT_TRUE(isNewerVersion("9.\xc2\xa0", "1"));
 }
 
 } // namespace

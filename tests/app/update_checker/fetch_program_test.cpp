@@ -3,12 +3,19 @@
 #include "app/fetch_program.h"
 #include "application.h"
 #include "https_server.h"
+#include "kit/patience.h"
 #include "kit/temporary_folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <QHostAddress>
+#include <QProcess>
+#include <QTcpServer>
+#include <chrono>
 #include <fstream>
+#include <sstream>
+#include <string>
 #include <vector>
 
 namespace glidemap {
@@ -89,9 +96,43 @@ TEST_F(FetchProgramTest, TheRealOneBelievesNoServerThatNobodyVouchesFor) {
                                    test::ok(R"({"version": "9"})"));
     const Fetched fetched = fetchBy(GLIDEMAP_FETCH_PROGRAM, server.url());
     EXPECT_TRUE(fetched.body.empty());
-    EXPECT_TRUE(fetched.transportError);
+    ASSERT_TRUE(fetched.transportError);
+    EXPECT_NE(fetched.transportError->find("certificate"), std::string::npos)
+        << *fetched.transportError;
     EXPECT_TRUE(server.requests().empty());
 }
+
+#if defined(__linux__) && !defined(GLIDEMAP_SANITIZED)
+
+std::string addressSpaceLimitOf(qint64 process) {
+    std::ifstream limits("/proc/" + std::to_string(process) + "/limits");
+    const std::string name = "Max address space";
+    for (std::string line; std::getline(limits, line);) {
+        if (line.starts_with(name)) {
+            std::istringstream words(line.substr(name.size()));
+            std::string soft;
+            words >> soft;
+            return soft;
+        }
+    }
+    return "";
+}
+
+// TLS works under this limit: the test before this one gets as far as the certificate.
+TEST_F(FetchProgramTest, TheRealOneLimitsItsMemory) {
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    QProcess process;
+    process.start(GLIDEMAP_FETCH_PROGRAM,
+                  {QString("https://127.0.0.1:%1/version.json").arg(silent.serverPort())});
+    ASSERT_TRUE(silent.waitForNewConnection(
+        static_cast<int>(std::chrono::milliseconds(test::patience).count())));
+    EXPECT_EQ(addressSpaceLimitOf(process.processId()), std::to_string(512UL * 1024 * 1024));
+    process.kill();
+    process.waitForFinished();
+}
+
+#endif
 
 } // namespace
 } // namespace glidemap
