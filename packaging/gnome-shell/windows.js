@@ -1,10 +1,14 @@
-// Tells which windows there are and which one has the focus, on the session's bus: GNOME Shell
-// tells it to nobody but what runs in it. Only identities leave the shell, and nothing comes in.
+// Tells Glidemap which windows there are and which one has the focus, on the session's bus: GNOME
+// Shell tells only extensions. Only identities leave the shell, and nothing comes in.
 //
-// The object is the shell's own, found under the name of the shell: no other program can pose
-// as it. Windows are told in the order in which they were opened, as (desktop entry, class,
-// instance, title, process), empty or 0 where the shell does not know; the active one in a list of
-// one or none.
+// The object is the shell's own, found under the name of the shell. Windows are told in the order in
+// which they were opened, as (desktop entry, class, instance, title, process), empty or 0 where the
+// shell does not know; the active one in a list of one or none. The title is empty if anything else
+// identifies the window.
+//
+// Only the program that installed the extension is told: "program" beside this file is a link to it.
+// Its connection asks once, and gets every change after that. All that other programs can see is that
+// the extension has started.
 
 const OBJECT_PATH = '/org/glidemap/Windows';
 const DESCRIPTION = `<node>
@@ -17,12 +21,18 @@ const DESCRIPTION = `<node>
             <arg name="windows" type="a(ssssu)"/>
             <arg name="active" type="a(ssssu)"/>
         </signal>
+        <signal name="Started"/>
         <signal name="Stopped"/>
     </interface>
 </node>`;
 
 class WindowsService {
+    constructor(folder) {
+        this._folder = folder;
+    }
+
     start() {
+        this._listeners = new Map(); // from bus names to the watches that tell when they vanish
         this._tracker = Shell.WindowTracker.get_default();
         this._object = Gio.DBusExportedObject.wrapJSObject(DESCRIPTION, this);
         this._object.export(Gio.DBus.session, OBJECT_PATH);
@@ -31,7 +41,7 @@ class WindowsService {
         // Also when a window gets a class, or an application is recognised in it.
         this._windowsChanged = this._tracker.connect(
             'tracked-windows-changed', () => this._tellSoon());
-        this._tellSoon();
+        this._object.emit_signal('Started', null);
     }
 
     stop() {
@@ -44,27 +54,85 @@ class WindowsService {
         this._object.flush();
         this._object.unexport();
         this._object = null;
+        for (const watch of this._listeners.values())
+            Gio.bus_unwatch_name(watch);
+        this._listeners.clear();
         this._tracker = null;
     }
 
-    GetWindows() {
+    GetWindowsAsync(_parameters, invocation) {
+        const sender = invocation.get_sender();
+        this._findProgramOf(sender, program => {
+            if (!this._object || !program || program !== this._ownProgram()) {
+                invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',
+                    'Only Glidemap may ask for windows');
+                return;
+            }
+            this._addListener(sender);
+            invocation.return_value(this._windows());
+        });
+    }
+
+    // The file that the program was installed as, or null.
+    _ownProgram() {
+        try {
+            return GLib.file_read_link(`${this._folder}/program`);
+        } catch (error) {
+            return null;
+        }
+    }
+
+    // Calls back with the file that the process behind a bus name runs, or null.
+    _findProgramOf(name, found) {
+        Gio.DBus.session.call('org.freedesktop.DBus', '/org/freedesktop/DBus',
+            'org.freedesktop.DBus', 'GetConnectionUnixProcessID', new GLib.Variant('(s)', [name]),
+            new GLib.VariantType('(u)'), Gio.DBusCallFlags.NONE, -1, null, (bus, result) => {
+                let program = null;
+                try {
+                    const [process] = bus.call_finish(result).deepUnpack();
+                    // An upgrade has replaced the file of a program that still runs.
+                    program = GLib.file_read_link(`/proc/${process}/exe`)
+                        .replace(/ \(deleted\)$/, '');
+                } catch (error) {
+                    // The caller has gone, or belongs to another user.
+                }
+                found(program);
+            });
+    }
+
+    _addListener(name) {
+        if (this._listeners.has(name))
+            return;
+        this._listeners.set(name, Gio.bus_watch_name_on_connection(
+            Gio.DBus.session, name, Gio.BusNameWatcherFlags.NONE, null, () => {
+                if (!this._listeners.has(name))
+                    return;
+                Gio.bus_unwatch_name(this._listeners.get(name));
+                this._listeners.delete(name);
+            }));
+    }
+
+    _windows() {
         const active = global.display.focus_window;
         const all = global.display.get_tab_list(Meta.TabList.NORMAL_ALL, null);
         all.sort((one, other) => one.get_stable_sequence() - other.get_stable_sequence());
-        return [
+        return new GLib.Variant('(a(ssssu)a(ssssu))', [
             all.map(window => this._identity(window)),
             active ? [this._identity(active)] : [],
-        ];
+        ]);
     }
 
     // What changes together is told once: the focus passes through no window at all.
     _tellSoon() {
-        if (this._telling)
+        if (this._telling || this._listeners.size === 0)
             return;
         this._telling = GLib.idle_add(GLib.PRIORITY_DEFAULT, () => {
             this._telling = 0;
-            this._object.emit_signal(
-                'WindowsChanged', new GLib.Variant('(a(ssssu)a(ssssu))', this.GetWindows()));
+            const windows = this._windows();
+            for (const name of this._listeners.keys()) {
+                Gio.DBus.session.emit_signal(
+                    name, OBJECT_PATH, 'org.glidemap.Windows', 'WindowsChanged', windows);
+            }
             return GLib.SOURCE_REMOVE;
         });
     }
@@ -73,12 +141,12 @@ class WindowsService {
         const application = this._tracker.get_window_app(window);
         // For a window of no known application the shell makes one up.
         const known = application && !application.is_window_backed();
-        return [
-            known ? application.get_id() : '',
-            window.get_gtk_application_id() || window.get_wm_class() || '',
-            window.get_wm_class_instance() || '',
-            window.get_title() || '',
-            Math.max(window.get_pid(), 0),
-        ];
+        const entry = known ? application.get_id() : '';
+        const windowClass = window.get_gtk_application_id() || window.get_wm_class() || '';
+        const instance = window.get_wm_class_instance() || '';
+        const process = Math.max(window.get_pid(), 0);
+        const isIdentified = entry || windowClass || instance || process;
+        const title = isIdentified ? '' : window.get_title() || '';
+        return [entry, windowClass, instance, title, process];
     }
 }

@@ -78,6 +78,7 @@ void GnomeShell::addExtension(const std::filesystem::path& form) const {
     const fs::path installed = folder.path() / "data/gnome-shell/extensions" / uuid;
     fs::create_directories(installed);
     fs::copy(form, installed, fs::copy_options::recursive);
+    fs::create_symlink(fs::read_symlink("/proc/self/exe"), installed / "program");
     folder.write("config/glib-2.0/settings/keyfile",
                  "[org/gnome/shell]\nenabled-extensions=['" + uuid + "']\n");
 }

@@ -150,6 +150,8 @@ TEST_F(GnomeExtensionTest, TheFormIsTheOneForTheShellsVersion) {
             << row.version;
         EXPECT_EQ(read(installed("extension.js")), std::string("code of ") + row.form)
             << row.version;
+        EXPECT_EQ(std::filesystem::read_symlink(installed("program")),
+                  std::filesystem::canonical("/proc/self/exe"));
     }
 }
 

@@ -1,13 +1,21 @@
 #include "desktops/listening.h"
 #include "desktops/private_bus.h"
 #include "desktops/recording_window_listener.h"
+#include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "platform/linux/windows/gnome_window_backend.h"
 #include "shell_double.h"
 
 #include <gio/gio.h>
 #include <gmock/gmock.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
+#include <csignal>
+#include <filesystem>
 #include <string>
 
 namespace glidemap {
@@ -26,11 +34,35 @@ std::string message(const std::string& windows, const std::string& active) {
     return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
 }
 
+// The socket of a Wayland display: the process that makes this listens on it.
+class DisplaySocket {
+public:
+    explicit DisplaySocket(const std::filesystem::path& file)
+        : socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        file.native().copy(address.sun_path, sizeof address.sun_path - 1);
+        std::filesystem::remove(file);
+        EXPECT_EQ(bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(socket, 8), 0);
+    }
+    DisplaySocket(const DisplaySocket&) = delete;
+    DisplaySocket& operator=(const DisplaySocket&) = delete;
+    ~DisplaySocket() { close(socket); }
+
+private:
+    const int socket;
+};
+
 class GnomeWindows : public testing::Test {
 protected:
     desktops::PrivateBus bus;
-    ScopedEnvironment here{
-        {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "GNOME"}}};
+    desktops::RuntimeFolder folder;
+    DisplaySocket display{folder.path() / "wayland-test"};
+    ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
+                            {"XDG_CURRENT_DESKTOP", "GNOME"},
+                            {"XDG_RUNTIME_DIR", folder.path()},
+                            {"WAYLAND_DISPLAY", "wayland-test"}}};
     RecordingWindowListener told;
 };
 
@@ -106,6 +138,41 @@ TEST_F(GnomeWindows, OnlyTheShellIsBelieved) {
     // The bus keeps the order: had the other been believed, it would come first.
     shell.emit("WindowsChanged", message(editor, ""));
     told.expectTold({"windows: org.gnome.TextEditor"});
+}
+
+TEST_F(GnomeWindows, AnOwnerOfTheShellsNameThatDoesNotServeTheDisplayIsNotBelieved) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const pid_t compositor = fork();
+    if (compositor == 0) {
+        const DisplaySocket others(folder.path() / "wayland-test");
+        [[maybe_unused]] const auto said = write(ends[1], "", 1);
+        while (true) {
+            pause();
+        }
+    }
+    char ready = 0;
+    ASSERT_EQ(read(ends[0], &ready, 1), 1);
+    {
+        ShellDouble shell(bus.address(), {});
+        shell.startExtension(message(editor, editor));
+        const Listening listening(told);
+        told.expectTold({"windows:", "active: none"});
+        shell.emit("WindowsChanged", message(editor, editor));
+        told.expectTold({});
+    }
+    kill(compositor, SIGKILL);
+    waitpid(compositor, nullptr, 0);
+    close(ends[0]);
+    close(ends[1]);
+}
+
+TEST_F(GnomeWindows, WithoutADisplayNoOwnerIsBelieved) {
+    const ScopedEnvironment without{{{"WAYLAND_DISPLAY", ""}}};
+    ShellDouble shell(bus.address(), {});
+    shell.startExtension(message(editor, editor));
+    const Listening listening(told);
+    told.expectTold({"windows:", "active: none"});
 }
 
 TEST_F(GnomeWindows, MessagesOfAnotherShapeAreNotHeard) {

@@ -116,7 +116,7 @@ void ShellDouble::startExtension(const std::string& told) {
     thread.call([&] {
         windows = told;
         registerObject(windowsPath, windowsInterface);
-        emitHere("WindowsChanged", told);
+        emitHere("Started", "()");
     });
 }
 

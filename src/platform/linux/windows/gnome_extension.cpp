@@ -151,6 +151,17 @@ bool isEnabledAtNextLogin() {
            !isListedIn(settings.get(), "disabled-extensions");
 }
 
+// The extension tells no other program of windows.
+void linkToThisProgram(const std::filesystem::path& link, std::error_code& error) {
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error) {
+        std::filesystem::remove(link, error);
+    }
+    if (!error) {
+        std::filesystem::create_symlink(program, link, error);
+    }
+}
+
 std::optional<std::string> copyForm(const std::filesystem::path& from) {
     const std::filesystem::path to = installedFolder();
     std::error_code error;
@@ -160,6 +171,9 @@ std::optional<std::string> copyForm(const std::filesystem::path& from) {
             std::filesystem::copy_file(from / name, to / name,
                                        std::filesystem::copy_options::overwrite_existing, error);
         }
+    }
+    if (!error) {
+        linkToThisProgram(to / "program", error);
     }
     return error ? std::optional(to.string() + ": " + error.message()) : std::nullopt;
 }

@@ -1,5 +1,6 @@
 #include "platform/linux/windows/gnome_window_backend.h"
 
+#include "platform/linux/windows/compositor_process.h"
 #include "platform/linux/windows/desktop_bus.h"
 #include "platform/linux/windows/told_windows.h"
 
@@ -58,15 +59,70 @@ struct GnomeWindowBackend::State {
     WindowListener* listener = nullptr;
     ToldWindows told;
     std::unique_ptr<DesktopBus> bus;
+    std::string shell; // the unique name of its owner
+    bool isBelieved = false;
+    unsigned subscription = 0;
 
+    void appeared(const std::string& owner);
+    void check(const std::string& owner);
+    void vanished();
     void ask(const std::string& owner);
     void hear(GVariant* message);
     void tellNone() { told.tell(*listener, {}, std::nullopt); }
 };
 
+// Before it is asked, so that nothing is missed in between.
+void GnomeWindowBackend::State::appeared(const std::string& owner) {
+    shell = owner;
+    subscription = bus->subscribe(windowsOf(owner),
+                                  [this, owner](const std::string& signal, GVariant* message) {
+                                      if (signal == "Started") {
+                                          check(owner);
+                                      } else if (signal == "WindowsChanged" && isBelieved) {
+                                          hear(message);
+                                      } else if (signal == "Stopped") {
+                                          tellNone();
+                                      }
+                                  });
+    check(owner);
+}
+
+// Any program can own the name while the shell does not. The shell has the name a moment before it
+// serves the display; its extensions start after that.
+void GnomeWindowBackend::State::check(const std::string& owner) {
+    bus->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
+              "GetConnectionUnixProcessID", g_variant_new("(s)", owner.c_str()),
+              [this, owner](GVariant* values, const GError* error) {
+                  if (shell != owner) {
+                      return;
+                  }
+                  std::uint32_t process = 0;
+                  if (error == nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(u)"))) {
+                      g_variant_get(values, "(u)", &process);
+                  }
+                  const auto compositor = compositorProcess();
+                  isBelieved = compositor && static_cast<pid_t>(process) == *compositor;
+                  if (isBelieved) {
+                      ask(owner);
+                  } else {
+                      tellNone();
+                  }
+              });
+}
+
+void GnomeWindowBackend::State::vanished() {
+    shell.clear();
+    isBelieved = false;
+    bus->unsubscribe(std::exchange(subscription, 0));
+    tellNone();
+}
+
 void GnomeWindowBackend::State::ask(const std::string& owner) {
     bus->call(windowsOf(owner), "GetWindows", nullptr,
-              [this](GVariant* message, const GError* error) {
+              [this, owner](GVariant* message, const GError* error) {
+                  if (shell != owner) {
+                      return;
+                  }
                   if (error == nullptr) {
                       hear(message);
                   } else {
@@ -95,18 +151,9 @@ bool GnomeWindowBackend::start(WindowListener& listener) {
         return false;
     }
     state->listener = &listener;
-    // Before it is asked, so that nothing is missed in between.
-    state->bus->subscribe(windowsOf(shellName),
-                          [this](const std::string& signal, GVariant* message) {
-                              if (signal == "WindowsChanged") {
-                                  state->hear(message);
-                              } else if (signal == "Stopped") {
-                                  state->tellNone();
-                              }
-                          });
     state->bus->watchName(
-        shellName, [this](const std::string& owner) { state->ask(owner); },
-        [this] { state->tellNone(); });
+        shellName, [this](const std::string& owner) { state->appeared(owner); },
+        [this] { state->vanished(); });
     return true;
 }
 

@@ -4,8 +4,8 @@
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.
-// Errors:  what does not look like the extension's message is not heard. Only the shell is: the
-//          object is looked for under its name.
+// Errors:  messages of another shape are ignored. Only the shell of this session is believed: the
+//          owner of its name must be the process that serves the Wayland display.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
