@@ -20,6 +20,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <chrono>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -29,6 +30,10 @@ namespace {
 using namespace glidemap;
 
 constexpr const char* applicationID = "org.glidemap.Glidemap";
+
+// Services of the desktop that do not respond keep the program from ending for no longer than this.
+// Desktops and users wait some seconds before they kill a program.
+constexpr std::chrono::milliseconds endLimit{1800};
 
 // Of the arguments: the options are none of the toolkit's.
 constexpr int onlyTheName = 1;
@@ -154,7 +159,7 @@ void Program::accessWasAnswered() {
 }
 
 bool Program::run(SingleInstance& instance) {
-    const TerminationSignals endings([this] { ports.shell->terminate(); });
+    const TerminationSignals endings([this] { ports.shell->terminate(); }, endLimit);
     const SessionEnd sessionEnd([this] { ports.shell->terminate(); });
     const auto deaf = instance.listen([this](const SingleInstance::Request& request) {
         home->takeProof(request);
@@ -166,6 +171,9 @@ bool Program::run(SingleInstance& instance) {
     mainQueue->submit([this] { delegate->applicationDidFinishLaunching(); });
     QApplication::exec();
     instance.stopListening();
+    if (!startsAgain) {
+        endings.limitEnd();
+    }
     delegate->applicationWillTerminate();
     return startsAgain;
 }
@@ -192,9 +200,11 @@ bool runProgram(SingleInstance& instance, char** arguments) {
 int refuse(const char* complaint, AlertText (*text)(const Lang&), char** arguments) {
     complain(complaint);
     if (Home::hasDisplay()) {
+        const auto finishBeginning = Home::begin();
         int count = onlyTheName;
         QApplication application(count, arguments);
         introduce();
+        finishBeginning();
         QtMainQueue mainQueue;
         Lang::configureShared(Home::userDefaults());
         const Home::AppearanceAlone appearance = Home::appearanceAlone(mainQueue);

@@ -1,7 +1,7 @@
 // Port: the place on the desktop where programs have their status items. It may come late, when the
 // user logs in, and it may go.
 //
-// Thread:  the main thread; never waits long.
+// Thread:  the main thread; never waits.
 // Owner:   the program makes one for the status item.
 // Errors:  none.
 #pragma once

@@ -32,6 +32,33 @@ TEST_F(StartingAndEndingTest, EachSignalThatAsksItToEndIsObeyedInOrder) {
     }
 }
 
+// The accessibility bus cannot be found without a session bus, so the window alone is looked for.
+TEST_F(StartingAndEndingTest, ABusThatNeverRespondsKeepsItNeitherFromStartingNorFromEnding) {
+    Stage stage;
+    const test::SilentSocket bus;
+    auto command = stage.command();
+    command.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.address();
+    command.environment["DBUS_SYSTEM_BUS_ADDRESS"] = bus.address();
+    for (const bool isWaylandToo : {false, true}) {
+        if (isWaylandToo) { // its desktops are looked for on the bus
+            command.environment["WAYLAND_DISPLAY"] = "none";
+            command.environment["QT_QPA_PLATFORM"] = "xcb";
+        }
+        RunningGlidemap glidemap(stage, command);
+        ASSERT_TRUE(waitUntil([&] { return glidemap.window().has_value(); }));
+        EXPECT_EQ(glidemap.end(SIGTERM), 0);
+    }
+}
+
+TEST_F(StartingAndEndingTest, ABusThatStopsRespondingKeepsItNotFromEnding) {
+    Stage stage;
+    RunningGlidemap glidemap(stage);
+    ASSERT_TRUE(glidemap.waitForWindow());
+    stage.session.stop();
+    EXPECT_EQ(glidemap.end(SIGTERM), 0);
+    stage.session.goOn();
+}
+
 TEST_F(StartingAndEndingTest, ASecondLaunchShowsTheFirstOnesWindowAndEnds) {
     Stage stage;
     RunningGlidemap first(stage);

@@ -3,6 +3,8 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace glidemap::desktops {
 
 namespace {
@@ -59,6 +61,14 @@ PrivateBus::~PrivateBus() {
 
 void PrivateBus::kill() {
     daemon.kill();
+}
+
+void PrivateBus::stop() const {
+    ::kill(daemon.process(), SIGSTOP);
+}
+
+void PrivateBus::goOn() const {
+    ::kill(daemon.process(), SIGCONT);
 }
 
 void PrivateBus::waitForName(const std::string& name) const {

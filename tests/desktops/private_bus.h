@@ -40,6 +40,10 @@ public:
 
     void kill();
 
+    // It still accepts connections and does not respond. The test's own calls wait then, too.
+    void stop() const;
+    void goOn() const;
+
 private:
     RuntimeFolder folder;
     Program daemon;

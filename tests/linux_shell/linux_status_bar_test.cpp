@@ -75,6 +75,51 @@ private:
     xcb_window_t window;
 };
 
+// A watcher that has the name and does not respond before its context runs.
+class StuckWatcher {
+public:
+    explicit StuckWatcher(const PrivateBus& sessionBus) : bus(sessionBus) {
+        static constexpr GDBusInterfaceVTable methods = {nullptr, hasHost, nullptr, {}};
+        const std::string node = std::string("<node>") + withoutHost.interfaces + "</node>";
+        description = g_dbus_node_info_new_for_xml(node.c_str(), nullptr);
+        g_main_context_push_thread_default(context);
+        object = g_dbus_connection_register_object(bus.connection(), withoutHost.path.c_str(),
+                                                   description->interfaces[0], &methods, nullptr,
+                                                   nullptr, nullptr);
+        g_main_context_pop_thread_default(context);
+        askBus("RequestName", g_variant_new("(su)", watcherName, 0));
+    }
+    StuckWatcher(const StuckWatcher&) = delete;
+    StuckWatcher& operator=(const StuckWatcher&) = delete;
+    ~StuckWatcher() {
+        askBus("ReleaseName", g_variant_new("(s)", watcherName));
+        g_dbus_connection_unregister_object(bus.connection(), object);
+        g_dbus_node_info_unref(description);
+        g_main_context_unref(context);
+    }
+
+    void respond() const {
+        while (g_main_context_iteration(context, FALSE) != FALSE) {
+        }
+    }
+
+private:
+    static GVariant* hasHost(GDBusConnection* /*connection*/, const char* /*sender*/,
+                             const char* /*path*/, const char* /*interface*/,
+                             const char* /*property*/, GError** /*error*/, gpointer /*data*/) {
+        return g_variant_new_boolean(TRUE);
+    }
+    void askBus(const char* method, GVariant* arguments) const {
+        g_variant_unref(bus.call("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                 "org.freedesktop.DBus", method, arguments));
+    }
+
+    const PrivateBus& bus;
+    GMainContext* const context = g_main_context_new();
+    GDBusNodeInfo* description = nullptr;
+    unsigned object = 0;
+};
+
 TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
     if (const std::string reason = XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
@@ -89,35 +134,45 @@ TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
     char* arguments[] = {name, nullptr};
     const QGuiApplication application(count, arguments);
 
+    // A watcher that does not respond keeps nothing waiting, and is found when it does.
+    auto stuck = std::make_unique<StuckWatcher>(bus);
     LinuxStatusBar bar;
     int changes = 0;
     const auto toBar = bar.changes().subscribe({}, [&] { ++changes; });
     EXPECT_EQ(bar.kind(), Kind::none);
     {
         const Tray tray(server.display());
-        EXPECT_TRUE(test::waitFor([&] { return changes == 1; }));
+        EXPECT_TRUE(test::waitFor([&] { return bar.kind() == Kind::embeds; }));
+        EXPECT_GE(changes, 1);
+        changes = 0;
+        EXPECT_TRUE(test::waitFor([&] {
+            stuck->respond();
+            return changes == 1;
+        }));
+        EXPECT_EQ(bar.kind(), Kind::drawsItself);
+        stuck.reset();
+        EXPECT_TRUE(test::waitFor([&] { return changes == 2; }));
         EXPECT_EQ(bar.kind(), Kind::embeds);
     }
     EXPECT_TRUE(test::waitFor([&] { return bar.kind() == Kind::none; }));
 
     const Tray tray(server.display());
-    EXPECT_TRUE(test::waitFor([&] { return changes == 2; }));
+    EXPECT_TRUE(test::waitFor([&] { return changes == 3; }));
     Journal journal;
     {
         BusDouble watcher(bus.address(), withoutHost, journal);
-        EXPECT_TRUE(test::waitFor([&] { return changes == 3; }));
-        EXPECT_EQ(bar.kind(), Kind::embeds);
         watcher.set("IsStatusNotifierHostRegistered", true);
         watcher.announce(watcherName, "StatusNotifierHostRegistered", g_variant_new("()"));
         EXPECT_TRUE(test::waitFor([&] { return changes == 4; }));
         EXPECT_EQ(bar.kind(), Kind::drawsItself);
     }
-    EXPECT_TRUE(test::waitFor([&] { return bar.kind() == Kind::embeds; }));
+    EXPECT_TRUE(test::waitFor([&] { return changes == 5; }));
+    EXPECT_EQ(bar.kind(), Kind::embeds);
 
     // One that cannot tell of its host is taken to have one: the toolkit asks it, too, and judges.
-    const BusDouble silent(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
+    const BusDouble unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
                            journal);
-    EXPECT_TRUE(test::waitFor([&] { return changes == 5; }));
+    EXPECT_TRUE(test::waitFor([&] { return changes == 6; }));
     EXPECT_EQ(bar.kind(), Kind::drawsItself);
 }
 

@@ -7,7 +7,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <functional>
 
 namespace glidemap {
 namespace {
@@ -44,6 +47,44 @@ TEST(TerminationSignalsTest, EachSignalEndsTheLoopInOrder) {
 TEST(TerminationSignalsTest, ASecondOneEndsAProgramThatDoesNotEnd) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, [] { kill(getpid(), SIGTERM); }),
               128 + SIGTERM);
+}
+
+// A program that waits for ever once it is asked to end, with a limit.
+int programThatHangs(const std::function<void(const TerminationSignals&)>& end) {
+    const pid_t child = fork();
+    if (child == 0) {
+        Application application;
+        const TerminationSignals ending([] {}, std::chrono::milliseconds(50));
+        end(ending);
+        while (true) {
+            pause();
+        }
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+TEST(TerminationSignalsTest, TheLimitEndsAProgramThatNeverGetsToItsLoop) {
+    EXPECT_EQ(programThatHangs([](const auto&) { kill(getpid(), SIGTERM); }), EXIT_SUCCESS);
+    EXPECT_EQ(programThatHangs([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
+}
+
+TEST(TerminationSignalsTest, TheLimitOutlivesTheObject) {
+    EXPECT_EQ(programThatHangs([](const auto&) {
+                  const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
+                  inner.limitEnd();
+              }),
+              EXIT_SUCCESS);
+}
+
+TEST(TerminationSignalsTest, WithoutALimitAProgramTakesItsTime) {
+    EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
+                          [] {
+                              usleep(100'000);
+                              Application::quit();
+                          }),
+              7);
 }
 
 TEST(TerminationSignalsTest, OneThatWasIgnoredStaysIgnored) {

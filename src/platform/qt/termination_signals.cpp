@@ -2,6 +2,7 @@
 
 #include "platform/qt/private_descriptors.h"
 
+#include <sys/time.h>
 #include <unistd.h>
 
 #include <QSocketNotifier>
@@ -9,6 +10,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <utility>
 
 namespace glidemap {
@@ -22,8 +24,29 @@ constexpr std::array<int, 3> endings{SIGTERM, SIGINT, SIGHUP};
 std::atomic<int> wordEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
+// How long the end may take, in milliseconds; 0 is no limit.
+std::atomic<long> endLimit = 0;
+static_assert(std::atomic<long>::is_always_lock_free);
+
+void endNow(int /*signal*/) {
+    _exit(EXIT_SUCCESS);
+}
+
+// A timer of the kernel's: it also ends a program whose threads all wait.
+void startEndLimit() {
+    const long milliseconds = endLimit;
+    if (milliseconds > 0) {
+        itimerval timer = {};
+        timer.it_value.tv_sec = milliseconds / 1000;
+        timer.it_value.tv_usec =
+            static_cast<decltype(timer.it_value.tv_usec)>(milliseconds % 1000 * 1000);
+        setitimer(ITIMER_REAL, &timer, nullptr);
+    }
+}
+
 void leaveWord(int /*signal*/) {
     const int before = errno;
+    startEndLimit();
     const char word = 0;
     [[maybe_unused]] const auto written = write(wordEnd, &word, 1);
     errno = before;
@@ -49,8 +72,15 @@ struct TerminationSignals::State {
     std::unique_ptr<QSocketNotifier> notifier;
 };
 
-TerminationSignals::TerminationSignals(std::function<void()> asked)
+TerminationSignals::TerminationSignals(std::function<void()> asked,
+                                       std::optional<Milliseconds> limit)
     : state(std::make_unique<State>()) {
+    if (limit) {
+        struct sigaction action = {};
+        action.sa_handler = endNow;
+        sigaction(SIGALRM, &action, nullptr);
+        endLimit = static_cast<long>(limit->count());
+    }
     if (!makePipe(state->pipeEnds)) {
         return;
     }
@@ -78,6 +108,10 @@ TerminationSignals::~TerminationSignals() {
     wordEnd = -1;
     close(state->pipeEnds[0]);
     close(state->pipeEnds[1]);
+}
+
+void TerminationSignals::limitEnd() const {
+    startEndLimit();
 }
 
 } // namespace glidemap

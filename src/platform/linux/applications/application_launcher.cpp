@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 #include "platform/linux/applications/process_launch.h"
+#include "platform/linux/applications/shared_bus.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
@@ -94,18 +95,10 @@ void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
         startProcess(launch->entry);
 }
 
-void busFound(GObject* /*source*/, GAsyncResult* result, gpointer data) {
-    std::unique_ptr<Launch> launch(static_cast<Launch*>(data));
-    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
-    if (bus != nullptr) // the session's end is for the program to notice, not for GIO
-        g_dbus_connection_set_exit_on_close(bus, FALSE);
-    launchOn(bus, std::move(launch));
-    if (bus != nullptr)
-        g_object_unref(bus);
-}
-
 void begin(GDesktopAppInfo* entry, const std::string& url) {
-    g_bus_get(G_BUS_TYPE_SESSION, nullptr, busFound, new Launch(entry, url));
+    const auto launch =
+        std::make_shared<std::unique_ptr<Launch>>(std::make_unique<Launch>(entry, url));
+    withSharedBus([launch](GDBusConnection* bus) { launchOn(bus, std::move(*launch)); });
 }
 
 } // namespace

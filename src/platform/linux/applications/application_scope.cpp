@@ -1,8 +1,8 @@
 #include "platform/linux/applications/application_scope.h"
 
-#include <gio/gio.h>
+#include "platform/linux/applications/shared_bus.h"
 
-#include <memory>
+#include <gio/gio.h>
 
 namespace glidemap {
 
@@ -49,17 +49,13 @@ void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
         g_variant_unref(answer);
 }
 
-void busFound(GObject* /*source*/, GAsyncResult* result, gpointer data) {
-    const std::unique_ptr<Move> move(static_cast<Move*>(data));
-    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
+void askFor(const Move& move, GDBusConnection* bus) {
     if (bus == nullptr)
         return;
-    g_dbus_connection_set_exit_on_close(bus, FALSE);
     g_dbus_connection_call(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
                            "org.freedesktop.systemd1.Manager", "StartTransientUnit",
-                           startTransientUnit(*move), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
+                           startTransientUnit(move), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
                            nullptr, answered, nullptr);
-    g_object_unref(bus);
 }
 
 } // namespace
@@ -72,8 +68,9 @@ std::string scopeName(std::string_view identifier, pid_t process) {
 }
 
 void moveIntoScope(std::string_view identifier, pid_t process) {
-    g_bus_get(G_BUS_TYPE_SESSION, nullptr, busFound,
-              new Move{scopeName(identifier, process), process});
+    withSharedBus([move = Move{scopeName(identifier, process), process}](GDBusConnection* bus) {
+        askFor(move, bus);
+    });
 }
 
 } // namespace glidemap

@@ -12,6 +12,7 @@
 #include "platform/linux/shell/display.h"
 #include "platform/linux/shell/linux_application_shell.h"
 #include "platform/linux/status_bar/linux_status_bar.h"
+#include "platform/linux/status_bar/toolkit_bus.h"
 #include "platform/linux/touch_driver_platform.h"
 #include "platform/linux/windows/desktop_thread.h"
 #include "platform/qt/qt_user_defaults.h"
@@ -119,10 +120,12 @@ std::string Home::diagnosis(const std::string& version) {
 }
 
 std::function<void()> Home::begin() {
+    const auto bus = std::make_shared<ToolkitBus>(); // before other threads read the environment
     keepStillForReaders();
     const auto fonts = std::make_shared<FontReading>();
-    return [fonts] {
+    return [bus, fonts] {
         fonts->finish();
+        bus->finish();
     };
 }
 

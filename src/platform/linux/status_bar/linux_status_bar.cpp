@@ -6,15 +6,18 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
-#include <QDBusReply>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
+#include <QObject>
 #include <QTimer>
 #include <cstdlib>
 #include <functional>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -26,7 +29,9 @@ namespace {
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // its interface, too
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
-constexpr int patience = 1000; // milliseconds
+// Milliseconds. A watcher that responds later than this is still found then.
+constexpr int patience = 1000;
+constexpr int noTimeout = std::numeric_limits<int>::max();
 
 struct Free {
     void operator()(void* reply) const { std::free(reply); }
@@ -44,36 +49,74 @@ xcb_atom_t atom(xcb_connection_t* connection, const std::string& name) {
 
 // Items register with a watcher, and a host shows them. A watcher may come before its host, which
 // shows nothing yet: a toolkit that looks for a tray then finds none, and does not look again.
+//
+// The watcher is asked without waiting. The toolkit waits for it, so a watcher that does not respond
+// counts as missing until it does.
 class LinuxStatusBar::BusTray {
 public:
-    explicit BusTray(const std::function<void()>& appeared)
-        : watcher(watcherName, QDBusConnection::sessionBus(),
-                  QDBusServiceWatcher::WatchForRegistration) {
-        QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &watcher, appeared);
+    explicit BusTray(std::function<void()> notify)
+        : changed(std::move(notify)), watcher(watcherName, QDBusConnection::sessionBus(),
+                                              QDBusServiceWatcher::WatchForOwnerChange) {
+        QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &watcher,
+                         [this] { ask(); });
+        QObject::connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, &watcher,
+                         [this] { become(State::missing); });
         hostHasCome.setSingleShot(true);
-        QObject::connect(&hostHasCome, &QTimer::timeout, &hostHasCome, appeared);
+        QObject::connect(&hostHasCome, &QTimer::timeout, &hostHasCome, [this] { ask(); });
         watcher.connection().connect(watcherName, watcherPath, watcherName,
                                      "StatusNotifierHostRegistered", &hostHasCome, SLOT(start()));
+        patienceEnds.setSingleShot(true);
+        QObject::connect(&patienceEnds, &QTimer::timeout, &patienceEnds,
+                         [this] { become(State::missing); });
+        ask();
     }
 
-    bool isThere() const {
-        const auto* bus = watcher.connection().interface();
-        return bus != nullptr && bus->isServiceRegistered(watcherName) && !isWithoutHost();
-    }
+    bool isThere() const { return state == State::there; }
+    bool isUnknown() const { return state == State::unknown; }
 
 private:
-    // A watcher that does not answer in time is left to the toolkit, which asks it, too.
-    bool isWithoutHost() const {
+    enum class State { unknown, missing, there };
+
+    void ask() {
         auto question = QDBusMessage::createMethodCall(watcherName, watcherPath,
                                                        "org.freedesktop.DBus.Properties", "Get");
         question << watcherName << "IsStatusNotifierHostRegistered";
-        const QDBusReply<QDBusVariant> answer =
-            watcher.connection().call(question, QDBus::Block, patience);
-        return answer.isValid() && !answer.value().variant().toBool();
+        question.setAutoStartService(false);
+        reply = std::make_unique<QDBusPendingCallWatcher>(
+            watcher.connection().asyncCall(question, noTimeout));
+        QObject::connect(reply.get(), &QDBusPendingCallWatcher::finished, reply.get(),
+                         [this] { become(answered()); });
+        if (state == State::unknown) {
+            patienceEnds.start(patience);
+        }
     }
 
+    // A watcher that cannot tell of its host is left to the toolkit.
+    State answered() const {
+        const QDBusPendingReply<QDBusVariant> answer = *reply;
+        if (!answer.isError()) {
+            return answer.value().variant().toBool() ? State::there : State::missing;
+        }
+        const QDBusError::ErrorType type = answer.error().type();
+        const bool isMissing = type == QDBusError::ServiceUnknown || type == QDBusError::NoReply ||
+                               type == QDBusError::Disconnected ||
+                               answer.error().name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
+        return isMissing ? State::missing : State::there;
+    }
+
+    void become(State now) {
+        patienceEnds.stop();
+        if (std::exchange(state, now) != now) {
+            changed();
+        }
+    }
+
+    const std::function<void()> changed;
+    State state = State::unknown;
     QDBusServiceWatcher watcher;
     QTimer hostHasCome; // at once: signals of the bus reach named slots only
+    QTimer patienceEnds;
+    std::unique_ptr<QDBusPendingCallWatcher> reply;
 };
 
 // A tray owns a selection, and tells every client of the root window when it has just got it. The
@@ -118,10 +161,14 @@ private:
     const xcb_atom_t selection;
 };
 
-// Most of what the connection takes is waiting for the bus, and there is enough to do meanwhile.
+// The connection waits for the bus, which nothing here does.
 LinuxStatusBar::LinuxStatusBar()
-    : connectsToBus(std::async(std::launch::async | std::launch::deferred,
-                               [] { QDBusConnection::sessionBus(); })) {
+    : context(std::make_unique<QObject>()),
+      connecting(std::async(std::launch::async, [this, receiver = context.get()] {
+          QDBusConnection::sessionBus();
+          QMetaObject::invokeMethod(
+              receiver, [this] { connected(); }, Qt::QueuedConnection);
+      })) {
     if (xcb_connection_t* connection = x11Connection()) {
         onX11 = std::make_unique<X11Tray>(connection, [this] { observers.announceDidChange(); });
     }
@@ -129,16 +176,16 @@ LinuxStatusBar::LinuxStatusBar()
 
 LinuxStatusBar::~LinuxStatusBar() = default;
 
-LinuxStatusBar::BusTray& LinuxStatusBar::busTray() {
-    if (onBus == nullptr) {
-        connectsToBus.get();
-        onBus = std::make_unique<BusTray>([this] { observers.announceDidChange(); });
-    }
-    return *onBus;
+void LinuxStatusBar::connected() {
+    onBus = std::make_unique<BusTray>([this] { observers.announceDidChange(); });
 }
 
+// A bar on the bus comes first, so there is none while it is not known.
 StatusBar::Kind LinuxStatusBar::kind() {
-    if (busTray().isThere()) {
+    if (onBus == nullptr || onBus->isUnknown()) {
+        return Kind::none;
+    }
+    if (onBus->isThere()) {
         return Kind::drawsItself;
     }
     return onX11 != nullptr && onX11->isThere() ? Kind::embeds : Kind::none;

@@ -1,8 +1,11 @@
 #include "platform/linux/windows/desktop_bus.h"
 
+#include "platform/linux/windows/bus_probe.h"
+
 #include <gio/gio.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <sstream>
 #include <utility>
@@ -13,6 +16,9 @@ namespace {
 
 constexpr int noTimeout = G_MAXINT;
 constexpr int busTimeout = 5000; // milliseconds; the bus itself answers in less than one
+
+// A working bus responds within a millisecond, at a busy login perhaps within some hundred.
+constexpr std::chrono::milliseconds silentBusPatience{3000};
 
 struct NameWatch {
     std::function<void(const std::string&)> appeared;
@@ -67,7 +73,8 @@ bool isUnknownOnTheBus(const GError& error) {
 
 std::unique_ptr<DesktopBus> DesktopBus::open() {
     char* const address = g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
-    if (address == nullptr) {
+    if (address == nullptr || !busResponds(address, silentBusPatience)) {
+        g_free(address);
         return nullptr;
     }
     constexpr auto asClient =

@@ -30,7 +30,7 @@ bool isUnknownOnTheBus(const GError& error);
 
 class DesktopBus {
 public:
-    // None if there is no bus.
+    // Null if there is no bus, or if it accepts connections and does not respond for some seconds.
     static std::unique_ptr<DesktopBus> open();
 
     explicit DesktopBus(GDBusConnection* opened);

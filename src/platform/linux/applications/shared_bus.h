@@ -1,0 +1,19 @@
+// The session bus connection that GIO shares within the process, for launching.
+//
+// Thread:  a thread that runs its default GLib context, which calls `then`.
+// Errors:  null if there is no bus, or if it has not responded within a second.
+#pragma once
+
+#include <chrono>
+#include <functional>
+
+using GDBusConnection = struct _GDBusConnection;
+
+namespace glidemap {
+
+inline constexpr std::chrono::milliseconds sharedBusPatience{1000};
+
+// The connection is valid during the call.
+void withSharedBus(std::function<void(GDBusConnection* bus)> then);
+
+} // namespace glidemap

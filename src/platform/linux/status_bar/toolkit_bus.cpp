@@ -1,0 +1,42 @@
+#include "platform/linux/status_bar/toolkit_bus.h"
+
+#include "platform/linux/session/bus_address.h"
+#include "platform/linux/windows/bus_probe.h"
+
+#include <QDBusConnection>
+#include <cstdlib>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
+
+// An address that refuses at once.
+constexpr const char* noBus = "unix:path=/dev/null";
+
+} // namespace
+
+ToolkitBus::ToolkitBus() {
+    const auto bus = busAddress(Bus::session);
+    silent = bus && !busResponds(*bus, patience);
+    if (silent) {
+        const char* const value = std::getenv(variable);
+        address = value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+        setenv(variable, noBus, 1);
+    }
+}
+
+void ToolkitBus::finish() const {
+    if (!silent) {
+        return;
+    }
+    QDBusConnection::sessionBus(); // fails, and the toolkit does not try again
+    if (address) {
+        setenv(variable, address->c_str(), 1);
+    } else {
+        unsetenv(variable);
+    }
+}
+
+} // namespace glidemap
