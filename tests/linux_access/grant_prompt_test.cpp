@@ -1,5 +1,6 @@
 // The prompt with doubles of pkexec: small shell scripts.
 #include "kit/patience.h"
+#include "kit/temporary_folder.h"
 #include "platform/linux/access/grant_prompt.h"
 
 #include <fcntl.h>
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <future>
 #include <memory>
@@ -21,6 +23,8 @@
 
 namespace glidemap {
 namespace {
+
+namespace fs = std::filesystem;
 
 std::vector<std::string> shell(const std::string& script) {
     return {"/bin/sh", "-c", script};
@@ -75,14 +79,65 @@ private:
     std::array<int, 2> ends{};
 };
 
-TEST(GrantPromptTest, TheCommandIsPkexecWithTheProgramBesideThisOne) {
-    const auto command = grantAccessCommand();
-    ASSERT_EQ(command.size(), 2U);
-    EXPECT_EQ(command[0], "/usr/bin/pkexec");
-    const auto program = std::filesystem::read_symlink("/proc/self/exe");
-    EXPECT_EQ(command[1], program.parent_path().parent_path().string() +
-                              "/libexec/glidemap/glidemap-grant-access");
-    EXPECT_EQ(access(command[1].c_str(), X_OK), 0);
+// A per-user installation, in a folder that other users can write as well.
+class OwnInstallation {
+public:
+    OwnInstallation() {
+        folder.write("bin/glidemap", "");
+        folder.write("libexec/glidemap/glidemap-grant-access", "");
+    }
+
+    fs::path program() const { return folder.path() / "bin/glidemap"; }
+    fs::path grantAccess() const {
+        return folder.path() / "libexec/glidemap/glidemap-grant-access";
+    }
+
+private:
+    test::TemporaryFolder folder;
+};
+
+TEST(GrantPromptTest, RootIsNeverGivenAFileOfThisUser) {
+    const OwnInstallation own;
+    const auto command = grantAccessCommand(own.program());
+    EXPECT_TRUE(command.empty() || command[1].starts_with("/usr/")) << command[1];
+    EXPECT_FALSE(isOnlyRoots(own.grantAccess()));
+}
+
+TEST(GrantPromptTest, AFileOfTheSystemIsRoots) {
+    EXPECT_TRUE(isOnlyRoots(fs::canonical("/bin/sh")));
+    EXPECT_TRUE(isOnlyRoots("/"));
+    EXPECT_FALSE(isOnlyRoots("/tmp"));
+    EXPECT_FALSE(isOnlyRoots("/nowhere/at/all"));
+}
+
+TEST(GrantPromptTest, AFileBelowAFolderOfAnotherUserIsNotRoots) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root may give files away";
+    }
+    const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
+    fs::create_directories(folder / "libexec");
+    const fs::path file = folder / "libexec/file";
+    std::ofstream(file) << "";
+    EXPECT_TRUE(isOnlyRoots(file));
+    fs::permissions(file, fs::perms::all);
+    EXPECT_FALSE(isOnlyRoots(file));
+    fs::permissions(file, fs::perms::owner_all);
+    EXPECT_EQ(chown(folder.c_str(), 65534, 65534), 0);
+    EXPECT_FALSE(isOnlyRoots(file));
+    fs::remove_all(folder);
+}
+
+TEST(GrantPromptTest, AnInstallationOfRootsHasItsOwnProgramRun) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only root may install for all";
+    }
+    const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
+    fs::create_directories(folder / "libexec/glidemap");
+    const fs::path file = folder / "libexec/glidemap/glidemap-grant-access";
+    std::ofstream(file) << "";
+    EXPECT_EQ(grantAccessCommand(folder / "bin/glidemap"),
+              (std::vector<std::string>{"/usr/bin/pkexec", file}));
+    fs::remove_all(folder);
 }
 
 TEST(GrantPromptTest, TheCommandRunsWithItsArguments) {

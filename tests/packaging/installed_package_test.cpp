@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -163,10 +164,34 @@ TEST(InstalledPackage, LeavesNothingBehindWhenItIsRemoved) {
     EXPECT_FALSE(isForTheSeat(uinput));
 }
 
+bool hasAccessList(const fs::path& node) {
+    return getxattr(node.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+}
+
+// logind is not here, so the lists that it hands out are made by hand.
+TEST(InstalledPackage, TakesHandedOutAccessBackAtOnceWhenItIsRemoved) {
+    if (!fs::exists("/usr/bin/setfacl")) {
+        GTEST_SKIP() << "setfacl is not installed";
+    }
+    needInstallation();
+    const VirtualPad pad(ordinaryPad());
+    for (const fs::path& node : {pad.node(), fs::path(uinput)}) {
+        const std::string command = "setfacl --modify user:65534:rw " + node.string();
+        ASSERT_EQ(std::system(command.c_str()), 0) << command;
+        ASSERT_TRUE(hasAccessList(node)) << node;
+    }
+    dpkg("--remove glidemap");
+    EXPECT_FALSE(hasAccessList(pad.node()));
+    EXPECT_FALSE(hasAccessList(uinput));
+}
+
 TEST(InstalledPackage, TakesBackWhatWasGrantedByHandWhenItIsPurged) {
     needInstallation();
-    Process grant({"/usr/libexec/glidemap/glidemap-grant-access"});
-    EXPECT_EQ(grant.waitForEnd(), 0) << grant.errors();
+    for (const char* file :
+         {"/etc/udev/rules.d/70-glidemap.rules", "/etc/modules-load.d/glidemap.conf"}) {
+        fs::create_directories(fs::path(file).parent_path());
+        std::ofstream(file) << "# granted before the package came\n";
+    }
     dpkg("--remove glidemap");
     EXPECT_TRUE(fs::exists("/etc/udev/rules.d/70-glidemap.rules"));
     dpkg("--purge glidemap");

@@ -23,6 +23,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace glidemap::vm {
 namespace {
@@ -234,6 +235,50 @@ TEST_F(GrantAccessTest, AnOlderVersionsRulesAreReplaced) {
     std::ofstream(rulesFile) << "# something else\n";
     ASSERT_EQ(grantAccess().status, 0);
     EXPECT_EQ(contentsOf(rulesFile), contentsOf(GLIDEMAP_RULES));
+}
+
+// A rule as the package brings it.
+class PackageRule {
+public:
+    PackageRule() {
+        fs::create_directories(file.parent_path());
+        fs::copy_file(GLIDEMAP_RULES, file, fs::copy_options::overwrite_existing);
+    }
+    PackageRule(const PackageRule&) = delete;
+    PackageRule& operator=(const PackageRule&) = delete;
+    ~PackageRule() { fs::remove(file); }
+
+private:
+    const fs::path file = "/usr/lib/udev/rules.d/70-glidemap.rules";
+};
+
+TEST_F(GrantAccessTest, WhereThePackagesRuleIsItIsAppliedAndNothingIsInstalled) {
+    const VirtualPad pad(ordinaryPad());
+    const PackageRule rule;
+    EXPECT_FALSE(isTaggedForTheSeat(pad.node()));
+    const Outcome outcome = grantAccess();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_FALSE(fs::exists(rulesFile));
+    EXPECT_FALSE(fs::exists(modulesFile));
+    EXPECT_TRUE(isTaggedForTheSeat(pad.node()));
+    EXPECT_TRUE(isTaggedForTheSeat(uinput));
+}
+
+TEST_F(GrantAccessTest, EightAtOnceTakeTurnsAndSucceed) {
+    const VirtualPad pad(ordinaryPad());
+    std::vector<std::unique_ptr<Process>> programs;
+    for (int count = 0; count < 8; ++count) {
+        programs.push_back(
+            std::make_unique<Process>(std::vector<std::string>{GLIDEMAP_GRANT_ACCESS}));
+    }
+    for (const auto& program : programs) {
+        EXPECT_EQ(program->waitForEnd(), 0);
+        EXPECT_EQ(program->errors(), "");
+    }
+    EXPECT_TRUE(isTaggedForTheSeat(pad.node()));
+    EXPECT_EQ(contentsOf(rulesFile), contentsOf(GLIDEMAP_RULES));
+    EXPECT_EQ(filesIn(rulesFolder), 1);
 }
 
 TEST_F(GrantAccessTest, OnlyRootMay) {

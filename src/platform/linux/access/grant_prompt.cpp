@@ -5,12 +5,14 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -60,6 +62,14 @@ pid_t spawn(const std::vector<std::string>& command) {
     return error == 0 ? process : -1;
 }
 
+// The owner could change the rights, so it must be root. Root itself may write everywhere.
+bool isOnlyRootsItself(const std::filesystem::path& file) {
+    struct stat status {};
+    return stat(file.c_str(), &status) == 0 && status.st_uid == 0 &&
+           (status.st_mode & S_IWOTH) == 0 &&
+           (geteuid() == 0 || faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0);
+}
+
 void waitFor(pid_t process) {
     while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
     }
@@ -67,10 +77,34 @@ void waitFor(pid_t process) {
 
 } // namespace
 
+std::vector<std::string> grantAccessCommand(const std::filesystem::path& program) {
+    const auto grantAccess = [](const std::filesystem::path& installation) {
+        return installation / "libexec" / "glidemap" / "glidemap-grant-access";
+    };
+    const auto ownInstallation = program.parent_path().parent_path();
+    for (const std::filesystem::path& installation :
+         {ownInstallation, std::filesystem::path("/usr"), std::filesystem::path("/usr/local")}) {
+        std::error_code error;
+        const auto file = std::filesystem::canonical(grantAccess(installation), error);
+        if (!error && isOnlyRoots(file)) {
+            return {pkexec, file};
+        }
+    }
+    return {};
+}
+
 std::vector<std::string> grantAccessCommand() {
-    const std::filesystem::path program = programFile();
-    const auto installation = program.parent_path().parent_path();
-    return {pkexec, installation / "libexec" / "glidemap" / "glidemap-grant-access"};
+    return grantAccessCommand(programFile());
+}
+
+bool isOnlyRoots(std::filesystem::path file) {
+    while (isOnlyRootsItself(file)) {
+        if (file == file.root_path()) {
+            return true;
+        }
+        file = file.parent_path();
+    }
+    return false;
 }
 
 bool startGrantPrompt(const std::vector<std::string>& command, std::function<void()> finished) {

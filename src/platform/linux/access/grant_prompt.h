@@ -6,15 +6,22 @@
 // Errors:  silent: what cannot be asked is not granted.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace glidemap {
 
-// pkexec with the program that grants access, which is found beside this one, in
-// ../libexec/glidemap.
+// pkexec with the program that grants access. It is the one of the program's own installation, in
+// ../libexec/glidemap, or of one below /usr. Root must never run a file that this user can write, so an
+// installation in the user's own folders is passed over. Empty if there is no other.
 std::vector<std::string> grantAccessCommand();
+std::vector<std::string> grantAccessCommand(const std::filesystem::path& program);
+
+// Whether the file, and each folder above it, belongs to root and cannot be written by this user. The
+// path is absolute and has no links.
+bool isOnlyRoots(std::filesystem::path file);
 
 // False if the command could not be started; `finished` is not called then.
 bool startGrantPrompt(const std::vector<std::string>& command, std::function<void()> finished = {});
