@@ -33,7 +33,7 @@ constexpr const char* applicationID = "org.glidemap.Glidemap";
 
 // Services of the desktop that do not respond keep the program from ending for no longer than this.
 // Desktops and users wait some seconds before they kill a program.
-constexpr std::chrono::milliseconds endLimit{1800};
+constexpr std::chrono::milliseconds endLimit{1500};
 
 // Of the arguments: the options are none of the toolkit's.
 constexpr int onlyTheName = 1;

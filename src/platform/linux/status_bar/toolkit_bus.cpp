@@ -24,6 +24,7 @@ ToolkitBus::ToolkitBus() {
         const char* const value = std::getenv(variable);
         address = value != nullptr ? std::optional<std::string>(value) : std::nullopt;
         setenv(variable, noBus, 1);
+        useFilesWithoutBus();
     }
 }
 

@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <string_view>
 
@@ -115,6 +116,17 @@ bool busResponds(const std::string& address, std::chrono::milliseconds patience)
     const std::string first = address.substr(0, address.find(';'));
     const auto name = socketNameIn(first);
     return !name || respondsAt(*name, patience);
+}
+
+// GIO chooses once. Launched programs must not inherit the choice.
+void useFilesWithoutBus() {
+    constexpr const char* variable = "GIO_USE_VFS";
+    if (std::getenv(variable) != nullptr) {
+        return;
+    }
+    setenv(variable, "local", 1);
+    g_vfs_get_default();
+    unsetenv(variable);
 }
 
 } // namespace glidemap

@@ -14,4 +14,9 @@ namespace glidemap {
 // unix:path and unix:abstract counts as responding, since only the libraries can connect to it.
 bool busResponds(const std::string& address, std::chrono::milliseconds patience);
 
+// Has GIO open files of this machine only, for the rest of the process. Otherwise its file functions
+// connect to the session bus where gvfs is installed, and wait for it for ever. To be called before
+// other threads use GIO or read the environment.
+void useFilesWithoutBus();
+
 } // namespace glidemap
