@@ -96,7 +96,7 @@ void BindingStore::save() {
         const std::filesystem::path file = location();
         _saveFailure = writeAtomically(file, encodeBindings(_bindings.get()->list()));
         if (_saveFailure) {
-            logLine("bindings", "saving ", file.native(), " failed: ", _saveFailure.message());
+            logLine("bindings", "saving failed: ", file.native(), ": ", _saveFailure.message());
         } else {
             logLine("bindings", "saved ", file.native());
         }
