@@ -4,6 +4,7 @@
 // Runs inside the test kernel (docs/performance.md). The touchpad is grabbed and cloned, and has
 // been touched and clicked before, so that every thread there will ever be is there.
 #include "agent_session.h"
+#include "device_reader.h"
 #include "input_devices.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
@@ -25,8 +26,12 @@ int run(double seconds) {
     vm::VirtualPad pad(vm::ordinaryPad());
     vm::Agent agent;
     const auto clone = vm::waitForNode(pad.shape().name, pad.node());
-    vm::PadHand(pad).tap(2).pause(1).click(2).pause(2);
-    if (!clone || !agent.waitForLog("twoFingerTap") || !agent.waitForLog("twoFingerClick")) {
+    if (!clone) {
+        return 2;
+    }
+    const vm::DeviceReader desktop(*clone); // without which the touchpad is not taken
+    vm::PadHand(pad).pause(1).tap(2).pause(1).click(2).pause(2);
+    if (!agent.waitForLog("twoFingerTap") || !agent.waitForLog("twoFingerClick")) {
         return 2;
     }
     const long woken = wakeUpsDuring(agent.id(), seconds, std::cout);

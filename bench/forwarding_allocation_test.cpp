@@ -4,8 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <condition_variable>
 #include <cstdint>
 #include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
 
 namespace glidemap::bench {
 
@@ -13,6 +18,7 @@ namespace {
 
 class SilentClone : public PadClone {
 public:
+    std::string place() const override { return "clone"; }
     bool write(std::span<const InputEvent> frame) override {
         written += frame.size();
         return true;
@@ -31,13 +37,31 @@ public:
     Read next(InputEvent& /*event*/) override { return Read::nothing; }
     bool hasButtons() const override { return true; }
     std::optional<double> grab() override { return 0; }
-    void ungrab() override {}
+    double ungrab() override { return 0; }
     std::unique_ptr<PadClone> makeClone() override { return std::make_unique<SilentClone>(); }
 
     static constexpr std::int32_t slots = 10;
 
 private:
     PadDescription pad;
+};
+
+// By which every clone is known at once.
+class SilentWatch : public CloneWatch {
+public:
+    std::array<int, 2> descriptors() const override { return {-1, -1}; }
+    void acknowledge() override {}
+    CloneStanding standing(const PadClone& /*clone*/) const override { return {true, true, true}; }
+};
+
+class MovableTime : public WatchdogTime {
+public:
+    Moment now() const override { return current; }
+    void wait(std::condition_variable& condition, std::unique_lock<std::mutex>& lock,
+              std::optional<Moment> /*until*/) override {
+        condition.wait(lock);
+    }
+    Moment current{};
 };
 
 // Ten fingers land, move, click and leave.
@@ -61,12 +85,16 @@ void touch(PadInterception& interception, std::int32_t round) {
 }
 
 TEST(Forwarding, AllocatesNothingForAFrame) {
-    ClickInterception clicks(steadyWatchdogTime(), [] {});
+    MovableTime time;
+    ClickInterception clicks(
+        time, [] {}, [] { return std::make_unique<SilentWatch>(); });
     clicks.setFilter([](void*, driver::Device, std::int32_t, std::int32_t) { return true; },
                      nullptr);
     clicks.switchOn(true);
     SilentPad pad;
     PadInterception interception(nullptr, pad, clicks);
+    interception.settle();
+    time.current += CloneIntroduction::graceOfReader;
     interception.settle();
     touch(interception, 0);
 

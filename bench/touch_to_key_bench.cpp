@@ -25,6 +25,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 namespace glidemap::bench {
 
@@ -62,10 +63,16 @@ private:
     Samples samples;
 };
 
-void measureTaps(benchmark::State& state) {
+enum class Clone { none, read };
+
+void measureTaps(benchmark::State& state, Clone clone) {
     VirtualPad pad(vm::ordinaryPad());
     const Agent agent;
     DeviceReader keyboard(vm::waitForNode("Glidemap Keyboard").value_or("/dev/null"));
+    std::optional<DeviceReader> desktop; // without which the touchpad is not taken
+    if (clone == Clone::read) {
+        desktop.emplace(vm::waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
+    }
     PadHand hand(pad);
     Measurement measurement(state);
     for ([[maybe_unused]] auto _ : state) {
@@ -84,14 +91,14 @@ void measureTaps(benchmark::State& state) {
 void touchToKey(benchmark::State& state) {
     const AgentHome home;
     home.writeBindings({vm::bindingJson("twoFingerTap", vm::shortcutJson(17, 0))});
-    measureTaps(state);
+    measureTaps(state, Clone::none);
 }
 
 void touchToKeyThroughClone(benchmark::State& state) {
     const AgentHome home;
     home.writeBindings({vm::bindingJson("twoFingerTap", vm::shortcutJson(17, 0)),
                         vm::bindingJson("threeFingerClick", vm::shortcutJson(17, 0))});
-    measureTaps(state);
+    measureTaps(state, Clone::read);
 }
 
 // Another reader of the touchpad, set up to tap.

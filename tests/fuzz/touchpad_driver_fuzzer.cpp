@@ -30,6 +30,7 @@
 #include <mutex>
 #include <span>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -422,12 +423,18 @@ private:
             driver->start(device);
             isStarted = true;
         }
-        kernel.send({{clock, EV_SYN, SYN_REPORT, 0}});
-        require(stream()->waitUntilDrained(), "the driver reads the touchpad");
-        driver->name(device); // which waits for the reader's lock
+        drain();
+        time.advance(CloneIntroduction::graceOfReader); // in which a new clone becomes known
+        drain();
         if (!isStarted) {
             settle(); // a callback has stopped it
         }
+    }
+
+    void drain() {
+        kernel.send({{clock, EV_SYN, SYN_REPORT, 0}});
+        require(stream()->waitUntilDrained(), "the driver reads the touchpad");
+        driver->name(device); // which waits for the reader's lock
     }
 
     void check() {
@@ -540,10 +547,9 @@ private:
     // Returns when the watchdog has given the touchpad back.
     void stall() {
         const auto system = stream()->system();
-        if (system->isGrabbed()) {
-            require(time.waitUntilWaitingFor(ForwardingWatchdog::patience), "the watchdog watches");
-            time.advance(ForwardingWatchdog::patience);
-            require(system->waitUntilGrabbed(false), "the watchdog gives the touchpad back");
+        while (system->isGrabbed()) {
+            time.advance(ForwardingWatchdog::patience); // it may not have begun to wait
+            std::this_thread::yield();
         }
     }
 

@@ -40,8 +40,16 @@ using SwitchClickFilter = void (*)(bool on);
 // Whether this user could filter clicks at all: touchpads could be cloned.
 using CanFilterClicks = bool (*)();
 
+// Why the clicks of a touchpad are not filtered although the filter is on, as English text for a log;
+// null if nothing stands in the way. The text is never freed.
+using ClickFilterObstacle = const char* (*)(Device device);
+
+// The obstacle that goes away by itself, within two seconds.
+inline constexpr const char* cloneIsNew = "the system is getting to know the touchpad's clone";
+
 inline constexpr const char* setClickFilterSymbol = "GlidemapSetClickFilter";
 inline constexpr const char* switchClickFilterSymbol = "GlidemapSwitchClickFilter";
 inline constexpr const char* canFilterClicksSymbol = "GlidemapCanFilterClicks";
+inline constexpr const char* clickFilterObstacleSymbol = "GlidemapClickFilterObstacle";
 
 } // namespace glidemap::driver

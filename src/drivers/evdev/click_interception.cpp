@@ -4,8 +4,10 @@
 
 namespace glidemap {
 
-ClickInterception::ClickInterception(WatchdogTime& time, std::function<void()> wake)
-    : wakeReader(std::move(wake)), dog(time, wakeReader) {}
+ClickInterception::ClickInterception(WatchdogTime& itsTime, std::function<void()> wake,
+                                     MakeCloneWatch makeCloneWatch)
+    : time(itsTime), wakeReader(std::move(wake)), makeWatch(std::move(makeCloneWatch)),
+      dog(itsTime, wakeReader) {}
 
 void ClickInterception::setFilter(driver::FilterClick newFilter, void* newContext) {
     filter = newFilter;
@@ -24,6 +26,29 @@ void ClickInterception::switchOn(bool on) {
 bool ClickInterception::drops(driver::Device device, std::int32_t button, bool down) {
     const std::int32_t event = down ? driver::clickFilterButtonDown : driver::clickFilterButtonUp;
     return isWanted() && filter(context, device, event, button);
+}
+
+bool ClickInterception::beginIntroduction() {
+    if (introductions >= maxIntroductions) {
+        isAwaited = true;
+        return false;
+    }
+    ++introductions;
+    if (watch == nullptr) {
+        watch = makeWatch();
+    }
+    return true;
+}
+
+void ClickInterception::endIntroduction() {
+    --introductions;
+    if (introductions == 0) {
+        watch.reset();
+    }
+    if (std::exchange(isAwaited, false)) {
+        hasChanged = true;
+        wakeReader();
+    }
 }
 
 bool ClickInterception::noticeStall() {

@@ -1,5 +1,5 @@
 // What all touchpads' forwarding has in common: the filter that is asked about clicks, whether it
-// is on, and the watchdog.
+// is on, the watchdog, and the view of what the system makes of new clones.
 //
 // Thread:  under the driver's lock; drops() and noticeStall() on the reader's thread.
 // Owner:   TouchpadDriver.
@@ -8,18 +8,28 @@
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/forwarding_watchdog.h"
+#include "drivers/evdev/pad_directory.h"
+#include "drivers/evdev/watchdog_time.h"
 #include "input/touch_driver.h"
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace glidemap {
 
 class ClickInterception {
 public:
-    // `wakeReader` is called on any thread.
-    ClickInterception(WatchdogTime& time, std::function<void()> wakeReader);
+    using MakeCloneWatch = std::function<std::unique_ptr<CloneWatch>()>;
+    using Moment = WatchdogTime::Moment;
+
+    // So many clones are new at a time. udev takes them one by one, and each has two seconds.
+    static constexpr int maxIntroductions = 2;
+
+    // `wakeReader` is called on any thread, the other on the reader's.
+    ClickInterception(WatchdogTime& time, std::function<void()> wakeReader,
+                      MakeCloneWatch makeCloneWatch);
 
     void setFilter(driver::FilterClick newFilter, void* newContext);
     void switchOn(bool on);
@@ -40,10 +50,24 @@ public:
     // if there was none that has not been noticed.
     bool noticeStall();
 
+    // Takes up one of the introductions. False if there is none left: the touchpad is asked again
+    // when another one is over. To be called before the clone is made.
+    bool beginIntroduction();
+    void endIntroduction();
+
+    // Null while no clone is new.
+    CloneWatch* cloneWatch() const { return watch.get(); }
+
+    Moment now() const { return time.now(); }
     ForwardingWatchdog& watchdog() { return dog; }
 
 private:
+    WatchdogTime& time;
     const std::function<void()> wakeReader;
+    const MakeCloneWatch makeWatch;
+    int introductions = 0;
+    bool isAwaited = false; // the end of an introduction is
+    std::unique_ptr<CloneWatch> watch;
     driver::FilterClick filter = nullptr;
     void* context = nullptr;
     bool isOn = false;

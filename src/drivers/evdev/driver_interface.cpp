@@ -8,6 +8,7 @@
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
 #include "drivers/evdev/device_report.h"
+#include "drivers/evdev/stop_signals.h"
 #include "drivers/evdev/touchpad_driver.h"
 #include "drivers/evdev/udev_directory.h"
 #include "drivers/evdev/udev_report.h"
@@ -103,7 +104,16 @@ GLIDEMAP_EXPORT void GlidemapSetClickFilter(driver::FilterClick filter, void* co
 }
 
 GLIDEMAP_EXPORT void GlidemapSwitchClickFilter(bool on) {
-    withoutExceptions([&] { touchpads().switchClickFilter(on); });
+    withoutExceptions([&] {
+        if (on) {
+            watchStopSignals([] { touchpads().pause(); }, [] { touchpads().goOn(); });
+        }
+        touchpads().switchClickFilter(on);
+    });
+}
+
+GLIDEMAP_EXPORT const char* GlidemapClickFilterObstacle(driver::Device device) {
+    return touchpads().filterObstacle(device);
 }
 
 GLIDEMAP_EXPORT bool GlidemapCanFilterClicks() {

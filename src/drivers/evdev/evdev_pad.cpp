@@ -6,11 +6,17 @@
 #include <fcntl.h>
 #include <libevdev/libevdev.h>
 #include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <ctime>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -36,6 +42,30 @@ double monotonicNow() {
         .count();
 }
 
+// With the monotonic clock; none where either cannot be had.
+OpenFile openNode(const std::string& node, int access) {
+    OpenFile file(::open(node.c_str(), access | O_NONBLOCK | O_CLOEXEC));
+    // Before the first event is read: changing the clock throws away those that wait.
+    int clock = CLOCK_MONOTONIC;
+    if (file && ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
+        return OpenFile();
+    }
+    return file;
+}
+
+input_event kernelEvent(std::uint16_t type, std::uint16_t code, std::int32_t value) {
+    input_event event{};
+    event.type = type;
+    event.code = code;
+    event.value = value;
+    return event;
+}
+
+double timeOf(const input_event& event) {
+    return static_cast<double>(event.input_event_sec) +
+           static_cast<double>(event.input_event_usec) / 1e6;
+}
+
 } // namespace
 
 void EvdevPad::Free::operator()(libevdev* freed) const {
@@ -43,10 +73,8 @@ void EvdevPad::Free::operator()(libevdev* freed) const {
 }
 
 std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
-    OpenFile file(::open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    // Before the first event is read: changing the clock throws away those that wait.
-    int clock = CLOCK_MONOTONIC;
-    if (!file || ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
+    OpenFile file = openNode(node, O_RDONLY);
+    if (!file) {
         return nullptr;
     }
     Device device(libevdev_new());
@@ -58,11 +86,11 @@ std::unique_ptr<OpenPad> EvdevPad::open(const std::string& node) {
         libevdev_get_num_slots(device.get()) <= 0) {
         return nullptr;
     }
-    return std::unique_ptr<OpenPad>(new EvdevPad(std::move(file), std::move(device)));
+    return std::unique_ptr<OpenPad>(new EvdevPad(node, std::move(file), std::move(device)));
 }
 
-EvdevPad::EvdevPad(OpenFile opened, Device openDevice)
-    : file(std::move(opened)), device(std::move(openDevice)) {
+EvdevPad::EvdevPad(std::string itsNode, OpenFile opened, Device openDevice)
+    : node(std::move(itsNode)), file(std::move(opened)), device(std::move(openDevice)) {
     settle();
     describe();
     recallState();
@@ -148,9 +176,7 @@ OpenPad::Read EvdevPad::next(InputEvent& event) {
         if (lostEvents) {
             resynchronising = true; // the library now tells the difference that they made
         } else if (status == LIBEVDEV_READ_STATUS_SUCCESS || status == LIBEVDEV_READ_STATUS_SYNC) {
-            const double time = static_cast<double>(raw.input_event_sec) +
-                                static_cast<double>(raw.input_event_usec) / 1e6;
-            event = {time, raw.type, raw.code, raw.value};
+            event = {timeOf(raw), raw.type, raw.code, raw.value};
             return Read::event;
         } else if (status == -EAGAIN && resynchronising) {
             resynchronising = false;
@@ -166,15 +192,108 @@ bool EvdevPad::hasButtons() const {
            libevdev_has_event_code(device.get(), EV_KEY, BTN_RIGHT) != 0;
 }
 
+// The clock alone cannot tell what came just before the grab from what came just after it. So a
+// second reader of the touchpad is asked, which hears what every other program hears: the last that
+// it has heard was heard by all of them, and nothing that is later.
 std::optional<double> EvdevPad::grab() {
+    if (!witness) {
+        witness = openNode(node, O_RDWR);
+    }
+    if (!witness) {
+        witness = openNode(node, O_RDONLY);
+    }
+    lastHeardByWitness(); // until now
+    const double before = monotonicNow();
     if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
         return std::nullopt;
     }
-    return monotonicNow();
+    rememberKnowledgeOfOthers();
+    if (!witness) {
+        return monotonicNow();
+    }
+    const std::optional<double> last = lastHeardByWitness();
+    return last.has_value() ? std::nextafter(*last, std::numeric_limits<double>::max()) : before;
 }
 
-void EvdevPad::ungrab() {
+// Takes everything that it has heard.
+std::optional<double> EvdevPad::lastHeardByWitness() const {
+    std::optional<double> last;
+    std::array<input_event, 64> events{};
+    ssize_t size = 0;
+    while (witness && (size = ::read(witness.descriptor(), events.data(), sizeof events)) > 0) {
+        const std::size_t count = static_cast<std::size_t>(size) / sizeof(input_event);
+        last = timeOf(events[count - 1]);
+    }
+    return last;
+}
+
+// As the kernel has them now; nothing for an axis that the touchpad does not have.
+std::vector<std::int32_t> EvdevPad::slotValues(std::uint16_t code) const {
+    std::vector<std::int32_t> answer(static_cast<std::size_t>(pad.slotCount) + 1);
+    answer[0] = code;
+    const std::size_t size = answer.size() * sizeof answer[0];
+    if (libevdev_has_event_code(device.get(), EV_ABS, code) == 0 ||
+        ioctl(file.descriptor(), EVIOCGMTSLOTS(size), answer.data()) < 0) {
+        return {};
+    }
+    answer.erase(answer.begin());
+    return answer;
+}
+
+void EvdevPad::rememberKnowledgeOfOthers() {
+    knownToOthers.clear();
+    input_absinfo slot{};
+    if (ioctl(file.descriptor(), EVIOCGABS(ABS_MT_SLOT), &slot) != 0) {
+        return;
+    }
+    slotKnownToOthers = slot.value;
+    for (std::uint16_t code = PadState::firstSlotAxis; code <= PadState::lastSlotAxis; ++code) {
+        auto values = slotValues(code);
+        if (code != ABS_MT_TRACKING_ID && !values.empty()) {
+            knownToOthers.push_back({code, std::move(values)});
+        }
+    }
+}
+
+// Still grabbed, so that no other program hears of it. Fingers stay where they are: the next report
+// of each tells the others. Only a change within a slot makes it the one that is spoken of.
+void EvdevPad::restoreKnowledgeOfOthers() const {
+    const std::vector<std::int32_t> touches = slotValues(ABS_MT_TRACKING_ID);
+    const auto isFree = [&](std::int32_t slot) {
+        return slot >= 0 && slot < pad.slotCount && touches[static_cast<std::size_t>(slot)] < 0;
+    };
+    if (touches.empty() || !witness) {
+        return;
+    }
+    std::vector<input_event> events;
+    const auto saySlot = [&](std::int32_t slot) {
+        events.push_back(kernelEvent(EV_ABS, ABS_MT_SLOT, slot));
+        for (const SlotAxis& axis : knownToOthers) {
+            const std::int32_t value = axis.values[static_cast<std::size_t>(slot)];
+            events.push_back(kernelEvent(EV_ABS, axis.code, value));
+        }
+    };
+    for (std::int32_t slot = 0; slot < pad.slotCount; ++slot) {
+        if (isFree(slot)) {
+            saySlot(slot);
+        }
+    }
+    if (isFree(slotKnownToOthers)) {
+        events.push_back(kernelEvent(EV_ABS, ABS_MT_SLOT, slotKnownToOthers));
+        events.push_back(kernelEvent(EV_ABS, ABS_MT_POSITION_X, pad.x.minimum));
+        events.push_back(kernelEvent(EV_ABS, ABS_MT_POSITION_X, pad.x.maximum));
+        saySlot(slotKnownToOthers);
+    }
+    events.push_back(kernelEvent(EV_SYN, SYN_REPORT, 0));
+    [[maybe_unused]] const auto written =
+        ::write(witness.descriptor(), events.data(), events.size() * sizeof events[0]);
+}
+
+double EvdevPad::ungrab() {
+    restoreKnowledgeOfOthers();
+    const double before = monotonicNow();
     ioctl(file.descriptor(), EVIOCGRAB, 0);
+    return before;
 }
 
 std::unique_ptr<PadClone> EvdevPad::makeClone() {

@@ -2,6 +2,11 @@
 // keeps the state of the slots and finds out what happened when the kernel had to drop events. Its
 // grab and its clone take it out of the system's sight and stand in for it.
 //
+// The kernel reports only changes, and while the touchpad is grabbed other programs do not hear them.
+// Before it is given back, the kernel's values are therefore set to those that the other programs
+// know, by writing to the node. Where the user may not write, they may misread the first touch
+// afterwards.
+//
 // Units:   event times in seconds of the monotonic clock.
 // Thread:  one at a time.
 // Errors:  as values: no pad, or one that is gone.
@@ -11,6 +16,7 @@
 #include "drivers/evdev/pad_directory.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -30,7 +36,7 @@ public:
     Read next(InputEvent& event) override;
     bool hasButtons() const override;
     std::optional<double> grab() override;
-    void ungrab() override;
+    double ungrab() override;
     std::unique_ptr<PadClone> makeClone() override;
 
 private:
@@ -39,14 +45,28 @@ private:
     };
     using Device = std::unique_ptr<libevdev, Free>;
 
-    EvdevPad(OpenFile file, Device device);
+    EvdevPad(std::string node, OpenFile file, Device device);
+    std::optional<double> lastHeardByWitness() const;
+    void rememberKnowledgeOfOthers();
+    void restoreKnowledgeOfOthers() const;
+    std::vector<std::int32_t> slotValues(std::uint16_t code) const;
     void settle();
     void describe();
     void recallState();
     void recallSlot(int slot, double time);
     void recall(std::uint16_t type, std::uint16_t code, std::int32_t value, double time);
 
+    const std::string node;
     OpenFile file;
+    OpenFile witness; // hears what every other program hears; opened with the first grab
+
+    // What other programs know of the slots while the touchpad is grabbed: what it was then.
+    struct SlotAxis {
+        std::uint16_t code = 0;
+        std::vector<std::int32_t> values; // by slot
+    };
+    std::vector<SlotAxis> knownToOthers;
+    std::int32_t slotKnownToOthers = 0;
     Device device;
     PadDescription pad;
     bool resynchronising = false;

@@ -27,8 +27,12 @@ ForwardingWatchdog::~ForwardingWatchdog() {
 
 bool ForwardingWatchdog::hold(const Held& newlyHeld) {
     const std::lock_guard lock(mutex);
+    if (paused) {
+        return false;
+    }
     try {
         held.push_back(newlyHeld);
+        lastProgress = time.now(); // to take one is a step of the work
         if (!thread.joinable()) {
             thread = threadWithoutSignals([this] { run(); });
         }
@@ -75,9 +79,25 @@ void ForwardingWatchdog::setWatching(bool now) {
     }
 }
 
+void ForwardingWatchdog::pause() {
+    const std::lock_guard lock(mutex);
+    paused = true;
+    if (!held.empty()) {
+        giveBack();
+    }
+}
+
+void ForwardingWatchdog::goOn() {
+    {
+        const std::lock_guard lock(mutex);
+        paused = false;
+    }
+    onStall();
+}
+
 std::optional<driver::Device> ForwardingWatchdog::takeStall() {
     const std::lock_guard lock(mutex);
-    return std::exchange(stalled, std::nullopt);
+    return paused ? std::nullopt : std::exchange(stalled, std::nullopt);
 }
 
 void ForwardingWatchdog::run() {
@@ -107,9 +127,13 @@ void ForwardingWatchdog::giveBack() {
     stalled = held.front().device;
     for (const Held& each : held) {
         each.pad->ungrab();
+    }
+    for (const Held& each : held) {
         each.clone->destroy();
     }
-    logLine("touchpads", "given back ", held.size(), ": the program made no progress for a second");
+    logLine("touchpads", "given back ", held.size(),
+            paused ? ": the program is being stopped"
+                   : ": the program made no progress for a second");
     held.clear();
 }
 

@@ -62,7 +62,13 @@ public:
     // It waits for more. `touched`: a touchpad that it forwards is.
     void rest(bool touched);
 
-    // The device that was forwarded, if it came to a stall since this was last asked.
+    // The process is about to be stopped: gives everything back as after a stall, and holds nothing
+    // until it goes on. On any thread.
+    void pause();
+    void goOn();
+
+    // The device that was forwarded, if it came to a stall since this was last asked. None
+    // while paused.
     std::optional<driver::Device> takeStall();
 
 private:
@@ -80,6 +86,7 @@ private:
     bool working = false;
     bool watching = false;
     bool stopping = false;
+    bool paused = false;
     WatchdogTime::Moment lastProgress;
     std::optional<driver::Device> stalled;
     std::thread thread;

@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <utility>
@@ -40,13 +41,19 @@ PadInterception::~PadInterception() {
 void PadInterception::add(const InputEvent& event) {
     const bool says = event.type != EV_SYN && !(isFilteredButton(event) &&
                                                 source.isPressed(event.code) == (event.value != 0));
-    if (says && isForwarding()) {
+    if (says && (isForwarding() || givenBackAt.has_value())) {
         frame.push_back(event);
     }
     source.apply(event);
 }
 
 void PadInterception::endFrame(double time) {
+    if (givenBackAt.has_value() && time >= *givenBackAt) {
+        givenBackAt.reset();
+    } else if (givenBackAt.has_value() && !source.isNeutral()) {
+        takeAgainFor(time);
+        givenBackAt.reset();
+    }
     if (stillHoldsPad()) {
         const bool everybodySawIt = time < *grabbedAt;
         if (!everybodySawIt) {
@@ -66,9 +73,16 @@ void PadInterception::forwardFrame(double time) {
         return;
     }
     if (stillHoldsPad()) {
-        logLine("touchpads", "cannot write to the clone of ", pad.description().name);
-        giveBack();
-        failedAttempt = clicks.attempt();
+        abandonClone("the touchpad's clone cannot be written");
+    }
+}
+
+// It was touched in the moment in which it was given back, and no other program has heard of it. What
+// they hear of the touch before the touchpad is taken again has no beginning, and they ignore it.
+void PadInterception::takeAgainFor(double time) {
+    if (writer.has_value() && (isForwarding() || grab())) {
+        grabbedAt = time;
+        leaveAt.reset();
     }
 }
 
@@ -97,7 +111,7 @@ bool PadInterception::stillHoldsPad() {
         return true;
     }
     grabbedAt.reset();
-    writer.reset();
+    dropClone();
     clicks.noticeStall();
     return false;
 }
@@ -108,40 +122,103 @@ void PadInterception::settle() {
         return;
     }
     const bool wanted = clicks.isWanted();
-    if (wanted && !writer.has_value()) {
+    if (wanted) {
+        prepareClone();
+    }
+    if (!wanted && writer.has_value() && (!isForwarding() || source.isNeutral())) {
+        leave();
+    } else if (wanted && writer.has_value() && !isIntroducing() && !isForwarding() &&
+               source.isNeutral()) {
+        grab();
+    }
+    clicks.watchdog().progress();
+}
+
+std::optional<PadInterception::Moment> PadInterception::nextLook() const {
+    if (leaveAt.has_value()) {
+        return leaveAt;
+    }
+    return isIntroducing() ? std::optional(introduction->nextLook()) : std::nullopt;
+}
+
+// Before the touchpad is neutral, so that the system gets to know the clone meanwhile.
+void PadInterception::prepareClone() {
+    leaveAt.reset();
+    if (!writer.has_value()) {
         makeClone();
     }
-    if (!source.isNeutral()) {
-        return;
-    }
-    if (!wanted) {
-        giveBack();
-    } else if (writer.has_value() && !isForwarding()) {
-        take();
+    if (isIntroducing()) {
+        introduceClone();
     }
 }
 
-// Before the touchpad is neutral, so that the system has had time to get to know the clone when it
-// matters.
 void PadInterception::makeClone() {
-    if (failedAttempt == clicks.attempt()) {
+    const bool mayRetry = source.isNeutral() && clicks.now() >= retryAt;
+    if (failedAttempt == clicks.attempt() && !mayRetry) {
         return;
     }
+    if (failedAttempt != clicks.attempt()) {
+        pause = firstPause;
+    }
+    if (!clicks.beginIntroduction()) {
+        return;
+    }
+    introduction.emplace(clicks.now());
     if (auto clone = pad.makeClone(); clone != nullptr) {
         writer.emplace(std::move(clone), source.slotCount());
     } else {
-        logLine("touchpads", "not grabbed, no clone of it can be made: ", pad.description().name);
-        failedAttempt = clicks.attempt();
+        abandonClone("the touchpad cannot be cloned");
     }
 }
 
-void PadInterception::take() {
-    grabbedAt = pad.grab();
-    logLine("touchpads", isForwarding() ? "grabbed " : "not grabbed, another program has it: ",
-            pad.description().name);
-    if (isForwarding() && !clicks.watchdog().hold({device, &pad, &writer->clone()})) {
-        letPadGo();
+void PadInterception::introduceClone() {
+    const CloneStanding standing = clicks.cloneWatch()->standing(writer->clone());
+    switch (introduction->look(standing, clicks.now())) {
+    case CloneIntroduction::State::waiting:
+        break;
+    case CloneIntroduction::State::ready:
+        introduction.reset();
+        clicks.endIntroduction();
+        pause = firstPause;
+        reason = nullptr;
+        break;
+    case CloneIntroduction::State::failed:
+        abandonClone(introduction->obstacle());
+        break;
     }
+}
+
+void PadInterception::abandonClone(const char* obstacle) {
+    giveBack();
+    logLine("touchpads", "not grabbed, ", obstacle, ": ", pad.description().name);
+    reason = obstacle;
+    failedAttempt = clicks.attempt();
+    retryAt = clicks.now() + pause;
+    pause = std::min(2 * pause, maxPause);
+}
+
+void PadInterception::dropClone() {
+    if (isIntroducing()) {
+        introduction.reset();
+        clicks.endIntroduction();
+    }
+    writer.reset();
+    leaveAt.reset();
+    givenBackAt.reset();
+}
+
+bool PadInterception::grab() {
+    grabbedAt = pad.grab();
+    if (!isForwarding()) {
+        reason = "another program has grabbed the touchpad";
+        logLine("touchpads", "not grabbed, ", reason, ": ", pad.description().name);
+    } else if (!clicks.watchdog().hold({device, &pad, &writer->clone()})) {
+        letPadGo();
+    } else {
+        reason = nullptr;
+        logLine("touchpads", "grabbed ", pad.description().name);
+    }
+    return isForwarding();
 }
 
 void PadInterception::letPadGo() {
@@ -153,12 +230,27 @@ void PadInterception::letPadGo() {
     }
 }
 
+// The clone stays for a while, for its readers and in case that it is wanted again.
+void PadInterception::leave() {
+    if (isForwarding()) {
+        clicks.watchdog().release(pad);
+        givenBackAt = pad.ungrab();
+        grabbedAt.reset();
+        logLine("touchpads", "given back ", pad.description().name);
+    }
+    if (!leaveAt.has_value()) {
+        leaveAt = clicks.now() + leaveTaking;
+    } else if (clicks.now() >= *leaveAt) {
+        dropClone();
+    }
+}
+
 void PadInterception::giveBack() {
     if (writer.has_value()) {
         writer->releaseAll();
     }
     letPadGo();
-    writer.reset();
+    dropClone();
 }
 
 void PadInterception::end() {

@@ -49,6 +49,10 @@ public:
     bool mayHaveReturned() const { return isWaiting() && !broken; }
     PadConnection* connected() const { return connection.get(); }
 
+    // The node at which it was seen last; empty before that.
+    const std::string& lastNode() const { return node; }
+    void seeAt(const std::string& newNode) { node = newNode; }
+
     void addCallback(driver::ContactCallback callback);
     void removeCallback(driver::ContactCallback callback);
 
@@ -72,6 +76,7 @@ private:
     void lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback);
 
     PadIdentity _identity;
+    std::string node;
     bool started = false;
     bool broken = false;
     std::unique_ptr<PadConnection> connection;

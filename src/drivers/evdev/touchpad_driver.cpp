@@ -7,6 +7,9 @@
 #include <sys/eventfd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <optional>
 #include <utility>
 
 namespace glidemap {
@@ -27,7 +30,8 @@ bool isReady(const pollfd& descriptor) {
 
 TouchpadDriver::TouchpadDriver(std::unique_ptr<PadDirectory> padDirectory, WatchdogTime& time)
     : directory(std::move(padDirectory)), wakeUp(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
-      clicks(time, [this] { wakeReader(); }) {}
+      clicks(
+          time, [this] { wakeReader(); }, [this] { return directory->watchClones(); }) {}
 
 TouchpadDriver::~TouchpadDriver() {
     for (const auto& touchpad : touchpads) {
@@ -46,7 +50,9 @@ std::vector<driver::Device> TouchpadDriver::createList() {
         logLine("touchpads", "found ", candidate.node, ", ", candidate.identity.name,
                 candidate.readable ? "" : ": not used, this user may not read it");
         if (candidate.readable) {
-            list.push_back(&recordFor(candidate, list));
+            Touchpad& touchpad = recordFor(candidate, list);
+            touchpad.seeAt(candidate.node);
+            list.push_back(&touchpad);
         } else {
             ++unreadable;
         }
@@ -90,6 +96,13 @@ const char* TouchpadDriver::name(driver::Device device) const {
     return touchpad != nullptr ? touchpad->identity().name.c_str() : nullptr;
 }
 
+const char* TouchpadDriver::filterObstacle(driver::Device device) const {
+    const Lock lock(mutex);
+    const Touchpad* touchpad = find(device);
+    const PadConnection* connection = touchpad != nullptr ? touchpad->connected() : nullptr;
+    return connection != nullptr ? connection->interception.obstacle() : nullptr;
+}
+
 void TouchpadDriver::addCallback(driver::Device device, driver::ContactCallback callback) {
     const Lock lock(mutex);
     if (Touchpad* touchpad = find(device); touchpad != nullptr) {
@@ -119,6 +132,15 @@ void TouchpadDriver::switchClickFilter(bool on) {
     clicks.switchOn(on);
 }
 
+// Without the driver's lock, which a thread that hangs may hold.
+void TouchpadDriver::pause() {
+    clicks.watchdog().pause();
+}
+
+void TouchpadDriver::goOn() {
+    clicks.watchdog().goOn();
+}
+
 // Opened before this returns: what is touched from now on is reported.
 void TouchpadDriver::start(driver::Device device) {
     const Lock lock(mutex);
@@ -128,7 +150,8 @@ void TouchpadDriver::start(driver::Device device) {
     }
     touchpad->start();
     connect(*touchpad);
-    lookAgain = true; // at what is on it already, or for it
+    clicks.watchdog().progress(); // the reader may wait for as long as all of them take
+    lookAgain = true;             // at what is on it already, or for it
     launchReader();
     wakeReader();
 }
@@ -166,21 +189,37 @@ bool TouchpadDriver::isOpen(const std::string& node) const {
     });
 }
 
-// Two touchpads of the same make may have the same identity: a node that is read already is not the
-// one that is missing.
+// Where it was seen last; else wherever it is now.
 void TouchpadDriver::connect(Touchpad& touchpad) {
-    for (const PadCandidate& candidate : directory->candidates()) {
-        if (candidate.identity != touchpad.identity() || isOpen(candidate.node)) {
-            continue;
-        }
-        if (auto pad = directory->open(candidate); pad != nullptr) {
-            logLine("touchpads", "reads ", candidate.node, ", ", candidate.identity.name);
-            touchpad.connect(
-                std::make_unique<PadConnection>(candidate.node, std::move(pad), &touchpad, clicks));
+    if (!touchpad.lastNode().empty()) {
+        const auto known = directory->candidateAt(touchpad.lastNode());
+        if (known.has_value() && connectAt(touchpad, *known)) {
             return;
         }
-        logLine("touchpads", "cannot open ", candidate.node, ", ", candidate.identity.name);
     }
+    for (const PadCandidate& candidate : directory->candidates()) {
+        if (connectAt(touchpad, candidate)) {
+            return;
+        }
+    }
+}
+
+// Two touchpads of the same make may have the same identity: a node that is read already is not the
+// one that is missing.
+bool TouchpadDriver::connectAt(Touchpad& touchpad, const PadCandidate& candidate) {
+    if (candidate.identity != touchpad.identity() || isOpen(candidate.node)) {
+        return false;
+    }
+    auto pad = directory->open(candidate);
+    if (pad == nullptr) {
+        logLine("touchpads", "cannot open ", candidate.node, ", ", candidate.identity.name);
+        return false;
+    }
+    logLine("touchpads", "reads ", candidate.node, ", ", candidate.identity.name);
+    touchpad.seeAt(candidate.node);
+    touchpad.connect(
+        std::make_unique<PadConnection>(candidate.node, std::move(pad), &touchpad, clicks));
+    return true;
 }
 
 void TouchpadDriver::launchReader() {
@@ -217,8 +256,20 @@ void TouchpadDriver::runReader() {
             collectDescriptors();
             clicks.watchdog().rest(anyForwardedIsTouched());
         }
-        poll(descriptors.data(), descriptors.size(), -1);
+        waitForWork();
     }
+}
+
+// With a deadline while a clone is new or about to go, and only then.
+void TouchpadDriver::waitForWork() {
+    timespec left{};
+    if (wakeAt.has_value()) {
+        using std::chrono::nanoseconds;
+        constexpr long second = 1000000000;
+        const auto rest = std::max<nanoseconds>(*wakeAt - clicks.now(), nanoseconds(0)).count();
+        left = {static_cast<time_t>(rest / second), static_cast<long>(rest % second)};
+    }
+    ppoll(descriptors.data(), descriptors.size(), wakeAt.has_value() ? &left : nullptr, nullptr);
 }
 
 void TouchpadDriver::serve() {
@@ -226,7 +277,10 @@ void TouchpadDriver::serve() {
     const bool stalled = clicks.noticeStall();
     if (clicks.takeChange() || stalled) {
         readConnected(); // which takes them or gives them back
+    } else {
+        readDue();
     }
+    clonesChanged = false;
     while (lookAgain) {
         lookAgain = false;
         updateWatch(); // before looking, so that no return falls between the two
@@ -248,6 +302,11 @@ void TouchpadDriver::readReady() {
         } else if (index == wakeUpIndex) {
             eventfd_t ignored = 0;
             eventfd_read(wakeUp.descriptor(), &ignored);
+        } else if (index >= firstOfClones) {
+            if (clicks.cloneWatch() != nullptr) {
+                clicks.cloneWatch()->acknowledge();
+            }
+            clonesChanged = true;
         } else if (returnWatch != nullptr) {
             returnWatch->acknowledge();
             std::ranges::for_each(touchpads, &Touchpad::somethingHasChanged, record);
@@ -259,6 +318,7 @@ void TouchpadDriver::readReady() {
 void TouchpadDriver::read(Touchpad& touchpad) {
     if (touchpad.connected() != nullptr) {
         touchpad.read(buttonCallback);
+        clicks.watchdog().progress(); // however many there are
         lookAgain = lookAgain || touchpad.mayHaveReturned();
     }
 }
@@ -280,6 +340,36 @@ void TouchpadDriver::readConnected() {
     }
 }
 
+// Those whose clone may be ready by now, or has to go.
+void TouchpadDriver::readDue() {
+    const auto now = clicks.now();
+    // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
+    for (std::size_t index = 0; index < touchpads.size(); ++index) {
+        const PadConnection* connection = touchpads[index]->connected();
+        if (connection == nullptr) {
+            continue;
+        }
+        const auto next = connection->interception.nextLook();
+        const bool isNew = connection->interception.isIntroducing();
+        if ((next.has_value() && now >= *next) || (isNew && clonesChanged)) {
+            read(*touchpads[index]);
+        }
+    }
+}
+
+std::optional<ClickInterception::Moment> TouchpadDriver::nextLook() const {
+    std::optional<ClickInterception::Moment> earliest;
+    for (const auto& touchpad : touchpads) {
+        const PadConnection* connection = touchpad->connected();
+        const auto next = connection != nullptr ? connection->interception.nextLook()
+                                                : std::optional<ClickInterception::Moment>();
+        if (next.has_value() && (!earliest.has_value() || *next < *earliest)) {
+            earliest = next;
+        }
+    }
+    return earliest;
+}
+
 bool TouchpadDriver::anyForwardedIsTouched() const {
     return std::ranges::any_of(touchpads, [](const auto& touchpad) {
         const PadConnection* connection = touchpad->connected();
@@ -296,11 +386,18 @@ void TouchpadDriver::updateWatch() {
     }
 }
 
+// All of them among what is found once.
 void TouchpadDriver::reconnect() {
+    if (std::ranges::none_of(touchpads, &Touchpad::mayHaveReturned, record)) {
+        return;
+    }
+    const std::vector<PadCandidate> candidates = directory->candidates();
     for (const auto& touchpad : touchpads) {
-        if (touchpad->mayHaveReturned()) {
-            connect(*touchpad);
+        for (std::size_t index = 0; touchpad->mayHaveReturned() && index < candidates.size();
+             ++index) {
+            connectAt(*touchpad, candidates[index]);
         }
+        clicks.watchdog().progress();
     }
 }
 
@@ -318,6 +415,13 @@ void TouchpadDriver::collectDescriptors() {
             addDescriptor(connection->pad->descriptor(), touchpad.get());
         }
     }
+    firstOfClones = descriptors.size();
+    if (clicks.cloneWatch() != nullptr) {
+        for (const int descriptor : clicks.cloneWatch()->descriptors()) {
+            addDescriptor(descriptor, nullptr);
+        }
+    }
+    wakeAt = nextLook();
 }
 
 void TouchpadDriver::addDescriptor(int descriptor, Touchpad* touchpad) {

@@ -2,11 +2,12 @@
 //
 //   caller                                 reader thread (while a touchpad is started)
 //   createList  ─ finds the touchpads      sleeps until a touchpad has events, one that waits may
-//   start, stop ─ wakes the reader ──────▶ have returned, or it is woken; never on a time-out
+//   start, stop ─ wakes the reader ──────▶ have returned, or it is woken; on a time-out for a clone only
 //                                          └▶ contact callback, button callback, click filter,
 //                                             then the touchpad's clone is told
 //
-// While a touchpad is away, and only then, the reader also watches for its return.
+// While a touchpad is away, and only then, the reader also watches for its return. While a clone
+// is new, and for a second after it was wanted, the reader also wakes for that.
 //
 // Thread:  any; the public functions may be called from within a callback. They wait for a callback
 //          that is under way on the reader's thread, so that none comes after stop() has returned.
@@ -25,9 +26,11 @@
 
 #include <poll.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -50,11 +53,18 @@ public:
     // Null for what is no device.
     const char* name(driver::Device device) const;
 
+    // Why the clicks of a touchpad are not filtered although they should be. Null if they may be.
+    const char* filterObstacle(driver::Device device) const;
+
     void addCallback(driver::Device device, driver::ContactCallback callback);
     void removeCallback(driver::Device device, driver::ContactCallback callback);
     void setButtonCallback(driver::ButtonCallback callback);
     void setClickFilter(driver::FilterClick filter, void* context);
     void switchClickFilter(bool on);
+    // The process is about to be stopped: every touchpad is given back at once, whatever the other
+    // threads do. When it goes on, all is as after a stall: the filter may switch itself on again.
+    void pause();
+    void goOn();
     void start(driver::Device device);
     void stop(driver::Device device);
 
@@ -67,15 +77,19 @@ private:
     bool isOpen(const std::string& node) const;
     bool anyStarted() const;
     void connect(Touchpad& touchpad);
+    bool connectAt(Touchpad& touchpad, const PadCandidate& candidate);
 
     void launchReader();
     void wakeReader() const;
     bool anyForwardedIsTouched() const;
+    std::optional<ClickInterception::Moment> nextLook() const;
     void runReader();
+    void waitForWork();
     void serve();
     void readReady();
     void readFresh();
     void readConnected();
+    void readDue();
     void read(Touchpad& touchpad);
     void updateWatch();
     void reconnect();
@@ -94,11 +108,14 @@ private:
     std::thread reader;
     bool readerRuns = false;
     bool lookAgain = false; // a touchpad may have returned, or was opened and not yet read
+    bool clonesChanged = false;
 
     // The reader's own.
     std::unique_ptr<ReturnWatch> returnWatch;
     std::vector<pollfd> descriptors;
     std::vector<Touchpad*> polled; // whose descriptor it is; null for the others
+    std::size_t firstOfClones = 0; // of the descriptors: those of the clone watch
+    std::optional<ClickInterception::Moment> wakeAt;
 };
 
 } // namespace glidemap

@@ -1,6 +1,7 @@
 #include "drivers/evdev/touchpad_judgement.h"
 
 #include "drivers/evdev/capability_bits.h"
+#include "drivers/evdev/touchpad_rule.h"
 #include "drivers/evdev/uinput_clone.h"
 
 #include <libudev.h>
@@ -42,6 +43,9 @@ const char* reasonNotToUse(udev_device* event) {
     }
     if (!isCalledTouchpad(event)) {
         return "udev does not call it a touchpad";
+    }
+    if (!isTouchpadByRule(event)) {
+        return "it is a keyboard too, so what is typed on it could be read";
     }
     const std::string axes = attribute(event, "capabilities/abs");
     if (!hasBit(axes, ABS_MT_SLOT) || !hasBit(axes, ABS_MT_TRACKING_ID) ||

@@ -2,6 +2,7 @@
 
 #include "drivers/evdev/evdev_pad.h"
 #include "drivers/evdev/touchpad_judgement.h"
+#include "drivers/evdev/udev_clone_watch.h"
 #include "drivers/evdev/udev_handles.h"
 #include "drivers/evdev/udev_watch.h"
 
@@ -87,12 +88,26 @@ std::vector<PadCandidate> UdevDirectory::candidates() {
     return result;
 }
 
+std::optional<PadCandidate> UdevDirectory::candidateAt(const std::string& node) {
+    const UdevHandle<udev> context(udev_new());
+    const std::string name = node.substr(node.rfind('/') + 1);
+    const UdevHandle<udev_device> event(
+        context ? udev_device_new_from_subsystem_sysname(context.get(), "input", name.c_str())
+                : nullptr);
+    auto found = event != nullptr ? candidate(event.get()) : std::nullopt;
+    return found.has_value() ? std::optional(std::move(found->candidate)) : std::nullopt;
+}
+
 std::unique_ptr<OpenPad> UdevDirectory::open(const PadCandidate& candidate) {
     return EvdevPad::open(candidate.node);
 }
 
 std::unique_ptr<ReturnWatch> UdevDirectory::watch() {
     return std::make_unique<UdevWatch>();
+}
+
+std::unique_ptr<CloneWatch> UdevDirectory::watchClones() {
+    return std::make_unique<UdevCloneWatch>();
 }
 
 } // namespace glidemap

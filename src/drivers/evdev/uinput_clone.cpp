@@ -14,8 +14,10 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace glidemap {
@@ -23,6 +25,9 @@ namespace glidemap {
 namespace {
 
 constexpr const char* uinputNode = "/dev/uinput";
+
+// Where sysfs has what uinput makes.
+constexpr const char* deviceFolder = "/sys/devices/virtual/input";
 
 // Real devices name a bus and a port.
 constexpr std::string_view clonePath = "glidemap/clone/";
@@ -63,6 +68,13 @@ UdevHandle<udev_device> udevDeviceOf(udev* context, const libevdev* source) {
     return UdevHandle<udev_device>(udev_device_new_from_devnum(context, 'c', status.st_rdev));
 }
 
+// udev puts every device that uinput makes on the first seat.
+bool isOnFirstSeat(udev_device* device) {
+    const char* seat =
+        device != nullptr ? udev_device_get_property_value(device, "ID_SEAT") : nullptr;
+    return seat == nullptr || std::string_view(seat) == "seat0";
+}
+
 // What the axis jitters by. The kernel takes that out of what a device says, and it has done so
 // when the source spoke: doing it again would thin out the motion, so the clone has none. Where
 // libinput is at home it does that itself, to every device, and the kernel's value has moved into a
@@ -88,12 +100,10 @@ std::optional<input_absinfo> axisOf(const libevdev* source, unsigned code) {
     return axis;
 }
 
-bool declareAxes(int file, const libevdev* source) {
+bool declareAxes(int file, const libevdev* source, udev_device* device) {
     if (ioctl(file, UI_SET_EVBIT, EV_ABS) != 0) {
         return false;
     }
-    const UdevHandle<udev> context(udev_new());
-    const UdevHandle<udev_device> device = udevDeviceOf(context.get(), source);
     for (unsigned code = 0; code < ABS_CNT; ++code) {
         const std::optional<input_absinfo> axis = axisOf(source, code);
         if (!axis.has_value()) {
@@ -103,7 +113,7 @@ bool declareAxes(int file, const libevdev* source) {
         setup.code = static_cast<__u16>(code);
         setup.absinfo = *axis;
         setup.absinfo.value = 0; // as CloneWriter takes it to be
-        setup.absinfo.fuzz = fuzzOf(device.get(), code);
+        setup.absinfo.fuzz = fuzzOf(device, code);
         if (ioctl(file, UI_ABS_SETUP, &setup) != 0) {
             return false;
         }
@@ -134,10 +144,10 @@ bool declareIdentity(int file, const libevdev* source) {
     return ioctl(file, UI_SET_PHYS, path.c_str()) == 0 && ioctl(file, UI_DEV_SETUP, &setup) == 0;
 }
 
-bool declare(int file, const libevdev* source) {
+bool declare(int file, const libevdev* source, udev_device* device) {
     return declareCodes(file, source, EV_KEY, UI_SET_KEYBIT) &&
            declareCodes(file, source, EV_REL, UI_SET_RELBIT) &&
-           declareCodes(file, source, EV_MSC, UI_SET_MSCBIT) && declareAxes(file, source) &&
+           declareCodes(file, source, EV_MSC, UI_SET_MSCBIT) && declareAxes(file, source, device) &&
            declareProperties(file, source) && declareIdentity(file, source);
 }
 
@@ -158,8 +168,11 @@ input_event kernelEvent(const InputEvent& event) {
 } // namespace
 
 std::unique_ptr<PadClone> UinputClone::make(const libevdev& source) {
+    const UdevHandle<udev> context(udev_new());
+    const UdevHandle<udev_device> device = udevDeviceOf(context.get(), &source);
     OpenFile file = openUinput();
-    if (!file || !declare(file.descriptor(), &source) ||
+    if (!file || !isOnFirstSeat(device.get()) ||
+        !declare(file.descriptor(), &source, device.get()) ||
         ioctl(file.descriptor(), UI_DEV_CREATE) != 0) {
         return nullptr;
     }
@@ -180,6 +193,23 @@ UinputClone::UinputClone(OpenFile created) : file(std::move(created)) {
 
 UinputClone::~UinputClone() {
     destroy();
+}
+
+// The node is there as soon as the device is, or it never is: then the kernel has no number left.
+std::string UinputClone::place() const {
+    std::array<char, 64> name{};
+    if (ioctl(file.descriptor(), UI_GET_SYSNAME(name.size() - 1), name.data()) < 0) {
+        return {};
+    }
+    std::error_code error;
+    const std::filesystem::path device = std::filesystem::path(deviceFolder) / name.data();
+    for (std::filesystem::directory_iterator entry(device, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (entry->path().filename().string().starts_with("event")) {
+            return entry->path().string();
+        }
+    }
+    return {};
 }
 
 // In one piece: a frame is never seen in halves, and costs one call.

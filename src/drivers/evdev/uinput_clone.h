@@ -3,7 +3,8 @@
 // and that a clone can always call a finger a palm.
 //
 // Thread:  as PadClone.
-// Errors:  as values; null for want of the right to make devices.
+// Errors:  as values; null for want of the right to make devices, and for a touchpad of another seat
+//          than the first, because a clone always belongs to that one.
 #pragma once
 
 #include "core/open_file.h"
@@ -12,6 +13,7 @@
 #include <linux/input.h>
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -31,6 +33,7 @@ public:
 
     ~UinputClone() override;
 
+    std::string place() const override;
     bool write(std::span<const InputEvent> frame) override;
     void destroy() override;
 

@@ -8,6 +8,7 @@
 
 #include <linux/input.h>
 
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -46,6 +47,10 @@ public:
     void breakClone() {
         set([&] { cloneBroken = true; });
     }
+    // What the system makes of the clone; a program has it open at once if nothing is said.
+    void setStanding(const CloneStanding& newStanding) {
+        set([&] { standing = newStanding; });
+    }
     void setTime(double time) {
         set([&] { now = time; });
     }
@@ -60,11 +65,16 @@ public:
         grabbed = true;
         return now;
     }
-    void ungrab() {
+    double ungrab() {
         const std::lock_guard lock(mutex);
         if (std::exchange(grabbed, false)) {
             note("ungrab");
         }
+        return now;
+    }
+    CloneStanding cloneStanding() const {
+        const std::lock_guard lock(mutex);
+        return standing;
     }
     bool makeClone() {
         const std::lock_guard lock(mutex);
@@ -102,9 +112,9 @@ public:
         changed.wait_for(lock, limit, [&] { return entries.size() >= count; });
         return entries;
     }
-    bool waitUntilGrabbed(bool expected) const {
+    bool waitUntilGrabbed(bool expected, std::chrono::milliseconds patience = limit) const {
         std::unique_lock lock(mutex);
-        return changed.wait_for(lock, limit, [&] { return grabbed == expected; });
+        return changed.wait_for(lock, patience, [&] { return grabbed == expected; });
     }
     bool isGrabbed() const {
         const std::lock_guard lock(mutex);
@@ -131,6 +141,7 @@ private:
     bool clonesAllowed = true;
     bool grabbedByOthers = false;
     bool cloneBroken = false;
+    CloneStanding standing{true, true, true};
     bool cloneAlive = false;
     bool grabbed = false;
     double now = 0;
@@ -143,11 +154,23 @@ public:
     explicit FakeClone(std::shared_ptr<FakeSystem> itsSystem) : system(std::move(itsSystem)) {}
     ~FakeClone() override { system->destroyClone(); }
 
+    std::string place() const override { return "clone"; }
+    CloneStanding standing() const { return system->cloneStanding(); }
     bool write(std::span<const InputEvent> frame) override { return system->write(frame); }
     void destroy() override { system->destroyClone(); }
 
 private:
     std::shared_ptr<FakeSystem> system;
+};
+
+// Tells what the clone's own system says of it.
+class FakeCloneWatch : public CloneWatch {
+public:
+    std::array<int, 2> descriptors() const override { return {-1, -1}; }
+    void acknowledge() override {}
+    CloneStanding standing(const PadClone& clone) const override {
+        return static_cast<const FakeClone&>(clone).standing();
+    }
 };
 
 } // namespace glidemap::test

@@ -18,6 +18,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -99,7 +100,7 @@ public:
     Read next(InputEvent& event) override { return stream->next(event); }
     bool hasButtons() const override { return stream->hasButtons; }
     std::optional<double> grab() override { return stream->system()->grab(); }
-    void ungrab() override { stream->system()->ungrab(); }
+    double ungrab() override { return stream->system()->ungrab(); }
     std::unique_ptr<PadClone> makeClone() override {
         return stream->system()->makeClone() ? std::make_unique<FakeClone>(stream->system())
                                              : nullptr;
@@ -158,6 +159,12 @@ public:
         return opened;
     }
 
+    // How often all touchpads were looked for.
+    int timesSearched() {
+        const std::lock_guard lock(mutex);
+        return searches;
+    }
+
     // Whether, in the end, so many watches are kept.
     bool comeToWatches(int count) {
         std::unique_lock lock(mutex);
@@ -179,6 +186,7 @@ private:
     OpenFile changes{eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)};
     int opened = 0;
     int watching = 0;
+    int searches = 0;
     std::condition_variable watchesChanged;
     bool blocking = false;
     bool blocked = false;
@@ -215,6 +223,7 @@ public:
 
     std::vector<PadCandidate> candidates() override {
         std::unique_lock lock(drawer->mutex);
+        ++drawer->searches;
         drawer->blocked = drawer->blocking;
         drawer->blockChanged.notify_all();
         drawer->blockChanged.wait(lock, [&] { return !drawer->blocking; });
@@ -235,7 +244,19 @@ public:
         return std::make_unique<FakeOpenPad>(found->second.stream);
     }
 
+    std::optional<PadCandidate> candidateAt(const std::string& node) override {
+        const std::lock_guard lock(drawer->mutex);
+        const auto found = drawer->pads.find(node);
+        return found != drawer->pads.end()
+                   ? std::optional(
+                         PadCandidate{node, found->second.identity, found->second.readable})
+                   : std::nullopt;
+    }
+
     std::unique_ptr<ReturnWatch> watch() override { return std::make_unique<FakeWatch>(drawer); }
+    std::unique_ptr<CloneWatch> watchClones() override {
+        return std::make_unique<FakeCloneWatch>();
+    }
 
 private:
     std::shared_ptr<FakePads> drawer;

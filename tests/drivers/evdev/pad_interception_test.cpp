@@ -6,7 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <cstddef>
 #include <functional>
 
 namespace glidemap::test {
@@ -34,8 +37,16 @@ protected:
         return self.answer ? self.answer(event) : true;
     }
 
+    // With a clone that is there for long enough, or gone.
     void switchOn(bool on = true) {
         clicks.switchOn(on);
+        interception->settle();
+        letPass(on ? std::chrono::nanoseconds(CloneIntroduction::graceOfReader)
+                   : PadInterception::leaveTaking);
+    }
+
+    void letPass(std::chrono::nanoseconds time) {
+        watchTime.advance(time);
         interception->settle();
     }
 
@@ -58,8 +69,9 @@ protected:
     std::function<bool(std::int32_t)> answer;
     FakeTime watchTime;
     std::atomic<int> wakes = 0;
-    ClickInterception clicks{watchTime, [this] {
-                                 ++wakes;
+    ClickInterception clicks{watchTime, [this] { ++wakes; },
+                             [] {
+                                 return std::make_unique<FakeCloneWatch>();
                              }};
     std::shared_ptr<FakeStream> stream = std::make_shared<FakeStream>();
     FakeOpenPad pad{stream};
@@ -114,6 +126,7 @@ TEST_F(PadInterceptionTest, WhatIsHeldPutsTheTakingOff) {
         EXPECT_TRUE(system().isGrabbed()) << row.what;
         say({{row.release}});
         EXPECT_FALSE(system().isGrabbed()) << row.what;
+        letPass(PadInterception::leaveTaking);
         EXPECT_EQ(system().journal().size(), before + 6) << row.what;
     }
 }
@@ -144,6 +157,7 @@ TEST_F(PadInterceptionTest, SwitchedOffWhileADroppedPressIsHeldTheFingersArePalm
     say({{fingerDown}, {leftDown}});
     switchOn(false);
     say({{leftUp}, {fingerUp}});
+    letPass(PadInterception::leaveTaking);
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:55=2", "1:272=0 3:55=0",
                                          "3:57=-1", "ungrab", "destroy"}));
 }
@@ -207,6 +221,7 @@ TEST_F(PadInterceptionTest, SwitchedOffInTheMiddleOfATouchItForwardsOnAndAsksNob
     say({{leftDown}, {leftUp}});
     EXPECT_EQ(asked, Texts());
     say({{fingerUp}});
+    letPass(PadInterception::leaveTaking);
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "1:272=1", "1:272=0", "3:57=-1",
                                          "ungrab", "destroy"}));
 }
@@ -330,6 +345,7 @@ TEST_F(PadInterceptionTest, TheFilterMaySwitchItselfOffWhileItIsAsked) {
         return true;
     };
     say({{fingerDown, leftDown}, {leftUp}, {fingerUp}});
+    letPass(PadInterception::leaveTaking);
     EXPECT_EQ(asked, (Texts{"0,0"}));
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5 3:55=2", "1:272=0 3:55=0",
                                          "3:57=-1", "ungrab", "destroy"}));
@@ -340,6 +356,148 @@ TEST_F(PadInterceptionTest, ATouchpadWithoutButtonsIsLetAlone) {
     switchOn();
     say({{fingerDown}, {fingerUp}});
     EXPECT_EQ(system().journal(), Texts());
+}
+
+TEST_F(PadInterceptionTest, ATouchpadIsNotTakenWhoseCloneNoProgramCouldRead) {
+    struct Row {
+        CloneStanding standing;
+        const char* obstacle;
+    };
+    const Row rows[] = {
+        {{false, false, std::nullopt},
+         "the kernel has made no event node for the touchpad's clone"},
+        {{true, false, true}, "udev has not announced the touchpad's clone as a touchpad"},
+        {{true, true, false}, "no program has opened the touchpad's clone"},
+    };
+    for (const Row& row : rows) {
+        const std::size_t before = system().journal().size();
+        system().setStanding(row.standing);
+        switchOn();
+        letPass(CloneIntroduction::patience - CloneIntroduction::graceOfReader -
+                std::chrono::nanoseconds(1));
+        EXPECT_EQ(system().journal().size(), before + 1) << row.obstacle;
+        EXPECT_TRUE(interception->isIntroducing());
+        letPass(std::chrono::nanoseconds(1));
+        const Texts journal = system().journal();
+        EXPECT_EQ(Texts(journal.begin() + static_cast<std::ptrdiff_t>(before), journal.end()),
+                  (Texts{"clone", "destroy"}));
+        EXPECT_STREQ(interception->obstacle(), row.obstacle);
+        EXPECT_FALSE(interception->nextLook().has_value());
+        EXPECT_EQ(clicks.cloneWatch(), nullptr) << "nothing is to be watched";
+        say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
+    }
+    EXPECT_EQ(asked, Texts());
+}
+
+TEST_F(PadInterceptionTest, ATouchpadWhoseCloneIsKnownLateIsTakenAfterTheGrace) {
+    system().setStanding({true, false, false});
+    switchOn();
+    letPass(std::chrono::seconds(1));
+    system().setStanding({true, true, false});
+    letPass(std::chrono::milliseconds(500));
+    system().setStanding({true, true, true});
+    letPass(std::chrono::nanoseconds(0));
+    letPass(CloneIntroduction::graceOfReader - std::chrono::nanoseconds(1));
+    EXPECT_FALSE(system().isGrabbed());
+    letPass(std::chrono::nanoseconds(1));
+    EXPECT_TRUE(system().isGrabbed());
+    EXPECT_EQ(interception->obstacle(), nullptr);
+}
+
+TEST_F(PadInterceptionTest, AReaderThatOpensTheCloneAndClosesItIsNoReader) {
+    system().setStanding({true, true, true});
+    clicks.switchOn(true);
+    interception->settle();
+    letPass(CloneIntroduction::graceOfReader / 2);
+    system().setStanding({true, true, false});
+    letPass(CloneIntroduction::graceOfReader);
+    system().setStanding({true, true, true});
+    letPass(std::chrono::nanoseconds(0));
+    EXPECT_FALSE(system().isGrabbed());
+    letPass(CloneIntroduction::graceOfReader);
+    EXPECT_TRUE(system().isGrabbed());
+}
+
+TEST_F(PadInterceptionTest, WhereItIsNotKnownWhoReadsTheGraceIsLonger) {
+    system().setStanding({true, true, std::nullopt});
+    switchOn();
+    letPass(CloneIntroduction::graceOfUnknownReader - CloneIntroduction::graceOfReader -
+            std::chrono::nanoseconds(1));
+    EXPECT_FALSE(system().isGrabbed());
+    letPass(std::chrono::nanoseconds(1));
+    EXPECT_TRUE(system().isGrabbed());
+}
+
+// Without a timer: the touchpad is used, or it does not matter.
+TEST_F(PadInterceptionTest, AfterAFailureItIsTriedAgainWhenTheTouchpadIsUsedLater) {
+    system().setStanding({true, true, false});
+    switchOn();
+    letPass(CloneIntroduction::patience);
+    const auto tries = [&] {
+        return std::ranges::count(system().journal(), "clone");
+    };
+    for (std::chrono::seconds pause : {std::chrono::seconds(10), std::chrono::seconds(20)}) {
+        const auto before = tries();
+        letPass(pause - std::chrono::nanoseconds(1));
+        EXPECT_EQ(tries(), before);
+        letPass(std::chrono::nanoseconds(1));
+        EXPECT_EQ(tries(), before + 1);
+        letPass(CloneIntroduction::patience);
+    }
+    system().setStanding({true, true, true});
+    switchOn();
+    EXPECT_TRUE(system().isGrabbed()) << "switched on again it waits for no pause";
+}
+
+TEST_F(PadInterceptionTest, SwitchedOnAgainWhileTheCloneLeavesItStays) {
+    switchOn();
+    clicks.switchOn(false);
+    interception->settle();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab"}));
+    letPass(PadInterception::leaveTaking - std::chrono::nanoseconds(1));
+    clicks.switchOn(true);
+    interception->settle();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab"}));
+    EXPECT_FALSE(interception->nextLook().has_value());
+}
+
+// The finger came down between the last look and the moment in which others hear the touchpad again.
+TEST_F(PadInterceptionTest, ATouchFromBeforeItWasGivenBackIsForwarded) {
+    system().setTime(10);
+    switchOn();
+    system().setTime(20);
+    clicks.switchOn(false);
+    interception->settle();
+    EXPECT_FALSE(system().isGrabbed());
+    say({{fingerDown}}, 19.999);
+    EXPECT_TRUE(system().isGrabbed());
+    say({{leftDown}, {leftUp}, {fingerUp}}, 20.5);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab", "3:57=5", "1:272=1",
+                                         "1:272=0", "3:57=-1", "ungrab"}));
+}
+
+TEST_F(PadInterceptionTest, ATouchFromAfterItWasGivenBackIsNot) {
+    system().setTime(10);
+    switchOn();
+    system().setTime(20);
+    clicks.switchOn(false);
+    interception->settle();
+    say({{fingerDown}}, 20);
+    say({{fingerUp}}, 21);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab"}));
+}
+
+TEST_F(PadInterceptionTest, WhatWasOnlyHeardHereIsForwardedAlsoIfItIsTakenAgainBefore) {
+    system().setTime(10);
+    switchOn();
+    system().setTime(20);
+    clicks.switchOn(false);
+    interception->settle();
+    system().setTime(21);
+    clicks.switchOn(true);
+    interception->settle();
+    say({{fingerDown}}, 19.999);
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab", "3:57=5"}));
 }
 
 TEST_F(PadInterceptionTest, AStallInTheFilterEndsForwardingUntilItIsSwitchedOnAgain) {
@@ -369,6 +527,7 @@ TEST_F(PadInterceptionTest, AStallInTheFilterEndsForwardingUntilItIsSwitchedOnAg
     say({{leftUp}});
     EXPECT_FALSE(system().isGrabbed());
     say({{fingerUp}});
+    letPass(CloneIntroduction::graceOfReader);
     EXPECT_TRUE(system().isGrabbed());
     EXPECT_EQ(asked, (Texts{"0,0", "2,0", "0,0", "2,0"}));
 }

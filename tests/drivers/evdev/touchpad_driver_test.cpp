@@ -374,6 +374,21 @@ TEST_F(TouchpadDriverTest, EachDeviceHasTheNameOfItsTouchpad) {
     EXPECT_EQ(driver.name(nullptr), nullptr);
 }
 
+// To look for all of them once for each would take four thousand looks for 64.
+TEST_F(TouchpadDriverTest, ManyTouchpadsAreStartedWithoutLookingForAllOfThemEachTime) {
+    constexpr int count = 64;
+    for (int number = 0; number < count; ++number) {
+        pads->plug("event" + std::to_string(number), "one of many"); // which all look the same
+    }
+    const auto list = driver.createList();
+    const int searches = pads->timesSearched();
+    for (const driver::Device device : list) {
+        driver.start(device);
+    }
+    EXPECT_EQ(pads->timesOpened(), count);
+    EXPECT_EQ(pads->timesSearched(), searches);
+}
+
 TEST_F(TouchpadDriverTest, DevicesThatDoNotExistAreIgnored) {
     int something = 0;
     for (const driver::Device device : {driver::Device(nullptr), driver::Device(&something)}) {

@@ -1,0 +1,110 @@
+#include "drivers/evdev/stop_signals.h"
+
+#include "core/open_file.h"
+#include "drivers/evdev/thread_without_signals.h"
+
+#include <fcntl.h>
+#include <pthread.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <exception>
+#include <mutex>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::array<int, 3> stops{SIGTSTP, SIGTTIN, SIGTTOU};
+
+// Where the handler, which may interrupt anything, leaves the signal's number.
+std::atomic<int> signalEnd = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void leaveSignal(int signal) {
+    const int before = errno;
+    const auto number = static_cast<char>(signal);
+    [[maybe_unused]] const auto written = write(signalEnd, &number, 1);
+    errno = before;
+}
+
+void handle(int signal) {
+    struct sigaction action = {};
+    action.sa_handler = leaveSignal;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+}
+
+bool isUnhandled(int signal) {
+    struct sigaction now = {};
+    return sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL;
+}
+
+// Returns when the process goes on; at once where the kernel does not stop it because no shell could
+// continue it.
+void stopBy(int signal) {
+    struct sigaction action = {};
+    action.sa_handler = SIG_DFL;
+    sigaction(signal, &action, nullptr);
+    sigset_t only;
+    sigemptyset(&only);
+    sigaddset(&only, signal);
+    pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
+    raise(signal);
+    pthread_sigmask(SIG_BLOCK, &only, nullptr);
+    handle(signal);
+}
+
+// Several signals that came before the process was stopped stop it once.
+void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
+         const std::function<void()>& takeAgain) {
+    pthread_setname_np(pthread_self(), "glidemap-stop");
+    std::array<char, 16> signals{};
+    for (;;) {
+        const ssize_t count =
+            retried([&] { return read(readEnd.descriptor(), signals.data(), signals.size()); });
+        if (count <= 0) {
+            return;
+        }
+        giveBack();
+        stopBy(signals[0]);
+        takeAgain();
+    }
+}
+
+void begin(std::function<void()> giveBack, std::function<void()> takeAgain) {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+        return;
+    }
+    OpenFile readEnd(ends[0]);
+    // Never closed: the handler may run at any time. A full pipe must not hold up what it interrupts.
+    fcntl(ends[1], F_SETFL, O_NONBLOCK);
+    signalEnd = ends[1];
+    std::thread thread =
+        threadWithoutSignals([end = std::move(readEnd), giveBack = std::move(giveBack),
+                              takeAgain = std::move(takeAgain)] { run(end, giveBack, takeAgain); });
+    thread.detach();
+    for (const int signal : stops) {
+        if (isUnhandled(signal)) {
+            handle(signal);
+        }
+    }
+}
+
+} // namespace
+
+void watchStopSignals(std::function<void()> giveBack, std::function<void()> takeAgain) {
+    static std::once_flag once;
+    try {
+        std::call_once(once, [&] { begin(std::move(giveBack), std::move(takeAgain)); });
+    } catch (const std::exception&) {
+        return; // there is no thread to be had
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,108 @@
+#include "drivers/evdev/udev_clone_watch.h"
+
+#include "drivers/evdev/touchpad_rule.h"
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <string_view>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* nodeFolder = "/dev/input";
+
+} // namespace
+
+UdevCloneWatch::UdevCloneWatch()
+    : context(udev_new()), nodeChanges(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    if (context != nullptr) {
+        monitor.reset(udev_monitor_new_from_netlink(context.get(), "udev"));
+    }
+    if (monitor != nullptr) {
+        udev_monitor_filter_add_match_subsystem_devtype(monitor.get(), "input", nullptr);
+        udev_monitor_enable_receiving(monitor.get());
+    }
+    seesOpening =
+        nodeChanges && inotify_add_watch(nodeChanges.descriptor(), nodeFolder,
+                                         IN_CREATE | IN_OPEN | IN_CLOSE | IN_ONLYDIR) >= 0;
+}
+
+std::array<int, 2> UdevCloneWatch::descriptors() const {
+    return {monitor != nullptr ? udev_monitor_get_fd(monitor.get()) : -1, nodeChanges.descriptor()};
+}
+
+void UdevCloneWatch::acknowledge() {
+    readAnnouncements();
+    readNodeChanges();
+}
+
+void UdevCloneWatch::readAnnouncements() {
+    while (monitor != nullptr) {
+        const UdevHandle<udev_device> device(udev_monitor_receive_device(monitor.get()));
+        if (device == nullptr) {
+            return;
+        }
+        const std::string place = udev_device_get_syspath(device.get());
+        const char* action = udev_device_get_action(device.get());
+        const bool isRemoved = action != nullptr && std::string_view(action) == "remove";
+        if (!isRemoved && isTouchpadByRule(device.get())) {
+            announced.insert(place);
+        } else {
+            announced.erase(place);
+        }
+    }
+}
+
+void UdevCloneWatch::readNodeChanges() {
+    alignas(inotify_event) std::array<char, 4096> buffer;
+    ssize_t size = 0;
+    while (nodeChanges &&
+           (size = read(nodeChanges.descriptor(), buffer.data(), buffer.size())) > 0) {
+        for (std::size_t position = 0; position < static_cast<std::size_t>(size);) {
+            const auto* change = reinterpret_cast<const inotify_event*>(&buffer[position]);
+            note(*change);
+            position += sizeof(inotify_event) + change->len;
+        }
+    }
+}
+
+// The kernel merges equal changes that follow each other, so a node that is opened twice at once
+// counts once, and passes for closed when one of the two closes it. So it does when a program closes
+// an older device of the same number late. The clone is then tried again some time later, and the
+// touchpad stays as it is until then.
+void UdevCloneWatch::note(const inotify_event& change) {
+    if ((change.mask & IN_Q_OVERFLOW) != 0) {
+        seesOpening = false;
+    }
+    if (change.len == 0) {
+        return;
+    }
+    int& count = opens[change.name];
+    if ((change.mask & IN_CREATE) != 0) {
+        count = 0;
+    } else if ((change.mask & IN_OPEN) != 0) {
+        ++count;
+    } else if ((change.mask & IN_CLOSE) != 0) {
+        count = std::max(count - 1, 0);
+    }
+}
+
+CloneStanding UdevCloneWatch::standing(const PadClone& clone) const {
+    const std::string place = clone.place();
+    CloneStanding result;
+    result.hasNode = !place.empty();
+    result.isAnnounced = announced.contains(place);
+    if (seesOpening) {
+        const auto found = opens.find(std::filesystem::path(place).filename().string());
+        result.isOpen = found != opens.end() && found->second > 0;
+    }
+    return result;
+}
+
+} // namespace glidemap
