@@ -3,6 +3,7 @@
 #include "deadline.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
 
 #include <algorithm>
 #include <ostream>
@@ -19,6 +20,7 @@ ClickFilterSession::ClickFilterSession(DriverSession& driverSession) : session(d
     setFilter = session.symbol<driver::SetClickFilter>(driver::setClickFilterSymbol);
     switchFilter = session.symbol<driver::SwitchClickFilter>(driver::switchClickFilterSymbol);
     canFilter = session.symbol<driver::CanFilterClicks>(driver::canFilterClicksSymbol);
+    obstacleOf = session.symbol<driver::ClickFilterObstacle>(driver::clickFilterObstacleSymbol);
     setFilter(&filter, this);
 }
 
@@ -52,6 +54,27 @@ bool ClickFilterSession::dropLikeTheProgram(const AskedClick& click) {
         swallowed.push_back(click.button);
     }
     return drop;
+}
+
+std::string ClickFilterSession::obstacle(driver::Device device) const {
+    const char* text = obstacleOf(device);
+    return text != nullptr ? text : "";
+}
+
+bool ClickFilterSession::waitUntilIntroduced() const {
+    const std::vector<driver::Device> devices = session.devices();
+    const Deadline deadline;
+    const auto isNew = [&](driver::Device device) {
+        return obstacle(device) == driver::cloneIsNew;
+    };
+    while (!session.waitUntilAsleep() || std::ranges::any_of(devices, isNew)) {
+        if (deadline.passed()) {
+            ADD_FAILURE() << "the driver never gets done with a clone";
+            return false;
+        }
+        sched_yield();
+    }
+    return session.waitUntilAsleep();
 }
 
 void ClickFilterSession::answer(Answer newAnswer) {

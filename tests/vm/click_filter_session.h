@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <functional>
 #include <mutex>
+#include <string>
 #include <vector>
 
 namespace glidemap::vm {
@@ -37,6 +38,10 @@ public:
     ~ClickFilterSession();
 
     bool isPossible() const { return canFilter(); }
+    // Why the clicks of the device are not filtered; empty if they may be.
+    std::string obstacle(driver::Device device) const;
+    // Waits until the system knows the clones of all devices, or has been given up.
+    bool waitUntilIntroduced() const;
     void switchOn(bool on) const { switchFilter(on); }
 
     // Instead of the answer that it gives otherwise.
@@ -55,6 +60,7 @@ private:
     driver::SetClickFilter setFilter = nullptr;
     driver::SwitchClickFilter switchFilter = nullptr;
     driver::CanFilterClicks canFilter = nullptr;
+    driver::ClickFilterObstacle obstacleOf = nullptr;
 
     mutable std::mutex mutex;
     mutable std::condition_variable news;

@@ -20,7 +20,8 @@ TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
     DriverSession session;
     ClickFilterSession filter(session);
     filter.switchOn(true);
-    session.waitUntilAsleep();
+    waitForClone();
+    filter.waitUntilIntroduced();
     std::cout << holding << std::endl;
     for (;;) {
         pause();
@@ -33,8 +34,8 @@ TEST(CloneEndTest, AKilledProgramGivesTheTouchpadBackInTheMiddleOfATouch) {
     const std::string self = std::filesystem::read_symlink("/proc/self/exe");
     Process program({self, "--gtest_also_run_disabled_tests",
                      "--gtest_filter=HoldingProgram.DISABLED_HoldsTheTouchpads"});
-    ASSERT_TRUE(program.waitForOutput(holding));
     EventReader clone(waitForClone());
+    ASSERT_TRUE(program.waitForOutput(holding));
     pad.write(together({fingerDown(0, 7, 1000, 500), {leftDown}}));
     EXPECT_TRUE(contains(clone.readUntil(leftDown), leftDown));
     EXPECT_TRUE(others.isQuiet());

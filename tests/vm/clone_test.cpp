@@ -324,7 +324,7 @@ TEST(CloneTest, UnpluggedItsCloneGoesAndComesAgainWithIt) {
         EXPECT_TRUE(waitForCloneCount(0));
         pad.plugIn();
         ASSERT_TRUE(forwarded.session.waitUntilReading(pad));
-        forwarded.clone = std::make_unique<EventReader>(waitForClone());
+        forwarded.readNewClone();
     }
     pad.write(together({fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 600), {leftDown}}));
     EXPECT_FALSE(contains(forwarded.readClone(), leftDown));
@@ -458,7 +458,7 @@ TEST(CloneTest, NothingWakesTheDriverWhileItForwardsAndNothingTouches) {
     EventReader reader(busy.node());
     forwarded.switchOn();
     const std::vector<int> threads = threadsNamed("glidemap-");
-    EXPECT_EQ(threads.size(), 2U) << "the reader and the watchdog";
+    EXPECT_EQ(threads.size(), 3U) << "the reader, the watchdog, and the one for stop signals";
     forwarded.pad.write(fingerDown(0, 7, 1000, 500));
     forwarded.pad.write(fingerUp(0));
     forwarded.readClone();

@@ -87,6 +87,17 @@ void* DriverSession::requiredSymbol(const char* name) const {
     return found;
 }
 
+std::vector<driver::Device> DriverSession::devices() const {
+    const driver::DeviceList list = symbol<driver::CreateList>(driver::createListSymbol)();
+    const long count = symbol<driver::ListCount>(driver::listCountSymbol)(list);
+    const auto at = symbol<driver::ListValueAtIndex>(driver::listValueAtIndexSymbol);
+    std::vector<driver::Device> all;
+    for (long index = 0; index < count; ++index) {
+        all.push_back(const_cast<driver::Device>(at(list, index)));
+    }
+    return all;
+}
+
 std::int32_t DriverSession::unreadableTouchpads() const {
     const auto count = reinterpret_cast<driver::UnreadableTouchpadCount>(
         manager.optionalSymbol(driver::unreadableTouchpadCountSymbol));

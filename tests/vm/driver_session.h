@@ -75,6 +75,8 @@ public:
     bool isRunning() const { return manager.isRunning(); }
     const std::optional<std::string>& loadError() const { return manager.loadError(); }
     std::int32_t unreadableTouchpads() const;
+    // The touchpads that are there.
+    std::vector<driver::Device> devices() const;
     // A function that only this driver has; null, and a failure of the test, without it.
     template <typename Function>
     Function symbol(const char* name) const {

@@ -29,8 +29,13 @@ ForwardedPad::ForwardedPad(PadShape shape) : pad(std::move(shape)) {}
 
 void ForwardedPad::switchOn() {
     filter.switchOn(true);
-    session.waitUntilAsleep();
+    readNewClone();
+}
+
+void ForwardedPad::readNewClone() {
+    clone.reset(); // a desktop closes a device that is gone before it opens the next one
     clone = std::make_unique<EventReader>(waitForClone());
+    filter.waitUntilIntroduced();
 }
 
 void ForwardedPad::switchOff() {

@@ -35,8 +35,10 @@ public:
     explicit ForwardedPad(PadShape shape = ordinaryPad());
 
     // Returns when the driver has done what there was to do about it, and a clone that it has
-    // made is there to be read.
+    // made is read.
     void switchOn();
+    // The same for a clone that it makes by itself.
+    void readNewClone();
     void switchOff();
 
     // Everything that the clone has said until the driver had read what was written to the pad.

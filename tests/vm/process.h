@@ -31,6 +31,9 @@ public:
     // Reads until so many lines have the text in them, or the time is over.
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
 
+    // Waits for more output than there is; false if there is none in that time.
+    bool waitForMoreOutput(int milliseconds) { return readMore(milliseconds); }
+
     // Waits until the program has the device open and waits for it to speak; before that, what it
     // says may be lost. A program that ends instead is a failure.
     bool waitUntilReading(const std::filesystem::path& device,

@@ -45,13 +45,26 @@ protected:
     }
 
     void expectForwarding() {
-        forwarded.clone = std::make_unique<EventReader>(waitForClone());
+        forwarded.readNewClone();
         forwarded.others.read();
         forwarded.pad.write(clickOfTwo());
         const auto frames = forwarded.readClone();
         EXPECT_TRUE(contains(frames, {EV_ABS, ABS_MT_TRACKING_ID, 7}));
         EXPECT_FALSE(contains(frames, leftDown));
         EXPECT_TRUE(forwarded.others.isQuiet());
+    }
+
+    using Readers = std::vector<std::unique_ptr<EventReader>>;
+
+    // Both of them, from when the driver has made them.
+    static Readers readClones(const ClickFilterSession& filter) {
+        Readers readers;
+        EXPECT_TRUE(waitForCloneCount(2));
+        for (const std::filesystem::path& node : cloneNodes()) {
+            readers.push_back(std::make_unique<EventReader>(node));
+        }
+        filter.waitUntilIntroduced();
+        return readers;
     }
 
     ForwardedPad forwarded;
@@ -91,9 +104,8 @@ TEST_F(WatchdogTest, WhatWasWaitingMeanwhileIsNotSaidByTheNextClone) {
     EXPECT_TRUE(forwarded.clone->waitUntilGone());
     letGo.set_value();
     forwarded.filter.waitForAsked(2);
-    const auto clone = std::make_unique<EventReader>(waitForClone());
-    forwarded.session.waitUntilAsleep();
-    EXPECT_TRUE(clone->isQuiet());
+    forwarded.readNewClone();
+    EXPECT_TRUE(forwarded.clone->isQuiet());
     expectForwarding();
 }
 
@@ -147,8 +159,7 @@ TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterHearsOfItOnce) {
         return true;
     });
     filter.switchOn(true);
-    both.waitUntilAsleep();
-    EXPECT_TRUE(waitForCloneCount(2));
+    const Readers readers = readClones(filter);
     forwarded.pad.write(clickOfTwo());
     filter.waitForAsked(1);
     EXPECT_TRUE(waitForCloneCount(0));
@@ -157,8 +168,7 @@ TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterHearsOfItOnce) {
     second.write(fingerUp(0));
     letGo.set_value();
     filter.waitForAsked(2);
-    both.waitUntilAsleep();
-    EXPECT_TRUE(waitForCloneCount(2));
+    const Readers newReaders = readClones(filter);
 
     // Nobody touches the second one, so it was taken at once; the first is when it is let go.
     others.read();

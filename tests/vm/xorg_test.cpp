@@ -3,7 +3,9 @@
 // nobody stood in between; what it types must arrive as it was meant.
 
 #include "agent_session.h"
+#include "deadline.h"
 #include "device_reader.h"
+#include "event_reader.h"
 #include "input_devices.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
@@ -88,7 +90,19 @@ protected:
 
     // Until the server listens to what the program types on, and to the clone.
     void waitForKeyboard() const { waitForServerToTake(waitForNode("Glidemap Keyboard")); }
-    void waitForClone() const { waitForServerToTake(waitForNode(pad->shape().name, pad->node())); }
+    // And until the program has taken the touchpad, which then is silent itself.
+    void waitForClone() const {
+        waitForServerToTake(waitForNode(pad->shape().name, pad->node()));
+        EventReader touchpad(pad->node());
+        const Deadline deadline;
+        do {
+            PadHand(*pad).pause(0.05);
+            touchpad.read();
+            pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 1}}); // which means nothing without fingers
+            pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 0}});
+        } while (!touchpad.isQuiet() && !deadline.passed());
+        EXPECT_FALSE(deadline.passed()) << "the touchpad was never taken";
+    }
 
     void waitForServerToTake(const std::optional<std::filesystem::path>& node) const {
         ASSERT_TRUE(node.has_value());

@@ -1,0 +1,190 @@
+// A desktop that uses a touchpad while the program takes it and gives it back: it hears each click,
+// each motion and each scroll once, from the touchpad or from its clone.
+//
+//   hand ─▶ touchpad ──▶ libinput ◀── clone ◀─ driver
+//
+// The moments are random, with a fixed seed.
+
+#include "click_filter_session.h"
+#include "deadline.h"
+#include "driver_session.h"
+#include "ordinary_pad.h"
+#include "pad_hand.h"
+#include "process.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <string>
+#include <thread>
+
+namespace glidemap::vm {
+namespace {
+
+// Between two reports of a touchpad.
+constexpr double aMoment = 0.01;
+
+// What the desktop has made of the hand so far.
+struct Heard {
+    int presses = 0;
+    int releases = 0;
+    double motion = 0;   // to the right, before acceleration
+    double scrolled = 0; // downwards
+};
+
+class TakingTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!std::filesystem::exists("/usr/bin/libinput")) {
+            GTEST_SKIP() << "libinput-tools is not installed";
+        }
+        desktop = std::make_unique<Process>(std::vector<std::string>{
+            "/usr/bin/stdbuf", "-oL", "/usr/bin/libinput", "debug-events"});
+        ASSERT_TRUE(desktop->waitForOutput("DEVICE_ADDED"));
+        ASSERT_TRUE(desktop->waitUntilReading(pad.node()));
+    }
+
+    double random(double from, double to) {
+        return std::uniform_real_distribution(from, to)(generator);
+    }
+
+    // One finger clicks.
+    void click() {
+        hand.down(1).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
+        ++clicks;
+    }
+
+    void point() { move(1, 400, 0); }
+    void scroll() { move(2, 0, 400); }
+
+    void move(int fingers, int dx, int dy) {
+        constexpr int reports = 10;
+        hand.down(fingers);
+        for (int step = 0; step < reports; ++step) {
+            hand.pause(aMoment).move(dx / reports, dy / reports);
+        }
+        hand.pause(aMoment).up();
+    }
+
+    // Everything so far. The click that is made for it comes after whatever else there was.
+    Heard hear() {
+        hand.pause(0.1);
+        click();
+        const Deadline deadline(std::chrono::seconds(20));
+        Heard heard = listen();
+        while (heard.releases < clicks && desktop->waitForMoreOutput(deadline.milliseconds())) {
+            heard = listen();
+        }
+        EXPECT_EQ(heard.releases, clicks) << "a click was lost";
+        return heard;
+    }
+
+    Heard listen() const {
+        Heard heard;
+        std::istringstream output(desktop->output());
+        for (std::string line; std::getline(output, line);) {
+            const bool isButton = line.find("POINTER_BUTTON") != std::string::npos;
+            heard.presses += isButton && line.find(" pressed") != std::string::npos ? 1 : 0;
+            heard.releases += isButton && line.find(" released") != std::string::npos ? 1 : 0;
+            heard.motion += numberAfter(line, "POINTER_MOTION", "(");
+            heard.scrolled += numberAfter(line, "POINTER_SCROLL_FINGER", "vert");
+        }
+        return heard;
+    }
+
+    static double numberAfter(const std::string& line, const char* kind, const char* text) {
+        const std::size_t found =
+            line.find(kind) != std::string::npos ? line.find(text) : std::string::npos;
+        return found != std::string::npos
+                   ? std::strtod(line.c_str() + found + std::string(text).size(), nullptr)
+                   : 0;
+    }
+
+    VirtualPad pad{ordinaryPad()};
+    PadHand hand{pad};
+    std::unique_ptr<Process> desktop;
+    std::mt19937 generator{20240607};
+    int clicks = 0;
+};
+
+// A tenth of the motion is one report's.
+void expectNear(double heard, double expected, const std::string& what) {
+    EXPECT_NEAR(heard, expected, std::abs(expected) * 0.04) << what;
+}
+
+TEST_F(TakingTest, NothingOfTheFirstSecondIsLostOrDoubled) {
+    constexpr int starts = 50;
+    point();
+    scroll();
+    const Heard each = hear();
+    ASSERT_NE(each.motion, 0);
+    ASSERT_NE(each.scrolled, 0);
+    Heard before = each;
+    for (int start = 0; start < starts; ++start) {
+        DriverSession session;
+        ClickFilterSession filter(session);
+        filter.switchOn(true);
+        hand.pause(random(0, 0.4));
+        click();
+        hand.pause(random(0, 0.1));
+        point();
+        hand.pause(random(0, 0.1));
+        scroll();
+        const Heard now = hear();
+        const std::string what = "start " + std::to_string(start);
+        EXPECT_EQ(now.presses, clicks) << what;
+        ASSERT_EQ(now.releases, clicks) << what;
+        expectNear(now.motion - before.motion, each.motion, what);
+        expectNear(now.scrolled - before.scrolled, each.scrolled, what);
+        before = now;
+    }
+}
+
+TEST_F(TakingTest, NothingIsLostOrDoubledWhileFilteringIsSwitchedOnAndOff) {
+    constexpr int switches = 200;
+    point();
+    scroll();
+    const Heard each = hear();
+    DriverSession session;
+    ClickFilterSession filter(session);
+    std::atomic<bool> done = false;
+    std::thread switching([&] {
+        std::mt19937 moments(7);
+        for (int count = 0; count < switches; ++count) {
+            filter.switchOn(count % 2 == 0);
+            const double pause = std::uniform_real_distribution(0.0, 0.4)(moments);
+            std::this_thread::sleep_for(std::chrono::duration<double>(pause));
+        }
+        done = true;
+    });
+    int rounds = 1;
+    for (; !done; ++rounds) {
+        click();
+        hand.pause(random(0, 0.1));
+        point();
+        hand.pause(random(0, 0.1));
+        scroll();
+        hand.pause(random(0, 0.1));
+        while (desktop->waitForMoreOutput(0)) {
+            // a desktop that cannot write any more would not read either
+        }
+    }
+    switching.join();
+    const Heard all = hear();
+    EXPECT_EQ(all.presses, clicks);
+    EXPECT_EQ(all.releases, clicks);
+    const auto expected = static_cast<double>(rounds);
+    EXPECT_NEAR(all.motion / each.motion, expected, 0.5);
+    EXPECT_NEAR(all.scrolled / each.scrolled, expected, 0.5);
+    EXPECT_FALSE(filter.asked().empty()) << "it was never taken";
+}
+
+} // namespace
+} // namespace glidemap::vm
