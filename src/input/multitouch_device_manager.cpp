@@ -5,6 +5,7 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <cassert>
 #include <memory>
 #include <utility>
@@ -101,6 +102,7 @@ bool MultitouchDeviceManager::canStart() const {
 }
 
 void MultitouchDeviceManager::start() {
+    isWanted = true;
     if (!canStart()) {
         return;
     }
@@ -110,11 +112,8 @@ void MultitouchDeviceManager::start() {
         _loadError = noDevice;
         return;
     }
-    readDevices();
-    for (driver::Device device : devices) {
-        registerCallback(device, &contactCallback);
-        startDevice(device, 0);
-    }
+    devices = listedDevices();
+    std::ranges::for_each(devices, [this](driver::Device device) { run(device); });
     running = !devices.empty();
     logLine("touchpads", "started ", devices.size());
     if (!running) {
@@ -122,17 +121,49 @@ void MultitouchDeviceManager::start() {
     }
 }
 
-void MultitouchDeviceManager::readDevices() {
-    devices.clear();
-    const long count = listAccess.count(deviceList);
-    for (long index = 0; index < count; ++index) {
-        if (const void* device = listAccess.valueAtIndex(deviceList, index); device != nullptr) {
-            devices.push_back(const_cast<driver::Device>(device));
+void MultitouchDeviceManager::lookForDevices() {
+    const bool foundNone = _loadError == noDevice;
+    if (!isWanted || (!running && !foundNone)) {
+        return;
+    }
+    const driver::DeviceList list = createList();
+    if (list == nullptr) {
+        return;
+    }
+    deviceList = list;
+    if (!running) {
+        devices.clear();
+    }
+    for (driver::Device device : listedDevices()) {
+        if (std::ranges::find(devices, device) == devices.end()) {
+            devices.push_back(device);
+            run(device);
         }
+    }
+    running = !devices.empty();
+    if (running) {
+        _loadError.reset();
     }
 }
 
+std::vector<driver::Device> MultitouchDeviceManager::listedDevices() {
+    std::vector<driver::Device> listed;
+    const long count = listAccess.count(deviceList);
+    for (long index = 0; index < count; ++index) {
+        if (const void* device = listAccess.valueAtIndex(deviceList, index); device != nullptr) {
+            listed.push_back(const_cast<driver::Device>(device));
+        }
+    }
+    return listed;
+}
+
+void MultitouchDeviceManager::run(driver::Device device) {
+    registerCallback(device, &contactCallback);
+    startDevice(device, 0);
+}
+
 void MultitouchDeviceManager::stop() {
+    isWanted = false;
     if (!running) {
         return;
     }

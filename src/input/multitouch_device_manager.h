@@ -1,7 +1,7 @@
 // The only code that talks to the touch driver: loads it by path, subscribes to every device it has
-// at start, and passes each report, copied, to one sink.
+// at start or when it is asked to look again, and passes each report, copied, to one sink.
 //
-// Thread:  construction, start() and stop() on the main thread; contactCallback on the driver's
+// Thread:  construction, start(), lookForDevices() and stop() on the main thread; contactCallback on the driver's
 // own. Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools make their own,
 // one at a time, because
 //          the sink is shared by all.
@@ -55,16 +55,20 @@ public:
     static std::int32_t contactCallback(driver::Device device, const MTTouch* records,
                                         std::int32_t count, double timestamp, std::int32_t frame);
 
-    // Registers and starts every device that is present now; those attached later are not picked
-    // up.
+    // Registers and starts every device that is present now. Those attached later are not picked up
+    // before lookForDevices().
     void start();
+
+    // Between start() and stop(): registers and starts the devices that are not yet. The error that
+    // no device was found is taken back when one is; after any other this does nothing.
+    void lookForDevices();
 
     // Stops and unregisters every device, as far as the driver can.
     void stop();
 
     bool isRunning() const { return running; }
 
-    // Those that were present at start().
+    // Those that were present at start() or found since.
     const std::vector<driver::Device>& presentDevices() const { return devices; }
 
     const std::optional<std::string>& loadError() const { return _loadError; }
@@ -75,7 +79,8 @@ public:
 private:
     void resolveSymbols();
     bool canStart() const;
-    void readDevices();
+    std::vector<driver::Device> listedDevices();
+    void run(driver::Device device);
 
     void* handle =
         nullptr; // never closed: the driver's threads may outlive any moment we could choose
@@ -88,6 +93,7 @@ private:
     driver::DeviceList deviceList = nullptr; // kept so that the devices stay valid
     std::vector<driver::Device> devices;
     bool running = false;
+    bool isWanted = false; // between start() and stop()
     std::optional<std::string> _loadError;
 };
 

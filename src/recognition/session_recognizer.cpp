@@ -104,6 +104,12 @@ void SessionRecognizer::process(const TouchFrame& frame) {
     checkLongPress(time);
 }
 
+void SessionRecognizer::forget() {
+    resetSession();
+    lastTap.reset();
+    pendingSingleTap.cancel();
+}
+
 void SessionRecognizer::readFingers(const TouchFrame& frame) {
     fingers.clear();
     fingerIds.clear();

@@ -43,6 +43,7 @@ public:
     static std::shared_ptr<SessionRecognizer> create(std::shared_ptr<DelayedWork> delayedWork);
 
     void process(const TouchFrame& frame) override;
+    void forget() override;
 
     // Whether an enabled binding, of any scope, exists for the double tap of that many fingers.
     // Called on the engine's queue.

@@ -50,6 +50,9 @@ void TouchEngine::connect() {
 }
 
 void TouchEngine::start() {
+    if (!started) {
+        forgetTouches();
+    }
     started = true;
     MultitouchDeviceManager::setFrameSink(
         [weakly = weak_from_this()](driver::Device /*device*/, const std::vector<MTTouch>& records,
@@ -59,6 +62,21 @@ void TouchEngine::start() {
             }
         });
     ports.deviceManager->start();
+}
+
+void TouchEngine::lookForDevices() {
+    if (started) {
+        ports.deviceManager->lookForDevices();
+    }
+}
+
+// Nothing runs on the queue yet, or any more.
+void TouchEngine::forgetTouches() {
+    for (const auto& recognizer : *recognizers) {
+        recognizer->forget();
+    }
+    const std::lock_guard lock(touchCountLock);
+    _touchingCount = 0;
 }
 
 // The queue is stopped first to release a driver that waits for room in it, because stopping the devices waits for the

@@ -8,7 +8,7 @@
 //                      single tap
 //
 // Units:   timestamps in seconds as the driver gives them; the cooldown in seconds of system
-// uptime. Thread:  start() and stop() on the main thread; touchingCount() on any. onGesture is
+// uptime. Thread:  start(), lookForDevices() and stop() on the main thread; touchingCount() on any. onGesture is
 // called on the engine's queue or
 //          on the thread of delayed work, and is set before start().
 // Owner:   the process (`TouchEngine::shared()`); tests and tools make their own with create().
@@ -58,8 +58,12 @@ public:
     static void configureShared(std::function<Ports()> makePorts);
     static const std::shared_ptr<TouchEngine>& shared();
 
-    // Installs the frame sink, then starts the devices.
+    // Installs the frame sink, then starts the devices. What touched before an earlier stop is
+    // forgotten.
     void start();
+
+    // Starts the devices that have come since, if the engine is started.
+    void lookForDevices();
 
     // Stops the devices, takes the sink away, and waits for the work that is running. Frames and
     // held-back taps that still wait are let go. Not to be called from within onGesture.
@@ -83,6 +87,7 @@ private:
     using Recognizers = std::vector<std::shared_ptr<GestureRecognizer>>;
 
     void connect();
+    void forgetTouches();
     void handleRawFrame(const std::vector<MTTouch>& records, double timestamp);
     void deliver(GestureType gesture);
     bool passesCooldown();

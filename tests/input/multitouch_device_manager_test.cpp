@@ -174,6 +174,76 @@ TEST_F(MultitouchDeviceManagerTest, WithoutATouchpadItSaysSoAndDoesNotTryAgain) 
     }
 }
 
+TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsThoseThatHaveComeSince) {
+    MultitouchDeviceManager manager(testDriver("growing-list"));
+    const TestDriverLibrary driver(manager);
+    driver.attach(1);
+    manager.start();
+    driver.attach(3);
+    manager.lookForDevices();
+    manager.lookForDevices();
+    EXPECT_EQ(driver.calls(), "create list; register a; start a 0; create list; register b; "
+                              "start b 0; register c; start c 0; create list");
+    EXPECT_EQ(manager.presentDevices().size(), 3U);
+    driver.attach(1); // those that are away may come back
+    manager.lookForDevices();
+    manager.stop();
+    EXPECT_TRUE(driver.calls().ends_with("create list; create list; stop a; unregister a; stop b; "
+                                         "unregister b; stop c; unregister c"))
+        << driver.calls();
+    driver.attach(0);
+}
+
+TEST_F(MultitouchDeviceManagerTest, TheFirstDeviceThatIsFoundTakesTheErrorBack) {
+    MultitouchDeviceManager manager(testDriver("growing-list"));
+    const TestDriverLibrary driver(manager);
+    manager.start();
+    EXPECT_EQ(manager.loadError(), noDevice);
+    manager.lookForDevices();
+    EXPECT_EQ(manager.loadError(), noDevice);
+    EXPECT_FALSE(manager.isRunning());
+    driver.attach(1);
+    manager.lookForDevices();
+    EXPECT_EQ(manager.loadError(), std::nullopt);
+    EXPECT_TRUE(manager.isRunning());
+    manager.stop();
+    EXPECT_EQ(driver.calls(), "create list; create list; create list; register a; start a 0; "
+                              "stop a; unregister a");
+    driver.attach(0);
+}
+
+TEST_F(MultitouchDeviceManagerTest, AStopWithoutDevicesEndsTheLookingForThem) {
+    MultitouchDeviceManager manager(testDriver("growing-list"));
+    const TestDriverLibrary driver(manager);
+    manager.lookForDevices();
+    EXPECT_EQ(driver.calls(), "") << "not started yet";
+    manager.start();
+    manager.stop();
+    driver.attach(1);
+    manager.lookForDevices();
+    EXPECT_EQ(driver.calls(), "create list");
+    manager.start(); // does nothing after an error, but wants devices again
+    manager.lookForDevices();
+    EXPECT_TRUE(manager.isRunning());
+    manager.stop();
+    driver.attach(0);
+}
+
+TEST_F(MultitouchDeviceManagerTest, AfterAnotherErrorNothingIsLookedFor) {
+    for (const char* name : {"without-start", "without-list-access"}) {
+        MultitouchDeviceManager manager(testDriver(name));
+        const TestDriverLibrary driver(manager);
+        manager.start();
+        manager.lookForDevices();
+        EXPECT_EQ(driver.calls(), "") << name;
+        EXPECT_EQ(manager.loadError(), symbolsMissing) << name;
+    }
+    MultitouchDeviceManager missing({"/no/such/driver.so", {}});
+    missing.start();
+    missing.lookForDevices();
+    EXPECT_FALSE(missing.isRunning());
+}
+
 TEST_F(MultitouchDeviceManagerTest, NullEntriesOfTheListArePassedOver) {
     MultitouchDeviceManager manager(testDriver("list-with-nulls"));
     const TestDriverLibrary driver(manager);

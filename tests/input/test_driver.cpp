@@ -95,6 +95,14 @@ EXPORTED const char* TestDriverCalls() {
     return calls.c_str();
 }
 
+// So many of the three devices are attached.
+EXPORTED void TestDriverAttach(int count) {
+    devices.clear();
+    for (int index = 0; index < count; ++index) {
+        devices.push_back(&letters[index]);
+    }
+}
+
 // Libraries are never unloaded, so a test begins by wiping what the one before left.
 EXPORTED void TestDriverReset() {
     calls.clear();

@@ -17,7 +17,9 @@ TouchDriverPlatform testDriver(const std::string& name) {
 TestDriverLibrary::TestDriverLibrary(const MultitouchDeviceManager& manager)
     : readCalls(reinterpret_cast<decltype(readCalls)>(manager.optionalSymbol("TestDriverCalls"))),
       sendReport(
-          reinterpret_cast<decltype(sendReport)>(manager.optionalSymbol("TestDriverReport"))) {
+          reinterpret_cast<decltype(sendReport)>(manager.optionalSymbol("TestDriverReport"))),
+      setAttached(
+          reinterpret_cast<decltype(setAttached)>(manager.optionalSymbol("TestDriverAttach"))) {
     reinterpret_cast<void (*)()>(manager.optionalSymbol("TestDriverReset"))();
 }
 

@@ -25,9 +25,13 @@ public:
         return sendReport(records, count, timestamp);
     }
 
+    // So many of a driver's three devices are there from now on, until the process ends.
+    void attach(int count) const { setAttached(count); }
+
 private:
     const char* (*readCalls)();
     int (*sendReport)(const MTTouch*, int, double);
+    void (*setAttached)(int);
 };
 
 } // namespace glidemap

@@ -221,6 +221,19 @@ TEST(TouchEngineTest, MayBeStartedAgain) {
     EXPECT_EQ(gesturesOf(stage.heard), std::vector{fourFingerTap});
 }
 
+TEST(TouchEngineTest, WhatTouchedBeforeAStopIsForgotten) {
+    EngineStage stage({2});
+    stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // held back
+    stage.play(fingers(3).startingAt(0.05).down().until(0.1));    // and still on the pad
+    stage.engine->stop();
+    stage.engine->start();
+    EXPECT_EQ(stage.engine->touchingCount(), 0);
+    stage.submit({0.2, {}}); // no tap of three: their end was not seen
+    stage.play(fingers(2).startingAt(0.25).down().until(0.3).up()); // no second tap
+    stage.finish();
+    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+}
+
 // An engine with a driver that writes down what is asked of it.
 class TouchEngineDriverTest : public testing::Test {
 protected:
@@ -248,6 +261,19 @@ TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeItUnregistersIt) {
     engine->stop();
     EXPECT_EQ(driver.calls(), started + "; stop a; unregister a; stop b; unregister b");
     EXPECT_FALSE(manager.isRunning());
+}
+
+TEST_F(TouchEngineDriverTest, LooksForDevicesOnlyWhileItIsStarted) {
+    engine->lookForDevices();
+    EXPECT_EQ(driver.calls(), "");
+    engine->start();
+    const std::string started = driver.calls();
+    engine->lookForDevices();
+    EXPECT_EQ(driver.calls(), started + "; create list");
+    engine->stop();
+    const std::string stopped = driver.calls();
+    engine->lookForDevices();
+    EXPECT_EQ(driver.calls(), stopped);
 }
 
 TEST_F(TouchEngineDriverTest, ReportsOfTheDriverArrive) {
