@@ -13,6 +13,10 @@ namespace {
 // What locks the screen where nothing else can: Control-Command-Q.
 constexpr KeyShortcut lockShortcut{12, modifier::control | modifier::command};
 
+bool isLocked(const UserSession* session) {
+    return session != nullptr && session->isLocked();
+}
+
 // The modifiers travel as flags of the key's own events; no event of a modifier key goes with them.
 void type(const KeyShortcut& shortcut, KeyEventPoster& keyEvents) {
     const std::array events = {KeyEvent{shortcut.keyCode, true, shortcut.modifiers},
@@ -32,6 +36,10 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 ActionRunner::ActionRunner(Ports given) : ports(std::move(given)) {}
 
 void ActionRunner::perform(const BindingAction& action) {
+    if (isLocked(ports.session.get()) && !std::holds_alternative<LockScreen>(action)) {
+        logLine("actions", "dropped: the session is locked");
+        return;
+    }
     logLine("actions", "runs ", kindOf(action));
     std::visit(
         Overloaded{
@@ -57,17 +65,18 @@ void ActionRunner::lockScreen() {
     if (!canLock) {
         canLock = ports.screenLock->find();
     }
-    if (!*canLock) {
-        logLine("actions", "no service locks the screen: types the shortcut for it");
-        type(lockShortcut, *ports.keyEvents);
-        return;
-    }
-    ports.screenLock->lock([weakly = std::weak_ptr(ports.keyEvents)] {
-        if (const auto keyEvents = weakly.lock()) {
-            logLine("actions", "no service locked the screen: types the shortcut for it");
+    const auto typeShortcut = [weakly = std::weak_ptr(ports.keyEvents), session = ports.session] {
+        const auto keyEvents = weakly.lock();
+        if (keyEvents != nullptr && !isLocked(session.get())) {
+            logLine("actions", "no service locks the screen: types the shortcut for it");
             type(lockShortcut, *keyEvents);
         }
-    });
+    };
+    if (*canLock) {
+        ports.screenLock->lock(typeShortcut);
+    } else {
+        typeShortcut();
+    }
 }
 
 } // namespace glidemap

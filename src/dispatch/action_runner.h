@@ -10,6 +10,7 @@
 #include "bindings/binding_action.h"
 #include "dispatch/key_event_poster.h"
 #include "dispatch/screen_lock.h"
+#include "dispatch/user_session.h"
 #include "dispatch/workspace.h"
 
 #include <memory>
@@ -24,12 +25,14 @@ public:
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<KeyEventPoster> keyEvents;
         std::shared_ptr<ScreenLock> screenLock;
+        std::shared_ptr<const UserSession> session = nullptr; // null: never locked
     };
 
     explicit ActionRunner(Ports given);
     ActionRunner(const ActionRunner&) = delete;
     ActionRunner& operator=(const ActionRunner&) = delete;
 
+    // While the session is locked, only a further lock, and that without typing.
     void perform(const BindingAction& action);
 
     // Brings it forward if it runs. An identifier that no application has launches nothing.

@@ -3,6 +3,7 @@
 #include "core/log.h"
 
 #include <utility>
+#include <variant>
 
 namespace glidemap {
 
@@ -31,7 +32,7 @@ std::shared_ptr<GestureDispatcher> GestureDispatcher::create(Ports ports) {
 }
 
 GestureDispatcher::GestureDispatcher(ConstructionKey /*key*/, Ports given)
-    : ports(std::move(given)),
+    : ports(std::move(given)), mainQueue(ports.mainQueue, ports.clock),
       _masterEnabled(ports.defaults->boolean(masterEnabledKey).value_or(true)) {}
 
 bool GestureDispatcher::handle(GestureType gesture, bool execute) {
@@ -41,13 +42,16 @@ bool GestureDispatcher::handle(GestureType gesture, bool execute) {
     }
     Application application = frontmost();
     Binding binding = resolveBinding(gesture, application.bundleID);
-    const bool isFound = binding != nullptr;
+    const bool isFound = binding != nullptr && mayRun(*binding);
     logDecision(gesture, application.bundleID, binding.get());
     GestureLogEntry entry = makeEntry(gesture, binding.get(), std::move(application.name));
-    if (execute && isFound) {
+    const bool runs = execute && isFound;
+    if (runs) {
         runLater(std::move(binding));
     }
-    logLater(std::move(entry));
+    if (!isLocked()) {
+        logLater(std::move(entry), runs ? TimelyQueue::IfLate::drop : TimelyQueue::IfLate::run);
+    }
     return isFound;
 }
 
@@ -56,19 +60,24 @@ bool GestureDispatcher::handleClickGesture(GestureType gesture) {
         logLine("gestures", rawValue(gesture), " dropped: Glidemap is switched off");
         return false;
     }
+    if (mainQueue.isStalled()) {
+        logLine("gestures", rawValue(gesture), " passed on: the main thread hangs");
+        return false;
+    }
     Application application = frontmost();
     Binding binding = resolveBinding(gesture, application.bundleID);
     logDecision(gesture, application.bundleID, binding.get());
-    if (!binding) {
+    if (!binding || !mayRun(*binding)) {
         return false;
     }
-    ports.mainQueue->submit([weakly = weak_from_this(), gesture, taken = std::move(binding),
-                             appName = std::move(application.name)]() mutable {
-        if (const auto dispatcher = weakly.lock()) {
-            dispatcher->ports.actionRunner->perform(taken->action);
-            dispatcher->log(dispatcher->makeEntry(gesture, taken.get(), std::move(appName)));
-        }
-    });
+    mainQueue.submit(TimelyQueue::IfLate::drop,
+                     [weakly = weak_from_this(), gesture, taken = std::move(binding),
+                      appName = std::move(application.name)] {
+                         if (const auto dispatcher = weakly.lock()) {
+                             dispatcher->ports.actionRunner->perform(taken->action);
+                             dispatcher->log(dispatcher->makeEntry(gesture, taken.get(), appName));
+                         }
+                     });
     return true;
 }
 
@@ -90,6 +99,10 @@ GestureDispatcher::resolveBinding(GestureType gesture,
     return binding;
 }
 
+bool GestureDispatcher::mayRun(const GestureBinding& binding) const {
+    return !isLocked() || std::holds_alternative<LockScreen>(binding.action);
+}
+
 GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureBinding* binding,
                                              std::optional<std::string> appName) const {
     GestureLogEntry entry;
@@ -105,23 +118,27 @@ GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureB
 // The action and the log entry are tasks of their own, so that what else waits for the main thread
 // may come between them.
 void GestureDispatcher::runLater(Binding binding) {
-    ports.mainQueue->submit([weakly = weak_from_this(), held = std::move(binding)] {
+    mainQueue.submit(TimelyQueue::IfLate::drop,
+                     [weakly = weak_from_this(), held = std::move(binding)] {
+                         if (const auto dispatcher = weakly.lock()) {
+                             dispatcher->ports.actionRunner->perform(held->action);
+                         }
+                     });
+}
+
+void GestureDispatcher::logLater(GestureLogEntry entry, TimelyQueue::IfLate ifLate) {
+    mainQueue.submit(ifLate, [weakly = weak_from_this(), held = std::move(entry)] {
         if (const auto dispatcher = weakly.lock()) {
-            dispatcher->ports.actionRunner->perform(held->action);
+            dispatcher->log(held);
         }
     });
 }
 
-void GestureDispatcher::logLater(GestureLogEntry entry) {
-    ports.mainQueue->submit(
-        [weakly = weak_from_this(), held = std::make_shared<GestureLogEntry>(std::move(entry))] {
-            if (const auto dispatcher = weakly.lock()) {
-                dispatcher->log(std::move(*held));
-            }
-        });
-}
-
+// Who looks over the user's shoulder at a locked screen, or unlocks it, sees nothing of it.
 void GestureDispatcher::log(GestureLogEntry entry) {
+    if (isLocked()) {
+        return;
+    }
     observers.announceWillChange();
     _recentEvents.insert(_recentEvents.begin(), std::move(entry));
     if (_recentEvents.size() > mostRecentEvents) {

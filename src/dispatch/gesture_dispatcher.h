@@ -8,6 +8,9 @@
 // Every gesture is logged, matched or not. Clicks are logged only when they were taken over: the
 // others are the system's business.
 //
+// While the session is locked nothing but a further lock runs, and nothing is logged. An action that
+// the main thread takes too late is dropped, and clicks pass while it takes none (timely_queue.h).
+//
 // Thread:  handle(), handleClickGesture(), masterEnabled(), frontmost() and resolveBinding() on any
 //          thread, several at once; they never wait for an action. The rest on the main thread.
 // Owner:   the program makes one. Work on the main queue holds it weakly and does nothing once it
@@ -23,6 +26,8 @@
 #include "core/user_defaults.h"
 #include "dispatch/action_runner.h"
 #include "dispatch/gesture_log_entry.h"
+#include "dispatch/timely_queue.h"
+#include "dispatch/user_session.h"
 #include "dispatch/workspace.h"
 
 #include <atomic>
@@ -46,7 +51,9 @@ public:
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<ActionRunner> actionRunner;
         std::function<WallTime()> wallClock = std::chrono::system_clock::now; // on any thread
-        const Lang* lang = &Lang::shared(); // what the log is written in
+        const Lang* lang = &Lang::shared();                   // what the log is written in
+        std::shared_ptr<const UserSession> session = nullptr; // null: never locked
+        TimelyQueue::Clock clock = std::chrono::steady_clock::now;
     };
 
     static constexpr std::string_view masterEnabledKey = "masterEnabled";
@@ -90,11 +97,14 @@ private:
 
     GestureLogEntry makeEntry(GestureType gesture, const GestureBinding* binding,
                               std::optional<std::string> appName) const;
+    bool mayRun(const GestureBinding& binding) const;
+    bool isLocked() const { return ports.session != nullptr && ports.session->isLocked(); }
     void runLater(Binding binding);
-    void logLater(GestureLogEntry entry);
+    void logLater(GestureLogEntry entry, TimelyQueue::IfLate ifLate);
     void log(GestureLogEntry entry);
 
     Ports ports;
+    TimelyQueue mainQueue;
     std::atomic<bool> _masterEnabled;
     std::vector<GestureLogEntry> _recentEvents;
     Observable observers;

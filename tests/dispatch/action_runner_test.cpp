@@ -2,6 +2,7 @@
 #include "kit/recording_key_events.h"
 #include "kit/recording_screen_lock.h"
 #include "kit/recording_workspace.h"
+#include "kit/scripted_user_session.h"
 
 #include <gmock/gmock.h>
 
@@ -31,8 +32,10 @@ protected:
     std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
         std::make_shared<kit::RecordingKeyEvents>();
     std::shared_ptr<kit::RecordingScreenLock> lock = std::make_shared<kit::RecordingScreenLock>();
-    std::unique_ptr<ActionRunner> runner = std::make_unique<ActionRunner>(
-        ActionRunner::Ports{.workspace = workspace, .keyEvents = keyEvents, .screenLock = lock});
+    std::shared_ptr<kit::ScriptedUserSession> session =
+        std::make_shared<kit::ScriptedUserSession>();
+    std::unique_ptr<ActionRunner> runner = std::make_unique<ActionRunner>(ActionRunner::Ports{
+        .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock, .session = session});
 };
 
 TEST_F(ActionRunnerTest, aShortcutIsTheKeyDownAndUpWithExactlyItsModifiersInOneCall) {
@@ -80,6 +83,31 @@ TEST_F(ActionRunnerTest, whereTheSystemRefusesToLockControlCommandQIsTyped) {
     EXPECT_THAT(keyEvents->posts, IsEmpty());
     lock->refuse();
     EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut));
+}
+
+TEST_F(ActionRunnerTest, whileLockedOnlyTheLockRuns) {
+    session->setLocked(true);
+    workspace->urls["org.example.Editor"] = "file:///editor";
+    runner->perform(KeyShortcut{124, 0});
+    runner->perform(MissionControl{});
+    runner->perform(LaunchApp{"org.example.Editor", "Editor"});
+    expectNothingElseThan(0, 0, 0);
+    runner->perform(LockScreen{});
+    expectNothingElseThan(0, 1, 0);
+}
+
+TEST_F(ActionRunnerTest, theLocksShortcutIsNotTypedOnALockedScreen) {
+    runner->perform(LockScreen{});
+    session->setLocked(true);
+    lock->refuse();
+    expectNothingElseThan(0, 1, 0);
+}
+
+TEST_F(ActionRunnerTest, withoutASystemsLockALockedScreenGetsNoShortcutEither) {
+    lock->exists = false;
+    session->setLocked(true);
+    runner->perform(LockScreen{});
+    expectNothingElseThan(0, 0, 0);
 }
 
 TEST_F(ActionRunnerTest, aRefusalAfterEverythingIsGoneDoesNothing) {

@@ -13,6 +13,7 @@
 #include "kit/recording_screen_lock.h"
 #include "kit/recording_user_defaults.h"
 #include "kit/recording_workspace.h"
+#include "kit/scripted_user_session.h"
 
 #include <cstdint>
 #include <memory>
@@ -63,15 +64,22 @@ public:
                                std::make_shared<kit::RecordingUserDefaults>())
         : store(std::make_shared<BindingStore>(std::move(bindings))),
           defaults(std::move(settings)) {
-        auto runner = std::make_shared<ActionRunner>(ActionRunner::Ports{
-            .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock});
+        auto runner = std::make_shared<ActionRunner>(ActionRunner::Ports{.workspace = workspace,
+                                                                         .keyEvents = keyEvents,
+                                                                         .screenLock = lock,
+                                                                         .session = session});
         dispatcher = GestureDispatcher::create({.store = store,
                                                 .defaults = defaults,
                                                 .mainQueue = mainQueue,
                                                 .workspace = workspace,
                                                 .actionRunner = std::move(runner),
                                                 .wallClock = [this] { return now; },
-                                                .lang = &lang});
+                                                .lang = &lang,
+                                                .session = session,
+                                                .clock =
+                                                    [this] {
+                                                        return uptime;
+                                                    }});
     }
     DispatchStage(const DispatchStage&) = delete;
     DispatchStage& operator=(const DispatchStage&) = delete;
@@ -105,7 +113,10 @@ public:
     std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
         std::make_shared<kit::RecordingKeyEvents>();
     std::shared_ptr<kit::RecordingScreenLock> lock = std::make_shared<kit::RecordingScreenLock>();
+    std::shared_ptr<kit::ScriptedUserSession> session =
+        std::make_shared<kit::ScriptedUserSession>();
     WallTime now{};
+    TimelyQueue::Time uptime{};
     Lang lang{nullptr};
     std::shared_ptr<GestureDispatcher> dispatcher;
 };

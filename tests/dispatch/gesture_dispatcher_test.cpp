@@ -97,6 +97,80 @@ TEST(GestureDispatcher, withTheMasterSwitchOffNothingIsHandledNorLogged) {
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
 }
 
+TEST(GestureDispatcher, whileTheMainThreadHangsClicksPassAndGesturesAreNotRunLate) {
+    DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
+    EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.uptime += 999ms;
+    EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.uptime += 1ms;
+    EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.uptime += 10s;
+    EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.dispatcher->handle(twoFingerTap, true);
+    stage.uptime += 3s;
+
+    stage.mainQueue->runAll();
+    EXPECT_THAT(stage.typed(), IsEmpty());
+    EXPECT_THAT(stage.logged(), IsEmpty());
+    EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.mainQueue->runAll();
+    EXPECT_THAT(stage.typed(), ElementsAre(2));
+}
+
+TEST(GestureDispatcher, aGestureThatWaitsNoticesTheHungMainThreadForClicks) {
+    DispatchStage stage({typing(2, twoFingerClick)});
+    stage.dispatcher->handle(twoFingerTap, true); // unbound, and logged nevertheless
+    stage.uptime += 1s;
+    EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.uptime += 1h;
+    stage.mainQueue->runAll();
+    EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerTap, nullopt, nullopt}));
+}
+
+TEST(GestureDispatcher, whileLockedNothingRunsNorIsLogged) {
+    DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick),
+                         binding(threeFingerTap, LaunchApp{editorID, editorName}),
+                         binding(fourFingerTap, MissionControl{})});
+    stage.workspace->urls[editorID] = "file:///editor";
+    stage.session->setLocked(true);
+    for (const GestureType gesture : {twoFingerTap, threeFingerTap, fourFingerTap, pinchIn}) {
+        EXPECT_FALSE(stage.dispatcher->handle(gesture, true));
+    }
+    EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.mainQueue->runAll();
+    stage.session->setLocked(false);
+    stage.mainQueue->runAll();
+    EXPECT_THAT(stage.typed(), IsEmpty());
+    EXPECT_THAT(stage.workspace->opened, IsEmpty());
+    EXPECT_THAT(stage.logged(), IsEmpty());
+
+    EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
+    stage.mainQueue->runAll();
+    EXPECT_THAT(stage.typed(), ElementsAre(1));
+}
+
+TEST(GestureDispatcher, whileLockedOneCanStillLockAndNothingIsLogged) {
+    DispatchStage stage(
+        {binding(twoFingerTap, LockScreen{}), binding(twoFingerClick, LockScreen{})});
+    stage.lock->exists = true;
+    stage.session->setLocked(true);
+    EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
+    EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.mainQueue->runAll();
+    EXPECT_EQ(stage.lock->timesLocked, 2);
+    EXPECT_THAT(stage.logged(), IsEmpty());
+}
+
+TEST(GestureDispatcher, whatTheLockOvertakesDoesNotRun) {
+    DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
+    EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
+    EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
+    stage.session->setLocked(true);
+    stage.mainQueue->runAll();
+    EXPECT_THAT(stage.typed(), IsEmpty());
+    EXPECT_THAT(stage.logged(), IsEmpty());
+}
+
 TEST(GestureDispatcher, whatWasAcceptedBeforeTheMasterSwitchWentOffStillRuns) {
     DispatchStage stage({typing(1, twoFingerTap)});
     stage.dispatcher->handle(twoFingerTap, true);

@@ -37,6 +37,12 @@ public:
         }
     }
 
+    // As at the end of the program: what waits is destroyed unrun.
+    void discardAll() {
+        while (takeNext()) {
+        }
+    }
+
     // Until another thread has submitted something that still waits.
     void waitForOne() const {
         std::unique_lock lock(mutex);

@@ -1,0 +1,72 @@
+#include "dispatch/timely_queue.h"
+
+#include <mutex>
+#include <set>
+#include <utility>
+
+namespace glidemap {
+
+// When each task was submitted that the main thread has not taken.
+class TimelyQueue::Waiting {
+public:
+    using Place = std::multiset<Time>::iterator;
+
+    Place add(Time time) {
+        const std::lock_guard lock(mutex);
+        return since.insert(time);
+    }
+
+    void remove(Place place) {
+        const std::lock_guard lock(mutex);
+        since.erase(place);
+    }
+
+    bool isAnyOlderThan(Time time) const {
+        const std::lock_guard lock(mutex);
+        return !since.empty() && *since.begin() <= time;
+    }
+
+private:
+    mutable std::mutex mutex;
+    std::multiset<Time> since;
+};
+
+// It no longer waits when it is destroyed: after it has run, or because the main queue discards it.
+struct TimelyQueue::Submitted {
+    Submitted(std::shared_ptr<Waiting> all, Time start, IfLate late, std::function<void()> task)
+        : waiting(std::move(all)), place(waiting->add(start)), time(start), ifLate(late),
+          work(std::move(task)) {}
+    Submitted(const Submitted&) = delete;
+    Submitted& operator=(const Submitted&) = delete;
+    ~Submitted() { waiting->remove(place); }
+
+    std::shared_ptr<Waiting> waiting;
+    Waiting::Place place;
+    Time time;
+    IfLate ifLate;
+    std::function<void()> work;
+};
+
+TimelyQueue::TimelyQueue(std::shared_ptr<MainQueue> mainQueue, Clock clock)
+    : queue(std::move(mainQueue)), now(std::move(clock)), waiting(std::make_shared<Waiting>()) {}
+
+// An action may run a loop of its own, in which the main thread goes on: the task is taken when it
+// starts.
+void TimelyQueue::submit(IfLate ifLate, std::function<void()> work) {
+    queue->submit([submitted = std::make_unique<Submitted>(waiting, now(), ifLate, std::move(work)),
+                   clock = now]() mutable {
+        const bool isLate = clock() - submitted->time > maxWait;
+        const std::function<void()> taken =
+            isLate && submitted->ifLate == IfLate::drop ? nullptr : std::move(submitted->work);
+        submitted.reset();
+        if (taken) {
+            taken();
+        }
+    });
+}
+
+bool TimelyQueue::isStalled() const {
+    return waiting->isAnyOlderThan(now() - stalledAfter);
+}
+
+} // namespace glidemap

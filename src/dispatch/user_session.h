@@ -1,0 +1,27 @@
+// Port: whether the user is at the session that the program belongs to.
+//
+// Thread:  the queries on any, without waiting; onActiveChange is set and called on the main thread.
+// Owner:   the program makes one. It calls nothing once it is gone.
+// Errors:  none; a session of which nothing is known is active and not locked.
+#pragma once
+
+#include <functional>
+
+namespace glidemap {
+
+class UserSession {
+public:
+    UserSession() = default;
+    UserSession(const UserSession&) = delete;
+    UserSession& operator=(const UserSession&) = delete;
+    virtual ~UserSession() = default;
+
+    // False while another user's session, or another one of the same user, is in front.
+    virtual bool isActive() const = 0;
+
+    virtual bool isLocked() const = 0;
+
+    std::function<void()> onActiveChange;
+};
+
+} // namespace glidemap

@@ -1,0 +1,30 @@
+// A session that is in front and locked as the test says.
+//
+// Thread:  the setters on the test's main thread; the rest on any.
+#pragma once
+
+#include "dispatch/user_session.h"
+
+#include <atomic>
+
+namespace glidemap::kit {
+
+class ScriptedUserSession : public UserSession {
+public:
+    bool isActive() const override { return active; }
+    bool isLocked() const override { return locked; }
+
+    void setActive(bool isActive) {
+        active = isActive;
+        if (onActiveChange) {
+            onActiveChange();
+        }
+    }
+    void setLocked(bool isLocked) { locked = isLocked; }
+
+private:
+    std::atomic<bool> active = true;
+    std::atomic<bool> locked = false;
+};
+
+} // namespace glidemap::kit
