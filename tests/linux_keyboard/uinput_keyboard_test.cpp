@@ -28,11 +28,7 @@ struct DeviceScript {
 class ScriptedDevice : public KeyDevice {
 public:
     explicit ScriptedDevice(DeviceScript& followed) : script(followed) {}
-    ~ScriptedDevice() override {
-        if (isPlugged) {
-            script.log.emplace_back("unplug");
-        }
-    }
+    ~ScriptedDevice() override { ScriptedDevice::unplug(); }
 
     bool plugIn() override {
         if (!isPlugged) {
@@ -40,6 +36,12 @@ public:
             isPlugged = script.isPermitted;
         }
         return isPlugged;
+    }
+
+    void unplug() override {
+        if (std::exchange(isPlugged, false)) {
+            script.log.emplace_back("unplug");
+        }
     }
 
     bool write(std::span<const KeyChange> changes) override {
@@ -119,6 +121,21 @@ TEST(UinputKeyboardTest, KeysComeUpBeforeTheKeyboardGoes) {
         keyboard.post(press);
     }
     EXPECT_EQ(script.log, (Log{"plug in", "+CTRL +T", "-T -CTRL", "unplug"}));
+}
+
+TEST(UinputKeyboardTest, UnpluggedItLetsGoOfItsKeysAndTypesNothingUntilItIsPluggedInAgain) {
+    DeviceScript script;
+    {
+        UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
+        keyboard.post(press);
+        keyboard.unplug();
+        keyboard.unplug();
+        keyboard.post(shortcut);
+        keyboard.plugIn();
+        keyboard.post(plain);
+    }
+    EXPECT_EQ(script.log,
+              (Log{"plug in", "+CTRL +T", "-T -CTRL", "unplug", "plug in", "+Q -Q", "unplug"}));
 }
 
 TEST(UinputKeyboardTest, WhatIsHeldIsLookedAtFirst) {

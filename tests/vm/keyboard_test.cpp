@@ -163,6 +163,7 @@ public:
         return isPlugged;
     }
 
+    void unplug() override { device.unplug(); }
     bool write(std::span<const KeyChange> changes) override { return device.write(changes); }
 
 private:

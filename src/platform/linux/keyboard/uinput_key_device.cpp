@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace glidemap {
@@ -50,9 +51,7 @@ input_event eventOf(int type, int code, int value) {
 } // namespace
 
 UinputKeyDevice::~UinputKeyDevice() {
-    if (descriptor >= 0) {
-        close(descriptor); // the kernel unplugs the device with its last descriptor
-    }
+    UinputKeyDevice::unplug();
 }
 
 bool UinputKeyDevice::plugIn() {
@@ -70,6 +69,13 @@ bool UinputKeyDevice::plugIn() {
     descriptor = opened;
     logLine("actions", "made the virtual keyboard");
     return true;
+}
+
+// The kernel unplugs the device with its last descriptor.
+void UinputKeyDevice::unplug() {
+    if (descriptor >= 0) {
+        close(std::exchange(descriptor, -1));
+    }
 }
 
 // In one piece: the kernel holds the device from the first event of a write to the last.

@@ -18,6 +18,7 @@ public:
     ~UinputKeyDevice() override;
 
     bool plugIn() override;
+    void unplug() override;
     bool write(std::span<const KeyChange> changes) override;
 
 private:

@@ -18,19 +18,32 @@ UinputKeyboard::UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice,
 
 UinputKeyboard::~UinputKeyboard() {
     heldModifiers.reset(); // finishes what it was asked to type
+    letGo();
+}
+
+bool UinputKeyboard::plugIn() {
+    isWanted = true;
+    const std::lock_guard guard(deviceLock);
+    return device->plugIn();
+}
+
+void UinputKeyboard::unplug() {
+    isWanted = false;
+    letGo();
+    const std::lock_guard guard(deviceLock);
+    device->unplug();
+}
+
+void UinputKeyboard::letGo() {
     if (const std::vector<KeyChange> changes = strokes.releaseAll(); !changes.empty()) {
         write(changes);
     }
 }
 
-bool UinputKeyboard::plugIn() {
-    const std::lock_guard guard(deviceLock);
-    return device->plugIn();
-}
-
 void UinputKeyboard::post(std::span<const KeyEvent> events) {
-    if (!plugIn()) {
-        logLine("actions", "dropped: no virtual keyboard can be made");
+    if (!isWanted || !plugIn()) {
+        logLine("actions", isWanted ? "dropped: no virtual keyboard can be made"
+                                    : "dropped: another session is in front");
         return;
     }
     if (std::vector<KeyChange> changes = strokes.changesFor(events); !changes.empty()) {

@@ -29,13 +29,18 @@ public:
     // Plugs the keyboard in if it is not yet. False without permission.
     bool plugIn();
 
+    // Lets go of its keys and takes it away. Nothing is typed until it is plugged in again.
+    void unplug();
+
     void post(std::span<const KeyEvent> events) override;
 
 private:
+    void letGo();
     void type(std::vector<KeyChange> changes);
     void write(std::span<const KeyChange> changes);
 
     KeyStrokes strokes;
+    bool isWanted = true;
     std::mutex deviceLock;
     std::unique_ptr<KeyDevice> device;
     std::unique_ptr<HeldModifiers> heldModifiers;
