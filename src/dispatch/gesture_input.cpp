@@ -8,7 +8,7 @@ GestureInput::GestureInput(std::shared_ptr<TouchEngine> touchEngine, ClickMonito
                            std::shared_ptr<UserSession> userSession)
     : engine(std::move(touchEngine)), clicks(clickMonitor), session(std::move(userSession)) {
     if (session != nullptr) {
-        session->onActiveChange = [this] {
+        session->onChange = [this] {
             followSession();
         };
     }
@@ -16,7 +16,7 @@ GestureInput::GestureInput(std::shared_ptr<TouchEngine> touchEngine, ClickMonito
 
 GestureInput::~GestureInput() {
     if (session != nullptr) {
-        session->onActiveChange = {};
+        session->onChange = {};
     }
 }
 

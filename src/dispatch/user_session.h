@@ -1,6 +1,6 @@
 // Port: whether the user is at the session that the program belongs to.
 //
-// Thread:  the queries on any, without waiting; onActiveChange is set and called on the main thread.
+// Thread:  the queries on any, without waiting; onChange is set and called on the main thread.
 // Owner:   the program makes one. It calls nothing once it is gone.
 // Errors:  none; a session of which nothing is known is active and not locked.
 #pragma once
@@ -21,7 +21,8 @@ public:
 
     virtual bool isLocked() const = 0;
 
-    std::function<void()> onActiveChange;
+    // Either has changed.
+    std::function<void()> onChange;
 };
 
 } // namespace glidemap

@@ -16,13 +16,20 @@ public:
 
     void setActive(bool isActive) {
         active = isActive;
-        if (onActiveChange) {
-            onActiveChange();
-        }
+        announce();
     }
-    void setLocked(bool isLocked) { locked = isLocked; }
+    void setLocked(bool isLocked) {
+        locked = isLocked;
+        announce();
+    }
 
 private:
+    void announce() const {
+        if (onChange) {
+            onChange();
+        }
+    }
+
     std::atomic<bool> active = true;
     std::atomic<bool> locked = false;
 };

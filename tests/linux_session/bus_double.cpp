@@ -14,6 +14,8 @@ namespace glidemap::test {
 struct BusDouble::State {
     State(ServiceDescription description, Journal& record)
         : service(std::move(description)), journal(record) {
+        properties = service.properties;
+        texts = service.texts;
         for (const auto& [method, how] : service.methods) {
             methods[method] = how;
         }
@@ -44,6 +46,7 @@ struct BusDouble::State {
     mutable std::mutex mutex; // guards what follows
     std::map<std::string, std::optional<Method>> methods;
     std::map<std::string, bool> properties;
+    std::map<std::string, std::string> texts;
     DesktopThread thread; // goes first
 };
 
@@ -136,6 +139,9 @@ GVariant* BusDouble::State::read(GDBusConnection* /*connection*/, const char* se
     self.expectToLeave(sender);
     self.journal.add(self.shortName() + " get " + property);
     const std::lock_guard lock(self.mutex);
+    if (const auto text = self.texts.find(property); text != self.texts.end()) {
+        return g_variant_new_string(text->second.c_str());
+    }
     return g_variant_new_boolean(self.properties[property] ? TRUE : FALSE);
 }
 
@@ -178,6 +184,11 @@ void BusDouble::keepSilent(const std::string& method) {
 void BusDouble::set(const std::string& property, bool value) {
     const std::lock_guard lock(state->mutex);
     state->properties[property] = value;
+}
+
+void BusDouble::setText(const std::string& property, const std::string& value) {
+    const std::lock_guard lock(state->mutex);
+    state->texts[property] = value;
 }
 
 void BusDouble::setAndAnnounce(const std::string& property, bool value,

@@ -29,6 +29,9 @@ struct ServiceDescription {
     std::string interfaces; // as introspection data, without the node around it
     // For who is asked as soon as it is there; one that is not given answers with an empty tuple.
     std::map<std::string, Method> methods = {};
+    // As it has them when its name comes.
+    std::map<std::string, bool> properties = {};
+    std::map<std::string, std::string> texts = {};
 };
 
 class BusDouble {
@@ -48,6 +51,7 @@ public:
     // A property of the interface is false until it is set, by the test or by the bus. Announced
     // from `path`, if that is given.
     void set(const std::string& property, bool value);
+    void setText(const std::string& property, const std::string& value);
     void setAndAnnounce(const std::string& property, bool value, const std::string& interface,
                         const std::string& path);
     bool property(const std::string& name) const;

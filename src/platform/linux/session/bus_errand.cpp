@@ -60,6 +60,7 @@ bool saysNobodyThere(const GError* error) {
 
 struct BusErrand::State {
     using WithBus = std::function<void(GDBusConnection* connection)>;
+    using Heard = std::function<void(GVariant* values)>;
 
     // What GIO's callbacks get: the errand lives until each has come.
     struct Opening {
@@ -84,18 +85,20 @@ struct BusErrand::State {
     static void withBus(const std::shared_ptr<BusErrand>& errand, Bus bus, WithBus then);
     static void opened(GObject* source, GAsyncResult* result, gpointer opening);
     static void answered(GObject* connection, GAsyncResult* result, gpointer call);
-    static void propertiesChanged(GDBusConnection* connection, const char* sender, const char* path,
-                                  const char* interface, const char* signal, GVariant* values,
-                                  gpointer state);
+    static void signalled(GDBusConnection* connection, const char* sender, const char* path,
+                          const char* interface, const char* signal, GVariant* values,
+                          gpointer heard);
 
     bool calledOff = false;
     std::array<Line, 2> lines;
     Cancellable cancellable{g_cancellable_new()};
     GCancellable* openingAttempt = nullptr;
     std::vector<Source> timers;
-    GDBusConnection* watched = nullptr;
-    guint subscription = 0;
-    Function changed;
+    struct Watch {
+        GDBusConnection* connection;
+        guint subscription;
+    };
+    std::vector<Watch> watches;
 };
 
 void BusErrand::State::withBus(const std::shared_ptr<BusErrand>& errand, Bus bus, WithBus then) {
@@ -148,12 +151,11 @@ void BusErrand::State::answered(GObject* connection, GAsyncResult* result, gpoin
     g_clear_pointer(&values, g_variant_unref);
 }
 
-void BusErrand::State::propertiesChanged(GDBusConnection* /*connection*/, const char* /*sender*/,
-                                         const char* /*path*/, const char* /*interface*/,
-                                         const char* /*signal*/, GVariant* /*values*/,
-                                         gpointer state) {
-    const Function changed = static_cast<State*>(state)->changed;
-    changed(); // a copy: it may end the watch
+void BusErrand::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
+                                 const char* /*path*/, const char* /*interface*/,
+                                 const char* /*signal*/, GVariant* values, gpointer heard) {
+    const Heard copy = *static_cast<Heard*>(heard); // it may end the watch
+    copy(values);
 }
 
 BusErrand::BusErrand(Milliseconds stepPatience)
@@ -173,7 +175,7 @@ void BusErrand::call(const BusMethod& method, GVariant* arguments, Milliseconds 
     const auto ask = [=, self = shared_from_this(),
                       then = std::move(then)](GDBusConnection* connection) {
         if (connection == nullptr) {
-            then({nullptr, true});
+            then({nullptr, true, false});
             return;
         }
         g_dbus_connection_call(connection, method.service, method.path, method.interface,
@@ -188,22 +190,26 @@ void BusErrand::call(const BusMethod& method, GVariant* arguments, Then then) {
     call(method, arguments, patienceOfAStep, IfNotRunning::leave, std::move(then));
 }
 
+void BusErrand::watch(const Signal& signal, std::function<void(GVariant*)> heard) {
+    GDBusConnection* const connection = state->line(signal.bus).connection.get();
+    const guint subscription = g_dbus_connection_signal_subscribe(
+        connection, signal.service, signal.interface, signal.name, nullptr, signal.firstArgument,
+        G_DBUS_SIGNAL_FLAGS_NONE, State::signalled, new State::Heard(std::move(heard)),
+        [](gpointer held) { delete static_cast<State::Heard*>(held); });
+    state->watches.push_back({connection, subscription});
+}
+
 void BusErrand::watchProperties(Bus bus, const char* service, const char* interface,
                                 Function changed) {
-    state->changed = std::move(changed);
-    state->watched = state->line(bus).connection.get();
-    state->subscription = g_dbus_connection_signal_subscribe(
-        state->watched, service, "org.freedesktop.DBus.Properties", "PropertiesChanged", nullptr,
-        interface, G_DBUS_SIGNAL_FLAGS_NONE, State::propertiesChanged, state.get(), nullptr);
+    watch({bus, service, "org.freedesktop.DBus.Properties", "PropertiesChanged", interface},
+          [changed = std::move(changed)](GVariant* /*values*/) { changed(); });
 }
 
 void BusErrand::stopWaiting() {
     state->timers.clear();
-    if (state->watched != nullptr) {
-        g_dbus_connection_signal_unsubscribe(state->watched, state->subscription);
-        state->watched = nullptr;
+    for (const State::Watch& watch : std::exchange(state->watches, {})) {
+        g_dbus_connection_signal_unsubscribe(watch.connection, watch.subscription);
     }
-    state->changed = {};
 }
 
 void BusErrand::after(Milliseconds delay, Function then) {

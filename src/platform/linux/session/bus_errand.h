@@ -36,6 +36,7 @@ struct BusMethod {
 struct BusAnswer {
     GVariant* values = nullptr;
     bool nobodyThere = false;
+    bool busIsOpen = true;
 };
 
 enum class IfNotRunning { leave, start };
@@ -62,14 +63,24 @@ protected:
               IfNotRunning ifNotRunning, Then then);
     void call(const BusMethod& method, GVariant* arguments, Then then);
 
-    // Calls `changed` for each announcement of changed properties of the interface, until
-    // stopWaiting(). The bus must be open: within the answer to a call on it. `changed` does not
-    // keep the errand alive; a call or a delay does.
+    // Calls `heard` for each such signal, until stopWaiting(). The bus must be open: within the
+    // answer to a call on it. A watch does not keep the errand alive, unless `heard` holds it; a
+    // call or a delay does.
+    struct Signal {
+        Bus bus = Bus::session;
+        const char* service = nullptr;
+        const char* interface = nullptr;
+        const char* name = nullptr;
+        const char* firstArgument = nullptr; // null for any
+    };
+    void watch(const Signal& signal, std::function<void(GVariant* values)> heard);
+
+    // The same for each announcement of changed properties of the interface.
     void watchProperties(Bus bus, const char* service, const char* interface,
                          std::function<void()> changed);
     void after(Milliseconds delay, std::function<void()> then);
 
-    // For changes and delays.
+    // For signals and delays.
     void stopWaiting();
 
 private:

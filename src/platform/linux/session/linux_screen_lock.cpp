@@ -1,5 +1,7 @@
 #include "platform/linux/session/linux_screen_lock.h"
 
+#include "platform/linux/session/screen_savers.h"
+
 #include <gio/gio.h>
 
 #include <utility>
@@ -18,28 +20,6 @@ constexpr const char* ownSession = "/org/freedesktop/login1/session/auto";
 constexpr BusMethod lockSession{Bus::system, logind, ownSession, sessionInterface, "Lock"};
 constexpr BusMethod getSessionProperty{Bus::system, logind, ownSession,
                                        "org.freedesktop.DBus.Properties", "Get"};
-
-struct ScreenSaver {
-    BusMethod lock;
-    bool takesMessage = false; // to the user, shown on the locked screen
-};
-
-const std::vector<ScreenSaver>& screenSavers() {
-    static const std::vector<ScreenSaver> all = {
-        {{Bus::session, "org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "org.gnome.ScreenSaver",
-          "Lock"}},
-        {{Bus::session, "org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver",
-          "org.cinnamon.ScreenSaver", "Lock"},
-         true},
-        {{Bus::session, "org.mate.ScreenSaver", "/org/mate/ScreenSaver", "org.mate.ScreenSaver",
-          "Lock"}},
-        {{Bus::session, "org.xfce.ScreenSaver", "/org/xfce/ScreenSaver", "org.xfce.ScreenSaver",
-          "Lock"}},
-        {{Bus::session, "org.freedesktop.ScreenSaver", "/ScreenSaver",
-          "org.freedesktop.ScreenSaver", "Lock"}},
-    };
-    return all;
-}
 
 bool saysLocked(GVariant* values) {
     if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(v)"))) {
@@ -128,7 +108,7 @@ private:
     }
 
     void ask(const ScreenSaver& saver, IfNotRunning ifNotRunning, Then then) {
-        call(saver.lock, saver.takesMessage ? g_variant_new("(s)", "") : nullptr,
+        call(saver.method("Lock"), saver.takesMessage ? g_variant_new("(s)", "") : nullptr,
              ifNotRunning == IfNotRunning::start ? patience.start : patience.answer, ifNotRunning,
              std::move(then));
     }

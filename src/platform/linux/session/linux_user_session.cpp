@@ -1,0 +1,221 @@
+#include "platform/linux/session/linux_user_session.h"
+
+#include "platform/linux/session/screen_savers.h"
+
+#include <gio/gio.h>
+
+#include <chrono>
+#include <functional>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* logind = "org.freedesktop.login1";
+constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
+// The caller's own session or, for a program that the user's service manager has started, the one
+// on the display.
+constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/session/auto",
+                               "org.freedesktop.DBus.Properties", "GetAll"};
+
+constexpr const char* busDaemon = "org.freedesktop.DBus";
+
+// A machine that starts a session is busy, and nothing waits for these answers.
+constexpr std::chrono::seconds patience{60};
+
+constexpr BusErrand::Milliseconds asMilliseconds(std::chrono::seconds seconds) {
+    return seconds;
+}
+
+// A program that was started in an earlier login, and lives on in a terminal multiplexer, still
+// belongs to that session, which is closing for good. It says nothing about the user's screen.
+bool isInBackground(GVariantDict* session) {
+    gboolean active = TRUE;
+    const char* state = "";
+    g_variant_dict_lookup(session, "Active", "b", &active);
+    g_variant_dict_lookup(session, "State", "&s", &state);
+    return active == FALSE && std::string(state) != "closing";
+}
+
+bool isLockedHint(GVariantDict* session) {
+    gboolean locked = FALSE;
+    g_variant_dict_lookup(session, "LockedHint", "b", &locked);
+    return locked != FALSE;
+}
+
+// Follows logind until the session's end, or calls back never where there is no logind.
+class SessionErrand : public BusErrand {
+public:
+    using Told = std::function<void(bool isActive, bool isLocked)>;
+
+    explicit SessionErrand(Told toTell)
+        : BusErrand(asMilliseconds(patience)), told(std::move(toTell)) {}
+
+    // The first answer means that the bus is open; the second one is read with the watch set, so
+    // that no change falls between.
+    void begin() override {
+        read([this, kept = alive()] {
+            watchSession();
+            read({});
+        });
+    }
+
+private:
+    std::shared_ptr<SessionErrand> alive() {
+        return std::static_pointer_cast<SessionErrand>(shared_from_this());
+    }
+
+    void read(std::function<void()> then) {
+        call(getSession, g_variant_new("(s)", sessionInterface),
+             [this, kept = alive(), then = std::move(then)](const BusAnswer& answer) {
+                 isOpen = isOpen || answer.busIsOpen;
+                 report(answer.values);
+                 if (then && isOpen) {
+                     then();
+                 }
+             });
+    }
+
+    // logind announces under the session's own name what was asked of it under "auto", so this
+    // hears of the others, too. There are few, and they change rarely. The watch keeps the errand.
+    void watchSession() {
+        watchProperties(Bus::system, logind, sessionInterface,
+                        [kept = alive()] { kept->read({}); });
+        watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
+              [kept = alive()](GVariant* /*values*/) { kept->read({}); });
+        for (const char* const signal : {"SessionNew", "SessionRemoved"}) {
+            watch({Bus::system, logind, "org.freedesktop.login1.Manager", signal, nullptr},
+                  [kept = alive()](GVariant* /*values*/) { kept->read({}); });
+        }
+    }
+
+    void report(GVariant* values) {
+        if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(a{sv})"))) {
+            return;
+        }
+        GVariant* const all = g_variant_get_child_value(values, 0);
+        GVariantDict session;
+        g_variant_dict_init(&session, all);
+        told(!isInBackground(&session), isLockedHint(&session));
+        g_variant_dict_clear(&session);
+        g_variant_unref(all);
+    }
+
+    Told told;
+    bool isOpen = false;
+};
+
+// Follows the screen savers that run, and those that are started later.
+class ScreenSaverErrand : public BusErrand {
+public:
+    using Told = std::function<void(bool isAnyActive)>;
+
+    explicit ScreenSaverErrand(Told toTell)
+        : BusErrand(asMilliseconds(patience)), told(std::move(toTell)) {}
+
+    void begin() override {
+        read(screenSavers().front(), [this, kept = alive()] {
+            for (const ScreenSaver& saver : screenSavers()) {
+                watchSaver(saver);
+                read(saver, {});
+            }
+        });
+    }
+
+private:
+    std::shared_ptr<ScreenSaverErrand> alive() {
+        return std::static_pointer_cast<ScreenSaverErrand>(shared_from_this());
+    }
+
+    void read(const ScreenSaver& saver, std::function<void()> then) {
+        call(saver.method("GetActive"), nullptr,
+             [this, kept = alive(), name = saver.name,
+              then = std::move(then)](const BusAnswer& answer) {
+                 isOpen = isOpen || answer.busIsOpen;
+                 report(name, answer.values);
+                 if (then && isOpen) {
+                     then();
+                 }
+             });
+    }
+
+    // The daemon passes on what the name's owner sends, and from others nothing. Without the owner
+    // there is no lock either.
+    void watchSaver(const ScreenSaver& saver) {
+        watch(
+            {Bus::session, saver.name, saver.name, "ActiveChanged", nullptr},
+            [kept = alive(), name = saver.name](GVariant* values) { kept->report(name, values); });
+        watch({Bus::session, busDaemon, busDaemon, "NameOwnerChanged", saver.name},
+              [kept = alive(), &saver](GVariant* /*values*/) {
+                  kept->setActive(saver.name, false);
+                  kept->read(saver, {});
+              });
+    }
+
+    void report(const char* saver, GVariant* values) {
+        if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
+            gboolean isActive = FALSE;
+            g_variant_get(values, "(b)", &isActive);
+            setActive(saver, isActive != FALSE);
+        }
+    }
+
+    void setActive(const char* saver, bool isActive) {
+        if (isActive) {
+            active.insert(saver);
+        } else {
+            active.erase(saver);
+        }
+        told(!active.empty());
+    }
+
+    Told told;
+    bool isOpen = false;
+    std::set<std::string> active;
+};
+
+} // namespace
+
+struct LinuxUserSession::Known {
+    std::atomic<bool> isActive = true;
+    std::atomic<bool> isHintedLocked = false;
+    std::atomic<bool> isSaverActive = false;
+};
+
+LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQueue> mainQueue)
+    : known(std::make_shared<Known>()), errands(desktop) {
+    const auto changed = [queue = std::move(mainQueue), weak = std::weak_ptr(life)] {
+        queue->submit([weak] {
+            const auto session = weak.lock();
+            if (session != nullptr && (*session)->onChange) {
+                (*session)->onChange();
+            }
+        });
+    };
+    errands.start(
+        std::make_shared<SessionErrand>([held = known, changed](bool active, bool locked) {
+            const bool wasLocked = held->isHintedLocked.exchange(locked);
+            const bool wasActive = held->isActive.exchange(active);
+            if (wasLocked != locked || wasActive != active) {
+                changed();
+            }
+        }));
+    errands.start(std::make_shared<ScreenSaverErrand>([held = known, changed](bool isAnyActive) {
+        if (held->isSaverActive.exchange(isAnyActive) != isAnyActive) {
+            changed();
+        }
+    }));
+}
+
+bool LinuxUserSession::isActive() const {
+    return known->isActive;
+}
+
+bool LinuxUserSession::isLocked() const {
+    return known->isHintedLocked || known->isSaverActive;
+}
+
+} // namespace glidemap

@@ -1,0 +1,297 @@
+// The session on buses of the test's own, on which doubles of logind and of screen savers speak.
+#include "desktops/private_bus.h"
+#include "kit/in_environment.h"
+#include "linux_session/bus_double.h"
+#include "linux_session/silent_socket.h"
+#include "platform/linux/session/linux_user_session.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+namespace {
+
+using desktops::PrivateBus;
+using test::BusDouble;
+using test::InEnvironment;
+using test::Journal;
+using test::ServiceDescription;
+using test::SilentSocket;
+
+constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
+constexpr const char* sessionUnderItsOwnName = "/org/freedesktop/login1/session/_31";
+
+const ServiceDescription logind{"org.freedesktop.login1", "/org/freedesktop/login1/session/auto",
+                                "<interface name='org.freedesktop.login1.Session'>"
+                                "<property name='Active' type='b' access='read'/>"
+                                "<property name='LockedHint' type='b' access='read'/>"
+                                "<property name='State' type='s' access='read'/></interface>"};
+
+struct Saver {
+    const char* name;
+    const char* path;
+};
+constexpr Saver allSavers[] = {
+    {"org.gnome.ScreenSaver", "/org/gnome/ScreenSaver"},
+    {"org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver"},
+    {"org.mate.ScreenSaver", "/org/mate/ScreenSaver"},
+    {"org.xfce.ScreenSaver", "/org/xfce/ScreenSaver"},
+    {"org.freedesktop.ScreenSaver", "/ScreenSaver"},
+};
+
+// One that tells its state when it is asked and when it changes.
+class SaverDouble {
+public:
+    SaverDouble(const PrivateBus& bus, const Saver& whose, bool active, Journal& journal)
+        : saver(whose), isActive(active), service(bus.address(), description(), journal) {}
+
+    void become(bool active) {
+        isActive = active;
+        service.announce(saver.name, "ActiveChanged", asValues());
+    }
+
+    void announce(GVariant* values) { service.announce(saver.name, "ActiveChanged", values); }
+
+private:
+    GVariant* asValues() const { return g_variant_new("(b)", isActive ? TRUE : FALSE); }
+
+    ServiceDescription description() const {
+        return {saver.name,
+                saver.path,
+                "<interface name='" + std::string(saver.name) +
+                    "'><method name='GetActive'><arg type='b' direction='out'/></method>"
+                    "<signal name='ActiveChanged'><arg type='b'/></signal></interface>",
+                {{"GetActive", [this] {
+                      return asValues();
+                  }}}};
+    }
+
+    const Saver saver;
+    std::atomic<bool> isActive;
+    BusDouble service;
+};
+
+// Keeps what it is handed, and notes that something was.
+class NotingMainQueue : public MainQueue {
+public:
+    explicit NotingMainQueue(Journal& record) : journal(record) {}
+
+    void submit(Task task) override {
+        {
+            const std::lock_guard lock(mutex);
+            tasks.push_back(std::move(task));
+        }
+        journal.add("changed");
+    }
+
+    void run() {
+        std::deque<Task> waiting;
+        {
+            const std::lock_guard lock(mutex);
+            std::swap(waiting, tasks);
+        }
+        for (Task& task : waiting) {
+            task();
+        }
+    }
+
+private:
+    Journal& journal;
+    std::mutex mutex;
+    std::deque<Task> tasks;
+};
+
+class LinuxUserSessionTest : public testing::Test {
+protected:
+    BusDouble& startLogind(bool isActive, bool isLocked) {
+        // Its name comes last: by then it has its properties.
+        ServiceDescription service = logind;
+        service.properties = {{"Active", isActive}, {"LockedHint", isLocked}};
+        service.texts = {{"State", isActive ? "active" : "online"}};
+        return services.emplace_back(systemBus.address(), service, journal);
+    }
+
+    void announce(BusDouble& manager, const std::string& property, bool value) {
+        manager.setAndAnnounce(property, value, sessionInterface, sessionUnderItsOwnName);
+    }
+
+    // Every change is noted after it has been made.
+    bool become(const LinuxUserSession& session, bool isActive, bool isLocked) {
+        while (session.isActive() != isActive || session.isLocked() != isLocked) {
+            if (!journal.waitForCount("changed", ++changes)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    Journal journal;
+    long changes = 0;
+    PrivateBus systemBus;
+    PrivateBus sessionBus;
+    InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
+    InEnvironment sessionAddress{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
+    std::deque<BusDouble> services;
+    std::deque<SaverDouble> savers;
+    std::shared_ptr<NotingMainQueue> queue = std::make_shared<NotingMainQueue>(journal);
+    DesktopThread desktop;
+};
+
+TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsInFront) {
+    BusDouble& manager = startLogind(true, false);
+    const LinuxUserSession session(desktop, queue);
+    EXPECT_TRUE(session.isActive());
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 2)) << "the watch is set";
+    manager.setText("State", "online");
+    announce(manager, "Active", false);
+    EXPECT_TRUE(become(session, false, false));
+    manager.setText("State", "active");
+    announce(manager, "Active", true);
+    EXPECT_TRUE(become(session, true, false));
+}
+
+TEST_F(LinuxUserSessionTest, ASessionInTheBackgroundIsKnownFromTheStart) {
+    startLogind(false, true);
+    const LinuxUserSession session(desktop, queue);
+    EXPECT_TRUE(become(session, false, true));
+}
+
+TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
+    BusDouble& manager = startLogind(true, false);
+    const LinuxUserSession session(desktop, queue);
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
+    announce(manager, "LockedHint", true);
+    EXPECT_TRUE(become(session, true, true));
+    announce(manager, "LockedHint", false);
+    EXPECT_TRUE(become(session, true, false));
+}
+
+TEST_F(LinuxUserSessionTest, ASessionThatIsClosingSaysNothingAboutTheScreen) {
+    BusDouble& manager = startLogind(false, false);
+    const LinuxUserSession session(desktop, queue);
+    EXPECT_TRUE(become(session, false, false));
+    manager.setText("State", "closing");
+    announce(manager, "Active", false);
+    EXPECT_TRUE(become(session, true, false));
+}
+
+TEST_F(LinuxUserSessionTest, WithoutLogindItIsActiveAndALogindThatComesLaterIsFollowed) {
+    const LinuxUserSession session(desktop, queue);
+    EXPECT_TRUE(session.isActive());
+    EXPECT_FALSE(session.isLocked());
+    startLogind(false, false);
+    EXPECT_TRUE(become(session, false, false));
+    services.clear(); // restarting: the last known state stays
+    startLogind(true, false);
+    EXPECT_TRUE(become(session, true, false));
+}
+
+TEST_F(LinuxUserSessionTest, FollowsEveryDesktopsScreenSaver) {
+    const LinuxUserSession session(desktop, queue);
+    for (const Saver& each : allSavers) {
+        {
+            SaverDouble saver(sessionBus, each, true, journal);
+            EXPECT_TRUE(become(session, true, true)) << each.name << " is active as it comes";
+            saver.become(false);
+            EXPECT_TRUE(become(session, true, false)) << each.name;
+            saver.become(true);
+            EXPECT_TRUE(become(session, true, true)) << each.name;
+        }
+        EXPECT_TRUE(become(session, true, false)) << each.name << " has gone";
+    }
+}
+
+TEST_F(LinuxUserSessionTest, AnActiveScreenSaverIsKnownFromTheStart) {
+    savers.emplace_back(sessionBus, allSavers[4], true, journal);
+    const LinuxUserSession session(desktop, queue);
+    EXPECT_TRUE(become(session, true, true));
+}
+
+TEST_F(LinuxUserSessionTest, IsLockedWhileAnyOfThemSaysSo) {
+    BusDouble& manager = startLogind(true, true);
+    SaverDouble& gnome = savers.emplace_back(sessionBus, allSavers[0], true, journal);
+    SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], false, journal);
+    const LinuxUserSession session(desktop, queue);
+    ASSERT_TRUE(journal.waitForCount("changed", 2)) << "the hint, and GNOME's screen saver";
+    mate.become(true);
+    mate.become(false);
+    gnome.become(false);
+    ASSERT_TRUE(journal.waitForCount("changed", 3));
+    EXPECT_TRUE(session.isLocked());
+    announce(manager, "LockedHint", false);
+    EXPECT_TRUE(become(session, true, false));
+}
+
+TEST_F(LinuxUserSessionTest, AStrangersSignalUnlocksAndLocksNothing) {
+    SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
+    const LinuxUserSession session(desktop, queue);
+    ASSERT_TRUE(become(session, true, true));
+    ASSERT_TRUE(journal.waitForCount("ScreenSaver.GetActive()", 1)) << "the watch is set";
+    for (const Saver& each : allSavers) {
+        for (const gboolean isActive : {gboolean{FALSE}, gboolean{TRUE}}) {
+            g_dbus_connection_emit_signal(sessionBus.connection(), nullptr, each.path, each.name,
+                                          "ActiveChanged", g_variant_new("(b)", isActive), nullptr);
+        }
+    }
+    g_dbus_connection_flush_sync(sessionBus.connection(), nullptr, nullptr);
+    mate.become(false);
+    EXPECT_TRUE(become(session, true, false)) << "had a stranger locked it, it still were";
+    EXPECT_EQ(changes, 2) << "had a stranger unlocked it, there were more";
+}
+
+TEST_F(LinuxUserSessionTest, OddSignalsChangeNothing) {
+    SaverDouble& cinnamon = savers.emplace_back(sessionBus, allSavers[1], false, journal);
+    const LinuxUserSession session(desktop, queue);
+    ASSERT_TRUE(journal.waitForCount("ScreenSaver.GetActive()", 1)) << "the watch is set";
+    cinnamon.announce(g_variant_new("(s)", "true"));
+    cinnamon.announce(nullptr);
+    cinnamon.become(true);
+    EXPECT_TRUE(become(session, true, true));
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {
+    BusDouble& manager = startLogind(true, false);
+    int told = 0;
+    {
+        LinuxUserSession session(desktop, queue);
+        session.onChange = [&] {
+            ++told;
+        };
+        ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
+        announce(manager, "LockedHint", true);
+        ASSERT_TRUE(become(session, true, true));
+        EXPECT_EQ(told, 0);
+        queue->run();
+        EXPECT_EQ(told, 1);
+        announce(manager, "LockedHint", false);
+        ASSERT_TRUE(become(session, true, false));
+    }
+    queue->run();
+    EXPECT_EQ(told, 1);
+}
+
+TEST_F(LinuxUserSessionTest, SilentBusesAndServicesDelayNothing) {
+    const SilentSocket silent;
+    const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
+    const InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());
+    const auto began = std::chrono::steady_clock::now();
+    {
+        const LinuxUserSession session(desktop, queue);
+        EXPECT_TRUE(session.isActive());
+        EXPECT_FALSE(session.isLocked());
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::seconds(30))
+        << "the patience with a service is a minute";
+}
+
+} // namespace
+} // namespace glidemap
