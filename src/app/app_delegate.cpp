@@ -28,7 +28,8 @@ std::shared_ptr<AppDelegate> AppDelegate::create(Ports ports) {
 AppDelegate::AppDelegate(ConstructionKey /*key*/, Ports given)
     : ports(std::move(given)), store(ports.makeStore()), updateChecker(ports.makeUpdateChecker()),
       clickMonitor(std::make_unique<ClickMonitor>(
-          ports.clickTap, [engine = ports.engine] { return engine->touchingCount(); })) {}
+          ports.clickTap, [engine = ports.engine] { return engine->touchingCount(); })),
+      input(std::make_unique<GestureInput>(ports.engine, *clickMonitor, ports.session)) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -49,8 +50,8 @@ void AppDelegate::applicationDidFinishLaunching() {
     updateChecker->start();
     keepStatusMenuCurrent();
     connectEngine();
-    ports.engine->start();
-    startClicks();
+    connectClicks();
+    input->start();
     showSettings();
 }
 
@@ -58,8 +59,7 @@ void AppDelegate::applicationWillTerminate() {
     if (std::exchange(isTerminated, true)) {
         return;
     }
-    ports.engine->stop();
-    clickMonitor->stop();
+    input->stop();
     store->saveIfLastSaveFailed(); // after the touchpads: it may wait for another writer
 }
 
@@ -145,20 +145,17 @@ bool AppDelegate::doubleTapBindingExists(int fingerCount) const {
     return store->doubleTapBindingExists(fingerCount);
 }
 
-void AppDelegate::startClicks() {
+void AppDelegate::connectClicks() {
     clickMonitor->onClickGesture = [weak = weak_from_this()](GestureType gesture) {
         const auto held = weak.lock();
         return held != nullptr && held->dispatcher()->handleClickGesture(gesture);
     };
     // Before the monitor runs: a tap that nobody needs does not even begin.
     clickDemand = std::make_unique<ClickDemand>(dispatcher(), ports.clickTap);
-    clickMonitor->start();
 }
 
-void AppDelegate::accessMayHaveChanged() {
-    if (!isTerminated) {
-        clickMonitor->start();
-    }
+void AppDelegate::devicesMayHaveChanged() {
+    input->devicesMayHaveChanged();
 }
 
 void AppDelegate::toggleEnabled() {

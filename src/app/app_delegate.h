@@ -23,6 +23,8 @@
 #include "dispatch/click_monitor.h"
 #include "dispatch/click_tap.h"
 #include "dispatch/gesture_dispatcher.h"
+#include "dispatch/gesture_input.h"
+#include "dispatch/user_session.h"
 #include "dispatch/workspace.h"
 #include "recognition/touch_engine.h"
 
@@ -51,6 +53,7 @@ public:
         std::shared_ptr<AccessibilityTrust> trust;
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<ClickTap> clickTap;
+        std::shared_ptr<UserSession> session = nullptr; // null: always in front
         std::shared_ptr<TouchEngine> engine;
         std::function<std::shared_ptr<BindingStore>()> makeStore;
         std::function<std::shared_ptr<UpdateChecker>()> makeUpdateChecker;
@@ -81,8 +84,8 @@ public:
     void checkForUpdates();
     void downloadUpdate();
 
-    // What had no access may have it now.
-    void accessMayHaveChanged();
+    // Touchpads may have come, and what had no access may have it now.
+    void devicesMayHaveChanged();
 
 private:
     struct ConstructionKey {};
@@ -101,7 +104,7 @@ private:
     void sayThatThereIsNoStatusBar();
     void takeBackThatThereIsNoStatusBar();
     void connectEngine();
-    void startClicks();
+    void connectClicks();
     bool doubleTapBindingExists(int fingerCount) const;
     void showResult(const UpdateResult& result);
     QWidget* windowForAlerts() const;
@@ -122,6 +125,7 @@ private:
     std::shared_ptr<UpdateChecker> updateChecker;
     std::shared_ptr<GestureDispatcher> _dispatcher; // made when it is first read
     std::unique_ptr<ClickMonitor> clickMonitor;
+    std::unique_ptr<GestureInput> input;
     std::unique_ptr<ClickDemand> clickDemand;
     std::unique_ptr<Alert> noStatusBar;
     std::vector<Subscription> toShown;

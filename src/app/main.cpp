@@ -17,8 +17,6 @@
 #include "ui/theme/template_icon.h"
 #include "ui/theme/theme.h"
 
-#include <unistd.h>
-
 #include <QApplication>
 #include <chrono>
 #include <cstdlib>
@@ -57,8 +55,7 @@ class Program {
 public:
     explicit Program(QApplication& application);
 
-    // Answers whether the program is to start again in its own place.
-    bool run(SingleInstance& instance);
+    void run(SingleInstance& instance);
 
 private:
     AppDelegate::Ports delegatePorts();
@@ -66,14 +63,12 @@ private:
     std::shared_ptr<GestureDispatcher> makeDispatcher(std::shared_ptr<BindingStore> store);
     std::unique_ptr<StatusItem> makeStatusItem();
     std::unique_ptr<QWidget> makeSettingsWindow(const AppDelegate::Shown& shown);
-    void accessWasAnswered();
 
     std::shared_ptr<UserDefaults> defaults = Home::userDefaults();
     std::shared_ptr<QtMainQueue> mainQueue = std::make_shared<QtMainQueue>();
     std::unique_ptr<Home> home = Home::make(mainQueue);
     const Home::Ports& ports = home->ports();
     std::shared_ptr<AppDelegate> delegate;
-    bool startsAgain = false;
 };
 
 Program::Program(QApplication& application) {
@@ -82,8 +77,8 @@ Program::Program(QApplication& application) {
     Theme::shared().applyTo(application);
     delegate = AppDelegate::create(delegatePorts());
     theDelegate = delegate;
-    home->onAccessAnswered = [this] {
-        accessWasAnswered();
+    home->onDevicesChanged = [this] {
+        delegate->devicesMayHaveChanged();
     };
     home->onReopen = [this] {
         delegate->showSettings();
@@ -96,6 +91,7 @@ AppDelegate::Ports Program::delegatePorts() {
         .trust = ports.trust,
         .workspace = ports.workspace,
         .clickTap = ports.clickTap,
+        .session = ports.session,
         .engine = TouchEngine::shared(),
         .makeStore = [this] { return std::make_shared<BindingStore>(ports.dataFolder); },
         .makeUpdateChecker = [this] { return makeUpdateChecker(); },
@@ -118,7 +114,8 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
         .mainQueue = mainQueue,
         .workspace = ports.workspace,
         .actionRunner = std::make_shared<ActionRunner>(
-            ActionRunner::Ports{ports.workspace, ports.keyboard, ports.screenLock}),
+            ActionRunner::Ports{ports.workspace, ports.keyboard, ports.screenLock, ports.session}),
+        .session = ports.session,
     });
 }
 
@@ -148,17 +145,7 @@ std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& s
     return std::make_unique<SettingsWindow>(services, ports.windowGeometry);
 }
 
-// Touchpads are looked for only at the start: where none could be read then, and now could, the
-// program starts once more.
-void Program::accessWasAnswered() {
-    delegate->accessMayHaveChanged();
-    if (MultitouchDeviceManager::shared().loadError() && ports.trust->isTrusted()) {
-        startsAgain = true;
-        ports.shell->terminate();
-    }
-}
-
-bool Program::run(SingleInstance& instance) {
+void Program::run(SingleInstance& instance) {
     const TerminationSignals endings([this] { ports.shell->terminate(); }, endLimit);
     const SessionEnd sessionEnd([this] { ports.shell->terminate(); });
     const auto deaf = instance.listen([this](const SingleInstance::Request& request) {
@@ -171,11 +158,8 @@ bool Program::run(SingleInstance& instance) {
     mainQueue->submit([this] { delegate->applicationDidFinishLaunching(); });
     QApplication::exec();
     instance.stopListening();
-    if (!startsAgain) {
-        endings.limitEnd();
-    }
+    endings.limitEnd();
     delegate->applicationWillTerminate();
-    return startsAgain;
 }
 
 void introduce() {
@@ -185,7 +169,7 @@ void introduce() {
     QGuiApplication::setWindowIcon(applicationIcon());
 }
 
-bool runProgram(SingleInstance& instance, char** arguments) {
+void runProgram(SingleInstance& instance, char** arguments) {
     const auto finishBeginning = Home::begin();
     int count = onlyTheName;
     QApplication application(count, arguments);
@@ -193,7 +177,7 @@ bool runProgram(SingleInstance& instance, char** arguments) {
     finishBeginning();
     Program program(application);
     std::atexit(endInOrder);
-    return program.run(instance);
+    program.run(instance);
 }
 
 // On the screen, too: whoever has started it by an icon sees no terminal.
@@ -230,12 +214,7 @@ int launch(char** arguments) {
     case SingleInstance::Claim::first:
         break;
     }
-    const std::string program = Home::programFile();
-    if (runProgram(instance, arguments)) {
-        execv(program.c_str(), arguments);
-        complain("cannot start again; please start it by hand");
-        return EXIT_FAILURE;
-    }
+    runProgram(instance, arguments);
     return EXIT_SUCCESS;
 }
 

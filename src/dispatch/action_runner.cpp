@@ -65,8 +65,10 @@ void ActionRunner::lockScreen() {
     if (!canLock) {
         canLock = ports.screenLock->find();
     }
-    const auto typeShortcut = [weakly = std::weak_ptr(ports.keyEvents), session = ports.session] {
+    const auto typeShortcut = [weakly = std::weak_ptr(ports.keyEvents),
+                               weakSession = std::weak_ptr(ports.session)] {
         const auto keyEvents = weakly.lock();
+        const auto session = weakSession.lock();
         if (keyEvents != nullptr && !isLocked(session.get())) {
             logLine("actions", "no service locks the screen: types the shortcut for it");
             type(lockShortcut, *keyEvents);

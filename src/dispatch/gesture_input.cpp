@@ -8,15 +8,7 @@ GestureInput::GestureInput(std::shared_ptr<TouchEngine> touchEngine, ClickMonito
                            std::shared_ptr<UserSession> userSession)
     : engine(std::move(touchEngine)), clicks(clickMonitor), session(std::move(userSession)) {
     if (session != nullptr) {
-        session->onChange = [this] {
-            followSession();
-        };
-    }
-}
-
-GestureInput::~GestureInput() {
-    if (session != nullptr) {
-        session->onChange = {};
+        toSession = session->changes().subscribe({}, [this] { followSession(); });
     }
 }
 

@@ -11,6 +11,7 @@
 // Errors:  none.
 #pragma once
 
+#include "core/observable.h"
 #include "dispatch/click_monitor.h"
 #include "dispatch/user_session.h"
 #include "recognition/touch_engine.h"
@@ -26,7 +27,7 @@ public:
                  std::shared_ptr<UserSession> userSession);
     GestureInput(const GestureInput&) = delete;
     GestureInput& operator=(const GestureInput&) = delete;
-    ~GestureInput();
+    ~GestureInput() = default;
 
     void start();
 
@@ -47,6 +48,7 @@ private:
     std::shared_ptr<UserSession> session;
     bool isStarted = false;
     bool isRunning = false;
+    Subscription toSession;
 };
 
 } // namespace glidemap

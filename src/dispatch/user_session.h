@@ -1,11 +1,11 @@
 // Port: whether the user is at the session that the program belongs to.
 //
-// Thread:  the queries on any, without waiting; onChange is set and called on the main thread.
-// Owner:   the program makes one. It calls nothing once it is gone.
+// Thread:  the queries on any, without waiting; changes() on the main thread.
+// Owner:   the program makes one.
 // Errors:  none; a session of which nothing is known is active and not locked.
 #pragma once
 
-#include <functional>
+#include "core/observable.h"
 
 namespace glidemap {
 
@@ -21,8 +21,11 @@ public:
 
     virtual bool isLocked() const = 0;
 
-    // Either has changed.
-    std::function<void()> onChange;
+    // Of either.
+    Observable& changes() { return observers; }
+
+private:
+    Observable observers;
 };
 
 } // namespace glidemap

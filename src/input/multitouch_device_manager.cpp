@@ -123,9 +123,13 @@ void MultitouchDeviceManager::start() {
 
 void MultitouchDeviceManager::lookForDevices() {
     const bool foundNone = _loadError == noDevice;
-    if (!isWanted || (!running && !foundNone)) {
-        return;
+    if (isWanted && (running || foundNone)) {
+        startNewDevices();
     }
+    observers.announceDidChange();
+}
+
+void MultitouchDeviceManager::startNewDevices() {
     const driver::DeviceList list = createList();
     if (list == nullptr) {
         return;

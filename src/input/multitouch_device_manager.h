@@ -10,6 +10,7 @@
 //          failure start() does nothing.
 #pragma once
 
+#include "core/observable.h"
 #include "input/mt_touch.h"
 #include "input/touch_driver.h"
 
@@ -73,12 +74,16 @@ public:
 
     const std::optional<std::string>& loadError() const { return _loadError; }
 
+    // Announced after each look for devices, whatever it found.
+    Observable& changes() const { return observers; }
+
     // A function that only some drivers have, or null. Kept for the platform's own use.
     void* optionalSymbol(const char* name) const;
 
 private:
     void resolveSymbols();
     bool canStart() const;
+    void startNewDevices();
     std::vector<driver::Device> listedDevices();
     void run(driver::Device device);
 
@@ -95,6 +100,7 @@ private:
     bool running = false;
     bool isWanted = false; // between start() and stop()
     std::optional<std::string> _loadError;
+    mutable Observable observers;
 };
 
 } // namespace glidemap

@@ -17,6 +17,7 @@
 #include "dispatch/click_tap.h"
 #include "dispatch/key_event_poster.h"
 #include "dispatch/screen_lock.h"
+#include "dispatch/user_session.h"
 #include "dispatch/workspace.h"
 #include "platform/qt/single_instance.h"
 #include "ui/recorder/key_presses.h"
@@ -46,6 +47,7 @@ public:
         std::shared_ptr<ClickTap> clickTap;
         std::shared_ptr<KeyEventPoster> keyboard;
         std::shared_ptr<ScreenLock> screenLock;
+        std::shared_ptr<UserSession> session = nullptr; // null where the system has one at a time
         std::shared_ptr<LoginItemService> loginItems;
         std::shared_ptr<KeyPresses> keyPresses;
         std::shared_ptr<WindowGeometryStore> windowGeometry;
@@ -68,9 +70,6 @@ public:
 
     // Whether there is anything to show a window on. The toolkit aborts a program that tries without.
     static bool hasDisplay();
-
-    // The file of the program that runs.
-    static std::string programFile();
 
     // What the program finds on this computer, as a page for a report. For a program that ends
     // afterwards, without running exit handlers: a thread may still wait for a bus.
@@ -106,8 +105,8 @@ public:
     // It is another program's wish that the window be shown, which came with this.
     virtual void takeProof(const SingleInstance::Request& request) = 0;
 
-    // The user has answered whether the program may have access, and what needs it has tried again.
-    std::function<void()> onAccessAnswered;
+    // Touchpads may have come, or access may have been given, and what types has tried again.
+    std::function<void()> onDevicesChanged;
 
     // The user has started the program that runs once more, and the system has told it so.
     std::function<void()> onReopen;

@@ -11,6 +11,7 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <deque>
 #include <fstream>
@@ -30,6 +31,15 @@ const test::ServiceDescription logind{
     "org.freedesktop.login1", "/org/freedesktop/login1/session/auto",
     "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
     "<property name='LockedHint' type='b' access='read'/></interface>"};
+
+// The session is locked once it is asked to be, and says so.
+void lockWhenAsked(BusDouble& manager) {
+    manager.answer("Lock", [&manager] {
+        manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",
+                               "/org/freedesktop/login1/session/_31");
+        return g_variant_new("()");
+    });
+}
 
 class AgentTest : public testing::Test {
 protected:
@@ -78,29 +88,43 @@ protected:
     InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
 };
 
-TEST_F(AgentTest, AGestureLocksTheScreenAndEveryGestureIsLogged) {
+TEST_F(AgentTest, EveryGestureIsLoggedAndOneLocksTheScreen) {
     BusDouble manager(systemBus.address(), logind, journal);
-    manager.set("LockedHint", true);
-    record({GestureType::drawCircleClockwise, GestureType::threeFingerSwipeUp,
-            GestureType::fixAndTapLeft});
+    lockWhenAsked(manager);
+    record({GestureType::threeFingerSwipeUp, GestureType::fixAndTapLeft,
+            GestureType::drawCircleClockwise});
     Process agent(command());
-    ASSERT_TRUE(agent.waitForOutput("fixAndTapLeft"));
-    EXPECT_TRUE(journal.waitFor("login1: nobody asks"));
+    ASSERT_TRUE(agent.waitForOutput("drawCircleClockwise"));
+    EXPECT_TRUE(journal.waitFor("login1.Lock()"));
     agent.send(SIGTERM);
     EXPECT_EQ(agent.waitForEnd(), 0);
-    EXPECT_EQ(logOf(agent), "drawCircleClockwise → Lock Screen @ (unknown)\n"
-                            "threeFingerSwipeUp → (no matching binding) @ (unknown)\n"
-                            "fixAndTapLeft → Shortcut ⌥⌘← @ (unknown)\n");
-    EXPECT_EQ(journal.lines(),
-              (Journal::Lines{"login1.Lock()", "login1 get LockedHint", "login1: nobody asks"}));
+    EXPECT_EQ(logOf(agent), "threeFingerSwipeUp → (no matching binding) @ (unknown)\n"
+                            "fixAndTapLeft → Shortcut ⌥⌘← @ (unknown)\n"
+                            "drawCircleClockwise → Lock Screen @ (unknown)\n");
+    EXPECT_TRUE(journal.waitFor("login1: nobody asks"));
+    const Journal::Lines lines = journal.lines();
+    EXPECT_EQ(std::ranges::count(lines, "login1.Lock()"), 1);
     EXPECT_NE(contentOf(folder.path() / "data/Glidemap/bindings.json").find("\"drawCircle\""),
               std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "config/glidemap/glidemap.ini"));
 }
 
+TEST_F(AgentTest, OnALockedScreenAGestureMayLockAgainAndNothingIsLogged) {
+    test::ServiceDescription locked = logind;
+    locked.properties = {{"LockedHint", true}};
+    BusDouble manager(systemBus.address(), locked, journal);
+    record({GestureType::threeFingerSwipeUp, GestureType::fixAndTapLeft,
+            GestureType::drawCircleClockwise});
+    Process agent(command());
+    EXPECT_TRUE(journal.waitFor("login1.Lock()"));
+    agent.send(SIGTERM);
+    EXPECT_EQ(agent.waitForEnd(), 0);
+    EXPECT_EQ(logOf(agent), "");
+}
+
 TEST_F(AgentTest, TheLanguageOfTheLastRunIsThatOfTheLog) {
     BusDouble manager(systemBus.address(), logind, journal);
-    manager.set("LockedHint", true);
+    lockWhenAsked(manager);
     ofUser("[General]\nappLanguage=zh\n");
     record({GestureType::drawCircleClockwise});
     Process agent(command());

@@ -14,8 +14,9 @@ HeadlessGlidemap::HeadlessGlidemap() : defaults(std::make_shared<QtUserDefaults>
     store = std::make_shared<BindingStore>(userDataFolder);
     clickMonitor = std::make_shared<ClickMonitor>(
         services.clickTap, [] { return TouchEngine::shared()->touchingCount(); });
-    services.onAccessAnswered = [this] {
-        clickMonitor->start();
+    input = std::make_unique<GestureInput>(TouchEngine::shared(), *clickMonitor, services.session);
+    services.onDevicesChanged = [this] {
+        input->devicesMayHaveChanged();
     };
 }
 
@@ -30,13 +31,13 @@ void HeadlessGlidemap::start(Prompt prompt, std::function<void(const GestureLogE
         services.trust->isTrustedWithPrompt();
     }
     makeDispatcher();
-    startTouches();
-    startClicks();
+    connectTouches();
+    connectClicks();
+    input->start();
 }
 
 void HeadlessGlidemap::stop() {
-    TouchEngine::shared()->stop();
-    clickMonitor->stop();
+    input->stop();
 }
 
 void HeadlessGlidemap::makeDispatcher() {
@@ -45,12 +46,13 @@ void HeadlessGlidemap::makeDispatcher() {
          .defaults = defaults,
          .mainQueue = queue,
          .workspace = services.workspace,
-         .actionRunner = std::make_shared<ActionRunner>(
-             ActionRunner::Ports{services.workspace, services.keyboard, services.screenLock})});
+         .actionRunner = std::make_shared<ActionRunner>(ActionRunner::Ports{
+             services.workspace, services.keyboard, services.screenLock, services.session}),
+         .session = services.session});
     toLog = dispatcher->changes().subscribe({}, [this] { tellNewEntry(); });
 }
 
-void HeadlessGlidemap::startTouches() {
+void HeadlessGlidemap::connectTouches() {
     const auto& engine = TouchEngine::shared();
     engine->onGesture = [weak = std::weak_ptr(dispatcher)](GestureType gesture) {
         if (const auto held = weak.lock()) {
@@ -61,16 +63,14 @@ void HeadlessGlidemap::startTouches() {
         const auto held = weak.lock();
         return held != nullptr && held->doubleTapBindingExists(count);
     };
-    engine->start();
 }
 
-void HeadlessGlidemap::startClicks() {
+void HeadlessGlidemap::connectClicks() {
     clickMonitor->onClickGesture = [weak = std::weak_ptr(dispatcher)](GestureType gesture) {
         const auto held = weak.lock();
         return held != nullptr && held->handleClickGesture(gesture);
     };
     clickDemand = std::make_unique<ClickDemand>(dispatcher, services.clickTap);
-    clickMonitor->start();
 }
 
 // The master switch is announced in the same way, and entries come one at a time.

@@ -12,6 +12,7 @@
 #include "dispatch/click_demand.h"
 #include "dispatch/click_monitor.h"
 #include "dispatch/gesture_dispatcher.h"
+#include "dispatch/gesture_input.h"
 #include "platform/linux/services/linux_services.h"
 #include "platform/qt/qt_main_queue.h"
 
@@ -38,8 +39,8 @@ public:
 
 private:
     void makeDispatcher();
-    void startTouches();
-    void startClicks();
+    void connectTouches();
+    void connectClicks();
     void tellNewEntry();
 
     std::shared_ptr<QtMainQueue> queue = std::make_shared<QtMainQueue>();
@@ -47,6 +48,7 @@ private:
     std::shared_ptr<UserDefaults> defaults;
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<ClickMonitor> clickMonitor;
+    std::unique_ptr<GestureInput> input;
     std::shared_ptr<GestureDispatcher> dispatcher;
     std::unique_ptr<ClickDemand> clickDemand;
     std::function<void(const GestureLogEntry&)> tellLogged;

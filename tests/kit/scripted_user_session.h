@@ -16,20 +16,14 @@ public:
 
     void setActive(bool isActive) {
         active = isActive;
-        announce();
+        changes().announceDidChange();
     }
     void setLocked(bool isLocked) {
         locked = isLocked;
-        announce();
+        changes().announceDidChange();
     }
 
 private:
-    void announce() const {
-        if (onChange) {
-            onChange();
-        }
-    }
-
     std::atomic<bool> active = true;
     std::atomic<bool> locked = false;
 };

@@ -263,9 +263,7 @@ TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {
     int told = 0;
     {
         LinuxUserSession session(desktop, queue);
-        session.onChange = [&] {
-            ++told;
-        };
+        const Subscription toSession = session.changes().subscribe({}, [&] { ++told; });
         ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
         announce(manager, "LockedHint", true);
         ASSERT_TRUE(become(session, true, true));

@@ -22,6 +22,11 @@ void ReplayDevice::unregisterCallback(driver::ContactCallback function) {
     }
 }
 
+bool ReplayDevice::isRegistered() {
+    const Gate gate = closeGate();
+    return callback != nullptr;
+}
+
 void ReplayDevice::setButtonCallback(driver::ButtonCallback function) {
     buttonCallback = function;
 }

@@ -25,6 +25,7 @@ public:
 
     void registerCallback(driver::ContactCallback function);
     void unregisterCallback(driver::ContactCallback function);
+    bool isRegistered();
 
     // Of every device.
     static void setButtonCallback(driver::ButtonCallback function);

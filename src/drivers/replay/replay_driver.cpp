@@ -3,6 +3,7 @@
 #include "drivers/replay/recording_in_environment.h"
 #include "input/touch_driver.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -37,6 +38,10 @@ std::unique_ptr<ReplayDevice> makeDevice() {
     return device;
 }
 
+bool isPlayed(const List& list) {
+    return std::ranges::any_of(list, [](const auto& device) { return device->isRegistered(); });
+}
+
 ReplayDevice* replayDevice(driver::Device device) {
     return static_cast<ReplayDevice*>(device);
 }
@@ -45,7 +50,11 @@ ReplayDevice* replayDevice(driver::Device device) {
 
 #define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
 
+// A program that looks for new devices while it plays the recording must not hear it twice.
 GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
+    if (!lists().empty() && isPlayed(*lists().back())) {
+        return lists().back().get();
+    }
     auto list = std::make_unique<List>();
     if (auto device = makeDevice()) {
         list->push_back(std::move(device));

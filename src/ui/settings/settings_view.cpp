@@ -97,6 +97,9 @@ void SettingsView::observe() {
     follow(services.updates->changes(), &SettingsView::refresh);
     follow(services.lang->changes(), &SettingsView::retitle);
     follow(loginItem.changes(), &SettingsView::refresh);
+    if (services.devices != nullptr) {
+        follow(services.devices->changes(), &SettingsView::refresh);
+    }
     if (services.desktopHelper != nullptr) {
         follow(services.desktopHelper->changes(), &SettingsView::refresh);
     }
@@ -119,7 +122,7 @@ void SettingsView::refresh() {
     footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
 }
 
-// Who may read touches, and what went wrong with the devices, is asked anew: neither announces.
+// Who may read touches is asked anew: it does not announce.
 void SettingsView::refreshNotices() {
     Notices::Content content;
     content.latestVersion = services.updates->latestVersion();

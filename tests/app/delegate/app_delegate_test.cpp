@@ -23,6 +23,7 @@ namespace {
 using test::DelegateStage;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 using Texts = std::vector<std::string>;
 
 GestureBinding binding(GestureType gesture, bool enabled = true) {
@@ -72,7 +73,7 @@ TEST_F(AppDelegateTest, LaunchingTakesItsStepsInTheirOrder) {
     EXPECT_THAT(stage->takeNotes(),
                 ElementsAre("become an accessory", "status item", "trusted? with the prompt",
                             "dispatcher", "fetch https://updates.example/version.json",
-                            "repeat every 86400 s", "touches", "clicks not needed", "click tap",
+                            "repeat every 86400 s", "clicks not needed", "touches", "click tap",
                             "clicks on", "settings window", "activate Glidemap"));
 }
 
@@ -83,7 +84,7 @@ TEST_F(AppDelegateTest, TerminatingStopsTouchesAndThenClicksOnce) {
     EXPECT_FALSE(stage->hearsTouches());
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
     stage->delegate->applicationWillTerminate();
-    stage->delegate->accessMayHaveChanged();
+    stage->delegate->devicesMayHaveChanged();
     EXPECT_THAT(stage->takeNotes(), IsEmpty());
 }
 
@@ -97,6 +98,23 @@ TEST_F(AppDelegateTest, TerminatingSavesTheListThatCouldNotBeSaved) {
     stage->delegate->applicationWillTerminate();
     EXPECT_FALSE(stage->store->saveFailure());
     EXPECT_TRUE(std::filesystem::exists(support / "Glidemap" / "bindings.json"));
+}
+
+TEST_F(AppDelegateTest, WhileAnotherSessionIsInFrontNothingIsHeardOrTaken) {
+    launch({binding(GestureType::threeFingerClick)});
+    stage->session->setActive(false);
+    EXPECT_FALSE(stage->hearsTouches());
+    stage->delegate->devicesMayHaveChanged();
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
+    stage->session->setActive(true);
+    EXPECT_TRUE(stage->hearsTouches());
+    EXPECT_THAT(stage->takeNotes(), IsSupersetOf({"touches", "click tap", "clicks on"}));
+}
+
+TEST_F(AppDelegateTest, WhenDevicesMayHaveChangedTheyAreLookedForAndClicksTriedAgain) {
+    launch();
+    stage->delegate->devicesMayHaveChanged();
+    EXPECT_THAT(stage->takeNotes(), ElementsAre("touches"));
 }
 
 TEST_F(AppDelegateTest, AGestureGoesToTheDispatcherToBeCarriedOut) {

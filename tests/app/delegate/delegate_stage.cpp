@@ -144,6 +144,7 @@ AppDelegate::Ports DelegateStage::ports() {
         .trust = std::make_shared<Trust>(*this),
         .workspace = workspace,
         .clickTap = std::make_shared<Tap>(*this),
+        .session = session,
         .engine = engine,
         .makeStore =
             [this] {

@@ -12,6 +12,7 @@
 #include "kit/recording_screen_lock.h"
 #include "kit/recording_user_defaults.h"
 #include "kit/recording_workspace.h"
+#include "kit/scripted_user_session.h"
 #include "platform/virtual/virtual_time.h"
 
 #include <QPointer>
@@ -73,6 +74,8 @@ public:
         std::make_shared<kit::RecordingWorkspace>();
     std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
         std::make_shared<kit::RecordingKeyEvents>();
+    std::shared_ptr<kit::ScriptedUserSession> session =
+        std::make_shared<kit::ScriptedUserSession>();
     std::shared_ptr<FakeStatusBar> statusBar = std::make_shared<FakeStatusBar>();
     std::shared_ptr<BindingStore> store;
     MultitouchDeviceManager devices;

@@ -13,7 +13,6 @@
 #include "platform/linux/shell/linux_application_shell.h"
 #include "platform/linux/status_bar/linux_status_bar.h"
 #include "platform/linux/status_bar/toolkit_bus.h"
-#include "platform/linux/touch_driver_platform.h"
 #include "platform/linux/windows/desktop_thread.h"
 #include "platform/qt/qt_user_defaults.h"
 #include "platform/qt/qt_window_geometry.h"
@@ -33,9 +32,9 @@ namespace {
 class LinuxHome : public Home {
 public:
     explicit LinuxHome(const std::shared_ptr<MainQueue>& mainQueue) : services(mainQueue) {
-        services.onAccessAnswered = [this] {
-            if (onAccessAnswered) {
-                onAccessAnswered();
+        services.onDevicesChanged = [this] {
+            if (onDevicesChanged) {
+                onDevicesChanged();
             }
         };
         given = {
@@ -48,6 +47,7 @@ public:
             .clickTap = services.clickTap,
             .keyboard = services.keyboard,
             .screenLock = services.screenLock,
+            .session = services.session,
             .loginItems = std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess()),
             .keyPresses =
                 std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>()),
@@ -105,10 +105,6 @@ SingleInstance::Request Home::proofOfThisLaunch() {
 
 bool Home::hasDisplay() {
     return glidemap::hasDisplay();
-}
-
-std::string Home::programFile() {
-    return glidemap::programFile();
 }
 
 std::string Home::diagnosis(const std::string& version) {

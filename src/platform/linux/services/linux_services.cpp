@@ -8,6 +8,7 @@
 #include "platform/linux/clicks/linux_click_tap.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "platform/linux/session/linux_screen_lock.h"
+#include "platform/linux/session/linux_user_session.h"
 #include "platform/linux/thread_setup.h"
 #include "platform/linux/touch_driver_platform.h"
 #include "platform/linux/windows/desktop_backends.h"
@@ -15,8 +16,9 @@
 namespace glidemap {
 
 LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
-    : accessPrompt(mainQueue, grantAccessCommand()), overview(desktop), portal(desktop, *mainQueue),
-      appearance(portal.settings()),
+    : accessPrompt(mainQueue, grantAccessCommand()),
+      devices(desktop, mainQueue, [this] { lookAgain(); }), overview(desktop),
+      portal(desktop, *mainQueue), appearance(portal.settings()),
       trust(std::make_shared<InputTrust>(std::make_unique<UdevInputNodes>(),
                                          [this] { accessPrompt.ask(); })),
       workspace(std::make_shared<LinuxWorkspace>(
@@ -27,17 +29,31 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
                                          accessPrompt.ask();
                                      }})),
       screenLock(std::make_shared<LinuxScreenLock>(desktop, *mainQueue)),
+      session(std::make_shared<LinuxUserSession>(desktop, mainQueue)),
       clickTap(std::make_shared<LinuxClickTap>(
           makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread))),
-      keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))) {
+      keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))),
+      toSession(session->changes().subscribe({}, [this] { followSession(); })) {
     // Before anybody types: a desktop takes a moment to notice a keyboard.
-    keyboard->plugIn();
+    followSession();
     accessPrompt.onAnswer = [this] {
-        keyboard->plugIn();
-        if (onAccessAnswered) {
-            onAccessAnswered();
-        }
+        lookAgain();
     };
+}
+
+void LinuxServices::followSession() {
+    if (session->isActive()) {
+        keyboard->plugIn();
+    } else {
+        keyboard->unplug();
+    }
+}
+
+void LinuxServices::lookAgain() {
+    followSession();
+    if (onDevicesChanged) {
+        onDevicesChanged();
+    }
 }
 
 } // namespace glidemap

@@ -2,7 +2,9 @@
 // class stands behind each port. Both the program and what runs it without an interface start here.
 //
 //   desktop thread ◀─ workspace, overview, screen lock, held modifiers
-//   access prompt ──▶ onAccessAnswered ─▶ what had no access tries once more
+//   access prompt ─┐
+//   device watch ──┴▶ onDevicesChanged ─▶ what had no access, or no touchpad, tries once more
+//   user session ───▶ no keyboard while another session is in front
 //
 // Thread:  the main thread, within the application object's life.
 // Owner:   the program makes one, before and for longer than whatever uses it: some of it lives on
@@ -11,11 +13,14 @@
 #pragma once
 
 #include "core/main_queue.h"
+#include "core/observable.h"
 #include "dispatch/accessibility_trust.h"
 #include "dispatch/click_tap.h"
 #include "dispatch/screen_lock.h"
+#include "dispatch/user_session.h"
 #include "dispatch/workspace.h"
 #include "platform/linux/access/access_prompt.h"
+#include "platform/linux/access/input_device_watch.h"
 #include "platform/linux/appearance/portal_appearance.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "platform/linux/session/linux_overview.h"
@@ -33,13 +38,17 @@ public:
     LinuxServices(const LinuxServices&) = delete;
     LinuxServices& operator=(const LinuxServices&) = delete;
 
-    // Called whenever the user has answered whether the program may have access, and the keyboard
-    // has tried once more.
-    std::function<void()> onAccessAnswered;
+    // Called whenever touchpads may have come or access may have been given, and the keyboard has
+    // tried once more.
+    std::function<void()> onDevicesChanged;
 
 private:
+    void followSession();
+    void lookAgain();
+
     DesktopThread desktop; // everything that lives on it goes before it
     AccessPrompt accessPrompt;
+    InputDeviceWatch devices; // before the first attempt to type or to read
     LinuxOverview overview;
     PortalAppearance portal;
 
@@ -48,8 +57,12 @@ public:
     const std::shared_ptr<AccessibilityTrust> trust;
     const std::shared_ptr<Workspace> workspace;
     const std::shared_ptr<ScreenLock> screenLock;
+    const std::shared_ptr<UserSession> session;
     const std::shared_ptr<ClickTap> clickTap;
     const std::shared_ptr<UinputKeyboard> keyboard;
+
+private:
+    Subscription toSession;
 };
 
 } // namespace glidemap

@@ -189,9 +189,8 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
     : known(std::make_shared<Known>()), errands(desktop) {
     const auto changed = [queue = std::move(mainQueue), weak = std::weak_ptr(life)] {
         queue->submit([weak] {
-            const auto session = weak.lock();
-            if (session != nullptr && (*session)->onChange) {
-                (*session)->onChange();
+            if (const auto session = weak.lock()) {
+                (*session)->changes().announceDidChange();
             }
         });
     };

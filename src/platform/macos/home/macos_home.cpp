@@ -102,10 +102,6 @@ bool Home::hasDisplay() {
     return true;
 }
 
-std::string Home::programFile() {
-    return programPath().value_or(std::string());
-}
-
 std::string Home::diagnosis(const std::string& version) {
     return "Glidemap " + version +
            "\n  accessibility: " + (ProcessTrust().isTrusted() ? "granted" : "not granted") +

@@ -1,0 +1,233 @@
+// The program in a session that is switched away from, locked, and given touchpads and access while
+// it runs: on a real kernel, with a double of logind on a bus of the test's own.
+
+#include "agent_session.h"
+#include "desktops/private_bus.h"
+#include "device_reader.h"
+#include "input_devices.h"
+#include "kit/in_environment.h"
+#include "linux_session/bus_double.h"
+#include "ordinary_pad.h"
+#include "pad_hand.h"
+#include "virtual_pad.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/input.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace glidemap::vm {
+namespace {
+
+using desktops::PrivateBus;
+using test::BusDouble;
+using test::InEnvironment;
+using test::Journal;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr const char* keyboardName = "Glidemap Keyboard";
+constexpr const char* uinput = "/dev/uinput";
+
+// Longer than the program lets pass between the two taps of a double one.
+constexpr double betweenGestures = 0.6;
+
+const std::string typesT = bindingJson("twoFingerClick", shortcutJson(17, 0));
+const std::string tapTypesS = bindingJson("threeFingerTap", shortcutJson(1, 0));
+
+long countOf(const DeviceReader& reader, std::uint16_t code, std::int32_t value) {
+    return std::ranges::count(reader.events(), PadEvent{EV_KEY, code, value});
+}
+
+test::ServiceDescription logind(bool isActive) {
+    return {"org.freedesktop.login1",
+            "/org/freedesktop/login1/session/auto",
+            "<interface name='org.freedesktop.login1.Session'>"
+            "<property name='Active' type='b' access='read'/>"
+            "<property name='LockedHint' type='b' access='read'/></interface>",
+            {},
+            {{"Active", isActive}}};
+}
+
+class SessionTest : public testing::Test {
+protected:
+    void set(BusDouble& manager, const char* property, bool value) {
+        manager.setAndAnnounce(property, value, "org.freedesktop.login1.Session",
+                               "/org/freedesktop/login1/session/_31");
+    }
+
+    // Returns when the program knows. It reads the session after each announcement. The double
+    // takes the second question after it has answered the first, so the third announcement follows
+    // that answer, and the third question is asked with the answer known.
+    void setLocked(BusDouble& manager, bool isLocked) {
+        constexpr int rounds = 3;
+        for (int round = 0; round < rounds; ++round) {
+            set(manager, "LockedHint", isLocked);
+            ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", ++readings));
+        }
+    }
+
+    std::filesystem::path cloneNode() const {
+        return waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
+    }
+    static std::filesystem::path keyboardNode() {
+        return waitForNode(keyboardName).value_or("/dev/null");
+    }
+
+    bool isReading(const Agent& agent) const {
+        return hasOpen(std::to_string(agent.id()), pad.node());
+    }
+
+    AgentHome home;
+    Journal journal;
+    long readings = 2; // at the start
+    PrivateBus systemBus;
+    PrivateBus sessionBus;
+    InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
+    InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
+    VirtualPad pad{ordinaryPad()};
+    PadHand hand{pad};
+};
+
+// ── another user in front ──
+
+TEST_F(SessionTest, WhileAnotherSessionIsInFrontThereIsNoKeyboardAndTheTouchpadIsLetAlone) {
+    BusDouble manager(systemBus.address(), logind(true), journal);
+    home.writeBindings({typesT, tapTypesS});
+    Agent agent;
+    for (int turn = 0; turn < 3; ++turn) {
+        const std::filesystem::path keyboard = keyboardNode();
+        const std::filesystem::path clone = cloneNode();
+        {
+            DeviceReader keys(keyboard);
+            hand.click(2);
+            EXPECT_TRUE(keys.waitForKey(KEY_T, 0)) << "turn " << turn;
+        }
+        set(manager, "Active", false);
+        EXPECT_TRUE(waitForNoNode(keyboard));
+        EXPECT_TRUE(waitForNoNode(clone));
+        EXPECT_TRUE(agent.waitUntilAsleep());
+        EXPECT_FALSE(isReading(agent));
+        DeviceReader another(pad.node());
+        EXPECT_FALSE(another.isGrabbedByAnother());
+        hand.click(2);
+        EXPECT_TRUE(another.waitForKey(BTN_LEFT, 0)) << "the other user's click";
+        hand.pause(betweenGestures);
+        hand.tap(3);
+        EXPECT_THAT(nodesNamed(keyboardName), IsEmpty());
+        set(manager, "Active", true);
+    }
+    EXPECT_THAT(nodesNamed(keyboardName), testing::SizeIs(testing::Le(1U)));
+    EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
+}
+
+TEST_F(SessionTest, StartedInTheBackgroundItWaitsForItsTurn) {
+    BusDouble manager(systemBus.address(), logind(false), journal);
+    home.writeBindings({typesT});
+    Agent agent;
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 2)) << "the watch is set";
+    while (!nodesNamed(keyboardName).empty()) {
+        waitForNoNode(nodesNamed(keyboardName).front());
+    }
+    set(manager, "Active", true);
+    DeviceReader keys(keyboardNode());
+    const DeviceReader clone(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+}
+
+TEST_F(SessionTest, ATouchpadThatComesWhileAnotherSessionIsInFrontIsReadAfterwards) {
+    pad.unplug();
+    BusDouble manager(systemBus.address(), logind(true), journal);
+    home.writeBindings({typesT});
+    Agent agent;
+    const std::filesystem::path keyboard = keyboardNode();
+    set(manager, "Active", false);
+    ASSERT_TRUE(waitForNoNode(keyboard));
+    pad.plugIn();
+    set(manager, "Active", true);
+    DeviceReader keys(keyboardNode());
+    const DeviceReader clone(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+}
+
+// ── a locked screen ──
+
+TEST_F(SessionTest, OnALockedScreenNothingIsTypedAndClicksAreTheLockers) {
+    BusDouble manager(systemBus.address(), logind(true), journal);
+    home.writeBindings(
+        {typesT, tapTypesS, bindingJson("fourFingerTap", R"({"kind":"lockScreen"})")});
+    Agent agent;
+    DeviceReader keys(keyboardNode());
+    DeviceReader clone(cloneNode());
+    hand.click(2);
+    ASSERT_TRUE(keys.waitForKey(KEY_T, 0));
+    setLocked(manager, true);
+    hand.pause(betweenGestures);
+    clone.forget();
+    hand.click(2);
+    EXPECT_TRUE(clone.waitForKey(BTN_LEFT, 0));
+    hand.pause(betweenGestures);
+    hand.tap(3);
+    hand.pause(betweenGestures);
+    setLocked(manager, false);
+    hand.click(2);
+    EXPECT_TRUE(keys.waitUntil([&] { return countOf(keys, KEY_T, 0) == 2; }));
+    EXPECT_EQ(countOf(keys, KEY_S, 1), 0);
+    EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
+}
+
+// ── touchpads and access that come while it runs ──
+
+TEST_F(SessionTest, TheFirstTouchpadMayComeAfterTheStart) {
+    pad.unplug();
+    home.writeBindings({typesT});
+    Agent agent;
+    DeviceReader keys(keyboardNode());
+    pad.plugIn();
+    const DeviceReader clone(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+}
+
+TEST_F(SessionTest, ASecondTouchpadIsReadBesideTheFirst) {
+    home.writeBindings({typesT, tapTypesS});
+    Agent agent;
+    DeviceReader keys(keyboardNode());
+    const DeviceReader clone(cloneNode());
+    VirtualPad docked(otherPad(), "usb/dock");
+    const DeviceReader other(waitForNode(docked.shape().name, docked.node()).value_or("/dev/null"));
+    PadHand(docked).click(2);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+    hand.pause(betweenGestures);
+    hand.tap(3);
+    EXPECT_TRUE(keys.waitForKey(KEY_S, 0));
+}
+
+TEST_F(SessionTest, AccessThatIsGivenWhileItRunsNeedsNoRestart) {
+    home.writeBindings({typesT});
+    home.giveToNobody();
+    ASSERT_EQ(chmod(pad.node().c_str(), 0600), 0);
+    ASSERT_EQ(chmod(uinput, 0600), 0);
+    Agent agent(Process::User::nobody);
+    EXPECT_FALSE(isReading(agent));
+    EXPECT_THAT(nodesNamed(keyboardName), IsEmpty());
+    ASSERT_EQ(chmod(uinput, 0666), 0);
+    DeviceReader keys(keyboardNode());
+    ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+    const DeviceReader clone(cloneNode());
+    hand.click(2);
+    EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+    EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
+    EXPECT_EQ(chmod(uinput, 0600), 0);
+}
+
+} // namespace
+} // namespace glidemap::vm
