@@ -67,6 +67,7 @@ protected:
     // that answer, and the third question is asked with the answer known.
     void setLocked(BusDouble& manager, bool isLocked) {
         constexpr int rounds = 3;
+        ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
         for (int round = 0; round < rounds; ++round) {
             set(manager, "LockedHint", isLocked);
             ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", ++readings));

@@ -15,6 +15,7 @@
 #include "drivers/evdev/uinput_clone.h"
 #include "input/touch_driver.h"
 
+#include <algorithm>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -34,10 +35,16 @@ TouchpadDriver& touchpads() {
     return *driver;
 }
 
+// One of the same devices is handed out again: the list is asked for whenever a device has come.
 driver::DeviceList keep(std::unique_ptr<const List> list) {
     static std::mutex mutex;
     static auto* lists = new std::vector<std::unique_ptr<const List>>;
     const std::lock_guard lock(mutex);
+    const auto known =
+        std::ranges::find_if(*lists, [&list](const auto& earlier) { return *earlier == *list; });
+    if (known != lists->end()) {
+        return known->get();
+    }
     lists->push_back(std::move(list));
     return lists->back().get();
 }
