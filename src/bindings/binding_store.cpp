@@ -15,19 +15,6 @@ namespace glidemap {
 
 namespace {
 
-std::optional<GestureType> doubleTapOf(int fingerCount) {
-    switch (fingerCount) {
-    case 2:
-        return GestureType::twoFingerDoubleTap;
-    case 3:
-        return GestureType::threeFingerDoubleTap;
-    case 4:
-        return GestureType::fourFingerDoubleTap;
-    default:
-        return std::nullopt;
-    }
-}
-
 // Half a million bindings. What is larger is none of ours, and reading it could take all memory.
 constexpr std::size_t largestFile = 128UL * 1024 * 1024;
 
@@ -117,7 +104,7 @@ BindingStore::match(GestureType gesture, std::optional<std::string_view> frontmo
 }
 
 bool BindingStore::doubleTapBindingExists(int fingerCount) const {
-    const auto gesture = doubleTapOf(fingerCount);
+    const auto gesture = gestureFor(GestureCategory::doubleTap, fingerCount);
     return gesture && _bindings.get()->hasEnabled(*gesture);
 }
 

@@ -3,58 +3,38 @@
 #include "choreography/families.h"
 #include "choreography/pad.h"
 
-#include <array>
-#include <cstddef>
 #include <numbers>
 
 namespace glidemap {
 
 namespace {
 
-std::size_t position(GestureType gesture) {
-    return static_cast<std::size_t>(gesture);
-}
-
-// The members of a family stand in one order in the catalogue; this is the place within it.
-std::size_t placeAfter(GestureType gesture, GestureType first) {
-    return position(gesture) - position(first);
-}
-
-// Families with finger counts begin with two.
-int fingerCount(std::size_t place) {
-    return 2 + static_cast<int>(place);
-}
-
-Fingers swipe(GestureType gesture, Chance& chance) {
-    constexpr std::array directions = {Direction::left, Direction::right, Direction::up,
-                                       Direction::down};
-    const std::size_t place = placeAfter(gesture, GestureType::twoFingerSwipeLeft);
-    return performSwipe(fingerCount(place / 4), directions.at(place % 4), chance);
-}
-
-Fingers fixAndTap(GestureType gesture, Chance& chance) {
-    constexpr std::array sides = {Direction::right, Direction::left, Direction::up,
-                                  Direction::down};
-    return performFixAndTap(sides.at(placeAfter(gesture, GestureType::fixAndTapRight)), chance);
-}
-
-Fingers edgeSwipe(GestureType gesture, Chance& chance) {
-    constexpr std::array edges = {Direction::left, Direction::right, Direction::up,
-                                  Direction::down};
-    return performEdgeSwipe(edges.at(placeAfter(gesture, GestureType::edgeSwipeFromLeft)), chance);
+Direction towards(GestureType gesture) {
+    switch (direction(gesture)) {
+    case GestureDirection::right:
+        return Direction::right;
+    case GestureDirection::up:
+        return Direction::up;
+    case GestureDirection::down:
+        return Direction::down;
+    default:
+        return Direction::left;
+    }
 }
 
 Fingers cornerTap(GestureType gesture, Chance& chance) {
-    const std::size_t place = placeAfter(gesture, GestureType::cornerTapTopLeft);
-    return performCornerTap(place % 2 == 0 ? Direction::left : Direction::right,
-                            place < 2 ? Direction::up : Direction::down, chance);
+    const GestureDirection corner = direction(gesture);
+    const bool left = corner == GestureDirection::topLeft || corner == GestureDirection::bottomLeft;
+    const bool top = corner == GestureDirection::topLeft || corner == GestureDirection::topRight;
+    return performCornerTap(left ? Direction::left : Direction::right,
+                            top ? Direction::up : Direction::down, chance);
 }
 
 Fingers circle(GestureType gesture, Chance& chance) {
     if (gesture == GestureType::drawCircle) {
         return {};
     }
-    const bool clockwise = gesture == GestureType::drawCircleClockwise;
+    const bool clockwise = direction(gesture) == GestureDirection::clockwise;
     return performCircle(clockwise ? Turn::clockwise : Turn::counterclockwise, chance);
 }
 
@@ -76,25 +56,23 @@ Fingers fingersFor(GestureType gesture, Chance& chance) {
     case GestureCategory::circle:
         return circle(gesture, chance);
     case GestureCategory::fixAndTap:
-        return fixAndTap(gesture, chance);
+        return performFixAndTap(towards(gesture), chance);
     case GestureCategory::tap:
-        return performTap(fingerCount(placeAfter(gesture, GestureType::twoFingerTap)), chance);
+        return performTap(fingerCount(gesture), chance);
     case GestureCategory::doubleTap:
-        return performDoubleTap(fingerCount(placeAfter(gesture, GestureType::twoFingerDoubleTap)),
-                                chance);
+        return performDoubleTap(fingerCount(gesture), chance);
     case GestureCategory::click:
         return {};
     case GestureCategory::swipe:
-        return swipe(gesture, chance);
+        return performSwipe(fingerCount(gesture), towards(gesture), chance);
     case GestureCategory::edgeSwipe:
-        return edgeSwipe(gesture, chance);
+        return performEdgeSwipe(towards(gesture), chance);
     case GestureCategory::cornerTap:
         return cornerTap(gesture, chance);
     case GestureCategory::pinchRotate:
         return pinchOrRotation(gesture, chance);
     case GestureCategory::longPress:
-        return performLongPress(fingerCount(placeAfter(gesture, GestureType::twoFingerLongPress)),
-                                chance);
+        return performLongPress(fingerCount(gesture), chance);
     }
     return {};
 }
@@ -128,7 +106,7 @@ std::vector<GestureType> performableGestures() {
 
 Performance perform(GestureType gesture, std::uint64_t seed) {
     constexpr std::uint64_t apart = 1'000'003; // different gestures of one seed share no choices
-    Chance chance(seed * apart + static_cast<std::uint64_t>(position(gesture)));
+    Chance chance(seed * apart + static_cast<std::uint64_t>(gesture));
     const Fingers fingers = fingersFor(gesture, chance);
     return fingers.empty() ? Performance{} : report(fingers, chance);
 }

@@ -15,20 +15,19 @@ struct CategoryEntry {
     std::string_view rawValue;
     std::string_view english;
     std::string_view chinese;
-    std::string_view symbol;
 };
 
 constexpr std::array<CategoryEntry, allGestureCategories.size()> categories = {{
-    {"circle", "Circle", "画圆", "circle.dashed"},
-    {"fixAndTap", "Hold + Tap", "单指固定 + 点按", "hand.point.right"},
-    {"tap", "Taps", "多指轻点", "hand.tap"},
-    {"doubleTap", "Double Taps", "多指双击轻点", "hand.tap.fill"},
-    {"click", "Clicks", "多指按压点击", "cursorarrow.click.2"},
-    {"swipe", "Swipes", "多指滑动", "hand.draw"},
-    {"edgeSwipe", "Edge Swipes", "边缘滑入", "arrow.right.to.line"},
-    {"cornerTap", "Corner Taps", "角落轻点", "viewfinder"},
-    {"pinchRotate", "Pinch & Rotate", "捏合 / 旋转", "arrow.down.left.and.arrow.up.right"},
-    {"longPress", "Long Press", "多指长按", "hand.raised"},
+    {"circle", "Circle", "画圆"},
+    {"fixAndTap", "Hold + Tap", "单指固定 + 点按"},
+    {"tap", "Taps", "多指轻点"},
+    {"doubleTap", "Double Taps", "多指双击轻点"},
+    {"click", "Clicks", "多指按压点击"},
+    {"swipe", "Swipes", "多指滑动"},
+    {"edgeSwipe", "Edge Swipes", "边缘滑入"},
+    {"cornerTap", "Corner Taps", "角落轻点"},
+    {"pinchRotate", "Pinch & Rotate", "捏合 / 旋转"},
+    {"longPress", "Long Press", "多指长按"},
 }};
 
 const CategoryEntry& entry(GestureCategory category) {
@@ -50,7 +49,7 @@ std::string displayName(GestureCategory category, const Lang& lang) {
 }
 
 std::string_view symbolName(GestureCategory category) {
-    return entry(category).symbol;
+    return std::ranges::find(gestureTable, category, &GestureRow::category)->symbol;
 }
 
 std::vector<GestureType> gestures(GestureCategory wanted) {

@@ -10,7 +10,9 @@
 
 #include "core/gesture_category.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -71,63 +73,189 @@ enum class GestureType : std::uint8_t {
     fourFingerLongPress,
 };
 
-// In the order of declaration.
-inline constexpr std::array allGestureTypes = {
-    GestureType::drawCircle,
-    GestureType::drawCircleClockwise,
-    GestureType::drawCircleCounterclockwise,
-    GestureType::fixAndTapRight,
-    GestureType::fixAndTapLeft,
-    GestureType::fixAndTapAbove,
-    GestureType::fixAndTapBelow,
-    GestureType::twoFingerTap,
-    GestureType::threeFingerTap,
-    GestureType::fourFingerTap,
-    GestureType::fiveFingerTap,
-    GestureType::twoFingerDoubleTap,
-    GestureType::threeFingerDoubleTap,
-    GestureType::fourFingerDoubleTap,
-    GestureType::twoFingerClick,
-    GestureType::threeFingerClick,
-    GestureType::fourFingerClick,
-    GestureType::twoFingerSwipeLeft,
-    GestureType::twoFingerSwipeRight,
-    GestureType::twoFingerSwipeUp,
-    GestureType::twoFingerSwipeDown,
-    GestureType::threeFingerSwipeLeft,
-    GestureType::threeFingerSwipeRight,
-    GestureType::threeFingerSwipeUp,
-    GestureType::threeFingerSwipeDown,
-    GestureType::fourFingerSwipeLeft,
-    GestureType::fourFingerSwipeRight,
-    GestureType::fourFingerSwipeUp,
-    GestureType::fourFingerSwipeDown,
-    GestureType::fiveFingerSwipeLeft,
-    GestureType::fiveFingerSwipeRight,
-    GestureType::fiveFingerSwipeUp,
-    GestureType::fiveFingerSwipeDown,
-    GestureType::edgeSwipeFromLeft,
-    GestureType::edgeSwipeFromRight,
-    GestureType::edgeSwipeFromTop,
-    GestureType::edgeSwipeFromBottom,
-    GestureType::cornerTapTopLeft,
-    GestureType::cornerTapTopRight,
-    GestureType::cornerTapBottomLeft,
-    GestureType::cornerTapBottomRight,
-    GestureType::pinchIn,
-    GestureType::pinchOut,
-    GestureType::rotateClockwise,
-    GestureType::rotateCounterclockwise,
-    GestureType::twoFingerLongPress,
-    GestureType::threeFingerLongPress,
-    GestureType::fourFingerLongPress,
+// Which way a gesture goes, or where it lies.
+enum class GestureDirection : std::uint8_t {
+    none,
+    any, // a circle in either direction
+    left,
+    right,
+    up,
+    down,
+    topLeft,
+    topRight,
+    bottomLeft,
+    bottomRight,
+    clockwise,
+    counterclockwise,
+    inwards,
+    outwards,
 };
+
+// All that is known of a gesture but its one-sentence detail, which the gestures of a category share.
+struct GestureRow {
+    GestureType type;
+    std::string_view rawValue;
+    GestureCategory category;
+    int fingerCount;
+    // Of a swipe where it goes; of an edge swipe the edge that it comes from; of a hold and tap the side of the tap, seen from
+    // the finger that holds.
+    GestureDirection direction;
+    // The icon, by its name in the system's symbol set; one for each category.
+    std::string_view symbol;
+    std::string_view english;
+    std::string_view chinese;
+};
+
+// In the order of the enumeration. A new gesture is a row here, and a limit where it is recognised.
+inline constexpr std::array gestureTable = std::to_array<GestureRow>({
+    {GestureType::drawCircle, "drawCircle", GestureCategory::circle, 1, GestureDirection::any,
+     "circle.dashed", "Draw Circle (any direction)", "单指画圆（任意方向）"},
+    {GestureType::drawCircleClockwise, "drawCircleClockwise", GestureCategory::circle, 1,
+     GestureDirection::clockwise, "circle.dashed", "Draw Circle (clockwise)", "单指画圆（顺时针）"},
+    {GestureType::drawCircleCounterclockwise, "drawCircleCounterclockwise", GestureCategory::circle,
+     1, GestureDirection::counterclockwise, "circle.dashed", "Draw Circle (counter-clockwise)",
+     "单指画圆（逆时针）"},
+    {GestureType::fixAndTapRight, "fixAndTapRight", GestureCategory::fixAndTap, 2,
+     GestureDirection::right, "hand.point.right", "Hold + Tap Right", "单指固定 + 右侧点按"},
+    {GestureType::fixAndTapLeft, "fixAndTapLeft", GestureCategory::fixAndTap, 2,
+     GestureDirection::left, "hand.point.right", "Hold + Tap Left", "单指固定 + 左侧点按"},
+    {GestureType::fixAndTapAbove, "fixAndTapAbove", GestureCategory::fixAndTap, 2,
+     GestureDirection::up, "hand.point.right", "Hold + Tap Above", "单指固定 + 上方点按"},
+    {GestureType::fixAndTapBelow, "fixAndTapBelow", GestureCategory::fixAndTap, 2,
+     GestureDirection::down, "hand.point.right", "Hold + Tap Below", "单指固定 + 下方点按"},
+    {GestureType::twoFingerTap, "twoFingerTap", GestureCategory::tap, 2, GestureDirection::none,
+     "hand.tap", "Two-Finger Tap", "两指轻点"},
+    {GestureType::threeFingerTap, "threeFingerTap", GestureCategory::tap, 3, GestureDirection::none,
+     "hand.tap", "Three-Finger Tap", "三指轻点"},
+    {GestureType::fourFingerTap, "fourFingerTap", GestureCategory::tap, 4, GestureDirection::none,
+     "hand.tap", "Four-Finger Tap", "四指轻点"},
+    {GestureType::fiveFingerTap, "fiveFingerTap", GestureCategory::tap, 5, GestureDirection::none,
+     "hand.tap", "Five-Finger Tap", "五指轻点"},
+    {GestureType::twoFingerDoubleTap, "twoFingerDoubleTap", GestureCategory::doubleTap, 2,
+     GestureDirection::none, "hand.tap.fill", "Two-Finger Double Tap", "两指双击轻点"},
+    {GestureType::threeFingerDoubleTap, "threeFingerDoubleTap", GestureCategory::doubleTap, 3,
+     GestureDirection::none, "hand.tap.fill", "Three-Finger Double Tap", "三指双击轻点"},
+    {GestureType::fourFingerDoubleTap, "fourFingerDoubleTap", GestureCategory::doubleTap, 4,
+     GestureDirection::none, "hand.tap.fill", "Four-Finger Double Tap", "四指双击轻点"},
+    {GestureType::twoFingerClick, "twoFingerClick", GestureCategory::click, 2,
+     GestureDirection::none, "cursorarrow.click.2", "Two-Finger Click", "两指按压点击"},
+    {GestureType::threeFingerClick, "threeFingerClick", GestureCategory::click, 3,
+     GestureDirection::none, "cursorarrow.click.2", "Three-Finger Click", "三指按压点击"},
+    {GestureType::fourFingerClick, "fourFingerClick", GestureCategory::click, 4,
+     GestureDirection::none, "cursorarrow.click.2", "Four-Finger Click", "四指按压点击"},
+    {GestureType::twoFingerSwipeLeft, "twoFingerSwipeLeft", GestureCategory::swipe, 2,
+     GestureDirection::left, "hand.draw", "Two-Finger Swipe Left", "两指左滑"},
+    {GestureType::twoFingerSwipeRight, "twoFingerSwipeRight", GestureCategory::swipe, 2,
+     GestureDirection::right, "hand.draw", "Two-Finger Swipe Right", "两指右滑"},
+    {GestureType::twoFingerSwipeUp, "twoFingerSwipeUp", GestureCategory::swipe, 2,
+     GestureDirection::up, "hand.draw", "Two-Finger Swipe Up", "两指上滑"},
+    {GestureType::twoFingerSwipeDown, "twoFingerSwipeDown", GestureCategory::swipe, 2,
+     GestureDirection::down, "hand.draw", "Two-Finger Swipe Down", "两指下滑"},
+    {GestureType::threeFingerSwipeLeft, "threeFingerSwipeLeft", GestureCategory::swipe, 3,
+     GestureDirection::left, "hand.draw", "Three-Finger Swipe Left", "三指左滑"},
+    {GestureType::threeFingerSwipeRight, "threeFingerSwipeRight", GestureCategory::swipe, 3,
+     GestureDirection::right, "hand.draw", "Three-Finger Swipe Right", "三指右滑"},
+    {GestureType::threeFingerSwipeUp, "threeFingerSwipeUp", GestureCategory::swipe, 3,
+     GestureDirection::up, "hand.draw", "Three-Finger Swipe Up", "三指上滑"},
+    {GestureType::threeFingerSwipeDown, "threeFingerSwipeDown", GestureCategory::swipe, 3,
+     GestureDirection::down, "hand.draw", "Three-Finger Swipe Down", "三指下滑"},
+    {GestureType::fourFingerSwipeLeft, "fourFingerSwipeLeft", GestureCategory::swipe, 4,
+     GestureDirection::left, "hand.draw", "Four-Finger Swipe Left", "四指左滑"},
+    {GestureType::fourFingerSwipeRight, "fourFingerSwipeRight", GestureCategory::swipe, 4,
+     GestureDirection::right, "hand.draw", "Four-Finger Swipe Right", "四指右滑"},
+    {GestureType::fourFingerSwipeUp, "fourFingerSwipeUp", GestureCategory::swipe, 4,
+     GestureDirection::up, "hand.draw", "Four-Finger Swipe Up", "四指上滑"},
+    {GestureType::fourFingerSwipeDown, "fourFingerSwipeDown", GestureCategory::swipe, 4,
+     GestureDirection::down, "hand.draw", "Four-Finger Swipe Down", "四指下滑"},
+    {GestureType::fiveFingerSwipeLeft, "fiveFingerSwipeLeft", GestureCategory::swipe, 5,
+     GestureDirection::left, "hand.draw", "Five-Finger Swipe Left", "五指左滑"},
+    {GestureType::fiveFingerSwipeRight, "fiveFingerSwipeRight", GestureCategory::swipe, 5,
+     GestureDirection::right, "hand.draw", "Five-Finger Swipe Right", "五指右滑"},
+    {GestureType::fiveFingerSwipeUp, "fiveFingerSwipeUp", GestureCategory::swipe, 5,
+     GestureDirection::up, "hand.draw", "Five-Finger Swipe Up", "五指上滑"},
+    {GestureType::fiveFingerSwipeDown, "fiveFingerSwipeDown", GestureCategory::swipe, 5,
+     GestureDirection::down, "hand.draw", "Five-Finger Swipe Down", "五指下滑"},
+    {GestureType::edgeSwipeFromLeft, "edgeSwipeFromLeft", GestureCategory::edgeSwipe, 1,
+     GestureDirection::left, "arrow.right.to.line", "Edge Swipe from Left", "从左边缘滑入"},
+    {GestureType::edgeSwipeFromRight, "edgeSwipeFromRight", GestureCategory::edgeSwipe, 1,
+     GestureDirection::right, "arrow.right.to.line", "Edge Swipe from Right", "从右边缘滑入"},
+    {GestureType::edgeSwipeFromTop, "edgeSwipeFromTop", GestureCategory::edgeSwipe, 1,
+     GestureDirection::up, "arrow.right.to.line", "Edge Swipe from Top", "从上边缘滑入"},
+    {GestureType::edgeSwipeFromBottom, "edgeSwipeFromBottom", GestureCategory::edgeSwipe, 1,
+     GestureDirection::down, "arrow.right.to.line", "Edge Swipe from Bottom", "从下边缘滑入"},
+    {GestureType::cornerTapTopLeft, "cornerTapTopLeft", GestureCategory::cornerTap, 1,
+     GestureDirection::topLeft, "viewfinder", "Top-Left Corner Tap", "左上角轻点"},
+    {GestureType::cornerTapTopRight, "cornerTapTopRight", GestureCategory::cornerTap, 1,
+     GestureDirection::topRight, "viewfinder", "Top-Right Corner Tap", "右上角轻点"},
+    {GestureType::cornerTapBottomLeft, "cornerTapBottomLeft", GestureCategory::cornerTap, 1,
+     GestureDirection::bottomLeft, "viewfinder", "Bottom-Left Corner Tap", "左下角轻点"},
+    {GestureType::cornerTapBottomRight, "cornerTapBottomRight", GestureCategory::cornerTap, 1,
+     GestureDirection::bottomRight, "viewfinder", "Bottom-Right Corner Tap", "右下角轻点"},
+    {GestureType::pinchIn, "pinchIn", GestureCategory::pinchRotate, 2, GestureDirection::inwards,
+     "arrow.down.left.and.arrow.up.right", "Pinch In", "两指捏合（收拢）"},
+    {GestureType::pinchOut, "pinchOut", GestureCategory::pinchRotate, 2, GestureDirection::outwards,
+     "arrow.down.left.and.arrow.up.right", "Pinch Out", "两指张开（放大）"},
+    {GestureType::rotateClockwise, "rotateClockwise", GestureCategory::pinchRotate, 2,
+     GestureDirection::clockwise, "arrow.down.left.and.arrow.up.right", "Rotate Clockwise",
+     "两指顺时针旋转"},
+    {GestureType::rotateCounterclockwise, "rotateCounterclockwise", GestureCategory::pinchRotate, 2,
+     GestureDirection::counterclockwise, "arrow.down.left.and.arrow.up.right",
+     "Rotate Counter-clockwise", "两指逆时针旋转"},
+    {GestureType::twoFingerLongPress, "twoFingerLongPress", GestureCategory::longPress, 2,
+     GestureDirection::none, "hand.raised", "Two-Finger Long Press", "两指长按"},
+    {GestureType::threeFingerLongPress, "threeFingerLongPress", GestureCategory::longPress, 3,
+     GestureDirection::none, "hand.raised", "Three-Finger Long Press", "三指长按"},
+    {GestureType::fourFingerLongPress, "fourFingerLongPress", GestureCategory::longPress, 4,
+     GestureDirection::none, "hand.raised", "Four-Finger Long Press", "四指长按"},
+});
+
+constexpr const GestureRow& rowOf(GestureType gesture) {
+    return gestureTable[static_cast<std::size_t>(gesture)];
+}
+
+static_assert(std::ranges::all_of(gestureTable,
+                                  [](const GestureRow& row) { return &rowOf(row.type) == &row; }),
+              "the rows are in the order of the enumeration");
+
+// In the order of declaration.
+inline constexpr auto allGestureTypes = [] {
+    std::array<GestureType, gestureTable.size()> types{};
+    std::ranges::transform(gestureTable, types.begin(), &GestureRow::type);
+    return types;
+}();
+
+constexpr std::string_view rawValue(GestureType gesture) {
+    return rowOf(gesture).rawValue;
+}
+constexpr GestureCategory category(GestureType gesture) {
+    return rowOf(gesture).category;
+}
+constexpr int fingerCount(GestureType gesture) {
+    return rowOf(gesture).fingerCount;
+}
+constexpr GestureDirection direction(GestureType gesture) {
+    return rowOf(gesture).direction;
+}
+constexpr bool isClick(GestureType gesture) {
+    return category(gesture) == GestureCategory::click;
+}
+
+// The gesture of this category with this many fingers in this direction, if there is one.
+constexpr std::optional<GestureType>
+gestureFor(GestureCategory category, int fingerCount,
+           GestureDirection direction = GestureDirection::none) {
+    for (const GestureRow& row : gestureTable) {
+        if (row.category == category && row.fingerCount == fingerCount &&
+            row.direction == direction) {
+            return row.type;
+        }
+    }
+    return std::nullopt;
+}
 
 // The gesture with exactly this raw value, if there is one.
 std::optional<GestureType> gestureTypeFromRawValue(std::string_view rawValue);
 
-std::string_view rawValue(GestureType gesture);
-GestureCategory category(GestureType gesture);
 std::string displayName(GestureType gesture);
 std::string displayName(GestureType gesture, const Lang& lang);
 
@@ -135,7 +263,8 @@ std::string displayName(GestureType gesture, const Lang& lang);
 std::string detail(GestureType gesture);
 std::string detail(GestureType gesture, const Lang& lang);
 
-// The icon, by its name in the system's symbol set; one for each category.
-std::string_view symbolName(GestureType gesture);
+constexpr std::string_view symbolName(GestureType gesture) {
+    return rowOf(gesture).symbol;
+}
 
 } // namespace glidemap

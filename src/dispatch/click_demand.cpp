@@ -7,11 +7,6 @@ namespace glidemap {
 
 namespace {
 
-bool isClick(GestureType gesture) {
-    return gesture == GestureType::twoFingerClick || gesture == GestureType::threeFingerClick ||
-           gesture == GestureType::fourFingerClick;
-}
-
 bool anyClickIsBound(const BindingStore& store) {
     const auto bindings = store.bindings();
     return std::ranges::any_of(*bindings, [](const GestureBinding& binding) {

@@ -5,24 +5,6 @@
 
 namespace glidemap {
 
-namespace {
-
-// One finger presses for a plain click, five press by accident.
-std::optional<GestureType> clickOf(int fingerCount) {
-    switch (fingerCount) {
-    case 2:
-        return GestureType::twoFingerClick;
-    case 3:
-        return GestureType::threeFingerClick;
-    case 4:
-        return GestureType::fourFingerClick;
-    default:
-        return std::nullopt;
-    }
-}
-
-} // namespace
-
 ClickMonitor::ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> fingers)
     : tap(std::move(clickTap)), touchingCount(std::move(fingers)),
       life(std::make_shared<ClickMonitor*>(this)) {}
@@ -76,7 +58,8 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
 }
 
 bool ClickMonitor::isTaken() const {
-    const auto gesture = clickOf(touchingCount());
+    // One finger presses for a plain click, five press by accident: neither is in the catalogue.
+    const auto gesture = gestureFor(GestureCategory::click, touchingCount());
     return gesture && onClickGesture && onClickGesture(*gesture);
 }
 

@@ -10,8 +10,8 @@ namespace glidemap {
 namespace {
 
 bool isDirectedCircle(GestureType gesture) {
-    return gesture == GestureType::drawCircleClockwise ||
-           gesture == GestureType::drawCircleCounterclockwise;
+    return category(gesture) == GestureCategory::circle &&
+           direction(gesture) != GestureDirection::any;
 }
 
 // The application's identifier and not its name, which can be the title of a window.

@@ -7,7 +7,6 @@
 #include "recognition/swipe.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <span>
 #include <utility>
@@ -31,28 +30,6 @@ constexpr double farthestFixedTapDrift = 0.04;
 constexpr double anchorLead = 0.2;
 constexpr double farthestAnchorDrift = 0.05;
 constexpr double nearestFixedTap = 0.05;
-
-constexpr int fewestGroupFingers = 2;
-constexpr int mostPairedFingers = 4; // five fingers tap, but neither double tap nor press long
-constexpr int mostGroupFingers = 5;
-
-constexpr bool isPairedCount(int count) {
-    return count >= fewestGroupFingers && count <= mostPairedFingers;
-}
-
-// The row of a table that begins with two fingers.
-constexpr std::size_t rowFor(int count) {
-    return static_cast<std::size_t>(count - fewestGroupFingers);
-}
-
-constexpr std::array singleTaps = {GestureType::twoFingerTap, GestureType::threeFingerTap,
-                                   GestureType::fourFingerTap};
-constexpr std::array doubleTaps = {GestureType::twoFingerDoubleTap,
-                                   GestureType::threeFingerDoubleTap,
-                                   GestureType::fourFingerDoubleTap};
-constexpr std::array longPresses = {GestureType::twoFingerLongPress,
-                                    GestureType::threeFingerLongPress,
-                                    GestureType::fourFingerLongPress};
 
 bool isFinite(const TouchPoint& touch) {
     return std::isfinite(touch.x) && std::isfinite(touch.y);
@@ -162,7 +139,7 @@ void SessionRecognizer::finalizeSession(double time) {
     const double duration = time - *sessionStart;
     if (maxConcurrent == 1) {
         decideOneFinger(duration);
-    } else if (maxConcurrent >= fewestGroupFingers && maxConcurrent <= mostGroupFingers) {
+    } else if (gestureFor(GestureCategory::tap, maxConcurrent)) {
         decideManyFingers(duration, time);
     }
 }
@@ -213,23 +190,23 @@ void SessionRecognizer::resetSession() {
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s
 //                       └─ not bound ─────────▶ single tap at once
 void SessionRecognizer::handleGroupTap(int count, double time) {
-    if (!isPairedCount(count)) {
-        lastTap = GroupTap{count, time};
-        report(GestureType::fiveFingerTap);
-        return;
-    }
-    if (lastTap && lastTap->count == count && time - lastTap->time <= doubleTapInterval) {
+    const auto doubleTap = gestureFor(GestureCategory::doubleTap, count); // five fingers have none
+    if (doubleTap && lastTap && lastTap->count == count &&
+        time - lastTap->time <= doubleTapInterval) {
         pendingSingleTap.cancel();
         lastTap.reset();
-        report(doubleTaps[rowFor(count)]);
+        report(*doubleTap);
         return;
     }
     lastTap = GroupTap{count, time};
-    const GestureType tap = singleTaps[rowFor(count)];
-    if (doubleTapBindingExists && doubleTapBindingExists(count)) {
-        holdBackTap(tap);
+    const auto tap = gestureFor(GestureCategory::tap, count);
+    if (!tap) {
+        return;
+    }
+    if (doubleTap && doubleTapBindingExists && doubleTapBindingExists(count)) {
+        holdBackTap(*tap);
     } else {
-        report(tap);
+        report(*tap);
     }
 }
 
@@ -252,12 +229,13 @@ void SessionRecognizer::checkLongPress(double time) {
     // No finger has come or gone since the session began.
     const bool unchanged =
         maxConcurrent == count && !tracks.isCrowded() && tracks.size() == liveIndex.size();
-    if (!isPairedCount(count) || !unchanged || !allLiveTracksRest(time)) {
+    const auto longPress = gestureFor(GestureCategory::longPress, count);
+    if (!longPress || !unchanged || !allLiveTracksRest(time)) {
         return;
     }
     consumed = true;
     longPressFired = true;
-    report(longPresses[rowFor(count)]);
+    report(*longPress);
 }
 
 bool SessionRecognizer::allLiveTracksRest(double time) const {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -277,6 +278,51 @@ TEST(GestureTypeTest, AGestureHasTheSymbolOfItsCategory) {
         EXPECT_EQ(symbolName(gesture), symbolName(category(gesture)));
     }
     EXPECT_EQ(symbolName(rotateClockwise), "arrow.down.left.and.arrow.up.right");
+}
+
+struct ShapeRow {
+    std::optional<GestureType> gesture;
+    GestureCategory category;
+    int fingerCount;
+    GestureDirection direction;
+};
+
+const ShapeRow shapes[] = {
+    {std::nullopt, GestureCategory::tap, 1, GestureDirection::none},
+    {twoFingerTap, GestureCategory::tap, 2, GestureDirection::none},
+    {fiveFingerTap, GestureCategory::tap, 5, GestureDirection::none},
+    {std::nullopt, GestureCategory::tap, 6, GestureDirection::none},
+    {fourFingerDoubleTap, GestureCategory::doubleTap, 4, GestureDirection::none},
+    {std::nullopt, GestureCategory::doubleTap, 5, GestureDirection::none},
+    {std::nullopt, GestureCategory::click, 1, GestureDirection::none},
+    {threeFingerClick, GestureCategory::click, 3, GestureDirection::none},
+    {std::nullopt, GestureCategory::click, 5, GestureDirection::none},
+    {std::nullopt, GestureCategory::swipe, 1, GestureDirection::left},
+    {fiveFingerSwipeUp, GestureCategory::swipe, 5, GestureDirection::up},
+    {std::nullopt, GestureCategory::swipe, 5, GestureDirection::none},
+    {edgeSwipeFromTop, GestureCategory::edgeSwipe, 1, GestureDirection::up},
+    {cornerTapBottomLeft, GestureCategory::cornerTap, 1, GestureDirection::bottomLeft},
+    {rotateClockwise, GestureCategory::pinchRotate, 2, GestureDirection::clockwise},
+    {std::nullopt, GestureCategory::longPress, 5, GestureDirection::none},
+    {std::nullopt, GestureCategory::tap, -1, GestureDirection::none},
+};
+
+TEST(GestureType, IsFoundByCategoryFingersAndDirection) {
+    for (const ShapeRow& row : shapes) {
+        EXPECT_EQ(gestureFor(row.category, row.fingerCount, row.direction), row.gesture);
+    }
+    for (const GestureType gesture : allGestureTypes) {
+        EXPECT_EQ(gestureFor(category(gesture), fingerCount(gesture), direction(gesture)), gesture)
+            << rawValue(gesture);
+    }
+}
+
+TEST(GestureType, IsAClickInItsCategoryOnly) {
+    for (const GestureType gesture : allGestureTypes) {
+        EXPECT_EQ(isClick(gesture), gesture == twoFingerClick || gesture == threeFingerClick ||
+                                        gesture == fourFingerClick)
+            << rawValue(gesture);
+    }
 }
 
 } // namespace

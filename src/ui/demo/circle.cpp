@@ -33,7 +33,7 @@ std::vector<Point> arc(double swept, double progress) {
 } // namespace
 
 Frame circle(GestureType gesture, double t) {
-    const double turn = gesture == GestureType::drawCircleCounterclockwise ? -1 : 1;
+    const double turn = direction(gesture) == GestureDirection::counterclockwise ? -1 : 1;
     const double progress = smoothstep((t - 0.25) / 1.8);
     const double swept = turn * 2 * std::numbers::pi * progress;
     return {.fingers = {{onTheCircle(swept + top), env(t, 0.15, 2.25, 0.18)}},

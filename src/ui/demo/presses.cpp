@@ -28,7 +28,7 @@ std::optional<Ring> holdRing(double t, double fingerOpacity) {
 } // namespace
 
 Frame click(GestureType gesture, double t) {
-    const int count = fingersFromTwo(GestureType::twoFingerClick, gesture);
+    const int count = fingerCount(gesture);
     const double pressed = env(t, 1.0, 1.5, 0.12);
     return {.fingers = fingersAt(hand(count, padCenter, restingSpacing), env(t, 0.4, 2.2, 0.18),
                                  1 - 0.28 * pressed),
@@ -37,7 +37,7 @@ Frame click(GestureType gesture, double t) {
 }
 
 Frame longPress(GestureType gesture, double t) {
-    const int count = fingersFromTwo(GestureType::twoFingerLongPress, gesture);
+    const int count = fingerCount(gesture);
     const double opacity = env(t, 0.4, 2.2, 0.15);
     return {.fingers = fingersAt(hand(count, padCenter, restingSpacing), opacity),
             .trail = {},

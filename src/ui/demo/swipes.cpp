@@ -1,7 +1,6 @@
 // Fingers that travel in a straight line: hands across the pad, single fingers in from an edge.
 #include "motions.h"
 
-#include <array>
 #include <cmath>
 
 namespace glidemap::demo {
@@ -11,20 +10,36 @@ namespace {
 // Before the travel has come this far there is no trail to see.
 constexpr double trailBegins = 0.02;
 
-constexpr std::array<Point, 4> directions = {{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}};
-static_assert(placeFrom(GestureType::twoFingerSwipeLeft, GestureType::fiveFingerSwipeDown) == 15);
+Point stepTowards(GestureDirection direction) {
+    switch (direction) {
+    case GestureDirection::left:
+        return {-1, 0};
+    case GestureDirection::right:
+        return {1, 0};
+    case GestureDirection::up:
+        return {0, -1};
+    default:
+        return {0, 1};
+    }
+}
 
 struct Edge {
     Point start;
     Point inwards;
 };
 
-constexpr std::array<Edge, 4> edges = {{
-    {{0.06, 0.5}, {0.4, 0}},
-    {{0.94, 0.5}, {-0.4, 0}},
-    {{0.5, 0.09}, {0, 0.4}},
-    {{0.5, 0.91}, {0, -0.4}},
-}};
+Edge edgeAt(GestureDirection side) {
+    switch (side) {
+    case GestureDirection::left:
+        return {{0.06, 0.5}, {0.4, 0}};
+    case GestureDirection::right:
+        return {{0.94, 0.5}, {-0.4, 0}};
+    case GestureDirection::up:
+        return {{0.5, 0.09}, {0, 0.4}};
+    default:
+        return {{0.5, 0.91}, {0, -0.4}};
+    }
+}
 
 Point moved(Point from, Point direction, double distance) {
     return {from.x + direction.x * distance, from.y + direction.y * distance};
@@ -34,28 +49,27 @@ Point moved(Point from, Point direction, double distance) {
 
 Frame swipe(GestureType gesture, double t) {
     constexpr double length = 0.34;
-    const std::size_t place = placeFrom(GestureType::twoFingerSwipeLeft, gesture);
-    const int count = 2 + static_cast<int>(place / directions.size());
-    const Point direction = directions[place % directions.size()];
+    const int count = fingerCount(gesture);
+    const Point step = stepTowards(direction(gesture));
     // Side by side, the fingers of a hand that moves sideways are closer together.
-    const double spacing = std::abs(direction.x) > 0.5 ? 0.11 : restingSpacing;
+    const double spacing = std::abs(step.x) > 0.5 ? 0.11 : restingSpacing;
 
     const double progress = smoothstep(t - 0.5);
     const double travel = length * progress;
-    const Point center = moved(padCenter, direction, travel - length / 2);
+    const Point center = moved(padCenter, step, travel - length / 2);
     const std::vector<Point> places = hand(count, center, spacing);
 
     Frame frame;
     frame.fingers = fingersAt(places, env(t, 0.35, 1.8, 0.18));
     if (progress > trailBegins) {
         const Point middle = places[places.size() / 2];
-        frame.trail = {moved(middle, direction, -travel), middle};
+        frame.trail = {moved(middle, step, -travel), middle};
     }
     return frame;
 }
 
 Frame edgeSwipe(GestureType gesture, double t) {
-    const Edge& edge = edges[placeFrom(GestureType::edgeSwipeFromLeft, gesture)];
+    const Edge edge = edgeAt(direction(gesture));
     const double progress = smoothstep((t - 0.55) / 0.9);
     const Point finger = moved(edge.start, edge.inwards, progress);
 

@@ -2,7 +2,6 @@
 #include "motions.h"
 
 #include <algorithm>
-#include <array>
 #include <initializer_list>
 
 namespace glidemap::demo {
@@ -36,41 +35,51 @@ Finger landingFinger(Point where, double level) {
     return {where, level, 1 + 0.3 * (1 - level)};
 }
 
-constexpr std::array<Point, 4> besideTheFixedFinger = {{
-    {0.76, 0.52},
-    {0.24, 0.52},
-    {0.5, 0.26},
-    {0.5, 0.78},
-}};
+Point besideFixedFinger(GestureDirection side) {
+    switch (side) {
+    case GestureDirection::right:
+        return {0.76, 0.52};
+    case GestureDirection::left:
+        return {0.24, 0.52};
+    case GestureDirection::up:
+        return {0.5, 0.26};
+    default:
+        return {0.5, 0.78};
+    }
+}
 
-constexpr std::array<Point, 4> corners = {{
-    {0.12, 0.17},
-    {0.88, 0.17},
-    {0.12, 0.83},
-    {0.88, 0.83},
-}};
+Point inCorner(GestureDirection corner) {
+    switch (corner) {
+    case GestureDirection::topLeft:
+        return {0.12, 0.17};
+    case GestureDirection::topRight:
+        return {0.88, 0.17};
+    case GestureDirection::bottomLeft:
+        return {0.12, 0.83};
+    default:
+        return {0.88, 0.83};
+    }
+}
 
 } // namespace
 
 Frame tap(GestureType gesture, double t) {
-    return landingHand(fingersFromTwo(GestureType::twoFingerTap, gesture),
-                       pressLevel(t, {{0.9, 1.5}}));
+    return landingHand(fingerCount(gesture), pressLevel(t, {{0.9, 1.5}}));
 }
 
 Frame doubleTap(GestureType gesture, double t) {
-    return landingHand(fingersFromTwo(GestureType::twoFingerDoubleTap, gesture),
-                       pressLevel(t, {{0.7, 1.05}, {1.3, 1.65}}));
+    return landingHand(fingerCount(gesture), pressLevel(t, {{0.7, 1.05}, {1.3, 1.65}}));
 }
 
 Frame fixAndTap(GestureType gesture, double t) {
-    const Point where = besideTheFixedFinger[placeFrom(GestureType::fixAndTapRight, gesture)];
+    const Point where = besideFixedFinger(direction(gesture));
     const Finger fixed = {{0.5, 0.52}, env(t, 0.2, 2.4, 0.18)};
     return {
         .fingers = {fixed, landingFinger(where, env(t, 1.0, 1.5, 0.12))}, .trail = {}, .ring = {}};
 }
 
 Frame cornerTap(GestureType gesture, double t) {
-    const Point corner = corners[placeFrom(GestureType::cornerTapTopLeft, gesture)];
+    const Point corner = inCorner(direction(gesture));
     return {.fingers = {landingFinger(corner, env(t, 0.9, 1.5, 0.12))}, .trail = {}, .ring = {}};
 }
 
