@@ -26,10 +26,7 @@ std::shared_ptr<AppDelegate> AppDelegate::create(Ports ports) {
 }
 
 AppDelegate::AppDelegate(ConstructionKey /*key*/, Ports given)
-    : ports(std::move(given)), store(ports.makeStore()), updateChecker(ports.makeUpdateChecker()),
-      clickMonitor(std::make_unique<ClickMonitor>(
-          ports.clickTap, [engine = ports.engine] { return engine->touchingCount(); })),
-      input(std::make_unique<GestureInput>(ports.engine, *clickMonitor, ports.session)) {}
+    : ports(std::move(given)), store(ports.makeStore()), updateChecker(ports.makeUpdateChecker()) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -49,9 +46,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     dispatcher();
     updateChecker->start();
     keepStatusMenuCurrent();
-    connectEngine();
-    connectClicks();
-    input->start();
+    startRuntime();
     showSettings();
 }
 
@@ -59,7 +54,9 @@ void AppDelegate::applicationWillTerminate() {
     if (std::exchange(isTerminated, true)) {
         return;
     }
-    input->stop();
+    if (runtime != nullptr) {
+        runtime->stop();
+    }
     store->saveIfLastSaveFailed(); // after the touchpads: it may wait for another writer
 }
 
@@ -128,34 +125,16 @@ void AppDelegate::menuNeedsUpdate() {
     updateMenuItem->setVisible(version.has_value());
 }
 
-void AppDelegate::connectEngine() {
-    ports.engine->onGesture = [weak = weak_from_this()](GestureType gesture) {
-        if (const auto held = weak.lock()) {
-            held->dispatcher()->handle(gesture, true);
-        }
-    };
-    ports.engine->sessionRecognizer().doubleTapBindingExists = [weak =
-                                                                    weak_from_this()](int count) {
-        const auto held = weak.lock();
-        return held != nullptr && held->doubleTapBindingExists(count);
-    };
-}
-
-bool AppDelegate::doubleTapBindingExists(int fingerCount) const {
-    return store->doubleTapBindingExists(fingerCount);
-}
-
-void AppDelegate::connectClicks() {
-    clickMonitor->onClickGesture = [weak = weak_from_this()](GestureType gesture) {
-        const auto held = weak.lock();
-        return held != nullptr && held->dispatcher()->handleClickGesture(gesture);
-    };
-    // Before the monitor runs: a tap that nobody needs does not even begin.
-    clickDemand = std::make_unique<ClickDemand>(dispatcher(), ports.clickTap);
+void AppDelegate::startRuntime() {
+    runtime = std::make_unique<GestureRuntime>(
+        GestureRuntime::Parts{ports.engine, store, dispatcher(), ports.clickTap, ports.session});
+    runtime->start();
 }
 
 void AppDelegate::devicesMayHaveChanged() {
-    input->devicesMayHaveChanged();
+    if (runtime != nullptr) {
+        runtime->accessMayHaveChanged();
+    }
 }
 
 void AppDelegate::toggleEnabled() {

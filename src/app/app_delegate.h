@@ -19,11 +19,9 @@
 #include "core/lang.h"
 #include "core/observable.h"
 #include "dispatch/accessibility_trust.h"
-#include "dispatch/click_demand.h"
-#include "dispatch/click_monitor.h"
 #include "dispatch/click_tap.h"
 #include "dispatch/gesture_dispatcher.h"
-#include "dispatch/gesture_input.h"
+#include "dispatch/gesture_runtime.h"
 #include "dispatch/user_session.h"
 #include "dispatch/workspace.h"
 #include "recognition/touch_engine.h"
@@ -103,9 +101,7 @@ private:
     void keepStatusMenuCurrent();
     void sayThatThereIsNoStatusBar();
     void takeBackThatThereIsNoStatusBar();
-    void connectEngine();
-    void connectClicks();
-    bool doubleTapBindingExists(int fingerCount) const;
+    void startRuntime();
     void showResult(const UpdateResult& result);
     QWidget* windowForAlerts() const;
 
@@ -124,9 +120,7 @@ private:
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<UpdateChecker> updateChecker;
     std::shared_ptr<GestureDispatcher> _dispatcher; // made when it is first read
-    std::unique_ptr<ClickMonitor> clickMonitor;
-    std::unique_ptr<GestureInput> input;
-    std::unique_ptr<ClickDemand> clickDemand;
+    std::unique_ptr<GestureRuntime> runtime;        // from the launch on
     std::unique_ptr<Alert> noStatusBar;
     std::vector<Subscription> toShown;
 };

@@ -12,11 +12,10 @@ namespace glidemap::agent {
 HeadlessGlidemap::HeadlessGlidemap() : defaults(std::make_shared<QtUserDefaults>()) {
     Lang::configureShared(defaults);
     store = std::make_shared<BindingStore>(userDataFolder);
-    clickMonitor = std::make_shared<ClickMonitor>(
-        services.clickTap, [] { return TouchEngine::shared()->touchingCount(); });
-    input = std::make_unique<GestureInput>(TouchEngine::shared(), *clickMonitor, services.session);
     services.onDevicesChanged = [this] {
-        input->devicesMayHaveChanged();
+        if (runtime != nullptr) {
+            runtime->accessMayHaveChanged();
+        }
     };
 }
 
@@ -31,13 +30,15 @@ void HeadlessGlidemap::start(Prompt prompt, std::function<void(const GestureLogE
         services.trust->isTrustedWithPrompt();
     }
     makeDispatcher();
-    connectTouches();
-    connectClicks();
-    input->start();
+    runtime = std::make_unique<GestureRuntime>(GestureRuntime::Parts{
+        TouchEngine::shared(), store, dispatcher, services.clickTap, services.session});
+    runtime->start();
 }
 
 void HeadlessGlidemap::stop() {
-    input->stop();
+    if (runtime != nullptr) {
+        runtime->stop();
+    }
 }
 
 void HeadlessGlidemap::makeDispatcher() {
@@ -50,27 +51,6 @@ void HeadlessGlidemap::makeDispatcher() {
              services.workspace, services.keyboard, services.screenLock, services.session}),
          .session = services.session});
     toLog = dispatcher->changes().subscribe({}, [this] { tellNewEntry(); });
-}
-
-void HeadlessGlidemap::connectTouches() {
-    const auto& engine = TouchEngine::shared();
-    engine->onGesture = [weak = std::weak_ptr(dispatcher)](GestureType gesture) {
-        if (const auto held = weak.lock()) {
-            held->handle(gesture, true);
-        }
-    };
-    engine->sessionRecognizer().doubleTapBindingExists = [weak = std::weak_ptr(store)](int count) {
-        const auto held = weak.lock();
-        return held != nullptr && held->doubleTapBindingExists(count);
-    };
-}
-
-void HeadlessGlidemap::connectClicks() {
-    clickMonitor->onClickGesture = [weak = std::weak_ptr(dispatcher)](GestureType gesture) {
-        const auto held = weak.lock();
-        return held != nullptr && held->handleClickGesture(gesture);
-    };
-    clickDemand = std::make_unique<ClickDemand>(dispatcher, services.clickTap);
 }
 
 // The master switch is announced in the same way, and entries come one at a time.

@@ -1,5 +1,4 @@
-// The whole program but its interface: every real service, wired and started as the application
-// does it.
+// The whole program but its interface: every real service, connected by the program's own runtime.
 //
 // Thread:  the main thread, within the application object's life and around its event loop.
 // Owner:   the agent; one in a process, because touches come through shared instances.
@@ -9,10 +8,8 @@
 #include "bindings/binding_store.h"
 #include "core/observable.h"
 #include "core/uuid.h"
-#include "dispatch/click_demand.h"
-#include "dispatch/click_monitor.h"
 #include "dispatch/gesture_dispatcher.h"
-#include "dispatch/gesture_input.h"
+#include "dispatch/gesture_runtime.h"
 #include "platform/linux/services/linux_services.h"
 #include "platform/qt/qt_main_queue.h"
 
@@ -39,18 +36,14 @@ public:
 
 private:
     void makeDispatcher();
-    void connectTouches();
-    void connectClicks();
     void tellNewEntry();
 
     std::shared_ptr<QtMainQueue> queue = std::make_shared<QtMainQueue>();
     LinuxServices services{queue};
     std::shared_ptr<UserDefaults> defaults;
     std::shared_ptr<BindingStore> store;
-    std::shared_ptr<ClickMonitor> clickMonitor;
-    std::unique_ptr<GestureInput> input;
     std::shared_ptr<GestureDispatcher> dispatcher;
-    std::unique_ptr<ClickDemand> clickDemand;
+    std::unique_ptr<GestureRuntime> runtime; // from the start on
     std::function<void(const GestureLogEntry&)> tellLogged;
     std::optional<Uuid> lastTold;
     Subscription toLog;

@@ -1,6 +1,6 @@
 // The whole way from fingers on the pad and its button to the action and the log.
 
-#include "dispatch/click_monitor.h"
+#include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
 #include "kit/engine_stage.h"
 #include "kit/recording_click_tap.h"
@@ -24,18 +24,7 @@ using Verdict = ClickTap::Verdict;
 
 class PadToActionTest : public testing::Test {
 protected:
-    PadToActionTest() {
-        pad.engine->onGesture = [this](GestureType gesture) {
-            stage.dispatcher->handle(gesture, true);
-        };
-        pad.engine->sessionRecognizer().doubleTapBindingExists = [this](int count) {
-            return stage.store->doubleTapBindingExists(count);
-        };
-        monitor.onClickGesture = [this](GestureType gesture) {
-            return stage.dispatcher->handleClickGesture(gesture);
-        };
-        monitor.start();
-    }
+    PadToActionTest() { runtime.start(); }
 
     void perform(const kit::Script& script) {
         pad.play(script);
@@ -60,9 +49,7 @@ protected:
     kit::EngineStage pad;
     DispatchStage stage;
     std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
-    ClickMonitor monitor{tap, [this] {
-                             return pad.engine->touchingCount();
-                         }};
+    GestureRuntime runtime{{pad.engine, stage.store, stage.dispatcher, tap}};
     std::vector<Verdict> swallowed = {Verdict::drop, Verdict::drop};
     std::vector<Verdict> untouched = {Verdict::pass, Verdict::pass};
 };

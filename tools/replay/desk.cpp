@@ -32,8 +32,8 @@ std::optional<std::string> unlessEmpty(const std::string& text) {
 
 } // namespace
 
-Desk::Desk(BindingList bindings, const VirtualTime& runTime, std::function<int()> touchingCount,
-           Listener newListener)
+Desk::Desk(BindingList bindings, const VirtualTime& runTime,
+           const std::shared_ptr<TouchEngine>& engine, Listener newListener)
     : time(runTime), listener(std::move(newListener)),
       store(std::make_shared<BindingStore>(std::move(bindings))),
       workspace(std::make_shared<PretendedWorkspace>(PretendedWorkspace::Told{
@@ -48,11 +48,24 @@ Desk::Desk(BindingList bindings, const VirtualTime& runTime, std::function<int()
            .mainQueue = time.mainQueue(),
            .workspace = workspace,
            .actionRunner = std::make_shared<ActionRunner>(pretendedPorts())})),
-      monitor(tap, std::move(touchingCount)) {
-    monitor.onClickGesture = [this](GestureType gesture) {
-        return take(gesture);
+      runtime({engine, store, dispatcher, tap}) {
+    watch();
+}
+
+void Desk::watch() {
+    runtime.engine().onGesture = [this, deliver = runtime.engine().onGesture](GestureType gesture) {
+        delivered = route(gesture);
+        deliver(gesture);
     };
-    monitor.start();
+    runtime.clickMonitor().onClickGesture =
+        [this, decide = runtime.clickMonitor().onClickGesture](GestureType click) {
+            Routing routing = route(click);
+            const bool isTaken = decide(click);
+            if (isTaken) {
+                taken = {click, std::move(routing)};
+            }
+            return isTaken;
+        };
 }
 
 ActionRunner::Ports Desk::pretendedPorts() {
@@ -63,12 +76,6 @@ ActionRunner::Ports Desk::pretendedPorts() {
             .screenLock = std::make_shared<PretendedScreenLock>([this] {
                 listener(Performed{time.now(), LockScreen{}});
             })};
-}
-
-Routing Desk::handle(GestureType gesture) {
-    Routing routing = route(gesture);
-    dispatcher->handle(gesture, true);
-    return routing;
 }
 
 void Desk::change(const ButtonRecord& button) {
@@ -96,15 +103,6 @@ Routing Desk::route(GestureType gesture) {
     }
     routing.app = std::move(frontmost.name);
     return routing;
-}
-
-bool Desk::take(GestureType click) {
-    Routing routing = route(click);
-    const bool isTaken = dispatcher->handleClickGesture(click);
-    if (isTaken) {
-        taken = {click, std::move(routing)};
-    }
-    return isTaken;
 }
 
 // The workspace is not told the name that the binding shows.

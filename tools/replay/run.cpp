@@ -12,31 +12,28 @@ Run::Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Li
                                   .queue = time.queue(),
                                   .delayedWork = time.delayedWork(),
                                   .deviceManager = &driver.deviceManager()})),
-      desk(
-          std::move(bindings), time, [this] { return engine->touchingCount(); }, listener) {
+      desk(std::move(bindings), time, engine, listener) {
     listen();
-    engine->start();
+    desk.start();
 }
 
 Run::~Run() {
-    engine->stop();
+    desk.stop();
 }
 
 // The recognizer reports to the engine's cooldown, which tells nobody what it drops. So we stand
 // before it and see whether the gesture comes out behind.
 void Run::listen() {
-    engine->onGesture = [this](GestureType gesture) {
-        routing = desk.handle(gesture);
-    };
     SessionRecognizer& recognizer = engine->sessionRecognizer();
     recognizer.onGesture = [this, deliver = recognizer.onGesture](GestureType gesture) {
-        routing.reset();
         deliver(gesture);
+        const std::optional<Routing> routing = desk.takeRouting();
         listener(Recognised{time.now(), gesture, routing.has_value(), routing.value_or(Routing{})});
     };
-    recognizer.doubleTapBindingExists = [this](int fingerCount) {
-        return boundDoubleTaps.contains(fingerCount) || desk.doubleTapBindingExists(fingerCount);
-    };
+    recognizer.doubleTapBindingExists =
+        [this, isBound = recognizer.doubleTapBindingExists](int fingerCount) {
+            return boundDoubleTaps.contains(fingerCount) || isBound(fingerCount);
+        };
 }
 
 void Run::play(const Record& record) {

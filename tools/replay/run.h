@@ -62,7 +62,6 @@ private:
     std::shared_ptr<TouchEngine> engine;
     Desk desk;
     std::set<int> boundDoubleTaps;
-    std::optional<Routing> routing; // of the gesture that is being delivered
 };
 
 } // namespace glidemap::replay

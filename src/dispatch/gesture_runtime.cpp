@@ -1,0 +1,87 @@
+#include "dispatch/gesture_runtime.h"
+
+#include <utility>
+
+namespace glidemap {
+
+// The demand tells the tap before the monitor runs: a tap that no binding needs does not even begin.
+GestureRuntime::GestureRuntime(Parts connected)
+    : parts(std::make_shared<const Parts>(std::move(connected))),
+      clicks(parts->clickTap, [engine = parts->engine] { return engine->touchingCount(); }),
+      demand(parts->dispatcher, parts->clickTap) {
+    connectEngine();
+    connectClicks();
+    if (parts->session != nullptr) {
+        toSession = parts->session->changes().subscribe({}, [this] { followSession(); });
+    }
+}
+
+void GestureRuntime::connectEngine() {
+    parts->engine->onGesture = [weak = std::weak_ptr(parts)](GestureType gesture) {
+        if (const auto held = weak.lock()) {
+            held->dispatcher->handle(gesture, true);
+        }
+    };
+    parts->engine->sessionRecognizer().doubleTapBindingExists =
+        [weak = std::weak_ptr(parts)](int fingerCount) {
+            const auto held = weak.lock();
+            return held != nullptr && held->store->doubleTapBindingExists(fingerCount);
+        };
+}
+
+void GestureRuntime::connectClicks() {
+    clicks.onClickGesture = [weak = std::weak_ptr(parts)](GestureType gesture) {
+        const auto held = weak.lock();
+        return held != nullptr && held->dispatcher->handleClickGesture(gesture);
+    };
+}
+
+void GestureRuntime::start() {
+    isStarted = true;
+    if (mayRun() && !isRunning) {
+        resume();
+    }
+}
+
+void GestureRuntime::stop() {
+    isStarted = false;
+    pause();
+}
+
+void GestureRuntime::accessMayHaveChanged() {
+    if (isRunning) {
+        parts->engine->lookForDevices();
+        clicks.start();
+    }
+}
+
+bool GestureRuntime::mayRun() const {
+    return isStarted && (parts->session == nullptr || parts->session->isActive());
+}
+
+void GestureRuntime::followSession() {
+    if (mayRun() == isRunning) {
+        return;
+    }
+    if (isRunning) {
+        pause();
+        return;
+    }
+    resume();
+    parts->engine
+        ->lookForDevices(); // one may have come where there was none: starting does not look then
+}
+
+void GestureRuntime::resume() {
+    isRunning = true;
+    parts->engine->start();
+    clicks.start();
+}
+
+void GestureRuntime::pause() {
+    isRunning = false;
+    parts->engine->stop();
+    clicks.stop();
+}
+
+} // namespace glidemap

@@ -1,0 +1,157 @@
+// Fingers on the pad and clicks while the session is in front and while it is not. The engine is in
+// virtual time.
+
+#include "dispatch/gesture_runtime.h"
+#include "dispatch_stage.h"
+#include "kit/engine_stage.h"
+#include "kit/recording_click_tap.h"
+#include "kit/scripted_user_session.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace glidemap::test {
+namespace {
+
+using enum GestureType;
+using kit::fingers;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class GestureRuntimeTest : public testing::Test {
+protected:
+    GestureRuntimeTest() {
+        tapPort->takeNotes();
+        pad.engine->stop(); // which the stage has started
+    }
+
+    void tap(int count, double at) {
+        pad.play(fingers(count).startingAt(at).down().until(at + 0.1).up());
+    }
+
+    // Oldest first.
+    std::vector<GestureType> recognised() {
+        stage.mainQueue->runAll();
+        std::vector<GestureType> gestures;
+        for (const Logged& entry : stage.logged()) {
+            gestures.insert(gestures.begin(), entry.gesture);
+        }
+        return gestures;
+    }
+
+    kit::EngineStage pad;
+    DispatchStage stage;
+    std::shared_ptr<kit::RecordingClickTap> tapPort = std::make_shared<kit::RecordingClickTap>();
+    std::shared_ptr<kit::ScriptedUserSession> session = stage.session;
+    std::optional<GestureRuntime> runtime{
+        std::in_place,
+        GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort, session}};
+};
+
+TEST_F(GestureRuntimeTest, WhileAnotherSessionIsInFrontNothingIsRecognisedOrTaken) {
+    runtime->start();
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
+    tap(3, 1);
+    session->setActive(false);
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("disable", "remove"));
+    tap(4, 2);
+    EXPECT_FALSE(runtime->clickMonitor().isRunning());
+    session->setActive(true);
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
+    tap(5, 3);
+    EXPECT_EQ(recognised(), (std::vector{threeFingerTap, fiveFingerTap}));
+}
+
+TEST_F(GestureRuntimeTest, InASessionThatIsNotInFrontItStartsOnceTheSessionIs) {
+    session->setActive(false);
+    runtime->start();
+    tap(3, 1);
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+    session->setActive(true);
+    tap(4, 2);
+    EXPECT_EQ(recognised(), std::vector{fourFingerTap});
+}
+
+TEST_F(GestureRuntimeTest, AnAnnouncementThatChangesNothingIsIgnored) {
+    runtime->start();
+    tapPort->takeNotes();
+    session->setActive(true);
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+}
+
+TEST_F(GestureRuntimeTest, FingersThatRestWhileTheSessionChangesDecideNothing) {
+    runtime->start();
+    pad.play(fingers(3).startingAt(1).down().until(1.1));
+    session->setActive(false);
+    session->setActive(true);
+    EXPECT_EQ(pad.engine->touchingCount(), 0);
+    pad.submit({1.2, {}});
+    pad.run();
+    pad.finish();
+    EXPECT_THAT(recognised(), IsEmpty());
+}
+
+TEST_F(GestureRuntimeTest, BeforeTheStartAndAfterTheEndTheSessionDoesNotMatter) {
+    session->setActive(false);
+    session->setActive(true);
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+    runtime->start();
+    runtime->stop();
+    tapPort->takeNotes();
+    session->setActive(false);
+    session->setActive(true);
+    runtime->accessMayHaveChanged();
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+    tap(3, 1);
+    EXPECT_THAT(recognised(), IsEmpty());
+}
+
+TEST_F(GestureRuntimeTest, ClicksAreTriedAgainWhenDevicesChangeButNotInTheBackground) {
+    tapPort->isPermitted = false;
+    runtime->start();
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create (refused)"));
+    session->setActive(false);
+    tapPort->isPermitted = true;
+    runtime->accessMayHaveChanged();
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+    tapPort->isPermitted = false;
+    session->setActive(true);
+    tapPort->isPermitted = true;
+    tapPort->takeNotes();
+    runtime->accessMayHaveChanged();
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
+}
+
+TEST_F(GestureRuntimeTest, ASystemWithoutSessionsGivesNone) {
+    runtime.emplace(GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort});
+    runtime->start();
+    tap(3, 1);
+    EXPECT_EQ(recognised(), std::vector{threeFingerTap});
+    runtime->stop();
+}
+
+TEST_F(GestureRuntimeTest, TheSessionMayOutliveIt) {
+    runtime.reset();
+    session->setActive(false);
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+}
+
+TEST_F(GestureRuntimeTest, TheClickTapLearnsWhetherAnyClickIsBound) {
+    stage.store->setBindings({typing(1, twoFingerClick)});
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("needed"));
+}
+
+TEST_F(GestureRuntimeTest, OnceItHasGoneNothingIsDispatched) {
+    stage.store->setBindings({typing(1, twoFingerDoubleTap)});
+    runtime->start();
+    runtime.reset();
+    pad.recognise(threeFingerTap);
+    EXPECT_EQ(stage.mainQueue->waiting(), 0U);
+    EXPECT_FALSE(pad.engine->sessionRecognizer().doubleTapBindingExists(2));
+}
+
+} // namespace
+} // namespace glidemap::test
