@@ -23,6 +23,7 @@ Program::Command labwcIn(const RuntimeFolder& folder) {
 Labwc::Labwc()
     : folder(plainUser()), settings(plainEnvironment(folder.path())), program(labwcIn(folder)) {
     settings["WAYLAND_DISPLAY"] = program.nextLine().value_or("");
+    folder.giveToTest();
 }
 
 } // namespace glidemap::desktops

@@ -11,4 +11,8 @@ RuntimeFolder::RuntimeFolder(std::optional<uid_t> owner) {
     }
 }
 
+void RuntimeFolder::giveToTest() const {
+    EXPECT_EQ(chown(path().c_str(), geteuid(), static_cast<gid_t>(-1)), 0);
+}
+
 } // namespace glidemap::desktops

@@ -25,6 +25,10 @@ public:
         return folder.write(name, content);
     }
 
+    // For the programs of the test, which take no runtime folder of another user. A compositor that runs as another user has made
+    // its socket by then.
+    void giveToTest() const;
+
 private:
     // Not below a long path: the names of sockets have little room.
     test::TemporaryFolder folder{"/tmp"};

@@ -36,6 +36,7 @@ Sway::Sway()
     : folder(plainUser()), settings(plainEnvironment(folder.path())), program(swayIn(folder)) {
     std::istringstream names(program.nextLine().value_or(""));
     names >> settings["WAYLAND_DISPLAY"] >> settings["SWAYSOCK"];
+    folder.giveToTest();
 }
 
 void Sway::command(const std::string& text) const {
