@@ -52,7 +52,7 @@ std::vector<ReadFrame> EventReader::read() {
 
 bool EventReader::wait() const {
     pollfd source{file, POLLIN, 0};
-    return poll(&source, 1, Deadline().milliseconds()) > 0;
+    return poll(&source, 1, Deadline().milliseconds()) > 0 && (source.revents & POLLIN) != 0;
 }
 
 std::vector<ReadFrame> EventReader::readUntil(const PadEvent& event) {

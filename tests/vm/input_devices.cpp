@@ -21,8 +21,9 @@ namespace glidemap::vm {
 
 namespace {
 
-constexpr const char* nodeFolder = "/dev/input";
+const std::filesystem::path nodeFolder = "/dev/input";
 const std::filesystem::path udevRecords = "/run/udev/data";
+const std::filesystem::path udevQueue = "/run/udev/queue"; // there while udev is at work
 constexpr const char* clonePath = "glidemap/clone/";
 
 // A device that is open for a question.
@@ -60,26 +61,38 @@ private:
     int file;
 };
 
-std::string nameOf(const std::filesystem::path& inSys) {
-    std::ifstream stream(inSys / "device" / "name");
-    std::string name;
-    std::getline(stream, name);
-    return name;
+std::string attributeOf(const std::filesystem::path& inSys, const char* attribute) {
+    std::ifstream stream(inSys / "device" / attribute);
+    std::string value;
+    std::getline(stream, value);
+    return value;
 }
 
-// Whether udev has written down what it knows of the device, which it does at the end.
+std::string nameOf(const std::filesystem::path& inSys) {
+    return attributeOf(inSys, "name");
+}
+
+// Whether udev has written down what it knows of the device, which it does at the end. What it has written of an older device of
+// the same number may still be there, and a desktop does not open a device before udev has announced it.
 bool isKnownToUdev(const std::filesystem::path& inSys) {
+    namespace fs = std::filesystem;
     std::ifstream stream(inSys / "dev");
     std::string number;
     std::getline(stream, number);
-    return std::filesystem::exists(udevRecords / ("c" + number));
+    std::error_code gone;
+    const fs::file_time_type written = fs::last_write_time(udevRecords / ("c" + number), gone);
+    if (gone) {
+        return false;
+    }
+    const fs::file_time_type made = fs::last_write_time(nodeFolder / inSys.filename(), gone);
+    return !gone && written >= made;
 }
 
 // A node, or udev's record of one, comes or goes.
 bool waitForNodes(const std::function<bool()>& condition) {
     std::error_code none;
     std::filesystem::create_directories(udevRecords, none);
-    return waitForChanges({nodeFolder, udevRecords}, condition);
+    return waitForChanges({nodeFolder, udevRecords, udevQueue.parent_path()}, condition);
 }
 
 } // namespace
@@ -90,7 +103,7 @@ std::vector<std::filesystem::path> nodesNamed(const std::string& name) {
     for (const auto& entry : std::filesystem::directory_iterator("/sys/class/input", error)) {
         if (entry.path().filename().string().starts_with("event") && nameOf(entry.path()) == name &&
             isKnownToUdev(entry.path())) {
-            nodes.push_back("/dev/input" / entry.path().filename());
+            nodes.push_back(nodeFolder / entry.path().filename());
         }
     }
     std::ranges::sort(nodes);
@@ -113,24 +126,28 @@ bool waitForNoNode(const std::filesystem::path& node) {
     return waitForNodes([&] { return !std::filesystem::exists(node); });
 }
 
+// From sysfs, because opening a clone would make the test look like a program that reads it.
 std::vector<std::filesystem::path> cloneNodes() {
     std::vector<std::filesystem::path> nodes;
     std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator(nodeFolder, none)) {
-        const bool isEvent = entry.path().filename().string().starts_with("event");
-        if (isEvent && physicalPathOf(entry.path()).starts_with(clonePath)) {
-            nodes.push_back(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator("/sys/class/input", none)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with("event") && attributeOf(entry.path(), "phys").starts_with(clonePath)) {
+            nodes.push_back(nodeFolder / name);
         }
     }
     std::ranges::sort(nodes);
     return nodes;
 }
 
+// Once udev has announced it, as a desktop does: before that the programs of udev's rules open and close it.
 std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except) {
     std::filesystem::path found;
     const bool isThere = waitForNodes([&] {
         for (const std::filesystem::path& node : cloneNodes()) {
             if (std::ranges::find(except, node) == except.end() &&
+                isKnownToUdev("/sys/class/input" / node.filename()) &&
+                !std::filesystem::exists(udevQueue) &&
                 udevProperty(node, "ID_INPUT_TOUCHPAD") == "1") {
                 found = node;
                 return true;
