@@ -39,6 +39,14 @@ function(glidemap_library name)
     endif()
 endfunction()
 
+# What is to run before the C++ library is loaded: an exception would need it.
+function(glidemap_without_cxx_library)
+    foreach(target IN LISTS ARGN)
+        target_compile_options(${target} PRIVATE -fno-exceptions)
+        set_target_properties(${target} PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
+    endforeach()
+endfunction()
+
 # glidemap_driver(NAME SOURCES path… DEPENDS target…): a loadable touch driver, lib/glidemap/libglidemap-NAME.so.
 function(glidemap_driver name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})

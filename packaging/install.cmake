@@ -2,7 +2,7 @@
 # ../share/glidemap, so these are written out, and the whole may be installed anywhere.
 
 install(TARGETS glidemap glidemap-record glidemap-replay RUNTIME DESTINATION bin)
-install(TARGETS glidemap_evdev_driver glidemap_replay_driver LIBRARY DESTINATION lib/glidemap)
+install(TARGETS glidemap_loaded_program glidemap_evdev_driver glidemap_replay_driver LIBRARY DESTINATION lib/glidemap)
 install(PROGRAMS ${grant_access} DESTINATION libexec/glidemap)
 install(TARGETS glidemap-fetch RUNTIME DESTINATION libexec/glidemap)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/share/glidemap/gnome-shell DESTINATION share/glidemap)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace glidemap {
@@ -36,11 +37,11 @@ Exit status: 0 when it was ended, or the one that runs has shown its window; 1 w
 does not answer, it cannot be told whether one runs, or the desktop has gone; 2 for a wrong command line.
 )";
 
-LaunchOption launchOption(const std::vector<std::string_view>& arguments) {
+LaunchOption launchOption(std::span<char* const> arguments) {
     if (arguments.empty()) {
         return LaunchOption::run;
     }
-    const auto* const known = std::ranges::find(options, arguments.front(),
+    const auto* const known = std::ranges::find(options, std::string_view(arguments.front()),
                                                 &std::pair<std::string_view, LaunchOption>::first);
     if (arguments.size() == 1 && known != options.end()) {
         return known->second;

@@ -1,16 +1,18 @@
 // What the program was started for.
 //
+// Needs no library but the C library: the version and the help are printed before any other is loaded.
+//
 // Errors:  values; nothing is printed here. The program takes no files and no options of the toolkit.
 #pragma once
 
-#include <string_view>
-#include <vector>
+#include <span>
 
 namespace glidemap {
 
 enum class LaunchOption { run, runVerbosely, diagnose, version, help, wrong };
 
-LaunchOption launchOption(const std::vector<std::string_view>& arguments);
+// Without the name of the program.
+LaunchOption launchOption(std::span<char* const> arguments);
 
 extern const char* const launchHelp;
 

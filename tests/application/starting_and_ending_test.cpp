@@ -198,6 +198,25 @@ TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
               std::string::npos);
 }
 
+// The loader's own list of what it loads. The diagnosis names the toolkit, so it has to be in that one's.
+TEST_F(StartingAndEndingTest, TheVersionAndTheHelpAreThereWithoutTheToolkit) {
+    for (const std::string option : {"--version", "--help", "--nonsense", "--diagnose"}) {
+        const desktops::RuntimeFolder folder;
+        auto environment = desktops::plainEnvironment(folder.path());
+        environment["LD_DEBUG"] = "files";
+        desktops::Program program({.words = {GLIDEMAP_PROGRAM, option},
+                                   .environment = environment,
+                                   .log = folder.path() / "log"});
+        program.finish();
+        const std::string loaded = test::contentOf(folder.path() / "log");
+        EXPECT_NE(loaded.find("libc.so"), std::string::npos) << option;
+        for (const char* library : {"libQt6", "libstdc++", "libglidemap-program"}) {
+            EXPECT_EQ(loaded.find(library) != std::string::npos, option == "--diagnose")
+                << option << ": " << library;
+        }
+    }
+}
+
 TEST_F(StartingAndEndingTest, ItsDiagnosisEndsWithoutADisplayAndWhereNoBusAnswers) {
     const desktops::RuntimeFolder folder;
     const test::SilentSocket silent;

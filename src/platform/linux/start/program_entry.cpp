@@ -1,0 +1,9 @@
+// What the library of the program shows to its loader.
+#include "app/program.h"
+
+extern "C" [[gnu::visibility("default")]] int glidemapRunProgram(glidemap::LaunchOption option,
+                                                                 char** arguments);
+
+int glidemapRunProgram(glidemap::LaunchOption option, char** arguments) {
+    return glidemap::runProgram(option, arguments);
+}

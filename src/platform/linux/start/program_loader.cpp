@@ -1,0 +1,62 @@
+// Loads the program's library, from ../lib/glidemap beside the file that runs, as the drivers are.
+// Uses the C library alone, like all that runs before.
+#include "app/program.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* library = "lib/glidemap/libglidemap-program.so";
+
+using RunProgram = int (*)(LaunchOption, char**);
+
+struct Path {
+    char text[PATH_MAX + 1] = "";
+};
+
+void goUp(Path& path) {
+    if (char* const end = std::strrchr(path.text, '/')) {
+        *end = '\0';
+    }
+}
+
+// "/", which no library is, where there is no path or it is too long.
+Path libraryPath() {
+    Path folder;
+    if (readlink("/proc/self/exe", folder.text, PATH_MAX) < 0) {
+        return {"/"};
+    }
+    goUp(folder);
+    goUp(folder);
+    Path path;
+    const int length =
+        std::snprintf(path.text, sizeof path.text, "%.*s/%s", PATH_MAX, folder.text, library);
+    return length < PATH_MAX ? path : Path{"/"};
+}
+
+// For everyone, as if it had been linked: what the program loads later finds the same libraries.
+RunProgram loadedProgram() {
+    void* const loaded = dlopen(libraryPath().text, RTLD_NOW | RTLD_GLOBAL);
+    return loaded != nullptr ? reinterpret_cast<RunProgram>(dlsym(loaded, "glidemapRunProgram"))
+                             : nullptr;
+}
+
+} // namespace
+
+int runProgram(LaunchOption option, char** arguments) {
+    if (const RunProgram run = loadedProgram()) {
+        return run(option, arguments);
+    }
+    std::fprintf(stderr, "glidemap: cannot be loaded: %s\n", dlerror());
+    return EXIT_FAILURE;
+}
+
+} // namespace glidemap
