@@ -1,9 +1,9 @@
-// interface_figures [--seconds N] [--runs N]: what the program costs on a desktop, beside a bare
+// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: what the program costs on a desktop, beside a bare
 // window of the same toolkit: how soon it is there, the memory it holds with its window open and
 // closed, how often it wakes up while nobody does anything, and what one demonstration takes.
 //
-// Starts alternate between the two, so that a busy machine is busy for both. Fails if the program
-// woke up while idle.
+// Starts alternate between the two, so that a busy machine is busy for both; another build of the
+// program, PROGRAM, takes its turn with them. Fails if the program woke up while idle.
 #include "running_process.h"
 #include "stage.h"
 
@@ -29,17 +29,26 @@ using desktops::Program;
 struct Options {
     double seconds = 10;
     int runs = 15;
+    int series = 1;
+    const char* beside = nullptr;
 };
 
 struct Starts {
     std::vector<double> toItem;
     std::vector<double> toWindow;
     std::vector<double> toWindowOfYardstick;
+    std::vector<double> toWindowOfOther;
 };
 
 double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
+}
+
+// What most of the neighbours' noise is not in.
+double tenth(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 10];
 }
 
 // As people start it: without a screen reader.
@@ -72,22 +81,27 @@ double timeUntil(double start, const std::function<bool()>& condition) {
     return now() - start;
 }
 
-void startProgram(Stage& stage, Starts& starts) {
+struct Start {
+    double toItem;
+    double toWindow;
+};
+
+Start startProgram(Stage& stage, const char* path) {
     const double start = now();
-    Program program(commandOn(stage, GLIDEMAP_PROGRAM));
+    Program program(commandOn(stage, path));
     double item = 0;
-    starts.toWindow.push_back(timeUntil(start, [&] {
+    const double window = timeUntil(start, [&] {
         if (item == 0 && !stage.panel->items().empty()) {
             item = now() - start;
         }
         return isShown(stage, "Glidemap");
-    }));
+    });
     if (item == 0) {
         item = timeUntil(start, [&] { return !stage.panel->items().empty(); });
     }
-    starts.toItem.push_back(item);
     endInOrder(program);
     timeUntil(start, [&] { return stage.panel->items().empty(); });
+    return {item, window};
 }
 
 void startYardstick(Stage& stage, Starts& starts) {
@@ -98,27 +112,70 @@ void startYardstick(Stage& stage, Starts& starts) {
     endInOrder(program);
 }
 
-void measureStarts(Stage& stage, int runs) {
+Starts startInTurn(Stage& stage, const Options& options) {
     Starts starts;
-    for (int run = 0; run < runs; ++run) {
+    for (int run = 0; run < options.runs; ++run) {
         startYardstick(stage, starts);
-        startProgram(stage, starts);
+        const Start start = startProgram(stage, GLIDEMAP_PROGRAM);
+        starts.toItem.push_back(start.toItem);
+        starts.toWindow.push_back(start.toWindow);
+        if (options.beside != nullptr) {
+            starts.toWindowOfOther.push_back(startProgram(stage, options.beside).toWindow);
+        }
     }
+    return starts;
+}
+
+// The times of the bare window that it is as long.
+double measureSeries(Stage& stage, const Options& options) {
+    const Starts starts = startInTurn(stage, options);
     const double yardstick = median(starts.toWindowOfYardstick);
     const double window = median(starts.toWindow);
     std::cout << "start to status item: " << median(starts.toItem) * 1000 << " ms\n"
               << "start to window: " << window * 1000 << " ms, bare window " << yardstick * 1000
-              << " ms, " << window / yardstick << " times\n";
+              << " ms, " << window / yardstick << " times";
+    if (options.beside != nullptr) {
+        const double other = median(starts.toWindowOfOther);
+        std::cout << "; the other build " << other * 1000 << " ms, " << other / yardstick
+                  << " times";
+    }
+    std::cout << "\nof which the quickest tenth: " << tenth(starts.toWindow) * 1000
+              << " ms, bare window " << tenth(starts.toWindowOfYardstick) * 1000 << " ms";
+    if (options.beside != nullptr) {
+        std::cout << "; the other build " << tenth(starts.toWindowOfOther) * 1000 << " ms";
+    }
+    std::cout << std::endl;
+    return window / yardstick;
+}
+
+void measureStarts(Stage& stage, const Options& options) {
+    std::vector<double> ratios;
+    for (int series = 0; series < options.series; ++series) {
+        ratios.push_back(measureSeries(stage, options));
+    }
+    std::cout << "median of " << options.series << " series: " << median(ratios) << " times\n";
 }
 
 void print(const std::string& what, const Memory& memory) {
     std::cout << what << ": resident " << memory.resident << " KiB, private " << memory.privatePages
-              << " KiB, of which written " << memory.written << " KiB\n";
+              << " KiB, of which written " << memory.written << " KiB; pictures of windows "
+              << memory.pictures << " KiB\n";
 }
 
 Memory memoryOfYardstick(Stage& stage) {
     Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
     timeUntil(now(), [&] { return isShown(stage, "Yardstick"); });
+    letItSettle(program.process());
+    const Memory memory = memoryOf(program.process());
+    endInOrder(program);
+    return memory;
+}
+
+Memory memoryWithoutWindow(Stage& stage) {
+    Program::Command command = commandOn(stage, GLIDEMAP_YARDSTICK);
+    command.words.emplace_back("--no-window");
+    Program program(command);
+    program.nextLine();
     letItSettle(program.process());
     const Memory memory = memoryOf(program.process());
     endInOrder(program);
@@ -165,7 +222,8 @@ int run(const Options& options) {
         return 77;
     }
     Stage stage;
-    measureStarts(stage, options.runs);
+    measureStarts(stage, options);
+    print("toolkit without a window", memoryWithoutWindow(stage));
     print("bare window", memoryOfYardstick(stage));
     return measureProgram(stage, options.seconds) == 0 ? 0 : 1;
 }
@@ -181,6 +239,10 @@ int main(int count, char* arguments[]) {
             options.seconds = std::atof(arguments[index + 1]);
         } else if (std::strcmp(arguments[index], "--runs") == 0) {
             options.runs = std::atoi(arguments[index + 1]);
+        } else if (std::strcmp(arguments[index], "--series") == 0) {
+            options.series = std::atoi(arguments[index + 1]);
+        } else if (std::strcmp(arguments[index], "--beside") == 0) {
+            options.beside = arguments[index + 1];
         }
     }
     return glidemap::bench::run(options);

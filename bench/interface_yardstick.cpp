@@ -1,14 +1,22 @@
-// interface_yardstick: a window of Qt Widgets with twenty check boxes in it, and nothing else: what
-// the toolkit itself costs, beside which the program's figures stand.
+// interface_yardstick [--no-window]: a window of Qt Widgets with twenty check boxes in it, and nothing else: what
+// the toolkit itself costs, beside which the program's figures stand. Or not even a window: what a program
+// costs that has loaded the toolkit and waits. It writes "ready" then.
 #include "platform/qt/termination_signals.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QVBoxLayout>
+#include <cstdio>
+#include <cstring>
 
 int main(int count, char* arguments[]) {
     QApplication application(count, arguments);
     const glidemap::TerminationSignals endings(&QCoreApplication::quit);
+    if (count > 1 && std::strcmp(arguments[1], "--no-window") == 0) {
+        std::puts("ready");
+        std::fflush(stdout);
+        return QApplication::exec();
+    }
     QWidget window;
     window.setWindowTitle("Yardstick");
     auto* layout = new QVBoxLayout(&window);

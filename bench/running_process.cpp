@@ -75,7 +75,7 @@ Memory memoryOf(pid_t process) {
     const Path rollup = folderOf(process) / "smaps_rollup";
     return {numberIn(folderOf(process) / "status", "VmRSS:"),
             numberIn(rollup, "Private_Clean:") + numberIn(rollup, "Private_Dirty:"),
-            numberIn(rollup, "Private_Dirty:")};
+            numberIn(rollup, "Anonymous:"), numberIn(folderOf(process) / "status", "RssShmem:")};
 }
 
 double cpuSecondsDuring(pid_t process, double seconds) {

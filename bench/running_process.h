@@ -16,6 +16,7 @@ struct Memory {
     long resident = 0;     // all its pages in memory, those shared with other programs too
     long privatePages = 0; // no other program has them, be it that none uses the library
     long written = 0;      // of those, what exists nowhere else: the heap, stacks, relocated data
+    long pictures = 0;     // shared with the X server: what its windows show
 };
 
 // Of the monotonic clock.
