@@ -1,13 +1,14 @@
 // Tells Glidemap which windows there are and which one has the focus, on the session's bus: GNOME
-// Shell tells only extensions. Only identities leave the shell, and nothing comes in.
+// Shell tells only extensions. Only identities leave the shell. All that comes in is the wish to give
+// the focus to a window, which an action of a gesture has.
 //
 // The object is the shell's own, found under the name of the shell. Windows are told in the order in
 // which they were opened, as (desktop entry, class, instance, title, process), empty or 0 where the
 // shell does not know; the active one in a list of one or none. The title is empty if anything else
 // identifies the window.
 //
-// Only the program that installed the extension is told: "program" beside this file is a link to it.
-// Its connection asks once, and gets every change after that. All that other programs can see is that
+// Only the program that installed the extension is told, and obeyed: "program" beside this file is a
+// link to it. Its connection asks once, and gets every change after that. All that other programs can see is that
 // the extension has started.
 
 const OBJECT_PATH = '/org/glidemap/Windows';
@@ -16,6 +17,10 @@ const DESCRIPTION = `<node>
         <method name="GetWindows">
             <arg name="windows" type="a(ssssu)" direction="out"/>
             <arg name="active" type="a(ssssu)" direction="out"/>
+        </method>
+        <method name="BringForward">
+            <arg name="windows" type="a(ssssu)" direction="in"/>
+            <arg name="found" type="b" direction="out"/>
         </method>
         <signal name="WindowsChanged">
             <arg name="windows" type="a(ssssu)"/>
@@ -71,6 +76,30 @@ class WindowsService {
             this._addListener(sender);
             invocation.return_value(this._windows());
         });
+    }
+
+    // The one of the windows that was used last, as the window switcher has it.
+    BringForwardAsync([wanted], invocation) {
+        if (!this._listeners.has(invocation.get_sender())) {
+            invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',
+                'Only Glidemap may bring windows forward');
+            return;
+        }
+        const wantedIdentities = new Set(wanted.map(identity => JSON.stringify(identity)));
+        const found = global.display.get_tab_list(Meta.TabList.NORMAL_ALL, null).find(
+            window => wantedIdentities.has(JSON.stringify(this._identity(window))));
+        if (found)
+            this._activate(found);
+        invocation.return_value(new GLib.Variant('(b)', [Boolean(found)]));
+    }
+
+    _activate(window) {
+        const time = global.display.get_current_time_roundtrip();
+        const workspace = window.get_workspace();
+        if (workspace === global.workspace_manager.get_active_workspace())
+            window.activate(time);
+        else
+            workspace.activate_with_focus(window, time);
     }
 
     // The file that the program was installed as, or null.

@@ -63,7 +63,7 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
 bool XDisplay::waitForWindowManager() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const bool answers = waitUntil([&] {
-        ask(window, "_NET_REQUEST_FRAME_EXTENTS");
+        ask(window, "_NET_REQUEST_FRAME_EXTENTS", fromTaskBar);
         return !numbers(window, "_NET_FRAME_EXTENTS").empty();
     });
     xcb_destroy_window(_connection, window);
@@ -169,7 +169,7 @@ bool XDisplay::isEmbedded(std::uint32_t window) const {
 std::uint32_t XDisplay::openWindow(const Rectangle& area) const {
     const std::uint32_t window = createWindow(area);
     xcb_map_window(_connection, window);
-    ask(window, "_NET_ACTIVE_WINDOW");
+    ask(window, "_NET_ACTIVE_WINDOW", fromTaskBar);
     return window;
 }
 
@@ -184,13 +184,13 @@ std::uint32_t XDisplay::createWindow(const Rectangle& area) const {
     return window;
 }
 
-void XDisplay::ask(std::uint32_t window, const char* message) const {
+void XDisplay::ask(std::uint32_t window, const char* message, std::uint32_t detail) const {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
     event.type = atom(message);
-    event.data.data32[0] = fromTaskBar;
+    event.data.data32[0] = detail;
     xcb_send_event(_connection, 0, _root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
@@ -198,11 +198,25 @@ void XDisplay::ask(std::uint32_t window, const char* message) const {
 }
 
 void XDisplay::activate(const ManagedWindow& window) const {
-    ask(window.id, "_NET_ACTIVE_WINDOW");
+    ask(window.id, "_NET_ACTIVE_WINDOW", fromTaskBar);
+}
+
+void XDisplay::minimize(const ManagedWindow& window) const {
+    constexpr std::uint32_t iconic = 3;
+    ask(window.id, "WM_CHANGE_STATE", iconic);
+}
+
+void XDisplay::showWorkspace(std::uint32_t number) const {
+    ask(_root, "_NET_CURRENT_DESKTOP", number);
+}
+
+std::optional<std::uint32_t> XDisplay::shownWorkspace() const {
+    const std::vector<std::uint32_t> shown = numbers(_root, "_NET_CURRENT_DESKTOP");
+    return shown.empty() ? std::nullopt : std::optional(shown.front());
 }
 
 void XDisplay::close(const ManagedWindow& window) const {
-    ask(window.id, "_NET_CLOSE_WINDOW");
+    ask(window.id, "_NET_CLOSE_WINDOW", fromTaskBar);
 }
 
 } // namespace glidemap::application

@@ -82,6 +82,12 @@ public:
     // As a task bar does.
     void activate(const ManagedWindow& window) const;
 
+    void minimize(const ManagedWindow& window) const;
+
+    // The first one is 0.
+    void showWorkspace(std::uint32_t number) const;
+    std::optional<std::uint32_t> shownWorkspace() const;
+
     // As the window's close button does.
     void close(const ManagedWindow& window) const;
 
@@ -94,7 +100,7 @@ private:
     std::string property(std::uint32_t window, const char* property) const;
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property) const;
     Rectangle contentOf(std::uint32_t window) const;
-    void ask(std::uint32_t window, const char* message) const;
+    void ask(std::uint32_t window, const char* message, std::uint32_t detail) const;
 
     std::unique_ptr<desktops::Program> server;
     std::unique_ptr<desktops::Program> windowManager;

@@ -68,7 +68,10 @@ const wl_registry_listener registryListener = {
 
 } // namespace
 
-void activateOnWlroots(const Environment& desktop, const std::string& appID) {
+namespace {
+
+template <typename Request>
+void onWindowOf(const Environment& desktop, const std::string& appID, Request request) {
     const auto socket =
         std::filesystem::path(desktop.at("XDG_RUNTIME_DIR")) / desktop.at("WAYLAND_DISPLAY");
     wl_display* const display = wl_display_connect(socket.c_str());
@@ -79,10 +82,22 @@ void activateOnWlroots(const Environment& desktop, const std::string& appID) {
     wl_display_roundtrip(display); // the windows
     EXPECT_NE(search.found, nullptr) << "no window of " << appID;
     if (search.found != nullptr && search.seat != nullptr) {
-        zwlr_foreign_toplevel_handle_v1_activate(search.found, search.seat);
+        request(search.found, search.seat);
         wl_display_roundtrip(display);
     }
     wl_display_disconnect(display);
+}
+
+} // namespace
+
+void activateOnWlroots(const Environment& desktop, const std::string& appID) {
+    onWindowOf(desktop, appID, zwlr_foreign_toplevel_handle_v1_activate);
+}
+
+void minimizeOnWlroots(const Environment& desktop, const std::string& appID) {
+    onWindowOf(desktop, appID, [](Toplevel* window, wl_seat*) {
+        zwlr_foreign_toplevel_handle_v1_set_minimized(window);
+    });
 }
 
 } // namespace glidemap::desktops

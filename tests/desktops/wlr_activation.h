@@ -12,4 +12,6 @@ namespace glidemap::desktops {
 
 void activateOnWlroots(const Environment& desktop, const std::string& appID);
 
+void minimizeOnWlroots(const Environment& desktop, const std::string& appID);
+
 } // namespace glidemap::desktops

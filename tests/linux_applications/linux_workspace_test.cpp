@@ -35,6 +35,14 @@ public:
         return true;
     }
 
+    // Has one window, the editor's.
+    void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override {
+        const bool has = isChosen(window("editor"));
+        log.push_back(name + (has ? " brings forward" : " has no window"));
+        if (!has)
+            otherwise();
+    }
+
 private:
     std::vector<std::string>& log;
     std::string name;
@@ -83,6 +91,24 @@ TEST_F(LinuxWorkspaceTest, TheFirstBackendThatKnowsTheDesktopIsTheOne) {
         EXPECT_EQ(running[1], (Application{"my-tool", "My Tool"}));
     }
     EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts", "second goes"));
+}
+
+TEST_F(LinuxWorkspaceTest, OneWithAWindowComesForwardAndIsNotLaunched) {
+    const auto pipe = folder.path() / "reports";
+    LaunchReports reports{pipe};
+    folder.install("editor",
+                   "Name=The Editor\nExec=" +
+                       folder.script("editor", "echo editor >" + pipe.string() + "\n").string() +
+                       "\n");
+    const auto other = folder.install(
+        "other", "Name=Other\nExec=" +
+                     folder.script("other", "echo other >" + pipe.string() + "\n").string() + "\n");
+    LinuxWorkspace workspace(thread, {backend("only", true)}, {});
+    workspace.openApplication("file://" + editor.string());
+    workspace.openApplication("file://" + other.string());
+    EXPECT_EQ(reports.nextLine(), "other");
+    thread.call([] {});
+    EXPECT_THAT(log, ElementsAre("only starts", "only brings forward", "only has no window"));
 }
 
 TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {

@@ -1,12 +1,7 @@
 // Which application is frontmost, which ones run, and launching one, on each desktop.
 #include "desktop_test_base.h"
+#include "leash.h"
 #include "seen_workspace.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <fstream>
 
 namespace glidemap::desktops {
 namespace {
@@ -50,26 +45,6 @@ TEST_P(ApplicationsTest, TheOnesThatRunAlreadyAreKnown) {
     desktop->activate("first");
     seen.expectFrontmost("first");
 }
-
-// Keeps what a launched program reads from: it ends with the test.
-class Leash {
-public:
-    explicit Leash(std::filesystem::path at) : path(std::move(at)) {
-        EXPECT_EQ(mkfifo(path.c_str(), 0600), 0) << path;
-        descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    }
-    Leash(const Leash&) = delete;
-    Leash& operator=(const Leash&) = delete;
-    ~Leash() {
-        close(descriptor);
-        std::filesystem::remove(path);
-    }
-
-    const std::filesystem::path path;
-
-private:
-    int descriptor = -1;
-};
 
 TEST_P(ApplicationsTest, ALaunchedOneRunsAndComesForward) {
     const Leash leash(folder.path() / "leash");

@@ -30,12 +30,13 @@ public:
     // As a task bar does it.
     virtual void activate(const std::string& application) = 0;
 
+    // Once both have happened. Only where the desktop minimises windows, or has workspaces that the
+    // test can change.
+    virtual void minimize(const std::string& /*application*/) {}
+    virtual void showSecondWorkspace() {}
+
     // The activation token that the desktop gives to a program that the user launches; may be empty.
     virtual std::string activationToken() const { return {}; }
-
-    // Returns once the product's program follows the windows, after which the test's own workspace
-    // may follow them, too.
-    virtual void waitUntilFollowed() const {}
 
     // Empty, or why this machine keeps the desktop from showing its overview.
     virtual std::string whyNoOverview() const { return {}; }

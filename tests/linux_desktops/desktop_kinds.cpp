@@ -55,8 +55,14 @@ std::vector<DesktopKind> describeAll() {
          .missing = needs({"sway", "swaybar"}),
          .start = startSway,
          .statusBar = StatusBar::shown,
-         .secondLaunch = SecondLaunch::staysBehind},
-        {.name = "Labwc", .missing = needs({"labwc"}), .start = startLabwc},
+         .secondLaunch = SecondLaunch::staysBehind,
+         .minimizing = Minimizing::none,
+         .processes = Processes::unknown},
+        {.name = "Labwc",
+         .missing = needs({"labwc"}),
+         .start = startLabwc,
+         .workspaces = Workspaces::one, // they change by keys alone
+         .processes = Processes::unknown},
         {.name = "Xfce",
          .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),
          .start = startXfce,
@@ -67,7 +73,8 @@ std::vector<DesktopKind> describeAll() {
          .start = startCinnamon,
          .overview = Overview::opens,
          .lock = Lock::locks,
-         .statusBar = StatusBar::shown},
+         .statusBar = StatusBar::shown,
+         .hiddenWindows = HiddenWindows::stayHidden},
         {.name = "Openbox", .missing = needs({"Xvfb", "openbox"}), .start = startOpenbox},
     };
 }

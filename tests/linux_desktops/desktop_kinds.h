@@ -21,6 +21,12 @@ enum class NewWindow { comesForward, mayStayBehind };
 enum class Overview { opens, none };
 enum class Lock { locks, none };
 enum class StatusBar { shown, none };
+enum class Minimizing { works, none };
+// Whether windows that are minimised, or on another workspace, come forward.
+enum class HiddenWindows { comeForward, stayHidden };
+enum class Workspaces { several, one };
+// Wayland's protocol for windows names no process.
+enum class Processes { known, unknown };
 enum class SecondLaunch { comesForward, staysBehind };
 
 struct DesktopKind {
@@ -32,6 +38,10 @@ struct DesktopKind {
     Lock lock = Lock::none;
     StatusBar statusBar = StatusBar::none;
     SecondLaunch secondLaunch = SecondLaunch::comesForward;
+    Minimizing minimizing = Minimizing::works;
+    HiddenWindows hiddenWindows = HiddenWindows::comeForward;
+    Workspaces workspaces = Workspaces::several;
+    Processes processes = Processes::known;
 };
 
 void PrintTo(const DesktopKind& kind, std::ostream* out);

@@ -40,10 +40,11 @@ protected:
     }
 
     // A program with a window, which is on the screen.
-    std::unique_ptr<Program> open(const std::string& application) const {
+    std::unique_ptr<Program> open(const std::string& application,
+                                  const std::string& title = "Title") const {
         Environment environment = desktop->environment();
         auto program = std::make_unique<Program>(Program::Command{
-            .words = {desktop->windowProgram(), application, "Title"},
+            .words = {desktop->windowProgram(), application, title},
             .environment = environment,
             .log = std::filesystem::path(environment.at("XDG_RUNTIME_DIR")) / "window.log"});
         EXPECT_EQ(program->nextLine(), "shown");

@@ -41,7 +41,6 @@ protected:
 
 TEST_P(ProgramTest, TheSettingsWindowOpensInFront) {
     Program glidemap(command());
-    desktop->waitUntilFollowed();
     const SeenWorkspace seen;
     seen.expectRunning({identifier});
     seen.expectFrontmost(identifier);
@@ -50,7 +49,6 @@ TEST_P(ProgramTest, TheSettingsWindowOpensInFront) {
 
 TEST_P(ProgramTest, ASecondLaunchEndsAndBringsTheWindowForward) {
     Program glidemap(command());
-    desktop->waitUntilFollowed();
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);
     const auto first = open("first");
@@ -75,7 +73,6 @@ TEST_P(ProgramTest, TheStatusItemIsInTheStatusBarIfThereIsOne) {
     if (GetParam().statusBar == StatusBar::shown) {
         EXPECT_TRUE(application::waitUntil([&] { return desktop->showsStatusItem(); }));
     } else {
-        desktop->waitUntilFollowed();
         const SeenWorkspace seen;
         seen.expectFrontmost(identifier); // it has found out by then
         EXPECT_FALSE(isOnBus("org.kde.StatusNotifierWatcher"));

@@ -53,6 +53,10 @@ public:
         activateOnWlroots(compositor.environment(), application);
     }
 
+    void minimize(const std::string& application) override {
+        minimizeOnWlroots(compositor.environment(), application);
+    }
+
 private:
     PrivateBus session;
     PrivateBus system;
@@ -69,6 +73,8 @@ public:
                .log = std::filesystem::path(environment().at("XDG_RUNTIME_DIR")) / "bar.log"}) {
         bus().waitForName(watcher.name);
     }
+
+    void showSecondWorkspace() override { compositor.command("workspace 2"); }
 
     bool showsStatusItem() const override {
         const Variant items =
@@ -108,9 +114,17 @@ public:
     const PrivateBus& bus() const override { return shell.bus(); }
 
     void activate(const std::string& application) override {
-        shell.evaluate("global.get_window_actors().map(actor => actor.meta_window).find(window => "
-                       "window.get_wm_class() === '" +
-                       application + "').activate(global.display.get_current_time_roundtrip())");
+        shell.evaluate(windowOf(application) +
+                       ".activate(global.display.get_current_time_roundtrip())");
+    }
+
+    void minimize(const std::string& application) override {
+        shell.evaluate(windowOf(application) + ".minimize()");
+    }
+
+    void showSecondWorkspace() override {
+        shell.evaluate("global.workspace_manager.append_new_workspace(true, "
+                       "global.display.get_current_time_roundtrip())");
     }
 
     // As its dash does.
@@ -125,6 +139,12 @@ public:
     bool isOverviewOpen() const override { return shell.isOverviewOpen(); }
 
 private:
+    static std::string windowOf(const std::string& application) {
+        return "global.get_window_actors().map(actor => actor.meta_window).find(window => "
+               "window.get_wm_class() === '" +
+               application + "')";
+    }
+
     GnomeShell shell{GnomeShell::Eval::allowed};
 };
 
@@ -143,29 +163,18 @@ public:
 
     const PrivateBus& bus() const override { return kwin.bus(); }
 
-    // Plasma 6 has other names for the same things.
     void activate(const std::string& application) override {
-        const std::filesystem::path file =
-            std::filesystem::path(kwin.environment().at("XDG_RUNTIME_DIR")) / "activate.js";
-        std::ofstream(file) << "const all = workspace.windowList ? workspace.windowList() : "
-                               "workspace.clientList();\nfor (const each of all) {\n    if "
-                               "(each.resourceClass == \""
-                            << application
-                            << "\") {\n        if (workspace.windowList) {\n"
-                               "            workspace.activeWindow = each;\n        } else {\n"
-                               "            workspace.activeClient = each;\n        }\n    }\n}\n";
-        const std::string name = "activate-" + std::to_string(++scripts);
-        const Variant loaded(bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
-                                        "loadScript",
-                                        g_variant_new("(ss)", file.c_str(), name.c_str())));
-        g_variant_unref(
-            bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting", "start", nullptr));
+        forEachWindowOf(application, "if (isSix) {\n    workspace.activeWindow = each;\n} else {\n"
+                                     "    workspace.activeClient = each;\n}\n");
     }
 
-    // KWin keeps one script of a name, and the program's file goes once that runs.
-    void waitUntilFollowed() const override {
-        EXPECT_TRUE(application::waitUntil([this] { return isScriptLoaded() && !hasScriptFile(); }))
-            << "the program loads no script";
+    void minimize(const std::string& application) override {
+        forEachWindowOf(application, "each.minimized = true;\n");
+    }
+
+    void showSecondWorkspace() override {
+        run("workspace.createDesktop(1, \"second\");\n"
+            "workspace.currentDesktop = isSix ? workspace.desktops[1] : 2;\n");
     }
 
     bool isOverviewOpen() const override {
@@ -197,19 +206,26 @@ public:
     }
 
 private:
-    bool isScriptLoaded() const {
-        const Variant answer = application::call(
-            bus().connection(), {"org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting"},
-            "isScriptLoaded", g_variant_new("(s)", "glidemap-windows"));
-        return answer != nullptr && isTrue(childOf(answer, 0));
+    void forEachWindowOf(const std::string& application, const std::string& statement) {
+        run("const all = isSix ? workspace.windowList() : workspace.clientList();\n"
+            "for (const each of all.filter(one => one.resourceClass == \"" +
+            application + "\")) {\n" + statement + "}\n");
     }
 
-    bool hasScriptFile() const {
-        const std::filesystem::directory_iterator files(kwin.environment().at("XDG_RUNTIME_DIR"));
-        return std::any_of(begin(files), end(files), [](const auto& file) {
-            return file.path().filename().string().starts_with("glidemap-") &&
-                   file.path().extension() == ".js";
-        });
+    // Plasma 6 has other names for the same things. Returns once KWin has run it.
+    void run(const std::string& script) {
+        const std::string name = "test-" + std::to_string(++scripts);
+        const std::filesystem::path file =
+            std::filesystem::path(kwin.environment().at("XDG_RUNTIME_DIR")) / (name + ".js");
+        std::ofstream(file) << "const isSix = workspace.windowList !== undefined;\n" << script;
+        const Variant loaded(bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
+                                        "loadScript",
+                                        g_variant_new("(ss)", file.c_str(), name.c_str())));
+        const std::string number = std::to_string(g_variant_get_int32(childOf(loaded, 0).get()));
+        for (const std::string& path : {"/Scripting/Script" + number, "/" + number}) {
+            application::call(bus().connection(),
+                              {"org.kde.KWin", path.c_str(), "org.kde.kwin.Script"}, "run");
+        }
     }
 
     KWin kwin{KWin::Extent::whole};

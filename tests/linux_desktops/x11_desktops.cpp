@@ -57,6 +57,19 @@ public:
         display.activate(*found);
     }
 
+    void minimize(const std::string& application) override {
+        const std::vector<ManagedWindow> all = display.windows();
+        const auto found = std::ranges::find(all, application, &ManagedWindow::className);
+        ASSERT_NE(found, all.end()) << "no window of " << application;
+        display.minimize(*found);
+        EXPECT_TRUE(waitUntil([&] { return display.activeWindow() != found->id; }));
+    }
+
+    void showSecondWorkspace() override {
+        display.showWorkspace(1);
+        EXPECT_TRUE(waitUntil([&] { return display.shownWorkspace() == 1U; }));
+    }
+
 protected:
     Program::Command command(std::vector<std::string> words) const {
         return {.words = std::move(words),

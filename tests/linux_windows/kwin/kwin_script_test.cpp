@@ -12,7 +12,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 constexpr const char* editor =
-    R"({"desktopFile":"org.kde.kate","class":"kate","instance":"Kate","title":"A text","process":42})";
+    R"({"handle":"{1}","desktopFile":"org.kde.kate","class":"kate","instance":"Kate","title":"A text","process":42})";
 const WindowIdentity editorIdentity{"org.kde.kate", "Kate", "A text", 42};
 
 std::string reportOf(const std::string& windows, const std::string& active) {
@@ -28,6 +28,10 @@ TEST(KWinScript, ANameCannotBecomeCode) {
                 StartsWith("const reportName = \"\\\"+x+\\\"\";\n"));
 }
 
+TEST(KWinScript, AHandleCannotBecomeCode) {
+    EXPECT_THAT(kwinScriptActivating("\"+x+\""), StartsWith("const handle = \"\\\"+x+\\\"\";\n"));
+}
+
 struct Row {
     const char* what;
     std::string text;
@@ -37,8 +41,9 @@ struct Row {
 const Row rows[] = {
     {"no window", reportOf("[]", "null"), KWinReport{}},
     {"a window, active", reportOf("[" + std::string(editor) + "]", editor),
-     KWinReport{{editorIdentity}, editorIdentity}},
-    {"an active one that is not listed", reportOf("[]", editor), KWinReport{{}, editorIdentity}},
+     KWinReport{{editorIdentity}, editorIdentity, {"{1}"}, "{1}"}},
+    {"an active one that is not listed", reportOf("[]", editor),
+     KWinReport{{}, editorIdentity, {}, "{1}"}},
     {"no desktop file: the class", reportOf("[]", R"({"desktopFile":"","class":"kate"})"),
      KWinReport{{}, WindowIdentity{"kate", "", "", std::nullopt}}},
     {"names of other types", reportOf("[]", R"({"class":1,"instance":[],"title":null})"),
@@ -53,7 +58,7 @@ const Row rows[] = {
      KWinReport{{}, WindowIdentity{}}},
     {"process 1.5", reportOf("[]", R"({"process":1.5})"), KWinReport{{}, WindowIdentity{}}},
     {"a window that is a number", reportOf("[7," + std::string(editor) + "]", "7"),
-     KWinReport{{editorIdentity}, std::nullopt}},
+     KWinReport{{editorIdentity}, std::nullopt, {"{1}"}, ""}},
     {"nothing said of the active one", R"({"windows":[]})", KWinReport{}},
     {"no windows", R"({"active":null})", std::nullopt},
     {"windows that are no list", reportOf("{}", "null"), std::nullopt},

@@ -11,7 +11,11 @@
 
 #include <chrono>
 #include <filesystem>
+#include <iterator>
+#include <memory>
 #include <optional>
+#include <regex>
+#include <string>
 
 namespace glidemap {
 
@@ -44,21 +48,27 @@ protected:
         return Window(kwin->environment(), appID, title);
     }
 
-    bool isScriptLoaded() {
-        GVariant* const answer =
-            kwin->bus().call("org.kde.KWin", "/Scripting", "org.kde.kwin.Scripting",
-                             "isScriptLoaded", g_variant_new("(s)", "glidemap-windows"));
-        gboolean loaded = FALSE;
-        g_variant_get(answer, "(b)", &loaded);
-        g_variant_unref(answer);
-        return loaded != FALSE;
+    // The ways on which KWin 5 and KWin 6 show a script.
+    long countOfScripts() {
+        long count = 0;
+        for (const char* const at : {"/", "/Scripting"}) {
+            GVariant* const answer = kwin->bus().call(
+                "org.kde.KWin", at, "org.freedesktop.DBus.Introspectable", "Introspect", nullptr);
+            const char* text = nullptr;
+            g_variant_get(answer, "(&s)", &text);
+            const std::string nodes = text;
+            const std::regex script("<node name=\"(Script)?[0-9]+\"");
+            count += std::distance(std::sregex_iterator(nodes.begin(), nodes.end(), script), {});
+            g_variant_unref(answer);
+        }
+        return count;
     }
 
     // KWin deletes it only after it has said that it would.
-    void waitUntilScriptIsGone() {
+    void waitUntilScriptsAre(long count) {
         const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
-        while (isScriptLoaded()) {
-            ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "the script stays";
+        while (countOfScripts() != count) {
+            ASSERT_LT(std::chrono::steady_clock::now(), deadline) << countOfScripts();
         }
     }
 
@@ -108,14 +118,30 @@ TEST_F(OnKWin, KWinMayComeLaterAndComeAgain) {
     told.expectTold({"windows: second", "active: second"});
 }
 
+// One process's end must not take away what the next one follows by.
+TEST_F(OnKWin, ASecondFollowerKeepsItsScriptWhenTheFirstOneGoes) {
+    startKWin();
+    RecordingWindowListener toldFirst;
+    auto first = std::make_unique<Listening>(toldFirst);
+    toldFirst.expectTold({"windows:", "active: none"});
+    const Listening second(told);
+    told.expectTold({"windows:", "active: none"});
+    const long both = countOfScripts();
+    first.reset();
+    waitUntilScriptsAre(both - 1);
+    const Window window = open("window");
+    told.expectTold({"windows: window", "active: window"});
+}
+
 TEST_F(OnKWin, TheScriptGoesWithTheBackendAndLeavesNoFile) {
     startKWin();
+    const long before = countOfScripts();
     {
         const Listening listening(told);
         told.expectTold({"windows:", "active: none"});
-        EXPECT_TRUE(isScriptLoaded());
+        waitUntilScriptsAre(before + 1);
     }
-    waitUntilScriptIsGone();
+    waitUntilScriptsAre(before);
     for (const auto& entry :
          std::filesystem::directory_iterator(kwin->environment().at("XDG_RUNTIME_DIR"))) {
         EXPECT_NE(entry.path().extension(), ".js") << entry.path();

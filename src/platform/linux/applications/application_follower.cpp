@@ -9,7 +9,7 @@ namespace glidemap {
 ApplicationFollower::ApplicationFollower(DesktopThread& desktop, PublishedApplications& to,
                                          const ProcessReader& reader,
                                          std::chrono::milliseconds patienceWithNone)
-    : thread(desktop), published(to), patience(patienceWithNone),
+    : thread(desktop), published(to), processes(reader), patience(patienceWithNone),
       entries(desktop, [this] { matchAgain(); }), matcher(entries.all(), reader) {}
 
 void ApplicationFollower::activeWindowChanged(const std::optional<WindowIdentity>& window) {
@@ -29,6 +29,21 @@ void ApplicationFollower::windowsChanged(const std::vector<WindowIdentity>& wind
     open = windows;
     forgetClosedWindows();
     publishRunning();
+}
+
+WindowChoice ApplicationFollower::windowsOf(const std::string& entryPath) {
+    const auto& all = entries.all();
+    const auto entry = std::ranges::find(all, entryPath, &DesktopEntry::path);
+    if (entry == all.end()) {
+        return [](const WindowIdentity&) {
+            return false;
+        };
+    }
+    return [this, &entry = *entry](const WindowIdentity& window) {
+        return applicationOf(window)->bundleID == entry.identifier ||
+               (entry.inTerminal && window.process &&
+                processes.read(*window.process).launchedFrom == entry.path);
+    };
 }
 
 ApplicationFollower::Key ApplicationFollower::keyOf(const WindowIdentity& window) {

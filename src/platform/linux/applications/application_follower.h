@@ -46,6 +46,11 @@ public:
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
+    // Those of the application whose desktop entry is this file. A window of a program in a terminal
+    // is the terminal's, and known by the process that was started from the entry. Valid as long as
+    // the follower, until the thread's next task.
+    WindowChoice windowsOf(const std::string& entryPath);
+
 private:
     using Key = std::tuple<std::string, std::string, std::optional<pid_t>>;
 
@@ -59,6 +64,7 @@ private:
 
     DesktopThread& thread;
     PublishedApplications& published;
+    const ProcessReader& processes;
     const std::chrono::milliseconds patience;
     DesktopThread::Watch lasting; // of no window being active
     DesktopEntries entries;

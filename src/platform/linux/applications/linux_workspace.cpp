@@ -34,6 +34,16 @@ struct LinuxWorkspace::State {
         backend.reset();
     }
 
+    void open(const std::string& url) {
+        char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
+        if (path != nullptr && backend != nullptr) {
+            backend->bringForward(follower->windowsOf(path), [url] { launchApplication(url); });
+        } else {
+            launchApplication(url);
+        }
+        g_free(path);
+    }
+
     void stop() {
         backend.reset();
         follower.reset();
@@ -76,7 +86,7 @@ std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& 
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {
-    thread.submit([url] { launchApplication(url); });
+    thread.submit([this, url] { state->open(url); });
 }
 
 void LinuxWorkspace::openMissionControl() {

@@ -62,13 +62,27 @@ struct GnomeWindowBackend::State {
     std::string shell; // the unique name of its owner
     bool isBelieved = false;
     unsigned subscription = 0;
+    GVariant* latest = nullptr; // the message that told last how things stand
 
+    ~State() { forgetLatest(); }
+
+    void forgetLatest() {
+        if (latest != nullptr) {
+            g_variant_unref(std::exchange(latest, nullptr));
+        }
+    }
+
+    GVariant* chosenOf(const WindowChoice& isChosen) const;
+    void bringForward(GVariant* windows, std::function<void()> otherwise);
     void appeared(const std::string& owner);
     void check(const std::string& owner);
     void vanished();
     void ask(const std::string& owner);
     void hear(GVariant* message);
-    void tellNone() { told.tell(*listener, {}, std::nullopt); }
+    void tellNone() {
+        forgetLatest();
+        told.tell(*listener, {}, std::nullopt);
+    }
 };
 
 // Before it is asked, so that nothing is missed in between.
@@ -135,9 +149,53 @@ void GnomeWindowBackend::State::hear(GVariant* message) {
     if (!g_variant_is_of_type(message, G_VARIANT_TYPE("(a(ssssu)a(ssssu))"))) {
         return;
     }
+    forgetLatest();
+    latest = g_variant_ref(message);
     const std::vector<WindowIdentity> active = identitiesAt(message, 1);
     told.tell(*listener, identitiesAt(message, 0),
               active.empty() ? std::nullopt : std::optional(active.front()));
+}
+
+// As the extension has told them. Null if there is none.
+GVariant* GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
+    if (latest == nullptr) {
+        return nullptr;
+    }
+    const std::vector<WindowIdentity> identities = identitiesAt(latest, 0);
+    GVariant* const list = g_variant_get_child_value(latest, 0);
+    GVariantBuilder chosen;
+    g_variant_builder_init(&chosen, G_VARIANT_TYPE("a(ssssu)"));
+    bool any = false;
+    for (std::size_t at = 0; at < identities.size(); ++at) {
+        if (isChosen(identities[at])) {
+            GVariant* const window = g_variant_get_child_value(list, at);
+            g_variant_builder_add_value(&chosen, window);
+            g_variant_unref(window);
+            any = true;
+        }
+    }
+    g_variant_unref(list);
+    GVariant* const windows = g_variant_ref_sink(g_variant_builder_end(&chosen));
+    if (!any) {
+        g_variant_unref(windows);
+        return nullptr;
+    }
+    return windows;
+}
+
+// An extension of an earlier version, which the shell runs until the user logs in again, does not
+// know the method.
+void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<void()> otherwise) {
+    bus->call(windowsOf(shell), "BringForward", g_variant_new("(@a(ssssu))", windows),
+              [refused = std::move(otherwise)](GVariant* values, const GError* error) {
+                  gboolean isForward = FALSE;
+                  if (error == nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
+                      g_variant_get(values, "(b)", &isForward);
+                  }
+                  if (isForward == FALSE) {
+                      refused();
+                  }
+              });
 }
 
 GnomeWindowBackend::GnomeWindowBackend() : state(std::make_unique<State>()) {}
@@ -155,6 +213,17 @@ bool GnomeWindowBackend::start(WindowListener& listener) {
         shellName, [this](const std::string& owner) { state->appeared(owner); },
         [this] { state->vanished(); });
     return true;
+}
+
+void GnomeWindowBackend::bringForward(const WindowChoice& isChosen,
+                                      std::function<void()> otherwise) {
+    GVariant* const windows = state->isBelieved ? state->chosenOf(isChosen) : nullptr;
+    if (windows == nullptr) {
+        otherwise();
+        return;
+    }
+    state->bringForward(windows, std::move(otherwise));
+    g_variant_unref(windows);
 }
 
 } // namespace glidemap

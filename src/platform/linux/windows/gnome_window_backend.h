@@ -21,6 +21,7 @@ public:
 
     // True also if the session is GNOME's and the shell, or the extension, still has to come.
     bool start(WindowListener& listener) override;
+    void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 
 private:
     struct State;

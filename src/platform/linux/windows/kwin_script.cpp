@@ -19,6 +19,7 @@ constexpr const char* reportingScript = R"((function () {
 
     function identity(window) {
         return {
+            handle: String(window.internalId),
             desktopFile: String(window.desktopFileName || ""),
             class: String(window.resourceClass || ""),
             instance: String(window.resourceName || ""),
@@ -31,13 +32,24 @@ constexpr const char* reportingScript = R"((function () {
         return (window.normalWindow || window.dialog) && !window.skipTaskbar;
     }
 
+    // A program that has gone without taking the script along hears nothing, and need not be told.
+    const mostUnheard = 50;
+    let unheard = 0;
+
+    function heard() {
+        unheard = 0;
+    }
+
     function report() {
+        if (unheard++ > mostUnheard) {
+            return;
+        }
         const all = isSix ? workspace.windowList() : workspace.clientList();
         const active = isSix ? workspace.activeWindow : workspace.activeClient;
         callDBus(reportName, reportPath, reportInterface, reportMethod, JSON.stringify({
             windows: all.filter(isRegular).map(identity),
             active: active ? identity(active) : null
-        }));
+        }), heard);
     }
 
     const soon = new QTimer();
@@ -67,6 +79,21 @@ constexpr const char* reportingScript = R"((function () {
         workspace.clientList().forEach(follow);
     }
     report();
+})();
+)";
+
+constexpr const char* activatingScript = R"((function () {
+    const isSix = workspace.windowActivated !== undefined;
+    const all = isSix ? workspace.windowList() : workspace.clientList();
+    for (const window of all) {
+        if (String(window.internalId) === handle) {
+            if (isSix) {
+                workspace.activeWindow = window;
+            } else {
+                workspace.activeClient = window;
+            }
+        }
+    }
 })();
 )";
 
@@ -109,6 +136,10 @@ std::string kwinScriptReportingTo(const std::string& busName) {
            constant("reportMethod", kwinReportMethod) + reportingScript;
 }
 
+std::string kwinScriptActivating(const std::string& handle) {
+    return constant("handle", handle) + activatingScript;
+}
+
 std::optional<KWinReport> readKWinReport(std::string_view text) {
     constexpr bool throws = false;
     const nlohmann::json json = nlohmann::json::parse(text, nullptr, throws);
@@ -119,10 +150,12 @@ std::optional<KWinReport> readKWinReport(std::string_view text) {
     for (const nlohmann::json& window : json["windows"]) {
         if (std::optional<WindowIdentity> identity = identityFrom(window)) {
             report.windows.push_back(*std::move(identity));
+            report.handles.push_back(textAt(window, "handle"));
         }
     }
     if (json.contains("active")) {
         report.active = identityFrom(json["active"]);
+        report.activeHandle = report.active ? textAt(json["active"], "handle") : "";
     }
     return report;
 }

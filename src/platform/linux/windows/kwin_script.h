@@ -23,9 +23,14 @@ constexpr const char* kwinReportMethod = "Report";
 // name on the bus.
 std::string kwinScriptReportingTo(const std::string& busName);
 
+// Gives the focus to the window of this handle, if there still is one: restored, and on its workspace.
+std::string kwinScriptActivating(const std::string& handle);
+
 struct KWinReport {
     std::vector<WindowIdentity> windows;
     std::optional<WindowIdentity> active;
+    std::vector<std::string> handles = {}; // of the windows, in their order
+    std::string activeHandle = {};
 
     friend bool operator==(const KWinReport&, const KWinReport&) = default;
 };

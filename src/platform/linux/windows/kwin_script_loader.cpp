@@ -1,55 +1,14 @@
 #include "platform/linux/windows/kwin_script_loader.h"
 
 #include "platform/linux/windows/kwin_script.h"
+#include "platform/linux/windows/kwin_script_file.h"
 
-#include <fcntl.h>
 #include <gio/gio.h>
-#include <stdlib.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 #include <utility>
 
 namespace glidemap {
-
-namespace {
-
-// The same at every start: a script that an earlier run of the program has left is replaced.
-constexpr const char* scriptName = "glidemap-windows";
-
-// The script as a file that nobody else can read or replace. KWin reads it when it is told to run.
-class ScriptFile {
-public:
-    explicit ScriptFile(const std::string& script) {
-        const char* const folder = std::getenv("XDG_RUNTIME_DIR");
-        path = std::string(folder != nullptr ? folder : g_get_user_runtime_dir()) +
-               "/glidemap-XXXXXX.js";
-        const int file = mkostemps(path.data(), 3, O_CLOEXEC);
-        if (file < 0) {
-            path.clear();
-            return;
-        }
-        whole = write(file, script.data(), script.size()) == static_cast<ssize_t>(script.size());
-        close(file);
-    }
-
-    ScriptFile(const ScriptFile&) = delete;
-    ScriptFile& operator=(const ScriptFile&) = delete;
-
-    ~ScriptFile() {
-        if (!path.empty()) {
-            unlink(path.c_str());
-        }
-    }
-
-    bool whole = false;
-    std::string path;
-};
-
-} // namespace
 
 struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
     DesktopBus& bus;
@@ -58,10 +17,14 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
     unsigned starting = 0; // a subscription, while KWin is
     bool asking = false;
     bool askAgain = false;
-    std::optional<ScriptFile> file;
+    std::optional<KWinScriptFile> file;
+    // Of this load alone: a name that another process, or an earlier one of ours that is still
+    // ending, unloads is gone for all.
+    const std::string scriptName;
 
     State(DesktopBus& onBus, std::string kwin, std::function<void()> tellRefused)
-        : bus(onBus), owner(std::move(kwin)), refused(std::move(tellRefused)) {}
+        : bus(onBus), owner(std::move(kwin)), refused(std::move(tellRefused)),
+          scriptName(newKWinScriptName(bus)) {}
 
     BusObject scripting() const { return {owner, "/Scripting", "org.kde.kwin.Scripting"}; }
 
@@ -98,7 +61,7 @@ void KWinScriptLoader::State::ask() {
         return;
     }
     asking = true;
-    bus.call(scripting(), "unloadScript", g_variant_new("(s)", scriptName),
+    bus.call(scripting(), "unloadScript", g_variant_new("(s)", scriptName.c_str()),
              then([](State& here, GVariant*, const GError* error) {
                  here.asking = false;
                  if (error == nullptr) {
@@ -119,7 +82,8 @@ void KWinScriptLoader::State::load() {
         refused();
         return;
     }
-    bus.call(scripting(), "loadScript", g_variant_new("(ss)", file->path.c_str(), scriptName),
+    bus.call(scripting(), "loadScript",
+             g_variant_new("(ss)", file->path.c_str(), scriptName.c_str()),
              then([](State& here, GVariant* values, const GError*) {
                  int id = -1;
                  if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(i)"))) {
@@ -163,7 +127,8 @@ KWinScriptLoader::KWinScriptLoader(DesktopBus& bus, std::string owner,
 
 KWinScriptLoader::~KWinScriptLoader() {
     state->end();
-    state->bus.tell(state->scripting(), "unloadScript", g_variant_new("(s)", scriptName));
+    state->bus.tell(state->scripting(), "unloadScript",
+                    g_variant_new("(s)", state->scriptName.c_str()));
 }
 
 const std::string& KWinScriptLoader::owner() const {

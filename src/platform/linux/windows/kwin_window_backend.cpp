@@ -1,12 +1,16 @@
 #include "platform/linux/windows/kwin_window_backend.h"
 
 #include "platform/linux/windows/desktop_bus.h"
+#include "platform/linux/windows/kwin_activation.h"
 #include "platform/linux/windows/kwin_script.h"
 #include "platform/linux/windows/kwin_script_loader.h"
 #include "platform/linux/windows/told_windows.h"
 
 #include <gio/gio.h>
 
+#include <algorithm>
+#include <cstdint>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -35,6 +39,9 @@ struct KWinWindowBackend::State {
     std::unique_ptr<DesktopBus> bus;
     std::unique_ptr<KWinScriptLoader> loader; // while KWin is there
     unsigned object = 0;
+    KWinReport latest;
+    std::map<std::string, std::uint64_t> lastUses; // of windows by handle; counts up over all
+    std::uint64_t uses = 0;
 
     ~State() {
         if (object != 0) {
@@ -44,7 +51,13 @@ struct KWinWindowBackend::State {
 
     void exportObject();
     void hear(const std::string& sender, const char* text);
-    void tellNone() { told.tell(*listener, {}, std::nullopt); }
+    void noteUse();
+    std::string chosenOf(const WindowChoice& isChosen) const;
+    void tellNone() {
+        latest = {};
+        lastUses.clear();
+        told.tell(*listener, {}, std::nullopt);
+    }
 
     static void answer(GDBusConnection* connection, const char* sender, const char* path,
                        const char* interface, const char* method, GVariant* arguments,
@@ -72,8 +85,34 @@ void KWinWindowBackend::State::hear(const std::string& sender, const char* text)
         return;
     }
     if (std::optional<KWinReport> report = readKWinReport(text)) {
-        told.tell(*listener, std::move(report->windows), std::move(report->active));
+        latest = *std::move(report);
+        noteUse();
+        told.tell(*listener, latest.windows, latest.active);
     }
+}
+
+void KWinWindowBackend::State::noteUse() {
+    std::erase_if(lastUses, [this](const auto& use) {
+        return std::ranges::find(latest.handles, use.first) == latest.handles.end();
+    });
+    if (!latest.activeHandle.empty()) {
+        lastUses[latest.activeHandle] = ++uses;
+    }
+}
+
+// The handle, or nothing.
+std::string KWinWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
+    std::string best;
+    std::uint64_t lastUse = 0;
+    for (std::size_t at = 0; at < latest.windows.size(); ++at) {
+        const auto use = lastUses.find(latest.handles[at]);
+        const std::uint64_t used = use != lastUses.end() ? use->second : 0;
+        if (used >= lastUse && isChosen(latest.windows[at])) {
+            best = latest.handles[at];
+            lastUse = used;
+        }
+    }
+    return best;
 }
 
 KWinWindowBackend::KWinWindowBackend() : state(std::make_unique<State>()) {}
@@ -99,6 +138,16 @@ bool KWinWindowBackend::start(WindowListener& listener) {
             state->tellNone();
         });
     return true;
+}
+
+void KWinWindowBackend::bringForward(const WindowChoice& isChosen,
+                                     std::function<void()> otherwise) {
+    const std::string handle = state->loader != nullptr ? state->chosenOf(isChosen) : "";
+    if (handle.empty()) {
+        otherwise();
+        return;
+    }
+    activateInKWin(*state->bus, state->loader->owner(), handle, std::move(otherwise));
 }
 
 } // namespace glidemap

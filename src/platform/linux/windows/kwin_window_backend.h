@@ -20,6 +20,7 @@ public:
 
     // True also if the session is Plasma's and KWin still has to come.
     bool start(WindowListener& listener) override;
+    void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 
 private:
     struct State;

@@ -38,6 +38,9 @@ public:
     virtual void windowsChanged(const std::vector<WindowIdentity>& windows) = 0;
 };
 
+// Whether a window is one of those that are meant.
+using WindowChoice = std::function<bool(const WindowIdentity& window)>;
+
 class WindowBackend {
 public:
     WindowBackend() = default;
@@ -48,6 +51,11 @@ public:
     // False if this desktop is not of the backend's kind. On true the listener has heard, or hears
     // soon, how things stand now, and then every change.
     virtual bool start(WindowListener& listener) = 0;
+
+    // Gives the focus to the chosen window that was used last: restored if it is minimised, on the
+    // workspace that it is on. `otherwise` is called, now or later, if no window is chosen or the
+    // desktop has refused; never after the backend has gone.
+    virtual void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) = 0;
 };
 
 using WindowBackendFactory = std::function<std::unique_ptr<WindowBackend>()>;

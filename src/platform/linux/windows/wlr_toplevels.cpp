@@ -43,6 +43,7 @@ struct WlrToplevels::State {
 
     wl_registry* registry;
     zwlr_foreign_toplevel_manager_v1* manager = nullptr;
+    wl_seat* seat = nullptr; // the first one
     std::list<Window> windows;
     std::uint64_t activations = 0;
 
@@ -55,6 +56,9 @@ struct WlrToplevels::State {
 
     ~State() {
         endManager();
+        if (seat != nullptr) {
+            wl_seat_destroy(seat);
+        }
         wl_registry_destroy(registry);
     }
 
@@ -96,6 +100,10 @@ const wl_registry_listener WlrToplevels::State::registryListener = {
            std::uint32_t version) {
             auto& self = *static_cast<State*>(data);
             const wl_interface& wanted = zwlr_foreign_toplevel_manager_v1_interface;
+            if (self.seat == nullptr && std::string_view(interface) == wl_seat_interface.name) {
+                self.seat =
+                    static_cast<wl_seat*>(wl_registry_bind(offering, name, &wl_seat_interface, 1));
+            }
             if (self.manager == nullptr && std::string_view(interface) == wanted.name) {
                 self.manager = static_cast<zwlr_foreign_toplevel_manager_v1*>(wl_registry_bind(
                     offering, name, &wanted, std::min(version, newestKnownVersion)));
@@ -165,6 +173,22 @@ std::optional<WindowIdentity> WlrToplevels::active() const {
         }
     }
     return latest == nullptr ? std::nullopt : std::optional(identityOf(*latest->current));
+}
+
+bool WlrToplevels::bringForward(const WindowChoice& isChosen) {
+    const State::Window* latest = nullptr;
+    for (const State::Window& window : state->windows) {
+        if (window.current && (latest == nullptr || window.activation >= latest->activation) &&
+            isChosen(identityOf(*window.current))) {
+            latest = &window;
+        }
+    }
+    if (latest == nullptr || state->seat == nullptr) {
+        return false;
+    }
+    zwlr_foreign_toplevel_handle_v1_unset_minimized(latest->handle);
+    zwlr_foreign_toplevel_handle_v1_activate(latest->handle, state->seat);
+    return true;
 }
 
 } // namespace glidemap

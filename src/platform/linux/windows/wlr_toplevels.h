@@ -33,6 +33,10 @@ public:
     // With several seats there may be several active ones: the latest, then.
     std::optional<WindowIdentity> active() const;
 
+    // Asks for the focus for the chosen window that was active last. False if there is none, or no
+    // seat that could give it the focus.
+    bool bringForward(const WindowChoice& isChosen);
+
 private:
     struct State;
     std::unique_ptr<State> state;

@@ -74,4 +74,12 @@ bool WlrWindowBackend::start(WindowListener& listener) {
     return true;
 }
 
+void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
+    if (state->toplevels != nullptr && state->toplevels->bringForward(isChosen)) {
+        state->hear(); // which sends it
+    } else {
+        otherwise();
+    }
+}
+
 } // namespace glidemap

@@ -29,6 +29,7 @@ public:
 
     // False also if the compositor does not answer in time.
     bool start(WindowListener& listener) override;
+    void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 
 private:
     struct State;

@@ -4,6 +4,7 @@
 #include "platform/linux/windows/x11_window_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <map>
 #include <set>
@@ -14,6 +15,10 @@ namespace glidemap {
 namespace {
 
 constexpr std::uint32_t mostWindows = 4096;
+
+// What programs ask for by themselves, window managers may refuse, and so they may what seems to be
+// older than the user's last input.
+constexpr std::uint32_t byTheUser = 2;
 
 // Between two of these the thread does what else it has to do.
 constexpr int longestTurn = 500; // events and answers
@@ -55,11 +60,20 @@ public:
 
     void begin();
 
+    // False if there is no such window.
+    bool bringForward(const WindowChoice& isChosen);
+
 private:
     struct Client {
         std::optional<X11Window> window; // once it has been read
         Inquiry inquiry;
+        std::uint64_t lastUse = 0; // counts up over all windows; 0 before it was active
     };
+
+    void makeClock();
+    void activate(xcb_timestamp_t time);
+    void askWindowManager(xcb_window_t window, xcb_atom_t request,
+                          const std::array<std::uint32_t, 5>& details);
 
     void serve();
     bool serveOnce();
@@ -86,6 +100,11 @@ private:
     xcb_atom_t activeAtom;
     xcb_atom_t listAtom;
     xcb_atom_t managerAtom;
+    xcb_atom_t workspaceAtom;
+    xcb_atom_t shownWorkspaceAtom;
+    xcb_window_t clock = XCB_WINDOW_NONE;      // a change of it brings the server's time
+    xcb_window_t toActivate = XCB_WINDOW_NONE; // once that has come
+    std::uint64_t uses = 0;
     Inquiry activeInquiry;
     Inquiry listInquiry;
     xcb_window_t active = XCB_WINDOW_NONE;
@@ -101,14 +120,18 @@ X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
                              X11Requests::Connection connection, int screen)
     : thread(desktop), listener(to), requests(std::move(connection)), reader(requests),
       root(screenOf(requests.raw(), screen)->root) {
-    const auto atoms = internAtoms(
-        requests.raw(), {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK"});
+    const auto atoms = internAtoms(requests.raw(), {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST",
+                                                    "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
+                                                    "_NET_CURRENT_DESKTOP"});
     activeAtom = atoms[0];
     listAtom = atoms[1];
+    workspaceAtom = atoms[3];
+    shownWorkspaceAtom = atoms[4];
     managerAtom = atoms[2];
 }
 
 void X11Backend::Session::begin() {
+    makeClock();
     requests.followProperties(root); // before asking, so that no change falls between
     askForActive();
     askForList();
@@ -151,7 +174,63 @@ void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
         return; // errors come here, too: a window went before we could follow it
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-    propertyChanged(change.window, change.atom);
+    if (change.window != clock)
+        propertyChanged(change.window, change.atom);
+    else if (toActivate != XCB_WINDOW_NONE)
+        activate(change.time);
+}
+
+void X11Backend::Session::makeClock() {
+    xcb_connection_t* const server = requests.raw();
+    clock = xcb_generate_id(server);
+    xcb_create_window(server, 0, clock, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    requests.followProperties(clock);
+}
+
+bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
+    xcb_window_t best = XCB_WINDOW_NONE;
+    std::uint64_t lastUse = 0;
+    for (const xcb_window_t window : listed) {
+        const Client& client = clients.at(window);
+        const bool isOpen =
+            client.window && !client.window->isGone && client.window->isApplications;
+        if (isOpen && client.lastUse >= lastUse && isChosen(client.window->identity)) {
+            best = window;
+            lastUse = client.lastUse;
+        }
+    }
+    if (best == XCB_WINDOW_NONE || requests.isLost())
+        return false;
+    toActivate = best;
+    xcb_change_property(requests.raw(), XCB_PROP_MODE_APPEND, clock, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
+    requests.flush();
+    return true;
+}
+
+// As task bars do: not every window manager changes the workspace for a window.
+void X11Backend::Session::activate(xcb_timestamp_t time) {
+    const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
+    requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
+        constexpr std::uint32_t onAll = 0xFFFFFFFF;
+        if (!workspace.items.empty() && workspace.items.front() != onAll)
+            askWindowManager(root, shownWorkspaceAtom, {workspace.items.front(), time});
+        askWindowManager(window, activeAtom, {byTheUser, time, active});
+    });
+}
+
+void X11Backend::Session::askWindowManager(xcb_window_t window, xcb_atom_t request,
+                                           const std::array<std::uint32_t, 5>& details) {
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = request;
+    std::ranges::copy(details, event.data.data32);
+    xcb_send_event(requests.raw(), 0, root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
 }
 
 void X11Backend::Session::propertyChanged(xcb_window_t window, xcb_atom_t property) {
@@ -188,8 +267,10 @@ void X11Backend::Session::askForList() {
 
 void X11Backend::Session::takeActive(const X11Property& property) {
     active = property.items.empty() ? xcb_window_t{XCB_WINDOW_NONE} : property.items.front();
-    if (active != XCB_WINDOW_NONE)
+    if (active != XCB_WINDOW_NONE) {
         follow(active);
+        clients.at(active).lastUse = ++uses;
+    }
     forgetClosedWindows();
 }
 
@@ -296,6 +377,11 @@ bool X11Backend::start(WindowListener& listener) {
     session = std::make_shared<Session>(thread, listener, std::move(connection), screen);
     session->begin();
     return true;
+}
+
+void X11Backend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
+    if (session == nullptr || !session->bringForward(isChosen))
+        otherwise();
 }
 
 } // namespace glidemap

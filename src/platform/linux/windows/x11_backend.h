@@ -23,6 +23,7 @@ public:
     ~X11Backend() override;
 
     bool start(WindowListener& listener) override;
+    void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 
 private:
     class Session;

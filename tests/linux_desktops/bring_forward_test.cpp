@@ -1,0 +1,252 @@
+// Launching an application that runs already: its window comes forward, and no second process starts.
+#include "desktop_test_base.h"
+#include "desktops/recording_window_listener.h"
+#include "leash.h"
+#include "platform/linux/windows/desktop_backends.h"
+#include "platform/linux/windows/desktop_thread.h"
+#include "seen_workspace.h"
+#include "waiting.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace glidemap::desktops {
+namespace {
+
+// The title of the active window, as a backend sees it that has just begun to follow.
+class ActiveTitle {
+public:
+    ActiveTitle() {
+        thread.call([this] {
+            for (const WindowBackendFactory& make : desktopBackends(thread)) {
+                backend = make();
+                if (backend->start(listener)) {
+                    return;
+                }
+            }
+        });
+    }
+    ActiveTitle(const ActiveTitle&) = delete;
+    ActiveTitle& operator=(const ActiveTitle&) = delete;
+    ~ActiveTitle() {
+        thread.call([this] { backend.reset(); });
+    }
+
+    bool becomes(const std::string& title) {
+        return application::waitUntil([&] { return listener.title() == title; });
+    }
+
+private:
+    class Listener : public WindowListener {
+    public:
+        void activeWindowChanged(const std::optional<WindowIdentity>& window) override {
+            const std::lock_guard lock(mutex);
+            current = window ? window->title : "";
+        }
+        void windowsChanged(const std::vector<WindowIdentity>& /*windows*/) override {}
+
+        std::string title() {
+            const std::lock_guard lock(mutex);
+            return current;
+        }
+
+    private:
+        std::mutex mutex;
+        std::string current;
+    };
+
+    Listener listener;
+    DesktopThread thread;
+    std::unique_ptr<WindowBackend> backend;
+};
+
+class BringForwardTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        std::filesystem::remove(starts());
+    }
+
+    // Notes each start, and shows a window that ends with the leash.
+    std::filesystem::path noting(const std::string& application, const Leash& leash) const {
+        return folder.script(application, "echo " + application + " >>" + starts().string() +
+                                              "\nexec " + desktop->windowProgram() + " " +
+                                              application + " Title <" + leash.path.string() +
+                                              " >/dev/null\n");
+    }
+
+    void install(const std::string& application, const std::filesystem::path& program,
+                 const std::string& keys = "") const {
+        folder.install(application, "Name=Some\nExec=" + program.string() + "\n" + keys);
+    }
+
+    void launch(SeenWorkspace& seen, const std::string& application) const {
+        std::optional<std::string> url;
+        ASSERT_TRUE(application::waitUntil([&] {
+            url = seen.port().urlForApplication(application);
+            return url.has_value();
+        }));
+        seen.port().openApplication(*url);
+    }
+
+    long countOfStarts(const std::string& application) const {
+        std::ifstream file(starts());
+        return std::count(std::istream_iterator<std::string>(file), {}, application);
+    }
+
+    // A launch that was on its way would have come before this one.
+    void expectStarts(SeenWorkspace& seen, const std::string& application, long count) {
+        const auto script = folder.script("end", "echo end >>" + starts().string() + "\n");
+        install("end", script);
+        launch(seen, "end");
+        EXPECT_TRUE(application::waitUntil([&] { return countOfStarts("end") == 1; }));
+        EXPECT_EQ(countOfStarts(application), count);
+    }
+
+    std::filesystem::path starts() const { return folder.path() / "starts"; }
+};
+
+TEST_P(BringForwardTest, StartedOnceAndBroughtForwardTenTimes) {
+    const Leash leash(folder.path() / "leash");
+    install("launched", noting("launched", leash));
+    SeenWorkspace seen;
+    const auto other = open("other");
+    seen.expectRunning({"other"});
+    launch(seen, "launched");
+    seen.expectRunning({"launched", "other"});
+    for (int time = 0; time < 10; ++time) {
+        desktop->activate("other");
+        seen.expectFrontmost("other");
+        launch(seen, "launched");
+        seen.expectFrontmost("launched");
+    }
+    expectStarts(seen, "launched", 1);
+}
+
+TEST_P(BringForwardTest, AMinimisedWindowIsRestored) {
+    if (GetParam().minimizing == Minimizing::none) {
+        GTEST_SKIP() << "this desktop minimises nothing";
+    }
+    if (GetParam().hiddenWindows == HiddenWindows::stayHidden) {
+        GTEST_SKIP() << "not solved on this desktop";
+    }
+    const Leash leash(folder.path() / "leash");
+    install("first", noting("first", leash));
+    SeenWorkspace seen;
+    const auto other = open("other");
+    const auto first = open("first");
+    seen.expectRunning({"first", "other"});
+    desktop->activate("first");
+    seen.expectFrontmost("first");
+    desktop->minimize("first");
+    desktop->activate("other");
+    seen.expectFrontmost("other");
+    launch(seen, "first");
+    seen.expectFrontmost("first");
+    expectStarts(seen, "first", 0);
+}
+
+TEST_P(BringForwardTest, AWindowOnAnotherWorkspaceIsShown) {
+    if (GetParam().workspaces == Workspaces::one) {
+        GTEST_SKIP() << "the test cannot change workspaces here";
+    }
+    if (GetParam().hiddenWindows == HiddenWindows::stayHidden) {
+        GTEST_SKIP() << "not solved on this desktop";
+    }
+    const Leash leash(folder.path() / "leash");
+    install("first", noting("first", leash));
+    SeenWorkspace seen;
+    const auto first = open("first");
+    seen.expectRunning({"first"});
+    desktop->activate("first");
+    seen.expectFrontmost("first");
+    desktop->showSecondWorkspace();
+    seen.expectFrontmost("none");
+    const auto other = open("other");
+    seen.expectRunning({"first", "other"});
+    desktop->activate("other");
+    seen.expectFrontmost("other");
+    launch(seen, "first");
+    seen.expectFrontmost("first");
+    expectStarts(seen, "first", 0);
+}
+
+TEST_P(BringForwardTest, OfTwoWindowsTheOneUsedLastComes) {
+    const Leash leash(folder.path() / "leash");
+    install("two", noting("two", leash));
+    SeenWorkspace seen;
+    const auto old = open("two", "Old");
+    seen.expectRunning({"two"});
+    desktop->activate("two");
+    seen.expectFrontmost("two");
+    const auto other = open("other");
+    seen.expectRunning({"other", "two"});
+    desktop->activate("other");
+    seen.expectFrontmost("other");
+    const auto recent = open("two", "Recent");
+    if (GetParam().newWindow == NewWindow::comesForward) {
+        seen.expectFrontmost("two");
+        desktop->activate("other");
+        seen.expectFrontmost("other");
+        launch(seen, "two");
+        EXPECT_TRUE(ActiveTitle().becomes("Recent"));
+    } else {
+        launch(seen, "two");
+        seen.expectFrontmost("two");
+    }
+    expectStarts(seen, "two", 0);
+}
+
+TEST_P(BringForwardTest, OneThatHasEndedStartsAgain) {
+    SeenWorkspace seen;
+    const auto other = open("other");
+    {
+        const Leash leash(folder.path() / "leash");
+        install("launched", noting("launched", leash));
+        launch(seen, "launched");
+        seen.expectRunning({"launched", "other"});
+    }
+    seen.expectRunning({"other"});
+    const Leash leash(folder.path() / "leash");
+    launch(seen, "launched");
+    seen.expectRunning({"launched", "other"});
+    expectStarts(seen, "launched", 2);
+}
+
+TEST_P(BringForwardTest, OneInATerminalComesForwardWhereProcessesAreKnown) {
+    const Leash leash(folder.path() / "leash");
+    // It stands for whatever terminal GIO finds, and its window is its own.
+    const auto terminal = noting("terminal", leash);
+    std::filesystem::create_directory(folder.path() / "programs");
+    std::filesystem::create_symlink(terminal, folder.path() / "programs/xdg-terminal-exec");
+    std::filesystem::create_symlink(terminal, folder.path() / "programs/x-terminal-emulator");
+    const ScopedEnvironment path(
+        {{"PATH", (folder.path() / "programs").string() + ":" + std::getenv("PATH")}});
+    install("terminal", terminal);
+    install("in-terminal", "sh", "Terminal=true\n");
+    SeenWorkspace seen;
+    const auto other = open("other");
+    launch(seen, "in-terminal");
+    seen.expectRunning({"other", "terminal"});
+    desktop->activate("other");
+    seen.expectFrontmost("other");
+    if (GetParam().processes == Processes::known) {
+        launch(seen, "in-terminal");
+        seen.expectFrontmost("terminal");
+        expectStarts(seen, "terminal", 1);
+    } else {
+        launch(seen, "in-terminal");
+        EXPECT_TRUE(application::waitUntil([&] { return countOfStarts("terminal") == 2; }));
+    }
+    std::filesystem::remove_all(folder.path() / "programs");
+}
+
+INSTANTIATE_TEST_SUITE_P(On, BringForwardTest, testing::ValuesIn(allDesktops()), nameOf);
+
+} // namespace
+} // namespace glidemap::desktops

@@ -1,0 +1,37 @@
+// Keeps what a launched program reads from its standard input: it ends with the test, or earlier.
+//
+// Thread:  the test's.
+// Owner:   a test.
+// Errors:  a pipe that cannot be made is a failure of the test.
+#pragma once
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <utility>
+
+namespace glidemap::desktops {
+
+class Leash {
+public:
+    explicit Leash(std::filesystem::path at) : path(std::move(at)) {
+        EXPECT_EQ(mkfifo(path.c_str(), 0600), 0) << path;
+        descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    }
+    Leash(const Leash&) = delete;
+    Leash& operator=(const Leash&) = delete;
+    ~Leash() {
+        close(descriptor);
+        std::filesystem::remove(path);
+    }
+
+    const std::filesystem::path path;
+
+private:
+    int descriptor = -1;
+};
+
+} // namespace glidemap::desktops
