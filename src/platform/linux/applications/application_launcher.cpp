@@ -95,7 +95,13 @@ void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
         startProcess(launch->entry);
 }
 
+// The bus is waited for only where it is needed: a process starts without it.
 void begin(GDesktopAppInfo* entry, const std::string& url) {
+    if (url.empty() && !canBeActivated(entry)) {
+        startProcess(entry);
+        g_object_unref(entry);
+        return;
+    }
     const auto launch =
         std::make_shared<std::unique_ptr<Launch>>(std::make_unique<Launch>(entry, url));
     withSharedBus([launch](GDBusConnection* bus) { launchOn(bus, std::move(*launch)); });

@@ -35,11 +35,16 @@ struct Attempt {
     GSource* const limit;
 };
 
+// GIO's connection goes with its last user, and a new one costs a millisecond. On the one thread that
+// launches.
+GDBusConnection* kept = nullptr;
+
 void finished(GObject* /*source*/, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Attempt> attempt(static_cast<Attempt*>(data));
     GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
     if (bus != nullptr) { // the session's end is for the program to notice, not for GIO
         g_dbus_connection_set_exit_on_close(bus, FALSE);
+        g_set_object(&kept, bus);
     }
     attempt->then(bus);
     if (bus != nullptr) {
@@ -50,6 +55,9 @@ void finished(GObject* /*source*/, GAsyncResult* result, gpointer data) {
 } // namespace
 
 void withSharedBus(std::function<void(GDBusConnection* bus)> then) {
+    if (kept != nullptr && g_dbus_connection_is_closed(kept) != FALSE) {
+        g_clear_object(&kept); // else GIO would give it out again
+    }
     auto* const attempt = new Attempt(std::move(then));
     g_bus_get(G_BUS_TYPE_SESSION, attempt->cancellable, finished, attempt);
 }
