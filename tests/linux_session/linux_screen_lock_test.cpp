@@ -247,6 +247,23 @@ TEST_F(LinuxScreenLockTest, OneThatCanBeStartedIsStarted) {
     EXPECT_TRUE(std::filesystem::exists(locked));
 }
 
+TEST_F(LinuxScreenLockTest, NoScreenSaverOfAnotherDesktopIsStarted) {
+    const InEnvironment current("XDG_CURRENT_DESKTOP", "X-Other:MATE");
+    const test::TemporaryFolder folder;
+    const auto locked = folder.path() / "locked";
+    sessionBus.makeStartable("org.gnome.ScreenSaver",
+                             std::string(STARTABLE_SCREEN_SAVER) + " " + locked.string());
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+    EXPECT_FALSE(std::filesystem::exists(locked));
+}
+
+TEST_F(LinuxScreenLockTest, TheDesktopsOwnRunningScreenSaverIsAskedFirst) {
+    const InEnvironment current("XDG_CURRENT_DESKTOP", "MATE");
+    onSessionBus(gnome).refuse("Lock");
+    onSessionBus(screenSaver("org.mate.ScreenSaver", "/org/mate/ScreenSaver"));
+    EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
+}
+
 TEST_F(LinuxScreenLockTest, WithNobodyOnEitherBusTheCallerIsToldOnce) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }

@@ -1,9 +1,11 @@
 #include "platform/linux/session/linux_screen_lock.h"
 
+#include "platform/linux/session/environment.h"
 #include "platform/linux/session/screen_savers.h"
 
 #include <gio/gio.h>
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -79,13 +81,13 @@ private:
     // A service that can be started may belong to a desktop that is installed but not running, so
     // those that run come first.
     void askRunning(std::size_t index) {
-        if (index == screenSavers().size()) {
+        if (index == savers.size()) {
             startMissing(0);
             return;
         }
-        ask(screenSavers()[index], IfNotRunning::leave,
+        ask(savers[index], IfNotRunning::leave,
             [this, kept = alive(), index](const BusAnswer& answer) {
-                if (answer.nobodyThere) {
+                if (answer.nobodyThere && belongsTo(savers[index], currentDesktop)) {
                     missing.push_back(index);
                 }
                 if (answer.values == nullptr && !locked) {
@@ -99,7 +101,7 @@ private:
             mainQueue.submit(std::move(refused));
             return;
         }
-        ask(screenSavers()[missing[number]], IfNotRunning::start,
+        ask(savers[missing[number]], IfNotRunning::start,
             [this, kept = alive(), number](const BusAnswer& answer) {
                 if (answer.values == nullptr && !locked) {
                     startMissing(number + 1);
@@ -115,6 +117,8 @@ private:
 
     MainQueue& mainQueue;
     const LinuxScreenLock::Patience patience;
+    const std::string currentDesktop = fromEnvironment("XDG_CURRENT_DESKTOP");
+    const std::vector<ScreenSaver> savers = screenSaversFor(currentDesktop);
     std::function<void()> refused;
     bool locked = false;
     std::vector<std::size_t> missing;
