@@ -56,6 +56,7 @@ void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
 
 void ShortcutRecorderView::startRecording() {
     recording = true;
+    refusedKey = false;
     mayHoldKeys = true;
     keys->start([this](const KeyPresses::Press& press) { take(press); });
     retitle();
@@ -78,6 +79,8 @@ void ShortcutRecorderView::letGo() {
 
 void ShortcutRecorderView::take(const KeyPresses::Press& press) {
     if (!press.keyCode) {
+        refusedKey = true;
+        retitle();
         return;
     }
     // With Caps Lock on, Escape is not alone.
@@ -123,6 +126,9 @@ void ShortcutRecorderView::makeButtonWideEnough() {
 }
 
 QString ShortcutRecorderView::buttonText() const {
+    if (recording && refusedKey) {
+        return toQt(lang.choose("This key cannot be used (⎋ to cancel)", "无法使用此键（⎋ 取消）"));
+    }
     if (recording) {
         return toQt(lang.choose("Press a shortcut… (⎋ to cancel)", "请按下快捷键…（⎋ 取消）"));
     }

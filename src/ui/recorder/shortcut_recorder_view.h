@@ -57,6 +57,7 @@ private:
     QPushButton* button;
     std::optional<KeyShortcut> recorded;
     bool recording = false;
+    bool refusedKey = false;  // the last press was of a key that shortcuts cannot name
     bool mayHoldKeys = false; // has started since it let go last
     Subscription toLanguage;
 };

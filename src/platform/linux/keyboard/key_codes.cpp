@@ -110,13 +110,15 @@ constexpr KeyCodePair pairs[] = {
     {102, KEY_HANJA}, // to the left of the space bar, to Latin letters
     {103, KEY_F11},
     {104, KEY_HANGEUL}, // to its right, to Japanese ones
-    {105, KEY_F13},
+    // F13 to F15 are where other keyboards have Print, Scroll Lock and Pause, which shortcuts use;
+    // hardly a keyboard has keys with the words F13 to F15 on them.
+    {105, KEY_SYSRQ},
     {106, KEY_F16},
-    {107, KEY_F14},
+    {107, KEY_SCROLLLOCK},
     {109, KEY_F10},
     {110, KEY_COMPOSE}, // the context menu
     {111, KEY_F12},
-    {113, KEY_F15},
+    {113, KEY_PAUSE},
     // "Help" is where other keyboards have Insert, and both tell the machine the same. There is a
     // code for a key with the word Help on it, too, but hardly such a key; and a shortcut with
     // Insert could not be recorded.
