@@ -47,6 +47,10 @@ public:
 
     virtual void openMissionControl() = 0;
 
+    // False where the desktop is known to have no such view. It is looked for again with each call, in
+    // the background: what comes of that is what the next call returns.
+    virtual bool hasMissionControl() const { return true; }
+
     // By the user's own handler, such as the browser.
     virtual void openURL(const std::string& url) = 0;
 };

@@ -17,6 +17,9 @@ namespace glidemap::kit {
 
 class RecordingWorkspace : public Workspace {
 public:
+    bool hasOverview = true;
+    bool hasMissionControl() const override { return hasOverview; }
+
     void setFrontmost(Application application) { frontmost.set(std::move(application)); }
 
     Application frontmostApplication() const override {

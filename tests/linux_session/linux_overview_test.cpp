@@ -1,5 +1,6 @@
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
 #include "platform/linux/session/linux_overview.h"
@@ -7,7 +8,9 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <deque>
+#include <thread>
 
 namespace glidemap {
 namespace {
@@ -59,6 +62,14 @@ protected:
         Lines lines = journal.lines();
         std::erase_if(lines, [](const std::string& line) { return line.ends_with("nobody asks"); });
         return lines;
+    }
+
+    static bool becomes(bool wanted, LinuxOverview& overview) {
+        const auto deadline = std::chrono::steady_clock::now() + test::patience;
+        while (overview.mayBeThere() != wanted && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(10ms); // between two questions
+        }
+        return overview.mayBeThere() == wanted;
     }
 
     Journal journal;
@@ -130,6 +141,23 @@ TEST_F(LinuxOverviewTest, AShellWithoutTheViewLeavesItToTheNext) {
     onBus(kwin).answer("shortcutNames", names("(['Overview'],)"));
     EXPECT_EQ(toggle("kglobalaccel"),
               (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
+}
+
+TEST_F(LinuxOverviewTest, WhereThereIsNoneItIsKnownOnceLookedFor) {
+    LinuxOverview overview(desktop, 600s);
+    EXPECT_TRUE(overview.mayBeThere());
+    EXPECT_TRUE(becomes(false, overview));
+    onBus(gnome);
+    EXPECT_TRUE(becomes(true, overview));
+}
+
+TEST_F(LinuxOverviewTest, LookingForItShowsNothing) {
+    BusDouble& gnomeShell = onBus(gnome);
+    LinuxOverview overview(desktop, 600s);
+    overview.mayBeThere();
+    EXPECT_TRUE(journal.waitFor("Shell: nobody asks"));
+    EXPECT_FALSE(gnomeShell.property("OverviewActive"));
+    EXPECT_TRUE(overview.mayBeThere());
 }
 
 TEST_F(LinuxOverviewTest, OneThatGoesWaitsForNobody) {

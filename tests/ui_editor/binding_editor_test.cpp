@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -53,6 +54,20 @@ TEST_F(ABindingEditor, LockScreenAndMissionControlCanBeSavedAtOnce) {
         choose(ActionKind::keyboardShortcut);
         EXPECT_FALSE(saveButton().isEnabled());
     }
+}
+
+TEST_F(ABindingEditor, SaysWhereTheDesktopHasNoOverviewAndLetsItBeChosen) {
+    workspace.hasOverview = false;
+    open();
+    EXPECT_FALSE(shows("noOverview"));
+    choose(ActionKind::missionControl);
+    EXPECT_TRUE(shows("noOverview"));
+    EXPECT_EQ(part<QLabel>("noOverview").text(), "This desktop has no overview of all windows.");
+    EXPECT_TRUE(saveButton().isEnabled());
+    workspace.hasOverview = true;
+    choose(ActionKind::lockScreen);
+    choose(ActionKind::missionControl);
+    EXPECT_FALSE(shows("noOverview"));
 }
 
 TEST_F(ABindingEditor, AnActionOnAnAppNeedsTheApp) {

@@ -12,13 +12,16 @@
 
 namespace glidemap {
 
-ActionSection::ActionSection(BindingDraft& shown, const Workspace& workspace,
+ActionSection::ActionSection(BindingDraft& shown, const Workspace& desktop,
                              std::shared_ptr<KeyPresses> keys, Lang& language, QWidget* parent)
-    : FormSection(parent), draft(shown), lang(language), kinds(new Picker),
+    : FormSection(parent), draft(shown), workspace(desktop), lang(language), kinds(new Picker),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
       recorder(new ShortcutRecorderView(std::move(keys), language)),
-      target(new ApplicationPicker(workspace, language)),
-      targetLabel(new StyledLabel(TextStyle::body, Role::primary)) {
+      target(new ApplicationPicker(desktop, language)),
+      targetLabel(new StyledLabel(TextStyle::body, Role::primary)),
+      noOverview(new StyledLabel(TextStyle::caption, Role::secondary)) {
+    noOverview->setObjectName("noOverview");
+    noOverview->setWordWrap(true);
     kinds->setObjectName("actionPicker");
     target->setObjectName("launchPicker");
     for (const ActionKind kind : allActionKinds) {
@@ -35,6 +38,7 @@ void ActionSection::addRows() {
     constexpr QMargins ring(0, style::ringMargin, style::ringMargin, style::ringMargin);
     recorderPlace->layout()->setContentsMargins(recorderPlace->layout()->contentsMargins() - ring);
     targetPlace = addRow(targetLabel, target);
+    noOverviewPlace = addWidget(noOverview);
 }
 
 void ActionSection::listen() {
@@ -74,6 +78,10 @@ void ActionSection::refresh() {
     kinds->setCurrentIndex(static_cast<int>(draft.actionKind));
     recorder->setShortcut(draft.shortcut);
     target->setSelection(draft.launchTarget);
+    noOverview->setText(
+        toQt(lang.choose("This desktop has no overview of all windows.", "此桌面没有窗口总览。")));
+    noOverviewPlace->setVisible(draft.actionKind == ActionKind::missionControl &&
+                                !workspace.hasMissionControl());
     recorderPlace->setVisible(draft.actionKind == ActionKind::keyboardShortcut);
     targetPlace->setVisible(draft.actionKind == ActionKind::launchApp);
 }

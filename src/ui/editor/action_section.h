@@ -25,7 +25,7 @@ class ShortcutRecorderView;
 
 class ActionSection : public FormSection {
 public:
-    ActionSection(BindingDraft& shown, const Workspace& workspace, std::shared_ptr<KeyPresses> keys,
+    ActionSection(BindingDraft& shown, const Workspace& desktop, std::shared_ptr<KeyPresses> keys,
                   Lang& language, QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.
@@ -42,14 +42,17 @@ private:
     void edited();
 
     BindingDraft& draft;
+    const Workspace& workspace;
     Lang& lang;
     Picker* kinds;
     QLabel* kindsLabel;
     ShortcutRecorderView* recorder;
     ApplicationPicker* target;
     QLabel* targetLabel;
+    QLabel* noOverview; // where the desktop has none
     QWidget* recorderPlace = nullptr;
     QWidget* targetPlace = nullptr;
+    QWidget* noOverviewPlace = nullptr;
 };
 
 } // namespace glidemap

@@ -94,6 +94,10 @@ void LinuxWorkspace::openMissionControl() {
         panels.missionControl();
 }
 
+bool LinuxWorkspace::hasMissionControl() const {
+    return !panels.hasMissionControl || panels.hasMissionControl();
+}
+
 void LinuxWorkspace::openURL(const std::string& url) {
     if (url != accessibilitySettings)
         thread.submit([url] { launchHandler(url); });

@@ -27,6 +27,7 @@ public:
     // What the desktop has no handler for. Called on the main thread; may be empty.
     struct Panels {
         std::function<void()> missionControl = {};
+        std::function<bool()> hasMissionControl = {};
         std::function<void()> accessibilitySettings = {};
     };
 
@@ -41,6 +42,7 @@ public:
     std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
     void openApplication(const std::string& url) override;
     void openMissionControl() override;
+    bool hasMissionControl() const override;
     void openURL(const std::string& url) override;
 
 private:

@@ -24,6 +24,7 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
       workspace(std::make_shared<LinuxWorkspace>(
           desktop, desktopBackends(desktop),
           LinuxWorkspace::Panels{.missionControl = [this] { overview.toggle(); },
+                                 .hasMissionControl = [this] { return overview.mayBeThere(); },
                                  .accessibilitySettings =
                                      [this] {
                                          accessPrompt.ask();
@@ -34,6 +35,7 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
           makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread))),
       keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))),
       toSession(session->changes().subscribe({}, [this] { followSession(); })) {
+    overview.mayBeThere(); // looks for it
     // Before anybody types: a desktop takes a moment to notice a keyboard.
     followSession();
     accessPrompt.onAnswer = [this] {

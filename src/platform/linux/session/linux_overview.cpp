@@ -1,5 +1,7 @@
 #include "platform/linux/session/linux_overview.h"
 
+#include "core/log.h"
+
 #include <gio/gio.h>
 
 #include <array>
@@ -63,7 +65,11 @@ bool holds(GVariant* values, std::string_view wanted) {
 
 class OverviewErrand : public BusErrand {
 public:
-    using BusErrand::BusErrand;
+    enum class Purpose { look, toggle };
+
+    OverviewErrand(std::chrono::milliseconds patience, Purpose wanted,
+                   std::shared_ptr<std::atomic<bool>> foundOne)
+        : BusErrand(patience), purpose(wanted), found(std::move(foundOne)) {}
 
     void begin() override { askShell(0); }
 
@@ -81,7 +87,14 @@ private:
         call(ofShell(shell, "Get"), g_variant_new("(ss)", shell.interface, shownProperty),
              [this, kept = alive(), index](const BusAnswer& answer) {
                  const auto shown = booleanIn(answer.values);
-                 shown ? setShown(shells[index], !*shown) : askShell(index + 1);
+                 if (!shown) {
+                     askShell(index + 1);
+                     return;
+                 }
+                 found->store(true);
+                 if (purpose == Purpose::toggle) {
+                     setShown(shells[index], !*shown);
+                 }
              });
     }
 
@@ -95,12 +108,22 @@ private:
     // while it can draw the view.
     void askKWin() {
         call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusAnswer& answer) {
-            if (holds(answer.values, kwinShortcut)) {
+            const bool isThere = holds(answer.values, kwinShortcut);
+            found->store(isThere);
+            if (purpose == Purpose::look) {
+                return;
+            }
+            if (isThere) {
                 call(ofKWin("invokeShortcut"), g_variant_new("(s)", kwinShortcut),
                      [kept = alive()](const BusAnswer&) {});
+            } else {
+                logLine("services", "no overview is on the bus");
             }
         });
     }
+
+    const Purpose purpose;
+    const std::shared_ptr<std::atomic<bool>> found;
 };
 
 } // namespace
@@ -109,7 +132,13 @@ LinuxOverview::LinuxOverview(DesktopThread& desktop, std::chrono::milliseconds a
     : patience(answerWithin), errands(desktop) {}
 
 void LinuxOverview::toggle() {
-    errands.start(std::make_shared<OverviewErrand>(patience));
+    errands.start(
+        std::make_shared<OverviewErrand>(patience, OverviewErrand::Purpose::toggle, found));
+}
+
+bool LinuxOverview::mayBeThere() {
+    errands.start(std::make_shared<OverviewErrand>(patience, OverviewErrand::Purpose::look, found));
+    return found->load();
 }
 
 } // namespace glidemap

@@ -14,7 +14,9 @@
 
 #include "platform/linux/session/bus_errand.h"
 
+#include <atomic>
 #include <chrono>
+#include <memory>
 
 namespace glidemap {
 
@@ -26,8 +28,12 @@ public:
     // Does not wait.
     void toggle();
 
+    // False if none was there when it was last looked for. Looks for it again, in the background.
+    bool mayBeThere();
+
 private:
     const std::chrono::milliseconds patience;
+    std::shared_ptr<std::atomic<bool>> found = std::make_shared<std::atomic<bool>>(true);
     BusErrands errands;
 };
 
