@@ -1,6 +1,8 @@
 #include "bindings/binding_json.h"
 #include "bindings/binding_store.h"
+#include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/silent_socket.h"
 #include "platform/linux/diagnosis/diagnosis.h"
@@ -61,6 +63,21 @@ TEST_F(DiagnosisTest, HasEverySectionWithoutADisplayAndABus) {
           "\n  content: No such file or directory\n"}) {
         EXPECT_THAT(page, HasSubstr(line));
     }
+}
+
+TEST_F(DiagnosisTest, SaysWhichActionsHaveNoService) {
+    const std::string silent = diagnosisPage(facts());
+    EXPECT_THAT(silent, Not(HasSubstr("locking the screen")));
+    const desktops::PrivateBus bus;
+    const test::InEnvironment here("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str());
+    const test::InEnvironment too("DBUS_SYSTEM_BUS_ADDRESS", bus.address().c_str());
+    DiagnosisFacts patient = facts();
+    patient.patience = test::patience;
+    const std::string page = diagnosisPage(patient);
+    EXPECT_THAT(page,
+                HasSubstr("\n  locking the screen: no service for it: Control, Super and Q are "
+                          "typed instead\n"));
+    EXPECT_THAT(page, HasSubstr("\n  the overview: no service for it: nothing is shown\n"));
 }
 
 TEST_F(DiagnosisTest, MakesNothing) {

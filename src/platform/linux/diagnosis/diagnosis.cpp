@@ -16,6 +16,7 @@
 #include <sys/utsname.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -187,11 +188,25 @@ void addTouchpads(ReportPage& page) {
            &page);
 }
 
+// Says what happens where no service is there for an action; nothing where a bus keeps silent.
+void addAction(ReportPage& page, const char* action, std::span<const Service> services,
+               const Buses& buses, const char* otherwise) {
+    const bool allMissing = std::ranges::all_of(services, [&buses](const Service& service) {
+        return stateOf(service, buses) == "missing";
+    });
+    if (allMissing) {
+        page.fact(action, otherwise);
+    }
+}
+
 void addAllServices(ReportPage& page, const Buses& buses) {
     page.heading("Services");
     addServices(page, "status bar", statusBars, buses);
     addServices(page, "lock", locks, buses);
     addServices(page, "overview", overviews, buses);
+    addAction(page, "locking the screen", locks, buses,
+              "no service for it: Control, Super and Q are typed instead");
+    addAction(page, "the overview", overviews, buses, "no service for it: nothing is shown");
     addServices(page, "appearance", portals, buses);
 }
 
