@@ -31,15 +31,18 @@ using State = GnomeExtension::State;
 // As any program on the session's bus could ask.
 void expectThatNoOtherProgramIsTold(const GnomeShell& shell) {
     const ScopedEnvironment here(shell.environment());
-    const std::string command =
-        "gdbus call --session --dest org.gnome.Shell --object-path /org/glidemap/Windows "
-        "--method org.glidemap.Windows.GetWindows 2>&1";
-    FILE* const caller = popen(command.c_str(), "r");
-    ASSERT_NE(caller, nullptr);
-    std::array<char, 4096> buffer{};
-    const std::size_t size = fread(buffer.data(), 1, buffer.size(), caller);
-    EXPECT_NE(pclose(caller), 0);
-    EXPECT_THAT(std::string(buffer.data(), size), testing::HasSubstr("AccessDenied"));
+    for (const char* const method : {"GetWindows", "BringForward '[]'"}) {
+        const std::string command =
+            "gdbus call --session --dest org.gnome.Shell --object-path /org/glidemap/Windows "
+            "--method org.glidemap.Windows." +
+            std::string(method) + " 2>&1";
+        FILE* const caller = popen(command.c_str(), "r");
+        ASSERT_NE(caller, nullptr);
+        std::array<char, 4096> buffer{};
+        const std::size_t size = fread(buffer.data(), 1, buffer.size(), caller);
+        EXPECT_NE(pclose(caller), 0);
+        EXPECT_THAT(std::string(buffer.data(), size), testing::HasSubstr("AccessDenied"));
+    }
 }
 
 // One story, since a process has the shell's settings once, and a shell takes its time to start.
