@@ -3,6 +3,7 @@
 #include "platform/linux/applications/application_follower.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <future>
@@ -187,6 +188,15 @@ TEST_F(ApplicationFollowerTest, OtherThreadsReadWholeApplicationsWhileTheyChange
     over = true;
     reader.join();
     EXPECT_EQ(torn, 0);
+}
+
+TEST_F(ApplicationFollowerTest, ThisProgramIsNoneToChooseWhateverTheDesktopSaysAboutIt) {
+    open({window("editor"), window("Glidemap", getpid()), window("org.glidemap.Glidemap")});
+    EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
+    folder.install("org.glidemap.Glidemap", "Name=Glidemap\nExec=sh\n");
+    activate(window("org.glidemap.Glidemap", 3));
+    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // its own bindings go on as they are
+    EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
 }
 
 } // namespace

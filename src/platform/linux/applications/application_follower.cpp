@@ -1,10 +1,24 @@
 #include "platform/linux/applications/application_follower.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <set>
 #include <utility>
 
 namespace glidemap {
+
+namespace {
+
+constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
+
+// This program is an accessory and no application to choose, whatever a desktop says about its window: some tell no process,
+// others no identifier that has an entry.
+bool isOwn(const WindowIdentity& window, const Application& application) {
+    return window.process == getpid() || application.bundleID == ownIdentifier;
+}
+
+} // namespace
 
 ApplicationFollower::ApplicationFollower(DesktopThread& desktop, PublishedApplications& to,
                                          const ProcessReader& reader,
@@ -93,7 +107,7 @@ void ApplicationFollower::publishRunning() {
     std::vector<Application> running;
     for (const WindowIdentity& window : open) {
         const Application* const application = applicationOf(window);
-        if (application == ApplicationTable::unknown() ||
+        if (application == ApplicationTable::unknown() || isOwn(window, *application) ||
             std::find(told.begin(), told.end(), application) != told.end())
             continue;
         told.push_back(application);
