@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QRectF>
+#include <numbers>
 
 namespace glidemap::demo {
 
@@ -67,6 +68,11 @@ protected:
     ~Appearance() override { Theme::shared().pin({}); }
 };
 
+bool isCircle(GestureType gesture) {
+    return gesture == GestureType::drawCircle || gesture == GestureType::drawCircleClockwise ||
+           gesture == GestureType::drawCircleCounterclockwise;
+}
+
 using ThePad = Appearance;
 using TheTrail = Appearance;
 using TheRing = Appearance;
@@ -121,7 +127,9 @@ TEST_F(ThePad, IsAllThereIsBeforeAGestureBegins) {
     for (const GestureType gesture : allGestureTypes) {
         const QImage image = painted(gesture, 0, view);
         const QRectF pad = padIn(view.size);
-        EXPECT_EQ(inkWithin(image, pad.adjusted(10, 10, -10, -10)), 0) << rawValue(gesture);
+        if (!isCircle(gesture)) { // whose trail is a dot by then
+            EXPECT_EQ(inkWithin(image, pad.adjusted(10, 10, -10, -10)), 0) << rawValue(gesture);
+        }
         EXPECT_EQ(inkWithin(image, {0, 0, 105, 130}), 0) << rawValue(gesture);
         EXPECT_EQ(inkWithin(image, {295, 0, 105, 130}), 0) << rawValue(gesture);
     }
@@ -165,10 +173,28 @@ TEST_F(TheTrail, OfASwipeRunsFromItsStartToTheFingerWithRoundEnds) {
 
 TEST_F(TheTrail, IsNotThereBeforeTheFingersHaveMoved) {
     const View view = {{290, 200}};
-    for (const GestureType gesture : {GestureType::drawCircle, GestureType::threeFingerSwipeUp,
-                                      GestureType::edgeSwipeFromTop}) {
+    for (const GestureType gesture :
+         {GestureType::threeFingerSwipeUp, GestureType::edgeSwipeFromTop}) {
         const QImage image = painted(gesture, 0.05, view);
         EXPECT_EQ(inkWithin(image, padIn(view.size).adjusted(10, 10, -10, -10)), 0);
+    }
+}
+
+TEST_F(TheTrail, OfACircleIsADotOfItsOwnWidthUntilTheFingerMoves) {
+    for (const GestureType gesture : allGestureTypes) {
+        if (!isCircle(gesture)) {
+            continue;
+        }
+        for (const double ratio : {1.0, 2.0, 4.0}) {
+            const View view = {{290, 200}, ratio};
+            const QImage image = painted(gesture, 0.1, view); // no finger yet
+            const QPointF top = on(padIn(view.size), {0.5, 0.2});
+            const QPointF reach(4, 4);
+            constexpr double dot = std::numbers::pi * 1 * 1; // points by points
+            const double ink = inkWithin(image, {top - reach, top + reach}) / (ratio * ratio);
+            EXPECT_NEAR(ink, dot * 0.5, 0.15) << ratio;
+            EXPECT_EQ(inkWithin(image, {top + QPointF(-2, 3), top + QPointF(2, 10)}), 0) << ratio;
+        }
     }
 }
 
@@ -230,7 +256,8 @@ TEST_F(TheFingers, AreAsLargeAsTheirScaleSays) {
 
 TEST_F(TheFingers, FadeAndAreLeftOutOnceTheyAreAllButGone) {
     const View view = {{290, 200}};
-    const QPointF top = on(padIn(view.size), {0.5, 0.2});
+    const QPointF top =
+        on(padIn(view.size), {0.5, 0.2}) + QPointF(8, 0); // beside the dot of the trail
     const auto opacityOfFinger = [&](double t) {
         return opacityAt(painted(GestureType::drawCircle, t, view), top);
     };

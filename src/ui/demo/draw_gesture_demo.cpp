@@ -15,6 +15,7 @@ namespace {
 
 constexpr double aspect = 1.45; // of the pad, width to height
 constexpr double faintest = 0.01;
+constexpr double trailWidth = 2;
 
 QPen penOf(Role role, double opacity, double width) {
     return {Theme::shared().color(role, opacity), width, Qt::SolidLine, Qt::RoundCap,
@@ -35,11 +36,9 @@ void drawPad(QPainter& painter, const QRectF& pad) {
         continuousRectangle(pad.adjusted(half, half, -half, -half), 0.14 * pad.height() - half));
 }
 
-// A finger that has not moved yet leaves no mark: the loop begins with an empty pad.
+// Points that all coincide are a dot: a line of no length with its round ends.
 void drawTrail(QPainter& painter, const QRectF& pad, const std::vector<Point>& trail) {
-    const bool moved = std::any_of(trail.begin(), trail.end(),
-                                   [&](const Point& point) { return point != trail.front(); });
-    if (!moved) {
+    if (trail.size() < 2) {
         return;
     }
     QPolygonF line;
@@ -48,8 +47,12 @@ void drawTrail(QPainter& painter, const QRectF& pad, const std::vector<Point>& t
         line.append(onThePad(pad, point));
     }
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(penOf(Role::secondary, 0.5, 2));
-    painter.drawPolyline(line);
+    painter.setPen(penOf(Role::secondary, 0.5, trailWidth));
+    if (std::ranges::all_of(trail, [&](const Point& point) { return point == trail.front(); })) {
+        painter.drawPoint(line.front());
+    } else {
+        painter.drawPolyline(line);
+    }
 }
 
 void drawRing(QPainter& painter, const QRectF& pad, const Ring& ring) {
