@@ -4,11 +4,13 @@
 
 #include <gmock/gmock.h>
 
+#include <QAction>
 #include <QImage>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTest>
 #include <set>
 
 namespace glidemap {
@@ -201,6 +203,24 @@ TEST_F(SheetTest, goesWithItsWindow) {
     hanging->present();
     delete window;
     EXPECT_EQ(hanging, nullptr);
+}
+
+// Such as the one that ends the program: the window itself hears no keys while it waits.
+TEST_F(SheetTest, TheKeysOfItsWindowsActionsWorkInIt) {
+    QAction quit;
+    quit.setShortcut(QKeySequence("Ctrl+Q"));
+    int quits = 0;
+    QObject::connect(&quit, &QAction::triggered, &quit, [&quits] { ++quits; });
+    stage.addAction(&quit);
+    present();
+    QTest::keyClick(sheet->windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(quits, 1);
+    sheet->dismiss();
+    EXPECT_TRUE(hasGone());
+    stage.activateWindow();
+    EXPECT_TRUE(test::waitForWindowActive(&stage));
+    QTest::keyClick(stage.windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(quits, 2);
 }
 
 } // namespace

@@ -88,6 +88,7 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     scroller->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
     adoptDefaultButton(*content);
+    addActions(owner()->actions()); // the window's own hear no keys while it waits
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {
