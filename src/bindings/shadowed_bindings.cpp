@@ -1,0 +1,33 @@
+#include "bindings/shadowed_bindings.h"
+
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <variant>
+
+namespace glidemap {
+
+namespace {
+
+// What a match goes by: of an application its identifier alone.
+using Place = std::pair<GestureType, std::optional<std::string>>;
+
+Place placeOf(const GestureBinding& binding) {
+    const auto* const app = std::get_if<AppScope>(&binding.scope);
+    return {binding.gesture, app != nullptr ? std::optional(app->bundleID) : std::nullopt};
+}
+
+} // namespace
+
+std::vector<bool> shadowedBindings(const BindingList& bindings) {
+    std::set<Place> taken;
+    std::vector<bool> shadowed;
+    shadowed.reserve(bindings.size());
+    for (const GestureBinding& binding : bindings) {
+        shadowed.push_back(binding.enabled && !taken.insert(placeOf(binding)).second);
+    }
+    return shadowed;
+}
+
+} // namespace glidemap

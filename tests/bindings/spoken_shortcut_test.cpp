@@ -1,0 +1,53 @@
+#include "bindings/spoken_shortcut.h"
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+
+namespace glidemap {
+namespace {
+
+constexpr std::uint64_t all =
+    modifier::shift | modifier::control | modifier::option | modifier::command;
+
+std::string spoken(const KeyShortcut& shortcut, KeyboardKind kind, const char* code = "en") {
+    Lang lang{nullptr};
+    lang.setCode(code);
+    return spokenShortcut(shortcut, lang, kind);
+}
+
+TEST(SpokenShortcut, IsInTheKeyboardsOwnWords) {
+    const KeyShortcut right{.keyCode = 124, .modifiers = modifier::option | modifier::command};
+    EXPECT_EQ(spoken(right, KeyboardKind::apple), "Option Command Right Arrow");
+    EXPECT_EQ(spoken(right, KeyboardKind::apple, "zh"), "Option Command 右箭头");
+    EXPECT_EQ(spoken(right, KeyboardKind::pc), "Alt Super Right Arrow");
+    EXPECT_EQ(spoken({.keyCode = 40, .modifiers = all}, KeyboardKind::pc),
+              "Ctrl Alt Shift Super K");
+    EXPECT_EQ(spoken({.keyCode = 53, .modifiers = 0}, KeyboardKind::apple), "Escape");
+}
+
+TEST(SpokenShortcut, TheModifiersAloneAreInTheOrderOfAShortcut) {
+    EXPECT_EQ(modifierSymbols(all), "⌃⌥⇧⌘");
+    EXPECT_EQ(modifierSymbols(0), "");
+    EXPECT_EQ(modifierSymbols(all) + "K",
+              (KeyShortcut{.keyCode = 40, .modifiers = all}).displayString());
+}
+
+// A sign is read as nothing, or as something else.
+TEST(SpokenShortcut, EveryKeyHasAWord) {
+    for (std::uint16_t key = 0; key <= 127; ++key) {
+        for (const char letter : spoken({.keyCode = key, .modifiers = 0}, KeyboardKind::apple)) {
+            EXPECT_TRUE(std::isalnum(static_cast<unsigned char>(letter)) || letter == ' ') << key;
+        }
+    }
+}
+
+TEST(SpokenShortcut, IsWrittenForKeyboardsThatDoNotBearTheSymbols) {
+    const KeyShortcut right{.keyCode = 124,
+                            .modifiers = modifier::control | modifier::option | modifier::command};
+    EXPECT_EQ(writtenShortcut(right, KeyboardKind::pc), "Ctrl+Alt+Super+→");
+    EXPECT_EQ(writtenShortcut(right, KeyboardKind::apple), "");
+}
+
+} // namespace
+} // namespace glidemap
