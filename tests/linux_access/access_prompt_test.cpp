@@ -8,6 +8,7 @@
 
 #include <fstream>
 #include <memory>
+#include <utility>
 
 namespace glidemap {
 namespace {
@@ -67,14 +68,45 @@ TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
     EXPECT_EQ(heard, 1);
 }
 
-TEST_F(AccessPromptTest, WhatCannotBeAskedCanBeAskedAgain) {
+TEST_F(AccessPromptTest, WhatCannotBeAskedHasFailedAndCanBeAskedAgain) {
     const auto made = prompt({"/nowhere/at/all"});
+    EXPECT_FALSE(made->hasFailed());
     made->ask();
     queue->runAll();
+    EXPECT_TRUE(made->hasFailed());
+    EXPECT_EQ(heard, 1);
     made->ask();
     EXPECT_EQ(queue->waiting(), 1U);
     queue->runAll();
-    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(heard, 2);
+}
+
+TEST_F(AccessPromptTest, AnAnswerThatIsNotAcceptedHasFailedUnlessTheQuestionWasDismissed) {
+    const std::pair<const char*, bool> ends[] = {
+        {"exit 127", true}, {"exit 126", false}, {"exit 0", false}};
+    for (const auto& [script, hasFailed] : ends) {
+        const auto made = prompt({"/bin/sh", "-c", script});
+        made->ask();
+        queue->runNext();
+        queue->waitForOne();
+        queue->runAll();
+        EXPECT_EQ(made->hasFailed(), hasFailed) << script;
+    }
+}
+
+TEST_F(AccessPromptTest, AQuestionWaitsUntilThePersonCanReadWhatItIsAbout) {
+    const auto made = prompt(command());
+    made->waitUntilReady();
+    made->ask();
+    made->ask();
+    EXPECT_EQ(queue->waiting(), 0U);
+    made->ready();
+    made->ready();
+    EXPECT_EQ(queue->waiting(), 1U);
+    queue->runAll();
+    answer();
+    queue->waitForOne();
+    EXPECT_EQ(test::contentOf(asked), "x");
 }
 
 // At the start of the program a window is being opened.

@@ -19,6 +19,7 @@
 #include <future>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace glidemap {
@@ -33,20 +34,21 @@ std::vector<std::string> shell(const std::string& script) {
 // Waits for the prompt's end. The prompt's thread may still be in the call when the test is over.
 class End {
 public:
-    std::function<void()> tell() const {
-        return [told = promise] {
-            told->set_value();
+    std::function<void(int)> tell() const {
+        return [told = promise](int exitCode) {
+            told->set_value(exitCode);
         };
     }
 
     bool hasCome() { return future.wait_for(std::chrono::seconds(0)) == ready; }
     bool comes() { return future.wait_for(test::patience) == ready; }
+    int exitCode() { return future.get(); }
 
 private:
     static constexpr auto ready = std::future_status::ready;
 
-    std::shared_ptr<std::promise<void>> promise = std::make_shared<std::promise<void>>();
-    std::future<void> future = promise->get_future();
+    std::shared_ptr<std::promise<int>> promise = std::make_shared<std::promise<int>>();
+    std::future<int> future = promise->get_future();
 };
 
 // What a script writes to the pipe until it ends.
@@ -165,10 +167,13 @@ TEST(GrantPromptTest, ItDoesNotWaitForTheUser) {
 }
 
 TEST(GrantPromptTest, WhateverTheAnswerItIsToldOnceAndNothingIsLeftBehind) {
-    for (const char* script : {"exit 0", "exit 126", "kill -9 $$"}) {
+    const std::pair<const char*, int> answers[] = {
+        {"exit 0", 0}, {"exit 126", 126}, {"exit 127", notAsked}, {"kill -9 $$", notAsked}};
+    for (const auto& [script, exitCode] : answers) {
         End end; // told twice, it would throw
         ASSERT_TRUE(startGrantPrompt(shell(script), end.tell()));
-        EXPECT_TRUE(end.comes()) << script;
+        ASSERT_TRUE(end.comes()) << script;
+        EXPECT_EQ(end.exitCode(), exitCode) << script;
     }
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
@@ -176,8 +181,9 @@ TEST(GrantPromptTest, WhateverTheAnswerItIsToldOnceAndNothingIsLeftBehind) {
 
 TEST(GrantPromptTest, WhatIsNotThereIsNotStarted) {
     bool isFinished = false;
-    EXPECT_FALSE(startGrantPrompt({"/no/such/pkexec"}, [&] { isFinished = true; }));
-    EXPECT_FALSE(startGrantPrompt({}, [&] { isFinished = true; }));
+    EXPECT_FALSE(
+        startGrantPrompt({"/no/such/pkexec"}, [&](int /*exitCode*/) { isFinished = true; }));
+    EXPECT_FALSE(startGrantPrompt({}, [&](int /*exitCode*/) { isFinished = true; }));
     EXPECT_FALSE(isFinished);
 }
 

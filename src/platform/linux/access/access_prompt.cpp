@@ -11,9 +11,18 @@ AccessPrompt::AccessPrompt(std::shared_ptr<MainQueue> queue, std::vector<std::st
       life(std::make_shared<AccessPrompt*>(this)) {}
 
 void AccessPrompt::ask() {
-    if (std::exchange(isAsking, true)) {
-        return;
+    if (!std::exchange(isAsking, true) && isReady) {
+        submit();
     }
+}
+
+void AccessPrompt::ready() {
+    if (!std::exchange(isReady, true) && isAsking) {
+        submit();
+    }
+}
+
+void AccessPrompt::submit() {
     mainQueue->submit([weak = std::weak_ptr(life)] {
         if (const auto alive = weak.lock()) {
             (*alive)->start();
@@ -22,17 +31,22 @@ void AccessPrompt::ask() {
 }
 
 void AccessPrompt::start() {
-    isAsking = startGrantPrompt(command, [queue = mainQueue, weak = std::weak_ptr(life)] {
-        queue->submit([weak] {
-            if (const auto alive = weak.lock()) {
-                (*alive)->answered();
-            }
+    const bool hasStarted =
+        startGrantPrompt(command, [queue = mainQueue, weak = std::weak_ptr(life)](int exitCode) {
+            queue->submit([weak, exitCode] {
+                if (const auto alive = weak.lock()) {
+                    (*alive)->answered(exitCode);
+                }
+            });
         });
-    });
+    if (!hasStarted) {
+        answered(notAsked);
+    }
 }
 
-void AccessPrompt::answered() {
+void AccessPrompt::answered(int exitCode) {
     isAsking = false;
+    failed = exitCode == notAsked;
     if (onAnswer) {
         onAnswer();
     }

@@ -70,9 +70,13 @@ bool isOnlyRootsItself(const std::filesystem::path& file) {
            (geteuid() == 0 || faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0);
 }
 
-void waitFor(pid_t process) {
-    while (waitpid(process, nullptr, 0) < 0 && errno == EINTR) {
-    }
+int exitCodeOf(pid_t process) {
+    int status = 0;
+    pid_t ended = -1;
+    do {
+        ended = waitpid(process, &status, 0);
+    } while (ended < 0 && errno == EINTR);
+    return ended == process && WIFEXITED(status) ? WEXITSTATUS(status) : notAsked;
 }
 
 } // namespace
@@ -107,16 +111,17 @@ bool isOnlyRoots(std::filesystem::path file) {
     return false;
 }
 
-bool startGrantPrompt(const std::vector<std::string>& command, std::function<void()> finished) {
+bool startGrantPrompt(const std::vector<std::string>& command,
+                      std::function<void(int exitCode)> finished) {
     const pid_t process = command.empty() ? -1 : spawn(command);
     if (process < 0) {
         return false;
     }
     std::thread([process, finished = std::move(finished)] {
         nameThread("glidemap-prompt");
-        waitFor(process);
+        const int exitCode = exitCodeOf(process);
         if (finished) {
-            finished();
+            finished(exitCode);
         }
     }).detach();
     return true;

@@ -23,7 +23,12 @@ std::vector<std::string> grantAccessCommand(const std::filesystem::path& program
 // path is absolute and has no links.
 bool isOnlyRoots(std::filesystem::path file);
 
-// False if the command could not be started; `finished` is not called then.
-bool startGrantPrompt(const std::vector<std::string>& command, std::function<void()> finished = {});
+// What the command ends with where nobody could be asked, or the answer was not accepted; pkexec's own.
+constexpr int notAsked = 127;
+
+// False if the command could not be started; `finished` is not called then. It gets what the command has ended with, and
+// `notAsked` if a signal has ended it.
+bool startGrantPrompt(const std::vector<std::string>& command,
+                      std::function<void(int exitCode)> finished = {});
 
 } // namespace glidemap
