@@ -1,6 +1,7 @@
 #include "kit/qt_waiting.h"
 #include "kit/recording_workspace.h"
 #include "ui/editor/application_picker.h"
+#include "ui/editor/running_apps.h"
 
 #include <gmock/gmock.h>
 
@@ -49,7 +50,7 @@ protected:
 
     kit::RecordingWorkspace workspace;
     Lang lang{nullptr};
-    ApplicationPicker picker{workspace, lang};
+    ApplicationPicker picker{workspace, runningApps, lang};
     std::vector<std::string> picked;
 };
 

@@ -1,11 +1,15 @@
 #include "editor_stage.h"
 #include "kit/qt_waiting.h"
+#include "ui/controls/form_section.h"
 
 #include <gmock/gmock.h>
 
+#include <QImage>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <cstdlib>
+#include <vector>
 
 namespace glidemap {
 
@@ -430,6 +434,66 @@ TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
             }
         }
     }
+}
+
+TEST_F(ABindingEditor, ADisabledButtonSaysWhatIsMissing) {
+    open();
+    const auto missing = [&] {
+        EXPECT_EQ(saveButton().toolTip(), saveButton().accessibleDescription());
+        EXPECT_EQ(saveButton().isEnabled(), saveButton().toolTip().isEmpty());
+        return saveButton().toolTip();
+    };
+    EXPECT_EQ(missing(), "Record a shortcut first");
+    choose(ActionKind::launchApp);
+    EXPECT_EQ(missing(), "Choose the app to open first");
+    picker("launchPicker").setCurrentIndex(1);
+    EXPECT_EQ(missing(), "");
+    choose(ScopeKind::app);
+    EXPECT_EQ(missing(), "Choose the app that the binding is for first");
+    Lang::shared().setCode("zh");
+    EXPECT_EQ(missing(), "请先选择绑定在哪个 App 中生效");
+}
+
+TEST_F(ABindingEditor, WhatStandsForNoApplicationIsInThePlaceholdersColor) {
+    open();
+    choose(ActionKind::launchApp);
+    const auto textColors = [&](QComboBox& of) {
+        const QImage picture = of.grab().toImage();
+        int primary = 0;
+        for (int x = 0; x < picture.width() - 40; ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                primary += picture.pixelColor(x, y) == Theme::shared().color(Role::primary) ? 1 : 0;
+            }
+        }
+        return primary;
+    };
+    EXPECT_EQ(textColors(picker("launchPicker")), 0);
+    picker("launchPicker").setCurrentIndex(1);
+    EXPECT_GT(textColors(picker("launchPicker")), 0);
+}
+
+// Between the sections and below the last one alike.
+TEST_F(ABindingEditor, SpareHeightIsSpread) {
+    open();
+    choose(ActionKind::lockScreen);
+    const auto places = [&] {
+        std::vector<QRect> found;
+        for (const char* const inside : {"gesturePicker", "actionPicker", "scopePicker"}) {
+            QWidget* section = &part(inside);
+            while (dynamic_cast<FormSection*>(section) == nullptr) {
+                section = section->parentWidget();
+            }
+            found.push_back(section->geometry());
+        }
+        return found;
+    };
+    const auto spread = [&] {
+        const auto sections = places();
+        const int first = sections[1].top() - sections[0].bottom();
+        const int second = sections[2].top() - sections[1].bottom();
+        return std::abs(first - second) <= 1 && first > 14;
+    };
+    EXPECT_TRUE(test::waitFor(spread));
 }
 
 } // namespace

@@ -46,7 +46,8 @@ protected:
 
     EditorStage() {
         Theme::shared().applyTo(*qApp);
-        workspace.running = {{"mail", "Mail"}, {"files", "Files"}};
+        workspace.running = {{"mail", "Mail"}, {"files", "Files"}, {"XClock", "XClock"}};
+        workspace.urls = {{"mail", "file:///mail"}, {"files", "file:///files"}};
     }
 
     void open(std::optional<GestureBinding> existing = std::nullopt) {

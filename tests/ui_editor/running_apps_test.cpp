@@ -62,6 +62,15 @@ TEST(RunningApps, DuplicatesStay) {
     EXPECT_THAT(listed({{"a", "App"}, {"a", "App"}}), ElementsAre("App (a)", "App (a)"));
 }
 
+TEST(RunningApps, OnlyThoseThatAreInstalledCanBeLaunched) {
+    kit::RecordingWorkspace workspace;
+    workspace.running = {{"mail", "Mail"}, {"XClock", "xclock"}, {"files", "Files"}};
+    workspace.urls = {{"mail", "file:///mail"}, {"files", "file:///files"}};
+    const auto offered = launchableApps(workspace);
+    EXPECT_THAT(offered, ElementsAre(RunningApp{"files", "Files"}, RunningApp{"mail", "Mail"}));
+    EXPECT_EQ(runningApps(workspace).size(), 3U);
+}
+
 } // namespace
 
 } // namespace glidemap

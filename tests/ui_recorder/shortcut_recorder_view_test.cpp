@@ -1,3 +1,4 @@
+#include "bindings/spoken_shortcut.h"
 #include "key_log.h"
 #include "kit/find_widget.h"
 #include "kit/qt_waiting.h"
@@ -6,10 +7,13 @@
 #include "platform/linux/keyboard/key_codes.h"
 #include "ui/recorder/shortcut_recorder_view.h"
 #include "ui/recorder/toolkit_key_presses.h"
+#include "ui/theme/style/paint.h"
+#include "ui/theme/theme.h"
 
 #include <gmock/gmock.h>
 #include <linux/input-event-codes.h>
 
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -18,6 +22,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace glidemap {
@@ -51,6 +56,7 @@ struct Held {
 class Recorder : public testing::Test {
 protected:
     Recorder() {
+        Theme::shared().applyTo(*qApp);
         recorder = new ShortcutRecorderView(keys, lang);
         auto* column = new QVBoxLayout(&window);
         column->addWidget(recorder);
@@ -363,7 +369,9 @@ TEST_F(Recorder, SaysWhatItDoesInBothLanguagesAtOnce) {
     const auto expectTexts = [&](const char* labelText, const char* buttonText) {
         EXPECT_EQ(recorder->findChild<QLabel*>()->text(), labelText);
         EXPECT_EQ(button().text(), buttonText);
-        EXPECT_EQ(button().accessibleName(), buttonText);
+        const bool showsShortcut = std::string_view(buttonText) == "⌥⌘→";
+        EXPECT_EQ(button().accessibleName(),
+                  showsShortcut ? "Option Command Right Arrow" : buttonText);
     };
     expectTexts("Shortcut", "Click to record");
     lang.setCode("zh");
@@ -390,16 +398,85 @@ TEST_F(Recorder, SettingAShortcutAnnouncesNothing) {
     EXPECT_EQ(button().text(), "⌥⌘→");
 }
 
+// Of the button itself goes off its padding on both sides, and the room for the ring of the focus.
 TEST_F(Recorder, TheButtonsLabelIsAtLeast160PointsWide) {
-    EXPECT_GE(button().width(), 160);
+    constexpr int aroundLabel = 2 * (14 + style::ringMargin);
+    EXPECT_GE(button().width(), 160 + aroundLabel);
     lang.setCode("zh");
-    EXPECT_GE(button().minimumWidth(), 160);
+    EXPECT_GE(button().minimumWidth(), 160 + aroundLabel);
     recorder->setShortcut(KeyShortcut{.keyCode = 0, .modifiers = 0});
-    EXPECT_GE(button().minimumWidth(), 160);
+    EXPECT_GE(button().minimumWidth(), 160 + aroundLabel);
+}
+
+TEST_F(Recorder, TheButtonKeepsOneWidthWhateverItSays) {
+    for (const char* const code : {"en", "zh"}) {
+        lang.setCode(code);
+        const int width = button().minimumWidth();
+        recorder->startRecording();
+        EXPECT_EQ(button().minimumWidth(), width) << code;
+        EXPECT_GE(width, button().sizeHint().width()) << code;
+        recorder->setShortcut(before);
+        recorder->stopRecording();
+        EXPECT_EQ(button().minimumWidth(), width) << code;
+        recorder->setShortcut(std::nullopt);
+    }
 }
 
 TEST_F(Recorder, TheLabelBelongsToTheButton) {
     EXPECT_EQ(recorder->findChild<QLabel*>()->buddy(), &button());
+}
+
+TEST_F(Recorder, ShowsTheModifiersAsTheyAreHeld) {
+    const Key control{KEY_LEFTCTRL, Qt::Key_Control};
+    const Key alt{KEY_LEFTALT, Qt::Key_Alt};
+    click();
+    typist.press(control); // the event does not count the key itself
+    EXPECT_EQ(button().text(), "⌃…");
+    typist.modifiers = Qt::ControlModifier;
+    typist.press(alt);
+    EXPECT_EQ(button().text(), "⌃⌥…");
+    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // the event counts it still
+    typist.release(control);
+    EXPECT_EQ(button().text(), "⌥…");
+    typist.modifiers = Qt::AltModifier;
+    typist.release(alt);
+    EXPECT_EQ(button().text(), "Press a shortcut… (⎋ to cancel)");
+    typist.modifiers = {};
+    typist.type(a);
+    EXPECT_EQ(button().text(), "A");
+}
+
+TEST_F(Recorder, WearsTheAccentAsRingAndTintWhileItRecords) {
+    const auto countAccent = [&] {
+        const QImage picture = button().grab().toImage();
+        const QColor accent = Theme::shared().color(Role::accent);
+        int count = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                count += picture.pixelColor(x, y) == accent ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    button().clearFocus();
+    EXPECT_EQ(countAccent(), 0);
+    const QColor quiet = button().grab().toImage().pixelColor(12, button().height() / 2);
+    recorder->startRecording();
+    EXPECT_GT(countAccent(), 200);
+    EXPECT_NE(button().grab().toImage().pixelColor(12, button().height() / 2), quiet);
+    recorder->stopRecording();
+    EXPECT_EQ(countAccent(), 0);
+}
+
+TEST_F(Recorder, IsReadAloudInWords) {
+    recorder->setShortcut(before);
+    EXPECT_EQ(button().accessibleName(), "Option Command Right Arrow");
+    EXPECT_EQ(button().toolTip(), "");
+    setUsualKeyboard(KeyboardKind::pc);
+    recorder->setShortcut(before);
+    EXPECT_EQ(button().accessibleName(), "Alt Super Right Arrow");
+    EXPECT_EQ(button().toolTip(), "Alt+Super+→");
+    setUsualKeyboard(KeyboardKind::apple);
 }
 
 } // namespace

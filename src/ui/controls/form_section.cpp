@@ -1,5 +1,6 @@
 #include "ui/controls/form_section.h"
 
+#include "ui/controls/accessible_role.h"
 #include "ui/controls/styled_label.h"
 #include "ui/theme/style/paint.h"
 
@@ -89,6 +90,7 @@ private:
 FormSection::FormSection(QWidget* parent)
     : QWidget(parent), heading(new StyledLabel(TextStyle::bodyMedium, Role::secondary, this)),
       card(new Card(this)), rows(new QVBoxLayout(card)) {
+    presentAs<FormSection, QAccessible::Grouping>();
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(0);
     auto* column = new QVBoxLayout(this);

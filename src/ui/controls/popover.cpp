@@ -1,9 +1,9 @@
 #include "ui/controls/popover.h"
 
+#include "ui/controls/accessible_role.h"
 #include "ui/theme/style/paint.h"
 #include "ui/theme/style/shadow.h"
 
-#include <QAccessibleWidget>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -41,19 +41,6 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
     arrow.lineTo(arrowX + popoverArrowHalfWidth, inward);
     arrow.closeSubpath();
     return body.united(arrow);
-}
-
-QAccessibleInterface* accessiblePopover(const QString& /*className*/, QObject* object) {
-    auto* const popover = dynamic_cast<Popover*>(object);
-    return popover == nullptr ? nullptr : new QAccessibleWidget(popover, QAccessible::Dialog);
-}
-
-// To a screen reader a frame of the toolkit is a border or a panel, which says nothing about a card with controls in it.
-void presentPopoversAsDialogs() {
-    [[maybe_unused]] static const bool isInstalled = [] {
-        QAccessible::installFactory(accessiblePopover);
-        return true;
-    }();
 }
 
 } // namespace
@@ -106,7 +93,7 @@ private:
 
 Popover::Popover(QWidget* anchor, QWidget* content)
     : QWidget(anchor->window()), hangsFrom(anchor), backdrop(new Backdrop(anchor->window())) {
-    presentPopoversAsDialogs();
+    presentAs<Popover, QAccessible::Dialog>(); // a card with controls in it
     auto* layout = new QVBoxLayout(this);
     constexpr int withinInset = padding - inset;
     layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);

@@ -1,8 +1,9 @@
 #include "ui/editor/action_section.h"
 
+#include "ui/controls/picker.h"
 #include "ui/controls/styled_label.h"
 #include "ui/editor/application_picker.h"
-#include "ui/editor/picker.h"
+#include "ui/editor/running_apps.h"
 #include "ui/recorder/shortcut_recorder_view.h"
 #include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
@@ -17,7 +18,7 @@ ActionSection::ActionSection(BindingDraft& shown, const Workspace& desktop,
     : FormSection(parent), draft(shown), workspace(desktop), lang(language), kinds(new Picker),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
       recorder(new ShortcutRecorderView(std::move(keys), language)),
-      target(new ApplicationPicker(desktop, language)),
+      target(new ApplicationPicker(desktop, launchableApps, language)),
       targetLabel(new StyledLabel(TextStyle::body, Role::primary)),
       noOverview(new StyledLabel(TextStyle::caption, Role::secondary)) {
     noOverview->setObjectName("noOverview");

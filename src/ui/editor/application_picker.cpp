@@ -1,19 +1,20 @@
 #include "ui/editor/application_picker.h"
 
-#include "ui/editor/running_apps.h"
 #include "ui/theme/text.h"
 
 #include <QKeyEvent>
 #include <QListView>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
+#include <QStyleOptionComboBox>
 #include <algorithm>
 #include <utility>
 
 namespace glidemap {
 
-ApplicationPicker::ApplicationPicker(const Workspace& asked, Lang& language, QWidget* parent)
-    : Picker(parent), workspace(asked), lang(language) {
+ApplicationPicker::ApplicationPicker(const Workspace& asked, Offer offered, Lang& language,
+                                     QWidget* parent)
+    : Picker(parent), workspace(asked), offer(std::move(offered)), lang(language) {
     reload();
     connect(this, &QComboBox::currentIndexChanged, this, [this](int index) { pick(index); });
     toLanguage = lang.changes().subscribe({}, [this] { reload(); });
@@ -28,9 +29,10 @@ void ApplicationPicker::setSelection(std::optional<RunningApp> selection) {
 
 void ApplicationPicker::reload() {
     const QSignalBlocker quiet(this);
-    apps = runningApps(workspace);
+    apps = offer(workspace);
     clear();
     addItem(toQt(lang.choose("Choose an app", "选择 App")));
+    setItemData(0, palette().brush(QPalette::PlaceholderText), Qt::ForegroundRole);
     for (const RunningApp& app : apps) {
         addItem(toQt(app.name));
     }
@@ -65,6 +67,15 @@ void ApplicationPicker::pick(int index) {
     selected = index == 0 ? std::nullopt : std::optional(apps[static_cast<std::size_t>(index - 1)]);
     if (onPick) {
         onPick(selected);
+    }
+}
+
+// What stands for none is no choice, and does not look like one.
+void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
+    Picker::initStyleOption(option);
+    if (currentIndex() == 0) {
+        option->palette.setBrush(QPalette::ButtonText,
+                                 option->palette.brush(QPalette::PlaceholderText));
     }
 }
 

@@ -10,7 +10,7 @@
 
 #include "core/lang.h"
 #include "dispatch/workspace.h"
-#include "ui/editor/picker.h"
+#include "ui/controls/picker.h"
 #include "ui/editor/running_app.h"
 
 #include <functional>
@@ -21,7 +21,11 @@ namespace glidemap {
 
 class ApplicationPicker : public Picker {
 public:
-    ApplicationPicker(const Workspace& asked, Lang& language, QWidget* parent = nullptr);
+    // Which applications are offered, as the workspace knows them now.
+    using Offer = std::function<std::vector<RunningApp>(const Workspace&)>;
+
+    ApplicationPicker(const Workspace& asked, Offer offered, Lang& language,
+                      QWidget* parent = nullptr);
 
     void setSelection(std::optional<RunningApp> selection); // announces nothing
 
@@ -36,12 +40,14 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void initStyleOption(QStyleOptionComboBox* option) const override;
 
 private:
     void addHiddenEntry(const RunningApp& app);
     void pick(int index);
 
     const Workspace& workspace;
+    const Offer offer;
     Lang& lang;
     std::optional<RunningApp> selected;
     std::vector<RunningApp> apps; // the entries behind the first, which stands for none

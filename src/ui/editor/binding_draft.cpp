@@ -51,8 +51,12 @@ void BindingDraft::load(const GestureBinding& binding) {
     }
 }
 
-bool BindingDraft::isValid() const {
-    return action().has_value() && scope().has_value();
+BindingDraft::Missing BindingDraft::missing() const {
+    if (!action()) {
+        return actionKind == ActionKind::keyboardShortcut ? Missing::shortcut
+                                                          : Missing::launchTarget;
+    }
+    return scope() ? Missing::nothing : Missing::scopeApp;
 }
 
 std::optional<BindingAction> BindingDraft::action() const {

@@ -29,7 +29,11 @@ struct BindingDraft {
     // Takes over an existing binding; fields that it has nothing for keep their values.
     void load(const GestureBinding& binding);
 
-    bool isValid() const;
+    bool isValid() const { return missing() == Missing::nothing; }
+
+    // The first thing that is needed for it to be saved, in the order of the form.
+    enum class Missing { nothing, shortcut, launchTarget, scopeApp };
+    Missing missing() const;
 
     // None while what they need is missing.
     std::optional<BindingAction> action() const;

@@ -13,6 +13,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <initializer_list>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -22,9 +24,25 @@ namespace {
 
 constexpr int sidePadding = 20;
 constexpr int titlePadding = 14;
-constexpr int titleGap = 8;
+constexpr int titleGap = 12;
 constexpr int sectionGap = 10;
 constexpr int buttonPadding = 11;
+
+std::string whatIsMissing(BindingDraft::Missing missing, const Lang& lang) {
+    using Missing = BindingDraft::Missing;
+    switch (missing) {
+    case Missing::nothing:
+        break;
+    case Missing::shortcut:
+        return lang.choose("Record a shortcut first", "请先录制快捷键");
+    case Missing::launchTarget:
+        return lang.choose("Choose the app to open first", "请先选择要打开的 App");
+    case Missing::scopeApp:
+        return lang.choose("Choose the app that the binding is for first",
+                           "请先选择绑定在哪个 App 中生效");
+    }
+    return {};
+}
 
 } // namespace
 
@@ -85,10 +103,11 @@ QWidget* BindingEditor::makeForm() {
     auto* sections = new QVBoxLayout(form);
     sections->setContentsMargins(sidePadding, 0, sidePadding, sectionGap);
     sections->setSpacing(sectionGap);
-    sections->addWidget(gestureSection);
-    sections->addWidget(actionSection);
-    sections->addWidget(scopeSection);
-    sections->addStretch();
+    for (QWidget* const section :
+         std::initializer_list<QWidget*>{gestureSection, actionSection, scopeSection}) {
+        sections->addWidget(section);
+        sections->addStretch(1); // spare height is spread
+    }
     return form;
 }
 
@@ -147,6 +166,9 @@ void BindingEditor::keyPressEvent(QKeyEvent* event) {
 
 void BindingEditor::refreshSave() {
     saveButton->setEnabled(isValid());
+    const QString missing = toQt(whatIsMissing(draft.missing(), services.lang));
+    saveButton->setToolTip(missing);
+    saveButton->setAccessibleDescription(missing);
 }
 
 void BindingEditor::retitle() {

@@ -8,8 +8,8 @@
 
 #include "core/gesture_type.h"
 #include "core/lang.h"
+#include "ui/controls/picker.h"
 #include "ui/controls/popover.h"
-#include "ui/editor/picker.h"
 
 #include <QPointer>
 #include <functional>

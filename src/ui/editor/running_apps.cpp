@@ -22,4 +22,11 @@ std::vector<RunningApp> runningApps(const Workspace& workspace) {
     return apps;
 }
 
+std::vector<RunningApp> launchableApps(const Workspace& workspace) {
+    std::vector<RunningApp> apps = runningApps(workspace);
+    std::erase_if(
+        apps, [&](const RunningApp& app) { return !workspace.urlForApplication(app.bundleID); });
+    return apps;
+}
+
 } // namespace glidemap

@@ -15,4 +15,7 @@ namespace glidemap {
 // the workspace has them. Computed anew at each call.
 std::vector<RunningApp> runningApps(const Workspace& workspace);
 
+// Those of them that can be launched: a window without an installed application cannot be opened again.
+std::vector<RunningApp> launchableApps(const Workspace& workspace);
+
 } // namespace glidemap

@@ -3,6 +3,7 @@
 #include "ui/controls/segmented_control.h"
 #include "ui/controls/styled_label.h"
 #include "ui/editor/application_picker.h"
+#include "ui/editor/running_apps.h"
 #include "ui/theme/text.h"
 
 namespace glidemap {
@@ -12,7 +13,7 @@ ScopeSection::ScopeSection(BindingDraft& shown, const Workspace& workspace, Lang
     : FormSection(parent), draft(shown), lang(language),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
       kinds(new SegmentedControl(static_cast<int>(allScopeKinds.size()))),
-      app(new ApplicationPicker(workspace, language)),
+      app(new ApplicationPicker(workspace, runningApps, language)),
       appLabel(new StyledLabel(TextStyle::body, Role::primary)) {
     kinds->setObjectName("scopePicker");
     app->setObjectName("scopeAppPicker");

@@ -5,6 +5,27 @@
 
 namespace glidemap {
 
+namespace {
+
+Qt::KeyboardModifier modifierOf(int key) {
+    switch (key) {
+    case Qt::Key_Shift:
+        return Qt::ShiftModifier;
+    case Qt::Key_Control:
+        return Qt::ControlModifier;
+    case Qt::Key_Alt:
+        return Qt::AltModifier;
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+        return Qt::MetaModifier;
+    default:
+        return Qt::NoModifier;
+    }
+}
+
+} // namespace
+
 void KeyMonitor::start() {
     running = true;
     if (!installed) {
@@ -46,12 +67,24 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
         }
         return false;
     case QEvent::KeyPress:
+        tellModifiers(*static_cast<QKeyEvent*>(event));
         return takesPress(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
+        tellModifiers(*static_cast<QKeyEvent*>(event));
         return takesRelease(*static_cast<QKeyEvent*>(event));
     default:
         return false;
     }
+}
+
+// Window systems differ in whether a modifier's own event counts it already.
+void KeyMonitor::tellModifiers(const QKeyEvent& event) const {
+    if (!running || !onModifiers || event.isAutoRepeat()) {
+        return;
+    }
+    Qt::KeyboardModifiers held = event.modifiers();
+    held.setFlag(modifierOf(event.key()), event.type() == QEvent::KeyPress);
+    onModifiers(held);
 }
 
 // Comes before the press, and asks whether the press may become a shortcut.

@@ -26,6 +26,9 @@ public:
     // Called with each press, modifier keys among them, while the monitor runs.
     std::function<void(const QKeyEvent&)> onPress;
 
+    // Called with what is held after each press and release of a key, while the monitor runs.
+    std::function<void(Qt::KeyboardModifiers)> onModifiers;
+
     void start();
 
     // Leaves alone what comes from now on, but for the rest of the presses that were taken.
@@ -45,6 +48,7 @@ private:
 
     bool takesOverride(const QKeyEvent& event) const;
     bool takesPress(const QKeyEvent& event);
+    void tellModifiers(const QKeyEvent& event) const;
     bool takesRelease(const QKeyEvent& event);
     void removeIfDone();
 

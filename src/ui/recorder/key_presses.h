@@ -30,6 +30,9 @@ public:
     virtual ~KeyPresses() = default;
 
     // The handler is told of each press from now on. It may stop this.
+    // Called while it runs with the modifiers that are held now, in the bits of a shortcut. Not every home can tell.
+    std::function<void(std::uint64_t)> onModifiers;
+
     virtual void start(std::function<void(const Press&)> handler) = 0;
 
     // Leaves alone what comes from now on, but for what belongs to a press that was taken.

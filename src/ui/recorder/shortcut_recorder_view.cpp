@@ -1,5 +1,6 @@
 #include "ui/recorder/shortcut_recorder_view.h"
 
+#include "bindings/spoken_shortcut.h"
 #include "ui/controls/styled_label.h"
 #include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
@@ -8,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QStyleOptionButton>
+#include <algorithm>
 #include <utility>
 
 namespace glidemap {
@@ -41,7 +43,6 @@ ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresse
     connect(button, &QPushButton::clicked, this,
             [this] { recording ? stopRecording() : startRecording(); });
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
-    makeButtonWideEnough();
     retitle();
 }
 
@@ -58,8 +59,18 @@ void ShortcutRecorderView::startRecording() {
     recording = true;
     refusedKey = false;
     mayHoldKeys = true;
+    held = 0;
+    keys->onModifiers = [this](std::uint64_t modifiers) {
+        showHeld(modifiers);
+    };
     keys->start([this](const KeyPresses::Press& press) { take(press); });
     retitle();
+}
+
+void ShortcutRecorderView::showHeld(std::uint64_t modifiers) {
+    if (recording && std::exchange(held, modifiers) != modifiers) {
+        button->setText(buttonText());
+    }
 }
 
 void ShortcutRecorderView::stopRecording() {
@@ -73,6 +84,7 @@ void ShortcutRecorderView::stopRecording() {
 void ShortcutRecorderView::letGo() {
     recording = false;
     if (std::exchange(mayHoldKeys, false)) {
+        keys->onModifiers = {};
         keys->abandon();
     }
 }
@@ -115,14 +127,32 @@ void ShortcutRecorderView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
+// For each text that it may have: it must not jump when recording starts and ends.
 void ShortcutRecorderView::makeButtonWideEnough() {
+    const QFontMetrics letters = button->fontMetrics();
+    int widest = smallestLabel;
+    for (const QString& text : {recordingText(), invitation(), recordedText()}) {
+        widest = std::max(widest, letters.horizontalAdvance(text));
+    }
     QStyleOptionButton option;
     option.initFrom(button);
-    const QSize labelSize(smallestLabel, button->fontMetrics().height());
-    button->setMinimumWidth(
+    option.text = button->text(); // without one it would be measured as a symbol
+    button->setFixedWidth(
         button->style()
-            ->sizeFromContents(QStyle::CT_PushButton, &option, labelSize, button)
+            ->sizeFromContents(QStyle::CT_PushButton, &option, {widest, letters.height()}, button)
             .width());
+}
+
+QString ShortcutRecorderView::recordingText() const {
+    return toQt(lang.choose("Press a shortcut… (⎋ to cancel)", "请按下快捷键…（⎋ 取消）"));
+}
+
+QString ShortcutRecorderView::invitation() const {
+    return toQt(lang.choose("Click to record", "点击录制"));
+}
+
+QString ShortcutRecorderView::recordedText() const {
+    return recorded ? toQt(recorded->displayString()) : QString();
 }
 
 QString ShortcutRecorderView::buttonText() const {
@@ -130,16 +160,20 @@ QString ShortcutRecorderView::buttonText() const {
         return toQt(lang.choose("This key cannot be used (⎋ to cancel)", "无法使用此键（⎋ 取消）"));
     }
     if (recording) {
-        return toQt(lang.choose("Press a shortcut… (⎋ to cancel)", "请按下快捷键…（⎋ 取消）"));
+        return held == 0 ? recordingText() : toQt(modifierSymbols(held) + "…");
     }
-    return toQt(recorded ? recorded->displayString() : lang.choose("Click to record", "点击录制"));
+    return recorded ? recordedText() : invitation();
 }
 
 void ShortcutRecorderView::retitle() {
     label->setText(toQt(lang.choose("Shortcut", "快捷键")));
     const QString text = buttonText();
     button->setText(QString(text).replace('&', "&&")); // no mnemonic
-    button->setAccessibleName(text);
+    const bool showsShortcut = recorded && !recording;
+    button->setAccessibleName(showsShortcut ? toQt(spokenShortcut(*recorded, lang)) : text);
+    button->setToolTip(showsShortcut ? toQt(writtenShortcut(*recorded)) : QString());
+    button->setProperty("recording", recording);
+    makeButtonWideEnough();
 }
 
 } // namespace glidemap

@@ -44,18 +44,23 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void showHeld(std::uint64_t modifiers);
     void take(const KeyPresses::Press& press);
     void letGo();
     void record(const KeyShortcut& shortcut);
     void retitle();
     void makeButtonWideEnough();
     QString buttonText() const;
+    QString recordingText() const;
+    QString invitation() const;
+    QString recordedText() const;
 
     const std::shared_ptr<KeyPresses> keys;
     Lang& lang;
     QLabel* label;
     QPushButton* button;
     std::optional<KeyShortcut> recorded;
+    std::uint64_t held = 0; // of the modifiers, while it records
     bool recording = false;
     bool refusedKey = false;  // the last press was of a key that shortcuts cannot name
     bool mayHoldKeys = false; // has started since it let go last

@@ -47,6 +47,11 @@ ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardwar
     monitor.onPress = [this](const QKeyEvent& event) {
         press(event);
     };
+    monitor.onModifiers = [this](Qt::KeyboardModifiers held) {
+        if (onModifiers) {
+            onModifiers(modifierMask(held));
+        }
+    };
 }
 
 void ToolkitKeyPresses::start(std::function<void(const Press&)> handler) {

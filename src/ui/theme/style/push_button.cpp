@@ -27,6 +27,7 @@ ButtonLook lookOf(const QStyleOptionButton& option, const QWidget* widget) {
     look.isPressed =
         option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_On);
     look.isProminent = isProminent(option, widget);
+    look.isRecording = widget != nullptr && widget->property("recording").toBool();
     return look;
 }
 
@@ -95,7 +96,11 @@ void drawPushButton(QPainter& painter, const QStyleOptionButton& option, const Q
         QRectF(option.rect).adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin);
     const QRectF shape = snapped(painter, inner);
     drawButtonGround(painter, shape, lookOf(option, widget));
-    if (showsFocus(option)) {
+    if (lookOf(option, widget).isRecording) {
+        constexpr double tint = 0.14;
+        fillRounded(painter, shape, controlRadius, color(Role::accent, tint));
+        drawFocusRing(painter, shape, controlRadius);
+    } else if (showsFocus(option)) {
         drawFocusRing(painter, shape, controlRadius);
     }
 }

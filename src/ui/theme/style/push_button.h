@@ -18,6 +18,7 @@ struct ButtonLook {
     bool isHovered = false;
     bool isPressed = false;
     bool isProminent = false;
+    bool isRecording = false; // takes the next key
 };
 void drawButtonGround(QPainter& painter, const QRectF& shape, const ButtonLook& look);
 
