@@ -105,8 +105,14 @@ std::function<void()> AppDelegate::weakly(void (AppDelegate::*method)()) {
 void AppDelegate::keepStatusMenuCurrent() {
     for (Observable* shown :
          {&ports.lang->changes(), &dispatcher()->changes(), &updateChecker->changes()}) {
-        toShown.push_back(shown->subscribe({}, [this] { statusItem->menuHasChanged(); }));
+        toShown.push_back(shown->subscribe({}, [this] { showState(); }));
     }
+    showState();
+}
+
+void AppDelegate::showState() {
+    using Look = StatusItem::Look;
+    statusItem->setLook(dispatcher()->masterEnabled() ? Look::on : Look::off);
     statusItem->menuHasChanged();
 }
 

@@ -99,6 +99,7 @@ private:
     QAction* addStatusMenuItem(void (AppDelegate::*action)(), const char* keys = "");
     std::function<void()> weakly(void (AppDelegate::*method)());
     void keepStatusMenuCurrent();
+    void showState();
     void sayThatThereIsNoStatusBar();
     void takeBackThatThereIsNoStatusBar();
     void startRuntime();

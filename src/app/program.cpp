@@ -76,6 +76,7 @@ Program::Program(QApplication& application) {
     Lang::configureShared(defaults);
     Theme::configureShared(ports.appearance);
     Theme::shared().applyTo(application);
+    setUsualKeyboard(ports.keyboardKind);
     delegate = AppDelegate::create(delegatePorts());
     theDelegate = delegate;
     home->onDevicesChanged = [this] {
@@ -122,10 +123,15 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
+    constexpr double dimmedIcon = 0.45; // as in the installed one
     auto item = std::make_unique<StatusItem>(
-        ports.statusBar, [installed = ports.installedIcon](StatusBar::Kind kind) {
-            return kind == StatusBar::Kind::drawsItself ? themedTemplateIcon(installed, symbol)
-                                                        : drawnTemplateIcon(symbol);
+        ports.statusBar, [on = ports.installedIcon, off = ports.installedIconOff](
+                             StatusBar::Kind kind, StatusItem::Look look) {
+            const bool isOn = look == StatusItem::Look::on;
+            const double strength = isOn ? 1 : dimmedIcon;
+            return kind == StatusBar::Kind::drawsItself
+                       ? themedTemplateIcon(isOn ? on : off, symbol, strength)
+                       : drawnTemplateIcon(symbol, strength);
         });
     item->redrawOn(Theme::shared().changes());
     return item;
@@ -142,6 +148,7 @@ std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& s
         .keys = ports.keyPresses,
         .devices = &MultitouchDeviceManager::shared(),
         .desktopHelper = ports.desktopHelper,
+        .notes = ports.notes,
     };
     return std::make_unique<SettingsWindow>(services, ports.windowGeometry);
 }

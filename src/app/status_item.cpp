@@ -1,5 +1,6 @@
 #include "app/status_item.h"
 
+#include <QAction>
 #include <QIcon>
 #include <QSystemTrayIcon>
 #include <utility>
@@ -39,18 +40,31 @@ void StatusItem::choose() {
     }
 }
 
+// The toolkit describes a key by its sign, such as "Control" and ",", to a bar that draws the menu. Some bars know keys by their
+// names alone, "comma", and show only letters: a menu of which one key shows and the next does not. So there none does.
 void StatusItem::menuHasChanged() {
     if (kind == Kind::drawsItself) {
+        for (QAction* action : statusMenu.actions()) {
+            action->setShortcut({});
+        }
         Q_EMIT statusMenu.aboutToShow();
     }
 }
 
 void StatusItem::redrawOn(Observable& changes) {
-    toLook = changes.subscribe({}, [this] {
-        if (item != nullptr) {
-            item->setIcon(icon(kind));
-        }
-    });
+    toLook = changes.subscribe({}, [this] { redraw(); });
+}
+
+void StatusItem::setLook(Look now) {
+    if (std::exchange(look, now) != now) {
+        redraw();
+    }
+}
+
+void StatusItem::redraw() {
+    if (item != nullptr) {
+        item->setIcon(icon(kind, look));
+    }
 }
 
 // Once: the toolkit follows a bar that goes and comes back.
@@ -61,7 +75,7 @@ void StatusItem::appear() {
     patienceEnds.stop();
     kind = bar->kind();
     menuHasChanged();
-    item = std::make_unique<QSystemTrayIcon>(icon(kind), &statusMenu);
+    item = std::make_unique<QSystemTrayIcon>(icon(kind, look), &statusMenu);
     item->setToolTip(description);
     item->setContextMenu(&statusMenu);
     // A bar opens the menu by itself, mostly with the other button. The plain click, which most

@@ -26,7 +26,8 @@ namespace glidemap {
 class StatusItem {
 public:
     // What the item looks like in this kind of bar.
-    using Icon = std::function<QIcon(StatusBar::Kind)>;
+    enum class Look { on, off };
+    using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 
     // When the user logs in the bar may be one of the last to come.
     static constexpr std::chrono::milliseconds usualPatience{10000};
@@ -53,18 +54,23 @@ public:
     // has read it long before, and shows that while it waits to be told better, so it is told now.
     void menuHasChanged();
 
+    // What the icon is to look like from now on.
+    void setLook(Look now);
+
     // Gives it the icon anew at each of these changes.
     void redrawOn(Observable& changes);
 
 private:
     void appear();
     void choose();
+    void redraw();
 
     std::shared_ptr<StatusBar> bar;
     Icon icon;
     QMenu statusMenu;
     std::unique_ptr<QSystemTrayIcon> item; // goes before its menu
     StatusBar::Kind kind = StatusBar::Kind::none;
+    Look look = Look::on;
     bool wasMissed = false;
     QTimer patienceEnds;
     Subscription toBar;

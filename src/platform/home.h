@@ -11,6 +11,7 @@
 #include "app/application_shell.h"
 #include "app/login_item_service.h"
 #include "app/status_bar.h"
+#include "bindings/spoken_shortcut.h"
 #include "core/main_queue.h"
 #include "core/user_defaults.h"
 #include "dispatch/accessibility_trust.h"
@@ -22,6 +23,7 @@
 #include "platform/qt/single_instance.h"
 #include "ui/recorder/key_presses.h"
 #include "ui/settings/desktop_helper.h"
+#include "ui/settings/system_notes.h"
 #include "ui/settings/window_geometry_store.h"
 #include "ui/theme/appearance_settings.h"
 
@@ -52,12 +54,16 @@ public:
         std::shared_ptr<KeyPresses> keyPresses;
         std::shared_ptr<WindowGeometryStore> windowGeometry;
         std::shared_ptr<DesktopHelper> desktopHelper; // null where the system needs none
+        std::shared_ptr<SystemNotes> notes;           // null where there is nothing to add
+
+        KeyboardKind keyboardKind = KeyboardKind::apple;
 
         // Where the bindings' folder is, or is to be.
         std::function<std::filesystem::path()> dataFolder;
 
         // The name under which the status item's icon is installed for the system's own drawing.
         const char* installedIcon = "";
+        const char* installedIconOff = ""; // while gestures are switched off
     };
 
     // Before there is an application object.

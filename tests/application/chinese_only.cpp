@@ -10,7 +10,8 @@ namespace {
 
 // The language picker's entry for English is in English on purpose.
 const std::regex& allowed() {
-    static const std::regex words("Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.");
+    static const std::regex words(
+        "Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.|((Ctrl|Alt|Shift|Super) )+.");
     return words;
 }
 

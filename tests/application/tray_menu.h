@@ -39,7 +39,7 @@ private:
     std::string path;
 };
 
-// "✓ Enable Gestures", "—", "Settings… [Control+,]", "(Download…)" where it cannot be chosen.
+// "✓ Enable Gestures", "—", "Settings… [Control+x]", "(Download…)" where it cannot be chosen.
 std::vector<std::string> describe(const std::vector<MenuEntry>& entries);
 
 } // namespace glidemap::application

@@ -56,7 +56,7 @@ protected:
         stage->hands.press("Return");
         glidemap->waitFor("combo box", "Three-Finger Swipe Up");
         EXPECT_FALSE(glidemap->waitFor("push button", "Add").isEnabled());
-        record("Ctrl+Shift+K", "⌃⇧K");
+        record("Ctrl+Shift+K", "Ctrl Shift K"); // as it is read aloud
         EXPECT_TRUE(waitUntil([&] { return glidemap->waitFor("push button", "Add").isEnabled(); }));
         stage->hands.press("Return");
         EXPECT_TRUE(glidemap->waitUntilGone("push button", "Add"));

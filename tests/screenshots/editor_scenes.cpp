@@ -28,6 +28,9 @@ void giveApplications(SettingsStage& stage) {
         {"org.gnome.Evince", chinese ? "文档查看器" : "Document Viewer"},
         {"org.libreoffice.Writer", "LibreOffice Writer"},
     };
+    for (const Application& application : stage.workspace->running) {
+        stage.workspace->urls[*application.bundleID] = "file:///" + *application.bundleID;
+    }
 }
 
 QImage pictureOfEditor(const Arrangement& arrange,

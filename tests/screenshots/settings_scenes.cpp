@@ -3,6 +3,9 @@
 #include "ui_settings/settings_stage.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QHoverEvent>
 #include <QTest>
 
 namespace glidemap::screenshots {
@@ -144,6 +147,38 @@ void switchOff(SettingsStage& stage) {
     stage.dispatcher->setMasterEnabled(false);
 }
 
+void deleteSecond(SettingsStage& stage) {
+    stage.clickInRow(1, "delete");
+}
+
+// Into the row that is off.
+void focusInDimmedRow(SettingsStage& stage) {
+    stage.find("bindingList")->setFocus(Qt::TabFocusReason);
+    for (const Qt::Key key : {Qt::Key_End, Qt::Key_Up, Qt::Key_Right, Qt::Key_Right}) {
+        stage.pressKey(key);
+    }
+}
+
+QImage pictureOfLanguages() {
+    SettingsStage stage(usualBindings());
+    SettingsWindow& window = stage.open();
+    stage.find<QComboBox>("language")->showPopup();
+    settle();
+    return photographWithAllAbove(window);
+}
+
+// Where nothing asks for a password.
+void failToAsk(SettingsStage& stage) {
+    mistrust(stage);
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes->missing =
+        isChinese() ? "此处缺少：触控板和虚拟键盘的访问权限。\n未能请求权限，或请求被拒绝。"
+                      "请在终端中运行：sudo /usr/libexec/glidemap/glidemap-grant-access"
+                    : "Missing here: access to the touchpad and to the virtual keyboard.\n"
+                      "Access could not be asked for, or was refused. In a terminal, run: sudo "
+                      "/usr/libexec/glidemap/glidemap-grant-access";
+}
+
 void focusAdd(SettingsStage& stage) {
     stage.find("addBinding")->setFocus(Qt::TabFocusReason);
 }
@@ -158,7 +193,8 @@ Arrangement hover(std::size_t row) {
     return [row](SettingsStage& stage) {
         BindingRow* const hovered = stage.row(row);
         hovered->setAttribute(Qt::WA_UnderMouse);
-        hovered->update();
+        QHoverEvent enter(QEvent::HoverEnter, QPointF(5, 5), QPointF(), QPointF());
+        QApplication::sendEvent(hovered, &enter);
     };
 }
 
@@ -186,6 +222,11 @@ std::vector<Scene> windowScenes() {
                  [] { return picture(usualBindings(), selectWithKeys); }),
         settings("hovered", "The pointer over a row",
                  [] { return picture(usualBindings(), hover(2)); }),
+        settings("languages", "The languages", pictureOfLanguages),
+        settings("deleted", "A binding was deleted, and can be brought back",
+                 [] { return picture(usualBindings(), deleteSecond); }),
+        settings("focus-dimmed", "The focus in a row that is off",
+                 [] { return picture(usualBindings(), focusInDimmedRow); }),
         settings("focus", "The focus on a button",
                  [] { return picture(usualBindings(), focusAdd); }),
         settings("off", "Gestures switched off",
@@ -210,6 +251,7 @@ std::vector<Scene> noticeScenes() {
     return {
         notice("update", "A newer version", nothing, publish),
         notice("permission", "No access to the touchpad and to keys", mistrust, nothing),
+        notice("permission-failed", "Access could not be asked for", failToAsk, nothing),
         notice("device", "The touch driver cannot be loaded", loseDriver, nothing),
         notice("login", "Launching at login refused", refuseLogin, turnOnLogin),
         notice("helper", "A desktop that needs help", lackHelper, nothing),

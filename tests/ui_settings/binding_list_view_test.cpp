@@ -1,11 +1,16 @@
 #include "kit/qt_waiting.h"
+#include "ui/controls/dimmed.h"
 #include "ui/controls/popover.h"
+#include "ui/controls/symbol_button.h"
 #include "ui/settings/binding_list_view.h"
 #include "ui_settings/settings_stage.h"
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QHoverEvent>
+#include <QImage>
 #include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -195,34 +200,20 @@ TEST_F(BindingListViewTest, AClickSelectsAndADoubleClickEdits) {
     EXPECT_EQ(stage->window().view().editedBinding(), stored()[2]);
 }
 
-TEST_F(BindingListViewTest, TabGoesThroughTheControlsOfTheRowsInReadingOrder) {
-    open(defaultBindings());
-    focusList();
-    for (std::size_t index = 0; index < 3; ++index) {
-        for (const char* name : {"enabled", "preview", "edit", "delete"}) {
-            press(Qt::Key_Tab);
-            const QWidget* focus = stage->window().focusWidget();
-            EXPECT_EQ(focus->objectName(), name);
-            EXPECT_TRUE(stage->row(index)->isAncestorOf(focus)) << name;
-            EXPECT_EQ(list->selectedIndex(), Place(index));
-        }
-    }
-}
-
-TEST_F(BindingListViewTest, TabReachesTheLastOfManyRowsAndEachIsSeen) {
+TEST_F(BindingListViewTest, ArrowsReachEveryControlOfManyRowsAndEachIsSeen) {
     open(test::manyBindings(40));
     focusList();
     for (std::size_t index = 0; index < 40; ++index) {
-        for (int control = 0; control < 4; ++control) {
-            press(Qt::Key_Tab);
+        for (const char* const name : {"enabled", "preview", "edit", "delete"}) {
+            press(Qt::Key_Right);
+            const QWidget* const focus = stage->window().focusWidget();
+            ASSERT_EQ(focus->objectName(), name) << index;
+            ASSERT_TRUE(stage->row(index)->isAncestorOf(focus)) << name;
         }
         ASSERT_EQ(list->selectedIndex(), Place(index));
         ASSERT_TRUE(isInSight(index)) << index;
+        press(Qt::Key_Down);
     }
-    for (int control = 0; control < 4 * 39; ++control) {
-        press(Qt::Key_Backtab);
-    }
-    EXPECT_EQ(list->selectedIndex(), Place(0));
 }
 
 TEST_F(BindingListViewTest, ReturnOnAButtonOfARowWorksTheButton) {
@@ -380,6 +371,99 @@ TEST_F(BindingListViewTest, TheRowBeneathThePointerStandsOut) {
     QTest::mouseMove(stage->row(1), {300, 20});
     EXPECT_TRUE(test::waitFor([&] { return stage->row(1)->underMouse(); }));
     EXPECT_NE(ground(), before);
+}
+
+TEST_F(BindingListViewTest, ArrowsMoveWithinARowAndTabLeavesTheList) {
+    open(defaultBindings());
+    focusList();
+    const auto focus = [&] {
+        return stage->window().focusWidget()->objectName().toStdString();
+    };
+    for (const char* const name : {"enabled", "preview", "edit", "delete", "delete"}) {
+        press(Qt::Key_Right);
+        EXPECT_EQ(focus(), name);
+    }
+    press(Qt::Key_Down);
+    EXPECT_EQ(list->selectedIndex(), Place(1));
+    EXPECT_EQ(focus(), "bindingList");
+    press(Qt::Key_Right);
+    EXPECT_TRUE(stage->row(1)->isAncestorOf(stage->window().focusWidget()));
+    press(Qt::Key_Right);
+    press(Qt::Key_Left);
+    EXPECT_EQ(focus(), "enabled");
+    press(Qt::Key_Left);
+    EXPECT_EQ(focus(), "bindingList");
+    EXPECT_EQ(list->selectedIndex(), Place(1));
+    press(Qt::Key_Right);
+    press(Qt::Key_Tab);
+    EXPECT_FALSE(list->isAncestorOf(stage->window().focusWidget()));
+    EXPECT_NE(focus(), "bindingList");
+}
+
+TEST_F(BindingListViewTest, LooksOffWithGesturesOffAndCanBeUsed) {
+    open(defaultBindings());
+    const auto isPale = [&](std::size_t index) {
+        const QWidget* const content =
+            stage->row(index)->findChild<QWidget*>("gestureName")->parentWidget();
+        return isDimmed(content);
+    };
+    EXPECT_FALSE(isPale(0));
+    stage->dispatcher->setMasterEnabled(false);
+    EXPECT_TRUE(isPale(0));
+    stage->clickInRow(0, "enabled");
+    EXPECT_FALSE(stored()[0].enabled);
+    stage->dispatcher->setMasterEnabled(true);
+    EXPECT_TRUE(isPale(0)); // it is off itself
+    EXPECT_FALSE(isPale(1));
+}
+
+TEST_F(BindingListViewTest, ThinLinesLieBetweenTheRowsOnly) {
+    open(defaultBindings());
+    const QColor line = Theme::shared().color(Role::separator);
+    const QImage picture = stage->window().grab().toImage();
+    const QWidget* const under = stage->row(0)->parentWidget();
+    const QPoint origin = under->mapTo(&stage->window(), QPoint());
+    int lines = 0;
+    for (int y = 0; y < under->height(); ++y) {
+        lines += picture.pixelColor(origin + QPoint(under->width() / 2, y)) == line ? 1 : 0;
+    }
+    EXPECT_EQ(lines, 2);
+}
+
+TEST_F(BindingListViewTest, TheButtonsOfARowAreFaintUntilOneIsAtIt) {
+    open(defaultBindings());
+    const auto areFaint = [&](std::size_t index) {
+        const auto* const edit = stage->row(index)->findChild<SymbolButton*>("edit");
+        const auto* const trash = stage->row(index)->findChild<SymbolButton*>("delete");
+        EXPECT_EQ(edit->isFaint(), trash->isFaint());
+        return edit->isFaint();
+    };
+    for (const std::size_t index : {0, 1}) { // wherever the pointer of the tests before is
+        stage->row(index)->setAttribute(Qt::WA_UnderMouse, false);
+        QHoverEvent away(QEvent::HoverLeave, QPointF(), QPointF(), QPointF());
+        QApplication::sendEvent(stage->row(index), &away);
+    }
+    EXPECT_TRUE(areFaint(0) && areFaint(1));
+    list->select(1);
+    EXPECT_FALSE(areFaint(1));
+    EXPECT_TRUE(areFaint(0));
+    stage->row(0)->setAttribute(Qt::WA_UnderMouse);
+    QHoverEvent hover(QEvent::HoverEnter, QPointF(5, 5), QPointF(), QPointF());
+    QApplication::sendEvent(stage->row(0), &hover);
+    EXPECT_FALSE(areFaint(0));
+    stage->row(0)->setAttribute(Qt::WA_UnderMouse, false);
+    QHoverEvent leave(QEvent::HoverLeave, QPointF(), QPointF(), QPointF());
+    QApplication::sendEvent(stage->row(0), &leave);
+    EXPECT_TRUE(areFaint(0));
+}
+
+TEST_F(BindingListViewTest, ABadgeUsesTheWidthOfAWideWindow) {
+    const std::string name(60, 'W');
+    open({test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", name})});
+    const QWidget* const badge = stage->row(0)->findChild<QWidget*>("scopeBadge");
+    EXPECT_EQ(badge->width(), 200);
+    stage->window().resize(1100, 600);
+    EXPECT_TRUE(test::waitFor([&] { return badge->width() > 280; }));
 }
 
 } // namespace

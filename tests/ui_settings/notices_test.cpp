@@ -252,5 +252,41 @@ TEST(NoticesTexts, AnUnknownRunningVersionIsAQuestionMark) {
               "Version 2.0.0 is available (you have ?).");
 }
 
+TEST_F(NoticesTest, TheSystemAddsWhatIsMissingInASecondLineThatCanBeCopied) {
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes->missing = "Missing here: access to the touchpad.";
+    stage.notes->button = "Asks for a password";
+    stage.trust->trusted = false;
+    stage.open();
+    const Notice& notice = *stage.find<Notice>("permissionNotice");
+    EXPECT_EQ(notice.secondLine(), "Missing here: access to the touchpad.");
+    EXPECT_EQ(button("permissionNotice").toolTip(), "Asks for a password");
+    EXPECT_EQ(notice.text(),
+              "Accessibility permission is required to send keystrokes and intercept clicks.");
+    const auto labels = notice.findChildren<QLabel*>();
+    EXPECT_EQ(labels.back()->palette().color(QPalette::WindowText),
+              Theme::shared().color(Role::secondary));
+    EXPECT_TRUE(labels.back()->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+}
+
+// Such as where nothing on the desktop asks for passwords.
+TEST_F(NoticesTest, AFailureThatComesLaterShowsInTheNotice) {
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.trust->trusted = false;
+    stage.open();
+    const Notice& notice = *stage.find<Notice>("permissionNotice");
+    EXPECT_EQ(notice.secondLine(), "");
+    stage.notes->missing = "In a terminal, run: sudo grant";
+    stage.notes->observers.announceDidChange();
+    EXPECT_EQ(notice.secondLine(), "In a terminal, run: sudo grant");
+}
+
+TEST_F(NoticesTest, WhereTheSystemAddsNothingThereIsNoSecondLine) {
+    stage.trust->trusted = false;
+    stage.open();
+    EXPECT_EQ(stage.find<Notice>("permissionNotice")->secondLine(), "");
+    EXPECT_EQ(button("permissionNotice").toolTip(), "");
+}
+
 } // namespace
 } // namespace glidemap

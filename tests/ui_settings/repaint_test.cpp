@@ -58,6 +58,13 @@ TEST_F(RepaintTest, TheNoticesRest) {
     expectNothingAtRest();
 }
 
+TEST_F(RepaintTest, TheOfferToUndoRests) {
+    stage.open();
+    stage.clickInRow(0, "delete");
+    ASSERT_TRUE(stage.isShown("undoBar"));
+    expectNothingAtRest();
+}
+
 TEST_F(RepaintTest, AnOpenPreviewRests) {
     stage.open();
     stage.clickInRow(0, "preview");

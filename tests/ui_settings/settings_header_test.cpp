@@ -4,11 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionComboBox>
+#include <QWheelEvent>
 
 namespace glidemap {
 namespace {
@@ -145,12 +148,49 @@ TEST_F(SettingsHeaderTest, FoldsWithItsControlsInTheSameOrderWhereThereIsNone) {
     EXPECT_FALSE(header().isFolded());
 }
 
-TEST_F(SettingsHeaderTest, ChineseFitsIntoOneLineInTheSmallestWindow) {
-    Lang::shared().setCode("zh");
-    stage.open({680, 480});
-    EXPECT_FALSE(header().isFolded());
-    stage.choose("en");
-    EXPECT_TRUE(header().isFolded());
+// Whichever language the header was made in.
+TEST_F(SettingsHeaderTest, ChoosingALanguageLeavesTheArrangementAsItIsAtEveryWidth) {
+    for (const char* const first : {"en", "zh"}) {
+        Lang::shared().setCode(first);
+        stage.open();
+        for (int width = 680; width <= 1000; width += 5) {
+            stage.window().resize(width, 520);
+            stage.choose("en");
+            const bool isFolded = header().isFolded();
+            stage.choose("zh");
+            EXPECT_EQ(header().isFolded(), isFolded) << width;
+        }
+    }
+}
+
+TEST_F(SettingsHeaderTest, TheWheelChoosesNoLanguage) {
+    stage.open();
+    auto& picker = *stage.find("language");
+    const QPointF at = picker.rect().center();
+    for (const int turn : {120, -120}) {
+        QWheelEvent wheel(at, picker.mapToGlobal(at), {}, {0, turn}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&picker, &wheel);
+        EXPECT_FALSE(wheel.isAccepted());
+    }
+    EXPECT_EQ(Lang::shared().code(), "en");
+}
+
+// With the mark before the one that is chosen.
+TEST_F(SettingsHeaderTest, TheOpenListIsAsWideAsItsLongestEntry) {
+    for (const char* const code : {"en", "zh"}) {
+        Lang::shared().setCode(code);
+        stage.open();
+        auto& picker = *stage.find<QComboBox>("language");
+        picker.showPopup();
+        for (int index = 0; index < picker.count(); ++index) {
+            const QRect seen = picker.view()->visualRect(picker.model()->index(index, 0));
+            const int needed =
+                picker.view()->sizeHintForIndex(picker.model()->index(index, 0)).width();
+            EXPECT_GE(seen.intersected(picker.view()->viewport()->rect()).width(), needed) << code;
+        }
+        picker.hidePopup();
+    }
 }
 
 TEST_F(SettingsHeaderTest, BothLanguagesNamesFitIntoTheirPicker) {
@@ -188,6 +228,18 @@ TEST_F(SettingsHeaderTest, TheTitleIsLargeAndTheSubtitleSmallAndPale) {
     EXPECT_EQ(title.palette().color(QPalette::WindowText), theme.color(Role::primary));
     EXPECT_EQ(subtitle.font(), theme.font(TextStyle::caption));
     EXPECT_EQ(subtitle.palette().color(QPalette::WindowText), theme.color(Role::secondary));
+}
+
+TEST_F(SettingsHeaderTest, TheSystemAddsALineToTheHelpOfLaunchingAtLogin) {
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes->login = "Here: at your login";
+    stage.open();
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(stage.find("launchAtLogin")->toolTip(),
+                  "Start Glidemap automatically when you log in to macOS\nHere: at your login");
+        Lang::shared().setCode("zh");
+        Lang::shared().setCode("en");
+    }
 }
 
 } // namespace

@@ -51,6 +51,7 @@ SettingsView::Services SettingsStage::services() {
             .keys = std::make_shared<FakeKeys>(),
             .devices = devices.get(),
             .desktopHelper = helper,
+            .notes = notes,
             .lang = &Lang::shared()};
 }
 

@@ -83,6 +83,20 @@ private:
     Observable observers;
 };
 
+// Says what the test says.
+class FakeNotes : public SystemNotes {
+public:
+    std::string missingAccess(const Lang& /*lang*/) const override { return missing; }
+    std::string accessButton(const Lang& /*lang*/) const override { return button; }
+    std::string launchAtLogin(const Lang& /*lang*/) const override { return login; }
+    Observable& changes() override { return observers; }
+
+    std::string missing;
+    std::string button;
+    std::string login;
+    Observable observers;
+};
+
 class FakeKeys : public KeyPresses {
 public:
     void start(std::function<void(const Press&)> /*handler*/) override {}
@@ -149,6 +163,7 @@ public:
     std::shared_ptr<FakeTrust> trust = std::make_shared<FakeTrust>();
     std::shared_ptr<FakeLoginItems> loginItems = std::make_shared<FakeLoginItems>();
     std::shared_ptr<FakeDesktopHelper> helper = std::make_shared<FakeDesktopHelper>();
+    std::shared_ptr<FakeNotes> notes; // null unless a test makes them
     std::shared_ptr<FakeGeometryStore> geometry = std::make_shared<FakeGeometryStore>();
     std::unique_ptr<MultitouchDeviceManager> devices; // made by the tests that want an error
     std::optional<std::string> runningVersion = "1.0.0";

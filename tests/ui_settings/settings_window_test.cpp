@@ -68,15 +68,31 @@ TEST_F(SettingsWindowTest, IsWhereItWasAtTheNextLaunch) {
     EXPECT_EQ(placeGiven({30, 40, 700, 490, false}), QRect(30, 40, 700, 490));
 }
 
-TEST_F(SettingsWindowTest, APlaceThatNoScreenShowsIsNotUsedButTheSizeIs) {
+TEST_F(SettingsWindowTest, APlaceThatNoScreenShowsAsAWholeIsCorrectedUntilOneDoes) {
+    const int lastX = screen().right() + 1 - 700;
+    const int lastY = screen().bottom() + 1 - 490;
+    const struct {
+        QPoint remembered;
+        QPoint corrected;
+    } rows[] = {
+        {{5000, 40}, {lastX, 40}},
+        {{30, -5000}, {30, screen().top()}},
+        {{-650, 40}, {screen().left(), 40}},
+        {{30, screen().bottom() - 10}, {30, lastY}},
+        {{lastX + 1, lastY + 1}, {lastX, lastY}},
+        {{lastX, lastY}, {lastX, lastY}},
+    };
+    for (const auto& row : rows) {
+        const QRect place = placeGiven({row.remembered.x(), row.remembered.y(), 700, 490, false});
+        EXPECT_EQ(place, QRect(row.corrected, QSize(700, 490)));
+    }
+}
+
+TEST_F(SettingsWindowTest, APlaceThatMakesNoSenseIsNotUsed) {
     constexpr int limit = std::numeric_limits<int>::max();
-    const WindowGeometry rows[] = {
-        {5000, 40, 700, 490, false},   {limit, limit, 700, 490, false},
-        {-limit, 40, 700, 490, false}, {30, -5000, 700, 490, false},
-        {-650, 40, 700, 490, false},   {30, screen().bottom() - 10, 700, 490, false}};
-    for (const WindowGeometry& remembered : rows) {
-        const QRect place = placeGiven(remembered);
-        EXPECT_EQ(place.size(), QSize(700, 490));
+    for (const int nonsense : {limit, -limit}) {
+        const QRect place = placeGiven({nonsense, 40, 700, 490, false});
+        EXPECT_EQ(place.size(), SettingsWindow::contentSize);
         EXPECT_LE((place.center() - screen().center()).manhattanLength(), 2);
     }
 }

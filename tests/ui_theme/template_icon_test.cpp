@@ -71,5 +71,21 @@ TEST_F(TemplateIconTest, isDrawnAtEverySizeThatItLists) {
     }
 }
 
+TEST_F(TemplateIconTest, isPalerWhereItsStrengthIsLess) {
+    const auto opacityOf = [](const QIcon& icon) {
+        const QImage image = icon.pixmap(64).toImage();
+        int most = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                most = std::max(most, qAlpha(image.pixel(x, y)));
+            }
+        }
+        return most;
+    };
+    EXPECT_GT(opacityOf(drawnTemplateIcon(symbol)), 250);
+    EXPECT_LT(opacityOf(drawnTemplateIcon(symbol, 0.45)), 180);
+    EXPECT_LT(opacityOf(themedTemplateIcon(name, symbol, 0.45)), 180);
+}
+
 } // namespace
 } // namespace glidemap

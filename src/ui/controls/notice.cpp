@@ -1,10 +1,12 @@
 #include "ui/controls/notice.h"
 
+#include "ui/controls/accessible_role.h"
 #include "ui/controls/symbol_label.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace glidemap {
 
@@ -24,7 +26,9 @@ public:
 };
 
 Notice::Notice(const Look& look, QWidget* parent)
-    : QFrame(parent), drawn(look), label(new Text(TextStyle::callout, look.textRole, this)) {
+    : QFrame(parent), drawn(look), label(new Text(TextStyle::callout, look.textRole, this)),
+      second(new Text(TextStyle::caption, Role::secondary, this)) {
+    presentAs<Notice, QAccessible::Notification>();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(12, 8, 12, 8);
     layout->setSpacing(8);
@@ -32,7 +36,14 @@ Notice::Notice(const Look& look, QWidget* parent)
         layout->addWidget(new SymbolLabel(look.symbol, look.symbolRole, 16, this));
     }
     label->setWordWrap(true);
-    layout->addWidget(label, look.buttonAtEnd ? 1 : 0);
+    second->setWordWrap(true);
+    second->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    second->hide();
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(2);
+    texts->addWidget(label);
+    texts->addWidget(second);
+    layout->addLayout(texts, look.buttonAtEnd ? 1 : 0);
     if (look.button != Button::none) {
         pushButton = new QPushButton(this);
         pushButton->setProperty("prominent", look.button == Button::prominent);
@@ -51,6 +62,15 @@ Notice::Notice(const Look& look, QWidget* parent)
 
 void Notice::setText(const QString& text) {
     label->setText(text);
+}
+
+void Notice::setSecondLine(const QString& text) {
+    second->setText(text);
+    second->setVisible(!text.isEmpty());
+}
+
+QString Notice::secondLine() const {
+    return second->text();
 }
 
 void Notice::setButtonText(const QString& text) {

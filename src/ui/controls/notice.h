@@ -31,6 +31,9 @@ public:
     explicit Notice(const Look& look, QWidget* parent = nullptr);
 
     void setText(const QString& text);
+    // Below the text, small and pale; none if empty. It can be selected, to be copied.
+    void setSecondLine(const QString& text);
+    QString secondLine() const;
     void setButtonText(const QString& text);
     QString text() const;
     QPushButton* button() const { return pushButton; }
@@ -45,6 +48,7 @@ private:
 
     Look drawn;
     Text* label;
+    Text* second;
     QPushButton* pushButton = nullptr;
     Subscription toTheme;
 };

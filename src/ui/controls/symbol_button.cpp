@@ -1,8 +1,20 @@
 #include "ui/controls/symbol_button.h"
 
+#include "ui/theme/style/paint.h"
 #include "ui/theme/symbol.h"
 
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+#include <utility>
+
 namespace glidemap {
+
+namespace {
+
+constexpr double faintOpacity = 0.6;
+constexpr double groundRadius = 5;
+
+} // namespace
 
 SymbolButton::SymbolButton(std::string_view symbolName, Role colorRole, QWidget* parent)
     : QToolButton(parent), symbol(symbolName), role(colorRole) {
@@ -16,6 +28,29 @@ SymbolButton::SymbolButton(std::string_view symbolName, Role colorRole, QWidget*
 void SymbolButton::setSymbol(std::string_view symbolName) {
     symbol = symbolName;
     dress();
+}
+
+void SymbolButton::setFaint(bool now) {
+    if (std::exchange(faint, now) != now) {
+        update();
+    }
+}
+
+void SymbolButton::showGround() {
+    hasGround = true;
+    update();
+}
+
+void SymbolButton::paintEvent(QPaintEvent* /*event*/) {
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    if (hasGround) {
+        style::fillRounded(painter, style::snapped(painter, rect()), groundRadius,
+                           Theme::shared().color(Role::hover));
+    }
+    painter.setOpacity(faint ? faintOpacity : 1);
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
 }
 
 void SymbolButton::dress() {

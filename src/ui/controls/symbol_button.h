@@ -18,11 +18,23 @@ public:
 
     void setSymbol(std::string_view symbolName);
 
+    // Draws it paler: what need not catch the eye now, yet can be used.
+    void setFaint(bool now);
+    bool isFaint() const { return faint; }
+
+    // A ground behind the symbol says that it can be pressed.
+    void showGround();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void dress();
 
     std::string symbol;
     Role role;
+    bool faint = false;
+    bool hasGround = false;
     Subscription toTheme;
 };
 

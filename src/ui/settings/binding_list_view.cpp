@@ -1,7 +1,9 @@
 #include "ui/settings/binding_list_view.h"
 
+#include "bindings/shadowed_bindings.h"
 #include "ui/settings/binding_selection.h"
 #include "ui/settings/list_accessibility.h"
+#include "ui/theme/style/paint.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -30,8 +32,34 @@ bool isByKeyboard(Qt::FocusReason reason) {
 
 } // namespace
 
+// What the rows lie on, with thin lines between them.
+class BindingListView::Ground : public QWidget {
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter painter(this);
+        const int step = BindingRows::step();
+        const auto line = [&](int index) {
+            return BindingRows::boundaryAbove(static_cast<std::size_t>(index));
+        };
+        const int first = std::max(1, event->rect().top() / step);
+        for (int index = first; line(index) <= event->rect().bottom(); ++index) {
+            if (BindingRows::heightOf(static_cast<std::size_t>(index)) <
+                height()) { // not below the last
+                const QRectF above = style::snapped(
+                    painter, QRectF(lineInset, line(index), width() - 2 * lineInset, 1));
+                painter.fillRect(
+                    QRectF(above.topLeft(), QSizeF(above.width(), style::hairline(painter))),
+                    style::color(Role::separator));
+            }
+        }
+    }
+
+private:
+    static constexpr int lineInset = 10;
+};
+
 BindingListView::BindingListView(const Lang& language, QWidget* parent)
-    : QWidget(parent), lang(language), area(new QScrollArea(this)), ground(new QWidget),
+    : QWidget(parent), lang(language), area(new QScrollArea(this)), ground(new Ground),
       present(*this, *ground, language, whatRowsAsk()) {
     describeListsToAssistance();
     setObjectName("bindingList");
@@ -72,6 +100,7 @@ BindingRows::Callbacks BindingListView::whatRowsAsk() {
                 scrollTo(index);
             }
         },
+        [this] { setFocus(Qt::BacktabFocusReason); },
     };
 }
 
@@ -80,6 +109,7 @@ void BindingListView::setBindings(std::shared_ptr<const BindingList> list) {
         return;
     }
     const auto before = std::exchange(bindings, std::move(list));
+    shadowed = shadowedBindings(*bindings);
     if (before == nullptr) {
         layOut();
         return;
@@ -103,6 +133,12 @@ void BindingListView::retitle() {
     }
 }
 
+void BindingListView::setMuted(bool now) {
+    if (std::exchange(isMuted, now) != now) {
+        layOut();
+    }
+}
+
 // Makes the rows that come into sight, and lets go of those that went.
 void BindingListView::layOut() {
     if (bindings == nullptr) {
@@ -114,6 +150,10 @@ void BindingListView::layOut() {
     const std::size_t end = std::min(bindings->size(), highest + pageLength() + 2 + rowsAhead);
     if (present.cover(*bindings, first, end)) {
         showSelection();
+    }
+    for (const auto& [index, row] : present.all()) {
+        row->setShadowed(shadowed[index]);
+        row->setMuted(isMuted);
     }
 }
 
@@ -152,6 +192,11 @@ void BindingListView::scrollTo(std::size_t index) {
     bar.setValue(std::clamp(bar.value(), std::min(lowest, top), top));
 }
 
+QRect BindingListView::placeOf(std::size_t index) const {
+    const QPoint corner(0, BindingRows::boundaryAbove(index));
+    return {ground->mapToGlobal(corner), QSize(ground->width(), BindingRows::step())};
+}
+
 std::size_t BindingListView::highestInSight() const {
     return static_cast<std::size_t>(area->verticalScrollBar()->value() / BindingRows::step());
 }
@@ -170,6 +215,17 @@ bool BindingListView::moveSelection(int key) {
     select(*target);
     showSelection();
     scrollTo(*target);
+    return true;
+}
+
+bool BindingListView::enterRow(int key) {
+    const bool leadsIn =
+        key == (layoutDirection() == Qt::LeftToRight ? Qt::Key_Right : Qt::Key_Left);
+    const auto row = leadsIn && selected ? rows().find(*selected) : rows().end();
+    if (row == rows().end()) {
+        return false;
+    }
+    row->second->enter();
     return true;
 }
 
@@ -197,9 +253,9 @@ bool BindingListView::actOnSelection(int key) {
 // A key that is held down moves on, but deletes only once.
 void BindingListView::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    const bool isOurs =
-        bindings != nullptr && !bindings->empty() && modifiers == Qt::NoModifier &&
-        (moveSelection(event->key()) || (!event->isAutoRepeat() && actOnSelection(event->key())));
+    const bool isOurs = bindings != nullptr && !bindings->empty() && modifiers == Qt::NoModifier &&
+                        (moveSelection(event->key()) || enterRow(event->key()) ||
+                         (!event->isAutoRepeat() && actOnSelection(event->key())));
     event->setAccepted(isOurs);
 }
 

@@ -7,7 +7,8 @@
 //
 //   Up, Down, Page Up, Page Down, Home, End   move the selection
 //   Return   edits what is selected      Delete   deletes it; a neighbour is selected then
-//   Space    switches it                 Tab      goes on to the controls of the rows
+//   Space    switches it                 Left, Right   move between the controls of a row
+//   Tab      leaves the list
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -24,6 +25,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QScrollArea;
 
@@ -37,8 +39,19 @@ public:
     void setBindings(std::shared_ptr<const BindingList> list);
     void retitle();
 
+    // Whether no binding runs now, because gestures are switched off: the list looks it, and can be
+    // used as before.
+    void setMuted(bool now);
+
     std::optional<std::size_t> selectedIndex() const { return selected; }
     void select(std::size_t index);
+
+    std::size_t count() const { return bindings != nullptr ? bindings->size() : 0; }
+    const GestureBinding& at(std::size_t index) const { return (*bindings)[index]; }
+    const Lang& language() const { return lang; }
+
+    // On the screen, of a row that need not be there now.
+    QRect placeOf(std::size_t index) const;
 
     // Those there are now, by their place in the list.
     const BindingRows::Rows& rows() const { return present.all(); }
@@ -62,15 +75,20 @@ private:
     void announceSelection();
     void scrollTo(std::size_t index);
     bool moveSelection(int key);
+    bool enterRow(int key);
     bool actOnSelection(int key);
     std::size_t highestInSight() const;
     std::size_t pageLength() const;
 
     const Lang& lang;
     std::shared_ptr<const BindingList> bindings; // null until the first
+    std::vector<bool> shadowed; // of each of them, whether another always runs in its place
+    class Ground;
+
     QScrollArea* area;
-    QWidget* ground; // as high as all rows together
+    Ground* ground; // as high as all rows together
     std::optional<std::size_t> selected;
+    bool isMuted = false;
     bool usesKeys = false; // and not the mouse: the ring of the focus is shown then
     BindingRows present;
     Subscription toTheme;

@@ -1,20 +1,26 @@
 #include "ui/settings/binding_row.h"
 
+#include "bindings/spoken_shortcut.h"
 #include "ui/controls/badge.h"
 #include "ui/controls/dimmed.h"
 #include "ui/controls/elided_label.h"
 #include "ui/controls/symbol_button.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/settings/gesture_preview.h"
+#include "ui/theme/style/check_box.h"
+#include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOption>
 #include <QtMath>
 #include <algorithm>
+#include <iterator>
 #include <utility>
+#include <variant>
 
 namespace glidemap {
 
@@ -27,7 +33,8 @@ constexpr int ringRoom = 4; // for the ring of a control that has the focus
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-constexpr int widestBadge = 200;
+constexpr int widestBadge = 200;    // in a window of the usual width; more where there is more room
+constexpr double badgesPart = 0.28; // of the row, at most
 constexpr double cornerRadius = 7;
 
 // Scripts differ in height, and a list whose rows differed, too, would look restless. Chinese fonts are
@@ -55,6 +62,14 @@ bool movesSelection(const QEvent& event) {
     return key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
+// The signs of keys in words.
+std::string spoken(const BindingAction& action, const Lang& lang) {
+    const auto* const shortcut = std::get_if<KeyShortcut>(&action);
+    return shortcut == nullptr
+               ? displayString(action, lang)
+               : lang.choose("Shortcut ", "快捷键 ") + spokenShortcut(*shortcut, lang);
+}
+
 } // namespace
 
 int BindingRow::usualHeight() {
@@ -80,7 +95,10 @@ BindingRow::BindingRow(GestureBinding given, Callbacks calledBack, const Lang& l
     makeButtons(*layout);
     for (QAbstractButton* control : controls()) {
         control->installEventFilter(this);
+        control->setFocusPolicy(
+            Qt::ClickFocus); // the keys of the list lead there, and Tab leaves the list
     }
+    showEmphasis();
     retitle();
 }
 
@@ -102,6 +120,7 @@ void BindingRow::makeSwitch(QHBoxLayout& layout) {
     preview = new SymbolButton(symbolName(shown.gesture), Role::accent, content);
     preview->setObjectName("preview");
     preview->setFixedWidth(symbolColumn);
+    preview->showGround();
     connect(preview, &QToolButton::clicked, this, [this] { togglePreview(); });
     layout.addWidget(preview);
 }
@@ -122,7 +141,6 @@ void BindingRow::makeTexts(QHBoxLayout& layout) {
     layout.addLayout(column, 1);
     scopeBadge = new Badge(content);
     scopeBadge->setObjectName("scopeBadge");
-    scopeBadge->setMaximumWidth(widestBadge);
     layout.addWidget(scopeBadge);
 }
 
@@ -154,15 +172,27 @@ void BindingRow::retitle() {
     enabled->setChecked(shown.enabled);
     gestureName->setText(toQt(displayName(shown.gesture, lang)));
     actionText->setText(toQt(displayString(shown.action, lang)));
+    const auto* const shortcut = std::get_if<KeyShortcut>(&shown.action);
+    actionText->setToolTip(shortcut != nullptr ? toQt(writtenShortcut(*shortcut)) : QString());
     scopeBadge->setText(toQt(displayString(shown.scope, lang)));
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
     scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
-    setDimmed(content, !shown.enabled); // the controls stay as usable as they were
+    setDimmed(content, !shown.enabled || isMuted); // the controls stay as usable as they were
     nameForAssistance();
     if (showsPreview()) {
         previewed->setGesture(shown.gesture, lang);
         popover->setAccessibleName(gestureName->text());
     }
+}
+
+QString BindingRow::spokenName(const GestureBinding& binding, const Lang& lang) {
+    const std::string comma = lang.choose(", ", "，");
+    std::string name = displayName(binding.gesture, lang) + comma + spoken(binding.action, lang) +
+                       comma + displayString(binding.scope, lang);
+    if (!binding.enabled) {
+        name += comma + lang.choose("off", "已关闭");
+    }
+    return toQt(name);
 }
 
 // Every row has the same controls, so each name says whose they are.
@@ -181,9 +211,30 @@ void BindingRow::nameForAssistance() {
     edit->setAccessibleName(name("Edit", "编辑"));
     help(remove, "Delete", "删除");
     remove->setAccessibleName(name("Delete", "删除"));
-    const QString comma = toQt(lang.choose(", ", "，"));
-    setAccessibleName(gestureName->text() + comma + actionText->text() + comma +
-                      scopeBadge->text());
+    setAccessibleName(spokenName(shown, lang));
+    explain();
+}
+
+void BindingRow::setMuted(bool now) {
+    isMuted = now;
+    setDimmed(content, !shown.enabled || isMuted);
+}
+
+void BindingRow::setShadowed(bool never) {
+    if (std::exchange(isShadowed, never) != never) {
+        explain();
+    }
+}
+
+void BindingRow::explain() {
+    const QString reason =
+        isShadowed
+            ? toQt(lang.choose("Never runs: a binding above it has the same gesture and the "
+                               "same scope, and runs instead.",
+                               "不会执行：上方有手势和生效范围都相同的绑定，执行的是那一个。"))
+            : QString();
+    setToolTip(reason);
+    setAccessibleDescription(reason);
 }
 
 void BindingRow::togglePreview() {
@@ -208,8 +259,38 @@ void BindingRow::closePreview() {
 
 void BindingRow::setSelection(Selection now) {
     if (std::exchange(selection, now) != now) {
+        showEmphasis();
         update();
     }
+}
+
+// The buttons that change things are for the row that one is at.
+void BindingRow::showEmphasis() {
+    const bool isQuiet = !isSelected() && !underMouse();
+    edit->setFaint(isQuiet);
+    remove->setFaint(isQuiet);
+}
+
+void BindingRow::enter() {
+    enabled->setFocus(Qt::TabFocusReason);
+}
+
+// Left and right, from one control to the next.
+bool BindingRow::leadsFocus(int key, QAbstractButton* from) {
+    if (key != Qt::Key_Left && key != Qt::Key_Right) {
+        return false;
+    }
+    const auto order = controls();
+    const auto place = std::ranges::find(order, from);
+    const bool goesOn = (key == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight);
+    if (goesOn && std::next(place) != order.end()) {
+        (*std::next(place))->setFocus(Qt::TabFocusReason);
+    } else if (!goesOn && place != order.begin()) {
+        (*std::prev(place))->setFocus(Qt::BacktabFocusReason);
+    } else if (!goesOn && onLeave) {
+        onLeave();
+    }
+    return true;
 }
 
 // Return works the control that has the focus; the keys of the list go on to the list.
@@ -218,8 +299,16 @@ bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());
     }
     auto* control = static_cast<QAbstractButton*>(watched);
+    // The first click has deleted the row that was here: the second one was not meant for this one.
+    if (event->type() == QEvent::MouseButtonDblClick && control == remove) {
+        return true;
+    }
     if (isReturn(*event) && control != enabled) {
         control->click();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress &&
+        leadsFocus(static_cast<QKeyEvent*>(event)->key(), control)) {
         return true;
     }
     if (movesSelection(*event)) {
@@ -231,22 +320,49 @@ bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
 
 bool BindingRow::event(QEvent* event) {
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
+        showEmphasis();
         update();
     }
     return QWidget::event(event);
 }
 
-void BindingRow::paintEvent(QPaintEvent* /*event*/) {
-    if (!isSelected() && !underMouse()) {
+void BindingRow::resizeEvent(QResizeEvent* event) {
+    scopeBadge->setMaximumWidth(std::max(widestBadge, qRound(width() * badgesPart)));
+    QWidget::resizeEvent(event);
+}
+
+// Under its paler picture, so that both together are the ring at its full strength.
+void BindingRow::drawFocusOfDimmed(QPainter& painter) const {
+    const auto order = controls();
+    const auto focused = std::ranges::find_if(order, &QWidget::hasFocus);
+    if (!isDimmed(content) || focused == order.end() ||
+        !window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
         return;
     }
-    const Theme& theme = Theme::shared();
+    QStyleOption option;
+    option.initFrom(*focused);
+    option.rect.moveTopLeft((*focused)->mapTo(this, QPoint()));
+    if (*focused == enabled) {
+        const QRectF box = style::snapped(painter, style::indicatorRect(option));
+        style::drawFocusRing(painter, box, style::boxRadius);
+    } else {
+        style::strokeRounded(painter, style::snapped(painter, option.rect), style::controlRadius, 2,
+                             style::color(Role::accent));
+    }
+}
+
+void BindingRow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(selection == Selection::selectedWithFocus ? QPen(theme.color(Role::accent), 2)
-                                                             : QPen(Qt::NoPen));
-    painter.setBrush(theme.color(isSelected() ? Role::selection : Role::hover));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    if (isSelected() || underMouse()) {
+        const Theme& theme = Theme::shared();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(selection == Selection::selectedWithFocus
+                           ? QPen(theme.color(Role::accent), 2)
+                           : QPen(Qt::NoPen));
+        painter.setBrush(theme.color(isSelected() ? Role::selection : Role::hover));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
+    }
+    drawFocusOfDimmed(painter);
 }
 
 } // namespace glidemap

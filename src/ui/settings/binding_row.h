@@ -22,6 +22,7 @@
 class QAbstractButton;
 class QCheckBox;
 class QHBoxLayout;
+class QPainter;
 
 namespace glidemap {
 
@@ -46,6 +47,12 @@ public:
     const GestureBinding& binding() const { return shown; }
     void setBinding(GestureBinding binding);
 
+    // Whether a binding before it always runs in its place.
+    void setShadowed(bool never);
+
+    // Whether no binding runs now, because gestures are switched off.
+    void setMuted(bool now);
+
     // The texts, in the language now.
     void retitle();
 
@@ -61,8 +68,17 @@ public:
     // In reading order; what can have the focus.
     std::array<QAbstractButton*, 4> controls() const;
 
+    // Puts the focus on the first of them.
+    void enter();
+
+    // Called when the focus leaves them to the leading side, for the row itself.
+    std::function<void()> onLeave;
+
     // Called when the focus has come to one of them.
     std::function<void(Qt::FocusReason)> onFocusInside;
+
+    // What a row is called that shows this binding.
+    static QString spokenName(const GestureBinding& binding, const Lang& lang);
 
     // The same for every row, whatever script its texts are in.
     static int usualHeight();
@@ -71,17 +87,24 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void makeSwitch(QHBoxLayout& layout);
     void makeTexts(QHBoxLayout& layout);
     void makeButtons(QHBoxLayout& layout);
     void nameForAssistance();
+    void explain();
+    void showEmphasis();
+    bool leadsFocus(int key, QAbstractButton* from);
+    void drawFocusOfDimmed(QPainter& painter) const;
 
     GestureBinding shown;
     Callbacks callbacks;
     const Lang& lang;
     Selection selection = Selection::none;
+    bool isShadowed = false;
+    bool isMuted = false;
     QWidget* content;
     QCheckBox* enabled = nullptr;
     SymbolButton* preview = nullptr;

@@ -40,6 +40,10 @@ int BindingRows::heightOf(std::size_t count) {
     return static_cast<int>(count) * step() + 2 * edge;
 }
 
+int BindingRows::boundaryAbove(std::size_t index) {
+    return edge + static_cast<int>(index) * step();
+}
+
 std::optional<std::size_t> BindingRows::indexOf(const QObject* row) const {
     const auto place =
         std::ranges::find_if(rows, [row](const auto& entry) { return entry.second == row; });
@@ -108,6 +112,7 @@ BindingRow* BindingRows::make(const GestureBinding& binding) {
             callbacks.onFocusInside(*index, reason);
         }
     };
+    row->onLeave = callbacks.onLeave;
     return row;
 }
 
@@ -121,7 +126,7 @@ void BindingRows::discard(BindingRow* row) {
 
 void BindingRows::place() {
     for (const auto& [index, row] : rows) {
-        const int top = edge + static_cast<int>(index) * step() + gap / 2;
+        const int top = boundaryAbove(index) + gap / 2;
         row->setGeometry(0, top, ground.width(), step() - gap);
         row->show();
     }

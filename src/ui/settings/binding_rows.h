@@ -31,6 +31,7 @@ public:
         std::function<void(const GestureBinding&)> onEdit;
         std::function<void(const GestureBinding&)> onDelete;
         std::function<void(std::size_t index, Qt::FocusReason)> onFocusInside;
+        std::function<void()> onLeave; // the focus goes back to the list itself
     };
 
     // The list sees the rows' events before they do, and comes before them in the order of Tab.
@@ -55,6 +56,9 @@ public:
     // From one row to the next, and the room of so many of them.
     static int step();
     static int heightOf(std::size_t count);
+
+    // Where one ends and the next begins, above the one at this index.
+    static int boundaryAbove(std::size_t index);
 
 private:
     void dropOutside(std::size_t count, std::size_t first, std::size_t end);

@@ -4,7 +4,8 @@
 
 #include <QAccessibleWidget>
 #include <algorithm>
-#include <iterator>
+#include <cstddef>
+#include <map>
 
 namespace glidemap {
 
@@ -20,27 +21,73 @@ BindingListView* listAround(const QWidget* row) {
     return nullptr;
 }
 
-// What holds the rows is passed over: they are the list's own children.
+// A binding without a row, because it is out of sight: its place counts, and it can be read, all the same.
+class AbsentRow : public QAccessibleInterface {
+public:
+    AbsentRow(const BindingListView& list, std::size_t place) : shown(list), index(place) {}
+
+    std::size_t place() const { return index; }
+
+    bool isValid() const override { return index < shown.count(); }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(const_cast<BindingListView*>(&shown));
+    }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name && isValid()
+                   ? BindingRow::spokenName(shown.at(index), shown.language())
+                   : QString();
+    }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    QRect rect() const override { return shown.placeOf(index); }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.selectable = true;
+        state.focusable = true;
+        state.offscreen = true;
+        return state;
+    }
+
+private:
+    const BindingListView& shown;
+    const std::size_t index;
+};
+
+// What holds the rows is passed over: they are the list's own children. There is one for each binding, whether it has a row or
+// not, so that each is at its place of so many.
 class AccessibleList : public QAccessibleWidget {
 public:
     explicit AccessibleList(BindingListView* list)
         : QAccessibleWidget(list, QAccessible::List), shown(*list) {}
+    AccessibleList(const AccessibleList&) = delete;
+    AccessibleList& operator=(const AccessibleList&) = delete;
 
-    int childCount() const override { return static_cast<int>(shown.rows().size()); }
+    int childCount() const override { return static_cast<int>(shown.count()); }
 
     QAccessibleInterface* child(int index) const override {
         if (index < 0 || index >= childCount()) {
             return nullptr;
         }
-        return QAccessible::queryAccessibleInterface(
-            std::next(shown.rows().begin(), index)->second);
+        const auto place = static_cast<std::size_t>(index);
+        const auto row = shown.rows().find(place);
+        return row != shown.rows().end() ? QAccessible::queryAccessibleInterface(row->second)
+                                         : absentRow(place);
     }
 
     int indexOfChild(const QAccessibleInterface* child) const override {
+        if (const auto* const unseen = dynamic_cast<const AbsentRow*>(child)) {
+            return static_cast<int>(unseen->place());
+        }
         const auto& rows = shown.rows();
         const auto place = std::ranges::find_if(
             rows, [child](const auto& entry) { return entry.second == child->object(); });
-        return place != rows.end() ? static_cast<int>(std::distance(rows.begin(), place)) : -1;
+        return place != rows.end() ? static_cast<int>(place->first) : -1;
     }
 
     QAccessibleInterface* focusChild() const override {
@@ -51,8 +98,33 @@ public:
                    : QAccessibleWidget::focusChild();
     }
 
+    // One of the two has it, the list or its selected row.
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.focused = shown.hasFocus() && !shown.selectedIndex();
+        return state;
+    }
+
+protected:
+    ~AccessibleList() override {
+        for (const auto& [place, identifier] : absent) {
+            QAccessible::deleteAccessibleInterface(identifier);
+        }
+    }
+
 private:
+    QAccessibleInterface* absentRow(std::size_t place) const {
+        auto known = absent.find(place);
+        if (known == absent.end()) {
+            const auto identifier =
+                QAccessible::registerAccessibleInterface(new AbsentRow(shown, place));
+            known = absent.emplace(place, identifier).first;
+        }
+        return QAccessible::accessibleInterface(known->second);
+    }
+
     const BindingListView& shown;
+    mutable std::map<std::size_t, QAccessible::Id> absent;
 };
 
 class AccessibleRow : public QAccessibleWidget {

@@ -129,6 +129,9 @@ void Notices::showPermission(const Content& content, const Lang& lang) const {
         lang.choose("Accessibility permission is required to send keystrokes and intercept clicks.",
                     "需要「辅助功能」权限才能模拟按键和拦截点击。");
     permission.notice->setButtonText(toQt(lang.choose("Open System Settings", "打开系统设置")));
+    permission.notice->button()->setToolTip(toQt(content.accessButtonHelp));
+    permission.notice->button()->setAccessibleDescription(toQt(content.accessButtonHelp));
+    permission.notice->setSecondLine(toQt(content.missingAccess));
     showText(permission, content.isTrusted ? std::nullopt : std::optional(text));
 }
 

@@ -25,6 +25,8 @@ public:
         std::optional<std::string> latestVersion;
         std::optional<std::string> currentVersion;
         bool isTrusted = true;
+        std::string missingAccess;    // a second line; may be empty
+        std::string accessButtonHelp; // may be empty
         std::optional<std::string> deviceError;
         std::optional<std::string> loginItemError;
         DesktopHelper::State desktopHelper = DesktopHelper::State::notNeeded;

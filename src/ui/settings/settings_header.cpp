@@ -1,12 +1,12 @@
 #include "ui/settings/settings_header.h"
 
+#include "ui/controls/picker.h"
 #include "ui/controls/styled_label.h"
 #include "ui/controls/switch.h"
 #include "ui/theme/symbol.h"
 #include "ui/theme/text.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 namespace glidemap {
 
@@ -23,14 +24,41 @@ constexpr int padding = 12;
 constexpr int spacing = 14;
 constexpr int titleSpacing = 2;
 
+// A text in both languages.
+struct Texts {
+    const char* english;
+    const char* chinese;
+
+    QString in(const Lang& lang) const { return toQt(lang.choose(english, chinese)); }
+};
+
+constexpr Texts titleTexts{"Trackpad Gesture Bindings", "触控板手势绑定"};
+constexpr Texts subtitleTexts{
+    "Map trackpad gestures to shortcuts or system actions, globally or per app",
+    "把触控板手势映射到快捷键或系统动作，支持全局或按 App 生效"};
+constexpr Texts launchTexts{"Launch at Login", "开机自启动"};
+constexpr Texts languageTexts{"Language", "语言"};
+constexpr Texts enabledTexts{"Enabled", "启用"};
+constexpr Texts addTexts{"Add Binding", "添加绑定"};
+
+// How wide a control would be with this text. One of its kind is asked that is never shown.
+template <typename Control>
+int widthWith(const char* text, const Control& like, Control&& asked) {
+    asked.setFont(like.font());
+    asked.setText(toQt(text));
+    return asked.sizeHint().width();
+}
+
 // Command on macOS, which is Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
 
 // As wide as the first language, which is the longest. Measuring the others would load the Chinese font,
 // which is not seen until the list opens.
-class LanguagePicker : public QComboBox {
+class LanguagePicker : public Picker {
 public:
-    using QComboBox::QComboBox;
+    explicit LanguagePicker(QWidget* parent) : Picker(parent) {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
 
     QSize sizeHint() const override {
         QStyleOptionComboBox option;
@@ -64,6 +92,7 @@ SettingsHeader::SettingsHeader(Lang& given, QWidget* parent)
     whole->addLayout(controls);
     toTheme = Theme::shared().changes().subscribe({}, [this] {
         add->setIcon(symbolIcon("plus", Role::onAccent));
+        measure();
         foldIfNarrow();
     });
     retitle();
@@ -143,17 +172,15 @@ void SettingsHeader::setEnabledSwitch(bool on) {
 }
 
 void SettingsHeader::retitle() {
-    title->setText(toQt(lang.choose("Trackpad Gesture Bindings", "触控板手势绑定")));
-    subtitle->setText(toQt(
-        lang.choose("Map trackpad gestures to shortcuts or system actions, globally or per app",
-                    "把触控板手势映射到快捷键或系统动作，支持全局或按 App 生效")));
-    launchAtLogin->setText(toQt(lang.choose("Launch at Login", "开机自启动")));
+    title->setText(titleTexts.in(lang));
+    subtitle->setText(subtitleTexts.in(lang));
+    launchAtLogin->setText(launchTexts.in(lang));
     launchAtLogin->setToolTip(
         toQt(lang.choose("Start Glidemap automatically when you log in to macOS",
                          "登录 macOS 时自动启动 Glidemap")));
-    languageLabel->setText(toQt(lang.choose("Language", "语言")));
-    enabled->setText(toQt(lang.choose("Enabled", "启用")));
-    add->setText(toQt(lang.choose("Add Binding", "添加绑定")));
+    languageLabel->setText(languageTexts.in(lang));
+    enabled->setText(enabledTexts.in(lang));
+    add->setText(addTexts.in(lang));
     add->setShortcut(addKeys); // which a new text takes away
     language->setCurrentIndex(language->findData(toQt(lang.code())));
     language->setAccessibleName(languageLabel->text());
@@ -161,19 +188,44 @@ void SettingsHeader::retitle() {
          std::initializer_list<QAbstractButton*>{launchAtLogin, enabled, add}) {
         button->setAccessibleName(button->text());
     }
+    measure();
     foldIfNarrow();
+}
+
+void SettingsHeader::addLaunchHelp(const std::string& line) {
+    if (!line.empty()) {
+        launchAtLogin->setToolTip(launchAtLogin->toolTip() + '\n' + toQt(line));
+    }
 }
 
 bool SettingsHeader::isFolded() const {
     return whole->direction() == QBoxLayout::TopToBottom;
 }
 
-// One line needs room for the title in one and the subtitle in two.
+// One line needs room for the title in one and the subtitle in two, in either language: choosing the other one moves nothing.
+// English is the longer one in every text. The Chinese texts are measured only where they are shown, since that loads their font.
+void SettingsHeader::measure() {
+    whole->activate(); // or the inner layouts would still know the sizes of before
+    StyledLabel wholeSubtitle(TextStyle::caption, Role::secondary);
+    wholeSubtitle.setText(toQt(subtitleTexts.english));
+    const int titles = std::max(
+        widthWith(titleTexts.english, *title, StyledLabel(TextStyle::title2, Role::primary)),
+        qRound(wholeSubtitle.lineSize().width()) * 11 / 20);
+    QPushButton widestAdd;
+    widestAdd.setIcon(add->icon());
+    const int wider =
+        widthWith(launchTexts.english, *launchAtLogin, QCheckBox()) -
+        launchAtLogin->sizeHint().width() +
+        widthWith(languageTexts.english, *languageLabel,
+                  StyledLabel(TextStyle::body, Role::primary)) -
+        languageLabel->sizeHint().width() + widthWith(enabledTexts.english, *enabled, Switch()) -
+        enabled->sizeHint().width() + widthWith(addTexts.english, *add, std::move(widestAdd)) -
+        add->sizeHint().width();
+    lineNeeds = titles + spacing + controls->sizeHint().width() + wider + 2 * padding;
+}
+
 void SettingsHeader::foldIfNarrow() {
-    const int halfSubtitle = qRound(subtitle->lineSize().width()) * 11 / 20;
-    const int titles = std::max(title->sizeHint().width(), halfSubtitle);
-    const int needed = titles + spacing + controls->sizeHint().width() + 2 * padding;
-    whole->setDirection(width() < needed ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    whole->setDirection(width() < lineNeeds ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 void SettingsHeader::resizeEvent(QResizeEvent* event) {

@@ -8,6 +8,7 @@
 #include "ui/settings/empty_state.h"
 #include "ui/settings/notices.h"
 #include "ui/settings/settings_header.h"
+#include "ui/settings/undo_bar.h"
 
 #include <QEvent>
 #include <QVBoxLayout>
@@ -30,7 +31,7 @@ SettingsView::SettingsView(Services given, QWidget* parent)
     : QWidget(parent), services(std::move(given)), loginItem(*services.loginItems, *services.lang),
       header(new SettingsHeader(*services.lang, this)), notices(new Notices(this)),
       emptyState(new EmptyState(this)), list(new BindingListView(*services.lang, this)),
-      footer(new ActivityFooter(this)) {
+      undoBar(new UndoBar(*services.lang, this)), footer(new ActivityFooter(this)) {
     lay();
     listen();
     observe();
@@ -49,6 +50,7 @@ void SettingsView::lay() {
     middle->addWidget(emptyState);
     middle->addWidget(list);
     stack->addLayout(middle, 1);
+    stack->addWidget(undoBar);
     stack->addWidget(new Separator(this));
     stack->addWidget(footer);
 }
@@ -81,6 +83,9 @@ void SettingsView::listen() {
     list->onDelete = [this](const GestureBinding& binding) {
         remove(binding);
     };
+    undoBar->onUndo = [this] {
+        bringBack();
+    };
 }
 
 // A window that is hidden is brought up to date when it is shown.
@@ -103,13 +108,20 @@ void SettingsView::observe() {
     if (services.desktopHelper != nullptr) {
         follow(services.desktopHelper->changes(), &SettingsView::refresh);
     }
+    if (services.notes != nullptr) {
+        follow(services.notes->changes(), &SettingsView::refresh);
+    }
 }
 
 // Only with the language: who reads the window aloud is told of every name that is set.
 void SettingsView::retitle() {
     header->retitle();
+    if (services.notes != nullptr) {
+        header->addLaunchHelp(services.notes->launchAtLogin(*services.lang));
+    }
     list->retitle();
     emptyState->retitle(*services.lang);
+    undoBar->retitle();
     refresh();
 }
 
@@ -128,6 +140,10 @@ void SettingsView::refreshNotices() {
     content.latestVersion = services.updates->latestVersion();
     content.currentVersion = services.updates->currentVersion();
     content.isTrusted = services.trust->isTrusted();
+    if (services.notes != nullptr && !content.isTrusted) {
+        content.missingAccess = services.notes->missingAccess(*services.lang);
+        content.accessButtonHelp = services.notes->accessButton(*services.lang);
+    }
     content.loginItemError = loginItem.lastError();
     if (services.devices != nullptr) {
         content.deviceError = services.devices->loadError();
@@ -141,7 +157,12 @@ void SettingsView::refreshNotices() {
 
 void SettingsView::refreshList() {
     const auto bindings = services.store->bindings();
+    list->setMuted(!services.dispatcher->masterEnabled());
     list->setBindings(bindings);
+    if (lastDeletion && lastDeletion->after != *bindings) {
+        lastDeletion.reset();
+        undoBar->hide();
+    }
     emptyState->setVisible(bindings->empty());
     list->setVisible(!bindings->empty());
 }
@@ -178,9 +199,26 @@ void SettingsView::toggle(const GestureBinding& binding, bool enabled) {
 }
 
 void SettingsView::remove(const GestureBinding& binding) {
-    BindingList left = *services.store->bindings();
+    const BindingList before = *services.store->bindings();
+    const auto first = std::ranges::find(before, binding.id, &GestureBinding::id);
+    if (first == before.end()) {
+        return;
+    }
+    BindingList left = before;
     std::erase_if(left, [id = binding.id](const GestureBinding& each) { return each.id == id; });
+    lastDeletion = Deletion{before, left, static_cast<std::size_t>(first - before.begin())};
     services.store->setBindings(std::move(left)); // which saves
+    undoBar->offer(binding.gesture);
+}
+
+void SettingsView::bringBack() {
+    const auto deletion = std::exchange(lastDeletion, std::nullopt);
+    if (!deletion || *services.store->bindings() != deletion->after) {
+        return;
+    }
+    services.store->setBindings(deletion->before); // which saves
+    list->setFocus(Qt::OtherFocusReason);
+    list->select(deletion->place);
 }
 
 // The user may come back from the system's settings.

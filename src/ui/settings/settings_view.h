@@ -18,6 +18,7 @@
 #include "input/multitouch_device_manager.h"
 #include "ui/recorder/key_presses.h"
 #include "ui/settings/desktop_helper.h"
+#include "ui/settings/system_notes.h"
 
 #include <QWidget>
 #include <memory>
@@ -31,6 +32,7 @@ class BindingListView;
 class EmptyState;
 class Notices;
 class SettingsHeader;
+class UndoBar;
 
 class SettingsView : public QWidget {
 public:
@@ -44,6 +46,7 @@ public:
         std::shared_ptr<KeyPresses> keys;
         const MultitouchDeviceManager* devices = nullptr; // whose load error is shown; may be null
         std::shared_ptr<DesktopHelper> desktopHelper;     // may be null
+        std::shared_ptr<SystemNotes> notes;               // may be null
         Lang* lang = &Lang::shared();
     };
 
@@ -71,16 +74,26 @@ private:
     void edit(std::optional<GestureBinding> binding);
     void toggle(const GestureBinding& binding, bool enabled);
     void remove(const GestureBinding& binding);
+    void bringBack();
+
+    // Can be undone while the list is still what it left.
+    struct Deletion {
+        BindingList before;
+        BindingList after;
+        std::size_t place; // of the first that went
+    };
 
     Services services;
     LoginItemManager loginItem;
     std::optional<GestureBinding> editingBinding;
     bool showingEditor = false;
+    std::optional<Deletion> lastDeletion;
 
     SettingsHeader* header;
     Notices* notices;
     EmptyState* emptyState;
     BindingListView* list;
+    UndoBar* undoBar;
     ActivityFooter* footer;
     std::vector<Subscription> subscriptions;
 };

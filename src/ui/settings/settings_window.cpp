@@ -1,5 +1,8 @@
 #include "ui/settings/settings_window.h"
 
+#include "ui/controls/accessible_role.h"
+#include "ui/controls/kept_within.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -10,9 +13,6 @@ namespace glidemap {
 
 namespace {
 
-// How much of the window's upper edge has to be on a screen for a hand to get hold of it.
-constexpr QSize handle{120, 40};
-
 // No desktop is larger; beyond, sums of places and sizes would overflow.
 constexpr int farthest = 1'000'000;
 
@@ -20,15 +20,30 @@ bool isFar(int coordinate) {
     return coordinate > farthest || coordinate < -farthest;
 }
 
-bool canBeReached(QPoint place, int width) {
-    if (isFar(place.x()) || isFar(place.y())) {
-        return false;
-    }
-    const QRect upperEdge(place, QSize(width, handle.height()));
-    return std::ranges::any_of(QGuiApplication::screens(), [&](const QScreen* screen) {
-        const QRect seen = screen->availableGeometry().intersected(upperEdge);
-        return seen.width() >= handle.width() && seen.height() >= handle.height();
-    });
+bool makesSense(const WindowGeometry& geometry) {
+    return !isFar(geometry.x) && !isFar(geometry.y);
+}
+
+int distance(const QRect& from, const QRect& to) {
+    const QPoint between = to.center() - from.center();
+    return between.manhattanLength();
+}
+
+// The room of the screen that shows most of the place, or that lies nearest to it if none does.
+QRect roomFor(const QRect& place) {
+    const auto screens = QGuiApplication::screens();
+    const auto isBetter = [&](const QScreen* left, const QScreen* right) {
+        const auto seen = [&](const QScreen* screen) {
+            const QSize part = screen->availableGeometry().intersected(place).size();
+            return part.isEmpty() ? 0LL : 1LL * part.width() * part.height();
+        };
+        if (seen(left) != seen(right)) {
+            return seen(left) > seen(right);
+        }
+        return distance(place, left->availableGeometry()) <
+               distance(place, right->availableGeometry());
+    };
+    return (*std::ranges::min_element(screens, isBetter))->availableGeometry();
 }
 
 QSize sizeOf(const WindowGeometry& geometry, QSize largest) {
@@ -43,6 +58,7 @@ SettingsWindow::SettingsWindow(SettingsView::Services services,
                                std::shared_ptr<WindowGeometryStore> geometryStore, QWidget* parent)
     : QWidget(parent), remembered(std::move(geometryStore)),
       content(new SettingsView(std::move(services), this)) {
+    presentAs<SettingsWindow, QAccessible::Window>();
     setObjectName("settingsWindow");
     setWindowTitle("Glidemap");
     setMinimumSize(minimumContentSize);
@@ -59,14 +75,17 @@ SettingsWindow::~SettingsWindow() {
     }
 }
 
+// Whole on one screen: the one that it was on may be smaller now, or gone.
 void SettingsWindow::goWhereItWas() {
-    const QRect available = screen()->availableGeometry();
     const auto last = remembered != nullptr ? remembered->read() : std::nullopt;
-    const QSize size = last ? sizeOf(*last, screen()->virtualSize()) : contentSize;
-    QRect place(QPoint(), size);
-    place.moveCenter(available.center());
-    if (last && canBeReached({last->x, last->y}, size.width())) {
-        place.moveTopLeft({last->x, last->y});
+    QRect place(QPoint(), contentSize);
+    place.moveCenter(screen()->availableGeometry().center());
+    if (last && makesSense(*last)) {
+        place = QRect(QPoint(last->x, last->y), sizeOf(*last, screen()->virtualSize()));
+        const QRect room = roomFor(place);
+        place.setSize(place.size().boundedTo(room.size()).expandedTo(minimumContentSize));
+        place.moveTo(keptWithin(place.x(), place.width(), room.left(), room.right() + 1),
+                     keptWithin(place.y(), place.height(), room.top(), room.bottom() + 1));
     }
     resize(place.size());
     move(place.topLeft());

@@ -3,7 +3,7 @@
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the application's delegate. Closing only hides it.
-// Errors:  none. A remembered place that no screen shows any more is not used.
+// Errors:  none. A remembered place that no screen shows as a whole any more is moved until one does.
 #pragma once
 
 #include "ui/settings/settings_view.h"

@@ -24,7 +24,7 @@ const QColor dark(0x2a, 0x2a, 0x2a);
 constexpr double edgeOpacity = 0.55; // seen where it has to be, and not where it has not
 
 // The symbol's own shape in another colour, moved by a little to all sides, behind it.
-QPixmap drawn(std::string_view symbol, int size) {
+QPixmap drawn(std::string_view symbol, int size, double strength) {
     const bool isDark = Theme::shared().isDark();
     const int edge = size >= 32 ? 2 : 1;
     const int inner = size - 2 * edge;
@@ -33,11 +33,11 @@ QPixmap drawn(std::string_view symbol, int size) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setOpacity(edgeOpacity);
+    painter.setOpacity(edgeOpacity * strength);
     for (const QPoint offset : {QPoint(0, 1), QPoint(1, 0), QPoint(1, 2), QPoint(2, 1)}) {
         painter.drawPixmap(offset * edge, behind);
     }
-    painter.setOpacity(1);
+    painter.setOpacity(strength);
     painter.drawPixmap(edge, edge, shape);
     return pixmap;
 }
@@ -52,8 +52,8 @@ bool isInstalled(const QString& name) {
 // Drawn when a bar asks for it, at the size that it asks for.
 class Engine : public PixmapIconEngine {
 public:
-    Engine(std::string_view drawnSymbol, QString nameInTheme)
-        : symbol(drawnSymbol), themeName(std::move(nameInTheme)) {}
+    Engine(std::string_view drawnSymbol, QString nameInTheme, double drawnStrength)
+        : symbol(drawnSymbol), themeName(std::move(nameInTheme)), strength(drawnStrength) {}
 
     QIconEngine* clone() const override { return new Engine(*this); }
     QString iconName() override { return themeName; }
@@ -68,29 +68,31 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
-        return side > 2 ? drawn(symbol, side) : QPixmap(); // edges alone are nothing to see
+        return side > 2 ? drawn(symbol, side, strength)
+                        : QPixmap(); // edges alone are nothing to see
     }
 
 private:
     std::string symbol;
     QString themeName;
+    double strength;
 };
 
-QIcon iconOf(std::string_view symbol, const QString& themeName) {
-    QIcon icon(new Engine(symbol, themeName));
+QIcon iconOf(std::string_view symbol, const QString& themeName, double strength) {
+    QIcon icon(new Engine(symbol, themeName, strength));
     icon.setIsMask(true);
     return icon;
 }
 
 } // namespace
 
-QIcon drawnTemplateIcon(std::string_view symbol) {
-    return iconOf(symbol, {});
+QIcon drawnTemplateIcon(std::string_view symbol, double strength) {
+    return iconOf(symbol, {}, strength);
 }
 
-QIcon themedTemplateIcon(const char* themeName, std::string_view symbol) {
+QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double strength) {
     const auto name = QString::fromLatin1(themeName);
-    return iconOf(symbol, isInstalled(name) ? name : QString());
+    return iconOf(symbol, isInstalled(name) ? name : QString(), strength);
 }
 
 } // namespace glidemap

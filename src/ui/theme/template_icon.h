@@ -4,7 +4,7 @@
 // Where it is not installed, or the bar only gives a place to draw in, it is drawn here: in the
 // appearance's colour, with an edge in the opposite one that keeps it legible on any ground.
 //
-// Units:   points.
+// Units:   points; the strength is how opaque it is drawn, 1 for entirely.
 // Thread:  the main thread.
 // Errors:  none.
 #pragma once
@@ -15,8 +15,8 @@
 namespace glidemap {
 
 // By its name in the desktop's icon theme, or drawn where that has none.
-QIcon themedTemplateIcon(const char* themeName, std::string_view symbol);
+QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double strength = 1);
 
-QIcon drawnTemplateIcon(std::string_view symbol);
+QIcon drawnTemplateIcon(std::string_view symbol, double strength = 1);
 
 } // namespace glidemap

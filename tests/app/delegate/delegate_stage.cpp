@@ -9,7 +9,7 @@ namespace glidemap::test {
 
 namespace {
 
-QIcon anyIcon(StatusBar::Kind /*bar*/) {
+QIcon anyIcon(StatusBar::Kind /*bar*/, StatusItem::Look /*look*/) {
     QPixmap pixmap(16, 16);
     pixmap.fill(Qt::black);
     return pixmap;

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QIcon>
 #include <QSystemTrayIcon>
 
@@ -24,8 +25,9 @@ protected:
     std::unique_ptr<StatusItem> itemThatWaits(milliseconds patience) {
         auto item = std::make_unique<StatusItem>(
             bar,
-            [this](Kind kind) {
+            [this](Kind kind, StatusItem::Look now) {
                 drawnFor.push_back(kind);
+                looks.push_back(now);
                 return QIcon();
             },
             patience);
@@ -42,6 +44,7 @@ protected:
     std::shared_ptr<FakeStatusBar> bar = std::make_shared<FakeStatusBar>();
     Observable look;
     std::vector<Kind> drawnFor;
+    std::vector<StatusItem::Look> looks;
     int missing = 0;
     int found = 0;
 };
@@ -73,6 +76,33 @@ TEST_F(StatusItemTest, AClickIsToldUnlessItHasOpenedTheMenu) {
         EXPECT_EQ(clicks, 0);
         Q_EMIT shown->activated(QSystemTrayIcon::Trigger);
         EXPECT_EQ(clicks, kind == Kind::opensMenu ? 0 : 1);
+    }
+}
+
+TEST_F(StatusItemTest, TheIconIsDrawnAnewWhenItsLookChangesAndOnlyThen) {
+    using Look = StatusItem::Look;
+    const auto item = itemThatWaits(never);
+    item->setLook(Look::off);
+    bar->become(Kind::embeds);
+    EXPECT_THAT(looks, ElementsAre(Look::off));
+    item->setLook(Look::off);
+    item->setLook(Look::on);
+    item->setLook(Look::on);
+    EXPECT_THAT(looks, ElementsAre(Look::off, Look::on));
+}
+
+// Some of them know a letter's key and no comma's.
+TEST_F(StatusItemTest, ABarThatDrawsTheMenuShowsEitherNoKeyOrAll) {
+    for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
+        bar->become(Kind::none);
+        const auto item = itemThatWaits(never);
+        for (const char* const keys : {"Ctrl+,", "Ctrl+Q"}) {
+            item->menu().addAction("one")->setShortcut(QKeySequence(keys));
+        }
+        bar->become(kind);
+        for (const QAction* const action : item->menu().actions()) {
+            EXPECT_EQ(action->shortcut().isEmpty(), kind == Kind::drawsItself);
+        }
     }
 }
 

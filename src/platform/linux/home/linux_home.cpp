@@ -1,10 +1,12 @@
 #include "dispatch/gesture_dispatcher.h"
 #include "platform/home.h"
+#include "platform/linux/access/udev_input_nodes.h"
 #include "platform/linux/appearance/portal_appearance.h"
 #include "platform/linux/diagnosis/diagnosis.h"
 #include "platform/linux/fonts/font_reading.h"
 #include "platform/linux/helper/gnome_desktop_helper.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
+#include "platform/linux/notes/linux_notes.h"
 #include "platform/linux/services/linux_services.h"
 #include "platform/linux/session/autostart_entry.h"
 #include "platform/linux/session/environment.h"
@@ -14,6 +16,7 @@
 #include "platform/linux/status_bar/linux_status_bar.h"
 #include "platform/linux/status_bar/toolkit_bus.h"
 #include "platform/linux/windows/desktop_thread.h"
+#include "platform/qt/first_exposure.h"
 #include "platform/qt/qt_user_defaults.h"
 #include "platform/qt/qt_window_geometry.h"
 #include "ui/recorder/toolkit_key_presses.h"
@@ -32,7 +35,9 @@ namespace {
 class LinuxHome : public Home {
 public:
     explicit LinuxHome(const std::shared_ptr<MainQueue>& mainQueue) : services(mainQueue) {
+        services.prompt().waitUntilReady();
         services.onDevicesChanged = [this] {
+            notes->accessMayHaveChanged();
             if (onDevicesChanged) {
                 onDevicesChanged();
             }
@@ -54,8 +59,11 @@ public:
             .windowGeometry =
                 std::make_shared<QtWindowGeometry>(userStateFolder() / "glidemap" / "window.ini"),
             .desktopHelper = GnomeDesktopHelper::ofThisSession(mainQueue),
+            .notes = notes,
+            .keyboardKind = KeyboardKind::pc,
             .dataFolder = userDataFolder,
             .installedIcon = "org.glidemap.Glidemap-symbolic",
+            .installedIconOff = "org.glidemap.Glidemap-off-symbolic",
         };
     }
 
@@ -67,6 +75,12 @@ public:
 
 private:
     LinuxServices services;
+    const std::shared_ptr<LinuxNotes> notes =
+        std::make_shared<LinuxNotes>(std::make_unique<UdevInputNodes>(), services.prompt());
+    // The notice in the window says what the question is about.
+    FirstExposure windowIsThere{[this] {
+        services.prompt().ready();
+    }};
     const std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>();
     Ports given;
 };

@@ -42,6 +42,8 @@ public:
     // tried once more.
     std::function<void()> onDevicesChanged;
 
+    AccessPrompt& prompt() { return accessPrompt; }
+
 private:
     void followSession();
     void lookAgain();

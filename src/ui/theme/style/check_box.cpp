@@ -11,7 +11,6 @@ namespace {
 
 constexpr int indicatorSize = 16;
 constexpr int labelGap = 7;
-constexpr double boxRadius = 4.5;
 constexpr int textFlags = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextHideMnemonic;
 
 void drawMark(QPainter& painter, const QStyleOption& option, const QRectF& shape, Mark mark,

@@ -12,6 +12,8 @@ class QStyleOptionButton;
 
 namespace glidemap::style {
 
+constexpr double boxRadius = 4.5;
+
 enum class Mark { check, radio };
 
 // Only the box or circle, in the given place.

@@ -1,0 +1,88 @@
+#include "kit/queued_main_queue.h"
+#include "platform/linux/notes/linux_notes.h"
+
+#include <gmock/gmock.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+struct Access {
+    bool toTouchpad = false;
+    bool toKeyboard = false;
+};
+
+class FakeNodes : public InputNodes {
+public:
+    explicit FakeNodes(Access given) : access(given) {}
+    std::vector<std::string> touchpads() override { return {"/dev/input/event7"}; }
+    bool mayRead(const std::string& /*node*/) override { return access.toTouchpad; }
+    bool mayMakeDevices() override { return access.toKeyboard; }
+
+private:
+    Access access;
+};
+
+class LinuxNotesTest : public testing::Test {
+protected:
+    // After a question that has ended so.
+    std::string missing(Access access, const char* answer = nullptr, const char* code = "en") {
+        std::vector<std::string> command{"/bin/sh", "-c", answer != nullptr ? answer : "", "grant"};
+        AccessPrompt prompt(queue, answer != nullptr ? command : std::vector<std::string>());
+        if (answer != nullptr) {
+            prompt.ask();
+            queue->runAll();
+            queue->waitForOne();
+            queue->runAll();
+        }
+        return noteOf(access, prompt, code);
+    }
+
+    static std::string noteOf(Access access, const AccessPrompt& prompt, const char* code) {
+        Lang lang{nullptr};
+        lang.setCode(code);
+        return LinuxNotes(std::make_unique<FakeNodes>(access), prompt).missingAccess(lang);
+    }
+
+    std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
+};
+
+TEST_F(LinuxNotesTest, WhatIsMissingIsSaidInBothLanguages) {
+    EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}), "");
+    EXPECT_EQ(missing({.toTouchpad = false, .toKeyboard = true}),
+              "Missing here: access to the touchpad.");
+    EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = false}),
+              "Missing here: access to the virtual keyboard.");
+    EXPECT_EQ(missing({}), "Missing here: access to the touchpad and to the virtual keyboard.");
+    EXPECT_EQ(missing({}, nullptr, "zh"), "此处缺少：触控板和虚拟键盘的访问权限。");
+}
+
+TEST_F(LinuxNotesTest, WhereNothingAsksForThePasswordItSaysWhatToRun) {
+    EXPECT_THAT(missing({}, "exit 127"), EndsWith("In a terminal, run: sudo grant"));
+    EXPECT_THAT(missing({}, "exit 127", "zh"), EndsWith("请在终端中运行：sudo grant"));
+    EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}, "exit 127"), "");
+}
+
+TEST_F(LinuxNotesTest, WhoDismissesTheQuestionIsNotLectured) {
+    EXPECT_THAT(missing({}, "exit 126"), Not(HasSubstr("sudo")));
+    EXPECT_THAT(missing({}, "exit 0"), Not(HasSubstr("sudo")));
+}
+
+TEST_F(LinuxNotesTest, WhereNothingIsInstalledForAllUsersItSaysSo) {
+    AccessPrompt prompt(queue, {});
+    prompt.ask();
+    queue->runAll();
+    EXPECT_THAT(noteOf({}, prompt, "en"), EndsWith("Install its package."));
+}
+
+} // namespace
+} // namespace glidemap
