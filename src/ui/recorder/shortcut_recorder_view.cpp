@@ -132,7 +132,7 @@ void ShortcutRecorderView::makeButtonWideEnough() {
     const QFontMetrics letters = button->fontMetrics();
     int widest = smallestLabel;
     for (const QString& text : {recordingText(), invitation(), recordedText()}) {
-        widest = std::max(widest, letters.horizontalAdvance(text));
+        widest = std::max(widest, letters.size(Qt::TextShowMnemonic, text).width());
     }
     QStyleOptionButton option;
     option.initFrom(button);
