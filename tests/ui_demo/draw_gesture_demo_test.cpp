@@ -106,7 +106,7 @@ TEST_F(ThePad, IsDrawnWhereItIsInWideAndTallViewsOnEveryScreen) {
         for (const double ratio : {1.0, 1.5, 2.0}) {
             const QImage image = painted(GestureType::twoFingerTap, 0, {size, ratio});
             const QRectF pad = padIn(size);
-            const double expected = 1.5 * 0.45;
+            const double expected = 1.5 * 0.7;
             const QPointF middle = pad.center();
             const QPointF across(5, 0);
             const QPointF down(0, 5);
@@ -140,7 +140,7 @@ TEST_F(ThePad, HasRoundedCorners) {
     constexpr double radius = 140;
     constexpr double apex = radius * 0.2929;
     EXPECT_EQ(opacityAt(image, {apex - 3, apex - 3}), 0);
-    EXPECT_NEAR(opacityAt(image, {apex + 0.5, apex + 0.5}), 0.45, 0.02);
+    EXPECT_NEAR(opacityAt(image, {apex + 0.5, apex + 0.5}), 0.7, 0.02);
     EXPECT_EQ(opacityAt(image, {radius, 0.5}), 0); // curved already
     EXPECT_GT(opacityAt(image, {1.45 * radius, 0.5}), 0.44);
 }

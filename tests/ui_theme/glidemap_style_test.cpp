@@ -49,6 +49,14 @@ TEST(GlidemapStyleTest, aProminentButtonStandsOnTheAccent) {
     EXPECT_NEAR(groundOf(button).hue(), roleColor(Role::accentGround).hue(), 3);
 }
 
+// Three to one on its ground, as the palette's test says of this colour.
+TEST(GlidemapStyleTest, theEdgeOfAButtonIsTheEdgeOfACheckBox) {
+    QPushButton button(QStringLiteral("Cancel"));
+    button.resize(button.sizeHint());
+    const QColor edge = drawn(button).pixelColor(style::ringMargin, button.height() / 2);
+    EXPECT_EQ(edge, roleColor(Role::tertiary));
+}
+
 TEST(GlidemapStyleTest, theDefaultButtonIsProminentUntilItIsDisabled) {
     QPushButton button(QStringLiteral("Add"));
     button.setDefault(true);

@@ -47,6 +47,9 @@ struct Row {
 constexpr double text = 4.5;
 constexpr double drawing = 3;
 
+// At the opacity that it is drawn with.
+constexpr double padOpacity = 0.7;
+
 const Row rows[] = {
     {"text on the window", Role::primary, Role::window, text},
     {"text on a card", Role::primary, Role::card, text},
@@ -94,6 +97,14 @@ TEST(PaletteTest, everythingThatIsReadStandsOutFromItsGround) {
         }
     }
     EXPECT_THAT(tooFaint, IsEmpty());
+}
+
+TEST(PaletteTest, theEdgeOfADemonstrationsPadStandsOutFromItsGround) {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        const QColor ground = colorOf(Role::card, scheme);
+        const QColor edge = laidOver(ground, colorOf(Role::secondary, scheme), padOpacity);
+        EXPECT_GE(contrast(edge, ground), drawing);
+    }
 }
 
 TEST(PaletteTest, theContrastOfBlackOnWhiteIsTwentyOne) {

@@ -17,6 +17,9 @@ constexpr double aspect = 1.45; // of the pad, width to height
 constexpr double faintest = 0.01;
 constexpr double trailWidth = 2;
 
+// So that the pad stands out from its ground at three to one.
+constexpr double padOpacity = 0.7;
+
 QPen penOf(Role role, double opacity, double width) {
     return {Theme::shared().color(role, opacity), width, Qt::SolidLine, Qt::RoundCap,
             Qt::RoundJoin};
@@ -31,7 +34,7 @@ void drawPad(QPainter& painter, const QRectF& pad) {
     constexpr double line = 1.5;
     constexpr double half = line / 2;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(penOf(Role::secondary, 0.45, line));
+    painter.setPen(penOf(Role::secondary, padOpacity, line));
     painter.drawPath(
         continuousRectangle(pad.adjusted(half, half, -half, -half), 0.14 * pad.height() - half));
 }

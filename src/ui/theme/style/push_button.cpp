@@ -43,7 +43,7 @@ void drawPlainGround(QPainter& painter, const QRectF& shape, const ButtonLook& l
                     color(look.isPressed ? Role::pressed : Role::hover));
     }
     strokeRounded(painter, shape, controlRadius, line,
-                  color(Role::outline, look.isEnabled ? 1 : 0.5));
+                  color(look.isEnabled ? Role::tertiary : Role::outline));
 }
 
 void drawProminentGround(QPainter& painter, const QRectF& shape, const ButtonLook& look) {
