@@ -112,7 +112,8 @@ TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
     // Has as little patience, and loses it later.
     bool laterIsMissing = false;
     StatusItem later(
-        std::make_shared<FakeStatusBar>(), [](Kind) { return QIcon(); }, milliseconds(0));
+        std::make_shared<FakeStatusBar>(), [](Kind, StatusItem::Look) { return QIcon(); },
+        milliseconds(0));
     later.onMissing = [&] {
         laterIsMissing = true;
     };
