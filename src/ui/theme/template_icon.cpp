@@ -33,12 +33,16 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setOpacity(edgeOpacity * strength);
+    painter.setOpacity(edgeOpacity);
     for (const QPoint offset : {QPoint(0, 1), QPoint(1, 0), QPoint(1, 2), QPoint(2, 1)}) {
         painter.drawPixmap(offset * edge, behind);
     }
-    painter.setOpacity(strength);
+    painter.setOpacity(1);
     painter.drawPixmap(edge, edge, shape);
+    if (strength < 1) { // of the whole, whose layers would shine through each other
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
+    }
     return pixmap;
 }
 
