@@ -2,13 +2,38 @@
 
 #include <uuid/uuid.h>
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstring>
+#include <string>
 
 namespace glidemap {
 
 namespace {
 
 constexpr std::size_t textLength = 36;
+constexpr std::array<std::size_t, 4> hyphens = {8, 13, 18, 23};
+
+bool isHexadecimal(char character) {
+    return (character >= '0' && character <= '9') || (character >= 'a' && character <= 'f') ||
+           (character >= 'A' && character <= 'F');
+}
+
+// Libraries differ in what else they accept: a space or a sign before a digit, or what follows a
+// zero byte.
+bool isWellFormed(std::string_view text) {
+    if (text.size() != textLength) {
+        return false;
+    }
+    for (std::size_t place = 0; place < textLength; ++place) {
+        const bool isHyphen = std::ranges::find(hyphens, place) != hyphens.end();
+        if (isHyphen ? text[place] != '-' : !isHexadecimal(text[place])) {
+            return false;
+        }
+    }
+    return true;
+}
 
 } // namespace
 
@@ -19,8 +44,8 @@ Uuid Uuid::generate() {
 }
 
 std::optional<Uuid> Uuid::parse(std::string_view text) {
-    if (text.size() != textLength) {
-        return std::nullopt; // libuuid reads up to the first zero byte
+    if (!isWellFormed(text)) {
+        return std::nullopt;
     }
     Uuid parsed;
     const std::string terminated(text);
