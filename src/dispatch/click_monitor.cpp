@@ -43,6 +43,8 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
     case ClickEventType::leftMouseDown:
     case ClickEventType::rightMouseDown:
         if (!isTaken()) {
+            // A tap that was out may have missed the release of an earlier press.
+            swallowUpForButton.erase(event.button);
             return ClickTap::Verdict::pass;
         }
         swallowUpForButton.insert(event.button);

@@ -3,7 +3,7 @@
 //
 //   press with 2, 3 or 4 fingers ─▶ onClickGesture ─▶ taken: dropped, and its release, too
 //                                                  └▶ not:   passes
-//   any other press passes. A release is dropped if its button's press was.
+//   any other press passes. A release is dropped if its button's last press was.
 //
 // Units:   button numbers as in the tap's events.
 // Thread:  start(), stop() and isRunning() on the main thread. onClickGesture and the count of
