@@ -8,6 +8,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
 #include <limits>
 #include <string>
 #include <unordered_set>

@@ -1,12 +1,11 @@
 // Files as large or as deep as no list of bindings is: each is decoded or refused, in memory that
 // does not exceed a few times its length.
 #include "bindings/binding_json.h"
+#include "kit/live_memory.h"
 
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include <algorithm>
-#include <fstream>
 #include <ostream>
 #include <string>
 
@@ -94,46 +93,16 @@ std::string textOf(const Row& row) {
     return text;
 }
 
-// The most memory that the process has had since it was created.
-class PeakMemory {
-public:
-    PeakMemory() {
-        malloc_trim(0);
-        std::ofstream("/proc/self/clear_refs") << '5';
-        before = peak();
-    }
-
-    std::size_t needed() const { return peak() - before; }
-
-private:
-    static std::size_t peak() {
-        std::ifstream status("/proc/self/status");
-        std::string line;
-        while (std::getline(status, line)) {
-            constexpr std::string_view name = "VmHWM:";
-            if (line.starts_with(name)) {
-                return std::stoul(line.substr(name.size())) * 1024;
-            }
-        }
-        ADD_FAILURE() << "the kernel does not tell";
-        return 0;
-    }
-
-    std::size_t before = 0;
-};
-
 class LargeFiles : public testing::TestWithParam<Row> {};
 
 TEST_P(LargeFiles, AreDecodedOrRefusedInAFewTimesTheirLength) {
     const Row& row = GetParam();
     const std::string text = textOf(row);
-    const PeakMemory memory;
+    kit::forgetMostLiveMemory();
+    const std::size_t before = kit::liveMemory();
     const auto decoded = decodeBindings(text);
-    // A sanitizer keeps what was freed, so that the peak would tell nothing.
-#if !defined(GLIDEMAP_SANITIZED)
-    constexpr std::size_t anyway = 10'000'000;
-    EXPECT_LT(memory.needed(), row.mostForAByte * text.size() + anyway);
-#endif
+    constexpr std::size_t anyway = 1'000'000;
+    EXPECT_LT(kit::mostLiveMemory() - before, row.mostForAByte * text.size() + anyway);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     if (row.reason.empty()) {
         EXPECT_EQ(failure, nullptr) << failure->reason;

@@ -105,7 +105,9 @@ TEST_F(MultitouchDeviceManagerTest, AMissingDriverIsAnErrorWithTheLoadersReason)
     MultitouchDeviceManager manager({"/no/such/driver.so", {}});
     const std::string prefix = "无法加载 MultitouchSupport.framework: ";
     ASSERT_TRUE(manager.loadError().has_value());
-    EXPECT_TRUE(manager.loadError()->starts_with(prefix + "/no/such/driver.so:"))
+    EXPECT_TRUE(manager.loadError()->starts_with(prefix)) << *manager.loadError();
+    // Some loaders name their own function before the path.
+    EXPECT_NE(manager.loadError()->find("/no/such/driver.so"), std::string::npos)
         << *manager.loadError();
     EXPECT_GT(manager.loadError()->size(), prefix.size() + 20);
     const auto before = manager.loadError();

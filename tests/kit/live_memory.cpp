@@ -1,31 +1,53 @@
 #include "kit/live_memory.h"
 
-#include <malloc.h>
-
+#include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
 std::atomic<std::size_t> liveBytes = 0;
+std::atomic<std::size_t> mostBytes = 0;
 std::atomic<std::size_t> allocations = 0;
 
-void* counted(void* memory) {
-    if (memory == nullptr) {
+void noteMost(std::size_t live) {
+    std::size_t most = mostBytes;
+    while (live > most && !mostBytes.compare_exchange_weak(most, live)) {
+    }
+}
+
+// What stands before a piece of memory: its size, which not every C library tells. As wide as the
+// alignment, so that what follows is aligned.
+std::size_t headerSize(std::size_t alignment) {
+    return std::max(alignment, alignof(std::max_align_t));
+}
+
+void* counted(std::size_t size, std::size_t alignment) {
+    const std::size_t header = headerSize(alignment);
+    const std::size_t whole = (header + size + header - 1) / header * header;
+    auto* const start =
+        whole > size ? static_cast<std::byte*>(std::aligned_alloc(header, whole)) : nullptr;
+    if (start == nullptr) {
         throw std::bad_alloc();
     }
-    liveBytes += malloc_usable_size(memory);
+    std::byte* const memory = start + header;
+    new (memory - sizeof(std::size_t)) std::size_t(size);
+    noteMost(liveBytes += size);
     ++allocations;
     return memory;
 }
 
-void release(void* memory) {
+void release(void* memory, std::size_t alignment) {
     if (memory != nullptr) {
-        liveBytes -= malloc_usable_size(memory);
-        std::free(memory);
+        auto* const bytes = static_cast<std::byte*>(memory);
+        liveBytes -= *std::launder(reinterpret_cast<std::size_t*>(bytes - sizeof(std::size_t)));
+        std::free(bytes - headerSize(alignment));
     }
 }
+
+constexpr std::size_t ordinary = alignof(std::max_align_t);
 
 } // namespace
 
@@ -33,6 +55,14 @@ namespace glidemap::kit {
 
 std::size_t liveMemory() {
     return liveBytes;
+}
+
+std::size_t mostLiveMemory() {
+    return mostBytes;
+}
+
+void forgetMostLiveMemory() {
+    mostBytes = liveBytes.load();
 }
 
 std::size_t allocationCount() {
@@ -43,21 +73,20 @@ std::size_t allocationCount() {
 
 // The array and nothrow forms come here by themselves.
 void* operator new(std::size_t size) {
-    return counted(std::malloc(size != 0 ? size : 1));
+    return counted(size, ordinary);
 }
 void* operator new(std::size_t size, std::align_val_t alignment) {
-    const auto align = static_cast<std::size_t>(alignment);
-    return counted(std::aligned_alloc(align, (size + align - 1) / align * align));
+    return counted(size, static_cast<std::size_t>(alignment));
 }
 void operator delete(void* memory) noexcept {
-    release(memory);
+    release(memory, ordinary);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
+    release(memory, ordinary);
 }
-void operator delete(void* memory, std::align_val_t) noexcept {
-    release(memory);
+void operator delete(void* memory, std::align_val_t alignment) noexcept {
+    release(memory, static_cast<std::size_t>(alignment));
 }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-    release(memory);
+void operator delete(void* memory, std::size_t, std::align_val_t alignment) noexcept {
+    release(memory, static_cast<std::size_t>(alignment));
 }

@@ -3,7 +3,7 @@
 // Links a replacement of the global operator new and delete into the test program; every thread's
 // memory counts.
 //
-// Units:   bytes, as the allocator rounds them.
+// Units:   bytes, as they were asked for.
 // Thread:  any.
 #pragma once
 
@@ -12,6 +12,10 @@
 namespace glidemap::kit {
 
 std::size_t liveMemory();
+
+// The most since the start of the program, or since it was forgotten.
+std::size_t mostLiveMemory();
+void forgetMostLiveMemory();
 
 // Allocations since the start of the program.
 std::size_t allocationCount();
