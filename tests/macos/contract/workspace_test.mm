@@ -33,6 +33,7 @@ static_assert(std::is_same_v<decltype([noWorkspace
 constexpr NSRunningApplication* noApplication = nullptr;
 static_assert(
     std::is_same_v<decltype([noApplication activationPolicy]), NSApplicationActivationPolicy>);
+static_assert(std::is_same_v<decltype([noApplication isTerminated]), BOOL>);
 static_assert(std::is_same_v<decltype([noApplication localizedName]), NSString*>);
 static_assert(std::is_same_v<decltype([noApplication bundleIdentifier]), NSString*>);
 
@@ -72,6 +73,7 @@ TEST(WorkspaceContract, HasWhatTheAppearanceUses) {
 TEST(WorkspaceContract, HasTheNames) {
     for (NSString* const name :
          {NSWorkspaceDidActivateApplicationNotification,
+          NSWorkspaceDidTerminateApplicationNotification,
           NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification, NSWorkspaceApplicationKey,
           NSAppearanceNameAqua, NSAppearanceNameDarkAqua}) {
         EXPECT_TRUE(name != nil);

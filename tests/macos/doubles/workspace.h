@@ -15,6 +15,7 @@ struct RunningApplication {
     std::optional<std::string> bundleID;
     std::optional<std::string> name;
     Policy policy = Policy::regular;
+    bool hasEnded = false;
 };
 
 struct Workspace {
@@ -34,6 +35,9 @@ void closeWorkspace();
 
 // The user goes to an application, or to one of which nothing is told, and the notice comes.
 void activate(std::optional<RunningApplication> application);
+
+// The application ends, and the notice comes. Which one is frontmost then is the test's to say.
+void end(const RunningApplication& application);
 
 // A notice of an activation that says nothing about it.
 void noticeAnActivationOnly();

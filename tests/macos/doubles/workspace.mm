@@ -34,6 +34,8 @@ using namespace glidemap::doubles;
 
 NSNotificationName NSWorkspaceDidActivateApplicationNotification =
     @"NSWorkspaceDidActivateApplicationNotification";
+NSNotificationName NSWorkspaceDidTerminateApplicationNotification =
+    @"NSWorkspaceDidTerminateApplicationNotification";
 NSNotificationName const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification =
     @"NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification";
 NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
@@ -69,6 +71,7 @@ NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
                    : application.policy == Policy::accessory
                        ? NSApplicationActivationPolicyAccessory
                        : NSApplicationActivationPolicyProhibited;
+    made->hasEnded = application.hasEnded ? YES : NO;
     return made;
 }
 - (void)dealloc {
@@ -84,6 +87,9 @@ NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 }
 - (NSApplicationActivationPolicy)activationPolicy {
     return policy;
+}
+- (BOOL)isTerminated {
+    return hasEnded;
 }
 @end
 
@@ -160,6 +166,15 @@ void activate(std::optional<RunningApplication> application) {
         [NSRunningApplication doubleOf:now ? *now : glidemap::doubles::RunningApplication{}];
     [[[NSWorkspace sharedWorkspace] notificationCenter]
         postNotificationName:NSWorkspaceDidActivateApplicationNotification
+                      object:[NSWorkspace sharedWorkspace]
+                    userInfo:[NSDictionary dictionaryWithObject:told
+                                                         forKey:NSWorkspaceApplicationKey]];
+}
+
+void end(const RunningApplication& application) {
+    NSRunningApplication* const told = [NSRunningApplication doubleOf:application];
+    [[[NSWorkspace sharedWorkspace] notificationCenter]
+        postNotificationName:NSWorkspaceDidTerminateApplicationNotification
                       object:[NSWorkspace sharedWorkspace]
                     userInfo:[NSDictionary dictionaryWithObject:told
                                                          forKey:NSWorkspaceApplicationKey]];

@@ -24,6 +24,7 @@ TEST_F(FrontmostApplicationTest, ListensBeforeItAsksOnce) {
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
     EXPECT_THAT(journal(),
                 ElementsAre("addObserverForName NSWorkspaceDidActivateApplicationNotification",
+                            "addObserverForName NSWorkspaceDidTerminateApplicationNotification",
                             "frontmostApplication"));
 }
 
@@ -57,6 +58,46 @@ TEST_F(FrontmostApplicationTest, KnowsNothingAfterANoticeThatSaysNothing) {
     EXPECT_EQ(frontmost.current(), Application());
 }
 
+TEST_F(FrontmostApplicationTest, IsNoneOnceItHasEndedAndNoOtherHasComeForward) {
+    const FrontmostApplication frontmost;
+    activate(notes);
+    doubles::workspace().frontmost.reset();
+    doubles::end(notes);
+    EXPECT_EQ(frontmost.current(), Application());
+}
+
+TEST_F(FrontmostApplicationTest, IsNoneOnceItHasEndedAlthoughTheWorkspaceStillNamesIt) {
+    const FrontmostApplication frontmost;
+    activate(notes);
+    doubles::workspace().frontmost->hasEnded = true;
+    doubles::end(notes);
+    EXPECT_EQ(frontmost.current(), Application());
+}
+
+TEST_F(FrontmostApplicationTest, IsTheOneThatIsInFrontAfterTheEnd) {
+    const FrontmostApplication frontmost;
+    activate(notes);
+    doubles::workspace().frontmost = draw;
+    doubles::end(notes);
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.draw", "画图"}));
+}
+
+TEST_F(FrontmostApplicationTest, StaysWhenAnotherOneEnds) {
+    const FrontmostApplication frontmost;
+    activate(notes);
+    journal();
+    doubles::end(draw);
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
+    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not asked";
+}
+
+TEST_F(FrontmostApplicationTest, StaysWhenASecondProcessOfItEnds) {
+    const FrontmostApplication frontmost;
+    activate(notes);
+    doubles::end(notes); // while the workspace names the first one, which runs
+    EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
+}
+
 TEST_F(FrontmostApplicationTest, HearsNoOtherNotice) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
@@ -70,7 +111,8 @@ TEST_F(FrontmostApplicationTest, IsToldNothingOnceItHasGone) {
     journal();
     frontmost.reset();
     activate(notes);
-    EXPECT_THAT(journal(), ElementsAre("removeObserver"));
+    doubles::end(notes);
+    EXPECT_THAT(journal(), ElementsAre("removeObserver", "removeObserver"));
 }
 
 TEST_F(FrontmostApplicationTest, IsWholeWhileTheLastNoticeComes) {

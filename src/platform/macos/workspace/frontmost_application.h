@@ -1,5 +1,5 @@
 // Knows at any moment which application is frontmost, because the workspace says so each time
-// another one is.
+// another one is, or the frontmost one has ended.
 //
 // Thread:  made and destroyed on the main thread, where the workspace speaks; current() on any
 //          thread: it reads one pointer and waits for nobody.
@@ -28,11 +28,13 @@ public:
 
 private:
     void publish(Application application);
+    void applicationEnded(const Application& ended);
 
     ApplicationTable known;
     std::atomic<const Application*> frontmost = ApplicationTable::unknown();
     static_assert(std::atomic<const Application*>::is_always_lock_free);
-    std::unique_ptr<WorkspaceNotice> activation; // goes first
+    std::unique_ptr<WorkspaceNotice> activation; // the notices go first
+    std::unique_ptr<WorkspaceNotice> termination;
 };
 
 } // namespace glidemap

@@ -13,7 +13,7 @@ namespace {
 // More than anyone brings forward between two starts of the program.
 constexpr std::size_t places = 16384;
 
-NSRunningApplication* activatedIn(NSNotification* notice) {
+NSRunningApplication* applicationIn(NSNotification* notice) {
     return [[notice userInfo] objectForKey:NSWorkspaceApplicationKey];
 }
 
@@ -23,11 +23,25 @@ FrontmostApplication::FrontmostApplication()
     : known(places),
       activation(std::make_unique<WorkspaceNotice>(
           NSWorkspaceDidActivateApplicationNotification,
-          [this](NSNotification* notice) { publish(applicationOf(activatedIn(notice))); })) {
+          [this](NSNotification* notice) { publish(applicationOf(applicationIn(notice))); })),
+      termination(std::make_unique<WorkspaceNotice>(
+          NSWorkspaceDidTerminateApplicationNotification, [this](NSNotification* notice) {
+              applicationEnded(applicationOf(applicationIn(notice)));
+          })) {
     publish(applicationOf([[NSWorkspace sharedWorkspace] frontmostApplication]));
 }
 
 FrontmostApplication::~FrontmostApplication() = default;
+
+// An application that ends need not be followed by another one, and the workspace may still name it.
+// One that runs twice is frontmost still if the other process is.
+void FrontmostApplication::applicationEnded(const Application& ended) {
+    if (current() != ended) {
+        return;
+    }
+    NSRunningApplication* const now = [[NSWorkspace sharedWorkspace] frontmostApplication];
+    publish([now isTerminated] ? Application() : applicationOf(now));
+}
 
 // Whoever reads the pointer sees all that it points to.
 void FrontmostApplication::publish(Application application) {

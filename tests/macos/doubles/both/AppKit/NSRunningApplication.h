@@ -16,8 +16,10 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
     NSString* name;
     NSString* identifier;
     NSApplicationActivationPolicy policy;
+    BOOL hasEnded;
 }
 @property(readonly) NSApplicationActivationPolicy activationPolicy;
+@property(getter=isTerminated, readonly) BOOL terminated;
 @property(nullable, readonly, copy) NSString* localizedName;
 @property(nullable, readonly, copy) NSString* bundleIdentifier;
 @end

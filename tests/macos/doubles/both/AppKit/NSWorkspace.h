@@ -8,6 +8,7 @@
 NS_ASSUME_NONNULL_BEGIN
 
 extern NSNotificationName NSWorkspaceDidActivateApplicationNotification;
+extern NSNotificationName NSWorkspaceDidTerminateApplicationNotification;
 extern NSNotificationName const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification;
 extern NSString* const NSWorkspaceApplicationKey;
 
