@@ -30,6 +30,9 @@ void limitMemory() {
 int main(int count, char* arguments[]) {
     limitMemory();
     const QCoreApplication application(count, arguments);
+#if defined(GLIDEMAP_PLUGINS)
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() + GLIDEMAP_PLUGINS);
+#endif
     const QUrl url(count == 2 ? QString::fromLocal8Bit(arguments[1]) : QString(), QUrl::StrictMode);
     if (!url.isValid() || url.scheme() != "https" || url.host().isEmpty()) {
         std::cerr << "usage: glidemap-fetch https://HOST/PATH" << std::endl;

@@ -86,7 +86,7 @@ std::filesystem::path installedFetchProgram() {
     if (!programs.is_absolute()) {
         return {}; // nobody knows where this program is; and what has no name does not start
     }
-    return programs.parent_path() / "libexec" / "glidemap" / "glidemap-fetch";
+    return programs.parent_path() / GLIDEMAP_HELPERS / "glidemap-fetch";
 }
 
 } // namespace glidemap

@@ -50,7 +50,7 @@ def check_job(name, job):
     systems = systems_of(job)
     check(systems and all(system.startswith("macos-") for system in systems), f"{name} runs on {systems}")
     used = [step["uses"] for step in job["steps"] if "uses" in step]
-    check(used == ["actions/checkout@v4"], f"{name} uses {used}")
+    check(used == ["actions/checkout@v5"], f"{name} uses {used}")
     commands = "\n".join(step.get("run", "") for step in job["steps"])
     configured = set()
     called = re.findall(r"^(cmake(?: --build)? --preset|ctest --preset) (\S+)", commands, re.MULTILINE)
