@@ -1,0 +1,64 @@
+# Compiles and links for a Mac on Linux: Clang makes Mach-O everywhere. Nothing of the system's maker is used: the C library's
+# headers are musl's with ours before them, the system's frameworks are the headers that the doubles are written against,
+# and the libraries to link with are lists of symbols of ours (tests/darwin). The results cannot run here.
+#
+# GLIDEMAP_DARWIN_ARCHITECTURE is arm64 or x86_64.
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GLIDEMAP_DARWIN_ARCHITECTURE)
+set(CMAKE_SYSTEM_NAME Darwin)
+set(CMAKE_SYSTEM_PROCESSOR ${GLIDEMAP_DARWIN_ARCHITECTURE})
+# There is nothing to link a program of C with, which is what is tried first.
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+
+include(${CMAKE_CURRENT_LIST_DIR}/NewestClang.cmake)
+get_filename_component(clang_tools ${CMAKE_CXX_COMPILER} DIRECTORY)
+set(CMAKE_OBJCXX_COMPILER ${CMAKE_CXX_COMPILER})
+foreach(language C CXX OBJCXX)
+    set(CMAKE_${language}_COMPILER_TARGET ${GLIDEMAP_DARWIN_ARCHITECTURE}-apple-macos13.0)
+endforeach()
+foreach(tool AR RANLIB NM INSTALL_NAME_TOOL LIPO OTOOL)
+    string(TOLOWER ${tool} name)
+    string(REPLACE _ - name ${name})
+    set(CMAKE_${tool} ${clang_tools}/llvm-${name} CACHE FILEPATH "Clang's own, for Mach-O")
+endforeach()
+
+set(darwin ${CMAKE_CURRENT_LIST_DIR}/../tests/darwin)
+get_filename_component(darwin ${darwin} ABSOLUTE)
+set(doubles ${darwin}/../macos/doubles)
+get_filename_component(doubles ${doubles} ABSOLUTE)
+
+# A Mac's headers that a C library for Linux has, too. What is not listed is not found.
+set(headers ${CMAKE_BINARY_DIR}/darwin-headers)
+file(GLOB musl /usr/include/*-linux-musl)
+list(GET musl 0 musl)
+file(STRINGS ${darwin}/system/headers-of-the-c-library shared REGEX "^[^#]")
+foreach(header IN LISTS shared)
+    get_filename_component(folder ${headers}/${header} DIRECTORY)
+    file(MAKE_DIRECTORY ${folder})
+    file(CREATE_LINK ${musl}/${header} ${headers}/${header} SYMBOLIC)
+endforeach()
+# A library that is headers alone. Its own package would show all of Linux's headers with it.
+file(CREATE_LINK /usr/include/nlohmann ${headers}/nlohmann SYMBOLIC)
+set(nlohmann_json_DIR ${darwin} CACHE PATH "Where the library of JSON is described")
+# This configuration file of the C++ library is the distribution's but for the notes on what which system has.
+file(READ ${clang_tools}/../include/c++/v1/__config_site site)
+string(REPLACE "#define _LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS" "" site "${site}")
+string(REPLACE "#define _LIBCPP_HAS_VENDOR_AVAILABILITY_ANNOTATIONS 0"
+               "#define _LIBCPP_HAS_VENDOR_AVAILABILITY_ANNOTATIONS 1" site "${site}")
+file(CONFIGURE OUTPUT ${headers}/c++/__config_site CONTENT "${site}" @ONLY)
+
+string(JOIN " " includes
+    -nostdlibinc -nostdinc++ -fblocks
+    -isystem ${headers}/c++ -isystem ${clang_tools}/../include/c++/v1
+    -isystem ${darwin}/system -isystem ${headers} -isystem ${doubles}/both -isystem ${doubles}/linux)
+foreach(language C CXX OBJCXX)
+    set(CMAKE_${language}_FLAGS_INIT "${includes} -Wunguarded-availability-new")
+endforeach()
+string(REPLACE "-isystem ${headers}/c++ -isystem ${clang_tools}/../include/c++/v1" "" c_includes "${includes}")
+set(CMAKE_C_FLAGS_INIT "${c_includes}")
+
+foreach(kind EXE MODULE SHARED)
+    set(CMAKE_${kind}_LINKER_FLAGS_INIT
+        "-fuse-ld=lld -nostdlib++ -nodefaultlibs -L${darwin}/libraries -F${darwin}/libraries -Wl,-Z -lc++ -lobjc -lSystem")
+endforeach()
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(PKG_CONFIG_EXECUTABLE /usr/bin/pkg-config)

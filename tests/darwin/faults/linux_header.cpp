@@ -1,0 +1,2 @@
+// expected: 'malloc.h' file not found
+#include <malloc.h>

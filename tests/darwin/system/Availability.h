@@ -1,0 +1,5 @@
+// Since which version of the system there is something, in the words of its headers.
+#pragma once
+
+#define API_AVAILABLE(system) GLIDEMAP_AVAILABLE_##system
+#define GLIDEMAP_AVAILABLE_macos(version) __attribute__((availability(macos, introduced = version)))
