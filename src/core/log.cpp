@@ -39,8 +39,9 @@ private:
 };
 
 bool isTurnedOnByEnvironment() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): before any other thread is started
     const char* value = std::getenv(variable);
-    return value != nullptr && std::string_view(value) != "" && std::string_view(value) != "0";
+    return value != nullptr && *value != '\0' && std::string_view(value) != "0";
 }
 
 void addTime(Line& line) {
@@ -88,6 +89,7 @@ void write(std::string_view topic, std::initializer_list<LogPart> parts) noexcep
 } // namespace log_detail
 
 void turnLogOn() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): main calls this first
     setenv(variable, "1", 1);
     log_detail::on.store(true, std::memory_order_relaxed);
 }
