@@ -8,10 +8,11 @@ namespace glidemap::application {
 
 namespace {
 
-// The language picker's entry for English is in English on purpose.
+// The language picker's entry for English is in English on purpose, and keys and commands have no Chinese names.
 const std::regex& allowed() {
     static const std::regex words(
-        "Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.|((Ctrl|Alt|Shift|Super) )+.");
+        "Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.|((Ctrl|Alt|Shift|Super)[ +])+.|"
+        "sudo [^ ]+");
     return words;
 }
 

@@ -65,17 +65,6 @@ protected:
         return waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
     }
 
-    // Until what the touchpad says comes from the clone, whose reader may then have heard of the
-    // marker button.
-    void waitUntilTaken(DeviceReader& clone) {
-        const Deadline deadline;
-        while (clone.take().empty() && !deadline.passed()) {
-            hand.pause(0.02);
-            pad.clickMarker();
-        }
-        EXPECT_FALSE(deadline.passed()) << "the touchpad was never taken";
-    }
-
     AgentHome home;
     VirtualPad pad{ordinaryPad()};
     PadHand hand{pad};
@@ -187,7 +176,7 @@ TEST_F(AgentTest, ATwoFingerClickIsSwallowedWithItsReleaseAndAOneFingerClickIsNo
     Agent agent;
     DeviceReader keys = keyboard();
     DeviceReader clone(cloneNode());
-    waitUntilTaken(clone);
+    hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
@@ -219,7 +208,7 @@ TEST_F(AgentTest, WhatTheFingersDoComesThroughTheCloneEventForEvent) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader clone(cloneNode());
-    waitUntilTaken(clone);
+    hand.waitUntilTaken(clone);
     ASSERT_TRUE(source.isGrabbedByAnother());
     source.readAll();
     source.forget();
@@ -279,7 +268,7 @@ TEST_F(AgentTest, OnceTheUserHasGivenAccessItTypesAndTakesClicksWithoutARestart)
     prompt.answer();
     DeviceReader keys = keyboard();
     DeviceReader clone(cloneNode());
-    waitUntilTaken(clone);
+    hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
@@ -295,7 +284,7 @@ TEST_F(AgentTest, KillingItInTheMiddleOfATouchGivesTheTouchpadBack) {
     Agent agent;
     const std::filesystem::path clone = cloneNode();
     DeviceReader reader(clone);
-    waitUntilTaken(reader);
+    hand.waitUntilTaken(reader);
     DeviceReader source(pad.node());
     hand.down(2).move(100, 100, 3).press();
     source.readAll();
@@ -316,7 +305,7 @@ TEST_P(StoppedAgentTest, EndsWellAndGivesTheTouchpadBack) {
     const std::filesystem::path clone = cloneNode();
     const std::filesystem::path keyboardNode = waitForNode(keyboardName).value_or("/dev/null");
     DeviceReader reader(clone);
-    waitUntilTaken(reader);
+    hand.waitUntilTaken(reader);
     DeviceReader source(pad.node());
     hand.down(2);
     agent.send(GetParam());
@@ -338,7 +327,7 @@ TEST_F(AgentTest, ATouchpadThatIsPluggedInAgainIsFilteredAgain) {
     EXPECT_TRUE(waitForNoNode(clone));
     pad.plugIn();
     DeviceReader again(cloneNode());
-    waitUntilTaken(again);
+    hand.waitUntilTaken(again);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
     again.readAll();

@@ -199,7 +199,8 @@ TEST_F(LogindTest, TheTouchpadGoesWithTheSessionInFront) {
 
     seat->activate(ours);
     DeviceReader keys(waitForNode(keyboardName).value_or("/dev/null"));
-    const DeviceReader again(waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
+    DeviceReader again(waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
+    hand.waitUntilTaken(again);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }

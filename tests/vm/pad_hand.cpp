@@ -1,8 +1,10 @@
 #include "pad_hand.h"
 
+#include "deadline.h"
 #include "ordinary_pad.h"
 #include "real_time.h"
 
+#include <gtest/gtest.h>
 #include <linux/input.h>
 
 namespace glidemap::vm {
@@ -67,6 +69,15 @@ PadHand& PadHand::up() {
     pad.write(frame);
     fingers.clear();
     return *this;
+}
+
+void PadHand::waitUntilTaken(DeviceReader& clone) {
+    const Deadline deadline;
+    while (clone.take().empty() && !deadline.passed()) {
+        pause(0.02);
+        pad.clickMarker();
+    }
+    EXPECT_FALSE(deadline.passed()) << "the touchpad was never taken";
 }
 
 void PadHand::count(EventFrame& frame, bool touching) const {

@@ -6,6 +6,7 @@
 // Owner:   a test; the pad outlives it.
 #pragma once
 
+#include "device_reader.h"
 #include "virtual_pad.h"
 
 #include <cstdint>
@@ -34,6 +35,10 @@ public:
     // Lets real time pass, as a person does between two gestures: what reads the pad tells a new
     // gesture from the rest of the one before by the clock.
     PadHand& pause(double seconds);
+
+    // Until what the touchpad says comes from the clone, whose reader may then have heard of the
+    // marker button.
+    void waitUntilTaken(DeviceReader& clone);
 
 private:
     void count(EventFrame& frame, bool touching) const;

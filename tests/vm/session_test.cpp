@@ -107,6 +107,8 @@ TEST_F(SessionTest, WhileAnotherSessionIsInFrontThereIsNoKeyboardAndTheTouchpadI
         const std::filesystem::path clone = cloneNode();
         {
             DeviceReader keys(keyboard);
+            DeviceReader reader(clone);
+            hand.waitUntilTaken(reader);
             hand.click(2);
             EXPECT_TRUE(keys.waitForKey(KEY_T, 0)) << "turn " << turn;
         }
@@ -138,7 +140,8 @@ TEST_F(SessionTest, StartedInTheBackgroundItWaitsForItsTurn) {
     }
     set(manager, "Active", true);
     DeviceReader keys(keyboardNode());
-    const DeviceReader clone(cloneNode());
+    DeviceReader clone(cloneNode());
+    hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
@@ -154,7 +157,8 @@ TEST_F(SessionTest, ATouchpadThatComesWhileAnotherSessionIsInFrontIsReadAfterwar
     pad.plugIn();
     set(manager, "Active", true);
     DeviceReader keys(keyboardNode());
-    const DeviceReader clone(cloneNode());
+    DeviceReader clone(cloneNode());
+    hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
@@ -168,6 +172,7 @@ TEST_F(SessionTest, OnALockedScreenNothingIsTypedAndClicksAreTheLockers) {
     Agent agent;
     DeviceReader keys(keyboardNode());
     DeviceReader clone(cloneNode());
+    hand.waitUntilTaken(clone);
     hand.click(2);
     ASSERT_TRUE(keys.waitForKey(KEY_T, 0));
     setLocked(manager, true);
@@ -193,7 +198,8 @@ TEST_F(SessionTest, TheFirstTouchpadMayComeAfterTheStart) {
     Agent agent;
     DeviceReader keys(keyboardNode());
     pad.plugIn();
-    const DeviceReader clone(cloneNode());
+    DeviceReader clone(cloneNode());
+    hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
@@ -204,8 +210,10 @@ TEST_F(SessionTest, ASecondTouchpadIsReadBesideTheFirst) {
     DeviceReader keys(keyboardNode());
     const DeviceReader clone(cloneNode());
     VirtualPad docked(otherPad(), "usb/dock");
-    const DeviceReader other(waitForNode(docked.shape().name, docked.node()).value_or("/dev/null"));
-    PadHand(docked).click(2);
+    DeviceReader other(waitForNode(docked.shape().name, docked.node()).value_or("/dev/null"));
+    PadHand dockedHand(docked);
+    dockedHand.waitUntilTaken(other);
+    dockedHand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
     hand.pause(betweenGestures);
     hand.tap(3);
@@ -223,7 +231,8 @@ TEST_F(SessionTest, AccessThatIsGivenWhileItRunsNeedsNoRestart) {
     ASSERT_EQ(chmod(uinput, 0666), 0);
     DeviceReader keys(keyboardNode());
     ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
-    const DeviceReader clone(cloneNode());
+    DeviceReader clone(cloneNode());
+    hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
     EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
