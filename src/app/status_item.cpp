@@ -67,13 +67,22 @@ void StatusItem::redraw() {
     }
 }
 
-// Once: the toolkit follows a bar that goes and comes back.
+// Made once: the toolkit follows a bar that goes and comes back. One that comes back may be of another kind, as where a panel
+// first owns the tray of the display and then takes items over the bus.
 void StatusItem::appear() {
-    if (item != nullptr || bar->kind() == Kind::none) {
+    const Kind now = bar->kind();
+    if (now == Kind::none) {
+        return;
+    }
+    const bool isAnotherKind = std::exchange(kind, now) != now;
+    if (item != nullptr) {
+        if (isAnotherKind) {
+            menuHasChanged();
+            redraw();
+        }
         return;
     }
     patienceEnds.stop();
-    kind = bar->kind();
     menuHasChanged();
     item = std::make_unique<QSystemTrayIcon>(icon(kind, look), &statusMenu);
     item->setToolTip(description);

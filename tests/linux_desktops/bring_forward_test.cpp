@@ -218,34 +218,6 @@ TEST_P(BringForwardTest, OneThatHasEndedStartsAgain) {
     expectStarts(seen, "launched", 2);
 }
 
-TEST_P(BringForwardTest, OneInATerminalComesForwardWhereProcessesAreKnown) {
-    const Leash leash(folder.path() / "leash");
-    // It stands for whatever terminal GIO finds, and its window is its own.
-    const auto terminal = noting("terminal", leash);
-    std::filesystem::create_directory(folder.path() / "programs");
-    std::filesystem::create_symlink(terminal, folder.path() / "programs/xdg-terminal-exec");
-    std::filesystem::create_symlink(terminal, folder.path() / "programs/x-terminal-emulator");
-    const ScopedEnvironment path(
-        {{"PATH", (folder.path() / "programs").string() + ":" + std::getenv("PATH")}});
-    install("terminal", terminal);
-    install("in-terminal", "sh", "Terminal=true\n");
-    SeenWorkspace seen;
-    const auto other = open("other");
-    launch(seen, "in-terminal");
-    seen.expectRunning({"other", "terminal"});
-    desktop->activate("other");
-    seen.expectFrontmost("other");
-    if (GetParam().processes == Processes::known) {
-        launch(seen, "in-terminal");
-        seen.expectFrontmost("terminal");
-        expectStarts(seen, "terminal", 1);
-    } else {
-        launch(seen, "in-terminal");
-        EXPECT_TRUE(application::waitUntil([&] { return countOfStarts("terminal") == 2; }));
-    }
-    std::filesystem::remove_all(folder.path() / "programs");
-}
-
 INSTANTIATE_TEST_SUITE_P(On, BringForwardTest, testing::ValuesIn(allDesktops()), nameOf);
 
 } // namespace

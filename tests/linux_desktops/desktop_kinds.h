@@ -25,8 +25,6 @@ enum class Minimizing { works, none };
 // Whether windows that are minimised, or on another workspace, come forward.
 enum class HiddenWindows { comeForward, stayHidden };
 enum class Workspaces { several, one };
-// Wayland's protocol for windows names no process.
-enum class Processes { known, unknown };
 enum class SecondLaunch { comesForward, staysBehind };
 
 struct DesktopKind {
@@ -41,7 +39,6 @@ struct DesktopKind {
     Minimizing minimizing = Minimizing::works;
     HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;
-    Processes processes = Processes::known;
 };
 
 void PrintTo(const DesktopKind& kind, std::ostream* out);

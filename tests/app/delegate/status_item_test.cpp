@@ -106,6 +106,15 @@ TEST_F(StatusItemTest, ABarThatDrawsTheMenuShowsEitherNoKeyOrAll) {
     }
 }
 
+TEST_F(StatusItemTest, ABarThatComesToDrawTheMenuItselfGetsTheIconAndTheMenuThatItNeeds) {
+    const auto item = itemThatWaits(never);
+    item->menu().addAction("one")->setShortcut(QKeySequence("Ctrl+Q"));
+    bar->become(Kind::embeds);
+    bar->become(Kind::drawsItself);
+    EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::drawsItself));
+    EXPECT_TRUE(item->menu().actions().front()->shortcut().isEmpty());
+}
+
 TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
     const auto item = itemThatWaits(milliseconds(0));
     bar->become(Kind::drawsItself);

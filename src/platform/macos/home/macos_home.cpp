@@ -59,6 +59,7 @@ public:
             .keyPresses = std::make_shared<LocalKeyMonitor>(),
             .windowGeometry = std::make_shared<QtWindowGeometry>(ownFolder() / "window.ini"),
             .desktopHelper = nullptr,
+            .notes = nullptr,
             .dataFolder = dataFolder,
         };
         // The application object takes the event for itself while it launches.
