@@ -60,8 +60,7 @@ std::vector<DesktopKind> describeAll() {
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
-         .workspaces = Workspaces::one, // they change by keys alone
-         .processes = Processes::unknown},
+         .workspaces = Workspaces::one}, // they change by keys alone
         {.name = "Xfce",
          .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),
          .start = startXfce,
