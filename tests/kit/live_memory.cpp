@@ -71,7 +71,32 @@ std::size_t allocationCount() {
 
 } // namespace glidemap::kit
 
-// The array and nothrow forms come here by themselves.
+// All forms, because the sanitizers bring forms of their own, which do not write the size.
+void* operator new[](std::size_t size) {
+    return counted(size, ordinary);
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    try {
+        return counted(size, ordinary);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+    return operator new(size, tag);
+}
+void operator delete[](void* memory) noexcept {
+    release(memory, ordinary);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    release(memory, ordinary);
+}
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
+    release(memory, ordinary);
+}
+void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept {
+    release(memory, ordinary);
+}
 void* operator new(std::size_t size) {
     return counted(size, ordinary);
 }

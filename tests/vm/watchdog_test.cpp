@@ -11,7 +11,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <future>
+#include <memory>
+#include <vector>
 
 namespace glidemap::vm {
 namespace {
@@ -59,9 +62,10 @@ protected:
     // Both of them, from when the driver has made them.
     static Readers readClones(const ClickFilterSession& filter) {
         Readers readers;
-        EXPECT_TRUE(waitForCloneCount(2));
-        for (const std::filesystem::path& node : cloneNodes()) {
-            readers.push_back(std::make_unique<EventReader>(node));
+        std::vector<std::filesystem::path> nodes;
+        for (int clone = 0; clone < 2; ++clone) {
+            nodes.push_back(waitForClone(nodes));
+            readers.push_back(std::make_unique<EventReader>(nodes.back()));
         }
         filter.waitUntilIntroduced();
         return readers;
