@@ -38,15 +38,15 @@ protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         const int step = BindingRows::step();
-        const auto line = [&](int index) {
+        const auto lineAbove = [&](int index) {
             return BindingRows::boundaryAbove(static_cast<std::size_t>(index));
         };
         const int first = std::max(1, event->rect().top() / step);
-        for (int index = first; line(index) <= event->rect().bottom(); ++index) {
+        for (int index = first; lineAbove(index) <= event->rect().bottom(); ++index) {
             if (BindingRows::heightOf(static_cast<std::size_t>(index)) <
                 height()) { // not below the last
                 const QRectF above = style::snapped(
-                    painter, QRectF(lineInset, line(index), width() - 2 * lineInset, 1));
+                    painter, QRectF(lineInset, lineAbove(index), width() - 2 * lineInset, 1));
                 painter.fillRect(
                     QRectF(above.topLeft(), QSizeF(above.width(), style::hairline(painter))),
                     style::color(Role::separator));
