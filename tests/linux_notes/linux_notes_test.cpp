@@ -39,10 +39,15 @@ protected:
         std::vector<std::string> command{"/bin/sh", "-c", answer != nullptr ? answer : "", "grant"};
         AccessPrompt prompt(queue, answer != nullptr ? command : std::vector<std::string>());
         if (answer != nullptr) {
+            bool isAnswered = false;
+            prompt.onAnswer = [&] {
+                isAnswered = true;
+            };
             prompt.ask();
-            queue->runAll();
-            queue->waitForOne();
-            queue->runAll();
+            while (!isAnswered) {
+                queue->waitForOne();
+                queue->runAll();
+            }
         }
         return noteOf(access, prompt, code);
     }
