@@ -45,7 +45,7 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// What most of the neighbours' noise is not in.
+// Leaves out most of the noise of other programs.
 double tenth(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 10];

@@ -35,10 +35,10 @@ constexpr const char* applicationID = "org.glidemap.Glidemap";
 // Desktops and users wait some seconds before they kill a program.
 constexpr std::chrono::milliseconds endLimit{1500};
 
-// Of the arguments: the options are none of the toolkit's.
+// The toolkit gets the program's name alone: the options are ours.
 constexpr int onlyTheName = 1;
 
-// The program's one delegate, for the one moment that nobody can pass it to: see endInOrder().
+// The program's delegate, for endInOrder(), which takes no argument.
 std::weak_ptr<AppDelegate> theDelegate;
 
 // When its display goes, the toolkit ends the program from the middle of things. The touchpads are
@@ -189,7 +189,7 @@ void runFirst(SingleInstance& instance, char** arguments) {
     program.run(instance);
 }
 
-// On the screen, too: whoever has started it by an icon sees no terminal.
+// Also on the screen: a user who starts the program by its icon sees no terminal.
 int refuse(const char* complaint, AlertText (*text)(const Lang&), char** arguments) {
     complain(complaint);
     if (Home::hasDisplay()) {

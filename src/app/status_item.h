@@ -54,7 +54,7 @@ public:
     // has read it long before, and shows that while it waits to be told better, so it is told now.
     void menuHasChanged();
 
-    // What the icon is to look like from now on.
+    // Sets the look of the icon.
     void setLook(Look now);
 
     // Gives it the icon anew at each of these changes.

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// What a match goes by: of an application its identifier alone.
+// Scopes match by the application's identifier alone.
 using Place = std::pair<GestureType, std::optional<std::string>>;
 
 Place placeOf(const GestureBinding& binding) {

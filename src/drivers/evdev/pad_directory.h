@@ -40,7 +40,7 @@ struct PadCandidate {
     bool readable = true; // by this user, as far as can be told without opening it
 };
 
-// What the system has made of a clone so far.
+// How far the system has come with a clone.
 struct CloneStanding {
     bool hasNode = false;
     bool isAnnounced = false;   // udev has initialised it, and calls it a touchpad

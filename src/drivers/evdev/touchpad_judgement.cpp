@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-// What describes a touchpad belongs to the input device, of which the event node is a child.
+// A touchpad's properties belong to the input device, the parent of the event node.
 udev_device* inputDeviceOf(udev_device* event) {
     return udev_device_get_parent_with_subsystem_devtype(event, "input", nullptr);
 }

@@ -2,7 +2,7 @@
 // with one, and the changes of /dev/input say that a program opens or closes its node. The kernel
 // reports the latter to everybody who may list the folder; it does not report which program it was.
 //
-// What udev has written down before is not asked: a number may have belonged to another device, whose
+// udev's older records are not read: a number may have belonged to another device, whose
 // record udev has not removed yet.
 //
 // Thread:  the reader's.

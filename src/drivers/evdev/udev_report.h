@@ -1,4 +1,4 @@
-// What udev knows of the devices that are like touchpads, in lines for people. Serial numbers and
+// Describes the devices that resemble touchpads, as udev knows them, in lines for people. Serial numbers and
 // addresses, which udev knows too, stay out: the lines are made to be published.
 //
 // Thread:  any. No device is opened but for writing to uinput, which makes none.
