@@ -7,6 +7,7 @@
 #include "process.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sched.h>
 #include <unistd.h>
 
@@ -16,7 +17,6 @@
 #include <fstream>
 #include <iostream>
 #include <string>
-#include <thread>
 
 namespace glidemap::vm {
 namespace {
@@ -65,11 +65,13 @@ protected:
     void waitUntilForwarded() {
         clone.reset();
         clone = std::make_unique<EventReader>(waitForClone());
+        constexpr int untilNextMarker = 10; // milliseconds
         const Deadline deadline;
         others.read();
         while (clone->isQuiet() && !deadline.passed()) {
             pad.clickMarker();
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            pollfd marker{clone->descriptor(), POLLIN, 0};
+            poll(&marker, 1, untilNextMarker);
         }
         EXPECT_FALSE(clone->isQuiet()) << "the touchpad was never taken";
         others.read();
