@@ -66,10 +66,13 @@ protected:
 
     static bool becomes(bool wanted, LinuxOverview& overview) {
         const auto deadline = std::chrono::steady_clock::now() + test::patience;
-        while (overview.mayBeThere() != wanted && std::chrono::steady_clock::now() < deadline) {
+        while (std::chrono::steady_clock::now() < deadline) {
+            if (overview.mayBeThere() == wanted) {
+                return true;
+            }
             std::this_thread::yield();
         }
-        return overview.mayBeThere() == wanted;
+        return false;
     }
 
     Journal journal;

@@ -137,8 +137,9 @@ void LinuxOverview::toggle() {
 }
 
 bool LinuxOverview::mayBeThere() {
+    const bool wasThere = found->load(); // before the next look can change it
     errands.start(std::make_shared<OverviewErrand>(patience, OverviewErrand::Purpose::look, found));
-    return found->load();
+    return wasThere;
 }
 
 } // namespace glidemap
