@@ -1,5 +1,5 @@
-# Where everything goes. A program finds what belongs to it by its own place, ../lib/glidemap, ../libexec/glidemap and
-# ../share/glidemap, so these are written out, and the whole may be installed anywhere.
+# The destination of each file. A program finds its files relative to itself, in ../lib/glidemap, ../libexec/glidemap and
+# ../share/glidemap. So these paths are literal, and the whole can be installed anywhere.
 
 install(TARGETS glidemap glidemap-record glidemap-replay RUNTIME DESTINATION bin)
 install(TARGETS glidemap_loaded_program glidemap_evdev_driver glidemap_replay_driver LIBRARY DESTINATION lib/glidemap)
@@ -10,7 +10,7 @@ install(DIRECTORY ${CMAKE_BINARY_DIR}/share/glidemap/gnome-shell DESTINATION sha
 install(FILES udev/70-glidemap.rules DESTINATION lib/udev/rules.d)
 install(FILES modules-load/glidemap.conf DESTINATION lib/modules-load.d)
 
-# Only an installation knows where it goes.
+# The prefix is known only during installation.
 install(CODE "
     set(GLIDEMAP_GRANT_ACCESS \"\${CMAKE_INSTALL_PREFIX}/libexec/glidemap/glidemap-grant-access\")
     configure_file(\"${CMAKE_CURRENT_SOURCE_DIR}/polkit/org.glidemap.grant-access.policy.in\"
