@@ -1,4 +1,4 @@
-# The macOS application as a bundle: how it is called, and its property list.
+# The macOS application bundle: its name and its property list.
 set(GLIDEMAP_BUNDLE_NAME Glidemap)
 set(GLIDEMAP_BUNDLE_ICON Glidemap.icns)
 

@@ -1,5 +1,5 @@
-# application_icon_drawing(PIXELS RESULT): the drawing of the application's icon that is meant for that many pixels.
-# Below 32 the details of the large one are a blur.
+# application_icon_drawing(PIXELS RESULT): sets RESULT to the icon's drawing for that many pixels. Below 32 pixels the
+# details of the large drawing would blur.
 function(application_icon_drawing pixels result)
     set(drawing org.glidemap.Glidemap)
     if(pixels LESS 32)

@@ -1,17 +1,17 @@
-# What every target is compiled with, and where the results land.
+# Compiler options and output folders of every target.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON) # the touch drivers are loadable libraries
-set(CMAKE_CXX_VISIBILITY_PRESET hidden) # a driver exports its C symbols and nothing else
+set(CMAKE_CXX_VISIBILITY_PRESET hidden) # a driver exports only its C symbols
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-# Same layout as an installed tree: a program finds the drivers at ../lib/glidemap from its own folder.
+# The layout of an installed tree: a program finds the drivers in ../lib/glidemap, relative to itself.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(GLIDEMAP_DRIVER_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/glidemap)
 
-# ccache takes precompiled headers only if it may believe that macros and times in them do not matter; none does here.
+# ccache supports precompiled headers only with this setting: it ignores macros and times in them, which do not matter here.
 find_program(CCACHE ccache)
 if(CCACHE)
     set(launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
@@ -25,17 +25,16 @@ if(CCACHE)
     endif()
 endif()
 
-# Enough for a stack with lines and for a profile; variables take the build a third longer.
+# Enough for stack traces with lines and for profiles. Variables would make the build a third longer.
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
 set(CMAKE_C_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
 
-# The limits of gestures are compared in plain double arithmetic on every processor, also where it could multiply and add
-# in one step.
+# Comparisons with gesture limits must give the same result on every processor, so fused multiply-add is disabled.
 add_compile_options(-ffp-contract=off)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<COMPILE_LANGUAGE:CXX,OBJCXX>:-Wnon-virtual-dtor>)
-# A Mac gets its toolkit from a package manager that always has the newest; what that advises against is all that the
-# oldest one supported has.
+# Silences deprecations newer than the oldest supported Qt. A Mac's package manager always has the newest Qt, and the
+# replacements are missing in the oldest.
 if(APPLE)
     add_compile_definitions(QT_WARN_DEPRECATED_UP_TO=0x060400)
 endif()
@@ -49,7 +48,7 @@ if(GLIDEMAP_SANITIZERS)
     add_link_options(-fsanitize=${GLIDEMAP_SANITIZERS})
 endif()
 
-# Programs that read devices are worth hardening. A sanitizer watches more than this does, and gets in its way.
+# Hardens programs that read devices. Sanitizers check more and conflict with these options.
 include(CheckPIESupported)
 check_pie_supported()
 if(NOT GLIDEMAP_SANITIZERS)
@@ -61,7 +60,7 @@ if(NOT GLIDEMAP_SANITIZERS)
     endif()
 endif()
 
-# GLib asks for it; with it everywhere, precompiled headers serve what uses GLib, too.
+# GLib requires it. With it everywhere, targets that use GLib can share precompiled headers.
 if(NOT APPLE)
     add_compile_options(-pthread)
 endif()

@@ -1,12 +1,12 @@
-# Compiles and links for a Mac on Linux: Clang makes Mach-O everywhere. Nothing of the system's maker is used: the C library's
-# headers are musl's with ours before them, the system's frameworks are the headers that the doubles are written against,
-# and the libraries to link with are lists of symbols of ours (tests/darwin). The results cannot run here.
+# Compiles and links for a Mac on Linux, because Clang writes Mach-O on every system. No file comes from Apple: the C
+# library's headers are musl's behind our own, the frameworks' headers are those of the doubles, and our lists of symbols
+# replace the libraries (tests/darwin). The results cannot run on Linux.
 #
 # GLIDEMAP_DARWIN_ARCHITECTURE is arm64 or x86_64.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GLIDEMAP_DARWIN_ARCHITECTURE)
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_PROCESSOR ${GLIDEMAP_DARWIN_ARCHITECTURE})
-# There is nothing to link a program of C with, which is what is tried first.
+# CMake first tries to link a C program, which is impossible here.
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
 include(${CMAKE_CURRENT_LIST_DIR}/NewestClang.cmake)
@@ -26,7 +26,7 @@ get_filename_component(darwin ${darwin} ABSOLUTE)
 set(doubles ${darwin}/../macos/doubles)
 get_filename_component(doubles ${doubles} ABSOLUTE)
 
-# A Mac's headers that a C library for Linux has, too. What is not listed is not found.
+# Headers of a Mac that a C library for Linux also has. Unlisted headers are not found.
 set(headers ${CMAKE_BINARY_DIR}/darwin-headers)
 file(GLOB musl /usr/include/*-linux-musl)
 list(GET musl 0 musl)
@@ -36,10 +36,10 @@ foreach(header IN LISTS shared)
     file(MAKE_DIRECTORY ${folder})
     file(CREATE_LINK ${musl}/${header} ${headers}/${header} SYMBOLIC)
 endforeach()
-# A library that is headers alone. Its own package would show all of Linux's headers with it.
+# A header-only library. Its own package would also expose all of Linux's headers.
 file(CREATE_LINK /usr/include/nlohmann ${headers}/nlohmann SYMBOLIC)
 set(nlohmann_json_DIR ${darwin} CACHE PATH "Where the library of JSON is described")
-# This configuration file of the C++ library is the distribution's but for the notes on what which system has.
+# The distribution's configuration of the C++ library, except for the availability annotations.
 file(READ ${clang_tools}/../include/c++/v1/__config_site site)
 string(REPLACE "#define _LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS" "" site "${site}")
 string(REPLACE "#define _LIBCPP_HAS_VENDOR_AVAILABILITY_ANNOTATIONS 0"

@@ -1,9 +1,8 @@
-# One static library a folder, each with an include root that holds its own headers and nothing else. A target sees a
-# header only if it links the library that owns it, so an include against the arrows does not compile.
+# Each folder is one static library, with an include root that contains only its own headers. A target can include a header
+# only if it links the library that owns it. So an include against the dependencies does not compile.
 
-# Links the headers (paths as they are included, below BASE) into an include root of the target's own. The target shows
-# them as a header set, which the preset `headers` compiles one by one: a header that relies on what another one includes
-# fails there.
+# Links the headers (include paths, relative to BASE) into the target's own include root. They form a header set, which the
+# preset `headers` compiles one by one. A header that relies on another header's includes fails there.
 function(glidemap_include_root target scope base)
     set(root ${CMAKE_BINARY_DIR}/include-roots/${target})
     set(links)
@@ -20,7 +19,7 @@ function(glidemap_include_root target scope base)
 endfunction()
 
 # glidemap_library(NAME [HEADERS path…] [SOURCES path…] [DEPENDS target…] [PRIVATE_DEPENDS target…])
-# Makes glidemap_NAME. HEADERS are written as they are included ("core/lang.h"), SOURCES relative to the caller.
+# Creates glidemap_NAME. HEADERS are include paths ("core/lang.h"), SOURCES relative to the caller.
 function(glidemap_library name)
     cmake_parse_arguments(ARG "" "BASE" "HEADERS;SOURCES;DEPENDS;PRIVATE_DEPENDS" ${ARGN})
     if(NOT ARG_BASE)
@@ -39,7 +38,7 @@ function(glidemap_library name)
     endif()
 endfunction()
 
-# What is to run before the C++ library is loaded: an exception would need it.
+# For code that runs before the C++ library is loaded: exceptions would need that library.
 function(glidemap_without_cxx_library)
     foreach(target IN LISTS ARGN)
         target_compile_options(${target} PRIVATE -fno-exceptions)
@@ -55,15 +54,15 @@ function(glidemap_driver name)
     set_target_properties(glidemap_${name}_driver PROPERTIES
         OUTPUT_NAME glidemap-${name}
         LIBRARY_OUTPUT_DIRECTORY ${GLIDEMAP_DRIVER_OUTPUT_DIRECTORY})
-    # A name that cannot be resolved is found here, not when a person starts the program.
+    # Undefined symbols must fail the link, not the start of the program.
     if(NOT GLIDEMAP_SANITIZERS)
         target_link_options(glidemap_${name}_driver PRIVATE -Wl,--no-undefined)
     endif()
 endfunction()
 
 # glidemap_tests(NAME SOURCES path… DEPENDS target…): the tests of one folder, with its name as CTest label.
-# Under a sanitizer a folder is one test, so that start-up is paid once; otherwise every case is listed by name.
-# The time-outs end a test that hangs; a machine that is busy with other work may be ten times slower than an idle one.
+# Under a sanitizer a folder is one test, because sanitized programs start slowly. Otherwise each case is one test.
+# The time-outs only end a hung test, because a busy machine may be ten times slower than an idle one.
 function(glidemap_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
     file(GLOB present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp *_test.mm)

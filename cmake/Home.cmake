@@ -1,29 +1,29 @@
-# The system that the program is built for.
+# The target system.
 #
 #   linux         everything
 #   macos         everything, on a Mac
-#   macos-fakes   what needs no interface, and the macOS services against doubles of the system's own, on Linux: Mach-O
-#                 cannot run there, but the services' real sources can, with the compiler and the C++ library of a Mac.
-#                 On a Mac, too, with the real Foundation and Core Foundation below the doubles
+#   macos-fakes   on Linux: code without an interface, and the macOS services against doubles of the system. Linux cannot
+#                 run Mach-O, but it can run the services' sources with a Mac's compiler and C++ library.
+#                 On a Mac: the same, with the real Foundation and Core Foundation below the doubles
 #
-# On a Mac GLIDEMAP_QT says whether the interface is built, or only the services with what they serve.
+# On a Mac GLIDEMAP_QT=OFF builds only the services and their ports, without the interface.
 if(APPLE)
     set(native_home macos)
 else()
     set(native_home linux)
 endif()
-set(GLIDEMAP_HOME ${native_home} CACHE STRING "The system that is built for: linux, macos or macos-fakes")
+set(GLIDEMAP_HOME ${native_home} CACHE STRING "The target system: linux, macos or macos-fakes")
 set_property(CACHE GLIDEMAP_HOME PROPERTY STRINGS linux macos macos-fakes)
 if(NOT GLIDEMAP_HOME MATCHES "^(linux|macos|macos-fakes)$")
-    message(FATAL_ERROR "GLIDEMAP_HOME is none: ${GLIDEMAP_HOME}")
+    message(FATAL_ERROR "GLIDEMAP_HOME is invalid: ${GLIDEMAP_HOME}. Use linux, macos or macos-fakes.")
 endif()
 
-option(GLIDEMAP_QT "Build what needs Qt; a Mac can leave it out" ON)
+option(GLIDEMAP_QT "Build the parts that need Qt; OFF is supported on a Mac only" ON)
 if(NOT GLIDEMAP_QT AND GLIDEMAP_HOME STREQUAL "linux")
-    message(FATAL_ERROR "On Linux there is nothing to build without Qt")
+    message(FATAL_ERROR "GLIDEMAP_QT=OFF is not supported on Linux")
 endif()
 
-# The thread sanitizer cannot judge a stock Qt, and the doubles do not reach as far.
+# The thread sanitizer reports false races in a stock Qt, and the doubles do not cover the interface.
 if(NOT GLIDEMAP_QT OR GLIDEMAP_SANITIZERS STREQUAL "thread" OR GLIDEMAP_HOME STREQUAL "macos-fakes")
     set(GLIDEMAP_WITH_QT OFF)
 else()

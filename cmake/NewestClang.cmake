@@ -1,5 +1,5 @@
-# The newest installed Clang that has its own C++ library and sanitizer runtime. Releases have different versions of it, and
-# a compiler without version in its name is often not the one that these belong to.
+# Finds the newest installed Clang with its own C++ library and sanitizer runtime. Distributions have different versions, and
+# an unversioned compiler often differs from the version of these libraries.
 file(GLOB folders /usr/lib/llvm-*)
 list(SORT folders COMPARE NATURAL ORDER DESCENDING)
 foreach(folder IN LISTS folders)

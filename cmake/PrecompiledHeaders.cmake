@@ -1,19 +1,18 @@
-# Headers that many sources include are read once for all of them.
+# Precompiles headers that many sources include.
 #
-# A target gets the standard library's, and those of Qt Widgets and Google Test only if it links them, so that no target
-# can use a library that it does not link. One donor serves all targets of a tree (src, tests) whose headers are the
-# same, because a compiler accepts them only with the options that they were read with.
+# A target gets the standard library's headers. It gets those of Qt Widgets and Google Test only if it links them, so that no
+# target can use a library that it does not link. One donor serves all targets of a tree (src, tests) with equal headers,
+# because a compiler accepts precompiled headers only with the options that made them.
 #
 # CMAKE_DISABLE_PRECOMPILE_HEADERS builds without them. The preset `headers` sets it, for the headers and for clang-tidy, so
 # that a missing #include is found.
 
-# Says that the target wants them; which ones is decided when all targets are known.
+# Registers the target. Its headers are chosen when all targets are known.
 function(glidemap_precompile target)
     set_property(GLOBAL APPEND PROPERTY GLIDEMAP_PRECOMPILED_TARGETS ${target})
 endfunction()
 
-# Puts into RESULT the libraries whose headers the target's sources can include. What an imported library links itself is
-# left out.
+# Sets RESULT to the libraries whose headers the target's sources can include, without the links of imported libraries.
 function(glidemap_linked_libraries target result)
     set(linked)
     set(open ${target})
@@ -27,7 +26,7 @@ function(glidemap_linked_libraries target result)
         if(library MATCHES "::" OR NOT TARGET ${library})
             continue()
         endif()
-        # A library's own links say what its sources include; those of the others, what their headers do.
+        # The target's own links apply to its sources; the links of its libraries apply to their headers.
         if(library STREQUAL target)
             get_target_property(more ${library} LINK_LIBRARIES)
         else()
@@ -40,10 +39,10 @@ function(glidemap_linked_libraries target result)
     set(${result} ${linked} PARENT_SCOPE)
 endfunction()
 
-# Gives each target that has asked since the last call its headers, with the compiler options of the calling folder.
-# Called at the end of a tree.
+# Assigns headers to each target registered since the last call, with the compiler options of the calling folder.
+# Call it at the end of a tree.
 function(glidemap_assign_precompiled_headers tree)
-    # On a Mac two languages and targets with blocks would each need headers of their own.
+    # On a Mac, two languages and targets with blocks would each need separate headers.
     if(NOT GLIDEMAP_HOME STREQUAL "linux")
         return()
     endif()

@@ -1,5 +1,5 @@
-# wayland_protocol(TARGET file.xml): a static library with the client's side of a protocol, as wayland-scanner writes it.
-# The header is included as <FILE-client-protocol.h>.
+# wayland_protocol(TARGET file.xml): a static library with wayland-scanner's client code for a protocol.
+# Include its header as <FILE-client-protocol.h>.
 
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
 pkg_check_modules(WAYLAND_CLIENT REQUIRED IMPORTED_TARGET GLOBAL wayland-client)
@@ -15,7 +15,7 @@ function(wayland_protocol target xml)
         COMMAND ${WAYLAND_SCANNER} private-code ${xml} ${code}
         DEPENDS ${xml} VERBATIM)
     add_library(${target} STATIC ${code} ${header})
-    target_compile_options(${target} PRIVATE -w) # written by a program
+    target_compile_options(${target} PRIVATE -w) # generated code
     target_include_directories(${target} SYSTEM PUBLIC ${folder})
     target_link_libraries(${target} PUBLIC PkgConfig::WAYLAND_CLIENT)
 endfunction()

@@ -1,15 +1,15 @@
-// Tells Glidemap which windows there are and which one has the focus, on the session's bus: GNOME
-// Shell tells only extensions. Only identities leave the shell. All that comes in is the wish to give
-// the focus to a window, which an action of a gesture has.
+// Reports the windows and the focused window to Glidemap over the session's bus, because GNOME Shell
+// gives this information only to extensions. Only identities leave the shell. The only incoming
+// request gives the focus to a window, for an action of a gesture.
 //
-// The object is the shell's own, found under the name of the shell. Windows are told in the order in
-// which they were opened, as (desktop entry, class, instance, title, process), empty or 0 where the
-// shell does not know; the active one in a list of one or none. The title is empty if anything else
-// identifies the window.
+// The object belongs to the shell and is reached under the shell's name. Windows are reported in the
+// order in which they were opened, as (desktop entry, class, instance, title, process), with empty
+// strings or 0 for unknown values. The active window is a list of one element, or empty. The title is
+// empty if anything else identifies the window.
 //
-// Only the program that installed the extension is told, and obeyed: "program" beside this file is a
-// link to it. Its connection asks once, and gets every change after that. All that other programs can see is that
-// the extension has started.
+// The extension serves only the program that installed it: "program" beside this file is a link to
+// that program. Its connection requests the windows once and then receives every change. Other
+// programs see only that the extension has started.
 
 const OBJECT_PATH = '/org/glidemap/Windows';
 const DESCRIPTION = `<node>
@@ -37,13 +37,13 @@ class WindowsService {
     }
 
     start() {
-        this._listeners = new Map(); // from bus names to the watches that tell when they vanish
+        this._listeners = new Map(); // bus names, with the watches that report their end
         this._tracker = Shell.WindowTracker.get_default();
         this._object = Gio.DBusExportedObject.wrapJSObject(DESCRIPTION, this);
         this._object.export(Gio.DBus.session, OBJECT_PATH);
         this._focusChanged = global.display.connect(
             'notify::focus-window', () => this._tellSoon());
-        // Also when a window gets a class, or an application is recognised in it.
+        // Also emitted when a window gets a class, or its application is recognised.
         this._windowsChanged = this._tracker.connect(
             'tracked-windows-changed', () => this._tellSoon());
         this._object.emit_signal('Started', null);
@@ -78,7 +78,7 @@ class WindowsService {
         });
     }
 
-    // The one of the windows that was used last, as the window switcher has it.
+    // Activates the most recently used of the windows, in the window switcher's order.
     BringForwardAsync([wanted], invocation) {
         if (!this._listeners.has(invocation.get_sender())) {
             invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',
@@ -102,7 +102,7 @@ class WindowsService {
             workspace.activate_with_focus(window, time);
     }
 
-    // The file that the program was installed as, or null.
+    // Returns the path of the installed program, or null.
     _ownProgram() {
         try {
             return GLib.file_read_link(`${this._folder}/program`);
@@ -111,7 +111,7 @@ class WindowsService {
         }
     }
 
-    // Calls back with the file that the process behind a bus name runs, or null.
+    // Calls back with the executable of the process behind a bus name, or null.
     _findProgramOf(name, found) {
         Gio.DBus.session.call('org.freedesktop.DBus', '/org/freedesktop/DBus',
             'org.freedesktop.DBus', 'GetConnectionUnixProcessID', new GLib.Variant('(s)', [name]),
@@ -119,11 +119,11 @@ class WindowsService {
                 let program = null;
                 try {
                     const [process] = bus.call_finish(result).deepUnpack();
-                    // An upgrade has replaced the file of a program that still runs.
+                    // An upgrade may have replaced the file of the running program.
                     program = GLib.file_read_link(`/proc/${process}/exe`)
                         .replace(/ \(deleted\)$/, '');
                 } catch (error) {
-                    // The caller has gone, or belongs to another user.
+                    // The caller has ended, or belongs to another user.
                 }
                 found(program);
             });
@@ -151,7 +151,7 @@ class WindowsService {
         ]);
     }
 
-    // What changes together is told once: the focus passes through no window at all.
+    // Combines simultaneous changes into one report, because the focus passes through "no window".
     _tellSoon() {
         if (this._telling || this._listeners.size === 0)
             return;
@@ -168,7 +168,7 @@ class WindowsService {
 
     _identity(window) {
         const application = this._tracker.get_window_app(window);
-        // For a window of no known application the shell makes one up.
+        // For a window without a known application the shell invents one.
         const known = application && !application.is_window_backed();
         const entry = known ? application.get_id() : '';
         const windowClass = window.get_gtk_application_id() || window.get_wm_class() || '';

@@ -1,8 +1,7 @@
-# Signs BUNDLE by CODESIGN as IDENTITY ("-" for this machine alone): from the inside out, and each part by itself, because the
-# system runs nothing that has changed since it was signed, and a signature that is put on everything at once gives every
-# part the same rights.
+# Signs BUNDLE with CODESIGN as IDENTITY ("-" for this machine alone). It signs each part separately, from the inside out:
+# the system refuses parts that changed after signing, and a single deep signature would give every part the same rights.
 set(options --force --sign ${IDENTITY})
-# What the maker of the system asks of a program that other people are to run; neither is to be had without an identity.
+# Apple requires both options for distribution; both require an identity.
 if(NOT IDENTITY STREQUAL "-")
     list(APPEND options --options runtime --timestamp)
 endif()
