@@ -1,5 +1,5 @@
-# fail_if_found(REGEX EXCEPT MESSAGE): fails with the message if a line of a source below SOURCE_DIR matches, and names each
-# place. EXCEPT matches the paths of the sources that may.
+# fail_if_found(REGEX EXCEPT MESSAGE): fails with MESSAGE if a source line below SOURCE_DIR matches REGEX, and lists each
+# match. EXCEPT matches the paths of exempt sources.
 function(fail_if_found regex except message)
     set(found)
     foreach(folder src tools bench tests)
@@ -16,7 +16,7 @@ function(fail_if_found regex except message)
     endforeach()
     if(found)
         list(JOIN found "\n" text)
-        # As one line each, which the message command would reflow.
+        # One line per match; message() would reflow them.
         execute_process(COMMAND ${CMAKE_COMMAND} -E echo "${text}")
         message(FATAL_ERROR ${message})
     endif()
