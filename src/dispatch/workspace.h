@@ -23,11 +23,6 @@ struct Application {
 
 class Workspace {
 public:
-    // The page of the system's settings where the user lets this program in. Every home knows it by
-    // this name, and shows what it has for it.
-    static constexpr const char* accessibilitySettings =
-        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
-
     Workspace() = default;
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
@@ -50,6 +45,9 @@ public:
     // False where the desktop is known to have no such view. It is looked for again with each call, in
     // the background: what comes of that is what the next call returns.
     virtual bool hasMissionControl() const { return true; }
+
+    // Where the user gives this program access: a page of the system's settings, or the system's question.
+    virtual void openAccessibilitySettings() = 0;
 
     // By the user's own handler, such as the browser.
     virtual void openURL(const std::string& url) = 0;

@@ -38,6 +38,7 @@ public:
         opened.push_back("application " + url);
     }
     void openMissionControl() override { opened.emplace_back("mission control"); }
+    void openAccessibilitySettings() override { opened.emplace_back("accessibility settings"); }
     void openURL(const std::string& url) override { opened.push_back("url " + url); }
 
     std::vector<Application> running;

@@ -163,11 +163,10 @@ TEST_F(LinuxWorkspaceTest, TheSystemsPageForAccessIsThePanelThatAsksForIt) {
     LinuxWorkspace workspace(thread, {}, {.accessibilitySettings = [&asked] {
                                  ++asked;
                              }});
-    workspace.openURL(
-        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+    workspace.openAccessibilitySettings();
     EXPECT_EQ(asked, 1);
     LinuxWorkspace without(thread, {}, {});
-    without.openURL(Workspace::accessibilitySettings);
+    without.openAccessibilitySettings();
 }
 
 } // namespace

@@ -114,9 +114,7 @@ TEST_F(NoticesTest, TheSystemsSettingsAreOpenedAtThePermission) {
     stage.trust->trusted = false;
     stage.open();
     clickButton("permissionNotice");
-    EXPECT_EQ(stage.workspace->opened,
-              (Opened{"url x-apple.systempreferences:com.apple.preference.security"
-                      "?Privacy_Accessibility"}));
+    EXPECT_EQ(stage.workspace->opened, (Opened{"accessibility settings"}));
 }
 
 TEST_F(NoticesTest, APermissionThatHasBeenGivenIsSeenWithTheNextChange) {

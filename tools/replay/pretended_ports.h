@@ -71,6 +71,7 @@ public:
 
     void openApplication(const std::string& url) override { told.launched(url); }
     void openMissionControl() override { told.missionControl(); }
+    void openAccessibilitySettings() override {}
     void openURL(const std::string& /*url*/) override {}
 
 private:

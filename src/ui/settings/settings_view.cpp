@@ -19,10 +19,6 @@ namespace glidemap {
 
 namespace {
 
-// Each home's workspace knows what its own settings are called.
-constexpr const char* accessSettings =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
-
 constexpr QMargins aroundList(12, 12, 12, 12);
 
 } // namespace
@@ -69,7 +65,7 @@ void SettingsView::listen() {
         services.workspace->openURL(services.updates->siteURL());
     };
     notices->onOpenSystemSettings = [this] {
-        services.workspace->openURL(accessSettings);
+        services.workspace->openAccessibilitySettings();
     };
     notices->onInstallHelper = [this] {
         services.desktopHelper->install();

@@ -79,7 +79,12 @@ TEST_F(MacosWorkspaceTest, OpensMissionControlByItsPath) {
 }
 
 TEST_F(MacosWorkspaceTest, OpensAURL) {
-    workspace->openURL(Workspace::accessibilitySettings);
+    workspace->openURL("https://example.org/");
+    EXPECT_THAT(journal(), ElementsAre("openURL https://example.org/"));
+}
+
+TEST_F(MacosWorkspaceTest, OpensTheAccessibilityPageOfThePrivacySettings) {
+    workspace->openAccessibilitySettings();
     EXPECT_THAT(journal(), ElementsAre("openURL x-apple.systempreferences:com.apple.preference."
                                        "security?Privacy_Accessibility"));
 }

@@ -90,19 +90,23 @@ void LinuxWorkspace::openApplication(const std::string& url) {
 }
 
 void LinuxWorkspace::openMissionControl() {
-    if (panels.missionControl)
+    if (panels.missionControl) {
         panels.missionControl();
+    }
 }
 
 bool LinuxWorkspace::hasMissionControl() const {
     return !panels.hasMissionControl || panels.hasMissionControl();
 }
 
-void LinuxWorkspace::openURL(const std::string& url) {
-    if (url != accessibilitySettings)
-        thread.submit([url] { launchHandler(url); });
-    else if (panels.accessibilitySettings)
+void LinuxWorkspace::openAccessibilitySettings() {
+    if (panels.accessibilitySettings) {
         panels.accessibilitySettings();
+    }
+}
+
+void LinuxWorkspace::openURL(const std::string& url) {
+    thread.submit([url] { launchHandler(url); });
 }
 
 } // namespace glidemap

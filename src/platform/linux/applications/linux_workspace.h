@@ -43,6 +43,7 @@ public:
     void openApplication(const std::string& url) override;
     void openMissionControl() override;
     bool hasMissionControl() const override;
+    void openAccessibilitySettings() override;
     void openURL(const std::string& url) override;
 
 private:

@@ -18,6 +18,7 @@ public:
     std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
     void openApplication(const std::string& url) override;
     void openMissionControl() override;
+    void openAccessibilitySettings() override;
     void openURL(const std::string& url) override;
 
 private:

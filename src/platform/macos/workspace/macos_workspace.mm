@@ -60,6 +60,10 @@ void MacosWorkspace::openMissionControl() {
     launch([NSURL fileURLWithPath:missionControl isDirectory:YES]);
 }
 
+void MacosWorkspace::openAccessibilitySettings() {
+    openURL("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+}
+
 void MacosWorkspace::openURL(const std::string& url) {
     if (NSURL* const location = urlOf(url)) {
         [[NSWorkspace sharedWorkspace] openURL:location];
