@@ -1,9 +1,11 @@
 // Port: runs an item of work once, after a delay, unless it is cancelled before it starts.
 //
 // Units:   delays in seconds of real time (or of virtual time, where a test or a replay provides
-// it). Thread:  any thread may schedule and cancel; items run on a thread of the implementation's
-// own. Owner:   whoever schedules an item and whoever may cancel it share it. Letting go of an item
-// does not cancel it.
+//          it).
+// Thread:  any thread may schedule and cancel; items run on a thread of the
+//          implementation.
+// Owner:   the scheduling code and the code that may cancel the item share it. Releasing
+//          an item does not cancel it.
 #pragma once
 
 #include <atomic>
@@ -42,8 +44,8 @@ public:
 
     virtual void schedule(std::shared_ptr<WorkItem> item, double delay) = 0;
 
-    // Waits for the item that is running, if any (unless called from it), and lets go of those that
-    // wait, unrun. No item runs after it returns, until the next schedule().
+    // Waits for the running item, if any (unless called from that item), and releases pending items
+    // without running them. No item runs after it returns, until the next schedule().
     virtual void stop() = 0;
 };
 

@@ -1,6 +1,6 @@
 // The ten groups of gestures, as the settings window lists them.
 //
-// Thread:  any; the texts are those of the current language, unless another is named.
+// Thread:  any; the texts are in the current language unless the caller names another.
 #pragma once
 
 #include <array>
@@ -39,7 +39,7 @@ std::string_view rawValue(GestureCategory category);
 std::string displayName(GestureCategory category);
 std::string displayName(GestureCategory category, const Lang& lang);
 
-// The icon of the category's gestures, by its name in the system's symbol set.
+// The name of the category's icon in the system's symbol set.
 std::string_view symbolName(GestureCategory category);
 
 // Every gesture of the category, in the order of declaration.

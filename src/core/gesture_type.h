@@ -1,11 +1,11 @@
-// The vocabulary: the closed list of the 48 gestures that can be recognised, clicked or bound.
+// The closed list of the 48 gestures that can be recognised, clicked or bound.
 //
-// A raw value is what a bindings file holds, so raw values never change. The set is deliberate: no
+// Bindings files store the raw values, so raw values never change. The set is deliberate: no
 // one-finger tap, no five-finger double tap, click or long press; pinch and rotation have no finger
 // counts.
 //
-// Thread:  any; the texts are those of the current language at the moment they are asked for,
-//          unless another is named.
+// Thread:  any; the texts are in the language that is current when the function is called,
+//          unless the caller names another.
 #pragma once
 
 #include "core/gesture_category.h"
@@ -73,7 +73,7 @@ enum class GestureType : std::uint8_t {
     fourFingerLongPress,
 };
 
-// Which way a gesture goes, or where it lies.
+// The direction in which a gesture moves, or the side on which it lies.
 enum class GestureDirection : std::uint8_t {
     none,
     any, // a circle in either direction
@@ -91,22 +91,23 @@ enum class GestureDirection : std::uint8_t {
     outwards,
 };
 
-// All that is known of a gesture but its one-sentence detail, which the gestures of a category share.
+// Everything about a gesture except its one-sentence detail, which the gestures of a category
+// share.
 struct GestureRow {
     GestureType type;
     std::string_view rawValue;
     GestureCategory category;
     int fingerCount;
-    // Of a swipe where it goes; of an edge swipe the edge that it comes from; of a hold and tap the side of the tap, seen from
-    // the finger that holds.
+    // A swipe: the direction of movement. An edge swipe: the edge where it starts. A hold and tap:
+    // the side of the tap, seen from the holding finger.
     GestureDirection direction;
-    // The icon, by its name in the system's symbol set; one for each category.
+    // The name of the icon in the system's symbol set; each category has one.
     std::string_view symbol;
     std::string_view english;
     std::string_view chinese;
 };
 
-// In the order of the enumeration. A new gesture is a row here, and a limit where it is recognised.
+// In the order of the enumeration. A new gesture needs a row here and limits in its recognizer.
 inline constexpr std::array gestureTable = std::to_array<GestureRow>({
     {GestureType::drawCircle, "drawCircle", GestureCategory::circle, 1, GestureDirection::any,
      "circle.dashed", "Draw Circle (any direction)", "单指画圆（任意方向）"},
@@ -240,7 +241,7 @@ constexpr bool isClick(GestureType gesture) {
     return category(gesture) == GestureCategory::click;
 }
 
-// The gesture of this category with this many fingers in this direction, if there is one.
+// Returns the gesture of this category with this many fingers in this direction, or nullopt.
 constexpr std::optional<GestureType>
 gestureFor(GestureCategory category, int fingerCount,
            GestureDirection direction = GestureDirection::none) {
@@ -253,13 +254,14 @@ gestureFor(GestureCategory category, int fingerCount,
     return std::nullopt;
 }
 
-// The gesture with exactly this raw value, if there is one.
+// Returns the gesture with exactly this raw value, or nullopt.
 std::optional<GestureType> gestureTypeFromRawValue(std::string_view rawValue);
 
 std::string displayName(GestureType gesture);
 std::string displayName(GestureType gesture, const Lang& lang);
 
-// One sentence on how the gesture is made and what it may clash with.
+// One sentence that describes how to make the gesture and which system gestures it may conflict
+// with.
 std::string detail(GestureType gesture);
 std::string detail(GestureType gesture, const Lang& lang);
 

@@ -13,7 +13,7 @@ std::shared_ptr<UserDefaults>& sharedDefaults() {
     return store;
 }
 
-// A fresh installation starts in English, whatever the system's language.
+// A fresh installation starts in English, regardless of the system's language.
 std::string storedCode(const UserDefaults* store) {
     return store != nullptr ? store->string(languageKey).value_or("en") : "en";
 }

@@ -1,9 +1,10 @@
-// The language of the interface: every text stands in English and in Simplified Chinese at the
-// place that shows it, and is chosen there by this object each time it is built.
+// The language of the interface. Every text appears in English and in Simplified Chinese where it
+// is displayed; this object picks one each time the text is built.
 //
-// Thread:  `code` is written on the main thread and may be read on any; a reader gets the old code
-// or the new one. Owner:   the process (`Lang::shared()`); tests make their own. Errors:  none. Any
-// text is kept as the code; only "zh" selects Chinese.
+// Thread:  the main thread writes `code`; any thread may read it and gets either the old
+//          code or the new one.
+// Owner:   the process (`Lang::shared()`); tests create their own.
+// Errors:  none. Any text is accepted as the code; only "zh" selects Chinese.
 #pragma once
 
 #include "core/observable.h"
@@ -18,20 +19,20 @@ namespace glidemap {
 
 class Lang {
 public:
-    // Reads the stored code and writes nothing.
+    // Reads the stored code and does not write.
     explicit Lang(std::shared_ptr<UserDefaults> store);
 
-    // Says where the shared instance keeps its code. Call before the first shared(); without it the
-    // code is forgotten at exit.
+    // Sets where the shared instance stores its code. Call before the first shared(); without it
+    // the code is lost on exit.
     static void configureShared(std::shared_ptr<UserDefaults> store);
     static Lang& shared();
 
     std::string code() const { return *_code.get(); }
 
-    // Announces, stores, and persists, also when the code is the one already there.
+    // Announces the change and stores the code, even if it equals the current one.
     void setCode(const std::string& code);
 
-    // The text for the current language.
+    // Returns the text for the current language.
     std::string choose(std::string_view english, std::string_view chinese) const;
 
     Observable& changes() { return observers; }

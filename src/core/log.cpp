@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* variable = "GLIDEMAP_LOG";
 
-// Less than a pipe takes in one piece.
+// Short enough for a pipe to accept in one write.
 constexpr std::size_t maxLine = 1000;
 
 class Line {
@@ -54,8 +54,8 @@ void addTime(Line& line) {
     line.add(thousandths.view().substr(1));
 }
 
-// A pipe or a terminal that is ready takes a short line without waiting. One whose reader has gone
-// reports that too, and writing to it would end the program.
+// A pipe or terminal that is ready accepts a short line without blocking. A pipe without a reader
+// also sets POLLERR, and writing to it would raise SIGPIPE and end the program.
 void writeWithoutWaiting(std::string_view line) {
     static std::mutex mutex;
     const std::lock_guard lock(mutex);

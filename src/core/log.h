@@ -1,19 +1,20 @@
-// The log: one line on standard error for each decision that a supporter of users asks about.
-// Quiet unless the environment says GLIDEMAP_LOG=1 or the program is started with --verbose.
+// The log: one line on standard error for each decision that matters to user support. Disabled
+// unless GLIDEMAP_LOG=1 is in the environment or the program is started with --verbose.
 //
 //   logLine("touchpads", "grabbed ", node, " after ", count, " attempts");
 //   glidemap 1234.567 touchpads: grabbed /dev/input/event5 after 2 attempts
 //
-// Never log what is typed: no key, no shortcut, no text of another program's window.
+// Never log what the user types: no key, no shortcut, no text of another program's window.
 //
-// While quiet, a call costs one load of a flag; arguments that are costly to make belong behind
-// isLogging(). A line is written whole or not at all: one that standard error has no room for is
-// dropped, so that a reader that has stopped holds up no touchpad. Control characters, which a
-// device's name can contain, become "?". Lines longer than 1,000 bytes are cut.
+// While logging is disabled, a call costs one load of a flag; build expensive arguments only after
+// isLogging(). A line is written whole or not at all: a line that does not fit into standard error
+// is dropped, so that a stalled reader never blocks the touchpad. Control characters, which a
+// device name can contain, become "?". Lines longer than 1,000 bytes are truncated.
 //
-// Units:   the time is that of the monotonic clock in seconds, as in the touchpads' own events.
-// Thread:  any. Allocates nothing.
-// Owner:   the process; a loaded driver has a log of its own, which the environment turns on too.
+// Units:   seconds of the monotonic clock, as in the touchpads' own events.
+// Thread:  any. Does not allocate.
+// Owner:   the process; a loaded driver has its own log, which the same environment
+//          variable enables.
 // Errors:  none.
 #pragma once
 
@@ -61,7 +62,8 @@ inline bool isLogging() noexcept {
     return log_detail::on.load(std::memory_order_relaxed);
 }
 
-// For this process and for what it loads or starts from now on. Call it before there are threads.
+// Enables the log in this process and in the drivers and programs that it loads or starts
+// afterwards. Call it before starting threads.
 void turnLogOn();
 
 template <typename... Parts>

@@ -1,8 +1,9 @@
-// Port: hands work to the main thread, which runs it later, in the order of submission.
+// Port: submits tasks to the main thread, which runs them later in the order of submission.
 //
 // Thread:  any thread may call; the tasks run on the main thread, never from within submit().
-// Owner:   the program, which outlives whoever submits. A task holds weakly what may be gone by
-// then. Errors:  none. What is submitted after the main thread has stopped listening never runs.
+// Owner:   the program, which outlives all submitters. A task refers weakly to objects
+//          that may be destroyed before it runs.
+// Errors:  none. Tasks submitted after the main thread has left its event loop never run.
 #pragma once
 
 #include "core/task.h"

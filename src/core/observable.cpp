@@ -5,7 +5,7 @@
 
 namespace glidemap {
 
-// The subscriptions own the entries; what is listed here expires with them.
+// The subscriptions own the entries; the weak references in this list expire with them.
 struct Observable::Entries {
     std::vector<std::weak_ptr<Subscription::Entry>> list;
 };
@@ -31,7 +31,8 @@ void Observable::announceDidChange() {
 }
 
 void Observable::announce(std::function<void()> Subscription::Entry::*which) {
-    const auto listed = entries->list; // an observer may subscribe or release while it is told
+    // an observer may subscribe or unsubscribe during a notification
+    const auto listed = entries->list;
     for (const auto& reference : listed) {
         if (const auto entry = reference.lock(); entry && (*entry).*which) {
             ((*entry).*which)();

@@ -1,13 +1,12 @@
-// Tells observers that an object's published state is about to change, and that it has.
+// Notifies observers before and after an object's published state changes.
 //
-// An observer re-reads what it shows; the announcement carries no value. Subscriptions may be made
-// and released at any time, from within an announcement too: an observer released while one is
-// under way is not called any more.
+// The notification carries no value: an observer re-reads the state that it shows. Observers may
+// subscribe and unsubscribe at any time, even during a notification; after unsubscribing, an
+// observer is not notified again.
 //
-// Thread:  one, the main thread.
-// Owner:   the observed object holds the Observable; each observer holds its Subscription, which
-// unsubscribes when it
-//          goes. A subscription may outlive the observed object.
+// Thread:  the main thread.
+// Owner:   the observed object owns the Observable; each observer owns its Subscription,
+//          whose destructor unsubscribes. A subscription may outlive the observed object.
 #pragma once
 
 #include <functional>

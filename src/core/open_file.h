@@ -1,5 +1,4 @@
-// A file descriptor that is closed when its scope ends, and system calls that a signal does not
-// stop.
+// A file descriptor that closes at the end of its scope, and system calls that retry on EINTR.
 //
 // Thread:  any.
 #pragma once
@@ -37,7 +36,7 @@ public:
 
     explicit operator bool() const { return file >= 0; }
 
-    // Negative where nothing is open.
+    // Negative if no file is open.
     int descriptor() const { return file; }
 
 private:

@@ -2,9 +2,8 @@
 // them.
 //
 // Thread:  any thread may call; the tasks run on one thread at a time.
-// Errors:  none. A queue that is full makes submit() wait until there is room; nothing submitted is
-// ever lost but by
-//          stop().
+// Errors:  none. When the queue is full, submit() blocks until there is room; only stop()
+//          discards tasks.
 #pragma once
 
 #include "core/task.h"
@@ -21,8 +20,8 @@ public:
     // Returns before the task has run.
     virtual void submit(Task task) = 0;
 
-    // Waits for the task that is running, if any (unless called from it), and destroys those that
-    // wait, unrun. No task runs after it returns, until the next submit().
+    // Waits for the running task, if any (unless called from that task), and destroys pending tasks
+    // without running them. No task runs after it returns, until the next submit().
     virtual void stop() = 0;
 };
 

@@ -1,9 +1,8 @@
-// A value that one thread replaces and others read whole.
+// A value that one thread replaces and other threads read as a whole.
 //
-// Readers get the value as it stood at one moment and may keep it; they never see half of a change
-// and never hold a writer up for longer than it takes to copy a pointer. A mutex held for
-// nanoseconds rather than an atomic shared pointer: GCC 12's is reported by the thread sanitizer,
-// rightly, and Apple's library has none.
+// A reader gets a consistent value and may keep it. It never sees a partial change and blocks a
+// writer only while it copies a pointer. A mutex held for nanoseconds instead of an atomic shared
+// pointer: the thread sanitizer rightly reports the one of GCC 12, and Apple's library has none.
 //
 // Thread:  any.
 #pragma once

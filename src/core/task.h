@@ -1,11 +1,10 @@
-// A piece of work to be run once, later, perhaps on another thread.
+// A function object that runs once, later, possibly on another thread.
 //
-// A move-only function object without arguments whose captures live inside it, so that handing work
-// over never allocates: a frame of contacts crosses to the engine's queue this way, hundreds of
-// times a second.
+// Move-only, without arguments. Its captures are stored inline, so submitting a task never
+// allocates: a frame of contacts reaches the engine's queue as a task hundreds of times a second.
 //
-// Errors:  captures larger than the inline storage do not compile. Calling an empty task is a
-// programming error.
+// Errors:  captures larger than the inline storage do not compile. Calling an empty task
+//          is a programming error.
 #pragma once
 
 #include <cstddef>
@@ -17,7 +16,7 @@ namespace glidemap {
 
 class Task {
 public:
-    // Room for a frame, the recognizers it is for and the pool it returns to.
+    // Room for a frame, its recognizers and the pool that the frame returns to.
     static constexpr std::size_t capacity = 96;
 
     Task() = default;

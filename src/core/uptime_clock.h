@@ -1,6 +1,6 @@
 // Port: the time since the system started.
 //
-// Units:   seconds, monotonic; time spent asleep does not count.
+// Units:   seconds, monotonic; excludes time spent asleep.
 // Thread:  any.
 #pragma once
 

@@ -1,8 +1,8 @@
-// Port: the user's small settings, kept across launches.
+// Port: the user's small settings, which persist across launches.
 //
 // Thread:  the main thread.
-// Errors:  none reach the caller: a value that cannot be read is absent, a write that fails is lost
-// silently.
+// Errors:  none reach the caller: a value that cannot be read is absent; a failed write is
+//          lost silently.
 #pragma once
 
 #include <optional>
@@ -21,7 +21,7 @@ public:
     virtual std::optional<std::string> string(std::string_view key) const = 0;
     virtual void setString(std::string_view key, std::string_view value) = 0;
 
-    // Absent, too, if what is stored is not a boolean.
+    // Also absent if the stored value is not a boolean.
     virtual std::optional<bool> boolean(std::string_view key) const = 0;
     virtual void setBoolean(std::string_view key, bool value) = 0;
 };

@@ -20,8 +20,8 @@ bool isHexadecimal(char character) {
            (character >= 'A' && character <= 'F');
 }
 
-// Libraries differ in what else they accept: a space or a sign before a digit, or what follows a
-// zero byte.
+// uuid_parse differs between libraries: some accept a space or a sign before a digit, or ignore
+// text after a zero byte.
 bool isWellFormed(std::string_view text) {
     if (text.size() != textLength) {
         return false;
@@ -61,7 +61,7 @@ std::string Uuid::text() const {
     return {buffer.data(), textLength};
 }
 
-// The bytes are random already.
+// The bytes are already random.
 std::size_t Uuid::hash() const {
     std::size_t hash = 0;
     std::memcpy(&hash, bytes.data(), sizeof hash);

@@ -1,7 +1,8 @@
-// An identifier that no two things share: a random UUID.
+// A universally unique identifier: a random UUID.
 //
 // Thread:  any; a plain value.
-// Errors:  text that is not the 36-character hyphenated form, in either case, is none.
+// Errors:  parsing returns nullopt unless the text is in the 36-character hyphenated form,
+//          in either case.
 #pragma once
 
 #include <array>
@@ -18,7 +19,7 @@ public:
     static Uuid generate();
     static std::optional<Uuid> parse(std::string_view text);
 
-    // Hyphenated, in upper-case hexadecimal.
+    // Hyphenated, with upper-case hexadecimal digits.
     std::string text() const;
 
     friend bool operator==(const Uuid&, const Uuid&) = default;

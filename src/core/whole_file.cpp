@@ -24,10 +24,10 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
-// How often a lock is tried again that another writer holds.
+// Interval between attempts to take a lock that another writer holds.
 constexpr timespec lockInterval{.tv_sec = 0, .tv_nsec = 5'000'000};
 
-// The name, or a numbered one where a folder has it that cannot be removed.
+// Returns the name, or a numbered one if a folder with this name cannot be removed.
 std::string nameOfAFile(int folder, const std::string& name) {
     constexpr int maxNumber = 9;
     std::string candidate = name;
@@ -49,7 +49,8 @@ bool writeAll(int file, std::string_view content) {
         const ssize_t written =
             retried([&] { return write(file, content.data(), content.size()); });
         if (written <= 0) {
-            errno = written == 0 ? EIO : errno; // no file does that, but it has a reason then
+            // regular files never write zero bytes, but the error must have a code
+            errno = written == 0 ? EIO : errno;
             return false;
         }
         content.remove_prefix(static_cast<std::size_t>(written));
@@ -57,8 +58,9 @@ bool writeAll(int file, std::string_view content) {
     return true;
 }
 
-// The file that becomes the target. Its lock, which other users cannot take because they cannot open
-// the file, keeps other writers out: anybody who can read a folder could lock the folder itself.
+// The temporary file that replaces the target. Its lock excludes other writers. Other users cannot
+// open the file and so cannot lock it; the folder itself could be locked by every user who can read
+// it.
 class TemporaryFile {
 public:
     TemporaryFile(int folderDescriptor, const std::string& target, FileAccess targetAccess)
@@ -73,12 +75,12 @@ public:
         if (!isInPlace) {
             unlinkat(folder, name.c_str(), 0);
         }
-        // Closing alone would not do if another thread is just starting a program, which has the
-        // descriptor, too, for a moment.
+        // close() alone does not release the lock if another thread is in fork(): the child briefly
+        // shares the descriptor.
         flock(file.descriptor(), LOCK_UN);
     }
 
-    // Why there is no file to write to.
+    // Why no file could be opened.
     std::error_code error() const { return _error; }
 
     std::error_code write(std::string_view content) const {
@@ -102,7 +104,7 @@ private:
     bool setFinalMode() const;
 
     bool lock() const {
-        // Some file systems have no locks. There, that two save at the same moment is only unlikely.
+        // Some file systems do not support locks. On those, simultaneous saves are merely unlikely.
         return flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0 ||
                (errno != EWOULDBLOCK && errno != EINTR);
     }
@@ -130,7 +132,7 @@ std::error_code TemporaryFile::acquire() {
         }
         nanosleep(&lockInterval, nullptr);
     }
-    // Another user's lock could be held for ever.
+    // Another user could hold the lock forever.
     const bool isRemoved = file && canOthersOpenIt() && unlinkat(folder, name.c_str(), 0) == 0;
     return isRemoved && make() == Attempt::done
                ? std::error_code()
@@ -151,16 +153,17 @@ TemporaryFile::Attempt TemporaryFile::make() {
         return Attempt::failed;
     }
     if (access == FileAccess::ordinary) {
-        finalMode = status.st_mode & everyonesMode; // without what the umask takes away
+        finalMode = status.st_mode & everyonesMode; // without the bits that the umask clears
     }
-    // Some file systems have one mode for all files.
+    // Some file systems use one mode for all files.
     fchmod(file.descriptor(), ownersMode);
     return lock() && isCurrent() ? Attempt::done : Attempt::busy;
 }
 
-// An existing file belongs to another writer, or to a killed one, which holds no lock any more.
+// An existing file belongs to another writer, or to a killed writer, which no longer holds its
+// lock.
 TemporaryFile::Attempt TemporaryFile::removeLeftover() {
-    // O_NONBLOCK: opening a pipe would wait for its other end.
+    // O_NONBLOCK: opening a pipe would block until its other end is open.
     constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     file = OpenFile(retried([&] { return openat(folder, name.c_str(), flags); }));
     if (!file && errno == ENOENT) {
@@ -178,7 +181,8 @@ bool TemporaryFile::setFinalMode() const {
     return isSet || access == FileAccess::ordinary;
 }
 
-// Writers rename or remove the file that they have locked: the lock on such a one means nothing.
+// Writers rename or remove the file that they have locked: a lock on a renamed or removed file is
+// void.
 bool TemporaryFile::isCurrent() const {
     struct stat locked {};
     struct stat named {};
@@ -213,7 +217,7 @@ std::error_code writeWhole(const std::filesystem::path& file, std::string_view c
         error = temporary.moveTo(name);
     }
     if (!error) {
-        // The new content is in place, even where a folder cannot be flushed.
+        // The new content is in place even if the folder cannot be flushed.
         retried([&] { return fsync(folder.descriptor()); });
     }
     return error;

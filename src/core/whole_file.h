@@ -1,18 +1,18 @@
-// Writes a file whole: whoever reads it, and whenever the writer is killed or the power fails,
-// finds the old content or the new one.
+// Writes a file atomically: a reader finds either the old content or the new content, even if the
+// writer is killed or the power fails.
 //
-// Timeline: a temporary file is made beside the target and locked – what a killed writer left is
-// removed – it is written and flushed – it is renamed over the target – the folder is flushed.
+// Steps: create and lock a temporary file beside the target, removing one that a killed writer
+// left; write and flush it; rename it over the target; flush the folder.
 //
-// The temporary file has one name for each target, ".NAME.saving", so that those of killed writers
-// do not pile up. Its lock keeps a second writer from removing what the first one still writes, and
-// other users cannot open it, so they cannot hold the lock. A folder of that name is removed if it is
-// empty; otherwise it stays, and a number follows the name.
+// Each target has one temporary name, ".NAME.saving", so that temporary files of killed writers do
+// not accumulate. The lock keeps a second writer from removing a file that the first one is still
+// writing. Other users cannot open the file, so they cannot take the lock. An empty folder of that
+// name is removed; if the folder is not empty, it stays and a number is appended to the name.
 //
-// Thread:  any; blocks for as long as the disk does, and for at most maxWaitForWriter while another
-//          writer is at work.
-// Errors:  the system's reason, and the old content is still there. One of them is
-//          operation_would_block: another writer was at work for all that time, or is stopped.
+// Thread:  any; blocks during disk access, and for at most maxWaitForWriter while another
+//          writer holds the lock.
+// Errors:  the system's error code; the old content stays in place. operation_would_block
+//          means that another writer held the lock for the whole wait, or is stopped.
 #pragma once
 
 #include <chrono>
@@ -25,11 +25,11 @@ namespace glidemap {
 inline constexpr std::chrono::seconds maxWaitForWriter{1};
 
 enum class FileAccess {
-    ownerOnly, // to read and to write
-    ordinary,  // what others may do with the user's other files, they may with this one
+    ownerOnly, // readable and writable by the owner only
+    ordinary,  // permissions that follow the umask, like the user's other files
 };
 
-// Takes the place of whatever has this name, be it a link.
+// Replaces the directory entry of this name, even if it is a link.
 std::error_code writeWhole(const std::filesystem::path& file, std::string_view content,
                            FileAccess access);
 

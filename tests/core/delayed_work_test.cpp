@@ -13,7 +13,7 @@ TEST(WorkItemTest, PerformsItsWork) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST(WorkItemTest, DoesNothingOnceCancelled) {
+TEST(WorkItemTest, DoesNothingAfterCancellation) {
     int runs = 0;
     WorkItem item([&] { ++runs; });
     item.cancel();

@@ -88,7 +88,7 @@ const Row rows[] = {
      {twoFingerLongPress, threeFingerLongPress, fourFingerLongPress}},
 };
 
-TEST(GestureCategoryTest, ThereAreTenInTheOrderOfDeclaration) {
+TEST(GestureCategoryTest, TenCategoriesAreListedInTheOrderOfDeclaration) {
     ASSERT_EQ(std::size(rows), 10U);
     ASSERT_EQ(allGestureCategories.size(), 10U);
     for (std::size_t index = 0; index < allGestureCategories.size(); ++index) {
@@ -96,7 +96,7 @@ TEST(GestureCategoryTest, ThereAreTenInTheOrderOfDeclaration) {
     }
 }
 
-TEST(GestureCategoryTest, EachHasItsRawValueNamesAndSymbol) {
+TEST(GestureCategoryTest, EachCategoryHasItsRawValueNamesAndSymbol) {
     for (const Row& row : rows) {
         EXPECT_EQ(rawValue(row.category), row.rawValue);
         EXPECT_EQ(symbolName(row.category), row.symbol);
@@ -106,7 +106,7 @@ TEST(GestureCategoryTest, EachHasItsRawValueNamesAndSymbol) {
     }
 }
 
-TEST(GestureCategoryTest, EachListsItsGesturesInTheOrderOfDeclaration) {
+TEST(GestureCategoryTest, EachCategoryListsItsGesturesInTheOrderOfDeclaration) {
     for (const Row& row : rows) {
         EXPECT_EQ(gestures(row.category), row.gestures) << row.rawValue;
     }
@@ -122,7 +122,7 @@ TEST(GestureCategoryTest, TheLongPressesAreTheLastThree) {
               (Members{twoFingerLongPress, threeFingerLongPress, fourFingerLongPress}));
 }
 
-TEST(GestureCategoryTest, EveryGestureIsInOneCategoryOnly) {
+TEST(GestureCategoryTest, EveryGestureIsInExactlyOneCategory) {
     std::size_t members = 0;
     for (const GestureCategory category : allGestureCategories) {
         members += gestures(category).size();

@@ -23,8 +23,8 @@ struct CatalogueRow {
     const char* chinese;
 };
 
-// The whole catalogue, written out a second time: raw values are a stored format and names are what
-// people read, so a slip in either has to be made twice to go unnoticed.
+// The whole catalogue, written a second time: raw values are a stored format and people read the
+// names, so an accidental change of either must fail a test.
 const CatalogueRow catalogue[] = {
     {drawCircle, "drawCircle", GestureCategory::circle, "Draw Circle (any direction)",
      "单指画圆（任意方向）"},
@@ -215,7 +215,7 @@ TEST(GestureTypeTest, EveryDetailIsInTheCurrentLanguage) {
     EXPECT_EQ(seen.size(), 48U);
 }
 
-TEST(GestureTypeTest, ANamedLanguageIsUsedWhateverTheCurrentOneIs) {
+TEST(GestureTypeTest, ANamedLanguageOverridesTheCurrentOne) {
     Lang named(nullptr);
     named.setCode("zh");
     EXPECT_EQ(displayName(twoFingerTap, named), "两指轻点");
@@ -229,7 +229,7 @@ TEST(GestureTypeTest, ANamedLanguageIsUsedWhateverTheCurrentOneIs) {
               "Draw a full circle on the trackpad with one finger");
 }
 
-TEST(GestureTypeTest, AnyCodeButChineseShowsEnglish) {
+TEST(GestureTypeTest, EveryCodeExceptChineseShowsEnglish) {
     for (const char* code : {"en", "", "fr", "ZH", "zh-Hans", "zh "}) {
         const InLanguage language(code);
         EXPECT_EQ(displayName(twoFingerTap), "Two-Finger Tap") << code;

@@ -15,7 +15,7 @@ using Writes = std::vector<RecordingUserDefaults::Write>;
 
 constexpr const char* key = "appLanguage";
 
-// The shared instance reads its store once, so it is named before any test begins.
+// The shared instance reads its store once, so the store is configured before any test runs.
 const std::shared_ptr<RecordingUserDefaults> sharedStore = [] {
     auto store = std::make_shared<RecordingUserDefaults>();
     Lang::configureShared(store);
@@ -28,7 +28,7 @@ std::shared_ptr<RecordingUserDefaults> storeHolding(const char* code) {
     return store;
 }
 
-TEST(LangTest, AFirstLaunchIsEnglishAndWritesNothing) {
+TEST(LangTest, TheFirstLaunchIsEnglishAndDoesNotWrite) {
     const auto store = std::make_shared<RecordingUserDefaults>();
     const Lang lang(store);
     EXPECT_EQ(lang.code(), "en");
@@ -37,7 +37,7 @@ TEST(LangTest, AFirstLaunchIsEnglishAndWritesNothing) {
     EXPECT_FALSE(store->string(key).has_value());
 }
 
-TEST(LangTest, AStoredCodeIsTheLanguageOfTheNextLaunch) {
+TEST(LangTest, TheNextLaunchUsesTheStoredCode) {
     const Lang lang(storeHolding("zh"));
     EXPECT_EQ(lang.code(), "zh");
     EXPECT_EQ(lang.choose("yes", "是"), "是");
@@ -52,7 +52,7 @@ TEST(LangTest, AnUnknownStoredCodeIsKeptAndShowsEnglish) {
     EXPECT_EQ(store->writes, Writes());
 }
 
-TEST(LangTest, AnEmptyStoredCodeIsAsGoodAsAnyOther) {
+TEST(LangTest, AnEmptyStoredCodeIsKept) {
     EXPECT_EQ(Lang(storeHolding("")).code(), "");
 }
 
@@ -68,7 +68,7 @@ TEST(LangTest, OnlyTheExactCodeSelectsChinese) {
     EXPECT_EQ(lang.choose("yes", "是"), "是");
 }
 
-TEST(LangTest, EveryWriteIsPersistedAlsoOfTheSameCode) {
+TEST(LangTest, SettingTheSameCodeAgainIsPersisted) {
     const auto store = std::make_shared<RecordingUserDefaults>();
     Lang lang(store);
     lang.setCode("zh");
@@ -77,7 +77,7 @@ TEST(LangTest, EveryWriteIsPersistedAlsoOfTheSameCode) {
     EXPECT_EQ(store->writes, (Writes{{key, "zh"}, {key, "zh"}, {key, "en"}}));
 }
 
-TEST(LangTest, ObserversHearBeforeAndAfterEveryWrite) {
+TEST(LangTest, ObserversAreNotifiedBeforeAndAfterEveryWrite) {
     const auto store = std::make_shared<RecordingUserDefaults>();
     Lang lang(store);
     std::vector<std::string> log;
@@ -94,7 +94,7 @@ TEST(LangTest, ObserversHearBeforeAndAfterEveryWrite) {
               (std::vector<std::string>{"will: en, 0", "did: zh, 1", "will: zh, 1", "did: zh, 2"}));
 }
 
-TEST(LangTest, AnObserverThatIsGoneIsNotCalled) {
+TEST(LangTest, ADestroyedObserverIsNotCalled) {
     Lang lang(nullptr);
     int calls = 0;
     {
@@ -105,13 +105,13 @@ TEST(LangTest, AnObserverThatIsGoneIsNotCalled) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(LangTest, WithoutAStoreTheCodeLastsAsLongAsTheObject) {
+TEST(LangTest, WithoutAStoreTheObjectKeepsTheCode) {
     Lang lang(nullptr);
     lang.setCode("zh");
     EXPECT_EQ(lang.code(), "zh");
 }
 
-TEST(LangTest, TheSharedInstanceIsOneAndKeepsItsCodeInTheConfiguredStore) {
+TEST(LangTest, TheSharedInstanceStoresItsCodeInTheConfiguredStore) {
     EXPECT_EQ(&Lang::shared(), &Lang::shared());
     {
         const kit::InLanguage chinese("zh");
@@ -120,7 +120,7 @@ TEST(LangTest, TheSharedInstanceIsOneAndKeepsItsCodeInTheConfiguredStore) {
     EXPECT_EQ(sharedStore->string(key), "en");
 }
 
-// Texts are made on the engine's queue too: the log re-labels a gesture there.
+// The engine's queue also builds texts: the log builds a gesture's label there.
 TEST(LangTest, AReaderOnAnotherThreadGetsTheOldCodeOrTheNew) {
     Lang lang(nullptr);
     std::atomic<bool> done = false;

@@ -25,7 +25,7 @@ namespace {
 using testing::EndsWith;
 using testing::MatchesRegex;
 
-// Standard error is a pipe for as long as it lives.
+// Replaces standard error with a pipe during its lifetime.
 class StandardErrorPipe {
 public:
     StandardErrorPipe() : saved(dup(STDERR_FILENO)) {
@@ -42,7 +42,7 @@ public:
     StandardErrorPipe& operator=(const StandardErrorPipe&) = delete;
     ~StandardErrorPipe() { dup2(saved.descriptor(), STDERR_FILENO); }
 
-    // All that was written since it was last read.
+    // All text written since the last call.
     std::string text() {
         std::string all;
         std::array<char, 4096> piece{};
@@ -79,7 +79,7 @@ protected:
     StandardErrorPipe standardError;
 };
 
-TEST_F(LogTest, WritesNothingWhileQuiet) {
+TEST_F(LogTest, WritesNothingWhileDisabled) {
     log_detail::on = false;
     EXPECT_FALSE(isLogging());
     logLine("touchpads", "grabbed ", "/dev/input/event5");
@@ -112,7 +112,7 @@ TEST_F(LogTest, ToleratesANullText) {
     EXPECT_THAT(standardError.text(), EndsWith("named (null)\n"));
 }
 
-TEST_F(LogTest, CutsALongLine) {
+TEST_F(LogTest, TruncatesALongLine) {
     logLine("windows", std::string(5000, 'x'), "tail");
     const std::string line = standardError.text();
     EXPECT_EQ(line.size(), 1000U);
@@ -127,12 +127,12 @@ TEST_F(LogTest, DropsALineInsteadOfWaitingForAReader) {
     EXPECT_THAT(standardError.text(), EndsWith("given back\n"));
 }
 
-TEST_F(LogTest, SurvivesAReaderThatHasGone) {
+TEST_F(LogTest, SurvivesAClosedReader) {
     standardError.closeReader();
     logLine("touchpads", "grabbed");
 }
 
-TEST_F(LogTest, LeavesTheErrorNumberAlone) {
+TEST_F(LogTest, PreservesErrno) {
     standardError.closeReader();
     errno = EBUSY;
     logLine("touchpads", "grab failed");
@@ -161,7 +161,7 @@ TEST_F(LogTest, KeepsLinesOfSeveralThreadsWhole) {
     EXPECT_EQ(count, 2 * linesEach);
 }
 
-TEST_F(LogTest, TurningItOnAlsoTurnsOnTheLogsOfWhatIsLoadedLater) {
+TEST_F(LogTest, EnablingItAlsoEnablesTheLogsOfLibrariesLoadedLater) {
     const test::InEnvironment restored("GLIDEMAP_LOG", nullptr);
     log_detail::on = false;
     turnLogOn();

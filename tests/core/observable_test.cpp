@@ -35,7 +35,7 @@ TEST(ObservableTest, EitherFunctionMayBeEmpty) {
     EXPECT_EQ(did, 1);
 }
 
-TEST(ObservableTest, AReleasedSubscriptionHearsNothing) {
+TEST(ObservableTest, AReleasedSubscriptionIsNotNotified) {
     Observable observable;
     int heard = 0;
     auto released = observable.subscribe([&] { ++heard; });
@@ -47,7 +47,7 @@ TEST(ObservableTest, AReleasedSubscriptionHearsNothing) {
     EXPECT_EQ(heard, 0);
 }
 
-TEST(ObservableTest, AMovedSubscriptionStillHears) {
+TEST(ObservableTest, AMovedSubscriptionIsStillNotified) {
     Observable observable;
     int heard = 0;
     Subscription kept;
@@ -62,21 +62,21 @@ TEST(ObservableTest, AMovedSubscriptionStillHears) {
     EXPECT_EQ(heard, 1);
 }
 
-TEST(ObservableTest, AnObserverMayReleaseItselfWhileItIsTold) {
+TEST(ObservableTest, AnObserverMayUnsubscribeDuringItsNotification) {
     Observable observable;
     int heard = 0;
     Subscription itself;
     itself = observable.subscribe([&] {
         ++heard;
         itself.release();
-        ++heard; // what runs is not destroyed under its feet
+        ++heard; // a running callback is not destroyed
     });
     observable.announceWillChange();
     observable.announceWillChange();
     EXPECT_EQ(heard, 2);
 }
 
-TEST(ObservableTest, AnObserverReleasedDuringAnAnnouncementIsNotCalledAnyMore) {
+TEST(ObservableTest, AnObserverReleasedDuringANotificationIsNotCalledAgain) {
     Observable observable;
     int heard = 0;
     Subscription second;
@@ -86,7 +86,7 @@ TEST(ObservableTest, AnObserverReleasedDuringAnAnnouncementIsNotCalledAnyMore) {
     EXPECT_EQ(heard, 0);
 }
 
-TEST(ObservableTest, AnObserverMaySubscribeAnotherWhileItIsTold) {
+TEST(ObservableTest, AnObserverMaySubscribeAnotherDuringItsNotification) {
     Observable observable;
     int heard = 0;
     std::optional<Subscription> added;
@@ -96,7 +96,7 @@ TEST(ObservableTest, AnObserverMaySubscribeAnotherWhileItIsTold) {
         }
     });
     observable.announceWillChange();
-    EXPECT_EQ(heard, 0); // from the next announcement on
+    EXPECT_EQ(heard, 0); // takes effect with the next notification
     observable.announceWillChange();
     EXPECT_EQ(heard, 1);
 }
@@ -113,14 +113,14 @@ TEST(ObservableTest, AnObserverMayAnnounceAgain) {
     EXPECT_EQ(heard, 3);
 }
 
-TEST(ObservableTest, ASubscriptionMayOutliveWhatItObserves) {
+TEST(ObservableTest, ASubscriptionMayOutliveTheObservedObject) {
     auto observable = std::make_unique<Observable>();
     auto subscription = observable->subscribe([] {});
     observable.reset();
     subscription.release();
 }
 
-TEST(ObservableTest, TheObservedObjectMayGoWhileItAnnounces) {
+TEST(ObservableTest, TheObservedObjectMayBeDestroyedDuringANotification) {
     auto observable = std::make_unique<Observable>();
     int heard = 0;
     const auto first = observable->subscribe([&] { observable.reset(); });

@@ -22,7 +22,7 @@ TEST(SnapshotTest, AReaderKeepsTheValueItGot) {
     EXPECT_EQ(*snapshot.get(), std::vector{3});
 }
 
-TEST(SnapshotTest, AnOldValueGoesWithItsLastReader) {
+TEST(SnapshotTest, AnOldValueIsDestroyedWithItsLastReader) {
     const auto value = std::make_shared<int>(1);
     Snapshot<std::shared_ptr<int>> snapshot(value);
     auto reader = snapshot.get();
@@ -32,8 +32,9 @@ TEST(SnapshotTest, AnOldValueGoesWithItsLastReader) {
     EXPECT_EQ(value.use_count(), 1);
 }
 
-// A value whose end asks for the present one would hang if it ended under the lock.
-TEST(SnapshotTest, AnOldValueEndsOutsideTheLock) {
+// If the old value's destructor ran under the lock, reading the current value from it would
+// deadlock.
+TEST(SnapshotTest, AnOldValueIsDestroyedOutsideTheLock) {
     struct Asking;
     using Box = Snapshot<std::shared_ptr<Asking>>;
     struct Asking {
@@ -48,7 +49,7 @@ TEST(SnapshotTest, AnOldValueEndsOutsideTheLock) {
     snapshot.set(nullptr);
 }
 
-TEST(SnapshotTest, AReaderNeverSeesHalfOfAChange) {
+TEST(SnapshotTest, AReaderNeverSeesAPartialChange) {
     Snapshot<std::vector<int>> snapshot(std::vector(64, 0));
     std::atomic<bool> done = false;
     std::atomic<int> reads = 0;

@@ -9,7 +9,7 @@
 namespace glidemap {
 namespace {
 
-TEST(TaskTest, RunsWhatItWasMadeFrom) {
+TEST(TaskTest, RunsItsFunction) {
     int runs = 0;
     Task task = [&runs] {
         ++runs;
@@ -26,11 +26,11 @@ TEST(TaskTest, KnowsWhetherItIsEmpty) {
     };
     EXPECT_TRUE(task);
     const Task other = std::move(task);
-    EXPECT_FALSE(task); // NOLINT(bugprone-use-after-move): what is left behind is empty
+    EXPECT_FALSE(task); // NOLINT(bugprone-use-after-move): a moved-from task is empty
     EXPECT_TRUE(other);
 }
 
-TEST(TaskTest, MayHoldWhatCannotBeCopied) {
+TEST(TaskTest, HoldsMoveOnlyCaptures) {
     int result = 0;
     Task task = [&result, owned = std::make_unique<int>(7)] {
         result = *owned;
@@ -40,7 +40,7 @@ TEST(TaskTest, MayHoldWhatCannotBeCopied) {
     EXPECT_EQ(result, 7);
 }
 
-TEST(TaskTest, LetsGoOfItsCapturesWithoutHavingRun) {
+TEST(TaskTest, DestroysItsCapturesEvenIfItNeverRan) {
     const auto captured = std::make_shared<int>();
     {
         const Task task = [captured] {
@@ -49,7 +49,7 @@ TEST(TaskTest, LetsGoOfItsCapturesWithoutHavingRun) {
     EXPECT_EQ(captured.use_count(), 1);
 }
 
-TEST(TaskTest, AssigningLetsGoOfTheOldCaptures) {
+TEST(TaskTest, AssignmentDestroysTheOldCaptures) {
     const auto captured = std::make_shared<int>();
     Task task = [captured] {
     };
@@ -67,7 +67,7 @@ TEST(TaskTest, MovingKeepsOneCopyOfTheCaptures) {
     EXPECT_EQ(captured.use_count(), 2);
 }
 
-TEST(TaskTest, HasRoomForCapturesOfItsCapacity) {
+TEST(TaskTest, StoresCapturesUpToItsCapacity) {
     std::array<unsigned char, Task::capacity - sizeof(void*)> filler{};
     filler.back() = 9;
     int result = 0;

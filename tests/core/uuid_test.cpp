@@ -12,7 +12,7 @@ namespace {
 constexpr const char* upper = "0123ABCD-EF01-4567-89AB-CDEF01234567";
 constexpr const char* lower = "0123abcd-ef01-4567-89ab-cdef01234567";
 
-TEST(UuidTest, IsReadInEitherCaseAndWrittenInUpperCase) {
+TEST(UuidTest, ParsesEitherCaseAndPrintsUpperCase) {
     for (const char* text : {upper, lower, "0123abCD-ef01-4567-89aB-cdef01234567"}) {
         const auto parsed = Uuid::parse(text);
         ASSERT_TRUE(parsed) << text;
@@ -21,7 +21,7 @@ TEST(UuidTest, IsReadInEitherCaseAndWrittenInUpperCase) {
     }
 }
 
-TEST(UuidTest, ReadsAnySixteenBytesWhateverTheirVersion) {
+TEST(UuidTest, ParsesAnySixteenBytesRegardlessOfVersion) {
     for (const char* text :
          {"00000000-0000-0000-0000-000000000000", "FFFFFFFF-FFFF-FFFF-FFFF-FFFFFFFFFFFF",
           "01234567-89AB-1DEF-0123-456789ABCDEF"}) {
@@ -31,7 +31,7 @@ TEST(UuidTest, ReadsAnySixteenBytesWhateverTheirVersion) {
     }
 }
 
-TEST(UuidTest, AnyOtherTextIsNone) {
+TEST(UuidTest, RejectsAnyOtherText) {
     using namespace std::string_view_literals;
     constexpr std::pair<const char*, std::string_view> rows[] = {
         {"nothing", ""},
@@ -61,7 +61,7 @@ TEST(UuidTest, AnyOtherTextIsNone) {
     }
 }
 
-TEST(UuidTest, AMadeOneIsRandomAndReadBackTheSame) {
+TEST(UuidTest, AGeneratedUuidIsRandomAndRoundTrips) {
     std::unordered_set<Uuid> made;
     for (int count = 0; count < 1'000; ++count) {
         const Uuid uuid = Uuid::generate();

@@ -51,7 +51,7 @@ const AccessRow accessRows[] = {
     {"ordinary for who keeps all private", FileAccess::ordinary, 077, 0600},
 };
 
-TEST_F(WholeFileTest, OthersMayDoWithItWhatIsAskedFor) {
+TEST_F(WholeFileTest, TheFileHasTheRequestedPermissions) {
     for (const AccessRow& row : accessRows) {
         temporary.write("file", "an older one, open to all");
         fs::permissions(file, fs::perms::all);
@@ -64,7 +64,7 @@ TEST_F(WholeFileTest, OthersMayDoWithItWhatIsAskedFor) {
     }
 }
 
-TEST_F(WholeFileTest, ALinkIsReplacedAndWhatItPointsAtIsNot) {
+TEST_F(WholeFileTest, ALinkIsReplacedAndItsTargetStays) {
     const auto kept = temporary.write("kept", "old");
     fs::create_symlink(kept, file);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
@@ -73,7 +73,7 @@ TEST_F(WholeFileTest, ALinkIsReplacedAndWhatItPointsAtIsNot) {
     EXPECT_EQ(contentOf(kept), "old");
 }
 
-TEST_F(WholeFileTest, AFailureHasTheSystemsReasonAndLeavesWhatWasThere) {
+TEST_F(WholeFileTest, AFailureReturnsTheSystemsErrorAndKeepsTheOldContent) {
     temporary.write("file", "old");
     fs::create_directories(folder / "taken" / "by a folder");
     const auto write = [](const fs::path& path) {
@@ -93,14 +93,14 @@ int lockOf(const fs::path& path, int flags = O_RDONLY) {
     return held;
 }
 
-TEST_F(WholeFileTest, ALockOnTheFolderKeepsNoWriterOut) {
+TEST_F(WholeFileTest, ALockOnTheFolderDoesNotBlockAWriter) {
     const int other = lockOf(folder, O_RDONLY | O_DIRECTORY);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
     EXPECT_EQ(contentOf(file), "new");
     close(other);
 }
 
-TEST_F(WholeFileTest, AWriterThatStaysAtWorkIsWaitedForAtMostASecond) {
+TEST_F(WholeFileTest, ALockedFileIsWaitedForAtMostOneSecond) {
     temporary.write("file", "old");
     const int other = lockOf(saving, O_RDWR | O_CREAT);
     const auto start = std::chrono::steady_clock::now();
@@ -114,7 +114,7 @@ TEST_F(WholeFileTest, AWriterThatStaysAtWorkIsWaitedForAtMostASecond) {
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(WholeFileTest, AWriterThatFinishesIsWaitedFor) {
+TEST_F(WholeFileTest, AConcurrentWriterIsWaitedFor) {
     for (const bool renames : {true, false}) {
         const int other = lockOf(saving, O_RDWR | O_CREAT);
         std::atomic<bool> isReleased = false;
@@ -123,7 +123,7 @@ TEST_F(WholeFileTest, AWriterThatFinishesIsWaitedFor) {
             error = writeWhole(file, "new", FileAccess::ownerOnly);
             EXPECT_TRUE(isReleased);
         });
-        // Whether the thread has tried by now makes no difference to the outcome.
+        // The outcome is the same whether or not the thread has already tried.
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
         if (renames) {
             fs::rename(saving, file);
@@ -137,7 +137,7 @@ TEST_F(WholeFileTest, AWriterThatFinishesIsWaitedFor) {
     }
 }
 
-TEST_F(WholeFileTest, ALockThatAnotherUserCouldTakeEndsAfterThatSecond) {
+TEST_F(WholeFileTest, ALockThatAnotherUserCouldHoldIsIgnoredAfterOneSecond) {
     const int other = lockOf(saving, O_RDWR | O_CREAT);
     fs::permissions(saving, fs::perms::all);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
@@ -146,14 +146,14 @@ TEST_F(WholeFileTest, ALockThatAnotherUserCouldTakeEndsAfterThatSecond) {
     close(other);
 }
 
-TEST_F(WholeFileTest, AnEmptyFolderInThePlaceOfTheTemporaryFileIsRemoved) {
+TEST_F(WholeFileTest, AnEmptyFolderWithTheTemporaryNameIsRemoved) {
     fs::create_directory(saving);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
     EXPECT_EQ(contentOf(file), "new");
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(WholeFileTest, AFullFolderInThePlaceOfTheTemporaryFileStaysAndIsAvoided) {
+TEST_F(WholeFileTest, AFullFolderWithTheTemporaryNameStaysAndIsAvoided) {
     fs::create_directories(saving / "kept");
     fs::create_directories(fs::path(saving.native() + ".2") / "kept");
     for (const char* const content : {"first", "second"}) {
@@ -164,7 +164,7 @@ TEST_F(WholeFileTest, AFullFolderInThePlaceOfTheTemporaryFileStaysAndIsAvoided) 
     EXPECT_TRUE(fs::exists(saving / "kept"));
 }
 
-TEST_F(WholeFileTest, APipeOrALinkInThePlaceOfTheTemporaryFileIsRemoved) {
+TEST_F(WholeFileTest, APipeOrALinkWithTheTemporaryNameIsRemoved) {
     const auto kept = temporary.write("kept", "untouched");
     ASSERT_EQ(mkfifo(saving.c_str(), 0600), 0);
     EXPECT_FALSE(writeWhole(file, "first", FileAccess::ownerOnly));
