@@ -12,7 +12,7 @@ namespace {
 constexpr double leftmost = 0.05;
 constexpr double lowest = 0.3;
 constexpr double spacing = 0.06;
-constexpr double step = 1.5 * Track::shortestStep;
+constexpr double step = 1.5 * Track::minStep;
 constexpr int stepsOneWay = 40;
 
 } // namespace

@@ -7,30 +7,28 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t fewestPoints = 12;
-constexpr double shortestDuration = 0.15; // seconds
-constexpr double longestDuration = 3.0;
-constexpr double smallestRadius = 0.05; // of the pad's height
-constexpr double largestRadius = 0.55;
-constexpr double roughestOutline = 0.35; // deviation of the radii, in radii
-constexpr double smallestSweep =
-    4.8; // radians: about 275 degrees, a circle that someone did not quite finish
-constexpr double widestGap = 1.2; // between the ends, in radii
+constexpr std::size_t minPoints = 12;
+constexpr double minDuration = 0.15; // seconds
+constexpr double maxDuration = 3.0;
+constexpr double minRadius = 0.05; // of the pad's height
+constexpr double maxRadius = 0.55;
+constexpr double maxRadiusDeviation = 0.35; // deviation of the radii, in radii
+constexpr double minSweep = 4.8; // radians: about 275 degrees, which accepts an unfinished circle
+constexpr double maxGap = 1.2;   // between the ends, in radii
 
 bool isRound(const Radii& radii) {
-    return radii.mean >= smallestRadius && radii.mean <= largestRadius &&
-           radii.deviation / radii.mean < roughestOutline;
+    return radii.mean >= minRadius && radii.mean <= maxRadius &&
+           radii.deviation / radii.mean < maxRadiusDeviation;
 }
 
 bool isClosed(std::span<const PadPoint> path, double radius) {
-    return distance(stretched(path.front()), stretched(path.back())) <= widestGap * radius;
+    return distance(stretched(path.front()), stretched(path.back())) <= maxGap * radius;
 }
 
 } // namespace
 
 std::optional<GestureType> circleOf(std::span<const PadPoint> path, double duration) {
-    if (path.size() < fewestPoints ||
-        !(duration >= shortestDuration && duration <= longestDuration)) {
+    if (path.size() < minPoints || !(duration >= minDuration && duration <= maxDuration)) {
         return std::nullopt;
     }
     const PadPoint centre = centreOf(path);
@@ -39,7 +37,7 @@ std::optional<GestureType> circleOf(std::span<const PadPoint> path, double durat
         return std::nullopt;
     }
     const double total = sweptAngle(centre, path);
-    if (!(std::abs(total) >= smallestSweep) || !isClosed(path, radii.mean)) {
+    if (!(std::abs(total) >= minSweep) || !isClosed(path, radii.mean)) {
         return std::nullopt;
     }
     return total > 0 ? GestureType::drawCircleCounterclockwise : GestureType::drawCircleClockwise;

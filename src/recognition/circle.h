@@ -1,8 +1,9 @@
 // One finger draws a closed loop.
 //
-// The path is judged around the mean of its points, with x stretched to the pad's shape: of a
-// hand's size, round enough, swept most of the way round, and closed. The direction-free circle of
-// the catalogue is never an answer: a circle is always drawn one way or the other.
+// The path is evaluated around the mean of its points, with x stretched to the pad's aspect ratio.
+// A circle must have a plausible size, be round enough, sweep most of a turn and end near its
+// start. The result is always clockwise or anticlockwise, never the catalogue's direction-free
+// circle.
 //
 // Units:   normalised positions as recorded (the functions stretch them); radians, positive
 // anticlockwise; seconds.
@@ -18,7 +19,7 @@ namespace glidemap {
 
 std::optional<GestureType> circleOf(std::span<const PadPoint> path, double duration);
 
-// The mean of the stretched points. There is at least one.
+// The mean of the stretched points. The path must not be empty.
 PadPoint centreOf(std::span<const PadPoint> path);
 
 struct Radii {
@@ -29,7 +30,7 @@ struct Radii {
 // The distances of the stretched points from `centre`.
 Radii radiiAround(PadPoint centre, std::span<const PadPoint> path);
 
-// The whole turn that the stretched path makes around `centre`, more than one round included.
+// The total angle that the stretched path turns around `centre`; it may exceed one turn.
 double sweptAngle(PadPoint centre, std::span<const PadPoint> path);
 
 } // namespace glidemap

@@ -4,17 +4,17 @@ namespace glidemap {
 
 namespace {
 
-constexpr double longestDuration = 0.3; // seconds
-constexpr double farthestDrift = 0.03;
+constexpr double maxDuration = 0.3; // seconds
+constexpr double maxTapDrift = 0.03;
 constexpr double nearSide = 0.18;
-// Computed, not written out: the difference is 0.8200000000000001, so a touch at exactly 0.82 is
-// outside.
+// Computed, not written as 0.82: the difference is 0.8200000000000001, so a touch at exactly 0.82
+// is outside.
 constexpr double farSide = 1 - nearSide;
 
 } // namespace
 
 std::optional<GestureType> cornerTapOf(const Track& track, double duration) {
-    if (!(duration <= longestDuration) || !(track.maxDrift <= farthestDrift)) {
+    if (!(duration <= maxDuration) || !(track.maxDrift <= maxTapDrift)) {
         return std::nullopt;
     }
     const auto [x, y] = track.startPos;

@@ -6,12 +6,12 @@ namespace glidemap {
 
 namespace {
 
-constexpr double longestDuration = 0.6; // seconds
-// A finger that comes from beside the pad is first seen within this rim.
+constexpr double maxDuration = 0.6; // seconds
+// The first contact of a finger that enters from the frame lies within this rim.
 constexpr double lowRim = 0.035;
 constexpr double highRim = 0.965;
-constexpr double shortestWay = 0.22;
-constexpr double steepestSlope = 0.5; // sideways, for each unit inwards
+constexpr double minInwardDistance = 0.22;
+constexpr double maxSlope = 0.5; // sideways distance per unit inwards
 
 struct Entry {
     GestureType gesture;
@@ -38,12 +38,12 @@ std::optional<Entry> entryFrom(PadPoint start, PadPoint moved) {
 } // namespace
 
 std::optional<GestureType> edgeSwipeOf(const Track& track, double duration) {
-    if (!(duration <= longestDuration)) {
+    if (!(duration <= maxDuration)) {
         return std::nullopt;
     }
     const auto entry = entryFrom(track.startPos, track.displacement());
-    if (!entry || !(entry->along >= shortestWay) ||
-        !(std::abs(entry->across) <= steepestSlope * entry->along)) {
+    if (!entry || !(entry->along >= minInwardDistance) ||
+        !(std::abs(entry->across) <= maxSlope * entry->along)) {
         return std::nullopt;
     }
     return entry->gesture;

@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// In a corner, the first of left, right, top, bottom that the finger starts at and moves away from
-// is the edge.
+// In a corner, the edge is the first of left, right, top, bottom at which the finger starts and
+// from which it moves inwards.
 std::optional<GestureType> edgeSwipeOf(const Track& track, double duration);
 
 } // namespace glidemap

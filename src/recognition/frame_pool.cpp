@@ -15,12 +15,12 @@ std::vector<TouchPoint> FramePool::take() {
 }
 
 void FramePool::giveBack(std::vector<TouchPoint> touches) {
-    if (touches.capacity() == 0 || touches.capacity() > mostTouches) {
+    if (touches.capacity() == 0 || touches.capacity() > maxSpareTouches) {
         return;
     }
     touches.clear();
     const std::lock_guard lock(mutex);
-    if (spare.size() < mostArrays) {
+    if (spare.size() < maxSpareArrays) {
         spare.push_back(std::move(touches));
     }
 }

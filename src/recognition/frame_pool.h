@@ -1,8 +1,8 @@
-// Arrays of touches that travel from the driver's thread to the engine's queue and back, so that a
-// steady stream of frames needs no memory from the system.
+// Recycles arrays of touches between the driver's thread and the engine's queue, so that a steady
+// stream of frames does not allocate.
 //
-// Thread:  any; a lock is held for the time of one move.
-// Owner:   the engine, shared with the frames that are on their way.
+// Thread:  any; locks for the duration of one move.
+// Owner:   the engine, shared with the frames in flight.
 #pragma once
 
 #include "input/touch_frame.h"
@@ -15,14 +15,14 @@ namespace glidemap {
 
 class FramePool {
 public:
-    // An empty array, with memory if there is some to spare.
+    // Returns an empty array, with spare capacity if available.
     std::vector<TouchPoint> take();
     void giveBack(std::vector<TouchPoint> touches);
 
 private:
-    // What a busy queue leaves behind, and what no pad reports, goes back to the system.
-    static constexpr std::size_t mostArrays = 64;
-    static constexpr std::size_t mostTouches = 64;
+    // The pool frees the surplus arrays of a busy queue and arrays larger than a pad reports.
+    static constexpr std::size_t maxSpareArrays = 64;
+    static constexpr std::size_t maxSpareTouches = 64;
 
     std::mutex mutex;
     std::vector<std::vector<TouchPoint>> spare;

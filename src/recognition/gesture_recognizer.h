@@ -1,11 +1,10 @@
-// What the touch engine asks of a recognizer: a place to report gestures to, and one call for each
+// The touch engine's interface to a recognizer: a callback for gestures and one call for each
 // frame.
 //
-// Thread:  process() on the engine's queue only, in the order of the reports; forget() while that
-// queue rests. The callback is set
-// before the first frame
-//          and called on whatever thread the recognizer reports from.
-// Owner:   the engine, shared with work that is still on its queue.
+// Thread:  process() on the engine's queue only, in the order of the reports; forget()
+//          while that queue is idle. The callback is set before the first frame and runs on the
+//          thread on which the recognizer reports.
+// Owner:   the engine, shared with work that is still queued.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -26,7 +25,7 @@ public:
 
     virtual void process(const TouchFrame& frame) = 0;
 
-    // Decides nothing about the touches so far: their end was not seen.
+    // Discards the current touches without deciding a gesture: their end was not seen.
     virtual void forget() = 0;
 
     GestureCallback onGesture;

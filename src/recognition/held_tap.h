@@ -1,6 +1,7 @@
-// The single tap that is being held back because a double tap may follow.
+// The single tap that waits because a double tap may follow.
 //
-// Thread:  the engine's queue holds and cancels; the thread of delayed work clears.
+// Thread:  hold() and cancel() on the engine's queue; clear() on the thread of delayed
+//          work.
 #pragma once
 
 #include "core/delayed_work.h"
@@ -12,8 +13,8 @@ namespace glidemap {
 
 class HeldTap {
 public:
-    // An item held before is let go of, not cancelled: it still fires, being a tap of another
-    // number of fingers.
+    // Releases an earlier item without cancelling it: that item still fires, because it is a tap
+    // with another number of fingers.
     void hold(std::shared_ptr<WorkItem> item);
     void cancel();
     void clear();

@@ -29,7 +29,7 @@ void LiveIndex::collectMissing(std::span<const std::int32_t> ids,
                                std::vector<Entry>& missing) const {
     missing.clear();
     if (std::ranges::equal(ids, entries, {}, {}, &Entry::id)) {
-        return; // as in most frames
+        return; // the common case
     }
     auto id = ids.begin();
     for (const Entry& entry : entries) {

@@ -1,6 +1,6 @@
-// Which track each finger on the pad is drawing: finger id to index into the session's tracks.
+// Maps the identifier of each finger on the pad to the index of its track in the session.
 //
-// A sorted array rather than a tree or a hash table: a hand has five fingers, and a frame must not
+// A sorted array instead of a tree or a hash table: a hand has five fingers, and a frame must not
 // allocate.
 //
 // Thread:  the engine's queue.
@@ -21,7 +21,7 @@ public:
         std::size_t track = 0;
     };
 
-    // Adds a finger, or says that its track has moved.
+    // Adds a finger, or updates the index of its track.
     void set(std::int32_t id, std::size_t track);
     void remove(std::int32_t id);
     void clear() { entries.clear(); }
@@ -31,8 +31,8 @@ public:
         return entry != nullptr ? std::optional(entry->track) : std::nullopt;
     }
 
-    // The same for the frame's own loop, as a pointer or null: an optional would be put together in
-    // memory and read back at once, which costs more than the search.
+    // Like find(), for the frame's inner loop, as a pointer or null: an optional would be written
+    // to memory and read back immediately, which costs more than the search.
     const Entry* entryOf(std::int32_t id) const {
         if (entries.size() > fewEntries) {
             return findAmongMany(id);
@@ -47,14 +47,14 @@ public:
 
     std::size_t size() const { return entries.size(); }
 
-    // In the order of the ids.
+    // Sorted by id.
     std::span<const Entry> all() const { return entries; }
 
-    // Writes the entries whose id is not among `ids`, which are in ascending order.
+    // Writes the entries whose id is not in `ids`, which is in ascending order.
     void collectMissing(std::span<const std::int32_t> ids, std::vector<Entry>& missing) const;
 
 private:
-    // A hand's fingers are found sooner by looking at each than by halving.
+    // Up to this size, a linear search is faster than a binary search.
     static constexpr std::size_t fewEntries = 11;
 
     const Entry* findAmongMany(std::int32_t id) const;

@@ -1,4 +1,4 @@
-// Points of the pad and the arithmetic that every classifier shares. Pure functions.
+// Points on the pad and the geometry that all classifiers share. Pure functions.
 //
 // Units:   positions normalised 0..1, origin bottom-left, y upwards; angles in radians.
 #pragma once
@@ -17,16 +17,16 @@ struct PadPoint {
     friend bool operator==(const PadPoint&, const PadPoint&) = default;
 };
 
-// Pads are wider than they are high. Where a shape is judged, x is stretched by the usual ratio of
-// their sides, so that a circle drawn by a hand is a circle in the numbers.
+// Pads are wider than high. Classifiers that judge a shape stretch x by the usual aspect ratio, so
+// that a circle drawn by hand is a circle in these coordinates.
 inline constexpr double padAspect = 1.35;
 
 inline PadPoint stretched(PadPoint point) {
     return {point.x * padAspect, point.y};
 }
 
-// A plain root rather than std::hypot: positions cannot overflow it, and it runs for every finger
-// of every frame.
+// sqrt instead of std::hypot: positions cannot overflow it, and it runs for every finger of every
+// frame.
 inline double length(PadPoint vector) {
     return std::sqrt(vector.x * vector.x + vector.y * vector.y);
 }
@@ -43,7 +43,8 @@ inline double angle(PadPoint vector) {
     return std::atan2(vector.y, vector.x);
 }
 
-// The same turn, the short way round. `difference` is one of two angles from angle().
+// Normalises an angle difference to the shorter rotation. `difference` is the difference of two
+// results of angle().
 inline double wrapped(double difference) {
     while (difference > std::numbers::pi) {
         difference -= 2 * std::numbers::pi;

@@ -6,11 +6,13 @@ namespace glidemap {
 
 namespace {
 
-constexpr double smallestDistance = 0.02; // below it the fingers lie on top of each other
-constexpr double smallestChange = 0.12; // of the distance: less is no pinch, as much is no rotation
+constexpr double minDistance = 0.02; // closer fingers are treated as one point
+// relative to the start distance: a smaller change is not a pinch, an equal or larger one not a
+// rotation
+constexpr double minDistanceChange = 0.12;
 constexpr double spreadRatio = 1.45;
 constexpr double closeRatio = 0.7;
-constexpr double smallestTurn = 0.7; // radians: about 40 degrees
+constexpr double minTurn = 0.7; // radians: about 40 degrees
 
 } // namespace
 
@@ -19,11 +21,11 @@ std::optional<GestureType> pinchOrRotateOf(const Track& first, const Track& seco
     const PadPoint end = stretched(second.lastPos) - stretched(first.lastPos);
     const double startDistance = length(start);
     const double endDistance = length(end);
-    if (!(startDistance > smallestDistance)) {
+    if (!(startDistance > minDistance)) {
         return std::nullopt;
     }
     const double change = std::abs(endDistance - startDistance);
-    if (change >= smallestChange) {
+    if (change >= minDistanceChange) {
         const double ratio = endDistance / startDistance;
         if (ratio >= spreadRatio) {
             return GestureType::pinchOut;
@@ -33,7 +35,7 @@ std::optional<GestureType> pinchOrRotateOf(const Track& first, const Track& seco
         }
     }
     const double turn = wrapped(angle(end) - angle(start));
-    if (!(change < smallestChange) || !(std::abs(turn) >= smallestTurn)) {
+    if (!(change < minDistanceChange) || !(std::abs(turn) >= minTurn)) {
         return std::nullopt;
     }
     return turn > 0 ? GestureType::rotateCounterclockwise : GestureType::rotateClockwise;

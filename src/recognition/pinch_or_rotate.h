@@ -1,7 +1,7 @@
 // Two fingers move apart, together, or around each other.
 //
-// Units:   normalised positions as recorded (stretched to the pad's shape here); radians, positive
-// anticlockwise.
+// Units:   normalised positions as recorded (the functions stretch them to the pad's
+//          aspect ratio); radians, positive anticlockwise.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -11,8 +11,8 @@
 
 namespace glidemap {
 
-// The fingers in the order in which they landed. A pair that changes its distance too much to
-// rotate and too little, in proportion, to pinch is neither.
+// `first` landed before `second`. Returns nullopt for a pair whose distance changes too much for a
+// rotation and too little, relative to its start, for a pinch.
 std::optional<GestureType> pinchOrRotateOf(const Track& first, const Track& second);
 
 } // namespace glidemap

@@ -15,35 +15,35 @@ namespace glidemap {
 
 namespace {
 
-// Seconds and normalised units. A tap leaves more room to drift than a corner tap and less than a
-// long press: the longer a finger rests, the more it rolls.
-constexpr double longestTap = 0.3;
-constexpr double farthestTapDrift = 0.035;
+// Seconds and normalised units. A tap may drift farther than a corner tap and less than a long
+// press: the longer a finger rests, the more it rolls.
+constexpr double maxTapDuration = 0.3;
+constexpr double maxTapDrift = 0.035;
 constexpr double doubleTapInterval = 0.45;
 constexpr double longPressDuration = 0.8;
-constexpr double farthestPressDrift = 0.045;
-constexpr double longestPinch = 1.5;
+constexpr double maxPressDrift = 0.045;
+constexpr double maxPinchDuration = 1.5;
 
-// Hold and tap: the tap, the finger that holds, and how far apart they are.
-constexpr double longestFixedTap = 0.4;
-constexpr double farthestFixedTapDrift = 0.04;
+// Hold and tap: limits for the tap, for the holding finger, and for the distance between them.
+constexpr double maxFixedTapDuration = 0.4;
+constexpr double maxFixedTapDrift = 0.04;
 constexpr double anchorLead = 0.2;
-constexpr double farthestAnchorDrift = 0.05;
-constexpr double nearestFixedTap = 0.05;
+constexpr double maxAnchorDrift = 0.05;
+constexpr double minFixedTapDistance = 0.05;
 
 bool isFinite(const TouchPoint& touch) {
     return std::isfinite(touch.x) && std::isfinite(touch.y);
 }
 
-// Where a tap lies as seen from the finger that holds; none where it is too near to tell.
+// Returns the side of the tap, seen from the holding finger, or nullopt if the two are too close.
 std::optional<GestureType> fixAndTapTowards(PadPoint offset) {
     if (std::abs(offset.y) <= std::abs(offset.x)) {
-        if (!(std::abs(offset.x) >= nearestFixedTap)) {
+        if (!(std::abs(offset.x) >= minFixedTapDistance)) {
             return std::nullopt;
         }
         return offset.x > 0 ? GestureType::fixAndTapRight : GestureType::fixAndTapLeft;
     }
-    if (!(std::abs(offset.y) >= nearestFixedTap)) {
+    if (!(std::abs(offset.y) >= minFixedTapDistance)) {
         return std::nullopt;
     }
     return offset.y > 0 ? GestureType::fixAndTapAbove : GestureType::fixAndTapBelow;
@@ -106,7 +106,7 @@ void SessionRecognizer::readFingers(const TouchFrame& frame) {
         fingers.push_back(touch);
         fingerIds.push_back(touch.id);
     }
-    // Drivers report a hand in the same order every time, mostly that of the ids.
+    // Drivers report the fingers in a stable order, usually sorted by id.
     if (!std::ranges::is_sorted(fingerIds)) {
         std::ranges::sort(fingerIds);
     }
@@ -121,8 +121,8 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     }
 }
 
-// Ends the track of every finger that is not among the frame's. A finger is no longer live when its
-// own end is checked, while those that end with it still are.
+// Ends the track of every finger that the frame does not contain. While a finger's end is checked,
+// that finger is no longer live; fingers that end in the same frame still are.
 void SessionRecognizer::endLiveTracks(double time) {
     liveIndex.collectMissing(fingerIds, gone);
     for (const LiveIndex::Entry& finger : gone) {
@@ -145,7 +145,7 @@ void SessionRecognizer::finalizeSession(double time) {
 }
 
 void SessionRecognizer::decideOneFinger(double duration) {
-    // A finger that was lifted and put down again makes two tracks, and means nothing.
+    // A finger that lifts and lands again makes two tracks; such a session has no gesture.
     if (tracks.size() != 1) {
         return;
     }
@@ -161,15 +161,15 @@ void SessionRecognizer::decideManyFingers(double duration, double time) {
         return;
     }
     const bool isPair = maxConcurrent == 2 && tracks.size() == 2;
-    if (isPair && duration <= longestPinch && classifyPinchOrRotate(tracks[0], tracks[1])) {
+    if (isPair && duration <= maxPinchDuration && classifyPinchOrRotate(tracks[0], tracks[1])) {
         return;
     }
     classifySwipe(duration);
 }
 
 bool SessionRecognizer::isGroupTap(double duration) const {
-    return duration <= longestTap && std::ranges::all_of(tracks.all(), [](const Track& track) {
-               return track.maxDrift <= farthestTapDrift;
+    return duration <= maxTapDuration && std::ranges::all_of(tracks.all(), [](const Track& track) {
+               return track.maxDrift <= maxTapDrift;
            });
 }
 
@@ -180,17 +180,18 @@ void SessionRecognizer::resetSession() {
     maxConcurrent = 0;
     consumed = false;
     longPressFired = false;
-    // lastTap and pendingSingleTap span sessions.
+    // Keeps lastTap and pendingSingleTap, which span sessions.
 }
 
-// Two quick taps always make a double tap, whether it is bound or not; whether it is bound decides
-// only if the first is held back.
+// Two quick taps always make a double tap, bound or not. The binding only decides whether the first
+// tap waits.
 //
 //   tap ──┬─ second within 0.45 s ──▶ double tap; a single one held back is cancelled
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s
 //                       └─ not bound ─────────▶ single tap at once
 void SessionRecognizer::handleGroupTap(int count, double time) {
-    const auto doubleTap = gestureFor(GestureCategory::doubleTap, count); // five fingers have none
+    // five fingers have no double tap
+    const auto doubleTap = gestureFor(GestureCategory::doubleTap, count);
     if (doubleTap && lastTap && lastTap->count == count &&
         time - lastTap->time <= doubleTapInterval) {
         pendingSingleTap.cancel();
@@ -226,7 +227,7 @@ void SessionRecognizer::checkLongPress(double time) {
         return;
     }
     const auto count = static_cast<int>(liveIndex.size());
-    // No finger has come or gone since the session began.
+    // No finger landed or lifted since the session began.
     const bool unchanged =
         maxConcurrent == count && !tracks.isCrowded() && tracks.size() == liveIndex.size();
     const auto longPress = gestureFor(GestureCategory::longPress, count);
@@ -241,16 +242,16 @@ void SessionRecognizer::checkLongPress(double time) {
 bool SessionRecognizer::allLiveTracksRest(double time) const {
     return std::ranges::all_of(liveIndex.all(), [&](const LiveIndex::Entry& finger) {
         const Track& track = tracks[finger.track];
-        return time - track.startTime >= longPressDuration && track.maxDrift <= farthestPressDrift;
+        return time - track.startTime >= longPressDuration && track.maxDrift <= maxPressDrift;
     });
 }
 
-// A short still tap beside a resting finger, at the moment the tapping finger leaves. Every further
-// tap reports again while the other finger stays down, so this looks at no flag.
+// Called when a finger lifts: reports a short, still tap beside a resting finger. It ignores the
+// consumed flag, because every further tap fires again while the other finger stays down.
 void SessionRecognizer::checkFixAndTap(std::size_t endedIndex) {
     const Track& tap = tracks[endedIndex];
-    if (!(tap.endTime - tap.startTime <= longestFixedTap) ||
-        !(tap.maxDrift <= farthestFixedTapDrift)) {
+    if (!(tap.endTime - tap.startTime <= maxFixedTapDuration) ||
+        !(tap.maxDrift <= maxFixedTapDrift)) {
         return;
     }
     const Track* anchor = anchorFor(tap);
@@ -266,8 +267,7 @@ void SessionRecognizer::checkFixAndTap(std::size_t endedIndex) {
 const Track* SessionRecognizer::anchorFor(const Track& tap) const {
     for (const LiveIndex::Entry& finger : liveIndex.all()) {
         const Track& track = tracks[finger.track];
-        if (track.startTime <= tap.startTime - anchorLead &&
-            track.maxDrift <= farthestAnchorDrift) {
+        if (track.startTime <= tap.startTime - anchorLead && track.maxDrift <= maxAnchorDrift) {
             return &track;
         }
     }

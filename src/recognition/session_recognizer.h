@@ -1,5 +1,5 @@
-// Follows every finger as a track through a session, from the first frame in which any finger
-// touches to the first in which none does, and names the gesture.
+// Tracks every finger through a session, from the first frame with a touching finger to the next
+// frame without one, and classifies the gesture.
 //
 //   down ──────────────────────────────────────────────────────────────▶ all up
 //        long press: at 0.8 s, fingers still down, none came or went
@@ -10,15 +10,13 @@
 //   its session.
 //
 // Units:   positions normalised 0..1, origin bottom-left; times in seconds of the frames'
-// timestamps, except the delay
-//          of a held-back tap, which is real time.
-// Thread:  the engine's queue only; a held-back tap reports from the thread of delayed work. Both
-// callbacks are set
-//          before the first frame; onGesture does not call process().
-// Owner:   TouchEngine, through a shared pointer that held-back taps refer to weakly.
-// Errors:  none. A finger without a finite position is absent until it has one, and stays where it
-// was if it had one. A
-//          session with more tracks than hands can make (see TrackList) decides nothing at its end.
+//          timestamps, except the delay of a waiting tap, which is real time.
+// Thread:  the engine's queue only; a waiting tap is reported on the thread of delayed
+//          work. Both callbacks are set before the first frame; onGesture does not call process().
+// Owner:   TouchEngine, through a shared pointer; waiting taps hold a weak one.
+// Errors:  none. A finger without a finite position is ignored until it has one; if it had
+//          one before, it keeps its last position. A session with more tracks than hands can make
+//          (see TrackList) has no gesture at its end.
 #pragma once
 
 #include "core/delayed_work.h"
@@ -45,8 +43,8 @@ public:
     void process(const TouchFrame& frame) override;
     void forget() override;
 
-    // Whether an enabled binding, of any scope, exists for the double tap of that many fingers.
-    // Called on the engine's queue.
+    // Returns whether an enabled binding, in any scope, exists for the double tap with that many
+    // fingers. Called on the engine's queue.
     std::function<bool(int fingerCount)> doubleTapBindingExists;
 
 private:
@@ -96,7 +94,7 @@ private:
     std::optional<GroupTap> lastTap;
     HeldTap pendingSingleTap;
 
-    // Kept between frames for their memory only.
+    // Members only to reuse their memory between frames.
     std::vector<TouchPoint> fingers;
     std::vector<std::int32_t> fingerIds;
     std::vector<LiveIndex::Entry> gone;

@@ -7,10 +7,10 @@ namespace glidemap {
 
 namespace {
 
-constexpr double longestDuration = 0.8; // seconds
-constexpr double shortestMean = 0.15;
-// How much longer than the other the dominant axis must be. Between the two lies the diagonal,
-// which means nothing.
+constexpr double maxDuration = 0.8; // seconds
+constexpr double minMeanDisplacement = 0.15;
+// Minimum ratio of the dominant axis to the other axis. A smaller ratio is a diagonal, which is not
+// a gesture.
 constexpr double dominance = 1.5;
 
 bool allAlong(std::span<const Track> tracks, PadPoint mean) {
@@ -43,11 +43,11 @@ PadPoint meanDisplacement(std::span<const Track> tracks) {
 
 std::optional<GestureType> swipeOf(std::span<const Track> tracks, int fingerCount,
                                    double duration) {
-    if (tracks.empty() || !(duration <= longestDuration)) {
+    if (tracks.empty() || !(duration <= maxDuration)) {
         return std::nullopt;
     }
     const PadPoint mean = meanDisplacement(tracks);
-    if (!(length(mean) >= shortestMean) || !allAlong(tracks, mean)) {
+    if (!(length(mean) >= minMeanDisplacement) || !allAlong(tracks, mean)) {
         return std::nullopt;
     }
     const auto direction = directionOf(mean);

@@ -1,11 +1,11 @@
 // All fingers move together in one dominant direction.
 //
-// A swipe is quick (otherwise it is scrolling or dragging), long enough not to be a sloppy tap, of
-// one mind (no finger against the others) and clearly along one axis.
+// A swipe is quick (a slower movement is scrolling or dragging), farther than a sloppy tap moves, uniform
+// (no finger moves against the others) and clearly along one axis.
 //
 // Units:   raw normalised positions; seconds.
-// Errors:  none; what is not a swipe is none, and so is one of a number of fingers that has no
-// swipes.
+// Errors:  none; returns nullopt if the movement is not a swipe or if the catalogue has no
+//          swipe with this number of fingers.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -16,10 +16,11 @@
 
 namespace glidemap {
 
-// `tracks` are all those of the session, ended or not; `fingerCount` the most that touched at once.
+// `tracks` are all tracks of the session, ended or not; `fingerCount` is the maximum number of
+// simultaneous touches.
 std::optional<GestureType> swipeOf(std::span<const Track> tracks, int fingerCount, double duration);
 
-// The mean of the tracks' displacements. There is at least one track.
+// The mean of the tracks' displacements. `tracks` must not be empty.
 PadPoint meanDisplacement(std::span<const Track> tracks);
 
 } // namespace glidemap

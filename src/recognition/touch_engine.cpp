@@ -11,7 +11,7 @@ namespace glidemap {
 
 namespace {
 
-// An array made for one finger would have to grow when it comes back for a hand.
+// An array with room for one finger would have to grow when it is reused for a whole hand.
 constexpr std::size_t usualTouches = 16;
 
 std::function<TouchEngine::Ports()>& sharedPorts() {
@@ -70,7 +70,7 @@ void TouchEngine::lookForDevices() {
     }
 }
 
-// Nothing runs on the queue yet, or any more.
+// Called while the queue is idle: before start() or after stop().
 void TouchEngine::forgetTouches() {
     for (const auto& recognizer : *recognizers) {
         recognizer->forget();
@@ -79,8 +79,8 @@ void TouchEngine::forgetTouches() {
     _touchingCount = 0;
 }
 
-// The queue is stopped first to release a driver that waits for room in it, because stopping the devices waits for the
-// driver, and once more for what the driver sent in between.
+// Stop the queue first: stopping the devices waits for the driver, which may be waiting for room in
+// the queue. Stop it again to discard the frames that the driver sent in between.
 void TouchEngine::stop() {
     started = false;
     ports.queue->stop();
@@ -129,7 +129,7 @@ void TouchEngine::deliver(GestureType gesture) {
     }
 }
 
-// Gestures come from two threads; of two that meet here, only one may pass.
+// Two threads deliver gestures; of two simultaneous ones, only one may pass.
 bool TouchEngine::passesCooldown() {
     const double now = ports.clock->uptime();
     double last = lastFireTime.load();

@@ -1,21 +1,21 @@
-// The pipeline between the touch driver's thread and the gesture recognizers: converts every
-// report, publishes how many fingers are on the pad, moves recognition onto one serial queue, and
-// lets no two gestures out within a quarter second.
+// The pipeline between the touch driver's thread and the gesture recognizers. It converts each
+// report, publishes the number of touching fingers, runs recognition on one serial queue, and
+// delivers at most one gesture per quarter second.
 //
 //   driver's thread                          engine's queue                      delayed work
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
 //                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ held-back
 //                      single tap
 //
-// Units:   timestamps in seconds as the driver gives them; the cooldown in seconds of system
-// uptime. Thread:  start(), lookForDevices() and stop() on the main thread; touchingCount() on any. onGesture is
-// called on the engine's queue or
-//          on the thread of delayed work, and is set before start().
-// Owner:   the process (`TouchEngine::shared()`); tests and tools make their own with create().
-// What the engine hands out
-//          holds it weakly and does nothing once it is gone, so it may be destroyed with work still
-//          queued.
-// Errors:  none; a driver that fails is seen in the device manager.
+// Units:   timestamps in seconds as the driver reports them; the cooldown in seconds of
+//          system uptime.
+// Thread:  start(), lookForDevices() and stop() on the main thread; touchingCount() on any.
+//          onGesture is called on the engine's queue or on the thread of delayed work, and is set
+//          before start().
+// Owner:   the process (`TouchEngine::shared()`); tests and tools create their own with
+//          create(). The engine's callbacks hold it weakly and do nothing after its destruction, so
+//          it may be destroyed while work is queued.
+// Errors:  none; the device manager reports the errors of a driver.
 #pragma once
 
 #include "core/delayed_work.h"
@@ -42,39 +42,39 @@ public:
         std::shared_ptr<UptimeClock> clock;
         std::shared_ptr<SerialQueue> queue;
         std::shared_ptr<DelayedWork> delayedWork;
-        // Outlives the engine. Started and stopped by it.
+        // Outlives the engine, which starts and stops it.
         MultitouchDeviceManager* deviceManager = nullptr;
     };
 
-    // The name of the queue, for whoever makes the real one.
+    // The queue's name, for the platform code that creates the real queue.
     static constexpr const char* queueLabel = "com.corvane.glidemap.touch";
 
-    // Minimum spacing of delivered gestures, in seconds.
+    // Minimum interval between delivered gestures, in seconds.
     static constexpr double fireCooldown = 0.25;
 
     static std::shared_ptr<TouchEngine> create(Ports ports);
 
-    // Says what the shared instance is made from. Call before the first shared().
+    // Sets the factory for the shared instance's ports. Call before the first shared().
     static void configureShared(std::function<Ports()> makePorts);
     static const std::shared_ptr<TouchEngine>& shared();
 
-    // Installs the frame sink, then starts the devices. What touched before an earlier stop is
-    // forgotten.
+    // Installs the frame sink, then starts the devices. Discards touches from before an earlier
+    // stop.
     void start();
 
-    // Starts the devices that have come since, if the engine is started.
+    // Starts newly attached devices if the engine is running.
     void lookForDevices();
 
-    // Stops the devices, takes the sink away, and waits for the work that is running. Frames and
-    // held-back taps that still wait are let go. Not to be called from within onGesture.
+    // Stops the devices, removes the sink and waits for running work. Discards queued frames and
+    // waiting taps. Must not be called from within onGesture.
     void stop();
 
-    // How many fingers touch in the latest report, also while the queue is busy.
+    // The number of fingers in the latest report; current even while the queue is busy.
     int touchingCount() const;
 
     SessionRecognizer& sessionRecognizer() { return *session; }
 
-    // Output.
+    // The output of the engine.
     std::function<void(GestureType)> onGesture;
 
 private:
@@ -99,8 +99,7 @@ private:
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
     std::atomic<double> lastFireTime = 0;
-    std::atomic<bool> started =
-        false; // frames that come from a driver slower to stop than we are do nothing
+    std::atomic<bool> started = false; // makes frames that arrive after stop() no-ops
 };
 
 } // namespace glidemap

@@ -1,14 +1,15 @@
-// The tracks of a session, in the order in which the fingers landed.
+// The tracks of a session, in landing order.
 //
-// A session lasts as long as any finger rests on the pad, which may be hours, while others come and
-// go. So the list has an end: once it holds as many tracks as it can, those that have ended are
-// forgotten and the list is marked as crowded. No gesture decided by all the tracks of a session
-// can come of a crowded one: a hand cannot land that many fingers in the second and a half that the
-// slowest of these gestures may take. Hold-and-tap needs only the fingers still down and goes on
-// for as long as the session does.
+// A session lasts as long as any finger rests on the pad, possibly for hours, while other fingers
+// come and go. The list is therefore bounded: when it is full, it drops the tracks that have ended
+// and is marked as crowded. A crowded session cannot contain a gesture that depends on all its
+// tracks: a hand cannot land that many fingers within 1.5 s, the longest duration of such a
+// gesture. Hold-and-tap depends only on the fingers that are still down and works for the whole
+// session.
 //
 // Thread:  the engine's queue.
-// Errors:  a finger that lands while the list is full of fingers still down is not followed.
+// Errors:  a finger is not tracked if it lands while the list is full of fingers that are
+//          still down.
 #pragma once
 
 #include "recognition/live_index.h"
@@ -26,11 +27,11 @@ class TrackList {
 public:
     static constexpr std::size_t capacity = 256;
 
-    // Adds a track and enters it into `live`.
+    // Adds a track and registers it in `live`.
     void begin(std::int32_t finger, double time, PadPoint position, LiveIndex& live);
     void end(std::size_t index, double time);
 
-    // Forgets all tracks and keeps the memory that a pair of hands needs.
+    // Removes all tracks and keeps the memory for two hands.
     void clear();
 
     std::size_t size() const { return count; }
@@ -42,7 +43,7 @@ public:
 private:
     bool makeRoom(LiveIndex& live);
 
-    std::vector<Track> places; // the first `count` are tracks, the others kept for their memory
+    std::vector<Track> places; // the first `count` are tracks; the rest only keeps memory for reuse
     std::size_t count = 0;
     std::size_t endedCount = 0;
     bool crowded = false;

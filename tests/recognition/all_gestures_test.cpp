@@ -1,4 +1,4 @@
-// Each of the 44 gestures that a pad can tell, as a hand would make it, by many hands on many pads.
+// Each of the 44 gestures that a pad can report, performed with many hands on many pads.
 #include "kit/rows.h"
 
 #include <gtest/gtest.h>
@@ -111,11 +111,11 @@ std::vector<Row> allRows() {
     return rows;
 }
 
-TEST(AllGesturesTest, EveryHandOnEveryPadIsUnderstood) {
+TEST(AllGesturesTest, EveryVariantOfEveryGestureIsRecognised) {
     expectRowsInEveryVariant(allRows());
 }
 
-TEST(AllGesturesTest, EveryGestureThatAPadCanTellIsHere) {
+TEST(AllGesturesTest, EveryGestureThatAPadCanReportIsCovered) {
     std::set<GestureType> shown;
     for (const Row& row : allRows()) {
         shown.insert(row.expected.begin(), row.expected.end());
@@ -126,11 +126,11 @@ TEST(AllGesturesTest, EveryGestureThatAPadCanTellIsHere) {
             missing.insert(gesture);
         }
     }
-    // Clicks are pressed, not touched, and a circle always has a direction.
+    // Clicks are not touches, and a real circle always has a direction.
     EXPECT_EQ(missing, (std::set{drawCircle, twoFingerClick, threeFingerClick, fourFingerClick}));
 }
 
-TEST(AllGesturesTest, OneAfterAnotherTheyDoNotDisturbEachOther) {
+TEST(AllGesturesTest, GesturesInSequenceDoNotAffectEachOther) {
     Script all = fingers(1);
     std::vector<GestureType> expected;
     for (const Row& row : allRows()) {

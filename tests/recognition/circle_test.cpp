@@ -31,7 +31,7 @@ struct Loop {
     PadPoint centre = {0.5, 0.5};
 };
 
-// A loop that is round on the pad as it is shaped.
+// A loop that is round on the pad's real shape.
 Path pathOf(const Loop& loop) {
     Path path;
     for (int point = 0; point < loop.points; ++point) {
@@ -43,8 +43,8 @@ Path pathOf(const Loop& loop) {
     return path;
 }
 
-// A loop of the four points on the axes, as often as the letters say. Its mean is the origin as
-// long as opposite letters are equally frequent, and no radius is rounded.
+// A loop of the four compass points, in the order of the letters. Its mean is the origin if
+// opposite letters are equally frequent, and no radius is rounded.
 Path compass(std::string_view letters, double eastWest, double northSouth) {
     Path path;
     for (const char letter : letters) {
@@ -59,12 +59,12 @@ Radii radiiOf(const Path& path) {
     return radiiAround(centreOf(path), path);
 }
 
-TEST(CircleTest, TheDirectionNamesTheGesture) {
+TEST(CircleTest, TheDirectionSelectsTheGesture) {
     EXPECT_EQ(circleOf(pathOf({}), second), drawCircleCounterclockwise);
     EXPECT_EQ(circleOf(pathOf({.sweep = -2 * pi}), second), drawCircleClockwise);
 }
 
-TEST(CircleTest, TheDirectionFreeCircleIsNeverAnAnswer) {
+TEST(CircleTest, TheDirectionFreeCircleIsNeverReturned) {
     for (int sweep = -20; sweep <= 20; ++sweep) {
         EXPECT_NE(circleOf(pathOf({.sweep = sweep / 2.0}), second), drawCircle);
     }
@@ -78,7 +78,7 @@ TEST(CircleTest, NeedsTwelvePoints) {
     EXPECT_EQ(circleOf(pathOf({.points = 2000}), second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, LastsFromPointFifteenToThreeSeconds) {
+TEST(CircleTest, LastsFrom0_15To3Seconds) {
     const Path path = pathOf({});
     EXPECT_EQ(circleOf(path, justBelow(0.15)), std::nullopt);
     EXPECT_EQ(circleOf(path, 0.15), drawCircleCounterclockwise);
@@ -88,9 +88,9 @@ TEST(CircleTest, LastsFromPointFifteenToThreeSeconds) {
     EXPECT_EQ(circleOf(path, justAbove(3.0)), std::nullopt);
 }
 
-TEST(CircleTest, TheMeasuresAreThoseOfThePadAsItIsShaped) {
+TEST(CircleTest, ThePathIsMeasuredOnTheStretchedPad) {
     const Path path = pathOf({.points = 41, .centre = {0.4, 0.3}});
-    const Path ring(path.begin(), path.end() - 1); // without the point that closes it
+    const Path ring(path.begin(), path.end() - 1); // without the closing point
     const PadPoint centre = centreOf(ring);
     EXPECT_NEAR(centre.x, 0.4 * 1.35, 1e-12);
     EXPECT_NEAR(centre.y, 0.3, 1e-12);
@@ -99,14 +99,14 @@ TEST(CircleTest, TheMeasuresAreThoseOfThePadAsItIsShaped) {
     EXPECT_NEAR(sweptAngle(centre, path), 2 * pi, 1e-12);
 }
 
-TEST(CircleTest, TheDeviationIsThatOfAllRadii) {
+TEST(CircleTest, TheDeviationIncludesAllRadii) {
     const Path path = compass("ENNNWWWSSSEE", 0.125, 0.375);
     EXPECT_EQ(centreOf(path), (PadPoint{0, 0}));
     EXPECT_EQ(radiiOf(path).mean, 0.25);
     EXPECT_EQ(radiiOf(path).deviation, 0.125);
 }
 
-TEST(CircleTest, TheSweptAngleCountsEveryRoundAndTakesBackWhatGoesBack) {
+TEST(CircleTest, TheSweptAngleAddsEveryTurnAndSubtractsReversedMovement) {
     const auto swept = [](std::string_view letters) {
         return sweptAngle({0, 0}, compass(letters, 1, 1));
     };
@@ -118,7 +118,7 @@ TEST(CircleTest, TheSweptAngleCountsEveryRoundAndTakesBackWhatGoesBack) {
     EXPECT_NEAR(swept("EW"), pi, 1e-12); // half a turn is not wrapped
 }
 
-TEST(CircleTest, TheMeanRadiusIsAtLeastPointNoughtFive) {
+TEST(CircleTest, TheMeanRadiusIsAtLeast0_05) {
     const Path exact = compass("ENNNNWWWSSSSEE", 0.05, 0.05);
     ASSERT_EQ(radiiOf(exact).mean, 0.05);
     EXPECT_EQ(circleOf(exact, second), drawCircleCounterclockwise);
@@ -132,7 +132,7 @@ TEST(CircleTest, TheMeanRadiusIsAtLeastPointNoughtFive) {
     EXPECT_NEAR(reached, 0.05, 1e-15);
 }
 
-TEST(CircleTest, TheMeanRadiusIsAtMostPointFiftyFive) {
+TEST(CircleTest, TheMeanRadiusIsAtMost0_55) {
     const auto path = [](double radius) {
         return compass("ENNNNWWWSSSSEE", radius, radius);
     };
@@ -146,7 +146,7 @@ TEST(CircleTest, TheMeanRadiusIsAtMostPointFiftyFive) {
     EXPECT_EQ(circleOf(exact, second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, TheRadiiDeviateByLessThanPointThirtyFiveOfTheirMean) {
+TEST(CircleTest, TheRadiiDeviateByLessThan0_35OfTheirMean) {
     const auto path = [](double oddness) {
         return compass("ENNNWWWSSSEE", 0.3 * (1 - oddness), 0.3 * (1 + oddness));
     };
@@ -158,14 +158,14 @@ TEST(CircleTest, TheRadiiDeviateByLessThanPointThirtyFiveOfTheirMean) {
     EXPECT_GE(ratio(rough), 0.35);
     EXPECT_LT(ratio(round), 0.35);
     EXPECT_NEAR(round, 0.35, 1e-15);
-    // Precisely 0.35 is too much already.
+    // Exactly 0.35 is already too much.
     ASSERT_EQ(ratio(0.35), 0.35);
     EXPECT_EQ(circleOf(path(0.35), second), std::nullopt);
 }
 
-TEST(CircleTest, GoesRoundByAtLeastFourPointEightRadians) {
-    // From the east to `end`, by way of north, west and south. The last point lies so far inside
-    // that the gap does not forbid it first, and its opposite keeps the mean at the origin.
+TEST(CircleTest, SweepsAtLeast4_8Radians) {
+    // From the east to `end`, through north, west and south. The last point lies far enough inside
+    // that the gap limit does not apply, and its opposite keeps the mean at the origin.
     const auto path = [](double end) {
         const PadPoint last = {0.08 * std::cos(end) / 1.35, 0.08 * std::sin(end)};
         Path points = compass("ENNNN", 0.2, 0.2);
@@ -193,7 +193,7 @@ TEST(CircleTest, GoesRoundByAtLeastFourPointEightRadians) {
     EXPECT_EQ(circleOf(clockwise(below), second), std::nullopt);
 }
 
-TEST(CircleTest, TheEndsLieAtMostOnePointTwoRadiiApart) {
+TEST(CircleTest, TheEndsLieAtMost1_2RadiiApart) {
     const auto path = [](double sweep) {
         return pathOf({.sweep = sweep});
     };
@@ -206,13 +206,13 @@ TEST(CircleTest, TheEndsLieAtMostOnePointTwoRadiiApart) {
     EXPECT_NEAR(gap(open), 1.2, 1e-12);
     EXPECT_NEAR(gap(closed), 1.2, 1e-12);
     EXPECT_GE(gap(open), gap(closed));
-    // With room to spare on both sides of the other limits.
+    // Well inside the other limits.
     EXPECT_GT(sweptAngle(centreOf(path(open)), path(open)), 4.81);
 }
 
-TEST(CircleTest, AGapOfPreciselyOnePointTwoRadiiIsClosed) {
+TEST(CircleTest, AGapOfExactly1_2RadiiCountsAsClosed) {
     // 7, 24 and 25 are the sides of a right triangle, so that the last point lies on the circle and
-    // 30 from the north, where the radius is 25. Of this unit no stretching is rounded.
+    // 30 units from the north, where the radius is 25. Stretching this unit is exact.
     const double unit = 33 / 4096.0;
     const PadPoint last = {24 * unit / 1.35, 7 * unit};
     Path path = compass("NNN", 0, 25 * unit);
@@ -224,19 +224,19 @@ TEST(CircleTest, AGapOfPreciselyOnePointTwoRadiiIsClosed) {
     EXPECT_EQ(circleOf(path, second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, MoreThanOneRoundIsACircle) {
+TEST(CircleTest, MoreThanOneTurnIsACircle) {
     EXPECT_EQ(circleOf(pathOf({.sweep = 4 * pi, .points = 80}), second),
               drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, AnArcThereAndBackIsNone) {
+TEST(CircleTest, AnArcThereAndBackIsNoCircle) {
     Path path = pathOf({.sweep = 5, .points = 30});
     Path back(path.rbegin(), path.rend());
     path.insert(path.end(), back.begin(), back.end());
     EXPECT_EQ(circleOf(path, second), std::nullopt);
 }
 
-TEST(CircleTest, AStraightLineIsNone) {
+TEST(CircleTest, AStraightLineIsNoCircle) {
     Path path;
     for (int point = 0; point < 40; ++point) {
         path.push_back({0.1 + point * 0.02, 0.5});
@@ -244,7 +244,7 @@ TEST(CircleTest, AStraightLineIsNone) {
     EXPECT_EQ(circleOf(path, second), std::nullopt);
 }
 
-TEST(CircleTest, ASinglePlaceIsNone) {
+TEST(CircleTest, ASinglePointIsNoCircle) {
     EXPECT_EQ(circleOf(Path(20, PadPoint{0.5, 0.5}), second), std::nullopt);
 }
 

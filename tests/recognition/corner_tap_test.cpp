@@ -17,7 +17,7 @@ using kit::justBelow;
 constexpr double high = 1 - 0.18;
 static_assert(high == 0.8200000000000001);
 
-TEST(CornerTapTest, EachCornerReachesAsFarAsItsLimits) {
+TEST(CornerTapTest, EachCornerExtendsToItsLimits) {
     const struct {
         PadPoint place;
         std::optional<GestureType> expected;
@@ -56,14 +56,14 @@ TEST(CornerTapTest, EachCornerReachesAsFarAsItsLimits) {
     }
 }
 
-TEST(CornerTapTest, LastsAtMostPointThreeSeconds) {
+TEST(CornerTapTest, LastsAtMost0_3Seconds) {
     const Track track = trackThrough({{0.1, 0.1}});
     EXPECT_EQ(cornerTapOf(track, justBelow(0.3)), cornerTapBottomLeft);
     EXPECT_EQ(cornerTapOf(track, 0.3), cornerTapBottomLeft);
     EXPECT_EQ(cornerTapOf(track, justAbove(0.3)), std::nullopt);
 }
 
-TEST(CornerTapTest, DriftsByAtMostPointNoughtThree) {
+TEST(CornerTapTest, DriftsByAtMost0_03) {
     const auto drifting = [](double drift) {
         return cornerTapOf(trackThrough({{0, 0.1}, {drift, 0.1}}), 0.2);
     };
@@ -73,16 +73,16 @@ TEST(CornerTapTest, DriftsByAtMostPointNoughtThree) {
     EXPECT_EQ(drifting(justAbove(0.03)), std::nullopt);
 }
 
-TEST(CornerTapTest, TheFarthestDriftCountsAlsoIfTheFingerCameBack) {
+TEST(CornerTapTest, TheMaximumDriftCountsEvenIfTheFingerReturned) {
     EXPECT_EQ(cornerTapOf(trackThrough({{0, 0.1}, {0.031, 0.1}, {0, 0.1}}), 0.2), std::nullopt);
 }
 
-TEST(CornerTapTest, WhereTheFingerLandsDecidesTheCorner) {
+TEST(CornerTapTest, TheLandingPositionSelectsTheCorner) {
     EXPECT_EQ(cornerTapOf(trackThrough({{0.18, 0.9}, {0.2, 0.9}}), 0.2), cornerTapTopLeft);
     EXPECT_EQ(cornerTapOf(trackThrough({{0.2, 0.9}, {0.18, 0.9}}), 0.2), std::nullopt);
 }
 
-TEST(CornerTapTest, WhatIsNoNumberIsNoCornerTap) {
+TEST(CornerTapTest, NonFinitePositionsAreNoCornerTap) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(cornerTapOf(trackThrough({{nan, 0.9}}), 0.2), std::nullopt);
     EXPECT_EQ(cornerTapOf(trackThrough({{0.1, nan}}), 0.2), std::nullopt);

@@ -37,14 +37,14 @@ TEST(EdgeSwipeTest, EachEdgeHasItsGesture) {
     });
 }
 
-TEST(EdgeSwipeTest, LastsAtMostPointSixSeconds) {
+TEST(EdgeSwipeTest, LastsAtMost0_6Seconds) {
     const Track track = trackThrough({{0.02, 0.5}, {0.4, 0.5}});
     EXPECT_EQ(edgeSwipeOf(track, justBelow(0.6)), edgeSwipeFromLeft);
     EXPECT_EQ(edgeSwipeOf(track, 0.6), edgeSwipeFromLeft);
     EXPECT_EQ(edgeSwipeOf(track, justAbove(0.6)), std::nullopt);
 }
 
-TEST(EdgeSwipeTest, BeginsOnTheRim) {
+TEST(EdgeSwipeTest, StartsOnTheRim) {
     expectRows({
         {{justBelow(0.035), 0.5}, {0.5, 0.5}, edgeSwipeFromLeft},
         {{0.035, 0.5}, {0.5, 0.5}, edgeSwipeFromLeft},
@@ -61,7 +61,7 @@ TEST(EdgeSwipeTest, BeginsOnTheRim) {
     });
 }
 
-TEST(EdgeSwipeTest, GoesInwardsByAtLeastPointTwentyTwo) {
+TEST(EdgeSwipeTest, MovesInwardsByAtLeast0_22) {
     expectRows({
         {{0, 0.5}, {justBelow(0.22), 0.5}, std::nullopt},
         {{0, 0.5}, {0.22, 0.5}, edgeSwipeFromLeft},
@@ -69,7 +69,7 @@ TEST(EdgeSwipeTest, GoesInwardsByAtLeastPointTwentyTwo) {
         {{0.5, 0}, {0.5, justBelow(0.22)}, std::nullopt},
         {{0.5, 0}, {0.5, 0.22}, edgeSwipeFromBottom},
         {{0.5, 0}, {0.5, justAbove(0.22)}, edgeSwipeFromBottom},
-        // Seen from 1 no number lies precisely 0.22 away; 0.78 is the last that is nearer.
+        // No double is exactly 0.22 below 1; 0.78 is the last one that is nearer.
         {{1, 0.5}, {0.78, 0.5}, std::nullopt},
         {{1, 0.5}, {justBelow(0.78), 0.5}, edgeSwipeFromRight},
         {{0.5, 1}, {0.5, 0.78}, std::nullopt},
@@ -79,7 +79,7 @@ TEST(EdgeSwipeTest, GoesInwardsByAtLeastPointTwentyTwo) {
     EXPECT_GT(1 - justBelow(0.78), 0.22);
 }
 
-TEST(EdgeSwipeTest, GoesSidewaysByAtMostHalfOfThat) {
+TEST(EdgeSwipeTest, MovesSidewaysByAtMostHalfTheInwardDistance) {
     expectRows({
         {{0, 0}, {0.25, justBelow(0.125)}, edgeSwipeFromLeft},
         {{0, 0}, {0.25, 0.125}, edgeSwipeFromLeft},
@@ -92,23 +92,23 @@ TEST(EdgeSwipeTest, GoesSidewaysByAtMostHalfOfThat) {
         {{0.5, 1}, {justAbove(0.625), 0.75}, std::nullopt},
         {{0.5, 0}, {0.375, 0.25}, edgeSwipeFromBottom},
         {{0.5, 0}, {justBelow(0.375), 0.25}, std::nullopt},
-        // As a hand does it.
+        // A typical movement.
         {{0.02, 0.5}, {0.27, 0.6}, edgeSwipeFromLeft},
         {{0.02, 0.5}, {0.27, 0.63}, std::nullopt},
     });
 }
 
-TEST(EdgeSwipeTest, InACornerTheFirstEdgeThatTheFingerLeavesDecides) {
+TEST(EdgeSwipeTest, InACornerTheFirstEdgeThatTheFingerLeavesCounts) {
     expectRows({
         {{0.02, 0.98}, {0.42, 0.88}, edgeSwipeFromLeft},
         {{0.98, 0.98}, {0.58, 0.88}, edgeSwipeFromRight},
         {{0.02, 0.02}, {0.42, 0.12}, edgeSwipeFromLeft},
         {{0.98, 0.02}, {0.58, 0.12}, edgeSwipeFromRight},
-        // Left comes first and does not hold: the top is not tried.
+        // Left is checked first and fails: top is not checked.
         {{0.02, 0.98}, {0.12, 0.5}, std::nullopt},
         {{0.98, 0.98}, {0.88, 0.5}, std::nullopt},
         {{0.02, 0.02}, {0.12, 0.5}, std::nullopt},
-        // It does not move away from the left: the top is.
+        // The finger does not move away from the left edge, so the top edge counts.
         {{0.02, 0.98}, {0.02, 0.5}, edgeSwipeFromTop},
         {{0.02, 0.98}, {0.01, 0.5}, edgeSwipeFromTop},
         {{0.98, 0.02}, {0.99, 0.5}, edgeSwipeFromBottom},
@@ -117,7 +117,7 @@ TEST(EdgeSwipeTest, InACornerTheFirstEdgeThatTheFingerLeavesDecides) {
     });
 }
 
-TEST(EdgeSwipeTest, MovingOutwardsOrNotAtAllIsNoEdgeSwipe) {
+TEST(EdgeSwipeTest, MovingOutwardsOrNotMovingIsNoEdgeSwipe) {
     expectRows({
         {{0.03, 0.5}, {0.0, 0.5}, std::nullopt},
         {{0.03, 0.5}, {0.03, 0.5}, std::nullopt},
@@ -126,14 +126,14 @@ TEST(EdgeSwipeTest, MovingOutwardsOrNotAtAllIsNoEdgeSwipe) {
     });
 }
 
-TEST(EdgeSwipeTest, APadThatReportsBeyondItsRimHasTheSameEdges) {
+TEST(EdgeSwipeTest, PositionsOutsideTheRimCountAsTheSameEdges) {
     expectRows({
         {{-0.01, 0.5}, {0.3, 0.5}, edgeSwipeFromLeft},
         {{1.01, 0.5}, {0.7, 0.5}, edgeSwipeFromRight},
     });
 }
 
-TEST(EdgeSwipeTest, WhatIsNoNumberIsNoEdgeSwipe) {
+TEST(EdgeSwipeTest, NonFinitePositionsAreNoEdgeSwipe) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     expectRows({
         {{nan, 0.5}, {0.5, 0.5}, std::nullopt},

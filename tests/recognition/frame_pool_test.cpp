@@ -9,14 +9,14 @@ std::vector<TouchPoint> arrayOf(std::size_t touches) {
     return std::vector<TouchPoint>(touches, TouchPoint{1, 0.5, 0.5, true});
 }
 
-TEST(FramePoolTest, HandsOutEmptyArrays) {
+TEST(FramePoolTest, ReturnsEmptyArrays) {
     FramePool pool;
     EXPECT_TRUE(pool.take().empty());
     pool.giveBack(arrayOf(5));
     EXPECT_TRUE(pool.take().empty());
 }
 
-TEST(FramePoolTest, HandsOutTheMemoryThatCameBack) {
+TEST(FramePoolTest, ReusesReturnedMemory) {
     FramePool pool;
     auto array = arrayOf(5);
     const TouchPoint* memory = array.data();
@@ -27,13 +27,13 @@ TEST(FramePoolTest, HandsOutTheMemoryThatCameBack) {
     EXPECT_EQ(pool.take().capacity(), 0U);
 }
 
-TEST(FramePoolTest, DoesNotKeepWhatNoPadReports) {
+TEST(FramePoolTest, DoesNotKeepOversizedArrays) {
     FramePool pool;
     pool.giveBack(arrayOf(10'000));
     EXPECT_EQ(pool.take().capacity(), 0U);
 }
 
-TEST(FramePoolTest, DoesNotKeepAllThatABusyQueueLeavesBehind) {
+TEST(FramePoolTest, DoesNotKeepSurplusArraysOfABusyQueue) {
     FramePool pool;
     for (int array = 0; array < 1000; ++array) {
         pool.giveBack(arrayOf(5));
@@ -46,7 +46,7 @@ TEST(FramePoolTest, DoesNotKeepAllThatABusyQueueLeavesBehind) {
     EXPECT_LE(kept, 64);
 }
 
-TEST(FramePoolTest, AnEmptyArrayIsNotWorthKeeping) {
+TEST(FramePoolTest, DoesNotKeepArraysWithoutCapacity) {
     FramePool pool;
     pool.giveBack(arrayOf(3));
     pool.giveBack({});

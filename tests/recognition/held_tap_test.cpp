@@ -24,7 +24,7 @@ TEST_F(HeldTapTest, CancelsTheItemItHolds) {
     EXPECT_EQ(item.use_count(), 1);
 }
 
-TEST_F(HeldTapTest, LetsGoOfAnOlderItemWithoutCancellingIt) {
+TEST_F(HeldTapTest, ReleasesAnOlderItemWithoutCancellingIt) {
     const auto older = makeItem();
     const auto newer = makeItem();
     held.hold(older);
@@ -45,7 +45,7 @@ TEST_F(HeldTapTest, ClearsWithoutCancelling) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST_F(HeldTapTest, HasNothingToCancelWhenItHoldsNothing) {
+TEST_F(HeldTapTest, CancellingWhileEmptyDoesNothing) {
     held.cancel();
     held.clear();
 }

@@ -26,7 +26,7 @@ LiveIndex indexOf(const Ids& ids) {
     return index;
 }
 
-TEST(LiveIndexTest, FindsWhatItWasGiven) {
+TEST(LiveIndexTest, FindsAddedFingers) {
     const LiveIndex index = indexOf({5, -2, 9});
     EXPECT_EQ(index.find(5), 0U);
     EXPECT_EQ(index.find(-2), 1U);
@@ -35,18 +35,18 @@ TEST(LiveIndexTest, FindsWhatItWasGiven) {
     EXPECT_EQ(index.size(), 3U);
 }
 
-TEST(LiveIndexTest, ListsTheFingersInTheOrderOfTheirIds) {
+TEST(LiveIndexTest, ListsFingersSortedById) {
     EXPECT_EQ(idsOf(indexOf({5, -2, 9, 0}).all()), (Ids{-2, 0, 5, 9}));
 }
 
-TEST(LiveIndexTest, SettingAgainMovesTheTrack) {
+TEST(LiveIndexTest, SettingAFingerAgainUpdatesItsTrack) {
     LiveIndex index = indexOf({5, 6});
     index.set(5, 40);
     EXPECT_EQ(index.find(5), 40U);
     EXPECT_EQ(index.size(), 2U);
 }
 
-TEST(LiveIndexTest, RemovesOnlyTheFingerNamed) {
+TEST(LiveIndexTest, RemovesOnlyTheNamedFinger) {
     LiveIndex index = indexOf({5, 6, 7});
     index.remove(6);
     index.remove(6);
@@ -56,7 +56,7 @@ TEST(LiveIndexTest, RemovesOnlyTheFingerNamed) {
     EXPECT_EQ(index.size(), 0U);
 }
 
-TEST(LiveIndexTest, CollectsTheFingersThatAreMissing) {
+TEST(LiveIndexTest, CollectsMissingFingers) {
     constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
     const struct {
@@ -74,7 +74,7 @@ TEST(LiveIndexTest, CollectsTheFingersThatAreMissing) {
         {{lowest, 0, highest}, {lowest, highest}, {0}},
     };
     for (const auto& [live, present, missing] : rows) {
-        std::vector<LiveIndex::Entry> found = {{99, 99}}; // what was there before is gone
+        std::vector<LiveIndex::Entry> found = {{99, 99}}; // previous content is replaced
         indexOf(live).collectMissing(present, found);
         EXPECT_EQ(idsOf(found), missing);
     }

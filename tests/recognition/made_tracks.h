@@ -1,4 +1,4 @@
-// Tracks and limits for tests of pure geometry.
+// Creates tracks and finds limits for tests of pure geometry.
 #pragma once
 
 #include "kit/script.h"
@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// A finger that has been seen at these places, one after another, 8 ms apart.
+// A finger at these positions in sequence, 8 ms apart.
 inline Track trackThrough(std::initializer_list<PadPoint> places) {
     Track track;
     double time = 0;
@@ -26,8 +26,8 @@ inline Track trackThrough(std::initializer_list<PadPoint> places) {
     return track;
 }
 
-// The neighbouring numbers between which `holds` turns from false to true, found by halving. For
-// limits of computed values, which no argument need hit precisely.
+// The adjacent doubles between which `holds` changes from false to true, found by bisection. For
+// limits on computed values that no argument hits exactly.
 inline std::pair<double, double> turningPoint(double falseAt, double trueAt,
                                               const std::function<bool(double)>& holds) {
     while (true) {

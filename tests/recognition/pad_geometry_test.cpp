@@ -11,7 +11,7 @@ namespace {
 
 using std::numbers::pi;
 
-TEST(PadGeometryTest, StretchingMakesOnlyXLonger) {
+TEST(PadGeometryTest, StretchingChangesOnlyX) {
     EXPECT_EQ(stretched({1, 1}), (PadPoint{1.35, 1}));
     EXPECT_EQ(stretched({-2, 0.5}), (PadPoint{-2.7, 0.5}));
 }
@@ -29,14 +29,14 @@ TEST(PadGeometryTest, ADistanceAlongOneAxisIsExact) {
     }
 }
 
-TEST(PadGeometryTest, AnglesCountAnticlockwiseFromTheRight) {
+TEST(PadGeometryTest, AnglesAreAnticlockwiseFromTheRight) {
     EXPECT_EQ(angle({1, 0}), 0);
     EXPECT_EQ(angle({0, 1}), pi / 2);
     EXPECT_EQ(angle({-1, 0}), pi);
     EXPECT_EQ(angle({0, -1}), -pi / 2);
 }
 
-TEST(PadGeometryTest, ATurnGoesTheShortWayRound) {
+TEST(PadGeometryTest, ATurnIsWrappedToTheShorterDirection) {
     const struct {
         double difference;
         double expected;
@@ -59,7 +59,7 @@ TEST(PadGeometryTest, ATurnGoesTheShortWayRound) {
     }
 }
 
-TEST(PadGeometryTest, WhatIsNoAngleIsNotWrappedForEver) {
+TEST(PadGeometryTest, WrappingANonFiniteAngleTerminates) {
     EXPECT_TRUE(std::isnan(wrapped(std::numeric_limits<double>::quiet_NaN())));
 }
 

@@ -17,7 +17,7 @@ using kit::justAbove;
 using kit::justBelow;
 using std::numbers::pi;
 
-// One finger stays at the origin, so that the other's place is what is measured between them.
+// One finger stays at the origin, so that the other finger's position is the distance between them.
 std::optional<GestureType> otherMoves(PadPoint from, PadPoint to) {
     return pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({from, to}));
 }
@@ -27,19 +27,19 @@ std::optional<GestureType> distanceChanges(double from, double to) {
     return otherMoves({0, from}, {0, to});
 }
 
-// A place at an angle on the pad as it is shaped.
+// A position at an angle on the pad's real shape.
 PadPoint polar(double radius, double angle) {
     return {radius * std::cos(angle) / 1.35, radius * std::sin(angle)};
 }
 
-TEST(PinchOrRotateTest, FingersThatSpreadOrClosePinch) {
+TEST(PinchOrRotateTest, SpreadingOrClosingFingersPinch) {
     EXPECT_EQ(distanceChanges(0.2, 0.35), pinchOut);
     EXPECT_EQ(distanceChanges(0.35, 0.2), pinchIn);
     EXPECT_EQ(distanceChanges(0.2, 0.28), std::nullopt);
     EXPECT_EQ(distanceChanges(0.2, 0.2), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, TheOrderOfTheFingersDoesNotMatter) {
+TEST(PinchOrRotateTest, FingerOrderDoesNotMatter) {
     const Track still = trackThrough({{0.5, 0.5}});
     const Track moving = trackThrough({{0.5, 0.7}, {0.5, 0.95}});
     EXPECT_EQ(pinchOrRotateOf(still, moving), pinchOut);
@@ -49,14 +49,14 @@ TEST(PinchOrRotateTest, TheOrderOfTheFingersDoesNotMatter) {
     EXPECT_EQ(pinchOrRotateOf(turning, still), rotateCounterclockwise);
 }
 
-TEST(PinchOrRotateTest, FingersOnTopOfEachOtherAreNoPair) {
+TEST(PinchOrRotateTest, OverlappingFingersAreNoPair) {
     EXPECT_EQ(distanceChanges(0, 0.5), std::nullopt);
     EXPECT_EQ(distanceChanges(justBelow(0.02), 0.5), std::nullopt);
     EXPECT_EQ(distanceChanges(0.02, 0.5), std::nullopt);
     EXPECT_EQ(distanceChanges(justAbove(0.02), 0.5), pinchOut);
 }
 
-TEST(PinchOrRotateTest, APinchChangesTheDistanceByAtLeastPointTwelve) {
+TEST(PinchOrRotateTest, APinchChangesTheDistanceByAtLeast0_12) {
     ASSERT_EQ(0.245 - 0.125, 0.12);
     EXPECT_EQ(distanceChanges(0.125, justBelow(0.245)), std::nullopt);
     EXPECT_EQ(distanceChanges(0.125, 0.245), pinchOut);
@@ -66,40 +66,40 @@ TEST(PinchOrRotateTest, APinchChangesTheDistanceByAtLeastPointTwelve) {
     EXPECT_EQ(distanceChanges(justAbove(0.245), 0.125), pinchIn);
 }
 
-TEST(PinchOrRotateTest, ASpreadReachesOnePointFourFiveTimesTheDistance) {
+TEST(PinchOrRotateTest, ASpreadReaches1_45TimesTheDistance) {
     ASSERT_EQ(0.725 / 0.5, 1.45);
     EXPECT_EQ(distanceChanges(0.5, justBelow(0.725)), std::nullopt);
     EXPECT_EQ(distanceChanges(0.5, 0.725), pinchOut);
     EXPECT_EQ(distanceChanges(0.5, justAbove(0.725)), pinchOut);
 }
 
-TEST(PinchOrRotateTest, AClosingReachesPointSevenOfTheDistance) {
+TEST(PinchOrRotateTest, AClosingReaches0_7OfTheDistance) {
     ASSERT_EQ(0.35 / 0.5, 0.7);
     EXPECT_EQ(distanceChanges(0.5, justAbove(0.35)), std::nullopt);
     EXPECT_EQ(distanceChanges(0.5, 0.35), pinchIn);
     EXPECT_EQ(distanceChanges(0.5, justBelow(0.35)), pinchIn);
 }
 
-TEST(PinchOrRotateTest, DistancesAreMeasuredOnThePadAsItIsShaped) {
-    // 0.1 across the pad is 0.135 of its height: the change reaches 0.12 only when stretched.
+TEST(PinchOrRotateTest, DistancesAreMeasuredOnTheStretchedPad) {
+    // 0.1 across the pad is 0.135 of its height: the change reaches 0.12 only after stretching.
     EXPECT_EQ(otherMoves({0.1, 0}, {0.195, 0}), pinchOut);
     EXPECT_EQ(otherMoves({0, 0.1}, {0, 0.195}), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, APairThatTurnsRotates) {
+TEST(PinchOrRotateTest, ATurningPairRotates) {
     EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 1.2)), rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.3, 1.2), polar(0.3, 0.2)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 0.8)), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, AVerticalPairThatSpreadsALittleAndTurnsRotates) {
+TEST(PinchOrRotateTest, ASlightlySpreadingVerticalPairThatTurnsRotates) {
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.8)), rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 - 0.8)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.6)), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, ARotationTurnsByAtLeastPointSevenRadians) {
-    // A turn from straight right; its angle is what the library measures.
+TEST(PinchOrRotateTest, ARotationTurnsByAtLeast0_7Radians) {
+    // A rotation that starts to the right; the library computes its angle.
     const auto turn = [](double y) {
         return std::atan2(y, 0.2 * 1.35);
     };
@@ -117,8 +117,8 @@ TEST(PinchOrRotateTest, ARotationTurnsByAtLeastPointSevenRadians) {
     }
 }
 
-TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThanPointTwelve) {
-    // From straight up to straight left, so that neither distance is rounded.
+TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThan0_12) {
+    // From up to left, so that both distances are exact.
     const auto quarterTurn = [](double from, double to) {
         return otherMoves({0, from}, {-to / 1.35, 0});
     };
@@ -130,30 +130,30 @@ TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThanPointTwelve) {
     EXPECT_EQ(quarterTurn(0.5, 0.39), rotateCounterclockwise);
     EXPECT_EQ(quarterTurn(0.5, 0.37), std::nullopt);
     EXPECT_EQ(quarterTurn(0.25, 0.36), rotateCounterclockwise);
-    EXPECT_EQ(quarterTurn(0.25, 0.38), pinchOut); // as far in proportion as a pinch goes
+    EXPECT_EQ(quarterTurn(0.25, 0.38), pinchOut); // the smallest relative change of a pinch
 }
 
-TEST(PinchOrRotateTest, ATurnGoesTheShortWayRound) {
+TEST(PinchOrRotateTest, ATurnIsWrappedToTheShorterDirection) {
     const double degree = pi / 180;
     EXPECT_EQ(otherMoves(polar(0.3, 150 * degree), polar(0.3, -150 * degree)),
               rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.3, -150 * degree), polar(0.3, 150 * degree)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.3, 170 * degree), polar(0.3, -170 * degree)), std::nullopt);
     EXPECT_EQ(otherMoves(polar(0.3, 100 * degree), polar(0.3, -100 * degree)),
-              rotateCounterclockwise); // 160 degrees, not 200 the other way
+              rotateCounterclockwise); // 160 degrees, not 200 degrees in the other direction
 }
 
-TEST(PinchOrRotateTest, APinchThatTurnsIsAPinch) {
+TEST(PinchOrRotateTest, ATurningPinchIsAPinch) {
     EXPECT_EQ(otherMoves(polar(0.2, 0), polar(0.4, 1)), pinchOut);
     EXPECT_EQ(otherMoves(polar(0.4, 0), polar(0.2, 1)), pinchIn);
 }
 
-TEST(PinchOrRotateTest, WhereTheFingersEndCountsNotTheWay) {
+TEST(PinchOrRotateTest, OnlyTheEndPositionsOfTheFingersCount) {
     EXPECT_EQ(pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({{0, 0.2}, {0, 0.9}, {0, 0.2}})),
               std::nullopt);
 }
 
-TEST(PinchOrRotateTest, WhatIsNoNumberIsNeither) {
+TEST(PinchOrRotateTest, NonFinitePositionsAreNeitherPinchNorRotation) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(otherMoves({0, nan}, {0, 0.5}), std::nullopt);
     EXPECT_EQ(otherMoves({0, 0.5}, {nan, 0.5}), std::nullopt);

@@ -43,7 +43,7 @@ TEST(SessionDoubleTapsTest, TheSecondOfTwoQuickTapsIsADoubleTap) {
     });
 }
 
-TEST(SessionDoubleTapsTest, OnlyTheDoubleTapIsHeardOnceItIsBound) {
+TEST(SessionDoubleTapsTest, ABoundDoubleTapSuppressesItsSingleTap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"two fingers", tapOf(2).wait(0.2).then(tapOf(2)), {twoFingerDoubleTap}, {2}},
         {"three fingers", tapOf(3).wait(0.2).then(tapOf(3)), {threeFingerDoubleTap}, {3}},
@@ -56,7 +56,7 @@ TEST(SessionDoubleTapsTest, OnlyTheDoubleTapIsHeardOnceItIsBound) {
     });
 }
 
-TEST(SessionDoubleTapsTest, TheTapsEndAtMostPointFourFiveSecondsApart) {
+TEST(SessionDoubleTapsTest, TheTapsEndAtMost0_45SecondsApart) {
     expectRows(std::vector<Row>{
         {"below", pairEndingAt(justBelow(0.45)), {twoFingerTap, twoFingerDoubleTap}},
         {"at the limit", pairEndingAt(0.45), {twoFingerTap, twoFingerDoubleTap}},
@@ -76,7 +76,7 @@ TEST(SessionDoubleTapsTest, TheTimeIsMeasuredFromEndToEnd) {
     });
 }
 
-TEST(SessionDoubleTapsTest, ATapAfterADoubleTapIsSingleAgain) {
+TEST(SessionDoubleTapsTest, ATapAfterADoubleTapIsASingleTap) {
     const auto quick = fingers(2).down().hold(0.05).up();
     const auto three = tapOf(2).wait(0.2).then(tapOf(2)).wait(0.2).then(tapOf(2));
     expectRows(std::vector<Row>{
@@ -105,27 +105,27 @@ TEST(SessionDoubleTapsTest, OnlyTheLastTapCounts) {
     });
 }
 
-TEST(SessionDoubleTapsTest, AHeldBackTapComesPointFourFiveSecondsAfterItsSession) {
+TEST(SessionDoubleTapsTest, AHeldBackTapFires0_45SecondsAfterItsSession) {
     const auto tap = fingers(3).startingAt(-0.1).down().until(0).up();
     expectHeard(tap, {{0.45, threeFingerTap}}, bound);
     expectHeard(tap, {{0, threeFingerTap}});
 }
 
-TEST(SessionDoubleTapsTest, AHeldBackTapThatHasComeIsNotTakenBack) {
-    // Timers and frames meet at the same moment: the tap is out first.
+TEST(SessionDoubleTapsTest, ASecondTapDoesNotCancelATapThatHasFired) {
+    // The timer and the frame are due at the same time: the single tap fires first.
     expectHeard(pairEndingAt(0.45), {{0.45, twoFingerTap}, {0.45, twoFingerDoubleTap}}, bound);
     expectHeard(pairEndingAt(justBelow(0.45)), {{justBelow(0.45), twoFingerDoubleTap}}, bound);
 }
 
-TEST(SessionDoubleTapsTest, AHeldBackTapStillComesAfterATapOfMoreFingers) {
+TEST(SessionDoubleTapsTest, AHeldBackTapStillFiresAfterATapWithMoreFingers) {
     const auto taps = fingers(2).startingAt(-0.1).down().until(0).up().until(0.1).then(
         fingers(3).down().until(0.2).up());
     expectHeard(taps, {{0.45, twoFingerTap}, {0.2 + 0.45, threeFingerTap}}, bound);
 }
 
-// The older tap lets go of whatever is held when it comes, so the newer one is out of reach of the
-// double tap that should have cancelled it.
-TEST(SessionDoubleTapsTest, AnOlderHeldBackTapLetsGoOfTheNewerOne) {
+// When it fires, the older tap releases the held tap, whichever it is. The double tap can then no
+// longer cancel the newer one.
+TEST(SessionDoubleTapsTest, AnOlderHeldBackTapReleasesTheNewerOneWhenItFires) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)
                           .down()
@@ -140,7 +140,7 @@ TEST(SessionDoubleTapsTest, AnOlderHeldBackTapLetsGoOfTheNewerOne) {
                 bound);
 }
 
-TEST(SessionDoubleTapsTest, ADoubleTapBeforeThatCancelsTheNewerOneOnly) {
+TEST(SessionDoubleTapsTest, AnEarlierDoubleTapCancelsOnlyTheNewerTap) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)
                           .down()
@@ -180,13 +180,13 @@ protected:
 
 using SessionDoubleTapBindingTest = AskedRecognizer;
 
-TEST_F(SessionDoubleTapBindingTest, IsAskedForWhenATapMayBeTheFirstOfTwo) {
+TEST_F(SessionDoubleTapBindingTest, IsQueriedWhenATapMayStartADoubleTap) {
     play(tapOf(2).wait(0.2).then(tapOf(2)).wait(0.2).then(tapOf(4)).wait(0.2).then(tapOf(5)));
     play(fingers(3).startingAt(10).down().hold(0.1).up());
     EXPECT_EQ(asked, (std::vector{2, 4, 3}));
 }
 
-TEST_F(SessionDoubleTapBindingTest, IsAskedForByNoOtherGesture) {
+TEST_F(SessionDoubleTapBindingTest, IsNotQueriedForOtherGestures) {
     play(fingers(2)
              .down()
              .moveBy(0.3, 0, 0.3)
@@ -197,23 +197,23 @@ TEST_F(SessionDoubleTapBindingTest, IsAskedForByNoOtherGesture) {
     EXPECT_EQ(asked, std::vector<int>());
 }
 
-TEST_F(SessionDoubleTapBindingTest, WithoutAnybodyToAskTapsAreNotHeldBack) {
+TEST_F(SessionDoubleTapBindingTest, WithoutAQueryCallbackTapsAreNotHeldBack) {
     recognizer->doubleTapBindingExists = {};
     play(tapOf(2));
     EXPECT_EQ(heard, std::vector{twoFingerTap});
     EXPECT_EQ(time.nextDeadline(), std::numeric_limits<double>::infinity());
 }
 
-TEST_F(SessionDoubleTapBindingTest, AHeldBackTapDoesNothingOnceTheRecognizerIsGone) {
+TEST_F(SessionDoubleTapBindingTest, AHeldBackTapDoesNothingAfterTheRecognizersDestruction) {
     play(tapOf(2));
     const std::weak_ptr<SessionRecognizer> watched = recognizer;
     recognizer.reset();
-    EXPECT_TRUE(watched.expired()); // the held-back tap does not keep it
+    EXPECT_TRUE(watched.expired()); // the held-back tap does not own it
     time.runRemaining();
     EXPECT_EQ(heard, std::vector<GestureType>());
 }
 
-TEST_F(SessionDoubleTapBindingTest, AHeldBackTapWithoutACallbackIsHarmless) {
+TEST_F(SessionDoubleTapBindingTest, AHeldBackTapWithoutACallbackDoesNothing) {
     play(tapOf(2));
     recognizer->onGesture = {};
     time.runRemaining();

@@ -13,12 +13,12 @@ Script holding(double x, double y, double start = -0.5) {
     return fingersAt({{x, y}}).startingAt(start).down();
 }
 
-// A tap from 0 to 0.1 s beside it, and a while later the end.
+// A tap beside it from 0 to 0.1 s, and the end some time later.
 Script tapping(const Script& holder, double x, double y) {
     return holder.until(0).addAt(x, y).until(0.1).lift(1).hold(0.3).up();
 }
 
-TEST(SessionFixAndTapTest, ATapBesideARestingFingerSaysOnWhichSide) {
+TEST(SessionFixAndTapTest, ATapBesideARestingFingerReportsItsSide) {
     const auto holder = fingersAt({{0.5, 0.5}}).down().hold(0.4);
     const auto tapAt = [&](double x, double y) {
         return holder.addAt(x, y).hold(0.1).lift(1).hold(0.5).up();
@@ -56,7 +56,7 @@ TEST(SessionFixAndTapTest, IsReportedWhenTheTapEnds) {
     expectHeard(tapping(holding(0.5, 0.5), 0.6, 0.5), {{0.1, fixAndTapRight}});
 }
 
-TEST(SessionFixAndTapTest, TheTapLastsAtMostPointFourSeconds) {
+TEST(SessionFixAndTapTest, TheTapLastsAtMost0_4Seconds) {
     const auto lasting = [](double time) {
         return holding(0.5, 0.5).until(0).addAt(0.7, 0.5).until(time).lift(1).hold(0.1).up();
     };
@@ -67,7 +67,7 @@ TEST(SessionFixAndTapTest, TheTapLastsAtMostPointFourSeconds) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheTapDriftsByAtMostPointNoughtFour) {
+TEST(SessionFixAndTapTest, TheTapDriftsByAtMost0_04) {
     const auto drifting = [](double drift) {
         return holding(0.5, 0.5)
             .until(0)
@@ -84,7 +84,7 @@ TEST(SessionFixAndTapTest, TheTapDriftsByAtMostPointNoughtFour) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheOtherFingerHasHeldForAtLeastPointTwoSeconds) {
+TEST(SessionFixAndTapTest, TheOtherFingerHoldsForAtLeast0_2Seconds) {
     expectRows(std::vector<Row>{
         {"below", tapping(holding(0.5, 0.5, justAbove(-0.2)), 0.7, 0.5), {}},
         {"at the limit", tapping(holding(0.5, 0.5, -0.2), 0.7, 0.5), {fixAndTapRight}},
@@ -92,7 +92,7 @@ TEST(SessionFixAndTapTest, TheOtherFingerHasHeldForAtLeastPointTwoSeconds) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheOtherFingerDriftsByAtMostPointNoughtFive) {
+TEST(SessionFixAndTapTest, TheOtherFingerDriftsByAtMost0_05) {
     const auto drifting = [](double drift) {
         return tapping(holding(0, 0.5).moveBy(drift, 0, 0.1), 0.7, 0.5);
     };
@@ -106,7 +106,7 @@ TEST(SessionFixAndTapTest, TheOtherFingerDriftsByAtMostPointNoughtFive) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheTapIsAtLeastPointNoughtFiveAway) {
+TEST(SessionFixAndTapTest, TheTapIsAtLeast0_05Away) {
     const auto origin = holding(0, 0);
     expectRows(std::vector<Row>{
         {"right, below", tapping(origin, justBelow(0.05), 0), {}},
@@ -123,7 +123,7 @@ TEST(SessionFixAndTapTest, TheTapIsAtLeastPointNoughtFiveAway) {
     });
 }
 
-TEST(SessionFixAndTapTest, ATieGoesSideways) {
+TEST(SessionFixAndTapTest, ATieIsHorizontal) {
     const auto origin = holding(0, 0);
     expectRows(std::vector<Row>{
         {"as far up as right", tapping(origin, 0.25, 0.25), {fixAndTapRight}},
@@ -134,7 +134,7 @@ TEST(SessionFixAndTapTest, ATieGoesSideways) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheSideIsSeenFromWhereTheHoldingFingerIsNow) {
+TEST(SessionFixAndTapTest, TheSideIsRelativeToTheHoldingFingersCurrentPosition) {
     expectRows(std::vector<Row>{
         {"to the left of where it began, to the right of where it is",
          tapping(holding(0.54, 0.5).moveBy(-0.04, 0, 0.1), 0.535, 0.56),
@@ -154,7 +154,7 @@ TEST(SessionFixAndTapTest, TheSideIsSeenFromWhereTheHoldingFingerIsNow) {
     });
 }
 
-TEST(SessionFixAndTapTest, EveryFurtherTapReportsAgain) {
+TEST(SessionFixAndTapTest, EveryFurtherTapIsReported) {
     const auto tapTwice = fingersAt({{0.5, 0.5}})
                               .down()
                               .hold(0.3)
@@ -174,7 +174,7 @@ TEST(SessionFixAndTapTest, EveryFurtherTapReportsAgain) {
     });
 }
 
-TEST(SessionFixAndTapTest, NothingElseIsDecidedAtTheEndOfItsSession) {
+TEST(SessionFixAndTapTest, TheEndOfItsSessionReportsNoOtherGesture) {
     expectRows(std::vector<Row>{
         {"short enough for a tap of two fingers",
          fingersAt({{0.5, 0.5}})
@@ -199,7 +199,7 @@ TEST(SessionFixAndTapTest, NothingElseIsDecidedAtTheEndOfItsSession) {
     });
 }
 
-TEST(SessionFixAndTapTest, AsksNotWhetherTheSessionIsTaken) {
+TEST(SessionFixAndTapTest, FiresEvenAfterAnotherGestureConsumedTheSession) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"beside a long press",
          fingersAt({{0.3, 0.5}, {0.3, 0.55}})
@@ -214,7 +214,7 @@ TEST(SessionFixAndTapTest, AsksNotWhetherTheSessionIsTaken) {
     });
 }
 
-TEST(SessionFixAndTapTest, AfterATapBesideItTheHoldingFingersPressNotLong) {
+TEST(SessionFixAndTapTest, HoldAndTapSuppressesLongPress) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"a second finger stays",
          fingersAt({{0.3, 0.5}})
@@ -231,7 +231,7 @@ TEST(SessionFixAndTapTest, AfterATapBesideItTheHoldingFingersPressNotLong) {
     });
 }
 
-TEST(SessionFixAndTapTest, AFingerMayHoldForTapsOfSeveralFingersAtOnce) {
+TEST(SessionFixAndTapTest, AFingerMayHoldWhileSeveralFingersTap) {
     const auto heard = gesturesOf(perform(fingersAt({{0.3, 0.5}})
                                               .down()
                                               .hold(0.3)
@@ -244,9 +244,9 @@ TEST(SessionFixAndTapTest, AFingerMayHoldForTapsOfSeveralFingersAtOnce) {
     EXPECT_EQ(heard, (std::vector{fixAndTapRight, fixAndTapRight}));
 }
 
-// When both leave in one report, either may be found gone first, and only a finger that is still
-// there can have held.
-TEST(SessionFixAndTapTest, WhenBothLeaveAtOnceThereIsAtMostOneGesture) {
+// If both lift in one report, either track may end first, and only a finger that is still down can
+// be the holding one.
+TEST(SessionFixAndTapTest, FingersThatLiftTogetherMakeAtMostOneGesture) {
     auto frames = fingersAt({{0.5, 0.5}}).down().hold(0.3).addAt(0.7, 0.5).hold(0.1).up().frames();
     const auto tapLeavesLast = gesturesOf(perform(frames));
     for (TouchFrame& frame : frames) {

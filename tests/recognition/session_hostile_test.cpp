@@ -1,5 +1,5 @@
-// What no pad and no hand does, and a driver may say all the same: nothing of it may crash, hang,
-// or make the recognizer useless for what comes after.
+// Input that no pad and no hand produces, but a driver could send: none of it may crash or hang the
+// recognizer, or break it for later input.
 #include "kit/live_memory.h"
 #include "kit/rows.h"
 #include "platform/virtual/virtual_time.h"
@@ -42,11 +42,11 @@ protected:
         }
     }
 
-    // Whatever came before `time`: a clean tap is a tap.
+    // Checks that a clean tap at `time` is recognised after any earlier input.
     void expectToWorkStill(double time) {
         report(time, {});
         heard.clear();
-        probeTime = std::max(probeTime, time) + 10; // no two of these taps make a double tap
+        probeTime = std::max(probeTime, time) + 10; // spaced so that these taps are no double tap
         play(fingers(3).startingAt(probeTime).down().hold(0.1).up());
         EXPECT_EQ(heard, Gestures{threeFingerTap});
         heard.clear();
@@ -59,12 +59,12 @@ protected:
     double probeTime = 0;
 };
 
-TEST_F(SessionHostileTest, AFingerThatIsNowhereIsAbsent) {
+TEST_F(SessionHostileTest, AFingerWithoutAFinitePositionIsIgnored) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(0, {{1, odd, 0.5, true}, {2, 0.5, odd, true}, {3, odd, odd, true}});
         report(0.1, {});
         EXPECT_EQ(heard, Gestures());
-        // Beside one that is somewhere it does not count either.
+        // It does not count beside a finger with a finite position either.
         report(1, {{1, odd, 0.5, true}, {2, 0.1, 0.1, true}});
         report(1.1, {});
         EXPECT_EQ(heard, Gestures{cornerTapBottomLeft});
@@ -72,7 +72,7 @@ TEST_F(SessionHostileTest, AFingerThatIsNowhereIsAbsent) {
     }
 }
 
-TEST_F(SessionHostileTest, AFingerThatGetsLostStaysWhereItWas) {
+TEST_F(SessionHostileTest, AFingerThatLosesItsPositionKeepsTheLastOne) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(0, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
         report(0.1, {{1, odd, 0.5, true}, {2, 0.4, odd, true}});
@@ -82,14 +82,14 @@ TEST_F(SessionHostileTest, AFingerThatGetsLostStaysWhereItWas) {
     }
 }
 
-TEST_F(SessionHostileTest, AFingerThatTurnsUpLateLandsThere) {
+TEST_F(SessionHostileTest, AFingerLandsAtItsFirstFinitePosition) {
     report(0, {{1, nan, 0.5, true}, {2, 0.4, 0.5, true}});
     report(0.1, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
     report(0.2, {});
     EXPECT_EQ(heard, Gestures{twoFingerTap});
 }
 
-TEST_F(SessionHostileTest, AFingerFarBeyondThePadIsNoGestureByItself) {
+TEST_F(SessionHostileTest, AFingerFarOutsideThePadIsNoGesture) {
     report(0, {{1, -hugeNumber, hugeNumber, true}});
     report(0.1, {{1, hugeNumber, -hugeNumber, true}});
     report(0.2, {{1, 0, 0, true}});
@@ -98,7 +98,7 @@ TEST_F(SessionHostileTest, AFingerFarBeyondThePadIsNoGestureByItself) {
     expectToWorkStill(1);
 }
 
-TEST_F(SessionHostileTest, TimesThatAreNoTimesDecideNothing) {
+TEST_F(SessionHostileTest, NonFiniteTimesDecideNothing) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(odd, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
         report(odd, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
@@ -117,11 +117,11 @@ TEST_F(SessionHostileTest, TimeMayGoBackwards) {
         report(50 - round, {{1, 0.3, 0.5, true}});
         report(-round, {});
     }
-    EXPECT_LE(heard.size(), 200U); // each of the sessions may end in a tap, and no more
+    EXPECT_LE(heard.size(), 200U); // each session may end in at most one tap
     expectToWorkStill(1000);
 }
 
-TEST_F(SessionHostileTest, ExtremeIdentifiersAreIdentifiers) {
+TEST_F(SessionHostileTest, ExtremeIdentifiersAreAccepted) {
     constexpr std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
     constexpr std::int32_t highest = std::numeric_limits<std::int32_t>::max();
     for (const double time : {0.0, 0.1}) {
@@ -131,17 +131,17 @@ TEST_F(SessionHostileTest, ExtremeIdentifiersAreIdentifiers) {
     EXPECT_EQ(heard, Gestures{threeFingerTap});
 }
 
-TEST_F(SessionHostileTest, AThousandRecordsOfOneFingerAreOneFinger) {
+TEST_F(SessionHostileTest, AThousandRecordsOfOneFingerCountAsOneFinger) {
     const std::vector<TouchPoint> touches(1000, TouchPoint{7, 0.1, 0.1, true});
     for (int frame = 0; frame < 20; ++frame) {
         report(frame * 0.01, touches);
     }
     report(0.2, {});
-    EXPECT_EQ(heard, Gestures()); // a thousand at once is no number of fingers
+    EXPECT_EQ(heard, Gestures()); // a thousand fingers are not a gesture
     expectToWorkStill(1);
 }
 
-TEST_F(SessionHostileTest, TenThousandContactsInAReportAreFollowedToTheirEnd) {
+TEST_F(SessionHostileTest, TenThousandContactsInAReportAreTrackedToTheirEnd) {
     std::vector<TouchPoint> touches;
     for (std::int32_t id = 0; id < 10'000; ++id) {
         touches.push_back({id, id / 10'000.0, 0.5, true});
@@ -158,7 +158,7 @@ TEST_F(SessionHostileTest, TenThousandContactsInAReportAreFollowedToTheirEnd) {
     expectToWorkStill(1);
 }
 
-TEST_F(SessionHostileTest, AMillionFramesInASessionCostNoMoreThanAFewThousand) {
+TEST_F(SessionHostileTest, MemoryIsBoundedInASessionOfAMillionFrames) {
     std::mt19937 random(1);
     const auto place = [&] {
         return static_cast<double>(random() % 1000) / 1000;
@@ -206,7 +206,7 @@ TEST_F(SessionHostileTest, ThousandsOfTapsBesideARestingFingerAllCount) {
     expectToWorkStill(time + 1);
 }
 
-// What a long and crowded session needed is given back when it is over.
+// The memory of a long and crowded session is freed at its end.
 TEST_F(SessionHostileTest, MemoryDoesNotGrowFromSessionToSession) {
     double time = 0;
     std::int32_t id = 0;
@@ -226,7 +226,7 @@ TEST_F(SessionHostileTest, MemoryDoesNotGrowFromSessionToSession) {
     EXPECT_LE(liveMemory(), before + 10'000);
 }
 
-TEST_F(SessionHostileTest, AFrameAllocatesNothingOnceFingersHaveBeenSeen) {
+TEST_F(SessionHostileTest, AFrameDoesNotAllocateAfterTheFirstSessions) {
     const auto fingersAt = [](double x) {
         return TouchFrame{x,
                           {{1, x, 0.2, true},

@@ -10,7 +10,7 @@ namespace {
 using namespace kit;
 using enum GestureType;
 
-TEST(SessionLongPressTest, RestingFingersPressLong) {
+TEST(SessionLongPressTest, RestingFingersMakeALongPress) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"two fingers", fingers(2).down().hold(0.9).up(), {twoFingerLongPress}},
         {"three fingers", fingers(3).down().hold(0.9).up(), {threeFingerLongPress}},
@@ -32,11 +32,11 @@ TEST(SessionLongPressTest, RestingFingersPressLong) {
     });
 }
 
-TEST(SessionLongPressTest, ComesWhileTheFingersAreStillDown) {
+TEST(SessionLongPressTest, IsReportedWhileTheFingersAreStillDown) {
     expectHeard(fingers(3).down().until(0.8).report().until(2).up(), {{0.8, threeFingerLongPress}});
 }
 
-TEST(SessionLongPressTest, TakesPointEightSeconds) {
+TEST(SessionLongPressTest, Takes0_8Seconds) {
     const auto lastSeen = [](double time) {
         return fingers(2).down().until(time).report().up();
     };
@@ -48,7 +48,7 @@ TEST(SessionLongPressTest, TakesPointEightSeconds) {
     });
 }
 
-TEST(SessionLongPressTest, DriftsByAtMostPointNoughtFourFive) {
+TEST(SessionLongPressTest, DriftsByAtMost0_045) {
     const auto drifting = [](double drift) {
         return fingersAt({{0, 0.5}, {0.3, 0.5}}).down().moveFinger(0, drift, 0, 0.1).hold(0.9).up();
     };
@@ -59,7 +59,7 @@ TEST(SessionLongPressTest, DriftsByAtMostPointNoughtFourFive) {
     });
 }
 
-TEST(SessionLongPressTest, CountsFromTheLastFingerDown) {
+TEST(SessionLongPressTest, IsTimedFromTheLastLanding) {
     expectRows(std::vector<Row>{
         {"the last finger long enough",
          fingers(2).startingAt(-0.5).down().until(0).add(1).until(0.8).report().up(),
@@ -72,7 +72,7 @@ TEST(SessionLongPressTest, CountsFromTheLastFingerDown) {
                 {{0.8, twoFingerLongPress}});
 }
 
-TEST(SessionLongPressTest, NoFingerMayHaveLeft) {
+TEST(SessionLongPressTest, IsCancelledWhenAFingerLifts) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"a third finger leaves at once", fingers(3).down().hold(0.1).lift(1).hold(1).up(), {}},
         {"a finger is exchanged for another",
@@ -81,13 +81,13 @@ TEST(SessionLongPressTest, NoFingerMayHaveLeft) {
     });
 }
 
-TEST(SessionLongPressTest, AFingerReportedTwiceCountsTwiceAndRestsOnce) {
+TEST(SessionLongPressTest, AFingerReportedTwiceCountsAsTwoFingersWithOneTrack) {
     auto frames = fingers(2).down().hold(1).up().frames();
     frames[50].touches.push_back(frames[50].touches.front());
     EXPECT_EQ(gesturesOf(perform(frames)), std::vector<GestureType>());
 }
 
-TEST(SessionLongPressTest, NothingElseIsDecidedAtTheEndOfItsSession) {
+TEST(SessionLongPressTest, TheEndOfItsSessionReportsNoOtherGesture) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"spreading afterwards",
          fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.85).spreadBy(2, 0.3).up(),
@@ -101,13 +101,13 @@ TEST(SessionLongPressTest, NothingElseIsDecidedAtTheEndOfItsSession) {
     });
 }
 
-TEST(SessionLongPressTest, AMotionBeforeItIsTimeIsNoLongPress) {
+TEST(SessionLongPressTest, AnEarlyMovementIsNoLongPress) {
     expectHeard(fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.5).spreadBy(2, 0.3).up(),
                 {{0.5 + 0.3 + 1 / 125.0, pinchOut}});
 }
 
-// Whoever is called may hand in the next frame at once.
-TEST(SessionLongPressTest, TheSessionIsClaimedBeforeTheCallbackRuns) {
+// The callback may process the next frame immediately.
+TEST(SessionLongPressTest, TheSessionIsConsumedBeforeTheCallbackRuns) {
     VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
     TouchFrame present;
@@ -124,7 +124,7 @@ TEST(SessionLongPressTest, TheSessionIsClaimedBeforeTheCallbackRuns) {
     EXPECT_EQ(reports, 1);
 }
 
-TEST(SessionLongPressTest, ClaimsItsSessionAlsoWhenNobodyListens) {
+TEST(SessionLongPressTest, ConsumesItsSessionEvenWithoutACallback) {
     VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
     std::vector<GestureType> heard;

@@ -40,7 +40,7 @@ TEST(SessionMotionTest, FingersThatMoveTogetherSwipe) {
     });
 }
 
-TEST(SessionMotionTest, ASwipeThatStandsAtALimit) {
+TEST(SessionMotionTest, ASwipeAtALimit) {
     expectRows(std::vector<Row>{
         {"0.2 right and 0.1 up",
          fingers(2).down().moveBy(0.2, 0.1, 0.3).up(),
@@ -55,7 +55,7 @@ TEST(SessionMotionTest, ASwipeThatStandsAtALimit) {
     });
 }
 
-TEST(SessionMotionTest, ASwipeEndsWithinPointEightSeconds) {
+TEST(SessionMotionTest, ASwipeEndsWithin0_8Seconds) {
     const auto moved = fingers(3).down().moveBy(0.3, 0, 0.3);
     expectRows(std::vector<Row>{
         {"below", moved.until(justBelow(0.8)).up(), {threeFingerSwipeRight}},
@@ -65,7 +65,7 @@ TEST(SessionMotionTest, ASwipeEndsWithinPointEightSeconds) {
     });
 }
 
-TEST(SessionMotionTest, AFingerThatMovesInFromAnEdgeSwipesOverIt) {
+TEST(SessionMotionTest, AFingerThatMovesInwardsFromAnEdgeMakesAnEdgeSwipe) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"from the left",
          fingers(1).at(0.02, 0.5).down().moveBy(0.3, 0.05, 0.4).up(),
@@ -97,7 +97,7 @@ TEST(SessionMotionTest, AFingerThatMovesInFromAnEdgeSwipesOverIt) {
     });
 }
 
-TEST(SessionMotionTest, AFingerThatTapsInACornerTapsIt) {
+TEST(SessionMotionTest, ATapInACornerIsACornerTap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"top right",
          fingers(1).at(0.9, 0.9).down().moveBy(0.01, 0, 0.15).up(),
@@ -120,7 +120,7 @@ TEST(SessionMotionTest, AFingerThatTapsInACornerTapsIt) {
     });
 }
 
-TEST(SessionMotionTest, AFingerThatGoesRoundDrawsACircle) {
+TEST(SessionMotionTest, AFingerThatMovesInALoopDrawsACircle) {
     const auto top = fingers(1).at(0.5, 0.7).down();
     expectRowsInEveryVariant(std::vector<Row>{
         {"anticlockwise", top.circle(0.2, 1, 1).up(), {drawCircleCounterclockwise}},
@@ -135,7 +135,7 @@ TEST(SessionMotionTest, AFingerThatGoesRoundDrawsACircle) {
 }
 
 TEST(SessionMotionTest, ACircleNeedsTwelvePointsOfItsPath) {
-    // One point each 8 ms and the one where the finger lands.
+    // One point every 8 ms, plus the landing point.
     const auto drawn = [](int frames) {
         return fingers(1).at(0.5, 0.7).down().circle(0.2, 1, frames * 0.008).until(0.5).up();
     };
@@ -148,7 +148,7 @@ TEST(SessionMotionTest, ACircleNeedsTwelvePointsOfItsPath) {
     });
 }
 
-TEST(SessionMotionTest, APairThatSpreadsOrTurnsPinchesOrRotates) {
+TEST(SessionMotionTest, ASpreadingOrTurningPairPinchesOrRotates) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"spreading", verticalPair.spreadBy(1.8, 0.4).up(), {pinchOut}},
         {"closing", fingersAt({{0.5, 0.3}, {0.5, 0.7}}).down().spreadBy(0.5, 0.4).up(), {pinchIn}},
@@ -167,7 +167,7 @@ TEST(SessionMotionTest, APairThatSpreadsOrTurnsPinchesOrRotates) {
     });
 }
 
-TEST(SessionMotionTest, APinchEndsWithinOneAndAHalfSeconds) {
+TEST(SessionMotionTest, APinchEndsWithin1_5Seconds) {
     const auto spread = verticalPair.spreadBy(2, 0.5);
     expectRows(std::vector<Row>{
         {"below", spread.until(justBelow(1.5)).up(), {pinchOut}},
@@ -176,7 +176,7 @@ TEST(SessionMotionTest, APinchEndsWithinOneAndAHalfSeconds) {
     });
 }
 
-TEST(SessionMotionTest, AVerticalPairFromPointTwoToPointThreeFiveApart) {
+TEST(SessionMotionTest, AVerticalPairThatSpreadsFrom0_2To0_35Pinches) {
     const auto pair = fingersAt({{0.5, 0}, {0.5, 0.2}}).down();
     expectRows(std::vector<Row>{
         {"to 0.35", pair.moveFinger(1, 0, 0.15, 0.3).up(), {pinchOut}},
@@ -184,7 +184,7 @@ TEST(SessionMotionTest, AVerticalPairFromPointTwoToPointThreeFiveApart) {
     });
 }
 
-TEST(SessionMotionTest, APinchIsTriedBeforeASwipe) {
+TEST(SessionMotionTest, APinchTakesPrecedenceOverASwipe) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"both fingers right, one much farther",
          fingersAt({{0.1, 0.5}, {0.3, 0.5}}).down().moveAll({{0.3, 0.5}, {0.8, 0.5}}, 0.4).up(),
@@ -198,7 +198,7 @@ TEST(SessionMotionTest, APinchIsTriedBeforeASwipe) {
     });
 }
 
-TEST(SessionMotionTest, APairWithAThirdTrackIsNotPinching) {
+TEST(SessionMotionTest, APairWithAThirdTrackDoesNotPinch) {
     expectRows(std::vector<Row>{
         {"a finger slips off for a moment",
          verticalPair.hold(0.05).lift(1).addAt(0.5, 0.6).spreadBy(2, 0.3).up(),
@@ -209,8 +209,8 @@ TEST(SessionMotionTest, APairWithAThirdTrackIsNotPinching) {
     });
 }
 
-// A loop so large and so open that its ends are an edge swipe apart.
-TEST(SessionMotionTest, ACircleIsTriedBeforeAnEdgeSwipe) {
+// A loop whose opening is as wide as an edge swipe.
+TEST(SessionMotionTest, ACircleTakesPrecedenceOverAnEdgeSwipe) {
     const double radius = 0.45;
     const double opening = 1.2; // radians, at the top
     std::vector<TouchFrame> frames;

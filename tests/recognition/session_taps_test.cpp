@@ -8,7 +8,7 @@ namespace {
 using namespace kit;
 using enum GestureType;
 
-TEST(SessionTapsTest, FingersThatComeAndGoTogetherTap) {
+TEST(SessionTapsTest, FingersThatLandAndLiftTogetherTap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"two fingers", fingers(2).down().hold(0.2).up(), {twoFingerTap}},
         {"three fingers", fingers(3).down().hold(0.2).up(), {threeFingerTap}},
@@ -25,7 +25,7 @@ TEST(SessionTapsTest, FingersThatComeAndGoTogetherTap) {
     });
 }
 
-TEST(SessionTapsTest, TheMostFingersAtOnceCount) {
+TEST(SessionTapsTest, TheMaximumOfSimultaneousFingersCounts) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"a third finger arrives late",
          fingers(2).down().hold(0.1).add(1).hold(0.15).up(),
@@ -45,7 +45,7 @@ TEST(SessionTapsTest, TheMostFingersAtOnceCount) {
     });
 }
 
-TEST(SessionTapsTest, ATapLastsAtMostPointThreeSeconds) {
+TEST(SessionTapsTest, ATapLastsAtMost0_3Seconds) {
     for (const int count : {2, 3, 4, 5}) {
         const GestureType tap =
             std::vector{twoFingerTap, threeFingerTap, fourFingerTap, fiveFingerTap}.at(
@@ -59,7 +59,7 @@ TEST(SessionTapsTest, ATapLastsAtMostPointThreeSeconds) {
     }
 }
 
-TEST(SessionTapsTest, ATapDriftsByAtMostPointNoughtThreeFive) {
+TEST(SessionTapsTest, ATapDriftsByAtMost0_035) {
     const auto touch = fingersAt({{0, 0.5}, {0.3, 0.5}}).down();
     const auto drifting = [&](double drift) {
         return touch.moveFinger(0, drift, 0, 0.1);
@@ -73,8 +73,8 @@ TEST(SessionTapsTest, ATapDriftsByAtMostPointNoughtThreeFive) {
     });
 }
 
-// Pinch, rotation and swipe get their turn, and none of them wants it.
-TEST(SessionTapsTest, AnUnmovedTouchThatIsTooLongForATapIsNothing) {
+// Pinch, rotation and swipe are checked, and none of them matches.
+TEST(SessionTapsTest, AStillTouchTooLongForATapIsNoGesture) {
     expectHeard(fingers(2).down().hold(0.31).up(), {});
 }
 
@@ -83,7 +83,7 @@ TEST(SessionTapsTest, ATapIsReportedAtTheEndOfItsSession) {
     expectHeard(fingers(3).down().until(0.1).lift(1).until(0.25).up(), {{0.25, threeFingerTap}});
 }
 
-TEST(SessionTapsTest, FiveFingersTapAgainAndAgainAndNeverTwice) {
+TEST(SessionTapsTest, FiveFingersTapRepeatedlyWithoutADoubleTap) {
     const auto tap = fingers(5).down().hold(0.1).up();
     expectRowsInEveryVariant(std::vector<Row>{
         {"half a second apart", tap.wait(0.4).then(tap), {fiveFingerTap, fiveFingerTap}},

@@ -42,7 +42,7 @@ TEST(SessionTest, EndsWithTheFirstReportWithoutFingers) {
     EXPECT_EQ(perform(frames), (std::vector<Heard>{{0.1, twoFingerTap}}));
 }
 
-TEST(SessionTest, ReportsWithoutFingersBetweenSessionsMeanNothing) {
+TEST(SessionTest, EmptyReportsBetweenSessionsAreIgnored) {
     Frames frames = {frameAt(-1), frameAt(-0.5, {hovering(9, 0.5, 0.5)})};
     std::ranges::copy(fingers(2).down().hold(0.1).up().frames(), std::back_inserter(frames));
     frames.push_back(frameAt(0.2));
@@ -52,8 +52,8 @@ TEST(SessionTest, ReportsWithoutFingersBetweenSessionsMeanNothing) {
     EXPECT_EQ(gesturesOf(perform(Frames{})), Gestures());
 }
 
-TEST(SessionTest, TheMomentOfTheFirstFingerIsItsBeginning) {
-    // A hover before it does not count.
+TEST(SessionTest, StartsWithTheFirstFinger) {
+    // A preceding hover does not count.
     const Frames frames = {
         frameAt(0, {hovering(1, 0.3, 0.5)}),
         frameAt(5, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}),
@@ -62,13 +62,13 @@ TEST(SessionTest, TheMomentOfTheFirstFingerIsItsBeginning) {
     EXPECT_EQ(gesturesOf(perform(frames)), Gestures{twoFingerTap});
 }
 
-TEST(SessionTest, WithoutAnEmptyReportItStaysOpen) {
+TEST(SessionTest, StaysOpenWithoutAnEmptyReport) {
     const auto fingersRest = fingers(3).down().moveBy(0.3, 0, 0.3).hold(600);
     expectHeard(fingersRest, {});
     expectHeard(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});
 }
 
-TEST(SessionTest, NothingOfASessionIsLeftForTheNext) {
+TEST(SessionTest, ASessionLeavesNoStateForTheNext) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"after a long press a tap",
          fingers(2).down().hold(1).up().wait(0.3).down().hold(0.1).up(),
@@ -94,18 +94,19 @@ TEST(SessionTest, NothingOfASessionIsLeftForTheNext) {
     });
 }
 
-TEST(SessionTest, AFingerExchangedForAnotherInOneReportMeansNothing) {
+TEST(SessionTest, AFingerReplacedByAnotherInOneReportIsNoGesture) {
     const auto corner = [](std::int32_t second) {
         return Frames{frameAt(0, {finger(1, 0.1, 0.1)}), frameAt(0.1, {finger(second, 0.1, 0.1)}),
                       frameAt(0.2)};
     };
     EXPECT_EQ(gesturesOf(perform(corner(1))), Gestures{cornerTapBottomLeft});
-    EXPECT_EQ(gesturesOf(perform(corner(2))), Gestures()); // two tracks, never two fingers
+    // two tracks, but never two simultaneous fingers
+    EXPECT_EQ(gesturesOf(perform(corner(2))), Gestures());
 }
 
-TEST(SessionTest, FingersThatVanishedEndBeforeOthersMove) {
-    // In one report the tapping finger vanishes and the holding one leaps away: it was still there
-    // when the tap ended, and as yet unmoved.
+TEST(SessionTest, MissingFingersEndBeforeOtherFingersMove) {
+    // In one report the tapping finger vanishes and the holding finger jumps away: at the end of
+    // the tap, the holding finger was still down and had not moved.
     const Frames frames = {
         frameAt(0, {finger(1, 0.5, 0.5)}),
         frameAt(0.3, {finger(1, 0.5, 0.5), finger(2, 0.7, 0.5)}),
@@ -115,19 +116,19 @@ TEST(SessionTest, FingersThatVanishedEndBeforeOthersMove) {
     EXPECT_EQ(perform(frames), (std::vector<Heard>{{0.4, fixAndTapRight}}));
 }
 
-TEST(SessionTest, OfTwoRecordsOfOneFingerTheLaterIsWhereItIs) {
+TEST(SessionTest, TheLaterOfTwoRecordsOfOneFingerCounts) {
     const auto tapWith = [](TouchPoint second) {
         return Frames{frameAt(0, {finger(1, 0.1, 0.1)}),
                       frameAt(0.1, {finger(1, 0.1, 0.1), second}),
                       frameAt(0.15, {finger(1, 0.1, 0.1)}), frameAt(0.2)};
     };
-    // Two records are two fingers to the count and one to the tracks.
+    // The count sees two fingers, the tracks see one.
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.11, 0.1)))), Gestures{twoFingerTap});
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.2, 0.1)))), Gestures());
     EXPECT_EQ(gesturesOf(perform(tapWith(hovering(1, 0.2, 0.1)))), Gestures{cornerTapBottomLeft});
 }
 
-TEST(SessionTest, MoreThanFiveFingersDecideNothing) {
+TEST(SessionTest, MoreThanFiveFingersAreNoGesture) {
     for (const int count : {6, 7, 10, 11}) {
         std::vector<Spot> spots;
         for (int one = 0; one < count; ++one) {
@@ -139,7 +140,7 @@ TEST(SessionTest, MoreThanFiveFingersDecideNothing) {
     }
 }
 
-TEST(SessionTest, AFrameAtTheSameMomentIsAsGoodAsALaterOne) {
+TEST(SessionTest, AFrameWithTheSameTimestampIsProcessed) {
     const Frames frames = {frameAt(1, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}), frameAt(1)};
     EXPECT_EQ(gesturesOf(perform(frames)), Gestures{twoFingerTap});
 }

@@ -25,7 +25,7 @@ std::optional<GestureType> twoFingers(double dx, double dy, double duration = qu
     return swipeOf(Tracks{moved(dx, dy), moved(dx, dy)}, 2, duration);
 }
 
-TEST(SwipeTest, TheNumberOfFingersAndTheDirectionNameTheGesture) {
+TEST(SwipeTest, FingerCountAndDirectionSelectTheGesture) {
     const struct {
         int fingers;
         GestureType left, right, up, down;
@@ -44,24 +44,24 @@ TEST(SwipeTest, TheNumberOfFingersAndTheDirectionNameTheGesture) {
     }
 }
 
-TEST(SwipeTest, OtherNumbersOfFingersDoNotSwipe) {
+TEST(SwipeTest, OtherFingerCountsDoNotSwipe) {
     for (const int fingers : {-1, 0, 1, 6, 7, 11, std::numeric_limits<int>::max()}) {
         EXPECT_EQ(swipeOf(Tracks(2, moved(0.3, 0)), fingers, quick), std::nullopt) << fingers;
     }
 }
 
-TEST(SwipeTest, TheNumberOfFingersIsThatOfTheSessionNotOfTheTracks) {
+TEST(SwipeTest, UsesTheFingerCountOfTheSessionNotOfTheTracks) {
     EXPECT_EQ(swipeOf(Tracks(3, moved(0.3, 0)), 2, quick), twoFingerSwipeRight);
 }
 
-TEST(SwipeTest, LastsAtMostPointEightSeconds) {
+TEST(SwipeTest, LastsAtMost0_8Seconds) {
     EXPECT_EQ(twoFingers(0.3, 0, justBelow(0.8)), twoFingerSwipeRight);
     EXPECT_EQ(twoFingers(0.3, 0, 0.8), twoFingerSwipeRight);
     EXPECT_EQ(twoFingers(0.3, 0, justAbove(0.8)), std::nullopt);
     EXPECT_EQ(twoFingers(0.3, 0, 0.81), std::nullopt);
 }
 
-TEST(SwipeTest, MovesTheHandByAtLeastPointFifteen) {
+TEST(SwipeTest, MovesByAtLeast0_15) {
     EXPECT_EQ(twoFingers(justBelow(0.15), 0), std::nullopt);
     EXPECT_EQ(twoFingers(0.15, 0), twoFingerSwipeRight);
     EXPECT_EQ(twoFingers(justAbove(0.15), 0), twoFingerSwipeRight);
@@ -69,7 +69,7 @@ TEST(SwipeTest, MovesTheHandByAtLeastPointFifteen) {
     EXPECT_EQ(twoFingers(0, -0.15), twoFingerSwipeDown);
 }
 
-TEST(SwipeTest, TheMeanCountsNotTheSlowestFinger) {
+TEST(SwipeTest, UsesTheMeanDisplacementNotTheSlowestFinger) {
     const Tracks tracks = {moved(0.25, 0), moved(0.0625, 0)};
     EXPECT_EQ(meanDisplacement(tracks), (PadPoint{0.15625, 0}));
     EXPECT_EQ(swipeOf(tracks, 2, quick), twoFingerSwipeRight);
@@ -77,17 +77,17 @@ TEST(SwipeTest, TheMeanCountsNotTheSlowestFinger) {
 }
 
 TEST(SwipeTest, LengthIsMeasuredWithoutStretchingThePad) {
-    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 where shapes are judged
+    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 after stretching
 }
 
-TEST(SwipeTest, AFingerAgainstTheOthersSpoilsIt) {
+TEST(SwipeTest, AFingerThatMovesAgainstTheOthersPreventsASwipe) {
     EXPECT_EQ(swipeOf(Tracks{moved(0.5, 0), moved(0.5, 0), moved(-0.01, 0)}, 3, quick),
               std::nullopt);
     EXPECT_EQ(swipeOf(Tracks{moved(0.5, 0), moved(0.5, 0), moved(0.01, 0)}, 3, quick),
               threeFingerSwipeRight);
 }
 
-TEST(SwipeTest, AFingerThatNeitherHelpsNorHindersSpoilsItToo) {
+TEST(SwipeTest, AFingerThatMovesSidewaysPreventsASwipe) {
     EXPECT_EQ(swipeOf(Tracks{moved(0.5, 0), moved(0.5, 0), moved(0, 0)}, 3, quick), std::nullopt);
     const auto across = [](double along) {
         return Tracks{moved(0.5, 0), moved(along, 0.25), moved(along, -0.25)};
@@ -97,7 +97,7 @@ TEST(SwipeTest, AFingerThatNeitherHelpsNorHindersSpoilsItToo) {
     EXPECT_EQ(swipeOf(across(1e-12), 3, quick), threeFingerSwipeRight);
 }
 
-TEST(SwipeTest, ADiagonalMeansNothing) {
+TEST(SwipeTest, ADiagonalIsNoSwipe) {
     const struct {
         double dx, dy;
         std::optional<GestureType> expected;
@@ -107,7 +107,7 @@ TEST(SwipeTest, ADiagonalMeansNothing) {
         {0.2, 0.2, std::nullopt},
         {0.15, 0.2, std::nullopt},
         {0.1, 0.2, twoFingerSwipeUp},
-        // One and a half times the other axis is enough, and no less.
+        // The dominant axis must be at least 1.5 times the other axis.
         {justBelow(0.375), 0.25, std::nullopt},
         {0.375, 0.25, twoFingerSwipeRight},
         {justAbove(0.375), 0.25, twoFingerSwipeRight},
@@ -124,14 +124,14 @@ TEST(SwipeTest, ADiagonalMeansNothing) {
     }
 }
 
-TEST(SwipeTest, WhereTheFingerEndsCountsNotTheWay) {
+TEST(SwipeTest, OnlyTheEndPositionOfTheFingerCounts) {
     const Track there = trackThrough({{0.5, 0.5}, {0.1, 0.9}, {0.75, 0.5}});
     EXPECT_EQ(swipeOf(Tracks{there, there}, 2, quick), twoFingerSwipeRight);
     const Track andBack = trackThrough({{0.5, 0.5}, {0.9, 0.5}, {0.5, 0.5}});
     EXPECT_EQ(swipeOf(Tracks{andBack, andBack}, 2, quick), std::nullopt);
 }
 
-TEST(SwipeTest, WhatIsNoNumberIsNoSwipe) {
+TEST(SwipeTest, NonFinitePositionsAreNoSwipe) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(twoFingers(0.3, 0, nan), std::nullopt);
     EXPECT_EQ(twoFingers(nan, 0), std::nullopt);

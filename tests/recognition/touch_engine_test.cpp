@@ -23,12 +23,12 @@ TouchFrame frameOf(double time, int touching, int hovering = 0) {
     return frame;
 }
 
-TEST(TouchEngineTest, NothingTouchesAtFirst) {
+TEST(TouchEngineTest, TheInitialCountIsZero) {
     const EngineStage stage;
     EXPECT_EQ(stage.engine->touchingCount(), 0);
 }
 
-TEST(TouchEngineTest, TheCountIsCurrentBeforeRecognitionHasRun) {
+TEST(TouchEngineTest, TheCountIsUpdatedBeforeRecognitionRuns) {
     EngineStage stage;
     stage.submit(frameOf(0, 3));
     EXPECT_EQ(stage.engine->touchingCount(), 3);
@@ -41,7 +41,7 @@ TEST(TouchEngineTest, TheCountIsCurrentBeforeRecognitionHasRun) {
     EXPECT_EQ(stage.heard, (AllHeard{{0.2, threeFingerTap}}));
 }
 
-TEST(TouchEngineTest, AnEmptyReportSetsTheCountToNoneAndIsForwarded) {
+TEST(TouchEngineTest, AnEmptyReportResetsTheCountAndIsForwarded) {
     EngineStage stage;
     stage.submit(frameOf(0, 2));
     stage.submit({0.1, {}});
@@ -65,7 +65,8 @@ TEST(TouchEngineTest, FramesAreRecognisedInTheOrderOfTheReports) {
         report(frame);
     }
     EXPECT_EQ(stage.heard, AllHeard());
-    // All at once, long after they came: their own times count, but for the cooldown.
+    // All frames are processed at once, long after their arrival: their timestamps count, except
+    // for the cooldown.
     stage.engine->onGesture = [&](GestureType gesture) {
         stage.heard.push_back({stage.time.now(), gesture});
         stage.time.advanceTo(stage.time.now() + 1);
@@ -74,7 +75,7 @@ TEST(TouchEngineTest, FramesAreRecognisedInTheOrderOfTheReports) {
     EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}, {1, threeFingerTap}}));
 }
 
-TEST(TouchEngineTest, TheReportsTimeCountsNotTheRecords) {
+TEST(TouchEngineTest, UsesTheTimeOfTheReportNotOfItsRecords) {
     EngineStage stage;
     std::vector<MTTouch> records = {record(1, 0.3, 0.5), record(2, 0.4, 0.5)};
     records[0].timestamp = 1e9;
@@ -94,7 +95,7 @@ TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
     } rows[] = {
         {"at once", 0, false},
         {"0.2 s", 0.2, false},
-        // Time since the start is a thousand seconds: a nearer number than this rounds to 0.25.
+        // The uptime is a thousand seconds: a closer number would round to 0.25.
         {"just below", 0.25 - 1.2e-13, false},
         {"precisely", 0.25, true},
         {"above", 0.25 + 1.2e-13, true},
@@ -115,7 +116,7 @@ TEST(TouchEngineTest, TheFirstGestureAlwaysPasses) {
     EXPECT_EQ(stage.heard, (AllHeard{{0, pinchIn}}));
 }
 
-TEST(TouchEngineTest, TheCooldownIsOneForAllGestures) {
+TEST(TouchEngineTest, AllGesturesShareOneCooldown) {
     EngineStage stage;
     stage.recognise(twoFingerTap);
     stage.time.advanceTo(0.1);
@@ -135,7 +136,7 @@ TEST(TouchEngineTest, ADroppedGestureDoesNotProlongTheCooldown) {
     EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}, {0.25, fourFingerTap}}));
 }
 
-TEST(TouchEngineTest, TheCooldownIsConsumedAlsoWhenNobodyListens) {
+TEST(TouchEngineTest, TheCooldownStartsEvenWithoutACallback) {
     EngineStage stage;
     const auto listener = stage.engine->onGesture;
     stage.engine->onGesture = {};
@@ -149,7 +150,7 @@ TEST(TouchEngineTest, TheCooldownIsConsumedAlsoWhenNobodyListens) {
     EXPECT_EQ(stage.heard, (AllHeard{{0.25, fourFingerTap}}));
 }
 
-TEST(TouchEngineTest, TheCooldownIsConsumedBeforeTheCallbackRuns) {
+TEST(TouchEngineTest, TheCooldownStartsBeforeTheCallbackRuns) {
     EngineStage stage;
     stage.engine->onGesture = [&](GestureType gesture) {
         stage.heard.push_back({stage.time.now(), gesture});
@@ -159,7 +160,7 @@ TEST(TouchEngineTest, TheCooldownIsConsumedBeforeTheCallbackRuns) {
     EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}}));
 }
 
-TEST(TouchEngineTest, AQuickDoubleTapThatIsNotBoundIsDropped) {
+TEST(TouchEngineTest, AQuickUnboundDoubleTapIsDropped) {
     EngineStage stage;
     const auto tap = fingers(2).down().hold(0.05).up();
     stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
@@ -167,15 +168,15 @@ TEST(TouchEngineTest, AQuickDoubleTapThatIsNotBoundIsDropped) {
     EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
 }
 
-TEST(TouchEngineTest, AHeldBackTapPassesTheCooldownToo) {
+TEST(TouchEngineTest, TheCooldownAlsoAppliesToAHeldBackTap) {
     EngineStage stage({2});
     stage.play(fingers(2).startingAt(-0.1).down().until(0).up());
     stage.play(fingers(1).at(0.1, 0.1).startingAt(0.2).down().until(0.3).up());
     stage.finish();
-    EXPECT_EQ(stage.heard, (AllHeard{{0.3, cornerTapBottomLeft}})); // 0.45 is too soon after it
+    EXPECT_EQ(stage.heard, (AllHeard{{0.3, cornerTapBottomLeft}})); // 0.45 is within its cooldown
 }
 
-TEST(TouchEngineTest, TheBindingsAreAskedForDoubleTaps) {
+TEST(TouchEngineTest, TheDoubleTapQueryReachesTheBindings) {
     EngineStage stage({3});
     const auto tap = fingers(3).down().hold(0.1).up();
     stage.play(tap.wait(0.2).then(tap));
@@ -183,8 +184,8 @@ TEST(TouchEngineTest, TheBindingsAreAskedForDoubleTaps) {
     EXPECT_EQ(gesturesOf(stage.heard), std::vector{threeFingerDoubleTap});
 }
 
-TEST(TouchEngineTest, WithoutADriverItStartsAllTheSame) {
-    EngineStage stage; // has started
+TEST(TouchEngineTest, StartsEvenWithoutADriver) {
+    EngineStage stage; // already started
     EXPECT_TRUE(stage.manager.loadError().has_value());
     EXPECT_FALSE(stage.manager.isRunning());
     stage.engine->start();
@@ -193,7 +194,7 @@ TEST(TouchEngineTest, WithoutADriverItStartsAllTheSame) {
     EXPECT_EQ(stage.engine->touchingCount(), 0);
 }
 
-TEST(TouchEngineTest, StoppingTakesTheSinkAway) {
+TEST(TouchEngineTest, StoppingRemovesTheSink) {
     EngineStage stage;
     stage.submit(frameOf(0, 2));
     stage.engine->stop();
@@ -202,18 +203,18 @@ TEST(TouchEngineTest, StoppingTakesTheSinkAway) {
     EXPECT_EQ(stage.engine->touchingCount(), 2); // the last report that arrived
 }
 
-TEST(TouchEngineTest, StoppingLetsGoOfWhatStillWaits) {
+TEST(TouchEngineTest, StoppingDiscardsPendingWork) {
     EngineStage stage({2});
     stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // held back
     stage.submit(frameOf(0.1, 3));
-    stage.submit({0.2, {}}); // a tap that nobody has looked at yet
+    stage.submit({0.2, {}}); // a tap that has not been processed yet
     stage.engine->stop();
     stage.run();
     stage.finish();
     EXPECT_EQ(stage.heard, AllHeard());
 }
 
-TEST(TouchEngineTest, MayBeStartedAgain) {
+TEST(TouchEngineTest, CanBeRestarted) {
     EngineStage stage;
     stage.engine->stop();
     stage.engine->start();
@@ -221,20 +222,21 @@ TEST(TouchEngineTest, MayBeStartedAgain) {
     EXPECT_EQ(gesturesOf(stage.heard), std::vector{fourFingerTap});
 }
 
-TEST(TouchEngineTest, WhatTouchedBeforeAStopIsForgotten) {
+TEST(TouchEngineTest, TouchesFromBeforeAStopAreDiscarded) {
     EngineStage stage({2});
     stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // held back
-    stage.play(fingers(3).startingAt(0.05).down().until(0.1));    // and still on the pad
+    stage.play(fingers(3).startingAt(0.05).down().until(0.1));    // these fingers stay on the pad
     stage.engine->stop();
     stage.engine->start();
     EXPECT_EQ(stage.engine->touchingCount(), 0);
-    stage.submit({0.2, {}}); // no tap of three: their end was not seen
-    stage.play(fingers(2).startingAt(0.25).down().until(0.3).up()); // no second tap
+    stage.submit({0.2, {}}); // not a three-finger tap: the end of the touches was not seen
+    // not the second tap of a double tap
+    stage.play(fingers(2).startingAt(0.25).down().until(0.3).up());
     stage.finish();
     EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
 }
 
-// An engine with a driver that writes down what is asked of it.
+// An engine with a driver that records its calls.
 class TouchEngineDriverTest : public testing::Test {
 protected:
     ~TouchEngineDriverTest() override { MultitouchDeviceManager::setFrameSink({}); }
@@ -254,7 +256,7 @@ TEST_F(TouchEngineDriverTest, StartsTheDevicesOnce) {
     engine->stop();
 }
 
-TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeItUnregistersIt) {
+TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeUnregisteringIt) {
     engine->start();
     const std::string started = driver.calls();
     engine->stop();
@@ -263,7 +265,7 @@ TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeItUnregistersIt) {
     EXPECT_FALSE(manager.isRunning());
 }
 
-TEST_F(TouchEngineDriverTest, LooksForDevicesOnlyWhileItIsStarted) {
+TEST_F(TouchEngineDriverTest, LooksForDevicesOnlyWhileStarted) {
     engine->lookForDevices();
     EXPECT_EQ(driver.calls(), "");
     engine->start();
@@ -276,7 +278,7 @@ TEST_F(TouchEngineDriverTest, LooksForDevicesOnlyWhileItIsStarted) {
     EXPECT_EQ(driver.calls(), stopped);
 }
 
-TEST_F(TouchEngineDriverTest, ReportsOfTheDriverArrive) {
+TEST_F(TouchEngineDriverTest, DriverReportsArrive) {
     engine->start();
     const MTTouch records[] = {record(1, 0.3, 0.5), record(2, 0.4, 0.5)};
     driver.report(records, 2, 1.5);
@@ -284,12 +286,12 @@ TEST_F(TouchEngineDriverTest, ReportsOfTheDriverArrive) {
     engine->stop();
 }
 
-TEST_F(TouchEngineDriverTest, StoppedBeforeItIsStartedItAsksNothingOfTheDriver) {
+TEST_F(TouchEngineDriverTest, StoppingBeforeStartingDoesNotCallTheDriver) {
     engine->stop();
     EXPECT_EQ(driver.calls(), "");
 }
 
-TEST_F(TouchEngineDriverTest, ADriverThatCannotBeUsedIsLeftAlone) {
+TEST_F(TouchEngineDriverTest, AnUnusableDriverIsNotCalled) {
     MultitouchDeviceManager incomplete(testDriver("without-start"));
     const TestDriverLibrary library(incomplete);
     const auto other =
@@ -299,18 +301,18 @@ TEST_F(TouchEngineDriverTest, ADriverThatCannotBeUsedIsLeftAlone) {
     EXPECT_EQ(library.calls(), "");
 }
 
-TEST(TouchEngineEndTest, AnEngineMayGoWhileFramesAreQueued) {
+TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileFramesAreQueued) {
     EngineStage stage;
     stage.submit(frameOf(0, 2));
     stage.submit({0.1, {}});
     const std::weak_ptr<TouchEngine> watched = stage.engine;
     stage.engine.reset();
-    EXPECT_TRUE(watched.expired()); // the queue does not keep it
+    EXPECT_TRUE(watched.expired()); // the queue does not own it
     stage.run();
     EXPECT_EQ(stage.heard, AllHeard());
 }
 
-TEST(TouchEngineEndTest, AnEngineMayGoWhileATapIsHeldBack) {
+TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileATapIsHeldBack) {
     EngineStage stage({2});
     stage.play(fingers(2).down().hold(0.1).up());
     EXPECT_LT(stage.time.nextDeadline(), 1);
@@ -319,15 +321,15 @@ TEST(TouchEngineEndTest, AnEngineMayGoWhileATapIsHeldBack) {
     EXPECT_EQ(stage.heard, AllHeard());
 }
 
-TEST(TouchEngineEndTest, AReportThatComesAfterItIsDropped) {
+TEST(TouchEngineEndTest, AReportAfterItsDestructionIsDropped) {
     EngineStage stage;
     stage.engine.reset();
-    report(frameOf(0, 2)); // the sink is still there and finds nobody
+    report(frameOf(0, 2)); // the sink is still installed, but the engine is gone
     stage.run();
     EXPECT_EQ(stage.heard, AllHeard());
 }
 
-TEST(TouchEngineEndTest, AnEngineMayGoWhileItsCallbackRuns) {
+TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileItsCallbackRuns) {
     EngineStage stage;
     stage.engine->onGesture = [&stage](GestureType gesture) {
         auto& all = stage.heard;
@@ -339,7 +341,7 @@ TEST(TouchEngineEndTest, AnEngineMayGoWhileItsCallbackRuns) {
     EXPECT_EQ(stage.engine, nullptr);
 }
 
-TEST(TouchEngineEndTest, AnEngineThatWasNeverStartedHearsNothing) {
+TEST(TouchEngineEndTest, AnEngineThatWasNeverStartedReceivesNoReports) {
     VirtualTime time;
     MultitouchDeviceManager manager({"/no/such/driver", {}});
     const auto engine =
@@ -364,19 +366,19 @@ TEST(TouchEngineHostileTest, TenThousandContactsAreCounted) {
     EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
 }
 
-TEST(TouchEngineHostileTest, PositionsThatAreNoNumbersDisturbNobody) {
+TEST(TouchEngineHostileTest, NonFinitePositionsDoNotDisturbOtherFingers) {
     EngineStage stage;
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     report({record(1, nan, infinity), record(2, -infinity, nan)}, 0);
     report({record(1, 0.5, infinity)}, 0.1);
-    report({record(1, 3e38, -3e38)}, 0.2); // nothing is clamped, so this is a corner
+    report({record(1, 3e38, -3e38)}, 0.2); // positions are not clamped, so this is a corner
     report(std::vector<MTTouch>(), 0.3);
     stage.play(fingers(2).startingAt(5).down().hold(0.1).up());
     EXPECT_EQ(gesturesOf(stage.heard), (std::vector{cornerTapBottomRight, twoFingerTap}));
 }
 
-TEST(TouchEngineSharedTest, IsMadeOnceFromWhatItWasConfiguredWith) {
+TEST(TouchEngineSharedTest, TheSharedInstanceIsCreatedOnceFromItsConfiguration) {
     static VirtualTime time;
     static MultitouchDeviceManager manager({"/no/such/driver", {}});
     static int made = 0;

@@ -22,7 +22,7 @@ protected:
         live.remove(id);
     }
 
-    // Taps of one finger, until the list is full, beside what is down already.
+    // Taps with one finger beside the fingers that are down, until the list is full.
     void fillWithTaps() {
         for (std::int32_t id = 1000; tracks.size() < TrackList::capacity; ++id) {
             land(id);
@@ -34,7 +34,7 @@ protected:
     LiveIndex live;
 };
 
-TEST_F(TrackListTest, KeepsTheTracksInTheOrderOfLanding) {
+TEST_F(TrackListTest, KeepsTheTracksInLandingOrder) {
     land(5, 1);
     land(3, 2);
     lift(5);
@@ -45,7 +45,7 @@ TEST_F(TrackListTest, KeepsTheTracksInTheOrderOfLanding) {
     EXPECT_FALSE(tracks.isCrowded());
 }
 
-TEST_F(TrackListTest, AFingerThatLandsAgainHasANewTrack) {
+TEST_F(TrackListTest, AFingerThatLandsAgainGetsANewTrack) {
     land(5, 1);
     lift(5);
     land(5, 2);
@@ -54,7 +54,7 @@ TEST_F(TrackListTest, AFingerThatLandsAgainHasANewTrack) {
     EXPECT_TRUE(tracks[0].ended);
 }
 
-TEST_F(TrackListTest, IsCrowdedOnceItHadToForget) {
+TEST_F(TrackListTest, IsCrowdedAfterItHasDroppedTracks) {
     land(1);
     fillWithTaps();
     EXPECT_FALSE(tracks.isCrowded());
@@ -62,7 +62,7 @@ TEST_F(TrackListTest, IsCrowdedOnceItHadToForget) {
     EXPECT_TRUE(tracks.isCrowded());
 }
 
-TEST_F(TrackListTest, ForgetsOnlyTheTracksThatHaveEnded) {
+TEST_F(TrackListTest, DropsOnlyEndedTracks) {
     land(1, 11);
     land(1000);
     lift(1000);
@@ -75,7 +75,7 @@ TEST_F(TrackListTest, ForgetsOnlyTheTracksThatHaveEnded) {
     EXPECT_EQ(tracks[live.find(3).value()].startTime, 33);
 }
 
-TEST_F(TrackListTest, ForgetsAgainAndAgain) {
+TEST_F(TrackListTest, DropsTracksRepeatedly) {
     land(1);
     for (std::int32_t id = 1000; id < 5000; ++id) {
         land(id);
@@ -85,7 +85,7 @@ TEST_F(TrackListTest, ForgetsAgainAndAgain) {
     }
 }
 
-TEST_F(TrackListTest, AFingerMoreThanFitIsNotFollowed) {
+TEST_F(TrackListTest, AFingerBeyondTheCapacityIsNotTracked) {
     for (std::int32_t id = 1; id <= 300; ++id) {
         land(id);
     }
@@ -98,7 +98,7 @@ TEST_F(TrackListTest, AFingerMoreThanFitIsNotFollowed) {
     EXPECT_EQ(tracks[live.find(300).value()].id, 300);
 }
 
-TEST_F(TrackListTest, BeginsAnewAfterASession) {
+TEST_F(TrackListTest, StartsEmptyAfterASession) {
     land(1);
     fillWithTaps();
     land(2);

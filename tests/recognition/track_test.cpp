@@ -16,7 +16,7 @@ Track trackFrom(PadPoint place) {
     return track;
 }
 
-TEST(TrackTest, BeginsWhereTheFingerLands) {
+TEST(TrackTest, StartsWhereTheFingerLands) {
     const Track track = trackFrom({0.25, 0.5});
     EXPECT_EQ(track.id, 7);
     EXPECT_EQ(track.startTime, 2.5);
@@ -28,14 +28,14 @@ TEST(TrackTest, BeginsWhereTheFingerLands) {
     EXPECT_EQ(track.endTime, 0);
 }
 
-TEST(TrackTest, EndsAtATime) {
+TEST(TrackTest, StoresItsEndTime) {
     Track track = trackFrom({0, 0});
     track.end(3.5);
     EXPECT_TRUE(track.ended);
     EXPECT_EQ(track.endTime, 3.5);
 }
 
-TEST(TrackTest, BeginsAnewWithoutAnythingOfTheOldFinger) {
+TEST(TrackTest, RestartsWithoutStateOfTheOldFinger) {
     Track track = trackFrom({0.1, 0.1});
     track.moveTo({0.9, 0.9});
     track.end(3);
@@ -49,7 +49,7 @@ TEST(TrackTest, BeginsAnewWithoutAnythingOfTheOldFinger) {
     EXPECT_EQ(track.endTime, 0);
 }
 
-TEST(TrackTest, RemembersTheFarthestDriftAndTheLastPlace) {
+TEST(TrackTest, RecordsTheMaximumDriftAndTheLastPosition) {
     Track track = trackFrom({0, 0.5});
     track.moveTo({0.3, 0.5});
     track.moveTo({0.1, 0.5});
@@ -58,7 +58,7 @@ TEST(TrackTest, RemembersTheFarthestDriftAndTheLastPlace) {
     EXPECT_EQ(track.displacement(), (PadPoint{0.1, 0}));
 }
 
-TEST(TrackTest, AStepOfTheShortestLengthIsKeptAndAShorterOneIsNot) {
+TEST(TrackTest, AStepOfTheMinimumLengthIsKeptAndAShorterOneIsNot) {
     const struct {
         double step;
         bool kept;
@@ -72,7 +72,7 @@ TEST(TrackTest, AStepOfTheShortestLengthIsKeptAndAShorterOneIsNot) {
     }
 }
 
-TEST(TrackTest, AStepCountsFromTheLastPointKept) {
+TEST(TrackTest, AStepIsMeasuredFromTheLastKeptPoint) {
     Track track = trackFrom({0, 0});
     track.moveTo({0.003, 0});
     track.moveTo({0.006, 0});
@@ -81,7 +81,7 @@ TEST(TrackTest, AStepCountsFromTheLastPointKept) {
     EXPECT_EQ(track.points, (Path{{0, 0}, {0.006, 0}, {0.010, 0}}));
 }
 
-TEST(TrackTest, APathHasAnEnd) {
+TEST(TrackTest, APathHasAMaximumLength) {
     Track track = trackFrom({0, 0});
     for (int step = 1; step < 1999; ++step) {
         track.moveTo({step % 2 * 0.5, 0});
@@ -93,7 +93,7 @@ TEST(TrackTest, APathHasAnEnd) {
     track.moveTo({0.75, 0});
     EXPECT_EQ(track.points.size(), 2000U);
     EXPECT_EQ(track.points.back(), (PadPoint{0.25, 0}));
-    EXPECT_EQ(track.lastPos, (PadPoint{0.75, 0})); // still followed
+    EXPECT_EQ(track.lastPos, (PadPoint{0.75, 0})); // still tracked
     EXPECT_EQ(track.maxDrift, 0.75);
 }
 
