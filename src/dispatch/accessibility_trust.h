@@ -1,6 +1,6 @@
-// Port: whether the system lets this program read touches, type and take clicks out.
+// Port: whether the system lets this program read touches, type and consume clicks.
 //
-// Thread:  the main thread; neither question waits for the user.
+// Thread:  the main thread; both queries return without waiting for the user.
 // Errors:  none.
 #pragma once
 
@@ -15,8 +15,8 @@ public:
 
     virtual bool isTrusted() = 0;
 
-    // The same; and if it is not, has the system ask the user, at most once in a run. The user's
-    // answer shows in later questions.
+    // The same; if permission is missing, it also makes the system ask the user, at most once per
+    // run. Later queries reflect the user's decision.
     virtual bool isTrustedWithPrompt() = 0;
 };
 

@@ -10,14 +10,14 @@ namespace glidemap {
 
 namespace {
 
-// What locks the screen where nothing else can: Control-Command-Q.
+// Fallback where the system has no way to lock the screen: Control-Command-Q.
 constexpr KeyShortcut lockShortcut{12, modifier::control | modifier::command};
 
 bool isLocked(const UserSession* session) {
     return session != nullptr && session->isLocked();
 }
 
-// The modifiers travel as flags of the key's own events; no event of a modifier key goes with them.
+// The modifiers are flags of the key's own events; modifier keys get no events of their own.
 void type(const KeyShortcut& shortcut, KeyEventPoster& keyEvents) {
     const std::array events = {KeyEvent{shortcut.keyCode, true, shortcut.modifiers},
                                KeyEvent{shortcut.keyCode, false, shortcut.modifiers}};
@@ -60,7 +60,7 @@ void ActionRunner::launchApp(const std::string& bundleID) {
     }
 }
 
-// The answer of a system that refuses may come after this runner has gone.
+// A refusing system may call back after the destruction of this runner.
 void ActionRunner::lockScreen() {
     if (!canLock) {
         canLock = ports.screenLock->find();

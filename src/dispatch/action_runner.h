@@ -1,10 +1,10 @@
-// Carries out what a binding says: types a shortcut, locks the screen, shows all windows, launches
+// Performs the action of a binding: types a shortcut, locks the screen, shows all windows, launches
 // an application.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one for the dispatcher.
-// Errors:  silent; what cannot be carried out is skipped. Whether the system can lock is asked once,
-//          at the first lock.
+// Owner:   the program creates one for the dispatcher.
+// Errors:  silent; actions that cannot be performed are skipped. The first lock checks once whether
+//          the system can lock.
 #pragma once
 
 #include "bindings/binding_action.h"
@@ -25,17 +25,17 @@ public:
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<KeyEventPoster> keyEvents;
         std::shared_ptr<ScreenLock> screenLock;
-        std::shared_ptr<const UserSession> session = nullptr; // null: never locked
+        std::shared_ptr<const UserSession> session = nullptr; // null: the session is never locked
     };
 
     explicit ActionRunner(Ports given);
     ActionRunner(const ActionRunner&) = delete;
     ActionRunner& operator=(const ActionRunner&) = delete;
 
-    // While the session is locked, only a further lock, and that without typing.
+    // While the session is locked, performs only a further lock, without typing.
     void perform(const BindingAction& action);
 
-    // Brings it forward if it runs. An identifier that no application has launches nothing.
+    // Activates the application if it runs. Does nothing if no application has this identifier.
     void launchApp(const std::string& bundleID);
 
 private:

@@ -1,8 +1,8 @@
-// Tells the click tap whether any click could be taken out: while the master switch is on and an
-// enabled binding for a click exists, whatever its scope.
+// Tells the click tap whether any click could be consumed: only while the master switch is on and
+// an enabled binding for a click exists, in any scope.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one beside the click monitor.
+// Owner:   the program creates one beside the click monitor.
 // Errors:  none.
 #pragma once
 
@@ -17,7 +17,7 @@ namespace glidemap {
 
 class ClickDemand {
 public:
-    // Tells at once, and from then on when the answer changes.
+    // Notifies the tap immediately, and again after each change.
     ClickDemand(std::shared_ptr<GestureDispatcher> gestureDispatcher,
                 std::shared_ptr<ClickTap> clickTap);
     ClickDemand(const ClickDemand&) = delete;

@@ -43,7 +43,7 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
     case ClickEventType::leftMouseDown:
     case ClickEventType::rightMouseDown:
         if (!isTaken()) {
-            // A tap that was out may have missed the release of an earlier press.
+            // While the tap was disabled, it may have missed the release of an earlier press.
             swallowUpForButton.erase(event.button);
             return ClickTap::Verdict::pass;
         }
@@ -60,7 +60,8 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
 }
 
 bool ClickMonitor::isTaken() const {
-    // One finger presses for a plain click, five press by accident: neither is in the catalogue.
+    // One finger makes an ordinary click, and five press by accident: the catalogue has no click
+    // for either.
     const auto gesture = gestureFor(GestureCategory::click, touchingCount());
     return gesture && onClickGesture && onClickGesture(*gesture);
 }

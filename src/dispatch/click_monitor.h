@@ -1,16 +1,16 @@
-// Tells a click with two, three or four fingers on the pad from all others, offers it as a gesture,
-// and takes it out of the system's hands if somebody wants it.
+// Recognises a click with two, three or four fingers on the pad, offers it as a gesture, and
+// consumes it if the callback accepts it.
 //
 //   press with 2, 3 or 4 fingers ─▶ onClickGesture ─▶ taken: dropped, and its release, too
 //                                                  └▶ not:   passes
 //   any other press passes. A release is dropped if its button's last press was.
 //
 // Units:   button numbers as in the tap's events.
-// Thread:  start(), stop() and isRunning() on the main thread. onClickGesture and the count of
-//          fingers are asked on the tap's thread; onClickGesture is set while the monitor does not
-//          run.
-// Owner:   the program makes one. While it runs the tap holds it weakly; its end removes the tap.
-// Errors:  a tap that cannot be created leaves the monitor not running; start() may be tried again.
+// Thread:  start(), stop() and isRunning() on the main thread. onClickGesture and the finger count
+//          are called on the tap's thread; onClickGesture is set before start().
+// Owner:   the program creates one. While it runs, the tap holds it weakly; its destructor removes
+//          the tap.
+// Errors:  if the tap cannot be created, the monitor is not running; start() may be called again.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -25,7 +25,7 @@ namespace glidemap {
 
 class ClickMonitor {
 public:
-    // The function tells how many fingers touch the pad now.
+    // The function returns the number of fingers that touch the pad.
     ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> touchingCount);
     ClickMonitor(const ClickMonitor&) = delete;
     ClickMonitor& operator=(const ClickMonitor&) = delete;
@@ -33,12 +33,12 @@ public:
 
     void start();
 
-    // A button whose press was dropped is remembered: its release is dropped after the next start.
+    // Remembers a button whose press was dropped: its release is dropped even after the next start.
     void stop();
 
     bool isRunning() const { return _isRunning; }
 
-    // Answers whether it takes the click over.
+    // Returns whether the click is consumed.
     std::function<bool(GestureType)> onClickGesture;
 
 private:
@@ -47,9 +47,9 @@ private:
 
     std::shared_ptr<ClickTap> tap;
     std::function<int()> touchingCount;
-    std::unordered_set<std::int64_t> swallowUpForButton; // by the tap's callback only
+    std::unordered_set<std::int64_t> swallowUpForButton; // accessed only by the tap's callback
     bool _isRunning = false;
-    std::shared_ptr<ClickMonitor*> life; // what the tap's callback holds weakly
+    std::shared_ptr<ClickMonitor*> life; // held weakly by the tap's callback
 };
 
 } // namespace glidemap

@@ -1,11 +1,11 @@
-// Port: stands in the stream of mouse-button events and may take some out.
+// Port: filters the stream of mouse-button events and may consume some.
 //
 // Units:   button numbers: 0 left, 1 right.
-// Thread:  create(), setEnabled() and remove() on the main thread; setEnabled() from within the
-//          callback, too. The callback is called on one thread at a time: the main thread, or the
-//          touchpads' reader. None comes once remove() has returned.
-// Owner:   the program makes one for the click monitor.
-// Errors:  as answers.
+// Thread:  create(), setEnabled() and remove() on the main thread; setEnabled() also from within
+//          the callback. The callback runs on one thread at a time: the main thread or the
+//          touchpads' reader. It is not called after remove() has returned.
+// Owner:   the program creates one for the click monitor.
+// Errors:  returned as values.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ enum class ClickEventType {
     leftMouseUp,
     rightMouseDown,
     rightMouseUp,
-    tapDisabledByTimeout, // the callback took too long; events pass until the tap is enabled
+    tapDisabledByTimeout, // the callback took too long; events pass until the tap is enabled again
     tapDisabledByUserInput,
     other,
 };
@@ -40,13 +40,13 @@ public:
     ClickTap& operator=(const ClickTap&) = delete;
     virtual ~ClickTap() = default;
 
-    // False without permission. A tap starts disabled.
+    // Returns false without permission. A new tap is disabled.
     virtual bool create(Callback callback) = 0;
     virtual void setEnabled(bool enabled) = 0;
     virtual void remove() = 0;
 
-    // Says whether any click could be taken out at all. A tap that costs the system something while
-    // it only watches may rest as long as none could; one that costs nothing ignores it.
+    // Whether any click could be consumed at all. A tap that costs the system something even when
+    // it only observes may pause while no click can be consumed; other taps ignore this.
     virtual void setNeeded(bool needed) = 0;
 };
 

@@ -14,7 +14,7 @@ bool isDirectedCircle(GestureType gesture) {
            direction(gesture) != GestureDirection::any;
 }
 
-// The application's identifier and not its name, which can be the title of a window.
+// Logs the application's identifier, not its name: the name can be a window title.
 void logDecision(GestureType gesture, const std::optional<std::string>& application,
                  const GestureBinding* binding) {
     if (isLogging()) {
@@ -81,7 +81,7 @@ bool GestureDispatcher::handleClickGesture(GestureType gesture) {
     return true;
 }
 
-// What is written is the switch as it stands: an observer may have moved it once more.
+// Stores the current value of the switch: an observer may have changed it again.
 void GestureDispatcher::setMasterEnabled(bool enabled) {
     observers.announceWillChange();
     _masterEnabled.store(enabled);
@@ -115,8 +115,8 @@ GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureB
     return entry;
 }
 
-// The action and the log entry are tasks of their own, so that what else waits for the main thread
-// may come between them.
+// The action and the log entry are separate tasks, so that other work of the main thread can run in
+// between.
 void GestureDispatcher::runLater(Binding binding) {
     mainQueue.submit(TimelyQueue::IfLate::drop,
                      [weakly = weak_from_this(), held = std::move(binding)] {
@@ -134,15 +134,16 @@ void GestureDispatcher::logLater(GestureLogEntry entry, TimelyQueue::IfLate ifLa
     });
 }
 
-// Who looks over the user's shoulder at a locked screen, or unlocks it, sees nothing of it.
+// A person who looks at the locked screen, or unlocks it, must not see the gestures of the locked
+// session.
 void GestureDispatcher::log(GestureLogEntry entry) {
     if (isLocked()) {
         return;
     }
     observers.announceWillChange();
     _recentEvents.insert(_recentEvents.begin(), std::move(entry));
-    if (_recentEvents.size() > mostRecentEvents) {
-        _recentEvents.resize(mostRecentEvents);
+    if (_recentEvents.size() > maxRecentEvents) {
+        _recentEvents.resize(maxRecentEvents);
     }
     observers.announceDidChange();
 }

@@ -1,20 +1,21 @@
-// From a gesture to its action: finds the binding for the frontmost application, has the action run
-// on the main thread, and keeps the log of recent gestures and the master switch.
+// Maps a gesture to its action: finds the binding for the frontmost application, runs its action on
+// the main thread, and keeps the log of recent gestures and the master switch.
 //
 //   engine's queue, delayed work ─▶ handle ─────────────┐   main queue
 //                                                       ├─▶ action, then log entry ─▶ recentEvents
 //   thread of the click tap ──────▶ handleClickGesture ─┘
 //
-// Every gesture is logged, matched or not. Clicks are logged only when they were taken over: the
-// others are the system's business.
+// Every gesture is logged, matched or not. Clicks are logged only if they were consumed; all others
+// are ordinary clicks.
 //
-// While the session is locked nothing but a further lock runs, and nothing is logged. An action that
-// the main thread takes too late is dropped, and clicks pass while it takes none (timely_queue.h).
+// While the session is locked, only a further lock runs, and nothing is logged. An action that
+// reaches the main thread too late is dropped, and clicks pass while the main thread is stalled
+// (timely_queue.h).
 //
 // Thread:  handle(), handleClickGesture(), masterEnabled(), frontmost() and resolveBinding() on any
-//          thread, several at once; they never wait for an action. The rest on the main thread.
-// Owner:   the program makes one. Work on the main queue holds it weakly and does nothing once it
-//          is gone.
+//          thread, also concurrently; they never wait for an action. The rest on the main thread.
+// Owner:   the program creates one. Work on the main queue holds it weakly and does nothing after
+//          its destruction.
 // Errors:  none.
 #pragma once
 
@@ -50,37 +51,38 @@ public:
         std::shared_ptr<MainQueue> mainQueue;
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<ActionRunner> actionRunner;
-        std::function<WallTime()> wallClock = std::chrono::system_clock::now; // on any thread
-        const Lang* lang = &Lang::shared();                   // what the log is written in
-        std::shared_ptr<const UserSession> session = nullptr; // null: never locked
+        // called on any thread
+        std::function<WallTime()> wallClock = std::chrono::system_clock::now;
+        const Lang* lang = &Lang::shared();                   // the language of the log's texts
+        std::shared_ptr<const UserSession> session = nullptr; // null: the session is never locked
         TimelyQueue::Clock clock = std::chrono::steady_clock::now;
     };
 
     static constexpr std::string_view masterEnabledKey = "masterEnabled";
-    static constexpr std::size_t mostRecentEvents = 20;
+    static constexpr std::size_t maxRecentEvents = 20;
 
-    // The master switch is as the user left it, or on.
+    // The master switch has its stored value, or is on if none is stored.
     static std::shared_ptr<GestureDispatcher> create(Ports ports);
 
-    // Whether a binding was found. It runs only if it is to be executed.
+    // Returns whether a binding was found. Its action runs only if `execute` is true.
     bool handle(GestureType gesture, bool execute);
 
-    // Whether a binding was found and will run: the click is then the dispatcher's.
+    // Returns whether a binding was found and will run: the dispatcher then consumes the click.
     bool handleClickGesture(GestureType gesture);
 
-    // With the switch off nothing is handled, and nothing logged.
+    // While the switch is off, gestures are neither handled nor logged.
     bool masterEnabled() const { return _masterEnabled.load(); }
     void setMasterEnabled(bool enabled);
 
     // Newest first.
     const std::vector<GestureLogEntry>& recentEvents() const { return _recentEvents; }
 
-    // Of the master switch and of the recent events.
+    // Notifies of changes to the master switch and the recent events.
     Observable& changes() { return observers; }
 
     Application frontmost() const { return ports.workspace->frontmostApplication(); }
 
-    // A circle without a binding for its own direction is a circle of any direction.
+    // A circle without a binding for its own direction falls back to the circle of any direction.
     std::shared_ptr<const GestureBinding>
     resolveBinding(GestureType gesture, std::optional<std::string_view> bundleID) const;
 

@@ -19,8 +19,10 @@ struct GestureLogEntry {
     Uuid id = Uuid::generate();
     WallTime date;
     GestureType gesture{};
-    std::optional<std::string> matchedAction; // as it read then; absent where no binding matched
-    std::optional<std::string> appName;       // of the frontmost application, absent if unknown
+    // the action's text at that time; absent if no binding matched
+    std::optional<std::string> matchedAction;
+    // the name of the frontmost application; absent if unknown
+    std::optional<std::string> appName;
 
     friend bool operator==(const GestureLogEntry&, const GestureLogEntry&) = default;
 };

@@ -4,7 +4,8 @@
 
 namespace glidemap {
 
-// The demand tells the tap before the monitor runs: a tap that no binding needs does not even begin.
+// The demand notifies the tap before the monitor starts, so that a tap that no binding needs does
+// not start at all.
 GestureRuntime::GestureRuntime(Parts connected)
     : parts(std::make_shared<const Parts>(std::move(connected))),
       clicks(parts->clickTap, [engine = parts->engine] { return engine->touchingCount(); }),
@@ -69,7 +70,7 @@ void GestureRuntime::followSession() {
     }
     resume();
     parts->engine
-        ->lookForDevices(); // one may have come where there was none: starting does not look then
+        ->lookForDevices(); // finds a touchpad that was attached since: start() does not scan again
 }
 
 void GestureRuntime::resume() {

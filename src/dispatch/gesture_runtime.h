@@ -1,5 +1,5 @@
-// The program without its interface: connects the touch engine, the bindings, the dispatcher and the clicks, and runs them while
-// the program runs and its session is in front.
+// The program without its interface: connects the touch engine, the bindings, the dispatcher and
+// the clicks, and runs them while the user's session is active.
 //
 //   touches ─▶ engine ──────gesture──▶ dispatcher ─▶ action
 //                ▲                        ▲    │
@@ -11,12 +11,13 @@
 //   start ──▶ running ◀──▶ paused ──▶ stop
 //                  the session is active, or not
 //
-// While another session is in front nothing is read, recognised or swallowed: its user has the same touchpad.
+// While another session is active, this program reads, recognises and consumes nothing: the other
+// session's user has the same touchpad.
 //
-// Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on their threads, hold it weakly,
-//          and do nothing once it has gone.
-// Owner:   the application, the agent of the tests and each replayed recording make one.
-// Errors:  none of its own. Without a touchpad or permission the rest works.
+// Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on
+//          their threads, hold it weakly, and do nothing after its destruction.
+// Owner:   the application, the tests' agent and each replayed recording create one.
+// Errors:  none of its own. Without a touchpad or a permission, the rest keeps working.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -39,7 +40,7 @@ public:
         std::shared_ptr<BindingStore> store;
         std::shared_ptr<GestureDispatcher> dispatcher;
         std::shared_ptr<ClickTap> clickTap;
-        std::shared_ptr<UserSession> session = nullptr; // null: always in front
+        std::shared_ptr<UserSession> session = nullptr; // null: the session is always active
     };
 
     explicit GestureRuntime(Parts connected);
@@ -49,10 +50,10 @@ public:
 
     void start();
 
-    // Idempotent, and for good.
+    // Idempotent; cannot be restarted.
     void stop();
 
-    // Touchpads may have come, and what had no access may have it now.
+    // Touchpads may have been attached, or the program may have gained access to them.
     void accessMayHaveChanged();
 
     TouchEngine& engine() { return *parts->engine; }

@@ -1,9 +1,9 @@
-// Port: types on the user's behalf.
+// Port: posts key events on the user's behalf.
 //
 // Units:   virtual key codes and event flags, as in a shortcut.
 // Thread:  the main thread.
-// Errors:  silent: without permission, or for a key that the system does not have, nothing is
-// posted.
+// Errors:  silent: without permission, or for a key that the system does not have, no event is
+//          posted.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace glidemap {
 struct KeyEvent {
     std::uint16_t keyCode = 0;
     bool down = false;
-    std::uint64_t flags = 0; // exactly these, whatever the user holds
+    std::uint64_t flags = 0; // exactly these, regardless of the keys that the user holds
 
     friend bool operator==(const KeyEvent&, const KeyEvent&) = default;
 };
@@ -26,7 +26,7 @@ public:
     KeyEventPoster& operator=(const KeyEventPoster&) = delete;
     virtual ~KeyEventPoster() = default;
 
-    // All of them in order, without a delay between, or none.
+    // Posts all events in order and without delay, or none of them.
     virtual void post(std::span<const KeyEvent> events) = 0;
 };
 

@@ -3,8 +3,7 @@
 namespace glidemap::KeyNames {
 
 const std::map<std::uint16_t, std::string_view>& map() {
-    // The order of the codes is that of the keyboard's electronics, not of the alphabet or of the
-    // digits.
+    // The codes follow the keyboard's hardware layout, not the alphabet or the digits.
     static const std::map<std::uint16_t, std::string_view> names = {
         {0, "A"},      {1, "S"},     {2, "D"},     {3, "F"},     {4, "H"},      {5, "G"},
         {6, "Z"},      {7, "X"},     {8, "C"},     {9, "V"},     {11, "B"},     {12, "Q"},

@@ -1,8 +1,8 @@
-// The short labels of keys in shortcut texts: virtual key code to the label of that key on a US
-// keyboard, whatever the user's layout.
+// The short labels of keys in shortcut texts: maps a virtual key code to its label on a US
+// keyboard, regardless of the user's layout.
 //
 // Thread:  any.
-// Errors:  none; a code without a label is shown by its number.
+// Errors:  none; a code without a label is shown as a number.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ namespace glidemap::KeyNames {
 // Built on first use.
 const std::map<std::uint16_t, std::string_view>& map();
 
-// The key's label, or "Key " and the code in decimal.
+// The key's label, or "Key " followed by the decimal code.
 std::string name(std::uint16_t keyCode);
 
 } // namespace glidemap::KeyNames

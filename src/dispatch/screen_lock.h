@@ -1,7 +1,7 @@
-// Port: the system's own way to lock the screen at once.
+// Port: the system's own way to lock the screen immediately.
 //
 // Thread:  the main thread.
-// Errors:  as answers.
+// Errors:  returned as values.
 #pragma once
 
 #include <functional>
@@ -15,11 +15,11 @@ public:
     ScreenLock& operator=(const ScreenLock&) = delete;
     virtual ~ScreenLock() = default;
 
-    // Looks for it, once per run at the first use. False if the system has none.
+    // Looks for the lock function, once per run at the first call. Returns false if the system has
+    // none.
     virtual bool find() = 0;
 
-    // Does not wait. Where the system turns out to refuse, `otherwise` is called, on the main
-    // thread, once.
+    // Does not block. If the system refuses, calls `otherwise` once, on the main thread.
     virtual void lock(std::function<void()> otherwise) = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// When each task was submitted that the main thread has not taken.
+// The submission time of each task that the main thread has not started.
 class TimelyQueue::Waiting {
 public:
     using Place = std::multiset<Time>::iterator;
@@ -31,7 +31,7 @@ private:
     std::multiset<Time> since;
 };
 
-// It no longer waits when it is destroyed: after it has run, or because the main queue discards it.
+// Its destructor ends the wait: after the task has run, or when the main queue discards it.
 struct TimelyQueue::Submitted {
     Submitted(std::shared_ptr<Waiting> all, Time start, IfLate late, std::function<void()> task)
         : waiting(std::move(all)), place(waiting->add(start)), time(start), ifLate(late),
@@ -50,8 +50,8 @@ struct TimelyQueue::Submitted {
 TimelyQueue::TimelyQueue(std::shared_ptr<MainQueue> mainQueue, Clock clock)
     : queue(std::move(mainQueue)), now(std::move(clock)), waiting(std::make_shared<Waiting>()) {}
 
-// An action may run a loop of its own, in which the main thread goes on: the task is taken when it
-// starts.
+// An action may run a nested event loop, in which the main thread continues with other tasks. A
+// task therefore counts as started before it runs.
 void TimelyQueue::submit(IfLate ifLate, std::function<void()> work) {
     queue->submit([submitted = std::make_unique<Submitted>(waiting, now(), ifLate, std::move(work)),
                    clock = now]() mutable {

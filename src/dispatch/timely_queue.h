@@ -1,16 +1,16 @@
-// Hands actions to the main thread, drops those that it takes too late, and tells whether it takes
-// any at all.
+// Submits actions to the main thread, drops actions that wait too long, and detects a stalled main
+// thread.
 //
 //   submit ──▶ main queue ──▶ taken within two seconds: runs
 //                        └──▶ taken later: dropped, for another window may have the focus by then
 //
-// A hung main thread is noticed by what waits for it, and by nothing else: without a waiting task
-// there is nothing to notice, and no thread wakes up to look.
+// Only a waiting task can reveal a stalled main thread. Without a waiting task nothing needs to be
+// detected, and no thread wakes up to check.
 //
 // Units:   seconds of a monotonic clock.
 // Thread:  any.
-// Owner:   the dispatcher. Tasks that still wait may outlive it.
-// Errors:  none. A task that the main queue discards counts as waiting no longer.
+// Owner:   the dispatcher. Waiting tasks may outlive it.
+// Errors:  none. A task that the main queue discards no longer counts as waiting.
 #pragma once
 
 #include "core/main_queue.h"
@@ -24,12 +24,12 @@ namespace glidemap {
 class TimelyQueue {
 public:
     using Time = std::chrono::steady_clock::time_point;
-    using Clock = std::function<Time()>; // on any thread
+    using Clock = std::function<Time()>; // called on any thread
 
-    // A person who sees nothing happen for this long clicks again, and expects the desktop to react.
+    // After this long without a reaction a person clicks again and expects the desktop to react.
     static constexpr std::chrono::seconds stalledAfter{1};
 
-    // After this long a person has turned to something else, perhaps to another window.
+    // After this long a person has moved on, perhaps to another window.
     static constexpr std::chrono::seconds maxWait{2};
 
     enum class IfLate { run, drop };
@@ -38,7 +38,7 @@ public:
 
     void submit(IfLate ifLate, std::function<void()> work);
 
-    // Whether a task has been waiting for a second or longer.
+    // Returns whether a task has waited for a second or longer.
     bool isStalled() const;
 
 private:

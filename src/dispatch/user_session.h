@@ -1,8 +1,8 @@
-// Port: whether the user is at the session that the program belongs to.
+// Port: whether the program's session is active and unlocked.
 //
 // Thread:  the queries on any, without waiting; changes() on the main thread.
-// Owner:   the program makes one.
-// Errors:  none; a session of which nothing is known is active and not locked.
+// Owner:   the program creates one.
+// Errors:  none; a session of unknown state counts as active and unlocked.
 #pragma once
 
 #include "core/observable.h"
@@ -16,12 +16,12 @@ public:
     UserSession& operator=(const UserSession&) = delete;
     virtual ~UserSession() = default;
 
-    // False while another user's session, or another one of the same user, is in front.
+    // False while another session is active, of another user or of the same user.
     virtual bool isActive() const = 0;
 
     virtual bool isLocked() const = 0;
 
-    // Of either.
+    // Notifies when either value changes.
     Observable& changes() { return observers; }
 
 private:

@@ -1,9 +1,9 @@
 // Port: the applications of the user's session.
 //
-// Thread:  frontmostApplication() on any thread, without waiting for anyone; the rest on the main
-//          thread, and never waiting for an application to start.
-// Owner:   the program makes one.
-// Errors:  none reach the caller: what is not known is absent, what cannot be opened is not.
+// Thread:  frontmostApplication() on any thread, without blocking; the rest on the main thread,
+//          without waiting for an application to start.
+// Owner:   the program creates one.
+// Errors:  none reach the caller: unknown values are absent, and opening fails silently.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 
 namespace glidemap {
 
-// Either is absent if the application does not report it.
+// Each is absent if the application does not report it.
 struct Application {
     std::optional<std::string> bundleID; // on Linux the desktop entry's id without ".desktop"
     std::optional<std::string> name;     // localised
@@ -28,22 +28,22 @@ public:
     Workspace& operator=(const Workspace&) = delete;
     virtual ~Workspace() = default;
 
-    // Both absent while no application is frontmost, or none can be told.
+    // Both are absent while no application is frontmost or the frontmost one is unknown.
     virtual Application frontmostApplication() const = 0;
 
-    // Those that have windows of their own, each once.
+    // Every application with windows of its own, listed once.
     virtual std::vector<Application> runningApplications() const = 0;
 
-    // Where the application with this identifier is, as a URL.
+    // Returns the location of the application with this identifier, as a URL.
     virtual std::optional<std::string> urlForApplication(const std::string& bundleID) const = 0;
 
-    // Launches it, or brings it forward if it runs.
+    // Launches the application, or activates it if it runs.
     virtual void openApplication(const std::string& url) = 0;
 
     virtual void openMissionControl() = 0;
 
-    // False where the desktop is known to have no such view. It is looked for again with each call, in
-    // the background: what comes of that is what the next call returns.
+    // False if the desktop is known to have no such view. Each call checks again in the background;
+    // the next call returns the result.
     virtual bool hasMissionControl() const { return true; }
 
     // Where the user gives this program access: a page of the system's settings, or the system's question.

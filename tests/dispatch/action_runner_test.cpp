@@ -38,7 +38,7 @@ protected:
         .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock, .session = session});
 };
 
-TEST_F(ActionRunnerTest, aShortcutIsTheKeyDownAndUpWithExactlyItsModifiersInOneCall) {
+TEST_F(ActionRunnerTest, AShortcutPostsKeyDownAndUpWithExactlyItsModifiersInOneCall) {
     const std::uint64_t masks[] = {0, modifier::shift, modifier::option | modifier::command,
                                    std::uint64_t{1} << 63 | 1,
                                    std::numeric_limits<std::uint64_t>::max()};
@@ -50,17 +50,17 @@ TEST_F(ActionRunnerTest, aShortcutIsTheKeyDownAndUpWithExactlyItsModifiersInOneC
     expectNothingElseThan(1, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, aShortcutWithoutModifiersIsPlainDownAndUp) {
+TEST_F(ActionRunnerTest, AShortcutWithoutModifiersPostsPlainDownAndUp) {
     runner->perform(KeyShortcut{0, 0});
     EXPECT_THAT(keyEvents->posts, ElementsAre(Post{{0, true, 0}, {0, false, 0}}));
 }
 
-TEST_F(ActionRunnerTest, locksTheScreenByTheSystemsOwnMeans) {
+TEST_F(ActionRunnerTest, LocksTheScreenWithTheSystemsOwnLock) {
     runner->perform(LockScreen{});
     expectNothingElseThan(0, 1, 0);
 }
 
-TEST_F(ActionRunnerTest, theSystemsLockIsLookedForOnceHoweverOftenTheScreenIsLocked) {
+TEST_F(ActionRunnerTest, TheSystemsLockIsLookedUpOnce) {
     EXPECT_EQ(lock->timesLookedFor, 0);
     for (int count = 0; count < 3; ++count) {
         runner->perform(LockScreen{});
@@ -69,7 +69,7 @@ TEST_F(ActionRunnerTest, theSystemsLockIsLookedForOnceHoweverOftenTheScreenIsLoc
     expectNothingElseThan(0, 3, 0);
 }
 
-TEST_F(ActionRunnerTest, whereTheSystemHasNoLockControlCommandQIsTypedAndItIsNotLookedForAgain) {
+TEST_F(ActionRunnerTest, WithoutASystemLockControlCommandQIsTypedWithoutAnotherLookup) {
     lock->exists = false;
     runner->perform(LockScreen{});
     runner->perform(LockScreen{});
@@ -78,14 +78,14 @@ TEST_F(ActionRunnerTest, whereTheSystemHasNoLockControlCommandQIsTypedAndItIsNot
     expectNothingElseThan(2, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, whereTheSystemRefusesToLockControlCommandQIsTyped) {
+TEST_F(ActionRunnerTest, TypesControlCommandQWhenTheSystemRefusesToLock) {
     runner->perform(LockScreen{});
     EXPECT_THAT(keyEvents->posts, IsEmpty());
     lock->refuse();
     EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut));
 }
 
-TEST_F(ActionRunnerTest, whileLockedOnlyTheLockRuns) {
+TEST_F(ActionRunnerTest, WhileLockedOnlyALockRuns) {
     session->setLocked(true);
     workspace->urls["org.example.Editor"] = "file:///editor";
     runner->perform(KeyShortcut{124, 0});
@@ -96,38 +96,38 @@ TEST_F(ActionRunnerTest, whileLockedOnlyTheLockRuns) {
     expectNothingElseThan(0, 1, 0);
 }
 
-TEST_F(ActionRunnerTest, theLocksShortcutIsNotTypedOnALockedScreen) {
+TEST_F(ActionRunnerTest, TheLockShortcutIsNotTypedOnALockedScreen) {
     runner->perform(LockScreen{});
     session->setLocked(true);
     lock->refuse();
     expectNothingElseThan(0, 1, 0);
 }
 
-TEST_F(ActionRunnerTest, withoutASystemsLockALockedScreenGetsNoShortcutEither) {
+TEST_F(ActionRunnerTest, WithoutASystemLockALockedScreenGetsNoShortcut) {
     lock->exists = false;
     session->setLocked(true);
     runner->perform(LockScreen{});
     expectNothingElseThan(0, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, aRefusalAfterEverythingIsGoneDoesNothing) {
+TEST_F(ActionRunnerTest, ARefusalAfterTheRunnersDestructionDoesNothing) {
     runner->perform(LockScreen{});
     runner.reset();
     lock->refuse();
-    EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut)); // whoever types is still there
+    EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut)); // the poster still exists
     const std::weak_ptr<KeyEventPoster> poster = keyEvents;
     keyEvents.reset();
     EXPECT_TRUE(poster.expired());
     lock->refuse();
 }
 
-TEST_F(ActionRunnerTest, missionControlIsOpenedByTheWorkspace) {
+TEST_F(ActionRunnerTest, TheWorkspaceOpensMissionControl) {
     runner->perform(MissionControl{});
     EXPECT_THAT(workspace->opened, ElementsAre("mission control"));
     expectNothingElseThan(0, 0, 1);
 }
 
-TEST_F(ActionRunnerTest, anApplicationIsOpenedWhereTheWorkspaceFindsItAndItsNameDoesNotCount) {
+TEST_F(ActionRunnerTest, AnApplicationIsLaunchedByIdentifierNotByName) {
     workspace->urls = {{"org.example.Editor", "file:///applications/editor"},
                        {"Editor", "file:///wrong"}};
     runner->perform(LaunchApp{"org.example.Editor", "Editor"});
@@ -135,13 +135,13 @@ TEST_F(ActionRunnerTest, anApplicationIsOpenedWhereTheWorkspaceFindsItAndItsName
     expectNothingElseThan(0, 0, 1);
 }
 
-TEST_F(ActionRunnerTest, anUnknownIdentifierLaunchesNothing) {
+TEST_F(ActionRunnerTest, AnUnknownIdentifierLaunchesNothing) {
     runner->perform(LaunchApp{"org.example.Missing", "Missing"});
     runner->launchApp("");
     expectNothingElseThan(0, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, launchesAlsoWithoutABinding) {
+TEST_F(ActionRunnerTest, LaunchesWithoutABinding) {
     workspace->urls = {{"org.example.Editor", "file:///applications/editor"}};
     runner->launchApp("org.example.Editor");
     EXPECT_THAT(workspace->opened, ElementsAre("application file:///applications/editor"));

@@ -26,7 +26,7 @@ protected:
     std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
 };
 
-TEST_F(ClickDemandTest, tellsAtOnceHowItIs) {
+TEST_F(ClickDemandTest, NotifiesImmediatelyOfTheCurrentDemand) {
     const ClickDemand without(stage.dispatcher, tap);
     EXPECT_THAT(tap->takeNotes(), ElementsAre("not needed"));
     stage.store->setBindings({typing(1, twoFingerClick)});
@@ -35,7 +35,7 @@ TEST_F(ClickDemandTest, tellsAtOnceHowItIs) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
 }
 
-TEST_F(ClickDemandTest, aClickIsWantedExactlyWhileAnEnabledBindingOfOneExists) {
+TEST_F(ClickDemandTest, ClicksAreNeededExactlyWhileAnEnabledClickBindingExists) {
     const ClickDemand demand(stage.dispatcher, tap);
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
@@ -48,14 +48,14 @@ TEST_F(ClickDemandTest, aClickIsWantedExactlyWhileAnEnabledBindingOfOneExists) {
     }
 }
 
-TEST_F(ClickDemandTest, aBindingForOneApplicationIsEnoughWhicheverIsFrontmost) {
+TEST_F(ClickDemandTest, ABindingForOneApplicationIsEnough) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
     EXPECT_THAT(toldAbout({typing(1, fourFingerClick, AppScope{editorID, editorName})}),
                 ElementsAre("needed"));
 }
 
-TEST_F(ClickDemandTest, tellsOnlyOfAChange) {
+TEST_F(ClickDemandTest, NotifiesOnlyOfChanges) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
     EXPECT_THAT(toldAbout({typing(1, pinchIn)}), IsEmpty());
@@ -65,7 +65,7 @@ TEST_F(ClickDemandTest, tellsOnlyOfAChange) {
     EXPECT_THAT(toldAbout({}), IsEmpty());
 }
 
-TEST_F(ClickDemandTest, withTheMasterSwitchOffNoClickIsWanted) {
+TEST_F(ClickDemandTest, WithTheMasterSwitchOffNoClicksAreNeeded) {
     stage.store->setBindings({typing(1, twoFingerClick)});
     const ClickDemand demand(stage.dispatcher, tap);
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
@@ -80,7 +80,7 @@ TEST_F(ClickDemandTest, withTheMasterSwitchOffNoClickIsWanted) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
 }
 
-TEST_F(ClickDemandTest, tellsNothingOnceItIsGone) {
+TEST_F(ClickDemandTest, DoesNotNotifyAfterItsDestruction) {
     std::make_unique<ClickDemand>(stage.dispatcher, tap).reset();
     tap->takeNotes();
     EXPECT_THAT(toldAbout({typing(1, twoFingerClick)}), IsEmpty());

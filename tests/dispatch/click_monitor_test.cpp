@@ -56,12 +56,12 @@ std::optional<GestureType> clickOf(int fingerCount) {
     }
 }
 
-TEST_F(ClickMonitorTest, isIdleUntilStarted) {
+TEST_F(ClickMonitorTest, IsIdleUntilStarted) {
     EXPECT_FALSE(monitor->isRunning());
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, startCreatesTheTapAndEnablesItAndAgainDoesNothing) {
+TEST_F(ClickMonitorTest, StartCreatesAndEnablesTheTapOnce) {
     monitor->start();
     EXPECT_TRUE(monitor->isRunning());
     EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
@@ -70,7 +70,7 @@ TEST_F(ClickMonitorTest, startCreatesTheTapAndEnablesItAndAgainDoesNothing) {
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, withoutPermissionItDoesNotRunAndMayBeStartedAgain) {
+TEST_F(ClickMonitorTest, WithoutPermissionItDoesNotRunAndCanBeRetried) {
     tap->isPermitted = false;
     monitor->start();
     EXPECT_FALSE(monitor->isRunning());
@@ -83,7 +83,7 @@ TEST_F(ClickMonitorTest, withoutPermissionItDoesNotRunAndMayBeStartedAgain) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
 }
 
-TEST_F(ClickMonitorTest, stopDisablesTheTapAndRemovesItAndAgainDoesNothing) {
+TEST_F(ClickMonitorTest, StopDisablesAndRemovesTheTapOnce) {
     monitor->stop();
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
     monitor->start();
@@ -97,7 +97,7 @@ TEST_F(ClickMonitorTest, stopDisablesTheTapAndRemovesItAndAgainDoesNothing) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
 }
 
-TEST_F(ClickMonitorTest, itsEndRemovesTheTapAndWhatStillComesPasses) {
+TEST_F(ClickMonitorTest, ItsDestructorRemovesTheTapAndLaterEventsPass) {
     monitor->start();
     tap->takeNotes();
     monitor.reset();
@@ -109,7 +109,7 @@ TEST_F(ClickMonitorTest, itsEndRemovesTheTapAndWhatStillComesPasses) {
     EXPECT_THAT(offered, IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, itsEndLeavesATapAloneThatDoesNotRun) {
+TEST_F(ClickMonitorTest, ItsDestructorDoesNotCallATapThatIsNotRunning) {
     monitor->start();
     monitor->stop();
     tap->takeNotes();
@@ -117,8 +117,8 @@ TEST_F(ClickMonitorTest, itsEndLeavesATapAloneThatDoesNotRun) {
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }
 
-// Every type of event, every count of fingers, and every answer.
-TEST_F(ClickMonitorTest, onlyAPressWithTwoThreeOrFourFingersIsOfferedAndDroppedOnlyIfTaken) {
+// Every event type, finger count and callback result.
+TEST_F(ClickMonitorTest, OnlyPressesWithTwoToFourFingersAreOfferedAndDroppedIfConsumed) {
     enum class Answer { taken, refused, nobodyAsked };
     for (const ClickEventType type : {leftMouseDown, leftMouseUp, rightMouseDown, rightMouseUp,
                                       tapDisabledByTimeout, tapDisabledByUserInput, other}) {
@@ -152,7 +152,7 @@ TEST_F(ClickMonitorTest, onlyAPressWithTwoThreeOrFourFingersIsOfferedAndDroppedO
     }
 }
 
-TEST_F(ClickMonitorTest, aTapDisabledByATimeoutIsEnabledAgainOnEveryNotice) {
+TEST_F(ClickMonitorTest, ATapDisabledByATimeoutIsReenabledEveryTime) {
     monitor->start();
     tap->takeNotes();
     EXPECT_EQ(tap->offer({tapDisabledByTimeout, 0}), pass);
@@ -174,7 +174,7 @@ struct Story {
     std::vector<Step> steps;
 };
 
-TEST_F(ClickMonitorTest, aDroppedPressLosesItsOwnReleaseAndNoOther) {
+TEST_F(ClickMonitorTest, ADroppedPressDropsOnlyItsOwnRelease) {
     const Story stories[] = {
         {"a dropped press loses its release, and only one",
          {{{leftMouseDown, 0}, 2, true, drop},
@@ -238,7 +238,7 @@ TEST_F(ClickMonitorTest, aDroppedPressLosesItsOwnReleaseAndNoOther) {
     }
 }
 
-TEST_F(ClickMonitorTest, theButtonsThatWaitForTheirReleaseAreKeptOverAStop) {
+TEST_F(ClickMonitorTest, ButtonsAwaitingTheirReleaseSurviveAStop) {
     monitor->start();
     EXPECT_EQ(press(), drop);
     monitor->stop();
@@ -247,7 +247,7 @@ TEST_F(ClickMonitorTest, theButtonsThatWaitForTheirReleaseAreKeptOverAStop) {
     EXPECT_EQ(release(), pass);
 }
 
-TEST_F(ClickMonitorTest, aPressIsOfferedOnce) {
+TEST_F(ClickMonitorTest, APressIsOfferedOnce) {
     monitor->start();
     press();
     release();

@@ -1,7 +1,7 @@
-// A dispatcher between recording ports: gestures go in, and what was typed and logged is there to
-// be compared.
+// A dispatcher between recording ports: the test passes gestures in and compares the typed keys and
+// the log.
 //
-// Thread:  the test's; its main queue runs when the test says so.
+// Thread:  the test's; the test decides when the main queue runs.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -25,7 +25,7 @@
 
 namespace glidemap::test {
 
-// A log entry without what differs from run to run.
+// A log entry without the fields that differ from run to run.
 struct Logged {
     GestureType gesture{};
     std::optional<std::string> action;
@@ -46,7 +46,7 @@ inline GestureBinding binding(GestureType gesture, BindingAction action,
     return {.gesture = gesture, .action = std::move(action), .scope = std::move(scope)};
 }
 
-// Types a key without modifiers, so that the key tells which binding ran.
+// Types a key without modifiers, so that the key identifies the binding.
 inline GestureBinding typing(std::uint16_t keyCode, GestureType gesture,
                              BindingScope scope = GlobalScope{}) {
     return binding(gesture, KeyShortcut{keyCode, 0}, std::move(scope));
@@ -85,7 +85,7 @@ public:
     DispatchStage& operator=(const DispatchStage&) = delete;
     ~DispatchStage() = default;
 
-    // The keys of all shortcuts typed, in order.
+    // The keys of all typed shortcuts, in order.
     std::vector<std::uint16_t> typed() const {
         std::vector<std::uint16_t> keys;
         for (const auto& post : keyEvents->posts) {

@@ -1,5 +1,5 @@
 // Gestures on two threads and clicks on a third, while the main thread changes everything that they
-// read. The thread sanitizer watches.
+// read. Meant for the thread sanitizer.
 
 #include "dispatch/click_demand.h"
 #include "dispatch/click_monitor.h"
@@ -27,7 +27,7 @@ constexpr int gestureThreads = 2;
 const Application editor = {editorID, editorName};
 const Application other = {"org.example.Other", "Other"};
 
-// One list of two that alternate. In each, the key tells the application: 1 and 3 in the editor
+// One of two alternating lists. In each, the key identifies the application: 1 and 3 in the editor
 // (S, F), 0 and 2 elsewhere (A, D).
 BindingList bindings(std::uint16_t first) {
     const BindingScope inEditor = AppScope{editorID, editorName};
@@ -45,7 +45,7 @@ protected:
         monitor.start();
     }
 
-    // Whether a gesture may read so in this application.
+    // Returns whether a gesture may have this entry in this application.
     static bool isConsistent(const GestureLogEntry& entry) {
         const bool isInEditor = entry.appName == editorName;
         return isInEditor
@@ -92,7 +92,7 @@ protected:
     int inconsistent = 0;
 };
 
-TEST_F(DispatchThreadsTest, whateverWasAcceptedRunsOnceAndIsLoggedOnceAsItWasFound) {
+TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnceAsMatched) {
     const Subscription subscription =
         stage.dispatcher->changes().subscribe({}, [this] { noteEntry(); });
     std::vector<std::thread> threads;
@@ -110,7 +110,7 @@ TEST_F(DispatchThreadsTest, whateverWasAcceptedRunsOnceAndIsLoggedOnceAsItWasFou
     }
     work([this] { click(); });
 
-    // On a busy machine they could be done before the switch, once off, is on again.
+    // On a busy machine the threads could finish before the switch is turned on again.
     while (handled == 0) {
         std::this_thread::yield();
     }
@@ -129,7 +129,7 @@ TEST_F(DispatchThreadsTest, whateverWasAcceptedRunsOnceAndIsLoggedOnceAsItWasFou
     EXPECT_EQ(unpaired, 0);
 }
 
-TEST_F(DispatchThreadsTest, theDispatcherMayGoWhileItsWorkWaits) {
+TEST_F(DispatchThreadsTest, TheDispatcherMayBeDestroyedWhileItsWorkIsQueued) {
     stage.dispatcher->setMasterEnabled(true);
     std::thread engine([this] {
         const auto dispatcher = stage.dispatcher;

@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 const BindingScope inEditor = AppScope{editorID, editorName};
 
-TEST(GestureDispatcher, runsTheActionAndThenLogsItInTwoTasksOfTheMainQueue) {
+TEST(GestureDispatcher, RunsTheActionAndLogsItInTwoMainQueueTasks) {
     DispatchStage stage({typing(1, twoFingerTap)});
     stage.bringEditorForward();
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
@@ -35,7 +35,7 @@ TEST(GestureDispatcher, runsTheActionAndThenLogsItInTwoTasksOfTheMainQueue) {
     EXPECT_EQ(stage.mainQueue->waiting(), 0U);
 }
 
-TEST(GestureDispatcher, aGestureWithoutABindingIsLoggedWithoutAnAction) {
+TEST(GestureDispatcher, AGestureWithoutABindingIsLoggedWithoutAnAction) {
     DispatchStage stage({typing(1, threeFingerTap)});
     EXPECT_FALSE(stage.dispatcher->handle(twoFingerTap, true));
     EXPECT_EQ(stage.mainQueue->waiting(), 1U);
@@ -44,7 +44,7 @@ TEST(GestureDispatcher, aGestureWithoutABindingIsLoggedWithoutAnAction) {
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(GestureDispatcher, withoutExecutionABoundGestureIsLoggedWithItsActionAndNothingRuns) {
+TEST(GestureDispatcher, WithoutExecutionABoundGestureIsOnlyLoggedWithItsAction) {
     DispatchStage stage({typing(1, twoFingerTap)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, false));
     EXPECT_EQ(stage.mainQueue->waiting(), 1U);
@@ -53,7 +53,7 @@ TEST(GestureDispatcher, withoutExecutionABoundGestureIsLoggedWithItsActionAndNot
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(GestureDispatcher, aTakenClickRunsAndIsLoggedInOneTask) {
+TEST(GestureDispatcher, AConsumedClickRunsAndIsLoggedInOneTask) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.bringEditorForward();
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
@@ -65,7 +65,7 @@ TEST(GestureDispatcher, aTakenClickRunsAndIsLoggedInOneTask) {
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", editorName}));
 }
 
-TEST(GestureDispatcher, aClickIsLoggedOnceItHasRun) {
+TEST(GestureDispatcher, AClickIsLoggedAfterItHasRun) {
     DispatchStage stage({typing(1, twoFingerClick)});
     std::vector<std::uint16_t> typedBefore;
     const Subscription subscription =
@@ -75,14 +75,14 @@ TEST(GestureDispatcher, aClickIsLoggedOnceItHasRun) {
     EXPECT_THAT(typedBefore, ElementsAre(1));
 }
 
-TEST(GestureDispatcher, aClickWithoutABindingIsNotTakenAndLeavesTheLogUnchanged) {
+TEST(GestureDispatcher, AnUnboundClickIsNeitherConsumedNorLogged) {
     DispatchStage stage({typing(1, threeFingerClick)});
     EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
     EXPECT_EQ(stage.mainQueue->waiting(), 0U);
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcher, withTheMasterSwitchOffNothingIsHandledNorLogged) {
+TEST(GestureDispatcher, WithTheMasterSwitchOffNothingIsHandledOrLogged) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->setMasterEnabled(false);
     EXPECT_FALSE(stage.dispatcher->handle(twoFingerTap, true));
@@ -97,7 +97,7 @@ TEST(GestureDispatcher, withTheMasterSwitchOffNothingIsHandledNorLogged) {
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
 }
 
-TEST(GestureDispatcher, whileTheMainThreadHangsClicksPassAndGesturesAreNotRunLate) {
+TEST(GestureDispatcher, WhileTheMainThreadHangsClicksPassAndLateGesturesAreDropped) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
     stage.uptime += 999ms;
@@ -117,9 +117,9 @@ TEST(GestureDispatcher, whileTheMainThreadHangsClicksPassAndGesturesAreNotRunLat
     EXPECT_THAT(stage.typed(), ElementsAre(2));
 }
 
-TEST(GestureDispatcher, aGestureThatWaitsNoticesTheHungMainThreadForClicks) {
+TEST(GestureDispatcher, AWaitingGestureRevealsTheHungMainThreadToClicks) {
     DispatchStage stage({typing(2, twoFingerClick)});
-    stage.dispatcher->handle(twoFingerTap, true); // unbound, and logged nevertheless
+    stage.dispatcher->handle(twoFingerTap, true); // unbound, but still logged
     stage.uptime += 1s;
     EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
     stage.uptime += 1h;
@@ -127,7 +127,7 @@ TEST(GestureDispatcher, aGestureThatWaitsNoticesTheHungMainThreadForClicks) {
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerTap, nullopt, nullopt}));
 }
 
-TEST(GestureDispatcher, whileLockedNothingRunsNorIsLogged) {
+TEST(GestureDispatcher, WhileLockedNothingRunsOrIsLogged) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick),
                          binding(threeFingerTap, LaunchApp{editorID, editorName}),
                          binding(fourFingerTap, MissionControl{})});
@@ -149,7 +149,7 @@ TEST(GestureDispatcher, whileLockedNothingRunsNorIsLogged) {
     EXPECT_THAT(stage.typed(), ElementsAre(1));
 }
 
-TEST(GestureDispatcher, whileLockedOneCanStillLockAndNothingIsLogged) {
+TEST(GestureDispatcher, WhileLockedALockStillRunsAndNothingIsLogged) {
     DispatchStage stage(
         {binding(twoFingerTap, LockScreen{}), binding(twoFingerClick, LockScreen{})});
     stage.lock->exists = true;
@@ -161,7 +161,7 @@ TEST(GestureDispatcher, whileLockedOneCanStillLockAndNothingIsLogged) {
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcher, whatTheLockOvertakesDoesNotRun) {
+TEST(GestureDispatcher, ActionsQueuedBeforeALockDoNotRunAfterIt) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
@@ -171,7 +171,7 @@ TEST(GestureDispatcher, whatTheLockOvertakesDoesNotRun) {
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcher, whatWasAcceptedBeforeTheMasterSwitchWentOffStillRuns) {
+TEST(GestureDispatcher, GesturesAcceptedBeforeTheMasterSwitchWentOffStillRun) {
     DispatchStage stage({typing(1, twoFingerTap)});
     stage.dispatcher->handle(twoFingerTap, true);
     stage.dispatcher->setMasterEnabled(false);
@@ -179,7 +179,7 @@ TEST(GestureDispatcher, whatWasAcceptedBeforeTheMasterSwitchWentOffStillRuns) {
     EXPECT_THAT(stage.typed(), ElementsAre(1));
 }
 
-TEST(GestureDispatcher, asksForTheFrontmostApplicationOnceAGesture) {
+TEST(GestureDispatcher, QueriesTheFrontmostApplicationOncePerGesture) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true);
     EXPECT_EQ(stage.workspace->timesAskedForFrontmost, 1);
@@ -189,7 +189,7 @@ TEST(GestureDispatcher, asksForTheFrontmostApplicationOnceAGesture) {
     EXPECT_EQ(stage.workspace->timesAskedForFrontmost, 2);
 }
 
-TEST(GestureDispatcher, theApplicationThatCountsIsTheOneFrontmostAtTheGesture) {
+TEST(GestureDispatcher, UsesTheApplicationThatWasFrontmostAtTheGesture) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerTap, inEditor),
                          typing(3, twoFingerClick, inEditor)});
     stage.bringEditorForward();
@@ -202,7 +202,7 @@ TEST(GestureDispatcher, theApplicationThatCountsIsTheOneFrontmostAtTheGesture) {
                                             Logged{twoFingerTap, "Shortcut D", editorName}));
 }
 
-TEST(GestureDispatcher, frontmostIsWhatTheWorkspaceReportsEachPartPossiblyAbsent) {
+TEST(GestureDispatcher, FrontmostReturnsTheWorkspacesValuesEachPossiblyAbsent) {
     const Application rows[] = {
         {nullopt, nullopt}, {editorID, nullopt}, {nullopt, editorName}, {editorID, editorName}};
     for (const Application& row : rows) {
@@ -222,10 +222,10 @@ struct CircleRow {
     std::string fact;
     BindingList bindings;
     GestureType drawn;
-    std::optional<std::uint16_t> key; // what is typed
+    std::optional<std::uint16_t> key; // the typed key, if any
 };
 
-TEST(GestureDispatcher, aCircleWithoutABindingForItsOwnDirectionIsACircleOfAnyDirection) {
+TEST(GestureDispatcher, ACircleFallsBackToTheBindingForAnyDirection) {
     const CircleRow rows[] = {
         {"any runs for clockwise", {typing(1, drawCircle)}, drawCircleClockwise, 1},
         {"any runs for counterclockwise", {typing(1, drawCircle)}, drawCircleCounterclockwise, 1},
@@ -269,7 +269,7 @@ TEST(GestureDispatcher, aCircleWithoutABindingForItsOwnDirectionIsACircleOfAnyDi
     }
 }
 
-TEST(GestureDispatcher, resolvesToTheBindingItselfWithoutDoingAnything) {
+TEST(GestureDispatcher, ResolvingReturnsTheBindingWithoutSideEffects) {
     const GestureBinding global = typing(1, twoFingerTap);
     const GestureBinding own = typing(2, twoFingerTap, inEditor);
     DispatchStage stage({global, own});
@@ -279,7 +279,7 @@ TEST(GestureDispatcher, resolvesToTheBindingItselfWithoutDoingAnything) {
     EXPECT_EQ(stage.mainQueue->waiting(), 0U);
 }
 
-TEST(GestureDispatcher, theBindingThatWasFoundRunsEvenIfItIsGoneByThen) {
+TEST(GestureDispatcher, AMatchedBindingRunsEvenIfItWasDeletedMeanwhile) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true);
     stage.dispatcher->handleClickGesture(twoFingerClick);
@@ -289,7 +289,7 @@ TEST(GestureDispatcher, theBindingThatWasFoundRunsEvenIfItIsGoneByThen) {
     EXPECT_FALSE(stage.dispatcher->handle(twoFingerTap, true));
 }
 
-TEST(GestureDispatcher, whatWaitsWhenItGoesDoesNothing) {
+TEST(GestureDispatcher, QueuedWorkDoesNothingAfterTheDispatchersDestruction) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true);
     stage.dispatcher->handleClickGesture(twoFingerClick);
@@ -300,7 +300,7 @@ TEST(GestureDispatcher, whatWaitsWhenItGoesDoesNothing) {
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(EventLog, afterTwentyFiveGesturesHoldsTheTwentyNewestTheNewestFirst) {
+TEST(EventLog, KeepsTheTwentyNewestOfTwentyFiveGesturesNewestFirst) {
     DispatchStage stage;
     const auto& all = allGestureTypes;
     std::vector<Logged> expected;
@@ -314,7 +314,7 @@ TEST(EventLog, afterTwentyFiveGesturesHoldsTheTwentyNewestTheNewestFirst) {
     EXPECT_EQ(stage.logged(), expected);
 }
 
-TEST(EventLog, isTrimmedAfterClicksToo) {
+TEST(EventLog, IsAlsoTrimmedAfterClicks) {
     DispatchStage stage({typing(1, twoFingerClick)});
     for (int count = 0; count < 20; ++count) {
         stage.dispatcher->handle(pinchIn, true);
@@ -326,7 +326,7 @@ TEST(EventLog, isTrimmedAfterClicksToo) {
     EXPECT_EQ(stage.logged().back(), (Logged{pinchIn, nullopt, nullopt}));
 }
 
-TEST(EventLog, everyEntryHasAnIdentifierOfItsOwn) {
+TEST(EventLog, EveryEntryHasAUniqueIdentifier) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.dispatcher->handle(pinchIn, true);
     stage.dispatcher->handle(pinchIn, true);
@@ -339,7 +339,7 @@ TEST(EventLog, everyEntryHasAnIdentifierOfItsOwn) {
     EXPECT_NE(entries[0].id, entries[2].id);
 }
 
-TEST(EventLog, aGesturesDateIsThatOfTheGestureAndAClicksThatOfItsRunning) {
+TEST(EventLog, AGestureIsDatedWhenRecognisedAndAClickWhenRun) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.now = WallTime(100s);
     stage.dispatcher->handle(pinchIn, true);
@@ -352,7 +352,7 @@ TEST(EventLog, aGesturesDateIsThatOfTheGestureAndAClicksThatOfItsRunning) {
     EXPECT_EQ(entries[0].date, WallTime(105s));
 }
 
-TEST(EventLog, withoutAClockOfTheTestsADateIsNow) {
+TEST(EventLog, TheDefaultClockIsTheSystemClock) {
     DispatchStage ports;
     const auto dispatcher = GestureDispatcher::create({.store = ports.store,
                                                        .defaults = ports.defaults,
@@ -368,7 +368,7 @@ TEST(EventLog, withoutAClockOfTheTestsADateIsNow) {
     EXPECT_LE(dispatcher->recentEvents().front().date, after);
 }
 
-TEST(EventLog, isWrittenInTheLanguageOfTheMomentAndNotTranslatedLater) {
+TEST(EventLog, IsWrittenInTheCurrentLanguageAndNotTranslatedLater) {
     DispatchStage stage(
         {binding(twoFingerTap, LockScreen{}), binding(twoFingerClick, LockScreen{})});
     stage.dispatcher->handle(twoFingerTap, true);
@@ -383,7 +383,7 @@ TEST(EventLog, isWrittenInTheLanguageOfTheMomentAndNotTranslatedLater) {
                                             Logged{twoFingerTap, "Lock Screen", nullopt}));
 }
 
-TEST(EventLog, holdsTheDisplayTextOfEveryKindOfAction) {
+TEST(EventLog, HoldsTheDisplayTextOfEveryKindOfAction) {
     DispatchStage stage({
         binding(twoFingerTap, KeyShortcut{124, 0x180000}),
         binding(threeFingerTap, LockScreen{}),
@@ -400,7 +400,7 @@ TEST(EventLog, holdsTheDisplayTextOfEveryKindOfAction) {
                                             Logged{twoFingerTap, "Shortcut ⌥⌘→", nullopt}));
 }
 
-TEST(EventLog, isAnnouncedBeforeAndAfterEachEntryAndNeverOffTheMainQueue) {
+TEST(EventLog, NotifiesBeforeAndAfterEachEntryOnTheMainQueue) {
     DispatchStage stage({typing(1, twoFingerTap)});
     std::vector<std::string> announced;
     const auto note = [&](const std::string& when) {
@@ -415,14 +415,14 @@ TEST(EventLog, isAnnouncedBeforeAndAfterEachEntryAndNeverOffTheMainQueue) {
     EXPECT_THAT(announced, ElementsAre("before 0", "after 1", "before 1", "after 2"));
 }
 
-TEST(MasterSwitch, isOnWhereNothingOrNoBooleanIsStored) {
+TEST(MasterSwitch, IsOnUnlessABooleanIsStored) {
     EXPECT_TRUE(DispatchStage().dispatcher->masterEnabled());
     const auto defaults = std::make_shared<kit::RecordingUserDefaults>();
-    defaults->stored["masterEnabled"] = "false"; // a text
+    defaults->stored["masterEnabled"] = "false"; // text instead of a boolean
     EXPECT_TRUE(DispatchStage({}, defaults).dispatcher->masterEnabled());
 }
 
-TEST(MasterSwitch, isReadFromTheDefaultsAndNothingIsWrittenUntilItIsAssigned) {
+TEST(MasterSwitch, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
     for (const bool stored : {false, true}) {
         const auto defaults = std::make_shared<kit::RecordingUserDefaults>();
         defaults->storedBooleans["masterEnabled"] = stored;
@@ -432,7 +432,7 @@ TEST(MasterSwitch, isReadFromTheDefaultsAndNothingIsWrittenUntilItIsAssigned) {
     }
 }
 
-TEST(MasterSwitch, turningItOffSurvivesARestart) {
+TEST(MasterSwitch, TurningItOffSurvivesARestart) {
     const auto defaults = std::make_shared<kit::RecordingUserDefaults>();
     DispatchStage({}, defaults).dispatcher->setMasterEnabled(false);
     EXPECT_FALSE(DispatchStage({}, defaults).dispatcher->masterEnabled());
@@ -440,7 +440,7 @@ TEST(MasterSwitch, turningItOffSurvivesARestart) {
     EXPECT_TRUE(DispatchStage({}, defaults).dispatcher->masterEnabled());
 }
 
-TEST(MasterSwitch, everyAssignmentIsWrittenAlsoOneThatChangesNothing) {
+TEST(MasterSwitch, EveryAssignmentIsWrittenEvenWithoutAChange) {
     DispatchStage stage;
     stage.dispatcher->setMasterEnabled(true);
     stage.dispatcher->setMasterEnabled(false);
@@ -451,7 +451,7 @@ TEST(MasterSwitch, everyAssignmentIsWrittenAlsoOneThatChangesNothing) {
                             Write{"masterEnabled", false}));
 }
 
-TEST(MasterSwitch, isPublishedBeforeItIsWritten) {
+TEST(MasterSwitch, IsPublishedBeforeItIsWritten) {
     DispatchStage stage;
     std::vector<std::string> announced;
     const auto note = [&](const std::string& when) {
@@ -465,7 +465,7 @@ TEST(MasterSwitch, isPublishedBeforeItIsWritten) {
     EXPECT_EQ(stage.defaults->booleanWrites.size(), 1U);
 }
 
-TEST(MasterSwitch, whatIsWrittenIsTheSwitchAsItStandsAfterAnObserverMovedIt) {
+TEST(MasterSwitch, WritesTheValueThatAnObserverSet) {
     DispatchStage stage;
     bool isFirst = true;
     const Subscription subscription = stage.dispatcher->changes().subscribe({}, [&] {

@@ -1,5 +1,5 @@
-// Fingers on the pad and clicks while the session is in front and while it is not. The engine is in
-// virtual time.
+// Touches and clicks while the session is active and while it is not. The engine runs in virtual
+// time.
 
 #include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
@@ -25,7 +25,7 @@ class GestureRuntimeTest : public testing::Test {
 protected:
     GestureRuntimeTest() {
         tapPort->takeNotes();
-        pad.engine->stop(); // which the stage has started
+        pad.engine->stop(); // the stage has already started it
     }
 
     void tap(int count, double at) {
@@ -51,7 +51,7 @@ protected:
         GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort, session}};
 };
 
-TEST_F(GestureRuntimeTest, WhileAnotherSessionIsInFrontNothingIsRecognisedOrTaken) {
+TEST_F(GestureRuntimeTest, WhileAnotherSessionIsActiveNothingIsRecognisedOrConsumed) {
     runtime->start();
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
     tap(3, 1);
@@ -65,7 +65,7 @@ TEST_F(GestureRuntimeTest, WhileAnotherSessionIsInFrontNothingIsRecognisedOrTake
     EXPECT_EQ(recognised(), (std::vector{threeFingerTap, fiveFingerTap}));
 }
 
-TEST_F(GestureRuntimeTest, InASessionThatIsNotInFrontItStartsOnceTheSessionIs) {
+TEST_F(GestureRuntimeTest, StartsWhenItsSessionBecomesActive) {
     session->setActive(false);
     runtime->start();
     tap(3, 1);
@@ -75,14 +75,14 @@ TEST_F(GestureRuntimeTest, InASessionThatIsNotInFrontItStartsOnceTheSessionIs) {
     EXPECT_EQ(recognised(), std::vector{fourFingerTap});
 }
 
-TEST_F(GestureRuntimeTest, AnAnnouncementThatChangesNothingIsIgnored) {
+TEST_F(GestureRuntimeTest, ANotificationWithoutAChangeIsIgnored) {
     runtime->start();
     tapPort->takeNotes();
     session->setActive(true);
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, FingersThatRestWhileTheSessionChangesDecideNothing) {
+TEST_F(GestureRuntimeTest, FingersThatRestDuringASessionChangeAreNoGesture) {
     runtime->start();
     pad.play(fingers(3).startingAt(1).down().until(1.1));
     session->setActive(false);
@@ -94,7 +94,7 @@ TEST_F(GestureRuntimeTest, FingersThatRestWhileTheSessionChangesDecideNothing) {
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, BeforeTheStartAndAfterTheEndTheSessionDoesNotMatter) {
+TEST_F(GestureRuntimeTest, SessionChangesBeforeStartAndAfterStopAreIgnored) {
     session->setActive(false);
     session->setActive(true);
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
@@ -109,7 +109,7 @@ TEST_F(GestureRuntimeTest, BeforeTheStartAndAfterTheEndTheSessionDoesNotMatter) 
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, ClicksAreTriedAgainWhenDevicesChangeButNotInTheBackground) {
+TEST_F(GestureRuntimeTest, ClickMonitoringIsRetriedWhenDevicesChangeUnlessInactive) {
     tapPort->isPermitted = false;
     runtime->start();
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create (refused)"));
@@ -125,7 +125,7 @@ TEST_F(GestureRuntimeTest, ClicksAreTriedAgainWhenDevicesChangeButNotInTheBackgr
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
 }
 
-TEST_F(GestureRuntimeTest, ASystemWithoutSessionsGivesNone) {
+TEST_F(GestureRuntimeTest, WorksWithoutASessionPort) {
     runtime.emplace(GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort});
     runtime->start();
     tap(3, 1);
@@ -133,18 +133,18 @@ TEST_F(GestureRuntimeTest, ASystemWithoutSessionsGivesNone) {
     runtime->stop();
 }
 
-TEST_F(GestureRuntimeTest, TheSessionMayOutliveIt) {
+TEST_F(GestureRuntimeTest, TheSessionMayOutliveTheRuntime) {
     runtime.reset();
     session->setActive(false);
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, TheClickTapLearnsWhetherAnyClickIsBound) {
+TEST_F(GestureRuntimeTest, TheClickTapIsNotifiedWhetherAnyClickIsBound) {
     stage.store->setBindings({typing(1, twoFingerClick)});
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("needed"));
 }
 
-TEST_F(GestureRuntimeTest, OnceItHasGoneNothingIsDispatched) {
+TEST_F(GestureRuntimeTest, NothingIsDispatchedAfterItsDestruction) {
     stage.store->setBindings({typing(1, twoFingerDoubleTap)});
     runtime->start();
     runtime.reset();

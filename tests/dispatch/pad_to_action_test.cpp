@@ -1,4 +1,4 @@
-// The whole way from fingers on the pad and its button to the action and the log.
+// The whole path from fingers and the button of the pad to the action and the log.
 
 #include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
@@ -32,8 +32,8 @@ protected:
         stage.mainQueue->runAll();
     }
 
-    // What becomes of the press, with these fingers on the pad, and of the release without. They
-    // rest too long for a tap and too briefly for a long press.
+    // Presses with these fingers on the pad and releases without fingers; returns the verdicts. The
+    // fingers rest too long for a tap and too briefly for a long press.
     std::vector<Verdict> click(int fingerCount) {
         const auto frames =
             fingers(fingerCount).startingAt(pad.time.now() + 1).down().hold(0.5).up().frames();
@@ -54,14 +54,14 @@ protected:
     std::vector<Verdict> untouched = {Verdict::pass, Verdict::pass};
 };
 
-TEST_F(PadToActionTest, aTapTypesWhatItIsBoundTo) {
+TEST_F(PadToActionTest, ABoundTapTypesItsShortcut) {
     stage.store->setBindings({typing(1, threeFingerTap)});
     perform(fingers(3).down().hold(0.1).up());
     EXPECT_THAT(stage.typed(), ElementsAre(1));
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{threeFingerTap, "Shortcut S", nullopt}));
 }
 
-TEST_F(PadToActionTest, aSingleTapWaitsForASecondOneOnlyWhileThatIsBound) {
+TEST_F(PadToActionTest, ASingleTapWaitsOnlyWhileItsDoubleTapIsBound) {
     stage.store->setBindings({typing(1, twoFingerTap), typing(2, twoFingerDoubleTap)});
     const kit::Script taps = fingers(2).down().hold(0.1).up().wait(0.1).down().hold(0.1).up();
     perform(taps);
@@ -71,7 +71,7 @@ TEST_F(PadToActionTest, aSingleTapWaitsForASecondOneOnlyWhileThatIsBound) {
     EXPECT_THAT(stage.typed(), ElementsAre(2, 1));
 }
 
-TEST_F(PadToActionTest, aBoundTwoFingerPressIsSwallowedWithItsReleaseAndAnUnboundOnePasses) {
+TEST_F(PadToActionTest, ABoundTwoFingerPressIsSwallowedWithItsReleaseAndAnUnboundOnePasses) {
     EXPECT_EQ(click(2), untouched);
     EXPECT_THAT(stage.logged(), IsEmpty());
     stage.store->setBindings({typing(1, twoFingerClick)});
@@ -80,7 +80,7 @@ TEST_F(PadToActionTest, aBoundTwoFingerPressIsSwallowedWithItsReleaseAndAnUnboun
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", nullopt}));
 }
 
-TEST_F(PadToActionTest, eachCountOfFingersIsAClickOfItsOwnAndOneFingerOrFiveAreNone) {
+TEST_F(PadToActionTest, TwoThreeAndFourFingersAreDifferentClicksOneAndFiveAreNone) {
     stage.store->setBindings(
         {typing(2, twoFingerClick), typing(3, threeFingerClick), typing(4, fourFingerClick)});
     for (const int count : {1, 5}) {
@@ -92,7 +92,7 @@ TEST_F(PadToActionTest, eachCountOfFingersIsAClickOfItsOwnAndOneFingerOrFiveAreN
     EXPECT_THAT(stage.typed(), ElementsAre(2, 3, 4));
 }
 
-TEST_F(PadToActionTest, aClickBoundForOneApplicationIsTheSystemsInAnother) {
+TEST_F(PadToActionTest, AClickBoundForOneApplicationPassesInAnother) {
     stage.store->setBindings({typing(1, twoFingerClick, AppScope{editorID, editorName})});
     EXPECT_EQ(click(2), untouched);
     stage.bringEditorForward();
@@ -100,7 +100,7 @@ TEST_F(PadToActionTest, aClickBoundForOneApplicationIsTheSystemsInAnother) {
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", editorName}));
 }
 
-TEST_F(PadToActionTest, withTheMasterSwitchOffEveryClickPasses) {
+TEST_F(PadToActionTest, WithTheMasterSwitchOffEveryClickPasses) {
     stage.store->setBindings({typing(1, twoFingerClick)});
     stage.dispatcher->setMasterEnabled(false);
     EXPECT_EQ(click(2), untouched);

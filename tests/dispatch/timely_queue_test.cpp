@@ -47,14 +47,14 @@ TEST_F(TimelyQueueTest, DropsATaskThatWaitedLonger) {
     EXPECT_THAT(ran, IsEmpty());
 }
 
-TEST_F(TimelyQueueTest, RunsALateTaskThatIsWorthIt) {
+TEST_F(TimelyQueueTest, RunsALateTaskMarkedToRun) {
     submit("task", IfLate::run);
     now += 1h;
     mainQueue->runAll();
     EXPECT_THAT(ran, ElementsAre("task"));
 }
 
-TEST_F(TimelyQueueTest, CountsTheWaitOfEachTaskByItself) {
+TEST_F(TimelyQueueTest, MeasuresTheWaitOfEachTaskSeparately) {
     submit("first");
     now += 1500ms;
     submit("second");
@@ -63,7 +63,7 @@ TEST_F(TimelyQueueTest, CountsTheWaitOfEachTaskByItself) {
     EXPECT_THAT(ran, ElementsAre("second"));
 }
 
-TEST_F(TimelyQueueTest, IsStalledOnceATaskHasWaitedForASecond) {
+TEST_F(TimelyQueueTest, IsStalledAfterATaskHasWaitedOneSecond) {
     EXPECT_FALSE(queue.isStalled());
     now += 1h;
     EXPECT_FALSE(queue.isStalled()) << "nothing waits";
@@ -77,7 +77,7 @@ TEST_F(TimelyQueueTest, IsStalledOnceATaskHasWaitedForASecond) {
     EXPECT_TRUE(queue.isStalled());
 }
 
-TEST_F(TimelyQueueTest, IsNotStalledOnceWhatWaitedIsTaken) {
+TEST_F(TimelyQueueTest, IsNotStalledAfterTheWaitingTaskHasStarted) {
     submit("old");
     now += 1s;
     submit("new");
@@ -93,14 +93,14 @@ TEST_F(TimelyQueueTest, IsNotStalledOnceWhatWaitedIsTaken) {
 TEST_F(TimelyQueueTest, ATaskThatRunsForLongDoesNotStallTheQueue) {
     bool stalledMeanwhile = true;
     queue.submit(IfLate::drop, [&] {
-        now += 1min; // an alert's own loop, for example
+        now += 1min; // an alert's nested event loop, for example
         stalledMeanwhile = queue.isStalled();
     });
     mainQueue->runAll();
     EXPECT_FALSE(stalledMeanwhile);
 }
 
-TEST_F(TimelyQueueTest, ATaskThatTheMainQueueDiscardsWaitsNoLonger) {
+TEST_F(TimelyQueueTest, ADiscardedTaskNoLongerCountsAsWaiting) {
     submit("task");
     now += 1s;
     ASSERT_TRUE(queue.isStalled());
