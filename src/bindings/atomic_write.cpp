@@ -9,21 +9,21 @@ namespace glidemap {
 
 namespace {
 
-// Where the last of a chain of links points, which need not exist yet. None for a ring of links.
+// Returns the end of a chain of symbolic links, which need not exist, or nullopt for a cycle.
 std::optional<std::filesystem::path> resolved(std::filesystem::path file) {
-    constexpr int longestChain = 40; // as the kernel's own
+    constexpr int maxLinks = 40; // the kernel's limit
     std::error_code error;
-    for (int links = 0; links <= longestChain; ++links) {
+    for (int links = 0; links <= maxLinks; ++links) {
         if (!std::filesystem::is_symlink(file, error)) {
             return file;
         }
-        // A relative link counts from its own folder; an absolute one replaces it.
+        // A relative link is relative to its own folder; an absolute link replaces the path.
         file = file.parent_path() / std::filesystem::read_symlink(file, error);
     }
     return std::nullopt;
 }
 
-// Whoever links to /dev/null wants nothing kept, and not another file in its place.
+// A user who links to /dev/null wants to store nothing: do not replace the device with a file.
 bool isDevice(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::is_character_file(file, error) ||

@@ -1,7 +1,7 @@
-// Replaces the file that a name stands for, whole (core/whole_file.h).
+// Replaces the file that a path refers to, atomically (core/whole_file.h).
 //
-// Thread:  any; blocks for as long as the disk does.
-// Errors:  the system's reason, and the old content is still there.
+// Thread:  any; blocks during disk access.
+// Errors:  the system's error code; the old content stays in place.
 #pragma once
 
 #include <filesystem>
@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// A target that is a symbolic link keeps pointing: what it points at is replaced. The new file is
-// its owner's only, to read and to write.
+// If the target is a symbolic link, the link stays and the file behind it is replaced. Only the
+// owner can read and write the new file.
 std::error_code writeAtomically(const std::filesystem::path& target, std::string_view content);
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// What a binding runs.
+// The action of a binding.
 //
 // Thread:  any; a plain value.
 // Errors:  none.
@@ -22,7 +22,7 @@ struct MissionControl {
     friend bool operator==(const MissionControl&, const MissionControl&) = default;
 };
 
-// Launches the application or brings it forward. The name is only for display.
+// Launches or activates the application. The name is only for display.
 struct LaunchApp {
     std::string bundleID;
     std::string name;
@@ -32,10 +32,10 @@ struct LaunchApp {
 
 using BindingAction = std::variant<KeyShortcut, LockScreen, MissionControl, LaunchApp>;
 
-// As the file of bindings names it, and nothing of what it types or opens.
+// The kind's name in the bindings file; does not include what the action types or opens.
 std::string_view kindOf(const BindingAction& action);
 
-// In the language at the moment of the call.
+// In the language that is current at the call.
 std::string displayString(const BindingAction& action, const Lang& lang = Lang::shared());
 
 } // namespace glidemap

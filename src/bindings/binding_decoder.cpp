@@ -15,28 +15,28 @@ namespace {
 
 using nlohmann::json;
 
-// The deepest object that matters: a shortcut, in an action, in a binding.
-constexpr std::size_t deepestObject = 3;
+// The deepest relevant object: a shortcut in an action in a binding.
+constexpr std::size_t maxObjectDepth = 3;
 
-// Receives the file's values in the order of the text, and turns each object of the array into a
-// binding as soon as it is complete. Memory goes to the bindings and to one object at a time: a
-// value that nobody knows is passed over, however long or deep it is.
+// Receives the file's values in text order and decodes each object of the array as soon as it is
+// complete. Memory use is bounded by the bindings and one object: unknown values are skipped,
+// however long or deep they are.
 class BindingsHandler : public nlohmann::json_sax<json> {
 public:
     std::vector<GestureBinding> takeBindings() { return std::move(bindings); }
     const std::string& reason() const { return _reason; }
 
-    bool null() override { return scalar(UselessValue()); }
+    bool null() override { return scalar(UnsupportedValue()); }
     bool boolean(bool value) override { return scalar(value); }
-    // Only negative numbers come here, and "-0".
+    // Only called for negative numbers, including "-0".
     bool number_integer(std::int64_t value) override {
-        return value == 0 ? number_unsigned(0) : scalar(UselessValue());
+        return value == 0 ? number_unsigned(0) : scalar(UnsupportedValue());
     }
     bool number_unsigned(std::uint64_t value) override { return scalar(value); }
-    // Also integers beyond 64 bits. The text has digits that the double has lost.
+    // Also called for integers beyond 64 bits. The text has digits that the double has lost.
     bool number_float(double /*value*/, const std::string& text) override {
         const auto whole = wholeNumber(text);
-        return whole ? number_unsigned(*whole) : scalar(UselessValue());
+        return whole ? number_unsigned(*whole) : scalar(UnsupportedValue());
     }
     bool string(std::string& value) override { return scalar(std::move(value)); }
     bool binary(json::binary_t& /*value*/) override { return false; }
@@ -56,10 +56,10 @@ private:
     bool finishElement();
 
     bool insideArray = false;
-    std::size_t passing = 0; // how deep in a value that is passed over
+    std::size_t passing = 0; // depth inside a skipped value
     BindingObject element;
-    std::vector<BindingObject*> objects; // those that are open, the element first
-    BindingValue* place = nullptr;       // of the next value; none for a key that nobody knows
+    std::vector<BindingObject*> objects; // the open objects, starting with the array element
+    BindingValue* place = nullptr;       // of the next value; null for an unknown key
     std::vector<GestureBinding> bindings;
     std::string _reason;
 };
@@ -91,7 +91,7 @@ bool BindingsHandler::scalar(BindingValue value) {
 
 void BindingsHandler::pass() {
     if (passing++ == 0 && place != nullptr) {
-        *place = UselessValue();
+        *place = UnsupportedValue();
     }
 }
 
@@ -102,7 +102,7 @@ bool BindingsHandler::start_object(std::size_t /*elements*/) {
     if (objects.empty()) {
         element = {};
         objects.push_back(&element);
-    } else if (passing > 0 || place == nullptr || objects.size() == deepestObject) {
+    } else if (passing > 0 || place == nullptr || objects.size() == maxObjectDepth) {
         pass();
     } else {
         objects.push_back(
@@ -158,8 +158,8 @@ bool BindingsHandler::key(std::string& name) {
     return true;
 }
 
-// The library's words without its own prefix, and without the text read last, which may be as long
-// as the file.
+// The library's message without its prefix and without the token read last, which may be as long as
+// the file.
 bool BindingsHandler::parse_error(std::size_t /*position*/, const std::string& /*lastToken*/,
                                   const json::exception& error) {
     constexpr std::size_t most = 200;
@@ -172,7 +172,7 @@ bool BindingsHandler::parse_error(std::size_t /*position*/, const std::string& /
 } // namespace
 
 std::variant<std::vector<GestureBinding>, DecodingFailure> decodeBindings(std::string_view text) {
-    // To the parser it would be the end of the text.
+    // The parser would treat a zero byte as the end of the text.
     if (text.find('\0') != std::string_view::npos) {
         return DecodingFailure{"not JSON: a zero byte"};
     }

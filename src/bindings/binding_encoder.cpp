@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-using nlohmann::json; // keeps the keys of an object in ascending order
+using nlohmann::json; // sorts the keys of an object
 
 json encoded(const KeyShortcut& shortcut) {
     return {{"kind", "keyboardShortcut"},
@@ -54,8 +54,8 @@ std::string encodeBindings(const std::vector<GestureBinding>& bindings) {
     for (const GestureBinding& binding : bindings) {
         array.push_back(encoded(binding));
     }
-    // An application's name may be any bytes. Those that are no UTF-8 are replaced: the alternative
-    // would be to lose the whole list for them.
+    // An application's name may contain any bytes. Invalid UTF-8 is replaced; failing would lose
+    // the whole list.
     return array.dump(indent, ' ', false, json::error_handler_t::replace) + '\n';
 }
 

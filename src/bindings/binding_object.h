@@ -1,8 +1,8 @@
-// One object of a bindings file as it was read: its known keys, each with a value that is not judged
+// One object of a bindings file as read: its known keys, each with a value that is not validated
 // yet.
 //
-// However the file repeats, nests or lengthens what nobody knows, this does not grow: there is one
-// place for each known key, and the last value of a repeated key stays.
+// Repeated, nested or long unknown values do not increase its size: it has one slot per known key,
+// and the last value of a repeated key wins.
 //
 // Thread:  any; a plain value.
 // Errors:  none.
@@ -45,11 +45,10 @@ std::optional<BindingKey> bindingKeyNamed(std::string_view name);
 struct BindingObject;
 
 struct AbsentValue {};
-// Null, an array, an object deeper than any of ours, and every number whose value is not an unsigned
-// 64-bit integer.
-struct UselessValue {};
+// Null, an array, an object nested too deeply, or a number that is not an unsigned 64-bit integer.
+struct UnsupportedValue {};
 
-using BindingValue = std::variant<AbsentValue, UselessValue, bool, std::uint64_t, std::string,
+using BindingValue = std::variant<AbsentValue, UnsupportedValue, bool, std::uint64_t, std::string,
                                   std::unique_ptr<BindingObject>>;
 
 struct BindingObject {

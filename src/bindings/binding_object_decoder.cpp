@@ -169,8 +169,8 @@ void BindingObjectDecoder::failText(const Part& part, BindingKey key, std::strin
     fail(part, key, quotedForPeople(text) + " is not " + std::string(wanted));
 }
 
-// Shown in ASCII, because a terminal also obeys control characters beyond it. Each of those takes
-// six characters then, and a reason is to fit on a line.
+// Escaped to ASCII, because terminals also interpret control characters beyond ASCII. Each escape
+// takes six characters, and an error message must fit on a line.
 std::string quotedForPeople(std::string_view text) {
     constexpr std::size_t most = 60;
     constexpr std::size_t widest = 150;

@@ -1,7 +1,7 @@
-// Judges one object of a bindings file: either it is a binding, or there is a reason.
+// Validates one object of a bindings file: returns a binding or an error.
 //
-// Thread:  any; one decoder for one object.
-// Errors:  the reason, in words, says where in the object and what.
+// Thread:  any; use one decoder per object.
+// Errors:  an error message with the location in the object and the problem.
 #pragma once
 
 #include "bindings/binding_object.h"
@@ -15,14 +15,14 @@ namespace glidemap {
 
 class BindingObjectDecoder {
 public:
-    // Takes the object's texts.
+    // Moves the texts out of the object.
     std::optional<GestureBinding> decode(BindingObject& object);
 
     // "action.kind: missing"
     const std::string& reason() const { return _reason; }
 
 private:
-    // An object of the binding, and how its keys are named for people: "action.".
+    // An object within the binding, and the prefix of its keys in error messages: "action.".
     struct Part {
         BindingObject& object;
         std::string_view prefix;
@@ -45,10 +45,10 @@ private:
     void fail(const Part& part, BindingKey key, std::string_view what);
     void failText(const Part& part, BindingKey key, std::string_view text, std::string_view wanted);
 
-    std::string _reason; // the first
+    std::string _reason; // the first error
 };
 
-// The text in quotes, short and without anything that a terminal would obey.
+// The text in quotes, shortened, without characters that a terminal interprets.
 std::string quotedForPeople(std::string_view text);
 
 } // namespace glidemap

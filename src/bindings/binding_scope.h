@@ -1,4 +1,4 @@
-// Where a binding holds: everywhere, or only while one application is frontmost.
+// Where a binding applies: everywhere, or only while one application is frontmost.
 //
 // Thread:  any; a plain value.
 // Errors:  none.
@@ -17,7 +17,7 @@ struct GlobalScope {
     friend bool operator==(const GlobalScope&, const GlobalScope&) = default;
 };
 
-// Equal, and hashed, by both fields, although only the identifier is matched.
+// Equality and hash use both fields, although matching uses only the identifier.
 struct AppScope {
     std::string bundleID;
     std::string name;
@@ -27,7 +27,7 @@ struct AppScope {
 
 using BindingScope = std::variant<GlobalScope, AppScope>;
 
-// In the language at the moment of the call.
+// In the language that is current at the call.
 std::string displayString(const BindingScope& scope, const Lang& lang = Lang::shared());
 
 } // namespace glidemap

@@ -15,11 +15,12 @@ namespace glidemap {
 
 namespace {
 
-// Half a million bindings. What is larger is none of ours, and reading it could take all memory.
-constexpr std::size_t largestFile = 128UL * 1024 * 1024;
+// Half a million bindings. A larger file is not a bindings file, and reading it could exhaust the
+// memory.
+constexpr std::size_t maxFileSize = 128UL * 1024 * 1024;
 
 std::optional<BindingList> listIn(const std::filesystem::path& file) {
-    const auto text = readFile(file, largestFile);
+    const auto text = readFile(file, maxFileSize);
     if (!text) {
         return std::nullopt;
     }
@@ -44,7 +45,7 @@ std::filesystem::path BindingStore::location() const {
         std::abort();
     }
     const std::filesystem::path folder = support / "Glidemap";
-    std::error_code ignored; // reading or writing the file fails then, too
+    std::error_code ignored; // reading or writing the file then also fails
     std::filesystem::create_directories(support, ignored);
     makePrivateFolder(folder);
     return folder / "bindings.json";

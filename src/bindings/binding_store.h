@@ -1,12 +1,12 @@
-// The user's list of bindings: loaded at construction, saved whole after every change, and asked
-// which binding a gesture triggers.
+// The user's list of bindings: loads it on construction, saves the whole list after every change,
+// and finds the binding that a gesture triggers.
 //
-// Thread:  changed and observed on the main thread; read on any, each reader having the list as it
-//          stood at one moment. match() and doubleTapBindingExists() do not allocate.
-// Owner:   the program makes one.
-// Errors:  a file that cannot be read, or is none of ours, is replaced by the default bindings. A
-//          failure to save is not shown; saveFailure() has the reason until a later save succeeds.
-//          The next change tries again, and so does the end of the program.
+// Thread:  changed and observed on the main thread; read on any thread, where each reader gets a
+//          consistent snapshot of the list. match() and doubleTapBindingExists() do not allocate.
+// Owner:   the program creates one.
+// Errors:  a file that cannot be read or is invalid is replaced by the default bindings. A failed
+//          save shows no message; saveFailure() returns its error until a save succeeds. The next
+//          change retries, and so does the program on exit.
 #pragma once
 
 #include "bindings/indexed_bindings.h"
@@ -24,35 +24,37 @@ namespace glidemap {
 
 class BindingStore {
 public:
-    // Answers the user's folder for application data; asked each time the file's place is needed.
+    // Returns the user's folder for application data; called each time the file's location is
+    // needed.
     using SupportFolder = std::function<std::filesystem::path()>;
 
     explicit BindingStore(SupportFolder folder);
 
-    // In memory only: nothing is read, and saving writes nothing.
+    // In memory only: loads nothing, and saving does not write a file.
     explicit BindingStore(BindingList list);
 
     BindingStore(const BindingStore&) = delete;
     BindingStore& operator=(const BindingStore&) = delete;
 
-    // In the user's order, which decides between bindings of equal rank.
+    // In the user's order, which decides between bindings of equal priority.
     std::shared_ptr<const BindingList> bindings() const;
 
-    // Announces, assigns and saves.
+    // Announces the change, replaces the list and saves it.
     void setBindings(BindingList list);
     void save();
     void saveIfLastSaveFailed();
 
-    // Why the file lacks the list in memory. Empty after a successful save.
+    // The error of the last save; empty after a successful save.
     std::error_code saveFailure() const { return _saveFailure; }
 
-    // The binding to run, which shares the list's life, or null. Among the enabled bindings of the
-    // gesture the first for the frontmost application wins, else the first global one.
+    // Returns the binding to run, which shares ownership of the list, or null. Among the gesture's
+    // enabled bindings, the first one for the frontmost application takes precedence over the first
+    // global one.
     std::shared_ptr<const GestureBinding> match(GestureType gesture,
                                                 std::optional<std::string_view> frontmost) const;
 
-    // Whether a single tap of so many fingers has to wait for a second one. The scope is not asked:
-    // a double tap for one application makes the single taps wait in all.
+    // Returns whether a single tap with this many fingers must wait for a second tap. Ignores
+    // scopes: a double tap for one application delays the single taps in all applications.
     bool doubleTapBindingExists(int fingerCount) const;
 
     Observable& changes() { return observers; }
@@ -68,7 +70,7 @@ private:
     Observable observers;
 };
 
-// What a new user starts with, each with an identifier of its own.
+// The bindings of a new user, each with a new identifier.
 BindingList defaultBindings();
 
 } // namespace glidemap

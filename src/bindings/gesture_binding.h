@@ -1,7 +1,7 @@
-// One binding: when this gesture is recognised, and this scope applies, run this action.
+// One binding: runs this action when this gesture is recognised and this scope applies.
 //
 // Thread:  any; a plain value.
-// Owner:   the binding store; `id` is made once and stays.
+// Owner:   the binding store; `id` is generated once and never changes.
 // Errors:  none.
 #pragma once
 
@@ -17,7 +17,7 @@ struct GestureBinding {
     GestureType gesture{};
     BindingAction action;
     BindingScope scope;
-    bool enabled = true; // one that is not is kept and shown, and never matched
+    bool enabled = true; // a disabled binding is stored and shown, but never matched
 
     friend bool operator==(const GestureBinding&, const GestureBinding&) = default;
 };

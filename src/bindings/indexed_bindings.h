@@ -1,8 +1,8 @@
-// A list of bindings that knows where each gesture stands in it, so that a gesture is answered in
-// the time of a binary search, however long the list is.
+// A list of bindings with an index by gesture, so that matching takes the time of a binary search,
+// however long the list is.
 //
-// Thread:  any, once it is made.
-// Owner:   the binding store. Moved, not copied: the index points into the list.
+// Thread:  any, after construction.
+// Owner:   the binding store. Movable, not copyable: the index points into the list.
 // Errors:  none.
 #pragma once
 
@@ -30,7 +30,7 @@ public:
 
     const BindingList& list() const { return bindings; }
 
-    // Among the enabled bindings of the gesture the first for the frontmost application, else the
+    // Returns the first enabled binding of the gesture for the frontmost application, else the
     // first global one, else null.
     const GestureBinding* match(GestureType gesture,
                                 std::optional<std::string_view> frontmost) const;
@@ -41,7 +41,7 @@ public:
 private:
     struct ForApp {
         GestureType gesture{};
-        std::string_view bundleID; // the binding's own text
+        std::string_view bundleID; // points to the binding's own text
         const GestureBinding* binding = nullptr;
 
         bool operator<(const ForApp& other) const {
@@ -53,7 +53,7 @@ private:
 
     BindingList bindings;
     std::array<const GestureBinding*, allGestureTypes.size()> firstGlobal{};
-    std::vector<ForApp> forApps; // sorted; equal ones in the list's order
+    std::vector<ForApp> forApps; // sorted; bindings with equal keys keep the list's order
     std::bitset<allGestureTypes.size()> enabled;
 };
 

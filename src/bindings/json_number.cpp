@@ -11,21 +11,21 @@ namespace glidemap {
 
 namespace {
 
-// The value is 0.DIGITS times ten to the power of pointPlace; without digits it is zero.
+// The value is 0.DIGITS * 10^pointPlace; no digits means zero.
 struct Decimal {
     bool isNegative = false;
-    std::string digits; // neither the first nor the last is a zero
+    std::string digits; // neither starts nor ends with a zero
     std::int64_t pointPlace = 0;
 };
 
-// As many digits as the largest value.
+// The number of digits of the maximum value.
 constexpr int maxDigits = std::numeric_limits<std::uint64_t>::digits10 + 1;
 
 bool isDigit(char character) {
     return character >= '0' && character <= '9';
 }
 
-// Far from the limits of its type, so that a file's length can be added.
+// Clamped far from the limits of its type, so that a file's length can be added without overflow.
 std::int64_t exponentIn(std::string_view text) {
     constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 4;
     const bool isNegative = text.starts_with('-');

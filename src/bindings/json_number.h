@@ -1,5 +1,4 @@
-// Exact values of JSON numbers from their text, for the places where a double is too coarse or too
-// small.
+// Exact values of JSON numbers from their text, where a double lacks precision or range.
 //
 // Thread:  any.
 // Errors:  nullopt.
@@ -11,12 +10,12 @@
 
 namespace glidemap {
 
-// Of a number that JSON allows, in any spelling: 36, 36.0, 3.6e1 and 360e-1 are the same. Nullopt if
-// it has a fraction or does not fit. Any single character may stand for the decimal point: parsers
-// leave the one of the locale.
+// For a valid JSON number in any notation: 36, 36.0, 3.6e1 and 360e-1 are equal. Returns nullopt if
+// the number has a fraction or does not fit. Any single character may be the decimal point: parsers
+// use that of the locale.
 std::optional<std::uint64_t> wholeNumber(std::string_view number);
 
-// Whether the number is too large for any whole number here, and perhaps for a double.
+// Returns whether the number exceeds every 64-bit integer, and possibly the range of a double.
 bool isHugeNumber(std::string_view number);
 
 } // namespace glidemap

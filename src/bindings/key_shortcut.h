@@ -1,7 +1,7 @@
-// A key with its modifiers, as a person records it and the system posts it.
+// A key with its modifiers, as the user records it and the system posts it.
 //
-// Units:   `keyCode` is a virtual key code of the US layout; `modifiers` is a mask in the bit layout
-//          of event flags. Bits without a meaning here are kept as they are.
+// Units:   `keyCode` is a virtual key code of the US layout; `modifiers` is a bit mask of event
+//          flags. Unknown bits are preserved.
 // Thread:  any; a plain value.
 // Errors:  none.
 #pragma once

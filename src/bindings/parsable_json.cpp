@@ -11,7 +11,7 @@ namespace glidemap {
 
 namespace {
 
-// Walks through the strings and numbers of a text; all else is passed over.
+// Visits the strings and numbers of a text and skips everything else.
 class Replacer {
 public:
     explicit Replacer(std::string_view original) : text(original) {}
@@ -38,7 +38,7 @@ private:
     void passNumber();
     void replace(std::size_t start, std::string_view replacement);
 
-    // The value of "\uXXXX" at the place, if it stands there.
+    // The value of "\uXXXX" at this position, or nullopt.
     std::optional<std::uint16_t> unitAt(std::size_t start) const;
 
     const std::string_view text;

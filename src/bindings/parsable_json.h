@@ -1,9 +1,9 @@
-// Prepares JSON for a parser that accepts less than JSON allows: numbers must fit into a double there,
-// and an escaped half of a surrogate pair counts as an error.
+// Prepares JSON for a parser that accepts less than JSON allows: its numbers must fit into a
+// double, and it rejects an escaped unpaired surrogate.
 //
-// Memory:  a second text of the same size if there is anything to replace.
+// Memory:  a second copy of the text if anything must be replaced.
 // Thread:  any.
-// Errors:  none; what is not JSON stays, for the parser to refuse.
+// Errors:  none; invalid JSON stays unchanged, and the parser rejects it.
 #pragma once
 
 #include <optional>
@@ -12,9 +12,9 @@
 
 namespace glidemap {
 
-// The text with null for each number that is too large for a whole number of 64 bits and that the
-// parser might refuse, and with U+FFFD for each escaped half of a surrogate pair. All else keeps its
-// place. Nullopt if the text can be parsed as it stands.
+// Replaces with null each number that exceeds 64-bit integers and that the parser might reject, and
+// replaces each escaped unpaired surrogate with U+FFFD. Everything else keeps its position. Returns
+// nullopt if the text needs no change.
 std::optional<std::string> parsableJson(std::string_view text);
 
 } // namespace glidemap

@@ -1,15 +1,15 @@
-// A folder that only its owner can use.
+// A folder that only its owner can access.
 //
 // Thread:  any.
-// Errors:  silent: reading or writing a file in the folder fails then, too. A folder that belongs to
-//          another user stays as it is.
+// Errors:  silent: reading or writing a file in the folder then also fails. A folder that belongs
+//          to another user is not changed.
 #pragma once
 
 #include <filesystem>
 
 namespace glidemap {
 
-// Makes the folder, or takes other users' rights to an existing one away.
+// Creates the folder, or revokes other users' permissions on an existing one.
 void makePrivateFolder(const std::filesystem::path& folder);
 
 } // namespace glidemap

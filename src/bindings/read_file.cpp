@@ -16,7 +16,7 @@ bool isRegular(int file) {
 
 } // namespace
 
-std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t mostBytes) {
+std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t maxBytes) {
     // O_NONBLOCK: opening a pipe would wait for its writer.
     const OpenFile file(
         retried([&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
@@ -25,7 +25,7 @@ std::optional<std::string> readFile(const std::filesystem::path& path, std::size
     }
     constexpr std::size_t chunk = 64UL * 1024;
     std::string content;
-    while (content.size() <= mostBytes) {
+    while (content.size() <= maxBytes) {
         const std::size_t before = content.size();
         content.resize(before + chunk);
         const ssize_t count =

@@ -1,8 +1,8 @@
-// Reads a file whole, whatever stands in its place.
+// Reads a whole file, and only a regular file.
 //
 // Units:   bytes.
-// Thread:  any; blocks for as long as the disk does.
-// Errors:  no content, and no words, since nobody is told them.
+// Thread:  any; blocks during disk access.
+// Errors:  nullopt without a reason, because no caller reports one.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +12,8 @@
 
 namespace glidemap {
 
-// None if the file cannot be read, is larger, or is no regular file: a pipe or a device would make
-// its reader wait, or never end.
-std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t mostBytes);
+// Returns nullopt if the file cannot be read, is larger than maxBytes, or is not a regular file: a
+// pipe or a device could block its reader, or never end.
+std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t maxBytes);
 
 } // namespace glidemap

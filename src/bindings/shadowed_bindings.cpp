@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// Scopes match by the application's identifier alone.
+// Scopes match by the application's identifier only.
 using Place = std::pair<GestureType, std::optional<std::string>>;
 
 Place placeOf(const GestureBinding& binding) {

@@ -1,4 +1,5 @@
-// Which bindings can never run, because one before them is for the same gesture and the same scope and both are enabled.
+// Finds bindings that can never run because an earlier enabled binding has the same gesture and
+// scope.
 //
 // Thread:  any; a pure function.
 // Errors:  none.
@@ -10,7 +11,7 @@
 
 namespace glidemap {
 
-// One for each binding, in the list's order.
+// One value per binding, in the list's order.
 std::vector<bool> shadowedBindings(const BindingList& bindings);
 
 } // namespace glidemap

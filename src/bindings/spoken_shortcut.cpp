@@ -27,7 +27,7 @@ constexpr std::array modifiers = {
     Modifier{modifier::command, "⌘", "Command", "Super"},
 };
 
-// Of what is a sign on the screen, and would be read as one, or not at all.
+// The words for keys whose label is a symbol, which a screen reader would misread or skip.
 struct Word {
     std::string_view sign;
     const char* english;

@@ -1,7 +1,7 @@
-// A shortcut in words, for programs that read the window aloud and for keyboards whose keys bear other names than the symbols.
+// A shortcut in words, for screen readers and for keyboards with key names instead of symbols.
 //
-// Thread:  any; pure functions, but for the kind of keyboard, which is set once at the start.
-// Errors:  none. A key without a word of its own is called what it is shown as.
+// Thread:  any; pure functions, except the keyboard kind, which is set once on startup.
+// Errors:  none. A key without a word of its own is spoken by its label.
 #pragma once
 
 #include "bindings/key_shortcut.h"
@@ -17,18 +17,19 @@ enum class KeyboardKind {
     pc,    // Ctrl, Alt, Shift, Super
 };
 
-// Of this system's keyboards; Apple's until it is set. Only the home that runs knows, and every view asks.
+// The keyboard kind of this system; Apple's until it is set. Only the platform knows it, and every
+// view needs it.
 void setUsualKeyboard(KeyboardKind kind);
 KeyboardKind usualKeyboard();
 
-// The symbols of these modifiers alone, in the order of a shortcut: "⌃⌥".
+// The symbols of these modifiers alone, in shortcut order: "⌃⌥".
 std::string modifierSymbols(std::uint64_t modifiers);
 
 // "Option Command Right Arrow".
 std::string spokenShortcut(const KeyShortcut& shortcut, const Lang& lang,
                            KeyboardKind keyboard = usualKeyboard());
 
-// "Alt+Super+→", as keyboards of that kind are spoken of; empty where the symbols say it already.
+// "Alt+Super+→", the notation for keyboards of that kind; empty if it would repeat the symbols.
 std::string writtenShortcut(const KeyShortcut& shortcut, KeyboardKind keyboard = usualKeyboard());
 
 } // namespace glidemap

@@ -32,14 +32,14 @@ protected:
     fs::path file = folder / "file";
 };
 
-TEST_F(AtomicWriteTest, MakesTheFileForItsOwnerOnlyAndLeavesNothingElse) {
+TEST_F(AtomicWriteTest, CreatesTheFileForItsOwnerOnlyAndNoOtherFile) {
     EXPECT_FALSE(writeAtomically(file, "content"));
     EXPECT_EQ(contentOf(file), "content");
     EXPECT_EQ(modeOf(file), 0600U);
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST_F(AtomicWriteTest, ReplacesWhateverWasThere) {
+TEST_F(AtomicWriteTest, ReplacesAnExistingFile) {
     using namespace std::string_literals;
     writeContent(file, "a longer content than the new one");
     fs::permissions(file, fs::perms::all);
@@ -51,14 +51,14 @@ TEST_F(AtomicWriteTest, ReplacesWhateverWasThere) {
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST_F(AtomicWriteTest, TheOwnerCanReadItWhateverTheUmask) {
+TEST_F(AtomicWriteTest, TheOwnerCanReadItWithEveryUmask) {
     const mode_t before = umask(0777);
     EXPECT_FALSE(writeAtomically(file, "content"));
     umask(before);
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
-TEST_F(AtomicWriteTest, WhoHasTheOldFileOpenKeepsTheOldContent) {
+TEST_F(AtomicWriteTest, AReaderOfTheOldFileKeepsTheOldContent) {
     writeContent(file, "old");
     std::ifstream reader(file);
     EXPECT_FALSE(writeAtomically(file, "new"));
@@ -78,7 +78,7 @@ TEST_F(AtomicWriteTest, ADeviceIsNotReplaced) {
     EXPECT_TRUE(fs::is_character_file(folder / "null"));
 }
 
-TEST_F(AtomicWriteTest, ARelativeNameCountsFromTheWorkingFolder) {
+TEST_F(AtomicWriteTest, ARelativePathIsRelativeToTheWorkingFolder) {
     const fs::path before = fs::current_path();
     fs::current_path(folder);
     EXPECT_FALSE(writeAtomically("file", "content"));
@@ -88,7 +88,8 @@ TEST_F(AtomicWriteTest, ARelativeNameCountsFromTheWorkingFolder) {
 
 struct Link {
     const char* name;
-    const char* target; // from the folder "links"; "" stands for the real file's whole path
+    // relative to the folder "links"; "" stands for the real file's absolute path
+    const char* target;
 };
 
 const Link links[] = {
@@ -98,7 +99,7 @@ const Link links[] = {
     {"through a linked folder", "there/real"},
 };
 
-TEST_F(AtomicWriteTest, ALinkKeepsPointingAndWhatItPointsAtIsReplaced) {
+TEST_F(AtomicWriteTest, ALinkStaysAndItsTargetIsReplaced) {
     const fs::path elsewhere = folder / "elsewhere";
     for (const bool exists : {true, false}) {
         for (const Link& row : links) {
@@ -124,7 +125,7 @@ TEST_F(AtomicWriteTest, ALinkKeepsPointingAndWhatItPointsAtIsReplaced) {
     }
 }
 
-TEST_F(AtomicWriteTest, ARingOfLinksFailsAndStays) {
+TEST_F(AtomicWriteTest, ACycleOfLinksFailsAndStays) {
     fs::create_symlink("second", file);
     fs::create_symlink("file", folder / "second");
     EXPECT_EQ(writeAtomically(file, "content"), std::errc::too_many_symbolic_link_levels);
@@ -140,21 +141,21 @@ TEST_F(AtomicWriteTest, WithoutAFolderItFails) {
     EXPECT_TRUE(writeAtomically(folder / "", "content"));
 }
 
-TEST_F(AtomicWriteTest, AFolderInThePlaceOfTheFileFailsAndStays) {
+TEST_F(AtomicWriteTest, AFolderAtTheFilesPathFailsAndStays) {
     fs::create_directory(file);
     EXPECT_TRUE(writeAtomically(file, "content"));
     EXPECT_TRUE(fs::is_directory(file));
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST_F(AtomicWriteTest, APipeInThePlaceOfTheFileIsReplacedWithoutWaitingForAReader) {
+TEST_F(AtomicWriteTest, APipeAtTheFilesPathIsReplacedWithoutWaitingForAReader) {
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
     EXPECT_FALSE(writeAtomically(file, "content"));
     EXPECT_TRUE(fs::is_regular_file(file));
     EXPECT_EQ(contentOf(file), "content");
 }
 
-TEST_F(AtomicWriteTest, WhatAKilledWriterLeftGoesWithTheNextWrite) {
+TEST_F(AtomicWriteTest, TheNextWriteRemovesTheTemporaryFileOfAKilledWriter) {
     writeContent(file, "old");
     writeContent(folder / ".file.saving", "half of someth");
     EXPECT_FALSE(writeAtomically(file, "new"));
@@ -170,7 +171,7 @@ TEST_F(AtomicWriteTest, ALinkUnderTheTemporaryNameIsNotFollowed) {
     EXPECT_EQ(namesIn(folder), (Names{"file", "innocent"}));
 }
 
-// Makes the disk full for this process, in the middle of a file.
+// Simulates a full disk for this process, in the middle of a file.
 class FilesNoLargerThan {
 public:
     explicit FilesNoLargerThan(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -190,7 +191,7 @@ private:
     rlimit before{};
 };
 
-TEST_F(AtomicWriteTest, AWriteThatStopsInTheMiddleLeavesTheOldContentAndNoTemporaryFile) {
+TEST_F(AtomicWriteTest, AnInterruptedWriteKeepsTheOldContentAndLeavesNoTemporaryFile) {
     const std::string content(100'000, 'x');
     EXPECT_FALSE(writeAtomically(file, "old"));
     for (const rlim_t room : {rlim_t{0}, rlim_t{1}, rlim_t{65'536}, rlim_t{99'999}}) {
@@ -207,7 +208,7 @@ TEST_F(AtomicWriteTest, AWriteThatStopsInTheMiddleLeavesTheOldContentAndNoTempor
     EXPECT_FALSE(writeAtomically(file, content));
 }
 
-TEST_F(AtomicWriteTest, AReaderFindsOneOfTheContentsAtAnyMoment) {
+TEST_F(AtomicWriteTest, AReaderAlwaysFindsOneCompleteContent) {
     const std::string contents[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_FALSE(writeAtomically(file, contents[0]));
     std::atomic<bool> done = false;
@@ -226,8 +227,8 @@ TEST_F(AtomicWriteTest, AReaderFindsOneOfTheContentsAtAnyMoment) {
     reader.join();
 }
 
-// One of the two may fail now and then, where the other one is always at work at the moment of a try;
-// neither ever puts in place what the other has only half written.
+// Either writer may fail occasionally if the other one holds the lock at every attempt; neither
+// ever installs a file that the other has only partly written.
 TEST_F(AtomicWriteTest, TwoWritersDoNotMix) {
     const std::string contents[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_FALSE(writeAtomically(file, contents[0]));

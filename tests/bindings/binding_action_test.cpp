@@ -26,7 +26,7 @@ const Row rows[] = {
     {LaunchApp{"org.example.Notes", ""}, "Open ", "打开 "},
 };
 
-TEST(BindingActionTest, IsShownInTheLanguageOfTheMoment) {
+TEST(BindingActionTest, IsShownInTheCurrentLanguage) {
     Lang lang(nullptr);
     for (const Row& row : rows) {
         lang.setCode("en");
@@ -38,7 +38,7 @@ TEST(BindingActionTest, IsShownInTheLanguageOfTheMoment) {
     }
 }
 
-TEST(BindingActionTest, IsShownInTheSharedLanguageUnlessToldOtherwise) {
+TEST(BindingActionTest, IsShownInTheSharedLanguageByDefault) {
     EXPECT_EQ(displayString(BindingAction(LockScreen{})), "Lock Screen");
     const kit::InLanguage chinese("zh");
     EXPECT_EQ(displayString(BindingAction(LockScreen{})), "锁定屏幕");
@@ -57,7 +57,7 @@ TEST(BindingActionTest, IsEqualByCaseAndPayload) {
     }
 }
 
-TEST(BindingActionTest, IsOfTheKindThatTheFileNames) {
+TEST(BindingActionTest, HasTheKindNameOfTheFileFormat) {
     for (const Row& row : rows) {
         GestureBinding binding;
         binding.action = row.action;

@@ -15,7 +15,7 @@ using namespace std::string_literals;
 
 constexpr const char* identifier = "0123ABCD-EF01-4567-89AB-CDEF01234567";
 
-// A binding object in which single members can be replaced or left out.
+// A binding object whose members can be replaced or omitted.
 struct Object {
     std::string id = R"("id": "0123ABCD-EF01-4567-89AB-CDEF01234567",)";
     std::string gesture = R"("gesture": "twoFingerTap",)";
@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
                              withScope(R"({"kind": "global", "bundleID": "a.b", "name": 3})"),
                              {expected()}}));
 
-constexpr auto mostModifiers = std::numeric_limits<std::uint64_t>::max();
+constexpr auto maxModifiers = std::numeric_limits<std::uint64_t>::max();
 
 INSTANTIATE_TEST_SUITE_P(
     Numbers, Decodes,
@@ -143,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {expected(KeyShortcut{0, std::uint64_t{1} << 63})}},
         Readable{"2^64-1",
                  withModifiers("18446744073709551615"),
-                 {expected(KeyShortcut{0, mostModifiers})}},
+                 {expected(KeyShortcut{0, maxModifiers})}},
         Readable{"minus zero is zero", withKeyCode("-0"), {expected(KeyShortcut{0, 0})}},
         Readable{"minus zero as a fraction", withKeyCode("-0.0"), {expected(KeyShortcut{0, 0})}},
         Readable{"as a fraction", withKeyCode("36.0"), {expected(KeyShortcut{36, 0})}},
@@ -163,16 +163,16 @@ INSTANTIATE_TEST_SUITE_P(
                  {expected(KeyShortcut{36, 0})}},
         Readable{"the highest as a fraction",
                  withModifiers("18446744073709551615.0"),
-                 {expected(KeyShortcut{0, mostModifiers})}},
+                 {expected(KeyShortcut{0, maxModifiers})}},
         Readable{"the highest with an exponent",
                  withModifiers("1.8446744073709551615e19"),
-                 {expected(KeyShortcut{0, mostModifiers})}}));
+                 {expected(KeyShortcut{0, maxModifiers})}}));
 
 std::string withUnknown(const std::string& value) {
     return in({.enabled = R"("enabled": true, "unknown": )" + value});
 }
 
-// Each is JSON. What it is makes no difference where it is ignored.
+// Every value is valid JSON. Its type does not matter where it is ignored.
 INSTANTIATE_TEST_SUITE_P(
     UnknownValues, Decodes,
     testing::Values(
@@ -256,7 +256,7 @@ std::ostream& operator<<(std::ostream& stream, const Unreadable& row) {
 
 class Refuses : public testing::TestWithParam<Unreadable> {};
 
-TEST_P(Refuses, TheWholeArrayAndSaysWhy) {
+TEST_P(Refuses, TheWholeArrayWithAReason) {
     const auto decoded = decodeBindings(GetParam().text);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     ASSERT_NE(failure, nullptr) << GetParam().text;
@@ -426,7 +426,7 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"null for the array", "null", "not an array"},
         Unreadable{"a text for the array", "\"[]\"", "not an array"}));
 
-// The words between are the parser's own.
+// The text between the location and the end comes from the parser.
 struct NoJson {
     const char* name;
     std::string text;
@@ -439,7 +439,7 @@ std::ostream& operator<<(std::ostream& stream, const NoJson& row) {
 
 class RefusesAsJson : public testing::TestWithParam<NoJson> {};
 
-TEST_P(RefusesAsJson, AndSaysWhereInAShortPlainText) {
+TEST_P(RefusesAsJson, TheWholeArrayWithALocationAndAShortReason) {
     const auto decoded = decodeBindings(GetParam().text);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     ASSERT_NE(failure, nullptr) << GetParam().text;

@@ -67,7 +67,7 @@ TEST(BindingEncoderTest, AnApplicationIsWrittenWithIdentifierAndName) {
 )");
 }
 
-TEST(BindingEncoderTest, TheOtherActionsAreTheirKindAlone) {
+TEST(BindingEncoderTest, OtherActionsAreWrittenAsTheirKindOnly) {
     EXPECT_EQ(encodeBindings({binding(LockScreen{}), binding(MissionControl{})}), R"([
   {
     "action": {
@@ -102,7 +102,7 @@ void expectRoundTrip(const std::vector<GestureBinding>& list) {
     EXPECT_EQ(std::get<std::vector<GestureBinding>>(decoded), list);
 }
 
-TEST(BindingEncoderTest, WhatIsWrittenIsReadBackEqualIdentifierIncluded) {
+TEST(BindingEncoderTest, EncodedBindingsRoundTripWithTheirIdentifiers) {
     using Limits = std::numeric_limits<std::uint64_t>;
     using namespace std::string_literals;
     std::vector<GestureBinding> list;
@@ -118,13 +118,13 @@ TEST(BindingEncoderTest, WhatIsWrittenIsReadBackEqualIdentifierIncluded) {
                                     "备忘录"s, "🖐🏽"s, "\u2028"s, std::string(100'000, 'x')}) {
         list.push_back(binding(LaunchApp{text, text}, AppScope{text, text}));
     }
-    list.push_back(list.back()); // nothing forbids it
+    list.push_back(list.back()); // duplicates are allowed
     list.back().enabled = false;
     expectRoundTrip(list);
 }
 
-// Some programs take their names from wherever they find them.
-TEST(BindingEncoderTest, AnApplicationWhoseTextsAreNoTextCostsNobodyElseTheirBinding) {
+// Some programs take their names from arbitrary sources.
+TEST(BindingEncoderTest, InvalidUtf8InOneBindingDoesNotLoseTheOthers) {
     const GestureBinding good = binding(KeyShortcut{1, 2});
     for (const char* bytes : {"\xFF", "a\xC3", "\xC3(", "\xED\xA0\x80", "\xC0\x80", "\xF8\x88"}) {
         const GestureBinding bad = binding(LaunchApp{bytes, bytes}, AppScope{bytes, bytes});

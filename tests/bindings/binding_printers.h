@@ -1,4 +1,4 @@
-// How GoogleTest prints bindings: as they stand in the file.
+// Lets GoogleTest print bindings as they appear in the file.
 #pragma once
 
 #include "bindings/binding_json.h"

@@ -23,7 +23,7 @@ TEST(BindingScopeTest, IsShownAsGlobalOrAsTheApplicationsName) {
     EXPECT_EQ(displayString(BindingScope(AppScope{"org.example.Notes", "Notes"}), lang), "Notes");
 }
 
-TEST(BindingScopeTest, IsShownInTheSharedLanguageUnlessToldOtherwise) {
+TEST(BindingScopeTest, IsShownInTheSharedLanguageByDefault) {
     const kit::InLanguage chinese("zh");
     EXPECT_EQ(displayString(BindingScope(GlobalScope{})), "全局");
 }
@@ -45,7 +45,7 @@ TEST(BindingScopeTest, IsHashedByBothTexts) {
     EXPECT_EQ(hashes.size(), different.size()) << "two of them share a hash";
 }
 
-TEST(BindingScopeTest, IsAKeyOfHashedContainers) {
+TEST(BindingScopeTest, CanBeAKeyOfHashedContainers) {
     std::unordered_set<BindingScope> scopes(different.begin(), different.end());
     scopes.insert(different.begin(), different.end());
     EXPECT_EQ(scopes.size(), different.size());

@@ -40,7 +40,7 @@ BindingList inFile(const SupportFolder& support) {
     return list != nullptr ? *list : BindingList();
 }
 
-// All but the identifiers, which are new each time.
+// Compares everything except the identifiers, which are always new.
 void expectDefaults(const BindingList& list) {
     BindingList expected = {
         {.gesture = GestureType::drawCircle, .action = LockScreen{}, .scope = GlobalScope{}},
@@ -62,7 +62,7 @@ void expectDefaults(const BindingList& list) {
     EXPECT_EQ(identifiers.size(), list.size());
 }
 
-TEST_F(BindingStoreTest, AFirstLaunchMakesTheFoldersAndWritesTheDefaults) {
+TEST_F(BindingStoreTest, TheFirstLaunchCreatesTheFoldersAndWritesTheDefaults) {
     const fs::path deeper = support.path() / "not" / "there";
     const BindingStore store([&] { return deeper; });
     expectDefaults(*store.bindings());
@@ -70,7 +70,7 @@ TEST_F(BindingStoreTest, AFirstLaunchMakesTheFoldersAndWritesTheDefaults) {
     EXPECT_EQ(namesIn(deeper / "Glidemap"), std::vector<std::string>{"bindings.json"});
 }
 
-TEST_F(BindingStoreTest, TheDefaultsHaveOtherIdentifiersEachTime) {
+TEST_F(BindingStoreTest, TheDefaultsHaveNewIdentifiersEachTime) {
     EXPECT_NE(defaultBindings().front().id, defaultBindings().front().id);
     expectDefaults(defaultBindings());
 }
@@ -80,7 +80,7 @@ TEST_F(BindingStoreTest, TheNextLaunchHasTheSameList) {
     EXPECT_EQ(*support.launch().bindings(), first);
 }
 
-TEST_F(BindingStoreTest, AFileThatDecodesIsTheListAsItStandsAndIsNotWritten) {
+TEST_F(BindingStoreTest, AValidFileIsLoadedUnchangedAndNotWritten) {
     GestureBinding binding = oneBinding().front();
     binding.enabled = false;
     const std::string compact = [&] {
@@ -97,13 +97,13 @@ TEST_F(BindingStoreTest, AFileThatDecodesIsTheListAsItStandsAndIsNotWritten) {
               fs::perms::owner_all | fs::perms::group_read);
 }
 
-TEST_F(BindingStoreTest, AnEmptyArrayIsAnEmptyListAndStays) {
+TEST_F(BindingStoreTest, AnEmptyArrayIsLoadedAsAnEmptyList) {
     support.write("[]");
     EXPECT_TRUE(support.launch().bindings()->empty());
     EXPECT_EQ(contentOf(support.file()), "[]");
 }
 
-TEST_F(BindingStoreTest, AFileThatDoesNotDecodeIsReplacedByTheDefaults) {
+TEST_F(BindingStoreTest, AnInvalidFileIsReplacedByTheDefaults) {
     std::string oneBad = encodeBindings(*support.launch().bindings());
     const std::string gesture = "fixAndTapLeft";
     oneBad.replace(oneBad.find(gesture), gesture.size(), "fixAndTapLow");
@@ -120,7 +120,7 @@ TEST_F(BindingStoreTest, AFileThatDoesNotDecodeIsReplacedByTheDefaults) {
     }
 }
 
-TEST_F(BindingStoreTest, APipeInThePlaceOfTheFileIsReplacedByTheDefaults) {
+TEST_F(BindingStoreTest, APipeAtTheFilesPathIsReplacedByTheDefaults) {
     fs::create_directory(support.folder());
     ASSERT_EQ(mkfifo(support.file().c_str(), 0600), 0);
     const BindingStore store = support.launch();
@@ -128,7 +128,7 @@ TEST_F(BindingStoreTest, APipeInThePlaceOfTheFileIsReplacedByTheDefaults) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, AFolderInThePlaceOfTheFileLeavesTheDefaultsInMemory) {
+TEST_F(BindingStoreTest, WithAFolderAtTheFilesPathTheDefaultsStayInMemory) {
     fs::create_directories(support.file());
     BindingStore store = support.launch();
     expectDefaults(*store.bindings());
@@ -149,7 +149,7 @@ TEST_F(BindingStoreTest, EveryAssignmentReplacesTheListInMemoryAndOnDisk) {
     }
 }
 
-TEST_F(BindingStoreTest, ALinkToTheFileKeepsPointing) {
+TEST_F(BindingStoreTest, ASymbolicLinkToTheFileIsKept) {
     fs::create_directory(support.folder());
     fs::create_symlink("../kept.json", support.file());
     BindingStore store = support.launch();
@@ -158,7 +158,7 @@ TEST_F(BindingStoreTest, ALinkToTheFileKeepsPointing) {
     EXPECT_EQ(contentOf(support.path() / "kept.json"), encodeBindings(*store.bindings()));
 }
 
-TEST_F(BindingStoreTest, AnAssignmentIsAnnouncedThenMadeThenSavedThenAnnounced) {
+TEST_F(BindingStoreTest, AnAssignmentNotifiesThenAssignsThenSavesThenNotifies) {
     BindingStore store = support.launch();
     const std::string before = contentOf(support.file());
     const BindingList list = oneBinding();
@@ -174,7 +174,7 @@ TEST_F(BindingStoreTest, AnAssignmentIsAnnouncedThenMadeThenSavedThenAnnounced) 
                                              "did change: new list, new file"}));
 }
 
-TEST_F(BindingStoreTest, TheSameListIsAnnouncedAndSavedLikeAnyOther) {
+TEST_F(BindingStoreTest, AssigningTheSameListNotifiesAndSaves) {
     BindingStore store = support.launch();
     int announced = 0;
     const auto subscription = store.changes().subscribe([&] { ++announced; });
@@ -198,7 +198,7 @@ TEST_F(BindingStoreTest, AnObserverMayChangeTheListAgain) {
     EXPECT_EQ(inFile(support), last);
 }
 
-TEST_F(BindingStoreTest, SavingWritesTheListWithoutAnAnnouncement) {
+TEST_F(BindingStoreTest, SavingWritesTheListWithoutANotification) {
     BindingStore store = support.launch();
     const auto subscription = store.changes().subscribe([] { ADD_FAILURE() << "announced"; });
     fs::remove_all(support.folder());
@@ -206,10 +206,10 @@ TEST_F(BindingStoreTest, SavingWritesTheListWithoutAnAnnouncement) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, WhatCannotBeSavedStaysInMemoryAndTheNextChangeTriesAgain) {
+TEST_F(BindingStoreTest, AListThatCannotBeSavedStaysInMemoryAndTheNextChangeRetries) {
     BindingStore store = support.launch();
     fs::remove_all(support.path());
-    writeContent(support.path(), "not a folder"); // stops root, too, unlike permissions
+    writeContent(support.path(), "not a folder"); // also stops root, unlike permissions
     const BindingList list = oneBinding();
     store.setBindings(list);
     EXPECT_EQ(*store.bindings(), list);
@@ -219,7 +219,7 @@ TEST_F(BindingStoreTest, WhatCannotBeSavedStaysInMemoryAndTheNextChangeTriesAgai
     EXPECT_EQ(inFile(support), list);
 }
 
-TEST_F(BindingStoreTest, AFailedSaveKeepsItsReasonUntilASaveSucceeds) {
+TEST_F(BindingStoreTest, AFailedSaveKeepsItsErrorUntilASaveSucceeds) {
     BindingStore store = support.launch();
     EXPECT_FALSE(store.saveFailure());
     fs::remove_all(support.path());
@@ -234,14 +234,14 @@ TEST_F(BindingStoreTest, AFailedSaveKeepsItsReasonUntilASaveSucceeds) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, ASaveThatSucceededIsNotRepeated) {
+TEST_F(BindingStoreTest, ASuccessfulSaveIsNotRepeated) {
     BindingStore store = support.launch();
     fs::remove(support.file());
     store.saveIfLastSaveFailed();
     EXPECT_FALSE(fs::exists(support.file()));
 }
 
-TEST_F(BindingStoreTest, OnlyItsOwnerCanUseTheFolder) {
+TEST_F(BindingStoreTest, OnlyTheOwnerCanAccessTheFolder) {
     const auto rights = [&] {
         return fs::status(support.folder()).permissions();
     };
@@ -254,7 +254,7 @@ TEST_F(BindingStoreTest, OnlyItsOwnerCanUseTheFolder) {
     EXPECT_EQ(rights(), fs::perms::owner_all);
 }
 
-TEST_F(BindingStoreTest, TheOwnersRightsToAnExistingFolderStay) {
+TEST_F(BindingStoreTest, TheOwnersPermissionsOnAnExistingFolderStay) {
     support.launch();
     fs::permissions(support.folder(), fs::perms::owner_read | fs::perms::owner_exec |
                                           fs::perms::group_all | fs::perms::others_exec);
@@ -264,7 +264,7 @@ TEST_F(BindingStoreTest, TheOwnersRightsToAnExistingFolderStay) {
     fs::permissions(support.folder(), fs::perms::owner_all);
 }
 
-TEST_F(BindingStoreTest, AFolderOfAnotherUserStaysAsItIs) {
+TEST_F(BindingStoreTest, AFolderOfAnotherUserIsNotChanged) {
     support.launch();
     if (chown(support.folder().c_str(), 65534, 65534) != 0) {
         GTEST_SKIP() << "only root may give a folder away";
@@ -275,7 +275,7 @@ TEST_F(BindingStoreTest, AFolderOfAnotherUserStaysAsItIs) {
     EXPECT_FALSE(store.saveFailure());
 }
 
-TEST_F(BindingStoreTest, ALockOnTheFolderKeepsNoSaveOut) {
+TEST_F(BindingStoreTest, ALockOnTheFolderDoesNotBlockASave) {
     BindingStore store = support.launch();
     const int held = open(support.folder().c_str(), O_RDONLY | O_DIRECTORY);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
@@ -284,7 +284,7 @@ TEST_F(BindingStoreTest, ALockOnTheFolderKeepsNoSaveOut) {
     close(held);
 }
 
-TEST_F(BindingStoreTest, ALaunchThatCannotSaveHasTheDefaultsAndSavesTheFirstChange) {
+TEST_F(BindingStoreTest, ALaunchThatCannotSaveUsesTheDefaultsAndSavesTheFirstChange) {
     fs::remove_all(support.path());
     writeContent(support.path(), "not a folder");
     BindingStore store = support.launch();
@@ -294,7 +294,7 @@ TEST_F(BindingStoreTest, ALaunchThatCannotSaveHasTheDefaultsAndSavesTheFirstChan
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, TheFoldersPlaceIsAskedForEachTime) {
+TEST_F(BindingStoreTest, TheFolderIsQueriedEachTime) {
     const SupportFolder other;
     fs::path answer = support.path();
     BindingStore store([&] { return answer; });
@@ -305,7 +305,7 @@ TEST_F(BindingStoreTest, TheFoldersPlaceIsAskedForEachTime) {
     EXPECT_EQ(inFile(other), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, AListKeepsAsItWasReadWhateverIsAssigned) {
+TEST_F(BindingStoreTest, AReadersListIsNotAffectedByAssignments) {
     BindingStore store = support.launch();
     const auto list = store.bindings();
     const auto match = store.match(GestureType::drawCircle, std::nullopt);
@@ -317,7 +317,7 @@ TEST_F(BindingStoreTest, AListKeepsAsItWasReadWhateverIsAssigned) {
     EXPECT_EQ(store.match(GestureType::drawCircle, std::nullopt), nullptr);
 }
 
-TEST_F(BindingStoreTest, MatchesInTheListOfTheMoment) {
+TEST_F(BindingStoreTest, MatchesInTheCurrentList) {
     BindingStore store = support.launch();
     EXPECT_EQ(store.match(GestureType::twoFingerTap, "a"), nullptr);
     BindingList list = oneBinding();
@@ -351,7 +351,7 @@ TEST_F(BindingStoreTest, ADoubleTapOfEachFingerCountIsFound) {
     }
 }
 
-TEST_F(BindingStoreTest, ADoubleTapForOneApplicationCountsEverywhere) {
+TEST_F(BindingStoreTest, ADoubleTapForOneApplicationCountsInAllApplications) {
     BindingStore store = support.launch();
     BindingList list = oneBinding(GestureType::twoFingerDoubleTap);
     list.front().scope = AppScope{"a", "A"};
@@ -388,7 +388,7 @@ TEST_F(BindingStoreTest, NoOtherGestureIsADoubleTap) {
 
 using BindingStoreDeathTest = BindingStoreTest;
 
-TEST_F(BindingStoreDeathTest, WithoutAFolderForApplicationDataTheProgramStops) {
+TEST_F(BindingStoreDeathTest, WithoutAFolderForApplicationDataTheProgramAborts) {
     EXPECT_EXIT(BindingStore([] { return fs::path(); }), testing::KilledBySignal(SIGABRT),
                 "glidemap: there is no folder for application data");
 }

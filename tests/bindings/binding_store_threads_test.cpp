@@ -1,4 +1,4 @@
-// The list is read on the engine's threads while the main thread changes it.
+// The engine's threads read the list while the main thread changes it.
 #include "binding_printers.h"
 #include "bindings/binding_store.h"
 #include "support_folder.h"
@@ -17,7 +17,7 @@ namespace {
 constexpr std::array sizes = {0, 1, 40};
 constexpr int readsOfEach = 300;
 
-// Every binding of one list has the same key code, by which the list is known.
+// All bindings of a list share a key code, which identifies the list.
 BindingList listNumber(std::size_t number) {
     const auto size = static_cast<std::size_t>(sizes[number]);
     BindingList list(size, {.gesture = GestureType::twoFingerDoubleTap,
@@ -56,7 +56,7 @@ void readMatch(const BindingStore& store) {
     }
 }
 
-TEST(BindingStoreThreadsTest, AReaderSeesOneOfTheListsThatWereAssigned) {
+TEST(BindingStoreThreadsTest, AReaderSeesOneOfTheAssignedLists) {
     const SupportFolder support;
     BindingStore store = support.launch();
     std::array<BindingList, sizes.size()> lists;
@@ -89,8 +89,8 @@ TEST(BindingStoreThreadsTest, AReaderSeesOneOfTheListsThatWereAssigned) {
     }
 }
 
-// What the engine holds on to costs the main thread nothing.
-TEST(BindingStoreThreadsTest, AReaderThatKeepsItsListDoesNotHoldTheWriterUp) {
+// A list that the engine holds costs the main thread nothing.
+TEST(BindingStoreThreadsTest, AReaderThatKeepsItsListDoesNotBlockTheWriter) {
     const SupportFolder support;
     BindingStore store = support.launch();
     std::latch taken(1);

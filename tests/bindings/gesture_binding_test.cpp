@@ -6,7 +6,7 @@
 namespace glidemap {
 namespace {
 
-TEST(GestureBindingTest, ANewOneIsEnabledAndHasAnIdentifierOfItsOwn) {
+TEST(GestureBindingTest, ANewBindingIsEnabledAndHasAUniqueIdentifier) {
     const GestureBinding one;
     const GestureBinding other;
     EXPECT_TRUE(one.enabled);

@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The working folder for as long as a scope lasts: a place where anything written would be seen.
+// The working folder during a scope: any written file would appear in it.
 class InEmptyFolder {
 public:
     InEmptyFolder() : before(std::filesystem::current_path()) {
@@ -36,7 +36,7 @@ GestureBinding locking(GestureType gesture) {
     return {.gesture = gesture, .action = LockScreen{}, .scope = GlobalScope{}};
 }
 
-TEST(InMemoryStore, hasTheListItIsGivenAndTakesAnotherWithoutWritingAnything) {
+TEST(InMemoryStore, KeepsAssignedListsWithoutWritingAFile) {
     const InEmptyFolder folder;
     const GestureBinding tap = locking(GestureType::twoFingerTap);
     const GestureBinding click = locking(GestureType::twoFingerClick);
@@ -54,7 +54,7 @@ TEST(InMemoryStore, hasTheListItIsGivenAndTakesAnotherWithoutWritingAnything) {
     EXPECT_TRUE(folder.isEmpty());
 }
 
-TEST(InMemoryStore, hasNoDefaults) {
+TEST(InMemoryStore, HasNoDefaults) {
     EXPECT_TRUE(BindingStore(BindingList{}).bindings()->empty());
 }
 

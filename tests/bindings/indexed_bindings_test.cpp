@@ -14,7 +14,7 @@ using Frontmost = std::optional<std::string_view>;
 constexpr GestureType tap = GestureType::twoFingerTap;
 constexpr GestureType swipe = GestureType::threeFingerSwipeUp;
 
-// Told apart by the key code.
+// Distinguished by the key code.
 GestureBinding global(GestureType gesture, std::uint16_t keyCode) {
     return {.gesture = gesture, .action = KeyShortcut{keyCode, 0}, .scope = GlobalScope{}};
 }
@@ -113,26 +113,26 @@ const Row rows[] = {
      2},
 };
 
-TEST(IndexedBindingsTest, TheFirstEnabledOneForTheApplicationWinsElseTheFirstGlobalOne) {
+TEST(IndexedBindingsTest, PrefersTheFirstEnabledApplicationBindingOverTheFirstGlobalOne) {
     for (const Row& row : rows) {
         const IndexedBindings bindings(row.list);
         EXPECT_EQ(keyCodeOf(bindings.match(row.gesture, row.frontmost)), row.matched) << row.name;
     }
 }
 
-TEST(IndexedBindingsTest, MatchesAnElementOfTheListAlsoWhenMoved) {
+TEST(IndexedBindingsTest, MatchesAnElementOfTheListAfterAMove) {
     IndexedBindings made({global(swipe, 1), forApp("a", tap, 2), global(tap, 3)});
     const IndexedBindings bindings(std::move(made));
     EXPECT_EQ(bindings.match(tap, "a"), &bindings.list()[1]);
     EXPECT_EQ(bindings.match(tap, "b"), &bindings.list()[2]);
 }
 
-TEST(IndexedBindingsTest, KeepsTheListAsItIs) {
+TEST(IndexedBindingsTest, KeepsTheListUnchanged) {
     const BindingList list = {global(tap, 2), disabled(global(tap, 1)), global(tap, 2)};
     EXPECT_EQ(IndexedBindings(list).list(), list);
 }
 
-TEST(IndexedBindingsTest, AGestureIsEnabledInWhateverScope) {
+TEST(IndexedBindingsTest, AnEnabledGestureIsFoundInEveryScope) {
     const IndexedBindings bindings(
         {global(tap, 1), forApp("a", swipe, 2), disabled(global(GestureType::pinchIn, 3))});
     EXPECT_TRUE(bindings.hasEnabled(tap));
@@ -141,7 +141,7 @@ TEST(IndexedBindingsTest, AGestureIsEnabledInWhateverScope) {
     EXPECT_FALSE(bindings.hasEnabled(GestureType::pinchOut));
 }
 
-// The rule in its plain form: one look at the whole list.
+// The reference implementation: a linear search through the list.
 const GestureBinding* byTheRule(const BindingList& list, GestureType gesture,
                                 const Frontmost& frontmost) {
     const GestureBinding* firstGlobal = nullptr;
@@ -160,7 +160,7 @@ const GestureBinding* byTheRule(const BindingList& list, GestureType gesture,
     return firstGlobal;
 }
 
-TEST(IndexedBindingsTest, AgreesWithTheRuleOnAnyList) {
+TEST(IndexedBindingsTest, AgreesWithALinearSearchOnAnyList) {
     std::mt19937 random(20240607);
     const auto below = [&random](std::uint_fast32_t limit) {
         return random() % limit;

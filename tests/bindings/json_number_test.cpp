@@ -12,7 +12,7 @@ struct Row {
     std::optional<std::uint64_t> value;
 };
 
-TEST(JsonNumberTest, AWholeNumberIsExactInAnySpelling) {
+TEST(JsonNumberTest, AnIntegerIsExactInEveryNotation) {
     constexpr auto max = std::numeric_limits<std::uint64_t>::max();
     constexpr Row rows[] = {
         {"0", 0},
@@ -21,7 +21,7 @@ TEST(JsonNumberTest, AWholeNumberIsExactInAnySpelling) {
         {"36", 36},
         {"36.0", 36},
         {"3.6e1", 36},
-        {"3,6e1", 36}, // as a parser leaves it in some locales
+        {"3,6e1", 36}, // the parser's spelling in some locales
         {"0.0036E+4", 36},
         {"36000e-3", 36},
         {"9007199254740993.0", 9007199254740993},
@@ -42,7 +42,7 @@ TEST(JsonNumberTest, AWholeNumberIsExactInAnySpelling) {
     }
 }
 
-TEST(JsonNumberTest, AHugeNumberHasMoreDigitsThanTheLargestValue) {
+TEST(JsonNumberTest, AHugeNumberHasMoreDigitsThanTheMaximumValue) {
     for (const char* const text : {"1e20", "-1e400", "184467440737095516150", "0.1e21"}) {
         EXPECT_TRUE(isHugeNumber(text)) << text;
     }

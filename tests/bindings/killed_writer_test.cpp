@@ -1,6 +1,6 @@
-// A program that is killed while it changes the list leaves the list as it was before or after the
-// change, whole: shown by killing one at every system call of a change, and at a random moment of one,
-// a few thousand times.
+// A program that is killed during a change leaves either the complete old list or the complete new
+// list. The tests kill a writer at every system call of a change, and a few thousand times at a
+// random moment.
 #include "binding_printers.h"
 #include "bindings/binding_store.h"
 #include "support_folder.h"
@@ -27,7 +27,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr unsigned bindingsInAList = 2;
 
-// Recognised by the key code, and of another length than its neighbours.
+// Identified by the key code, with a length different from its neighbours.
 BindingList listNumber(unsigned number) {
     BindingList list(bindingsInAList + number % 3,
                      {.gesture = GestureType::twoFingerTap,
@@ -39,7 +39,7 @@ BindingList listNumber(unsigned number) {
     return list;
 }
 
-// None if it is not one of these lists, whole.
+// Returns nullopt unless it is one of these lists, complete.
 std::optional<unsigned> numberOf(const BindingList& list) {
     if (list.empty() || !std::holds_alternative<KeyShortcut>(list.front().action)) {
         return std::nullopt;
@@ -48,8 +48,8 @@ std::optional<unsigned> numberOf(const BindingList& list) {
     return list == listNumber(number) ? std::optional(number) : std::nullopt;
 }
 
-// A process that makes one change after the other and says so after each of them. It ends with the
-// test if the test fails to end it: there is nobody to say it to any more.
+// A process that makes changes in sequence and reports each one. It exits with the test if the test
+// fails to stop it: its pipe then has no reader.
 class Writer {
 public:
     Writer(BindingStore& store, unsigned firstNumber) {
@@ -73,7 +73,7 @@ public:
         }
     }
 
-    // Answers how many changes it has made.
+    // Returns the number of changes that it has made.
     unsigned kill() {
         ::kill(process, SIGKILL);
         int status = 0;
@@ -107,8 +107,8 @@ private:
 };
 
 #if defined(GLIDEMAP_STOPS_AT_SYSTEM_CALLS)
-// A process that makes one change and stops wherever it enters a system call or returns from one, so
-// that it can be killed there however fast the machine is.
+// A process that makes one change and stops at the entry and exit of every system call, so that it
+// can be killed there however fast the machine is.
 class SteppedWriter {
 public:
     SteppedWriter(BindingStore& store, unsigned number) {
@@ -130,7 +130,7 @@ public:
         }
     }
 
-    // Goes on to the next stop. Returns false if it has ended before.
+    // Continues to the next stop. Returns false if the process has exited.
     bool step() {
         EXPECT_EQ(ptrace(PTRACE_SYSCALL, process, nullptr, nullptr), 0);
         return waitForStop();
@@ -149,7 +149,7 @@ private:
 };
 #endif
 
-// With a sanitizer, starting a process takes so long that there would be nothing else to do.
+// With a sanitizer, most of the time would go into starting processes.
 #if defined(GLIDEMAP_SANITIZED)
 constexpr int slowness = 10;
 #else
@@ -170,7 +170,7 @@ class AKilledWriter : public testing::TestWithParam<Row> {
 protected:
     AKilledWriter() : support(GetParam().folder) {}
 
-    // How long a change takes on this machine, today.
+    // The duration of a change on this machine.
     Clock::duration timeOfAChange() {
         constexpr int changes = 20;
         const auto start = Clock::now();
@@ -185,8 +185,9 @@ protected:
         }
     }
 
-    // A random moment of a change, or, aimed, one at which the writer is seen writing. On a busy
-    // machine it may never be seen, since it does not run while this looks: nothing depends on it.
+    // A random moment of a change, or, with `aimed`, a moment at which the writer is seen writing.
+    // On a busy machine that may never happen, because the writer does not run while this thread
+    // checks; the test does not depend on it.
     void waitForTheMoment(bool aimed) {
         const auto part = [this](double most) {
             std::uniform_real_distribution<double> distribution(0, most);
@@ -207,7 +208,7 @@ protected:
     std::mt19937 random{20240607};
 };
 
-TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
+TEST_P(AKilledWriter, LeavesTheCompleteOldOrNewList) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedBeforeSayingSo = 0;
@@ -231,11 +232,11 @@ TEST_P(AKilledWriter, LeavesTheListAsItWasBeforeOrAfterTheChange) {
 }
 
 #if defined(GLIDEMAP_STOPS_AT_SYSTEM_CALLS)
-TEST_P(AKilledWriter, LeavesAWholeListAtEverySystemCallOfAChange) {
+TEST_P(AKilledWriter, LeavesACompleteListAtEverySystemCall) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedAfterwards = 0;
-    bool isWhole = false; // the change that was made in the last round
+    bool isWhole = false; // the change of the last round
     for (int stops = 1; !isWhole; ++stops) {
         {
             SteppedWriter writer(store, number + 1);
@@ -259,7 +260,7 @@ TEST_P(AKilledWriter, LeavesAWholeListAtEverySystemCallOfAChange) {
 
 #endif
 
-// On a disk most of a change is waiting until it is flushed; in memory most of it is the work. Not
+// On a disk, most of a change is waiting for the flush; in memory, most of it is computation. Not
 // every system has a folder in memory.
 std::vector<Row> folders() {
     constexpr const char* memory = "/dev/shm";

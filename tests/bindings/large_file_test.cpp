@@ -1,5 +1,5 @@
-// Files as large or as deep as no list of bindings is: each is decoded or refused, in memory that
-// does not exceed a few times its length.
+// Files larger or deeper than any list of bindings: each is decoded or rejected, in memory that is
+// at most a few times its length.
 #include "bindings/binding_json.h"
 #include "kit/live_memory.h"
 
@@ -12,7 +12,7 @@
 namespace glidemap {
 namespace {
 
-// Without optimisation, and with a sanitizer's checks, the full size would take minutes.
+// Without optimisation, or with a sanitizer, the full size would take minutes.
 #if defined(NDEBUG)
 constexpr std::size_t fileSize = 100'000'000;
 #else
@@ -32,20 +32,20 @@ struct Row {
     std::string_view middle;
     std::string_view repeatedAgain;
     std::string_view end;
-    std::string_view reason; // a part of it; none if the file decodes
-    std::size_t mostForAByte = 4;
+    std::string_view reason; // a substring of the error; empty if the file decodes
+    std::size_t maxMemoryPerByte = 4;
     std::size_t size = fileSize;
 };
 
-// The parser's message repeats the token that it read last, and writes the least readable ones in
-// eight characters for each of theirs.
-constexpr std::size_t mostForAToken = 8;
-// While the message grows, its old and its new memory count both.
-constexpr std::size_t mostForEscapes = 24;
+// The parser's message repeats the last token and writes unprintable characters as eight characters
+// each.
+constexpr std::size_t maxMemoryPerTokenByte = 8;
+// While the message grows, its old and its new buffer both count.
+constexpr std::size_t maxMemoryPerEscapedByte = 24;
 
 const Row rows[] = {
     {"only_open_brackets", "", "[", "", "", "", "[0]: not an object"},
-    {"only_line_ends", "", "\n", "", "", "", "unexpected end of input", mostForEscapes,
+    {"only_line_ends", "", "\n", "", "", "", "unexpected end of input", maxMemoryPerEscapedByte,
      fileSize / 10},
     {"line_ends_around", "", "\n", "[]", "\n", "", ""},
     {"arrays_in_what_is_ignored", "[{" KNOWN_FIELDS R"(,"x":)", "[", "", "]", "}]", ""},
@@ -58,14 +58,14 @@ const Row rows[] = {
     {"an_ignored_text", "[{" KNOWN_FIELDS R"(,"x":")", "x", "\"", "", "}]", ""},
     {"an_ignored_key", "[{" KNOWN_FIELDS R"(,")", "x", "\":1", "", "}]", ""},
     {"a_text_that_does_not_end", "[{" KNOWN_FIELDS R"(,"x":")", "x", "", "", "",
-     "missing closing quote", mostForAToken},
+     "missing closing quote", maxMemoryPerTokenByte},
     {"a_gesture", R"([{"id":"0123ABCD-EF01-4567-89AB-CDEF01234567","gesture":")", "x", "\"", "",
      "}]", R"(xxx..." is not a gesture)"},
     {"a_name", "[{" KNOWN_START KNOWN_ACTION R"(,"scope":{"kind":"app","bundleID":"a","name":")",
      "x", "\"", "", "}}]", ""},
     {"a_repeated_key", "[{" KNOWN_START, R"("scope":{"kind":"app"},)", KNOWN_ACTION "," KNOWN_SCOPE,
      "", "}]", ""},
-    {"a_number", R"([{"enabled":)", "9", "}]", "", "", "[0].id: missing", mostForAToken},
+    {"a_number", R"([{"enabled":)", "9", "}]", "", "", "[0].id: missing", maxMemoryPerTokenByte},
     {"bindings", "[", "{" KNOWN_FIELDS "},", "{" KNOWN_FIELDS "}", "", "]", ""},
 };
 
@@ -77,7 +77,8 @@ std::string textOf(const Row& row) {
     const std::size_t times = row.size / (row.repeated.size() + row.repeatedAgain.size()) + 1;
     std::string text;
     text.reserve(row.size + 1'000);
-    // By doubling: this test is compiled without optimization, and a hundred million appends take seconds.
+    // Doubles the text: this test is compiled without optimisation, and a hundred million appends
+    // would take seconds.
     const auto repeat = [&](std::string_view what) {
         const std::size_t start = text.size();
         const std::size_t end = start + times * what.size();
@@ -96,14 +97,14 @@ std::string textOf(const Row& row) {
 
 class LargeFiles : public testing::TestWithParam<Row> {};
 
-TEST_P(LargeFiles, AreDecodedOrRefusedInAFewTimesTheirLength) {
+TEST_P(LargeFiles, AreDecodedOrRejectedInAFewTimesTheirLength) {
     const Row& row = GetParam();
     const std::string text = textOf(row);
-    kit::forgetMostLiveMemory();
+    kit::resetPeakLiveMemory();
     const std::size_t before = kit::liveMemory();
     const auto decoded = decodeBindings(text);
     constexpr std::size_t anyway = 2'000'000;
-    EXPECT_LT(kit::mostLiveMemory() - before, row.mostForAByte * text.size() + anyway);
+    EXPECT_LT(kit::peakLiveMemory() - before, row.maxMemoryPerByte * text.size() + anyway);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     if (row.reason.empty()) {
         EXPECT_EQ(failure, nullptr) << failure->reason;

@@ -21,7 +21,7 @@ protected:
     std::filesystem::path file = folder.path() / "file";
 };
 
-TEST_F(ReadFileTest, AnswersTheWholeContent) {
+TEST_F(ReadFileTest, ReturnsTheWholeContent) {
     using namespace std::string_literals;
     for (const std::string& content : {""s, "a"s, "\0\n\xFF"s, std::string(65'536, 'x'),
                                        std::string(65'537, 'x'), std::string(limit, 'x')}) {
@@ -30,13 +30,13 @@ TEST_F(ReadFileTest, AnswersTheWholeContent) {
     }
 }
 
-TEST_F(ReadFileTest, AFileAboveTheLimitIsNone) {
+TEST_F(ReadFileTest, RejectsAFileAboveTheLimit) {
     writeContent(file, std::string(limit + 1, 'x'));
     EXPECT_EQ(readFile(file, limit), std::nullopt);
 }
 
-// Takes no room on the disk, and would take all memory.
-TEST_F(ReadFileTest, AFileOfManyTerabytesIsNone) {
+// A sparse file: takes no disk space, but would need more memory than any machine has.
+TEST_F(ReadFileTest, RejectsASparseFileOfManyTerabytes) {
     writeContent(file, "");
     std::filesystem::resize_file(file, 8ULL << 40);
     EXPECT_EQ(readFile(file, limit), std::nullopt);
@@ -48,33 +48,33 @@ TEST_F(ReadFileTest, FollowsLinks) {
     EXPECT_EQ(readFile(file, limit), "content");
 }
 
-TEST_F(ReadFileTest, WhatIsNotThereIsNone) {
+TEST_F(ReadFileTest, RejectsAMissingFile) {
     EXPECT_EQ(readFile(file, limit), std::nullopt);
     EXPECT_EQ(readFile(folder.path() / "no" / "file", limit), std::nullopt);
     std::filesystem::create_symlink("nowhere", file);
     EXPECT_EQ(readFile(file, limit), std::nullopt);
 }
 
-TEST_F(ReadFileTest, ALinkToItselfIsNone) {
+TEST_F(ReadFileTest, RejectsALinkToItself) {
     std::filesystem::create_symlink("file", file);
     EXPECT_EQ(readFile(file, limit), std::nullopt);
 }
 
-TEST_F(ReadFileTest, AFolderIsNone) {
+TEST_F(ReadFileTest, RejectsAFolder) {
     std::filesystem::create_directory(file);
     EXPECT_EQ(readFile(file, limit), std::nullopt);
 }
 
-TEST_F(ReadFileTest, APipeIsNoneWithoutWaitingForAWriter) {
+TEST_F(ReadFileTest, RejectsAPipeWithoutWaitingForAWriter) {
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
     EXPECT_EQ(readFile(file, limit), std::nullopt);
 }
 
-TEST_F(ReadFileTest, ADeviceThatNeverEndsIsNone) {
+TEST_F(ReadFileTest, RejectsAnEndlessDevice) {
     EXPECT_EQ(readFile("/dev/zero", limit), std::nullopt);
 }
 
-TEST_F(ReadFileTest, ASocketIsNone) {
+TEST_F(ReadFileTest, RejectsASocket) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     ASSERT_LT(file.string().size(), sizeof address.sun_path);

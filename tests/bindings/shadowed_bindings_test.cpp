@@ -20,14 +20,14 @@ GestureBinding bound(GestureType gesture, BindingScope scope, bool enabled = tru
 
 using enum GestureType;
 
-TEST(ShadowedBindings, AreThoseBehindAnEnabledOneOfTheSameGestureAndScope) {
+TEST(ShadowedBindings, HaveAnEarlierEnabledBindingOfTheSameGestureAndScope) {
     EXPECT_THAT(shadowedBindings({bound(pinchIn, GlobalScope{}), bound(pinchOut, GlobalScope{}),
                                   bound(pinchIn, GlobalScope{}), bound(pinchIn, GlobalScope{})}),
                 ElementsAre(false, false, true, true));
     EXPECT_THAT(shadowedBindings({}), IsEmpty());
 }
 
-TEST(ShadowedBindings, AScopeIsTheSameByItsIdentifier) {
+TEST(ShadowedBindings, CompareScopesByIdentifier) {
     EXPECT_THAT(
         shadowedBindings({bound(pinchIn, GlobalScope{}), bound(pinchIn, AppScope{"mail", "Mail"}),
                           bound(pinchIn, AppScope{"mail", "邮件"}),
@@ -35,14 +35,14 @@ TEST(ShadowedBindings, AScopeIsTheSameByItsIdentifier) {
         ElementsAre(false, false, true, false));
 }
 
-TEST(ShadowedBindings, WhatIsOffNeitherShadowsNorIsShadowed) {
+TEST(ShadowedBindings, IgnoreDisabledBindings) {
     EXPECT_THAT(
         shadowedBindings({bound(pinchIn, GlobalScope{}, false), bound(pinchIn, GlobalScope{}),
                           bound(pinchIn, GlobalScope{}, false)}),
         ElementsAre(false, false, false));
 }
 
-// The store's own rule says the same: what it matches is never one of them.
+// Consistent with the store: it never matches a shadowed binding.
 TEST(ShadowedBindings, AreNeverMatched) {
     const BindingList list{bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{}),
                            bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{})};

@@ -16,7 +16,7 @@ std::string spoken(const KeyShortcut& shortcut, KeyboardKind kind, const char* c
     return spokenShortcut(shortcut, lang, kind);
 }
 
-TEST(SpokenShortcut, IsInTheKeyboardsOwnWords) {
+TEST(SpokenShortcut, UsesTheKeyNamesOfTheKeyboard) {
     const KeyShortcut right{.keyCode = 124, .modifiers = modifier::option | modifier::command};
     EXPECT_EQ(spoken(right, KeyboardKind::apple), "Option Command Right Arrow");
     EXPECT_EQ(spoken(right, KeyboardKind::apple, "zh"), "Option Command 右箭头");
@@ -26,15 +26,15 @@ TEST(SpokenShortcut, IsInTheKeyboardsOwnWords) {
     EXPECT_EQ(spoken({.keyCode = 53, .modifiers = 0}, KeyboardKind::apple), "Escape");
 }
 
-TEST(SpokenShortcut, TheModifiersAloneAreInTheOrderOfAShortcut) {
+TEST(SpokenShortcut, ModifiersAloneAreInShortcutOrder) {
     EXPECT_EQ(modifierSymbols(all), "⌃⌥⇧⌘");
     EXPECT_EQ(modifierSymbols(0), "");
     EXPECT_EQ(modifierSymbols(all) + "K",
               (KeyShortcut{.keyCode = 40, .modifiers = all}).displayString());
 }
 
-// A sign is read as nothing, or as something else.
-TEST(SpokenShortcut, EveryKeyHasAWord) {
+// A screen reader skips symbols or misreads them.
+TEST(SpokenShortcut, EverySymbolKeyHasAWord) {
     for (std::uint16_t key = 0; key <= 127; ++key) {
         for (const char letter : spoken({.keyCode = key, .modifiers = 0}, KeyboardKind::apple)) {
             EXPECT_TRUE(std::isalnum(static_cast<unsigned char>(letter)) || letter == ' ') << key;
@@ -42,7 +42,7 @@ TEST(SpokenShortcut, EveryKeyHasAWord) {
     }
 }
 
-TEST(SpokenShortcut, IsWrittenForKeyboardsThatDoNotBearTheSymbols) {
+TEST(SpokenShortcut, IsWrittenForKeyboardsWithoutTheSymbols) {
     const KeyShortcut right{.keyCode = 124,
                             .modifiers = modifier::control | modifier::option | modifier::command};
     EXPECT_EQ(writtenShortcut(right, KeyboardKind::pc), "Ctrl+Alt+Super+→");

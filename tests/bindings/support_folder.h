@@ -1,4 +1,4 @@
-// A folder for application data that goes with the test, and the bindings file in it.
+// A folder for application data, removed at the end of the test, and the bindings file in it.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -12,18 +12,18 @@ namespace glidemap {
 
 class SupportFolder {
 public:
-    // In the folder for temporary files, unless told otherwise.
+    // In the folder for temporary files by default.
     explicit SupportFolder(const std::filesystem::path& place = {}) : support(place) {}
 
     const std::filesystem::path& path() const { return support.path(); }
     std::filesystem::path folder() const { return path() / "Glidemap"; }
     std::filesystem::path file() const { return folder() / "bindings.json"; }
 
-    // Each store is another launch of the program.
+    // Each store stands for another launch of the program.
     BindingStore::SupportFolder asked() const;
     BindingStore launch() const { return BindingStore(asked()); }
 
-    // Puts the file there before a launch.
+    // Writes the file before a launch.
     void write(std::string_view content) const;
 
 private:
@@ -33,7 +33,7 @@ private:
 using test::contentOf;
 void writeContent(const std::filesystem::path& file, std::string_view content);
 
-// The names of all that is in the folder, in ascending order.
+// The names of all entries of the folder, sorted.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 } // namespace glidemap

@@ -9,17 +9,17 @@
 namespace {
 
 std::atomic<std::size_t> liveBytes = 0;
-std::atomic<std::size_t> mostBytes = 0;
+std::atomic<std::size_t> peakBytes = 0;
 std::atomic<std::size_t> allocations = 0;
 
 void noteMost(std::size_t live) {
-    std::size_t most = mostBytes;
-    while (live > most && !mostBytes.compare_exchange_weak(most, live)) {
+    std::size_t peak = peakBytes;
+    while (live > peak && !peakBytes.compare_exchange_weak(peak, live)) {
     }
 }
 
-// What stands before a piece of memory: its size, which not every C library tells. As wide as the
-// alignment, so that what follows is aligned.
+// A header in front of every allocation stores its size, which not every C library reports. It is
+// as wide as the alignment, so that the allocation stays aligned.
 std::size_t headerSize(std::size_t alignment) {
     return std::max(alignment, alignof(std::max_align_t));
 }
@@ -57,12 +57,12 @@ std::size_t liveMemory() {
     return liveBytes;
 }
 
-std::size_t mostLiveMemory() {
-    return mostBytes;
+std::size_t peakLiveMemory() {
+    return peakBytes;
 }
 
-void forgetMostLiveMemory() {
-    mostBytes = liveBytes.load();
+void resetPeakLiveMemory() {
+    peakBytes = liveBytes.load();
 }
 
 std::size_t allocationCount() {
@@ -71,7 +71,8 @@ std::size_t allocationCount() {
 
 } // namespace glidemap::kit
 
-// All forms, because the sanitizers bring forms of their own, which do not write the size.
+// All forms, because the sanitizers replace the array forms with versions that do not write the
+// header.
 void* operator new[](std::size_t size) {
     return counted(size, ordinary);
 }

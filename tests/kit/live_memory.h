@@ -1,9 +1,9 @@
-// How much memory the program holds at this moment, to show that it does not grow.
+// The memory that the program has allocated, to show that it does not grow.
 //
-// Links a replacement of the global operator new and delete into the test program; every thread's
-// memory counts.
+// Linking this file replaces the global operator new and delete of the test program; the memory of
+// every thread counts.
 //
-// Units:   bytes, as they were asked for.
+// Units:   bytes, as requested.
 // Thread:  any.
 #pragma once
 
@@ -13,9 +13,9 @@ namespace glidemap::kit {
 
 std::size_t liveMemory();
 
-// The most since the start of the program, or since it was forgotten.
-std::size_t mostLiveMemory();
-void forgetMostLiveMemory();
+// The maximum since the start of the program or since the last reset.
+std::size_t peakLiveMemory();
+void resetPeakLiveMemory();
 
 // Allocations since the start of the program.
 std::size_t allocationCount();
