@@ -12,7 +12,8 @@ std::uint64_t Chance::next() {
 }
 
 double Chance::between(double low, double high) {
-    constexpr double steps = 0x1p53; // as many as a double can tell apart
+    // the number of distinct doubles in [0, 1) that next() can produce
+    constexpr double steps = 0x1p53;
     const double part = static_cast<double>(next() >> 11U) / steps;
     return low + (high - low) * part;
 }
@@ -22,7 +23,7 @@ bool Chance::oneIn(int times) {
 }
 
 double Chance::wobble() {
-    // The mean of three even choices is close to a bell, and bounded, which a bell is not.
+    // The mean of three uniform values approximates a normal distribution, but is bounded.
     double sum = 0;
     for (int choice = 0; choice < 3; ++choice) {
         sum += between(-1, 1);

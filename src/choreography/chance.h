@@ -1,5 +1,5 @@
-// Choices that look free and can be made again: the same seed, the same choices, with every
-// standard library (whose own distributions differ from each other).
+// Reproducible random choices: the same seed gives the same choices with every standard library,
+// whose own distributions differ.
 //
 // Owner:   one performance.
 #pragma once
@@ -12,13 +12,13 @@ class Chance {
 public:
     explicit Chance(std::uint64_t seed) : state(seed) {}
 
-    // Evenly spread over [low, high).
+    // Uniformly distributed over [low, high).
     double between(double low, double high);
 
-    // True once in so many times.
+    // True with a probability of 1 / `times`.
     bool oneIn(int times);
 
-    // Around 0, mostly near it, never beyond -1 and 1.
+    // Random around 0, mostly close to 0, within [-1, 1].
     double wobble();
 
 private:

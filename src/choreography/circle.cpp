@@ -8,15 +8,15 @@ namespace glidemap {
 
 namespace {
 
-// Nobody draws a true circle: it is wider than high or the other way round, and ends further in or
-// further out than it began.
+// No person draws a perfect circle: it is wider than high or higher than wide, and its end lies
+// inside or outside its start.
 struct Loop {
     PadPoint centre;
     double radius = 0; // in units of the pad's height
     double begin = 0;  // radians
     double sweep = 0;  // radians, positive anticlockwise
-    double oval = 0;   // of the radius, added across and taken away along
-    double spiral = 0; // of the radius, over the whole sweep
+    double oval = 0;   // relative to the radius; added to x and subtracted from y
+    double spiral = 0; // relative to the radius, over the whole sweep
 
     PadPoint at(double part) const {
         const double angle = begin + sweep * part;
@@ -25,7 +25,7 @@ struct Loop {
     }
 };
 
-// A loop is drawn at an even pace; only its beginning and its end are slower.
+// A person draws a loop at an even speed; only its start and its end are slower.
 double loopProgress(double part) {
     constexpr double ramp = 0.15;
     constexpr double pace = 1 / (1 - ramp);

@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-// The fingertip comes from the frame around the pad and is first felt on its outermost rim.
+// The fingertip comes from the frame around the pad and first touches its outermost rim.
 PadPoint placeOnEdge(Direction edge, Chance& chance) {
     const double depth = chance.between(0.004, 0.018);
     const double along = chance.between(0.30, 0.70);

@@ -1,6 +1,6 @@
-// What the hand does for each family of gestures.
+// The movements of the hand for each family of gestures.
 //
-// Thread:  any; every free choice is taken from `chance`.
+// Thread:  any; every random choice comes from `chance`.
 #pragma once
 
 #include "choreography/chance.h"

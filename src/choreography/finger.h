@@ -1,4 +1,4 @@
-// One contact of a performance: when a finger is down and where it is at every moment.
+// One contact of a performance: when the finger is down and where it is at any time.
 //
 // Units:   seconds from the first finger's landing; positions normalised, y upwards.
 #pragma once
@@ -17,7 +17,7 @@ struct PadPoint {
     friend PadPoint operator*(PadPoint a, double factor) { return {a.x * factor, a.y * factor}; }
 };
 
-// Also defined before the finger lands and after it lifts, where it hovers.
+// Also defined before landing and after lifting, while the finger hovers.
 using FingerPath = std::function<PadPoint(double time)>;
 
 struct Finger {
@@ -28,21 +28,21 @@ struct Finger {
 
 using Fingers = std::vector<Finger>;
 
-// A pad is about so much wider than high: what looks round or turned to a person is so in a space
-// with x stretched by this.
+// The usual ratio of a pad's width to its height: a shape looks round or rotated to a person in a
+// space whose x is stretched by this factor.
 inline constexpr double padAspect = 1.35;
 
-// The point at `distance` from `centre` in the direction `angle`, as a person sees them: both in
-// the stretched space, in units of the pad's height.
+// The point at `distance` from `centre` in the direction `angle`, both in the stretched space, in
+// units of the pad's height.
 PadPoint pointAround(PadPoint centre, double distance, double angle);
 
-// How far along a stroke a hand is after `part` of its time: it sets off gently and arrives gently,
-// the way hands move from rest to rest. Stands still before 0 and after 1.
+// The completed fraction of a stroke after the fraction `part` of its time: the hand accelerates
+// gently and decelerates gently. Constant before 0 and after 1.
 double strokeProgress(double part);
 
 FingerPath restingAt(PadPoint place);
 
-// From `start` by `way`, beginning at `time` and taking `duration`.
+// From `start` by the displacement `way`, beginning at `time` and lasting `duration`.
 FingerPath stroke(PadPoint start, PadPoint way, double time, double duration);
 
 } // namespace glidemap

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double liftingSkew = 0.008;
 
-// Fingertips keep off the outermost rim unless they mean it.
+// Fingertips avoid the outermost rim unless they target it.
 constexpr double rim = 0.05;
 
 struct Extent {
@@ -17,7 +17,7 @@ struct Extent {
     double high = 0;
 };
 
-// What one axis of a layout takes up on its way.
+// The range that one axis of a layout covers during a movement.
 Extent extent(const Places& layout, double PadPoint::*axis, double way) {
     const auto less = [axis](PadPoint a, PadPoint b) {
         return a.*axis < b.*axis;
@@ -39,7 +39,7 @@ double partWithRoom(const Places& layout, double PadPoint::*axis, double way) {
     return needed > room ? std::max(room, 0.0) / needed : 1;
 }
 
-// The wider the hand is opened for many fingers, the closer neighbours stay.
+// The more fingers a hand spreads, the closer neighbours stay.
 double spacing(int count, Chance& chance) {
     switch (count) {
     case 2:
@@ -89,7 +89,8 @@ double partWithRoom(const Places& layout, PadPoint way) {
 }
 
 std::vector<double> landings(int count, double time, double longest, Chance& chance) {
-    const double skew = chance.between(0, longest); // some people land all at once, some never do
+    // some people land all fingers simultaneously, others never do
+    const double skew = chance.between(0, longest);
     std::vector<double> times;
     times.reserve(static_cast<std::size_t>(count));
     for (int finger = 0; finger < count; ++finger) {

@@ -14,28 +14,28 @@ namespace {
 constexpr double reportInterval = 0.008;
 constexpr double intervalUnsteadiness = 0.0015;
 
-// A resting finger wanders by 0.6 to 2.4 % of the pad in 3 to 4 s.
-constexpr double slowestDrift = 0.006 / 3.5;
-constexpr double fastestDrift = 0.024 / 3.5;
+// A resting finger drifts by 0.6 to 2.4 % of the pad in 3 to 4 s.
+constexpr double minDriftSpeed = 0.006 / 3.5;
+constexpr double maxDriftSpeed = 0.024 / 3.5;
 
-// 3 to 13 units of a pad that has four to five thousand.
-constexpr double leastJitter = 0.0006;
-constexpr double mostJitter = 0.0028;
+// 3 to 13 units of a pad with four to five thousand units.
+constexpr double minJitter = 0.0006;
+constexpr double maxJitter = 0.0028;
 
-// A contact as the pad follows it.
+// A contact as the pad tracks it.
 class Contact {
 public:
     Contact(const Finger& theFinger, std::int32_t theIdentifier, double hoverTime, Chance& chance)
         : finger(&theFinger), identifier(theIdentifier), hover(hoverTime),
-          jitter(chance.between(leastJitter, mostJitter)) {
-        const double speed = chance.between(slowestDrift, fastestDrift);
+          jitter(chance.between(minJitter, maxJitter)) {
+        const double speed = chance.between(minDriftSpeed, maxDriftSpeed);
         const double angle = chance.between(-std::numbers::pi, std::numbers::pi);
         drift = {speed * std::cos(angle), speed * std::sin(angle)};
     }
 
     bool isSeen(double time) const { return !isGone && time >= finger->down - hover; }
 
-    // The record for a report at `time`, at which the contact is seen.
+    // The record for a report at `time`, when the contact is in range.
     MTTouch record(double time, Chance& chance) {
         const MTTouchState state = advance(time);
         const PadPoint place = placeAt(time, chance);
@@ -79,7 +79,7 @@ private:
 
     const Finger* finger;
     std::int32_t identifier;
-    double hover; // how long before landing and after lifting it is seen
+    double hover; // how long the contact is in range before landing and after lifting
     double jitter;
     PadPoint drift; // per second
     bool hasTouched = false;
@@ -90,7 +90,8 @@ private:
 
 std::vector<Contact> contactsOf(const Fingers& fingers, Chance& chance) {
     const bool seesHovering = chance.oneIn(2);
-    auto identifier = static_cast<std::int32_t>(chance.between(1, 200)); // the pad's count goes on
+    // the pad's contact counter keeps running between performances
+    auto identifier = static_cast<std::int32_t>(chance.between(1, 200));
     std::vector<Contact> contacts;
     contacts.reserve(fingers.size());
     for (const Finger& finger : fingers) {
@@ -118,7 +119,7 @@ std::vector<MTTouch> recordsAt(double time, std::vector<Contact>& contacts, Chan
     return records;
 }
 
-// Makes the first report the zero of time and numbers the reports.
+// Makes the first report time zero and numbers the reports.
 void beginAtZero(Performance& performance) {
     const double begin = performance.empty() ? 0 : performance.front().time;
     std::int32_t number = 0;
@@ -137,9 +138,9 @@ void beginAtZero(Performance& performance) {
 Performance report(const Fingers& fingers, Chance& chance) {
     std::vector<Contact> contacts = contactsOf(fingers, chance);
     const bool reportsEmptyPad = chance.oneIn(2);
-    const double end = endOf(fingers) + 0.1; // every contact has gone out of range by then
+    const double end = endOf(fingers) + 0.1; // every contact is out of range by then
     Performance performance;
-    // The pad looks at its own beat, whenever the finger comes.
+    // The pad scans at its own rate, independently of the finger.
     double time = -0.03 - chance.between(0, reportInterval);
     while (time < end) {
         std::vector<MTTouch> records = recordsAt(time, contacts, chance);

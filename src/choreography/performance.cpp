@@ -105,7 +105,8 @@ std::vector<GestureType> performableGestures() {
 }
 
 Performance perform(GestureType gesture, std::uint64_t seed) {
-    constexpr std::uint64_t apart = 1'000'003; // different gestures of one seed share no choices
+    // gives different gestures of one seed different choices
+    constexpr std::uint64_t apart = 1'000'003;
     Chance chance(seed * apart + static_cast<std::uint64_t>(gesture));
     const Fingers fingers = fingersFor(gesture, chance);
     return fingers.empty() ? Performance{} : report(fingers, chance);

@@ -1,14 +1,13 @@
-// Performs gestures as a person does: unevenly, in time and in place, and unmistakably all the
-// same.
+// Performs gestures as a person does: with uneven timing and placement, yet unambiguously.
 //
-// A performance is what a touchpad reports while a hand makes the gesture. The figures behind it
-// (how long a tap lasts, how far apart fingers land, how much a resting finger wanders) are those
-// of people on real pads. No figure is bent to please a recognizer: the seed chooses freely within
-// ranges that leave every limit of recognition well to one side.
+// A performance is the sequence of reports that a touchpad sends while a hand makes the gesture.
+// Its parameters (how long a tap lasts, how far apart fingers land, how much a resting finger
+// drifts) come from people on real pads. No parameter is tuned to a recognizer: the seed chooses
+// freely within ranges that keep a clear distance from every recognition limit.
 //
 // Units:   seconds from the first report, which is at 0; positions normalised, origin bottom-left.
-// Thread:  any; the functions keep nothing.
-// Errors:  a gesture that no contact makes (a click, the circle of either direction) has an empty
+// Thread:  any; the functions have no state.
+// Errors:  a gesture that contacts cannot make (a click, the circle of any direction) has an empty
 //          performance.
 #pragma once
 

@@ -9,11 +9,11 @@ namespace glidemap {
 
 namespace {
 
-// The thumb and a finger land less together than neighbours do.
+// The thumb and a finger land further apart in time than neighbouring fingers.
 constexpr double thumbLandingSkew = 0.090;
 
-// Two fingertips as the ends of a line, which grows, shrinks or turns about its middle while the
-// hand as a whole moves a little.
+// Two fingertips as the ends of a line, which grows, shrinks or turns about its midpoint while the
+// whole hand moves slightly.
 struct Span {
     PadPoint centre;
     PadPoint handMove;

@@ -9,7 +9,7 @@ namespace glidemap {
 Fingers performLongPress(int count, Chance& chance) {
     const Places places = placeOnPad(handLayout(count, chance), {}, chance);
     const auto down = landings(count, 0, landingSkew, chance);
-    // Held until the person sees that it was understood, which takes a fifth of a second and more.
+    // The person holds until the press is visibly recognised, which takes at least 0.2 s.
     const auto up = liftings(count, latest(down) + chance.between(1.0, 1.5), chance);
     Fingers fingers;
     for (std::size_t index = 0; index < places.size(); ++index) {

@@ -9,11 +9,11 @@ namespace glidemap {
 
 namespace {
 
-// People's swipes: 20 to 70 ms, over 0.28 to 0.60 of the pad, longer ones taking longer.
-constexpr double shortestTime = 0.020;
-constexpr double longestTime = 0.070;
-constexpr double shortestWay = 0.28;
-constexpr double longestWay = 0.60;
+// Swipes of real people: 20 to 70 ms, over 0.28 to 0.60 of the pad; longer ones take longer.
+constexpr double minTime = 0.020;
+constexpr double maxTime = 0.070;
+constexpr double minDistance = 0.28;
+constexpr double maxDistance = 0.60;
 
 struct Stroke {
     double time = 0;
@@ -24,7 +24,7 @@ struct Stroke {
     PadPoint way() const { return {length * std::cos(angle), length * std::sin(angle)}; }
 };
 
-// Fingers of one hand go almost the same way, not quite.
+// Fingers of one hand move in almost the same direction.
 PadPoint wayOfOneFinger(const Stroke& hand, Chance& chance) {
     Stroke finger = hand;
     finger.length *= 1 + 0.04 * chance.wobble();
@@ -35,9 +35,9 @@ PadPoint wayOfOneFinger(const Stroke& hand, Chance& chance) {
 Stroke chooseStroke(Direction direction, double start, Chance& chance) {
     const double vigour = chance.between(0, 1);
     const double reach = std::clamp(vigour + chance.between(-0.25, 0.25), 0.0, 1.0);
-    return {start, shortestTime + (longestTime - shortestTime) * vigour,
+    return {start, minTime + (maxTime - minTime) * vigour,
             angleOf(direction) + chance.between(-0.2, 0.2),
-            shortestWay + (longestWay - shortestWay) * reach};
+            minDistance + (maxDistance - minDistance) * reach};
 }
 
 } // namespace
@@ -45,7 +45,7 @@ Stroke chooseStroke(Direction direction, double start, Chance& chance) {
 Fingers performSwipe(int count, Direction direction, Chance& chance) {
     const Places layout = handLayout(count, chance);
     const auto down = landings(count, 0, landingSkew, chance);
-    // The hand sets off once it feels its last finger on the pad.
+    // The hand starts to move when its last finger has landed.
     Stroke hand = chooseStroke(direction, latest(down) + chance.between(0.010, 0.025), chance);
     hand.length *= partWithRoom(layout, hand.way());
     const Places places = placeOnPad(layout, hand.way(), chance);

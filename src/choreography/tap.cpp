@@ -9,10 +9,10 @@ namespace glidemap {
 
 namespace {
 
-// People's taps; the second half of a double tap is not the place to linger.
-constexpr double shortestTap = 0.050;
-constexpr double longestTap = 0.200;
-constexpr double longestOfTwoTaps = 0.130;
+// Taps of real people; people do not linger on either half of a double tap.
+constexpr double minTapDuration = 0.050;
+constexpr double maxTapDuration = 0.200;
+constexpr double maxDoubleTapPartDuration = 0.130;
 
 // A tapping fingertip rolls a little.
 FingerPath rolling(PadPoint place, double time, double duration, Chance& chance) {
@@ -21,12 +21,13 @@ FingerPath rolling(PadPoint place, double time, double duration, Chance& chance)
     return stroke(place, {way * std::cos(angle), way * std::sin(angle)}, time, duration);
 }
 
-// Adds one tap of the fingers at `places`, the first of which lands at `time`. Returns when the
-// last has lifted.
-double addTap(Fingers& fingers, const Places& places, double time, double longest, Chance& chance) {
+// Adds one tap of the fingers at `places`; the first finger lands at `time`. Returns the time at
+// which the last finger lifts.
+double addTap(Fingers& fingers, const Places& places, double time, double maxDuration,
+              Chance& chance) {
     const int count = static_cast<int>(places.size());
     const auto down = landings(count, time, landingSkew, chance);
-    const double lift = latest(down) + chance.between(shortestTap, longest - landingSkew);
+    const double lift = latest(down) + chance.between(minTapDuration, maxDuration - landingSkew);
     const auto up = liftings(count, lift, chance);
     for (std::size_t index = 0; index < places.size(); ++index) {
         FingerPath path = rolling(places[index], time, lift - time, chance);
@@ -35,7 +36,7 @@ double addTap(Fingers& fingers, const Places& places, double time, double longes
     return latest(up);
 }
 
-// Where the second tap of two lands: about where the first did.
+// The position of the second tap of a double tap: close to the first.
 Places nearby(const Places& places, Chance& chance) {
     const PadPoint shift = {0.02 * chance.wobble(), 0.02 * chance.wobble()};
     Places result;
@@ -49,16 +50,16 @@ Places nearby(const Places& places, Chance& chance) {
 
 Fingers performTap(int count, Chance& chance) {
     Fingers fingers;
-    addTap(fingers, placeOnPad(handLayout(count, chance), {}, chance), 0, longestTap, chance);
+    addTap(fingers, placeOnPad(handLayout(count, chance), {}, chance), 0, maxTapDuration, chance);
     return fingers;
 }
 
 Fingers performDoubleTap(int count, Chance& chance) {
     Fingers fingers;
     const Places places = placeOnPad(handLayout(count, chance), {}, chance);
-    const double lifted = addTap(fingers, places, 0, longestOfTwoTaps, chance);
+    const double lifted = addTap(fingers, places, 0, maxDoubleTapPartDuration, chance);
     const double pause = chance.between(0.060, 0.160);
-    addTap(fingers, nearby(places, chance), lifted + pause, longestOfTwoTaps, chance);
+    addTap(fingers, nearby(places, chance), lifted + pause, maxDoubleTapPartDuration, chance);
     return fingers;
 }
 
@@ -68,7 +69,7 @@ Fingers performCornerTap(Direction side, Direction end, Chance& chance) {
     const PadPoint corner = {side == Direction::left ? across : 1 - across,
                              end == Direction::down ? along : 1 - along};
     Fingers fingers;
-    addTap(fingers, {corner}, 0, longestTap, chance);
+    addTap(fingers, {corner}, 0, maxTapDuration, chance);
     return fingers;
 }
 

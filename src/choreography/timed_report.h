@@ -1,4 +1,4 @@
-// One report of a touchpad, as a performance hands it to whoever plays it.
+// One report of a touchpad, as a performance passes it to its player.
 //
 // Units:   seconds since the beginning of the performance.
 #pragma once

@@ -1,4 +1,5 @@
-// What a performance looks like: a touchpad's reports with the figures of people.
+// The properties of a performance: a touchpad's reports with timing and distances as measured from
+// people.
 
 #include "choreography/performance.h"
 
@@ -23,12 +24,12 @@ using testing::IsEmpty;
 
 constexpr std::uint64_t seeds = 300;
 
-// What one contact did, read back from the reports.
+// The history of one contact, reconstructed from the reports.
 struct ContactStory {
     std::vector<std::int32_t> states;
     double firstTouch = -1;
     double lastTouch = -1;
-    double gone = -1; // the first report in which it no longer touches
+    double gone = -1; // time of the first report in which it no longer touches
     MTPoint start{};
     MTPoint end{};
 
@@ -61,7 +62,7 @@ std::map<std::int32_t, ContactStory> contactsOf(const Performance& performance) 
     return contacts;
 }
 
-// Letters for phase codes, runs as one: "h" hovering, "d" down, "t" touching, "g" gone.
+// One letter per run of equal phases: "h" hovering, "d" down, "t" touching, "g" gone.
 std::string outline(const ContactStory& story) {
     std::string text;
     for (const std::int32_t state : story.states) {
@@ -85,7 +86,7 @@ protected:
     }
 };
 
-TEST_P(PerformanceTest, beginsAtZeroAndEndsWithoutAnyTouch) {
+TEST_P(PerformanceTest, StartsAtZeroAndEndsWithoutTouches) {
     forEverySeed([](const Performance& performance) {
         ASSERT_FALSE(performance.empty());
         EXPECT_EQ(performance.front().time, 0);
@@ -96,7 +97,7 @@ TEST_P(PerformanceTest, beginsAtZeroAndEndsWithoutAnyTouch) {
     });
 }
 
-TEST_P(PerformanceTest, reportsAtTheUnsteadyRateOfAPad) {
+TEST_P(PerformanceTest, ReportsAtTheUnsteadyRateOfAPad) {
     forEverySeed([](const Performance& performance) {
         for (std::size_t index = 1; index < performance.size(); ++index) {
             const double interval = performance[index].time - performance[index - 1].time;
@@ -109,7 +110,7 @@ TEST_P(PerformanceTest, reportsAtTheUnsteadyRateOfAPad) {
     });
 }
 
-TEST_P(PerformanceTest, everyContactComesTouchesAndGoesInOrder) {
+TEST_P(PerformanceTest, EveryContactAppearsTouchesAndLeavesInOrder) {
     forEverySeed([](const Performance& performance) {
         for (const auto& [identifier, story] : contactsOf(performance)) {
             EXPECT_THAT(outline(story), testing::MatchesRegex("h?dth?g"));
@@ -117,7 +118,7 @@ TEST_P(PerformanceTest, everyContactComesTouchesAndGoesInOrder) {
     });
 }
 
-TEST_P(PerformanceTest, everyPositionIsOnThePad) {
+TEST_P(PerformanceTest, EveryPositionIsOnThePad) {
     forEverySeed([](const Performance& performance) {
         for (const TimedReport& report : performance) {
             for (const MTTouch& touch : report.touches) {
@@ -130,7 +131,7 @@ TEST_P(PerformanceTest, everyPositionIsOnThePad) {
     });
 }
 
-TEST_P(PerformanceTest, recordsCarryTheTimeAndNumberOfTheirReport) {
+TEST_P(PerformanceTest, RecordsCarryTheTimeAndNumberOfTheirReport) {
     const Performance performance = perform(GetParam(), 3);
     for (std::size_t index = 0; index < performance.size(); ++index) {
         for (const MTTouch& touch : performance[index].touches) {
@@ -153,7 +154,7 @@ bool samePositions(const Performance& one, const Performance& other) {
                       });
 }
 
-TEST_P(PerformanceTest, theSeedDecidesEverything) {
+TEST_P(PerformanceTest, TheSeedDeterminesThePerformance) {
     EXPECT_TRUE(samePositions(perform(GetParam(), 11), perform(GetParam(), 11)));
     EXPECT_FALSE(samePositions(perform(GetParam(), 11), perform(GetParam(), 12)));
 }
@@ -162,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(AllPerformableGestures, PerformanceTest,
                          testing::ValuesIn(performableGestures()),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-// The smallest and the largest of a figure over many performances.
+// The minimum and maximum of a value over many performances.
 struct Range {
     double low = 1e9;
     double high = -1e9;
@@ -182,11 +183,11 @@ double sessionLength(const std::map<std::int32_t, ContactStory>& contacts) {
     return times.high - times.low;
 }
 
-TEST(Performances, fortyFourGesturesCanBePerformed) {
+TEST(Performances, FortyFourGesturesCanBePerformed) {
     EXPECT_EQ(performableGestures().size(), 44U);
 }
 
-TEST(Performances, whatContactsAloneCannotMakeIsEmpty) {
+TEST(Performances, GesturesWithoutContactsAreEmpty) {
     for (const GestureType gesture :
          {GestureType::drawCircle, GestureType::twoFingerClick, GestureType::threeFingerClick,
           GestureType::fourFingerClick}) {
@@ -194,7 +195,7 @@ TEST(Performances, whatContactsAloneCannotMakeIsEmpty) {
     }
 }
 
-TEST(Performances, tapsLastAsLongAsPeoplesTaps) {
+TEST(Performances, TapsLastAsLongAsPeoplesTaps) {
     Range lengths;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         lengths.add(sessionLength(contactsOf(perform(GestureType::twoFingerTap, seed))));
@@ -205,7 +206,7 @@ TEST(Performances, tapsLastAsLongAsPeoplesTaps) {
     EXPECT_LE(lengths.high, 0.220);
 }
 
-TEST(Performances, fingersLandAndLiftUnevenly) {
+TEST(Performances, FingersLandAndLiftUnevenly) {
     Range landing;
     Range lifting;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
@@ -218,7 +219,7 @@ TEST(Performances, fingersLandAndLiftUnevenly) {
         landing.add(down.high - down.low);
         lifting.add(up.high - up.low);
     }
-    // By the pad's reports, which see an event up to one report late.
+    // As seen by the pad, which reports an event up to one report late.
     EXPECT_EQ(landing.low, 0);
     EXPECT_GE(landing.high, 0.020);
     EXPECT_LE(landing.high, 0.030 + 0.010);
@@ -227,7 +228,7 @@ TEST(Performances, fingersLandAndLiftUnevenly) {
     EXPECT_LE(lifting.high, 0.008 + 0.010);
 }
 
-TEST(Performances, swipesAreAsShortAndAsFarAsPeoplesSwipes) {
+TEST(Performances, SwipesAreAsShortAndAsFarAsPeoplesSwipes) {
     Range travel;
     Range length;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
@@ -238,14 +239,14 @@ TEST(Performances, swipesAreAsShortAndAsFarAsPeoplesSwipes) {
             EXPECT_LT(story.travelX(), 0);
         }
     }
-    EXPECT_GE(travel.low, 0.22); // the last few milliseconds of a stroke may escape the pad
+    EXPECT_GE(travel.low, 0.22); // the pad may miss the last milliseconds of a stroke
     EXPECT_LE(travel.low, 0.30);
     EXPECT_GE(travel.high, 0.50);
     EXPECT_LE(travel.high, 0.64);
-    EXPECT_LE(length.high, 0.160); // with landing and lifting
+    EXPECT_LE(length.high, 0.160); // including landing and lifting
 }
 
-TEST(Performances, aRestingFingerWandersAndTrembles) {
+TEST(Performances, ARestingFingerDriftsAndJitters) {
     Range wandering;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         for (const auto& [id, story] : contactsOf(perform(GestureType::twoFingerLongPress, seed))) {
@@ -257,7 +258,7 @@ TEST(Performances, aRestingFingerWandersAndTrembles) {
     EXPECT_LE(wandering.high, 0.020);
 }
 
-TEST(Performances, somePadsSeeHoveringFingersAndSomeSendAnEmptyReport) {
+TEST(Performances, SomePadsSeeHoveringFingersAndSomeSendAnEmptyReport) {
     int hovering = 0;
     int empty = 0;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {

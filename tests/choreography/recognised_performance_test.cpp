@@ -1,4 +1,4 @@
-// Whatever the seed, a performance is recognised as what it was meant to be, and as nothing else.
+// With every seed, a performance is recognised as exactly its intended gesture.
 
 #include "choreography/performance.h"
 #include "core/gesture_type.h"
@@ -52,7 +52,7 @@ std::vector<GestureType> recognise(const Performance& performance, bool doubleTa
 
 class RecognisedPerformanceTest : public testing::TestWithParam<GestureType> {};
 
-TEST_P(RecognisedPerformanceTest, everySeedComesOutAsIntendedAndAsNothingElse) {
+TEST_P(RecognisedPerformanceTest, EverySeedIsRecognisedAsExactlyItsIntendedGesture) {
     const bool isDoubleTap = category(GetParam()) == GestureCategory::doubleTap;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         ASSERT_THAT(recognise(perform(GetParam(), seed), isDoubleTap), ElementsAre(GetParam()))
@@ -60,7 +60,7 @@ TEST_P(RecognisedPerformanceTest, everySeedComesOutAsIntendedAndAsNothingElse) {
     }
 }
 
-TEST_P(RecognisedPerformanceTest, aPerformanceWithoutItsTouchesIsNothing) {
+TEST_P(RecognisedPerformanceTest, APerformanceWithoutTouchesIsNoGesture) {
     Performance performance = perform(GetParam(), 1);
     for (TimedReport& report : performance) {
         for (MTTouch& touch : report.touches) {
@@ -74,12 +74,12 @@ INSTANTIATE_TEST_SUITE_P(AllPerformableGestures, RecognisedPerformanceTest,
                          testing::ValuesIn(performableGestures()),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-TEST(RecognisedPerformance, aDoubleTapIsATapBeforeItIsADoubleTapWhereItIsNotBound) {
+TEST(RecognisedPerformance, AnUnboundDoubleTapIsReportedAsTapAndDoubleTap) {
     EXPECT_THAT(recognise(perform(GestureType::threeFingerDoubleTap, 5), false),
                 ElementsAre(GestureType::threeFingerTap, GestureType::threeFingerDoubleTap));
 }
 
-TEST(RecognisedPerformance, aSingleTapIsTheSameTapWhereItsDoubleTapIsBound) {
+TEST(RecognisedPerformance, ASingleTapIsStillReportedWhenItsDoubleTapIsBound) {
     EXPECT_THAT(recognise(perform(GestureType::twoFingerTap, 5), true),
                 ElementsAre(GestureType::twoFingerTap));
 }
