@@ -21,7 +21,7 @@ std::string_view withoutComment(std::string_view line) {
     return line.substr(0, line.find('#'));
 }
 
-// Takes the next word off the front; empty at the end.
+// Removes and returns the next word; empty at the end.
 std::string_view takeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     const auto word = text.substr(0, text.find_first_of(blanks));
@@ -38,7 +38,7 @@ bool parseInteger(std::string_view word, int base, Integer& value) {
 constexpr int decimal = 10;
 constexpr int hexadecimal = 16;
 
-// Seconds and a fraction of any length, of which the microseconds count.
+// Seconds with a fraction of any length; digits beyond microseconds are ignored.
 bool parseTime(std::string_view word, double& time) {
     const auto point = word.find('.');
     if (point == std::string_view::npos) {
@@ -104,7 +104,7 @@ std::optional<std::string> EvemuDescription::addAxis(std::string_view fields) {
                        parseInteger(takeWord(fields), decimal, range.maximum) &&
                        parseInteger(takeWord(fields), decimal, ignored) &&
                        parseInteger(takeWord(fields), decimal, ignored);
-    const auto resolution = takeWord(fields); // older recordings have none
+    const auto resolution = takeWord(fields); // older recordings have no resolution
     if (!valid || (!resolution.empty() && !parseInteger(resolution, decimal, range.resolution))) {
         return "an axis is not \"A: axis min max fuzz flat [resolution]\"";
     }

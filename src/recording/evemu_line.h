@@ -1,14 +1,14 @@
-// The lines of evemu's text format, one by one.
+// Parses single lines of evemu's text format.
 //
 //   N: name                                 P: property bits, bytes in hexadecimal
 //   I: bus vendor product version           B: event type, bytes of the codes that the device can
 //   send A: axis min max fuzz flat [resolution]  (the axis in hexadecimal, the rest decimal) E:
 //   seconds.microseconds type code value (type and code in hexadecimal, the value decimal)
 //
-// Anything after a `#` is a comment, except in a name. LED (L:) and switch (S:) lines tell nothing
-// of contacts.
+// Everything after a `#` is a comment, except in a name. LED (L:) and switch (S:) lines do not
+// describe contacts.
 //
-// Errors:  answered as a message for people, without file and line.
+// Errors:  returned as a message for people, without file and line.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -20,15 +20,16 @@
 
 namespace glidemap {
 
-// Whether the line is one of evemu's, by its letter and colon.
+// Returns whether the line is in evemu's format, by its letter and colon.
 bool isEvemuLine(std::string_view line);
 
-// Whether the line is evemu's and tells of the device rather than of an event.
+// Returns whether the line is in evemu's format and describes the device, not an event.
 bool isEvemuDescription(std::string_view line);
 
 class EvemuDescription {
 public:
-    // Reads one line of a description; other lines are ignored. Answers what is wrong, or nothing.
+    // Parses one line of a description; ignores other lines. Returns an error message, or nullopt
+    // on success.
     std::optional<std::string> add(std::string_view line);
 
     const PadCapabilities& device() const { return _device; }
@@ -38,10 +39,10 @@ private:
     std::optional<std::string> addAxis(std::string_view fields);
 
     PadCapabilities _device;
-    unsigned propertyBits = 0; // told so far, by this and earlier lines
+    unsigned propertyBits = 0; // from this line and earlier ones
 };
 
-// Reads an `E:` line. Answers what is wrong, or nothing.
+// Parses an `E:` line. Returns an error message, or nullopt on success.
 std::optional<std::string> parseEvemuEvent(std::string_view line, InputEvent& event);
 
 } // namespace glidemap

@@ -79,7 +79,7 @@ void EvemuReader::readHead(const path& file) {
     records.emplace(pad);
 }
 
-// Reads up to the first event. Answers whether anything was told.
+// Reads up to the first event. Returns whether the description had any content.
 bool EvemuReader::readDescription(LineReader& source) {
     bool described = false;
     for (auto line = source.lookAhead(0); line && !_error; line = source.lookAhead(0)) {

@@ -1,7 +1,7 @@
-// Reads an evemu recording of a touchpad: the description at its head, or beside it, then its
-// events as they arrive.
+// Reads an evemu recording of a touchpad: the description at its start or in a separate file, then
+// its events as they arrive.
 //
-// Owner:   openRecording, which makes it.
+// Owner:   openRecording(), which creates it.
 #pragma once
 
 #include "recording/line_reader.h"
@@ -12,9 +12,9 @@
 
 namespace glidemap {
 
-// `path` is the recording's file, or empty. The description of a recording without one is the
-// `.desc` file in the same folder whose name is the longest beginning of the recording's own (both
-// without their last ending).
+// `path` is the recording's file, or empty. If a recording has no description, it is read from the
+// `.desc` file in the same folder whose name is the longest prefix of the recording's name (both
+// without their last extension).
 std::unique_ptr<RecordingReader> readEvemu(LineReader lines, const std::filesystem::path& path);
 
 } // namespace glidemap

@@ -14,9 +14,9 @@ using nlohmann::json;
 
 constexpr std::int64_t supportedVersion = 1;
 
-// What nobody knows is skipped at any depth up to here. The parser keeps one bit a level, so this
-// is only a sanity check.
-constexpr int deepestNesting = 64;
+// Unknown values are skipped down to this depth. The parser keeps one bit per level, so this is
+// only a sanity check.
+constexpr int maxNesting = 64;
 
 enum class Key {
     time,
@@ -53,7 +53,7 @@ struct Scalar {
         null,
         boolean,
         integer,
-        real, // also integers beyond 64 bits
+        real, // including integers beyond 64 bits
         text,
     };
 
@@ -70,13 +70,12 @@ struct Scalar {
     }
 };
 
-// Receives the line's values in the order of the text. Nothing of the line is kept but what a
-// record needs.
+// Receives the line's values in text order. Keeps only what a record needs.
 class LineHandler : public nlohmann::json_sax<json> {
 public:
     LineHandler(std::size_t length, JsonLine& result) : textLength(length), line(result) {}
 
-    // What is wrong with a line that was parsed to its end.
+    // The error of a line that was parsed to its end.
     std::optional<std::string> finish();
     std::optional<std::string> takeProblem() { return std::move(problem); }
 
@@ -105,14 +104,14 @@ public:
                      const json::exception& error) override;
 
 private:
-    // Where in the line's structure the next value stands.
+    // The position of the next value in the line's structure.
     enum class Place {
         outside,
         line,
         touches,
         touch,
         application,
-        unknown, // inside a value that nobody knows
+        unknown, // inside an unknown value
     };
 
     bool fail(std::string message);
@@ -180,7 +179,7 @@ bool LineHandler::scalar(const Scalar& value) {
     return false;
 }
 
-// The type that the value of the current key must have, and has not.
+// Reports that the current key's value does not have the required type.
 bool LineHandler::failKey() {
     switch (lineKey) {
     case Key::time:
@@ -239,7 +238,7 @@ bool LineHandler::lineScalar(const Scalar& value) {
 }
 
 bool LineHandler::startTouch() {
-    if (line.touches.size() == mostTouches) {
+    if (line.touches.size() == maxTouches) {
         return fail("more than 65536 touches");
     }
     line.touches.emplace_back();
@@ -299,7 +298,7 @@ bool LineHandler::enterUnknown() {
     if (place != Place::unknown) {
         placeAroundUnknown = std::exchange(place, Place::unknown);
     }
-    return ++unknownDepth <= deepestNesting || fail("values are nested more than 64 deep");
+    return ++unknownDepth <= maxNesting || fail("values are nested more than 64 deep");
 }
 
 bool LineHandler::start_object(std::size_t /*elements*/) {
@@ -413,7 +412,7 @@ std::optional<std::string> LineHandler::finish() {
 } // namespace
 
 std::optional<std::string> parseJsonLine(std::string_view text, JsonLine& line) {
-    // The parser takes a zero byte for the end of its input.
+    // The parser treats a zero byte as the end of its input.
     if (const auto zero = text.find('\0'); zero != std::string_view::npos) {
         return "not valid JSON at column " + std::to_string(zero + 1);
     }

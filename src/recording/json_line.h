@@ -1,8 +1,8 @@
-// What one line of our own recording format says.
+// The content of one line of our own recording format.
 //
 // Units:   as in recording/record.h.
-// Thread:  one; holds no lock.
-// Errors:  answered as a message for people, without file and line.
+// Thread:  one; takes no lock.
+// Errors:  returned as a message for people, without file and line.
 #pragma once
 
 #include "recording/record.h"
@@ -15,8 +15,8 @@
 
 namespace glidemap {
 
-// The manager of the devices believes no more contacts in one report either.
-inline constexpr std::size_t mostTouches = 65'536;
+// The device manager rejects larger reports, too.
+inline constexpr std::size_t maxTouches = 65'536;
 
 struct JsonLine {
     enum class Kind {
@@ -33,10 +33,10 @@ struct JsonLine {
     std::int32_t button = 0;
     bool down = false;
     std::optional<FrontmostRecord::Application> application;
-    std::string device; // of a head; empty where it is not told
+    std::string device; // of a head; empty if absent
 };
 
-// Reads `text` into `line`, reusing the memory it holds. Answers what is wrong, or nothing.
+// Parses `text` into `line` and reuses its memory. Returns an error message, or nullopt on success.
 std::optional<std::string> parseJsonLine(std::string_view text, JsonLine& line);
 
 } // namespace glidemap

@@ -59,7 +59,8 @@ void JsonLinesReader::fill(Record& record) {
     case JsonLine::Kind::report:
         if (auto* report = std::get_if<Report>(&record)) {
             report->time = line.time;
-            report->touches.swap(line.touches); // both arrays go on being used
+            // swap, so that both arrays keep their memory for reuse
+            report->touches.swap(line.touches);
         } else {
             record = Report{line.time, line.touches};
         }

@@ -1,6 +1,6 @@
 // Reads our own recording format, JSON Lines, as it arrives.
 //
-// Owner:   openRecording, which makes it.
+// Owner:   openRecording(), which creates it.
 #pragma once
 
 #include "recording/line_reader.h"

@@ -22,10 +22,10 @@ namespace {
 constexpr std::string_view supportedVersion = "1";
 
 // The format itself needs seven levels.
-constexpr std::size_t deepestNesting = 16;
+constexpr std::size_t maxNesting = 16;
 
-// Lines of libinput record are short, and each is complete.
-constexpr std::size_t mostHoarded = 64U << 10U;
+// The lines of libinput record are short, and each one is complete.
+constexpr std::size_t maxBuffered = 64U << 10U;
 
 enum class Place {
     nowhere, // outside the document
@@ -45,10 +45,10 @@ enum class Place {
     event,
 };
 
-// Where a map or a sequence stands, from where the one around it stands and the key it has there.
+// Maps the position of the enclosing node and the key of a map or sequence to its own position.
 struct Step {
     Place around;
-    std::string_view key; // empty: any, or an element of a sequence
+    std::string_view key; // empty: any key, or an element of a sequence
     Place place;
     bool isMap;
 };
@@ -69,10 +69,10 @@ constexpr Step steps[] = {
     {Place::eventList, "", Place::event, false},
 };
 
-// A line of the file, from 0.
+// A line of the file, counted from 0.
 using Line = std::size_t;
 
-// Stops the parser; never leaves this file.
+// Aborts parsing; caught within this file.
 struct Refusal {
     Line line;
     std::string message;
@@ -95,7 +95,7 @@ public:
     // Throws a Refusal.
     void take(const yaml_event_t& node);
 
-    // Takes the touchpad over from a device whose end was not reached.
+    // Finishes a device that was cut off, and accepts its touchpad.
     void finishDevice();
 
 private:
@@ -123,7 +123,7 @@ private:
     LineBuffer& input;
     std::vector<Level> levels;
 
-    // Of the device that is being read.
+    // The device that is being parsed.
     PadCapabilities device;
     bool udevTold = false;
     bool udevSaysTouchpad = false;
@@ -177,7 +177,7 @@ const Step* Handler::stepFrom(const Level* around) {
 
 void Handler::start(Line line, bool isMap) {
     input.progress();
-    if (levels.size() == deepestNesting) {
+    if (levels.size() == maxNesting) {
         throw Refusal{line, "values are nested more than 16 deep"};
     }
     Level* around = levels.empty() ? nullptr : &levels.back();
@@ -192,7 +192,7 @@ void Handler::start(Line line, bool isMap) {
     }
     Place place = step != nullptr ? step->place : Place::ignored;
     if (place == Place::device && file.touchpad) {
-        place = Place::ignored; // the first touchpad is enough
+        place = Place::ignored; // only the first touchpad is used
     }
     if (place == Place::device) {
         device = {};
@@ -231,7 +231,7 @@ void Handler::scalar(Line line, const std::string& value) {
     valueTaken();
 }
 
-// A value is complete: what follows in its map is a key, in its sequence the next element.
+// A value is complete: the next node is a key in a map, or the next element of a sequence.
 void Handler::valueTaken() {
     if (!levels.empty()) {
         levels.back().keyComes = levels.back().isMap;
@@ -319,7 +319,7 @@ void Handler::finishEvent(const Level& level) {
     file.events.push_back(event);
 }
 
-// Where the recording does not have udev's word, a pad that is not a touchscreen counts.
+// If the recording lacks udev's properties, a pad that is not a touchscreen counts as a touchpad.
 bool Handler::isTouchpad() const {
     if (udevTold) {
         return udevSaysTouchpad;
@@ -333,7 +333,8 @@ void Handler::finishDevice() {
     }
 }
 
-// The text, as its lines come. Called by the parser, which is written in C and lets no exception pass.
+// Reads the text as its lines arrive. Called by the parser, which is written in C, so no exception
+// may escape.
 int readMore(void* source, unsigned char* target, std::size_t size, std::size_t* count) noexcept {
     LineBuffer& buffer = *static_cast<LineBuffer*>(source);
     try {
@@ -360,7 +361,7 @@ public:
     Parser& operator=(const Parser&) = delete;
     ~Parser() { yaml_parser_delete(&parser); }
 
-    // Up to the end of the first document. Throws a Refusal.
+    // Parses up to the end of the first document. Throws a Refusal.
     void parse(Handler& handler) {
         bool isDone = false;
         while (!isDone) {
@@ -383,7 +384,7 @@ private:
         yaml_event_t event{};
     };
 
-    // A reader error (invalid bytes) has no mark of its own; the parser has stopped there.
+    // A reader error (invalid bytes) has no mark of its own; the parser stopped at this line.
     Line problemLine() const {
         return parser.error == YAML_READER_ERROR ? parser.mark.line : parser.problem_mark.line;
     }
@@ -399,7 +400,7 @@ private:
 
 LibinputRecordFile parseLibinputRecord(LineReader& lines) {
     LibinputRecordFile file;
-    LineBuffer buffer(lines, mostHoarded);
+    LineBuffer buffer(lines, maxBuffered);
     Handler handler(file, buffer);
     try {
         Parser(buffer).parse(handler);
@@ -407,7 +408,7 @@ LibinputRecordFile parseLibinputRecord(LineReader& lines) {
         file.error = RecordingError{lines.name(), static_cast<std::int64_t>(refusal.line) + 1,
                                     refusal.message};
     }
-    // A stream that ended early is the reason for whatever the parser made of its end.
+    // If the stream ended early, that is the cause of any error of the parser at its end.
     if (buffer.isStuck()) {
         file.error = lines.errorHere("64 KiB without a complete value");
     } else if (lines.error()) {

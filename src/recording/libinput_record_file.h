@@ -1,4 +1,4 @@
-// What the YAML of `libinput record` says about the first touchpad in it.
+// Parses the YAML of `libinput record`: the first touchpad in it.
 //
 //   version: 1
 //   devices:
@@ -14,8 +14,8 @@
 //     - evdev:
 //       - [seconds, microseconds, type, code, value]
 //
-// Read as a stream of YAML events, never as a tree: aliases are refused, nesting is bounded, and
-// everything else in the file costs no memory.
+// Parsed as a stream of YAML events, never as a tree: aliases are rejected, nesting is bounded, and
+// ignored content uses no memory.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -29,9 +29,10 @@
 namespace glidemap {
 
 struct LibinputRecordFile {
-    std::optional<PadCapabilities> touchpad; // the first one, or none
+    std::optional<PadCapabilities> touchpad; // the first touchpad, or nullopt
     std::vector<InputEvent> events;          // of the touchpad
-    std::optional<RecordingError> error;     // ended the file; what stands before it is good
+    // the error that ended parsing; everything before it is valid
+    std::optional<RecordingError> error;
 };
 
 LibinputRecordFile parseLibinputRecord(LineReader& lines);

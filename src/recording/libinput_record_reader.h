@@ -1,6 +1,6 @@
 // Reads the YAML of `libinput record`: the first touchpad in the file.
 //
-// Owner:   openRecording, which makes it.
+// Owner:   openRecording(), which creates it.
 #pragma once
 
 #include "recording/line_reader.h"
@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// The file is read whole before this returns.
+// Reads the whole file before it returns.
 std::unique_ptr<RecordingReader> readLibinputRecord(LineReader lines);
 
 } // namespace glidemap

@@ -20,8 +20,8 @@ LineBuffer::int_type LineBuffer::underflow() {
     }
     line.assign(*next);
     line += '\n';
-    hoarded += isComment(line) ? 0 : line.size();
-    stuck = hoarded > limit;
+    buffered += isComment(line) ? 0 : line.size();
+    stuck = buffered > limit;
     if (stuck) {
         return traits_type::eof();
     }

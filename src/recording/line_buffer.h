@@ -1,10 +1,10 @@
-// Makes a stream again of the lines that a LineReader has taken from one, for a parser that wants
-// one. It ends early where the parser swallows far more than a value without making anything of it:
-// such a parser hoards what it reads, at hundreds of bytes for each one of the text.
+// Turns the lines of a LineReader back into a stream, for a parser that needs one. Ends the stream
+// early if the parser reads far more than a value without progress: such a parser buffers its
+// input, at hundreds of bytes for each byte of text.
 //
-// Thread:  one; holds no lock.
-// Owner:   whoever parses. Borrows the lines.
-// Errors:  those of the lines end the stream; hoarding is told by isStuck().
+// Thread:  one; takes no lock.
+// Owner:   the parser's owner. Borrows the lines.
+// Errors:  an error of the lines ends the stream; isStuck() reports a parser without progress.
 #pragma once
 
 #include "recording/line_reader.h"
@@ -18,11 +18,11 @@ namespace glidemap {
 
 class LineBuffer : public std::streambuf {
 public:
-    // `mostHoarded` is how many bytes may go without progress; lines of comment (`#`) do not count.
-    LineBuffer(LineReader& source, std::size_t mostHoarded) : lines(source), limit(mostHoarded) {}
+    // `maxBuffered` is the number of bytes without progress; comment lines (`#`) do not count.
+    LineBuffer(LineReader& source, std::size_t maxBuffered) : lines(source), limit(maxBuffered) {}
 
-    // The parser has made something of what it read.
-    void progress() { hoarded = 0; }
+    // The parser has produced an event from its input.
+    void progress() { buffered = 0; }
     bool isStuck() const { return stuck; }
 
 protected:
@@ -31,8 +31,8 @@ protected:
 private:
     LineReader& lines;
     std::size_t limit;
-    std::size_t hoarded = 0;
-    bool stuck = false; // for good
+    std::size_t buffered = 0;
+    bool stuck = false; // permanently
     std::string line;
 };
 

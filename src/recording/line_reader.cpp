@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// Some editors put this before the first line.
+// Some editors write this before the first line.
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace
@@ -53,7 +53,7 @@ std::optional<std::string_view> LineReader::read() {
             return std::nullopt;
         }
         if (stream->good()) {
-            return trimmed(length - 1); // the count includes the line's end
+            return trimmed(length - 1); // the count includes the line terminator
         }
         if (stream->eof()) {
             return length > 0 ? std::optional(trimmed(length)) : std::nullopt;
@@ -64,9 +64,9 @@ std::optional<std::string_view> LineReader::read() {
     }
 }
 
-// The stream stopped because the line is longer than the buffer.
+// The stream stopped because the line exceeds the buffer.
 bool LineReader::makeRoom() {
-    if (buffer.size() > longestLine) {
+    if (buffer.size() > maxLineLength) {
         _error = RecordingError{_name, 0, "the line is longer than 16 MiB"};
         return false;
     }

@@ -1,10 +1,8 @@
-// Splits a stream into numbered lines, with a look ahead by which the kind of a recording is
-// recognised.
+// Splits a stream into numbered lines, with a look-ahead to detect the format of a recording.
 //
-// Thread:  one; holds no lock.
+// Thread:  one; takes no lock.
 // Owner:   the recording's reader. Borrows the stream.
-// Errors:  kept as a value in error(): a stream that cannot be read, a line that is longer than any
-// recording has.
+// Errors:  stored in error(): the stream cannot be read, or a line exceeds maxLineLength.
 #pragma once
 
 #include "recording/recording_reader.h"
@@ -20,22 +18,22 @@
 
 namespace glidemap {
 
-// All contacts that a report may have fit many times over. A longer line is no recording, and would
-// fill the memory.
-inline constexpr std::size_t longestLine = 16U << 20U;
+// Many times the largest possible report. A file with a longer line is not a recording and could
+// exhaust the memory.
+inline constexpr std::size_t maxLineLength = 16U << 20U;
 
 class LineReader {
 public:
     LineReader(std::istream& input, std::string name)
         : stream(&input), _name(std::move(name)), buffer(firstBufferSize) {}
 
-    // The next line without its end, LF or CRLF. Valid until the next call.
+    // Returns the next line without its terminator, LF or CRLF. Valid until the next call.
     std::optional<std::string_view> next();
 
-    // The line that `lines` further calls of next() will give, without taking it.
+    // Returns the line that follows the next `lines` lines, without consuming it.
     std::optional<std::string_view> lookAhead(std::size_t lines);
 
-    // Of the line that next() gave last, from 1.
+    // The number of the line that next() returned last, from 1.
     std::int64_t number() const { return _number; }
 
     RecordingError errorHere(std::string message) const { return {_name, _number, message}; }
@@ -53,13 +51,13 @@ private:
     std::string _name;
     std::vector<char> buffer;
     std::deque<std::string> ahead;
-    std::string taken; // the line of the look ahead that was given last
+    std::string taken; // the line that the look-ahead returned last
     std::int64_t _number = 0;
     bool atStart = true;
     std::optional<RecordingError> _error;
 };
 
-// Whether a line has nothing but blanks.
+// Returns whether a line contains only blanks.
 bool isBlank(std::string_view line);
 
 } // namespace glidemap

@@ -8,8 +8,8 @@ namespace glidemap {
 
 namespace {
 
-// No pad has a tenth of these; a description that claims more is broken.
-constexpr std::int32_t largestSlot = 255;
+// No pad has a tenth of these slots; a description with more is broken.
+constexpr std::int32_t maxSlot = 255;
 
 std::optional<AxisRange> axis(const PadCapabilities& device, std::uint16_t code) {
     const auto found = device.axes.find(code);
@@ -30,7 +30,7 @@ std::optional<std::string> describePad(const PadCapabilities& device, PadDescrip
                "ABS_MT_POSITION_Y)";
     }
     pad.name = device.name;
-    pad.slotCount = std::clamp(slots->maximum, 0, largestSlot) + 1;
+    pad.slotCount = std::clamp(slots->maximum, 0, maxSlot) + 1;
     pad.x = *x;
     pad.y = *y;
     pad.pressure = axis(device, ABS_MT_PRESSURE);

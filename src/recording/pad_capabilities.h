@@ -1,8 +1,7 @@
-// What the head of a foreign recording tells of the device it was made on, and the touchpad that
-// this describes.
+// The device description at the start of a foreign recording, and the touchpad that it describes.
 //
-// Units:   as the kernel has them; resolutions in units per millimetre, 0 where unknown.
-// Errors:  answered as a message for people, without file and line.
+// Units:   the kernel's; resolutions in units per millimetre, 0 if unknown.
+// Errors:  returned as a message for people, without file and line.
 #pragma once
 
 #include "drivers/contact/pad_description.h"
@@ -22,7 +21,7 @@ struct PadCapabilities {
     bool hasProperty(unsigned property) const { return (properties >> property & 1U) != 0; }
 };
 
-// Answers why the device is no pad whose contacts can be followed, or fills `pad`.
+// Fills `pad`, or returns why the device is not a pad whose contacts can be tracked.
 std::optional<std::string> describePad(const PadCapabilities& device, PadDescription& pad);
 
 } // namespace glidemap

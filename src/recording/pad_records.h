@@ -1,8 +1,8 @@
-// Turns the kernel events of a foreign recording into records: a report for each frame that changed
-// a contact, then the buttons of the same moment.
+// Converts the kernel events of a foreign recording into records: a report for each frame that
+// changed a contact, then the buttons of the same moment.
 //
 // Units:   as in recording/record.h.
-// Thread:  one; holds no lock.
+// Thread:  one; takes no lock.
 // Owner:   the recording's reader.
 // Errors:  none; impossible events are ignored.
 #pragma once
@@ -18,15 +18,16 @@ class PadRecords {
 public:
     explicit PadRecords(const PadDescription& pad) : assembler(pad) {}
 
-    // Call only after take() has answered false.
+    // Call only after take() has returned false.
     void handle(const InputEvent& event);
 
-    // Puts the next record of the events so far into `record`, or answers that there is none.
+    // Moves the next record of the handled events into `record`, or returns false if no record is
+    // left.
     bool take(Record& record);
 
 private:
     ContactAssembler assembler;
-    const PadFrame* frame = nullptr; // being taken
+    const PadFrame* frame = nullptr; // the frame that take() is emptying
     bool reportTaken = false;
     std::size_t buttonsTaken = 0;
 };

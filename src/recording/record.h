@@ -1,10 +1,9 @@
-// What a recording is made of: the reports of a touchpad, its button, and the moments at which
-// another application came to the front.
+// The records of a recording: the reports of a touchpad, its buttons, and changes of the frontmost
+// application.
 //
-// Units:   times in seconds as the recording has them (any origin, they may go backwards); records
-// as in
+// Units:   times in seconds as recorded (any origin, possibly going backwards); contacts as in
 //          input/mt_touch.h.
-// Errors:  none; plain values. A reader hands out finite times and positions only.
+// Errors:  none; plain values. A reader returns only finite times and positions.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -17,7 +16,7 @@
 
 namespace glidemap {
 
-// All contacts of one moment. None means that every finger has left the pad.
+// All contacts of one moment. An empty report means that no finger touches the pad.
 struct Report {
     double time = 0;
     std::vector<MTTouch> touches;
@@ -32,7 +31,7 @@ struct ButtonRecord {
     friend bool operator==(const ButtonRecord&, const ButtonRecord&) = default;
 };
 
-// Another application is frontmost from now on, or none.
+// Another application becomes frontmost, or none.
 struct FrontmostRecord {
     struct Application {
         std::string bundleID;
@@ -47,8 +46,7 @@ struct FrontmostRecord {
     friend bool operator==(const FrontmostRecord&, const FrontmostRecord&) = default;
 };
 
-// A moment at which something happened that this version does not know. Time still passes until
-// then.
+// A record of a kind that this version does not know. Time still advances to it.
 struct TimeRecord {
     double time = 0;
 

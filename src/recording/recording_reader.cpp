@@ -23,8 +23,9 @@ enum class Content {
     unknown,
 };
 
-// The comments at the head of an evemu recording list all that the device can do, one in a line.
-constexpr std::size_t longestHead = 10'000;
+// The comments at the start of an evemu recording list all capabilities of the device, one per
+// line.
+constexpr std::size_t maxHeadLines = 10'000;
 
 bool startsWithYamlKey(std::string_view line) {
     const auto end = line.find_first_not_of("abcdefghijklmnopqrstuvwxyz");
@@ -44,11 +45,11 @@ Content contentOf(std::string_view line) {
     return Content::unknown;
 }
 
-// The first line that is neither blank nor a comment decides. A recording of nothing is one of
-// ours.
+// The first line that is neither blank nor a comment decides. An empty recording counts as one in
+// our own format.
 Content recognise(LineReader& lines) {
     bool hasComment = false;
-    for (std::size_t index = 0; index < longestHead; ++index) {
+    for (std::size_t index = 0; index < maxHeadLines; ++index) {
         const auto line = lines.lookAhead(index);
         if (!line) {
             return hasComment && !lines.error() ? Content::unknown : Content::jsonLines;
@@ -64,7 +65,7 @@ Content recognise(LineReader& lines) {
     return Content::unknown;
 }
 
-// Ends at once, with an error.
+// Ends immediately with an error.
 class FailedRecording : public RecordingReader {
 public:
     explicit FailedRecording(RecordingError error) : _error(std::move(error)) {}

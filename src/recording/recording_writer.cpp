@@ -11,7 +11,7 @@ namespace glidemap {
 
 namespace {
 
-// With float as its number type the library writes the shortest text that reads back as the same
+// With float as its number type, the library writes the shortest text that reads back as the same
 // float.
 using FloatJson = nlohmann::basic_json<std::map, std::vector, std::string, bool, std::int64_t,
                                        std::uint64_t, float>;
@@ -20,11 +20,11 @@ std::string quoted(const std::string& text) {
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
-// Beyond this a double has no room for microseconds.
-constexpr double largestExactTime = 4e9;
+// Beyond this, a double cannot represent microseconds.
+constexpr double maxExactTime = 4e9;
 
 std::string timeText(double time) {
-    if (std::abs(time) > largestExactTime) {
+    if (std::abs(time) > maxExactTime) {
         return nlohmann::json(time).dump();
     }
     const long long microseconds = std::llround(time * 1e6);

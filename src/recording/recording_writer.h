@@ -1,11 +1,11 @@
-// Writes a recording as JSON Lines, one record a line (docs/recording-format.md).
+// Writes a recording as JSON Lines, one record per line (docs/recording-format.md).
 //
-// Units:   times rounded to microseconds; positions in as few digits as give the same float back.
-// Thread:  one at a time; holds no lock.
-// Owner:   the caller, as is the stream.
-// Errors:  those of the stream, which the caller asks. What the format cannot say is left out: a
-// record whose time, and
-//          a contact whose position, is no finite number.
+// Units:   times rounded to microseconds; positions with the fewest digits that read back as the
+//          same float.
+// Thread:  one at a time; takes no lock.
+// Owner:   the caller, who also owns the stream.
+// Errors:  the caller checks the stream. The writer skips a record whose time is not finite, and a
+//          contact whose position is not finite.
 #pragma once
 
 #include "recording/record.h"
@@ -19,7 +19,7 @@ class RecordingWriter {
 public:
     explicit RecordingWriter(std::ostream& output) : stream(output) {}
 
-    // The optional first line, which says what the recording was made on.
+    // The optional first line, which describes the recording's device.
     void writeHead(const std::string& device);
 
     void write(const Record& record);

@@ -25,7 +25,7 @@ void require(bool holds, const char* what) {
 void checkValues(const Record& record) {
     require(std::isfinite(timeOf(record)), "a time is finite");
     if (const auto* report = std::get_if<Report>(&record)) {
-        require(report->touches.size() <= mostTouches, "a report has a bounded size");
+        require(report->touches.size() <= maxTouches, "a report has a bounded size");
         for (const MTTouch& touch : report->touches) {
             const MTPoint& position = touch.normalized.pos;
             require(std::isfinite(position.x) && std::isfinite(position.y), "a position is finite");

@@ -1,5 +1,5 @@
-// Reads every evemu recording of a collection of real touchpads and compares what the reader makes
-// of it with a much simpler count of its own: tracking ids and positions, straight from the text.
+// Reads every evemu recording of a collection from real touchpads and compares the result with a
+// much simpler count of tracking ids and positions, taken directly from the text.
 #include "read_records.h"
 #include "recording/recording_reader.h"
 
@@ -36,7 +36,7 @@ std::vector<path> collectedRecordings() {
     return result;
 }
 
-// Devices from before slots, in files that describe them.
+// Devices that predate slots, in files that describe them.
 const std::set<std::string> withoutSlots = {
     "AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events",
     "AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events",
@@ -44,14 +44,14 @@ const std::set<std::string> withoutSlots = {
     "bcm5974.three-finger-click.events",
 };
 
-// What the text says without any knowledge of slots' contents.
+// Counts from the text without interpreting the slots.
 struct Oracle {
     int landings = 0;      // tracking ids that appear
-    int frames = 0;        // synchronisations
+    int frames = 0;        // SYN_REPORT events
     int buttonChanges = 0; // of the left, right and middle button
     double firstTime = -1;
     double lastTime = 0;
-    std::size_t mostFingers = 0; // by slots, or by the pad's own count where that is larger
+    std::size_t maxFingers = 0; // the maximum of down slots and the pad's own finger count
 };
 
 Oracle countEvents(const path& file) {
@@ -81,7 +81,7 @@ Oracle countEvents(const path& file) {
             counted = code - 0x14b;
         } else if (type == 0) {
             ++oracle.frames;
-            oracle.mostFingers = std::max({oracle.mostFingers, downSlots.size(), counted});
+            oracle.maxFingers = std::max({oracle.maxFingers, downSlots.size(), counted});
             counted = 0;
         }
     }
@@ -92,7 +92,7 @@ struct Seen {
     std::set<std::int32_t> identifiers;
     int reports = 0;
     int buttonChanges = 0;
-    std::size_t mostFingers = 0;
+    std::size_t maxFingers = 0;
     double smallest = 1; // of all positions
     double largest = 0;
     bool landsBeforeItTouches = true;
@@ -121,7 +121,7 @@ void see(const Report& report, Seen& seen, std::set<std::int32_t>& present) {
                                     !(isNew && !now.contains(touch.identifier));
     }
     present = now;
-    seen.mostFingers = std::max(seen.mostFingers, fingers);
+    seen.maxFingers = std::max(seen.maxFingers, fingers);
 }
 
 Seen readAll(RecordingReader& reader) {
@@ -145,7 +145,7 @@ Seen readAll(RecordingReader& reader) {
 
 class CollectedRecording : public testing::TestWithParam<path> {};
 
-TEST_P(CollectedRecording, MeansWhatItsTextSays) {
+TEST_P(CollectedRecording, MatchesAnIndependentCountOfItsText) {
     const path& file = GetParam();
     const auto reader = openRecordingFile(file, file.filename().string());
     const Seen seen = readAll(*reader);
@@ -164,7 +164,7 @@ TEST_P(CollectedRecording, MeansWhatItsTextSays) {
     EXPECT_GT(seen.reports, 0);
     EXPECT_LE(seen.reports, oracle.frames);
     EXPECT_EQ(seen.buttonChanges, oracle.buttonChanges);
-    EXPECT_EQ(seen.mostFingers, oracle.mostFingers);
+    EXPECT_EQ(seen.maxFingers, oracle.maxFingers);
     EXPECT_GE(static_cast<int>(seen.identifiers.size()), oracle.landings);
     EXPECT_GE(seen.smallest, 0);
     EXPECT_LE(seen.largest, 1);

@@ -36,7 +36,7 @@ const std::string down = "E: 0.500000 0003 0039 0007\n"
 const std::string up = "E: 0.508000 0003 0039 -001\n"
                        "E: 0.508000 0000 0000 0000\n";
 
-// `recording` is read as a file of that name; `descriptions` lie beside it.
+// `recording` is read as a file with that name; `descriptions` are files beside it.
 ReadRecording readBeside(const std::string& name, const std::string& recording,
                          const std::vector<std::pair<std::string, std::string>>& descriptions) {
     const TemporaryFolder folder;
@@ -46,7 +46,7 @@ ReadRecording readBeside(const std::string& name, const std::string& recording,
     return readRecordFile(folder.write(name, recording));
 }
 
-TEST(Evemu, IsReadWithTheDescriptionAtItsHead) {
+TEST(Evemu, IsReadWithItsOwnDescription) {
     const ReadRecording recording = readRecords(head + down + up);
     EXPECT_EQ(recording.error, "");
     EXPECT_EQ(recording.device, "A # pad");
@@ -69,12 +69,12 @@ TEST(Evemu, MayHaveCommentsAndBlankLinesAnywhere) {
     EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,0.75 state 3"));
 }
 
-TEST(Evemu, MayLackTheFirstCommentAndResolutions) {
+TEST(Evemu, MayOmitTheFirstCommentAndResolutions) {
     const std::string old = "N: pad\nA: 2f 0 4 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
     EXPECT_THAT(readRecords(old + down).records, ElementsAre("0.5: 1@0.25,0.75 state 3"));
 }
 
-TEST(Evemu, KeepsTimesAsTheyAre) {
+TEST(Evemu, KeepsTimesUnchanged) {
     const std::string content = head + "E: 1338280591.517526 0003 0039 0007\n"
                                        "E: 1338280591.517526 0000 0000 0000\n";
     EXPECT_THAT(readRecords(content).records,
@@ -97,9 +97,9 @@ TEST(Evemu, WithoutEventsIsAnEmptyRecording) {
     EXPECT_THAT(recording.records, IsEmpty());
 }
 
-TEST(Evemu, KnowsPadsThatReportABoundingBox) {
+TEST(Evemu, SupportsPadsThatReportABoundingBox) {
     const std::string semi = "N: pad\nP: 09 00\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
-    // The second finger is only counted: on a pad of whole contacts it would not exist.
+    // The second finger is only counted by the pad: with complete contacts it would not exist.
     const std::string counted = "E: 0.5 3 39 7\nE: 0.5 1 14d 1\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(semi + counted).records,
                 ElementsAre(testing::AllOf(HasSubstr("1@"), HasSubstr(", 2@"))));
@@ -107,12 +107,12 @@ TEST(Evemu, KnowsPadsThatReportABoundingBox) {
                 ElementsAre(testing::AllOf(HasSubstr("1@"), testing::Not(HasSubstr(", 2@")))));
 }
 
-TEST(Evemu, SlotsThatDoNotExistAreIgnored) {
+TEST(Evemu, IgnoresSlotsThatDoNotExist) {
     const std::string content = head + "E: 0.5 3 2f 5\nE: 0.5 3 39 7\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(content).records, IsEmpty());
 }
 
-TEST(Evemu, IsReadWithTheDescriptionBesideIt) {
+TEST(Evemu, IsReadWithADescriptionFileBesideIt) {
     const ReadRecording recording = readBeside("pad.swipe.events", down, {{"pad.desc", head}});
     EXPECT_EQ(recording.error, "");
     EXPECT_EQ(recording.device, "A # pad");
@@ -123,7 +123,7 @@ std::string named(const std::string& name) {
     return "N: " + name + "\nA: 2f 0 4 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
 }
 
-TEST(Evemu, TakesTheDescriptionWhoseNameIsTheLongestBeginningOfItsOwn) {
+TEST(Evemu, UsesTheDescriptionFileWithTheLongestCommonPrefix) {
     const std::vector<std::pair<std::string, std::string>> descriptions = {
         {"pad.desc", named("short")},       {"pad.new.desc", named("longer")},
         {"pad.newer.desc", named("other")}, {"pad.new.two.desc", named("too long")},
@@ -140,7 +140,7 @@ TEST(Evemu, PrefersItsOwnDescription) {
               "A # pad");
 }
 
-TEST(Evemu, IsRefusedWithoutADescription) {
+TEST(Evemu, IsRejectedWithoutADescription) {
     const std::string message = "tells nothing of its device, and no .desc file beside it does";
     EXPECT_EQ(readRecords(down).error, "file: " + message);
     EXPECT_EQ(readBeside("pad.events", down, {{"other.desc", head}}).error,
@@ -149,13 +149,13 @@ TEST(Evemu, IsRefusedWithoutADescription) {
               "pad.events: " + message);
 }
 
-TEST(Evemu, NamesTheDescriptionThatIsMalformed) {
+TEST(Evemu, NamesTheMalformedDescription) {
     EXPECT_THAT(readBeside("pad.events", down, {{"pad.desc", "N: pad\nA: 2f\n"}}).error,
                 testing::EndsWith(
                     "/pad.desc:2: an axis is not \"A: axis min max fuzz flat [resolution]\""));
 }
 
-TEST(Evemu, OfADeviceWithoutSlotsIsRefused) {
+TEST(Evemu, OfADeviceWithoutSlotsIsRejected) {
     EXPECT_EQ(readRecords("N: old\nA: 00 0 100 0 0\nA: 35 0 9 0 0\nA: 36 0 9 0 0\n" + down).error,
               "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
     EXPECT_EQ(readRecords("N: odd\nA: 2f 0 1 0 0\nA: 36 0 9 0 0\n" + down).error,
@@ -168,7 +168,7 @@ struct BadRow {
     const char* message;
 };
 
-TEST(Evemu, MalformedLineEndsTheRecordingWithItsPlaceAndReason) {
+TEST(Evemu, MalformedLineEndsTheRecordingWithItsLocationAndReason) {
     const char* event = "an event is not \"E: seconds.microseconds type code value\"";
     const BadRow rows[] = {
         {"E:", event},
@@ -197,7 +197,7 @@ TEST(Evemu, MalformedLineEndsTheRecordingWithItsPlaceAndReason) {
     }
 }
 
-TEST(Evemu, MalformedDescriptionIsRefusedWithItsPlaceAndReason) {
+TEST(Evemu, MalformedDescriptionIsRejectedWithItsLocationAndReason) {
     const char* axis = "an axis is not \"A: axis min max fuzz flat [resolution]\"";
     const char* properties = "properties are not bytes in hexadecimal";
     const BadRow rows[] = {
@@ -217,7 +217,7 @@ TEST(Evemu, MalformedDescriptionIsRefusedWithItsPlaceAndReason) {
     }
 }
 
-TEST(Evemu, SurvivesADescriptionThatCannotBe) {
+TEST(Evemu, SurvivesAnImpossibleDescription) {
     const char* const heads[] = {
         "A: 2f 0 2147483647 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n",
         "A: 2f 0 -2147483648 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n",

@@ -201,12 +201,12 @@ const BadRow badRows[] = {
     {R"({"glidemap-recording":{}})", "\"glidemap-recording\" is not a version number"},
     {nested(65), "values are nested more than 64 deep"},
     {nested(100'000), "values are nested more than 64 deep"},
-    {touches(mostTouches + 1), "more than 65536 touches"},
+    {touches(maxTouches + 1), "more than 65536 touches"},
 };
 
 class MalformedLine : public testing::TestWithParam<BadRow> {};
 
-TEST_P(MalformedLine, EndsTheRecordingWithItsPlaceAndReason) {
+TEST_P(MalformedLine, EndsTheRecordingWithItsLocationAndReason) {
     const ReadRecording recording =
         readRecords("{\"t\":0}\n\n" + GetParam().line + "\n{\"t\":9}\n");
     EXPECT_THAT(recording.records, ElementsAre("0: time"));
@@ -215,15 +215,15 @@ TEST_P(MalformedLine, EndsTheRecordingWithItsPlaceAndReason) {
 
 INSTANTIATE_TEST_SUITE_P(JsonLines, MalformedLine, testing::ValuesIn(badRows));
 
-TEST(JsonLines, NestAsDeepAsTheLimit) {
+TEST(JsonLines, NestUpToTheLimit) {
     EXPECT_EQ(readRecords(nested(64)).error, "");
 }
 
-TEST(JsonLines, HoldAsManyTouchesAsTheLimit) {
-    EXPECT_EQ(readRecords(touches(mostTouches)).error, "");
+TEST(JsonLines, HoldTouchesUpToTheLimit) {
+    EXPECT_EQ(readRecords(touches(maxTouches)).error, "");
 }
 
-TEST(JsonLines, TellTheDeviceOnceTheirHeadIsRead) {
+TEST(JsonLines, ReportTheDeviceAfterTheirHeadIsRead) {
     std::istringstream stream("{\"glidemap-recording\":1,\"device\":\"Pad \\u00e9\"}\n{\"t\":1}\n");
     const auto reader = openRecording(stream, "file");
     Record record;
@@ -241,7 +241,7 @@ TEST(JsonLines, GiveEachContactTheTimeOfItsReport) {
                                             testing::Field(&MTTouch::timestamp, 2.5)));
 }
 
-TEST(JsonLines, LeaveNothingOfARecordInTheNextOne) {
+TEST(JsonLines, DoNotCarryARecordOverIntoTheNext) {
     std::istringstream stream("{\"t\":1,\"touches\":[[1,0,0,4],[2,0,0,4]]}\n"
                               "{\"t\":2,\"touches\":[]}\n"
                               "{\"t\":3,\"frontmost\":{\"bundleID\":\"b\",\"name\":\"n\"}}\n"
@@ -253,7 +253,7 @@ TEST(JsonLines, LeaveNothingOfARecordInTheNextOne) {
                             "4: frontmost c ''", "5: 3@0,0 state 4"));
 }
 
-// A pad that is recorded right now must be played right now.
+// A recording in progress must be playable immediately.
 TEST(JsonLines, AreReadAsTheyArrive) {
     std::stringstream stream;
     stream << "{\"t\":1}\n";
@@ -265,7 +265,7 @@ TEST(JsonLines, AreReadAsTheyArrive) {
     EXPECT_EQ(timeOf(record), 2);
 }
 
-TEST(JsonLines, GoOnSayingTheErrorAndNothingElse) {
+TEST(JsonLines, KeepReturningTheError) {
     std::istringstream stream("{}\n{\"t\":1}\n");
     const auto reader = openRecording(stream, "file");
     Record record;
@@ -274,18 +274,18 @@ TEST(JsonLines, GoOnSayingTheErrorAndNothingElse) {
     EXPECT_EQ(text(*reader->error()), "file:1: no time \"t\"");
 }
 
-TEST(JsonLines, MayBeLongButNotEndless) {
+TEST(JsonLines, AreLimitedInLength) {
     const std::string before = "{\"t\":1,\"x\":\"";
     const std::string after = "\"}";
-    const std::size_t room = longestLine - before.size() - after.size();
+    const std::size_t room = maxLineLength - before.size() - after.size();
     EXPECT_EQ(readRecords("{\"t\":0}\n" + before + std::string(room, 'x') + after).error, "");
     const ReadRecording tooLong =
-        readRecords("{\"t\":0}\n" + before + std::string(room + 2 * longestLine, 'x') + after);
+        readRecords("{\"t\":0}\n" + before + std::string(room + 2 * maxLineLength, 'x') + after);
     EXPECT_THAT(tooLong.records, ElementsAre("0: time"));
     EXPECT_EQ(tooLong.error, "file:2: the line is longer than 16 MiB");
 }
 
-TEST(Recording, OfNoKnownKindIsRefused) {
+TEST(Recording, InAnUnknownFormatIsRejected) {
     const char* const strangers[] = {"P6\n1 1\n", "hello\n", "# only\n# comments\n",
                                      "\x7F"
                                      "ELF"};
@@ -297,7 +297,7 @@ TEST(Recording, OfNoKnownKindIsRefused) {
     }
 }
 
-TEST(Recording, ThatCannotBeOpenedSaysWhy) {
+TEST(Recording, ThatCannotBeOpenedHasAReason) {
     EXPECT_EQ(readRecordFile("no/such/recording").error,
               "recording: cannot be opened: No such file or directory");
 }

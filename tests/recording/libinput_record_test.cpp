@@ -49,7 +49,7 @@ std::string device(const std::string& name, const std::string& udevProperty,
 
 const std::string touchpadProperty = "ID_INPUT_TOUCHPAD=1";
 
-// One contact lands at the given place.
+// One contact lands at this position.
 std::string landing(int x) {
     return "  # Current time is 03:59:25\n"
            "  - evdev:\n"
@@ -68,7 +68,7 @@ std::string lines(const std::string& line, int count) {
     return text;
 }
 
-TEST(LibinputRecord, IsReadAsItsTouchpadReported) {
+TEST(LibinputRecord, IsReadAsTheTouchpadReportedIt) {
     const ReadRecording recording = readRecords(
         head + device("A pad", touchpadProperty,
                       landing(25) + "  - libinput:\n"
@@ -84,7 +84,7 @@ TEST(LibinputRecord, IsReadAsItsTouchpadReported) {
 }
 
 // The same touch was played into the kernel from one file and recorded into the other.
-TEST(LibinputRecord, TellsTheSameAsTheEvemuRecordingOfTheSameTouch) {
+TEST(LibinputRecord, EqualsTheEvemuRecordingOfTheSameTouch) {
     const std::filesystem::path data = GLIDEMAP_TEST_DATA;
     const auto evemu = readRecordFile(data / "two_fingers.swipe_with_click.events");
     const auto libinput = readRecordFile(data / "two_fingers.swipe_with_click.yml");
@@ -110,7 +110,7 @@ TEST(LibinputRecord, TellsTheSameAsTheEvemuRecordingOfTheSameTouch) {
                             ": 1@0.6,0.547 state 7, 2@0.7,0.527 state 7"));
 }
 
-TEST(LibinputRecord, OfSeveralDevicesTellsTheFirstTouchpad) {
+TEST(LibinputRecord, UsesTheFirstTouchpadOfSeveralDevices) {
     const ReadRecording recording =
         readRecords(head + device("mouse", "ID_INPUT_MOUSE=1", landing(10)) +
                     device("first", touchpadProperty, landing(25)) +
@@ -133,12 +133,12 @@ std::string withoutUdev(const std::string& properties) {
            properties + "\n";
 }
 
-TEST(LibinputRecord, WithoutUdevsWordTakesAPadThatIsNoTouchscreen) {
+TEST(LibinputRecord, WithoutUdevPropertiesAcceptsAPadThatIsNoTouchscreen) {
     EXPECT_THAT(readRecords(withoutUdev("[0]")).records, ElementsAre("0.5: 1@0,1 state 3"));
     EXPECT_EQ(readRecords(withoutUdev("[1]")).error, "file: no touchpad among its devices");
 }
 
-TEST(LibinputRecord, WithoutATouchpadIsRefused) {
+TEST(LibinputRecord, WithoutATouchpadIsRejected) {
     const std::string message = "file: no touchpad among its devices";
     EXPECT_EQ(readRecords(head + device("mouse", "ID_INPUT_MOUSE=1", landing(10))).error, message);
     EXPECT_EQ(readRecords(head).error, message);
@@ -146,13 +146,13 @@ TEST(LibinputRecord, WithoutATouchpadIsRefused) {
     EXPECT_EQ(readRecords("version: 1\ndevices: []\n").error, message);
 }
 
-TEST(LibinputRecord, OfATouchpadWithoutSlotsIsRefused) {
+TEST(LibinputRecord, OfATouchpadWithoutSlotsIsRejected) {
     EXPECT_EQ(
         readRecords("version: 1\ndevices:\n- udev:\n    properties: [ID_INPUT_TOUCHPAD=1]\n").error,
         "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
 }
 
-// A recording of an idle pad is mostly comments on the time of day.
+// A recording of an idle pad consists mostly of comments with the time of day.
 TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
     const ReadRecording recording = readRecords(
         head + device("pad", touchpadProperty,
@@ -161,7 +161,7 @@ TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
     EXPECT_EQ(recording.records.size(), 2U);
 }
 
-// Far more than may go without a complete value.
+// Far more bytes than the limit without a complete value.
 TEST(LibinputRecord, MayHaveAnyNumberOfEvents) {
     std::string events = "  - evdev:\n";
     for (int index = 0; index < 10'000; ++index) {
@@ -185,7 +185,7 @@ struct BadRow {
     const char* message;
 };
 
-TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsPlaceAndReason) {
+TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsLocationAndReason) {
     const char* event = "an event is not [seconds, microseconds, type, code, value]";
     const char* number = "not a number that belongs here";
     const BadRow rows[] = {
@@ -209,7 +209,7 @@ TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsPlaceAndReason) {
     }
 }
 
-TEST(LibinputRecord, CutOffInTheMiddleTellsWhatItHas) {
+TEST(LibinputRecord, TruncatedInTheMiddleReturnsTheCompleteEvents) {
     std::string content = head + device("pad", touchpadProperty, landing(25) + landing(50));
     content.resize(content.rfind("[  0, 500000") + 8);
     const ReadRecording recording = readRecords(content);
@@ -221,7 +221,7 @@ std::string nested(std::size_t depth) {
     return std::string(depth, '[') + std::string(depth, ']');
 }
 
-TEST(LibinputRecord, MalformedHeadIsRefusedWithItsPlaceAndReason) {
+TEST(LibinputRecord, MalformedHeadIsRejectedWithItsLocationAndReason) {
     const BadRow rows[] = {
         {"version: 2", "file:1: version 2 of libinput's recording format is not supported, only "
                        "version 1"},
@@ -253,15 +253,15 @@ TEST(LibinputRecord, MalformedHeadIsRefusedWithItsPlaceAndReason) {
     }
 }
 
-// The parser keeps all of a word until its end.
-TEST(LibinputRecord, IsNotReadToTheEndOfAWordThatDoesNotEnd) {
+// The parser buffers a whole scalar until its end.
+TEST(LibinputRecord, StopsReadingAnEndlessScalar) {
     const ReadRecording recording = readRecords("version: 1\nx:\n" + lines(" a", 100'000));
     EXPECT_THAT(recording.error, testing::MatchesRegex("file:2[0-9]{4}: 64 KiB without a complete "
                                                        "value"));
 }
 
-// A list's elements are done with one by one, however many there are.
-TEST(LibinputRecord, IsReadToTheEndOfAListThatDoesNotEnd) {
+// The elements of a list are processed one by one, however many there are.
+TEST(LibinputRecord, ReadsAnUnterminatedListToItsEnd) {
     const ReadRecording recording = readRecords("version: 1\nx: [[\n" + lines("a,", 100'000));
     EXPECT_EQ(recording.error, "file:100003: not valid YAML: did not find expected node content");
 }

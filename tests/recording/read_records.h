@@ -1,5 +1,4 @@
-// Reads a whole recording for a test and writes its records as short texts, which compare and print
-// well.
+// Reads a whole recording and formats its records as short texts, which compare and print well.
 //
 //   "0.5: 1@0.25,0.75 state 4, 2@0.5,0.5 state 3"     a report of two contacts
 //   "0.5: nothing"                                    a report of none
@@ -18,12 +17,12 @@ namespace glidemap::test {
 struct ReadRecording {
     std::vector<std::string> records;
     std::string device;
-    std::string error; // empty: none
+    std::string error; // empty: no error
 };
 
 ReadRecording readRecords(RecordingReader& reader);
 
-// The recording is called "file" in errors.
+// The recording's name in errors is "file".
 ReadRecording readRecords(const std::string& content);
 
 ReadRecording readRecordFile(const std::filesystem::path& path);

@@ -27,7 +27,7 @@ std::string written(const Record& record) {
     return stream.str();
 }
 
-TEST(RecordingWriter, WritesOneLineARecord) {
+TEST(RecordingWriter, WritesOneLinePerRecord) {
     std::ostringstream stream;
     RecordingWriter writer(stream);
     writer.writeHead("A \"pad\"");
@@ -49,7 +49,7 @@ TEST(RecordingWriter, WritesOneLineARecord) {
 )");
 }
 
-TEST(RecordingWriter, NamesNoDeviceThatIsNotKnown) {
+TEST(RecordingWriter, OmitsAnUnknownDevice) {
     std::ostringstream stream;
     RecordingWriter(stream).writeHead("");
     EXPECT_EQ(stream.str(), "{\"glidemap-recording\":1}\n");
@@ -75,7 +75,7 @@ TEST(RecordingWriter, RoundsTimesToMicroseconds) {
     }
 }
 
-TEST(RecordingWriter, LeavesOutWhatTheFormatCannotSay) {
+TEST(RecordingWriter, OmitsNonFiniteValues) {
     const float infinity = std::numeric_limits<float>::infinity();
     EXPECT_EQ(written(TimeRecord{std::nan("")}), "");
     EXPECT_EQ(written(Report{infinity, {}}), "");
@@ -85,13 +85,13 @@ TEST(RecordingWriter, LeavesOutWhatTheFormatCannotSay) {
         "{\"t\":1.000000,\"touches\":[[2,0.5,0.5,4]]}\n");
 }
 
-TEST(RecordingWriter, ReplacesTextThatIsNotUnicode) {
+TEST(RecordingWriter, ReplacesInvalidUtf8) {
     EXPECT_EQ(written(FrontmostRecord{1, FrontmostRecord::Application{"a\xFF", "b"}}),
               "{\"t\":1.000000,\"frontmost\":{\"bundleID\":\"a\uFFFD\",\"name\":\"b\"}}\n");
 }
 
-// Every float comes back as the same float, whatever its size.
-TEST(RecordingWriter, LosesNothingOfAPosition) {
+// Every float reads back as the same float, whatever its magnitude.
+TEST(RecordingWriter, PreservesPositionsExactly) {
     std::mt19937 random(7);
     std::uniform_int_distribution<std::uint32_t> bits;
     std::ostringstream stream;
@@ -119,7 +119,7 @@ TEST(RecordingWriter, LosesNothingOfAPosition) {
     }
 }
 
-TEST(RecordingWriter, WritesWhatIsReadBackAsItWas) {
+TEST(RecordingWriter, RoundTripsThroughTheReader) {
     const Record records[] = {
         Report{0.008, {touch(1, 0.3F, 0.7F, 3), touch(5, 0.1234567F, 1e-9F, 7)}},
         ButtonRecord{0.5, 2, true},
