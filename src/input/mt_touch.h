@@ -1,8 +1,9 @@
-// One contact as a touch driver reports it: the record's exact layout in memory, shared with a
-// closed library.
+// One contact as a touch driver reports it, in the exact memory layout of the record. A closed
+// library shares this layout.
 //
-// Units:   normalised positions 0..1 on both axes, origin bottom-left, y upwards; other fields as
-// the driver has them. Errors:  none here; every field comes from outside and may hold anything.
+// Units:   normalised positions 0..1 on both axes, origin bottom-left, y upwards; other
+//          fields in the driver's units.
+// Errors:  none here; every field is external input and may hold any value.
 #pragma once
 
 #include <cstddef>
@@ -24,8 +25,8 @@ struct MTReadout {
 static_assert(sizeof(MTReadout) == 16 && alignof(MTReadout) == 4);
 static_assert(offsetof(MTReadout, vel) == 8);
 
-// The phase of a contact. Only making and keeping contact count as touching; the other codes are
-// those that our own drivers report for a contact that is on its way in or out.
+// The phase of a contact. Only makeTouch and touching count as touching; our own drivers report the
+// other codes for a contact that approaches or leaves the pad.
 enum class MTTouchState : std::int32_t {
     hoverInRange = 2,
     makeTouch = 3,
@@ -33,12 +34,12 @@ enum class MTTouchState : std::int32_t {
     outOfRange = 7,
 };
 
-// Only `identifier`, `state` and `normalized.pos` are read by recognition.
+// Recognition reads only `identifier`, `state` and `normalized.pos`.
 struct MTTouch {
     std::int32_t frame;
     double timestamp;
-    std::int32_t identifier; // stays the same while the finger stays on the pad
-    std::int32_t state;      // an MTTouchState, or any other number
+    std::int32_t identifier; // constant while the finger is on the pad
+    std::int32_t state;      // an MTTouchState or any other number
     std::int32_t fingerID;
     std::int32_t handID;
     MTReadout normalized;
@@ -70,8 +71,8 @@ static_assert(offsetof(MTTouch, field14) == 84);
 static_assert(offsetof(MTTouch, field15) == 88);
 static_assert(offsetof(MTTouch, zDensity) == 92);
 
-// Whether a phase code means that the finger is in contact. Any number is allowed, negative ones
-// too.
+// Returns whether a phase code means that the finger touches. Any number is allowed, including
+// negative ones.
 constexpr bool isTouchingState(std::int32_t state) {
     constexpr std::uint32_t touchingStates = 0x18; // makeTouch and touching
     const auto code = static_cast<std::uint32_t>(state);

@@ -18,12 +18,12 @@ constexpr const char* cannotLoad = "无法加载 MultitouchSupport.framework: ";
 constexpr const char* symbolsMissing = "MultitouchSupport 符号解析失败";
 constexpr const char* noDevice = "未找到多点触摸设备";
 
-// No hand and no pad comes near this. A larger count is a broken report, and reading it could take
-// all memory there is.
-constexpr std::int32_t largestBelievableCount = 65'536;
+// No pad reports nearly as many contacts. A larger count means a broken report; reading it could
+// exhaust the memory.
+constexpr std::int32_t maxPlausibleCount = 65'536;
 
-// The driver calls back without a context, so the sink is one for the process. It is never destroyed: a driver that
-// nobody has stopped may call until the process is gone.
+// The driver's callback has no context argument, so the sink is global to the process. It is never
+// destroyed: a driver that was not stopped may call back until the process exits.
 Snapshot<MultitouchDeviceManager::FrameSink>& frameSink() {
     static auto& sink = *new Snapshot<MultitouchDeviceManager::FrameSink>;
     return sink;
@@ -84,7 +84,7 @@ void MultitouchDeviceManager::setFrameSink(FrameSink sink) {
 std::int32_t MultitouchDeviceManager::contactCallback(driver::Device device, const MTTouch* records,
                                                       std::int32_t count, double timestamp,
                                                       std::int32_t /*frame*/) {
-    if (records != nullptr && count > largestBelievableCount) {
+    if (records != nullptr && count > maxPlausibleCount) {
         return 0;
     }
     std::vector<MTTouch> copy;

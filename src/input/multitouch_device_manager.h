@@ -1,13 +1,12 @@
-// The only code that talks to the touch driver: loads it by path, subscribes to every device it has
-// at start or when it is asked to look again, and passes each report, copied, to one sink.
+// The only code that calls the touch driver: loads it by path, subscribes to all its devices on
+// start or on request, and copies each report to one sink.
 //
-// Thread:  construction, start(), lookForDevices() and stop() on the main thread; contactCallback on the driver's
-// own. Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools make their own,
-// one at a time, because
-//          the sink is shared by all.
-// Errors:  kept as text in loadError(), in Simplified Chinese in both interface languages, and
-// never fatal. After a
-//          failure start() does nothing.
+// Thread:  construction, start(), lookForDevices() and stop() on the main thread;
+//          contactCallback on the driver's thread.
+// Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools create their
+//          own, one at a time, because all instances share the sink.
+// Errors:  stored as text in loadError(), in Simplified Chinese in both interface
+//          languages, and never fatal. After a failure start() does nothing.
 #pragma once
 
 #include "core/observable.h"
@@ -22,7 +21,7 @@
 
 namespace glidemap {
 
-// What differs from one home to the other: where the driver is and how its device list is read.
+// The differences between platforms: the driver's location and how its device list is read.
 struct TouchDriverPlatform {
     struct ListAccess {
         driver::ListCount count = nullptr;
@@ -30,13 +29,13 @@ struct TouchDriverPlatform {
     };
 
     std::string libraryPath;
-    // Finds the two functions; `handle` is the opened driver.
+    // Resolves the two functions; `handle` is the opened driver.
     std::function<ListAccess(void* handle)> listAccess;
 };
 
 class MultitouchDeviceManager {
 public:
-    // `records` is the sink's to keep.
+    // The sink takes ownership of `records`.
     using FrameSink =
         std::function<void(driver::Device device, std::vector<MTTouch> records, double timestamp)>;
 
@@ -44,40 +43,40 @@ public:
     MultitouchDeviceManager(const MultitouchDeviceManager&) = delete;
     MultitouchDeviceManager& operator=(const MultitouchDeviceManager&) = delete;
 
-    // Says what the shared instance is made from. Call before the first shared().
+    // Sets the platform of the shared instance. Call before the first shared().
     static void configureShared(TouchDriverPlatform platform);
     static MultitouchDeviceManager& shared();
 
-    // Replaces the sink of every report; an empty one drops them. Safe while a report is under way:
-    // that one still goes where it was going.
+    // Replaces the sink of every report; an empty sink drops them. Safe during a report, which
+    // still reaches the previous sink.
     static void setFrameSink(FrameSink sink);
 
-    // The function registered with every device. Always answers 0.
+    // The callback registered with every device. Always returns 0.
     static std::int32_t contactCallback(driver::Device device, const MTTouch* records,
                                         std::int32_t count, double timestamp, std::int32_t frame);
 
-    // Registers and starts every device that is present now. Those attached later are not picked up
-    // before lookForDevices().
+    // Registers and starts every device that is present. Devices attached later need
+    // lookForDevices().
     void start();
 
-    // Between start() and stop(): registers and starts the devices that are not yet. The error that
-    // no device was found is taken back when one is; after any other this does nothing.
+    // Between start() and stop(): registers and starts new devices. If it finds one, it clears the
+    // error that no device was found; after any other error it does nothing.
     void lookForDevices();
 
-    // Stops and unregisters every device, as far as the driver can.
+    // Stops and unregisters every device, as far as the driver supports it.
     void stop();
 
     bool isRunning() const { return running; }
 
-    // Those that were present at start() or found since.
+    // The devices found by start() and lookForDevices().
     const std::vector<driver::Device>& presentDevices() const { return devices; }
 
     const std::optional<std::string>& loadError() const { return _loadError; }
 
-    // Announced after each look for devices, whatever it found.
+    // Notifies after each scan for devices, regardless of the result.
     Observable& changes() const { return observers; }
 
-    // A function that only some drivers have, or null. Kept for the platform's own use.
+    // Returns a function that only some drivers export, or null. For platform code.
     void* optionalSymbol(const char* name) const;
 
 private:
@@ -87,15 +86,14 @@ private:
     std::vector<driver::Device> listedDevices();
     void run(driver::Device device);
 
-    void* handle =
-        nullptr; // never closed: the driver's threads may outlive any moment we could choose
+    void* handle = nullptr; // never closed: the driver's threads may run until the process exits
     driver::CreateList createList = nullptr;
     driver::RegisterContactFrameCallback registerCallback = nullptr;
     driver::UnregisterContactFrameCallback unregisterCallback = nullptr;
     driver::Start startDevice = nullptr;
     driver::Stop stopDevice = nullptr;
     TouchDriverPlatform::ListAccess listAccess;
-    driver::DeviceList deviceList = nullptr; // kept so that the devices stay valid
+    driver::DeviceList deviceList = nullptr; // keeps the devices valid
     std::vector<driver::Device> devices;
     bool running = false;
     bool isWanted = false; // between start() and stop()

@@ -1,10 +1,11 @@
-// The C interface of a touch driver: a library loaded by path, known by five symbols.
+// The C interface of a touch driver: a library that is loaded by path and exports five symbols.
 //
-// Thread:  the functions are called on the main thread; a device calls its callback on a thread of
-// the driver's own. Owner:   the driver owns devices and records; records are valid only during the
-// callback. Errors:  creating the list may answer null. A device that was stopped calls no more
-// once stopping has returned, unless
-//          it was stopped from within its own callback.
+// Thread:  the functions are called on the main thread; a device calls its callback on a
+//          thread of the driver.
+// Owner:   the driver owns devices and records; records are valid only during the callback.
+// Errors:  creating the list may return null. After stopping a device returns, its
+//          callback is not called again, unless the device was stopped from within its own
+//          callback.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -16,8 +17,8 @@ namespace glidemap::driver {
 using Device = void*;
 using DeviceList = const void*;
 
-// `records` may be null and `count` anything; a report without records says that all fingers have
-// left.
+// `records` may be null and `count` may have any value; a report without records means that no
+// finger touches.
 using ContactCallback = std::int32_t (*)(Device device, const MTTouch* records, std::int32_t count,
                                          double timestamp, std::int32_t frame);
 
@@ -33,31 +34,31 @@ inline constexpr const char* unregisterCallbackSymbol = "MTUnregisterContactFram
 inline constexpr const char* startSymbol = "MTDeviceStart";
 inline constexpr const char* stopSymbol = "MTDeviceStop";
 
-// How the list is read. On macOS these are CoreFoundation's; our own drivers export them beside the
-// five symbols.
+// Functions that read the list. On macOS these are CoreFoundation's; our own drivers export them
+// beside the five symbols.
 using ListCount = long (*)(DeviceList list);
 using ListValueAtIndex = const void* (*)(DeviceList list, long index);
 
 inline constexpr const char* listCountSymbol = "GlidemapDeviceListCount";
 inline constexpr const char* listValueAtIndexSymbol = "GlidemapDeviceListValueAtIndex";
 
-// Optional, in our own drivers: physical buttons of the touchpads (0 left, 1 right, 2 middle),
-// reported on the same thread as the contacts, after the contact report of the same moment. Null
-// takes the callback away.
+// Optional, in our own drivers: reports the touchpads' physical buttons (0 left, 1 right, 2 middle)
+// on the thread of the contacts, after the contact report of the same moment. Null removes the
+// callback.
 using ButtonCallback = void (*)(Device device, std::int32_t button, bool down, double timestamp);
 using SetButtonCallback = void (*)(ButtonCallback callback);
 
 inline constexpr const char* setButtonCallbackSymbol = "GlidemapSetButtonCallback";
 
-// Optional, in the evdev driver: how many touchpads the last MTDeviceCreateList knew of and could
-// not open.
+// Optional, in the evdev driver: the number of touchpads that the last MTDeviceCreateList found and
+// could not open.
 using UnreadableTouchpadCount = std::int32_t (*)();
 
 inline constexpr const char* unreadableTouchpadCountSymbol = "GlidemapUnreadableTouchpadCount";
 
-// Optional, in the replay driver: hands one report to the callback of a started device on the
-// caller's own thread, for a player that keeps the time itself. Once `enable` has been called,
-// creating the list answers one device without a recording and without a thread.
+// Optional, in the replay driver: passes one report to the callback of a started device on the
+// caller's thread, for a player that keeps time itself. After a call to `enable`, creating the list
+// returns one device without a recording and without a thread.
 using EnablePushing = void (*)();
 using Push = void (*)(const MTTouch* records, std::int32_t count, double timestamp);
 

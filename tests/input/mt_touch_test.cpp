@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-// A report as it lies in a driver's memory, put together byte by byte.
+// A report in the driver's memory layout, assembled byte by byte.
 class RawReport {
 public:
     explicit RawReport(std::size_t records) : bytes(records * 96, 0xee) {}
@@ -31,7 +31,7 @@ private:
     std::vector<unsigned char> bytes;
 };
 
-TEST(MTTouchTest, EveryFieldLiesWhereTheDriverPutsIt) {
+TEST(MTTouchTest, EveryFieldHasTheDriversOffset) {
     const MTTouch touch = RawReport(1)
                               .put<std::int32_t>(0, 1)
                               .put(8, 2.5)
@@ -93,7 +93,7 @@ TEST(MTTouchTest, RecordsArePackedBackToBack) {
     EXPECT_EQ(records[2].identifier, 3);
 }
 
-TEST(MTTouchTest, OnlyMakingAndKeepingContactTouches) {
+TEST(MTTouchTest, OnlyMakingAndKeepingContactCountAsTouching) {
     const struct {
         std::int32_t state;
         bool touching;
@@ -123,7 +123,7 @@ TEST(MTTouchTest, OnlyMakingAndKeepingContactTouches) {
     for (const auto& [state, touching] : rows) {
         EXPECT_EQ(isTouchingState(state), touching) << state;
     }
-    // Known to the compiler too, where undefined behaviour would be an error.
+    // Also evaluated by the compiler, which rejects undefined behaviour.
     static_assert(!isTouchingState(-1) && !isTouchingState(8) && !isTouchingState(31));
 }
 

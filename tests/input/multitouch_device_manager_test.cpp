@@ -22,7 +22,7 @@ struct Forwarded {
     friend bool operator==(const Forwarded&, const Forwarded&) = default;
 };
 
-// Everything that comes through the sink, for as long as the test lasts.
+// Records everything that reaches the sink during the test.
 class MultitouchDeviceManagerTest : public testing::Test {
 protected:
     MultitouchDeviceManagerTest() {
@@ -44,7 +44,7 @@ std::int32_t callBack(const MTTouch* records, std::int32_t count, double timesta
     return MultitouchDeviceManager::contactCallback(nullptr, records, count, timestamp, 5);
 }
 
-TEST_F(MultitouchDeviceManagerTest, LoadsADriverWithoutStartingAnything) {
+TEST_F(MultitouchDeviceManagerTest, LoadsADriverWithoutStartingDevices) {
     const MultitouchDeviceManager manager(testDriver("complete"));
     const TestDriverLibrary driver(manager);
     EXPECT_EQ(manager.loadError(), std::nullopt);
@@ -63,7 +63,7 @@ TEST_F(MultitouchDeviceManagerTest, RegistersAndStartsEveryDeviceInOrder) {
     manager.stop();
 }
 
-TEST_F(MultitouchDeviceManagerTest, StopsEveryDeviceBeforeItUnregistersTheSameCallback) {
+TEST_F(MultitouchDeviceManagerTest, StopsEveryDeviceBeforeUnregisteringItsCallback) {
     MultitouchDeviceManager manager(testDriver("complete"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -73,7 +73,7 @@ TEST_F(MultitouchDeviceManagerTest, StopsEveryDeviceBeforeItUnregistersTheSameCa
                               "stop c; unregister c");
 }
 
-TEST_F(MultitouchDeviceManagerTest, IsStartedAndStoppedOnce) {
+TEST_F(MultitouchDeviceManagerTest, StartingAndStoppingAreIdempotent) {
     MultitouchDeviceManager manager(testDriver("list-with-nulls"));
     const TestDriverLibrary driver(manager);
     manager.stop();
@@ -87,7 +87,7 @@ TEST_F(MultitouchDeviceManagerTest, IsStartedAndStoppedOnce) {
                               "stop a; unregister a; stop b; unregister b");
 }
 
-TEST_F(MultitouchDeviceManagerTest, MayBeStartedAgainAfterAStop) {
+TEST_F(MultitouchDeviceManagerTest, CanBeRestartedAfterAStop) {
     MultitouchDeviceManager manager(testDriver("list-with-nulls"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -106,7 +106,7 @@ TEST_F(MultitouchDeviceManagerTest, AMissingDriverIsAnErrorWithTheLoadersReason)
     const std::string prefix = "无法加载 MultitouchSupport.framework: ";
     ASSERT_TRUE(manager.loadError().has_value());
     EXPECT_TRUE(manager.loadError()->starts_with(prefix)) << *manager.loadError();
-    // Some loaders name their own function before the path.
+    // Some loaders print their own function name before the path.
     EXPECT_NE(manager.loadError()->find("/no/such/driver.so"), std::string::npos)
         << *manager.loadError();
     EXPECT_GT(manager.loadError()->size(), prefix.size() + 20);
@@ -131,7 +131,7 @@ TEST_F(MultitouchDeviceManagerTest, AMissingRequiredSymbolIsAnErrorAndNothingSta
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, AListThatCannotBeReadIsAMissingSymbolToo) {
+TEST_F(MultitouchDeviceManagerTest, MissingListFunctionsAreMissingSymbols) {
     MultitouchDeviceManager manager(testDriver("without-list-access"));
     const TestDriverLibrary driver(manager);
     EXPECT_EQ(manager.loadError(), symbolsMissing);
@@ -139,7 +139,7 @@ TEST_F(MultitouchDeviceManagerTest, AListThatCannotBeReadIsAMissingSymbolToo) {
     EXPECT_EQ(driver.calls(), "");
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheStopSideMayBeMissing) {
+TEST_F(MultitouchDeviceManagerTest, TheFunctionsForStoppingAreOptional) {
     struct Row {
         const char* name;
         const char* stopping;
@@ -162,7 +162,7 @@ TEST_F(MultitouchDeviceManagerTest, TheStopSideMayBeMissing) {
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, WithoutATouchpadItSaysSoAndDoesNotTryAgain) {
+TEST_F(MultitouchDeviceManagerTest, WithoutATouchpadItReportsAnErrorAndDoesNotRetry) {
     for (const char* name : {"null-list", "empty-list", "list-with-only-nulls"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);
@@ -176,7 +176,7 @@ TEST_F(MultitouchDeviceManagerTest, WithoutATouchpadItSaysSoAndDoesNotTryAgain) 
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsThoseThatHaveComeSince) {
+TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsNewDevices) {
     MultitouchDeviceManager manager(testDriver("growing-list"));
     const TestDriverLibrary driver(manager);
     driver.attach(1);
@@ -187,7 +187,7 @@ TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsThoseThatHaveComeSinc
     EXPECT_EQ(driver.calls(), "create list; register a; start a 0; create list; register b; "
                               "start b 0; register c; start c 0; create list");
     EXPECT_EQ(manager.presentDevices().size(), 3U);
-    driver.attach(1); // those that are away may come back
+    driver.attach(1); // detached devices may return
     manager.lookForDevices();
     manager.stop();
     EXPECT_TRUE(driver.calls().ends_with("create list; create list; stop a; unregister a; stop b; "
@@ -196,7 +196,7 @@ TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsThoseThatHaveComeSinc
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheFirstDeviceThatIsFoundTakesTheErrorBack) {
+TEST_F(MultitouchDeviceManagerTest, TheFirstDeviceClearsTheError) {
     MultitouchDeviceManager manager(testDriver("growing-list"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -214,7 +214,7 @@ TEST_F(MultitouchDeviceManagerTest, TheFirstDeviceThatIsFoundTakesTheErrorBack) 
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, AStopWithoutDevicesEndsTheLookingForThem) {
+TEST_F(MultitouchDeviceManagerTest, AfterAStopWithoutDevicesNoDevicesAreLookedFor) {
     MultitouchDeviceManager manager(testDriver("growing-list"));
     const TestDriverLibrary driver(manager);
     manager.lookForDevices();
@@ -224,14 +224,14 @@ TEST_F(MultitouchDeviceManagerTest, AStopWithoutDevicesEndsTheLookingForThem) {
     driver.attach(1);
     manager.lookForDevices();
     EXPECT_EQ(driver.calls(), "create list");
-    manager.start(); // does nothing after an error, but wants devices again
+    manager.start(); // does nothing after an error, but requests devices again
     manager.lookForDevices();
     EXPECT_TRUE(manager.isRunning());
     manager.stop();
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, AfterAnotherErrorNothingIsLookedFor) {
+TEST_F(MultitouchDeviceManagerTest, AfterAnotherErrorNoDevicesAreLookedFor) {
     for (const char* name : {"without-start", "without-list-access"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);
@@ -246,7 +246,7 @@ TEST_F(MultitouchDeviceManagerTest, AfterAnotherErrorNothingIsLookedFor) {
     EXPECT_FALSE(missing.isRunning());
 }
 
-TEST_F(MultitouchDeviceManagerTest, NullEntriesOfTheListArePassedOver) {
+TEST_F(MultitouchDeviceManagerTest, NullEntriesOfTheListAreSkipped) {
     MultitouchDeviceManager manager(testDriver("list-with-nulls"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -254,7 +254,7 @@ TEST_F(MultitouchDeviceManagerTest, NullEntriesOfTheListArePassedOver) {
     manager.stop();
 }
 
-TEST_F(MultitouchDeviceManagerTest, AReportOfTheDriverReachesTheSink) {
+TEST_F(MultitouchDeviceManagerTest, DriverReportsReachTheSink) {
     MultitouchDeviceManager manager(testDriver("complete"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -267,7 +267,7 @@ TEST_F(MultitouchDeviceManagerTest, AReportOfTheDriverReachesTheSink) {
     EXPECT_EQ(forwarded[0].timestamp, 12.5);
 }
 
-TEST_F(MultitouchDeviceManagerTest, RecordsAreCopiedWhole) {
+TEST_F(MultitouchDeviceManagerTest, RecordsAreCopiedCompletely) {
     std::vector<MTTouch> kept;
     MultitouchDeviceManager::setFrameSink(
         [&](driver::Device, std::vector<MTTouch> records, double) { kept = std::move(records); });
@@ -296,7 +296,7 @@ TEST_F(MultitouchDeviceManagerTest, AReportWithoutRecordsIsForwardedEmpty) {
                                                  {nullptr, {}, 6}}));
 }
 
-TEST_F(MultitouchDeviceManagerTest, ACountThatNobodyBelievesIsNotRead) {
+TEST_F(MultitouchDeviceManagerTest, AnImplausibleCountIsNotRead) {
     const std::vector<MTTouch> most(65'536, kit::record(1, 0, 0));
     callBack(most.data(), 65'536);
     ASSERT_EQ(forwarded.size(), 1U);
@@ -315,7 +315,7 @@ TEST_F(MultitouchDeviceManagerTest, WithoutASinkReportsAreDropped) {
     EXPECT_EQ(forwarded, std::vector<Forwarded>());
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheSinkMayBeReplacedWhileReportsCome) {
+TEST_F(MultitouchDeviceManagerTest, TheSinkMayBeReplacedDuringReports) {
     std::atomic<bool> done = false;
     std::atomic<int> reports = 0;
     const auto count = [&](driver::Device, const std::vector<MTTouch>&, double) {
@@ -336,13 +336,13 @@ TEST_F(MultitouchDeviceManagerTest, TheSinkMayBeReplacedWhileReportsCome) {
     driver.join();
 }
 
-TEST_F(MultitouchDeviceManagerTest, FindsWhatOnlySomeDriversHave) {
+TEST_F(MultitouchDeviceManagerTest, FindsOptionalSymbols) {
     const MultitouchDeviceManager manager(testDriver("complete"));
     EXPECT_NE(manager.optionalSymbol("TestDriverCalls"), nullptr);
     EXPECT_EQ(manager.optionalSymbol(driver::setButtonCallbackSymbol), nullptr);
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheSharedInstanceIsMadeOnceFromWhatItWasConfiguredWith) {
+TEST_F(MultitouchDeviceManagerTest, TheSharedInstanceIsCreatedOnceFromItsConfiguration) {
     MultitouchDeviceManager::configureShared(testDriver("null-list"));
     auto& shared = MultitouchDeviceManager::shared();
     EXPECT_EQ(&shared, &MultitouchDeviceManager::shared());

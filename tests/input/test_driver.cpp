@@ -1,5 +1,5 @@
-// A touch driver without a touchpad, which writes down what is asked of it. Compiled once for each
-// way in which a driver may be incomplete; CMakeLists.txt says which definition leaves out what.
+// A touch driver without a touchpad that records its calls. Compiled once for each kind of
+// incomplete driver; CMakeLists.txt lists what each definition excludes.
 #include "input/touch_driver.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ using namespace glidemap::driver;
 std::string calls;
 std::vector<ContactCallback> callbacks;
 
-// Devices are told apart by the letter they point to; a null entry is a device that has gone.
+// The letter that a device points to identifies it; a null entry is a detached device.
 char letters[] = {'a', 'b', 'c'};
 #if defined(LIST_IS_EMPTY)
 std::vector<const void*> devices;
@@ -89,13 +89,13 @@ EXPORTED const void* GlidemapDeviceListValueAtIndex(DeviceList list, long index)
 }
 #endif
 
-// What the test reads and does.
+// Functions for the test.
 
 EXPORTED const char* TestDriverCalls() {
     return calls.c_str();
 }
 
-// So many of the three devices are attached.
+// Attaches the first `count` of the three devices.
 EXPORTED void TestDriverAttach(int count) {
     devices.clear();
     for (int index = 0; index < count; ++index) {
@@ -103,7 +103,7 @@ EXPORTED void TestDriverAttach(int count) {
     }
 }
 
-// Libraries are never unloaded, so a test begins by wiping what the one before left.
+// Libraries are never unloaded, so a test begins by resetting the state of the previous test.
 EXPORTED void TestDriverReset() {
     calls.clear();
     callbacks.clear();

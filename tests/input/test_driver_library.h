@@ -1,4 +1,4 @@
-// One of the test drivers (see test_driver.cpp), loaded through a device manager.
+// One of the test drivers (test_driver.cpp), loaded through a device manager.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
@@ -9,23 +9,23 @@
 
 namespace glidemap {
 
-// How the device list of a test driver is read, and where the library of that name is.
+// The location of the library with that name, and the functions that read its device list.
 TouchDriverPlatform testDriver(const std::string& name);
 
-// What the test says to a loaded test driver, beside what the manager says to it.
+// The test's own interface to a loaded test driver, beside the manager's.
 class TestDriverLibrary {
 public:
     explicit TestDriverLibrary(const MultitouchDeviceManager& manager);
 
-    // What was asked of it since, in order.
+    // The calls since the last reset, in order.
     std::string calls() const { return readCalls(); }
 
-    // The answer of the first device's callback, -1 where none is registered.
+    // Returns the result of the first device's callback, or -1 if none is registered.
     int report(const MTTouch* records, int count, double timestamp) const {
         return sendReport(records, count, timestamp);
     }
 
-    // So many of a driver's three devices are there from now on, until the process ends.
+    // Sets how many of a driver's three devices are attached, until the process exits.
     void attach(int count) const { setAttached(count); }
 
 private:

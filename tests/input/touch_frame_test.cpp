@@ -20,13 +20,13 @@ MTTouch recordInState(std::int32_t state) {
     return kit::record(7, 0.5, 0.25, static_cast<MTTouchState>(state));
 }
 
-TEST(TouchFrameTest, AFingerKeepsItsIdentifierAndItsPositionWidened) {
+TEST(TouchFrameTest, AFingerKeepsItsIdentifierAndItsPositionAsDouble) {
     const TouchPoint point = touchPoint(kit::record(-12, 0.1, 0.9));
     EXPECT_EQ(point, (TouchPoint{-12, static_cast<double>(0.1F), static_cast<double>(0.9F), true}));
-    EXPECT_NE(point.x, 0.1); // no digits are invented
+    EXPECT_NE(point.x, 0.1); // the float's decimal digits are not kept
 }
 
-TEST(TouchFrameTest, NothingIsClamped) {
+TEST(TouchFrameTest, PositionsAreNotClamped) {
     const TouchPoint point = touchPoint(kit::record(1, -3, 42));
     EXPECT_EQ(point.x, -3);
     EXPECT_EQ(point.y, 42);
@@ -38,7 +38,7 @@ TEST(TouchFrameTest, AReportWithoutRecordsIsAFrameWithoutFingers) {
     EXPECT_EQ(frame.touching(), Touches());
 }
 
-TEST(TouchFrameTest, AContactThatDoesNotTouchIsPresentButNotTouching) {
+TEST(TouchFrameTest, AHoveringContactIsPresentButNotTouching) {
     for (const int state : {5, 7, 8, 31, -1}) {
         const TouchFrame frame = frameOf({recordInState(state)});
         EXPECT_EQ(frame.touches, (Touches{{7, 0.5, 0.25, false}})) << state;
@@ -46,7 +46,7 @@ TEST(TouchFrameTest, AContactThatDoesNotTouchIsPresentButNotTouching) {
     }
 }
 
-TEST(TouchFrameTest, TouchingKeepsTheOrderAndLeavesTheFrameAlone) {
+TEST(TouchFrameTest, TouchingKeepsTheOrderAndTheFrame) {
     const TouchFrame frame = frameOf({kit::record(3, 0.3, 0), recordInState(2),
                                       kit::record(1, 0.1, 0, MTTouchState::makeTouch),
                                       recordInState(7), kit::record(2, 0.2, 0)});
@@ -59,13 +59,13 @@ TEST(TouchFrameTest, TouchingKeepsTheOrderAndLeavesTheFrameAlone) {
     EXPECT_EQ(frame.touching(), frame.touching());
 }
 
-TEST(TouchFrameTest, TwoRecordsOfOneIdentifierAreBothKept) {
+TEST(TouchFrameTest, TwoRecordsWithOneIdentifierAreBothKept) {
     const TouchFrame frame = frameOf({kit::record(7, 0.25, 0.5), kit::record(7, 0.75, 0.5)});
     EXPECT_EQ(frame.touching(), (Touches{{7, 0.25, 0.5, true}, {7, 0.75, 0.5, true}}));
 }
 
-TEST(TouchFrameTest, OnlyTheFieldsThatCountAreRead) {
-    MTTouch odd = kit::record(7, 0.5, 0.25); // every other field is not a number, or negative
+TEST(TouchFrameTest, OnlyTheDocumentedFieldsAreRead) {
+    MTTouch odd = kit::record(7, 0.5, 0.25); // every other field is NaN or negative
     MTTouch plain{};
     plain.identifier = 7;
     plain.state = 4;
