@@ -1,4 +1,4 @@
-// A replay driver that takes every report and passes none on.
+// A replay driver that accepts every report and delivers none.
 #include "input/touch_driver.h"
 
 #define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]

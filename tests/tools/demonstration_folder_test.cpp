@@ -1,4 +1,4 @@
-// What glidemap-replay --write-demonstration writes.
+// Tests of glidemap-replay --write-demonstration.
 
 #include "choreography/performance.h"
 #include "kit/temporary_folder.h"
@@ -16,7 +16,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-// What stands between `before` and the next quotation mark after it.
+// Returns the text between `before` and the next quotation mark after it.
 std::string quotedAfter(const std::string& line, const std::string& before) {
     const std::size_t start = line.find(before);
     if (start == std::string::npos) {
@@ -47,7 +47,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(DemonstrationFolder, theRecordingHoldsEveryPerformableGestureOnce) {
+TEST_F(DemonstrationFolder, TheRecordingContainsEveryPerformableGestureOnce) {
     EXPECT_EQ(write(), (Ended{0, "", ""}));
     std::vector<std::string> expected;
     for (const GestureType gesture : performableGestures()) {
@@ -58,7 +58,7 @@ TEST_F(DemonstrationFolder, theRecordingHoldsEveryPerformableGestureOnce) {
     EXPECT_EQ(gesturesIn(played.output), expected);
 }
 
-TEST_F(DemonstrationFolder, itsBindingsDoNothing) {
+TEST_F(DemonstrationFolder, ItsBindingsDoNothing) {
     write();
     const std::string text = contentOf(bindings());
     EXPECT_THAT(text, HasSubstr("\"enabled\": false"));
@@ -68,13 +68,13 @@ TEST_F(DemonstrationFolder, itsBindingsDoNothing) {
     EXPECT_THAT(played.output, Not(HasSubstr("keyEvent")));
 }
 
-TEST_F(DemonstrationFolder, bindingsThatAreThereStay) {
+TEST_F(DemonstrationFolder, ExistingBindingsAreKept) {
     folder.write("Glidemap/bindings.json", "[]");
     EXPECT_EQ(write().status, 0);
     EXPECT_EQ(contentOf(bindings()), "[]");
 }
 
-TEST_F(DemonstrationFolder, aFolderThatCannotBeMadeIsAFailure) {
+TEST_F(DemonstrationFolder, FailsIfTheFolderCannotBeCreated) {
     folder.write("file", "");
     const std::string below = folder.path() / "file/folder";
     const Ended ended = replay({"--write-demonstration", below});

@@ -1,4 +1,4 @@
-// What glidemap-replay --demonstrate shows.
+// Tests of glidemap-replay --demonstrate.
 
 #include "choreography/performance.h"
 #include "replay_program.h"
@@ -25,7 +25,7 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-TEST(Demonstration, showsEveryPerformableGestureInOrderWithNothingElse) {
+TEST(Demonstration, ShowsExactlyEveryPerformableGestureInOrder) {
     const Ended ended = replay({"--demonstrate"});
     EXPECT_EQ(ended.status, 0);
     EXPECT_THAT(ended.errors, IsEmpty());
@@ -39,7 +39,7 @@ TEST(Demonstration, showsEveryPerformableGestureInOrderWithNothingElse) {
     EXPECT_EQ(lines.back(), "44 of 44 gestures recognised as intended");
 }
 
-TEST(Demonstration, inJsonEachLineHoldsTheCompleteListOfWhatWasRecognised) {
+TEST(Demonstration, JsonLinesContainTheCompleteListOfRecognisedGestures) {
     const Ended ended = replay({"--demonstrate", "--json"});
     EXPECT_EQ(ended.status, 0);
     std::vector<std::string> lines = linesOf(ended.output);
@@ -55,7 +55,7 @@ TEST(Demonstration, inJsonEachLineHoldsTheCompleteListOfWhatWasRecognised) {
     EXPECT_EQ(lines.back(), R"({"performed":44,"asIntended":44})");
 }
 
-TEST(Demonstration, everySeedShowsThemAllInAnotherWay) {
+TEST(Demonstration, EverySeedShowsAllGesturesDifferently) {
     const std::string first = replay({"--demonstrate", "--json"}).output;
     EXPECT_EQ(replay({"--demonstrate", "--json", "--seed=1"}).output, first);
     for (int seed = 2; seed < 20; ++seed) {
@@ -65,13 +65,14 @@ TEST(Demonstration, everySeedShowsThemAllInAnotherWay) {
     }
 }
 
-TEST(Demonstration, hasStatisticsToo) {
+TEST(Demonstration, PrintsStatistics) {
     const Ended ended = replay({"--demonstrate", "--stats"});
-    EXPECT_THAT(ended.errors, HasSubstr("touch sessions  47\n")); // three of the 44 are two taps
+    // three of the 44 gestures are double taps, which take two sessions
+    EXPECT_THAT(ended.errors, HasSubstr("touch sessions  47\n"));
     EXPECT_THAT(ended.errors, HasSubstr("gestures        44 delivered, 0 dropped\n"));
 }
 
-TEST(Demonstration, failsWhereADriverLosesReports) {
+TEST(Demonstration, FailsIfTheDriverLosesReports) {
     const Folder folder;
     folder.copy(GLIDEMAP_DEAF_DRIVER, "lib/glidemap/libglidemap-replay.so");
     const Ended ended =

@@ -1,4 +1,4 @@
-// What glidemap-replay says the gestures and clicks of a recording would do.
+// The actions that glidemap-replay prints for the gestures and clicks of a recording.
 
 #include "replay_program.h"
 
@@ -32,7 +32,7 @@ std::string launch(const std::string& bundleID, const std::string& name) {
     return R"({"kind":"launchApp","bundleID":")" + bundleID + R"(","name":")" + name + "\"}";
 }
 
-// The identifier of the binding made with this digit.
+// The identifier of the binding created with this digit.
 std::string id(char digit) {
     return std::string(8, digit) + "-0000-4000-8000-00000000000A";
 }
@@ -51,7 +51,7 @@ std::string listOf(const std::vector<std::string>& bindings) {
     return "[" + list + "]";
 }
 
-// All of the output, for bindings and a recording that are in order.
+// The complete output for valid bindings and a valid recording.
 std::string replayed(const std::vector<std::string>& bindings, const std::string& recording,
                      std::vector<std::string> options = {"--json"}) {
     const Folder folder;
@@ -83,7 +83,7 @@ std::string performed(const std::string& time, const std::string& what) {
     return R"({"t":)" + time + R"(,"perform":)" + what + "}\n";
 }
 
-// A line of a recording, and of the output if it ends with what became of it.
+// A line of a recording, and, with a result appended, of the output.
 std::string button(const std::string& time, int number, bool down) {
     return R"({"t":)" + time + R"(,"button":)" + std::to_string(number) + R"(,"down":)" +
            (down ? "true" : "false") + "}\n";
@@ -101,20 +101,20 @@ std::string frontmost(const std::string& time, const std::string& application) {
 
 const std::string editor = R"({"bundleID":"org.example.Editor","name":"Editor"})";
 
-// Fingers that rest on the pad: too long for a tap, and no long press yet.
+// Fingers that rest on the pad: too long for a tap, too short for a long press.
 std::string resting(int count, double from) {
     std::string tap = tapOf(count, from, from);
     return tap.substr(0, tap.find('\n') + 1);
 }
 
-TEST(ReplayBindings, aShortcutIsTheGestureThenItsKeyDownAndUp) {
+TEST(ReplayBindings, AShortcutPrintsTheGestureThenItsKeyDownAndUp) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", shortcut("124", "1572864"))},
                        tapOf(2, 12.5, 12.625)),
               matched("12.625", "twoFingerTap", '1', "Shortcut ⌥⌘→") +
                   typed("12.625", "124", "1572864"));
 }
 
-TEST(ReplayBindings, flagsAndKeyCodesAreExactToTheirLimits) {
+TEST(ReplayBindings, FlagsAndKeyCodesAreExactUpToTheirLimits) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", shortcut("65535", "18446744073709551615"))},
                        tapOf(2, 0, 0.1)),
               matched("0.1", "twoFingerTap", '1', "Shortcut ⌃⌥⇧⌘Key 65535") +
@@ -125,7 +125,7 @@ TEST(ReplayBindings, flagsAndKeyCodesAreExactToTheirLimits) {
                   typed("0.1", "0", "9007199254740993"));
 }
 
-TEST(ReplayBindings, everyOtherActionIsPerformedOnALineOfItsOwn) {
+TEST(ReplayBindings, EveryOtherActionHasItsOwnLine) {
     const std::pair<std::string, std::pair<std::string, std::string>> rows[] = {
         {lockScreen, {"Lock Screen", R"("lockScreen")"}},
         {missionControl, {"Mission Control", R"("missionControl")"}},
@@ -140,7 +140,7 @@ TEST(ReplayBindings, everyOtherActionIsPerformedOnALineOfItsOwn) {
     }
 }
 
-TEST(ReplayBindings, anApplicationIsLaunchedUnderTheNameThatItsOwnBindingShows) {
+TEST(ReplayBindings, ALaunchedApplicationHasTheNameOfItsBinding) {
     EXPECT_EQ(
         replayed({binding('1', "twoFingerTap", launch("org.example.Editor", "First")),
                   binding('2', "threeFingerTap", launch("org.example.Editor", "Second"))},
@@ -151,13 +151,13 @@ TEST(ReplayBindings, anApplicationIsLaunchedUnderTheNameThatItsOwnBindingShows) 
             performed("1.1", R"("launchApp","bundleID":"org.example.Editor","name":"First")"));
 }
 
-TEST(ReplayBindings, aGestureWithoutABindingSaysSo) {
+TEST(ReplayBindings, AnUnboundGestureHasNullFields) {
     EXPECT_EQ(replayed({binding('1', "threeFingerTap", lockScreen)}, tapOf(2, 0, 0.1)),
               deliveredLine("0.1", "twoFingerTap"));
     EXPECT_EQ(replayed({}, tapOf(2, 0, 0.1)), deliveredLine("0.1", "twoFingerTap"));
 }
 
-TEST(ReplayBindings, whatTheCooldownDropsIsNotBoundToAnything) {
+TEST(ReplayBindings, AGestureThatTheCooldownDropsHasNoBinding) {
     EXPECT_EQ(replayed({binding('1', "fiveFingerTap", lockScreen)},
                        tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125)),
               matched("1.125", "fiveFingerTap", '1', "Lock Screen") +
@@ -165,7 +165,7 @@ TEST(ReplayBindings, whatTheCooldownDropsIsNotBoundToAnything) {
                   R"({"t":1.3125,"gesture":"fiveFingerTap","delivered":false})" + "\n");
 }
 
-TEST(ReplayBindings, theFrontmostApplicationDecidesAndIsNamed) {
+TEST(ReplayBindings, TheFrontmostApplicationSelectsTheBindingAndIsPrinted) {
     const std::string taps = tapOf(2, 0, 0.1) + frontmost("1", editor) + tapOf(2, 2, 2.1) +
                              frontmost("3", R"({"bundleID":"org.example.Other","name":"Other"})") +
                              tapOf(2, 4, 4.1) +
@@ -186,21 +186,21 @@ TEST(ReplayBindings, theFrontmostApplicationDecidesAndIsNamed) {
                   performed("8.1", R"("lockScreen")"));
 }
 
-TEST(ReplayBindings, withoutBindingsTheFrontmostApplicationIsNamedAllTheSame) {
+TEST(ReplayBindings, TheFrontmostApplicationIsPrintedWithoutBindings) {
     EXPECT_EQ(replay({"--json", "-"}, frontmost("0", editor) + tapOf(2, 1, 1.1)).output,
               R"({"t":1.1,"gesture":"twoFingerTap","delivered":true,"binding":null,"action":null,)"
               R"("app":"Editor"})"
               "\n");
 }
 
-TEST(ReplayBindings, aBoundClickIsSwallowedWithItsReleaseAndRunsAfterItsLine) {
+TEST(ReplayBindings, ABoundClickIsSwallowedWithItsReleaseAndRunsAfterItsLine) {
     EXPECT_EQ(
         replayed({binding('1', "twoFingerClick", shortcut("1", "0"))},
                  resting(2, 0) + button("0.4", 0, true) + button("0.5", 0, false) + nothingAt(0.6)),
         button("0.4", 0, true, true) + typed("0.4", "1", "0") + button("0.5", 0, false, true));
 }
 
-TEST(ReplayBindings, theReleaseIsSwallowedWhateverFingersAreLeft) {
+TEST(ReplayBindings, TheReleaseIsSwallowedRegardlessOfTheRemainingFingers) {
     EXPECT_EQ(replayed({binding('1', "threeFingerClick", lockScreen)},
                        resting(3, 0) + button("0.4", 1, true) + nothingAt(0.6) +
                            button("0.7", 1, false) + button("0.8", 1, false)),
@@ -216,7 +216,7 @@ struct ClickRow {
     bool isSwallowed;
 };
 
-TEST(ReplayBindings, aClickIsTakenOnlyWithTheFingersTheButtonAndTheApplicationOfItsBinding) {
+TEST(ReplayBindings, AClickIsConsumedOnlyWithTheFingersButtonAndApplicationOfItsBinding) {
     const std::vector<std::string> bindings = {
         binding('2', "twoFingerClick", lockScreen), binding('3', "threeFingerClick", lockScreen),
         binding('4', "fourFingerClick", lockScreen, inEditor)};
@@ -243,14 +243,14 @@ TEST(ReplayBindings, aClickIsTakenOnlyWithTheFingersTheButtonAndTheApplicationOf
     }
 }
 
-TEST(ReplayBindings, withoutBindingsEveryButtonPasses) {
+TEST(ReplayBindings, WithoutBindingsEveryButtonPasses) {
     EXPECT_EQ(replay({"--json", "-"}, resting(2, 0) + button("0.4", 0, true) +
                                           button("0.5", 0, false) + nothingAt(0.6))
                   .output,
               button("0.4", 0, true, false) + button("0.5", 0, false, false));
 }
 
-TEST(ReplayBindings, aButtonStillHeldInOneFileIsNotInTheNext) {
+TEST(ReplayBindings, AButtonHeldAtTheEndOfOneFileDoesNotAffectTheNext) {
     const Folder folder;
     const std::string bindings =
         folder.write("bindings.json", listOf({binding('1', "twoFingerClick", lockScreen)}));
@@ -262,7 +262,7 @@ TEST(ReplayBindings, aButtonStillHeldInOneFileIsNotInTheNext) {
                   button("0.5", 0, false, false));
 }
 
-TEST(ReplayBindings, aBoundDoubleTapHoldsBackTheSingleTapsOfItsCount) {
+TEST(ReplayBindings, ABoundDoubleTapDelaysSingleTapsWithItsFingerCount) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerTap", lockScreen),
                                                binding('2', "twoFingerDoubleTap", missionControl)};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.2) + nothingAt(5)),
@@ -273,7 +273,7 @@ TEST(ReplayBindings, aBoundDoubleTapHoldsBackTheSingleTapsOfItsCount) {
                   performed("0.3", R"("missionControl")"));
 }
 
-TEST(ReplayBindings, doubleTapsOfTheBindingsAndOfTheCommandLineAddUp) {
+TEST(ReplayBindings, DoubleTapsOfTheBindingsAndTheCommandLineAreCombined) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerDoubleTap", lockScreen)};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.1) + tapOf(3, 2, 2.1) + tapOf(4, 4, 4.1),
                        {"--json", "--double-tap=4"}),
@@ -281,7 +281,7 @@ TEST(ReplayBindings, doubleTapsOfTheBindingsAndOfTheCommandLineAddUp) {
                   deliveredLine("4.55", "fourFingerTap"));
 }
 
-TEST(ReplayBindings, whatIsHeldBackMeetsTheApplicationOfTheMomentItIsDue) {
+TEST(ReplayBindings, AHeldBackTapUsesTheApplicationThatIsFrontmostWhenItFires) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", lockScreen, inEditor),
                         binding('2', "twoFingerDoubleTap", lockScreen)},
                        tapOf(2, 0, 0.2) + frontmost("0.6", editor)),
@@ -289,7 +289,7 @@ TEST(ReplayBindings, whatIsHeldBackMeetsTheApplicationOfTheMomentItIsDue) {
                   performed("0.65", R"("lockScreen")"));
 }
 
-TEST(ReplayBindings, inChineseNamesAndActionsAreChinese) {
+TEST(ReplayBindings, NamesAndActionsAreChineseInChinese) {
     const std::vector<std::string> bindings = {
         binding('1', "twoFingerTap", shortcut("124", "1572864"))};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.1), {"--json", "--lang", "zh"}),
@@ -300,7 +300,7 @@ TEST(ReplayBindings, inChineseNamesAndActionsAreChinese) {
               "       0.100  twoFingerTap                Two-Finger Tap  → Shortcut ⌥⌘→\n");
 }
 
-TEST(ReplayBindings, textSaysWhatAGestureDoesWhereAndWhatHasNoBindingStaysAsItIs) {
+TEST(ReplayBindings, TextAppendsActionAndApplicationToBoundGesturesOnly) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", lockScreen)},
                        tapOf(2, 0, 0.1) + tapOf(3, 1, 1.1) + frontmost("1.5", editor) +
                            tapOf(2, 2, 2.1) + tapOf(3, 3, 3.1),
@@ -311,7 +311,7 @@ TEST(ReplayBindings, textSaysWhatAGestureDoesWhereAndWhatHasNoBindingStaysAsItIs
               "       3.100  threeFingerTap              Three-Finger Tap\n");
 }
 
-TEST(ReplayBindings, textTellsOfTheButtonsThatAreSwallowed) {
+TEST(ReplayBindings, TextShowsSwallowedButtons) {
     EXPECT_EQ(replayed({binding('1', "twoFingerClick", lockScreen)},
                        button("0", 0, true) + button("0.1", 0, false) + resting(2, 0.2) +
                            button("0.4", 0, true) + button("0.5", 0, false) + nothingAt(0.9),
@@ -321,7 +321,7 @@ TEST(ReplayBindings, textTellsOfTheButtonsThatAreSwallowed) {
               "       0.500  button 0 up                 swallowed\n");
 }
 
-TEST(ReplayBindings, inRealTimeTheSameHappens) {
+TEST(ReplayBindings, RealTimeGivesTheSameOutput) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerTap", lockScreen),
                                                binding('2', "twoFingerDoubleTap", lockScreen),
                                                binding('3', "threeFingerClick", missionControl)};
@@ -337,7 +337,7 @@ std::string contentOf(const std::string& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-TEST(ReplayBindings, theFileIsOnlyRead) {
+TEST(ReplayBindings, TheBindingsFileIsNotWritten) {
     const Folder folder;
     const std::string content = "  " + listOf({binding('1', "twoFingerTap", lockScreen)}) + "\n\n";
     const std::string file = folder.write("bindings.json", content);
@@ -351,10 +351,10 @@ TEST(ReplayBindings, theFileIsOnlyRead) {
 
 struct BadFile {
     std::string content;
-    std::string reason; // contained in the message
+    std::string reason; // a substring of the message
 };
 
-TEST(ReplayBindings, aFileThatDoesNotDecodeIsAnErrorThatNamesItAndTheReason) {
+TEST(ReplayBindings, AnInvalidFileIsReportedWithItsNameAndTheReason) {
     const std::string good = binding('1', "twoFingerTap", lockScreen);
     const BadFile rows[] = {
         {"", "not JSON"},
@@ -378,7 +378,7 @@ TEST(ReplayBindings, aFileThatDoesNotDecodeIsAnErrorThatNamesItAndTheReason) {
     }
 }
 
-TEST(ReplayBindings, aFileThatCannotBeReadIsAnErrorThatNamesItAndTheSystemsReason) {
+TEST(ReplayBindings, AnUnreadableFileIsReportedWithItsNameAndTheSystemsError) {
     const Ended missing = replay({"--bindings", "/nonexistent/bindings.json", "-"}, "");
     EXPECT_EQ(
         missing,

@@ -1,4 +1,4 @@
-// What glidemap-replay makes of recordings that are not in order.
+// How glidemap-replay handles invalid recordings.
 
 #include "replay_program.h"
 
@@ -16,7 +16,7 @@ using testing::StartsWith;
 
 const std::string twoFingerTapLine = deliveredLine("0.1", "twoFingerTap");
 
-TEST(ReplayErrors, aMalformedLineIsNamedByFileAndLineAndWhatCameBeforeIsPrintedOnce) {
+TEST(ReplayErrors, AMalformedLineIsReportedWithFileAndLineAfterTheEarlierGestures) {
     const Folder folder;
     const std::string file =
         folder.write("bad", tapOf(2, 0, 0.1) + "{\"t\":1,\n" + tapOf(5, 2, 2.1));
@@ -26,14 +26,14 @@ TEST(ReplayErrors, aMalformedLineIsNamedByFileAndLineAndWhatCameBeforeIsPrintedO
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: " + file + ":3: "));
 }
 
-TEST(ReplayErrors, aTapHeldBackWhenALineIsMalformedStillComesOnce) {
+TEST(ReplayErrors, ATapHeldBackAtAMalformedLineStillFiresOnce) {
     const Ended ended = replay({"--json", "--double-tap=2", "-"}, tapOf(2, 0, 0.2) + "nonsense\n");
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.output, deliveredLine("0.65", "twoFingerTap"));
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:3: "));
 }
 
-TEST(ReplayErrors, theOtherFilesArePlayedAllTheSame) {
+TEST(ReplayErrors, TheOtherFilesAreStillPlayed) {
     const Folder folder;
     const std::string bad = folder.write("bad", "{\"t\":\"now\",\"touches\":[]}\n");
     const std::string good = folder.write("good", tapOf(2, 0, 0.1));
@@ -44,7 +44,7 @@ TEST(ReplayErrors, theOtherFilesArePlayedAllTheSame) {
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: " + bad + ":1: "));
 }
 
-TEST(ReplayErrors, aMissingFileIsNamed) {
+TEST(ReplayErrors, AMissingFileIsReportedByName) {
     const Ended ended = replay({"/nonexistent/recording"});
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.output, IsEmpty());
@@ -52,26 +52,26 @@ TEST(ReplayErrors, aMissingFileIsNamed) {
                                     HasSubstr("No such file")));
 }
 
-TEST(ReplayErrors, aFolderIsNoRecording) {
+TEST(ReplayErrors, AFolderIsRejected) {
     const Ended ended = replay({"/"});
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: /:"));
 }
 
-TEST(ReplayErrors, anyOtherContentIsNoRecording) {
+TEST(ReplayErrors, AnyOtherContentIsRejected) {
     const Ended ended = replay({"-"}, "Dear diary,\n");
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:1: "));
 }
 
-TEST(ReplayErrors, outputThatCannotBeWrittenIsAFailure) {
+TEST(ReplayErrors, AFailedWriteOfTheOutputFailsTheProgram) {
     const Folder folder;
     const Ended ended = replayInto("/dev/full", {folder.write("tap", tapOf(2, 0, 0.1))});
     EXPECT_EQ(ended.status, 1);
     EXPECT_THAT(ended.errors, HasSubstr("cannot be written"));
 }
 
-TEST(ReplayErrors, withoutItsDriverTheProgramFails) {
+TEST(ReplayErrors, FailsWithoutItsDriver) {
     const Folder folder;
     const std::string program = folder.copy(GLIDEMAP_REPLAY_PROGRAM, "bin/glidemap-replay");
     const Ended ended = replayWith(program, {"-"}, tapOf(2, 0, 0.1));
@@ -86,7 +86,7 @@ struct CommandLine {
     std::string message;
 };
 
-TEST(ReplayErrors, aCommandLineThatMakesNoSenseIsExplainedAndNothingIsPlayed) {
+TEST(ReplayErrors, AnInvalidCommandLineIsExplainedAndNothingIsPlayed) {
     const CommandLine rows[] = {
         {{}, "no recording named"},
         {{"--json"}, "no recording named"},

@@ -1,4 +1,4 @@
-// The options of glidemap-replay that are not about what is recognised.
+// The options of glidemap-replay that do not affect recognition.
 
 #include "replay_program.h"
 
@@ -21,7 +21,7 @@ std::chrono::duration<double> timeOf(const std::vector<std::string>& arguments,
     return std::chrono::steady_clock::now() - begin;
 }
 
-TEST(ReplayOptions, helpNamesEveryOptionAndEveryStatus) {
+TEST(ReplayOptions, HelpDocumentsEveryOptionAndExitStatus) {
     const Ended ended = replay({"--help"});
     EXPECT_EQ(ended.status, 0);
     EXPECT_THAT(ended.errors, IsEmpty());
@@ -32,7 +32,7 @@ TEST(ReplayOptions, helpNamesEveryOptionAndEveryStatus) {
     }
 }
 
-TEST(ReplayOptions, statisticsGoToStandardErrorAndLeaveTheOutputAlone) {
+TEST(ReplayOptions, StatisticsGoToStandardErrorOnly) {
     const std::string recording =
         tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125) + R"({"t":3,"button":0,"down":true})" + "\n";
     const Ended ended = replay({"--stats", "--json", "-"}, recording);
@@ -47,7 +47,7 @@ TEST(ReplayOptions, statisticsGoToStandardErrorAndLeaveTheOutputAlone) {
                                            "speed           [0-9]+ frames/s\n"));
 }
 
-TEST(ReplayOptions, statisticsAddUpWhatManyFilesHold) {
+TEST(ReplayOptions, StatisticsAddUpSeveralFiles) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(2, 100, 100.5));
     const Ended ended = replay({"--stats", file, file});
@@ -55,14 +55,14 @@ TEST(ReplayOptions, statisticsAddUpWhatManyFilesHold) {
     EXPECT_THAT(ended.errors, HasSubstr("recorded time   1.000 s\n"));
 }
 
-TEST(ReplayOptions, inRealTimeARecordingTakesAsLongAsItTook) {
+TEST(ReplayOptions, RealTimePlaybackTakesAsLongAsTheRecording) {
     const std::string recording = tapOf(3, 70, 70.1) + nothingAt(70.4);
     Ended slow;
     EXPECT_GE(timeOf({"--real-time", "--json", "-"}, recording, slow).count(), 0.4);
     EXPECT_EQ(slow, replay({"--json", "-"}, recording));
 }
 
-TEST(ReplayOptions, inRealTimeWhatIsHeldBackAtTheEndIsWaitedFor) {
+TEST(ReplayOptions, RealTimePlaybackWaitsForAHeldBackTapAtTheEnd) {
     const std::string recording = tapOf(3, 70, 70.1);
     const std::vector<std::string> options = {"--json", "--double-tap=3", "-"};
     Ended slow;
@@ -72,7 +72,7 @@ TEST(ReplayOptions, inRealTimeWhatIsHeldBackAtTheEndIsWaitedFor) {
     EXPECT_THAT(slow.output, HasSubstr("\"t\":70.55,"));
 }
 
-TEST(ReplayOptions, inRealTimeAStepBackwardsIsNotWaitedFor) {
+TEST(ReplayOptions, RealTimePlaybackDoesNotWaitWhenTimeGoesBackwards) {
     const std::string recording = tapOf(5, 1000, 1000.1) + tapOf(5, 1, 1.1);
     Ended slow;
     const auto took = timeOf({"--real-time", "--json", "-"}, recording, slow);

@@ -1,6 +1,6 @@
-// Runs the built glidemap-replay as a person does, and keeps all that it says.
+// Runs the built glidemap-replay like from a shell, and captures its output.
 //
-// Thread:  one. The program has ended when run() returns.
+// Thread:  one. The program has exited when run() returns.
 // Errors:  a program that cannot be started or is killed fails the test.
 #pragma once
 
@@ -27,30 +27,30 @@ struct Ended {
 
 Ended replay(const std::vector<std::string>& arguments, const std::string& input = "");
 
-// The same for a copy of the program that stands elsewhere.
+// The same for a copy of the program at another path.
 Ended replayWith(const std::string& program, const std::vector<std::string>& arguments,
                  const std::string& input = "");
 
-// Runs it with standard output going to an existing file that is not kept.
+// Runs it with standard output redirected to an existing file, which is not captured.
 Ended replayInto(const std::string& outputPath, const std::vector<std::string>& arguments);
 
-// A folder of files that goes with the test.
+// A folder of files that is removed with the test.
 class Folder {
 public:
     // The path of the written file.
     std::string write(const std::string& name, const std::string& content) const;
 
-    // The path of the copy; folders in `name` are made.
+    // The path of the copy; creates the folders in `name`.
     std::string copy(const std::string& file, const std::string& name) const;
 
 private:
     TemporaryFolder folder;
 };
 
-// Lines of a recording: `count` fingers side by side that land at `down` and have left at `up`.
+// Lines of a recording: `count` fingers side by side that land at `down` and lift by `up`.
 std::string tapOf(int count, double down, double up);
 
-// The line of a gesture that nothing is bound to, while no application is known to be frontmost.
+// The line of an unbound gesture, while the frontmost application is unknown.
 std::string deliveredLine(const std::string& time, const std::string& gesture);
 
 // One report without fingers.

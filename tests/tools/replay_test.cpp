@@ -1,4 +1,4 @@
-// What glidemap-replay recognises and how it says so.
+// The gestures that glidemap-replay recognises and how it prints them.
 
 #include "choreography/performance.h"
 #include "recording/recording_writer.h"
@@ -21,7 +21,7 @@ std::string json(const std::string& time, const std::string& gesture, bool deliv
                : R"({"t":)" + time + R"(,"gesture":")" + gesture + "\",\"delivered\":false}\n";
 }
 
-// All of the output, for a recording that comes in at standard input and is in order.
+// The complete output for a valid recording on standard input.
 std::string replayed(const std::string& recording, std::vector<std::string> options = {}) {
     options.insert(options.end(), {"--json", "-"});
     const Ended ended = replay(options, recording);
@@ -30,54 +30,54 @@ std::string replayed(const std::string& recording, std::vector<std::string> opti
     return ended.output;
 }
 
-TEST(Replay, textHasTimeRawValueAndDisplayName) {
+TEST(Replay, TextShowsTimeRawValueAndDisplayName) {
     EXPECT_EQ(replay({"-"}, tapOf(2, 12.5, 12.625)),
               (Ended{0, "      12.625  twoFingerTap                Two-Finger Tap\n", ""}));
 }
 
-TEST(Replay, textSaysWhatTheCooldownDropped) {
+TEST(Replay, TextMarksGesturesThatTheCooldownDropped) {
     EXPECT_EQ(replay({"-"}, tapOf(3, 1, 1.1) + tapOf(3, 1.2, 1.3)).output,
               "       1.100  threeFingerTap              Three-Finger Tap\n"
               "       1.300  threeFingerDoubleTap        Three-Finger Double Tap"
               "  (dropped: cooldown)\n");
 }
 
-TEST(Replay, jsonIsOneObjectALine) {
+TEST(Replay, JsonHasOneObjectPerLine) {
     EXPECT_EQ(replayed(tapOf(2, 12.5, 12.625)), json("12.625", "twoFingerTap"));
 }
 
-TEST(Replay, aRecordingMayStartAtZeroAndItsFirstGestureIsDelivered) {
+TEST(Replay, TheFirstGestureOfARecordingThatStartsAtZeroIsDelivered) {
     EXPECT_EQ(replayed(tapOf(4, 0, 0.1)), json("0.1", "fourFingerTap"));
 }
 
-TEST(Replay, aGestureWithinAQuarterSecondOfTheLastIsDroppedAndThenNoMore) {
+TEST(Replay, OnlyGesturesWithinAQuarterSecondOfTheLastAreDropped) {
     EXPECT_EQ(replayed(tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125)),
               json("1.125", "fiveFingerTap") + json("1.3125", "fiveFingerTap", false));
     EXPECT_EQ(replayed(tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.375)),
               json("1.125", "fiveFingerTap") + json("1.375", "fiveFingerTap"));
 }
 
-TEST(Replay, aDroppedGestureDoesNotProlongTheCooldown) {
+TEST(Replay, ADroppedGestureDoesNotProlongTheCooldown) {
     EXPECT_EQ(replayed(tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125) + tapOf(5, 1.375, 1.4375)),
               json("1.125", "fiveFingerTap") + json("1.3125", "fiveFingerTap", false) +
                   json("1.4375", "fiveFingerTap"));
 }
 
-TEST(Replay, withoutItsDoubleTapBoundASingleTapComesAtOnce) {
+TEST(Replay, ASingleTapIsImmediateWhileItsDoubleTapIsUnbound) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2)), json("0.2", "twoFingerTap"));
 }
 
-TEST(Replay, withItsDoubleTapBoundASingleTapComesFortyFiveHundredthsLater) {
+TEST(Replay, ASingleTapIsDelayedBy0_45SecondsWhileItsDoubleTapIsBound) {
     const std::string later = nothingAt(5);
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2) + later, {"--double-tap", "2"}),
               json("0.65", "twoFingerTap"));
 }
 
-TEST(Replay, atTheEndOfTheRecordingWhatIsHeldBackStillComes) {
+TEST(Replay, AHeldBackTapFiresAtTheEndOfTheRecording) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2), {"--double-tap", "2"}), json("0.65", "twoFingerTap"));
 }
 
-TEST(Replay, whatIsHeldBackComesBeforeARecordOfTheMomentItIsDue) {
+TEST(Replay, AHeldBackTapFiresBeforeARecordOfTheSameTime) {
     const std::string tap = tapOf(2, 0, 0.25); // due at 0.7
     const std::string fiveAt = tapOf(5, 0.5, 0.7);
     EXPECT_EQ(replayed(tap + fiveAt, {"--double-tap", "2"}),
@@ -87,12 +87,12 @@ TEST(Replay, whatIsHeldBackComesBeforeARecordOfTheMomentItIsDue) {
               json("0.699", "fiveFingerTap") + json("0.7", "twoFingerTap", false));
 }
 
-TEST(Replay, theSecondOfTwoTapsCancelsTheOneHeldBack) {
+TEST(Replay, TheSecondOfTwoTapsCancelsTheHeldBackTap) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.1) + tapOf(2, 0.2, 0.3), {"--double-tap", "2"}),
               json("0.3", "twoFingerDoubleTap"));
 }
 
-TEST(Replay, aBindingHoldsBackTheTapsOfItsOwnCountOnly) {
+TEST(Replay, ADoubleTapBindingDelaysOnlyTapsWithItsFingerCount) {
     const std::string taps = tapOf(2, 0, 0.1) + tapOf(3, 2, 2.1) + tapOf(4, 4, 4.1);
     EXPECT_EQ(replayed(taps, {"--double-tap", "3"}), json("0.1", "twoFingerTap") +
                                                          json("2.55", "threeFingerTap") +
@@ -102,7 +102,7 @@ TEST(Replay, aBindingHoldsBackTheTapsOfItsOwnCountOnly) {
                   json("4.55", "fourFingerTap"));
 }
 
-TEST(Replay, applicationsAndTheUnknownLetTimePass) {
+TEST(Replay, FrontmostAndUnknownRecordsAdvanceTime) {
     const std::string others = R"({"t":0.4,"frontmost":{"bundleID":"org.example","name":"Any"}})"
                                "\n"
                                R"({"t":0.64,"frontmost":null})"
@@ -113,30 +113,30 @@ TEST(Replay, applicationsAndTheUnknownLetTimePass) {
               json("0.65", "twoFingerTap") + json("1.1", "fiveFingerTap"));
 }
 
-TEST(Replay, theFirstLineMaySayWhatWasRecorded) {
+TEST(Replay, TheFirstLineMayDescribeTheDevice) {
     EXPECT_EQ(replayed(R"({"glidemap-recording":1,"device":"a pad","more":[]})"
                        "\n" +
                        tapOf(2, 1, 1.1)),
               json("1.1", "twoFingerTap"));
 }
 
-TEST(Replay, anEmptyRecordingHasNoGestures) {
+TEST(Replay, AnEmptyRecordingHasNoGestures) {
     EXPECT_EQ(replayed(""), "");
 }
 
-TEST(Replay, aTouchThatNeverEndsIsNoGesture) {
+TEST(Replay, AnUnfinishedTouchIsNoGesture) {
     EXPECT_EQ(replayed(R"({"t":1,"touches":[[1,0.3,0.5,4],[2,0.5,0.5,4]]})"
                        "\n"),
               "");
 }
 
-TEST(Replay, timeMayGoBackwards) {
+TEST(Replay, TimeMayGoBackwards) {
     EXPECT_EQ(replayed(tapOf(5, 10, 10.1) + tapOf(5, 1, 1.1) + tapOf(5, 20, 20.1)),
               json("10.1", "fiveFingerTap") + json("1.1", "fiveFingerTap", false) +
                   json("20.1", "fiveFingerTap"));
 }
 
-TEST(Replay, everyPerformanceWrittenDownIsRecognisedWhenReadBack) {
+TEST(Replay, EveryWrittenPerformanceIsRecognisedWhenReadBack) {
     for (const GestureType gesture : performableGestures()) {
         std::ostringstream recording;
         RecordingWriter writer(recording);
@@ -153,9 +153,9 @@ TEST(Replay, everyPerformanceWrittenDownIsRecognisedWhenReadBack) {
     }
 }
 
-TEST(Replay, manyFilesAreIndependentRunsEachPrecededByItsName) {
+TEST(Replay, SeveralFilesAreIndependentRunsEachPrecededByItsName) {
     const Folder folder;
-    // Together they would be a double tap, and the second tap would fall into the cooldown.
+    // Together they would be a double tap, and the cooldown would drop the second tap.
     const std::string first = folder.write("first", tapOf(2, 0, 0.1));
     const std::string second = folder.write("second \"two\"", tapOf(2, 0.2, 0.3));
     EXPECT_EQ(replay({first, second}).output,
@@ -167,7 +167,7 @@ TEST(Replay, manyFilesAreIndependentRunsEachPrecededByItsName) {
                   folderPath + R"(/second \"two\""})" + "\n" + json("0.3", "twoFingerTap"));
 }
 
-TEST(Replay, whatIsHeldBackInOneFileComesBeforeTheNameOfTheNext) {
+TEST(Replay, AHeldBackTapFiresBeforeTheNameOfTheNextFile) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(2, 0, 0.2));
     const std::string header = R"({"file":")" + file + "\"}\n";
@@ -175,7 +175,7 @@ TEST(Replay, whatIsHeldBackInOneFileComesBeforeTheNameOfTheNext) {
               header + json("0.65", "twoFingerTap") + header + json("0.65", "twoFingerTap"));
 }
 
-TEST(Replay, aFingerLeftDownInOneFileIsNotInTheNext) {
+TEST(Replay, AFingerLeftDownInOneFileDoesNotAffectTheNext) {
     const Folder folder;
     const std::string down = folder.write("down", R"({"t":0,"touches":[[9,0.9,0.1,4]]})"
                                                   "\n");
@@ -183,7 +183,7 @@ TEST(Replay, aFingerLeftDownInOneFileIsNotInTheNext) {
     EXPECT_THAT(replay({"--json", down, tap}).output, HasSubstr(json("0.1", "twoFingerTap")));
 }
 
-TEST(Replay, standardInputIsAFileAmongOthers) {
+TEST(Replay, StandardInputMayBeOneOfSeveralFiles) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(3, 0, 0.1));
     EXPECT_EQ(replay({"--json", file, "-"}, tapOf(2, 0, 0.1)).output,

@@ -1,4 +1,4 @@
-// The program as a person runs it, with a driver that brings its own hand.
+// The program run like from a shell, with a driver that performs its own gestures.
 
 #include "kit/temporary_folder.h"
 
@@ -59,7 +59,7 @@ public:
         ends[1] = -1;
     }
 
-    // Reads until the text is there, or to the end if it is empty.
+    // Reads until the text appears, or to the end if `wanted` is empty.
     bool readUntil(const std::string& wanted) {
         while (wanted.empty() || text.find(wanted) == std::string::npos) {
             pollfd ready{ends[0], POLLIN, 0};
@@ -115,7 +115,7 @@ public:
 
     void interrupt(int signal = SIGINT) const { kill(process, signal); }
 
-    // The exit status, with all of both outputs read.
+    // Returns the exit status after reading both outputs to their ends.
     int end() {
         EXPECT_TRUE(output.readUntil(""));
         EXPECT_TRUE(errors.readUntil(""));
@@ -139,7 +139,7 @@ protected:
     const std::string file = folder / "touch.jsonl";
 };
 
-TEST_F(GlidemapRecord, WritesAFileAndNamesGesturesOnStandardOutput) {
+TEST_F(GlidemapRecord, WritesAFileAndPrintsGesturesToStandardOutput) {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         RecordProgram program({"-o", file}, 1, 0);
         EXPECT_TRUE(program.output.readUntil("threeFingerSwipeRight"));
@@ -151,7 +151,7 @@ TEST_F(GlidemapRecord, WritesAFileAndNamesGesturesOnStandardOutput) {
     }
 }
 
-TEST_F(GlidemapRecord, WithoutAFileTheRecordingIsTheStandardOutput) {
+TEST_F(GlidemapRecord, WithoutAFileTheRecordingGoesToStandardOutput) {
     RecordProgram program({}, 1, 0);
     EXPECT_TRUE(program.errors.readUntil("threeFingerSwipeRight"));
     program.interrupt();
@@ -159,7 +159,7 @@ TEST_F(GlidemapRecord, WithoutAFileTheRecordingIsTheStandardOutput) {
     EXPECT_EQ(program.output.text, swipeRecording);
 }
 
-TEST_F(GlidemapRecord, AllTouchpadsAreNamedAndRecorded) {
+TEST_F(GlidemapRecord, PrintsTheNamesOfAllTouchpadsAndRecordsThem) {
     RecordProgram program({}, 2, 0);
     EXPECT_TRUE(program.output.readUntil("\"button\":0"));
     program.interrupt();
@@ -168,7 +168,7 @@ TEST_F(GlidemapRecord, AllTouchpadsAreNamedAndRecorded) {
     EXPECT_EQ(std::ranges::count(program.output.text, '\n'), 1 + 2 * 7);
 }
 
-TEST_F(GlidemapRecord, WithoutATouchpadItSaysSoAndLeavesTheFileAlone) {
+TEST_F(GlidemapRecord, WithoutATouchpadItPrintsAnErrorAndDoesNotTouchTheFile) {
     std::ofstream(file) << "precious";
     RecordProgram program({"-o", file}, 0, 0);
     EXPECT_EQ(program.end(), 1);
@@ -176,21 +176,21 @@ TEST_F(GlidemapRecord, WithoutATouchpadItSaysSoAndLeavesTheFileAlone) {
     EXPECT_EQ(test::contentOf(file), "precious");
 }
 
-TEST_F(GlidemapRecord, WithoutPermissionItSaysWhatToDo) {
+TEST_F(GlidemapRecord, WithoutPermissionItExplainsHowToGetIt) {
     RecordProgram program({}, 0, 1);
     EXPECT_EQ(program.end(), 1);
     EXPECT_EQ(program.output.text, "");
     EXPECT_THAT(program.errors.text, AllOf(HasSubstr("no permission"), HasSubstr("udev")));
 }
 
-TEST_F(GlidemapRecord, WithoutADriverItSaysWhy) {
+TEST_F(GlidemapRecord, WithoutADriverItPrintsTheReason) {
     RecordProgram program({}, 1, 0, "/no/such/driver.so");
     EXPECT_EQ(program.end(), 1);
     EXPECT_THAT(program.errors.text, AllOf(HasSubstr("the touch driver cannot be used"),
                                            HasSubstr("/no/such/driver.so")));
 }
 
-TEST_F(GlidemapRecord, AFileThatCannotBeMadeIsNamed) {
+TEST_F(GlidemapRecord, AFileThatCannotBeCreatedIsReportedByName) {
     const std::string path = folder / "no such folder" / "touch.jsonl";
     RecordProgram program({"-o", path}, 1, 0);
     EXPECT_EQ(program.end(), 1);
@@ -212,7 +212,7 @@ TEST_F(GlidemapRecord, HelpGoesToStandardOutput) {
     EXPECT_EQ(program.errors.text, "");
 }
 
-TEST_F(GlidemapRecord, ACommandLineThatMakesNoSenseIsRefused) {
+TEST_F(GlidemapRecord, AnInvalidCommandLineIsRejected) {
     RecordProgram program({"--fast"}, 1, 0);
     EXPECT_EQ(program.end(), 2);
     EXPECT_EQ(program.output.text, "");

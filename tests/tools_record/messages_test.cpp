@@ -11,18 +11,18 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-TEST(Messages, WithoutATouchpadThereIsNothingToPermit) {
+TEST(Messages, WithoutATouchpadNoPermissionIsSuggested) {
     EXPECT_THAT(nothingToRecord(0),
                 AllOf(StartsWith("no touchpad found\n"), Not(HasSubstr("sudo"))));
 }
 
-TEST(Messages, WithoutPermissionTheySayWhatToDo) {
+TEST(Messages, WithoutPermissionTheyExplainHowToGetIt) {
     EXPECT_THAT(nothingToRecord(1), AllOf(StartsWith("there is a touchpad, but"),
                                           HasSubstr("uaccess"), HasSubstr("setfacl")));
     EXPECT_THAT(nothingToRecord(2), StartsWith("there are 2 touchpads, but"));
 }
 
-TEST(Messages, TheInputGroupIsNamedOnlyToWarnOfIt) {
+TEST(Messages, TheInputGroupIsMentionedOnlyAsAWarning) {
     EXPECT_THAT(nothingToRecord(1), AllOf(HasSubstr("Do not join the group \"input\""),
                                           HasSubstr("read every keyboard")));
     EXPECT_THAT(nothingToRecord(1), Not(HasSubstr("usermod")));

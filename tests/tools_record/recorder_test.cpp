@@ -19,7 +19,7 @@ MTTouch touchAt(float x, float y, std::int32_t state) {
     return touch;
 }
 
-TEST(Recorder, WritesEverythingInOrder) {
+TEST(Recorder, WritesAllRecordsInOrder) {
     std::ostringstream output;
     int failures = 0;
     Recorder recorder(output, "Pad", [&failures] { ++failures; });
@@ -40,7 +40,7 @@ TEST(Recorder, WritesEverythingInOrder) {
     EXPECT_EQ(failures, 0);
 }
 
-TEST(Recorder, AFullDiskIsSaidOnceAndWhy) {
+TEST(Recorder, AFullDiskIsReportedOnceWithTheReason) {
     std::ofstream full("/dev/full");
     ASSERT_TRUE(full.is_open());
     std::atomic<int> failures = 0;
@@ -53,10 +53,10 @@ TEST(Recorder, AFullDiskIsSaidOnceAndWhy) {
     EXPECT_EQ(failures, 1);
 }
 
-TEST(Recorder, NothingIsLostWhenItFinishesAtOnce) {
+TEST(Recorder, FinishingImmediatelyLosesNoRecords) {
     std::ostringstream output;
     Recorder recorder(output, "", [] {});
-    constexpr int many = 5000; // more than wait for the writer at any time
+    constexpr int many = 5000; // more than the writer's queue holds at any time
     for (int count = 0; count < many; ++count) {
         recorder.report(nullptr, 0, count);
     }

@@ -1,5 +1,5 @@
-// A touch driver without a touchpad: the environment says how many there are, and one that is
-// started swipes three fingers to the right and presses its button, once.
+// A touch driver without a touchpad: environment variables set the number of touchpads, and a
+// started touchpad swipes three fingers to the right and presses its button, once.
 //
 //   GLIDEMAP_SCRIPTED_TOUCHPADS    how many touchpads can be read
 //   GLIDEMAP_SCRIPTED_UNREADABLE   how many more cannot

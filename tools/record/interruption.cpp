@@ -9,7 +9,7 @@ namespace glidemap::record {
 
 namespace {
 
-// Sent by the program to itself.
+// Raised by the program itself.
 constexpr int failureSignal = SIGUSR1;
 
 sigset_t endingSignals() {
@@ -26,7 +26,7 @@ sigset_t endingSignals() {
 Interruption::Interruption() {
     const sigset_t signals = endingSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away is an error of the stream
+    std::signal(SIGPIPE, SIG_IGN); // report a closed reader as a stream error
 }
 
 void Interruption::wait() const {

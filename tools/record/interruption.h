@@ -1,7 +1,7 @@
 // Waits for the end of the recording: an interruption by the user or the system, or a failure.
 //
-// Thread:  made on the main thread before any other is started, so that all of them leave the
-//          signals to it; fail() on any.
+// Thread:  created on the main thread before any other thread, so that all threads inherit the
+//          blocked signals; fail() on any.
 // Errors:  none.
 #pragma once
 
@@ -11,7 +11,7 @@ class Interruption {
 public:
     Interruption();
 
-    // Returns on SIGINT, SIGTERM or SIGHUP, or when fail() has been called, before or meanwhile.
+    // Returns on SIGINT, SIGTERM or SIGHUP, or after fail(), even if fail() was called before.
     void wait() const;
 
     void fail() const;

@@ -1,4 +1,4 @@
-// glidemap-record: the touchpads' reports into a recording, and through the engine, until
+// glidemap-record: records the touchpads' reports, and recognises gestures in them, until
 // interrupted.
 
 #include "core/gesture_type.h"
@@ -40,7 +40,8 @@ std::string reason(int errorNumber) {
     return std::generic_category().message(errorNumber);
 }
 
-// One line as glidemap-replay prints it. Gestures come from two threads; a line is one write.
+// Prints a line like glidemap-replay. Two threads report gestures; one write per line keeps lines
+// whole.
 void announce(std::FILE* output, double time, GestureType gesture) {
     std::fprintf(output, "%12.3f  %-26s  %s\n", time, std::string(rawValue(gesture)).c_str(),
                  displayName(gesture).c_str());
@@ -92,8 +93,8 @@ int record(const Options& options) {
         engine->stop();
         return complain("this touch driver cannot be recorded from");
     }
-    // Said only now: what is touched from here on is recorded.
-    // A driver that plays recordings has no names to tell.
+    // Printed only now, because every touch is recorded from here on. A driver that plays
+    // recordings has no device names.
     const std::string names = touchpads.names();
     std::fprintf(stderr, "Recording%s%s; Ctrl-C ends it.\n", names.empty() ? "" : " ",
                  names.c_str());

@@ -9,7 +9,7 @@ Only multitouch touchpads can be recorded. If there is one, see whether udev kno
   grep -l ID_INPUT_TOUCHPAD=1 /run/udev/data/c13:*
 )";
 
-// The first way lets the person who sits at the machine in, and nobody else.
+// The first option grants access only to the user at the machine.
 constexpr const char* whatToDo = R"(
 To let whoever sits at this machine read its touchpads, and nothing else, write this line
   ACTION!="remove", SUBSYSTEM=="input", KERNEL=="event*", ENV{ID_INPUT_TOUCHPAD}=="1", TAG+="uaccess"

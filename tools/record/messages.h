@@ -9,7 +9,7 @@ namespace glidemap::record {
 extern const char* const usageText;
 extern const char* const helpText;
 
-// Why there is nothing to record, and what can be done about it.
+// Why there is nothing to record, and how to fix it.
 std::string nothingToRecord(std::int32_t unreadableTouchpads);
 
 } // namespace glidemap::record

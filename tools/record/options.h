@@ -1,6 +1,6 @@
-// What the person at the command line asks for.
+// The command-line options.
 //
-// Errors:  values; nothing is printed here.
+// Errors:  returned as values; prints nothing.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@
 namespace glidemap::record {
 
 struct Options {
-    std::optional<std::string> file; // standard output if none
+    std::optional<std::string> file; // standard output if absent
 };
 
 struct HelpRequest {};

@@ -30,8 +30,8 @@ void Recorder::write(const Record& record) {
     attempt([&] { writer.write(record); });
 }
 
-// Flushed each time, so that a program that reads along sees every report at once, and one that is
-// killed leaves a whole recording.
+// Flushes every record, so that a concurrent reader sees it immediately and a killed recorder
+// leaves a complete recording.
 template <typename Write>
 void Recorder::attempt(Write writeOne) {
     if (_error != 0) {

@@ -1,11 +1,11 @@
-// Writes what it is given as a recording, in order, on a thread of its own: a slow disk must not
-// hold up the touch driver.
+// Writes records in order, on its own thread: a slow disk must not block the touch driver.
 //
-// Thread:  report() and button() on the driver's thread; finish() once, on another, after the last
-//          of them.
-// Owner:   the caller, as is the stream, which is used by the recorder alone until finish().
-// Errors:  the first time that something cannot be written, onFailure is called, once, on the
-//          recorder's thread; nothing more is written.
+// Thread:  report() and button() on the driver's thread; finish() once, on another thread, after
+//          the last of them.
+// Owner:   the caller, who also owns the stream; only the recorder may use the stream until
+//          finish().
+// Errors:  the first failed write calls onFailure once, on the recorder's thread; later records are
+//          not written.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -29,10 +29,10 @@ public:
     void report(const MTTouch* records, std::int32_t count, double time);
     void button(std::int32_t button, bool down, double time);
 
-    // Waits until everything is written.
+    // Waits until every record is written.
     void finish();
 
-    // Why something could not be written, an errno; 0 if everything was.
+    // The errno of the failed write, or 0.
     int error() const { return _error; }
 
 private:
@@ -44,7 +44,8 @@ private:
     RecordingWriter writer;
     std::function<void()> onFailure;
     std::atomic<int> _error = 0;
-    ThreadedSerialQueue queue; // last, so that its tasks end first
+    // last member, so that its tasks end before the other members are destroyed
+    ThreadedSerialQueue queue;
 };
 
 } // namespace glidemap::record

@@ -1,9 +1,9 @@
-// The touchpads as the recorder needs them: how many there are, what they are called, and their raw
-// reports and buttons, which the engine alone would hear of otherwise.
+// The recorder's view of the touchpads: their number, their names, and their raw reports and
+// buttons, which otherwise only the engine receives.
 //
-// Thread:  the main thread; the recorder is called on the driver's.
-// Owner:   main; one at a time, because drivers call back without a context.
-// Errors:  a driver without the functions that it needs has no touchpads.
+// Thread:  the main thread; the recorder is called on the driver's thread.
+// Owner:   main; one at a time, because the driver's callbacks have no context argument.
+// Errors:  a driver that lacks the required functions has no touchpads.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
@@ -25,18 +25,18 @@ public:
 
     bool exist() const { return !devices.empty(); }
 
-    // Whether these are the touchpads that the manager has started. A driver that makes new ones for every list, as the
-    // one that plays recordings does, has nothing to listen to.
+    // Returns whether these are the touchpads that the manager has started. A driver that creates
+    // new devices for every list, like the replay driver, cannot be listened to.
     bool areStarted() const;
 
-    // How many more there are that this user may not read.
+    // The number of further touchpads that this user cannot open.
     std::int32_t unreadableCount() const;
 
-    // Their names, for people to read.
+    // The touchpads' names, for people.
     std::string names() const;
 
-    // Passes everything on to the recorder from the moment in which the touchpads are started.
-    // The recorder must last until they are stopped.
+    // Passes all events to the recorder from the start of the touchpads on. The recorder must exist
+    // until they are stopped.
     void listen(Recorder& recorder);
 
 private:

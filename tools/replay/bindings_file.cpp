@@ -12,8 +12,8 @@ namespace glidemap::replay {
 
 namespace {
 
-// A million bindings. What is larger is something else, and could take all memory.
-constexpr std::size_t largestFile = 256UL * 1024 * 1024;
+// A million bindings. A larger file is not a bindings file and could exhaust the memory.
+constexpr std::size_t maxFileSize = 256UL * 1024 * 1024;
 
 struct Close {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -23,7 +23,7 @@ UnusableBindings systemsReason() {
     return {std::generic_category().message(errno)};
 }
 
-// Unlike the program's own reader, which answers no reason and takes no pipe.
+// Unlike the program's reader, which returns no error and rejects pipes.
 std::variant<std::string, UnusableBindings> contentOf(const std::string& fileName) {
     const std::unique_ptr<std::FILE, Close> file(std::fopen(fileName.c_str(), "rbe"));
     if (!file) {
@@ -34,7 +34,7 @@ std::variant<std::string, UnusableBindings> contentOf(const std::string& fileNam
     std::size_t count = 0;
     while ((count = std::fread(part.data(), 1, part.size(), file.get())) > 0) {
         content.append(part.data(), count);
-        if (content.size() > largestFile) {
+        if (content.size() > maxFileSize) {
             return UnusableBindings{"the file is too large"};
         }
     }

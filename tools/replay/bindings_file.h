@@ -1,6 +1,6 @@
-// The bindings that a run is to have, read from a file that is never written.
+// The bindings for a run, read from a file that is never written.
 //
-// Errors:  the reason in words, without the file's name.
+// Errors:  returned as text, without the file's name.
 #pragma once
 
 #include "bindings/binding_json.h"

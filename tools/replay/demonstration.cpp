@@ -12,11 +12,10 @@ namespace glidemap::replay {
 
 namespace {
 
-// Between the end of one performance and the beginning of the next: long enough that no second tap
-// is paired with the first, and for a person to follow.
+// Pause between two performances: long enough that taps are not paired, and for a person to follow.
 constexpr double pause = 0.6;
 
-// Only a bound double tap keeps its first half from being a tap of its own.
+// Without a bound double tap, its first half would be reported as a single tap.
 std::set<int> boundFor(GestureType gesture) {
     switch (gesture) {
     case GestureType::twoFingerDoubleTap:
@@ -34,7 +33,7 @@ bool isExactly(const std::vector<Recognised>& outcome, GestureType intended) {
     return outcome.size() == 1 && outcome.front().gesture == intended && outcome.front().delivered;
 }
 
-// Plays from the run's present time on, until whatever was held back has come out.
+// Plays from the run's current time until every waiting tap has fired.
 void play(const Performance& performance, Run& run, Statistics& statistics) {
     const double begin = run.now();
     for (const TimedReport& report : performance) {

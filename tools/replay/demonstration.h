@@ -1,7 +1,7 @@
-// Performs every gesture that contacts alone can make, one after the other through one pipeline,
-// and prints what was recognised in each.
+// Performs every gesture that contacts alone can make, in sequence through one pipeline, and prints
+// the recognised gestures.
 //
-// Errors:  a performance that comes out as anything but the one gesture it was meant to be.
+// Errors:  fails if a performance is not recognised as exactly its intended gesture.
 #pragma once
 
 #include "options.h"

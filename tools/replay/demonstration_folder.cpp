@@ -12,7 +12,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// For a person to see which gesture it was, and to read its name.
+// Long enough for a person to see the gesture and to read its name.
 constexpr double pause = 1.5;
 
 void writeRecording(std::ostream& stream, std::uint64_t seed) {

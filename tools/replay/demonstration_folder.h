@@ -1,8 +1,8 @@
-// Writes what the program needs to be shown without a touchpad: a recording of every gesture that
-// contacts alone can make, for the replay driver, and bindings that do nothing, so that nobody's
-// screen is locked by a performance.
+// Writes the files for a demonstration of the program without a touchpad: a recording of every
+// gesture that contacts alone can make, for the replay driver, and harmless bindings, so that no
+// performance locks the screen.
 //
-// Errors:  what cannot be written, in words.
+// Errors:  returns an error message.
 #pragma once
 
 #include "options.h"
@@ -14,7 +14,7 @@
 
 namespace glidemap::replay {
 
-// Makes FOLDER/recording.jsonl and FOLDER/Glidemap/bindings.json. Bindings that are there stay.
+// Creates FOLDER/recording.jsonl and FOLDER/Glidemap/bindings.json. Keeps existing bindings.
 std::optional<std::string> writeDemonstration(const std::filesystem::path& folder,
                                               std::uint64_t seed);
 

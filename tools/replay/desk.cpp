@@ -7,7 +7,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// The system's numbers of the buttons that a tap sees. The middle one is none of them.
+// The tap's button numbers. It does not see the middle button.
 constexpr std::int32_t leftButton = 0;
 constexpr std::int32_t rightButton = 1;
 
@@ -25,7 +25,7 @@ std::optional<ClickEvent> clickEvent(const ButtonRecord& record) {
     }
 }
 
-// A recording has an empty name where it has none.
+// A recording writes an empty name for an application without a name.
 std::optional<std::string> unlessEmpty(const std::string& text) {
     return text.empty() ? std::nullopt : std::optional(text);
 }
@@ -92,7 +92,7 @@ void Desk::bringForward(const FrontmostRecord& frontmost) {
                                 : Application{});
 }
 
-// Answers what the dispatcher is about to find: nothing changes in between.
+// Returns the binding that the dispatcher will find: the bindings do not change in between.
 Routing Desk::route(GestureType gesture) {
     Application frontmost = dispatcher->frontmost();
     routed = dispatcher->resolveBinding(gesture, frontmost.bundleID);
@@ -105,7 +105,7 @@ Routing Desk::route(GestureType gesture) {
     return routing;
 }
 
-// The workspace is not told the name that the binding shows.
+// The workspace receives only the identifier, not the name that the binding shows.
 void Desk::tellLaunch(const std::string& bundleID) {
     const auto* const launch = std::get_if<LaunchApp>(&routed->action);
     listener(Performed{time.now(),

@@ -1,9 +1,9 @@
-// The program's own runtime for one run, between ports that report to the listener what the program asks of them. It looks at each
-// gesture and click on its way to the dispatcher, to report which binding will be found.
+// The program's runtime for one run, with ports that report every action to the listener. It
+// inspects each gesture and click before the dispatcher does, to report the matching binding.
 //
 //   gesture, click ─▶ dispatcher ─▶ main queue ─▶ action runner ─▶ listener
 //
-// Thread:  one. What is accepted runs with the main queue of the run's time.
+// Thread:  one. Accepted actions run on the main queue of the run's virtual time.
 // Owner:   the run.
 // Errors:  none.
 #pragma once
@@ -32,7 +32,7 @@ public:
     void start() { runtime.start(); }
     void stop() { runtime.stop(); }
 
-    // Of the last gesture that the engine has delivered since the last call.
+    // The routing of the last gesture that the engine delivered since the previous call.
     std::optional<Routing> takeRouting() { return std::exchange(delivered, std::nullopt); }
 
     void change(const ButtonRecord& button);
@@ -52,10 +52,10 @@ private:
     std::shared_ptr<GestureDispatcher> dispatcher;
     GestureRuntime runtime;
     std::optional<Routing> delivered;
-    // The binding whose action runs next. There is never more than one: what a record makes the
-    // main queue do is done before the next record, and a record delivers one gesture at most.
+    // The binding whose action runs next. At most one: the main queue is drained before the next
+    // record, and a record delivers at most one gesture.
     std::shared_ptr<const GestureBinding> routed;
-    std::optional<ButtonChanged::Click> taken; // by the press that is being decided
+    std::optional<ButtonChanged::Click> taken; // set while a press is being decided
 };
 
 } // namespace glidemap::replay

@@ -1,4 +1,4 @@
-// What can come out of a run.
+// The events that a run reports.
 //
 // Units:   seconds of the records.
 // Errors:  none; plain values.
@@ -16,21 +16,21 @@
 
 namespace glidemap::replay {
 
-// What became of a gesture behind the recognizer.
+// The result of a gesture after recognition.
 struct Routing {
-    std::optional<std::string> bindingID; // absent where no binding matched
-    std::optional<std::string> action;    // the binding's, in words
+    std::optional<std::string> bindingID; // absent if no binding matched
+    std::optional<std::string> action;    // the text of the binding's action
     std::optional<std::string> app;       // the frontmost application's name
 };
 
 struct Recognised {
     double time = 0;
     GestureType gesture{};
-    bool delivered = false; // past the cooldown
-    Routing routing;        // of one that was delivered
+    bool delivered = false; // passed the cooldown
+    Routing routing;        // of a delivered gesture
 };
 
-// A button of the recording went down or up.
+// A recorded button was pressed or released.
 struct ButtonChanged {
     struct Click {
         GestureType gesture{};
@@ -40,17 +40,17 @@ struct ButtonChanged {
     double time = 0;
     std::int32_t button = 0;
     bool down = false;
-    bool swallowed = false;     // the system would not see it
-    std::optional<Click> click; // what took it, where it is a press that was swallowed
+    bool swallowed = false;     // the system would not receive the event
+    std::optional<Click> click; // the click that consumed a swallowed press
 };
 
-// A key event that would be posted.
+// A key event that the program would post.
 struct KeyPosted {
     double time = 0;
     KeyEvent event;
 };
 
-// An action, other than keys, that would be carried out.
+// An action without key events that the program would perform.
 struct Performed {
     double time = 0;
     std::variant<LaunchApp, LockScreen, MissionControl> action;

@@ -12,9 +12,9 @@ namespace glidemap::replay {
 
 namespace {
 
-// Microseconds are what a recording can tell; more digits would show how doubles are added.
+// Recordings have microsecond precision; more digits would only show rounding errors.
 std::string seconds(double time) {
-    std::array<char, 400> digits{}; // room for the largest double
+    std::array<char, 400> digits{}; // room for the longest double
     std::snprintf(digits.data(), digits.size(), "%.6f", time);
     std::string text = digits.data();
     text.erase(text.find_last_not_of('0') + 1);
@@ -36,7 +36,7 @@ std::string opened(double time) {
     return R"({"t":)" + seconds(time) + ",";
 }
 
-// The fields of a gesture are open for more.
+// Starts the JSON object of a gesture; the caller adds fields and closes it.
 std::string openRecognition(const Recognised& recognised) {
     return opened(recognised.time) + R"("gesture":")" + std::string(rawValue(recognised.gesture)) +
            R"(","delivered":)" + boolean(recognised.delivered);
@@ -77,7 +77,7 @@ struct Json {
     }
 };
 
-// Time, what, and that in words.
+// Time, event and description.
 std::string row(double time, std::string_view what, const std::string& words) {
     std::array<char, 400> start{};
     std::snprintf(start.data(), start.size(), "%12.3f  %-26.*s  ", time,
@@ -131,7 +131,7 @@ std::string textOf(const Happening& happening) {
 }
 
 std::string quoted(const std::string& text) {
-    // A file's name may be any bytes.
+    // A file name may contain any bytes.
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 

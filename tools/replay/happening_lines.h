@@ -1,4 +1,4 @@
-// What can come out of a run, each as one line without its end.
+// Formats the events of a run, one line each, without a line terminator.
 //
 // Errors:  none; bytes that are not UTF-8 are replaced in JSON.
 #pragma once
@@ -11,14 +11,14 @@ namespace glidemap::replay {
 
 std::string jsonOf(const Happening& happening);
 
-// Only what was recognised, not what became of it.
+// The recognised gesture only, without its routing.
 std::string recognitionJsonOf(const Recognised& recognised);
 
-// For people: a gesture says what it does, so keys and actions have no line of their own, nor has a
-// button that the system would see as ever. Empty then.
+// For people. A gesture's line includes its action, so keys, actions and unswallowed buttons have
+// no line: the result is then empty.
 std::string textOf(const Happening& happening);
 
-// A text as JSON has it.
+// A text as a JSON string.
 std::string quoted(const std::string& text);
 
 } // namespace glidemap::replay

@@ -1,5 +1,5 @@
-// glidemap-replay: recognises the gestures in touch recordings, or in performances of its own, and
-// tells what they would do.
+// glidemap-replay: recognises the gestures in touch recordings, or in its own performances, and
+// prints the actions that they would trigger.
 
 #include "bindings_file.h"
 #include "core/lang.h"
@@ -71,7 +71,7 @@ int run(const Options& options) {
 
 int main(int count, char** arguments) {
     using namespace glidemap::replay;
-    std::ios::sync_with_stdio(false); // standard input is read by one stream only
+    std::ios::sync_with_stdio(false); // standard input is read through one stream only
     const auto parsed = parseOptions(count, arguments);
     if (std::holds_alternative<HelpRequest>(parsed)) {
         std::fputs(helpText, stdout);

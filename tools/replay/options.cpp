@@ -139,7 +139,7 @@ std::string notUnderstood(int result, char** arguments) {
     if (result == '?' && optopt != 0 && !isOurs(optopt)) {
         return std::string("there is no option -") + static_cast<char>(optopt);
     }
-    const std::string argument = arguments[optind - 1]; // getopt has just stepped past it
+    const std::string argument = arguments[optind - 1]; // getopt has already advanced past it
     return result == ':' ? argument + " needs a value" : "cannot make sense of " + argument;
 }
 
@@ -149,10 +149,10 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
     Options options;
     bool hasSeed = false;
     std::optional<UsageError> error;
-    opterr = 0; // the messages are ours
+    opterr = 0; // we print our own messages
     int result = 0;
     const auto next = [&] {
-        // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread has begun
+        // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread is running yet
         return getopt_long(count, arguments, ":", longOptions.data(), nullptr);
     };
     while (!error && (result = next()) != -1) {

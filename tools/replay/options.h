@@ -1,6 +1,6 @@
-// What the person at the command line asks for.
+// The command-line options.
 //
-// Errors:  values; nothing is printed here.
+// Errors:  returned as values; prints nothing.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ struct Options {
     std::set<int> boundDoubleTaps; // finger counts
     std::vector<std::string> files;
     std::optional<std::string> bindingsFile;
-    std::optional<std::string> demonstrationFolder; // to be written, and nothing else
+    std::optional<std::string> demonstrationFolder; // write a demonstration and do nothing else
     std::string language = "en";
     std::uint64_t seed = 1;
     bool json = false;
@@ -35,10 +35,10 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
 
 extern const char* const helpText;
 
-// What the program ends with.
+// The exit status.
 enum class Status : int {
     success = 0,
-    failure = 1, // a performance was not recognised as intended, or the pipeline does not work
+    failure = 1, // a performance was not recognised as intended, or the pipeline failed
     badInput =
         2, // a recording or bindings that cannot be read to their end, or a command line that
            // makes no sense

@@ -7,8 +7,8 @@ namespace glidemap::replay {
 
 namespace {
 
-// Longer than any machine runs, and still something a clock can count.
-constexpr double longestWait = 1e9;
+// Longer than any machine runs, and still within the clock's range.
+constexpr double maxWait = 1e9;
 
 } // namespace
 
@@ -20,7 +20,7 @@ void Pace::waitUntil(double time) {
         last = {Clock::now(), time};
         return;
     }
-    const std::chrono::duration<double> wait(std::min(time - last->time, longestWait));
+    const std::chrono::duration<double> wait(std::min(time - last->time, maxWait));
     last = {last->moment + std::chrono::duration_cast<Clock::duration>(wait), time};
     std::this_thread::sleep_until(last->moment);
 }

@@ -1,4 +1,4 @@
-// How fast a recording is played: as fast as the machine can, or as it was recorded.
+// The playback speed of a recording: as fast as possible, or as recorded.
 #pragma once
 
 #include <chrono>
@@ -12,8 +12,8 @@ public:
 
     explicit Pace(Speed chosen) : speed(chosen) {}
 
-    // Returns when that moment of the recording has come. The first moment is now, and so is one
-    // that lies before the last: a recording may go back in time, a person who watches cannot.
+    // Waits until this time of the recording. Returns immediately for the first time and for a time
+    // before the previous one: a recording may go backwards, but real time cannot.
     void waitUntil(double time);
 
     bool isRealTime() const { return speed == Speed::realTime; }

@@ -1,5 +1,5 @@
-// The system that a run's actions meet: everything is there, nothing is really done, and each
-// thing that would be is told.
+// The simulated system of a run: every feature exists, no action takes effect, and each action is
+// reported to the listener.
 //
 // Thread:  one.
 // Owner:   the desk of a run.
@@ -49,7 +49,7 @@ private:
     std::function<void()> told;
 };
 
-// Knows the frontmost application from the recording, and has every application there is.
+// Takes the frontmost application from the recording; every application is installed.
 class PretendedWorkspace : public Workspace {
 public:
     struct Told {
@@ -64,7 +64,7 @@ public:
     Application frontmostApplication() const override { return frontmost; }
     std::vector<Application> runningApplications() const override { return {}; }
 
-    // The identifier itself is all that opening it needs.
+    // The identifier is enough to open it.
     std::optional<std::string> urlForApplication(const std::string& bundleID) const override {
         return bundleID;
     }
@@ -79,7 +79,7 @@ private:
     Application frontmost;
 };
 
-// Its events are those of the recording.
+// Its events come from the recording.
 class PretendedClickTap : public ClickTap {
 public:
     bool create(Callback newCallback) override {
@@ -100,7 +100,7 @@ private:
     bool isEnabled = false;
 };
 
-// A user who has never set anything, and whose settings go with the run.
+// A user without stored settings; writes are lost at the end of the run.
 class PretendedUserDefaults : public UserDefaults {
 public:
     std::optional<std::string> string(std::string_view /*key*/) const override { return {}; }

@@ -1,8 +1,8 @@
-// What is printed, as text for people or as JSON Lines for programs.
+// The program's output, as text for people or as JSON Lines for programs.
 //
 // Thread:  one.
-// Errors:  those of standard output, which main() asks for in the end. Every line is flushed as it
-//          ends, so that whoever watches or reads along sees a gesture when it is recognised.
+// Errors:  those of standard output, which main() checks at the end. Every line is flushed
+//          immediately, so that people and programs see a gesture when it is recognised.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -22,7 +22,7 @@ public:
     void printFile(const std::string& name);
     void print(const Happening& happening);
 
-    // A performance: what it was meant to be as it begins, what came of it when it is over.
+    // A performance: its intended gesture when it begins, its result when it ends.
     void printIntention(GestureType intended);
     void printOutcome(GestureType intended, const std::vector<Recognised>& outcome,
                       bool isAsIntended);

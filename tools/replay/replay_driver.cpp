@@ -4,8 +4,7 @@
 
 namespace glidemap::replay {
 
-// The environment's driver is for the programs that listen to a pad: only our own can be pushed
-// into.
+// Ignores the driver in the environment: reports can only be pushed into our own replay driver.
 ReplayDriver::ReplayDriver() : manager(touchDriverPlatformAt(touchDriverPath("replay"))) {
     const auto enablePushing = reinterpret_cast<driver::EnablePushing>(
         manager.optionalSymbol(driver::enablePushingSymbol));
@@ -13,7 +12,7 @@ ReplayDriver::ReplayDriver() : manager(touchDriverPlatformAt(touchDriverPath("re
     if (enablePushing != nullptr && push != nullptr) {
         enablePushing();
         pushReport = push;
-        // A trial, so that whatever is wrong with the driver is known before the first record.
+        // A trial start, so that a driver error is reported before the first record.
         manager.start();
         manager.stop();
     }

@@ -1,10 +1,10 @@
-// The replay driver, loaded by path as any touch driver is, and the door through which reports are
-// pushed into it.
+// The replay driver, loaded by path like any touch driver, and the function that pushes reports
+// into it.
 //
-// Thread:  one. What is pushed comes out of the contact callback on the same thread, before push()
+// Thread:  one. A pushed report reaches the contact callback on the same thread, before push()
 //          returns.
 // Owner:   main(); outlives every run.
-// Errors:  a value in error(); a driver with an error must not be used.
+// Errors:  stored in error(); a driver with an error must not be used.
 #pragma once
 
 #include "input/multitouch_device_manager.h"

@@ -25,12 +25,12 @@ void count(Statistics& statistics, const Record& record) {
 }
 
 Status replay(RecordingReader& reader, Run& run, Statistics& statistics) {
-    Record record; // one for all, for its memory
+    Record record; // one object for all records, to reuse its memory
     while (reader.next(record)) {
         count(statistics, record);
         run.play(record);
     }
-    // What was made before a malformed line was made all the same.
+    // Gestures before a malformed line still count.
     run.finish();
     if (reader.error()) {
         std::fprintf(stderr, "glidemap-replay: %s\n", text(*reader.error()).c_str());

@@ -1,7 +1,7 @@
-// Plays recordings, each in a run of its own with the same bindings, and prints what is recognised
-// in them and what it does.
+// Plays recordings, each in its own run with the same bindings, and prints the recognised gestures
+// and their actions.
 //
-// Errors:  go to standard error as they happen; the other recordings are played all the same.
+// Errors:  printed to standard error when they occur; the remaining recordings are still played.
 #pragma once
 
 #include "bindings/binding_store.h"

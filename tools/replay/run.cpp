@@ -21,8 +21,8 @@ Run::~Run() {
     desk.stop();
 }
 
-// The recognizer reports to the engine's cooldown, which tells nobody what it drops. So we stand
-// before it and see whether the gesture comes out behind.
+// The engine does not report the gestures that its cooldown drops. The run therefore observes each
+// gesture before the engine and checks whether the engine delivers it.
 void Run::listen() {
     SessionRecognizer& recognizer = engine->sessionRecognizer();
     recognizer.onGesture = [this, deliver = recognizer.onGesture](GestureType gesture) {

@@ -1,16 +1,16 @@
-// One run of the whole pipeline in virtual time: records go in at the driver, gestures come out.
+// One run of the whole pipeline in virtual time: records enter at the driver, gestures come out.
 //
 //   record ─▶ time moves on to it, delayed items due by then run
 //          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run at once) ─▶ recognizer
 //          ─▶ cooldown ─▶ desk ─▶ its main queue (run after it) ─▶ actions
 //
-// The listener hears of each gesture, also of one that the cooldown dropped, and then of what the
-// gesture does; and of each button, whether the desk took its click.
+// The listener is notified of each gesture, including gestures that the cooldown drops, then of its
+// actions; and of each button, with the click that consumed it.
 //
 // Units:   seconds of the records.
 // Thread:  one.
-// Owner:   whoever plays the records. One run at a time, because the driver has one callback.
-// Errors:  as those of the driver.
+// Owner:   the code that plays the records. One run at a time, because the driver has one callback.
+// Errors:  those of the driver.
 #pragma once
 
 #include "desk.h"
@@ -35,7 +35,7 @@ public:
     Run& operator=(const Run&) = delete;
     ~Run();
 
-    // Beside those that the bindings have.
+    // In addition to the double taps of the bindings.
     void bindDoubleTaps(std::set<int> fingerCounts) { boundDoubleTaps = std::move(fingerCounts); }
 
     void play(const Record& record);
@@ -43,7 +43,7 @@ public:
 
     void advanceTo(double time);
 
-    // The end of the input: what was held back comes out.
+    // The end of the input: waiting taps fire.
     void finish();
 
     double now() const { return time.now(); }

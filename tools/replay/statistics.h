@@ -1,4 +1,4 @@
-// Figures of everything that was played, for --stats.
+// Statistics of all played recordings, for --stats.
 //
 // Units:   seconds.
 #pragma once
@@ -15,14 +15,14 @@ namespace glidemap::replay {
 
 class Statistics {
 public:
-    // The records of another run follow.
+    // The following records belong to another run.
     void beginRun();
 
     void count(double time, const std::vector<MTTouch>& touches);
     void countRecordAt(double time);
     void count(const Recognised& recognised);
 
-    // A few lines, each ended.
+    // Several lines, each with a line terminator.
     std::string text() const;
 
 private:
@@ -30,8 +30,8 @@ private:
 
     Clock::time_point started = Clock::now();
     std::uint64_t frames = 0;
-    std::uint64_t contacts = 0; // records of contacts, one a finger and frame
-    std::uint64_t sessions = 0; // from the first finger down to the last one up
+    std::uint64_t contacts = 0; // contact records, one per finger and frame
+    std::uint64_t sessions = 0; // from the first finger down to the last finger up
     std::uint64_t delivered = 0;
     std::uint64_t dropped = 0;
     double recorded = 0;
