@@ -1,5 +1,5 @@
-// The whole program, played from a recording, on buses of the tests' own. What it does with real
-// touchpads is shown in a real kernel.
+// The whole program, fed from a recording, on the tests' own buses. The kernel tests cover real
+// touchpads.
 #include "choreography/performance.h"
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
@@ -32,7 +32,7 @@ const test::ServiceDescription logind{
     "<interface name='org.freedesktop.login1.Session'><method name='Lock'/>"
     "<property name='LockedHint' type='b' access='read'/></interface>"};
 
-// The session is locked once it is asked to be, and says so.
+// The session locks on request and reports it.
 void lockWhenAsked(BusDouble& manager) {
     manager.answer("Lock", [&manager] {
         manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",
@@ -45,7 +45,7 @@ class AgentTest : public testing::Test {
 protected:
     static std::vector<std::string> command() { return {GLIDEMAP_AGENT, "--never-ask"}; }
 
-    // The gestures, a second after each other.
+    // Writes the gestures, one second apart.
     void record(const std::vector<GestureType>& gestures) const {
         std::ofstream stream(folder.path() / "recording.jsonl");
         RecordingWriter writer(stream);
@@ -109,7 +109,7 @@ TEST_F(AgentTest, EveryGestureIsLoggedAndOneLocksTheScreen) {
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "config/glidemap/glidemap.ini"));
 }
 
-TEST_F(AgentTest, OnALockedScreenAGestureMayLockAgainAndNothingIsLogged) {
+TEST_F(AgentTest, OnALockedScreenALockStillRunsAndNothingIsLogged) {
     test::ServiceDescription locked = logind;
     locked.properties = {{"LockedHint", true}};
     BusDouble manager(systemBus.address(), locked, journal);
@@ -122,7 +122,7 @@ TEST_F(AgentTest, OnALockedScreenAGestureMayLockAgainAndNothingIsLogged) {
     EXPECT_EQ(logOf(agent), "");
 }
 
-TEST_F(AgentTest, TheLanguageOfTheLastRunIsThatOfTheLog) {
+TEST_F(AgentTest, TheLogUsesTheLanguageOfTheLastRun) {
     BusDouble manager(systemBus.address(), logind, journal);
     lockWhenAsked(manager);
     ofUser("[General]\nappLanguage=zh\n");
@@ -133,7 +133,7 @@ TEST_F(AgentTest, TheLanguageOfTheLastRunIsThatOfTheLog) {
     EXPECT_EQ(agent.waitForEnd(), 0);
 }
 
-TEST_F(AgentTest, WhatIsNoBooleanLeavesTheMasterSwitchOn) {
+TEST_F(AgentTest, AStoredNonBooleanLeavesTheMasterSwitchOn) {
     ofUser("[General]\nmasterEnabled=0\n");
     record({GestureType::threeFingerSwipeUp});
     Process agent(command());
@@ -142,7 +142,7 @@ TEST_F(AgentTest, WhatIsNoBooleanLeavesTheMasterSwitchOn) {
     EXPECT_EQ(agent.waitForEnd(), 0);
 }
 
-TEST_F(AgentTest, WithoutAnyTouchpadItIsReadyAndEndsInOrder) {
+TEST_F(AgentTest, WithoutATouchpadItStartsAndExitsNormally) {
     const InEnvironment none("GLIDEMAP_TOUCH_DRIVER", "/nowhere/at/all.so");
     Process agent(command());
     EXPECT_TRUE(agent.waitForOutput("ready"));
@@ -151,13 +151,13 @@ TEST_F(AgentTest, WithoutAnyTouchpadItIsReadyAndEndsInOrder) {
     EXPECT_EQ(agent.output(), "ready\n");
 }
 
-TEST_F(AgentTest, AWrongOptionIsRefused) {
+TEST_F(AgentTest, AnUnknownOptionIsRejected) {
     Process agent({GLIDEMAP_AGENT, "--wrong"});
     EXPECT_EQ(agent.waitForEnd(), 2);
     EXPECT_EQ(agent.errors(), "usage: glidemap-agent [--never-ask]\n");
 }
 
-TEST_F(AgentTest, LogsEachDecisionAndNotWhatIsTyped) {
+TEST_F(AgentTest, LogsEachDecisionButNotTheTypedKeys) {
     const InEnvironment log("GLIDEMAP_LOG", "1");
     record({GestureType::drawCircleClockwise, GestureType::threeFingerSwipeUp,
             GestureType::fixAndTapLeft});
@@ -179,7 +179,7 @@ TEST_F(AgentTest, LogsEachDecisionAndNotWhatIsTyped) {
     EXPECT_EQ(lines.find("keyboardShortcut "), std::string::npos) << lines;
 }
 
-TEST_F(AgentTest, LogsNothingUnlessAsked) {
+TEST_F(AgentTest, LogsNothingByDefault) {
     for (const char* value : {static_cast<const char*>(nullptr), "", "0"}) {
         const InEnvironment log("GLIDEMAP_LOG", value);
         record({GestureType::threeFingerSwipeUp});
@@ -191,7 +191,7 @@ TEST_F(AgentTest, LogsNothingUnlessAsked) {
     }
 }
 
-TEST_F(AgentTest, LogsASaveThatFails) {
+TEST_F(AgentTest, LogsAFailedSave) {
     const InEnvironment log("GLIDEMAP_LOG", "1");
     folder.write("file", "in the way");
     const InEnvironment blocked("XDG_DATA_HOME", (folder.path() / "file").c_str());

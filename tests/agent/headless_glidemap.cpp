@@ -19,7 +19,7 @@ HeadlessGlidemap::HeadlessGlidemap() : defaults(std::make_shared<QtUserDefaults>
     };
 }
 
-// Nobody may call in while what they call is going.
+// Stops all callbacks before the members that they use are destroyed.
 HeadlessGlidemap::~HeadlessGlidemap() {
     stop();
 }
@@ -53,7 +53,7 @@ void HeadlessGlidemap::makeDispatcher() {
     toLog = dispatcher->changes().subscribe({}, [this] { tellNewEntry(); });
 }
 
-// The master switch is announced in the same way, and entries come one at a time.
+// The master switch uses the same notification, and entries arrive one at a time.
 void HeadlessGlidemap::tellNewEntry() {
     const auto& events = dispatcher->recentEvents();
     if (!events.empty() && events.front().id != lastTold) {

@@ -1,8 +1,9 @@
-// The whole program but its interface: every real service, connected by the program's own runtime.
+// The whole program except its interface: every real service, connected by the program's own
+// runtime.
 //
-// Thread:  the main thread, within the application object's life and around its event loop.
-// Owner:   the agent; one in a process, because touches come through shared instances.
-// Errors:  as each service has them. Without a driver, or without permission, the rest works.
+// Thread:  the main thread, while the application object exists, including its event loop.
+// Owner:   the agent; one per process, because touches arrive through shared instances.
+// Errors:  those of the services. Without a driver or a permission, the rest works.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -28,7 +29,7 @@ public:
     HeadlessGlidemap& operator=(const HeadlessGlidemap&) = delete;
     ~HeadlessGlidemap();
 
-    // `logged` is called for each new line of the log of gestures.
+    // `logged` is called for each new entry of the gesture log.
     void start(Prompt prompt, std::function<void(const GestureLogEntry&)> logged);
     void stop();
 
@@ -43,7 +44,7 @@ private:
     std::shared_ptr<UserDefaults> defaults;
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<GestureDispatcher> dispatcher;
-    std::unique_ptr<GestureRuntime> runtime; // from the start on
+    std::unique_ptr<GestureRuntime> runtime; // set by start()
     std::function<void(const GestureLogEntry&)> tellLogged;
     std::optional<Uuid> lastTold;
     Subscription toLog;

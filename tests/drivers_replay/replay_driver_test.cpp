@@ -29,14 +29,14 @@ const std::vector<std::string> tapDeliveries = {"1@0.25,0.75 state 3, 2@0.5,0.75
                                                 "1@0.25,0.75 state 4, 2@0.5,0.75 state 4",
                                                 "nothing"};
 
-// Of a recording that plays again and again, and may have gone on while the test was not running.
+// For a recording that loops and may have progressed while the test was not scheduled.
 std::vector<Delivery> firstOf(ReplaySession& session, std::size_t count) {
     auto deliveries = session.waitFor(count);
     deliveries.resize(std::min(count, deliveries.size()));
     return deliveries;
 }
 
-TEST(ReplayDriver, PlaysTheRecordingAsIfItHappenedNow) {
+TEST(ReplayDriver, PlaysTheRecordingWithCurrentTimes) {
     ReplaySession session;
     session.setRecording(tap);
     const double before = now();
@@ -49,7 +49,7 @@ TEST(ReplayDriver, PlaysTheRecordingAsIfItHappenedNow) {
     EXPECT_NEAR(deliveries[2].timestamp - deliveries[0].timestamp, 0.05, 1e-9);
 }
 
-TEST(ReplayDriver, DeliversNothingBeforeItsTime) {
+TEST(ReplayDriver, DeliversNoReportEarly) {
     ReplaySession session;
     session.setRecording(tap);
     session.start();
@@ -58,7 +58,7 @@ TEST(ReplayDriver, DeliversNothingBeforeItsTime) {
     }
 }
 
-TEST(ReplayDriver, GivesContactsTheTimeOfTheirReport) {
+TEST(ReplayDriver, SetsTheTimeOfContactsToThatOfTheirReport) {
     ReplaySession session;
     session.setRecording(tap);
     session.start();
@@ -67,7 +67,7 @@ TEST(ReplayDriver, GivesContactsTheTimeOfTheirReport) {
                 ElementsAre(deliveries[0].timestamp, deliveries[0].timestamp));
 }
 
-TEST(ReplayDriver, LiftsWhatARecordingLeavesOnThePad) {
+TEST(ReplayDriver, LiftsFingersThatARecordingLeavesOnThePad) {
     ReplaySession session;
     session.setRecording("{\"t\":0,\"touches\":[[1,0.5,0.5,4]]}\n"
                          "{\"t\":0.01,\"button\":0,\"down\":true}\n"
@@ -81,17 +81,17 @@ TEST(ReplayDriver, LiftsWhatARecordingLeavesOnThePad) {
     EXPECT_GT(deliveries[4].timestamp, deliveries[3].timestamp);
 }
 
-TEST(ReplayDriver, PlaysOnceUnlessAskedToLoop) {
+TEST(ReplayDriver, PlaysOnceByDefault) {
     const std::size_t before = threadCount();
     ReplaySession session;
     session.setRecording(tap);
     session.start();
     session.waitFor(3);
-    waitForThreads(before); // a player that goes on would keep its thread
+    waitForThreads(before); // a running player would keep its thread
     EXPECT_EQ(session.deliveryCount(), 3U);
 }
 
-TEST(ReplayDriver, LoopsWithAPauseAndRisingTimes) {
+TEST(ReplayDriver, LoopsWithAPauseAndIncreasingTimes) {
     ReplaySession session;
     session.setRecording(tap);
     ReplaySession::setLooping(true);
@@ -113,7 +113,7 @@ TEST(ReplayDriver, EndsEachPassWithAnEmptyReport) {
                 ElementsAre("1@0.5,0.5 state 4", "nothing", "1@0.5,0.5 state 4"));
 }
 
-TEST(ReplayDriver, NeverGoesBackInTime) {
+TEST(ReplayDriver, NeverReportsDecreasingTimes) {
     ReplaySession session;
     session.setRecording("{\"t\":5,\"touches\":[]}\n"
                          "{\"t\":1,\"touches\":[]}\n"
@@ -127,7 +127,7 @@ TEST(ReplayDriver, NeverGoesBackInTime) {
     EXPECT_EQ(deliveries[3].timestamp, deliveries[2].timestamp);
 }
 
-TEST(ReplayDriver, LetsTimePassForWhatItDoesNotPlay) {
+TEST(ReplayDriver, AdvancesTimeForRecordsThatItDoesNotPlay) {
     ReplaySession session;
     session.setRecording("{\"t\":0,\"frontmost\":null}\n"
                          "{\"t\":0.01}\n"
@@ -147,18 +147,18 @@ TEST(ReplayDriver, PlaysForeignRecordings) {
     EXPECT_THAT(whats(session.waitFor(2)), ElementsAre("1@0,1 state 3", "nothing"));
 }
 
-TEST(ReplayDriver, StopsInTheMiddleOfALongWait) {
+TEST(ReplayDriver, StopsDuringALongWait) {
     ReplaySession session;
     session.setRecording("{\"t\":0,\"touches\":[]}\n{\"t\":1e300,\"touches\":[[1,0,0,4]]}\n");
     session.start();
     session.waitFor(1);
-    session.manager().stop(); // comes back at all
+    session.manager().stop(); // checks that stop() returns
     EXPECT_FALSE(session.manager().isRunning());
     EXPECT_EQ(session.deliveryCount(), 1U);
 }
 
-// A report every tenth of a millisecond, so that stopping meets one under way again and again.
-TEST(ReplayDriver, CallsBackNoMoreOnceStopped) {
+// One report every 0.1 ms, so that stopping repeatedly coincides with a report.
+TEST(ReplayDriver, DoesNotCallBackAfterStopping) {
     std::string dense;
     for (int index = 0; index < 2'000; ++index) {
         dense += "{\"t\":" + std::to_string(index * 0.0001) + ",\"touches\":[[1,0,0,4]]}\n";
@@ -182,7 +182,7 @@ TEST(ReplayDriver, CallsBackNoMoreOnceStopped) {
     EXPECT_EQ(late, 0);
 }
 
-TEST(ReplayDriver, MayBeStoppedFromWithinItsCallback) {
+TEST(ReplayDriver, CanBeStoppedFromWithinItsCallback) {
     const std::size_t before = threadCount();
     ReplaySession session;
     session.setRecording(tap);
@@ -195,11 +195,11 @@ TEST(ReplayDriver, MayBeStoppedFromWithinItsCallback) {
     EXPECT_THAT(whats(session.waitFor(1)), ElementsAre(tapDeliveries[0]));
 }
 
-TEST(ReplayDriver, StartsFromTheBeginningAfterAStop) {
+TEST(ReplayDriver, RestartsFromTheBeginningAfterAStop) {
     const std::size_t before = threadCount();
     ReplaySession session;
     session.setRecording(tap);
-    bool stop = true; // of the driver's threads, of which one follows the other
+    bool stop = true; // read by the driver's threads, which run one after another
     session.onDelivery = [&](const Delivery&) {
         if (std::exchange(stop, false)) {
             session.stopDevice();
@@ -216,7 +216,7 @@ TEST(ReplayDriver, StartsFromTheBeginningAfterAStop) {
     EXPECT_EQ(whats(session.waitFor(4)), expected);
 }
 
-TEST(ReplayDriver, StartingItAgainDoesNotPlayItTwice) {
+TEST(ReplayDriver, StartingTwiceDoesNotPlayTwice) {
     const std::size_t before = threadCount();
     ReplaySession session;
     session.setRecording(tap);
@@ -229,7 +229,7 @@ TEST(ReplayDriver, StartingItAgainDoesNotPlayItTwice) {
     EXPECT_EQ(session.deliveryCount(), 3U);
 }
 
-TEST(ReplayDriver, AnswersNoDeviceAndSaysWhy) {
+TEST(ReplayDriver, ReturnsNoDeviceAndLogsTheReason) {
     struct Row {
         const char* why;
         std::string path;
@@ -259,7 +259,7 @@ TEST(ReplayDriver, AnswersNoDeviceAndSaysWhy) {
     }
 }
 
-TEST(ReplayDriver, WithAnEmptyRecordingIsADeviceThatIsNotTouched) {
+TEST(ReplayDriver, WithAnEmptyRecordingReturnsADeviceWithoutTouches) {
     ReplaySession session;
     session.setRecording("");
     ReplaySession::setLooping(true);
@@ -268,7 +268,7 @@ TEST(ReplayDriver, WithAnEmptyRecordingIsADeviceThatIsNotTouched) {
     EXPECT_EQ(session.deliveryCount(), 0U);
 }
 
-// A copy is another library to the loader, so that the mode does not reach the other tests.
+// The loader treats a copy as another library, so that the mode does not affect the other tests.
 class PushedReports : public testing::Test {
 protected:
     PushedReports() {
@@ -276,7 +276,7 @@ protected:
         std::filesystem::copy_file(GLIDEMAP_REPLAY_DRIVER, copy,
                                    std::filesystem::copy_options::overwrite_existing);
         session.emplace(copy);
-        session->start(); // without a recording; only opens the library
+        session->start(); // no recording: only opens the library
         const auto& manager = session->manager();
         push = reinterpret_cast<driver::Push>(manager.optionalSymbol(driver::pushSymbol));
         reinterpret_cast<driver::EnablePushing>(
@@ -288,7 +288,7 @@ protected:
     driver::Push push = nullptr;
 };
 
-TEST_F(PushedReports, ArriveOnTheCallersThreadAsTheyWerePushed) {
+TEST_F(PushedReports, ArriveUnchangedOnTheCallersThread) {
     ASSERT_TRUE(session->start().isRunning());
     MTTouch touch{};
     touch.identifier = 7;
@@ -305,7 +305,7 @@ TEST_F(PushedReports, ArriveOnTheCallersThreadAsTheyWerePushed) {
     EXPECT_THAT(deliveries[0].contactTimes, ElementsAre(1));
 }
 
-TEST_F(PushedReports, AreDroppedWhileNothingIsStarted) {
+TEST_F(PushedReports, AreDroppedWhileNoDeviceIsStarted) {
     push(nullptr, 0, 1);
     EXPECT_EQ(session->deliveryCount(), 0U);
     session->start();
@@ -316,7 +316,7 @@ TEST_F(PushedReports, AreDroppedWhileNothingIsStarted) {
     EXPECT_EQ(session->deliveryCount(), 1U);
 }
 
-TEST_F(PushedReports, MayStopTheDeviceThatTheyReach) {
+TEST_F(PushedReports, MayStopTheirDeviceFromTheCallback) {
     session->onDelivery = [&](const Delivery&) {
         session->manager().stop();
     };

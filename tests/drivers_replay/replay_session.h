@@ -1,7 +1,7 @@
-// The replay driver as the program sees it: loaded by path, with a recording named in the
+// The replay driver from the program's point of view: loaded by path, with a recording named in the
 // environment.
 //
-// Thread:  the test's; the driver reports on its own, and what it reports is waited for.
+// Thread:  the test's; the driver reports on its own thread, and the test waits for its reports.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
@@ -21,37 +21,37 @@
 
 namespace glidemap::test {
 
-// What the driver delivered, a report of contacts or a change of a button.
+// One delivery of the driver: a report of contacts or a change of a button.
 struct Delivery {
     std::string what; // "1@0.25,0.75 state 4", "nothing", "button 0 down"
     double timestamp = 0;
-    double arrival = 0; // of the steady clock
+    double arrival = 0; // in seconds of the steady clock
     std::thread::id thread;
-    std::vector<double> contactTimes; // as the records themselves have them
+    std::vector<double> contactTimes; // the times in the records
 };
 
 class ReplaySession {
 public:
-    // Reports are kept, and passed to `onDelivery` on the driver's thread.
+    // Stores reports and passes them to `onDelivery` on the driver's thread.
     explicit ReplaySession(std::filesystem::path driverLibrary = GLIDEMAP_REPLAY_DRIVER);
     ReplaySession(const ReplaySession&) = delete;
     ReplaySession& operator=(const ReplaySession&) = delete;
     ~ReplaySession();
 
-    // Names a recording of this content in the environment.
+    // Writes a recording with this content and names it in the environment.
     void setRecording(const std::string& content);
     static void setRecordingPath(const std::filesystem::path& path);
     static void setLooping(bool loops);
 
-    // Makes a manager and starts it.
+    // Creates a manager and starts it.
     MultitouchDeviceManager& start();
     MultitouchDeviceManager& manager() { return *_manager; }
 
-    // The driver's own functions, for the device that was last heard of.
+    // The driver's own functions, for the device that reported last.
     void startDevice();
     void stopDevice();
 
-    // What was delivered, once it is at least so many.
+    // Waits for at least `count` deliveries and returns them.
     std::vector<Delivery> waitFor(std::size_t count);
     std::size_t deliveryCount();
 
@@ -76,10 +76,10 @@ std::vector<std::string> whats(const std::vector<Delivery>& deliveries);
 // Seconds of the steady clock.
 double now();
 
-// Of this process.
+// The number of threads of this process.
 std::size_t threadCount();
 
-// Until there are no more than so many.
+// Waits until this process has at most `count` threads.
 void waitForThreads(std::size_t count);
 
 } // namespace glidemap::test

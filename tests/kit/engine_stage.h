@@ -1,7 +1,7 @@
-// A touch engine in virtual time, without a driver: reports go into the contact callback by hand.
+// A touch engine in virtual time without a driver: the test passes reports to the contact callback.
 //
 // Thread:  one, the test's.
-// Owner:   the test; one at a time, because the callback's sink is one for the process.
+// Owner:   the test; one at a time, because the callback's sink is global to the process.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
@@ -23,25 +23,26 @@ public:
     EngineStage& operator=(const EngineStage&) = delete;
     ~EngineStage();
 
-    // Moves time to the frame's and hands its records to the callback; recognition waits for run().
+    // Advances time to the frame's timestamp and passes its records to the callback; recognition
+    // waits for run().
     void submit(const TouchFrame& frame);
     void run() { time.runSubmitted(); }
     void play(std::span<const TouchFrame> frames);
     void play(const Script& script);
-    // Until nothing more can come.
+    // Runs until no work is pending.
     void finish() { time.runRemaining(); }
 
-    // Says `gesture` as the recognizer would, at the present moment.
+    // Reports `gesture` like the recognizer, at the current time.
     void recognise(GestureType gesture) { engine->sessionRecognizer().onGesture(gesture); }
 
     VirtualTime time;
-    MultitouchDeviceManager manager; // has found no driver
+    MultitouchDeviceManager manager; // has no driver
     std::shared_ptr<TouchEngine> engine;
-    std::vector<Heard> heard; // what left the engine
+    std::vector<Heard> heard; // the gestures that the engine delivered
 };
 
-// The frame pushed into the contact callback as a driver does it, from a buffer that is scribbled
-// over afterwards.
+// Passes the frame to the contact callback like a driver, from a buffer that is overwritten
+// afterwards.
 void report(const TouchFrame& frame);
 void report(std::vector<MTTouch> records, double timestamp);
 

@@ -1,4 +1,5 @@
-// Finds a part of a window by its name. Qt's own search by type knows only classes with a meta object.
+// Finds a part of a window by its name. Qt's search by type supports only classes with a meta
+// object.
 #pragma once
 
 #include <QString>
@@ -9,7 +10,7 @@
 
 namespace glidemap::kit {
 
-// Throws, which fails the test, if there is none of this type.
+// Throws, which fails the test, if no such widget of this type exists.
 template <class Widget = QWidget>
 Widget& find(const QWidget& within, const char* name) {
     auto* const found = dynamic_cast<Widget*>(within.findChild<QWidget*>(QString::fromUtf8(name)));
@@ -19,7 +20,7 @@ Widget& find(const QWidget& within, const char* name) {
     return *found;
 }
 
-// All of this type, in the order in which they were made.
+// All widgets of this type, in order of creation.
 template <class Widget>
 std::vector<Widget*> findAll(const QWidget& within) {
     std::vector<Widget*> found;

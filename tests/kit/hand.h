@@ -1,7 +1,8 @@
-// The hand that performs a script: which fingers are where, and every frame that the pad reported.
+// The hand that performs a script: the positions of all fingers, and every frame that the pad
+// reported.
 //
 // Units:   positions normalised 0..1, origin bottom-left; seconds.
-// Errors:  what no hand can do throws std::logic_error.
+// Errors:  an impossible movement throws std::logic_error.
 #pragma once
 
 #include "input/touch_frame.h"
@@ -18,13 +19,13 @@ struct Spot {
     double y = 0;
 };
 
-// Where a finger is, given where it was when the move began and how much of the move's time has
-// passed (0 to 1).
+// Returns a finger's position, given its position at the start of the move and the completed
+// fraction (0 to 1) of the move's time.
 using Motion = std::function<Spot(std::size_t finger, Spot from, double fraction)>;
 
 class Hand {
 public:
-    static constexpr double spacing = 0.08; // from one finger to the next
+    static constexpr double spacing = 0.08; // between neighbouring fingers
 
     explicit Hand(double framesPerSecond) : interval(1 / framesPerSecond) {}
 
@@ -60,7 +61,7 @@ private:
 
     double interval;
     double time = 0;
-    std::vector<Spot> home; // where down() puts the fingers
+    std::vector<Spot> home; // initial positions of the fingers, used by down()
     std::vector<Finger> fingers;
     std::int32_t nextId = 1;
     std::vector<TouchFrame> reported;

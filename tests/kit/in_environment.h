@@ -1,6 +1,6 @@
-// A variable of this process's environment, for as long as a scope lasts.
+// Sets a variable of this process's environment during a scope.
 //
-// Thread:  one, while no other reads the environment.
+// Thread:  one, while no other thread reads the environment.
 // Owner:   a test.
 // Errors:  none.
 #pragma once
@@ -11,7 +11,7 @@ namespace glidemap::test {
 
 class InEnvironment {
 public:
-    // Null takes the variable away.
+    // Null removes the variable.
     InEnvironment(std::string variable, const char* value);
     InEnvironment(const InEnvironment&) = delete;
     InEnvironment& operator=(const InEnvironment&) = delete;

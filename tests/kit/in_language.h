@@ -1,4 +1,4 @@
-// The shared language for as long as a scope lasts.
+// Sets the shared language during a scope.
 #pragma once
 
 #include "core/lang.h"

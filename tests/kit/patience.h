@@ -1,5 +1,6 @@
-// How long a test waits for what must happen. Nothing waits this long unless it has failed, so it is
-// generous: a machine that compiles or runs other tests may be ten times slower than an idle one.
+// How long a test waits for a required event. A wait takes this long only if the test fails, so the
+// limit is generous: a machine that compiles or runs other tests may be ten times slower than an
+// idle one.
 #pragma once
 
 #include <chrono>

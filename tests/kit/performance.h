@@ -1,7 +1,7 @@
-// Plays scripts to the recognizer and says what it heard.
+// Plays scripts to the recognizer and returns the gestures that it reports.
 //
 // Units:   seconds of the script.
-// Thread:  the test's, for everything; time is virtual.
+// Thread:  the test's; time is virtual.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -26,7 +26,7 @@ struct Heard {
     }
 };
 
-// What plays a script.
+// The component that plays a script.
 enum class Through {
     recognizer, // frames straight into a recognizer: every gesture, and positions as precise as the
                 // script's
@@ -35,17 +35,17 @@ enum class Through {
 
 struct Stage {
     Through through = Through::recognizer;
-    std::vector<int> boundDoubleTaps = {}; // the numbers of fingers whose double tap has a binding
+    std::vector<int> boundDoubleTaps = {}; // finger counts whose double tap has a binding
 };
 
-// Everything reported until nothing more can come, in order. Delayed work runs between the frames,
+// All gestures reported until no work is pending, in order. Delayed work runs between the frames,
 // when it is due.
 std::vector<Heard> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
 std::vector<Heard> perform(const Script& script, const Stage& stage = {});
 
 std::vector<GestureType> gesturesOf(std::span<const Heard> heard);
 
-// One line each.
+// One line per gesture.
 std::string written(std::span<const Heard> heard);
 std::string written(std::span<const GestureType> gestures);
 

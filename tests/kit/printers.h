@@ -1,4 +1,4 @@
-// How GoogleTest prints gestures: by name.
+// Lets GoogleTest print gestures by name.
 #pragma once
 
 #include "core/gesture_type.h"

@@ -1,6 +1,7 @@
-// Waits of the tests of windows and widgets: QTest's own, with a patience for a busy machine instead of five seconds.
+// QTest's waits for tests of windows and widgets, with time-outs for a busy machine instead of five
+// seconds.
 //
-// Thread:  the main thread, whose event loop runs meanwhile.
+// Thread:  the main thread, whose event loop runs during the wait.
 #pragma once
 
 #include "kit/patience.h"
@@ -13,7 +14,7 @@ namespace glidemap::test {
 inline constexpr int patienceInMilliseconds =
     static_cast<int>(std::chrono::milliseconds(patience).count());
 
-// Returns whether the condition has become true.
+// Returns whether the condition became true.
 template <typename Condition>
 [[nodiscard]] bool waitFor(Condition condition) {
     return QTest::qWaitFor(std::move(condition), patienceInMilliseconds);

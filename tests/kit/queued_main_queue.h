@@ -1,4 +1,4 @@
-// A main queue whose tasks wait until the test runs them, on the thread that it calls its main one.
+// A main queue whose tasks wait until the test runs them on its main thread.
 //
 // Thread:  submit() on any, as the port says; the rest on the test's.
 #pragma once
@@ -22,7 +22,7 @@ public:
         arrived.notify_all();
     }
 
-    // False if none waits.
+    // Returns false if no task waits.
     bool runNext() {
         auto task = takeNext();
         if (task) {
@@ -31,19 +31,19 @@ public:
         return task.has_value();
     }
 
-    // Those that tasks submit included.
+    // Including tasks that these tasks submit.
     void runAll() {
         while (runNext()) {
         }
     }
 
-    // As at the end of the program: what waits is destroyed unrun.
+    // Destroys waiting tasks without running them, as on exit.
     void discardAll() {
         while (takeNext()) {
         }
     }
 
-    // Until another thread has submitted something that still waits.
+    // Waits until another thread has submitted a task.
     void waitForOne() const {
         std::unique_lock lock(mutex);
         arrived.wait(lock, [this] { return !tasks.empty(); });

@@ -1,7 +1,7 @@
-// A click tap whose events are the test's, and that remembers what it was told.
+// A click tap whose events come from the test and that records its calls.
 //
-// Thread:  offer() on any one; the rest on the test's main thread. The notes are the test's once
-//          nobody offers.
+// Thread:  offer() on one thread at a time; the rest on the test's main thread. The test may read
+//          the notes when no thread calls offer().
 #pragma once
 
 #include "dispatch/click_tap.h"
@@ -26,10 +26,10 @@ public:
     void remove() override { notes.emplace_back("remove"); }
     void setNeeded(bool needed) override { notes.emplace_back(needed ? "needed" : "not needed"); }
 
-    // Also after the removal, as a careless system would.
+    // Also works after removal, as a careless system would.
     Verdict offer(const ClickEvent& event) { return callback(event); }
 
-    // What was told since the last time.
+    // Returns the calls since the last time.
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
 
     bool isPermitted = true;

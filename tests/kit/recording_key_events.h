@@ -1,4 +1,4 @@
-// Remembers the key events that were posted.
+// Records the posted key events.
 //
 // Thread:  the test's main thread.
 #pragma once
@@ -27,7 +27,7 @@ public:
         posts.emplace_back(events.begin(), events.end());
     }
 
-    std::vector<Post> posts; // one for each call
+    std::vector<Post> posts; // one per call
 };
 
 } // namespace kit

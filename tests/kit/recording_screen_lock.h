@@ -1,4 +1,4 @@
-// A system's lock that is there or not, and that refuses when the test says so.
+// A system lock that exists or not, and that refuses at the test's request.
 //
 // Thread:  the test's main thread.
 #pragma once
@@ -25,7 +25,7 @@ public:
     bool exists = true;
     int timesLookedFor = 0;
     int timesLocked = 0;
-    std::function<void()> refuse; // what the last lock() was given
+    std::function<void()> refuse; // the argument of the last lock()
 };
 
 } // namespace glidemap::kit

@@ -1,6 +1,6 @@
-// A session whose applications are what the test says, and that remembers what it was to open.
+// A session whose applications the test defines, and that records what it was asked to open.
 //
-// Thread:  frontmost, and whoever asks for it, on any; the rest on the test's main thread.
+// Thread:  frontmost and its readers on any; the rest on the test's main thread.
 #pragma once
 
 #include "core/snapshot.h"
@@ -42,7 +42,7 @@ public:
     void openURL(const std::string& url) override { opened.push_back("url " + url); }
 
     std::vector<Application> running;
-    std::map<std::string, std::string> urls; // where each application is, by its identifier
+    std::map<std::string, std::string> urls; // the location of each application, by its identifier
     std::vector<std::string> opened;         // in order
     mutable std::atomic<int> timesAskedForFrontmost = 0;
 

@@ -1,4 +1,4 @@
-// Contact records as a driver would make them.
+// Contact records like those of a driver.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -9,7 +9,7 @@
 
 namespace glidemap::kit {
 
-// All the fields that nobody may read hold something that would be noticed.
+// All fields that must not be read contain conspicuous values.
 MTTouch record(std::int32_t identifier, double x, double y,
                MTTouchState state = MTTouchState::touching);
 

@@ -1,8 +1,9 @@
-// Counts the paints and the layout requests of all widgets, for tests that nothing is painted that has not changed.
+// Counts the paint and layout events of all widgets, to check that only changed widgets are
+// repainted.
 //
 // Units:   events.
 // Thread:  the main thread.
-// Owner:   a test; counts while it lives.
+// Owner:   a test; counts during its lifetime.
 // Errors:  none.
 #pragma once
 
@@ -18,8 +19,8 @@ class RepaintCount : public QObject {
 public:
     RepaintCount() { qApp->installEventFilter(this); }
 
-    // Lets the widgets come to rest after a change, then counts what they do with nothing to do: a widget that answers each
-    // layout with another one is busy in every round.
+    // Waits until the widgets are idle after a change, then counts their events: a widget that
+    // answers each layout with another one is busy in every round.
     void countAtRest() {
         runRounds();
         paints.clear();
@@ -27,7 +28,7 @@ public:
         runRounds();
     }
 
-    // By the object's name, or by its class where it has none.
+    // By the object's name, or by its class if it has no name.
     std::map<std::string, int> paints;
     std::map<std::string, int> layoutRequests;
 

@@ -1,7 +1,7 @@
 // Tables of performances: each row is a fact about the recognizer, a script that shows it, and all
-// that is heard.
+// gestures that it reports.
 //
-// A failure prints the row, its script, and what was expected beside what was heard.
+// A failure prints the row, its script, and the expected and actual gestures.
 #pragma once
 
 #include "kit/performance.h"
@@ -21,16 +21,16 @@ struct Row {
     std::vector<int> boundDoubleTaps = {};
 };
 
-// As written. For rows that stand at a limit, which any variation would push over.
+// As written. For rows at a limit, where any variation would cross it.
 void expectRows(std::span<const Row> rows);
 
-// As written, then by many hands on many pads (see variants.h). For rows well inside their limits.
+// As written, then with all hands and pads (see variants.h). For rows well inside their limits.
 void expectRowsInEveryVariant(std::span<const Row> rows);
 
-// What expectRows() checks, with times.
+// Like expectRows(), including times.
 void expectHeard(const Script& script, const std::vector<Heard>& expected, const Stage& stage = {});
 
-// The text of a failed row, or nothing if the variant heard what it should.
+// The text of a failed row, or empty if the variant reported the expected gestures.
 std::string complaint(const Row& row, const Variant& variant);
 
 } // namespace glidemap::kit

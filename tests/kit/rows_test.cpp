@@ -9,14 +9,14 @@ using enum GestureType;
 
 const auto tap = fingers(2).down().hold(0.1).up();
 
-TEST(RowsTest, ARowThatHearsWhatItExpectsHasNoComplaint) {
+TEST(RowsTest, ARowWithTheExpectedGesturesHasNoComplaint) {
     const Row row = {"a tap", tap, {twoFingerTap}};
     for (const Variant& variant : allVariants()) {
         EXPECT_EQ(complaint(row, variant), "");
     }
 }
 
-TEST(RowsTest, AComplaintShowsTheScriptAndExpectedBesideActual) {
+TEST(RowsTest, AComplaintShowsTheScriptAndTheExpectedAndActualGestures) {
     const Row row = {"two taps are said to be silent", tap.wait(0.5).then(tap), {}};
     EXPECT_EQ(complaint(row, allVariants().front()),
               "two taps are said to be silent\n"
@@ -29,7 +29,7 @@ TEST(RowsTest, AComplaintShowsTheScriptAndExpectedBesideActual) {
               "    0.7 s: twoFingerTap");
 }
 
-TEST(RowsTest, SomethingMissingIsAComplaintToo) {
+TEST(RowsTest, AMissingGestureIsAComplaint) {
     const Row row = {"a tap is said to be two", tap, {twoFingerTap, twoFingerTap}};
     EXPECT_NE(complaint(row, allVariants().front()), "");
 }
@@ -41,7 +41,7 @@ TEST(RowsTest, DelayedWorkRunsBetweenTheFramesAndAfterTheLast) {
                 {{0.1 + 0.45, twoFingerTap}, {0.1 + 0.5 + 0.1, threeFingerTap}}, bound);
 }
 
-TEST(RowsTest, TheEngineDropsWhatComesTooSoon) {
+TEST(RowsTest, TheEngineDropsGesturesWithinTheCooldown) {
     const auto twice = tap.wait(0.1).then(fingers(3).down().hold(0.1).up());
     EXPECT_EQ(gesturesOf(perform(twice)), (std::vector{twoFingerTap, threeFingerTap}));
     EXPECT_EQ(gesturesOf(perform(twice, {Through::engine, {}})), std::vector{twoFingerTap});

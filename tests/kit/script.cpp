@@ -38,7 +38,7 @@ std::string call(const std::string& verb, const Arguments&... arguments) {
     return "." + verb + "(" + list + ")";
 }
 
-// Turns `spot` around `centre` on the pad itself.
+// Turns `spot` around `centre` on the unstretched pad.
 Spot turned(Spot spot, Spot centre, double angle) {
     const double dx = (spot.x - centre.x) * padAspect;
     const double dy = spot.y - centre.y;
@@ -101,7 +101,7 @@ Script Script::moveFinger(std::size_t index, double dx, double dy, double second
 Script Script::moveAll(std::vector<Spot> to, double seconds) const {
     const std::string words = call("moveAll", to, seconds);
     const Motion motion = [to = std::move(to)](std::size_t finger, Spot from, double fraction) {
-        const Spot target = to.at(finger); // the last step arrives without an error of rounding
+        const Spot target = to.at(finger); // the last step has no rounding error
         return fraction == 1 ? target
                              : Spot{from.x + (target.x - from.x) * fraction,
                                     from.y + (target.y - from.y) * fraction};

@@ -1,29 +1,28 @@
-// A performance on the pad, written as the hand does it:
+// A performance on the pad, written as hand movements:
 //
 //   fingers(2).down().hold(0.2).moveBy(0.2, 0, 0.3).add(1).lift(1).up()
 //
-// A script is a value: each verb answers a longer script. It remembers the verbs, not only the
-// frames, so the same performance can be rendered at any rate and prints as the code that made it.
+// A script is a value: each verb returns a longer script. It stores the verbs, not only the frames,
+// so the same performance can be rendered at any rate and prints as the code that created it.
 //
-// When frames come. Every verb moves the hand from one moment to another. down(), add(), lift(),
-// up() and report() make one frame, at the moment the verb before ended, or one interval later
-// where that moment has been reported already. hold() and until() make frames inside their time and
-// leave its last moment to the verb that follows, so the frame of `up()` in
-// down().hold(0.3).up() comes 0.3 s after that of down(). Moves end with a frame of their own: the
-// finger is seen where it arrives.
+// When frames are sent. Every verb moves the hand from one time to another. down(), add(), lift(),
+// up() and report() send one frame, at the end of the previous verb, or one interval later if that
+// time has already been reported. hold() and until() send frames inside their time and leave its
+// end to the next verb, so the frame of `up()` in down().hold(0.3).up() is sent 0.3 s after that of
+// down(). A move ends with its own frame, at the finger's destination.
 //
-// Exact times. The first frame is at 0 and a moment is the sum of what the verbs say; the frames
-// between count from the beginning of their verb. A difference to 0 is exact, so
-// fingers(2).down().until(limit).up() lasts precisely `limit`, and so does until(justAbove(limit)).
-// Where a limit is measured from a later moment, startingAt() puts that moment at 0:
+// Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the frames
+// between count from the start of their verb. A difference to 0 is exact, so
+// fingers(2).down().until(limit).up() lasts exactly `limit`, and so does until(justAbove(limit)).
+// If a limit is measured from a later time, startingAt() puts that time at 0:
 // fingers(2).startingAt(-0.1).down().until(0).up() ends there.
 //
-// Exact distances. The root of a square is exact, so a finger that starts at 0 on one axis and
-// moves along it by d has moved by precisely d.
+// Exact distances. The square root of a square is exact, so a finger that starts at 0 on one axis
+// and moves along it by d has moved by exactly d.
 //
 // Units:   positions normalised 0..1, origin bottom-left; seconds; radians.
-// Errors:  nonsense (moving before down, lifting more fingers than are down) throws
-//          std::logic_error from the verb.
+// Errors:  impossible verbs (moving before down, lifting more fingers than are down) throw
+//          std::logic_error.
 #pragma once
 
 #include "input/touch_frame.h"
@@ -40,7 +39,7 @@ class Script {
 public:
     static constexpr double usualRate = 125;
 
-    // Before down(). `at` puts the first finger somewhere, the others beside it as before.
+    // Before down(). `at` places the first finger; the others keep their places relative to it.
     Script at(double x, double y) const;
     Script startingAt(double time) const;
 
@@ -50,12 +49,12 @@ public:
     Script moveBy(double dx, double dy, double seconds) const;
     Script moveFinger(std::size_t index, double dx, double dy, double seconds) const;
     Script moveAll(std::vector<Spot> to, double seconds) const;
-    // Around the middle of the hand, on the pad as it is shaped (wider than high), positive
+    // Around the centre of the hand, on the pad's real shape (wider than high), positive
     // anticlockwise.
     Script turnBy(double angle, double seconds) const;
-    // Away from the middle of the hand; below 1, towards it.
+    // Away from the centre of the hand; a factor below 1 moves towards it.
     Script spreadBy(double factor, double seconds) const;
-    // Every finger round a circle on the pad as it is shaped, beginning at its top, positive
+    // Moves every finger on a circle on the pad's real shape, starting at the top, positive
     // anticlockwise.
     Script circle(double radius, double turns, double seconds) const;
     Script add(int count) const;
@@ -65,9 +64,9 @@ public:
     Script up() const;
     Script report() const;
 
-    // Nothing touches.
+    // No finger touches.
     Script wait(double seconds) const;
-    // The whole of `next` from now on. Times within it are shifted; see `until` for exact ones.
+    // Appends all of `next`. Shifts its times; see `until` for exact times.
     Script then(const Script& next) const;
 
     std::vector<TouchFrame> frames() const { return performed.frames(); }
@@ -85,17 +84,18 @@ private:
 
     std::string written;
     std::vector<Verb> verbs;
-    Hand performed{usualRate}; // has performed all verbs, so that nonsense is known at once
+    // performs all verbs immediately, so that errors are thrown immediately
+    Hand performed{usualRate};
 };
 
 // Fingers side by side, 0.08 apart, the first at (0.3, 0.5).
 Script fingers(int count);
 Script fingersAt(std::vector<Spot> spots);
 
-// A number as one would write it, with all its digits only where they matter.
+// Formats a number as a person would write it, with all its digits only if they matter.
 std::string written(double number);
 
-// The neighbours of a limit.
+// The next representable values below and above a limit.
 double justBelow(double limit);
 double justAbove(double limit);
 

@@ -17,7 +17,7 @@ std::vector<double> timesOf(const Script& script, double rate = Script::usualRat
     return times;
 }
 
-TEST(ScriptTest, FingersLandSideBySideAndLeaveAtOnce) {
+TEST(ScriptTest, FingersLandSideBySideAndLiftTogether) {
     const auto frames = fingers(2).down().up().frames();
     ASSERT_EQ(frames.size(), 2U);
     EXPECT_EQ(frames[0].timestamp, 0);
@@ -33,7 +33,7 @@ TEST(ScriptTest, AHoldReportsInsideItsTimeAndLeavesItsEndToTheNextVerb) {
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.016).up()), (std::vector<double>{0, 0.008, 0.016}));
 }
 
-TEST(ScriptTest, AHoldUntilALimitEndsPreciselyThere) {
+TEST(ScriptTest, AHoldUntilALimitEndsExactlyThere) {
     for (const double limit : {0.3, 0.8, 1.5, justBelow(0.3), justAbove(0.8)}) {
         for (const double rate : {60.0, 125.0, 250.0}) {
             EXPECT_EQ(timesOf(fingers(2).down().until(limit).up(), rate).back(), limit);
@@ -41,14 +41,14 @@ TEST(ScriptTest, AHoldUntilALimitEndsPreciselyThere) {
     }
 }
 
-TEST(ScriptTest, AScriptMayBeginBeforeZeroSoThatAnyMomentIsZero) {
+TEST(ScriptTest, AScriptMayStartBeforeZeroSoThatAnyTimeCanBeZero) {
     const auto taps =
         fingers(2).startingAt(-0.01).down().until(0).up().until(0.4375).down().until(0.45).up();
     EXPECT_EQ(timesOf(taps, 100),
               (std::vector<double>{-0.01, 0, 0.4375, 0.4375 + 1 / 100.0, 0.45}));
 }
 
-TEST(ScriptTest, AMoveArrivesInAFrameOfItsOwn) {
+TEST(ScriptTest, AMoveEndsWithItsOwnFrame) {
     const auto frames = fingers(1).at(0, 0.5).down().moveBy(0.2, -0.1, 0.016).up().frames();
     ASSERT_EQ(frames.size(), 4U);
     EXPECT_EQ(frames[1].touches, (Touches{{1, 0.1, 0.45, true}}));
@@ -57,7 +57,7 @@ TEST(ScriptTest, AMoveArrivesInAFrameOfItsOwn) {
     EXPECT_EQ(frames[3].timestamp, 0.024);
 }
 
-TEST(ScriptTest, FingersComeAndGoWithinATouch) {
+TEST(ScriptTest, FingersMayLandAndLiftDuringATouch) {
     const auto frames =
         fingers(1).at(0.1, 0.1).down().add(1).addAt(0.9, 0.9).liftFinger(1).lift(1).up().frames();
     ASSERT_EQ(frames.size(), 6U);
@@ -68,7 +68,7 @@ TEST(ScriptTest, FingersComeAndGoWithinATouch) {
     EXPECT_EQ(frames[5].touches, Touches());
 }
 
-TEST(ScriptTest, ThePadIsSilentWhileNothingTouches) {
+TEST(ScriptTest, ThePadReportsNothingWhileNoFingerTouches) {
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.01).up().wait(0.5).down().hold(0.01).up()),
               (std::vector<double>{0, 0.008, 0.01, 0.51, 0.518, 0.52}));
     const auto tap = fingers(1).down().hold(0.01).up();
@@ -76,29 +76,29 @@ TEST(ScriptTest, ThePadIsSilentWhileNothingTouches) {
               (std::vector<double>{0, 0.008, 0.01, 0.51, 0.518, 0.52}));
 }
 
-TEST(ScriptTest, EveryTouchHasIdentifiersOfItsOwn) {
+TEST(ScriptTest, EveryTouchHasNewIdentifiers) {
     const auto frames = fingers(1).down().up().down().up().frames();
     EXPECT_EQ(frames[0].touches.front().id, 1);
     EXPECT_EQ(frames[2].touches.front().id, 2);
 }
 
-TEST(ScriptTest, ATurnKeepsTheDistanceOnThePadAsItIsShaped) {
+TEST(ScriptTest, ATurnKeepsTheDistanceOnThePadsRealShape) {
     const auto frames = fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().turnBy(1.5, 0.2).frames();
     const auto& last = frames.back().touches;
     const double dx = (last[1].x - last[0].x) * 1.35;
     const double dy = last[1].y - last[0].y;
     EXPECT_NEAR(dx * dx + dy * dy, 0.04, 1e-12);
-    EXPECT_LT(dx, 0); // the upper finger goes left: anticlockwise
+    EXPECT_LT(dx, 0); // the upper finger moves left: anticlockwise
 }
 
-TEST(ScriptTest, ACircleEndsWhereItBegan) {
+TEST(ScriptTest, ACircleEndsAtItsStart) {
     const auto frames = fingers(1).at(0.5, 0.7).down().circle(0.2, 1, 1).frames();
     EXPECT_NEAR(frames.back().touches.front().x, 0.5, 1e-12);
     EXPECT_NEAR(frames.back().touches.front().y, 0.7, 1e-12);
     EXPECT_LT(frames[10].touches.front().x, 0.5); // from the top to the left: anticlockwise
 }
 
-TEST(ScriptTest, AScriptPrintsAsTheCodeThatMadeIt) {
+TEST(ScriptTest, AScriptPrintsAsTheCodeThatCreatedIt) {
     const auto tap = fingers(2).at(0.1, 0.2).down().hold(0.2).up();
     EXPECT_EQ(tap.wait(0.3).then(tap).text(),
               "fingers(2).at(0.1, 0.2).down().hold(0.2).up().wait(0.3)"
@@ -114,7 +114,7 @@ TEST(ScriptTest, AScriptIsAValue) {
     EXPECT_LT(touch.frames().size(), longer.frames().size());
 }
 
-TEST(ScriptTest, NonsenseIsRefusedAtOnce) {
+TEST(ScriptTest, ImpossibleVerbsThrowImmediately) {
     const auto hand = fingers(2);
     const auto touch = hand.down();
     EXPECT_THROW(hand.moveBy(0.1, 0, 0.1), std::logic_error);

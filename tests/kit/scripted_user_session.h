@@ -1,4 +1,4 @@
-// A session that is in front and locked as the test says.
+// A session whose active and locked states the test sets.
 //
 // Thread:  the setters on the test's main thread; the rest on any.
 #pragma once

@@ -1,11 +1,11 @@
-// Runs tests of widgets as the program draws them: in its style, in light, and with its motion.
+// Runs tests of widgets in the program's own style: light, and with animations.
 #include "ui/theme/theme.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
-// Without a display, unless the person who runs it wants to see.
+// Offscreen, unless the environment selects a display.
 int main(int count, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

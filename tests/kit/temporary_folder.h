@@ -1,8 +1,8 @@
-// A folder of its own for a test. Gone, with all that is in it, when the test ends.
+// A temporary folder for a test, removed with its content when the test ends.
 //
 // Thread:  one.
-// Owner:   a test, or what a test owns.
-// Errors:  a folder or a file that cannot be made is a failure of the test.
+// Owner:   a test or a fixture.
+// Errors:  failing to create the folder or a file fails the test.
 #pragma once
 
 #include <filesystem>
@@ -13,7 +13,7 @@ namespace glidemap::test {
 
 class TemporaryFolder {
 public:
-    // In the folder for temporary files, unless told otherwise.
+    // In the folder for temporary files by default.
     explicit TemporaryFolder(const std::filesystem::path& place = {});
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -21,7 +21,7 @@ public:
 
     const std::filesystem::path& path() const { return folder; }
 
-    // Makes the folders above it, too, and answers the file's path.
+    // Creates parent folders as well and returns the file's path.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view content) const;
     std::filesystem::path writeProgram(const std::filesystem::path& name) const;
 
@@ -29,7 +29,7 @@ private:
     std::filesystem::path folder;
 };
 
-// Nothing if there is no such file.
+// Empty if the file does not exist.
 std::string contentOf(const std::filesystem::path& file);
 
 } // namespace glidemap::test

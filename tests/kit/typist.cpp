@@ -13,7 +13,7 @@ constexpr std::uint32_t scanCodeOffset = 8;
 
 } // namespace
 
-// While a key is held, window systems let it go and press it again.
+// While a key is held, window systems repeat its release and press.
 void Typist::repeat(const Key& key) {
     send(key, false, true);
     send(key, true, true);

@@ -1,5 +1,5 @@
-// Types into a window of this process as a window system does it: with the codes of a real keyboard's
-// keys, and the question about shortcuts before each press.
+// Types into a window of this process like a window system: with the key codes of a real keyboard,
+// and with the shortcut override event before each press.
 //
 // Units:   the kernel's key codes; native modifiers as X and Wayland number them.
 // Thread:  the main thread.
@@ -15,10 +15,10 @@ class QWidget;
 
 namespace glidemap::kit {
 
-// A key, and what it means to programs.
+// A key and its meaning to programs.
 struct Key {
-    std::uint16_t kernelCode = 0; // 0: no keyboard has made it
-    int meaning = 0;              // as Qt has it
+    std::uint16_t kernelCode = 0; // 0: not from a keyboard
+    int meaning = 0;              // as a Qt key
     QString text = {};
 };
 
@@ -26,7 +26,7 @@ class Typist {
 public:
     explicit Typist(QWidget& typedInto) : window(typedInto) {}
 
-    // Held from now on, or not.
+    // The modifiers that are held.
     Qt::KeyboardModifiers modifiers;
     std::uint32_t nativeModifiers = 0;
 

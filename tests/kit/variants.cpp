@@ -24,8 +24,8 @@ constexpr std::array upDown = {Exchange{"Up", "Down"}, Exchange{"Above", "Below"
                                Exchange{"Top", "Bottom"},
                                Exchange{"Clockwise", "Counterclockwise"}};
 
-// The gesture whose name has one word in place of its opposite. Read off the names, so that it does
-// not depend on how the library groups the gestures.
+// The gesture whose name has one word replaced by its opposite. Derived from the names, so that it
+// does not depend on how the library groups the gestures.
 GestureType exchanged(GestureType gesture, std::span<const Exchange> exchanges) {
     const std::string name(rawValue(gesture));
     for (const auto& [one, other] : exchanges) {
@@ -83,7 +83,7 @@ GestureType mirroredUpDown(GestureType gesture) {
     return exchanged(gesture, upDown);
 }
 
-// A thumb that never quite lands and a palm that wanders, also before and after the fingers.
+// A thumb that hovers and a palm that drifts, also before and after the fingers.
 void addHoveringContacts(std::vector<TouchFrame>& frames) {
     if (frames.empty()) {
         return;
@@ -107,7 +107,7 @@ void jitter(std::vector<TouchFrame>& frames, unsigned seed, double reach) {
     }
 }
 
-// Other identifiers, as far apart as they can be, and another order in every frame.
+// Changes the identifiers to widely spaced values and the order in every frame.
 void shuffleContacts(std::vector<TouchFrame>& frames, unsigned seed) {
     std::mt19937 random(seed);
     std::map<std::int32_t, std::int32_t> newIds;

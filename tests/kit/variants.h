@@ -1,6 +1,7 @@
-// The same performance by another hand, on another pad: what must not matter to recognition.
+// The same performance with another hand, on another pad: differences that must not affect
+// recognition.
 //
-// Thread:  plain functions; random numbers are seeded, so a failure repeats.
+// Thread:  plain functions; random numbers have a fixed seed, so a failure is reproducible.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -17,15 +18,16 @@ namespace glidemap::kit {
 struct Variant {
     std::string name;
     double framesPerSecond = Script::usualRate;
-    std::function<void(std::vector<TouchFrame>&)> change = {}; // of the rendered frames
-    std::function<GestureType(GestureType)> expect = {};       // in place of the gesture of the row
+    std::function<void(std::vector<TouchFrame>&)> change = {}; // modifies the rendered frames
+    // maps the gesture of the row to the expected one
+    std::function<GestureType(GestureType)> expect = {};
     Through through = Through::recognizer;
 };
 
-// The first is the performance as written.
+// The first variant is the performance as written.
 const std::vector<Variant>& allVariants();
 
-// The gesture that a mirror beside the pad, or one below it, makes of this one.
+// The gesture that results from mirroring this one horizontally or vertically.
 GestureType mirroredSideways(GestureType gesture);
 GestureType mirroredUpDown(GestureType gesture);
 

@@ -25,7 +25,7 @@ bool sameTouching(const std::vector<TouchFrame>& one, const std::vector<TouchFra
     return left == right;
 }
 
-TEST(VariantsTest, HoveringContactsTouchNothing) {
+TEST(VariantsTest, HoveringContactsDoNotTouch) {
     auto frames = someFrames();
     addHoveringContacts(frames);
     for (const TouchFrame& frame : frames) {
@@ -36,7 +36,7 @@ TEST(VariantsTest, HoveringContactsTouchNothing) {
     EXPECT_TRUE(sameTouching(frames, someFrames()));
 }
 
-TEST(VariantsTest, JitterIsSmallAndRepeats) {
+TEST(VariantsTest, JitterIsSmallAndReproducible) {
     auto frames = someFrames();
     auto again = frames;
     jitter(frames, 7, 0.001);
@@ -70,7 +70,7 @@ TEST(VariantsTest, ShufflingKeepsEveryFingersPath) {
     EXPECT_TRUE(reordered);
 }
 
-TEST(VariantsTest, AMirrorMakesEveryGestureItsOpposite) {
+TEST(VariantsTest, AMirrorMapsEveryGestureToItsOpposite) {
     struct Row {
         GestureType gesture;
         GestureType sideways;
