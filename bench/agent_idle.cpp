@@ -1,8 +1,8 @@
-// agent_idle [--seconds N]: what the whole program costs while nobody touches anything: how often
-// any of its threads wakes up, and the memory it holds. Fails if one woke up.
+// agent_idle [--seconds N]: the cost of the whole idle program: how often its threads wake up, and
+// its memory. Fails if a thread woke up.
 //
 // Runs inside the test kernel (docs/performance.md). The touchpad is grabbed and cloned, and has
-// been touched and clicked before, so that every thread there will ever be is there.
+// been touched and clicked before, so that every thread exists.
 #include "agent_session.h"
 #include "device_reader.h"
 #include "input_devices.h"
@@ -29,7 +29,7 @@ int run(double seconds) {
     if (!clone) {
         return 2;
     }
-    const vm::DeviceReader desktop(*clone); // without which the touchpad is not taken
+    const vm::DeviceReader desktop(*clone); // the driver does not grab a touchpad without a reader
     vm::PadHand(pad).pause(1).tap(2).pause(1).click(2).pause(2);
     if (!agent.waitForLog("twoFingerTap") || !agent.waitForLog("twoFingerClick")) {
         return 2;

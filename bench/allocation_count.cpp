@@ -40,8 +40,8 @@ using glidemap::bench::allocate;
 using glidemap::bench::allocateAligned;
 using glidemap::bench::orThrow;
 
-// The array forms and those of std::nothrow, which library algorithms use for their buffers, count
-// too: the library's own versions of the array forms call these.
+// Also counts the array and std::nothrow forms, which library algorithms use for their buffers: the
+// library implements the array forms with these.
 void* operator new(std::size_t size) {
     return orThrow(allocate(size));
 }

@@ -1,5 +1,4 @@
-// How often this thread has asked the system for memory. Linking this replaces the global operator
-// new.
+// Counts the allocations of the current thread. Linking this file replaces the global operator new.
 //
 // Thread:  each has its own count.
 #pragma once

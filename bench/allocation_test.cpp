@@ -1,6 +1,5 @@
-// How often the pipeline asks for memory once it has seen a few sessions: at most once a report on
-// the driver's thread, for the report's own copy, and never on the engine's, where the bindings are
-// asked, too.
+// How often the pipeline allocates after a few sessions: at most once per report on the driver's
+// thread, for the report's copy, and never on the engine's queue, including the lookup of bindings.
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
@@ -26,18 +25,18 @@ public:
         HeadlessPipeline::push(report, timestamp);
         const std::int64_t own = allocationsOfThisThread() - before;
         const std::int64_t engineTotal = threads.ask(allocationsOfThisThread);
-        mostByDriver = std::max(mostByDriver, own);
+        maxByDriver = std::max(maxByDriver, own);
         byEngine += engineTotal - lastEngineTotal;
         lastEngineTotal = engineTotal;
     }
 
     void forget() {
-        mostByDriver = 0;
+        maxByDriver = 0;
         byEngine = 0;
     }
 
-    std::int64_t mostByDriver = 0; // for one report
-    std::int64_t byEngine = 0;     // for all of them
+    std::int64_t maxByDriver = 0; // per report
+    std::int64_t byEngine = 0;    // in total
 
 private:
     RealThreads threads;
@@ -45,14 +44,14 @@ private:
     std::int64_t lastEngineTotal = threads.ask(allocationsOfThisThread);
 };
 
-TEST(AllocationCount, SeesWhatAThreadAllocates) {
+TEST(AllocationCount, CountsTheAllocationsOfAThread) {
     const std::int64_t before = allocationsOfThisThread();
     const Report report = fingersAt(1, 0);
     EXPECT_GE(allocationsOfThisThread() - before, 1);
     EXPECT_EQ(report.size(), 1U);
 }
 
-TEST(AllocationCount, SeesWhatTheQueuesThreadAllocates) {
+TEST(AllocationCount, CountsTheAllocationsOfTheQueuesThread) {
     const RealThreads threads;
     const std::int64_t before = threads.ask(allocationsOfThisThread);
     threads.ask([] { return static_cast<std::int64_t>(fingersAt(3, 0).size()); });
@@ -83,7 +82,7 @@ TEST_P(Frames, OfASessionAllocateAtMostOnceOnTheDriversThreadAndNeverOnTheEngine
     play(pathsAreFullAfter);
     pipeline.forget();
     play(1'000);
-    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_LE(pipeline.maxByDriver, 1);
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
@@ -92,42 +91,42 @@ INSTANTIATE_TEST_SUITE_P(Of, Frames,
                                          Row{"five_contacts", 5}, Row{"eleven_contacts", 11}),
                          [](const auto& row) { return row.param.name; });
 
-TEST(MixedTouching, AllocatesAtMostOnceAReportOnTheDriversThreadAndNeverOnTheEngines) {
+TEST(MixedTouching, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnTheEngines) {
     CountedPipeline pipeline;
     PerformanceScript script(
         [&](const Report& report, double timestamp) { pipeline.push(report, timestamp); });
     script.playMixed(120);
     pipeline.forget();
     script.playMixed(120);
-    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_LE(pipeline.maxByDriver, 1);
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
-// Past the number of tracks that a session may have, so that old ones are forgotten many times.
-TEST(AnEndlessSession, AllocatesAtMostOnceAReportOnTheDriversThreadAndNeverOnTheEngines) {
+// Exceeds the maximum number of tracks of a session, so that old tracks are dropped many times.
+TEST(AnEndlessSession, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnTheEngines) {
     CountedPipeline pipeline;
     PerformanceScript script(
         [&](const Report& report, double timestamp) { pipeline.push(report, timestamp); });
     script.tapBesideRestingFinger(300);
     pipeline.forget();
     script.tapBesideRestingFinger(300);
-    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_LE(pipeline.maxByDriver, 1);
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
-// The array that travels to the engine is made for a whole hand: it never has to grow for one.
+// The array that travels to the engine has room for a whole hand and never grows.
 TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
     CountedPipeline pipeline;
     pipeline.push(fingersAt(1, 0), 1);
-    EXPECT_LE(pipeline.mostByDriver, 2);
+    EXPECT_LE(pipeline.maxByDriver, 2);
     pipeline.forget();
     pipeline.push(fingersAt(5, 0), 1.008);
-    EXPECT_LE(pipeline.mostByDriver, 1);
+    EXPECT_LE(pipeline.maxByDriver, 1);
 }
 
-// Both are asked between a gesture and its action.
-TEST(TheStore, AnswersWhatIsBoundAmongAThousandWithoutAllocating) {
-    // No file can be there, and the list stays in memory.
+// Both are called between a gesture and its action.
+TEST(TheStore, FindsABindingAmongAThousandWithoutAllocating) {
+    // No file can exist at this path, and the list stays in memory.
     BindingStore store([] { return std::filesystem::path("/dev/null"); });
     BindingList list;
     for (int number = 0; number < 1'000; ++number) {

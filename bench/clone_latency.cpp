@@ -1,12 +1,12 @@
-// clone_latency [SAMPLES]: how much later the system hears a touchpad whose clicks are filtered.
-// Runs inside the kernel of the kernel tests, for it makes touchpads.
+// clone_latency [SAMPLES]: the latency that click filtering adds to a touchpad. Runs inside the
+// kernel of the kernel tests, because it creates touchpads.
 //
 //   bare     write ─▶ touchpad ─▶ a program that waits for it           nobody else listens
 //   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver listens too
 //   cloned   write ─▶ touchpad ─▶ driver ─▶ clone ─▶ a program that waits for it
 //
-// From just before the write until the program has read the frame. Each frame finds everybody
-// asleep, as between the reports of a real touchpad.
+// Measured from just before the write until the program has read the frame. All threads are asleep
+// before each frame, as between the reports of a real touchpad.
 #include "bench/samples.h"
 #include "forwarded_pad.h"
 
@@ -24,9 +24,9 @@ namespace {
 
 using namespace glidemap::vm;
 
-constexpr double microsecond = 1000; // in the samples' unit
+constexpr double microsecond = 1000; // nanoseconds, the samples' unit
 
-// Waits for a device in a thread of its own and notes when it has read a frame.
+// Waits for a device on its own thread and records when it has read a frame.
 class WaitingProgram {
 public:
     explicit WaitingProgram(EventReader& device) : reader(device), thread([this] { listen(); }) {}
@@ -87,7 +87,7 @@ EventFrame lifting(int fingers) {
     return frame;
 }
 
-// `settle` returns when everybody has gone to sleep.
+// `settle` returns when all threads are asleep.
 template <typename Settle>
 Samples measure(VirtualPad& pad, EventReader& reader, int fingers, int count, Settle settle) {
     Samples samples(static_cast<std::size_t>(count));

@@ -1,5 +1,5 @@
-// What one report costs the driver's thread, from the contact callback to the frame's place in the
-// queue.
+// The cost of one report on the driver's thread, from the contact callback until the frame is
+// queued.
 //
 //   awake    the queue's thread has other work before it, and takes no notice
 //   busy     the queue's thread runs one short task after another all the time, and the two threads
@@ -20,10 +20,10 @@ namespace glidemap::bench {
 
 namespace {
 
-constexpr int batch = 32; // fewer than the frames that the engine keeps for the next reports
+constexpr int batch = 32; // fewer than the spare arrays that the engine keeps
 constexpr int scriptLength = 128;
 
-// Keeps the queue's thread in one task from enter() to leave().
+// Keeps the queue's thread inside one task from enter() to leave().
 class Gate {
 public:
     void enter(SerialQueue& queue) {
@@ -82,7 +82,7 @@ private:
     std::atomic<bool> stopped = false;
 };
 
-// Pushes the reports of an endless swipe, one after another.
+// Pushes the reports of an endless swipe in sequence.
 class Driver {
 public:
     explicit Driver(int fingers) : script(movingFingers(fingers, scriptLength)) {}
@@ -110,7 +110,7 @@ void reportAllocations(benchmark::State& state, std::int64_t allocations) {
         benchmark::Counter(static_cast<double>(allocations), benchmark::Counter::kAvgIterations);
 }
 
-// Times batches, because the clock itself costs a tenth of what is measured.
+// Times whole batches, because reading the clock costs a tenth of one call.
 template <typename Before, typename After>
 void timeBatches(benchmark::State& state, const RealThreads& threads, const Before& before,
                  const After& after) {
@@ -177,7 +177,7 @@ void callbackAsleep(benchmark::State& state) {
     state.counters["own_ns"] = own.quantile(0.5);
 }
 
-// What the engine's thread allocates for a frame, in a session that has gone on for a while.
+// The allocations of the engine's thread per frame, in a session that has lasted for a while.
 void engineAllocations(benchmark::State& state) {
     const RealThreads threads;
     const HeadlessPipeline pipeline(threads.ports());

@@ -1,4 +1,4 @@
-// What holding a tap back costs: scheduling it and cancelling it, and how late it comes.
+// The cost of holding a tap back: scheduling and cancelling it, and how late it fires.
 #include "core/delayed_work.h"
 #include "pipeline_bench.h"
 #include "platform/common/threaded_delayed_work.h"
@@ -21,7 +21,7 @@ std::shared_ptr<WorkItem> idleItem() {
     return std::make_shared<WorkItem>([] {});
 }
 
-// The thread sleeps until an item that comes before all those that are scheduled here.
+// The thread sleeps until an item that is due before all items scheduled here.
 void scheduleBehindAnother(benchmark::State& state) {
     ThreadedDelayedWork work;
     std::vector<std::shared_ptr<WorkItem>> items(batch);
@@ -40,7 +40,7 @@ void scheduleBehindAnother(benchmark::State& state) {
     }
 }
 
-// Each item comes before those that wait, so the thread has to set its alarm anew.
+// Each item is due before all pending items, so the thread must rearm its timer.
 void scheduleFirst(benchmark::State& state) {
     ThreadedDelayedWork work;
     double delay = farAway;
@@ -53,7 +53,7 @@ void scheduleFirst(benchmark::State& state) {
     }
 }
 
-// From the moment an item falls due to the moment it runs.
+// From the time an item is due until it runs.
 void lateness(benchmark::State& state) {
     constexpr double delay = 0.001;
     ThreadedDelayedWork work;

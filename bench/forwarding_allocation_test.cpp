@@ -1,4 +1,4 @@
-// Forwarding a touchpad to its clone asks for no memory once it has seen a few frames.
+// Forwarding a touchpad to its clone does not allocate after the first few frames.
 #include "bench/allocation_count.h"
 #include "drivers/evdev/pad_interception.h"
 
@@ -46,7 +46,7 @@ private:
     PadDescription pad;
 };
 
-// By which every clone is known at once.
+// Reports every clone as known immediately.
 class SilentWatch : public CloneWatch {
 public:
     std::array<int, 2> descriptors() const override { return {-1, -1}; }
@@ -64,7 +64,7 @@ public:
     Moment current{};
 };
 
-// Ten fingers land, move, click and leave.
+// Ten fingers land, move, click and lift.
 void touch(PadInterception& interception, std::int32_t round) {
     const auto say = [&](std::uint16_t type, std::uint16_t code, std::int32_t value) {
         interception.add({1, type, code, value});
@@ -84,7 +84,7 @@ void touch(PadInterception& interception, std::int32_t round) {
     }
 }
 
-TEST(Forwarding, AllocatesNothingForAFrame) {
+TEST(Forwarding, DoesNotAllocateForAFrame) {
     MovableTime time;
     ClickInterception clicks(
         time, [] {}, [] { return std::make_unique<SilentWatch>(); });

@@ -12,8 +12,8 @@ namespace glidemap::bench {
 
 namespace {
 
-// No library by this name: the manager keeps the reason as text and takes no device, and the
-// engine's sink is in place all the same.
+// No library has this path: the manager stores the error and has no devices, but the engine's sink
+// is installed.
 constexpr const char* noDriver = "/nonexistent/touch-driver.so";
 
 void prepareQueueThread() {
@@ -58,8 +58,7 @@ HeadlessPipeline::Ports RealThreads::ports() const {
 }
 
 std::int64_t RealThreads::ask(std::int64_t (*function)()) const {
-    // Read by turns rather than waited for: a waiter would have to be woken by the thread that is
-    // being measured.
+    // Polled instead of waited for: waking a waiter would cost the measured thread time.
     std::atomic<bool> answered = false;
     std::int64_t answer = 0;
     _queue->submit([&answered, &answer, function] {

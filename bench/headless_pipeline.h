@@ -1,9 +1,8 @@
 // The whole pipeline without a touchpad: a device manager with its sink, an engine, its recognizer,
-// and the real threads or virtual time behind them. Reports enter where a driver's would, at the
-// contact callback.
+// and real threads or virtual time. Reports enter at the contact callback, as from a driver.
 //
-// Thread:  push() on the one that plays the driver.
-// Owner:   whoever measures; one at a time, because the manager's sink is one for the process.
+// Thread:  push() on the thread that plays the driver.
+// Owner:   the benchmark; one at a time, because the manager's sink is global to the process.
 #pragma once
 
 #include "bench/thread_watch.h"
@@ -34,7 +33,7 @@ public:
     HeadlessPipeline& operator=(const HeadlessPipeline&) = delete;
     ~HeadlessPipeline();
 
-    // Before the first report.
+    // Call before the first report.
     void onGesture(std::function<void(GestureType)> callback);
     void bindDoubleTaps();
 
@@ -48,8 +47,7 @@ private:
     std::shared_ptr<TouchEngine> engine;
 };
 
-// A clock on which every gesture is a second after the one before, so that none falls to the
-// cooldown.
+// A clock on which consecutive gestures are a second apart, so that the cooldown drops none.
 class StridingClock : public UptimeClock {
 public:
     double uptime() const override { return ++seconds; }
@@ -58,7 +56,7 @@ private:
     mutable std::atomic<int> seconds = 1000;
 };
 
-// The real queue and the real delayed work, set up as the program sets them up.
+// The real queue and the real delayed work, configured like in the program.
 class RealThreads {
 public:
     RealThreads();
@@ -67,13 +65,13 @@ public:
     const std::shared_ptr<DelayedWork>& delayedWork() const { return _delayedWork; }
     HeadlessPipeline::Ports ports() const;
 
-    // Returns once everything submitted has run.
+    // Returns when every submitted task has run.
     void waitUntilIdle() const;
 
-    // Returns once everything submitted has run and the queue's thread has gone to sleep.
+    // Returns when every submitted task has run and the queue's thread is asleep.
     void waitUntilAsleep() const;
 
-    // Runs `function` on the queue's thread and waits for its answer.
+    // Runs `function` on the queue's thread and returns its result.
     std::int64_t ask(std::int64_t (*function)()) const;
 
 private:

@@ -1,9 +1,9 @@
-// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: what the program costs on a desktop, beside a bare
-// window of the same toolkit: how soon it is there, the memory it holds with its window open and
-// closed, how often it wakes up while nobody does anything, and what one demonstration takes.
+// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: the cost of the
+// program on a desktop, compared with a bare window of the same toolkit: its start time, its memory
+// with the window open and closed, its wake-ups while idle, and the cost of one demonstration.
 //
-// Starts alternate between the two, so that a busy machine is busy for both; another build of the
-// program, PROGRAM, takes its turn with them. Fails if the program woke up while idle.
+// Starts alternate between the programs, so that load on the machine affects all equally; PROGRAM
+// is another build of the program to compare. Fails if the program woke up while idle.
 #include "running_process.h"
 #include "stage.h"
 
@@ -45,13 +45,13 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// Leaves out most of the noise of other programs.
+// Excludes most of the noise of other programs.
 double tenth(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 10];
 }
 
-// As people start it: without a screen reader.
+// Without a screen reader, as most people run it.
 Program::Command commandOn(const Stage& stage, const char* program) {
     Program::Command command = stage.command();
     command.words = {program};
@@ -63,7 +63,7 @@ bool isShown(const Stage& stage, const char* title) {
     return stage.display.windowTitled(title).has_value();
 }
 
-// By SIGTERM; waits until it has ended.
+// Sends SIGTERM and waits for the exit.
 void endInOrder(const Program& program) {
     kill(program.process(), SIGTERM);
     siginfo_t ended{};
@@ -71,8 +71,8 @@ void endInOrder(const Program& program) {
     }
 }
 
-// Looks five times a millisecond: looking all the time would take a processor, and the X server's
-// time, away from what is measured.
+// Polls five times a millisecond: continuous polling would take a processor, and the X server's
+// time, from the measured program.
 double timeUntil(double start, const std::function<bool()>& condition) {
     const timespec betweenLooks{0, 200'000};
     while (!condition()) {
@@ -126,7 +126,7 @@ Starts startInTurn(Stage& stage, const Options& options) {
     return starts;
 }
 
-// The times of the bare window that it is as long.
+// The start times of the bare window, as a reference.
 double measureSeries(Stage& stage, const Options& options) {
     const Starts starts = startInTurn(stage, options);
     const double yardstick = median(starts.toWindowOfYardstick);
@@ -184,14 +184,14 @@ Memory memoryWithoutWindow(Stage& stage) {
 
 void measureDemonstration(Stage& stage, pid_t process, double seconds) {
     stage.hands.press("Ctrl+N");
-    while (cpuSecondsDuring(process, 0.5) < 0.001) { // until it plays
+    while (cpuSecondsDuring(process, 0.5) < 0.001) { // until the demonstration plays
     }
     std::cout << "one demonstration playing: " << cpuSecondsDuring(process, seconds) / seconds * 100
               << " % of a core\n";
     stage.hands.press("Escape");
 }
 
-// Asks again: a window does not close while the sheet of the demonstration is still going away.
+// Repeats the request: a window does not close while the sheet of the demonstration is closing.
 void closeWindow(const Stage& stage, const char* title) {
     timeUntil(now(), [&] {
         const auto window = stage.display.windowTitled(title);

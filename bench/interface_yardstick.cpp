@@ -1,6 +1,6 @@
-// interface_yardstick [--no-window]: a window of Qt Widgets with twenty check boxes in it, and nothing else: what
-// the toolkit itself costs, beside which the program's figures stand. Or not even a window: what a program
-// costs that has loaded the toolkit and waits. It writes "ready" then.
+// interface_yardstick [--no-window]: a Qt Widgets window with twenty check boxes and nothing else:
+// the cost of the toolkit itself, the reference for the program's figures. With --no-window, the
+// cost of a program that only loads the toolkit and waits. Prints "ready" when it is idle.
 #include "platform/qt/termination_signals.h"
 
 #include <QApplication>

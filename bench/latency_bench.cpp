@@ -1,5 +1,5 @@
-// How long a person waits: from the contact callback of the report in which three fingers leave to
-// the onGesture of their tap, over the real threads.
+// The latency that a person experiences: from the contact callback of the report in which three
+// fingers lift to the onGesture of their tap, with the real threads.
 //
 //   asleep   the queue's thread has just gone to sleep
 //   paced    reports come every 8 ms, as a touchpad's do, and both threads sleep between them: what
@@ -19,7 +19,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// Three fingers tap, a second after the tap before.
+// Three fingers tap, one second after the previous tap.
 class Taps {
 public:
     explicit Taps(HeadlessPipeline& pipeline) {
@@ -31,7 +31,7 @@ public:
 
     void land() { HeadlessPipeline::push(fingers, ++time); }
 
-    // Answers how long the tap took to arrive.
+    // Returns the latency of the tap.
     template <typename Wait>
     void lift(benchmark::State& state, Samples& samples, const Wait& wait) {
         const int before = taps.load();

@@ -1,5 +1,5 @@
-// match_bench [Google Benchmark's options]: what it costs to find the binding of a gesture among a
-// thousand, which every gesture waits for, and to read and write as many.
+// match_bench [Google Benchmark's options]: the cost of finding a gesture's binding among a
+// thousand, which delays every gesture, and of reading and writing a thousand.
 #include "bindings/binding_json.h"
 #include "bindings/binding_store.h"
 
@@ -16,7 +16,7 @@ namespace {
 constexpr int bindingCount = 1'000;
 constexpr GestureType gesture = GestureType::threeFingerSwipeLeft;
 
-// As long as real ones, and alike up to their ends.
+// As long as real identifiers, with different suffixes.
 std::string bundleID(int number) {
     return "org.example.desktop.applications.App" + std::to_string(number);
 }
@@ -25,7 +25,7 @@ GestureBinding binding(GestureType bound, BindingScope scope) {
     return {.gesture = bound, .action = KeyShortcut{124, 0x180000}, .scope = std::move(scope)};
 }
 
-// Every gesture, each globally and for many applications.
+// Binds every gesture, globally and for many applications.
 BindingList mixed() {
     BindingList list;
     for (int number = 0; number < bindingCount; ++number) {
@@ -38,7 +38,7 @@ BindingList mixed() {
     return list;
 }
 
-// The worst there can be: one gesture for a thousand applications, and the global one comes last.
+// The worst case: one gesture bound for a thousand applications, with the global binding last.
 BindingList oneGesture() {
     BindingList list;
     for (int number = 1; number < bindingCount; ++number) {
@@ -48,7 +48,7 @@ BindingList oneGesture() {
     return list;
 }
 
-// Goes with the benchmark.
+// Removed at the end of the benchmark.
 class StoreInAFolder {
 public:
     explicit StoreInAFolder(BindingList list) { store.setBindings(std::move(list)); }
@@ -93,7 +93,7 @@ void doubleTapBindingExists(benchmark::State& state) {
 
 BENCHMARK(doubleTapBindingExists);
 
-// The yardstick: one look at the whole list.
+// The reference: a linear search through the list.
 void plainSearch(benchmark::State& state) {
     const BindingList list = oneGesture();
     const std::string app = bundleID(bindingCount);
@@ -130,7 +130,7 @@ void encode(benchmark::State& state) {
 
 BENCHMARK(encode);
 
-// With the disk's own time.
+// Includes the disk's own time.
 void assignAndSave(benchmark::State& state) {
     const BindingList list = mixed();
     StoreInAFolder with(list);

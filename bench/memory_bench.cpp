@@ -1,5 +1,5 @@
-// memory_bench [--minutes N]: what the pipeline holds after an hour of touching at 125 reports a
-// second, in virtual time, and after an hour in which a finger never leaves the pad.
+// memory_bench [--minutes N]: the pipeline's memory after an hour of touches at 125 reports a
+// second, in virtual time, and after an hour in which one finger never lifts.
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
 #include "bench/process_memory.h"
@@ -74,7 +74,7 @@ int run(double minutes) {
     print("process started", {});
     Hour hour;
     hour.play(minutes * minute);
-    // Without a gesture the figures would be those of a pipeline that does nothing.
+    // Without gestures, the pipeline did not work, and its figures would be meaningless.
     return hour.counts().gestures > 0 ? 0 : 1;
 }
 

@@ -1,6 +1,7 @@
-// The beat of a touchpad: a timer that the thread playing the driver sleeps on between two reports.
+// The report rate of a touchpad: a timer on which the thread that plays the driver sleeps between
+// reports.
 //
-// Units:   a report every 8 ms.
+// Units:   one report every 8 ms.
 #pragma once
 
 #include <sys/timerfd.h>

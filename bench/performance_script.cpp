@@ -11,7 +11,7 @@ namespace {
 constexpr double noise = 0.001;
 constexpr double tapDuration = 0.12;
 constexpr double strokeDuration = 0.25;
-constexpr double pause = 0.5; // longer than a second tap may take to come
+constexpr double pause = 0.5; // longer than the maximum gap of a double tap
 
 } // namespace
 
@@ -120,7 +120,7 @@ void PerformanceScript::tapBesideRestingFinger(double seconds) {
         report(contacts);
         nextIdentifier += index == lastOfTap ? 1 : 0;
     }
-    ++nextIdentifier; // a tap that the end cut short is not taken up again
+    ++nextIdentifier; // a tap that the end interrupted is not resumed
 }
 
 void PerformanceScript::liftAll() {

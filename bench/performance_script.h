@@ -1,10 +1,10 @@
-// What a busy person does to a touchpad, without end: taps, double taps, swipes, pinches, circles,
-// long presses, holds with taps beside them, five fingers, and resting fingers that mean nothing.
+// An endless series of touches like those of a busy person: taps, double taps, swipes, pinches,
+// circles, long presses, hold and taps, five fingers, and resting fingers without a gesture.
 //
-// Every contact has a new identifier and a little noise, drawn from a generator with a fixed seed,
-// so that two runs see the same touches.
+// Every contact has a new identifier and slight noise from a generator with a fixed seed, so that
+// every run has the same touches.
 //
-// Units:   seconds of the records; a report every 8 ms while anything touches.
+// Units:   seconds of the records; one report every 8 ms while a finger touches.
 #pragma once
 
 #include "bench/touching.h"
@@ -24,11 +24,11 @@ public:
 
     explicit PerformanceScript(Sink sink);
 
-    // Plays one gesture after the other until `seconds` more have passed, and lifts all fingers.
+    // Plays gestures until `seconds` more have passed, and lifts all fingers.
     void playMixed(double seconds);
 
-    // One finger rests the whole time while another taps beside it, twice a second. Ends without
-    // lifting: the session goes on with the next call.
+    // One finger rests all the time while another taps beside it twice a second. Does not lift the
+    // resting finger: the session continues with the next call.
     void tapBesideRestingFinger(double seconds);
     void liftAll();
 
@@ -58,7 +58,7 @@ private:
     std::mt19937 generator{1};
     double now = 0;
     std::int32_t nextIdentifier = 1;
-    std::int32_t restingIdentifier = 0; // 0: none rests
+    std::int32_t restingIdentifier = 0; // 0: no finger rests
     std::int64_t reportCount = 0;
 };
 

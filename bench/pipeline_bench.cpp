@@ -1,5 +1,5 @@
-// pipeline_bench [--smoke] [Google Benchmark's options]: what the pipeline costs in time.
-// --smoke runs everything a few times, to show that it works.
+// pipeline_bench [--smoke] [Google Benchmark's options]: the time cost of the pipeline. --smoke
+// runs every benchmark only a few times, as a test.
 #include "pipeline_bench.h"
 
 #include "bench/headless_pipeline.h"
@@ -40,7 +40,7 @@ int run(std::vector<char*> arguments) {
     registerRecognizerBenchmarks();
     registerLatencyBenchmarks(counts.samples, counts.pacedSamples);
     registerDelayedWorkBenchmarks(counts.samples);
-    // The driver's thread is as responsive as the queue's.
+    // The driver's thread has the same priority as the queue's.
     setUpResponsiveThread("driver");
     return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
 }

@@ -1,7 +1,7 @@
-// The groups of benchmarks that pipeline_bench is made of.
+// The groups of benchmarks in pipeline_bench.
 //
-// A benchmark that tells quantiles runs a number of times fixed in advance: `samples`, or, where
-// reports come at a touchpad's own pace, `pacedSamples`.
+// A benchmark that reports quantiles runs a fixed number of times: `samples`, or `pacedSamples` if
+// reports arrive at a touchpad's rate.
 #pragma once
 
 #include "quantiles.h"

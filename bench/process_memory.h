@@ -1,4 +1,4 @@
-// How much memory the process holds.
+// The memory of this process.
 //
 // Units:   kibibytes.
 #pragma once
@@ -6,9 +6,9 @@
 namespace glidemap::bench {
 
 struct ProcessMemory {
-    long resident = 0; // all its pages in memory, those shared with other programs too
+    long resident = 0; // all resident pages, including pages shared with other programs
     long privatePages = 0;
-    long heapInUse = 0; // handed out by the allocator
+    long heapInUse = 0; // in use in the allocator
 };
 
 ProcessMemory processMemory();

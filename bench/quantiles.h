@@ -1,4 +1,4 @@
-// How the quantiles of single measurements join a benchmark's figures.
+// Adds the quantiles of single measurements to a benchmark's counters.
 #pragma once
 
 #include "bench/samples.h"

@@ -1,4 +1,4 @@
-// What one frame costs the recognizer: while fingers move, and when a session ends.
+// The recognizer's cost per frame: while fingers move, and when a session ends.
 #include "bench/touching.h"
 #include "pipeline_bench.h"
 #include "platform/virtual/virtual_time.h"
@@ -42,8 +42,7 @@ std::vector<TouchFrame> movingFrames(int fingers, int length) {
     return frames;
 }
 
-// A session of one second, again and again; its first frame and its end, which are not timed,
-// prepare the next.
+// Repeats a session of one second; its first frame and its end are not timed.
 void inSession(benchmark::State& state) {
     constexpr int sessionLength = 125;
     Bench bench;
@@ -65,7 +64,7 @@ void inSession(benchmark::State& state) {
     state.counters["median_ns"] = samples.quantile(0.5) / (sessionLength - 1);
 }
 
-// Every further frame lands on paths that are full already, or beside fingers that rest.
+// Measures frames that arrive when the paths are already full, or beside resting fingers.
 void resting(benchmark::State& state) {
     Bench bench;
     const auto fingers = fingersAt(static_cast<int>(state.range(0)), 0);
@@ -76,7 +75,7 @@ void resting(benchmark::State& state) {
     }
 }
 
-// A circle drawn in under three seconds, in as many frames as `points`; the last frame is timed.
+// Draws a circle in under three seconds, in `points` frames; times the last frame.
 void endOfCircle(benchmark::State& state) {
     constexpr int rounds = 5;
     constexpr double duration = 2.9;
@@ -103,8 +102,7 @@ void endOfCircle(benchmark::State& state) {
     bench.reportGestures(state);
 }
 
-// Fingers down and up again; the frame in which they leave is timed, the report of the tap
-// included.
+// Fingers land and lift; times the frame in which they lift, including the report of the tap.
 void endOfTap(benchmark::State& state) {
     Bench bench;
     const auto fingers = fingersAt(static_cast<int>(state.range(0)), 0);

@@ -20,7 +20,7 @@ Path folderOf(pid_t process) {
     return Path("/proc") / std::to_string(process);
 }
 
-// A line "key: value …" of one of the kernel's files about a process.
+// Reads a line "key: value …" from one of the kernel's files about a process.
 long numberIn(const Path& file, const std::string& key) {
     std::ifstream stream(file);
     for (std::string line; std::getline(stream, line);) {
@@ -55,7 +55,7 @@ double cpuSeconds(pid_t process) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-// A measurement lasts as long as it lasts.
+// Sleeps for the length of the measurement.
 void letTimePass(double seconds) {
     const auto whole = static_cast<time_t>(seconds);
     timespec left{whole, static_cast<long>((seconds - static_cast<double>(whole)) * 1e9)};

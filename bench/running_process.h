@@ -1,9 +1,8 @@
-// What the kernel says about another process: its memory, its time on a processor, and how often its
-// threads woke up.
+// The kernel's figures for another process: memory, processor time, and wake-ups of its threads.
 //
 // Units:   kibibytes; seconds.
 // Thread:  any.
-// Errors:  a process that is gone counts as nothing.
+// Errors:  all figures of a process that has exited are zero.
 #pragma once
 
 #include <sys/types.h>
@@ -13,23 +12,24 @@
 namespace glidemap::bench {
 
 struct Memory {
-    long resident = 0;     // all its pages in memory, those shared with other programs too
-    long privatePages = 0; // no other program has them, be it that none uses the library
-    long written = 0;      // of those, what exists nowhere else: the heap, stacks, relocated data
-    long pictures = 0;     // shared with the X server: what its windows show
+    long resident = 0; // all resident pages, including pages shared with other programs
+    // pages that no other process maps, including library pages that only this process uses
+    long privatePages = 0;
+    long written = 0;  // the part that exists nowhere else: the heap, stacks, relocated data
+    long pictures = 0; // shared with the X server: window contents
 };
 
-// Of the monotonic clock.
+// Seconds of the monotonic clock.
 double now();
 
 Memory memoryOf(pid_t process);
 
-// Measures for that long.
+// Measures for `seconds`.
 double cpuSecondsDuring(pid_t process, double seconds);
 
-// The same; tells how often each thread woke up.
+// The same for wake-ups; prints them per thread.
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& told);
 
-// Waits until none of its threads has run for half a second.
+// Waits until none of the process's threads has run for half a second.
 void letItSettle(pid_t process);
 } // namespace glidemap::bench

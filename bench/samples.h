@@ -1,5 +1,5 @@
-// Single measurements, kept so that their median and their tail can be told: on a shared machine
-// the mean says more about the neighbours than about the program.
+// Single measurements, stored so that their median and tail can be reported: on a shared machine,
+// the mean depends more on other programs than on ours.
 //
 // Units:   nanoseconds.
 #pragma once
@@ -16,8 +16,8 @@ inline Moment now() {
     return std::chrono::steady_clock::now();
 }
 
-// The processor's time that this thread has had: what a call costs its caller where the call hands
-// the processor to another thread for a while.
+// The processor time of this thread: the caller's cost of a call that yields the processor to
+// another thread.
 double processorTimeOfThisThread();
 
 class Samples {
@@ -30,7 +30,8 @@ public:
 
     void add(double value) { values.push_back(value); }
 
-    // The smallest value that at least this part of all values does not exceed; 0 of none.
+    // The smallest value that is at least as large as this fraction of all values; 0 without
+    // values.
     double quantile(double part) const;
 
 private:

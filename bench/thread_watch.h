@@ -1,5 +1,5 @@
-// What the kernel says about the threads of this process: whether one sleeps, and how often each
-// has been switched away from.
+// The kernel's figures for the threads of this process: whether a thread sleeps, and how often it
+// was switched out.
 //
 // Thread:  any.
 #pragma once
@@ -24,17 +24,17 @@ public:
     bool sleeps() const;
 
 private:
-    int statFile = -1; // kept open: the state is asked for between any two measurements
+    int statFile = -1; // kept open: the state is read between any two measurements
 };
 
 struct ThreadSwitches {
     pid_t thread = 0;
     std::string name;
-    std::int64_t voluntary = 0;   // it waited for something
-    std::int64_t involuntary = 0; // another one was given its turn
+    std::int64_t voluntary = 0;   // the thread waited
+    std::int64_t involuntary = 0; // the thread was preempted
 };
 
-// Of every thread of the process, in the order of their ids.
+// Every thread of the process, in order of thread ids.
 std::vector<ThreadSwitches> switchesOfAllThreads();
 
 } // namespace glidemap::bench

@@ -1,5 +1,5 @@
-// How long a person waits for the whole chain, on a real kernel: from the write to the touchpad of
-// the report in which two fingers leave to the read of the key that their tap types.
+// The latency of the whole chain on a real kernel: from the write of the report in which two
+// fingers lift to the read of the key that their tap types.
 //
 //   touch_to_key/glidemap       touchpad ─▶ our driver, recognition, dispatch, main queue ─▶ keyboard
 //   touch_to_key/through_clone  the same while the touchpad is grabbed and its clone speaks for it
@@ -37,7 +37,7 @@ using vm::DeviceReader;
 using vm::PadHand;
 using vm::VirtualPad;
 
-// Long enough that two taps are no double tap, here and for libinput.
+// Too long for a double tap, both here and in libinput.
 constexpr double betweenTaps = 0.6;
 
 bool failed = false;
@@ -69,7 +69,7 @@ void measureTaps(benchmark::State& state, Clone clone) {
     VirtualPad pad(vm::ordinaryPad());
     const Agent agent;
     DeviceReader keyboard(vm::waitForNode("Glidemap Keyboard").value_or("/dev/null"));
-    std::optional<DeviceReader> desktop; // without which the touchpad is not taken
+    std::optional<DeviceReader> desktop; // the driver does not grab a touchpad without a reader
     if (clone == Clone::read) {
         desktop.emplace(vm::waitForNode(pad.shape().name, pad.node()).value_or("/dev/null"));
     }
@@ -101,7 +101,7 @@ void touchToKeyThroughClone(benchmark::State& state) {
     measureTaps(state, Clone::read);
 }
 
-// Another reader of the touchpad, set up to tap.
+// Another reader of the touchpad, with tapping enabled.
 class Libinput {
 public:
     explicit Libinput(const std::string& node)

@@ -1,4 +1,4 @@
-// Contact reports as a driver would hand them over, for fingers spread over the pad.
+// Contact reports like those of a driver, for fingers spread over the pad.
 //
 // Units:   positions normalised 0..1, origin bottom-left.
 #pragma once
@@ -15,11 +15,12 @@ using Report = std::vector<MTTouch>;
 MTTouch contact(std::int32_t identifier, double x, double y,
                 MTTouchState state = MTTouchState::touching);
 
-// Fingers side by side, all of them `offset` to the right of and above where they landed.
+// Fingers side by side, each shifted by `offset` to the right and upwards from its landing
+// position.
 Report fingersAt(int count, double offset, std::int32_t firstIdentifier = 1);
 
-// A swipe without end: `length` reports in which all fingers move, there and back, far enough in
-// each report for the step to become part of their paths.
+// An endless swipe: `length` reports in which all fingers move back and forth, far enough per
+// report that every step is added to their paths.
 std::vector<Report> movingFingers(int count, int length);
 
 TouchFrame frameOf(const Report& report, double timestamp);

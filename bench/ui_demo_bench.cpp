@@ -1,7 +1,7 @@
-// ui_demo_bench [Google Benchmark's options]: what a frame of a demonstration costs, of which a view
-// that is seen shows at most 40 a second: to work it out, and to paint it as large as in the popover.
+// ui_demo_bench [Google Benchmark's options]: the cost of one frame of a demonstration, of which a
+// visible view shows at most 40 per second: computing it, and painting it at the popover's size.
 //
-// "new" is how often operator new was called for a frame; what Qt takes with malloc is not in it.
+// "new" is the number of calls of operator new per frame; it excludes Qt's use of malloc.
 #include "bench/allocation_count.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"
@@ -18,7 +18,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// The times of a loop's frames, one after another.
+// The times of a loop's frames, in order.
 class Loop {
 public:
     double next() {
@@ -58,7 +58,7 @@ void stillMoment(benchmark::State& state) {
 
 BENCHMARK(stillMoment)->Unit(benchmark::kMicrosecond);
 
-// Clearing the picture is part of it, as it is of every repaint.
+// Includes clearing the picture, as every repaint does.
 template <class Draw>
 void paint(benchmark::State& state, double pixelRatio, Draw drawFrame) {
     const QSize size(230, 150);
@@ -87,7 +87,7 @@ BENCHMARK_CAPTURE(draw, five_finger_swipe_at_2x, GestureType::fiveFingerSwipeLef
 BENCHMARK_CAPTURE(draw, long_press_at_2x, GestureType::fourFingerLongPress, 2)
     ->Unit(benchmark::kMicrosecond);
 
-// The yardstick: a rounded rectangle and a circle of Qt's own.
+// The reference: a rounded rectangle and a circle drawn by Qt.
 void plainShapes(benchmark::State& state) {
     paint(state, 2, [](QPainter& painter, const QSizeF& size, double) {
         painter.setRenderHint(QPainter::Antialiasing);
@@ -104,7 +104,7 @@ BENCHMARK(plainShapes)->Unit(benchmark::kMicrosecond);
 } // namespace glidemap::bench
 
 int main(int count, char** arguments) {
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // paints into pictures, and needs no screen
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // paints into pictures and needs no screen
     const QApplication application(count, arguments);
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments)) {

@@ -1,6 +1,6 @@
-// What the machine itself takes for the parts that no program can do without, measured in the same
-// run as the pipeline: a figure that misses its target by as much as its yardstick does is the
-// machine's.
+// The machine's own cost for operations that no program can avoid, measured in the same run as the
+// pipeline. If a figure misses its target by as much as its reference does, the machine is the
+// cause.
 //
 //   copy      the allocation and the copy of a report, and nothing else
 //   lock      one uncontended lock; a report passes four
@@ -45,14 +45,14 @@ void copyOfReport(benchmark::State& state) {
 
 void uncontendedLock(benchmark::State& state) {
     std::mutex mutex;
-    std::thread([] {}).join(); // a process that never had two threads takes locks for less
+    std::thread([] {}).join(); // in a single-threaded process, libc takes locks more cheaply
     for ([[maybe_unused]] auto _ : state) {
         const std::lock_guard lock(mutex);
         benchmark::ClobberMemory();
     }
 }
 
-// A thread that waits on a condition variable and notes when it runs again.
+// A thread that waits on a condition variable and records when it runs again.
 class Sleeper {
 public:
     Sleeper() : thread([this] { serve(); }) {
