@@ -240,7 +240,7 @@ int runProgram(LaunchOption option, char** arguments) {
         diagnose();
     }
     if (option == LaunchOption::runVerbosely) {
-        turnLogOn();
+        enableLog();
     }
     return launch(arguments);
 }

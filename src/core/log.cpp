@@ -38,7 +38,7 @@ private:
     std::size_t length = 0;
 };
 
-bool isTurnedOnByEnvironment() {
+bool isEnabledByEnvironment() {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): before any other thread is started
     const char* value = std::getenv(variable);
     return value != nullptr && *value != '\0' && std::string_view(value) != "0";
@@ -56,7 +56,7 @@ void addTime(Line& line) {
 
 // A pipe or terminal that is ready accepts a short line without blocking. A pipe without a reader
 // also sets POLLERR, and writing to it would raise SIGPIPE and end the program.
-void writeWithoutWaiting(std::string_view line) {
+void writeWithoutBlocking(std::string_view line) {
     static std::mutex mutex;
     const std::lock_guard lock(mutex);
     pollfd output{STDERR_FILENO, POLLOUT, 0};
@@ -69,7 +69,7 @@ void writeWithoutWaiting(std::string_view line) {
 
 namespace log_detail {
 
-std::atomic<bool> on = isTurnedOnByEnvironment();
+std::atomic<bool> on = isEnabledByEnvironment();
 
 void write(std::string_view topic, std::initializer_list<LogPart> parts) noexcept {
     const int errorOfCaller = errno;
@@ -82,13 +82,13 @@ void write(std::string_view topic, std::initializer_list<LogPart> parts) noexcep
     for (const LogPart& part : parts) {
         line.add(part.view());
     }
-    writeWithoutWaiting(line.ended());
+    writeWithoutBlocking(line.ended());
     errno = errorOfCaller;
 }
 
 } // namespace log_detail
 
-void turnLogOn() {
+void enableLog() {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): main calls this first
     setenv(variable, "1", 1);
     log_detail::on.store(true, std::memory_order_relaxed);

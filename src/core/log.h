@@ -64,7 +64,7 @@ inline bool isLogging() noexcept {
 
 // Enables the log in this process and in the drivers and programs that it loads or starts
 // afterwards. Call it before starting threads.
-void turnLogOn();
+void enableLog();
 
 template <typename... Parts>
 void logLine(std::string_view topic, const Parts&... parts) noexcept {

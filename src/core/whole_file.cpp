@@ -28,7 +28,7 @@ std::error_code lastError() {
 constexpr timespec lockInterval{.tv_sec = 0, .tv_nsec = 5'000'000};
 
 // Returns the name, or a numbered one if a folder with this name cannot be removed.
-std::string nameOfAFile(int folder, const std::string& name) {
+std::string availableFileName(int folder, const std::string& name) {
     constexpr int maxNumber = 9;
     std::string candidate = name;
     for (int number = 2; number <= maxNumber; ++number) {
@@ -65,7 +65,7 @@ class TemporaryFile {
 public:
     TemporaryFile(int folderDescriptor, const std::string& target, FileAccess targetAccess)
         : folder(folderDescriptor), access(targetAccess),
-          name(nameOfAFile(folder, "." + target + ".saving")), _error(acquire()) {}
+          name(availableFileName(folder, "." + target + ".saving")), _error(acquire()) {}
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {

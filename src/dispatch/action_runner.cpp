@@ -70,7 +70,7 @@ void ActionRunner::lockScreen() {
         const auto keyEvents = weakly.lock();
         const auto session = weakSession.lock();
         if (keyEvents != nullptr && !isLocked(session.get())) {
-            logLine("actions", "no service locks the screen: types the shortcut for it");
+            logLine("actions", "no service can lock the screen: typing the lock shortcut");
             type(lockShortcut, *keyEvents);
         }
     };

@@ -26,8 +26,8 @@ ClickDemand::ClickDemand(std::shared_ptr<GestureDispatcher> gestureDispatcher,
 
 void ClickDemand::update() {
     const bool isNeeded = dispatcher->masterEnabled() && anyClickIsBound(dispatcher->store());
-    if (told != isNeeded) {
-        told = isNeeded;
+    if (lastNotified != isNeeded) {
+        lastNotified = isNeeded;
         tap->setNeeded(isNeeded);
     }
 }

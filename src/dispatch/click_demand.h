@@ -28,7 +28,7 @@ private:
 
     std::shared_ptr<GestureDispatcher> dispatcher;
     std::shared_ptr<ClickTap> tap;
-    std::optional<bool> told;
+    std::optional<bool> lastNotified;
     Subscription toDispatcher;
     Subscription toStore;
 };

@@ -7,7 +7,7 @@ namespace glidemap {
 
 ClickMonitor::ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> fingers)
     : tap(std::move(clickTap)), touchingCount(std::move(fingers)),
-      life(std::make_shared<ClickMonitor*>(this)) {}
+      lifetime(std::make_shared<ClickMonitor*>(this)) {}
 
 ClickMonitor::~ClickMonitor() {
     stop();
@@ -17,7 +17,7 @@ void ClickMonitor::start() {
     if (_isRunning) {
         return;
     }
-    _isRunning = tap->create([weakly = std::weak_ptr(life)](const ClickEvent& event) {
+    _isRunning = tap->create([weakly = std::weak_ptr(lifetime)](const ClickEvent& event) {
         const auto monitor = weakly.lock();
         return monitor ? (*monitor)->decide(event) : ClickTap::Verdict::pass;
     });

@@ -49,7 +49,7 @@ private:
     std::function<int()> touchingCount;
     std::unordered_set<std::int64_t> swallowUpForButton; // accessed only by the tap's callback
     bool _isRunning = false;
-    std::shared_ptr<ClickMonitor*> life; // held weakly by the tap's callback
+    std::shared_ptr<ClickMonitor*> lifetime; // held weakly by the tap's callback
 };
 
 } // namespace glidemap

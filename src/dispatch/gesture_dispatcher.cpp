@@ -61,7 +61,7 @@ bool GestureDispatcher::handleClickGesture(GestureType gesture) {
         return false;
     }
     if (mainQueue.isStalled()) {
-        logLine("gestures", rawValue(gesture), " passed on: the main thread hangs");
+        logLine("gestures", rawValue(gesture), " passed through: the main thread hangs");
         return false;
     }
     Application application = frontmost();

@@ -108,7 +108,7 @@ void MultitouchDeviceManager::start() {
     }
     deviceList = createList();
     if (deviceList == nullptr) {
-        logLine("touchpads", "the driver returned no list");
+        logLine("touchpads", "the driver returned no device list");
         _loadError = noDevice;
         return;
     }

@@ -36,7 +36,7 @@ bool isFinite(const TouchPoint& touch) {
 }
 
 // Returns the side of the tap, seen from the holding finger, or nullopt if the two are too close.
-std::optional<GestureType> fixAndTapTowards(PadPoint offset) {
+std::optional<GestureType> fixAndTapAt(PadPoint offset) {
     if (std::abs(offset.y) <= std::abs(offset.x)) {
         if (!(std::abs(offset.x) >= minFixedTapDistance)) {
             return std::nullopt;
@@ -258,7 +258,7 @@ void SessionRecognizer::checkFixAndTap(std::size_t endedIndex) {
     if (anchor == nullptr) {
         return;
     }
-    if (const auto gesture = fixAndTapTowards(tap.startPos - anchor->lastPos)) {
+    if (const auto gesture = fixAndTapAt(tap.startPos - anchor->lastPos)) {
         consumed = true;
         report(*gesture);
     }

@@ -13,7 +13,7 @@ constexpr double minMeanDisplacement = 0.15;
 // a gesture.
 constexpr double dominance = 1.5;
 
-bool allAlong(std::span<const Track> tracks, PadPoint mean) {
+bool allMoveAlong(std::span<const Track> tracks, PadPoint mean) {
     return std::ranges::all_of(
         tracks, [mean](const Track& track) { return dot(track.displacement(), mean) > 0; });
 }
@@ -47,7 +47,7 @@ std::optional<GestureType> swipeOf(std::span<const Track> tracks, int fingerCoun
         return std::nullopt;
     }
     const PadPoint mean = meanDisplacement(tracks);
-    if (!(length(mean) >= minMeanDisplacement) || !allAlong(tracks, mean)) {
+    if (!(length(mean) >= minMeanDisplacement) || !allMoveAlong(tracks, mean)) {
         return std::nullopt;
     }
     const auto direction = directionOf(mean);

@@ -1,7 +1,7 @@
 // All fingers move together in one dominant direction.
 //
-// A swipe is quick (a slower movement is scrolling or dragging), farther than a sloppy tap moves, uniform
-// (no finger moves against the others) and clearly along one axis.
+// A swipe is quick (a slower movement is scrolling or dragging) and moves farther than a sloppy
+// tap. No finger moves against the others, and one axis clearly dominates.
 //
 // Units:   raw normalised positions; seconds.
 // Errors:  none; returns nullopt if the movement is not a swipe or if the catalogue has no

@@ -123,7 +123,7 @@ void TouchEngine::handleRawFrame(const std::vector<MTTouch>& records, double tim
 
 void TouchEngine::deliver(GestureType gesture) {
     if (!passesCooldown()) {
-        logLine("gestures", rawValue(gesture), " dropped: too soon after the gesture before");
+        logLine("gestures", rawValue(gesture), " dropped: too soon after the previous gesture");
     } else if (onGesture) {
         onGesture(gesture);
     }

@@ -164,7 +164,7 @@ TEST_F(LogTest, KeepsLinesOfSeveralThreadsWhole) {
 TEST_F(LogTest, EnablingItAlsoEnablesTheLogsOfLibrariesLoadedLater) {
     const test::InEnvironment restored("GLIDEMAP_LOG", nullptr);
     log_detail::on = false;
-    turnLogOn();
+    enableLog();
     EXPECT_TRUE(isLogging());
     EXPECT_STREQ(std::getenv("GLIDEMAP_LOG"), "1");
 }

@@ -44,11 +44,11 @@ struct AccessRow {
 };
 
 const AccessRow accessRows[] = {
-    {"its owner's", FileAccess::ownerOnly, 022, 0600},
-    {"its owner's, whatever the umask", FileAccess::ownerOnly, 0777, 0600},
+    {"owner only", FileAccess::ownerOnly, 022, 0600},
+    {"owner only, with any umask", FileAccess::ownerOnly, 0777, 0600},
     {"ordinary", FileAccess::ordinary, 022, 0644},
-    {"ordinary for a group at work", FileAccess::ordinary, 002, 0664},
-    {"ordinary for who keeps all private", FileAccess::ordinary, 077, 0600},
+    {"ordinary with a group umask", FileAccess::ordinary, 002, 0664},
+    {"ordinary with a private umask", FileAccess::ordinary, 077, 0600},
 };
 
 TEST_F(WholeFileTest, TheFileHasTheRequestedPermissions) {

@@ -211,7 +211,7 @@ TEST(CircleTest, TheEndsLieAtMost1_2RadiiApart) {
 }
 
 TEST(CircleTest, AGapOfExactly1_2RadiiCountsAsClosed) {
-    // 7, 24 and 25 are the sides of a right triangle, so that the last point lies on the circle and
+    // 7, 24 and 25 are the sides of a right triangle. The last point therefore lies on the circle,
     // 30 units from the north, where the radius is 25. Stretching this unit is exact.
     const double unit = 33 / 4096.0;
     const PadPoint last = {24 * unit / 1.35, 7 * unit};

@@ -67,7 +67,7 @@ TEST(SessionDoubleTapsTest, TheTapsEndAtMost0_45SecondsApart) {
 TEST(SessionDoubleTapsTest, TheTimeIsMeasuredFromEndToEnd) {
     const auto first = fingers(2).down().hold(0.1).up();
     expectRows(std::vector<Row>{
-        {"the second begins in time and ends too late",
+        {"the second starts in time and ends too late",
          first.wait(0.2).then(fingers(2).down().hold(0.28).up()),
          {twoFingerTap, twoFingerTap}},
         {"the first is long",
@@ -81,7 +81,7 @@ TEST(SessionDoubleTapsTest, ATapAfterADoubleTapIsASingleTap) {
     const auto three = tapOf(2).wait(0.2).then(tapOf(2)).wait(0.2).then(tapOf(2));
     expectRows(std::vector<Row>{
         {"three taps", three, {twoFingerTap, twoFingerDoubleTap, twoFingerTap}},
-        {"three taps so quick that the third is still near the first",
+        {"three taps with the third within the limit of the first",
          quick.wait(0.05).then(quick).wait(0.05).then(quick),
          {twoFingerTap, twoFingerDoubleTap, twoFingerTap}},
         {"four taps",
@@ -98,7 +98,7 @@ TEST(SessionDoubleTapsTest, OnlyTheLastTapCounts) {
     expectRows(std::vector<Row>{
         {"three fingers between", between(tapOf(3)), {twoFingerTap, threeFingerTap, twoFingerTap}},
         {"five fingers between", between(tapOf(5)), {twoFingerTap, fiveFingerTap, twoFingerTap}},
-        {"what is no tap between leaves the pair alone",
+        {"a touch between them that is no tap keeps the pair",
          between(fingers(1).at(0.1, 0.1).down().hold(0.1).up()),
          {twoFingerTap, cornerTapBottomLeft, twoFingerDoubleTap}},
         {"five fingers first", tapOf(5).wait(0.1).then(tapOf(2)), {fiveFingerTap, twoFingerTap}},

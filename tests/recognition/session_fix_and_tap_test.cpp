@@ -28,7 +28,7 @@ TEST(SessionFixAndTapTest, ATapBesideARestingFingerReportsItsSide) {
         {"left", tapAt(0.3, 0.55), {fixAndTapLeft}},
         {"above", tapAt(0.45, 0.8), {fixAndTapAbove}},
         {"below", tapAt(0.6, 0.2), {fixAndTapBelow}},
-        {"too near to tell", tapAt(0.53, 0.52), {}},
+        {"too close", tapAt(0.53, 0.52), {}},
         {"the tap is long", holder.addAt(0.7, 0.5).hold(0.5).lift(1).hold(0.1).up(), {}},
         {"the tap drifts",
          holder.addAt(0.7, 0.5).moveFinger(1, 0.06, 0, 0.1).lift(1).hold(0.1).up(),
@@ -136,10 +136,10 @@ TEST(SessionFixAndTapTest, ATieIsHorizontal) {
 
 TEST(SessionFixAndTapTest, TheSideIsRelativeToTheHoldingFingersCurrentPosition) {
     expectRows(std::vector<Row>{
-        {"to the left of where it began, to the right of where it is",
+        {"left of its start, right of its current position",
          tapping(holding(0.54, 0.5).moveBy(-0.04, 0, 0.1), 0.535, 0.56),
          {fixAndTapAbove}},
-        {"a tap that drifts is where it landed",
+        {"a drifting tap counts where it landed",
          holding(0.5, 0.5)
              .until(0)
              .addAt(0.56, 0.5)
@@ -148,7 +148,7 @@ TEST(SessionFixAndTapTest, TheSideIsRelativeToTheHoldingFingersCurrentPosition) 
              .hold(0.3)
              .up(),
          {fixAndTapRight}},
-        {"near to where it began, far from where it is",
+        {"close to its start, far from its current position",
          tapping(holding(0.54, 0.5).moveBy(-0.04, 0, 0.1), 0.56, 0.5),
          {fixAndTapRight}},
     });
@@ -186,7 +186,7 @@ TEST(SessionFixAndTapTest, TheEndOfItsSessionReportsNoOtherGesture) {
              .until(0.29)
              .up(),
          {fixAndTapRight}},
-        {"a tap that comes too early to be held for is a tap of two fingers",
+        {"a tap before the hold is long enough is a two-finger tap",
          fingersAt({{0.5, 0.5}})
              .down()
              .until(0.19)

@@ -44,7 +44,7 @@ TEST(SessionLongPressTest, Takes0_8Seconds) {
         {"below", lastSeen(justBelow(0.8)), {}},
         {"at the limit", lastSeen(0.8), {twoFingerLongPress}},
         {"above", lastSeen(justAbove(0.8)), {twoFingerLongPress}},
-        {"the end of the touch is no report of fingers", fingers(2).down().until(0.8).up(), {}},
+        {"the final report has no fingers", fingers(2).down().until(0.8).up(), {}},
     });
 }
 
@@ -75,7 +75,7 @@ TEST(SessionLongPressTest, IsTimedFromTheLastLanding) {
 TEST(SessionLongPressTest, IsCancelledWhenAFingerLifts) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"a third finger leaves at once", fingers(3).down().hold(0.1).lift(1).hold(1).up(), {}},
-        {"a finger is exchanged for another",
+        {"a finger is replaced by another",
          fingers(2).down().hold(0.05).lift(1).hold(0.05).add(1).hold(1).up(),
          {}},
     });

@@ -19,11 +19,11 @@ TEST(SessionMotionTest, FingersThatMoveTogetherSwipe) {
         {"two fingers right and a little up",
          fingers(2).down().moveBy(0.25, 0.1, 0.3).up(),
          {twoFingerSwipeRight}},
-        {"too far up to be right", fingers(2).down().moveBy(0.2, 0.15, 0.3).up(), {}},
+        {"too far up for a swipe right", fingers(2).down().moveBy(0.2, 0.15, 0.3).up(), {}},
         {"three fingers up", fingers(3).down().moveBy(0, 0.3, 0.3).up(), {threeFingerSwipeUp}},
         {"not far enough", fingers(3).down().moveBy(0.1, 0, 0.3).up(), {}},
         {"too slow", fingers(4).down().moveBy(0.3, 0, 0.9).up(), {}},
-        {"a finger goes the other way",
+        {"a finger moves in the other direction",
          fingersAt({{0.1, 0.4}, {0.1, 0.6}, {0.9, 0.5}})
              .down()
              .moveAll({{0.7, 0.4}, {0.7, 0.6}, {0.7, 0.5}}, 0.4)
@@ -79,13 +79,13 @@ TEST(SessionMotionTest, AFingerThatMovesInwardsFromAnEdgeMakesAnEdgeSwipe) {
          {twoFingerSwipeRight}},
     });
     expectRows(std::vector<Row>{
-        {"0.25 in and 0.1 aside",
+        {"0.25 inwards and 0.1 sideways",
          fingers(1).at(0.02, 0.5).down().moveBy(0.25, 0.1, 0.4).up(),
          {edgeSwipeFromLeft}},
-        {"0.25 in and 0.13 aside",
+        {"0.25 inwards and 0.13 sideways",
          fingers(1).at(0.02, 0.5).down().moveBy(0.25, 0.13, 0.4).up(),
          {}},
-        {"down right out of the top left corner: the left edge is tried first",
+        {"down and right from the top left corner: the left edge is checked first",
          fingers(1).at(0.02, 0.98).down().moveBy(0.3, -0.1, 0.4).up(),
          {edgeSwipeFromLeft}},
         {"ending at the limit",
@@ -110,7 +110,7 @@ TEST(SessionMotionTest, ATapInACornerIsACornerTap) {
     });
     expectRows(std::vector<Row>{
         {"at x = 0.82", fingers(1).at(0.82, 0.9).down().hold(0.2).up(), {}},
-        {"at the next number but one",
+        {"two doubles further",
          fingers(1).at(0.8200000000000001, 0.9).down().hold(0.2).up(),
          {cornerTapTopRight}},
         {"ending at the limit",
@@ -125,12 +125,12 @@ TEST(SessionMotionTest, AFingerThatMovesInALoopDrawsACircle) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"anticlockwise", top.circle(0.2, 1, 1).up(), {drawCircleCounterclockwise}},
         {"clockwise", top.circle(0.2, -1, 1).up(), {drawCircleClockwise}},
-        {"almost round", top.circle(0.2, 0.9, 1).up(), {drawCircleCounterclockwise}},
-        {"half round", top.circle(0.2, 0.5, 1).up(), {}},
-        {"twice round", top.circle(0.2, 2, 2).up(), {drawCircleCounterclockwise}},
+        {"almost a full turn", top.circle(0.2, 0.9, 1).up(), {drawCircleCounterclockwise}},
+        {"half a turn", top.circle(0.2, 0.5, 1).up(), {}},
+        {"two turns", top.circle(0.2, 2, 2).up(), {drawCircleCounterclockwise}},
         {"too slow", top.circle(0.2, 1, 3.2).up(), {}},
         {"too small", top.circle(0.03, 1, 1).up(), {}},
-        {"two fingers going round", fingers(2).at(0.4, 0.7).down().circle(0.2, 1, 1).up(), {}},
+        {"two fingers in a loop", fingers(2).at(0.4, 0.7).down().circle(0.2, 1, 1).up(), {}},
     });
 }
 
@@ -142,7 +142,7 @@ TEST(SessionMotionTest, ACircleNeedsTwelvePointsOfItsPath) {
     expectRows(std::vector<Row>{
         {"eleven", drawn(10), {}},
         {"twelve", drawn(11), {drawCircleCounterclockwise}},
-        {"a slow finger leaves more points, but too near each other to be kept",
+        {"a slow finger has more points, but they are too close to be kept",
          fingers(1).at(0.5, 0.51).down().circle(0.01, 1, 1).up(),
          {}},
     });
@@ -189,7 +189,7 @@ TEST(SessionMotionTest, APinchTakesPrecedenceOverASwipe) {
         {"both fingers right, one much farther",
          fingersAt({{0.1, 0.5}, {0.3, 0.5}}).down().moveAll({{0.3, 0.5}, {0.8, 0.5}}, 0.4).up(),
          {pinchOut}},
-        {"of three fingers it is a swipe",
+        {"three fingers make a swipe",
          fingersAt({{0.1, 0.5}, {0.3, 0.5}, {0.2, 0.4}})
              .down()
              .moveAll({{0.3, 0.5}, {0.8, 0.5}, {0.5, 0.4}}, 0.4)
@@ -203,7 +203,7 @@ TEST(SessionMotionTest, APairWithAThirdTrackDoesNotPinch) {
         {"a finger slips off for a moment",
          verticalPair.hold(0.05).lift(1).addAt(0.5, 0.6).spreadBy(2, 0.3).up(),
          {}},
-        {"while it swipes, it is a swipe still",
+        {"during a swipe, it is still a swipe",
          fingers(2).down().moveBy(0.1, 0, 0.1).lift(1).add(1).moveBy(0.25, 0, 0.2).up(),
          {twoFingerSwipeRight}},
     });

@@ -16,7 +16,7 @@ TEST(SessionTapsTest, FingersThatLandAndLiftTogetherTap) {
         {"five fingers", fingers(5).down().hold(0.2).up(), {fiveFingerTap}},
         {"one finger in the middle of the pad", fingers(1).down().hold(0.2).up(), {}},
         {"six fingers", fingers(6).at(0.2, 0.5).down().hold(0.2).up(), {}},
-        {"let go just before the limit", fingers(2).down().hold(0.29).up(), {twoFingerTap}},
+        {"released just before the limit", fingers(2).down().hold(0.29).up(), {twoFingerTap}},
         {"held just past the limit", fingers(2).down().hold(0.31).up(), {}},
         {"drifting a little", fingers(2).down().moveBy(0.02, 0.02, 0.1).up(), {twoFingerTap}},
         {"drifting too far for a tap and not far enough for a swipe",
@@ -39,7 +39,7 @@ TEST(SessionTapsTest, TheMaximumOfSimultaneousFingersCounts) {
         {"a finger leaves and another lands",
          fingers(2).down().hold(0.08).lift(1).hold(0.04).add(1).hold(0.08).up(),
          {twoFingerTap}},
-        {"the third finger makes it too long",
+        {"the third finger prolongs it too much",
          fingers(2).down().hold(0.17).add(1).hold(0.15).up(),
          {}},
     });
@@ -68,8 +68,8 @@ TEST(SessionTapsTest, ATapDriftsByAtMost0_035) {
         {"below", drifting(justBelow(0.035)).up(), {twoFingerTap}},
         {"at the limit", drifting(0.035).up(), {twoFingerTap}},
         {"above", drifting(justAbove(0.035)).up(), {}},
-        {"above, but back again", drifting(0.036).moveFinger(0, -0.036, 0, 0.1).up(), {}},
-        {"above, and gone before the others", drifting(0.036).liftFinger(0).hold(0.02).up(), {}},
+        {"above, then back", drifting(0.036).moveFinger(0, -0.036, 0, 0.1).up(), {}},
+        {"above, lifted before the others", drifting(0.036).liftFinger(0).hold(0.02).up(), {}},
     });
 }
 

@@ -88,7 +88,7 @@ TEST(SessionTest, ASessionLeavesNoStateForTheNext) {
              .wait(0.3)
              .then(fingers(3).down().hold(0.1).up()),
          {fixAndTapRight, threeFingerTap}},
-        {"after nothing a swipe",
+        {"after an empty report a swipe",
          fingers(4).down().hold(0.5).up().wait(0.1).down().moveBy(0.3, 0, 0.3).up(),
          {fourFingerSwipeRight}},
     });
