@@ -56,7 +56,7 @@ private:
     bool finishElement();
 
     bool insideArray = false;
-    std::size_t passing = 0; // depth inside a skipped value
+    std::size_t skippedDepth = 0; // depth inside a skipped value
     BindingObject element;
     std::vector<BindingObject*> objects; // the open objects, starting with the array element
     BindingValue* place = nullptr;       // of the next value; null for an unknown key
@@ -74,7 +74,7 @@ bool BindingsHandler::failElement(std::string_view what) {
 }
 
 bool BindingsHandler::scalar(BindingValue value) {
-    if (passing > 0) {
+    if (skippedDepth > 0) {
         return true;
     }
     if (!insideArray) {
@@ -90,7 +90,7 @@ bool BindingsHandler::scalar(BindingValue value) {
 }
 
 void BindingsHandler::pass() {
-    if (passing++ == 0 && place != nullptr) {
+    if (skippedDepth++ == 0 && place != nullptr) {
         *place = UnsupportedValue();
     }
 }
@@ -102,7 +102,7 @@ bool BindingsHandler::start_object(std::size_t /*elements*/) {
     if (objects.empty()) {
         element = {};
         objects.push_back(&element);
-    } else if (passing > 0 || place == nullptr || objects.size() == maxObjectDepth) {
+    } else if (skippedDepth > 0 || place == nullptr || objects.size() == maxObjectDepth) {
         pass();
     } else {
         objects.push_back(
@@ -113,8 +113,8 @@ bool BindingsHandler::start_object(std::size_t /*elements*/) {
 }
 
 bool BindingsHandler::end_object() {
-    if (passing > 0) {
-        --passing;
+    if (skippedDepth > 0) {
+        --skippedDepth;
         return true;
     }
     objects.pop_back();
@@ -144,14 +144,14 @@ bool BindingsHandler::start_array(std::size_t /*elements*/) {
 }
 
 bool BindingsHandler::end_array() {
-    if (passing > 0) {
-        --passing;
+    if (skippedDepth > 0) {
+        --skippedDepth;
     }
     return true;
 }
 
 bool BindingsHandler::key(std::string& name) {
-    if (passing == 0) {
+    if (skippedDepth == 0) {
         const auto known = bindingKeyNamed(name);
         place = known ? &(*objects.back())[*known] : nullptr;
     }

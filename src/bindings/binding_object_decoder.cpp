@@ -131,13 +131,13 @@ std::optional<bool> BindingObjectDecoder::flag(const Part& part, BindingKey key)
 }
 
 std::optional<std::uint64_t> BindingObjectDecoder::integer(const Part& part, BindingKey key,
-                                                           std::uint64_t most) {
-    const std::string wanted = "an integer from 0 to " + std::to_string(most);
+                                                           std::uint64_t max) {
+    const std::string wanted = "an integer from 0 to " + std::to_string(max);
     const auto* const value = valueOf<std::uint64_t>(part, key, wanted);
     if (value == nullptr) {
         return std::nullopt;
     }
-    if (*value > most) {
+    if (*value > max) {
         fail(part, key, std::to_string(*value) + " is not " + wanted);
         return std::nullopt;
     }
@@ -166,16 +166,16 @@ void BindingObjectDecoder::fail(const Part& part, BindingKey key, std::string_vi
 
 void BindingObjectDecoder::failText(const Part& part, BindingKey key, std::string_view text,
                                     std::string_view wanted) {
-    fail(part, key, quotedForPeople(text) + " is not " + std::string(wanted));
+    fail(part, key, quotedForDisplay(text) + " is not " + std::string(wanted));
 }
 
 // Escaped to ASCII, because terminals also interpret control characters beyond ASCII. Each escape
 // takes six characters, and an error message must fit on a line.
-std::string quotedForPeople(std::string_view text) {
-    constexpr std::size_t most = 60;
+std::string quotedForDisplay(std::string_view text) {
+    constexpr std::size_t max = 60;
     constexpr std::size_t widest = 150;
     std::string shown;
-    std::size_t length = most;
+    std::size_t length = max;
     do {
         const bool whole = text.size() <= length;
         const nlohmann::json quoted(std::string(text.substr(0, length)) + (whole ? "" : "..."));

@@ -38,7 +38,7 @@ private:
     std::optional<Part> part(const Part& of, BindingKey key, std::string_view prefix);
     std::optional<std::string> text(const Part& part, BindingKey key);
     std::optional<bool> flag(const Part& part, BindingKey key);
-    std::optional<std::uint64_t> integer(const Part& part, BindingKey key, std::uint64_t most);
+    std::optional<std::uint64_t> integer(const Part& part, BindingKey key, std::uint64_t max);
 
     template <typename Value>
     Value* valueOf(const Part& part, BindingKey key, std::string_view wanted);
@@ -49,6 +49,6 @@ private:
 };
 
 // The text in quotes, shortened, without characters that a terminal interprets.
-std::string quotedForPeople(std::string_view text);
+std::string quotedForDisplay(std::string_view text);
 
 } // namespace glidemap

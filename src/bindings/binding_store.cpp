@@ -41,7 +41,7 @@ BindingStore::BindingStore(BindingList list) : _bindings(IndexedBindings(std::mo
 std::filesystem::path BindingStore::location() const {
     const std::filesystem::path support = supportFolder();
     if (support.empty()) {
-        std::fputs("glidemap: there is no folder for application data\n", stderr);
+        std::fputs("glidemap: cannot find the folder for application data\n", stderr);
         std::abort();
     }
     const std::filesystem::path folder = support / "Glidemap";
@@ -57,8 +57,7 @@ void BindingStore::load() {
         publish(std::move(*list));
         return;
     }
-    logLine("bindings", "none could be read from ", location().native(),
-            ": starts with the usual ones");
+    logLine("bindings", "cannot read bindings from ", location().native(), ": using the defaults");
     publish(defaultBindings());
     save();
 }

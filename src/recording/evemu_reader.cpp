@@ -66,8 +66,8 @@ void EvemuReader::readHead(const path& file) {
         return;
     }
     if (!described) {
-        _error = RecordingError{lines.name(), 0,
-                                "tells nothing of its device, and no .desc file beside it does"};
+        _error = RecordingError{
+            lines.name(), 0, "does not describe its device, and there is no .desc file beside it"};
         return;
     }
     PadDescription pad;

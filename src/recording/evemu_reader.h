@@ -12,9 +12,9 @@
 
 namespace glidemap {
 
-// `path` is the recording's file, or empty. If a recording has no description, it is read from the
-// `.desc` file in the same folder whose name is the longest prefix of the recording's name (both
-// without their last extension).
+// `path` is the recording's file, or empty. A recording without a description uses a `.desc` file
+// in the same folder: the one whose name is the longest prefix of the recording's name. Both names
+// are compared without their last extension.
 std::unique_ptr<RecordingReader> readEvemu(LineReader lines, const std::filesystem::path& path);
 
 } // namespace glidemap

@@ -256,10 +256,10 @@ bool LineHandler::touchScalar(const Scalar& value) {
         return value.is32Bit() || failTouch("the identifier is not a 32-bit integer");
     case 1:
         touch.normalized.pos.x = isFloat ? static_cast<float>(value.number) : 0;
-        return isFloat || failTouch("x is not a number that a position can be");
+        return isFloat || failTouch("x is not a valid position");
     case 2:
         touch.normalized.pos.y = isFloat ? static_cast<float>(value.number) : 0;
-        return isFloat || failTouch("y is not a number that a position can be");
+        return isFloat || failTouch("y is not a valid position");
     case 3:
         touch.state = static_cast<std::int32_t>(value.whole);
         return value.is32Bit() || failTouch("the state is not a 32-bit integer");

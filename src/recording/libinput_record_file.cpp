@@ -73,7 +73,7 @@ constexpr Step steps[] = {
 using Line = std::size_t;
 
 // Aborts parsing; caught within this file.
-struct Refusal {
+struct ParseError {
     Line line;
     std::string message;
 };
@@ -83,7 +83,7 @@ Integer integer(Line line, std::string_view text) {
     Integer value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size()) {
-        throw Refusal{line, "not a number that belongs here"};
+        throw ParseError{line, "not a valid number"};
     }
     return value;
 }
@@ -92,7 +92,7 @@ class Handler {
 public:
     Handler(LibinputRecordFile& result, LineBuffer& source) : file(result), input(source) {}
 
-    // Throws a Refusal.
+    // Throws a ParseError.
     void take(const yaml_event_t& node);
 
     // Finishes a device that was cut off, and accepts its touchpad.
@@ -131,9 +131,9 @@ private:
     InputEvent event;
 };
 
-void refuseAnchor(Line line, const yaml_char_t* anchor) {
+void rejectAnchor(Line line, const yaml_char_t* anchor) {
     if (anchor != nullptr) {
-        throw Refusal{line, "anchors are not supported"};
+        throw ParseError{line, "anchors are not supported"};
     }
 }
 
@@ -141,18 +141,18 @@ void Handler::take(const yaml_event_t& node) {
     const Line line = node.start_mark.line;
     switch (node.type) {
     case YAML_ALIAS_EVENT:
-        throw Refusal{line, "aliases are not supported"};
+        throw ParseError{line, "aliases are not supported"};
     case YAML_SCALAR_EVENT:
-        refuseAnchor(line, node.data.scalar.anchor);
+        rejectAnchor(line, node.data.scalar.anchor);
         scalar(line,
                {reinterpret_cast<const char*>(node.data.scalar.value), node.data.scalar.length});
         break;
     case YAML_SEQUENCE_START_EVENT:
-        refuseAnchor(line, node.data.sequence_start.anchor);
+        rejectAnchor(line, node.data.sequence_start.anchor);
         start(line, false);
         break;
     case YAML_MAPPING_START_EVENT:
-        refuseAnchor(line, node.data.mapping_start.anchor);
+        rejectAnchor(line, node.data.mapping_start.anchor);
         start(line, true);
         break;
     case YAML_SEQUENCE_END_EVENT:
@@ -178,17 +178,17 @@ const Step* Handler::stepFrom(const Level* around) {
 void Handler::start(Line line, bool isMap) {
     input.progress();
     if (levels.size() == maxNesting) {
-        throw Refusal{line, "values are nested more than 16 deep"};
+        throw ParseError{line, "values are nested more than 16 deep"};
     }
     Level* around = levels.empty() ? nullptr : &levels.back();
     if (around != nullptr && around->keyComes) {
-        throw Refusal{line, "not as libinput record writes it: a key is not a word"};
+        throw ParseError{line, "not in the format of libinput record: a key is not a scalar"};
     }
     const Step* step = stepFrom(around);
     if (step != nullptr && step->isMap != isMap) {
-        throw Refusal{line, isMap
-                                ? "not as libinput record writes it: a list belongs here"
-                                : "not as libinput record writes it: keys and values belong here"};
+        throw ParseError{line,
+                         isMap ? "not in the format of libinput record: expected a list"
+                               : "not in the format of libinput record: expected keys and values"};
     }
     Place place = step != nullptr ? step->place : Place::ignored;
     if (place == Place::device && file.touchpad) {
@@ -219,7 +219,7 @@ void Handler::end() {
 void Handler::scalar(Line line, const std::string& value) {
     input.progress();
     if (levels.empty()) {
-        throw Refusal{line, "not as libinput record writes it: keys and values belong here"};
+        throw ParseError{line, "not in the format of libinput record: expected keys and values"};
     }
     Level& around = levels.back();
     if (around.keyComes) {
@@ -243,9 +243,9 @@ void Handler::take(const Level& around, Line line, const std::string& value) {
     switch (around.place) {
     case Place::file:
         if (around.key == "version" && value != supportedVersion) {
-            throw Refusal{line, "version " + value +
-                                    " of libinput's recording format is not supported, only "
-                                    "version 1"};
+            throw ParseError{line, "version " + value +
+                                       " of libinput's recording format is not supported, only "
+                                       "version 1"};
         }
         break;
     case Place::evdev:
@@ -314,7 +314,7 @@ void Handler::takeEventElement(std::size_t element, Line line, const std::string
 
 void Handler::finishEvent(const Level& level) {
     if (level.elements != 5) {
-        throw Refusal{level.line, "an event is not [seconds, microseconds, type, code, value]"};
+        throw ParseError{level.line, "an event is not [seconds, microseconds, type, code, value]"};
     }
     file.events.push_back(event);
 }
@@ -361,13 +361,13 @@ public:
     Parser& operator=(const Parser&) = delete;
     ~Parser() { yaml_parser_delete(&parser); }
 
-    // Parses up to the end of the first document. Throws a Refusal.
+    // Parses up to the end of the first document. Throws a ParseError.
     void parse(Handler& handler) {
         bool isDone = false;
         while (!isDone) {
             Event event;
             if (yaml_parser_parse(&parser, &event.event) == 0) {
-                throw Refusal{problemLine(), problem()};
+                throw ParseError{problemLine(), problem()};
             }
             handler.take(event.event);
             isDone = event.event.type == YAML_DOCUMENT_END_EVENT ||
@@ -390,7 +390,7 @@ private:
     }
     std::string problem() const {
         return std::string("not valid YAML: ") +
-               (parser.problem != nullptr ? parser.problem : "memory is missing");
+               (parser.problem != nullptr ? parser.problem : "out of memory");
     }
 
     yaml_parser_t parser{};
@@ -404,7 +404,7 @@ LibinputRecordFile parseLibinputRecord(LineReader& lines) {
     Handler handler(file, buffer);
     try {
         Parser(buffer).parse(handler);
-    } catch (const Refusal& refusal) {
+    } catch (const ParseError& refusal) {
         file.error = RecordingError{lines.name(), static_cast<std::int64_t>(refusal.line) + 1,
                                     refusal.message};
     }

@@ -26,7 +26,7 @@ std::optional<std::string> describePad(const PadCapabilities& device, PadDescrip
     const auto x = axis(device, ABS_MT_POSITION_X);
     const auto y = axis(device, ABS_MT_POSITION_Y);
     if (!x || !y) {
-        return "the device does not report where its contacts are (it has no ABS_MT_POSITION_X or "
+        return "the device does not report contact positions (it has no ABS_MT_POSITION_X or "
                "ABS_MT_POSITION_Y)";
     }
     pad.name = device.name;

@@ -114,8 +114,8 @@ std::unique_ptr<RecordingReader> openRecording(std::istream& stream, std::string
     case Content::unknown:
         break;
     }
-    return std::make_unique<FailedRecording>(RecordingError{
-        lines.name(), 1, "neither a Glidemap recording, nor one by evemu or by libinput record"});
+    return std::make_unique<FailedRecording>(
+        RecordingError{lines.name(), 1, "not a recording by Glidemap, evemu or libinput record"});
 }
 
 std::unique_ptr<RecordingReader> openRecordingFile(const std::filesystem::path& path,

@@ -167,7 +167,7 @@ TEST_F(AgentTest, LogsEachDecisionButNotTheTypedKeys) {
     EXPECT_EQ(agent.waitForEnd(), 0);
     const std::string& lines = agent.errors();
     for (const char* line :
-         {" bindings: none could be read from ", " bindings: saved ", " touchpads: started 1\n",
+         {" bindings: cannot read bindings from ", " bindings: saved ", " touchpads: started 1\n",
           " gestures: drawCircleClockwise in (unknown): bound to lockScreen\n",
           " actions: runs lockScreen\n", " services: org.freedesktop.login1 Lock: ",
           " gestures: threeFingerSwipeUp in (unknown): not bound\n",

@@ -80,9 +80,9 @@ TEST_P(Decodes, TheWholeArray) {
 INSTANTIATE_TEST_SUITE_P(
     Arrays, Decodes,
     testing::Values(Readable{"empty", "[]", {}}, //
-                    Readable{"space around it", "\t\r\n [ \n ] \n", {}},
+                    Readable{"surrounding whitespace", "\t\r\n [ \n ] \n", {}},
                     Readable{"one", in({}), {expected()}},
-                    Readable{"two, the same identifier twice",
+                    Readable{"two bindings with the same identifier",
                              "[" + Object().text() + "," + Object().text() + "]",
                              {expected(), expected()}},
                     Readable{"a byte-order mark", "\xEF\xBB\xBF" + in({}), {expected()}}));
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
         Readable{"a key of another kind is ignored",
                  withAction(R"({"kind": "lockScreen", "bundleID": "x"})"),
                  {expected()}},
-        Readable{"whatever its value is",
+        Readable{"an unknown key with any value",
                  withAction(R"({"kind": "lockScreen", "bundleID": 1, "shortcut": []})"),
                  {expected()}},
         Readable{"escapes in a key and a text",
@@ -122,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Readable{"an application",
                              withScope(R"({"kind": "app", "bundleID": "a.b", "name": "B"})"),
                              {expected(LockScreen{}, AppScope{"a.b", "B"})}},
-                    Readable{"a global one with an application's keys",
+                    Readable{"a global scope with an application's keys",
                              withScope(R"({"kind": "global", "bundleID": "a.b", "name": 3})"),
                              {expected()}}));
 
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
                  withShortcut(R"({"keyCode": 0, "modifiers": 0})"),
                  {expected(KeyShortcut{0, 0})}},
         Readable{"the highest key code", withKeyCode("65535"), {expected(KeyShortcut{65535, 0})}},
-        Readable{"beyond what a double holds",
+        Readable{"beyond the precision of a double",
                  withModifiers("9007199254740993"),
                  {expected(KeyShortcut{0, 9007199254740993})}},
         Readable{"beyond signed integers",
@@ -158,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
         Readable{"a long fraction of zeros",
                  withKeyCode("36." + std::string(500, '0')),
                  {expected(KeyShortcut{36, 0})}},
-        Readable{"shifted far and back",
+        Readable{"shifted far by the exponent and back",
                  withKeyCode("0." + std::string(500, '0') + "36e502"),
                  {expected(KeyShortcut{36, 0})}},
         Readable{"the highest as a fraction",
@@ -184,14 +184,14 @@ INSTANTIATE_TEST_SUITE_P(
         Readable{"below a double's range", withUnknown("1e-99999"), {expected()}},
         Readable{
             "such numbers deeper", withUnknown(R"([[1e400, {"a": 1e400}], 1e400])"), {expected()}},
-        Readable{"the first half of a pair", withUnknown(R"("\ud800")"), {expected()}},
-        Readable{"the second half", withUnknown(R"("\uDFFF")"), {expected()}},
-        Readable{"both in the wrong order", withUnknown(R"("\udc00\ud800")"), {expected()}},
-        Readable{"the first half twice", withUnknown(R"("\ud800\ud800\udc00")"), {expected()}},
+        Readable{"an unpaired high surrogate", withUnknown(R"("\ud800")"), {expected()}},
+        Readable{"an unpaired low surrogate", withUnknown(R"("\uDFFF")"), {expected()}},
+        Readable{"surrogates in the wrong order", withUnknown(R"("\udc00\ud800")"), {expected()}},
+        Readable{"two high surrogates", withUnknown(R"("\ud800\ud800\udc00")"), {expected()}},
         Readable{
             "half a pair before another escape", withUnknown(R"("\ud800\n\\ud800")"), {expected()}},
         Readable{"a number in a text", withUnknown(R"("1e400 \" 1e400")"), {expected()}},
-        Readable{"a key with half a pair",
+        Readable{"a key with an unpaired surrogate",
                  in({.enabled = R"("\ud800": 1e400, "enabled": true)"}),
                  {expected()}},
         Readable{"very deep",
@@ -199,12 +199,12 @@ INSTANTIATE_TEST_SUITE_P(
                  {expected()}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    HalfPairs, Decodes,
+    UnpairedSurrogates, Decodes,
     testing::Values(
         Readable{"read as U+FFFD in a name",
                  withScope(R"({"kind": "app", "bundleID": "a", "name": "1e400 \ud800 \\ud800"})"),
                  {expected(LockScreen{}, AppScope{"a", "1e400 \uFFFD \\ud800"})}},
-        Readable{"whole pairs stay",
+        Readable{"surrogate pairs are kept",
                  withScope(R"({"kind": "app", "bundleID": "a", "name": "\ud83d\ude00\ud83d"})"),
                  {expected(LockScreen{}, AppScope{"a", "😀\uFFFD"})}}));
 
@@ -224,19 +224,19 @@ INSTANTIATE_TEST_SUITE_P(
         Readable{"unknown ones",
                  in({.enabled = R"("enabled": true, "color": "red", "": null)"}),
                  {expected()}},
-        Readable{"unknown ones that hold known ones",
+        Readable{"unknown keys that contain known keys",
                  in({.enabled = R"("enabled": true, "old": {"enabled": false, "id": []})"}),
                  {expected()}},
-        Readable{"known ones where they have no meaning",
+        Readable{"known keys where they have no meaning",
                  in({.enabled = R"("enabled": true, "kind": "x", "keyCode": {"id": 1})"}),
                  {expected()}},
         Readable{"the same in another case",
                  in({.enabled = R"("enabled": true, "Enabled": 1)"}),
                  {expected()}},
-        Readable{"of repeated ones the last counts",
+        Readable{"the last of repeated keys counts",
                  in({.enabled = R"("enabled": true, "enabled": false)"}),
                  {disabled()}},
-        Readable{"also if the first could not be read",
+        Readable{"the last counts even if the first is invalid",
                  in({.enabled = R"("enabled": 7, "enabled": false)"}),
                  {disabled()}},
         Readable{"a repeated object replaces the whole of the first",
@@ -298,7 +298,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "[0].enabled: missing"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    WrongKinds, Refuses,
+    WrongTypes, Refuses,
     testing::Values(
         Unreadable{"identifier", in({.id = R"("id": 1,)"}), "[0].id: not a text"},
         Unreadable{"no identifier", in({.id = R"("id": null,)"}), "[0].id: not a text"},
@@ -350,7 +350,7 @@ INSTANTIATE_TEST_SUITE_P(
                    R"([0].gesture: "twoFingerTap\u0000" is not a gesture)"},
         Unreadable{"kind of action", withAction(R"({"kind": "sleep"})"),
                    R"([0].action.kind: "sleep" is not a kind of action)"},
-        Unreadable{"kind of scope for an action", withAction(R"({"kind": "global"})"),
+        Unreadable{"a kind of scope as a kind of action", withAction(R"({"kind": "global"})"),
                    R"([0].action.kind: "global" is not a kind of action)"},
         Unreadable{"kind of action in another case", withAction(R"({"kind": "lockscreen"})"),
                    R"([0].action.kind: "lockscreen" is not a kind of action)"},
@@ -362,14 +362,14 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"short identifier", in({.id = R"("id": "0123ABCD",)"}),
                    R"([0].id: "0123ABCD" is not a UUID)"},
         Unreadable{"empty identifier", in({.id = R"("id": "",)"}), R"([0].id: "" is not a UUID)"},
-        Unreadable{"a long one is cut",
+        Unreadable{"a long text is truncated",
                    in({.gesture = R"("gesture": ")" + std::string(61, 'x') + "\","}),
                    "[0].gesture: \"" + std::string(60, 'x') + "...\" is not a gesture"},
-        Unreadable{"also by how much room it takes to show",
+        Unreadable{"also by its displayed length",
                    in({.gesture = R"("gesture": ")" + std::string(61, '\x7f') + "\","}),
                    R"([0].gesture: "\u007f\u007f\u007f\u007f\u007f\u007f\u007f\u007f)"
                    R"(\u007f\u007f\u007f\u007f\u007f\u007f\u007f..." is not a gesture)"},
-        Unreadable{"a terminal's orders are not passed on",
+        Unreadable{"terminal escape sequences are not printed",
                    in({.gesture = R"("gesture": "\u001b[2J\u009b5m轻",)"}),
                    R"([0].gesture: "\u001b[2J\u009b5m\u8f7b" is not a gesture)"}));
 
@@ -378,16 +378,16 @@ constexpr const char* noModifiers =
     "[0].action.shortcut.modifiers: not an integer from 0 to 18446744073709551615";
 
 INSTANTIATE_TEST_SUITE_P(
-    NumbersThatAreNone, Refuses,
+    InvalidNumbers, Refuses,
     testing::Values(
-        Unreadable{"just too high", withKeyCode("65536"),
+        Unreadable{"one too high", withKeyCode("65536"),
                    "[0].action.shortcut.keyCode: 65536 is not an integer from 0 to 65535"},
         Unreadable{"negative", withKeyCode("-1"), noKeyCode},
         Unreadable{"a fraction", withKeyCode("1.5"), noKeyCode},
         Unreadable{"almost a whole number", withKeyCode("36.00000000000000000000001"), noKeyCode},
         Unreadable{"a fraction by its exponent", withKeyCode("36e-1"), noKeyCode},
         Unreadable{"a negative whole number", withKeyCode("-36.0"), noKeyCode},
-        Unreadable{"just too high as a fraction", withKeyCode("65536.0"),
+        Unreadable{"one too high as a fraction", withKeyCode("65536.0"),
                    "[0].action.shortcut.keyCode: 65536 is not an integer from 0 to 65535"},
         Unreadable{"beyond a double's range", withKeyCode("1e400"), noKeyCode},
         Unreadable{"below a double's range", withKeyCode("1e-400"), noKeyCode},
@@ -421,10 +421,10 @@ INSTANTIATE_TEST_SUITE_P(
                    "[1]: not an object"},
         Unreadable{"an element that is a text", R"(["twoFingerTap"])", "[0]: not an object"},
         Unreadable{"an element that is an array", "[[]]", "[0]: not an object"},
-        Unreadable{"an object for the array", Object().text(), "not an array"},
-        Unreadable{"a number for the array", "0", "not an array"},
-        Unreadable{"null for the array", "null", "not an array"},
-        Unreadable{"a text for the array", "\"[]\"", "not an array"}));
+        Unreadable{"an object instead of the array", Object().text(), "not an array"},
+        Unreadable{"a number instead of the array", "0", "not an array"},
+        Unreadable{"null instead of the array", "null", "not an array"},
+        Unreadable{"a string instead of the array", "\"[]\"", "not an array"}));
 
 // The text between the location and the end comes from the parser.
 struct NoJson {
@@ -456,24 +456,24 @@ INSTANTIATE_TEST_SUITE_P(
         NoJson{"nothing", ""}, NoJson{"space", " \n"}, NoJson{"half a file", in({}).substr(0, 90)},
         NoJson{"only its first byte", "["},
         NoJson{"only its last byte is missing", in({}).substr(0, in({}).size() - 1)},
-        NoJson{"something behind it", "[] x", "not JSON: parse error at line 1, column 4: "},
-        NoJson{"a second array behind it", in({}) + "[]"}, NoJson{"one bracket too many", "[]]"},
+        NoJson{"trailing text", "[] x", "not JSON: parse error at line 1, column 4: "},
+        NoJson{"a second array after it", in({}) + "[]"}, NoJson{"one bracket too many", "[]]"},
         NoJson{"a comma at the end", "[" + Object().text() + ",]"},
         NoJson{"a comma at an object's end", in({.enabled = R"("enabled": true,)"})},
         NoJson{"a comment", "[] // none"}, NoJson{"single quotes", "['a']"},
         NoJson{"a key without quotes", "[{id: 1}]"}, NoJson{"not a number", "[NaN]"},
         NoJson{"infinity", withKeyCode("Infinity")}, NoJson{"hexadecimal", withKeyCode("0x24")},
         NoJson{"a leading zero", withKeyCode("036")}, NoJson{"a plus sign", withKeyCode("+36")},
-        NoJson{"a point at the end", withKeyCode("36.")},
+        NoJson{"a trailing decimal point", withKeyCode("36.")},
         NoJson{"a huge number with a leading zero", withModifiers("01e400")},
-        NoJson{"a huge number without a digit behind the point", withModifiers("1.e400")},
+        NoJson{"a huge number without a digit after the point", withModifiers("1.e400")},
         NoJson{"two signs before a huge number", withModifiers("--1e400")},
-        NoJson{"a word that ends in a huge number", withModifiers("nul1e400")},
-        NoJson{"a point behind a huge number", withModifiers("1e400.5")},
-        NoJson{"a line's end in a text", "[\"a\nb\"]"},
-        NoJson{"bytes that are no text",
+        NoJson{"a token that ends in a huge number", withModifiers("nul1e400")},
+        NoJson{"a decimal point after a huge number", withModifiers("1e400.5")},
+        NoJson{"a newline in a string", "[\"a\nb\"]"},
+        NoJson{"invalid UTF-8",
                withScope("{\"kind\": \"app\", \"bundleID\": \"\xFF\xFE\", \"name\": \"\"}")},
-        NoJson{"such bytes where nobody looks",
+        NoJson{"invalid UTF-8 in an ignored value",
                in({.enabled = "\"enabled\": true, \"x\": \"\xC3\x28\""})},
         NoJson{"a surrogate in bytes",
                in({.enabled = "\"enabled\": true, \"x\": \"\xED\xA0\x80\""})},
@@ -482,12 +482,13 @@ INSTANTIATE_TEST_SUITE_P(
         NoJson{"a byte-order mark alone", "\xEF\xBB\xBF"},
         NoJson{"half a byte-order mark", "\xEF\xBB[]"},
         NoJson{"a byte-order mark in the middle", "[\xEF\xBB\xBF]"},
-        NoJson{"16-bit characters", "\xFF\xFE[\0]\0"s}, NoJson{"a zero byte behind it", "[]\0"s},
-        NoJson{"something behind a zero byte", "[]\0garbage"s},
+        NoJson{"16-bit characters", "\xFF\xFE[\0]\0"s}, NoJson{"a trailing zero byte", "[]\0"s},
+        NoJson{"text after a zero byte", "[]\0garbage"s},
         NoJson{"a zero byte in a text", in({.enabled = "\"enabled\": true, \"x\": \"\0\""s})},
-        NoJson{"a zero byte first", "\0[]"s}, NoJson{"a very long word", std::string(100'000, 'x')},
+        NoJson{"a zero byte first", "\0[]"s},
+        NoJson{"a very long token", std::string(100'000, 'x')},
         NoJson{"a very long text that does not end", "[\"" + std::string(100'000, '\x7F')},
-        NoJson{"a terminal's orders", "[\x1B[2J]"},
+        NoJson{"terminal escape sequences", "[\x1B[2J]"},
         NoJson{"on its third line", "[\n\n  x]", "not JSON: parse error at line 3, column 3: "}));
 
 } // namespace

@@ -390,7 +390,7 @@ using BindingStoreDeathTest = BindingStoreTest;
 
 TEST_F(BindingStoreDeathTest, WithoutAFolderForApplicationDataTheProgramAborts) {
     EXPECT_EXIT(BindingStore([] { return fs::path(); }), testing::KilledBySignal(SIGABRT),
-                "glidemap: there is no folder for application data");
+                "glidemap: cannot find the folder for application data");
 }
 
 } // namespace

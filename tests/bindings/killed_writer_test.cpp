@@ -107,8 +107,8 @@ private:
 };
 
 #if defined(GLIDEMAP_STOPS_AT_SYSTEM_CALLS)
-// A process that makes one change and stops at the entry and exit of every system call, so that it
-// can be killed there however fast the machine is.
+// A process that makes one change and stops at the entry and exit of every system call. It can be
+// killed at each of them, however fast the machine is.
 class SteppedWriter {
 public:
     SteppedWriter(BindingStore& store, unsigned number) {

@@ -244,7 +244,7 @@ TEST(ReplayDriver, ReturnsNoDeviceAndLogsTheReason) {
          "/no/such/file: cannot be opened: No such file or directory"},
         {"malformed", bad, bad + ":2: \"t\" is not a number"},
         {"no recording", stranger,
-         stranger + ":1: neither a Glidemap recording, nor one by evemu or by libinput record"},
+         stranger + ":1: not a recording by Glidemap, evemu or libinput record"},
     };
     for (const Row& row : rows) {
         ReplaySession session;

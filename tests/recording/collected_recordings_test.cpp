@@ -1,5 +1,5 @@
-// Reads every evemu recording of a collection from real touchpads and compares the result with a
-// much simpler count of tracking ids and positions, taken directly from the text.
+// Reads every evemu recording of a collection from real touchpads. Compares the result with a much
+// simpler count of tracking ids and positions, taken directly from the text.
 #include "read_records.h"
 #include "recording/recording_reader.h"
 

@@ -141,7 +141,8 @@ TEST(Evemu, PrefersItsOwnDescription) {
 }
 
 TEST(Evemu, IsRejectedWithoutADescription) {
-    const std::string message = "tells nothing of its device, and no .desc file beside it does";
+    const std::string message =
+        "does not describe its device, and there is no .desc file beside it";
     EXPECT_EQ(readRecords(down).error, "file: " + message);
     EXPECT_EQ(readBeside("pad.events", down, {{"other.desc", head}}).error,
               "pad.events: " + message);
@@ -159,7 +160,7 @@ TEST(Evemu, OfADeviceWithoutSlotsIsRejected) {
     EXPECT_EQ(readRecords("N: old\nA: 00 0 100 0 0\nA: 35 0 9 0 0\nA: 36 0 9 0 0\n" + down).error,
               "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
     EXPECT_EQ(readRecords("N: odd\nA: 2f 0 1 0 0\nA: 36 0 9 0 0\n" + down).error,
-              "file: the device does not report where its contacts are (it has no "
+              "file: the device does not report contact positions (it has no "
               "ABS_MT_POSITION_X or ABS_MT_POSITION_Y)");
 }
 

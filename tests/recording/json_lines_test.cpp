@@ -44,29 +44,29 @@ const GoodRow goodRows[] = {
      R"({"t":1,"frontmost":{"bundleID":"org.example.App"}})",
      {"1: frontmost org.example.App ''"}},
     {"no application", R"({"t":1,"frontmost":null})", {"1: frontmost none"}},
-    {"a time and nothing known", R"({"t":1,"battery":[1,{"a":[]}]})", {"1: time"}},
+    {"a time and unknown keys", R"({"t":1,"battery":[1,{"a":[]}]})", {"1: time"}},
     {"a time and nothing else", R"({"t":1})", {"1: time"}},
     {"keys in any order",
      R"({"touches":[[1,0.25,0.75,4]],"t":0.5})"
      "\n"
      R"({"down":true,"t":1,"button":0})",
      {"0.5: 1@0.25,0.75 state 4", "1: button 0 down"}},
-    {"of a key that stands twice the last one",
+    {"the last value of a repeated key",
      R"({"t":1,"touches":[[1,0,0,4]],"t":2,"touches":[[2,1,1,4]]})",
      {"2: 2@1,1 state 4"}},
-    {"unknown keys at any place, with anything in them",
+    {"unknown keys anywhere, with any values",
      R"({"pen":{"touches":[[1]],"t":"x"},"t":1,"touches":[[1,0,0,4]],"e":[[[]]],"n":null})"
      "\n"
      R"({"t":2,"frontmost":{"pid":[7],"bundleID":"b","x":{"name":1},"name":"n"}})",
      {"1: 1@0,0 state 4", "2: frontmost b 'n'"}},
-    {"a device that is not told in a head", R"({"t":1,"device":["x"]})", {"1: time"}},
+    {"a device outside a head", R"({"t":1,"device":["x"]})", {"1: time"}},
     {"time that goes backwards, below zero too",
      "{\"t\":2}\n{\"t\":1}\n{\"t\":-1.5}\n",
      {"2: time", "1: time", "-1.5: time"}},
     {"lines that end in CRLF, and blank ones",
      "\r\n{\"t\":1}\r\n\r\n  \n{\"t\":2}\r\n",
      {"1: time", "2: time"}},
-    {"a last line without its end", "{\"t\":1}\n{\"t\":2}", {"1: time", "2: time"}},
+    {"a last line without a terminator", "{\"t\":1}\n{\"t\":2}", {"1: time", "2: time"}},
     {"blanks around everything",
      "  { \"t\" : 1 , \"touches\" : [ [ 1 , 0 , 1 , 4 ] ] }  ",
      {"1: 1@0,1 state 4"}},
@@ -77,7 +77,7 @@ const GoodRow goodRows[] = {
     {"the ends of the 32-bit numbers",
      R"({"t":1,"touches":[[2147483647,0,0,-2147483648]]})",
      {"1: 2147483647@0,0 state -2147483648"}},
-    {"a head, more of them, and what else they tell",
+    {"a head, repeated heads, and their other keys",
      R"({"glidemap-recording":1,"device":"pad","size":[100,60]})"
      "\n"
      R"({"t":1})"
@@ -166,10 +166,10 @@ const BadRow badRows[] = {
     {R"({"t":1,"touches":[[18446744073709551615,0,0,4]]})",
      "touch 1: the identifier is not a 32-bit integer"},
     {R"({"t":1,"touches":[["1",0,0,4]]})", "touch 1: the identifier is not a 32-bit integer"},
-    {R"({"t":1,"touches":[[1,null,0,4]]})", "touch 1: x is not a number that a position can be"},
-    {R"({"t":1,"touches":[[1,3.5e38,0,4]]})", "touch 1: x is not a number that a position can be"},
-    {R"({"t":1,"touches":[[1,0,"0",4]]})", "touch 1: y is not a number that a position can be"},
-    {R"({"t":1,"touches":[[1,0,[0],4]]})", "touch 1: y is not a number that a position can be"},
+    {R"({"t":1,"touches":[[1,null,0,4]]})", "touch 1: x is not a valid position"},
+    {R"({"t":1,"touches":[[1,3.5e38,0,4]]})", "touch 1: x is not a valid position"},
+    {R"({"t":1,"touches":[[1,0,"0",4]]})", "touch 1: y is not a valid position"},
+    {R"({"t":1,"touches":[[1,0,[0],4]]})", "touch 1: y is not a valid position"},
     {R"({"t":1,"touches":[[1,0,0,4.0]]})", "touch 1: the state is not a 32-bit integer"},
     {R"({"t":1,"touches":[[1,0,0,-2147483649]]})", "touch 1: the state is not a 32-bit integer"},
     {R"({"t":1,"touches":[[1,0,0,{}]]})", "touch 1: the state is not a 32-bit integer"},
@@ -292,8 +292,7 @@ TEST(Recording, InAnUnknownFormatIsRejected) {
     for (const char* content : strangers) {
         const ReadRecording recording = readRecords(std::string(content));
         EXPECT_THAT(recording.records, IsEmpty());
-        EXPECT_EQ(recording.error,
-                  "file:1: neither a Glidemap recording, nor one by evemu or by libinput record");
+        EXPECT_EQ(recording.error, "file:1: not a recording by Glidemap, evemu or libinput record");
     }
 }
 

@@ -187,7 +187,7 @@ struct BadRow {
 
 TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsLocationAndReason) {
     const char* event = "an event is not [seconds, microseconds, type, code, value]";
-    const char* number = "not a number that belongs here";
+    const char* number = "not a valid number";
     const BadRow rows[] = {
         {"    - [0, 1, 3, 57]", event},
         {"    - []", event},
@@ -197,7 +197,7 @@ TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsLocationAndReason) {
         {"    - [0, 0, 3, 57, 2147483648]", number},
         {"    - [0, 0, 3, x, 1]", number},
         {"    - [0, 0, 3, , 1]", "not valid YAML: did not find expected node content"},
-        {"    - {a: 1}", "not as libinput record writes it: a list belongs here"},
+        {"    - {a: 1}", "not in the format of libinput record: expected a list"},
         {"    - [0, 0, 3, *name, 1]", "aliases are not supported"},
     };
     for (const BadRow& row : rows) {
@@ -228,19 +228,20 @@ TEST(LibinputRecord, MalformedHeadIsRejectedWithItsLocationAndReason) {
         {"version: 1\n- a", "file:2: not valid YAML: did not find expected key"},
         {"version: [1", "file:2: not valid YAML: did not find expected ',' or ']'"},
         {"version: 1\nx: \"a\\q\"", "file:2: not valid YAML: found unknown escape character"},
-        {"---\n", "file:2: not as libinput record writes it: keys and values belong here"},
+        {"---\n", "file:2: not in the format of libinput record: expected keys and values"},
         {"version: 1\nx: &a 1\ny: *a", "file:2: anchors are not supported"},
-        {"version: 1\n? [1]\n: 2", "file:2: not as libinput record writes it: a key is not a word"},
-        {"--- [1]", "file:1: not as libinput record writes it: keys and values belong here"},
-        {"--- 1", "file:1: not as libinput record writes it: keys and values belong here"},
+        {"version: 1\n? [1]\n: 2",
+         "file:2: not in the format of libinput record: a key is not a scalar"},
+        {"--- [1]", "file:1: not in the format of libinput record: expected keys and values"},
+        {"--- 1", "file:1: not in the format of libinput record: expected keys and values"},
         {"version: 1\ndevices: {a: 1}",
-         "file:2: not as libinput record writes it: a list belongs here"},
+         "file:2: not in the format of libinput record: expected a list"},
         {"version: 1\ndevices: [[1]]",
-         "file:2: not as libinput record writes it: keys and values belong here"},
+         "file:2: not in the format of libinput record: expected keys and values"},
         {"version: 1\ndevices:\n- evdev:\n    absinfo:\n      x: [0, 1]",
-         "file:5: not a number that belongs here"},
+         "file:5: not a valid number"},
         {"version: 1\ndevices:\n- evdev:\n    absinfo:\n      1: [0, x]",
-         "file:5: not a number that belongs here"},
+         "file:5: not a valid number"},
         {"version: 1\nx: " + nested(16), "file:2: values are nested more than 16 deep"},
         {"version: 1\nx: " + nested(30'000), "file:2: values are nested more than 16 deep"},
         {"version: 1\nx: \"" + std::string(70'000, 'a') + "\"",
