@@ -88,24 +88,26 @@ struct CommandLine {
 
 TEST(ReplayErrors, AnInvalidCommandLineIsExplainedAndNothingIsPlayed) {
     const CommandLine rows[] = {
-        {{}, "no recording named"},
-        {{"--json"}, "no recording named"},
-        {{"--nonsense", "-"}, "cannot make sense of --nonsense"},
-        {{"--json=yes", "-"}, "cannot make sense of --json=yes"},
-        {{"--json", "-xy", "-"}, "there is no option -x"},
+        {{}, "no recording given"},
+        {{"--json"}, "no recording given"},
+        {{"--nonsense", "-"}, "invalid option --nonsense"},
+        {{"--json=yes", "-"}, "invalid option --json=yes"},
+        {{"--json", "-xy", "-"}, "unknown option -x"},
         {{"--double-tap"}, "--double-tap needs a value"},
         {{"--double-tap", "1", "-"}, "--double-tap takes 2, 3 or 4, not \"1\""},
         {{"--double-tap", "5", "-"}, "--double-tap takes 2, 3 or 4, not \"5\""},
         {{"--double-tap", "2x", "-"}, "--double-tap takes 2, 3 or 4, not \"2x\""},
         {{"--double-tap", "", "-"}, "--double-tap takes 2, 3 or 4, not \"\""},
-        {{"--seed", "3", "-"}, "--seed goes with --demonstrate or --write-demonstration"},
+        {{"--seed", "3", "-"}, "--seed needs --demonstrate or --write-demonstration"},
         {{"--write-demonstration"}, "--write-demonstration needs a value"},
-        {{"--write-demonstration", "x", "-"}, "--write-demonstration plays nothing"},
-        {{"--write-demonstration", "x", "--demonstrate"}, "--write-demonstration plays nothing"},
+        {{"--write-demonstration", "x", "-"},
+         "--write-demonstration cannot be combined with --demonstrate or with files"},
+        {{"--write-demonstration", "x", "--demonstrate"},
+         "--write-demonstration cannot be combined with --demonstrate or with files"},
         {{"--demonstrate", "--seed", "-1"}, "--seed takes a whole number, not \"-1\""},
-        {{"--demonstrate", "-"}, "--demonstrate plays no files"},
-        {{"--demonstrate", "--double-tap=2"}, "--demonstrate binds double taps by itself"},
-        {{"--demonstrate", "--bindings=x"}, "--demonstrate runs no bindings"},
+        {{"--demonstrate", "-"}, "--demonstrate does not play files"},
+        {{"--demonstrate", "--double-tap=2"}, "--demonstrate cannot be combined with --double-tap"},
+        {{"--demonstrate", "--bindings=x"}, "--demonstrate cannot be combined with --bindings"},
         {{"--bindings"}, "--bindings needs a value"},
         {{"--lang", "fr", "-"}, "--lang takes en or zh, not \"fr\""},
         {{"--lang=", "-"}, "--lang takes en or zh, not \"\""},
@@ -113,7 +115,7 @@ TEST(ReplayErrors, AnInvalidCommandLineIsExplainedAndNothingIsPlayed) {
     };
     for (const CommandLine& row : rows) {
         EXPECT_EQ(replay(row.arguments, tapOf(2, 0, 0.1)),
-                  (Ended{2, "", "glidemap-replay: " + row.message + " (--help explains)\n"}));
+                  (Ended{2, "", "glidemap-replay: " + row.message + " (see --help)\n"}));
     }
 }
 

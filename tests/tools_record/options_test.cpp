@@ -31,7 +31,7 @@ TEST(Options, AreAFileOrARequestForHelp) {
         {{"-o", "touch.jsonl", "--help"}, "help"},
         {{"-o"}, "-o needs a file"},
         {{"-o", ""}, "-o needs a file"},
-        {{"-o", "a", "-o", "b"}, "more than one -o"},
+        {{"-o", "a", "-o", "b"}, "-o was given more than once"},
         {{"touch.jsonl"}, "unknown argument 'touch.jsonl'"},
         {{"-x"}, "unknown argument '-x'"},
         {{""}, "unknown argument ''"},

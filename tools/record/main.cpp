@@ -91,12 +91,12 @@ int record(const Options& options) {
     engine->start();
     if (!touchpads.areStarted()) {
         engine->stop();
-        return complain("this touch driver cannot be recorded from");
+        return complain("this touch driver does not support recording");
     }
     // Printed only now, because every touch is recorded from here on. A driver that plays
     // recordings has no device names.
     const std::string names = touchpads.names();
-    std::fprintf(stderr, "Recording%s%s; Ctrl-C ends it.\n", names.empty() ? "" : " ",
+    std::fprintf(stderr, "Recording%s%s; press Ctrl-C to stop.\n", names.empty() ? "" : " ",
                  names.c_str());
     interruption.wait();
     engine->stop();

@@ -5,25 +5,25 @@ namespace glidemap::record {
 namespace {
 
 constexpr const char* noTouchpad = R"(no touchpad found
-Only multitouch touchpads can be recorded. If there is one, see whether udev knows it as a touchpad:
+Only multitouch touchpads can be recorded. To check whether udev recognises one as a touchpad, run
   grep -l ID_INPUT_TOUCHPAD=1 /run/udev/data/c13:*
 )";
 
 // The first option grants access only to the user at the machine.
 constexpr const char* whatToDo = R"(
-To let whoever sits at this machine read its touchpads, and nothing else, write this line
+To let the user at this machine read its touchpads, and no other device, add this line
   ACTION!="remove", SUBSYSTEM=="input", KERNEL=="event*", ENV{ID_INPUT_TOUCHPAD}=="1", TAG+="uaccess"
-into /etc/udev/rules.d/70-glidemap.rules, and then
+to /etc/udev/rules.d/70-glidemap.rules, and run
   sudo udevadm control --reload
   sudo udevadm trigger --subsystem-match=input --action=change
 
-Or, until the touchpad is plugged in again, with N as `sudo libinput list-devices` shows it:
+Or grant access until the touchpad is plugged in again (`sudo libinput list-devices` shows N):
   sudo setfacl --modify user:$USER:r /dev/input/eventN
 
-As a last resort, for this once: sudo glidemap-record -o FILE
+As a last resort, run it once as root: sudo glidemap-record -o FILE
 
-Do not join the group "input" for this: every program of yours could then read every keyboard,
-and with it every password that is typed.
+Do not join the group "input" for this: all your programs could then read every keyboard,
+and with it every password that you type.
 )";
 
 } // namespace
@@ -34,20 +34,20 @@ const char* const usageText = "Usage: glidemap-record [-o FILE]\n"
 const char* const helpText =
     R"(Usage: glidemap-record [-o FILE]
 
-Records this machine's touchpads until it is interrupted (Ctrl-C), and names each gesture at the
-moment in which it is recognised. glidemap-replay plays recordings.
+Records this machine's touchpads until it is interrupted (Ctrl-C), and prints each gesture when it
+is recognised. glidemap-replay plays recordings.
 
   -o FILE   write the recording to FILE, replacing it, and the gestures to standard output; without
-            it the recording goes to standard output and the gestures to standard error
-  --help    show this text
+            this option, the recording goes to standard output and the gestures to standard error
+  --help    show this help
 
-The recording tells where fingers were and when, and which mouse buttons of the touchpad were
-pressed. It holds no keys and nothing that was typed.
+A recording contains the positions and times of fingers, and the presses of the touchpad's buttons.
+It contains no keys and no typed text.
 
-Exit status: 0 when interrupted; 1 when there is no touchpad, when it may not be read, or when the
-recording cannot be written; 2 for a command line that makes no sense.
+Exit status: 0 if interrupted; 1 if there is no touchpad, if you have no permission to read it, or
+if the recording cannot be written; 2 if the command line is invalid.
 
-GLIDEMAP_TOUCH_DRIVER in the environment names another touch driver by its path.
+The environment variable GLIDEMAP_TOUCH_DRIVER may contain the path of another touch driver.
 )";
 
 std::string nothingToRecord(std::int32_t unreadableTouchpads) {

@@ -16,7 +16,7 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count,
             return UsageError{"unknown argument '" + std::string(argument) + "'"};
         }
         if (options.file.has_value()) {
-            return UsageError{"more than one -o"};
+            return UsageError{"-o was given more than once"};
         }
         if (index + 1 == count || *arguments[index + 1] == '\0') {
             return UsageError{"-o needs a file"};

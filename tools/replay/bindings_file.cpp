@@ -19,7 +19,7 @@ struct Close {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-UnusableBindings systemsReason() {
+UnusableBindings systemError() {
     return {std::generic_category().message(errno)};
 }
 
@@ -27,7 +27,7 @@ UnusableBindings systemsReason() {
 std::variant<std::string, UnusableBindings> contentOf(const std::string& fileName) {
     const std::unique_ptr<std::FILE, Close> file(std::fopen(fileName.c_str(), "rbe"));
     if (!file) {
-        return systemsReason();
+        return systemError();
     }
     std::string content;
     std::array<char, 65536> part{};
@@ -39,7 +39,7 @@ std::variant<std::string, UnusableBindings> contentOf(const std::string& fileNam
         }
     }
     if (std::ferror(file.get()) != 0) {
-        return systemsReason();
+        return systemError();
     }
     return content;
 }

@@ -50,8 +50,8 @@ Status demonstrate(const Options& options, ReplayDriver& driver, Printer& printe
                    Statistics& statistics) {
     const auto speed = options.realTime ? Pace::Speed::realTime : Pace::Speed::asFastAsPossible;
     std::vector<Recognised> outcome;
-    Run run(driver, speed, {}, [&](const Happening& happening) {
-        if (const auto* recognised = std::get_if<Recognised>(&happening)) {
+    Run run(driver, speed, {}, [&](const RunEvent& event) {
+        if (const auto* recognised = std::get_if<Recognised>(&event)) {
             outcome.push_back(*recognised);
             statistics.count(*recognised);
         }

@@ -36,18 +36,18 @@ Desk::Desk(BindingList bindings, const VirtualTime& runTime,
            const std::shared_ptr<TouchEngine>& engine, Listener newListener)
     : time(runTime), listener(std::move(newListener)),
       store(std::make_shared<BindingStore>(std::move(bindings))),
-      workspace(std::make_shared<PretendedWorkspace>(PretendedWorkspace::Told{
-          .launched = [this](const std::string& bundleID) { tellLaunch(bundleID); },
+      workspace(std::make_shared<SimulatedWorkspace>(SimulatedWorkspace::Listeners{
+          .launched = [this](const std::string& bundleID) { reportLaunch(bundleID); },
           .missionControl =
               [this] {
                   listener(Performed{time.now(), MissionControl{}});
               }})),
       dispatcher(GestureDispatcher::create(
           {.store = store,
-           .defaults = std::make_shared<PretendedUserDefaults>(),
+           .defaults = std::make_shared<SimulatedUserDefaults>(),
            .mainQueue = time.mainQueue(),
            .workspace = workspace,
-           .actionRunner = std::make_shared<ActionRunner>(pretendedPorts())})),
+           .actionRunner = std::make_shared<ActionRunner>(simulatedPorts())})),
       runtime({engine, store, dispatcher, tap}) {
     watch();
 }
@@ -68,12 +68,12 @@ void Desk::watch() {
         };
 }
 
-ActionRunner::Ports Desk::pretendedPorts() {
+ActionRunner::Ports Desk::simulatedPorts() {
     return {.workspace = workspace,
-            .keyEvents = std::make_shared<PretendedKeyEvents>([this](const KeyEvent& event) {
+            .keyEvents = std::make_shared<SimulatedKeyEvents>([this](const KeyEvent& event) {
                 listener(KeyPosted{time.now(), event});
             }),
-            .screenLock = std::make_shared<PretendedScreenLock>([this] {
+            .screenLock = std::make_shared<SimulatedScreenLock>([this] {
                 listener(Performed{time.now(), LockScreen{}});
             })};
 }
@@ -106,7 +106,7 @@ Routing Desk::route(GestureType gesture) {
 }
 
 // The workspace receives only the identifier, not the name that the binding shows.
-void Desk::tellLaunch(const std::string& bundleID) {
+void Desk::reportLaunch(const std::string& bundleID) {
     const auto* const launch = std::get_if<LaunchApp>(&routed->action);
     listener(Performed{time.now(),
                        LaunchApp{bundleID, launch != nullptr ? launch->name : std::string()}});

@@ -10,10 +10,10 @@
 
 #include "bindings/binding_store.h"
 #include "dispatch/gesture_runtime.h"
-#include "happening.h"
 #include "platform/virtual/virtual_time.h"
-#include "pretended_ports.h"
 #include "recording/record.h"
+#include "run_event.h"
+#include "simulated_ports.h"
 
 #include <functional>
 #include <memory>
@@ -41,14 +41,14 @@ public:
 private:
     Routing route(GestureType gesture);
     void watch();
-    ActionRunner::Ports pretendedPorts();
-    void tellLaunch(const std::string& bundleID);
+    ActionRunner::Ports simulatedPorts();
+    void reportLaunch(const std::string& bundleID);
 
     const VirtualTime& time;
     Listener listener;
     std::shared_ptr<BindingStore> store;
-    std::shared_ptr<PretendedWorkspace> workspace;
-    std::shared_ptr<PretendedClickTap> tap = std::make_shared<PretendedClickTap>();
+    std::shared_ptr<SimulatedWorkspace> workspace;
+    std::shared_ptr<SimulatedClickTap> tap = std::make_shared<SimulatedClickTap>();
     std::shared_ptr<GestureDispatcher> dispatcher;
     GestureRuntime runtime;
     std::optional<Routing> delivered;

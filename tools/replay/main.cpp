@@ -78,7 +78,7 @@ int main(int count, char** arguments) {
         return exitCode(Status::success);
     }
     if (const auto* error = std::get_if<UsageError>(&parsed)) {
-        return complain(error->message + " (--help explains)", Status::badInput);
+        return complain(error->message + " (see --help)", Status::badInput);
     }
     return run(std::get<Options>(parsed));
 }

@@ -12,49 +12,49 @@
 namespace glidemap::replay {
 
 const char* const helpText =
-    R"(Recognises the gestures in touch recordings, through the same driver interface, device manager,
-engine, recognizer and dispatcher as live touches, and prints each in order, with what it would do.
-Nothing is done.
+    R"(Recognises the gestures in touch recordings, with the same driver interface, device manager, engine,
+recognizer and dispatcher as for live touches, and prints them in order, with the actions that they
+would trigger. No action is performed.
 
   glidemap-replay [OPTION]... FILE...
   glidemap-replay --demonstrate [--seed N] [--lang en|zh] [--json] [--real-time] [--stats]
   glidemap-replay --write-demonstration FOLDER [--seed N]
 
 FILE is a recording by glidemap-record (JSON Lines), evemu or `libinput record`; - is standard
-input. Several files are independent runs, each preceded by its name.
+input. Each file is an independent run; the names of several files precede their output.
 
   --double-tap COUNT  act as if a double tap of COUNT fingers (2, 3 or 4) were bound: single taps of
                       that count are held back until no second one can follow; may be repeated
-  --bindings FILE     what gestures and clicks are bound to, in the form of bindings.json; without it,
-                      nothing. FILE is only read
+  --bindings FILE     the bindings of gestures and clicks, in the format of bindings.json (none);
+                      FILE is not modified
   --lang en|zh        the language of names and actions (en)
-  --json              one JSON object a line:
+  --json              print one JSON object per line:
                         {"t":12.345,"gesture":"twoFingerTap","delivered":true,"binding":"5A…",
                          "action":"Shortcut ⌥⌘→","app":"Editor"}
-                      delivered is false, and nothing follows it, for a gesture that came within
-                      0.25 s of the one before; binding and action are null where no binding matched,
-                      app where no frontmost application is known. What would be done follows:
+                      for a gesture within 0.25 s of the previous one, delivered is false and the
+                      later fields are missing; binding and action are null if no binding matches,
+                      app is null if the frontmost application is unknown. Actions follow:
                         {"t":12.345,"keyEvent":{"keyCode":124,"down":true,"flags":1572864}}
                         {"t":12.345,"perform":"launchApp","bundleID":"ID","name":"NAME"}
                         {"t":12.345,"perform":"lockScreen"}      (or "missionControl")
-                      and each button of the recording has
+                      each button event of the recording prints
                         {"t":12.345,"button":0,"down":true,"swallowed":false}
-                      several files are each preceded by {"file":"NAME"}
-  --real-time         as fast as it was recorded, not as fast as possible
-  --stats             in the end, print figures of the run to standard error
-  --demonstrate       perform each of the 44 gestures that contacts alone can make, as a hand would,
-                      and print what was recognised
+                      each of several files is preceded by {"file":"NAME"}
+  --real-time         play at the recorded speed, not as fast as possible
+  --stats             at the end, print statistics to standard error
+  --demonstrate       perform each of the 44 gestures that contacts alone can make, like a hand,
+                      and print the recognised gestures
   --write-demonstration FOLDER
-                      write the same performances into FOLDER/recording.jsonl, and bindings that do
-                      nothing into FOLDER/Glidemap/bindings.json unless there are some, and print
-                      nothing: with them the program can be shown without a touchpad
-  --seed N            another way to perform them (1)
-  --help              print this
+                      write the same performances to FOLDER/recording.jsonl, and bindings without
+                      effect to FOLDER/Glidemap/bindings.json unless it exists, and print
+                      nothing: with these files the program can be shown without a touchpad
+  --seed N            vary the performances (1)
+  --help              show this help
 
-Exit status: 0 when every recording was read to its end and, with --demonstrate, every performance was
-recognised as what it was meant to be and as nothing else; 1 when it was not, or the touch driver
-cannot be used, or output cannot be written; 2 for a recording or a bindings file that is missing or
-malformed and for a wrong command line.
+Exit status: 0 if every recording was read to its end and, with --demonstrate, every performance was
+recognised as exactly its intended gesture; 1 when a performance was not, or if the touch driver
+cannot be used or output cannot be written; 2 for a missing or malformed recording or bindings file,
+and for an invalid command line.
 )";
 
 namespace {
@@ -109,23 +109,24 @@ std::optional<UsageError> setLanguage(Options& options, const std::string& code)
 
 std::optional<UsageError> check(const Options& options, bool hasSeed) {
     if (options.demonstrate && !options.files.empty()) {
-        return UsageError{"--demonstrate plays no files"};
+        return UsageError{"--demonstrate does not play files"};
     }
     if (options.demonstrate && !options.boundDoubleTaps.empty()) {
-        return UsageError{"--demonstrate binds double taps by itself"};
+        return UsageError{"--demonstrate cannot be combined with --double-tap"};
     }
     if (options.demonstrate && options.bindingsFile) {
-        return UsageError{"--demonstrate runs no bindings"};
+        return UsageError{"--demonstrate cannot be combined with --bindings"};
     }
     const bool performs = options.demonstrate || options.demonstrationFolder;
     if (hasSeed && !performs) {
-        return UsageError{"--seed goes with --demonstrate or --write-demonstration"};
+        return UsageError{"--seed needs --demonstrate or --write-demonstration"};
     }
     if (options.demonstrationFolder && (options.demonstrate || !options.files.empty())) {
-        return UsageError{"--write-demonstration plays nothing"};
+        return UsageError{
+            "--write-demonstration cannot be combined with --demonstrate or with files"};
     }
     if (!performs && options.files.empty()) {
-        return UsageError{"no recording named"};
+        return UsageError{"no recording given"};
     }
     return std::nullopt;
 }
@@ -135,12 +136,12 @@ bool isOurs(int letter) {
                        [letter](const option& known) { return known.val == letter; });
 }
 
-std::string notUnderstood(int result, char** arguments) {
+std::string optionError(int result, char** arguments) {
     if (result == '?' && optopt != 0 && !isOurs(optopt)) {
-        return std::string("there is no option -") + static_cast<char>(optopt);
+        return std::string("unknown option -") + static_cast<char>(optopt);
     }
     const std::string argument = arguments[optind - 1]; // getopt has already advanced past it
-    return result == ':' ? argument + " needs a value" : "cannot make sense of " + argument;
+    return result == ':' ? argument + " needs a value" : "invalid option " + argument;
 }
 
 } // namespace
@@ -188,7 +189,7 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
         case 'h':
             return HelpRequest{};
         default:
-            error = UsageError{notUnderstood(result, arguments)};
+            error = UsageError{optionError(result, arguments)};
         }
     }
     options.files.assign(arguments + optind, arguments + count);

@@ -1,6 +1,6 @@
 #include "printer.h"
 
-#include "happening_lines.h"
+#include "run_event_lines.h"
 
 #include <cstdio>
 #include <string_view>
@@ -41,8 +41,8 @@ void Printer::printFile(const std::string& name) {
     line(isJson() ? R"({"file":)" + quoted(name) + "}" : name);
 }
 
-void Printer::print(const Happening& happening) {
-    const std::string text = isJson() ? jsonOf(happening) : textOf(happening);
+void Printer::print(const RunEvent& event) {
+    const std::string text = isJson() ? jsonOf(event) : textOf(event);
     if (!text.empty()) {
         line(text);
     }

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "core/gesture_type.h"
-#include "happening.h"
+#include "run_event.h"
 
 #include <string>
 #include <vector>
@@ -20,7 +20,7 @@ public:
     explicit Printer(Form chosen);
 
     void printFile(const std::string& name);
-    void print(const Happening& happening);
+    void print(const RunEvent& event);
 
     // A performance: its intended gesture when it begins, its result when it ends.
     void printIntention(GestureType intended);

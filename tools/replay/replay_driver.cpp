@@ -22,7 +22,8 @@ std::optional<std::string> ReplayDriver::error() const {
     if (manager.loadError()) {
         return manager.loadError();
     }
-    return pushReport == nullptr ? std::optional<std::string>("it takes no reports") : std::nullopt;
+    return pushReport == nullptr ? std::optional<std::string>("it does not accept reports")
+                                 : std::nullopt;
 }
 
 } // namespace glidemap::replay

@@ -50,9 +50,9 @@ Status replayFiles(const Options& options, const BindingList& bindings, ReplayDr
             printer.printFile(name);
         }
         statistics.beginRun();
-        Run run(driver, speed, bindings, [&](const Happening& happening) {
-            printer.print(happening);
-            if (const auto* recognised = std::get_if<Recognised>(&happening)) {
+        Run run(driver, speed, bindings, [&](const RunEvent& event) {
+            printer.print(event);
+            if (const auto* recognised = std::get_if<Recognised>(&event)) {
                 statistics.count(*recognised);
             }
         });

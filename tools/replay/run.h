@@ -14,12 +14,12 @@
 #pragma once
 
 #include "desk.h"
-#include "happening.h"
 #include "pace.h"
 #include "platform/virtual/virtual_time.h"
 #include "recognition/touch_engine.h"
 #include "recording/record.h"
 #include "replay_driver.h"
+#include "run_event.h"
 
 #include <memory>
 #include <optional>

@@ -56,7 +56,7 @@ struct Performed {
     std::variant<LaunchApp, LockScreen, MissionControl> action;
 };
 
-using Happening = std::variant<Recognised, ButtonChanged, KeyPosted, Performed>;
-using Listener = std::function<void(const Happening&)>;
+using RunEvent = std::variant<Recognised, ButtonChanged, KeyPosted, Performed>;
+using Listener = std::function<void(const RunEvent&)>;
 
 } // namespace glidemap::replay

@@ -1,4 +1,4 @@
-#include "happening_lines.h"
+#include "run_event_lines.h"
 
 #include <nlohmann/json.hpp>
 
@@ -112,22 +112,22 @@ struct Text {
         return row(button.time, what, "swallowed" + why);
     }
 
-    std::string operator()(const KeyPosted& /*told by the gesture*/) const { return ""; }
-    std::string operator()(const Performed& /*told by the gesture*/) const { return ""; }
+    std::string operator()(const KeyPosted& /*part of the gesture line*/) const { return ""; }
+    std::string operator()(const Performed& /*part of the gesture line*/) const { return ""; }
 };
 
 } // namespace
 
-std::string jsonOf(const Happening& happening) {
-    return std::visit(Json(), happening);
+std::string jsonOf(const RunEvent& event) {
+    return std::visit(Json(), event);
 }
 
 std::string recognitionJsonOf(const Recognised& recognised) {
     return openRecognition(recognised) + "}";
 }
 
-std::string textOf(const Happening& happening) {
-    return std::visit(Text(), happening);
+std::string textOf(const RunEvent& event) {
+    return std::visit(Text(), event);
 }
 
 std::string quoted(const std::string& text) {

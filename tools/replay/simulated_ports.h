@@ -22,42 +22,42 @@
 
 namespace glidemap::replay {
 
-class PretendedKeyEvents : public KeyEventPoster {
+class SimulatedKeyEvents : public KeyEventPoster {
 public:
-    using Told = std::function<void(const KeyEvent&)>;
+    using Listener = std::function<void(const KeyEvent&)>;
 
-    explicit PretendedKeyEvents(Told listener) : told(std::move(listener)) {}
+    explicit SimulatedKeyEvents(Listener listener) : notify(std::move(listener)) {}
 
     void post(std::span<const KeyEvent> events) override {
         for (const KeyEvent& event : events) {
-            told(event);
+            notify(event);
         }
     }
 
 private:
-    Told told;
+    Listener notify;
 };
 
-class PretendedScreenLock : public ScreenLock {
+class SimulatedScreenLock : public ScreenLock {
 public:
-    explicit PretendedScreenLock(std::function<void()> listener) : told(std::move(listener)) {}
+    explicit SimulatedScreenLock(std::function<void()> listener) : notify(std::move(listener)) {}
 
     bool find() override { return true; }
-    void lock(std::function<void()> /*otherwise*/) override { told(); }
+    void lock(std::function<void()> /*otherwise*/) override { notify(); }
 
 private:
-    std::function<void()> told;
+    std::function<void()> notify;
 };
 
 // Takes the frontmost application from the recording; every application is installed.
-class PretendedWorkspace : public Workspace {
+class SimulatedWorkspace : public Workspace {
 public:
-    struct Told {
+    struct Listeners {
         std::function<void(const std::string& bundleID)> launched;
         std::function<void()> missionControl;
     };
 
-    explicit PretendedWorkspace(Told listeners) : told(std::move(listeners)) {}
+    explicit SimulatedWorkspace(Listeners listeners) : notify(std::move(listeners)) {}
 
     void setFrontmost(Application application) { frontmost = std::move(application); }
 
@@ -75,12 +75,12 @@ public:
     void openURL(const std::string& /*url*/) override {}
 
 private:
-    Told told;
+    Listeners notify;
     Application frontmost;
 };
 
 // Its events come from the recording.
-class PretendedClickTap : public ClickTap {
+class SimulatedClickTap : public ClickTap {
 public:
     bool create(Callback newCallback) override {
         callback = std::move(newCallback);
@@ -101,7 +101,7 @@ private:
 };
 
 // A user without stored settings; writes are lost at the end of the run.
-class PretendedUserDefaults : public UserDefaults {
+class SimulatedUserDefaults : public UserDefaults {
 public:
     std::optional<std::string> string(std::string_view /*key*/) const override { return {}; }
     void setString(std::string_view /*key*/, std::string_view /*value*/) override {}

@@ -3,8 +3,8 @@
 // Units:   seconds.
 #pragma once
 
-#include "happening.h"
 #include "input/mt_touch.h"
+#include "run_event.h"
 
 #include <chrono>
 #include <cstdint>
