@@ -1,5 +1,5 @@
 // memory_bench [--minutes N]: the pipeline's memory after an hour of touches at 125 reports a
-// second, in virtual time, and after an hour in which one finger never lifts.
+// second, and after an hour in which one finger never lifts. Time is virtual.
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
 #include "bench/process_memory.h"

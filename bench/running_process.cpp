@@ -84,14 +84,14 @@ double cpuSecondsDuring(pid_t process, double seconds) {
     return cpuSeconds(process) - before;
 }
 
-long wakeUpsDuring(pid_t process, double seconds, std::ostream& told) {
+long wakeUpsDuring(pid_t process, double seconds, std::ostream& output) {
     const auto before = switchesByThread(process);
     letTimePass(seconds);
     long woken = 0;
     for (const auto& [thread, count] : switchesByThread(process)) {
         const auto known = before.find(thread);
         const long more = count - (known != before.end() ? known->second : 0);
-        told << thread << ": woke up " << more << " times in " << seconds << " s\n";
+        output << thread << ": woke up " << more << " times in " << seconds << " s\n";
         woken += more;
     }
     return woken;

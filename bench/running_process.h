@@ -28,7 +28,7 @@ Memory memoryOf(pid_t process);
 double cpuSecondsDuring(pid_t process, double seconds);
 
 // The same for wake-ups; prints them per thread.
-long wakeUpsDuring(pid_t process, double seconds, std::ostream& told);
+long wakeUpsDuring(pid_t process, double seconds, std::ostream& output);
 
 // Waits until none of the process's threads has run for half a second.
 void letItSettle(pid_t process);

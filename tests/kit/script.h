@@ -2,14 +2,15 @@
 //
 //   fingers(2).down().hold(0.2).moveBy(0.2, 0, 0.3).add(1).lift(1).up()
 //
-// A script is a value: each verb returns a longer script. It stores the verbs, not only the frames,
-// so the same performance can be rendered at any rate and prints as the code that created it.
+// A script is a value: each verb returns a longer script. It stores the verbs, not only the frames.
+// The same performance can therefore be rendered at any rate, and it prints as the code that
+// created it.
 //
 // When frames are sent. Every verb moves the hand from one time to another. down(), add(), lift(),
-// up() and report() send one frame, at the end of the previous verb, or one interval later if that
-// time has already been reported. hold() and until() send frames inside their time and leave its
-// end to the next verb, so the frame of `up()` in down().hold(0.3).up() is sent 0.3 s after that of
-// down(). A move ends with its own frame, at the finger's destination.
+// up() and report() send one frame, at the end of the previous verb. If that time has already been
+// reported, the frame is sent one interval later. hold() and until() send frames inside their time
+// and leave its end to the next verb. In down().hold(0.3).up(), the frame of `up()` is sent 0.3 s
+// after that of down(). A move ends with its own frame, at the finger's destination.
 //
 // Exact times. The first frame is at 0, and a time is the sum of the verbs' durations; the frames
 // between count from the start of their verb. A difference to 0 is exact, so
@@ -17,8 +18,8 @@
 // If a limit is measured from a later time, startingAt() puts that time at 0:
 // fingers(2).startingAt(-0.1).down().until(0).up() ends there.
 //
-// Exact distances. The square root of a square is exact, so a finger that starts at 0 on one axis
-// and moves along it by d has moved by exactly d.
+// Exact distances. The square root of a square is exact. A finger that starts at 0 on one axis and
+// moves along it by d has therefore moved by exactly d.
 //
 // Units:   positions normalised 0..1, origin bottom-left; seconds; radians.
 // Errors:  impossible verbs (moving before down, lifting more fingers than are down) throw
