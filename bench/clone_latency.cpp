@@ -1,8 +1,8 @@
 // clone_latency [SAMPLES]: the latency that click filtering adds to a touchpad. Runs inside the
 // kernel of the kernel tests, because it creates touchpads.
 //
-//   bare     write ─▶ touchpad ─▶ a program that waits for it           nobody else listens
-//   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver listens too
+//   bare     write ─▶ touchpad ─▶ a program that waits for it           no other reader
+//   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver reads, too
 //   cloned   write ─▶ touchpad ─▶ driver ─▶ clone ─▶ a program that waits for it
 //
 // Measured from just before the write until the program has read the frame. All threads are asleep

@@ -1,11 +1,11 @@
 // The cost of one report on the driver's thread, from the contact callback until the frame is
 // queued.
 //
-//   awake    the queue's thread has other work before it, and takes no notice
-//   busy     the queue's thread runs one short task after another all the time, and the two threads
-//            meet at the queue
-//   asleep   the queue's thread waits and has to be woken; where the two have to share a processor,
-//            the time goes on while the woken thread has its turn, and `own_ns` does not
+//   awake    the queue's thread runs another task and does not react
+//   busy     the queue's thread continuously runs short tasks, and the two threads contend for the
+//            queue
+//   asleep   the queue's thread must be woken. If both threads share a processor, the time includes
+//            the run of the woken thread; `own_ns` excludes it.
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/samples.h"

@@ -2,9 +2,9 @@
 // fingers lift to the onGesture of their tap, with the real threads.
 //
 //   asleep   the queue's thread has just gone to sleep
-//   paced    reports come every 8 ms, as a touchpad's do, and both threads sleep between them: what
-//            a person gets, the processor's own way out of its idle state included
-//   busy     the queue's thread is in a task of two microseconds whenever the report arrives
+//   paced    reports arrive every 8 ms, as from a touchpad, and both threads sleep between them:
+//            the latency in practice, including the processor's wake-up from its idle state
+//   busy     the queue's thread runs a task of two microseconds when the report arrives
 #include "bench/headless_pipeline.h"
 #include "bench/pace.h"
 #include "bench/samples.h"

@@ -2,11 +2,11 @@
 // fingers lift to the read of the key that their tap types.
 //
 //   touch_to_key/glidemap       touchpad ─▶ our driver, recognition, dispatch, main queue ─▶ keyboard
-//   touch_to_key/through_clone  the same while the touchpad is grabbed and its clone speaks for it
-//   touch_to_click/libinput     touchpad ─▶ libinput ─▶ the button event of a tap: what a desktop
-//                               takes that reads the touchpad itself
+//   touch_to_key/through_clone  the same while the touchpad is grabbed and cloned
+//   touch_to_click/libinput     touchpad ─▶ libinput ─▶ the button event of a tap: the latency of a
+//                               desktop that reads the touchpad itself
 //
-// Runs inside the test kernel (docs/performance.md), where there is one processor.
+// Runs inside the test kernel (docs/performance.md), which has one processor.
 #include "agent_session.h"
 #include "bench/samples.h"
 #include "device_reader.h"

@@ -2,9 +2,9 @@
 // pipeline. If a figure misses its target by as much as its reference does, the machine is the
 // cause.
 //
-//   copy      the allocation and the copy of a report, and nothing else
-//   lock      one uncontended lock; a report passes four
-//   wake      a bare condition variable: what waking costs the waker, and when the other runs
+//   copy      only the allocation and the copy of a report
+//   lock      one uncontended lock; a report takes four
+//   wake      a bare condition variable: the waker's cost, and the delay until the other thread runs
 #include "bench/pace.h"
 #include "bench/thread_watch.h"
 #include "bench/touching.h"

@@ -5,13 +5,13 @@
 // - A number is an integer if its exact value is one, in any notation: 36, 36.0, 3.6e1.
 // - If an object repeats a key, the last value counts.
 // - A byte-order mark at the start is skipped: some editors write one.
-// - Bytes that are not UTF-8 fail the whole array: such a file is not JSON. An escaped half of a
-//   surrogate pair reads as U+FFFD. A number may have any size where it is ignored.
+// - Invalid UTF-8 fails the whole array: such a file is not JSON. An escaped unpaired surrogate
+//   reads as U+FFFD. An ignored number may have any size.
 // - Nesting depth is unlimited; decoding does not recurse.
 //
-// Memory:  encoding needs a few times its result. Decoding needs its result, and of what it ignores
-//          one token at a time, a few times; the whole text once more if it has halves of surrogate
-//          pairs or huge numbers.
+// Memory:  encoding needs a few times the size of its result. Decoding needs its result and a few
+//          times the longest ignored token. A text with unpaired surrogates or huge numbers is
+//          copied once.
 // Thread:  any.
 // Errors:  decoding returns the first error as text and never throws. Encoding replaces invalid
 //          UTF-8 in a binding's texts with U+FFFD.

@@ -2,8 +2,8 @@
 // jitter of fingertips and electronics.
 //
 //   finger    . . . . . ┌───── down ─────┐. . . . .
-//   reports   2   2   2   3   4   4   4   2   2   7        a pad that sees hovering fingers
-//                         3   4   4   4   7                one that does not
+//   reports   2   2   2   3   4   4   4   2   2   7        a pad that reports hovering fingers
+//                         3   4   4   4   7                a pad that does not
 //
 // Units:   seconds; the first report is at 0.
 #pragma once

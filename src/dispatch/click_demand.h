@@ -1,4 +1,4 @@
-// Tells the click tap whether any click could be consumed: only while the master switch is on and
+// Notifies the click tap whether any click could be consumed: only while the master switch is on and
 // an enabled binding for a click exists, in any scope.
 //
 // Thread:  the main thread.

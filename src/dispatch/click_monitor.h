@@ -1,9 +1,10 @@
 // Recognises a click with two, three or four fingers on the pad, offers it as a gesture, and
 // consumes it if the callback accepts it.
 //
-//   press with 2, 3 or 4 fingers ─▶ onClickGesture ─▶ taken: dropped, and its release, too
-//                                                  └▶ not:   passes
-//   any other press passes. A release is dropped if its button's last press was.
+//   press with 2, 3 or 4 fingers ─▶ onClickGesture ─┬▶ accepted: dropped with its release
+//                                                   └▶ rejected: passes
+//
+// Any other press passes. A release is dropped if its button's last press was dropped.
 //
 // Units:   button numbers as in the tap's events.
 // Thread:  start(), stop() and isRunning() on the main thread. onClickGesture and the finger count

@@ -9,7 +9,7 @@
 //                └─ is a click bound? ─ demand
 //
 //   start ──▶ running ◀──▶ paused ──▶ stop
-//                  the session is active, or not
+//                  the session becomes active or inactive
 //
 // While another session is active, this program reads, recognises and consumes nothing: the other
 // session's user has the same touchpad.

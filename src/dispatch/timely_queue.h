@@ -1,8 +1,8 @@
 // Submits actions to the main thread, drops actions that wait too long, and detects a stalled main
 // thread.
 //
-//   submit ──▶ main queue ──▶ taken within two seconds: runs
-//                        └──▶ taken later: dropped, for another window may have the focus by then
+//   submit ──▶ main queue ──▶ started within two seconds: runs
+//                        └──▶ started later: dropped, because another window may have the focus
 //
 // Only a waiting task can reveal a stalled main thread. Without a waiting task nothing needs to be
 // detected, and no thread wakes up to check.

@@ -102,7 +102,7 @@ bool MultitouchDeviceManager::canStart() const {
 }
 
 void MultitouchDeviceManager::start() {
-    isWanted = true;
+    isRequested = true;
     if (!canStart()) {
         return;
     }
@@ -123,7 +123,7 @@ void MultitouchDeviceManager::start() {
 
 void MultitouchDeviceManager::lookForDevices() {
     const bool foundNone = _loadError == noDevice;
-    if (isWanted && (running || foundNone)) {
+    if (isRequested && (running || foundNone)) {
         startNewDevices();
     }
     observers.announceDidChange();
@@ -167,7 +167,7 @@ void MultitouchDeviceManager::run(driver::Device device) {
 }
 
 void MultitouchDeviceManager::stop() {
-    isWanted = false;
+    isRequested = false;
     if (!running) {
         return;
     }

@@ -96,7 +96,7 @@ private:
     driver::DeviceList deviceList = nullptr; // keeps the devices valid
     std::vector<driver::Device> devices;
     bool running = false;
-    bool isWanted = false; // between start() and stop()
+    bool isRequested = false; // between start() and stop()
     std::optional<std::string> _loadError;
     mutable Observable observers;
 };

@@ -2,7 +2,7 @@
 // frame without one, and classifies the gesture.
 //
 //   down ──────────────────────────────────────────────────────────────▶ all up
-//        long press: at 0.8 s, fingers still down, none came or went
+//        long press: at 0.8 s, fingers still down, none landed or lifted
 //        hold and tap: whenever a short still tap ends beside a resting finger
 //                                       end: circle, edge swipe, corner tap   (one finger)
 //                                            tap, pinch or rotation, swipe    (two to five)
@@ -94,7 +94,7 @@ private:
     std::optional<GroupTap> lastTap;
     HeldTap pendingSingleTap;
 
-    // Members only to reuse their memory between frames.
+    // Members, so that their memory is reused between frames.
     std::vector<TouchPoint> fingers;
     std::vector<std::int32_t> fingerIds;
     std::vector<LiveIndex::Entry> gone;

@@ -4,8 +4,7 @@
 //
 //   driver's thread                          engine's queue                      delayed work
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
-//                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ held-back
-//                      single tap
+//                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
 //
 // Units:   timestamps in seconds as the driver reports them; the cooldown in seconds of
 //          system uptime.

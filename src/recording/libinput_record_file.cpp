@@ -103,7 +103,7 @@ private:
         Place place = Place::nowhere;
         Line line;
         bool isMap = false;
-        bool keyComes = false; // in a map, the next scalar is a key
+        bool expectsKey = false; // in a map, the next scalar is a key
         std::string key{};
         std::size_t elements = 0; // so far
     };
@@ -112,7 +112,7 @@ private:
     void start(Line line, bool isMap);
     void end();
     void scalar(Line line, const std::string& value);
-    void valueTaken();
+    void completeValue();
     void take(const Level& around, Line line, const std::string& value);
     void takeAxisElement(const Level& axis, Line line, const std::string& value);
     void takeEventElement(std::size_t element, Line line, const std::string& value);
@@ -125,8 +125,8 @@ private:
 
     // The device that is being parsed.
     PadCapabilities device;
-    bool udevTold = false;
-    bool udevSaysTouchpad = false;
+    bool hasUdevProperties = false;
+    bool udevReportsTouchpad = false;
     AxisRange axis;
     InputEvent event;
 };
@@ -181,7 +181,7 @@ void Handler::start(Line line, bool isMap) {
         throw ParseError{line, "values are nested more than 16 deep"};
     }
     Level* around = levels.empty() ? nullptr : &levels.back();
-    if (around != nullptr && around->keyComes) {
+    if (around != nullptr && around->expectsKey) {
         throw ParseError{line, "not in the format of libinput record: a key is not a scalar"};
     }
     const Step* step = stepFrom(around);
@@ -196,10 +196,10 @@ void Handler::start(Line line, bool isMap) {
     }
     if (place == Place::device) {
         device = {};
-        udevTold = udevSaysTouchpad = false;
+        hasUdevProperties = udevReportsTouchpad = false;
         file.events.clear();
     }
-    levels.push_back({.place = place, .line = line, .isMap = isMap, .keyComes = isMap});
+    levels.push_back({.place = place, .line = line, .isMap = isMap, .expectsKey = isMap});
 }
 
 void Handler::end() {
@@ -213,7 +213,7 @@ void Handler::end() {
         device.axes[integer<std::uint16_t>(level.line, levels.back().key)] = axis;
         axis = {};
     }
-    valueTaken();
+    completeValue();
 }
 
 void Handler::scalar(Line line, const std::string& value) {
@@ -222,19 +222,19 @@ void Handler::scalar(Line line, const std::string& value) {
         throw ParseError{line, "not in the format of libinput record: expected keys and values"};
     }
     Level& around = levels.back();
-    if (around.keyComes) {
+    if (around.expectsKey) {
         around.key = value;
-        around.keyComes = false;
+        around.expectsKey = false;
         return;
     }
     take(around, line, value);
-    valueTaken();
+    completeValue();
 }
 
 // A value is complete: the next node is a key in a map, or the next element of a sequence.
-void Handler::valueTaken() {
+void Handler::completeValue() {
     if (!levels.empty()) {
-        levels.back().keyComes = levels.back().isMap;
+        levels.back().expectsKey = levels.back().isMap;
         ++levels.back().elements;
     }
 }
@@ -259,8 +259,8 @@ void Handler::take(const Level& around, Line line, const std::string& value) {
         }
         break;
     case Place::udevProperties:
-        udevTold = true;
-        udevSaysTouchpad = udevSaysTouchpad || value == "ID_INPUT_TOUCHPAD=1";
+        hasUdevProperties = true;
+        udevReportsTouchpad = udevReportsTouchpad || value == "ID_INPUT_TOUCHPAD=1";
         break;
     case Place::axis:
         takeAxisElement(around, line, value);
@@ -321,8 +321,8 @@ void Handler::finishEvent(const Level& level) {
 
 // If the recording lacks udev's properties, a pad that is not a touchscreen counts as a touchpad.
 bool Handler::isTouchpad() const {
-    if (udevTold) {
-        return udevSaysTouchpad;
+    if (hasUdevProperties) {
+        return udevReportsTouchpad;
     }
     return device.axes.contains(ABS_MT_SLOT) && !device.hasProperty(INPUT_PROP_DIRECT);
 }

@@ -25,7 +25,7 @@ HeadlessGlidemap::~HeadlessGlidemap() {
 }
 
 void HeadlessGlidemap::start(Prompt prompt, std::function<void(const GestureLogEntry&)> logged) {
-    tellLogged = std::move(logged);
+    notifyLogged = std::move(logged);
     if (prompt == Prompt::askUser) {
         services.trust->isTrustedWithPrompt();
     }
@@ -50,15 +50,15 @@ void HeadlessGlidemap::makeDispatcher() {
          .actionRunner = std::make_shared<ActionRunner>(ActionRunner::Ports{
              services.workspace, services.keyboard, services.screenLock, services.session}),
          .session = services.session});
-    toLog = dispatcher->changes().subscribe({}, [this] { tellNewEntry(); });
+    toLog = dispatcher->changes().subscribe({}, [this] { notifyNewEntry(); });
 }
 
 // The master switch uses the same notification, and entries arrive one at a time.
-void HeadlessGlidemap::tellNewEntry() {
+void HeadlessGlidemap::notifyNewEntry() {
     const auto& events = dispatcher->recentEvents();
-    if (!events.empty() && events.front().id != lastTold) {
-        lastTold = events.front().id;
-        tellLogged(events.front());
+    if (!events.empty() && events.front().id != lastNotified) {
+        lastNotified = events.front().id;
+        notifyLogged(events.front());
     }
 }
 

@@ -37,7 +37,7 @@ public:
 
 private:
     void makeDispatcher();
-    void tellNewEntry();
+    void notifyNewEntry();
 
     std::shared_ptr<QtMainQueue> queue = std::make_shared<QtMainQueue>();
     LinuxServices services{queue};
@@ -45,8 +45,8 @@ private:
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<GestureDispatcher> dispatcher;
     std::unique_ptr<GestureRuntime> runtime; // set by start()
-    std::function<void(const GestureLogEntry&)> tellLogged;
-    std::optional<Uuid> lastTold;
+    std::function<void(const GestureLogEntry&)> notifyLogged;
+    std::optional<Uuid> lastNotified;
     Subscription toLog;
 };
 

@@ -172,16 +172,16 @@ TEST_F(AtomicWriteTest, ALinkUnderTheTemporaryNameIsNotFollowed) {
 }
 
 // Simulates a full disk for this process, in the middle of a file.
-class FilesNoLargerThan {
+class FileSizeLimit {
 public:
-    explicit FilesNoLargerThan(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    explicit FileSizeLimit(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
         getrlimit(RLIMIT_FSIZE, &before);
         const rlimit now{bytes, before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &now);
     }
-    FilesNoLargerThan(const FilesNoLargerThan&) = delete;
-    FilesNoLargerThan& operator=(const FilesNoLargerThan&) = delete;
-    ~FilesNoLargerThan() {
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
         setrlimit(RLIMIT_FSIZE, &before);
         std::signal(SIGXFSZ, handler);
     }
@@ -197,14 +197,14 @@ TEST_F(AtomicWriteTest, AnInterruptedWriteKeepsTheOldContentAndLeavesNoTemporary
     for (const rlim_t room : {rlim_t{0}, rlim_t{1}, rlim_t{65'536}, rlim_t{99'999}}) {
         std::error_code failure;
         {
-            const FilesNoLargerThan limited(room);
+            const FileSizeLimit limited(room);
             failure = writeAtomically(file, content);
         }
         EXPECT_EQ(failure, std::errc::file_too_large) << room;
         EXPECT_EQ(contentOf(file), "old") << room;
         EXPECT_EQ(namesIn(folder), Names{"file"}) << room;
     }
-    const FilesNoLargerThan limited(content.size());
+    const FileSizeLimit limited(content.size());
     EXPECT_FALSE(writeAtomically(file, content));
 }
 

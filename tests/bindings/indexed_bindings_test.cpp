@@ -158,8 +158,8 @@ TEST(IndexedBindingsTest, AnEnabledGestureIsFoundInEveryScope) {
 }
 
 // The reference implementation: a linear search through the list.
-const GestureBinding* byTheRule(const BindingList& list, GestureType gesture,
-                                const Frontmost& frontmost) {
+const GestureBinding* linearSearch(const BindingList& list, GestureType gesture,
+                                   const Frontmost& frontmost) {
     const GestureBinding* firstGlobal = nullptr;
     for (const GestureBinding& binding : list) {
         if (!binding.enabled || binding.gesture != gesture) {
@@ -195,10 +195,10 @@ TEST(IndexedBindingsTest, AgreesWithALinearSearchOnAnyList) {
         for (const GestureType gesture : allGestureTypes) {
             for (const char* app : apps) {
                 EXPECT_EQ(keyCodeOf(bindings.match(gesture, app)),
-                          keyCodeOf(byTheRule(list, gesture, app)));
+                          keyCodeOf(linearSearch(list, gesture, app)));
             }
             EXPECT_EQ(keyCodeOf(bindings.match(gesture, std::nullopt)),
-                      keyCodeOf(byTheRule(list, gesture, std::nullopt)));
+                      keyCodeOf(linearSearch(list, gesture, std::nullopt)));
         }
     }
 }

@@ -171,7 +171,7 @@ protected:
     AKilledWriter() : support(GetParam().folder) {}
 
     // The duration of a change on this machine.
-    Clock::duration timeOfAChange() {
+    Clock::duration changeDuration() {
         constexpr int changes = 20;
         const auto start = Clock::now();
         for (int count = 0; count < changes; ++count) {
@@ -188,7 +188,7 @@ protected:
     // A random moment of a change, or, with `aimed`, a moment at which the writer is seen writing.
     // On a busy machine that may never happen, because the writer does not run while this thread
     // checks; the test does not depend on it.
-    void waitForTheMoment(bool aimed) {
+    void waitForKillTime(bool aimed) {
         const auto part = [this](double most) {
             std::uniform_real_distribution<double> distribution(0, most);
             return std::chrono::duration_cast<Clock::duration>(change * distribution(random));
@@ -204,29 +204,29 @@ protected:
     SupportFolder support;
     std::filesystem::path temporaryFile = support.folder() / ".bindings.json.saving";
     BindingStore store = support.launch();
-    Clock::duration change = timeOfAChange();
+    Clock::duration change = changeDuration();
     std::mt19937 random{20240607};
 };
 
 TEST_P(AKilledWriter, LeavesTheCompleteOldOrNewList) {
     unsigned number = 0;
     int killedWhileWriting = 0;
-    int killedBeforeSayingSo = 0;
+    int killedBeforeReporting = 0;
     for (int round = 0; round < GetParam().rounds; ++round) {
         Writer writer(store, number + 1);
         writer.waitForChanges(static_cast<unsigned>(1 + random() % 3));
-        waitForTheMoment(round % 2 == 0);
+        waitForKillTime(round % 2 == 0);
         const unsigned before = number + writer.kill();
         killedWhileWriting += writerIsWriting() ? 1 : 0;
 
         const auto found = numberOf(*support.launch().bindings());
         ASSERT_TRUE(found) << "round " << round << ":\n" << contentOf(support.file());
         ASSERT_TRUE(found == before || found == before + 1) << before << ", " << *found;
-        killedBeforeSayingSo += found == before + 1 ? 1 : 0;
+        killedBeforeReporting += found == before + 1 ? 1 : 0;
         number = *found;
     }
     std::cout << GetParam().rounds << " writers killed, " << killedWhileWriting
-              << " while writing, " << killedBeforeSayingSo << " just after\n";
+              << " while writing, " << killedBeforeReporting << " just after\n";
     store.setBindings(listNumber(1));
     EXPECT_EQ(namesIn(support.folder()), std::vector<std::string>{"bindings.json"});
 }
@@ -235,7 +235,7 @@ TEST_P(AKilledWriter, LeavesTheCompleteOldOrNewList) {
 TEST_P(AKilledWriter, LeavesACompleteListAtEverySystemCall) {
     unsigned number = 0;
     int killedWhileWriting = 0;
-    int killedAfterwards = 0;
+    int killedAfterChange = 0;
     bool isWhole = false; // the change of the last round
     for (int stops = 1; !isWhole; ++stops) {
         {
@@ -249,11 +249,11 @@ TEST_P(AKilledWriter, LeavesACompleteListAtEverySystemCall) {
         ASSERT_TRUE(found) << "stop " << stops << ":\n" << contentOf(support.file());
         ASSERT_TRUE(found == number || found == number + 1) << number << ", " << *found;
         ASSERT_TRUE(!isWhole || found == number + 1) << "the change was lost";
-        killedAfterwards += found == number + 1 && !isWhole ? 1 : 0;
+        killedAfterChange += found == number + 1 && !isWhole ? 1 : 0;
         number = *found;
     }
     EXPECT_GT(killedWhileWriting, 0);
-    EXPECT_GT(killedAfterwards, 0);
+    EXPECT_GT(killedAfterChange, 0);
     store.setBindings(listNumber(number + 2));
     EXPECT_EQ(namesIn(support.folder()), std::vector<std::string>{"bindings.json"});
 }

@@ -195,7 +195,7 @@ TEST(Performances, GesturesWithoutContactsAreEmpty) {
     }
 }
 
-TEST(Performances, TapsLastAsLongAsPeoplesTaps) {
+TEST(Performances, TapsHaveTheDurationOfRealTaps) {
     Range lengths;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         lengths.add(sessionLength(contactsOf(perform(GestureType::twoFingerTap, seed))));
@@ -228,7 +228,7 @@ TEST(Performances, FingersLandAndLiftUnevenly) {
     EXPECT_LE(lifting.high, 0.008 + 0.010);
 }
 
-TEST(Performances, SwipesAreAsShortAndAsFarAsPeoplesSwipes) {
+TEST(Performances, SwipesHaveTheDurationAndLengthOfRealSwipes) {
     Range travel;
     Range length;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {

@@ -55,8 +55,8 @@ public:
 
     void fill() {
         fcntl(STDERR_FILENO, F_SETFL, O_NONBLOCK);
-        const std::string rubbish(4096, '-');
-        while (write(STDERR_FILENO, rubbish.data(), rubbish.size()) > 0) {
+        const std::string garbage(4096, '-');
+        while (write(STDERR_FILENO, garbage.data(), garbage.size()) > 0) {
         }
         blockOnWrites();
     }

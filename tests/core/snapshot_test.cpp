@@ -35,17 +35,17 @@ TEST(SnapshotTest, AnOldValueIsDestroyedWithItsLastReader) {
 // If the old value's destructor ran under the lock, reading the current value from it would
 // deadlock.
 TEST(SnapshotTest, AnOldValueIsDestroyedOutsideTheLock) {
-    struct Asking;
-    using Box = Snapshot<std::shared_ptr<Asking>>;
-    struct Asking {
-        explicit Asking(Box& askedBox) : box(askedBox) {}
-        Asking(const Asking&) = delete;
-        Asking& operator=(const Asking&) = delete;
-        ~Asking() { EXPECT_EQ(*box.get(), nullptr); }
+    struct Reader;
+    using Box = Snapshot<std::shared_ptr<Reader>>;
+    struct Reader {
+        explicit Reader(Box& readBox) : box(readBox) {}
+        Reader(const Reader&) = delete;
+        Reader& operator=(const Reader&) = delete;
+        ~Reader() { EXPECT_EQ(*box.get(), nullptr); }
         Box& box;
     };
     Box snapshot;
-    snapshot.set(std::make_shared<Asking>(snapshot));
+    snapshot.set(std::make_shared<Reader>(snapshot));
     snapshot.set(nullptr);
 }
 

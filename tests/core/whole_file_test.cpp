@@ -153,7 +153,7 @@ TEST_F(WholeFileTest, AnEmptyFolderWithTheTemporaryNameIsRemoved) {
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(WholeFileTest, AFullFolderWithTheTemporaryNameStaysAndIsAvoided) {
+TEST_F(WholeFileTest, ANonEmptyFolderWithTheTemporaryNameStaysAndIsAvoided) {
     fs::create_directories(saving / "kept");
     fs::create_directories(fs::path(saving.native() + ".2") / "kept");
     for (const char* const content : {"first", "second"}) {

@@ -72,7 +72,7 @@ protected:
         unpaired += tap->offer({ClickEventType::leftMouseUp, 0}) == press ? 0 : 1;
     }
 
-    void changeEverything(int turn) {
+    void changeAllState(int turn) {
         stage.store->setBindings(bindings(turn % 2 == 0 ? 0 : 2));
         stage.workspace->setFrontmost(turn % 3 == 0 ? editor : other);
         stage.dispatcher->setMasterEnabled(turn % 5 != 0);
@@ -115,7 +115,7 @@ TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnceAsMatched) {
         std::this_thread::yield();
     }
     for (int turn = 0; threadsAtWork > 0; ++turn) {
-        changeEverything(turn);
+        changeAllState(turn);
         stage.mainQueue->runAll();
     }
     for (std::thread& thread : threads) {

@@ -42,7 +42,7 @@ TEST(ReplayDriver, PlaysTheRecordingWithCurrentTimes) {
     const double before = now();
     ASSERT_TRUE(session.start().isRunning());
     const auto deliveries = session.waitFor(3);
-    EXPECT_EQ(whats(deliveries), tapDeliveries);
+    EXPECT_EQ(descriptions(deliveries), tapDeliveries);
     EXPECT_GE(deliveries[0].timestamp, before);
     EXPECT_LE(deliveries[0].timestamp, deliveries[0].arrival);
     EXPECT_NEAR(deliveries[1].timestamp - deliveries[0].timestamp, 0.008, 1e-9);
@@ -75,7 +75,7 @@ TEST(ReplayDriver, LiftsFingersThatARecordingLeavesOnThePad) {
                          "{\"t\":0.03,\"button\":1,\"down\":false}\n");
     session.start();
     const auto deliveries = session.waitFor(6);
-    EXPECT_THAT(whats(deliveries),
+    EXPECT_THAT(descriptions(deliveries),
                 ElementsAre("1@0.5,0.5 state 4", "button 0 down", "button 1 down", "button 1 up",
                             "nothing", "button 0 up"));
     EXPECT_GT(deliveries[4].timestamp, deliveries[3].timestamp);
@@ -99,7 +99,7 @@ TEST(ReplayDriver, LoopsWithAPauseAndIncreasingTimes) {
     const auto deliveries = firstOf(session, 6);
     std::vector<std::string> twice = tapDeliveries;
     twice.insert(twice.end(), tapDeliveries.begin(), tapDeliveries.end());
-    EXPECT_EQ(whats(deliveries), twice);
+    EXPECT_EQ(descriptions(deliveries), twice);
     EXPECT_NEAR(deliveries[3].timestamp - deliveries[2].timestamp, 1, 1e-9);
     EXPECT_NEAR(deliveries[5].timestamp - deliveries[3].timestamp, 0.05, 1e-9);
 }
@@ -109,7 +109,7 @@ TEST(ReplayDriver, EndsEachPassWithAnEmptyReport) {
     session.setRecording("{\"t\":0,\"touches\":[[1,0.5,0.5,4]]}\n");
     ReplaySession::setLooping(true);
     session.start();
-    EXPECT_THAT(whats(firstOf(session, 3)),
+    EXPECT_THAT(descriptions(firstOf(session, 3)),
                 ElementsAre("1@0.5,0.5 state 4", "nothing", "1@0.5,0.5 state 4"));
 }
 
@@ -135,7 +135,7 @@ TEST(ReplayDriver, AdvancesTimeForRecordsThatItDoesNotPlay) {
     const double before = now();
     session.start();
     const auto deliveries = session.waitFor(1);
-    EXPECT_THAT(whats(deliveries), ElementsAre("nothing"));
+    EXPECT_THAT(descriptions(deliveries), ElementsAre("nothing"));
     EXPECT_GE(deliveries[0].timestamp, before + 0.02);
 }
 
@@ -144,7 +144,7 @@ TEST(ReplayDriver, PlaysForeignRecordings) {
     session.setRecording("N: pad\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n"
                          "E: 1338280591.5 3 39 7\nE: 1338280591.5 0 0 0\n");
     session.start();
-    EXPECT_THAT(whats(session.waitFor(2)), ElementsAre("1@0,1 state 3", "nothing"));
+    EXPECT_THAT(descriptions(session.waitFor(2)), ElementsAre("1@0,1 state 3", "nothing"));
 }
 
 TEST(ReplayDriver, StopsDuringALongWait) {
@@ -192,7 +192,7 @@ TEST(ReplayDriver, CanBeStoppedFromWithinItsCallback) {
     session.start();
     session.waitFor(1);
     waitForThreads(before);
-    EXPECT_THAT(whats(session.waitFor(1)), ElementsAre(tapDeliveries[0]));
+    EXPECT_THAT(descriptions(session.waitFor(1)), ElementsAre(tapDeliveries[0]));
 }
 
 TEST(ReplayDriver, RestartsFromTheBeginningAfterAStop) {
@@ -213,7 +213,7 @@ TEST(ReplayDriver, RestartsFromTheBeginningAfterAStop) {
     waitForThreads(before);
     std::vector<std::string> expected = tapDeliveries;
     expected.insert(expected.begin(), tapDeliveries[0]);
-    EXPECT_EQ(whats(session.waitFor(4)), expected);
+    EXPECT_EQ(descriptions(session.waitFor(4)), expected);
 }
 
 TEST(ReplayDriver, StartingTwiceDoesNotPlayTwice) {
@@ -298,7 +298,7 @@ TEST_F(PushedReports, ArriveUnchangedOnTheCallersThread) {
     push(&touch, 1, 2.5);
     push(nullptr, 0, 2);
     const auto deliveries = session->waitFor(2);
-    EXPECT_THAT(whats(deliveries), ElementsAre("7@0.25,0.5 state 4", "nothing"));
+    EXPECT_THAT(descriptions(deliveries), ElementsAre("7@0.25,0.5 state 4", "nothing"));
     EXPECT_THAT(deliveries, Each(Field(&Delivery::thread, std::this_thread::get_id())));
     EXPECT_EQ(deliveries[0].timestamp, 2.5);
     EXPECT_EQ(deliveries[1].timestamp, 2);

@@ -145,7 +145,7 @@ std::size_t ReplaySession::deliveryCount() {
     return deliveries.size();
 }
 
-std::vector<std::string> whats(const std::vector<Delivery>& deliveries) {
+std::vector<std::string> descriptions(const std::vector<Delivery>& deliveries) {
     std::vector<std::string> result;
     for (const Delivery& delivery : deliveries) {
         result.push_back(delivery.what);

@@ -71,7 +71,7 @@ private:
     std::vector<Delivery> deliveries;
 };
 
-std::vector<std::string> whats(const std::vector<Delivery>& deliveries);
+std::vector<std::string> descriptions(const std::vector<Delivery>& deliveries);
 
 // Seconds of the steady clock.
 double now();

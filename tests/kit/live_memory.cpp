@@ -12,7 +12,7 @@ std::atomic<std::size_t> liveBytes = 0;
 std::atomic<std::size_t> peakBytes = 0;
 std::atomic<std::size_t> allocations = 0;
 
-void noteMost(std::size_t live) {
+void notePeak(std::size_t live) {
     std::size_t peak = peakBytes;
     while (live > peak && !peakBytes.compare_exchange_weak(peak, live)) {
     }
@@ -34,7 +34,7 @@ void* counted(std::size_t size, std::size_t alignment) {
     }
     std::byte* const memory = start + header;
     new (memory - sizeof(std::size_t)) std::size_t(size);
-    noteMost(liveBytes += size);
+    notePeak(liveBytes += size);
     ++allocations;
     return memory;
 }

@@ -28,9 +28,8 @@ struct Heard {
 
 // The component that plays a script.
 enum class Through {
-    recognizer, // frames straight into a recognizer: every gesture, and positions as precise as the
-                // script's
-    engine,     // records into the contact callback, as a driver does: what passes the cooldown
+    recognizer, // frames go directly to a recognizer: every gesture, with the script's precision
+    engine,     // records go to the contact callback: the gestures that pass the cooldown
 };
 
 struct Stage {

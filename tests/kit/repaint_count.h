@@ -20,7 +20,7 @@ public:
     RepaintCount() { qApp->installEventFilter(this); }
 
     // Waits until the widgets are idle after a change, then counts their events: a widget that
-    // answers each layout with another one is busy in every round.
+    // requests a new layout after each layout is busy in every round.
     void countAtRest() {
         runRounds();
         paints.clear();

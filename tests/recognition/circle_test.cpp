@@ -248,7 +248,7 @@ TEST(CircleTest, ASinglePointIsNoCircle) {
     EXPECT_EQ(circleOf(Path(20, PadPoint{0.5, 0.5}), second), std::nullopt);
 }
 
-TEST(CircleTest, WhatIsNoNumberIsNone) {
+TEST(CircleTest, NonFinitePositionsAreNoCircle) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     Path path = pathOf({});
     EXPECT_EQ(circleOf(path, nan), std::nullopt);

@@ -43,7 +43,7 @@ protected:
     }
 
     // Checks that a clean tap at `time` is recognised after any earlier input.
-    void expectToWorkStill(double time) {
+    void expectStillWorks(double time) {
         report(time, {});
         heard.clear();
         probeTime = std::max(probeTime, time) + 10; // spaced so that these taps are no double tap
@@ -68,7 +68,7 @@ TEST_F(SessionHostileTest, AFingerWithoutAFinitePositionIsIgnored) {
         report(1, {{1, odd, 0.5, true}, {2, 0.1, 0.1, true}});
         report(1.1, {});
         EXPECT_EQ(heard, Gestures{cornerTapBottomLeft});
-        expectToWorkStill(2);
+        expectStillWorks(2);
     }
 }
 
@@ -78,7 +78,7 @@ TEST_F(SessionHostileTest, AFingerThatLosesItsPositionKeepsTheLastOne) {
         report(0.1, {{1, odd, 0.5, true}, {2, 0.4, odd, true}});
         report(0.2, {});
         EXPECT_EQ(heard, Gestures{twoFingerTap});
-        expectToWorkStill(1);
+        expectStillWorks(1);
     }
 }
 
@@ -95,7 +95,7 @@ TEST_F(SessionHostileTest, AFingerFarOutsideThePadIsNoGesture) {
     report(0.2, {{1, 0, 0, true}});
     report(0.3, {});
     EXPECT_EQ(heard, Gestures());
-    expectToWorkStill(1);
+    expectStillWorks(1);
 }
 
 TEST_F(SessionHostileTest, NonFiniteTimesDecideNothing) {
@@ -107,7 +107,7 @@ TEST_F(SessionHostileTest, NonFiniteTimesDecideNothing) {
         report(odd, {{1, 0.8, 0.5, true}, {2, 0.9, 0.5, true}});
         report(5.1, {});
         heard.clear();
-        expectToWorkStill(20);
+        expectStillWorks(20);
     }
 }
 
@@ -118,7 +118,7 @@ TEST_F(SessionHostileTest, TimeMayGoBackwards) {
         report(-round, {});
     }
     EXPECT_LE(heard.size(), 200U); // each session may end in at most one tap
-    expectToWorkStill(1000);
+    expectStillWorks(1000);
 }
 
 TEST_F(SessionHostileTest, ExtremeIdentifiersAreAccepted) {
@@ -138,7 +138,7 @@ TEST_F(SessionHostileTest, AThousandRecordsOfOneFingerCountAsOneFinger) {
     }
     report(0.2, {});
     EXPECT_EQ(heard, Gestures()); // a thousand fingers are not a gesture
-    expectToWorkStill(1);
+    expectStillWorks(1);
 }
 
 TEST_F(SessionHostileTest, TenThousandContactsInAReportAreTrackedToTheirEnd) {
@@ -155,7 +155,7 @@ TEST_F(SessionHostileTest, TenThousandContactsInAReportAreTrackedToTheirEnd) {
     report(0.4, {});
     EXPECT_EQ(heard, Gestures());
     EXPECT_LT(liveMemory() - before, 4'000'000U);
-    expectToWorkStill(1);
+    expectStillWorks(1);
 }
 
 TEST_F(SessionHostileTest, MemoryIsBoundedInASessionOfAMillionFrames) {
@@ -180,7 +180,7 @@ TEST_F(SessionHostileTest, MemoryIsBoundedInASessionOfAMillionFrames) {
     play(1'000'000);
     EXPECT_LE(liveMemory(), full + 10'000);
     EXPECT_EQ(heard, Gestures());
-    expectToWorkStill(time);
+    expectStillWorks(time);
 }
 
 TEST_F(SessionHostileTest, ThousandsOfTapsBesideARestingFingerAllCount) {
@@ -203,7 +203,7 @@ TEST_F(SessionHostileTest, ThousandsOfTapsBesideARestingFingerAllCount) {
     EXPECT_LE(liveMemory(), before + 10'000);
     report(time + 0.1, {});
     EXPECT_EQ(heard.size(), 11'000U);
-    expectToWorkStill(time + 1);
+    expectStillWorks(time + 1);
 }
 
 // The memory of a long and crowded session is freed at its end.

@@ -1,9 +1,9 @@
 // Reads a whole recording and formats its records as short texts, which compare and print well.
 //
 //   "0.5: 1@0.25,0.75 state 4, 2@0.5,0.5 state 3"     a report of two contacts
-//   "0.5: nothing"                                    a report of none
-//   "0.5: button 0 down"   "0.5: frontmost org.example.App 'Example'"   "0.5: frontmost none" "0.5:
-//   time"
+//   "0.5: nothing"                                    an empty report
+//   "0.5: button 0 down"   "0.5: frontmost org.example.App 'Example'"
+//   "0.5: frontmost none"   "0.5: time"
 #pragma once
 
 #include "recording/recording_reader.h"

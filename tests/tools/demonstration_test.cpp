@@ -74,7 +74,7 @@ TEST(Demonstration, PrintsStatistics) {
 
 TEST(Demonstration, FailsIfTheDriverLosesReports) {
     const Folder folder;
-    folder.copy(GLIDEMAP_DEAF_DRIVER, "lib/glidemap/libglidemap-replay.so");
+    folder.copy(GLIDEMAP_DROPPING_DRIVER, "lib/glidemap/libglidemap-replay.so");
     const Ended ended =
         replayWith(folder.copy(GLIDEMAP_REPLAY_PROGRAM, "bin/glidemap-replay"), {"--demonstrate"});
     EXPECT_EQ(ended.status, 1);

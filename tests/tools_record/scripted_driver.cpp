@@ -1,8 +1,8 @@
 // A touch driver without a touchpad: environment variables set the number of touchpads, and a
 // started touchpad swipes three fingers to the right and presses its button, once.
 //
-//   GLIDEMAP_SCRIPTED_TOUCHPADS    how many touchpads can be read
-//   GLIDEMAP_SCRIPTED_UNREADABLE   how many more cannot
+//   GLIDEMAP_SCRIPTED_TOUCHPADS    the number of readable touchpads
+//   GLIDEMAP_SCRIPTED_UNREADABLE   the number of further, unreadable touchpads
 
 #include "drivers/evdev/device_name.h"
 #include "input/touch_driver.h"

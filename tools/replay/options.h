@@ -38,10 +38,8 @@ extern const char* const helpText;
 // The exit status.
 enum class Status : int {
     success = 0,
-    failure = 1, // a performance was not recognised as intended, or the pipeline failed
-    badInput =
-        2, // a recording or bindings that cannot be read to their end, or a command line that
-           // makes no sense
+    failure = 1,  // a performance was not recognised as intended, or the pipeline failed
+    badInput = 2, // an unreadable or malformed recording or bindings file, or a usage error
 };
 
 } // namespace glidemap::replay

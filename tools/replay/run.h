@@ -1,8 +1,8 @@
 // One run of the whole pipeline in virtual time: records enter at the driver, gestures come out.
 //
-//   record ─▶ time moves on to it, delayed items due by then run
-//          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run at once) ─▶ recognizer
-//          ─▶ cooldown ─▶ desk ─▶ its main queue (run after it) ─▶ actions
+//   record ─▶ time advances to it, delayed items due by then run
+//          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run immediately) ─▶ recognizer
+//          ─▶ cooldown ─▶ desk ─▶ its main queue (run afterwards) ─▶ actions
 //
 // The listener is notified of each gesture, including gestures that the cooldown drops, then of its
 // actions; and of each button, with the click that consumed it.
