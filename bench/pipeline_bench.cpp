@@ -40,7 +40,7 @@ int run(std::vector<char*> arguments) {
     registerRecognizerBenchmarks();
     registerLatencyBenchmarks(counts.samples, counts.pacedSamples);
     registerDelayedWorkBenchmarks(counts.samples);
-    // The driver's thread has the same priority as the queue's.
+    // The driver's thread is set up like the queue's.
     setUpResponsiveThread("driver");
     return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
 }

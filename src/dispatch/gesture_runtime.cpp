@@ -69,8 +69,8 @@ void GestureRuntime::followSession() {
         return;
     }
     resume();
-    parts->engine
-        ->lookForDevices(); // finds a touchpad that was attached since: start() does not scan again
+    // Finds a touchpad that was attached meanwhile: start() does not scan again.
+    parts->engine->lookForDevices();
 }
 
 void GestureRuntime::resume() {

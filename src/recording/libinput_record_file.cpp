@@ -95,7 +95,8 @@ public:
     // Throws a ParseError.
     void take(const yaml_event_t& node);
 
-    // Finishes a device that was cut off, and accepts its touchpad.
+    // Accepts the current device if it is the first touchpad. Also for a file that ends within a
+    // device.
     void finishDevice();
 
 private:
