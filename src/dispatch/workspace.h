@@ -46,10 +46,11 @@ public:
     // the next call returns the result.
     virtual bool hasMissionControl() const { return true; }
 
-    // Where the user gives this program access: a page of the system's settings, or the system's question.
+    // Opens the place where the user grants this program access: a page of the system settings, or the
+    // system's permission prompt.
     virtual void openAccessibilitySettings() = 0;
 
-    // By the user's own handler, such as the browser.
+    // Opens the URL with the user's default handler, such as the browser.
     virtual void openURL(const std::string& url) = 0;
 };
 

@@ -69,8 +69,8 @@ public:
         return bundleID;
     }
 
-    void openApplication(const std::string& url) override { told.launched(url); }
-    void openMissionControl() override { told.missionControl(); }
+    void openApplication(const std::string& url) override { notify.launched(url); }
+    void openMissionControl() override { notify.missionControl(); }
     void openAccessibilitySettings() override {}
     void openURL(const std::string& /*url*/) override {}
 
