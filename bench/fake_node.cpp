@@ -29,7 +29,7 @@ struct Axis {
     std::int32_t resolution;
 };
 
-// A touchpad with pressure, as most are.
+// A typical touchpad with pressure.
 constexpr auto axes = std::to_array<Axis>({{ABS_X, 4000, 40},
                                            {ABS_Y, 2000, 40},
                                            {ABS_PRESSURE, 255, 0},
@@ -44,7 +44,7 @@ constexpr auto keys =
     std::to_array<unsigned>({BTN_LEFT, BTN_TOUCH, BTN_TOOL_FINGER, BTN_TOOL_DOUBLETAP,
                              BTN_TOOL_TRIPLETAP, BTN_TOOL_QUADTAP, BTN_TOOL_QUINTTAP});
 
-// What a reader has masked; by axis.
+// The events that the reader has masked, by axis.
 std::array<bool, ABS_CNT> masked{};
 
 class Reply {
@@ -110,7 +110,7 @@ int takeMask(const input_mask& mask) {
     return 0;
 }
 
-// The kernel's answers for a device.
+// Replies to the device's ioctl requests like the kernel.
 int reply(unsigned long request, void* memory) {
     const unsigned number = _IOC_NR(request);
     const std::size_t size = _IOC_SIZE(request);
@@ -147,7 +147,7 @@ int reply(unsigned long request, void* memory) {
     }
     const bool isState = number >= _IOC_NR(EVIOCGKEY(0)) && number <= _IOC_NR(EVIOCGSW(0));
     if (isState) {
-        Reply(memory, size); // nothing is pressed
+        Reply(memory, size); // no button is pressed
         return 0;
     }
     if (request == EVIOCSCLOCKID) {
@@ -169,7 +169,7 @@ FakeNode::FakeNode() {
     if (mkfifo(node.c_str(), S_IRUSR | S_IWUSR) != 0) {
         throw std::system_error(errno, std::generic_category(), "mkfifo");
     }
-    // Also for reading, so that opening does not wait for a reader.
+    // Also opened for reading, so that opening does not wait for a reader.
     writer = OpenFile(open(node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
     masked.fill(false);
 }
@@ -202,7 +202,7 @@ void FakeNode::write(std::span<const input_event> events) {
 
 } // namespace glidemap::bench
 
-// In place of the C library's, for this program and the libraries that it uses.
+// Replaces the C library's ioctl() in this program and the libraries that it uses.
 extern "C" __attribute__((visibility("default"))) int ioctl(int descriptor, unsigned long request,
                                                             ...) noexcept {
     va_list arguments;

@@ -1,10 +1,11 @@
-// An event node of a touchpad that only this process can open: a named pipe, for which this program answers the kernel's
-// questions about a device. Reading it costs what reading a pipe costs, for every reader alike.
+// The event node of a touchpad that only this process can open: a named pipe, for which this
+// program replies to the kernel's device ioctls. Reading it costs as much as reading a pipe, for
+// every reader alike.
 //
-// Units:   events as the kernel's; times of the monotonic clock.
+// Units:   events as in the kernel; times of the monotonic clock.
 // Thread:  construction before any reader; write() on one thread.
-// Owner:   a benchmark. One at a time: the answers are the process's.
-// Errors:  a pipe that cannot be made throws std::system_error.
+// Owner:   a benchmark. One at a time, because the replies are global to the process.
+// Errors:  throws std::system_error if the pipe cannot be created.
 #pragma once
 
 #include "core/open_file.h"
@@ -25,7 +26,8 @@ public:
 
     const std::filesystem::path& path() const { return node; }
 
-    // One report with its synchronisation, stamped with now. Drops the events that the reader has masked.
+    // Writes one report with its synchronisation event, stamped with the current time. Drops the
+    // events that the reader has masked.
     void write(std::span<const input_event> events);
 
 private:

@@ -1,7 +1,8 @@
-// growth [--smallest]: how the costs of recognition and of the bindings grow with their input. Prints a table, one line a size, with
-// the cost of one unit beside it: where that stays level, the whole is linear.
+// growth [--smallest]: how the costs of recognition and of the bindings grow with their input.
+// Prints a table with one line per size and the cost per unit: if that stays constant, the total
+// cost is linear.
 //
-// Times are medians of several rounds, on a disk that is whatever TMPDIR is.
+// Times are medians of several rounds. Files are written to the disk of TMPDIR.
 #include "bench/touching.h"
 #include "bindings/binding_json.h"
 #include "bindings/binding_store.h"
@@ -50,7 +51,7 @@ void growBindings(std::size_t count) {
     std::filesystem::remove_all(folder);
 }
 
-// All frames of a session; its end is measured alone.
+// Plays all frames of a session; measures its end separately.
 void growSession(int fingers, double seconds) {
     const int length = static_cast<int>(seconds * reportsPerSecond);
     std::vector<TouchFrame> frames;

@@ -1,4 +1,4 @@
-// The lines of a growth table, and the times in it.
+// Measures times and prints the lines of a growth table.
 //
 // Units:   nanoseconds.
 // Thread:  one.
@@ -15,7 +15,7 @@
 
 namespace glidemap::bench {
 
-// Makes a result count as used.
+// Keeps the compiler from removing a result as unused.
 template <typename Value>
 void keep(const Value& value) {
     asm volatile("" : : "r,m"(value) : "memory");
@@ -35,7 +35,7 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-// Of seven rounds, each as many calls as take a millisecond together.
+// The median of seven rounds; each round lasts at least a millisecond.
 template <typename Function>
 double medianNanoseconds(Function function) {
     constexpr double enough = 1e6;

@@ -1,5 +1,6 @@
-// list_growth [--smallest]: how the settings' list grows with its bindings: opening it, a notch of the wheel, and a change of one
-// binding. The toolkit draws into memory, so no display is needed.
+// list_growth [--smallest]: how the costs of the settings' list grow with its bindings: opening it,
+// a step of the wheel, and a change of one binding. The toolkit draws into memory, so no display is
+// needed.
 #include "core/lang.h"
 #include "growth_table.h"
 #include "ui/settings/binding_list_view.h"
@@ -27,7 +28,7 @@ std::shared_ptr<const BindingList> bindingsFor(std::size_t count) {
     return std::make_shared<const BindingList>(std::move(list));
 }
 
-// Everything that is due: layout, and the pixels of what is in sight.
+// Performs all pending work: layout, and painting of the visible part.
 void draw(QWidget& widget) {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();

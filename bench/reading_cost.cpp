@@ -1,11 +1,12 @@
-// reading_cost [--seconds N] [--rounds N]: what reading a touchpad costs, beside a bare reader of the same events, in one run.
+// reading_cost [--seconds N] [--rounds N]: the cost of reading a touchpad, compared in one run with
+// a bare reader of the same events.
 //
-//   bare       node ─▶ libevdev, whose events are thrown away: no program can go below that
+//   bare       node ─▶ libevdev, discarding the events: the lower bound for every program
 //   program    node ─▶ driver's thread ─▶ engine's thread, as the program connects them
 //
-// Processor time and wake-ups by thread for each report. The stream: one finger that moves, 143 reports a second, with
-// everything that a touchpad with pressure says of it. The node is a pipe (fake_node.h), so that it runs without a
-// touchpad and without rights.
+// Reports processor time and wake-ups of each thread, per report. The stream is one moving finger
+// at 143 reports a second, with all events of a touchpad with pressure. The node is a pipe
+// (fake_node.h), so that no touchpad and no permission is needed.
 #include "bench/headless_pipeline.h"
 #include "bench/samples.h"
 #include "bench/thread_watch.h"
@@ -37,7 +38,7 @@ namespace {
 
 constexpr double reportsPerSecond = 143;
 
-// The only touchpad that there is.
+// A directory with this touchpad only.
 class OnePad : public PadDirectory {
 public:
     explicit OnePad(std::string path) { candidate.node = std::move(path); }
@@ -120,7 +121,7 @@ input_event key(std::uint16_t code, std::int32_t value) {
     return event(EV_KEY, code, value);
 }
 
-// Every value differs from the report before: a kernel would pass all of them on.
+// Every value differs from the previous report, because a kernel passes on only changes.
 std::array<input_event, 8> movement(std::int32_t number) {
     const std::int32_t x = 500 + 7 * (number % 400);
     const std::int32_t y = 300 + 3 * (number % 400);
@@ -135,7 +136,7 @@ std::array<input_event, 8> movement(std::int32_t number) {
             absolute(ABS_PRESSURE, force)};
 }
 
-// Returns how many reports were written.
+// Returns the number of written reports.
 int playStream(FakeNode& node, double seconds) {
     const int count = static_cast<int>(seconds * reportsPerSecond);
     const Beat beat;
@@ -153,9 +154,9 @@ int playStream(FakeNode& node, double seconds) {
     return count;
 }
 
-// The clock that runs while the thread does.
+// The processor-time clock of the thread.
 double processorMicroseconds(pid_t thread) {
-    constexpr int ofOneThread = 6; // as pthread_getcpuclockid() makes it
+    constexpr int ofOneThread = 6; // as in pthread_getcpuclockid()
     timespec time{};
     clock_gettime((~static_cast<clockid_t>(thread) << 3) | ofOneThread, &time);
     return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
@@ -166,7 +167,7 @@ struct Cost {
     double wakeUps = 0;
 };
 
-// Of the threads that ran, but for the one that plays the touchpad.
+// The costs of all threads that ran, except the thread that plays the touchpad.
 std::map<std::string, Cost> costDuring(FakeNode& node, double seconds) {
     const auto before = switchesOfAllThreads();
     std::map<pid_t, double> timeBefore;
