@@ -1,14 +1,20 @@
 // The agent for ten minutes, under all that a person and a machine do to it, at random: fast and
-// slow gestures, clicks, pads that are pulled out and put back, a second pad, and stops in the
-// middle of a touch that are long enough to be a stall.
+// slow gestures, clicks, pads that are pulled out and put back, a second pad, stops in the middle of
+// a touch that are long enough to be a stall, other sessions in front, and locked screens. libinput
+// reads the clones, as in a desktop.
 //
-//   start ─ a minute ─▶ measured ─ … every few actions it must recognise, type, have its clone … ─▶
+//   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
 //   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
 //
 // GLIDEMAP_SOAK_SECONDS says how long (600), GLIDEMAP_SOAK_SEED which actions. Both are printed.
 #include "agent_session.h"
+#include "deadline.h"
+#include "desktops/private_bus.h"
+#include "device_reader.h"
 #include "event_reader.h"
 #include "input_devices.h"
+#include "kit/in_environment.h"
+#include "linux_session/bus_double.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "performer.h"
@@ -19,6 +25,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/input.h>
+#include <sched.h>
 
 #include <algorithm>
 #include <chrono>
@@ -34,6 +41,10 @@
 namespace glidemap::vm {
 namespace {
 
+using desktops::PrivateBus;
+using test::BusDouble;
+using test::InEnvironment;
+using test::Journal;
 using testing::IsEmpty;
 
 constexpr const char* keyboardName = "Glidemap Keyboard";
@@ -77,6 +88,15 @@ Holdings holdingsOf(pid_t process) {
     return held;
 }
 
+const test::ServiceDescription logind{
+    "org.freedesktop.login1",
+    "/org/freedesktop/login1/session/auto",
+    "<interface name='org.freedesktop.login1.Session'>"
+    "<property name='Active' type='b' access='read'/>"
+    "<property name='LockedHint' type='b' access='read'/></interface>",
+    {},
+    {{"Active", true}}};
+
 class SoakTest : public testing::Test {
 protected:
     SoakTest() {
@@ -88,10 +108,19 @@ protected:
         agent = std::make_unique<Agent>();
     }
 
+    void SetUp() override {
+        if (!std::filesystem::exists("/usr/bin/libinput")) {
+            GTEST_SKIP() << "libinput-tools is not installed";
+        }
+        desktop = std::make_unique<Process>(std::vector<std::string>{
+            "/bin/sh", "-c", "exec /usr/bin/libinput debug-events >/dev/null"});
+        ASSERT_TRUE(desktop->waitUntilReading(pad.node()));
+    }
+
     int random(int below) { return std::uniform_int_distribution(0, below - 1)(numbers); }
 
     void actAtRandom() {
-        switch (random(10)) {
+        switch (random(12)) {
         case 0:
             return performOn(pad, allGestureTypes[static_cast<std::size_t>(
                                       random(static_cast<int>(allGestureTypes.size())))]);
@@ -103,6 +132,10 @@ protected:
             return stopInTheMiddle(SIGSTOP);
         case 4:
             return stopInTheMiddle(SIGTSTP);
+        case 5:
+            return switchSessions();
+        case 6:
+            return lock();
         default:
             return hurry();
         }
@@ -161,15 +194,67 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // It recognises a tap, its one clone is there, and nothing is held.
+    // Another user works for a while, or for so short a time that the program may not notice.
+    void switchSessions() {
+        const bool touched = random(2) == 0;
+        if (touched) {
+            hand.down(1 + random(4)).press();
+        }
+        announce("Active", false);
+        if (random(3) != 0) {
+            expectPadLetAlone();
+        }
+        if (touched) {
+            hand.release().up();
+        }
+        hurry();
+        announce("Active", true);
+    }
+
+    void lock() {
+        announce("LockedHint", true);
+        hurry();
+        announce("LockedHint", false);
+    }
+
+    void announce(const char* property, bool value) {
+        logindDouble.setAndAnnounce(property, value, "org.freedesktop.login1.Session",
+                                    "/org/freedesktop/login1/session/_31");
+    }
+
+    // No device of the program's is left, and it has no touchpad open.
+    void expectPadLetAlone() {
+        const auto isReading = [this] {
+            return hasOpen(std::to_string(agent->id()), pad.node());
+        };
+        EXPECT_TRUE(waitForCloneCount(0));
+        for (const auto& keyboard : nodesNamed(keyboardName)) {
+            EXPECT_TRUE(waitForNoNode(keyboard));
+        }
+        for (const Deadline deadline; isReading() && !deadline.passed();) {
+            sched_yield();
+        }
+        EXPECT_FALSE(isReading());
+        expectNotGrabbed();
+    }
+
+    void expectNotGrabbed() const {
+        EventReader others(pad.node());
+        EXPECT_TRUE(others.grab()) << "another program has the touchpad";
+        others.ungrab();
+    }
+
+    // It recognises a tap, its one clone speaks for the touchpad, and nothing is held.
     void expectWell() {
         hand.pause(betweenGestures);
         EXPECT_TRUE(agent->waitUntilAsleep());
         EXPECT_TRUE(recognisesTap()) << agent->errors();
         EXPECT_TRUE(waitForCloneCount(1));
-        EXPECT_TRUE(agent->waitUntilAsleep());
         const auto clones = cloneNodes();
         ASSERT_EQ(clones.size(), 1U);
+        DeviceReader reader(clones.front());
+        hand.waitUntilTaken(reader);
+        EXPECT_TRUE(agent->waitUntilAsleep());
         const EventReader clone(clones.front());
         EXPECT_FALSE(clone.isTouched());
         EXPECT_FALSE(clone.isPressed(BTN_LEFT));
@@ -225,9 +310,16 @@ protected:
     std::mt19937 numbers{seed};
     int rounds = 0;
     AgentHome home;
+    Journal journal;
+    PrivateBus systemBus;
+    PrivateBus sessionBus;
+    InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
+    InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
+    BusDouble logindDouble{systemBus.address(), logind, journal};
     VirtualPad pad{ordinaryPad()};
     PadHand hand{pad};
     std::unique_ptr<Agent> agent;
+    std::unique_ptr<Process> desktop;
 };
 
 TEST_F(SoakTest, HoldsAndLeaksNothing) {
@@ -248,9 +340,8 @@ TEST_F(SoakTest, HoldsAndLeaksNothing) {
     EXPECT_EQ(agent->waitForEnd(), 0) << agent->errors();
     EXPECT_TRUE(waitForCloneCount(0));
     EXPECT_THAT(nodesNamed(keyboardName), IsEmpty());
-    EventReader others(pad.node());
-    EXPECT_TRUE(others.grab()) << "no program has the touchpad";
-    others.ungrab();
+    expectNotGrabbed();
+    const EventReader others(pad.node());
     EXPECT_FALSE(others.isTouched());
     EXPECT_FALSE(others.isPressed(BTN_LEFT));
 }
