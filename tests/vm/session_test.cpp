@@ -239,5 +239,44 @@ TEST_F(SessionTest, AccessThatIsGivenWhileItRunsNeedsNoRestart) {
     EXPECT_EQ(chmod(uinput, 0600), 0);
 }
 
+// An open descriptor outlives the rights to the node, so the program must look itself.
+TEST_F(SessionTest, AccessThatIsTakenAwayGivesTheTouchpadBackUntilItIsGivenAgain) {
+    home.writeBindings({typesT, tapTypesS});
+    home.giveToNobody();
+    ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+    ASSERT_EQ(chmod(uinput, 0666), 0);
+    Agent agent(Process::User::nobody);
+    DeviceReader keys(keyboardNode());
+    for (int turn = 0; turn < 3; ++turn) {
+        const std::filesystem::path clone = cloneNode();
+        DeviceReader reader(clone);
+        hand.waitUntilTaken(reader);
+        hand.click(2);
+        ASSERT_TRUE(keys.waitForKey(KEY_T, 0)) << "turn " << turn;
+        keys.forget();
+        reader.forget();
+        hand.down(1).press();
+        ASSERT_TRUE(reader.waitForKey(BTN_LEFT, 1)) << "turn " << turn;
+
+        ASSERT_EQ(chmod(pad.node().c_str(), 0600), 0);
+        ASSERT_TRUE(waitForNoNode(clone)) << "turn " << turn;
+        EXPECT_TRUE(agent.waitUntilAsleep());
+        EXPECT_FALSE(isReading(agent));
+        hand.release().up();
+        DeviceReader another(pad.node());
+        EXPECT_FALSE(another.isGrabbedByAnother());
+        hand.click(2);
+        EXPECT_TRUE(another.waitForKey(BTN_LEFT, 0));
+        hand.pause(betweenGestures);
+        hand.tap(3);
+        hand.pause(betweenGestures);
+
+        ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+    }
+    EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
+    EXPECT_EQ(countOf(keys, KEY_S, 1), 0);
+    EXPECT_EQ(chmod(uinput, 0600), 0);
+}
+
 } // namespace
 } // namespace glidemap::vm

@@ -58,7 +58,8 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
             return;
         }
         if (result != OpenPad::Read::event) {
-            lose(result, buttonCallback);
+            broken = result == OpenPad::Read::broken;
+            lose(broken ? "cannot be read any more" : "unplugged", buttonCallback);
             return;
         }
         reading->interception.add(event);
@@ -69,12 +70,14 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     }
 }
 
+void Touchpad::withdraw(const driver::ButtonCallback& buttonCallback) {
+    lose("given back, this user may not read it any more", buttonCallback);
+}
+
 // The touch ends with an empty report, because nobody will ever see the fingers leave.
-void Touchpad::lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback) {
+void Touchpad::lose(const char* reason, const driver::ButtonCallback& buttonCallback) {
     const std::unique_ptr<PadConnection> lost = std::move(connection);
-    broken = reason == OpenPad::Read::broken;
-    logLine("touchpads", lost->node, ", ", _identity.name,
-            broken ? ": cannot be read any more" : ": unplugged");
+    logLine("touchpads", lost->node, ", ", _identity.name, ": ", reason);
     report(lost->assembler.release(monotonicNow()), buttonCallback);
     lost->interception.lose();
 }

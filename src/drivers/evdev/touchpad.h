@@ -2,6 +2,7 @@
 // touchpad is away, and reports again when it has returned.
 //
 //   idle ──start──▶ connected ──unplugged──▶ waiting ──returned──▶ connected …
+//     ▲                         access lost             access given
 //     ▲─────────────── stop ─────────────────────┘
 //
 // Thread:  under the driver's lock; read() on the reader's thread.
@@ -34,7 +35,8 @@ struct PadConnection {
     std::unique_ptr<OpenPad> pad;
     ContactAssembler assembler;
     PadInterception interception;
-    bool fresh = true; // its first events are there without its descriptor being readable
+    bool fresh = true;     // its first events are there without its descriptor being readable
+    bool mayBeRead = true; // false once this user has lost the access to the node
 };
 
 class Touchpad {
@@ -71,9 +73,13 @@ public:
     // it is lost. Needs a connection.
     void read(const driver::ButtonCallback& buttonCallback);
 
+    // Closes the touchpad, which this user may not read any more, as if it were unplugged. Needs a
+    // connection.
+    void withdraw(const driver::ButtonCallback& buttonCallback);
+
 private:
     void report(const PadFrame& frame, const driver::ButtonCallback& buttonCallback);
-    void lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback);
+    void lose(const char* reason, const driver::ButtonCallback& buttonCallback);
 
     PadIdentity _identity;
     std::string node;

@@ -49,6 +49,7 @@ std::vector<driver::Device> TouchpadDriver::createList() {
     for (const PadCandidate& candidate : directory->candidates()) {
         logLine("touchpads", "found ", candidate.node, ", ", candidate.identity.name,
                 candidate.readable ? "" : ": not used, this user may not read it");
+        noteAccess(candidate);
         if (candidate.readable) {
             Touchpad& touchpad = recordFor(candidate, list);
             touchpad.seeAt(candidate.node);
@@ -78,6 +79,18 @@ Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
     }
     touchpads.push_back(std::make_unique<Touchpad>(candidate.identity));
     return *touchpads.back();
+}
+
+// A descriptor outlives the rights to its node. The reader closes it.
+void TouchpadDriver::noteAccess(const PadCandidate& candidate) {
+    for (const auto& touchpad : touchpads) {
+        PadConnection* connection = touchpad->connected();
+        if (connection != nullptr && connection->node == candidate.node &&
+            connection->mayBeRead != candidate.readable) {
+            connection->mayBeRead = candidate.readable;
+            wakeReader();
+        }
+    }
 }
 
 std::int32_t TouchpadDriver::unreadableCount() const {
@@ -273,6 +286,7 @@ void TouchpadDriver::waitForWork() {
 }
 
 void TouchpadDriver::serve() {
+    withdrawUnreadable();
     readReady();
     const bool stalled = clicks.noticeStall();
     if (clicks.takeChange() || stalled) {
@@ -288,6 +302,18 @@ void TouchpadDriver::serve() {
         readFresh();
     }
     updateWatch();
+}
+
+// The access may be back by now, so all are looked for again.
+void TouchpadDriver::withdrawUnreadable() {
+    // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
+    for (std::size_t index = 0; index < touchpads.size(); ++index) {
+        const PadConnection* connection = touchpads[index]->connected();
+        if (connection != nullptr && !connection->mayBeRead) {
+            touchpads[index]->withdraw(buttonCallback);
+            lookAgain = true;
+        }
+    }
 }
 
 // What poll() has found to be ready. A touchpad that was opened again meanwhile may be read in any

@@ -47,6 +47,7 @@ public:
     ~TouchpadDriver();
 
     // The touchpads that are there and can be read. A touchpad is the same device in every list.
+    // One that is started and cannot be read any more is given back and waited for.
     std::vector<driver::Device> createList();
     std::int32_t unreadableCount() const;
 
@@ -74,6 +75,7 @@ private:
 
     Touchpad* find(driver::Device device) const;
     Touchpad& recordFor(const PadCandidate& candidate, const std::vector<driver::Device>& taken);
+    void noteAccess(const PadCandidate& candidate);
     bool isOpen(const std::string& node) const;
     bool anyStarted() const;
     void connect(Touchpad& touchpad);
@@ -86,6 +88,7 @@ private:
     void runReader();
     void waitForWork();
     void serve();
+    void withdrawUnreadable();
     void readReady();
     void readFresh();
     void readConnected();

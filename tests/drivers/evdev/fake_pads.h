@@ -129,9 +129,9 @@ public:
         eventfd_write(changes.descriptor(), 1);
     }
 
-    void makeReadable(const std::string& node) {
+    void makeReadable(const std::string& node, bool readable = true) {
         const std::lock_guard lock(mutex);
-        pads.at(node).readable = true;
+        pads.at(node).readable = readable;
         eventfd_write(changes.descriptor(), 1);
     }
 

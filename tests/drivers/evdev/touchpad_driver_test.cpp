@@ -245,6 +245,52 @@ TEST_F(TouchpadDriverTest, ATouchpadThatReturnsWithoutRightsResumesWhenTheyArriv
     EXPECT_EQ(heard.wait(3), (Texts{"1:3", "", "1:3"}));
 }
 
+TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessIsClosedUntilTheAccessIsBack) {
+    const auto device = started("event1", "pad");
+    const auto stream = pads->stream("event1");
+    send("event1", fingerDown(1));
+    heard.wait(1);
+    pads->makeReadable("event1", false);
+    EXPECT_TRUE(driver.createList().empty());
+    EXPECT_EQ(driver.unreadableCount(), 1);
+    EXPECT_EQ(heard.wait(2), (Texts{"1:3", ""})) << "the touch ends";
+    EXPECT_TRUE(pads->comeToWatches(1));
+    stream->send(fingerUp());
+    pads->change();
+    stream->restart({});
+    pads->makeReadable("event1");
+    EXPECT_EQ(driver.createList(), std::vector{device});
+    send("event1", fingerDown(1));
+    EXPECT_EQ(heard.wait(3), (Texts{"1:3", "", "1:3"}));
+    EXPECT_TRUE(pads->comeToWatches(0));
+}
+
+TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessWhoseAccessIsBackAtOnceIsReadAgain) {
+    const auto device = started("event1", "pad");
+    for (int turn = 0; turn < 50; ++turn) {
+        pads->makeReadable("event1", false);
+        driver.createList();
+        pads->makeReadable("event1");
+        EXPECT_EQ(driver.createList(), std::vector{device});
+        const std::size_t before = heard.wait(0).size();
+        send("event1", fingerDown(1));
+        heard.wait(before + 1);
+        send("event1", fingerUp());
+        ASSERT_EQ(heard.wait(before + 2).size(), before + 2) << "turn " << turn;
+    }
+}
+
+TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessMayBeStopped) {
+    const auto device = started("event1", "pad");
+    pads->makeReadable("event1", false);
+    driver.createList();
+    driver.stop(device);
+    pads->makeReadable("event1");
+    driver.start(device);
+    send("event1", fingerDown(1));
+    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+}
+
 TEST_F(TouchpadDriverTest, NothingIsWatchedWhileNoTouchpadIsAway) {
     started("event1", "pad");
     send("event1", fingerDown(1));
