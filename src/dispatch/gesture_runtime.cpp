@@ -57,7 +57,8 @@ void GestureRuntime::accessMayHaveChanged() {
 }
 
 bool GestureRuntime::mayRun() const {
-    return isStarted && (parts->session == nullptr || parts->session->isActive());
+    const auto& session = parts->session;
+    return isStarted && (session == nullptr || (session->isActive() && !session->isAsleep()));
 }
 
 void GestureRuntime::followSession() {

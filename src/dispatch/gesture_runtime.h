@@ -9,10 +9,11 @@
 //                └─ is a click bound? ─ demand
 //
 //   start ──▶ running ◀──▶ paused ──▶ stop
-//                  the session becomes active or inactive
+//                  the session becomes active or inactive, the machine sleeps or wakes
 //
 // While another session is active, this program reads, recognises and consumes nothing: the other
-// session's user has the same touchpad.
+// session's user has the same touchpad. The same applies while the machine sleeps, so that no touch
+// outlasts sleep.
 //
 // Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on
 //          their threads, hold it weakly, and do nothing after its destruction.

@@ -1,8 +1,8 @@
-// Port: whether the program's session is active and unlocked.
+// Port: whether the program's session is active and unlocked, and its machine awake.
 //
 // Thread:  the queries on any, without waiting; changes() on the main thread.
 // Owner:   the program creates one.
-// Errors:  none; a session of unknown state counts as active and unlocked.
+// Errors:  none; a session of unknown state counts as active, unlocked and awake.
 #pragma once
 
 #include "core/observable.h"
@@ -21,7 +21,11 @@ public:
 
     virtual bool isLocked() const = 0;
 
-    // Notifies when either value changes.
+    // From shortly before the machine sleeps until it is awake again. Always false if the platform
+    // does not announce sleep.
+    virtual bool isAsleep() const { return false; }
+
+    // Notifies when any of these values changes.
     Observable& changes() { return observers; }
 
 private:

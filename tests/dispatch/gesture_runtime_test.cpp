@@ -94,6 +94,42 @@ TEST_F(GestureRuntimeTest, FingersThatRestDuringASessionChangeAreNoGesture) {
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
+TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrTaken) {
+    runtime->start();
+    tapPort->takeNotes();
+    session->setAsleep(true);
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("disable", "remove"));
+    tap(3, 1);
+    session->setActive(false);
+    session->setAsleep(false); // awake, with another session in front
+    EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
+    tap(3, 2);
+    session->setActive(true);
+    EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
+    tap(4, 3);
+    EXPECT_EQ(recognised(), std::vector{fourFingerTap});
+}
+
+// The clock of the reports stands still during sleep.
+TEST_F(GestureRuntimeTest, ATapBeforeSleepAndOneAfterItAreNoDoubleTap) {
+    runtime->start();
+    tap(3, 1);
+    session->setAsleep(true);
+    session->setAsleep(false);
+    tap(3, 1.3);
+    EXPECT_EQ(recognised(), (std::vector{threeFingerTap, threeFingerTap}));
+}
+
+TEST_F(GestureRuntimeTest, FingersThatRestDuringSleepDecideNothing) {
+    runtime->start();
+    pad.play(fingers(3).startingAt(1).down().until(1.7));
+    session->setAsleep(true);
+    session->setAsleep(false);
+    pad.play(fingers(3).startingAt(1.75).down().until(2).up());
+    pad.finish();
+    EXPECT_THAT(recognised(), ElementsAre(threeFingerTap));
+}
+
 TEST_F(GestureRuntimeTest, SessionChangesBeforeStartAndAfterStopAreIgnored) {
     session->setActive(false);
     session->setActive(true);

@@ -1,4 +1,4 @@
-// A session whose active and locked states the test sets.
+// A session whose active, locked and sleeping states the test sets.
 //
 // Thread:  the setters on the test's main thread; the rest on any.
 #pragma once
@@ -13,6 +13,7 @@ class ScriptedUserSession : public UserSession {
 public:
     bool isActive() const override { return active; }
     bool isLocked() const override { return locked; }
+    bool isAsleep() const override { return asleep; }
 
     void setActive(bool isActive) {
         active = isActive;
@@ -23,9 +24,15 @@ public:
         changes().announceDidChange();
     }
 
+    void setAsleep(bool isAsleep) {
+        asleep = isAsleep;
+        changes().announceDidChange();
+    }
+
 private:
     std::atomic<bool> active = true;
     std::atomic<bool> locked = false;
+    std::atomic<bool> asleep = false;
 };
 
 } // namespace glidemap::kit

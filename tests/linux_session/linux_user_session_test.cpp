@@ -15,6 +15,7 @@
 #include <mutex>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace glidemap {
 namespace {
@@ -33,7 +34,10 @@ const ServiceDescription logind{"org.freedesktop.login1", "/org/freedesktop/logi
                                 "<interface name='org.freedesktop.login1.Session'>"
                                 "<property name='Active' type='b' access='read'/>"
                                 "<property name='LockedHint' type='b' access='read'/>"
-                                "<property name='State' type='s' access='read'/></interface>"};
+                                "<property name='State' type='s' access='read'/></interface>"
+                                "<interface name='org.freedesktop.login1.Manager'>"
+                                "<signal name='PrepareForSleep'><arg type='b'/></signal>"
+                                "</interface>"};
 
 struct Saver {
     const char* name;
@@ -123,9 +127,23 @@ protected:
         manager.setAndAnnounce(property, value, sessionInterface, sessionUnderItsOwnName);
     }
 
+    static void announceSleep(BusDouble& manager, bool sleeps) {
+        manager.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
+                         g_variant_new("(b)", sleeps ? TRUE : FALSE));
+    }
+
     // Every change is noted after it has been made.
     bool become(const LinuxUserSession& session, bool isActive, bool isLocked) {
         while (session.isActive() != isActive || session.isLocked() != isLocked) {
+            if (!journal.waitForCount("changed", ++changes)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool sleepIs(const LinuxUserSession& session, bool expected) {
+        for (queue->run(); session.isAsleep() != expected; queue->run()) {
             if (!journal.waitForCount("changed", ++changes)) {
                 return false;
             }
@@ -162,6 +180,46 @@ TEST_F(LinuxUserSessionTest, ASessionInTheBackgroundIsKnownFromTheStart) {
     startLogind(false, true);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, true));
+}
+
+TEST_F(LinuxUserSessionTest, FollowsWhetherTheMachineSleeps) {
+    BusDouble& manager = startLogind(true, true);
+    const LinuxUserSession session(desktop, queue);
+    EXPECT_FALSE(session.isAsleep());
+    ASSERT_TRUE(become(session, true, true));
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 2)) << "the watch is set";
+    announceSleep(manager, true);
+    EXPECT_TRUE(sleepIs(session, true));
+    announce(manager, "LockedHint", false);
+    EXPECT_TRUE(become(session, true, false));
+    EXPECT_TRUE(session.isAsleep()) << "what is read meanwhile does not wake it";
+    announceSleep(manager, false);
+    EXPECT_TRUE(sleepIs(session, false));
+}
+
+// A process that is stopped before sleep reads both signals afterwards.
+TEST_F(LinuxUserSessionTest, ASleepThatIsOverBeforeTheMainThreadRunsIsNotified) {
+    BusDouble& manager = startLogind(true, false);
+    LinuxUserSession session(desktop, queue);
+    std::vector<bool> notified;
+    const Subscription toSession =
+        session.changes().subscribe({}, [&] { notified.push_back(session.isAsleep()); });
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
+    announceSleep(manager, true);
+    announceSleep(manager, false);
+    ASSERT_TRUE(journal.waitForCount("changed", 2));
+    queue->run();
+    EXPECT_EQ(notified, (std::vector{true, false}));
+}
+
+TEST_F(LinuxUserSessionTest, IsAwakeWhenLogindEndsWhileTheMachineSleeps) {
+    BusDouble& manager = startLogind(true, false);
+    const LinuxUserSession session(desktop, queue);
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
+    announceSleep(manager, true);
+    ASSERT_TRUE(sleepIs(session, true));
+    services.clear();
+    EXPECT_TRUE(sleepIs(session, false));
 }
 
 TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
@@ -256,6 +314,14 @@ TEST_F(LinuxUserSessionTest, OddSignalsChangeNothing) {
     cinnamon.become(true);
     EXPECT_TRUE(become(session, true, true));
     EXPECT_EQ(changes, 1);
+    BusDouble& manager = startLogind(true, false);
+    ASSERT_TRUE(journal.waitForCount("login1 get Active", 1));
+    manager.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
+                     g_variant_new("(s)", "true"));
+    announce(manager, "LockedHint", true);
+    cinnamon.become(false);
+    ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", 2));
+    EXPECT_FALSE(session.isAsleep());
 }
 
 TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {

@@ -58,6 +58,11 @@ public:
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience) {
         return process->waitForLines(text, count, patience);
     }
+    // Reads what has been printed so far.
+    void readOutput() {
+        while (process->waitForMoreOutput(0)) {
+        }
+    }
     bool waitUntilAsleep() const { return process->waitUntilAsleep(); }
     void send(int signal) const { process->send(signal); }
     std::optional<int> waitForEnd() { return process->waitForEnd(); }

@@ -11,12 +11,16 @@
 #include "pad_hand.h"
 #include "virtual_pad.h"
 
+#include <gio/gio.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/input.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -50,7 +54,9 @@ test::ServiceDescription logind(bool isActive) {
             "/org/freedesktop/login1/session/auto",
             "<interface name='org.freedesktop.login1.Session'>"
             "<property name='Active' type='b' access='read'/>"
-            "<property name='LockedHint' type='b' access='read'/></interface>",
+            "<property name='LockedHint' type='b' access='read'/></interface>"
+            "<interface name='org.freedesktop.login1.Manager'>"
+            "<signal name='PrepareForSleep'><arg type='b'/></signal></interface>",
             {},
             {{"Active", isActive}}};
 }
@@ -60,6 +66,11 @@ protected:
     void set(BusDouble& manager, const char* property, bool value) {
         manager.setAndAnnounce(property, value, "org.freedesktop.login1.Session",
                                "/org/freedesktop/login1/session/_31");
+    }
+
+    static void announceSleep(BusDouble& manager, bool sleeps) {
+        manager.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
+                         g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
     // Returns when the program knows. It reads the session after each announcement. The double
@@ -79,6 +90,16 @@ protected:
     }
     static std::filesystem::path keyboardNode() {
         return waitForNode(keyboardName).value_or("/dev/null");
+    }
+
+    // So many are in the agent's log so far.
+    static std::size_t gestures(Agent& agent) {
+        agent.readOutput();
+        std::size_t count = 0;
+        for (std::size_t at = 0; (at = agent.output().find("→", at)) != std::string::npos; ++at) {
+            ++count;
+        }
+        return count;
     }
 
     bool isReading(const Agent& agent) const {
@@ -161,6 +182,46 @@ TEST_F(SessionTest, ATouchpadThatComesWhileAnotherSessionIsInFrontIsReadAfterwar
     hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
+}
+
+// ── the machine sleeps ──
+
+// The monotonic clock stands still meanwhile, so a touch, a tap that waits for its second one, and a
+// button that is held would go on where they were.
+TEST_F(SessionTest, NothingThatTheTouchpadHeldOutlastsSleep) {
+    BusDouble manager(systemBus.address(), logind(true), journal);
+    home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
+                        bindingJson("twoFingerTap", shortcutJson(2, 0)),
+                        bindingJson("threeFingerLongPress", shortcutJson(3, 0))});
+    Agent agent;
+    ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
+    DeviceReader keys(keyboardNode()); // a desktop would have to set up another keyboard
+    for (int turn = 0; turn < 3; ++turn) {
+        const std::filesystem::path clone = cloneNode();
+        DeviceReader reader(clone);
+        hand.waitUntilTaken(reader);
+        hand.pause(betweenGestures).tap(2).down(3).press();
+        ASSERT_TRUE(reader.waitForKey(BTN_LEFT, 1)) << "turn " << turn;
+
+        announceSleep(manager, true);
+        ASSERT_TRUE(waitForNoNode(clone)) << "turn " << turn;
+        EXPECT_TRUE(agent.waitUntilAsleep());
+        EXPECT_FALSE(isReading(agent));
+        EXPECT_FALSE(DeviceReader(pad.node()).isGrabbedByAnother());
+        hand.release().up();
+        const std::size_t before = gestures(agent); // where a slow machine was late
+
+        announceSleep(manager, false);
+        DeviceReader again(cloneNode());
+        hand.waitUntilTaken(again);
+        hand.pause(betweenGestures);
+        hand.click(2);
+        EXPECT_TRUE(keys.waitForKey(KEY_T, 0)) << "turn " << turn;
+        keys.forget();
+        EXPECT_TRUE(agent.waitForLines("twoFingerClick →", static_cast<std::size_t>(turn) + 1,
+                                       std::chrono::seconds(60)));
+        EXPECT_EQ(gestures(agent), before + 1) << agent.output();
+    }
 }
 
 // ── a locked screen ──

@@ -1,7 +1,7 @@
 // The agent for ten minutes, under all that a person and a machine do to it, at random: fast and
 // slow gestures, clicks, pads that are pulled out and put back, a second pad, stops in the middle of
-// a touch that are long enough to be a stall, other sessions in front, and locked screens. libinput
-// reads the clones, as in a desktop.
+// a touch that are long enough to be a stall, other sessions in front, sleep, and locked screens.
+// libinput reads the clones, as in a desktop.
 //
 //   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
 //   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
@@ -22,6 +22,7 @@
 #include "threads.h"
 #include "virtual_pad.h"
 
+#include <gio/gio.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/input.h>
@@ -33,6 +34,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <random>
@@ -93,7 +95,9 @@ const test::ServiceDescription logind{
     "/org/freedesktop/login1/session/auto",
     "<interface name='org.freedesktop.login1.Session'>"
     "<property name='Active' type='b' access='read'/>"
-    "<property name='LockedHint' type='b' access='read'/></interface>",
+    "<property name='LockedHint' type='b' access='read'/></interface>"
+    "<interface name='org.freedesktop.login1.Manager'>"
+    "<signal name='PrepareForSleep'><arg type='b'/></signal></interface>",
     {},
     {{"Active", true}}};
 
@@ -120,7 +124,7 @@ protected:
     int random(int below) { return std::uniform_int_distribution(0, below - 1)(numbers); }
 
     void actAtRandom() {
-        switch (random(12)) {
+        switch (random(13)) {
         case 0:
             return performOn(pad, allGestureTypes[static_cast<std::size_t>(
                                       random(static_cast<int>(allGestureTypes.size())))]);
@@ -133,8 +137,11 @@ protected:
         case 4:
             return stopInTheMiddle(SIGTSTP);
         case 5:
-            return switchSessions();
+            return leave([this](bool away) { announce("Active", !away); },
+                         [this] { expectNoKeyboard(); });
         case 6:
+            return leave([this](bool away) { announceSleep(away); }, [] {});
+        case 7:
             return lock();
         default:
             return hurry();
@@ -194,21 +201,22 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // Another user works for a while, or for so short a time that the program may not notice.
-    void switchSessions() {
+    // Another user works, or the machine sleeps, for a while or so shortly that the program may not notice.
+    void leave(const std::function<void(bool away)>& set, const std::function<void()>& expectMore) {
         const bool touched = random(2) == 0;
         if (touched) {
             hand.down(1 + random(4)).press();
         }
-        announce("Active", false);
+        set(true);
         if (random(3) != 0) {
-            expectPadLetAlone();
+            expectPadGivenBack();
+            expectMore();
         }
         if (touched) {
             hand.release().up();
         }
         hurry();
-        announce("Active", true);
+        set(false);
     }
 
     void lock() {
@@ -222,15 +230,23 @@ protected:
                                     "/org/freedesktop/login1/session/_31");
     }
 
-    // No device of the program's is left, and it has no touchpad open.
-    void expectPadLetAlone() {
+    void announceSleep(bool sleeps) {
+        logindDouble.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
+                              g_variant_new("(b)", sleeps ? TRUE : FALSE));
+    }
+
+    static void expectNoKeyboard() {
+        for (const auto& keyboard : nodesNamed(keyboardName)) {
+            EXPECT_TRUE(waitForNoNode(keyboard));
+        }
+    }
+
+    // No clone is left, and the program does not have the touchpad open.
+    void expectPadGivenBack() {
         const auto isReading = [this] {
             return hasOpen(std::to_string(agent->id()), pad.node());
         };
         EXPECT_TRUE(waitForCloneCount(0));
-        for (const auto& keyboard : nodesNamed(keyboardName)) {
-            EXPECT_TRUE(waitForNoNode(keyboard));
-        }
         for (const Deadline deadline; isReading() && !deadline.passed();) {
             sched_yield();
         }
@@ -269,7 +285,7 @@ protected:
     // A hand that a busy machine makes late makes another gesture, and tries again.
     bool recognisesTap() {
         constexpr int maxAttempts = 10;
-        agent->waitForLines(marker, 0, std::chrono::seconds(0));
+        agent->readOutput();
         for (int attempt = 0; attempt < maxAttempts; ++attempt) {
             const std::size_t before = markers();
             hand.tap(3).pause(betweenGestures);
@@ -289,7 +305,12 @@ protected:
         return count;
     }
 
+    // A touchpad that has gone is waited for, with two descriptors, until the session changes.
     Holdings measure() {
+        announce("Active", false);
+        expectPadGivenBack();
+        expectNoKeyboard();
+        announce("Active", true);
         expectWell();
         return holdingsOf(agent->id());
     }

@@ -1,5 +1,6 @@
 #include "platform/linux/session/linux_user_session.h"
 
+#include "core/log.h"
 #include "platform/linux/session/screen_savers.h"
 
 #include <gio/gio.h>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
+constexpr const char* managerInterface = "org.freedesktop.login1.Manager";
 // The caller's own session or, for a program that the user's service manager has started, the one
 // on the display.
 constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/session/auto",
@@ -49,7 +51,12 @@ bool isLockedHint(GVariantDict* session) {
 // Follows logind until the session's end, or calls back never where there is no logind.
 class SessionErrand : public BusErrand {
 public:
-    using Told = std::function<void(bool isActive, bool isLocked)>;
+    struct State {
+        bool isActive = true;
+        bool isLocked = false;
+        bool isAsleep = false;
+    };
+    using Told = std::function<void(const State& state)>;
 
     explicit SessionErrand(Told toTell)
         : BusErrand(asMilliseconds(patience)), told(std::move(toTell)) {}
@@ -85,10 +92,31 @@ private:
         watchProperties(Bus::system, logind, sessionInterface,
                         [kept = alive()] { kept->read({}); });
         watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
-              [kept = alive()](GVariant* /*values*/) { kept->read({}); });
+              [kept = alive()](GVariant* /*values*/) {
+                  kept->setAsleep(false); // a logind that has ended announces no waking
+                  kept->read({});
+              });
         for (const char* const signal : {"SessionNew", "SessionRemoved"}) {
-            watch({Bus::system, logind, "org.freedesktop.login1.Manager", signal, nullptr},
+            watch({Bus::system, logind, managerInterface, signal, nullptr},
                   [kept = alive()](GVariant* /*values*/) { kept->read({}); });
+        }
+        watch({Bus::system, logind, managerInterface, "PrepareForSleep", nullptr},
+              [kept = alive()](GVariant* values) { kept->followSleep(values); });
+    }
+
+    // True before the machine sleeps, false once it is awake again, or has failed to sleep.
+    void followSleep(GVariant* values) {
+        if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
+            gboolean sleeps = FALSE;
+            g_variant_get(values, "(b)", &sleeps);
+            setAsleep(sleeps != FALSE);
+        }
+    }
+
+    void setAsleep(bool asleep) {
+        if (std::exchange(state.isAsleep, asleep) != asleep) {
+            logLine("session", asleep ? "the machine goes to sleep" : "the machine is awake");
+            told(state);
         }
     }
 
@@ -99,13 +127,16 @@ private:
         GVariant* const all = g_variant_get_child_value(values, 0);
         GVariantDict session;
         g_variant_dict_init(&session, all);
-        told(!isInBackground(&session), isLockedHint(&session));
+        state.isActive = !isInBackground(&session);
+        state.isLocked = isLockedHint(&session);
         g_variant_dict_clear(&session);
         g_variant_unref(all);
+        told(state);
     }
 
     Told told;
     bool isOpen = false;
+    State state;
 };
 
 // Follows the screen savers that run, and those that are started later.
@@ -183,23 +214,37 @@ struct LinuxUserSession::Known {
     std::atomic<bool> isActive = true;
     std::atomic<bool> isHintedLocked = false;
     std::atomic<bool> isSaverActive = false;
+    std::atomic<bool> isAsleep = false;
 };
 
 LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQueue> mainQueue)
     : known(std::make_shared<Known>()), errands(desktop) {
-    const auto changed = [queue = std::move(mainQueue), weak = std::weak_ptr(life)] {
+    const auto changed = [queue = mainQueue, weak = std::weak_ptr(life)] {
         queue->submit([weak] {
             if (const auto session = weak.lock()) {
                 (*session)->changes().announceDidChange();
             }
         });
     };
+    const auto sleepChanged = [held = known, queue = std::move(mainQueue),
+                               weak = std::weak_ptr(life)](bool asleep) {
+        queue->submit([held, weak, asleep] {
+            if (const auto session = weak.lock()) {
+                held->isAsleep = asleep; // here, so that no sleep is too short to be noticed
+                (*session)->changes().announceDidChange();
+            }
+        });
+    };
     errands.start(
-        std::make_shared<SessionErrand>([held = known, changed](bool active, bool locked) {
-            const bool wasLocked = held->isHintedLocked.exchange(locked);
-            const bool wasActive = held->isActive.exchange(active);
-            if (wasLocked != locked || wasActive != active) {
+        std::make_shared<SessionErrand>([held = known, changed, sleepChanged, wasAsleep = false](
+                                            const SessionErrand::State& now) mutable {
+            const bool wasLocked = held->isHintedLocked.exchange(now.isLocked);
+            const bool wasActive = held->isActive.exchange(now.isActive);
+            if (wasLocked != now.isLocked || wasActive != now.isActive) {
                 changed();
+            }
+            if (std::exchange(wasAsleep, now.isAsleep) != now.isAsleep) {
+                sleepChanged(now.isAsleep);
             }
         }));
     errands.start(std::make_shared<ScreenSaverErrand>([held = known, changed](bool isAnyActive) {
@@ -211,6 +256,10 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
 
 bool LinuxUserSession::isActive() const {
     return known->isActive;
+}
+
+bool LinuxUserSession::isAsleep() const {
+    return known->isAsleep;
 }
 
 bool LinuxUserSession::isLocked() const {

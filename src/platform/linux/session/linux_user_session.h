@@ -28,6 +28,7 @@ public:
     LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQueue> mainQueue);
 
     bool isActive() const override;
+    bool isAsleep() const override;
     bool isLocked() const override;
 
 private:
