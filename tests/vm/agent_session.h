@@ -55,6 +55,10 @@ public:
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }
+    // The same of the lines that GLIDEMAP_LOG turns on.
+    std::optional<std::string> waitForReason(const std::string& text) {
+        return process->waitForError(text);
+    }
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience) {
         return process->waitForLines(text, count, patience);
     }

@@ -4,7 +4,9 @@
 #include "agent_session.h"
 #include "deadline.h"
 #include "device_reader.h"
+#include "event_reader.h"
 #include "input_devices.h"
+#include "kit/in_environment.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "performer.h"
@@ -28,6 +30,7 @@
 namespace glidemap::vm {
 namespace {
 
+using test::InEnvironment;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
@@ -335,6 +338,35 @@ TEST_F(AgentTest, ATouchpadThatIsPluggedInAgainIsFilteredAgain) {
 }
 
 // ── a full disk ──
+
+TEST_F(AgentTest, WhereNoProgramReadsTheCloneTheLogSaysWhyTheTouchpadIsNotTaken) {
+    const InEnvironment log("GLIDEMAP_LOG", "1");
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    Agent agent;
+    const DeviceReader keys = keyboard();
+    const std::string reason = "not grabbed, no program has opened the touchpad's clone: ";
+    EXPECT_TRUE(agent.waitForReason(reason + pad.shape().name));
+    EXPECT_TRUE(waitForCloneCount(0));
+    DeviceReader others(pad.node());
+    EXPECT_FALSE(others.isGrabbedByAnother());
+    hand.click(2);
+    EXPECT_TRUE(others.waitForKey(BTN_LEFT, 1));
+    EXPECT_TRUE(others.waitForKey(BTN_LEFT, 0));
+    EXPECT_TRUE(agent.waitUntilAsleep());
+    EXPECT_THAT(agent.errors(), Not(HasSubstr("grabbed " + pad.shape().name)));
+    EXPECT_THAT(agent.output(), Not(HasSubstr("twoFingerClick")));
+}
+
+TEST_F(AgentTest, WhereAnotherProgramHasTheTouchpadTheLogSaysSo) {
+    const InEnvironment log("GLIDEMAP_LOG", "1");
+    home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
+    const EventReader other(pad.node());
+    ASSERT_TRUE(other.grab());
+    Agent agent;
+    DeviceReader clone(cloneNode());
+    const std::string reason = "not grabbed, another program has grabbed the touchpad: ";
+    EXPECT_TRUE(agent.waitForReason(reason + pad.shape().name));
+}
 
 TEST_F(AgentTest, OnAFullDiskTheDefaultBindingsWorkAllTheSame) {
     const std::filesystem::path folder = home.bindingsFile().parent_path();

@@ -113,10 +113,19 @@ bool Process::readMore(int milliseconds) {
 }
 
 std::optional<std::string> Process::waitForOutput(const std::string& text) {
+    return waitForLine(_output, text);
+}
+
+std::optional<std::string> Process::waitForError(const std::string& text) {
+    return waitForLine(_errors, text);
+}
+
+std::optional<std::string> Process::waitForLine(const std::string& stream,
+                                                const std::string& text) {
     const Deadline deadline;
-    std::optional<std::string> line = completeLineWith(_output, text);
+    std::optional<std::string> line = completeLineWith(stream, text);
     while (!line && readMore(deadline.milliseconds())) {
-        line = completeLineWith(_output, text);
+        line = completeLineWith(stream, text);
     }
     if (!line) {
         ADD_FAILURE() << "waited in vain for \"" << text << "\"; output:\n"

@@ -28,6 +28,9 @@ public:
     // Waits until a line of the program's output has the text in it, and answers that line.
     std::optional<std::string> waitForOutput(const std::string& text);
 
+    // The same of the lines on its standard error.
+    std::optional<std::string> waitForError(const std::string& text);
+
     // Reads until so many lines have the text in them, or the time is over.
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
 
@@ -54,6 +57,7 @@ public:
     const std::string& errors() const { return _errors; }
 
 private:
+    std::optional<std::string> waitForLine(const std::string& stream, const std::string& text);
     bool hasEnded() const;
     // Reads what there is; waits for more, for the end of both streams, or for the deadline.
     bool readMore(int milliseconds);
