@@ -93,6 +93,22 @@ int lockOf(const fs::path& path, int flags = O_RDONLY) {
     return held;
 }
 
+// How many descriptors of this process the file has.
+int timesOpen(const fs::path& path) {
+    constexpr int moreThanThereAre = 256;
+    struct stat wanted {};
+    EXPECT_EQ(stat(path.c_str(), &wanted), 0);
+    int count = 0;
+    for (int descriptor = 0; descriptor < moreThanThereAre; ++descriptor) {
+        struct stat status {};
+        count += fstat(descriptor, &status) == 0 && status.st_dev == wanted.st_dev &&
+                         status.st_ino == wanted.st_ino
+                     ? 1
+                     : 0;
+    }
+    return count;
+}
+
 TEST_F(WholeFileTest, ALockOnTheFolderDoesNotBlockAWriter) {
     const int other = lockOf(folder, O_RDONLY | O_DIRECTORY);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
@@ -118,13 +134,16 @@ TEST_F(WholeFileTest, AConcurrentWriterIsWaitedFor) {
     for (const bool renames : {true, false}) {
         const int other = lockOf(saving, O_RDWR | O_CREAT);
         std::atomic<bool> isReleased = false;
+        std::atomic<bool> isDone = false;
         std::error_code error;
         std::thread writer([&] {
             error = writeWhole(file, "new", FileAccess::ownerOnly);
             EXPECT_TRUE(isReleased);
+            isDone = true;
         });
-        // The outcome is the same whether or not the thread has already tried.
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        while (timesOpen(saving) < 2 && !isDone) { // the writer has not opened the file yet
+            std::this_thread::yield();
+        }
         if (renames) {
             fs::rename(saving, file);
         }

@@ -78,11 +78,12 @@ TEST(TerminationSignalsTest, TheLimitOutlivesTheObject) {
               EXIT_SUCCESS);
 }
 
+// A limit would be a shorter alarm, instead of the one that is set for this test.
 TEST(TerminationSignalsTest, WithoutALimitAProgramTakesItsTime) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {
-                              usleep(100'000);
-                              Application::quit();
+                              constexpr unsigned longerThanAnyLimit = 10;
+                              alarm(0) > longerThanAnyLimit ? Application::quit() : abort();
                           }),
               7);
 }

@@ -11,6 +11,7 @@
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "process.h"
+#include "real_time.h"
 
 #include <gtest/gtest.h>
 
@@ -159,8 +160,9 @@ TEST_F(TakingTest, NothingIsLostOrDoubledWhileFilteringIsSwitchedOnAndOff) {
         std::mt19937 moments(7);
         for (int count = 0; count < switches; ++count) {
             filter.switchOn(count % 2 == 0);
+            // The moments are part of what is tried, as those of the hand are.
             const double pause = std::uniform_real_distribution(0.0, 0.4)(moments);
-            std::this_thread::sleep_for(std::chrono::duration<double>(pause));
+            letTimePassUntil(monotonicNow() + pause);
         }
         done = true;
     });
