@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <string_view>
@@ -16,6 +17,7 @@ namespace glidemap {
 namespace {
 
 constexpr const char* nodeFolder = "/dev/input";
+constexpr std::uint32_t openAndClose = IN_OPEN | IN_CLOSE;
 
 } // namespace
 
@@ -30,7 +32,7 @@ UdevCloneWatch::UdevCloneWatch()
     }
     seesOpening =
         nodeChanges && inotify_add_watch(nodeChanges.descriptor(), nodeFolder,
-                                         IN_CREATE | IN_OPEN | IN_CLOSE | IN_ONLYDIR) >= 0;
+                                         IN_CREATE | IN_ATTRIB | openAndClose | IN_ONLYDIR) >= 0;
 }
 
 std::array<int, 2> UdevCloneWatch::descriptors() const {
@@ -72,18 +74,28 @@ void UdevCloneWatch::readNodeChanges() {
     }
 }
 
-// The kernel merges equal changes that follow each other, so a node that is opened twice at once
-// counts once, and passes for closed when one of the two closes it. So it does when a program closes
-// an older device of the same number late. The clone is then tried again some time later, and the
-// touchpad stays as it is until then.
+// The kernel merges equal notifications that follow each other in the queue. Two programs that close
+// a node at once would pass for one, and the other one for a reader. With a watch on the node itself
+// its notification comes between two of the folder's. Only a user who may read the node may watch it,
+// so this is tried again when its rights change.
+void UdevCloneWatch::keepNotificationsApart(const std::string& name) {
+    inotify_add_watch(nodeChanges.descriptor(), (std::string(nodeFolder) + "/" + name).c_str(),
+                      openAndClose);
+}
+
+// The node's own notifications have no name.
 void UdevCloneWatch::note(const inotify_event& change) {
     if ((change.mask & IN_Q_OVERFLOW) != 0) {
         seesOpening = false;
     }
-    if (change.len == 0) {
+    const std::string name = change.len > 0 ? change.name : "";
+    if (!name.starts_with("event")) {
         return;
     }
-    int& count = opens[change.name];
+    int& count = opens[name];
+    if ((change.mask & (IN_CREATE | IN_ATTRIB)) != 0) {
+        keepNotificationsApart(name);
+    }
     if ((change.mask & IN_CREATE) != 0) {
         count = 0;
     } else if ((change.mask & IN_OPEN) != 0) {

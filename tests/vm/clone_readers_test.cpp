@@ -1,0 +1,64 @@
+// Which programs have a clone open is read from the kernel's notifications, which merges equal ones
+// that follow each other.
+
+#include "click_filter_session.h"
+#include "driver_session.h"
+#include "input_devices.h"
+#include "ordinary_pad.h"
+#include "real_time.h"
+#include "virtual_pad.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace glidemap::vm {
+namespace {
+
+class CloneReadersTest : public testing::Test {
+protected:
+    int open() const { return ::open(clone.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); }
+
+    const VirtualPad pad{ordinaryPad()};
+    DriverSession session;
+    ClickFilterSession filter{session};
+    const driver::Device device = session.devices().at(0);
+    std::filesystem::path clone;
+};
+
+TEST_F(CloneReadersTest, OfTwoProgramsThatOpenTheCloneAtOnceOneMayCloseIt) {
+    filter.switchOn(true);
+    clone = waitForClone();
+    int reader = -1;
+    {
+        const Punctual beforeTheDriver;
+        reader = open();
+        const int other = open();
+        close(other);
+    }
+    ASSERT_GE(reader, 0);
+    filter.waitUntilIntroduced();
+    EXPECT_EQ(filter.obstacle(device), "");
+    close(reader);
+}
+
+// Taken for a reader, they would leave a touchpad that no program hears.
+TEST_F(CloneReadersTest, TwoProgramsThatCloseTheCloneAtOnceAreNoReaders) {
+    filter.switchOn(true);
+    clone = waitForClone();
+    {
+        const Punctual beforeTheDriver;
+        const int first = open();
+        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC)); // keeps the two apart
+        const int second = open();
+        close(first);
+        close(second);
+    }
+    filter.waitUntilIntroduced();
+    EXPECT_EQ(filter.obstacle(device), "no program has opened the touchpad's clone");
+}
+
+} // namespace
+} // namespace glidemap::vm
