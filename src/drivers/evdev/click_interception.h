@@ -46,8 +46,8 @@ public:
     // click passes.
     bool drops(driver::Device device, std::int32_t button, bool down);
 
-    // After a stall the filter is off and hears of it; it may switch itself on again at once. False
-    // if there was none that has not been noticed.
+    // Switches the filter off after a stall and notifies it; it may switch itself on again at once.
+    // Returns false if no stall has happened since the last call.
     bool noticeStall();
 
     // Takes up one of the introductions. False if there is none left: the touchpad is asked again

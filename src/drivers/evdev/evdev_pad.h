@@ -60,7 +60,8 @@ private:
     OpenFile file;
     OpenFile witness; // hears what every other program hears; opened with the first grab
 
-    // What other programs know of the slots while the touchpad is grabbed: what it was then.
+    // The slots' values at the moment of the grab: other programs know these until they hear the
+    // touchpad again.
     struct SlotAxis {
         std::uint16_t code = 0;
         std::vector<std::int32_t> values; // by slot
