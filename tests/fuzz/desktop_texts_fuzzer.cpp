@@ -16,13 +16,12 @@
 #include "platform/linux/applications/systemd_unit.h"
 #include "platform/linux/session/exec_line.h"
 #include "platform/linux/windows/kwin_script.h"
+#include "require.h"
 
 #include <gio/gio.h>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,13 +29,7 @@
 namespace {
 
 using namespace glidemap;
-
-void require(bool holds, const char* rule) {
-    if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", rule);
-        std::abort();
-    }
-}
+using fuzz::require;
 
 bool isUTF8(std::string_view text) {
     return g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr) != FALSE;

@@ -12,16 +12,15 @@
 //     were held back;
 //   - what leaves the engine is a quarter second apart;
 //   - after all that a clean tap is a tap.
+#include "fuzz_input.h"
 #include "input/multitouch_device_manager.h"
 #include "platform/virtual/virtual_time.h"
 #include "recognition/touch_engine.h"
+#include "require.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <set>
 #include <span>
@@ -30,38 +29,8 @@
 namespace {
 
 using namespace glidemap;
-
-void require(bool holds, const char* rule) {
-    if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", rule);
-        std::abort();
-    }
-}
-
-class Input {
-public:
-    explicit Input(std::span<const std::uint8_t> given) : bytes(given) {}
-
-    bool isOver() const { return bytes.empty(); }
-
-    std::uint8_t byte() { return value<std::uint8_t>(); }
-    double fraction() { return byte() / 255.0; }
-
-    // Zero where the input ends.
-    template <typename Value>
-    Value value() {
-        Value result{};
-        const std::size_t size = std::min(sizeof result, bytes.size());
-        if (size > 0) {
-            std::memcpy(&result, bytes.data(), size);
-        }
-        bytes = bytes.subspan(size);
-        return result;
-    }
-
-private:
-    std::span<const std::uint8_t> bytes;
-};
+using fuzz::Input;
+using fuzz::require;
 
 bool isFixAndTap(GestureType gesture) {
     return category(gesture) == GestureCategory::fixAndTap;

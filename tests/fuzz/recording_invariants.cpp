@@ -2,10 +2,9 @@
 
 #include "recording/json_line.h"
 #include "recording/recording_writer.h"
+#include "require.h"
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -14,13 +13,6 @@
 namespace glidemap::fuzz {
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (!holds) {
-        std::fprintf(stderr, "does not hold: %s\n", what);
-        std::abort();
-    }
-}
 
 void checkValues(const Record& record) {
     require(std::isfinite(timeOf(record)), "a time is finite");

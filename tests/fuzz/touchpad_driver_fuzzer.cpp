@@ -16,15 +16,14 @@
 #include "fake_clone.h"
 #include "fake_pads.h"
 #include "fake_time.h"
+#include "fuzz_input.h"
 #include "input/mt_touch.h"
+#include "require.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -37,37 +36,9 @@
 namespace {
 
 using namespace glidemap;
+using fuzz::Input;
+using fuzz::require;
 using namespace glidemap::test;
-
-void require(bool holds, const char* rule) {
-    if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", rule);
-        std::abort();
-    }
-}
-
-class Input {
-public:
-    explicit Input(std::span<const std::uint8_t> given) : bytes(given) {}
-
-    bool isOver() const { return bytes.empty(); }
-    std::uint8_t byte() { return value<std::uint8_t>(); }
-
-    // Zero where the input ends.
-    template <typename Value>
-    Value value() {
-        Value result{};
-        const std::size_t size = std::min(sizeof result, bytes.size());
-        if (size > 0) {
-            std::memcpy(&result, bytes.data(), size);
-        }
-        bytes = bytes.subspan(size);
-        return result;
-    }
-
-private:
-    std::span<const std::uint8_t> bytes;
-};
 
 constexpr std::int32_t slotCount = 5; // as FakeOpenPad has
 

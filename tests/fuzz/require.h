@@ -1,0 +1,16 @@
+// Ends the program where a rule does not hold, which libFuzzer reports with the input.
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace glidemap::fuzz {
+
+inline void require(bool holds, const char* rule) {
+    if (!holds) {
+        std::fprintf(stderr, "broken: %s\n", rule);
+        std::abort();
+    }
+}
+
+} // namespace glidemap::fuzz
