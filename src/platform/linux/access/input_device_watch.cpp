@@ -1,6 +1,7 @@
 #include "platform/linux/access/input_device_watch.h"
 
 #include "core/open_file.h"
+#include "drivers/evdev/udev_handles.h"
 #include "platform/linux/access/udev_device.h"
 
 #include <sys/inotify.h>

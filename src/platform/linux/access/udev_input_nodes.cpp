@@ -1,5 +1,6 @@
 #include "platform/linux/access/udev_input_nodes.h"
 
+#include "drivers/evdev/udev_handles.h"
 #include "platform/linux/access/udev_device.h"
 
 #include <fcntl.h>
