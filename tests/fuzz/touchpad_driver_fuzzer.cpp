@@ -3,8 +3,9 @@
 // The input is a list of actions. Fingers land, move and leave, buttons go down and up, and a frame
 // tells the driver the difference to what it was told before, as the kernel does, also after an
 // overflow. The clone's device breaks, the user may not make one, another program grabs the
-// touchpad, it is unplugged and comes back; a callback stalls until the watchdog acts, or calls the
-// driver again. Now and then an event holds anything at all. Once the driver has read everything:
+// touchpad, it is unplugged and comes back, the user loses the access to it and gets it back; a
+// callback stalls until the watchdog acts, or calls the driver again. Now and then an event holds
+// anything at all. Once the driver has read everything:
 //
 //   - while the touchpad is grabbed there is a clone;
 //   - the clone has the fingers that the touchpad has, where they are, and no button that is up;
@@ -369,9 +370,23 @@ private:
         streams.back()->system()->setTime(clock);
     }
 
+    // The user loses the access and gets it back. Whether the driver has closed the touchpad in
+    // between is left to the threads.
+    void withdrawAccess() {
+        pads->makeReadable("/dev/input/event0", false);
+        driver->createList();
+        driver->name(device); // which waits for the reader's lock
+        pads->makeReadable("/dev/input/event0");
+        driver->createList();
+    }
+
     void replug(std::uint8_t choice) {
+        constexpr std::uint8_t onlyWithdraws = 0x40;
         if (choice % 2 == 0) {
             settle();
+        }
+        if ((choice & onlyWithdraws) != 0) {
+            return withdrawAccess();
         }
         pads->unplug("/dev/input/event0");
         plug();
