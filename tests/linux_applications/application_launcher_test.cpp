@@ -1,4 +1,6 @@
 #include "application_folder.h"
+#include "core/log.h"
+#include "desktops/scoped_environment.h"
 #include "launch_reports.h"
 #include "platform/linux/applications/application_launcher.h"
 #include "platform/linux/applications/application_scope.h"
@@ -12,11 +14,14 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <thread>
 
 namespace glidemap {
 namespace {
+
+using desktops::ScopedEnvironment;
 
 class ApplicationLauncherTest : public testing::Test {
 protected:
@@ -137,6 +142,39 @@ TEST_F(ApplicationLauncherTest, WhatCannotBeLaunchedIsNot) {
     expectNothingElse();
 }
 
+TEST_F(ApplicationLauncherTest, TheLogSaysWhyNothingWasStarted) {
+    turnLogOn();
+    testing::internal::CaptureStderr();
+    launch("file:///nowhere/at/all.desktop");
+    const auto broken = folder.script("broken", "");
+    std::ofstream(broken) << "#!/nowhere/interpreter\n";
+    installAndLaunch("broken", "Exec=" + broken.string() + "\n");
+    installAndLaunch("quote", "Exec=sh -c \"open\n");
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(log, testing::HasSubstr("nothing to start in file:///nowhere/at/all.desktop"));
+    EXPECT_THAT(log, testing::HasSubstr("broken.desktop was not started: " + broken.string() +
+                                        ": No such file or directory"));
+    EXPECT_THAT(log, testing::HasSubstr("nothing to start in file://" + folder.path().string()));
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, WorksInTheFolderOfTheEntryWithTheSessionsEnvironment) {
+    const ScopedEnvironment here({{"OF_THE_SESSION", "kept"},
+                                  {"DESKTOP_STARTUP_ID", "ours"},
+                                  {"XDG_ACTIVATION_TOKEN", "ours"}});
+    const auto script =
+        reporting("tool", "\"$PWD $OF_THE_SESSION:$DESKTOP_STARTUP_ID:$XDG_ACTIVATION_TOKEN\"");
+    installAndLaunch("tool", "Path=/usr/share\nExec=" + script + "\n");
+    EXPECT_EQ(reports.nextLine(), "/usr/share kept::");
+}
+
+TEST_F(ApplicationLauncherTest, ATerminalsProgramIsRunInATerminal) {
+    folder.script("xdg-terminal-exec", "echo \"terminal: $@\" >" + pipe.string() + "\n");
+    const ScopedEnvironment here({{"PATH", folder.path().string() + ":" + std::getenv("PATH")}});
+    installAndLaunch("tool", "Terminal=true\nExec=sh -c 'two words'\n");
+    EXPECT_EQ(reports.nextLine(), "terminal: sh -c two words");
+}
+
 TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
     ServiceDouble application("org.example.My-App");
     installAndLaunch("org.example.My-App",
@@ -185,6 +223,20 @@ TEST_F(ApplicationLauncherTest, AURLIsOpenedByTheUsersHandler) {
         launchHandler("nonsense");
         launchHandler("unheard-of:thing");
     });
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, AURLIsOpenedOverDBusByAHandlerThatWantsIt) {
+    ServiceDouble browser("org.example.Browser");
+    std::ofstream(folder.path() / "config/mimeapps.list")
+        << "[Default Applications]\nx-scheme-handler/gopher=org.example.Browser.desktop\n";
+    folder.install("org.example.Browser",
+                   "Name=Browser\nDBusActivatable=true\nMimeType=x-scheme-handler/gopher;\nExec=" +
+                       reporting("browser", "started") + " %u\n");
+    waitForHandler("gopher", "org.example.Browser.desktop");
+    thread.call([&] { launchHandler("gopher://example.org/"); });
+    EXPECT_EQ(browser.nextCall(), "/org/example/Browser, org.freedesktop.Application.Open, "
+                                  "(['gopher://example.org/'], @a{sv} {})");
     expectNothingElse();
 }
 

@@ -8,6 +8,7 @@
 #include <gio/gio.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -72,42 +73,47 @@ void activated(GObject* connection, GAsyncResult* result, gpointer data) {
     if (answer != nullptr)
         g_variant_unref(answer);
     else if (wasNotReached(error))
-        startProcess(launch->entry);
+        startProcess(launch->entry, launch->url);
     g_clear_error(&error);
 }
 
 void activate(GDBusConnection* bus, const std::string& name, std::unique_ptr<Launch> launch) {
+    const std::array<const char*, 2> urls = {launch->url.c_str(), nullptr};
+    const bool isPlain = launch->url.empty();
+    GVariant* const arguments = isPlain ? g_variant_new("(a{sv})", nullptr)
+                                        : g_variant_new("(^asa{sv})", urls.data(), nullptr);
     g_dbus_connection_call(bus, name.c_str(), objectPathOf(name).c_str(),
-                           "org.freedesktop.Application", "Activate",
-                           g_variant_new("(a{sv})", nullptr), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-                           nullptr, activated, launch.release());
+                           "org.freedesktop.Application", isPlain ? "Activate" : "Open", arguments,
+                           nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, activated,
+                           launch.release());
 }
 
 void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
-    if (!launch->url.empty()) {
-        openWith(launch->entry, launch->url);
-        return;
-    }
-    const std::string name = canBeActivated(launch->entry) ? busNameOf(launch->entry) : "";
+    const std::string name = busNameOf(launch->entry);
     if (bus != nullptr && !name.empty())
         activate(bus, name, std::move(launch));
     else
-        startProcess(launch->entry);
+        startProcess(launch->entry, launch->url);
 }
 
 // The bus is waited for only where it is needed: a process starts without it.
 void begin(GDesktopAppInfo* entry, const std::string& url) {
-    if (url.empty() && !canBeActivated(entry)) {
-        startProcess(entry);
-        g_object_unref(entry);
+    auto launch = std::make_unique<Launch>(entry, url);
+    if (!canBeActivated(entry)) {
+        startProcess(entry, url);
         return;
     }
-    const auto launch =
-        std::make_shared<std::unique_ptr<Launch>>(std::make_unique<Launch>(entry, url));
-    withSharedBus([launch](GDBusConnection* bus) { launchOn(bus, std::move(*launch)); });
+    const auto kept = std::make_shared<std::unique_ptr<Launch>>(std::move(launch));
+    withSharedBus([kept](GDBusConnection* bus) { launchOn(bus, std::move(*kept)); });
 }
 
 } // namespace
+
+void launchApplication(GDesktopAppInfo* entry) {
+    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // else the user has taken it away
+        begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "");
+    }
+}
 
 void launchApplication(const std::string& url) {
     char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
@@ -115,12 +121,12 @@ void launchApplication(const std::string& url) {
         return;
     GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path);
     g_free(path);
-    if (entry == nullptr)
+    if (entry == nullptr) {
+        logLine("services", "nothing to start in ", url);
         return;
-    if (g_desktop_app_info_get_is_hidden(entry) != FALSE) // the user has taken it away
-        g_object_unref(entry);
-    else
-        begin(entry, "");
+    }
+    launchApplication(entry);
+    g_object_unref(entry);
 }
 
 void launchHandler(const std::string& url) {

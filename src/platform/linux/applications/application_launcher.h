@@ -10,10 +10,15 @@
 
 #include <string>
 
+using GDesktopAppInfo = struct _GDesktopAppInfo;
+
 namespace glidemap {
 
 // The URL of a desktop entry's file. One that D-Bus can activate comes forward if it runs.
 void launchApplication(const std::string& url);
+
+// The same for an entry that has been read.
+void launchApplication(GDesktopAppInfo* entry);
 
 // Whatever the user has chosen for such a URL.
 void launchHandler(const std::string& url);

@@ -34,12 +34,25 @@ struct LinuxWorkspace::State {
         backend.reset();
     }
 
-    void open(const std::string& url) {
+    // On the main thread: the entry that was last looked for. It is what is opened next as a rule.
+    std::string foundURL;
+    std::shared_ptr<GDesktopAppInfo> found;
+
+    std::shared_ptr<GDesktopAppInfo> takeFound(const std::string& url) {
+        std::shared_ptr<GDesktopAppInfo> entry = url == foundURL ? std::move(found) : nullptr;
+        found.reset();
+        return entry;
+    }
+
+    void open(const std::string& url, const std::shared_ptr<GDesktopAppInfo>& entry) {
+        const auto launch = [url, entry] {
+            entry != nullptr ? launchApplication(entry.get()) : launchApplication(url);
+        };
         char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
         if (path != nullptr && backend != nullptr) {
-            backend->bringForward(follower->windowsOf(path), [url] { launchApplication(url); });
+            backend->bringForward(follower->windowsOf(path), launch);
         } else {
-            launchApplication(url);
+            launch();
         }
         g_free(path);
     }
@@ -72,21 +85,23 @@ std::vector<Application> LinuxWorkspace::runningApplications() const {
 std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
     if (bundleID.empty() || bundleID.find('/') != std::string::npos)
         return std::nullopt; // an id, not a way out of the folders that hold entries
-    GDesktopAppInfo* const info = g_desktop_app_info_new((bundleID + ".desktop").c_str());
-    if (info == nullptr)
+    const std::shared_ptr<GDesktopAppInfo> entry(
+        g_desktop_app_info_new((bundleID + ".desktop").c_str()),
+        [](GDesktopAppInfo* read) { g_clear_object(&read); });
+    const char* const path =
+        entry != nullptr ? g_desktop_app_info_get_filename(entry.get()) : nullptr;
+    char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr;
+    if (uri == nullptr)
         return std::nullopt;
-    std::optional<std::string> url;
-    const char* const path = g_desktop_app_info_get_filename(info);
-    if (char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr) {
-        url = uri;
-        g_free(uri);
-    }
-    g_object_unref(info);
+    std::string url = uri;
+    g_free(uri);
+    state->found = entry;
+    state->foundURL = url;
     return url;
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {
-    thread.submit([this, url] { state->open(url); });
+    thread.submit([this, url, entry = state->takeFound(url)] { state->open(url, entry); });
 }
 
 void LinuxWorkspace::openMissionControl() {

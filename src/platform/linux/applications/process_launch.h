@@ -1,7 +1,7 @@
 // Starts a desktop entry's own process, cut loose from ours.
 //
 // Thread:  the desktop thread.
-// Errors:  none reach the caller.
+// Errors:  none reach the caller; the log says why nothing was started.
 #pragma once
 
 #include <string>
@@ -10,10 +10,7 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// By its Exec line, even if D-Bus could activate it.
-void startProcess(GDesktopAppInfo* entry);
-
-// By D-Bus if the entry wants it, else by its Exec line.
-void openWith(GDesktopAppInfo* entry, const std::string& url);
+// By its Exec line, even if D-Bus could activate it. `url` is what it is to open; empty for nothing.
+void startProcess(GDesktopAppInfo* entry, const std::string& url);
 
 } // namespace glidemap
