@@ -36,6 +36,7 @@ struct BusMethod {
 struct BusAnswer {
     GVariant* values = nullptr;
     bool nobodyThere = false;
+    bool isLate = false; // it has been asked, and has not answered in time
     bool busIsOpen = true;
 };
 
