@@ -55,7 +55,6 @@ std::vector<DesktopKind> describeAll() {
          .missing = needs({"sway", "swaybar"}),
          .start = startSway,
          .statusBar = StatusBar::shown,
-         .secondLaunch = SecondLaunch::staysBehind,
          .minimizing = Minimizing::none},
         {.name = "Labwc",
          .missing = needs({"labwc"}),

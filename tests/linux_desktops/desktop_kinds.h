@@ -25,7 +25,6 @@ enum class Minimizing { works, none };
 // Whether windows that are minimised, or on another workspace, come forward.
 enum class HiddenWindows { comeForward, stayHidden };
 enum class Workspaces { several, one };
-enum class SecondLaunch { comesForward, staysBehind };
 
 struct DesktopKind {
     std::string name;
@@ -35,7 +34,6 @@ struct DesktopKind {
     Overview overview = Overview::none;
     Lock lock = Lock::none;
     StatusBar statusBar = StatusBar::none;
-    SecondLaunch secondLaunch = SecondLaunch::comesForward;
     Minimizing minimizing = Minimizing::works;
     HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;

@@ -6,6 +6,7 @@
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <utility>
@@ -57,6 +58,17 @@ struct LinuxWorkspace::State {
         g_free(path);
     }
 
+    void bringOwnForward() {
+        if (backend == nullptr) {
+            return;
+        }
+        backend->bringForward(
+            [](const WindowIdentity& window) {
+                return window.process ? window.process == getpid() : window.appID == ownIdentifier;
+            },
+            [] { logLine("windows", "our own window stays where it is"); });
+    }
+
     void stop() {
         backend.reset();
         follower.reset();
@@ -102,6 +114,10 @@ std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& 
 
 void LinuxWorkspace::openApplication(const std::string& url) {
     thread.submit([this, url, entry = state->takeFound(url)] { state->open(url, entry); });
+}
+
+void LinuxWorkspace::bringOwnWindowForward() {
+    thread.submit([this] { state->bringOwnForward(); });
 }
 
 void LinuxWorkspace::openMissionControl() {
