@@ -8,6 +8,7 @@
 #include "service_double.h"
 
 #include <fcntl.h>
+#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -182,6 +183,47 @@ TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
     EXPECT_EQ(application.nextCall(),
               "/org/example/My_App, org.freedesktop.Application.Activate, (@a{sv} {},)");
     expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OneThatDBusActivatesGetsTheProofOfTheLaunch) {
+    ServiceDouble application("org.example.Proven");
+    const auto path = folder.install(
+        "org.example.Proven",
+        "Name=Some\nDBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
+    thread.call([&] {
+        GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path.c_str());
+        EXPECT_TRUE(takesProof(entry));
+        launchApplication(entry, {"id_TIME1", "token", {}});
+        g_object_unref(entry);
+    });
+    EXPECT_EQ(application.nextCall(),
+              "/org/example/Proven, org.freedesktop.Application.Activate, "
+              "({'desktop-startup-id': <'id_TIME1'>, 'activation-token': <'token'>},)");
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OnlyWhatRunsAndTakesNoticeIsAnnounced) {
+    const auto launchProven = [&](const std::string& keys) {
+        const auto path = folder.install("noticing", "Name=Some\n" + keys);
+        int begun = 0;
+        thread.call([&] {
+            GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path.c_str());
+            launchApplication(entry, {"id", "token", [&begun] {
+                                          ++begun;
+                                      }});
+            g_object_unref(entry);
+        });
+        return begun;
+    };
+    const std::string exec =
+        "Exec=" + reporting("tool", "$DESKTOP_STARTUP_ID $XDG_ACTIVATION_TOKEN") + "\n";
+    EXPECT_EQ(launchProven("StartupNotify=true\n" + exec), 1);
+    EXPECT_EQ(reports.nextLine(), "id token");
+    EXPECT_EQ(launchProven(exec), 0);
+    EXPECT_EQ(reports.nextLine(), "id token");
+    const auto broken = folder.script("broken", "");
+    std::ofstream(broken) << "#!/nowhere/interpreter\n";
+    EXPECT_EQ(launchProven("StartupNotify=true\nExec=" + broken.string() + "\n"), 0);
 }
 
 TEST_F(ApplicationLauncherTest, OneThatDBusCannotReachIsStartedAllTheSame) {

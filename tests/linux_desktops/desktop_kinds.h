@@ -25,6 +25,8 @@ enum class Minimizing { works, none };
 // Whether windows that are minimised, or on another workspace, come forward.
 enum class HiddenWindows { comeForward, stayHidden };
 enum class Workspaces { several, one };
+// What a launched program gets that proves that the user wanted it.
+enum class Proof { none, startupID, token };
 
 struct DesktopKind {
     std::string name;
@@ -37,6 +39,7 @@ struct DesktopKind {
     Minimizing minimizing = Minimizing::works;
     HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;
+    Proof proof = Proof::none;
 };
 
 void PrintTo(const DesktopKind& kind, std::ostream* out);

@@ -8,6 +8,8 @@
 // Errors:  none reach the caller.
 #pragma once
 
+#include "platform/linux/windows/window_backend.h"
+
 #include <string>
 
 using GDesktopAppInfo = struct _GDesktopAppInfo;
@@ -18,7 +20,10 @@ namespace glidemap {
 void launchApplication(const std::string& url);
 
 // The same for an entry that has been read.
-void launchApplication(GDesktopAppInfo* entry);
+void launchApplication(GDesktopAppInfo* entry, const LaunchProof& proof);
+
+// Whether the entry says that its application takes notice of what proves that the user has launched it.
+bool takesProof(GDesktopAppInfo* entry);
 
 // Whatever the user has chosen for such a URL.
 void launchHandler(const std::string& url);

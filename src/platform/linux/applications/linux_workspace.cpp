@@ -9,9 +9,28 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <string_view>
 #include <utility>
 
 namespace glidemap {
+
+namespace {
+
+std::string orEmpty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+LaunchedApplication described(GDesktopAppInfo* entry) {
+    std::string identifier = orEmpty(g_app_info_get_id(G_APP_INFO(entry)));
+    constexpr std::string_view ending = ".desktop";
+    if (identifier.ends_with(ending)) {
+        identifier.resize(identifier.size() - ending.size());
+    }
+    return {identifier, orEmpty(g_app_info_get_name(G_APP_INFO(entry))),
+            orEmpty(g_desktop_app_info_get_startup_wm_class(entry))};
+}
+
+} // namespace
 
 struct LinuxWorkspace::State {
     PublishedApplications published;
@@ -46,8 +65,16 @@ struct LinuxWorkspace::State {
     }
 
     void open(const std::string& url, const std::shared_ptr<GDesktopAppInfo>& entry) {
-        const auto launch = [url, entry] {
-            entry != nullptr ? launchApplication(entry.get()) : launchApplication(url);
+        const auto launch = [this, url, entry] {
+            if (entry == nullptr) {
+                launchApplication(url);
+            } else if (backend != nullptr && takesProof(entry.get())) {
+                backend->prove(described(entry.get()), [entry](const LaunchProof& proof) {
+                    launchApplication(entry.get(), proof);
+                });
+            } else {
+                launchApplication(entry.get(), {});
+            }
         };
         char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
         if (path != nullptr && backend != nullptr) {

@@ -30,7 +30,7 @@ bool isInherited(std::string_view variable) {
     return std::ranges::find(notInherited, name) == notInherited.end();
 }
 
-std::vector<std::string> environmentFor(GDesktopAppInfo* entry) {
+std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchProof& proof) {
     std::vector<std::string> variables;
     for (char** one = environ; *one != nullptr; ++one) {
         if (isInherited(*one)) {
@@ -40,7 +40,18 @@ std::vector<std::string> environmentFor(GDesktopAppInfo* entry) {
     if (const char* const file = g_desktop_app_info_get_filename(entry)) {
         variables.push_back(std::string("GIO_LAUNCHED_DESKTOP_FILE=") + file);
     }
+    if (!proof.startupID.empty()) {
+        variables.push_back("DESKTOP_STARTUP_ID=" + proof.startupID);
+    }
+    if (!proof.activationToken.empty()) {
+        variables.push_back("XDG_ACTIVATION_TOKEN=" + proof.activationToken);
+    }
     return variables;
+}
+
+// It ends what is begun. Of an application that does not, the desktop would show for a while that it starts.
+bool takesNotice(GDesktopAppInfo* entry) {
+    return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
 }
 
 std::string folderOf(GDesktopAppInfo* entry) {
@@ -57,7 +68,7 @@ std::string identifierOf(GDesktopAppInfo* entry) {
 
 } // namespace
 
-void startProcess(GDesktopAppInfo* entry, const std::string& url) {
+void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof) {
     const std::string identifier = identifierOf(entry);
     const EntryCommand command = commandOf(entry, url);
     if (command.words.empty()) {
@@ -66,13 +77,16 @@ void startProcess(GDesktopAppInfo* entry, const std::string& url) {
     }
     const DetachedProcess started =
         startDetached({.words = command.words,
-                       .environment = environmentFor(entry),
+                       .environment = environmentFor(entry, proof),
                        .folder = folderOf(entry),
                        .processVariable = "GIO_LAUNCHED_DESKTOP_FILE_PID"});
     if (started.error != 0) {
         logLine("services", identifier, " was not started: ", command.words.front(), ": ",
                 std::strerror(started.error));
         return;
+    }
+    if (proof.begun && takesNotice(entry)) {
+        proof.begun();
     }
     moveIntoScope(identifier, started.identifier);
 }
