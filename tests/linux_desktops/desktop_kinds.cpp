@@ -56,11 +56,13 @@ std::vector<DesktopKind> describeAll() {
          .missing = needs({"sway", "swaybar"}),
          .start = startSway,
          .statusBar = StatusBar::shown,
-         .minimizing = Minimizing::none},
+         .minimizing = Minimizing::none,
+         .processes = Processes::unknown},
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
-         .workspaces = Workspaces::one}, // they change by keys alone
+         .workspaces = Workspaces::one, // they change by keys alone
+         .processes = Processes::unknown},
         {.name = "Xfce",
          .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),
          .start = startXfce,

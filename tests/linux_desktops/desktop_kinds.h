@@ -25,6 +25,8 @@ enum class Minimizing { works, none };
 // Whether windows that are minimised, or on another workspace, come forward.
 enum class HiddenWindows { comeForward, stayHidden };
 enum class Workspaces { several, one };
+// Whether the desktop says which process a window belongs to.
+enum class Processes { known, unknown };
 // What a launched program gets that proves that the user wanted it.
 enum class Proof { none, startupID, token };
 
@@ -40,6 +42,7 @@ struct DesktopKind {
     HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;
     Proof proof = Proof::none;
+    Processes processes = Processes::known;
 };
 
 void PrintTo(const DesktopKind& kind, std::ostream* out);

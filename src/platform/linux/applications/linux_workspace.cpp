@@ -54,6 +54,23 @@ struct LinuxWorkspace::State {
         backend.reset();
     }
 
+    void bringForward(const char* path, const std::function<void()>& launch) {
+        const auto count = std::make_shared<int>(0);
+        const auto choose = [count,
+                             chosen = follower->windowsOf(path)](const WindowIdentity& window) {
+            const bool isChosen = chosen(window);
+            *count += isChosen ? 1 : 0;
+            return isChosen;
+        };
+        backend->bringForward(choose, [launch] {
+            logLine("windows", "nothing came forward: launches it");
+            launch();
+        });
+        if (*count > 0) {
+            logLine("windows", "brings forward the last used of ", *count, " windows of ", path);
+        }
+    }
+
     // On the main thread: the entry that was last looked for. It is what is opened next as a rule.
     std::string foundURL;
     std::shared_ptr<GDesktopAppInfo> found;
@@ -78,7 +95,7 @@ struct LinuxWorkspace::State {
         };
         char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
         if (path != nullptr && backend != nullptr) {
-            backend->bringForward(follower->windowsOf(path), launch);
+            bringForward(path, launch);
         } else {
             launch();
         }
