@@ -86,7 +86,7 @@ TEST_F(EntryCommandTest, IsSplitLikeAShellsLine) {
     EXPECT_THAT(commandOfEntry("Exec=sh %c\nName[de]=Etwas\n").words, ElementsAre("sh", "Some"));
 }
 
-TEST_F(EntryCommandTest, AURLIsOneWordWhateverIsInIt) {
+TEST_F(EntryCommandTest, AURLIsOneWordWithAnyContent) {
     const std::string url = "https://example.org/?a=1&b='c' d;$(touch x)";
     EXPECT_THAT(commandOfEntry("Exec=sh -c %u\n", url).words, ElementsAre("sh", "-c", url));
 }

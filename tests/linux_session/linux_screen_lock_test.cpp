@@ -399,7 +399,7 @@ TEST_F(SessionLockTest, ACommandThatFailsOrIsNotThereLeavesItToTheNext) {
     EXPECT_EQ(programs.ran(), "xscreensaver-command -lock\nxautolock -locknow\n");
 }
 
-TEST_F(SessionLockTest, WhereAllCommandsFailTheCallerIsTold) {
+TEST_F(SessionLockTest, WhereAllCommandsFailTheCallerIsCalledBack) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", "exit 1");
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
@@ -413,7 +413,7 @@ TEST_F(SessionLockTest, ACommandThatDoesNotEndMayStillLock) {
     EXPECT_EQ(lock(patience), Lines());
 }
 
-TEST_F(SessionLockTest, OneThatGoesWhileACommandRunsTellsNobody) {
+TEST_F(SessionLockTest, OneThatGoesWhileACommandRunsCallsNothing) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", untilTheTestEnds());
     {
