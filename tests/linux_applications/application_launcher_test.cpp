@@ -144,7 +144,7 @@ TEST_F(ApplicationLauncherTest, WhatCannotBeLaunchedIsNot) {
 }
 
 TEST_F(ApplicationLauncherTest, TheLogSaysWhyNothingWasStarted) {
-    turnLogOn();
+    enableLog();
     testing::internal::CaptureStderr();
     launch("file:///nowhere/at/all.desktop");
     const auto broken = folder.script("broken", "");
