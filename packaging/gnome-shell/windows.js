@@ -1,6 +1,6 @@
 // Reports the windows and the focused window to Glidemap over the session's bus, because GNOME Shell
 // gives this information only to extensions. Only identities leave the shell. The only incoming
-// request gives the focus to a window, for an action of a gesture.
+// requests give the focus to a window, or to a program that is launched now, for an action of a gesture.
 //
 // The object belongs to the shell and is reached under the shell's name. Windows are reported in the
 // order in which they were opened, as (desktop entry, class, instance, title, process), with empty
@@ -21,6 +21,10 @@ const DESCRIPTION = `<node>
         <method name="BringForward">
             <arg name="windows" type="a(ssssu)" direction="in"/>
             <arg name="found" type="b" direction="out"/>
+        </method>
+        <method name="TokenForLaunch">
+            <arg name="entry" type="s" direction="in"/>
+            <arg name="token" type="s" direction="out"/>
         </method>
         <signal name="WindowsChanged">
             <arg name="windows" type="a(ssssu)"/>
@@ -91,6 +95,22 @@ class WindowsService {
         if (found)
             this._activate(found);
         invocation.return_value(new GLib.Variant('(b)', [Boolean(found)]));
+    }
+
+    // As the dash has one for what it launches. The entry is a desktop entry's file name; it may be unknown here.
+    TokenForLaunchAsync([entry], invocation) {
+        if (!this._listeners.has(invocation.get_sender())) {
+            invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',
+                'Only Glidemap may launch');
+            return;
+        }
+        const application = Shell.AppSystem.get_default().lookup_app(entry);
+        const info = application ? application.get_app_info() : Gio.AppInfo.create_from_commandline(
+            'true', entry, Gio.AppInfoCreateFlags.SUPPORTS_STARTUP_NOTIFICATION);
+        const context = global.create_app_launch_context(
+            global.display.get_current_time_roundtrip(), -1);
+        const token = context.get_startup_notify_id(info, []) || '';
+        invocation.return_value(new GLib.Variant('(s)', [token]));
     }
 
     _activate(window) {

@@ -1,12 +1,13 @@
 // glidemap-test-window APP_ID TITLE: one small grey window on a Wayland desktop.
 //
 // Says "shown" once it is on the screen. Each line of its standard input becomes the title, which
-// "titled" confirms, and the end of the input ends the program.
+// "titled" confirms, and the end of the input ends the program. A token of a launcher is used, as toolkits do.
 
 #include <poll.h>
 #include <sys/mman.h>
 #include <unistd.h>
 #include <wayland-client.h>
+#include <xdg-activation-v1-client-protocol.h>
 #include <xdg-shell-client-protocol.h>
 
 #include <array>
@@ -27,6 +28,7 @@ constexpr std::int32_t size = side * side * bytesPerPixel;
 wl_compositor* compositor = nullptr;
 wl_shm* memory = nullptr;
 xdg_wm_base* shell = nullptr;
+xdg_activation_v1* activation = nullptr;
 wl_surface* surface = nullptr;
 xdg_toplevel* toplevel = nullptr;
 bool shown = false;
@@ -51,6 +53,8 @@ const wl_registry_listener registryListener = {
                 compositor = static_cast<wl_compositor*>(bind(wl_compositor_interface));
             } else if (offered == wl_shm_interface.name) {
                 memory = static_cast<wl_shm*>(bind(wl_shm_interface));
+            } else if (offered == xdg_activation_v1_interface.name) {
+                activation = static_cast<xdg_activation_v1*>(bind(xdg_activation_v1_interface));
             } else if (offered == xdg_wm_base_interface.name) {
                 shell = static_cast<xdg_wm_base*>(bind(xdg_wm_base_interface));
                 xdg_wm_base_add_listener(shell, &shellListener, nullptr);
@@ -113,6 +117,10 @@ void show(wl_display* display, const char* appID, const char* title) {
         if (wl_display_dispatch(display) < 0) {
             fail("the desktop has gone");
         }
+    }
+    const char* const token = std::getenv("XDG_ACTIVATION_TOKEN");
+    if (activation != nullptr && token != nullptr) {
+        xdg_activation_v1_activate(activation, token, surface);
     }
     wl_display_roundtrip(display);
     say("shown");

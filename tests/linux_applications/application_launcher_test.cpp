@@ -1,4 +1,6 @@
 #include "application_folder.h"
+#include "core/log.h"
+#include "desktops/scoped_environment.h"
 #include "launch_reports.h"
 #include "platform/linux/applications/application_launcher.h"
 #include "platform/linux/applications/application_scope.h"
@@ -6,17 +8,21 @@
 #include "service_double.h"
 
 #include <fcntl.h>
+#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <thread>
 
 namespace glidemap {
 namespace {
+
+using desktops::ScopedEnvironment;
 
 class ApplicationLauncherTest : public testing::Test {
 protected:
@@ -137,6 +143,39 @@ TEST_F(ApplicationLauncherTest, WhatCannotBeLaunchedIsNot) {
     expectNothingElse();
 }
 
+TEST_F(ApplicationLauncherTest, TheLogSaysWhyNothingWasStarted) {
+    enableLog();
+    testing::internal::CaptureStderr();
+    launch("file:///nowhere/at/all.desktop");
+    const auto broken = folder.script("broken", "");
+    std::ofstream(broken) << "#!/nowhere/interpreter\n";
+    installAndLaunch("broken", "Exec=" + broken.string() + "\n");
+    installAndLaunch("quote", "Exec=sh -c \"open\n");
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(log, testing::HasSubstr("nothing to start in file:///nowhere/at/all.desktop"));
+    EXPECT_THAT(log, testing::HasSubstr("broken.desktop was not started: " + broken.string() +
+                                        ": No such file or directory"));
+    EXPECT_THAT(log, testing::HasSubstr("nothing to start in file://" + folder.path().string()));
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, WorksInTheFolderOfTheEntryWithTheSessionsEnvironment) {
+    const ScopedEnvironment here({{"OF_THE_SESSION", "kept"},
+                                  {"DESKTOP_STARTUP_ID", "ours"},
+                                  {"XDG_ACTIVATION_TOKEN", "ours"}});
+    const auto script =
+        reporting("tool", "\"$PWD $OF_THE_SESSION:$DESKTOP_STARTUP_ID:$XDG_ACTIVATION_TOKEN\"");
+    installAndLaunch("tool", "Path=/usr/share\nExec=" + script + "\n");
+    EXPECT_EQ(reports.nextLine(), "/usr/share kept::");
+}
+
+TEST_F(ApplicationLauncherTest, ATerminalsProgramIsRunInATerminal) {
+    folder.script("xdg-terminal-exec", "echo \"terminal: $@\" >" + pipe.string() + "\n");
+    const ScopedEnvironment here({{"PATH", folder.path().string() + ":" + std::getenv("PATH")}});
+    installAndLaunch("tool", "Terminal=true\nExec=sh -c 'two words'\n");
+    EXPECT_EQ(reports.nextLine(), "terminal: sh -c two words");
+}
+
 TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
     ServiceDouble application("org.example.My-App");
     installAndLaunch("org.example.My-App",
@@ -144,6 +183,47 @@ TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
     EXPECT_EQ(application.nextCall(),
               "/org/example/My_App, org.freedesktop.Application.Activate, (@a{sv} {},)");
     expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OneThatDBusActivatesGetsTheProofOfTheLaunch) {
+    ServiceDouble application("org.example.Proven");
+    const auto path = folder.install(
+        "org.example.Proven",
+        "Name=Some\nDBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
+    thread.call([&] {
+        GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path.c_str());
+        EXPECT_TRUE(takesProof(entry));
+        launchApplication(entry, {"id_TIME1", "token", {}});
+        g_object_unref(entry);
+    });
+    EXPECT_EQ(application.nextCall(),
+              "/org/example/Proven, org.freedesktop.Application.Activate, "
+              "({'desktop-startup-id': <'id_TIME1'>, 'activation-token': <'token'>},)");
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, OnlyWhatRunsAndTakesNoticeIsAnnounced) {
+    const auto launchProven = [&](const std::string& keys) {
+        const auto path = folder.install("noticing", "Name=Some\n" + keys);
+        int begun = 0;
+        thread.call([&] {
+            GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path.c_str());
+            launchApplication(entry, {"id", "token", [&begun] {
+                                          ++begun;
+                                      }});
+            g_object_unref(entry);
+        });
+        return begun;
+    };
+    const std::string exec =
+        "Exec=" + reporting("tool", "$DESKTOP_STARTUP_ID $XDG_ACTIVATION_TOKEN") + "\n";
+    EXPECT_EQ(launchProven("StartupNotify=true\n" + exec), 1);
+    EXPECT_EQ(reports.nextLine(), "id token");
+    EXPECT_EQ(launchProven(exec), 0);
+    EXPECT_EQ(reports.nextLine(), "id token");
+    const auto broken = folder.script("broken", "");
+    std::ofstream(broken) << "#!/nowhere/interpreter\n";
+    EXPECT_EQ(launchProven("StartupNotify=true\nExec=" + broken.string() + "\n"), 0);
 }
 
 TEST_F(ApplicationLauncherTest, OneThatDBusCannotReachIsStartedAllTheSame) {
@@ -185,6 +265,20 @@ TEST_F(ApplicationLauncherTest, AURLIsOpenedByTheUsersHandler) {
         launchHandler("nonsense");
         launchHandler("unheard-of:thing");
     });
+    expectNothingElse();
+}
+
+TEST_F(ApplicationLauncherTest, AURLIsOpenedOverDBusByAHandlerThatWantsIt) {
+    ServiceDouble browser("org.example.Browser");
+    std::ofstream(folder.path() / "config/mimeapps.list")
+        << "[Default Applications]\nx-scheme-handler/gopher=org.example.Browser.desktop\n";
+    folder.install("org.example.Browser",
+                   "Name=Browser\nDBusActivatable=true\nMimeType=x-scheme-handler/gopher;\nExec=" +
+                       reporting("browser", "started") + " %u\n");
+    waitForHandler("gopher", "org.example.Browser.desktop");
+    thread.call([&] { launchHandler("gopher://example.org/"); });
+    EXPECT_EQ(browser.nextCall(), "/org/example/Browser, org.freedesktop.Application.Open, "
+                                  "(['gopher://example.org/'], @a{sv} {})");
     expectNothingElse();
 }
 

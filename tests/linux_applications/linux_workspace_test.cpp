@@ -4,6 +4,7 @@
 #include "service_double.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <string>
@@ -109,6 +110,40 @@ TEST_F(LinuxWorkspaceTest, OneWithAWindowComesForwardAndIsNotLaunched) {
     EXPECT_EQ(reports.nextLine(), "other");
     thread.call([] {});
     EXPECT_THAT(log, ElementsAre("only starts", "only brings forward", "only has no window"));
+}
+
+// Says which of some windows it is to bring forward.
+class ChoosingBackend : public BackendDouble {
+public:
+    explicit ChoosingBackend(std::vector<std::string>& record)
+        : BackendDouble(record, "only", true), chosen(record) {}
+
+    void bringForward(const WindowChoice& isChosen, std::function<void()> /*otherwise*/) override {
+        const WindowIdentity windows[] = {
+            {"other", "", "other", std::nullopt},
+            {"other", "", "of another process", getppid()},
+            {"org.glidemap.Glidemap", "", "of our name and another process", getppid()},
+            {"org.glidemap.Glidemap", "", "of our name", std::nullopt},
+            {"any", "", "of our process", getpid()}};
+        for (const WindowIdentity& each : windows) {
+            if (isChosen(each)) {
+                chosen.push_back(each.title);
+            }
+        }
+    }
+
+private:
+    std::vector<std::string>& chosen;
+};
+
+TEST_F(LinuxWorkspaceTest, ItsOwnWindowIsKnownByItsProcessElseByItsName) {
+    LinuxWorkspace workspace(thread, {[this] {
+                                 return std::make_unique<ChoosingBackend>(log);
+                             }},
+                             {});
+    workspace.bringOwnWindowForward();
+    thread.call([] {});
+    EXPECT_THAT(log, ElementsAre("only starts", "of our name", "of our process"));
 }
 
 TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {

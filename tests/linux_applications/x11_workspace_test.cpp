@@ -2,6 +2,7 @@
 // application that is told.
 #include "application_folder.h"
 #include "desktops/scoped_environment.h"
+#include "launch_reports.h"
 #include "linux_windows/x11/x_client.h"
 #include "linux_windows/x11/x_server.h"
 #include "platform/linux/applications/linux_workspace.h"
@@ -9,10 +10,17 @@
 #include "service_double.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
 
 #include <atomic>
 #include <chrono>
+#include <cstdint>
+#include <cstdlib>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <string>
 #include <thread>
 
 namespace glidemap {
@@ -133,6 +141,68 @@ TEST_F(X11WorkspaceTest, NoneIsSeenOnTheWayFromOneApplicationToAnother) {
     over = true;
     reader.join();
     EXPECT_EQ(gaps, 0);
+}
+
+// Hears what launchers broadcast.
+class LaunchMessages {
+public:
+    explicit LaunchMessages(const std::string& display)
+        : connection(xcb_connect(display.c_str(), nullptr), xcb_disconnect) {
+        const xcb_window_t root =
+            xcb_setup_roots_iterator(xcb_get_setup(connection.get())).data->root;
+        const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(connection.get(), root, XCB_CW_EVENT_MASK, &events);
+        free(xcb_get_input_focus_reply(connection.get(), xcb_get_input_focus(connection.get()),
+                                       nullptr)); // the server has seen it
+    }
+
+    // The pieces of the next one, put together.
+    std::string next() const {
+        std::string text;
+        while (text.find('\0') == std::string::npos) {
+            const std::unique_ptr<xcb_generic_event_t, decltype(&free)> event(
+                xcb_wait_for_event(connection.get()), free);
+            if (event == nullptr) {
+                return "the server has gone";
+            }
+            if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE) {
+                const auto* const message =
+                    reinterpret_cast<const xcb_client_message_event_t*>(event.get());
+                text.append(reinterpret_cast<const char*>(message->data.data8), 20);
+            }
+        }
+        return text.substr(0, text.find('\0'));
+    }
+
+private:
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection;
+};
+
+TEST_F(X11WorkspaceTest, ALaunchedOneThatTakesNoticeIsAnnounced) {
+    const auto pipe = folder.path() / "announced";
+    LaunchReports reports{pipe};
+    const LaunchMessages messages(server->display());
+    const std::string script =
+        folder.script("noticing", "echo $DESKTOP_STARTUP_ID: >" + pipe.string() + "\n").string();
+    const auto launch = [&](const std::string& keys) {
+        folder.install("noticing", "Name=No \"ticing\"\nExec=" + script + "\n" + keys);
+        std::optional<std::string> url;
+        const auto deadline = std::chrono::steady_clock::now() + patience;
+        while (!(url = workspace->urlForApplication("noticing")) &&
+               std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::yield();
+        }
+        workspace->openApplication(url.value_or(""));
+        return reports.nextLine();
+    };
+    EXPECT_EQ(launch(""), ":");
+    const std::string line = launch("StartupNotify=true\nStartupWMClass=Noticing\n");
+    const std::string identifier = line.substr(0, line.size() - 1);
+    EXPECT_THAT(identifier, testing::MatchesRegex("glidemap-" + std::to_string(getpid()) +
+                                                  "-1_TIME[1-9][0-9]*"));
+    EXPECT_EQ(messages.next(), "new: ID=\"" + identifier +
+                                   "\" NAME=\"No \\\"ticing\\\"\" SCREEN=\"0\" "
+                                   "WMCLASS=\"Noticing\" APPLICATION_ID=\"noticing.desktop\"");
 }
 
 } // namespace

@@ -1,7 +1,10 @@
 // Which application is frontmost, which ones run, and launching one, on each desktop.
 #include "desktop_test_base.h"
+#include "kit/temporary_folder.h"
 #include "leash.h"
 #include "seen_workspace.h"
+
+#include <gmock/gmock.h>
 
 namespace glidemap::desktops {
 namespace {
@@ -65,6 +68,43 @@ TEST_P(ApplicationsTest, ALaunchedOneRunsAndComesForward) {
     expectInFront(seen, "launched");
     desktop->activate("launched");
     seen.expectFrontmost("launched");
+}
+
+// Of an application that says that it takes notice of it.
+TEST_P(ApplicationsTest, ALaunchedOneHasProofThatTheUserWantedIt) {
+    const Leash leash(folder.path() / "leash");
+    const auto proof = folder.path() / "proof";
+    const auto script =
+        folder.script("launch", "echo \"$DESKTOP_STARTUP_ID:$XDG_ACTIVATION_TOKEN\" >" +
+                                    proof.string() + "\nexec " + desktop->windowProgram() +
+                                    " launched Title <" + leash.path.string() + " >/dev/null\n");
+    folder.install("launched", "Name=Launched\nStartupNotify=true\nExec=" + script.string() + "\n");
+    SeenWorkspace seen;
+    const auto first = open("first");
+    const auto second = open("second");
+    seen.expectRunning({"first", "second"});
+    desktop->activate("first");
+    seen.expectFrontmost("first");
+    std::optional<std::string> url;
+    ASSERT_TRUE(application::waitUntil([&] {
+        url = seen.port().urlForApplication("launched");
+        return url.has_value();
+    }));
+    seen.port().openApplication(*url);
+    seen.expectFrontmost("launched");
+    const std::string given = test::contentOf(proof);
+    switch (GetParam().proof) {
+    case Proof::startupID:
+        EXPECT_THAT(given, testing::MatchesRegex("glidemap-.*_TIME[1-9][0-9]*:\n"));
+        break;
+    case Proof::token:
+        EXPECT_THAT(given, testing::MatchesRegex("(.+):.+\n"));
+        break;
+    case Proof::none:
+        EXPECT_EQ(given, ":\n");
+        break;
+    }
+    std::filesystem::remove(proof);
 }
 
 INSTANTIATE_TEST_SUITE_P(On, ApplicationsTest, testing::ValuesIn(allDesktops()), nameOf);

@@ -1,6 +1,7 @@
 // Launching an application that runs already: its window comes forward, and no second process starts.
 #include "desktop_test_base.h"
 #include "desktops/recording_window_listener.h"
+#include "desktops/scoped_environment.h"
 #include "leash.h"
 #include "platform/linux/windows/desktop_backends.h"
 #include "platform/linux/windows/desktop_thread.h"
@@ -8,6 +9,8 @@
 #include "waiting.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -216,6 +219,62 @@ TEST_P(BringForwardTest, OneThatHasEndedStartsAgain) {
     launch(seen, "launched");
     seen.expectRunning({"launched", "other"});
     expectStarts(seen, "launched", 2);
+}
+
+// In the terminal that the user has chosen. Its window is known by the process that was launched.
+TEST_P(BringForwardTest, AProgramInATerminalComesForward) {
+    const bool onWayland = desktop->environment().count("WAYLAND_DISPLAY") != 0;
+    const std::string terminal = onWayland ? "foot" : "xterm -e";
+    if (!isInstalled(terminal.substr(0, terminal.find(' ')))) {
+        GTEST_SKIP() << "no " << terminal << " is installed";
+    }
+    if (GetParam().name == "KWin") {
+        GTEST_SKIP() << "foot shows no window on a KWin without input devices";
+    }
+    folder.script("xdg-terminal-exec", "exec " + terminal + " \"$@\"\n");
+    const ScopedEnvironment path({{"PATH", folder.path().string() + ":" + std::getenv("PATH")}});
+    const Leash leash(folder.path() / "leash");
+    install("inside",
+            folder.script("inside", "echo inside >>" + starts().string() + "\nread end <" +
+                                        leash.path.string() + "\n"),
+            "Terminal=true\n");
+    SeenWorkspace seen;
+    const auto other = open("other");
+    seen.expectRunning({"other"});
+    launch(seen, "inside");
+    ASSERT_TRUE(application::waitUntil([&] { return seen.running().size() == 2; }));
+    const auto running = seen.running();
+    const std::string window = *running.begin() == "other" ? *running.rbegin() : *running.begin();
+    for (int time = 0; time < 3; ++time) {
+        desktop->activate("other");
+        seen.expectFrontmost("other");
+        launch(seen, "inside");
+        seen.expectFrontmost(window);
+    }
+    expectStarts(seen, "inside", GetParam().processes == Processes::known ? 1 : 4);
+}
+
+// A second process of it would hand over to the first and end.
+TEST_P(BringForwardTest, ASingleInstanceApplicationComesForwardWithoutASecondProcess) {
+    const Leash leash(folder.path() / "leash");
+    const auto alone = folder.path() / "alone";
+    install("single",
+            folder.script("single", "echo single >>" + starts().string() + "\nmkdir " +
+                                        alone.string() + " || exit 0\nexec " +
+                                        desktop->windowProgram() + " single Title <" +
+                                        leash.path.string() + " >/dev/null\n"),
+            "StartupNotify=true\n");
+    SeenWorkspace seen;
+    const auto other = open("other");
+    seen.expectRunning({"other"});
+    launch(seen, "single");
+    seen.expectRunning({"other", "single"});
+    desktop->activate("other");
+    seen.expectFrontmost("other");
+    launch(seen, "single");
+    seen.expectFrontmost("single");
+    expectStarts(seen, "single", 1);
+    std::filesystem::remove(alone);
 }
 
 INSTANTIATE_TEST_SUITE_P(On, BringForwardTest, testing::ValuesIn(allDesktops()), nameOf);

@@ -25,7 +25,10 @@ enum class Minimizing { works, none };
 // Whether windows that are minimised, or on another workspace, come forward.
 enum class HiddenWindows { comeForward, stayHidden };
 enum class Workspaces { several, one };
-enum class SecondLaunch { comesForward, staysBehind };
+// Whether the desktop says which process a window belongs to.
+enum class Processes { known, unknown };
+// What a launched program gets that proves that the user wanted it.
+enum class Proof { none, startupID, token };
 
 struct DesktopKind {
     std::string name;
@@ -35,10 +38,11 @@ struct DesktopKind {
     Overview overview = Overview::none;
     Lock lock = Lock::none;
     StatusBar statusBar = StatusBar::none;
-    SecondLaunch secondLaunch = SecondLaunch::comesForward;
     Minimizing minimizing = Minimizing::works;
     HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;
+    Proof proof = Proof::none;
+    Processes processes = Processes::known;
 };
 
 void PrintTo(const DesktopKind& kind, std::ostream* out);

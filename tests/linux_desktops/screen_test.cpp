@@ -3,10 +3,15 @@
 #include "kit/queued_main_queue.h"
 #include "platform/linux/session/linux_overview.h"
 #include "platform/linux/session/linux_screen_lock.h"
+#include "platform/linux/session/session_processes.h"
 #include "variant.h"
 #include "waiting.h"
 
+#include <array>
 #include <chrono>
+#include <filesystem>
+#include <string>
+#include <string_view>
 
 namespace glidemap::desktops {
 namespace {
@@ -41,6 +46,12 @@ TEST_P(OverviewTest, OpensAndCloses) {
 
 class LockTest : public DesktopTest {
 protected:
+    // In this session.
+    static bool runs(std::string_view program) {
+        const std::array<std::string_view, 1> names = {program};
+        return !sessionProcesses(names).empty();
+    }
+
     DesktopThread thread;
     kit::QueuedMainQueue queue;
     bool refused = false;
@@ -59,6 +70,31 @@ TEST_P(LockTest, LocksOrSaysThatItCannot) {
     }));
     EXPECT_EQ(desktop->isLocked(), locks);
     EXPECT_EQ(refused, !locks);
+}
+
+// As many sessions of sway and labwc are set up: a locker that only swayidle knows of.
+TEST_P(LockTest, TheLockerOfSwayidleLocksWhereThereIsNoService) {
+    if (GetParam().name != "Sway" && GetParam().name != "Labwc") {
+        GTEST_SKIP() << "no desktop for swayidle";
+    }
+    for (const char* const program : {"swayidle", "swaylock"}) {
+        if (!isInstalled(program)) {
+            GTEST_SKIP() << "no " << program << " is installed";
+        }
+    }
+    const Environment environment = desktop->environment();
+    const std::string inALongTime = "86400";
+    const Program swayidle(
+        {.words = {"swayidle", "-w", "timeout", inALongTime, "swaylock -f -c 000000"},
+         .environment = environment,
+         .log = std::filesystem::path(environment.at("XDG_RUNTIME_DIR")) / "swayidle.log"});
+    ASSERT_TRUE(waitUntil([] { return runs("swayidle"); }));
+    ASSERT_FALSE(runs("swaylock"));
+    LinuxScreenLock screenLock(thread, queue, {longWait, longWait, longWait});
+    screenLock.lock([this] { refused = true; });
+    EXPECT_TRUE(waitUntil([] { return runs("swaylock"); }));
+    queue.runAll();
+    EXPECT_FALSE(refused);
 }
 
 INSTANTIATE_TEST_SUITE_P(On, OverviewTest, testing::ValuesIn(allDesktops()), nameOf);

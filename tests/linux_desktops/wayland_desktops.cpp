@@ -127,12 +127,13 @@ public:
                        "global.display.get_current_time_roundtrip())");
     }
 
-    // As its dash does.
+    // As its dash does, which has the time of a click.
     std::string activationToken() const override {
-        const std::string quoted = shell.evaluate(
-            "global.create_app_launch_context(0, -1).get_startup_notify_id(imports.gi.Gio.AppInfo."
-            "create_from_commandline('glidemap', 'Glidemap', "
-            "imports.gi.Gio.AppInfoCreateFlags.SUPPORTS_STARTUP_NOTIFICATION), [])");
+        const std::string quoted =
+            shell.evaluate("global.create_app_launch_context(global.display.get_current_time_"
+                           "roundtrip(), -1).get_startup_notify_id(imports.gi.Gio.AppInfo."
+                           "create_from_commandline('glidemap', 'Glidemap', "
+                           "imports.gi.Gio.AppInfoCreateFlags.SUPPORTS_STARTUP_NOTIFICATION), [])");
         return quoted.size() > 2 ? quoted.substr(1, quoted.size() - 2) : "";
     }
 

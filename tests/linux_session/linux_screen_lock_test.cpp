@@ -1,7 +1,9 @@
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
+#include "linux_session/program_double.h"
 #include "linux_session/silent_socket.h"
 #include "platform/linux/session/linux_screen_lock.h"
 
@@ -10,7 +12,9 @@
 
 #include <atomic>
 #include <deque>
+#include <filesystem>
 #include <optional>
+#include <thread>
 
 namespace glidemap {
 namespace {
@@ -137,6 +141,13 @@ protected:
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
     InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
     std::deque<BusDouble> services;
+    // Neither a program of the machine's nor one of another test's is there.
+    test::ProgramDoubles programs;
+    InEnvironment path{"PATH", programs.folder().c_str()};
+    InEnvironment display{"DISPLAY", ":no-display-of-a-test"};
+    InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
+    InEnvironment desktopName{"XDG_CURRENT_DESKTOP", nullptr};
+    InEnvironment configuration{"XDG_CONFIG_HOME", programs.folder().c_str()};
     HeldMainQueue queue{journal};
     DesktopThread desktop;
     Limit lastLimit{};
@@ -288,7 +299,7 @@ TEST_F(LinuxScreenLockTest, EachRequestIsToldForItself) {
 TEST_F(LinuxScreenLockTest, ASilentServiceHoldsNobodyUpForLongerThanItsLimit) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
-    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()", "to the main thread", "otherwise"};
+    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // it may still lock
     EXPECT_EQ(lockInTime(expected, withLimitOnAnswer), expected);
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
@@ -337,25 +348,129 @@ TEST_F(LinuxScreenLockTest, OneThatGoesWhileABusDoesNotSpeakTellsNobody) {
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(LinuxScreenLockTest, ThereIsALockWhereThereIsABusToAskOn) {
+TEST_F(LinuxScreenLockTest, ThereIsALockAlsoWithoutABus) {
     const test::TemporaryFolder runtime;
-    struct Row {
-        const char* system;
-        const char* session;
-        bool found;
-    };
-    const Row rows[] = {
-        {"unix:path=/a", "unix:path=/b", true},
-        {"unix:path=/a", nullptr, true},
-        {nullptr, "unix:path=/b", true},
-    };
-    for (const Row& row : rows) {
-        const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
-        const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", row.system);
-        const InEnvironment sessionAddress("DBUS_SESSION_BUS_ADDRESS", row.session);
-        EXPECT_EQ(LinuxScreenLock(desktop, queue).find(), row.found);
-    }
+    const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
+    const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", nullptr);
+    const InEnvironment sessionAddress("DBUS_SESSION_BUS_ADDRESS", nullptr);
+    EXPECT_TRUE(LinuxScreenLock(desktop, queue).find());
     EXPECT_EQ(journal.lines(), Lines());
+}
+
+// Programs of the session that lock it: each test has a display of its own.
+class SessionLockTest : public LinuxScreenLockTest {
+protected:
+    SessionLockTest() {
+        const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
+        ownDisplay.emplace("DISPLAY", (":" + name).c_str());
+        environment = {{"DISPLAY", ":" + name}};
+    }
+
+    std::string untilTheTestEnds() const {
+        return "while [ -e " + programs.folder() + " ]; do /bin/sleep 0.05; done";
+    }
+
+    std::optional<InEnvironment> ownDisplay;
+    desktops::Environment environment;
+};
+
+TEST_F(SessionLockTest, ADaemonsCommandLocksWhereNoServiceDoes) {
+    programs.start("xscreensaver", {}, environment);
+    programs.install("xscreensaver-command");
+    EXPECT_EQ(lock(), Lines());
+    EXPECT_EQ(programs.ran(), "xscreensaver-command -lock\n");
+}
+
+TEST_F(SessionLockTest, AServiceComesBeforeACommand) {
+    onSessionBus(gnome);
+    programs.start("xscreensaver", {}, environment);
+    programs.install("xscreensaver-command");
+    EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
+    EXPECT_EQ(programs.ran(), "");
+}
+
+TEST_F(SessionLockTest, ACommandThatFailsOrIsNotThereLeavesItToTheNext) {
+    programs.start("light-locker", {}, environment);
+    programs.start("xscreensaver", {}, environment);
+    programs.start("xautolock", {}, environment);
+    programs.install("xscreensaver-command", "exit 1");
+    programs.install("xautolock");
+    EXPECT_EQ(lock(), Lines());
+    EXPECT_EQ(programs.ran(), "xscreensaver-command -lock\nxautolock -locknow\n");
+}
+
+TEST_F(SessionLockTest, WhereAllCommandsFailTheCallerIsCalledBack) {
+    programs.start("xscreensaver", {}, environment);
+    programs.install("xscreensaver-command", "exit 1");
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
+TEST_F(SessionLockTest, ACommandThatDoesNotEndMayStillLock) {
+    programs.start("xscreensaver", {}, environment);
+    programs.install("xscreensaver-command", untilTheTestEnds());
+    Patience patience = endless;
+    patience.start = 500ms;
+    EXPECT_EQ(lock(patience), Lines());
+}
+
+TEST_F(SessionLockTest, OneThatGoesWhileACommandRunsCallsNothing) {
+    programs.start("xscreensaver", {}, environment);
+    programs.install("xscreensaver-command", untilTheTestEnds());
+    {
+        LinuxScreenLock screenLock(desktop, queue, endless);
+        screenLock.lock(otherwise());
+        const auto deadline = std::chrono::steady_clock::now() + test::patience;
+        while (programs.ran().empty() && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::yield();
+        }
+    }
+    EXPECT_EQ(journal.lines(), Lines{"let go"});
+}
+
+TEST_F(SessionLockTest, WhatSwayidleWouldRunIsRun) {
+    programs.start("swayidle", {"timeout", "300", "swaylock -f -c 'a b'"}, environment);
+    programs.install("swaylock", "echo >" + programs.folder() + "/end");
+    EXPECT_EQ(lock(), Lines());
+    const auto deadline = std::chrono::steady_clock::now() + test::patience;
+    while (!std::filesystem::exists(programs.folder() + "/end") &&
+           std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(programs.ran(), "swaylock -f -c a b\n");
+}
+
+TEST_F(SessionLockTest, ALockerThatListensToLogindIsTrusted) {
+    onSystemBus(logind);
+    programs.start("swayidle", {"lock", "swaylock"}, environment);
+    programs.install("swaylock");
+    const Lines expected{"login1.Lock()", "login1 get LockedHint"};
+    EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
+    EXPECT_EQ(programs.ran(), ""); // swayidle runs it
+}
+
+TEST_F(SessionLockTest, WithoutLogindAListenerIsAskedByItsCommand) {
+    programs.start("xss-lock", {"--", "i3lock"}, environment);
+    programs.install("xset");
+    EXPECT_EQ(lock(), Lines());
+    EXPECT_EQ(programs.ran(), "xset s activate\n");
+}
+
+TEST_F(SessionLockTest, ALockerThatCoversTheScreenIsEnough) {
+    onSessionBus(gnome);
+    programs.start("i3lock", {}, environment);
+    EXPECT_EQ(lock(), Lines());
+}
+
+TEST_F(SessionLockTest, ALockerOfAnotherSessionIsNone) {
+    programs.start("i3lock", {}, {{"DISPLAY", ":another"}});
+    EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
+}
+
+TEST_F(SessionLockTest, XfceLocksByItsOwnCommand) {
+    const InEnvironment current("XDG_CURRENT_DESKTOP", "XFCE");
+    programs.install("xflock4");
+    EXPECT_EQ(lock(), Lines());
+    EXPECT_EQ(programs.ran(), "xflock4\n");
 }
 
 } // namespace

@@ -31,7 +31,7 @@ using State = GnomeExtension::State;
 // As any program on the session's bus could ask.
 void expectThatNoOtherProgramIsTold(const GnomeShell& shell) {
     const ScopedEnvironment here(shell.environment());
-    for (const char* const method : {"GetWindows", "BringForward '[]'"}) {
+    for (const char* const method : {"GetWindows", "BringForward '[]'", "TokenForLaunch ''"}) {
         const std::string command =
             "gdbus call --session --dest org.gnome.Shell --object-path /org/glidemap/Windows "
             "--method org.glidemap.Windows." +

@@ -10,8 +10,6 @@ namespace glidemap {
 
 namespace {
 
-constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
-
 // This program is an accessory and no application to choose, whatever a desktop says about its window: some tell no process,
 // others no identifier that has an entry.
 bool isOwn(const WindowIdentity& window, const Application& application) {

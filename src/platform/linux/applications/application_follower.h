@@ -27,6 +27,9 @@
 
 namespace glidemap {
 
+// Our desktop entry, and what our windows call themselves where they name no process.
+inline constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
+
 struct PublishedApplications {
     std::atomic<const Application*> frontmost = ApplicationTable::unknown();
     static_assert(std::atomic<const Application*>::is_always_lock_free);

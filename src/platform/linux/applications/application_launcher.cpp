@@ -8,6 +8,7 @@
 #include <gio/gio.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,8 +22,10 @@ namespace {
 struct Launch {
     GDesktopAppInfo* entry;
     std::string url; // to be opened by it; empty for the application itself
+    LaunchProof proof;
 
-    Launch(GDesktopAppInfo* taken, std::string toOpen) : entry(taken), url(std::move(toOpen)) {}
+    Launch(GDesktopAppInfo* taken, std::string toOpen, LaunchProof given)
+        : entry(taken), url(std::move(toOpen)), proof(std::move(given)) {}
     Launch(const Launch&) = delete;
     Launch& operator=(const Launch&) = delete;
     ~Launch() { g_object_unref(entry); }
@@ -72,42 +75,67 @@ void activated(GObject* connection, GAsyncResult* result, gpointer data) {
     if (answer != nullptr)
         g_variant_unref(answer);
     else if (wasNotReached(error))
-        startProcess(launch->entry);
+        startProcess(launch->entry, launch->url, launch->proof);
     g_clear_error(&error);
 }
 
+GVariant* platformData(const LaunchProof& proof) {
+    GVariantBuilder data;
+    g_variant_builder_init(&data, G_VARIANT_TYPE_VARDICT);
+    if (!proof.startupID.empty()) {
+        g_variant_builder_add(&data, "{sv}", "desktop-startup-id",
+                              g_variant_new_string(proof.startupID.c_str()));
+    }
+    if (!proof.activationToken.empty()) {
+        g_variant_builder_add(&data, "{sv}", "activation-token",
+                              g_variant_new_string(proof.activationToken.c_str()));
+    }
+    return g_variant_builder_end(&data);
+}
+
 void activate(GDBusConnection* bus, const std::string& name, std::unique_ptr<Launch> launch) {
+    const std::array<const char*, 2> urls = {launch->url.c_str(), nullptr};
+    const bool isPlain = launch->url.empty();
+    GVariant* const data = platformData(launch->proof);
+    GVariant* const arguments =
+        isPlain ? g_variant_new("(@a{sv})", data) : g_variant_new("(^as@a{sv})", urls.data(), data);
     g_dbus_connection_call(bus, name.c_str(), objectPathOf(name).c_str(),
-                           "org.freedesktop.Application", "Activate",
-                           g_variant_new("(a{sv})", nullptr), nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-                           nullptr, activated, launch.release());
+                           "org.freedesktop.Application", isPlain ? "Activate" : "Open", arguments,
+                           nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, activated,
+                           launch.release());
 }
 
 void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
-    if (!launch->url.empty()) {
-        openWith(launch->entry, launch->url);
-        return;
-    }
-    const std::string name = canBeActivated(launch->entry) ? busNameOf(launch->entry) : "";
+    const std::string name = busNameOf(launch->entry);
     if (bus != nullptr && !name.empty())
         activate(bus, name, std::move(launch));
     else
-        startProcess(launch->entry);
+        startProcess(launch->entry, launch->url, launch->proof);
 }
 
 // The bus is waited for only where it is needed: a process starts without it.
-void begin(GDesktopAppInfo* entry, const std::string& url) {
-    if (url.empty() && !canBeActivated(entry)) {
-        startProcess(entry);
-        g_object_unref(entry);
+void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof) {
+    auto launch = std::make_unique<Launch>(entry, url, proof);
+    if (!canBeActivated(entry)) {
+        startProcess(entry, url, proof);
         return;
     }
-    const auto launch =
-        std::make_shared<std::unique_ptr<Launch>>(std::make_unique<Launch>(entry, url));
-    withSharedBus([launch](GDBusConnection* bus) { launchOn(bus, std::move(*launch)); });
+    const auto kept = std::make_shared<std::unique_ptr<Launch>>(std::move(launch));
+    withSharedBus([kept](GDBusConnection* bus) { launchOn(bus, std::move(*kept)); });
 }
 
 } // namespace
+
+bool takesProof(GDesktopAppInfo* entry) {
+    return canBeActivated(entry) ||
+           g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
+}
+
+void launchApplication(GDesktopAppInfo* entry, const LaunchProof& proof) {
+    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // else the user has taken it away
+        begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", proof);
+    }
+}
 
 void launchApplication(const std::string& url) {
     char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
@@ -115,12 +143,12 @@ void launchApplication(const std::string& url) {
         return;
     GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path);
     g_free(path);
-    if (entry == nullptr)
+    if (entry == nullptr) {
+        logLine("services", "nothing to start in ", url);
         return;
-    if (g_desktop_app_info_get_is_hidden(entry) != FALSE) // the user has taken it away
-        g_object_unref(entry);
-    else
-        begin(entry, "");
+    }
+    launchApplication(entry, {});
+    g_object_unref(entry);
 }
 
 void launchHandler(const std::string& url) {
@@ -130,7 +158,7 @@ void launchHandler(const std::string& url) {
     GAppInfo* const handler = g_app_info_get_default_for_uri_scheme(scheme);
     g_free(scheme);
     if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler))
-        begin(G_DESKTOP_APP_INFO(handler), url);
+        begin(G_DESKTOP_APP_INFO(handler), url, {});
     else // a file, whose handler goes by its content
         g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
 }

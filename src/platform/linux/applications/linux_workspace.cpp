@@ -6,11 +6,31 @@
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <string_view>
 #include <utility>
 
 namespace glidemap {
+
+namespace {
+
+std::string orEmpty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+LaunchedApplication described(GDesktopAppInfo* entry) {
+    std::string identifier = orEmpty(g_app_info_get_id(G_APP_INFO(entry)));
+    constexpr std::string_view ending = ".desktop";
+    if (identifier.ends_with(ending)) {
+        identifier.resize(identifier.size() - ending.size());
+    }
+    return {identifier, orEmpty(g_app_info_get_name(G_APP_INFO(entry))),
+            orEmpty(g_desktop_app_info_get_startup_wm_class(entry))};
+}
+
+} // namespace
 
 struct LinuxWorkspace::State {
     PublishedApplications published;
@@ -34,14 +54,63 @@ struct LinuxWorkspace::State {
         backend.reset();
     }
 
-    void open(const std::string& url) {
+    void bringForward(const char* path, const std::function<void()>& launch) {
+        const auto count = std::make_shared<int>(0);
+        const auto choose = [count,
+                             chosen = follower->windowsOf(path)](const WindowIdentity& window) {
+            const bool isChosen = chosen(window);
+            *count += isChosen ? 1 : 0;
+            return isChosen;
+        };
+        backend->bringForward(choose, [launch] {
+            logLine("windows", "nothing came forward: launches it");
+            launch();
+        });
+        if (*count > 0) {
+            logLine("windows", "brings forward the last used of ", *count, " windows of ", path);
+        }
+    }
+
+    // On the main thread: the entry that was last looked for. It is what is opened next as a rule.
+    std::string foundURL;
+    std::shared_ptr<GDesktopAppInfo> found;
+
+    std::shared_ptr<GDesktopAppInfo> takeFound(const std::string& url) {
+        std::shared_ptr<GDesktopAppInfo> entry = url == foundURL ? std::move(found) : nullptr;
+        found.reset();
+        return entry;
+    }
+
+    void open(const std::string& url, const std::shared_ptr<GDesktopAppInfo>& entry) {
+        const auto launch = [this, url, entry] {
+            if (entry == nullptr) {
+                launchApplication(url);
+            } else if (backend != nullptr && takesProof(entry.get())) {
+                backend->prove(described(entry.get()), [entry](const LaunchProof& proof) {
+                    launchApplication(entry.get(), proof);
+                });
+            } else {
+                launchApplication(entry.get(), {});
+            }
+        };
         char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
         if (path != nullptr && backend != nullptr) {
-            backend->bringForward(follower->windowsOf(path), [url] { launchApplication(url); });
+            bringForward(path, launch);
         } else {
-            launchApplication(url);
+            launch();
         }
         g_free(path);
+    }
+
+    void bringOwnForward() {
+        if (backend == nullptr) {
+            return;
+        }
+        backend->bringForward(
+            [](const WindowIdentity& window) {
+                return window.process ? window.process == getpid() : window.appID == ownIdentifier;
+            },
+            [] { logLine("windows", "our own window stays where it is"); });
     }
 
     void stop() {
@@ -72,21 +141,27 @@ std::vector<Application> LinuxWorkspace::runningApplications() const {
 std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
     if (bundleID.empty() || bundleID.find('/') != std::string::npos)
         return std::nullopt; // an id, not a way out of the folders that hold entries
-    GDesktopAppInfo* const info = g_desktop_app_info_new((bundleID + ".desktop").c_str());
-    if (info == nullptr)
+    const std::shared_ptr<GDesktopAppInfo> entry(
+        g_desktop_app_info_new((bundleID + ".desktop").c_str()),
+        [](GDesktopAppInfo* read) { g_clear_object(&read); });
+    const char* const path =
+        entry != nullptr ? g_desktop_app_info_get_filename(entry.get()) : nullptr;
+    char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr;
+    if (uri == nullptr)
         return std::nullopt;
-    std::optional<std::string> url;
-    const char* const path = g_desktop_app_info_get_filename(info);
-    if (char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr) {
-        url = uri;
-        g_free(uri);
-    }
-    g_object_unref(info);
+    std::string url = uri;
+    g_free(uri);
+    state->found = entry;
+    state->foundURL = url;
     return url;
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {
-    thread.submit([this, url] { state->open(url); });
+    thread.submit([this, url, entry = state->takeFound(url)] { state->open(url, entry); });
+}
+
+void LinuxWorkspace::bringOwnWindowForward() {
+    thread.submit([this] { state->bringOwnForward(); });
 }
 
 void LinuxWorkspace::openMissionControl() {

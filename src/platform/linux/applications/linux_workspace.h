@@ -46,6 +46,9 @@ public:
     void openAccessibilitySettings() override;
     void openURL(const std::string& url) override;
 
+    // The window of this very program that was used last.
+    void bringOwnWindowForward();
+
 private:
     struct State;
     DesktopThread& thread;

@@ -1,51 +1,64 @@
 #include "platform/linux/applications/process_launch.h"
 
+#include "core/log.h"
 #include "platform/linux/applications/application_scope.h"
+#include "platform/linux/applications/command_line.h"
+#include "platform/linux/applications/detached_process.h"
+#include "platform/linux/applications/entry_command.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 #include <unistd.h>
 
-#include <csignal>
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string_view>
+#include <vector>
 
 namespace glidemap {
 
 namespace {
 
-// Between fork and exec: nothing here may allocate or lock. The rest is GIO's: it closes our
-// descriptors, and forks twice, so that the process is init's to wait for.
-void cutLoose(gpointer /*data*/) {
-    setsid();
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
+// What was about us, at our start.
+constexpr std::array<std::string_view, 5> notInherited = {
+    "JOURNAL_STREAM", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "GIO_LAUNCHED_DESKTOP_FILE",
+    "GIO_LAUNCHED_DESKTOP_FILE_PID"};
+
+bool isInherited(std::string_view variable) {
+    const std::string_view name = variable.substr(0, variable.find('='));
+    return std::ranges::find(notInherited, name) == notInherited.end();
 }
 
-void started(GDesktopAppInfo* /*entry*/, GPid process, gpointer identifier) {
-    moveIntoScope(*static_cast<std::string*>(identifier), process);
-}
-
-void launch(GDesktopAppInfo* entry, GList* urls, std::string identifier) {
-    GAppLaunchContext* const context = g_app_launch_context_new();
-    // They were for us, at our start.
-    g_app_launch_context_unsetenv(context, "DESKTOP_STARTUP_ID");
-    g_app_launch_context_unsetenv(context, "XDG_ACTIVATION_TOKEN");
-    g_desktop_app_info_launch_uris_as_manager(entry, urls, context, G_SPAWN_SEARCH_PATH, cutLoose,
-                                              nullptr, started, &identifier, nullptr);
-    g_object_unref(context);
-}
-
-// The same entry as GIO would see it if D-Bus could not activate it.
-GDesktopAppInfo* withoutActivation(GDesktopAppInfo* entry) {
-    GKeyFile* const file = g_key_file_new();
-    GDesktopAppInfo* plain = nullptr;
-    if (g_key_file_load_from_file(file, g_desktop_app_info_get_filename(entry), G_KEY_FILE_NONE,
-                                  nullptr) != FALSE) {
-        g_key_file_set_boolean(file, G_KEY_FILE_DESKTOP_GROUP, "DBusActivatable", FALSE);
-        plain = g_desktop_app_info_new_from_keyfile(file);
+std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchProof& proof) {
+    std::vector<std::string> variables;
+    for (char** one = environ; *one != nullptr; ++one) {
+        if (isInherited(*one)) {
+            variables.emplace_back(*one);
+        }
     }
-    g_key_file_unref(file);
-    return plain;
+    if (const char* const file = g_desktop_app_info_get_filename(entry)) {
+        variables.push_back(std::string("GIO_LAUNCHED_DESKTOP_FILE=") + file);
+    }
+    if (!proof.startupID.empty()) {
+        variables.push_back("DESKTOP_STARTUP_ID=" + proof.startupID);
+    }
+    if (!proof.activationToken.empty()) {
+        variables.push_back("XDG_ACTIVATION_TOKEN=" + proof.activationToken);
+    }
+    return variables;
+}
+
+// It ends what is begun. Of an application that does not, the desktop would show for a while that it starts.
+bool takesNotice(GDesktopAppInfo* entry) {
+    return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
+}
+
+std::string folderOf(GDesktopAppInfo* entry) {
+    char* const path = g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_PATH);
+    std::string folder = path != nullptr ? path : "";
+    g_free(path);
+    return folder;
 }
 
 std::string identifierOf(GDesktopAppInfo* entry) {
@@ -55,21 +68,27 @@ std::string identifierOf(GDesktopAppInfo* entry) {
 
 } // namespace
 
-void startProcess(GDesktopAppInfo* entry) {
-    if (g_desktop_app_info_get_boolean(entry, "DBusActivatable") == FALSE) {
-        launch(entry, nullptr, identifierOf(entry));
+void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof) {
+    const std::string identifier = identifierOf(entry);
+    const EntryCommand command = commandOf(entry, url);
+    if (command.words.empty()) {
+        logLine("services", identifier, " was not started: ", command.problem);
         return;
     }
-    if (GDesktopAppInfo* const plain = withoutActivation(entry)) {
-        launch(plain, nullptr, identifierOf(entry));
-        g_object_unref(plain);
+    const DetachedProcess started =
+        startDetached({.words = command.words,
+                       .environment = environmentFor(entry, proof),
+                       .folder = folderOf(entry),
+                       .processVariable = "GIO_LAUNCHED_DESKTOP_FILE_PID"});
+    if (started.error != 0) {
+        logLine("services", identifier, " was not started: ", command.words.front(), ": ",
+                std::strerror(started.error));
+        return;
     }
-}
-
-void openWith(GDesktopAppInfo* entry, const std::string& url) {
-    GList* const urls = g_list_prepend(nullptr, const_cast<char*>(url.c_str()));
-    launch(entry, urls, identifierOf(entry));
-    g_list_free(urls);
+    if (proof.begun && takesNotice(entry)) {
+        proof.begun();
+    }
+    moveIntoScope(identifier, started.identifier);
 }
 
 } // namespace glidemap

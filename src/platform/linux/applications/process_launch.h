@@ -1,8 +1,10 @@
 // Starts a desktop entry's own process, cut loose from ours.
 //
 // Thread:  the desktop thread.
-// Errors:  none reach the caller.
+// Errors:  none reach the caller; the log says why nothing was started.
 #pragma once
+
+#include "platform/linux/windows/window_backend.h"
 
 #include <string>
 
@@ -10,10 +12,7 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// By its Exec line, even if D-Bus could activate it.
-void startProcess(GDesktopAppInfo* entry);
-
-// By D-Bus if the entry wants it, else by its Exec line.
-void openWith(GDesktopAppInfo* entry, const std::string& url);
+// By its Exec line, even if D-Bus could activate it. `url` is what it is to open; empty for nothing.
+void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof);
 
 } // namespace glidemap

@@ -81,7 +81,8 @@ private:
     FirstExposure windowIsThere{[this] {
         services.prompt().ready();
     }};
-    const std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>();
+    const std::shared_ptr<LinuxApplicationShell> shell = std::make_shared<LinuxApplicationShell>(
+        [workspace = services.workspace] { workspace->bringOwnWindowForward(); });
     Ports given;
 };
 

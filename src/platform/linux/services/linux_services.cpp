@@ -4,7 +4,6 @@
 #include "platform/linux/access/grant_prompt.h"
 #include "platform/linux/access/input_trust.h"
 #include "platform/linux/access/udev_input_nodes.h"
-#include "platform/linux/applications/linux_workspace.h"
 #include "platform/linux/clicks/linux_click_tap.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "platform/linux/session/linux_screen_lock.h"

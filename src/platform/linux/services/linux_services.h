@@ -18,10 +18,10 @@
 #include "dispatch/click_tap.h"
 #include "dispatch/screen_lock.h"
 #include "dispatch/user_session.h"
-#include "dispatch/workspace.h"
 #include "platform/linux/access/access_prompt.h"
 #include "platform/linux/access/input_device_watch.h"
 #include "platform/linux/appearance/portal_appearance.h"
+#include "platform/linux/applications/linux_workspace.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "platform/linux/session/linux_overview.h"
 #include "platform/linux/windows/desktop_thread.h"
@@ -57,7 +57,7 @@ private:
 public:
     const std::shared_ptr<AppearanceSettings> appearance;
     const std::shared_ptr<AccessibilityTrust> trust;
-    const std::shared_ptr<Workspace> workspace;
+    const std::shared_ptr<LinuxWorkspace> workspace;
     const std::shared_ptr<ScreenLock> screenLock;
     const std::shared_ptr<UserSession> session;
     const std::shared_ptr<ClickTap> clickTap;

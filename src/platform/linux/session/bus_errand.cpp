@@ -56,6 +56,11 @@ bool saysNobodyThere(const GError* error) {
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER);
 }
 
+bool saysLate(const GError* error) {
+    return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) ||
+           g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY);
+}
+
 } // namespace
 
 struct BusErrand::State {
@@ -145,7 +150,7 @@ void BusErrand::State::answered(GObject* connection, GAsyncResult* result, gpoin
         logLine("services", held->method.service, " ", held->method.name, ": ", error->message);
     }
     if (!held->errand->state->calledOff) {
-        held->then({values, saysNobodyThere(error)});
+        held->then({values, saysNobodyThere(error), saysLate(error)});
     }
     g_clear_error(&error);
     g_clear_pointer(&values, g_variant_unref);
@@ -175,7 +180,7 @@ void BusErrand::call(const BusMethod& method, GVariant* arguments, Milliseconds 
     const auto ask = [=, self = shared_from_this(),
                       then = std::move(then)](GDBusConnection* connection) {
         if (connection == nullptr) {
-            then({nullptr, true, false});
+            then({.nobodyThere = true, .busIsOpen = false});
             return;
         }
         g_dbus_connection_call(connection, method.service, method.path, method.interface,

@@ -36,6 +36,7 @@ struct BusMethod {
 struct BusAnswer {
     GVariant* values = nullptr;
     bool nobodyThere = false;
+    bool isLate = false; // the call has reached it, and has not returned in time
     bool busIsOpen = true;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/linux/session/environment.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace glidemap {
@@ -7,6 +9,14 @@ namespace glidemap {
 std::string fromEnvironment(const char* variable) {
     const char* const value = std::getenv(variable);
     return value != nullptr ? value : "";
+}
+
+std::vector<std::string> ownEnvironment() {
+    std::vector<std::string> variables;
+    for (char** one = environ; *one != nullptr; ++one) {
+        variables.emplace_back(*one);
+    }
+    return variables;
 }
 
 std::vector<std::string> splitAtColons(std::string_view text) {

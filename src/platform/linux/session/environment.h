@@ -12,6 +12,9 @@ namespace glidemap {
 
 std::string fromEnvironment(const char* variable);
 
+// All variables, as "NAME=value".
+std::vector<std::string> ownEnvironment();
+
 // Without the empty ones.
 std::vector<std::string> splitAtColons(std::string_view text);
 

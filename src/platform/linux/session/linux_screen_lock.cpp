@@ -1,10 +1,17 @@
 #include "platform/linux/session/linux_screen_lock.h"
 
+#include "core/log.h"
+#include "platform/linux/applications/application_scope.h"
+#include "platform/linux/applications/detached_process.h"
 #include "platform/linux/session/environment.h"
+#include "platform/linux/session/program_run.h"
 #include "platform/linux/session/screen_savers.h"
+#include "platform/linux/session/session_lockers.h"
 
 #include <gio/gio.h>
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,7 +50,8 @@ public:
 
     void begin() override {
         call(lockSession, nullptr, [this, kept = alive()](const BusAnswer& answer) {
-            answer.values != nullptr ? waitUntilLocked() : askRunning(0);
+            logindKnows = answer.values != nullptr || answer.isLate;
+            answer.values != nullptr ? waitUntilLocked() : lookForLockers();
         });
     }
 
@@ -61,7 +69,7 @@ private:
         after(patience.locked, [this, kept = alive()] {
             stopWaiting();
             if (!locked) {
-                askRunning(0);
+                lookForLockers();
             }
         });
         readLocked();
@@ -78,6 +86,18 @@ private:
              });
     }
 
+    // What covers the screen already, or is about to, needs no second one on top of it.
+    void lookForLockers() {
+        lockers = SessionLockers::ofThisSession();
+        if (lockers->isLocked()) {
+            logLine("services", "a locker runs already");
+        } else if (logindKnows && lockers->listensToLogind()) {
+            logLine("services", "a locker listens to logind");
+        } else {
+            askRunning(0);
+        }
+    }
+
     // A service that can be started may belong to a desktop that is installed but not running, so
     // those that run come first.
     void askRunning(std::size_t index) {
@@ -87,6 +107,7 @@ private:
         }
         ask(savers[index], IfNotRunning::leave,
             [this, kept = alive(), index](const BusAnswer& answer) {
+                mayComeUp = mayComeUp || answer.isLate;
                 if (answer.nobodyThere && belongsTo(savers[index], currentDesktop)) {
                     missing.push_back(index);
                 }
@@ -98,15 +119,60 @@ private:
 
     void startMissing(std::size_t number) {
         if (number == missing.size()) {
-            mainQueue.submit(std::move(refused));
+            runLocker(0);
             return;
         }
         ask(savers[missing[number]], IfNotRunning::start,
             [this, kept = alive(), number](const BusAnswer& answer) {
+                mayComeUp = mayComeUp || answer.isLate;
                 if (answer.values == nullptr && !locked) {
                     startMissing(number + 1);
                 }
             });
+    }
+
+    void runLocker(std::size_t number) {
+        if (number == lockers->commands().size()) {
+            giveUp();
+            return;
+        }
+        const LockCommand& command = lockers->commands()[number];
+        logLine("services", "runs ", command.words.front(), " to lock the screen");
+        if (command.stays) {
+            startLocker(command, number);
+            return;
+        }
+        after(patience.start, [this] {
+            program.reset();
+            mayComeUp = true;
+            giveUp();
+        });
+        program.emplace(command.words, [weak = std::weak_ptr(alive()), number](bool succeeded) {
+            if (const auto errand = weak.lock()) {
+                errand->stopWaiting();
+                if (!succeeded) {
+                    errand->runLocker(number + 1);
+                }
+            }
+        });
+    }
+
+    // Cut loose from us: if it ended with us, some desktops would stay locked for good.
+    void startLocker(const LockCommand& command, std::size_t number) {
+        const DetachedProcess started = startDetached({command.words, ownEnvironment()});
+        if (started.error != 0) {
+            runLocker(number + 1);
+        } else {
+            moveIntoScope("locker", started.identifier);
+        }
+    }
+
+    void giveUp() {
+        if (mayComeUp) {
+            logLine("services", "a locker may still come up: no shortcut is typed");
+        } else {
+            mainQueue.submit(std::move(refused));
+        }
     }
 
     void ask(const ScreenSaver& saver, IfNotRunning ifNotRunning, Then then) {
@@ -121,7 +187,11 @@ private:
     const std::vector<ScreenSaver> savers = screenSaversFor(currentDesktop);
     std::function<void()> refused;
     bool locked = false;
+    bool logindKnows = false;
+    bool mayComeUp = false;
     std::vector<std::size_t> missing;
+    std::optional<SessionLockers> lockers;
+    std::optional<ProgramRun> program;
 };
 
 } // namespace
@@ -133,7 +203,7 @@ LinuxScreenLock::LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patie
     : mainQueue(queue), patience(limits), errands(desktop) {}
 
 bool LinuxScreenLock::find() {
-    return busAddress(Bus::system) || busAddress(Bus::session);
+    return true;
 }
 
 void LinuxScreenLock::lock(std::function<void()> otherwise) {

@@ -2,10 +2,11 @@
 //
 // First logind is asked to lock the session. That it agrees says little: it only passes the wish on,
 // and a desktop without a screen locker, or with one that does not listen, does nothing. So the
-// screen counts as locked once the session says that it is (its LockedHint). If it does not, a
-// screen saver service is asked: one that is running, else one that can be started. Its agreement
-// counts. With neither, `otherwise` is called: rather a shortcut too many on a screen that a silent
-// locker has locked than a screen left open.
+// screen counts as locked once the session says that it is (its LockedHint), or a locker's program
+// runs, or one that is known to listen to logind. Else a screen saver service is asked: one that is
+// running, else one that can be started. Its agreement counts. Then come the session's own lockers.
+// With none of them `otherwise` is called, unless one may still come up: a service that was asked
+// and is late, or a program that has not ended.
 //
 // Thread:  the main thread; the buses are spoken to on the desktop thread.
 // Owner:   the program. Destroying it calls off what is under way; `otherwise` is not called then.
@@ -28,14 +29,14 @@ public:
         std::chrono::milliseconds answer{1000};
         // Between logind's agreement and the session's word: the locker has come up.
         std::chrono::milliseconds locked{1000};
-        // A service that is started for it.
+        // A service that is started for it, or a program.
         std::chrono::milliseconds start{5000};
     };
 
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue);
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits);
 
-    // Whether there is a bus to ask on. What is on it may come and go while the program runs.
+    // True: what can lock may come and go while the program runs, and needs no bus.
     bool find() override;
     void lock(std::function<void()> otherwise) override;
 

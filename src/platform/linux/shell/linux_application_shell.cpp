@@ -5,9 +5,23 @@
 
 #include <QGuiApplication>
 #include <QWidget>
+#include <QWindow>
 #include <utility>
 
 namespace glidemap {
+
+namespace {
+
+// A window that has just been shown is not: the desktop places it, and gives it the focus or does not.
+bool isBehind(const QWidget& window) {
+    const QWindow* const handle = window.windowHandle();
+    return handle != nullptr && handle->isExposed() && !window.isActiveWindow();
+}
+
+} // namespace
+
+LinuxApplicationShell::LinuxApplicationShell(std::function<void()> bringForward)
+    : askDesktop(std::move(bringForward)) {}
 
 // It lives on without a window.
 void LinuxApplicationShell::becomeAccessory() {
@@ -20,6 +34,8 @@ void LinuxApplicationShell::activate(QWidget& window) {
     if (xcb_connection_t* connection = x11Connection()) {
         activateOnX11(connection, static_cast<std::uint32_t>(window.winId()),
                       std::exchange(startupID, {}));
+    } else if (askDesktop && isBehind(window)) {
+        askDesktop();
     }
 }
 

@@ -1,5 +1,7 @@
 #include "platform/linux/shell/x11_activation.h"
 
+#include "platform/linux/windows/launch_messages.h"
+
 #include <xcb/xcb.h>
 
 #include <charconv>
@@ -10,8 +12,6 @@
 namespace glidemap {
 
 namespace {
-
-constexpr std::size_t pieceSize = 20; // of a client message
 
 struct Free {
     void operator()(void* reply) const { std::free(reply); }
@@ -80,20 +80,7 @@ std::uint32_t timeOfLaunch(std::string_view startupID) {
 }
 
 std::vector<std::string> endOfLaunch(std::string_view startupID) {
-    std::string text = "remove: ID=\"";
-    for (const char letter : startupID) {
-        if (letter == '"' || letter == '\\') {
-            text += '\\';
-        }
-        text += letter;
-    }
-    text += '"';
-    text += '\0';
-    std::vector<std::string> pieces;
-    for (std::size_t begin = 0; begin < text.size(); begin += pieceSize) {
-        pieces.push_back(text.substr(begin, pieceSize));
-    }
-    return pieces;
+    return launchMessage("remove", {{"ID", startupID}});
 }
 
 void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID) {

@@ -74,6 +74,7 @@ struct GnomeWindowBackend::State {
 
     GVariant* chosenOf(const WindowChoice& isChosen) const;
     void bringForward(GVariant* windows, std::function<void()> otherwise);
+    void prove(const std::string& entry, std::function<void(const LaunchProof&)> then);
     void appeared(const std::string& owner);
     void check(const std::string& owner);
     void vanished();
@@ -198,6 +199,19 @@ void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<vo
               });
 }
 
+// For programs on Wayland and on X11 alike.
+void GnomeWindowBackend::State::prove(const std::string& entry,
+                                      std::function<void(const LaunchProof&)> then) {
+    bus->call(windowsOf(shell), "TokenForLaunch", g_variant_new("(s)", entry.c_str()),
+              [prove = std::move(then)](GVariant* values, const GError* error) {
+                  const char* token = "";
+                  if (error == nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(s)"))) {
+                      g_variant_get(values, "(&s)", &token);
+                  }
+                  prove({token, token, {}});
+              });
+}
+
 GnomeWindowBackend::GnomeWindowBackend() : state(std::make_unique<State>()) {}
 
 GnomeWindowBackend::~GnomeWindowBackend() = default;
@@ -224,6 +238,12 @@ void GnomeWindowBackend::bringForward(const WindowChoice& isChosen,
     }
     state->bringForward(windows, std::move(otherwise));
     g_variant_unref(windows);
+}
+
+void GnomeWindowBackend::prove(const LaunchedApplication& application,
+                               std::function<void(const LaunchProof&)> then) {
+    state->isBelieved ? state->prove(application.identifier + ".desktop", std::move(then))
+                      : then({});
 }
 
 } // namespace glidemap

@@ -22,6 +22,8 @@ public:
     // True also if the session is GNOME's and the shell, or the extension, still has to come.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
+    void prove(const LaunchedApplication& application,
+               std::function<void(const LaunchProof&)> then) override;
 
 private:
     struct State;

@@ -41,6 +41,20 @@ public:
 // Whether a window is one of those that are meant.
 using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 
+// What lets a program that is launched have the focus, although another has it. Each may be empty.
+struct LaunchProof {
+    std::string startupID;       // DESKTOP_STARTUP_ID, as on X11
+    std::string activationToken; // XDG_ACTIVATION_TOKEN, as on Wayland
+    std::function<void()> begun; // to be called as soon as the program runs
+};
+
+// As its desktop entry describes it.
+struct LaunchedApplication {
+    std::string identifier; // without ".desktop"
+    std::string name;
+    std::string windowClass; // StartupWMClass
+};
+
 class WindowBackend {
 public:
     WindowBackend() = default;
@@ -56,6 +70,13 @@ public:
     // workspace that it is on. `otherwise` is called, now or later, if no window is chosen or the
     // desktop has refused; never after the backend has gone.
     virtual void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) = 0;
+
+    // For an application that says that it takes notice of it. Calls `then`, now or later, with what the desktop has for it;
+    // never after the backend has gone.
+    virtual void prove(const LaunchedApplication& /*application*/,
+                       std::function<void(const LaunchProof&)> then) {
+        then({});
+    }
 };
 
 using WindowBackendFactory = std::function<std::unique_ptr<WindowBackend>()>;

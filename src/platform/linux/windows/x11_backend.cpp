@@ -1,7 +1,10 @@
 #include "platform/linux/windows/x11_backend.h"
 
+#include "platform/linux/windows/launch_messages.h"
 #include "platform/linux/windows/x11_requests.h"
 #include "platform/linux/windows/x11_window_reader.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -62,6 +65,8 @@ public:
 
     // False if there is no such window.
     bool bringForward(const WindowChoice& isChosen);
+    void prove(const LaunchedApplication& application,
+               std::function<void(const LaunchProof&)> then);
 
 private:
     struct Client {
@@ -71,7 +76,10 @@ private:
     };
 
     void makeClock();
+    void askForTime();
+    void takeTime(xcb_timestamp_t time);
     void activate(xcb_timestamp_t time);
+    void broadcast(const std::vector<std::string>& message);
     void askWindowManager(xcb_window_t window, xcb_atom_t request,
                           const std::array<std::uint32_t, 5>& details);
 
@@ -104,6 +112,10 @@ private:
     xcb_atom_t shownWorkspaceAtom;
     xcb_window_t clock = XCB_WINDOW_NONE;      // a change of it brings the server's time
     xcb_window_t toActivate = XCB_WINDOW_NONE; // once that has come
+    std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
+    std::uint32_t launches = 0;
+    xcb_atom_t launchBeginsAtom;
+    xcb_atom_t launchGoesOnAtom;
     std::uint64_t uses = 0;
     Inquiry activeInquiry;
     Inquiry listInquiry;
@@ -120,9 +132,12 @@ X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
                              X11Requests::Connection connection, int screen)
     : thread(desktop), listener(to), requests(std::move(connection)), reader(requests),
       root(screenOf(requests.raw(), screen)->root) {
-    const auto atoms = internAtoms(requests.raw(), {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST",
-                                                    "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
-                                                    "_NET_CURRENT_DESKTOP"});
+    const auto atoms = internAtoms(
+        requests.raw(),
+        {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
+         "_NET_CURRENT_DESKTOP", "_NET_STARTUP_INFO_BEGIN", "_NET_STARTUP_INFO"});
+    launchBeginsAtom = atoms[5];
+    launchGoesOnAtom = atoms[6];
     activeAtom = atoms[0];
     listAtom = atoms[1];
     workspaceAtom = atoms[3];
@@ -176,8 +191,8 @@ void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     if (change.window != clock)
         propertyChanged(change.window, change.atom);
-    else if (toActivate != XCB_WINDOW_NONE)
-        activate(change.time);
+    else
+        takeTime(change.time);
 }
 
 void X11Backend::Session::makeClock() {
@@ -203,10 +218,66 @@ bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
     if (best == XCB_WINDOW_NONE || requests.isLost())
         return false;
     toActivate = best;
+    askForTime();
+    return true;
+}
+
+void X11Backend::Session::askForTime() {
     xcb_change_property(requests.raw(), XCB_PROP_MODE_APPEND, clock, XCB_ATOM_WM_NAME,
                         XCB_ATOM_STRING, 8, 0, nullptr);
     requests.flush();
-    return true;
+}
+
+void X11Backend::Session::takeTime(xcb_timestamp_t time) {
+    if (toActivate != XCB_WINDOW_NONE)
+        activate(time);
+    for (const auto& take : std::exchange(waitingForTime, {}))
+        take(time);
+}
+
+// The identifier ends with the time of the user's act. The window manager hears of the launch when the program runs: what
+// cannot be started is not waited for.
+void X11Backend::Session::prove(const LaunchedApplication& application,
+                                std::function<void(const LaunchProof&)> then) {
+    if (requests.isLost()) {
+        then({});
+        return;
+    }
+    waitingForTime.push_back([this, application, prove = std::move(then)](xcb_timestamp_t time) {
+        if (time == XCB_CURRENT_TIME) {
+            prove({});
+            return;
+        }
+        const std::string identifier = "glidemap-" + std::to_string(getpid()) + "-" +
+                                       std::to_string(++launches) + "_TIME" + std::to_string(time);
+        prove({identifier, "", [weak = weak_from_this(), application, identifier] {
+                   if (const auto alive = weak.lock()) {
+                       alive->broadcast(launchMessage(
+                           "new", {{"ID", identifier},
+                                   {"NAME", application.name},
+                                   {"SCREEN", "0"},
+                                   {"WMCLASS", application.windowClass},
+                                   {"APPLICATION_ID", application.identifier + ".desktop"}}));
+                   }
+               }});
+    });
+    askForTime();
+}
+
+void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
+    xcb_atom_t type = launchBeginsAtom;
+    for (const std::string& piece : message) {
+        xcb_client_message_event_t event = {};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 8;
+        event.window = clock;
+        event.type = type;
+        std::ranges::copy(piece, event.data.data8);
+        xcb_send_event(requests.raw(), 0, root, XCB_EVENT_MASK_PROPERTY_CHANGE,
+                       reinterpret_cast<const char*>(&event));
+        type = launchGoesOnAtom;
+    }
+    requests.flush();
 }
 
 // As task bars do: not every window manager changes the workspace for a window.
@@ -361,6 +432,7 @@ void X11Backend::Session::lose() {
     listed.clear();
     clients.clear();
     tell();
+    takeTime(XCB_CURRENT_TIME);
 }
 
 X11Backend::X11Backend(DesktopThread& desktop, std::string display)
@@ -382,6 +454,11 @@ bool X11Backend::start(WindowListener& listener) {
 void X11Backend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
     if (session == nullptr || !session->bringForward(isChosen))
         otherwise();
+}
+
+void X11Backend::prove(const LaunchedApplication& application,
+                       std::function<void(const LaunchProof&)> then) {
+    session != nullptr ? session->prove(application, std::move(then)) : then({});
 }
 
 } // namespace glidemap

@@ -24,6 +24,8 @@ public:
 
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
+    void prove(const LaunchedApplication& application,
+               std::function<void(const LaunchProof&)> then) override;
 
 private:
     class Session;

@@ -1,0 +1,185 @@
+// launch_bench [--launches N]: how long the workspace takes from being asked for an application until the program's first
+// instructions, beside a bare process that starts the same program by posix_spawn. They take turns.
+//
+// This process holds as much memory as the program does with its window open: what copies a process pays for its pages.
+// No window is followed, so what a desktop takes to look for one to bring forward is not in these figures.
+#include "bench/samples.h"
+#include "desktops/private_bus.h"
+#include "kit/temporary_folder.h"
+#include "platform/linux/applications/linux_workspace.h"
+#include "platform/linux/windows/desktop_thread.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iomanip>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace glidemap::bench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* identifier = "launch-stamp";
+constexpr std::size_t memoryOfTheProgram = std::size_t{42} << 20U;
+constexpr useconds_t pauseBetween = 30'000; // everything sleeps again, as before a gesture
+
+std::int64_t nanosecondsNow() {
+    return now().time_since_epoch() / std::chrono::nanoseconds(1);
+}
+
+// A pipe with a name. Both ends are open here, so that it never ends.
+class StampPipe {
+public:
+    explicit StampPipe(fs::path at) : path(std::move(at)) {
+        mkfifo(path.c_str(), 0600);
+        descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC);
+    }
+    StampPipe(const StampPipe&) = delete;
+    StampPipe& operator=(const StampPipe&) = delete;
+    ~StampPipe() { close(descriptor); }
+
+    std::int64_t next() const {
+        std::int64_t stamp = 0;
+        [[maybe_unused]] const auto size = read(descriptor, &stamp, sizeof(stamp));
+        return stamp;
+    }
+
+    const fs::path path;
+
+private:
+    int descriptor = -1;
+};
+
+// What the bare process does: for each byte of its input it starts the program, and says when it began to.
+int startWhenAsked(char* program, char* pipe) {
+    std::array<char*, 3> arguments = {program, pipe, nullptr};
+    for (char asked = 0; read(STDIN_FILENO, &asked, 1) == 1;) {
+        const std::int64_t began = nanosecondsNow();
+        pid_t process = 0;
+        if (posix_spawn(&process, program, nullptr, nullptr, arguments.data(), environ) != 0) {
+            return 1;
+        }
+        waitpid(process, nullptr, 0);
+        [[maybe_unused]] const auto size = write(STDOUT_FILENO, &began, sizeof(began));
+    }
+    return 0;
+}
+
+class BareProcess {
+public:
+    BareProcess(const char* self, const fs::path& pipe) {
+        std::array<int, 2> toIt{};
+        std::array<int, 2> fromIt{};
+        if (pipe2(toIt.data(), O_CLOEXEC) != 0 || pipe2(fromIt.data(), O_CLOEXEC) != 0) {
+            return;
+        }
+        process = fork();
+        if (process == 0) {
+            dup2(toIt[0], STDIN_FILENO);
+            dup2(fromIt[1], STDOUT_FILENO);
+            execl(self, self, "--bare", LAUNCH_STAMP, pipe.c_str(), nullptr);
+            _exit(127);
+        }
+        close(toIt[0]);
+        close(fromIt[1]);
+        asks = toIt[1];
+        responds = fromIt[0];
+    }
+    BareProcess(const BareProcess&) = delete;
+    BareProcess& operator=(const BareProcess&) = delete;
+    ~BareProcess() {
+        close(asks);
+        close(responds);
+        waitpid(process, nullptr, 0);
+    }
+
+    // When it began to start the program.
+    std::int64_t start() const {
+        std::int64_t began = 0;
+        [[maybe_unused]] auto size = write(asks, "s", 1);
+        size = read(responds, &began, sizeof(began));
+        return began;
+    }
+
+private:
+    pid_t process = -1;
+    int asks = -1;
+    int responds = -1;
+};
+
+void installEntry(const fs::path& folder, const StampPipe& pipe) {
+    fs::create_directories(folder / "applications");
+    std::ofstream(folder / "applications" / (std::string(identifier) + ".desktop"))
+        << "[Desktop Entry]\nType=Application\nName=Stamp\nExec=" << LAUNCH_STAMP << " "
+        << pipe.path.string() << "\n";
+    setenv("XDG_DATA_HOME", folder.c_str(), 1);
+}
+
+void print(const char* what, const Samples& samples) {
+    std::cout << std::left << std::setw(28) << what << std::right << std::fixed
+              << std::setprecision(2);
+    for (const double part : {0.0, 0.5, 0.9}) {
+        std::cout << std::setw(9) << samples.quantile(part) / 1e6;
+    }
+    std::cout << "\n";
+}
+
+int measure(const char* self, int launches) {
+    const test::TemporaryFolder folder;
+    const StampPipe pipe(folder.path() / "stamps");
+    const BareProcess bare(self, pipe.path); // before this one holds any memory
+    installEntry(folder.path(), pipe);
+    const desktops::PrivateBus bus;
+    setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
+    const std::vector<char> memory(memoryOfTheProgram, 'x');
+    DesktopThread thread;
+    LinuxWorkspace workspace(thread, {}, {});
+    Samples launched(static_cast<std::size_t>(launches));
+    Samples yardstick(static_cast<std::size_t>(launches));
+    for (int count = 0; count < launches; ++count) {
+        usleep(pauseBetween);
+        const std::int64_t asked = nanosecondsNow();
+        const auto url = workspace.urlForApplication(identifier);
+        if (!url) {
+            std::cerr << "the entry is not found\n";
+            return 1;
+        }
+        workspace.openApplication(*url);
+        launched.add(static_cast<double>(pipe.next() - asked));
+        usleep(pauseBetween);
+        const std::int64_t began = bare.start();
+        yardstick.add(static_cast<double>(pipe.next() - began));
+    }
+    std::cout << "milliseconds                    least   median   9 of 10\n";
+    print("asked to first instruction", launched);
+    print("bare posix_spawn", yardstick);
+    return 0;
+}
+
+} // namespace
+
+} // namespace glidemap::bench
+
+int main(int count, char** arguments) {
+    if (count == 4 && std::strcmp(arguments[1], "--bare") == 0) {
+        return glidemap::bench::startWhenAsked(arguments[2], arguments[3]);
+    }
+    int launches = 200;
+    if (count == 3 && std::strcmp(arguments[1], "--launches") == 0) {
+        launches = std::atoi(arguments[2]);
+    }
+    return glidemap::bench::measure(arguments[0], launches);
+}

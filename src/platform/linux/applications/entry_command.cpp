@@ -1,0 +1,143 @@
+#include "platform/linux/applications/entry_command.h"
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+#include <array>
+#include <cstddef>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+std::string taken(char* text) {
+    std::string copy = text != nullptr ? text : "";
+    g_free(text);
+    return copy;
+}
+
+std::string orEmpty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+std::string quoted(const std::string& text) {
+    return taken(g_shell_quote(text.c_str()));
+}
+
+std::string quotedFileOf(const std::string& url) {
+    const std::string path = taken(g_filename_from_uri(url.c_str(), nullptr, nullptr));
+    return path.empty() ? "" : quoted(path);
+}
+
+// Codes that are out of use mean nothing.
+std::string expanded(char code, const FieldValues& values) {
+    switch (code) {
+    case '%':
+        return "%";
+    case 'u':
+    case 'U':
+        return values.url.empty() ? "" : quoted(values.url);
+    case 'f':
+    case 'F':
+        return values.url.empty() ? "" : quotedFileOf(values.url);
+    case 'i':
+        return values.icon.empty() ? "" : "--icon " + quoted(values.icon);
+    case 'c':
+        return values.name.empty() ? "" : quoted(values.name);
+    case 'k':
+        return values.path.empty() ? "" : quoted(values.path);
+    default:
+        return "";
+    }
+}
+
+struct Terminal {
+    const char* program;
+    const char* option; // behind which the command comes; null if it comes at once
+};
+
+// What people chose for themselves, then the desktops' own, then the others.
+constexpr std::array<Terminal, 18> terminals = {{{"xdg-terminal-exec", nullptr},
+                                                 {"kgx", "-e"},
+                                                 {"gnome-terminal", "--"},
+                                                 {"mate-terminal", "-x"},
+                                                 {"xfce4-terminal", "-x"},
+                                                 {"tilix", "-e"},
+                                                 {"konsole", "-e"},
+                                                 {"nxterm", "-e"},
+                                                 {"color-xterm", "-e"},
+                                                 {"rxvt", "-e"},
+                                                 {"dtterm", "-e"},
+                                                 {"x-terminal-emulator", "-e"},
+                                                 {"xterm", "-e"},
+                                                 {"foot", nullptr},
+                                                 {"alacritty", "-e"},
+                                                 {"kitty", nullptr},
+                                                 {"ghostty", "-e"},
+                                                 {"qterminal", "-e"}}};
+
+std::vector<std::string> splitLikeAShell(const std::string& line, std::string& problem) {
+    int count = 0;
+    char** split = nullptr;
+    GError* error = nullptr;
+    if (g_shell_parse_argv(line.c_str(), &count, &split, &error) == FALSE) {
+        problem = error->message;
+        g_error_free(error);
+        return {};
+    }
+    std::vector<std::string> words(split, split + count);
+    g_strfreev(split);
+    return words;
+}
+
+} // namespace
+
+std::string withFieldCodes(const std::string& exec, const FieldValues& values) {
+    std::string line;
+    for (std::size_t at = 0; at < exec.size(); ++at) {
+        if (exec[at] == '%' && at + 1 < exec.size()) {
+            line += expanded(exec[++at], values);
+        } else {
+            line.push_back(exec[at]);
+        }
+    }
+    return line;
+}
+
+std::vector<std::string> terminalPrefix() {
+    for (const Terminal& terminal : terminals) {
+        const std::string path = taken(g_find_program_in_path(terminal.program));
+        if (path.empty()) {
+            continue;
+        }
+        std::vector<std::string> words = {path};
+        if (terminal.option != nullptr) {
+            words.emplace_back(terminal.option);
+        }
+        return words;
+    }
+    return {};
+}
+
+EntryCommand commandOf(GDesktopAppInfo* entry, const std::string& url) {
+    EntryCommand command;
+    const FieldValues values{
+        orEmpty(g_app_info_get_name(G_APP_INFO(entry))),
+        taken(g_desktop_app_info_get_locale_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON)),
+        orEmpty(g_desktop_app_info_get_filename(entry)), url};
+    const std::string exec = orEmpty(g_app_info_get_commandline(G_APP_INFO(entry)));
+    command.words = splitLikeAShell(withFieldCodes(exec, values), command.problem);
+    if (command.words.empty() ||
+        g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_TERMINAL) == FALSE) {
+        return command;
+    }
+    std::vector<std::string> whole = terminalPrefix();
+    if (whole.empty()) {
+        return {{}, "no terminal is installed to run it in"};
+    }
+    whole.insert(whole.end(), command.words.begin(), command.words.end());
+    return {std::move(whole), ""};
+}
+
+} // namespace glidemap

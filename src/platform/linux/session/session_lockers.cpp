@@ -1,0 +1,122 @@
+#include "platform/linux/session/session_lockers.h"
+
+#include "platform/linux/session/environment.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// What covers the screen runs exactly as long as the screen is locked.
+constexpr std::array<std::string_view, 11> covers = {
+    "swaylock", "i3lock", "gtklock", "waylock",  "hyprlock",       "xsecurelock",
+    "slock",    "xlock",  "xtrlock", "physlock", "kscreenlocker_g"}; // …reet, which the kernel cuts
+
+constexpr std::array<std::string_view, 5> daemons = {"xss-lock", "swayidle", "light-locker",
+                                                     "xscreensaver", "xautolock"};
+
+bool isCover(std::string_view program) {
+    return std::ranges::find(covers, program) != covers.end();
+}
+
+std::vector<std::string> splitLikeAShell(const std::string& line) {
+    char** split = nullptr;
+    int count = 0;
+    if (g_shell_parse_argv(line.c_str(), &count, &split, nullptr) == FALSE) {
+        return {};
+    }
+    std::vector<std::string> words(split, split + count);
+    g_strfreev(split);
+    return words;
+}
+
+// "swaylock -f -c 000000" and the like: a line for the shell.
+bool locks(const std::string& line) {
+    const std::vector<std::string> words = splitLikeAShell(line);
+    return !words.empty() && isCover(words[0].substr(words[0].rfind('/') + 1));
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::string swayidleConfiguration() {
+    const std::string folder = fromEnvironment("XDG_CONFIG_HOME");
+    return contentOf((folder.empty() ? fromEnvironment("HOME") + "/.config" : folder) +
+                     "/swayidle/config");
+}
+
+std::vector<std::vector<std::string>> linesOf(const std::string& text) {
+    std::vector<std::vector<std::string>> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size());
+        lines.push_back(splitLikeAShell(text.substr(at, end - at)));
+        at = end + 1;
+    }
+    return lines;
+}
+
+} // namespace
+
+SessionLockers::SessionLockers(std::vector<SessionProcess> running, std::string_view currentDesktop,
+                               const std::string& ownConfiguration) {
+    if (std::ranges::count(splitAtColons(currentDesktop), "XFCE") > 0) {
+        toTry.push_back({{"xflock4"}}); // runs the command that the user has set
+    }
+    for (const std::string_view daemon : daemons) { // so that their order is ours
+        for (const SessionProcess& process : running) {
+            if (process.name == daemon) {
+                take(process, ownConfiguration);
+            }
+        }
+    }
+    locked = std::ranges::any_of(running, [](const auto& one) { return isCover(one.name); });
+}
+
+SessionLockers SessionLockers::ofThisSession() {
+    std::vector<std::string_view> names(covers.begin(), covers.end());
+    names.insert(names.end(), daemons.begin(), daemons.end());
+    return {sessionProcesses(names), fromEnvironment("XDG_CURRENT_DESKTOP"),
+            swayidleConfiguration()};
+}
+
+void SessionLockers::take(const SessionProcess& process, const std::string& ownConfiguration) {
+    if (process.name == "xss-lock") {
+        listens = true;
+        toTry.push_back({{"xset", "s", "activate"}});
+    } else if (process.name == "light-locker") {
+        listens = true;
+        toTry.push_back({{"light-locker-command", "--lock"}});
+    } else if (process.name == "xscreensaver") {
+        toTry.push_back({{"xscreensaver-command", "-lock"}});
+    } else if (process.name == "xautolock") {
+        toTry.push_back({{"xautolock", "-locknow"}});
+    } else if (process.name == "swayidle") {
+        takeFrom(process.arguments);
+        for (const auto& words : linesOf(ownConfiguration)) {
+            takeFrom(words);
+        }
+    }
+}
+
+// "timeout 300 COMMAND", "lock COMMAND" and others. Only the command for "lock" is run at logind's wish.
+void SessionLockers::takeFrom(const std::vector<std::string>& words) {
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        if (!locks(words[at])) {
+            continue;
+        }
+        listens = listens || (at > 0 && words[at - 1] == "lock");
+        toTry.push_back({{"/bin/sh", "-c", words[at]}, true});
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,86 @@
+#include "platform/linux/session/session_processes.h"
+
+#include "platform/linux/session/environment.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace glidemap {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::string> splitAtZeros(const std::string& text) {
+    std::vector<std::string> parts;
+    for (std::size_t at = 0; at < text.size(); at += parts.back().size() + 1) {
+        parts.emplace_back(text.c_str() + at);
+    }
+    return parts;
+}
+
+bool isOurs(const fs::path& process) {
+    struct stat facts {};
+    return stat(process.c_str(), &facts) == 0 && facts.st_uid == getuid();
+}
+
+// Whether both have the variable, with the same value.
+bool agree(const std::vector<std::string>& environment, const char* variable) {
+    const std::string ours = fromEnvironment(variable);
+    return !ours.empty() &&
+           std::ranges::find(environment, variable + ("=" + ours)) != environment.end();
+}
+
+// The name of a Wayland display is that of a socket in the run-time folder.
+bool isOnOurDisplay(const fs::path& process) {
+    const std::vector<std::string> environment = splitAtZeros(contentOf(process / "environ"));
+    return agree(environment, "DISPLAY") ||
+           (agree(environment, "WAYLAND_DISPLAY") && agree(environment, "XDG_RUNTIME_DIR"));
+}
+
+std::string nameOf(const fs::path& process) {
+    std::string name = contentOf(process / "comm");
+    if (!name.empty() && name.back() == '\n') {
+        name.pop_back();
+    }
+    return name;
+}
+
+bool isProcess(const fs::path& path) {
+    const std::string name = path.filename().string();
+    return std::ranges::all_of(
+        name, [](unsigned char character) { return std::isdigit(character) != 0; });
+}
+
+} // namespace
+
+std::vector<SessionProcess> sessionProcesses(std::span<const std::string_view> names) {
+    std::vector<SessionProcess> found;
+    std::error_code ignored;
+    for (fs::directory_iterator one("/proc", ignored), end; one != end; one.increment(ignored)) {
+        const fs::path& process = one->path();
+        if (!isProcess(process) || !isOurs(process)) {
+            continue;
+        }
+        const std::string name = nameOf(process);
+        if (std::ranges::find(names, name) != names.end() && isOnOurDisplay(process)) {
+            found.push_back({name, splitAtZeros(contentOf(process / "cmdline"))});
+        }
+    }
+    return found;
+}
+
+} // namespace glidemap
