@@ -1,8 +1,9 @@
 #include "app/alert.h"
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <utility>
 
 namespace glidemap {
@@ -47,7 +48,12 @@ Alert::Alert(Texts inLanguages, Lang& language, QWidget* parent)
     : QMessageBox(parent), texts(std::move(inLanguages)), lang(language) {
     setObjectName("alert");
     setWindowTitle("Glidemap");
-    setIconPixmap(QGuiApplication::windowIcon().pixmap(iconSize, devicePixelRatio()));
+    // A system's own alert would keep the language, and the texts, with which it opened.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    // Not the icon of windows, which some systems do not have.
+    setIconPixmap(style()
+                      ->standardIcon(QStyle::SP_MessageBoxInformation)
+                      .pixmap(iconSize, devicePixelRatio()));
     addButtons(texts(lang).buttons.size());
     retitle();
     dressTexts(*this);

@@ -1,5 +1,5 @@
 // A message of the program's own, with its buttons, in the language of the moment also while it is
-// open.
+// open. The toolkit draws it on every system.
 //
 // Thread:  the main thread.
 // Owner:   whoever shows it; the language outlives it.

@@ -112,7 +112,9 @@ void AppDelegate::keepStatusMenuCurrent() {
 
 void AppDelegate::showState() {
     using Look = StatusItem::Look;
-    statusItem->setLook(dispatcher()->masterEnabled() ? Look::on : Look::off);
+    const bool isOn = dispatcher()->masterEnabled();
+    statusItem->setLook(isOn ? Look::on : Look::off);
+    ports.shell->setGesturesOn(isOn);
     statusItem->menuHasChanged();
 }
 

@@ -22,6 +22,9 @@ public:
     // Brings the window before those of all other programs, with the keyboard. It is shown already.
     virtual void activate(QWidget& window) = 0;
 
+    // Gestures are on or off, from the launch on. While they are on the program must react at once, window or not.
+    virtual void setGesturesOn(bool /*areOn*/) {}
+
     // Ends the event loop; nobody is asked.
     virtual void terminate() = 0;
 };

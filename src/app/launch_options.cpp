@@ -1,7 +1,11 @@
 #include "app/launch_options.h"
 
+#include "platform/launch_words.h"
+
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -17,36 +21,27 @@ constexpr std::array options = {
     std::pair<std::string_view, LaunchOption>{"-h", LaunchOption::help},
 };
 
+LaunchOption optionNamed(std::string_view name) {
+    const auto* const known =
+        std::ranges::find(options, name, &std::pair<std::string_view, LaunchOption>::first);
+    return known != options.end() ? known->second : LaunchOption::wrong;
+}
+
 } // namespace
 
-const char* const launchHelp =
-    R"(Runs actions for trackpad gestures. Started again, it shows the settings window of the one that runs.
-
-  glidemap [--verbose | --diagnose | --version | --help]
-
-  --verbose     log each decision to standard error, and never what is typed
-  --diagnose    print what Glidemap finds here, as a page for a report, and end
-
-It lives in the status bar and ends from the menu there, by Ctrl+Q in its window, or by SIGTERM.
-
-  GLIDEMAP_LOG=1           the same as --verbose
-  GLIDEMAP_TOUCH_DRIVER    another touch driver, by its path
-  GLIDEMAP_RECORDING       what the replay driver plays; GLIDEMAP_RECORDING_LOOP=1 over and over
-
-Exit status: 0 when it was ended, or the one that runs has shown its window; 1 when the one that runs
-does not answer, it cannot be told whether one runs, or the desktop has gone; 2 for a wrong command line.
-)";
-
 LaunchOption launchOption(std::span<char* const> arguments) {
-    if (arguments.empty()) {
-        return LaunchOption::run;
+    std::optional<std::string_view> own;
+    while (!arguments.empty()) {
+        const std::size_t systemCount = leadingSystemArguments(arguments);
+        if (systemCount == 0 && own) {
+            return LaunchOption::wrong;
+        }
+        if (systemCount == 0) {
+            own = arguments.front();
+        }
+        arguments = arguments.subspan(std::max<std::size_t>(systemCount, 1));
     }
-    const auto* const known = std::ranges::find(options, std::string_view(arguments.front()),
-                                                &std::pair<std::string_view, LaunchOption>::first);
-    if (arguments.size() == 1 && known != options.end()) {
-        return known->second;
-    }
-    return LaunchOption::wrong;
+    return own ? optionNamed(*own) : LaunchOption::run;
 }
 
 } // namespace glidemap

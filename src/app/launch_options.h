@@ -11,9 +11,7 @@ namespace glidemap {
 
 enum class LaunchOption { run, runVerbosely, diagnose, version, help, wrong };
 
-// Without the name of the program.
+// Without the name of the program. What the system adds to the command line by itself is left out.
 LaunchOption launchOption(std::span<char* const> arguments);
-
-extern const char* const launchHelp;
 
 } // namespace glidemap

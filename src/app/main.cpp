@@ -2,6 +2,7 @@
 // once: whatever needs more is behind runProgram().
 #include "app/launch_options.h"
 #include "app/program.h"
+#include "platform/launch_words.h"
 
 #include <cstddef>
 #include <cstdio>

@@ -130,9 +130,14 @@ std::unique_ptr<StatusItem> Program::makeStatusItem() {
                              StatusBar::Kind kind, StatusItem::Look look) {
             const bool isOn = look == StatusItem::Look::on;
             const double strength = isOn ? 1 : dimmedIcon;
-            return kind == StatusBar::Kind::drawsItself
-                       ? themedTemplateIcon(isOn ? on : off, symbol, strength)
-                       : drawnTemplateIcon(symbol, strength);
+            switch (kind) {
+            case StatusBar::Kind::drawsItself:
+                return themedTemplateIcon(isOn ? on : off, symbol, strength);
+            case StatusBar::Kind::opensMenu:
+                return plainTemplateIcon(symbol, strength);
+            default:
+                return drawnTemplateIcon(symbol, strength);
+            }
         });
     item->redrawOn(Theme::shared().changes());
     return item;
@@ -175,7 +180,9 @@ void introduce() {
     QApplication::setApplicationName("Glidemap"); // also the class of its windows on X11
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
-    QGuiApplication::setWindowIcon(applicationIcon());
+    if (Home::windowsHaveIcons()) {
+        QGuiApplication::setWindowIcon(applicationIcon());
+    }
 }
 
 void runFirst(SingleInstance& instance, char** arguments) {

@@ -19,6 +19,9 @@ public:
         opensMenu,   // a click on the item opens its menu, and it draws the icon as the bar's own
     };
 
+    // What the item tells: gestures are on or off.
+    enum class Look { on, off };
+
     StatusBar() = default;
     StatusBar(const StatusBar&) = delete;
     StatusBar& operator=(const StatusBar&) = delete;
@@ -28,6 +31,9 @@ public:
 
     // Of the kind.
     virtual Observable& changes() = 0;
+
+    // Called each time the item was given its icon, for a bar that has a better drawing of its own.
+    virtual void itemWasDrawn(Look /*look*/) {}
 };
 
 } // namespace glidemap

@@ -64,6 +64,7 @@ void StatusItem::setLook(Look now) {
 void StatusItem::redraw() {
     if (item != nullptr) {
         item->setIcon(icon(kind, look));
+        bar->itemWasDrawn(look);
     }
 }
 
@@ -96,6 +97,7 @@ void StatusItem::appear() {
                          }
                      });
     item->show();
+    bar->itemWasDrawn(look);
     if (wasMissed && onFound) {
         onFound();
     }

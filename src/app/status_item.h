@@ -26,7 +26,7 @@ namespace glidemap {
 class StatusItem {
 public:
     // What the item looks like in this kind of bar.
-    enum class Look { on, off };
+    using Look = StatusBar::Look;
     using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 
     // When the user logs in the bar may be one of the last to come.

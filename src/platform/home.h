@@ -77,6 +77,9 @@ public:
     // Whether there is anything to show a window on. The toolkit aborts a program that tries without.
     static bool hasDisplay();
 
+    // Whether windows have icons. Elsewhere the toolkit would show the icon in the dock, in place of the bundle's own.
+    static bool windowsHaveIcons();
+
     // What the program finds on this computer, as a page for a report. For a program that ends
     // afterwards, without running exit handlers: a thread may still wait for a bus.
     static std::string diagnosis(const std::string& version);

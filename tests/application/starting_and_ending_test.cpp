@@ -180,6 +180,7 @@ TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
         {{"--version", "--help"}, 2, ""},
         {{"--verbose", "--diagnose"}, 2, ""},
         {{"file"}, 2, ""},
+        {{"-psn_0_1"}, 2, ""}, // only another system adds such an argument
     };
     const desktops::RuntimeFolder folder;
     for (const Row& row : rows) {

@@ -348,8 +348,9 @@ TEST(EventLog, AGestureIsDatedWhenRecognisedAndAClickWhenRun) {
     stage.mainQueue->runAll();
     const auto& entries = stage.dispatcher->recentEvents();
     ASSERT_EQ(entries.size(), 2U);
-    EXPECT_EQ(entries[1].date, WallTime(100s));
-    EXPECT_EQ(entries[0].date, WallTime(105s));
+    // Compared as durations: macOS 13.0 cannot print the others.
+    EXPECT_EQ(entries[1].date.time_since_epoch(), 100s);
+    EXPECT_EQ(entries[0].date.time_since_epoch(), 105s);
 }
 
 TEST(EventLog, TheDefaultClockIsTheSystemClock) {
@@ -364,8 +365,9 @@ TEST(EventLog, TheDefaultClockIsTheSystemClock) {
     const auto after = std::chrono::system_clock::now();
     ports.mainQueue->runAll();
     ASSERT_EQ(dispatcher->recentEvents().size(), 1U);
-    EXPECT_GE(dispatcher->recentEvents().front().date, before);
-    EXPECT_LE(dispatcher->recentEvents().front().date, after);
+    const auto date = dispatcher->recentEvents().front().date.time_since_epoch();
+    EXPECT_GE(date, before.time_since_epoch());
+    EXPECT_LE(date, after.time_since_epoch());
 }
 
 TEST(EventLog, IsWrittenInTheCurrentLanguageAndNotTranslatedLater) {

@@ -39,6 +39,19 @@ TEST_F(MacosApplicationShellTest, TheProgramComesForwardWithTheWindow) {
     EXPECT_THAT(doubles::asked(), ElementsAre("comeForward"));
 }
 
+TEST_F(MacosApplicationShellTest, AnActivityLastsAsLongAsGesturesAreOn) {
+    shell.setGesturesOn(false);
+    EXPECT_THAT(doubles::asked(), testing::IsEmpty());
+    shell.setGesturesOn(true);
+    shell.setGesturesOn(true);
+    EXPECT_THAT(doubles::asked(), ElementsAre("begin: Trackpad gestures are on"));
+    shell.setGesturesOn(false);
+    shell.setGesturesOn(false);
+    shell.setGesturesOn(true);
+    EXPECT_THAT(doubles::asked(), ElementsAre("begin: Trackpad gestures are on", "end",
+                                              "begin: Trackpad gestures are on"));
+}
+
 // The toolkit's own way to quit is to ask, and whoever is asked here terminates.
 TEST_F(MacosApplicationShellTest, AskedToQuitByTheSystemItEndsTheLoopAndAsksNobodyAgain) {
     int asked = 0;

@@ -30,6 +30,7 @@ protected:
     }
     ~SheetTest() override {
         Theme::shared().pinCompositing({});
+        Theme::shared().pinSystemSheets({});
         if (sheet == nullptr) {
             delete content;
         }
@@ -187,6 +188,32 @@ TEST_F(SheetTest, whereWindowsCanBeTranslucentItCastsAShadow) {
     EXPECT_TRUE(sheet->mask().isEmpty());
     EXPECT_TRUE(sheet->testAttribute(Qt::WA_TranslucentBackground));
     EXPECT_GT(sheet->width(), 460);
+}
+
+// There the system sets the sheet off from its window, and places it.
+TEST_F(SheetTest, whereTheSystemShowsSheetsItOnlyFillsOne) {
+    Theme::shared().pinSystemSheets(true);
+    Theme::shared().pinCompositing(true);
+    Theme::shared().pinReducedMotion(false);
+    const QImage before = stage.grab().toImage();
+    present(QSize(400, 300));
+    EXPECT_EQ(sheet->windowType(), Qt::Sheet);
+    EXPECT_FALSE(sheet->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(sheet->size(), QSize(400, 300)) << "no room for a shadow";
+    EXPECT_FALSE(sheet->testAttribute(Qt::WA_TranslucentBackground));
+    EXPECT_TRUE(sheet->mask().isEmpty());
+    EXPECT_EQ(stage.childAt(3, 495), nullptr) << "a veil";
+    EXPECT_EQ(stage.grab().toImage(), before);
+    EXPECT_EQ(sheet->grab().toImage().pixelColor(0, 0), Theme::shared().color(Role::window));
+    const QPoint place = sheet->pos();
+    stage.move(60, 70);
+    stage.resize(760, 560);
+    EXPECT_TRUE(test::waitFor([this] { return stage.size() == QSize(760, 560); }));
+    EXPECT_EQ(sheet->pos(), place) << "moved by itself";
+    sheet->dismiss();
+    EXPECT_EQ(closings, 1);
+    EXPECT_TRUE(hasGone());
 }
 
 TEST_F(SheetTest, slidesToItsPlaceWhereMotionIsWelcome) {

@@ -1,4 +1,5 @@
 // A template icon is named for a bar where it is installed, and can be drawn at any size either way.
+#include "ui/theme/symbol.h"
 #include "ui/theme/template_icon.h"
 
 #include <gmock/gmock.h>
@@ -71,6 +72,23 @@ TEST_F(TemplateIconTest, isDrawnAtEverySizeThatItLists) {
     }
 }
 
+// Where only the opacity counts, an edge would make the shape a larger and softer one.
+TEST_F(TemplateIconTest, aPlainOneIsTheSymbolsShapeAlone) {
+    for (const int size : {16, 22, 44}) {
+        const QIcon icon = plainTemplateIcon(symbol);
+        EXPECT_TRUE(icon.isMask());
+        EXPECT_TRUE(icon.name().isEmpty());
+        const QImage image = icon.pixmap(QSize(size, size), 1.0).toImage();
+        const QImage shape = symbolPixmap(symbol, Qt::red, size, 1).toImage();
+        ASSERT_EQ(image.size(), shape.size());
+        for (int y = 0; y < size; ++y) {
+            for (int x = 0; x < size; ++x) {
+                ASSERT_EQ(qAlpha(image.pixel(x, y)), qAlpha(shape.pixel(x, y))) << x << ", " << y;
+            }
+        }
+    }
+}
+
 TEST_F(TemplateIconTest, isPalerWhereItsStrengthIsLess) {
     const auto opacityOf = [](const QIcon& icon) {
         const QImage image = icon.pixmap(64).toImage();
@@ -85,6 +103,8 @@ TEST_F(TemplateIconTest, isPalerWhereItsStrengthIsLess) {
     EXPECT_GT(opacityOf(drawnTemplateIcon(symbol)), 250);
     EXPECT_LT(opacityOf(drawnTemplateIcon(symbol, 0.45)), 180);
     EXPECT_LT(opacityOf(themedTemplateIcon(name, symbol, 0.45)), 180);
+    EXPECT_GT(opacityOf(plainTemplateIcon(symbol)), 250);
+    EXPECT_LT(opacityOf(plainTemplateIcon(symbol, 0.45)), 180);
 }
 
 } // namespace

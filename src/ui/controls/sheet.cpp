@@ -24,6 +24,11 @@ constexpr double slideFrom = 14; // points above its place
 constexpr double veilLight = 0.28;
 constexpr double veilDark = 0.5;
 
+Qt::WindowFlags kindOfWindow() {
+    return Theme::shared().systemShowsSheets() ? Qt::WindowFlags(Qt::Sheet)
+                                               : Qt::Dialog | Qt::FramelessWindowHint;
+}
+
 // A button that became the default one before it was in a dialog is not known to be it: the dialog
 // would choose the first that it finds.
 void adoptDefaultButton(const QWidget& content) {
@@ -68,8 +73,9 @@ private:
 };
 
 Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
-    : QDialog(hangsFrom->window(), Qt::Dialog | Qt::FramelessWindowHint), wanted(size),
-      scroller(new QScrollArea(this)), isTranslucent(Theme::shared().composites()) {
+    : QDialog(hangsFrom->window(), kindOfWindow()), wanted(size), scroller(new QScrollArea(this)),
+      isSystems(Theme::shared().systemShowsSheets()),
+      isTranslucent(!isSystems && Theme::shared().composites()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground, isTranslucent);
     setWindowModality(Qt::WindowModal);
@@ -106,6 +112,11 @@ Sheet::~Sheet() {
 }
 
 void Sheet::present() {
+    if (isSystems) {
+        fitToScreen();
+        open();
+        return;
+    }
     veil = new Veil(owner());
     arrival.jumpTo(slideFrom);
     place();
@@ -126,7 +137,7 @@ QRect Sheet::cardGeometry() const {
     return geometry().adjusted(margin, margin, -margin, -margin);
 }
 
-void Sheet::place() {
+void Sheet::fitToScreen() {
     const QRect window(owner()->mapToGlobal(QPoint(0, 0)), owner()->size());
     const QWidget* content = scroller->widget();
     const QSize least = content->minimumSizeHint().expandedTo(content->minimumSize());
@@ -134,10 +145,17 @@ void Sheet::place() {
     placed = placeSheet(wanted, least, style::scrollBarExtent, window, screen);
     const int margin = 2 * shadowMargin();
     setFixedSize(placed.size() + QSize(margin, margin));
+}
+
+void Sheet::place() {
+    fitToScreen();
     moveToPlace();
 }
 
 void Sheet::moveToPlace() {
+    if (isSystems) {
+        return;
+    }
     const int margin = shadowMargin();
     move(placed.topLeft() - QPoint(margin, margin + qRound(arrival.value())));
 }
@@ -155,7 +173,7 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event) {
 
 void Sheet::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    if (!isTranslucent) {
+    if (!isTranslucent && !isSystems) {
         QPainterPath shape;
         shape.addRoundedRect(rect(), radius, radius);
         setMask(QRegion(shape.toFillPolygon().toPolygon()));
@@ -164,6 +182,10 @@ void Sheet::resizeEvent(QResizeEvent* event) {
 
 void Sheet::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    if (isSystems) {
+        painter.fillRect(event->rect(), style::color(Role::window));
+        return;
+    }
     const int margin = shadowMargin();
     const QRect card = rect().adjusted(margin, margin, -margin, -margin);
     const bool isInside = card.adjusted(radius, radius, -radius, -radius).contains(event->rect());

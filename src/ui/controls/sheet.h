@@ -1,6 +1,7 @@
 // A dialog that hangs from the top of its window, which waits, dimmed, until the sheet has gone.
 //
-// It is a window of its own, because it may be larger than the one it hangs from. Its corners are
+// Where the system shows sheets, it places, rounds and moves this one, too, and dims the window: then this only fills it. Elsewhere
+// it is a window of its own, because it may be larger than the one it hangs from. Its corners are
 // round and it casts a shadow where the desktop can show what lies behind a window; elsewhere its
 // shape is cut out.
 //
@@ -46,13 +47,15 @@ private:
 
     QWidget* owner() const { return parentWidget(); }
     int shadowMargin() const;
+    void fitToScreen();
     void place();
     void moveToPlace();
 
     QSize wanted;
     QScrollArea* scroller;
     QPointer<Veil> veil;
-    QRect placed; // where the card belongs
+    QRect placed;   // where the card belongs
+    bool isSystems; // the system shows it
     bool isTranslucent;
     bool hasClosed = false;
     Slide arrival{this, [this] {

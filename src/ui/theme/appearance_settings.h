@@ -29,6 +29,9 @@ public:
     // of it is announced.
     virtual bool composites() const { return true; }
 
+    // Whether the system itself shows a dialog as a sheet of its window: places and moves it, and sets it off from the window.
+    virtual bool showsSheets() const { return false; }
+
     virtual Observable& changes() = 0;
 };
 

@@ -46,6 +46,16 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     return pixmap;
 }
 
+// Only how opaque each pixel is counts.
+QPixmap drawnPlainly(std::string_view symbol, int size, double strength) {
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setOpacity(strength);
+    painter.drawPixmap(0, 0, symbolPixmap(symbol, Qt::black, size, 1));
+    return pixmap;
+}
+
 // The theme that all others fall back to, which is where programs install their icons. Asking the
 // toolkit's icon themes takes longer than a window does.
 bool isInstalled(const QString& name) {
@@ -56,8 +66,11 @@ bool isInstalled(const QString& name) {
 // Drawn when a bar asks for it, at the size that it asks for.
 class Engine : public PixmapIconEngine {
 public:
-    Engine(std::string_view drawnSymbol, QString nameInTheme, double drawnStrength)
-        : symbol(drawnSymbol), themeName(std::move(nameInTheme)), strength(drawnStrength) {}
+    using Draw = QPixmap (*)(std::string_view symbol, int size, double strength);
+
+    Engine(std::string_view drawnSymbol, QString nameInTheme, double drawnStrength, Draw drawing)
+        : symbol(drawnSymbol), themeName(std::move(nameInTheme)), strength(drawnStrength),
+          draw(drawing) {}
 
     QIconEngine* clone() const override { return new Engine(*this); }
     QString iconName() override { return themeName; }
@@ -72,7 +85,7 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
-        return side > 2 ? drawn(symbol, side, strength)
+        return side > 2 ? draw(symbol, side, strength)
                         : QPixmap(); // edges alone are nothing to see
     }
 
@@ -80,10 +93,12 @@ private:
     std::string symbol;
     QString themeName;
     double strength;
+    Draw draw;
 };
 
-QIcon iconOf(std::string_view symbol, const QString& themeName, double strength) {
-    QIcon icon(new Engine(symbol, themeName, strength));
+QIcon iconOf(std::string_view symbol, const QString& themeName, double strength,
+             Engine::Draw draw = drawn) {
+    QIcon icon(new Engine(symbol, themeName, strength, draw));
     icon.setIsMask(true);
     return icon;
 }
@@ -92,6 +107,10 @@ QIcon iconOf(std::string_view symbol, const QString& themeName, double strength)
 
 QIcon drawnTemplateIcon(std::string_view symbol, double strength) {
     return iconOf(symbol, {}, strength);
+}
+
+QIcon plainTemplateIcon(std::string_view symbol, double strength) {
+    return iconOf(symbol, {}, strength, drawnPlainly);
 }
 
 QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double strength) {

@@ -19,4 +19,7 @@ QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double 
 
 QIcon drawnTemplateIcon(std::string_view symbol, double strength = 1);
 
+// Without the edge: for a bar that takes the shape alone, and colours that itself.
+QIcon plainTemplateIcon(std::string_view symbol, double strength = 1);
+
 } // namespace glidemap

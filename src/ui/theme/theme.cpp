@@ -93,6 +93,10 @@ bool Theme::composites() const {
     return pinnedCompositing.value_or(settings == nullptr || settings->composites());
 }
 
+bool Theme::systemShowsSheets() const {
+    return pinnedSheets.value_or(settings != nullptr && settings->showsSheets());
+}
+
 void Theme::pin(std::optional<ColorScheme> scheme) {
     pinnedScheme = scheme;
     refresh();
@@ -105,6 +109,10 @@ void Theme::pinReducedMotion(std::optional<bool> reduced) {
 
 void Theme::pinCompositing(std::optional<bool> composites) {
     pinnedCompositing = composites;
+}
+
+void Theme::pinSystemSheets(std::optional<bool> systemShows) {
+    pinnedSheets = systemShows;
 }
 
 QColor Theme::color(Role role) const {

@@ -73,10 +73,14 @@ public:
     // Whether what lies behind a window shows through where the window is translucent.
     bool composites() const;
 
+    // Whether the system shows sheets, and we only fill them.
+    bool systemShowsSheets() const;
+
     // Pins the appearance, whatever the desktop says; with nothing the desktop's holds again.
     void pin(std::optional<ColorScheme> scheme);
     void pinReducedMotion(std::optional<bool> reduced);
     void pinCompositing(std::optional<bool> composites);
+    void pinSystemSheets(std::optional<bool> systemShows);
 
     QColor color(Role role) const;
     // The same colour with this opacity, 0..1.
@@ -107,6 +111,7 @@ private:
     std::optional<ColorScheme> pinnedScheme;
     std::optional<bool> pinnedMotion;
     std::optional<bool> pinnedCompositing;
+    std::optional<bool> pinnedSheets;
     Observable observers;
 };
 

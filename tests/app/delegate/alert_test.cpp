@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QTest>
 
 namespace glidemap {
@@ -37,6 +39,19 @@ TEST_F(AlertTest, AnOpenOneFollowsTheLanguage) {
     EXPECT_EQ(shownBy(alert), (AlertText{"继续吗？", "需要很长时间。", {"是", "否"}}));
     lang.setCode("en");
     EXPECT_EQ(shownBy(alert), (AlertText{"Go on?", "It takes long.", {"Yes", "No"}}));
+}
+
+// A system's own would not follow the language.
+TEST_F(AlertTest, TheToolkitDrawsIt) {
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
+    const Alert alert(question, lang);
+    EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_DontUseNativeDialogs));
+}
+
+TEST_F(AlertTest, ItHasAPictureAlsoWhereWindowsHaveNoIcon) {
+    ASSERT_TRUE(QGuiApplication::windowIcon().isNull());
+    const Alert alert(question, lang);
+    EXPECT_FALSE(alert.iconPixmap().isNull());
 }
 
 TEST_F(AlertTest, OneThatIsGoneIsNotAskedForItsTexts) {

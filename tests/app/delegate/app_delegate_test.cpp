@@ -272,6 +272,20 @@ TEST_F(AppDelegateTest, AVersionIsShownLetterByLetter) {
     EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // one & on the screen
 }
 
+// On some systems it keeps the program quick while it shows no window.
+TEST_F(AppDelegateTest, TheShellKnowsWhetherGesturesAreOn) {
+    launch();
+    ASSERT_FALSE(stage->gestureStates.empty());
+    EXPECT_EQ(stage->gestureStates.back(), true);
+    stage->delegate->toggleEnabled();
+    EXPECT_EQ(stage->gestureStates.back(), false);
+    stage->delegate->toggleEnabled();
+    EXPECT_EQ(stage->gestureStates.back(), true);
+    stage->defaults->storedBooleans["masterEnabled"] = false;
+    relaunch();
+    EXPECT_EQ(stage->gestureStates.back(), false);
+}
+
 TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
     launch();
     stage->openMenu();

@@ -30,6 +30,7 @@ public:
             stage.onActivate(widget);
         }
     }
+    void setGesturesOn(bool areOn) override { stage.gestureStates.push_back(areOn); }
     void terminate() override { stage.notes.emplace_back("terminate"); }
 
 private:

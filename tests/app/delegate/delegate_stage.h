@@ -30,6 +30,9 @@ class FakeStatusBar : public StatusBar {
 public:
     Kind kind() override { return present; }
     Observable& changes() override { return observers; }
+    void itemWasDrawn(Look look) override { drawn.push_back(look); }
+
+    std::vector<Look> drawn;
 
     void become(Kind kind) {
         present = kind;
@@ -90,6 +93,9 @@ public:
     void touch(int fingers) const;
     // Whether what the driver reports arrives. Leaves no finger on the pad.
     bool hearsTouches() const;
+
+    // What the shell was notified of: each time whether gestures are on.
+    std::vector<bool> gestureStates;
 
     // What happens while a widget is brought forward.
     std::function<void(QWidget&)> onActivate;

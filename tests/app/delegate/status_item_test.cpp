@@ -91,6 +91,20 @@ TEST_F(StatusItemTest, TheIconIsDrawnAnewWhenItsLookChangesAndOnlyThen) {
     EXPECT_THAT(looks, ElementsAre(Look::off, Look::on));
 }
 
+// The toolkit's own drawing would otherwise replace the bar's.
+TEST_F(StatusItemTest, TheBarIsToldEachTimeTheItemWasDrawn) {
+    using Look = StatusItem::Look;
+    const auto item = itemThatWaits(never);
+    item->setLook(Look::off);
+    look.announceDidChange();
+    EXPECT_THAT(bar->drawn, IsEmpty());
+    bar->become(Kind::opensMenu);
+    EXPECT_THAT(bar->drawn, ElementsAre(Look::off));
+    look.announceDidChange();
+    item->setLook(Look::on);
+    EXPECT_THAT(bar->drawn, ElementsAre(Look::off, Look::off, Look::on));
+}
+
 // Some of them know a letter's key and no comma's.
 TEST_F(StatusItemTest, ABarThatDrawsTheMenuShowsEitherNoKeyOrAll) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {

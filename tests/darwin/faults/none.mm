@@ -12,7 +12,7 @@ static_assert(std::is_same_v<std::int64_t, long long>);
 
 extern "C" void glidemapNewerCall() API_AVAILABLE(macos(14.0));
 
-CGEventRef (*const create)(CGEventSourceRef, CGKeyCode, bool) = &CGEventCreateKeyboardEvent;
+CGEventRef (*create)(CGEventSourceRef, CGKeyCode, bool) = &CGEventCreateKeyboardEvent;
 
 void guarded() {
     if (__builtin_available(macOS 14.0, *)) {

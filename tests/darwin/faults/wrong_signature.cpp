@@ -1,4 +1,4 @@
 // expected: cannot initialize a variable of type 'CGEventRef
 #include <ApplicationServices/ApplicationServices.h>
 
-CGEventRef (*const create)(CGEventSourceRef, int, bool) = &CGEventCreateKeyboardEvent;
+CGEventRef (*create)(CGEventSourceRef, int, bool) = &CGEventCreateKeyboardEvent;

@@ -16,6 +16,11 @@ TEST_F(MainBundleTest, TellsTheShortVersion) {
     EXPECT_EQ(bundleShortVersion(), "1.10.2");
 }
 
+TEST_F(MainBundleTest, TellsTheVersionWithoutAPoolAroundIt) {
+    files().version = "1.10.2";
+    std::thread([] { EXPECT_EQ(bundleShortVersion(), "1.10.2"); }).join();
+}
+
 TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
     for (const Information information :
          {Information::none, Information::empty, Information::versionThatIsNoText}) {

@@ -40,6 +40,21 @@ static_assert(std::is_same_v<decltype([static_cast<NSApplication*>(nil)
 static_assert(std::is_same_v<
               decltype([static_cast<NSApplication*>(nil) activateIgnoringOtherApps:YES]), void>);
 
+constexpr NSImage* noImage = nullptr;
+constexpr NSView* noView = nullptr;
+constexpr NSStatusBarButton* noButton = nullptr;
+static_assert(std::is_convertible_v<decltype([NSImage imageWithSystemSymbolName:@"hand"
+                                                       accessibilityDescription:@"Hand"]),
+                                    NSImage*>);
+static_assert(std::is_same_v<decltype([noImage setTemplate:YES]), void>);
+static_assert(std::is_convertible_v<decltype([noView subviews]), NSArray<NSView*>*>);
+static_assert(std::is_convertible_v<decltype([static_cast<NSWindow*>(nil) contentView]), NSView*>);
+static_assert(std::is_convertible_v<decltype([static_cast<NSApplication*>(nil) windows]),
+                                    NSArray<NSWindow*>*>);
+static_assert(std::is_convertible_v<NSStatusBarButton*, NSView*>);
+static_assert(std::is_same_v<decltype([noButton setImage:noImage]), void>);
+static_assert(std::is_same_v<decltype([noButton setAppearsDisabled:YES]), void>);
+
 bool classAnswers(Class type, SEL method) {
     return class_getClassMethod(type, method) != nullptr;
 }
@@ -61,6 +76,17 @@ TEST(AppKitContract, HasWhatTheShellUses) {
     EXPECT_TRUE(classAnswers([NSApplication class], @selector(sharedApplication)));
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(setActivationPolicy:)));
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(activateIgnoringOtherApps:)));
+}
+
+TEST(AppKitContract, HasWhatTheStatusItemUses) {
+    EXPECT_TRUE(classAnswers([NSImage class], @selector(imageWithSystemSymbolName:
+                                                         accessibilityDescription:)));
+    EXPECT_TRUE(instancesAnswer([NSImage class], @selector(setTemplate:)));
+    EXPECT_TRUE(instancesAnswer([NSView class], @selector(subviews)));
+    EXPECT_TRUE(instancesAnswer([NSWindow class], @selector(contentView)));
+    EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(windows)));
+    EXPECT_TRUE(instancesAnswer([NSStatusBarButton class], @selector(setImage:)));
+    EXPECT_TRUE(instancesAnswer([NSStatusBarButton class], @selector(setAppearsDisabled:)));
 }
 
 } // namespace

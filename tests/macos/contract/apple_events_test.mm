@@ -11,6 +11,7 @@ namespace {
 
 static_assert(kCoreEventClass == 0x61657674);      // 'aevt'
 static_assert(kAEReopenApplication == 0x72617070); // 'rapp'
+static_assert(kAEQuitApplication == 0x71756974);   // 'quit'
 static_assert(std::is_same_v<AEEventClass, unsigned int>);
 static_assert(std::is_same_v<AEEventID, unsigned int>);
 
@@ -28,7 +29,7 @@ static_assert(std::is_same_v<decltype([none removeEventHandlerForEventClass:kCor
                                                                  andEventID:kAEReopenApplication]),
                              void>);
 
-TEST(AppleEventsContract, HasWhatReopeningUses) {
+TEST(AppleEventsContract, HasWhatReopeningAndEndingUse) {
     const Class manager = [NSAppleEventManager class];
     EXPECT_TRUE(class_getClassMethod(manager, @selector(sharedAppleEventManager)) != nullptr);
     for (const SEL method : {

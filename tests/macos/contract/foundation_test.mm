@@ -1,4 +1,5 @@
 #import <Foundation/Foundation.h>
+#import <Foundation/NSProcessInfo.h>
 #include <gtest/gtest.h>
 #include <objc/runtime.h>
 
@@ -77,6 +78,15 @@ static_assert(std::is_same_v<decltype([noObject observeValueForKeyPath:noText
                                                                context:nullptr]),
                              void>);
 
+static_assert(NSActivityUserInitiatedAllowingIdleSystemSleep == 0x00EFFFFF);
+constexpr NSProcessInfo* noProcess = nullptr;
+static_assert(std::is_convertible_v<decltype([NSProcessInfo processInfo]), NSProcessInfo*>);
+static_assert(std::is_same_v<decltype([noProcess beginActivityWithOptions:
+                                                     NSActivityUserInitiatedAllowingIdleSystemSleep
+                                                                   reason:noText]),
+                             id<NSObject>>);
+static_assert(std::is_same_v<decltype([noProcess endActivity:noObject]), void>);
+
 bool classAnswers(Class type, SEL method) {
     return class_getClassMethod(type, method) != nullptr;
 }
@@ -105,6 +115,13 @@ TEST(FoundationContract, HasTextsCollectionsAndLocations) {
     EXPECT_TRUE(instancesAnswer([NSURL class], @selector(absoluteString)));
     EXPECT_TRUE(instancesAnswer([NSURL class], @selector(fileSystemRepresentation)));
     EXPECT_TRUE(instancesAnswer([NSError class], @selector(localizedDescription)));
+}
+
+TEST(FoundationContract, HasActivities) {
+    EXPECT_TRUE(classAnswers([NSProcessInfo class], @selector(processInfo)));
+    EXPECT_TRUE(instancesAnswer([NSProcessInfo class], @selector(beginActivityWithOptions:
+                                                                                   reason:)));
+    EXPECT_TRUE(instancesAnswer([NSProcessInfo class], @selector(endActivity:)));
 }
 
 TEST(FoundationContract, HasNoticesAndObservation) {

@@ -3,7 +3,10 @@
 
 namespace glidemap::doubles {
 
-// As when the user opens the program again. Answers whether anybody has handled it.
+// As when the user opens the program again. Returns whether the program has a handler for it.
 bool sendReopen();
+
+// As when the user logs out. Returns whether the program has a handler for it.
+bool sendQuit();
 
 } // namespace glidemap::doubles

@@ -56,8 +56,10 @@ void noteEvent(const std::string& what, AEEventClass eventClass, AEEventID event
 }
 @end
 
-bool glidemap::doubles::sendReopen() {
-    const auto found = handlers.find({kCoreEventClass, kAEReopenApplication});
+namespace {
+
+bool send(AEEventID eventID) {
+    const auto found = handlers.find({kCoreEventClass, eventID});
     if (found == handlers.end()) {
         return false;
     }
@@ -71,4 +73,14 @@ bool glidemap::doubles::sendReopen() {
     [reply release];
     [event release];
     return true;
+}
+
+} // namespace
+
+bool glidemap::doubles::sendReopen() {
+    return send(kAEReopenApplication);
+}
+
+bool glidemap::doubles::sendQuit() {
+    return send(kAEQuitApplication);
 }

@@ -122,6 +122,10 @@ bool Home::hasDisplay() {
     return glidemap::hasDisplay();
 }
 
+bool Home::windowsHaveIcons() {
+    return true;
+}
+
 std::string Home::diagnosis(const std::string& version) {
     return diagnosisPage({
         .version = version,

@@ -19,6 +19,7 @@ public:
 
     std::optional<ColorScheme> colorScheme() const override { return values.colorScheme; }
     bool reducesMotion() const override { return values.reducesMotion; }
+    bool showsSheets() const override { return true; }
     Observable& changes() override { return observers; }
 
 private:

@@ -11,9 +11,9 @@
 #include "platform/macos/keyboard/quartz_key_event_poster.h"
 #include "platform/macos/session/login_framework_lock.h"
 #include "platform/macos/session/main_app_login_item.h"
+#include "platform/macos/shell/apple_event.h"
 #include "platform/macos/shell/macos_application_shell.h"
 #include "platform/macos/shell/menu_bar.h"
-#include "platform/macos/shell/reopen_event.h"
 #include "platform/macos/thread_setup.h"
 #include "platform/macos/touch/touch_driver_platform.h"
 #include "platform/macos/workspace/macos_workspace.h"
@@ -41,6 +41,14 @@ std::filesystem::path ownFolder() {
     return dataFolder() / "Glidemap";
 }
 
+// The event loop has a pool for each of its turns. What the system's objects leave behind before the first turn needs one, too.
+template <typename Make>
+auto madeBeforeTheLoop(const Make& make) {
+    decltype(make()) made;
+    withinAutoreleasePool([&] { made = make(); });
+    return made;
+}
+
 class MacosHome : public Home {
 public:
     explicit MacosHome(const std::shared_ptr<MainQueue>& mainQueue) {
@@ -62,10 +70,10 @@ public:
             .notes = nullptr,
             .dataFolder = dataFolder,
         };
-        // The application object takes the event for itself while it launches.
+        // The application object takes the events for itself while it launches.
         mainQueue->submit([weak = std::weak_ptr(life)] {
             if (const auto home = weak.lock()) {
-                (*home)->hearOfReopening();
+                (*home)->handleAppleEvents();
             }
         });
     }
@@ -76,16 +84,19 @@ public:
     void takeProof(const SingleInstance::Request& /*request*/) override {}
 
 private:
-    void hearOfReopening() {
-        reopening.emplace([this] {
+    void handleAppleEvents() {
+        reopen.emplace(AppleEvent::Kind::reopen, [this] {
             if (onReopen) {
                 onReopen();
             }
         });
+        // The toolkit would refuse at first and end later, which cancels a logout.
+        quit.emplace(AppleEvent::Kind::quit, [shell = given.shell] { shell->terminate(); });
     }
 
     Ports given;
-    std::optional<ReopenEvent> reopening;
+    std::optional<AppleEvent> reopen;
+    std::optional<AppleEvent> quit;
     std::shared_ptr<MacosHome*> life = std::make_shared<MacosHome*>(this);
 };
 
@@ -101,6 +112,10 @@ SingleInstance::Request Home::proofOfThisLaunch() {
 
 bool Home::hasDisplay() {
     return true;
+}
+
+bool Home::windowsHaveIcons() {
+    return false;
 }
 
 std::string Home::diagnosis(const std::string& version) {
@@ -119,11 +134,12 @@ std::shared_ptr<UserDefaults> Home::userDefaults() {
 }
 
 Home::AppearanceAlone Home::appearanceAlone(MainQueue& /*mainQueue*/) {
-    return {std::make_shared<MacosAppearance>(), nullptr}; // which the system changes
+    // The system changes it, so that it needs no source.
+    return {madeBeforeTheLoop([] { return std::make_shared<MacosAppearance>(); }), nullptr};
 }
 
 std::unique_ptr<Home> Home::make(const std::shared_ptr<MainQueue>& mainQueue) {
-    return std::make_unique<MacosHome>(mainQueue);
+    return madeBeforeTheLoop([&mainQueue] { return std::make_unique<MacosHome>(mainQueue); });
 }
 
 } // namespace glidemap

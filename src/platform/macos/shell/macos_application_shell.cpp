@@ -19,6 +19,14 @@ void MacosApplicationShell::activate(QWidget& window) {
     window.activateWindow();
 }
 
+void MacosApplicationShell::setGesturesOn(bool areOn) {
+    if (!areOn) {
+        activity.reset();
+    } else if (!activity) {
+        activity.emplace("Trackpad gestures are on");
+    }
+}
+
 void MacosApplicationShell::terminate() {
     // quit() would have the system ask the program whether it may end, which comes back to here.
     QCoreApplication::exit(0);

@@ -7,6 +7,9 @@
 #pragma once
 
 #include "app/application_shell.h"
+#include "platform/macos/session/user_activity.h"
+
+#include <optional>
 
 namespace glidemap {
 
@@ -14,7 +17,11 @@ class MacosApplicationShell : public ApplicationShell {
 public:
     void becomeAccessory() override;
     void activate(QWidget& window) override;
+    void setGesturesOn(bool areOn) override;
     void terminate() override;
+
+private:
+    std::optional<UserActivity> activity; // while gestures are on
 };
 
 } // namespace glidemap

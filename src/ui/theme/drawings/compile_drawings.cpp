@@ -1,22 +1,20 @@
 // glidemap-compile-drawings: a step of the build, not of what is installed. It turns our SVG drawings
 // into what the program can show without reading XML, and without the library that reads it:
 //
-//   shapes SVG OUTPUT             the outlines of a symbol, in order, each with the pen it is drawn
-//                                 with; none means that it is filled
+//   shapes SVG OUTPUT             the shapes of a symbol, as ShapeRecorder writes them
 //   pixels SVG SIZE OUTPUT        a picture of SIZE by SIZE, row by row, as QImage keeps
 //                                 Format_ARGB32_Premultiplied
 //
 // The shapes are those that the SVG renderer draws, so the program's symbols look exactly as the
 // drawings do.
+#include "ui/theme/drawings/shape_recorder.h"
+
 #include <QDataStream>
 #include <QFile>
 #include <QImage>
 #include <QPaintDevice>
-#include <QPaintEngine>
 #include <QPainter>
-#include <QPainterPath>
 #include <QSvgRenderer>
-#include <cmath>
 #include <cstdlib>
 #include <iostream>
 
@@ -30,46 +28,10 @@ constexpr int stream = QDataStream::Qt_6_0;
     std::exit(EXIT_FAILURE);
 }
 
-// Takes down what is painted instead of painting it.
-class Recorder : public QPaintEngine {
-public:
-    explicit Recorder(QDataStream& output) : QPaintEngine(AllFeatures), out(output) {}
-
-    bool begin(QPaintDevice* /*device*/) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState& /*state*/) override {}
-    Type type() const override { return User; }
-
-    void drawPath(const QPainterPath& path) override {
-        const QTransform placed = painter()->combinedTransform();
-        if (std::abs(std::abs(placed.determinant()) - 1) > 1e-9) {
-            fail("a symbol is scaled, which its pen is not");
-        }
-        const QPen pen = painter()->pen();
-        const bool isFilled = painter()->brush().style() != Qt::NoBrush;
-        if (pen.style() == Qt::NoPen && !isFilled) {
-            return;
-        }
-        if (pen.style() != Qt::NoPen && isFilled) {
-            fail("an outline is drawn and filled at once");
-        }
-        out << placed.map(path) << pen;
-    }
-    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {
-        fail("a symbol has something that is no path");
-    }
-    void drawPixmap(const QRectF& /*where*/, const QPixmap& /*picture*/,
-                    const QRectF& /*part*/) override {
-        fail("a symbol has a picture in it");
-    }
-
-private:
-    QDataStream& out;
-};
-
 class RecordingDevice : public QPaintDevice {
 public:
-    explicit RecordingDevice(QDataStream& output) : recorder(output) {}
+    explicit RecordingDevice(QDataStream& output)
+        : recorder(output, [](const char* fault) { fail(fault); }) {}
     QPaintEngine* paintEngine() const override { return &recorder; }
 
 protected:
@@ -91,7 +53,7 @@ protected:
     }
 
 private:
-    mutable Recorder recorder;
+    mutable glidemap::ShapeRecorder recorder;
 };
 
 QByteArray contentsOf(const QString& name) {

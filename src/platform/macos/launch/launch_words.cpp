@@ -1,0 +1,48 @@
+#include "platform/launch_words.h"
+
+#include <string_view>
+
+namespace glidemap {
+
+namespace {
+
+// Older systems name the process to a program that the Finder starts.
+constexpr std::string_view processNumber = "-psn_";
+
+// Settings for one launch, such as its language. The system reads them from the command line by itself.
+constexpr std::string_view systemSetting = "-Apple";
+
+bool isValue(std::string_view argument) {
+    return !argument.starts_with('-');
+}
+
+} // namespace
+
+const char* const launchHelp =
+    R"(Runs actions for trackpad gestures. Started again, it shows the settings window of the one that runs.
+
+  Glidemap [--verbose | --diagnose | --version | --help]
+
+  --verbose     log each decision to standard error, and never what is typed
+  --diagnose    print what Glidemap finds here, as a page for a report, and end
+
+It lives in the menu bar and ends from the menu there, by Command-Q in its window, or by SIGTERM.
+
+  GLIDEMAP_LOG=1    the same as --verbose
+
+Exit status: 0 when it was ended, or the one that runs has shown its window; 1 when the one that runs
+does not answer, or it cannot be told whether one runs; 2 for a wrong command line.
+)";
+
+std::size_t leadingSystemArguments(std::span<char* const> arguments) {
+    const std::string_view first = arguments.front();
+    if (first.starts_with(processNumber)) {
+        return 1;
+    }
+    if (!first.starts_with(systemSetting)) {
+        return 0;
+    }
+    return arguments.size() > 1 && isValue(arguments[1]) ? 2 : 1;
+}
+
+} // namespace glidemap

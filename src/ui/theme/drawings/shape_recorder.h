@@ -1,0 +1,35 @@
+// A paint engine that writes down the shapes that are painted, in order, each as its outline and the pen it is drawn with. A shape
+// without a pen is filled.
+//
+// A shape that is filled and drawn at once becomes two: SVG libraries differ in whether they paint both in one call.
+//
+// Units:   those of the painted device; no shape may be scaled, because its pen is not.
+// Thread:  one that uses QPainter.
+// Owner:   the paint device that returns it.
+// Errors:  onFault is called for what cannot be a shape; what was painted is then incomplete.
+#pragma once
+
+#include <QDataStream>
+#include <QPaintEngine>
+#include <functional>
+
+namespace glidemap {
+
+class ShapeRecorder : public QPaintEngine {
+public:
+    ShapeRecorder(QDataStream& output, std::function<void(const char* fault)> onFault);
+
+    bool begin(QPaintDevice* device) override;
+    bool end() override;
+    void updateState(const QPaintEngineState& state) override;
+    Type type() const override;
+    void drawPath(const QPainterPath& path) override;
+    void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override;
+    void drawPixmap(const QRectF& where, const QPixmap& picture, const QRectF& part) override;
+
+private:
+    QDataStream& out;
+    std::function<void(const char*)> fault;
+};
+
+} // namespace glidemap

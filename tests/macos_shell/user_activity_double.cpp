@@ -1,0 +1,16 @@
+#include "accessory_double.h"
+#include "platform/macos/session/user_activity.h"
+
+namespace glidemap {
+
+struct UserActivity::Token {};
+
+UserActivity::UserActivity(const char* reason) {
+    doubles::asked().push_back(std::string("begin: ") + reason);
+}
+
+UserActivity::~UserActivity() {
+    doubles::asked().push_back("end");
+}
+
+} // namespace glidemap
