@@ -103,6 +103,16 @@ void startRecording(SettingsStage& stage) {
     stage.find<QAbstractButton>("recordShortcut")->click();
 }
 
+void openKeyList(SettingsStage& stage) {
+    stage.find<QAbstractButton>("chooseShortcut")->click();
+}
+
+void searchKey(SettingsStage& stage) {
+    openKeyList(stage);
+    settle();
+    QTest::keyClicks(QApplication::focusWidget(), "f1");
+}
+
 void warnOfClick(SettingsStage& stage) {
     stage.find<QComboBox>("gesturePicker")
         ->setCurrentIndex(static_cast<int>(GestureType::twoFingerClick));
@@ -135,6 +145,9 @@ std::vector<Scene> editorScenes() {
         editor("new", "A new binding", leaveIt, {}, true),
         editor("shortcut", "A shortcut in one application", leaveIt, shortcutInFirefox()),
         editor("recording", "A shortcut is being recorded", startRecording),
+        editor("keys", "The keys of a shortcut from a list", openKeyList, shortcutInFirefox(),
+               true),
+        editor("keys-found", "The keys that a search has found", searchKey),
         editor("lock-screen", "Lock the screen", act(ActionKind::lockScreen)),
         editor("mission-control", "The overview of windows", act(ActionKind::missionControl)),
         editor("action-picker", "The kinds of action", openActionPicker),

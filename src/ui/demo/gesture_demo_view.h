@@ -31,6 +31,7 @@ public:
                              Clock clock = secondsSinceReferenceDate);
 
     void setGesture(GestureType shown);
+    GestureType shownGesture() const { return gesture; }
 
     // The wall clock, counted from the first of January 2001 in Greenwich.
     static double secondsSinceReferenceDate();

@@ -1,5 +1,6 @@
 // The row in which a keyboard shortcut is recorded: after a click the next key press anywhere in the
-// program becomes the shortcut, and reaches nothing else. Escape alone cancels.
+// program becomes the shortcut, and reaches nothing else. Escape alone cancels. Beside it a shortcut
+// can be chosen instead of being pressed.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -11,6 +12,7 @@
 #include "core/lang.h"
 #include "ui/recorder/key_presses.h"
 
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -20,6 +22,9 @@ class QLabel;
 class QPushButton;
 
 namespace glidemap {
+
+class Popover;
+class SymbolButton;
 
 class ShortcutRecorderView : public QWidget {
 public:
@@ -32,7 +37,7 @@ public:
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
     void setShortcut(std::optional<KeyShortcut> shortcut); // announces nothing
 
-    // Called when the user has recorded one.
+    // Called when the user has recorded or chosen one.
     std::function<void(const KeyShortcut&)> onRecord;
 
     void startRecording();
@@ -49,6 +54,8 @@ private:
     void letGo();
     void record(const KeyShortcut& shortcut);
     void retitle();
+    void toggleChooser();
+    void closeChooser();
     void makeButtonWideEnough();
     QString buttonText() const;
     QString recordingText() const;
@@ -59,6 +66,8 @@ private:
     Lang& lang;
     QLabel* label;
     QPushButton* button;
+    SymbolButton* chooseButton;
+    QPointer<Popover> chooser;
     std::optional<KeyShortcut> recorded;
     std::uint64_t held = 0; // of the modifiers, while it records
     bool recording = false;
