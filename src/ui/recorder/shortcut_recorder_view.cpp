@@ -48,6 +48,9 @@ ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresse
 
     connect(button, &QPushButton::clicked, this,
             [this] { recording ? stopRecording() : startRecording(); });
+    loan.setSingleShot(true);
+    loan.setInterval(usualLoan);
+    connect(&loan, &QTimer::timeout, this, [this] { borrowOrGiveBack(); });
     connect(chooseButton, &QToolButton::clicked, this, [this] { toggleChooser(); });
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
     retitle();
@@ -72,6 +75,8 @@ void ShortcutRecorderView::startRecording() {
         showHeld(modifiers);
     };
     keys->start([this](const KeyPresses::Press& press) { take(press); });
+    loan.start();
+    borrowOrGiveBack();
     retitle();
 }
 
@@ -84,8 +89,15 @@ void ShortcutRecorderView::showHeld(std::uint64_t modifiers) {
 void ShortcutRecorderView::stopRecording() {
     if (std::exchange(recording, false)) {
         keys->stop();
+        borrowOrGiveBack();
     }
     retitle();
+}
+
+// Another program that the user turns to gets its keys.
+void ShortcutRecorderView::borrowOrGiveBack() {
+    const bool mayBorrow = recording && loan.isActive() && isActiveWindow();
+    keys->borrowDesktopKeys(mayBorrow ? window()->windowHandle() : nullptr);
 }
 
 // Nothing of it may outlive the editor, not even the rest of a press.
@@ -93,6 +105,7 @@ void ShortcutRecorderView::letGo() {
     recording = false;
     if (std::exchange(mayHoldKeys, false)) {
         keys->onModifiers = {};
+        keys->borrowDesktopKeys(nullptr);
         keys->abandon();
     }
 }
@@ -145,6 +158,14 @@ void ShortcutRecorderView::closeChooser() {
     if (!chooser.isNull()) {
         chooser->dismiss();
     }
+}
+
+bool ShortcutRecorderView::event(QEvent* event) {
+    const bool isSeen = QWidget::event(event);
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) {
+        borrowOrGiveBack();
+    }
+    return isSeen;
 }
 
 void ShortcutRecorderView::hideEvent(QHideEvent* event) {

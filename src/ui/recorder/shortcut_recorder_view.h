@@ -2,6 +2,9 @@
 // program becomes the shortcut, and reaches nothing else. Escape alone cancels. Beside it a shortcut
 // can be chosen instead of being pressed.
 //
+// While it records in the active window it borrows the keys that the desktop keeps for itself, for
+// thirty seconds at most: a screen that locks itself needs the keyboard.
+//
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its parent. While it goes, or is hidden, recording stops.
@@ -13,7 +16,9 @@
 #include "ui/recorder/key_presses.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -44,7 +49,12 @@ public:
     void stopRecording();
     bool isRecording() const { return recording; }
 
+    // For how long the desktop's own keys are borrowed for one recording.
+    static constexpr std::chrono::seconds usualLoan{30};
+    void setLongestLoan(std::chrono::milliseconds duration) { loan.setInterval(duration); }
+
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -52,6 +62,7 @@ private:
     void showHeld(std::uint64_t modifiers);
     void take(const KeyPresses::Press& press);
     void letGo();
+    void borrowOrGiveBack();
     void record(const KeyShortcut& shortcut);
     void retitle();
     void toggleChooser();
@@ -68,6 +79,7 @@ private:
     QPushButton* button;
     SymbolButton* chooseButton;
     QPointer<Popover> chooser;
+    QTimer loan; // of the desktop's own keys
     std::optional<KeyShortcut> recorded;
     std::uint64_t held = 0; // of the modifiers, while it records
     bool recording = false;
