@@ -2,7 +2,7 @@
 // seen, none while it cannot, and one still frame where the user wants nothing to move.
 //
 // The loop follows the clock, so that all views show the same moment. Each frame that is painted
-// asks for the next one: where nothing is painted (hidden, minimised, scrolled away, no frames asked
+// asks for the next one, in step with the screen: where nothing is painted (hidden, minimised, scrolled away, no frames asked
 // for by the desktop), no timer runs.
 //
 // Not reachable by Tab: there is nothing to do in it. To assistive technology it is an animation;
