@@ -7,8 +7,12 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
 #include <QTest>
 #include <optional>
+#include <string>
 
 namespace glidemap::screenshots {
 
@@ -19,6 +23,20 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
+// In place of the applications' own, which differ from machine to machine.
+std::string drawIcon(const QTemporaryDir& folder, int hue) {
+    QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(Qt::transparent);
+    QPainter painter(&icon);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromHsv(hue, 150, 210));
+    painter.drawRoundedRect(4, 4, 56, 56, 14, 14);
+    painter.end();
+    const QString file = folder.filePath(QString::number(hue) + ".png");
+    return icon.save(file) ? file.toStdString() : std::string();
+}
+
 void giveApplications(SettingsStage& stage) {
     const bool chinese = Lang::shared().code() == "zh";
     stage.workspace->running = {
@@ -28,8 +46,12 @@ void giveApplications(SettingsStage& stage) {
         {"org.gnome.Evince", chinese ? "文档查看器" : "Document Viewer"},
         {"org.libreoffice.Writer", "LibreOffice Writer"},
     };
+    static const QTemporaryDir icons;
+    int hue = 0;
     for (const Application& application : stage.workspace->running) {
         stage.workspace->urls[*application.bundleID] = "file:///" + *application.bundleID;
+        stage.workspace->icons[*application.bundleID] = drawIcon(icons, hue);
+        hue += 70;
     }
 }
 

@@ -12,6 +12,16 @@
 
 namespace glidemap {
 
+namespace {
+
+// Null where it is not installed. An id is no way out of the folders that hold entries.
+GDesktopAppInfo* entryOf(const std::string& bundleID) {
+    const bool isIdentifier = !bundleID.empty() && bundleID.find('/') == std::string::npos;
+    return isIdentifier ? g_desktop_app_info_new((bundleID + ".desktop").c_str()) : nullptr;
+}
+
+} // namespace
+
 struct LinuxWorkspace::State {
     PublishedApplications published;
     KernelProcessReader processes;
@@ -70,9 +80,7 @@ std::vector<Application> LinuxWorkspace::runningApplications() const {
 }
 
 std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
-    if (bundleID.empty() || bundleID.find('/') != std::string::npos)
-        return std::nullopt; // an id, not a way out of the folders that hold entries
-    GDesktopAppInfo* const info = g_desktop_app_info_new((bundleID + ".desktop").c_str());
+    GDesktopAppInfo* const info = entryOf(bundleID);
     if (info == nullptr)
         return std::nullopt;
     std::optional<std::string> url;
@@ -83,6 +91,19 @@ std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& 
     }
     g_object_unref(info);
     return url;
+}
+
+std::optional<std::string> LinuxWorkspace::iconOfApplication(const std::string& bundleID) const {
+    GDesktopAppInfo* const info = entryOf(bundleID);
+    if (info == nullptr)
+        return std::nullopt;
+    std::optional<std::string> icon;
+    if (char* const name = g_desktop_app_info_get_string(info, G_KEY_FILE_DESKTOP_KEY_ICON)) {
+        icon = name;
+        g_free(name);
+    }
+    g_object_unref(info);
+    return icon;
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {
