@@ -5,7 +5,7 @@
 #include "app/alert.h"
 #include "app/app_delegate.h"
 #include "app/refusal.h"
-#include "bindings/spoken_shortcut.h"
+#include "bindings/keyboard_kind.h"
 #include "core/lang.h"
 #include "core/log.h"
 #include "input/multitouch_device_manager.h"

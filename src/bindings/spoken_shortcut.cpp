@@ -1,108 +1,60 @@
 #include "bindings/spoken_shortcut.h"
 
-#include "dispatch/key_names.h"
-
-#include <algorithm>
-#include <array>
-#include <atomic>
-#include <string_view>
+#include "bindings/key_words.h"
 
 namespace glidemap {
 
 namespace {
 
-std::atomic<KeyboardKind> usual = KeyboardKind::apple;
-
-struct Modifier {
-    std::uint64_t mask;
-    const char* symbol;
-    const char* onApple;
-    const char* onPC;
-};
-
-constexpr std::array modifiers = {
-    Modifier{modifier::control, "⌃", "Control", "Ctrl"},
-    Modifier{modifier::option, "⌥", "Option", "Alt"},
-    Modifier{modifier::shift, "⇧", "Shift", "Shift"},
-    Modifier{modifier::command, "⌘", "Command", "Super"},
-};
-
-// The words for keys whose label is a symbol, which a screen reader would misread or skip.
-struct Word {
-    std::string_view sign;
-    const char* english;
-    const char* chinese;
-};
-
-constexpr std::array words = {
-    Word{"←", "Left Arrow", "左箭头"},
-    Word{"→", "Right Arrow", "右箭头"},
-    Word{"↑", "Up Arrow", "上箭头"},
-    Word{"↓", "Down Arrow", "下箭头"},
-    Word{"↩", "Return", "回车"},
-    Word{"⇥", "Tab", "Tab"},
-    Word{"⌫", "Backspace", "退格"},
-    Word{"⌦", "Forward Delete", "向前删除"},
-    Word{"⎋", "Escape", "Esc"},
-    Word{"↖", "Home", "Home"},
-    Word{"↘", "End", "End"},
-    Word{"⇞", "Page Up", "Page Up"},
-    Word{"⇟", "Page Down", "Page Down"},
-    Word{"Space", "Space", "空格"},
-    Word{"=", "Equals", "等号"},
-    Word{"-", "Minus", "减号"},
-    Word{"[", "Left Bracket", "左方括号"},
-    Word{"]", "Right Bracket", "右方括号"},
-    Word{"'", "Quote", "引号"},
-    Word{";", "Semicolon", "分号"},
-    Word{"\\", "Backslash", "反斜杠"},
-    Word{",", "Comma", "逗号"},
-    Word{"/", "Slash", "斜杠"},
-    Word{".", "Period", "句号"},
-    Word{"`", "Backquote", "反引号"},
-};
+std::string symbolOf(std::uint64_t bit) {
+    switch (bit) {
+    case modifier::control:
+        return "⌃";
+    case modifier::option:
+        return "⌥";
+    case modifier::shift:
+        return "⇧";
+    default:
+        return "⌘";
+    }
+}
 
 std::string joined(std::uint64_t held, KeyboardKind keyboard, char between) {
     std::string names;
-    for (const Modifier& each : modifiers) {
-        if ((held & each.mask) != 0) {
-            names += keyboard == KeyboardKind::pc ? each.onPC : each.onApple;
-            names += between;
+    for (const std::uint64_t bit : allModifiers) {
+        if ((held & bit) != 0) {
+            names += modifierWord(bit, keyboard) + between;
         }
     }
     return names;
 }
 
+// Without a label the button shows a number, which says nothing about the key.
+std::string written(std::uint16_t keyCode, KeyboardKind keyboard) {
+    static const Lang english{nullptr};
+    const std::string label = keyLabel(keyCode);
+    return label.empty() ? keyWords(keyCode, english, keyboard) : label;
+}
+
 } // namespace
-
-void setUsualKeyboard(KeyboardKind kind) {
-    usual = kind;
-}
-
-KeyboardKind usualKeyboard() {
-    return usual;
-}
 
 std::string modifierSymbols(std::uint64_t held) {
     std::string symbols;
-    for (const Modifier& each : modifiers) {
-        if ((held & each.mask) != 0) {
-            symbols += each.symbol;
+    for (const std::uint64_t bit : allModifiers) {
+        if ((held & bit) != 0) {
+            symbols += symbolOf(bit);
         }
     }
     return symbols;
 }
 
 std::string spokenShortcut(const KeyShortcut& shortcut, const Lang& lang, KeyboardKind keyboard) {
-    const std::string sign = KeyNames::name(shortcut.keyCode);
-    const auto word = std::ranges::find(words, std::string_view(sign), &Word::sign);
-    return joined(shortcut.modifiers, keyboard, ' ') +
-           (word != words.end() ? lang.choose(word->english, word->chinese) : sign);
+    return joined(shortcut.modifiers, keyboard, ' ') + keyWords(shortcut.keyCode, lang, keyboard);
 }
 
 std::string writtenShortcut(const KeyShortcut& shortcut, KeyboardKind keyboard) {
     return keyboard == KeyboardKind::pc
-               ? joined(shortcut.modifiers, keyboard, '+') + KeyNames::name(shortcut.keyCode)
+               ? joined(shortcut.modifiers, keyboard, '+') + written(shortcut.keyCode, keyboard)
                : std::string();
 }
 

@@ -1,26 +1,22 @@
 // A shortcut in words, for screen readers and for keyboards with key names instead of symbols.
 //
-// Thread:  any; pure functions, except the keyboard kind, which is set once on startup.
-// Errors:  none. A key without a word of its own is spoken by its label.
+// Thread:  any; pure functions.
+// Errors:  none. A key without a word of its own is called what it is shown as.
 #pragma once
 
 #include "bindings/key_shortcut.h"
+#include "bindings/keyboard_kind.h"
 #include "core/lang.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 
 namespace glidemap {
 
-enum class KeyboardKind {
-    apple, // Control, Option, Shift, Command
-    pc,    // Ctrl, Alt, Shift, Super
-};
-
-// The keyboard kind of this system; Apple's until it is set. Only the platform knows it, and every
-// view needs it.
-void setUsualKeyboard(KeyboardKind kind);
-KeyboardKind usualKeyboard();
+// In the order of a shortcut.
+inline constexpr std::array allModifiers = {modifier::control, modifier::option, modifier::shift,
+                                            modifier::command};
 
 // The symbols of these modifiers alone, in shortcut order: "⌃⌥".
 std::string modifierSymbols(std::uint64_t modifiers);

@@ -37,7 +37,12 @@ public:
     // Returns the location of the application with this identifier, as a URL.
     virtual std::optional<std::string> urlForApplication(const std::string& bundleID) const = 0;
 
-    // Launches the application, or activates it if it runs.
+    // The name of its icon in the desktop's theme, or the path of the icon's file. Not every home knows.
+    virtual std::optional<std::string> iconOfApplication(const std::string& /*bundleID*/) const {
+        return std::nullopt;
+    }
+
+    // Launches it, or brings it forward if it runs.
     virtual void openApplication(const std::string& url) = 0;
 
     virtual void openMissionControl() = 0;

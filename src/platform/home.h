@@ -11,7 +11,7 @@
 #include "app/application_shell.h"
 #include "app/login_item_service.h"
 #include "app/status_bar.h"
-#include "bindings/spoken_shortcut.h"
+#include "bindings/keyboard_kind.h"
 #include "core/main_queue.h"
 #include "core/user_defaults.h"
 #include "dispatch/accessibility_trust.h"

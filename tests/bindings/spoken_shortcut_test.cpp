@@ -24,6 +24,9 @@ TEST(SpokenShortcut, UsesTheKeyNamesOfTheKeyboard) {
     EXPECT_EQ(spoken({.keyCode = 40, .modifiers = all}, KeyboardKind::pc),
               "Ctrl Alt Shift Super K");
     EXPECT_EQ(spoken({.keyCode = 53, .modifiers = 0}, KeyboardKind::apple), "Escape");
+    EXPECT_EQ(spoken({.keyCode = 105, .modifiers = 0}, KeyboardKind::apple), "F13");
+    EXPECT_EQ(spoken({.keyCode = 105, .modifiers = 0}, KeyboardKind::pc), "Print Screen");
+    EXPECT_EQ(spoken({.keyCode = 89, .modifiers = 0}, KeyboardKind::pc, "zh"), "小键盘 7");
 }
 
 TEST(SpokenShortcut, ModifiersAloneAreInShortcutOrder) {
@@ -47,6 +50,8 @@ TEST(SpokenShortcut, IsWrittenForKeyboardsWithoutTheSymbols) {
                             .modifiers = modifier::control | modifier::option | modifier::command};
     EXPECT_EQ(writtenShortcut(right, KeyboardKind::pc), "Ctrl+Alt+Super+→");
     EXPECT_EQ(writtenShortcut(right, KeyboardKind::apple), "");
+    EXPECT_EQ(writtenShortcut({.keyCode = 106, .modifiers = 0}, KeyboardKind::pc), "F16")
+        << "the symbols say a number";
 }
 
 } // namespace

@@ -34,6 +34,11 @@ public:
         return found != urls.end() ? std::optional(found->second) : std::nullopt;
     }
 
+    std::optional<std::string> iconOfApplication(const std::string& bundleID) const override {
+        const auto found = icons.find(bundleID);
+        return found != icons.end() ? std::optional(found->second) : std::nullopt;
+    }
+
     void openApplication(const std::string& url) override {
         opened.push_back("application " + url);
     }
@@ -42,8 +47,9 @@ public:
     void openURL(const std::string& url) override { opened.push_back("url " + url); }
 
     std::vector<Application> running;
-    std::map<std::string, std::string> urls; // the location of each application, by its identifier
-    std::vector<std::string> opened;         // in order
+    std::map<std::string, std::string> urls; // where each application is, by its identifier
+    std::map<std::string, std::string> icons;
+    std::vector<std::string> opened; // in order
     mutable std::atomic<int> timesAskedForFrontmost = 0;
 
 private:

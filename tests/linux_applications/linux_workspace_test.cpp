@@ -170,6 +170,19 @@ TEST_F(LinuxWorkspaceTest, AnInstalledApplicationIsItsEntrysFile) {
     EXPECT_EQ(workspace.urlForApplication("../applications/editor"), std::nullopt);
 }
 
+TEST_F(LinuxWorkspaceTest, AnApplicationsIconIsAsItsEntryNamesIt) {
+    const LinuxWorkspace workspace(thread, {}, {});
+    folder.install("drawn", "Name=Drawn\nExec=sh\nIcon=org.example.Drawn\n");
+    folder.install("in a file", "Name=File\nExec=sh\nIcon=/opt/it.png\n");
+    expectURL(workspace, "in a file",
+              "file://" + (folder.path() / "user/applications/in%20a%20file.desktop").string());
+    EXPECT_EQ(workspace.iconOfApplication("drawn"), "org.example.Drawn");
+    EXPECT_EQ(workspace.iconOfApplication("in a file"), "/opt/it.png");
+    EXPECT_EQ(workspace.iconOfApplication("editor"), std::nullopt) << "it names none";
+    EXPECT_EQ(workspace.iconOfApplication("nobody"), std::nullopt);
+    EXPECT_EQ(workspace.iconOfApplication("../applications/drawn"), std::nullopt);
+}
+
 TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
     LaunchReports reports(folder.path() / "reports");
     const auto script =

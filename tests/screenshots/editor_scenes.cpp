@@ -7,8 +7,12 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
 #include <QTest>
 #include <optional>
+#include <string>
 
 namespace glidemap::screenshots {
 
@@ -19,6 +23,20 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
+// In place of the applications' own, which differ from machine to machine.
+std::string drawIcon(const QTemporaryDir& folder, int hue) {
+    QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
+    icon.fill(Qt::transparent);
+    QPainter painter(&icon);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromHsv(hue, 150, 210));
+    painter.drawRoundedRect(4, 4, 56, 56, 14, 14);
+    painter.end();
+    const QString file = folder.filePath(QString::number(hue) + ".png");
+    return icon.save(file) ? file.toStdString() : std::string();
+}
+
 void giveApplications(SettingsStage& stage) {
     const bool chinese = Lang::shared().code() == "zh";
     stage.workspace->running = {
@@ -28,8 +46,12 @@ void giveApplications(SettingsStage& stage) {
         {"org.gnome.Evince", chinese ? "文档查看器" : "Document Viewer"},
         {"org.libreoffice.Writer", "LibreOffice Writer"},
     };
+    static const QTemporaryDir icons;
+    int hue = 0;
     for (const Application& application : stage.workspace->running) {
         stage.workspace->urls[*application.bundleID] = "file:///" + *application.bundleID;
+        stage.workspace->icons[*application.bundleID] = drawIcon(icons, hue);
+        hue += 70;
     }
 }
 
@@ -103,6 +125,16 @@ void startRecording(SettingsStage& stage) {
     stage.find<QAbstractButton>("recordShortcut")->click();
 }
 
+void openKeyList(SettingsStage& stage) {
+    stage.find<QAbstractButton>("chooseShortcut")->click();
+}
+
+void searchKey(SettingsStage& stage) {
+    openKeyList(stage);
+    settle();
+    QTest::keyClicks(QApplication::focusWidget(), "f1");
+}
+
 void warnOfClick(SettingsStage& stage) {
     stage.find<QComboBox>("gesturePicker")
         ->setCurrentIndex(static_cast<int>(GestureType::twoFingerClick));
@@ -135,6 +167,9 @@ std::vector<Scene> editorScenes() {
         editor("new", "A new binding", leaveIt, {}, true),
         editor("shortcut", "A shortcut in one application", leaveIt, shortcutInFirefox()),
         editor("recording", "A shortcut is being recorded", startRecording),
+        editor("keys", "The keys of a shortcut from a list", openKeyList, shortcutInFirefox(),
+               true),
+        editor("keys-found", "The keys that a search has found", searchKey),
         editor("lock-screen", "Lock the screen", act(ActionKind::lockScreen)),
         editor("mission-control", "The overview of windows", act(ActionKind::missionControl)),
         editor("action-picker", "The kinds of action", openActionPicker),

@@ -1,10 +1,11 @@
 // Writes a picture of every window and state of the interface, and a page that shows them:
 //
-//   glidemap-screenshots [--brief] FOLDER
+//   glidemap-screenshots [--brief] [--only NAME] FOLDER
 //
 // Each state is there in both languages, light and dark, at one and at two pixels for a point. It
 // uses the real widgets over doubles of what they show, without a display; the same program gives
-// the same pictures. --brief makes a few only. Fails if one cannot be written or shows nothing.
+// the same pictures. --brief makes a few only, --only the scenes with
+// this in their name. Fails if one cannot be written or shows nothing.
 //
 // A program has one scale for as long as it runs, so a second one makes the sharper half.
 #include "core/lang.h"
@@ -38,15 +39,21 @@ std::vector<Variant> variants(bool brief) {
             {"zh", ColorScheme::dark}};
 }
 
-std::vector<Scene> scenes(bool brief) {
+struct Choice {
+    bool brief = false;
+    std::string only;
+};
+
+std::vector<Scene> scenes(const Choice& choice) {
     std::vector<Scene> all;
     for (const auto& some :
          {settingsScenes(), editorScenes(), menuAndAlertScenes(), drawingScenes()}) {
         all.insert(all.end(), some.begin(), some.end());
     }
-    if (brief) {
-        std::erase_if(all, [](const Scene& scene) { return !scene.inBrief; });
-    }
+    std::erase_if(all, [&](const Scene& scene) {
+        return (choice.brief && !scene.inBrief) ||
+               scene.name.find(choice.only) == std::string::npos;
+    });
     return all;
 }
 
@@ -78,9 +85,9 @@ void settleAppearance(QApplication& application) {
     Theme::shared().pinCompositing(true);
 }
 
-void photographAll(Album& album, bool brief) {
-    for (const Scene& scene : scenes(brief)) {
-        for (const Variant& variant : variants(brief)) {
+void photographAll(Album& album, const Choice& choice) {
+    for (const Scene& scene : scenes(choice)) {
+        for (const Variant& variant : variants(choice.brief)) {
             Lang::shared().setCode(variant.language);
             Theme::shared().pin(variant.scheme);
             album.add(scene, variant);
@@ -101,7 +108,7 @@ bool succeeded(QProcess& process) {
            process.exitCode() == 0;
 }
 
-int run(QApplication& application, const QString& folder, bool brief) {
+int run(QApplication& application, const QString& folder, const Choice& choice) {
     const bool isSharperHalf = qEnvironmentVariable(scaleVariable) == "2";
     settleAppearance(application);
     QProcess other;
@@ -109,7 +116,7 @@ int run(QApplication& application, const QString& folder, bool brief) {
         startSharperHalf(other, QApplication::arguments().mid(1));
     }
     Album album(folder.toStdString(), application.devicePixelRatio());
-    photographAll(album, brief);
+    photographAll(album, choice);
     if (isSharperHalf) {
         return album.failures() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
     }
@@ -132,10 +139,14 @@ int main(int count, char** arguments) {
     qInstallMessageHandler(passOn);
     QApplication application(count, arguments);
     QStringList left = QApplication::arguments().mid(1);
-    const bool brief = left.removeAll("--brief") > 0;
+    Choice choice{.brief = left.removeAll("--brief") > 0, .only = {}};
+    if (left.size() == 3 && left.front() == "--only") {
+        choice.only = left[1].toStdString();
+        left = {left.back()};
+    }
     if (left.size() != 1) {
-        std::cerr << "usage: glidemap-screenshots [--brief] FOLDER\n";
+        std::cerr << "usage: glidemap-screenshots [--brief] [--only NAME] FOLDER\n";
         return 2;
     }
-    return run(application, left.front(), brief);
+    return run(application, left.front(), choice);
 }

@@ -159,6 +159,27 @@ void focusInDimmedRow(SettingsStage& stage) {
     }
 }
 
+// Letters of the interface half as large again, as on a desktop with larger text.
+class LargeLetters {
+public:
+    LargeLetters() : usual(QApplication::font()) {
+        QFont large = usual;
+        large.setPixelSize(usual.pixelSize() * 3 / 2);
+        wear(large);
+    }
+    LargeLetters(const LargeLetters&) = delete;
+    LargeLetters& operator=(const LargeLetters&) = delete;
+    ~LargeLetters() { wear(usual); }
+
+private:
+    static void wear(const QFont& font) {
+        QApplication::setFont(font);
+        settle();
+    }
+
+    QFont usual;
+};
+
 QImage pictureOfLanguages() {
     SettingsStage stage(usualBindings());
     SettingsWindow& window = stage.open();
@@ -223,6 +244,11 @@ std::vector<Scene> windowScenes() {
         settings("hovered", "The pointer over a row",
                  [] { return picture(usualBindings(), hover(2)); }),
         settings("languages", "The languages", pictureOfLanguages),
+        settings("languages-large", "The languages in large letters",
+                 [] {
+                     const LargeLetters letters;
+                     return pictureOfLanguages();
+                 }),
         settings("deleted", "A binding was deleted, and can be brought back",
                  [] { return picture(usualBindings(), deleteSecond); }),
         settings("focus-dimmed", "The focus in a row that is off",

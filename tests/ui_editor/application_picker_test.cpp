@@ -1,5 +1,6 @@
 #include "kit/qt_waiting.h"
 #include "kit/recording_workspace.h"
+#include "kit/temporary_folder.h"
 #include "ui/editor/application_picker.h"
 #include "ui/editor/running_apps.h"
 
@@ -8,6 +9,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QListView>
+#include <QPixmap>
 #include <QTest>
 #include <string>
 #include <vector>
@@ -57,6 +59,31 @@ protected:
 TEST_F(Applications, TheFirstEntryStandsForNone) {
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
     EXPECT_EQ(current(), "Choose an app");
+}
+
+TEST_F(Applications, HaveTheirIconsAndNamesInOneLine) {
+    const test::TemporaryFolder folder;
+    QPixmap red(64, 64);
+    red.fill(Qt::red);
+    const std::string file = folder.path() / "mail.png";
+    ASSERT_TRUE(red.save(QString::fromStdString(file)));
+    workspace.icons = {{"mail", file}, {"files", "no-theme-has-an-icon-of-this-name"}};
+    picker.reload();
+    const QImage mailIcon = picker.itemIcon(2).pixmap(picker.iconSize()).toImage();
+    ASSERT_FALSE(mailIcon.isNull());
+    EXPECT_EQ(mailIcon.pixelColor(5, 5), QColor(Qt::red));
+    const QImage filesIcon = picker.itemIcon(1).pixmap(picker.iconSize()).toImage();
+    ASSERT_FALSE(filesIcon.isNull()) << "or its name would stand further to the left";
+    EXPECT_EQ(filesIcon.pixelColor(5, 5).alpha(), 0);
+    EXPECT_TRUE(picker.itemIcon(0).isNull());
+}
+
+TEST_F(Applications, HaveNoRoomForIconsWhereThereAreNone) {
+    picker.reload();
+    EXPECT_TRUE(picker.itemIcon(1).isNull());
+    workspace.icons = {{"mail", "/nowhere/mail.png"}};
+    picker.reload();
+    EXPECT_TRUE(picker.itemIcon(2).isNull());
 }
 
 TEST_F(Applications, PickingTellsWhich) {

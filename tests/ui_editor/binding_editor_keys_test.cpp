@@ -149,7 +149,7 @@ TEST_F(TheEditorsKeys, InTheListOfGesturesReturnPicksAndEscapeClosesTheList) {
 TEST_F(TheEditorsKeys, TabLeadsThroughTheFormAsItIsRead) {
     open();
     EXPECT_THAT(tabOrder(), ElementsAre("gesturePicker", "actionPicker", "recordShortcut",
-                                        "scopePicker", "cancel"))
+                                        "chooseShortcut", "scopePicker", "cancel"))
         << "save cannot be pressed yet";
     choose(ActionKind::launchApp);
     picker("launchPicker").setCurrentIndex(1);
@@ -187,6 +187,8 @@ TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
         {"launchPicker", QAccessible::ComboBox, "Choose an app", "选择 App"},
         {"scopeAppPicker", QAccessible::ComboBox, "Only in this app", "仅在此 App 生效"},
         {"recordShortcut", QAccessible::PushButton, "Click to record", "点击录制"},
+        {"chooseShortcut", QAccessible::PushButton, "Choose the keys from a list",
+         "从列表中选择按键"},
         {"cancel", QAccessible::PushButton, "Cancel", "取消"},
         {"save", QAccessible::PushButton, "Add", "添加"},
     };

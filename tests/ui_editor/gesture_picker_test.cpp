@@ -2,6 +2,7 @@
 #include "kit/in_language.h"
 #include "kit/printers.h"
 #include "kit/qt_waiting.h"
+#include "ui/demo/gesture_demo_view.h"
 #include "ui/editor/gesture_picker.h"
 #include "ui/theme/item_roles.h"
 
@@ -11,6 +12,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <string>
@@ -175,6 +178,46 @@ TEST_F(Gestures, EscapeClosesTheListAndNothingElse) {
     expectClosed();
     EXPECT_THAT(sheet.keys, IsEmpty());
     EXPECT_THAT(picked, IsEmpty());
+}
+
+// The list covers the sheet's own demonstration.
+TEST_F(Gestures, TheHighlightedGestureIsDemonstratedWhileOneBrowses) {
+    picker->setGesture(GestureType::pinchIn);
+    picker->showPopup();
+    auto& demo = kit::find<GestureDemoView>(sheet, "browsedGesture");
+    EXPECT_EQ(demo.shownGesture(), GestureType::pinchIn);
+    EXPECT_TRUE(demo.isVisible());
+    type("five sw");
+    EXPECT_EQ(demo.shownGesture(), GestureType::fiveFingerSwipeLeft);
+    key(Qt::Key_Down);
+    EXPECT_EQ(demo.shownGesture(), GestureType::fiveFingerSwipeRight);
+    EXPECT_EQ(demo.accessibleName(), "Five-Finger Swipe Right");
+    const QRect last = list().visualRect(list().model()->index(4, 0));
+    QMouseEvent hover(QEvent::MouseMove, last.center(),
+                      list().viewport()->mapToGlobal(QPointF(last.center())), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(list().viewport(), &hover);
+    EXPECT_EQ(demo.shownGesture(), GestureType::fiveFingerSwipeDown) << "the pointer browses, too";
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(list().viewport(), &leave);
+    EXPECT_EQ(demo.shownGesture(), GestureType::fiveFingerSwipeRight);
+    EXPECT_THAT(picked, IsEmpty());
+}
+
+TEST_F(Gestures, TheListIsAsHighAsItsResults) {
+    picker->showPopup();
+    const int full = list().height();
+    EXPECT_TRUE(list().verticalScrollBar()->isVisible());
+    type("corner");
+    const auto contents = [this] {
+        const QModelIndex last = list().model()->index(list().model()->rowCount() - 1, 0);
+        return list().visualRect(last).bottom() + 1;
+    };
+    EXPECT_TRUE(test::waitFor([&] { return list().height() == contents(); }));
+    EXPECT_LT(list().height(), full);
+    EXPECT_FALSE(list().verticalScrollBar()->isVisible());
+    search().clear();
+    EXPECT_TRUE(test::waitFor([&] { return list().height() == full; }));
 }
 
 TEST_F(Gestures, ReturnPicksWhatIsMarked) {

@@ -479,6 +479,115 @@ TEST_F(Recorder, IsReadAloudInWords) {
     setUsualKeyboard(KeyboardKind::apple);
 }
 
+// Notes which window has the desktop's keys.
+class FakeDesktopKeys : public DesktopKeys {
+public:
+    explicit FakeDesktopKeys(QWindow*& borrower) : current(borrower) {}
+    ~FakeDesktopKeys() override { FakeDesktopKeys::giveBack(); }
+
+    void lendTo(QWindow& window) override { current = &window; }
+    void giveBack() override { current = nullptr; }
+
+private:
+    QWindow*& current;
+};
+
+class DesktopsKeys : public testing::Test {
+protected:
+    DesktopsKeys() {
+        auto* column = new QVBoxLayout(&window);
+        recorder = new ShortcutRecorderView(keys, lang);
+        column->addWidget(recorder);
+        window.show();
+        EXPECT_TRUE(test::waitForWindowActive(&window));
+    }
+
+    QWindow* borrower = nullptr;
+    const std::shared_ptr<KeyPresses> keys = std::make_shared<ToolkitKeyPresses>(
+        std::make_unique<EvdevHardwareKeys>(), std::make_unique<FakeDesktopKeys>(borrower));
+    Lang lang{nullptr};
+    KeyLog window;
+    ShortcutRecorderView* recorder;
+    kit::Typist typist{window};
+};
+
+TEST_F(DesktopsKeys, AreBorrowedForTheWindowWhileItRecords) {
+    EXPECT_EQ(borrower, nullptr);
+    recorder->startRecording();
+    EXPECT_EQ(borrower, window.windowHandle());
+    typist.type({0, Qt::Key_A, "a"});
+    EXPECT_EQ(borrower, window.windowHandle()) << "a key that cannot be used ends nothing";
+    typist.type(a);
+    EXPECT_EQ(borrower, nullptr);
+}
+
+TEST_F(DesktopsKeys, AreGivenBackHoweverRecordingEnds) {
+    const std::pair<const char*, std::function<void()>> ends[] = {
+        {"Escape",
+         [this] {
+             typist.type(escape);
+         }},
+        {"stopped",
+         [this] {
+             recorder->stopRecording();
+         }},
+        {"disabled",
+         [this] {
+             recorder->setEnabled(false);
+         }},
+        {"hidden",
+         [this] {
+             recorder->hide();
+         }},
+        {"its window closed",
+         [this] {
+             window.close();
+         }},
+    };
+    for (const auto& [name, end] : ends) {
+        recorder->setEnabled(true);
+        recorder->show();
+        recorder->startRecording();
+        EXPECT_NE(borrower, nullptr) << name;
+        end();
+        EXPECT_EQ(borrower, nullptr) << name;
+    }
+}
+
+TEST_F(DesktopsKeys, AreGivenBackByARecorderThatIsDestroyed) {
+    recorder->startRecording();
+    delete recorder;
+    EXPECT_EQ(borrower, nullptr);
+}
+
+TEST_F(DesktopsKeys, AreGivenBackWhileAnotherWindowIsActive) {
+    recorder->startRecording();
+    QWidget other;
+    other.show();
+    EXPECT_TRUE(test::waitForWindowActive(&other));
+    EXPECT_EQ(borrower, nullptr);
+    EXPECT_TRUE(recorder->isRecording());
+    other.hide();
+    window.activateWindow();
+    EXPECT_TRUE(test::waitForWindowActive(&window));
+    EXPECT_EQ(borrower, window.windowHandle());
+}
+
+// A locker of the screen needs the keyboard for itself.
+TEST_F(DesktopsKeys, AreGivenBackAfterAWhileAndRecordingGoesOn) {
+    recorder->setLongestLoan(std::chrono::milliseconds(1));
+    recorder->startRecording();
+    EXPECT_TRUE(test::waitFor([this] { return borrower == nullptr; }));
+    EXPECT_TRUE(recorder->isRecording());
+    QWidget other;
+    other.show();
+    EXPECT_TRUE(test::waitForWindowActive(&other));
+    other.hide();
+    window.activateWindow();
+    EXPECT_TRUE(test::waitForWindowActive(&window));
+    EXPECT_EQ(borrower, nullptr) << "nor are they borrowed again for the same recording";
+}
+
 } // namespace
 
 } // namespace glidemap

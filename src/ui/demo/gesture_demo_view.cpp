@@ -3,10 +3,12 @@
 #include "gesture_demo_accessible.h"
 #include "ui/controls/popover.h"
 #include "ui/demo/draw_gesture_demo.h"
+#include "ui/demo/frame_pace.h"
 #include "ui/demo/gesture_demo.h"
 #include "ui/demo/still_moment.h"
 
 #include <QPainter>
+#include <QScreen>
 #include <chrono>
 #include <cmath>
 
@@ -14,7 +16,11 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::chrono::milliseconds frameInterval{25};
+// Of this view's screen, from now.
+std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return demo::untilNextFrame(now, demo::framePeriod(view.screen()->refreshRate()));
+}
 
 } // namespace
 
@@ -24,7 +30,6 @@ GestureDemoView::GestureDemoView(GestureType shown, QWidget* parent, Clock clock
     setFocusPolicy(Qt::NoFocus);
     untilNextFrame.setTimerType(Qt::PreciseTimer);
     untilNextFrame.setSingleShot(true);
-    untilNextFrame.setInterval(frameInterval);
     connect(&untilNextFrame, &QTimer::timeout, this, [this] { update(); });
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
 }
@@ -44,7 +49,8 @@ void GestureDemoView::paintEvent(QPaintEvent* /*event*/) {
     if (Theme::shared().reducesMotion() || !canBeSeen()) {
         untilNextFrame.stop();
     } else {
-        untilNextFrame.start(); // before drawing, whose time is part of the interval
+        untilNextFrame.start(
+            untilNextFrameOf(*this)); // before drawing, whose time is part of the interval
     }
     QPainter painter(this);
     demo::draw(gesture, moment(), painter, size());

@@ -2,7 +2,7 @@
 // seen, none while it cannot, and one still frame where the user wants nothing to move.
 //
 // The loop follows the clock, so that all views show the same moment. Each frame that is painted
-// asks for the next one: where nothing is painted (hidden, minimised, scrolled away, no frames asked
+// asks for the next one, in step with the screen: where nothing is painted (hidden, minimised, scrolled away, no frames asked
 // for by the desktop), no timer runs.
 //
 // Not reachable by Tab: there is nothing to do in it. To assistive technology it is an animation;
@@ -31,6 +31,7 @@ public:
                              Clock clock = secondsSinceReferenceDate);
 
     void setGesture(GestureType shown);
+    GestureType shownGesture() const { return gesture; }
 
     // The wall clock, counted from the first of January 2001 in Greenwich.
     static double secondsSinceReferenceDate();

@@ -2,15 +2,31 @@
 
 #include "ui/theme/text.h"
 
+#include <QIcon>
 #include <QKeyEvent>
 #include <QListView>
+#include <QPixmap>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
 #include <QStyleOptionComboBox>
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace glidemap {
+
+namespace {
+
+// Null where it cannot be drawn, as a vector where no reader of those is installed.
+QIcon iconNamed(const std::optional<std::string>& name, const QSize& size) {
+    if (!name) {
+        return {};
+    }
+    const QIcon icon = name->starts_with('/') ? QIcon(toQt(*name)) : QIcon::fromTheme(toQt(*name));
+    return icon.pixmap(size).isNull() ? QIcon() : icon;
+}
+
+} // namespace
 
 ApplicationPicker::ApplicationPicker(const Workspace& asked, Offer offered, Lang& language,
                                      QWidget* parent)
@@ -36,6 +52,7 @@ void ApplicationPicker::reload() {
     for (const RunningApp& app : apps) {
         addItem(toQt(app.name));
     }
+    addIcons();
     if (!selected) {
         setCurrentIndex(0);
         return;
@@ -45,6 +62,23 @@ void ApplicationPicker::reload() {
         addHiddenEntry(*selected);
     }
     setCurrentIndex(1 + static_cast<int>(found - apps.begin()));
+}
+
+// Where some have one, the names of those without stand in line with theirs.
+void ApplicationPicker::addIcons() {
+    std::vector<QIcon> icons;
+    std::ranges::transform(apps, std::back_inserter(icons), [this](const RunningApp& app) {
+        return iconNamed(workspace.iconOfApplication(app.bundleID), iconSize());
+    });
+    if (std::ranges::all_of(icons, &QIcon::isNull)) {
+        return;
+    }
+    QPixmap nothing(iconSize());
+    nothing.fill(Qt::transparent);
+    for (std::size_t index = 0; index < icons.size(); ++index) {
+        setItemIcon(static_cast<int>(index) + 1,
+                    icons[index].isNull() ? QIcon(nothing) : icons[index]);
+    }
 }
 
 // So that its name is shown and read out as the current text. Nobody sees it in the list, and

@@ -1,4 +1,4 @@
-// Picks one of the running applications, or none.
+// Picks one of the running applications, or none. They have their icons where the workspace knows them.
 //
 // A chosen application that does not run is no entry, and cannot be picked again once another is.
 // Until then the picker shows its name, and keeps it.
@@ -43,6 +43,7 @@ protected:
     void initStyleOption(QStyleOptionComboBox* option) const override;
 
 private:
+    void addIcons();
     void addHiddenEntry(const RunningApp& app);
     void pick(int index);
 

@@ -12,8 +12,6 @@ namespace glidemap {
 
 namespace {
 
-constexpr QSize listSize{300, 360};
-
 // Whether the key types something, rather than doing something.
 bool types(const QKeyEvent& event) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -67,7 +65,6 @@ void GesturePicker::open(const QString& search) {
         return;
     }
     auto* list = new GestureList(gesture(), lang, search);
-    list->setFixedSize(listSize);
     list->onChoose = [this](GestureType chosen) {
         hidePopup();
         setCurrentIndex(static_cast<int>(chosen));

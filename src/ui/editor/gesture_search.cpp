@@ -1,6 +1,7 @@
 #include "ui/editor/gesture_search.h"
 
 #include "core/lang.h"
+#include "core/word_search.h"
 
 #include <algorithm>
 #include <array>
@@ -11,76 +12,29 @@ namespace glidemap {
 
 namespace {
 
-// A language of its own, whatever the interface's is.
-struct FixedLanguage {
-    explicit FixedLanguage(const std::string& code) { lang.setCode(code); }
-
-    Lang lang{nullptr};
-};
-
-// Chinese has no case, and the English names no letters beyond these.
-std::string lowered(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') {
-            letter = static_cast<char>(letter - 'A' + 'a');
-        }
-    }
-    return text;
-}
-
-// Chinese input methods type a space of their own.
-std::string withPlainSpaces(std::string text) {
-    constexpr std::string_view ideographicSpace = "\u3000";
-    for (std::size_t at = 0; (at = text.find(ideographicSpace, at)) != std::string::npos;) {
-        text.replace(at, ideographicSpace.size(), " ");
-    }
-    return text;
-}
-
-std::vector<std::string> wordsOf(std::string_view text) {
-    const std::string plain = lowered(withPlainSpaces(std::string(text)));
-    std::vector<std::string> words;
-    std::size_t end = 0;
-    for (;;) {
-        const std::size_t start = plain.find_first_not_of(" \t", end);
-        if (start == std::string::npos) {
-            return words;
-        }
-        end = std::min(plain.find_first_of(" \t", start), plain.size());
-        words.push_back(plain.substr(start, end - start));
-    }
-}
-
-// All the names under which a gesture is found, one a line, so that no word spans two.
 std::string searchable(GestureType gesture) {
-    static const FixedLanguage english("en");
-    static const FixedLanguage chinese("zh");
-    std::string names;
-    for (const Lang* const lang : {&english.lang, &chinese.lang}) {
-        names += displayName(gesture, *lang) + "\n" + displayName(category(gesture), *lang) + "\n";
-    }
-    return lowered(names);
+    return searchableNames([gesture](const Lang& lang) {
+        return displayName(gesture, lang) + "\n" + displayName(category(gesture), lang);
+    });
 }
 
-bool matches(GestureType gesture, const std::vector<std::string>& words) {
+bool matches(GestureType gesture, const WordSearch& search) {
     static const std::array<std::string, allGestureTypes.size()> namesOfAll = [] {
         std::array<std::string, allGestureTypes.size()> all;
         std::ranges::transform(allGestureTypes, all.begin(), searchable);
         return all;
     }();
-    const std::string& names = namesOfAll[static_cast<std::size_t>(gesture)];
-    return std::ranges::all_of(
-        words, [&](const std::string& word) { return names.find(word) != std::string::npos; });
+    return search.finds(namesOfAll[static_cast<std::size_t>(gesture)]);
 }
 
 } // namespace
 
 std::vector<FoundGestures> findGestures(std::string_view text) {
-    const std::vector<std::string> words = wordsOf(text);
+    const WordSearch search(text);
     std::vector<FoundGestures> found;
     for (const GestureCategory group : allGestureCategories) {
         std::vector<GestureType> members = gestures(group);
-        std::erase_if(members, [&](GestureType gesture) { return !matches(gesture, words); });
+        std::erase_if(members, [&](GestureType gesture) { return !matches(gesture, search); });
         if (!members.empty()) {
             found.push_back({.category = group, .gestures = std::move(members)});
         }

@@ -10,6 +10,8 @@
 #include <functional>
 #include <optional>
 
+class QWindow;
+
 namespace glidemap {
 
 class KeyPresses {
@@ -40,6 +42,10 @@ public:
 
     // The same without the rest of a press.
     virtual void abandon() { stop(); }
+
+    // Borrows the keys that the desktop keeps for itself for this window, which has the focus; null
+    // gives them back. Not every home can.
+    virtual void borrowDesktopKeys(QWindow* /*window*/) {}
 };
 
 } // namespace glidemap

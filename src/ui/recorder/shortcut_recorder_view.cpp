@@ -1,7 +1,10 @@
 #include "ui/recorder/shortcut_recorder_view.h"
 
 #include "bindings/spoken_shortcut.h"
+#include "ui/controls/popover.h"
 #include "ui/controls/styled_label.h"
+#include "ui/controls/symbol_button.h"
+#include "ui/recorder/shortcut_chooser.h"
 #include "ui/theme/style/paint.h"
 #include "ui/theme/text.h"
 
@@ -27,10 +30,12 @@ constexpr std::uint64_t storedModifiers =
 ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresses, Lang& language,
                                            QWidget* parent)
     : QWidget(parent), keys(std::move(keyPresses)), lang(language),
-      label(new StyledLabel(TextStyle::body, Role::primary)), button(new QPushButton) {
+      label(new StyledLabel(TextStyle::body, Role::primary)), button(new QPushButton),
+      chooseButton(new SymbolButton("keyboard", Role::secondary)) {
     setObjectName("shortcutRecorder");
     button->setObjectName("recordShortcut");
     button->setAutoDefault(false);
+    chooseButton->setObjectName("chooseShortcut");
     label->setBuddy(button);
     auto* row = new QHBoxLayout(this);
     // The ring of the focus lies outside of the button's shape, and has its place here.
@@ -38,16 +43,22 @@ ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresse
     row->addWidget(label);
     row->addStretch();
     row->addWidget(button);
+    row->addWidget(chooseButton);
     setFocusProxy(button);
 
     connect(button, &QPushButton::clicked, this,
             [this] { recording ? stopRecording() : startRecording(); });
+    loan.setSingleShot(true);
+    loan.setInterval(usualLoan);
+    connect(&loan, &QTimer::timeout, this, [this] { borrowOrGiveBack(); });
+    connect(chooseButton, &QToolButton::clicked, this, [this] { toggleChooser(); });
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
     retitle();
 }
 
 ShortcutRecorderView::~ShortcutRecorderView() {
     letGo();
+    closeChooser();
 }
 
 void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
@@ -64,6 +75,8 @@ void ShortcutRecorderView::startRecording() {
         showHeld(modifiers);
     };
     keys->start([this](const KeyPresses::Press& press) { take(press); });
+    loan.start();
+    borrowOrGiveBack();
     retitle();
 }
 
@@ -76,8 +89,15 @@ void ShortcutRecorderView::showHeld(std::uint64_t modifiers) {
 void ShortcutRecorderView::stopRecording() {
     if (std::exchange(recording, false)) {
         keys->stop();
+        borrowOrGiveBack();
     }
     retitle();
+}
+
+// Another program that the user turns to gets its keys.
+void ShortcutRecorderView::borrowOrGiveBack() {
+    const bool mayBorrow = recording && loan.isActive() && isActiveWindow();
+    keys->borrowDesktopKeys(mayBorrow ? window()->windowHandle() : nullptr);
 }
 
 // Nothing of it may outlive the editor, not even the rest of a press.
@@ -85,6 +105,7 @@ void ShortcutRecorderView::letGo() {
     recording = false;
     if (std::exchange(mayHoldKeys, false)) {
         keys->onModifiers = {};
+        keys->borrowDesktopKeys(nullptr);
         keys->abandon();
     }
 }
@@ -109,6 +130,42 @@ void ShortcutRecorderView::record(const KeyShortcut& shortcut) {
     if (onRecord) {
         onRecord(shortcut);
     }
+}
+
+// A press of its button closes it again.
+void ShortcutRecorderView::toggleChooser() {
+    if (!chooser.isNull()) {
+        closeChooser();
+        return;
+    }
+    stopRecording();
+    auto* content = new ShortcutChooser(recorded, lang);
+    content->onChange = [this](const KeyShortcut& shortcut) {
+        record(shortcut);
+    };
+    content->onDone = [this] {
+        closeChooser();
+    };
+    chooser = new Popover(chooseButton, content);
+    chooser->setAccessibleName(chooseButton->accessibleName());
+    chooser->onClosed = [this] {
+        chooser = nullptr;
+    };
+    content->setFocus(Qt::PopupFocusReason);
+}
+
+void ShortcutRecorderView::closeChooser() {
+    if (!chooser.isNull()) {
+        chooser->dismiss();
+    }
+}
+
+bool ShortcutRecorderView::event(QEvent* event) {
+    const bool isSeen = QWidget::event(event);
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) {
+        borrowOrGiveBack();
+    }
+    return isSeen;
 }
 
 void ShortcutRecorderView::hideEvent(QHideEvent* event) {
@@ -172,6 +229,9 @@ void ShortcutRecorderView::retitle() {
     const bool showsShortcut = recorded && !recording;
     button->setAccessibleName(showsShortcut ? toQt(spokenShortcut(*recorded, lang)) : text);
     button->setToolTip(showsShortcut ? toQt(writtenShortcut(*recorded)) : QString());
+    const QString choose = toQt(lang.choose("Choose the keys from a list", "从列表中选择按键"));
+    chooseButton->setAccessibleName(choose);
+    chooseButton->setToolTip(choose);
     button->setProperty("recording", recording);
     makeButtonWideEnough();
 }

@@ -1,5 +1,9 @@
 // The row in which a keyboard shortcut is recorded: after a click the next key press anywhere in the
-// program becomes the shortcut, and reaches nothing else. Escape alone cancels.
+// program becomes the shortcut, and reaches nothing else. Escape alone cancels. Beside it a shortcut
+// can be chosen instead of being pressed.
+//
+// While it records in the active window it borrows the keys that the desktop keeps for itself, for
+// thirty seconds at most: a screen that locks itself needs the keyboard.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -11,7 +15,10 @@
 #include "core/lang.h"
 #include "ui/recorder/key_presses.h"
 
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -20,6 +27,9 @@ class QLabel;
 class QPushButton;
 
 namespace glidemap {
+
+class Popover;
+class SymbolButton;
 
 class ShortcutRecorderView : public QWidget {
 public:
@@ -32,14 +42,19 @@ public:
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
     void setShortcut(std::optional<KeyShortcut> shortcut); // announces nothing
 
-    // Called when the user has recorded one.
+    // Called when the user has recorded or chosen one.
     std::function<void(const KeyShortcut&)> onRecord;
 
     void startRecording();
     void stopRecording();
     bool isRecording() const { return recording; }
 
+    // For how long the desktop's own keys are borrowed for one recording.
+    static constexpr std::chrono::seconds usualLoan{30};
+    void setLongestLoan(std::chrono::milliseconds duration) { loan.setInterval(duration); }
+
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -47,8 +62,11 @@ private:
     void showHeld(std::uint64_t modifiers);
     void take(const KeyPresses::Press& press);
     void letGo();
+    void borrowOrGiveBack();
     void record(const KeyShortcut& shortcut);
     void retitle();
+    void toggleChooser();
+    void closeChooser();
     void makeButtonWideEnough();
     QString buttonText() const;
     QString recordingText() const;
@@ -59,6 +77,9 @@ private:
     Lang& lang;
     QLabel* label;
     QPushButton* button;
+    SymbolButton* chooseButton;
+    QPointer<Popover> chooser;
+    QTimer loan; // of the desktop's own keys
     std::optional<KeyShortcut> recorded;
     std::uint64_t held = 0; // of the modifiers, while it records
     bool recording = false;

@@ -42,8 +42,9 @@ bool isModifierKey(std::optional<std::uint16_t> keyCode, int key) {
 
 } // namespace
 
-ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware)
-    : keys(std::move(hardware)) {
+ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware,
+                                     std::unique_ptr<DesktopKeys> desktopKeys)
+    : keys(std::move(hardware)), desktop(std::move(desktopKeys)) {
     monitor.onPress = [this](const QKeyEvent& event) {
         press(event);
     };
@@ -66,6 +67,17 @@ void ToolkitKeyPresses::stop() {
 void ToolkitKeyPresses::abandon() {
     monitor.remove();
     told = {};
+}
+
+void ToolkitKeyPresses::borrowDesktopKeys(QWindow* window) {
+    if (desktop == nullptr) {
+        return;
+    }
+    if (window != nullptr) {
+        desktop->lendTo(*window);
+    } else {
+        desktop->giveBack();
+    }
 }
 
 void ToolkitKeyPresses::press(const QKeyEvent& event) const {

@@ -8,6 +8,7 @@
 // Errors:  as the port has them.
 #pragma once
 
+#include "ui/recorder/desktop_keys.h"
 #include "ui/recorder/hardware_keys.h"
 #include "ui/recorder/key_monitor.h"
 #include "ui/recorder/key_presses.h"
@@ -19,16 +20,20 @@ namespace glidemap {
 
 class ToolkitKeyPresses : public KeyPresses {
 public:
-    explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware);
+    // Without desktop keys the desktop keeps its own.
+    explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware,
+                               std::unique_ptr<DesktopKeys> desktopKeys = nullptr);
 
     void start(std::function<void(const Press&)> handler) override;
     void stop() override;
     void abandon() override;
+    void borrowDesktopKeys(QWindow* window) override;
 
 private:
     void press(const QKeyEvent& event) const;
 
     const std::unique_ptr<const HardwareKeys> keys;
+    const std::unique_ptr<DesktopKeys> desktop;
     std::function<void(const Press&)> told;
     KeyMonitor monitor;
 };

@@ -309,6 +309,29 @@ TEST_F(AppDelegateTest, TheSwitchOfTheLastRunIsTheMark) {
     EXPECT_FALSE(stage->item(0).isChecked());
 }
 
+TEST_F(AppDelegateTest, TheStatusIconSaysWhetherGesturesAreOn) {
+    using Look = StatusItem::Look;
+    stage->statusBar->become(StatusBar::Kind::embeds);
+    relaunch();
+    EXPECT_THAT(stage->iconLooks, testing::Not(IsEmpty()));
+    EXPECT_THAT(stage->iconLooks, testing::Each(Look::on));
+    stage->iconLooks.clear();
+    stage->delegate->toggleEnabled();
+    EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off));
+    stage->delegate->toggleEnabled();
+    EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off, Look::on));
+    stage->dispatcher.lock()->setMasterEnabled(false); // by the settings window
+    EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off, Look::on, Look::off));
+}
+
+TEST_F(AppDelegateTest, TheStatusIconIsDimmedFromTheStartWhereGesturesWereSwitchedOff) {
+    stage->defaults->storedBooleans["masterEnabled"] = false;
+    stage->statusBar->become(StatusBar::Kind::embeds);
+    relaunch();
+    ASSERT_THAT(stage->iconLooks, testing::Not(IsEmpty()));
+    EXPECT_EQ(stage->iconLooks.back(), StatusItem::Look::off);
+}
+
 TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
     launch();
     stage->item(6).trigger();

@@ -9,7 +9,7 @@ namespace glidemap::test {
 
 namespace {
 
-QIcon anyIcon(StatusBar::Kind /*bar*/, StatusItem::Look /*look*/) {
+QIcon anyIcon() {
     QPixmap pixmap(16, 16);
     pixmap.fill(Qt::black);
     return pixmap;
@@ -111,7 +111,13 @@ DelegateStage::~DelegateStage() {
 
 std::unique_ptr<StatusItem> DelegateStage::makeStatusItem() {
     notes.emplace_back("status item");
-    auto made = std::make_unique<StatusItem>(statusBar, anyIcon, patienceForBar);
+    auto made = std::make_unique<StatusItem>(
+        statusBar,
+        [this](StatusBar::Kind /*bar*/, StatusItem::Look look) {
+            iconLooks.push_back(look);
+            return anyIcon();
+        },
+        patienceForBar);
     statusItem = made.get();
     return made;
 }

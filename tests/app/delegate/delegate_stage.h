@@ -84,7 +84,8 @@ public:
     MultitouchDeviceManager devices;
     std::shared_ptr<TouchEngine> engine;
     std::weak_ptr<GestureDispatcher> dispatcher;
-    StatusItem* statusItem = nullptr; // the delegate owns it
+    StatusItem* statusItem = nullptr;        // the delegate owns it
+    std::vector<StatusItem::Look> iconLooks; // of each icon that was drawn for the status item
     QPointer<QWidget> window;
     ClickTap::Callback click;
     std::vector<std::function<void(const Fetched&)>> openChecks;

@@ -8,6 +8,7 @@
 #include <linux/input-event-codes.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace glidemap {
@@ -156,6 +157,72 @@ TYPED_TEST(RealKeys, WithCapsLockOnEscapeIsRecordedAndALetterHasNoModifiers) {
     this->type(KEY_CAPSLOCK);
     this->type(KEY_ESC);
     this->expect("stopped");
+}
+
+// The window manager has Alt and F4 for itself, and closes the window with them.
+class DesktopKeysOnX11 : public RealKeys<TypingXServer> {
+protected:
+    std::unique_ptr<Program> anotherWindow() {
+        auto other =
+            std::make_unique<Program>(Program::Command{.words = {GLIDEMAP_RECORDER_WINDOW},
+                                                       .environment = desktop->environment(),
+                                                       .log = folder.path() / "other.log"});
+        EXPECT_EQ(other->nextLine(), "active");
+        expect("inactive");
+        return other;
+    }
+
+    // Returns with the line, which the window says once the window manager has closed it.
+    static void expectClosed(Program& program) {
+        const std::string f4 = "pressed 16777267";
+        std::optional<std::string> line;
+        do {
+            line = program.nextLine();
+            EXPECT_NE(line, f4) << "the window manager has not got its keys back";
+        } while (line && *line != "closed");
+    }
+
+    void typeAltF4() {
+        hold(KEY_LEFTALT);
+        type(KEY_F4);
+        letGo(KEY_LEFTALT);
+    }
+};
+
+TEST_F(DesktopKeysOnX11, AreRecordedAndGivenBack) {
+    record();
+    typeAltF4();
+    expectRecorded("118 80000");
+    typeAltF4();
+    expectClosed(*window);
+}
+
+TEST_F(DesktopKeysOnX11, AreGivenBackOnceRecordingIsCancelled) {
+    record();
+    type(KEY_ESC);
+    expect("stopped");
+    typeAltF4();
+    expectClosed(*window);
+}
+
+TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndBorrowedAfterwards) {
+    record();
+    const auto other = anotherWindow();
+    typeAltF4();
+    expectClosed(*other);
+    expect("active");
+    typeAltF4();
+    expectRecorded("118 80000");
+}
+
+TEST_F(DesktopKeysOnX11, AreGivenBackByAProgramThatEnds) {
+    const auto other = anotherWindow();
+    other->tell("record");
+    EXPECT_EQ(other->nextLine(), "recording");
+    other->kill();
+    expect("active");
+    typeAltF4();
+    expectClosed(*window);
 }
 
 // Space clicks the button that has the focus: once it is let go, the recorder records.

@@ -2,15 +2,18 @@
 // happens, a line each:
 //
 //   active             the window has the keyboard
+//   inactive           another window has it
 //   recording          since its button was clicked, or it was told so by the line "record" on its
 //                      standard input
 //   recorded 0 40000   the key code, and the modifiers in hexadecimal
 //   stopped            without having recorded
 //   pressed 65         a key that reached the window, by Qt's number
 //   released 65
+//   closed             by the window manager
 //
 // It ends with its input.
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
+#include "platform/linux/shell/linux_desktop_keys.h"
 #include "ui/recorder/shortcut_recorder_view.h"
 #include "ui/recorder/toolkit_key_presses.h"
 
@@ -18,6 +21,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QSocketNotifier>
 #include <QVBoxLayout>
@@ -55,10 +59,14 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override {
-        if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-            say("active");
+        if (event->type() == QEvent::ActivationChange) {
+            say(isActiveWindow() ? "active" : "inactive");
         }
         QWidget::changeEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        say("closed");
+        QWidget::closeEvent(event);
     }
     void keyPressEvent(QKeyEvent* event) override {
         say("pressed " + QString::number(event->key()));
@@ -72,7 +80,8 @@ private:
 
     const std::shared_ptr<glidemap::KeyPresses> keys =
         std::make_shared<glidemap::ToolkitKeyPresses>(
-            std::make_unique<glidemap::EvdevHardwareKeys>());
+            std::make_unique<glidemap::EvdevHardwareKeys>(),
+            std::make_unique<glidemap::LinuxDesktopKeys>());
     glidemap::Lang lang{nullptr};
     glidemap::ShortcutRecorderView* recorder;
     bool isRecording = false;

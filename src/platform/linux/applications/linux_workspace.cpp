@@ -30,6 +30,17 @@ LaunchedApplication described(GDesktopAppInfo* entry) {
             orEmpty(g_desktop_app_info_get_startup_wm_class(entry))};
 }
 
+using Entry = std::shared_ptr<GDesktopAppInfo>;
+
+// Null if no entry with this identifier is installed. An identifier with a slash would leave the folders that hold entries.
+Entry entryOf(const std::string& bundleID) {
+    const bool isIdentifier = !bundleID.empty() && bundleID.find('/') == std::string::npos;
+    return {isIdentifier ? g_desktop_app_info_new((bundleID + ".desktop").c_str()) : nullptr,
+            [](GDesktopAppInfo* read) {
+                g_clear_object(&read);
+            }};
+}
+
 } // namespace
 
 struct LinuxWorkspace::State {
@@ -139,21 +150,31 @@ std::vector<Application> LinuxWorkspace::runningApplications() const {
 }
 
 std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
-    if (bundleID.empty() || bundleID.find('/') != std::string::npos)
-        return std::nullopt; // an id, not a way out of the folders that hold entries
-    const std::shared_ptr<GDesktopAppInfo> entry(
-        g_desktop_app_info_new((bundleID + ".desktop").c_str()),
-        [](GDesktopAppInfo* read) { g_clear_object(&read); });
+    const Entry entry = entryOf(bundleID);
     const char* const path =
         entry != nullptr ? g_desktop_app_info_get_filename(entry.get()) : nullptr;
     char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr;
-    if (uri == nullptr)
+    if (uri == nullptr) {
         return std::nullopt;
+    }
     std::string url = uri;
     g_free(uri);
     state->found = entry;
     state->foundURL = url;
     return url;
+}
+
+std::optional<std::string> LinuxWorkspace::iconOfApplication(const std::string& bundleID) const {
+    const Entry entry = entryOf(bundleID);
+    char* const name = entry != nullptr
+                           ? g_desktop_app_info_get_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_ICON)
+                           : nullptr;
+    if (name == nullptr) {
+        return std::nullopt;
+    }
+    std::string icon = name;
+    g_free(name);
+    return icon;
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {

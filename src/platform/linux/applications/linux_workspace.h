@@ -40,6 +40,7 @@ public:
     Application frontmostApplication() const override;
     std::vector<Application> runningApplications() const override;
     std::optional<std::string> urlForApplication(const std::string& bundleID) const override;
+    std::optional<std::string> iconOfApplication(const std::string& bundleID) const override;
     void openApplication(const std::string& url) override;
     void openMissionControl() override;
     bool hasMissionControl() const override;

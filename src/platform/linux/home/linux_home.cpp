@@ -13,6 +13,7 @@
 #include "platform/linux/session/user_folders.h"
 #include "platform/linux/shell/display.h"
 #include "platform/linux/shell/linux_application_shell.h"
+#include "platform/linux/shell/linux_desktop_keys.h"
 #include "platform/linux/status_bar/linux_status_bar.h"
 #include "platform/linux/status_bar/toolkit_bus.h"
 #include "platform/linux/windows/desktop_thread.h"
@@ -54,8 +55,8 @@ public:
             .screenLock = services.screenLock,
             .session = services.session,
             .loginItems = std::make_shared<AutostartEntry>(AutostartPlaces::ofThisProcess()),
-            .keyPresses =
-                std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>()),
+            .keyPresses = std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>(),
+                                                              std::make_unique<LinuxDesktopKeys>()),
             .windowGeometry =
                 std::make_shared<QtWindowGeometry>(userStateFolder() / "glidemap" / "window.ini"),
             .desktopHelper = GnomeDesktopHelper::ofThisSession(mainQueue),

@@ -17,6 +17,7 @@ constexpr int iconGap = 6;
 
 bool isProminent(const QStyleOptionButton& option, const QWidget* widget) {
     return option.features.testFlag(QStyleOptionButton::DefaultButton) ||
+           option.state.testFlag(QStyle::State_On) || // a toggle that is on
            (widget != nullptr && widget->property("prominent").toBool());
 }
 
@@ -24,8 +25,7 @@ ButtonLook lookOf(const QStyleOptionButton& option, const QWidget* widget) {
     ButtonLook look;
     look.isEnabled = option.state.testFlag(QStyle::State_Enabled);
     look.isHovered = option.state.testFlag(QStyle::State_MouseOver);
-    look.isPressed =
-        option.state.testFlag(QStyle::State_Sunken) || option.state.testFlag(QStyle::State_On);
+    look.isPressed = option.state.testFlag(QStyle::State_Sunken);
     look.isProminent = isProminent(option, widget);
     look.isRecording = widget != nullptr && widget->property("recording").toBool();
     return look;

@@ -1,4 +1,5 @@
-// Push buttons: plain, and prominent ones (the default one, and those with the property "prominent").
+// Push buttons: plain, and prominent ones (the default one, toggles that are on, and those with the
+// property "prominent").
 //
 // Thread:  the main thread.
 #pragma once

@@ -1,4 +1,4 @@
-#include "ui/editor/gesture_item_delegate.h"
+#include "ui/controls/marked_item_delegate.h"
 
 #include "ui/theme/item_roles.h"
 #include "ui/theme/symbol.h"
@@ -14,14 +14,14 @@ constexpr int markRoom = 28;
 
 } // namespace
 
-GestureItemDelegate::GestureItemDelegate(GestureType marked, QObject* parent)
+MarkedItemDelegate::MarkedItemDelegate(std::optional<int> marked, QObject* parent)
     : QStyledItemDelegate(parent), chosen(marked) {}
 
-void GestureItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                                const QModelIndex& index) const {
+void MarkedItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
-    if (index.data(headingRole).toBool() ||
-        index.data(gestureRole).toInt() != static_cast<int>(chosen)) {
+    if (!chosen || index.data(headingRole).toBool() ||
+        index.data(entryValueRole).toInt() != *chosen) {
         return;
     }
     QRectF mark(0, 0, markSize, markSize);
