@@ -16,14 +16,14 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::array sizes{16, 22, 24, 32, 48, 64}; // those that bars ask for
+constexpr std::array sizes{16, 22, 24, 32, 48, 64}; // requested by known bars
 
 const QColor light(0xf4, 0xf4, 0xf4);
 const QColor dark(0x2a, 0x2a, 0x2a);
 
-constexpr double edgeOpacity = 0.55; // seen where it has to be, and not where it has not
+constexpr double edgeOpacity = 0.55; // visible on any background without dominating
 
-// The symbol's own shape in another colour, moved by a little to all sides, behind it.
+// The symbol's shape in another colour behind it, shifted slightly in all directions.
 QPixmap drawn(std::string_view symbol, int size, double strength) {
     const bool isDark = Theme::shared().isDark();
     const int edge = size >= 32 ? 2 : 1;
@@ -39,21 +39,21 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     }
     painter.setOpacity(1);
     painter.drawPixmap(edge, edge, shape);
-    if (strength < 1) { // of the whole, whose layers would shine through each other
+    if (strength < 1) { // applied to the whole, so that no layer shines through
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
         painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
     }
     return pixmap;
 }
 
-// The theme that all others fall back to, which is where programs install their icons. Asking the
-// toolkit's icon themes takes longer than a window does.
+// Looks in hicolor, the fallback of all icon themes, where programs install their icons. Querying
+// QIcon's themes takes longer than opening a window.
 bool isInstalled(const QString& name) {
     const QString place = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(name);
     return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, place).isEmpty();
 }
 
-// Drawn when a bar asks for it, at the size that it asks for.
+// Draws the icon when a bar requests it, at the requested size.
 class Engine : public PixmapIconEngine {
 public:
     Engine(std::string_view drawnSymbol, QString nameInTheme, double drawnStrength)
@@ -73,7 +73,7 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
         return side > 2 ? drawn(symbol, side, strength)
-                        : QPixmap(); // edges alone are nothing to see
+                        : QPixmap(); // too small for anything but edges
     }
 
 private:

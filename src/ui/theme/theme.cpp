@@ -19,7 +19,8 @@ std::shared_ptr<AppearanceSettings>& sharedSettings() {
 
 } // namespace
 
-// Sees the desktop's palette and font change. It lives as long as the application, which may go first.
+// Watches the desktop's palette and font. It is a child of the application, which may be destroyed
+// first.
 class Theme::DesktopWatch : public QObject {
 public:
     DesktopWatch(Theme& watching, QApplication& application) : theme(watching) {

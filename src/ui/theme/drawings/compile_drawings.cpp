@@ -1,13 +1,12 @@
-// glidemap-compile-drawings: a step of the build, not of what is installed. It turns our SVG drawings
-// into what the program can show without reading XML, and without the library that reads it:
+// glidemap-compile-drawings: a build step that is not installed. It converts our SVG drawings to a
+// form that the program can show without an XML parser or the SVG library:
 //
-//   shapes SVG OUTPUT             the outlines of a symbol, in order, each with the pen it is drawn
-//                                 with; none means that it is filled
-//   pixels SVG SIZE OUTPUT        a picture of SIZE by SIZE, row by row, as QImage keeps
-//                                 Format_ARGB32_Premultiplied
+//   shapes SVG OUTPUT             the outlines of a symbol in order, each with its pen; an outline
+//                                 without a pen is filled
+//   pixels SVG SIZE OUTPUT        an image of SIZE by SIZE, row by row, in the layout of
+//                                 QImage::Format_ARGB32_Premultiplied
 //
-// The shapes are those that the SVG renderer draws, so the program's symbols look exactly as the
-// drawings do.
+// The shapes come from the SVG renderer, so the program's symbols look exactly like the drawings.
 #include <QDataStream>
 #include <QFile>
 #include <QImage>
@@ -30,7 +29,7 @@ constexpr int stream = QDataStream::Qt_6_0;
     std::exit(EXIT_FAILURE);
 }
 
-// Takes down what is painted instead of painting it.
+// Records the painted shapes instead of painting them.
 class Recorder : public QPaintEngine {
 public:
     explicit Recorder(QDataStream& output) : QPaintEngine(AllFeatures), out(output) {}
