@@ -1,13 +1,12 @@
-// A dialog that hangs from the top of its window, which waits, dimmed, until the sheet has gone.
+// A dialog at the top of its window. The window is dimmed and blocked until the sheet closes.
 //
-// It is a window of its own, because it may be larger than the one it hangs from. Its corners are
-// round and it casts a shadow where the desktop can show what lies behind a window; elsewhere its
-// shape is cut out.
+// The sheet is a separate window, because it may be larger than its parent. On a compositing
+// desktop it has round corners and a shadow; otherwise a mask cuts its shape.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its window; deletes itself when it has been closed.
-// Errors:  none. On a screen too small for it, it is as large as fits and its content scrolls.
+// Owner:   its window. Deletes itself after closing.
+// Errors:  none. On a small screen it shrinks to fit and its content scrolls.
 #pragma once
 
 #include "ui/controls/slide.h"
@@ -23,17 +22,17 @@ namespace glidemap {
 
 class Sheet : public QDialog {
 public:
-    // `content` becomes the sheet's. `size` is the content's, where the screen has room for it.
+    // Takes ownership of `content`. `size` is the content's size, if the screen has room for it.
     Sheet(QWidget* hangsFrom, QWidget* content, QSize size);
     ~Sheet() override;
 
-    // Called once, when it has been closed, however that came.
+    // Called once after closing, for any cause.
     std::function<void()> onClosed;
 
     void present();
     void dismiss();
 
-    // The sheet without its shadow, on the screen.
+    // The sheet without its shadow, in screen coordinates.
     QRect cardGeometry() const;
 
 protected:
@@ -52,7 +51,7 @@ private:
     QSize wanted;
     QScrollArea* scroller;
     QPointer<Veil> veil;
-    QRect placed; // where the card belongs
+    QRect placed; // the card's final position
     bool isTranslucent;
     bool hasClosed = false;
     Slide arrival{this, [this] {
