@@ -44,7 +44,7 @@ void GestureDemoView::paintEvent(QPaintEvent* /*event*/) {
     if (Theme::shared().reducesMotion() || !canBeSeen()) {
         untilNextFrame.stop();
     } else {
-        untilNextFrame.start(); // before drawing, whose time is part of the interval
+        untilNextFrame.start(); // before drawing, because drawing time is part of the interval
     }
     QPainter painter(this);
     demo::draw(gesture, moment(), painter, size());
@@ -64,7 +64,7 @@ void GestureDemoView::hideEvent(QHideEvent* /*event*/) {
     }
 }
 
-// A window that comes back from being minimised or covered is shown as it was, without a paint.
+// A window that is restored or uncovered may be shown without a paint event.
 bool GestureDemoView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange) {
         update();
@@ -80,7 +80,7 @@ double GestureDemoView::moment() const {
     return sinceTheLast < 0 ? sinceTheLast + demo::loopDuration : sinceTheLast;
 }
 
-// Pictures may be taken of what is not on the screen.
+// A widget that is not on the screen may still be rendered into an image.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
     return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed() &&
