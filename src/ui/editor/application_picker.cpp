@@ -47,8 +47,8 @@ void ApplicationPicker::reload() {
     setCurrentIndex(1 + static_cast<int>(found - apps.begin()));
 }
 
-// So that its name is shown and read out as the current text. Nobody sees it in the list, and
-// neither pointer nor keys can choose it.
+// Makes its name the current text for the screen and for screen readers. The entry is hidden in the
+// list, and neither pointer nor keys can choose it.
 void ApplicationPicker::addHiddenEntry(const RunningApp& app) {
     addItem(toQt(app.name));
     const int row = count() - 1;
@@ -70,7 +70,7 @@ void ApplicationPicker::pick(int index) {
     }
 }
 
-// What stands for none is no choice, and does not look like one.
+// Draws the text for "no application" as a placeholder.
 void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
     Picker::initStyleOption(option);
     if (currentIndex() == 0) {
@@ -89,7 +89,7 @@ void ApplicationPicker::showEvent(QShowEvent* event) {
     Picker::showEvent(event);
 }
 
-// Arrows and letters choose without opening the list.
+// Arrow keys and letters change the choice without opening the list.
 void ApplicationPicker::keyPressEvent(QKeyEvent* event) {
     reload();
     Picker::keyPressEvent(event);

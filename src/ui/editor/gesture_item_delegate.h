@@ -1,7 +1,9 @@
-// Draws the entries of the list of gestures: as the style draws any, with a mark at the one that is
-// chosen now.
+// Draws the entries of the gesture list in the application's style, with a check mark at the chosen
+// gesture.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -10,7 +12,7 @@
 
 namespace glidemap {
 
-// Which gesture an entry stands for, as its number.
+// The gesture of an entry, as its number.
 constexpr int gestureRole = Qt::UserRole + 1;
 
 class GestureItemDelegate : public QStyledItemDelegate {

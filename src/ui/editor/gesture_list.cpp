@@ -104,7 +104,7 @@ void GestureList::addGroup(const QString& title, const std::vector<GestureType>&
     }
 }
 
-// Whoever has typed wants what comes first; whoever has not wants to start from the choice of before.
+// Marks the first match after typing, and otherwise the current choice.
 void GestureList::markFirst() {
     const bool isSearching = !field->text().trimmed().isEmpty();
     for (int row = 0; row < model->rowCount(); ++row) {
@@ -119,12 +119,12 @@ void GestureList::markFirst() {
 void GestureList::mark(int row) {
     const QModelIndex index = model->index(row, 0);
     list->setCurrentIndex(index);
-    // The first of a group shows its heading, too.
+    // For the first entry of a group, scrolls its heading into view, too.
     if (isHeading(index.siblingAtRow(row - 1))) {
         list->scrollTo(index.siblingAtRow(row - 1));
     }
     list->scrollTo(index);
-    // The list never has the focus, so it does not say itself what is marked.
+    // The list never has the focus, so Qt does not report its current entry.
     if (QAccessible::isActive()) {
         QAccessibleEvent event(list, QAccessible::Focus);
         event.setChild(row);
@@ -150,7 +150,7 @@ void GestureList::move(int steps) {
 
 void GestureList::choose(const QModelIndex& index) {
     if (index.isValid() && !isHeading(index) && onChoose) {
-        onChoose(gestureOf(index)); // may end this list
+        onChoose(gestureOf(index)); // may delete this list
     }
 }
 

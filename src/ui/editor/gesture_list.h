@@ -1,11 +1,11 @@
-// The catalogue of gestures as a list by category, with a search field above it. What is typed goes
-// into the search; arrows move through what it has found, Return chooses.
+// The gesture catalogue as a list by category, below a search field. Typing searches, arrow keys
+// move through the results, and Return chooses.
 //
-// The focus stays in the field, where input methods can work.
+// The focus stays in the search field, which supports input methods.
 //
 // Thread:  the main thread.
-// Owner:   its parent; the language outlives it.
-// Errors:  none. Where nothing is found it says so.
+// Owner:   its parent. The language outlives it.
+// Errors:  none. An empty result shows a text.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -30,7 +30,7 @@ public:
 
     std::function<void(GestureType)> onChoose;
 
-    // Called when Tab is pressed: the user wants to go on.
+    // Called when Tab is pressed, to move the focus on.
     std::function<void()> onLeave;
 
 protected:

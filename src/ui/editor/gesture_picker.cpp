@@ -14,7 +14,7 @@ namespace {
 
 constexpr QSize listSize{300, 360};
 
-// Whether the key types something, rather than doing something.
+// Whether the key produces text instead of a command.
 bool types(const QKeyEvent& event) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !event.text().isEmpty() && event.text().front().isPrint() &&
@@ -95,7 +95,7 @@ void GesturePicker::hideEvent(QHideEvent* event) {
     Picker::hideEvent(event);
 }
 
-// All others are left to the sheet: Return saves, Escape cancels.
+// Leaves other keys to the sheet: Return saves, Escape cancels.
 void GesturePicker::keyPressEvent(QKeyEvent* event) {
     if (opens(event->key())) {
         showPopup();

@@ -11,14 +11,14 @@ namespace glidemap {
 
 namespace {
 
-// A language of its own, whatever the interface's is.
+// A fixed language, independent of the interface language.
 struct FixedLanguage {
     explicit FixedLanguage(const std::string& code) { lang.setCode(code); }
 
     Lang lang{nullptr};
 };
 
-// Chinese has no case, and the English names no letters beyond these.
+// Handles only ASCII: Chinese has no case, and the English names use no other letters.
 std::string lowered(std::string text) {
     for (char& letter : text) {
         if (letter >= 'A' && letter <= 'Z') {
@@ -28,7 +28,7 @@ std::string lowered(std::string text) {
     return text;
 }
 
-// Chinese input methods type a space of their own.
+// Chinese input methods type the ideographic space U+3000.
 std::string withPlainSpaces(std::string text) {
     constexpr std::string_view ideographicSpace = "\u3000";
     for (std::size_t at = 0; (at = text.find(ideographicSpace, at)) != std::string::npos;) {
@@ -51,7 +51,7 @@ std::vector<std::string> wordsOf(std::string_view text) {
     }
 }
 
-// All the names under which a gesture is found, one a line, so that no word spans two.
+// All searchable names of a gesture, one per line, so that no word matches across two names.
 std::string searchable(GestureType gesture) {
     static const FixedLanguage english("en");
     static const FixedLanguage chinese("zh");
