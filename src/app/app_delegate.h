@@ -58,7 +58,7 @@ public:
         std::function<std::shared_ptr<GestureDispatcher>(std::shared_ptr<BindingStore>)>
             makeDispatcher;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-        // Called once. Returns a window with title and size, centered on the screen or in its last
+        // Called once. Returns a window with title and size, centred on the screen or in its last
         // place.
         std::function<std::unique_ptr<QWidget>(const Shown&)> makeSettingsWindow;
         Lang* lang = &Lang::shared();

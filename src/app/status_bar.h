@@ -16,7 +16,7 @@ public:
         none,
         drawsItself, // it loads the icon by name and may read the menu at any time
         embeds,      // it only gives the item an area to draw in
-        opensMenu,   // a click opens the menu, and the bar recolors the icon
+        opensMenu,   // a click opens the menu, and the bar recolours the icon
     };
 
     StatusBar() = default;
