@@ -1,12 +1,12 @@
-// Writes a picture of every window and state of the interface, and a page that shows them:
+// Writes pictures of all windows and states of the interface, and a page that shows them:
 //
 //   glidemap-screenshots [--brief] FOLDER
 //
-// Each state is there in both languages, light and dark, at one and at two pixels for a point. It
-// uses the real widgets over doubles of what they show, without a display; the same program gives
-// the same pictures. --brief makes a few only. Fails if one cannot be written or shows nothing.
+// Each state appears in both languages, light and dark, at scales 1 and 2. The pictures show the
+// real widgets with fake services, without a display, and are reproducible. --brief writes only a
+// few. Fails if a picture cannot be written or is blank.
 //
-// A program has one scale for as long as it runs, so a second one makes the sharper half.
+// A process has one scale for its lifetime, so a second process writes the pictures at scale 2.
 #include "core/lang.h"
 #include "screenshots/album.h"
 #include "screenshots/photograph.h"
@@ -50,7 +50,7 @@ std::vector<Scene> scenes(bool brief) {
     return all;
 }
 
-// A display in memory with room for every window at either scale.
+// An offscreen display with room for every window at both scales.
 bool useDisplayInMemory(const QTemporaryDir& folder) {
     const std::string file = folder.filePath("display.json").toStdString();
     std::ofstream description(file);
@@ -61,14 +61,15 @@ bool useDisplayInMemory(const QTemporaryDir& folder) {
     return description.good();
 }
 
-// What a display in memory cannot do is of no concern to pictures.
+// Suppresses warnings about missing features of the offscreen display, which do not affect
+// pictures.
 void passOn(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
     if (!message.startsWith("This plugin does not support")) {
         std::cerr << message.toStdString() << '\n';
     }
 }
 
-// Nothing that differs from machine to machine or moves on its own.
+// Removes differences between machines, and animations.
 void settleAppearance(QApplication& application) {
     QApplication::setFont(QFont("Inter"));
     QApplication::setCursorFlashTime(0);
@@ -121,7 +122,7 @@ int run(QApplication& application, const QString& folder, bool brief) {
 } // namespace
 
 int main(int count, char** arguments) {
-    // The stages of the tests say with expectations what did not go as arranged.
+    // The stages use test expectations; a failed one must abort.
     testing::FLAGS_gtest_throw_on_failure = true;
     testing::InitGoogleTest(&count, arguments);
     const QTemporaryDir folder;
