@@ -46,7 +46,7 @@ protected:
         letGo(key);
     }
 
-    // Shows that nothing else had reached the window: it would have been told before.
+    // Types into the window. Earlier keys in the window would have been reported first.
     void expectTypedIntoWindow() {
         type(KEY_Q);
         expect("pressed 81");
@@ -68,7 +68,7 @@ struct DesktopNames {
 using Desktops = testing::Types<TypingXServer, TypingSway>;
 TYPED_TEST_SUITE(RealKeys, Desktops, DesktopNames);
 
-TYPED_TEST(RealKeys, AreRecordedByTheirPlaceAndReachNothingElse) {
+TYPED_TEST(RealKeys, AreRecordedByTheirPhysicalKeyAndReachNoWindow) {
     struct Row {
         int key;
         const char* recorded;
@@ -106,7 +106,7 @@ TYPED_TEST(RealKeys, EachModifierHasItsBit) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, SeveralModifiersAreRecordedTogether) {
+TYPED_TEST(RealKeys, CombinedModifiersAreRecordedTogether) {
     this->record();
     for (const int key : {KEY_LEFTALT, KEY_LEFTSHIFT, KEY_LEFTMETA}) {
         this->hold(key);
@@ -144,7 +144,7 @@ TYPED_TEST(RealKeys, ShiftAndEscapeAreRecorded) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, WithCapsLockOnEscapeIsRecordedAndALetterHasNoModifiers) {
+TYPED_TEST(RealKeys, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
     this->record();
     this->type(KEY_CAPSLOCK);
     this->type(KEY_ESC);
@@ -158,8 +158,8 @@ TYPED_TEST(RealKeys, WithCapsLockOnEscapeIsRecordedAndALetterHasNoModifiers) {
     this->expect("stopped");
 }
 
-// Space clicks the button that has the focus: once it is let go, the recorder records.
-TYPED_TEST(RealKeys, TheSpaceThatClicksTheButtonIsNotRecorded) {
+// Space clicks the focused button: the recorder starts when Space is released.
+TYPED_TEST(RealKeys, SpaceThatClicksTheButtonIsNotRecorded) {
     this->type(KEY_SPACE);
     this->expect("recording");
     this->type(KEY_SPACE);
