@@ -23,7 +23,7 @@ struct Kind {
     std::unique_ptr<PanelDesktop> (*make)();
 };
 
-// For Google Test.
+// Used by Google Test.
 void PrintTo(const Kind& kind, std::ostream* stream) {
     *stream << kind.name;
 }

@@ -10,7 +10,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Covers busy machines. Reaches this time-out only if the test fails.
+// Long enough for a busy machine: only a failing test reaches this time-out.
 constexpr std::chrono::seconds patience{120};
 
 constexpr guint lookAgainAfter = 15; // milliseconds

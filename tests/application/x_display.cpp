@@ -57,9 +57,9 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
     EXPECT_TRUE(waitForWindowManager()) << "the window manager never took over";
 }
 
-// A window manager announces itself long before it manages windows, and ignores windows that exist
-// when it starts. It processes the events that it has read only when more arrive. So this repeats a
-// request until the window manager handles it.
+// A window manager announces itself long before it manages windows, and does not focus windows that
+// exist when it starts. Events that it has already read wait until another one arrives. So this
+// repeats a request until the window manager handles it.
 bool XDisplay::waitForWindowManager() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const bool answers = waitUntil([&] {

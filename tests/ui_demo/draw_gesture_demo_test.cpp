@@ -281,7 +281,7 @@ TEST_F(TheDrawing, TakesItsColorsFromTheTheme) {
     }
 }
 
-TEST_F(TheDrawing, LeavesThePainterAsItWas) {
+TEST_F(TheDrawing, RestoresThePainter) {
     QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
     const QPen pen(Qt::red, 3);

@@ -205,7 +205,7 @@ TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
     }
 }
 
-TEST_F(TheEditorsKeys, EveryLabelBelongsToItsControl) {
+TEST_F(TheEditorsKeys, EveryLabelIsTheBuddyOfItsControl) {
     open();
     std::vector<std::string> pairs;
     for (const QLabel* const label : window.findChildren<QLabel*>()) {

@@ -44,7 +44,7 @@ constexpr Text texts[] = {
     {"addBinding", "Add Binding", "添加绑定"},
 };
 
-TEST_F(SettingsHeaderTest, SpeaksEnglish) {
+TEST_F(SettingsHeaderTest, ShowsEnglishTexts) {
     stage.open();
     for (const Text& text : texts) {
         EXPECT_EQ(stage.text(text.name), text.english);
@@ -53,7 +53,7 @@ TEST_F(SettingsHeaderTest, SpeaksEnglish) {
               "Start Glidemap automatically when you log in to macOS");
 }
 
-TEST_F(SettingsHeaderTest, SpeaksChinese) {
+TEST_F(SettingsHeaderTest, ShowsChineseTexts) {
     Lang::shared().setCode("zh");
     stage.open();
     for (const Text& text : texts) {
@@ -207,7 +207,7 @@ TEST_F(SettingsHeaderTest, BothLanguageNamesFitIntoTheirPicker) {
     }
 }
 
-TEST_F(SettingsHeaderTest, IsPaddedByTwelvePointsWithFourteenBetween) {
+TEST_F(SettingsHeaderTest, HasTwelvePointsOfPaddingAndFourteenOfSpacing) {
     stage.open({1000, 640});
     EXPECT_EQ(leftOf("title"), 12);
     const auto gap = [&](const char* left, const char* right) {

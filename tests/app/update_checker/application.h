@@ -20,7 +20,7 @@ public:
     // The tests' servers are local, so requests must bypass any proxy.
     Application() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
 
-    // Reaches this time-out only if the test fails.
+    // Only a failing test reaches this time-out.
     static bool runUntil(const std::function<bool()>& happened) {
         return QTest::qWaitFor(happened, std::chrono::milliseconds(patience).count());
     }
