@@ -13,7 +13,7 @@ namespace glidemap {
 
 namespace {
 
-// A body that is a manifest counts, even if the transport reports an error.
+// A valid manifest counts, even if the transport reports an error.
 UpdateResult resultOf(const Fetched& fetched, const std::string& running) {
     if (auto version = versionInManifest(fetched.body)) {
         return isNewerVersion(*version, running) ? std::move(version) : std::nullopt;

@@ -29,7 +29,7 @@ std::uint32_t symbolOf(const std::string& key) {
     if (const auto named = namedKeys().find(key); named != namedKeys().end()) {
         return named->second;
     }
-    // The keysym of a letter key is that of the small letter.
+    // The keysym of a letter key is that of the lower-case letter.
     return static_cast<std::uint32_t>(std::tolower(static_cast<unsigned char>(key.front())));
 }
 

@@ -61,7 +61,7 @@ private:
     Lang& lang;
     QBoxLayout* whole;
     QHBoxLayout* controls;
-    int lineNeeds = 0; // points for one line in both languages
+    int lineNeeds = 0; // points that one line needs, in both languages
     StyledLabel* title = nullptr;
     StyledLabel* subtitle = nullptr;
     QCheckBox* launchAtLogin = nullptr;

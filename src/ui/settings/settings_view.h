@@ -1,5 +1,5 @@
-// The content of the settings window: bindings, switches, notices, and the last gesture. It keeps
-// no state of its own: changes go to the services, and changes of the services appear here at once.
+// The content of the settings window: bindings, switches, notices, and the last gesture. It owns
+// none of the data: changes go to the services, and changes of the services appear here at once.
 //
 // Units:   points.
 // Thread:  the main thread.

@@ -79,7 +79,8 @@ void UndoBar::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
-// The bar may appear under a delete button: the second click of a double click must not hit it.
+// The bar may appear under the pointer after a click on a delete button: the second click of a
+// double click must not undo.
 bool UndoBar::eventFilter(QObject* watched, QEvent* event) {
     return watched == button ? event->type() == QEvent::MouseButtonDblClick : takesKey(*event);
 }
