@@ -50,8 +50,8 @@ public:
     // Whether the item is in a bar.
     bool isShown() const { return item != nullptr; }
 
-    // Call when the menu's texts have changed. A menu is up to date when it opens, but a bar that
-    // draws the menu itself read it earlier, and must be notified of each change.
+    // Call when the menu's texts have changed. A menu is updated when it opens, but a bar that
+    // draws the menu itself reads it earlier. Such a bar must be notified of each change.
     void menuHasChanged();
 
     void setLook(Look now);

@@ -2,7 +2,7 @@
 //
 //   {"version": "1.4.2"}
 //
-// Other keys are ignored, whatever their values. The last value of a repeated key counts. The text
+// Other keys are ignored, independent of their values. The last value of a repeated key counts. The text
 // is UTF-8, optionally with a byte-order mark; text after the object is invalid.
 //
 // Memory:  the version and one token of the text, at any depth of nesting.

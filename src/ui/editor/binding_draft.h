@@ -1,7 +1,7 @@
 // The values of the editor's fields, and the binding that they make once they are complete.
 //
-// A field that the chosen kinds do not use keeps its value but is not saved, so that switching the
-// kind back and forth loses nothing.
+// A field that the chosen kinds do not use keeps its value but is not saved. So switching the kind
+// back and forth loses nothing.
 //
 // Thread:  any; a plain value.
 // Owner:   the editor.

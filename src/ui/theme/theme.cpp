@@ -19,8 +19,7 @@ std::shared_ptr<AppearanceSettings>& sharedSettings() {
 
 } // namespace
 
-// Watches the desktop's palette and font. It is a child of the application, which may be destroyed
-// first.
+// Watches the desktop's palette and font. The application may be destroyed before it.
 class Theme::DesktopWatch : public QObject {
 public:
     DesktopWatch(Theme& watching, QApplication& application) : theme(watching) {
