@@ -2,8 +2,8 @@
 //
 //   {"version": "1.4.2"}
 //
-// Other keys are ignored, independent of their values. The last value of a repeated key counts. The text
-// is UTF-8, optionally with a byte-order mark; text after the object is invalid.
+// All other keys are ignored. The last value of a repeated key counts. The text is UTF-8,
+// optionally with a byte-order mark; text after the object is invalid.
 //
 // Memory:  the version and one token of the text, at any depth of nesting.
 // Thread:  any.
