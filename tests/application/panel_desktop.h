@@ -30,7 +30,7 @@ public:
     // The environment of the desktop's programs. HOME and the XDG folders belong to the desktop.
     virtual desktops::Environment environment() const = 0;
 
-    // Waits until the panel accepts items.
+    // Starts the panel and waits until it accepts items.
     virtual void startPanel() = 0;
 
     // Simulates a crash of the panel.

@@ -18,7 +18,7 @@ namespace {
 
 class SettingsHeaderTest : public testing::Test {
 protected:
-    // Positions in the header, of the visible part.
+    // The position of the visible shape of a control in the header.
     int leftOf(const char* name) const { return test::seenRect(*stage.find(name)).left(); }
     int rightOf(const char* name) const { return test::seenRect(*stage.find(name)).right() + 1; }
     SettingsHeader& header() const {

@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// The identifier identifies the application. Two values are equal only if identifier and name are.
+// Two values are equal only if identifier and name are equal.
 struct RunningApp {
     std::string bundleID;
     std::string name;
