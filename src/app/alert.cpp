@@ -11,7 +11,7 @@ namespace glidemap {
 namespace {
 
 constexpr QSize iconSize(56, 56);
-constexpr int leastTextWidth = 340; // sentences break late, and every alert is of one shape
+constexpr int minTextWidth = 340; // avoids early line breaks, and gives all alerts one shape
 
 QString toQt(const std::string& text) {
     return QString::fromStdString(text);
@@ -26,7 +26,7 @@ QLabel* labelThatShows(const QWidget& alert, const QString& text) {
     return nullptr;
 }
 
-// The message stands out as a headline over what explains it.
+// Shows the message as a headline above the informative text.
 void dressTexts(const QMessageBox& alert) {
     if (QLabel* const message = labelThatShows(alert, alert.text()); message != nullptr) {
         QFont bold;
@@ -34,7 +34,7 @@ void dressTexts(const QMessageBox& alert) {
         message->setFont(bold);
     }
     if (QLabel* const rest = labelThatShows(alert, alert.informativeText()); rest != nullptr) {
-        rest->setMinimumWidth(leastTextWidth);
+        rest->setMinimumWidth(minTextWidth);
     }
 }
 

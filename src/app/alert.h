@@ -2,8 +2,8 @@
 // open. The toolkit draws it on every system.
 //
 // Thread:  the main thread.
-// Owner:   whoever shows it; the language outlives it.
-// Errors:  none. Texts are shown as they are and never taken for markup: some come from outside.
+// Owner:   the caller that shows it. The language outlives it.
+// Errors:  none. Texts are shown as plain text, never as markup, because some come from outside.
 #pragma once
 
 #include "core/lang.h"
@@ -25,17 +25,17 @@ struct AlertText {
     friend bool operator==(const AlertText&, const AlertText&) = default;
 };
 
-// One that leaves nothing to choose.
+// An alert with only an OK button.
 AlertText told(std::string message, std::string informative, const Lang& lang);
 
 class Alert : public QMessageBox {
 public:
-    // There are as many buttons in each language.
+    // Returns the same number of buttons in each language.
     using Texts = std::function<AlertText(const Lang&)>;
 
     Alert(Texts texts, Lang& lang, QWidget* parent = nullptr);
 
-    // Whether it was ended by its first button.
+    // Whether the user closed it with its first button.
     bool firstButtonWasChosen() const { return clickedButton() == first; }
 
 private:

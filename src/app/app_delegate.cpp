@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-// A single & would underline the letter behind it.
+// Escapes &, which Qt would show as an underlined mnemonic.
 QString menuTitle(const std::string& title) {
     return QString::fromStdString(title).replace('&', "&&");
 }
@@ -41,8 +41,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     ports.shell->becomeAccessory();
     setupMainMenu();
     setupStatusItem();
-    ports.trust
-        ->isTrustedWithPrompt(); // whatever it is: what needs access meets the refusal itself
+    ports.trust->isTrustedWithPrompt(); // the result is not needed: each service reports a refusal
     dispatcher();
     updateChecker->start();
     keepStatusMenuCurrent();
@@ -57,7 +56,7 @@ void AppDelegate::applicationWillTerminate() {
     if (runtime != nullptr) {
         runtime->stop();
     }
-    store->saveIfLastSaveFailed(); // after the touchpads: it may wait for another writer
+    store->saveIfLastSaveFailed(); // after the touchpads: saving may wait for another writer
 }
 
 void AppDelegate::setupMainMenu() {
@@ -85,7 +84,7 @@ void AppDelegate::setupStatusItem() {
     statusItem->onFound = weakly(&AppDelegate::takeBackThatThereIsNoStatusBar);
 }
 
-// Without a title: that comes when the menu opens.
+// The title is set when the menu opens.
 QAction* AppDelegate::addStatusMenuItem(void (AppDelegate::*action)(), const char* keys) {
     QAction* item = statusItem->menu().addAction(QString());
     item->setShortcut(QKeySequence(keys));
@@ -101,7 +100,7 @@ std::function<void()> AppDelegate::weakly(void (AppDelegate::*method)()) {
     };
 }
 
-// For the bars that read the menu long before it opens.
+// Some bars read the menu long before it opens.
 void AppDelegate::keepStatusMenuCurrent() {
     for (Observable* shown :
          {&ports.lang->changes(), &dispatcher()->changes(), &updateChecker->changes()}) {
@@ -180,13 +179,13 @@ void AppDelegate::showResult(const UpdateResult& result) {
     alert.setWindowModality(Qt::ApplicationModal);
     alert.show();
     ports.shell->activate(alert);
-    alert.exec(); // a loop of its own: gestures and their actions go on meanwhile
+    alert.exec(); // a nested event loop: gestures and their actions keep working
     if (offersDownload(result) && alert.firstButtonWasChosen()) {
         downloadUpdate();
     }
 }
 
-// What an alert stands before.
+// The parent window of an alert.
 QWidget* AppDelegate::windowForAlerts() const {
     return settingsWindow != nullptr && settingsWindow->isVisible() ? settingsWindow.get()
                                                                     : nullptr;
@@ -195,7 +194,7 @@ QWidget* AppDelegate::windowForAlerts() const {
 void AppDelegate::sayThatThereIsNoStatusBar() {
     noStatusBar = std::make_unique<Alert>(noStatusBarText, *ports.lang);
     noStatusBar->setModal(false);
-    noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // nothing that cannot wait
+    noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // not urgent
     noStatusBar->show();
 }
 

@@ -1,14 +1,14 @@
-// Owns the services that live as long as the program, ties them to each other when it is launched,
-// and shows its status item, its menus, its window and its alerts. It decides nothing about
-// gestures: it only connects those who do.
+// Owns the services that live as long as the program, connects them on launch, and shows the status
+// item, menus, window and alerts. It decides nothing about gestures.
 //
-// Every callback that it installs elsewhere holds it weakly: with the delegate gone it does
-// nothing, and answers false.
+// Each callback that it installs in another object holds the delegate weakly. Once the delegate is
+// destroyed, the callback does nothing and returns false.
 //
-// Thread:  the main thread. What it installs in the touch engine and in the click monitor is called
-//          on theirs, and only reads what is there from the start on.
-// Owner:   the program makes one, and has it terminated before it lets go.
-// Errors:  those of others. A failed check for updates that the user has asked for is an alert.
+// Thread:  the main thread. Its callbacks for the touch engine and the click monitor run on the
+//          threads of those, and only read members that are set on creation.
+// Owner:   the program creates one, and terminates it before releasing it.
+// Errors:  those of its services. A failed check for updates that the user requested shows an
+//          alert.
 #pragma once
 
 #include "app/application_shell.h"
@@ -39,7 +39,7 @@ class Alert;
 
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 public:
-    // What the settings window shows.
+    // The services behind the settings window.
     struct Shown {
         std::shared_ptr<BindingStore> store;
         std::shared_ptr<GestureDispatcher> dispatcher;
@@ -51,14 +51,15 @@ public:
         std::shared_ptr<AccessibilityTrust> trust;
         std::shared_ptr<Workspace> workspace;
         std::shared_ptr<ClickTap> clickTap;
-        std::shared_ptr<UserSession> session = nullptr; // null: always in front
+        std::shared_ptr<UserSession> session = nullptr; // null: always in the foreground
         std::shared_ptr<TouchEngine> engine;
         std::function<std::shared_ptr<BindingStore>()> makeStore;
         std::function<std::shared_ptr<UpdateChecker>()> makeUpdateChecker;
         std::function<std::shared_ptr<GestureDispatcher>(std::shared_ptr<BindingStore>)>
             makeDispatcher;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-        // Made once: titled, sized, and in the middle of the screen or where it was last.
+        // Called once. Returns a window with title and size, centred on the screen or in its last
+        // place.
         std::function<std::unique_ptr<QWidget>(const Shown&)> makeSettingsWindow;
         Lang* lang = &Lang::shared();
     };
@@ -70,10 +71,10 @@ public:
 
     void applicationDidFinishLaunching();
 
-    // Once; a second call does nothing.
+    // Idempotent.
     void applicationWillTerminate();
 
-    // Fills in the status menu, which is about to open.
+    // Updates the status menu; called just before it opens.
     void menuNeedsUpdate();
 
     void toggleEnabled();
@@ -82,7 +83,7 @@ public:
     void checkForUpdates();
     void downloadUpdate();
 
-    // Touchpads may have come, and what had no access may have it now.
+    // Called when touchpads may have been connected, or when access may have been granted.
     void devicesMayHaveChanged();
 
 private:
@@ -109,7 +110,7 @@ private:
     Ports ports;
     bool isTerminated = false;
 
-    // Made in this order, and destroyed in the opposite one.
+    // Constructed in this order, and destroyed in reverse.
     std::unique_ptr<MainMenu> mainMenu;
     std::unique_ptr<StatusItem> statusItem;
     QAction* enableMenuItem = nullptr; // the status menu owns its items
@@ -120,8 +121,8 @@ private:
     std::unique_ptr<QWidget> settingsWindow;
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<UpdateChecker> updateChecker;
-    std::shared_ptr<GestureDispatcher> _dispatcher; // made when it is first read
-    std::unique_ptr<GestureRuntime> runtime;        // from the launch on
+    std::shared_ptr<GestureDispatcher> _dispatcher; // created on first use
+    std::unique_ptr<GestureRuntime> runtime;        // set on launch
     std::unique_ptr<Alert> noStatusBar;
     std::vector<Subscription> toShown;
 };

@@ -1,8 +1,8 @@
-// Port: what a program is to the desktop beside its windows.
+// Port: the program's presence on the desktop, apart from its windows.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one for the delegate.
-// Errors:  none: a desktop that does not let a program come forward leaves its window where it is.
+// Owner:   the program creates one for the delegate.
+// Errors:  none. If the desktop does not let a program raise itself, the window stays where it is.
 #pragma once
 
 class QWidget;
@@ -16,10 +16,11 @@ public:
     ApplicationShell& operator=(const ApplicationShell&) = delete;
     virtual ~ApplicationShell() = default;
 
-    // No place among the programs that run, such as in a dock: only a status item.
+    // Removes the program from docks and application switchers: it has only a status item.
     virtual void becomeAccessory() = 0;
 
-    // Brings the window before those of all other programs, with the keyboard. It is shown already.
+    // Raises the window above those of all other programs and gives it the keyboard focus. The
+    // window is already visible.
     virtual void activate(QWidget& window) = 0;
 
     // Gestures are on or off, from the launch on. While they are on the program must react at once, window or not.

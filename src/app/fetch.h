@@ -1,8 +1,8 @@
-// How the update checker reaches what is published: a function, so that its rules need no network.
+// How the update checker downloads its manifest: a function, so that tests need no network.
 //
-// Thread:  the main thread; `done` is called there, once, and never from within the call itself.
-// Owner:   what is under way keeps itself alive, whatever becomes of the function.
-// Errors:  as text beside whatever had come until then.
+// Thread:  the main thread. `done` is called there exactly once, and never within the call itself.
+// Owner:   a pending fetch keeps itself alive, even after the function is destroyed.
+// Errors:  as text, next to the data that arrived before the error.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,8 @@
 namespace glidemap {
 
 struct Fetched {
-    std::string body;                          // empty where none came
-    std::optional<std::string> transportError; // an answer of any HTTP status is none
+    std::string body;                          // empty if nothing arrived
+    std::optional<std::string> transportError; // unset for any HTTP status
 };
 
 using Fetch = std::function<void(const std::string& url, std::function<void(const Fetched&)> done)>;

@@ -1,4 +1,4 @@
-// glidemap-fetch URL: writes what is published there to the standard output. The program calls it once a
+// glidemap-fetch URL: downloads URL and writes it to standard output. The program calls it once a
 // day; see app/fetch_program.h.
 #include "app/https_fetch.h"
 
@@ -12,8 +12,9 @@
 
 namespace {
 
-// Address space in bytes. An HTTPS fetch takes less than a fifth of it; whatever a server makes the
-// libraries do, the machine keeps its memory. Sanitizers reserve much more for themselves.
+// Address space in bytes. An HTTPS fetch takes less than a fifth of it. The limit protects the
+// machine's memory, however a server's response affects the libraries. Sanitizers reserve much
+// more.
 [[maybe_unused]] constexpr rlim_t memoryLimit = 512UL * 1024 * 1024;
 
 void limitMemory() {

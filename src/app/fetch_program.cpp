@@ -12,7 +12,7 @@ namespace {
 
 using Done = std::function<void(const Fetched&)>;
 
-// One fetch, from the request to its end.
+// One fetch, from the request to its result.
 class Errand : public QObject {
 public:
     explicit Errand(Done then) : QObject(QCoreApplication::instance()), done(std::move(then)) {
@@ -21,7 +21,7 @@ public:
                 [this] { process.start(QIODevice::ReadOnly); });
         afterwards.setSingleShot(true);
         connect(&afterwards, &QTimer::timeout, this, [this] { tell(); });
-        // There is nobody to tell when the program ends.
+        // On quit, the result has no receiver left.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 [this] { delete this; });
         connect(&process, &QProcess::finished, this, [this] { finish(outcome()); });
@@ -58,7 +58,7 @@ private:
         }
     }
 
-    // Whoever is told may take his time, showing an alert: the program may end meanwhile.
+    // The callback may show an alert and take its time; the program may quit meanwhile.
     void tell() {
         const Done then = std::move(done);
         const Fetched what = std::move(*fetched);
@@ -84,7 +84,7 @@ Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds re
 std::filesystem::path installedFetchProgram() {
     const std::filesystem::path programs(QCoreApplication::applicationDirPath().toStdString());
     if (!programs.is_absolute()) {
-        return {}; // nobody knows where this program is; and what has no name does not start
+        return {}; // the own path is unknown; an empty path does not start
     }
     return programs.parent_path() / GLIDEMAP_HELPERS / "glidemap-fetch";
 }

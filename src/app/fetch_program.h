@@ -1,14 +1,14 @@
-// Fetches by a program of its own, which ends once it is done. What speaks HTTPS is by far the largest
-// part of what could be fetched with, and is needed for a moment a day: so it is loaded for that
-// moment, in another process, and whoever starts the program does not wait for it.
+// Fetches with a separate program. The libraries for HTTPS are by far the largest that a fetch
+// needs, and are used for a moment once a day. The helper process loads them only for that moment,
+// and the start of the main program does not wait for it.
 //
-// The program is called with the address. It writes the body to its standard output, ends with
-// success, or else with a word on its standard error about what went wrong; its time and the size of
-// the body are its own to limit.
+// The helper is called with the URL. It writes the body to standard output and exits with success,
+// or else writes one line about the failure to standard error. It limits its own time and the size
+// of the body.
 //
-// Thread:  the main thread, while there is a QCoreApplication; with that what is under way ends, too.
+// Thread:  the main thread, during the life of the QCoreApplication. Pending fetches end with it.
 // Owner:   as Fetch says.
-// Errors:  a program that cannot be started, or that crashes, is an error of the transport.
+// Errors:  a helper that cannot be started, or that crashes, is a transport error.
 #pragma once
 
 #include "app/fetch.h"
@@ -18,11 +18,11 @@
 
 namespace glidemap {
 
-// The program starts after a rest, which is that of whoever fetches while a window opens.
+// The helper starts after `rest`, which keeps the processor free while a window opens.
 Fetch fetchByProgram(std::filesystem::path program,
                      std::chrono::milliseconds rest = std::chrono::milliseconds(500));
 
-// The one that is installed with this program.
+// The helper that is installed with this program.
 std::filesystem::path installedFetchProgram();
 
 } // namespace glidemap

@@ -15,14 +15,14 @@ namespace {
 
 using Done = std::function<void(const Fetched&)>;
 
-constexpr int mostRedirects = 10;
+constexpr int maxRedirects = 10;
 constexpr qint64 readAtOnce = 64L * 1024;
 
 QNetworkRequest requestFor(const QUrl& url, const HttpsFetchSetup& setup) {
     using Request = QNetworkRequest;
     Request request(url);
     request.setHeader(Request::UserAgentHeader, "Glidemap/" GLIDEMAP_VERSION);
-    // As it is on the way: what is small when compressed could be very large afterwards.
+    // Request no compression: a small compressed body could become very large.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(Request::CacheLoadControlAttribute, Request::AlwaysNetwork);
     request.setAttribute(Request::CacheSaveControlAttribute, false);
@@ -31,7 +31,7 @@ QNetworkRequest requestFor(const QUrl& url, const HttpsFetchSetup& setup) {
     request.setAttribute(Request::AuthenticationReuseAttribute, Request::Manual);
     request.setAttribute(Request::Http2AllowedAttribute, false);
     request.setAttribute(Request::RedirectPolicyAttribute, Request::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(mostRedirects);
+    request.setMaximumRedirectsAllowed(maxRedirects);
     QSslConfiguration security = QSslConfiguration::defaultConfiguration();
     if (!setup.authorities.isEmpty()) {
         security.setCaCertificates(setup.authorities);
@@ -40,8 +40,7 @@ QNetworkRequest requestFor(const QUrl& url, const HttpsFetchSetup& setup) {
     return request;
 }
 
-// Qt reports an HTTP status of 400 and above as an error: by the kind of the status, in these two
-// ranges.
+// Qt reports an HTTP status of 400 and above as a network error, in one of these two ranges.
 bool isStatus(QNetworkReply::NetworkError error) {
     return (error >= QNetworkReply::ContentAccessDenied &&
             error <= QNetworkReply::UnknownContentError) ||
@@ -49,15 +48,15 @@ bool isStatus(QNetworkReply::NetworkError error) {
             error <= QNetworkReply::UnknownServerError);
 }
 
-// A redirect that is not followed has a body, too; it is not from where we asked for.
+// Discard the body of a redirect that is not followed: it does not come from the requested address.
 bool isRefusedRedirect(QNetworkReply::NetworkError error) {
     return error == QNetworkReply::InsecureRedirectError ||
            error == QNetworkReply::TooManyRedirectsError ||
            error == QNetworkReply::ProtocolUnknownError;
 }
 
-// One fetch, from the request to its end. Has a manager of its own: with it everything of the
-// network goes, its thread included.
+// One fetch, from the request to its result. Its own manager ends the network thread, too, when it
+// is destroyed.
 class Exchange : public QObject {
 public:
     Exchange(HttpsFetchSetup given, Done then);
@@ -82,17 +81,17 @@ private:
     QTimer whole;
     QByteArray body;
     bool tooLarge = false;
-    QString reason; // why we ended it ourselves
+    QString reason; // why this class aborted the transfer
 };
 
 Exchange::Exchange(HttpsFetchSetup given, Done then)
     : setup(std::move(given)), done(std::move(then)) {
-    // There is nobody to tell when the program ends.
+    // On quit, the result has no receiver left.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             [this] { delete this; });
 }
 
-// The first one loads everything for TLS, and who starts the program shall not wait for it.
+// The first request loads all of TLS. Deferring it keeps that out of the caller's startup.
 void Exchange::begin(const QUrl& url) {
     soon.setSingleShot(true);
     soon.callOnTimeout(this, [this, url] { ask(url); });
@@ -108,7 +107,7 @@ void Exchange::ask(const QUrl& url) {
     connect(reply, &QNetworkReply::redirected, this, [this] { silence.start(); });
     connect(reply, &QNetworkReply::readyRead, this, [this] { receive(); });
     connect(reply, &QNetworkReply::finished, this, [this] { finish(); });
-    if (reply->isFinished()) { // some failures are there before anyone can listen
+    if (reply->isFinished()) { // some requests fail before a signal can be connected
         finish();
     }
 }
@@ -144,7 +143,7 @@ void Exchange::giveUp(const QString& text) {
     }
 }
 
-// The network goes first: whoever is told may take his time, showing an alert.
+// Destroys the network objects first: the callback may show an alert and take its time.
 void Exchange::finish() {
     if (!done) {
         return;

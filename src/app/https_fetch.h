@@ -1,11 +1,10 @@
-// Fetches something small over HTTPS, anew each time: no cache, no cookies, and nothing of the
-// network is kept once it has ended. The programs that use it do so once a day.
+// Downloads a small file over HTTPS without caching: no cookies, and no network objects remain
+// afterwards. The programs that use it do so once a day.
 //
-// A redirect is followed to HTTPS only. A body that gets larger than its limit is cut off and
-// counts as a failure.
+// Follows redirects to HTTPS only. A body above the size limit is cut off and counts as a failure.
 //
 // Units:   bytes.
-// Thread:  the main thread, while there is a QCoreApplication.
+// Thread:  the main thread, during the life of the QCoreApplication.
 // Errors:  as Fetch says.
 #pragma once
 
@@ -18,12 +17,13 @@
 namespace glidemap {
 
 struct HttpsFetchSetup {
-    // Starts again with everything that comes.
+    // Time-out without received data; restarts with each chunk.
     std::chrono::milliseconds silence = std::chrono::seconds(15);
-    // Of the whole, so that one who sends a byte now and then does not keep us for ever.
+    // Time-out for the whole transfer, so that a server cannot keep it open by sending single
+    // bytes.
     std::chrono::milliseconds whole = std::chrono::seconds(60);
     qint64 largestBody = 1024L * 1024;
-    // Who vouches for the host; the system's where none is given.
+    // Trusted certificate authorities; empty means those of the system.
     QList<QSslCertificate> authorities = {};
 };
 

@@ -1,8 +1,10 @@
-// What the program was started for.
+// Parses the command line.
 //
-// Needs no library but the C library: the version and the help are printed before any other is loaded.
+// Needs only the C library, so that the version and the help are printed before any other library
+// is loaded.
 //
-// Errors:  values; nothing is printed here. The program takes no files and no options of the toolkit.
+// Errors:  as return values; prints nothing. The program accepts no files and none of the toolkit's
+//          options.
 #pragma once
 
 #include <span>

@@ -1,11 +1,11 @@
-// Switches launch at login on and off, and tells what came of it.
+// Switches launch at login on and off, and keeps the error of the last attempt.
 //
-// `enabled` is never the user's wish: it is read back from the system after each attempt. Only what
-// the system calls enabled counts; an item that still waits for the user's approval is off, and no
-// error.
+// `enabled` is never the user's wish: it is read back from the system after each attempt. Only the
+// system's state `enabled` counts; an item that still waits for the user's approval is off, and is
+// no error.
 //
 // Thread:  the main thread.
-// Owner:   the settings window; the service outlives it. Keeps nothing of its own: the system does.
+// Owner:   the settings window. The service outlives it. The state lives in the system alone.
 // Errors:  kept as text for display, in the language in which the attempt failed.
 #pragma once
 
@@ -26,7 +26,7 @@ public:
 
     bool enabled() const { return _enabled; }
 
-    // Of the last attempt, if that failed.
+    // The error of the last attempt; nullopt if it succeeded.
     const std::optional<std::string>& lastError() const { return _lastError; }
 
     Observable& changes() { return observers; }

@@ -1,7 +1,7 @@
-// Port: the system's own register of what starts with the user's session, for this program.
+// Port: the system's list of programs that start with the user's session, for this program's entry.
 //
-// Thread:  the main thread; the calls may touch the disk and are done when they return.
-// Errors:  as answers: the system's own text, in the system's own language.
+// Thread:  the main thread. The calls may access the disk, and complete before they return.
+// Errors:  as return values: the system's own text, in the system's own language.
 #pragma once
 
 #include <optional>
@@ -14,8 +14,8 @@ public:
     enum class Status {
         notRegistered,
         enabled,          // the next session starts the program
-        requiresApproval, // the user has switched it off in the system's settings
-        notFound,         // what is registered cannot be started
+        requiresApproval, // the user has switched it off in the system settings
+        notFound,         // the registered program cannot be started
     };
 
     LoginItemService() = default;
@@ -25,7 +25,7 @@ public:
 
     virtual Status status() const = 0;
 
-    // Why it failed, or nothing.
+    // Returns an error message, or nullopt on success.
     virtual std::optional<std::string> registerItem() = 0;
     virtual std::optional<std::string> unregisterItem() = 0;
 };

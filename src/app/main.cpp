@@ -1,5 +1,5 @@
-// The command line. It needs nothing but the C library, so that the version and the help are there at
-// once: whatever needs more is behind runProgram().
+// The command line. It needs only the C library, so that the version and the help appear at once;
+// runProgram() loads the rest.
 #include "app/launch_options.h"
 #include "app/program.h"
 #include "platform/launch_words.h"

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// Text fields have these commands by these names.
+// Qt's text fields have slots with these names.
 void sendToFocus(const char* command) {
     QWidget* focus = QApplication::focusWidget();
     const QByteArray signature = QMetaObject::normalizedSignature((QByteArray(command) + "()"));

@@ -1,11 +1,12 @@
-// The application's main menu: its texts are English whatever the language of the interface.
+// The application's main menu. Its texts are English in every interface language.
 //
-// Where the desktop has one menu bar for all programs it stands there. Where it has none, its key
-// equivalents work in the windows that it is installed in.
+// If the desktop has a global menu bar, the menu appears there. Otherwise its shortcuts work in the
+// windows in which it is installed.
 //
 // Thread:  the main thread.
 // Owner:   the application's delegate.
-// Errors:  none. An editing command goes to whatever has the keyboard focus, if that knows it.
+// Errors:  none. An editing command goes to the widget with the keyboard focus, which may ignore
+//          it.
 #pragma once
 
 #include <QAction>

@@ -1,5 +1,5 @@
-// What is said, once in a run, where the desktop has no place for the status item: how the program
-// is reached without it.
+// The text of the notice for desktops without a status bar, shown once per run: how to reach the
+// program without a status item.
 //
 // Errors:  none.
 #pragma once

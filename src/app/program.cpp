@@ -1,5 +1,4 @@
-// The wiring diagram: which class stands behind each port, and who is tied to whom. Everything else
-// is elsewhere.
+// The wiring diagram: creates the concrete services and connects them. All other code is elsewhere.
 #include "app/program.h"
 
 #include "app/alert.h"
@@ -31,18 +30,17 @@ namespace {
 
 constexpr const char* applicationID = "org.glidemap.Glidemap";
 
-// Services of the desktop that do not respond keep the program from ending for no longer than this.
-// Desktops and users wait some seconds before they kill a program.
+// Desktop services that do not respond delay the exit by at most this time. Desktops and users wait
+// some seconds before they kill a program.
 constexpr std::chrono::milliseconds endLimit{1500};
 
-// The toolkit gets the program's name alone: the options are ours.
+// Qt gets only the program's name: the options are not Qt's.
 constexpr int onlyTheName = 1;
 
 // The program's delegate, for endInOrder(), which takes no argument.
 std::weak_ptr<AppDelegate> theDelegate;
 
-// When its display goes, the toolkit ends the program from the middle of things. The touchpads are
-// given back even then.
+// When the connection to the display breaks, Qt exits the process. Release the touchpads even then.
 void endInOrder() {
     if (const auto held = theDelegate.lock()) {
         held->applicationWillTerminate();
@@ -124,7 +122,7 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr double dimmedIcon = 0.45; // as in the installed one
+    constexpr double dimmedIcon = 0.45; // like the installed icon
     auto item = std::make_unique<StatusItem>(
         ports.statusBar, [on = ports.installedIcon, off = ports.installedIconOff](
                              StatusBar::Kind kind, StatusItem::Look look) {
@@ -177,7 +175,7 @@ void Program::run(SingleInstance& instance) {
 }
 
 void introduce() {
-    QApplication::setApplicationName("Glidemap"); // also the class of its windows on X11
+    QApplication::setApplicationName("Glidemap"); // also the window class on X11
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
     if (Home::windowsHaveIcons()) {
@@ -196,7 +194,7 @@ void runFirst(SingleInstance& instance, char** arguments) {
     program.run(instance);
 }
 
-// Also on the screen: a user who starts the program by its icon sees no terminal.
+// Shows the message on screen, too: a user who starts the program by its icon sees no terminal.
 int refuse(const char* complaint, AlertText (*text)(const Lang&), char** arguments) {
     complain(complaint);
     if (Home::hasDisplay()) {
@@ -234,7 +232,7 @@ int launch(char** arguments) {
     return EXIT_SUCCESS;
 }
 
-// A thread may still wait for a bus, and would be in the way of an ordinary end.
+// Skips destructors: a thread may still wait for a bus, and would block an ordinary exit.
 [[noreturn]] void diagnose() {
     std::cout << Home::diagnosis(GLIDEMAP_VERSION) << std::flush;
     std::_Exit(std::cout.good() ? EXIT_SUCCESS : EXIT_FAILURE);

@@ -1,4 +1,5 @@
-// Why the program did not start, for whoever has started it by an icon and sees no terminal.
+// The alerts that explain why the program did not start, for users who start it by its icon and see
+// no terminal.
 //
 // Errors:  none.
 #pragma once
@@ -8,10 +9,10 @@
 
 namespace glidemap {
 
-// It runs already, and the one that runs does not answer.
+// Another instance is running, and does not respond.
 AlertText unansweredText(const Lang& lang);
 
-// It cannot tell whether it runs already.
+// The lock file cannot be opened, so a running instance cannot be detected.
 AlertText withoutLockText(const Lang& lang);
 
 } // namespace glidemap

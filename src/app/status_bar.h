@@ -1,8 +1,8 @@
-// Port: the place on the desktop where programs have their status items. It may come late, when the
-// user logs in, and it may go.
+// Port: the area of the desktop that shows status items. It may appear late after login, and may
+// disappear.
 //
 // Thread:  the main thread; never waits.
-// Owner:   the program makes one for the status item.
+// Owner:   the program creates one for the status item.
 // Errors:  none.
 #pragma once
 
@@ -14,9 +14,9 @@ class StatusBar {
 public:
     enum class Kind {
         none,
-        drawsItself, // it knows the item's icon by name and reads its menu when it likes
-        embeds,      // it only gives the item a place in which to draw
-        opensMenu,   // a click on the item opens its menu, and it draws the icon as the bar's own
+        drawsItself, // it loads the icon by name and may read the menu at any time
+        embeds,      // it only gives the item an area to draw in
+        opensMenu,   // a click opens the menu, and the bar recolours the icon
     };
 
     // What the item tells: gestures are on or off.
@@ -29,7 +29,7 @@ public:
 
     virtual Kind kind() = 0;
 
-    // Of the kind.
+    // Notifies of changes of kind().
     virtual Observable& changes() = 0;
 
     // Called each time the item was given its icon, for a bar that has a better drawing of its own.

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// The same in both languages: it is the program's name. Assistive programs read it, too.
+// The same in both languages: the program's name. Screen readers read it, too.
 constexpr const char* description = "Glidemap";
 
 using Kind = StatusBar::Kind;
@@ -33,15 +33,15 @@ StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
 
 StatusItem::~StatusItem() = default;
 
-// In some bars a click is how the menu opens.
+// In some bars a click opens the menu.
 void StatusItem::choose() {
     if (kind != Kind::opensMenu && onActivate) {
         onActivate();
     }
 }
 
-// The toolkit describes a key by its sign, such as "Control" and ",", to a bar that draws the menu. Some bars know keys by their
-// names alone, "comma", and show only letters: a menu of which one key shows and the next does not. So there none does.
+// Removes all shortcuts in bars that draw the menu. Qt sends keys as signs, such as "Control" and
+// ",", but some bars accept only names ("comma"), and would show some shortcuts and omit others.
 void StatusItem::menuHasChanged() {
     if (kind == Kind::drawsItself) {
         for (QAction* action : statusMenu.actions()) {
@@ -68,8 +68,8 @@ void StatusItem::redraw() {
     }
 }
 
-// Made once: the toolkit follows a bar that goes and comes back. One that comes back may be of another kind, as where a panel
-// first owns the tray of the display and then takes items over the bus.
+// Created once: Qt follows a bar that disappears and comes back. The new bar may be of another
+// kind: a panel may first own the display's tray and later take items over the bus.
 void StatusItem::appear() {
     const Kind now = bar->kind();
     if (now == Kind::none) {
@@ -88,8 +88,8 @@ void StatusItem::appear() {
     item = std::make_unique<QSystemTrayIcon>(icon(kind, look), &statusMenu);
     item->setToolTip(description);
     item->setContextMenu(&statusMenu);
-    // A bar opens the menu by itself, mostly with the other button. The plain click, which most
-    // bars hand on instead, is for what the user most likely wants.
+    // A bar opens the menu by itself, usually on the other button. Most bars forward the plain
+    // click, which then does what the user most likely wants.
     QObject::connect(item.get(), &QSystemTrayIcon::activated, item.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger) {

@@ -1,12 +1,12 @@
-// The program's place in the status bar: an icon with a menu.
+// The program's item in the status bar: an icon with a menu.
 //
-// It is put there when there is a bar, be it minutes after the start: a tray that the toolkit has
-// once looked for in vain it never looks for again, so it is not asked before.
+// It is created once a bar exists, be it minutes after the start: Qt searches for a tray only once,
+// so the search must not come too early.
 //
 // Units:   the patience in milliseconds.
 // Thread:  the main thread.
 // Owner:   the application's delegate.
-// Errors:  without a bar there is an item that nobody sees, which is told once.
+// Errors:  without a bar the item is invisible, which is reported once.
 #pragma once
 
 #include "app/status_bar.h"
@@ -29,7 +29,7 @@ public:
     using Look = StatusBar::Look;
     using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 
-    // When the user logs in the bar may be one of the last to come.
+    // After login, the bar may be one of the last programs to start.
     static constexpr std::chrono::milliseconds usualPatience{10000};
 
     StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
@@ -40,24 +40,23 @@ public:
 
     QMenu& menu() { return statusMenu; }
 
-    // Called when the user has chosen the item itself and not its menu.
+    // Called when the user clicks the item itself and not its menu.
     std::function<void()> onActivate;
 
-    // Called if no bar has come in time, and when one comes after that.
+    // Called if no bar has appeared in time; then onFound, if one appears later.
     std::function<void()> onMissing;
     std::function<void()> onFound;
 
-    // Whether it has found its place.
+    // Whether the item is in a bar.
     bool isShown() const { return item != nullptr; }
 
-    // What the menu shows has changed. It opens with what is true then; but a bar that draws itself
-    // has read it long before, and shows that while it waits to be told better, so it is told now.
+    // Call when the menu's texts have changed. A menu is updated when it opens, but a bar that
+    // draws the menu itself reads it earlier. Such a bar must be notified of each change.
     void menuHasChanged();
 
-    // Sets the look of the icon.
     void setLook(Look now);
 
-    // Gives it the icon anew at each of these changes.
+    // Redraws the icon on each of these changes.
     void redrawOn(Observable& changes);
 
 private:
@@ -68,7 +67,7 @@ private:
     std::shared_ptr<StatusBar> bar;
     Icon icon;
     QMenu statusMenu;
-    std::unique_ptr<QSystemTrayIcon> item; // goes before its menu
+    std::unique_ptr<QSystemTrayIcon> item; // destroyed before its menu
     StatusBar::Kind kind = StatusBar::Kind::none;
     Look look = Look::on;
     bool wasMissed = false;

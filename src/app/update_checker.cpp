@@ -13,7 +13,7 @@ namespace glidemap {
 
 namespace {
 
-// A body counts whatever the transport has to say about it, as long as it is a manifest.
+// A valid manifest counts, even if the transport reports an error.
 UpdateResult resultOf(const Fetched& fetched, const std::string& running) {
     if (auto version = versionInManifest(fetched.body)) {
         return isNewerVersion(*version, running) ? std::move(version) : std::nullopt;
@@ -84,8 +84,7 @@ Fetch UpdateChecker::overHttps() {
     return fetchByProgram(installedFetchProgram());
 }
 
-// It may come a minute early or late: the system can then wake the machine up for several things at
-// once.
+// A coarse timer: a minute early or late lets the system combine wake-ups.
 UpdateChecker::Repeat UpdateChecker::onTheMainLoop() {
     return [](std::chrono::seconds time, std::function<void()> block) {
         auto* const repeating = new QTimer(QCoreApplication::instance());

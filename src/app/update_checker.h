@@ -1,9 +1,8 @@
-// Finds out whether a newer version has been published: at start, then once a day, and when the user
-// asks.
+// Checks for a newer published version: on startup, then once a day, and on request.
 //
 // Thread:  the main thread.
-// Owner:   the application's delegate. What is under way, and the daily timer, hold it weakly.
-// Errors:  told to whoever asked; silent otherwise. What is known survives every failure.
+// Owner:   the application's delegate. Pending checks and the daily timer hold the checker weakly.
+// Errors:  reported to the caller's completion only. A failure keeps the version known before.
 #pragma once
 
 #include "app/fetch.h"
@@ -19,28 +18,28 @@
 
 namespace glidemap {
 
-// What the system said; not for the user's eyes.
+// The system's error text; not shown to the user.
 struct UpdateError {
     enum class Kind { transport, badServerResponse };
     Kind kind = Kind::badServerResponse;
     std::string text;
 };
 
-// The newer version, or none where the running one is current.
+// The newer version; nullopt if the running one is current.
 using UpdateResult = std::variant<std::optional<std::string>, UpdateError>;
 
 class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
 public:
     using Completion = std::function<void(const UpdateResult&)>;
 
-    // Calls the block again and again, on the main thread, for the rest of the program: what it
-    // answers refers to the timer, and letting go of that does not stop it.
+    // Calls the block periodically on the main thread, for the rest of the program. The result
+    // refers to the timer; releasing it does not stop the timer.
     using Repeat = std::function<std::shared_ptr<const void>(std::chrono::seconds interval,
                                                              std::function<void()> block)>;
 
-    // Where the manifest and the website are, what runs, and how the world is reached.
+    // The host, the running version, and how to fetch and repeat.
     struct Setup {
-        std::string host = defaultHost(); // with ":port" where it is not the usual one
+        std::string host = defaultHost(); // with ":port" if it is not the default port
         std::optional<std::string> currentVersion = runningVersion();
         Fetch fetch = overHttps();
         Repeat repeat = onTheMainLoop();
@@ -53,11 +52,11 @@ public:
     UpdateChecker(const UpdateChecker&) = delete;
     UpdateChecker& operator=(const UpdateChecker&) = delete;
 
-    // Checks at once, and from then on every day. Once, at launch: another call makes another timer.
+    // Checks at once and then daily. Call once, at launch: another call creates another timer.
     void start();
 
-    // The completion is called exactly once: later, or at once where it is not known what runs. It
-    // is called even if the checker has gone meanwhile.
+    // Calls the completion exactly once: later, or at once if the running version is unknown. The
+    // call happens even if the checker is destroyed meanwhile.
     void check(Completion completion = {});
 
     const std::optional<std::string>& latestVersion() const { return _latestVersion; }
@@ -65,13 +64,13 @@ public:
     std::string versionURL() const { return "https://" + setup.host + "/version.json"; }
     std::string siteURL() const { return "https://" + setup.host + "/"; }
 
-    // Of the latest version.
+    // Notifies of changes of latestVersion().
     Observable& changes() { return observers; }
 
     // Whether version `version` is strictly newer than `other`.
     static bool isNewer(std::string_view version, std::string_view other);
 
-    // Set when the program is built.
+    // Set at build time.
     static std::string defaultHost();
     static std::optional<std::string> runningVersion();
 

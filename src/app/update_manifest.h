@@ -1,13 +1,13 @@
-// What the update host publishes: one JSON object, of which one key is read.
+// The update host's manifest: one JSON object, of which one key is read.
 //
 //   {"version": "1.4.2"}
 //
-// Other keys are passed over, whatever they hold. Of a repeated key the last value counts. The text
-// is UTF-8, a byte-order mark in front is allowed; nothing may follow the object.
+// All other keys are ignored. The last value of a repeated key counts. The text is UTF-8,
+// optionally with a byte-order mark; text after the object is invalid.
 //
-// Memory:  the version and one token of the text; nesting may be as deep as it likes.
+// Memory:  the version and one token of the text, at any depth of nesting.
 // Thread:  any.
-// Errors:  what is no manifest has no version; nothing throws.
+// Errors:  returns nullopt for an invalid manifest; never throws.
 #pragma once
 
 #include <optional>
@@ -16,7 +16,7 @@
 
 namespace glidemap {
 
-// As it is written.
+// Returns the version unchanged.
 std::optional<std::string> versionInManifest(std::string_view text);
 
 } // namespace glidemap

@@ -1,7 +1,7 @@
-// What a check for updates that the user has asked for came to, in words.
+// The alert with the result of a check for updates that the user requested.
 //
 // Thread:  the main thread.
-// Errors:  none. Why a check failed is not for the user's eyes: every failure reads the same.
+// Errors:  none. The cause of a failed check is not shown: every failure has the same text.
 #pragma once
 
 #include "app/alert.h"
@@ -16,7 +16,7 @@ namespace glidemap {
 AlertText updateOutcome(const UpdateResult& result,
                         const std::optional<std::string>& currentVersion, const Lang& lang);
 
-// Whether the first button leads to the newer version.
+// Whether the first button opens the download.
 bool offersDownload(const UpdateResult& result);
 
 } // namespace glidemap

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// A sign in front of the digits is part of the number.
+// A leading sign belongs to the number.
 std::int64_t numberIn(std::string_view piece) {
     if (piece.starts_with('+')) {
         piece.remove_prefix(1);
@@ -24,7 +24,7 @@ std::int64_t numberIn(std::string_view piece) {
     return error == std::errc() && rest == end ? number : 0;
 }
 
-// Takes the next piece that is not empty off the front; 0 when there is none left.
+// Removes the next non-empty piece and returns its number; 0 at the end.
 std::int64_t takeNumber(std::string_view& version) {
     version.remove_prefix(std::min(version.find_first_not_of('.'), version.size()));
     const std::string_view piece = version.substr(0, version.find('.'));
@@ -42,7 +42,7 @@ bool isControl(unsigned char byte, unsigned char next) {
     return byte < ' ' || byte == remove || (byte == 0xC2 && next >= 0x80 && next <= 0x9F);
 }
 
-// A version is shown in a menu and in windows.
+// Versions appear in a menu and in windows.
 bool canBeShown(std::string_view version) {
     constexpr std::ptrdiff_t maxCharacters = 64;
     for (std::size_t place = 0; place < version.size(); ++place) {

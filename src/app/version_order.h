@@ -1,10 +1,11 @@
-// Which of two versions is newer, where versions are numbers between dots: 1.10 is newer than 1.9.
+// Compares versions, which are numbers separated by dots: 1.10 is newer than 1.9.
 //
-// Forgiving on purpose: whoever publishes a version may write it as they like. Empty pieces do not
-// count, missing ones are 0, and so is a piece that is no number of 64 bits ("3-beta", "v1"). So
-// 1.2 and 1.2.0 are the same, and 2.0-beta is 2.0.
+// Lenient on purpose, because publishers write versions in many forms. Empty pieces are skipped.
+// Missing pieces are 0, and so is a piece that is not a 64-bit number ("3-beta", "v1"). So 1.2
+// equals 1.2.0, and 2.0-beta equals 2.0.
 //
-// A text that has more than 64 characters, or a control character, is never newer: it would be shown.
+// A version is displayed, so one with more than 64 characters or a control character is never
+// newer.
 //
 // Thread:  any.
 // Errors:  none.
@@ -14,7 +15,7 @@
 
 namespace glidemap {
 
-// Strictly.
+// Returns false for equal versions.
 bool isNewerVersion(std::string_view version, std::string_view other);
 
 } // namespace glidemap

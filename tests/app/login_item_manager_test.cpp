@@ -13,7 +13,7 @@ namespace {
 using kit::InLanguage;
 using Status = LoginItemService::Status;
 
-// A register that does what the test says it does, and keeps what it was asked.
+// A fake service that returns preset results and records its calls.
 class RecordingLoginItemService : public LoginItemService {
 public:
     Status status() const override { return current; }
@@ -47,7 +47,7 @@ protected:
     RecordingLoginItemService service;
 };
 
-TEST_F(LoginItemManagerTest, OnlyWhatTheSystemCallsEnabledIsOn) {
+TEST_F(LoginItemManagerTest, OnlyTheStateEnabledCountsAsOn) {
     struct Row {
         Status status;
         bool enabled;
@@ -62,7 +62,7 @@ TEST_F(LoginItemManagerTest, OnlyWhatTheSystemCallsEnabledIsOn) {
     EXPECT_EQ(service.attempts, Attempts());
 }
 
-TEST_F(LoginItemManagerTest, SwitchingAsksTheSystemAndReadsBack) {
+TEST_F(LoginItemManagerTest, SwitchingCallsTheSystemAndReadsTheStateBack) {
     LoginItemManager manager(service);
     manager.setEnabled(true);
     EXPECT_TRUE(manager.enabled());
@@ -72,7 +72,7 @@ TEST_F(LoginItemManagerTest, SwitchingAsksTheSystemAndReadsBack) {
     EXPECT_EQ(service.attempts, (Attempts{"register", "unregister"}));
 }
 
-TEST_F(LoginItemManagerTest, ARegistrationThatAwaitsApprovalIsOffWithoutAnError) {
+TEST_F(LoginItemManagerTest, RegistrationThatAwaitsApprovalIsOffWithoutAnError) {
     service.afterRegistering = Status::requiresApproval;
     LoginItemManager manager(service);
     manager.setEnabled(true);
@@ -81,7 +81,7 @@ TEST_F(LoginItemManagerTest, ARegistrationThatAwaitsApprovalIsOffWithoutAnError)
     EXPECT_EQ(service.attempts, Attempts{"register"});
 }
 
-TEST_F(LoginItemManagerTest, ARefusalShowsTheSystemsTextAndTheStateThatTheSystemReports) {
+TEST_F(LoginItemManagerTest, RefusalShowsTheSystemsTextAndState) {
     service.refusal = "Permission denied";
     LoginItemManager manager(service);
     manager.setEnabled(true);
@@ -95,7 +95,7 @@ TEST_F(LoginItemManagerTest, ARefusalShowsTheSystemsTextAndTheStateThatTheSystem
     EXPECT_EQ(service.attempts, (Attempts{"register", "unregister"}));
 }
 
-TEST_F(LoginItemManagerTest, TheErrorIsInTheLanguageOfTheFailureAndStaysInIt) {
+TEST_F(LoginItemManagerTest, ErrorKeepsTheLanguageOfTheFailure) {
     service.refusal = "磁盘已满";
     LoginItemManager manager(service);
     {
@@ -108,7 +108,7 @@ TEST_F(LoginItemManagerTest, TheErrorIsInTheLanguageOfTheFailureAndStaysInIt) {
     EXPECT_EQ(manager.lastError(), "设置开机自启动失败：磁盘已满");
 }
 
-TEST_F(LoginItemManagerTest, ASuccessfulSwitchClearsTheErrorOfAnEarlierOne) {
+TEST_F(LoginItemManagerTest, SuccessClearsTheErrorOfAnEarlierAttempt) {
     service.refusal = "No space left on device";
     LoginItemManager manager(service);
     manager.setEnabled(true);
@@ -118,7 +118,7 @@ TEST_F(LoginItemManagerTest, ASuccessfulSwitchClearsTheErrorOfAnEarlierOne) {
     EXPECT_EQ(manager.lastError(), std::nullopt);
 }
 
-TEST_F(LoginItemManagerTest, ARegistrationOfAnEarlierRunShowsAsOn) {
+TEST_F(LoginItemManagerTest, RegistrationOfAnEarlierRunShowsAsOn) {
     {
         LoginItemManager earlier(service);
         earlier.setEnabled(true);
@@ -129,7 +129,7 @@ TEST_F(LoginItemManagerTest, ARegistrationOfAnEarlierRunShowsAsOn) {
     EXPECT_EQ(service.attempts, Attempts());
 }
 
-TEST_F(LoginItemManagerTest, ObserversSeeTheErrorGoBeforeTheAttemptAndTheOutcomeAfterIt) {
+TEST_F(LoginItemManagerTest, ObserversSeeTheErrorClearedBeforeTheAttemptAndTheResultAfterIt) {
     service.refusal = "Permission denied";
     LoginItemManager manager(service);
     manager.setEnabled(true);

@@ -28,7 +28,7 @@ void expectVersions(const std::vector<Row>& rows) {
     }
 }
 
-TEST(UpdateManifestTest, TheVersionIsReadAsItIsWritten) {
+TEST(UpdateManifestTest, VersionIsReturnedUnchanged) {
     expectVersions({
         {R"({"version": "1.4.2"})", "1.4.2"},
         {"\n\t {\"version\":\"1.4.2\"}\r\n ", "1.4.2"},
@@ -41,7 +41,7 @@ TEST(UpdateManifestTest, TheVersionIsReadAsItIsWritten) {
     });
 }
 
-TEST(UpdateManifestTest, EverythingElseIsPassedOver) {
+TEST(UpdateManifestTest, OtherKeysAreIgnored) {
     expectVersions({
         {R"({"name": "x", "version": "1.0", "notes": null})", "1.0"},
         {R"({"Version": "2.0", "version ": "3.0", "version": "1.0"})", "1.0"},
@@ -53,7 +53,7 @@ TEST(UpdateManifestTest, EverythingElseIsPassedOver) {
     });
 }
 
-TEST(UpdateManifestTest, OfARepeatedVersionTheLastCounts) {
+TEST(UpdateManifestTest, LastOfRepeatedVersionsCounts) {
     expectVersions({
         {R"({"version": "1.0", "version": "2.0"})", "2.0"},
         {R"({"version": 1, "version": "2.0"})", "2.0"},
@@ -62,7 +62,7 @@ TEST(UpdateManifestTest, OfARepeatedVersionTheLastCounts) {
     });
 }
 
-TEST(UpdateManifestTest, WhatHasNoVersionThatIsAStringIsNone) {
+TEST(UpdateManifestTest, ManifestWithoutAStringVersionIsInvalid) {
     expectVersions({
         {R"({"version": 2})", std::nullopt},
         {R"({"version": -2})", std::nullopt},
@@ -77,7 +77,7 @@ TEST(UpdateManifestTest, WhatHasNoVersionThatIsAStringIsNone) {
     });
 }
 
-TEST(UpdateManifestTest, WhatIsNoObjectIsNone) {
+TEST(UpdateManifestTest, TextThatIsNoObjectIsInvalid) {
     expectVersions({
         {R"([])", std::nullopt},
         {R"(["version", "1.0"])", std::nullopt},
@@ -89,7 +89,7 @@ TEST(UpdateManifestTest, WhatIsNoObjectIsNone) {
     });
 }
 
-TEST(UpdateManifestTest, WhatIsNoJsonIsNone) {
+TEST(UpdateManifestTest, TextThatIsNoJsonIsInvalid) {
     expectVersions({
         {"", std::nullopt},
         {" ", std::nullopt},
@@ -110,7 +110,7 @@ TEST(UpdateManifestTest, WhatIsNoJsonIsNone) {
     });
 }
 
-TEST(UpdateManifestTest, TextThatIsNotUtf8IsNone) {
+TEST(UpdateManifestTest, TextThatIsNotUtf8IsInvalid) {
     expectVersions({
         {"{\"version\": \"\xff\"}", std::nullopt},
         {"{\"version\": \"1.0\", \"a\": \"\xc3(\"}", std::nullopt},
@@ -122,7 +122,7 @@ TEST(UpdateManifestTest, TextThatIsNotUtf8IsNone) {
     });
 }
 
-TEST(UpdateManifestTest, NestingMayBeAsDeepAsItLikes) {
+TEST(UpdateManifestTest, DeepNestingIsAccepted) {
     constexpr int deep = 500'000;
     const std::string open = repeated("[", deep);
     const std::string closed = open + repeated("]", deep);
@@ -136,7 +136,7 @@ TEST(UpdateManifestTest, NestingMayBeAsDeepAsItLikes) {
     });
 }
 
-TEST(UpdateManifestTest, EveryBeginningOfAManifestIsNone) {
+TEST(UpdateManifestTest, EveryTruncatedManifestIsInvalid) {
     const std::string whole = R"({"a": [1, {"b": "\u00e9"}], "version": "1.4.2"})";
     for (std::size_t length = 0; length < whole.size(); ++length) {
         EXPECT_EQ(versionInManifest(whole.substr(0, length)), std::nullopt) << length;

@@ -28,7 +28,7 @@ const Row rows[] = {
     {"1.02", "1.2", Order::same},
     {"0000000000000000000000000000001.2", "1.2", Order::same},
 
-    // Empty pieces are dropped.
+    // Empty pieces are skipped.
     {"1..2", "1.2", Order::same},
     {"..1.2..", "1.2", Order::same},
     {"1..2", "1.0.2", Order::newer},
@@ -38,7 +38,7 @@ const Row rows[] = {
     {"", "0.0.1", Order::older},
     {"...1", "", Order::newer},
 
-    // A sign is part of a number; without digits it is none.
+    // A sign belongs to the number; a sign without digits is 0.
     {"+1.+2", "1.2", Order::same},
     {"1.-1", "1", Order::older},
     {"1.-1", "1.-2", Order::newer},
@@ -50,7 +50,7 @@ const Row rows[] = {
     {"1.++5", "1.0", Order::same},
     {"1.--5", "1.0", Order::same},
 
-    // What is no number is 0, the rest of its piece included.
+    // A piece that is not entirely a number is 0.
     {"2.0-beta", "2.0", Order::same},
     {"1.3-beta", "1.0", Order::same},
     {"1.3-beta", "1.1", Order::older},
@@ -62,11 +62,11 @@ const Row rows[] = {
     {"1,5", "0", Order::same},
     {"0x10", "0", Order::same},
     {"1e3", "0", Order::same},
-    {"٣", "0", Order::same}, // a digit, elsewhere
+    {"٣", "0", Order::same}, // an Arabic digit
     {std::string("1.2\0", 4), "1.0", Order::same},
     {std::string("1.\0002", 4), "1.0", Order::same},
 
-    // To the last of 64 bits, and not beyond.
+    // Up to the limit of 64 bits, and beyond it.
     {"9223372036854775807", "9223372036854775806", Order::newer},
     {"9223372036854775808", "0", Order::same},
     {"+9223372036854775807", "9223372036854775807", Order::same},
@@ -78,7 +78,7 @@ const Row rows[] = {
     {"9223372036854775807", "-9223372036854775808", Order::newer},
 };
 
-TEST(VersionOrderTest, VersionsAreComparedNumberByNumber) {
+TEST(VersionOrderTest, VersionsAreComparedPieceByPiece) {
     for (const auto& [version, other, order] : rows) {
         EXPECT_EQ(isNewerVersion(version, other), order == Order::newer)
             << version << " than " << other;
@@ -95,14 +95,14 @@ std::string piecesOfZero(int count) {
     return version;
 }
 
-TEST(VersionOrderTest, AMillionPiecesAreComparedToTheLast) {
+TEST(VersionOrderTest, MillionPiecesAreComparedToTheLast) {
     const std::string version = piecesOfZero(1'000'000);
     EXPECT_FALSE(isNewerVersion(version, ""));
     EXPECT_TRUE(isNewerVersion("0", version + "-1"));
     EXPECT_FALSE(isNewerVersion("0", version + "1"));
 }
 
-TEST(VersionOrderTest, ATextOfMoreThan64CharactersIsNeverNewer) {
+TEST(VersionOrderTest, TextOfMoreThan64CharactersIsNeverNewer) {
     EXPECT_TRUE(isNewerVersion(piecesOfZero(31) + "99", "0"));
     EXPECT_FALSE(isNewerVersion(piecesOfZero(31) + "999", "0"));
     EXPECT_FALSE(isNewerVersion("9." + std::string(100'000, 'x'), "0"));
@@ -114,7 +114,7 @@ TEST(VersionOrderTest, ATextOfMoreThan64CharactersIsNeverNewer) {
     EXPECT_FALSE(isNewerVersion(wide + "二", "0"));
 }
 
-TEST(VersionOrderTest, ATextWithAControlCharacterIsNeverNewer) {
+TEST(VersionOrderTest, TextWithAControlCharacterIsNeverNewer) {
     using namespace std::string_literals;
     for (const std::string& control :
          {"\0"s, "\t"s, "\n"s, "\x1b"s, "\x7f"s, "\xc2\x80"s, "\xc2\x9b"s, "\xc2\x9f"s}) {

@@ -11,7 +11,7 @@ namespace glidemap::application {
 
 namespace {
 
-// Bits of a control's states, as the bus numbers them.
+// State bits of a control, numbered as in AT-SPI.
 constexpr int checkedState = 4;
 constexpr int enabledState = 8;
 constexpr int focusableState = 11;
@@ -19,11 +19,11 @@ constexpr int focusedState = 12;
 constexpr int showingState = 25;
 constexpr int visibleState = 30;
 
-constexpr unsigned labelledBy = 2; // of the relations between controls
+constexpr unsigned labelledBy = 2; // relation type
 
 constexpr const char* rootPath = "/org/a11y/atspi/accessible/root";
 constexpr const char* accessibleInterface = "org.a11y.atspi.Accessible";
-constexpr int deepest = 40; // no window is; a tree that has a ring in it would be
+constexpr int deepest = 40; // of any window; limits a tree with a cycle
 constexpr unsigned screenCoordinates = 0;
 
 const Callee registry{"org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
@@ -151,21 +151,21 @@ Accessibility::~Accessibility() {
     }
 }
 
-// Programs tell of their changes only while somebody listens; a wait is over the sooner for it.
+// Programs emit accessibility events only to registered listeners. The events end waits early.
 void Accessibility::connect(const std::string& address) {
     constexpr auto asClient =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     connection = g_dbus_connection_new_for_address_sync(address.c_str(), asClient, nullptr, nullptr,
                                                         nullptr);
-    ASSERT_NE(connection, nullptr) << "the accessibility bus does not answer at " << address;
+    ASSERT_NE(connection, nullptr) << "the accessibility bus does not respond at " << address;
     g_dbus_connection_signal_subscribe(connection, nullptr, "org.a11y.atspi.Event.Object", nullptr,
                                        nullptr, nullptr, G_DBUS_SIGNAL_FLAGS_NONE, ignoreNews,
                                        nullptr, nullptr);
     EXPECT_NE(call(connection, registry, "RegisterEvent",
                    g_variant_new("(sas@s)", "object:", nullptr, g_variant_new_string(""))),
               nullptr)
-        << "the accessibility registry does not answer";
+        << "the accessibility registry does not respond";
 }
 
 std::string Accessibility::busNameOf(pid_t process) const {
@@ -209,7 +209,7 @@ std::optional<Control> Accessibility::read(const std::string& busName,
 
 void Accessibility::readBelow(const Control& parent, Controls& found) const {
     if (parent.depth > deepest) {
-        ADD_FAILURE() << "controls without end below " << describe(parent);
+        ADD_FAILURE() << "endless tree of controls below " << describe(parent);
         return;
     }
     for (const auto& [name, path] : childrenOf(connection, {parent.busName, parent.path})) {

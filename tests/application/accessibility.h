@@ -1,9 +1,8 @@
-// The accessibility bus of a desktop under test, and what a screen reader finds on it.
+// The accessibility bus of a desktop under test, and the controls that a screen reader finds there.
 //
 // Thread:  one.
-// Owner:   a stage; the session's bus outlives it.
-// Errors:  a bus that does not come up is a failure of the test. A control that has gone answers
-//          nothing.
+// Owner:   a stage. The session bus outlives it.
+// Errors:  a bus that does not start fails the test. A destroyed control returns empty values.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -19,18 +18,18 @@
 
 namespace glidemap::application {
 
-// One control as it was when it was read.
+// A snapshot of one control.
 struct Control {
     std::string busName;
     std::string path;
-    std::string role; // in the bus's own words: "push button"
+    std::string role; // as AT-SPI names it: "push button"
     std::string name;
-    std::string label; // the name of what labels it, if anything does
+    std::string label; // the name of its label; may be empty
     std::string description;
-    std::string text; // of what holds one
+    std::string text; // of a text control
     Rectangle area;   // on the screen
     std::uint64_t states = 0;
-    int depth = 0; // below the program itself
+    int depth = 0; // below the application object
 
     bool is(int state) const { return (states >> state & 1) != 0; }
     bool isVisible() const;
@@ -51,13 +50,13 @@ public:
     Accessibility& operator=(const Accessibility&) = delete;
     ~Accessibility();
 
-    // Whatever can be seen of the process, parents before their children.
+    // All visible controls of the process, parents before their children.
     Controls controlsOf(pid_t process) const;
 
-    // What a person who cannot use a mouse does.
+    // Invokes the control's action, as a screen reader does.
     bool act(const Control& control) const;
 
-    // The keys that reach the control from anywhere in its window; empty if there are none.
+    // The control's shortcut, which works anywhere in its window; may be empty.
     std::string keysOf(const Control& control) const;
 
 private:

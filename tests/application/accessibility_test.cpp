@@ -1,4 +1,4 @@
-// Whether the program can be used without a mouse and without eyes.
+// Whether the program is usable without a mouse and with a screen reader.
 #include "application_test_base.h"
 #include "picture.h"
 
@@ -11,11 +11,11 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr int margin = 4; // a focus ring lies around its control
-constexpr std::size_t smallestMark = 20;
-constexpr int longestWalk = 60;
+constexpr int margin = 4; // for the focus ring around a control
+constexpr std::size_t minDifference = 20;
+constexpr int maxTabStops = 60;
 
-// Roles that tell a user nothing about what the control does.
+// Roles that do not describe a control's function.
 const std::set<std::string> meaninglessRoles = {"",       "invalid", "unknown",
                                                 "filler", "panel",   "redundant object"};
 
@@ -34,7 +34,7 @@ protected:
         glidemap = std::make_unique<RunningGlidemap>(*stage);
         ASSERT_TRUE(glidemap->waitForWindow());
         ASSERT_TRUE(waitUntil([this] { return glidemap->focused().has_value(); }));
-        stage->hands.moveTo(1, 1); // nothing is below the pointer
+        stage->hands.moveTo(1, 1); // away from all controls
     }
 
     void openEditor() const {
@@ -43,7 +43,7 @@ protected:
         EXPECT_TRUE(glidemap->waitForFocusOn("Trackpad gesture")) << glidemap->described();
     }
 
-    // Presses Tab and answers where the focus has gone.
+    // Presses Tab and returns the newly focused control.
     std::optional<Control> tab() const {
         const auto before = glidemap->focused();
         stage->hands.press("Tab");
@@ -56,14 +56,14 @@ protected:
         return now;
     }
 
-    // Every stop from the next one, until that has the focus again.
+    // All tab stops, until the walk returns to the first one.
     Controls walk() const {
         Controls stops;
         std::optional<Control> stop = tab();
         while (stop && (stops.empty() || stop->path != stops.front().path)) {
             stops.push_back(*stop);
-            if (stops.size() > longestWalk) {
-                ADD_FAILURE() << "the walk never comes back";
+            if (stops.size() > maxTabStops) {
+                ADD_FAILURE() << "Tab never returns to the first control";
                 break;
             }
             stop = tab();
@@ -98,15 +98,15 @@ protected:
         return Picture(stage->display, area);
     }
 
-    // Each stop looks another way while it has the focus, once the keyboard has brought it there.
+    // Checks that each tab stop looks different while it has the keyboard focus.
     void expectFocusIsVisible() const {
         const std::optional<Control> first = tab();
         std::optional<Control> stop = first;
-        for (int step = 0; stop && step < longestWalk; ++step) {
+        for (int step = 0; stop && step < maxTabStops; ++step) {
             const Picture focused = pictureAround(*stop);
             const std::optional<Control> next = tab();
             EXPECT_TRUE(waitUntil([&] {
-                return pictureAround(*stop).differences(focused) >= smallestMark;
+                return pictureAround(*stop).differences(focused) >= minDifference;
             })) << "looks the same with and without the focus: "
                 << describe(*stop);
             if (!next || next->path == first->path) {
@@ -155,16 +155,16 @@ TEST_F(AccessibilityTest, TabVisitsTheEditorInReadingOrder) {
               (Names{"Perform action", "Shortcut", "Global", "Cancel", "Trackpad gesture"}));
 }
 
-TEST_F(AccessibilityTest, TheFocusCanBeSeenInTheWindow) {
+TEST_F(AccessibilityTest, FocusIsVisibleInTheWindow) {
     expectFocusIsVisible();
 }
 
-TEST_F(AccessibilityTest, TheFocusCanBeSeenInTheEditor) {
+TEST_F(AccessibilityTest, FocusIsVisibleInTheEditor) {
     openEditor();
     expectFocusIsVisible();
 }
 
-TEST_F(AccessibilityTest, ControlsCanBeWorkedByAProgramThatReadsThemAloud) {
+TEST_F(AccessibilityTest, ScreenReaderCanOperateControls) {
     const Control enabled = glidemap->waitFor("check box", "Enabled");
     EXPECT_TRUE(stage->accessibility.act(enabled));
     EXPECT_TRUE(waitUntil([&] { return !glidemap->waitFor("check box", "Enabled").isChecked(); }));
@@ -174,7 +174,7 @@ TEST_F(AccessibilityTest, ControlsCanBeWorkedByAProgramThatReadsThemAloud) {
     EXPECT_TRUE(glidemap->waitUntilGone("push button", "Cancel"));
 }
 
-TEST_F(AccessibilityTest, NoTwoControlsAreReachedByTheSameKeys) {
+TEST_F(AccessibilityTest, NoTwoControlsShareAShortcut) {
     for (const bool inEditor : {false, true}) {
         if (inEditor) {
             openEditor();
@@ -182,7 +182,7 @@ TEST_F(AccessibilityTest, NoTwoControlsAreReachedByTheSameKeys) {
         std::map<std::string, std::string> owners;
         for (const Control& each : glidemap->controls()) {
             const std::string keys = stage->accessibility.keysOf(each);
-            if (keys.find('+') != std::string::npos) { // others work where the focus is
+            if (keys.find('+') != std::string::npos) { // other keys work in the focused control
                 const auto [owner, isNew] = owners.try_emplace(keys, describe(each));
                 EXPECT_TRUE(isNew) << keys << ": " << owner->second << " and " << describe(each);
             }

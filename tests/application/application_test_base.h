@@ -1,5 +1,5 @@
-// What the tests of the program share: they are skipped, and say so, where there is no desktop to run
-// on.
+// Common parts of the program's tests. Without a desktop to run on, they are skipped with a
+// message.
 #pragma once
 
 #include "running_glidemap.h"

@@ -8,7 +8,8 @@ namespace glidemap::application {
 
 namespace {
 
-// The language picker's entry for English is in English on purpose, and keys and commands have no Chinese names.
+// English texts that a Chinese interface may contain: the entry for English in the language picker,
+// and names of keys and commands.
 const std::regex& allowed() {
     static const std::regex words(
         "Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.|((Ctrl|Alt|Shift|Super)[ +])+.|"

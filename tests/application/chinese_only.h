@@ -1,4 +1,4 @@
-// Which of the names that a screen reader reads out are not Chinese in a Chinese interface.
+// Finds accessible names that are not Chinese in a Chinese interface.
 #pragma once
 
 #include "accessibility.h"
@@ -8,8 +8,8 @@
 
 namespace glidemap::application {
 
-// Names and descriptions with Latin letters in them, other than those that Chinese has, too: proper
-// names, "App", and the keys of a shortcut.
+// Returns the names and descriptions with Latin letters, except those that Chinese texts also use:
+// proper names, "App", and the keys of a shortcut.
 std::vector<std::string> notInChinese(const Controls& controls);
 
 } // namespace glidemap::application

@@ -14,7 +14,7 @@ namespace glidemap::application {
 
 namespace {
 
-// The names of the keys that do not write themselves, as X numbers them.
+// X keysyms of the keys without a character.
 const std::map<std::string, std::uint32_t>& namedKeys() {
     static const std::map<std::string, std::uint32_t> names = {
         {"Return", 0xFF0D}, {"Escape", 0xFF1B}, {"Tab", 0xFF09},   {"Space", 0x20},
@@ -29,8 +29,8 @@ std::uint32_t symbolOf(const std::string& key) {
     if (const auto named = namedKeys().find(key); named != namedKeys().end()) {
         return named->second;
     }
-    return static_cast<std::uint32_t>(
-        std::tolower(static_cast<unsigned char>(key.front()))); // X names a key by its small letter
+    // The keysym of a letter key is that of the lower-case letter.
+    return static_cast<std::uint32_t>(std::tolower(static_cast<unsigned char>(key.front())));
 }
 
 std::vector<std::string> keysOf(const std::string& chord) {
@@ -66,11 +66,11 @@ void Hands::send(std::uint8_t type, std::uint8_t detail, int x, int y) const {
                         static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
 }
 
-// Its answer comes after all that was sent before.
+// Waits for a reply, which the server sends after all earlier requests.
 void Hands::settle() const {
     const Reply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
         display.connection(), xcb_get_input_focus(display.connection()), nullptr));
-    EXPECT_NE(reply, nullptr) << "the X server has gone";
+    EXPECT_NE(reply, nullptr) << "the X server has disconnected";
 }
 
 void Hands::change(const std::string& key, bool down) const {

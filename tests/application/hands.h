@@ -1,10 +1,10 @@
-// A person's hands on keyboard and mouse: real presses, which the X server delivers to whichever
-// window has the focus or lies below the pointer.
+// Simulated keyboard and mouse: real presses, which the X server delivers to the window with the
+// focus or under the pointer.
 //
 // Units:   pixels from the top left corner.
 // Thread:  one.
-// Owner:   a stage; the display outlives it.
-// Errors:  a key that the keyboard does not have is a failure of the test.
+// Owner:   a stage. The display outlives it.
+// Errors:  a key that the keyboard lacks fails the test.
 #pragma once
 
 #include "x_display.h"
@@ -19,7 +19,7 @@ class Hands {
 public:
     explicit Hands(const XDisplay& display);
 
-    // One key, with those held meanwhile before it: "Return", "Ctrl+Shift+K", "Super+Left".
+    // One key, after the modifiers that are held meanwhile: "Return", "Ctrl+Shift+K", "Super+Left".
     void press(const std::string& chord) const;
 
     // Letters, digits, spaces and hyphens.

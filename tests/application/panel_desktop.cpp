@@ -37,7 +37,7 @@ desktops::Program::Command PanelDesktop::command(std::vector<std::string> words,
     desktops::Environment values = environment();
     values["DBUS_SESSION_BUS_ADDRESS"] = session.address();
     values["DBUS_SYSTEM_BUS_ADDRESS"] = system.address();
-    values.emplace("NO_AT_BRIDGE", "1"); // accessibility is tested elsewhere
+    values.emplace("NO_AT_BRIDGE", "1"); // other tests cover accessibility
     for (const auto& [name, value] : more) {
         values[name] = value;
     }

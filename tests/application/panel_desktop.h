@@ -1,10 +1,10 @@
-// A desktop whose real panel shows the status items of programs that register over the message bus, and
-// whose real portal tells programs how the user wants them to look.
+// A desktop with a real panel, which shows status items from the message bus, and a real settings
+// portal, which provides the user's appearance settings.
 //
 // Units:   pixels from the top left corner of the desktop.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a program of the desktop that is not ready in time is a failure of the test.
+// Errors:  a program of the desktop that does not start in time fails the test.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -27,32 +27,32 @@ public:
     PanelDesktop& operator=(const PanelDesktop&) = delete;
     virtual ~PanelDesktop() = default;
 
-    // The environment of the desktop's programs. HOME and the XDG folders are the desktop's.
+    // The environment of the desktop's programs. HOME and the XDG folders belong to the desktop.
     virtual desktops::Environment environment() const = 0;
 
-    // Waits until the panel takes items.
+    // Starts the panel and waits until it accepts items.
     virtual void startPanel() = 0;
 
-    // As when the panel crashes.
+    // Simulates a crash of the panel.
     virtual void killPanel() = 0;
 
     virtual Picture panel() const = 0;
     virtual Picture screen() const = 0;
 
-    // Starts the portal of this desktop. `choose` works from then on.
+    // Starts this desktop's portal. `choose` works from then on.
     virtual void startPortal() = 0;
     virtual void choose(ColorScheme scheme) const = 0;
 
-    // The items that are registered with the panel's watcher.
+    // The items registered with the panel's watcher.
     std::vector<StatusHost::Item> items() const;
 
-    // A program of the desktop, which starts and need not end.
+    // The command of a desktop program that keeps running.
     desktops::Program::Command command(std::vector<std::string> words,
                                        const desktops::Environment& more = {}) const;
     std::unique_ptr<desktops::Program> start(std::vector<std::string> words,
                                              const desktops::Environment& more = {}) const;
 
-    // Runs a program until it has ended well.
+    // Runs a program until it exits successfully.
     void run(std::vector<std::string> words, const desktops::Environment& more = {}) const;
 
     desktops::RuntimeFolder home;

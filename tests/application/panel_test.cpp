@@ -1,4 +1,4 @@
-// The status item in a real panel, which shows it in one of two ways.
+// The status item in a real panel, which supports two protocols.
 #include "application_test_base.h"
 #include "picture.h"
 #include "xfce_panel.h"
@@ -17,31 +17,34 @@ protected:
         }
     }
 
-    // The item comes when the program does, and goes with it.
+    // The item appears with the program and disappears with it.
     static void expectItemOn(const XfcePanel& panel, Stage& stage) {
         EXPECT_FALSE(showsAnIcon(stage, panel));
         RunningGlidemap glidemap(stage);
-        EXPECT_TRUE(waitUntil([&] { return showsAnIcon(stage, panel); })) << "nothing comes";
+        EXPECT_TRUE(waitUntil([&] { return showsAnIcon(stage, panel); }))
+            << "the icon does not appear";
         glidemap.end(SIGTERM);
-        EXPECT_TRUE(waitUntil([&] { return !showsAnIcon(stage, panel); })) << "it stays";
+        EXPECT_TRUE(waitUntil([&] { return !showsAnIcon(stage, panel); }))
+            << "the icon does not disappear";
     }
 
-    // An empty panel is its ground and a line; an icon has smooth edges, in many shades.
+    // An empty panel has two colours, its background and a line; the smooth edges of an icon have
+    // many.
     static bool showsAnIcon(const Stage& stage, const XfcePanel& panel) {
         constexpr std::size_t fewest = 10;
         return Picture(stage.display, panel.area()).countOfColours() >= fewest;
     }
 };
 
-TEST_F(PanelTest, ItShowsTheItemThatComesOverTheMessageBus) {
+TEST_F(PanelTest, PanelShowsTheItemFromTheMessageBus) {
     Stage stage(Panel::absent);
     const XfcePanel panel(stage.display, stage.session);
     stage.session.waitForName("org.kde.StatusNotifierWatcher");
     expectItemOn(panel, stage);
 }
 
-// A panel on another bus is one that the program can reach over the screen only.
-TEST_F(PanelTest, ItShowsTheSmallWindowOfAProgramThatFindsNoHostOnItsBus) {
+// The program reaches a panel on another bus only through the X server.
+TEST_F(PanelTest, PanelEmbedsTheItemWithoutAHostOnTheBus) {
     Stage stage(Panel::absent);
     const desktops::PrivateBus busOfItsOwn;
     const XfcePanel panel(stage.display, busOfItsOwn);

@@ -1,7 +1,7 @@
-// What a part of the screen shows.
+// A screenshot of a part of the screen.
 //
 // Units:   pixels.
-// Errors:  a screen that cannot be read is a failure of the test, and an empty picture.
+// Errors:  a screen that cannot be read fails the test and returns an empty picture.
 #pragma once
 
 #include "x_display.h"
@@ -26,10 +26,10 @@ public:
 
     std::size_t countOfColours() const;
 
-    // How many pixels are of a colour, give or take a few shades.
+    // The number of pixels with this colour, within a small tolerance.
     std::size_t countOf(std::uint32_t colour) const;
 
-    // How many pixels are not as in another picture of the same size.
+    // The number of pixels that differ from another picture of the same size.
     std::size_t differences(const Picture& other) const;
 
     void save(const std::filesystem::path& file) const;

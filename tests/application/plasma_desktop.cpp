@@ -16,8 +16,8 @@ constexpr const char* daemonName = "org.kde.kded6";
 constexpr const char* socketName = "wayland-plasma";
 constexpr int thickness = 32;
 
-// One bar along the upper edge with nothing but the system tray on it, and in that none of the shell's
-// own items: those that are known are not added by themselves.
+// One panel at the upper edge with only the system tray, which must not add the shell's own items:
+// it adds only items that it does not know.
 constexpr const char* panelText = R"([Containments][1]
 activityId=
 formfactor=2
@@ -45,7 +45,7 @@ extraItems=
 knownItems=org.kde.kdeconnect,org.kde.kscreen,org.kde.plasma.battery,org.kde.plasma.bluetooth,org.kde.plasma.brightness,org.kde.plasma.cameraindicator,org.kde.plasma.clipboard,org.kde.plasma.devicenotifier,org.kde.plasma.keyboardindicator,org.kde.plasma.keyboardlayout,org.kde.plasma.manage-inputmethod,org.kde.plasma.mediacontroller,org.kde.plasma.networkmanagement,org.kde.plasma.notifications,org.kde.plasma.printmanager,org.kde.plasma.vault,org.kde.plasma.volume,org.kde.plasma.weather
 )";
 
-// Opaque, and along the whole edge.
+// Opaque, and as wide as the screen.
 constexpr const char* shellText = R"([PlasmaViews][Panel 1]
 floating=0
 panelOpacity=1
@@ -86,13 +86,13 @@ desktops::Environment PlasmaDesktop::environment() const {
     values["KDE_FULL_SESSION"] = "true";
     values["KDE_SESSION_VERSION"] = "6";
     values["QT_QPA_PLATFORM"] = "wayland";
-    values["QT_QUICK_BACKEND"] = "software"; // there may be no graphics card
+    values["QT_QUICK_BACKEND"] = "software"; // the machine may have no graphics card
     values["WAYLAND_DISPLAY"] = socketName;
     values["XDG_CURRENT_DESKTOP"] = "KDE";
     return values;
 }
 
-// The installed file has a capability, which machines that withhold it refuse to execute. A copy has
+// The installed file has a capability, and restricted machines refuse to execute it. A copy has
 // none.
 void PlasmaDesktop::startCompositor() {
     const std::filesystem::path copy = home.path() / "kwin_wayland";
@@ -122,7 +122,7 @@ void PlasmaDesktop::startDaemons() {
 void PlasmaDesktop::startPanel() {
     shell = start({"plasmashell", "--no-respawn"});
     EXPECT_TRUE(waitUntil([this] { return watcherHasHost(); }))
-        << "the panel takes no items; it said:\n"
+        << "the panel accepts no items; its log:\n"
         << test::contentOf(home.path() / "plasmashell.log");
 }
 

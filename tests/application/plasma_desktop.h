@@ -1,6 +1,6 @@
-// Plasma: its shell with a panel and nothing but the system tray on it, the daemon that has the watcher,
-// and KDE's portal. The compositor is a window on an X server of the test's own, where
-// pictures of it can be taken: without a graphics card it takes none itself.
+// Plasma: its shell with a panel that has only the system tray, the daemon with the watcher, and
+// KDE's portal. The compositor is a window on the test's own X server, which takes its screenshots:
+// without a graphics card the compositor takes none.
 //
 // Units:   pixels from the compositor's top left corner.
 // Thread:  one.
@@ -18,7 +18,7 @@ namespace glidemap::application {
 
 class PlasmaDesktop : public PanelDesktop {
 public:
-    // A program that is not installed; empty if all are.
+    // The name of a missing program; empty if all are installed.
     static std::string missing();
 
     PlasmaDesktop();
@@ -37,7 +37,7 @@ private:
 
     XDisplay display{home};
     std::unique_ptr<desktops::Program> compositor;
-    Rectangle area; // the compositor's on the X server
+    Rectangle area; // the compositor's window on the X server
     std::unique_ptr<desktops::Program> activities;
     std::unique_ptr<desktops::Program> daemon;
     std::unique_ptr<desktops::Program> shell;

@@ -1,5 +1,4 @@
-// The status item in the real panels of desktops: its icon is drawn, its menu works, and both follow what
-// changes.
+// The status item in the real panels of desktops: its icon, its menu, and their updates.
 #include "panel_desktop.h"
 #include "plasma_desktop.h"
 #include "tray_menu.h"
@@ -24,7 +23,7 @@ struct Kind {
     std::unique_ptr<PanelDesktop> (*make)();
 };
 
-// For Google Test.
+// Used by Google Test.
 void PrintTo(const Kind& kind, std::ostream* stream) {
     *stream << kind.name;
 }
@@ -38,7 +37,8 @@ Kind kindOf(const char* name) {
 
 enum class Icon { none, dark, light };
 
-// It is drawn in one of two shades, with edges of the other. No panel here has either for its ground.
+// The icon has one of two shades, with an edge in the other. No panel here has a background in
+// either.
 Icon iconIn(const Picture& panel) {
     constexpr std::size_t least = 20;
     constexpr std::size_t most = 600;
@@ -99,7 +99,7 @@ protected:
     std::unique_ptr<PanelDesktop> desktop;
 };
 
-TEST_P(RealPanelTest, TheIconComesWithTheProgramAndGoesWithIt) {
+TEST_P(RealPanelTest, IconAppearsAndDisappearsWithTheProgram) {
     desktop->startPanel();
     EXPECT_EQ(iconIn(desktop->panel()), Icon::none);
     const auto glidemap = startGlidemap();
@@ -110,7 +110,7 @@ TEST_P(RealPanelTest, TheIconComesWithTheProgramAndGoesWithIt) {
     EXPECT_EQ(desktop->items().size(), 0U);
 }
 
-TEST_P(RealPanelTest, TheMenuFollowsTheMasterSwitchAndItsEntriesWork) {
+TEST_P(RealPanelTest, MenuFollowsTheMasterSwitchAndItsEntriesWork) {
     desktop->startPanel();
     const auto glidemap = startGlidemap();
     EXPECT_TRUE(waitForMenu(entries("✓ Enable Gestures")));
@@ -123,7 +123,7 @@ TEST_P(RealPanelTest, TheMenuFollowsTheMasterSwitchAndItsEntriesWork) {
     EXPECT_TRUE(waitForIcon(Icon::none));
 }
 
-TEST_P(RealPanelTest, TheMenuIsInTheLanguageOfTheInterface) {
+TEST_P(RealPanelTest, MenuIsInTheInterfaceLanguage) {
     desktop->home.write("config/glidemap/glidemap.ini", "[General]\nappLanguage=zh\n");
     desktop->startPanel();
     const auto glidemap = startGlidemap();
@@ -131,10 +131,10 @@ TEST_P(RealPanelTest, TheMenuIsInTheLanguageOfTheInterface) {
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-TEST_P(RealPanelTest, APanelThatComesLaterGetsTheItemAndSoDoesOneThatStartsAgain) {
+TEST_P(RealPanelTest, LateOrRestartedPanelGetsTheItem) {
     const Picture bare = desktop->screen();
     const auto glidemap = startGlidemap();
-    // The window comes after the program has looked for a panel.
+    // The window appears after the program has searched for a panel.
     ASSERT_TRUE(waitUntil([&] { return desktop->screen().differences(bare) > 10000; }))
         << complaints();
     desktop->startPanel();
@@ -146,13 +146,13 @@ TEST_P(RealPanelTest, APanelThatComesLaterGetsTheItemAndSoDoesOneThatStartsAgain
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-// The program takes its toolkit's plain theme, not the desktop's own, which reads the settings itself.
-TEST_P(RealPanelTest, TheIconFollowsTheColourSchemeThatThePortalTells) {
+// The program uses Qt's plain theme instead of the desktop's own, which reads the settings itself.
+TEST_P(RealPanelTest, IconFollowsThePortalsColourScheme) {
     desktop->startPanel();
     desktop->choose(ColorScheme::dark);
     const auto glidemap = startGlidemap(
         {{"KDE_FULL_SESSION", ""}, {"KDE_SESSION_VERSION", ""}, {"XDG_CURRENT_DESKTOP", ""}});
-    EXPECT_TRUE(waitForIcon(Icon::dark)) << "nothing is known: " << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::dark)) << "the icon is not dark: " << complaints();
     desktop->startPortal();
     EXPECT_TRUE(waitForIcon(Icon::light)) << complaints();
     desktop->choose(ColorScheme::light);

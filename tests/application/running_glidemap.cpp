@@ -14,7 +14,7 @@ namespace glidemap::application {
 namespace {
 
 constexpr const char* windowTitle = "Glidemap";
-constexpr int footerHeight = 44; // at most, from the window's lower edge
+constexpr int footerHeight = 44; // maximum distance from the window's lower edge
 
 bool hasEnded(pid_t process) {
     siginfo_t end{};
@@ -49,7 +49,7 @@ bool RunningGlidemap::waitForWindow() {
         shown = found && stage.display.activeWindow() == found->id;
         return shown || hasEnded(process());
     });
-    EXPECT_TRUE(shown) << "the window does not come, or not to the front; the program said:\n"
+    EXPECT_TRUE(shown) << "the window does not appear in front; the program printed:\n"
                        << test::contentOf(stage.complaintsFile());
     return shown && waitUntil([this] { return !controls().empty(); });
 }
@@ -107,7 +107,7 @@ bool RunningGlidemap::waitForFooter(const std::string& text) const {
     return came;
 }
 
-// The innermost one: what hands the focus on to a control within it says that it has it, too.
+// The innermost focused control: a container that delegates its focus reports the focus, too.
 std::optional<Control> RunningGlidemap::focused() const {
     const Controls all = controls();
     const auto found = std::find_if(all.rbegin(), all.rend(), [](const Control& each) {
@@ -116,7 +116,7 @@ std::optional<Control> RunningGlidemap::focused() const {
     return found != all.rend() ? std::optional(*found) : std::nullopt;
 }
 
-// Also when it is what contains the innermost one.
+// Also true for a container of the focused control.
 bool RunningGlidemap::hasFocus(const std::string& name) const {
     const Controls all = controls();
     return std::any_of(all.begin(), all.end(), [&](const Control& each) {

@@ -1,8 +1,8 @@
-// The program while it runs on a stage, and what a person finds in it.
+// The program while it runs on a stage, and its controls.
 //
 // Thread:  one.
-// Owner:   a test; the stage outlives it. Destroying it kills a program that still runs.
-// Errors:  what is not there in time is a failure of the test.
+// Owner:   a test. The stage outlives it. Destruction kills a program that is still running.
+// Errors:  a control or window that does not appear in time fails the test.
 #pragma once
 
 #include "stage.h"
@@ -21,11 +21,11 @@ public:
 
     pid_t process() const { return program.process(); }
 
-    // The settings window has been shown, has the focus, and can be read.
+    // Waits until the settings window is visible, focused and accessible.
     bool waitForWindow();
     std::optional<ManagedWindow> window() const;
 
-    // What can be seen, in reading order of the tree.
+    // The visible controls in tree order.
     Controls controls() const;
 
     // The visible control with the role and the name, or with that label.
@@ -33,7 +33,7 @@ public:
     Control waitFor(const std::string& role, const std::string& name) const;
     bool waitUntilGone(const std::string& role, const std::string& name) const;
 
-    // Whatever can be read at the bottom of the window, as one line.
+    // The texts at the bottom of the window, as one line.
     std::string footer() const;
     bool waitForFooter(const std::string& text) const;
 
@@ -41,16 +41,16 @@ public:
     bool hasFocus(const std::string& name) const;
     bool waitForFocusOn(const std::string& name) const;
 
-    // As with the mouse.
+    // Clicks with the mouse.
     void click(const std::string& role, const std::string& name) const;
 
     TrayMenu menu() const;
 
-    // Sends the signal and answers the exit status, or 128 and the signal.
+    // Sends the signal and returns the exit status, or 128 plus the signal that ended the program.
     std::optional<int> end(int signal);
     std::optional<int> waitForEnd();
 
-    // Everything as text, for a failure's message.
+    // All controls as text, for a failure message.
     std::string described() const;
 
 private:

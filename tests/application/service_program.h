@@ -1,5 +1,5 @@
-// Where the program lies that owns a name on the message bus: it differs between distributions, and the
-// bus has to know, too.
+// Finds the program that owns a name on the message bus. Its path differs between distributions;
+// the bus's service files contain it.
 //
 // Thread:  any.
 #pragma once
@@ -8,7 +8,7 @@
 
 namespace glidemap::application {
 
-// Empty if it is not installed.
+// Returns an empty string if the program is not installed.
 std::string serviceProgram(const std::string& name);
 
 bool isServiceInstalled(const std::string& name);

@@ -7,7 +7,7 @@ namespace glidemap::application {
 
 const desktops::Environment settingsInFile = {{"GSETTINGS_BACKEND", "keyfile"}};
 
-// The backend comes first: the portal would have the bus start it, without the display.
+// Starts the backend first: otherwise the bus would start it without a display.
 SettingsPortal::SettingsPortal(const PanelDesktop& desktop, const std::string& backend,
                                const desktops::Environment& more)
     : backendProgram(desktop.start({serviceProgram(backend)}, more)) {

@@ -1,9 +1,8 @@
-// The real portal that tells programs how the user wants them to look, with the backend that knows one
-// desktop's settings.
+// The real portal for appearance settings, with the backend of one desktop.
 //
 // Thread:  one.
 // Owner:   a desktop, which outlives it.
-// Errors:  a portal that is not ready in time is a failure of the test.
+// Errors:  a portal that does not start in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -30,7 +29,7 @@ private:
     std::unique_ptr<desktops::Program> portal;
 };
 
-// Makes GTK keep its settings in a file of the desktop under test, instead of the user's database.
+// Makes GTK store its settings in a file of the desktop under test, instead of the user's database.
 extern const desktops::Environment settingsInFile;
 
 void chooseForGtk(const PanelDesktop& desktop, bool dark);

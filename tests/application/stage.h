@@ -1,10 +1,10 @@
-// A desktop with nothing on it but what a test puts there: a screen, keyboard, mouse and touchpad,
-// message buses, and the accessibility bus. The program runs on it as a process of its own, with
-// folders of its own, and what it does is seen as a person, a panel or a screen reader sees it.
+// An isolated desktop: a screen, keyboard, mouse and touchpad, message buses, and the accessibility
+// bus. The program runs on it as a separate process with its own folders. Tests observe it like a
+// user, a panel or a screen reader.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  what is not ready in time is a failure of the test.
+// Errors:  a service that does not start in time fails the test.
 #pragma once
 
 #include "accessibility.h"
@@ -35,7 +35,7 @@ public:
     desktops::Environment environment() const;
     desktops::Program::Command command() const;
 
-    // Also while the program runs.
+    // May be called while the program runs.
     void showPanel();
 
     std::filesystem::path folder() const { return home.path(); }

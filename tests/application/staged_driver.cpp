@@ -1,8 +1,7 @@
-// The replay driver as the end-to-end tests load it: what its fingers do is not in a file from the
-// start but is read, report by report, from the pipe that GLIDEMAP_STAGED_FINGERS names. So a circle is
-// drawn exactly when a test says so.
+// The replay driver for the end-to-end tests. It reads the reports not from a file but from the
+// pipe that GLIDEMAP_STAGED_FINGERS names, so that tests decide when to make a gesture.
 //
-// Thread:  a thread of its own reads the pipe, until the process ends, and delivers what it has read.
+// Thread:  a separate thread reads the pipe and delivers its reports until the process exits.
 // Errors:  without the replay driver there is no device.
 #include "input/touch_driver.h"
 #include "recording/recording_reader.h"

@@ -1,4 +1,4 @@
-// How the program comes and goes, as its user and its desktop see it.
+// The program's startup and exit, as the user and the desktop observe them.
 #include "application_test_base.h"
 #include "linux_session/silent_socket.h"
 
@@ -9,7 +9,7 @@ namespace {
 
 class StartingAndEndingTest : public ApplicationTest {};
 
-TEST_F(StartingAndEndingTest, TheFirstStartShowsTheWindowWithTheDefaultBindings) {
+TEST_F(StartingAndEndingTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -22,7 +22,7 @@ TEST_F(StartingAndEndingTest, TheFirstStartShowsTheWindowWithTheDefaultBindings)
     EXPECT_TRUE(std::filesystem::exists(stage.bindingsFile()));
 }
 
-TEST_F(StartingAndEndingTest, EachSignalThatAsksItToEndIsObeyedInOrder) {
+TEST_F(StartingAndEndingTest, EachTerminationSignalExitsCleanly) {
     Stage stage;
     for (const int signal : {SIGTERM, SIGINT}) {
         RunningGlidemap glidemap(stage);
@@ -32,15 +32,15 @@ TEST_F(StartingAndEndingTest, EachSignalThatAsksItToEndIsObeyedInOrder) {
     }
 }
 
-// The accessibility bus cannot be found without a session bus, so the window alone is looked for.
-TEST_F(StartingAndEndingTest, ABusThatNeverRespondsKeepsItNeitherFromStartingNorFromEnding) {
+// The accessibility bus is found through the session bus, so this only checks for the window.
+TEST_F(StartingAndEndingTest, BusThatNeverRespondsDelaysNeitherStartupNorExit) {
     Stage stage;
     const test::SilentSocket bus;
     auto command = stage.command();
     command.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.address();
     command.environment["DBUS_SYSTEM_BUS_ADDRESS"] = bus.address();
     for (const bool isWaylandToo : {false, true}) {
-        if (isWaylandToo) { // its desktops are looked for on the bus
+        if (isWaylandToo) { // here the bus provides the virtual desktops
             command.environment["WAYLAND_DISPLAY"] = "none";
             command.environment["QT_QPA_PLATFORM"] = "xcb";
         }
@@ -50,7 +50,7 @@ TEST_F(StartingAndEndingTest, ABusThatNeverRespondsKeepsItNeitherFromStartingNor
     }
 }
 
-TEST_F(StartingAndEndingTest, ABusThatStopsRespondingKeepsItNotFromEnding) {
+TEST_F(StartingAndEndingTest, BusThatStopsRespondingDoesNotDelayTheExit) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -59,7 +59,7 @@ TEST_F(StartingAndEndingTest, ABusThatStopsRespondingKeepsItNotFromEnding) {
     stage.session.goOn();
 }
 
-TEST_F(StartingAndEndingTest, ASecondLaunchShowsTheFirstOnesWindowAndEnds) {
+TEST_F(StartingAndEndingTest, SecondLaunchShowsTheFirstInstancesWindowAndExits) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -72,7 +72,7 @@ TEST_F(StartingAndEndingTest, ASecondLaunchShowsTheFirstOnesWindowAndEnds) {
     EXPECT_EQ(first.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, ASecondLaunchBringsACoveredWindowToTheFront) {
+TEST_F(StartingAndEndingTest, SecondLaunchRaisesACoveredWindow) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -83,7 +83,7 @@ TEST_F(StartingAndEndingTest, ASecondLaunchBringsACoveredWindowToTheFront) {
     EXPECT_TRUE(first.waitForWindow());
 }
 
-TEST_F(StartingAndEndingTest, WhatAFirstOneThatWasKilledLeavesBehindHindersNobody) {
+TEST_F(StartingAndEndingTest, FilesOfAKilledInstanceDoNotPreventAStart) {
     Stage stage;
     {
         RunningGlidemap first(stage);
@@ -95,7 +95,7 @@ TEST_F(StartingAndEndingTest, WhatAFirstOneThatWasKilledLeavesBehindHindersNobod
     EXPECT_EQ(second.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, ClosingTheWindowEndsNothing) {
+TEST_F(StartingAndEndingTest, ClosingTheWindowKeepsTheProgramRunning) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -105,7 +105,7 @@ TEST_F(StartingAndEndingTest, ClosingTheWindowEndsNothing) {
     EXPECT_TRUE(glidemap.waitForWindow());
 }
 
-TEST_F(StartingAndEndingTest, WithoutItsDesktopTheProgramEndsAndDoesNotCrash) {
+TEST_F(StartingAndEndingTest, LossOfTheDisplayExitsWithoutACrash) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -113,7 +113,7 @@ TEST_F(StartingAndEndingTest, WithoutItsDesktopTheProgramEndsAndDoesNotCrash) {
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
-TEST_F(StartingAndEndingTest, OneThatHangsIsNotWaitedForForever) {
+TEST_F(StartingAndEndingTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -128,7 +128,7 @@ TEST_F(StartingAndEndingTest, OneThatHangsIsNotWaitedForForever) {
     EXPECT_EQ(first.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, WithoutADisplayOneThatHangsIsComplainedOfAllTheSame) {
+TEST_F(StartingAndEndingTest, SecondLaunchWithoutADisplayReportsAHungInstance) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -143,7 +143,7 @@ TEST_F(StartingAndEndingTest, WithoutADisplayOneThatHangsIsComplainedOfAllTheSam
     EXPECT_EQ(first.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, WhereItsLockCannotBeTheUserIsTold) {
+TEST_F(StartingAndEndingTest, MissingLockFolderIsReportedToTheUser) {
     Stage stage;
     auto command = stage.command();
     command.environment["XDG_RUNTIME_DIR"] = "/dev/null";
@@ -154,7 +154,7 @@ TEST_F(StartingAndEndingTest, WhereItsLockCannotBeTheUserIsTold) {
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
-TEST_F(StartingAndEndingTest, OneThatCannotBeCalledSaysSoAndRunsAllTheSame) {
+TEST_F(StartingAndEndingTest, FailureToListenIsReportedAndTheProgramRuns) {
     Stage stage;
     auto command = stage.command();
     const std::filesystem::path runtime = command.environment["XDG_RUNTIME_DIR"];
@@ -166,7 +166,7 @@ TEST_F(StartingAndEndingTest, OneThatCannotBeCalledSaysSoAndRunsAllTheSame) {
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
+TEST_F(StartingAndEndingTest, OnlyInformationalOptionsAreAccepted) {
     struct Row {
         std::vector<std::string> options;
         int status;
@@ -199,8 +199,9 @@ TEST_F(StartingAndEndingTest, ItTakesNoOptionsButThoseThatOnlyTell) {
               std::string::npos);
 }
 
-// The loader's own list of what it loads. The diagnosis names the toolkit, so it has to be in that one's.
-TEST_F(StartingAndEndingTest, TheVersionAndTheHelpAreThereWithoutTheToolkit) {
+// The loader's own list of libraries. The diagnosis names the toolkit, so the list must contain it
+// there.
+TEST_F(StartingAndEndingTest, VersionAndHelpLoadNoToolkit) {
     for (const std::string option : {"--version", "--help", "--nonsense", "--diagnose"}) {
         const desktops::RuntimeFolder folder;
         auto environment = desktops::plainEnvironment(folder.path());
@@ -218,7 +219,7 @@ TEST_F(StartingAndEndingTest, TheVersionAndTheHelpAreThereWithoutTheToolkit) {
     }
 }
 
-TEST_F(StartingAndEndingTest, ItsDiagnosisEndsWithoutADisplayAndWhereNoBusAnswers) {
+TEST_F(StartingAndEndingTest, DiagnosisExitsWithoutADisplayAndWithAHungBus) {
     const desktops::RuntimeFolder folder;
     const test::SilentSocket silent;
     auto environment = desktops::plainEnvironment(folder.path());
@@ -238,7 +239,7 @@ TEST_F(StartingAndEndingTest, ItsDiagnosisEndsWithoutADisplayAndWhereNoBusAnswer
     EXPECT_EQ(program.finish(), 0);
 }
 
-TEST_F(StartingAndEndingTest, ItLogsWhenItIsAskedTo) {
+TEST_F(StartingAndEndingTest, VerboseOptionLogs) {
     Stage stage;
     auto command = stage.command();
     command.words.emplace_back("--verbose");

@@ -47,10 +47,10 @@ struct StatusHost::State {
 
     GDBusConnection* connection = nullptr;
     GDBusNodeInfo* node = nullptr;
-    std::map<std::string, guint> watches; // by the name whose leaving is waited for
-    mutable std::mutex mutex;             // guards the items
+    std::map<std::string, guint> watches; // by the bus name whose disappearance is watched
+    mutable std::mutex mutex;             // protects the items
     std::vector<Item> items;
-    DesktopThread thread; // goes first
+    DesktopThread thread; // destroyed first
 };
 
 void StatusHost::State::connect(const std::string& address) {
@@ -89,7 +89,7 @@ void StatusHost::State::tell(const char* signal, GVariant* values) const {
                                   nullptr);
 }
 
-// A program says its name on the bus, or where on its own connection the item is.
+// A program registers its bus name, or the item's path on its own connection.
 void StatusHost::State::add(const std::string& said, const std::string& sender) {
     const Item item = said.starts_with('/') ? Item{sender, said} : Item{said, itemPath};
     {

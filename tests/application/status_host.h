@@ -1,8 +1,8 @@
-// The part of a desktop's panel that shows status items: the watcher that programs register with, and
-// the host that it speaks of.
+// The status items' part of a panel: the watcher with which programs register, and the host that
+// the watcher announces.
 //
-// Thread:  made, used and destroyed on the test's; answers programs on one of its own.
-// Owner:   a test or a stage; before the bus it is on ends.
+// Thread:  created, used and destroyed on the test's thread; serves programs on its own thread.
+// Owner:   a test or a stage. It is destroyed before its bus ends.
 // Errors:  none.
 #pragma once
 
@@ -17,7 +17,7 @@ namespace glidemap::application {
 
 class StatusHost {
 public:
-    // Where a program's item is: its name on the bus, and its path.
+    // The address of a program's item: its bus name and its path.
     struct Item {
         std::string busName;
         std::string path;
@@ -30,7 +30,7 @@ public:
     StatusHost& operator=(const StatusHost&) = delete;
     ~StatusHost();
 
-    // Those that are registered now.
+    // The registered items.
     std::vector<Item> items() const;
 
 private:

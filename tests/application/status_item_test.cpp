@@ -1,4 +1,4 @@
-// The status item and its menu, as a panel shows them.
+// The status item and its menu, as a panel reads them.
 #include "application_test_base.h"
 #include "variant.h"
 
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(StatusItemTest, ItIsNamedAndHasAPicture) {
+TEST_F(StatusItemTest, ItemHasANameAndAnIcon) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(waitUntil([&] { return !stage.panel->items().empty(); }));
@@ -33,7 +33,7 @@ TEST_F(StatusItemTest, ItIsNamedAndHasAPicture) {
     EXPECT_EQ(textOf(childOf(help, 2)), "Glidemap");
 }
 
-TEST_F(StatusItemTest, TheMenuIsInTheLanguageOfTheInterface) {
+TEST_F(StatusItemTest, MenuIsInTheInterfaceLanguage) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     EXPECT_EQ(
@@ -47,7 +47,7 @@ TEST_F(StatusItemTest, TheMenuIsInTheLanguageOfTheInterface) {
               (Lines{"✓ 启用手势", "—", "设置…", "检查更新…", "—", "退出 Glidemap"}));
 }
 
-TEST_F(StatusItemTest, TheCheckMarkFollowsTheMasterSwitch) {
+TEST_F(StatusItemTest, CheckMarkFollowsTheMasterSwitch) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -59,7 +59,7 @@ TEST_F(StatusItemTest, TheCheckMarkFollowsTheMasterSwitch) {
     EXPECT_TRUE(waitUntil([&] { return glidemap.waitFor("check box", "Enabled").isChecked(); }));
 }
 
-TEST_F(StatusItemTest, QuitEndsTheProgramInOrder) {
+TEST_F(StatusItemTest, QuitExitsCleanly) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -67,7 +67,7 @@ TEST_F(StatusItemTest, QuitEndsTheProgramInOrder) {
     EXPECT_EQ(glidemap.waitForEnd(), 0);
 }
 
-TEST_F(StatusItemTest, APanelThatComesLaterGetsTheItem) {
+TEST_F(StatusItemTest, LatePanelGetsTheItem) {
     Stage stage(Panel::absent);
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -75,7 +75,7 @@ TEST_F(StatusItemTest, APanelThatComesLaterGetsTheItem) {
     EXPECT_FALSE(describe(glidemap.menu().open()).empty());
 }
 
-TEST_F(StatusItemTest, APanelThatStartsAgainGetsTheItemAgain) {
+TEST_F(StatusItemTest, RestartedPanelGetsTheItemAgain) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -84,7 +84,7 @@ TEST_F(StatusItemTest, APanelThatStartsAgainGetsTheItemAgain) {
     EXPECT_FALSE(describe(glidemap.menu().open()).empty());
 }
 
-TEST_F(StatusItemTest, WithoutAPanelTheProgramSaysSoOnceAndIsReachedByLaunchingItAgain) {
+TEST_F(StatusItemTest, MissingPanelIsReportedOnceAndALaunchShowsTheWindow) {
     constexpr const char* message = "This desktop shows no status items";
     Stage stage(Panel::absent);
     RunningGlidemap first(stage);

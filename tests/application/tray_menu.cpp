@@ -12,7 +12,7 @@ constexpr const char* menuInterface = "com.canonical.dbusmenu";
 constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
 constexpr int everyLevel = -1;
 
-// A menu's labels mark the letter that chooses them.
+// Removes the underscores that mark mnemonics.
 std::string withoutMarks(const std::string& label) {
     std::string plain;
     for (std::size_t index = 0; index < label.size(); ++index) {
@@ -71,7 +71,7 @@ std::vector<MenuEntry> TrayMenu::open() const {
     const Variant answer =
         call(bus, menu, "GetLayout", g_variant_new("(iias)", 0, everyLevel, nullptr));
     if (answer == nullptr) {
-        ADD_FAILURE() << "the menu does not tell what is in it";
+        ADD_FAILURE() << "the menu returns no layout";
         return {};
     }
     std::vector<MenuEntry> entries;

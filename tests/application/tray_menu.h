@@ -1,7 +1,7 @@
-// The menu of a status item, opened and read as a desktop's panel does.
+// The menu of a status item, opened and read as by a panel.
 //
 // Thread:  one.
-// Errors:  a menu that cannot be read is a failure of the test, and has no entries.
+// Errors:  a menu that cannot be read fails the test, and has no entries.
 #pragma once
 
 #include "status_host.h"
@@ -14,7 +14,7 @@ using GDBusConnection = struct _GDBusConnection;
 namespace glidemap::application {
 
 struct MenuEntry {
-    int id = 0;        // another one each time the menu is opened
+    int id = 0;        // changes each time the menu opens
     std::string label; // empty for a separator
     bool separator = false;
     bool checkable = false;
@@ -27,10 +27,10 @@ class TrayMenu {
 public:
     TrayMenu(GDBusConnection* bus, const StatusHost::Item& item);
 
-    // Those that are visible, once the program has been told that the menu is about to be shown.
+    // Returns the visible entries, after the AboutToShow call.
     std::vector<MenuEntry> open() const;
 
-    // Opens it and chooses what has the label. False if nothing has.
+    // Opens the menu and chooses the entry with this label. Returns false if it does not exist.
     bool choose(const std::string& label) const;
 
 private:
@@ -39,7 +39,8 @@ private:
     std::string path;
 };
 
-// "✓ Enable Gestures", "—", "Settings… [Control+x]", "(Download…)" where it cannot be chosen.
+// "✓ Enable Gestures", "—", "Settings… [Control+x]"; parentheses mark a disabled entry, as in
+// "(Download…)".
 std::vector<std::string> describe(const std::vector<MenuEntry>& entries);
 
 } // namespace glidemap::application

@@ -1,4 +1,4 @@
-// A value of the message bus, given back by whoever holds it last.
+// A GVariant that is released with its last reference.
 #pragma once
 
 #include <gio/gio.h>
@@ -14,7 +14,7 @@ struct GiveBackVariant {
 
 using Variant = std::unique_ptr<GVariant, GiveBackVariant>;
 
-// The child of a tuple or an array, taken out of its variant if it is in one.
+// The child of a tuple or an array, unwrapped from a variant.
 inline Variant childOf(const Variant& container, std::size_t index) {
     Variant child(g_variant_get_child_value(container.get(), index));
     if (g_variant_is_of_type(child.get(), G_VARIANT_TYPE_VARIANT) != FALSE) {
@@ -31,19 +31,19 @@ inline std::string textOf(const Variant& value) {
                : "";
 }
 
-// Whom a call is for.
+// The target of a call.
 struct Callee {
     std::string name; // on the bus
     std::string path;
     std::string interface;
 };
 
-// Waits for the answer; null if there is none, which is the caller's to judge: what is asked may have
-// gone meanwhile. Takes the arguments.
+// Waits for the reply. Returns null on failure, which the caller must handle: the target may have
+// disappeared. Takes ownership of the arguments.
 Variant call(GDBusConnection* bus, const Callee& callee, const char* method,
              GVariant* arguments = nullptr);
 
-// A property's value, not in a variant; null if there is none.
+// A property's value without its variant wrapper; null on failure.
 Variant property(GDBusConnection* bus, const Callee& callee, const char* name);
 
 } // namespace glidemap::application

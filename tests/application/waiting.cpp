@@ -10,7 +10,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A machine may be busy; nothing waits this long unless it has failed.
+// Long enough for a busy machine: only a failing test reaches this time-out.
 constexpr std::chrono::seconds patience{120};
 
 constexpr guint lookAgainAfter = 15; // milliseconds
@@ -20,7 +20,7 @@ gboolean lookAgain(gpointer late) {
     return G_SOURCE_REMOVE;
 }
 
-// Until something has arrived, and then all that has.
+// Waits for an event and processes all pending ones.
 void takeNews() {
     bool late = false;
     const guint timer = g_timeout_add(lookAgainAfter, lookAgain, &late);

@@ -1,15 +1,15 @@
-// Waits for what a program does in its own time.
+// Waits for a condition in another process.
 //
-// Thread:  the test's; what arrives on its default context meanwhile is dealt with.
-// Errors:  a condition that never comes true is answered with false.
+// Thread:  the test's thread. Events of its default main context are processed meanwhile.
+// Errors:  returns false if the condition stays false.
 #pragma once
 
 #include <functional>
 
 namespace glidemap::application {
 
-// Looks again as soon as the accessibility bus tells of a change, and now and then where nothing
-// tells: a file, a window.
+// Evaluates the condition on each accessibility event, and periodically for changes without an
+// event, such as files and windows.
 bool waitUntil(const std::function<bool()>& condition);
 
 } // namespace glidemap::application

@@ -15,7 +15,7 @@ constexpr const char* settingsText = R"({
     "modules-right": ["tray"], "tray": {"icon-size": 22}
 })";
 
-// Blue ground: the icon is grey.
+// The icon is grey, so the background is blue.
 constexpr const char* styleText = "window#waybar { background: #336699; }\n";
 
 } // namespace
@@ -32,7 +32,7 @@ std::string WaybarDesktop::missing() {
 desktops::Environment WaybarDesktop::environment() const {
     desktops::Environment values = sway.environment();
     for (const auto& [name, value] : desktops::plainEnvironment(home.path())) {
-        if (name != "XDG_RUNTIME_DIR") { // the compositor's socket is there
+        if (name != "XDG_RUNTIME_DIR") { // contains the compositor's socket
             values[name] = value;
         }
     }
@@ -46,7 +46,7 @@ void WaybarDesktop::startPanel() {
     bar = start({"waybar", "--config", home.write("waybar.json", settingsText), "--style",
                  home.write("waybar.css", styleText)});
     EXPECT_TRUE(waitUntil([this] { return watcherHasHost(); }))
-        << "the panel takes no items; it said:\n"
+        << "the panel accepts no items; its log:\n"
         << test::contentOf(home.path() / "waybar.log");
 }
 

@@ -16,7 +16,7 @@ namespace glidemap::application {
 
 class WaybarDesktop : public PanelDesktop {
 public:
-    // A program that is not installed; empty if all are.
+    // The name of a missing program; empty if all are installed.
     static std::string missing();
 
     desktops::Environment environment() const override;

@@ -65,7 +65,7 @@ protected:
                 .log = home.path() / "glidemap.log"};
     }
 
-    // What a program of the desktop writes into a file.
+    // The file that a program of the desktop writes.
     std::filesystem::path written(const std::string& line) const {
         const std::filesystem::path file = home.path() / "written";
         Program shell(command({"sh", "-c", line + " \"$0\"", file}));
@@ -87,7 +87,7 @@ protected:
     test::TemporaryFolder home{"/tmp"};
 };
 
-TEST_F(WaylandTest, TheWindowBelongsToTheDesktopEntryAndShowsTheSettings) {
+TEST_F(WaylandTest, WindowBelongsToTheDesktopEntryAndShowsTheSettings) {
     const Accessibility accessibility(session, command({busLauncher, "--launch-immediately"}));
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }))
@@ -103,21 +103,21 @@ TEST_F(WaylandTest, TheWindowBelongsToTheDesktopEntryAndShowsTheSettings) {
         });
     }));
     EXPECT_TRUE(waitUntil([&] { return Picture(written("grim")).countOfColours() > 50; }))
-        << "the screen shows next to nothing";
+        << "the screen is almost blank";
     kill(glidemap.process(), SIGTERM);
     EXPECT_EQ(glidemap.finish(), 0);
 }
 
-TEST_F(WaylandTest, WithoutItsDesktopTheProgramEndsAndDoesNotCrash) {
+TEST_F(WaylandTest, LossOfTheCompositorExitsWithoutACrash) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.kill();
-    // The toolkit ends the program itself: with 1 up to Qt 6.4, with -1 later.
+    // Qt exits the process: with 1 up to Qt 6.4, with -1 later.
     EXPECT_THAT(glidemap.finish(), testing::AnyOf(1, 255))
         << test::contentOf(home.path() / "glidemap.log");
 }
 
-TEST_F(WaylandTest, ASecondLaunchShowsTheWindowAgain) {
+TEST_F(WaylandTest, SecondLaunchShowsTheWindowAgain) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.command("[app_id=org.glidemap.Glidemap] kill");

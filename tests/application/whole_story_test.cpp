@@ -1,4 +1,4 @@
-// One person's first hour with the program, on a keyboard, a mouse and a touchpad.
+// A user's first hour with the program, with keyboard, mouse and touchpad.
 #include "application_test_base.h"
 #include "chinese_only.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 using nlohmann::json;
 
-// The window names a row's controls after its gesture.
+// The window includes the gesture in the names of a row's controls.
 constexpr const char* newRow = "Three-Finger Swipe Up";
 constexpr const char* newRowInChinese = "三指上滑";
 
@@ -22,7 +22,7 @@ protected:
         ASSERT_TRUE(glidemap->waitForWindow());
     }
 
-    // What is in the file, without the identifiers, which are new each time.
+    // The file's content without the identifiers, which are random.
     json savedBindings() const {
         json bindings = json::parse(test::contentOf(stage->bindingsFile()), nullptr, false);
         for (json& binding : bindings) {
@@ -56,7 +56,7 @@ protected:
         stage->hands.press("Return");
         glidemap->waitFor("combo box", "Three-Finger Swipe Up");
         EXPECT_FALSE(glidemap->waitFor("push button", "Add").isEnabled());
-        record("Ctrl+Shift+K", "Ctrl Shift K"); // as it is read aloud
+        record("Ctrl+Shift+K", "Ctrl Shift K"); // as a screen reader reads it
         EXPECT_TRUE(waitUntil([&] { return glidemap->waitFor("push button", "Add").isEnabled(); }));
         stage->hands.press("Return");
         EXPECT_TRUE(glidemap->waitUntilGone("push button", "Add"));
@@ -95,7 +95,7 @@ protected:
             << savedBindings();
     }
 
-    // The next entry of a picker, without opening it.
+    // Selects the next entry of a picker without opening it.
     void chooseWithKeys(const std::string& picker, const std::string& next) {
         for (int step = 0; step < 30 && !glidemap->hasFocus(picker); ++step) {
             tab();
@@ -114,7 +114,7 @@ protected:
     }
 
     void switchToChinese() {
-        // What was done is told in the words of its time.
+        // The footer keeps the language in which the action ran.
         const std::vector<std::string> said = {"label: → Shortcut ⌃⇧K"};
         chooseWithKeys("Language", "中文");
         glidemap->waitFor("push button", "添加绑定");
@@ -169,7 +169,7 @@ protected:
     std::unique_ptr<RunningGlidemap> glidemap;
 };
 
-TEST_F(WholeStoryTest, WhatAPersonSetsUpWorksAtOnceAndIsThereAfterARestart) {
+TEST_F(WholeStoryTest, NewBindingsWorkAtOnceAndAfterARestart) {
     stage = std::make_unique<Stage>();
     launch();
     drawACircle();

@@ -18,7 +18,7 @@ using desktops::isInstalled;
 using desktops::plainEnvironment;
 using desktops::Program;
 
-constexpr std::uint32_t longest = 4096; // of a property, in words
+constexpr std::uint32_t longest = 4096; // length of a property, in words
 constexpr std::uint32_t fromTaskBar = 2;
 
 Program::Command serverIn(const desktops::RuntimeFolder& folder) {
@@ -57,9 +57,9 @@ XDisplay::XDisplay(const desktops::RuntimeFolder& folder, WindowManager manager)
     EXPECT_TRUE(waitForWindowManager()) << "the window manager never took over";
 }
 
-// It says who it is long before it manages windows, and gives none the focus that it finds there by
-// then; what it has read of its connection meanwhile it looks at when more comes. So it is asked
-// for something until it has done it.
+// A window manager announces itself long before it manages windows, and does not focus windows that
+// exist when it starts. Events that it has already read wait until another one arrives. So this
+// repeats a request until the window manager handles it.
 bool XDisplay::waitForWindowManager() const {
     const std::uint32_t window = createWindow({0, 0, 1, 1});
     const bool answers = waitUntil([&] {
@@ -117,7 +117,7 @@ std::vector<ManagedWindow> XDisplay::windows() const {
     std::vector<ManagedWindow> all;
     for (const std::uint32_t id : numbers(_root, "_NET_CLIENT_LIST")) {
         const std::vector<std::uint32_t> process = numbers(id, "_NET_WM_PID");
-        const std::string names = property(id, "WM_CLASS"); // both with a null behind them
+        const std::string names = property(id, "WM_CLASS"); // both end with a null character
         all.push_back({id, property(id, "_NET_WM_NAME"),
                        names.substr(std::min(names.find('\0') + 1, names.size())).c_str(),
                        process.empty() ? 0 : process.front(), contentOf(id)});

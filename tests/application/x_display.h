@@ -1,9 +1,9 @@
-// An X server without a screen, with a window manager: what a person sits in front of.
+// An X server without a screen, with a window manager.
 //
 // Units:   pixels from the top left corner.
 // Thread:  one.
-// Owner:   a stage. Destroying it ends the server and the window manager.
-// Errors:  a server or a window manager that is not ready in time is a failure of the test.
+// Owner:   a stage. Destruction ends the server and the window manager.
+// Errors:  a server or window manager that does not start in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -33,7 +33,7 @@ struct Rectangle {
     friend bool operator==(const Rectangle&, const Rectangle&) = default;
 };
 
-// What the window manager knows of a program's window.
+// A client window in the window manager's list.
 struct ManagedWindow {
     std::uint32_t id = 0;
     std::string title;
@@ -46,7 +46,7 @@ class XDisplay {
 public:
     static bool isInstalled();
 
-    // The window manager's command line, and its environment besides the display.
+    // The window manager's command line, and its environment without DISPLAY.
     struct WindowManager {
         std::vector<std::string> words;
         desktops::Environment environment;
@@ -62,33 +62,33 @@ public:
     xcb_connection_t* connection() const { return _connection; }
     std::uint32_t root() const { return _root; }
 
-    // In the order in which they came.
+    // In creation order.
     std::vector<ManagedWindow> windows() const;
     std::optional<ManagedWindow> windowTitled(const std::string& title) const;
     std::optional<std::uint32_t> activeWindow() const;
 
-    // Whether anybody keeps the selection, which is how some services say that they are there.
+    // Whether the selection has an owner, which is how some services announce themselves.
     bool hasOwner(const std::string& selection) const;
 
-    // Whether any window is shown within another program's one, as status items are.
+    // Whether a window is embedded in another program's window, like a status item.
     bool hasEmbeddedWindow() const;
 
-    // Another program's window, that comes to the front.
+    // Opens a window of another program in front.
     std::uint32_t openWindow(const Rectangle& area) const;
 
-    // As when the session ends under its programs.
+    // Simulates the end of the session.
     void kill() const { server->kill(); }
 
-    // As a task bar does.
+    // Activates the window like a task bar.
     void activate(const ManagedWindow& window) const;
 
     void minimize(const ManagedWindow& window) const;
 
-    // The first one is 0.
+    // Numbers start at 0.
     void showWorkspace(std::uint32_t number) const;
     std::optional<std::uint32_t> shownWorkspace() const;
 
-    // As the window's close button does.
+    // Closes the window like its close button.
     void close(const ManagedWindow& window) const;
 
 private:

@@ -1,4 +1,4 @@
-// What the X server answers, freed by whoever asked.
+// A reply of the X server with automatic release.
 #pragma once
 
 #include <cstdlib>

@@ -23,7 +23,7 @@ desktops::Environment XfceDesktop::environment() const {
 
 void XfceDesktop::startPanel() {
     bar.emplace(display, session);
-    EXPECT_TRUE(waitUntil([this] { return watcherHasHost(); })) << "the panel takes no items";
+    EXPECT_TRUE(waitUntil([this] { return watcherHasHost(); })) << "the panel accepts no items";
 }
 
 void XfceDesktop::choose(ColorScheme scheme) const {

@@ -15,7 +15,7 @@ namespace glidemap::application {
 
 class XfceDesktop : public PanelDesktop {
 public:
-    // A program that is not installed; empty if all are.
+    // The name of a missing program; empty if all are installed.
     static std::string missing();
 
     desktops::Environment environment() const override;

@@ -15,8 +15,8 @@ namespace {
 constexpr const char* settingsName = "org.xfce.Xfconf";
 constexpr const char* settingsFile = "config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml";
 
-// One bar along the upper edge with nothing but the notification area on it, on blue ground: the icon is
-// grey.
+// One panel at the upper edge with only the notification area. The icon is grey, so the background
+// is blue.
 constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>
@@ -67,7 +67,7 @@ XfcePanel::XfcePanel(const XDisplay& shown, const desktops::PrivateBus& bus)
     program = std::make_unique<desktops::Program>(
         command({"xfce4-panel", "--disable-wm-check", "--sm-client-disable"}));
     EXPECT_TRUE(waitUntil([this] { return panelOn(display).has_value(); }))
-        << "the panel does not come; it said:\n"
+        << "the panel does not start; its log:\n"
         << test::contentOf(folder.path() / "panel.log");
 }
 
@@ -75,7 +75,7 @@ desktops::Program::Command XfcePanel::command(std::vector<std::string> words) co
     desktops::Environment environment = desktops::plainEnvironment(folder.path());
     environment["DBUS_SESSION_BUS_ADDRESS"] = busAddress;
     environment["DISPLAY"] = display.name();
-    environment.emplace("NO_AT_BRIDGE", "1"); // it is not the panel that is judged
+    environment.emplace("NO_AT_BRIDGE", "1"); // the panel's own accessibility is not under test
     return {
         .words = std::move(words), .environment = environment, .log = folder.path() / "panel.log"};
 }

@@ -1,9 +1,9 @@
-// A real panel with a notification area, as a desktop has it: it shows status items that come over
-// the message bus, and small windows that programs hand it (XEmbed).
+// A real panel with a notification area: it shows status items from the message bus, and embeds
+// small windows of programs (XEmbed).
 //
 // Thread:  one.
-// Owner:   a test; the display and the bus outlive it.
-// Errors:  a panel that does not come up is a failure of the test.
+// Owner:   a test. The display and the bus outlive it.
+// Errors:  a panel that does not start fails the test.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -19,7 +19,7 @@ public:
 
     XfcePanel(const XDisplay& display, const desktops::PrivateBus& bus);
 
-    // Where it is on the screen.
+    // The panel's area on the screen.
     Rectangle area() const;
 
 private:
@@ -28,7 +28,7 @@ private:
     const XDisplay& display;
     std::string busAddress;
     desktops::RuntimeFolder folder;
-    std::unique_ptr<desktops::Program> settings; // the daemon that keeps them
+    std::unique_ptr<desktops::Program> settings; // the daemon that stores the panel's settings
     std::unique_ptr<desktops::Program> program;
 };
 

@@ -1,7 +1,7 @@
-// A folder of pictures with a page that shows them all.
+// A folder of pictures with a page that shows all of them.
 //
 // Thread:  the main thread.
-// Errors:  a picture that shows nothing, or that cannot be written, is told on standard error and
+// Errors:  a blank picture, or one that cannot be written, is reported on standard error and
 //          counted.
 #pragma once
 
@@ -17,12 +17,12 @@ namespace glidemap::screenshots {
 
 class Album {
 public:
-    // The names of pictures with more than one pixel for a point say so.
+    // File names include the scale if it is above 1.
     Album(std::filesystem::path folder, double pixelsForAPoint);
 
     void add(const Scene& scene, const Variant& variant);
 
-    // The pictures, each at one and at two pixels for a point.
+    // Shows each picture at scales 1 and 2.
     void writePage();
 
     int failures() const { return failed; }
@@ -33,7 +33,7 @@ private:
         std::string scene;
         std::string caption;
         std::string variant;
-        std::string path; // below the folder, without its ending
+        std::string path; // within the folder, without the extension
         QSize points;
     };
 

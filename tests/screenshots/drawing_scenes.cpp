@@ -20,7 +20,7 @@ namespace {
 
 constexpr int margin = 16;
 
-// A canvas in the colour of a window's ground, with a painter that writes as the interface does.
+// A canvas in the window's background colour, with a painter that uses the interface's font.
 struct Sheet {
     explicit Sheet(QSize points) : image(canvas(points)) {
         image.fill(Theme::shared().color(Role::window));
@@ -44,9 +44,9 @@ constexpr int frameGap = 6;
 constexpr int nameHeight = 20;
 constexpr int columns = 3;
 
-// Early, in the middle and late in that part of the loop in which fingers are clearly to be seen.
+// Early, middle and late times within the part of the loop with clearly visible fingers.
 std::array<double, 3> momentsOf(GestureType gesture) {
-    constexpr int samples = 104; // a fortieth of a second apart
+    constexpr int samples = 104; // 1/40 s apart
     std::vector<double> seen;
     for (int sample = 0; sample < samples; ++sample) {
         const double moment = demo::loopDuration * sample / samples;
@@ -115,7 +115,7 @@ QImage symbols() {
     return sheet.finished();
 }
 
-// As they are in launchers and in bars.
+// As in launchers and in status bars.
 QImage icons() {
     constexpr std::array sizes = {16, 22, 24, 32, 48, 64, 128, 256};
     Sheet sheet(QSize(760, 400));

@@ -1,4 +1,4 @@
-// Writes a picture of every window and state of the interface, and a page that shows them:
+// Writes pictures of all windows and states of the interface, and a page that shows them:
 //
 //   glidemap-screenshots [--brief] [--only NAME] FOLDER
 //
@@ -7,7 +7,7 @@
 // the same pictures. --brief makes a few only, --only the scenes with
 // this in their name. Fails if one cannot be written or shows nothing.
 //
-// A program has one scale for as long as it runs, so a second one makes the sharper half.
+// A process has one scale for its lifetime, so a second process writes the pictures at scale 2.
 #include "core/lang.h"
 #include "screenshots/album.h"
 #include "screenshots/photograph.h"
@@ -57,7 +57,7 @@ std::vector<Scene> scenes(const Choice& choice) {
     return all;
 }
 
-// A display in memory with room for every window at either scale.
+// An offscreen display with room for every window at both scales.
 bool useDisplayInMemory(const QTemporaryDir& folder) {
     const std::string file = folder.filePath("display.json").toStdString();
     std::ofstream description(file);
@@ -68,14 +68,15 @@ bool useDisplayInMemory(const QTemporaryDir& folder) {
     return description.good();
 }
 
-// What a display in memory cannot do is of no concern to pictures.
+// Suppresses warnings about missing features of the offscreen display, which do not affect
+// pictures.
 void passOn(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& message) {
     if (!message.startsWith("This plugin does not support")) {
         std::cerr << message.toStdString() << '\n';
     }
 }
 
-// Nothing that differs from machine to machine or moves on its own.
+// Removes differences between machines, and animations.
 void settleAppearance(QApplication& application) {
     QApplication::setFont(QFont("Inter"));
     QApplication::setCursorFlashTime(0);
@@ -128,7 +129,7 @@ int run(QApplication& application, const QString& folder, const Choice& choice) 
 } // namespace
 
 int main(int count, char** arguments) {
-    // The stages of the tests say with expectations what did not go as arranged.
+    // The stages use test expectations; a failed one must abort.
     testing::FLAGS_gtest_throw_on_failure = true;
     testing::InitGoogleTest(&count, arguments);
     const QTemporaryDir folder;

@@ -46,7 +46,7 @@ std::shared_ptr<UpdateChecker> checkerThatFinds(const std::string& version) {
     return UpdateChecker::create(std::move(setup));
 }
 
-// The menu that the delegate makes, with doubles of everything around it.
+// The delegate's menu, with fake ports.
 class DelegateStage {
 public:
     explicit DelegateStage(const std::string& published) {

@@ -29,7 +29,7 @@ QImage canvas(const QSize& points) {
 }
 
 void settle() {
-    constexpr int turns = 6; // a layout may ask for another one, and that for a popup's place
+    constexpr int turns = 6; // a layout may request another one, and that may move a popup
     for (int turn = 0; turn < turns; ++turn) {
         QApplication::sendPostedEvents();
         QApplication::processEvents();
@@ -55,7 +55,7 @@ QImage photographTogether(const QList<QWidget*>& windows) {
     QPainter painter(&image);
     for (QWidget* const window : windows) {
         const QPoint place = window->geometry().topLeft() - desktop.topLeft();
-        if (!window->testAttribute(Qt::WA_TranslucentBackground)) { // else it brings its own
+        if (!window->testAttribute(Qt::WA_TranslucentBackground)) { // else it has its own
             style::drawShadow(painter, QRect(place, window->size()), 0);
         }
         painter.drawImage(place, photograph(*window));
@@ -71,7 +71,7 @@ QImage photographWithAllAbove(QWidget& window) {
             windows.append(other);
         }
     }
-    // A list that has dropped down belongs above the sheet that it belongs to.
+    // An open list belongs above its sheet.
     std::stable_sort(windows.begin() + 1, windows.end(), [](const QWidget* a, const QWidget* b) {
         const auto isPopup = [](const QWidget* each) {
             return each->windowType() == Qt::Popup;
@@ -93,8 +93,9 @@ bool isBlank(const QImage& picture) {
         different += std::count_if(line, line + pixels.width(),
                                    [ground](QRgb pixel) { return pixel != ground; });
     }
-    constexpr qsizetype leastShare = 500; // a line of text in an empty window is more
-    return different < qsizetype{pixels.width()} * pixels.height() / leastShare;
+    constexpr qsizetype minShareDivisor =
+        500; // a line of text in an empty window exceeds this share
+    return different < qsizetype{pixels.width()} * pixels.height() / minShareDivisor;
 }
 
 } // namespace glidemap::screenshots

@@ -1,5 +1,4 @@
-// Pictures of windows as a person sees them: sharp on the screen there is, and those that lie above
-// others at their place above them.
+// Pictures of windows as on the screen: at its scale, and with the windows above them in place.
 //
 // Thread:  the main thread.
 // Errors:  none.
@@ -13,21 +12,21 @@ class QWidget;
 
 namespace glidemap::screenshots {
 
-// An empty picture of this many points.
+// An empty picture of this size in points.
 QImage canvas(const QSize& points);
 
-// Lets everything happen that has been asked for.
+// Processes all pending events.
 void settle();
 
 QImage photograph(QWidget& window);
 
-// The lowest first.
+// Windows from bottom to top.
 QImage photographTogether(const QList<QWidget*>& windows);
 
-// The window with every other one that is open, the last opened on top.
+// The window with all other open windows above it, the last opened on top.
 QImage photographWithAllAbove(QWidget& window);
 
-// Whether there is nothing to see: one colour, or next to nothing beside it.
+// Whether the picture has one colour, or almost.
 bool isBlank(const QImage& picture);
 
 } // namespace glidemap::screenshots

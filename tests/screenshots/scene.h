@@ -1,7 +1,7 @@
-// What is photographed: one state of one part of the interface, and how it is brought about.
+// A subject of a picture: one state of one part of the interface, and the function that sets it up.
 //
 // Thread:  the main thread, with a QApplication.
-// Errors:  a scene that cannot be set up gives a null picture.
+// Errors:  a scene that cannot be set up returns a null picture.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -26,8 +26,8 @@ struct Scene {
     std::string group;
     std::string name; // of its file, without the variant
     std::string caption;
-    std::function<QImage()> paint; // in the language and the colours of the moment
-    bool inBrief = false;          // also where only a few are wanted
+    std::function<QImage()> paint; // in the current language and colours
+    bool inBrief = false;          // also part of --brief
 };
 
 std::vector<Scene> settingsScenes();

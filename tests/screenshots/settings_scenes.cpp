@@ -22,7 +22,7 @@ bool isChinese() {
     return Lang::shared().code() == "zh";
 }
 
-// What a person has after a week.
+// Typical bindings after a week.
 BindingList usualBindings() {
     using enum GestureType;
     BindingList list{
@@ -71,7 +71,7 @@ QImage picture(BindingList bindings, const Arrangement& arrange = {},
     return photograph(stage.window());
 }
 
-// Before it is opened.
+// `prepare` runs before the window opens.
 QImage pictureAfter(const Arrangement& prepare, const Arrangement& arrange,
                     QSize size = SettingsWindow::contentSize) {
     SettingsStage stage(usualBindings());
@@ -151,7 +151,7 @@ void deleteSecond(SettingsStage& stage) {
     stage.clickInRow(1, "delete");
 }
 
-// Into the row that is off.
+// Focuses a control in the row that is switched off.
 void focusInDimmedRow(SettingsStage& stage) {
     stage.find("bindingList")->setFocus(Qt::TabFocusReason);
     for (const Qt::Key key : {Qt::Key_End, Qt::Key_Up, Qt::Key_Right, Qt::Key_Right}) {
@@ -188,7 +188,7 @@ QImage pictureOfLanguages() {
     return photographWithAllAbove(window);
 }
 
-// Where nothing asks for a password.
+// On a system without a password dialog.
 void failToAsk(SettingsStage& stage) {
     mistrust(stage);
     stage.notes = std::make_shared<test::FakeNotes>();

@@ -1,4 +1,4 @@
-// Paints every control in every state, light and dark, at three scales, as pictures to look at.
+// Paints every control in every state, light and dark, at three scales, for human review.
 //
 //   ui_controls_gallery FOLDER
 #include "kit/find_widget.h"
@@ -53,7 +53,7 @@ QImage pictureOf(QWidget& widget) {
     return image;
 }
 
-// Until nothing that has been asked for is left to do.
+// Processes all pending events.
 void settle() {
     for (int turn = 0; turn < 4; ++turn) {
         QApplication::sendPostedEvents();

@@ -1,4 +1,4 @@
-// Texts and small things that only show: labels, badges, notices, symbols, forms.
+// Texts and passive widgets: labels, badges, notices, symbols, forms.
 #include "ui/controls/badge.h"
 #include "ui/controls/dimmed.h"
 #include "ui/controls/form_section.h"
@@ -21,7 +21,7 @@ using test::Stage;
 
 const QString longText = QStringLiteral("A name that is much longer than there is room for it");
 
-// Every pixel that is not the ground's counts.
+// Counts every pixel that differs from the background.
 int paintedPixels(QWidget& widget) {
     const QImage image = widget.grab().toImage();
     int painted = 0;
@@ -33,7 +33,7 @@ int paintedPixels(QWidget& widget) {
     return painted;
 }
 
-// From the top to the bottom through the middle.
+// Counts lines on a vertical cut through the middle.
 int linesIn(QWidget& widget) {
     const QImage image = widget.grab().toImage();
     int lines = 0;
@@ -43,7 +43,7 @@ int linesIn(QWidget& widget) {
     return lines;
 }
 
-TEST(StyledLabelTest, knowsWhatItsLineTakesInWhateverTextAndFont) {
+TEST(StyledLabelTest, LineSizeFollowsTextAndFont) {
     StyledLabel label(TextStyle::body, Role::primary);
     const auto measured = [&label] {
         const QFontMetricsF metrics(label.font(), &label);
@@ -54,7 +54,7 @@ TEST(StyledLabelTest, knowsWhatItsLineTakesInWhateverTextAndFont) {
     label.setText(longText);
     const QSizeF usual = label.lineSize();
     EXPECT_EQ(usual, measured());
-    EXPECT_EQ(label.lineSize(), usual) << "asked again";
+    EXPECT_EQ(label.lineSize(), usual) << "from the cache";
     label.setText(longText.left(10));
     EXPECT_EQ(label.lineSize(), measured()) << "another text";
     label.setText(longText);
@@ -65,7 +65,7 @@ TEST(StyledLabelTest, knowsWhatItsLineTakesInWhateverTextAndFont) {
     EXPECT_GT(label.lineSize().width(), usual.width());
 }
 
-TEST(StyledLabelTest, followsTheThemesColoursAndDimsWhenDisabled) {
+TEST(StyledLabelTest, FollowsTheThemesColoursAndDimsWhenDisabled) {
     StyledLabel label(TextStyle::caption, Role::secondary);
     const Theme& theme = Theme::shared();
     const auto ink = [&label] {
@@ -82,7 +82,7 @@ TEST(StyledLabelTest, followsTheThemesColoursAndDimsWhenDisabled) {
     EXPECT_EQ(ink(), theme.color(Role::tertiary));
 }
 
-TEST(ElidedLabelTest, aTextThatFitsIsNotCut) {
+TEST(ElidedLabelTest, TextThatFitsIsNotElided) {
     ElidedLabel label(TextStyle::body, Role::primary);
     label.setText(longText);
     label.resize(label.sizeHint());
@@ -91,7 +91,7 @@ TEST(ElidedLabelTest, aTextThatFitsIsNotCut) {
     EXPECT_TRUE(label.isCut());
 }
 
-TEST(ElidedLabelTest, canShrinkToAFewLettersButIsReadWhole) {
+TEST(ElidedLabelTest, ShrinksToAFewLettersWithItsFullAccessibleText) {
     ElidedLabel label(TextStyle::body, Role::primary);
     label.setText(longText);
     EXPECT_LT(label.minimumSizeHint().width(), 60);
@@ -100,7 +100,7 @@ TEST(ElidedLabelTest, canShrinkToAFewLettersButIsReadWhole) {
     EXPECT_EQ(test::nameOf(&label), longText);
 }
 
-TEST(ElidedLabelTest, theWholeIsItsHelpOnlyWhereItIsCut) {
+TEST(ElidedLabelTest, ShowsItsTooltipOnlyWhileElided) {
     Stage stage;
     auto* label = stage.add(new ElidedLabel(TextStyle::body, Role::primary));
     label->setText(longText);
@@ -116,7 +116,7 @@ TEST(ElidedLabelTest, theWholeIsItsHelpOnlyWhereItIsCut) {
     EXPECT_EQ(help(), longText);
 }
 
-TEST(BadgeTest, isPaddedByEightAndThreeInTheCaptionFont) {
+TEST(BadgeTest, IsPaddedByEightAndThreeInTheCaptionFont) {
     Badge badge;
     badge.setText(QStringLiteral("Global"));
     const QFontMetricsF metrics(Theme::shared().font(TextStyle::caption));
@@ -124,7 +124,7 @@ TEST(BadgeTest, isPaddedByEightAndThreeInTheCaptionFont) {
                                       qCeil(metrics.height()) + 6));
 }
 
-TEST(BadgeTest, standsOnItsOwnColourAtFifteenHundredths) {
+TEST(BadgeTest, HasABackgroundOfItsOwnColourAtFifteenHundredths) {
     Badge badge;
     badge.setText(QStringLiteral("Firefox"));
     badge.setColor(Role::purple);
@@ -135,10 +135,10 @@ TEST(BadgeTest, standsOnItsOwnColourAtFifteenHundredths) {
     const QColor ground = image.pixelColor(5, badge.height() / 2);
     EXPECT_NEAR(ground.alphaF(), 0.15, 0.005);
     EXPECT_NEAR(ground.hue(), Theme::shared().tint(Role::purple, 1).hue(), 6);
-    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0); // its ends are round
+    EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0); // round ends
 }
 
-TEST(NoticeTest, standsOnTheTintThatItWasGiven) {
+TEST(NoticeTest, HasABackgroundOfTheGivenTint) {
     Notice notice({"sparkles", Role::blue, Role::primary, Role::blue, 0.1});
     notice.setText(QStringLiteral("Version 2 is available."));
     notice.resize(600, 44);
@@ -148,7 +148,7 @@ TEST(NoticeTest, standsOnTheTintThatItWasGiven) {
     EXPECT_NEAR(image.pixelColor(2, 2).alphaF(), 0.1, 0.005);
 }
 
-TEST(NoticeTest, asksForOneLineAndWrapsWhereThereIsLessRoom) {
+TEST(NoticeTest, PrefersOneLineAndWrapsIfNarrow) {
     Stage stage;
     auto* notice = stage.add(new Notice({"", Role::red, Role::red}));
     notice->setText(longText + longText);
@@ -157,7 +157,7 @@ TEST(NoticeTest, asksForOneLineAndWrapsWhereThereIsLessRoom) {
     EXPECT_EQ(notice->heightForWidth(2000), oneLine);
 }
 
-TEST(NoticeTest, theButtonIsToldAndIsProminentIfAskedFor) {
+TEST(NoticeTest, ButtonReportsClicksAndCanBeProminent) {
     Stage stage;
     auto* notice = stage.add(new Notice({"sparkles", Role::blue, Role::primary, Role::blue, 0.1,
                                          Notice::Button::prominent, false}));
@@ -172,7 +172,7 @@ TEST(NoticeTest, theButtonIsToldAndIsProminentIfAskedFor) {
     EXPECT_TRUE(notice->button()->property("prominent").toBool());
 }
 
-TEST(SymbolButtonTest, isNamedAndReachedByTab) {
+TEST(SymbolButtonTest, HasAnAccessibleNameAndATabStop) {
     SymbolButton button("trash", Role::red);
     button.setAccessibleName(QStringLiteral("Delete"));
     EXPECT_EQ(test::roleOf(&button), QAccessible::PushButton);
@@ -181,7 +181,7 @@ TEST(SymbolButtonTest, isNamedAndReachedByTab) {
     EXPECT_EQ(button.sizeHint(), QSize(28, 28));
 }
 
-TEST(DimmedTest, halvesTheOpacityOfAWidgetAndItsChildren) {
+TEST(DimmedTest, HalvesTheOpacityOfAWidgetAndItsChildren) {
     QWidget list;
     list.resize(40, 40);
     QWidget row(&list);
@@ -206,7 +206,7 @@ TEST(DimmedTest, halvesTheOpacityOfAWidgetAndItsChildren) {
     EXPECT_EQ(level(), 0);
 }
 
-TEST(FormSectionTest, aLabelIsTheBuddyOfItsControl) {
+TEST(FormSectionTest, LabelIsTheBuddyOfItsControl) {
     FormSection section;
     auto* label = new StyledLabel(TextStyle::body, Role::primary);
     auto* picker = new QComboBox;
@@ -216,7 +216,7 @@ TEST(FormSectionTest, aLabelIsTheBuddyOfItsControl) {
     EXPECT_EQ(test::nameOf(picker), QStringLiteral("Scope"));
 }
 
-TEST(FormSectionTest, aHiddenRowTakesNoRoomAndItsLineGoes) {
+TEST(FormSectionTest, HiddenRowTakesNoSpaceAndHasNoLine) {
     Stage stage;
     auto* section = stage.add(new FormSection);
     section->addWidget(new QWidget);
@@ -230,7 +230,7 @@ TEST(FormSectionTest, aHiddenRowTakesNoRoomAndItsLineGoes) {
     EXPECT_EQ(linesIn(*section), 2);
 }
 
-TEST(FormSectionTest, theHeadingIsThereOnlyWithATitle) {
+TEST(FormSectionTest, HeadingIsVisibleOnlyWithATitle) {
     Stage stage;
     auto* section = stage.add(new FormSection);
     section->addWidget(new QLabel(QStringLiteral("One")));

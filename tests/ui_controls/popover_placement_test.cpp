@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// For gtest's own printing.
+// Used by Google Test.
 void PrintTo(const PopoverPlacement& placed, std::ostream* out) {
     *out << "card " << placed.card.x() << "," << placed.card.y() << " " << placed.card.width()
          << "×" << placed.card.height() << (placed.isAbove ? " above" : " below") << ", arrow at "
@@ -59,7 +59,7 @@ const Row rows[] = {
      {QRect(6, 6, 900, 700), false, 311}},
 };
 
-TEST(PopoverPlacementTest, hangsFromItsControlAndStaysInTheWindow) {
+TEST(PopoverPlacementTest, PointsAtItsAnchorAndStaysInTheWindow) {
     for (const Row& row : rows) {
         EXPECT_EQ(placePopover(row.card, row.anchor, window), row.placed) << row.name;
     }

@@ -43,7 +43,7 @@ protected:
     int closings = 0;
 };
 
-TEST_F(PopoverTest, opensInTheWindowOfItsControlWithTheFocus) {
+TEST_F(PopoverTest, OpensInTheWindowOfItsAnchorWithTheFocus) {
     const auto popover = openFrom(anchor);
     EXPECT_TRUE(popover->isVisible());
     EXPECT_EQ(popover->window(), &stage);
@@ -51,12 +51,12 @@ TEST_F(PopoverTest, opensInTheWindowOfItsControlWithTheFocus) {
     EXPECT_EQ(popover->placement().card.size(), QSize(246, 166)); // padded by 8
 }
 
-TEST_F(PopoverTest, isADialogToScreenReaders) {
+TEST_F(PopoverTest, IsADialogToScreenReaders) {
     const auto popover = openFrom(anchor);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(popover)->role(), QAccessible::Dialog);
 }
 
-TEST_F(PopoverTest, aClickElsewhereClosesItAndIsDoneElsewhere) {
+TEST_F(PopoverTest, ClickOutsideClosesItAndReachesItsTarget) {
     int clicks = 0;
     QObject::connect(other, &QPushButton::clicked, &stage, [&clicks] { ++clicks; });
     stage.resize(900, 700);
@@ -67,7 +67,7 @@ TEST_F(PopoverTest, aClickElsewhereClosesItAndIsDoneElsewhere) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(PopoverTest, aClickInsideLeavesItOpen) {
+TEST_F(PopoverTest, ClickInsideKeepsItOpen) {
     const auto popover = openFrom(anchor);
     QTest::mouseClick(popover->findChild<QLabel*>(), Qt::LeftButton);
     QTest::mouseClick(popover.data(), Qt::LeftButton, {}, QPoint(3, popover->height() / 2));
@@ -75,14 +75,14 @@ TEST_F(PopoverTest, aClickInsideLeavesItOpen) {
     EXPECT_TRUE(popover->isVisible());
 }
 
-TEST_F(PopoverTest, aClickOnItsControlIsTheControlsToAnswer) {
+TEST_F(PopoverTest, ClickOnItsAnchorReachesTheAnchor) {
     const auto popover = openFrom(anchor);
     QTest::mouseClick(anchor, Qt::LeftButton);
     EXPECT_EQ(closings, 0);
     EXPECT_TRUE(popover->isVisible());
 }
 
-TEST_F(PopoverTest, escapeClosesItAloneAndGivesTheFocusBack) {
+TEST_F(PopoverTest, EscapeClosesOnlyThePopoverAndReturnsTheFocus) {
     int escapes = 0;
     const QShortcut shortcut(QKeySequence(Qt::Key_Escape), &stage, [&escapes] { ++escapes; });
     const auto popover = openFrom(anchor);
@@ -93,35 +93,35 @@ TEST_F(PopoverTest, escapeClosesItAloneAndGivesTheFocusBack) {
     EXPECT_EQ(escapes, 0);
 }
 
-TEST_F(PopoverTest, tabGoesBackToItsControl) {
+TEST_F(PopoverTest, TabReturnsToItsAnchor) {
     const auto popover = openFrom(anchor);
     QTest::keyClick(popover.data(), Qt::Key_Tab);
     EXPECT_TRUE(hasGone(popover));
     EXPECT_TRUE(anchor->hasFocus());
 }
 
-TEST_F(PopoverTest, dismissingTwiceIsToldOnce) {
+TEST_F(PopoverTest, SecondDismissIsIgnored) {
     const auto popover = openFrom(anchor);
     popover->dismiss();
     popover->dismiss();
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(PopoverTest, goesWhenItsControlIsHidden) {
+TEST_F(PopoverTest, ClosesWhenItsAnchorIsHidden) {
     const auto popover = openFrom(anchor);
     anchor->hide();
     EXPECT_TRUE(hasGone(popover));
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(PopoverTest, goesWithItsControlWithoutAWordToWhoeverWentWithIt) {
+TEST_F(PopoverTest, IsDeletedWithItsAnchorWithoutACallback) {
     const auto popover = openFrom(anchor);
     delete anchor;
     EXPECT_TRUE(hasGone(popover));
     EXPECT_EQ(closings, 0);
 }
 
-TEST_F(PopoverTest, severalAreOpenIndependently) {
+TEST_F(PopoverTest, SeveralPopoversAreIndependent) {
     const auto first = openFrom(anchor);
     const auto second = openFrom(other);
     EXPECT_TRUE(first->isVisible());
@@ -131,7 +131,7 @@ TEST_F(PopoverTest, severalAreOpenIndependently) {
     EXPECT_TRUE(first->isVisible());
 }
 
-TEST_F(PopoverTest, followsItsControlWhenTheWindowIsResized) {
+TEST_F(PopoverTest, FollowsItsAnchorWhenTheWindowIsResized) {
     const auto popover = openFrom(anchor);
     const auto pointsAtAnchor = [this, &popover] {
         return popover->placement().arrowX == anchor->geometry().x() + anchor->width() / 2;
@@ -142,7 +142,7 @@ TEST_F(PopoverTest, followsItsControlWhenTheWindowIsResized) {
     EXPECT_TRUE(stage.rect().contains(popover->geometry()));
 }
 
-TEST_F(PopoverTest, goesWhenItsControlIsScrolledAway) {
+TEST_F(PopoverTest, ClosesWhenItsAnchorIsScrolledAway) {
     auto* area = stage.add(new QScrollArea);
     auto* tall = new QWidget;
     tall->resize(100, 3000);
@@ -156,7 +156,7 @@ TEST_F(PopoverTest, goesWhenItsControlIsScrolledAway) {
     EXPECT_TRUE(hasGone(popover));
 }
 
-TEST_F(PopoverTest, aClickBesideTheArrowIsElsewhere) {
+TEST_F(PopoverTest, ClickBesideTheArrowIsOutside) {
     const auto popover = openFrom(anchor);
     QWidget* beneath = stage.childAt(popover->geometry().topLeft() - QPoint(5, 5));
     EXPECT_NE(beneath, popover.data());

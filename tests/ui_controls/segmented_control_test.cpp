@@ -31,37 +31,37 @@ protected:
     std::vector<int> told;
 };
 
-TEST_F(SegmentedControlTest, theFirstSegmentIsChosenAtFirst) {
+TEST_F(SegmentedControlTest, FirstSegmentIsChosenInitially) {
     EXPECT_EQ(control->current(), 0);
     EXPECT_TRUE(segments()[0]->isChecked());
 }
 
-TEST_F(SegmentedControlTest, aClickChoosesAndIsTold) {
+TEST_F(SegmentedControlTest, ClickChoosesAndCallsOnChange) {
     QTest::mouseClick(segments()[2], Qt::LeftButton, {}, QPoint(2, 2));
     EXPECT_EQ(control->current(), 2);
     EXPECT_EQ(control->groundPosition(), 2);
     EXPECT_EQ(told, std::vector<int>{2});
 }
 
-TEST_F(SegmentedControlTest, aClickOnTheChosenOneIsNotTold) {
+TEST_F(SegmentedControlTest, ClickOnTheChosenSegmentDoesNotCallOnChange) {
     QTest::mouseClick(segments()[0], Qt::LeftButton);
     EXPECT_THAT(told, testing::IsEmpty());
 }
 
-TEST_F(SegmentedControlTest, whatTheProgramSetsIsNotTold) {
+TEST_F(SegmentedControlTest, SetCurrentDoesNotCallOnChange) {
     control->setCurrent(1);
     EXPECT_EQ(control->current(), 1);
     EXPECT_TRUE(segments()[1]->isChecked());
     EXPECT_THAT(told, testing::IsEmpty());
 }
 
-TEST_F(SegmentedControlTest, noSuchSegmentIsNotSet) {
+TEST_F(SegmentedControlTest, InvalidIndexIsIgnored) {
     control->setCurrent(-1);
     control->setCurrent(3);
     EXPECT_EQ(control->current(), 0);
 }
 
-TEST_F(SegmentedControlTest, arrowKeysMoveTheChoice) {
+TEST_F(SegmentedControlTest, ArrowKeysMoveTheChoice) {
     segments()[0]->setFocus(Qt::TabFocusReason);
     QTest::keyClick(segments()[0], Qt::Key_Right);
     QTest::keyClick(segments()[1], Qt::Key_Right);
@@ -70,7 +70,7 @@ TEST_F(SegmentedControlTest, arrowKeysMoveTheChoice) {
     EXPECT_TRUE(segments()[1]->hasFocus());
 }
 
-TEST_F(SegmentedControlTest, tabStopsAtTheChosenSegmentOnly) {
+TEST_F(SegmentedControlTest, TabStopsAtTheChosenSegmentOnly) {
     control->setCurrent(1);
     QWidget* after = stage.add(new QRadioButton);
     after->show();
@@ -82,19 +82,19 @@ TEST_F(SegmentedControlTest, tabStopsAtTheChosenSegmentOnly) {
     EXPECT_TRUE(after->hasFocus());
 }
 
-TEST_F(SegmentedControlTest, assistiveProgramsSeeRadioButtonsWithTheirTexts) {
+TEST_F(SegmentedControlTest, AssistiveTechnologySeesRadioButtonsWithTheirTexts) {
     EXPECT_EQ(test::roleOf(segments()[1]), QAccessible::RadioButton);
     EXPECT_EQ(test::nameOf(segments()[1]), QStringLiteral("Specific App"));
     control->setTexts({QStringLiteral("全局"), QStringLiteral("指定 App"), QStringLiteral("范围")});
     EXPECT_EQ(test::nameOf(segments()[1]), QStringLiteral("指定 App"));
 }
 
-TEST_F(SegmentedControlTest, allSegmentsAreEquallyWide) {
+TEST_F(SegmentedControlTest, AllSegmentsHaveEqualWidths) {
     EXPECT_NEAR(segments()[0]->width(), segments()[1]->width(), 1);
     EXPECT_NEAR(segments()[1]->width(), segments()[2]->width(), 1);
 }
 
-TEST_F(SegmentedControlTest, theGroundSlidesWhereMotionIsWelcome) {
+TEST_F(SegmentedControlTest, HighlightSlidesUnlessMotionIsReduced) {
     Theme::shared().pinReducedMotion(false);
     QTest::mouseClick(segments()[1], Qt::LeftButton);
     EXPECT_LT(control->groundPosition(), 1);

@@ -18,7 +18,7 @@ namespace {
 
 using test::Stage;
 
-// The offscreen screen is 800 × 800.
+// The screen of the offscreen platform is 800 × 800.
 class SheetTest : public testing::Test {
 protected:
     SheetTest() {
@@ -45,7 +45,7 @@ protected:
         EXPECT_TRUE(test::waitFor([this] { return QApplication::activeWindow() == sheet; }));
     }
 
-    // In the middle of the window's inside, ten points beneath its title.
+    // Horizontally centred in the window, ten points below its title bar.
     QPoint placeFor(int width) const {
         return stage.mapToGlobal(QPoint((stage.width() - width) / 2, 10));
     }
@@ -65,13 +65,13 @@ protected:
     int closings = 0;
 };
 
-TEST_F(SheetTest, theContentHasTheSizeThatWasAskedFor) {
+TEST_F(SheetTest, ContentHasTheRequestedSize) {
     present();
     EXPECT_EQ(content->size(), QSize(460, 640));
     EXPECT_EQ(sheet->cardGeometry().size(), QSize(460, 640));
 }
 
-TEST_F(SheetTest, liesInTheMiddleBeneathTheTitleOfTheWindowThatWaits) {
+TEST_F(SheetTest, LiesCentredBelowTheTitleBarOfTheBlockedWindow) {
     stage.move(20, 30);
     present(QSize(400, 300));
     EXPECT_EQ(sheet->cardGeometry().topLeft(), placeFor(400));
@@ -79,28 +79,28 @@ TEST_F(SheetTest, liesInTheMiddleBeneathTheTitleOfTheWindowThatWaits) {
     EXPECT_EQ(sheet->parentWidget(), &stage);
 }
 
-TEST_F(SheetTest, followsItsWindow) {
+TEST_F(SheetTest, FollowsItsWindow) {
     present(QSize(400, 300));
     stage.move(60, 70);
     EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }));
 }
 
-TEST_F(SheetTest, isNoLargerThanTheScreenAndScrolls) {
+TEST_F(SheetTest, IsNoLargerThanTheScreenAndScrolls) {
     content->setMinimumHeight(2000);
     present(QSize(460, 2000));
     const QRect screen = stage.screen()->availableGeometry();
     EXPECT_TRUE(screen.contains(sheet->cardGeometry()));
     EXPECT_EQ(sheet->cardGeometry().height(), screen.height() - 16);
     EXPECT_EQ(content->height(), 2000);
-    EXPECT_EQ(content->width(), 460); // the bar lies beside it
+    EXPECT_EQ(content->width(), 460); // without the scroll bar
 }
 
-TEST_F(SheetTest, aContentThatCanShrinkDoesNotScroll) {
+TEST_F(SheetTest, ShrinkableContentDoesNotScroll) {
     present(QSize(460, 2000));
     EXPECT_EQ(content->size(), sheet->cardGeometry().size());
 }
 
-TEST_F(SheetTest, tabStaysWithin) {
+TEST_F(SheetTest, TabStaysWithinTheSheet) {
     present();
     std::set<QWidget*> reached;
     for (int step = 0; step < 9; ++step) {
@@ -110,7 +110,7 @@ TEST_F(SheetTest, tabStaysWithin) {
     EXPECT_EQ(reached, (std::set<QWidget*>{first, cancel, save}));
 }
 
-TEST_F(SheetTest, returnPressesTheDefaultButtonThoughItWasSetBeforeThereWasASheet) {
+TEST_F(SheetTest, ReturnPressesADefaultButtonThatWasSetBeforeTheSheetExisted) {
     int saves = 0;
     QObject::connect(save, &QPushButton::clicked, &stage, [&saves] { ++saves; });
     first->setAutoDefault(false);
@@ -122,7 +122,7 @@ TEST_F(SheetTest, returnPressesTheDefaultButtonThoughItWasSetBeforeThereWasAShee
     EXPECT_EQ(saves, 1);
 }
 
-TEST_F(SheetTest, escapeClosesItAndIsToldOnce) {
+TEST_F(SheetTest, EscapeClosesItAndCallsOnClosedOnce) {
     present();
     QTest::keyClick(sheet.data(), Qt::Key_Escape);
     EXPECT_EQ(closings, 1);
@@ -130,7 +130,7 @@ TEST_F(SheetTest, escapeClosesItAndIsToldOnce) {
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(SheetTest, dismissingIsToldOnce) {
+TEST_F(SheetTest, DismissCallsOnClosedOnce) {
     present();
     sheet->dismiss();
     sheet->dismiss();
@@ -138,7 +138,7 @@ TEST_F(SheetTest, dismissingIsToldOnce) {
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(SheetTest, theWindowIsDimmedWhileItWaits) {
+TEST_F(SheetTest, WindowIsDimmedWhileBlocked) {
     const auto corner = [this] {
         return stage.grab().toImage().pixelColor(3, 495).lightness();
     };
@@ -149,7 +149,7 @@ TEST_F(SheetTest, theWindowIsDimmedWhileItWaits) {
     EXPECT_TRUE(test::waitFor([&] { return corner() == clear; }));
 }
 
-TEST_F(SheetTest, theShadeFadesOnceTheSheetHasGoneAndIsInNobodysWay) {
+TEST_F(SheetTest, ShadeFadesAfterClosingAndLetsClicksThrough) {
     Theme::shared().pinReducedMotion(false);
     present();
     const QPointer<QWidget> shade = stage.childAt(3, 495);
@@ -164,7 +164,7 @@ TEST_F(SheetTest, theShadeFadesOnceTheSheetHasGoneAndIsInNobodysWay) {
     EXPECT_TRUE(test::waitFor([&] { return shade == nullptr; }));
 }
 
-TEST_F(SheetTest, theShadeFollowsTheSizeOfTheWindow) {
+TEST_F(SheetTest, ShadeFollowsTheSizeOfTheWindow) {
     present();
     const int dimmed = stage.grab().toImage().pixelColor(3, 495).lightness();
     stage.resize(760, 560);
@@ -172,7 +172,7 @@ TEST_F(SheetTest, theShadeFollowsTheSizeOfTheWindow) {
         [&] { return stage.grab().toImage().pixelColor(757, 557).lightness() == dimmed; }));
 }
 
-TEST_F(SheetTest, itsShapeIsCutOutWhereWindowsCannotBeTranslucent) {
+TEST_F(SheetTest, ShapeIsMaskedWithoutCompositing) {
     Theme::shared().pinCompositing(false);
     present();
     EXPECT_EQ(sheet->size(), QSize(460, 640));
@@ -182,7 +182,7 @@ TEST_F(SheetTest, itsShapeIsCutOutWhereWindowsCannotBeTranslucent) {
     EXPECT_TRUE(sheet->mask().contains(QPoint(0, 320)));
 }
 
-TEST_F(SheetTest, whereWindowsCanBeTranslucentItCastsAShadow) {
+TEST_F(SheetTest, CastsAShadowWithCompositing) {
     Theme::shared().pinCompositing(true);
     present();
     EXPECT_TRUE(sheet->mask().isEmpty());
@@ -223,7 +223,7 @@ TEST_F(SheetTest, slidesToItsPlaceWhereMotionIsWelcome) {
     EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }));
 }
 
-TEST_F(SheetTest, goesWithItsWindow) {
+TEST_F(SheetTest, IsDestroyedWithItsWindow) {
     auto* window = new QWidget;
     window->show();
     QPointer<Sheet> hanging = new Sheet(window, new QWidget, QSize(200, 200));
@@ -232,8 +232,8 @@ TEST_F(SheetTest, goesWithItsWindow) {
     EXPECT_EQ(hanging, nullptr);
 }
 
-// Such as the one that ends the program: the window itself hears no keys while it waits.
-TEST_F(SheetTest, TheKeysOfItsWindowsActionsWorkInIt) {
+// Such as the shortcut that quits the program: the blocked window receives no keys.
+TEST_F(SheetTest, ShortcutsOfItsWindowsActionsWorkInTheSheet) {
     QAction quit;
     quit.setShortcut(QKeySequence("Ctrl+Q"));
     int quits = 0;

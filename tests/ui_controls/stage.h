@@ -1,4 +1,4 @@
-// A window on which a control is tried out, with the keyboard and the mouse of a person.
+// A window with a control under test, and simulated keyboard and mouse input.
 #pragma once
 
 #include "kit/qt_waiting.h"
@@ -34,7 +34,7 @@ public:
     }
 };
 
-// With the knobs and the grounds at rest, so that a test sees where they came to be.
+// Disables animations, so that tests see final positions.
 class InStillness {
 public:
     InStillness() { Theme::shared().pinReducedMotion(true); }

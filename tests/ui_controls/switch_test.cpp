@@ -25,7 +25,7 @@ protected:
     std::vector<bool> told;
 };
 
-TEST_F(SwitchTest, assistiveProgramsSeeACheckBox) {
+TEST_F(SwitchTest, AssistiveTechnologySeesACheckBox) {
     EXPECT_EQ(test::roleOf(knob), QAccessible::CheckBox);
     EXPECT_EQ(test::nameOf(knob), QStringLiteral("Enabled"));
     EXPECT_FALSE(test::stateOf(knob).checked);
@@ -33,35 +33,35 @@ TEST_F(SwitchTest, assistiveProgramsSeeACheckBox) {
     EXPECT_TRUE(test::stateOf(knob).checked);
 }
 
-TEST_F(SwitchTest, aClickOnTheKnobOrTheTextSwitches) {
+TEST_F(SwitchTest, ClickOnTheKnobOrTheTextSwitches) {
     stage.open();
     QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(knob->width() - 10, knob->height() / 2));
     QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(10, knob->height() / 2));
     EXPECT_EQ(told, (std::vector<bool>{true, false}));
 }
 
-TEST_F(SwitchTest, theSpaceBarSwitches) {
+TEST_F(SwitchTest, SpaceBarSwitches) {
     stage.open();
     knob->setFocus(Qt::TabFocusReason);
     QTest::keyClick(knob, Qt::Key_Space);
     EXPECT_EQ(told, std::vector<bool>{true});
 }
 
-TEST_F(SwitchTest, theKnobSlidesAndArrives) {
+TEST_F(SwitchTest, KnobSlidesAndArrives) {
     stage.open();
     knob->setChecked(true);
     EXPECT_LT(knob->knobPosition(), 1);
     EXPECT_TRUE(test::waitFor([this] { return knob->knobPosition() == 1; }));
 }
 
-TEST_F(SwitchTest, theKnobSlidesForAClickToo) {
+TEST_F(SwitchTest, KnobAlsoSlidesAfterAClick) {
     stage.open();
     QTest::mouseClick(knob, Qt::LeftButton);
     EXPECT_LT(knob->knobPosition(), 1);
     EXPECT_TRUE(test::waitFor([this] { return knob->knobPosition() == 1; }));
 }
 
-TEST_F(SwitchTest, withReducedMotionTheKnobIsThereAtOnce) {
+TEST_F(SwitchTest, ReducedMotionMovesTheKnobAtOnce) {
     const test::InStillness still;
     stage.open();
     knob->setChecked(true);
@@ -70,13 +70,13 @@ TEST_F(SwitchTest, withReducedMotionTheKnobIsThereAtOnce) {
     EXPECT_EQ(knob->knobPosition(), 0);
 }
 
-TEST_F(SwitchTest, whatIsSetBeforeItIsShownIsThereWhenItIsShown) {
+TEST_F(SwitchTest, StateSetBeforeShowingIsVisibleAtOnce) {
     knob->setChecked(true);
     stage.open();
     EXPECT_EQ(knob->knobPosition(), 1);
 }
 
-TEST_F(SwitchTest, theTextIsBeforeTheTrackInWhicheverDirectionOneReads) {
+TEST_F(SwitchTest, TextPrecedesTheTrackInBothReadingDirections) {
     const test::InStillness still;
     knob->setChecked(true);
     knob->resize(knob->sizeHint());

@@ -12,7 +12,7 @@ namespace {
 constexpr double radius = 100;
 const QRectF rectangle(10, 20, 1'000, 800);
 
-// How far down from the top edge the outline is, this far from the left one.
+// The depth of the outline below the top edge at this distance from the left edge.
 double depth(double fromLeft) {
     const QPainterPath path = continuousRectangle(rectangle, radius);
     double inside = rectangle.center().y();
@@ -33,21 +33,21 @@ TEST(AContinuousRectangle, FillsItsRectangle) {
     EXPECT_NEAR(bounds.bottom(), 820, 1e-6);
 }
 
-TEST(AContinuousRectangle, HasTheMiddleOfItsCornersWhereCircularOnesHaveIt) {
+TEST(AContinuousRectangle, SharesTheMidpointsOfItsCornersWithCircularOnes) {
     const double inset = radius * (1 - std::sqrt(0.5));
     EXPECT_NEAR(depth(inset), inset, 0.1);
 }
 
-TEST(AContinuousRectangle, BeginsToCurveLongBeforeACircularCornerWould) {
+TEST(AContinuousRectangle, StartsToCurveLongBeforeACircularCornerWould) {
     EXPECT_NEAR(depth(1.42 * radius), 0, 0.01);
     EXPECT_GT(depth(1.3 * radius), 0.02);
     EXPECT_GT(depth(radius), 1);
     EXPECT_LT(depth(radius), 2);
 }
 
-// The second difference of the outline is its curvature as long as it is nearly level: it does not
-// jump to 1/radius, as that of a circular corner does, but grows along the way.
-TEST(AContinuousRectangle, GrowsItsCurvatureFromNothing) {
+// While the outline is nearly horizontal, its second difference is its curvature. It grows
+// steadily; that of a circular corner jumps to 1/radius.
+TEST(AContinuousRectangle, GrowsItsCurvatureFromZero) {
     constexpr double step = 8;
     const auto curvature = [&](double fromLeft) {
         return (depth(fromLeft - step) - 2 * depth(fromLeft) + depth(fromLeft + step)) /
@@ -62,7 +62,7 @@ TEST(AContinuousRectangle, GrowsItsCurvatureFromNothing) {
     }
 }
 
-TEST(AContinuousRectangle, IsTheSameInAllItsCorners) {
+TEST(AContinuousRectangle, HasIdenticalCorners) {
     const QPainterPath path = continuousRectangle(rectangle, radius);
     for (double x = 0.5; x < 150; x += 7) {
         for (double y = 0.25; y < 150; y += 7) {

@@ -1,5 +1,6 @@
-// Looks at pixels. Everything is painted on nothing, so that a pixel's alpha is the opacity of what
-// covers it, and the alphas along a line across a stroke add up to its width times its opacity.
+// Compares pixels. Everything is painted on a transparent image, so the alpha of a pixel is the
+// opacity of its content. The alphas along a line across a stroke add up to the stroke's width
+// times its opacity.
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"
 #include "ui/theme/theme.h"
@@ -38,7 +39,7 @@ QPointF on(const QRectF& pad, Point point) {
     return {pad.x() + point.x * pad.width(), pad.y() + point.y * pad.height()};
 }
 
-// The stroke's width times its opacity, across it, in points.
+// The sum of alphas between two points: the width of a stroke times its opacity, in points.
 double inkBetween(const QImage& image, QPointF from, QPointF to) {
     const double ratio = image.devicePixelRatio();
     const int pixels = static_cast<int>(QLineF(from, to).length() * ratio);
@@ -79,7 +80,7 @@ using TheRing = Appearance;
 using TheFingers = Appearance;
 using TheDrawing = Appearance;
 
-TEST_F(ThePad, IsTheLargestOfItsShapeInTheMiddleOfTheView) {
+TEST_F(ThePad, HasTheMaximumSizeOfItsShapeAndIsCentred) {
     struct Row {
         const char* name;
         QSizeF view;
@@ -101,7 +102,7 @@ TEST_F(ThePad, IsTheLargestOfItsShapeInTheMiddleOfTheView) {
     }
 }
 
-TEST_F(ThePad, IsDrawnWhereItIsInWideAndTallViewsOnEveryScreen) {
+TEST_F(ThePad, IsDrawnAtItsPositionInWideAndTallViewsAtEveryScale) {
     for (const QSizeF size : {QSizeF(400, 130), QSizeF(145, 400)}) {
         for (const double ratio : {1.0, 1.5, 2.0}) {
             const QImage image = painted(GestureType::twoFingerTap, 0, {size, ratio});
@@ -122,12 +123,12 @@ TEST_F(ThePad, IsDrawnWhereItIsInWideAndTallViewsOnEveryScreen) {
     }
 }
 
-TEST_F(ThePad, IsAllThereIsBeforeAGestureBegins) {
+TEST_F(ThePad, IsTheOnlyContentBeforeAGestureBegins) {
     const View view = {{400, 130}};
     for (const GestureType gesture : allGestureTypes) {
         const QImage image = painted(gesture, 0, view);
         const QRectF pad = padIn(view.size);
-        if (!isCircle(gesture)) { // whose trail is a dot by then
+        if (!isCircle(gesture)) { // a circle already shows a dot
             EXPECT_EQ(inkWithin(image, pad.adjusted(10, 10, -10, -10)), 0) << rawValue(gesture);
         }
         EXPECT_EQ(inkWithin(image, {0, 0, 105, 130}), 0) << rawValue(gesture);
@@ -141,12 +142,12 @@ TEST_F(ThePad, HasRoundedCorners) {
     constexpr double apex = radius * 0.2929;
     EXPECT_EQ(opacityAt(image, {apex - 3, apex - 3}), 0);
     EXPECT_NEAR(opacityAt(image, {apex + 0.5, apex + 0.5}), 0.7, 0.02);
-    EXPECT_EQ(opacityAt(image, {radius, 0.5}), 0); // curved already
+    EXPECT_EQ(opacityAt(image, {radius, 0.5}), 0); // within the curve
     EXPECT_GT(opacityAt(image, {1.45 * radius, 0.5}), 0.44);
 }
 
-// A circle that has come round: its lowest point is in the middle of the pad, far from any finger.
-TEST_F(TheTrail, IsTwoPointsWideAndHalfThere) {
+// The lowest point of a complete circle is in the middle of the pad, far from any finger.
+TEST_F(TheTrail, IsTwoPointsWideAndHalfOpaque) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         const View view = {{290, 200}, ratio};
         const QImage image = painted(GestureType::drawCircle, 2.06, view);
@@ -159,7 +160,7 @@ TEST_F(TheTrail, IsTwoPointsWideAndHalfThere) {
 
 TEST_F(TheTrail, OfASwipeRunsFromItsStartToTheFingerWithRoundEnds) {
     const View view = {{290, 200}, 4};
-    const QImage image = painted(GestureType::twoFingerSwipeRight, 2, view); // no finger any more
+    const QImage image = painted(GestureType::twoFingerSwipeRight, 2, view); // the finger has faded
     const QRectF pad = padIn(view.size);
     const QPointF start = on(pad, {0.5 - 0.17 + 0.055, 0.4945});
     const QPointF end = on(pad, {0.5 + 0.17 + 0.055, 0.4945});
@@ -167,11 +168,11 @@ TEST_F(TheTrail, OfASwipeRunsFromItsStartToTheFingerWithRoundEnds) {
     EXPECT_NEAR(opacityAt(image, (start + end) / 2), 0.5, 0.01);
     EXPECT_NEAR(opacityAt(image, end + QPointF(0.6, 0)), 0.5, 0.01); // within the round end
     EXPECT_EQ(opacityAt(image, end + QPointF(1.3, 0)), 0);           // beyond it
-    EXPECT_LT(opacityAt(image, end + QPointF(0.85, 0.85)), 0.02);    // a square one would be here
+    EXPECT_LT(opacityAt(image, end + QPointF(0.85, 0.85)), 0.02);    // within a square end
     EXPECT_EQ(opacityAt(image, start - QPointF(1.3, 0)), 0);
 }
 
-TEST_F(TheTrail, IsNotThereBeforeTheFingersHaveMoved) {
+TEST_F(TheTrail, IsInvisibleBeforeTheFingersMove) {
     const View view = {{290, 200}};
     for (const GestureType gesture :
          {GestureType::threeFingerSwipeUp, GestureType::edgeSwipeFromTop}) {
@@ -187,10 +188,10 @@ TEST_F(TheTrail, OfACircleIsADotOfItsOwnWidthUntilTheFingerMoves) {
         }
         for (const double ratio : {1.0, 2.0, 4.0}) {
             const View view = {{290, 200}, ratio};
-            const QImage image = painted(gesture, 0.1, view); // no finger yet
+            const QImage image = painted(gesture, 0.1, view); // before the finger appears
             const QPointF top = on(padIn(view.size), {0.5, 0.2});
             const QPointF reach(4, 4);
-            constexpr double dot = std::numbers::pi * 1 * 1; // points by points
+            constexpr double dot = std::numbers::pi * 1 * 1; // square points
             const double ink = inkWithin(image, {top - reach, top + reach}) / (ratio * ratio);
             EXPECT_NEAR(ink, dot * 0.5, 0.15) << ratio;
             EXPECT_EQ(inkWithin(image, {top + QPointF(-2, 3), top + QPointF(2, 10)}), 0) << ratio;
@@ -198,7 +199,7 @@ TEST_F(TheTrail, OfACircleIsADotOfItsOwnWidthUntilTheFingerMoves) {
     }
 }
 
-// Half-way through its ripple the ring's radius is 0.26 of the pad's height, its opacity 0.4.
+// Half-way through the ripple, the ring's radius is 0.26 of the pad's height and its opacity 0.4.
 TEST_F(TheRing, OfAClickIsTwoPointsWideAtItsRadius) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         const View view = {{400, 200}, ratio};
@@ -210,7 +211,7 @@ TEST_F(TheRing, OfAClickIsTwoPointsWideAtItsRadius) {
     }
 }
 
-TEST_F(TheRing, IsLeftOutOnceItIsAllButGone) {
+TEST_F(TheRing, IsOmittedOnceItIsAlmostTransparent) {
     const View view = {{290, 200}};
     const auto inkOfRing = [&](double t) {
         const Ring ring = frame(GestureType::twoFingerClick, t).ring.value();
@@ -245,7 +246,7 @@ TEST_F(TheFingers, AreFilledCirclesOfThePrimaryColor) {
     }
 }
 
-TEST_F(TheFingers, AreAsLargeAsTheirScaleSays) {
+TEST_F(TheFingers, HaveTheSizeOfTheirScale) {
     const View view = {{400, 200}};
     const QImage pressed = painted(GestureType::twoFingerClick, 1.3, view);
     const QPointF finger = on(padIn(view.size), {0.42, 0.4945});
@@ -254,10 +255,10 @@ TEST_F(TheFingers, AreAsLargeAsTheirScaleSays) {
     EXPECT_EQ(opacityAt(pressed, finger - QPointF(radius + 1.5, 0)), 0);
 }
 
-TEST_F(TheFingers, FadeAndAreLeftOutOnceTheyAreAllButGone) {
+TEST_F(TheFingers, FadeAndAreOmittedOnceAlmostTransparent) {
     const View view = {{290, 200}};
     const QPointF top =
-        on(padIn(view.size), {0.5, 0.2}) + QPointF(8, 0); // beside the dot of the trail
+        on(padIn(view.size), {0.5, 0.2}) + QPointF(8, 0); // outside the dot of the trail
     const auto opacityOfFinger = [&](double t) {
         return opacityAt(painted(GestureType::drawCircle, t, view), top);
     };
@@ -280,7 +281,7 @@ TEST_F(TheDrawing, TakesItsColorsFromTheTheme) {
     }
 }
 
-TEST_F(TheDrawing, LeavesThePainterAsItWas) {
+TEST_F(TheDrawing, RestoresThePainter) {
     QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
     const QPen pen(Qt::red, 3);
@@ -293,7 +294,7 @@ TEST_F(TheDrawing, LeavesThePainterAsItWas) {
     EXPECT_EQ(painter.renderHints(), hints);
 }
 
-TEST_F(TheDrawing, IsNothingWhereThereIsNoSpace) {
+TEST_F(TheDrawing, IsEmptyWithoutSpace) {
     for (const QSizeF size : {QSizeF(0, 0), QSizeF(50, 0), QSizeF(0, 50), QSizeF(-1, 20)}) {
         QImage image(50, 50, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);

@@ -23,7 +23,7 @@ namespace {
 
 constexpr GestureType gesture = GestureType::threeFingerSwipeRight;
 
-// When a widget was painted, in milliseconds since this was made.
+// Records paint events of a widget, in milliseconds since construction.
 class Paints : public QObject {
 public:
     explicit Paints(QWidget& widget) {
@@ -48,7 +48,7 @@ private:
     QElapsedTimer since;
 };
 
-// As long as eight frames take.
+// Waits for the duration of eight frames.
 void waitAWhile() {
     int ticks = 0;
     QTimer ticking;
@@ -90,7 +90,7 @@ protected:
     }
 };
 
-TEST_F(AView, GoesOnPaintingWhileItIsSeen) {
+TEST_F(AView, KeepsPaintingWhileVisible) {
     GestureDemoView view(gesture);
     const Paints paints(view);
     view.show();
@@ -106,7 +106,7 @@ TEST_F(AView, PaintsAtMostFortyTimesASecond) {
     EXPECT_GE(timerOf(view).intervalAsDuration(), std::chrono::milliseconds(25));
     EXPECT_EQ(timerOf(view).timerType(), Qt::PreciseTimer);
     EXPECT_TRUE(timerOf(view).isSingleShot());
-    // The first paints belong to the window's coming up.
+    // The first paint events belong to the window's appearance.
     for (std::size_t index = 5; index < paints.times.size(); ++index) {
         EXPECT_GE(paints.times[index] - paints.times[index - 1], 24.9) << index;
     }
@@ -117,7 +117,7 @@ TEST_F(AView, HasNoTimerBeforeItIsShown) {
     EXPECT_FALSE(timerOf(view).isActive());
 }
 
-TEST_F(AView, StopsWhenItIsHiddenAndGoesOnWhenItIsShownAgain) {
+TEST_F(AView, StopsWhenHiddenAndResumesWhenShown) {
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -133,7 +133,7 @@ TEST_F(AView, StopsWhenItIsHiddenAndGoesOnWhenItIsShownAgain) {
     EXPECT_TRUE(paints.become(3));
 }
 
-TEST_F(AView, StopsWithTheWindowThatItIsIn) {
+TEST_F(AView, StopsWhenItsWindowIsHidden) {
     QWidget window;
     QVBoxLayout layout(&window);
     auto* const view = new GestureDemoView(gesture);
@@ -149,7 +149,7 @@ TEST_F(AView, StopsWithTheWindowThatItIsIn) {
     EXPECT_EQ(paints.times.size(), 0U);
 }
 
-TEST_F(AView, StopsInAMinimisedWindowAndGoesOnWhenThatComesBack) {
+TEST_F(AView, StopsInAMinimisedWindowAndResumesWhenRestored) {
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -166,8 +166,8 @@ TEST_F(AView, StopsInAMinimisedWindowAndGoesOnWhenThatComesBack) {
     EXPECT_TRUE(paints.become(3));
 }
 
-// Scrolled out of sight, say, or behind another widget.
-TEST_F(AView, StopsWhenNothingOfItIsLeftToSeeAndGoesOnWhenSomethingIs) {
+// For example, scrolled out of view or behind another widget.
+TEST_F(AView, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     QWidget window;
     window.resize(300, 200);
     GestureDemoView view(gesture, &window);
@@ -186,14 +186,14 @@ TEST_F(AView, StopsWhenNothingOfItIsLeftToSeeAndGoesOnWhenSomethingIs) {
     EXPECT_TRUE(paints.become(3));
 }
 
-TEST_F(AView, OfWhichAPictureIsTakenWithoutAScreenStartsNoTimer) {
+TEST_F(AView, RenderedIntoAnImageStartsNoTimer) {
     GestureDemoView view(gesture);
     view.resize(230, 150);
     EXPECT_FALSE(view.grab().isNull());
     EXPECT_FALSE(timerOf(view).isActive());
 }
 
-TEST_F(AView, ShowsTheFrameOfTheClocksMomentInALoopOfTwoPointSixSeconds) {
+TEST_F(AView, ShowsTheClocksFrameInALoopOfTwoPointSixSeconds) {
     struct Row {
         const char* name;
         double now;
@@ -214,7 +214,7 @@ TEST_F(AView, ShowsTheFrameOfTheClocksMomentInALoopOfTwoPointSixSeconds) {
     }
 }
 
-TEST_F(AView, ShowsTheSameMomentAsEveryOther) {
+TEST_F(AView, RunsInPhaseWithOtherViews) {
     double now = 900.3;
     GestureDemoView one(gesture, nullptr, [&] { return now; });
     now += 1;
@@ -243,7 +243,7 @@ TEST_F(AView, ShowsAnotherGestureAtOnce) {
     EXPECT_EQ(rendered(view), drawnByItself(GestureType::fiveFingerTap, 1.2, {230, 150}));
 }
 
-TEST_F(AView, StandsStillAtTheMostTellingMomentWhereMotionIsReduced) {
+TEST_F(AView, ShowsTheStillMomentIfMotionIsReduced) {
     Theme::shared().pinReducedMotion(true);
     GestureDemoView view(gesture, nullptr, [] { return 0.1; });
     view.resize(230, 150);
@@ -260,7 +260,7 @@ TEST_F(AView, StandsStillAtTheMostTellingMomentWhereMotionIsReduced) {
                                             demo::stillMoment(GestureType::pinchIn), {230, 150}));
 }
 
-TEST_F(AView, StopsAndGoesOnAsTheUserDecidesAboutMotion) {
+TEST_F(AView, FollowsChangesOfReducedMotion) {
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -272,8 +272,8 @@ TEST_F(AView, StopsAndGoesOnAsTheUserDecidesAboutMotion) {
     EXPECT_TRUE(paints.become(3));
 }
 
-TEST_F(AView, IsPaintedAnewWhenTheThemeChanges) {
-    Theme::shared().pinReducedMotion(true); // so that nothing else paints it
+TEST_F(AView, RepaintsWhenTheThemeChanges) {
+    Theme::shared().pinReducedMotion(true); // prevents other paint events
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -284,7 +284,7 @@ TEST_F(AView, IsPaintedAnewWhenTheThemeChanges) {
     EXPECT_TRUE(paints.become(1));
 }
 
-TEST_F(AView, CannotBeReachedByTheKeyboard) {
+TEST_F(AView, HasNoTabStop) {
     const GestureDemoView view(gesture);
     EXPECT_EQ(view.focusPolicy(), Qt::NoFocus);
 }

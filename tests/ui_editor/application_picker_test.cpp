@@ -36,7 +36,7 @@ protected:
         EXPECT_TRUE(test::waitForWindowActive(&picker));
     }
 
-    // What is offered, without what is hidden.
+    // The visible entries.
     std::vector<std::string> entries() {
         std::vector<std::string> texts;
         const auto& list = dynamic_cast<const QListView&>(*picker.view());
@@ -56,7 +56,7 @@ protected:
     std::vector<std::string> picked;
 };
 
-TEST_F(Applications, TheFirstEntryStandsForNone) {
+TEST_F(Applications, FirstEntryStandsForNone) {
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
     EXPECT_EQ(current(), "Choose an app");
 }
@@ -93,14 +93,14 @@ TEST_F(Applications, PickingTellsWhich) {
     EXPECT_THAT(picked, ElementsAre("Mail", "Files", "none"));
 }
 
-TEST_F(Applications, ArrowsPickWithoutOpeningTheList) {
+TEST_F(Applications, ArrowKeysPickWithoutOpeningTheList) {
     QTest::keyClick(&picker, Qt::Key_Down);
     QTest::keyClick(&picker, Qt::Key_Down);
     QTest::keyClick(&picker, Qt::Key_Down);
     EXPECT_THAT(picked, ElementsAre("Files", "Mail"));
 }
 
-TEST_F(Applications, SelectingFromOutsideTellsNothing) {
+TEST_F(Applications, SetSelectionDoesNotCallOnPick) {
     picker.setSelection(mail);
     EXPECT_EQ(current(), "Mail");
     picker.setSelection(std::nullopt);
@@ -108,7 +108,7 @@ TEST_F(Applications, SelectingFromOutsideTellsNothing) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Applications, AnApplicationThatDoesNotRunIsShownButNotOffered) {
+TEST_F(Applications, ApplicationThatIsNotRunningIsShownButNotOffered) {
     picker.setSelection(gone);
     EXPECT_EQ(current(), "Gone");
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
@@ -121,13 +121,13 @@ TEST_F(Applications, AnApplicationThatDoesNotRunIsShownButNotOffered) {
     EXPECT_EQ(current(), "Mail") << "it cannot be picked again";
 }
 
-TEST_F(Applications, OneThatHasAnotherNameNowIsAnother) {
+TEST_F(Applications, RenamedApplicationIsAnotherOne) {
     picker.setSelection(RunningApp{.bundleID = "mail", .name = "E-Mail"});
     EXPECT_EQ(current(), "E-Mail");
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
 }
 
-TEST_F(Applications, AreAskedForAnewWhenTheListOpens) {
+TEST_F(Applications, ListIsUpdatedWhenItOpens) {
     picker.setSelection(mail);
     workspace.running = {{"new", "New"}, {"mail", "Mail"}};
     picker.showPopup();
@@ -139,7 +139,7 @@ TEST_F(Applications, AreAskedForAnewWhenTheListOpens) {
     EXPECT_THAT(picked, ElementsAre("New"));
 }
 
-TEST_F(Applications, AreAskedForAnewWhenThePickerShowsAndWhenAKeyPicks) {
+TEST_F(Applications, ListIsUpdatedWhenThePickerIsShownAndWhenAKeyPicks) {
     workspace.running = {{"new", "New"}};
     picker.hide();
     picker.show();
@@ -149,7 +149,7 @@ TEST_F(Applications, AreAskedForAnewWhenThePickerShowsAndWhenAKeyPicks) {
     EXPECT_THAT(picked, ElementsAre("Newer"));
 }
 
-TEST_F(Applications, AChosenOneThatEndsStaysChosen) {
+TEST_F(Applications, ChosenApplicationStaysChosenAfterItExits) {
     picker.setSelection(mail);
     workspace.running = {{"files", "Files"}};
     picker.reload();
@@ -172,7 +172,7 @@ TEST_F(Applications, FollowTheLanguageAtOnce) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Applications, TheWheelChangesNothing) {
+TEST_F(Applications, WheelChangesNothing) {
     const QPointF middle = picker.rect().center();
     QWheelEvent turn(middle, picker.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
                      Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -182,7 +182,7 @@ TEST_F(Applications, TheWheelChangesNothing) {
     EXPECT_FALSE(turn.isAccepted()) << "the form scrolls";
 }
 
-TEST_F(Applications, ToAssistiveProgramsItIsAComboBoxWithAValue) {
+TEST_F(Applications, AssistiveTechnologySeesAComboBoxWithAValue) {
     picker.setSelection(gone);
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&picker);
     ASSERT_NE(seen, nullptr);

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 
 class TheEditorsKeys : public EditorStage {
 protected:
-    // Where Tab leads, from the start until it comes round. Segments count as their control.
+    // The tab order from the start until it repeats. Segments count as their control.
     std::vector<std::string> tabOrder() const {
         std::vector<std::string> names;
         QWidget* const first = window.focusWidget();
@@ -60,8 +60,8 @@ TEST_F(TheEditorsKeys, ReturnSavesOnceTheFormIsComplete) {
     }
 }
 
-// As from the row whose Return has opened the sheet, or the list that Escape has closed.
-TEST_F(TheEditorsKeys, AKeyThatIsStillHeldNeitherSavesNorCancels) {
+// Simulates a Return held since a row opened the sheet, or an Escape held since it closed the list.
+TEST_F(TheEditorsKeys, HeldKeyNeitherSavesNorCancels) {
     open();
     choose(ActionKind::lockScreen);
     for (const Qt::Key held : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
@@ -94,7 +94,7 @@ TEST_F(TheEditorsKeys, ReturnSavesFromEveryControl) {
     EXPECT_EQ(dismissals, ++saved);
 }
 
-TEST_F(TheEditorsKeys, WhileTheRecorderRecordsNoKeyReachesTheSheet) {
+TEST_F(TheEditorsKeys, RecorderKeepsKeysFromTheSheet) {
     open();
     choose(ActionKind::lockScreen);
     choose(ActionKind::keyboardShortcut);
@@ -128,7 +128,7 @@ TEST_F(TheEditorsKeys, EscapeEndsTheRecordingFirst) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(TheEditorsKeys, InTheListOfGesturesReturnPicksAndEscapeClosesTheList) {
+TEST_F(TheEditorsKeys, ReturnPicksAndEscapeClosesInTheListOfGestures) {
     open();
     choose(ActionKind::lockScreen);
     editor->setFocus();
@@ -146,7 +146,7 @@ TEST_F(TheEditorsKeys, InTheListOfGesturesReturnPicksAndEscapeClosesTheList) {
     EXPECT_EQ(bindings()[0].gesture, GestureType::pinchOut);
 }
 
-TEST_F(TheEditorsKeys, TabLeadsThroughTheFormAsItIsRead) {
+TEST_F(TheEditorsKeys, TabFollowsTheReadingOrder) {
     open();
     EXPECT_THAT(tabOrder(), ElementsAre("gesturePicker", "actionPicker", "recordShortcut",
                                         "chooseShortcut", "scopePicker", "cancel"))
@@ -160,7 +160,7 @@ TEST_F(TheEditorsKeys, TabLeadsThroughTheFormAsItIsRead) {
                                         "scopePicker", "scopeAppPicker", "cancel", "save"));
 }
 
-// As assistive programs read it: a combo box goes by its label there, and its own name is its value.
+// The accessible name, or for a combo box that of its label, because its own name is its value.
 QString nameOf(QAccessibleInterface& seen) {
     if (seen.role() == QAccessible::ComboBox) {
         const auto labels = seen.relations(QAccessible::Label);
@@ -207,7 +207,7 @@ TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
     }
 }
 
-TEST_F(TheEditorsKeys, EveryLabelBelongsToItsControl) {
+TEST_F(TheEditorsKeys, EveryLabelIsTheBuddyOfItsControl) {
     open();
     std::vector<std::string> pairs;
     for (const QLabel* const label : window.findChildren<QLabel*>()) {
@@ -222,8 +222,8 @@ TEST_F(TheEditorsKeys, EveryLabelBelongsToItsControl) {
                            "Scope → scopePicker", "Only in this app → scopeAppPicker"));
 }
 
-// In the sheet itself, which is a dialog and knows Return and Escape, too.
-TEST_F(TheEditorsKeys, InTheSheetReturnSavesOnceAndEscapeCancelsOnce) {
+// Within a real sheet, whose dialog also handles Return and Escape.
+TEST_F(TheEditorsKeys, ReturnSavesOnceAndEscapeCancelsOnceInTheSheet) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);
     auto* const sheet = new Sheet(&window, content, BindingEditor::sheetSize);

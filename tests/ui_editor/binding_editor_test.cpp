@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(ABindingEditor, ANewBindingCannotBeSavedUntilAShortcutIsRecorded) {
+TEST_F(ABindingEditor, NewBindingCannotBeSavedUntilAShortcutIsRecorded) {
     open();
     EXPECT_EQ(picker("gesturePicker").currentText(), "Draw Circle (any direction)");
     EXPECT_EQ(picker("actionPicker").currentText(), "Keyboard Shortcut");
@@ -60,7 +60,7 @@ TEST_F(ABindingEditor, LockScreenAndMissionControlCanBeSavedAtOnce) {
     }
 }
 
-TEST_F(ABindingEditor, SaysWhereTheDesktopHasNoOverviewAndLetsItBeChosen) {
+TEST_F(ABindingEditor, MissingOverviewIsMentionedButCanBeChosen) {
     workspace.hasOverview = false;
     open();
     EXPECT_FALSE(shows("noOverview"));
@@ -74,7 +74,7 @@ TEST_F(ABindingEditor, SaysWhereTheDesktopHasNoOverviewAndLetsItBeChosen) {
     EXPECT_FALSE(shows("noOverview"));
 }
 
-TEST_F(ABindingEditor, AnActionOnAnAppNeedsTheApp) {
+TEST_F(ABindingEditor, ActionOnAnAppNeedsTheApp) {
     open();
     choose(ActionKind::launchApp);
     EXPECT_FALSE(saveButton().isEnabled());
@@ -88,7 +88,7 @@ TEST_F(ABindingEditor, AnActionOnAnAppNeedsTheApp) {
     EXPECT_EQ(bindings()[0].action, BindingAction(LaunchApp{.bundleID = "mail", .name = "Mail"}));
 }
 
-TEST_F(ABindingEditor, AScopeOfOneAppNeedsTheApp) {
+TEST_F(ABindingEditor, ScopeOfOneAppNeedsTheApp) {
     open();
     choose(ActionKind::lockScreen);
     choose(ScopeKind::app);
@@ -112,7 +112,7 @@ TEST_F(ABindingEditor, SavingAnIncompleteFormDoesNothing) {
     EXPECT_EQ(dismissals, 0);
 }
 
-TEST_F(ABindingEditor, ShowsOnlyWhatTheChosenKindsNeed) {
+TEST_F(ABindingEditor, ShowsOnlyTheFieldsOfTheChosenKinds) {
     open();
     EXPECT_THAT(visibleParts(), ElementsAre("shortcutRecorder"));
     choose(ActionKind::lockScreen);
@@ -127,7 +127,7 @@ TEST_F(ABindingEditor, ShowsOnlyWhatTheChosenKindsNeed) {
     EXPECT_THAT(visibleParts(), ElementsAre("launchPicker"));
 }
 
-TEST_F(ABindingEditor, WarnsOfTheTwoFingerClickAndOfNoOther) {
+TEST_F(ABindingEditor, WarnsOnlyOfTheTwoFingerClick) {
     open();
     choose(ActionKind::lockScreen);
     for (const GestureType gesture : allGestureTypes) {
@@ -139,7 +139,7 @@ TEST_F(ABindingEditor, WarnsOfTheTwoFingerClickAndOfNoOther) {
     }
 }
 
-TEST_F(ABindingEditor, TheTitleStandsOutAndCaptionsDoNot) {
+TEST_F(ABindingEditor, TitleIsProminentAndCaptionsAreNot) {
     open();
     choose(GestureType::twoFingerClick);
     const Theme& theme = Theme::shared();
@@ -157,7 +157,7 @@ TEST_F(ABindingEditor, TheTitleStandsOutAndCaptionsDoNot) {
     }
 }
 
-TEST_F(ABindingEditor, AnExistingBindingIsShown) {
+TEST_F(ABindingEditor, ShowsAnExistingBinding) {
     const LaunchApp launch{.bundleID = "mail", .name = "Mail"};
     const AppScope scope{.bundleID = "files", .name = "Files"};
     open(stored(GestureType::pinchIn, launch, scope));
@@ -170,13 +170,13 @@ TEST_F(ABindingEditor, AnExistingBindingIsShown) {
     EXPECT_TRUE(saveButton().isEnabled());
 }
 
-TEST_F(ABindingEditor, AnExistingShortcutIsShown) {
+TEST_F(ABindingEditor, ShowsAnExistingShortcut) {
     open(stored(GestureType::drawCircle, optionCommandRight));
     EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "⌥⌘→");
     EXPECT_TRUE(saveButton().isEnabled());
 }
 
-TEST_F(ABindingEditor, EditingReplacesTheBindingInItsPlace) {
+TEST_F(ABindingEditor, EditingReplacesTheBindingInPlace) {
     const GestureBinding first = stored(GestureType::pinchIn, LockScreen{});
     GestureBinding edited = stored(GestureType::pinchOut, LockScreen{});
     const GestureBinding last = stored(GestureType::drawCircle, LockScreen{});
@@ -199,7 +199,7 @@ TEST_F(ABindingEditor, EditingKeepsADisabledBindingDisabled) {
     EXPECT_FALSE(bindings()[0].enabled);
 }
 
-TEST_F(ABindingEditor, ABindingThatWasSwitchedMeanwhileStaysAsItWasSwitched) {
+TEST_F(ABindingEditor, BindingThatWasToggledMeanwhileKeepsItsNewState) {
     GestureBinding edited = stored(GestureType::pinchOut, LockScreen{});
     open(edited);
     edited.enabled = false;
@@ -209,7 +209,7 @@ TEST_F(ABindingEditor, ABindingThatWasSwitchedMeanwhileStaysAsItWasSwitched) {
     EXPECT_FALSE(bindings()[0].enabled);
 }
 
-TEST_F(ABindingEditor, ABindingThatWasDeletedMeanwhileIsAddedAsANewEnabledOne) {
+TEST_F(ABindingEditor, BindingThatWasDeletedMeanwhileIsAppendedAndEnabled) {
     const GestureBinding deleted =
         stored(GestureType::pinchOut, LockScreen{}, GlobalScope{}, false);
     open(deleted);
@@ -222,7 +222,7 @@ TEST_F(ABindingEditor, ABindingThatWasDeletedMeanwhileIsAddedAsANewEnabledOne) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(ABindingEditor, AnApplicationThatDoesNotRunIsSavedAsItWas) {
+TEST_F(ABindingEditor, ApplicationThatIsNotRunningIsSavedUnchanged) {
     const LaunchApp launch{.bundleID = "gone", .name = "Gone"};
     const AppScope scope{.bundleID = "also.gone", .name = "Also Gone"};
     const GestureBinding binding = stored(GestureType::pinchIn, launch, scope);
@@ -254,7 +254,7 @@ TEST_F(ABindingEditor, FieldsKeepTheirValuesWhileOtherKindsAreChosen) {
     EXPECT_EQ(bindings()[0].action, BindingAction(optionCommandRight));
 }
 
-TEST_F(ABindingEditor, CancelLeavesTheStoreAlone) {
+TEST_F(ABindingEditor, CancelLeavesTheStoreUnchanged) {
     const GestureBinding binding = stored(GestureType::pinchIn, LockScreen{});
     open(binding);
     choose(ActionKind::missionControl);
@@ -272,7 +272,7 @@ TEST_F(ABindingEditor, RecordingStopsWhenAnotherKindIsChosen) {
     EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "Click to record");
 }
 
-TEST_F(ABindingEditor, AnEditorThatGoesWhileRecordingLeavesNoMonitor) {
+TEST_F(ABindingEditor, DestroyedEditorLeavesNoKeyMonitor) {
     open();
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     delete editor;
@@ -280,7 +280,7 @@ TEST_F(ABindingEditor, AnEditorThatGoesWhileRecordingLeavesNoMonitor) {
     EXPECT_THAT(window.keys, ElementsAre(Qt::Key_Right));
 }
 
-TEST_F(ABindingEditor, EveryTextIsInTheLanguageAtOnce) {
+TEST_F(ABindingEditor, AllTextsFollowTheLanguageAtOnce) {
     open();
     choose(GestureType::twoFingerClick);
     choose(ActionKind::launchApp);
@@ -350,7 +350,7 @@ TEST_F(ABindingEditor, EveryTextIsInTheLanguageAtOnce) {
     EXPECT_THAT(texts(), testing::UnorderedElementsAreArray(english));
 }
 
-TEST_F(ABindingEditor, ThePickersLabelsAreAsWideAsTheWidestInEachLanguageAndFont) {
+TEST_F(ABindingEditor, PickerLabelsHaveTheMaximumWidthInEachLanguageAndFont) {
     open();
     const auto expectAligned = [this](const char* when) {
         int widest = 0;
@@ -367,7 +367,7 @@ TEST_F(ABindingEditor, ThePickersLabelsAreAsWideAsTheWidestInEachLanguageAndFont
         }
         ASSERT_EQ(widths, std::vector<int>(4, widths.front())) << when;
         EXPECT_THAT(widths.front(), testing::AllOf(testing::Ge(widest), testing::Le(widest + 1)))
-            << when; // it is rounded up, letter by letter
+            << when; // rounded up for each letter
     };
     expectAligned("in English");
     Lang::shared().setCode("zh");
@@ -381,7 +381,7 @@ TEST_F(ABindingEditor, ThePickersLabelsAreAsWideAsTheWidestInEachLanguageAndFont
     expectAligned("in the usual font again");
 }
 
-TEST_F(ABindingEditor, AnExistingBindingIsEditedInBothLanguages) {
+TEST_F(ABindingEditor, ExistingBindingCanBeEditedInBothLanguages) {
     open(stored(GestureType::pinchIn, LockScreen{}));
     EXPECT_EQ(saveButton().text(), "Save");
     Lang::shared().setCode("zh");
@@ -392,7 +392,7 @@ TEST_F(ABindingEditor, AnExistingBindingIsEditedInBothLanguages) {
     EXPECT_EQ(picker("actionPicker").itemText(2), "Mission Control");
 }
 
-TEST_F(ABindingEditor, AChangeOfLanguageKeepsWhatWasChosen) {
+TEST_F(ABindingEditor, LanguageChangeKeepsTheChoices) {
     open();
     choose(GestureType::pinchIn);
     choose(ActionKind::launchApp);
@@ -406,7 +406,7 @@ TEST_F(ABindingEditor, AChangeOfLanguageKeepsWhatWasChosen) {
     EXPECT_EQ(bindings()[0].action, BindingAction(LaunchApp{.bundleID = "mail", .name = "Mail"}));
 }
 
-TEST_F(ABindingEditor, IsAsLargeAsTheSheet) {
+TEST_F(ABindingEditor, HasTheSizeOfTheSheet) {
     open();
     EXPECT_EQ(editor->sizeHint(), QSize(460, 640));
     const QRect demo = part("gestureDemo").geometry();
@@ -415,7 +415,7 @@ TEST_F(ABindingEditor, IsAsLargeAsTheSheet) {
     EXPECT_EQ(part("gestureDemo").parentWidget()->height(), 4 + 130 + 4);
 }
 
-// The form with the most in it, in both languages.
+// The form with the most content, in both languages.
 TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
     open();
     choose(ScopeKind::app);
@@ -436,7 +436,7 @@ TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
     }
 }
 
-TEST_F(ABindingEditor, ADisabledButtonSaysWhatIsMissing) {
+TEST_F(ABindingEditor, DisabledButtonNamesTheMissingField) {
     open();
     const auto missing = [&] {
         EXPECT_EQ(saveButton().toolTip(), saveButton().accessibleDescription());
@@ -454,7 +454,7 @@ TEST_F(ABindingEditor, ADisabledButtonSaysWhatIsMissing) {
     EXPECT_EQ(missing(), "请先选择绑定在哪个 App 中生效");
 }
 
-TEST_F(ABindingEditor, WhatStandsForNoApplicationIsInThePlaceholdersColor) {
+TEST_F(ABindingEditor, TextForNoApplicationHasThePlaceholderColor) {
     open();
     choose(ActionKind::launchApp);
     const auto textColors = [&](QComboBox& of) {
@@ -472,8 +472,8 @@ TEST_F(ABindingEditor, WhatStandsForNoApplicationIsInThePlaceholdersColor) {
     EXPECT_GT(textColors(picker("launchPicker")), 0);
 }
 
-// Between the sections and below the last one alike.
-TEST_F(ABindingEditor, SpareHeightIsSpread) {
+// Equally between the sections and below the last one.
+TEST_F(ABindingEditor, ExtraHeightIsDistributed) {
     open();
     choose(ActionKind::lockScreen);
     const auto places = [&] {

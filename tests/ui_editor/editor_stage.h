@@ -1,5 +1,4 @@
-// A binding editor in a window of the sheet's size, over a store in memory and applications that the
-// test says.
+// A binding editor in a window of the sheet's size, with a store in memory and fake applications.
 #pragma once
 
 #include "kit/find_widget.h"
@@ -29,7 +28,7 @@
 
 namespace glidemap {
 
-// The window around the editor, which is told of every key that the editor has not wanted.
+// The window around the editor. It records every key that the editor did not accept.
 class EditorWindow : public QWidget {
 public:
     std::vector<int> keys;
@@ -64,7 +63,7 @@ protected:
         editor->setFocus();
     }
 
-    // A binding that is in the store already.
+    // Creates a binding in the store.
     GestureBinding stored(GestureType gesture, BindingAction action,
                           BindingScope scope = GlobalScope{}, bool enabled = true) {
         GestureBinding binding;
@@ -94,7 +93,7 @@ protected:
     void choose(GestureType gesture) const {
         picker("gesturePicker").setCurrentIndex(static_cast<int>(gesture));
     }
-    // As the user does: the segments are radio buttons.
+    // Clicks a segment, which is a radio button.
     void choose(ScopeKind kind) const {
         const auto segments = part("scopePicker").findChildren<QAbstractButton*>();
         QTest::mouseClick(segments[static_cast<int>(kind)], Qt::LeftButton);

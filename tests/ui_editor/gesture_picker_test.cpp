@@ -26,7 +26,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The sheet, which is told of every key that nobody in it has wanted.
+// The sheet. It records every key that no control in it accepted.
 class Sheet : public QWidget {
 public:
     std::vector<int> keys;
@@ -62,7 +62,7 @@ protected:
     }
     std::string marked() const { return list().currentIndex().data().toString().toStdString(); }
 
-    // "[Taps]" is a heading.
+    // The entries; "[Taps]" is a heading.
     std::vector<std::string> entries() const {
         std::vector<std::string> texts;
         for (int row = 0; row < list().model()->rowCount(); ++row) {
@@ -73,7 +73,7 @@ protected:
         return texts;
     }
 
-    // The popover takes its leave through the event loop.
+    // The popover is deleted by the event loop.
     void expectClosed() const {
         EXPECT_FALSE(picker->isOpen());
         EXPECT_TRUE(
@@ -87,16 +87,16 @@ protected:
     std::vector<GestureType> picked;
 };
 
-TEST_F(Gestures, ThePickerShowsTheGesturesNameAndSymbol) {
+TEST_F(Gestures, PickerShowsTheGesturesNameAndSymbol) {
     EXPECT_EQ(picker->currentText(), "Draw Circle (any direction)");
     picker->setGesture(GestureType::fourFingerSwipeUp);
     EXPECT_EQ(picker->currentText(), "Four-Finger Swipe Up");
     EXPECT_FALSE(picker->itemIcon(picker->currentIndex()).isNull());
     EXPECT_EQ(picker->gesture(), GestureType::fourFingerSwipeUp);
-    EXPECT_THAT(picked, IsEmpty()) << "nobody has picked";
+    EXPECT_THAT(picked, IsEmpty()) << "nothing was picked";
 }
 
-TEST_F(Gestures, TheListHasEveryGestureBelowItsCategoryInTheCataloguesOrder) {
+TEST_F(Gestures, ListHasEveryGestureBelowItsCategoryInTheCataloguesOrder) {
     picker->showPopup();
     std::vector<std::string> expected;
     for (const GestureCategory group : allGestureCategories) {
@@ -115,7 +115,7 @@ TEST_F(Gestures, TheListHasEveryGestureBelowItsCategoryInTheCataloguesOrder) {
     }
 }
 
-TEST_F(Gestures, TheListOpensAtTheChoiceInsideTheWindow) {
+TEST_F(Gestures, ListOpensAtTheChoiceWithinTheWindow) {
     picker->setGesture(GestureType::threeFingerLongPress);
     picker->showPopup();
     EXPECT_TRUE(picker->isOpen());
@@ -138,7 +138,7 @@ TEST_F(Gestures, KeysOpenTheList) {
     EXPECT_THAT(sheet.keys, IsEmpty());
 }
 
-TEST_F(Gestures, AClickOpensAndAnotherCloses) {
+TEST_F(Gestures, FirstClickOpensAndSecondClickCloses) {
     QTest::mouseClick(picker, Qt::LeftButton);
     EXPECT_TRUE(picker->isOpen());
     QTest::mouseClick(picker, Qt::LeftButton);
@@ -147,7 +147,7 @@ TEST_F(Gestures, AClickOpensAndAnotherCloses) {
     EXPECT_FALSE(picker->isOpen());
 }
 
-TEST_F(Gestures, TypingOnThePickerOpensTheListWithTheSearchBegun) {
+TEST_F(Gestures, TypingOnThePickerOpensTheListAndStartsTheSearch) {
     type("five sw");
     EXPECT_TRUE(picker->isOpen());
     EXPECT_EQ(search().text(), "five sw");
@@ -157,13 +157,13 @@ TEST_F(Gestures, TypingOnThePickerOpensTheListWithTheSearchBegun) {
     EXPECT_EQ(marked(), "Five-Finger Swipe Left");
 }
 
-TEST_F(Gestures, CommandsTypeNothing) {
+TEST_F(Gestures, ShortcutsDoNotType) {
     QTest::keyClick(picker, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(picker, Qt::Key_A, Qt::AltModifier);
     EXPECT_FALSE(picker->isOpen());
 }
 
-TEST_F(Gestures, ReturnAndEscapeOnTheClosedPickerAreTheSheets) {
+TEST_F(Gestures, ClosedPickerLeavesReturnAndEscapeToTheSheet) {
     key(Qt::Key_Return);
     key(Qt::Key_Enter);
     key(Qt::Key_Escape);
@@ -171,7 +171,7 @@ TEST_F(Gestures, ReturnAndEscapeOnTheClosedPickerAreTheSheets) {
     EXPECT_THAT(sheet.keys, ElementsAre(Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape));
 }
 
-TEST_F(Gestures, EscapeClosesTheListAndNothingElse) {
+TEST_F(Gestures, EscapeClosesOnlyTheList) {
     picker->showPopup();
     type("five");
     key(Qt::Key_Escape);
@@ -227,17 +227,17 @@ TEST_F(Gestures, ReturnPicksWhatIsMarked) {
     expectClosed();
     EXPECT_THAT(picked, ElementsAre(GestureType::fourFingerLongPress));
     EXPECT_EQ(picker->currentText(), "Four-Finger Long Press");
-    EXPECT_THAT(sheet.keys, IsEmpty()) << "nor is it saved by that";
+    EXPECT_THAT(sheet.keys, IsEmpty()) << "nor does the sheet save";
 }
 
-TEST_F(Gestures, PickingTheOneThatIsChosenClosesAndTellsNothing) {
+TEST_F(Gestures, PickingTheCurrentGestureClosesWithoutACallback) {
     picker->showPopup();
     key(Qt::Key_Enter);
     expectClosed();
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, ReturnPicksNothingWhereNothingIsFound) {
+TEST_F(Gestures, ReturnPicksNothingWithoutAMatch) {
     type("six");
     EXPECT_THAT(entries(), IsEmpty());
     EXPECT_FALSE(list().isVisible());
@@ -250,7 +250,7 @@ TEST_F(Gestures, ReturnPicksNothingWhereNothingIsFound) {
     EXPECT_THAT(sheet.keys, IsEmpty());
 }
 
-TEST_F(Gestures, ArrowsPassOverHeadingsAndStopAtTheEnds) {
+TEST_F(Gestures, ArrowKeysSkipHeadingsAndStopAtTheEnds) {
     picker->setGesture(GestureType::drawCircleCounterclockwise);
     picker->showPopup();
     key(Qt::Key_Down);
@@ -272,7 +272,7 @@ TEST_F(Gestures, ArrowsPassOverHeadingsAndStopAtTheEnds) {
     EXPECT_THAT(picked, ElementsAre(GestureType::fourFingerLongPress));
 }
 
-TEST_F(Gestures, TheFirstOfAGroupComesWithItsHeading) {
+TEST_F(Gestures, FirstEntryOfAGroupIsShownWithItsHeading) {
     picker->setGesture(GestureType::fourFingerLongPress);
     picker->showPopup();
     for (int page = 0; page < 6; ++page) {
@@ -282,7 +282,7 @@ TEST_F(Gestures, TheFirstOfAGroupComesWithItsHeading) {
     EXPECT_TRUE(list().viewport()->rect().contains(list().visualRect(list().model()->index(0, 0))));
 }
 
-TEST_F(Gestures, AClickPicks) {
+TEST_F(Gestures, ClickPicks) {
     picker->showPopup();
     type("corner");
     const QModelIndex second = list().model()->index(2, 0);
@@ -291,7 +291,7 @@ TEST_F(Gestures, AClickPicks) {
     EXPECT_THAT(picked, ElementsAre(GestureType::cornerTapTopRight));
 }
 
-TEST_F(Gestures, AClickOnAHeadingPicksNothing) {
+TEST_F(Gestures, ClickOnAHeadingPicksNothing) {
     picker->showPopup();
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
                       list().visualRect(list().model()->index(0, 0)).center());
@@ -299,14 +299,14 @@ TEST_F(Gestures, AClickOnAHeadingPicksNothing) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, AClickElsewhereClosesAndPicksNothing) {
+TEST_F(Gestures, ClickOutsideClosesAndPicksNothing) {
     picker->showPopup();
     QTest::mouseClick(&sheet, Qt::LeftButton, {}, QPoint(3, 630));
     EXPECT_FALSE(picker->isOpen());
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, TabLeavesTheListForThePicker) {
+TEST_F(Gestures, TabReturnsFromTheListToThePicker) {
     for (const Qt::Key leaving : {Qt::Key_Tab, Qt::Key_Backtab}) {
         picker->showPopup();
         key(leaving);
@@ -315,24 +315,24 @@ TEST_F(Gestures, TabLeavesTheListForThePicker) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, AHiddenPickerTakesItsListAlong) {
+TEST_F(Gestures, HiddenPickerClosesItsList) {
     picker->showPopup();
     picker->hide();
     EXPECT_FALSE(picker->isOpen());
 }
 
-TEST_F(Gestures, APickerThatGoesTakesItsListAlong) {
+TEST_F(Gestures, DestroyedPickerClosesItsList) {
     picker->showPopup();
     delete picker;
     EXPECT_TRUE(
         test::waitFor([this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
 }
 
-TEST_F(Gestures, EverythingFollowsTheLanguageAtOnceAlsoTheOpenList) {
+TEST_F(Gestures, AllTextsFollowTheLanguageAtOnceIncludingTheOpenList) {
     type("five t");
     Lang::shared().setCode("zh");
     EXPECT_EQ(picker->currentText(), "单指画圆（任意方向）");
-    EXPECT_EQ(search().text(), "five t") << "what was typed stays, and finds the same";
+    EXPECT_EQ(search().text(), "five t") << "the typed text stays and finds the same gestures";
     EXPECT_THAT(entries(), testing::Contains("五指轻点"));
     EXPECT_THAT(entries(), testing::Contains("[多指轻点]"));
     EXPECT_EQ(search().placeholderText(), "搜索手势");
@@ -345,13 +345,13 @@ TEST_F(Gestures, EverythingFollowsTheLanguageAtOnceAlsoTheOpenList) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, TheOtherLanguagesNamesAreFoundToo) {
+TEST_F(Gestures, NamesInTheOtherLanguageAreFound) {
     picker->showPopup();
     search().setText("五指轻点");
     EXPECT_THAT(entries(), ElementsAre("[Taps]", "Five-Finger Tap"));
 }
 
-TEST_F(Gestures, ToAssistiveProgramsItIsAComboBoxAndItsListIsAList) {
+TEST_F(Gestures, AssistiveTechnologySeesAComboBoxAndAList) {
     QAccessibleInterface* const closed = QAccessible::queryAccessibleInterface(picker);
     ASSERT_NE(closed, nullptr);
     EXPECT_EQ(closed->role(), QAccessible::ComboBox);
@@ -371,8 +371,8 @@ TEST_F(Gestures, ToAssistiveProgramsItIsAComboBoxAndItsListIsAList) {
     EXPECT_EQ(field->text(QAccessible::Name), "Search gestures");
 }
 
-// As assistive programs open it.
-TEST_F(Gestures, ThePickersActionOpensTheList) {
+// As assistive technology opens it.
+TEST_F(Gestures, AccessibleActionOpensTheList) {
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(picker);
     seen->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
     EXPECT_TRUE(picker->isOpen());

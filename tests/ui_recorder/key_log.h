@@ -1,5 +1,5 @@
-// A window that writes down the keys that reach it: "+65" is Qt's key 65 pressed, "-65" released,
-// "+65 again" a repetition.
+// A window that records its keys: "+65" is Qt's key 65 pressed, "-65" released, "+65 again" a
+// repetition.
 #pragma once
 
 #include <QKeyEvent>
@@ -12,7 +12,7 @@ namespace glidemap {
 
 class KeyLog : public QWidget {
 public:
-    // Since the last call.
+    // The keys since the last call.
     std::vector<std::string> keys() { return std::exchange(seen, {}); }
 
 protected:

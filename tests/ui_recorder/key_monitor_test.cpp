@@ -39,14 +39,14 @@ protected:
     std::unique_ptr<KeyMonitor> monitor = std::make_unique<KeyMonitor>();
 };
 
-TEST_F(MonitoredWindow, GetsItsKeysUntilTheMonitorIsStarted) {
+TEST_F(MonitoredWindow, ReceivesKeysUntilTheMonitorStarts) {
     typist.type(a);
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65"));
     EXPECT_THAT(taken, IsEmpty());
     EXPECT_FALSE(monitor->isInstalled());
 }
 
-TEST_F(MonitoredWindow, GetsNothingWhileTheMonitorRuns) {
+TEST_F(MonitoredWindow, ReceivesNothingWhileTheMonitorRuns) {
     monitor->start();
     typist.type(shift);
     typist.type(a);
@@ -54,7 +54,7 @@ TEST_F(MonitoredWindow, GetsNothingWhileTheMonitorRuns) {
     EXPECT_THAT(taken, ElementsAre(Qt::Key_Shift, Qt::Key_A));
 }
 
-TEST_F(MonitoredWindow, GetsNothingOfAPressThatWasTakenAlsoAfterTheMonitorHasStopped) {
+TEST_F(MonitoredWindow, ReceivesNothingOfACapturedPressEvenAfterTheMonitorHasStopped) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -68,7 +68,7 @@ TEST_F(MonitoredWindow, GetsNothingOfAPressThatWasTakenAlsoAfterTheMonitorHasSto
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65"));
 }
 
-TEST_F(MonitoredWindow, GetsOtherKeysAsSoonAsTheMonitorHasStopped) {
+TEST_F(MonitoredWindow, ReceivesOtherKeysOnceTheMonitorHasStopped) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -78,18 +78,18 @@ TEST_F(MonitoredWindow, GetsOtherKeysAsSoonAsTheMonitorHasStopped) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(MonitoredWindow, DoesNotWaitForAReleaseThatWentElsewhere) {
+TEST_F(MonitoredWindow, DoesNotWaitForALostRelease) {
     monitor->start();
     typist.press(a);
     monitor->stop();
-    typist.press(a); // anew, so it must have been released
+    typist.press(a); // a new press implies a missing release
     typist.repeat(a);
     typist.release(a);
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65 again", "+65 again", "-65"));
     EXPECT_FALSE(monitor->isInstalled());
 }
 
-TEST_F(MonitoredWindow, AKeyThatWasHeldBeforeIsNotTakenForAPress) {
+TEST_F(MonitoredWindow, RepetitionOfAKeyHeldBeforeTheStartIsNotReported) {
     typist.press(a);
     monitor->start();
     window.keys();
@@ -97,10 +97,11 @@ TEST_F(MonitoredWindow, AKeyThatWasHeldBeforeIsNotTakenForAPress) {
     EXPECT_THAT(taken, IsEmpty());
     EXPECT_THAT(window.keys(), ElementsAre("-65 again"));
     typist.release(a);
-    EXPECT_THAT(window.keys(), ElementsAre("-65")) << "who has seen the press sees the release";
+    EXPECT_THAT(window.keys(), ElementsAre("-65"))
+        << "the window received the press, so it receives the release";
 }
 
-TEST_F(MonitoredWindow, AHeldKeyIsTakenOnce) {
+TEST_F(MonitoredWindow, HeldKeyIsReportedOnce) {
     monitor->start();
     typist.press(a);
     typist.repeat(a);
@@ -109,16 +110,16 @@ TEST_F(MonitoredWindow, AHeldKeyIsTakenOnce) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(MonitoredWindow, AKeyIsTheSameOneWhateverItMeansMeanwhile) {
+TEST_F(MonitoredWindow, KeyIsIdentifiedByItsScanCode) {
     monitor->start();
     typist.press({KEY_1, Qt::Key_Exclam, "!"});
     monitor->stop();
-    typist.release({KEY_1, Qt::Key_1, "1"}); // Shift was let go first
+    typist.release({KEY_1, Qt::Key_1, "1"}); // Shift was released first
     EXPECT_THAT(window.keys(), IsEmpty());
     EXPECT_FALSE(monitor->isInstalled());
 }
 
-TEST_F(MonitoredWindow, KeysThatNoKeyboardHasMadeAreToldApartByWhatTheyMean) {
+TEST_F(MonitoredWindow, SyntheticKeysAreIdentifiedByTheirQtKey) {
     monitor->start();
     typist.press({0, Qt::Key_A, "a"});
     monitor->stop();
@@ -128,7 +129,7 @@ TEST_F(MonitoredWindow, KeysThatNoKeyboardHasMadeAreToldApartByWhatTheyMean) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(MonitoredWindow, StartingTwiceIsStartingOnce) {
+TEST_F(MonitoredWindow, SecondStartIsIgnored) {
     monitor->start();
     monitor->start();
     typist.type(a);
@@ -139,7 +140,7 @@ TEST_F(MonitoredWindow, StartingTwiceIsStartingOnce) {
     EXPECT_THAT(window.keys(), ElementsAre("+66", "-66"));
 }
 
-TEST_F(MonitoredWindow, ARemovedMonitorLeavesEvenTheRestOfAPress) {
+TEST_F(MonitoredWindow, RemovedMonitorForgetsCapturedPresses) {
     monitor->start();
     typist.press(a);
     monitor->remove();
@@ -148,7 +149,7 @@ TEST_F(MonitoredWindow, ARemovedMonitorLeavesEvenTheRestOfAPress) {
     EXPECT_THAT(window.keys(), ElementsAre("-65"));
 }
 
-TEST_F(MonitoredWindow, AMonitorThatIsGoneLeavesEverything) {
+TEST_F(MonitoredWindow, DestroyedMonitorCapturesNothing) {
     monitor->start();
     typist.press(a);
     monitor.reset();
@@ -157,8 +158,8 @@ TEST_F(MonitoredWindow, AMonitorThatIsGoneLeavesEverything) {
     EXPECT_THAT(window.keys(), ElementsAre("-65", "+66", "-66"));
 }
 
-// Through Qt's own door for keys, which asks for shortcuts.
-TEST_F(MonitoredWindow, NoShortcutIsSetOffWhileTheMonitorRuns) {
+// Sends the key through Qt's own input path, which queries shortcuts first.
+TEST_F(MonitoredWindow, NoShortcutIsTriggeredWhileTheMonitorRuns) {
     int setOff = 0;
     const QShortcut shortcut(QKeySequence("Ctrl+N"), &window, [&setOff] { ++setOff; });
     ASSERT_TRUE(test::waitForWindowActive(&window));

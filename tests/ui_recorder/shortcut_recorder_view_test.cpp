@@ -71,7 +71,8 @@ protected:
     QPushButton& button() const { return kit::find<QPushButton>(window, "recordShortcut"); }
     void click() const { QTest::mouseClick(&button(), Qt::LeftButton); }
 
-    // The key is recorded with what is stored for the modifiers, and does not reach the window.
+    // Checks that the key is recorded with the modifiers' stored bits, and does not reach the
+    // window.
     void expectRecorded(const Key& key, std::uint16_t keyCode, std::initializer_list<Held> rows) {
         for (const Held& held : rows) {
             recorded.clear();
@@ -95,7 +96,7 @@ protected:
     std::vector<KeyShortcut> recorded;
 };
 
-TEST_F(Recorder, AClickStartsAndTheNextKeyIsTheShortcut) {
+TEST_F(Recorder, ClickStartsAndTheNextKeyIsTheShortcut) {
     EXPECT_FALSE(recorder->isRecording());
     click();
     EXPECT_TRUE(recorder->isRecording());
@@ -106,21 +107,21 @@ TEST_F(Recorder, AClickStartsAndTheNextKeyIsTheShortcut) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(Recorder, RecordsOneKeyAndNoMore) {
+TEST_F(Recorder, RecordsOnlyOneKey) {
     click();
     typist.type(a);
     typist.type(escape);
     EXPECT_EQ(recorded.size(), 1U);
-    EXPECT_EQ(window.keys().size(), 2U) << "the second key is the window's";
+    EXPECT_EQ(window.keys().size(), 2U) << "the window receives the second key";
 }
 
-TEST_F(Recorder, RecordsNothingUnlessItWasStarted) {
+TEST_F(Recorder, RecordsNothingBeforeItsStart) {
     typist.type(a);
     EXPECT_THAT(recorded, IsEmpty());
     EXPECT_EQ(recorder->shortcut(), std::nullopt);
 }
 
-TEST_F(Recorder, TheModifiersHeldAreStoredAndNoOthers) {
+TEST_F(Recorder, OnlyTheHeldModifiersAreStored) {
     expectRecorded(
         a, 0,
         {
@@ -139,7 +140,7 @@ TEST_F(Recorder, TheModifiersHeldAreStoredAndNoOthers) {
         });
 }
 
-TEST_F(Recorder, AnyKeyIsAcceptedAlsoWithoutModifiers) {
+TEST_F(Recorder, AcceptsAnyKeyEvenWithoutModifiers) {
     struct Row {
         const char* what;
         Key key;
@@ -182,7 +183,7 @@ TEST_F(Recorder, EscapeAloneCancelsAndKeepsTheShortcut) {
     EXPECT_THAT(window.keys(), IsEmpty()) << "nor does it close the sheet";
 }
 
-TEST_F(Recorder, EscapeThatIsNotAloneIsRecorded) {
+TEST_F(Recorder, EscapeWithAModifierIsRecorded) {
     expectRecorded(escape, 53,
                    {
                        {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
@@ -223,7 +224,7 @@ TEST_F(Recorder, ModifierKeysAloneRecordNothing) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0x40000}));
 }
 
-TEST_F(Recorder, AKeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextOneRecorded) {
+TEST_F(Recorder, KeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextKeyIsRecorded) {
     click();
     typist.type({KEY_PLAYPAUSE, Qt::Key_MediaTogglePlayPause});
     typist.type({0, Qt::Key_A, "a"});
@@ -235,7 +236,7 @@ TEST_F(Recorder, AKeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextOneRecorded) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0}));
 }
 
-TEST_F(Recorder, EveryKeyThatCanBeTypedIsRecordedButTheModifiers) {
+TEST_F(Recorder, EveryKeyIsRecordedExceptModifiers) {
     for (const KeyCodePair& pair : keyCodePairs()) {
         if (pair.keyCode >= 54 && pair.keyCode <= 63) {
             continue;
@@ -249,7 +250,7 @@ TEST_F(Recorder, EveryKeyThatCanBeTypedIsRecordedButTheModifiers) {
     }
 }
 
-TEST_F(Recorder, SpaceStartsItAndIsNotRecordedForThat) {
+TEST_F(Recorder, SpaceStartsTheRecordingWithoutBeingRecorded) {
     typist.press(space);
     typist.repeat(space);
     typist.release(space);
@@ -259,7 +260,7 @@ TEST_F(Recorder, SpaceStartsItAndIsNotRecordedForThat) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 49, .modifiers = 0}));
 }
 
-TEST_F(Recorder, SpaceThatIsRecordedDoesNotStartItAgain) {
+TEST_F(Recorder, RecordedSpaceDoesNotStartAgain) {
     click();
     typist.press(space);
     typist.repeat(space);
@@ -268,7 +269,7 @@ TEST_F(Recorder, SpaceThatIsRecordedDoesNotStartItAgain) {
     EXPECT_EQ(recorded.size(), 1U);
 }
 
-TEST_F(Recorder, AKeyThatIsStillHeldFromBeforeIsNotRecorded) {
+TEST_F(Recorder, KeyHeldBeforeTheStartIsNotRecorded) {
     typist.press(returnKey);
     recorder->startRecording();
     typist.repeat(returnKey);
@@ -292,7 +293,7 @@ TEST_F(Recorder, HoldingTheRecordedKeyDoesNotReachTheSheet) {
     }
 }
 
-TEST_F(Recorder, TheButtonStopsItWithoutChangingTheShortcut) {
+TEST_F(Recorder, ButtonStopsTheRecordingAndKeepsTheShortcut) {
     recorder->setShortcut(before);
     click();
     click();
@@ -303,7 +304,7 @@ TEST_F(Recorder, TheButtonStopsItWithoutChangingTheShortcut) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, StartingTwiceIsStartingOnce) {
+TEST_F(Recorder, SecondStartIsIgnored) {
     recorder->startRecording();
     recorder->startRecording();
     typist.type(a);
@@ -313,7 +314,7 @@ TEST_F(Recorder, StartingTwiceIsStartingOnce) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, StoppingWhenIdleChangesNothing) {
+TEST_F(Recorder, StopIsIgnoredWhileIdle) {
     recorder->setShortcut(before);
     recorder->stopRecording();
     EXPECT_EQ(recorder->shortcut(), before);
@@ -321,7 +322,7 @@ TEST_F(Recorder, StoppingWhenIdleChangesNothing) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, OnceHiddenItLeavesNoMonitor) {
+TEST_F(Recorder, HidingRemovesTheMonitor) {
     click();
     recorder->hide();
     EXPECT_FALSE(recorder->isRecording());
@@ -332,7 +333,7 @@ TEST_F(Recorder, OnceHiddenItLeavesNoMonitor) {
     EXPECT_FALSE(recorder->isRecording());
 }
 
-TEST_F(Recorder, OnceHiddenItLeavesEvenTheRestOfAPress) {
+TEST_F(Recorder, HidingForgetsCapturedPresses) {
     click();
     typist.press(a);
     recorder->hide();
@@ -340,7 +341,7 @@ TEST_F(Recorder, OnceHiddenItLeavesEvenTheRestOfAPress) {
     EXPECT_EQ(window.keys().size(), 1U);
 }
 
-TEST_F(Recorder, OnceGoneItLeavesNoMonitor) {
+TEST_F(Recorder, DestructionRemovesTheMonitor) {
     click();
     delete recorder;
     typist.type(a);
@@ -348,7 +349,7 @@ TEST_F(Recorder, OnceGoneItLeavesNoMonitor) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, OnceDisabledItStops) {
+TEST_F(Recorder, DisablingStopsTheRecording) {
     click();
     recorder->setEnabled(false);
     EXPECT_FALSE(recorder->isRecording());
@@ -356,7 +357,7 @@ TEST_F(Recorder, OnceDisabledItStops) {
     EXPECT_THAT(recorded, IsEmpty());
 }
 
-TEST_F(Recorder, TakesAKeyPressInAnyWindowOfTheProgram) {
+TEST_F(Recorder, CapturesAKeyPressInAnyWindowOfTheProgram) {
     KeyLog other;
     other.show();
     click();
@@ -365,7 +366,7 @@ TEST_F(Recorder, TakesAKeyPressInAnyWindowOfTheProgram) {
     EXPECT_THAT(other.keys(), IsEmpty());
 }
 
-TEST_F(Recorder, SaysWhatItDoesInBothLanguagesAtOnce) {
+TEST_F(Recorder, ShowsItsStateInBothLanguagesAtOnce) {
     const auto expectTexts = [&](const char* labelText, const char* buttonText) {
         EXPECT_EQ(recorder->findChild<QLabel*>()->text(), labelText);
         EXPECT_EQ(button().text(), buttonText);
@@ -391,15 +392,15 @@ TEST_F(Recorder, SaysWhatItDoesInBothLanguagesAtOnce) {
     expectTexts("Shortcut", "Click to record");
 }
 
-TEST_F(Recorder, SettingAShortcutAnnouncesNothing) {
+TEST_F(Recorder, SetShortcutDoesNotCallOnRecord) {
     recorder->setShortcut(before);
     EXPECT_EQ(recorder->shortcut(), before);
     EXPECT_THAT(recorded, IsEmpty());
     EXPECT_EQ(button().text(), "⌥⌘→");
 }
 
-// Of the button itself goes off its padding on both sides, and the room for the ring of the focus.
-TEST_F(Recorder, TheButtonsLabelIsAtLeast160PointsWide) {
+// Subtracts the button's padding on both sides and the room for the focus ring.
+TEST_F(Recorder, ButtonLabelIsAtLeast160PointsWide) {
     constexpr int aroundLabel = 2 * (14 + style::ringMargin);
     EXPECT_GE(button().width(), 160 + aroundLabel);
     lang.setCode("zh");
@@ -408,7 +409,7 @@ TEST_F(Recorder, TheButtonsLabelIsAtLeast160PointsWide) {
     EXPECT_GE(button().minimumWidth(), 160 + aroundLabel);
 }
 
-TEST_F(Recorder, TheButtonKeepsOneWidthWhateverItSays) {
+TEST_F(Recorder, ButtonKeepsItsWidthWithEveryText) {
     for (const char* const code : {"en", "zh"}) {
         lang.setCode(code);
         const int width = button().minimumWidth();
@@ -422,20 +423,20 @@ TEST_F(Recorder, TheButtonKeepsOneWidthWhateverItSays) {
     }
 }
 
-TEST_F(Recorder, TheLabelBelongsToTheButton) {
+TEST_F(Recorder, LabelIsTheBuddyOfTheButton) {
     EXPECT_EQ(recorder->findChild<QLabel*>()->buddy(), &button());
 }
 
-TEST_F(Recorder, ShowsTheModifiersAsTheyAreHeld) {
+TEST_F(Recorder, ShowsModifiersWhileTheyAreHeld) {
     const Key control{KEY_LEFTCTRL, Qt::Key_Control};
     const Key alt{KEY_LEFTALT, Qt::Key_Alt};
     click();
-    typist.press(control); // the event does not count the key itself
+    typist.press(control); // the event does not include the key itself
     EXPECT_EQ(button().text(), "⌃…");
     typist.modifiers = Qt::ControlModifier;
     typist.press(alt);
     EXPECT_EQ(button().text(), "⌃⌥…");
-    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // the event counts it still
+    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // the event still includes it
     typist.release(control);
     EXPECT_EQ(button().text(), "⌥…");
     typist.modifiers = Qt::AltModifier;
@@ -446,7 +447,7 @@ TEST_F(Recorder, ShowsTheModifiersAsTheyAreHeld) {
     EXPECT_EQ(button().text(), "A");
 }
 
-TEST_F(Recorder, WearsTheAccentAsRingAndTintWhileItRecords) {
+TEST_F(Recorder, HasAnAccentRingAndTintWhileRecording) {
     const auto countAccent = [&] {
         const QImage picture = button().grab().toImage();
         const QColor accent = Theme::shared().color(Role::accent);
@@ -468,7 +469,7 @@ TEST_F(Recorder, WearsTheAccentAsRingAndTintWhileItRecords) {
     EXPECT_EQ(countAccent(), 0);
 }
 
-TEST_F(Recorder, IsReadAloudInWords) {
+TEST_F(Recorder, HasASpokenAccessibleName) {
     recorder->setShortcut(before);
     EXPECT_EQ(button().accessibleName(), "Option Command Right Arrow");
     EXPECT_EQ(button().toolTip(), "");

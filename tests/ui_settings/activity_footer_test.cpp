@@ -16,7 +16,7 @@ protected:
     const Theme& theme = Theme::shared();
 };
 
-TEST_F(ActivityFooterTest, InvitesUntilThereIsAGesture) {
+TEST_F(ActivityFooterTest, ShowsAnInvitationUntilTheFirstGesture) {
     stage.open();
     EXPECT_EQ(stage.text("footerGesture"), "Try drawing a circle on the trackpad…");
     EXPECT_EQ(colorOf("footerGesture"), theme.color(Role::secondary));
@@ -36,7 +36,7 @@ TEST_F(ActivityFooterTest, ShowsGestureActionAndApplication) {
     EXPECT_EQ(colorOf("footerApplication"), theme.color(Role::secondary));
 }
 
-TEST_F(ActivityFooterTest, WithoutABindingAndAnApplicationItSaysSoAndNamesNone) {
+TEST_F(ActivityFooterTest, GestureWithoutBindingOrApplicationSaysSo) {
     stage.open();
     stage.recognise(GestureType::pinchIn);
     EXPECT_EQ(stage.text("footerGesture"), "Last gesture: Pinch In");
@@ -48,8 +48,8 @@ TEST_F(ActivityFooterTest, WithoutABindingAndAnApplicationItSaysSoAndNamesNone) 
     EXPECT_EQ(stage.text("footerAction"), "（无匹配绑定）");
 }
 
-// The gesture is named anew; the action is kept as it read when it ran.
-TEST_F(ActivityFooterTest, AnActionStaysInTheLanguageOfItsGesture) {
+// The gesture's name follows the language; the action keeps the text from its run.
+TEST_F(ActivityFooterTest, ActionKeepsTheLanguageOfItsRun) {
     stage.open();
     stage.recognise(GestureType::drawCircle);
     stage.choose("zh");

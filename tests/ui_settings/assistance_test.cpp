@@ -1,4 +1,4 @@
-// What programs that read the window to the user are told.
+// The settings window as assistive technology sees it.
 
 #include "ui/settings/binding_list_view.h"
 #include "ui_settings/settings_stage.h"
@@ -31,7 +31,7 @@ protected:
          test::bound(GestureType::pinchIn, MissionControl{}, AppScope{"org.example", "Writer"})}};
 };
 
-TEST_F(AssistanceTest, TheBindingsAreAListOfItems) {
+TEST_F(AssistanceTest, BindingsAreAListOfItems) {
     EXPECT_EQ(list().role(), QAccessible::List);
     EXPECT_EQ(list().text(QAccessible::Name), "Bindings");
     ASSERT_EQ(list().childCount(), 2);
@@ -47,7 +47,7 @@ TEST_F(AssistanceTest, TheBindingsAreAListOfItems) {
     EXPECT_EQ(list().child(2), nullptr);
 }
 
-TEST_F(AssistanceTest, TheSelectedItemHasTheFocusOfTheList) {
+TEST_F(AssistanceTest, SelectedItemHasTheFocusOfTheList) {
     stage.find("bindingList")->setFocus(Qt::TabFocusReason);
     stage.pressKey(Qt::Key_Down);
     EXPECT_FALSE(list().child(0)->state().selected);
@@ -56,7 +56,7 @@ TEST_F(AssistanceTest, TheSelectedItemHasTheFocusOfTheList) {
     EXPECT_EQ(list().focusChild(), list().child(1));
 }
 
-TEST_F(AssistanceTest, OneObjectHasTheFocusAtATime) {
+TEST_F(AssistanceTest, OnlyOneObjectHasTheFocus) {
     stage.find("bindingList")->setFocus(Qt::TabFocusReason);
     const auto focused = [&] {
         int count = list().state().focused ? 1 : 0;
@@ -77,7 +77,7 @@ TEST_F(AssistanceTest, OneObjectHasTheFocusAtATime) {
     EXPECT_EQ(focused(), 0);
 }
 
-TEST_F(AssistanceTest, EachOfManyBindingsIsAtItsPlaceOfSoMany) {
+TEST_F(AssistanceTest, EachOfManyBindingsHasItsPositionAndTheTotal) {
     stage.store->setBindings(test::manyBindings(200));
     ASSERT_EQ(list().childCount(), 200);
     for (const int index : {0, 1, 100, 199}) {
@@ -101,7 +101,7 @@ TEST_F(AssistanceTest, EachOfManyBindingsIsAtItsPlaceOfSoMany) {
     EXPECT_FALSE(last->isValid() && last->object() == nullptr);
 }
 
-TEST_F(AssistanceTest, ABindingThatIsOffSaysSo) {
+TEST_F(AssistanceTest, DisabledBindingIsDescribedAsOff) {
     stage.clickInRow(0, "enabled");
     EXPECT_EQ(list().child(0)->text(QAccessible::Name),
               "Three-Finger Tap, Shortcut Command W, Global, off");
@@ -109,7 +109,7 @@ TEST_F(AssistanceTest, ABindingThatIsOffSaysSo) {
     EXPECT_EQ(list().child(0)->text(QAccessible::Name), "三指轻点，快捷键 Command W，全局，已关闭");
 }
 
-TEST_F(AssistanceTest, ABindingThatNeverRunsSaysWhy) {
+TEST_F(AssistanceTest, ShadowedBindingIsDescribedWithTheReason) {
     BindingList twice{test::bound(GestureType::pinchIn), test::bound(GestureType::pinchIn)};
     stage.store->setBindings(twice);
     EXPECT_EQ(list().child(0)->text(QAccessible::Description), "");
@@ -137,7 +137,7 @@ void expectNoFrameInside(QAccessibleInterface& of) {
     }
 }
 
-TEST_F(AssistanceTest, TheWindowIsOneAndNothingInItIsAFrame) {
+TEST_F(AssistanceTest, WindowIsOneObjectAndContainsNoFrames) {
     stage.trust->trusted = false;
     stage.helper->become(DesktopHelper::State::missing);
     stage.publish("2.0.0");
@@ -150,7 +150,7 @@ TEST_F(AssistanceTest, TheWindowIsOneAndNothingInItIsAFrame) {
     expectNoFrameInside(described(&stage.window()));
 }
 
-// Counts how often a control has been titled: its hover help is set along with its name.
+// Counts changes of a control's name, by its tooltip, which is set together with it.
 class TitleCounter : public QObject {
 public:
     int titles = 0;
@@ -161,8 +161,8 @@ public:
     }
 };
 
-// Else the whole window might be read aloud each time that a finger is lifted.
-TEST_F(AssistanceTest, AGestureNamesNoControlAnew) {
+// Otherwise a screen reader might read the whole window after each gesture.
+TEST_F(AssistanceTest, GestureSetsNoNameAgain) {
     TitleCounter counter;
     stage.row(0)->findChild<QWidget*>("preview")->installEventFilter(&counter);
     stage.find("launchAtLogin")->installEventFilter(&counter);
@@ -173,7 +173,7 @@ TEST_F(AssistanceTest, AGestureNamesNoControlAnew) {
     EXPECT_EQ(counter.titles, 2);
 }
 
-TEST_F(AssistanceTest, TheControlsOfARowSayWhoseTheyAre) {
+TEST_F(AssistanceTest, NamesOfARowsControlsIncludeItsGesture) {
     EXPECT_EQ(nameInRow(0, "enabled"), "Enable Three-Finger Tap");
     EXPECT_EQ(nameInRow(0, "preview"), "Show gesture demo: Three-Finger Tap");
     EXPECT_EQ(nameInRow(1, "edit"), "Edit Pinch In");
@@ -186,7 +186,7 @@ TEST_F(AssistanceTest, TheControlsOfARowSayWhoseTheyAre) {
     EXPECT_EQ(list().child(0)->text(QAccessible::Name), "三指轻点，快捷键 Command W，全局");
 }
 
-TEST_F(AssistanceTest, TheCheckBoxesTellWhatTheyAreSetTo) {
+TEST_F(AssistanceTest, CheckBoxesReportTheirState) {
     QAccessibleInterface& box = described(stage.row(0)->findChild<QWidget*>("enabled"));
     EXPECT_EQ(box.role(), QAccessible::CheckBox);
     EXPECT_TRUE(box.state().checked);
@@ -203,7 +203,7 @@ TEST_F(AssistanceTest, TheCheckBoxesTellWhatTheyAreSetTo) {
     EXPECT_EQ(stage.loginItems->attempts, (std::vector<std::string>{"register"}));
 }
 
-TEST_F(AssistanceTest, TheLanguagePickerHasItsLabel) {
+TEST_F(AssistanceTest, LanguagePickerHasItsLabel) {
     const auto* label = stage.find<QLabel>("languageLabel");
     EXPECT_EQ(label->buddy(), stage.find("language"));
     const auto labels = described(stage.find("language")).relations(QAccessible::Label);
@@ -211,7 +211,7 @@ TEST_F(AssistanceTest, TheLanguagePickerHasItsLabel) {
     EXPECT_EQ(labels[0].first->text(QAccessible::Name), "Language");
 }
 
-TEST_F(AssistanceTest, WhateverCanHaveTheFocusHasAName) {
+TEST_F(AssistanceTest, EveryFocusableControlHasAName) {
     stage.trust->trusted = false;
     stage.helper->become(DesktopHelper::State::missing);
     stage.publish("2.0.0");
@@ -245,7 +245,7 @@ TEST_F(AssistanceTest, TabFollowsTheReadingOrder) {
                                                "", "bindingList", "launchAtLogin"}));
 }
 
-// None has one, so none can collide.
+// Without mnemonics, none can collide.
 TEST_F(AssistanceTest, NoTextHasAMnemonic) {
     for (const QAbstractButton* button : stage.window().findChildren<QAbstractButton*>()) {
         EXPECT_FALSE(button->text().contains('&')) << button->text().toStdString();

@@ -33,7 +33,7 @@ protected:
     QScrollBar& bar() const { return *list->findChild<QScrollArea*>()->verticalScrollBar(); }
     const BindingList& stored() const { return *(kept = stage->store->bindings()); }
     void press(Qt::Key key) const { stage->pressKey(key); }
-    // So that it can all be seen.
+    // Whether the row is entirely visible.
     bool isInSight(std::size_t index) const {
         const QWidget* row = stage->row(index);
         const QWidget* viewport = list->findChild<QScrollArea*>()->viewport();
@@ -62,7 +62,7 @@ TEST_F(BindingListViewTest, ShowsTheBindingsInTheStoresOrder) {
     EXPECT_FALSE(stage->isShown("emptyState"));
 }
 
-TEST_F(BindingListViewTest, WithoutBindingsThereIsAnInvitationInstead) {
+TEST_F(BindingListViewTest, EmptyListShowsAnInvitation) {
     open({});
     EXPECT_FALSE(list->isVisible());
     EXPECT_EQ(stage->text("emptyStateText"),
@@ -74,7 +74,7 @@ TEST_F(BindingListViewTest, WithoutBindingsThereIsAnInvitationInstead) {
     EXPECT_EQ(stage->text("emptyStateText"), "还没有绑定，点右上角「添加绑定」创建一个。");
 }
 
-TEST_F(BindingListViewTest, TheInvitationComesAndGoesWithTheBindings) {
+TEST_F(BindingListViewTest, InvitationFollowsTheNumberOfBindings) {
     open({test::bound(GestureType::drawCircle)});
     stage->clickInRow(0, "delete");
     EXPECT_TRUE(stage->isShown("emptyState"));
@@ -84,7 +84,7 @@ TEST_F(BindingListViewTest, TheInvitationComesAndGoesWithTheBindings) {
     EXPECT_EQ(stage->rowCount(), 3);
 }
 
-TEST_F(BindingListViewTest, ArrowsMoveTheSelectionAndStopAtTheEnds) {
+TEST_F(BindingListViewTest, ArrowKeysMoveTheSelectionAndStopAtTheEnds) {
     open(defaultBindings());
     focusList();
     EXPECT_EQ(list->selectedIndex(), Place(0));
@@ -99,7 +99,7 @@ TEST_F(BindingListViewTest, ArrowsMoveTheSelectionAndStopAtTheEnds) {
     }
 }
 
-TEST_F(BindingListViewTest, TheFirstArrowSelectsTheFirstRow) {
+TEST_F(BindingListViewTest, FirstArrowKeySelectsTheFirstRow) {
     open(defaultBindings());
     list->setFocus(Qt::OtherFocusReason);
     EXPECT_EQ(list->selectedIndex(), std::nullopt);
@@ -107,7 +107,7 @@ TEST_F(BindingListViewTest, TheFirstArrowSelectsTheFirstRow) {
     EXPECT_EQ(list->selectedIndex(), Place(0));
 }
 
-TEST_F(BindingListViewTest, TheSelectionStaysInSight) {
+TEST_F(BindingListViewTest, SelectionStaysVisible) {
     open(test::manyBindings(100));
     focusList();
     for (int step = 0; step < 30; ++step) {
@@ -152,15 +152,15 @@ TEST_F(BindingListViewTest, DeleteDeletesTheSelectedBindingAndSelectsANeighbour)
     press(Qt::Key_Down);
     press(Qt::Key_Delete);
     EXPECT_EQ(stored(), (BindingList{before[0], before[2]}));
-    EXPECT_EQ(list->selectedIndex(), Place(1)); // the one that followed
+    EXPECT_EQ(list->selectedIndex(), Place(1)); // its successor
     press(Qt::Key_Delete);
-    EXPECT_EQ(list->selectedIndex(), Place(0)); // there was none
+    EXPECT_EQ(list->selectedIndex(), Place(0)); // its predecessor
     press(Qt::Key_Delete);
     EXPECT_TRUE(stored().empty());
     EXPECT_TRUE(stage->isShown("emptyState"));
 }
 
-TEST_F(BindingListViewTest, AKeyThatIsHeldDownDeletesOnlyOnce) {
+TEST_F(BindingListViewTest, HeldKeyDeletesOnlyOnce) {
     open(defaultBindings());
     focusList();
     QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, {}, true);
@@ -168,7 +168,7 @@ TEST_F(BindingListViewTest, AKeyThatIsHeldDownDeletesOnlyOnce) {
     EXPECT_EQ(stored().size(), 3);
 }
 
-TEST_F(BindingListViewTest, KeysWithModifiersAreNotTheLists) {
+TEST_F(BindingListViewTest, KeysWithModifiersAreIgnored) {
     open(defaultBindings());
     focusList();
     for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::ShiftModifier}) {
@@ -179,7 +179,7 @@ TEST_F(BindingListViewTest, KeysWithModifiersAreNotTheLists) {
     EXPECT_EQ(list->selectedIndex(), Place(0));
 }
 
-TEST_F(BindingListViewTest, WithoutASelectionNothingIsDeletedOrEdited) {
+TEST_F(BindingListViewTest, NothingIsDeletedOrEditedWithoutASelection) {
     open(defaultBindings());
     list->setFocus(Qt::OtherFocusReason);
     for (const auto key : {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Space}) {
@@ -190,7 +190,7 @@ TEST_F(BindingListViewTest, WithoutASelectionNothingIsDeletedOrEdited) {
     EXPECT_FALSE(stage->window().view().showsEditor());
 }
 
-TEST_F(BindingListViewTest, AClickSelectsAndADoubleClickEdits) {
+TEST_F(BindingListViewTest, ClickSelectsAndDoubleClickEdits) {
     open(defaultBindings());
     QTest::mouseClick(stage->row(1), Qt::LeftButton, {}, {200, 20});
     EXPECT_EQ(list->selectedIndex(), Place(1));
@@ -200,7 +200,7 @@ TEST_F(BindingListViewTest, AClickSelectsAndADoubleClickEdits) {
     EXPECT_EQ(stage->window().view().editedBinding(), stored()[2]);
 }
 
-TEST_F(BindingListViewTest, ArrowsReachEveryControlOfManyRowsAndEachIsSeen) {
+TEST_F(BindingListViewTest, ArrowKeysReachEveryControlOfManyRowsAndScrollToIt) {
     open(test::manyBindings(40));
     focusList();
     for (std::size_t index = 0; index < 40; ++index) {
@@ -216,17 +216,17 @@ TEST_F(BindingListViewTest, ArrowsReachEveryControlOfManyRowsAndEachIsSeen) {
     }
 }
 
-TEST_F(BindingListViewTest, ReturnOnAButtonOfARowWorksTheButton) {
+TEST_F(BindingListViewTest, ReturnOnAButtonOfARowPressesTheButton) {
     open(defaultBindings());
     const BindingList before = stored();
     stage->row(0)->findChild<QWidget*>("delete")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Return);
     EXPECT_EQ(stored(), (BindingList{before[1], before[2]}));
     EXPECT_FALSE(stage->window().view().showsEditor());
-    EXPECT_TRUE(list->hasFocus()); // what had it has gone
+    EXPECT_TRUE(list->hasFocus()); // the focused row was deleted
 }
 
-TEST_F(BindingListViewTest, ArrowsOnAControlOfARowMoveTheSelection) {
+TEST_F(BindingListViewTest, ArrowKeysOnAControlOfARowMoveTheSelection) {
     open(defaultBindings());
     stage->row(1)->findChild<QWidget*>("edit")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Down);
@@ -234,7 +234,7 @@ TEST_F(BindingListViewTest, ArrowsOnAControlOfARowMoveTheSelection) {
     EXPECT_TRUE(list->hasFocus());
 }
 
-TEST_F(BindingListViewTest, AToggleKeepsRowsScrollPositionAndSelection) {
+TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);
@@ -242,7 +242,7 @@ TEST_F(BindingListViewTest, AToggleKeepsRowsScrollPositionAndSelection) {
     stage->clickInRow(21, "enabled");
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(stage->row(22), row);
-    EXPECT_EQ(list->selectedIndex(), Place(21)); // that is where the click was
+    EXPECT_EQ(list->selectedIndex(), Place(21)); // the row of the click
     change(22, GestureType::pinchIn);
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(stage->row(22), row);
@@ -250,7 +250,7 @@ TEST_F(BindingListViewTest, AToggleKeepsRowsScrollPositionAndSelection) {
     EXPECT_EQ(list->selectedIndex(), Place(21));
 }
 
-TEST_F(BindingListViewTest, ADeletionElsewhereLeavesTheRestAsItIs) {
+TEST_F(BindingListViewTest, DeletionElsewhereChangesNothingElse) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);
@@ -263,7 +263,7 @@ TEST_F(BindingListViewTest, ADeletionElsewhereLeavesTheRestAsItIs) {
     EXPECT_EQ(bar().value(), 1000);
 }
 
-TEST_F(BindingListViewTest, AnOpenDemonstrationOutlivesAnEdit) {
+TEST_F(BindingListViewTest, OpenDemonstrationOutlivesAnEdit) {
     open(defaultBindings());
     stage->clickInRow(1, "preview");
     change(0, GestureType::pinchIn);
@@ -276,7 +276,7 @@ TEST_F(BindingListViewTest, AnOpenDemonstrationOutlivesAnEdit) {
     EXPECT_EQ(stage->window().findChild<QLabel*>("previewName")->text(), "两指张开（放大）");
 }
 
-TEST_F(BindingListViewTest, ADemonstrationClosesWithItsBindingAndWhenTheListScrolls) {
+TEST_F(BindingListViewTest, DemonstrationClosesWithItsBindingAndWhenTheListScrolls) {
     open(test::manyBindings(100));
     stage->clickInRow(1, "preview");
     ASSERT_TRUE(stage->row(1)->showsPreview());
@@ -292,7 +292,7 @@ TEST_F(BindingListViewTest, ADemonstrationClosesWithItsBindingAndWhenTheListScro
     }));
 }
 
-TEST_F(BindingListViewTest, AListThatGoesTakesADemonstrationWithTheFocusAlong) {
+TEST_F(BindingListViewTest, DestroyedListClosesAFocusedDemonstration) {
     open(defaultBindings());
     stage->clickInRow(1, "preview");
     const QPointer<QWidget> preview = stage->window().findChild<QWidget*>("gesturePreview");
@@ -302,7 +302,7 @@ TEST_F(BindingListViewTest, AListThatGoesTakesADemonstrationWithTheFocusAlong) {
     EXPECT_TRUE(test::waitFor([&] { return preview == nullptr; }));
 }
 
-TEST_F(BindingListViewTest, AnAddedBindingIsSelectedAndShown) {
+TEST_F(BindingListViewTest, AddedBindingIsSelectedAndShown) {
     open(test::manyBindings(100));
     BindingList more = stored();
     more.push_back(test::bound(GestureType::pinchIn));
@@ -311,12 +311,12 @@ TEST_F(BindingListViewTest, AnAddedBindingIsSelectedAndShown) {
     EXPECT_TRUE(isInSight(100));
 }
 
-TEST_F(BindingListViewTest, BindingsThatShareAnIdentifierHaveARowEach) {
+TEST_F(BindingListViewTest, BindingsWithTheSameIdentifierHaveSeparateRows) {
     BindingList twins = defaultBindings();
     twins[2].id = twins[0].id;
     open(twins);
     ASSERT_EQ(stage->rowCount(), 3);
-    stage->clickInRow(2, "enabled"); // it is the first one's that is switched
+    stage->clickInRow(2, "enabled"); // switches the first one
     EXPECT_FALSE(stored()[0].enabled);
     EXPECT_TRUE(stored()[2].enabled);
     EXPECT_EQ(stage->rowCount(), 3);
@@ -325,7 +325,7 @@ TEST_F(BindingListViewTest, BindingsThatShareAnIdentifierHaveARowEach) {
     EXPECT_EQ(stage->rowCount(), 1);
 }
 
-TEST_F(BindingListViewTest, AThousandBindingsCostNoMoreRowsThanCanBeSeen) {
+TEST_F(BindingListViewTest, ThousandBindingsHaveNoMoreRowsThanAreVisible) {
     open(test::manyBindings(1000));
     EXPECT_LE(stage->rowCount(), 20);
     for (int value = 0; value < bar().maximum(); value += 97) {
@@ -337,18 +337,18 @@ TEST_F(BindingListViewTest, AThousandBindingsCostNoMoreRowsThanCanBeSeen) {
     EXPECT_EQ(stage->rowText(999, "actionText"), "Open App 999");
 }
 
-TEST_F(BindingListViewTest, ARowWithTheFocusKeepsItWhenItScrollsOutOfSight) {
+TEST_F(BindingListViewTest, FocusedRowKeepsTheFocusWhenScrolledOutOfView) {
     open(test::manyBindings(1000));
     QWidget* edit = stage->row(1)->findChild<QWidget*>("edit");
     edit->setFocus(Qt::TabFocusReason);
     bar().setValue(bar().maximum());
     EXPECT_TRUE(edit->hasFocus());
-    press(Qt::Key_Down); // goes on where it was
+    press(Qt::Key_Down); // continues from its position
     EXPECT_EQ(list->selectedIndex(), Place(2));
     EXPECT_TRUE(isInSight(2));
 }
 
-TEST_F(BindingListViewTest, TheSelectedRowIsTintedAndRingedOnlyForKeys) {
+TEST_F(BindingListViewTest, SelectedRowIsTintedAndHasARingOnlyForKeys) {
     open(defaultBindings());
     const Theme& theme = Theme::shared();
     const auto edge = [&] {
@@ -362,7 +362,7 @@ TEST_F(BindingListViewTest, TheSelectedRowIsTintedAndRingedOnlyForKeys) {
     EXPECT_EQ(edge(), theme.color(Role::accent));
 }
 
-TEST_F(BindingListViewTest, TheRowBeneathThePointerStandsOut) {
+TEST_F(BindingListViewTest, HoveredRowIsHighlighted) {
     open(defaultBindings());
     const auto ground = [&] {
         return stage->pixel(*stage->row(1), {300, 20});
@@ -373,7 +373,7 @@ TEST_F(BindingListViewTest, TheRowBeneathThePointerStandsOut) {
     EXPECT_NE(ground(), before);
 }
 
-TEST_F(BindingListViewTest, ArrowsMoveWithinARowAndTabLeavesTheList) {
+TEST_F(BindingListViewTest, ArrowKeysMoveWithinARowAndTabLeavesTheList) {
     open(defaultBindings());
     focusList();
     const auto focus = [&] {
@@ -400,7 +400,7 @@ TEST_F(BindingListViewTest, ArrowsMoveWithinARowAndTabLeavesTheList) {
     EXPECT_NE(focus(), "bindingList");
 }
 
-TEST_F(BindingListViewTest, LooksOffWithGesturesOffAndCanBeUsed) {
+TEST_F(BindingListViewTest, LooksDisabledButStaysUsableWhileGesturesAreOff) {
     open(defaultBindings());
     const auto isPale = [&](std::size_t index) {
         const QWidget* const content =
@@ -413,11 +413,11 @@ TEST_F(BindingListViewTest, LooksOffWithGesturesOffAndCanBeUsed) {
     stage->clickInRow(0, "enabled");
     EXPECT_FALSE(stored()[0].enabled);
     stage->dispatcher->setMasterEnabled(true);
-    EXPECT_TRUE(isPale(0)); // it is off itself
+    EXPECT_TRUE(isPale(0)); // disabled itself
     EXPECT_FALSE(isPale(1));
 }
 
-TEST_F(BindingListViewTest, ThinLinesLieBetweenTheRowsOnly) {
+TEST_F(BindingListViewTest, ThinLinesLieOnlyBetweenTheRows) {
     open(defaultBindings());
     const QColor line = Theme::shared().color(Role::separator);
     const QImage picture = stage->window().grab().toImage();
@@ -430,7 +430,7 @@ TEST_F(BindingListViewTest, ThinLinesLieBetweenTheRowsOnly) {
     EXPECT_EQ(lines, 2);
 }
 
-TEST_F(BindingListViewTest, TheButtonsOfARowAreFaintUntilOneIsAtIt) {
+TEST_F(BindingListViewTest, ButtonsOfARowAreFaintUnlessSelectedOrHovered) {
     open(defaultBindings());
     const auto areFaint = [&](std::size_t index) {
         const auto* const edit = stage->row(index)->findChild<SymbolButton*>("edit");
@@ -438,7 +438,7 @@ TEST_F(BindingListViewTest, TheButtonsOfARowAreFaintUntilOneIsAtIt) {
         EXPECT_EQ(edit->isFaint(), trash->isFaint());
         return edit->isFaint();
     };
-    for (const std::size_t index : {0, 1}) { // wherever the pointer of the tests before is
+    for (const std::size_t index : {0, 1}) { // ignores the earlier position of the pointer
         stage->row(index)->setAttribute(Qt::WA_UnderMouse, false);
         QHoverEvent away(QEvent::HoverLeave, QPointF(), QPointF(), QPointF());
         QApplication::sendEvent(stage->row(index), &away);
@@ -457,7 +457,7 @@ TEST_F(BindingListViewTest, TheButtonsOfARowAreFaintUntilOneIsAtIt) {
     EXPECT_TRUE(areFaint(0));
 }
 
-TEST_F(BindingListViewTest, ABadgeUsesTheWidthOfAWideWindow) {
+TEST_F(BindingListViewTest, BadgeUsesTheWidthOfAWideWindow) {
     const std::string name(60, 'W');
     open({test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", name})});
     const QWidget* const badge = stage->row(0)->findChild<QWidget*>("scopeBadge");

@@ -15,7 +15,7 @@
 namespace glidemap {
 namespace {
 
-// A row by itself, and what it said.
+// A single row, and its callbacks.
 class BindingRowTest : public testing::Test {
 protected:
     BindingRow& show(GestureBinding binding) {
@@ -62,7 +62,7 @@ TEST_F(BindingRowTest, ShowsGestureActionAndScopeInBothLanguages) {
     Lang::shared().setCode("en");
 }
 
-TEST_F(BindingRowTest, AGlobalBindingHasABlueBadge) {
+TEST_F(BindingRowTest, GlobalBindingHasABlueBadge) {
     show(test::bound(GestureType::drawCircle));
     const Theme& theme = Theme::shared();
     EXPECT_EQ(part("scopeBadge").palette().color(QPalette::WindowText), theme.color(Role::blue));
@@ -70,7 +70,7 @@ TEST_F(BindingRowTest, AGlobalBindingHasABlueBadge) {
                                 theme.tint(Role::blue, 1), 0.15, theme.color(Role::window)));
 }
 
-TEST_F(BindingRowTest, ABindingForOneApplicationHasAPurpleBadgeWithItsName) {
+TEST_F(BindingRowTest, BindingForOneApplicationHasAPurpleBadgeWithItsName) {
     show(test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", "Writer"}));
     const Theme& theme = Theme::shared();
     EXPECT_EQ(text("scopeBadge"), "Writer");
@@ -95,7 +95,7 @@ TEST_F(BindingRowTest, ReadsFromLeftToRight) {
     EXPECT_EQ(seen("delete").left(), seen("edit").right() + 1 + 12);
 }
 
-TEST_F(BindingRowTest, TheSymbolsHaveTheColoursOfWhatTheyMean) {
+TEST_F(BindingRowTest, SymbolsHaveTheColoursOfTheirMeaning) {
     show(test::bound(GestureType::drawCircle));
     const std::pair<const char*, Role> rows[] = {{"preview", Role::accent}, {"delete", Role::red}};
     for (const auto& [name, role] : rows) {
@@ -112,7 +112,7 @@ TEST_F(BindingRowTest, TheSymbolsHaveTheColoursOfWhatTheyMean) {
     }
 }
 
-TEST_F(BindingRowTest, TheNameStandsOutAndTheActionDoesNot) {
+TEST_F(BindingRowTest, NameIsProminentAndActionIsNot) {
     show(test::bound(GestureType::drawCircle));
     const Theme& theme = Theme::shared();
     EXPECT_EQ(part("gestureName").font(), theme.font(TextStyle::bodyMedium));
@@ -121,7 +121,7 @@ TEST_F(BindingRowTest, TheNameStandsOutAndTheActionDoesNot) {
     EXPECT_EQ(part("scopeBadge").font(), theme.font(TextStyle::caption));
 }
 
-TEST_F(BindingRowTest, TheCheckBoxSaysWhatItWasSetToAndWaitsForTheStore) {
+TEST_F(BindingRowTest, CheckBoxReportsTheClickAndWaitsForTheStore) {
     show(test::bound(GestureType::drawCircle));
     const auto& box = dynamic_cast<QCheckBox&>(part("enabled"));
     EXPECT_TRUE(box.isChecked());
@@ -138,16 +138,16 @@ TEST_F(BindingRowTest, TheCheckBoxSaysWhatItWasSetToAndWaitsForTheStore) {
     EXPECT_EQ(said, (std::vector<std::string>{"toggle off", "toggle on"}));
 }
 
-TEST_F(BindingRowTest, EditAndDeleteSaySoAtOnce) {
+TEST_F(BindingRowTest, EditAndDeleteCallBackAtOnce) {
     show(test::bound(GestureType::drawCircle));
     click("edit");
     click("delete");
     EXPECT_EQ(said, (std::vector<std::string>{"edit", "delete"}));
 }
 
-TEST_F(BindingRowTest, ADisabledBindingIsHalfAsStrongItsCheckBoxIncluded) {
+TEST_F(BindingRowTest, DisabledBindingIsDrawnAtHalfStrengthIncludingItsCheckBox) {
     show(test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", "Writer"}));
-    // Where each is strongest: in the badge's ground and in the middle of the box's tick.
+    // Samples the strongest pixels: the badge's background and the middle of the check mark.
     const QColor ground = Theme::shared().color(Role::window);
     const auto probes = [&] {
         return std::pair(pixel("scopeBadge", {5, part("scopeBadge").height() / 2}),
@@ -157,7 +157,7 @@ TEST_F(BindingRowTest, ADisabledBindingIsHalfAsStrongItsCheckBoxIncluded) {
     GestureBinding disabled = row->binding();
     disabled.enabled = false;
     row->setBinding(disabled);
-    // The box has lost its tick, and is to be held against itself.
+    // The box is unchecked now; check it again without a signal, to compare it with itself.
     const QSignalBlocker quiet(&part("enabled"));
     dynamic_cast<QCheckBox&>(part("enabled")).setChecked(true);
     const auto [dimmedBadge, dimmedBox] = probes();
@@ -167,7 +167,7 @@ TEST_F(BindingRowTest, ADisabledBindingIsHalfAsStrongItsCheckBoxIncluded) {
     EXPECT_TRUE(test::looksLike(dimmedBox, box, 0.5, ground));
 }
 
-TEST_F(BindingRowTest, ADisabledBindingStaysFullyUsable) {
+TEST_F(BindingRowTest, DisabledBindingStaysUsable) {
     GestureBinding disabled = test::bound(GestureType::drawCircle);
     disabled.enabled = false;
     show(disabled);
@@ -180,7 +180,7 @@ TEST_F(BindingRowTest, ADisabledBindingStaysFullyUsable) {
     EXPECT_TRUE(row->showsPreview());
 }
 
-TEST_F(BindingRowTest, TheSymbolOpensAndClosesTheDemonstration) {
+TEST_F(BindingRowTest, SymbolOpensAndClosesTheDemonstration) {
     show(test::bound(GestureType::threeFingerTap));
     EXPECT_EQ(part("preview").toolTip(), "Show gesture demo");
     click("preview");
@@ -201,7 +201,7 @@ TEST_F(BindingRowTest, TheSymbolOpensAndClosesTheDemonstration) {
     EXPECT_FALSE(row->showsPreview());
 }
 
-TEST_F(BindingRowTest, AClickElsewhereClosesTheDemonstration) {
+TEST_F(BindingRowTest, ClickOutsideClosesTheDemonstration) {
     show(test::bound(GestureType::threeFingerTap));
     click("preview");
     QTest::mouseClick(&window, Qt::LeftButton, {}, {595, 5});
@@ -210,7 +210,7 @@ TEST_F(BindingRowTest, AClickElsewhereClosesTheDemonstration) {
     EXPECT_TRUE(row->showsPreview());
 }
 
-TEST_F(BindingRowTest, TheDemonstrationsOfTwoRowsAreIndependent) {
+TEST_F(BindingRowTest, DemonstrationsOfTwoRowsAreIndependent) {
     show(test::bound(GestureType::threeFingerTap));
     BindingRow other(test::bound(GestureType::drawCircle), {}, Lang::shared(), &window);
     other.setGeometry(20, 200, 560, BindingRow::usualHeight());
@@ -224,7 +224,7 @@ TEST_F(BindingRowTest, TheDemonstrationsOfTwoRowsAreIndependent) {
     EXPECT_TRUE(other.showsPreview());
 }
 
-TEST_F(BindingRowTest, AnOpenDemonstrationFollowsTheLanguageAndTheBinding) {
+TEST_F(BindingRowTest, OpenDemonstrationFollowsTheLanguageAndTheBinding) {
     show(test::bound(GestureType::threeFingerTap));
     row->togglePreview();
     const auto* name = window.findChild<QLabel*>("previewName");
@@ -242,7 +242,7 @@ TEST_F(BindingRowTest, AnOpenDemonstrationFollowsTheLanguageAndTheBinding) {
     EXPECT_TRUE(row->showsPreview());
 }
 
-TEST_F(BindingRowTest, ARowThatGoesTakesItsDemonstrationAlong) {
+TEST_F(BindingRowTest, DestroyedRowClosesItsDemonstration) {
     show(test::bound(GestureType::threeFingerTap));
     row->togglePreview();
     row.reset();
@@ -250,7 +250,7 @@ TEST_F(BindingRowTest, ARowThatGoesTakesItsDemonstrationAlong) {
         test::waitFor([&] { return window.findChild<QWidget*>("gesturePreview") == nullptr; }));
 }
 
-TEST_F(BindingRowTest, LongNamesAreElidedAndPushNothingOut) {
+TEST_F(BindingRowTest, LongNamesAreElidedAndDisplaceNothing) {
     const std::string name(300, 'W');
     show(test::bound(GestureType::drawCircle, LaunchApp{"org.example", name},
                      AppScope{"org.example", name}));
@@ -259,7 +259,7 @@ TEST_F(BindingRowTest, LongNamesAreElidedAndPushNothingOut) {
     EXPECT_GT(part("gestureName").width(), 100);
 }
 
-TEST_F(BindingRowTest, EveryScriptIsAsHighAsAnother) {
+TEST_F(BindingRowTest, AllScriptsGiveTheSameHeight) {
     EXPECT_GE(BindingRow::usualHeight(),
               show(test::bound(GestureType::drawCircle)).minimumSizeHint().height());
     Lang::shared().setCode("zh");

@@ -24,7 +24,7 @@ protected:
     const BindingList all = test::manyBindings(6);
 };
 
-TEST_F(BindingSelectionTest, GoesWhereItsBindingGoes) {
+TEST_F(BindingSelectionTest, FollowsItsBinding) {
     struct Row {
         std::initializer_list<std::size_t> after;
         Place selected;
@@ -32,10 +32,10 @@ TEST_F(BindingSelectionTest, GoesWhereItsBindingGoes) {
     };
     const Row rows[] = {
         {{0, 1, 2, 3, 4, 5}, 3, 3},
-        {{1, 2, 3, 4, 5}, 3, 2},    // one before it has gone
-        {{0, 1, 2, 4, 5}, 3, 3},    // itself: the next
-        {{0, 1, 2, 3, 4}, 5, 4},    // itself, the last: the one before
-        {{0, 1, 2}, 4, 2},          // all from it on
+        {{1, 2, 3, 4, 5}, 3, 2},    // an earlier one was deleted
+        {{0, 1, 2, 4, 5}, 3, 3},    // itself was deleted: its successor
+        {{0, 1, 2, 3, 4}, 5, 4},    // the last one, itself, was deleted: its predecessor
+        {{0, 1, 2}, 4, 2},          // all from it on were deleted
         {{5}, 2, 0},                // only a later one is left
         {{3, 0, 1, 2, 4, 5}, 3, 0}, // moved
         {{}, 3, std::nullopt},
@@ -46,7 +46,7 @@ TEST_F(BindingSelectionTest, GoesWhereItsBindingGoes) {
     }
 }
 
-TEST_F(BindingSelectionTest, OfTwinsTheNearestIsTheOne) {
+TEST_F(BindingSelectionTest, ClosestOfTwinsIsFound) {
     const BindingList twins = listOf({0, 1, 2, 1, 4});
     EXPECT_EQ(nearestWith(all[1].id, twins, 0), 1);
     EXPECT_EQ(nearestWith(all[1].id, twins, 3), 3);
@@ -55,7 +55,7 @@ TEST_F(BindingSelectionTest, OfTwinsTheNearestIsTheOne) {
     EXPECT_EQ(nearestWith(all[5].id, {}, 0), std::nullopt);
 }
 
-TEST_F(BindingSelectionTest, OneMoreAtTheEndIsGrowth) {
+TEST_F(BindingSelectionTest, AppendedBindingIsGrowth) {
     EXPECT_TRUE(hasGrownByOne(listOf({0, 1}), listOf({0, 1, 2})));
     EXPECT_TRUE(hasGrownByOne({}, listOf({0})));
     EXPECT_FALSE(hasGrownByOne(listOf({0, 1}), listOf({0, 1})));
@@ -63,12 +63,12 @@ TEST_F(BindingSelectionTest, OneMoreAtTheEndIsGrowth) {
     EXPECT_FALSE(hasGrownByOne(listOf({0}), listOf({0, 1, 2})));
 }
 
-TEST_F(BindingSelectionTest, EachKeyThatMovesKeepsItWithinTheList) {
+TEST_F(BindingSelectionTest, MovementKeysKeepItWithinTheList) {
     struct Row {
         const char* what;
         int key;
         Place from;
-        Place to; // of ten, four to a page
+        Place to; // of ten bindings, four per page
     };
     const Row rows[] = {
         {"up", Qt::Key_Up, 5, 4},

@@ -25,7 +25,7 @@ protected:
         QTest::mouseClick(&button(notice), Qt::LeftButton);
     }
 
-    // The ground near the notice's corner, which no text reaches.
+    // Samples the background near the notice's corner, away from its text.
     bool isTinted(const char* notice, Role role, double opacity) const {
         const Theme& theme = Theme::shared();
         return test::looksLike(stage.pixel(*stage.find(notice), {3, 3}), theme.tint(role, 1),
@@ -35,7 +35,7 @@ protected:
     mutable test::SettingsStage stage;
 };
 
-TEST_F(NoticesTest, ThereAreNoneWhileAllIsWell) {
+TEST_F(NoticesTest, NoNoticeIsShownWithoutAProblem) {
     stage.open();
     for (const char* name : {"updateNotice", "permissionNotice", "deviceError", "loginItemError",
                              "desktopHelperNotice"}) {
@@ -43,7 +43,7 @@ TEST_F(NoticesTest, ThereAreNoneWhileAllIsWell) {
     }
 }
 
-TEST_F(NoticesTest, StandInTheirOrderBetweenTheHeaderAndTheList) {
+TEST_F(NoticesTest, NoticesAreOrderedBetweenTheHeaderAndTheList) {
     findNoDriver();
     stage.trust->trusted = false;
     stage.loginItems->refusal = "refused";
@@ -61,7 +61,7 @@ TEST_F(NoticesTest, StandInTheirOrderBetweenTheHeaderAndTheList) {
     }
 }
 
-TEST_F(NoticesTest, ANewerVersionIsOfferedInBothLanguages) {
+TEST_F(NoticesTest, NewerVersionIsOfferedInBothLanguages) {
     stage.open();
     stage.publish("2.0.1");
     EXPECT_EQ(stage.noticeText("updateNotice"), "Version 2.0.1 is available (you have 1.0.0).");
@@ -71,7 +71,7 @@ TEST_F(NoticesTest, ANewerVersionIsOfferedInBothLanguages) {
     EXPECT_EQ(button("updateNotice").text(), "前往官网下载");
 }
 
-TEST_F(NoticesTest, TheSameVersionIsNoNews) {
+TEST_F(NoticesTest, RunningVersionIsNotOffered) {
     stage.open();
     stage.publish("1.0.0");
     EXPECT_FALSE(stage.isShown("updateNotice"));
@@ -85,13 +85,13 @@ TEST_F(NoticesTest, DownloadOpensTheWebsite) {
     EXPECT_EQ(stage.workspace->opened, (Opened{"url https://glidemap.test/"}));
 }
 
-TEST_F(NoticesTest, TheUpdateIsTintedBlueAndThePermissionOrange) {
+TEST_F(NoticesTest, UpdateIsTintedBlueAndPermissionOrange) {
     stage.trust->trusted = false;
     stage.open();
     stage.publish("2.0.0");
     for (const auto scheme : {ColorScheme::light, ColorScheme::dark}) {
         Theme::shared().pin(scheme);
-        // Palettes reach the widgets with the next events.
+        // Palettes reach the widgets through the event loop.
         EXPECT_TRUE(test::waitFor([&] { return isTinted("updateNotice", Role::blue, 0.1); }));
         EXPECT_TRUE(
             test::waitFor([&] { return isTinted("permissionNotice", Role::orange, 0.12); }));
@@ -99,7 +99,7 @@ TEST_F(NoticesTest, TheUpdateIsTintedBlueAndThePermissionOrange) {
     Theme::shared().pin(ColorScheme::light);
 }
 
-TEST_F(NoticesTest, AMissingPermissionIsToldInBothLanguages) {
+TEST_F(NoticesTest, MissingPermissionIsReportedInBothLanguages) {
     stage.trust->trusted = false;
     stage.open();
     EXPECT_EQ(stage.noticeText("permissionNotice"),
@@ -110,23 +110,23 @@ TEST_F(NoticesTest, AMissingPermissionIsToldInBothLanguages) {
     EXPECT_EQ(button("permissionNotice").text(), "打开系统设置");
 }
 
-TEST_F(NoticesTest, TheSystemsSettingsAreOpenedAtThePermission) {
+TEST_F(NoticesTest, ButtonOpensTheSystemSettingsAtThePermission) {
     stage.trust->trusted = false;
     stage.open();
     clickButton("permissionNotice");
     EXPECT_EQ(stage.workspace->opened, (Opened{"accessibility settings"}));
 }
 
-TEST_F(NoticesTest, APermissionThatHasBeenGivenIsSeenWithTheNextChange) {
+TEST_F(NoticesTest, GrantedPermissionIsNoticedWithTheNextChange) {
     stage.trust->trusted = false;
     stage.open();
     stage.trust->trusted = true;
-    EXPECT_TRUE(stage.isShown("permissionNotice")); // nothing tells
+    EXPECT_TRUE(stage.isShown("permissionNotice")); // no notification yet
     stage.recognise(GestureType::drawCircle);
     EXPECT_FALSE(stage.isShown("permissionNotice"));
 }
 
-TEST_F(NoticesTest, APermissionThatHasBeenGivenIsSeenWhenTheWindowComesForward) {
+TEST_F(NoticesTest, GrantedPermissionIsNoticedWhenTheWindowIsActivated) {
     stage.trust->trusted = false;
     stage.open();
     QWidget other;
@@ -139,7 +139,7 @@ TEST_F(NoticesTest, APermissionThatHasBeenGivenIsSeenWhenTheWindowComesForward) 
     EXPECT_FALSE(stage.isShown("permissionNotice"));
 }
 
-TEST_F(NoticesTest, APermissionThatHasBeenTakenAwayIsSeenWhenTheWindowIsShownAgain) {
+TEST_F(NoticesTest, RevokedPermissionIsNoticedWhenTheWindowIsShownAgain) {
     stage.open();
     stage.window().close();
     stage.trust->trusted = false;
@@ -147,7 +147,7 @@ TEST_F(NoticesTest, APermissionThatHasBeenTakenAwayIsSeenWhenTheWindowIsShownAga
     EXPECT_TRUE(stage.isShown("permissionNotice"));
 }
 
-TEST_F(NoticesTest, ThePermissionIsNotAskedForWhileNobodyLooks) {
+TEST_F(NoticesTest, PermissionIsNotQueriedWhileTheWindowIsHidden) {
     stage.open();
     stage.window().close();
     const int before = stage.trust->timesAsked;
@@ -155,7 +155,7 @@ TEST_F(NoticesTest, ThePermissionIsNotAskedForWhileNobodyLooks) {
     EXPECT_EQ(stage.trust->timesAsked, before);
 }
 
-TEST_F(NoticesTest, ADeviceErrorIsRedAndTheSameInBothLanguages) {
+TEST_F(NoticesTest, DeviceErrorIsRedAndTheSameInBothLanguages) {
     findNoDriver();
     stage.open();
     const QString expected = QString::fromStdString("⚠️ " + stage.devices->loadError().value());
@@ -168,7 +168,7 @@ TEST_F(NoticesTest, ADeviceErrorIsRedAndTheSameInBothLanguages) {
     EXPECT_EQ(stage.find<Notice>("deviceError")->button(), nullptr);
 }
 
-TEST_F(NoticesTest, ALoginItemErrorIsOrangeAndGoesWithTheNextSuccess) {
+TEST_F(NoticesTest, LoginItemErrorIsOrangeAndDisappearsWithTheNextSuccess) {
     stage.loginItems->refusal = "Permission denied";
     stage.open();
     stage.click("launchAtLogin");
@@ -181,7 +181,7 @@ TEST_F(NoticesTest, ALoginItemErrorIsOrangeAndGoesWithTheNextSuccess) {
     EXPECT_FALSE(stage.isShown("loginItemError"));
 }
 
-TEST_F(NoticesTest, ALoginItemErrorStaysInTheLanguageOfItsAttempt) {
+TEST_F(NoticesTest, LoginItemErrorKeepsTheLanguageOfItsAttempt) {
     stage.loginItems->refusal = "Permission denied";
     stage.open();
     stage.click("launchAtLogin");
@@ -193,7 +193,7 @@ TEST_F(NoticesTest, ALoginItemErrorStaysInTheLanguageOfItsAttempt) {
               "⚠️ 设置开机自启动失败：Permission denied");
 }
 
-TEST_F(NoticesTest, AMissingHelperCanBeInstalled) {
+TEST_F(NoticesTest, MissingHelperCanBeInstalled) {
     using State = DesktopHelper::State;
     stage.open();
     stage.helper->become(State::missing);
@@ -213,7 +213,7 @@ TEST_F(NoticesTest, AMissingHelperCanBeInstalled) {
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));
 }
 
-TEST_F(NoticesTest, AHelperThatCouldNotBeInstalledSaysWhyAndCanBeTriedAgain) {
+TEST_F(NoticesTest, FailedInstallationShowsTheErrorAndCanBeRetried) {
     stage.open();
     stage.helper->error = "no space left";
     stage.helper->become(DesktopHelper::State::failed);
@@ -222,7 +222,7 @@ TEST_F(NoticesTest, AHelperThatCouldNotBeInstalledSaysWhyAndCanBeTriedAgain) {
     EXPECT_TRUE(button("desktopHelperNotice").isVisible());
 }
 
-TEST_F(NoticesTest, TheHelperIsSpokenOfInChineseToo) {
+TEST_F(NoticesTest, HelperTextsExistInChinese) {
     using State = DesktopHelper::State;
     Lang::shared().setCode("zh");
     stage.helper->error = "no space left";
@@ -241,7 +241,7 @@ TEST_F(NoticesTest, TheHelperIsSpokenOfInChineseToo) {
     }
 }
 
-TEST(NoticesTexts, AnUnknownRunningVersionIsAQuestionMark) {
+TEST(NoticesTexts, UnknownRunningVersionIsAQuestionMark) {
     Notices notices;
     Notices::Content content;
     content.latestVersion = "2.0.0";
@@ -250,7 +250,7 @@ TEST(NoticesTexts, AnUnknownRunningVersionIsAQuestionMark) {
               "Version 2.0.0 is available (you have ?).");
 }
 
-TEST_F(NoticesTest, TheSystemAddsWhatIsMissingInASecondLineThatCanBeCopied) {
+TEST_F(NoticesTest, SystemNotesAreASelectableSecondLine) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->missing = "Missing here: access to the touchpad.";
     stage.notes->button = "Asks for a password";
@@ -267,8 +267,8 @@ TEST_F(NoticesTest, TheSystemAddsWhatIsMissingInASecondLineThatCanBeCopied) {
     EXPECT_TRUE(labels.back()->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
 }
 
-// Such as where nothing on the desktop asks for passwords.
-TEST_F(NoticesTest, AFailureThatComesLaterShowsInTheNotice) {
+// For example, on a desktop without a password dialog.
+TEST_F(NoticesTest, LateFailureAppearsInTheNotice) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.trust->trusted = false;
     stage.open();
@@ -279,7 +279,7 @@ TEST_F(NoticesTest, AFailureThatComesLaterShowsInTheNotice) {
     EXPECT_EQ(notice.secondLine(), "In a terminal, run: sudo grant");
 }
 
-TEST_F(NoticesTest, WhereTheSystemAddsNothingThereIsNoSecondLine) {
+TEST_F(NoticesTest, EmptySystemNotesShowNoSecondLine) {
     stage.trust->trusted = false;
     stage.open();
     EXPECT_EQ(stage.find<Notice>("permissionNotice")->secondLine(), "");

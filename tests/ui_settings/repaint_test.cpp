@@ -1,4 +1,4 @@
-// What the window does while nothing changes, in each state that it can stand open in.
+// Repaints of the idle window, in each of its states.
 #include "kit/qt_waiting.h"
 #include "kit/repaint_count.h"
 #include "ui/theme/theme.h"
@@ -15,14 +15,14 @@ class RepaintTest : public testing::Test {
 protected:
     RepaintTest() {
         QApplication::setCursorFlashTime(0);
-        Theme::shared().pinReducedMotion(true); // demonstrations stand still
+        Theme::shared().pinReducedMotion(true); // stops the demonstrations
     }
     ~RepaintTest() override {
         QApplication::setCursorFlashTime(cursorFlashTime);
         Theme::shared().pinReducedMotion(std::nullopt);
     }
 
-    // Without its slide, since motion is reduced.
+    // Opens without a slide, since motion is reduced.
     void openListOfGestures() const {
         stage.click("addBinding");
         stage.click("gesturePicker");
@@ -40,52 +40,52 @@ protected:
     mutable test::SettingsStage stage{defaultBindings()};
 };
 
-TEST_F(RepaintTest, TheListRests) {
+TEST_F(RepaintTest, ListDoesNotRepaint) {
     stage.open();
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, TheEmptyStateRests) {
+TEST_F(RepaintTest, EmptyStateDoesNotRepaint) {
     stage.store->setBindings({});
     stage.open();
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, TheNoticesRest) {
+TEST_F(RepaintTest, NoticesDoNotRepaint) {
     stage.trust->trusted = false;
     stage.open();
     stage.publish("99.0");
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, TheOfferToUndoRests) {
+TEST_F(RepaintTest, UndoBarDoesNotRepaint) {
     stage.open();
     stage.clickInRow(0, "delete");
     ASSERT_TRUE(stage.isShown("undoBar"));
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, AnOpenPreviewRests) {
+TEST_F(RepaintTest, OpenPreviewDoesNotRepaint) {
     stage.open();
     stage.clickInRow(0, "preview");
     ASSERT_TRUE(stage.row(0)->showsPreview());
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, TheEditorRests) {
+TEST_F(RepaintTest, EditorDoesNotRepaint) {
     stage.open();
     stage.click("addBinding");
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, TheListOfGesturesRests) {
+TEST_F(RepaintTest, ListOfGesturesDoesNotRepaint) {
     stage.open();
     openListOfGestures();
     expectNothingAtRest();
 }
 
-// It moves in its own place, and what lies around it is not painted for that.
-TEST_F(RepaintTest, ADemonstrationThatPlaysPaintsNoOtherControl) {
+// The demonstration repaints only its own area.
+TEST_F(RepaintTest, RunningDemonstrationRepaintsNoOtherControl) {
     Theme::shared().pinReducedMotion(false);
     stage.open();
     stage.clickInRow(0, "preview");
@@ -97,7 +97,7 @@ TEST_F(RepaintTest, ADemonstrationThatPlaysPaintsNoOtherControl) {
     EXPECT_EQ(count.paints.count("bindingRow"), 0U);
 }
 
-TEST_F(RepaintTest, ADemonstrationBeneathTheListOfGesturesStandsStill) {
+TEST_F(RepaintTest, DemonstrationBehindTheListOfGesturesStops) {
     stage.open();
     openListOfGestures();
     Theme::shared().pinReducedMotion(false);

@@ -18,7 +18,7 @@ namespace {
 
 class SettingsHeaderTest : public testing::Test {
 protected:
-    // In the header, of what can be seen.
+    // The position of the visible shape of a control in the header.
     int leftOf(const char* name) const { return test::seenRect(*stage.find(name)).left(); }
     int rightOf(const char* name) const { return test::seenRect(*stage.find(name)).right() + 1; }
     SettingsHeader& header() const {
@@ -44,7 +44,7 @@ constexpr Text texts[] = {
     {"addBinding", "Add Binding", "添加绑定"},
 };
 
-TEST_F(SettingsHeaderTest, SpeaksEnglish) {
+TEST_F(SettingsHeaderTest, ShowsEnglishTexts) {
     stage.open();
     for (const Text& text : texts) {
         EXPECT_EQ(stage.text(text.name), text.english);
@@ -53,7 +53,7 @@ TEST_F(SettingsHeaderTest, SpeaksEnglish) {
               "Start Glidemap automatically when you log in to macOS");
 }
 
-TEST_F(SettingsHeaderTest, SpeaksChinese) {
+TEST_F(SettingsHeaderTest, ShowsChineseTexts) {
     Lang::shared().setCode("zh");
     stage.open();
     for (const Text& text : texts) {
@@ -62,7 +62,7 @@ TEST_F(SettingsHeaderTest, SpeaksChinese) {
     EXPECT_EQ(stage.find("launchAtLogin")->toolTip(), "登录 macOS 时自动启动 Glidemap");
 }
 
-TEST_F(SettingsHeaderTest, TheLanguagesAreCalledTheSameInBoth) {
+TEST_F(SettingsHeaderTest, LanguageNamesAreTheSameInBothLanguages) {
     stage.open();
     for (const char* code : {"en", "zh"}) {
         Lang::shared().setCode(code);
@@ -74,7 +74,7 @@ TEST_F(SettingsHeaderTest, TheLanguagesAreCalledTheSameInBoth) {
     }
 }
 
-TEST_F(SettingsHeaderTest, ChoosingALanguageSwitchesAtOnce) {
+TEST_F(SettingsHeaderTest, ChoiceOfALanguageAppliesAtOnce) {
     stage.open();
     stage.choose("zh");
     EXPECT_EQ(Lang::shared().code(), "zh");
@@ -84,7 +84,7 @@ TEST_F(SettingsHeaderTest, ChoosingALanguageSwitchesAtOnce) {
     EXPECT_EQ(stage.text("title"), "Trackpad Gesture Bindings");
 }
 
-TEST_F(SettingsHeaderTest, AnUnknownLanguageIsEnglishAndNoneOfTheTwo) {
+TEST_F(SettingsHeaderTest, UnknownLanguageIsEnglishWithoutAChoice) {
     Lang::shared().setCode("fr");
     stage.open();
     EXPECT_EQ(stage.text("title"), "Trackpad Gesture Bindings");
@@ -92,7 +92,7 @@ TEST_F(SettingsHeaderTest, AnUnknownLanguageIsEnglishAndNoneOfTheTwo) {
     EXPECT_EQ(Lang::shared().code(), "fr");
 }
 
-TEST_F(SettingsHeaderTest, TheSwitchIsTheMasterSwitch) {
+TEST_F(SettingsHeaderTest, SwitchIsTheMasterSwitch) {
     stage.open();
     const auto* enabled = stage.find<QCheckBox>("enabled");
     EXPECT_TRUE(enabled->isChecked());
@@ -103,7 +103,7 @@ TEST_F(SettingsHeaderTest, TheSwitchIsTheMasterSwitch) {
     EXPECT_TRUE(enabled->isChecked());
 }
 
-TEST_F(SettingsHeaderTest, LaunchAtLoginShowsWhatTheSystemDid) {
+TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemsState) {
     stage.loginItems->wouldBe = LoginItemService::Status::requiresApproval;
     stage.open();
     const auto* launch = stage.find<QCheckBox>("launchAtLogin");
@@ -118,13 +118,13 @@ TEST_F(SettingsHeaderTest, LaunchAtLoginShowsWhatTheSystemDid) {
               (std::vector<std::string>{"register", "register", "unregister"}));
 }
 
-TEST_F(SettingsHeaderTest, AnItemOfAnEarlierRunShowsAsOn) {
+TEST_F(SettingsHeaderTest, ItemOfAnEarlierRunShowsAsOn) {
     stage.loginItems->current = LoginItemService::Status::enabled;
     stage.open();
     EXPECT_TRUE(stage.find<QCheckBox>("launchAtLogin")->isChecked());
 }
 
-TEST_F(SettingsHeaderTest, StandsInOneLineWhereThereIsRoom) {
+TEST_F(SettingsHeaderTest, HasOneLineIfThereIsRoom) {
     stage.open({1000, 640});
     EXPECT_FALSE(header().isFolded());
     const char* const order[] = {"title",    "launchAtLogin", "languageLabel",
@@ -135,7 +135,7 @@ TEST_F(SettingsHeaderTest, StandsInOneLineWhereThereIsRoom) {
     EXPECT_EQ(rightOf("addBinding"), 1000 - 12);
 }
 
-TEST_F(SettingsHeaderTest, FoldsWithItsControlsInTheSameOrderWhereThereIsNone) {
+TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
     stage.open({680, 480});
     ASSERT_TRUE(header().isFolded());
     const char* const order[] = {"launchAtLogin", "languageLabel", "language", "enabled",
@@ -148,8 +148,8 @@ TEST_F(SettingsHeaderTest, FoldsWithItsControlsInTheSameOrderWhereThereIsNone) {
     EXPECT_FALSE(header().isFolded());
 }
 
-// Whichever language the header was made in.
-TEST_F(SettingsHeaderTest, ChoosingALanguageLeavesTheArrangementAsItIsAtEveryWidth) {
+// Independent of the language in which the header was created.
+TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
     for (const char* const first : {"en", "zh"}) {
         Lang::shared().setCode(first);
         stage.open();
@@ -163,7 +163,7 @@ TEST_F(SettingsHeaderTest, ChoosingALanguageLeavesTheArrangementAsItIsAtEveryWid
     }
 }
 
-TEST_F(SettingsHeaderTest, TheWheelChoosesNoLanguage) {
+TEST_F(SettingsHeaderTest, WheelDoesNotChangeTheLanguage) {
     stage.open();
     auto& picker = *stage.find("language");
     const QPointF at = picker.rect().center();
@@ -176,8 +176,8 @@ TEST_F(SettingsHeaderTest, TheWheelChoosesNoLanguage) {
     EXPECT_EQ(Lang::shared().code(), "en");
 }
 
-// With the mark before the one that is chosen.
-TEST_F(SettingsHeaderTest, TheOpenListIsAsWideAsItsLongestEntry) {
+// Including the check mark of the current entry.
+TEST_F(SettingsHeaderTest, OpenListIsAsWideAsItsWidestEntry) {
     for (const char* const code : {"en", "zh"}) {
         Lang::shared().setCode(code);
         stage.open();
@@ -193,7 +193,7 @@ TEST_F(SettingsHeaderTest, TheOpenListIsAsWideAsItsLongestEntry) {
     }
 }
 
-TEST_F(SettingsHeaderTest, BothLanguagesNamesFitIntoTheirPicker) {
+TEST_F(SettingsHeaderTest, BothLanguageNamesFitIntoTheirPicker) {
     stage.open();
     const auto& picker = *stage.find<QComboBox>("language");
     QStyleOptionComboBox option;
@@ -207,7 +207,7 @@ TEST_F(SettingsHeaderTest, BothLanguagesNamesFitIntoTheirPicker) {
     }
 }
 
-TEST_F(SettingsHeaderTest, IsPaddedByTwelvePointsWithFourteenBetween) {
+TEST_F(SettingsHeaderTest, HasTwelvePointsOfPaddingAndFourteenOfSpacing) {
     stage.open({1000, 640});
     EXPECT_EQ(leftOf("title"), 12);
     const auto gap = [&](const char* left, const char* right) {
@@ -219,7 +219,7 @@ TEST_F(SettingsHeaderTest, IsPaddedByTwelvePointsWithFourteenBetween) {
     EXPECT_EQ(stage.find("subtitle")->y() - stage.find("title")->geometry().bottom() - 1, 2);
 }
 
-TEST_F(SettingsHeaderTest, TheTitleIsLargeAndTheSubtitleSmallAndPale) {
+TEST_F(SettingsHeaderTest, TitleIsLargeAndSubtitleIsSmallAndPale) {
     stage.open();
     const Theme& theme = Theme::shared();
     const QWidget& title = *stage.find("title");
@@ -230,7 +230,7 @@ TEST_F(SettingsHeaderTest, TheTitleIsLargeAndTheSubtitleSmallAndPale) {
     EXPECT_EQ(subtitle.palette().color(QPalette::WindowText), theme.color(Role::secondary));
 }
 
-TEST_F(SettingsHeaderTest, TheSystemAddsALineToTheHelpOfLaunchingAtLogin) {
+TEST_F(SettingsHeaderTest, SystemNotesAddALineToTheTooltipOfLaunchAtLogin) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->login = "Here: at your login";
     stage.open();

@@ -1,6 +1,6 @@
-// The settings window over doubles of everything that it shows and changes.
+// The settings window with fake services.
 //
-// Thread:  the test's main thread, which has a QApplication.
+// Thread:  the test's main thread, with a QApplication.
 // Owner:   a test.
 #pragma once
 
@@ -35,7 +35,7 @@ public:
     int timesAsked = 0;
 };
 
-// A register that does what the test says, and keeps what it was asked.
+// A fake service that returns preset results and records its calls.
 class FakeLoginItems : public LoginItemService {
 public:
     Status status() const override { return current; }
@@ -45,7 +45,7 @@ public:
     }
 
     Status current = Status::notRegistered;
-    Status wouldBe = Status::enabled; // after registering
+    Status wouldBe = Status::enabled; // after registration
     std::optional<std::string> refusal;
     std::vector<std::string> attempts;
 
@@ -83,7 +83,7 @@ private:
     Observable observers;
 };
 
-// Says what the test says.
+// Returns the notes that a test sets.
 class FakeNotes : public SystemNotes {
 public:
     std::string missingAccess(const Lang& /*lang*/) const override { return missing; }
@@ -113,21 +113,21 @@ public:
 
 class SettingsStage {
 public:
-    // In memory, unless given another store.
+    // With a store in memory, unless a store is given.
     explicit SettingsStage(BindingList bindings = {});
     explicit SettingsStage(std::shared_ptr<BindingStore> kept);
     ~SettingsStage();
 
-    // As the program makes it, not shown yet.
+    // Creates the window as the program does, without showing it.
     SettingsWindow& make();
-    // And shown, at its usual size or another.
+    // Creates and shows it, at its default size or another.
     SettingsWindow& open();
     SettingsWindow& open(QSize size);
     void close();
 
     SettingsWindow& window() { return *opened; }
 
-    // The one with this name in the window, or a failure of the test.
+    // The widget with this name in the window; fails the test if it does not exist.
     QWidget* find(const char* name) const;
     template <typename Widget>
     Widget* find(const char* name) const {
@@ -139,20 +139,20 @@ public:
     void click(const char* button) const;
     void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
-    // In the list's order; null where it has none at that place now.
+    // The row at this index in the list; null if it does not exist now.
     BindingRow* row(std::size_t index) const;
     std::size_t rowCount() const;
 
-    // As the engine would say it, with this application in front.
+    // Reports a gesture like the engine, with this frontmost application.
     void recognise(GestureType gesture, std::optional<std::string> application = std::nullopt);
-    // As the update host would answer.
+    // Responds like the update host.
     void publish(const std::string& version);
-    // The language with this code, in the picker.
+    // Chooses the language with this code in the picker.
     void choose(const char* code) const;
 
     QString rowText(std::size_t index, const char* label) const;
     void clickInRow(std::size_t index, const char* control) const;
-    // As it is seen in the window.
+    // A pixel as shown in the window.
     QColor pixel(const QWidget& of, QPoint at) const;
 
     std::shared_ptr<kit::RecordingUserDefaults> defaults =
@@ -163,9 +163,9 @@ public:
     std::shared_ptr<FakeTrust> trust = std::make_shared<FakeTrust>();
     std::shared_ptr<FakeLoginItems> loginItems = std::make_shared<FakeLoginItems>();
     std::shared_ptr<FakeDesktopHelper> helper = std::make_shared<FakeDesktopHelper>();
-    std::shared_ptr<FakeNotes> notes; // null unless a test makes them
+    std::shared_ptr<FakeNotes> notes; // null unless a test creates them
     std::shared_ptr<FakeGeometryStore> geometry = std::make_shared<FakeGeometryStore>();
-    std::unique_ptr<MultitouchDeviceManager> devices; // made by the tests that want an error
+    std::unique_ptr<MultitouchDeviceManager> devices; // created by tests that need an error
     std::optional<std::string> runningVersion = "1.0.0";
 
     std::shared_ptr<BindingStore> store;
@@ -183,16 +183,16 @@ private:
 GestureBinding bound(GestureType gesture, BindingAction action = LockScreen{},
                      BindingScope scope = GlobalScope{});
 
-// So many, no two alike.
+// This number of different bindings.
 BindingList manyBindings(std::size_t count);
 
-// Whether all of the text fits into the label as it is laid out now.
+// Whether the full text fits into the label in its current layout.
 bool fits(const QLabel& label);
 
-// Where it is seen: a control may reach beyond, for the ring of the focus.
+// The visible shape without the margin for the focus ring.
 QRect seenRect(const QWidget& widget);
 
-// How far the opacity of a colour shows over a ground, within rounding.
+// Whether `seen` is `tint` at this opacity over `ground`, within rounding.
 bool looksLike(const QColor& seen, const QColor& tint, double opacity, const QColor& ground);
 
 } // namespace glidemap::test

@@ -61,7 +61,7 @@ TEST_F(SettingsViewTest, StartsWithTheEditorClosed) {
     EXPECT_EQ(view.editedBinding(), std::nullopt);
 }
 
-TEST_F(SettingsViewTest, AddBindingOpensTheEditorForANewOne) {
+TEST_F(SettingsViewTest, AddBindingOpensTheEditorForANewBinding) {
     const SettingsView& view = open();
     stage.click("addBinding");
     EXPECT_TRUE(view.showsEditor());
@@ -84,7 +84,7 @@ TEST_F(SettingsViewTest, CommandNAddsABindingInBothLanguages) {
     }
 }
 
-TEST_F(SettingsViewTest, AnEditorThatIsOpenIsNotOpenedAgain) {
+TEST_F(SettingsViewTest, OpenEditorIsNotOpenedAgain) {
     SettingsView& view = open();
     stage.clickInRow(1, "edit");
     view.addBinding();
@@ -98,11 +98,11 @@ TEST_F(SettingsViewTest, EditOpensTheEditorForTheRowsBinding) {
     EXPECT_TRUE(view.showsEditor());
     EXPECT_EQ(view.editedBinding(), stored()[1]);
     closeEditor();
-    stage.click("addBinding"); // forgets which it was
+    stage.click("addBinding"); // resets the edited binding
     EXPECT_EQ(view.editedBinding(), std::nullopt);
 }
 
-TEST_F(SettingsViewTest, AToggleIsStored) {
+TEST_F(SettingsViewTest, ToggleIsStored) {
     open();
     const BindingList before = stored();
     stage.clickInRow(1, "enabled");
@@ -113,14 +113,14 @@ TEST_F(SettingsViewTest, AToggleIsStored) {
     EXPECT_EQ(stored(), before);
 }
 
-TEST_F(SettingsViewTest, ADeletionIsStoredAtOnce) {
+TEST_F(SettingsViewTest, DeletionIsStoredAtOnce) {
     open();
     const BindingList before = stored();
     stage.clickInRow(1, "delete");
     EXPECT_EQ(stored(), (BindingList{before[0], before[2]}));
 }
 
-TEST_F(SettingsViewTest, WhatIsChangedIsThereAtTheNextLaunch) {
+TEST_F(SettingsViewTest, ChangesArePresentAtTheNextLaunch) {
     const test::TemporaryFolder folder;
     const auto support = [&] {
         return folder.path();
@@ -135,7 +135,7 @@ TEST_F(SettingsViewTest, WhatIsChangedIsThereAtTheNextLaunch) {
     EXPECT_FALSE(next.bindings()->front().enabled);
 }
 
-TEST_F(SettingsViewTest, ABindingThatIsDeletedWhileItIsEditedIsAddedAgainBySaving) {
+TEST_F(SettingsViewTest, BindingDeletedDuringItsEditIsAppendedOnSave) {
     const SettingsView& view = open();
     stage.clickInRow(1, "edit");
     const GestureBinding edited = view.editedBinding().value();
@@ -153,8 +153,8 @@ TEST_F(SettingsViewTest, ABindingThatIsDeletedWhileItIsEditedIsAddedAgainBySavin
     EXPECT_FALSE(view.showsEditor());
 }
 
-// As when the program is ended while somebody uses it.
-TEST_F(SettingsViewTest, AWindowThatGoesTakesItsEditorAlongWithAListThatIsOpenInIt) {
+// As when the program quits while the user edits a binding.
+TEST_F(SettingsViewTest, DestroyedWindowTakesItsEditorAndOpenListAlong) {
     open();
     stage.clickInRow(0, "edit");
     const QPointer<QWidget> left = editor();
@@ -165,7 +165,7 @@ TEST_F(SettingsViewTest, AWindowThatGoesTakesItsEditorAlongWithAListThatIsOpenIn
     EXPECT_EQ(left, nullptr);
 }
 
-TEST_F(SettingsViewTest, ALanguageThatIsChosenRedrawsRowsAndAnOpenEditorAtOnce) {
+TEST_F(SettingsViewTest, LanguageChangeUpdatesRowsAndAnOpenEditorAtOnce) {
     open();
     stage.clickInRow(0, "edit");
     const auto* title = editor()->findChild<QLabel*>("editorTitle");
@@ -180,7 +180,7 @@ TEST_F(SettingsViewTest, ALanguageThatIsChosenRedrawsRowsAndAnOpenEditorAtOnce) 
     EXPECT_EQ(stage.text("footerGesture"), "在触控板上试试画一个圆…");
 }
 
-TEST_F(SettingsViewTest, WhatChangesWhileTheWindowIsClosedIsShownWhenItOpens) {
+TEST_F(SettingsViewTest, HiddenWindowShowsChangesWhenItOpens) {
     open();
     stage.window().close();
     Lang::shared().setCode("zh");
@@ -199,7 +199,7 @@ TEST_F(SettingsViewTest, WorksWithoutADesktopHelper) {
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));
 }
 
-TEST_F(SettingsViewTest, StandsInItsOrderFromTopToBottom) {
+TEST_F(SettingsViewTest, HasItsOrderFromTopToBottom) {
     open();
     int y = -1;
     for (const char* name : {"title", "bindingList", "footer"}) {
@@ -209,8 +209,8 @@ TEST_F(SettingsViewTest, StandsInItsOrderFromTopToBottom) {
     }
 }
 
-// Everything that must be read whole is, however narrow the window and whatever the language.
-TEST_F(SettingsViewTest, NothingIsCutInTheSmallestWindow) {
+// Texts that must not be elided fit at the minimum window size, in both languages.
+TEST_F(SettingsViewTest, NothingIsClippedInTheSmallestWindow) {
     stage.trust->trusted = false;
     stage.loginItems->refusal = "Permission denied";
     stage.helper->now = DesktopHelper::State::missing;

@@ -13,7 +13,7 @@ namespace {
 class SettingsWindowTest : public testing::Test {
 protected:
     SettingsWindow& open() { return stage.open(); }
-    // A window as it is made, before a test gives it a size.
+    // The geometry of a new window for stored geometry, before a test resizes it.
     QRect placeGiven(const WindowGeometry& remembered) {
         stage.geometry->kept = remembered;
         const SettingsWindow& window = stage.make();
@@ -24,7 +24,7 @@ protected:
     test::SettingsStage stage;
 };
 
-TEST_F(SettingsWindowTest, IsCalledGlidemapAndStartsCentredAtItsUsualSize) {
+TEST_F(SettingsWindowTest, IsCalledGlidemapAndStartsCentredAtItsDefaultSize) {
     const SettingsWindow& window = stage.make();
     EXPECT_EQ(window.windowTitle(), "Glidemap");
     EXPECT_EQ(window.size(), QSize(720, 520));
@@ -32,7 +32,7 @@ TEST_F(SettingsWindowTest, IsCalledGlidemapAndStartsCentredAtItsUsualSize) {
     EXPECT_LE(offCentre.manhattanLength(), 2);
 }
 
-TEST_F(SettingsWindowTest, CannotBeMadeSmallerThanItsContent) {
+TEST_F(SettingsWindowTest, CannotBeSmallerThanItsContent) {
     SettingsWindow& window = open();
     window.resize(100, 100);
     EXPECT_EQ(window.size(), QSize(680, 480));
@@ -48,7 +48,7 @@ TEST_F(SettingsWindowTest, ClosingOnlyHidesIt) {
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(SettingsWindowTest, RemembersItsPlaceWhenItIsClosed) {
+TEST_F(SettingsWindowTest, StoresItsPositionWhenClosed) {
     SettingsWindow& window = open();
     window.resize(700, 500);
     window.move(30, 40);
@@ -56,7 +56,7 @@ TEST_F(SettingsWindowTest, RemembersItsPlaceWhenItIsClosed) {
     EXPECT_EQ(stage.geometry->kept, (WindowGeometry{30, 40, 700, 500, false}));
 }
 
-TEST_F(SettingsWindowTest, RemembersItsPlaceWhenTheProgramEndsWithItOpen) {
+TEST_F(SettingsWindowTest, StoresItsPositionWhenTheProgramQuitsWhileItIsOpen) {
     SettingsWindow& window = open();
     window.resize(700, 500);
     window.move(30, 40);
@@ -64,11 +64,11 @@ TEST_F(SettingsWindowTest, RemembersItsPlaceWhenTheProgramEndsWithItOpen) {
     EXPECT_EQ(stage.geometry->kept, (WindowGeometry{30, 40, 700, 500, false}));
 }
 
-TEST_F(SettingsWindowTest, IsWhereItWasAtTheNextLaunch) {
+TEST_F(SettingsWindowTest, RestoresItsPositionAtTheNextLaunch) {
     EXPECT_EQ(placeGiven({30, 40, 700, 490, false}), QRect(30, 40, 700, 490));
 }
 
-TEST_F(SettingsWindowTest, APlaceThatNoScreenShowsAsAWholeIsCorrectedUntilOneDoes) {
+TEST_F(SettingsWindowTest, OffscreenPositionIsMovedUntilItIsOnOneScreen) {
     const int lastX = screen().right() + 1 - 700;
     const int lastY = screen().bottom() + 1 - 490;
     const struct {
@@ -88,7 +88,7 @@ TEST_F(SettingsWindowTest, APlaceThatNoScreenShowsAsAWholeIsCorrectedUntilOneDoe
     }
 }
 
-TEST_F(SettingsWindowTest, APlaceThatMakesNoSenseIsNotUsed) {
+TEST_F(SettingsWindowTest, InvalidPositionIsIgnored) {
     constexpr int limit = std::numeric_limits<int>::max();
     for (const int nonsense : {limit, -limit}) {
         const QRect place = placeGiven({nonsense, 40, 700, 490, false});
@@ -97,14 +97,14 @@ TEST_F(SettingsWindowTest, APlaceThatMakesNoSenseIsNotUsed) {
     }
 }
 
-TEST_F(SettingsWindowTest, ASizeThatMakesNoSenseIsBroughtIntoItsLimits) {
+TEST_F(SettingsWindowTest, InvalidSizeIsClamped) {
     EXPECT_EQ(placeGiven({30, 40, 10, 10, false}).size(), QSize(680, 480));
     const QSize huge = placeGiven({0, 0, 900'000, 900'000, false}).size();
     EXPECT_LE(huge.width(), screen().width());
     EXPECT_LE(huge.height(), screen().height());
 }
 
-TEST_F(SettingsWindowTest, AMaximisedWindowIsSoAgainAndGoesBackToItsOldPlace) {
+TEST_F(SettingsWindowTest, MaximisedWindowIsRestoredMaximisedAndKeepsItsNormalPosition) {
     SettingsWindow& window = open();
     window.setGeometry(30, 40, 700, 500);
     window.showMaximized();
@@ -114,7 +114,7 @@ TEST_F(SettingsWindowTest, AMaximisedWindowIsSoAgainAndGoesBackToItsOldPlace) {
     EXPECT_TRUE(stage.make().isMaximized());
 }
 
-TEST_F(SettingsWindowTest, WithoutAMemoryItIsCentred) {
+TEST_F(SettingsWindowTest, WithoutAGeometryStoreIsCentred) {
     stage.geometry.reset();
     EXPECT_EQ(open().size(), QSize(720, 520));
     stage.close();

@@ -1,4 +1,4 @@
-// What becomes of a binding that was deleted by a slip.
+// Undo after an accidental deletion.
 #include "kit/qt_waiting.h"
 #include "ui/settings/binding_list_view.h"
 #include "ui/settings/undo_bar.h"
@@ -29,7 +29,7 @@ protected:
     mutable test::SettingsStage stage{all};
 };
 
-TEST_F(UndoBarTest, SaysWhatWasDeletedInBothLanguages) {
+TEST_F(UndoBarTest, NamesTheDeletedBindingInBothLanguages) {
     EXPECT_FALSE(isOffered());
     deleteRow(1);
     ASSERT_TRUE(isOffered());
@@ -42,7 +42,7 @@ TEST_F(UndoBarTest, SaysWhatWasDeletedInBothLanguages) {
     EXPECT_TRUE(isOffered());
 }
 
-TEST_F(UndoBarTest, TheBindingComesBackToItsOldPlaceWithItsIdentifier) {
+TEST_F(UndoBarTest, UndoRestoresTheBindingWithItsPlaceAndIdentifier) {
     for (std::size_t index = 0; index < all.size(); ++index) {
         deleteRow(index);
         ASSERT_EQ(list().size(), 2U);
@@ -53,7 +53,7 @@ TEST_F(UndoBarTest, TheBindingComesBackToItsOldPlaceWithItsIdentifier) {
     }
 }
 
-TEST_F(UndoBarTest, TheKeysUndoAsLongAsTheBarIsShown) {
+TEST_F(UndoBarTest, ShortcutUndoesWhileTheBarIsVisible) {
     deleteRow(2);
     stage.pressKey(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(list(), all);
@@ -62,7 +62,7 @@ TEST_F(UndoBarTest, TheKeysUndoAsLongAsTheBarIsShown) {
     EXPECT_EQ(list(), all);
 }
 
-TEST_F(UndoBarTest, TheKeysUndoWithoutAControlThatHasTheFocus) {
+TEST_F(UndoBarTest, ShortcutUndoesWithoutAFocusedControl) {
     deleteRow(2);
     if (QWidget* const focus = stage.window().focusWidget()) {
         focus->clearFocus();
@@ -71,7 +71,7 @@ TEST_F(UndoBarTest, TheKeysUndoWithoutAControlThatHasTheFocus) {
     EXPECT_EQ(list(), all);
 }
 
-TEST_F(UndoBarTest, TheLastBindingComesBackToo) {
+TEST_F(UndoBarTest, UndoRestoresTheOnlyBinding) {
     stage.store->setBindings({all[0]});
     deleteRow(0);
     EXPECT_TRUE(stage.isShown("emptyState"));
@@ -80,7 +80,7 @@ TEST_F(UndoBarTest, TheLastBindingComesBackToo) {
     EXPECT_EQ(list(), BindingList{all[0]});
 }
 
-TEST_F(UndoBarTest, TheNextChangeTakesTheOfferBack) {
+TEST_F(UndoBarTest, NextChangeHidesTheBar) {
     deleteRow(0);
     stage.clickInRow(0, "enabled");
     EXPECT_FALSE(isOffered());
@@ -88,7 +88,7 @@ TEST_F(UndoBarTest, TheNextChangeTakesTheOfferBack) {
     EXPECT_EQ(list().size(), 2U);
 }
 
-TEST_F(UndoBarTest, OnlyTheLastDeletionIsUndone) {
+TEST_F(UndoBarTest, OnlyTheLastDeletionCanBeUndone) {
     deleteRow(0);
     deleteRow(0);
     stage.click("undo");
@@ -96,15 +96,15 @@ TEST_F(UndoBarTest, OnlyTheLastDeletionIsUndone) {
     EXPECT_FALSE(isOffered());
 }
 
-TEST_F(UndoBarTest, WhatElseChangesLeavesTheOffer) {
+TEST_F(UndoBarTest, UnrelatedChangesKeepTheBar) {
     deleteRow(0);
-    stage.click("enabled"); // the first with this name is the master switch
+    stage.click("enabled"); // the master switch is the first widget with this name
     stage.recognise(GestureType::twoFingerTap);
     EXPECT_TRUE(isOffered());
 }
 
-// As the window system sends it, to whatever lies under the pointer by then.
-TEST_F(UndoBarTest, TheSecondClickOfADoubleClickDeletesNothing) {
+// Sends the events like the window system, to the widget currently under the pointer.
+TEST_F(UndoBarTest, SecondClickOfADoubleClickDeletesNothing) {
     QWidget* const trash = stage.row(0)->findChild<QWidget*>("delete");
     const QPoint at = trash->mapTo(&stage.window(), trash->rect().center());
     QTest::mouseDClick(stage.window().windowHandle(), Qt::LeftButton, {}, at);
@@ -113,7 +113,7 @@ TEST_F(UndoBarTest, TheSecondClickOfADoubleClickDeletesNothing) {
     EXPECT_TRUE(isOffered());
 }
 
-TEST_F(UndoBarTest, TheSecondClickOfADoubleClickUndoesNothing) {
+TEST_F(UndoBarTest, SecondClickOfADoubleClickUndoesNothing) {
     deleteRow(0);
     QWidget* const undo = stage.find("undo");
     const QPoint at = undo->rect().center();
@@ -126,7 +126,7 @@ TEST_F(UndoBarTest, TheSecondClickOfADoubleClickUndoesNothing) {
     EXPECT_EQ(list().size(), 2U);
 }
 
-TEST(UndoBarAlone, GoesByItselfAfterTenSeconds) {
+TEST(UndoBarAlone, HidesAfterTenSeconds) {
     EXPECT_EQ(UndoBar::usualStay, std::chrono::seconds(10));
     const Lang lang{nullptr};
     UndoBar bar(lang, nullptr, std::chrono::milliseconds(50));

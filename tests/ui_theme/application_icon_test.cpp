@@ -1,4 +1,4 @@
-// The program's own icon is a tile of several colours at each size, filled to its edges and
+// The program's icon is a tile of several colours at each size. The tile is filled to its edges and
 // transparent in its corners.
 #include "ui/theme/application_icon.h"
 
@@ -40,7 +40,7 @@ bool hasWhite(const QImage& image) {
     return false;
 }
 
-TEST(ApplicationIcon, IsDrawnAtEverySizeThatIsAskedFor) {
+TEST(ApplicationIcon, IsDrawnAtEveryRequestedSize) {
     for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
         SCOPED_TRACE(pixels);
         const QImage image = iconOf(pixels);
@@ -49,7 +49,7 @@ TEST(ApplicationIcon, IsDrawnAtEverySizeThatIsAskedFor) {
         EXPECT_EQ(image.pixelColor(pixels - 1, pixels - 1).alpha(), 0);
         EXPECT_GT(image.pixelColor(pixels / 2, pixels / 8).alpha(), 240);
         EXPECT_GT(image.pixelColor(pixels / 8, pixels / 2).alpha(), 240);
-        EXPECT_GE(hues(image), 2) << "the tile and what is drawn on it";
+        EXPECT_GE(hues(image), 2) << "the tile and the drawing on it";
         EXPECT_TRUE(hasWhite(image)) << "the hand";
     }
 }

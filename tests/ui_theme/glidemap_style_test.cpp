@@ -36,12 +36,12 @@ QImage drawn(QWidget& widget, double ratio = 1) {
     return image;
 }
 
-// Beside the text, within the shape.
+// Samples the background beside the text, within the shape.
 QColor groundOf(QWidget& button) {
     return drawn(button).pixelColor(8, button.height() / 2);
 }
 
-TEST(GlidemapStyleTest, aProminentButtonStandsOnTheAccent) {
+TEST(GlidemapStyleTest, ProminentButtonHasAnAccentBackground) {
     QPushButton button(QStringLiteral("Download"));
     button.resize(button.sizeHint());
     EXPECT_EQ(groundOf(button), roleColor(Role::field));
@@ -49,15 +49,15 @@ TEST(GlidemapStyleTest, aProminentButtonStandsOnTheAccent) {
     EXPECT_NEAR(groundOf(button).hue(), roleColor(Role::accentGround).hue(), 3);
 }
 
-// Three to one on its ground, as the palette's test says of this colour.
-TEST(GlidemapStyleTest, theEdgeOfAButtonIsTheEdgeOfACheckBox) {
+// That edge has a contrast of 3:1, which the palette's test checks.
+TEST(GlidemapStyleTest, ButtonEdgeHasTheColourOfACheckBoxEdge) {
     QPushButton button(QStringLiteral("Cancel"));
     button.resize(button.sizeHint());
     const QColor edge = drawn(button).pixelColor(style::ringMargin, button.height() / 2);
     EXPECT_EQ(edge, roleColor(Role::tertiary));
 }
 
-TEST(GlidemapStyleTest, theDefaultButtonIsProminentUntilItIsDisabled) {
+TEST(GlidemapStyleTest, DefaultButtonIsProminentUntilDisabled) {
     QPushButton button(QStringLiteral("Add"));
     button.setDefault(true);
     button.resize(button.sizeHint());
@@ -66,7 +66,7 @@ TEST(GlidemapStyleTest, theDefaultButtonIsProminentUntilItIsDisabled) {
     EXPECT_LT(groundOf(button).saturation(), 10);
 }
 
-TEST(GlidemapStyleTest, hoveredAndPressedButtonsDifferFromThoseAtRest) {
+TEST(GlidemapStyleTest, HoveredAndPressedButtonsDifferFromThoseAtRest) {
     QPushButton button(QStringLiteral("Cancel"));
     button.resize(button.sizeHint());
     const QColor rest = groundOf(button);
@@ -78,7 +78,7 @@ TEST(GlidemapStyleTest, hoveredAndPressedButtonsDifferFromThoseAtRest) {
     EXPECT_LT(pressed.lightness(), hovered.lightness());
 }
 
-TEST(GlidemapStyleTest, controlsLineUpByWhatIsDrawnOfThem) {
+TEST(GlidemapStyleTest, ControlsAreAlignedByTheirVisibleShape) {
     QWidget form;
     auto* column = new QVBoxLayout(&form);
     column->setContentsMargins(20, 20, 20, 20);
@@ -101,7 +101,7 @@ TEST(GlidemapStyleTest, controlsLineUpByWhatIsDrawnOfThem) {
     EXPECT_EQ(picker->height(), style::controlHeight + 2 * ring);
 }
 
-TEST(GlidemapStyleTest, theFocusRingIsShownToThoseWhoUseTheKeyboard) {
+TEST(GlidemapStyleTest, FocusRingIsShownOnlyForKeyboardUse) {
     QWidget window;
     auto* button = new QPushButton(QStringLiteral("Cancel"), &window);
     button->resize(button->sizeHint());
@@ -120,7 +120,7 @@ TEST(GlidemapStyleTest, theFocusRingIsShownToThoseWhoUseTheKeyboard) {
     EXPECT_FALSE(ring());
 }
 
-TEST(GlidemapStyleTest, edgesFallOnWholePixelsAtEveryScale) {
+TEST(GlidemapStyleTest, EdgesFallOnWholePixelsAtEveryScale) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         QImage image(60, 60, QImage::Format_ARGB32);
         image.setDevicePixelRatio(ratio);
@@ -140,7 +140,7 @@ TEST(GlidemapStyleTest, edgesFallOnWholePixelsAtEveryScale) {
     }
 }
 
-TEST(GlidemapStyleTest, aHairlineIsAWholeNumberOfPixels) {
+TEST(GlidemapStyleTest, HairlineIsAWholeNumberOfPixels) {
     const std::pair<double, double> rows[] = {{1, 1}, {1.5, 1}, {1.75, 1}, {2, 2}, {3, 3}};
     for (const auto& [ratio, pixels] : rows) {
         QImage image(10, 10, QImage::Format_ARGB32);
@@ -150,7 +150,7 @@ TEST(GlidemapStyleTest, aHairlineIsAWholeNumberOfPixels) {
     }
 }
 
-TEST(GlidemapStyleTest, aHeadingInAListIsNotLitWhenThePointerIsOnIt) {
+TEST(GlidemapStyleTest, HeadingInAListIsNotHighlightedUnderThePointer) {
     QListWidget list;
     auto* heading = new QListWidgetItem(QStringLiteral("Taps"), &list);
     auto* entry = new QListWidgetItem(QStringLiteral("Tap"), &list);
@@ -168,7 +168,7 @@ TEST(GlidemapStyleTest, aHeadingInAListIsNotLitWhenThePointerIsOnIt) {
     EXPECT_EQ(atTheEndOf(list.visualItemRect(heading).center().y()), roleColor(Role::card));
 }
 
-TEST(GlidemapStyleTest, aScrollBarHasNoArrowsAndItsHandleCanAlwaysBeGrasped) {
+TEST(GlidemapStyleTest, ScrollBarHasNoArrowsAndAMinimumHandle) {
     QScrollBar bar(Qt::Vertical);
     bar.setRange(0, 1000000);
     bar.setPageStep(10);
@@ -188,7 +188,7 @@ TEST(GlidemapStyleTest, aScrollBarHasNoArrowsAndItsHandleCanAlwaysBeGrasped) {
     EXPECT_EQ(part(QStyle::SC_ScrollBarSlider), QRect(0, 272, bar.width(), 28));
 }
 
-TEST(GlidemapStyleTest, symbolsTakeTheColourOfTheMoment) {
+TEST(GlidemapStyleTest, SymbolsFollowTheCurrentColour) {
     const QIcon icon = symbolIcon("plus", Role::red);
     // Large enough for a stroke to cover whole pixels.
     const auto middle = [&icon](QIcon::Mode mode) {

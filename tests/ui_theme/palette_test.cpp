@@ -1,4 +1,4 @@
-// What can be read can be read by everyone: contrasts as the web's accessibility guidelines count them.
+// Legibility for everyone: contrasts as defined by the Web Content Accessibility Guidelines.
 #include "ui/theme/palette.h"
 
 #include <gmock/gmock.h>
@@ -40,14 +40,14 @@ struct Row {
     Role ink;
     Role ground;
     double least;
-    Role tint = Role::window; // laid over the ground
+    Role tint = Role::window; // laid over the background
     double opacity = 0;
 };
 
 constexpr double text = 4.5;
 constexpr double drawing = 3;
 
-// At the opacity that it is drawn with.
+// The opacity with which it is drawn.
 constexpr double padOpacity = 0.7;
 
 const Row rows[] = {
@@ -82,7 +82,7 @@ const Row rows[] = {
     {"the focus ring on a card", Role::accent, Role::card, drawing},
 };
 
-TEST(PaletteTest, everythingThatIsReadStandsOutFromItsGround) {
+TEST(PaletteTest, EveryTextHasEnoughContrast) {
     std::vector<std::string> tooFaint;
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         for (const Row& row : rows) {
@@ -99,7 +99,7 @@ TEST(PaletteTest, everythingThatIsReadStandsOutFromItsGround) {
     EXPECT_THAT(tooFaint, IsEmpty());
 }
 
-TEST(PaletteTest, theEdgeOfADemonstrationsPadStandsOutFromItsGround) {
+TEST(PaletteTest, EdgeOfADemonstrationsPadHasEnoughContrast) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         const QColor ground = colorOf(Role::card, scheme);
         const QColor edge = laidOver(ground, colorOf(Role::secondary, scheme), padOpacity);
@@ -107,19 +107,19 @@ TEST(PaletteTest, theEdgeOfADemonstrationsPadStandsOutFromItsGround) {
     }
 }
 
-TEST(PaletteTest, theContrastOfBlackOnWhiteIsTwentyOne) {
+TEST(PaletteTest, ContrastOfBlackOnWhiteIsTwentyOne) {
     EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 1e-9);
     EXPECT_NEAR(contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
 }
 
-TEST(PaletteTest, theDesktopsPartOfThePaletteIsLeftToIt) {
+TEST(PaletteTest, DesktopsPartOfThePaletteIsUnchanged) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         EXPECT_FALSE(paletteOf(scheme).isBrushSet(QPalette::Active, QPalette::AlternateBase));
         EXPECT_TRUE(paletteOf(scheme).isBrushSet(QPalette::Active, QPalette::Window));
     }
 }
 
-TEST(PaletteTest, aDesktopIsDarkFromTheMiddleOfTheScaleDown) {
+TEST(PaletteTest, DesktopIsDarkBelowTheMiddleOfTheScale) {
     QPalette palette;
     palette.setColor(QPalette::AlternateBase, QColor(127, 127, 127));
     EXPECT_EQ(desktopSchemeOf(palette), ColorScheme::dark);

@@ -1,5 +1,5 @@
-// Every symbol that the program names has a drawing: of one shade, that of its role, and whole at
-// every size and on every screen.
+// Every symbol that the program names has a drawing in one shade, in the colour of its role, and
+// complete at every size and scale.
 #include "core/gesture_category.h"
 #include "ui/theme/symbol.h"
 
@@ -32,7 +32,7 @@ QByteArray contentsOf(const QString& path) {
     return file.readAll();
 }
 
-// The names that stand in the calls which take one.
+// The symbol names in calls that take one.
 std::set<std::string> symbolsNamedIn(const QString& code) {
     static const QRegularExpression call(
         R"re(\b(?:symbolIcon|symbolPixmap|drawSymbol|setSymbol|SymbolLabel|SymbolButton|Notice)\b)re"
@@ -72,7 +72,7 @@ std::string nameOf(const QString& file) {
     return file.chopped(4).toStdString();
 }
 
-// The drawing in its box, with as much space around it as it is large.
+// The drawing in its box, with a margin of its own size.
 QImage drawn(std::string_view name, int points, double ratio) {
     const int pixels = qRound(3 * points * ratio);
     QImage image(pixels, pixels, QImage::Format_ARGB32);
@@ -85,11 +85,11 @@ QImage drawn(std::string_view name, int points, double ratio) {
 
 struct Ink {
     QRect bounds;
-    int covered = 0;     // pixels that are more than half covered
-    int otherShades = 0; // pixels whose colour is not the ink's
+    int covered = 0;     // pixels with more than half coverage
+    int otherShades = 0; // pixels that differ from the ink's colour
 };
 
-// Rounding of premultiplied colours moves faint pixels by a lot, so only firm ones are judged.
+// Ignores faint pixels, whose colour changes strongly by the rounding of premultiplied colours.
 bool isInk(QRgb pixel) {
     return qAbs(qRed(pixel) - ink.red()) <= 3 && qAbs(qGreen(pixel) - ink.green()) <= 3 &&
            qAbs(qBlue(pixel) - ink.blue()) <= 3;
@@ -112,7 +112,7 @@ Ink inkOf(const QImage& image) {
     return result;
 }
 
-// In the coverage of one pixel, of which there are 256 steps.
+// The maximum difference of a pixel's coverage, in 256 steps.
 int largestDifference(const QImage& one, const QImage& other) {
     int largest = one.size() == other.size() ? 0 : 256;
     for (int y = 0; largest < 256 && y < one.height(); ++y) {
@@ -140,18 +140,18 @@ TEST(Symbols, AreFoundInTheCallsThatNameThem) {
                 ElementsAre("exclamationmark.triangle.fill", "pencil", "plus"));
 }
 
-TEST(Symbols, OfTheProgramAllHaveADrawing) {
+TEST(Symbols, NamedByTheProgramAllHaveADrawing) {
     for (const std::string& name : symbolsOfTheProgram()) {
         EXPECT_TRUE(symbolExists(name)) << name;
     }
 }
 
-TEST(Symbols, AnUnknownNameHasNone) {
+TEST(Symbols, UnknownNameHasNoDrawing) {
     EXPECT_FALSE(symbolExists("hand.of.three.fingers"));
     EXPECT_FALSE(symbolExists(""));
 }
 
-TEST(Symbols, AreReadByTheRendererWithoutComplaint) {
+TEST(Symbols, AreReadByTheRendererWithoutWarnings) {
     ASSERT_THAT(drawings(), Not(IsEmpty()));
     for (const QString& file : drawings()) {
         SCOPED_TRACE(file.toStdString());
@@ -161,7 +161,7 @@ TEST(Symbols, AreReadByTheRendererWithoutComplaint) {
     }
 }
 
-// What is compiled into the program is what the renderer makes of the drawing.
+// The compiled drawings look like the output of the SVG renderer.
 TEST(Symbols, LookAsTheRendererDrawsThem) {
     for (const QString& file : drawings()) {
         for (const int pixels : {16, 24, 44}) {
@@ -178,7 +178,7 @@ TEST(Symbols, LookAsTheRendererDrawsThem) {
     }
 }
 
-TEST(Symbols, OfTheProgramAreThoseOfTheFolder) {
+TEST(Symbols, CompiledInAreThoseOfTheFolder) {
     std::set<std::string> inFolder;
     for (const QString& file : drawings()) {
         inFolder.insert(nameOf(file));
@@ -190,7 +190,7 @@ TEST(Symbols, OfTheProgramAreThoseOfTheFolder) {
     EXPECT_EQ(inProgram, inFolder);
 }
 
-// Whoever draws a symbol says in which colour.
+// The caller of drawSymbol() sets the colour.
 TEST(Symbols, HaveNoColourOfTheirOwn) {
     static const QRegularExpression paint(R"re(\b(fill|stroke|color)\s*[=:]\s*"?([^";]*))re");
     for (const QString& file : drawings()) {
@@ -213,7 +213,7 @@ TEST(Symbols, StayInTheirBoxAndFillItAtEverySize) {
                 const double edge = points * ratio;
                 const QRect box = QRectF(edge, edge, edge, edge).toAlignedRect();
                 EXPECT_TRUE(box.contains(seen.bounds)) << described(seen.bounds);
-                // The longer side of the smallest, a chevron, is more than half of the box.
+                // The longer side of the smallest symbol, a chevron, exceeds half of the box.
                 EXPECT_GE(qMax(seen.bounds.width(), seen.bounds.height()), 0.6 * edge);
                 EXPECT_GE(seen.covered, 0.04 * edge * edge);
                 EXPECT_EQ(seen.otherShades, 0);

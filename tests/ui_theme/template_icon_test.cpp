@@ -44,25 +44,25 @@ bool isDrawn(const QIcon& icon, int size) {
     return image.size() == QSize(size, size) && inked > size * size / 10;
 }
 
-TEST_F(TemplateIconTest, isNamedWhereItIsInstalled) {
+TEST_F(TemplateIconTest, HasANameIfInstalled) {
     install();
     const QIcon icon = themedTemplateIcon(name, symbol);
     EXPECT_EQ(icon.name().toStdString(), name);
     EXPECT_TRUE(icon.isMask());
 }
 
-TEST_F(TemplateIconTest, hasNoNameThatNobodyWouldFind) {
+TEST_F(TemplateIconTest, HasNoNameIfNotInstalled) {
     const QIcon icon = themedTemplateIcon(name, symbol);
     EXPECT_TRUE(icon.name().isEmpty());
     EXPECT_TRUE(icon.isMask());
 }
 
-TEST_F(TemplateIconTest, hasNoNameWhereItIsToBeDrawn) {
+TEST_F(TemplateIconTest, HasNoNameIfItMustBeDrawn) {
     install();
     EXPECT_TRUE(drawnTemplateIcon(symbol).name().isEmpty());
 }
 
-TEST_F(TemplateIconTest, isDrawnAtEverySizeThatItLists) {
+TEST_F(TemplateIconTest, IsDrawnAtEverySizeThatItLists) {
     install();
     for (const QIcon& icon : {themedTemplateIcon(name, symbol), drawnTemplateIcon(symbol)}) {
         EXPECT_THAT(icon.availableSizes(), testing::Contains(QSize(22, 22)));

@@ -8,7 +8,7 @@
 namespace glidemap {
 namespace {
 
-// A desktop that says nothing is read off its palette; the test's is pinned only for the others.
+// The appearance of a desktop without settings is derived from its palette; other tests pin it.
 class ThemeTest : public testing::Test {
 protected:
     ThemeTest() { theme.pin({}); }
@@ -18,7 +18,7 @@ protected:
         theme.pin(ColorScheme::light);
     }
 
-    // As a desktop does: all of the application's colours are other ones of a sudden.
+    // Replaces all colours of the application at once, as a desktop does.
     static void changeDesktop(const QColor& ground) {
         QPalette palette;
         palette.setColor(QPalette::AlternateBase, ground);
@@ -30,20 +30,20 @@ protected:
     const QFont before = QApplication::font();
 };
 
-TEST_F(ThemeTest, theDesktopsPaletteIsFollowedWhileItRuns) {
+TEST_F(ThemeTest, FollowsTheDesktopsPaletteAtRunTime) {
     changeDesktop(Qt::black);
     EXPECT_TRUE(theme.isDark());
     changeDesktop(Qt::white);
     EXPECT_FALSE(theme.isDark());
 }
 
-TEST_F(ThemeTest, theApplicationsPaletteStaysOursWhateverTheDesktopSets) {
+TEST_F(ThemeTest, ApplicationKeepsOurPaletteAfterADesktopChange) {
     changeDesktop(Qt::black);
     EXPECT_EQ(QApplication::palette().color(QPalette::Window),
               colorOf(Role::window, ColorScheme::dark));
 }
 
-TEST_F(ThemeTest, theDesktopsFontIsFollowedWhileItRuns) {
+TEST_F(ThemeTest, FollowsTheDesktopsFontAtRunTime) {
     const int usual = theme.font(TextStyle::caption).pixelSize();
     int announced = 0;
     const Subscription toTheme = theme.changes().subscribe({}, [&] { ++announced; });
@@ -58,7 +58,7 @@ TEST_F(ThemeTest, theDesktopsFontIsFollowedWhileItRuns) {
     EXPECT_EQ(theme.font(TextStyle::caption).pixelSize(), usual);
 }
 
-TEST_F(ThemeTest, aPinnedAppearanceHoldsAgainstTheDesktop) {
+TEST_F(ThemeTest, PinnedAppearanceOverridesTheDesktop) {
     theme.pin(ColorScheme::light);
     changeDesktop(Qt::black);
     EXPECT_FALSE(theme.isDark());
@@ -66,7 +66,7 @@ TEST_F(ThemeTest, aPinnedAppearanceHoldsAgainstTheDesktop) {
     EXPECT_TRUE(theme.isDark());
 }
 
-TEST_F(ThemeTest, everyChangeIsAnnouncedOnceWithTheNewColoursInPlace) {
+TEST_F(ThemeTest, EachChangeIsAnnouncedOnceWithTheNewColoursInPlace) {
     std::vector<QColor> seen;
     const Subscription toTheme =
         theme.changes().subscribe({}, [&] { seen.push_back(theme.color(Role::window)); });
@@ -78,7 +78,7 @@ TEST_F(ThemeTest, everyChangeIsAnnouncedOnceWithTheNewColoursInPlace) {
     EXPECT_EQ(seen, (std::vector<QColor>{dark, dark, dark, dark}));
 }
 
-TEST_F(ThemeTest, colorsTakeTheOpacityThatIsAskedFor) {
+TEST_F(ThemeTest, ColorsHaveTheRequestedOpacity) {
     EXPECT_NEAR(theme.color(Role::blue, 0.15).alphaF(), 0.15, 0.001);
     EXPECT_NEAR(theme.tint(Role::orange, 0.12).alphaF(), 0.12, 0.001);
 }

@@ -35,20 +35,20 @@ const std::vector<Look> usual = {{19, QFont::Bold},   {14, QFont::DemiBold}, {14
                                  {14, QFont::Medium}, {13, QFont::Normal},   {12, QFont::Normal},
                                  {11, QFont::Normal}};
 
-TEST(TypeScaleTest, aDesktopsUsualOrSmallerFontGivesTheUsualSizes) {
+TEST(TypeScaleTest, DefaultOrSmallerDesktopFontGivesTheDefaultSizes) {
     EXPECT_EQ(looksFrom(9), usual);
     EXPECT_EQ(looksFrom(14), usual);
 }
 
-TEST(TypeScaleTest, aLargerFontOfTheDesktopEnlargesEveryStyle) {
+TEST(TypeScaleTest, LargerDesktopFontEnlargesEveryStyle) {
     const std::vector<Look> twice = {
         {38, QFont::Bold},   {28, QFont::DemiBold}, {28, QFont::Normal}, {28, QFont::Medium},
         {26, QFont::Normal}, {24, QFont::Normal},   {22, QFont::Normal}};
     EXPECT_EQ(looksFrom(28), twice);
 }
 
-// Which desktops do.
-TEST(TypeScaleTest, aSizeInPointsCountsAsTheScreenShowsIt) {
+// Desktops set font sizes in points.
+TEST(TypeScaleTest, SizeInPointsCountsAsTheScreenShowsIt) {
     for (const double points : {9.0, 10.5, 13.0, 21.0}) {
         QFont desktop;
         desktop.setPointSizeF(points);
@@ -58,12 +58,12 @@ TEST(TypeScaleTest, aSizeInPointsCountsAsTheScreenShowsIt) {
     }
 }
 
-TEST(TypeScaleTest, theDesktopsFamilyComesFirst) {
+TEST(TypeScaleTest, DesktopsFamilyComesFirst) {
     EXPECT_EQ(interfaceFont(QFont(QStringLiteral("Some Family"))).families().front(),
               QStringLiteral("Some Family"));
 }
 
-TEST(TypeScaleTest, aDesktopThatNamesNoFamilyGetsOneThatIsInstalled) {
+TEST(TypeScaleTest, DesktopWithoutAFamilyGetsAnInstalledOne) {
     for (const char* none : {"Sans Serif", "sans", "SANS-SERIF"}) {
         const QStringList families = interfaceFont(QFont(QString::fromLatin1(none))).families();
         for (const QString& family : families) {
@@ -75,10 +75,10 @@ TEST(TypeScaleTest, aDesktopThatNamesNoFamilyGetsOneThatIsInstalled) {
     }
 }
 
-TEST(TypeScaleTest, chineseIsDrawnAsItIsWrittenInChina) {
+TEST(TypeScaleTest, ChineseUsesMainlandLetterforms) {
     const QString family = QStringLiteral("Noto Sans CJK SC");
     if (!QFontDatabase::hasFamily(family)) {
-        GTEST_SKIP() << "there is no Noto Sans CJK SC here";
+        GTEST_SKIP() << "Noto Sans CJK SC is not installed";
     }
     const QStringList families = interfaceFont(QFont(QStringLiteral("Some Family"))).families();
     EXPECT_EQ(families.filter(QStringLiteral("CJK")), QStringList{family});

@@ -1,5 +1,4 @@
-// Tells programs that read the window to the user what a widget of ours is, where the toolkit would call it a plain panel or a
-// frame.
+// Sets the accessible role of a widget class that Qt would report as a plain panel or frame.
 //
 // Thread:  the main thread.
 // Errors:  none.
@@ -9,7 +8,7 @@
 
 namespace glidemap {
 
-// Of all widgets of this class. Once for the process; more often does nothing.
+// Applies to all widgets of this class in the process. Idempotent.
 template <typename Widget, QAccessible::Role role>
 void presentAs() {
     [[maybe_unused]] static const bool isInstalled = [] {

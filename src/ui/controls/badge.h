@@ -1,6 +1,8 @@
-// A short text on a rounded ground of its own colour, at opacity 0.15: what kind something is of.
+// A short text on a rounded background of its own colour at opacity 0.15. It names a category.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none. A text too long for its place is elided.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none. A text that is too long is elided.
 #pragma once
 
 #include "ui/controls/elided_label.h"
@@ -11,7 +13,7 @@ class Badge : public ElidedLabel {
 public:
     explicit Badge(QWidget* parent = nullptr);
 
-    // The colour of the text and of the ground.
+    // The colour of the text and of the background.
     void setColor(Role colorRole);
 
 protected:

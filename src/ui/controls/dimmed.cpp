@@ -9,7 +9,7 @@ namespace {
 constexpr double dimmedOpacity = 0.5;
 }
 
-// An effect costs a detour over a picture at each repaint, so only what is dimmed has one.
+// A graphics effect renders into a pixmap on each repaint, so only dimmed widgets have one.
 void setDimmed(QWidget* widget, bool dims) {
     if (dims == isDimmed(widget)) {
         return;

@@ -1,4 +1,4 @@
-// Draws a widget and all that it holds at half opacity: what is switched off, yet can be used.
+// Draws a widget and its children at half opacity: it is switched off, but can still be used.
 //
 // Thread:  the main thread.
 #pragma once

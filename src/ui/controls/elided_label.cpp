@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// Whole points in which all of the text has room: rounded, the last letter might just not.
+// The text's width in whole points, rounded up, so that the last letter is never elided.
 int wholeWidth(const StyledLabel& label) {
     return qCeil(label.lineSize().width());
 }
@@ -26,7 +26,7 @@ ElidedLabel::ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent)
 
 QSize ElidedLabel::withMargins(int textWidth) const {
     const QMargins margins = contentsMargins();
-    // Letters that come from another font, such as Chinese ones, may need a higher line.
+    // Letters from a fallback font, such as Chinese ones, may need a taller line.
     const int lineHeight = std::max(fontMetrics().height(), qCeil(lineSize().height()));
     return {textWidth + margins.left() + margins.right(),
             lineHeight + margins.top() + margins.bottom()};
@@ -36,7 +36,7 @@ QSize ElidedLabel::sizeHint() const {
     return withMargins(wholeWidth(*this));
 }
 
-// A few letters, so that there is something to guess the rest from.
+// Room for a few letters, which hint at the rest of the text.
 QSize ElidedLabel::minimumSizeHint() const {
     return withMargins(std::min(wholeWidth(*this), fontMetrics().averageCharWidth() * 4));
 }

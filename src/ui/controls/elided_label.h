@@ -1,7 +1,9 @@
-// A single line that ends in "…" where there is no room for it, and then shows the whole as hover
-// help. Assistive programs always read the whole.
+// A single line that is elided if it is too long, and then shows the full text as its tooltip.
+// Assistive technology always reads the full text.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/controls/styled_label.h"

@@ -17,13 +17,13 @@ namespace {
 constexpr double cardRadius = 10;
 constexpr int sidePadding = 12;
 constexpr int rowPadding = 8;
-constexpr int leastRowHeight = 44;
+constexpr int minRowHeight = 44;
 constexpr int headingGap = 6;
 
 } // namespace
 
-// The lines are drawn above each row that has a shown one before it, so they need no widgets that
-// would have to be hidden with the rows.
+// Draws a line above each visible row that follows another visible row. Lines as widgets would need
+// to be hidden with their rows.
 class FormSection::Card : public QWidget {
 public:
     using QWidget::QWidget;
@@ -72,13 +72,13 @@ public:
             line->addWidget(control);
         }
         column->addLayout(line);
-        setMinimumHeight(leastRowHeight);
+        setMinimumHeight(minRowHeight);
     }
 
 protected:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) {
-            parentWidget()->update(); // the lines follow
+            parentWidget()->update(); // redraws the lines
         }
         return QWidget::event(event);
     }

@@ -1,9 +1,9 @@
-// A group of a form: an optional heading above a rounded card whose rows are parted by thin lines.
-// A row that is hidden takes its line along.
+// A group of a form: an optional heading above a rounded card, whose rows are separated by thin
+// lines. The line of a hidden row is hidden, too.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its parent. Takes every widget that it is given.
+// Owner:   its parent. The section owns each widget that is added to it.
 // Errors:  none.
 #pragma once
 
@@ -21,19 +21,18 @@ class FormSection : public QWidget {
 public:
     explicit FormSection(QWidget* parent = nullptr);
 
-    // Without a title there is no heading.
+    // An empty title removes the heading.
     void setTitle(const QString& title);
     QString title() const;
 
-    // A label at the leading and a control at the trailing edge, or over all the room between if the
-    // control wants to grow. Returns the row, which hides both.
-    // A QLabel becomes the control's buddy.
+    // Adds a label at the leading and a control at the trailing edge; an expanding control fills
+    // the row. Returns the row, which hides both. A QLabel becomes the control's buddy.
     QWidget* addRow(QWidget* label, QWidget* control);
 
-    // One widget over the whole width, in a row of its own.
+    // Adds a row with one widget over the full width.
     QWidget* addWidget(QWidget* widget);
 
-    // Goes on in the row above, without a line in between: what explains or shows that row's choice.
+    // Adds a widget to the last row, without a line, to explain or show that row's choice.
     QWidget* addToLastRow(QWidget* widget);
 
 private:

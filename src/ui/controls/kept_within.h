@@ -1,5 +1,5 @@
-// Where something lies along one line when it is to stay between two ends: where it is wanted, else
-// as near as it can be. What is longer than the room begins where the room does.
+// The position on an axis that is closest to the wanted position within two bounds. An item that is
+// longer than the room starts at the lower bound.
 //
 // Thread:  any.
 #pragma once

@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// Asks for a single line, and wraps where there is less room; a plain label that may wrap asks for
-// half of it.
+// Prefers a single line, and wraps if the room is smaller. A plain QLabel with word wrap prefers
+// half of that width.
 class Notice::Text : public StyledLabel {
 public:
     using StyledLabel::StyledLabel;

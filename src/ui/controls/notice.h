@@ -1,6 +1,8 @@
-// A tinted bar across a window that tells something, and may offer to do something about it.
+// A tinted bar across a window that shows a message, optionally with a button.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none. Long texts wrap.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none. Long texts wrap.
 #pragma once
 
 #include "ui/controls/styled_label.h"
@@ -22,16 +24,16 @@ public:
         std::string_view symbol; // may be empty
         Role symbolRole = Role::primary;
         Role textRole = Role::primary;
-        Role ground = Role::window; // tinted with this colour
-        double groundOpacity = 0;   // none, if 0
+        Role ground = Role::window; // the tint's colour
+        double groundOpacity = 0;   // 0: no tint
         Button button = Button::none;
-        bool buttonAtEnd = true; // else right behind the text
+        bool buttonAtEnd = true; // else right after the text
     };
 
     explicit Notice(const Look& look, QWidget* parent = nullptr);
 
     void setText(const QString& text);
-    // Below the text, small and pale; none if empty. It can be selected, to be copied.
+    // A small, pale and selectable text below the message; empty for none.
     void setSecondLine(const QString& text);
     QString secondLine() const;
     void setButtonText(const QString& text);

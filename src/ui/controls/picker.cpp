@@ -20,7 +20,7 @@ Picker::Picker(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(shownEntries);
 }
 
-// The toolkit makes the list as wide as the picker.
+// Qt would make the list only as wide as the picker.
 void Picker::showPopup() {
     const bool scrolls = count() > maxVisibleItems();
     const int bar = scrolls ? view()->verticalScrollBar()->sizeHint().width() : 0;

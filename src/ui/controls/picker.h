@@ -1,10 +1,12 @@
-// A picker among others: the wheel scrolls what it lies in, and changes nothing in passing. Its open list is as wide as the
-// longest entry with its mark.
+// A combo box within a form. The wheel scrolls the form and never changes the choice. The open list
+// is as wide as its longest entry and the check mark.
 //
-// In a row of a form it is as wide as there is room, however long its entries are.
+// In a form row it takes the available width, independent of its entries.
 //
 // Units:   points.
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include <QComboBox>

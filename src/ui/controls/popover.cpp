@@ -21,11 +21,12 @@ namespace {
 
 constexpr int padding = 8;
 
-// Between the card's edge and the popover's own rectangle, which thus lies within the card's round corners, hides all beneath
-// it, and spares the window beneath it from being painted for each frame of a demonstration.
+// The distance from the card's edge to the popover widget. The inset keeps the widget within the
+// round corners, so it can be opaque; an opaque widget saves a repaint of the window for each
+// animation frame.
 constexpr int inset = 4;
 
-// The card and its arrow in one outline, so that the edge runs around both.
+// The card and its arrow as one outline, so that the edge surrounds both.
 QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
     QPainterPath body;
     body.addRoundedRect(card, popoverRadius, popoverRadius);
@@ -45,8 +46,8 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
 
 } // namespace
 
-// The card with its arrow and its shadow, beneath the popover and beyond it. Kept as a picture, because its layers take longer
-// to draw than all that moves in the popover.
+// The card with arrow and shadow, drawn behind and around the popover. It is cached as a pixmap,
+// because it takes longer to draw than the moving content.
 class Popover::Backdrop : public QWidget {
 public:
     explicit Backdrop(QWidget* parent) : QWidget(parent) {
@@ -106,7 +107,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
         placeSoon();
     });
     connect(anchor, &QObject::destroyed, this, [this] {
-        hangsFrom = nullptr; // which a guarded pointer to a widget does only after this
+        hangsFrom = nullptr; // a QPointer to a widget is still set during destroyed()
         onClosed = {};
         dismiss();
     });
@@ -146,8 +147,8 @@ void Popover::dismiss() {
     }
 }
 
-// Hidden with the focus, the popover would pass it on along the chain of controls, where one that is
-// being destroyed still is.
+// A hidden popover with the focus would pass it to the next widget of the focus chain, which may be
+// in destruction.
 void Popover::giveFocusBack() {
     if (hangsFrom != nullptr) {
         hangsFrom->setFocus(Qt::PopupFocusReason);
@@ -164,7 +165,7 @@ bool Popover::isOnCard(QPointF onScreen) const {
     return placed.card.contains(window()->mapFromGlobal(onScreen).toPoint());
 }
 
-// All of the program's events come by here: most are told apart by their kind alone.
+// Sees all events of the application, so it filters by event type first.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
     if (isClosed || hangsFrom == nullptr || !watched->isWidgetType()) {
         return false;
@@ -173,7 +174,7 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         if (!isWithin(widget) && isOnCard(static_cast<QMouseEvent*>(event)->globalPosition())) {
-            return true; // on its rim
+            return true; // a click on the card's rim
         }
         if (!isWithin(widget) && widget != hangsFrom && !hangsFrom->isAncestorOf(widget)) {
             dismiss();
@@ -199,7 +200,7 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
 bool Popover::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        event->accept(); // ours before the window's
+        event->accept(); // takes precedence over the window's shortcut
         return true;
     }
     if (event->type() == QEvent::LayoutRequest) {
@@ -208,7 +209,7 @@ bool Popover::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-// Where the popover itself has the focus, the next control is the one after its anchor.
+// If the popover itself has the focus, the next control is the one after the anchor.
 bool Popover::focusNextPrevChild(bool next) {
     if (!hasFocus() || hangsFrom == nullptr) {
         return QWidget::focusNextPrevChild(next);
@@ -225,12 +226,12 @@ void Popover::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-// Stays here: passed on to the window it would count as a click beside the popover.
+// Accepted here: in the parent window it would count as a click outside the popover.
 void Popover::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }
 
-// When the layouts have come to rest.
+// Deferred until the layouts are up to date.
 void Popover::placeSoon() {
     if (!std::exchange(isPlacing, true)) {
         QTimer::singleShot(0, this, [this] {
@@ -246,7 +247,7 @@ void Popover::place() {
     }
     const QRect anchor(hangsFrom->mapTo(window(), QPoint(0, 0)), hangsFrom->size());
     if (isVisible() && hangsFrom->visibleRegion().isEmpty() && window()->isVisible()) {
-        dismiss(); // scrolled away
+        dismiss(); // scrolled out of view
         return;
     }
     constexpr QSize rim(2 * inset, 2 * inset);

@@ -1,12 +1,12 @@
-// A small card that hangs from a control by an arrow, inside the control's own window, until the
-// user clicks elsewhere or presses Escape. A click on the control itself is the control's to answer.
+// A small card with an arrow to its anchor control, within the control's window. It closes when the
+// user clicks elsewhere or presses Escape. The anchor handles clicks on itself.
 //
-// It stays within the window: below the control where there is room, else above it. It is no window
-// of its own, because only some desktops would place that where it belongs.
+// It stays within the window: below the anchor if there is room, otherwise above. It is a child
+// widget, because only some desktops position a popup window correctly.
 //
 // Thread:  the main thread.
-// Owner:   the window that it lies in; goes with it, or when it is closed.
-// Errors:  none. A control that goes, or is hidden, takes its popover along.
+// Owner:   the window that contains it. It is deleted with the window or on closing.
+// Errors:  none. It closes if its anchor is hidden or destroyed.
 #pragma once
 
 #include "ui/controls/popover_placement.h"
@@ -20,19 +20,19 @@ namespace glidemap {
 
 class Popover : public QWidget {
 public:
-    // Takes the content, which is padded by 8 points; shows itself, and takes the focus.
+    // Takes ownership of the content, pads it by 8 points, shows the popover and focuses it.
     Popover(QWidget* anchor, QWidget* content);
     ~Popover() override;
 
-    // Called once, when it has been closed; not if the control was destroyed, since who listens
-    // usually goes with the control.
+    // Called once, on closing. Not called if the anchor was destroyed, because the callback's owner
+    // usually goes with the anchor.
     std::function<void()> onClosed;
 
     void dismiss();
 
     PopoverPlacement placement() const { return placed; }
 
-    // Whether an open popover of the widget's window hides all of it.
+    // Whether an open popover of the widget's window covers it completely.
     static bool covers(const QWidget& widget);
 
 protected:

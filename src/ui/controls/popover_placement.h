@@ -1,5 +1,5 @@
-// Where a popover lies: beneath the control that it hangs from where there is room, else above it,
-// and always within the window.
+// The position of a popover: below its anchor if there is room, otherwise above, and always within
+// the window.
 //
 // Units:   points in the window.
 // Thread:  any.
@@ -13,7 +13,7 @@ namespace glidemap {
 struct PopoverPlacement {
     QRect card;   // without the arrow
     bool isAbove; // the arrow is at the lower edge and points down
-    int arrowX;   // of the arrow's point
+    int arrowX;   // of the arrow's tip
     bool operator==(const PopoverPlacement&) const = default;
 };
 

@@ -20,8 +20,8 @@ constexpr int textFlags = Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextHideM
 
 } // namespace
 
-// The pill behind it draws the ground; it draws its text. Segments are equally wide, whatever stands
-// in them, so that the ground keeps its size as it slides.
+// Draws only its text; the parent draws the background. Segments have equal widths, independent of
+// their texts, so that the background keeps its size while it slides.
 class SegmentedControl::Segment : public QRadioButton {
 public:
     using QRadioButton::QRadioButton;
@@ -55,7 +55,7 @@ protected:
 
     bool event(QEvent* event) override {
         if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-            parentWidget()->update(); // which draws the ring
+            parentWidget()->update(); // the parent draws the focus ring
         }
         return QRadioButton::event(event);
     }
@@ -105,7 +105,7 @@ void SegmentedControl::setCurrent(int index) {
     fixFocusPolicies();
 }
 
-// By the user: the program's choice is known already when the segment tells of it.
+// Reports only changes by the user: setCurrent() sets `chosen` before it checks the segment.
 void SegmentedControl::choose(int index) {
     if (index == chosen) {
         return;
@@ -118,7 +118,7 @@ void SegmentedControl::choose(int index) {
     }
 }
 
-// Tab stops at the chosen one only; arrow keys go on from there.
+// Tab stops at the chosen segment only; arrow keys move on from there.
 void SegmentedControl::fixFocusPolicies() {
     for (std::size_t index = 0; index < segments.size(); ++index) {
         const bool isChosen = static_cast<int>(index) == chosen;

@@ -1,7 +1,9 @@
-// A row of segments of which one is chosen: one pill, in which the chosen ground slides. Arrow keys
-// move the choice; to assistive programs the segments are radio buttons.
+// A row of segments of which one is chosen, in one pill whose highlight slides. Arrow keys move the
+// choice. Assistive technology sees the segments as radio buttons.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/controls/slide.h"
@@ -18,16 +20,16 @@ class SegmentedControl : public QWidget {
 public:
     explicit SegmentedControl(int count, QWidget* parent = nullptr);
 
-    // As many as there are segments. They are the segments' accessible names too.
+    // One text per segment. The texts are also the accessible names.
     void setTexts(const QStringList& texts);
 
     int current() const { return chosen; }
-    void setCurrent(int index); // announces nothing
+    void setCurrent(int index); // does not call onChange
 
     // Called when the user has chosen another segment.
     std::function<void(int index)> onChange;
 
-    // Where the chosen ground is, in segments.
+    // The position of the highlight, in segments.
     double groundPosition() const { return ground.value(); }
 
 protected:

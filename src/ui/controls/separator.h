@@ -1,6 +1,8 @@
 // A line between two parts of a window, one point thick.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/theme/theme.h"

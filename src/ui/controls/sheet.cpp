@@ -20,7 +20,7 @@ namespace glidemap {
 namespace {
 
 constexpr int radius = 12;
-constexpr double slideFrom = 14; // points above its place
+constexpr double slideFrom = 14; // points above its final position
 constexpr double veilLight = 0.28;
 constexpr double veilDark = 0.5;
 
@@ -42,7 +42,7 @@ void adoptDefaultButton(const QWidget& content) {
 
 } // namespace
 
-// Dims the window that waits.
+// Dims the window behind the sheet.
 class Sheet::Veil : public QWidget {
 public:
     explicit Veil(QWidget* over) : QWidget(over) {
@@ -52,7 +52,7 @@ public:
         shade.glideTo(1);
     }
 
-    // Goes when it has faded. What lies beneath can be clicked meanwhile.
+    // Fades out and deletes itself. Clicks pass through meanwhile.
     void lift() {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         shade.onArrival = [this] {
@@ -84,7 +84,7 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     auto* layout = new QVBoxLayout(this);
     const int margin = shadowMargin();
     setContentsMargins(margin, margin, margin,
-                       margin); // what lies in the sheet stays off its shadow
+                       margin); // keeps children of the sheet off its shadow
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroller);
     scroller->setFrameShape(QFrame::NoFrame);
@@ -94,12 +94,12 @@ Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
     scroller->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
     adoptDefaultButton(*content);
-    addActions(owner()->actions()); // the window's own hear no keys while it waits
+    addActions(owner()->actions()); // a blocked window receives no keys for its own actions
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {
         if (veil != nullptr) {
-            std::exchange(veil, nullptr)->lift(); // outlasts the sheet, to fade
+            std::exchange(veil, nullptr)->lift(); // outlives the sheet while it fades
         }
         if (!std::exchange(hasClosed, true) && onClosed) {
             onClosed();

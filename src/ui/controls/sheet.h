@@ -1,4 +1,4 @@
-// A dialog that hangs from the top of its window, which waits, dimmed, until the sheet has gone.
+// A dialog at the top of its window. The window is dimmed and blocked until the sheet closes.
 //
 // Where the system shows sheets, it places, rounds and moves this one, too, and dims the window: then this only fills it. Elsewhere
 // it is a window of its own, because it may be larger than the one it hangs from. Its corners are
@@ -7,8 +7,8 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its window; deletes itself when it has been closed.
-// Errors:  none. On a screen too small for it, it is as large as fits and its content scrolls.
+// Owner:   its window. Deletes itself after closing.
+// Errors:  none. On a small screen it shrinks to fit and its content scrolls.
 #pragma once
 
 #include "ui/controls/slide.h"
@@ -24,17 +24,17 @@ namespace glidemap {
 
 class Sheet : public QDialog {
 public:
-    // `content` becomes the sheet's. `size` is the content's, where the screen has room for it.
+    // Takes ownership of `content`. `size` is the content's size, if the screen has room for it.
     Sheet(QWidget* hangsFrom, QWidget* content, QSize size);
     ~Sheet() override;
 
-    // Called once, when it has been closed, however that came.
+    // Called once after closing, for any cause.
     std::function<void()> onClosed;
 
     void present();
     void dismiss();
 
-    // The sheet without its shadow, on the screen.
+    // The sheet without its shadow, in screen coordinates.
     QRect cardGeometry() const;
 
 protected:

@@ -1,5 +1,4 @@
-// Where a sheet lies: in the middle beneath the title of the window that it hangs from, and wholly
-// on the screen.
+// The position of a sheet: centred below the title bar of its window, and entirely on the screen.
 //
 // Units:   points on the screen.
 // Thread:  any.
@@ -10,8 +9,8 @@
 
 namespace glidemap {
 
-// `least` is what the content can shrink to; where not even that fits, the sheet is widened by
-// `scrollBar`, with which the content scrolls. `window` is the inside of the window.
+// `least` is the minimum size of the content. If even that does not fit, the sheet is widened by
+// `scrollBar`, the width of the scroll bar. `window` is the window without its frame.
 QRect placeSheet(QSize wanted, QSize least, int scrollBar, const QRect& window,
                  const QRect& screen);
 

@@ -1,9 +1,8 @@
-// A value that glides from where it is to where it should be, or jumps there where the user wants
-// little motion.
+// Animates a value to its target, or jumps there if the user prefers reduced motion.
 //
 // Units:   milliseconds.
 // Thread:  the main thread.
-// Owner:   the widget that is drawn again on each step.
+// Owner:   the widget that it redraws.
 // Errors:  none.
 #pragma once
 
@@ -17,17 +16,17 @@ namespace glidemap {
 
 class Slide {
 public:
-    // Draws the widget again on each step; `onStep` may do more.
+    // Redraws the widget on each step, and calls `onStep`.
     explicit Slide(QWidget* drawn, std::function<void()> onStep = {});
 
-    // Jumps if the widget cannot be seen, or if motion is to be reduced.
+    // Jumps if the widget is invisible or if motion is reduced.
     void glideTo(double target);
     void jumpTo(double target);
 
     double value() const { return current; }
     double target() const { return wanted; }
 
-    // Called when it has arrived, at once where it jumps.
+    // Called on arrival; at once for a jump.
     std::function<void()> onArrival;
 
 private:

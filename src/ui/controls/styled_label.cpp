@@ -14,7 +14,7 @@ void StyledLabel::setRole(Role colorRole) {
     dress();
 }
 
-// The theme's fonts have their size in pixels, so the screen does not matter.
+// The theme sets font sizes in pixels, so the result is the same on all screens.
 QSizeF StyledLabel::lineSize() const {
     if (!measured || measured->text != text() || measured->font != font()) {
         const QFontMetricsF metrics(font(), this);

@@ -1,6 +1,8 @@
-// A text in a style and in the colour of a role, both kept current with the theme.
+// A label with a text style and a colour role. Both follow the theme.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -16,8 +18,8 @@ public:
 
     void setRole(Role colorRole);
 
-    // Of all of the text in one line, in points. Layouts ask for it many times over, and shaping the
-    // letters is the most of what a layout costs: so it is remembered.
+    // The size of the text on one line, in points. Cached: layouts query it often, and shaping the
+    // text dominates the cost of a layout.
     QSizeF lineSize() const;
 
 private:

@@ -1,7 +1,9 @@
-// A switch: a knob that slides between off and on. To assistive programs it is a check box, and it
-// is set and listened to as one. Its text stands before it.
+// A switch: a knob that slides between off and on. It behaves as a check box, also for assistive
+// technology. Its text stands before it.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/controls/slide.h"
@@ -18,7 +20,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
-    // Where the knob is on its way from off, 0, to on, 1.
+    // The knob's position, from 0 (off) to 1 (on).
     double knobPosition() const { return knob.value(); }
 
 protected:

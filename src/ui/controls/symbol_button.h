@@ -1,7 +1,9 @@
-// A borderless button that is a symbol. What it does is its accessible name and its hover help.
+// A borderless button that shows a symbol. Its accessible name and tooltip describe its function.
 //
 // Units:   points.
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -18,11 +20,11 @@ public:
 
     void setSymbol(std::string_view symbolName);
 
-    // Draws it paler: what need not catch the eye now, yet can be used.
+    // Draws it paler, to be less prominent while still usable.
     void setFaint(bool now);
     bool isFaint() const { return faint; }
 
-    // A ground behind the symbol says that it can be pressed.
+    // Adds a background, which shows that the symbol is a button.
     void showGround();
 
 protected:

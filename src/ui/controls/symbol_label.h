@@ -1,7 +1,9 @@
-// A symbol that only shows. Assistive programs pass it over.
+// A symbol without a function. Assistive technology ignores it.
 //
 // Units:   points.
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "ui/theme/theme.h"

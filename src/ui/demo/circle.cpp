@@ -1,4 +1,4 @@
-// One finger draws a circle, from the top once around.
+// One finger draws one full circle, starting at the top.
 #include "motions.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@ namespace glidemap::demo {
 namespace {
 
 constexpr double radius = 0.3;
-constexpr double squeeze = 0.72; // makes the circle look round although the pad is wider than high
+constexpr double squeeze = 0.72; // makes the circle look round on a pad that is wider than tall
 constexpr double top = -std::numbers::pi / 2;
 
 Point onTheCircle(double angle) {
@@ -18,7 +18,7 @@ Point onTheCircle(double angle) {
             padCenter.y + radius * std::sin(angle)};
 }
 
-// The arc so far, in pieces of 6 degrees of progress; two pieces of no length before it begins.
+// The arc so far, in steps of 6 degrees; two coinciding points before it begins.
 std::vector<Point> arc(double swept, double progress) {
     constexpr double piecesOfACircle = 60;
     const int pieces = std::max(static_cast<int>(std::floor(piecesOfACircle * progress)), 2);

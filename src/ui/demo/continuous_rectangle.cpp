@@ -8,16 +8,16 @@ namespace glidemap::demo {
 
 namespace {
 
-// Distances, in radii, from where the edges would meet, along an edge. They are those of the curve
-// x³ + y³ = 1 whose middle is the middle of the circular corner with this radius: its curvature
-// grows from nothing at the edge. Two Bézier curves, mirrored at the diagonal, follow it; the three
-// points on the edge are on one line, hence no curvature at its end.
-constexpr double leaves = 1.42;   // here the curve parts from the edge
-constexpr double pulls = 1.043;   // makes the curvature in the middle that of x³ + y³ = 1
-constexpr double points = 0.5858; // where the tangent in the middle crosses the edge
-constexpr double middle = 0.2929; // how far the middle is from both edges: 1 - 1/√2
+// Distances along an edge from the corner point, in radii. They follow the curve x³ + y³ = 1,
+// scaled to share its midpoint with the circular corner of this radius. The curvature of that curve
+// starts at zero at the edge. Two Bézier curves, mirrored at the diagonal, approximate it; their
+// three points on the edge are collinear, so their curvature there is zero.
+constexpr double leaves = 1.42;   // the curve leaves the edge here
+constexpr double pulls = 1.043;   // gives the midpoint the curvature of x³ + y³ = 1
+constexpr double points = 0.5858; // the tangent at the midpoint crosses the edge here
+constexpr double middle = 0.2929; // distance of the midpoint from both edges: 1 - 1/√2
 
-// From one edge to the next around a corner; the unit vectors lead away from it along either edge.
+// Adds one corner. The unit vectors `back` and `onwards` point away from it along the two edges.
 void addCorner(QPainterPath& path, QPointF corner, QPointF back, QPointF onwards, double radius) {
     const QPointF one = back * radius;
     const QPointF other = onwards * radius;

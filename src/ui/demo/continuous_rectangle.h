@@ -1,5 +1,5 @@
-// A rounded rectangle with continuous corners: the edges run into the curves without a jump in
-// curvature, so that no place can be seen where a straight line ends and an arc begins.
+// A rounded rectangle with continuous corners: curvature does not jump between edge and corner, so
+// the transition is invisible.
 //
 // Units:   those of the rectangle.
 // Thread:  any.

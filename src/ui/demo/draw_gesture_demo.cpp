@@ -17,7 +17,7 @@ constexpr double aspect = 1.45; // of the pad, width to height
 constexpr double faintest = 0.01;
 constexpr double trailWidth = 2;
 
-// So that the pad stands out from its ground at three to one.
+// Gives the pad a contrast of 3:1 to its background.
 constexpr double padOpacity = 0.7;
 
 QPen penOf(Role role, double opacity, double width) {
@@ -29,7 +29,7 @@ QPointF onThePad(const QRectF& pad, Point point) {
     return {pad.x() + point.x * pad.width(), pad.y() + point.y * pad.height()};
 }
 
-// The line lies within the pad, whose edge may be that of the view: none of it is cut off.
+// Strokes inside the pad's edge, which may be the view's edge and would clip the line.
 void drawPad(QPainter& painter, const QRectF& pad) {
     constexpr double line = 1.5;
     constexpr double half = line / 2;
@@ -39,7 +39,7 @@ void drawPad(QPainter& painter, const QRectF& pad) {
         continuousRectangle(pad.adjusted(half, half, -half, -half), 0.14 * pad.height() - half));
 }
 
-// Points that all coincide are a dot: a line of no length with its round ends.
+// A trail whose points all coincide is drawn as a dot, by the round caps of its line.
 void drawTrail(QPainter& painter, const QRectF& pad, const std::vector<Point>& trail) {
     if (trail.size() < 2) {
         return;

@@ -1,9 +1,9 @@
 // Draws one frame of a demonstration: the pad, the trail, the ring and the fingertips, in the
-// theme's colours of this moment.
+// current colours of the theme.
 //
 // Units:   the size in points; t in seconds since the start of the loop.
-// Thread:  the main thread; keeps nothing. The painter comes back as it was.
-// Errors:  none; nothing is drawn into no space.
+// Thread:  the main thread. Stateless; restores the painter's state.
+// Errors:  none; an empty size draws nothing.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -14,7 +14,7 @@ class QSizeF;
 
 namespace glidemap::demo {
 
-// The pad in a view of this size: as large as fits, in the middle.
+// The pad in a view of this size: as large as possible, centred.
 QRectF padIn(const QSizeF& size);
 
 void draw(GestureType gesture, double t, QPainter& painter, const QSizeF& size);

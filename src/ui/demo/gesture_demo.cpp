@@ -33,7 +33,7 @@ Frame frame(GestureType gesture, double t) {
 }
 
 double smoothstep(double x) {
-    const double clamped = x > 0 ? std::min(x, 1.0) : 0; // what is not a number, too, is 0
+    const double clamped = x > 0 ? std::min(x, 1.0) : 0; // also maps NaN to 0
     return clamped * clamped * (3 - 2 * clamped);
 }
 
@@ -44,7 +44,7 @@ double env(double t, double from, double to, double fade) {
 
 std::vector<Point> hand(int count, Point center, double spacing) {
     constexpr double droop = 0.018; // of the outer fingers, as on a real hand
-    constexpr double lift = 0.01;   // of the whole row, so that it looks centred all the same
+    constexpr double lift = 0.01;   // of the whole row, to center it visually
     std::vector<Point> fingertips;
     fingertips.reserve(static_cast<std::size_t>(std::max(count, 0)));
     for (int index = 0; index < count; ++index) {

@@ -1,10 +1,10 @@
-// The motion of the demonstrations: for each gesture and moment of its loop, where the fingertips
-// are on the pad, what they have drawn, and the ring of a press.
+// The motion of the demonstrations: the fingertips, the trail, and the ring of a press, for each
+// gesture and time in its loop.
 //
 // Units:   positions in pad units, 0..1 from the pad's left and top edges; a ring's radius in units
 //          of the pad's height; times in seconds since the start of the loop; opacities 0..1.
 // Thread:  any; pure functions.
-// Errors:  none. A time that is not a number is taken for the start of the loop.
+// Errors:  none. NaN as a time counts as the start of the loop.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -14,7 +14,7 @@
 
 namespace glidemap::demo {
 
-// The length of every loop, which all views run through together.
+// The length of each loop. All views run in phase.
 inline constexpr double loopDuration = 2.6;
 
 struct Point {
@@ -27,7 +27,7 @@ struct Point {
 struct Finger {
     Point position;
     double opacity = 1;
-    double scale = 1; // of its normal size
+    double scale = 1; // relative to the normal size
 };
 
 struct Ring {
@@ -44,14 +44,13 @@ struct Frame {
 
 Frame frame(GestureType gesture, double t);
 
-// How far a movement has come at this share of its time, which counts as 0..1: slow at both ends.
+// The progress of a movement with slow start and end. x is clamped to 0..1.
 double smoothstep(double x);
 
-// How far a finger has faded in: 0 outside the span, 1 once `fade` seconds lie between t and both
-// its ends.
+// The opacity of a finger: 0 outside the span, 1 at least `fade` seconds away from both its ends.
 double env(double t, double from, double to, double fade);
 
-// The fingertips of a hand, from left to right: in a row, the outer ones a little lower.
+// The fingertips of a hand, from left to right in a row. The outer ones are slightly lower.
 std::vector<Point> hand(int count, Point center, double spacing);
 
 } // namespace glidemap::demo

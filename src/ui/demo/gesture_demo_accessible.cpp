@@ -9,7 +9,7 @@ namespace glidemap::demo {
 
 namespace {
 
-// Asked for every kind of widget there is; nothing is for somebody else to answer.
+// Qt calls this factory for every widget class; nullptr leaves the widget to the other factories.
 QAccessibleInterface* accessibleDemo(const QString& /*className*/, QObject* object) {
     auto* const view = dynamic_cast<GestureDemoView*>(object);
     return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Animation);

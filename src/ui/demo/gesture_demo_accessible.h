@@ -1,12 +1,11 @@
-// Tells assistive technology that a demonstration is an animation; a plain widget would be an
-// unnamed pane to it.
+// Exposes a demonstration to assistive technology as an animation instead of an unnamed pane.
 //
 // Thread:  the main thread.
 #pragma once
 
 namespace glidemap::demo {
 
-// From now on; again is harmless.
+// Idempotent.
 void announceDemosAsAnimations();
 
 } // namespace glidemap::demo

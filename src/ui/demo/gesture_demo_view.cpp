@@ -70,7 +70,7 @@ void GestureDemoView::hideEvent(QHideEvent* /*event*/) {
     }
 }
 
-// A window that comes back from being minimised or covered is shown as it was, without a paint.
+// A window that is restored or uncovered may be shown without a paint event.
 bool GestureDemoView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange) {
         update();
@@ -86,7 +86,7 @@ double GestureDemoView::moment() const {
     return sinceTheLast < 0 ? sinceTheLast + demo::loopDuration : sinceTheLast;
 }
 
-// Pictures may be taken of what is not on the screen.
+// A widget that is not on the screen may still be rendered into an image.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
     return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed() &&

@@ -1,14 +1,16 @@
-// Shows how a gesture is made, in a loop without end: at most 40 frames a second while it can be
-// seen, none while it cannot, and one still frame where the user wants nothing to move.
+// Shows a gesture in an endless loop: at most 40 frames per second while visible, no frames while
+// invisible, and one still frame if the user prefers reduced motion.
 //
 // The loop follows the clock, so that all views show the same moment. Each frame that is painted
 // asks for the next one, in step with the screen: where nothing is painted (hidden, minimised, scrolled away, no frames asked
 // for by the desktop), no timer runs.
 //
-// Not reachable by Tab: there is nothing to do in it. To assistive technology it is an animation;
-// the owner gives it the gesture's name in the current language as its accessible name.
+// Tab skips the view, because it has no function. Assistive technology sees an animation; the owner
+// sets the gesture's name in the current language as its accessible name.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -24,7 +26,7 @@ namespace glidemap {
 
 class GestureDemoView : public QWidget {
 public:
-    // Seconds; the loop begins whenever they are a multiple of its length.
+    // Returns seconds. The loop starts at each multiple of its length.
     using Clock = std::function<double()>;
 
     explicit GestureDemoView(GestureType shown, QWidget* parent = nullptr,
@@ -33,7 +35,7 @@ public:
     void setGesture(GestureType shown);
     GestureType shownGesture() const { return gesture; }
 
-    // The wall clock, counted from the first of January 2001 in Greenwich.
+    // The wall-clock time since 2001-01-01 00:00 UTC.
     static double secondsSinceReferenceDate();
 
 protected:

@@ -1,4 +1,4 @@
-// The motions of the demonstrations, one for each category of gestures, and what they have in common.
+// The motions of the demonstrations, one per category of gestures, and their common parts.
 //
 // Units, Thread, Errors: as in gesture_demo.h.
 #pragma once
@@ -9,10 +9,10 @@ namespace glidemap::demo {
 
 inline constexpr Point padCenter = {0.5, 0.5};
 
-// Between the fingers of a hand that stays where it is.
+// The distance between the fingers of a hand that does not move.
 inline constexpr double restingSpacing = 0.16;
 
-// Fingers in these places, all alike.
+// Fingers at these positions with equal opacity and scale.
 std::vector<Finger> fingersAt(const std::vector<Point>& places, double opacity, double scale = 1);
 
 Frame circle(GestureType gesture, double t);

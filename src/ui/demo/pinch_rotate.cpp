@@ -1,4 +1,4 @@
-// Two fingers that move against each other: towards or away along a diagonal, or around a middle.
+// Two fingers that move in opposite directions: along a diagonal, or around a center.
 #include "motions.h"
 
 #include <cmath>
@@ -11,7 +11,7 @@ namespace {
 Frame pinch(bool closing, double t) {
     constexpr double widest = 0.3;
     constexpr double closest = 0.1;
-    constexpr double slope = 0.4; // of the diagonal, as thumb and forefinger lie
+    constexpr double slope = 0.4; // of the diagonal between thumb and forefinger
     const double moved = 0.2 * smoothstep((t - 0.5) / 1.1);
     const double half = closing ? widest - moved : closest + moved;
     const double opacity = env(t, 0.35, 1.95, 0.18);
@@ -24,9 +24,9 @@ Frame pinch(bool closing, double t) {
 Frame rotation(double turn, double t) {
     constexpr double radius = 0.22;
     constexpr double stretch = 1.1;
-    constexpr double furthest = 1.7453292519943295; // 100 degrees
+    constexpr double maxAngle = 1.7453292519943295; // 100 degrees
     constexpr double pi = std::numbers::pi;
-    const double turned = turn * furthest * smoothstep((t - 0.5) / 1.2);
+    const double turned = turn * maxAngle * smoothstep((t - 0.5) / 1.2);
     const double opacity = env(t, 0.35, 2.0, 0.18);
     const auto fingerAt = [&](double angle) {
         return Finger{{padCenter.x + radius * stretch * std::cos(angle),

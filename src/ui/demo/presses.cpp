@@ -1,4 +1,4 @@
-// Hands that press: a click sends out a ripple, a long press is counted by a ring that fills in.
+// Presses: a click shows a ripple, and a ring fills during a long press.
 #include "motions.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ std::optional<Ring> ripple(double t) {
     return std::nullopt;
 }
 
-// Pulses about once a second, and goes with the fingers.
+// Pulses about once a second, and fades with the fingers.
 std::optional<Ring> holdRing(double t, double fingerOpacity) {
     const double held = smoothstep((t - 0.6) / 1.3);
     if (held > 0 && fingerOpacity > 0) {

@@ -8,7 +8,7 @@ namespace glidemap::demo {
 
 namespace {
 
-// How much of a frame there is to see.
+// The visibility of a frame's parts.
 struct Clarity {
     double fingers = 0; // the sum of their opacities
     double drawn = 0;   // the length of the trail, and the ring's radius weighted with its opacity
@@ -36,7 +36,7 @@ Clarity clarityOf(const Frame& frame) {
 }
 
 bool atLeastAsClear(const Clarity& one, const Clarity& other) {
-    constexpr double alike = 1e-6; // rounding must not decide
+    constexpr double alike = 1e-6; // ignores rounding errors
     if (std::abs(one.fingers - other.fingers) > alike) {
         return one.fingers > other.fingers;
     }

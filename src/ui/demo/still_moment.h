@@ -1,7 +1,7 @@
-// The one moment of a gesture's loop that says most about it, for those who want nothing to move.
+// The most expressive moment of a gesture's loop, shown if the user prefers reduced motion.
 //
 // Units:   seconds since the start of the loop.
-// Thread:  any; a pure function, which looks at the whole loop each time.
+// Thread:  any; a pure function that samples the whole loop on each call.
 // Errors:  none.
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace glidemap::demo {
 
-// The latest moment, so that the motion is done, of those at which the fingers are most clearly to
-// be seen and, of these, the trail or the ring, too.
+// Prefers the moments with the most visible fingers, then those with the most visible trail and
+// ring. Returns the latest of them, because the motion is then complete.
 double stillMoment(GestureType gesture);
 
 } // namespace glidemap::demo

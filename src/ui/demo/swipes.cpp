@@ -1,4 +1,4 @@
-// Fingers that travel in a straight line: hands across the pad, single fingers in from an edge.
+// Fingers that move in a straight line: hands across the pad, single fingers in from an edge.
 #include "motions.h"
 
 #include <cmath>
@@ -7,7 +7,7 @@ namespace glidemap::demo {
 
 namespace {
 
-// Before the travel has come this far there is no trail to see.
+// A shorter movement has no trail.
 constexpr double trailBegins = 0.02;
 
 Point stepTowards(GestureDirection direction) {
@@ -51,7 +51,7 @@ Frame swipe(GestureType gesture, double t) {
     constexpr double length = 0.34;
     const int count = fingerCount(gesture);
     const Point step = stepTowards(direction(gesture));
-    // Side by side, the fingers of a hand that moves sideways are closer together.
+    // The fingers of a hand that moves sideways are closer together.
     const double spacing = std::abs(step.x) > 0.5 ? 0.11 : restingSpacing;
 
     const double progress = smoothstep(t - 0.5);

@@ -1,4 +1,4 @@
-// Fingers that land and leave again where they are: they appear large and shrink onto the pad.
+// Fingers that land and lift in place: they appear enlarged and shrink onto the pad.
 #include "motions.h"
 
 #include <algorithm>
@@ -13,7 +13,8 @@ struct Window {
     double end;
 };
 
-// How far the fingers are down: fully after a tenth of a second, and until a tenth before the end.
+// How far the fingers are down: fully from 0.1 s after the start until 0.1 s before the end of a
+// window.
 double pressLevel(double t, std::initializer_list<Window> windows) {
     constexpr double fade = 0.1;
     double level = 0;
@@ -30,7 +31,7 @@ Frame landingHand(int count, double level) {
             .ring = {}};
 }
 
-// A single finger falls from a little higher.
+// A single finger starts slightly larger.
 Finger landingFinger(Point where, double level) {
     return {where, level, 1 + 0.3 * (1 - level)};
 }

@@ -9,7 +9,7 @@ std::string label(ActionKind kind, const Lang& lang) {
     case ActionKind::lockScreen:
         return lang.choose("Lock Screen", "锁定屏幕");
     case ActionKind::missionControl:
-        return "Mission Control"; // a name, which is not translated
+        return "Mission Control"; // a product name, not translated
     case ActionKind::launchApp:
         break;
     }

@@ -1,6 +1,6 @@
-// The kinds of action that a binding can have, in the order in which they are offered.
+// The kinds of action that a binding can have, in the order of the menu.
 //
-// Thread:  any; a label is in the language at the moment of the call.
+// Thread:  any. A label is in the interface language at the time of the call.
 // Errors:  none.
 #pragma once
 

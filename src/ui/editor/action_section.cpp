@@ -35,7 +35,7 @@ ActionSection::ActionSection(BindingDraft& shown, const Workspace& desktop,
 void ActionSection::addRows() {
     addRow(kindsLabel, kinds);
     recorderPlace = addWidget(recorder);
-    // The recorder brings the room for its ring, which the row has, too.
+    // Both the recorder and the row have a margin for the focus ring; this removes one of them.
     constexpr QMargins ring(0, style::ringMargin, style::ringMargin, style::ringMargin);
     recorderPlace->layout()->setContentsMargins(recorderPlace->layout()->contentsMargins() - ring);
     targetPlace = addRow(targetLabel, target);

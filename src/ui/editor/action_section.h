@@ -1,7 +1,7 @@
-// The editor's section on the action: its kind, and what that kind needs to know.
+// The editor's section for the action: its kind and the parameter of that kind.
 //
 // Thread:  the main thread.
-// Owner:   the editor; the draft and what the rest names outlive it.
+// Owner:   the editor. The draft and the other arguments outlive it.
 // Errors:  none.
 #pragma once
 
@@ -31,7 +31,7 @@ public:
     // Called when the user has changed the draft.
     std::function<void()> onEdit;
 
-    // Shows the draft, in the current language.
+    // Updates the controls from the draft and the interface language.
     void refresh();
 
     std::vector<QLabel*> pickerLabels() const { return {kindsLabel, targetLabel}; }
@@ -49,7 +49,7 @@ private:
     ShortcutRecorderView* recorder;
     ApplicationPicker* target;
     QLabel* targetLabel;
-    QLabel* noOverview; // where the desktop has none
+    QLabel* noOverview; // visible if the desktop has no overview
     QWidget* recorderPlace = nullptr;
     QWidget* targetPlace = nullptr;
     QWidget* noOverviewPlace = nullptr;

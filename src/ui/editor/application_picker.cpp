@@ -104,7 +104,7 @@ void ApplicationPicker::pick(int index) {
     }
 }
 
-// What stands for none is no choice, and does not look like one.
+// Draws the text for "no application" as a placeholder.
 void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
     Picker::initStyleOption(option);
     if (currentIndex() == 0) {
@@ -123,7 +123,7 @@ void ApplicationPicker::showEvent(QShowEvent* event) {
     Picker::showEvent(event);
 }
 
-// Arrows and letters choose without opening the list.
+// Arrow keys and letters change the choice without opening the list.
 void ApplicationPicker::keyPressEvent(QKeyEvent* event) {
     reload();
     Picker::keyPressEvent(event);

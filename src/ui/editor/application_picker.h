@@ -1,10 +1,10 @@
 // Picks one of the running applications, or none. They have their icons where the workspace knows them.
 //
-// A chosen application that does not run is no entry, and cannot be picked again once another is.
-// Until then the picker shows its name, and keeps it.
+// A chosen application that is not running has no entry in the list. The picker keeps it and shows
+// its name until the user picks another one.
 //
 // Thread:  the main thread.
-// Owner:   its parent; the workspace and the language outlive it.
+// Owner:   its parent. The workspace and the language outlive it.
 // Errors:  none.
 #pragma once
 
@@ -21,18 +21,18 @@ namespace glidemap {
 
 class ApplicationPicker : public Picker {
 public:
-    // Which applications are offered, as the workspace knows them now.
+    // Returns the applications to offer, from the workspace's current state.
     using Offer = std::function<std::vector<RunningApp>(const Workspace&)>;
 
     ApplicationPicker(const Workspace& asked, Offer offered, Lang& language,
                       QWidget* parent = nullptr);
 
-    void setSelection(std::optional<RunningApp> selection); // announces nothing
+    void setSelection(std::optional<RunningApp> selection); // does not call onPick
 
-    // Called when the user has picked.
+    // Called when the user picks an entry.
     std::function<void(const std::optional<RunningApp>&)> onPick;
 
-    // Asks anew which applications run. It does so by itself before it is used.
+    // Updates the list of running applications. The picker also does so before each use.
     void reload();
 
     void showPopup() override;
@@ -51,7 +51,7 @@ private:
     const Offer offer;
     Lang& lang;
     std::optional<RunningApp> selected;
-    std::vector<RunningApp> apps; // the entries behind the first, which stands for none
+    std::vector<RunningApp> apps; // the entries after the first, which stands for "none"
     Subscription toLanguage;
 };
 

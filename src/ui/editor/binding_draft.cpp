@@ -12,7 +12,7 @@ std::optional<RunningApp> appOf(const Kind& holder) {
     return RunningApp{.bundleID = holder.bundleID, .name = holder.name};
 }
 
-// One for each kind of action.
+// Loads the fields of one kind of action per overload.
 struct LoadAction {
     BindingDraft& draft;
 

@@ -1,11 +1,11 @@
-// What the editor's fields hold, and what becomes of them: a binding, once they are complete.
+// The values of the editor's fields, and the binding that they make once they are complete.
 //
-// A field that the chosen kinds do not use keeps its value, so that choosing another kind and coming
-// back loses nothing; it is not saved.
+// A field that the chosen kinds do not use keeps its value but is not saved. So switching the kind
+// back and forth loses nothing.
 //
 // Thread:  any; a plain value.
 // Owner:   the editor.
-// Errors:  an incomplete draft makes nothing.
+// Errors:  an incomplete draft returns nullopt.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -26,21 +26,22 @@ struct BindingDraft {
     ScopeKind scopeKind = ScopeKind::global;
     std::optional<RunningApp> scopeApp;
 
-    // Takes over an existing binding; fields that it has nothing for keep their values.
+    // Loads an existing binding. Fields that the binding does not have keep their values.
     void load(const GestureBinding& binding);
 
     bool isValid() const { return missing() == Missing::nothing; }
 
-    // The first thing that is needed for it to be saved, in the order of the form.
+    // The first missing field, in the order of the form.
     enum class Missing { nothing, shortcut, launchTarget, scopeApp };
     Missing missing() const;
 
-    // None while what they need is missing.
+    // Returns nullopt while the field of the chosen kind is missing.
     std::optional<BindingAction> action() const;
     std::optional<BindingScope> scope() const;
 
-    // The list with the draft in it: in the place of the edited binding, which keeps its identifier
-    // and stays enabled or not; else, also if that is no longer there, as a new one at the end.
+    // Returns the list with the draft in the place of the edited binding, which keeps its
+    // identifier and its enabled state. If the list does not contain that binding, or for a new
+    // one, appends it.
     std::optional<BindingList> writtenInto(BindingList list,
                                            const std::optional<Uuid>& edited) const;
 };

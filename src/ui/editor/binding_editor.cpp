@@ -66,7 +66,7 @@ BindingEditor::BindingEditor(const Services& given, std::optional<GestureBinding
     connect(cancelButton, &QPushButton::clicked, this, [this] { leave(); });
     connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
     toLanguage = services.lang.changes().subscribe({}, [this] { retitle(); });
-    // After the sections, which have observed it for longer, have dressed their labels.
+    // Subscribed after the sections, so that they have updated their labels first.
     toTheme = Theme::shared().changes().subscribe({}, [this] { alignPickers(); });
     retitle();
     setFocusProxy(gestureSection->firstControl());
@@ -106,7 +106,7 @@ QWidget* BindingEditor::makeForm() {
     for (QWidget* const section :
          std::initializer_list<QWidget*>{gestureSection, actionSection, scopeSection}) {
         sections->addWidget(section);
-        sections->addStretch(1); // spare height is spread
+        sections->addStretch(1); // extra height goes between the sections
     }
     return form;
 }
@@ -127,7 +127,7 @@ QWidget* BindingEditor::makeButtons() {
     return buttons;
 }
 
-// Assigning the store's list is what saves it.
+// Assigning the store's list saves it.
 void BindingEditor::save() {
     std::optional<BindingList> list = draft.writtenInto(
         *services.store.bindings(), existing ? std::optional(existing->id) : std::nullopt);
@@ -144,8 +144,8 @@ void BindingEditor::leave() {
     }
 }
 
-// Here end the keys that no control has wanted. Return that is still held from opening the sheet
-// does not save it, nor does Escape that is still held from closing a list cancel it.
+// Handles keys that no control accepted. Auto-repeat is ignored: a Return that opened the sheet
+// must not save it, and an Escape that closed a list must not cancel it.
 void BindingEditor::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:
@@ -176,7 +176,7 @@ void BindingEditor::retitle() {
     title->setText(toQt(existing ? lang.choose("Edit Binding", "编辑绑定")
                                  : lang.choose("Add Binding", "添加绑定")));
     setAccessibleName(title->text());
-    setWindowTitle(title->text()); // which the sheet takes over
+    setWindowTitle(title->text()); // the sheet uses it as its own title
     gestureSection->refresh();
     actionSection->refresh();
     scopeSection->refresh();
@@ -190,7 +190,7 @@ void BindingEditor::retitle() {
     refreshSave();
 }
 
-// Their labels are of one width, the widest one's, so that the pickers stand below each other.
+// Gives all labels the width of the widest one, which aligns the pickers.
 void BindingEditor::alignPickers() {
     std::vector<QLabel*> labels;
     for (const std::vector<QLabel*>& some :
@@ -200,7 +200,7 @@ void BindingEditor::alignPickers() {
     }
     int widest = 0;
     for (QLabel* const label : labels) {
-        label->setMinimumWidth(0); // or it would ask for what it was given last
+        label->setMinimumWidth(0); // resets the previous minimum, which would affect the size hint
         widest = std::max(widest, label->sizeHint().width());
     }
     for (QLabel* const label : labels) {

@@ -1,9 +1,9 @@
-// The content of the sheet in which one binding is made or changed: a gesture, an action with its
-// parameter, and a scope.
+// The content of the sheet that creates or edits one binding: gesture, action with parameter, and
+// scope.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the sheet; what the services name outlives it.
+// Owner:   the sheet. The objects in `services` outlive it.
 // Errors:  none are shown: an incomplete form cannot be saved.
 #pragma once
 
@@ -39,7 +39,7 @@ public:
 
     static constexpr QSize sheetSize{460, 640};
 
-    // Without an existing binding a new one is made.
+    // Without an existing binding it creates a new one.
     BindingEditor(const Services& services, std::optional<GestureBinding> existing,
                   QWidget* parent = nullptr);
 
@@ -47,10 +47,11 @@ public:
 
     bool isValid() const { return draft.isValid(); }
 
-    // Writes the binding to the store and dismisses; does nothing while it is not valid.
+    // Writes the binding to the store and dismisses the sheet; does nothing while the form is
+    // incomplete.
     void save();
 
-    // Called when the sheet has done its work, or is to go without.
+    // Called after saving or cancelling.
     std::function<void()> dismiss;
 
 protected:

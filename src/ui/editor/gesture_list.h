@@ -25,7 +25,7 @@ public:
 
     std::function<void(GestureType)> onChoose;
 
-    // Called when Tab is pressed: the user wants to go on.
+    // Called when Tab is pressed, to move the focus on.
     std::function<void()> onLeave;
 
 private:

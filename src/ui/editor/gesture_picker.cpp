@@ -92,7 +92,7 @@ void GesturePicker::hideEvent(QHideEvent* event) {
     Picker::hideEvent(event);
 }
 
-// All others are left to the sheet: Return saves, Escape cancels.
+// Leaves other keys to the sheet: Return saves, Escape cancels.
 void GesturePicker::keyPressEvent(QKeyEvent* event) {
     if (opens(event->key())) {
         showPopup();

@@ -1,8 +1,8 @@
-// Picks one of the gestures. It looks like any picker, and opens the list by category with its
-// search, inside the sheet; a letter typed on it opens the list with the search begun.
+// Picks a gesture. It looks like other pickers, and opens the searchable list by category within
+// the sheet. A typed letter opens the list and starts the search.
 //
 // Thread:  the main thread.
-// Owner:   its parent; the language outlives it.
+// Owner:   its parent. The language outlives it.
 // Errors:  none.
 #pragma once
 
@@ -22,9 +22,9 @@ public:
     ~GesturePicker() override;
 
     GestureType gesture() const;
-    void setGesture(GestureType gesture); // announces nothing
+    void setGesture(GestureType gesture); // does not call onPick
 
-    // Called when the user has picked another.
+    // Called when the user picks another gesture.
     std::function<void(GestureType)> onPick;
 
     void showPopup() override;

@@ -1,8 +1,7 @@
-// Finds gestures by what somebody types: the words of their names and of their categories, in either
-// language, whichever the interface has.
+// Finds gestures by the words of their names and categories, in both languages.
 //
 // Thread:  any.
-// Errors:  none; what nothing matches finds nothing.
+// Errors:  none; without a match the result is empty.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -12,7 +11,7 @@
 
 namespace glidemap {
 
-// Never empty.
+// A category and its matches; never empty.
 struct FoundGestures {
     GestureCategory category{};
     std::vector<GestureType> gestures;
@@ -20,8 +19,8 @@ struct FoundGestures {
     friend bool operator==(const FoundGestures&, const FoundGestures&) = default;
 };
 
-// All of them for a text without words, in the catalogue's order. Each word must be found somewhere;
-// upper and lower case are one.
+// Returns the gestures that match every word, ignoring case, in the catalogue's order. A text
+// without words returns all gestures.
 std::vector<FoundGestures> findGestures(std::string_view text);
 
 } // namespace glidemap

@@ -1,7 +1,7 @@
-// The editor's section on the gesture: the picker, how the gesture is made, and what to mind.
+// The editor's section for the gesture: the picker, the demonstration, and advice.
 //
 // Thread:  the main thread.
-// Owner:   the editor; the draft and the language outlive it.
+// Owner:   the editor. The draft and the language outlive it.
 // Errors:  none.
 #pragma once
 
@@ -26,7 +26,7 @@ public:
     // Called when the user has changed the draft.
     std::function<void()> onEdit;
 
-    // Shows the draft, in the current language.
+    // Updates the controls from the draft and the interface language.
     void refresh();
 
     QWidget* firstControl() const;

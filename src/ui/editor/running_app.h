@@ -1,4 +1,4 @@
-// An application that can be chosen: what a binding keeps of it.
+// An application that the user can choose, with the fields that a binding stores.
 //
 // Thread:  any; a plain value.
 // Errors:  none.
@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// The identifier says which application it is. Equal only if both are.
+// Two values are equal only if identifier and name are equal.
 struct RunningApp {
     std::string bundleID;
     std::string name;

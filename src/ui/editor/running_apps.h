@@ -1,7 +1,7 @@
-// The applications that the editor offers: those that run and have both an identifier and a name.
+// The applications that the editor offers: running ones with an identifier and a name.
 //
 // Thread:  the main thread.
-// Errors:  none; an application that lacks either is left out.
+// Errors:  none; an application without either is omitted.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -11,11 +11,12 @@
 
 namespace glidemap {
 
-// By name, as the user's locale sorts and without regard to case; equal names in the order in which
-// the workspace has them. Computed anew at each call.
+// Sorted by name in the user's locale, ignoring case; equal names keep the workspace's order. Not
+// cached.
 std::vector<RunningApp> runningApps(const Workspace& workspace);
 
-// Those of them that can be launched: a window without an installed application cannot be opened again.
+// Only the applications that can be launched: a window without an installed application cannot be
+// reopened.
 std::vector<RunningApp> launchableApps(const Workspace& workspace);
 
 } // namespace glidemap

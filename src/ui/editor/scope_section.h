@@ -1,7 +1,7 @@
-// The editor's section on the scope: everywhere, or in one application.
+// The editor's section for the scope: everywhere, or one application.
 //
 // Thread:  the main thread.
-// Owner:   the editor; the draft and what the rest names outlive it.
+// Owner:   the editor. The draft and the other arguments outlive it.
 // Errors:  none.
 #pragma once
 
@@ -28,7 +28,7 @@ public:
     // Called when the user has changed the draft.
     std::function<void()> onEdit;
 
-    // Shows the draft, in the current language.
+    // Updates the controls from the draft and the interface language.
     void refresh();
 
     std::vector<QLabel*> pickerLabels() const { return {appLabel}; }

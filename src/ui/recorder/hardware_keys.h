@@ -1,7 +1,7 @@
-// Port: which key of the keyboard a window system's key event comes from.
+// Port: maps a window system's key event to the physical key of the keyboard.
 //
 // Thread:  the main thread.
-// Errors:  a key that has no virtual key code is answered with nothing.
+// Errors:  returns nullopt for a key without a virtual key code.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace glidemap {
 
 class HardwareKeys {
 public:
-    // As the window system gives them; each home looks at what it understands.
+    // Native codes of the window system; each platform reads those that it understands.
     struct NativeKey {
         std::uint32_t scanCode = 0;
         std::uint32_t virtualKey = 0;

@@ -51,8 +51,7 @@ void KeyMonitor::removeIfDone() {
     }
 }
 
-// A key is the same one by its place, whatever it means while a modifier is held. Only events that
-// no keyboard has made do not know theirs.
+// Identifies a key by its scan code, which modifiers do not change. Synthetic events have none.
 KeyMonitor::Key KeyMonitor::keyOf(const QKeyEvent& event) {
     const std::uint32_t scanCode = event.nativeScanCode();
     return {scanCode, scanCode != 0 ? 0 : event.key()};
@@ -62,7 +61,7 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
         if (takesOverride(*static_cast<QKeyEvent*>(event))) {
-            event->accept(); // as a key of ours, and not as anybody's shortcut
+            event->accept(); // as a key of the monitor, not as a shortcut
             return true;
         }
         return false;
@@ -77,7 +76,7 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
 }
 
-// Window systems differ in whether a modifier's own event counts it already.
+// Window systems differ in whether a modifier's own event includes it in the modifiers.
 void KeyMonitor::tellModifiers(const QKeyEvent& event) const {
     if (!running || !onModifiers || event.isAutoRepeat()) {
         return;
@@ -87,7 +86,7 @@ void KeyMonitor::tellModifiers(const QKeyEvent& event) const {
     onModifiers(held);
 }
 
-// Comes before the press, and asks whether the press may become a shortcut.
+// Precedes the press and asks whether the press may become a shortcut.
 bool KeyMonitor::takesOverride(const QKeyEvent& event) const {
     return running || (event.isAutoRepeat() && taken.contains(keyOf(event)));
 }
@@ -97,7 +96,7 @@ bool KeyMonitor::takesPress(const QKeyEvent& event) {
         return running || taken.contains(keyOf(event));
     }
     if (!running) {
-        taken.erase(keyOf(event)); // its release went elsewhere
+        taken.erase(keyOf(event)); // another program received its release
         removeIfDone();
         return false;
     }

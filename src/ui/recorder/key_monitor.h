@@ -1,14 +1,14 @@
-// Takes every key press that reaches the program, before any of its windows sees it.
+// Captures every key press in the program before its windows receive it.
 //
-// What belongs to a press goes the same way: its repetitions and its release are swallowed, too,
-// also when the monitor has been stopped meanwhile, or else holding Return a moment too long would
-// press the default button. Repetitions of a key that was held before are swallowed while the
-// monitor runs, and tell nothing: whoever started it with that key has not let go yet.
+// The monitor also swallows the repetitions and the release of a captured press, even after it has
+// stopped. Otherwise a Return that is held a moment too long would press the default button. It
+// swallows repetitions of keys that were pressed before it started, but does not report them: the
+// key that started it may still be down.
 //
 // Thread:  the main thread.
-// Owner:   who wants the keys. When it goes, the keys are everybody's again.
-// Errors:  none. A release that never comes, because another program has got it, is not waited for:
-//          the key's next press is a new one.
+// Owner:   the recorder of the keys. After its destruction, key events are delivered normally.
+// Errors:  none. A release may be missing because another program received it. The monitor does not
+//          wait for it, and the next press of that key is a new one.
 #pragma once
 
 #include <QObject>
@@ -23,18 +23,18 @@ namespace glidemap {
 
 class KeyMonitor : public QObject {
 public:
-    // Called with each press, modifier keys among them, while the monitor runs.
+    // Called with each press, including modifier keys, while the monitor runs.
     std::function<void(const QKeyEvent&)> onPress;
 
-    // Called with what is held after each press and release of a key, while the monitor runs.
+    // Called with the held modifiers after each press and release, while the monitor runs.
     std::function<void(Qt::KeyboardModifiers)> onModifiers;
 
     void start();
 
-    // Leaves alone what comes from now on, but for the rest of the presses that were taken.
+    // Ignores new presses, but still swallows the rest of captured ones.
     void stop();
 
-    // The same without the rest.
+    // Like stop(), but also forgets captured presses.
     void remove();
 
     bool isInstalled() const { return installed; }
@@ -52,7 +52,7 @@ private:
     bool takesRelease(const QKeyEvent& event);
     void removeIfDone();
 
-    std::set<Key> taken; // pressed, and not released yet
+    std::set<Key> taken; // pressed and not yet released
     bool running = false;
     bool installed = false;
 };

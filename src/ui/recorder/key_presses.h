@@ -1,9 +1,9 @@
-// Port: the key presses that reach the program, taken before any of its windows sees them.
+// Port: captures the key presses in the program before its windows receive them.
 //
 // Thread:  the main thread.
-// Owner:   the program, shared with whoever records a shortcut. One records at a time, and abandons
-//          the keys before it goes.
-// Errors:  a key that has no virtual key code is told without one, and taken all the same.
+// Owner:   the program; shared with the shortcut recorders. One recorder uses it at a time, and
+//          calls abandon() before its destruction.
+// Errors:  a key without a virtual key code is captured and reported without a code.
 #pragma once
 
 #include <cstdint>
@@ -17,10 +17,10 @@ namespace glidemap {
 class KeyPresses {
 public:
     struct Press {
-        std::optional<std::uint16_t> keyCode; // the hardware's, as shortcuts store it
+        std::optional<std::uint16_t> keyCode; // of the hardware, as stored in shortcuts
 
-        // The device-independent ones, in the bits of the system's event flags; Caps Lock and the
-        // like among them, which shortcuts do not store.
+        // Device-independent modifiers, in the bits of the system's event flags. They include Caps
+        // Lock and similar flags, which shortcuts do not store.
         std::uint64_t flags = 0;
 
         friend bool operator==(const Press&, const Press&) = default;
@@ -31,16 +31,16 @@ public:
     KeyPresses& operator=(const KeyPresses&) = delete;
     virtual ~KeyPresses() = default;
 
-    // The handler is told of each press from now on. It may stop this.
-    // Called while it runs with the modifiers that are held now, in the bits of a shortcut. Not every home can tell.
+    // Called with the held modifiers, in the bits of a shortcut, between start() and stop(). Not
+    // every platform can report them.
     std::function<void(std::uint64_t)> onModifiers;
 
     virtual void start(std::function<void(const Press&)> handler) = 0;
 
-    // Leaves alone what comes from now on, but for what belongs to a press that was taken.
+    // Ignores new presses, but still swallows the rest of captured ones.
     virtual void stop() = 0;
 
-    // The same without the rest of a press.
+    // Like stop(), but also forgets captured presses.
     virtual void abandon() { stop(); }
 
     // Borrows the keys that the desktop keeps for itself for this window, which has the focus; null

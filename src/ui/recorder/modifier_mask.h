@@ -1,5 +1,4 @@
-// The modifiers of a key press as a shortcut stores them: Shift, Control, Option and Command, and no
-// other.
+// Converts Qt modifiers to those that a shortcut stores: Shift, Control, Option and Command.
 //
 // Thread:  the main thread.
 // Errors:  none.
@@ -10,7 +9,7 @@
 
 namespace glidemap {
 
-// Where Qt's names are those of the keys: on a Mac it says Control for Command.
+// For platforms on which Qt names the actual keys. On macOS, Qt reports Command as Control.
 std::uint64_t modifierMask(Qt::KeyboardModifiers modifiers);
 
 } // namespace glidemap

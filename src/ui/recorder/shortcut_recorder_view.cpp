@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::uint16_t escape = 53;
 
-// Those that a press has beside the keys that are held: Caps Lock's, and what kind of key it is.
+// Masks out other flags of a press: Caps Lock, and flags that depend on the key.
 constexpr std::uint64_t storedModifiers =
     modifier::shift | modifier::control | modifier::option | modifier::command;
 
@@ -38,7 +38,7 @@ ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresse
     chooseButton->setObjectName("chooseShortcut");
     label->setBuddy(button);
     auto* row = new QHBoxLayout(this);
-    // The ring of the focus lies outside of the button's shape, and has its place here.
+    // The focus ring lies outside the button's shape, within this margin.
     row->setContentsMargins(0, style::ringMargin, style::ringMargin, style::ringMargin);
     row->addWidget(label);
     row->addStretch();
@@ -116,7 +116,7 @@ void ShortcutRecorderView::take(const KeyPresses::Press& press) {
         retitle();
         return;
     }
-    // With Caps Lock on, Escape is not alone.
+    // With Caps Lock on, this is not Escape alone.
     if (*press.keyCode == escape && press.flags == 0) {
         stopRecording();
         return;
@@ -184,7 +184,7 @@ void ShortcutRecorderView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-// For each text that it may have: it must not jump when recording starts and ends.
+// Wide enough for each of its texts, so that its width is constant when recording starts and ends.
 void ShortcutRecorderView::makeButtonWideEnough() {
     const QFontMetrics letters = button->fontMetrics();
     int widest = smallestLabel;
@@ -193,7 +193,7 @@ void ShortcutRecorderView::makeButtonWideEnough() {
     }
     QStyleOptionButton option;
     option.initFrom(button);
-    option.text = button->text(); // without one it would be measured as a symbol
+    option.text = button->text(); // an empty text would be measured as an icon button
     button->setFixedWidth(
         button->style()
             ->sizeFromContents(QStyle::CT_PushButton, &option, {widest, letters.height()}, button)
@@ -225,7 +225,7 @@ QString ShortcutRecorderView::buttonText() const {
 void ShortcutRecorderView::retitle() {
     label->setText(toQt(lang.choose("Shortcut", "快捷键")));
     const QString text = buttonText();
-    button->setText(QString(text).replace('&', "&&")); // no mnemonic
+    button->setText(QString(text).replace('&', "&&")); // escapes the mnemonic
     const bool showsShortcut = recorded && !recording;
     button->setAccessibleName(showsShortcut ? toQt(spokenShortcut(*recorded, lang)) : text);
     button->setToolTip(showsShortcut ? toQt(writtenShortcut(*recorded)) : QString());

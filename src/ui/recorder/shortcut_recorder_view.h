@@ -7,8 +7,8 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its parent. While it goes, or is hidden, recording stops.
-// Errors:  none. A key that has no virtual key code is swallowed, and the recorder goes on waiting.
+// Owner:   its parent. Recording stops when the row is hidden or destroyed.
+// Errors:  none. A key without a virtual key code is swallowed, and recording continues.
 #pragma once
 
 #include "bindings/key_shortcut.h"
@@ -40,7 +40,7 @@ public:
     ~ShortcutRecorderView() override;
 
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
-    void setShortcut(std::optional<KeyShortcut> shortcut); // announces nothing
+    void setShortcut(std::optional<KeyShortcut> shortcut); // does not call onRecord
 
     // Called when the user has recorded or chosen one.
     std::function<void(const KeyShortcut&)> onRecord;
@@ -81,10 +81,10 @@ private:
     QPointer<Popover> chooser;
     QTimer loan; // of the desktop's own keys
     std::optional<KeyShortcut> recorded;
-    std::uint64_t held = 0; // of the modifiers, while it records
+    std::uint64_t held = 0; // modifiers, while recording
     bool recording = false;
-    bool refusedKey = false;  // the last press was of a key that shortcuts cannot name
-    bool mayHoldKeys = false; // has started since it let go last
+    bool refusedKey = false;  // the last key has no code that a shortcut can store
+    bool mayHoldKeys = false; // has called start() since the last letGo()
     Subscription toLanguage;
 };
 

@@ -11,11 +11,11 @@ namespace {
 
 constexpr std::uint64_t capsLock = 0x10000;
 
-// The places of Shift, Control, Option, Command, Caps Lock and Fn on both sides of the keyboard.
+// The virtual key codes of Shift, Control, Option, Command, Caps Lock and Fn, left and right.
 constexpr std::uint16_t firstModifierKey = 54;
 constexpr std::uint16_t lastModifierKey = 63;
 
-// A layout may have made a modifier of any other key.
+// A layout can turn any other key into a modifier.
 bool actsAsModifier(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -89,7 +89,7 @@ void ToolkitKeyPresses::press(const QKeyEvent& event) const {
         return;
     }
     const std::uint64_t lock = keys->capsLock(native) ? capsLock : 0;
-    const auto tell = told; // which may be another's before it has returned
+    const auto tell = told; // the call may replace the handler
     tell({.keyCode = keyCode, .flags = modifierMask(event.modifiers()) | lock});
 }
 

@@ -1,10 +1,10 @@
-// The key presses as the toolkit tells them, for a home whose window system has no better way.
+// Key presses as Qt reports them, for a platform whose window system has no better source.
 //
-// A modifier alone is not told: it may still be held for the key that is meant, and a layout may
-// have made one of any key.
+// A modifier press alone is not reported: the user may hold it for the next key. A layout can make
+// any key a modifier.
 //
-// Thread:  the main thread, within the application object's life.
-// Owner:   the program; whatever knows the keys goes with it.
+// Thread:  the main thread, within the lifetime of the application object.
+// Owner:   the program. It owns the HardwareKeys.
 // Errors:  as the port has them.
 #pragma once
 

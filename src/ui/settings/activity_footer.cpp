@@ -36,7 +36,7 @@ ActivityFooter::ActivityFooter(QWidget* parent)
     layout->addStretch(1);
 }
 
-// What a gesture did says more than where: of a narrow line the application has its share only.
+// The action matters more than the application, which gets only a share of a narrow line.
 void ActivityFooter::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     application->setMaximumWidth(width() / applicationShare);

@@ -1,10 +1,10 @@
-// The line at the bottom that shows what was recognised last, so that the user sees that the
-// trackpad is listened to, also before there is a binding.
+// The line at the bottom that shows the last recognised gesture. It shows the user that the
+// trackpad works, even before the first binding.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings view, which tells it what to show.
-// Errors:  none. What is too long for the window is elided, but never the gesture.
+// Owner:   the settings view, which sets its content.
+// Errors:  none. Long texts are elided, except the gesture.
 #pragma once
 
 #include "core/lang.h"
@@ -21,7 +21,7 @@ class ActivityFooter : public QWidget {
 public:
     explicit ActivityFooter(QWidget* parent = nullptr);
 
-    // Null stands for nothing yet.
+    // Null: no gesture yet.
     void display(const GestureLogEntry* newest, const Lang& lang);
 
 protected:

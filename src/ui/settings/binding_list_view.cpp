@@ -22,7 +22,7 @@ constexpr int inset = 6; // keeps the rows off the card's round corners
 constexpr double cornerRadius = 10;
 constexpr int line = 1; // of the card
 
-// Beyond what can be seen, so that Tab finds the next row before it is seen.
+// Rows beyond the visible ones, so that Tab finds the next row before it is visible.
 constexpr std::size_t rowsAhead = 2;
 
 bool isByKeyboard(Qt::FocusReason reason) {
@@ -32,7 +32,7 @@ bool isByKeyboard(Qt::FocusReason reason) {
 
 } // namespace
 
-// What the rows lie on, with thin lines between them.
+// The background of the rows, with thin lines between them.
 class BindingListView::Ground : public QWidget {
 protected:
     void paintEvent(QPaintEvent* event) override {
@@ -64,7 +64,7 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     describeListsToAssistance();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);
-    // It takes what the notices leave, and leaves them what they need.
+    // Takes the height that the notices leave, and never shrinks them.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     setMinimumHeight(BindingRows::step() / 2);
     area->setFrameShape(QFrame::NoFrame);
@@ -76,7 +76,7 @@ BindingListView::BindingListView(const Lang& language, QWidget* parent)
     area->installEventFilter(this);
     area->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(inset, line, inset, line); // rows go as far as the card does
+    layout->setContentsMargins(inset, line, inset, line); // rows extend to the card's edge
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         present.closePreviews();
@@ -95,7 +95,7 @@ BindingRows::Callbacks BindingListView::whatRowsAsk() {
         [this](const GestureBinding& binding) { onDelete(binding); },
         [this](std::size_t index, Qt::FocusReason reason) {
             select(index);
-            // Under the mouse it stays where it is, or the click would miss it.
+            // Never scrolls under the mouse, or the click would miss its row.
             if (isByKeyboard(reason)) {
                 scrollTo(index);
             }
@@ -139,7 +139,7 @@ void BindingListView::setMuted(bool now) {
     }
 }
 
-// Makes the rows that come into sight, and lets go of those that went.
+// Creates the rows that have become visible, and discards those that have not.
 void BindingListView::layOut() {
     if (bindings == nullptr) {
         return;
@@ -250,7 +250,7 @@ bool BindingListView::actOnSelection(int key) {
     }
 }
 
-// A key that is held down moves on, but deletes only once.
+// Auto-repeat moves the selection, but never deletes.
 void BindingListView::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
     const bool isOurs = bindings != nullptr && !bindings->empty() && modifiers == Qt::NoModifier &&
@@ -276,7 +276,7 @@ void BindingListView::focusOutEvent(QFocusEvent* event) {
 }
 
 bool BindingListView::eventFilter(QObject* watched, QEvent* event) {
-    // The scroll area would scroll where the selection is to move.
+    // Prevents the scroll area from scrolling when a key moves the selection.
     if (watched == area && event->type() == QEvent::KeyPress) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;

@@ -1,13 +1,13 @@
 // The list of bindings: one row for each, in the store's order.
 //
-// A row belongs to its binding: an edit, a toggle or a deletion elsewhere leaves it, its focus, its
-// open demonstration, the selection and the scroll position as they are. There are rows only for
-// what can be seen, for a few beyond, and for what has the focus, so that a thousand bindings cost
-// no more than twenty.
+// A row belongs to its binding. An edit, a toggle or a deletion elsewhere preserves the row, its
+// focus, its open demonstration, the selection and the scroll position. Only visible rows, a few
+// beyond them, and the row with the focus exist, so that a thousand bindings cost no more than
+// twenty.
 //
 //   Up, Down, Page Up, Page Down, Home, End   move the selection
-//   Return   edits what is selected      Delete   deletes it; a neighbour is selected then
-//   Space    switches it                 Left, Right   move between the controls of a row
+//   Return   edits the selected binding   Delete   deletes it and selects a neighbour
+//   Space    switches it                  Left, Right   move between the controls of a row
 //   Tab      leaves the list
 //
 // Units:   points.
@@ -35,12 +35,11 @@ class BindingListView : public QWidget {
 public:
     explicit BindingListView(const Lang& language, QWidget* parent = nullptr);
 
-    // A binding that has been added at the end is selected, and shown.
+    // Selects and shows a binding that was appended.
     void setBindings(std::shared_ptr<const BindingList> list);
     void retitle();
 
-    // Whether no binding runs now, because gestures are switched off: the list looks it, and can be
-    // used as before.
+    // Dims the list while gestures are switched off. It remains usable.
     void setMuted(bool now);
 
     std::optional<std::size_t> selectedIndex() const { return selected; }
@@ -50,13 +49,13 @@ public:
     const GestureBinding& at(std::size_t index) const { return (*bindings)[index]; }
     const Lang& language() const { return lang; }
 
-    // On the screen, of a row that need not be there now.
+    // The screen position of a row, which need not exist.
     QRect placeOf(std::size_t index) const;
 
-    // Those there are now, by their place in the list.
+    // The existing rows, by their index in the list.
     const BindingRows::Rows& rows() const { return present.all(); }
 
-    // What the user asked for.
+    // User requests.
     std::function<void(const GestureBinding&, bool enabled)> onToggle;
     std::function<void(const GestureBinding&)> onEdit;
     std::function<void(const GestureBinding&)> onDelete;
@@ -81,15 +80,15 @@ private:
     std::size_t pageLength() const;
 
     const Lang& lang;
-    std::shared_ptr<const BindingList> bindings; // null until the first
-    std::vector<bool> shadowed; // of each of them, whether another always runs in its place
+    std::shared_ptr<const BindingList> bindings; // null until the first call of setBindings()
+    std::vector<bool> shadowed; // for each binding: another one always runs instead
     class Ground;
 
     QScrollArea* area;
-    Ground* ground; // as high as all rows together
+    Ground* ground; // as tall as all rows together
     std::optional<std::size_t> selected;
     bool isMuted = false;
-    bool usesKeys = false; // and not the mouse: the ring of the focus is shown then
+    bool usesKeys = false; // and not the mouse: shows the focus ring
     BindingRows present;
     Subscription toTheme;
 };

@@ -29,21 +29,22 @@ namespace {
 constexpr int spacing = 12;
 constexpr int verticalPadding = 4;
 constexpr int horizontalPadding = 6;
-constexpr int ringRoom = 4; // for the ring of a control that has the focus
+constexpr int ringRoom = 4; // for the focus ring of a control
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-constexpr int widestBadge = 200;    // in a window of the usual width; more where there is more room
-constexpr double badgesPart = 0.28; // of the row, at most
+constexpr int maxBadgeWidth = 200;  // at the default window width; wider windows allow more
+constexpr double badgesPart = 0.28; // maximum share of the row
 constexpr double cornerRadius = 7;
 
-// Scripts differ in height, and a list whose rows differed, too, would look restless. Chinese fonts are
-// the tallest, at up to this part of the letters' size; asking one would load it for that alone.
-constexpr double tallestScript = 1.45;
+// Scripts differ in height, but rows of different heights would look restless. Chinese fonts are
+// the tallest, with a line height of up to this multiple of the font size. Measuring a Chinese font
+// would load it just for that.
+constexpr double maxLineHeight = 1.45;
 
 int lineHeight(TextStyle style) {
     const QFont font = Theme::shared().font(style);
-    return std::max(QFontMetrics(font).height(), qCeil(tallestScript * font.pixelSize()));
+    return std::max(QFontMetrics(font).height(), qCeil(maxLineHeight * font.pixelSize()));
 }
 
 bool isReturn(const QEvent& event) {
@@ -62,7 +63,7 @@ bool movesSelection(const QEvent& event) {
     return key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
-// The signs of keys in words.
+// The shortcut in words instead of key symbols.
 std::string spoken(const BindingAction& action, const Lang& lang) {
     const auto* const shortcut = std::get_if<KeyShortcut>(&action);
     return shortcut == nullptr
@@ -95,8 +96,7 @@ BindingRow::BindingRow(GestureBinding given, Callbacks calledBack, const Lang& l
     makeButtons(*layout);
     for (QAbstractButton* control : controls()) {
         control->installEventFilter(this);
-        control->setFocusPolicy(
-            Qt::ClickFocus); // the keys of the list lead there, and Tab leaves the list
+        control->setFocusPolicy(Qt::ClickFocus); // arrow keys lead there, and Tab leaves the list
     }
     showEmphasis();
     retitle();
@@ -109,7 +109,7 @@ BindingRow::~BindingRow() {
 void BindingRow::makeSwitch(QHBoxLayout& layout) {
     enabled = new QCheckBox(content);
     enabled->setObjectName("enabled");
-    // The list says what the state is, once it is stored.
+    // The list sets the state once it is stored.
     connect(enabled, &QCheckBox::toggled, this, [this](bool on) {
         if (on != shown.enabled) {
             enabled->setChecked(shown.enabled);
@@ -177,7 +177,7 @@ void BindingRow::retitle() {
     scopeBadge->setText(toQt(displayString(shown.scope, lang)));
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
     scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
-    setDimmed(content, !shown.enabled || isMuted); // the controls stay as usable as they were
+    setDimmed(content, !shown.enabled || isMuted); // not disabled: the controls stay usable
     nameForAssistance();
     if (showsPreview()) {
         previewed->setGesture(shown.gesture, lang);
@@ -195,7 +195,7 @@ QString BindingRow::spokenName(const GestureBinding& binding, const Lang& lang) 
     return toQt(name);
 }
 
-// Every row has the same controls, so each name says whose they are.
+// Every row has the same controls, so each name includes the row's gesture.
 void BindingRow::nameForAssistance() {
     const std::string gesture = displayName(shown.gesture, lang);
     const auto name = [&](const char* english, const char* chinese) {
@@ -264,7 +264,7 @@ void BindingRow::setSelection(Selection now) {
     }
 }
 
-// The buttons that change things are for the row that one is at.
+// Fades the edit and delete buttons, except in the selected and the hovered row.
 void BindingRow::showEmphasis() {
     const bool isQuiet = !isSelected() && !underMouse();
     edit->setFaint(isQuiet);
@@ -275,7 +275,7 @@ void BindingRow::enter() {
     enabled->setFocus(Qt::TabFocusReason);
 }
 
-// Left and right, from one control to the next.
+// Moves the focus left or right to the next control.
 bool BindingRow::leadsFocus(int key, QAbstractButton* from) {
     if (key != Qt::Key_Left && key != Qt::Key_Right) {
         return false;
@@ -293,13 +293,13 @@ bool BindingRow::leadsFocus(int key, QAbstractButton* from) {
     return true;
 }
 
-// Return works the control that has the focus; the keys of the list go on to the list.
+// Return activates the focused control; the list's keys are forwarded to the list.
 bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && onFocusInside) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());
     }
     auto* control = static_cast<QAbstractButton*>(watched);
-    // The first click has deleted the row that was here: the second one was not meant for this one.
+    // The first click deleted the previous row here, so the second must not delete this one.
     if (event->type() == QEvent::MouseButtonDblClick && control == remove) {
         return true;
     }
@@ -327,11 +327,11 @@ bool BindingRow::event(QEvent* event) {
 }
 
 void BindingRow::resizeEvent(QResizeEvent* event) {
-    scopeBadge->setMaximumWidth(std::max(widestBadge, qRound(width() * badgesPart)));
+    scopeBadge->setMaximumWidth(std::max(maxBadgeWidth, qRound(width() * badgesPart)));
     QWidget::resizeEvent(event);
 }
 
-// Under its paler picture, so that both together are the ring at its full strength.
+// Drawn below the dimmed ring, so that both together have full strength.
 void BindingRow::drawFocusOfDimmed(QPainter& painter) const {
     const auto order = controls();
     const auto focused = std::ranges::find_if(order, &QWidget::hasFocus);

@@ -1,12 +1,12 @@
-// One line of the list: what a binding does, at a glance, with its switch, its demonstration, and
-// the buttons to edit and to delete it. It changes nothing itself.
+// One line of the list: the binding's gesture, action and scope, its switch, its demonstration, and
+// the buttons to edit and delete it. It changes nothing itself.
 //
-// Its look of a selected row, and the keys that are the list's, are told by the list.
+// The list sets its selected look and forwards keys to it.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the list. It may be given another state of its binding at any time, and is the same row
-//          then: what has the focus or is open stays so.
+// Owner:   the list. The list may set a new state of the same binding at any time; the row then
+//          keeps its focus and its open popover.
 // Errors:  none. Long names are elided.
 #pragma once
 
@@ -33,7 +33,7 @@ class SymbolButton;
 
 class BindingRow : public QWidget {
 public:
-    // What it does when the user asks.
+    // Called on user requests.
     struct Callbacks {
         std::function<void(bool enabled)> onToggle;
         std::function<void()> onEdit;
@@ -47,40 +47,40 @@ public:
     const GestureBinding& binding() const { return shown; }
     void setBinding(GestureBinding binding);
 
-    // Whether a binding before it always runs in its place.
+    // Whether an earlier binding always runs instead.
     void setShadowed(bool never);
 
-    // Whether no binding runs now, because gestures are switched off.
+    // Whether gestures are switched off, so that no binding runs.
     void setMuted(bool now);
 
-    // The texts, in the language now.
+    // Sets the texts in the current language.
     void retitle();
 
     bool showsPreview() const { return !popover.isNull(); }
     void togglePreview();
     void closePreview();
 
-    // A ring is drawn around the selected row while keys go to it.
+    // The selected row has a focus ring while the list receives keys.
     enum class Selection { none, selected, selectedWithFocus };
     void setSelection(Selection now);
     bool isSelected() const { return selection != Selection::none; }
 
-    // In reading order; what can have the focus.
+    // In reading order; all of them can have the focus.
     std::array<QAbstractButton*, 4> controls() const;
 
-    // Puts the focus on the first of them.
+    // Focuses the first of the controls.
     void enter();
 
-    // Called when the focus leaves them to the leading side, for the row itself.
+    // Called when the focus leaves the controls at the leading side, towards the row itself.
     std::function<void()> onLeave;
 
-    // Called when the focus has come to one of them.
+    // Called when one of the controls receives the focus.
     std::function<void(Qt::FocusReason)> onFocusInside;
 
-    // What a row is called that shows this binding.
+    // The accessible name of a row for this binding.
     static QString spokenName(const GestureBinding& binding, const Lang& lang);
 
-    // The same for every row, whatever script its texts are in.
+    // The same for every row, independent of the script.
     static int usualHeight();
 
 protected:
@@ -114,7 +114,7 @@ private:
     SymbolButton* edit = nullptr;
     SymbolButton* remove = nullptr;
     QPointer<Popover> popover;
-    GesturePreview* previewed = nullptr; // the popover's
+    GesturePreview* previewed = nullptr; // owned by the popover
 };
 
 } // namespace glidemap

@@ -12,7 +12,7 @@ namespace glidemap {
 namespace {
 
 constexpr int gap = 4;  // between rows
-constexpr int edge = 4; // above the first and below the last, scrolled with them
+constexpr int edge = 4; // above the first and below the last; scrolls with them
 
 bool hasFocusInside(const BindingRow& row) {
     const QWidget* const focus = row.window()->focusWidget();
@@ -24,7 +24,7 @@ bool hasFocusInside(const BindingRow& row) {
 BindingRows::BindingRows(QWidget& owner, QWidget& under, const Lang& language, Callbacks told)
     : list(owner), ground(under), lang(language), callbacks(std::move(told)) {}
 
-// The list is about to go: it is no longer told that the focus comes back from a preview.
+// The list is in destruction, so the focus that returns from a preview must not be reported to it.
 BindingRows::~BindingRows() {
     for (const auto& [index, row] : rows) {
         row->onFocusInside = {};
@@ -58,7 +58,7 @@ bool BindingRows::carryOver(const BindingList& next) {
             row->setBinding(next[*place]);
             continue;
         }
-        row->closePreview(); // which gives the focus back to the row
+        row->closePreview(); // returns the focus to the row
         hadFocus = hadFocus || hasFocusInside(*row);
         discard(row);
     }
@@ -81,7 +81,7 @@ bool BindingRows::cover(const BindingList& bindings, std::size_t first, std::siz
     return isAnyNew;
 }
 
-// Not the one with the focus, which would have nowhere to go.
+// Keeps the row with the focus, which would otherwise be lost.
 void BindingRows::dropOutside(std::size_t count, std::size_t first, std::size_t end) {
     std::erase_if(rows, [&](const auto& entry) {
         const auto& [index, row] = entry;
@@ -95,7 +95,7 @@ void BindingRows::dropOutside(std::size_t count, std::size_t first, std::size_t 
 }
 
 BindingRow* BindingRows::make(const GestureBinding& binding) {
-    // Set below: the callbacks need the row that they are given to.
+    // Set below: the callbacks need the row, which needs the callbacks.
     auto itself = std::make_shared<BindingRow*>();
     auto* row =
         new BindingRow(binding,
@@ -116,7 +116,7 @@ BindingRow* BindingRows::make(const GestureBinding& binding) {
     return row;
 }
 
-// Later, because it may be one of its own buttons that asks for it.
+// Deferred, because one of the row's own buttons may have caused the deletion.
 void BindingRows::discard(BindingRow* row) {
     row->closePreview();
     row->onFocusInside = {};
@@ -132,7 +132,7 @@ void BindingRows::place() {
     }
 }
 
-// For Tab, and for programs that read the window to the user.
+// Orders the rows for Tab and for screen readers.
 void BindingRows::putInOrder() {
     QWidget* before = &list;
     for (const auto& [index, row] : rows) {

@@ -1,9 +1,9 @@
-// The rows that the list of bindings has now: for what can be seen, for a few beyond, and for what
-// has the focus. Each stays with its binding when the list changes.
+// The existing rows of the binding list: the visible ones, a few beyond them, and the one with the
+// focus. Each stays with its binding when the list changes.
 //
 // Units:   points, from the upper edge of the ground.
 // Thread:  the main thread.
-// Owner:   the list. The ground owns the rows, and outlives this.
+// Owner:   the list. The ground owns the rows and outlives this object.
 // Errors:  none. Bindings may share an identifier; each has its row.
 #pragma once
 
@@ -22,19 +22,19 @@ namespace glidemap {
 
 class BindingRows {
 public:
-    // By their place in the list.
+    // By index in the list.
     using Rows = std::map<std::size_t, BindingRow*>;
 
-    // What the user did in one of them.
+    // User requests from a row.
     struct Callbacks {
         std::function<void(const GestureBinding&, bool enabled)> onToggle;
         std::function<void(const GestureBinding&)> onEdit;
         std::function<void(const GestureBinding&)> onDelete;
         std::function<void(std::size_t index, Qt::FocusReason)> onFocusInside;
-        std::function<void()> onLeave; // the focus goes back to the list itself
+        std::function<void()> onLeave; // the focus returns to the list itself
     };
 
-    // The list sees the rows' events before they do, and comes before them in the order of Tab.
+    // The list filters the rows' events, and precedes them in the tab order.
     BindingRows(QWidget& list, QWidget& ground, const Lang& language, Callbacks callbacks);
     BindingRows(const BindingRows&) = delete;
     BindingRows& operator=(const BindingRows&) = delete;
@@ -43,21 +43,21 @@ public:
     const Rows& all() const { return rows; }
     std::optional<std::size_t> indexOf(const QObject* row) const;
 
-    // Each goes where its binding has gone, and goes with it where that is no more. Answers whether
-    // the focus was in one that went.
+    // Moves each row to the new index of its binding, and deletes rows of deleted bindings. Returns
+    // whether a deleted row had the focus.
     bool carryOver(const BindingList& next);
 
-    // Makes those that are missing from `first` on and before `end`, lets go of those outside, and
-    // puts all in their places. Answers whether any is new.
+    // Creates missing rows from `first` up to, but excluding, `end`, discards the others, and
+    // positions all of them. Returns whether it created any.
     bool cover(const BindingList& bindings, std::size_t first, std::size_t end);
 
     void closePreviews();
 
-    // From one row to the next, and the room of so many of them.
+    // The distance between two rows, and the height of `count` rows.
     static int step();
     static int heightOf(std::size_t count);
 
-    // Where one ends and the next begins, above the one at this index.
+    // The boundary between the row at this index and the one above it.
     static int boundaryAbove(std::size_t index);
 
 private:

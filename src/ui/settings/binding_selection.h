@@ -1,4 +1,4 @@
-// Where the selection goes when a list has become another one, and by which key.
+// The selection after a change of the list or after a key.
 //
 // Thread:  any; pure functions.
 // Errors:  none.
@@ -11,19 +11,20 @@
 
 namespace glidemap {
 
-// The binding with this identifier that is nearest to `index`. Identifiers may repeat.
+// Returns the index of the binding with this identifier that is closest to `index`. Identifiers may
+// repeat.
 std::optional<std::size_t> nearestWith(const Uuid& id, const BindingList& list, std::size_t index);
 
-// The selected binding wherever it is now; if it has gone, the one that followed it, else the one
-// before it.
+// Returns the new index of the selected binding. If it was deleted, returns its successor, or else
+// its predecessor.
 std::optional<std::size_t> selectionAfter(const BindingList& before, const BindingList& after,
                                           std::optional<std::size_t> selected);
 
-// Whether nothing has changed but for one more binding at the end.
+// Whether the only change is one appended binding.
 bool hasGrownByOne(const BindingList& before, const BindingList& after);
 
-// Where one of the keys that move (Qt::Key_Up and its like) takes the selection in a list of `count`,
-// which is not empty; none for any other key. The first key down shows where one is.
+// Returns the index to which a movement key (such as Qt::Key_Up) moves the selection in a list of
+// `count` > 0 bindings; nullopt for other keys. Without a selection, the first key only selects.
 std::optional<std::size_t> selectionMovedBy(int key, std::optional<std::size_t> selected,
                                             std::size_t count, std::size_t pageLength);
 

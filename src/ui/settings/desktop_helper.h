@@ -1,8 +1,8 @@
-// Port: a piece of the desktop without which the frontmost application cannot be told there, such as
-// an extension of its shell. Bindings for one application do not work until it is installed.
+// Port: a component, such as a shell extension, that some desktops need to report the frontmost
+// application. Without it, bindings for one application do not work there.
 //
-// Thread:  the main thread. state() does not wait: it answers what was found last.
-// Errors:  as text, in the system's words.
+// Thread:  the main thread. state() does not wait: it returns the last known state.
+// Errors:  as text from the system.
 #pragma once
 
 #include "core/observable.h"
@@ -15,10 +15,10 @@ namespace glidemap {
 class DesktopHelper {
 public:
     enum class State {
-        notNeeded, // the desktop tells by itself, or the helper runs
-        missing,   // the user can have it installed
+        notNeeded, // the desktop reports it directly, or the helper is running
+        missing,   // the user can install it
         installing,
-        atNextLogin, // installed, and works from the next login
+        atNextLogin, // installed; works after the next login
         failed,      // see lastError()
     };
 
@@ -30,7 +30,7 @@ public:
     virtual State state() const = 0;
     virtual std::optional<std::string> lastError() const = 0;
 
-    // Starts; what comes of it shows in the state.
+    // Starts the installation; state() shows the result.
     virtual void install() = 0;
 
     virtual Observable& changes() = 0;

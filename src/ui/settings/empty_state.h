@@ -1,4 +1,4 @@
-// What stands where the list would be while there are no bindings: an invitation.
+// The text and button in place of the list while there are no bindings.
 //
 // Units:   points.
 // Thread:  the main thread.

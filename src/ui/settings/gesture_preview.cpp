@@ -33,7 +33,8 @@ void GesturePreview::setGesture(GestureType gesture, const Lang& lang) {
     name->setText(toQt(displayName(gesture, lang)));
     demo->setGesture(gesture);
     demo->setAccessibleName(name->text());
-    // A label that wraps asks for a squarish place; its height follows from its width here.
+    // A label with word wrap has a nearly square size hint, so the height is set from the width
+    // here.
     detail->setText(toQt(glidemap::detail(gesture, lang)));
     for (QLabel* label : {name, detail}) {
         label->setFixedHeight(label->heightForWidth(demoSize.width()));

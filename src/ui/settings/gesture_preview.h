@@ -1,4 +1,4 @@
-// What hangs from the symbol of a binding: the gesture's name, how it is made, and what to know.
+// The content of the popover at a binding's symbol: the gesture's name, demonstration and advice.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -22,7 +22,7 @@ public:
 
     GesturePreview(GestureType gesture, const Lang& lang, QWidget* parent = nullptr);
 
-    // The texts are those of the language at this moment.
+    // Sets the texts in the current language.
     void setGesture(GestureType gesture, const Lang& lang);
 
 private:

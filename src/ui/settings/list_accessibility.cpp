@@ -21,7 +21,7 @@ BindingListView* listAround(const QWidget* row) {
     return nullptr;
 }
 
-// A binding without a row, because it is out of sight: its place counts, and it can be read, all the same.
+// A binding out of sight has no row, but still counts and is readable for assistive technology.
 class AbsentRow : public QAccessibleInterface {
 public:
     AbsentRow(const BindingListView& list, std::size_t place) : shown(list), index(place) {}
@@ -59,8 +59,8 @@ private:
     const std::size_t index;
 };
 
-// What holds the rows is passed over: they are the list's own children. There is one for each binding, whether it has a row or
-// not, so that each is at its place of so many.
+// Omits the containers of the rows: the items are direct children of the list. Each binding has an
+// item, with or without a row, so that positions and counts are correct.
 class AccessibleList : public QAccessibleWidget {
 public:
     explicit AccessibleList(BindingListView* list)
@@ -98,7 +98,7 @@ public:
                    : QAccessibleWidget::focusChild();
     }
 
-    // One of the two has it, the list or its selected row.
+    // Either the list or its selected row has the focus.
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.focused = shown.hasFocus() && !shown.selectedIndex();

@@ -1,4 +1,4 @@
-// Tells programs that read the window to the user that the bindings are a list with items.
+// Exposes the bindings to assistive technology as a list with items.
 //
 // Thread:  the main thread.
 // Errors:  none.
@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// Once for the process; more often does nothing.
+// Idempotent.
 void describeListsToAssistance();
 
 } // namespace glidemap

@@ -1,8 +1,8 @@
-// What the user should know, above the list: a newer version, a missing permission, the errors of
-// others. Each takes room only while there is something to tell, and a line follows it.
+// The notices above the list: a newer version, a missing permission, and errors of services. Each
+// is visible only while it applies, with a line below it.
 //
 // Thread:  the main thread.
-// Owner:   the settings view, which tells it what to show.
+// Owner:   the settings view, which sets their content.
 // Errors:  none.
 #pragma once
 
@@ -37,13 +37,13 @@ public:
 
     void display(const Content& content, const Lang& lang);
 
-    // What the user asked for.
+    // User requests.
     std::function<void()> onDownload;
     std::function<void()> onOpenSystemSettings;
     std::function<void()> onInstallHelper;
 
 private:
-    // A notice with the line that follows it.
+    // A notice with the line below it.
     struct Section {
         QWidget* whole;
         Notice* notice;

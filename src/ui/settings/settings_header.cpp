@@ -41,7 +41,7 @@ constexpr Texts languageTexts{"Language", "语言"};
 constexpr Texts enabledTexts{"Enabled", "启用"};
 constexpr Texts addTexts{"Add Binding", "添加绑定"};
 
-// How wide a control would be with this text. One of its kind is asked that is never shown.
+// The width of a control with this text, measured on the hidden control `asked`.
 template <typename Control>
 int widthWith(const char* text, const Control& like, Control&& asked) {
     asked.setFont(like.font());
@@ -49,11 +49,11 @@ int widthWith(const char* text, const Control& like, Control&& asked) {
     return asked.sizeHint().width();
 }
 
-// Command on macOS, which is Control elsewhere.
+// Qt::CTRL is Command on macOS, and Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
 
-// As wide as the first language, which is the longest. Measuring the others would load the Chinese font,
-// which is not seen until the list opens.
+// As wide as the first language's name, which is the longest. Measuring the others would load the
+// Chinese font before the list opens.
 class LanguagePicker : public Picker {
 public:
     explicit LanguagePicker(QWidget* parent) : Picker(parent) {
@@ -98,7 +98,7 @@ SettingsHeader::SettingsHeader(Lang& given, QWidget* parent)
     retitle();
 }
 
-// They take all the room that the controls leave.
+// The titles take all the width that the controls leave.
 void SettingsHeader::makeTitles() {
     title = new StyledLabel(TextStyle::title2, Role::primary, this);
     title->setObjectName("title");
@@ -181,7 +181,7 @@ void SettingsHeader::retitle() {
     languageLabel->setText(languageTexts.in(lang));
     enabled->setText(enabledTexts.in(lang));
     add->setText(addTexts.in(lang));
-    add->setShortcut(addKeys); // which a new text takes away
+    add->setShortcut(addKeys); // setText() removes the shortcut
     language->setCurrentIndex(language->findData(toQt(lang.code())));
     language->setAccessibleName(languageLabel->text());
     for (QAbstractButton* button :
@@ -202,10 +202,11 @@ bool SettingsHeader::isFolded() const {
     return whole->direction() == QBoxLayout::TopToBottom;
 }
 
-// One line needs room for the title in one and the subtitle in two, in either language: choosing the other one moves nothing.
-// English is the longer one in every text. The Chinese texts are measured only where they are shown, since that loads their font.
+// One line needs room for the title on one line and the subtitle on two, in both languages, so that
+// a language change moves nothing. All English texts are longer than the Chinese ones. Chinese
+// texts are measured only while shown, because measuring loads their font.
 void SettingsHeader::measure() {
-    whole->activate(); // or the inner layouts would still know the sizes of before
+    whole->activate(); // updates the cached sizes of the inner layouts
     StyledLabel wholeSubtitle(TextStyle::caption, Role::secondary);
     wholeSubtitle.setText(toQt(subtitleTexts.english));
     const int titles = std::max(

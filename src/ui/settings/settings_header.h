@@ -1,12 +1,11 @@
-// The top of the settings: what this is, the switches that concern all of it, and the button that
-// adds a binding.
+// The top of the settings: the title, the global switches, and the button that adds a binding.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings view, which tells it what to show; the language outlives it.
-// Errors:  none. Where one line has no room for title and controls in the longer language, it folds:
-//          the controls then stand in a line of their own, in the same order. Their texts are never
-//          cut, and choosing the other language leaves the arrangement as it is.
+// Owner:   the settings view, which sets its content. The language outlives it.
+// Errors:  none. If one line is too narrow for title and controls in the longer language, the
+//          controls move to a second line in the same order. Control texts are never elided, and a
+//          language change never affects the arrangement.
 #pragma once
 
 #include "core/lang.h"
@@ -30,17 +29,17 @@ class SettingsHeader : public QWidget {
 public:
     explicit SettingsHeader(Lang& language, QWidget* parent = nullptr);
 
-    // Announce nothing.
+    // Do not call the callbacks below.
     void setLaunchesAtLogin(bool on);
     void setEnabledSwitch(bool on);
 
-    // The texts, and the language that is chosen.
+    // Sets the texts and the chosen language.
     void retitle();
 
-    // A second line of the hover help, until the next retitle().
+    // A second line for the tooltip, until the next retitle().
     void addLaunchHelp(const std::string& line);
 
-    // What the user did.
+    // User requests.
     std::function<void(bool on)> onLaunchAtLogin;
     std::function<void(bool on)> onEnabled;
     std::function<void()> onAddBinding;
@@ -62,7 +61,7 @@ private:
     Lang& lang;
     QBoxLayout* whole;
     QHBoxLayout* controls;
-    int lineNeeds = 0; // in points, to hold everything in either language
+    int lineNeeds = 0; // points that one line needs, in both languages
     StyledLabel* title = nullptr;
     StyledLabel* subtitle = nullptr;
     QCheckBox* launchAtLogin = nullptr;

@@ -84,7 +84,7 @@ void SettingsView::listen() {
     };
 }
 
-// A window that is hidden is brought up to date when it is shown.
+// A hidden window is updated when it is shown.
 void SettingsView::observe() {
     const auto follow = [this](Observable& observed, void (SettingsView::*react)()) {
         subscriptions.push_back(observed.subscribe({}, [this, react] {
@@ -109,7 +109,7 @@ void SettingsView::observe() {
     }
 }
 
-// Only with the language: who reads the window aloud is told of every name that is set.
+// Only after a language change: each accessible name that is set notifies screen readers.
 void SettingsView::retitle() {
     header->retitle();
     if (services.notes != nullptr) {
@@ -130,7 +130,7 @@ void SettingsView::refresh() {
     footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
 }
 
-// Who may read touches is asked anew: it does not announce.
+// Queries access again, because it sends no change notifications.
 void SettingsView::refreshNotices() {
     Notices::Content content;
     content.latestVersion = services.updates->latestVersion();
@@ -190,7 +190,7 @@ void SettingsView::toggle(const GestureBinding& binding, bool enabled) {
     const auto found = std::ranges::find(changed, binding.id, &GestureBinding::id);
     if (found != changed.end()) {
         found->enabled = enabled;
-        services.store->setBindings(std::move(changed)); // which saves
+        services.store->setBindings(std::move(changed)); // saves
     }
 }
 
@@ -203,7 +203,7 @@ void SettingsView::remove(const GestureBinding& binding) {
     BindingList left = before;
     std::erase_if(left, [id = binding.id](const GestureBinding& each) { return each.id == id; });
     lastDeletion = Deletion{before, left, static_cast<std::size_t>(first - before.begin())};
-    services.store->setBindings(std::move(left)); // which saves
+    services.store->setBindings(std::move(left)); // saves
     undoBar->offer(binding.gesture);
 }
 
@@ -212,12 +212,12 @@ void SettingsView::bringBack() {
     if (!deletion || *services.store->bindings() != deletion->after) {
         return;
     }
-    services.store->setBindings(deletion->before); // which saves
+    services.store->setBindings(deletion->before); // saves
     list->setFocus(Qt::OtherFocusReason);
     list->select(deletion->place);
 }
 
-// The user may come back from the system's settings.
+// The user may come back from the system settings.
 bool SettingsView::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         refresh();

@@ -1,11 +1,10 @@
 // The content of the settings window: bindings, switches, notices, and the last gesture. It owns
-// nothing that it shows; every change goes back to where it came from, and what changes there shows
-// here at once.
+// none of the data: changes go to the services, and changes of the services appear here at once.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings window; the services outlive it.
-// Errors:  those of others are shown; it has none of its own.
+// Owner:   the settings window. The services outlive it.
+// Errors:  shows those of the services; has none of its own.
 #pragma once
 
 #include "app/login_item_manager.h"
@@ -44,7 +43,7 @@ public:
         std::shared_ptr<AccessibilityTrust> trust;
         std::shared_ptr<LoginItemService> loginItems;
         std::shared_ptr<KeyPresses> keys;
-        const MultitouchDeviceManager* devices = nullptr; // whose load error is shown; may be null
+        const MultitouchDeviceManager* devices = nullptr; // provides the load error; may be null
         std::shared_ptr<DesktopHelper> desktopHelper;     // may be null
         std::shared_ptr<SystemNotes> notes;               // may be null
         Lang* lang = &Lang::shared();
@@ -54,7 +53,7 @@ public:
 
     void addBinding();
 
-    // Whether the editor is open, and for which binding; none is a new one.
+    // Whether the editor is open, and its binding; nullopt for a new one.
     bool showsEditor() const { return showingEditor; }
     const std::optional<GestureBinding>& editedBinding() const { return editingBinding; }
 
@@ -76,11 +75,11 @@ private:
     void remove(const GestureBinding& binding);
     void bringBack();
 
-    // Can be undone while the list is still what it left.
+    // Can be undone while the list equals `after`.
     struct Deletion {
         BindingList before;
         BindingList after;
-        std::size_t place; // of the first that went
+        std::size_t place; // index of the first deleted binding
     };
 
     Services services;

@@ -13,11 +13,11 @@ namespace glidemap {
 
 namespace {
 
-// No desktop is larger; beyond, sums of places and sizes would overflow.
-constexpr int farthest = 1'000'000;
+// Larger than any desktop. Beyond it, sums of positions and sizes could overflow.
+constexpr int maxCoordinate = 1'000'000;
 
 bool isFar(int coordinate) {
-    return coordinate > farthest || coordinate < -farthest;
+    return coordinate > maxCoordinate || coordinate < -maxCoordinate;
 }
 
 bool makesSense(const WindowGeometry& geometry) {
@@ -29,7 +29,7 @@ int distance(const QRect& from, const QRect& to) {
     return between.manhattanLength();
 }
 
-// The room of the screen that shows most of the place, or that lies nearest to it if none does.
+// The available area of the screen that shows most of the rectangle, or of the closest screen.
 QRect roomFor(const QRect& place) {
     const auto screens = QGuiApplication::screens();
     const auto isBetter = [&](const QScreen* left, const QScreen* right) {
@@ -68,14 +68,14 @@ SettingsWindow::SettingsWindow(SettingsView::Services services,
     goWhereItWas();
 }
 
-// A program that is ended with its window open has not hidden it.
+// On quit, an open window is destroyed without being hidden.
 SettingsWindow::~SettingsWindow() {
     if (isVisible()) {
         rememberPlace();
     }
 }
 
-// Whole on one screen: the one that it was on may be smaller now, or gone.
+// Fits the window on one screen: the previous screen may be smaller now, or disconnected.
 void SettingsWindow::goWhereItWas() {
     const auto last = remembered != nullptr ? remembered->read() : std::nullopt;
     QRect place(QPoint(), contentSize);

@@ -1,9 +1,9 @@
-// The one window: its title, its size, and where it was when it was last closed.
+// The settings window: its title, its size, and its position at the last close.
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the application's delegate. Closing only hides it.
-// Errors:  none. A remembered place that no screen shows as a whole any more is moved until one does.
+// Errors:  none. A stored position that is not fully on a screen is moved onto one.
 #pragma once
 
 #include "ui/settings/settings_view.h"
@@ -19,7 +19,7 @@ public:
     static constexpr QSize contentSize{720, 520};
     static constexpr QSize minimumContentSize{680, 480};
 
-    // Without a store for its geometry it is centred each time it is made.
+    // Without a geometry store the window is centred each time it is created.
     explicit SettingsWindow(SettingsView::Services services,
                             std::shared_ptr<WindowGeometryStore> geometryStore = nullptr,
                             QWidget* parent = nullptr);

@@ -1,7 +1,7 @@
-// Port: what the system that the program runs on adds to texts that speak of another one. Each note is a line of its own beside
-// the text, in the language that is asked for; empty where there is nothing to add.
+// Port: platform-specific additions to texts that describe another system. Each note is a separate
+// line next to the text, in the requested language; empty if there is nothing to add.
 //
-// Thread:  the main thread; no question waits.
+// Thread:  the main thread; never waits.
 // Errors:  none.
 #pragma once
 
@@ -19,15 +19,16 @@ public:
     SystemNotes& operator=(const SystemNotes&) = delete;
     virtual ~SystemNotes() = default;
 
-    // What is missing of the access that the program needs, and what to do where the system could not ask for it.
+    // The missing parts of the access that the program needs, and the next step if the system
+    // cannot ask the user.
     virtual std::string missingAccess(const Lang& lang) const = 0;
 
-    // What the button does that is to give access, and whose password it asks for.
+    // The effect of the button that grants access, and whose password it asks for.
     virtual std::string accessButton(const Lang& lang) const = 0;
 
     virtual std::string launchAtLogin(const Lang& lang) const = 0;
 
-    // Of missingAccess().
+    // Notifies of changes of missingAccess().
     virtual Observable& changes() = 0;
 };
 

@@ -68,7 +68,7 @@ void UndoBar::undo() {
     }
 }
 
-// Keys that no control has wanted come to the window in the end.
+// Watches the window: keys that no control accepts arrive there.
 void UndoBar::showEvent(QShowEvent* event) {
     window()->installEventFilter(this);
     QWidget::showEvent(event);
@@ -79,7 +79,8 @@ void UndoBar::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
-// The bar may appear where a click has just deleted: the second click of a double click is not meant for it.
+// The bar may appear under the pointer after a click on a delete button: the second click of a
+// double click must not undo.
 bool UndoBar::eventFilter(QObject* watched, QEvent* event) {
     return watched == button ? event->type() == QEvent::MouseButtonDblClick : takesKey(*event);
 }
@@ -90,7 +91,7 @@ bool UndoBar::takesKey(QEvent& event) {
         !static_cast<QKeyEvent&>(event).matches(QKeySequence::Undo)) {
         return false;
     }
-    event.accept(); // as a key of the bar's, and no shortcut of the menu
+    event.accept(); // as a key of the bar, not as a menu shortcut
     if (!isOverride && !static_cast<QKeyEvent&>(event).isAutoRepeat()) {
         undo();
     }

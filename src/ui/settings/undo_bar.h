@@ -1,8 +1,8 @@
-// A quiet bar that says which binding was deleted, and offers to bring it back: by its button, or by the keys for undoing, which
-// are its own while it is shown. It goes by itself after a while.
+// An unobtrusive bar that names the deleted binding and offers to restore it, by its button or the
+// undo shortcut. The bar owns that shortcut while visible. It hides after a time-out.
 //
 // Thread:  the main thread.
-// Owner:   the settings view, which hides it when there is nothing to bring back any more.
+// Owner:   the settings view, which hides the bar once an undo is impossible.
 // Errors:  none.
 #pragma once
 
@@ -28,7 +28,7 @@ public:
     explicit UndoBar(const Lang& language, QWidget* parent = nullptr,
                      std::chrono::milliseconds stay = usualStay);
 
-    // Shows it, for as long as it stays.
+    // Shows the bar until its time-out.
     void offer(GestureType deleted);
     void retitle();
 

@@ -1,10 +1,10 @@
-// Port: where the window was when it was last seen, kept across launches.
+// Port: stores the window's last position and size across launches.
 //
-// It is no setting of the user's: losing it loses nothing.
+// This is not a user setting: its loss is harmless.
 //
-// Units:   points of the desktop; the place is that of the window's frame, the size its content's.
+// Units:   points of the desktop; position of the window's frame, size of its content.
 // Thread:  the main thread.
-// Errors:  none. What cannot be read, or makes no sense, is absent; what cannot be written is lost.
+// Errors:  none. An unreadable or invalid geometry returns nullopt; write errors are ignored.
 #pragma once
 
 #include <optional>
@@ -16,7 +16,7 @@ struct WindowGeometry {
     int y = 0;
     int width = 0;
     int height = 0;
-    bool maximized = false; // the rest is then what it goes back to
+    bool maximized = false; // the other values are then the size to restore
 
     friend bool operator==(const WindowGeometry&, const WindowGeometry&) = default;
 };

@@ -1,8 +1,8 @@
-// Port: how the user wants every program to look, as far as the desktop tells.
+// Port: the user's appearance settings, as far as the desktop provides them.
 //
 // Thread:  the main thread; never waits.
-// Owner:   the program makes one.
-// Errors:  none: what the desktop does not say is absent.
+// Owner:   the program creates one.
+// Errors:  none: a setting that the desktop does not provide is absent.
 #pragma once
 
 #include "core/observable.h"
@@ -22,11 +22,11 @@ public:
 
     virtual std::optional<ColorScheme> colorScheme() const = 0;
 
-    // Whether things should stand still that need not move.
+    // Whether the user prefers reduced motion.
     virtual bool reducesMotion() const = 0;
 
-    // Whether windows can be translucent and have soft edges. Asked each time one opens; no change
-    // of it is announced.
+    // Whether windows can be translucent. Queried for each new window; its changes are not
+    // announced.
     virtual bool composites() const { return true; }
 
     // Whether the system itself shows a dialog as a sheet of its window: places and moves it, and sets it off from the window.

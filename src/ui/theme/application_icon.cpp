@@ -15,10 +15,10 @@ namespace {
 
 constexpr std::array sizes{16, 22, 24, 32, 48, 64, 96, 128, 256};
 
-// A window sends all that are listed to the X server, where nothing shows it larger than this.
-constexpr int largestListed = 128;
+// A window sends all listed sizes to the X server, where no desktop shows larger ones.
+constexpr int maxListedSize = 128;
 
-// Only what is asked for is copied out of the program.
+// Copies only the requested size out of the resources.
 QImage drawn(int pixels) {
     const QResource resource(QStringLiteral(":/application-icon/%1").arg(pixels));
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
@@ -29,7 +29,7 @@ QImage drawn(int pixels) {
     return image;
 }
 
-// The smallest that has to be made no larger, if there is one.
+// The smallest drawing that needs no upscaling, or else the largest.
 int sizeFor(int pixels) {
     const auto* const found = std::lower_bound(sizes.begin(), sizes.end(), pixels);
     return found != sizes.end() ? *found : sizes.back();
@@ -44,7 +44,7 @@ public:
     QIconEngine* clone() const override { return new Engine(*this); }
 
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        return squares({sizes.begin(), std::ranges::upper_bound(sizes, largestListed)});
+        return squares({sizes.begin(), std::ranges::upper_bound(sizes, maxListedSize)});
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {

@@ -1,8 +1,8 @@
-// The icon of the program, for its windows and alerts.
+// The program's icon, for its windows and alerts.
 //
-// The same drawings are installed for the desktop; these are at hand where it is not installed.
+// The same drawings are installed for the desktop. These also work without an installation.
 //
-// Thread:  the main thread, while there is a QApplication.
+// Thread:  the main thread, during the life of the QApplication.
 // Errors:  none.
 #pragma once
 

@@ -27,7 +27,7 @@ namespace {
 
 using style::as;
 
-// Windows whose corners are round: what lies behind shows in them.
+// Windows with round corners must be translucent.
 bool isFloatingPanel(const QWidget* widget) {
     return dynamic_cast<const QMenu*>(widget) != nullptr ||
            widget->inherits("QComboBoxPrivateContainer") || widget->inherits("QTipLabel");
@@ -174,7 +174,7 @@ void GlidemapStyle::drawComplexControl(ComplexControl control, const QStyleOptio
             return;
         }
         QStyleOptionToolButton label = as<QStyleOptionToolButton>(option);
-        label.state.setFlag(State_Sunken, false); // the label does not move when pressed
+        label.state.setFlag(State_Sunken, false); // keeps the label in place when pressed
         drawControl(CE_ToolButtonLabel, &label, painter, widget);
         return;
     }
@@ -192,7 +192,7 @@ QIcon GlidemapStyle::standardIcon(StandardPixmap picture, const QStyleOption* op
     case SP_MessageBoxWarning:
     case SP_MessageBoxCritical:
         return symbolIcon("exclamationmark.triangle.fill", Role::orange, 48);
-    // Every menu bar asks for it. The usual one is a file, which brings in all that reads pictures.
+    // Every menu bar requests this icon. The default is a file, which would load the image plugins.
     case SP_ToolBarHorizontalExtensionButton:
         return symbolIcon("chevron.down", Role::secondary);
     default:

@@ -1,10 +1,10 @@
-// The style in which Qt's own controls are drawn, from the theme's colours, in light and in dark.
+// The QStyle that draws Qt's own controls in the theme's colours, light and dark.
 //
-// It says only who draws what; how each control is drawn stands in ui/theme/style, a file a control.
-// What is not drawn there is Fusion's, in our palette.
+// It only dispatches; ui/theme/style draws the controls, one file each. Fusion draws the rest with
+// our palette.
 //
-// Push buttons, pickers, check boxes and radio buttons are a few points larger than what is drawn of
-// them, so that the focus ring has room; layouts align them by what is drawn.
+// Push buttons, combo boxes, check boxes and radio buttons are a few points larger than their
+// visible shape, to leave room for the focus ring. Layouts align the visible shapes.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -44,7 +44,7 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
 
-    // What alerts show beside their text.
+    // The icons of alerts.
     QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
                        const QWidget* widget) const override;
 };

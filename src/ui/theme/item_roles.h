@@ -1,4 +1,4 @@
-// What the entries of lists and pickers can say about themselves beyond Qt's own roles.
+// Additional item data roles for entries of lists and combo boxes.
 //
 // Thread:  any.
 #pragma once
@@ -7,7 +7,7 @@
 
 namespace glidemap {
 
-// True for a heading among the entries: it is drawn as one, and such an entry must not be selectable.
+// True for a heading, which is drawn as one; the entry must not be selectable.
 constexpr int headingRole = Qt::UserRole + 0x4700;
 
 } // namespace glidemap

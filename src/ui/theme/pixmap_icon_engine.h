@@ -1,4 +1,4 @@
-// An icon that is made anew for each size that is asked for.
+// An icon that is drawn again for each requested size.
 //
 // Thread:  the main thread.
 // Owner:   the icon.
@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// pixmap() is whoever draws the icon's.
+// Subclasses implement pixmap().
 class PixmapIconEngine : public QIconEngine {
 public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) final;

@@ -22,7 +22,7 @@ QString pathOf(std::string_view name) {
     return QStringLiteral(":/symbols/") + toQt(name);
 }
 
-// As the drawings were compiled: an outline is drawn with its pen, or filled where that has no ink.
+// A compiled outline: stroked with its pen, or filled if the pen has no style.
 struct Shape {
     QPainterPath outline;
     QPen pen;
@@ -74,8 +74,8 @@ void renderSymbol(QPainter& painter, const QRectF& where, std::string_view name,
     painter.restore();
 }
 
-// Drawing outlines takes many times as long as showing a picture of them, and rows show the same few
-// again and again. A picture's size is in the screen's pixels.
+// Caches drawn symbols: stroking outlines takes many times as long as drawing a pixmap, and the
+// rows repeat a few symbols. The size is in device pixels.
 QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels) {
     const QString key = QStringLiteral("symbol/%1/%2/%3x%4")
                             .arg(toQt(name), color.name(QColor::HexArgb))
@@ -93,7 +93,7 @@ QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels)
     return pixmap;
 }
 
-// Draws in the colours of the moment, at the size and sharpness of the place.
+// Draws in the current colours of the theme, at the requested size and resolution.
 class SymbolEngine : public QIconEngine {
 public:
     SymbolEngine(std::string_view name, Role colorRole, int size)
@@ -124,7 +124,7 @@ private:
         switch (mode) {
         case QIcon::Disabled:
             return theme.color(Role::tertiary);
-        case QIcon::Selected: // upon the accent ground
+        case QIcon::Selected: // on the accent background
             return theme.color(Role::onAccent);
         default:
             return theme.color(role);

@@ -1,11 +1,12 @@
-// The icons of the interface, by the names of the system's symbol set, in the colour of their role.
+// The symbols of the interface, by the names of the system's symbol set, in the colour of a role.
 //
-// Every name that the catalogue of gestures or the interface uses has a drawing of ours of the same
-// meaning. They are vectors, so they are sharp at any size and on any screen.
+// Each name that the gesture catalogue or the interface uses has our own drawing with the same
+// meaning. The drawings are vectors, and therefore sharp at any size.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Errors:  an unknown name is drawn as an empty square, so that it is seen, and a test looks for it.
+// Errors:  an unknown name is drawn as an empty square, so that it is noticed; a test checks all
+//          names.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -21,13 +22,13 @@ namespace glidemap {
 
 bool symbolExists(std::string_view name);
 
-// Fills as much of the rectangle as its shape allows, centred.
+// Fills the rectangle as far as the symbol's shape allows, centred.
 void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name, const QColor& color);
 
 QPixmap symbolPixmap(std::string_view name, const QColor& color, int points, double pixelRatio);
 
-// Drawn in the colour that the role has at that moment, dimmed where the icon is disabled
-// and for the accent ground where it is selected.
+// Has the role's colour at the time of drawing, dimmed if the icon is disabled, and adapted to the
+// accent background if it is selected.
 QIcon symbolIcon(std::string_view name, Role role, int points = 16);
 
 } // namespace glidemap

@@ -16,14 +16,14 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::array sizes{16, 22, 24, 32, 48, 64}; // those that bars ask for
+constexpr std::array sizes{16, 22, 24, 32, 48, 64}; // requested by known bars
 
 const QColor light(0xf4, 0xf4, 0xf4);
 const QColor dark(0x2a, 0x2a, 0x2a);
 
-constexpr double edgeOpacity = 0.55; // seen where it has to be, and not where it has not
+constexpr double edgeOpacity = 0.55; // visible on any background without dominating
 
-// The symbol's own shape in another colour, moved by a little to all sides, behind it.
+// The symbol's shape in another colour behind it, shifted slightly in all directions.
 QPixmap drawn(std::string_view symbol, int size, double strength) {
     const bool isDark = Theme::shared().isDark();
     const int edge = size >= 32 ? 2 : 1;
@@ -39,7 +39,7 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     }
     painter.setOpacity(1);
     painter.drawPixmap(edge, edge, shape);
-    if (strength < 1) { // of the whole, whose layers would shine through each other
+    if (strength < 1) { // applied to the whole, so that no layer shines through
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
         painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
     }
@@ -63,7 +63,7 @@ bool isInstalled(const QString& name) {
     return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, place).isEmpty();
 }
 
-// Drawn when a bar asks for it, at the size that it asks for.
+// Draws the icon when a bar requests it, at the requested size.
 class Engine : public PixmapIconEngine {
 public:
     using Draw = QPixmap (*)(std::string_view symbol, int size, double strength);

@@ -1,10 +1,10 @@
-// A symbol as an icon for a status bar, whose colour nobody tells.
+// A symbol as a status bar icon, for a bar of unknown colour.
 //
-// A bar that draws itself is given the name of the installed icon, and colours that as it likes.
-// Where it is not installed, or the bar only gives a place to draw in, it is drawn here: in the
-// appearance's colour, with an edge in the opposite one that keeps it legible on any ground.
+// A bar that draws its items gets the name of the installed icon, and colours it. If the icon is
+// not installed, or the bar only embeds the item, the icon is drawn here. It has the appearance's
+// colour and an edge in the opposite colour, to be legible on any background.
 //
-// Units:   points; the strength is how opaque it is drawn, 1 for entirely.
+// Units:   points; the strength is the opacity, 0..1.
 // Thread:  the main thread.
 // Errors:  none.
 #pragma once
@@ -14,7 +14,7 @@
 
 namespace glidemap {
 
-// By its name in the desktop's icon theme, or drawn where that has none.
+// The icon of this name in the desktop's theme, or else a drawn one.
 QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double strength = 1);
 
 QIcon drawnTemplateIcon(std::string_view symbol, double strength = 1);

@@ -1,4 +1,4 @@
-// Texts on their way into widgets: the program's are UTF-8, Qt's are UTF-16.
+// Converts texts for widgets: the program uses UTF-8, Qt UTF-16.
 //
 // Thread:  any.
 #pragma once

@@ -19,7 +19,7 @@ std::shared_ptr<AppearanceSettings>& sharedSettings() {
 
 } // namespace
 
-// Sees the desktop's palette and font change. It lives as long as the application, which may go first.
+// Watches the desktop's palette and font. The application may be destroyed before it.
 class Theme::DesktopWatch : public QObject {
 public:
     DesktopWatch(Theme& watching, QApplication& application) : theme(watching) {

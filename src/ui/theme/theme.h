@@ -1,13 +1,14 @@
-// Colours by role and fonts by style, for a light and a dark appearance, and the style in which Qt's
-// own controls are drawn.
+// Colours by role and fonts by text style, for a light and a dark appearance, and the style that
+// draws Qt's own controls.
 //
-// Nothing in the interface names a colour or a font size; it names a role or a style, asks each time
-// it draws, and draws again when the theme changes.
+// Interface code never names a colour or a font size. It names a role or a text style, queries it
+// on each paint, and repaints when the theme changes.
 //
 // Units:   points, which are device-independent pixels.
-// Thread:  the main thread, while there is a QApplication.
+// Thread:  the main thread, during the life of the QApplication.
 // Owner:   the process (`Theme::shared()`).
-// Errors:  none. What the desktop does not say is read off its palette, else light, with motion.
+// Errors:  none. Missing settings of the desktop are derived from its palette; the defaults are
+//          light and with motion.
 #pragma once
 
 #include "core/observable.h"
@@ -24,25 +25,25 @@ namespace glidemap {
 
 enum class Role {
     primary,   // text and drawings
-    secondary, // what explains or is less important
-    tertiary,  // placeholders, hints of what is off
+    secondary, // explanations and less important texts
+    tertiary,  // placeholders and disabled hints
     accent,
-    onAccent, // text on the accent ground
+    onAccent, // text on the accent background
     red,
     orange,
     blue,
     green,
     purple,
-    window,    // the ground that everything stands on
-    card,      // a raised ground: the list, a group of a form, popovers, sheets
-    field,     // the ground of what can be changed: buttons, pickers, text fields
+    window,    // the window's background
+    card,      // a raised background: lists, form groups, popovers, sheets
+    field,     // the background of controls: buttons, combo boxes, text fields
     separator, // lines
-    hover,     // laid over the ground beneath the pointer
+    hover,     // laid over the background under the pointer
     pressed,
-    selection,    // laid over the ground of the selected row
-    accentGround, // what is filled with the accent colour and bears `onAccent`
-    outline,      // the edge of what can be changed
-    track,        // the ground in which a knob or a chosen segment slides
+    selection,    // laid over the background of the selected row
+    accentGround, // areas filled with the accent colour, which carry `onAccent`
+    outline,      // the edge of controls
+    track,        // the groove of a knob or of a chosen segment
     knob,
 };
 
@@ -50,7 +51,7 @@ enum class TextStyle {
     title2, // bold
     headline,
     body,
-    bodyMedium, // of medium weight
+    bodyMedium, // medium weight
     callout,
     caption,
     caption2,
@@ -60,17 +61,17 @@ class Theme {
 public:
     static Theme& shared();
 
-    // Where the shared one asks. Call before the first use of shared(); may be null.
+    // The settings that shared() uses. Call before the first use of shared(); may be null.
     static void configureShared(std::shared_ptr<AppearanceSettings> settings);
 
-    // Gives the application our style, palette and body font, and keeps them current.
+    // Sets our style, palette and body font on the application, and keeps them current.
     void applyTo(QApplication& application);
 
     ColorScheme colorScheme() const;
     bool isDark() const { return colorScheme() == ColorScheme::dark; }
     bool reducesMotion() const;
 
-    // Whether what lies behind a window shows through where the window is translucent.
+    // Whether translucent windows show the content behind them.
     bool composites() const;
 
     // Whether the system shows sheets, and we only fill them.
@@ -83,14 +84,14 @@ public:
     void pinSystemSheets(std::optional<bool> systemShows);
 
     QColor color(Role role) const;
-    // The same colour with this opacity, 0..1.
+    // The role's colour with this opacity, 0..1.
     QColor color(Role role, double opacity) const;
-    // For a ground that shows the role's hue, with this opacity.
+    // For a background in the role's hue, with this opacity.
     QColor tint(Role role, double opacity) const;
 
     QFont font(TextStyle style) const;
 
-    // Of colours, fonts and motion.
+    // Notifies of changes of colours, fonts and motion.
     Observable& changes() { return observers; }
 
 private:
@@ -104,7 +105,7 @@ private:
 
     std::shared_ptr<AppearanceSettings> settings;
     Subscription toSettings;
-    ColorScheme desktopPalette = ColorScheme::light; // what the desktop's own palette amounts to
+    ColorScheme desktopPalette = ColorScheme::light; // derived from the desktop's own palette
     QFont desktopFont;
     std::unique_ptr<DesktopWatch> watch;
     bool isDressing = false;

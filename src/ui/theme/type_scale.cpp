@@ -38,7 +38,7 @@ Step stepOf(TextStyle style) {
     return {bodySize, QFont::Normal};
 }
 
-// What a program is given where nobody has chosen a font.
+// Default families that programs get if the user has not chosen a font.
 bool namesNoFamily(const QString& family) {
     const std::array names = {"", "Sans", "Sans Serif", "Sans-Serif", "Helvetica", "System-ui"};
     return std::any_of(names.begin(), names.end(), [&family](const char* name) {
@@ -52,7 +52,7 @@ void addInstalled(QStringList& families, const QString& family) {
     }
 }
 
-// Asking the toolkit would load the font in a size that nothing is set in.
+// Computed without QFontInfo, which would load the font in an unused size.
 double pixelSizeOf(const QFont& font) {
     if (font.pixelSize() > 0) {
         return font.pixelSize();
@@ -85,7 +85,7 @@ QFont scaledFont(const QFont& base, TextStyle style) {
     QFont font = base;
     font.setPixelSize(qRound(step.size * enlargement));
     font.setWeight(step.weight);
-    font.setStyleName({}); // a named style would win over the weight
+    font.setStyleName({}); // a style name would override the weight
     if (style == TextStyle::title2) {
         font.setLetterSpacing(QFont::PercentageSpacing, 98.5);
     }

@@ -1,9 +1,9 @@
-// The sizes and weights of the interface's texts, made from the desktop's own font.
+// The sizes and weights of the interface's texts, based on the desktop's font.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Errors:  none. Where the desktop names no font of its own, one that is made for screens is taken
-// if it is installed.
+// Errors:  none. If the desktop names no font, an installed font that is designed for screens is
+//          used.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -12,11 +12,11 @@
 
 namespace glidemap {
 
-// The desktop's family, before the one that draws Chinese as it is written in China.
+// The desktop's family, followed by a font with the Chinese letterforms of mainland China.
 QFont interfaceFont(const QFont& desktop);
 
-// `base` is an interface font. Sizes grow with its size where the user has set a larger one than
-// usual; they never shrink below what is comfortable.
+// `base` is an interface font. Sizes grow with its size if the user has set a larger one; they
+// never shrink below a comfortable size.
 QFont scaledFont(const QFont& base, TextStyle style);
 
 } // namespace glidemap

@@ -31,7 +31,7 @@ protected:
     Lang lang{nullptr};
 };
 
-TEST_F(AlertTest, AnOpenOneFollowsTheLanguage) {
+TEST_F(AlertTest, OpenAlertFollowsTheLanguage) {
     Alert alert(question, lang);
     alert.show();
     EXPECT_EQ(shownBy(alert), (AlertText{"Go on?", "It takes long.", {"Yes", "No"}}));
@@ -77,15 +77,15 @@ TEST_F(AlertTest, ReturnPressesTheFirstButtonAndEscapeTheLast) {
     for (const Row& row : {Row{Qt::Key_Return, true}, Row{Qt::Key_Escape, false}}) {
         Alert alert(question, lang);
         alert.show();
-        lang.setCode("zh"); // which leaves the buttons what they are
+        lang.setCode("zh"); // keeps the buttons and their roles
         QTest::keyClick(&alert, row.key);
         EXPECT_FALSE(alert.isVisible()) << row.key;
         EXPECT_EQ(alert.firstButtonWasChosen(), row.first) << row.key;
     }
 }
 
-// What every alert without a choice has: texts in both languages, and one button.
-TEST_F(AlertTest, EachMessageIsThereInBothLanguages) {
+// The common part of alerts without a choice: texts in both languages, and one button.
+TEST_F(AlertTest, EachMessageExistsInBothLanguages) {
     for (AlertText (*text)(const Lang&) : {noStatusBarText, unansweredText, withoutLockText}) {
         lang.setCode("en");
         const AlertText english = text(lang);

@@ -32,16 +32,16 @@ GestureBinding binding(GestureType gesture, bool enabled = true) {
     return made;
 }
 
-// The delegate as it is when the program runs.
+// A launched delegate.
 class AppDelegateTest : public testing::Test {
 protected:
     void launch(BindingList bindings = {}) {
-        stage.reset(); // there is one at a time
+        stage.reset(); // destroys the previous delegate first
         stage = std::make_unique<DelegateStage>(std::move(bindings));
         relaunch();
     }
 
-    // None once the dispatcher is gone.
+    // nullopt if there is no dispatcher.
     std::optional<bool> masterEnabled() const {
         const auto held = stage->dispatcher.lock();
         return held != nullptr ? std::optional(held->masterEnabled()) : std::nullopt;
@@ -60,13 +60,13 @@ protected:
     std::unique_ptr<DelegateStage> stage = std::make_unique<DelegateStage>();
 };
 
-TEST_F(AppDelegateTest, CreationMakesTheServicesAndStartsNothing) {
+TEST_F(AppDelegateTest, CreationMakesTheServicesButStartsNothing) {
     stage->delegate = AppDelegate::create(stage->ports());
     EXPECT_THAT(stage->takeNotes(), ElementsAre("store", "update checker"));
     EXPECT_EQ(stage->engine->onGesture, nullptr);
 }
 
-TEST_F(AppDelegateTest, LaunchingTakesItsStepsInTheirOrder) {
+TEST_F(AppDelegateTest, LaunchRunsItsStepsInOrder) {
     stage->delegate = AppDelegate::create(stage->ports());
     stage->takeNotes();
     stage->delegate->applicationDidFinishLaunching();
@@ -77,7 +77,7 @@ TEST_F(AppDelegateTest, LaunchingTakesItsStepsInTheirOrder) {
                             "clicks on", "settings window", "activate Glidemap"));
 }
 
-TEST_F(AppDelegateTest, TerminatingStopsTouchesAndThenClicksOnce) {
+TEST_F(AppDelegateTest, TerminationStopsTouchesThenClicksOnlyOnce) {
     launch();
     EXPECT_TRUE(stage->hearsTouches());
     stage->delegate->applicationWillTerminate();
@@ -88,7 +88,7 @@ TEST_F(AppDelegateTest, TerminatingStopsTouchesAndThenClicksOnce) {
     EXPECT_THAT(stage->takeNotes(), IsEmpty());
 }
 
-TEST_F(AppDelegateTest, TerminatingSavesTheListThatCouldNotBeSaved) {
+TEST_F(AppDelegateTest, TerminationRetriesAFailedSave) {
     const test::TemporaryFolder folder;
     const auto support = folder.write("support", "not a folder");
     stage->store = std::make_shared<BindingStore>([&] { return support; });
@@ -100,7 +100,7 @@ TEST_F(AppDelegateTest, TerminatingSavesTheListThatCouldNotBeSaved) {
     EXPECT_TRUE(std::filesystem::exists(support / "Glidemap" / "bindings.json"));
 }
 
-TEST_F(AppDelegateTest, WhileAnotherSessionIsInFrontNothingIsHeardOrTaken) {
+TEST_F(AppDelegateTest, BackgroundSessionIgnoresTouchesAndClicks) {
     launch({binding(GestureType::threeFingerClick)});
     stage->session->setActive(false);
     EXPECT_FALSE(stage->hearsTouches());
@@ -111,13 +111,13 @@ TEST_F(AppDelegateTest, WhileAnotherSessionIsInFrontNothingIsHeardOrTaken) {
     EXPECT_THAT(stage->takeNotes(), IsSupersetOf({"touches", "click tap", "clicks on"}));
 }
 
-TEST_F(AppDelegateTest, WhenDevicesMayHaveChangedTheyAreLookedForAndClicksTriedAgain) {
+TEST_F(AppDelegateTest, DeviceChangeRestartsTouches) {
     launch();
     stage->delegate->devicesMayHaveChanged();
     EXPECT_THAT(stage->takeNotes(), ElementsAre("touches"));
 }
 
-TEST_F(AppDelegateTest, AGestureGoesToTheDispatcherToBeCarriedOut) {
+TEST_F(AppDelegateTest, RecognisedGestureReachesTheDispatcher) {
     launch({binding(GestureType::twoFingerTap)});
     stage->engine->onGesture(GestureType::twoFingerTap);
     stage->mainQueue->runAll();
@@ -125,12 +125,12 @@ TEST_F(AppDelegateTest, AGestureGoesToTheDispatcherToBeCarriedOut) {
     EXPECT_EQ(stage->dispatcher.lock()->recentEvents().size(), 1U);
 }
 
-TEST_F(AppDelegateTest, AClickIsTakenFromTheDesktopIfABindingRuns) {
+TEST_F(AppDelegateTest, ClickIsSwallowedIfABindingRuns) {
     launch({binding(GestureType::threeFingerClick)});
     const auto press = [&] {
         return stage->click({ClickEventType::leftMouseDown, 0});
     };
-    stage->touch(2); // a click of two is bound to nothing
+    stage->touch(2); // no binding for two-finger clicks
     EXPECT_EQ(press(), ClickTap::Verdict::pass);
     stage->touch(3);
     EXPECT_EQ(press(), ClickTap::Verdict::drop);
@@ -140,7 +140,7 @@ TEST_F(AppDelegateTest, AClickIsTakenFromTheDesktopIfABindingRuns) {
     EXPECT_EQ(stage->keyEvents->posts.size(), 1U);
 }
 
-TEST_F(AppDelegateTest, ClicksAreNeededWhileOneIsBound) {
+TEST_F(AppDelegateTest, ClicksAreFilteredOnlyWhileAClickIsBound) {
     launch();
     stage->store->setBindings({binding(GestureType::twoFingerClick)});
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks needed"));
@@ -148,7 +148,7 @@ TEST_F(AppDelegateTest, ClicksAreNeededWhileOneIsBound) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks not needed"));
 }
 
-TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapOfThatCountMakesSingleTapsWait) {
+TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapOfTheSameFingerCountDelaysSingleTaps) {
     struct Row {
         const char* what;
         BindingList bindings;
@@ -181,14 +181,14 @@ TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapOfThatCountMakesSingleTapsWait) {
     }
 }
 
-TEST_F(AppDelegateTest, TheScopeOfADoubleTapDoesNotMatter) {
+TEST_F(AppDelegateTest, ScopeOfADoubleTapDoesNotAffectTheDelayOfSingleTaps) {
     auto scoped = binding(GestureType::twoFingerDoubleTap);
     scoped.scope = AppScope{"org.example.Editor", "Editor"};
     launch({scoped});
     EXPECT_TRUE(doubleTapBindingExists(2));
 }
 
-TEST_F(AppDelegateTest, WithTheDelegateGoneItsCallbacksDoNothingAndAnswerFalse) {
+TEST_F(AppDelegateTest, CallbacksOfADestroyedDelegateDoNothingAndReturnFalse) {
     launch({binding(GestureType::twoFingerDoubleTap), binding(GestureType::twoFingerTap)});
     stage->delegate->checkForUpdates();
     const auto query = stage->engine->sessionRecognizer().doubleTapBindingExists;
@@ -205,13 +205,13 @@ TEST_F(AppDelegateTest, WithTheDelegateGoneItsCallbacksDoNothingAndAnswerFalse) 
     heard(GestureType::twoFingerTap);
     stage->mainQueue->runAll();
     EXPECT_THAT(stage->keyEvents->posts, IsEmpty());
-    stage->openChecks.back()({"", "no network"}); // no alert: it would never end
+    stage->openChecks.back()({"", "no network"}); // an alert would block here for ever
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
 }
 
 // The status menu.
 
-TEST_F(AppDelegateTest, TheStatusMenusTitlesAreEmptyUntilItOpens) {
+TEST_F(AppDelegateTest, StatusMenuTitlesAreEmptyUntilItOpens) {
     launch();
     EXPECT_EQ(stage->titles(), (Texts{"", "-", "", "", "-", ""}));
     EXPECT_EQ(stage->statusItem->menu().actions().size(), 7);
@@ -223,7 +223,7 @@ TEST_F(AppDelegateTest, TheStatusMenusTitlesAreEmptyUntilItOpens) {
     }
 }
 
-TEST_F(AppDelegateTest, TheStatusMenusTitlesAreInTheLanguageOfThatMoment) {
+TEST_F(AppDelegateTest, StatusMenuTitlesUseTheCurrentLanguage) {
     launch();
     const Texts english{"Enable Gestures",    "-", "Settings…",
                         "Check for Updates…", "-", "Quit Glidemap"};
@@ -239,7 +239,7 @@ TEST_F(AppDelegateTest, TheStatusMenusTitlesAreInTheLanguageOfThatMoment) {
     EXPECT_EQ(stage->titles(), chinese);
 }
 
-TEST_F(AppDelegateTest, ANewerVersionIsOfferedAtTheNextOpening) {
+TEST_F(AppDelegateTest, NewerVersionIsOfferedWhenTheMenuOpensNext) {
     launch();
     stage->publish("1.3");
     EXPECT_FALSE(stage->item(4).isVisible());
@@ -253,7 +253,7 @@ TEST_F(AppDelegateTest, ANewerVersionIsOfferedAtTheNextOpening) {
     EXPECT_EQ(stage->titles()[4], "下载新版本 v1.3…");
 }
 
-TEST_F(AppDelegateTest, AVersionThatIsNoLongerOfferedGoesAndItsTitleStays) {
+TEST_F(AppDelegateTest, ObsoleteUpdateItemIsHiddenAndKeepsItsTitle) {
     launch();
     stage->publish("1.3");
     stage->openMenu();
@@ -265,11 +265,11 @@ TEST_F(AppDelegateTest, AVersionThatIsNoLongerOfferedGoesAndItsTitleStays) {
     EXPECT_EQ(stage->item(4).text(), "Download v1.3…");
 }
 
-TEST_F(AppDelegateTest, AVersionIsShownLetterByLetter) {
+TEST_F(AppDelegateTest, AmpersandInAVersionIsEscaped) {
     launch();
     stage->publish("2.&b");
     stage->openMenu();
-    EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // one & on the screen
+    EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // shows one &
 }
 
 // On some systems it keeps the program quick while it shows no window.
@@ -302,7 +302,7 @@ TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
     EXPECT_EQ(masterEnabled(), true);
 }
 
-TEST_F(AppDelegateTest, TheSwitchOfTheLastRunIsTheMark) {
+TEST_F(AppDelegateTest, CheckMarkShowsTheSwitchOfTheLastRun) {
     stage->defaults->storedBooleans["masterEnabled"] = false;
     relaunch();
     stage->openMenu();
@@ -338,8 +338,8 @@ TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
 
-// Where the bar reads the menu before it opens.
-TEST_F(AppDelegateTest, ABarThatDrawsItselfAlwaysHasTheMenuAsItIs) {
+// Bars that read the menu before it opens.
+TEST_F(AppDelegateTest, BarThatDrawsTheMenuAlwaysHasItsCurrentState) {
     stage->statusBar->become(StatusBar::Kind::drawsItself);
     relaunch();
     EXPECT_EQ(stage->titles()[0], "Enable Gestures");
@@ -351,7 +351,7 @@ TEST_F(AppDelegateTest, ABarThatDrawsItselfAlwaysHasTheMenuAsItIs) {
     EXPECT_FALSE(stage->item(0).isChecked());
 }
 
-TEST_F(AppDelegateTest, ABarThatDrawsItselfAndComesLateFindsTheMenuAsItIs) {
+TEST_F(AppDelegateTest, LateBarThatDrawsTheMenuGetsItsCurrentState) {
     launch();
     EXPECT_FALSE(stage->statusItem->isShown());
     stage->statusBar->become(StatusBar::Kind::drawsItself);
@@ -359,7 +359,7 @@ TEST_F(AppDelegateTest, ABarThatDrawsItselfAndComesLateFindsTheMenuAsItIs) {
     EXPECT_EQ(stage->titles()[0], "Enable Gestures");
 }
 
-TEST_F(AppDelegateTest, WithoutABarThatIsSaidOnceAndTakenBackWhenOneComes) {
+TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppears) {
     stage->patienceForBar = std::chrono::milliseconds(0);
     relaunch();
     const auto notice = [] {
@@ -383,7 +383,7 @@ TEST_F(AppDelegateTest, WithoutABarThatIsSaidOnceAndTakenBackWhenOneComes) {
 
 // The settings window.
 
-TEST_F(AppDelegateTest, ThereIsOneSettingsWindowAndClosingHidesIt) {
+TEST_F(AppDelegateTest, ClosingHidesTheOnlySettingsWindow) {
     launch();
     const QWidget* first = stage->window;
     stage->window->close();
@@ -395,14 +395,14 @@ TEST_F(AppDelegateTest, ThereIsOneSettingsWindowAndClosingHidesIt) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("activate Glidemap"));
 }
 
-TEST_F(AppDelegateTest, AMinimisedWindowComesBack) {
+TEST_F(AppDelegateTest, MinimisedWindowIsRestored) {
     launch();
     stage->window->showMinimized();
     stage->delegate->openSettings();
     EXPECT_FALSE(stage->window->isMinimized());
 }
 
-TEST_F(AppDelegateTest, TheMainMenusKeysWorkInTheWindowInEnglishOnly) {
+TEST_F(AppDelegateTest, MainMenuWorksInTheWindowAndIsAlwaysEnglish) {
     launch();
     stage->lang.setCode("zh");
     Texts items;
@@ -418,7 +418,7 @@ TEST_F(AppDelegateTest, TheMainMenusKeysWorkInTheWindowInEnglishOnly) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
 
-TEST_F(AppDelegateTest, TheEditMenuIsForWhateverHasTheKeyboard) {
+TEST_F(AppDelegateTest, EditMenuActsOnTheFocusedWidget) {
     launch();
     const auto choose = [&](int place) {
         stage->window->actions().at(place)->trigger();
@@ -444,11 +444,11 @@ TEST_F(AppDelegateTest, TheEditMenuIsForWhateverHasTheKeyboard) {
     other.setFocusPolicy(Qt::StrongFocus);
     other.show();
     other.setFocus();
-    choose(paste); // it cannot
+    choose(paste); // read-only
     EXPECT_EQ(field.text(), "");
 }
 
-// The check that the user asks for. What is read here is the alert on the screen.
+// The check that the user requests. The tests read the alert on the screen.
 
 struct Shown {
     std::string message;
@@ -466,7 +466,7 @@ struct Shown {
 
 class UpdateAlertTest : public AppDelegateTest {
 protected:
-    // Checks, has the world answer, reads the alert and presses the button with this title.
+    // Checks, delivers `fetched`, reads the alert and presses the button with this title.
     Shown checkAnd(const Fetched& fetched, const std::string& press) {
         Shown shown;
         stage->onActivate = [&](QWidget& widget) {
@@ -501,7 +501,7 @@ protected:
     const Fetched unreachable{"", "Host not found: the system's words"};
 };
 
-TEST_F(UpdateAlertTest, EachOutcomeHasItsWords) {
+TEST_F(UpdateAlertTest, EachOutcomeHasItsTexts) {
     launch();
     EXPECT_EQ(checkAnd(unreachable, "OK"),
               (Shown{"Update check failed",
@@ -516,7 +516,7 @@ TEST_F(UpdateAlertTest, EachOutcomeHasItsWords) {
                      {"Download", "Later"}}));
 }
 
-TEST_F(UpdateAlertTest, EachOutcomeHasItsWordsInChinese) {
+TEST_F(UpdateAlertTest, EachOutcomeHasItsChineseTexts) {
     launch();
     stage->lang.setCode("zh");
     EXPECT_EQ(checkAnd(unreachable, "好"),
@@ -527,7 +527,7 @@ TEST_F(UpdateAlertTest, EachOutcomeHasItsWordsInChinese) {
               (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
 }
 
-TEST_F(UpdateAlertTest, AnOpenOneFollowsTheLanguage) {
+TEST_F(UpdateAlertTest, OpenAlertFollowsTheLanguage) {
     launch();
     Shown shown;
     stage->onActivate = [&](QWidget& widget) {
@@ -548,7 +548,7 @@ TEST_F(UpdateAlertTest, AnOpenOneFollowsTheLanguage) {
               (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
 }
 
-TEST_F(UpdateAlertTest, AnUnknownRunningVersionIsUpToDateWithoutAskingAnybody) {
+TEST_F(UpdateAlertTest, UnknownRunningVersionIsUpToDateWithoutARequest) {
     stage->runningVersion = std::nullopt;
     relaunch();
     EXPECT_EQ(checkAnd(unreachable, "OK"),
@@ -556,7 +556,7 @@ TEST_F(UpdateAlertTest, AnUnknownRunningVersionIsUpToDateWithoutAskingAnybody) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("activate Glidemap"));
 }
 
-TEST_F(UpdateAlertTest, DownloadOpensTheSiteAndNothingElseDoes) {
+TEST_F(UpdateAlertTest, OnlyDownloadOpensTheSite) {
     launch();
     checkAnd(published("1.3"), "Later");
     checkAnd(published("1.3"), "(closed)");
@@ -567,14 +567,14 @@ TEST_F(UpdateAlertTest, DownloadOpensTheSiteAndNothingElseDoes) {
     EXPECT_THAT(stage->workspace->opened, ElementsAre("url https://updates.example/"));
 }
 
-TEST_F(UpdateAlertTest, ABackgroundCheckShowsNothing) {
+TEST_F(UpdateAlertTest, BackgroundCheckShowsNoAlert) {
     launch();
     stage->answerUpdateCheck(unreachable);
     EXPECT_THAT(stage->takeNotes(), IsEmpty());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
-TEST_F(UpdateAlertTest, AVersionIsNoMarkup) {
+TEST_F(UpdateAlertTest, VersionIsShownAsPlainText) {
     launch();
     stage->onActivate = [&](QWidget& widget) {
         for (const QLabel* label : widget.findChildren<QLabel*>()) {
@@ -587,7 +587,7 @@ TEST_F(UpdateAlertTest, AVersionIsNoMarkup) {
     stage->publish("2.<b>1</b>");
 }
 
-TEST_F(UpdateAlertTest, GesturesAreCarriedOutWhileAnAlertIsOpen) {
+TEST_F(UpdateAlertTest, GesturesWorkWhileAnAlertIsOpen) {
     launch({binding(GestureType::twoFingerTap)});
     std::size_t posted = 0;
     stage->onActivate = [&](QWidget& widget) {

@@ -76,7 +76,7 @@ private:
     DelegateStage& stage;
 };
 
-// A complete driver; how many devices it has is asked at each start, and only then.
+// A complete driver. Only a start queries its number of devices.
 TouchDriverPlatform DelegateStage::driver() {
     return {TEST_DRIVER, [](void*) {
                 return TouchDriverPlatform::ListAccess{
@@ -85,8 +85,8 @@ TouchDriverPlatform DelegateStage::driver() {
                         const bool asks =
                             current->engine->sessionRecognizer().doubleTapBindingExists != nullptr;
                         current->notes.push_back(std::string("touches") +
-                                                 (heard ? "" : ", nobody listens") +
-                                                 (asks ? "" : ", nobody knows of double taps"));
+                                                 (heard ? "" : ", no onGesture") +
+                                                 (asks ? "" : ", no doubleTapBindingExists"));
                         return 0;
                     },
                     [](driver::DeviceList, long) -> const void* {

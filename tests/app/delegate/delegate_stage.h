@@ -1,4 +1,4 @@
-// A delegate between doubles that write down what it asks of them, in one journal.
+// A delegate with fake ports, which record its calls in one journal.
 //
 // Thread:  the test's main thread, with an application object.
 #pragma once
@@ -51,15 +51,15 @@ public:
     DelegateStage& operator=(const DelegateStage&) = delete;
     ~DelegateStage();
 
-    // What was asked since the last time, in order.
+    // The calls since the last time, in order.
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
 
-    // The item of the status menu at this place, separators counted.
+    // The item of the status menu at this index, including separators.
     QAction& item(int place) const;
     void openMenu() const;
-    std::vector<std::string> titles() const; // of the visible items; a separator is "-"
+    std::vector<std::string> titles() const; // of visible items; "-" is a separator
 
-    // Answers the oldest question for the manifest that is open.
+    // Responds to the oldest pending request for the manifest.
     void answerUpdateCheck(const Fetched& fetched);
     void publish(const std::string& version) {
         answerUpdateCheck({"{\"version\": \"" + version + "\"}", std::nullopt});
@@ -90,9 +90,9 @@ public:
     ClickTap::Callback click;
     std::vector<std::function<void(const Fetched&)>> openChecks;
 
-    // As the driver reports it: so many fingers rest on the pad.
+    // Reports this number of resting fingers from the driver.
     void touch(int fingers) const;
-    // Whether what the driver reports arrives. Leaves no finger on the pad.
+    // Whether a report of the driver arrives. Leaves no finger on the pad.
     bool hearsTouches() const;
 
     // What the shell was notified of: each time whether gestures are on.
@@ -101,7 +101,7 @@ public:
     // What happens while a widget is brought forward.
     std::function<void(QWidget&)> onActivate;
 
-    AppDelegate::Ports ports(); // for the delegate below, and once
+    AppDelegate::Ports ports(); // called once, for the delegate below
     std::shared_ptr<AppDelegate> delegate;
 
 private:
@@ -115,7 +115,7 @@ private:
     UpdateChecker::Setup updates();
 
     std::vector<std::string> notes;
-    static DelegateStage* current; // whom the driver's list asks
+    static DelegateStage* current; // used by the driver's functions
 };
 
 } // namespace glidemap::test

@@ -49,7 +49,7 @@ protected:
     int found = 0;
 };
 
-TEST_F(StatusItemTest, TheIconIsForTheBarThatIsThereAndFollowsTheLookOfTheDesktop) {
+TEST_F(StatusItemTest, IconFitsTheBarAndFollowsTheAppearance) {
     const auto item = itemThatWaits(never);
     look.announceDidChange();
     EXPECT_THAT(drawnFor, IsEmpty()) << "there is nothing to show it in";
@@ -59,8 +59,8 @@ TEST_F(StatusItemTest, TheIconIsForTheBarThatIsThereAndFollowsTheLookOfTheDeskto
     EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::embeds));
 }
 
-// Where a click opens the menu it is for nothing else.
-TEST_F(StatusItemTest, AClickIsToldUnlessItHasOpenedTheMenu) {
+// If a click opens the menu, it does nothing else.
+TEST_F(StatusItemTest, ClickIsReportedUnlessItOpensTheMenu) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);
         const auto item = itemThatWaits(never);
@@ -79,7 +79,7 @@ TEST_F(StatusItemTest, AClickIsToldUnlessItHasOpenedTheMenu) {
     }
 }
 
-TEST_F(StatusItemTest, TheIconIsDrawnAnewWhenItsLookChangesAndOnlyThen) {
+TEST_F(StatusItemTest, IconIsRedrawnOnlyWhenItsLookChanges) {
     using Look = StatusItem::Look;
     const auto item = itemThatWaits(never);
     item->setLook(Look::off);
@@ -120,7 +120,7 @@ TEST_F(StatusItemTest, ABarThatDrawsTheMenuShowsEitherNoKeyOrAll) {
     }
 }
 
-TEST_F(StatusItemTest, ABarThatComesToDrawTheMenuItselfGetsTheIconAndTheMenuThatItNeeds) {
+TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsItsIconAndMenu) {
     const auto item = itemThatWaits(never);
     item->menu().addAction("one")->setShortcut(QKeySequence("Ctrl+Q"));
     bar->become(Kind::embeds);
@@ -129,10 +129,10 @@ TEST_F(StatusItemTest, ABarThatComesToDrawTheMenuItselfGetsTheIconAndTheMenuThat
     EXPECT_TRUE(item->menu().actions().front()->shortcut().isEmpty());
 }
 
-TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
+TEST_F(StatusItemTest, PunctualBarIsNeverReportedMissing) {
     const auto item = itemThatWaits(milliseconds(0));
     bar->become(Kind::drawsItself);
-    // Has as little patience, and loses it later.
+    // Has the same patience but starts later: `item` would be reported missing first.
     bool laterIsMissing = false;
     StatusItem later(
         std::make_shared<FakeStatusBar>(), [](Kind, StatusItem::Look) { return QIcon(); },
@@ -145,7 +145,7 @@ TEST_F(StatusItemTest, ABarThatComesInTimeWasNeverMissed) {
     EXPECT_EQ(found, 0);
 }
 
-TEST_F(StatusItemTest, ABarIsMissedOnceAndFoundOnce) {
+TEST_F(StatusItemTest, BarIsReportedMissingOnceAndFoundOnce) {
     const auto item = itemThatWaits(milliseconds(0));
     ASSERT_TRUE(test::waitFor([&] { return missing > 0; }));
     bar->become(Kind::none);

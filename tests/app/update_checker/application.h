@@ -1,4 +1,4 @@
-// An application object for one test, whose event loop runs until something has happened.
+// An application object for one test. Its event loop runs until a condition holds.
 #pragma once
 
 #include "kit/patience.h"
@@ -11,21 +11,21 @@
 
 namespace glidemap::test {
 
-// On a busy machine tests raise their time limits, up to this one.
+// Tests raise their time-outs up to this one on a busy machine.
 inline constexpr std::chrono::seconds longestLimit{64};
 static_assert(longestLimit < patience);
 
 class Application {
 public:
-    // The servers of tests are here, whatever stands between this machine and others.
+    // The tests' servers are local, so requests must bypass any proxy.
     Application() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
 
-    // Nothing waits as long as this unless it has failed.
+    // Only a failing test reaches this time-out.
     static bool runUntil(const std::function<bool()>& happened) {
         return QTest::qWaitFor(happened, std::chrono::milliseconds(patience).count());
     }
 
-    // What waits to be run, and what that makes wait.
+    // Processes pending events, and the events that they post.
     static void runWhatWaits() {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();

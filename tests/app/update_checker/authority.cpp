@@ -24,7 +24,8 @@ QStringList newKey(const QString& name) {
             "-nodes", "-keyout", name + ".key", "-subj",    "/CN=" + name};
 }
 
-// Newer versions refuse a number of days below zero and take dates instead, which older ones do not know.
+// Newer versions of openssl refuse a negative number of days and accept dates, which older versions
+// do not support.
 bool takesDates() {
     QProcess program;
     program.start("openssl", {"x509", "-help"});

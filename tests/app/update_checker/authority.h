@@ -1,7 +1,7 @@
-// Certificates for a test's own server, made anew each time by the openssl program.
+// Certificates for a test's own server, created for each test by the openssl program.
 //
 // Owner:   a test.
-// Errors:  what cannot be made is a failure of the test.
+// Errors:  a failed creation fails the test.
 #pragma once
 
 #include "kit/temporary_folder.h"
@@ -13,7 +13,7 @@
 
 namespace glidemap::test {
 
-// What a server shows: its certificate, and the key to it.
+// A server's certificate and its private key.
 struct Identity {
     QSslCertificate certificate;
     QSslKey key;
@@ -23,10 +23,10 @@ class Authority {
 public:
     Authority();
 
-    // For whoever shall trust it.
+    // For clients that must trust this authority.
     const QList<QSslCertificate>& certificates() const { return itself; }
 
-    // As in openssl's subjectAltName; negative days make it one that has expired.
+    // `names` as in openssl's subjectAltName; negative days create an expired certificate.
     Identity vouchFor(const std::string& names, int days = 2) const;
 
 private:

@@ -1,5 +1,5 @@
-// What the program says is what was fetched, with shell scripts in its place; and the real one, which
-// trusts no server of ours.
+// Fetches with shell scripts in place of the helper, and with the real helper, which trusts no test
+// server.
 #include "app/fetch_program.h"
 #include "application.h"
 #include "https_server.h"
@@ -50,32 +50,32 @@ protected:
     Application application;
 };
 
-TEST_F(FetchProgramTest, ItsOutputIsTheBody) {
+TEST_F(FetchProgramTest, StandardOutputIsTheBody) {
     const Fetched fetched = fetchBy(script("printf 'of %s' \"$1\""));
     EXPECT_EQ(fetched.body, "of https://nowhere.invalid/version.json");
     EXPECT_FALSE(fetched.transportError);
 }
 
-TEST_F(FetchProgramTest, ItsComplaintIsAnErrorBesideTheBody) {
+TEST_F(FetchProgramTest, StandardErrorOfAFailureIsAnErrorBesideTheBody) {
     const Fetched fetched = fetchBy(script("printf half; echo 'cut off' >&2; exit 1"));
     EXPECT_EQ(fetched.body, "half");
     EXPECT_EQ(fetched.transportError, "cut off");
 }
 
-TEST_F(FetchProgramTest, AComplaintThatDidNotMatterIsNone) {
+TEST_F(FetchProgramTest, StandardErrorOfASuccessIsIgnored) {
     EXPECT_FALSE(fetchBy(script("printf whole; echo careful >&2")).transportError);
 }
 
-TEST_F(FetchProgramTest, AnEndWithoutAWordIsAnError) {
+TEST_F(FetchProgramTest, FailureWithoutAMessageIsAnError) {
     EXPECT_TRUE(fetchBy(script("exit 3")).transportError);
     EXPECT_TRUE(fetchBy(script("kill -KILL $$")).transportError);
 }
 
-TEST_F(FetchProgramTest, AProgramThatIsNotThereIsAnError) {
+TEST_F(FetchProgramTest, MissingProgramIsAnError) {
     EXPECT_TRUE(fetchBy(folder.path() / "nothing").transportError);
 }
 
-TEST_F(FetchProgramTest, ItStartsAfterItsRest) {
+TEST_F(FetchProgramTest, ProgramStartsAfterItsDelay) {
     const auto program = script("touch \"$0.ran\"");
     bool isDone = false;
     fetchByProgram(program, 1h)(address, [&](const Fetched&) { isDone = true; });
@@ -84,14 +84,14 @@ TEST_F(FetchProgramTest, ItStartsAfterItsRest) {
     EXPECT_FALSE(isDone);
 }
 
-TEST_F(FetchProgramTest, TheRealOneTakesHttpsAndNothingElse) {
+TEST_F(FetchProgramTest, InstalledProgramAcceptsOnlyHttps) {
     const Fetched fetched = fetchBy(GLIDEMAP_FETCH_PROGRAM, "http://nowhere.invalid/");
     EXPECT_TRUE(fetched.body.empty());
     ASSERT_TRUE(fetched.transportError);
     EXPECT_NE(fetched.transportError->find("usage"), std::string::npos);
 }
 
-TEST_F(FetchProgramTest, TheRealOneBelievesNoServerThatNobodyVouchesFor) {
+TEST_F(FetchProgramTest, InstalledProgramRejectsAnUntrustedServer) {
     const test::Authority authority;
     const test::HttpsServer server(authority.vouchFor("IP:127.0.0.1"),
                                    test::ok(R"({"version": "9"})"));
@@ -103,7 +103,7 @@ TEST_F(FetchProgramTest, TheRealOneBelievesNoServerThatNobodyVouchesFor) {
     EXPECT_TRUE(server.requests().empty());
 }
 
-#ifndef GLIDEMAP_SANITIZED // the sanitizers take terabytes of addresses
+#ifndef GLIDEMAP_SANITIZED // sanitizers reserve terabytes of addresses
 
 std::string addressSpaceLimitOf(qint64 process) {
     std::ifstream limits("/proc/" + std::to_string(process) + "/limits");
@@ -119,8 +119,8 @@ std::string addressSpaceLimitOf(qint64 process) {
     return "";
 }
 
-// TLS works under this limit: the test before this one gets as far as the certificate.
-TEST_F(FetchProgramTest, TheRealOneLimitsItsMemory) {
+// TLS works under this limit: the previous test reaches the check of the certificate.
+TEST_F(FetchProgramTest, InstalledProgramLimitsItsMemory) {
     if (!std::filesystem::exists("/proc/self/limits")) {
         GTEST_SKIP() << "this system does not show a process's limits";
     }

@@ -32,7 +32,7 @@ protected:
             {.host = server.host(), .currentVersion = version, .fetch = countedFetch()});
     }
 
-    // What nobody has waited for ends within the test, too.
+    // Also finishes the requests that a test did not wait for.
     void TearDown() override {
         EXPECT_TRUE(Application::runUntil([this] { return underWay == 0; }));
     }
@@ -60,7 +60,7 @@ protected:
         EXPECT_FALSE(error->text.empty());
     }
 
-    // Known before, and expected still to be.
+    // A version that the checker must keep.
     std::shared_ptr<UpdateChecker> checkerThatKnows(const std::string& version) {
         server.setAnswer(ok(manifest(version)));
         auto checker = checkerRunning("1.2");
@@ -87,27 +87,27 @@ protected:
     int underWay = 0;
 };
 
-TEST_F(HttpsCheckTest, ANewerVersionIsFoundAndKept) {
+TEST_F(HttpsCheckTest, NewerVersionIsFoundAndKept) {
     const auto checker = checkerRunning("1.2");
     expectNewer("1.2.1", check(*checker));
     EXPECT_EQ(checker->latestVersion(), "1.2.1");
 }
 
-TEST_F(HttpsCheckTest, TheRunningVersionIsUpToDateAndClearsWhatWasKnown) {
+TEST_F(HttpsCheckTest, RunningVersionIsUpToDateAndClearsTheKnownVersion) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer(ok(manifest("1.2")));
     expectNewer(std::nullopt, check(*checker));
     EXPECT_EQ(checker->latestVersion(), std::nullopt);
 }
 
-TEST_F(HttpsCheckTest, AnOlderVersionIsNeverOffered) {
+TEST_F(HttpsCheckTest, OlderVersionIsNeverOffered) {
     server.setAnswer(ok(manifest("1.0")));
     const auto checker = checkerRunning("1.1");
     expectNewer(std::nullopt, check(*checker));
     EXPECT_EQ(checker->latestVersion(), std::nullopt);
 }
 
-TEST_F(HttpsCheckTest, WhatIsNoManifestIsABadResponseAndWhatWasKnownStays) {
+TEST_F(HttpsCheckTest, InvalidManifestIsABadResponseAndKeepsTheKnownVersion) {
     const auto checker = checkerThatKnows("1.3");
     for (const HttpsServer::Answer& answer : {
              ok(R"({"version": 2})"),
@@ -127,7 +127,7 @@ TEST_F(HttpsCheckTest, WhatIsNoManifestIsABadResponseAndWhatWasKnownStays) {
     }
 }
 
-TEST_F(HttpsCheckTest, AFailureOfACheckThatNobodyAskedForIsSilent) {
+TEST_F(HttpsCheckTest, FailureOfABackgroundCheckIsSilent) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer(ok(R"({"version": 2})"));
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });
@@ -137,7 +137,7 @@ TEST_F(HttpsCheckTest, AFailureOfACheckThatNobodyAskedForIsSilent) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(HttpsCheckTest, AManifestCountsWhateverTheStatus) {
+TEST_F(HttpsCheckTest, ManifestCountsWithAnyHttpStatus) {
     for (const char* const status :
          {"404 Not Found", "500 Internal Server Error", "503 Service Unavailable", "403 Forbidden",
           "410 Gone", "429 Too Many Requests", "203 Non-Authoritative Information"}) {
@@ -149,7 +149,7 @@ TEST_F(HttpsCheckTest, AManifestCountsWhateverTheStatus) {
     }
 }
 
-TEST_F(HttpsCheckTest, HalfABodyIsAFailureOfTheTransport) {
+TEST_F(HttpsCheckTest, TruncatedBodyIsATransportError) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer([](QSslSocket& socket, const std::string& /*request*/) {
         socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n{\"version\": \"9.");
@@ -159,7 +159,7 @@ TEST_F(HttpsCheckTest, HalfABodyIsAFailureOfTheTransport) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(HttpsCheckTest, AManifestThatIsCutOffAfterItsEndCounts) {
+TEST_F(HttpsCheckTest, CompleteManifestInATruncatedBodyCounts) {
     server.setAnswer([](QSslSocket& socket, const std::string& /*request*/) {
         socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n{\"version\": \"1.3\"}");
         socket.disconnectFromHost();
@@ -167,8 +167,8 @@ TEST_F(HttpsCheckTest, AManifestThatIsCutOffAfterItsEndCounts) {
     expectNewer("1.3", check(*checkerRunning("1.2")));
 }
 
-// The limit grows until the request has been sent within it: how fast that is depends on the machine.
-TEST_F(HttpsCheckTest, AServerThatNeverAnswersIsGivenUp) {
+// Raises the time-out until the request arrives within it, because the machine's speed is unknown.
+TEST_F(HttpsCheckTest, SilentServerTimesOut) {
     server.setAnswer(say(""));
     for (silence = 1s; server.requests().empty() && silence <= test::longestLimit; silence *= 2) {
         const auto checker = checkerRunning("1.2");
@@ -178,14 +178,14 @@ TEST_F(HttpsCheckTest, AServerThatNeverAnswersIsGivenUp) {
     EXPECT_TRUE(Application::runUntil([&] { return server.connections() == 0; }));
 }
 
-TEST_F(HttpsCheckTest, AServerThatIsNotThereIsAFailureOfTheTransport) {
+TEST_F(HttpsCheckTest, UnreachableServerIsATransportError) {
     const auto checker = checkerThatKnows("1.3");
     server.shutDown();
     expectFailure(Kind::transport, check(*checker));
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(HttpsCheckTest, AServerThatGoesAwayIsAFailureOfTheTransport) {
+TEST_F(HttpsCheckTest, DisconnectIsATransportError) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer([this](QSslSocket& /*socket*/, const std::string& /*request*/) {
         QTimer::singleShot(0, QCoreApplication::instance(), [this] { server.shutDown(); });
@@ -194,7 +194,7 @@ TEST_F(HttpsCheckTest, AServerThatGoesAwayIsAFailureOfTheTransport) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(HttpsCheckTest, ARedirectToPlainHttpIsRefusedAndItsBodyNotTaken) {
+TEST_F(HttpsCheckTest, RedirectToPlainHttpIsRefusedAndItsBodyDiscarded) {
     server.setAnswer(test::redirect("http://" + server.host() + "/other.json"));
     const auto checker = checkerRunning("1.2");
     expectFailure(Kind::transport, check(*checker));
@@ -202,7 +202,7 @@ TEST_F(HttpsCheckTest, ARedirectToPlainHttpIsRefusedAndItsBodyNotTaken) {
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST_F(HttpsCheckTest, SeveralChecksAtOnceAreEachAnswered) {
+TEST_F(HttpsCheckTest, ConcurrentChecksEachGetTheirResult) {
     int served = 0;
     server.setAnswer([&](QSslSocket& socket, const std::string& request) {
         ok(manifest("1." + std::to_string(10 + ++served)))(socket, request);
@@ -220,7 +220,7 @@ TEST_F(HttpsCheckTest, SeveralChecksAtOnceAreEachAnswered) {
     EXPECT_EQ(versions, (std::vector<std::string>{"1.11", "1.12", "1.13", "1.14", "1.15"}));
 }
 
-TEST_F(HttpsCheckTest, ACheckOutlivesItsChecker) {
+TEST_F(HttpsCheckTest, CheckOutlivesItsChecker) {
     auto checker = checkerRunning("1.2");
     std::vector<UpdateResult> results;
     checker->check([&](const UpdateResult& result) { results.push_back(result); });
@@ -229,7 +229,7 @@ TEST_F(HttpsCheckTest, ACheckOutlivesItsChecker) {
     expectNewer("1.2.1", results.front());
 }
 
-TEST_F(HttpsCheckTest, AGigabyteIsCutOffEarlyAndIsAFailure) {
+TEST_F(HttpsCheckTest, GigabyteBodyIsCutOffEarlyAndFails) {
     const auto checker = checkerThatKnows("1.3");
     constexpr qint64 gigabyte = 1'000'000'000;
     for (const std::string& length :

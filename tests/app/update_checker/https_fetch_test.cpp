@@ -27,7 +27,7 @@ constexpr qint64 largest = 1024L * 1024;
 
 class HttpsFetchTest : public testing::Test {
 protected:
-    // No time limit unless the test sets one.
+    // Without a time-out unless the test sets one.
     HttpsFetchSetup trusting() const {
         return {.silence = 1h, .whole = 1h, .authorities = authority.certificates()};
     }
@@ -58,7 +58,7 @@ protected:
     HttpsServer server{authority.vouchFor("IP:127.0.0.1"), ok("content")};
 };
 
-TEST_F(HttpsFetchTest, TheLimitsAreThoseOfSomethingSmall) {
+TEST_F(HttpsFetchTest, DefaultLimitsSuitASmallFile) {
     const HttpsFetchSetup setup;
     EXPECT_EQ(setup.silence, 15s);
     EXPECT_EQ(setup.whole, 60s);
@@ -66,7 +66,7 @@ TEST_F(HttpsFetchTest, TheLimitsAreThoseOfSomethingSmall) {
     EXPECT_TRUE(setup.authorities.isEmpty());
 }
 
-// The names of headers have no case of their own: Qt 6.8 writes them in small letters, older ones do not.
+// HTTP header names are case-insensitive: Qt 6.8 writes them in lower case, older versions do not.
 std::string inSmallLetters(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -74,7 +74,7 @@ std::string inSmallLetters(std::string text) {
     return text;
 }
 
-TEST_F(HttpsFetchTest, WhatIsAskedNamesTheProgramAndWantsNothingOld) {
+TEST_F(HttpsFetchTest, RequestNamesTheProgramAndBypassesCaches) {
     expectBody("content", fetch(trusting()));
     ASSERT_EQ(server.requests().size(), 1U);
     EXPECT_TRUE(server.requests()[0].starts_with("GET /version.json HTTP/1.1\r\n"))
@@ -90,7 +90,7 @@ TEST_F(HttpsFetchTest, WhatIsAskedNamesTheProgramAndWantsNothingOld) {
     }
 }
 
-TEST_F(HttpsFetchTest, NothingIsKeptForTheNextTime) {
+TEST_F(HttpsFetchTest, NoStateSurvivesAFetch) {
     server.setAnswer(respond("200 OK", "content",
                              "Set-Cookie: a=b; Path=/\r\nETag: \"1\"\r\n"
                              "Cache-Control: max-age=100000\r\n"
@@ -105,7 +105,7 @@ TEST_F(HttpsFetchTest, NothingIsKeptForTheNextTime) {
     EXPECT_EQ(server.requests()[0], server.requests()[1]);
 }
 
-// Of the program's threads.
+// Whether this process has a network thread.
 bool hasNetworkThread() {
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
         if (contentOf(task.path() / "comm") == "QNetworkAccessM\n") {
@@ -115,7 +115,7 @@ bool hasNetworkThread() {
     return false;
 }
 
-TEST_F(HttpsFetchTest, TheNetworksThreadIsThereOnlyWhileSomethingIsFetched) {
+TEST_F(HttpsFetchTest, NetworkThreadExistsOnlyDuringAFetch) {
     const Fetch onlyMade = httpsFetch(trusting());
     EXPECT_FALSE(hasNetworkThread());
     bool duringIt = false;
@@ -130,7 +130,7 @@ TEST_F(HttpsFetchTest, TheNetworksThreadIsThereOnlyWhileSomethingIsFetched) {
     EXPECT_TRUE(Application::runUntil([] { return !hasNetworkThread(); }));
 }
 
-TEST_F(HttpsFetchTest, ARedirectToHttpsIsFollowed) {
+TEST_F(HttpsFetchTest, RedirectToHttpsIsFollowed) {
     HttpsServer other(authority.vouchFor("IP:127.0.0.1"), ok("moved"));
     server.setAnswer(redirect(other.url("/elsewhere")));
     expectBody("moved", fetch(trusting()));
@@ -138,7 +138,7 @@ TEST_F(HttpsFetchTest, ARedirectToHttpsIsFollowed) {
     EXPECT_TRUE(other.requests()[0].starts_with("GET /elsewhere HTTP/1.1\r\n"));
 }
 
-TEST_F(HttpsFetchTest, ARedirectToAnythingElseIsRefusedAndItsBodyNotTaken) {
+TEST_F(HttpsFetchTest, RedirectToAnotherSchemeIsRefusedAndItsBodyDiscarded) {
     const test::TemporaryFolder folder;
     const auto file = folder.write("file", "secret");
     for (const std::string& location :
@@ -153,20 +153,20 @@ TEST_F(HttpsFetchTest, ARedirectToAnythingElseIsRefusedAndItsBodyNotTaken) {
     }
 }
 
-TEST_F(HttpsFetchTest, RedirectsInACircleEnd) {
+TEST_F(HttpsFetchTest, RedirectLoopFails) {
     server.setAnswer(redirect("/again"));
     expectNothing(fetch(trusting()));
     EXPECT_LE(server.requests().size(), 12U);
 }
 
-TEST_F(HttpsFetchTest, ARedirectToWhoIsNotTrustedIsRefused) {
+TEST_F(HttpsFetchTest, RedirectToAnUntrustedServerIsRefused) {
     HttpsServer stranger(test::Authority().vouchFor("IP:127.0.0.1"), ok("forged"));
     server.setAnswer(redirect(stranger.url()));
     expectNothing(fetch(trusting()));
     EXPECT_TRUE(stranger.requests().empty());
 }
 
-TEST_F(HttpsFetchTest, WhoCannotShowWhoItIsIsAskedNothing) {
+TEST_F(HttpsFetchTest, UntrustedServerReceivesNoRequest) {
     const test::Authority unknown;
     struct Row {
         const char* what;
@@ -189,13 +189,13 @@ TEST_F(HttpsFetchTest, WhoCannotShowWhoItIsIsAskedNothing) {
     }
 }
 
-// Where no authorities are given, the test's own is none of the system's.
-TEST_F(HttpsFetchTest, OnlyTheSystemsAuthoritiesAreTrustedUnlessOthersAreGiven) {
+// Without explicit authorities, the test's own authority is not among those of the system.
+TEST_F(HttpsFetchTest, OnlyTheSystemsAuthoritiesAreTrustedByDefault) {
     expectNothing(fetch({}));
     EXPECT_TRUE(server.requests().empty());
 }
 
-TEST_F(HttpsFetchTest, AServerThatDoesNotSpeakTlsIsAFailure) {
+TEST_F(HttpsFetchTest, ServerWithoutTlsFails) {
     QTcpServer plain;
     ASSERT_TRUE(plain.listen(QHostAddress::LocalHost));
     QObject::connect(&plain, &QTcpServer::newConnection, &plain, [&] {
@@ -204,7 +204,7 @@ TEST_F(HttpsFetchTest, AServerThatDoesNotSpeakTlsIsAFailure) {
     expectNothing(fetch(trusting(), "https://127.0.0.1:" + std::to_string(plain.serverPort())));
 }
 
-TEST_F(HttpsFetchTest, AServerThatTakesTheConnectionAndSaysNothingIsGivenUp) {
+TEST_F(HttpsFetchTest, ServerThatAcceptsAndStaysSilentTimesOut) {
     QTcpServer silent;
     ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
     HttpsFetchSetup setup = trusting();
@@ -212,8 +212,8 @@ TEST_F(HttpsFetchTest, AServerThatTakesTheConnectionAndSaysNothingIsGivenUp) {
     expectNothing(fetch(setup, "https://127.0.0.1:" + std::to_string(silent.serverPort())));
 }
 
-// The limit grows until the answer has come within it: how fast that is depends on the machine.
-TEST_F(HttpsFetchTest, AServerThatFallsSilentIsGivenUpWithWhatHadCome) {
+// Raises the time-out until the response arrives within it, because the machine's speed is unknown.
+TEST_F(HttpsFetchTest, ServerThatStallsTimesOutWithThePartialBody) {
     server.setAnswer(say("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\ncontent"));
     HttpsFetchSetup setup = trusting();
     Fetched fetched;
@@ -225,7 +225,7 @@ TEST_F(HttpsFetchTest, AServerThatFallsSilentIsGivenUpWithWhatHadCome) {
     EXPECT_EQ(fetched.transportError, "the server is silent");
 }
 
-// Sends one letter at a time: as many as there are, or for ever.
+// Sends one letter at a time, a given number of times or endlessly.
 class Drip {
 public:
     Drip(std::chrono::milliseconds interval, int letters) : left(letters) {
@@ -249,7 +249,7 @@ private:
     int left;
 };
 
-TEST_F(HttpsFetchTest, AServerThatSendsALittleNowAndThenIsGivenUpInTheEnd) {
+TEST_F(HttpsFetchTest, SlowEndlessServerReachesTheTotalTimeOut) {
     Drip drip(10ms, 1'000'000'000);
     for (const char* const header :
          {"HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n", "HTTP/1.1 200 OK\r\nX-Endless: "}) {
@@ -260,9 +260,9 @@ TEST_F(HttpsFetchTest, AServerThatSendsALittleNowAndThenIsGivenUpInTheEnd) {
     }
 }
 
-// All letters together take longer than the server may be silent, and each of them takes less. Where the
-// machine is too busy to keep to that, everything is done more slowly.
-TEST_F(HttpsFetchTest, ASlowServerHasItsTimeAsLongAsItIsNotSilent) {
+// All letters together take longer than the permitted silence, but each of them takes less. A busy
+// machine repeats the test with longer times.
+TEST_F(HttpsFetchTest, SlowServerSucceedsIfItIsNeverSilentForTooLong) {
     HttpsFetchSetup setup = trusting();
     Fetched fetched;
     for (auto interval = 700ms; fetched.body != "xxxx" && 3 * interval <= test::longestLimit;
@@ -275,7 +275,7 @@ TEST_F(HttpsFetchTest, ASlowServerHasItsTimeAsLongAsItIsNotSilent) {
     expectBody("xxxx", fetched);
 }
 
-TEST_F(HttpsFetchTest, ABodyMayBeAsLargeAsTheLimit) {
+TEST_F(HttpsFetchTest, BodyMayBeAsLargeAsTheLimit) {
     const std::string body(largest, 'x');
     const std::string tooLarge = body + "x";
     const std::string untilTheEnd = "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n";
@@ -296,7 +296,7 @@ TEST_F(HttpsFetchTest, ABodyMayBeAsLargeAsTheLimit) {
     expectNothing(fetch(trusting()));
 }
 
-TEST_F(HttpsFetchTest, WhateverIsEndlessIsCutOff) {
+TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
     struct Row {
         const char* what;
         std::string start;
@@ -318,7 +318,7 @@ TEST_F(HttpsFetchTest, WhateverIsEndlessIsCutOff) {
         SCOPED_TRACE(row.what);
         const qint64 before = server.bytesTaken();
         HttpsFetchSetup setup = trusting();
-        setup.silence = 1s; // before a body begins, nothing is known of what comes
+        setup.silence = 1s; // before the body the transfer has no size to check
         server.setAnswer(test::pour(row.start, 1'000'000'000));
         expectNothing(fetch(setup));
         ASSERT_TRUE(Application::runUntil([&] { return server.connections() == 0; }));
@@ -326,12 +326,12 @@ TEST_F(HttpsFetchTest, WhateverIsEndlessIsCutOff) {
     }
 }
 
-TEST_F(HttpsFetchTest, ABodyThatIsCompressedUnaskedIsNotUnpacked) {
+TEST_F(HttpsFetchTest, UnrequestedCompressionIsNotUnpacked) {
     server.setAnswer(respond("200 OK", "not really", "Content-Encoding: gzip\r\n"));
     EXPECT_EQ(fetch(trusting()).body, "not really");
 }
 
-TEST_F(HttpsFetchTest, WhatIsUnderWayWhenTheProgramEndsIsLeftUntold) {
+TEST_F(HttpsFetchTest, PendingFetchIsDroppedWithoutACallbackOnQuit) {
     server.setAnswer(
         [](QSslSocket& /*socket*/, const std::string& /*request*/) { QCoreApplication::quit(); });
     const auto told = std::make_shared<int>();
@@ -343,7 +343,7 @@ TEST_F(HttpsFetchTest, WhatIsUnderWayWhenTheProgramEndsIsLeftUntold) {
     EXPECT_TRUE(Application::runUntil([] { return !hasNetworkThread(); }));
 }
 
-TEST_F(HttpsFetchTest, WhatIsNoAddressStopsTheProgram) {
+TEST_F(HttpsFetchTest, InvalidAddressAbortsTheProgram) {
     for (const char* const url :
          {"", "http://127.0.0.1/", "https://", "https://a b/", "file:///"}) {
         EXPECT_DEATH(httpsFetch({})(url, [](const Fetched& /*fetched*/) {}), "not an address")

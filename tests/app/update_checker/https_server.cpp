@@ -73,7 +73,7 @@ HttpsServer::Answer ok(const std::string& body) {
 }
 
 HttpsServer::Answer redirect(const std::string& location) {
-    // The body is what must not be taken for an answer.
+    // The body is a valid manifest, which the client must not use.
     return respond("302 Found", R"({"version": "9.9"})", "Location: " + location + "\r\n");
 }
 

@@ -1,6 +1,6 @@
-// A real HTTPS server at a port of its own, which answers as the test says: badly, too.
+// A real HTTPS server on its own port. The test writes its responses, including invalid ones.
 //
-// Thread:  the main thread; it lives on the application's event loop.
+// Thread:  the main thread, on the application's event loop.
 // Owner:   a test.
 #pragma once
 
@@ -17,7 +17,7 @@ namespace glidemap::test {
 
 class HttpsServer {
 public:
-    // Called with each complete request; may write and close whenever it likes.
+    // Called with each complete request; may write and close at any time.
     using Answer = std::function<void(QSslSocket& to, const std::string& request)>;
 
     HttpsServer(const Identity& identity, Answer how);
@@ -30,18 +30,18 @@ public:
         return "https://" + host() + path;
     }
 
-    // Headers and all.
+    // Complete requests, including their headers.
     const std::vector<std::string>& requests() const { return _requests; }
 
-    // How much the other sides have taken off us, their systems' buffers included.
+    // The number of encrypted bytes written to the clients, including those in system buffers.
     qint64 bytesTaken() const { return taken; }
 
-    // How many of those who have come are still connected.
+    // The number of open connections.
     int connections() const { return connected; }
 
     void setAnswer(Answer how) { answer = std::move(how); }
 
-    // Nobody can connect any more, and who has is cut off.
+    // Stops listening and closes all connections.
     void shutDown();
 
 private:
@@ -54,16 +54,16 @@ private:
     int connected = 0;
 };
 
-// The whole answer, with the length of the body, and the end of the connection after it.
+// Sends a complete response with Content-Length, and closes the connection.
 HttpsServer::Answer respond(const std::string& statusLine, const std::string& body,
                             const std::string& headers = "");
 HttpsServer::Answer ok(const std::string& body);
 HttpsServer::Answer redirect(const std::string& location);
 
-// Sends the text and leaves it at that.
+// Sends the text without closing the connection.
 HttpsServer::Answer say(const std::string& text);
 
-// Sends the text, and then spaces, as fast as they are taken, until that many have been sent.
+// Sends the text and then spaces, up to this number of bytes, as fast as the client reads.
 HttpsServer::Answer pour(const std::string& text, qint64 bytes);
 
 } // namespace glidemap::test

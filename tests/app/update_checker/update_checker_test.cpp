@@ -1,4 +1,4 @@
-// The checker's rules, with neither a network nor time passing.
+// The checker's rules, without a network or real time.
 #include "app/update_checker.h"
 #include "application.h"
 
@@ -25,7 +25,7 @@ std::string described(const UpdateResult& result) {
 
 const Fetched noNetwork{"", "no network"};
 
-// Holds what is asked of the world until the test answers.
+// Records requests until the test responds.
 class UpdateCheckerTest : public testing::Test {
 protected:
     struct Timer {
@@ -71,7 +71,7 @@ protected:
     Lines told;
 };
 
-TEST_F(UpdateCheckerTest, NothingIsKnownOrAskedAtFirst) {
+TEST_F(UpdateCheckerTest, NothingIsKnownOrRequestedInitially) {
     const auto checker = running("1.2");
     EXPECT_EQ(checker->latestVersion(), std::nullopt);
     EXPECT_EQ(checker->currentVersion(), "1.2");
@@ -81,21 +81,21 @@ TEST_F(UpdateCheckerTest, NothingIsKnownOrAskedAtFirst) {
     EXPECT_TRUE(timers.empty());
 }
 
-TEST_F(UpdateCheckerTest, ANewerVersionIsToldAndKeptAsServed) {
+TEST_F(UpdateCheckerTest, NewerVersionIsReportedAndKeptAsServed) {
     const auto checker = running("1.2");
     checker->check(note());
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0].first, checker->versionURL());
     EXPECT_EQ(told, Lines());
     answerVersion("1.2.1-beta");
-    EXPECT_EQ(told, Lines{"none"}); // its last piece is no number
+    EXPECT_EQ(told, Lines{"none"}); // its last piece is not a number
     checker->check(note());
     answerVersion("+1..2.1");
     EXPECT_EQ(told, (Lines{"none", "+1..2.1"}));
     EXPECT_EQ(checker->latestVersion(), "+1..2.1");
 }
 
-TEST_F(UpdateCheckerTest, WhatIsNotNewerClearsWhatWasKnown) {
+TEST_F(UpdateCheckerTest, VersionThatIsNotNewerClearsTheKnownOne) {
     for (const char* const served : {"1.2", "1.2.0", "1.1", "v9"}) {
         const auto checker = running("1.2");
         checker->check();
@@ -108,7 +108,7 @@ TEST_F(UpdateCheckerTest, WhatIsNotNewerClearsWhatWasKnown) {
     }
 }
 
-TEST_F(UpdateCheckerTest, WhatIsKnownSurvivesEveryFailure) {
+TEST_F(UpdateCheckerTest, KnownVersionSurvivesEveryFailure) {
     struct Row {
         Fetched fetched;
         std::string told;
@@ -137,7 +137,7 @@ TEST_F(UpdateCheckerTest, WhatIsKnownSurvivesEveryFailure) {
     }
 }
 
-TEST_F(UpdateCheckerTest, AManifestCountsWhateverTheTransportSaysBesideIt) {
+TEST_F(UpdateCheckerTest, ManifestCountsDespiteATransportError) {
     const auto checker = running("1.2");
     checker->check(note());
     answer({R"({"version": "1.3"})", "cut off"});
@@ -145,7 +145,7 @@ TEST_F(UpdateCheckerTest, AManifestCountsWhateverTheTransportSaysBesideIt) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(UpdateCheckerTest, WhereTheRunningVersionIsUnknownNobodyIsAsked) {
+TEST_F(UpdateCheckerTest, UnknownRunningVersionSendsNoRequest) {
     const auto checker = running(std::nullopt);
     checker->check(note());
     EXPECT_EQ(told, Lines{"none"}); // before check() returned
@@ -155,14 +155,14 @@ TEST_F(UpdateCheckerTest, WhereTheRunningVersionIsUnknownNobodyIsAsked) {
     EXPECT_EQ(timers.size(), 1U);
 }
 
-TEST_F(UpdateCheckerTest, WhereTheRunningVersionIsUnknownNothingIsAnnounced) {
+TEST_F(UpdateCheckerTest, UnknownRunningVersionNotifiesNoObservers) {
     const auto checker = running(std::nullopt);
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });
     checker->check(note());
     EXPECT_EQ(checker->latestVersion(), std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, ObserversHearOfASuccessBeforeAndAfterItAndBeforeTheCompletion) {
+TEST_F(UpdateCheckerTest, ObserversAreNotifiedBeforeAndAfterASuccessAndBeforeTheCompletion) {
     const auto checker = running("1.2");
     const auto look = [&](const std::string& when) {
         return [this, when, &checker] {
@@ -180,7 +180,7 @@ TEST_F(UpdateCheckerTest, ObserversHearOfASuccessBeforeAndAfterItAndBeforeTheCom
                            "did: none", "none"}));
 }
 
-TEST_F(UpdateCheckerTest, OfSeveralChecksTheLastToEndHoldsAndEachIsToldItsOwn) {
+TEST_F(UpdateCheckerTest, LastOfSeveralChecksToEndWinsAndEachCompletionGetsItsOwnResult) {
     const auto checker = running("1.2");
     for (int check = 0; check < 3; ++check) {
         checker->check(note());
@@ -195,7 +195,7 @@ TEST_F(UpdateCheckerTest, OfSeveralChecksTheLastToEndHoldsAndEachIsToldItsOwn) {
     EXPECT_EQ(told, (Lines{"1.5", "1.4", "transport: no network"}));
 }
 
-TEST_F(UpdateCheckerTest, ACompletionIsCalledThoughTheCheckerHasGone) {
+TEST_F(UpdateCheckerTest, CompletionIsCalledAfterTheCheckersDestruction) {
     auto checker = running("1.2");
     checker->check(note());
     checker->check(note());
@@ -209,7 +209,7 @@ TEST_F(UpdateCheckerTest, ACompletionIsCalledThoughTheCheckerHasGone) {
     EXPECT_EQ(told, (Lines{"1.3", "transport: no network"}));
 }
 
-TEST_F(UpdateCheckerTest, TheCheckerMayGoWhileItTells) {
+TEST_F(UpdateCheckerTest, CheckerMayBeDestroyedWithinANotification) {
     auto checker = running("1.2");
     const auto watch = checker->changes().subscribe({}, [&] { checker.reset(); });
     checker->check(note());
@@ -218,7 +218,7 @@ TEST_F(UpdateCheckerTest, TheCheckerMayGoWhileItTells) {
     EXPECT_EQ(told, Lines{"1.3"});
 }
 
-TEST_F(UpdateCheckerTest, ACompletionMayCheckAgain) {
+TEST_F(UpdateCheckerTest, CompletionMayCheckAgain) {
     const auto checker = running("1.2");
     checker->check([&](const UpdateResult& /*result*/) { checker->check(note()); });
     answerVersion("1.3");
@@ -226,7 +226,7 @@ TEST_F(UpdateCheckerTest, ACompletionMayCheckAgain) {
     EXPECT_EQ(told, Lines{"1.4"});
 }
 
-TEST_F(UpdateCheckerTest, ItChecksAtTheStartAndThenEveryDay) {
+TEST_F(UpdateCheckerTest, StartChecksAtOnceAndThenDaily) {
     const auto checker = running("1.2");
     checker->start();
     EXPECT_EQ(asked.size(), 1U);
@@ -242,7 +242,7 @@ TEST_F(UpdateCheckerTest, ItChecksAtTheStartAndThenEveryDay) {
     EXPECT_EQ(timers.size(), 1U);
 }
 
-TEST_F(UpdateCheckerTest, ATimerWhoseCheckerHasGoneDoesNothing) {
+TEST_F(UpdateCheckerTest, TimerOfADestroyedCheckerDoesNothing) {
     auto checker = running("1.2");
     checker->start();
     answerVersion("1.3");
@@ -255,7 +255,7 @@ TEST_F(UpdateCheckerTest, ATimerWhoseCheckerHasGoneDoesNothing) {
     EXPECT_TRUE(asked.empty());
 }
 
-TEST_F(UpdateCheckerTest, AnotherStartMakesAnotherTimerAndLetsGoOfTheEarlierOneOnly) {
+TEST_F(UpdateCheckerTest, SecondStartCreatesASecondTimerAndReleasesOnlyTheFirst) {
     const auto checker = running("1.2");
     checker->start();
     checker->start();
@@ -268,7 +268,7 @@ TEST_F(UpdateCheckerTest, AnotherStartMakesAnotherTimerAndLetsGoOfTheEarlierOneO
     EXPECT_EQ(asked.size(), 4U);
 }
 
-TEST_F(UpdateCheckerTest, TheProgramsOwnVersionIsItsProjects) {
+TEST_F(UpdateCheckerTest, RunningVersionIsThatOfTheProject) {
     EXPECT_EQ(UpdateChecker::Setup().currentVersion, GLIDEMAP_VERSION);
     EXPECT_EQ(UpdateChecker::Setup().host, GLIDEMAP_UPDATE_HOST);
 }
@@ -279,15 +279,15 @@ TEST_F(UpdateCheckerTest, VersionsAreComparedAsNumbers) {
     EXPECT_FALSE(UpdateChecker::isNewer("1.2.0", "1.2"));
 }
 
-// What the program uses where the tests above let no time pass.
-TEST(MainLoopTimerTest, ItRepeatsThoughNobodyRefersToItAnyMore) {
+// The timer of the program, which the tests above replace.
+TEST(MainLoopTimerTest, TimerRepeatsAfterItsReferenceIsReleased) {
     const test::Application application;
     int ran = 0;
     UpdateChecker::onTheMainLoop()(1s, [&] { ++ran; }).reset();
     EXPECT_TRUE(test::Application::runUntil([&] { return ran == 2; }));
 }
 
-TEST(MainLoopTimerTest, ADayIsMeasuredRoughlySoThatNothingWakesForIt) {
+TEST(MainLoopTimerTest, DailyTimerIsCoarseToSaveWakeUps) {
     const test::Application application;
     const auto reference = UpdateChecker::onTheMainLoop()(UpdateChecker::interval, [] {});
     const auto timers = QCoreApplication::instance()->findChildren<QTimer*>();

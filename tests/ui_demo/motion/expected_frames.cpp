@@ -24,7 +24,7 @@ void readPart(demo::Frame& frame, const std::string& kind, std::istream& values)
         values >> ring.center.x >> ring.center.y >> ring.radius >> ring.opacity;
         frame.ring = ring;
     } else {
-        ADD_FAILURE() << "no part of a frame: " << kind;
+        ADD_FAILURE() << "unknown part of a frame: " << kind;
     }
 }
 
@@ -43,7 +43,7 @@ std::vector<ExpectedFrame> expectedFrames() {
             frames.push_back({*gesture, 0, {}});
             words >> frames.back().t;
         } else {
-            ADD_FAILURE() << "no gesture: " << line;
+            ADD_FAILURE() << "unknown gesture: " << line;
         }
         EXPECT_FALSE(words.fail()) << line;
     }

@@ -1,7 +1,7 @@
-// Reads expected_frames.txt: what each demonstration shows at chosen moments, worked out from the
-// description of the motions by a calculator of its own (expected_frames.py).
+// Reads expected_frames.txt: the frames of each demonstration at chosen times. A separate script
+// (expected_frames.py) calculates them from the description of the motions.
 //
-// Errors:  a line that cannot be read fails the test that reads.
+// Errors:  a line that cannot be parsed fails the test.
 #pragma once
 
 #include "ui/demo/gesture_demo.h"

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
-"""Works out expected_frames.txt: what each gesture's demonstration shows at chosen moments.
+"""Calculates expected_frames.txt: the frames of each gesture's demonstration at chosen times.
 
     expected_frames.py > expected_frames.txt
     expected_frames.py --verify expected_frames.txt
 
-A calculator of its own, from the description of each motion and not from the program: times, curves
-and straight ways in exact fractions, every finger of every gesture placed by hand below. The moments
-lie below, at and above each limit of a motion. None lies at a limit where a count or a presence
-jumps and rounding may fall on either side of it.
+Independent of the program: it follows the description of each motion, calculates times, curves and
+straight paths in exact fractions, and lists the positions of all fingers below. The times lie below,
+at and above each limit of a motion. At a limit where a count jumps or an item appears, rounding could
+decide, so no time lies there.
 """
 import math
 import sys
@@ -26,7 +26,7 @@ def fades(t, begin, end, fade):
     return min(s((t - begin) / fade), s((end - t) / fade), F(1))
 
 
-# Places of the fingers of a hand, in spacings from its middle, with how far each hangs below it.
+# Positions of the fingers of a hand: the offset from its middle in spacings, and the offset downwards.
 HANDS = {
     2: [("-0.5", "-0.0055"), ("0.5", "-0.0055")],
     3: [("-1", "0.008"), ("0", "-0.01"), ("1", "0.008")],

@@ -19,7 +19,7 @@ std::string nameOf(GestureType gesture) {
     return std::string(rawValue(gesture));
 }
 
-// Every moment that a view of 1,000 frames a second would show.
+// Calls `check` for each frame of a view with 1,000 frames per second.
 template <class Check>
 void throughTheLoop(GestureType gesture, Check check) {
     for (int millisecond = 0; millisecond < 2'600; ++millisecond) {
@@ -60,7 +60,7 @@ void expectSame(const Frame& found, const Frame& expected) {
 
 class EveryGesture : public testing::TestWithParam<GestureType> {};
 
-TEST_P(EveryGesture, MovesAsWorkedOutBelowAtAndAboveEachLimit) {
+TEST_P(EveryGesture, MatchesTheTableBelowAtAndAboveEachLimit) {
     constexpr int fewest = 10;
     int compared = 0;
     for (const test::ExpectedFrame& expected : test::expectedFrames()) {
@@ -86,7 +86,7 @@ TEST(AnyGesture, BeginsOnAnEmptyPad) {
     }
 }
 
-TEST(AnyGesture, HasLiftedEveryFingerWhenTheLoopIsAboutToStartAgain) {
+TEST(AnyGesture, HasLiftedEveryFingerAtTheEndOfTheLoop) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         for (const double t : {2.4, 2.5, 2.599, 2.599'999'9, 2.6}) {
@@ -98,7 +98,7 @@ TEST(AnyGesture, HasLiftedEveryFingerWhenTheLoopIsAboutToStartAgain) {
     }
 }
 
-TEST(AnyGesture, ShowsTheSameFingersAllAlongAndAllOfThemAtSomeMoment) {
+TEST(AnyGesture, KeepsTheNumberOfFingersAndShowsAllOfThemAtOnce) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const std::size_t count = frame(gesture, 0).fingers.size();
@@ -135,7 +135,7 @@ TEST(AnyGesture, StaysOnThePadAndWithinItsOpacities) {
     }
 }
 
-// No finger that can be seen jumps: a fingertip's own size a frame is far too fast to follow.
+// No visible finger jumps: the size of a fingertip per frame would be too fast to follow.
 TEST(AnyGesture, MovesSmoothly) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
@@ -154,14 +154,14 @@ TEST(AnyGesture, MovesSmoothly) {
     }
 }
 
-TEST(AnyGesture, AtATimeThatIsNoNumberIsAsAtTheStart) {
+TEST(AnyGesture, AtNaNIsAsAtTheStart) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         expectSame(frame(gesture, std::numeric_limits<double>::quiet_NaN()), frame(gesture, 0));
     }
 }
 
-TEST(AnyGesture, OutsideTheLoopShowsNoFinger) {
+TEST(AnyGesture, ShowsNoFingerOutsideTheLoop) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         for (const double t : {-std::numeric_limits<double>::infinity(), -1e300, -0.1, 2.7, 1e300,
@@ -174,7 +174,7 @@ TEST(AnyGesture, OutsideTheLoopShowsNoFinger) {
     }
 }
 
-TEST(TheExpectedFrames, AreOfTheWholeCatalogue) {
+TEST(TheExpectedFrames, CoverTheWholeCatalogue) {
     std::map<GestureType, int> frames;
     for (const test::ExpectedFrame& expected : test::expectedFrames()) {
         ++frames[expected.gesture];
@@ -206,7 +206,7 @@ TEST(ACirclesTrail, LiesAtTheTopOfTheCircleBeforeTheFingerMoves) {
     }
 }
 
-TEST(ACirclesTrail, IsAWholeCircleOnceTheFingerIsAround) {
+TEST(ACirclesTrail, IsAFullCircleAfterOneTurn) {
     for (const GestureType gesture : circles) {
         const Frame shown = frame(gesture, 2.06);
         ASSERT_EQ(shown.trail.size(), 61U);
@@ -235,7 +235,7 @@ double distance(const Point& from, const Point& to) {
     return std::hypot(to.x - from.x, to.y - from.y);
 }
 
-// Of hands and from edges.
+// Swipes of hands and from edges.
 std::vector<GestureType> everySwipe() {
     std::vector<GestureType> swipes = gestures(GestureCategory::swipe);
     const std::vector<GestureType> edges = gestures(GestureCategory::edgeSwipe);
@@ -269,7 +269,7 @@ TEST(ASwipe, DrawsNoTrailBeforeItsTravelExceedsTwoPercentOfItsLength) {
     }
 }
 
-TEST(AClicksRipple, IsThereOnlyBetweenItsBeginningAndItsEnd) {
+TEST(AClicksRipple, ExistsOnlyBetweenItsStartAndItsEnd) {
     const GestureType gesture = GestureType::twoFingerClick;
     for (const double t : {0.5, 1.049, 1.05, 1.751, 2.0}) {
         EXPECT_FALSE(frame(gesture, t).ring.has_value()) << t;
@@ -279,7 +279,7 @@ TEST(AClicksRipple, IsThereOnlyBetweenItsBeginningAndItsEnd) {
     }
 }
 
-TEST(ALongPressesRing, IsThereFromTheHoldsBeginningUntilTheFingersAreGone) {
+TEST(ALongPressesRing, ExistsFromTheStartOfTheHoldUntilTheFingersAreGone) {
     const GestureType gesture = GestureType::threeFingerLongPress;
     for (const double t : {0.5, 0.599, 0.6, 2.2, 2.201}) {
         EXPECT_FALSE(frame(gesture, t).ring.has_value()) << t;

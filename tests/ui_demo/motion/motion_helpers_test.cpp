@@ -1,5 +1,5 @@
-// What every motion is made of. The expected numbers are worked out by hand: x²(3 - 2x) is 0.5 at
-// 1/2, 0.15625 at 1/4, 0.84375 at 3/4, 0.028 at 1/10, 0.104 at 1/5.
+// The common parts of all motions. The expected numbers are calculated by hand: x²(3 - 2x) is 0.5
+// at 1/2, 0.15625 at 1/4, 0.84375 at 3/4, 0.028 at 1/10, 0.104 at 1/5.
 #include "ui/demo/gesture_demo.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ constexpr double exactness = 1e-9;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
-TEST(Smoothstep, RunsFromNothingToAllAndNoFurther) {
+TEST(Smoothstep, RisesFromZeroToOneAndIsClamped) {
     struct Row {
         double x;
         double expected;
@@ -30,7 +30,7 @@ TEST(Smoothstep, RunsFromNothingToAllAndNoFurther) {
     }
 }
 
-TEST(TheEnvelope, FadesInAfterItsBeginningAndOutBeforeItsEnd) {
+TEST(TheEnvelope, FadesInAfterItsStartAndOutBeforeItsEnd) {
     struct Row {
         const char* name;
         double t;
@@ -59,14 +59,14 @@ TEST(TheEnvelope, FadesInAfterItsBeginningAndOutBeforeItsEnd) {
     }
 }
 
-// A span shorter than both fades: the finger is never fully there.
-TEST(TheEnvelope, OfAShortSpanIsTheLowerOfBothFades) {
+// In a span shorter than both fades, the finger is never fully opaque.
+TEST(TheEnvelope, OfAShortSpanIsTheMinimumOfBothFades) {
     EXPECT_NEAR(env(1.05, 1, 1.2, 0.2), 0.15625, exactness);
     EXPECT_NEAR(env(1.1, 1, 1.2, 0.2), 0.5, exactness);
     EXPECT_NEAR(env(1.16, 1, 1.2, 0.2), 0.104, exactness);
 }
 
-TEST(AHand, IsARowWhoseOuterFingersHangLower) {
+TEST(AHand, IsARowWithLowerOuterFingers) {
     struct Row {
         int count;
         Point center;

@@ -9,9 +9,8 @@ namespace glidemap::demo {
 
 namespace {
 
-// Fingers begin to fade their fade's length before they are gone: the last moment before that is the
-// one. A click's ring is at its strongest, (0.14 + 0.24 r) · 0.8 (1 - r), at r = 5/24, which is at
-// 1.196 s.
+// The moment is the last one before the fingers start to fade. A click's ring is strongest, (0.14 +
+// 0.24 r) · 0.8 (1 - r), at r = 5/24, which is at 1.196 s.
 double expectedMoment(GestureType gesture) {
     switch (category(gesture)) {
     case GestureCategory::circle:
@@ -37,7 +36,7 @@ double expectedMoment(GestureType gesture) {
     return -1;
 }
 
-TEST(TheStillMoment, IsTheLastBeforeTheFingersFadeAndNearTheStrongestRing) {
+TEST(TheStillMoment, IsTheLastBeforeTheFingersFadeAndCloseToTheStrongestRing) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         EXPECT_NEAR(stillMoment(gesture), expectedMoment(gesture), 1e-9);
@@ -53,7 +52,7 @@ TEST(TheStillMoment, ShowsEveryFinger) {
     }
 }
 
-TEST(TheStillMoment, ShowsAllOfTheTrailThatThereEverIs) {
+TEST(TheStillMoment, ShowsTheCompleteTrail) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const std::vector<Point> last = frame(gesture, loopDuration).trail;
@@ -66,7 +65,7 @@ TEST(TheStillMoment, ShowsAllOfTheTrailThatThereEverIs) {
     }
 }
 
-TEST(TheStillMoment, ShowsARingIfThereEverIsOne) {
+TEST(TheStillMoment, ShowsTheRingOfAGestureThatHasOne) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const GestureCategory of = category(gesture);

@@ -32,7 +32,7 @@ BindingDraft lockScreenOn(GestureType gesture) {
     return draft;
 }
 
-TEST(BindingDraft, ANewOneIsACircleForAShortcutThatIsStillToBeRecorded) {
+TEST(BindingDraft, NewDraftIsACircleForAnUnrecordedShortcut) {
     const BindingDraft draft;
     EXPECT_EQ(draft.gesture, GestureType::drawCircle);
     EXPECT_EQ(draft.actionKind, ActionKind::keyboardShortcut);
@@ -43,14 +43,14 @@ TEST(BindingDraft, ANewOneIsACircleForAShortcutThatIsStillToBeRecorded) {
     EXPECT_FALSE(draft.isValid());
 }
 
-TEST(BindingDraft, ANewOneIsValidOnceAShortcutIsRecorded) {
+TEST(BindingDraft, NewDraftIsValidOnceAShortcutIsRecorded) {
     BindingDraft draft;
     draft.shortcut = optionRight;
     EXPECT_TRUE(draft.isValid());
 }
 
 // Every kind of action and scope, with and without each of the three parameters.
-TEST(BindingDraft, IsValidWhenTheChosenKindsHaveWhatTheyNeed) {
+TEST(BindingDraft, IsValidOnceTheChosenKindsHaveTheirParameters) {
     for (const ActionKind actionKind : allActionKinds) {
         for (const ScopeKind scopeKind : allScopeKinds) {
             for (int set = 0; set < 8; ++set) {
@@ -91,7 +91,7 @@ TEST(BindingDraft, LockScreenAndMissionControlAreValidAtOnceInGlobalScope) {
     }
 }
 
-TEST(BindingDraft, ALoadedBindingIsWrittenAsItWas) {
+TEST(BindingDraft, LoadedBindingIsWrittenUnchanged) {
     const BindingAction actions[] = {optionRight, LockScreen{}, MissionControl{},
                                      LaunchApp{.bundleID = "a", .name = "A"}};
     const BindingScope scopes[] = {GlobalScope{}, AppScope{.bundleID = "b", .name = "B"}};
@@ -107,7 +107,7 @@ TEST(BindingDraft, ALoadedBindingIsWrittenAsItWas) {
     }
 }
 
-TEST(BindingDraft, LoadingSetsTheKindsAndTheirParametersOnly) {
+TEST(BindingDraft, LoadingSetsOnlyTheKindsAndTheirParameters) {
     BindingDraft draft;
     draft.load(made(GestureType::pinchOut, LaunchApp{.bundleID = "a", .name = "A"}));
     EXPECT_EQ(draft.gesture, GestureType::pinchOut);
@@ -158,7 +158,7 @@ TEST(BindingDraft, OnlyTheFieldsOfTheChosenKindsAreSaved) {
               BindingScope(AppScope{.bundleID = "org.example.Browser", .name = "Browser"}));
 }
 
-TEST(BindingDraft, ANewBindingComesLastWithAnIdentifierOfItsOwnAndEnabled) {
+TEST(BindingDraft, NewBindingIsAppendedEnabledWithANewIdentifier) {
     const GestureBinding first = made(GestureType::drawCircle, MissionControl{});
     const auto list = lockScreenOn(GestureType::twoFingerTap).writtenInto({first}, std::nullopt);
     ASSERT_TRUE(list);
@@ -172,14 +172,14 @@ TEST(BindingDraft, ANewBindingComesLastWithAnIdentifierOfItsOwnAndEnabled) {
     EXPECT_NE(added.id, first.id);
 }
 
-TEST(BindingDraft, TwoBindingsOfOneGestureAndScopeMayStandSideBySide) {
+TEST(BindingDraft, BindingsWithTheSameGestureAndScopeMayCoexist) {
     const GestureBinding first = made(GestureType::twoFingerTap, LockScreen{});
     const auto list = lockScreenOn(GestureType::twoFingerTap).writtenInto({first}, std::nullopt);
     ASSERT_TRUE(list);
     EXPECT_EQ(list->size(), 2U);
 }
 
-TEST(BindingDraft, AnEditedBindingKeepsItsPlaceItsIdentifierAndIsAsEnabledAsBefore) {
+TEST(BindingDraft, EditedBindingKeepsItsPlaceItsIdentifierAndItsEnabledState) {
     for (const bool enabled : {true, false}) {
         const GestureBinding before = made(GestureType::pinchIn, MissionControl{});
         GestureBinding edited = made(GestureType::drawCircle, optionRight,
@@ -205,7 +205,7 @@ TEST(BindingDraft, OnlyTheFirstOfTwoBindingsWithOneIdentifierIsReplaced) {
     EXPECT_EQ(list->back(), second);
 }
 
-TEST(BindingDraft, ABindingThatWasDeletedMeanwhileIsAddedAsANewEnabledOne) {
+TEST(BindingDraft, BindingThatWasDeletedMeanwhileIsAppendedAndEnabled) {
     const GestureBinding other = made(GestureType::pinchIn, MissionControl{});
     const GestureBinding deleted =
         made(GestureType::drawCircle, LockScreen{}, GlobalScope{}, false);

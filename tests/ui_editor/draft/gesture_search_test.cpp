@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// "tap: twoFingerTap threeFingerTap", a line for each group.
+// One line per group: "tap: twoFingerTap threeFingerTap".
 std::vector<std::string> found(std::string_view text) {
     std::vector<std::string> lines;
     for (const FoundGestures& group : findGestures(text)) {
@@ -25,7 +25,7 @@ std::vector<std::string> found(std::string_view text) {
 
 using Lines = std::vector<std::string>;
 
-TEST(GestureSearch, WithoutAWordEveryGestureIsThereInTheCataloguesOrder) {
+TEST(GestureSearch, TextWithoutWordsFindsAllGesturesInTheCataloguesOrder) {
     for (const char* const text : {"", " ", " \t ", "\u3000"}) {
         std::vector<GestureType> all;
         std::vector<GestureCategory> groups;
@@ -75,7 +75,7 @@ TEST(GestureSearch, FindsByNameAndCategoryInBothLanguages) {
     }
 }
 
-TEST(GestureSearch, TheInterfacesLanguageMakesNoDifference) {
+TEST(GestureSearch, ResultsDoNotDependOnTheInterfaceLanguage) {
     const kit::InLanguage chinese("zh");
     EXPECT_EQ(found("five tap"), Lines{"tap: fiveFingerTap"});
     EXPECT_EQ(found("五指轻点"), Lines{"tap: fiveFingerTap"});

@@ -47,7 +47,7 @@ protected:
         letGo(key);
     }
 
-    // Shows that nothing else had reached the window: it would have been told before.
+    // Types into the window. Earlier keys in the window would have been reported first.
     void expectTypedIntoWindow() {
         type(KEY_Q);
         expect("pressed 81");
@@ -69,7 +69,7 @@ struct DesktopNames {
 using Desktops = testing::Types<TypingXServer, TypingSway>;
 TYPED_TEST_SUITE(RealKeys, Desktops, DesktopNames);
 
-TYPED_TEST(RealKeys, AreRecordedByTheirPlaceAndReachNothingElse) {
+TYPED_TEST(RealKeys, AreRecordedByTheirPhysicalKeyAndReachNoWindow) {
     struct Row {
         int key;
         const char* recorded;
@@ -107,7 +107,7 @@ TYPED_TEST(RealKeys, EachModifierHasItsBit) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, SeveralModifiersAreRecordedTogether) {
+TYPED_TEST(RealKeys, CombinedModifiersAreRecordedTogether) {
     this->record();
     for (const int key : {KEY_LEFTALT, KEY_LEFTSHIFT, KEY_LEFTMETA}) {
         this->hold(key);
@@ -145,7 +145,7 @@ TYPED_TEST(RealKeys, ShiftAndEscapeAreRecorded) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, WithCapsLockOnEscapeIsRecordedAndALetterHasNoModifiers) {
+TYPED_TEST(RealKeys, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
     this->record();
     this->type(KEY_CAPSLOCK);
     this->type(KEY_ESC);

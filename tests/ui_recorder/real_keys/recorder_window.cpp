@@ -1,17 +1,17 @@
-// A program with a window in which a shortcut is recorded. It says on its standard output what
-// happens, a line each:
+// A program with a window that records a shortcut. It reports events on standard output, one per
+// line:
 //
 //   active             the window has the keyboard
 //   inactive           another window has it
 //   recording          since its button was clicked, or it was told so by the line "record" on its
 //                      standard input
 //   recorded 0 40000   the key code, and the modifiers in hexadecimal
-//   stopped            without having recorded
-//   pressed 65         a key that reached the window, by Qt's number
+//   stopped            without a shortcut
+//   pressed 65         a key that reached the window, as Qt's number
 //   released 65
 //   closed             by the window manager
 //
-// It ends with its input.
+// It exits at the end of its input.
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "platform/linux/shell/linux_desktop_keys.h"
 #include "ui/recorder/shortcut_recorder_view.h"

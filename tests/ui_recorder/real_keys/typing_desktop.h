@@ -1,10 +1,10 @@
-// A desktop without a screen, with a keyboard that a test presses the keys of. Its programs get them
-// as they get those of a real one.
+// A desktop without a screen, with a keyboard on which a test types. Its programs receive the keys
+// as from a real keyboard.
 //
 // Units:   the kernel's key codes.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a desktop that is not ready in time is a failure of the test.
+// Errors:  a desktop that does not start in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -20,7 +20,7 @@ public:
     TypingDesktop& operator=(const TypingDesktop&) = delete;
     virtual ~TypingDesktop() = default;
 
-    // What its programs have to know.
+    // The environment of its programs.
     virtual Environment environment() const = 0;
 
     virtual void key(std::uint16_t kernelCode, bool down) = 0;

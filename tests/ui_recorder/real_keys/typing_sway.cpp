@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint32_t keyCodeOffset = 8;
 
-// A file in memory with the text and its final zero, as keymaps are handed over.
+// A memory file with the text and its terminating null character, as the protocol passes keymaps.
 int fileWith(const char* text, std::size_t size) {
     const int file = memfd_create("keymap", MFD_CLOEXEC);
     EXPECT_EQ(write(file, text, size), static_cast<ssize_t>(size));
@@ -32,7 +32,7 @@ public:
     explicit Keyboard(const Environment& desktop) {
         connect(desktop);
         if (seat == nullptr || manager == nullptr) {
-            ADD_FAILURE() << "the compositor lets nobody type";
+            ADD_FAILURE() << "the compositor has no virtual keyboard protocol";
             return;
         }
         device = zwp_virtual_keyboard_manager_v1_create_virtual_keyboard(manager, seat);
@@ -54,7 +54,7 @@ public:
         zwp_virtual_keyboard_v1_key(device, ++time, kernelCode,
                                     down ? WL_KEYBOARD_KEY_STATE_PRESSED
                                          : WL_KEYBOARD_KEY_STATE_RELEASED);
-        // What a compositor works out for a real keyboard.
+        // A compositor calculates this for a real keyboard.
         xkb_state_update_key(state, kernelCode + keyCodeOffset, down ? XKB_KEY_DOWN : XKB_KEY_UP);
         zwp_virtual_keyboard_v1_modifiers(
             device, xkb_state_serialize_mods(state, XKB_STATE_MODS_DEPRESSED),

@@ -1,9 +1,10 @@
-// A Wayland compositor, typed on with a virtual keyboard that has the keys of a real one: it brings
-// the keymap of an ordinary keyboard, so that its codes are the kernel's.
+// A Wayland compositor with a virtual keyboard. The keyboard has an ordinary keymap, so that its
+// codes are the kernel's.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a compositor that is not ready in time, or lets nobody type, is a failure of the test.
+// Errors:  a compositor that does not start in time, or has no virtual keyboard protocol, fails the
+//          test.
 #pragma once
 
 #include "desktops/sway.h"
@@ -15,7 +16,7 @@ namespace glidemap::desktops {
 
 class TypingSway : public TypingDesktop {
 public:
-    // Empty, or why there can be none here.
+    // Empty if it can run, otherwise the reason.
     static std::string whyNot() { return isInstalled("sway") ? "" : "sway is not installed"; }
 
     TypingSway();

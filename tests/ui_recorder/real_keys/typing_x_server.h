@@ -1,8 +1,8 @@
-// An X server with a window manager, typed on through the server's own test extension.
+// An X server with a window manager. The server's XTEST extension types.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a server that is not ready in time is a failure of the test.
+// Errors:  a server that does not start in time fails the test.
 #pragma once
 
 #include "linux_windows/x11/x_server.h"
@@ -14,7 +14,7 @@ namespace glidemap::desktops {
 
 class TypingXServer : public TypingDesktop {
 public:
-    // Empty, or why there can be none here.
+    // Empty if it can run, otherwise the reason.
     static std::string whyNot() { return XServer::whyNot(); }
 
     TypingXServer();

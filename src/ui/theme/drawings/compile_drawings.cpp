@@ -1,5 +1,5 @@
-// glidemap-compile-drawings: a step of the build, not of what is installed. It turns our SVG drawings
-// into what the program can show without reading XML, and without the library that reads it:
+// glidemap-compile-drawings: a build step that is not installed. It converts our SVG drawings to a
+// form that the program can show without an XML parser or the SVG library:
 //
 //   shapes SVG OUTPUT             the shapes of a symbol, as ShapeRecorder writes them
 //   pixels SVG SIZE OUTPUT        a picture of SIZE by SIZE, row by row, as QImage keeps

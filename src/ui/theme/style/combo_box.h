@@ -1,4 +1,4 @@
-// Pickers: a button that shows what is chosen, with a pair of chevrons, and a list that opens below.
+// Combo boxes: a button that shows the current entry and a pair of chevrons, and a list below it.
 //
 // Thread:  the main thread.
 #pragma once
@@ -20,7 +20,7 @@ QRect comboBoxArrowRect(const QStyleOptionComboBox& option);
 QRect comboBoxListRect(const QStyleOptionComboBox& option);
 QSize comboBoxSize(const QSize& contents);
 
-// Whether the widget is the frame around a picker's open list, or a view in it.
+// Whether the widget is the frame of a combo box's open list, or a view in it.
 bool isComboBoxList(const QWidget* widget);
 
 } // namespace glidemap::style

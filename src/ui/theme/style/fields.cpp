@@ -8,7 +8,7 @@ namespace glidemap::style {
 
 void drawLineEdit(QPainter& painter, const QStyleOptionFrame& option) {
     if (option.lineWidth <= 0) {
-        return; // within a picker that draws the field
+        return; // the combo box around it draws the field
     }
     const QRectF shape = snapped(painter, option.rect);
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);

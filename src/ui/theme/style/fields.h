@@ -17,10 +17,11 @@ constexpr int fieldPadding = 6;
 
 void drawLineEdit(QPainter& painter, const QStyleOptionFrame& option);
 
-// The ground of a borderless button: nothing at rest.
+// The background of a borderless button; transparent at rest.
 void drawToolButtonGround(QPainter& painter, const QStyleOption& option);
 
-// Draws the icon of a button that has nothing else, as sharp as the screen is; else does nothing.
+// Draws the icon of an icon-only button at the screen's resolution; returns false for other
+// buttons.
 bool drawToolButtonIcon(QPainter& painter, const QStyleOptionToolButton& option);
 
 } // namespace glidemap::style

@@ -28,7 +28,7 @@ bool isEnabled(const QStyleOptionViewItem& option) {
     return option.state.testFlag(QStyle::State_Enabled);
 }
 
-// The picker whose list the view is.
+// The combo box whose list the view is.
 const QComboBox* pickerOf(const QWidget* view) {
     const QWidget* frame = isComboBoxList(view) ? view->window() : nullptr;
     return frame == nullptr ? nullptr : dynamic_cast<const QComboBox*>(frame->parentWidget());
@@ -59,7 +59,7 @@ QFont headingFont() {
     return font;
 }
 
-// Takes its place at the leading edge and returns the room that is left.
+// Draws the icon at the leading edge and returns the remaining rectangle.
 QRect drawIcon(QPainter& painter, const QStyleOptionViewItem& option, const QWidget* widget,
                const QRect& room) {
     if (!option.features.testFlag(QStyleOptionViewItem::HasDecoration) || option.icon.isNull()) {

@@ -1,4 +1,4 @@
-// The entries of lists, and of pickers' open lists.
+// The entries of lists and of combo box lists.
 //
 // Thread:  the main thread.
 #pragma once
@@ -13,7 +13,7 @@ namespace glidemap::style {
 
 void drawItem(QPainter& painter, const QStyleOptionViewItem& option, const QWidget* widget);
 
-// Only what lies behind the entry's text.
+// Draws only the background of an entry.
 void drawItemGround(QPainter& painter, const QStyleOptionViewItem& option, const QWidget* widget);
 
 QSize itemSize(const QStyleOptionViewItem& option, const QSize& contents, const QWidget* widget);

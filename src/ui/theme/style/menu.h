@@ -1,4 +1,4 @@
-// Menus, and the help that appears beneath the pointer.
+// Menus and tooltips.
 //
 // Thread:  the main thread.
 #pragma once

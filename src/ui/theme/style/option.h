@@ -1,6 +1,6 @@
-// The option of a control as what it is: which type it has goes by what is drawn or measured.
+// Casts a style option to its actual type, which follows from the element being drawn or measured.
 //
-// Errors:  none; the wrong type is undefined.
+// Errors:  none; a wrong type is undefined behaviour.
 #pragma once
 
 #include <QStyleOption>

@@ -10,10 +10,10 @@ namespace glidemap::style {
 
 namespace {
 
-constexpr double ringGap = 1; // so that the ring is seen around an accent ground too
+constexpr double ringGap = 1; // keeps the ring visible around an accent background, too
 constexpr double ringWidth = 2;
 
-// Saves what a drawing changes.
+// Saves the painter's state and restores it.
 class Drawing {
 public:
     explicit Drawing(QPainter& used) : painter(used) {

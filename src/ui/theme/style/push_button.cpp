@@ -34,7 +34,7 @@ ButtonLook lookOf(const QStyleOptionButton& option, const QWidget* widget) {
 void drawPlainGround(QPainter& painter, const QRectF& shape, const ButtonLook& look) {
     const bool isDark = Theme::shared().isDark();
     const double line = hairline(painter);
-    if (look.isEnabled && !isDark) { // a thin shadow lifts it off the ground
+    if (look.isEnabled && !isDark) { // a thin shadow lifts the button off its background
         fillRounded(painter, shape.translated(0, line), controlRadius, QColor(0, 0, 0, 20));
     }
     fillRounded(painter, shape, controlRadius, color(Role::field, look.isEnabled ? 1 : 0.5));
@@ -57,7 +57,7 @@ void drawProminentGround(QPainter& painter, const QRectF& shape, const ButtonLoo
     strokeRounded(painter, shape, controlRadius, hairline(painter), QColor(0, 0, 0, 30));
 }
 
-// In the text's own colour on a prominent button, for which few icons are made.
+// Uses the text colour on a prominent button, because few icons are made for an accent background.
 void drawIcon(QPainter& painter, const QStyleOptionButton& option, const QRect& place,
               const ButtonLook& look) {
     if (!look.isProminent || !look.isEnabled) {
@@ -132,8 +132,8 @@ QSize pushButtonSize(const QStyleOptionButton& option, const QSize& contents) {
     const bool isOnlyIcon = option.text.isEmpty();
     const int least = isOnlyIcon ? controlHeight : minimumWidth;
     const int padding = isOnlyIcon ? 6 : sidePadding;
-    // By the font's lines and not by the text's, which are higher in Chinese: the same in every
-    // language, and as high as the pickers beside it.
+    // Based on the font's line height and not on the text's, which is larger in Chinese. So the
+    // height is the same in both languages and equals that of combo boxes.
     const int content = std::max(option.fontMetrics.height(), option.iconSize.height());
     return QSize(std::max(least, contents.width() + gap + 2 * padding),
                  std::max(controlHeight, content + 8)) +

@@ -13,13 +13,13 @@ class QWidget;
 
 namespace glidemap::style {
 
-// The ground of anything that looks like a button.
+// The background of each control that looks like a button.
 struct ButtonLook {
     bool isEnabled = true;
     bool isHovered = false;
     bool isPressed = false;
     bool isProminent = false;
-    bool isRecording = false; // takes the next key
+    bool isRecording = false; // captures the next key
 };
 void drawButtonGround(QPainter& painter, const QRectF& shape, const ButtonLook& look);
 

@@ -11,8 +11,7 @@ constexpr double drop = 5;
 
 } // namespace
 
-// Cards laid upon one another, each a little smaller and each letting most through, add up to an
-// edge that fades like a blurred one.
+// Stacks translucent cards, each slightly smaller, whose sum fades like a blurred edge.
 void drawShadow(QPainter& painter, const QRectF& card, double radius) {
     const int layer = Theme::shared().isDark() ? 8 : 3;
     for (int step = 0; step < blur; ++step) {

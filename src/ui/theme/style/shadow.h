@@ -1,4 +1,4 @@
-// The soft shadow that lifts a card off what lies beneath it.
+// The soft shadow behind a raised card.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -10,10 +10,10 @@ class QPainter;
 
 namespace glidemap::style {
 
-// How far the shadow reaches around the card, at most.
+// The maximum reach of the shadow around the card.
 constexpr int shadowReach = 22;
 
-// Around and beneath the card, which is to be drawn upon it.
+// Draws around and below the card. Draw the card afterwards.
 void drawShadow(QPainter& painter, const QRectF& card, double radius);
 
 } // namespace glidemap::style
