@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// The clock of the kernel's events.
+// The kernel's event timestamps use this clock.
 double monotonicNow() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
         .count();
@@ -45,8 +45,8 @@ std::unique_ptr<PadConnection> Touchpad::stop() {
     return std::move(connection);
 }
 
-// A callback may stop this touchpad and even start it again. The connection that is being read then
-// is another one or none, and the reading ends.
+// A callback may stop this touchpad and even start it again. The connection then differs from the
+// one that is being read, and reading ends.
 void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     PadConnection* const reading = connection.get();
     reading->fresh = false;
@@ -69,7 +69,7 @@ void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     }
 }
 
-// The touch ends with an empty report, because nobody will ever see the fingers leave.
+// Ends the touch with an empty report, because no later event can report that the fingers leave.
 void Touchpad::lose(OpenPad::Read reason, const driver::ButtonCallback& buttonCallback) {
     const std::unique_ptr<PadConnection> lost = std::move(connection);
     broken = reason == OpenPad::Read::broken;

@@ -72,10 +72,10 @@ void UdevCloneWatch::readNodeChanges() {
     }
 }
 
-// The kernel merges equal changes that follow each other, so a node that is opened twice at once
-// counts once, and passes for closed when one of the two closes it. So it does when a program closes
-// an older device of the same number late. The clone is then tried again some time later, and the
-// touchpad stays as it is until then.
+// The kernel merges equal changes that follow each other. A node that two programs open at once
+// therefore counts once, and counts as closed when one of them closes it. The same happens when a
+// program is late to close an older device of the same number. The driver then retries the clone
+// later, and the touchpad stays as it is until then.
 void UdevCloneWatch::note(const inotify_event& change) {
     if ((change.mask & IN_Q_OVERFLOW) != 0) {
         seesOpening = false;
