@@ -1,11 +1,12 @@
-// The agent for ten minutes, under all that a person and a machine do to it, at random: fast and
-// slow gestures, clicks, pads that are pulled out and put back, a second pad, and stops in the
-// middle of a touch that are long enough to be a stall.
+// Stresses the agent for ten minutes with random actions: fast and slow gestures, clicks,
+// unplugging and replugging, a second pad, and SIGSTOPs during a touch that are long enough to be a
+// stall.
 //
 //   start ─ a minute ─▶ measured ─ … every few actions it must recognise, type, have its clone … ─▶
 //   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
 //
-// GLIDEMAP_SOAK_SECONDS says how long (600), GLIDEMAP_SOAK_SEED which actions. Both are printed.
+// GLIDEMAP_SOAK_SECONDS sets the duration (600), GLIDEMAP_SOAK_SEED the random actions. The test
+// prints both.
 #include "agent_session.h"
 #include "event_reader.h"
 #include "input_devices.h"
@@ -39,10 +40,10 @@ using testing::IsEmpty;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* marker = "threeFingerTap";
 
-// The program keeps the last gestures, and its libraries keep memory for the next time.
+// The program keeps the last gestures, and its libraries keep freed memory.
 constexpr long maxGrowth = 2048; // KiB
 
-// Between two gestures that are not to be one.
+// Long enough that two gestures are not taken for one.
 constexpr double betweenGestures = 0.7;
 
 unsigned fromEnvironment(const char* name, unsigned otherwise) {
@@ -108,7 +109,7 @@ protected:
         }
     }
 
-    // As fast as the kernel takes it.
+    // Taps, clicks and moves without pauses, as fast as the kernel accepts events.
     void hurry() {
         for (int times = random(30); times >= 0; --times) {
             const int fingers = 1 + random(4);
@@ -161,7 +162,7 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // It recognises a tap, its one clone is there, and nothing is held.
+    // Expects that the agent recognises a tap, has one clone and holds no key or button.
     void expectWell() {
         hand.pause(betweenGestures);
         EXPECT_TRUE(agent->waitUntilAsleep());
@@ -181,7 +182,7 @@ protected:
         }
     }
 
-    // A hand that a busy machine makes late makes another gesture, and tries again.
+    // On a busy machine, a late movement may become another gesture, so the hand retries.
     bool recognisesTap() {
         constexpr int maxAttempts = 10;
         agent->waitForLines(marker, 0, std::chrono::seconds(0));
