@@ -1,5 +1,5 @@
-// Anything at all, decoded as a bindings file. What decodes is written so that it decodes to the
-// same, and is written the same again; what does not has a reason that can be printed.
+// Decodes arbitrary bytes as a bindings file. Decoded bindings must survive a round trip and be
+// written identically again; a failure must have a printable reason.
 #include "bindings/binding_json.h"
 
 #include <cstddef>

@@ -1,13 +1,14 @@
-// Texts that desktops and other programs give: KWin's report, names of units, control groups, Exec
-// lines, identifiers of windows and entries, and values of the settings portal.
+// Texts of desktops and other programs: KWin's report, names of units, control groups, Exec lines,
+// identifiers of windows and entries, and values of the settings portal.
 //
-// The first byte of the input says which kind of text the rest is. Beside not to crash:
+// The first byte of the input selects the kind of text. No input may crash, and these rules must
+// hold:
 //
-//   - an identifier that is made fit to be stored is UTF-8, short, without control characters, and
-//     fit already;
-//   - what we write ourselves we read back: an Exec line, the name of a scope;
-//   - a window's entry is one of those that there are, or null;
-//   - a portal's last word on the colours counts, whatever came before.
+//   - a cleaned identifier is UTF-8, short and without control characters, and cleaning it again
+//     changes nothing;
+//   - the program reads the texts that it writes: an Exec line, the name of a scope;
+//   - a window's entry is one of the existing entries, or null;
+//   - the portal's last colour scheme counts, not the earlier ones.
 #include "platform/linux/appearance/appearance_values.h"
 #include "platform/linux/applications/application_matcher.h"
 #include "platform/linux/applications/application_name.h"
@@ -42,7 +43,7 @@ bool hasControlCharacter(std::string_view text) {
     });
 }
 
-// The pieces between zero bytes, at least `count`.
+// Splits the text at zero bytes and returns at least `count` pieces.
 std::vector<std::string> pieces(std::string_view text, std::size_t count) {
     std::vector<std::string> result;
     for (std::size_t end = 0; end != std::string_view::npos;) {
@@ -62,14 +63,14 @@ void readReportOfKWin(std::string_view text) {
     for (const WindowIdentity& window : report->windows) {
         require(!window.process || *window.process > 0, "a process has a positive number");
         require(isUTF8(window.appID) && isUTF8(window.instance) && isUTF8(window.title),
-                "what came as JSON is UTF-8");
+                "text from JSON is UTF-8");
     }
 }
 
 void readUnit(std::string_view text) {
     const UnitApplication application = applicationOfUnit(unitOfControlGroups(text));
     require(std::ranges::none_of(application.identifiers, &std::string::empty),
-            "an identifier has a name");
+            "an identifier is not empty");
     applicationOfUnit(text);
 }
 
@@ -84,7 +85,7 @@ void writeScope(std::string_view text) {
     const auto identifiers = applicationOfUnit(scope).identifiers;
     require(scope.find_first_of("/ \n") == std::string::npos, "systemd takes the scope's name");
     require(std::ranges::find(identifiers, identifier) != identifiers.end(),
-            "the name of a scope that we made names the application");
+            "the name of the program's scope contains the application's identifier");
 }
 
 void readExecLine(std::string_view text) {
@@ -101,8 +102,10 @@ void readExecLine(std::string_view text) {
 void writeExecLine(std::string_view text) {
     const std::string path = "/" + std::string(text.substr(0, text.find('\0')));
     const std::string line = execLineOf(path);
-    require(programOfExecLine(line) == path, "the session reads the Exec line that we wrote");
-    require(wordsOfExec(line) == std::vector{path}, "we read the Exec line that we wrote");
+    require(programOfExecLine(line) == path,
+            "the session reads the Exec line that the program wrote");
+    require(wordsOfExec(line) == std::vector{path},
+            "the program reads the Exec line that it wrote");
 }
 
 void readIdentifier(std::string_view text) {
@@ -111,9 +114,9 @@ void readIdentifier(std::string_view text) {
     require(isUTF8(clean), "a clean identifier is UTF-8");
     require(clean.size() <= maxIdentifier, "a clean identifier is short");
     require(!hasControlCharacter(clean), "a clean identifier has no control characters");
-    require(cleanIdentifier(clean) == clean, "a clean identifier is clean");
+    require(cleanIdentifier(clean) == clean, "cleaning a clean identifier changes nothing");
     if (isUTF8(text) && !hasControlCharacter(text) && !text.starts_with(' ')) {
-        require(text.starts_with(clean), "what is UTF-8 stays as it is");
+        require(text.starts_with(clean), "UTF-8 text is kept");
     }
     require(isUTF8(nameFromIdentifier(clean)), "a name is UTF-8");
     require(clean.ends_with(lastComponent(clean)), "the last component comes last");
@@ -151,7 +154,7 @@ void matchWindow(std::string_view text) {
         const WindowIdentity window{words[0], words[1], words[2], process};
         const DesktopEntry* entry = matcher.entryOf(window);
         require(entry == nullptr || entry == &entries[0] || entry == &entries[1],
-                "the entry is one of those that there are");
+                "the entry is an existing entry");
         const Application application = matcher.describe(window);
         require(application.bundleID.has_value() == application.name.has_value(),
                 "an application has both an identifier and a name, or neither");
@@ -177,7 +180,7 @@ void takePortalValue(std::string_view text) {
     GVariant* dark = g_variant_ref_sink(g_variant_new_uint32(1));
     values.take(colours, "color-scheme", dark);
     g_variant_unref(dark);
-    require(values.appearance().colorScheme == ColorScheme::dark, "the last word counts");
+    require(values.appearance().colorScheme == ColorScheme::dark, "the portal's last value counts");
 }
 
 } // namespace

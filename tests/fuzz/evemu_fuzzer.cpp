@@ -1,4 +1,4 @@
-// Anything at all, read as an evemu recording.
+// Reads arbitrary bytes as an evemu recording.
 #include "recording/evemu_reader.h"
 #include "recording/line_reader.h"
 #include "recording_invariants.h"

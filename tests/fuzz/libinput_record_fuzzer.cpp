@@ -1,4 +1,4 @@
-// Anything at all, read as the YAML of `libinput record`.
+// Reads arbitrary bytes as the YAML of `libinput record`.
 #include "recording/libinput_record_reader.h"
 #include "recording/line_reader.h"
 #include "recording_invariants.h"

@@ -1,8 +1,8 @@
 // Arbitrary reports and times, through the contact callback to the recognizer and out of the
 // engine.
 //
-// The input is read as what a hand and a bad driver do by turns: fingers land, move and leave, time
-// passes, and now and then a record holds anything at all. What must hold whatever comes:
+// The input describes a hand and a faulty driver: fingers land, move and leave, time passes, and a
+// record may hold arbitrary values. These rules must hold for every input:
 //
 //   - the count is that of the touching records of the latest report;
 //   - while fingers are down only hold-and-tap and long press are heard, the long press once a
@@ -44,7 +44,7 @@ bool isTapThatCanBeHeldBack(GestureType gesture) {
     return gesture >= GestureType::twoFingerTap && gesture <= GestureType::fourFingerTap;
 }
 
-// The engine under test, and beside it what is known of the session from the reports alone.
+// Owns the engine under test and tracks the expected session from the reports alone.
 class Pipeline {
 public:
     explicit Pipeline(bool doubleTapsBound) : manager({"/no/such/driver", {}}) {
@@ -77,7 +77,7 @@ public:
         checkFrameOf(records);
     }
 
-    // Reports whose count says nothing of what is there: without records, or too many to believe.
+    // Sends a report whose count is useless: without records, or too large.
     void reportWithoutRecords(std::int32_t count) {
         MultitouchDeviceManager::contactCallback(nullptr, nullptr, count, time.now(), 0);
         checkFrameOf({});
@@ -88,14 +88,14 @@ public:
         const int before = engine->touchingCount();
         MultitouchDeviceManager::contactCallback(nullptr, &record, std::max(count, 65'537),
                                                  time.now(), 0);
-        require(engine->touchingCount() == before, "what nobody believes changes nothing");
+        require(engine->touchingCount() == before, "an invalid report does not change the count");
     }
 
     void runDelayedWork() {
         pass([&] { time.runRemaining(); });
     }
 
-    // The gestures of a tap of two fingers on a pad that nothing touches.
+    // Returns the gestures of a two-finger tap on an untouched pad.
     std::vector<GestureType> tap(double start) {
         std::vector<MTTouch> records(2);
         for (std::size_t finger = 0; finger < 2; ++finger) {
@@ -119,7 +119,7 @@ private:
         step();
         for (const GestureType gesture : ofDelayedWork) {
             require(isTapThatCanBeHeldBack(gesture), "delayed work brings single taps only");
-            require(heldBack-- > 0, "no more taps come late than were held back");
+            require(heldBack-- > 0, "at most as many taps are late as were held back");
         }
     }
 
@@ -149,7 +149,7 @@ private:
         const auto vanished =
             std::ranges::count_if(live, [&](std::int32_t id) { return !present.contains(id); });
         require(static_cast<std::ptrdiff_t>(ofFrame.size()) <= vanished + 1,
-                "no more gestures than vanished fingers, and one");
+                "at most one more gesture than vanished fingers");
         if (present.empty()) {
             checkEnd();
         } else {
@@ -161,7 +161,7 @@ private:
     void checkFingersDown() {
         for (const GestureType gesture : ofFrame) {
             require(isFixAndTap(gesture) || isLongPress(gesture),
-                    "only hold-and-tap and long press come while fingers are down");
+                    "only hold-and-tap and long press are recognised while fingers are down");
             require(!isLongPress(gesture) || !isTaken, "a taken session has no long press");
             isTaken = true;
         }
@@ -176,11 +176,11 @@ private:
             require(!isLongPress(gesture), "no long press without fingers");
         }
         require(decisions <= (isTaken ? 0 : 1),
-                "at most one decision ends a session, none a taken one");
+                "at most one gesture at the session's end, none after hold-and-tap or long press");
         isTaken = false;
     }
 
-    // A finger that is nowhere is absent until it has been somewhere.
+    // A finger without a valid position is absent until its first valid position.
     std::set<std::int32_t> fingersIn(const std::vector<MTTouch>& records) const {
         std::set<std::int32_t> fingers;
         for (const MTTouch& record : records) {
@@ -206,7 +206,7 @@ private:
     std::vector<GestureType> ofDelayedWork;
 };
 
-// What the bytes do: a hand on a pad, and a driver that is not always right.
+// Translates the bytes to a hand on a pad and a faulty driver.
 class Performer {
 public:
     explicit Performer(std::span<const std::uint8_t> bytes)
@@ -267,7 +267,7 @@ private:
         }
     }
 
-    // All fingers by the same way, or one by itself.
+    // Moves all fingers by the same distance, or one finger alone.
     void move() {
         const MTPoint way = {input.value<std::int8_t>() / 256.0F,
                              input.value<std::int8_t>() / 256.0F};
@@ -309,15 +309,15 @@ private:
     void endCleanly() {
         contacts.clear();
         pass(0.008);
-        // Far from zero no two moments are a fraction of a second apart.
+        // At large absolute times, doubles cannot express fractions of a second.
         const auto heard = pipeline.tap(std::abs(time) < 1e9 ? time + 10 : 0);
-        // With time going backwards the tap before may seem to have been just now.
+        // If time goes backwards, the previous tap may seem recent.
         require(heard == std::vector{GestureType::twoFingerTap} ||
                     heard == std::vector{GestureType::twoFingerDoubleTap},
-                "after all that a clean tap is a tap");
+                "afterwards a clean tap is recognised as a tap");
     }
 
-    // The times that decisions turn on.
+    // The times at which decisions change.
     static constexpr double limits[] = {0,    0.004, 0.008, 0.15, 0.2, 0.25, 0.3,  0.4,
                                         0.45, 0.6,   0.8,   1.5,  3,   60,   -0.1, -1e6};
 

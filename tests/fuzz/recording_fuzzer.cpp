@@ -1,4 +1,4 @@
-// Anything at all, opened as a recording of a kind that is not known.
+// Opens arbitrary bytes as a recording of unknown format.
 #include "recording/recording_reader.h"
 #include "recording_invariants.h"
 

@@ -56,7 +56,7 @@ bool isSame(const Record& one, const Record& other) {
     if (one.index() != other.index()) {
         return false;
     }
-    // Times are written in microseconds, and from a size on a double cannot tell even those apart.
+    // Times are written in microseconds, and a large double is even less precise.
     const double tolerance = 1e-6 + std::abs(timeOf(one)) * 1e-15;
     return std::abs(timeOf(one) - timeOf(other)) <= tolerance &&
            std::visit(
@@ -77,10 +77,10 @@ void checkRoundTrip(const std::vector<Record>& records) {
     const auto reader = openRecording(stream, "written");
     Record record;
     for (const Record& expected : records) {
-        require(reader->next(record), "what was written can be read");
-        require(isSame(expected, record), "what was written is read as it was");
+        require(reader->next(record), "a written record can be read");
+        require(isSame(expected, record), "a written record is read unchanged");
     }
-    require(!reader->next(record) && !reader->error(), "nothing more was written");
+    require(!reader->next(record) && !reader->error(), "no further record was written");
 }
 
 } // namespace
@@ -93,10 +93,10 @@ void readAndCheck(RecordingReader& reader) {
         records.push_back(record);
     }
     const auto error = reader.error();
-    require(!reader.next(record), "the end is the end");
-    require(reader.error() == error, "an error stays what it is");
+    require(!reader.next(record), "the reader stays at its end");
+    require(reader.error() == error, "an error does not change");
     if (error) {
-        require(!error->message.empty() && error->line >= 0, "an error says what is wrong");
+        require(!error->message.empty() && error->line >= 0, "an error has a message");
         (void)text(*error);
     }
     checkRoundTrip(records);

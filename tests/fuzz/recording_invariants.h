@@ -1,8 +1,8 @@
-// What holds of every reader, whatever it reads. Ends the program where it does not.
+// Checks the rules that every reader must keep for any input. Ends the program if one is broken.
 //
-//   - times and positions are finite, and there are no more contacts than a report may have;
-//   - the end is the end: reading on gives nothing more, and an error stays what it is;
-//   - what was read, written in our own format, reads back as it was.
+//   - times and positions are finite, and a report has a bounded number of contacts;
+//   - after the end, reading returns nothing more, and an error does not change;
+//   - the records, written in the project's format, read back unchanged.
 #pragma once
 
 #include "recording/recording_reader.h"

@@ -1,4 +1,4 @@
-// The touchpad driver on a model of a kernel: what fingers, the kernel and callbacks do by turns.
+// The touchpad driver on a model of a kernel, with actions of fingers, the kernel and callbacks.
 //
 // The input is a list of actions. Fingers land, move and leave, buttons go down and up, and a frame
 // tells the driver the difference to what it was told before, as the kernel does, also after an
@@ -7,12 +7,12 @@
 // callback stalls until the watchdog acts, or calls the driver again. Now and then an event holds
 // anything at all. Once the driver has read everything:
 //
-//   - while the touchpad is grabbed there is a clone;
-//   - the clone has the fingers that the touchpad has, where they are, and no button that is up;
-//   - a clone beside a touchpad that is not grabbed holds nothing;
-//   - without fingers the last report has none;
-//   - switched off and untouched, the touchpad is not grabbed;
-//   - in the end nothing is grabbed and no clone is left.
+//   - while the touchpad is grabbed, a clone exists;
+//   - the clone has the touchpad's fingers at the same positions, and holds no button that is up;
+//   - a clone beside a touchpad that is not grabbed holds no finger and no button;
+//   - without fingers, the last report is empty;
+//   - if the filter is off and no finger is down, the touchpad is not grabbed;
+//   - in the end no touchpad is grabbed and no clone exists.
 #include "drivers/evdev/touchpad_driver.h"
 #include "fake_clone.h"
 #include "fake_pads.h"
@@ -49,7 +49,7 @@ struct Slot {
     std::int32_t y = 0;
 };
 
-// What a device holds.
+// The state of a device.
 struct DeviceState {
     std::array<Slot, slotCount> slots;
     std::int32_t slot = 0;
@@ -68,7 +68,7 @@ struct DeviceState {
         if (type == EV_KEY) {
             keys[code] = value != 0;
         } else if (type == EV_ABS && code == ABS_MT_SLOT) {
-            require(value >= 0 && value < slotCount, "the clone is told of slots that it has");
+            require(value >= 0 && value < slotCount, "frames use only slots that the clone has");
             slot = value;
         } else if (type == EV_ABS && code == ABS_MT_TRACKING_ID) {
             current().id = value;
@@ -83,7 +83,7 @@ private:
     Slot& current() { return slots[static_cast<std::size_t>(slot)]; }
 };
 
-// The clone, from what was written to it.
+// The clone's state, computed from the frames written to it.
 struct CloneState {
     bool exists = false;
     DeviceState state;
@@ -109,10 +109,10 @@ CloneState cloneIn(const std::vector<std::string>& journal) {
     return clone;
 }
 
-// The kernel's side of the one touchpad.
+// The kernel's side of the touchpad.
 class Kernel {
 public:
-    DeviceState now;      // what fingers have done
+    DeviceState now;      // state of the fingers
     bool isHonest = true; // no event was made up
 
     void touch(std::size_t slot, std::int32_t x, std::int32_t y) {
@@ -141,7 +141,7 @@ public:
         updateTools();
     }
 
-    // Another touchpad, which nothing touches.
+    // Plugs in another touchpad, which no finger touches.
     void replace(FakePads& pads) {
         const std::lock_guard lock(mutex);
         now = {};
@@ -158,7 +158,8 @@ public:
         return stream;
     }
 
-    // As the frames of one read; a touch that another one replaced ends in a frame of its own, if so.
+    // Sends the changes as the frames of one read. If `endsFirst` is set, replaced touches end in a
+    // frame of their own.
     void tell(double time, bool endsFirst) {
         const std::lock_guard lock(mutex);
         if (isRead) {
@@ -166,7 +167,7 @@ public:
         }
     }
 
-    // What a newly opened touchpad tells first.
+    // Queues the first events of a newly opened touchpad.
     void recall() {
         const std::lock_guard lock(mutex);
         told = {};
@@ -174,7 +175,7 @@ public:
         stream->restart(difference(0, false));
     }
 
-    // An event that no finger made.
+    // Sends events that no finger caused.
     void send(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
         if (isRead) {
@@ -182,7 +183,7 @@ public:
         }
     }
 
-    // The driver has closed the touchpad: what waits is gone.
+    // The driver has closed the touchpad, so pending events are discarded.
     void close() {
         const std::lock_guard lock(mutex);
         isRead = false;
@@ -258,7 +259,7 @@ private:
 
     std::shared_ptr<FakeStream> stream;
     std::mutex mutex; // the reader opens the touchpad
-    DeviceState told; // what the driver knows
+    DeviceState told; // the state that the driver knows
     std::int32_t nextId = 1;
     bool isRead = true; // or will be, when the driver has found it
 };
@@ -360,7 +361,7 @@ private:
         case 2:
             return system.letOthersGrab((choice & 4) != 0);
         default:
-            return system.setTime(clock + choice / 1000.0); // frames that were under way
+            return system.setTime(clock + choice / 1000.0); // frames from before are still pending
         }
     }
 
@@ -402,15 +403,15 @@ private:
 
     std::shared_ptr<FakeStream> stream() { return kernel.touchpad(); }
 
-    // Until the reader has done everything that is to be done. A frame without a change makes it
-    // read after whatever else was asked of it.
+    // Waits until the reader has finished all its work. A frame without a change makes it read
+    // after any other request.
     void settle() {
         if (!isStarted) {
             driver->start(device);
             isStarted = true;
         }
         drain();
-        time.advance(CloneIntroduction::graceOfReader); // in which a new clone becomes known
+        time.advance(CloneIntroduction::graceOfReader); // for a new clone to become ready
         drain();
         if (!isStarted) {
             settle(); // a callback has stopped it
@@ -420,24 +421,25 @@ private:
     void drain() {
         kernel.send({{clock, EV_SYN, SYN_REPORT, 0}});
         require(stream()->waitUntilDrained(), "the driver reads the touchpad");
-        driver->name(device); // which waits for the reader's lock
+        driver->name(device); // waits for the reader's lock
     }
 
     void check() {
         const auto touchpad = stream();
         const FakeSystem& system = *touchpad->system();
         const CloneState clone = cloneIn(system.journal());
-        require(!system.isGrabbed() || clone.exists, "a touchpad that is grabbed has a clone");
+        require(!system.isGrabbed() || clone.exists, "a grabbed touchpad has a clone");
         if (!kernel.isHonest) {
             return;
         }
         if (clone.exists && !system.isGrabbed()) {
-            require(clone.state.isNeutral(), "a clone that says nothing holds nothing");
+            require(clone.state.isNeutral(), "a silent clone holds no finger and no button");
         }
         if (system.isGrabbed()) {
             checkForwarded(clone.state);
         }
-        require(kernel.now.fingers() > 0 || touching == 0, "without fingers none are reported");
+        require(kernel.now.fingers() > 0 || touching == 0,
+                "without fingers no contact is reported");
     }
 
     void checkForwarded(const DeviceState& clone) const {
@@ -446,12 +448,12 @@ private:
             const Slot& copy = clone.slots[slot];
             require((source.id >= 0) == (copy.id >= 0), "the clone has the touchpad's fingers");
             require(source.id < 0 || (source.x == copy.x && source.y == copy.y),
-                    "a finger is where it is");
+                    "the clone's finger is at the touchpad's position");
         }
         for (const auto& [key, down] : clone.keys) {
             const auto source = kernel.now.keys.find(key);
             require(!down || (source != kernel.now.keys.end() && source->second),
-                    "no key stays down");
+                    "the clone holds no key that is up on the touchpad");
         }
     }
 
@@ -461,21 +463,21 @@ private:
         tell(true);
         driver->switchClickFilter(false);
         settle();
-        settle(); // what the first one has changed
+        settle(); // for the changes that the first call caused
         if (kernel.isHonest) {
             require(!stream()->system()->isGrabbed(),
-                    "switched off and untouched it is given back");
-            require(touching == 0, "without fingers none are reported");
+                    "an untouched touchpad is given back when the filter is off");
+            require(touching == 0, "without fingers no contact is reported");
         }
         driver->stop(device);
         driver.reset();
         for (const auto& each : streams) {
-            require(!each->system()->isGrabbed(), "in the end nothing is grabbed");
-            require(!cloneIn(each->system()->journal()).exists, "in the end no clone is left");
+            require(!each->system()->isGrabbed(), "in the end no touchpad is grabbed");
+            require(!cloneIn(each->system()->journal()).exists, "in the end no clone exists");
         }
     }
 
-    // On the reader's thread.
+    // Called on the reader's thread.
     static std::int32_t report(driver::Device /*device*/, const MTTouch* records,
                                std::int32_t count, double /*timestamp*/, std::int32_t /*frame*/) {
         std::int32_t touching = 0;
@@ -524,7 +526,7 @@ private:
         }
     }
 
-    // No report comes any more, not even one without fingers.
+    // After this, no report arrives, not even an empty one.
     void stop() {
         driver->stop(device);
         touching = 0;
@@ -534,7 +536,7 @@ private:
     void stall() {
         const auto system = stream()->system();
         while (system->isGrabbed()) {
-            time.advance(ForwardingWatchdog::patience); // it may not have begun to wait
+            time.advance(ForwardingWatchdog::patience); // the watchdog may not wait yet
             std::this_thread::yield();
         }
     }

@@ -1,5 +1,5 @@
-// Anything at all, as an update manifest and as two versions. Neither of two versions is newer than
-// the other, or one of them is; none is newer than itself.
+// Reads arbitrary bytes as an update manifest and as two versions. At most one of two versions is
+// newer than the other, and no version is newer than itself.
 #include "app/update_manifest.h"
 #include "app/version_order.h"
 

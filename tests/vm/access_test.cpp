@@ -1,6 +1,6 @@
-// Who may use what, before and after the program that grants access has run, in a real kernel with
-// udev. There is no login here, so nobody is handed anything; what can be seen is which devices are
-// tagged to be handed to the user who sits at the machine.
+// Access rights before and after the program that grants access, in a real kernel with udev. There
+// is no login in this kernel, so udev grants no access lists. The tests check which devices udev
+// tags for the user at the seat.
 
 #include "ordinary_pad.h"
 #include "platform/linux/access/input_trust.h"
@@ -80,14 +80,14 @@ protected:
     void TearDown() override { ASSERT_EQ(chmod(uinput, 0600), 0); }
 };
 
-TEST_F(TrustTest, ATouchpadMustBeReadable) {
+TEST_F(TrustTest, TouchpadMustBeReadable) {
     const VirtualPad pad(ordinaryPad());
     EXPECT_FALSE(isTrusted());
     ASSERT_EQ(chmod(pad.node().c_str(), 0644), 0);
     EXPECT_TRUE(isTrusted());
 }
 
-TEST_F(TrustTest, SoMustEveryOther) {
+TEST_F(TrustTest, EveryTouchpadMustBeReadable) {
     const VirtualPad pad(ordinaryPad());
     ASSERT_EQ(chmod(pad.node().c_str(), 0644), 0);
     {
@@ -97,13 +97,13 @@ TEST_F(TrustTest, SoMustEveryOther) {
     EXPECT_TRUE(isTrusted());
 }
 
-TEST_F(TrustTest, DevicesMustBeMakeable) {
+TEST_F(TrustTest, UinputMustBeWritable) {
     EXPECT_TRUE(isTrusted());
     ASSERT_EQ(chmod(uinput, 0444), 0);
     EXPECT_FALSE(isTrusted());
 }
 
-TEST_F(TrustTest, WhatNobodyIsGivenIsNotAskedFor) {
+TEST_F(TrustTest, DevicesThatTheRuleExcludesNeedNoAccess) {
     const VirtualPad keys(keyboard("Keyboard"));
     const VirtualPad stick(pointingStick());
     const VirtualPad combined(padWith({KEY_1, KEY_2}));
@@ -137,7 +137,7 @@ bool isTaggedForTheSeat(const fs::path& node) {
     return isTagged;
 }
 
-// Root's own, readable by all.
+// Expects a file that belongs to root and that every user can read.
 void expectInstalled(const fs::path& file) {
     struct stat status {};
     ASSERT_EQ(stat(file.c_str(), &status), 0) << file;
@@ -151,7 +151,7 @@ int filesIn(const fs::path& folder) {
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
-// The node of our own virtual keyboard.
+// Returns the node of the program's virtual keyboard.
 fs::path ownKeyboardNode() {
     for (const auto& entry : fs::directory_iterator("/sys/class/input")) {
         std::string name;
@@ -161,7 +161,7 @@ fs::path ownKeyboardNode() {
             return fs::path("/dev/input") / entry.path().filename();
         }
     }
-    ADD_FAILURE() << "there is no Glidemap Keyboard";
+    ADD_FAILURE() << "the Glidemap Keyboard does not exist";
     return {};
 }
 
@@ -179,7 +179,7 @@ private:
     }
 };
 
-TEST_F(GrantAccessTest, TheRulesAreInstalledAsTheyAreShipped) {
+TEST_F(GrantAccessTest, InstallsTheShippedRules) {
     const Outcome outcome = grantAccess();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
@@ -189,7 +189,7 @@ TEST_F(GrantAccessTest, TheRulesAreInstalledAsTheyAreShipped) {
     EXPECT_NE(contentsOf(modulesFile).find("\nuinput\n"), std::string::npos);
 }
 
-TEST_F(GrantAccessTest, TouchpadsAndUinputAreForTheSeatAndNothingElseIs) {
+TEST_F(GrantAccessTest, TagsOnlyTouchpadsAndUinputForTheSeat) {
     const VirtualPad pad(ordinaryPad());
     const VirtualPad clone(ordinaryPad(), "glidemap/clone");
     const VirtualPad keys(keyboard("Keyboard"));
@@ -214,13 +214,13 @@ TEST_F(GrantAccessTest, TouchpadsAndUinputAreForTheSeatAndNothingElseIs) {
     EXPECT_FALSE(isTaggedForTheSeat(ownKeyboardNode()));
 }
 
-TEST_F(GrantAccessTest, ATouchpadThatComesLaterIsForTheSeatAtOnce) {
+TEST_F(GrantAccessTest, TagsALaterTouchpadForTheSeat) {
     ASSERT_EQ(grantAccess().status, 0);
     const VirtualPad pad(ordinaryPad());
     EXPECT_TRUE(isTaggedForTheSeat(pad.node()));
 }
 
-TEST_F(GrantAccessTest, RunningItAgainChangesNothing) {
+TEST_F(GrantAccessTest, SecondRunChangesNothing) {
     ASSERT_EQ(grantAccess().status, 0);
     const int files = filesIn(rulesFolder);
     const Outcome outcome = grantAccess();
@@ -230,14 +230,14 @@ TEST_F(GrantAccessTest, RunningItAgainChangesNothing) {
     EXPECT_EQ(filesIn(rulesFolder), files);
 }
 
-TEST_F(GrantAccessTest, AnOlderVersionsRulesAreReplaced) {
+TEST_F(GrantAccessTest, ReplacesAnOlderVersionsRules) {
     fs::create_directories(rulesFolder);
     std::ofstream(rulesFile) << "# something else\n";
     ASSERT_EQ(grantAccess().status, 0);
     EXPECT_EQ(contentsOf(rulesFile), contentsOf(GLIDEMAP_RULES));
 }
 
-// A rule as the package brings it.
+// The rule as the package installs it.
 class PackageRule {
 public:
     PackageRule() {
@@ -252,7 +252,7 @@ private:
     const fs::path file = "/usr/lib/udev/rules.d/70-glidemap.rules";
 };
 
-TEST_F(GrantAccessTest, WhereThePackagesRuleIsItIsAppliedAndNothingIsInstalled) {
+TEST_F(GrantAccessTest, AppliesThePackagesRuleWithoutInstallingAnother) {
     const VirtualPad pad(ordinaryPad());
     const PackageRule rule;
     EXPECT_FALSE(isTaggedForTheSeat(pad.node()));
@@ -265,7 +265,7 @@ TEST_F(GrantAccessTest, WhereThePackagesRuleIsItIsAppliedAndNothingIsInstalled) 
     EXPECT_TRUE(isTaggedForTheSeat(uinput));
 }
 
-TEST_F(GrantAccessTest, EightAtOnceTakeTurnsAndSucceed) {
+TEST_F(GrantAccessTest, EightConcurrentRunsSucceed) {
     const VirtualPad pad(ordinaryPad());
     std::vector<std::unique_ptr<Process>> programs;
     for (int count = 0; count < 8; ++count) {
@@ -281,21 +281,21 @@ TEST_F(GrantAccessTest, EightAtOnceTakeTurnsAndSucceed) {
     EXPECT_EQ(filesIn(rulesFolder), 1);
 }
 
-TEST_F(GrantAccessTest, OnlyRootMay) {
+TEST_F(GrantAccessTest, RefusesUsersOtherThanRoot) {
     const Outcome outcome = grantAccess({}, Process::User::nobody);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors, "glidemap-grant-access: only root may do this\n");
     EXPECT_FALSE(fs::exists(rulesFile));
 }
 
-TEST_F(GrantAccessTest, ItTakesNoArguments) {
+TEST_F(GrantAccessTest, RefusesArguments) {
     const Outcome outcome = grantAccess({"--help"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_NE(outcome.errors.find("without arguments"), std::string::npos);
     EXPECT_FALSE(fs::exists(rulesFile));
 }
 
-// Another file system in the place of the rules' folder.
+// Mounts another file system over the rules' folder.
 class OtherFileSystem {
 public:
     explicit OtherFileSystem(unsigned long flags, const char* options) {
@@ -307,7 +307,7 @@ public:
     ~OtherFileSystem() { umount(rulesFolder.c_str()); }
 };
 
-TEST_F(GrantAccessTest, WhereItMayNotWriteItSaysSo) {
+TEST_F(GrantAccessTest, ReportsAReadOnlyFolder) {
     const OtherFileSystem readOnly(MS_RDONLY, "");
     const Outcome outcome = grantAccess();
     EXPECT_EQ(outcome.status, 1);
@@ -317,7 +317,7 @@ TEST_F(GrantAccessTest, WhereItMayNotWriteItSaysSo) {
     EXPECT_EQ(filesIn(rulesFolder), 0);
 }
 
-TEST_F(GrantAccessTest, AFullDiskLeavesTheOldRulesWhole) {
+TEST_F(GrantAccessTest, FullDiskLeavesTheOldRulesComplete) {
     const OtherFileSystem small(0, "size=8192");
     const std::string oldRules = "# the rules of before\n";
     std::ofstream(rulesFile) << oldRules;
@@ -332,7 +332,7 @@ TEST_F(GrantAccessTest, AFullDiskLeavesTheOldRulesWhole) {
     EXPECT_EQ(filesIn(rulesFolder), 2);
 }
 
-TEST_F(GrantAccessTest, AFolderInTheFilesPlaceIsNoPlaceForIt) {
+TEST_F(GrantAccessTest, FailsIfTheRulesFileIsAFolder) {
     fs::create_directories(rulesFile / "inside");
     const Outcome outcome = grantAccess();
     EXPECT_EQ(outcome.status, 1);

@@ -1,9 +1,9 @@
-// The whole program but its interface, running in a home of its own: fingers go in at the touchpad,
-// keys come out of its keyboard.
+// The program without its interface, in its own home folder: fingers touch a virtual touchpad, and
+// its virtual keyboard emits keys.
 //
 // Thread:  one.
-// Owner:   a test. Destroying it kills an agent that still runs and removes the home.
-// Errors:  an agent that does not come up is a failure of the test.
+// Owner:   a test. The destructor kills an agent that still runs and removes the home folder.
+// Errors:  an agent that does not start is a failure of the test.
 #pragma once
 
 #include "process.h"
@@ -18,7 +18,7 @@
 
 namespace glidemap::vm {
 
-// One binding as its file has it. `action` and `scope` are JSON.
+// Formats one binding as in the bindings file. `action` and `scope` are JSON.
 std::string bindingJson(const std::string& gesture, const std::string& action,
                         const std::string& scope = R"({"kind":"global"})");
 std::string shortcutJson(int keyCode, unsigned long modifiers);
@@ -31,8 +31,8 @@ public:
     ~AgentHome();
 
     void writeBindings(std::initializer_list<std::string> bindings) const;
-    void giveToNobody() const;                          // all that is in it now
-    void writeDefaults(const std::string& lines) const; // of the settings file's general section
+    void giveToNobody() const; // makes the user `nobody` the owner of its current files
+    void writeDefaults(const std::string& lines) const; // in the settings file's general section
     std::filesystem::path bindingsFile() const { return data / "Glidemap" / "bindings.json"; }
     std::filesystem::path applications() const { return data / "applications"; }
 
@@ -40,18 +40,18 @@ public:
     const std::filesystem::path data;
 };
 
-// Waits until a file has come to be.
+// Waits until the file exists.
 bool waitForFile(const std::filesystem::path& file);
 
 class Agent {
 public:
-    // Whether the user is asked for access that is missing.
+    // Whether the agent asks the user for missing access.
     enum class Asks { never, ifNeeded };
 
-    // Returns when it listens to the touchpads.
+    // Returns when the agent listens to the touchpads.
     explicit Agent(Process::User user = Process::User::root, Asks asks = Asks::never);
 
-    // Waits until the log has a line with the text, and answers the line.
+    // Waits until the log contains a line with the text, and returns the line.
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }

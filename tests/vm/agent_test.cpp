@@ -1,5 +1,5 @@
-// The whole program but its interface on a real kernel: fingers on the touchpad, keys out of the
-// virtual keyboard, clicks taken out of the stream, and a touchpad that always comes back.
+// The program without its interface on a real kernel: it types on its virtual keyboard, drops
+// clicks, and always gives the touchpad back.
 
 #include "agent_session.h"
 #include "deadline.h"
@@ -42,7 +42,7 @@ constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
 constexpr unsigned long optionAndCommand = 0x180000;
 
-// Longer than the program lets pass between the two taps of a double one.
+// Longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 std::string contentsOf(const std::filesystem::path& file) {
@@ -63,7 +63,7 @@ protected:
         return DeviceReader(waitForNode(keyboardName).value_or("/dev/null"));
     }
 
-    // The clone has the touchpad's own name.
+    // The clone has the touchpad's own name, so the pad's node is excluded.
     std::filesystem::path cloneNode() const {
         return waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
     }
@@ -77,7 +77,7 @@ std::vector<PadEvent> withoutMarker(const std::vector<PadEvent>& events) {
     std::vector<PadEvent> result;
     for (std::size_t index = 0; index < events.size(); ++index) {
         if (events[index].type == EV_KEY && events[index].code == BTN_MIDDLE) {
-            ++index; // its synchronisation
+            ++index; // the SYN_REPORT
         } else {
             result.push_back(events[index]);
         }
@@ -85,9 +85,9 @@ std::vector<PadEvent> withoutMarker(const std::vector<PadEvent>& events) {
     return result;
 }
 
-// ── what is typed ──
+// ── typing ──
 
-TEST_F(AgentTest, TheDefaultBindingsTypeWhatTheySay) {
+TEST_F(AgentTest, DefaultBindingsTypeTheirShortcuts) {
     Agent agent;
     DeviceReader keys = keyboard();
     performOn(pad, GestureType::fixAndTapRight);
@@ -99,7 +99,7 @@ TEST_F(AgentTest, TheDefaultBindingsTypeWhatTheySay) {
     hand.pause(betweenGestures);
     performOn(pad, GestureType::drawCircleClockwise);
     EXPECT_TRUE(agent.waitForLog("→ Lock Screen"));
-    EXPECT_TRUE(keys.waitForKey(KEY_Q, 0)) << "there is nothing here that could lock the screen";
+    EXPECT_TRUE(keys.waitForKey(KEY_Q, 0)) << "this system has no screen locker";
     EXPECT_TRUE(keys.waitUntil([&] { return keys.keys().size() >= 18; }));
     EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_LEFTALT), down(KEY_LEFTMETA), down(KEY_RIGHT),
                                          up(KEY_RIGHT), up(KEY_LEFTMETA), up(KEY_LEFTALT), //
@@ -143,7 +143,7 @@ TEST_F(AgentTest, EveryKindOfActionRuns) {
                                          up(KEY_Q), up(KEY_LEFTMETA), up(KEY_LEFTCTRL)));
 }
 
-TEST_F(AgentTest, AGestureWithoutABindingIsLoggedAndTypesNothing) {
+TEST_F(AgentTest, GestureWithoutABindingIsLoggedAndTypesNothing) {
     home.writeBindings({bindingJson("twoFingerTap", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();
@@ -155,7 +155,7 @@ TEST_F(AgentTest, AGestureWithoutABindingIsLoggedAndTypesNothing) {
     EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
 }
 
-TEST_F(AgentTest, WithTheMasterSwitchOffNothingHappensAtAll) {
+TEST_F(AgentTest, DoesNothingWhileTheMasterSwitchIsOff) {
     home.writeBindings({bindingJson("twoFingerTap", shortcutJson(17, 0)),
                         bindingJson("twoFingerClick", shortcutJson(17, 0))});
     home.writeDefaults("masterEnabled=false\n");
@@ -163,8 +163,9 @@ TEST_F(AgentTest, WithTheMasterSwitchOffNothingHappensAtAll) {
     DeviceReader keys = keyboard();
     DeviceReader source(pad.node());
     hand.tap(2).pause(betweenGestures).click(2);
-    EXPECT_TRUE(source.waitForKey(BTN_LEFT, 0)) << "the click passes";
-    EXPECT_THAT(nodesNamed(pad.shape().name), ElementsAre(pad.node())) << "nothing is cloned";
+    EXPECT_TRUE(source.waitForKey(BTN_LEFT, 0)) << "the click must pass";
+    EXPECT_THAT(nodesNamed(pad.shape().name), ElementsAre(pad.node()))
+        << "the touchpad has no clone";
     agent.send(SIGTERM);
     EXPECT_EQ(agent.waitForEnd(), 0);
     keys.readAll();
@@ -172,9 +173,9 @@ TEST_F(AgentTest, WithTheMasterSwitchOffNothingHappensAtAll) {
     EXPECT_THAT(agent.output(), Not(HasSubstr("Finger")));
 }
 
-// ── what is taken out ──
+// ── clicks that are dropped ──
 
-TEST_F(AgentTest, ATwoFingerClickIsSwallowedWithItsReleaseAndAOneFingerClickIsNot) {
+TEST_F(AgentTest, DropsATwoFingerClickWithItsReleaseButNotAOneFingerClick) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();
@@ -188,16 +189,16 @@ TEST_F(AgentTest, ATwoFingerClickIsSwallowedWithItsReleaseAndAOneFingerClickIsNo
         clone.waitUntil([&] { return std::ranges::count(clone.events(), up(BTN_TOUCH)) == 3; }));
     std::vector<PadEvent> buttons = clone.keys();
     std::erase_if(buttons, [](const PadEvent& event) { return event.code != BTN_LEFT; });
-    EXPECT_THAT(buttons, ElementsAre(down(BTN_LEFT), up(BTN_LEFT),  // of one finger
-                                     down(BTN_LEFT), up(BTN_LEFT))) // of three
+    EXPECT_THAT(buttons, ElementsAre(down(BTN_LEFT), up(BTN_LEFT),  // one finger
+                                     down(BTN_LEFT), up(BTN_LEFT))) // three fingers
         << "without a binding a click passes";
     EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
 }
 
-// Plays the same to the bare touchpad and through the clone.
-TEST_F(AgentTest, WhatTheFingersDoComesThroughTheCloneEventForEvent) {
+// Plays the same frames to the bare touchpad and through the clone.
+TEST_F(AgentTest, CloneForwardsEveryEventOfTheFingers) {
     const auto play = [&] {
-        PadHand other(pad); // with the same tracking ids each time
+        PadHand other(pad); // starts with the same tracking ids each time
         other.down(1).move(900, 300, 25).up().pause(0.05);
         other.down(2).move(0, 500, 25).up().pause(0.05);
         other.click(1).down(4).move(300, 300, 5).up();
@@ -219,13 +220,13 @@ TEST_F(AgentTest, WhatTheFingersDoComesThroughTheCloneEventForEvent) {
     EXPECT_TRUE(
         clone.waitUntil([&] { return withoutMarker(clone.events()).size() >= bare.size(); }));
     source.readAll();
-    EXPECT_THAT(source.events(), IsEmpty()) << "nobody else hears the touchpad itself";
+    EXPECT_THAT(source.events(), IsEmpty()) << "other programs receive no events of the touchpad";
     EXPECT_THAT(withoutMarker(clone.events()), ElementsAreArray(bare));
 }
 
-// ── access that comes later ──
+// ── access that is granted later ──
 
-// Stands in the place of pkexec, and ends when the user has answered.
+// Replaces pkexec, and exits when the user has answered.
 class PretendedPrompt {
 public:
     explicit PretendedPrompt(const std::filesystem::path& folder) : answers(folder / "answers") {
@@ -253,7 +254,7 @@ private:
     int answering = -1;
 };
 
-TEST_F(AgentTest, OnceTheUserHasGivenAccessItTypesAndTakesClicksWithoutARestart) {
+TEST_F(AgentTest, TypesAndDropsClicksWithoutARestartAfterAccessIsGranted) {
     constexpr const char* uinput = "/dev/uinput";
     if (!std::filesystem::exists("/usr/bin/pkexec")) {
         GTEST_SKIP() << "pkexec is not installed";
@@ -280,9 +281,9 @@ TEST_F(AgentTest, OnceTheUserHasGivenAccessItTypesAndTakesClicksWithoutARestart)
     EXPECT_EQ(chmod(uinput, 0600), 0);
 }
 
-// ── the touchpad comes back ──
+// ── the touchpad is given back ──
 
-TEST_F(AgentTest, KillingItInTheMiddleOfATouchGivesTheTouchpadBack) {
+TEST_F(AgentTest, KillingTheProgramDuringATouchGivesTheTouchpadBack) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     const std::filesystem::path clone = cloneNode();
@@ -302,7 +303,7 @@ TEST_F(AgentTest, KillingItInTheMiddleOfATouchGivesTheTouchpadBack) {
 
 class StoppedAgentTest : public AgentTest, public testing::WithParamInterface<int> {};
 
-TEST_P(StoppedAgentTest, EndsWellAndGivesTheTouchpadBack) {
+TEST_P(StoppedAgentTest, ExitsAndGivesTheTouchpadBack) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     const std::filesystem::path clone = cloneNode();
@@ -321,7 +322,7 @@ TEST_P(StoppedAgentTest, EndsWellAndGivesTheTouchpadBack) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, StoppedAgentTest, testing::Values(SIGTERM, SIGINT));
 
-TEST_F(AgentTest, ATouchpadThatIsPluggedInAgainIsFilteredAgain) {
+TEST_F(AgentTest, FiltersAReturningTouchpadAgain) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();

@@ -69,7 +69,7 @@ bool ClickFilterSession::waitUntilIntroduced() const {
     };
     while (!session.waitUntilAsleep() || std::ranges::any_of(devices, isNew)) {
         if (deadline.passed()) {
-            ADD_FAILURE() << "the driver never gets done with a clone";
+            ADD_FAILURE() << "the driver did not finish introducing a clone";
             return false;
         }
         sched_yield();
@@ -90,7 +90,7 @@ std::vector<AskedClick> ClickFilterSession::asked() const {
 std::vector<AskedClick> ClickFilterSession::waitForAsked(std::size_t count) const {
     std::unique_lock lock(mutex);
     news.wait_until(lock, Deadline().time(), [&] { return clicks.size() >= count; });
-    EXPECT_GE(clicks.size(), count) << "the filter was not asked";
+    EXPECT_GE(clicks.size(), count) << "the driver did not call the filter";
     return clicks;
 }
 

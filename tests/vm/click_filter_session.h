@@ -1,7 +1,7 @@
-// The driver's click filter, with a filter of the test's: what it was asked is kept, and what it
-// answers is the test's to say.
+// The driver's click filter with a filter function of the test, which records its calls and returns
+// what the test chooses.
 //
-// Thread:  a test's; the filter is asked on the driver's thread.
+// Thread:  a test's; the driver calls the filter on its own thread.
 // Owner:   a test; one at a time, within the life of a DriverSession.
 // Errors:  a driver without these functions is a failure of the test.
 #pragma once
@@ -21,7 +21,7 @@ namespace glidemap::vm {
 struct AskedClick {
     std::int32_t event = 0;
     std::int32_t button = 0;
-    int fingers = 0; // that the driver had reported when it asked
+    int fingers = 0; // that the driver had reported before the call
 
     friend bool operator==(const AskedClick&, const AskedClick&) = default;
     friend std::ostream& operator<<(std::ostream& output, const AskedClick& click);
@@ -31,24 +31,24 @@ class ClickFilterSession {
 public:
     using Answer = std::function<bool(const AskedClick&)>;
 
-    // Drops clicks of two fingers or more, each with its release, as the program does.
+    // Drops clicks of two or more fingers, each with its release, as the program does.
     explicit ClickFilterSession(DriverSession& session);
     ClickFilterSession(const ClickFilterSession&) = delete;
     ClickFilterSession& operator=(const ClickFilterSession&) = delete;
     ~ClickFilterSession();
 
     bool isPossible() const { return canFilter(); }
-    // Why the clicks of the device are not filtered; empty if they may be.
+    // Returns why the clicks of the device are not filtered; empty if nothing prevents it.
     std::string obstacle(driver::Device device) const;
-    // Waits until the system knows the clones of all devices, or has been given up.
+    // Waits until no clone is new: each is ready or has failed.
     bool waitUntilIntroduced() const;
     void switchOn(bool on) const { switchFilter(on); }
 
-    // Instead of the answer that it gives otherwise.
+    // Replaces the default filter function.
     void answer(Answer newAnswer);
 
     std::vector<AskedClick> asked() const;
-    // Waits for so many, and answers them all.
+    // Waits for at least `count` calls and returns all.
     std::vector<AskedClick> waitForAsked(std::size_t count) const;
 
 private:
@@ -66,7 +66,7 @@ private:
     mutable std::condition_variable news;
     std::vector<AskedClick> clicks;
     Answer answerNow;
-    std::vector<std::int32_t> swallowed; // the buttons whose release is to be dropped
+    std::vector<std::int32_t> swallowed; // buttons whose release must be dropped
 };
 
 } // namespace glidemap::vm

@@ -1,4 +1,4 @@
-// A program that is killed while it holds a touchpad: the kernel takes back what it held.
+// A program that is killed while it holds a touchpad: the kernel releases its grab and its clone.
 
 #include "forwarded_pad.h"
 #include "input_devices.h"
@@ -14,8 +14,7 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// Run by the test below in a process of its own: holds the touchpads that there are until it is
-// killed.
+// Run by the test below in its own process: holds all touchpads until it is killed.
 TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
     DriverSession session;
     ClickFilterSession filter(session);
@@ -28,7 +27,7 @@ TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
     }
 }
 
-TEST(CloneEndTest, AKilledProgramGivesTheTouchpadBackInTheMiddleOfATouch) {
+TEST(CloneEndTest, KillingTheProgramDuringATouchReleasesTheTouchpad) {
     VirtualPad pad(ordinaryPad());
     EventReader others(pad.node());
     const std::string self = std::filesystem::read_symlink("/proc/self/exe");

@@ -1,8 +1,8 @@
-// What a reader of the clone gets is what a reader of the touchpad would have got, for the shapes
-// and the recorded motion of real touchpads.
+// Readers of a clone get the same events as readers of its touchpad, for the shapes and the
+// recorded motion of real touchpads.
 //
-// Nobody else can read a touchpad that is grabbed, so a twin of it is told the same and read
-// instead.
+// Other programs cannot read a grabbed touchpad, so the tests write the same events to a twin and
+// read the twin.
 
 #include "forwarded_pad.h"
 #include "input_devices.h"
@@ -32,11 +32,11 @@ const char* const recordings[] = {
     "touchpads/SynPS2 Synaptics TouchPad.hp8470p.two-finger-scroll-horizontal.events",
 };
 
-// What somebody who reads a touchpad from its beginning on knows of it.
+// The state that a program knows if it has read a touchpad from the beginning.
 struct Knowledge {
     std::int32_t slot = 0;
     std::map<std::pair<std::int32_t, int>, std::int32_t> slotValues;
-    std::map<int, std::int32_t> values; // of axes that are not a slot's
+    std::map<int, std::int32_t> values; // of axes without slots
     std::map<int, std::int32_t> keys;
 
     static bool isSlotAxis(int code) { return code >= ABS_MT_TOUCH_MAJOR && code <= ABS_MT_TOOL_Y; }
@@ -60,8 +60,8 @@ struct Knowledge {
         return id != slotValues.end() && id->second >= 0;
     }
 
-    // Where the fingers are, which keys are pressed, and while anything touches all axes: values
-    // that are 0 as they are in the beginning are left out.
+    // The fingers' positions, the pressed keys, and all axes while a finger is down. Values of 0
+    // are omitted, because that is their initial value.
     std::map<std::string, std::int32_t> present() const {
         std::map<std::string, std::int32_t> result;
         bool touched = false;
@@ -99,7 +99,7 @@ EventFrame withoutSlots(EventFrame frame) {
     return frame;
 }
 
-// A touchpad that is forwarded, and its twin that nobody holds.
+// A forwarded touchpad, and its twin without a grab.
 class Twins {
 public:
     explicit Twins(const PadShape& shape) : forwarded(shape), twin(shape, "virtual/twin") {
@@ -111,7 +111,7 @@ public:
         twin.write(frame);
     }
 
-    // Nothing touches them, nothing is pressed, and they speak of slot 0, as recordings begin.
+    // Lifts all fingers and keys and selects slot 0, as at the beginning of a recording.
     void makeNeutral() {
         EventFrame frame;
         for (std::int32_t slot = twin.shape().slotCount() - 1; slot >= 0; --slot) {
@@ -162,7 +162,7 @@ protected:
     static RecordedPad recorded() { return readRecordedPad(recordingsFolder() / GetParam()); }
 };
 
-TEST_P(CloneMotionTest, TheCloneIsLikeItsTouchpad) {
+TEST_P(CloneMotionTest, CloneHasItsTouchpadsShape) {
     GLIDEMAP_NEEDS_RECORDINGS();
     ForwardedPad forwarded(shapeToday(recorded()));
     forwarded.switchOn();
@@ -174,7 +174,7 @@ TEST_P(CloneMotionTest, TheCloneIsLikeItsTouchpad) {
     EXPECT_EQ(udevProperty(clone, "ID_INPUT_TOUCHPAD"), "1");
 }
 
-TEST_P(CloneMotionTest, AReaderOfTheCloneGetsTheSameEvents) {
+TEST_P(CloneMotionTest, ReaderOfTheCloneGetsTheSameEvents) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const RecordedPad pad = recorded();
     Twins twins(shapeToday(pad));
@@ -188,7 +188,7 @@ TEST_P(CloneMotionTest, AReaderOfTheCloneGetsTheSameEvents) {
     EXPECT_TRUE(twins.forwarded.others.isQuiet());
 }
 
-TEST_P(CloneMotionTest, ACloneYoungerThanTheTouchKnowsAsMuch) {
+TEST_P(CloneMotionTest, LaterCloneReportsTheSameState) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const RecordedPad pad = recorded();
     Twins twins(shapeToday(pad));

@@ -1,7 +1,7 @@
-// What a desktop makes of the touches of a click that was taken: with tapping on, the touches alone
-// would be a tap, and a tap of two fingers opens a menu.
+// libinput's view of the touches of a dropped click. With tapping on, the touches alone would be a
+// tap, and a tap of two fingers opens a menu.
 //
-//   fingers ─▶ pad ─▶ driver, takes the click ─▶ clone ─▶ libinput ─▶ buttons, scrolling, motion
+//   fingers ─▶ pad ─▶ driver, drops the click ─▶ clone ─▶ libinput ─▶ buttons, scrolling, motion
 
 #include "forwarded_pad.h"
 #include "input_devices.h"
@@ -27,10 +27,10 @@ using testing::IsEmpty;
 using testing::Not;
 using Texts = std::vector<std::string>;
 
-// Between two reports of a touchpad.
+// The interval between two reports of a touchpad.
 constexpr double aMoment = 0.01;
 
-// Longer than libinput waits for a tap to become a drag.
+// Longer than libinput's wait for a tap that becomes a drag.
 constexpr double betweenGestures = 0.5;
 
 std::string textFrom(const std::string& line, const char* begin) {
@@ -52,8 +52,8 @@ protected:
         ASSERT_TRUE(libinput->waitUntilReading(clone));
     }
 
-    // The buttons that the desktop saw, in order. The swipe that is made now comes after whatever
-    // else there was.
+    // Returns the buttons that libinput reported, in order. The swipe made here arrives after all
+    // earlier events.
     Texts buttons() {
         hand.pause(betweenGestures).down(3).move(800, 0, 20).up();
         if (!libinput->waitForOutput("GESTURE_SWIPE_BEGIN")) {
@@ -62,7 +62,7 @@ protected:
         return linesWith("POINTER_BUTTON", "BTN_");
     }
 
-    // What follows `begin` in the lines with the text, and that too.
+    // Returns the lines that contain the text, each from `begin` on.
     Texts linesWith(const char* text, const char* begin) const {
         Texts lines;
         std::istringstream stream(libinput->output());
@@ -87,7 +87,7 @@ PadShape padWithPalms() {
     return shape;
 }
 
-TEST_F(CloneTapTest, AShortClickThatIsTakenIsNoTap) {
+TEST_F(CloneTapTest, DroppedShortClickIsNoTap) {
     for (const int fingers : {2, 3, 4}) {
         hand.down(fingers).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
         hand.pause(betweenGestures);
@@ -96,7 +96,7 @@ TEST_F(CloneTapTest, AShortClickThatIsTakenIsNoTap) {
     EXPECT_THAT(libinput->errors(), Not(HasSubstr("jump")));
 }
 
-TEST_F(CloneTapTest, NorIsOneWhoseFingersLandAndPressAtOnceAndLiftWithTheButton) {
+TEST_F(CloneTapTest, DroppedClickWhoseFingersLandAndLiftWithTheButtonIsNoTap) {
     auto& pad = forwarded.pad;
     const PadEvent touch{EV_KEY, BTN_TOUCH, 1};
     const PadEvent noTouch{EV_KEY, BTN_TOUCH, 0};
@@ -109,7 +109,7 @@ TEST_F(CloneTapTest, NorIsOneWhoseFingersLandAndPressAtOnceAndLiftWithTheButton)
     EXPECT_THAT(buttons(), IsEmpty());
 }
 
-TEST_F(CloneTapTest, NorIsAFingerThatLandsAndLiftsWhileTheButtonIsHeld) {
+TEST_F(CloneTapTest, FingerThatLandsAndLiftsDuringADroppedClickIsNoTap) {
     auto& pad = forwarded.pad;
     hand.down(2).pause(aMoment).press().pause(aMoment);
     pad.write(together({fingerDown(2, 9, 3000, 500),
@@ -121,7 +121,7 @@ TEST_F(CloneTapTest, NorIsAFingerThatLandsAndLiftsWhileTheButtonIsHeld) {
     EXPECT_THAT(buttons(), IsEmpty());
 }
 
-TEST_F(CloneTapTest, AClickThatIsNotTakenIsOneAndATapIsOne) {
+TEST_F(CloneTapTest, ForwardedClickIsAClickAndATapIsATap) {
     hand.down(1).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
     hand.pause(betweenGestures).tap(2);
     EXPECT_THAT(buttons(), ElementsAre(HasSubstr("BTN_LEFT (272) pressed"),
@@ -130,15 +130,15 @@ TEST_F(CloneTapTest, AClickThatIsNotTakenIsOneAndATapIsOne) {
                                        HasSubstr("BTN_RIGHT (273) released")));
 }
 
-TEST_F(CloneTapTest, ATapRightAfterATakenClickIsATap) {
+TEST_F(CloneTapTest, TapRightAfterADroppedClickIsATap) {
     hand.down(2).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
     hand.pause(aMoment).tap(2);
     EXPECT_THAT(buttons(), ElementsAre(HasSubstr("BTN_RIGHT (273) pressed"),
                                        HasSubstr("BTN_RIGHT (273) released")));
 }
 
-// Down while the button is held, to the right afterwards.
-TEST_F(CloneTapTest, FingersThatStayAfterATakenClickScrollAgain) {
+// Moves down while the button is held and to the right afterwards.
+TEST_F(CloneTapTest, FingersThatStayAfterADroppedClickScrollAgain) {
     hand.down(2).pause(aMoment).press().pause(aMoment).move(0, 600, 20);
     hand.release().pause(aMoment).move(800, 0, 20).up();
     EXPECT_THAT(buttons(), IsEmpty());
@@ -146,7 +146,7 @@ TEST_F(CloneTapTest, FingersThatStayAfterATakenClickScrollAgain) {
     EXPECT_THAT(scrolling(), testing::Each(HasSubstr("vert 0.00")));
 }
 
-TEST_F(CloneTapTest, AFingerThatStaysAfterATakenClickPointsAgain) {
+TEST_F(CloneTapTest, FingerThatStaysAfterADroppedClickPointsAgain) {
     hand.down(2).pause(aMoment).press().pause(aMoment).release().pause(aMoment);
     forwarded.pad.write(
         together({fingerUp(1), {{EV_KEY, BTN_TOOL_DOUBLETAP, 0}, {EV_KEY, BTN_TOOL_FINGER, 1}}}));
@@ -161,7 +161,7 @@ TEST_F(CloneTapTest, AFingerThatStaysAfterATakenClickPointsAgain) {
     EXPECT_THAT(linesWith("POINTER_MOTION", "POINTER_MOTION"), Not(IsEmpty()));
 }
 
-TEST_F(CloneTapTest, GivenBackInTheMiddleOfATakenClickTheFingersHaveNotTapped) {
+TEST_F(CloneTapTest, UngrabDuringADroppedClickIsNoTap) {
     hand.down(2).pause(aMoment).press().pause(aMoment);
     forwarded.session.settle(forwarded.pad);
     forwarded.session.stop();
@@ -169,7 +169,7 @@ TEST_F(CloneTapTest, GivenBackInTheMiddleOfATakenClickTheFingersHaveNotTapped) {
     EXPECT_THAT(linesWith("POINTER_BUTTON", "BTN_"), IsEmpty());
 }
 
-TEST(ClonePalmTest, APadThatTellsPalmsIsBelievedBeforeAndAfterATakenPress) {
+TEST(ClonePalmTest, CloneKeepsThePadsOwnPalmsBeforeAndAfterADroppedPress) {
     ForwardedPad forwarded(padWithPalms());
     forwarded.switchOn();
     auto& pad = forwarded.pad;

@@ -1,5 +1,5 @@
-// A touchpad whose clicks are filtered: the system hears its clone, which says everything that the
-// touchpad says, but for the clicks that were taken out.
+// A touchpad whose clicks are filtered: other programs read its clone, which emits all events of
+// the touchpad except the dropped clicks.
 
 #include "deadline.h"
 #include "forwarded_pad.h"
@@ -28,7 +28,7 @@ namespace {
 constexpr std::int32_t down = driver::clickFilterButtonDown;
 constexpr std::int32_t up = driver::clickFilterButtonUp;
 
-TEST(CloneTest, AClickOfTwoFingersIsTakenOutWithItsReleaseAndTheTouchesStay) {
+TEST(CloneTest, TwoFingerClickIsDroppedWithItsReleaseButNotItsTouches) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -58,7 +58,7 @@ TEST(CloneTest, AClickOfTwoFingersIsTakenOutWithItsReleaseAndTheTouchesStay) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, AClickOfOneFingerPasses) {
+TEST(CloneTest, OneFingerClickIsForwarded) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -77,7 +77,7 @@ TEST(CloneTest, AClickOfOneFingerPasses) {
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 1}, {up, 0, 1}}));
 }
 
-TEST(CloneTest, TheRightButtonIsFilteredLikeTheLeft) {
+TEST(CloneTest, RightButtonIsFilteredLikeTheLeft) {
     PadShape shape = ordinaryPad();
     shape.keys.insert(BTN_RIGHT);
     ForwardedPad forwarded(shape);
@@ -93,7 +93,7 @@ TEST(CloneTest, TheRightButtonIsFilteredLikeTheLeft) {
 }
 
 constexpr std::int64_t second = 1000000;
-// Later than a program reads by itself, and no longer ago than the kernel started.
+// Longer than a program's usual delay, and shorter than the kernel's uptime.
 constexpr std::int64_t late = second / 50;
 
 std::int64_t now() {
@@ -102,7 +102,7 @@ std::int64_t now() {
     return time.tv_sec * second + time.tv_nsec / 1000;
 }
 
-// Linux from 6.6 on hands on the time that it is given with an event; an older one takes its own.
+// Linux 6.6 and later keep the time of a written event; older kernels stamp the event themselves.
 bool kernelTakesGivenTimes(ForwardedPad& forwarded) {
     const std::int64_t given = now() - late;
     forwarded.pad.write(fingerDown(0, 1, 500, 600), given);
@@ -111,8 +111,8 @@ bool kernelTakesGivenTimes(ForwardedPad& forwarded) {
     return !frames.empty() && frames.front().time == given;
 }
 
-// Where the kernel takes its own times they are a little later than the touchpad's.
-TEST(CloneTest, TheFramesOfTheCloneAreInTheOrderAndAtTheTimesOfTheTouchpads) {
+// A kernel that stamps the clone's events gives them slightly later times than the touchpad's.
+TEST(CloneTest, FramesOfTheCloneHaveTheTouchpadsOrderAndTimes) {
     constexpr std::int32_t steps = 20;
     ForwardedPad forwarded;
     const std::int64_t latest = kernelTakesGivenTimes(forwarded) ? 0 : second;
@@ -136,10 +136,10 @@ TEST(CloneTest, TheFramesOfTheCloneAreInTheOrderAndAtTheTimesOfTheTouchpads) {
     }
 }
 
-TEST(CloneTest, AFrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
+TEST(CloneTest, FrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
     ForwardedPad forwarded;
     if (!kernelTakesGivenTimes(forwarded)) {
-        GTEST_SKIP() << "this kernel takes its own times";
+        GTEST_SKIP() << "this kernel stamps events with its own times";
     }
     forwarded.switchOn();
     const std::int64_t spoken = now() - 2 * late;
@@ -151,7 +151,7 @@ TEST(CloneTest, AFrameThatTheDriverReadsLateKeepsTheTouchpadsTime) {
     EXPECT_EQ(frames[1].time, spoken + late);
 }
 
-TEST(CloneTest, SwitchedOnWhileAFingerRestsItWaitsUntilTheFingerLeaves) {
+TEST(CloneTest, GrabWaitsUntilARestingFingerLifts) {
     ForwardedPad forwarded;
     auto& pad = forwarded.pad;
     pad.write(fingerDown(0, 7, 1000, 500));
@@ -164,9 +164,9 @@ TEST(CloneTest, SwitchedOnWhileAFingerRestsItWaitsUntilTheFingerLeaves) {
     forwarded.session.waitUntilAsleep();
     EXPECT_TRUE(forwarded.filter.asked().empty());
     EXPECT_TRUE(forwarded.clone->isQuiet());
-    forwarded.others.read(); // the fingers that left
+    forwarded.others.read(); // the lifting fingers
 
-    // It landed where its slot last was, so the touchpad says nothing of where that is.
+    // The finger lands at its slot's last position, so the touchpad does not report the position.
     pad.write(fingerDown(0, 9, 1000, 500));
     EXPECT_EQ(framesWithoutMarker(forwarded.readClone()),
               (std::vector<EventFrame>{{{EV_ABS, ABS_MT_TRACKING_ID, 9},
@@ -175,7 +175,7 @@ TEST(CloneTest, SwitchedOnWhileAFingerRestsItWaitsUntilTheFingerLeaves) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, SwitchedOnWhileAButtonIsHeldItWaitsUntilThatIsReleased) {
+TEST(CloneTest, GrabWaitsUntilAHeldButtonIsReleased) {
     ForwardedPad forwarded;
     auto& pad = forwarded.pad;
     pad.write({leftDown});
@@ -191,7 +191,7 @@ TEST(CloneTest, SwitchedOnWhileAButtonIsHeldItWaitsUntilThatIsReleased) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, SwitchedOffTheTouchpadIsGivenBackWhenTheFingerHasLeft) {
+TEST(CloneTest, SwitchingOffGivesTheTouchpadBackWhenTheFingersHaveLifted) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -213,7 +213,7 @@ TEST(CloneTest, SwitchedOffTheTouchpadIsGivenBackWhenTheFingerHasLeft) {
     EXPECT_EQ(forwarded.others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, 9}).size(), 1U);
 }
 
-TEST(CloneTest, SwitchedOnAndOffManyTimesTheTouchpadIsHeardOnceEachTime) {
+TEST(CloneTest, EventsArriveOnceWhenSwitchedOnAndOffRepeatedly) {
     ForwardedPad forwarded;
     for (std::int32_t round = 1; round <= 10; ++round) {
         const PadEvent landing{EV_ABS, ABS_MT_TRACKING_ID, round};
@@ -231,7 +231,7 @@ TEST(CloneTest, SwitchedOnAndOffManyTimesTheTouchpadIsHeardOnceEachTime) {
     }
 }
 
-TEST(CloneTest, ATouchpadWithoutButtonsIsLetAlone) {
+TEST(CloneTest, TouchpadWithoutButtonsIsNotCloned) {
     PadShape shape = ordinaryPad();
     shape.keys.erase(BTN_LEFT);
     ForwardedPad forwarded(shape);
@@ -242,7 +242,7 @@ TEST(CloneTest, ATouchpadWithoutButtonsIsLetAlone) {
     EXPECT_TRUE(cloneNodes().empty());
 }
 
-TEST(CloneTest, TheDriverTakesNoCloneForATouchpad) {
+TEST(CloneTest, DriverIgnoresClones) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     const auto create = forwarded.session.symbol<driver::CreateList>(driver::createListSymbol);
@@ -251,10 +251,10 @@ TEST(CloneTest, TheDriverTakesNoCloneForATouchpad) {
     EXPECT_EQ(forwarded.session.unreadableTouchpads(), 0);
 }
 
-// The kernel takes an axis' jitter out of what the touchpad says; what the clone says has been
-// through that. Where libinput does it instead, as it does where its udev rules are installed, it
-// finds what it needs to know on the clone too.
-TEST(CloneTest, JitterIsTakenOutOnceByTheKernelOrByLibinput) {
+// The kernel filters the touchpad's jitter, and the clone emits the filtered events. Where
+// libinput's udev rules are installed, libinput filters instead and finds the fuzz value on the
+// clone too.
+TEST(CloneTest, JitterIsFilteredOnceByTheKernelOrByLibinput) {
     constexpr std::int32_t jitter = 8;
     PadShape shape = ordinaryPad();
     shape.axes[ABS_X].fuzz = shape.axes[ABS_MT_POSITION_X].fuzz = jitter;
@@ -277,7 +277,7 @@ TEST(CloneTest, JitterIsTakenOutOnceByTheKernelOrByLibinput) {
     }
 }
 
-TEST(CloneTest, LibinputTakesTheCloneForATouchpadAndMovesThePointerByIt) {
+TEST(CloneTest, LibinputUsesTheCloneAsATouchpadAndMovesThePointer) {
     if (!std::filesystem::exists("/usr/bin/libinput")) {
         GTEST_SKIP() << "libinput-tools is not installed";
     }
@@ -296,7 +296,7 @@ TEST(CloneTest, LibinputTakesTheCloneForATouchpadAndMovesThePointerByIt) {
     EXPECT_THAT(*motion, testing::HasSubstr(clone));
 }
 
-TEST(CloneTest, StoppedInTheMiddleOfATouchTheTouchpadIsTheSystemsAtOnce) {
+TEST(CloneTest, StopDuringATouchGivesTheTouchpadBackAtOnce) {
     auto forwarded = std::make_unique<ForwardedPad>();
     EventReader others(forwarded->pad.node());
     VirtualPad& pad = forwarded->pad;
@@ -312,7 +312,7 @@ TEST(CloneTest, StoppedInTheMiddleOfATouchTheTouchpadIsTheSystemsAtOnce) {
     EXPECT_TRUE(contains(heard, {EV_ABS, ABS_MT_POSITION_X, 1100}));
 }
 
-TEST(CloneTest, UnpluggedItsCloneGoesAndComesAgainWithIt) {
+TEST(CloneTest, CloneDisappearsAndReturnsWithItsTouchpad) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -330,7 +330,7 @@ TEST(CloneTest, UnpluggedItsCloneGoesAndComesAgainWithIt) {
     EXPECT_FALSE(contains(forwarded.readClone(), leftDown));
 }
 
-TEST(CloneTest, ATouchpadThatSomebodyElseHoldsIsTakenWhenItIsFreeAndNeutral) {
+TEST(CloneTest, GrabWaitsForAnotherProgramsGrabAndANeutralTouchpad) {
     ForwardedPad forwarded;
     auto& pad = forwarded.pad;
     ASSERT_TRUE(forwarded.others.grab());
@@ -350,7 +350,7 @@ TEST(CloneTest, ATouchpadThatSomebodyElseHoldsIsTakenWhenItIsFreeAndNeutral) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, WithoutTheRightToMakeDevicesEverythingPasses) {
+TEST(CloneTest, WithoutTheRightToMakeDevicesAllClicksPass) {
     VirtualPad pad(ordinaryPad());
     ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
     ASSERT_EQ(chmod("/dev/uinput", 0600), 0);
@@ -373,22 +373,23 @@ TEST(CloneTest, WithoutTheRightToMakeDevicesEverythingPasses) {
     EXPECT_TRUE(filter->asked().empty());
     EXPECT_TRUE(cloneNodes().empty());
 
-    // The right is granted; the program switches on again.
+    // The right is granted, and the program switches the filter on again.
     ASSERT_EQ(chmod("/dev/uinput", 0666), 0);
     filter->switchOn(true);
     session->waitUntilAsleep();
     EXPECT_FALSE(waitForClone().empty());
 }
 
-TEST(CloneTest, EventsThatTheDriverWasTooLateForAreMadeUpForOnTheClone) {
-    constexpr std::int32_t manyFrames = 200; // more than the kernel keeps for a reader
+TEST(CloneTest, CloneCatchesUpAfterTheDriverLostEvents) {
+    constexpr std::int32_t manyFrames = 200; // more than the kernel's event buffer holds
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
     pad.write(fingerDown(0, 7, 1000, 500));
     forwarded.readClone();
-    // Stuck in the report of the second finger it has read nothing of what follows: what it says
-    // afterwards is no more than the kernel keeps, for it as for the reader of the clone.
+    // The driver is stuck in the report of the second finger and reads none of the following
+    // events. So it writes at most the frames of one kernel buffer afterwards, and the clone's
+    // reader loses none.
     forwarded.session.forget();
     forwarded.session.holdReports();
     pad.write(fingerDown(1, 8, 2000, 500));
@@ -402,7 +403,7 @@ TEST(CloneTest, EventsThatTheDriverWasTooLateForAreMadeUpForOnTheClone) {
     pad.write(together({fingerUp(1), fingerDown(2, 9, 3000, 700), {leftDown}}));
     ASSERT_TRUE(forwarded.session.releaseReports());
     const auto frames = forwarded.readClone();
-    EXPECT_LT(frames.size(), static_cast<std::size_t>(manyFrames)) << "none were lost";
+    EXPECT_LT(frames.size(), static_cast<std::size_t>(manyFrames)) << "no events were lost";
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}}));
     EXPECT_FALSE(contains(frames, leftDown));
     EXPECT_TRUE(forwarded.clone->isTouched());
@@ -418,8 +419,8 @@ TEST(CloneTest, EventsThatTheDriverWasTooLateForAreMadeUpForOnTheClone) {
     EXPECT_THAT(tools(), testing::Each(MT_TOOL_FINGER));
 }
 
-TEST(CloneTest, AReleaseThatTheDriverWasTooLateForLeavesNoPalm) {
-    constexpr std::int32_t manyFrames = 200; // more than the kernel keeps for a reader
+TEST(CloneTest, LostReleaseLeavesNoPalm) {
+    constexpr std::int32_t manyFrames = 200; // more than the kernel's event buffer holds
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -438,7 +439,7 @@ TEST(CloneTest, AReleaseThatTheDriverWasTooLateForLeavesNoPalm) {
     }
     ASSERT_TRUE(forwarded.session.releaseReports());
     EXPECT_LT(forwarded.readClone().size(), static_cast<std::size_t>(manyFrames))
-        << "none were lost";
+        << "no events were lost";
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 2}, {up, 0, 1}}));
     EXPECT_TRUE(forwarded.clone->isTouched());
     EXPECT_THAT(forwarded.clone->slotValues(ABS_MT_TOOL_TYPE), testing::Each(MT_TOOL_FINGER));
@@ -452,13 +453,13 @@ std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {
     return counts;
 }
 
-TEST(CloneTest, NothingWakesTheDriverWhileItForwardsAndNothingTouches) {
+TEST(CloneTest, DriverSleepsWhileItForwardsAnUntouchedPad) {
     ForwardedPad forwarded;
     VirtualPad busy(otherPad());
     EventReader reader(busy.node());
     forwarded.switchOn();
     const std::vector<int> threads = threadsNamed("glidemap-");
-    EXPECT_EQ(threads.size(), 3U) << "the reader, the watchdog, and the one for stop signals";
+    EXPECT_EQ(threads.size(), 3U) << "the threads of the reader, the watchdog and the stop signals";
     forwarded.pad.write(fingerDown(0, 7, 1000, 500));
     forwarded.pad.write(fingerUp(0));
     forwarded.readClone();

@@ -1,5 +1,4 @@
-// What a pad's fingers look like on the other side of the kernel, where that is not about a certain
-// pad.
+// Contacts that the driver reports through a real kernel, independent of a particular pad.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -16,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(ContactsTest, AContactMakesTouchThenTouchesThenLeaves) {
+TEST(ContactsTest, ContactMakesTouchThenTouchesThenLeaves) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerMove(0, 1200, 500),
@@ -29,8 +28,8 @@ TEST(ContactsTest, AContactMakesTouchThenTouchesThenLeaves) {
                             SeenContacts{{1, 7, seenX(1400), seenY(500)}}));
 }
 
-// The kernel passes on only what changes, so this finger comes without any position.
-TEST(ContactsTest, AFingerThatLandsWhereItsSlotLastWasIsReportedThere) {
+// The kernel reports only changes, so this finger arrives without a position.
+TEST(ContactsTest, FingerThatLandsAtItsSlotsLastPositionIsReportedThere) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0), fingerDown(0, 8, 1000, 500)});
@@ -41,7 +40,7 @@ TEST(ContactsTest, AFingerThatLandsWhereItsSlotLastWasIsReportedThere) {
                             SeenContacts{{2, 3, seenX(1000), seenY(500)}}));
 }
 
-TEST(ContactsTest, AFrameThatChangesNoContactIsNotReported) {
+TEST(ContactsTest, FrameThatChangesNoContactIsNotReported) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500),
@@ -53,7 +52,7 @@ TEST(ContactsTest, AFrameThatChangesNoContactIsNotReported) {
                 ElementsAre(SeenContacts{{1, 3, seenX(1000), seenY(500)}}));
 }
 
-TEST(ContactsTest, PositionsBeyondTheAnnouncedRangeAreAtItsEdge) {
+TEST(ContactsTest, PositionsBeyondTheAxisRangeAreClamped) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, -300, -300), fingerMove(0, 4700, 2700)});
@@ -62,8 +61,8 @@ TEST(ContactsTest, PositionsBeyondTheAnnouncedRangeAreAtItsEdge) {
                 ElementsAre(SeenContacts{{1, 3, 0, 1}}, SeenContacts{{1, 4, 1, 0}}));
 }
 
-// Its position was told before anybody listened; only the slot still knows it.
-TEST(ContactsTest, AFingerThatWasThereBeforeIsAtItsTruePlaceWithItsFirstMovement) {
+// The finger's position was reported before the driver opened the pad; only the slot holds it.
+TEST(ContactsTest, FingerThatRestedBeforeTheStartHasItsTruePosition) {
     VirtualPad pad(ordinaryPad());
     pad.write(fingerDown(2, 7, 1000, 500));
     DriverSession session;
@@ -96,7 +95,7 @@ TEST(ContactsTest, TimestampsAreTheKernelsMonotonicClock) {
     EXPECT_LE(reports[1].timestamp, after);
 }
 
-TEST(ContactsTest, TwoPadsAtOnceAreTwoDevices) {
+TEST(ContactsTest, TwoPadsAreTwoDevices) {
     VirtualPad left(ordinaryPad(), "virtual/left");
     VirtualPad right(ordinaryPad(), "virtual/right");
     VirtualPad other(otherPad());
@@ -130,7 +129,7 @@ TEST(ContactsTest, TwoPadsAtOnceAreTwoDevices) {
                             SeenContacts{{1, 4, seenX(3100), seenY(700)}}));
 }
 
-TEST(ContactsTest, NothingIsReportedOnceASessionHasStopped) {
+TEST(ContactsTest, StoppedSessionReportsNothing) {
     VirtualPad pad(ordinaryPad());
     {
         DriverSession session;
@@ -149,7 +148,7 @@ TEST(ContactsTest, NothingIsReportedOnceASessionHasStopped) {
     EXPECT_EQ(again.seen().reports.size(), 1U); // one session's, not two's
 }
 
-TEST(ContactsTest, DevicesThatAreNoTouchpadsAreNotTaken) {
+TEST(ContactsTest, DevicesOtherThanTouchpadsAreIgnored) {
     PadShape screen = ordinaryPad();
     screen.properties = {INPUT_PROP_DIRECT};
     PadShape withoutSlots = ordinaryPad();
@@ -168,7 +167,7 @@ TEST(ContactsTest, DevicesThatAreNoTouchpadsAreNotTaken) {
     EXPECT_EQ(session.unreadableTouchpads(), 0);
 }
 
-TEST(ContactsTest, WithoutATouchpadThereIsNoDevice) {
+TEST(ContactsTest, WithoutATouchpadTheListIsEmpty) {
     DriverSession session;
     EXPECT_FALSE(session.isRunning());
     EXPECT_EQ(session.loadError(), "未找到多点触摸设备");

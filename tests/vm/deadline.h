@@ -1,6 +1,6 @@
-// How long a test waits for what must happen. Nothing waits this long unless it has failed, so it
-// is generous: the kernel of the tests has one processor, and that shares a busy machine, where a
-// desktop may take a good part of a minute to come up.
+// The time-out of a test's waits. Only a failing test waits this long, so the value is generous.
+// The tests' kernel has one processor on a machine that may be busy, and a desktop may take most of
+// a minute to start.
 #pragma once
 
 #include <algorithm>
@@ -18,7 +18,7 @@ public:
     Clock::time_point time() const { return end; }
     bool passed() const { return Clock::now() >= end; }
 
-    // What is left, for poll().
+    // Returns the remaining time, for poll().
     int milliseconds() const {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
         return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));

@@ -1,4 +1,4 @@
-// Pads of every described shape, with a finger in each slot they have, in known places.
+// Pads of every described shape, with a finger in each slot at a known position.
 
 #include "driver_session.h"
 #include "recorded_pad.h"
@@ -19,7 +19,7 @@ namespace {
 
 struct Row {
     const char* file;
-    std::int32_t slots; // 0: the driver does not take the device
+    std::int32_t slots; // 0: the driver ignores the device
 };
 
 std::ostream& operator<<(std::ostream& output, const Row& row) {
@@ -29,7 +29,7 @@ std::ostream& operator<<(std::ostream& output, const Row& row) {
 const Row rows[] = {
     {"tablets/Wacom Bamboo 16FG 4x5 Finger.desc", 16},
     {"tablets/Wacom Bamboo 2FG 4x5 Finger.desc", 2},
-    {"tablets/Wacom ISDv4 E6 Finger.desc", 0}, // a screen
+    {"tablets/Wacom ISDv4 E6 Finger.desc", 0}, // a touchscreen
     {"tablets/Wacom Intuos5 touch L Finger.desc", 16},
     {"tablets/Wacom Intuos5 touch M Finger.desc", 16},
     {"tablets/Wacom Intuos5 touch S Finger.desc", 16},
@@ -46,8 +46,8 @@ const Row rows[] = {
     {"touchpads/SynPS2 Synaptics TouchPad.lenovo-p50.desc", 2},
 };
 
-// How far along its axis the contact of a slot is: the first slot at the very beginning, the last
-// at the very end.
+// Returns the position of a slot's contact along its axis. The first slot is at the beginning, the
+// last slot at the end.
 float share(std::int32_t slot, std::int32_t slots) {
     return static_cast<float>(slot) / static_cast<float>(slots - 1);
 }
@@ -57,7 +57,7 @@ std::int32_t onAxis(const PadAxis& axis, float share) {
            static_cast<std::int32_t>(static_cast<float>(axis.maximum - axis.minimum) * share);
 }
 
-// A finger in each slot on the diagonal from the upper left corner, pressing well.
+// Puts a finger in each slot, on the diagonal from the upper left corner, with high pressure.
 EventFrame fingersOnTheDiagonal(const PadShape& shape) {
     EventFrame frame;
     const auto set = [&frame](std::uint16_t code, std::int32_t value) {
@@ -88,7 +88,7 @@ EventFrame allUp(const PadShape& shape) {
 
 class DescriptionTest : public testing::TestWithParam<Row> {};
 
-TEST_P(DescriptionTest, HasAFingerInEachSlotWhereItWasPut) {
+TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const Row& row = GetParam();
     const PadShape shape = shapeToday(readRecordedPad(recordingsFolder() / row.file));

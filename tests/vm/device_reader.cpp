@@ -66,7 +66,7 @@ std::vector<PadEvent> DeviceReader::keys() const {
     return found;
 }
 
-// Who tries to grab it finds out; nobody else is disturbed by the moment in which we have it.
+// Tries to grab the device. The short grab disturbs only programs that grab it at the same time.
 bool DeviceReader::isGrabbedByAnother() const {
     if (ioctl(descriptor, EVIOCGRAB, 1) != 0) {
         return true;

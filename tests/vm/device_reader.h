@@ -1,9 +1,9 @@
-// Reads an input device as any other program does, and waits for what it says.
+// Reads an input device as other programs do, and waits for its events.
 //
 // Units:   events as in recorded_pad.h.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a device that is not there, or what did not come in time, is a failure of the test.
+// Errors:  a missing device and a time-out are failures of the test.
 #pragma once
 
 #include "recorded_pad.h"
@@ -22,17 +22,17 @@ public:
     DeviceReader& operator=(const DeviceReader&) = delete;
     ~DeviceReader();
 
-    // What there is, and then what comes, until the condition holds.
+    // Reads pending events, and then later ones, until the condition holds.
     bool waitUntil(const std::function<bool()>& condition);
     bool waitForKey(std::uint16_t code, std::int32_t value);
 
-    // Everything so far, synchronisations included.
+    // All events so far, with SYN_REPORT.
     const std::vector<PadEvent>& events() const { return seen; }
     std::vector<PadEvent> keys() const;
     void readAll();
     void forget() { seen.clear(); }
 
-    // What has come since it was last asked.
+    // Returns the events since the last call.
     std::vector<PadEvent> take();
 
     bool isGrabbedByAnother() const;

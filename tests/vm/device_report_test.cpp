@@ -1,4 +1,4 @@
-// What the driver reports of touchpads, clones and uinput to people who look for a fault.
+// The driver's report about touchpads, clones and uinput, for people who look for a fault.
 
 #include "drivers/evdev/device_report.h"
 #include "forwarded_pad.h"
@@ -43,7 +43,7 @@ auto lineOf(const VirtualPad& pad, const std::string& verdict) {
         AllOf(StartsWith(pad.node().string() + ", " + pad.shape().name), EndsWith(verdict)));
 }
 
-TEST(DeviceReportTest, ATouchpadIsUsedAndUinputCanBeWritten) {
+TEST(DeviceReportTest, ReportsAUsedTouchpadAndWritableUinput) {
     const VirtualPad pad(ordinaryPad());
     const Lines lines = report();
     EXPECT_THAT(lines,
@@ -52,7 +52,7 @@ TEST(DeviceReportTest, ATouchpadIsUsedAndUinputCanBeWritten) {
     EXPECT_EQ(lines.back(), "/dev/uinput, for clones and for typing: this user may write to it");
 }
 
-TEST(DeviceReportTest, NamesTheRightsThatAreMissing) {
+TEST(DeviceReportTest, NamesMissingAccessRights) {
     const VirtualPad pad(ordinaryPad());
     const Unprivileged unprivileged;
     const Lines lines = report();
@@ -61,7 +61,7 @@ TEST(DeviceReportTest, NamesTheRightsThatAreMissing) {
     EXPECT_THAT(lines.back(), HasSubstr("this user may not write to it (mode 0"));
 }
 
-TEST(DeviceReportTest, NamesWhatADeviceLacks) {
+TEST(DeviceReportTest, NamesTheReasonToIgnoreADevice) {
     PadShape screen = ordinaryPad();
     screen.name = "Screen";
     screen.properties = {INPUT_PROP_DIRECT};
@@ -77,7 +77,7 @@ TEST(DeviceReportTest, NamesWhatADeviceLacks) {
     EXPECT_THAT(lines, lineOf(oldPad, ": not used: it does not tell fingers apart"));
 }
 
-TEST(DeviceReportTest, ShowsTheCloneOfATouchpadThatIsGrabbed) {
+TEST(DeviceReportTest, ListsTheCloneOfAGrabbedTouchpad) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     const auto clones = cloneNodes();

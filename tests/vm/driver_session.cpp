@@ -18,9 +18,9 @@ namespace glidemap::vm {
 
 namespace {
 
-constexpr std::int32_t markerButton = 2; // as the driver numbers the marker key
+constexpr std::int32_t markerButton = 2; // the driver's number of the marker key
 
-// The button callback comes without a context.
+// Global, because the button callback has no context.
 DriverSession* current = nullptr;
 
 } // namespace
@@ -83,7 +83,7 @@ void DriverSession::setButtonCallback(driver::ButtonCallback callback) {
 
 void* DriverSession::requiredSymbol(const char* name) const {
     void* const found = manager.optionalSymbol(name);
-    EXPECT_NE(found, nullptr) << "the driver has no " << name;
+    EXPECT_NE(found, nullptr) << "the driver lacks the symbol " << name;
     return found;
 }
 
@@ -123,7 +123,7 @@ bool DriverSession::waitUntilReading(const VirtualPad& pad) const {
     const Deadline deadline;
     while (!hasOpen("self", pad.node())) {
         if (deadline.passed()) {
-            ADD_FAILURE() << "the driver never opened " << pad.node();
+            ADD_FAILURE() << "the driver did not open " << pad.node();
             return false;
         }
         sched_yield();
@@ -135,7 +135,7 @@ bool DriverSession::waitUntilAsleep() const {
     const Deadline deadline;
     while (!areAsleep(driverThreads)) {
         if (deadline.passed()) {
-            ADD_FAILURE() << "a thread of the driver never goes to sleep";
+            ADD_FAILURE() << "a thread of the driver does not sleep";
             return false;
         }
         sched_yield();
@@ -149,7 +149,7 @@ bool DriverSession::waitUntil(const char* what, const std::function<bool(const S
     const bool happened =
         news.wait_until(lock, deadline.time(), [&] { return condition(everything); });
     if (!happened) {
-        ADD_FAILURE() << "waited in vain: " << what << " (after " << everything.reports.size()
+        ADD_FAILURE() << "timed out waiting for " << what << " (after " << everything.reports.size()
                       << " reports and " << everything.buttons.size() << " button changes)";
     }
     return happened;

@@ -1,10 +1,10 @@
-// The evdev driver at work, as the program uses it: through the device manager, with everything
-// that it reports kept for a test to look at and to wait for.
+// Runs the evdev driver as the program does, through the device manager. Keeps all its reports, so
+// that a test can wait for them and examine them.
 //
 // Units:   as in input/mt_touch.h.
-// Thread:  a test's; reports arrive on the driver's and are kept under a mutex.
-// Owner:   a test; one at a time, because the device manager's sink is one for the process.
-// Errors:  what did not come in time is a failure of the test, and the wait answers false.
+// Thread:  a test's; reports arrive on the driver's thread and are kept under a mutex.
+// Owner:   a test; one at a time, because the process has only one frame sink.
+// Errors:  a time-out is a failure of the test, and the wait returns false.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -57,56 +57,57 @@ public:
         std::vector<SeenReport> reports;
         std::vector<SeenButton> buttons;
 
-        // The reports of one device, in order.
+        // Returns the reports of one device, in order.
         std::vector<SeenContacts> reportsOf(driver::Device device) const;
-        // What the last report of the device says; nothing before the first one.
+        // Returns the contacts in the device's last report; empty before the first report.
         SeenContacts lastOf(driver::Device device) const;
     };
 
-    // Takes the touchpads that are there now and starts them.
+    // Starts all connected touchpads.
     DriverSession();
     DriverSession(const DriverSession&) = delete;
     DriverSession& operator=(const DriverSession&) = delete;
     ~DriverSession();
 
-    // Stops the touchpads, as the program does at its end.
+    // Stops the touchpads, as the program does on exit.
     void stop() { manager.stop(); }
 
     bool isRunning() const { return manager.isRunning(); }
     const std::optional<std::string>& loadError() const { return manager.loadError(); }
     std::int32_t unreadableTouchpads() const;
-    // The touchpads that are there.
+    // Returns the connected touchpads.
     std::vector<driver::Device> devices() const;
-    // A function that only this driver has; null, and a failure of the test, without it.
+    // Returns a function that only this driver has. If it is missing, returns null and fails the
+    // test.
     template <typename Function>
     Function symbol(const char* name) const {
         return reinterpret_cast<Function>(requiredSymbol(name));
     }
 
-    // The kernel's numbers of the threads that the driver has started.
+    // The thread ids of the threads that the driver has started.
     const std::vector<int>& threads() const { return driverThreads; }
 
-    // Waits until the driver has opened a pad that returned, which it does on its own thread, and
-    // waits for it to speak; before that, what the pad says may be lost.
+    // Waits until the driver has reopened a returned pad and waits for its events. Earlier events
+    // of the pad may be lost.
     bool waitUntilReading(const VirtualPad& pad) const;
 
-    // Waits until the driver has dealt with everything there is for it to do.
+    // Waits until the driver has finished all pending work.
     bool waitUntilAsleep() const;
 
     bool waitUntil(const char* what, const std::function<bool(const Seen&)>& condition);
     Seen seen() const;
     void forget();
 
-    // Waits until the driver has reported everything that was written to the pad so far: clicks the
-    // pad's marker button and waits to hear of it. Answers the pad's device.
+    // Waits until the driver has reported all events that were written to the pad: clicks the pad's
+    // marker button and waits for the report of that click. Returns the pad's device.
     driver::Device settle(VirtualPad& pad);
 
-    // Plays frames at the speed at which the driver takes them, so that none are lost.
+    // Plays frames no faster than the driver reads them, so that no event is lost.
     void play(VirtualPad& pad, const std::vector<EventFrame>& frames);
 
-    // Keeps the driver's thread inside its callback from the next report on, until it is let go.
+    // Blocks the driver's thread in its callback, from the next report until releaseReports().
     void holdReports();
-    // Returns when the thread has read everything that came meanwhile.
+    // Returns when the thread has read all events that arrived meanwhile.
     bool releaseReports();
 
 private:

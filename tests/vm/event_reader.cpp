@@ -38,7 +38,8 @@ std::vector<ReadFrame> EventReader::read() {
         const std::size_t count = static_cast<std::size_t>(size) / sizeof(input_event);
         for (std::size_t index = 0; index < count; ++index) {
             const input_event& event = events[index];
-            EXPECT_FALSE(event.type == EV_SYN && event.code == SYN_DROPPED) << "the test is slow";
+            EXPECT_FALSE(event.type == EV_SYN && event.code == SYN_DROPPED)
+                << "the test lost events because it was too slow";
             if (event.type == EV_SYN) {
                 open.time = event.input_event_sec * 1000000 + event.input_event_usec;
                 frames.push_back(std::exchange(open, {}));
@@ -65,7 +66,7 @@ std::vector<ReadFrame> EventReader::readUntil(const PadEvent& event) {
             }
         }
     }
-    ADD_FAILURE() << "waited in vain for " << event << ", after " << all.size() << " frames";
+    ADD_FAILURE() << "timed out waiting for " << event << ", after " << all.size() << " frames";
     return all;
 }
 

@@ -1,9 +1,9 @@
-// A program that listens to an input device, as the system's own do.
+// Reads an input device as the system's programs do.
 //
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  what did not come in time is a failure of the test, and what came is answered.
+// Errors:  a time-out is a failure of the test, and the wait returns the frames that arrived.
 #pragma once
 
 #include "recorded_pad.h"
@@ -16,7 +16,7 @@
 namespace glidemap::vm {
 
 struct ReadFrame {
-    EventFrame events; // without the synchronisation
+    EventFrame events; // without the SYN_REPORT
     std::int64_t time = 0;
 };
 
@@ -27,19 +27,19 @@ public:
     EventReader& operator=(const EventReader&) = delete;
     ~EventReader();
 
-    // Everything that can be read now, to the last whole frame.
+    // Returns everything that can be read now, up to the last complete frame.
     std::vector<ReadFrame> read();
 
-    // Waits for a frame with such an event, and answers everything up to then.
+    // Waits for a frame with the event, and returns all frames up to that one.
     std::vector<ReadFrame> readUntil(const PadEvent& event);
 
-    // Whether there is nothing to be read.
+    // Returns whether no event is pending.
     bool isQuiet() const;
 
-    // Whether the device is gone.
+    // Waits until the device is gone.
     bool waitUntilGone() const;
 
-    // What the device holds, whoever listens to it.
+    // Returns the kernel's state of the key, independent of readers.
     bool isPressed(int key) const;
     bool isTouched() const;
     std::vector<std::int32_t> slotValues(int axis) const;

@@ -1,7 +1,7 @@
-// Waits for what other programs do to files, without looking again and again.
+// Waits for changes that other programs make to files, without polling.
 //
 // Thread:  one.
-// Errors:  what did not come in time is answered false.
+// Errors:  a time-out returns false.
 #pragma once
 
 #include <filesystem>
@@ -10,8 +10,8 @@
 
 namespace glidemap::vm {
 
-// Asks now, and again whenever one of the files, or anything in one of the folders, has changed,
-// until the condition holds.
+// Checks the condition now, and again at each change of a watched file or in a watched folder,
+// until it holds.
 bool waitForChanges(const std::vector<std::filesystem::path>& watched,
                     const std::function<bool()>& condition);
 

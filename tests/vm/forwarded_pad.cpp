@@ -33,7 +33,7 @@ void ForwardedPad::switchOn() {
 }
 
 void ForwardedPad::readNewClone() {
-    clone.reset(); // a desktop closes a device that is gone before it opens the next one
+    clone.reset(); // a desktop closes a removed device before it opens the next one
     clone = std::make_unique<EventReader>(waitForClone());
     filter.waitUntilIntroduced();
 }

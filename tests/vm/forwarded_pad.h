@@ -1,4 +1,4 @@
-// A touchpad whose clicks are filtered, with those who listen to it and to its clone.
+// A touchpad whose clicks are filtered, with readers of the touchpad and of its clone.
 //
 //   pad ──▶ driver ──▶ clone ──▶ readClone()
 //    └──▶ other readers, while it is not grabbed
@@ -27,28 +27,27 @@ inline constexpr PadEvent markerUp{EV_KEY, BTN_MIDDLE, 0};
 
 bool contains(const std::vector<ReadFrame>& frames, const PadEvent& event);
 
-// The events of all frames but for those of the marker.
+// Returns the events of all frames except the marker's.
 std::vector<EventFrame> framesWithoutMarker(const std::vector<ReadFrame>& frames);
 
 class ForwardedPad {
 public:
     explicit ForwardedPad(PadShape shape = ordinaryPad());
 
-    // Returns when the driver has done what there was to do about it, and a clone that it has
-    // made is read.
+    // Returns when the driver has reacted and the test reads the clone, if the driver has made one.
     void switchOn();
-    // The same for a clone that it makes by itself.
+    // Opens a clone that the driver makes without a call of switchOn().
     void readNewClone();
     void switchOff();
 
-    // Everything that the clone has said until the driver had read what was written to the pad.
+    // Returns all events of the clone up to the last event that was written to the pad.
     std::vector<ReadFrame> readClone();
 
     VirtualPad pad;
     DriverSession session;
     ClickFilterSession filter{session};
     EventReader others{pad.node()};
-    std::unique_ptr<EventReader> clone; // once it was switched on
+    std::unique_ptr<EventReader> clone; // set by readNewClone()
 };
 
 } // namespace glidemap::vm

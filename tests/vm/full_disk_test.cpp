@@ -1,5 +1,5 @@
-// What happens to the user's list when the disk is full or cannot be written to: a file system of
-// the test's own, a quarter of a megabyte large.
+// The bindings store on a full or read-only disk: the tests mount a file system of a quarter of a
+// megabyte.
 #include "binding_printers.h"
 #include "bindings/binding_store.h"
 #include "support_folder.h"
@@ -35,7 +35,7 @@ public:
 
     fs::path path() const { return mountPoint.path(); }
 
-    // Takes all room but so many bytes.
+    // Fills the disk up to `left` bytes.
     void fill(std::size_t left) const {
         const int file = open(filler().c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         const std::array<char, page> zeros{};
@@ -48,7 +48,7 @@ public:
     }
     void makeRoom() const { fs::remove(filler()); }
 
-    // Takes all names that there can be files of.
+    // Creates files until no more file names are free.
     void fillNames() const {
         int count = 0;
         while (true) {
@@ -102,11 +102,11 @@ struct Row {
     std::size_t length;
 };
 
-TEST_F(FullDisk, LeavesTheOldListOnItAndTheNewOneInMemoryUntilAChangeFindsRoom) {
+TEST_F(FullDisk, KeepsTheOldListWhileTheNewListStaysInMemoryUntilASaveSucceeds) {
     constexpr Row rows[] = {
-        {"not a page left", 0, 10},
+        {"no page left", 0, 10},
         {"one page left for two", page, page},
-        {"room for half of it", 8 * page, 16 * page},
+        {"room for half of the list", 8 * page, 16 * page},
         {"a page is missing at the end", 15 * page, 16 * page - 10},
     };
     for (const Row& row : rows) {
@@ -127,7 +127,7 @@ TEST_F(FullDisk, LeavesTheOldListOnItAndTheNewOneInMemoryUntilAChangeFindsRoom) 
     }
 }
 
-TEST_F(FullDisk, HoldsAListAgainThatFitsIntoTheRoomThatIsLeft) {
+TEST_F(FullDisk, AcceptsAListThatFitsIntoTheFreeSpace) {
     BindingStore store = launch();
     disk.fill(page);
     store.setBindings(listWithName(2 * page));
@@ -135,7 +135,7 @@ TEST_F(FullDisk, HoldsAListAgainThatFitsIntoTheRoomThatIsLeft) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, AtTheFirstLaunchStillGivesTheDefaults) {
+TEST_F(FullDisk, StoreProvidesTheDefaultsAtTheFirstLaunch) {
     disk.fill(0);
     BindingStore store = launch();
     EXPECT_EQ(store.bindings()->size(), 3U);
@@ -145,7 +145,7 @@ TEST_F(FullDisk, AtTheFirstLaunchStillGivesTheDefaults) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, WithoutNamesForMoreFilesIsFullToo) {
+TEST_F(FullDisk, KeepsTheOldListWhileNoFileNamesAreFree) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     disk.fillNames();
@@ -156,7 +156,7 @@ TEST_F(FullDisk, WithoutNamesForMoreFilesIsFullToo) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, ThatBecomesReadOnlyKeepsTheOldListUntilItIsWritableAgain) {
+TEST_F(FullDisk, ReadOnlyDiskKeepsTheOldListUntilItIsWritableAgain) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     disk.setReadOnly(true);
@@ -169,8 +169,8 @@ TEST_F(FullDisk, ThatBecomesReadOnlyKeepsTheOldListUntilItIsWritableAgain) {
     expectOnDisk(changed);
 }
 
-// As a plain user, since root may write everywhere.
-TEST_F(FullDisk, AFolderThatMayNotBeWrittenKeepsTheOldListUntilItMay) {
+// Runs as an ordinary user, because root may write everywhere.
+TEST_F(FullDisk, ReadOnlyFolderKeepsTheOldListUntilItIsWritable) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     const fs::path folder = disk.path() / "Glidemap";
@@ -191,7 +191,7 @@ TEST_F(FullDisk, AFolderThatMayNotBeWrittenKeepsTheOldListUntilItMay) {
     expectOnDisk(changed);
 }
 
-TEST_F(FullDisk, AFileThatMayNotBeReadIsReplacedByTheDefaults) {
+TEST_F(FullDisk, UnreadableFileIsReplacedByTheDefaults) {
     launch().setBindings(listWithName(10));
     fs::permissions(disk.path(), fs::perms::all);
     fs::permissions(disk.path() / "Glidemap", fs::perms::all);

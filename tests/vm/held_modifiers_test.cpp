@@ -1,5 +1,5 @@
-// Shortcuts while the user holds modifiers on a keyboard of their own, at a real X server: what
-// reaches the window that has the focus, and what is held afterwards.
+// Shortcuts while the user holds modifiers on a physical keyboard, at a real X server: the events
+// that the focused window receives, and the modifiers that are held afterwards.
 
 #include "platform/linux/keyboard/uinput_key_device.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
@@ -43,22 +43,22 @@ Keys operator+(Keys first, const Keys& second) {
     return first;
 }
 
-// "+20 while 4": key T went down while Control was held.
+// Formats "+20 while 4" for key T that went down while Control was held.
 std::string written(const XInput& input) {
     const bool down = input.kind == XInput::Kind::keyDown;
     return (down ? "+" : "-") + std::to_string(input.detail - keyCodeOffset) + " while " +
            std::to_string(input.modifiers);
 }
 
-// One server for all cases: it takes its time to start.
+// All cases share one server, because it starts slowly.
 class HeldModifiersTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         if (!XDesktop::isInstalled()) {
             return;
         }
-        // Plugged in before the server starts, which finds them then; later ones it takes up in
-        // its own time.
+        // Plugged in before the server starts, because the server opens later devices
+        // asynchronously.
         auto device = std::make_unique<UinputKeyDevice>();
         ASSERT_TRUE(device->plugIn());
         users = std::make_unique<VirtualPad>(ordinaryKeyboard(), "usb/keyboard");
@@ -80,7 +80,7 @@ protected:
 
     void SetUp() override {
         if (desktop == nullptr) {
-            GTEST_SKIP() << "there is no X server to be had";
+            GTEST_SKIP() << "no X server is available";
         }
         ASSERT_TRUE(desktop->isRunning());
         ASSERT_TRUE(window->hasFocus());
@@ -94,7 +94,7 @@ protected:
         keyboard->post(events);
     }
 
-    // All keys until one that the user types, which shows what is held by then.
+    // Returns all keys up to one that the user types. That key shows the modifiers held by then.
     static Keys keysUntilUserTypesB() {
         press(KEY_B);
         release(KEY_B);
@@ -103,7 +103,7 @@ protected:
             return !seen.empty() && seen.back().kind == XInput::Kind::keyUp &&
                    seen.back().detail == KEY_B + keyCodeOffset;
         };
-        EXPECT_TRUE(window->waitUntil(typed)) << "the keys never came";
+        EXPECT_TRUE(window->waitUntil(typed)) << "the keys did not arrive";
         Keys keys;
         for (const XInput& input : window->inputs()) {
             keys.push_back(written(input));
@@ -135,13 +135,13 @@ const Keys plainB = {"+48 while 0", "-48 while 0"};
 const Keys controlB = {"+48 while 4", "-48 while 4"};
 const Keys shiftB = {"+48 while 1", "-48 while 1"};
 
-TEST_F(HeldModifiersTest, WithNothingHeldAShortcutIsWhatItIs) {
+TEST_F(HeldModifiersTest, ShortcutArrivesUnchangedWithoutHeldModifiers) {
     post(t, control);
     EXPECT_TRUE(window->waitForInputs(4));
     EXPECT_EQ(keysUntilUserTypesB(), controlT + plainB);
 }
 
-TEST_F(HeldModifiersTest, AHeldShiftIsNoPartOfTheShortcutAndHoldsOnAfterwards) {
+TEST_F(HeldModifiersTest, HeldShiftIsReleasedForTheShortcutAndPressedAgain) {
     press(KEY_LEFTSHIFT);
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"+42 while 0"} + shiftB);
     post(t, control);
@@ -151,7 +151,7 @@ TEST_F(HeldModifiersTest, AHeldShiftIsNoPartOfTheShortcutAndHoldsOnAfterwards) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-42 while 1"} + plainB);
 }
 
-TEST_F(HeldModifiersTest, AHeldControlThatIsWantedHoldsOnAfterwards) {
+TEST_F(HeldModifiersTest, HeldControlOfTheShortcutStaysHeldAfterwards) {
     press(KEY_LEFTCTRL);
     keysUntilUserTypesB();
     post(t, control);
@@ -162,7 +162,7 @@ TEST_F(HeldModifiersTest, AHeldControlThatIsWantedHoldsOnAfterwards) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-29 while 4"} + plainB);
 }
 
-TEST_F(HeldModifiersTest, TwoShortcutsInOneHoldAreBothWhole) {
+TEST_F(HeldModifiersTest, TwoShortcutsDuringOneHoldAreBothComplete) {
     press(KEY_RIGHTSHIFT);
     keysUntilUserTypesB();
     post(t, control);
@@ -174,14 +174,14 @@ TEST_F(HeldModifiersTest, TwoShortcutsInOneHoldAreBothWhole) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-54 while 1"} + plainB);
 }
 
-// After the hold the server's pretended keyboard has nothing down either: whoever uses it next, and
-// that may be ourselves, finds it as it should be.
-TEST_F(HeldModifiersTest, NothingIsStuckAfterwards) {
+// The server's XTEST keyboard must not keep a key down either, because its next user, such as this
+// program, would inherit it.
+TEST_F(HeldModifiersTest, NoModifierIsStuckAfterwards) {
     for (int round = 0; round < 20; ++round) {
         press(KEY_LEFTSHIFT);
         keysUntilUserTypesB();
         post(t, control);
-        release(KEY_LEFTSHIFT); // as early or late as it comes
+        release(KEY_LEFTSHIFT); // at any time during the shortcut
         EXPECT_TRUE(window->waitUntil([&] { return hasSeen("-29 while 4"); }));
         const Keys keys = keysUntilUserTypesB();
         ASSERT_GE(keys.size(), 2U);

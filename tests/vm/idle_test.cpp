@@ -1,4 +1,4 @@
-// While nothing touches a pad the driver sleeps: it wakes for its pads and for nothing else.
+// While no finger touches a pad, the driver sleeps: it wakes only for events of its pads.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -16,7 +16,7 @@
 namespace glidemap::vm {
 namespace {
 
-// A tablet with nothing but a button and a position: input devices the driver has no interest in.
+// A tablet with only a button and a position: a device that the driver ignores.
 PadShape notATouchpad() {
     PadShape shape = ordinaryPad();
     shape.name = "Not a Touchpad";
@@ -25,7 +25,7 @@ PadShape notATouchpad() {
     return shape;
 }
 
-// Somebody else's work with another device: moves its finger and reads that back.
+// Simulates another program's work with another device: moves its finger and reads the event.
 void workWith(VirtualPad& device, int count) {
     const int reader = open(device.node().c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_GE(reader, 0);
@@ -45,7 +45,7 @@ std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {
     return counts;
 }
 
-TEST(IdleTest, NothingWakesTheDriverWhileNothingTouches) {
+TEST(IdleTest, DriverSleepsWhileNoFingerTouches) {
     VirtualPad pad(ordinaryPad());
     VirtualPad second(otherPad());
     VirtualPad busy(notATouchpad());
@@ -59,13 +59,13 @@ TEST(IdleTest, NothingWakesTheDriverWhileNothingTouches) {
     workWith(busy, 50000);
     EXPECT_EQ(sleeps(session.threads()), before);
 
-    // The same count does see the driver wake.
+    // The counter does increase when the driver wakes.
     session.play(pad, {fingerDown(0, 8, 1000, 500)});
     ASSERT_TRUE(session.waitUntilAsleep());
     EXPECT_NE(sleeps(session.threads()), before);
 }
 
-TEST(IdleTest, AFingerThatRestsStillWakesNothing) {
+TEST(IdleTest, DriverSleepsWhileAFingerRests) {
     VirtualPad pad(ordinaryPad());
     VirtualPad busy(notATouchpad());
     DriverSession session;
@@ -77,8 +77,8 @@ TEST(IdleTest, AFingerThatRestsStillWakesNothing) {
     EXPECT_EQ(sleeps(session.threads()), before);
 }
 
-// A pad that went is waited for, not looked for.
-TEST(IdleTest, APadThatIsAwayWakesNothing) {
+// The driver waits for a missing pad's return without polling.
+TEST(IdleTest, DriverSleepsWhileAPadIsMissing) {
     VirtualPad pad(ordinaryPad());
     VirtualPad staying(otherPad());
     VirtualPad busy(notATouchpad());
@@ -88,8 +88,8 @@ TEST(IdleTest, APadThatIsAwayWakesNothing) {
     pad.unplug();
     session.waitUntil("an empty report",
                       [&](const DriverSession::Seen& seen) { return seen.lastOf(device).empty(); });
-    // udev's word about the removal comes a little later and wakes the driver once more; it is
-    // there when its word about the next device is.
+    // udev announces the removal slightly later and wakes the driver once more. It announces the
+    // next device after the removal.
     const VirtualPad next(notATouchpad(), "virtual/next");
     session.settle(staying);
     ASSERT_TRUE(session.waitUntilAsleep());

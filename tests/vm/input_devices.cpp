@@ -23,10 +23,10 @@ namespace {
 
 const std::filesystem::path nodeFolder = "/dev/input";
 const std::filesystem::path udevRecords = "/run/udev/data";
-const std::filesystem::path udevQueue = "/run/udev/queue"; // there while udev is at work
+const std::filesystem::path udevQueue = "/run/udev/queue"; // exists while udev is busy
 constexpr const char* clonePath = "glidemap/clone/";
 
-// A device that is open for a question.
+// Opens a device for queries.
 class Question {
 public:
     explicit Question(const std::filesystem::path& node)
@@ -72,8 +72,9 @@ std::string nameOf(const std::filesystem::path& inSys) {
     return attributeOf(inSys, "name");
 }
 
-// Whether udev has written down what it knows of the device, which it does at the end. What it has written of an older device of
-// the same number may still be there, and a desktop does not open a device before udev has announced it.
+// Returns whether udev has written its record of the device, its last step. The record of an older
+// device with the same number may still exist, so its time counts. A desktop does not open a device
+// before udev has announced it.
 bool isKnownToUdev(const std::filesystem::path& inSys) {
     namespace fs = std::filesystem;
     std::ifstream stream(inSys / "dev");
@@ -88,7 +89,7 @@ bool isKnownToUdev(const std::filesystem::path& inSys) {
     return !gone && written >= made;
 }
 
-// A node, or udev's record of one, comes or goes.
+// Waits while nodes or udev's records of them appear and disappear.
 bool waitForNodes(const std::function<bool()>& condition) {
     std::error_code none;
     std::filesystem::create_directories(udevRecords, none);
@@ -118,7 +119,7 @@ std::optional<std::filesystem::path> waitForNode(const std::string& name,
         std::erase(nodes, except);
         return !nodes.empty();
     });
-    EXPECT_TRUE(found) << "there is no device \"" << name << "\"";
+    EXPECT_TRUE(found) << "device not found: \"" << name << "\"";
     return found ? std::optional(nodes.front()) : std::nullopt;
 }
 
@@ -126,7 +127,7 @@ bool waitForNoNode(const std::filesystem::path& node) {
     return waitForNodes([&] { return !std::filesystem::exists(node); });
 }
 
-// From sysfs, because opening a clone would make the test look like a program that reads it.
+// Uses sysfs, because opening a clone would make the test look like a program that reads it.
 std::vector<std::filesystem::path> cloneNodes() {
     std::vector<std::filesystem::path> nodes;
     std::error_code none;
@@ -140,7 +141,8 @@ std::vector<std::filesystem::path> cloneNodes() {
     return nodes;
 }
 
-// Once udev has announced it, as a desktop does: before that the programs of udev's rules open and close it.
+// Waits for udev's announcement, as a desktop does. Before it, programs of udev's rules open and
+// close the clone.
 std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except) {
     std::filesystem::path found;
     const bool isThere = waitForNodes([&] {
@@ -155,13 +157,13 @@ std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& exc
         }
         return false;
     });
-    EXPECT_TRUE(isThere) << "there is no clone of a touchpad";
+    EXPECT_TRUE(isThere) << "no clone of a touchpad exists";
     return found;
 }
 
 bool waitForCloneCount(std::size_t count) {
     const bool areThere = waitForNodes([&] { return cloneNodes().size() == count; });
-    EXPECT_TRUE(areThere) << "there are " << cloneNodes().size() << " clones, not " << count;
+    EXPECT_TRUE(areThere) << "found " << cloneNodes().size() << " clones, not " << count;
     return areThere;
 }
 

@@ -1,7 +1,7 @@
-// The input devices that there are, and what they say of themselves.
+// Lists the connected input devices and reads their properties.
 //
 // Thread:  one.
-// Errors:  what is not there reads as nothing.
+// Errors:  a missing device or property is an empty result.
 #pragma once
 
 #include "recorded_pad.h"
@@ -14,31 +14,31 @@
 
 namespace glidemap::vm {
 
-// The event nodes of all devices with this name.
+// Returns the event nodes of all devices with this name.
 std::vector<std::filesystem::path> nodesNamed(const std::string& name);
 
-// Waits until there is a device with this name whose node is not `except`, and udev has finished
-// with it.
+// Waits until udev has initialised a device with this name whose node is not `except`.
 std::optional<std::filesystem::path> waitForNode(const std::string& name,
                                                  const std::filesystem::path& except = {});
 
 // Waits until the node is gone.
 bool waitForNoNode(const std::filesystem::path& node);
 
-// The event nodes of the clones of touchpads, oldest first.
+// Returns the event nodes of the clones of touchpads, oldest first.
 std::vector<std::filesystem::path> cloneNodes();
 
-// Waits until udev has finished with a clone that is none of these. Empty if there is none in time.
+// Waits until udev has initialised a clone that is not in `except`. Returns an empty path on
+// time-out.
 std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except = {});
 
-// Waits until there are so many.
+// Waits until the number of clones is `count`.
 bool waitForCloneCount(std::size_t count);
 
-// Everything that a device says of itself.
+// Reads all properties of a device.
 PadShape shapeOf(const std::filesystem::path& node);
 std::string physicalPathOf(const std::filesystem::path& node);
 
-// What udev has found out about it.
+// Returns udev's property of the device.
 std::optional<std::string> udevProperty(const std::filesystem::path& node, const char* name);
 
 } // namespace glidemap::vm

@@ -1,7 +1,7 @@
-// The virtual keyboard in a real kernel, read back as every other program reads it.
+// The virtual keyboard in a real kernel, read as other programs read it.
 //
-// The kernel drops a change to the state that a key is in already, so what is read here is what was
-// typed and nothing is missing only if each key came down and went up.
+// The kernel drops a change to a key's current state. So a complete sequence of events shows that
+// each key went down and came up.
 
 #include "device_reader.h"
 #include "dispatch/key_names.h"
@@ -38,7 +38,7 @@ std::string firstLine(const std::filesystem::path& file) {
     return line;
 }
 
-// The event nodes of devices with our keyboard's name, in /sys.
+// Returns the sysfs paths of the event nodes of devices with the virtual keyboard's name.
 std::vector<std::filesystem::path> keyboards() {
     std::vector<std::filesystem::path> found;
     std::error_code error;
@@ -53,7 +53,7 @@ std::vector<std::filesystem::path> keyboards() {
 
 using AllSeen = std::vector<PadEvent>;
 
-// A key change and the synchronisation that ends its frame.
+// Adds a key change and its SYN_REPORT.
 void expectChange(AllSeen& expected, std::uint16_t code, int value) {
     expected.push_back({EV_KEY, code, value});
     expected.push_back({EV_SYN, SYN_REPORT, 0});
@@ -67,7 +67,8 @@ AllSeen changes(std::initializer_list<std::pair<int, int>> all) {
     return expected;
 }
 
-// Its node. The kernel makes it before whoever plugs the keyboard in goes on.
+// Returns the keyboard's node. The kernel creates it before the ioctl that creates the device
+// returns.
 std::filesystem::path nodeOf(const std::filesystem::path& inSys) {
     return "/dev/input" / inSys.filename();
 }
@@ -77,7 +78,7 @@ void post(UinputKeyboard& keyboard, std::uint16_t key, std::uint64_t flags) {
     keyboard.post(events);
 }
 
-TEST(KeyboardTest, ThereIsOneFromTheStartToTheEnd) {
+TEST(KeyboardTest, KeyboardExistsFromConstructionToDestruction) {
     ASSERT_EQ(keyboards().size(), 0U);
     {
         UinputKeyboard keyboard;
@@ -87,13 +88,13 @@ TEST(KeyboardTest, ThereIsOneFromTheStartToTheEnd) {
         post(keyboard, t, shift);
         EXPECT_EQ(keyboards(), before);
         EXPECT_EQ(firstLine(before.front() / "device/phys"), "glidemap/keyboard");
-        // On this bus no touchpad takes it for the keyboard that it must not be used beside.
+        // On this bus, no desktop disables the touchpad while this keyboard types.
         EXPECT_EQ(firstLine(before.front() / "device/id/bustype"), "0006");
     }
     EXPECT_EQ(keyboards().size(), 0U);
 }
 
-TEST(KeyboardTest, ItHasExactlyTheKeysThatCanBeTyped) {
+TEST(KeyboardTest, KeyboardHasExactlyTheKeysThatCanBeTyped) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
     std::set<int> expected;
@@ -101,11 +102,11 @@ TEST(KeyboardTest, ItHasExactlyTheKeysThatCanBeTyped) {
         expected.insert(pair.kernelCode);
     }
     EXPECT_EQ(shapeOf(nodeOf(keyboards().front())).keys, expected);
-    // Nothing but keys: with EV_REP, the kernel would repeat one that is held.
+    // Only EV_KEY: with EV_REP, the kernel would repeat a held key.
     EXPECT_EQ(firstLine(keyboards().front() / "device/capabilities/ev"), "3");
 }
 
-TEST(KeyboardTest, ModifiersComeBeforeTheKeyAndGoAfterItEachInItsOwnFrame) {
+TEST(KeyboardTest, ModifiersArePressedBeforeTheKeyAndReleasedAfterItEachInItsOwnFrame) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
     DeviceReader reader(nodeOf(keyboards().front()));
@@ -136,7 +137,7 @@ TEST(KeyboardTest, EveryNamedKeyIsTyped) {
     }
 }
 
-TEST(KeyboardTest, AKeyThatDoesNotExistTypesNothing) {
+TEST(KeyboardTest, InvalidKeyTypesNothing) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
     DeviceReader reader(nodeOf(keyboards().front()));
@@ -144,8 +145,8 @@ TEST(KeyboardTest, AKeyThatDoesNotExistTypesNothing) {
     EXPECT_EQ(reader.take(), AllSeen{});
 }
 
-// What an unplugged keyboard has said and nobody has read yet is lost, so this one lets itself be
-// read at the last moment.
+// The kernel discards unread events of an unplugged keyboard, so this device is read just before it
+// is removed.
 class ReadToTheEnd : public KeyDevice {
 public:
     explicit ReadToTheEnd(AllSeen& readEvents) : seen(readEvents) {}
@@ -172,7 +173,7 @@ private:
     std::unique_ptr<DeviceReader> reader;
 };
 
-TEST(KeyboardTest, KeysComeUpBeforeTheKeyboardGoes) {
+TEST(KeyboardTest, KeysAreReleasedBeforeTheKeyboardIsRemoved) {
     AllSeen seen;
     {
         UinputKeyboard keyboard(std::make_unique<ReadToTheEnd>(seen), nullptr);
@@ -183,7 +184,7 @@ TEST(KeyboardTest, KeysComeUpBeforeTheKeyboardGoes) {
     EXPECT_EQ(keyboards().size(), 0U);
 }
 
-TEST(KeyboardTest, ItComesAsSoonAsPermissionDoes) {
+TEST(KeyboardTest, KeyboardIsCreatedOncePermissionIsGranted) {
     constexpr const char* controlNode = "/dev/uinput";
     ASSERT_EQ(chmod(controlNode, 0600), 0);
     std::unique_ptr<UinputKeyboard> keyboard;

@@ -1,6 +1,6 @@
-// Switching between two sessions of a real logind on a real seat. Its service manager is a double
-// that only says that each session's scope has started; the program's place in its scope's control
-// group is made by hand.
+// Switches between two sessions of a real logind on a real seat. A double replaces the service
+// manager and only reports that each session's scope has started. The test puts the program into
+// its scope's control group.
 
 #include "agent_session.h"
 #include "deadline.h"
@@ -53,10 +53,10 @@ const test::ServiceDescription serviceManager{
 struct Session {
     std::string id;
     std::string path;
-    std::shared_ptr<GUnixFDList> open; // it ends with this
+    std::shared_ptr<GUnixFDList> open; // the session ends when it is closed
 };
 
-// One program that leads each session.
+// A seat with sessions, each led by one program.
 class Seat {
 public:
     Seat() {
@@ -154,7 +154,8 @@ protected:
         ASSERT_TRUE(seat->waitForLogind()) << logind->errors();
     }
 
-    // What this process starts from now on belongs to the session.
+    // Moves this process into the session; processes that it starts later belong to the session
+    // too.
     static void enter(const Session& session) {
         const fs::path scope = fs::path("/sys/fs/cgroup/user.slice/user-0.slice") /
                                ("session-" + session.id + ".scope");
@@ -175,7 +176,7 @@ protected:
     PadHand hand{pad};
 };
 
-TEST_F(LogindTest, TheTouchpadGoesWithTheSessionInFront) {
+TEST_F(LogindTest, TouchpadFollowsTheActiveSession) {
     const Process ourLeader({"/bin/sleep", "1000"});
     const Process otherLeader({"/bin/sleep", "1000"});
     const Session ours = seat->open(0, ourLeader);
@@ -186,7 +187,7 @@ TEST_F(LogindTest, TheTouchpadGoesWithTheSessionInFront) {
     const fs::path keyboard = waitForNode(keyboardName).value_or("/dev/null");
     const fs::path clone = waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
 
-    const Session other = seat->open(65534, otherLeader); // on a seat without consoles: in front
+    const Session other = seat->open(65534, otherLeader); // active: the seat has no consoles
     ASSERT_FALSE(other.id.empty());
     EXPECT_TRUE(waitForNoNode(keyboard));
     EXPECT_TRUE(waitForNoNode(clone));

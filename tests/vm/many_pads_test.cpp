@@ -1,4 +1,4 @@
-// A machine with 64 touchpads: what is done for them when the program starts is work, not a stall.
+// A machine with 64 touchpads: handling them all at startup must not count as a stall.
 
 #include "click_filter_session.h"
 #include "deadline.h"
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t padCount = 64;
 
-// How many devices the desktop has opened.
+// Returns the number of devices that the desktop has opened.
 long added(const Process& desktop) {
     long count = 0;
     for (std::size_t at = 0; (at = desktop.output().find("DEVICE_ADDED", at)) != std::string::npos;
@@ -32,7 +32,7 @@ long added(const Process& desktop) {
     return count;
 }
 
-TEST(ManyPadsTest, AllAreTakenOnceAndNoneIsGivenBack) {
+TEST(ManyPadsTest, EveryPadIsGrabbedOnceAndNotGivenBack) {
     if (!std::filesystem::exists("/usr/bin/libinput")) {
         GTEST_SKIP() << "libinput-tools is not installed";
     }
@@ -54,7 +54,7 @@ TEST(ManyPadsTest, AllAreTakenOnceAndNoneIsGivenBack) {
     while (added(desktop) < 2 * long{padCount} &&
            desktop.waitForMoreOutput(deadline.milliseconds())) {
     }
-    ASSERT_EQ(added(desktop), 2 * long{padCount}) << "a clone was given up or made twice";
+    ASSERT_EQ(added(desktop), 2 * long{padCount}) << "a clone failed or was made twice";
     filter.waitUntilIntroduced();
     for (const driver::Device device : session.devices()) {
         EXPECT_EQ(filter.obstacle(device), "");
@@ -66,7 +66,7 @@ TEST(ManyPadsTest, AllAreTakenOnceAndNoneIsGivenBack) {
         session.settle(*pad);
         EXPECT_TRUE(others.isQuiet()) << pad->node();
     }
-    EXPECT_TRUE(filter.asked().empty()) << "it stalled";
+    EXPECT_TRUE(filter.asked().empty()) << "the driver stalled";
 }
 
 } // namespace

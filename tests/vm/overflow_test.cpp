@@ -1,4 +1,4 @@
-// A driver that is kept from reading for so long that the kernel throws events away.
+// A driver that is blocked until the kernel drops events.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -13,7 +13,7 @@
 namespace glidemap::vm {
 namespace {
 
-// Many times what the kernel keeps for a reader of this pad.
+// Many times the kernel's event buffer for a reader of this pad.
 constexpr std::int32_t manyFrames = 1000;
 
 const SeenContact* contactWith(const SeenContacts& contacts, std::int32_t identifier) {
@@ -23,7 +23,7 @@ const SeenContact* contactWith(const SeenContacts& contacts, std::int32_t identi
 
 class OverflowTest : public testing::Test {
 protected:
-    // Two fingers down, and the driver's thread stuck in the report of the second one.
+    // Puts two fingers down and blocks the driver's thread in the report of the second finger.
     void SetUp() override {
         session.play(pad, {fingerDown(0, 7, 1000, 500)});
         device = session.settle(pad);
@@ -40,8 +40,8 @@ protected:
         }
     }
 
-    // The reports that came after the driver was let go. There are less than frames, for the kernel
-    // lost some.
+    // Returns the reports after releaseReports(). They are fewer than the frames, because the
+    // kernel has dropped events.
     std::vector<SeenContacts> afterRelease() {
         EXPECT_TRUE(session.releaseReports());
         session.settle(pad);
@@ -57,7 +57,7 @@ protected:
     driver::Device device = nullptr;
 };
 
-TEST_F(OverflowTest, FingersThatStayedAreTheSameFingersWhereTheyAreNow) {
+TEST_F(OverflowTest, FingersThatStayedKeepTheirIdentifiers) {
     moveFingerZeroManyTimes();
     const auto reports = afterRelease();
     EXPECT_EQ(reports.back(),
@@ -65,7 +65,7 @@ TEST_F(OverflowTest, FingersThatStayedAreTheSameFingersWhereTheyAreNow) {
                             {2, 4, seenX(2000), seenY(500)}}));
 }
 
-TEST_F(OverflowTest, AFingerThatWentMeanwhileLeavesOnce) {
+TEST_F(OverflowTest, FingerThatLiftedMeanwhileLeavesOnce) {
     pad.write(fingerUp(1));
     moveFingerZeroManyTimes();
     const auto reports = afterRelease();
@@ -82,8 +82,8 @@ TEST_F(OverflowTest, AFingerThatWentMeanwhileLeavesOnce) {
     EXPECT_EQ(stayed->x, seenX(1000 + manyFrames));
 }
 
-// The slot is never seen empty, only with another tracking id than before.
-TEST_F(OverflowTest, AFingerThatTookAnothersSlotIsAnotherFinger) {
+// The driver never sees the slot empty, only a new tracking id.
+TEST_F(OverflowTest, NewFingerInAReusedSlotIsAnotherFinger) {
     moveFingerZeroManyTimes();
     pad.write(fingerUp(1));
     pad.write(fingerDown(1, 9, 3000, 1500));
@@ -100,7 +100,7 @@ TEST_F(OverflowTest, AFingerThatTookAnothersSlotIsAnotherFinger) {
     EXPECT_EQ(newcomer->y, seenY(1500));
 }
 
-TEST_F(OverflowTest, WhenAllFingersWentMeanwhileTheTouchEnds) {
+TEST_F(OverflowTest, TouchEndsWhenAllFingersLiftedMeanwhile) {
     moveFingerZeroManyTimes();
     pad.write(together({fingerUp(0), fingerUp(1)}));
     const auto reports = afterRelease();

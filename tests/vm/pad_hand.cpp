@@ -11,7 +11,7 @@ namespace glidemap::vm {
 
 namespace {
 
-// As often as touchpads report. What jumps is taken for another finger.
+// The report interval of a touchpad. Programs take a jump for another finger.
 constexpr double betweenReports = 0.008;
 
 void append(EventFrame& frame, const EventFrame& more) {
@@ -77,7 +77,7 @@ void PadHand::waitUntilTaken(DeviceReader& clone) {
         pause(0.02);
         pad.clickMarker();
     }
-    EXPECT_FALSE(deadline.passed()) << "the touchpad was never taken";
+    EXPECT_FALSE(deadline.passed()) << "the driver did not grab the touchpad";
 }
 
 void PadHand::count(EventFrame& frame, bool touching) const {

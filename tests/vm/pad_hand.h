@@ -1,9 +1,9 @@
-// A hand on the ordinary pad, which says all that a real touchpad says of it: the contacts, how
-// many fingers they are, and the button under the pad.
+// A hand on the ordinary pad. The pad sends the events of a real touchpad: the contacts, the number
+// of fingers, and the button.
 //
 // Units:   positions in the pad's own; times in seconds of the monotonic clock.
 // Thread:  one.
-// Owner:   a test; the pad outlives it.
+// Owner:   a test; the pad must outlive it.
 #pragma once
 
 #include "device_reader.h"
@@ -18,11 +18,11 @@ class PadHand {
 public:
     explicit PadHand(VirtualPad& itsPad) : pad(itsPad) {}
 
-    // So many fingers, side by side in the middle of the pad.
+    // Puts the fingers down, side by side in the middle of the pad.
     PadHand& down(int fingerCount);
     PadHand& downAt(std::vector<std::pair<std::int32_t, std::int32_t>> places);
 
-    // All fingers, in so many reports.
+    // Moves all fingers, in `reports` reports.
     PadHand& move(std::int32_t dx, std::int32_t dy, int reports = 1);
     PadHand& up();
 
@@ -32,12 +32,12 @@ public:
     PadHand& tap(int fingerCount) { return down(fingerCount).up(); }
     PadHand& click(int fingerCount) { return down(fingerCount).press().release().up(); }
 
-    // Lets real time pass, as a person does between two gestures: what reads the pad tells a new
-    // gesture from the rest of the one before by the clock.
+    // Lets real time pass, as a person does between two gestures. Programs that read the pad
+    // separate gestures by the clock.
     PadHand& pause(double seconds);
 
-    // Until what the touchpad says comes from the clone, whose reader may then have heard of the
-    // marker button.
+    // Waits until the clone forwards the touchpad. Its readers may have seen events of the marker
+    // button by then.
     void waitUntilTaken(DeviceReader& clone);
 
 private:

@@ -27,7 +27,7 @@ bool isTouching(const MTTouch& touch) {
            touch.state == static_cast<std::int32_t>(MTTouchState::touching);
 }
 
-// Gives every finger a slot, as a touchpad does.
+// Assigns a slot to each finger, as a touchpad does.
 class Slots {
 public:
     EventFrame frame(const std::vector<MTTouch>& touches) {

@@ -1,6 +1,6 @@
 // Performs a gesture on a virtual touchpad as a person would, in real time.
 //
-// Thread:  one; returns when the last finger has left.
+// Thread:  one; returns when the last finger has lifted.
 // Errors:  as VirtualPad's.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace glidemap::vm {
 
-// On the ordinary pad.
+// Performs the gesture on the ordinary pad.
 void performOn(VirtualPad& pad, GestureType gesture, std::uint64_t seed = 1);
 
 } // namespace glidemap::vm

@@ -1,5 +1,5 @@
-// Touchpads that the user may not read. udev gives their nodes to root and to a group that nobody
-// should be in.
+// Touchpads that the user may not read. udev gives their nodes to root and to a group that should
+// have no members.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -22,7 +22,7 @@ std::unique_ptr<DriverSession> sessionWithoutRights() {
     return std::make_unique<DriverSession>();
 }
 
-TEST(PermissionTest, PadsThatMayNotBeReadAreCountedAndNotListed) {
+TEST(PermissionTest, UnreadablePadsAreCountedButNotListed) {
     const VirtualPad pad(ordinaryPad());
     const VirtualPad other(otherPad());
     const auto session = sessionWithoutRights();
@@ -31,7 +31,7 @@ TEST(PermissionTest, PadsThatMayNotBeReadAreCountedAndNotListed) {
     EXPECT_EQ(session->unreadableTouchpads(), 2);
 }
 
-TEST(PermissionTest, APadThatMayBeReadWorksBesideOneThatMayNot) {
+TEST(PermissionTest, ReadablePadWorksBesideAnUnreadablePad) {
     VirtualPad pad(ordinaryPad());
     const VirtualPad closed(otherPad());
     ASSERT_EQ(chmod(pad.node().c_str(), readable), 0);
@@ -43,7 +43,7 @@ TEST(PermissionTest, APadThatMayBeReadWorksBesideOneThatMayNot) {
 }
 
 // The node appears first and the access list later, so the first attempt to open it may fail.
-TEST(PermissionTest, AReturningPadResumesWhenAccessIsGrantedLater) {
+TEST(PermissionTest, ReturningPadResumesWhenAccessIsGrantedLater) {
     VirtualPad pad(ordinaryPad());
     VirtualPad witness(otherPad());
     ASSERT_EQ(chmod(pad.node().c_str(), readable), 0);

@@ -1,5 +1,5 @@
-// The whole way of the user's permission with the real polkit: an ordinary user runs pkexec, as the
-// program does, and polkit decides by our action.
+// The request for access with the real polkit: an ordinary user runs pkexec, as the program does,
+// and polkit decides by the program's action.
 
 #include "process.h"
 
@@ -32,7 +32,7 @@ std::string contentsOf(const fs::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// polkit, on a system bus of the test's own.
+// Runs polkit on a private system bus.
 class Polkit {
 public:
     Polkit() {
@@ -72,7 +72,8 @@ protected:
         fs::remove(answers);
     }
 
-    // What an administrator would answer who was asked by our action; other actions are refused.
+    // Writes a rule with the administrator's decision about the program's action. The rule refuses
+    // other actions.
     static void answer(const char* result) {
         std::ofstream(answers)
             << "polkit.addRule(function(action, subject) {\n    return action.id == '" << action
@@ -89,7 +90,7 @@ protected:
     }
 };
 
-TEST_F(PolkitTest, WhoIsAllowedIsGivenAccess) {
+TEST_F(PolkitTest, AllowedUserGetsAccess) {
     answer("YES");
     const Polkit polkit;
     std::string errors;
@@ -97,15 +98,15 @@ TEST_F(PolkitTest, WhoIsAllowedIsGivenAccess) {
     EXPECT_EQ(contentsOf(rulesFile), contentsOf(GLIDEMAP_RULES));
 }
 
-TEST_F(PolkitTest, WhoIsRefusedIsNot) {
+TEST_F(PolkitTest, RefusedUserGetsNoAccess) {
     answer("NO");
     const Polkit polkit;
     EXPECT_EQ(ask(), 127);
     EXPECT_FALSE(fs::exists(rulesFile));
 }
 
-// Without a decision for us it takes a password, and here is nobody to give it.
-TEST_F(PolkitTest, WithoutAnAdministratorNothingIsGiven) {
+// Without a rule, polkit requires a password, and this system has no administrator to enter it.
+TEST_F(PolkitTest, RequestWithoutAnAdministratorGetsNoAccess) {
     const Polkit polkit;
     EXPECT_EQ(ask(), 127);
     EXPECT_FALSE(fs::exists(rulesFile));

@@ -36,7 +36,7 @@ constexpr uid_t nobody = 65534;
     _exit(127);
 }
 
-// Appends what there is. False at the end of the stream, which is closed then.
+// Appends all pending output. Returns false, and closes the pipe, at the end of the stream.
 bool drain(int& pipe, std::string& into) {
     std::array<char, 4096> buffer{};
     const ssize_t size = read(pipe, buffer.data(), buffer.size());
@@ -70,7 +70,7 @@ Process::Process(const std::vector<std::string>& command, User user) {
     std::array<int, 2> out{};
     std::array<int, 2> error{};
     if (pipe2(out.data(), O_CLOEXEC) != 0 || pipe2(error.data(), O_CLOEXEC) != 0) {
-        ADD_FAILURE() << "no pipe: " << std::strerror(errno);
+        ADD_FAILURE() << "cannot create a pipe: " << std::strerror(errno);
         return;
     }
     process = fork();
@@ -128,7 +128,7 @@ std::optional<std::string> Process::waitForLine(const std::string& stream,
         line = completeLineWith(stream, text);
     }
     if (!line) {
-        ADD_FAILURE() << "waited in vain for \"" << text << "\"; output:\n"
+        ADD_FAILURE() << "timed out waiting for \"" << text << "\"; output:\n"
                       << _output << "errors:\n"
                       << _errors;
     }
@@ -166,7 +166,7 @@ bool Process::waitUntilReading(const std::filesystem::path& device, std::chrono:
         if (hasEnded() || deadline.passed()) {
             while (readMore(0)) {
             }
-            ADD_FAILURE() << "the program never opened " << device << "; errors:\n" << _errors;
+            ADD_FAILURE() << "the program did not open " << device << "; errors:\n" << _errors;
             return false;
         }
         sched_yield();
@@ -181,7 +181,7 @@ bool Process::waitUntilAsleep() const {
             return false;
         }
         if (deadline.passed()) {
-            ADD_FAILURE() << "the program never goes to sleep";
+            ADD_FAILURE() << "the program does not sleep";
             return false;
         }
         sched_yield();
@@ -198,7 +198,7 @@ std::optional<int> Process::waitForEnd() {
     while (readMore(deadline.milliseconds())) {
     }
     if (outputPipe >= 0 || errorPipe >= 0) {
-        ADD_FAILURE() << "the program does not end; output:\n" << _output << "errors:\n" << _errors;
+        ADD_FAILURE() << "the program did not exit; output:\n" << _output << "errors:\n" << _errors;
         return std::nullopt;
     }
     int status = 0;

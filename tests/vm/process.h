@@ -1,8 +1,8 @@
-// A program under test, with its output and its end.
+// A program under test, with its output and its exit status.
 //
 // Thread:  one.
-// Owner:   a test. Destroying it kills a program that still runs.
-// Errors:  what did not come in time is a failure of the test, and the wait answers nothing.
+// Owner:   a test. The destructor kills a program that still runs.
+// Errors:  a time-out is a failure of the test, and the wait returns nullopt or false.
 #pragma once
 
 #include <sys/types.h>
@@ -17,7 +17,7 @@ namespace glidemap::vm {
 
 class Process {
 public:
-    // Who the program runs as.
+    // The user who runs the program.
     enum class User { root, nobody };
 
     explicit Process(const std::vector<std::string>& command, User user = User::root);
@@ -25,7 +25,7 @@ public:
     Process& operator=(const Process&) = delete;
     ~Process();
 
-    // Waits until a line of the program's output has the text in it, and answers that line.
+    // Waits until a line of the program's output contains the text, and returns the line.
     std::optional<std::string> waitForOutput(const std::string& text);
 
     // The same of the lines on its standard error.
@@ -34,23 +34,24 @@ public:
     // Reads until so many lines have the text in them, or the time is over.
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
 
-    // Waits for more output than there is; false if there is none in that time.
+    // Waits for more output; returns false on time-out.
     bool waitForMoreOutput(int milliseconds) { return readMore(milliseconds); }
 
-    // Waits until the program has the device open and waits for it to speak; before that, what it
-    // says may be lost. A program that ends instead is a failure.
+    // Waits until the program has opened the device and waits for its events. Earlier events may be
+    // lost. A program that exits instead is a failure.
     bool waitUntilReading(const std::filesystem::path& device,
                           std::chrono::seconds patience = std::chrono::seconds(60));
 
-    // Waits until the program has dealt with everything there is for it to do. False if it has
-    // ended instead, which may be just what it had to do.
+    // Waits until the program has finished all pending work. Returns false if it has exited
+    // instead, which may be correct.
     bool waitUntilAsleep() const;
 
     void send(int signal) const;
 
     pid_t id() const { return process; }
 
-    // The exit status, or 128 and the signal that ended the program. Its output is complete then.
+    // Waits for the exit status, or 128 plus the number of the signal that ended the program. The
+    // output is then complete.
     std::optional<int> waitForEnd();
 
     const std::string& output() const { return _output; }
@@ -59,7 +60,7 @@ public:
 private:
     std::optional<std::string> waitForLine(const std::string& stream, const std::string& text);
     bool hasEnded() const;
-    // Reads what there is; waits for more, for the end of both streams, or for the deadline.
+    // Reads pending output; waits for more, for the end of both streams, or for the deadline.
     bool readMore(int milliseconds);
 
     pid_t process = -1;
@@ -69,7 +70,7 @@ private:
     std::string _errors;
 };
 
-// Whether a process (this one: "self") has the file open.
+// Returns whether a process has the file open; "self" is this process.
 bool hasOpen(const std::string& process, const std::filesystem::path& file);
 
 } // namespace glidemap::vm

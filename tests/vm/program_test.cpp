@@ -1,5 +1,5 @@
-// The program itself and a touchpad that it may not read at first. It has no window to look at here:
-// what counts is what it does with the device.
+// The program itself and a touchpad that it may not read at first. This system has no display, so
+// the tests check only the device.
 #include "agent_session.h"
 #include "ordinary_pad.h"
 #include "process.h"
@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-// In the place of pkexec: leaves word that it was called, and ends when it is answered.
+// Replaces pkexec: records its calls, and exits when it is answered.
 class Question {
 public:
     explicit Question(const fs::path& folder)
@@ -46,7 +46,7 @@ public:
     bool waitUntilAsked() const { return waitForFile(calls); }
     void answer() const { std::ofstream(answers) << "answer\n"; }
 
-    // How often it was asked.
+    // Returns the number of calls.
     int count() const {
         std::ifstream stream(calls);
         int lines = 0;
@@ -77,7 +77,7 @@ protected:
     Question question{home.folder};
 };
 
-TEST_F(ProgramTest, OnceLetInItReadsTheTouchpadWithoutBeingStartedByTheUser) {
+TEST_F(ProgramTest, ReadsTheTouchpadWithoutARestartOnceAccessIsGranted) {
     letEverybody(false);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
@@ -86,12 +86,12 @@ TEST_F(ProgramTest, OnceLetInItReadsTheTouchpadWithoutBeingStartedByTheUser) {
     letEverybody(true);
     question.answer();
     EXPECT_TRUE(program.waitUntilReading(pad.node()));
-    EXPECT_EQ(question.count(), 1) << "it has asked again";
+    EXPECT_EQ(question.count(), 1) << "the program has asked again";
     program.send(SIGTERM);
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
 }
 
-TEST_F(ProgramTest, RefusedItGoesOnAndAsksNoMore) {
+TEST_F(ProgramTest, RefusedProgramKeepsRunningWithoutAskingAgain) {
     letEverybody(false);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
@@ -104,7 +104,7 @@ TEST_F(ProgramTest, RefusedItGoesOnAndAsksNoMore) {
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
 }
 
-TEST_F(ProgramTest, TrustedFromTheStartItAsksNobody) {
+TEST_F(ProgramTest, DoesNotAskIfAccessWasGrantedBeforeTheStart) {
     letEverybody(true);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);

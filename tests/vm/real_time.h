@@ -1,9 +1,9 @@
-// Real time, which a hand takes: what reads a touchpad tells gestures apart by the clock, and no
-// virtual one reaches into the kernel.
+// Real time for the movements of a hand: programs that read a touchpad separate gestures by the
+// clock, and the kernel has no virtual clock.
 //
 // Units:   seconds of the monotonic clock.
 // Thread:  any.
-// Errors:  a thread that cannot be made punctual is a failure of the test.
+// Errors:  if the thread's priority cannot be raised, the test fails.
 #pragma once
 
 namespace glidemap::vm {
@@ -11,8 +11,8 @@ namespace glidemap::vm {
 double monotonicNow();
 void letTimePassUntil(double moment);
 
-// While it lives, this thread goes before all others inside the kernel: a hand does not wait for
-// what the machine is busy with, and one that comes late makes another gesture.
+// While it exists, this thread has priority over all other threads in the kernel. A hand does not
+// wait for the machine, and a late movement would become another gesture.
 class Punctual {
 public:
     Punctual();

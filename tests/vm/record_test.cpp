@@ -1,5 +1,4 @@
-// glidemap-record with pads that a kernel really has: what it writes, what it prints, and how it
-// ends.
+// glidemap-record with the pads of a real kernel: its file, its output and its exit.
 
 #include "ordinary_pad.h"
 #include "process.h"
@@ -27,7 +26,7 @@ using testing::HasSubstr;
 
 const std::filesystem::path folder = "/run/glidemap-record-test";
 
-// Where everybody may run it, even if the build is in a private folder.
+// A folder from which every user may run it, even if the build folder is private.
 const std::filesystem::path installed = "/run/glidemap-record-installed";
 
 std::string recordProgram() {
@@ -57,7 +56,7 @@ void twoFingerTap(VirtualPad& pad) {
     pad.write(together({fingerUp(0), fingerUp(1)}));
 }
 
-// Faster than any hand, but nothing asks how slow a swipe must be.
+// Faster than a hand, because a swipe has no minimum duration.
 void threeFingerSwipeRight(VirtualPad& pad) {
     constexpr std::int32_t step = 300;
     pad.write(together(
@@ -81,7 +80,7 @@ std::vector<Record> recordsIn(const std::filesystem::path& path) {
     return records;
 }
 
-// The number of touching fingers in each report.
+// Returns the number of touching fingers in each report.
 std::vector<std::ptrdiff_t> fingersIn(const std::filesystem::path& path) {
     std::vector<std::ptrdiff_t> counts;
     for (const Record& record : recordsIn(path)) {
@@ -94,7 +93,7 @@ std::vector<std::ptrdiff_t> fingersIn(const std::filesystem::path& path) {
     return counts;
 }
 
-TEST_F(RecordTest, RecordsWhatFingersDoAndNamesTheGestureAtOnce) {
+TEST_F(RecordTest, RecordsContactsAndPrintsTheGestureAtOnce) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -111,7 +110,7 @@ TEST_F(RecordTest, RecordsWhatFingersDoAndNamesTheGestureAtOnce) {
     EXPECT_THAT(head, HasSubstr("Ordinary Touchpad"));
 }
 
-TEST_F(RecordTest, TheRecordingKeepsPositionsExactly) {
+TEST_F(RecordTest, RecordingKeepsPositionsExactly) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -131,7 +130,7 @@ TEST_F(RecordTest, TheRecordingKeepsPositionsExactly) {
     EXPECT_EQ(report->touches[1].state, 3);
 }
 
-TEST_F(RecordTest, ReplayingTheRecordingGivesTheSameGesture) {
+TEST_F(RecordTest, ReplayOfTheRecordingRecognisesTheSameGesture) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -147,7 +146,7 @@ TEST_F(RecordTest, ReplayingTheRecordingGivesTheSameGesture) {
     EXPECT_EQ(std::ranges::count(replay.output(), '\n'), 1) << replay.output();
 }
 
-TEST_F(RecordTest, AButtonIsRecorded) {
+TEST_F(RecordTest, RecordsAButton) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -166,12 +165,12 @@ TEST_F(RecordTest, AButtonIsRecorded) {
     EXPECT_THAT(changes, testing::ElementsAre(true, false));
 }
 
-TEST_F(RecordTest, APadThatIsUnpluggedEndsItsTouchAndIsRecordedAgainWhenItReturns) {
+TEST_F(RecordTest, UnpluggedPadEndsItsTouchAndIsRecordedAgainWhenItReturns) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
     pad.write(fingerDown(0, 7, 2000, 1000));
-    ASSERT_TRUE(record.waitUntilAsleep()); // what is unread when a pad goes is lost
+    ASSERT_TRUE(record.waitUntilAsleep()); // the kernel discards unread events of a removed pad
     pad.unplug();
     pad.plugIn();
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -183,14 +182,14 @@ TEST_F(RecordTest, APadThatIsUnpluggedEndsItsTouchAndIsRecordedAgainWhenItReturn
     EXPECT_THAT(fingersIn(file), testing::ElementsAre(1, 0, 3, 3, 3, 3, 3, 3, 0));
 }
 
-TEST_F(RecordTest, WithoutATouchpadItSaysSo) {
+TEST_F(RecordTest, ReportsThatThereIsNoTouchpad) {
     Process record({recordProgram(), "-o", file.string()});
     EXPECT_EQ(record.waitForEnd(), 1);
     EXPECT_THAT(record.errors(), HasSubstr("no touchpad"));
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
-TEST_F(RecordTest, WithoutPermissionItSaysWhatToDo) {
+TEST_F(RecordTest, ExplainsHowToGetMissingPermission) {
     const VirtualPad pad(ordinaryPad());
     Process record({recordProgram()}, Process::User::nobody);
     EXPECT_EQ(record.waitForEnd(), 1);
@@ -199,7 +198,7 @@ TEST_F(RecordTest, WithoutPermissionItSaysWhatToDo) {
     EXPECT_THAT(record.errors(), HasSubstr("udev"));
 }
 
-TEST_F(RecordTest, AFileThatCannotBeMadeIsNamed) {
+TEST_F(RecordTest, NamesAFileThatCannotBeCreated) {
     const VirtualPad pad(ordinaryPad());
     const std::string path = "/run/no such folder/touch.jsonl";
     Process record({recordProgram(), "-o", path});
@@ -207,13 +206,13 @@ TEST_F(RecordTest, AFileThatCannotBeMadeIsNamed) {
     EXPECT_THAT(record.errors(), HasSubstr(path));
 }
 
-// A disk of its own that a handful of reports fills.
+// A small disk, which a few reports fill.
 class FullDisk {
 public:
     explicit FullDisk(const std::filesystem::path& place) : folder(place) {
         std::filesystem::create_directories(folder);
         if (mount("none", folder.c_str(), "tmpfs", 0, "size=4k") != 0) {
-            ADD_FAILURE() << "no file system of a page";
+            ADD_FAILURE() << "cannot mount a file system of one page";
         }
     }
     FullDisk(const FullDisk&) = delete;
@@ -224,14 +223,14 @@ private:
     std::filesystem::path folder;
 };
 
-TEST_F(RecordTest, AFullDiskEndsTheRecordingWithAMessage) {
+TEST_F(RecordTest, FullDiskEndsTheRecordingWithAMessage) {
     const FullDisk disk(folder / "small");
     const std::filesystem::path onSmallDisk = folder / "small" / "touch.jsonl";
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", onSmallDisk.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
     pad.write(fingerDown(0, 7, 1000, 500));
-    // Far more reports than the disk has room for, no faster than the program takes them.
+    // Sends many more reports than fit on the disk, no faster than the program reads them.
     for (std::int32_t step = 1; step <= 1000 && record.waitUntilAsleep(); ++step) {
         pad.write(fingerMove(0, 1000 + step, 500));
     }

@@ -27,8 +27,8 @@ void addBits(std::istringstream& fields, int first, std::set<int>& bits) {
     }
 }
 
-// The axes' own lines tell which there are, so of the bit fields only the keys are needed. A field
-// that is longer than a line goes on in the next line of the same kind.
+// The axes have lines of their own, so only the keys' bit field is needed. A long bit field
+// continues in the next line of the same kind.
 void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
     int type = 0;
     fields >> std::hex >> type;
@@ -38,10 +38,10 @@ void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
     }
 }
 
-// `A: code minimum maximum fuzz flat resolution`, the last of which older recordings leave out.
+// `A: code minimum maximum fuzz flat resolution`; older recordings omit the resolution.
 //
-// The fuzz is not given to the virtual pad: the kernel takes jitter out of what a device reports by
-// it, has done so when the events were recorded, and would thin out a second time what is left.
+// The virtual pad gets no fuzz: the kernel has already filtered the recorded events by it, and
+// would thin them out again.
 void readAxis(std::istringstream& fields, PadShape& shape) {
     int code = 0;
     std::int32_t fuzz = 0;

@@ -1,12 +1,13 @@
-// A touchpad as evemu's text describes it, and the events that were recorded from it.
+// A touchpad in evemu's text format, and the events that were recorded from it.
 //
-// Read here and not by the program's own readers, because the kernel needs all of a description
-// (identity, properties, every key and axis) where the program needs little, and because a test
-// must not lean on what it tests.
+// The tests have their own reader. The kernel needs a complete description (identity, properties,
+// every key and axis), of which the program's readers keep only a part. A test must also not depend
+// on the code under test.
 //
-// Units:   axis values and events as the device has them; times are left out, for the kernel gives
-// its own. Errors:  lines that are no description and no event are comments; a missing file reads
-// as an empty recording.
+// Units:   axis values and events in the device's own units; times are omitted, because the kernel
+//          stamps the events.
+// Errors:  lines that are neither description nor event are ignored; a missing file reads as an
+//          empty recording.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +31,7 @@ struct PadAxis {
     friend bool operator==(const PadAxis&, const PadAxis&) = default;
 };
 
-// Everything that uinput wants to know. An axis that is not listed does not exist.
+// The device description that uinput requires. An unlisted axis does not exist.
 struct PadShape {
     std::string name;
     std::uint16_t bus = 0;
@@ -41,7 +42,7 @@ struct PadShape {
     std::set<int> keys;
     std::map<int, PadAxis> axes;
 
-    std::int32_t slotCount() const; // 0 where the pad knows no slots
+    std::int32_t slotCount() const; // 0 if the pad has no slots
     bool described() const { return !name.empty(); }
 
     friend bool operator==(const PadShape&, const PadShape&) = default;
@@ -56,7 +57,7 @@ struct PadEvent {
     friend std::ostream& operator<<(std::ostream& output, const PadEvent& event);
 };
 
-// The events between two synchronisations, without the synchronisation itself.
+// The events between two SYN_REPORTs, without the SYN_REPORT.
 using EventFrame = std::vector<PadEvent>;
 
 struct RecordedPad {
@@ -66,11 +67,11 @@ struct RecordedPad {
 
 RecordedPad readRecordedPad(std::istream& text);
 
-// Where the description of a recording is: in the recording itself, or in the description beside it
-// whose name the recording's name continues (the longest of them).
+// Returns the file with the recording's description: the recording itself, or the description
+// beside it with the longest name that begins the recording's name.
 std::filesystem::path descriptionOf(const std::filesystem::path& recording);
 
-// A recording with its description, wherever that is.
+// Reads a recording with its description.
 RecordedPad readRecordedPad(const std::filesystem::path& recording);
 
 } // namespace glidemap::vm

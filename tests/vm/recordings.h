@@ -1,5 +1,5 @@
-// Real touchpads' recordings, which are not part of the project: a folder that the build is told
-// about.
+// Recordings of real touchpads, which are not part of the project: a folder that the build
+// configures.
 #pragma once
 
 #include "recorded_pad.h"
@@ -10,25 +10,24 @@
 
 namespace glidemap::vm {
 
-// Paths in the tests' tables are relative to this folder.
+// The tests' tables contain paths relative to this folder.
 std::filesystem::path recordingsFolder();
 
-// Every file of the folder with the ending (".events"), relative to it.
+// Returns every file of the folder with the ending (".events"), relative to the folder.
 std::set<std::string> recordingsEndingIn(const std::string& ending);
 
-// The pad of a recording as a kernel of today presents it.
+// Returns the recording's pad as a current kernel presents it.
 //
-// Many of the recordings are older than the property by which a pad says that it moves a pointer;
-// the drivers of all their makers have set it since. Only touch screens lack it, which have the
-// opposite one.
+// Many of the recordings are older than INPUT_PROP_POINTER, which the drivers of all these pads set
+// today. Only touchscreens lack it, and they have INPUT_PROP_DIRECT.
 PadShape shapeToday(const RecordedPad& recorded);
 
-// The file's name in the letters that a test's name may have.
+// Converts the file's name to letters that a test's name may contain.
 std::string testName(const std::filesystem::path& file);
 
 } // namespace glidemap::vm
 
-// Ends the test where there is no such folder.
+// Skips the test if the folder does not exist.
 #define GLIDEMAP_NEEDS_RECORDINGS()                                                                \
     do {                                                                                           \
         if (!std::filesystem::is_directory(::glidemap::vm::recordingsFolder())) {                  \

@@ -1,5 +1,5 @@
-// Every recording of a real touchpad is played into the kernel and comes out of the driver as it
-// comes out of the program's own reading of the file.
+// Plays every recording of a real touchpad into the kernel. The driver must report the same as the
+// program's reader of the file.
 
 #include "driver_session.h"
 #include "recorded_pad.h"
@@ -22,7 +22,7 @@ namespace {
 
 struct Row {
     const char* file;
-    std::size_t reports;  // 0: the driver does not take the device
+    std::size_t reports;  // 0: the driver ignores the device
     std::size_t contacts; // different identifiers
 };
 
@@ -30,10 +30,10 @@ std::ostream& operator<<(std::ostream& output, const Row& row) {
     return output << row.file;
 }
 
-// The counts follow from the events alone: a report for each frame that changes a contact, a
-// contact for each tracking id that comes into an empty slot, and one for a finger without a slot.
+// The counts follow from the events: one report per frame that changes a contact, one contact per
+// tracking id in an empty slot, and one per finger without a slot.
 const Row rows[] = {
-    // Touch-sensitive pads that tell many fingers apart.
+    // Tablets that track many fingers.
     {"tablets/Wacom Bamboo 16FG 4x5 Finger double-center-circle.events", 419, 2},
     {"tablets/Wacom Bamboo 16FG 4x5 Finger double-center-scroll.events", 112, 2},
     {"tablets/Wacom Bamboo 16FG 4x5 Finger double-tap-center.events", 8, 2},
@@ -50,7 +50,7 @@ const Row rows[] = {
     {"tablets/Wacom Intuos5 touch M Finger single-center-circle.events", 351, 1},
     {"tablets/Wacom Intuos5 touch M Finger single-center-scroll.events", 126, 1},
     {"tablets/Wacom Intuos5 touch M Finger single-top-swipe.events", 131, 1},
-    // A screen: its fingers point at what is below them.
+    // A touchscreen.
     {"tablets/Wacom ISDv4 E6 Finger.2fg-double-tap.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.2fg-tap.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.double-center-circle.events", 0, 0},
@@ -61,14 +61,14 @@ const Row rows[] = {
     {"tablets/Wacom ISDv4 E6 Finger.single-center-scroll.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.single-tap-center.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.single-top-swipe.events", 0, 0},
-    // Pads that tell one position and no slots.
+    // Pads that report one position and have no slots.
     {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events", 0, 0},
     {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events", 0, 0},
     {"touchpads/SynPS2 Synaptics TouchPad-fdo23890.events", 0, 0},
-    // A pad that tells all fingers anew in each report, in no order.
+    // A pad that reports all fingers anew in each frame, in arbitrary order.
     {"touchpads/bcm5974.three-finger-click.events", 0, 0},
-    // Two slots or more. Several give the corners of a bounding box, and the Cypress one counts a
-    // third finger that it has no slot for.
+    // Pads with two or more slots. Several report the corners of a bounding box, and the Cypress
+    // pad counts a third finger without a slot.
     {"touchpads/AlpsPS2 ALPS GlidePoint.2-finger-tap.events", 7, 2},
     {"touchpads/AlpsPS2 ALPS GlidePoint.double-tap.events", 15, 2},
     {"touchpads/AlpsPS2 ALPS GlidePoint.right-edge-scroll.events", 55, 1},
@@ -116,7 +116,7 @@ std::size_t contactsIn(const std::vector<SeenContacts>& reports) {
     return identifiers.size();
 }
 
-// All of both would fill a book, so only the first difference is shown.
+// Shows only the first difference, because the complete lists are very long.
 void expectSameReports(const std::vector<SeenContacts>& fromKernel,
                        const std::vector<SeenContacts>& fromFile) {
     EXPECT_EQ(fromKernel.size(), fromFile.size());
@@ -127,7 +127,7 @@ void expectSameReports(const std::vector<SeenContacts>& fromKernel,
 
 class RecordingTest : public testing::TestWithParam<Row> {};
 
-TEST_P(RecordingTest, MeansTheSameThroughTheKernelAsFromItsFile) {
+TEST_P(RecordingTest, GivesTheSameReportsThroughTheKernelAsFromItsFile) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const Row& row = GetParam();
     const std::filesystem::path path = recordingsFolder() / row.file;

@@ -1,5 +1,5 @@
-// The program in a session that is switched away from, locked, and given touchpads and access while
-// it runs: on a real kernel, with a double of logind on a bus of the test's own.
+// The program in a session that becomes inactive, is locked, and gets touchpads and access while it
+// runs: on a real kernel, with a double of logind on a private bus.
 
 #include "agent_session.h"
 #include "desktops/private_bus.h"
@@ -39,7 +39,7 @@ using testing::Not;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* uinput = "/dev/uinput";
 
-// Longer than the program lets pass between the two taps of a double one.
+// Longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 const std::string typesT = bindingJson("twoFingerClick", shortcutJson(17, 0));
@@ -108,7 +108,7 @@ protected:
 
     AgentHome home;
     Journal journal;
-    long readings = 2; // at the start
+    long readings = 2; // at startup
     PrivateBus systemBus;
     PrivateBus sessionBus;
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
@@ -117,9 +117,9 @@ protected:
     PadHand hand{pad};
 };
 
-// ── another user in front ──
+// ── an inactive session ──
 
-TEST_F(SessionTest, WhileAnotherSessionIsInFrontThereIsNoKeyboardAndTheTouchpadIsLetAlone) {
+TEST_F(SessionTest, InactiveSessionHasNoKeyboardAndLeavesTheTouchpadAlone) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, tapTypesS});
     Agent agent;
@@ -141,7 +141,7 @@ TEST_F(SessionTest, WhileAnotherSessionIsInFrontThereIsNoKeyboardAndTheTouchpadI
         DeviceReader another(pad.node());
         EXPECT_FALSE(another.isGrabbedByAnother());
         hand.click(2);
-        EXPECT_TRUE(another.waitForKey(BTN_LEFT, 0)) << "the other user's click";
+        EXPECT_TRUE(another.waitForKey(BTN_LEFT, 0)) << "the other user's click must pass";
         hand.pause(betweenGestures);
         hand.tap(3);
         EXPECT_THAT(nodesNamed(keyboardName), IsEmpty());
@@ -151,7 +151,7 @@ TEST_F(SessionTest, WhileAnotherSessionIsInFrontThereIsNoKeyboardAndTheTouchpadI
     EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
 }
 
-TEST_F(SessionTest, StartedInTheBackgroundItWaitsForItsTurn) {
+TEST_F(SessionTest, StartInAnInactiveSessionWaitsUntilTheSessionIsActive) {
     BusDouble manager(systemBus.address(), logind(false), journal);
     home.writeBindings({typesT});
     Agent agent;
@@ -167,7 +167,7 @@ TEST_F(SessionTest, StartedInTheBackgroundItWaitsForItsTurn) {
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
 
-TEST_F(SessionTest, ATouchpadThatComesWhileAnotherSessionIsInFrontIsReadAfterwards) {
+TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
     pad.unplug();
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT});
@@ -226,7 +226,7 @@ TEST_F(SessionTest, NothingThatTheTouchpadHeldOutlastsSleep) {
 
 // ── a locked screen ──
 
-TEST_F(SessionTest, OnALockedScreenNothingIsTypedAndClicksAreTheLockers) {
+TEST_F(SessionTest, LockedScreenTypesNothingAndForwardsClicks) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings(
         {typesT, tapTypesS, bindingJson("fourFingerTap", R"({"kind":"lockScreen"})")});
@@ -251,9 +251,9 @@ TEST_F(SessionTest, OnALockedScreenNothingIsTypedAndClicksAreTheLockers) {
     EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
 }
 
-// ── touchpads and access that come while it runs ──
+// ── touchpads and access that appear while the program runs ──
 
-TEST_F(SessionTest, TheFirstTouchpadMayComeAfterTheStart) {
+TEST_F(SessionTest, FirstTouchpadMayAppearAfterTheStart) {
     pad.unplug();
     home.writeBindings({typesT});
     Agent agent;
@@ -265,7 +265,7 @@ TEST_F(SessionTest, TheFirstTouchpadMayComeAfterTheStart) {
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
 
-TEST_F(SessionTest, ASecondTouchpadIsReadBesideTheFirst) {
+TEST_F(SessionTest, SecondTouchpadIsReadBesideTheFirst) {
     home.writeBindings({typesT, tapTypesS});
     Agent agent;
     DeviceReader keys(keyboardNode());
@@ -281,7 +281,7 @@ TEST_F(SessionTest, ASecondTouchpadIsReadBesideTheFirst) {
     EXPECT_TRUE(keys.waitForKey(KEY_S, 0));
 }
 
-TEST_F(SessionTest, AccessThatIsGivenWhileItRunsNeedsNoRestart) {
+TEST_F(SessionTest, AccessGrantedAtRunTimeNeedsNoRestart) {
     home.writeBindings({typesT});
     home.giveToNobody();
     ASSERT_EQ(chmod(pad.node().c_str(), 0600), 0);

@@ -1,5 +1,5 @@
-// A node that touchpad and keys share: whatever is typed there could be read, so it is neither opened
-// nor grabbed. The access rule leaves such a node alone for the same reason.
+// A node that a touchpad shares with keys: the driver could read what the user types, so it neither
+// opens nor grabs the node. The access rule excludes the node for the same reason.
 
 #include "driver_session.h"
 #include "input_devices.h"
@@ -22,21 +22,21 @@ void expectThatItIsNotOpened(const PadShape& shape, const char* property) {
     EXPECT_FALSE(hasOpen("self", pad.node()));
 }
 
-TEST(SharedNodeTest, ATouchpadThatIsAKeyboardTooIsNotOpened) {
+TEST(SharedNodeTest, TouchpadThatIsAlsoAKeyboardIsNotOpened) {
     PadShape shape = ordinaryPad();
     for (int key = KEY_ESC; key <= KEY_D; ++key) {
-        shape.keys.insert(key); // those by which udev knows a keyboard
+        shape.keys.insert(key); // the keys by which udev identifies a keyboard
     }
     expectThatItIsNotOpened(shape, "ID_INPUT_KEYBOARD");
 }
 
-TEST(SharedNodeTest, ATouchpadWithAKeyIsNotOpened) {
+TEST(SharedNodeTest, TouchpadWithAKeyIsNotOpened) {
     PadShape shape = ordinaryPad();
     shape.keys.insert(KEY_A);
     expectThatItIsNotOpened(shape, "ID_INPUT_KEY");
 }
 
-TEST(SharedNodeTest, ATouchpadAloneIsOpened) {
+TEST(SharedNodeTest, TouchpadWithoutKeysIsOpened) {
     const VirtualPad pad(ordinaryPad());
     const DriverSession session;
     EXPECT_EQ(session.devices().size(), 1U);

@@ -6,7 +6,8 @@
 //   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
 //   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
 //
-// GLIDEMAP_SOAK_SECONDS says how long (600), GLIDEMAP_SOAK_SEED which actions. Both are printed.
+// GLIDEMAP_SOAK_SECONDS sets the duration (600), GLIDEMAP_SOAK_SEED the random actions. The test
+// prints both.
 #include "agent_session.h"
 #include "deadline.h"
 #include "desktops/private_bus.h"
@@ -52,10 +53,10 @@ using testing::IsEmpty;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* marker = "threeFingerTap";
 
-// The program keeps the last gestures, and its libraries keep memory for the next time.
+// The program keeps the last gestures, and its libraries keep freed memory.
 constexpr long maxGrowth = 2048; // KiB
 
-// Between two gestures that are not to be one.
+// Long enough that two gestures are not taken for one.
 constexpr double betweenGestures = 0.7;
 
 unsigned fromEnvironment(const char* name, unsigned otherwise) {
@@ -148,7 +149,7 @@ protected:
         }
     }
 
-    // As fast as the kernel takes it.
+    // Taps, clicks and moves without pauses, as fast as the kernel accepts events.
     void hurry() {
         for (int times = random(30); times >= 0; --times) {
             const int fingers = 1 + random(4);
@@ -282,7 +283,7 @@ protected:
         }
     }
 
-    // A hand that a busy machine makes late makes another gesture, and tries again.
+    // On a busy machine, a late movement may become another gesture, so the hand retries.
     bool recognisesTap() {
         constexpr int maxAttempts = 10;
         agent->readOutput();

@@ -1,5 +1,5 @@
-// A program that is stopped from a terminal while it holds a touchpad: the touchpad is the system's
-// before the program stops, and is taken again when it goes on.
+// A program that a terminal stops while it holds a touchpad: it gives the touchpad back before it
+// stops, and grabs it again when it continues.
 
 #include "deadline.h"
 #include "forwarded_pad.h"
@@ -23,11 +23,12 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// Run by the tests below in a process of its own: holds the touchpads until it is killed, and after
-// each time that they were given back takes them again, as the program does.
+// Run by the tests below in its own process: holds the touchpads until it is killed. As the program
+// does, it grabs them again after they were given back.
 
 TEST(StoppedProgram, DISABLED_HoldsTheTouchpads) {
-    setpgid(0, 0); // as a shell does: a process that no shell could continue is not stopped
+    // As a shell does: the kernel does not stop a process that no shell could continue.
+    setpgid(0, 0);
     DriverSession session;
     ClickFilterSession filter(session);
     filter.answer([&](const AskedClick& click) {
@@ -73,7 +74,7 @@ protected:
             pollfd marker{clone->descriptor(), POLLIN, 0};
             poll(&marker, 1, untilNextMarker);
         }
-        EXPECT_FALSE(clone->isQuiet()) << "the touchpad was never taken";
+        EXPECT_FALSE(clone->isQuiet()) << "the driver did not grab the touchpad";
         others.read();
     }
 
@@ -85,7 +86,7 @@ protected:
     std::unique_ptr<EventReader> clone;
 };
 
-TEST_F(StopSignalsTest, TheTouchpadIsGivenBackBeforeTheProgramStopsAndTakenWhenItGoesOn) {
+TEST_F(StopSignalsTest, StoppingGivesTheTouchpadBackAndContinuingGrabsItAgain) {
     std::int32_t touch = 0;
     waitUntilForwarded();
     for (const int signal : {SIGTSTP, SIGTTIN, SIGTTOU, SIGTSTP}) {

@@ -1,4 +1,4 @@
-// Clones that no program can read: the touchpad stays as it is, and the driver says why.
+// Clones that no program can read: the touchpad stays as it is, and the driver reports the reason.
 
 #include "click_filter_session.h"
 #include "driver_session.h"
@@ -25,7 +25,7 @@ namespace {
 
 class TakingLimitsTest : public testing::Test {
 protected:
-    // The touchpad is the system's from beginning to end.
+    // Expects that the driver does not grab the touchpad.
     void expectThatItIsLetAlone(const std::string& obstacle) {
         filter.switchOn(true);
         for (int round = 0; filter.obstacle(device) == driver::cloneIsNew || round < 3; ++round) {
@@ -54,7 +54,7 @@ void control(const char* option) {
     EXPECT_EQ(udevadm.waitForEnd(), 0) << option;
 }
 
-TEST_F(TakingLimitsTest, WhileUdevDoesNothingTheTouchpadIsNotTaken) {
+TEST_F(TakingLimitsTest, DoesNotGrabWhileUdevIsStopped) {
     control("--stop-exec-queue");
     expectThatItIsLetAlone("udev has not announced the touchpad's clone as a touchpad");
     control("--start-exec-queue");
@@ -68,11 +68,11 @@ TEST_F(TakingLimitsTest, WhileUdevDoesNothingTheTouchpadIsNotTaken) {
     EXPECT_TRUE(others.isQuiet());
 }
 
-TEST_F(TakingLimitsTest, WhereNoProgramOpensTheCloneTheTouchpadIsNotTaken) {
+TEST_F(TakingLimitsTest, DoesNotGrabWhileNoProgramOpensTheClone) {
     expectThatItIsLetAlone("no program has opened the touchpad's clone");
 }
 
-// Keyboards with one key, until the kernel has no event node left for one.
+// Creates keyboards with one key until the kernel has no event node left.
 class UsedUpNodes {
 public:
     UsedUpNodes() {
@@ -92,7 +92,7 @@ public:
     }
 
 private:
-    // False if it has no node.
+    // Returns false if the kernel gives the keyboard no node.
     bool makeOne() {
         const int file = open("/dev/uinput", O_WRONLY | O_CLOEXEC);
         files.push_back(file);
@@ -119,8 +119,8 @@ private:
     std::vector<int> files;
 };
 
-TEST_F(TakingLimitsTest, WithoutAnEventNodeForTheCloneTheTouchpadIsNotTaken) {
-    control("--stop-exec-queue"); // it would have to look at all those devices
+TEST_F(TakingLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
+    control("--stop-exec-queue"); // so that udev does not process all those devices
     const UsedUpNodes keyboards;
     expectThatItIsLetAlone("the kernel has made no event node for the touchpad's clone");
 }

@@ -1,9 +1,9 @@
-// A desktop that uses a touchpad while the program takes it and gives it back: it hears each click,
-// each motion and each scroll once, from the touchpad or from its clone.
+// A desktop uses a touchpad while the program grabs it and gives it back. The desktop must receive
+// each click, each motion and each scroll once, from the touchpad or from its clone.
 //
 //   hand ─▶ touchpad ──▶ libinput ◀── clone ◀─ driver
 //
-// The moments are random, with a fixed seed.
+// The times are random, with a fixed seed.
 
 #include "click_filter_session.h"
 #include "deadline.h"
@@ -29,10 +29,10 @@
 namespace glidemap::vm {
 namespace {
 
-// Between two reports of a touchpad.
+// The interval between two reports of a touchpad.
 constexpr double aMoment = 0.01;
 
-// What the desktop has made of the hand so far.
+// The events that libinput has reported so far.
 struct Heard {
     int presses = 0;
     int releases = 0;
@@ -56,7 +56,7 @@ protected:
         return std::uniform_real_distribution(from, to)(generator);
     }
 
-    // One finger clicks.
+    // Clicks with one finger.
     void click() {
         hand.down(1).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
         ++clicks;
@@ -74,7 +74,7 @@ protected:
         hand.pause(aMoment).up();
     }
 
-    // Everything so far. The click that is made for it comes after whatever else there was.
+    // Returns everything so far. The click made here arrives after all earlier events.
     Heard hear() {
         hand.pause(0.1);
         click();
@@ -115,12 +115,12 @@ protected:
     int clicks = 0;
 };
 
-// A tenth of the motion is one report's.
+// Tolerates a tenth of the motion, which is one report.
 void expectNear(double heard, double expected, const std::string& what) {
     EXPECT_NEAR(heard, expected, std::abs(expected) * 0.04) << what;
 }
 
-TEST_F(TakingTest, NothingOfTheFirstSecondIsLostOrDoubled) {
+TEST_F(TakingTest, NoEventOfTheFirstSecondIsLostOrDoubled) {
     constexpr int starts = 50;
     point();
     scroll();
@@ -148,7 +148,7 @@ TEST_F(TakingTest, NothingOfTheFirstSecondIsLostOrDoubled) {
     }
 }
 
-TEST_F(TakingTest, NothingIsLostOrDoubledWhileFilteringIsSwitchedOnAndOff) {
+TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
     constexpr int switches = 200;
     point();
     scroll();
@@ -175,7 +175,7 @@ TEST_F(TakingTest, NothingIsLostOrDoubledWhileFilteringIsSwitchedOnAndOff) {
         scroll();
         hand.pause(random(0, 0.1));
         while (desktop->waitForMoreOutput(0)) {
-            // a desktop that cannot write any more would not read either
+            // a desktop that cannot write would not read either
         }
     }
     switching.join();
@@ -185,7 +185,7 @@ TEST_F(TakingTest, NothingIsLostOrDoubledWhileFilteringIsSwitchedOnAndOff) {
     const auto expected = static_cast<double>(rounds);
     EXPECT_NEAR(all.motion / each.motion, expected, 0.5);
     EXPECT_NEAR(all.scrolled / each.scrolled, expected, 0.5);
-    EXPECT_FALSE(filter.asked().empty()) << "it was never taken";
+    EXPECT_FALSE(filter.asked().empty()) << "the driver did not grab the touchpad";
 }
 
 } // namespace

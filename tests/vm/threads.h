@@ -1,4 +1,4 @@
-// The threads of a process, as the kernel tells about them.
+// Queries the kernel about the threads of a process.
 #pragma once
 
 #include <cstdint>
@@ -7,19 +7,19 @@
 
 namespace glidemap::vm {
 
-// The kernel's numbers, ascending.
+// Returns the thread ids of this process, ascending.
 std::vector<int> threadsOfProcess();
 
-// Those of this process whose names begin so.
+// Returns the threads of this process whose names begin with `beginning`.
 std::vector<int> threadsNamed(const std::string& beginning);
 
-// How often a thread of this process has gone to sleep by itself: each time it was woken adds one.
+// Returns how often a thread of this process has gone to sleep voluntarily: each wake-up adds one.
 std::int64_t sleepsOf(int thread);
 
-// Whether these threads of this process sleep now, all of them.
+// Returns whether all these threads of this process sleep now.
 bool areAsleep(const std::vector<int>& threads);
 
-// Whether every thread of a process sleeps now: it has dealt with all that was written to its
+// Returns whether every thread of a process sleeps now, so it has processed all events of its
 // devices.
 bool isProcessAsleep(const std::string& process);
 

@@ -1,8 +1,7 @@
-// Touchpads whose cable is pulled, and which come back.
+// Touchpads that are unplugged and return.
 //
 //   finger down ─▶ unplugged: an empty report ─▶ the same pad returns ─▶ finger down: reported
-//   again
-//                                             └▶ another pad comes instead ─▶ nothing
+//                                             └▶ another pad appears ─▶ nothing
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -21,7 +20,7 @@ bool waitForEmptyReport(DriverSession& session, driver::Device device, std::size
     });
 }
 
-TEST(UnplugTest, PullingThePadEndsTheTouchWithOneEmptyReport) {
+TEST(UnplugTest, UnpluggingEndsTheTouchWithOneEmptyReport) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerDown(1, 8, 2000, 500)});
@@ -31,7 +30,7 @@ TEST(UnplugTest, PullingThePadEndsTheTouchWithOneEmptyReport) {
     EXPECT_EQ(session.seen().reports.size(), 3U);
 }
 
-TEST(UnplugTest, TheSamePadReportsAgainAsTheSameDeviceWhenItReturns) {
+TEST(UnplugTest, ReturningPadIsTheSameDevice) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500)});
@@ -56,14 +55,13 @@ TEST(UnplugTest, TheSamePadReportsAgainAsTheSameDeviceWhenItReturns) {
     }
 }
 
-TEST(UnplugTest, APadThatNobodyTouchedReportsNothingWhenItGoes) {
+TEST(UnplugTest, UnpluggingAnUntouchedPadReportsNothing) {
     VirtualPad pad(ordinaryPad());
     VirtualPad witness(otherPad());
     DriverSession session;
     session.settle(pad);
     pad.unplug();
-    // The driver reads in the order in which things happen, and the return of the pad comes after
-    // its going.
+    // The driver reads events in their order, and the pad's return follows its removal.
     pad.plugIn();
     ASSERT_TRUE(session.waitUntilReading(pad));
     session.settle(pad);
@@ -71,7 +69,7 @@ TEST(UnplugTest, APadThatNobodyTouchedReportsNothingWhenItGoes) {
     EXPECT_TRUE(session.seen().reports.empty());
 }
 
-TEST(UnplugTest, AnotherPadDoesNotTakeThePlaceOfTheOneThatWent) {
+TEST(UnplugTest, AnotherPadDoesNotReplaceAMissingPad) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500)});
@@ -82,8 +80,8 @@ TEST(UnplugTest, AnotherPadDoesNotTakeThePlaceOfTheOneThatWent) {
 
     VirtualPad other(otherPad());
     pad.plugIn();
-    ASSERT_TRUE(session.waitUntilReading(
-        pad)); // so the news of the other pad, which is older, has been read
+    // The driver then also knows the other pad, which was plugged in earlier.
+    ASSERT_TRUE(session.waitUntilReading(pad));
     EXPECT_FALSE(hasOpen("self", other.node()));
     other.write(fingerDown(0, 7, 3000, 500));
     session.play(pad, {fingerDown(0, 8, 2000, 500)});
@@ -94,7 +92,7 @@ TEST(UnplugTest, AnotherPadDoesNotTakeThePlaceOfTheOneThatWent) {
     EXPECT_EQ(seen.reports[0].contacts.at(0).x, seenX(2000));
 }
 
-TEST(UnplugTest, TwoPadsOfOneModelKeepTheirPlacesByWhereTheyAreConnected) {
+TEST(UnplugTest, TwoPadsOfOneModelAreIdentifiedByTheirPorts) {
     VirtualPad left(ordinaryPad(), "virtual/left");
     VirtualPad right(ordinaryPad(), "virtual/right");
     DriverSession session;
@@ -110,7 +108,7 @@ TEST(UnplugTest, TwoPadsOfOneModelKeepTheirPlacesByWhereTheyAreConnected) {
     EXPECT_EQ(session.settle(right), rightDevice);
 }
 
-TEST(UnplugTest, OnePadGoingDoesNotDisturbAnother) {
+TEST(UnplugTest, UnpluggingOnePadDoesNotAffectAnother) {
     VirtualPad going(ordinaryPad());
     VirtualPad staying(otherPad());
     DriverSession session;

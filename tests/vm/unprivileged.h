@@ -1,8 +1,8 @@
-// Takes root's rights from the calling thread, and gives them back.
+// Takes root's rights from the calling thread, and restores them in the destructor.
 //
-// To the kernel rights belong to a thread; the C library hides that by changing all of them. Here
-// it matters: a thread that the driver starts meanwhile stays without rights, while the test goes
-// on to plug pads and hand out access.
+// In the kernel, rights belong to a thread; the C library hides this by changing all threads. Here
+// the difference matters: a thread that the driver starts meanwhile stays without rights, while the
+// test plugs in pads and grants access.
 #pragma once
 
 namespace glidemap::vm {

@@ -28,8 +28,8 @@ struct UdevDeleter {
 template <typename Type>
 using UdevPointer = std::unique_ptr<Type, UdevDeleter>;
 
-// Hears from udev when it has finished with a device. Listens from its construction on, so nothing
-// said after that is missed.
+// Receives udev's message that it has initialised a device. It listens from its construction on, so
+// it misses no later message.
 class UdevNews {
 public:
     UdevNews() : context(udev_new()) {
@@ -38,8 +38,7 @@ public:
         udev_monitor_enable_receiving(monitor.get());
     }
 
-    // Waits until the event node below the given folder of /sys is ready; empty if that does not
-    // happen.
+    // Waits until udev has initialised the event node below the sysfs folder; empty on time-out.
     std::filesystem::path waitForNode(const std::filesystem::path& device) {
         const Deadline deadline;
         pollfd source{udev_monitor_get_fd(monitor.get()), POLLIN, 0};
@@ -141,7 +140,7 @@ void VirtualPad::plugIn() {
     }
     descriptor = open("/dev/uinput", O_WRONLY | O_CLOEXEC);
     if (descriptor < 0 || !create()) {
-        ADD_FAILURE() << "cannot make \"" << _shape.name << "\": " << std::strerror(errno);
+        ADD_FAILURE() << "cannot create \"" << _shape.name << "\": " << std::strerror(errno);
         unplug();
     }
 }
@@ -159,7 +158,7 @@ bool VirtualPad::create() {
 
 void VirtualPad::unplug() {
     if (descriptor >= 0) {
-        close(descriptor); // the kernel destroys the device with its last descriptor
+        close(descriptor); // the kernel removes the device with its last descriptor
     }
     descriptor = -1;
 }

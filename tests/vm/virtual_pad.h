@@ -1,12 +1,10 @@
-// A touchpad that exists only in the kernel's memory, made with uinput: to every other program it
-// is a real one.
+// A touchpad made with uinput, which other programs cannot distinguish from a real one.
 //
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
-// Owner:   a test. Destroying it, or unplug(), takes the device away as pulling its cable would.
-// Errors:  a device that cannot be made is a failure of the test (isPlugged() is false); so is an
-// event that cannot be
-//          written.
+// Owner:   a test. The destructor and unplug() remove the device, as unplugging its cable would.
+// Errors:  a device that cannot be created is a failure of the test (isPlugged() is false); so is
+//          an event that cannot be written.
 #pragma once
 
 #include "recorded_pad.h"
@@ -19,19 +17,19 @@ namespace glidemap::vm {
 
 class VirtualPad {
 public:
-    // Returns when udev has finished with the new device. `port` is where the pad says that it is
-    // connected, which tells apart two pads of one model.
+    // Returns when udev has initialised the device. `port` is the pad's physical path, which
+    // distinguishes two pads of one model.
     explicit VirtualPad(PadShape shape, std::string port = "virtual/pad");
     VirtualPad(const VirtualPad&) = delete;
     VirtualPad& operator=(const VirtualPad&) = delete;
     ~VirtualPad();
 
-    // The events and a synchronisation, handed over in one piece. A kernel that takes an event's
-    // time from its writer takes this one, and its own where that is 0.
+    // Writes the events and a SYN_REPORT in one call. A kernel that accepts event times uses
+    // `time`, or its own time if that is 0.
     void write(const EventFrame& frame, std::int64_t time = 0);
 
-    // Presses and releases a button that every pad has and no recording uses: a reader that has
-    // heard of it has read everything before it.
+    // Presses and releases a button that every pad has and no recording uses. A reader that has
+    // received it has read all earlier events.
     void clickMarker();
 
     void unplug();

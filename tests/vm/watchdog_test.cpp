@@ -1,8 +1,8 @@
-// A program that hangs while it holds a touchpad: the touchpad is given back to the system, and
-// taken again when the program goes on.
+// A program that hangs while it holds a touchpad: the watchdog gives the touchpad back, and the
+// driver grabs it again when the program continues.
 //
-//   two fingers click ─▶ the filter hangs ─▶ a second later others hear the touchpad
-//                                        └▶ it goes on ─▶ told so, switches on again
+//   two fingers click ─▶ the filter hangs ─▶ a second later others read the touchpad
+//                                        └▶ it continues ─▶ is notified, switches on again
 //                                                      └▶ the fingers leave ─▶ forwarded again
 
 #include "forwarded_pad.h"
@@ -35,7 +35,7 @@ class WatchdogTest : public testing::Test {
 protected:
     void SetUp() override { forwarded.switchOn(); }
 
-    // The filter takes clicks, hangs in the first one and goes on when it is let go.
+    // The filter drops clicks, hangs in the first click and continues after `letGo`.
     void hangInFilter(bool switchOnAgain) {
         forwarded.filter.answer([this, switchOnAgain](const AskedClick& click) {
             if (click.event == timedOut && switchOnAgain) {
@@ -59,7 +59,7 @@ protected:
 
     using Readers = std::vector<std::unique_ptr<EventReader>>;
 
-    // Both of them, from when the driver has made them.
+    // Opens the clones of both touchpads once the driver has made them.
     static Readers readClones(const ClickFilterSession& filter) {
         Readers readers;
         std::vector<std::filesystem::path> nodes;
@@ -76,11 +76,11 @@ protected:
     std::shared_future<void> goOn = letGo.get_future().share();
 };
 
-TEST_F(WatchdogTest, AFilterThatHangsLeavesTheUserWithATouchpad) {
+TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheFilterHangs) {
     hangInFilter(true);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
-    forwarded.pad.write(fingerMove(0, 1100, 500)); // nobody hears this
+    forwarded.pad.write(fingerMove(0, 1100, 500)); // no program receives this
     EXPECT_TRUE(forwarded.clone->waitUntilGone());
     forwarded.pad.write(fingerMove(0, 1200, 500));
     const auto heard = forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1200});
@@ -98,7 +98,7 @@ TEST_F(WatchdogTest, AFilterThatHangsLeavesTheUserWithATouchpad) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, WhatWasWaitingMeanwhileIsNotSaidByTheNextClone) {
+TEST_F(WatchdogTest, NextCloneDoesNotRepeatPendingEvents) {
     hangInFilter(true);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
@@ -113,7 +113,7 @@ TEST_F(WatchdogTest, WhatWasWaitingMeanwhileIsNotSaidByTheNextClone) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, AFilterThatDoesNotSwitchItselfOnAgainStaysOff) {
+TEST_F(WatchdogTest, FilterThatDoesNotSwitchItselfOnAgainStaysOff) {
     hangInFilter(false);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
@@ -129,7 +129,7 @@ TEST_F(WatchdogTest, AFilterThatDoesNotSwitchItselfOnAgainStaysOff) {
     EXPECT_EQ(forwarded.filter.asked().size(), 2U);
 }
 
-TEST_F(WatchdogTest, AContactReportThatHangsIsTheSame) {
+TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheContactCallbackHangs) {
     forwarded.filter.answer([this](const AskedClick& click) {
         if (click.event == timedOut) {
             forwarded.filter.switchOn(true);
@@ -148,7 +148,7 @@ TEST_F(WatchdogTest, AContactReportThatHangsIsTheSame) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterHearsOfItOnce) {
+TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterIsNotifiedOnce) {
     forwarded.session.stop();
     VirtualPad second(otherPad());
     DriverSession both;
@@ -174,7 +174,8 @@ TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterHearsOfItOnce) {
     filter.waitForAsked(2);
     const Readers newReaders = readClones(filter);
 
-    // Nobody touches the second one, so it was taken at once; the first is when it is let go.
+    // No finger touches the second touchpad, so the driver has already grabbed it. It grabs the
+    // first once its fingers lift.
     others.read();
     second.write(fingerDown(0, 8, 1100, 500));
     both.settle(second);

@@ -53,7 +53,7 @@ bool XDesktop::startWindowManager() {
     return windowManager->waitForOutput("manages windows").has_value();
 }
 
-// It has more to say in its log once it has opened a device.
+// The log file changes after the server has opened a device, so each change triggers a check.
 bool XDesktop::waitForDevice(const std::string& node) const {
     const std::string process = std::to_string(server->id());
     return waitForChanges({logFile}, [&] { return hasOpen(process, node); });

@@ -1,9 +1,8 @@
-// A real X server on the kernel's input devices, with a window manager: what a person's touchpad
-// and keyboard talk to.
+// A real X server on the kernel's input devices, with a window manager.
 //
 // Thread:  one.
-// Owner:   a test. Destroying it ends the server and the window manager.
-// Errors:  a desktop that does not come up is a failure of the test, and isRunning() is false.
+// Owner:   a test. The destructor ends the server and the window manager.
+// Errors:  a desktop that does not start is a failure of the test, and isRunning() is false.
 #pragma once
 
 #include "process.h"
@@ -15,11 +14,10 @@ namespace glidemap::vm {
 
 class XDesktop {
 public:
-    // Whether the programs are installed at all.
+    // Returns whether the programs are installed.
     static bool isInstalled();
 
-    // Returns when the window manager has taken over. Sets DISPLAY for the programs that are
-    // started from now on.
+    // Returns when the window manager runs. Sets DISPLAY for programs that are started later.
     XDesktop();
     XDesktop(const XDesktop&) = delete;
     XDesktop& operator=(const XDesktop&) = delete;
@@ -27,8 +25,8 @@ public:
 
     bool isRunning() const { return running; }
 
-    // Waits until the server has opened the device that is there now: an earlier one may have had
-    // the same node. It has set the device up when it answers the next question.
+    // Waits until the server has opened the current device; an earlier device may have had the same
+    // node. The server has set the device up when it replies to the next request.
     bool waitForDevice(const std::string& node) const;
 
 private:

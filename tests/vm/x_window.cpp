@@ -55,11 +55,11 @@ std::string describe(const XInput& input) {
 
 XWindow::XWindow(const std::string& className) : connection(xcb_connect(nullptr, nullptr)) {
     if (xcb_connection_has_error(connection) != 0) {
-        ADD_FAILURE() << "no connection to the X server";
+        ADD_FAILURE() << "cannot connect to the X server";
         return;
     }
     create(className);
-    EXPECT_TRUE(waitForFocus()) << "the window never got the focus";
+    EXPECT_TRUE(waitForFocus()) << "the window did not get the focus";
 }
 
 XWindow::~XWindow() {
@@ -84,8 +84,8 @@ void XWindow::create(const std::string& className) {
     xcb_map_window(connection, window);
 }
 
-// What a window manager has read of its connection while it started it looks at when more comes, so
-// it is asked until it has done it.
+// While it starts, a window manager may read a request but process it only when the next one
+// arrives. So the window repeats its request until it has the focus.
 bool XWindow::waitForFocus() {
     constexpr int soon = 200; // milliseconds
     const Deadline deadline;
@@ -99,8 +99,8 @@ bool XWindow::waitForFocus() {
     return focused;
 }
 
-// As a task bar does: a window manager that has only just started gives a window that it finds no
-// focus of itself.
+// Requests the focus as a task bar does, because a window manager that has just started gives
+// existing windows no focus.
 void XWindow::askForFocus() {
     const char name[] = "_NET_ACTIVE_WINDOW";
     const Owned<xcb_intern_atom_reply_t> atom{xcb_intern_atom_reply(

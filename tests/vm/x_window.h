@@ -1,9 +1,9 @@
-// A window with the keyboard's focus that writes down what reaches it.
+// A window with the keyboard's focus that records the events it receives.
 //
 // Units:   X's own: key codes are the kernel's plus 8; buttons 1 left, 3 right, 4 to 7 the wheel.
 // Thread:  one.
 // Owner:   a test.
-// Errors:  what did not come in time is a failure of the test, and the wait answers false.
+// Errors:  a time-out is a failure of the test, and the wait returns false.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +21,7 @@ struct XInput {
     enum class Kind { keyDown, keyUp, buttonDown, buttonUp };
     Kind kind{};
     std::uint8_t detail = 0;
-    std::uint16_t modifiers = 0; // those held before it
+    std::uint16_t modifiers = 0; // held before this event
 
     friend bool operator==(const XInput&, const XInput&) = default;
 };
@@ -30,7 +30,7 @@ std::string describe(const XInput& input);
 
 class XWindow {
 public:
-    // Covers most of the screen. `className` is what the desktop knows its application by. Returns
+    // Covers most of the screen. `className` identifies its application to the desktop. Returns
     // when it has the focus.
     explicit XWindow(const std::string& className);
     XWindow(const XWindow&) = delete;
@@ -39,14 +39,14 @@ public:
 
     bool hasFocus() const { return focused; }
 
-    // Everything but the pointer's motion, in order.
+    // All events in order, except the pointer's motion.
     const std::vector<XInput>& inputs() const { return seen; }
     void forget() { seen.clear(); }
 
     bool waitUntil(const std::function<bool()>& condition);
     bool waitForInputs(std::size_t count);
 
-    // Where the pointer is now.
+    // Returns the pointer's current position.
     std::pair<int, int> pointer() const;
 
 private:

@@ -1,6 +1,6 @@
 // The program between a touchpad and a real desktop: an X server on the kernel's devices, a window
-// manager, and a window with the focus. What the program does not take, the desktop must get as if
-// nobody stood in between; what it types must arrive as it was meant.
+// manager, and a window with the focus. The desktop must receive all forwarded events as without
+// the program, and typed shortcuts must arrive unchanged.
 
 #include "agent_session.h"
 #include "deadline.h"
@@ -35,7 +35,7 @@ using testing::HasSubstr;
 constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
 
-// Longer than the program lets pass between the two taps of a double one.
+// Longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 // X's modifier bits.
@@ -88,9 +88,10 @@ protected:
         ASSERT_TRUE(window->hasFocus());
     }
 
-    // Until the server listens to what the program types on, and to the clone.
+    // Waits until the server has opened the virtual keyboard.
     void waitForKeyboard() const { waitForServerToTake(waitForNode("Glidemap Keyboard")); }
-    // And until the program has taken the touchpad, which then is silent itself.
+    // Waits until the server has opened the clone and the driver has grabbed the touchpad, which is
+    // then silent.
     void waitForClone() const {
         waitForServerToTake(waitForNode(pad->shape().name, pad->node()));
         EventReader touchpad(pad->node());
@@ -98,21 +99,21 @@ protected:
         do {
             PadHand(*pad).pause(0.05);
             touchpad.read();
-            pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 1}}); // which means nothing without fingers
+            pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 1}}); // has no effect without fingers
             pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 0}});
         } while (!touchpad.isQuiet() && !deadline.passed());
-        EXPECT_FALSE(deadline.passed()) << "the touchpad was never taken";
+        EXPECT_FALSE(deadline.passed()) << "the driver did not grab the touchpad";
     }
 
     void waitForServerToTake(const std::optional<std::filesystem::path>& node) const {
         ASSERT_TRUE(node.has_value());
         ASSERT_TRUE(desktop->waitForDevice(node->string())) << *node;
-        window->pointer(); // the server answers once it has set the device up
+        window->pointer(); // the server replies once it has set the device up
     }
 
-    // A hand's ordinary day, ending with a tap that shows that everything before has arrived.
-    // Answers the buttons in the order in which they changed; the wheel turns for as long as the
-    // fingers move, however often that is.
+    // Moves, scrolls and clicks, and ends with a tap, which shows that all earlier events have
+    // arrived. Returns the buttons in order. The wheel turns while the fingers move, so its number
+    // of events varies.
     std::vector<std::string> pointAndTap() {
         window->forget();
         PadHand hand(*pad);
@@ -154,7 +155,7 @@ protected:
 std::unique_ptr<VirtualPad> XorgTest::pad;
 std::unique_ptr<XDesktop> XorgTest::desktop;
 
-TEST_F(XorgTest, TheDesktopPointsScrollsClicksAndTapsThroughTheCloneAsWithoutIt) {
+TEST_F(XorgTest, DesktopPointsScrollsClicksAndTapsThroughTheCloneAsWithoutIt) {
     const std::vector<std::string> bare = pointAndTap();
     EXPECT_THAT(bare, ElementsAre("button down 5 while 0", "button up 5 while 4096", //
                                   "button down 3 while 0", "button up 3 while 1024", //
@@ -168,7 +169,7 @@ TEST_F(XorgTest, TheDesktopPointsScrollsClicksAndTapsThroughTheCloneAsWithoutIt)
     EXPECT_EQ(pointAndTap(), bare);
 }
 
-TEST_F(XorgTest, ASwallowedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
+TEST_F(XorgTest, DroppedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, control | shift))});
     Agent agent;
     waitForKeyboard();
@@ -187,7 +188,7 @@ TEST_F(XorgTest, ASwallowedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
                             XInput{XInput::Kind::buttonUp, 1, 256}));
 }
 
-TEST_F(XorgTest, ABindingOfOneApplicationHoldsWhileThatIsFrontmost) {
+TEST_F(XorgTest, ApplicationsBindingAppliesWhileItIsFrontmost) {
     home.writeBindings(
         {bindingJson("fourFingerTap", shortcutJson(17, 0)),
          bindingJson("fourFingerTap", shortcutJson(7, 0),
@@ -202,8 +203,8 @@ TEST_F(XorgTest, ABindingOfOneApplicationHoldsWhileThatIsFrontmost) {
     EXPECT_TRUE(agent.waitForLog("fourFingerTap → Shortcut T @ Another Program"));
 }
 
-// A person who holds Shift while the other hand makes the gesture.
-TEST_F(XorgTest, WhatThePersonHoldsDoesNotJoinTheShortcutAndDoesNotGetStuck) {
+// The user holds Shift with one hand while the other makes the gesture.
+TEST_F(XorgTest, HeldModifierDoesNotJoinTheShortcutAndDoesNotGetStuck) {
     home.writeBindings({bindingJson("fourFingerTap", shortcutJson(17, control))});
     VirtualPad keyboard(plainKeyboard(), "virtual/keyboard");
     waitForServerToTake(keyboard.node());
@@ -213,7 +214,7 @@ TEST_F(XorgTest, WhatThePersonHoldsDoesNotJoinTheShortcutAndDoesNotGetStuck) {
     ASSERT_TRUE(window->waitForInputs(1));
     PadHand(*pad).pause(betweenGestures).tap(4);
     EXPECT_TRUE(agent.waitForLog("fourFingerTap → Shortcut ⌃T"));
-    // Until Shift, which came up for the shortcut, is down again.
+    // Waits until Shift, which was released for the shortcut, is down again.
     EXPECT_TRUE(window->waitUntil(
         [&] { return std::ranges::count(window->inputs(), keyDown(KEY_LEFTSHIFT)) == 2; }));
     EXPECT_THAT(window->inputs(), testing::Contains(keyUp(KEY_LEFTCTRL, controlHeld)));

@@ -9,14 +9,14 @@ namespace glidemap {
 
 namespace {
 
-// No pad has a tenth of these; a description that claims more is broken.
-constexpr std::int32_t mostSlots = 256;
+// Real touchpads have at most a tenth of these slots. A description with more is invalid.
+constexpr std::int32_t maxSlots = 256;
 
-// A button may go down and up, or up and down, between two reports. More is a broken stream: the
-// outcome counts.
-constexpr std::ptrdiff_t mostChangesOfAButton = 2;
+// A button may go down and up, or up and down, between two reports. A stream with more changes is
+// broken, and only the final state counts.
+constexpr std::ptrdiff_t maxButtonChanges = 2;
 
-// How many fingers the key announces; 0 for other keys.
+// Returns 0 for other keys.
 unsigned fingersAnnouncedBy(std::uint16_t code) {
     switch (code) {
     case BTN_TOOL_FINGER:
@@ -60,11 +60,12 @@ std::int32_t* valueOf(SlotValues& values, std::uint16_t code) {
 } // namespace
 
 ContactAssembler::ContactAssembler(const PadDescription& description)
-    : pad(description), slots(static_cast<std::size_t>(std::clamp(pad.slotCount, 0, mostSlots))),
+    : pad(description), slots(static_cast<std::size_t>(std::clamp(pad.slotCount, 0, maxSlots))),
       standIns(description) {
-    // A slot may report the contact that leaves and the one that comes, and so may a stand-in.
+    // One frame may report two contacts of a slot, one that leaves and a new one. The same applies
+    // to stand-ins.
     records.reserve(2 * (slots.size() + MissingFingers::mostFingers));
-    buttons.reserve(buttonDown.size() * mostChangesOfAButton);
+    buttons.reserve(buttonDown.size() * maxButtonChanges);
 }
 
 const PadFrame* ContactAssembler::handle(const InputEvent& event) {
@@ -107,11 +108,12 @@ void ContactAssembler::handleAbsolute(std::uint16_t code, std::int32_t value) {
 }
 
 ContactAssembler::Slot* ContactAssembler::currentSlot() {
-    const auto index = static_cast<std::size_t>(slotNumber); // beyond every slot if it is negative
+    const auto index = static_cast<std::size_t>(slotNumber); // negative: beyond every slot
     return index < slots.size() ? &slots[index] : nullptr;
 }
 
-// An id over another one, without an end between them, is a broken driver's: it is the same finger.
+// A tracking id that replaces another without an end comes from a broken driver: the finger is the
+// same.
 void ContactAssembler::setTrackingId(Slot& slot, std::int32_t trackingId) {
     const bool down = trackingId >= 0;
     if (down == slot.down) {
@@ -121,8 +123,7 @@ void ContactAssembler::setTrackingId(Slot& slot, std::int32_t trackingId) {
     if (down) {
         slot.begun = true;
     } else {
-        slot.leaving =
-            slot.leaving || !slot.begun; // one that came since the last report was never seen
+        slot.leaving = slot.leaving || !slot.begun; // an unreported contact has nothing to end
         slot.begun = false;
     }
 }
@@ -150,11 +151,11 @@ void ContactAssembler::changeButton(std::size_t button, bool down) {
     }
     buttonDown[button] = down;
     const auto number = static_cast<std::int32_t>(button);
-    if (std::ranges::count(buttons, number, &ButtonChange::button) < mostChangesOfAButton) {
+    if (std::ranges::count(buttons, number, &ButtonChange::button) < maxButtonChanges) {
         buttons.push_back({number, down});
         return;
     }
-    // The change before was the opposite one: without it, this one has happened.
+    // The previous change was the opposite, so removing it has the same effect as adding this one.
     const auto last =
         std::ranges::find(buttons.rbegin(), buttons.rend(), number, &ButtonChange::button);
     buttons.erase(std::next(last).base());
@@ -169,8 +170,8 @@ std::size_t ContactAssembler::reportedFingers() const {
         slots, [](const Slot& slot) { return slot.down && slot.values.distance <= 0; }));
 }
 
-// Only where the pad cannot tell all fingers apart does its own count say more than its slots.
-// Elsewhere the slots are right, and a count that differs is late or wrong.
+// The pad's finger count exceeds its slots only on a pad that cannot track all fingers. On other
+// pads the slots are right, and a different count is late or wrong.
 std::size_t ContactAssembler::missingFingers() const {
     const std::size_t counted = countedFingers();
     const std::size_t reported = reportedFingers();
@@ -209,7 +210,7 @@ const PadFrame* ContactAssembler::synchronise(double time) {
 }
 
 void ContactAssembler::report(double time, std::size_t missing) {
-    // Where two contacts are the corners of the fingers' bounding box, another finger moves them
+    // On a pad that reports the corners of a bounding box, another finger moves the contacts
     // although no finger has moved.
     const std::size_t fingers = std::max(countedFingers(), reportedFingers());
     const bool cornersMoved = pad.semiMultitouch && fingers != fingersBefore;
@@ -220,7 +221,7 @@ void ContactAssembler::report(double time, std::size_t missing) {
     reportPresent(time, missing, cornersMoved);
 }
 
-// The pad still counts the finger but has taken its slot away.
+// The pad still counts the finger but has reused or closed its slot.
 void ContactAssembler::keepFingersWithoutSlot(std::size_t missing) {
     for (Slot& slot : slots) {
         if (slot.leaving && standIns.count() < missing) {

@@ -1,6 +1,6 @@
-// Turns a touchpad's kernel events (multitouch protocol B: slots and tracking ids) into contact
-// records, one report for each synchronisation. The evdev driver and the readers of foreign
-// recordings share it, so that a recording means the same as the pad it was made on.
+// Converts a touchpad's kernel events (multitouch protocol B: slots and tracking ids) to contact
+// records, one report for each SYN_REPORT. The evdev driver and the readers of foreign recordings
+// share it, so a recording means the same as its touchpad.
 //
 //   state of a record:   3 makes touch ──▶ 4 touching
 //                              ▲               │            ──▶ 7 has left, in one last report
@@ -13,8 +13,7 @@
 //          the resolution is known.
 // Thread:  one; holds no lock.
 // Owner:   one for each touchpad.
-// Errors:  none; impossible events (slots that do not exist, values outside the range) are ignored
-//          or clamped.
+// Errors:  none; impossible events (invalid slots, values out of range) are ignored or clamped.
 #pragma once
 
 #include "drivers/contact/contact_geometry.h"
@@ -31,7 +30,6 @@
 
 namespace glidemap {
 
-// A kernel input event.
 struct InputEvent {
     double time = 0;
     std::uint16_t type = 0;
@@ -47,36 +45,35 @@ struct ButtonChange {
     friend bool operator==(const ButtonChange&, const ButtonChange&) = default;
 };
 
-// What one synchronisation brought. Valid until the next event is handled.
+// The result of one SYN_REPORT. Valid until the next call of handle() or release().
 struct PadFrame {
     double timestamp = 0;
-    bool contactsChanged = false; // otherwise there is nothing to report
+    bool contactsChanged = false; // false: no report is due
     std::span<const MTTouch> contacts;
     std::span<const ButtonChange> buttons;
-    std::int32_t number = 0; // counts the reports
+    std::int32_t number = 0; // increases with each report
 };
 
 class ContactAssembler {
 public:
     explicit ContactAssembler(const PadDescription& pad);
 
-    // Not null when the event ends a frame, that is at each synchronisation.
+    // Returns a frame when the event ends one, at each SYN_REPORT, and null otherwise.
     const PadFrame* handle(const InputEvent& event);
 
-    // The pad is gone: every contact has left and every button is up. The frame's report, if there
-    // is anything to report, is an empty one. The next contact starts afresh, on slots that hold
-    // nothing.
+    // The touchpad is gone: all contacts leave and all buttons are up. The frame contains an empty
+    // report, or none if no contact was reported. The next contact starts on empty slots.
     const PadFrame& release(double time);
 
 private:
     struct Slot {
         SlotValues values;
         bool down = false;
-        bool begun = false;   // its contact has not been reported yet
+        bool begun = false;   // the contact has not been reported yet
         bool changed = false; // since the last report
-        bool leaving = false; // the contact of the last report is over
-        MTTouch record{};     // as last reported; identifier 0: none was
-        MTPoint shift{};      // from where the pad sees the contact to where it is reported
+        bool leaving = false; // the last reported contact has ended
+        MTTouch record{};     // last report of the contact; identifier 0: not reported
+        MTPoint shift{};      // from the pad's position to the reported position
     };
 
     void handleAbsolute(std::uint16_t code, std::int32_t value);
@@ -102,7 +99,7 @@ private:
     PadDescription pad;
     std::vector<Slot> slots;
     std::int32_t slotNumber = 0;
-    bool eventsLost = false; // nothing counts until the next synchronisation
+    bool eventsLost = false; // ignore events until the next synchronisation
 
     std::uint32_t toolKeys = 0; // bit n: the key that announces n fingers is down
     std::size_t fingersBefore = 0;
@@ -112,7 +109,6 @@ private:
     ContactIdentifiers identifiers;
     std::uint32_t frameNumber = 0;
 
-    // What is handed out.
     PadFrame frame;
     bool frameIsOut = false;
     std::vector<MTTouch> records;

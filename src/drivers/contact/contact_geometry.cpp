@@ -18,7 +18,7 @@ double extent(const AxisRange& axis) {
     return static_cast<double>(axis.maximum) - static_cast<double>(axis.minimum);
 }
 
-// In millimetres where the pad says how many of its units make one, otherwise in its own units.
+// Converts to millimetres if the resolution is known; otherwise returns the pad's own units.
 float contactSize(const std::optional<AxisRange>& axis, std::int32_t value) {
     if (!axis.has_value()) {
         return 0;
@@ -27,8 +27,8 @@ float contactSize(const std::optional<AxisRange>& axis, std::int32_t value) {
     return static_cast<float>(axis->resolution > 0 ? units / axis->resolution : units);
 }
 
-// The kernel counts from upright, clockwise, a quarter turn being the axis's maximum. The record
-// counts from the x axis, anticlockwise, so an upright finger is at a quarter turn.
+// The kernel measures the angle clockwise from upright, with the axis's maximum at a quarter turn.
+// The record measures it anticlockwise from the x axis, so an upright finger is at a quarter turn.
 float contactAngle(const std::optional<AxisRange>& axis, std::int32_t value) {
     constexpr double quarterTurn = std::numbers::pi / 2;
     if (!axis.has_value() || axis->maximum <= 0) {
@@ -81,7 +81,7 @@ void translate(const PadDescription& pad, MTPoint normalizedShift, MTTouch& reco
 }
 
 void describeVelocity(const MTTouch& before, MTTouch& record) {
-    constexpr double clockStep = 1e-6; // of the kernel's time stamps
+    constexpr double clockStep = 1e-6; // resolution of the kernel's time stamps
     const double elapsed = record.timestamp - before.timestamp;
     if (!(elapsed > clockStep / 2)) {
         return;

@@ -1,10 +1,10 @@
-// Turns the values that the kernel holds for a slot into the fields of a contact record.
+// Converts the values that the kernel holds for a slot to the fields of a contact record.
 //
 // Units:   in: the device's own. Out: normalised 0..1 with the origin bottom-left, millimetres,
 //          radians.
 // Thread:  any; pure functions.
-// Errors:  none. A value outside its axis is taken as the nearest end; an axis without extent
-//          answers its middle.
+// Errors:  none. A value out of its axis's range is clamped. On an axis without extent, every value
+//          is in the middle.
 #pragma once
 
 #include "drivers/contact/pad_description.h"
@@ -14,8 +14,8 @@
 
 namespace glidemap {
 
-// The kernel's state of one slot. It outlives the contact: a finger that lands where the slot last
-// was sends nothing.
+// The kernel's state of one slot. It outlives the contact, because the kernel sends no event for a
+// value that has not changed since the slot's last contact.
 struct SlotValues {
     std::int32_t x = 0;
     std::int32_t y = 0;
@@ -27,29 +27,28 @@ struct SlotValues {
     std::int32_t toolType = 0;
 };
 
-// Where on the axis the value lies, 0..1.
+// Returns the value's position on the axis, 0..1.
 double fraction(const AxisRange& axis, std::int32_t value);
 
-// Whether such a contact presses on the pad, as a finger does: neither a palm nor one that only
-// hovers.
+// Returns whether the contact presses on the pad. A palm and a hovering finger do not.
 bool presses(const PadDescription& pad, const SlotValues& values);
 
-// The pad's size along the axis in millimetres; 0 where the resolution is unknown.
+// Returns the pad's size along the axis in millimetres, or 0 if the resolution is unknown.
 double millimetres(const AxisRange& axis);
 
-// Fills everything that the slot's values tell: positions, size, angle and pressure, but not the
-// velocities.
+// Fills all fields that the slot's values determine: positions, size, angle and pressure. Leaves
+// the velocities.
 void describeContact(const PadDescription& pad, const SlotValues& values, MTTouch& record);
 
-// Moves the record's positions, normalised and in millimetres.
+// Shifts the record's positions, both the normalised ones and those in millimetres.
 void translate(const PadDescription& pad, MTPoint normalizedShift, MTTouch& record);
 
-// The velocities from where the same contact was in the report before; none where no time has
-// passed.
+// Computes the velocities from the same contact's record in the previous report. Leaves them
+// unchanged if no time has passed.
 void describeVelocity(const MTTouch& before, MTTouch& record);
 
-// The state after `before` (0 for a contact not reported yet) of one that presses on the pad or
-// not.
+// Returns the contact's next state. `before` is its previous state, or 0 if it has not been
+// reported.
 std::int32_t nextState(std::int32_t before, bool pressing);
 
 } // namespace glidemap

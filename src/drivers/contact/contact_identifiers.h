@@ -1,4 +1,4 @@
-// Numbers the contacts of one pad: 1, 2, 3 … in the order in which they are first reported.
+// Numbers the contacts of one pad, 1, 2, 3 …, in the order of their first reports.
 //
 // Thread:  one.
 // Owner:   ContactAssembler.

@@ -10,17 +10,17 @@ namespace glidemap {
 
 namespace {
 
-// Too near to give a hold and tap a direction (that needs 0.05 on an axis), far enough to be
+// Too small to give a hold and tap a direction (that needs 0.05 on an axis), large enough for
 // another finger.
 constexpr float spacing = 0.04F;
 constexpr float ownRoom = 0.02F;
-constexpr int mostAttempts = 16;
+constexpr int maxAttempts = 16;
 
 float distance(MTPoint a, MTPoint b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
-// Of length 1; to the right from the very middle.
+// Returns a unit vector. For a contact in the exact middle it points right.
 MTPoint towardsCentre(MTPoint from) {
     const MTPoint middle{0.5F, 0.5F};
     const float length = distance(from, middle);
@@ -34,7 +34,7 @@ MTPoint difference(MTPoint a, MTPoint b) {
     return {a.x - b.x, a.y - b.y};
 }
 
-// One that presses where there is any: a stand-in for a finger is not hung on a palm.
+// Prefers a pressing contact, because a stand-in for a finger must not follow a palm.
 const MTTouch& chooseAnchor(std::span<const MTTouch> contacts, std::size_t turn) {
     for (std::size_t step = 0; step < contacts.size(); ++step) {
         const MTTouch& candidate = contacts[(turn + step) % contacts.size()];
@@ -101,7 +101,7 @@ void MissingFingers::moveWith(const MTTouch& anchor, StandIn& standIn, std::size
     translate(pad, standIn.offset, standIn.record);
 }
 
-// Anchors take turns, so that the mean movement of all fingers is not that of one.
+// Anchors take turns, so that the mean movement of all fingers does not follow a single finger.
 void MissingFingers::add(std::span<const MTTouch> contacts, std::int32_t identifier) {
     const MTTouch& anchor = chooseAnchor(contacts, standIns.size());
     StandIn standIn;
@@ -116,7 +116,7 @@ void MissingFingers::add(std::span<const MTTouch> contacts, std::int32_t identif
 MTPoint MissingFingers::freePlaceBeside(std::span<const MTTouch> contacts, MTPoint anchor) const {
     const MTPoint direction = towardsCentre(anchor);
     MTPoint place = anchor;
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    for (int attempt = 0; attempt < maxAttempts; ++attempt) {
         place = {place.x + direction.x * spacing, place.y + direction.y * spacing};
         if (isFree(contacts, place)) {
             break;

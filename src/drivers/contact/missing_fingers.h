@@ -1,11 +1,11 @@
-// Stands in for the fingers that a pad counts but does not report: beside its contacts, extra ones
-// are kept that move exactly with them, so that the number of fingers is right.
+// Adds stand-ins for the fingers that a pad counts but does not report. Each stand-in moves exactly
+// with a reported contact, so that the number of fingers is right.
 //
 //   pad says:   three fingers     slot 0 ●       slot 1 ●
 //   reported:                     slot 0 ●──○    slot 1 ●     ○ keeps its distance to its anchor ●
 //
-// Units:   as in the records. A stand-in may lie outside 0..1, because it never leaves its anchor's
-//          side.
+// Units:   as in the records. A stand-in may lie outside 0..1, because it stays at a fixed offset
+//          from its anchor.
 // Thread:  the assembler's.
 // Owner:   ContactAssembler.
 // Errors:  none.
@@ -25,31 +25,30 @@ namespace glidemap {
 
 class MissingFingers {
 public:
-    // No pad announces more fingers than this.
+    // No pad announces more fingers.
     static constexpr std::size_t mostFingers = 5;
 
     explicit MissingFingers(PadDescription description);
 
     std::size_t count() const { return standIns.size(); }
 
-    // A contact whose slot was taken from it although its finger is still there goes on as a
-    // stand-in.
+    // Turns a contact into a stand-in: its finger is still on the pad but has lost its slot.
     void adopt(const MTTouch& record);
 
-    // A stand-in whose finger has got a slot goes on as that slot's contact. None where there is
-    // none to give.
+    // Call this when a stand-in's finger has got a slot. Removes the stand-in and returns its
+    // record, with which the slot's contact continues. Returns nullopt if no stand-in exists.
     std::optional<MTTouch> give();
 
-    // Takes away one stand-in that is not wanted any more, if there are more than `wanted`.
+    // Removes one stand-in if there are more than `wanted`.
     std::optional<MTTouch> removeBeyond(std::size_t wanted);
 
-    // Moves the stand-ins with their anchors among the contacts of this report and adds those that
-    // are wanting. One whose anchor has left stays where it is and goes on with another. `contacts`
-    // is not empty unless `wanted` is 0.
+    // Moves each stand-in with its anchor among the contacts of this report, then adds missing
+    // stand-ins. If an anchor has left, its stand-in keeps its position and follows another
+    // contact. `contacts` may be empty only if `wanted` is 0.
     void update(std::span<const MTTouch> contacts, std::size_t wanted,
                 ContactIdentifiers& identifiers);
 
-    // The record of each, valid until the next change.
+    // The reference is valid until the next change.
     const MTTouch& record(std::size_t index) const { return standIns[index].record; }
 
     void clear() { standIns.clear(); }

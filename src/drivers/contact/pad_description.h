@@ -1,8 +1,8 @@
-// What must be known of a touchpad to turn its slots into contacts: read from the device itself by
-// the evdev driver, or from the head of a recording.
+// Describes a touchpad, so that its slots can be converted to contacts. The evdev driver reads them
+// from the device; the readers of recordings, from the recording's head.
 //
-// Units:   axis values in the device's own units; resolutions in units per millimetre, 0 where
-// unknown.
+// Units:   axis values in the device's own units; resolutions in units per millimetre, 0 if
+//          unknown.
 #pragma once
 
 #include <cstdint>
@@ -19,10 +19,10 @@ struct AxisRange {
 
 struct PadDescription {
     std::string name;
-    std::int32_t slotCount = 0; // how many contacts the pad can tell apart
+    std::int32_t slotCount = 0; // the number of contacts that the pad can track
     AxisRange x;
     AxisRange y;
-    // Absent where the pad does not report them.
+    // Absent if the pad does not report the axis.
     std::optional<AxisRange> pressure;
     std::optional<AxisRange> touchMajor;
     std::optional<AxisRange> touchMinor;

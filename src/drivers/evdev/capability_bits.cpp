@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr unsigned bitsOfAWord = sizeof(long) * 8; // the kernel shows 32-bit programs 32-bit words
+constexpr unsigned bitsOfAWord = sizeof(long) * 8; // a 32-bit program sees 32-bit words
 
 } // namespace
 

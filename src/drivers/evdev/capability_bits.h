@@ -1,8 +1,8 @@
-// Reads the bit sets that sysfs shows of an input device: words as wide as the kernel's long, in
+// Reads the bit sets that sysfs shows for an input device: words as wide as the kernel's long, in
 // hexadecimal, the highest first, without leading zeros.
 //
 // Thread:  any; pure functions.
-// Errors:  none; what is no such text has no bits.
+// Errors:  none; an invalid text contains no bits.
 #pragma once
 
 #include <string_view>

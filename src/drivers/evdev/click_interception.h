@@ -1,5 +1,5 @@
-// What all touchpads' forwarding has in common: the filter that is asked about clicks, whether it
-// is on, the watchdog, and the view of what the system makes of new clones.
+// The state that the forwarding of all touchpads shares: the click filter and its switch, the
+// watchdog, and the watch that follows new clones.
 //
 // Thread:  under the driver's lock; drops() and noticeStall() on the reader's thread.
 // Owner:   TouchpadDriver.
@@ -24,25 +24,26 @@ public:
     using MakeCloneWatch = std::function<std::unique_ptr<CloneWatch>()>;
     using Moment = WatchdogTime::Moment;
 
-    // So many clones are new at a time. udev takes them one by one, and each has two seconds.
+    // Limits the clones that are new at a time: udev initialises them one by one, and each has two
+    // seconds.
     static constexpr int maxIntroductions = 2;
 
-    // `wakeReader` is called on any thread, the other on the reader's.
+    // `wakeReader` is called on any thread, the other callback on the reader's.
     ClickInterception(WatchdogTime& time, std::function<void()> wakeReader,
                       MakeCloneWatch makeCloneWatch);
 
     void setFilter(driver::FilterClick newFilter, void* newContext);
     void switchOn(bool on);
 
-    // Whether touchpads are to be forwarded.
+    // Returns whether touchpads must be forwarded.
     bool isWanted() const { return isOn && filter != nullptr; }
-    // Counts the times that it was switched on. What has failed is tried again with the next.
+    // Counts how often the filter was switched on. Each time, failed touchpads are retried.
     unsigned attempt() const { return attempts; }
 
-    // Whether any of this was changed since this was last asked.
+    // Returns whether anything has changed since the last call.
     bool takeChange() { return std::exchange(hasChanged, false); }
 
-    // Asks the filter about a button change of a touchpad that is forwarded. While it is off every
+    // Asks the filter about a button change of a forwarded touchpad. While the filter is off, every
     // click passes.
     bool drops(driver::Device device, std::int32_t button, bool down);
 
@@ -50,8 +51,8 @@ public:
     // Returns false if no stall has happened since the last call.
     bool noticeStall();
 
-    // Takes up one of the introductions. False if there is none left: the touchpad is asked again
-    // when another one is over. To be called before the clone is made.
+    // Call this before making the clone. Returns false if too many clones are new; the touchpad is
+    // asked to try again when an introduction ends.
     bool beginIntroduction();
     void endIntroduction();
 
@@ -66,7 +67,7 @@ private:
     const std::function<void()> wakeReader;
     const MakeCloneWatch makeWatch;
     int introductions = 0;
-    bool isAwaited = false; // the end of an introduction is
+    bool isAwaited = false; // a touchpad waits for the end of an introduction
     std::unique_ptr<CloneWatch> watch;
     driver::FilterClick filter = nullptr;
     void* context = nullptr;

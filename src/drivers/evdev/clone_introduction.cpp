@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// Null if the clone can be read.
+// Returns null if programs can read the clone.
 const char* obstacleOf(const CloneStanding& standing) {
     if (!standing.hasNode) {
         return "the kernel has made no event node for the touchpad's clone";

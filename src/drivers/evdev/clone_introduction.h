@@ -1,5 +1,5 @@
-// Decides when a new clone can stand in for its touchpad. A clone that no desktop knows yet must not
-// take the touchpad's place: what it forwards would reach no program.
+// Decides when a new clone can replace its touchpad. A clone that no desktop has opened must not
+// replace it, because no program would receive the forwarded events.
 //
 //   made ──udev announces it, a program opens it──▶ grace ──▶ ready
 //     └───────────── two seconds without that ──────────────▶ failed; the touchpad stays as it is
@@ -23,28 +23,27 @@ public:
 
     enum class State { waiting, ready, failed };
 
-    // A desktop that is at work has opened a new device long before; udev takes 0.2 s on a slow
-    // machine.
+    // A running desktop opens a new device much earlier; udev takes 0.2 s on a slow machine.
     static constexpr std::chrono::seconds patience{2};
-    // A program that has opened the clone throws away the events that come until it has chosen
-    // the clock and read the state.
+    // After opening the clone, a program discards events until it has set the clock and read the
+    // state.
     static constexpr std::chrono::milliseconds graceOfReader{100};
-    // Where the system does not report who opens a device.
+    // Used where the system does not report programs that open a device.
     static constexpr std::chrono::milliseconds graceOfUnknownReader{500};
 
     explicit CloneIntroduction(Moment madeAt) : deadline(madeAt + patience) {}
 
     State look(const CloneStanding& standing, Moment now);
 
-    // When to look again if nothing happens before.
+    // The time of the next look() if nothing changes before.
     Moment nextLook() const;
 
-    // Why it is not ready, for a log; null if it is.
+    // Returns why the clone is not ready, for a log; null if it is ready.
     const char* obstacle() const { return reason; }
 
 private:
     Moment deadline;
-    std::optional<Moment> graceEnd; // while the clone is announced and may be read
+    std::optional<Moment> graceEnd; // set while the clone is announced and may be open
     bool readerIsKnown = false;
     const char* reason = nullptr;
 };

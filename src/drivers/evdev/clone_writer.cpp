@@ -9,10 +9,10 @@ namespace glidemap {
 
 namespace {
 
-// More than any touchpad says at once.
+// Larger than any touchpad's frame.
 constexpr std::size_t largeFrame = 256;
 
-// A clone's own events have no time of the touchpad's; the kernel then takes its own.
+// The clone's own events have no time of the touchpad, so the kernel stamps them.
 constexpr double timeOfWriting = 0;
 
 bool isLanding(const InputEvent& event) {
@@ -75,7 +75,7 @@ void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t v
     }
 }
 
-// What the touchpad says of all fingers together, for those who do not tell them apart.
+// Axes that describe all fingers together, for programs that do not track slots.
 void CloneWriter::completeAxes(const PadState& source, double time) {
     for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
         if (held.axis(code) != source.axis(code)) {
@@ -84,8 +84,9 @@ void CloneWriter::completeAxes(const PadState& source, double time) {
     }
 }
 
-// Asked anew with every frame, from what the two hold, so that no mark outlives its reason however
-// the button came up. A finger that lifts is unmarked too: the next one in its slot is a finger.
+// Compares touchpad and clone at every frame, so that no mark outlives the dropped press, however
+// the button came up. A lifting finger loses its mark, because the next contact in its slot is not
+// a palm.
 void CloneWriter::markContacts(const PadState& source, double time) {
     const bool pressWasTaken = source.holdsKeyThatIsUpIn(held);
     for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {

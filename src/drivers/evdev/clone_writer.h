@@ -1,20 +1,20 @@
-// Says on a clone what was said on its touchpad, so that whoever reads the clone sees the same, but
-// for a click that was taken out.
+// Writes a touchpad's frames to its clone, so that readers of the clone see the same events, except
+// for a dropped click.
 //
-// The kernel drops a value that a device already has, on either of the two: a finger that lands
-// where its slot last was says nothing of where that is, and a clone that is younger than its
-// touchpad would not know. So whenever a finger lands, what the clone does not have yet is added to
-// the frame; to a clone that has it all nothing is.
+// On each device, the kernel drops a value that the device already has. A finger that lands where
+// its slot was last sends no position. A clone that is younger than its touchpad does not have that
+// position. So whenever a finger lands, the writer adds the values that the clone is missing to the
+// frame.
 //
-// While a press is held that was taken out, the fingers are said to be palms. Whoever makes taps of
-// short touches hears of no button that would tell him better, and a palm does not tap; it does not
-// point or scroll either, until the button is up and it is a finger again.
+// While a dropped press is held, the writer marks the fingers as palms. A program that detects taps
+// does not see the button, so it would take a short touch for a tap. A palm does not tap. It does
+// not point or scroll either, until the button is up and the contact is a finger again.
 //
 // Allocates nothing for a frame, once frames of its size have been seen.
 //
 // Thread:  under the driver's lock.
-// Owner:   PadInterception, as long as the clone lasts.
-// Errors:  a write that fails is answered; the clone is of no more use then.
+// Owner:   PadInterception, as long as the clone exists.
+// Errors:  forward() and releaseAll() return false if a write fails; the clone is useless then.
 #pragma once
 
 #include "drivers/evdev/pad_directory.h"
@@ -31,12 +31,12 @@ class CloneWriter {
 public:
     CloneWriter(std::unique_ptr<PadClone> clone, std::int32_t slotCount);
 
-    // One frame without its synchronisation. `slotBefore` is the slot that the frame begins in,
-    // `source` what the touchpad holds at its end.
+    // Writes one frame, without its SYN_REPORT. `slotBefore` is the slot at the frame's beginning,
+    // `source` the touchpad's state at its end.
     bool forward(std::span<const InputEvent> frame, std::int32_t slotBefore, const PadState& source,
                  double time);
 
-    // Lifts every finger and every key that the clone holds.
+    // Lifts all fingers and keys that the clone holds.
     bool releaseAll();
 
     bool isPressed(std::uint16_t key) const { return held.isPressed(key); }
@@ -55,7 +55,7 @@ private:
 
     std::unique_ptr<PadClone> device;
     PadState held;
-    std::vector<bool> isMarked; // by slot: said to be a palm, for a press that was taken
+    std::vector<bool> isMarked; // by slot: marked as a palm because a press was dropped
     std::vector<InputEvent> output;
 };
 

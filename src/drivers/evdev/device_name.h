@@ -1,9 +1,9 @@
-// One more function of the evdev driver's C interface, beside those that every touch driver has:
-// what a touchpad calls itself, for people to read.
+// A further function of the evdev driver's C interface, beside those of every touch driver: the
+// touchpad's own name, for people to read.
 //
 // Thread:  any.
 // Owner:   the driver; the text lasts as long as the device.
-// Errors:  null for what is no device.
+// Errors:  null if the device does not exist.
 #pragma once
 
 #include "input/touch_driver.h"

@@ -1,9 +1,10 @@
-// One more function of the evdev driver's C interface: a line of text for each device that is like a
-// touchpad, with the reason where it is not used. For people who look for a fault.
+// A further function of the evdev driver's C interface: a line of text for each device that
+// resembles a touchpad, with the reason if the driver does not use it. For people who look for a
+// fault.
 //
-// Thread:  any; the lines come before the function returns.
+// Thread:  any; the driver delivers all lines before the function returns.
 // Owner:   a line is valid during its call.
-// Errors:  a line that says so.
+// Errors:  reported as a line.
 #pragma once
 
 namespace glidemap::driver {

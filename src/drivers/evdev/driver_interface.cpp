@@ -1,9 +1,9 @@
 // The driver's C interface: the touch driver's five symbols, the two that read its list, and those
-// that only our drivers have. See input/touch_driver.h.
+// that only this driver has. See input/touch_driver.h.
 //
-// The driver is made by the first call and never destroyed: the program does not say when it is
-// through with it, and its thread may outlive every moment that could be chosen. Lists live as
-// long.
+// The first call creates the driver, and it is never destroyed: the program does not say when it no
+// longer needs it, and the driver's thread may outlive the program's static objects. The lists live
+// as long.
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
@@ -35,7 +35,8 @@ TouchpadDriver& touchpads() {
     return *driver;
 }
 
-// One of the same devices is handed out again: the list is asked for whenever a device has come.
+// Reuses a list of the same devices, because the program asks for the list whenever a device
+// appears.
 driver::DeviceList keep(std::unique_ptr<const List> list) {
     static std::mutex mutex;
     static auto* lists = new std::vector<std::unique_ptr<const List>>;
@@ -49,7 +50,7 @@ driver::DeviceList keep(std::unique_ptr<const List> list) {
     return lists->back().get();
 }
 
-// For want of memory or of a thread: the call then does nothing.
+// Does nothing if allocation or the start of a thread fails.
 template <typename Function>
 void withoutExceptions(Function function) noexcept {
     try {

@@ -24,8 +24,8 @@ namespace glidemap {
 
 namespace {
 
-// A kernel driver's slips are for its authors; the library has repaired them when it speaks of
-// them.
+// Messages about a kernel driver's faults are for its authors. libevdev has already corrected the
+// events when it logs them.
 void keepSilent(const libevdev*, libevdev_log_priority, void*, const char*, int, const char*,
                 const char*, va_list) {}
 
@@ -42,10 +42,10 @@ double monotonicNow() {
         .count();
 }
 
-// With the monotonic clock; none where either cannot be had.
+// Opens the node with the monotonic clock. Returns an invalid file if either fails.
 OpenFile openNode(const std::string& node, int access) {
     OpenFile file(::open(node.c_str(), access | O_NONBLOCK | O_CLOEXEC));
-    // Before the first event is read: changing the clock throws away those that wait.
+    // Before the first event is read: setting the clock discards queued events.
     int clock = CLOCK_MONOTONIC;
     if (file && ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
         return OpenFile();
@@ -96,12 +96,12 @@ EvdevPad::EvdevPad(std::string itsNode, OpenFile opened, Device openDevice)
     recallState();
 }
 
-// The state was read piece by piece. Events that came meanwhile are part of some pieces and not of
-// others, so then it is read anew, without them. A hand leaves a hundred times the time that
-// this takes.
+// libevdev reads the state piece by piece. An event that arrives meanwhile is part of some pieces
+// only, so the state is then read again without such events. Reading takes a hundredth of the time
+// between two reports of a touchpad.
 void EvdevPad::settle() {
-    constexpr int mostAttempts = 10;
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    constexpr int maxAttempts = 10;
+    for (int attempt = 0; attempt < maxAttempts; ++attempt) {
         if (libevdev_has_event_pending(device.get()) <= 0) {
             return;
         }
@@ -125,9 +125,9 @@ void EvdevPad::describe() {
     pad.semiMultitouch = libevdev_has_property(device.get(), INPUT_PROP_SEMI_MT) != 0;
 }
 
-// The kernel tells only changes, so what the slots hold has to be known from the start, also where
-// no finger is. Fingers that rest on the pad already count: a click with three fingers is one with
-// three even if they came before the program.
+// The kernel reports only changes, so the driver must know the values of all slots from the start,
+// also of slots without a finger. Fingers that already rest on the pad count too: a click with
+// three fingers has three fingers even if they landed before the program started.
 void EvdevPad::recallState() {
     const double now = monotonicNow();
     for (int slot = 0; slot < pad.slotCount; ++slot) {
@@ -174,7 +174,7 @@ OpenPad::Read EvdevPad::next(InputEvent& event) {
         const int status = libevdev_next_event(device.get(), flag, &raw);
         const bool lostEvents = status == LIBEVDEV_READ_STATUS_SYNC && !resynchronising;
         if (lostEvents) {
-            resynchronising = true; // the library now tells the difference that they made
+            resynchronising = true; // libevdev now returns the changes that were lost
         } else if (status == LIBEVDEV_READ_STATUS_SUCCESS || status == LIBEVDEV_READ_STATUS_SYNC) {
             event = {timeOf(raw), raw.type, raw.code, raw.value};
             return Read::event;
@@ -192,9 +192,9 @@ bool EvdevPad::hasButtons() const {
            libevdev_has_event_code(device.get(), EV_KEY, BTN_RIGHT) != 0;
 }
 
-// The clock alone cannot tell what came just before the grab from what came just after it. So a
-// second reader of the touchpad is asked, which hears what every other program hears: the last that
-// it has heard was heard by all of them, and nothing that is later.
+// Timestamps cannot distinguish an event just before the grab from one just after it. A second
+// descriptor of the node, the witness, receives the same events as every other program. Its last
+// event is the last that other programs have received.
 std::optional<double> EvdevPad::grab() {
     if (!witness) {
         witness = openNode(node, O_RDWR);
@@ -202,7 +202,7 @@ std::optional<double> EvdevPad::grab() {
     if (!witness) {
         witness = openNode(node, O_RDONLY);
     }
-    lastHeardByWitness(); // until now
+    lastHeardByWitness(); // discards older events
     const double before = monotonicNow();
     if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
         return std::nullopt;
@@ -215,7 +215,7 @@ std::optional<double> EvdevPad::grab() {
     return last.has_value() ? std::nextafter(*last, std::numeric_limits<double>::max()) : before;
 }
 
-// Takes everything that it has heard.
+// Drains the witness.
 std::optional<double> EvdevPad::lastHeardByWitness() const {
     std::optional<double> last;
     std::array<input_event, 64> events{};
@@ -227,7 +227,7 @@ std::optional<double> EvdevPad::lastHeardByWitness() const {
     return last;
 }
 
-// As the kernel has them now; nothing for an axis that the touchpad does not have.
+// Reads the kernel's current values; empty if the touchpad does not have the axis.
 std::vector<std::int32_t> EvdevPad::slotValues(std::uint16_t code) const {
     std::vector<std::int32_t> answer(static_cast<std::size_t>(pad.slotCount) + 1);
     answer[0] = code;
@@ -255,8 +255,9 @@ void EvdevPad::rememberKnowledgeOfOthers() {
     }
 }
 
-// Still grabbed, so that no other program hears of it. Fingers stay where they are: the next report
-// of each tells the others. Only a change within a slot makes it the one that is spoken of.
+// The touchpad is still grabbed, so no other program receives these events. Fingers keep their
+// values: the next report of each updates the other programs. Only a change within a slot makes the
+// kernel report that slot as current.
 void EvdevPad::restoreKnowledgeOfOthers() const {
     const std::vector<std::int32_t> touches = slotValues(ABS_MT_TRACKING_ID);
     const auto isFree = [&](std::int32_t slot) {

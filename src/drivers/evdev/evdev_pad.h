@@ -1,15 +1,14 @@
-// One touchpad's event node: opened for reading only, described, and read through libevdev, which
-// keeps the state of the slots and finds out what happened when the kernel had to drop events. Its
-// grab and its clone take it out of the system's sight and stand in for it.
+// One touchpad's event node: opens it for reading only, describes it, and reads it through
+// libevdev. libevdev keeps the state of the slots and finds the changes after the kernel has
+// dropped events. A grab hides the touchpad from other programs, and its clone replaces it.
 //
-// The kernel reports only changes, and while the touchpad is grabbed other programs do not hear them.
-// Before it is given back, the kernel's values are therefore set to those that the other programs
-// know, by writing to the node. Where the user may not write, they may misread the first touch
-// afterwards.
+// The kernel reports only changes, and other programs do not receive those of a grabbed touchpad.
+// Before giving it back, the driver therefore writes the values that other programs know to the
+// node. If the user may not write, those programs may misread the next touch.
 //
 // Units:   event times in seconds of the monotonic clock.
 // Thread:  one at a time.
-// Errors:  as values: no pad, or one that is gone.
+// Errors:  as values: a null pad, or a read that returns gone or broken.
 #pragma once
 
 #include "core/open_file.h"
@@ -28,7 +27,7 @@ namespace glidemap {
 
 class EvdevPad : public OpenPad {
 public:
-    // Null if the node cannot be read, or has no slots.
+    // Returns null if the node cannot be read or has no slots.
     static std::unique_ptr<OpenPad> open(const std::string& node);
 
     int descriptor() const override { return file.descriptor(); }
@@ -58,7 +57,7 @@ private:
 
     const std::string node;
     OpenFile file;
-    OpenFile witness; // hears what every other program hears; opened with the first grab
+    OpenFile witness; // receives what other programs receive; opened at the first grab
 
     // The slots' values at the moment of the grab: other programs know these until they hear the
     // touchpad again.
@@ -71,7 +70,7 @@ private:
     Device device;
     PadDescription pad;
     bool resynchronising = false;
-    std::vector<InputEvent> recalled; // what was on the pad when it was opened, the latest first
+    std::vector<InputEvent> recalled; // state when the pad was opened, in reverse order
 };
 
 } // namespace glidemap

@@ -32,7 +32,7 @@ bool ForwardingWatchdog::hold(const Held& newlyHeld) {
     }
     try {
         held.push_back(newlyHeld);
-        lastProgress = time.now(); // to take one is a step of the work
+        lastProgress = time.now(); // restarts the time-out
         if (!thread.joinable()) {
             thread = threadWithoutSignals([this] { run(); });
         }
@@ -108,7 +108,7 @@ void ForwardingWatchdog::run() {
         if (!due.has_value() || time.now() < *due) {
             time.wait(changed, lock, due);
         } else if (!working) {
-            watching = false; // a finger that only rests needs no watching
+            watching = false; // a resting finger needs no watching
         } else {
             giveBack();
             lock.unlock();
@@ -122,7 +122,8 @@ std::optional<WatchdogTime::Moment> ForwardingWatchdog::deadline() const {
     return watching && !held.empty() ? std::optional(lastProgress + patience) : std::nullopt;
 }
 
-// The touchpads first: they are what the user misses. The system lifts what their clones hold.
+// Releases the touchpads first, because the user needs them. Destroying the clones makes the kernel
+// lift their contacts and keys.
 void ForwardingWatchdog::giveBack() {
     stalled = held.front().device;
     for (const Held& each : held) {

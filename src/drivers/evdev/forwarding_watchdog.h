@@ -1,20 +1,19 @@
-// Gives the touchpads back to the system when the loop that forwards them gets stuck, in a callback
-// for instance. Without it the user would have no touchpad then.
+// Releases the touchpads when the loop that forwards them gets stuck, for instance in a callback.
+// Without the watchdog the user would then have no touchpad.
 //
 //   reader     poll ─▶ work() … progress() … rest() ─▶ poll ─▶ work() ……………… stuck ………………▶
 //   watchdog   waits without a time-out ─▶ for a second at a time ──▶ gives back ─▶ onStall
 //                      ▲──────────── nothing touches ────────────┘
 //
-// A touchpad that was given back is not held any more: the reader finds that out by asking before
-// it writes.
+// A touchpad that was given back is not held any more. The reader checks this before it writes.
 //
-// The thread is not woken for every report: from the first one of a touch on it looks once a
-// second, and where the touch has ended, or a finger only rests, it goes to sleep.
+// The watchdog's thread is not woken for every report. From the first report of a touch on, it
+// checks once a second. It sleeps once the touch has ended or a finger only rests.
 //
 // Thread:  its own, started with the first touchpad that is held; work(), progress() and rest() on
 //          the reader's, the others on any.
 // Owner:   ClickInterception.
-// Errors:  without a thread nothing can be held: hold() answers false.
+// Errors:  hold() returns false if the thread cannot start.
 #pragma once
 
 #include "drivers/evdev/pad_directory.h"
@@ -33,7 +32,7 @@ namespace glidemap {
 
 class ForwardingWatchdog {
 public:
-    // As long as a person may be left without a touchpad; no callback takes a hundredth of it.
+    // The maximum time without a touchpad; a callback takes less than a hundredth of it.
     static constexpr std::chrono::seconds patience{1};
 
     struct Held {
@@ -42,32 +41,32 @@ public:
         PadClone* clone = nullptr;
     };
 
-    // `onStall` is called on the watchdog's thread, after the touchpads were given back.
+    // `onStall` is called on the watchdog's thread, after the touchpads were released.
     ForwardingWatchdog(WatchdogTime& itsTime, std::function<void()> onStall);
     ForwardingWatchdog(const ForwardingWatchdog&) = delete;
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;
     ~ForwardingWatchdog();
 
-    // Pad and clone live until it is released.
+    // The pad and its clone must live until release().
     bool hold(const Held& newlyHeld);
-    // Nothing happens to it once this has returned.
+    // The watchdog does not touch the pad once this has returned.
     void release(const OpenPad& pad);
-    // False once it was given back.
+    // Returns false if the watchdog gave the pad back.
     bool holds(const OpenPad& pad) const;
 
-    // The reader has something to do.
+    // The reader starts to work.
     void work();
-    // It has done a part of that.
+    // The reader has finished a part of its work.
     void progress();
-    // It waits for more. `touched`: a touchpad that it forwards is.
+    // The reader waits for events. `touched`: a finger is on a forwarded touchpad.
     void rest(bool touched);
 
-    // The process is about to be stopped: gives everything back as after a stall, and holds nothing
-    // until it goes on. On any thread.
+    // The process is about to be stopped. Gives back all touchpads as after a stall, and holds none
+    // until goOn(). Called on any thread.
     void pause();
     void goOn();
 
-    // The device that was forwarded, if it came to a stall since this was last asked. None
+    // Returns the device whose forwarding has stalled since the last call, if any. Returns nullopt
     // while paused.
     std::optional<driver::Device> takeStall();
 

@@ -1,10 +1,10 @@
-// Ports: where the driver finds touchpads, what it reads from one and how it stands in for it, and
-// how it learns that one may have come back and that a clone is known to the system.
+// Ports: the list of touchpads, a touchpad's events, its clone, and the watches for returning
+// touchpads and for new clones.
 //
-// Thread:  PadDirectory on any thread, one at a time; an OpenPad and its clone are used on any, one
-//          at a time but for what says otherwise, and the pad is read and closed on the reader's; a
-//          ReturnWatch and a CloneWatch are the reader's.
-// Errors:  values; nothing throws but for want of memory.
+// Thread:  PadDirectory on any thread, one at a time. An OpenPad and its clone on any thread, one
+//          at a time unless a function says otherwise; the pad is read and closed on the reader's.
+//          A ReturnWatch and a CloneWatch on the reader's.
+// Errors:  as values; only a failed allocation throws.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -20,7 +20,7 @@
 
 namespace glidemap {
 
-// What stays the same when a touchpad is unplugged and returns on another node.
+// The properties that a touchpad keeps when it is unplugged and returns on another node.
 struct PadIdentity {
     std::int32_t bus = 0;
     std::int32_t vendor = 0;
@@ -33,39 +33,40 @@ struct PadIdentity {
     friend bool operator==(const PadIdentity&, const PadIdentity&) = default;
 };
 
-// A multitouch touchpad that is there.
+// A multitouch touchpad that is connected.
 struct PadCandidate {
     std::string node;
     PadIdentity identity;
-    bool readable = true; // by this user, as far as can be told without opening it
+    bool readable = true; // by this user, judged without opening it
 };
 
-// How far the system has come with a clone.
+// The progress of udev and other programs with a new clone.
 struct CloneStanding {
     bool hasNode = false;
-    bool isAnnounced = false;   // udev has initialised it, and calls it a touchpad
-    std::optional<bool> isOpen; // whether a program reads it; nothing where that is not known
+    bool isAnnounced = false;   // udev has initialised the clone and tags it as a touchpad
+    std::optional<bool> isOpen; // whether a program has it open; nullopt if unknown
 
     friend bool operator==(const CloneStanding&, const CloneStanding&) = default;
 };
 
-// A touchpad of the system's that says what it is told, and is like the one that it was made from.
+// A virtual touchpad that copies a real one and emits the events that are written to it.
 class PadClone {
 public:
     PadClone() = default;
     PadClone(const PadClone&) = delete;
     PadClone& operator=(const PadClone&) = delete;
-    // The clone is gone then.
+    // The destructor also removes the device.
     virtual ~PadClone() = default;
 
-    // Where sysfs has its event node. Empty while there is no such node.
+    // Returns the sysfs path of the clone's event node, or an empty path if the node does not
+    // exist.
     virtual std::string place() const = 0;
 
-    // A frame with its synchronisation. False if the clone cannot say it any more.
+    // Writes a frame with its SYN_REPORT. Returns false if the clone cannot be written any more.
     virtual bool write(std::span<const InputEvent> frame) = 0;
 
-    // The system takes back whatever the clone holds; no write succeeds any more. On any thread,
-    // also while another one writes.
+    // The kernel releases everything that the clone holds, and every later write fails. On any
+    // thread, also while another thread writes.
     virtual void destroy() = 0;
 };
 
@@ -75,7 +76,7 @@ public:
         event,
         nothing, // until the descriptor is readable again
         gone,    // the touchpad was unplugged
-        broken,  // it is there and cannot be read
+        broken,  // it is connected but cannot be read
     };
 
     OpenPad() = default;
@@ -86,20 +87,22 @@ public:
     virtual int descriptor() const = 0;
     virtual const PadDescription& description() const = 0;
 
-    // The next event, without waiting. The first ones tell what was on the pad when it was opened.
+    // Returns the next event without waiting. The first events describe the state when the pad was
+    // opened.
     virtual Read next(InputEvent& event) = 0;
 
-    // Whether it has a left or a right button to press.
+    // Returns whether it has a left or a right button.
     virtual bool hasButtons() const = 0;
 
-    // From now on nobody else hears the touchpad. Answers when that began, by the events' clock:
-    // what is older was heard by everybody, what is not, here only. Nothing if it cannot be had.
+    // Hides the touchpad's events from other programs. Returns when the grab took effect, by the
+    // events' clock: other programs received the older events, and only this process receives the
+    // later ones. Returns nullopt if the grab fails.
     virtual std::optional<double> grab() = 0;
-    // Returns a moment, by the events' clock, until which no other program heard the touchpad. On
-    // any thread, also while another one reads.
+    // Returns a moment, by the events' clock, until which no other program received the touchpad's
+    // events. On any thread, also while another thread reads.
     virtual double ungrab() = 0;
 
-    // Null if the system does not let this user.
+    // Returns null if this user may not make devices.
     virtual std::unique_ptr<PadClone> makeClone() = 0;
 };
 
@@ -110,14 +113,14 @@ public:
     ReturnWatch& operator=(const ReturnWatch&) = delete;
     virtual ~ReturnWatch() = default;
 
-    // Readable when a touchpad may have come back or become readable; −1 for none.
+    // Readable when a touchpad may have returned or become readable; −1 for an unused entry.
     virtual std::array<int, 2> descriptors() const = 0;
 
-    // Takes note of everything that has happened, and readies itself for what will.
+    // Drains all notifications and prepares for the next ones.
     virtual void acknowledge() = 0;
 };
 
-// Follows what the system makes of clones. It must be there before the clone that it is asked about.
+// Follows what udev and other programs do with clones. Create it before the clones that it watches.
 class CloneWatch {
 public:
     CloneWatch() = default;
@@ -125,10 +128,10 @@ public:
     CloneWatch& operator=(const CloneWatch&) = delete;
     virtual ~CloneWatch() = default;
 
-    // Readable when the standing of a clone may have changed; −1 for none.
+    // Readable when a clone's standing may have changed; −1 for an unused entry.
     virtual std::array<int, 2> descriptors() const = 0;
 
-    // Takes note of everything that has happened.
+    // Drains all notifications.
     virtual void acknowledge() = 0;
 
     virtual CloneStanding standing(const PadClone& clone) const = 0;
@@ -143,10 +146,10 @@ public:
 
     virtual std::vector<PadCandidate> candidates() = 0;
 
-    // The touchpad at this node alone, which takes less than finding all of them.
+    // Looks up the touchpad at this node only, which is cheaper than finding all of them.
     virtual std::optional<PadCandidate> candidateAt(const std::string& node) = 0;
 
-    // Null if it cannot be opened, or is gone by now.
+    // Returns null if the touchpad cannot be opened or is gone.
     virtual std::unique_ptr<OpenPad> open(const PadCandidate& candidate) = 0;
     virtual std::unique_ptr<ReturnWatch> watch() = 0;
     virtual std::unique_ptr<CloneWatch> watchClones() = 0;

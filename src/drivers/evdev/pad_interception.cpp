@@ -11,7 +11,7 @@ namespace glidemap {
 
 namespace {
 
-// More than any touchpad says at once.
+// Larger than any touchpad's frame.
 constexpr std::size_t largeFrame = 256;
 
 constexpr auto filteredButtons = std::to_array<std::uint16_t>({BTN_LEFT, BTN_RIGHT});
@@ -20,7 +20,7 @@ bool isFilteredButton(const InputEvent& event) {
     return event.type == EV_KEY && (event.code == BTN_LEFT || event.code == BTN_RIGHT);
 }
 
-// As the filter numbers them: 0 left, 1 right.
+// Returns the filter's number of the button: 0 left, 1 right.
 std::int32_t numberOf(std::uint16_t button) {
     return button - BTN_LEFT;
 }
@@ -37,7 +37,7 @@ PadInterception::~PadInterception() {
     end();
 }
 
-// A button that is told to be as it is has not changed, and nobody is asked about it.
+// An event that repeats a button's state is no change, so the filter is not asked.
 void PadInterception::add(const InputEvent& event) {
     const bool says = event.type != EV_SYN && !(isFilteredButton(event) &&
                                                 source.isPressed(event.code) == (event.value != 0));
@@ -77,8 +77,9 @@ void PadInterception::forwardFrame(double time) {
     }
 }
 
-// It was touched in the moment in which it was given back, and no other program has heard of it. What
-// they hear of the touch before the touchpad is taken again has no beginning, and they ignore it.
+// The touch began while the touchpad was being given back, and no other program has seen its
+// beginning. Until the touchpad is grabbed again, programs ignore the events of a touch without a
+// beginning.
 void PadInterception::takeAgainFor(double time) {
     if (writer.has_value() && (isForwarding() || grab())) {
         grabbedAt = time;
@@ -86,8 +87,8 @@ void PadInterception::takeAgainFor(double time) {
     }
 }
 
-// A release that the clone needs is never dropped, whatever the filter makes of it: nobody is left
-// with a button that stays down.
+// A release that the clone needs is forwarded even if the filter drops it, so that no button stays
+// down.
 void PadInterception::judgeButtons() {
     std::array heldByClone{writer->isPressed(BTN_LEFT), writer->isPressed(BTN_RIGHT)};
     std::erase_if(frame, [&](const InputEvent& event) {
@@ -102,7 +103,7 @@ void PadInterception::judgeButtons() {
     });
 }
 
-// Asked before anything is written: the watchdog may have given the touchpad back meanwhile.
+// Call this before writing: the watchdog may have given the touchpad back meanwhile.
 bool PadInterception::stillHoldsPad() {
     if (!isForwarding()) {
         return false;
@@ -141,7 +142,7 @@ std::optional<PadInterception::Moment> PadInterception::nextLook() const {
     return isIntroducing() ? std::optional(introduction->nextLook()) : std::nullopt;
 }
 
-// Before the touchpad is neutral, so that the system gets to know the clone meanwhile.
+// Runs before the touchpad is neutral, so that programs open the clone meanwhile.
 void PadInterception::prepareClone() {
     leaveAt.reset();
     if (!writer.has_value()) {
@@ -230,7 +231,7 @@ void PadInterception::letPadGo() {
     }
 }
 
-// The clone stays for a while, for its readers and in case that it is wanted again.
+// The clone stays for a while, so that its readers can drain it and the filter can use it again.
 void PadInterception::leave() {
     if (isForwarding()) {
         clicks.watchdog().release(pad);

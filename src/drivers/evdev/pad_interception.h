@@ -1,28 +1,29 @@
-// Stands between one touchpad and the system while clicks are filtered: grabs the touchpad and says
-// on a clone of it what it says, less the button changes that the filter drops; while a dropped press
-// is held its fingers are palms there.
+// Forwards one touchpad while clicks are filtered: grabs it and writes its events to a clone,
+// without the button changes that the filter drops. While a dropped press is held, the clone
+// reports the fingers as palms.
 //
 //   passing ──wanted──▶ introducing ──ready, neutral──▶ forwarding ──neutral──▶ leaving ──▶ passing
-//      ▲  a clone is made   │ not in time       │  when it is not wanted any more   │  a second later
+//      ▲  makes a clone     │ not in time       │  when it is not wanted any more   │  a second later
 //      ├────────────────────┘                   │                     wanted again: forwarding
 //      └──────────── at once ───────────────────┘
-//         the clone cannot be written, the driver stops, it came to a stall
+//         the clone cannot be written, the driver stops, forwarding stalled
 //
-// neutral: no finger is down, no key is pressed. ready: see CloneIntroduction.
+// neutral: no finger is down and no key is pressed. ready: see CloneIntroduction.
 //
-// A touch belongs to those who saw it begin. What was touched before the grab took effect was seen
-// by everybody: the touchpad is given back until that touch is over. What came later is forwarded.
-// So is what came before the touchpad was really given back: it is taken again for that touch.
+// A touch belongs to the programs that saw its beginning. Other programs saw a touch that began
+// before the grab took effect, so the touchpad is given back until that touch is over. A later
+// touch is forwarded. A touch that began just before the touchpad was given back is forwarded too:
+// the driver grabs the touchpad again.
 //
-// While it leaves, the clone is silent: a program may not have read yet what it said last, and what a
-// device that is gone has said is lost.
+// While it leaves, the clone is silent: a program may not have read its last events yet, and the
+// kernel discards the events of a removed device.
 //
 // Thread:  under the driver's lock. add(), endFrame(), settle() and lose() on the reader's thread.
 // Owner:   PadConnection, beside the pad.
-// Errors:  a touchpad that cannot be cloned or grabbed is let alone. Where there was no clone, or no
-//          program took it up, the next one is made when the filter is switched on again, or at a
-//          neutral moment ten seconds later, then after twice that time, and so on. A touchpad that
-//          cannot be grabbed is tried at the next neutral moment.
+// Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If the
+//          clone fails or no program opens it, the driver retries when the filter is switched on
+//          again. It also retries at a neutral moment ten seconds later; each failure doubles that
+//          pause. If the grab fails, the driver retries at the next neutral moment.
 #pragma once
 
 #include "drivers/evdev/click_interception.h"
@@ -42,9 +43,9 @@ class PadInterception {
 public:
     using Moment = ClickInterception::Moment;
 
-    // How long a clone that is not wanted any more stays for its readers.
+    // How long an unwanted clone stays for its readers.
     static constexpr std::chrono::seconds leaveTaking{1};
-    // Before a touchpad without a clone is tried again; doubled each time.
+    // The delay before a touchpad is cloned again; it doubles each time.
     static constexpr std::chrono::seconds firstPause{10};
     static constexpr std::chrono::seconds maxPause{600};
 
@@ -53,32 +54,32 @@ public:
     PadInterception& operator=(const PadInterception&) = delete;
     ~PadInterception();
 
-    // Every event of the touchpad, in order, but for synchronisations.
+    // Receives every event of the touchpad in order, except SYN_REPORT.
     void add(const InputEvent& event);
 
-    // The synchronisation, after the contacts of the frame were reported. The filter may come back
-    // to the driver and stop this touchpad.
+    // Receives the SYN_REPORT, after the contacts of the frame were reported. The filter may call
+    // the driver and stop this touchpad.
     void endFrame(double time);
 
-    // Everything that there was is read: takes the touchpad or gives it back, if that is due.
+    // Called when all pending events are read: grabs the touchpad or gives it back, if that is due.
     void settle();
 
-    // When settle() has something to do although the touchpad says nothing.
+    // When settle() must be called even without an event of the touchpad.
     std::optional<Moment> nextLook() const;
 
-    // Its clone is new: settle() has something to do when the standing of clones changes.
+    // The clone is new: call settle() when the standing of clones changes.
     bool isIntroducing() const { return introduction.has_value(); }
 
-    // Why the touchpad is not taken although it should be, for a log; null if it may be.
+    // Why the touchpad is not grabbed although it should be, for a log; null if nothing prevents
+    // it.
     const char* obstacle() const { return isIntroducing() ? driver::cloneIsNew : reason; }
 
-    // Gives the touchpad back for good, whatever touches it.
+    // Gives the touchpad back for good, even while a finger touches it.
     void end();
 
-    // The same for one that is gone, whose buttons therefore are up.
+    // Like end(), for a touchpad that is gone. Its buttons are up.
     void lose();
 
-    // It is forwarded, and not neutral.
     bool isTouched() const { return isForwarding() && !source.isNeutral(); }
 
 private:
@@ -102,16 +103,16 @@ private:
     ClickInterception& clicks;
 
     PadState source;
-    std::int32_t slotBefore = 0;       // the one that the frame begins in
-    std::vector<InputEvent> frame;     // what is to be forwarded of it
-    std::optional<CloneWriter> writer; // before the touchpad is grabbed, too
+    std::int32_t slotBefore = 0;       // at the beginning of the frame
+    std::vector<InputEvent> frame;     // the events of the frame that may be forwarded
+    std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;
-    std::optional<double> givenBackAt; // what is older was heard here only
-    std::optional<Moment> leaveAt;     // when the clone goes
+    std::optional<double> givenBackAt; // no other program received older events
+    std::optional<Moment> leaveAt;     // when to remove the clone
     bool ended = false;
 
-    unsigned failedAttempt = 0; // the one in which there was no clone to be had
+    unsigned failedAttempt = 0; // the attempt in which making a clone failed
     Moment retryAt;
     std::chrono::seconds pause = firstPause;
     const char* reason = nullptr;

@@ -1,11 +1,11 @@
-// What the kernel holds for a touchpad: where its axes are, slot by slot, and which keys are down.
-// Kept twice for a touchpad that is forwarded, once for the touchpad and once for its clone, since
-// the kernel tells and takes only changes.
+// The state that the kernel holds for a touchpad: the values of its axes, slot by slot, and the
+// pressed keys. A forwarded touchpad needs two, one for the touchpad and one for its clone, because
+// the kernel reports and accepts only changes.
 //
 // Units:   the device's own.
 // Thread:  one.
-// Owner:   whoever follows a device.
-// Errors:  none; what no device of this kind has is ignored.
+// Owner:   PadInterception for the touchpad, CloneWriter for the clone.
+// Errors:  none; axes and keys that a touchpad cannot have are ignored.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -22,25 +22,24 @@ namespace glidemap {
 
 class PadState {
 public:
-    // The axes that each slot has for itself. The tracking id is one of them.
+    // The range of the axes that each slot has. The tracking id is one of them.
     static constexpr std::uint16_t firstSlotAxis = ABS_MT_TOUCH_MAJOR;
     static constexpr std::uint16_t lastSlotAxis = ABS_MT_TOOL_Y;
     static constexpr bool isSlotAxis(std::uint16_t code) {
         return code >= firstSlotAxis && code <= lastSlotAxis;
     }
 
-    // As a device is when it is made: every value 0, nothing touches and nothing is pressed.
+    // The state of a new device: every value is 0, no finger is down and no key is pressed.
     explicit PadState(std::int32_t slotCount);
 
     void apply(const InputEvent& event);
 
-    // No finger is down and no key is pressed.
     bool isNeutral() const;
 
     std::int32_t slotCount() const { return static_cast<std::int32_t>(slots.size()); }
     std::int32_t slot() const { return currentSlot; }
     bool isDown(std::int32_t slotNumber) const;
-    // `slotNumber` within the count, `code` an axis that a slot has.
+    // `slotNumber` must be below the count, `code` an axis of a slot.
     std::int32_t slotValue(std::int32_t slotNumber, std::uint16_t code) const;
     std::int32_t axis(std::uint16_t code) const { return axes[code]; }
     bool isPressed(std::uint16_t key) const { return keys[key]; }

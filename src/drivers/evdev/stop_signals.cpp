@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::array<int, 3> stops{SIGTSTP, SIGTTIN, SIGTTOU};
 
-// Where the handler, which may interrupt anything, leaves the signal's number.
+// The pipe to which the handler, which may interrupt any code, writes the signal's number.
 std::atomic<int> signalEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -44,8 +44,8 @@ bool isUnhandled(int signal) {
     return sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL;
 }
 
-// Returns when the process goes on; at once where the kernel does not stop it because no shell could
-// continue it.
+// Returns when the process continues. Returns at once if the kernel does not stop the process,
+// because no shell could continue it.
 void stopBy(int signal) {
     struct sigaction action = {};
     action.sa_handler = SIG_DFL;
@@ -59,7 +59,7 @@ void stopBy(int signal) {
     handle(signal);
 }
 
-// Several signals that came before the process was stopped stop it once.
+// Several signals that arrive before the process is stopped stop it once.
 void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
          const std::function<void()>& takeAgain) {
     pthread_setname_np(pthread_self(), "glidemap-stop");
@@ -82,7 +82,8 @@ void begin(std::function<void()> giveBack, std::function<void()> takeAgain) {
         return;
     }
     OpenFile readEnd(ends[0]);
-    // Never closed: the handler may run at any time. A full pipe must not hold up what it interrupts.
+    // Never closed, because the handler may run at any time. Non-blocking, because a full pipe must
+    // not block the interrupted code.
     fcntl(ends[1], F_SETFL, O_NONBLOCK);
     signalEnd = ends[1];
     std::thread thread =
@@ -103,7 +104,7 @@ void watchStopSignals(std::function<void()> giveBack, std::function<void()> take
     try {
         std::call_once(once, [&] { begin(std::move(giveBack), std::move(takeAgain)); });
     } catch (const std::exception&) {
-        return; // there is no thread to be had
+        return; // the thread cannot start
     }
 }
 

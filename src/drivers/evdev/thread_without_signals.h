@@ -1,4 +1,5 @@
-// Starts the driver's threads. Signals are for the program's own.
+// Starts the driver's threads with all signals blocked, because the program's own threads handle
+// signals.
 #pragma once
 
 #include <pthread.h>
@@ -9,7 +10,7 @@
 
 namespace glidemap {
 
-// A thread inherits what is blocked where it is made.
+// A new thread inherits the signal mask of its creator.
 class SignalsBlocked {
 public:
     SignalsBlocked() {
@@ -25,7 +26,7 @@ private:
     sigset_t before{};
 };
 
-// Throws where there is no thread to be had; the caller's signals are as before then, too.
+// Throws if the thread cannot start; the caller's signal mask is restored in that case too.
 template <typename Function>
 std::thread threadWithoutSignals(Function function) {
     const SignalsBlocked here;

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// The clock of the kernel's events.
+// The kernel's event timestamps use this clock.
 double monotonicNow() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch())
         .count();
@@ -45,8 +45,8 @@ std::unique_ptr<PadConnection> Touchpad::stop() {
     return std::move(connection);
 }
 
-// A callback may stop this touchpad and even start it again. The connection that is being read then
-// is another one or none, and the reading ends.
+// A callback may stop this touchpad and even start it again. The connection then differs from the
+// one that is being read, and reading ends.
 void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     PadConnection* const reading = connection.get();
     reading->fresh = false;

@@ -1,5 +1,5 @@
-// One device record: a touchpad that was there when the list was made. It keeps its place while the
-// touchpad is away, and reports again when it has returned.
+// One device record: a touchpad that was present when the list was made. The record stays while the
+// touchpad is unplugged and reports again after its return.
 //
 //   idle ──start──▶ connected ──unplugged──▶ waiting ──returned──▶ connected …
 //     ▲                         access lost             access given
@@ -7,7 +7,7 @@
 //
 // Thread:  under the driver's lock; read() on the reader's thread.
 // Owner:   TouchpadDriver, for the life of the process: the record's address is the device.
-// Errors:  none; a touchpad that cannot be opened is waited for.
+// Errors:  none; the driver waits for a touchpad that cannot be opened.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -23,7 +23,7 @@
 
 namespace glidemap {
 
-// A touchpad while it is open. Kept until the reader is done with it, even if it was stopped
+// An open touchpad. It lives until the reader has finished with it, even if it was stopped
 // meanwhile.
 struct PadConnection {
     PadConnection(std::string itsNode, std::unique_ptr<OpenPad> openPad, driver::Device device,
@@ -51,7 +51,7 @@ public:
     bool mayHaveReturned() const { return isWaiting() && !broken; }
     PadConnection* connected() const { return connection.get(); }
 
-    // The node at which it was seen last; empty before that.
+    // The node at which the touchpad was last seen; empty if it was never seen.
     const std::string& lastNode() const { return node; }
     void seeAt(const std::string& newNode) { node = newNode; }
 
@@ -61,16 +61,16 @@ public:
     void start();
     void connect(std::unique_ptr<PadConnection> newConnection);
 
-    // One that was there but could not be read is left alone until then: trying again and again
-    // would not let the machine rest.
+    // A connected touchpad that failed to read is not retried until this call, because constant
+    // retries would keep the machine busy.
     void somethingHasChanged() { broken = false; }
 
-    // The system has the touchpad back when this returns. The connection is handed over: its reader
-    // may be in the middle of it.
+    // Gives the touchpad back before it returns. The caller receives the connection, because the
+    // reader may be using it.
     std::unique_ptr<PadConnection> stop();
 
-    // Reports everything that can be read without waiting, until a callback stops this touchpad or
-    // it is lost. Needs a connection.
+    // Reports all pending events, until a callback stops this touchpad or the touchpad is lost.
+    // Requires a connection.
     void read(const driver::ButtonCallback& buttonCallback);
 
     // Closes the touchpad, which this user may not read any more, as if it were unplugged. Needs a

@@ -61,7 +61,7 @@ std::vector<driver::Device> TouchpadDriver::createList() {
     return list;
 }
 
-// The record that reads this node; else one of the same touchpad; else a new one.
+// Returns the record that reads this node, a free record with the same identity, or a new record.
 Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
                                     const std::vector<driver::Device>& taken) {
     for (const auto& touchpad : touchpads) {
@@ -145,7 +145,7 @@ void TouchpadDriver::switchClickFilter(bool on) {
     clicks.switchOn(on);
 }
 
-// Without the driver's lock, which a thread that hangs may hold.
+// Does not take the driver's lock, which a hanging thread may hold.
 void TouchpadDriver::pause() {
     clicks.watchdog().pause();
 }
@@ -154,7 +154,7 @@ void TouchpadDriver::goOn() {
     clicks.watchdog().goOn();
 }
 
-// Opened before this returns: what is touched from now on is reported.
+// Opens the touchpad before it returns, so that all later touches are reported.
 void TouchpadDriver::start(driver::Device device) {
     const Lock lock(mutex);
     Touchpad* touchpad = find(device);
@@ -163,8 +163,8 @@ void TouchpadDriver::start(driver::Device device) {
     }
     touchpad->start();
     connect(*touchpad);
-    clicks.watchdog().progress(); // the reader may wait for as long as all of them take
-    lookAgain = true;             // at what is on it already, or for it
+    clicks.watchdog().progress(); // the reader may wait while several touchpads are opened
+    lookAgain = true;             // for the contacts that are on it, or for its return
     launchReader();
     wakeReader();
 }
@@ -202,7 +202,7 @@ bool TouchpadDriver::isOpen(const std::string& node) const {
     });
 }
 
-// Where it was seen last; else wherever it is now.
+// Tries the node where the touchpad was last seen, then every other node.
 void TouchpadDriver::connect(Touchpad& touchpad) {
     if (!touchpad.lastNode().empty()) {
         const auto known = directory->candidateAt(touchpad.lastNode());
@@ -217,8 +217,8 @@ void TouchpadDriver::connect(Touchpad& touchpad) {
     }
 }
 
-// Two touchpads of the same make may have the same identity: a node that is read already is not the
-// one that is missing.
+// Two touchpads of the same model may have the same identity, so a node that is already open cannot
+// be the missing touchpad.
 bool TouchpadDriver::connectAt(Touchpad& touchpad, const PadCandidate& candidate) {
     if (candidate.identity != touchpad.identity() || isOpen(candidate.node)) {
         return false;
@@ -240,9 +240,9 @@ void TouchpadDriver::launchReader() {
         return;
     }
     if (reader.joinable()) {
-        reader.join(); // it has ended by itself, after a callback stopped the last touchpad
+        reader.join(); // it ended after a callback had stopped the last touchpad
     }
-    reader = threadWithoutSignals([this] { runReader(); }); // which waits for our lock
+    reader = threadWithoutSignals([this] { runReader(); }); // waits for the lock
     readerRuns = true;
 }
 
@@ -253,7 +253,7 @@ void TouchpadDriver::wakeReader() const {
 void TouchpadDriver::runReader() {
     pthread_setname_np(pthread_self(), "glidemap-evdev");
     for (;;) {
-        clicks.watchdog().work(); // waiting for the lock is part of it
+        clicks.watchdog().work(); // waiting for the lock is part of the work
         {
             const Lock lock(mutex);
             serve();
@@ -273,7 +273,7 @@ void TouchpadDriver::runReader() {
     }
 }
 
-// With a deadline while a clone is new or about to go, and only then.
+// Uses a deadline only while a clone is new or about to be removed.
 void TouchpadDriver::waitForWork() {
     timespec left{};
     if (wakeAt.has_value()) {
@@ -290,14 +290,14 @@ void TouchpadDriver::serve() {
     readReady();
     const bool stalled = clicks.noticeStall();
     if (clicks.takeChange() || stalled) {
-        readConnected(); // which takes them or gives them back
+        readConnected(); // grabs them or gives them back
     } else {
         readDue();
     }
     clonesChanged = false;
     while (lookAgain) {
         lookAgain = false;
-        updateWatch(); // before looking, so that no return falls between the two
+        updateWatch(); // first, so that no return is missed between the two calls
         reconnect();
         readFresh();
     }
@@ -344,7 +344,7 @@ void TouchpadDriver::readReady() {
 void TouchpadDriver::read(Touchpad& touchpad) {
     if (touchpad.connected() != nullptr) {
         touchpad.read(buttonCallback);
-        clicks.watchdog().progress(); // however many there are
+        clicks.watchdog().progress(); // for each touchpad, however many are open
         lookAgain = lookAgain || touchpad.mayHaveReturned();
     }
 }
@@ -366,7 +366,7 @@ void TouchpadDriver::readConnected() {
     }
 }
 
-// Those whose clone may be ready by now, or has to go.
+// Serves the touchpads whose clone may be ready or must be removed.
 void TouchpadDriver::readDue() {
     const auto now = clicks.now();
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
@@ -412,7 +412,7 @@ void TouchpadDriver::updateWatch() {
     }
 }
 
-// All of them among what is found once.
+// Searches the system once for all missing touchpads.
 void TouchpadDriver::reconnect() {
     if (std::ranges::none_of(touchpads, &Touchpad::mayHaveReturned, record)) {
         return;
@@ -430,7 +430,7 @@ void TouchpadDriver::reconnect() {
 void TouchpadDriver::collectDescriptors() {
     descriptors.clear();
     polled.clear();
-    addDescriptor(wakeUp.descriptor(), nullptr); // first: wakeUpIndex
+    addDescriptor(wakeUp.descriptor(), nullptr); // at wakeUpIndex
     const std::array<int, 2> watched =
         returnWatch != nullptr ? returnWatch->descriptors() : std::array{-1, -1};
     for (const int descriptor : watched) {
@@ -451,7 +451,7 @@ void TouchpadDriver::collectDescriptors() {
 }
 
 void TouchpadDriver::addDescriptor(int descriptor, Touchpad* touchpad) {
-    descriptors.push_back({descriptor, POLLIN, 0}); // a negative one is never ready
+    descriptors.push_back({descriptor, POLLIN, 0}); // poll() ignores a negative descriptor
     polled.push_back(touchpad);
 }
 

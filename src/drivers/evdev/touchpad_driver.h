@@ -1,19 +1,20 @@
 // All touchpads and the one thread that reads them.
 //
 //   caller                                 reader thread (while a touchpad is started)
-//   createList  ─ finds the touchpads      sleeps until a touchpad has events, one that waits may
+//   createList  ─ finds the touchpads      sleeps until a touchpad has events, a missing one may
 //   start, stop ─ wakes the reader ──────▶ have returned, or it is woken; on a time-out for a clone only
 //                                          └▶ contact callback, button callback, click filter,
-//                                             then the touchpad's clone is told
+//                                             then the touchpad's clone is written
 //
-// While a touchpad is away, and only then, the reader also watches for its return. While a clone
-// is new, and for a second after it was wanted, the reader also wakes for that.
+// Only while a touchpad is missing, the reader also watches for its return. While a clone is new,
+// and for a second after it was last wanted, the reader also wakes for that clone.
 //
-// Thread:  any; the public functions may be called from within a callback. They wait for a callback
-//          that is under way on the reader's thread, so that none comes after stop() has returned.
-//          start() and stop() do not overlap on two threads.
+// Thread:  any; the public functions may be called from within a callback. On other threads they
+//          wait for a callback that is running on the reader's thread, so that no callback starts
+//          after stop() has returned. start() and stop() must not overlap on two threads.
 // Owner:   the process.
-// Errors:  a touchpad that cannot be opened is not in the list, or is waited for once started.
+// Errors:  a touchpad that cannot be opened is not in the list; once started, the driver waits for
+//          it.
 #pragma once
 
 #include "core/open_file.h"
@@ -43,7 +44,7 @@ public:
     TouchpadDriver(const TouchpadDriver&) = delete;
     TouchpadDriver& operator=(const TouchpadDriver&) = delete;
 
-    // Stops every touchpad. Not to be called from within a callback.
+    // Stops every touchpad. Must not be called from within a callback.
     ~TouchpadDriver();
 
     // The touchpads that are there and can be read. A touchpad is the same device in every list.
@@ -51,10 +52,11 @@ public:
     std::vector<driver::Device> createList();
     std::int32_t unreadableCount() const;
 
-    // Null for what is no device.
+    // Returns null if the device does not exist.
     const char* name(driver::Device device) const;
 
-    // Why the clicks of a touchpad are not filtered although they should be. Null if they may be.
+    // Returns why the touchpad's clicks are not filtered although the filter is on; null if nothing
+    // prevents it.
     const char* filterObstacle(driver::Device device) const;
 
     void addCallback(driver::Device device, driver::ContactCallback callback);
@@ -62,15 +64,16 @@ public:
     void setButtonCallback(driver::ButtonCallback callback);
     void setClickFilter(driver::FilterClick filter, void* context);
     void switchClickFilter(bool on);
-    // The process is about to be stopped: every touchpad is given back at once, whatever the other
-    // threads do. When it goes on, all is as after a stall: the filter may switch itself on again.
+    // The process is about to be stopped. Gives back all touchpads at once, even if another thread
+    // hangs. When the process continues, the state is that after a stall: the filter may switch
+    // itself on again.
     void pause();
     void goOn();
     void start(driver::Device device);
     void stop(driver::Device device);
 
 private:
-    // The reader holds it while it reports, and a callback may come back to us.
+    // Recursive, because the reader holds it while it reports and a callback may call the driver.
     using Lock = std::unique_lock<std::recursive_mutex>;
 
     Touchpad* find(driver::Device device) const;
@@ -107,17 +110,17 @@ private:
     std::vector<std::unique_ptr<Touchpad>> touchpads;
     std::int32_t unreadable = 0;
     driver::ButtonCallback buttonCallback = nullptr;
-    std::vector<std::unique_ptr<PadConnection>> retired; // closed where they are read
+    std::vector<std::unique_ptr<PadConnection>> retired; // closed on the reader's thread
     std::thread reader;
     bool readerRuns = false;
-    bool lookAgain = false; // a touchpad may have returned, or was opened and not yet read
+    bool lookAgain = false; // a touchpad may have returned, or was opened but not read
     bool clonesChanged = false;
 
-    // The reader's own.
+    // Used on the reader's thread only.
     std::unique_ptr<ReturnWatch> returnWatch;
     std::vector<pollfd> descriptors;
-    std::vector<Touchpad*> polled; // whose descriptor it is; null for the others
-    std::size_t firstOfClones = 0; // of the descriptors: those of the clone watch
+    std::vector<Touchpad*> polled; // by descriptor; null if it is not a touchpad's
+    std::size_t firstOfClones = 0; // index of the clone watch's first descriptor
     std::optional<ClickInterception::Moment> wakeAt;
 };
 

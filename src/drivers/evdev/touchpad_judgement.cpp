@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-// A touchpad's properties belong to the input device, the parent of the event node.
+// The touchpad's properties belong to the input device, the parent of the event node.
 udev_device* inputDeviceOf(udev_device* event) {
     return udev_device_get_parent_with_subsystem_devtype(event, "input", nullptr);
 }
@@ -32,8 +32,9 @@ bool isCalledTouchpad(udev_device* event) {
 
 } // namespace
 
-// Slots with tracking ids under an indirect surface: neither a touchscreen nor a pad that cannot
-// tell fingers apart. Every touchpad driver of a kernel that is still in use sets the property.
+// A touchpad has slots with tracking ids and INPUT_PROP_POINTER. A touchscreen lacks the property,
+// and a pad that cannot track fingers lacks the slots. The touchpad drivers of all kernels still in
+// use set the property.
 const char* reasonNotToUse(udev_device* event) {
     if (udev_device_get_devnode(event) == nullptr || inputDeviceOf(event) == nullptr) {
         return "it has no event node";

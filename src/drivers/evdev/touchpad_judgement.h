@@ -1,22 +1,23 @@
-// Whether the driver uses an event device, by what udev and sysfs say of it. No device is opened.
+// Decides whether the driver uses an event device, from udev and sysfs, without opening any device.
 //
 // Thread:  any.
 // Owner:   the texts are constants.
-// Errors:  none; a device that says nothing of itself is not used.
+// Errors:  none; a device without properties is not used.
 #pragma once
 
 struct udev_device;
 
 namespace glidemap {
 
-// Why the driver does not use this event device, for people; null if it does. Whether this user may
-// read it is another question.
+// Returns why the driver does not use this event device, in words for people; null if it does.
+// Ignores whether this user may read it.
 const char* reasonNotToUse(udev_device* event);
 
-// It has the touch axes of a touchpad or udev calls it one: a user may expect it to be used.
+// True if it has a touchpad's axes or udev tags it as a touchpad: a user may expect the driver to
+// use it.
 bool isLikeATouchpad(udev_device* event);
 
-// A clone that stands in for a touchpad, of this process or of another one.
+// True for a clone of a touchpad, made by this process or another one.
 bool isClone(udev_device* event);
 
 } // namespace glidemap

@@ -1,6 +1,6 @@
-// Which devices udev calls touchpads, by the properties that the access rule in packaging/udev goes
-// by: a node that touchpad and keyboard share is neither opened nor grabbed, because whatever is
-// typed on it could be read.
+// Decides which devices are touchpads, by the udev properties that the access rule in
+// packaging/udev uses. The driver neither opens nor grabs a node that a touchpad shares with a
+// keyboard, because it could then read the keys.
 //
 // Thread:  any, one at a time for a device.
 // Errors:  none; a device without properties is no touchpad.

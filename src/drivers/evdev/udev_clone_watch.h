@@ -1,12 +1,13 @@
-// Follows what udev and other programs make of clones: udev's own messages say that it has finished
-// with one, and the changes of /dev/input say that a program opens or closes its node. The kernel
-// reports the latter to everybody who may list the folder; it does not report which program it was.
+// Follows what udev and other programs do with clones. udev's messages report that it has
+// initialised a clone, and inotify on /dev/input reports that a program opens or closes its node.
+// The kernel sends these changes to every user who may list the folder, without the program's
+// identity.
 //
-// udev's older records are not read: a number may have belonged to another device, whose
-// record udev has not removed yet.
+// udev's older records are not read: the number may have belonged to another device, whose record
+// udev has not removed yet.
 //
 // Thread:  the reader's.
-// Errors:  none; without a view of the folder it is not known whether a clone is open.
+// Errors:  none; if the folder cannot be watched, it is unknown whether a clone is open.
 #pragma once
 
 #include "core/open_file.h"
@@ -41,8 +42,8 @@ private:
     OpenFile nodeChanges;
     bool seesOpening = false;
 
-    std::set<std::string> announced;  // where sysfs has the nodes
-    std::map<std::string, int> opens; // by the node's name: how many times it is open
+    std::set<std::string> announced;  // sysfs paths of the nodes
+    std::map<std::string, int> opens; // by node name: the number of times that it is open
 };
 
 } // namespace glidemap

@@ -78,7 +78,7 @@ std::vector<PadCandidate> UdevDirectory::candidates() {
             found.push_back(std::move(*each));
         }
     }
-    // In the order in which the kernel numbers them, so that the list is the same every time.
+    // Sorted by the kernel's number, so that the order is the same every time.
     std::ranges::sort(found, {}, &NumberedCandidate::number);
     std::vector<PadCandidate> result;
     result.reserve(found.size());

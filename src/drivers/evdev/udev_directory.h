@@ -1,5 +1,4 @@
-// Finds touchpads as udev and sysfs know them, which anyone may ask and no touchpad has to be
-// opened for.
+// Finds touchpads through udev and sysfs, which every user may read, without opening a touchpad.
 //
 // Thread:  one at a time.
 // Errors:  none; without udev there are no touchpads.

@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* uinputNode = "/dev/uinput";
 
-// "may read it" or "may not read it (mode 0660, group input)".
+// Returns "may read it" or "may not read it (mode 0660, group input)".
 std::string access(const char* node, int mode, const std::string& verb) {
     if (faccessat(AT_FDCWD, node, mode, AT_EACCESS) == 0) {
         return "this user may " + verb + " it";

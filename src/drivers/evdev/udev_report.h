@@ -1,8 +1,8 @@
-// Describes the devices that resemble touchpads, as udev knows them, in lines for people. Serial numbers and
-// addresses, which udev knows too, stay out: the lines are made to be published.
+// Describes the devices that resemble touchpads, as udev knows them, in lines for people. The lines
+// omit serial numbers and addresses, because users publish them.
 //
-// Thread:  any. No device is opened but for writing to uinput, which makes none.
-// Errors:  a line that says so.
+// Thread:  any. Opens no device except uinput, for writing, and creates no device.
+// Errors:  reported as a line.
 #pragma once
 
 #include <string>

@@ -24,8 +24,8 @@ UdevWatch::UdevWatch() : context(udev_new()), nodeChanges(inotify_init1(IN_NONBL
     watchNodes();
 }
 
-// The folder goes with its last node and comes with its first, so it is asked for again each time;
-// where it is watched already this changes nothing.
+// /dev/input disappears with its last node and reappears with its first, so the watch is added each
+// time. If the folder is already watched, this has no effect.
 void UdevWatch::watchNodes() {
     if (nodeChanges) {
         inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);

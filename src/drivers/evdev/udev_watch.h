@@ -1,9 +1,9 @@
-// Becomes readable when a touchpad may have come back: udev has finished with an input device, or
-// the access rights of a node have changed. The second may be long after the first: the node is
-// there before the seated user may read it, and a change of session changes the rights alone.
+// Becomes readable when a touchpad may have returned: udev has initialised an input device, or a
+// node's access rights have changed. The rights may change long after the node appears: the seated
+// user gets access later, and a switch of session changes only the rights.
 //
 // Thread:  the reader's.
-// Errors:  none; what cannot be watched is not.
+// Errors:  none; a source that cannot be watched is ignored.
 #pragma once
 
 #include "core/open_file.h"

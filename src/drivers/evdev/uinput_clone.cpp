@@ -26,13 +26,13 @@ namespace {
 
 constexpr const char* uinputNode = "/dev/uinput";
 
-// Where sysfs has what uinput makes.
+// sysfs lists uinput's devices here.
 constexpr const char* deviceFolder = "/sys/devices/virtual/input";
 
-// Real devices name a bus and a port.
+// Identifies clones: a real device's physical path names a bus and a port.
 constexpr std::string_view clonePath = "glidemap/clone/";
 
-// More than any touchpad says at once.
+// Larger than any touchpad's frame.
 constexpr std::size_t largeFrame = 256;
 
 OpenFile openUinput() {
@@ -43,7 +43,7 @@ bool has(const libevdev* source, unsigned type, unsigned code) {
     return libevdev_has_event_code(source, type, code) != 0;
 }
 
-// Every code of the type that the source has.
+// Enables every code of the type that the source has.
 bool declareCodes(int file, const libevdev* source, unsigned type, unsigned long request) {
     if (libevdev_has_event_type(source, type) == 0) {
         return true;
@@ -59,7 +59,7 @@ bool declareCodes(int file, const libevdev* source, unsigned type, unsigned long
     return true;
 }
 
-// The device that the source's descriptor belongs to, as udev knows it.
+// Returns udev's device for the source's descriptor.
 UdevHandle<udev_device> udevDeviceOf(udev* context, const libevdev* source) {
     struct stat status {};
     if (context == nullptr || fstat(libevdev_get_fd(source), &status) != 0) {
@@ -68,17 +68,18 @@ UdevHandle<udev_device> udevDeviceOf(udev* context, const libevdev* source) {
     return UdevHandle<udev_device>(udev_device_new_from_devnum(context, 'c', status.st_rdev));
 }
 
-// udev puts every device that uinput makes on the first seat.
+// udev assigns every device of uinput to the first seat.
 bool isOnFirstSeat(udev_device* device) {
     const char* seat =
         device != nullptr ? udev_device_get_property_value(device, "ID_SEAT") : nullptr;
     return seat == nullptr || std::string_view(seat) == "seat0";
 }
 
-// What the axis jitters by. The kernel takes that out of what a device says, and it has done so
-// when the source spoke: doing it again would thin out the motion, so the clone has none. Where
-// libinput is at home it does that itself, to every device, and the kernel's value has moved into a
-// property of udev's; the clone then starts with that value, for the same to happen to it.
+// The fuzz value of the axis. The kernel filters a device's events by it, and it has already
+// filtered the source's. Filtering again would thin out the motion, so the clone has no fuzz. Where
+// libinput's udev rules are installed, libinput filters every device itself, and a udev property
+// holds the kernel's original value. The clone then starts with that value, so that libinput
+// filters it in the same way.
 std::int32_t fuzzOf(udev_device* device, unsigned code) {
     std::array<char, 32> property{};
     std::snprintf(property.data(), property.size(), "LIBINPUT_FUZZ_%02x", code);
@@ -87,7 +88,8 @@ std::int32_t fuzzOf(udev_device* device, unsigned code) {
     return value != nullptr ? static_cast<std::int32_t>(std::strtol(value, nullptr, 10)) : 0;
 }
 
-// The source's, and one by which the clone can call a finger a palm, whether the source can or not.
+// Copies the source's axis. Adds the tool type if the source lacks it, because the clone must be
+// able to report palms.
 std::optional<input_absinfo> axisOf(const libevdev* source, unsigned code) {
     const input_absinfo* info = libevdev_get_abs_info(source, code);
     if (info == nullptr && code != ABS_MT_TOOL_TYPE) {
@@ -112,7 +114,7 @@ bool declareAxes(int file, const libevdev* source, udev_device* device) {
         uinput_abs_setup setup{};
         setup.code = static_cast<__u16>(code);
         setup.absinfo = *axis;
-        setup.absinfo.value = 0; // as CloneWriter takes it to be
+        setup.absinfo.value = 0; // the initial value that CloneWriter expects
         setup.absinfo.fuzz = fuzzOf(device, code);
         if (ioctl(file, UI_ABS_SETUP, &setup) != 0) {
             return false;
@@ -151,8 +153,8 @@ bool declare(int file, const libevdev* source, udev_device* device) {
            declareProperties(file, source) && declareIdentity(file, source);
 }
 
-// With the time of the source's event: the kernel hands that on to those who read the clone. It
-// takes its own where there is none.
+// Keeps the time of the source's event, which the kernel passes on to the clone's readers. If the
+// time is 0, the kernel stamps the event.
 input_event kernelEvent(const InputEvent& event) {
     constexpr long long microseconds = 1000000;
     const long long time = std::llround(event.time * 1e6);
@@ -195,7 +197,7 @@ UinputClone::~UinputClone() {
     destroy();
 }
 
-// The node is there as soon as the device is, or it never is: then the kernel has no number left.
+// The node exists as soon as the device does. If the kernel has no free number, it never exists.
 std::string UinputClone::place() const {
     std::array<char, 64> name{};
     if (ioctl(file.descriptor(), UI_GET_SYSNAME(name.size() - 1), name.data()) < 0) {
@@ -212,7 +214,7 @@ std::string UinputClone::place() const {
     return {};
 }
 
-// In one piece: a frame is never seen in halves, and costs one call.
+// One write for the whole frame, so that readers never see half of it.
 bool UinputClone::write(std::span<const InputEvent> frame) {
     buffer.clear();
     for (const InputEvent& event : frame) {

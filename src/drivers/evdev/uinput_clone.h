@@ -1,10 +1,9 @@
-// A second touchpad that is like the first in everything that others go by: identity, name,
-// properties, keys and axes. What tells the two apart is where the clone says that it is connected,
-// and that a clone can always call a finger a palm.
+// A uinput copy of a touchpad with the same identity, name, properties, keys and axes. It differs
+// in its physical path and in that it can always report palms.
 //
 // Thread:  as PadClone.
-// Errors:  as values; null for want of the right to make devices, and for a touchpad of another seat
-//          than the first, because a clone always belongs to that one.
+// Errors:  as values; null if this user may not create devices. Also null for a touchpad of another
+//          seat than the first, because udev assigns every clone to the first.
 #pragma once
 
 #include "core/open_file.h"
@@ -25,10 +24,11 @@ class UinputClone : public PadClone {
 public:
     static std::unique_ptr<PadClone> make(const libevdev& source);
 
-    // Whether this user may make devices.
+    // Returns whether this user may create devices.
     static bool isPossible();
 
-    // Whether what is connected there is a clone, of this process or of another one.
+    // Returns whether the device with this physical path is a clone, made by this process or
+    // another one.
     static bool isCloneAt(std::string_view physicalPath);
 
     ~UinputClone() override;

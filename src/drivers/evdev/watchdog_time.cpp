@@ -21,7 +21,7 @@ public:
 } // namespace
 
 WatchdogTime& steadyWatchdogTime() {
-    static auto* const time = new SteadyTime; // threads may outlive the end of the program
+    static auto* const time = new SteadyTime; // threads may outlive the program's static objects
     return *time;
 }
 

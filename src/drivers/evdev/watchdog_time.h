@@ -1,4 +1,4 @@
-// Port: the time by which the watchdog waits. Tests bring one that stands still until it is moved.
+// Port: the watchdog's clock and wait. Tests provide a clock that advances only on command.
 //
 // Thread:  now() on any; wait() on the watchdog's.
 #pragma once
@@ -21,12 +21,12 @@ public:
 
     virtual Moment now() const = 0;
 
-    // Until that moment, if there is one, until the condition is notified, or for no reason.
+    // Waits until that moment, if it is set, until a notification, or until a spurious wake-up.
     virtual void wait(std::condition_variable& condition, std::unique_lock<std::mutex>& lock,
                       std::optional<Moment> until) = 0;
 };
 
-// The monotonic clock, which stands still while the machine sleeps.
+// The monotonic clock, which stops while the machine is suspended.
 WatchdogTime& steadyWatchdogTime();
 
 } // namespace glidemap

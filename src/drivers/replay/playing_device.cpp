@@ -14,17 +14,17 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// An ordinary interval between two reports of a pad: when fingers that a recording leaves on it are
-// lifted.
+// An ordinary interval between two reports of a pad. Fingers that a recording leaves on the pad are
+// lifted after it.
 constexpr double reportInterval = 0.008;
 
-// Longer than any gesture waits for its second half, so that the end of a pass and the beginning of
-// the next are not taken for one gesture.
+// Longer than the longest wait for a gesture's second half. So the end of a pass and the beginning
+// of the next do not form one gesture.
 constexpr double pauseBetweenPasses = 1;
 
-// A recording's times may be anything. This is longer than anybody waits, and the clock can still
-// express it.
-constexpr double longestPlaying = 1e9;
+// A recording may contain any times. This bound is longer than any real recording, and the clock
+// can express it.
+constexpr double maxPlayingTime = 1e9;
 
 double seconds(Clock::time_point time) {
     return std::chrono::duration<double>(time.time_since_epoch()).count();
@@ -36,7 +36,7 @@ Clock::duration clockDuration(double duration) {
 
 } // namespace
 
-// One playing, from start to stop.
+// One playback, from start to stop.
 class PlayingDevice::Run : public std::enable_shared_from_this<Run> {
 public:
     explicit Run(PlayingDevice& played) : device(played) {}
@@ -58,7 +58,7 @@ private:
 
     PlayingDevice& device;
     const Clock::time_point startTime = Clock::now();
-    double elapsed = 0; // since the start, of what is to be delivered next
+    double elapsed = 0; // since the start, of the next record
     bool isTouching = false;
     std::vector<std::int32_t> heldButtons;
     std::vector<MTTouch> touches;
@@ -91,7 +91,7 @@ void PlayingDevice::Run::play() {
     }
 }
 
-// Answers whether the pass came to its end.
+// Returns whether the pass was played completely.
 bool PlayingDevice::Run::playPass() {
     double last = timeOf(device.records.front());
     for (const Record& record : device.records) {
@@ -109,7 +109,7 @@ bool PlayingDevice::Run::playPass() {
 }
 
 void PlayingDevice::Run::advance(double interval) {
-    elapsed = std::min(elapsed + std::max(interval, 0.0), longestPlaying);
+    elapsed = std::min(elapsed + std::max(interval, 0.0), maxPlayingTime);
 }
 
 bool PlayingDevice::Run::waitUntilDue() {
@@ -135,7 +135,7 @@ void PlayingDevice::Run::deliver(const Record& record) {
     }
 }
 
-// A pass leaves nothing on the pad and no button down.
+// Lifts all contacts and buttons at the end of a pass.
 bool PlayingDevice::Run::letGo() {
     if (!isTouching && heldButtons.empty()) {
         return true;
@@ -158,7 +158,7 @@ PlayingDevice::PlayingDevice(std::vector<Record> recorded, Repetition howOften)
     : records(std::move(recorded)), repetition(howOften) {}
 
 void PlayingDevice::start() {
-    const Gate gate = closeGate(); // nothing is delivered before the run knows its own thread
+    const Gate gate = closeGate(); // delivers no record before `thread` is set
     if (current == nullptr) {
         current = std::make_shared<Run>(*this);
         current->begin();
@@ -168,7 +168,7 @@ void PlayingDevice::start() {
 void PlayingDevice::stop() {
     std::shared_ptr<Run> stopped;
     {
-        const Gate gate = closeGate(); // waits for a callback that is under way
+        const Gate gate = closeGate(); // waits for a running callback
         stopped = std::exchange(current, nullptr);
     }
     if (stopped != nullptr) {

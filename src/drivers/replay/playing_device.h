@@ -1,12 +1,11 @@
-// Plays a recording in real time, as if its fingers were on a pad now.
+// Plays a recording in real time, as if its fingers touched a pad now.
 //
-//   one pass:  first record ──▶ … ──▶ last record ──▶ whatever is still held is let go
+//   one pass:  first record ──▶ … ──▶ last record ──▶ lifts all contacts and buttons
 //   looping:   pass ── a pause ──▶ pass ── a pause ──▶ …
 //
 // Units:   timestamps are seconds of the steady clock: the start of playing plus the time since the
-// first record. They
-//          never go backwards, even where the recording's do.
-// Thread:  one for each time it is started; callbacks are called on it.
+//          first record. They never go backwards, even if the recording's do.
+// Thread:  its own for each start(); callbacks are called on it.
 // Errors:  none.
 #pragma once
 
@@ -27,8 +26,8 @@ class PlayingDevice : public ReplayDevice {
 public:
     PlayingDevice(std::vector<Record> records, Repetition repetition);
 
-    // Plays from the first record. Does nothing while it plays, or has played to the end and was
-    // not stopped.
+    // Plays from the first record. Does nothing while it plays, or if it has played to the end and
+    // was not stopped.
     void start() override;
     void stop() override;
 

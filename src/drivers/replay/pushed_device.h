@@ -1,6 +1,6 @@
-// A device without a recording: whoever keeps the time pushes its reports.
+// A device without a recording: the caller pushes its reports and keeps the time.
 //
-// Thread:  reports are delivered on the caller's own.
+// Thread:  delivers reports on the caller's thread.
 #pragma once
 
 #include "drivers/replay/replay_device.h"

@@ -32,7 +32,7 @@ void ReplayDevice::setButtonCallback(driver::ButtonCallback function) {
 }
 
 void ReplayDevice::report(const MTTouch* records, std::int32_t count, double timestamp) {
-    // Counts on after the largest number, as the frame numbers of a pad would.
+    // Wraps after the largest number, as the frame numbers of a pad do.
     frame = static_cast<std::int32_t>(static_cast<std::uint32_t>(frame) + 1);
     if (callback != nullptr) {
         callback(this, records, count, timestamp, frame);

@@ -1,10 +1,9 @@
-// A device of the replay driver, and the one gate through which its reports and buttons reach the
-// program.
+// A device of the replay driver. Its reports and buttons reach the program through its gate, one at
+// a time.
 //
-// Thread:  started and stopped on any thread, also from within a callback; reports arrive on one
-// thread at a time.
-//          The gate's lock is held during a callback: that is how stopping waits for one that is
-//          under way.
+// Thread:  start() and stop() on any thread, also from within a callback; reports arrive on one
+//          thread at a time. The gate's lock is held during a callback, so stop() waits for a
+//          running callback.
 // Owner:   the driver, for as long as the process lives.
 // Errors:  none.
 #pragma once
@@ -27,13 +26,13 @@ public:
     void unregisterCallback(driver::ContactCallback function);
     bool isRegistered();
 
-    // Of every device.
+    // Applies to every device.
     static void setButtonCallback(driver::ButtonCallback function);
 
     virtual void start() = 0;
 
-    // Once this has returned no callback is called any more, unless this was called from within
-    // one.
+    // Once this has returned, no callback is called any more, unless the call came from within a
+    // callback.
     virtual void stop() = 0;
 
 protected:
@@ -42,7 +41,7 @@ protected:
 
     Gate closeGate() { return Gate(mutex); }
 
-    // Both only with the gate closed.
+    // Both require the closed gate.
     void report(const MTTouch* records, std::int32_t count, double timestamp);
     void reportButton(std::int32_t button, bool down, double timestamp);
 

@@ -18,8 +18,7 @@ using replay::ReplayDevice;
 
 using List = std::vector<std::unique_ptr<ReplayDevice>>;
 
-// Lists and devices are valid until the process ends, even while it ends: nothing of this is ever
-// destroyed.
+// Lists and devices are never destroyed, so they stay valid even while the process exits.
 std::vector<std::unique_ptr<List>>& lists() {
     static auto& instance = *new std::vector<std::unique_ptr<List>>();
     return instance;
@@ -50,7 +49,8 @@ ReplayDevice* replayDevice(driver::Device device) {
 
 #define GLIDEMAP_EXPORT extern "C" [[gnu::visibility("default")]]
 
-// A program that looks for new devices while it plays the recording must not hear it twice.
+// A program that looks for new devices while it plays the recording must not start a second
+// playback.
 GLIDEMAP_EXPORT driver::DeviceList MTDeviceCreateList() {
     if (!lists().empty() && isPlayed(*lists().back())) {
         return lists().back().get();

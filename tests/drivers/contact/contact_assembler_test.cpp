@@ -17,7 +17,7 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-TEST(ContactAssembler, AContactMakesTouchThenTouchesThenLeavesInOneReport) {
+TEST(ContactAssembler, ContactMakesTouchThenTouchesThenLeavesInOneReport) {
     check({
         {"one finger",
          padWithSlots(5),
@@ -39,7 +39,7 @@ TEST(ContactAssembler, AContactMakesTouchThenTouchesThenLeavesInOneReport) {
          },
          {"1.00 1:make(0.10,0.90)", "1.01 1:touch(0.10,0.90) 2:make(0.20,0.90)",
           "1.02 1:left(0.10,0.90) 2:touch(0.20,0.90)", "1.03 2:left(0.20,0.90)"}},
-        {"identifiers are counted here, not in the kernel, and never come back",
+        {"identifiers are independent of the kernel's and never reused",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(65535).place(10, 10).sync().up().sync();
@@ -50,30 +50,30 @@ TEST(ContactAssembler, AContactMakesTouchThenTouchesThenLeavesInOneReport) {
     });
 }
 
-TEST(ContactAssembler, PositionsComeFromTheStateOfTheSlot) {
+TEST(ContactAssembler, PositionsComeFromTheSlotsState) {
     check({
-        {"a finger landing where its slot last was tells no position",
+        {"the kernel sends no position for a finger that lands at its slot's last one",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(40, 60).sync().up().sync();
              pad.down(2).sync();
          },
          {"1.00 1:make(0.40,0.40)", "1.01 1:left(0.40,0.40)", "1.02 2:make(0.40,0.40)"}},
-        {"a finger on the same row tells x only",
+        {"the kernel sends only x for a finger on the same row",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(40, 60).sync().up().sync();
              pad.down(2).absolute(ABS_MT_POSITION_X, 70).sync();
          },
          {"1.00 1:make(0.40,0.40)", "1.01 1:left(0.40,0.40)", "1.02 2:make(0.70,0.40)"}},
-        {"a slot without a contact may be moved, unseen",
+        {"moving a slot without a contact is not reported",
          padWithSlots(5),
          [](Pad& pad) {
              pad.place(30, 30).sync();
              pad.down(1).sync();
          },
          {"1.01 1:make(0.30,0.70)"}},
-        {"a contact leaves from where it was last reported",
+        {"a contact leaves from its last reported position",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(40, 60).sync();
@@ -83,7 +83,7 @@ TEST(ContactAssembler, PositionsComeFromTheStateOfTheSlot) {
     });
 }
 
-TEST(ContactAssembler, SlotsThatDoNotExistAreIgnored) {
+TEST(ContactAssembler, IgnoresInvalidSlots) {
     constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
     const auto contactIn = [](std::int32_t number) {
         return [number](Pad& pad) {
@@ -92,17 +92,17 @@ TEST(ContactAssembler, SlotsThatDoNotExistAreIgnored) {
     };
     check({
         {"the last slot exists", padWithSlots(2), contactIn(1), {"1.00 1:make(0.10,0.90)"}},
-        {"one beyond the last", padWithSlots(2), contactIn(2), {}},
-        {"a negative one", padWithSlots(2), contactIn(-1), {}},
+        {"the first invalid slot", padWithSlots(2), contactIn(2), {}},
+        {"a negative slot", padWithSlots(2), contactIn(-1), {}},
         {"far beyond", padWithSlots(2), contactIn(largest), {}},
         {"a pad without slots", padWithSlots(0), contactIn(0), {}},
-        {"a pad with fewer than none", padWithSlots(-3), contactIn(0), {}},
-        {"a pad that claims more slots than there can be, within what is believed of it",
+        {"a negative number of slots", padWithSlots(-3), contactIn(0), {}},
+        {"too many slots: the last slot within the limit",
          padWithSlots(largest),
          contactIn(255),
          {"1.00 1:make(0.10,0.90)"}},
         {"and beyond", padWithSlots(largest), contactIn(256), {}},
-        {"a contact is untouched by them",
+        {"an invalid slot does not affect a contact",
          padWithSlots(2),
          [](Pad& pad) {
              pad.down(1).place(10, 10).sync();
@@ -115,25 +115,28 @@ TEST(ContactAssembler, SlotsThatDoNotExistAreIgnored) {
 
 TEST(ContactAssembler, TrackingIdsBeginAndEndContacts) {
     check({
-        {"one ends and another begins in the same slot and frame: both are told",
+        {"a contact ends and another begins in the same slot and frame: reports both",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).sync();
              pad.up().down(2).place(80, 80).sync();
          },
          {"1.00 1:make(0.10,0.90)", "1.01 1:left(0.10,0.90) 2:make(0.80,0.20)"}},
-        {"an id over another one is the same contact",
+        {"a new id without an end between continues the contact",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).sync();
              pad.down(2).place(20, 10).sync();
          },
          {"1.00 1:make(0.10,0.90)", "1.01 1:touch(0.20,0.90)"}},
-        {"an id over another one and nothing else is nothing",
+        {"a new id without any other change is not reported",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).sync().down(2).sync(); },
          {"1.00 1:make(0.10,0.90)"}},
-        {"the end of nothing is nothing", padWithSlots(5), [](Pad& pad) { pad.up().sync(); }, {}},
+        {"an end without a contact is not reported",
+         padWithSlots(5),
+         [](Pad& pad) { pad.up().sync(); },
+         {}},
         {"a contact that was down before the recording stays absent",
          padWithSlots(5),
          [](Pad& pad) {
@@ -142,24 +145,24 @@ TEST(ContactAssembler, TrackingIdsBeginAndEndContacts) {
              pad.up().sync();
          },
          {}},
-        {"one that comes and goes between two synchronisations was never there",
+        {"a contact that begins and ends within a frame is not reported",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).up().sync().down(2).sync(); },
          {"1.01 1:make(0.10,0.90)"}},
-        {"one leaves, and another comes and goes, in one frame: the first is told",
+        {"a contact ends, and another begins and ends, in one frame: reports the first",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).sync().up().down(2).up().sync(); },
          {"1.00 1:make(0.10,0.90)", "1.01 1:left(0.10,0.90)"}},
     });
 }
 
-TEST(ContactAssembler, ReportsOnlyWhatChangedAContact) {
+TEST(ContactAssembler, ReportsOnlyFramesThatChangeAContact) {
     check({
         {"a synchronisation without events",
          padWithSlots(5),
          [](Pad& pad) { pad.sync().down(1).place(10, 10).sync().sync().sync(); },
          {"1.01 1:make(0.10,0.90)"}},
-        {"values that are what they were",
+        {"unchanged values",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).sync().place(10, 10).sync(); },
          {"1.00 1:make(0.10,0.90)"}},
@@ -170,14 +173,14 @@ TEST(ContactAssembler, ReportsOnlyWhatChangedAContact) {
              pad.absolute(ABS_X, 50).absolute(ABS_PRESSURE, 5).key(KEY_A, true).sync();
          },
          {"1.00 1:make(0.10,0.90)"}},
-        {"the size of a contact is part of it",
+        {"a change of size",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).sync();
              pad.absolute(ABS_MT_TOUCH_MAJOR, 5).sync();
          },
          {"1.00 1:make(0.10,0.90)", "1.01 1:touch(0.10,0.90)"}},
-        {"all contacts are in a report that one of them caused",
+        {"the report contains all contacts, also unchanged ones",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).slot(1).down(2).place(20, 20).sync();
@@ -188,7 +191,7 @@ TEST(ContactAssembler, ReportsOnlyWhatChangedAContact) {
     });
 }
 
-TEST(ContactAssembler, PalmsAndHoveringFingersArePresentButDoNotTouch) {
+TEST(ContactAssembler, PalmsAndHoveringFingersAreReportedAsHovering) {
     check({
         {"a finger becomes a palm and a finger again",
          padWithSlots(5),
@@ -201,21 +204,21 @@ TEST(ContactAssembler, PalmsAndHoveringFingersArePresentButDoNotTouch) {
          },
          {"1.00 1:make(0.10,0.90)", "1.01 1:hover(0.10,0.90)", "1.02 1:hover(0.11,0.90)",
           "1.03 1:make(0.11,0.90)", "1.04 1:touch(0.12,0.90)"}},
-        {"a palm from the start leaves as one",
+        {"a contact that is a palm from the start leaves",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).absolute(ABS_MT_TOOL_TYPE, MT_TOOL_PALM).place(10, 10).sync();
              pad.up().sync();
          },
          {"1.00 1:hover(0.10,0.90)", "1.01 1:left(0.10,0.90)"}},
-        {"at a distance",
+        {"a finger at a distance",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).absolute(ABS_MT_DISTANCE, 1).sync();
              pad.absolute(ABS_MT_DISTANCE, 0).sync();
          },
          {"1.00 1:hover(0.10,0.90)", "1.01 1:make(0.10,0.90)"}},
-        {"without pressure, on a pad that reports pressure",
+        {"a finger without pressure, on a pad that reports pressure",
          pressurePad(),
          [](Pad& pad) {
              pad.down(1).place(10, 10).sync();
@@ -223,14 +226,14 @@ TEST(ContactAssembler, PalmsAndHoveringFingersArePresentButDoNotTouch) {
              pad.absolute(ABS_MT_PRESSURE, 0).sync();
          },
          {"1.00 1:hover(0.10,0.90)", "1.01 1:make(0.10,0.90)", "1.02 1:hover(0.10,0.90)"}},
-        {"a pad that reports no pressure is not asked for it",
+        {"a finger on a pad that does not report pressure",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).absolute(ABS_MT_PRESSURE, 0).sync(); },
          {"1.00 1:make(0.10,0.90)"}},
     });
 }
 
-TEST(ContactAssembler, ButtonsComeWithTheFrameTheyBelongTo) {
+TEST(ContactAssembler, FrameContainsItsButtonChanges) {
     check({
         {"each button, without a contact",
          padWithSlots(5),
@@ -240,7 +243,7 @@ TEST(ContactAssembler, ButtonsComeWithTheFrameTheyBelongTo) {
              pad.key(BTN_MIDDLE, true).sync().sync();
          },
          {"button 0 down", "button 1 down", "button 0 up", "button 2 down"}},
-        {"after the contacts of the same moment",
+        {"after the contacts of the same frame",
          padWithSlots(5),
          [](Pad& pad) { pad.key(BTN_LEFT, true).down(1).place(10, 10).sync(); },
          {"1.00 1:make(0.10,0.90)", "button 0 down"}},
@@ -248,30 +251,30 @@ TEST(ContactAssembler, ButtonsComeWithTheFrameTheyBelongTo) {
          padWithSlots(5),
          [](Pad& pad) { pad.key(BTN_LEFT, true).key(BTN_LEFT, false).sync(); },
          {"button 0 down", "button 0 up"}},
-        {"a chattering button: what came of it",
+        {"a chattering button: its final state counts",
          padWithSlots(5),
          [](Pad& pad) {
              pad.key(BTN_LEFT, true).key(BTN_RIGHT, true);
              pad.key(BTN_LEFT, false).key(BTN_LEFT, true).sync();
          },
          {"button 0 down", "button 1 down"}},
-        {"what it already is does not happen again",
+        {"a repeated state is no change",
          padWithSlots(5),
          [](Pad& pad) {
              pad.key(BTN_LEFT, false).sync();
              pad.key(BTN_LEFT, true).sync().key(BTN_LEFT, true).sync();
          },
          {"button 0 down"}},
-        {"side buttons are no buttons of a touchpad",
+        {"side buttons are ignored",
          padWithSlots(5),
          [](Pad& pad) { pad.key(BTN_SIDE, true).key(BTN_TOUCH, true).sync(); },
          {}},
     });
 }
 
-TEST(ContactAssembler, LostEventsCountForNothingUntilTheNextSynchronisation) {
+TEST(ContactAssembler, IgnoresEventsBetweenALossAndTheNextSynchronisation) {
     check({
-        {"a move, an end and a button are lost, what follows counts",
+        {"ignores a move, an end and a button; handles later events",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).sync();
@@ -279,7 +282,7 @@ TEST(ContactAssembler, LostEventsCountForNothingUntilTheNextSynchronisation) {
              pad.place(20, 10).sync();
          },
          {"1.00 1:make(0.10,0.90)", "1.02 1:touch(0.20,0.90)"}},
-        {"what came before the loss counts",
+        {"handles the events before the loss",
          padWithSlots(5),
          [](Pad& pad) {
              pad.down(1).place(10, 10).event(EV_SYN, SYN_DROPPED, 0).place(90, 90).sync();
@@ -288,10 +291,10 @@ TEST(ContactAssembler, LostEventsCountForNothingUntilTheNextSynchronisation) {
     });
 }
 
-TEST(ContactAssembler, ReleasingEndsEverythingWithAnEmptyReport) {
+TEST(ContactAssembler, ReleaseEndsAllContactsWithAnEmptyReport) {
     check({
-        {"nothing was there", padWithSlots(5), [](Pad& pad) { pad.release(); }, {}},
-        {"all have left before",
+        {"no contact", padWithSlots(5), [](Pad& pad) { pad.release(); }, {}},
+        {"all contacts have left before",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).sync().up().sync().release(); },
          {"1.00 1:make(0.10,0.90)", "1.01 1:left(0.10,0.90)"}},
@@ -306,15 +309,15 @@ TEST(ContactAssembler, ReleasingEndsEverythingWithAnEmptyReport) {
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).absolute(ABS_MT_DISTANCE, 3).sync().release(); },
          {"1.00 1:hover(0.10,0.90)", "1.01"}},
-        {"a contact whose end was not yet told",
+        {"a contact whose end was not reported yet",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).sync().up().release().sync(); },
          {"1.00 1:make(0.10,0.90)", "1.01"}},
-        {"a contact that nobody heard of",
+        {"a contact that was never reported",
          padWithSlots(5),
          [](Pad& pad) { pad.down(1).place(10, 10).release().sync(); },
          {}},
-        {"afterwards slots hold nothing and identifiers go on",
+        {"later contacts start on empty slots with new identifiers",
          padWithSlots(5),
          [](Pad& pad) {
              pad.slot(1).down(1).place(10, 10).sync().release();

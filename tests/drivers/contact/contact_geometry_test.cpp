@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
-TEST(ContactGeometry, AValueIsAFractionOfItsAxis) {
+TEST(ContactGeometry, FractionIsTheValuesPositionOnItsAxis) {
     struct Row {
         const char* name;
         AxisRange axis;
@@ -27,22 +27,22 @@ TEST(ContactGeometry, AValueIsAFractionOfItsAxis) {
         {"the upper end", {1000, 3000, 0}, 3000, 1},
         {"above it", {1000, 3000, 0}, 3001, 1},
         {"a negative lower end", {-100, 100, 0}, 0, 0.5},
-        {"the largest axis there can be", {smallest, largest, 0}, largest, 1},
+        {"the largest possible axis", {smallest, largest, 0}, largest, 1},
         {"an axis without extent", {5, 5, 0}, 5, 0.5},
-        {"an axis the wrong way round", {10, 0, 0}, 3, 0.5},
+        {"an axis whose ends are swapped", {10, 0, 0}, 3, 0.5},
     };
     for (const Row& row : rows) {
         EXPECT_DOUBLE_EQ(fraction(row.axis, row.value), row.expected) << row.name;
     }
 }
 
-TEST(ContactGeometry, YIsFlippedAndBothAxesAreClamped) {
+TEST(ContactGeometry, PositionsAreClampedWithYFlipped) {
     Pad pad(padWithSlots(2));
     pad.down(1).place(-20, -20).slot(1).down(2).place(130, 130).sync();
     EXPECT_EQ(pad.reports, std::vector<std::string>{"1.00 1:make(0.00,1.00) 2:make(1.00,0.00)"});
 }
 
-TEST(ContactGeometry, AnAxisWithoutExtentPutsContactsInItsMiddle) {
+TEST(ContactGeometry, AxisWithoutExtentPutsContactsInItsMiddle) {
     PadDescription description = padWithSlots(2);
     description.x = {7, 7, 0};
     description.y = {9, 3, 0};
@@ -51,7 +51,7 @@ TEST(ContactGeometry, AnAxisWithoutExtentPutsContactsInItsMiddle) {
     EXPECT_EQ(pad.reports, std::vector<std::string>{"1.00 1:make(0.50,0.50)"});
 }
 
-TEST(ContactGeometry, MillimetresAreKnownWhereTheResolutionIs) {
+TEST(ContactGeometry, MillimetresRequireTheResolution) {
     PadDescription description = padWithSlots(2);
     description.y.resolution = 0;
     Pad pad(description);
@@ -71,7 +71,7 @@ TEST(ContactGeometry, AbsolutePositionsAreMeasuredFromTheBottomLeft) {
     EXPECT_FLOAT_EQ(pad.lastRecords.at(0).absolute.pos.y, 35);
 }
 
-TEST(ContactGeometry, VelocityIsThatBetweenTwoReports) {
+TEST(ContactGeometry, VelocityIsMeasuredBetweenTwoReports) {
     Pad pad(padWithSlots(2));
     const auto velocity = [&pad] {
         return pad.lastRecords.back().normalized.vel;
@@ -90,7 +90,7 @@ TEST(ContactGeometry, VelocityIsThatBetweenTwoReports) {
     EXPECT_EQ(velocity().x, 0);
 }
 
-TEST(ContactGeometry, SizeAngleAndPressureAreFilledWhereThePadHasThem) {
+TEST(ContactGeometry, SizeAngleAndPressureAreFilledIfThePadReportsThem) {
     PadDescription description = pressurePad();
     description.touchMajor = AxisRange{0, 255, 10};
     description.touchMinor = AxisRange{0, 255, 0};
@@ -110,7 +110,7 @@ TEST(ContactGeometry, SizeAngleAndPressureAreFilledWhereThePadHasThem) {
     EXPECT_EQ(record.timestamp, 2.5);
 }
 
-TEST(ContactGeometry, AnUprightFingerIsAQuarterTurnFromTheXAxis) {
+TEST(ContactGeometry, UprightFingerIsAQuarterTurnFromTheXAxis) {
     struct Row {
         std::int32_t orientation;
         float halfTurns;
@@ -127,7 +127,7 @@ TEST(ContactGeometry, AnUprightFingerIsAQuarterTurnFromTheXAxis) {
     }
 }
 
-TEST(ContactGeometry, FieldsThatThePadDoesNotHaveAreZero) {
+TEST(ContactGeometry, FieldsThatThePadDoesNotReportAreZero) {
     Pad pad(padWithSlots(2));
     pad.down(1).place(10, 10);
     pad.absolute(ABS_MT_TOUCH_MAJOR, 9).absolute(ABS_MT_ORIENTATION, 9).sync();
@@ -139,7 +139,7 @@ TEST(ContactGeometry, FieldsThatThePadDoesNotHaveAreZero) {
     EXPECT_EQ(record.zDensity, 0);
 }
 
-TEST(ContactGeometry, FramesAreCountedByTheReport) {
+TEST(ContactGeometry, FrameNumberIncreasesWithEachReport) {
     Pad pad(padWithSlots(2));
     pad.sync().down(1).place(10, 10).sync().sync().place(11, 10).sync();
     EXPECT_EQ(pad.lastRecords.at(0).frame, 2);

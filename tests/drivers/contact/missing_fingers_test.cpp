@@ -15,7 +15,8 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-// Two fingers in the slots, on the pad's middle line, and as many counted as the key says.
+// Puts two fingers in the slots, on the pad's middle line, and presses the key that announces the
+// pad's count.
 void twoFingersAnd(Pad& pad, std::uint16_t toolKey) {
     pad.slot(0).down(1).place(20, 50).slot(1).down(2).place(80, 50).key(toolKey, true).sync();
 }
@@ -26,9 +27,9 @@ void count(Pad& pad, std::uint16_t before, std::uint16_t after) {
 
 constexpr const char* threeFingers = "1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50)";
 
-TEST(MissingFingers, AreAddedWhereThePadCountsMoreThanItsSlots) {
+TEST(MissingFingers, AreAddedIfThePadCountsMoreFingersThanItsSlots) {
     check({
-        {"as many as it has slots",
+        {"as many fingers as slots",
          padWithSlots(2),
          [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_DOUBLETAP); },
          {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50)"}},
@@ -36,20 +37,20 @@ TEST(MissingFingers, AreAddedWhereThePadCountsMoreThanItsSlots) {
          padWithSlots(2),
          [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_TRIPLETAP); },
          {threeFingers}},
-        {"two more: one beside each",
+        {"two more: one stand-in beside each contact",
          padWithSlots(2),
          [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_QUADTAP); },
          {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)"}},
-        {"three more: none on another",
+        {"three more: no two stand-ins coincide",
          padWithSlots(2),
          [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_QUINTTAP); },
          {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)"
           " 5:make(0.28,0.50)"}},
-        {"a pad with enough slots is believed by its slots",
+        {"a pad with enough slots: its slots count",
          padWithSlots(3),
          [](Pad& pad) { twoFingersAnd(pad, BTN_TOOL_TRIPLETAP); },
          {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50)"}},
-        {"a pad that sees corners is believed by its count",
+        {"a pad that reports corners: its count counts",
          semiMultitouchPad(),
          [](Pad& pad) { pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync(); },
          {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)"}},
@@ -57,18 +58,18 @@ TEST(MissingFingers, AreAddedWhereThePadCountsMoreThanItsSlots) {
          padWithSlots(2),
          [](Pad& pad) { pad.key(BTN_TOOL_TRIPLETAP, true).sync(); },
          {}},
-        {"a contact that hovers at a distance is no finger",
+        {"a contact that hovers at a distance gets no stand-in",
          semiMultitouchPad(),
          [](Pad& pad) {
              pad.down(1).place(20, 50).absolute(ABS_MT_DISTANCE, 2);
              pad.key(BTN_TOOL_DOUBLETAP, true).sync();
          },
          {"1.00 1:hover(0.20,0.50)"}},
-        {"in the very middle they go to the right",
+        {"a contact in the exact middle: the stand-in is at its right",
          padWithSlots(1),
          [](Pad& pad) { pad.down(1).place(50, 50).key(BTN_TOOL_DOUBLETAP, true).sync(); },
          {"1.00 1:make(0.50,0.50) 2:make(0.54,0.50)"}},
-        {"a free place is sought",
+        {"a stand-in takes a free place",
          padWithSlots(2),
          [](Pad& pad) {
              pad.slot(0).down(1).place(20, 50).slot(1).down(2).place(24, 50);
@@ -80,7 +81,7 @@ TEST(MissingFingers, AreAddedWhereThePadCountsMoreThanItsSlots) {
 
 TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
     check({
-        {"towards the far side and beyond the rim",
+        {"towards the far side and beyond the edge",
          padWithSlots(1),
          [](Pad& pad) {
              pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
@@ -89,7 +90,7 @@ TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
          },
          {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)", "1.01 1:touch(0.60,0.60) 2:touch(0.64,0.60)",
           "1.02 1:touch(1.00,0.60) 2:touch(1.04,0.60)"}},
-        {"they touch while their anchor does",
+        {"stand-ins touch while their anchor touches",
          padWithSlots(1),
          [](Pad& pad) {
              pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
@@ -98,7 +99,7 @@ TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
          },
          {"1.00 1:make(0.20,0.50) 2:make(0.24,0.50)", "1.01 1:hover(0.20,0.50) 2:hover(0.24,0.50)",
           "1.02 1:make(0.20,0.50) 2:make(0.24,0.50)"}},
-        {"a finger is chosen rather than a palm",
+        {"a finger is the anchor rather than a palm",
          padWithSlots(2),
          [](Pad& pad) {
              pad.slot(0).absolute(ABS_MT_TOOL_TYPE, MT_TOOL_PALM);
@@ -108,7 +109,7 @@ TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
     });
 }
 
-TEST(MissingFingers, MoveInMillimetresAndAsFastAsTheirAnchor) {
+TEST(MissingFingers, MoveInMillimetresAtTheirAnchorsVelocity) {
     Pad pad(padWithSlots(1));
     pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
     pad.place(40, 50).sync();
@@ -116,10 +117,10 @@ TEST(MissingFingers, MoveInMillimetresAndAsFastAsTheirAnchor) {
     const MTTouch standIn = pad.lastRecords.at(1);
     EXPECT_NEAR(standIn.absolute.pos.x - anchor.absolute.pos.x, 2, 1e-4); // 0.04 of 50 mm
     EXPECT_FLOAT_EQ(standIn.normalized.vel.x, anchor.normalized.vel.x);
-    EXPECT_EQ(standIn.fingerID, 1); // the first number that is no slot
+    EXPECT_EQ(standIn.fingerID, 1); // the first number that is not a slot's
 }
 
-TEST(MissingFingers, LeaveWhenTheCountDropsOrNoContactIsLeft) {
+TEST(MissingFingers, LeaveWhenTheCountDropsOrAllContactsLeave) {
     check({
         {"the count drops",
          padWithSlots(2),
@@ -133,7 +134,7 @@ TEST(MissingFingers, LeaveWhenTheCountDropsOrNoContactIsLeft) {
          {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)",
           "1.01 4:left(0.76,0.50) 1:touch(0.20,0.50) 2:touch(0.80,0.50) 3:touch(0.24,0.50)",
           "1.02 3:left(0.24,0.50) 1:touch(0.20,0.50) 2:touch(0.80,0.50)"}},
-        {"all lift at once",
+        {"all fingers lift at once",
          padWithSlots(2),
          [](Pad& pad) {
              twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
@@ -157,9 +158,9 @@ TEST(MissingFingers, LeaveWhenTheCountDropsOrNoContactIsLeft) {
     });
 }
 
-TEST(MissingFingers, StayWhereTheyAreWhenTheirAnchorLeaves) {
+TEST(MissingFingers, KeepTheirPositionWhenTheirAnchorLeaves) {
     check({
-        {"they go on with the other contact",
+        {"stand-ins follow the other contact",
          padWithSlots(2),
          [](Pad& pad) {
              twoFingersAnd(pad, BTN_TOOL_QUADTAP);
@@ -170,7 +171,7 @@ TEST(MissingFingers, StayWhereTheyAreWhenTheirAnchorLeaves) {
          {"1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50) 4:make(0.76,0.50)",
           "1.01 1:left(0.20,0.50) 2:touch(0.80,0.50) 3:touch(0.24,0.50) 4:touch(0.76,0.50)",
           "1.02 2:touch(0.70,0.60) 3:touch(0.14,0.60) 4:touch(0.66,0.60)"}},
-        {"not when it was the last contact",
+        {"stand-ins leave with the last contact",
          padWithSlots(1),
          [](Pad& pad) {
              pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
@@ -182,11 +183,11 @@ TEST(MissingFingers, StayWhereTheyAreWhenTheirAnchorLeaves) {
     });
 }
 
-// Slots are the pad's, fingers the user's: one that the pad moves in or out of a slot has not been
-// lifted.
-TEST(MissingFingers, KeepTheirIdentityWhenThePadTakesOrGivesASlot) {
+// The pad assigns slots, and the user lifts fingers. A finger that the pad moves into or out of a
+// slot has not been lifted.
+TEST(MissingFingers, KeepTheirIdentifierWhenThePadRemovesOrAssignsASlot) {
     check({
-        {"a slot is taken, then given again",
+        {"the pad removes a slot, then assigns it again",
          padWithSlots(2),
          [](Pad& pad) {
              twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
@@ -199,7 +200,7 @@ TEST(MissingFingers, KeepTheirIdentityWhenThePadTakesOrGivesASlot) {
           "1.02 2:touch(0.80,0.40) 3:touch(0.24,0.40) 1:touch(0.20,0.40)",
           "1.03 1:touch(0.20,0.40) 2:touch(0.80,0.40) 3:touch(0.24,0.40)",
           "1.04 1:touch(0.20,0.50) 2:touch(0.80,0.40) 3:touch(0.24,0.40)"}},
-        {"the finger behind a stand-in gets the slot of one that lifts",
+        {"the finger of a stand-in gets the slot of a finger that lifts",
          padWithSlots(2),
          [](Pad& pad) {
              twoFingersAnd(pad, BTN_TOOL_TRIPLETAP);
@@ -210,9 +211,9 @@ TEST(MissingFingers, KeepTheirIdentityWhenThePadTakesOrGivesASlot) {
     });
 }
 
-TEST(MissingFingers, CornersThatAnotherFingerMovesHaveNotMoved) {
+TEST(MissingFingers, IgnoreMovedCornersWhenTheNumberOfFingersChanges) {
     check({
-        {"a second finger lands and the first becomes a corner of both",
+        {"a second finger lands and the first becomes a corner",
          semiMultitouchPad(),
          [](Pad& pad) {
              pad.slot(0).down(1).place(40, 60).key(BTN_TOOL_FINGER, true).sync();
@@ -223,7 +224,7 @@ TEST(MissingFingers, CornersThatAnotherFingerMovesHaveNotMoved) {
          },
          {"1.00 1:make(0.40,0.40)", "1.01 1:touch(0.40,0.40) 2:make(0.70,0.40)",
           "1.02 1:touch(0.50,0.40) 2:touch(0.80,0.40)"}},
-        {"and lifts again",
+        {"the second finger lifts again",
          semiMultitouchPad(),
          [](Pad& pad) {
              pad.slot(0).down(1).place(40, 30).slot(1).down(2).place(70, 60);
@@ -245,7 +246,7 @@ TEST(MissingFingers, CornersThatAnotherFingerMovesHaveNotMoved) {
          },
          {"1.00 1:make(0.40,0.70) 2:make(0.70,0.40)",
           "1.01 1:touch(0.40,0.70) 2:touch(0.70,0.40) 3:make(0.42,0.66)"}},
-        {"a pad that tells its fingers apart is believed",
+        {"a pad that tracks its fingers: the move counts",
          padWithSlots(2),
          [](Pad& pad) {
              pad.slot(0).down(1).place(40, 60).key(BTN_TOOL_FINGER, true).sync();

@@ -1,11 +1,11 @@
-// Kernel events as a touchpad sends them, and the reports they give as readable text.
+// Sends a touchpad's kernel events and formats the resulting reports as text.
 //
 //   Pad pad(padWithSlots(2));
 //   pad.slot(0).down(7).place(50, 50).sync();
 //   EXPECT_EQ(pad.reports, std::vector<std::string>{"1.00 1:make(0.50,0.50)"});
 //
 // A report is its time and its contacts, `identifier:state(x,y)`; a button is `button 0 down`. A
-// synchronisation that brought nothing leaves nothing.
+// frame without changes adds nothing.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -20,7 +20,7 @@
 
 namespace glidemap::test {
 
-// 100 units wide and high, 2 units to the millimetre.
+// 100 units wide and high, 2 units per millimetre.
 inline PadDescription padWithSlots(std::int32_t slotCount) {
     PadDescription pad;
     pad.name = "test pad";
@@ -89,7 +89,7 @@ public:
         return absolute(ABS_MT_POSITION_X, x).absolute(ABS_MT_POSITION_Y, y);
     }
 
-    // Ends the frame and lets 10 ms pass.
+    // Ends the frame and advances the time by 10 ms.
     Pad& sync() {
         event(EV_SYN, SYN_REPORT, 0);
         time += 0.01;
@@ -127,7 +127,7 @@ private:
     double time = 1;
 };
 
-// A story, and everything that is reported of it.
+// A sequence of events and all reports that it causes.
 struct StoryRow {
     const char* name;
     PadDescription description;

@@ -1,5 +1,5 @@
-// The assembler runs for every report of every pad, so it lives in its own memory: nothing is
-// allocated after construction, whatever arrives.
+// The assembler runs for every report of every pad, so it must not allocate after construction,
+// for any sequence of events.
 
 #include "pad_events.h"
 
@@ -25,7 +25,7 @@ void* operator new(std::size_t size) {
     }
     throw std::bad_alloc();
 }
-// Not inlined, or the compiler takes the two for a mismatch.
+// Not inlined, because the compiler otherwise warns about mismatched allocation and deallocation.
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
@@ -36,7 +36,7 @@ void* operator new(std::size_t size) {
 namespace glidemap::test {
 namespace {
 
-// Mostly plausible events with some nonsense, the same on every run.
+// Mostly plausible events with some invalid ones, the same on every run.
 class AnyEvents {
 public:
     InputEvent next() {
@@ -100,7 +100,7 @@ bool isSound(const PadFrame& frame) {
     return true;
 }
 
-TEST(SteadyState, AnyEventsGiveSoundReportsWithoutAllocating) {
+TEST(SteadyState, AnyEventsGiveValidReportsWithoutAllocating) {
     for (const PadDescription& description :
          {padWithSlots(5), padWithSlots(2), padWithSlots(1), semiMultitouchPad(), pressurePad()}) {
         ContactAssembler assembler(description);
@@ -122,7 +122,7 @@ TEST(SteadyState, AnyEventsGiveSoundReportsWithoutAllocating) {
     }
 }
 
-TEST(SteadyState, EveryContactIsToldFromItsFirstReportToItsLast) {
+TEST(SteadyState, EveryContactIsReportedFromItsFirstReportToItsLast) {
     for (const PadDescription& description :
          {padWithSlots(5), padWithSlots(2), semiMultitouchPad()}) {
         ContactAssembler assembler(description);
@@ -137,7 +137,7 @@ TEST(SteadyState, EveryContactIsToldFromItsFirstReportToItsLast) {
             std::set<std::int32_t> now;
             for (const MTTouch& record : frame->contacts) {
                 const bool isNew = !present.contains(record.identifier);
-                ASSERT_TRUE(!isNew || record.identifier > newest) << "an identifier came back";
+                ASSERT_TRUE(!isNew || record.identifier > newest) << "an identifier was reused";
                 ASSERT_TRUE(!isNew || record.state == 2 || record.state == 3);
                 newest = std::max(newest, record.identifier);
                 present.erase(record.identifier);
@@ -145,7 +145,7 @@ TEST(SteadyState, EveryContactIsToldFromItsFirstReportToItsLast) {
                     now.insert(record.identifier);
                 }
             }
-            ASSERT_TRUE(present.empty()) << "a contact is gone unsaid";
+            ASSERT_TRUE(present.empty()) << "a contact disappeared without a report";
             present = now;
         }
     }

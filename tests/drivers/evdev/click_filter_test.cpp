@@ -1,4 +1,4 @@
-// The click filter as the program meets it: set, switched and asked over the driver's thread.
+// The click filter as a program uses it: set, switched and called through the driver's thread.
 
 #include "drivers/evdev/touchpad_driver.h"
 #include "fake_pads.h"
@@ -25,7 +25,7 @@ const auto fingerUp = frame({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
 const auto leftDown = frame({{1, EV_KEY, BTN_LEFT, 1}});
 const auto leftUp = frame({{1, EV_KEY, BTN_LEFT, 0}});
 
-// The contact callback comes without a context.
+// Global, because the contact callback has no context.
 std::atomic<int> reportedContacts = 0;
 
 std::int32_t contact(driver::Device, const MTTouch*, std::int32_t count, double, std::int32_t) {
@@ -69,7 +69,7 @@ protected:
         return askedSoFar;
     }
 
-    // In the end, with time that passes for the clone to become known.
+    // Waits for the grab, and advances the time so that the clone becomes ready.
     bool isTaken(const FakeSystem& system) {
         constexpr std::chrono::milliseconds step = CloneIntroduction::graceOfReader;
         const auto deadline = std::chrono::steady_clock::now() + FakeSystem::limit;
@@ -88,7 +88,7 @@ protected:
     std::mutex mutex;
     std::condition_variable changed;
     std::vector<Asked> askedSoFar;
-    std::function<bool(std::int32_t)> answer; // set before it is asked
+    std::function<bool(std::int32_t)> answer; // set before the filter is called
 
     FakeTime time;
     std::shared_ptr<FakePads> pads = std::make_shared<FakePads>();
@@ -96,26 +96,26 @@ protected:
     driver::Device device = nullptr;
 };
 
-TEST_F(ClickFilterTest, TheTouchpadIsTakenAndGivenBackWithoutWaitingForAnEvent) {
+TEST_F(ClickFilterTest, GrabsAndGivesBackWithoutWaitingForAnEvent) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     driver.switchClickFilter(false);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
     while (system().journal().size() < 4) {
-        time.advance(PadInterception::leaveTaking); // it may not have begun to wait for that
+        time.advance(PadInterception::leaveTaking); // the reader may not wait for it yet
         std::this_thread::yield();
     }
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
 }
 
-TEST_F(ClickFilterTest, TakingTheFilterAwayGivesBackToo) {
+TEST_F(ClickFilterTest, RemovingTheFilterGivesTheTouchpadBack) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     driver.setClickFilter(nullptr, nullptr);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
 }
 
-TEST_F(ClickFilterTest, TheFilterIsAskedAfterTheContactsOfTheSameFrame) {
+TEST_F(ClickFilterTest, CallsTheFilterAfterTheContactsOfTheSameFrame) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     send(frame({{1, EV_KEY, BTN_LEFT, 1}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}}));
@@ -127,7 +127,7 @@ TEST_F(ClickFilterTest, TheFilterIsAskedAfterTheContactsOfTheSameFrame) {
     EXPECT_EQ(system().wait(3), (Texts{"clone", "grab", "3:57=5 3:55=2"}));
 }
 
-TEST_F(ClickFilterTest, TheOtherButtonCallbackHearsWhatTheFilterDrops) {
+TEST_F(ClickFilterTest, ButtonCallbackReceivesDroppedButtonChanges) {
     static std::atomic<int> heard;
     heard = 0;
     driver.setButtonCallback([](driver::Device, std::int32_t, bool, double) { ++heard; });
@@ -140,7 +140,7 @@ TEST_F(ClickFilterTest, TheOtherButtonCallbackHearsWhatTheFilterDrops) {
     driver.setButtonCallback(nullptr);
 }
 
-TEST_F(ClickFilterTest, AFingerThatRestsSinceBeforeTheStartIsWaitedFor) {
+TEST_F(ClickFilterTest, WaitsForAFingerThatRestedBeforeTheStartToLift) {
     driver.stop(device);
     send(fingerDown);
     driver.start(device);
@@ -153,7 +153,7 @@ TEST_F(ClickFilterTest, AFingerThatRestsSinceBeforeTheStartIsWaitedFor) {
     EXPECT_TRUE(waitForAsked(0).empty());
 }
 
-TEST_F(ClickFilterTest, StoppedTheTouchpadIsTheSystemsWhenTheCallReturns) {
+TEST_F(ClickFilterTest, StopGivesTheTouchpadBackBeforeItReturns) {
     answer = [](std::int32_t) {
         return false;
     };
@@ -167,10 +167,10 @@ TEST_F(ClickFilterTest, StoppedTheTouchpadIsTheSystemsWhenTheCallReturns) {
     send(leftUp);
     send(fingerUp);
     driver.start(device);
-    EXPECT_TRUE(isTaken(system())) << "it is still switched on";
+    EXPECT_TRUE(isTaken(system())) << "the filter is still switched on";
 }
 
-TEST_F(ClickFilterTest, UnpluggedAndBackItIsTakenAgain) {
+TEST_F(ClickFilterTest, GrabsAReturningTouchpadAgain) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     send(leftDown);
@@ -184,7 +184,7 @@ TEST_F(ClickFilterTest, UnpluggedAndBackItIsTakenAgain) {
     EXPECT_TRUE(isTaken(*pads->stream("event4")->system()));
 }
 
-TEST_F(ClickFilterTest, AllTouchpadsWithButtonsAreTaken) {
+TEST_F(ClickFilterTest, GrabsAllTouchpadsWithButtons) {
     pads->plug("event2", "other");
     pads->plug("event3", "without");
     pads->stream("event3")->hasButtons = false;
@@ -200,7 +200,7 @@ TEST_F(ClickFilterTest, AllTouchpadsWithButtonsAreTaken) {
     EXPECT_EQ(pads->stream("event3")->system()->journal(), Texts());
 }
 
-TEST_F(ClickFilterTest, TheFilterMayStopTheTouchpad) {
+TEST_F(ClickFilterTest, FilterMayStopTheTouchpad) {
     answer = [this](std::int32_t) {
         driver.stop(device);
         return true;
@@ -211,7 +211,7 @@ TEST_F(ClickFilterTest, TheFilterMayStopTheTouchpad) {
     EXPECT_EQ(system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
 }
 
-TEST_F(ClickFilterTest, TheFilterMayStopAndStartTheTouchpadAndTakeItselfAway) {
+TEST_F(ClickFilterTest, FilterMayRestartTheTouchpadAndRemoveItself) {
     answer = [this](std::int32_t) {
         driver.stop(device);
         driver.start(device);
@@ -228,8 +228,8 @@ TEST_F(ClickFilterTest, TheFilterMayStopAndStartTheTouchpadAndTakeItselfAway) {
     EXPECT_EQ(waitForAsked(0).size(), 1U);
 }
 
-// The context may be gone once the call has returned.
-TEST_F(ClickFilterTest, AFilterThatWasReplacedIsNotAskedAnyMore) {
+// The context may be destroyed once the call has returned.
+TEST_F(ClickFilterTest, ReplacedFilterIsNotCalledAnyMore) {
     struct Context {
         std::atomic<bool> alive = true;
         std::atomic<int> asked = 0;
@@ -264,7 +264,7 @@ TEST_F(ClickFilterTest, AFilterThatWasReplacedIsNotAskedAnyMore) {
     clicking.join();
 }
 
-TEST_F(ClickFilterTest, AFilterThatHangsLeavesTheTouchpadToTheSystem) {
+TEST_F(ClickFilterTest, WatchdogReleasesTheTouchpadWhenTheFilterHangs) {
     std::atomic<bool> hanging = true;
     answer = [&](std::int32_t event) {
         if (event == driver::clickFilterDisabledByTimeout) {
@@ -282,7 +282,7 @@ TEST_F(ClickFilterTest, AFilterThatHangsLeavesTheTouchpadToTheSystem) {
     EXPECT_TRUE(time.waitUntilWaitingFor(std::chrono::seconds(1)));
     time.advance(std::chrono::seconds(1));
     EXPECT_EQ(system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
-    send(frame({{1, EV_ABS, ABS_MT_POSITION_X, 50}})); // which is nobody's to say again
+    send(frame({{1, EV_ABS, ABS_MT_POSITION_X, 50}})); // must not be forwarded
     hanging = false;
     const auto asked = waitForAsked(2);
     EXPECT_EQ(asked[1].event, driver::clickFilterDisabledByTimeout);
@@ -296,8 +296,8 @@ TEST_F(ClickFilterTest, AFilterThatHangsLeavesTheTouchpadToTheSystem) {
     EXPECT_EQ(waitForAsked(2).size(), 2U);
 }
 
-// The reader may be held up before it has read anything, and by a touchpad that is not forwarded.
-TEST_F(ClickFilterTest, AReaderThatWaitsForALockIsStuckToo) {
+// The reader may be blocked before it has read anything, and by a touchpad that is not forwarded.
+TEST_F(ClickFilterTest, ReaderThatWaitsForALockCountsAsStuck) {
     pads->plug("event2", "without");
     pads->stream("event2")->hasButtons = false;
     driver.start(driver.createList().at(1));
@@ -308,8 +308,7 @@ TEST_F(ClickFilterTest, AReaderThatWaitsForALockIsStuckToo) {
     EXPECT_TRUE(pads->waitUntilBlocked());
     pads->stream("event2")->send(fingerDown);
     while (system().isGrabbed()) {
-        time.advance(
-            std::chrono::seconds(1)); // as often as it takes: it may not have begun to wait
+        time.advance(std::chrono::seconds(1)); // repeated, because the watchdog may not wait yet
         std::this_thread::yield();
     }
     pads->blockCandidates(false);

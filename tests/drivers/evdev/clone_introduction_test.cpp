@@ -18,7 +18,7 @@ constexpr CloneStanding open{true, true, true};
 constexpr CloneStanding unknown{true, true, std::nullopt};
 const CloneIntroduction::Moment begin{};
 
-TEST(CloneIntroduction, WaitsForTheGraceOfItsReader) {
+TEST(CloneIntroduction, WaitsForTheGracePeriodOfItsReader) {
     CloneIntroduction introduction(begin);
     EXPECT_EQ(introduction.look(open, begin), State::waiting);
     EXPECT_EQ(introduction.nextLook(), begin + milliseconds(100));
@@ -34,7 +34,7 @@ TEST(CloneIntroduction, WaitsLongerForAnUnknownReader) {
     EXPECT_EQ(introduction.look(unknown, begin + milliseconds(500)), State::ready);
 }
 
-TEST(CloneIntroduction, FailsAfterTwoSecondsAndSaysWhy) {
+TEST(CloneIntroduction, FailsAfterTwoSecondsWithAReason) {
     for (const CloneStanding& standing : {withoutNode, unannounced, closed}) {
         CloneIntroduction introduction(begin);
         EXPECT_EQ(introduction.look(standing, begin), State::waiting);
@@ -45,7 +45,7 @@ TEST(CloneIntroduction, FailsAfterTwoSecondsAndSaysWhy) {
     }
 }
 
-TEST(CloneIntroduction, GivesAReaderThatComesAtTheLastMomentItsGrace) {
+TEST(CloneIntroduction, GrantsALateReaderItsGracePeriod) {
     CloneIntroduction introduction(begin);
     introduction.look(closed, begin);
     EXPECT_EQ(introduction.look(open, begin + milliseconds(1999)), State::waiting);
@@ -53,7 +53,7 @@ TEST(CloneIntroduction, GivesAReaderThatComesAtTheLastMomentItsGrace) {
     EXPECT_EQ(introduction.look(open, begin + milliseconds(2099)), State::ready);
 }
 
-TEST(CloneIntroduction, BeginsTheGraceAnewWhenTheReaderIsAnother) {
+TEST(CloneIntroduction, RestartsTheGracePeriodForANewReader) {
     CloneIntroduction introduction(begin);
     introduction.look(open, begin);
     EXPECT_EQ(introduction.look(closed, begin + milliseconds(50)), State::waiting);

@@ -13,7 +13,7 @@ class CloneWriterTest : public testing::Test {
 protected:
     CloneWriterTest() { system->makeClone(); }
 
-    // What the touchpad has said before there was a clone.
+    // Applies events that the touchpad sent before the clone existed.
     void before(const Events& events) { applyToSource(events); }
 
     bool say(const Events& events, double time = 1) {
@@ -22,7 +22,7 @@ protected:
         return writer.forward(events, slot, source, time);
     }
 
-    // The button change is taken out of its frame.
+    // Writes a frame from which the button change was dropped.
     void sayWithout(const InputEvent& button, double time = 1) {
         applyToSource({button});
         EXPECT_TRUE(writer.forward({}, source.slot(), source, time));
@@ -30,7 +30,7 @@ protected:
 
     Texts written() const {
         Texts frames = system->journal();
-        frames.erase(frames.begin()); // the clone's making
+        frames.erase(frames.begin()); // the entry for creating the clone
         return frames;
     }
 
@@ -45,7 +45,7 @@ protected:
     CloneWriter writer{std::make_unique<FakeClone>(system), 3};
 };
 
-TEST_F(CloneWriterTest, SaysAFrameAsItWasSaid) {
+TEST_F(CloneWriterTest, ForwardsAFrameUnchanged) {
     EXPECT_TRUE(say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5},
                      {1, EV_ABS, ABS_MT_POSITION_Y, 7},
                      {1, EV_ABS, ABS_MT_POSITION_X, 6},
@@ -56,19 +56,19 @@ TEST_F(CloneWriterTest, SaysAFrameAsItWasSaid) {
     EXPECT_EQ(system->timeOfLastFrame(), 2.5);
 }
 
-TEST_F(CloneWriterTest, SaysNothingOfAFrameOfWhichNothingIsLeft) {
+TEST_F(CloneWriterTest, WritesNothingForAnEmptyFrame) {
     EXPECT_TRUE(say({}));
     EXPECT_EQ(written(), Texts());
 }
 
-TEST_F(CloneWriterTest, BeginsInTheSlotThatTheTouchpadIsIn) {
+TEST_F(CloneWriterTest, BeginsInTheTouchpadsCurrentSlot) {
     before({{1, EV_ABS, ABS_MT_SLOT, 2}});
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
     EXPECT_EQ(written(), (Texts{"3:47=2 3:57=5", "3:57=-1"}));
 }
 
-TEST_F(CloneWriterTest, WhereAFingerLandsTheCloneIsToldWhatItMissed) {
+TEST_F(CloneWriterTest, AddsMissingValuesWhenAFingerLands) {
     before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
             {1, EV_ABS, ABS_MT_POSITION_Y, 200},
             {1, EV_ABS, ABS_MT_PRESSURE, 30},
@@ -82,7 +82,7 @@ TEST_F(CloneWriterTest, WhereAFingerLandsTheCloneIsToldWhatItMissed) {
               (Texts{"3:57=5 3:54=201 3:53=100 3:58=30 3:0=100", "3:47=1 3:57=6 3:53=300"}));
 }
 
-TEST_F(CloneWriterTest, FingersThatLandTogetherAreEachCompleted) {
+TEST_F(CloneWriterTest, AddsMissingValuesForEachFingerThatLandsInAFrame) {
     before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
             {1, EV_ABS, ABS_MT_SLOT, 1},
             {1, EV_ABS, ABS_MT_POSITION_X, 300},
@@ -95,7 +95,7 @@ TEST_F(CloneWriterTest, FingersThatLandTogetherAreEachCompleted) {
               (Texts{"3:57=5 3:47=1 3:57=6 3:47=0 3:53=100 3:47=1 3:53=300", "3:53=301"}));
 }
 
-TEST_F(CloneWriterTest, ToACloneThatHasItAllNothingIsAdded) {
+TEST_F(CloneWriterTest, AddsNothingToACloneWithAllValues) {
     const Events landing{{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_ABS, ABS_MT_POSITION_X, 9}};
     say(landing);
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
@@ -103,7 +103,7 @@ TEST_F(CloneWriterTest, ToACloneThatHasItAllNothingIsAdded) {
     EXPECT_EQ(written(), (Texts{"3:57=5 3:53=9", "3:57=-1", "3:57=6"}));
 }
 
-TEST_F(CloneWriterTest, AFingerThatLandsInASlotThatDoesNotExistIsPassedOn) {
+TEST_F(CloneWriterTest, ForwardsAFingerThatLandsInAnInvalidSlot) {
     say({{1, EV_ABS, ABS_MT_SLOT, 3}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
     EXPECT_EQ(written(), (Texts{"3:47=3 3:57=5"}));
 }
@@ -119,7 +119,7 @@ const Events twoLifts{{1, EV_ABS, ABS_MT_SLOT, 0},
                       {1, EV_ABS, ABS_MT_SLOT, 1},
                       {1, EV_ABS, ABS_MT_TRACKING_ID, -1}};
 
-TEST_F(CloneWriterTest, FingersArePalmsFromAPressThatWasTakenUntilItsRelease) {
+TEST_F(CloneWriterTest, FingersArePalmsFromADroppedPressUntilItsRelease) {
     say(twoFingers);
     sayWithout(leftDown);
     say({{1, EV_ABS, ABS_MT_POSITION_X, 9}});
@@ -130,7 +130,7 @@ TEST_F(CloneWriterTest, FingersArePalmsFromAPressThatWasTakenUntilItsRelease) {
                                 "3:47=0 3:55=0 3:47=1 3:55=0", "3:47=0 3:57=-1 3:47=1 3:57=-1"}));
 }
 
-TEST_F(CloneWriterTest, AFrameAfterAMarkBeginsInTheSlotThatTheTouchpadIsIn) {
+TEST_F(CloneWriterTest, FrameAfterAMarkBeginsInTheTouchpadsCurrentSlot) {
     say(twoFingers);
     say({{1, EV_ABS, ABS_MT_SLOT, 0}});
     sayWithout(leftDown);
@@ -139,7 +139,7 @@ TEST_F(CloneWriterTest, AFrameAfterAMarkBeginsInTheSlotThatTheTouchpadIsIn) {
               (Texts{"3:57=5 3:47=1 3:57=6", "3:47=0", "3:55=2 3:47=1 3:55=2", "3:47=0 3:53=9"}));
 }
 
-TEST_F(CloneWriterTest, AFingerThatLandsWhileATakenPressIsHeldIsAPalmToo) {
+TEST_F(CloneWriterTest, FingerThatLandsDuringADroppedPressIsAPalm) {
     sayWithout(leftDown);
     say({{1, EV_ABS, ABS_MT_SLOT, 2}, {1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, 6}});
@@ -147,7 +147,7 @@ TEST_F(CloneWriterTest, AFingerThatLandsWhileATakenPressIsHeldIsAPalmToo) {
     EXPECT_EQ(written(), (Texts{"3:47=2 3:57=5 3:55=2", "3:57=6 3:55=0 3:55=2", "3:55=0"}));
 }
 
-TEST_F(CloneWriterTest, AFingerThatLiftsWhileATakenPressIsHeldLeavesNoPalmInItsSlot) {
+TEST_F(CloneWriterTest, FingerThatLiftsDuringADroppedPressLeavesNoPalmInItsSlot) {
     say(twoFingers);
     sayWithout(leftDown);
     say(twoLifts);
@@ -158,7 +158,7 @@ TEST_F(CloneWriterTest, AFingerThatLiftsWhileATakenPressIsHeldLeavesNoPalmInItsS
                                 "3:57=5 3:47=1 3:57=6"}));
 }
 
-TEST_F(CloneWriterTest, APressThatIsSaidMarksNothing) {
+TEST_F(CloneWriterTest, ForwardedPressMarksNoPalms) {
     say(twoFingers);
     say({leftDown});
     say({leftUp});
@@ -167,7 +167,7 @@ TEST_F(CloneWriterTest, APressThatIsSaidMarksNothing) {
                                 "3:47=0 3:57=-1 3:47=1 3:57=-1"}));
 }
 
-TEST_F(CloneWriterTest, ThePressOfOneButtonThatWasTakenMarksAlsoWhileAnotherIsSaid) {
+TEST_F(CloneWriterTest, DroppedPressMarksPalmsWhileAnotherPressIsForwarded) {
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5}});
     sayWithout(leftDown);
     say({{1, EV_KEY, BTN_RIGHT, 1}});
@@ -176,7 +176,7 @@ TEST_F(CloneWriterTest, ThePressOfOneButtonThatWasTakenMarksAlsoWhileAnotherIsSa
     EXPECT_EQ(written(), (Texts{"3:57=5", "3:55=2", "1:273=1", "1:273=0", "3:55=0"}));
 }
 
-TEST_F(CloneWriterTest, AReleaseThatWasLostAndIsMadeUpForUnmarksToo) {
+TEST_F(CloneWriterTest, LostReleaseRemovesTheMarksAtTheNextFrame) {
     say(twoFingers);
     sayWithout(leftDown);
     applyToSource({leftUp});
@@ -184,7 +184,7 @@ TEST_F(CloneWriterTest, AReleaseThatWasLostAndIsMadeUpForUnmarksToo) {
     EXPECT_EQ(written().back(), "3:54=4 3:47=0 3:55=0 3:47=1 3:55=0");
 }
 
-TEST_F(CloneWriterTest, AfterATakenPressAContactIsWhatTheTouchpadSaysItIs) {
+TEST_F(CloneWriterTest, ContactHasTheTouchpadsToolTypeAfterADroppedPress) {
     constexpr InputEvent palm{1, EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_PALM};
     constexpr InputEvent finger{1, EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_FINGER};
     say(twoFingers);
@@ -202,7 +202,7 @@ TEST_F(CloneWriterTest, AfterATakenPressAContactIsWhatTheTouchpadSaysItIs) {
                                 "3:55=0 3:55=2", "3:55=2", "3:47=0 3:55=0"}));
 }
 
-TEST_F(CloneWriterTest, ReleasesWhatTheCloneHoldsAndNothingElse) {
+TEST_F(CloneWriterTest, ReleaseAllReleasesOnlyHeldContactsAndKeys) {
     EXPECT_TRUE(writer.releaseAll());
     EXPECT_EQ(written(), Texts());
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, 5},
@@ -215,10 +215,10 @@ TEST_F(CloneWriterTest, ReleasesWhatTheCloneHoldsAndNothingElse) {
     EXPECT_TRUE(writer.releaseAll());
     EXPECT_EQ(written().back(), "3:47=0 3:57=-1 1:272=0 1:330=0");
     EXPECT_FALSE(writer.isPressed(BTN_LEFT));
-    EXPECT_EQ(system->timeOfLastFrame(), 0) << "it is the kernel that says when that was";
+    EXPECT_EQ(system->timeOfLastFrame(), 0) << "the kernel must stamp the frame";
 }
 
-TEST_F(CloneWriterTest, AWriteThatFailsIsAnswered) {
+TEST_F(CloneWriterTest, ReturnsFalseWhenAWriteFails) {
     system->breakClone();
     EXPECT_FALSE(say({{1, EV_KEY, BTN_LEFT, 1}}));
     EXPECT_FALSE(writer.releaseAll());

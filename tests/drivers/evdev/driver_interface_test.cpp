@@ -1,4 +1,4 @@
-// The library as a program meets it: opened by path, known by its symbols.
+// The library as a program uses it: opened by path, with its symbols.
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
@@ -38,12 +38,12 @@ TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
     }
 }
 
-TEST_F(DriverInterface, AListIsReadWithinItsBounds) {
+TEST_F(DriverInterface, ListIsReadWithinItsBounds) {
     ASSERT_NE(handle, nullptr) << dlerror();
     const auto count = resolve<driver::ListCount>(driver::listCountSymbol);
     const auto valueAt = resolve<driver::ListValueAtIndex>(driver::listValueAtIndexSymbol);
     const driver::DeviceList list = resolve<driver::CreateList>(driver::createListSymbol)();
-    ASSERT_NE(list, nullptr); // no touchpads are an empty list
+    ASSERT_NE(list, nullptr); // without touchpads the list is empty
     ASSERT_GE(count(list), 0);
     for (long index = 0; index < count(list); ++index) {
         EXPECT_NE(valueAt(list, index), nullptr);
@@ -54,7 +54,7 @@ TEST_F(DriverInterface, AListIsReadWithinItsBounds) {
     EXPECT_EQ(valueAt(nullptr, 0), nullptr);
 }
 
-TEST_F(DriverInterface, NoDeviceIsNoHarm) {
+TEST_F(DriverInterface, NullDeviceIsIgnored) {
     ASSERT_NE(handle, nullptr) << dlerror();
     resolve<driver::RegisterContactFrameCallback>(driver::registerCallbackSymbol)(nullptr, nullptr);
     resolve<driver::Start>(driver::startSymbol)(nullptr, 0);
@@ -65,7 +65,7 @@ TEST_F(DriverInterface, NoDeviceIsNoHarm) {
     EXPECT_GE(resolve<driver::UnreadableTouchpadCount>(driver::unreadableTouchpadCountSymbol)(), 0);
 }
 
-TEST_F(DriverInterface, ReportsTheDevicesAndWhetherOthersCanBeMade) {
+TEST_F(DriverInterface, ReportsTheDevicesAndWhetherClonesArePossible) {
     ASSERT_NE(handle, nullptr) << dlerror();
     std::vector<std::string> lines;
     resolve<driver::ReportDevices>(driver::reportDevicesSymbol)(
@@ -73,7 +73,7 @@ TEST_F(DriverInterface, ReportsTheDevicesAndWhetherOthersCanBeMade) {
             static_cast<std::vector<std::string>*>(context)->emplace_back(line);
         },
         &lines);
-    ASSERT_GE(lines.size(), 2U); // without touchpads one says so
+    ASSERT_GE(lines.size(), 2U); // without touchpads a line reports that
     EXPECT_THAT(lines.back(), testing::StartsWith("/dev/uinput, for clones and for typing: "));
 }
 

@@ -1,7 +1,6 @@
-// What the system has of one touchpad: whether it may listen to it, and the clone that speaks
-// instead, as far as there is one.
+// The fake system's side of one touchpad: the grab, the access rights and the clone.
 //
-// Thread:  any; the test's, the reader's and the watchdog's meet here.
+// Thread:  any; the test's, the reader's and the watchdog's threads use it.
 #pragma once
 
 #include "drivers/evdev/pad_directory.h"
@@ -21,7 +20,7 @@
 
 namespace glidemap::test {
 
-// "3:57=4" for an event, " " between those of a frame, without its synchronisation.
+// Formats each event as "3:57=4", with spaces between a frame's events, without the SYN_REPORT.
 inline std::string textOf(std::span<const InputEvent> frame) {
     std::string text;
     for (const InputEvent& event : frame) {
@@ -37,7 +36,7 @@ class FakeSystem {
 public:
     static constexpr std::chrono::seconds limit{120};
 
-    // What the user may do; changed by the test.
+    // Sets whether the user may make clones.
     void allowClones(bool allowed) {
         set([&] { clonesAllowed = allowed; });
     }
@@ -47,7 +46,7 @@ public:
     void breakClone() {
         set([&] { cloneBroken = true; });
     }
-    // What the system makes of the clone; a program has it open at once if nothing is said.
+    // Sets the clone's standing. By default a program has opened it at once.
     void setStanding(const CloneStanding& newStanding) {
         set([&] { standing = newStanding; });
     }
@@ -55,7 +54,7 @@ public:
         set([&] { now = time; });
     }
 
-    // The driver's side.
+    // Called by the driver.
     std::optional<double> grab() {
         const std::lock_guard lock(mutex);
         if (grabbedByOthers) {
@@ -101,12 +100,12 @@ public:
         }
     }
 
-    // Everything that happened, in order: "clone", "grab", the frames, "ungrab", "destroy".
+    // All calls in order: "clone", "grab", the frames, "ungrab", "destroy".
     std::vector<std::string> journal() const {
         const std::lock_guard lock(mutex);
         return entries;
     }
-    // Waits for so many entries, and answers them all.
+    // Waits for at least `count` entries and returns all.
     std::vector<std::string> wait(std::size_t count) const {
         std::unique_lock lock(mutex);
         changed.wait_for(lock, limit, [&] { return entries.size() >= count; });
@@ -163,7 +162,7 @@ private:
     std::shared_ptr<FakeSystem> system;
 };
 
-// Tells what the clone's own system says of it.
+// Returns the standing that the clone's fake system holds.
 class FakeCloneWatch : public CloneWatch {
 public:
     std::array<int, 2> descriptors() const override { return {-1, -1}; }

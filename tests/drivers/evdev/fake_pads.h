@@ -1,7 +1,7 @@
-// A drawer of touchpads to plug and unplug, without a kernel. What the driver does not see of the
-// system is here: which pads there are, who may read them, and what they send.
+// A set of fake touchpads to plug and unplug, without a kernel. It decides which touchpads exist,
+// who may read them, and which events they send.
 //
-// Thread:  any; the test's and the reader's meet here.
+// Thread:  any; the test's and the reader's threads use it.
 #pragma once
 
 #include "core/open_file.h"
@@ -25,14 +25,14 @@
 
 namespace glidemap::test {
 
-// What one open pad has to say. Its descriptor is readable while it has anything to say.
+// The event queue of one open pad. Its descriptor is readable while events are pending.
 class FakeStream {
 public:
     FakeStream() : ready(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
 
     int descriptor() const { return ready.descriptor(); }
 
-    // What others have of this pad.
+    // The fake system's side of this pad.
     const std::shared_ptr<FakeSystem>& system() const { return outside; }
     bool hasButtons = true;
 
@@ -43,7 +43,7 @@ public:
         isDrained = false;
     }
 
-    // As a newly opened pad: nothing waits but these.
+    // Discards pending events, as for a newly opened pad, and queues these.
     void restart(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
         waiting.assign(events.begin(), events.end());
@@ -51,7 +51,7 @@ public:
         drained.notify_all();
     }
 
-    // Waits until everything was read, and that there is no more.
+    // Waits until the driver has read all events and found the queue empty.
     bool waitUntilDrained() {
         std::unique_lock lock(mutex);
         return drained.wait_for(lock, test::patience, [&] { return isDrained; });
@@ -111,7 +111,7 @@ private:
     PadDescription pad;
 };
 
-// The drawer, shared between the test and the driver's directory.
+// The fake touchpads, shared between the test and the driver's directory.
 class FakePads {
 public:
     static PadIdentity identity(const std::string& name) { return {3, 1, 2, 1, name, "", ""}; }
@@ -135,10 +135,10 @@ public:
         eventfd_write(changes.descriptor(), 1);
     }
 
-    // Something happens in the folder that concerns no touchpad.
+    // Signals a change in the folder that concerns no touchpad.
     void change() { eventfd_write(changes.descriptor(), 1); }
 
-    // Looking for touchpads takes until this is over.
+    // While `block` is true, a search for touchpads waits.
     void blockCandidates(bool block) {
         const std::lock_guard lock(mutex);
         blocking = block;
@@ -159,13 +159,13 @@ public:
         return opened;
     }
 
-    // How often all touchpads were looked for.
+    // Returns how often the driver has searched for all touchpads.
     int timesSearched() {
         const std::lock_guard lock(mutex);
         return searches;
     }
 
-    // Whether, in the end, so many watches are kept.
+    // Waits until the number of watches is `count`.
     bool comeToWatches(int count) {
         std::unique_lock lock(mutex);
         return watchesChanged.wait_for(lock, test::patience, [&] { return watching == count; });
@@ -197,7 +197,7 @@ class FakeWatch : public ReturnWatch {
 public:
     explicit FakeWatch(std::shared_ptr<FakePads> itsDrawer) : drawer(std::move(itsDrawer)) {
         const std::lock_guard lock(drawer->mutex);
-        FakeWatch::acknowledge(); // what happened before is not seen
+        FakeWatch::acknowledge(); // changes before the watch was created are not reported
         ++drawer->watching;
         drawer->watchesChanged.notify_all();
     }

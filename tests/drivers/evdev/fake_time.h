@@ -1,4 +1,4 @@
-// Time for the watchdog that stands still until a test moves it.
+// A watchdog's clock that advances only when a test moves it.
 //
 // Thread:  any.
 #pragma once
@@ -47,7 +47,8 @@ public:
         }
     }
 
-    // Waits until the watchdog waits so long from now on; nothing for a wait without a time-out.
+    // Returns true once the watchdog sleeps with this remaining time; nullopt is a sleep without a
+    // time-out.
     bool waitUntilWaitingFor(std::optional<std::chrono::nanoseconds> left) {
         std::unique_lock own(mutex);
         return news.wait_for(own, limit, [&] {

@@ -14,7 +14,7 @@ using Texts = std::vector<std::string>;
 
 class ForwardingWatchdogTest : public testing::Test {
 protected:
-    // A touchpad that is grabbed and has a clone.
+    // A grabbed touchpad with a clone.
     struct Forwarded {
         std::shared_ptr<FakeStream> stream = std::make_shared<FakeStream>();
         FakeOpenPad pad{stream};
@@ -58,7 +58,7 @@ TEST_F(ForwardingWatchdogTest, GivesBackWhenTheReaderIsStuckForASecond) {
     EXPECT_EQ(watchdog.takeStall(), std::nullopt);
 }
 
-TEST_F(ForwardingWatchdogTest, GivesBackEveryTouchpadThatIsHeld) {
+TEST_F(ForwardingWatchdogTest, GivesBackEveryHeldTouchpad) {
     hold(one);
     hold(two);
     watchdog.work();
@@ -69,7 +69,7 @@ TEST_F(ForwardingWatchdogTest, GivesBackEveryTouchpadThatIsHeld) {
     EXPECT_EQ(stalls, 1);
 }
 
-TEST_F(ForwardingWatchdogTest, AReaderThatGetsOnIsNotStuckHoweverLongItWorks) {
+TEST_F(ForwardingWatchdogTest, ReaderThatMakesProgressIsNotStuck) {
     hold(one);
     watchdog.work();
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -79,13 +79,13 @@ TEST_F(ForwardingWatchdogTest, AReaderThatGetsOnIsNotStuckHoweverLongItWorks) {
         time.advance(998ms);
         EXPECT_TRUE(time.waitUntilWaitingFor(1ms));
         watchdog.progress();
-        time.advance(1ms); // when it looks, and sees how long ago that was
+        time.advance(1ms); // wakes the watchdog, which sees the progress
     }
     EXPECT_TRUE(watchdog.holds(one.pad));
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeOutOnceNothingTouches) {
+TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeOutOnceAllFingersHaveLifted) {
     hold(one);
     watchdog.work();
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -95,8 +95,7 @@ TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeOutOnceNothingTouches) {
     EXPECT_TRUE(watchdog.holds(one.pad));
 }
 
-TEST_F(ForwardingWatchdogTest,
-       WhileAFingerIsDownItIsNotWokenForEachReportAndAFingerThatRestsIsLet) {
+TEST_F(ForwardingWatchdogTest, SleepsBetweenReportsAndWhileAFingerRests) {
     hold(one);
     watchdog.work();
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -104,7 +103,7 @@ TEST_F(ForwardingWatchdogTest,
     time.advance(300ms);
     watchdog.work();
     watchdog.rest(true);
-    EXPECT_TRUE(time.waitUntilWaitingFor(700ms)) << "the time-out of the first report goes on";
+    EXPECT_TRUE(time.waitUntilWaitingFor(700ms)) << "the first report's time-out still runs";
     time.advance(700ms);
     EXPECT_TRUE(time.waitUntilWaitingFor(300ms)) << "a second after the last report";
     time.advance(300ms);
@@ -112,10 +111,10 @@ TEST_F(ForwardingWatchdogTest,
     time.advance(1h);
     EXPECT_TRUE(watchdog.holds(one.pad));
     watchdog.work();
-    EXPECT_TRUE(time.waitUntilWaitingFor(1s)) << "it watches again";
+    EXPECT_TRUE(time.waitUntilWaitingFor(1s)) << "the watchdog watches again";
 }
 
-TEST_F(ForwardingWatchdogTest, WhatWasReleasedIsLetAlone) {
+TEST_F(ForwardingWatchdogTest, LeavesAReleasedTouchpadAlone) {
     hold(one);
     hold(two);
     watchdog.release(one.pad);
@@ -125,7 +124,7 @@ TEST_F(ForwardingWatchdogTest, WhatWasReleasedIsLetAlone) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, ATouchpadThatIsTakenInTheMiddleOfWorkIsWatchedFromThenOn) {
+TEST_F(ForwardingWatchdogTest, WatchesATouchpadThatIsGrabbedDuringWork) {
     watchdog.work();
     EXPECT_TRUE(watchdog.hold(held(one)));
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));

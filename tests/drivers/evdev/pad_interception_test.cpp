@@ -28,7 +28,7 @@ class PadInterceptionTest : public testing::Test {
 protected:
     PadInterceptionTest() { clicks.setFilter(&filter, this); }
 
-    // `event,button` in the order asked.
+    // Records `event,button` for each call.
     static bool filter(void* context, driver::Device device, std::int32_t event,
                        std::int32_t button) {
         auto& self = *static_cast<PadInterceptionTest*>(context);
@@ -37,7 +37,7 @@ protected:
         return self.answer ? self.answer(event) : true;
     }
 
-    // With a clone that is there for long enough, or gone.
+    // Switches the filter and waits until the clone is ready or gone.
     void switchOn(bool on = true) {
         clicks.switchOn(on);
         interception->settle();
@@ -50,7 +50,7 @@ protected:
         interception->settle();
     }
 
-    // What is read in one go.
+    // Sends frames that the driver reads at once.
     void say(const std::vector<Events>& frames, double time = 1) {
         for (const Events& frame : frames) {
             for (const InputEvent& event : frame) {
@@ -79,19 +79,19 @@ protected:
         std::make_unique<PadInterception>(&device, pad, clicks);
 };
 
-TEST_F(PadInterceptionTest, WhileItIsOffNothingIsTaken) {
+TEST_F(PadInterceptionTest, GrabsNothingWhileOff) {
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
     EXPECT_EQ(system().journal(), Texts());
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, WithoutAFilterNothingIsTaken) {
+TEST_F(PadInterceptionTest, GrabsNothingWithoutAFilter) {
     clicks.setFilter(nullptr, nullptr);
     switchOn();
     EXPECT_EQ(system().journal(), Texts());
 }
 
-TEST_F(PadInterceptionTest, ATouchpadThatNobodyTouchesIsTakenAtOnceAndGivenBackAtOnce) {
+TEST_F(PadInterceptionTest, UntouchedPadIsGrabbedAtOnceAndGivenBackAtOnce) {
     switchOn();
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
     switchOn(false);
@@ -99,7 +99,7 @@ TEST_F(PadInterceptionTest, ATouchpadThatNobodyTouchesIsTakenAtOnceAndGivenBackA
     EXPECT_GE(wakes, 2);
 }
 
-TEST_F(PadInterceptionTest, WhatIsHeldPutsTheTakingOff) {
+TEST_F(PadInterceptionTest, HeldFingerOrKeyDelaysTheGrabAndTheUngrab) {
     struct Row {
         const char* what;
         InputEvent hold;
@@ -131,7 +131,7 @@ TEST_F(PadInterceptionTest, WhatIsHeldPutsTheTakingOff) {
     }
 }
 
-TEST_F(PadInterceptionTest, ADroppedPressIsTakenOutOfItsFrameAndSoIsItsRelease) {
+TEST_F(PadInterceptionTest, DroppedPressAndItsReleaseAreMissingFromTheirFrames) {
     switchOn();
     say({{fingerDown}, {leftDown, {1, EV_ABS, ABS_MT_POSITION_X, 4}}, {leftUp}, {fingerUp}});
     EXPECT_EQ(system().journal(),
@@ -139,20 +139,20 @@ TEST_F(PadInterceptionTest, ADroppedPressIsTakenOutOfItsFrameAndSoIsItsRelease) 
     EXPECT_EQ(asked, (Texts{"0,0", "1,0"}));
 }
 
-TEST_F(PadInterceptionTest, WhereNobodyTouchesADroppedPressLeavesNoTrace) {
+TEST_F(PadInterceptionTest, DroppedPressWithoutAFingerWritesNothing) {
     switchOn();
     say({{leftDown}, {leftUp}});
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(PadInterceptionTest, ADroppedPressLiftedInOneFrameLeavesNoPalm) {
+TEST_F(PadInterceptionTest, DroppedPressAndReleaseInOneFrameLeaveNoPalm) {
     switchOn();
     say({{fingerDown, leftDown}, {fingerUp, leftUp}, {fingerDown}});
     EXPECT_EQ(system().journal(),
               (Texts{"clone", "grab", "3:57=5 3:55=2", "3:57=-1 3:55=0", "3:57=5"}));
 }
 
-TEST_F(PadInterceptionTest, SwitchedOffWhileADroppedPressIsHeldTheFingersArePalmsUntilItsRelease) {
+TEST_F(PadInterceptionTest, FingersStayPalmsUntilTheReleaseWhenSwitchedOffDuringADroppedPress) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     switchOn(false);
@@ -162,8 +162,8 @@ TEST_F(PadInterceptionTest, SwitchedOffWhileADroppedPressIsHeldTheFingersArePalm
                                          "3:57=-1", "ungrab", "destroy"}));
 }
 
-// It was a palm as long as it was there: what lifts it makes no tap of it.
-TEST_F(PadInterceptionTest, EndedWhileADroppedPressIsHeldTheFingersAreLiftedAsPalms) {
+// The contact was a palm until it lifted, so programs do not take it for a tap.
+TEST_F(PadInterceptionTest, EndLiftsFingersAsPalmsDuringADroppedPress) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     interception->end();
@@ -171,7 +171,7 @@ TEST_F(PadInterceptionTest, EndedWhileADroppedPressIsHeldTheFingersAreLiftedAsPa
               (Texts{"clone", "grab", "3:57=5", "3:55=2", "3:57=-1", "ungrab", "destroy"}));
 }
 
-TEST_F(PadInterceptionTest, WhatTheFilterLetsPassPasses) {
+TEST_F(PadInterceptionTest, ForwardsButtonChangesThatTheFilterAllows) {
     answer = [](std::int32_t) {
         return false;
     };
@@ -181,14 +181,14 @@ TEST_F(PadInterceptionTest, WhatTheFilterLetsPassPasses) {
     EXPECT_EQ(asked, (Texts{"0,0", "1,0", "0,1"}));
 }
 
-TEST_F(PadInterceptionTest, TheMiddleButtonIsNobodysClick) {
+TEST_F(PadInterceptionTest, MiddleButtonIsNotFiltered) {
     switchOn();
     say({{{1, EV_KEY, BTN_MIDDLE, 1}}, {{1, EV_KEY, BTN_MIDDLE, 0}}});
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "1:274=1", "1:274=0"}));
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, EachChangeWithinAFrameIsAskedAbout) {
+TEST_F(PadInterceptionTest, CallsTheFilterForEachChangeWithinAFrame) {
     switchOn();
     answer = [this](std::int32_t) {
         return asked.size() <= 2;
@@ -198,13 +198,13 @@ TEST_F(PadInterceptionTest, EachChangeWithinAFrameIsAskedAbout) {
     EXPECT_EQ(asked, (Texts{"0,0", "1,0", "0,0", "1,0"}));
 }
 
-TEST_F(PadInterceptionTest, AButtonThatIsAsItWasIsNotAskedAbout) {
+TEST_F(PadInterceptionTest, FilterIsNotCalledForARepeatedButtonState) {
     switchOn();
     say({{leftUp}, {leftDown}, {leftDown}});
     EXPECT_EQ(asked, (Texts{"0,0"}));
 }
 
-TEST_F(PadInterceptionTest, AReleaseOfWhatTheCloneHoldsIsNeverDropped) {
+TEST_F(PadInterceptionTest, ReleaseOfAButtonThatTheCloneHoldsIsNeverDropped) {
     switchOn();
     answer = [](std::int32_t event) {
         return event == driver::clickFilterButtonUp;
@@ -214,7 +214,7 @@ TEST_F(PadInterceptionTest, AReleaseOfWhatTheCloneHoldsIsNeverDropped) {
               (Texts{"clone", "grab", "1:272=1", "1:272=0", "1:272=1 1:272=0"}));
 }
 
-TEST_F(PadInterceptionTest, SwitchedOffInTheMiddleOfATouchItForwardsOnAndAsksNobody) {
+TEST_F(PadInterceptionTest, ForwardsWithoutTheFilterWhenSwitchedOffDuringATouch) {
     switchOn();
     say({{fingerDown}});
     switchOn(false);
@@ -226,7 +226,7 @@ TEST_F(PadInterceptionTest, SwitchedOffInTheMiddleOfATouchItForwardsOnAndAsksNob
                                          "ungrab", "destroy"}));
 }
 
-TEST_F(PadInterceptionTest, SwitchedOnAgainInTheMiddleOfATouchNothingHappens) {
+TEST_F(PadInterceptionTest, KeepsForwardingWhenSwitchedOffAndOnDuringATouch) {
     switchOn();
     say({{fingerDown}});
     switchOn(false);
@@ -235,8 +235,8 @@ TEST_F(PadInterceptionTest, SwitchedOnAgainInTheMiddleOfATouchNothingHappens) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:57=-1"}));
 }
 
-// The finger came down between the last look and the grab: everybody has seen it.
-TEST_F(PadInterceptionTest, ATouchFromBeforeTheGrabIsLeftToThoseWhoSawItBegin) {
+// The finger landed between the last read and the grab, so other programs have seen it.
+TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheGrabIsNotForwarded) {
     system().setTime(10);
     switchOn();
     say({{fingerDown}}, 9.999);
@@ -246,14 +246,14 @@ TEST_F(PadInterceptionTest, ATouchFromBeforeTheGrabIsLeftToThoseWhoSawItBegin) {
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, ATouchFromAfterTheGrabIsForwardedHoweverSoonItCame) {
+TEST_F(PadInterceptionTest, TouchThatBeganAtTheGrabIsForwarded) {
     system().setTime(10);
     switchOn();
     say({{fingerDown}}, 10);
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
 }
 
-TEST_F(PadInterceptionTest, ATapFromBeforeTheGrabIsOverAndNotSaidAgain) {
+TEST_F(PadInterceptionTest, TapBeforeTheGrabIsNotForwarded) {
     system().setTime(10);
     switchOn();
     say({{fingerDown, fingerUp}}, 9);
@@ -261,7 +261,7 @@ TEST_F(PadInterceptionTest, ATapFromBeforeTheGrabIsOverAndNotSaidAgain) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
 }
 
-TEST_F(PadInterceptionTest, WithoutACloneTheTouchpadIsLetAloneUntilItIsSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, WithoutACloneRetriesOnlyWhenSwitchedOnAgain) {
     system().allowClones(false);
     switchOn();
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
@@ -273,7 +273,7 @@ TEST_F(PadInterceptionTest, WithoutACloneTheTouchpadIsLetAloneUntilItIsSwitchedO
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(PadInterceptionTest, ATouchpadThatSomebodyElseHasIsTriedAtEachNeutralMoment) {
+TEST_F(PadInterceptionTest, RetriesAtEachNeutralMomentWhileAnotherProgramHasTheGrab) {
     system().letOthersGrab(true);
     switchOn();
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
@@ -286,7 +286,7 @@ TEST_F(PadInterceptionTest, ATouchpadThatSomebodyElseHasIsTriedAtEachNeutralMome
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, WhenTheCloneCannotBeWrittenTheTouchpadIsGivenBackAtOnce) {
+TEST_F(PadInterceptionTest, FailedCloneWriteGivesTheTouchpadBackAtOnce) {
     switchOn();
     say({{fingerDown}});
     system().breakClone();
@@ -298,7 +298,7 @@ TEST_F(PadInterceptionTest, WhenTheCloneCannotBeWrittenTheTouchpadIsGivenBackAtO
     EXPECT_TRUE(system().isGrabbed());
 }
 
-TEST_F(PadInterceptionTest, AtItsEndTheFingersAreLiftedAndTheButtonsReleased) {
+TEST_F(PadInterceptionTest, EndLiftsFingersAndReleasesButtons) {
     answer = [](std::int32_t) {
         return false;
     };
@@ -309,10 +309,10 @@ TEST_F(PadInterceptionTest, AtItsEndTheFingersAreLiftedAndTheButtonsReleased) {
               (Texts{"clone", "grab", "3:57=5 1:272=1", "3:57=-1 1:272=0", "ungrab", "destroy"}));
     say({{leftUp}, {fingerUp}});
     switchOn();
-    EXPECT_FALSE(system().isGrabbed()) << "it was the end";
+    EXPECT_FALSE(system().isGrabbed()) << "end() was called";
 }
 
-TEST_F(PadInterceptionTest, ATouchpadThatIsLostHasReleasedItsButtons) {
+TEST_F(PadInterceptionTest, LostTouchpadReleasesItsButtons) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     interception->lose();
@@ -321,13 +321,13 @@ TEST_F(PadInterceptionTest, ATouchpadThatIsLostHasReleasedItsButtons) {
               (Texts{"clone", "grab", "3:57=5", "3:55=2", "3:57=-1", "ungrab", "destroy"}));
 }
 
-TEST_F(PadInterceptionTest, DestroyingItGivesBack) {
+TEST_F(PadInterceptionTest, DestructorGivesTheTouchpadBack) {
     switchOn();
     interception.reset();
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
 }
 
-TEST_F(PadInterceptionTest, TheFilterMayEndItWhileItIsAsked) {
+TEST_F(PadInterceptionTest, FilterMayEndTheInterceptionDuringItsCall) {
     switchOn();
     answer = [this](std::int32_t) {
         interception->end();
@@ -338,7 +338,7 @@ TEST_F(PadInterceptionTest, TheFilterMayEndItWhileItIsAsked) {
     EXPECT_EQ(asked, (Texts{"0,0"}));
 }
 
-TEST_F(PadInterceptionTest, TheFilterMaySwitchItselfOffWhileItIsAsked) {
+TEST_F(PadInterceptionTest, FilterMaySwitchItselfOffDuringItsCall) {
     switchOn();
     answer = [this](std::int32_t) {
         clicks.switchOn(false);
@@ -351,14 +351,14 @@ TEST_F(PadInterceptionTest, TheFilterMaySwitchItselfOffWhileItIsAsked) {
                                          "3:57=-1", "ungrab", "destroy"}));
 }
 
-TEST_F(PadInterceptionTest, ATouchpadWithoutButtonsIsLetAlone) {
+TEST_F(PadInterceptionTest, TouchpadWithoutButtonsIsNotGrabbed) {
     stream->hasButtons = false;
     switchOn();
     say({{fingerDown}, {fingerUp}});
     EXPECT_EQ(system().journal(), Texts());
 }
 
-TEST_F(PadInterceptionTest, ATouchpadIsNotTakenWhoseCloneNoProgramCouldRead) {
+TEST_F(PadInterceptionTest, DoesNotGrabWhileNoProgramCanReadTheClone) {
     struct Row {
         CloneStanding standing;
         const char* obstacle;
@@ -383,13 +383,13 @@ TEST_F(PadInterceptionTest, ATouchpadIsNotTakenWhoseCloneNoProgramCouldRead) {
                   (Texts{"clone", "destroy"}));
         EXPECT_STREQ(interception->obstacle(), row.obstacle);
         EXPECT_FALSE(interception->nextLook().has_value());
-        EXPECT_EQ(clicks.cloneWatch(), nullptr) << "nothing is to be watched";
+        EXPECT_EQ(clicks.cloneWatch(), nullptr) << "no clone is left to watch";
         say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
     }
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, ATouchpadWhoseCloneIsKnownLateIsTakenAfterTheGrace) {
+TEST_F(PadInterceptionTest, GrabsAfterTheGracePeriodWhenTheCloneIsOpenedLate) {
     system().setStanding({true, false, false});
     switchOn();
     letPass(std::chrono::seconds(1));
@@ -404,7 +404,7 @@ TEST_F(PadInterceptionTest, ATouchpadWhoseCloneIsKnownLateIsTakenAfterTheGrace) 
     EXPECT_EQ(interception->obstacle(), nullptr);
 }
 
-TEST_F(PadInterceptionTest, AReaderThatOpensTheCloneAndClosesItIsNoReader) {
+TEST_F(PadInterceptionTest, ReaderThatClosesTheCloneRestartsTheGracePeriod) {
     system().setStanding({true, true, true});
     clicks.switchOn(true);
     interception->settle();
@@ -418,7 +418,7 @@ TEST_F(PadInterceptionTest, AReaderThatOpensTheCloneAndClosesItIsNoReader) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-TEST_F(PadInterceptionTest, WhereItIsNotKnownWhoReadsTheGraceIsLonger) {
+TEST_F(PadInterceptionTest, GracePeriodIsLongerWhenReadersAreUnknown) {
     system().setStanding({true, true, std::nullopt});
     switchOn();
     letPass(CloneIntroduction::graceOfUnknownReader - CloneIntroduction::graceOfReader -
@@ -428,8 +428,8 @@ TEST_F(PadInterceptionTest, WhereItIsNotKnownWhoReadsTheGraceIsLonger) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-// Without a timer: the touchpad is used, or it does not matter.
-TEST_F(PadInterceptionTest, AfterAFailureItIsTriedAgainWhenTheTouchpadIsUsedLater) {
+// There is no timer: an unused touchpad needs no clone.
+TEST_F(PadInterceptionTest, RetriesWhenTheTouchpadIsUsedAfterAPause) {
     system().setStanding({true, true, false});
     switchOn();
     letPass(CloneIntroduction::patience);
@@ -446,10 +446,10 @@ TEST_F(PadInterceptionTest, AfterAFailureItIsTriedAgainWhenTheTouchpadIsUsedLate
     }
     system().setStanding({true, true, true});
     switchOn();
-    EXPECT_TRUE(system().isGrabbed()) << "switched on again it waits for no pause";
+    EXPECT_TRUE(system().isGrabbed()) << "switching on again must not wait for the pause";
 }
 
-TEST_F(PadInterceptionTest, SwitchedOnAgainWhileTheCloneLeavesItStays) {
+TEST_F(PadInterceptionTest, KeepsTheLeavingCloneWhenSwitchedOnAgain) {
     switchOn();
     clicks.switchOn(false);
     interception->settle();
@@ -461,8 +461,8 @@ TEST_F(PadInterceptionTest, SwitchedOnAgainWhileTheCloneLeavesItStays) {
     EXPECT_FALSE(interception->nextLook().has_value());
 }
 
-// The finger came down between the last look and the moment in which others hear the touchpad again.
-TEST_F(PadInterceptionTest, ATouchFromBeforeItWasGivenBackIsForwarded) {
+// The finger landed between the last read and the release of the grab.
+TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwarded) {
     system().setTime(10);
     switchOn();
     system().setTime(20);
@@ -476,7 +476,7 @@ TEST_F(PadInterceptionTest, ATouchFromBeforeItWasGivenBackIsForwarded) {
                                          "1:272=0", "3:57=-1", "ungrab"}));
 }
 
-TEST_F(PadInterceptionTest, ATouchFromAfterItWasGivenBackIsNot) {
+TEST_F(PadInterceptionTest, TouchThatBeganAfterTheUngrabIsNotForwarded) {
     system().setTime(10);
     switchOn();
     system().setTime(20);
@@ -487,7 +487,7 @@ TEST_F(PadInterceptionTest, ATouchFromAfterItWasGivenBackIsNot) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab"}));
 }
 
-TEST_F(PadInterceptionTest, WhatWasOnlyHeardHereIsForwardedAlsoIfItIsTakenAgainBefore) {
+TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwardedAfterANewGrab) {
     system().setTime(10);
     switchOn();
     system().setTime(20);
@@ -500,7 +500,7 @@ TEST_F(PadInterceptionTest, WhatWasOnlyHeardHereIsForwardedAlsoIfItIsTakenAgainB
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab", "3:57=5"}));
 }
 
-TEST_F(PadInterceptionTest, AStallInTheFilterEndsForwardingUntilItIsSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, StallInTheFilterEndsForwardingUntilSwitchedOnAgain) {
     switchOn();
     bool switchesOn = false;
     answer = [&](std::int32_t event) {

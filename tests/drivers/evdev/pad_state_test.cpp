@@ -19,12 +19,12 @@ struct Row {
 
 TEST(PadState, IsNeutralWhenNoFingerIsDownAndNoKeyIsPressed) {
     const Row rows[] = {
-        {"nothing has happened", {}, true},
+        {"no events", {}, true},
         {"a finger is down", {{0, EV_ABS, ABS_MT_TRACKING_ID, 0}}, false},
-        {"it has left",
+        {"the finger has lifted",
          {{0, EV_ABS, ABS_MT_TRACKING_ID, 0}, {0, EV_ABS, ABS_MT_TRACKING_ID, -1}},
          true},
-        {"another is still there",
+        {"another finger is still down",
          {{0, EV_ABS, ABS_MT_TRACKING_ID, 3},
           {0, EV_ABS, ABS_MT_SLOT, 1},
           {0, EV_ABS, ABS_MT_TRACKING_ID, 4},
@@ -32,17 +32,17 @@ TEST(PadState, IsNeutralWhenNoFingerIsDownAndNoKeyIsPressed) {
           {0, EV_ABS, ABS_MT_TRACKING_ID, -1}},
          false},
         {"a button is pressed", {{0, EV_KEY, BTN_LEFT, 1}}, false},
-        {"the last key there is is pressed", {{0, EV_KEY, KEY_MAX, 1}}, false},
+        {"the key with the highest code is pressed", {{0, EV_KEY, KEY_MAX, 1}}, false},
         {"the button is released", {{0, EV_KEY, BTN_LEFT, 1}, {0, EV_KEY, BTN_LEFT, 0}}, true},
-        {"a position was left behind", {{0, EV_ABS, ABS_MT_POSITION_X, 9}}, true},
-        {"a slot that does not exist",
+        {"a position remains", {{0, EV_ABS, ABS_MT_POSITION_X, 9}}, true},
+        {"a slot beyond the last",
          {{0, EV_ABS, ABS_MT_SLOT, 2}, {0, EV_ABS, ABS_MT_TRACKING_ID, 4}},
          true},
         {"a slot before the first",
          {{0, EV_ABS, ABS_MT_SLOT, -1}, {0, EV_ABS, ABS_MT_TRACKING_ID, 4}},
          true},
-        {"a key that does not exist", {{0, EV_KEY, KEY_CNT, 1}}, true},
-        {"an axis that does not exist", {{0, EV_ABS, ABS_CNT, 1}}, true},
+        {"an invalid key", {{0, EV_KEY, KEY_CNT, 1}}, true},
+        {"an invalid axis", {{0, EV_ABS, ABS_CNT, 1}}, true},
     };
     for (const Row& row : rows) {
         PadState state(2);
@@ -53,7 +53,7 @@ TEST(PadState, IsNeutralWhenNoFingerIsDownAndNoKeyIsPressed) {
     }
 }
 
-TEST(PadState, HoldsEachSlotsAxesAndThoseOfAllTogether) {
+TEST(PadState, HoldsTheAxesOfEachSlotAndTheSharedAxes) {
     PadState state(2);
     apply(state, {{0, EV_ABS, ABS_MT_POSITION_X, 10},
                   {0, EV_ABS, ABS_MT_SLOT, 1},
@@ -72,7 +72,7 @@ TEST(PadState, HoldsEachSlotsAxesAndThoseOfAllTogether) {
     EXPECT_EQ(state.axis(ABS_Y), 0);
 }
 
-TEST(PadState, TellsWhetherItHoldsAKeyThatIsUpInAnother) {
+TEST(PadState, ReportsWhetherItHoldsAKeyThatIsUpInAnotherState) {
     PadState pad(1);
     PadState clone(1);
     apply(clone, {{0, EV_KEY, BTN_TOUCH, 1}});
@@ -84,7 +84,7 @@ TEST(PadState, TellsWhetherItHoldsAKeyThatIsUpInAnother) {
     EXPECT_FALSE(clone.holdsKeyThatIsUpIn(pad));
 }
 
-TEST(PadState, APadMayHaveNoSlots) {
+TEST(PadState, PadMayHaveNoSlots) {
     PadState state(-1);
     apply(state, {{0, EV_ABS, ABS_MT_TRACKING_ID, 1}});
     EXPECT_EQ(state.slotCount(), 0);

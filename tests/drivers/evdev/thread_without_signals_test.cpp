@@ -13,15 +13,15 @@ bool isBlocked(int signal) {
     return sigismember(&blocked, signal) == 1;
 }
 
-TEST(ThreadWithoutSignals, TheThreadHasThemBlockedAndItsMakerDoesNot) {
+TEST(ThreadWithoutSignals, BlocksSignalsInTheThreadButNotInItsCreator) {
     bool blockedThere = false;
     threadWithoutSignals([&] { blockedThere = isBlocked(SIGTERM) && isBlocked(SIGINT); }).join();
     EXPECT_TRUE(blockedThere);
     EXPECT_FALSE(isBlocked(SIGTERM));
 }
 
-// A program that could not be ended by signals any more would be worse than one without a thread.
-TEST(ThreadWithoutSignals, WhereThereIsNoThreadToBeHadTheMakersSignalsAreAsBefore) {
+// Blocked signals would be worse than a missing thread: no signal could then end the program.
+TEST(ThreadWithoutSignals, RestoresTheCreatorsSignalMaskIfTheThreadCannotStart) {
     struct CannotBeMoved {
         CannotBeMoved() = default;
         CannotBeMoved(CannotBeMoved&& /*other*/) { throw std::runtime_error("no room"); }

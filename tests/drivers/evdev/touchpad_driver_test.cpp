@@ -11,7 +11,7 @@
 namespace glidemap::test {
 namespace {
 
-// The driver calls back without a context, so what it says is gathered in one place.
+// The driver's callbacks have no context, so one shared object collects the reports.
 class Listener {
 public:
     struct Report {
@@ -65,7 +65,7 @@ public:
         onReport = std::move(reaction);
     }
 
-    // Waits for so many reports and answers them all.
+    // Waits for at least `count` reports and returns all.
     std::vector<std::string> wait(std::size_t count) {
         std::unique_lock lock(mutex);
         changed.wait_for(lock, limit, [&] { return reports.size() >= count; });
@@ -132,7 +132,7 @@ protected:
     TouchpadDriver driver{std::make_unique<FakeDirectory>(pads)};
 };
 
-TEST_F(TouchpadDriverTest, ListsTheTouchpadsThatCanBeReadAndCountsTheOthers) {
+TEST_F(TouchpadDriverTest, ListsReadableTouchpadsAndCountsTheOthers) {
     EXPECT_EQ(driver.createList().size(), 0U);
     EXPECT_EQ(driver.unreadableCount(), 0);
     pads->plug("event1", "one");
@@ -145,7 +145,7 @@ TEST_F(TouchpadDriverTest, ListsTheTouchpadsThatCanBeReadAndCountsTheOthers) {
     EXPECT_EQ(driver.unreadableCount(), 0);
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadIsTheSameDeviceInEveryList) {
+TEST_F(TouchpadDriverTest, TouchpadIsTheSameDeviceInEveryList) {
     pads->plug("event1", "one");
     pads->plug("event2", "two");
     const auto before = driver.createList();
@@ -156,7 +156,7 @@ TEST_F(TouchpadDriverTest, ATouchpadIsTheSameDeviceInEveryList) {
     EXPECT_EQ(after, (std::vector{before[1], before[0]}));
 }
 
-TEST_F(TouchpadDriverTest, TwoOfTheSameMakeAreTwoDevices) {
+TEST_F(TouchpadDriverTest, TwoTouchpadsOfTheSameModelAreTwoDevices) {
     pads->plug("event1", "twin");
     pads->plug("event2", "twin");
     const auto list = driver.createList();
@@ -174,7 +174,7 @@ TEST_F(TouchpadDriverTest, TwoOfTheSameMakeAreTwoDevices) {
     EXPECT_EQ(driver.createList(), list);
 }
 
-TEST_F(TouchpadDriverTest, ReportsWhatIsTouchedAfterStart) {
+TEST_F(TouchpadDriverTest, ReportsTouchesAfterStart) {
     const auto device = started("event1", "pad");
     send("event1", fingerDown(1));
     send("event1", fingerAt(20));
@@ -183,7 +183,7 @@ TEST_F(TouchpadDriverTest, ReportsWhatIsTouchedAfterStart) {
     EXPECT_EQ(heard.deviceOf(0), device);
 }
 
-TEST_F(TouchpadDriverTest, ReportsWhatWasOnThePadWhenItWasOpened) {
+TEST_F(TouchpadDriverTest, ReportsContactsThatWereOnThePadBeforeStart) {
     pads->plug("event1", "pad");
     send("event1", fingerDown(1));
     const auto device = driver.createList().at(0);
@@ -192,7 +192,7 @@ TEST_F(TouchpadDriverTest, ReportsWhatWasOnThePadWhenItWasOpened) {
     EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, ButtonsFollowTheContactsOfTheSameMoment) {
+TEST_F(TouchpadDriverTest, ButtonsFollowTheContactsOfTheSameFrame) {
     driver.setButtonCallback(&Listener::button);
     started("event1", "pad");
     heard.react([this](driver::Device) {
@@ -232,7 +232,7 @@ TEST_F(TouchpadDriverTest, UnpluggingWithoutATouchReportsNothing) {
     EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadThatReturnsWithoutRightsResumesWhenTheyArrive) {
+TEST_F(TouchpadDriverTest, ReturningTouchpadResumesWhenAccessIsGrantedLater) {
     started("event1", "pad");
     send("event1", fingerDown(1));
     heard.wait(1);
@@ -304,7 +304,7 @@ TEST_F(TouchpadDriverTest, NothingIsWatchedWhileNoTouchpadIsAway) {
     EXPECT_TRUE(pads->comeToWatches(0));
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadThatCannotBeReadIsNotTriedUntilSomethingChanges) {
+TEST_F(TouchpadDriverTest, UnreadableTouchpadIsNotRetriedUntilDevicesChange) {
     started("event1", "pad");
     const auto other = started("event2", "other");
     const int before = pads->timesOpened();
@@ -321,7 +321,7 @@ TEST_F(TouchpadDriverTest, ATouchpadThatCannotBeReadIsNotTriedUntilSomethingChan
     EXPECT_EQ(heard.wait(3).size(), 3U);
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadThatWasAwayAtStartIsAwaited) {
+TEST_F(TouchpadDriverTest, TouchpadThatIsMissingAtStartReportsWhenItReturns) {
     pads->plug("event1", "pad");
     const auto device = driver.createList().at(0);
     driver.addCallback(device, &Listener::contact);
@@ -332,7 +332,7 @@ TEST_F(TouchpadDriverTest, ATouchpadThatWasAwayAtStartIsAwaited) {
     EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, NoCallbackComesAfterStopHasReturned) {
+TEST_F(TouchpadDriverTest, NoCallbackRunsAfterStopHasReturned) {
     const auto device = started("event1", "pad");
     const auto stream = pads->stream("event1");
     for (int round = 0; round < 50; ++round) {
@@ -353,7 +353,7 @@ TEST_F(TouchpadDriverTest, NoCallbackComesAfterStopHasReturned) {
     }
 }
 
-TEST_F(TouchpadDriverTest, ADeviceMayBeStoppedFromItsOwnCallback) {
+TEST_F(TouchpadDriverTest, DeviceMayBeStoppedFromItsOwnCallback) {
     const auto device = started("event1", "pad");
     heard.react([this](driver::Device reported) { driver.stop(reported); });
     auto events = fingerDown(1);
@@ -363,13 +363,13 @@ TEST_F(TouchpadDriverTest, ADeviceMayBeStoppedFromItsOwnCallback) {
     send("event1", events);
     EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
     heard.react({});
-    driver.stop(device); // waits for the callback; does nothing else
+    driver.stop(device); // waits for the callback; has no other effect
     driver.start(device);
     send("event1", fingerDown(1));
     EXPECT_EQ(heard.wait(2).size(), 2U);
 }
 
-TEST_F(TouchpadDriverTest, ADeviceMayBeStoppedAndStartedAgainFromItsOwnCallback) {
+TEST_F(TouchpadDriverTest, DeviceMayBeRestartedFromItsOwnCallback) {
     started("event1", "pad");
     heard.react([this](driver::Device device) {
         heard.react({});
@@ -382,7 +382,7 @@ TEST_F(TouchpadDriverTest, ADeviceMayBeStoppedAndStartedAgainFromItsOwnCallback)
     EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, EachDeviceStopsByItself) {
+TEST_F(TouchpadDriverTest, EachDeviceStopsIndependently) {
     const auto one = started("event1", "one");
     started("event2", "two");
     driver.stop(one);
@@ -392,7 +392,7 @@ TEST_F(TouchpadDriverTest, EachDeviceStopsByItself) {
     EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:7"}));
 }
 
-TEST_F(TouchpadDriverTest, ACallbackThatIsTakenAwayHearsNothing) {
+TEST_F(TouchpadDriverTest, RemovedCallbackIsNotCalled) {
     const auto device = started("event1", "one");
     started("event2", "two");
     driver.removeCallback(device, &Listener::contact);
@@ -402,7 +402,7 @@ TEST_F(TouchpadDriverTest, ACallbackThatIsTakenAwayHearsNothing) {
     EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:7"}));
 }
 
-TEST_F(TouchpadDriverTest, ACallbackThatIsAddedTwiceHearsEverythingOnce) {
+TEST_F(TouchpadDriverTest, CallbackThatIsAddedTwiceIsCalledOnce) {
     const auto device = started("event1", "pad");
     driver.addCallback(device, &Listener::contact);
     driver.start(device);
@@ -420,11 +420,11 @@ TEST_F(TouchpadDriverTest, EachDeviceHasTheNameOfItsTouchpad) {
     EXPECT_EQ(driver.name(nullptr), nullptr);
 }
 
-// To look for all of them once for each would take four thousand looks for 64.
-TEST_F(TouchpadDriverTest, ManyTouchpadsAreStartedWithoutLookingForAllOfThemEachTime) {
+// Searching all nodes once per touchpad would take four thousand look-ups for 64 touchpads.
+TEST_F(TouchpadDriverTest, StartsManyTouchpadsWithoutSearchingAllEachTime) {
     constexpr int count = 64;
     for (int number = 0; number < count; ++number) {
-        pads->plug("event" + std::to_string(number), "one of many"); // which all look the same
+        pads->plug("event" + std::to_string(number), "one of many"); // all with the same identity
     }
     const auto list = driver.createList();
     const int searches = pads->timesSearched();
@@ -435,7 +435,7 @@ TEST_F(TouchpadDriverTest, ManyTouchpadsAreStartedWithoutLookingForAllOfThemEach
     EXPECT_EQ(pads->timesSearched(), searches);
 }
 
-TEST_F(TouchpadDriverTest, DevicesThatDoNotExistAreIgnored) {
+TEST_F(TouchpadDriverTest, InvalidDevicesAreIgnored) {
     int something = 0;
     for (const driver::Device device : {driver::Device(nullptr), driver::Device(&something)}) {
         driver.addCallback(device, &Listener::contact);
