@@ -1,7 +1,7 @@
-// What udev says about an input device that matters for access to it.
+// Reads the udev properties that decide about access to an input device.
 //
-// Thread:  that of the device's context.
-// Errors:  none; an unknown device is no touchpad.
+// Thread:  the thread of the device's udev context.
+// Errors:  none; an unknown device is not a touchpad.
 #pragma once
 
 #include <libudev.h>
@@ -19,8 +19,8 @@ struct UdevRelease {
 template <typename Object>
 using UdevHandle = std::unique_ptr<Object, UdevRelease>;
 
-// The event node of a touchpad that is not one of our clones, and that the rules give access to: one
-// that is a keyboard, too, they do not.
+// Whether this is the event node of a touchpad that the udev rules grant. They exclude our clones
+// and nodes that are also a keyboard.
 bool isGivenTouchpad(udev_device* event);
 
 } // namespace glidemap

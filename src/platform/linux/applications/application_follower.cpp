@@ -12,8 +12,9 @@ namespace {
 
 constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
 
-// This program is an accessory and no application to choose, whatever a desktop says about its window: some tell no process,
-// others no identifier that has an entry.
+// Excludes this program, which is an accessory and not an application to bind gestures to. Some
+// desktops report no process for its window, others an identifier without an entry, so both are
+// checked.
 bool isOwn(const WindowIdentity& window, const Application& application) {
     return window.process == getpid() || application.bundleID == ownIdentifier;
 }
@@ -73,7 +74,7 @@ const Application* ApplicationFollower::applicationOf(const WindowIdentity& wind
     const Application* const application =
         entry != nullptr ? published.installed.intern({entry->identifier, entry->name})
                          : published.others.intern(matcher.describe(window));
-    // The active window need not be among those told of, and may describe itself anew for ever.
+    // The active window may be missing from the list and may change its identity without end.
     if (matched.size() > open.size() + 64)
         forgetClosedWindows();
     matched.emplace(key, application);
@@ -98,7 +99,7 @@ void ApplicationFollower::matchAgain() {
 void ApplicationFollower::publishFrontmost() {
     const Application* const application =
         active ? applicationOf(*active) : ApplicationTable::unknown();
-    // Whoever reads the pointer sees all that it points to.
+    // A release store: a reader of the pointer must see the complete application.
     published.frontmost.store(application, std::memory_order_release);
 }
 

@@ -17,10 +17,10 @@ namespace glidemap {
 
 namespace {
 
-// What is to be launched, handed from one callback to the next.
+// A launch request, passed from callback to callback.
 struct Launch {
     GDesktopAppInfo* entry;
-    std::string url; // to be opened by it; empty for the application itself
+    std::string url; // to open; empty to launch the application itself
 
     Launch(GDesktopAppInfo* taken, std::string toOpen) : entry(taken), url(std::move(toOpen)) {}
     Launch(const Launch&) = delete;
@@ -32,7 +32,8 @@ bool canBeActivated(GDesktopAppInfo* entry) {
     return g_desktop_app_info_get_boolean(entry, "DBusActivatable") != FALSE;
 }
 
-// "/usr/share/applications/org.example.App.desktop" → "org.example.App", if that is a bus name.
+// "/usr/share/applications/org.example.App.desktop" → "org.example.App", if that is a valid bus
+// name.
 std::string busNameOf(GDesktopAppInfo* entry) {
     const char* const path = g_desktop_app_info_get_filename(entry);
     if (path == nullptr)
@@ -54,7 +55,7 @@ std::string objectPathOf(const std::string& busName) {
     return path;
 }
 
-// A service that is slow to answer has been asked all the same: a second copy would help nobody.
+// A service that times out has still received the call; launching a second copy would be wrong.
 bool wasNotReached(const GError* error) {
     return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) == FALSE &&
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY) == FALSE &&
@@ -95,7 +96,7 @@ void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
         startProcess(launch->entry);
 }
 
-// The bus is waited for only where it is needed: a process starts without it.
+// Only D-Bus activation waits for the bus; a process starts without it.
 void begin(GDesktopAppInfo* entry, const std::string& url) {
     if (url.empty() && !canBeActivated(entry)) {
         startProcess(entry);
@@ -117,7 +118,7 @@ void launchApplication(const std::string& url) {
     g_free(path);
     if (entry == nullptr)
         return;
-    if (g_desktop_app_info_get_is_hidden(entry) != FALSE) // the user has taken it away
+    if (g_desktop_app_info_get_is_hidden(entry) != FALSE) // the user has deleted it
         g_object_unref(entry);
     else
         begin(entry, "");
@@ -131,7 +132,7 @@ void launchHandler(const std::string& url) {
     g_free(scheme);
     if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler))
         begin(G_DESKTOP_APP_INFO(handler), url);
-    else // a file, whose handler goes by its content
+    else // a file: its content type selects the handler
         g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
 }
 

@@ -16,7 +16,7 @@ struct LinuxWorkspace::State {
     PublishedApplications published;
     KernelProcessReader processes;
 
-    // On the desktop thread.
+    // Lives on the desktop thread.
     std::unique_ptr<ApplicationFollower> follower;
     std::unique_ptr<WindowBackend> backend;
 
@@ -71,7 +71,7 @@ std::vector<Application> LinuxWorkspace::runningApplications() const {
 
 std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& bundleID) const {
     if (bundleID.empty() || bundleID.find('/') != std::string::npos)
-        return std::nullopt; // an id, not a way out of the folders that hold entries
+        return std::nullopt; // an id must not lead out of the entries' folders
     GDesktopAppInfo* const info = g_desktop_app_info_new((bundleID + ".desktop").c_str());
     if (info == nullptr)
         return std::nullopt;

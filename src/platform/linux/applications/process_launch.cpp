@@ -12,8 +12,8 @@ namespace glidemap {
 
 namespace {
 
-// Between fork and exec: nothing here may allocate or lock. The rest is GIO's: it closes our
-// descriptors, and forks twice, so that the process is init's to wait for.
+// Runs between fork and exec, so it must not allocate or lock. GIO does the rest: it closes our
+// descriptors and forks twice, so that init reaps the process.
 void cutLoose(gpointer /*data*/) {
     setsid();
     sigset_t none;
@@ -27,7 +27,7 @@ void started(GDesktopAppInfo* /*entry*/, GPid process, gpointer identifier) {
 
 void launch(GDesktopAppInfo* entry, GList* urls, std::string identifier) {
     GAppLaunchContext* const context = g_app_launch_context_new();
-    // They were for us, at our start.
+    // These variables belong to the launch of this program.
     g_app_launch_context_unsetenv(context, "DESKTOP_STARTUP_ID");
     g_app_launch_context_unsetenv(context, "XDG_ACTIVATION_TOKEN");
     g_desktop_app_info_launch_uris_as_manager(entry, urls, context, G_SPAWN_SEARCH_PATH, cutLoose,
@@ -35,7 +35,7 @@ void launch(GDesktopAppInfo* entry, GList* urls, std::string identifier) {
     g_object_unref(context);
 }
 
-// The same entry as GIO would see it if D-Bus could not activate it.
+// A copy of the entry without D-Bus activation, so that GIO starts its Exec line.
 GDesktopAppInfo* withoutActivation(GDesktopAppInfo* entry) {
     GKeyFile* const file = g_key_file_new();
     GDesktopAppInfo* plain = nullptr;

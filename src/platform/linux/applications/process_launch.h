@@ -1,7 +1,7 @@
-// Starts a desktop entry's own process, cut loose from ours.
+// Starts the process of a desktop entry, detached from this process.
 //
 // Thread:  the desktop thread.
-// Errors:  none reach the caller.
+// Errors:  not reported to the caller.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// By its Exec line, even if D-Bus could activate it.
+// Starts the Exec line, even if the entry supports D-Bus activation.
 void startProcess(GDesktopAppInfo* entry);
 
-// By D-Bus if the entry wants it, else by its Exec line.
+// Opens the URL by D-Bus activation if the entry supports it, otherwise by its Exec line.
 void openWith(GDesktopAppInfo* entry, const std::string& url);
 
 } // namespace glidemap

@@ -1,15 +1,14 @@
-// Locks the screen by whatever the session has for it.
+// Locks the screen through the first service that confirms it.
 //
-// First logind is asked to lock the session. That it agrees says little: it only passes the wish on,
-// and a desktop without a screen locker, or with one that does not listen, does nothing. So the
-// screen counts as locked once the session says that it is (its LockedHint). If it does not, a
-// screen saver service is asked: one that is running, else one that can be started. Its agreement
-// counts. With neither, `otherwise` is called: rather a shortcut too many on a screen that a silent
-// locker has locked than a screen left open.
+// First it calls logind. A successful call is no proof: logind only forwards the request, and a
+// desktop without a screen locker ignores it. So the screen counts as locked once the session's
+// LockedHint is true. Otherwise a screen saver service is called: a running one, or else one that
+// D-Bus can start. Its successful reply counts. If all fail, `otherwise` is called: an extra
+// shortcut on a screen that is already locked is better than an unlocked screen.
 //
-// Thread:  the main thread; the buses are spoken to on the desktop thread.
-// Owner:   the program. Destroying it calls off what is under way; `otherwise` is not called then.
-// Errors:  each service is given a moment to answer; one that is silent counts as missing.
+// Thread:  the main thread; the desktop thread calls the buses.
+// Owner:   the program. The destructor cancels pending calls; `otherwise` is not called then.
+// Errors:  none; a service that does not reply within its limit counts as missing.
 #pragma once
 
 #include "core/main_queue.h"
@@ -24,18 +23,18 @@ namespace glidemap {
 class LinuxScreenLock : public ScreenLock {
 public:
     struct Patience {
-        // A running service answers in milliseconds, also while the machine is busy locking.
+        // A running service replies within milliseconds, even while the machine is busy locking.
         std::chrono::milliseconds answer{1000};
-        // Between logind's agreement and the session's word: the locker has come up.
+        // From logind's reply to LockedHint: the locker starts in this time.
         std::chrono::milliseconds locked{1000};
-        // A service that is started for it.
+        // For a service that D-Bus starts for the call.
         std::chrono::milliseconds start{5000};
     };
 
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue);
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits);
 
-    // Whether there is a bus to ask on. What is on it may come and go while the program runs.
+    // Whether a bus exists. Its services may appear and disappear while the program runs.
     bool find() override;
     void lock(std::function<void()> otherwise) override;
 

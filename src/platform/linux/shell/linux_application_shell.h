@@ -1,10 +1,10 @@
-// The program before a Linux desktop. Activation policies mean nothing there; what counts is that a
-// window may come forward because the user wanted it, which the desktop believes only with proof: a
-// token on Wayland, the time of the user's act on X11.
+// Presents the program to a Linux desktop, which has no activation policies. A desktop lets a
+// window come forward only if the user caused it. The proof is an activation token on Wayland, and
+// the time of the user's input on X11.
 //
-// Thread:  the main thread, within the application object's life.
+// Thread:  the main thread, while the application object exists.
 // Owner:   the program.
-// Errors:  none; without proof a desktop may leave the window behind and mark it instead.
+// Errors:  none; without proof a desktop may only mark the window as demanding attention.
 #pragma once
 
 #include "app/application_shell.h"
@@ -19,7 +19,8 @@ public:
     void activate(QWidget& window) override;
     void terminate() override;
 
-    // Proof for the next activation, as a launcher gave it; either may be empty.
+    // Sets the activation data of the next activation, as passed by a launcher. Either may be
+    // empty.
     void prove(std::string activationToken, std::string launchID);
 
 private:
