@@ -5,7 +5,7 @@
 
 namespace glidemap {
 
-// Whoever has written the information may have written anything.
+// The value in Info.plist may be of any type.
 std::optional<std::string> bundleShortVersion() {
     NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
     const id version = [information objectForKey:@"CFBundleShortVersionString"];

@@ -28,7 +28,7 @@ namespace glidemap {
 
 namespace {
 
-// Without it there is no place for the bindings, and nothing that the program could do.
+// Without this folder the bindings cannot be stored, so the program cannot work.
 std::filesystem::path dataFolder() {
     if (const auto folder = applicationSupportFolder()) {
         return *folder;
@@ -62,7 +62,8 @@ public:
             .notes = nullptr,
             .dataFolder = dataFolder,
         };
-        // The application object takes the event for itself while it launches.
+        // Installs the handler later, because the application object installs its own while it
+        // launches.
         mainQueue->submit([weak = std::weak_ptr(life)] {
             if (const auto home = weak.lock()) {
                 (*home)->hearOfReopening();
@@ -72,7 +73,7 @@ public:
 
     const Ports& ports() const override { return given; }
 
-    // Here nobody has to prove it.
+    // macOS needs no activation data.
     void takeProof(const SingleInstance::Request& /*request*/) override {}
 
 private:
@@ -119,7 +120,7 @@ std::shared_ptr<UserDefaults> Home::userDefaults() {
 }
 
 Home::AppearanceAlone Home::appearanceAlone(MainQueue& /*mainQueue*/) {
-    return {std::make_shared<MacosAppearance>(), nullptr}; // which the system changes
+    return {std::make_shared<MacosAppearance>(), nullptr}; // the system updates it
 }
 
 std::unique_ptr<Home> Home::make(const std::shared_ptr<MainQueue>& mainQueue) {

@@ -1,4 +1,4 @@
-// The menu bar, where a click on a status item opens its menu. It is always there.
+// The menu bar of macOS, where a click on a status item opens its menu. It always exists.
 //
 // Thread:  the main thread.
 // Owner:   the program.
@@ -15,7 +15,7 @@ public:
     Observable& changes() override { return observers; }
 
 private:
-    Observable observers; // of nothing
+    Observable observers; // never notified
 };
 
 } // namespace glidemap

@@ -1,13 +1,12 @@
-// Tells when the user opens the program again while it runs, from the Finder or by Spotlight: the
-// system then starts nothing, and sends it an Apple event instead.
+// Reports when the user opens the running program again, from the Finder or Spotlight. The system
+// then starts no process but sends an Apple event.
 //
-// It takes the place of the handler that the application object installs for itself while it
-// launches, so it must be made after that, once the event loop runs. Two of them would take the
-// event from each other.
+// This handler replaces the one that the application object installs while it launches, so create
+// it after that, when the event loop runs. Create only one: a second would replace the first.
 //
-// Thread:  the main thread, which the system calls on, too.
-// Owner:   the program makes one. It may be destroyed while it tells; the system calls no more once
-//          it has gone.
+// Thread:  the main thread, which the system also calls on.
+// Owner:   the program. The callback may destroy it; the system makes no calls after its
+//          destruction.
 // Errors:  none.
 #pragma once
 
