@@ -46,7 +46,7 @@ const Row rows[] = {
     {"there is no touchpad, and no devices may be made", {{}, {}, false}, false},
 };
 
-TEST(InputTrustTest, TrustIsEveryTouchpadAndVirtualDevices) {
+TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {
     for (const Row& row : rows) {
         InputTrust trust(std::make_unique<ScriptedNodes>(row.machine), {});
         EXPECT_EQ(trust.isTrusted(), row.isTrusted) << row.name;
@@ -54,7 +54,7 @@ TEST(InputTrustTest, TrustIsEveryTouchpadAndVirtualDevices) {
     }
 }
 
-TEST(InputTrustTest, TheUserIsAskedOnceAndOnlyWithPrompt) {
+TEST(InputTrustTest, PromptIsShownOnceAndOnlyOnRequest) {
     Machine machine{{"one"}, {}, true};
     int asked = 0;
     InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
@@ -65,18 +65,18 @@ TEST(InputTrustTest, TheUserIsAskedOnceAndOnlyWithPrompt) {
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, WhoIsTrustedIsNotAsked) {
+TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
     Machine machine{{"one"}, {"one"}, true};
     int asked = 0;
     InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
     EXPECT_TRUE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 0);
-    machine.readable.clear(); // another session has come to the front
+    machine.readable.clear(); // another session is in front
     EXPECT_FALSE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, AccessThatComesLaterShows) {
+TEST(InputTrustTest, AccessGrantedLaterIsDetected) {
     Machine machine{{"one"}, {}, true};
     InputTrust trust(std::make_unique<ScriptedNodes>(machine), {});
     EXPECT_FALSE(trust.isTrusted());

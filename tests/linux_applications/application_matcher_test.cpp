@@ -1,5 +1,5 @@
-// Windows as real programs make them, against the entries in entries/, which have the shapes of
-// widely used ones.
+// Windows as real programs create them, matched with the entries in entries/, which have the shapes
+// of widely used ones.
 #include "platform/linux/applications/application_matcher.h"
 
 #include <glib.h>
@@ -19,7 +19,7 @@ std::string valueOf(GKeyFile* file, const char* key) {
     return text;
 }
 
-// Not by GIO, for which an entry whose program is not installed does not exist.
+// Does not use GIO, which ignores entries whose program is not installed.
 DesktopEntry readEntry(const std::filesystem::path& path) {
     GKeyFile* const file = g_key_file_new();
     EXPECT_TRUE(g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) << path;
@@ -42,7 +42,7 @@ std::vector<DesktopEntry> readEntries() {
     return entries;
 }
 
-// The facts of one process, whose number is always the same.
+// The properties of one process, which always has the same id.
 class OneProcess : public ProcessReader {
 public:
     static constexpr pid_t number = 4242;
@@ -84,11 +84,11 @@ struct Row {
     const char* what;
     WindowIdentity window;
     ProcessFacts process;
-    const char* entry; // empty if there is none
+    const char* entry; // empty if no entry matches
 };
 
 const Row rows[] = {
-    // The app id is the entry's id.
+    // Matches by app id.
     {"GTK 4 under Wayland", appID("org.gnome.Nautilus"), {}, "org.gnome.Nautilus"},
     {"GTK 3 under X11", classed("org.gnome.gedit", "Org.gnome.gedit"), {}, "org.gnome.gedit"},
     {"KDE under Wayland", appID("org.kde.konsole"), {}, "org.kde.konsole"},
@@ -99,7 +99,7 @@ const Row rows[] = {
     {"an id with spaces", appID("Team Fortress 2"), {}, "Team Fortress 2"},
     {"an id with dashes, written with spaces", appID("Virt Manager"), {}, "virt-manager"},
 
-    // StartupWMClass.
+    // Matches by StartupWMClass.
     {"Firefox ESR", classed("Navigator", "firefox-esr"), {}, "firefox-esr"},
     {"Electron", classed("code", "Code"), {}, "code"},
     {"Electron with another id", classed("signal", "Signal"), {}, "signal-desktop"},
@@ -116,7 +116,7 @@ const Row rows[] = {
      {},
      "org.inkscape.Inkscape"},
 
-    // A web application has its browser's class.
+    // A web application has the class of its browser.
     {"the browser", classed("google-chrome", "Google-chrome"), {}, "google-chrome"},
     {"a web application",
      classed("crx_agimnkijcaahngcd", "Google-chrome"),
@@ -128,13 +128,13 @@ const Row rows[] = {
      "chrome-faolnafnngnfdaknn-Default"},
     {"one without an entry", classed("crx_other", "Google-chrome"), {}, "google-chrome"},
 
-    // The instance, or the last component.
+    // Matches by instance, or by the last component of the id.
     {"a Qt program's instance", classed("mpv", "player"), {}, "mpv"},
     {"KDE under X11", classed("konsole", "konsole"), {}, "org.kde.konsole"},
     {"KDE's instance only", classed("dolphin", "Whatever"), {}, "org.kde.dolphin"},
     {"only the last component counts", appID("kde"), {}, ""},
 
-    // What holds for two proves nothing.
+    // Evidence that matches two entries is ignored.
     {"two entries of one class", appID("Shared Class"), {}, ""},
     {"told apart by the program", classed("x", "Shared Class"), running("/opt/example/nightly"),
      "io.example.Nightly"},
@@ -146,7 +146,7 @@ const Row rows[] = {
      "google-chrome"},
     {"three of one program", classed("x", "y"), running("/usr/bin/libreoffice"), ""},
 
-    // Packages with a sandbox: only their own entries.
+    // Sandboxed packages match only their own entries.
     {"a flatpak beside others of its class", classed("Navigator", "firefox"),
      inUnit("app-flatpak-org.mozilla.firefox-77.scope"), "org.mozilla.firefox"},
     {"a snap beside others of its class", classed("Navigator", "firefox"),
@@ -165,7 +165,7 @@ const Row rows[] = {
     {"a flatpak without an entry is nobody else", classed("code", "Code"),
      inUnit("app-flatpak-org.example.Fork-77.scope"), ""},
 
-    // Steam's games.
+    // Matches Steam's games.
     {"a game", classed("steam_app_440", "steam_app_440"), inUnit("app-gnome-steam-9.scope"),
      "Team Fortress 2"},
     {"a game without an entry is not Steam", classed("steam_app_441", "steam_app_441"),
@@ -173,7 +173,7 @@ const Row rows[] = {
     {"Steam itself", classed("steamwebhelper", "steam"), {}, "steam"},
     {"Steam's program", classed("x", "y"), running("/usr/bin/steam"), "steam"},
 
-    // The unit.
+    // Matches by the unit.
     {"GNOME's", classed("x", "y"), inUnit("app-gnome-sublime_text-88.scope"), "sublime_text"},
     {"KDE's", classed("x", "y"), inUnit("app-org.kde.dolphin@5f1e.service"), "org.kde.dolphin"},
     {"with an escaped dash", classed("x", "y"), inUnit("app-gnome-virt\\x2dmanager-1.scope"),
@@ -190,12 +190,12 @@ const Row rows[] = {
      "xterm"},
     {"of no application", classed("x", "y"), inUnit("session-3.scope"), ""},
 
-    // The launch.
+    // Matches by the launch.
     {"launched from an entry", classed("x", "y"),
      launchedFrom("/usr/share/applications/jetbrains-idea.desktop"), "jetbrains-idea"},
     {"from one that is not installed", classed("x", "y"), launchedFrom("/tmp/a.desktop"), ""},
 
-    // The program.
+    // Matches by the program.
     {"its executable", classed("gimp-2.10", "Gimp-2.10"), running("/usr/bin/gimp-2.10"), "gimp"},
     {"a script", classed("toplevel", "Toplevel"),
      running("/usr/bin/python3.11", {"/usr/bin/python3", "/usr/bin/virt-manager", "-c"}),
@@ -221,7 +221,7 @@ TEST(ApplicationMatcher, FindsTheEntryOfAWindow) {
     }
 }
 
-TEST(ApplicationMatcher, AWindowWithoutAnEntryCallsItselfSomething) {
+TEST(ApplicationMatcher, DescribesAWindowWithoutAnEntryByItsIdentifiers) {
     struct Own {
         const char* what;
         WindowIdentity window;

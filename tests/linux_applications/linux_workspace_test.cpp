@@ -19,7 +19,7 @@ WindowIdentity window(const std::string& appID) {
     return {appID, "", "", std::nullopt};
 }
 
-// Tells what the test wants, or refuses to start.
+// Reports the test's windows, or refuses to start.
 class BackendDouble : public WindowBackend {
 public:
     BackendDouble(std::vector<std::string>& told, std::string called, bool knowsDesktop)
@@ -35,7 +35,7 @@ public:
         return true;
     }
 
-    // Has one window, the editor's.
+    // The desktop has one window, the editor's.
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override {
         const bool has = isChosen(window("editor"));
         log.push_back(name + (has ? " brings forward" : " has no window"));
@@ -63,7 +63,7 @@ protected:
         };
     }
 
-    // GIO takes a moment to notice what has just been installed.
+    // GIO notices new entries with a delay.
     static void expectURL(const Workspace& workspace, const std::string& bundleID,
                           const std::string& expected) {
         const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
@@ -79,7 +79,7 @@ protected:
     DesktopThread thread;
 };
 
-TEST_F(LinuxWorkspaceTest, TheFirstBackendThatKnowsTheDesktopIsTheOne) {
+TEST_F(LinuxWorkspaceTest, FirstBackendThatSupportsTheDesktopIsUsed) {
     {
         LinuxWorkspace workspace(
             thread, {backend("first", false), backend("second", true), backend("third", true)}, {});
@@ -93,7 +93,7 @@ TEST_F(LinuxWorkspaceTest, TheFirstBackendThatKnowsTheDesktopIsTheOne) {
     EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts", "second goes"));
 }
 
-TEST_F(LinuxWorkspaceTest, OneWithAWindowComesForwardAndIsNotLaunched) {
+TEST_F(LinuxWorkspaceTest, ApplicationWithAWindowComesForwardAndIsNotLaunched) {
     const auto pipe = folder.path() / "reports";
     LaunchReports reports{pipe};
     folder.install("editor",
@@ -111,7 +111,7 @@ TEST_F(LinuxWorkspaceTest, OneWithAWindowComesForwardAndIsNotLaunched) {
     EXPECT_THAT(log, ElementsAre("only starts", "only brings forward", "only has no window"));
 }
 
-TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {
+TEST_F(LinuxWorkspaceTest, NoApplicationIsFrontmostWithoutADesktop) {
     LinuxWorkspace workspace(thread, {backend("only", false)}, {});
     thread.call([] {});
     EXPECT_THAT(log, ElementsAre("only starts", "only goes"));
@@ -121,7 +121,7 @@ TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {
     EXPECT_EQ(none.frontmostApplication(), Application{});
 }
 
-TEST_F(LinuxWorkspaceTest, AnInstalledApplicationIsItsEntrysFile) {
+TEST_F(LinuxWorkspaceTest, InstalledApplicationIsItsEntryFile) {
     const LinuxWorkspace workspace(thread, {}, {});
     folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
     folder.install("with space", "Name=Space\nExec=sh\n");
@@ -135,7 +135,7 @@ TEST_F(LinuxWorkspaceTest, AnInstalledApplicationIsItsEntrysFile) {
     EXPECT_EQ(workspace.urlForApplication("../applications/editor"), std::nullopt);
 }
 
-TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
+TEST_F(LinuxWorkspaceTest, OpensTheApplicationThatItFinds) {
     LaunchReports reports(folder.path() / "reports");
     const auto script =
         folder.script("tool", "echo opened >" + (folder.path() / "reports").string());
@@ -158,7 +158,7 @@ TEST_F(LinuxWorkspaceTest, MissionControlIsTheDesktopsOverview) {
     without.openMissionControl();
 }
 
-TEST_F(LinuxWorkspaceTest, TheSystemsPageForAccessIsThePanelThatAsksForIt) {
+TEST_F(LinuxWorkspaceTest, AccessSettingsOpenThePrompt) {
     int asked = 0;
     LinuxWorkspace workspace(thread, {}, {.accessibilitySettings = [&asked] {
                                  ++asked;

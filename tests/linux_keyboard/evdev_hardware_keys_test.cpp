@@ -10,7 +10,7 @@ namespace {
 
 using NativeKey = HardwareKeys::NativeKey;
 
-TEST(EvdevHardwareKeys, EveryKeyThatCanBeTypedCanBeRecorded) {
+TEST(EvdevHardwareKeys, EveryTypableKeyCanBeRecorded) {
     const EvdevHardwareKeys keys;
     for (const KeyCodePair& pair : keyCodePairs()) {
         const NativeKey native{.scanCode = pair.kernelCode + 8U};
@@ -18,7 +18,7 @@ TEST(EvdevHardwareKeys, EveryKeyThatCanBeTypedCanBeRecorded) {
     }
 }
 
-TEST(EvdevHardwareKeys, TheScanCodeAloneSaysWhichKeyItIs) {
+TEST(EvdevHardwareKeys, ScanCodeAloneDeterminesTheKey) {
     struct Row {
         const char* what;
         NativeKey key;
@@ -42,14 +42,14 @@ TEST(EvdevHardwareKeys, TheScanCodeAloneSaysWhichKeyItIs) {
     }
 }
 
-TEST(EvdevHardwareKeys, CapsLockIsTheLockModifierAndNoOther) {
+TEST(EvdevHardwareKeys, OnlyTheLockModifierIsCapsLock) {
     const EvdevHardwareKeys keys;
     for (unsigned bit = 0; bit < 32; ++bit) {
         const NativeKey key{.scanCode = 9, .modifiers = 1U << bit};
         EXPECT_EQ(keys.capsLock(key), bit == 1) << "bit " << bit;
     }
     EXPECT_FALSE(keys.capsLock({.scanCode = 66}));
-    EXPECT_TRUE(keys.capsLock({.scanCode = 9, .modifiers = 0x2 | 0x10})); // Num Lock, too
+    EXPECT_TRUE(keys.capsLock({.scanCode = 9, .modifiers = 0x2 | 0x10})); // with Num Lock
 }
 
 } // namespace

@@ -83,14 +83,14 @@ const Row rows[] = {
      "+SHIFT +T -SHIFT +SHIFT -SHIFT -T"},
 };
 
-TEST(KeyStrokesTest, FlagsBecomeKeys) {
+TEST(KeyStrokesTest, FlagsBecomeModifierKeys) {
     for (const Row& row : rows) {
         KeyStrokes strokes;
         EXPECT_EQ(typedText(strokes.changesFor(row.events)), row.typed) << row.name;
     }
 }
 
-TEST(KeyStrokesTest, WhatIsDownIsRememberedFromOneCallToTheNext) {
+TEST(KeyStrokesTest, PressedKeysAreRememberedBetweenCalls) {
     KeyStrokes strokes;
     const Events down = {{t, true, control}};
     const Events up = {{t, false, control}};
@@ -100,14 +100,14 @@ TEST(KeyStrokesTest, WhatIsDownIsRememberedFromOneCallToTheNext) {
     EXPECT_EQ(typedText(strokes.changesFor(up)), "");
 }
 
-TEST(KeyStrokesTest, ARefusedCallLeavesNothingDown) {
+TEST(KeyStrokesTest, RejectedCallLeavesNoKeyDown) {
     KeyStrokes strokes;
     const Events events = {{t, true, control}, {noKey, true, 0}};
     EXPECT_EQ(typedText(strokes.changesFor(events)), "");
     EXPECT_EQ(typedText(strokes.releaseAll()), "");
 }
 
-TEST(KeyStrokesTest, EverythingIsLetGoOf) {
+TEST(KeyStrokesTest, ReleaseAllReleasesEveryKey) {
     KeyStrokes strokes;
     const Events events = {{q, true, control}, {t, true, control | shift}};
     EXPECT_EQ(typedText(strokes.changesFor(events)), "+CTRL +Q +SHIFT +T");

@@ -42,7 +42,7 @@ const Row rows[] = {
      "+SHIFT +META +CTRL -CTRL"},
 };
 
-TEST(LiftedTypingTest, WhatIsHeldComesUpAndGoesDownAgain) {
+TEST(LiftedTypingTest, HeldModifiersAreReleasedAndPressedAgain) {
     for (const Row& row : rows) {
         EXPECT_EQ(typedText(typedWithout(row.held, controlT)), row.typed) << row.name;
         EXPECT_EQ(typedText(putBack(row.held)), row.putBack) << row.name;
@@ -50,7 +50,7 @@ TEST(LiftedTypingTest, WhatIsHeldComesUpAndGoesDownAgain) {
     EXPECT_EQ(typedText(putBack({})), "");
 }
 
-TEST(LiftedTypingTest, OnlyWholeStrokesAreBalanced) {
+TEST(LiftedTypingTest, OnlyCompleteStrokesAreBalanced) {
     EXPECT_TRUE(areBalanced({}));
     EXPECT_TRUE(areBalanced(controlT));
     EXPECT_FALSE(areBalanced(Changes{{KEY_T, true}}));

@@ -21,7 +21,7 @@ using test::TemporaryFolder;
 
 class AutostartFileTest : public testing::Test {
 protected:
-    // PROGRAM stands for the path of a program that is there.
+    // PROGRAM is replaced by the path of an existing program.
     AutostartFile fileWith(std::string text) const {
         for (auto at = text.find("PROGRAM"); at != std::string::npos; at = text.find("PROGRAM")) {
             text.replace(at, std::string("PROGRAM").size(), program.string());
@@ -44,7 +44,7 @@ protected:
     AutostartSession session{{"GNOME"}, program.parent_path().string()};
 };
 
-TEST_F(AutostartFileTest, OnlyWhatASessionWouldReallyStartStarts) {
+TEST_F(AutostartFileTest, FileStartsOnlyIfASessionWouldStartIt) {
     const std::string entry = "[Desktop Entry]\nType=Application\nExec=PROGRAM\n";
     struct Row {
         const char* what;
@@ -95,7 +95,7 @@ TEST_F(AutostartFileTest, OnlyWhatASessionWouldReallyStartStarts) {
     }
 }
 
-TEST_F(AutostartFileTest, TheFirstOfTheDesktopsNamesThatIsListedDecides) {
+TEST_F(AutostartFileTest, FirstListedDesktopNameDecides) {
     struct Row {
         const char* lists;
         std::vector<std::string> desktops;
@@ -126,7 +126,7 @@ TEST_F(AutostartFileTest, TheFirstOfTheDesktopsNamesThatIsListedDecides) {
     }
 }
 
-TEST_F(AutostartFileTest, WhatIsNoFileStartsNothing) {
+TEST_F(AutostartFileTest, InvalidFileStartsNothing) {
     EXPECT_EQ(AutostartFile::read(folder.path()).start(session), Start::impossible);
     EXPECT_EQ(AutostartFile::read("/dev/null").start(session), Start::impossible);
     EXPECT_EQ(AutostartFile::read(folder.path() / "none").start(session), Start::impossible);
@@ -135,7 +135,7 @@ TEST_F(AutostartFileTest, WhatIsNoFileStartsNothing) {
     EXPECT_EQ(AutostartFile::read(pipe).start(session), Start::impossible);
 }
 
-TEST_F(AutostartFileTest, RepairingTakesOutWhatIsInTheWayAndKeepsTheRest) {
+TEST_F(AutostartFileTest, RepairRemovesOnlyTheKeysThatPreventTheStart) {
     const std::string programLine = "Exec=" + program.string() + "\n";
     const std::string described = "Name=Glidemap\nIcon=org.glidemap.Glidemap\n";
     struct Row {
@@ -178,7 +178,7 @@ TEST_F(AutostartFileTest, RepairingTakesOutWhatIsInTheWayAndKeepsTheRest) {
     }
 }
 
-TEST_F(AutostartFileTest, HidingKeepsTheRest) {
+TEST_F(AutostartFileTest, HidingKeepsTheOtherKeys) {
     AutostartFile file =
         fileWith("# Mine\n\n[Desktop Entry]\nType=Application\nName=x\nIcon=x\nExec=PROGRAM -q\n");
     file.hide();
@@ -186,13 +186,13 @@ TEST_F(AutostartFileTest, HidingKeepsTheRest) {
                                program.string() + " -q\nHidden=true\n");
 }
 
-TEST_F(AutostartFileTest, AnotherProgramsStartIsNotThisOnes) {
+TEST_F(AutostartFileTest, EntryOfAnotherProgramDoesNotStartThisOne) {
     const AutostartFile file = fileWith("[Desktop Entry]\nType=Application\nExec=/bin/true\n");
     EXPECT_EQ(file.start(session), Start::happens);
     EXPECT_FALSE(file.starts(session, program));
 }
 
-TEST_F(AutostartFileTest, AnyPathOfAProgramReadsBackAsItself) {
+TEST_F(AutostartFileTest, EveryProgramPathReadsBackUnchanged) {
     for (const char* const name :
          {"plain", "with space", "cash$HOME", "tick`id`", "say\"so\"", "back\\slash", "100%",
           "100% %u", "it's", "触控板", "semi;colon", "tab\tline\nend", " leading", "a=b"}) {

@@ -26,7 +26,7 @@ using Lines = Journal::Lines;
 using Patience = LinuxScreenLock::Patience;
 
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
-// The session announces under its own name what was asked of it under its other one.
+// logind sends signals under the session's own path, even for calls to another path.
 constexpr const char* sessionUnderItsOwnName = "/org/freedesktop/login1/session/_31";
 
 const ServiceDescription logind{
@@ -44,7 +44,7 @@ ServiceDescription screenSaver(const std::string& name, const std::string& path,
 const ServiceDescription gnome = screenSaver("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver");
 const ServiceDescription freedesktop = screenSaver("org.freedesktop.ScreenSaver", "/ScreenSaver");
 
-// Keeps what it is handed until the test runs it.
+// Keeps tasks until the test runs them.
 class HeldMainQueue : public MainQueue {
 public:
     explicit HeldMainQueue(Journal& record) : journal(record) {}
@@ -66,12 +66,12 @@ private:
     std::deque<Task> tasks;
 };
 
-// Long enough that no test waits for it: only one that shortens a limit may reach it.
+// So long that no test reaches it, unless the test shortens a limit.
 constexpr Patience endless{600s, 600s, 600s};
 
 using Limit = std::chrono::milliseconds;
-constexpr Limit shortestLimit{50};
-constexpr Limit longestLimit{20'000};
+constexpr Limit minLimit{50};
+constexpr Limit maxLimit{20'000};
 
 Patience withLimitOnLocked(Limit limit) {
     Patience patience = endless;
@@ -87,7 +87,7 @@ Patience withLimitOnAnswer(Limit limit) {
 
 class LinuxScreenLockTest : public testing::Test {
 protected:
-    // What happens until nothing of the request is left under way.
+    // Returns the events until the request is complete.
     Lines lock(Patience patience = endless) {
         LinuxScreenLock screenLock(desktop, queue, patience);
         screenLock.lock(otherwise());
@@ -99,24 +99,24 @@ protected:
         return lines;
     }
 
-    // The same with limits that grow until what is expected within them has been done: how fast that
-    // is depends on the machine. Returns what happened in the last attempt.
+    // The same with limits that grow until the expected events have happened, because the time
+    // depends on the machine. Returns the events of the last attempt.
     Lines lockInTime(const Lines& expected, const std::function<Patience(Limit)>& patienceOf,
                      const std::string& always = {}) {
         Lines lines;
-        for (Limit limit = shortestLimit; lines != expected && limit <= longestLimit; limit *= 4) {
+        for (Limit limit = minLimit; lines != expected && limit <= maxLimit; limit *= 4) {
             journal.clear();
             const auto began = std::chrono::steady_clock::now();
             lines = lock(patienceOf(limit));
             lastLimit = limit;
             lastTook = std::chrono::steady_clock::now() - began;
-            // It may come after the limit, and does not belong to the next attempt.
+            // This event may follow the limit, and does not belong to the next attempt.
             EXPECT_TRUE(always.empty() || journal.waitFor(always));
         }
         return lines;
     }
 
-    // Once nothing can call it any more, it is let go of.
+    // The lock releases the callback when it can no longer call it.
     std::function<void()> otherwise() {
         const std::shared_ptr<void> last(nullptr, [this](void*) { journal.add("let go"); });
         return [this, last] {
@@ -143,7 +143,7 @@ protected:
     std::chrono::nanoseconds lastTook{};
 };
 
-TEST_F(LinuxScreenLockTest, ASessionThatSaysItIsLockedIsAskedAlone) {
+TEST_F(LinuxScreenLockTest, SessionThatReportsLockedIsTheOnlyServiceCalled) {
     BusDouble& manager = onSystemBus(logind);
     manager.answer("Lock", [&] {
         manager.set("LockedHint", true);
@@ -153,7 +153,7 @@ TEST_F(LinuxScreenLockTest, ASessionThatSaysItIsLockedIsAskedAlone) {
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "login1 get LockedHint"}));
 }
 
-TEST_F(LinuxScreenLockTest, ALockerMayTakeItsTimeUntilTheSessionSaysSo) {
+TEST_F(LinuxScreenLockTest, SlowLockerIsAwaitedUntilTheSessionReportsLocked) {
     BusDouble& manager = onSystemBus(logind);
     onSessionBus(gnome);
     LinuxScreenLock screenLock(desktop, queue, endless);
@@ -167,27 +167,27 @@ TEST_F(LinuxScreenLockTest, ALockerMayTakeItsTimeUntilTheSessionSaysSo) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, ASessionThatAgreesButDoesNotLockIsNoLock) {
+TEST_F(LinuxScreenLockTest, SessionThatAcceptsButDoesNotLockIsNotEnough) {
     onSystemBus(logind);
     onSessionBus(gnome);
     const Lines expected{"login1.Lock()", "login1 get LockedHint", "ScreenSaver.Lock()"};
     EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
 }
 
-TEST_F(LinuxScreenLockTest, WhereNobodyLocksTheCallerIsTold) {
+TEST_F(LinuxScreenLockTest, FallbackRunsIfNoServiceLocks) {
     onSystemBus(logind);
     const Lines expected{"login1.Lock()", "login1 get LockedHint", "to the main thread",
                          "otherwise"};
     EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
 }
 
-TEST_F(LinuxScreenLockTest, ASessionThatCannotBeLockedLeavesItToTheScreenSaver) {
+TEST_F(LinuxScreenLockTest, SessionThatCannotBeLockedLeavesItToTheScreenSaver) {
     onSystemBus(logind).refuse("Lock");
     onSessionBus(gnome);
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsKnown) {
+TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsCalled) {
     struct Row {
         ServiceDescription service;
         const char* asked;
@@ -214,31 +214,31 @@ TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsKnown) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, AScreenSaverThatRefusesLeavesItToTheNext) {
+TEST_F(LinuxScreenLockTest, ScreenSaverThatRefusesLeavesItToTheNext) {
     onSessionBus(gnome).refuse("Lock");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), (Lines{"ScreenSaver.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, AScreenSaverThatOnlyInhibitsIsNone) {
+TEST_F(LinuxScreenLockTest, ScreenSaverThatOnlyInhibitsIsNotUsed) {
     onSessionBus({"org.freedesktop.ScreenSaver", "/ScreenSaver",
                   "<interface name='org.freedesktop.ScreenSaver'><method name='Inhibit'/>"
                   "</interface>"});
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, ARunningScreenSaverIsAskedBeforeOneThatWouldHaveToBeStarted) {
+TEST_F(LinuxScreenLockTest, RunningScreenSaverIsCalledBeforeAStartableOne) {
     sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
 }
 
-TEST_F(LinuxScreenLockTest, OneThatDoesNotStartIsNone) {
+TEST_F(LinuxScreenLockTest, ScreenSaverThatFailsToStartIsSkipped) {
     sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, OneThatCanBeStartedIsStarted) {
+TEST_F(LinuxScreenLockTest, StartableScreenSaverIsStarted) {
     const test::TemporaryFolder folder;
     const auto locked = folder.path() / "locked";
     sessionBus.makeStartable("org.gnome.ScreenSaver",
@@ -247,7 +247,7 @@ TEST_F(LinuxScreenLockTest, OneThatCanBeStartedIsStarted) {
     EXPECT_TRUE(std::filesystem::exists(locked));
 }
 
-TEST_F(LinuxScreenLockTest, NoScreenSaverOfAnotherDesktopIsStarted) {
+TEST_F(LinuxScreenLockTest, ScreenSaverOfAnotherDesktopIsNotStarted) {
     const InEnvironment current("XDG_CURRENT_DESKTOP", "X-Other:MATE");
     const test::TemporaryFolder folder;
     const auto locked = folder.path() / "locked";
@@ -257,24 +257,24 @@ TEST_F(LinuxScreenLockTest, NoScreenSaverOfAnotherDesktopIsStarted) {
     EXPECT_FALSE(std::filesystem::exists(locked));
 }
 
-TEST_F(LinuxScreenLockTest, TheDesktopsOwnRunningScreenSaverIsAskedFirst) {
+TEST_F(LinuxScreenLockTest, RunningScreenSaverOfThisDesktopIsCalledFirst) {
     const InEnvironment current("XDG_CURRENT_DESKTOP", "MATE");
     onSessionBus(gnome).refuse("Lock");
     onSessionBus(screenSaver("org.mate.ScreenSaver", "/org/mate/ScreenSaver"));
     EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
 }
 
-TEST_F(LinuxScreenLockTest, WithNobodyOnEitherBusTheCallerIsToldOnce) {
+TEST_F(LinuxScreenLockTest, FallbackRunsOnceIfBothBusesHaveNoService) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, WithoutABusTheCallerIsTold) {
+TEST_F(LinuxScreenLockTest, FallbackRunsWithoutABus) {
     const InEnvironment noSystem("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere/at/all");
     const InEnvironment noSession("DBUS_SESSION_BUS_ADDRESS", "no address");
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, EachRequestIsToldForItself) {
+TEST_F(LinuxScreenLockTest, EachRequestIsReportedSeparately) {
     LinuxScreenLock screenLock(desktop, queue, endless);
     screenLock.lock([this] { journal.add("first"); });
     screenLock.lock([this] { journal.add("second"); });
@@ -285,7 +285,7 @@ TEST_F(LinuxScreenLockTest, EachRequestIsToldForItself) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "second"), 1);
 }
 
-TEST_F(LinuxScreenLockTest, ASilentServiceHoldsNobodyUpForLongerThanItsLimit) {
+TEST_F(LinuxScreenLockTest, ServiceThatNeverRepliesCostsOnlyItsLimit) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
     const Lines expected{"login1.Lock()", "ScreenSaver.Lock()", "to the main thread", "otherwise"};
@@ -293,8 +293,8 @@ TEST_F(LinuxScreenLockTest, ASilentServiceHoldsNobodyUpForLongerThanItsLimit) {
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
 
-// Far shorter than the limits, or it would never end.
-TEST_F(LinuxScreenLockTest, TheMainThreadWaitsForNoService) {
+// Far shorter than the limits; otherwise the test would never end.
+TEST_F(LinuxScreenLockTest, MainThreadNeverWaitsForAService) {
     onSystemBus(logind).keepSilent("Lock");
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
@@ -306,7 +306,7 @@ TEST_F(LinuxScreenLockTest, TheMainThreadWaitsForNoService) {
     EXPECT_EQ(journal.lines()[1], "let go");
 }
 
-TEST_F(LinuxScreenLockTest, OneThatGoesWhileTheLockerTakesItsTimeTellsNobody) {
+TEST_F(LinuxScreenLockTest, DestructionDuringASlowLockSkipsTheFallback) {
     onSystemBus(logind);
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
@@ -318,7 +318,7 @@ TEST_F(LinuxScreenLockTest, OneThatGoesWhileTheLockerTakesItsTimeTellsNobody) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, ABusThatDoesNotSpeakIsNone) {
+TEST_F(LinuxScreenLockTest, BusThatNeverRespondsCountsAsMissing) {
     const SilentSocket silent;
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     onSessionBus(gnome);
@@ -326,18 +326,18 @@ TEST_F(LinuxScreenLockTest, ABusThatDoesNotSpeakIsNone) {
     EXPECT_EQ(lockInTime(expected, withLimitOnAnswer), expected);
 }
 
-TEST_F(LinuxScreenLockTest, OneThatGoesWhileABusDoesNotSpeakTellsNobody) {
+TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) {
     const SilentSocket silent;
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
         screenLock.lock(otherwise());
-        desktop.call([] {}); // it has begun
+        desktop.call([] {}); // waits until it has started
     }
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(LinuxScreenLockTest, ThereIsALockWhereThereIsABusToAskOn) {
+TEST_F(LinuxScreenLockTest, LockIsAvailableIfABusExists) {
     const test::TemporaryFolder runtime;
     struct Row {
         const char* system;

@@ -1,4 +1,4 @@
-// The session on buses of the test's own, on which doubles of logind and of screen savers speak.
+// The user session on the test's own buses, with fakes of logind and of screen savers.
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "linux_session/bus_double.h"
@@ -47,7 +47,7 @@ constexpr Saver allSavers[] = {
     {"org.freedesktop.ScreenSaver", "/ScreenSaver"},
 };
 
-// One that tells its state when it is asked and when it changes.
+// A fake screen saver that replies with its state and announces changes.
 class SaverDouble {
 public:
     SaverDouble(const PrivateBus& bus, const Saver& whose, bool active, Journal& journal)
@@ -79,7 +79,7 @@ private:
     BusDouble service;
 };
 
-// Keeps what it is handed, and notes that something was.
+// Keeps tasks, and records that a task was submitted.
 class NotingMainQueue : public MainQueue {
 public:
     explicit NotingMainQueue(Journal& record) : journal(record) {}
@@ -112,7 +112,7 @@ private:
 class LinuxUserSessionTest : public testing::Test {
 protected:
     BusDouble& startLogind(bool isActive, bool isLocked) {
-        // Its name comes last: by then it has its properties.
+        // The name appears last, when the properties are set.
         ServiceDescription service = logind;
         service.properties = {{"Active", isActive}, {"LockedHint", isLocked}};
         service.texts = {{"State", isActive ? "active" : "online"}};
@@ -123,7 +123,7 @@ protected:
         manager.setAndAnnounce(property, value, sessionInterface, sessionUnderItsOwnName);
     }
 
-    // Every change is noted after it has been made.
+    // Each notification follows its change.
     bool become(const LinuxUserSession& session, bool isActive, bool isLocked) {
         while (session.isActive() != isActive || session.isLocked() != isLocked) {
             if (!journal.waitForCount("changed", ++changes)) {
@@ -158,7 +158,7 @@ TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsInFront) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, ASessionInTheBackgroundIsKnownFromTheStart) {
+TEST_F(LinuxUserSessionTest, InitialBackgroundSessionIsDetected) {
     startLogind(false, true);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, true));
@@ -174,7 +174,7 @@ TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, ASessionThatIsClosingSaysNothingAboutTheScreen) {
+TEST_F(LinuxUserSessionTest, ClosingSessionCountsAsActive) {
     BusDouble& manager = startLogind(false, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, false));
@@ -183,7 +183,7 @@ TEST_F(LinuxUserSessionTest, ASessionThatIsClosingSaysNothingAboutTheScreen) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, WithoutLogindItIsActiveAndALogindThatComesLaterIsFollowed) {
+TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsALaterLogind) {
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());
     EXPECT_FALSE(session.isLocked());
@@ -209,13 +209,13 @@ TEST_F(LinuxUserSessionTest, FollowsEveryDesktopsScreenSaver) {
     }
 }
 
-TEST_F(LinuxUserSessionTest, AnActiveScreenSaverIsKnownFromTheStart) {
+TEST_F(LinuxUserSessionTest, InitiallyActiveScreenSaverIsDetected) {
     savers.emplace_back(sessionBus, allSavers[4], true, journal);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, true, true));
 }
 
-TEST_F(LinuxUserSessionTest, IsLockedWhileAnyOfThemSaysSo) {
+TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsIt) {
     BusDouble& manager = startLogind(true, true);
     SaverDouble& gnome = savers.emplace_back(sessionBus, allSavers[0], true, journal);
     SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], false, journal);
@@ -230,7 +230,7 @@ TEST_F(LinuxUserSessionTest, IsLockedWhileAnyOfThemSaysSo) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, AStrangersSignalUnlocksAndLocksNothing) {
+TEST_F(LinuxUserSessionTest, SignalsOfOtherProgramsAreIgnored) {
     SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(become(session, true, true));
@@ -247,7 +247,7 @@ TEST_F(LinuxUserSessionTest, AStrangersSignalUnlocksAndLocksNothing) {
     EXPECT_EQ(changes, 2) << "had a stranger unlocked it, there were more";
 }
 
-TEST_F(LinuxUserSessionTest, OddSignalsChangeNothing) {
+TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
     SaverDouble& cinnamon = savers.emplace_back(sessionBus, allSavers[1], false, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("ScreenSaver.GetActive()", 1)) << "the watch is set";
@@ -258,7 +258,7 @@ TEST_F(LinuxUserSessionTest, OddSignalsChangeNothing) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {
+TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilItsDestruction) {
     BusDouble& manager = startLogind(true, false);
     int told = 0;
     {
@@ -277,7 +277,7 @@ TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_F(LinuxUserSessionTest, SilentBusesAndServicesDelayNothing) {
+TEST_F(LinuxUserSessionTest, BusesThatNeverReplyDelayNothing) {
     const SilentSocket silent;
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     const InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());

@@ -19,16 +19,16 @@ std::string reportOf(const std::string& windows, const std::string& active) {
     return R"({"windows":)" + windows + R"(,"active":)" + active + "}";
 }
 
-TEST(KWinScript, CallsBackWhoItIsMadeFor) {
+TEST(KWinScript, ScriptCallsTheGivenBusName) {
     EXPECT_THAT(kwinScriptReportingTo(":1.23"), StartsWith("const reportName = \":1.23\";\n"));
 }
 
-TEST(KWinScript, ANameCannotBecomeCode) {
+TEST(KWinScript, NameCannotBecomeCode) {
     EXPECT_THAT(kwinScriptReportingTo("\"+x+\""),
                 StartsWith("const reportName = \"\\\"+x+\\\"\";\n"));
 }
 
-TEST(KWinScript, AHandleCannotBecomeCode) {
+TEST(KWinScript, HandleCannotBecomeCode) {
     EXPECT_THAT(kwinScriptActivating("\"+x+\""), StartsWith("const handle = \"\\\"+x+\\\"\";\n"));
 }
 
@@ -68,7 +68,7 @@ const Row rows[] = {
     {"bytes that are no text", "{\"windows\":[\"\xff\"]}", std::nullopt},
 };
 
-TEST(KWinScript, ReportsAreReadAndNonsenseIsNot) {
+TEST(KWinScript, ValidReportsAreParsedAndInvalidOnesRejected) {
     for (const Row& row : rows) {
         EXPECT_EQ(readKWinReport(row.text), row.expected) << row.what;
     }
