@@ -9,7 +9,7 @@
 namespace glidemap {
 namespace {
 
-TEST(FirstExposureTest, TheFirstWindowThatCanBeSeenIsToldOnce) {
+TEST(FirstExposureTest, FirstVisibleWindowIsReportedOnce) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
     char name[] = "test";
