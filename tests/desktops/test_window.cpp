@@ -1,7 +1,7 @@
 // glidemap-test-window APP_ID TITLE: one small grey window on a Wayland desktop.
 //
-// Says "shown" once it is on the screen. Each line of its standard input becomes the title, which
-// "titled" confirms, and the end of the input ends the program.
+// Prints "shown" when it is on the screen. Each line of its standard input becomes the title, which
+// "titled" confirms; the end of the input ends the program.
 
 #include <poll.h>
 #include <sys/mman.h>
@@ -118,7 +118,7 @@ void show(wl_display* display, const char* appID, const char* title) {
     say("shown");
 }
 
-// False at the end of the input.
+// Returns false at the end of the input.
 bool obeyInput(wl_display* display) {
     static std::string unread;
     std::array<char, 1024> buffer{};
@@ -166,5 +166,5 @@ int main(int count, char** arguments) {
     show(display, arguments[1], arguments[2]);
     serve(display);
     wl_display_disconnect(display);
-    std::_Exit(0); // as programs often do, without tidying up
+    std::_Exit(0); // exits without clean-up, as programs often do
 }

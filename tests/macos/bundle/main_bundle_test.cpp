@@ -11,12 +11,12 @@ using Information = doubles::Files::Information;
 
 class MainBundleTest : public FilesTest {};
 
-TEST_F(MainBundleTest, TellsTheShortVersion) {
+TEST_F(MainBundleTest, ReturnsTheShortVersion) {
     files().version = "1.10.2";
     EXPECT_EQ(bundleShortVersion(), "1.10.2");
 }
 
-TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
+TEST_F(MainBundleTest, ReturnsNulloptWithoutAVersion) {
     for (const Information information :
          {Information::none, Information::empty, Information::versionThatIsNoText}) {
         files().information = information;
@@ -24,8 +24,8 @@ TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
     }
 }
 
-// As before there is an application object, and a loop with a pool.
-TEST_F(MainBundleTest, TellsTheProgramsFileWithoutAPoolAroundIt) {
+// The program calls it before it has an application object and a loop with a pool.
+TEST_F(MainBundleTest, ReturnsTheProgramsPathWithoutAnOuterPool) {
     files().program = "/Applications/Glidemap.app/Contents/MacOS/Glidemap";
     std::thread([] {
         EXPECT_EQ(programPath(), "/Applications/Glidemap.app/Contents/MacOS/Glidemap");

@@ -1,9 +1,9 @@
-// The Apple events that a test sends to the program.
+// Sends Apple events to the program.
 #pragma once
 
 namespace glidemap::doubles {
 
-// As when the user opens the program again. Answers whether anybody has handled it.
+// Sends the event of opening the program again. Returns whether a handler exists.
 bool sendReopen();
 
 } // namespace glidemap::doubles

@@ -22,7 +22,7 @@ struct Dictionary : Object {
     std::vector<std::pair<CFTypeRef, CFTypeRef>> entries;
 };
 
-// An object that nobody made and nobody releases.
+// A constant object, which needs no release.
 struct Constant {
     explicit Constant(std::string text) : name(std::move(text)) {}
 

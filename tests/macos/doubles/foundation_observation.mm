@@ -107,7 +107,7 @@ namespace {
 
 struct Observation {
     NSObject* observed;
-    NSObject* observer; // not owned, as in the system
+    NSObject* observer; // not retained, as in the system
     NSString* key;
     NSKeyValueObservingOptions options;
     void* context;
@@ -172,7 +172,7 @@ std::size_t forgetObservations() {
 
 @implementation NSObject (NSKeyValueObserverNotification)
 - (void)willChangeValueForKey:(NSString*)key {
-    (void)key; // nobody here asks for the value before
+    (void)key; // no observer requests the old value
 }
 - (void)didChangeValueForKey:(NSString*)key {
     const auto told = observations;

@@ -28,30 +28,30 @@ protected:
     int reopened = 0;
 };
 
-TEST_F(ReopenEventTest, IsTheCoreEventOfReopening) {
+TEST_F(ReopenEventTest, HandlesTheCoreReopenEvent) {
     EXPECT_THAT(journal(), ElementsAre("setEventHandler aevt rapp"));
     event.reset();
     EXPECT_THAT(journal(), ElementsAre("removeEventHandler aevt rapp"));
 }
 
-TEST_F(ReopenEventTest, IsToldEachTime) {
+TEST_F(ReopenEventTest, ReportsEachEvent) {
     EXPECT_TRUE(sendReopen());
     EXPECT_TRUE(sendReopen());
     EXPECT_EQ(reopened, 2);
 }
 
-TEST_F(ReopenEventTest, IsToldNoMoreOnceItHasGone) {
+TEST_F(ReopenEventTest, ReportsNothingAfterDestruction) {
     event.reset();
     EXPECT_FALSE(sendReopen());
     EXPECT_EQ(reopened, 0);
 }
 
-TEST_F(ReopenEventTest, MayBeDestroyedWhileItTells) {
+TEST_F(ReopenEventTest, CallbackMayDestroyIt) {
     event.reset();
     const auto captured = std::make_shared<int>();
     event = std::make_unique<ReopenEvent>([this, captured] {
         event.reset();
-        ++*captured; // is there still
+        ++*captured; // still valid
     });
     EXPECT_TRUE(sendReopen());
     EXPECT_EQ(*captured, 1);

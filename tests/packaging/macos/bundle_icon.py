@@ -24,7 +24,7 @@ def entries(data):
 
 
 def unpacked_size(data):
-    # Bytes from 0x80 up repeat the next one, below that they count those that follow as they are.
+    # A byte from 0x80 repeats the next byte; a smaller one counts literal bytes that follow.
     size = at = 0
     while at < len(data):
         repeats = data[at] >= 0x80

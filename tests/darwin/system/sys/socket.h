@@ -1,4 +1,4 @@
-// A Mac sets no flags on a descriptor with the call that makes it.
+// A Mac has no flags such as SOCK_CLOEXEC in the call that creates a socket.
 #pragma once
 
 #include_next <sys/socket.h>
