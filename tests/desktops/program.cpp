@@ -199,7 +199,7 @@ std::optional<int> Program::waitForEnd() {
 void Program::fail(const std::string& what) const {
     std::ostringstream said;
     said << std::ifstream(log).rdbuf();
-    ADD_FAILURE() << name << " " << what << "; it said:\n" << said.str();
+    ADD_FAILURE() << name << " " << what << "; its standard error:\n" << said.str();
 }
 
 } // namespace glidemap::desktops

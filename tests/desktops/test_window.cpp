@@ -111,7 +111,7 @@ void show(wl_display* display, const char* appID, const char* title) {
     wl_surface_commit(surface);
     while (!shown) {
         if (wl_display_dispatch(display) < 0) {
-            fail("the desktop has gone");
+            fail("the connection to the desktop is lost");
         }
     }
     wl_display_roundtrip(display);
@@ -148,7 +148,7 @@ void serve(wl_display* display) {
             return;
         }
         if (sources[1].revents != 0 && wl_display_dispatch(display) < 0) {
-            fail("the desktop has gone");
+            fail("the connection to the desktop is lost");
         }
     }
 }

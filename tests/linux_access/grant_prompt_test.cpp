@@ -114,7 +114,7 @@ TEST(GrantPromptTest, SystemFileBelongsToRootAlone) {
 
 TEST(GrantPromptTest, FileInAFolderOfAnotherUserDoesNotBelongToRootAlone) {
     if (geteuid() != 0) {
-        GTEST_SKIP() << "only root may give files away";
+        GTEST_SKIP() << "only root may change the owner of files";
     }
     const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
     fs::create_directories(folder / "libexec");
@@ -131,7 +131,7 @@ TEST(GrantPromptTest, FileInAFolderOfAnotherUserDoesNotBelongToRootAlone) {
 
 TEST(GrantPromptTest, InstallationOfRootRunsItsOwnProgram) {
     if (geteuid() != 0) {
-        GTEST_SKIP() << "only root may install for all";
+        GTEST_SKIP() << "only root may install for all users";
     }
     const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
     fs::create_directories(folder / "libexec/glidemap");

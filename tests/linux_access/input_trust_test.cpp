@@ -35,15 +35,15 @@ struct Row {
 };
 
 const Row rows[] = {
-    {"nothing may be done", {{"one"}, {}, false}, false},
-    {"a touchpad may be read", {{"one"}, {"one"}, false}, false},
-    {"devices may be made", {{"one"}, {}, true}, false},
+    {"no access", {{"one"}, {}, false}, false},
+    {"only the touchpad is readable", {{"one"}, {"one"}, false}, false},
+    {"only devices can be created", {{"one"}, {}, true}, false},
     {"both", {{"one"}, {"one"}, true}, true},
-    {"one of two touchpads may be read", {{"one", "two"}, {"one"}, true}, false},
-    {"the other of them", {{"one", "two"}, {"two"}, true}, false},
-    {"both of them", {{"one", "two"}, {"one", "two"}, true}, true},
-    {"there is no touchpad", {{}, {}, true}, true},
-    {"there is no touchpad, and no devices may be made", {{}, {}, false}, false},
+    {"the first of two touchpads is readable", {{"one", "two"}, {"one"}, true}, false},
+    {"the second of two touchpads is readable", {{"one", "two"}, {"two"}, true}, false},
+    {"both touchpads are readable", {{"one", "two"}, {"one", "two"}, true}, true},
+    {"no touchpad", {{}, {}, true}, true},
+    {"no touchpad, and devices cannot be created", {{}, {}, false}, false},
 };
 
 TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {

@@ -220,8 +220,8 @@ TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
         const char* type;
     };
     const Row rows[] = {
-        {"an answer of another kind", "('dark',)", "s"},
-        {"values that are no variants", "({'org.freedesktop.appearance': {'color-scheme': 1}},)",
+        {"a reply of another type", "('dark',)", "s"},
+        {"values that are not variants", "({'org.freedesktop.appearance': {'color-scheme': 1}},)",
          "a{sa{si}}"},
         {"an error", nullptr, "s"},
     };

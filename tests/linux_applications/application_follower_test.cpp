@@ -90,7 +90,7 @@ TEST_F(ApplicationFollowerTest, ApplicationOfTheActiveWindowIsFrontmost) {
     activate(window("editor"));
     expectFrontmost(editor);
     activate(WindowIdentity{});
-    EXPECT_EQ(frontmost(), nothing) << "a window of which nothing is known";
+    EXPECT_EQ(frontmost(), nothing) << "a window without properties";
 }
 
 TEST_F(ApplicationFollowerTest, ShortTimeWithoutAnActiveWindowKeepsTheApplication) {
@@ -166,7 +166,7 @@ TEST_F(ApplicationFollowerTest, WindowWithEndlessIdentitiesExhaustsTheTable) {
     });
     EXPECT_EQ(frontmost(), nothing);
     activate(window("name7"));
-    EXPECT_EQ(frontmost(), (Application{"name7", "Name7"})) << "those known before stay";
+    EXPECT_EQ(frontmost(), (Application{"name7", "Name7"})) << "earlier applications stay";
     activate(window("editor"));
     expectFrontmost(editor);
 }

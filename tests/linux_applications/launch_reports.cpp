@@ -37,7 +37,7 @@ std::string LaunchReports::nextLine() {
         }
         pollfd source{descriptor, POLLIN, 0};
         if (poll(&source, 1, patience) != 1) {
-            ADD_FAILURE() << "nothing was reported";
+            ADD_FAILURE() << "no script has reported";
             return "";
         }
         std::array<char, 4096> buffer{};

@@ -69,7 +69,7 @@ TEST(KernelProcessReader, LaunchCountsOnlyForTheLaunchedProcess) {
 
 TEST(KernelProcessReader, DetectsAControllingTerminal) {
     if (!isInstalled("script"))
-        GTEST_SKIP() << "script, which makes a terminal, is not installed";
+        GTEST_SKIP() << "script, which creates a terminal, is not installed";
     const Shell without;
     EXPECT_FALSE(KernelProcessReader().read(without.process()).onTerminal);
 

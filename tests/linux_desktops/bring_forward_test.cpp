@@ -130,10 +130,10 @@ TEST_P(BringForwardTest, ApplicationStartsOnceAndComesForwardTenTimes) {
 
 TEST_P(BringForwardTest, MinimisedWindowIsRestored) {
     if (GetParam().minimizing == Minimizing::none) {
-        GTEST_SKIP() << "this desktop minimises nothing";
+        GTEST_SKIP() << "this desktop does not minimise windows";
     }
     if (GetParam().hiddenWindows == HiddenWindows::stayHidden) {
-        GTEST_SKIP() << "not solved on this desktop";
+        GTEST_SKIP() << "not supported on this desktop";
     }
     const Leash leash(folder.path() / "leash");
     install("first", noting("first", leash));
@@ -153,10 +153,10 @@ TEST_P(BringForwardTest, MinimisedWindowIsRestored) {
 
 TEST_P(BringForwardTest, WindowOnAnotherWorkspaceIsShown) {
     if (GetParam().workspaces == Workspaces::one) {
-        GTEST_SKIP() << "the test cannot change workspaces here";
+        GTEST_SKIP() << "the test cannot switch workspaces here";
     }
     if (GetParam().hiddenWindows == HiddenWindows::stayHidden) {
-        GTEST_SKIP() << "not solved on this desktop";
+        GTEST_SKIP() << "not supported on this desktop";
     }
     const Leash leash(folder.path() / "leash");
     install("first", noting("first", leash));

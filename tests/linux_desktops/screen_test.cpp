@@ -34,9 +34,11 @@ TEST_P(OverviewTest, OverviewOpensAndCloses) {
     LinuxOverview overview(thread, longWait);
     ASSERT_FALSE(desktop->isOverviewOpen());
     overview.toggle();
-    EXPECT_TRUE(waitUntil([&] { return desktop->isOverviewOpen(); })) << "it does not open";
+    EXPECT_TRUE(waitUntil([&] { return desktop->isOverviewOpen(); }))
+        << "the overview does not open";
     overview.toggle();
-    EXPECT_TRUE(waitUntil([&] { return !desktop->isOverviewOpen(); })) << "it stays";
+    EXPECT_TRUE(waitUntil([&] { return !desktop->isOverviewOpen(); }))
+        << "the overview does not close";
 }
 
 class LockTest : public DesktopTest {

@@ -29,12 +29,12 @@ TEST(EvdevHardwareKeys, ScanCodeAloneDeterminesTheKey) {
         {"the key where A is", {.scanCode = 38}, 0},
         {"the same key in a layout where it is Q", {.scanCode = 38, .virtualKey = 'q'}, 0},
         {"a key without a counterpart", {.scanCode = KEY_PLAYPAUSE + 8}, std::nullopt},
-        {"an event that no key has made", {.scanCode = 0, .virtualKey = 'a'}, std::nullopt},
+        {"an event without a key", {.scanCode = 0, .virtualKey = 'a'}, std::nullopt},
         {"just below the kernel's first code", {.scanCode = 7}, std::nullopt},
         {"the kernel's reserved code", {.scanCode = 8}, std::nullopt},
         {"just past the kernel's last code", {.scanCode = KEY_CNT + 8}, std::nullopt},
-        {"as A, but for what does not fit", {.scanCode = 0x10000 + 38}, std::nullopt},
-        {"the largest number", {.scanCode = UINT32_MAX}, std::nullopt},
+        {"the code of A with extra high bits", {.scanCode = 0x10000 + 38}, std::nullopt},
+        {"the maximum number", {.scanCode = UINT32_MAX}, std::nullopt},
     };
     const EvdevHardwareKeys keys;
     for (const Row& row : rows) {

@@ -23,7 +23,7 @@ struct Row {
 
 const Row rows[] = {
     {"shift", {KEY_LEFTSHIFT}, "-SHIFT +CTRL +T -T -CTRL", "+SHIFT"},
-    {"the one that is wanted, too", {KEY_LEFTCTRL}, "-CTRL +CTRL +T -T -CTRL", "+CTRL"},
+    {"a modifier of the shortcut is also held", {KEY_LEFTCTRL}, "-CTRL +CTRL +T -T -CTRL", "+CTRL"},
     {"super, which alone is a command",
      {KEY_LEFTMETA},
      "+CTRL -CTRL -META +CTRL +T -T -CTRL",
@@ -36,7 +36,7 @@ const Row rows[] = {
      {KEY_LEFTMETA, KEY_RIGHTCTRL},
      "-META -RIGHTCTRL +CTRL +T -T -CTRL",
      "+META +RIGHTCTRL"},
-    {"super and shift: nobody has pressed a key between",
+    {"super and shift: no key was pressed in between",
      {KEY_LEFTSHIFT, KEY_LEFTMETA},
      "+CTRL -CTRL -SHIFT -META +CTRL +T -T -CTRL",
      "+SHIFT +META +CTRL -CTRL"},

@@ -142,7 +142,7 @@ std::vector<std::string> XStage::keysUntilNow() {
             }
         }
     } while (poll(&source, 1, patience) > 0);
-    ADD_FAILURE() << "the keys never came";
+    ADD_FAILURE() << "the keys have not arrived";
     return seen;
 }
 
@@ -150,7 +150,7 @@ std::uint32_t XStage::modifiers() {
     const std::unique_ptr<xcb_query_pointer_reply_t, Free> reply(
         xcb_query_pointer_reply(connection, xcb_query_pointer(connection, root), nullptr));
     if (reply == nullptr) {
-        ADD_FAILURE() << "the X server does not answer";
+        ADD_FAILURE() << "the X server does not reply";
         return 0;
     }
     return reply->mask & 0xFF;

@@ -118,8 +118,9 @@ TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
     };
     const Row rows[] = {
         {"no shortcut at all", names("(@as [],)")},
-        {"similar ones", names("(['Overview2', 'overview', 'ShowOverview', 'Window Overview'],)")},
-        {"an answer of another kind", names("('Overview',)"), "s"},
+        {"similar shortcuts",
+         names("(['Overview2', 'overview', 'ShowOverview', 'Window Overview'],)")},
+        {"a reply of another type", names("('Overview',)"), "s"},
         {"an error",
          [] {
              return nullptr;

@@ -199,13 +199,13 @@ TEST_F(LinuxUserSessionTest, FollowsEveryDesktopsScreenSaver) {
     for (const Saver& each : allSavers) {
         {
             SaverDouble saver(sessionBus, each, true, journal);
-            EXPECT_TRUE(become(session, true, true)) << each.name << " is active as it comes";
+            EXPECT_TRUE(become(session, true, true)) << each.name << " is active on startup";
             saver.become(false);
             EXPECT_TRUE(become(session, true, false)) << each.name;
             saver.become(true);
             EXPECT_TRUE(become(session, true, true)) << each.name;
         }
-        EXPECT_TRUE(become(session, true, false)) << each.name << " has gone";
+        EXPECT_TRUE(become(session, true, false)) << each.name << " has exited";
     }
 }
 
@@ -243,8 +243,9 @@ TEST_F(LinuxUserSessionTest, SignalsOfOtherProgramsAreIgnored) {
     }
     g_dbus_connection_flush_sync(sessionBus.connection(), nullptr, nullptr);
     mate.become(false);
-    EXPECT_TRUE(become(session, true, false)) << "had a stranger locked it, it still were";
-    EXPECT_EQ(changes, 2) << "had a stranger unlocked it, there were more";
+    EXPECT_TRUE(become(session, true, false))
+        << "the signal of another program would have locked it";
+    EXPECT_EQ(changes, 2) << "the signal of another program would have unlocked it";
 }
 
 TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {

@@ -21,7 +21,7 @@ TEST(FirstExposureTest, FirstVisibleWindowIsReportedOnce) {
     hidden.create();
     QExposeEvent nothing{QRegion()};
     QCoreApplication::sendEvent(&hidden, &nothing);
-    EXPECT_EQ(told, 0) << "it cannot be seen";
+    EXPECT_EQ(told, 0) << "the window is not visible yet";
     QWindow first;
     first.show();
     QCoreApplication::processEvents();

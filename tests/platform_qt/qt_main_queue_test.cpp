@@ -92,13 +92,13 @@ TEST(QtMainQueueTest, EndOfTheLoopDestroysPendingTasks) {
     QtMainQueue queue;
     const auto counted = std::make_shared<int>();
     queue.submit([&] {
-        queue.submit([counted] { ADD_FAILURE() << "it ran"; });
+        queue.submit([counted] { ADD_FAILURE() << "the task has run"; });
         QCoreApplication::exit();
     });
     application.run();
     EXPECT_EQ(counted.use_count(), 1);
 
-    queue.submit([counted] { ADD_FAILURE() << "it ran"; });
+    queue.submit([counted] { ADD_FAILURE() << "the task has run"; });
     EXPECT_EQ(counted.use_count(), 1);
     QCoreApplication::processEvents();
 }
@@ -108,7 +108,7 @@ TEST(QtMainQueueTest, EndOfTheQueueDestroysPendingTasks) {
     const auto counted = std::make_shared<int>();
     {
         QtMainQueue queue;
-        queue.submit([counted] { ADD_FAILURE() << "it ran"; });
+        queue.submit([counted] { ADD_FAILURE() << "the task has run"; });
         EXPECT_EQ(counted.use_count(), 2);
     }
     EXPECT_EQ(counted.use_count(), 1);

@@ -273,7 +273,7 @@ TEST_F(SingleInstanceTest, FolderOfAnotherUserIsNotUsed) {
     fs::create_directory(given);
     fs::permissions(given, fs::perms::all);
     if (chown(given.c_str(), 65534, 65534) != 0) {
-        GTEST_SKIP() << "only root may give a folder away";
+        GTEST_SKIP() << "only root may change the owner of a folder";
     }
     EXPECT_EQ(SingleInstance(given).claim({}), Claim::impossible);
     fs::permissions(given, fs::perms::owner_all);
@@ -555,7 +555,7 @@ TEST_F(SingleInstanceTest, ClientWaitsWhileDescriptorsAreExhausted) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         ++turns;
     }
-    EXPECT_LT(turns, 100) << "it tried without a pause";
+    EXPECT_LT(turns, 100) << "accept() was retried without a pause";
 }
 
 TEST_F(SingleInstanceTest, ClientOfAnotherUserIsRejected) {

@@ -74,7 +74,7 @@ TEST(DesktopThread, RunsTasksInOrderOnOneThread) {
             });
         }
     }
-    ASSERT_EQ(done.size(), 1000U) << "all of it, even that submitted just before the end";
+    ASSERT_EQ(done.size(), 1000U) << "all tasks, even those submitted just before the end";
     for (int number = 0; number < 1000; ++number)
         EXPECT_EQ(done[static_cast<std::size_t>(number)], number);
     EXPECT_THAT(threads, testing::Each(threads.front()));
@@ -139,7 +139,7 @@ TEST(DesktopThread, ReportsAReadableDescriptor) {
     thread.call([&] { watch = {}; });
     bell.ring();
     thread.call([] {});
-    EXPECT_EQ(signals.count(), 2) << "nobody watches any more";
+    EXPECT_EQ(signals.count(), 2) << "the watch has ended";
 }
 
 TEST(DesktopThread, ReportsAClosedPeer) {

@@ -419,7 +419,7 @@ long sleepsOfDesktopThread() {
                 return count;
         }
     }
-    ADD_FAILURE() << "there is no such thread";
+    ADD_FAILURE() << "the thread was not found";
     return 0;
 }
 

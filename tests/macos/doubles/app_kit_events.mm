@@ -62,7 +62,7 @@ void removeMonitor(id token) {
     note("removeMonitor");
     const auto found = monitorOf(token);
     if (found == monitors.end()) {
-        ADD_FAILURE() << "no monitor, or removed before";
+        ADD_FAILURE() << "not a monitor, or already removed";
         return;
     }
     const Monitor removed = *found;

@@ -17,7 +17,7 @@ TEST_F(LoginFrameworkLockTest, UsesTheSystemsPrivateFramework) {
 TEST_F(LoginFrameworkLockTest, CallsOnlyTheLockFunction) {
     LoginFrameworkLock lock(FRAMEWORKS "/liblogin.so");
     ASSERT_TRUE(lock.find());
-    lock.lock([] { FAIL() << "it never refuses"; });
+    lock.lock([] { FAIL() << "the function never fails"; });
     lock.lock({});
     EXPECT_THAT(journal(), ElementsAre("SACLockScreenImmediate", "SACLockScreenImmediate"));
 }

@@ -38,7 +38,7 @@ TEST_F(FrontmostApplicationTest, FollowsEachActivation) {
     EXPECT_EQ(frontmost.current(), (Application{"com.example.draw", "画图"}));
     activate(notes);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
-    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not asked again";
+    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried again";
 }
 
 TEST_F(FrontmostApplicationTest, ReturnsOnlyTheKnownProperties) {
@@ -88,7 +88,7 @@ TEST_F(FrontmostApplicationTest, TerminationOfAnotherApplicationChangesNothing) 
     journal();
     doubles::end(draw);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
-    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not asked";
+    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried";
 }
 
 TEST_F(FrontmostApplicationTest, TerminationOfASecondProcessChangesNothing) {

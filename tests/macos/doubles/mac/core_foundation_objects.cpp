@@ -59,7 +59,7 @@ CFTypeRef handOut(Object* made) {
 
 Object* objectOf(CFTypeRef reference) {
     if (reference == nullptr || CFGetTypeID(reference) != CFDataGetTypeID()) {
-        ADD_FAILURE() << "never made by a double: " << reference;
+        ADD_FAILURE() << "not created by a fake: " << reference;
         return nullptr;
     }
     const UInt8* bytes = CFDataGetBytePtr(static_cast<CFDataRef>(reference));
