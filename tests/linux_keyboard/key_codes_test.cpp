@@ -1,5 +1,5 @@
-// The test has its own copy of the table, by the usual names of the keys, so that an error in one
-// line of either shows.
+// The test has its own copy of the table, with the usual names of the keys. So an error in one
+// table is detected.
 #include "dispatch/key_names.h"
 #include "platform/linux/keyboard/key_codes.h"
 

@@ -122,7 +122,7 @@ TEST_F(AutostartEntryTest, UnregisteringRemovesTheUsersFile) {
     EXPECT_EQ(item.status(), Status::notRegistered);
 }
 
-TEST_F(AutostartEntryTest, UnregisteringTwiceIsNoError) {
+TEST_F(AutostartEntryTest, UnregisteringAMissingEntryIsNoError) {
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(userFile));
 }

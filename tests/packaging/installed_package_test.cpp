@@ -105,7 +105,7 @@ void needInstallation() {
     }
 }
 
-TEST(InstalledPackage, SeatGetsPresentAndLaterTouchpads) {
+TEST(InstalledPackage, SeatGetsAccessToPresentAndLaterTouchpads) {
     const VirtualPad pad(ordinaryPad());
     EXPECT_FALSE(isForTheSeat(pad.node()));
     install();

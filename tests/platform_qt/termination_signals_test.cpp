@@ -17,7 +17,7 @@ namespace {
 
 using test::Application;
 
-// A child that exits in order with 7, or with 8 if its loop ended without a request.
+// A child that exits normally with 7, or with 8 if its loop ended without a request.
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {

@@ -11,7 +11,7 @@
 
 namespace glidemap {
 
-// `prepareThread` runs on each of the engine's threads with its name; these threads are
+// `setUpThread` runs on each of the engine's threads with the thread's name; these threads are
 // latency-sensitive. Each task of a thread runs inside `within`.
 MultitouchDeviceManager& makeSharedEngine(TouchDriverPlatform platform,
                                           void (*setUpThread)(std::string_view name),

@@ -180,7 +180,7 @@ TEST_F(GnomeExtensionTest, LoadedExtensionIsEnabledByTheShell) {
     EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell writes it
 }
 
-TEST_F(GnomeExtensionTest, DisabledFilesCountAsMissing) {
+TEST_F(GnomeExtensionTest, InstalledButDisabledExtensionCountsAsMissing) {
     const ShellDouble shell(bus.address(), {});
     EXPECT_EQ(extension.install(), std::nullopt);
     settings.set("enabled-extensions", {});

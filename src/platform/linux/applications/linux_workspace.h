@@ -25,7 +25,7 @@ public:
     // manager needs a few milliseconds to move the focus.
     static constexpr std::chrono::milliseconds usualPatience{100};
 
-    // Panels that have no URL handler on the desktop. Called on the main thread; may be empty.
+    // Panels without a URL handler on the desktop. Called on the main thread; may be empty.
     struct Panels {
         std::function<void()> missionControl = {};
         std::function<bool()> hasMissionControl = {};

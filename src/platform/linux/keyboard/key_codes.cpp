@@ -119,9 +119,9 @@ constexpr KeyCodePair pairs[] = {
     {110, KEY_COMPOSE}, // the menu key
     {111, KEY_F12},
     {113, KEY_PAUSE},
-    // "Help" is at the place of Insert on other keyboards, and both send the same code. The kernel
-    // has a code for a key labelled Help, too, but such keys are rare, and with it a shortcut with
-    // Insert could not be recorded.
+    // "Help" is at the place of Insert on other keyboards, and both send the same code. KEY_HELP
+    // exists, too, but such keys are rare, and a shortcut with Insert could not be recorded with
+    // it.
     {114, KEY_INSERT},
     {115, KEY_HOME},
     {116, KEY_PAGEUP},

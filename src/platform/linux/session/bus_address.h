@@ -10,7 +10,7 @@ namespace glidemap {
 
 enum class Bus { system, session };
 
-// Found without connecting to the bus.
+// Reads the environment and checks the usual sockets; does not connect to the bus.
 std::optional<std::string> busAddress(Bus bus);
 
 } // namespace glidemap

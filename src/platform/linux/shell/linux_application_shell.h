@@ -19,8 +19,7 @@ public:
     void activate(QWidget& window) override;
     void terminate() override;
 
-    // Sets the activation data of the next activation, as passed by a launcher. Either may be
-    // empty.
+    // Sets a launcher's token and startup id for the next activation. Either may be empty.
     void prove(std::string activationToken, std::string launchID);
 
 private:

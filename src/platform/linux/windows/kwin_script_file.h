@@ -3,7 +3,7 @@
 // Thread:  the desktop thread.
 // Owner:   the code that loads the script, until KWin has read the file: KWin reads it when it runs
 //          it.
-// Errors:  isWhole() returns false if the file could not be written.
+// Errors:  `whole` is false if the file could not be written.
 #pragma once
 
 #include "platform/linux/windows/desktop_bus.h"

@@ -1,6 +1,6 @@
 // Taps the session's mouse events before every other tap, and can swallow clicks.
 //
-// The system calls it on the main run loop in the common modes, so it also sees clicks while a menu
+// The system calls it on the main run loop in the common modes. So it also sees clicks while a menu
 // or an alert is open. Watching costs almost nothing, so the tap is never paused.
 //
 // Thread:  the main thread, for its calls and for the callback.
