@@ -33,7 +33,7 @@ struct Script {
     Log log;
     int looks = 0;
     int hearings = 0;
-    std::function<void(int)> beforeLook; // gets the number of the check
+    std::function<void(int)> beforeLook; // called with the number of each check of the keys
     bool isListening = false;
     bool isAlive = true;
     bool hasNews = false;
