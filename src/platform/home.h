@@ -1,11 +1,11 @@
-// The system that the program runs on, as the program knows it: the class behind each port. There is
-// one implementation a home, and which one is linked is the build's to say; nobody else in the
-// program names a system.
+// Gives the program the services of the operating system it runs on: one implementation per port.
+// Each platform has one subclass, and the build chooses which one to link. No other code in the
+// program names a platform.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one, within the application object's life and for longer than whatever
-//          uses what it hands out.
-// Errors:  as each port has them.
+// Owner:   the program. It creates one instance while the application object exists, and destroys
+//          it after all users of its ports.
+// Errors:  as documented for each port.
 #pragma once
 
 #include "app/application_shell.h"
@@ -38,7 +38,7 @@ namespace glidemap {
 class Home {
 public:
     struct Ports {
-        // The program's, as people read it; nothing where nobody knows.
+        // The version to show to users; nullopt if unknown.
         std::optional<std::string> version;
 
         std::shared_ptr<AppearanceSettings> appearance;
@@ -49,32 +49,33 @@ public:
         std::shared_ptr<ClickTap> clickTap;
         std::shared_ptr<KeyEventPoster> keyboard;
         std::shared_ptr<ScreenLock> screenLock;
-        std::shared_ptr<UserSession> session = nullptr; // null where the system has one at a time
+        std::shared_ptr<UserSession> session = nullptr; // null without user switching
         std::shared_ptr<LoginItemService> loginItems;
         std::shared_ptr<KeyPresses> keyPresses;
         std::shared_ptr<WindowGeometryStore> windowGeometry;
-        std::shared_ptr<DesktopHelper> desktopHelper; // null where the system needs none
-        std::shared_ptr<SystemNotes> notes;           // null where there is nothing to add
+        std::shared_ptr<DesktopHelper> desktopHelper; // null if the system needs no helper
+        std::shared_ptr<SystemNotes> notes;           // null if there are no notes
 
         KeyboardKind keyboardKind = KeyboardKind::apple;
 
-        // Where the bindings' folder is, or is to be.
+        // The folder for the bindings, which may not exist yet.
         std::function<std::filesystem::path()> dataFolder;
 
-        // The name under which the status item's icon is installed for the system's own drawing.
+        // The icon's name in the installed icon theme, for status bars that draw the icon
+        // themselves.
         const char* installedIcon = "";
         const char* installedIconOff = ""; // while gestures are switched off
     };
 
-    // Before there is an application object.
+    // These functions need no application object.
 
-    // This user's alone; there is the lock of the one program that runs.
+    // A private folder of this user. It holds the lock of the single running instance.
     static std::filesystem::path runtimeFolder();
 
-    // How the system knows that it was the user who started the program.
+    // The activation data that shows the system that the user started the program.
     static SingleInstance::Request proofOfThisLaunch();
 
-    // Whether there is anything to show a window on. The toolkit aborts a program that tries without.
+    // Whether a display is available. Qt aborts a program that connects without one.
     static bool hasDisplay();
 
     // Whether windows have icons. Elsewhere the toolkit would show the icon in the dock, in place of the bundle's own.
@@ -84,24 +85,24 @@ public:
     // afterwards, without running exit handlers: a thread may still wait for a bus.
     static std::string diagnosis(const std::string& version);
 
-    // Begins what takes long and can be done beside the main thread. The answer waits for its end,
-    // which the first text needs.
+    // Starts slow work in the background. The returned function waits for that work to finish; call
+    // it before measuring the first text.
     static std::function<void()> begin();
 
-    // With one.
+    // These functions need the application object.
 
-    // What the user has set before. Any number of them can be open.
+    // The user's stored settings. Several instances may be open at a time.
     static std::shared_ptr<UserDefaults> userDefaults();
 
-    // How an alert is to look that is shown without the rest of the program. The settings may be
-    // kept for longer than their source, with which they change; that goes before the queue.
+    // The appearance of an alert that is shown without the rest of the program. The settings may
+    // outlive their source, which updates them; destroy the source before the queue.
     struct AppearanceAlone {
         std::shared_ptr<AppearanceSettings> settings;
         std::shared_ptr<void> source;
     };
     static AppearanceAlone appearanceAlone(MainQueue& mainQueue);
 
-    // Makes the shared touch engine and device manager, too.
+    // Also creates the shared touch engine and device manager.
     static std::unique_ptr<Home> make(const std::shared_ptr<MainQueue>& mainQueue);
 
     Home() = default;
@@ -111,13 +112,14 @@ public:
 
     virtual const Ports& ports() const = 0;
 
-    // It is another program's wish that the window be shown, which came with this.
+    // Takes the activation data of another process that asks this one to show its window.
     virtual void takeProof(const SingleInstance::Request& request) = 0;
 
-    // Touchpads may have come, or access may have been given, and what types has tried again.
+    // Called when a touchpad may have appeared or access may have been granted. The keyboard has
+    // already retried.
     std::function<void()> onDevicesChanged;
 
-    // The user has started the program that runs once more, and the system has told it so.
+    // Called when the user starts the running program again and the system reports it.
     std::function<void()> onReopen;
 };
 

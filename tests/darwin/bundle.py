@@ -1,5 +1,5 @@
-"""bundle SOURCES RESULT TOOLS: assembles a bundle from the linked services by the rules of packaging/macos, as far as they
-are not the toolkit's, and checks that its parts agree with each other."""
+"""bundle SOURCES RESULT TOOLS: assembles a bundle from the linked services by the rules of packaging/macos, except those of
+Qt, and checks that its parts are consistent."""
 
 import plistlib
 import re
@@ -22,12 +22,12 @@ def check(condition, fault):
 
 def only(pattern, text):
     found = re.findall(pattern, text)
-    check(len(found) == 1, f"not once but {len(found)} times: {pattern}")
+    check(len(found) == 1, f"found {len(found)} times instead of once: {pattern}")
     return found[0]
 
 
 def configure(template):
-    """As CMake does it, by CMake."""
+    """Configures the template with CMake."""
     script = result / "properties.cmake"
     version = only(r"project\(Glidemap VERSION (\S+)", project)
     oldest = only(r"CMAKE_OSX_DEPLOYMENT_TARGET (\S+) CACHE", project)
@@ -64,4 +64,4 @@ for architecture in ["arm64", "x86_64"]:
     command = [tools / "llvm-otool", "-l", "-arch", architecture, program]
     commands = subprocess.run(command, check=True, capture_output=True, text=True).stdout
     oldest = only(r"minos (\S+)", commands)
-    check(oldest == properties["LSMinimumSystemVersion"], f"{architecture} starts on {oldest}, the list says otherwise")
+    check(oldest == properties["LSMinimumSystemVersion"], f"{architecture} has another minimum version than the property list: {oldest}")

@@ -1,4 +1,4 @@
-# The headers are among those that every target for a Mac sees.
+# The headers are in the include path of every target for a Mac.
 if(NOT TARGET nlohmann_json::nlohmann_json)
     add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED)
 endif()

@@ -1,4 +1,4 @@
-// A program that holds every service and calls none of them: it is there to be linked, and to be looked at.
+// A program that links every service and calls none: only linking and its symbols are checked.
 int main() {
     return 0;
 }

@@ -12,7 +12,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-constexpr const char* python = "/usr/bin/python3"; // the one that has Debian's modules
+constexpr const char* python = "/usr/bin/python3"; // Debian's Python, which has Debian's modules
 constexpr const char* pythonDouble = "/usr/lib/python3/dist-packages/dbusmock";
 constexpr const char* loginName = "org.freedesktop.login1";
 constexpr const char* shellName = "org.gnome.Shell";
@@ -42,7 +42,7 @@ GnomeShell::GnomeShell(Eval permission)
     addLoginSession();
 }
 
-// Without a login session the shell does not start.
+// The shell does not start without a login session.
 void GnomeShell::addLoginSession() {
     loginService.emplace(
         Program::Command{.words = {python, "-m", "dbusmock", "--system", "--template", "logind"},
@@ -100,7 +100,7 @@ void GnomeShell::disableExtension(const std::string& uuid) const {
                                     "DisableExtension", g_variant_new("(s)", uuid.c_str())));
 }
 
-// The shell opens it by itself when it starts, but only after it has said that it is ready.
+// The shell opens its overview on startup, but only after it has reported that it is ready.
 void GnomeShell::closeOverview() const {
     waitForOverview(true);
     g_variant_unref(sessionBus.call(

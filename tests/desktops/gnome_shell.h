@@ -1,9 +1,9 @@
-// A headless GNOME Shell with a session bus and a system bus of its own, which may be killed and
-// started again.
+// Runs a headless GNOME Shell with its own session bus and system bus. The test may kill and
+// restart it.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a shell that is not ready in time is a failure of the test.
+// Errors:  a shell that is not ready in time fails the test.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -16,21 +16,21 @@ namespace glidemap::desktops {
 
 class GnomeShell {
 public:
-    // Whether the test may run code of its own in the shell. What else is guarded is open then, too.
+    // Whether the test may run code in the shell. This also opens other protected interfaces.
     enum class Eval { forbidden, allowed };
 
-    // None if everything is, else the name of what is missing.
+    // The name of a missing program; nullopt if all are installed.
     static std::optional<std::string> missing();
 
     explicit GnomeShell(Eval eval = Eval::forbidden);
 
-    // Returns once it has started, with the overview closed.
+    // Returns when the shell has started and its overview is closed.
     void start();
 
-    // Before it starts: the user has installed and enabled the extension in an earlier session.
+    // Call before start(): installs and enables the extension as in an earlier session.
     void addExtension(const std::filesystem::path& form) const;
 
-    // The value of the expression, as JSON.
+    // Evaluates the expression and returns its value as JSON.
     std::string evaluate(const std::string& expression) const;
 
     void disableExtension(const std::string& uuid) const;

@@ -18,8 +18,8 @@ KWin::KWin(Extent wanted) : extent(wanted), settings(plainEnvironment(folder.pat
     settings["DBUS_SESSION_BUS_ADDRESS"] = sessionBus.address();
     settings["WAYLAND_DISPLAY"] = "wayland-kwin";
     settings["XDG_CURRENT_DESKTOP"] = "KDE";
-    // The file has a capability, which machines that withhold it refuse to execute, and with which
-    // it would outlive the test. A copy has none.
+    // Runs a copy without the file's capability: machines that withhold the capability refuse to
+    // execute the file, and a process with it would outlive the test.
     std::filesystem::copy_file(installed, folder.path() / "kwin_wayland");
 }
 

@@ -1,8 +1,8 @@
-// A headless KWin with a bus of its own, which may be started later, and killed and started again.
+// Runs a headless KWin with its own bus. The test may start it later, kill it and restart it.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a compositor that is not ready in time is a failure of the test.
+// Errors:  a compositor that is not ready in time fails the test.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -15,14 +15,14 @@ namespace glidemap::desktops {
 
 class KWin {
 public:
-    // The windows alone, which is quick; or also the overview, which needs OpenGL, and the lock.
+    // `windows` starts quickly; `whole` adds the overview, which needs OpenGL, and the screen lock.
     enum class Extent { windows, whole };
 
     static bool isInstalled();
 
     explicit KWin(Extent extent = Extent::windows);
 
-    // Returns at once: it is on its way.
+    // Returns before KWin has started.
     void start();
 
     void waitUntilReady();

@@ -4,7 +4,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-// It runs the command once programs can connect, and what that prints is the compositor's output.
+// labwc runs the command when clients can connect; the command's output appears in its own.
 constexpr const char* tellDisplay = R"(sh -c "echo \$WAYLAND_DISPLAY")";
 
 Program::Command labwcIn(const RuntimeFolder& folder) {

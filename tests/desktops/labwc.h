@@ -1,8 +1,8 @@
-// A headless labwc, a small stacking compositor of the wlroots family.
+// Runs a headless labwc, a small stacking compositor that uses wlroots.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a compositor that is not ready in time is a failure of the test.
+// Errors:  a compositor that is not ready in time fails the test.
 #pragma once
 
 #include "desktops/program.h"

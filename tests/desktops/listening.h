@@ -1,8 +1,9 @@
-// A window backend as the program has it: made, started and ended on a desktop thread of its own.
+// Runs a window backend as the program does: creates, starts and destroys it on its own desktop
+// thread.
 //
 // Thread:  one.
-// Owner:   a test; what is told outlives it.
-// Errors:  none; whether it started is there to be seen.
+// Owner:   a test; the listener outlives it.
+// Errors:  none; the test checks whether the backend has started.
 #pragma once
 
 #include "platform/linux/windows/desktop_thread.h"
@@ -16,7 +17,7 @@ namespace glidemap::desktops {
 template <typename Backend>
 class Listening {
 public:
-    // With what the backend takes besides its thread.
+    // `Arguments` are the backend's constructor arguments after the thread.
     template <typename... Arguments>
     explicit Listening(WindowListener& told, const Arguments&... arguments) {
         thread.call([&] {
@@ -37,7 +38,7 @@ public:
         thread.call([&] { backend.reset(); });
     }
 
-    // Waits until the thread has done what there was to do.
+    // Waits until the thread has run all pending tasks.
     void settle() {
         thread.call([] {});
     }

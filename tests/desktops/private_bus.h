@@ -1,10 +1,9 @@
-// A message bus of a test's own: nobody is on it but whom the test puts there, and nothing is started by
-// being asked for unless the test says so.
+// Runs a message bus for a test: it has only the test's clients, and starts no service unless the
+// test allows it.
 //
 // Thread:  one.
 // Owner:   a test or a desktop.
-// Errors:  a name that does not appear in time is a failure of the test, and so is a call that
-//          fails.
+// Errors:  a name that does not appear in time, or a call that fails, fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -26,21 +25,22 @@ public:
 
     const std::string& address() const { return _address; }
 
-    // The test's own connection to it.
+    // The test's own connection to the bus.
     GDBusConnection* connection() const { return _connection; }
 
     void waitForName(const std::string& name) const;
 
-    // From now on, the bus starts the command for whoever asks for the name.
+    // Makes the bus start the command when a client calls the name.
     void makeStartable(const std::string& name, const std::string& command) const;
 
-    // Waits for the answer, which the caller gives back (g_variant_unref). Takes the arguments.
+    // Waits for the reply, which the caller must release (g_variant_unref). Consumes the arguments.
     GVariant* call(const std::string& name, const std::string& path, const std::string& interface,
                    const std::string& method, GVariant* arguments) const;
 
     void kill();
 
-    // It still accepts connections and does not respond. The test's own calls wait then, too.
+    // Stops the process: it still accepts connections but does not respond. The test's own calls
+    // block, too.
     void stop() const;
     void goOn() const;
 

@@ -30,7 +30,7 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::max<decltype(left)>(left, 0));
 }
 
-// Waits for the descriptor to be readable. False if it is not in time.
+// Waits until the descriptor is readable. Returns false on time-out.
 bool waitUntilReadable(int descriptor, Clock::time_point deadline) {
     pollfd source{descriptor, POLLIN, 0};
     int ready = 0;
@@ -49,7 +49,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     return pointers;
 }
 
-// What happens between fork and exec: nothing here allocates.
+// The steps between fork and exec, which must not allocate.
 struct Start {
     int input;
     int output;
@@ -66,7 +66,7 @@ struct Start {
         (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
         _exit(126);
     }
-    // Changing the user clears it, so it comes after; and the parent may be gone already.
+    // Set after the change of user, which clears it. The parent may have exited before.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != start.parent) {
         _exit(126);
@@ -143,7 +143,7 @@ Program::~Program() {
 void Program::kill() {
     if (_process > 0) {
         ::kill(-_process, SIGKILL);
-        ::kill(_process, SIGKILL); // before it has made its group
+        ::kill(_process, SIGKILL); // before it has created its group
         waitpid(_process, nullptr, 0);
         _process = -1;
     }
@@ -191,7 +191,7 @@ std::optional<int> Program::waitForEnd() {
     }
     int status = 0;
     waitpid(_process, &status, 0);
-    ::kill(-_process, SIGKILL); // what it has left behind
+    ::kill(-_process, SIGKILL); // remaining children
     _process = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
@@ -199,7 +199,7 @@ std::optional<int> Program::waitForEnd() {
 void Program::fail(const std::string& what) const {
     std::ostringstream said;
     said << std::ifstream(log).rdbuf();
-    ADD_FAILURE() << name << " " << what << "; it said:\n" << said.str();
+    ADD_FAILURE() << name << " " << what << "; its standard error:\n" << said.str();
 }
 
 } // namespace glidemap::desktops

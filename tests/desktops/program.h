@@ -1,10 +1,9 @@
-// A program of a desktop under test: it has a process group and an environment of its own, and ends
-// with the test, even if that is killed.
+// Runs a program of a desktop under test, in its own process group and environment. The program
+// ends with the test, even if the test is killed.
 //
-// Thread:  one, and it has to live as long as the program: the kernel ends the program with it.
+// Thread:  one, which must live as long as the program: the kernel kills the program with it.
 // Owner:   a test.
-// Errors:  a program that cannot be started, or does not say in time what it should, is a failure of
-//          the test.
+// Errors:  a program that cannot be started, or does not write its output in time, fails the test.
 #pragma once
 
 #include <sys/types.h>
@@ -18,26 +17,26 @@
 
 namespace glidemap::desktops {
 
-// How long a test waits for what must happen. Nothing waits this long unless it has failed.
+// The time limit for expected events. Only a failing test waits this long.
 constexpr std::chrono::seconds patience{120};
 
 using Environment = std::map<std::string, std::string>;
 
-// What every desktop program needs, and nothing of the environment of whoever runs the test.
+// The variables that every desktop program needs, without those of the test's own environment.
 Environment plainEnvironment(const std::filesystem::path& folder);
 
-// Whether it can be found where programs are.
+// Whether the program is in PATH.
 bool isInstalled(const std::string& program);
 
 class Program {
 public:
-    // Who it runs as: some refuse to be root's, who runs the tests in a container.
+    // The user to run as: some programs refuse to run as root, as tests in a container do.
     enum class User { same, notRoot };
 
     struct Command {
         std::vector<std::string> words;
         Environment environment;
-        std::filesystem::path log; // what it says on its standard error
+        std::filesystem::path log; // receives its standard error
         User user = User::same;
     };
 
@@ -49,13 +48,13 @@ public:
     // Writes a line to its standard input.
     void tell(const std::string& line);
 
-    // The next line of its standard output, none (a failure) if there is none in time.
+    // The next line of its standard output; nullopt, and a failure, on time-out.
     std::optional<std::string> nextLine();
 
-    // Ends its whole process group at once, without a chance to say goodbye.
+    // Kills its whole process group at once.
     void kill();
 
-    // Closes its standard input and waits until it has ended; answers its exit status.
+    // Closes its standard input, waits until it has exited and returns its exit status.
     std::optional<int> finish();
 
     pid_t process() const { return _process; }
@@ -72,7 +71,7 @@ private:
     std::string read;
 };
 
-// The user that a program of User::notRoot runs as.
+// The user for programs with User::notRoot.
 uid_t plainUser();
 
 } // namespace glidemap::desktops

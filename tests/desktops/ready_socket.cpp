@@ -35,7 +35,7 @@ void ReadySocket::waitUntilReady() const {
     for (;;) {
         const ssize_t size = recv(descriptor, message.data(), message.size(), 0);
         if (size < 0) {
-            ADD_FAILURE() << "the program never gets ready";
+            ADD_FAILURE() << "the program has not reported that it is ready";
             return;
         }
         const std::string_view text(message.data(), static_cast<std::size_t>(size));

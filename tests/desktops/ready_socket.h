@@ -1,8 +1,8 @@
-// Where a program says that it has started, in the way that systemd has it ($NOTIFY_SOCKET).
+// Receives a program's readiness notification in systemd's protocol ($NOTIFY_SOCKET).
 //
 // Thread:  one.
 // Owner:   a desktop.
-// Errors:  a program that does not say so in time is a failure of the test.
+// Errors:  a program that does not send it in time fails the test.
 #pragma once
 
 #include <filesystem>

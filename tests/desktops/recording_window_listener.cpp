@@ -44,14 +44,14 @@ void RecordingWindowListener::add(std::string line) {
     added.notify_one();
 }
 
-// After the first failure there is no point in waiting for what follows from it.
+// After the first failure, waiting longer for later events is useless.
 std::chrono::seconds RecordingWindowListener::longestWait() const {
     return testing::Test::HasFailure() ? std::chrono::seconds(0) : patience;
 }
 
 void RecordingWindowListener::expectTold(const std::vector<std::string>& lines) {
     std::unique_lock lock(mutex);
-    // A line too many is seen at once, one too few at the deadline.
+    // An extra line is detected at once, a missing one at the deadline.
     added.wait_for(lock, longestWait(), [&] {
         return told.size() >= lines.size() || !std::equal(told.begin(), told.end(), lines.begin());
     });

@@ -1,9 +1,9 @@
-// Writes down what a backend tells, in lines that can be compared and read:
-// "windows: one, two" and "active: one" ("active: none").
+// Records a backend's reports as readable lines: "windows: one, two" and "active: one" ("active:
+// none").
 //
-// Thread:  told on the desktop thread, asked on the test's.
-// Owner:   a test; outlives the backend.
-// Errors:  what is not told in time is a failure of the test.
+// Thread:  the desktop thread reports, the test's thread reads.
+// Owner:   a test; it outlives the backend.
+// Errors:  a report that does not arrive in time fails the test.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -26,21 +26,21 @@ namespace glidemap::desktops {
 
 class RecordingWindowListener final : public WindowListener {
 public:
-    // A window as a word of the lines: its app id, unless the test wants to see more.
+    // How a window appears in the lines: by default its app id.
     using Word = std::function<std::string(const WindowIdentity&)>;
     explicit RecordingWindowListener(Word asWord = nullptr);
 
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
-    // Waits for these lines, which have to be all that was told since the last call.
+    // Waits for these lines, which must be all reports since the last call.
     void expectTold(const std::vector<std::string>& lines);
 
-    // Waits until these are the last ones told of either kind, whatever came before: for desktops
-    // that do one thing in several steps, not always the same ones.
+    // Waits until these are the latest lines of each kind, after any others: for desktops that make
+    // a change in a varying number of steps.
     void expectInTheEnd(const std::string& windowsLine, const std::string& activeLine);
 
-    // The last windows told, whole.
+    // The windows of the latest report.
     std::vector<WindowIdentity> windows();
 
 private:

@@ -1,8 +1,9 @@
-// The runtime folder of a desktop under test, which is its home, too. Gone when the test ends.
+// The runtime folder of a desktop under test, which is also its home folder. Removed when the test
+// ends.
 //
 // Thread:  one.
 // Owner:   a desktop.
-// Errors:  a folder that cannot be made is a failure of the test.
+// Errors:  a folder that cannot be created fails the test.
 #pragma once
 
 #include "kit/temporary_folder.h"
@@ -25,12 +26,12 @@ public:
         return folder.write(name, content);
     }
 
-    // For the programs of the test, which take no runtime folder of another user. A compositor that runs as another user has made
-    // its socket by then.
+    // Lets the test's programs use the folder; they reject a runtime folder of another user. Call
+    // it when a compositor that runs as another user has created its socket.
     void giveToTest() const;
 
 private:
-    // Not below a long path: the names of sockets have little room.
+    // Not below a long path, because the length of socket names is limited.
     test::TemporaryFolder folder{"/tmp"};
 };
 

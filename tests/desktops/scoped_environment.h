@@ -1,6 +1,6 @@
-// Sets this process's own environment for a while, as the desktop's programs have it.
+// Sets variables of this process's environment for a while, as the desktop's programs have them.
 //
-// Thread:  one, while there is no other.
+// Thread:  one, while no other thread runs.
 // Owner:   a test.
 // Errors:  none.
 #pragma once

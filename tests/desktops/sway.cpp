@@ -8,8 +8,8 @@ namespace glidemap::desktops {
 
 namespace {
 
-// It starts the command once it can be talked to, and what that prints is the compositor's output.
-// A test that wants the bar starts it: on the bus of the test, which belongs to another user.
+// sway runs the command when clients can connect; the command's output appears in its own. A test
+// that needs the bar starts it itself, on the test's bus, which belongs to another user.
 constexpr const char* config = R"(xwayland disable
 seat seat0 fallback true
 bar {

@@ -1,8 +1,8 @@
-// A headless sway, which stands for the wlroots family of compositors.
+// Runs a headless sway, as an example of the wlroots compositors.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a compositor that is not ready in time is a failure of the test.
+// Errors:  a compositor that is not ready in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -16,10 +16,10 @@ class Sway {
 public:
     Sway();
 
-    // What its programs have to know.
+    // The environment of its programs.
     const Environment& environment() const { return settings; }
 
-    // Gives it one of its commands and waits until it has obeyed.
+    // Sends a command and waits until sway has executed it.
     void command(const std::string& text) const;
 
     void kill() { program.kill(); }

@@ -115,7 +115,7 @@ void show(wl_display* display, const char* appID, const char* title) {
     wl_surface_commit(surface);
     while (!shown) {
         if (wl_display_dispatch(display) < 0) {
-            fail("the desktop has gone");
+            fail("the connection to the desktop is lost");
         }
     }
     const char* const token = std::getenv("XDG_ACTIVATION_TOKEN");
@@ -126,7 +126,7 @@ void show(wl_display* display, const char* appID, const char* title) {
     say("shown");
 }
 
-// False at the end of the input.
+// Returns false at the end of the input.
 bool obeyInput(wl_display* display) {
     static std::string unread;
     std::array<char, 1024> buffer{};
@@ -156,7 +156,7 @@ void serve(wl_display* display) {
             return;
         }
         if (sources[1].revents != 0 && wl_display_dispatch(display) < 0) {
-            fail("the desktop has gone");
+            fail("the connection to the desktop is lost");
         }
     }
 }
@@ -174,5 +174,5 @@ int main(int count, char** arguments) {
     show(display, arguments[1], arguments[2]);
     serve(display);
     wl_display_disconnect(display);
-    std::_Exit(0); // as programs often do, without tidying up
+    std::_Exit(0); // exits without clean-up, as programs often do
 }

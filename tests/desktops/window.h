@@ -1,8 +1,8 @@
-// One window of a program of its own, on a Wayland desktop under test.
+// Shows one window of a separate process on a Wayland desktop under test.
 //
 // Thread:  one.
-// Owner:   a test. Destroying it kills the program.
-// Errors:  a window that does not appear in time is a failure of the test.
+// Owner:   a test. The destructor kills the process.
+// Errors:  a window that does not appear in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -13,12 +13,12 @@ namespace glidemap::desktops {
 
 class Window {
 public:
-    // The environment names the desktop. Returns once the window is on the screen.
+    // `desktop` is the environment with the display. Returns when the window is on the screen.
     Window(const Environment& desktop, const std::string& appID, const std::string& title);
 
     void setTitle(const std::string& title);
 
-    // Waits until the program has ended.
+    // Waits until the process has exited.
     void close();
 
     pid_t process() const { return program.process(); }

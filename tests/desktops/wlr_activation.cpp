@@ -78,8 +78,8 @@ void onWindowOf(const Environment& desktop, const std::string& appID, Request re
     ASSERT_NE(display, nullptr) << socket;
     Search search{.wanted = appID};
     wl_registry_add_listener(wl_display_get_registry(display), &registryListener, &search);
-    wl_display_roundtrip(display); // what there is
-    wl_display_roundtrip(display); // the windows
+    wl_display_roundtrip(display); // receives the globals
+    wl_display_roundtrip(display); // receives the windows
     EXPECT_NE(search.found, nullptr) << "no window of " << appID;
     if (search.found != nullptr && search.seat != nullptr) {
         request(search.found, search.seat);

@@ -1,7 +1,7 @@
-// Activates a window on a compositor of the wlroots family, as a task bar does it.
+// Activates a window on a wlroots compositor, as a task bar does.
 //
 // Thread:  any.
-// Errors:  a window that the compositor does not list is a failure of the test.
+// Errors:  a window that the compositor does not list fails the test.
 #pragma once
 
 #include "desktops/program.h"

@@ -1,4 +1,4 @@
-// The prompt as the program uses it, with shell scripts in pkexec's place.
+// The access prompt with shell scripts in place of pkexec.
 #include "kit/queued_main_queue.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/access/access_prompt.h"
@@ -17,7 +17,7 @@ class AccessPromptTest : public testing::Test {
 protected:
     AccessPromptTest() { EXPECT_EQ(mkfifo(answers.c_str(), 0600), 0); }
 
-    // Writes a letter for each time it is asked, and ends when it is answered.
+    // Writes a letter for each prompt, and exits when the test calls answer().
     std::vector<std::string> command() const {
         return {"/bin/sh", "-c",
                 "printf x >>" + asked.string() + "; read answer <" + answers.string()};
@@ -31,7 +31,7 @@ protected:
         return made;
     }
 
-    // Returns when somebody has read it.
+    // Returns when the script has read the line.
     void answer() const { std::ofstream(answers) << "answer\n"; }
 
     test::TemporaryFolder folder;
@@ -41,7 +41,7 @@ protected:
     int heard = 0;
 };
 
-TEST_F(AccessPromptTest, EachAnswerIsToldOnTheMainThread) {
+TEST_F(AccessPromptTest, EachClosedPromptIsReportedOnTheMainThread) {
     const auto made = prompt(command());
     for (int round = 1; round <= 2; ++round) {
         made->ask();
@@ -55,7 +55,7 @@ TEST_F(AccessPromptTest, EachAnswerIsToldOnTheMainThread) {
     EXPECT_EQ(test::contentOf(asked), "xx");
 }
 
-TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
+TEST_F(AccessPromptTest, OnePromptIsOpenAtATime) {
     const auto made = prompt(command());
     made->ask();
     made->ask();
@@ -68,7 +68,7 @@ TEST_F(AccessPromptTest, OneQuestionIsOpenAtATime) {
     EXPECT_EQ(heard, 1);
 }
 
-TEST_F(AccessPromptTest, WhatCannotBeAskedHasFailedAndCanBeAskedAgain) {
+TEST_F(AccessPromptTest, PromptThatCannotStartHasFailedAndCanBeRepeated) {
     const auto made = prompt({"/nowhere/at/all"});
     EXPECT_FALSE(made->hasFailed());
     made->ask();
@@ -81,7 +81,7 @@ TEST_F(AccessPromptTest, WhatCannotBeAskedHasFailedAndCanBeAskedAgain) {
     EXPECT_EQ(heard, 2);
 }
 
-TEST_F(AccessPromptTest, AnAnswerThatIsNotAcceptedHasFailedUnlessTheQuestionWasDismissed) {
+TEST_F(AccessPromptTest, FailedAuthenticationHasFailedButDismissalHasNot) {
     const std::pair<const char*, bool> ends[] = {
         {"exit 127", true}, {"exit 126", false}, {"exit 0", false}};
     for (const auto& [script, hasFailed] : ends) {
@@ -94,7 +94,7 @@ TEST_F(AccessPromptTest, AnAnswerThatIsNotAcceptedHasFailedUnlessTheQuestionWasD
     }
 }
 
-TEST_F(AccessPromptTest, AQuestionWaitsUntilThePersonCanReadWhatItIsAbout) {
+TEST_F(AccessPromptTest, PromptWaitsUntilTheUserCanReadTheExplanation) {
     const auto made = prompt(command());
     made->waitUntilReady();
     made->ask();
@@ -109,18 +109,18 @@ TEST_F(AccessPromptTest, AQuestionWaitsUntilThePersonCanReadWhatItIsAbout) {
     EXPECT_EQ(test::contentOf(asked), "x");
 }
 
-// At the start of the program a window is being opened.
-TEST_F(AccessPromptTest, AQuestionComesAfterWhatIsUnderWay) {
+// On startup the main thread may be opening a window.
+TEST_F(AccessPromptTest, PromptOpensAfterTheCurrentTask) {
     const auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
     made->ask();
     EXPECT_EQ(queue->waiting(), 1U);
     EXPECT_FALSE(std::filesystem::exists(asked));
-    queue->runNext(); // and not the answer, which may be there already
+    queue->runNext(); // not the prompt's end, which may be queued already
     queue->waitForOne();
     EXPECT_EQ(test::contentOf(asked), "x");
 }
 
-TEST_F(AccessPromptTest, AQuestionThatWasNotYetAskedGoesWithItsOwner) {
+TEST_F(AccessPromptTest, DestructionCancelsAPromptThatHasNotOpened) {
     auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
     made->ask();
     made.reset();
@@ -128,7 +128,7 @@ TEST_F(AccessPromptTest, AQuestionThatWasNotYetAskedGoesWithItsOwner) {
     EXPECT_FALSE(std::filesystem::exists(asked));
 }
 
-TEST_F(AccessPromptTest, AnAnswerThatComesTooLateIsToldToNobody) {
+TEST_F(AccessPromptTest, PromptThatClosesAfterDestructionIsNotReported) {
     auto made = prompt(command());
     made->ask();
     queue->runAll();

@@ -1,4 +1,4 @@
-// The prompt with doubles of pkexec: small shell scripts.
+// The polkit prompt with shell scripts in place of pkexec.
 #include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/access/grant_prompt.h"
@@ -31,7 +31,7 @@ std::vector<std::string> shell(const std::string& script) {
     return {"/bin/sh", "-c", script};
 }
 
-// Waits for the prompt's end. The prompt's thread may still be in the call when the test is over.
+// Waits for the prompt's end. The prompt's thread may outlive the test.
 class End {
 public:
     std::function<void(int)> tell() const {
@@ -51,11 +51,11 @@ private:
     std::future<int> future = promise->get_future();
 };
 
-// What a script writes to the pipe until it ends.
+// Reads the text that a script writes to a pipe until it exits.
 class Answer {
 public:
     Answer() {
-        // Not closed on exec: the script writes to it by its number.
+        // Without close-on-exec: the script writes to the descriptor by its number.
         EXPECT_EQ(pipe(ends.data()), 0);
         fcntl(ends[0], F_SETFD, FD_CLOEXEC);
     }
@@ -81,7 +81,7 @@ private:
     std::array<int, 2> ends{};
 };
 
-// A per-user installation, in a folder that other users can write as well.
+// A per-user installation, in a folder that other users can also write.
 class OwnInstallation {
 public:
     OwnInstallation() {
@@ -98,23 +98,23 @@ private:
     test::TemporaryFolder folder;
 };
 
-TEST(GrantPromptTest, RootIsNeverGivenAFileOfThisUser) {
+TEST(GrantPromptTest, ProgramOfThisUserIsNeverRunAsRoot) {
     const OwnInstallation own;
     const auto command = grantAccessCommand(own.program());
     EXPECT_TRUE(command.empty() || command[1].starts_with("/usr/")) << command[1];
     EXPECT_FALSE(isOnlyRoots(own.grantAccess()));
 }
 
-TEST(GrantPromptTest, AFileOfTheSystemIsRoots) {
+TEST(GrantPromptTest, SystemFileBelongsToRootAlone) {
     EXPECT_TRUE(isOnlyRoots(fs::canonical("/bin/sh")));
     EXPECT_TRUE(isOnlyRoots("/"));
     EXPECT_FALSE(isOnlyRoots("/tmp"));
     EXPECT_FALSE(isOnlyRoots("/nowhere/at/all"));
 }
 
-TEST(GrantPromptTest, AFileBelowAFolderOfAnotherUserIsNotRoots) {
+TEST(GrantPromptTest, FileInAFolderOfAnotherUserDoesNotBelongToRootAlone) {
     if (geteuid() != 0) {
-        GTEST_SKIP() << "only root may give files away";
+        GTEST_SKIP() << "only root may change the owner of files";
     }
     const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
     fs::create_directories(folder / "libexec");
@@ -129,9 +129,9 @@ TEST(GrantPromptTest, AFileBelowAFolderOfAnotherUserIsNotRoots) {
     fs::remove_all(folder);
 }
 
-TEST(GrantPromptTest, AnInstallationOfRootsHasItsOwnProgramRun) {
+TEST(GrantPromptTest, InstallationOfRootRunsItsOwnProgram) {
     if (geteuid() != 0) {
-        GTEST_SKIP() << "only root may install for all";
+        GTEST_SKIP() << "only root may install for all users";
     }
     const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
     fs::create_directories(folder / "libexec/glidemap");
@@ -142,7 +142,7 @@ TEST(GrantPromptTest, AnInstallationOfRootsHasItsOwnProgramRun) {
     fs::remove_all(folder);
 }
 
-TEST(GrantPromptTest, TheCommandRunsWithItsArguments) {
+TEST(GrantPromptTest, CommandRunsWithItsArguments) {
     Answer answer;
     End end;
     ASSERT_TRUE(startGrantPrompt({"/bin/sh", "-c", answer.to("echo \"$0 $1\""), "one", "two 2"},
@@ -151,12 +151,12 @@ TEST(GrantPromptTest, TheCommandRunsWithItsArguments) {
     EXPECT_TRUE(end.comes());
 }
 
-TEST(GrantPromptTest, ItDoesNotWaitForTheUser) {
+TEST(GrantPromptTest, StartDoesNotWaitForTheUser) {
     std::array<int, 2> user{};
     ASSERT_EQ(pipe(user.data()), 0);
     fcntl(user[1], F_SETFD, FD_CLOEXEC);
     End end;
-    // The script ends when the "user" has answered, which happens after the call has returned.
+    // The script exits on the "user's" input, which arrives after the call has returned.
     ASSERT_TRUE(startGrantPrompt(shell("read answer </proc/self/fd/" + std::to_string(user[0])),
                                  end.tell()));
     EXPECT_FALSE(end.hasCome());
@@ -166,11 +166,11 @@ TEST(GrantPromptTest, ItDoesNotWaitForTheUser) {
     close(user[1]);
 }
 
-TEST(GrantPromptTest, WhateverTheAnswerItIsToldOnceAndNothingIsLeftBehind) {
+TEST(GrantPromptTest, EveryExitCodeIsReportedOnceAndNoProcessIsLeft) {
     const std::pair<const char*, int> answers[] = {
         {"exit 0", 0}, {"exit 126", 126}, {"exit 127", notAsked}, {"kill -9 $$", notAsked}};
     for (const auto& [script, exitCode] : answers) {
-        End end; // told twice, it would throw
+        End end; // a second report would throw
         ASSERT_TRUE(startGrantPrompt(shell(script), end.tell()));
         ASSERT_TRUE(end.comes()) << script;
         EXPECT_EQ(end.exitCode(), exitCode) << script;
@@ -179,7 +179,7 @@ TEST(GrantPromptTest, WhateverTheAnswerItIsToldOnceAndNothingIsLeftBehind) {
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST(GrantPromptTest, WhatIsNotThereIsNotStarted) {
+TEST(GrantPromptTest, MissingProgramIsNotStarted) {
     bool isFinished = false;
     EXPECT_FALSE(
         startGrantPrompt({"/no/such/pkexec"}, [&](int /*exitCode*/) { isFinished = true; }));
@@ -187,9 +187,9 @@ TEST(GrantPromptTest, WhatIsNotThereIsNotStarted) {
     EXPECT_FALSE(isFinished);
 }
 
-// A program that waits for SIGTERM in its own way blocks it; pkexec must be ended by it all the
-// same.
-TEST(GrantPromptTest, SignalsAreAsInAFreshProgram) {
+// A program that handles SIGTERM with a descriptor blocks it; the signal must still terminate
+// pkexec.
+TEST(GrantPromptTest, ChildHasNoBlockedSignals) {
     sigset_t blocked;
     sigset_t before;
     sigemptyset(&blocked);

@@ -35,18 +35,18 @@ struct Row {
 };
 
 const Row rows[] = {
-    {"nothing may be done", {{"one"}, {}, false}, false},
-    {"a touchpad may be read", {{"one"}, {"one"}, false}, false},
-    {"devices may be made", {{"one"}, {}, true}, false},
+    {"no access", {{"one"}, {}, false}, false},
+    {"only the touchpad is readable", {{"one"}, {"one"}, false}, false},
+    {"only devices can be created", {{"one"}, {}, true}, false},
     {"both", {{"one"}, {"one"}, true}, true},
-    {"one of two touchpads may be read", {{"one", "two"}, {"one"}, true}, false},
-    {"the other of them", {{"one", "two"}, {"two"}, true}, false},
-    {"both of them", {{"one", "two"}, {"one", "two"}, true}, true},
-    {"there is no touchpad", {{}, {}, true}, true},
-    {"there is no touchpad, and no devices may be made", {{}, {}, false}, false},
+    {"the first of two touchpads is readable", {{"one", "two"}, {"one"}, true}, false},
+    {"the second of two touchpads is readable", {{"one", "two"}, {"two"}, true}, false},
+    {"both touchpads are readable", {{"one", "two"}, {"one", "two"}, true}, true},
+    {"no touchpad", {{}, {}, true}, true},
+    {"no touchpad, and devices cannot be created", {{}, {}, false}, false},
 };
 
-TEST(InputTrustTest, TrustIsEveryTouchpadAndVirtualDevices) {
+TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {
     for (const Row& row : rows) {
         InputTrust trust(std::make_unique<ScriptedNodes>(row.machine), {});
         EXPECT_EQ(trust.isTrusted(), row.isTrusted) << row.name;
@@ -54,7 +54,7 @@ TEST(InputTrustTest, TrustIsEveryTouchpadAndVirtualDevices) {
     }
 }
 
-TEST(InputTrustTest, TheUserIsAskedOnceAndOnlyWithPrompt) {
+TEST(InputTrustTest, PromptIsShownOnceAndOnlyOnRequest) {
     Machine machine{{"one"}, {}, true};
     int asked = 0;
     InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
@@ -65,18 +65,18 @@ TEST(InputTrustTest, TheUserIsAskedOnceAndOnlyWithPrompt) {
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, WhoIsTrustedIsNotAsked) {
+TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
     Machine machine{{"one"}, {"one"}, true};
     int asked = 0;
     InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
     EXPECT_TRUE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 0);
-    machine.readable.clear(); // another session has come to the front
+    machine.readable.clear(); // another session is in front
     EXPECT_FALSE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, AccessThatComesLaterShows) {
+TEST(InputTrustTest, AccessGrantedLaterIsDetected) {
     Machine machine{{"one"}, {}, true};
     InputTrust trust(std::make_unique<ScriptedNodes>(machine), {});
     EXPECT_FALSE(trust.isTrusted());

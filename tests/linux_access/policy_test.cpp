@@ -1,4 +1,4 @@
-// What polkit is told, as polkit reads it: an XML file of a few elements.
+// Checks the polkit policy, an XML file of a few elements, as polkit reads it.
 #include <glib.h>
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-// Texts by path of elements; an element's distinguishing attribute is part of its name.
+// Maps paths of elements to their texts; a path includes each element's distinguishing attribute.
 struct Contents {
     std::string path;
     std::map<std::string, std::string> texts;
@@ -53,7 +53,7 @@ std::map<std::string, std::string> policy() {
 
 const std::string action = "/policyconfig/action[org.glidemap.grant-access]";
 
-TEST(PolicyTest, TheActionIsTheInstalledProgram) {
+TEST(PolicyTest, ActionRunsTheInstalledProgram) {
     EXPECT_EQ(policy()[action + "/annotate[org.freedesktop.policykit.exec.path]"],
               INSTALLED_PROGRAM);
 }
@@ -65,7 +65,7 @@ TEST(PolicyTest, OnlyAnAdministratorMayGrantAccess) {
     EXPECT_EQ(texts[action + "/defaults/allow_active"], "auth_admin");
 }
 
-TEST(PolicyTest, TheQuestionIsAskedInBothLanguages) {
+TEST(PolicyTest, PromptTextExistsInBothLanguages) {
     auto texts = policy();
     EXPECT_NE(texts[action + "/message"].find("permission"), std::string::npos);
     EXPECT_NE(texts[action + "/message[zh_CN]"].find("许可"), std::string::npos);

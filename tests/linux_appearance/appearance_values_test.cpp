@@ -17,7 +17,7 @@ constexpr auto light = ColorScheme::light;
 struct Setting {
     const char* group;
     const char* key;
-    const char* value; // as GLib writes it
+    const char* value; // in GLib's text format
 };
 
 std::ostream& operator<<(std::ostream& out, const Setting& setting) {
@@ -38,12 +38,12 @@ Appearance after(const std::vector<Setting>& settings) {
     return values.appearance();
 }
 
-TEST(AppearanceValuesTest, NothingIsKnownAtFirst) {
+TEST(AppearanceValuesTest, NothingIsKnownInitially) {
     EXPECT_EQ(after({}).colorScheme, std::nullopt);
     EXPECT_FALSE(after({}).reducesMotion);
 }
 
-TEST(AppearanceValuesTest, TheColorSchemeIsDarkOrLightOrNoPreference) {
+TEST(AppearanceValuesTest, ColorSchemeIsDarkOrLightOrNoPreference) {
     struct Row {
         const char* value;
         std::optional<ColorScheme> scheme;
@@ -57,14 +57,14 @@ TEST(AppearanceValuesTest, TheColorSchemeIsDarkOrLightOrNoPreference) {
     for (const Row& row : rows) {
         const Setting setting{common, "color-scheme", row.value};
         EXPECT_EQ(after({setting}).colorScheme, row.scheme) << setting;
-        // Also where another was known.
+        // The value also replaces an earlier one.
         EXPECT_EQ(after({{common, "color-scheme", "uint32 1"}, setting}).colorScheme, row.scheme)
             << setting;
         EXPECT_FALSE(after({setting}).reducesMotion) << setting;
     }
 }
 
-TEST(AppearanceValuesTest, MotionIsReducedByAnyOfTheDesktopsSettings) {
+TEST(AppearanceValuesTest, AnyDesktopSettingReducesMotion) {
     struct Row {
         Setting setting;
         bool reduces;
@@ -97,7 +97,7 @@ TEST(AppearanceValuesTest, MotionIsReducedByAnyOfTheDesktopsSettings) {
     }
 }
 
-TEST(AppearanceValuesTest, OneThatDoesNotReduceMotionDoesNotOutweighAnother) {
+TEST(AppearanceValuesTest, SettingWithFullMotionDoesNotOverrideAnother) {
     EXPECT_TRUE(after({{gnome, "enable-animations", "false"},
                        {common, "reduced-motion", "uint32 0"},
                        {kde, "AnimationDurationFactor", "'1'"}})
@@ -107,7 +107,7 @@ TEST(AppearanceValuesTest, OneThatDoesNotReduceMotionDoesNotOutweighAnother) {
             .reducesMotion);
 }
 
-TEST(AppearanceValuesTest, AKeyCountsInItsOwnGroupOnly) {
+TEST(AppearanceValuesTest, KeyCountsOnlyInItsOwnGroup) {
     for (const Setting& setting : {
              Setting{gnome, "color-scheme", "uint32 1"},
              Setting{common, "color-schemes", "uint32 1"},

@@ -13,7 +13,7 @@ namespace {
 using desktops::ScopedEnvironment;
 using desktops::XServer;
 
-// As a compositing manager does, and nothing else of it.
+// Owns the selection of a compositing manager, without compositing.
 void composeScreen(xcb_connection_t* server) {
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(server)).data;
     const xcb_window_t window = xcb_generate_id(server);
@@ -24,20 +24,21 @@ void composeScreen(xcb_connection_t* server) {
     ASSERT_NE(atom, nullptr);
     xcb_set_selection_owner(server, window, atom->atom, XCB_CURRENT_TIME);
     std::free(atom);
-    std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr)); // has it
+    // The round trip waits until the server has processed the request.
+    std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
 }
 
-TEST(CompositingTest, waylandBlendsWhateverElseRuns) {
+TEST(CompositingTest, WaylandAlwaysBlends) {
     const ScopedEnvironment both({{"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":987"}});
     EXPECT_TRUE(desktopComposites());
 }
 
-TEST(CompositingTest, withoutADisplayNothingIsInTheWay) {
+TEST(CompositingTest, MissingDisplayCountsAsBlending) {
     const ScopedEnvironment none({{"WAYLAND_DISPLAY", ""}, {"DISPLAY", ""}});
     EXPECT_TRUE(desktopComposites());
 }
 
-TEST(CompositingTest, anXServerBlendsFromTheMomentThatAProgramComposesIt) {
+TEST(CompositingTest, XServerBlendsOnceACompositingManagerRuns) {
     if (const std::string reason = XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }
@@ -64,14 +65,14 @@ protected:
                              }};
 };
 
-TEST_F(RecentCompositingTest, severalMenusAtOnceAskOnce) {
+TEST_F(RecentCompositingTest, SeveralMenusInARowQueryOnce) {
     for (int menu = 0; menu < 4; ++menu) {
         EXPECT_FALSE(recent.composites());
     }
     EXPECT_EQ(asked, 1);
 }
 
-TEST_F(RecentCompositingTest, aProgramThatComposesFromNowOnIsNoticedOnceTheAnswerIsOld) {
+TEST_F(RecentCompositingTest, NewCompositingManagerIsDetectedWhenTheCacheExpires) {
     EXPECT_FALSE(recent.composites());
     isComposed = true;
     now += RecentCompositing::recently - std::chrono::nanoseconds(1);

@@ -30,7 +30,7 @@ constexpr const char* common = "org.freedesktop.appearance";
 constexpr const char* asked = "Desktop.ReadAll(['org.freedesktop.appearance', "
                               "'org.gnome.desktop.interface', 'org.kde.kdeglobals.KDE'],)";
 
-// With an answer to ReadAll, as GLib writes it.
+// `answer` is the reply to ReadAll, in GLib's text format.
 ServiceDescription portalAnswering(const char* answer, const std::string& type = "a{sa{sv}}") {
     ServiceDescription portal{
         "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
@@ -53,7 +53,7 @@ constexpr const char* lightAndStill =
     "({'org.gnome.desktop.interface': {'clock-format': <'24h'>, 'enable-animations': <false>},"
     "  'org.freedesktop.appearance': {'color-scheme': <uint32 2>}},)";
 
-// A main thread that the test is.
+// The test itself runs the main thread's tasks.
 class TestsMainQueue : public MainQueue {
 public:
     void submit(Task task) override {
@@ -62,7 +62,7 @@ public:
         more.notify_all();
     }
 
-    // Nothing waits this long unless it has failed.
+    // Times out only on failure.
     bool waitForOne() {
         std::unique_lock lock(mutex);
         return more.wait_for(lock, test::patience, [this] { return !tasks.empty(); });
@@ -105,7 +105,7 @@ protected:
                         g_variant_new("(ssv)", group, key, g_variant_new_parsed(value)));
     }
 
-    // What the main thread sees after the next news.
+    // The appearance on the main thread after the next update.
     std::string next(const PortalAppearance& appearance) {
         EXPECT_TRUE(queue.waitForOne());
         EXPECT_EQ(queue.run(), 1U);
@@ -120,7 +120,7 @@ protected:
     TestsMainQueue queue;
 };
 
-TEST_F(PortalAppearanceTest, ThePortalThatRunsIsAskedOnce) {
+TEST_F(PortalAppearanceTest, RunningPortalIsQueriedOnce) {
     onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(described(*appearance.settings()), "unknown");
@@ -128,13 +128,13 @@ TEST_F(PortalAppearanceTest, ThePortalThatRunsIsAskedOnce) {
     EXPECT_EQ(journal.lines(), Lines{asked});
 }
 
-TEST_F(PortalAppearanceTest, EverythingComesAtOnce) {
+TEST_F(PortalAppearanceTest, AllSettingsArriveInOneUpdate) {
     onBus(portalAnswering(lightAndStill));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "light, still");
 }
 
-TEST_F(PortalAppearanceTest, ObserversHearBeforeAndAfter) {
+TEST_F(PortalAppearanceTest, ObserversAreNotifiedBeforeAndAfterAChange) {
     onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     const auto settings = appearance.settings();
@@ -148,7 +148,7 @@ TEST_F(PortalAppearanceTest, ObserversHearBeforeAndAfter) {
     EXPECT_EQ(heard, (Lines{"will: unknown", "did: dark"}));
 }
 
-TEST_F(PortalAppearanceTest, AChangeIsFollowed) {
+TEST_F(PortalAppearanceTest, ChangeIsFollowed) {
     BusDouble& portal = onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -161,7 +161,7 @@ TEST_F(PortalAppearanceTest, AChangeIsFollowed) {
     EXPECT_EQ(journal.lines(), Lines{asked});
 }
 
-TEST_F(PortalAppearanceTest, TheMainThreadHearsNothingOfWhatIsNoneOfOursOrNotNew) {
+TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread) {
     BusDouble& portal = onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -172,10 +172,10 @@ TEST_F(PortalAppearanceTest, TheMainThreadHearsNothingOfWhatIsNoneOfOursOrNotNew
     portal.announce(settingsInterface, "Other",
                     g_variant_new("(ssv)", common, "color-scheme", g_variant_new_uint32(0)));
     change(portal, common, "color-scheme", "uint32 2");
-    EXPECT_EQ(next(appearance), "light"); // the one piece of news
+    EXPECT_EQ(next(appearance), "light"); // the only update
 }
 
-TEST_F(PortalAppearanceTest, AnotherProgramsWordIsNotThePortals) {
+TEST_F(PortalAppearanceTest, SignalsOfOtherProgramsAreIgnored) {
     onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -187,18 +187,18 @@ TEST_F(PortalAppearanceTest, AnotherProgramsWordIsNotThePortals) {
     EXPECT_EQ(next(appearance), "dark, still");
 }
 
-TEST_F(PortalAppearanceTest, NoPortalIsStartedButOneThatComesIsAsked) {
+TEST_F(PortalAppearanceTest, MissingPortalIsNotStartedButQueriedWhenItAppears) {
     const test::TemporaryFolder folder;
     const auto started = folder.path() / "started";
     bus.makeStartable("org.freedesktop.portal.Desktop", "/usr/bin/touch " + started.string());
     const PortalAppearance appearance(desktop, queue);
-    desktop.call([] {}); // it has begun
+    desktop.call([] {}); // waits until it has started
     onBus(portalAnswering(dark));
     EXPECT_EQ(next(appearance), "dark");
     EXPECT_FALSE(std::filesystem::exists(started));
 }
 
-TEST_F(PortalAppearanceTest, WhatIsKnownStaysWhenThePortalGoesUntilTheNextOneSaysOtherwise) {
+TEST_F(PortalAppearanceTest, KnownSettingsStayUntilTheNextPortalReportsOthers) {
     onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -213,15 +213,15 @@ TEST_F(PortalAppearanceTest, WhatIsKnownStaysWhenThePortalGoesUntilTheNextOneSay
     EXPECT_EQ(next(appearance), "unknown");
 }
 
-TEST_F(PortalAppearanceTest, APortalThatCannotReadIsStillHeard) {
+TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
     struct Row {
         const char* what;
         const char* answer;
         const char* type;
     };
     const Row rows[] = {
-        {"an answer of another kind", "('dark',)", "s"},
-        {"values that are no variants", "({'org.freedesktop.appearance': {'color-scheme': 1}},)",
+        {"a reply of another type", "('dark',)", "s"},
+        {"values that are not variants", "({'org.freedesktop.appearance': {'color-scheme': 1}},)",
          "a{sa{si}}"},
         {"an error", nullptr, "s"},
     };
@@ -242,7 +242,7 @@ TEST_F(PortalAppearanceTest, APortalThatCannotReadIsStillHeard) {
     }
 }
 
-TEST_F(PortalAppearanceTest, OneThatGoesWaitsForNoPortalAndTellsNothing) {
+TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) {
     onBus(portalAnswering(dark)).keepSilent("ReadAll");
     {
         const PortalAppearance appearance(desktop, queue);
@@ -252,7 +252,7 @@ TEST_F(PortalAppearanceTest, OneThatGoesWaitsForNoPortalAndTellsNothing) {
     EXPECT_EQ(queue.run(), 0U);
 }
 
-TEST_F(PortalAppearanceTest, WhatItHandedOutOutlivesItAsItWas) {
+TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
     onBus(portalAnswering(dark));
     std::shared_ptr<AppearanceSettings> settings;
     {
@@ -264,7 +264,7 @@ TEST_F(PortalAppearanceTest, WhatItHandedOutOutlivesItAsItWas) {
     EXPECT_EQ(described(*settings), "dark");
 }
 
-TEST_F(PortalAppearanceTest, NewsThatWaitsForNobodyIsLost) {
+TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
     onBus(portalAnswering(dark));
     {
         const PortalAppearance appearance(desktop, queue);
@@ -273,7 +273,7 @@ TEST_F(PortalAppearanceTest, NewsThatWaitsForNobodyIsLost) {
     EXPECT_EQ(queue.run(), 1U);
 }
 
-TEST_F(PortalAppearanceTest, ABusThatEndsLeavesWhatIsKnown) {
+TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
     onBus(portalAnswering(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -281,14 +281,14 @@ TEST_F(PortalAppearanceTest, ABusThatEndsLeavesWhatIsKnown) {
     EXPECT_EQ(described(*appearance.settings()), "dark");
 }
 
-// The ends of these are what shows that nobody waits.
-TEST_F(PortalAppearanceTest, WithoutABusNothingIsKnown) {
+// The destructors show that no thread waits.
+TEST_F(PortalAppearanceTest, NothingIsKnownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :
          {std::string("unix:path=/nowhere/at/all"), std::string("no address"), silent.address()}) {
         const InEnvironment none("DBUS_SESSION_BUS_ADDRESS", unusable.c_str());
         const PortalAppearance appearance(desktop, queue);
-        desktop.call([] {}); // it has begun
+        desktop.call([] {}); // waits until it has started
         EXPECT_EQ(described(*appearance.settings()), "unknown");
     }
     EXPECT_EQ(queue.run(), 0U);

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Whole at once, as a package manager does it.
+// Replaces the file atomically, as a package manager does.
 fs::path write(const fs::path& path, const std::string& content) {
     const fs::path beside = path.string() + ".new";
     std::ofstream stream(beside, std::ios::binary);

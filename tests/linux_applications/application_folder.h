@@ -1,11 +1,11 @@
-// Folders of desktop entries, the only ones that GIO sees while a test runs.
+// Provides folders of desktop entries, the only ones that GIO sees while a test runs.
 //
-// GIO keeps the folders that it found first for the life of the process, so all tests of a program
-// share them, and each begins with empty ones.
+// GIO remembers the folders for the life of the process. So all tests of a program share them, and
+// each test empties them first.
 //
 // Thread:  the test's.
 // Owner:   the test program.
-// Errors:  a file that cannot be written is a failure of the test.
+// Errors:  a file that cannot be written fails the test.
 #pragma once
 
 #include "kit/temporary_folder.h"
@@ -17,7 +17,7 @@ namespace glidemap {
 
 class ApplicationFolder {
 public:
-    // The program's one and only; made before its first use of GIO.
+    // The only instance; create it before the first use of GIO.
     static ApplicationFolder& instance();
 
     ApplicationFolder(const ApplicationFolder&) = delete;
@@ -25,13 +25,13 @@ public:
 
     void clear() const;
 
-    // In the user's own folder, or in the system's, which the user's hides.
+    // Installs into the user's folder, or into the system's, which the user's folder overrides.
     std::filesystem::path install(const std::string& identifier, const std::string& keys) const;
     std::filesystem::path installForAll(const std::string& identifier,
                                         const std::string& keys) const;
     void remove(const std::string& identifier) const;
 
-    // A shell script to be launched.
+    // Creates an executable shell script.
     std::filesystem::path script(const std::string& name, const std::string& content) const;
 
     const std::filesystem::path& path() const { return root; }

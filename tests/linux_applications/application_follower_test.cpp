@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Processes of which nothing is known, counted.
+// Reports no properties of any process, and counts the queries.
 class NoProcesses : public ProcessReader {
 public:
     ProcessFacts read(pid_t /*process*/) const override {
@@ -58,7 +58,7 @@ protected:
 
     Application frontmost() const { return *published.frontmost.load(); }
 
-    // Waits until it is so: entries are read when GIO has noticed them.
+    // Waits for it, because GIO notices new entries with a delay.
     void expectFrontmost(const Application& expected) const {
         const auto deadline = std::chrono::steady_clock::now() + test::patience;
         while (!(frontmost() == expected) && std::chrono::steady_clock::now() < deadline)
@@ -79,21 +79,21 @@ const Application editor = {"editor", "The Editor"};
 const Application tool = {"my-tool", "My Tool"};
 const Application nothing;
 
-TEST_F(ApplicationFollowerTest, NothingIsFrontmostBeforeADesktopSaysSo) {
+TEST_F(ApplicationFollowerTest, NoApplicationIsFrontmostBeforeTheFirstReport) {
     EXPECT_EQ(frontmost(), nothing);
     EXPECT_THAT(running(), IsEmpty());
 }
 
-TEST_F(ApplicationFollowerTest, TheActiveWindowsApplicationIsFrontmost) {
+TEST_F(ApplicationFollowerTest, ApplicationOfTheActiveWindowIsFrontmost) {
     activate(window("my-tool"));
     EXPECT_EQ(frontmost(), tool);
     activate(window("editor"));
     expectFrontmost(editor);
     activate(WindowIdentity{});
-    EXPECT_EQ(frontmost(), nothing) << "a window of which nothing is known";
+    EXPECT_EQ(frontmost(), nothing) << "a window without properties";
 }
 
-TEST_F(ApplicationFollowerTest, AMomentWithoutAnActiveWindowIsNotSeen) {
+TEST_F(ApplicationFollowerTest, ShortTimeWithoutAnActiveWindowKeepsTheApplication) {
     activate(window("my-tool"));
     activate(std::nullopt);
     EXPECT_EQ(frontmost(), tool);
@@ -101,14 +101,14 @@ TEST_F(ApplicationFollowerTest, AMomentWithoutAnActiveWindowIsNotSeen) {
     EXPECT_EQ(frontmost(), (Application{"other", "Other"}));
 }
 
-TEST_F(ApplicationFollowerTest, NoneThatLastsIsBelieved) {
+TEST_F(ApplicationFollowerTest, LongTimeWithoutAnActiveWindowEndsTheApplication) {
     thread.call([this] { make(1ms); });
     activate(window("my-tool"));
     activate(std::nullopt);
     expectFrontmost(nothing);
 }
 
-TEST_F(ApplicationFollowerTest, APatienceThatWasCutShortDoesNotEndLater) {
+TEST_F(ApplicationFollowerTest, InterruptedPatienceDoesNotExpireLater) {
     thread.call([this] { make(1ms); });
     activate(window("my-tool"));
     thread.call([this] {
@@ -123,7 +123,7 @@ TEST_F(ApplicationFollowerTest, APatienceThatWasCutShortDoesNotEndLater) {
     EXPECT_EQ(frontmost(), tool);
 }
 
-TEST_F(ApplicationFollowerTest, ARunningApplicationIsToldOnceInTheOrderOfItsWindows) {
+TEST_F(ApplicationFollowerTest, RunningApplicationsAreListedOnceInTheOrderOfTheirWindows) {
     open({window("my-tool", 1), window("zebra", 2), window("my-tool", 3), WindowIdentity{},
           window("ant", 4)});
     EXPECT_THAT(running(),
@@ -134,7 +134,7 @@ TEST_F(ApplicationFollowerTest, ARunningApplicationIsToldOnceInTheOrderOfItsWind
     EXPECT_THAT(running(), IsEmpty());
 }
 
-TEST_F(ApplicationFollowerTest, EntriesThatComeAndGoRenameWhatIsOpen) {
+TEST_F(ApplicationFollowerTest, NewAndRemovedEntriesRenameOpenApplications) {
     activate(window("late"));
     open({window("late")});
     EXPECT_EQ(frontmost(), (Application{"late", "Late"}));
@@ -147,7 +147,7 @@ TEST_F(ApplicationFollowerTest, EntriesThatComeAndGoRenameWhatIsOpen) {
     expectFrontmost({"late", "Late"});
 }
 
-TEST_F(ApplicationFollowerTest, AWindowThatChangesOnlyItsTitleIsNotLookedUpAgain) {
+TEST_F(ApplicationFollowerTest, TitleChangeDoesNotRepeatTheMatch) {
     open({window("my-tool")});
     const int before = processes.reads;
     for (int count = 0; count < 100; ++count) {
@@ -159,19 +159,19 @@ TEST_F(ApplicationFollowerTest, AWindowThatChangesOnlyItsTitleIsNotLookedUpAgain
     EXPECT_EQ(processes.reads, before);
 }
 
-TEST_F(ApplicationFollowerTest, AWindowThatRenamesItselfForEverRunsOutOfNames) {
+TEST_F(ApplicationFollowerTest, WindowWithEndlessIdentitiesExhaustsTheTable) {
     thread.call([this] {
         for (int count = 0; count < 20'000; ++count)
             follower->activeWindowChanged(window("name" + std::to_string(count)));
     });
     EXPECT_EQ(frontmost(), nothing);
     activate(window("name7"));
-    EXPECT_EQ(frontmost(), (Application{"name7", "Name7"})) << "those known before stay";
+    EXPECT_EQ(frontmost(), (Application{"name7", "Name7"})) << "earlier applications stay";
     activate(window("editor"));
     expectFrontmost(editor);
 }
 
-TEST_F(ApplicationFollowerTest, OtherThreadsReadWholeApplicationsWhileTheyChange) {
+TEST_F(ApplicationFollowerTest, OtherThreadsReadCompleteApplicationsDuringChanges) {
     std::atomic<bool> over = false;
     std::atomic<int> torn = 0;
     std::thread reader([&] {
@@ -190,12 +190,12 @@ TEST_F(ApplicationFollowerTest, OtherThreadsReadWholeApplicationsWhileTheyChange
     EXPECT_EQ(torn, 0);
 }
 
-TEST_F(ApplicationFollowerTest, ThisProgramIsNoneToChooseWhateverTheDesktopSaysAboutIt) {
+TEST_F(ApplicationFollowerTest, OwnWindowIsNoApplicationToChoose) {
     open({window("editor"), window("Glidemap", getpid()), window("org.glidemap.Glidemap")});
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
     folder.install("org.glidemap.Glidemap", "Name=Glidemap\nExec=sh\n");
     activate(window("org.glidemap.Glidemap", 3));
-    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // its own bindings go on as they are
+    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // its own bindings keep working
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
 }
 

@@ -31,7 +31,7 @@ protected:
         folder.clear();
     }
 
-    // A script that writes what the shell's echo makes of the words.
+    // A script that writes the shell's expansion of the words.
     std::string reporting(const std::string& name, const std::string& words) {
         return folder.script(name, "echo " + words + " >" + pipe.string() + "\n");
     }
@@ -44,7 +44,7 @@ protected:
         launch("file://" + folder.install(identifier, "Name=Some\n" + keys).string());
     }
 
-    // GIO takes a moment to notice what has just been installed.
+    // GIO notices new entries with a delay.
     static void waitForHandler(const char* scheme, const std::string& identifier) {
         const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
         std::string handler;
@@ -58,7 +58,7 @@ protected:
         EXPECT_EQ(handler, identifier);
     }
 
-    // Whatever else was launched would have reported before this.
+    // Any other launch would have reported before this one.
     void expectNothingElse() {
         installAndLaunch("last", "Exec=" + reporting("last", "the last") + "\n");
         EXPECT_EQ(reports.nextLine(), "the last");
@@ -77,7 +77,7 @@ TEST_F(ApplicationLauncherTest, StartsTheProgramOfTheEntry) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, TheEntrysNameIsTheProcesssOwn) {
+TEST_F(ApplicationLauncherTest, EntryFileIsInTheEnvironmentOfTheProcess) {
     const auto script = reporting(
         "tool", "\"$GIO_LAUNCHED_DESKTOP_FILE $((GIO_LAUNCHED_DESKTOP_FILE_PID == $$))\"");
     installAndLaunch("tool", "Exec=" + script + "\n");
@@ -85,8 +85,8 @@ TEST_F(ApplicationLauncherTest, TheEntrysNameIsTheProcesssOwn) {
               (folder.path() / "user/applications/tool.desktop").string() + " 1");
 }
 
-TEST_F(ApplicationLauncherTest, IsNotOurChildAndHasASessionOfItsOwn) {
-    // Behind the name: state, parent, process group, session.
+TEST_F(ApplicationLauncherTest, ProcessIsNotOurChildAndHasItsOwnSession) {
+    // The fields after the name: state, parent, process group, session.
     installAndLaunch("tool", "Exec=" +
                                  reporting("tool", "\"$$ $(sed 's/.*) //' /proc/$$/stat | "
                                                    "cut -d' ' -f2-4)\"") +
@@ -103,9 +103,9 @@ TEST_F(ApplicationLauncherTest, IsNotOurChildAndHasASessionOfItsOwn) {
     EXPECT_NE(session, getsid(0));
 }
 
-TEST_F(ApplicationLauncherTest, HasNoneOfOurDescriptorsAndNoBlockedSignals) {
+TEST_F(ApplicationLauncherTest, ProcessInheritsNoDescriptorAndNoBlockedSignal) {
     const int null = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    const int ours = fcntl(null, F_DUPFD, 200); // without close-on-exec, and none that a shell uses
+    const int ours = fcntl(null, F_DUPFD, 200); // without close-on-exec, above the shell's
     ASSERT_GE(ours, 200);
     sigset_t blocked;
     sigset_t before;
@@ -129,7 +129,7 @@ TEST_F(ApplicationLauncherTest, HasNoneOfOurDescriptorsAndNoBlockedSignals) {
     close(null);
 }
 
-TEST_F(ApplicationLauncherTest, WhatCannotBeLaunchedIsNot) {
+TEST_F(ApplicationLauncherTest, InvalidEntryIsNotLaunched) {
     launch("");
     launch("nonsense");
     launch("https://example.org/");
@@ -242,7 +242,7 @@ TEST_F(ApplicationLauncherTest, OneThatDBusCannotReachIsStartedAllTheSame) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, OneThatIsSlowToAnswerIsNotStartedTwice) {
+TEST_F(ApplicationLauncherTest, SlowApplicationIsNotStartedTwice) {
     ServiceDouble slow("org.example.Slow", "org.freedesktop.DBus.Error.NoReply");
     installAndLaunch("org.example.Slow",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
@@ -250,7 +250,7 @@ TEST_F(ApplicationLauncherTest, OneThatIsSlowToAnswerIsNotStartedTwice) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, AURLIsOpenedByTheUsersHandler) {
+TEST_F(ApplicationLauncherTest, URLOpensWithTheUsersHandler) {
     std::ofstream(folder.path() / "config/mimeapps.list")
         << "[Default Applications]\nx-scheme-handler/https=browser.desktop\n";
     folder.install("browser", "Name=Browser\nMimeType=x-scheme-handler/https;\nExec=" +
@@ -288,7 +288,7 @@ TEST_F(ApplicationLauncherTest, GetsAUnitOfItsOwnFromSystemd) {
     const std::string process = reports.nextLine();
     std::string call = systemd.nextCall();
     while (call.find("'app-glidemap-last-") != std::string::npos)
-        call = systemd.nextCall(); // what an earlier test launched may still be on its way
+        call = systemd.nextCall(); // an earlier test's call may still arrive
     EXPECT_EQ(call,
               "/org/freedesktop/systemd1, org.freedesktop.systemd1.Manager.StartTransientUnit, "
               "('app-glidemap-my\\\\x2dtool-" +
@@ -297,7 +297,7 @@ TEST_F(ApplicationLauncherTest, GetsAUnitOfItsOwnFromSystemd) {
                   "@a(sa(sv)) [])");
 }
 
-TEST(ApplicationScope, IsNamedForTheApplication) {
+TEST(ApplicationScope, NameContainsTheApplication) {
     EXPECT_EQ(scopeName("org.example.App.desktop", 12), "app-glidemap-org.example.App-12.scope");
     EXPECT_EQ(scopeName("my-tool", 3), "app-glidemap-my\\x2dtool-3.scope");
     EXPECT_EQ(scopeName("a b/c", 3), "app-glidemap-a\\x20b\\x2fc-3.scope");

@@ -1,5 +1,5 @@
-// Windows as real programs make them, against the entries in entries/, which have the shapes of
-// widely used ones.
+// Windows as real programs create them, matched with the entries in entries/, which have the shapes
+// of widely used ones.
 #include "platform/linux/applications/application_matcher.h"
 
 #include <glib.h>
@@ -19,7 +19,7 @@ std::string valueOf(GKeyFile* file, const char* key) {
     return text;
 }
 
-// Not by GIO, for which an entry whose program is not installed does not exist.
+// Does not use GIO, which ignores entries whose program is not installed.
 DesktopEntry readEntry(const std::filesystem::path& path) {
     GKeyFile* const file = g_key_file_new();
     EXPECT_TRUE(g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) << path;
@@ -42,7 +42,7 @@ std::vector<DesktopEntry> readEntries() {
     return entries;
 }
 
-// The facts of one process, whose number is always the same.
+// The properties of one process, which always has the same id.
 class OneProcess : public ProcessReader {
 public:
     static constexpr pid_t number = 4242;
@@ -84,11 +84,11 @@ struct Row {
     const char* what;
     WindowIdentity window;
     ProcessFacts process;
-    const char* entry; // empty if there is none
+    const char* entry; // empty if no entry matches
 };
 
 const Row rows[] = {
-    // The app id is the entry's id.
+    // Matches by app id.
     {"GTK 4 under Wayland", appID("org.gnome.Nautilus"), {}, "org.gnome.Nautilus"},
     {"GTK 3 under X11", classed("org.gnome.gedit", "Org.gnome.gedit"), {}, "org.gnome.gedit"},
     {"KDE under Wayland", appID("org.kde.konsole"), {}, "org.kde.konsole"},
@@ -99,16 +99,22 @@ const Row rows[] = {
     {"an id with spaces", appID("Team Fortress 2"), {}, "Team Fortress 2"},
     {"an id with dashes, written with spaces", appID("Virt Manager"), {}, "virt-manager"},
 
-    // StartupWMClass.
+    // Matches by StartupWMClass.
     {"Firefox ESR", classed("Navigator", "firefox-esr"), {}, "firefox-esr"},
     {"Electron", classed("code", "Code"), {}, "code"},
     {"Electron with another id", classed("signal", "Signal"), {}, "signal-desktop"},
     {"Java", classed("sun-awt-X11-XFramePeer", "jetbrains-idea"), {}, "jetbrains-idea"},
     {"an AppImage", classed("obsidian", "obsidian"), {}, "appimagekit_5f1c-Obsidian"},
     {"a class in another case", classed("emacs", "EMACS"), {}, "emacs"},
-    {"one of an office", classed("libreoffice", "libreoffice-writer"), {}, "libreoffice-writer"},
+    {"an office application",
+     classed("libreoffice", "libreoffice-writer"),
+     {},
+     "libreoffice-writer"},
     {"another", classed("libreoffice", "libreoffice-calc"), {}, "libreoffice-calc"},
-    {"its start", classed("libreoffice", "libreoffice-startcenter"), {}, "libreoffice-startcenter"},
+    {"the office start center",
+     classed("libreoffice", "libreoffice-startcenter"),
+     {},
+     "libreoffice-startcenter"},
     {"Wine", classed("editor.exe", "editor.exe"), running("/usr/bin/wine64-preloader"),
      "wine-Programs-Editor"},
     {"a reverse-DNS id whose class is short",
@@ -116,7 +122,7 @@ const Row rows[] = {
      {},
      "org.inkscape.Inkscape"},
 
-    // A web application has its browser's class.
+    // A web application has the class of its browser.
     {"the browser", classed("google-chrome", "Google-chrome"), {}, "google-chrome"},
     {"a web application",
      classed("crx_agimnkijcaahngcd", "Google-chrome"),
@@ -126,30 +132,33 @@ const Row rows[] = {
      classed("crx_faolnafnngnfdaknn", "Google-chrome"),
      {},
      "chrome-faolnafnngnfdaknn-Default"},
-    {"one without an entry", classed("crx_other", "Google-chrome"), {}, "google-chrome"},
+    {"a web application without an entry",
+     classed("crx_other", "Google-chrome"),
+     {},
+     "google-chrome"},
 
-    // The instance, or the last component.
+    // Matches by instance, or by the last component of the id.
     {"a Qt program's instance", classed("mpv", "player"), {}, "mpv"},
     {"KDE under X11", classed("konsole", "konsole"), {}, "org.kde.konsole"},
     {"KDE's instance only", classed("dolphin", "Whatever"), {}, "org.kde.dolphin"},
     {"only the last component counts", appID("kde"), {}, ""},
 
-    // What holds for two proves nothing.
+    // Evidence that matches two entries is ignored.
     {"two entries of one class", appID("Shared Class"), {}, ""},
-    {"told apart by the program", classed("x", "Shared Class"), running("/opt/example/nightly"),
-     "io.example.Nightly"},
-    {"told apart by the unit", classed("x", "Shared Class"),
+    {"two entries of one class, different programs", classed("x", "Shared Class"),
+     running("/opt/example/nightly"), "io.example.Nightly"},
+    {"two entries of one class, different units", classed("x", "Shared Class"),
      inUnit("app-gnome-io.example.Stable-1.scope"), "io.example.Stable"},
-    {"a hidden one does not count beside a shown one", classed("x", "code"),
+    {"a hidden entry is ignored next to a visible one", classed("x", "code"),
      running("/usr/share/code/code"), "code"},
-    {"two of one program, one hidden", classed("x", "y"), running("/opt/z/google-chrome-stable"),
-     "google-chrome"},
-    {"three of one program", classed("x", "y"), running("/usr/bin/libreoffice"), ""},
+    {"two entries of one program, one hidden", classed("x", "y"),
+     running("/opt/z/google-chrome-stable"), "google-chrome"},
+    {"three entries of one program", classed("x", "y"), running("/usr/bin/libreoffice"), ""},
 
-    // Packages with a sandbox: only their own entries.
-    {"a flatpak beside others of its class", classed("Navigator", "firefox"),
+    // Sandboxed packages match only their own entries.
+    {"a flatpak next to other entries of its class", classed("Navigator", "firefox"),
      inUnit("app-flatpak-org.mozilla.firefox-77.scope"), "org.mozilla.firefox"},
-    {"a snap beside others of its class", classed("Navigator", "firefox"),
+    {"a snap next to other entries of its class", classed("Navigator", "firefox"),
      inUnit("snap.firefox.firefox-4b2a9c1e-1111-2222-3333-444455556666.scope"), "firefox_firefox"},
     {"neither", classed("Navigator", "firefox"), running("/usr/lib/firefox-esr/firefox-esr"),
      "org.mozilla.firefox"},
@@ -158,14 +167,14 @@ const Row rows[] = {
      "org.libreoffice.LibreOffice.writer"},
     {"a snap's own class", classed("spotify", "Spotify"),
      inUnit("snap.spotify.spotify-4b2a9c1e-1111-2222-3333-444455556666.scope"), "spotify_spotify"},
-    {"a flatpak whose window says nothing",
+    {"a flatpak whose window has no properties",
      {"", "", "", OneProcess::number},
      inUnit("app-flatpak-org.mozilla.firefox-77.scope"),
      "org.mozilla.firefox"},
-    {"a flatpak without an entry is nobody else", classed("code", "Code"),
+    {"a flatpak without an entry matches no other", classed("code", "Code"),
      inUnit("app-flatpak-org.example.Fork-77.scope"), ""},
 
-    // Steam's games.
+    // Matches Steam's games.
     {"a game", classed("steam_app_440", "steam_app_440"), inUnit("app-gnome-steam-9.scope"),
      "Team Fortress 2"},
     {"a game without an entry is not Steam", classed("steam_app_441", "steam_app_441"),
@@ -173,29 +182,30 @@ const Row rows[] = {
     {"Steam itself", classed("steamwebhelper", "steam"), {}, "steam"},
     {"Steam's program", classed("x", "y"), running("/usr/bin/steam"), "steam"},
 
-    // The unit.
+    // Matches by the unit.
     {"GNOME's", classed("x", "y"), inUnit("app-gnome-sublime_text-88.scope"), "sublime_text"},
     {"KDE's", classed("x", "y"), inUnit("app-org.kde.dolphin@5f1e.service"), "org.kde.dolphin"},
-    {"with an escaped dash", classed("x", "y"), inUnit("app-gnome-virt\\x2dmanager-1.scope"),
+    {"a unit with an escaped dash", classed("x", "y"), inUnit("app-gnome-virt\\x2dmanager-1.scope"),
      "virt-manager"},
-    {"with one that is not", classed("x", "y"), inUnit("app-gnome-virt-manager-1.scope"),
+    {"a unit with an unescaped dash", classed("x", "y"), inUnit("app-gnome-virt-manager-1.scope"),
      "virt-manager"},
-    {"started by D-Bus", classed("x", "y"), inUnit("dbus-:1.2-org.gnome.Nautilus@0.service"),
+    {"a unit started by D-Bus", classed("x", "y"), inUnit("dbus-:1.2-org.gnome.Nautilus@0.service"),
      "org.gnome.Nautilus"},
-    {"of a terminal, where the program was typed", classed("my-tool", "My-tool"),
+    {"the unit of a terminal in which the command runs", classed("my-tool", "My-tool"),
      typedInUnit("app-gnome-xterm-1.scope"), ""},
-    {"the same if it is the very process of the unit", classed("my-tool", "My-tool"),
+    {"the same command as the unit's own process", classed("my-tool", "My-tool"),
      typedInUnit("app-gnome-xterm-4242.scope"), "xterm"},
-    {"of a terminal's own window", classed("xterm", "XTerm"), inUnit("app-gnome-xterm-1.scope"),
-     "xterm"},
-    {"of no application", classed("x", "y"), inUnit("session-3.scope"), ""},
+    {"the unit of a terminal's own window", classed("xterm", "XTerm"),
+     inUnit("app-gnome-xterm-1.scope"), "xterm"},
+    {"a unit of no application", classed("x", "y"), inUnit("session-3.scope"), ""},
 
-    // The launch.
+    // Matches by the launch.
     {"launched from an entry", classed("x", "y"),
      launchedFrom("/usr/share/applications/jetbrains-idea.desktop"), "jetbrains-idea"},
-    {"from one that is not installed", classed("x", "y"), launchedFrom("/tmp/a.desktop"), ""},
+    {"launched from an entry that is not installed", classed("x", "y"),
+     launchedFrom("/tmp/a.desktop"), ""},
 
-    // The program.
+    // Matches by the program.
     {"its executable", classed("gimp-2.10", "Gimp-2.10"), running("/usr/bin/gimp-2.10"), "gimp"},
     {"a script", classed("toplevel", "Toplevel"),
      running("/usr/bin/python3.11", {"/usr/bin/python3", "/usr/bin/virt-manager", "-c"}),
@@ -205,10 +215,10 @@ const Row rows[] = {
      "freecol"},
     {"a path with spaces", classed("x", "y"), running("/opt/idea IC/bin/idea"), "jetbrains-idea"},
     {"a bare interpreter", classed("x", "y"), running("/usr/bin/python3", {"python3"}), ""},
-    {"a program of terminals has no window", classed("x", "y"), running("/usr/bin/vim"), ""},
-    {"nothing known", classed("my-tool", "My-tool"), running("/home/anna/bin/my-tool"), ""},
+    {"an entry for terminals has no window", classed("x", "y"), running("/usr/bin/vim"), ""},
+    {"no evidence", classed("my-tool", "My-tool"), running("/home/anna/bin/my-tool"), ""},
 
-    {"nothing told", {}, {}, ""},
+    {"no properties", {}, {}, ""},
 };
 
 TEST(ApplicationMatcher, FindsTheEntryOfAWindow) {
@@ -221,7 +231,7 @@ TEST(ApplicationMatcher, FindsTheEntryOfAWindow) {
     }
 }
 
-TEST(ApplicationMatcher, AWindowWithoutAnEntryCallsItselfSomething) {
+TEST(ApplicationMatcher, DescribesAWindowWithoutAnEntryByItsIdentifiers) {
     struct Own {
         const char* what;
         WindowIdentity window;
@@ -230,7 +240,7 @@ TEST(ApplicationMatcher, AWindowWithoutAnEntryCallsItselfSomething) {
     };
     const Own own[] = {
         {"its app id", appID("my-tool"), {}, {"my-tool", "My Tool"}},
-        {"a reverse-DNS one", appID("org.example.Viewer"), {}, {"org.example.Viewer", "Viewer"}},
+        {"a reverse-DNS app id", appID("org.example.Viewer"), {}, {"org.example.Viewer", "Viewer"}},
         {"its class rather than its instance",
          classed("instance", "my-class"),
          {},
@@ -245,7 +255,7 @@ TEST(ApplicationMatcher, AWindowWithoutAnEntryCallsItselfSomething) {
          running("/usr/bin/python3", {"python3", "/x/tool.py"}),
          {"tool.py", "Tool.py"}},
         {"its executable", classed("", ""), running("/opt/x/my-tool"), {"my-tool", "My Tool"}},
-        {"a process that has gone", classed("", ""), {}, {}},
+        {"a process that has exited", classed("", ""), {}, {}},
         {"nothing at all", {}, {}, {}},
         {"only spaces", appID("  "), {}, {}},
     };

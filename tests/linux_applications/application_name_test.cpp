@@ -7,7 +7,7 @@
 namespace glidemap {
 namespace {
 
-TEST(ApplicationName, AnIdentifierBecomesATitle) {
+TEST(ApplicationName, IdentifierBecomesATitle) {
     struct Row {
         const char* identifier;
         const char* name;
@@ -41,7 +41,7 @@ TEST(ApplicationName, OnlyAReverseDNSNameHasALastComponent) {
     EXPECT_EQ(lastComponent(""), "");
 }
 
-TEST(ApplicationName, WhatAWindowCallsItselfIsMadeFitToShow) {
+TEST(ApplicationName, IdentifierIsSanitized) {
     EXPECT_EQ(cleanIdentifier("my-tool"), "my-tool");
     EXPECT_EQ(cleanIdentifier("  padded "), "padded");
     EXPECT_EQ(cleanIdentifier("   "), "");
@@ -54,7 +54,7 @@ TEST(ApplicationName, WhatAWindowCallsItselfIsMadeFitToShow) {
     EXPECT_EQ(cleanIdentifier(std::string_view("a\0b", 3)), "ab");
 }
 
-TEST(ApplicationName, ALongOneIsCutBetweenCharacters) {
+TEST(ApplicationName, LongIdentifierIsCutBetweenCharacters) {
     EXPECT_EQ(cleanIdentifier(std::string(256, 'a')), std::string(256, 'a'));
     EXPECT_EQ(cleanIdentifier(std::string(1'000'000, 'a')), std::string(256, 'a'));
     EXPECT_EQ(cleanIdentifier(std::string(255, 'a') + "é"), std::string(255, 'a'));

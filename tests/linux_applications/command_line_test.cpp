@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(CommandLine, WordsAreUnquotedAndFieldCodesLeft) {
+TEST(CommandLine, WordsAreUnquotedAndFieldCodesOmitted) {
     EXPECT_THAT(wordsOfExec(""), IsEmpty());
     EXPECT_THAT(wordsOfExec("   "), IsEmpty());
     EXPECT_THAT(wordsOfExec("gedit %U"), ElementsAre("gedit"));
@@ -22,12 +22,12 @@ TEST(CommandLine, WordsAreUnquotedAndFieldCodesLeft) {
                 ElementsAre("/opt/100% a/run", "%U", "%"));
 }
 
-TEST(CommandLine, AnOpenQuoteMakesNoWords) {
+TEST(CommandLine, OpenQuoteReturnsNoWords) {
     EXPECT_THAT(wordsOfExec("run \"it"), IsEmpty());
     EXPECT_THAT(wordsOfExec("run it\\"), ElementsAre("run", "it\\"));
 }
 
-TEST(CommandLine, TheProgramIsWhatIsReallyMeant) {
+TEST(CommandLine, ProgramIsFoundBehindWrappers) {
     struct Row {
         const char* line;
         const char* program;
@@ -62,7 +62,7 @@ TEST(CommandLine, TheProgramIsWhatIsReallyMeant) {
         EXPECT_EQ(programOf(wordsOfExec(row.line)), row.program) << row.line;
 }
 
-TEST(CommandLine, FlatpakNamesTheApplicationItRuns) {
+TEST(CommandLine, FlatpakApplicationIsFound) {
     EXPECT_EQ(flatpakOf(wordsOfExec("/usr/bin/flatpak run --branch=stable --command=firefox "
                                     "--file-forwarding org.mozilla.firefox @@u %u @@")),
               "org.mozilla.firefox");
@@ -73,13 +73,13 @@ TEST(CommandLine, FlatpakNamesTheApplicationItRuns) {
     EXPECT_EQ(flatpakOf(wordsOfExec("gedit run org.example.App")), "");
 }
 
-TEST(CommandLine, SteamNamesTheGameItRuns) {
+TEST(CommandLine, SteamGameIsFound) {
     EXPECT_EQ(steamGameOf(wordsOfExec("steam steam://rungameid/440")), "440");
     EXPECT_EQ(steamGameOf(wordsOfExec("env LANG=C steam -silent steam://rungameid/12")), "12");
     EXPECT_EQ(steamGameOf(wordsOfExec("steam %U")), "");
 }
 
-TEST(CommandLine, AFileNameIsWhatFollowsTheLastSlash) {
+TEST(CommandLine, FileNameFollowsTheLastSlash) {
     EXPECT_EQ(fileNameOf("/usr/bin/mpv"), "mpv");
     EXPECT_EQ(fileNameOf("mpv"), "mpv");
     EXPECT_EQ(fileNameOf("/usr/bin/"), "");

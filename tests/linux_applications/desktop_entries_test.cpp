@@ -34,7 +34,7 @@ protected:
         return current;
     }
 
-    // Waits until these are the names of all entries.
+    // Waits until the entries have exactly these names.
     void expectNames(const std::vector<std::string>& expected) {
         std::unique_lock lock(mutex);
         published.wait_for(lock, test::patience, [&] { return namesOf(current) == expected; });
@@ -65,7 +65,7 @@ private:
     std::unique_ptr<DesktopEntries> entries;
 };
 
-TEST_F(DesktopEntriesTest, TellWhatAnEntrySays) {
+TEST_F(DesktopEntriesTest, FieldsComeFromTheEntry) {
     const auto path =
         folder.install("org.example.Editor", "Name=Editor\nExec=env A=b /bin/sh /opt/editor.sh %U\n"
                                              "StartupWMClass=Editor-class\nNoDisplay=true\n");
@@ -82,7 +82,7 @@ TEST_F(DesktopEntriesTest, TellWhatAnEntrySays) {
                                                 .inTerminal = false}));
 }
 
-TEST_F(DesktopEntriesTest, ASubfolderIsPartOfTheIdentifier) {
+TEST_F(DesktopEntriesTest, SubfolderIsPartOfTheIdentifier) {
     std::filesystem::create_directories(folder.path() / "user/applications/vendor");
     folder.install("vendor/tool", "Name=Tool\nExec=sh\nTerminal=true\n");
     load();
@@ -92,7 +92,7 @@ TEST_F(DesktopEntriesTest, ASubfolderIsPartOfTheIdentifier) {
     EXPECT_TRUE(all().front().visible);
 }
 
-TEST_F(DesktopEntriesTest, WhatIsNotInstalledIsNotThere) {
+TEST_F(DesktopEntriesTest, EntryWithoutItsProgramIsOmitted) {
     folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
     folder.install("gone", "Name=Gone\nExec=/nowhere/gone\n");
     folder.install("tried", "Name=Tried\nExec=sh\nTryExec=/nowhere/tried\n");
@@ -101,7 +101,7 @@ TEST_F(DesktopEntriesTest, WhatIsNotInstalledIsNotThere) {
     expectNames({"Here"});
 }
 
-TEST_F(DesktopEntriesTest, TheUsersOwnEntryHidesTheSystems) {
+TEST_F(DesktopEntriesTest, UsersEntryOverridesTheSystems) {
     folder.installForAll("tool", "Name=System's\nExec=sh\n");
     folder.installForAll("other", "Name=Other\nExec=sh\n");
     folder.install("tool", "Name=User's\nExec=sh\n");
@@ -109,7 +109,7 @@ TEST_F(DesktopEntriesTest, TheUsersOwnEntryHidesTheSystems) {
     expectNames({"Other", "User's"});
 }
 
-// First, so that no thread reads the environment while it changes.
+// Constructed first, so that no thread reads the environment during the change.
 struct InChinese {
     const desktops::ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};
@@ -123,7 +123,7 @@ TEST_F(ChineseDesktopEntriesTest, NamesAreInTheUsersLanguage) {
     expectNames({"文件"});
 }
 
-TEST_F(DesktopEntriesTest, FollowWhatIsInstalledAndRemoved) {
+TEST_F(DesktopEntriesTest, InstalledAndRemovedEntriesAreFollowed) {
     load();
     expectNames({});
     folder.install("one", "Name=One\nExec=sh\n");

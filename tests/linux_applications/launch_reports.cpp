@@ -16,7 +16,8 @@ namespace glidemap {
 
 LaunchReports::LaunchReports(std::filesystem::path pipe) : path(std::move(pipe)) {
     EXPECT_EQ(mkfifo(path.c_str(), 0600), 0) << path;
-    descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC); // so that it never ends
+    // Also open for writing, so that reading never reaches the end.
+    descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC);
     EXPECT_GE(descriptor, 0) << path;
 }
 
@@ -36,7 +37,7 @@ std::string LaunchReports::nextLine() {
         }
         pollfd source{descriptor, POLLIN, 0};
         if (poll(&source, 1, patience) != 1) {
-            ADD_FAILURE() << "nothing was reported";
+            ADD_FAILURE() << "no script has reported";
             return "";
         }
         std::array<char, 4096> buffer{};

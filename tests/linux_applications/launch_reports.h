@@ -1,8 +1,8 @@
-// What launched scripts write down about themselves, line by line, through a pipe with a name.
+// Collects the lines that launched scripts write about themselves to a named pipe.
 //
 // Thread:  the test's.
 // Owner:   a test.
-// Errors:  a script that says nothing in time is a failure of the test.
+// Errors:  a script that writes nothing in time fails the test.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace glidemap {
 
 class LaunchReports {
 public:
-    // Scripts write to the pipe of that path.
+    // Creates the pipe at this path.
     explicit LaunchReports(std::filesystem::path pipe);
     LaunchReports(const LaunchReports&) = delete;
     LaunchReports& operator=(const LaunchReports&) = delete;

@@ -20,7 +20,7 @@ WindowIdentity window(const std::string& appID) {
     return {appID, "", "", std::nullopt};
 }
 
-// Tells what the test wants, or refuses to start.
+// Reports the test's windows, or refuses to start.
 class BackendDouble : public WindowBackend {
 public:
     BackendDouble(std::vector<std::string>& told, std::string called, bool knowsDesktop)
@@ -36,7 +36,7 @@ public:
         return true;
     }
 
-    // Has one window, the editor's.
+    // The desktop has one window, the editor's.
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override {
         const bool has = isChosen(window("editor"));
         log.push_back(name + (has ? " brings forward" : " has no window"));
@@ -64,7 +64,7 @@ protected:
         };
     }
 
-    // GIO takes a moment to notice what has just been installed.
+    // GIO notices new entries with a delay.
     static void expectURL(const Workspace& workspace, const std::string& bundleID,
                           const std::string& expected) {
         const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
@@ -80,7 +80,7 @@ protected:
     DesktopThread thread;
 };
 
-TEST_F(LinuxWorkspaceTest, TheFirstBackendThatKnowsTheDesktopIsTheOne) {
+TEST_F(LinuxWorkspaceTest, FirstBackendThatSupportsTheDesktopIsUsed) {
     {
         LinuxWorkspace workspace(
             thread, {backend("first", false), backend("second", true), backend("third", true)}, {});
@@ -94,7 +94,7 @@ TEST_F(LinuxWorkspaceTest, TheFirstBackendThatKnowsTheDesktopIsTheOne) {
     EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts", "second goes"));
 }
 
-TEST_F(LinuxWorkspaceTest, OneWithAWindowComesForwardAndIsNotLaunched) {
+TEST_F(LinuxWorkspaceTest, ApplicationWithAWindowComesForwardAndIsNotLaunched) {
     const auto pipe = folder.path() / "reports";
     LaunchReports reports{pipe};
     folder.install("editor",
@@ -156,7 +156,7 @@ TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {
     EXPECT_EQ(none.frontmostApplication(), Application{});
 }
 
-TEST_F(LinuxWorkspaceTest, AnInstalledApplicationIsItsEntrysFile) {
+TEST_F(LinuxWorkspaceTest, InstalledApplicationIsItsEntryFile) {
     const LinuxWorkspace workspace(thread, {}, {});
     folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
     folder.install("with space", "Name=Space\nExec=sh\n");
@@ -206,7 +206,7 @@ TEST_F(LinuxWorkspaceTest, MissionControlIsTheDesktopsOverview) {
     without.openMissionControl();
 }
 
-TEST_F(LinuxWorkspaceTest, TheSystemsPageForAccessIsThePanelThatAsksForIt) {
+TEST_F(LinuxWorkspaceTest, AccessSettingsOpenThePrompt) {
     int asked = 0;
     LinuxWorkspace workspace(thread, {}, {.accessibilitySettings = [&asked] {
                                  ++asked;

@@ -13,7 +13,7 @@ namespace {
 
 using namespace desktops;
 
-// A process that says "ready" and lives until the test lets it go.
+// A shell that writes "ready" and runs until the test ends it.
 class Shell {
 public:
     explicit Shell(const std::string& script = "echo ready; read line",
@@ -43,7 +43,7 @@ std::string contentOf(const std::string& path) {
     return content.str();
 }
 
-TEST(KernelProcessReader, ReadsWhatAProcessIs) {
+TEST(KernelProcessReader, ReadsThePropertiesOfAProcess) {
     const Shell shell;
     const ProcessFacts facts = KernelProcessReader().read(shell.process());
     EXPECT_EQ(facts.executable, std::filesystem::canonical("/bin/sh"));
@@ -54,7 +54,7 @@ TEST(KernelProcessReader, ReadsWhatAProcessIs) {
     EXPECT_EQ(facts.launchedFrom, "");
 }
 
-TEST(KernelProcessReader, ALaunchIsTheProcessesOwnOrNotItsAtAll) {
+TEST(KernelProcessReader, LaunchCountsOnlyForTheLaunchedProcess) {
     const Environment inherited = {{"GIO_LAUNCHED_DESKTOP_FILE", "/a/b.desktop"},
                                    {"GIO_LAUNCHED_DESKTOP_FILE_PID", "1"}};
     const Shell child("echo ready; read line", inherited);
@@ -67,9 +67,9 @@ TEST(KernelProcessReader, ALaunchIsTheProcessesOwnOrNotItsAtAll) {
     EXPECT_EQ(KernelProcessReader().read(launched.process()).launchedFrom, "/a/b.desktop");
 }
 
-TEST(KernelProcessReader, SeesAControllingTerminal) {
+TEST(KernelProcessReader, DetectsAControllingTerminal) {
     if (!isInstalled("script"))
-        GTEST_SKIP() << "script, which makes a terminal, is not installed";
+        GTEST_SKIP() << "script, which creates a terminal, is not installed";
     const Shell without;
     EXPECT_FALSE(KernelProcessReader().read(without.process()).onTerminal);
 
@@ -82,7 +82,7 @@ TEST(KernelProcessReader, SeesAControllingTerminal) {
     EXPECT_TRUE(KernelProcessReader().read(std::stoi(*line)).onTerminal);
 }
 
-TEST(KernelProcessReader, AProcessThatIsNotThereHasNoFacts) {
+TEST(KernelProcessReader, MissingProcessHasNoProperties) {
     EXPECT_EQ(KernelProcessReader().read(999'999'999), ProcessFacts{});
     EXPECT_EQ(KernelProcessReader().read(-1), ProcessFacts{});
 }

@@ -25,7 +25,7 @@ ServiceDouble::ServiceDouble(const std::string& name, std::string answeredError)
                                                         static_cast<GDBusConnectionFlags>(flags),
                                                         nullptr, nullptr, nullptr);
     if (connection == nullptr) {
-        ADD_FAILURE() << "there is no bus";
+        ADD_FAILURE() << "no session bus";
         return;
     }
     g_dbus_connection_add_filter(connection, filter, this, nullptr);
@@ -77,7 +77,7 @@ void ServiceDouble::take(GDBusMessage* message) {
 std::string ServiceDouble::nextCall() {
     std::unique_lock lock(mutex);
     if (!called.wait_for(lock, patience, [this] { return !calls.empty(); })) {
-        ADD_FAILURE() << "nothing was called";
+        ADD_FAILURE() << "no call has arrived";
         return "";
     }
     std::string call = calls.front();

@@ -1,8 +1,8 @@
-// Doubles of services on the test program's own session bus.
+// Fake services on the test program's own session bus.
 //
-// Thread:  the test's; doubles answer on a thread of GIO's.
-// Owner:   the test program: GIO keeps the first session bus that it has seen.
-// Errors:  a bus that does not start is a failure of the test.
+// Thread:  the test's; the fakes reply on a thread of GIO's.
+// Owner:   the test program: GIO keeps the first session bus that it has used.
+// Errors:  a bus that does not start fails the test.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -16,13 +16,13 @@ using GDBusMessage = struct _GDBusMessage;
 
 namespace glidemap {
 
-// The session bus of the whole program from the first call on.
+// Becomes the program's session bus with the first call.
 const desktops::PrivateBus& sessionBus();
 
-// Owns a name while it lives, writes down what it is asked, and answers everything alike.
+// Owns a name during its life, records calls, and sends the same reply to all.
 class ServiceDouble {
 public:
-    // With nothing, or with the error of that name.
+    // The reply is empty, or the error with this name.
     explicit ServiceDouble(const std::string& name, std::string answeredError = "");
     ServiceDouble(const ServiceDouble&) = delete;
     ServiceDouble& operator=(const ServiceDouble&) = delete;

@@ -8,7 +8,7 @@ namespace {
 using Kind = UnitApplication::Kind;
 using Identifiers = std::vector<std::string>;
 
-TEST(SystemdUnit, NamesTheApplicationItWasMadeFor) {
+TEST(SystemdUnit, UnitNamesItsApplication) {
     struct Row {
         const char* unit;
         Kind kind;
@@ -71,7 +71,7 @@ TEST(SystemdUnit, NamesTheApplicationItWasMadeFor) {
             << testing::PrintToString(applicationOfUnit(row.unit).identifiers);
 }
 
-TEST(SystemdUnit, IsTheInnermostOneOfTheControlGroup) {
+TEST(SystemdUnit, InnermostUnitOfTheControlGroupCounts) {
     struct Row {
         const char* text;
         const char* unit;

@@ -1,5 +1,5 @@
-// The whole way: a window on an X server, its window manager, the desktop entry of its program, the
-// application that is told.
+// Tests all parts together: a window on an X server, its window manager, its desktop entry, and the
+// application that the workspace reports.
 #include "application_folder.h"
 #include "desktops/scoped_environment.h"
 #include "launch_reports.h"
@@ -33,7 +33,7 @@ std::string text(const Application& application) {
     return application.bundleID.value_or("-") + " (" + application.name.value_or("-") + ")";
 }
 
-// First, so that no thread reads the environment while it changes.
+// Constructed first, so that no thread reads the environment during the change.
 struct InChinese {
     const ScopedEnvironment language{
         {{"LANGUAGE", "zh_CN"}, {"LC_ALL", "zh_CN.UTF-8"}, {"LANG", "zh_CN.UTF-8"}}};
@@ -97,7 +97,7 @@ protected:
     std::unique_ptr<LinuxWorkspace> workspace;
 };
 
-TEST_F(X11WorkspaceTest, WindowsAreTheApplicationsThatTheUserKnows) {
+TEST_F(X11WorkspaceTest, WindowsMapToInstalledApplications) {
     expectFrontmost("- (-)");
     const auto files = window("files", "example-files");
     expectFrontmost("org.example.Files (文件)");
@@ -119,8 +119,8 @@ TEST_F(X11WorkspaceTest, WindowsAreTheApplicationsThatTheUserKnows) {
     expectRunning({});
 }
 
-TEST_F(X11WorkspaceTest, NoneIsSeenOnTheWayFromOneApplicationToAnother) {
-    follow(std::chrono::hours(1)); // however slow a busy machine makes the window manager
+TEST_F(X11WorkspaceTest, FocusChangeNeverReportsNoApplication) {
+    follow(std::chrono::hours(1)); // longer than any window manager on a busy machine
     const auto files = window("files", "example-files");
     const auto editor = window("editor", "Editor");
     expectFrontmost("editor (编辑器)");

@@ -1,6 +1,6 @@
-// A driver without touchpads that has a click filter, and writes down what is asked of it. It does
-// what makes the real one hard to live with: its reader holds a lock while it calls the filter, and
-// switching waits for that lock. Compiled once for each way in which it may be incomplete.
+// A driver without touchpads that has a click filter and records its calls. Like the real driver,
+// its reader holds a lock while it calls the filter, and switching waits for that lock. Compiled
+// once for each incomplete variant.
 #include "drivers/evdev/click_filter.h"
 
 #include <condition_variable>
@@ -20,7 +20,7 @@ void* filterContext = nullptr;
 std::mutex notes;
 std::condition_variable noted;
 std::string calls;
-int switching = 0; // calls that have come in
+int switching = 0; // pending calls
 std::string copy;
 
 void note(const std::string& call) {
@@ -61,7 +61,7 @@ EXPORTED void GlidemapSwitchClickFilter(bool on) {
 }
 #endif
 
-// What the test reads and does.
+// The test's interface.
 
 EXPORTED const char* TestDriverCalls() {
     const std::lock_guard guard(notes);
@@ -75,7 +75,7 @@ EXPORTED void TestDriverReset() {
     switching = 0;
 }
 
-// As the reader does: whether the button change is dropped; -1 where there is no filter.
+// Acts as the reader: returns whether the button change is dropped, -1 without a filter.
 EXPORTED int TestDriverClick(int event, int button) {
     const std::lock_guard guard(reading);
     return filter == nullptr ? -1 : static_cast<int>(filter(filterContext, nullptr, event, button));

@@ -26,7 +26,7 @@ TouchDriverPlatform filterDriver(const std::string& name) {
             }};
 }
 
-// A driver, and what the test says to it.
+// Loads the driver and gives the test access to it.
 class FilterDriver {
 public:
     explicit FilterDriver(const std::string& name = "complete") : manager(filterDriver(name)) {
@@ -37,7 +37,7 @@ public:
 
     std::string calls() const { return function<const char* (*)()>("TestDriverCalls")(); }
 
-    // Whether the change is dropped; -1 where there is no filter.
+    // Returns whether the change is dropped, -1 without a filter.
     int click(int event, int button) const {
         return function<int (*)(int, int)>("TestDriverClick")(event, button);
     }
@@ -57,7 +57,7 @@ ClickTap::Verdict passAll(const ClickEvent& /*event*/) {
     return ClickTap::Verdict::pass;
 }
 
-TEST(LinuxClickTapTest, ADriverThatCannotFilterMakesNoTap) {
+TEST(LinuxClickTapTest, DriverWithoutAFilterCreatesNoTap) {
     for (const char* name : {"cannot", "without-can-filter", "without-set", "without-switch"}) {
         const FilterDriver driver(name);
         LinuxClickTap tap(driver.manager);
@@ -69,13 +69,13 @@ TEST(LinuxClickTapTest, ADriverThatCannotFilterMakesNoTap) {
     }
 }
 
-TEST(LinuxClickTapTest, WithoutADriverThereIsNoTap) {
+TEST(LinuxClickTapTest, MissingDriverCreatesNoTap) {
     const MultitouchDeviceManager manager(filterDriver("of-no-such-name"));
     LinuxClickTap tap(manager);
     EXPECT_FALSE(tap.create(passAll));
 }
 
-TEST(LinuxClickTapTest, ATapStartsDisabledAndEndsAsIfItHadNeverBeen) {
+TEST(LinuxClickTapTest, TapStartsDisabledAndRemovesItsFilter) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create(passAll));
@@ -91,7 +91,7 @@ TEST(LinuxClickTapTest, ATapStartsDisabledAndEndsAsIfItHadNeverBeen) {
     EXPECT_EQ(driver.click(clickFilterButtonDown, 0), -1);
 }
 
-TEST(LinuxClickTapTest, DestroyingTheTapRemovesIt) {
+TEST(LinuxClickTapTest, DestructionRemovesTheFilter) {
     const FilterDriver driver;
     {
         LinuxClickTap tap(driver.manager);
@@ -100,7 +100,7 @@ TEST(LinuxClickTapTest, DestroyingTheTapRemovesIt) {
     EXPECT_EQ(driver.calls(), "set; take away; off");
 }
 
-TEST(LinuxClickTapTest, ATapCanBeMadeAgain) {
+TEST(LinuxClickTapTest, TapCanBeCreatedAgain) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create(passAll));
@@ -111,7 +111,7 @@ TEST(LinuxClickTapTest, ATapCanBeMadeAgain) {
     EXPECT_EQ(driver.click(clickFilterButtonDown, 0), 1);
 }
 
-TEST(LinuxClickTapTest, TheFilterIsOnOnlyWhileTheTapIsEnabledAndNeeded) {
+TEST(LinuxClickTapTest, FilterIsOnOnlyWhileTheTapIsEnabledAndNeeded) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     tap.setNeeded(false);
@@ -125,7 +125,7 @@ TEST(LinuxClickTapTest, TheFilterIsOnOnlyWhileTheTapIsEnabledAndNeeded) {
     EXPECT_EQ(driver.calls(), "set; off; on; off; off");
 }
 
-TEST(LinuxClickTapTest, EachEventOfTheDriverIsAnEventOfTheTap) {
+TEST(LinuxClickTapTest, EachDriverEventBecomesATapEvent) {
     struct Row {
         int event;
         int button;
@@ -156,7 +156,7 @@ TEST(LinuxClickTapTest, EachEventOfTheDriverIsAnEventOfTheTap) {
     EXPECT_EQ(seen, expected);
 }
 
-TEST(LinuxClickTapTest, TheVerdictIsTheDriversAnswer) {
+TEST(LinuxClickTapTest, VerdictDecidesTheDriversResult) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create([](const ClickEvent& event) {
@@ -166,7 +166,7 @@ TEST(LinuxClickTapTest, TheVerdictIsTheDriversAnswer) {
     EXPECT_EQ(driver.click(clickFilterButtonDown, 1), 1);
 }
 
-TEST(LinuxClickTapTest, ATapThatWasDisabledByTimeoutEnablesItselfAgain) {
+TEST(LinuxClickTapTest, TapDisabledByTimeoutEnablesItselfAgain) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create([&](const ClickEvent& event) {
@@ -180,8 +180,8 @@ TEST(LinuxClickTapTest, ATapThatWasDisabledByTimeoutEnablesItselfAgain) {
     EXPECT_EQ(driver.calls(), "set; on; on");
 }
 
-// The main thread waits in the driver for its reader, and the reader's callback turns to the tap.
-TEST(LinuxClickTapTest, SwitchingOnBothThreadsAtOnceEndsWithTheLastWish) {
+// The main thread waits in the driver for its reader, while the reader's callback uses the tap.
+TEST(LinuxClickTapTest, ConcurrentSwitchingEndsWithTheLastRequest) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     std::promise<void> reading;

@@ -1,4 +1,4 @@
-// Which application is frontmost, which ones run, and launching one, on each desktop.
+// The frontmost application, the running ones, and launching one, on each desktop.
 #include "desktop_test_base.h"
 #include "kit/temporary_folder.h"
 #include "leash.h"
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_P(ApplicationsTest, TheFrontmostOneFollowsOpeningActivatingAndClosing) {
+TEST_P(ApplicationsTest, FrontmostApplicationFollowsOpeningActivatingAndClosing) {
     const SeenWorkspace seen;
     seen.expectRunning({});
     seen.expectFrontmost("none");
@@ -40,7 +40,7 @@ TEST_P(ApplicationsTest, TheFrontmostOneFollowsOpeningActivatingAndClosing) {
     seen.expectRunning({});
 }
 
-TEST_P(ApplicationsTest, TheOnesThatRunAlreadyAreKnown) {
+TEST_P(ApplicationsTest, RunningApplicationsAreKnownOnStart) {
     const auto first = open("first");
     const auto second = open("second");
     const SeenWorkspace seen;
@@ -49,7 +49,7 @@ TEST_P(ApplicationsTest, TheOnesThatRunAlreadyAreKnown) {
     seen.expectFrontmost("first");
 }
 
-TEST_P(ApplicationsTest, ALaunchedOneRunsAndComesForward) {
+TEST_P(ApplicationsTest, LaunchedApplicationRunsAndComesForward) {
     const Leash leash(folder.path() / "leash");
     const auto script =
         folder.script("launch", "exec " + desktop->windowProgram() + " launched Title <" +

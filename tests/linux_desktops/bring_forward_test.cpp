@@ -1,4 +1,4 @@
-// Launching an application that runs already: its window comes forward, and no second process starts.
+// Launching a running application: its window comes forward, and no second process starts.
 #include "desktop_test_base.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
@@ -21,7 +21,7 @@
 namespace glidemap::desktops {
 namespace {
 
-// The title of the active window, as a backend sees it that has just begun to follow.
+// The title of the active window, as a new backend reports it.
 class ActiveTitle {
 public:
     ActiveTitle() {
@@ -75,7 +75,7 @@ protected:
         std::filesystem::remove(starts());
     }
 
-    // Notes each start, and shows a window that ends with the leash.
+    // Records each start, and shows a window that closes with the leash.
     std::filesystem::path noting(const std::string& application, const Leash& leash) const {
         return folder.script(application, "echo " + application + " >>" + starts().string() +
                                               "\nexec " + desktop->windowProgram() + " " +
@@ -102,7 +102,7 @@ protected:
         return std::count(std::istream_iterator<std::string>(file), {}, application);
     }
 
-    // A launch that was on its way would have come before this one.
+    // A pending launch would have been recorded before this one.
     void expectStarts(SeenWorkspace& seen, const std::string& application, long count) {
         const auto script = folder.script("end", "echo end >>" + starts().string() + "\n");
         install("end", script);
@@ -114,7 +114,7 @@ protected:
     std::filesystem::path starts() const { return folder.path() / "starts"; }
 };
 
-TEST_P(BringForwardTest, StartedOnceAndBroughtForwardTenTimes) {
+TEST_P(BringForwardTest, ApplicationStartsOnceAndComesForwardTenTimes) {
     const Leash leash(folder.path() / "leash");
     install("launched", noting("launched", leash));
     SeenWorkspace seen;
@@ -131,12 +131,12 @@ TEST_P(BringForwardTest, StartedOnceAndBroughtForwardTenTimes) {
     expectStarts(seen, "launched", 1);
 }
 
-TEST_P(BringForwardTest, AMinimisedWindowIsRestored) {
+TEST_P(BringForwardTest, MinimisedWindowIsRestored) {
     if (GetParam().minimizing == Minimizing::none) {
-        GTEST_SKIP() << "this desktop minimises nothing";
+        GTEST_SKIP() << "this desktop does not minimise windows";
     }
     if (GetParam().hiddenWindows == HiddenWindows::stayHidden) {
-        GTEST_SKIP() << "not solved on this desktop";
+        GTEST_SKIP() << "not supported on this desktop";
     }
     const Leash leash(folder.path() / "leash");
     install("first", noting("first", leash));
@@ -154,12 +154,12 @@ TEST_P(BringForwardTest, AMinimisedWindowIsRestored) {
     expectStarts(seen, "first", 0);
 }
 
-TEST_P(BringForwardTest, AWindowOnAnotherWorkspaceIsShown) {
+TEST_P(BringForwardTest, WindowOnAnotherWorkspaceIsShown) {
     if (GetParam().workspaces == Workspaces::one) {
-        GTEST_SKIP() << "the test cannot change workspaces here";
+        GTEST_SKIP() << "the test cannot switch workspaces here";
     }
     if (GetParam().hiddenWindows == HiddenWindows::stayHidden) {
-        GTEST_SKIP() << "not solved on this desktop";
+        GTEST_SKIP() << "not supported on this desktop";
     }
     const Leash leash(folder.path() / "leash");
     install("first", noting("first", leash));
@@ -179,7 +179,7 @@ TEST_P(BringForwardTest, AWindowOnAnotherWorkspaceIsShown) {
     expectStarts(seen, "first", 0);
 }
 
-TEST_P(BringForwardTest, OfTwoWindowsTheOneUsedLastComes) {
+TEST_P(BringForwardTest, LastUsedOfTwoWindowsComesForward) {
     const Leash leash(folder.path() / "leash");
     install("two", noting("two", leash));
     SeenWorkspace seen;
@@ -205,7 +205,7 @@ TEST_P(BringForwardTest, OfTwoWindowsTheOneUsedLastComes) {
     expectStarts(seen, "two", 0);
 }
 
-TEST_P(BringForwardTest, OneThatHasEndedStartsAgain) {
+TEST_P(BringForwardTest, ApplicationThatHasExitedStartsAgain) {
     SeenWorkspace seen;
     const auto other = open("other");
     {

@@ -1,8 +1,8 @@
-// A real desktop under test, with buses of its own, and what a person does with it.
+// A real desktop under test, with its own buses, and the actions of its user.
 //
 // Thread:  one.
-// Owner:   a test. Destroying it ends the desktop and all its programs.
-// Errors:  a desktop that is not ready in time is a failure of the test.
+// Owner:   a test. The destructor ends the desktop and all its programs.
+// Errors:  a desktop that is not ready in time fails the test.
 #pragma once
 
 #include "desktops/private_bus.h"
@@ -19,33 +19,34 @@ public:
     Desktop& operator=(const Desktop&) = delete;
     virtual ~Desktop() = default;
 
-    // The environment of its programs, the addresses of its buses included.
+    // The environment of the desktop's programs, with the addresses of its buses.
     virtual Environment environment() const = 0;
     virtual const PrivateBus& bus() const = 0;
 
-    // A program that takes the application's identifier and a title, shows a window, says "shown",
-    // and ends with its standard input.
+    // A program that takes an application identifier and a title, shows a window, prints "shown",
+    // and exits at the end of its standard input.
     virtual std::string windowProgram() const = 0;
 
-    // As a task bar does it.
+    // Activates a window as a task bar does.
     virtual void activate(const std::string& application) = 0;
 
-    // Once both have happened. Only where the desktop minimises windows, or has workspaces that the
-    // test can change.
+    // Both return when the change is complete. Only for desktops that minimise windows, or whose
+    // workspaces the test can switch.
     virtual void minimize(const std::string& /*application*/) {}
     virtual void showSecondWorkspace() {}
 
-    // The activation token that the desktop gives to a program that the user launches; may be empty.
+    // The activation token that the desktop passes to a program that the user launches; may be
+    // empty.
     virtual std::string activationToken() const { return {}; }
 
-    // Empty, or why this machine keeps the desktop from showing its overview.
+    // Empty, or the reason why the overview cannot work on this machine.
     virtual std::string whyNoOverview() const { return {}; }
 
-    // Only where the desktop has an overview, or a screen lock.
+    // Only for desktops with an overview or a screen lock.
     virtual bool isOverviewOpen() const { return false; }
     virtual bool isLocked() const { return false; }
 
-    // Whether the desktop shows an icon in its status bar; only where it has one.
+    // Whether an icon is in the status bar; only for desktops with a status bar.
     virtual bool showsStatusItem() const { return false; }
 };
 

@@ -13,7 +13,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-// The first of the programs that is not installed.
+// Returns the first program that is not installed.
 std::function<std::optional<std::string>()> needs(std::initializer_list<const char*> programs) {
     return [all = std::vector<std::string>(programs.begin(),
                                            programs.end())]() -> std::optional<std::string> {
@@ -26,7 +26,7 @@ std::function<std::optional<std::string>()> needs(std::initializer_list<const ch
     };
 }
 
-// Cinnamon 6.4 has not been made to start without a screen.
+// Cinnamon 6.4 does not start without a screen.
 std::optional<std::string> missingForCinnamon() {
     if (const auto missing = needs({"Xvfb", "cinnamon", "cinnamon-screensaver"})()) {
         return missing;

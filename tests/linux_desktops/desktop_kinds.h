@@ -1,5 +1,4 @@
-// The desktops of README.md's table, and what is different about each: the rest of the cases is
-// alike on all of them.
+// The desktops of README.md's table and their differences; all other cases are the same on each.
 //
 // Thread:  any.
 // Errors:  none.
@@ -16,7 +15,7 @@
 
 namespace glidemap::desktops {
 
-// GNOME Shell gives the focus to a window that the user has not asked for, or does not.
+// Whether a window that the user has not opened gets the focus; GNOME Shell may refuse.
 enum class NewWindow { comesForward, mayStayBehind };
 enum class Overview { opens, none };
 enum class Lock { locks, none };
@@ -32,7 +31,8 @@ enum class Proof { none, startupID, token };
 
 struct DesktopKind {
     std::string name;
-    std::function<std::optional<std::string>()> missing; // a program or a package
+    // Returns the name of a missing program or package.
+    std::function<std::optional<std::string>()> missing;
     std::function<std::unique_ptr<Desktop>()> start;
     NewWindow newWindow = NewWindow::comesForward;
     Overview overview = Overview::none;

@@ -1,5 +1,5 @@
-// The fixture of the table's cases: starts one desktop, and gives this process the environment of the
-// desktop's programs. A desktop that is not installed is skipped.
+// The fixture of the desktop cases: starts one desktop, and gives this process the environment of
+// the desktop's programs. A desktop that is not installed is skipped.
 #pragma once
 
 #include "application_folder.h"
@@ -17,7 +17,7 @@
 
 namespace glidemap::desktops {
 
-// As a desktop's program sees it: only what tells where the desktop and its buses are.
+// Only the variables that locate the desktop and its buses.
 inline std::map<std::string, std::string> whereaboutsIn(const Environment& desktop) {
     std::map<std::string, std::string> values;
     for (const char* const name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS", "DISPLAY",
@@ -39,7 +39,7 @@ protected:
         here.emplace(whereaboutsIn(desktop->environment()));
     }
 
-    // A program with a window, which is on the screen.
+    // Starts a program and waits until its window is on the screen.
     std::unique_ptr<Program> open(const std::string& application,
                                   const std::string& title = "Title") const {
         Environment environment = desktop->environment();

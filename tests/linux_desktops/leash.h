@@ -1,8 +1,8 @@
-// Keeps what a launched program reads from its standard input: it ends with the test, or earlier.
+// Holds the pipe from which a launched program reads: the program exits with the test, or earlier.
 //
 // Thread:  the test's.
 // Owner:   a test.
-// Errors:  a pipe that cannot be made is a failure of the test.
+// Errors:  a pipe that cannot be created fails the test.
 #pragma once
 
 #include <fcntl.h>

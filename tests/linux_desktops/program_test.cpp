@@ -1,4 +1,4 @@
-// The program itself on each desktop: its window, its status item, and starting it a second time.
+// The program itself on each desktop: its window, its status item, and a second launch.
 #include "desktop_test_base.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
@@ -62,7 +62,7 @@ protected:
     test::TemporaryFolder home{"/tmp"};
 };
 
-TEST_P(ProgramTest, TheSettingsWindowOpensInFront) {
+TEST_P(ProgramTest, SettingsWindowOpensInFront) {
     Program glidemap(command());
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);
@@ -88,14 +88,14 @@ TEST_P(ProgramTest, ASecondLaunchEndsAndBringsTheWindowForward) {
     expectEnd(glidemap);
 }
 
-TEST_P(ProgramTest, TheStatusItemIsInTheStatusBarIfThereIsOne) {
+TEST_P(ProgramTest, StatusItemIsInTheStatusBarIfThereIsOne) {
     EXPECT_FALSE(desktop->showsStatusItem());
     Program glidemap(command());
     if (GetParam().statusBar == StatusBar::shown) {
         EXPECT_TRUE(application::waitUntil([&] { return desktop->showsStatusItem(); }));
     } else {
         const SeenWorkspace seen;
-        seen.expectFrontmost(identifier); // it has found out by then
+        seen.expectFrontmost(identifier); // the status bar is detected before this
         EXPECT_FALSE(isOnBus("org.kde.StatusNotifierWatcher"));
     }
     expectEnd(glidemap);

@@ -25,9 +25,9 @@ protected:
     DesktopThread thread;
 };
 
-TEST_P(OverviewTest, OpensAndCloses) {
+TEST_P(OverviewTest, OverviewOpensAndCloses) {
     if (GetParam().overview == Overview::none) {
-        // Every service that the product can ask for an overview.
+        // Every service that the program may call for an overview.
         for (const char* const name : {"org.gnome.Shell", "org.Cinnamon", "org.kde.kglobalaccel"}) {
             EXPECT_FALSE(isOnBus(name)) << name;
         }
@@ -39,9 +39,11 @@ TEST_P(OverviewTest, OpensAndCloses) {
     LinuxOverview overview(thread, longWait);
     ASSERT_FALSE(desktop->isOverviewOpen());
     overview.toggle();
-    EXPECT_TRUE(waitUntil([&] { return desktop->isOverviewOpen(); })) << "it does not open";
+    EXPECT_TRUE(waitUntil([&] { return desktop->isOverviewOpen(); }))
+        << "the overview does not open";
     overview.toggle();
-    EXPECT_TRUE(waitUntil([&] { return !desktop->isOverviewOpen(); })) << "it stays";
+    EXPECT_TRUE(waitUntil([&] { return !desktop->isOverviewOpen(); }))
+        << "the overview does not close";
 }
 
 class LockTest : public DesktopTest {
@@ -57,8 +59,8 @@ protected:
     bool refused = false;
 };
 
-// Where nothing can lock, the product is told so, and types the desktop's usual shortcut.
-TEST_P(LockTest, LocksOrSaysThatItCannot) {
+// If no service can lock, the program is notified and types the desktop's usual shortcut.
+TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
     LinuxScreenLock screenLock(thread, queue, {longWait, longWait, longWait});
     ASSERT_TRUE(screenLock.find());
     ASSERT_FALSE(desktop->isLocked());

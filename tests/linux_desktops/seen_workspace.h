@@ -1,8 +1,8 @@
-// The product's workspace on a desktop under test, and waiting for what it tells.
+// The program's workspace on a desktop under test, with waits for its reports.
 //
 // Thread:  the test's.
 // Owner:   a test; the process's environment names the desktop.
-// Errors:  what is not told in time is a failure of the test.
+// Errors:  a report that does not arrive in time fails the test.
 #pragma once
 
 #include "platform/linux/applications/linux_workspace.h"
@@ -21,7 +21,8 @@ class SeenWorkspace {
 public:
     using Names = std::set<std::string>;
 
-    // "none" also where the desktop's own background has the focus: Xfce gives it the focus when it comes up late.
+    // "none" also while the desktop's background has the focus: Xfce focuses it when it starts
+    // late.
     std::string frontmost() const {
         const std::string application = workspace.frontmostApplication().bundleID.value_or("none");
         return application == "Xfdesktop" ? "none" : application;

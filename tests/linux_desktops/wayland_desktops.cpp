@@ -36,7 +36,7 @@ bool isTrue(const Variant& value) {
            g_variant_get_boolean(value.get()) != FALSE;
 }
 
-// The compositors that list their windows by a protocol, and have no bus of their own.
+// Compositors that list their windows through a protocol, and need no bus.
 template <typename Compositor>
 class WlrootsDesktop : public WaylandDesktop {
 public:
@@ -88,7 +88,7 @@ private:
     Program bar;
 };
 
-// Before version 45 extensions were written in another form.
+// Extensions before version 45 use another module format.
 std::filesystem::path extensionForThisShell() {
     constexpr std::string_view before = "GNOME Shell ";
     constexpr int firstVersionOfModules = 45;
@@ -213,7 +213,7 @@ private:
             application + "\")) {\n" + statement + "}\n");
     }
 
-    // Plasma 6 has other names for the same things. Returns once KWin has run it.
+    // Plasma 6 renamed the objects. Returns once KWin has run the script.
     void run(const std::string& script) {
         const std::string name = "test-" + std::to_string(++scripts);
         const std::filesystem::path file =

@@ -1,7 +1,7 @@
 // The Wayland desktops of the table.
 //
 // Thread:  one.
-// Errors:  as Desktop has them.
+// Errors:  as for Desktop.
 #pragma once
 
 #include "desktop.h"

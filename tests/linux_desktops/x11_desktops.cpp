@@ -38,7 +38,7 @@ bool isActive(const PrivateBus& bus, const char* service, const char* path) {
     return answer != nullptr && isTrue(childOf(answer, 0));
 }
 
-// The window manager is the desktop's own; the rest of the desktop comes after it.
+// Starts the desktop's own window manager first, then the rest of the desktop.
 class X11Desktop : public Desktop {
 public:
     explicit X11Desktop(const std::vector<std::string>& windowManager, Environment more = {})
@@ -105,7 +105,7 @@ public:
     OpenboxDesktop() : X11Desktop({"openbox", "--sm-disable"}) {}
 };
 
-// Its window manager, its desktop and its panel, as its session starts them.
+// Starts the window manager, the desktop and the panel, as an Xfce session does.
 class XfceDesktop : public X11Desktop {
 public:
     XfceDesktop()
@@ -123,7 +123,7 @@ public:
         return isActive(bus(), "org.xfce.ScreenSaver", "/org/xfce/ScreenSaver");
     }
 
-    // An empty panel is its ground and a line; an icon has smooth edges, in many shades.
+    // An empty panel has only a background and a line; an icon has smooth edges with many shades.
     bool showsStatusItem() const override {
         constexpr std::size_t minColours = 10;
         return application::Picture(display, panel.area()).countOfColours() >= minColours;

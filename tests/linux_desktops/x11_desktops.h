@@ -1,7 +1,7 @@
 // The X11 desktops of the table.
 //
 // Thread:  one.
-// Errors:  as Desktop has them.
+// Errors:  as for Desktop.
 #pragma once
 
 #include "desktop.h"
@@ -14,7 +14,7 @@ std::unique_ptr<Desktop> startOpenbox();
 std::unique_ptr<Desktop> startXfce();
 std::unique_ptr<Desktop> startCinnamon();
 
-// The command of a bus service's file, empty if there is no such file.
+// The command in a D-Bus service file; empty if the file does not exist.
 std::string commandOfService(const std::string& name);
 
 } // namespace glidemap::desktops

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
 
-TEST(BusSurveyTest, ListsWhatRunsAndWhatCanBeStarted) {
+TEST(BusSurveyTest, ListsRunningAndStartableServices) {
     const desktops::PrivateBus bus;
     bus.makeStartable("org.glidemap.Startable", "/bin/false");
     const test::InEnvironment address(variable, bus.address().c_str());
@@ -24,7 +24,7 @@ TEST(BusSurveyTest, ListsWhatRunsAndWhatCanBeStarted) {
     EXPECT_TRUE(survey.startable.contains("org.glidemap.Startable"));
 }
 
-TEST(BusSurveyTest, GivesUpOnABusThatNeverAnswers) {
+TEST(BusSurveyTest, TimesOutOnABusThatNeverReplies) {
     const test::SilentSocket silent;
     const test::InEnvironment address(variable, silent.address().c_str());
     const BusSurvey survey = surveyBus(Bus::session, std::chrono::milliseconds(50));
@@ -32,7 +32,7 @@ TEST(BusSurveyTest, GivesUpOnABusThatNeverAnswers) {
     EXPECT_TRUE(survey.running.empty());
 }
 
-TEST(BusSurveyTest, TellsThatThereIsNoBusOrNoneThatCanBeReached) {
+TEST(BusSurveyTest, ReportsAMissingOrUnreachableBus) {
     const test::InEnvironment folder("XDG_RUNTIME_DIR", nullptr);
     {
         const test::InEnvironment address(variable, nullptr);

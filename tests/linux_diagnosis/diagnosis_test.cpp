@@ -21,7 +21,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-// A home without a display, without buses and without bindings.
+// A home folder without a display, buses or bindings.
 class DiagnosisTest : public testing::Test {
 protected:
     static DiagnosisFacts facts() {
@@ -65,7 +65,7 @@ TEST_F(DiagnosisTest, HasEverySectionWithoutADisplayAndABus) {
     }
 }
 
-TEST_F(DiagnosisTest, SaysWhichActionsHaveNoService) {
+TEST_F(DiagnosisTest, ReportsActionsWithoutAService) {
     const std::string silent = diagnosisPage(facts());
     EXPECT_THAT(silent, Not(HasSubstr("locking the screen")));
     const desktops::PrivateBus bus;
@@ -80,12 +80,12 @@ TEST_F(DiagnosisTest, SaysWhichActionsHaveNoService) {
     EXPECT_THAT(page, HasSubstr("\n  the overview: no service for it: nothing is shown\n"));
 }
 
-TEST_F(DiagnosisTest, MakesNothing) {
+TEST_F(DiagnosisTest, CreatesNoFiles) {
     diagnosisPage(facts());
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST_F(DiagnosisTest, EndsWhereABusNeverAnswers) {
+TEST_F(DiagnosisTest, EndsOnABusThatNeverReplies) {
     const test::SilentSocket silent;
     const test::InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());
     EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  session bus: does not answer\n"));
@@ -99,7 +99,7 @@ TEST_F(DiagnosisTest, CountsTheBindingsAndShowsNone) {
     EXPECT_THAT(page, Not(HasSubstr("drawCircle")));
 }
 
-TEST_F(DiagnosisTest, NamesWhatIsWrongWithTheBindings) {
+TEST_F(DiagnosisTest, ReportsTheErrorInTheBindings) {
     writeBindings(R"([{"gesture":"nonsense"}])");
     EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  content: invalid, [0]"));
     std::filesystem::remove(bindingsFile());
@@ -107,13 +107,13 @@ TEST_F(DiagnosisTest, NamesWhatIsWrongWithTheBindings) {
     EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  content: cannot be read\n"));
 }
 
-TEST_F(DiagnosisTest, NamesADriverThatCannotBeLoaded) {
+TEST_F(DiagnosisTest, ReportsADriverThatCannotBeLoaded) {
     const test::InEnvironment other("GLIDEMAP_TOUCH_DRIVER", "/nonexistent/driver.so");
     const std::string page = diagnosisPage(facts());
     EXPECT_THAT(page, HasSubstr("\n  driver: /nonexistent/driver.so\n  it cannot be loaded: "));
 }
 
-TEST_F(DiagnosisTest, NamesTheProgramThatServesADisplay) {
+TEST_F(DiagnosisTest, ReportsTheProgramThatServesADisplay) {
     const test::SilentSocket compositor;
     const std::string path = compositor.address().substr(std::string("unix:path=").size());
     const test::InEnvironment shown("WAYLAND_DISPLAY", path.c_str());

@@ -16,13 +16,13 @@ TEST(ReportPageTest, HasHeadingsLinesAndFacts) {
                            "\nTouchpads\n  none\n");
 }
 
-TEST(ReportPageTest, ShortensTheHomeFolderAndNoLongerName) {
+TEST(ReportPageTest, ShortensTheHomeFolderButNoLongerName) {
     ReportPage page("/home/anna");
     page.line("/home/anna /home/anna/file:/home/annabel:/home/anna");
     EXPECT_EQ(page.text(), "  /home/anna ~/file:/home/annabel:~\n");
 }
 
-TEST(ReportPageTest, LeavesPathsAloneWithoutAHomeFolder) {
+TEST(ReportPageTest, KeepsPathsWithoutAHomeFolder) {
     for (const char* home : {"", "/", "relative"}) {
         ReportPage page(home);
         page.line("/relative/file");

@@ -17,16 +17,16 @@ std::string ownName() {
     return name;
 }
 
-TEST(SocketServerTest, NamesTheProgramThatListensEvenIfItNeverAccepts) {
+TEST(SocketServerTest, ReturnsTheListeningProgramEvenIfItNeverAccepts) {
     const test::SilentSocket listening;
     const std::string path = listening.address().substr(std::string("unix:path=").size());
-    for (int times = 0; times < 20; ++times) { // more than it queues
+    for (int times = 0; times < 20; ++times) { // more than the backlog
         const std::string name = programListeningOn(path);
         EXPECT_TRUE(name == ownName() || (times > 8 && name.empty())) << name;
     }
 }
 
-TEST(SocketServerTest, IsEmptyWhereNoProgramListens) {
+TEST(SocketServerTest, ReturnsEmptyIfNoProgramListens) {
     const test::TemporaryFolder folder;
     EXPECT_EQ(programListeningOn(""), "");
     EXPECT_EQ(programListeningOn(folder.path() / "nothing"), "");

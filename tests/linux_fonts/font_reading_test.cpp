@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* anyFont = "/usr/share/fonts/opentype/inter/Inter-Regular.otf";
 
-// A machine with one font, which whoever looks for it later finds no more.
+// A font folder with one font, which is deleted before a later reader could find it.
 class FontReadingTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -24,13 +24,13 @@ protected:
         std::filesystem::copy_file(anyFont, fonts / "only.otf");
     }
 
-    // Others may have read this machine's.
+    // Discards fonts that an earlier test may have read.
     FontReadingTest() { FcFini(); }
     ~FontReadingTest() override { FcFini(); }
 
     void takeAllAway() const { std::filesystem::remove_all(fonts); }
 
-    // Reads them first, where nobody has.
+    // Reads the fonts first if they have not been read.
     static int knownFonts() {
         const FcFontSet* const known = FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem);
         return known != nullptr ? known->nfont : 0;
@@ -44,20 +44,20 @@ protected:
     const test::InEnvironment file{"FONTCONFIG_FILE", configuration.c_str()};
 };
 
-TEST_F(FontReadingTest, WhenItHasFinishedTheFontsAreKnown) {
+TEST_F(FontReadingTest, FinishWaitsUntilTheFontsAreKnown) {
     FontReading reading;
     reading.finish();
     takeAllAway();
     EXPECT_EQ(knownFonts(), 1);
 }
 
-TEST_F(FontReadingTest, ItsEndWaitsForTheFonts) {
+TEST_F(FontReadingTest, DestructorWaitsUntilTheFontsAreKnown) {
     { const FontReading reading; }
     takeAllAway();
     EXPECT_EQ(knownFonts(), 1);
 }
 
-TEST_F(FontReadingTest, WithoutItNobodyHasReadThem) {
+TEST_F(FontReadingTest, FontsAreNotReadWithoutIt) {
     takeAllAway();
     EXPECT_EQ(knownFonts(), 0);
 }

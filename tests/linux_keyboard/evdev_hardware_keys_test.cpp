@@ -10,7 +10,7 @@ namespace {
 
 using NativeKey = HardwareKeys::NativeKey;
 
-TEST(EvdevHardwareKeys, EveryKeyThatCanBeTypedCanBeRecorded) {
+TEST(EvdevHardwareKeys, EveryTypableKeyCanBeRecorded) {
     const EvdevHardwareKeys keys;
     for (const KeyCodePair& pair : keyCodePairs()) {
         const NativeKey native{.scanCode = pair.kernelCode + 8U};
@@ -18,7 +18,7 @@ TEST(EvdevHardwareKeys, EveryKeyThatCanBeTypedCanBeRecorded) {
     }
 }
 
-TEST(EvdevHardwareKeys, TheScanCodeAloneSaysWhichKeyItIs) {
+TEST(EvdevHardwareKeys, ScanCodeAloneDeterminesTheKey) {
     struct Row {
         const char* what;
         NativeKey key;
@@ -29,12 +29,12 @@ TEST(EvdevHardwareKeys, TheScanCodeAloneSaysWhichKeyItIs) {
         {"the key where A is", {.scanCode = 38}, 0},
         {"the same key in a layout where it is Q", {.scanCode = 38, .virtualKey = 'q'}, 0},
         {"a key without a counterpart", {.scanCode = KEY_PLAYPAUSE + 8}, std::nullopt},
-        {"an event that no key has made", {.scanCode = 0, .virtualKey = 'a'}, std::nullopt},
+        {"an event without a key", {.scanCode = 0, .virtualKey = 'a'}, std::nullopt},
         {"just below the kernel's first code", {.scanCode = 7}, std::nullopt},
         {"the kernel's reserved code", {.scanCode = 8}, std::nullopt},
         {"just past the kernel's last code", {.scanCode = KEY_CNT + 8}, std::nullopt},
-        {"as A, but for what does not fit", {.scanCode = 0x10000 + 38}, std::nullopt},
-        {"the largest number", {.scanCode = UINT32_MAX}, std::nullopt},
+        {"the code of A with extra high bits", {.scanCode = 0x10000 + 38}, std::nullopt},
+        {"the maximum number", {.scanCode = UINT32_MAX}, std::nullopt},
     };
     const EvdevHardwareKeys keys;
     for (const Row& row : rows) {
@@ -42,14 +42,14 @@ TEST(EvdevHardwareKeys, TheScanCodeAloneSaysWhichKeyItIs) {
     }
 }
 
-TEST(EvdevHardwareKeys, CapsLockIsTheLockModifierAndNoOther) {
+TEST(EvdevHardwareKeys, OnlyTheLockModifierIsCapsLock) {
     const EvdevHardwareKeys keys;
     for (unsigned bit = 0; bit < 32; ++bit) {
         const NativeKey key{.scanCode = 9, .modifiers = 1U << bit};
         EXPECT_EQ(keys.capsLock(key), bit == 1) << "bit " << bit;
     }
     EXPECT_FALSE(keys.capsLock({.scanCode = 66}));
-    EXPECT_TRUE(keys.capsLock({.scanCode = 9, .modifiers = 0x2 | 0x10})); // Num Lock, too
+    EXPECT_TRUE(keys.capsLock({.scanCode = 9, .modifiers = 0x2 | 0x10})); // with Num Lock
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The table is written out once more, by the names of the keys as people know them, so that a slip
-// of a line in one of the two shows.
+// The test has its own copy of the table, with the usual names of the keys. So an error in one
+// table is detected.
 #include "dispatch/key_names.h"
 #include "platform/linux/keyboard/key_codes.h"
 
@@ -93,7 +93,7 @@ const std::map<std::string_view, int> keysByName = {
     {"↑", KEY_UP},
 };
 
-// Those without a name in shortcut texts.
+// Keys without a name in shortcut texts.
 const std::map<std::uint16_t, int> namelessKeys = {
     {10, KEY_102ND},    {54, KEY_RIGHTMETA},  {55, KEY_LEFTMETA}, {56, KEY_LEFTSHIFT},
     {57, KEY_CAPSLOCK}, {58, KEY_LEFTALT},    {59, KEY_LEFTCTRL}, {60, KEY_RIGHTSHIFT},
@@ -116,7 +116,7 @@ std::map<std::uint16_t, int> expectedTable() {
     return expected;
 }
 
-TEST(KeyCodesTest, EveryCodeHasItsCounterpartAndNoOther) {
+TEST(KeyCodesTest, EveryCodeHasExactlyOneCounterpart) {
     const auto expected = expectedTable();
     ASSERT_EQ(keysByName.size(), 77U);
     for (int code = 0; code <= 0xFFFF; ++code) {
@@ -131,7 +131,7 @@ TEST(KeyCodesTest, EveryCodeHasItsCounterpartAndNoOther) {
     }
 }
 
-TEST(KeyCodesTest, TheWayBackIsTheSameWay) {
+TEST(KeyCodesTest, ReverseMappingIsTheInverse) {
     std::map<int, std::uint16_t> expected;
     for (const auto& [keyCode, kernelCode] : expectedTable()) {
         ASSERT_TRUE(expected.emplace(kernelCode, keyCode).second) << "twice: " << kernelCode;
@@ -147,7 +147,7 @@ TEST(KeyCodesTest, TheWayBackIsTheSameWay) {
     }
 }
 
-TEST(KeyCodesTest, ThePairsAreAllOfThemInAscendingOrder) {
+TEST(KeyCodesTest, PairsAreCompleteAndAscending) {
     std::map<std::uint16_t, int> listed;
     std::vector<std::uint16_t> order;
     for (const KeyCodePair& pair : keyCodePairs()) {

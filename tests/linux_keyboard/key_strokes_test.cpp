@@ -47,8 +47,8 @@ const Row rows[] = {
     {"command", stroke(t, command), "+META +T -T -META"},
     {"all four", stroke(t, shift | control | option | command),
      "+SHIFT +CTRL +ALT +META +T -T -META -ALT -CTRL -SHIFT"},
-    {"flags that are no modifiers", stroke(t, ~(shift | control | option | command)), "+T -T"},
-    {"every flag there is", stroke(t, ~std::uint64_t{0}),
+    {"flags that are not modifiers", stroke(t, ~(shift | control | option | command)), "+T -T"},
+    {"every flag", stroke(t, ~std::uint64_t{0}),
      "+SHIFT +CTRL +ALT +META +T -T -META -ALT -CTRL -SHIFT"},
     {"two strokes", stroke(q, control) + stroke(t, control), "+CTRL +Q -Q -CTRL +CTRL +T -T -CTRL"},
     {"a key that does not exist", stroke(noKey, control), ""},
@@ -63,34 +63,34 @@ const Row rows[] = {
     {"the release's flags do not matter",
      {{t, true, control}, {t, false, shift}},
      "+CTRL +T -T -CTRL"},
-    {"one within the other, same modifiers",
+    {"nested strokes, same modifiers",
      {{q, true, control}, {t, true, control}, {t, false, control}, {q, false, control}},
      "+CTRL +Q +T -T -Q -CTRL"},
-    {"one within the other, other modifiers",
+    {"nested strokes, other modifiers",
      {{q, true, control | shift}, {t, true, control | option}, {t, false, 0}, {q, false, 0}},
      "+SHIFT +CTRL +Q -SHIFT +ALT +T -T -Q -ALT -CTRL"},
-    {"a modifier for its own sake", stroke(leftShift, 0), "+SHIFT -SHIFT"},
+    {"a modifier typed as a key", stroke(leftShift, 0), "+SHIFT -SHIFT"},
     {"a modifier with its own flag", stroke(leftShift, shift), "+SHIFT -SHIFT"},
-    {"the right one with its own flag", stroke(rightShift, shift), "+RIGHTSHIFT -RIGHTSHIFT"},
-    {"a modifier with another one's flag", stroke(leftShift, control), "+CTRL +SHIFT -SHIFT -CTRL"},
-    {"caps lock is a key like others", stroke(capsLock, control),
-     "+CTRL +CAPSLOCK -CAPSLOCK -CTRL"},
-    {"a modifier that is down for its own sake serves the others",
+    {"the right modifier with its own flag", stroke(rightShift, shift), "+RIGHTSHIFT -RIGHTSHIFT"},
+    {"a modifier with the flag of another", stroke(leftShift, control),
+     "+CTRL +SHIFT -SHIFT -CTRL"},
+    {"caps lock is an ordinary key", stroke(capsLock, control), "+CTRL +CAPSLOCK -CAPSLOCK -CTRL"},
+    {"a modifier typed as a key also modifies others",
      {{leftShift, true, 0}, {t, true, shift}, {t, false, shift}, {leftShift, false, 0}},
      "+SHIFT +T -T -SHIFT"},
-    {"a modifier that is down for another's sake becomes a key",
+    {"a modifier held for a key can be typed as a key",
      {{t, true, shift}, {leftShift, true, shift}, {leftShift, false, 0}, {t, false, 0}},
      "+SHIFT +T -SHIFT +SHIFT -SHIFT -T"},
 };
 
-TEST(KeyStrokesTest, FlagsBecomeKeys) {
+TEST(KeyStrokesTest, FlagsBecomeModifierKeys) {
     for (const Row& row : rows) {
         KeyStrokes strokes;
         EXPECT_EQ(typedText(strokes.changesFor(row.events)), row.typed) << row.name;
     }
 }
 
-TEST(KeyStrokesTest, WhatIsDownIsRememberedFromOneCallToTheNext) {
+TEST(KeyStrokesTest, PressedKeysAreRememberedBetweenCalls) {
     KeyStrokes strokes;
     const Events down = {{t, true, control}};
     const Events up = {{t, false, control}};
@@ -100,14 +100,14 @@ TEST(KeyStrokesTest, WhatIsDownIsRememberedFromOneCallToTheNext) {
     EXPECT_EQ(typedText(strokes.changesFor(up)), "");
 }
 
-TEST(KeyStrokesTest, ARefusedCallLeavesNothingDown) {
+TEST(KeyStrokesTest, RejectedCallLeavesNoKeyDown) {
     KeyStrokes strokes;
     const Events events = {{t, true, control}, {noKey, true, 0}};
     EXPECT_EQ(typedText(strokes.changesFor(events)), "");
     EXPECT_EQ(typedText(strokes.releaseAll()), "");
 }
 
-TEST(KeyStrokesTest, EverythingIsLetGoOf) {
+TEST(KeyStrokesTest, ReleaseAllReleasesEveryKey) {
     KeyStrokes strokes;
     const Events events = {{q, true, control}, {t, true, control | shift}};
     EXPECT_EQ(typedText(strokes.changesFor(events)), "+CTRL +Q +SHIFT +T");

@@ -23,7 +23,7 @@ struct Row {
 
 const Row rows[] = {
     {"shift", {KEY_LEFTSHIFT}, "-SHIFT +CTRL +T -T -CTRL", "+SHIFT"},
-    {"the one that is wanted, too", {KEY_LEFTCTRL}, "-CTRL +CTRL +T -T -CTRL", "+CTRL"},
+    {"a modifier of the shortcut is also held", {KEY_LEFTCTRL}, "-CTRL +CTRL +T -T -CTRL", "+CTRL"},
     {"super, which alone is a command",
      {KEY_LEFTMETA},
      "+CTRL -CTRL -META +CTRL +T -T -CTRL",
@@ -36,13 +36,13 @@ const Row rows[] = {
      {KEY_LEFTMETA, KEY_RIGHTCTRL},
      "-META -RIGHTCTRL +CTRL +T -T -CTRL",
      "+META +RIGHTCTRL"},
-    {"super and shift: nobody has pressed a key between",
+    {"super and shift: no key was pressed in between",
      {KEY_LEFTSHIFT, KEY_LEFTMETA},
      "+CTRL -CTRL -SHIFT -META +CTRL +T -T -CTRL",
      "+SHIFT +META +CTRL -CTRL"},
 };
 
-TEST(LiftedTypingTest, WhatIsHeldComesUpAndGoesDownAgain) {
+TEST(LiftedTypingTest, HeldModifiersAreReleasedAndPressedAgain) {
     for (const Row& row : rows) {
         EXPECT_EQ(typedText(typedWithout(row.held, controlT)), row.typed) << row.name;
         EXPECT_EQ(typedText(putBack(row.held)), row.putBack) << row.name;
@@ -50,7 +50,7 @@ TEST(LiftedTypingTest, WhatIsHeldComesUpAndGoesDownAgain) {
     EXPECT_EQ(typedText(putBack({})), "");
 }
 
-TEST(LiftedTypingTest, OnlyWholeStrokesAreBalanced) {
+TEST(LiftedTypingTest, OnlyCompleteStrokesAreBalanced) {
     EXPECT_TRUE(areBalanced({}));
     EXPECT_TRUE(areBalanced(controlT));
     EXPECT_FALSE(areBalanced(Changes{{KEY_T, true}}));

@@ -1,4 +1,4 @@
-// The keyboard over a device and a knower of held modifiers that write down what they are asked.
+// The keyboard with a device and held modifiers that record their calls.
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "typed_text.h"
 
@@ -54,7 +54,7 @@ private:
     bool isPlugged = false;
 };
 
-// Keeps what is to be typed until it is told whether a modifier is held.
+// Keeps the changes until the test reports whether a modifier is held.
 class ScriptedHeldModifiers : public HeldModifiers {
 public:
     explicit ScriptedHeldModifiers(Log& keptLog) : log(keptLog) {}
@@ -78,7 +78,7 @@ private:
     std::vector<std::function<void()>> waiting;
 };
 
-TEST(UinputKeyboardTest, TheKeyboardIsPluggedInAtTheStartAndOnce) {
+TEST(UinputKeyboardTest, DeviceIsCreatedOnceOnStartup) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -90,7 +90,7 @@ TEST(UinputKeyboardTest, TheKeyboardIsPluggedInAtTheStartAndOnce) {
     EXPECT_EQ(script.log, (Log{"plug in", "+CTRL +T -T -CTRL", "+Q -Q", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, AKeyThatDoesNotExistTypesNothing) {
+TEST(UinputKeyboardTest, UnknownKeyTypesNothing) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -100,7 +100,7 @@ TEST(UinputKeyboardTest, AKeyThatDoesNotExistTypesNothing) {
     EXPECT_EQ(script.log, (Log{"plug in", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, WithoutPermissionEachAttemptAsksAgain) {
+TEST(UinputKeyboardTest, EachAttemptRetriesWithoutPermission) {
     DeviceScript script{{}, false};
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -109,12 +109,12 @@ TEST(UinputKeyboardTest, WithoutPermissionEachAttemptAsksAgain) {
         script.isPermitted = true;
         keyboard.post(shortcut);
     }
-    // The first press was never typed, so it is not held either.
+    // The first press was never typed, so the key is not down.
     EXPECT_EQ(script.log,
               (Log{"refused", "refused", "refused", "plug in", "+CTRL +T -T -CTRL", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, KeysComeUpBeforeTheKeyboardGoes) {
+TEST(UinputKeyboardTest, DestructorReleasesKeys) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -123,7 +123,7 @@ TEST(UinputKeyboardTest, KeysComeUpBeforeTheKeyboardGoes) {
     EXPECT_EQ(script.log, (Log{"plug in", "+CTRL +T", "-T -CTRL", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, UnpluggedItLetsGoOfItsKeysAndTypesNothingUntilItIsPluggedInAgain) {
+TEST(UinputKeyboardTest, UnpluggingReleasesKeysAndTypesNothingUntilPluggedInAgain) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -138,7 +138,7 @@ TEST(UinputKeyboardTest, UnpluggedItLetsGoOfItsKeysAndTypesNothingUntilItIsPlugg
               (Log{"plug in", "+CTRL +T", "-T -CTRL", "unplug", "plug in", "+Q -Q", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, WhatIsHeldIsLookedAtFirst) {
+TEST(UinputKeyboardTest, HeldModifiersAreCheckedFirst) {
     DeviceScript script;
     {
         auto held = std::make_unique<ScriptedHeldModifiers>(script.log);
@@ -147,14 +147,14 @@ TEST(UinputKeyboardTest, WhatIsHeldIsLookedAtFirst) {
         keyboard.post(shortcut);
         modifiers.typePlainly();
         keyboard.post(shortcut);
-        modifiers.forget(); // typed in another way
+        modifiers.forget(); // typed by the fake
         keyboard.post(unknown);
     }
     EXPECT_EQ(script.log, (Log{"plug in", "asked for +CTRL +T -T -CTRL", "+CTRL +T -T -CTRL",
                                "asked for +CTRL +T -T -CTRL", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, WhatWaitsIsTypedBeforeTheKeyboardGoes) {
+TEST(UinputKeyboardTest, DestructorTypesPendingChanges) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script),

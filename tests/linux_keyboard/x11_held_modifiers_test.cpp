@@ -1,5 +1,5 @@
-// Lifting and putting back at a server that does exactly what the test wants at the moments that a
-// real one meets by chance: the user lets go in between.
+// Lifts and puts back modifiers on a fake server. The test controls the moments at which the user
+// releases keys, which are races with a real server.
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "typed_text.h"
 
@@ -25,20 +25,21 @@ using Codes = std::set<std::uint16_t>;
 const Changes controlT = {
     {KEY_LEFTCTRL, true}, {KEY_T, true}, {KEY_T, false}, {KEY_LEFTCTRL, false}};
 
-// What the test and the server's double share. The test touches it while the desktop thread rests.
+// State that the test shares with the fake server. The test uses it while the desktop thread is
+// idle.
 struct Script {
     Codes user;
     Codes ours;
     Log log;
     int looks = 0;
     int hearings = 0;
-    std::function<void(int)> beforeLook; // told which look it is
+    std::function<void(int)> beforeLook; // called with the number of each check of the keys
     bool isListening = false;
     bool isAlive = true;
     bool hasNews = false;
 };
 
-// Takes what the user holds for held, as the real one does for keyboards and for itself.
+// Like the real server, counts keys of keyboards and of XTEST as held.
 class ScriptedServer : public XKeyServer {
 public:
     explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}
@@ -102,14 +103,14 @@ protected:
         desktop.call([] {});
     }
 
-    // The user lets go of everything, and the server tells.
+    // The user releases all keys, and the server reports it.
     void userLetsGo() {
         desktop.call([this] {
             script.user.clear();
             script.hasNews = script.isListening;
             server->tell();
         });
-        // What is readable when this is asked for is dealt with before the second of them.
+        // Events that are pending now are processed before the second task runs.
         desktop.call([] {});
         desktop.call([] {});
     }
@@ -120,12 +121,12 @@ protected:
     std::unique_ptr<HeldModifiers> held;
 };
 
-TEST_F(X11HeldModifiersTest, NothingHeldIsTypedPlainly) {
+TEST_F(X11HeldModifiersTest, TypesPlainlyIfNoModifierIsHeld) {
     type();
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, WhatIsHeldIsPutBackAndFollowedUntilItIsReleased) {
+TEST_F(X11HeldModifiersTest, HeldModifierIsPutBackAndReleasedWithTheUsersKey) {
     script.user = {KEY_LEFTSHIFT};
     type();
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT"}));
@@ -134,7 +135,7 @@ TEST_F(X11HeldModifiersTest, WhatIsHeldIsPutBackAndFollowedUntilItIsReleased) {
     EXPECT_EQ(script.log, (Log{"-SHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, WhatIsReleasedWhileTypingIsNotPutBack) {
+TEST_F(X11HeldModifiersTest, ModifierReleasedDuringTypingIsNotPutBack) {
     script.user = {KEY_LEFTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 2) {
@@ -145,7 +146,7 @@ TEST_F(X11HeldModifiersTest, WhatIsReleasedWhileTypingIsNotPutBack) {
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, WhatIsReleasedWhilePuttingBackIsLetGoOfAtOnce) {
+TEST_F(X11HeldModifiersTest, ModifierReleasedDuringPuttingBackIsReleasedAtOnce) {
     script.user = {KEY_LEFTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 3) {
@@ -157,7 +158,7 @@ TEST_F(X11HeldModifiersTest, WhatIsReleasedWhilePuttingBackIsLetGoOfAtOnce) {
               (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT", "-SHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, OneOfTwoMayBeReleasedBeforeTheOther) {
+TEST_F(X11HeldModifiersTest, TwoModifiersCanBeReleasedSeparately) {
     script.user = {KEY_LEFTSHIFT, KEY_RIGHTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 3) {
@@ -172,7 +173,7 @@ TEST_F(X11HeldModifiersTest, OneOfTwoMayBeReleasedBeforeTheOther) {
     EXPECT_EQ(script.log, (Log{"-RIGHTSHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, ASecondShortcutInOneHoldLiftsWhatWasPutBack) {
+TEST_F(X11HeldModifiersTest, SecondShortcutLiftsModifiersThatWerePutBack) {
     script.user = {KEY_LEFTSHIFT};
     type();
     script.log.clear();
@@ -180,20 +181,20 @@ TEST_F(X11HeldModifiersTest, ASecondShortcutInOneHoldLiftsWhatWasPutBack) {
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "+SHIFT"}));
 }
 
-TEST_F(X11HeldModifiersTest, OurOwnKeyboardsModifiersAreNotHeld) {
+TEST_F(X11HeldModifiersTest, ModifiersOfOurKeyboardAreNotHeld) {
     script.ours = {KEY_LEFTCTRL};
     type();
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, AModifierThatTheUserHoldsWhileOursIsDownIsHeld) {
+TEST_F(X11HeldModifiersTest, ModifierHeldByTheUserAndOurKeyboardIsHeld) {
     script.ours = {KEY_LEFTCTRL};
     script.user = {KEY_LEFTCTRL};
     type();
     EXPECT_EQ(script.log, (Log{"-CTRL +CTRL +T -T -CTRL", "listen", "+CTRL"}));
 }
 
-TEST_F(X11HeldModifiersTest, AtTheEndNothingIsLeftDown) {
+TEST_F(X11HeldModifiersTest, DestructorReleasesAllKeys) {
     script.user = {KEY_LEFTSHIFT};
     type();
     script.log.clear();
@@ -201,8 +202,8 @@ TEST_F(X11HeldModifiersTest, AtTheEndNothingIsLeftDown) {
     EXPECT_EQ(script.log, Log{"-SHIFT"});
 }
 
-// Its connection can be read for ever, and there is nothing to read.
-TEST_F(X11HeldModifiersTest, AServerThatHasGoneIsNotListenedToAnyMore) {
+// The socket of a dead connection stays readable, without events.
+TEST_F(X11HeldModifiersTest, LostServerIsNoLongerWatched) {
     desktop.call([this] {
         script.isAlive = false;
         server->tell();

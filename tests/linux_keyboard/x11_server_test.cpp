@@ -1,6 +1,5 @@
-// Typing while keys are held, at a real X server. It has no keyboard of its own here; the keys are
-// held by another program. What happens to keys that a person holds is seen with the kernel's
-// keyboards.
+// Types while keys are held, on a real X server. The server has no keyboard here; another program
+// holds the keys. Tests with the kernel's keyboards cover keys that a user holds.
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "platform/linux/keyboard/x11_server.h"
 #include "platform/linux/windows/desktop_thread.h"
@@ -36,7 +35,7 @@ protected:
         ASSERT_NE(held, nullptr);
     }
 
-    // How often it was left to the virtual keyboard.
+    // How often typing was left to the uinput keyboard.
     int type(const Changes& changes) {
         int plainly = 0;
         held->type(changes, [&] { ++plainly; });
@@ -49,12 +48,12 @@ protected:
     std::unique_ptr<HeldModifiers> held;
 };
 
-TEST_F(X11ServerTest, WhileNothingIsHeldTheVirtualKeyboardTypes) {
+TEST_F(X11ServerTest, UinputKeyboardTypesIfNoModifierIsHeld) {
     EXPECT_EQ(type(controlT), 1);
     EXPECT_EQ(stage->keysUntilNow(), Keys{});
 }
 
-TEST_F(X11ServerTest, AHeldModifierIsNoPartOfTheShortcut) {
+TEST_F(X11ServerTest, HeldModifierIsNotPartOfTheShortcut) {
     stage->hold(KEY_LEFTSHIFT, true);
     EXPECT_EQ(stage->keysUntilNow(), (Keys{"+42 while 0"}));
     EXPECT_EQ(type(controlT), 0);
@@ -62,7 +61,7 @@ TEST_F(X11ServerTest, AHeldModifierIsNoPartOfTheShortcut) {
               (Keys{"-42 while 1", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
 }
 
-TEST_F(X11ServerTest, AHeldModifierThatIsWantedIsPressedOnce) {
+TEST_F(X11ServerTest, HeldModifierOfTheShortcutIsPressedOnce) {
     stage->hold(KEY_LEFTCTRL, true);
     stage->keysUntilNow();
     EXPECT_EQ(type(controlT), 0);
@@ -70,8 +69,8 @@ TEST_F(X11ServerTest, AHeldModifierThatIsWantedIsPressedOnce) {
               (Keys{"-29 while 4", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
 }
 
-// Nobody could tell when that program lets go.
-TEST_F(X11ServerTest, WhatNoKeyboardHoldsIsNotPutBack) {
+// The release of a key that only a program holds could not be detected.
+TEST_F(X11ServerTest, ModifierThatNoKeyboardHoldsIsNotPutBack) {
     stage->hold(KEY_LEFTMETA, true);
     EXPECT_NE(stage->modifiers(), 0U);
     EXPECT_EQ(type(controlT), 0);
@@ -79,7 +78,7 @@ TEST_F(X11ServerTest, WhatNoKeyboardHoldsIsNotPutBack) {
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST_F(X11ServerTest, ALockedModifierIsLeftAlone) {
+TEST_F(X11ServerTest, LockedModifierIsNotLifted) {
     stage->hold(KEY_CAPSLOCK, true);
     stage->hold(KEY_CAPSLOCK, false);
     EXPECT_EQ(stage->modifiers(), lockMask);
@@ -87,34 +86,34 @@ TEST_F(X11ServerTest, ALockedModifierIsLeftAlone) {
     EXPECT_EQ(stage->modifiers(), lockMask);
 }
 
-TEST_F(X11ServerTest, AHeldLockKeyIsLeftAlone) {
+TEST_F(X11ServerTest, HeldLockKeyIsNotLifted) {
     stage->hold(KEY_CAPSLOCK, true);
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST_F(X11ServerTest, AHeldLetterIsNoModifier) {
+TEST_F(X11ServerTest, HeldLetterIsNotAModifier) {
     stage->hold(KEY_Q, true);
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST_F(X11ServerTest, WhatIsNoWholeStrokeIsLeftToTheVirtualKeyboard) {
+TEST_F(X11ServerTest, IncompleteStrokeIsLeftToTheUinputKeyboard) {
     stage->hold(KEY_LEFTSHIFT, true);
     EXPECT_EQ(type({{KEY_T, true}}), 1);
 }
 
-TEST_F(X11ServerTest, AKeyThatTheServerDoesNotKnowIsLeftToTheVirtualKeyboard) {
+TEST_F(X11ServerTest, KeyUnknownToTheServerIsLeftToTheUinputKeyboard) {
     stage->hold(KEY_LEFTSHIFT, true);
     EXPECT_EQ(type({{KEY_FN, true}, {KEY_FN, false}}), 1);
 }
 
-TEST_F(X11ServerTest, WithoutItsServerTheVirtualKeyboardTypes) {
+TEST_F(X11ServerTest, UinputKeyboardTypesAfterTheServerExits) {
     stage->hold(KEY_LEFTSHIFT, true);
     stage.reset();
     EXPECT_EQ(type(controlT), 1);
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST(HeldModifiersOfThisSessionTest, OnlyX11Tells) {
+TEST(HeldModifiersOfThisSessionTest, OnlyX11SessionsHaveHeldModifiers) {
     DesktopThread desktop;
     unsetenv("DISPLAY");
     EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);

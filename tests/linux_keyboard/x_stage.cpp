@@ -25,13 +25,13 @@ namespace {
 constexpr const char* serverProgram = "/usr/bin/Xvfb";
 constexpr int patience = 120'000; // milliseconds, for a busy machine
 constexpr int keyCodeOffset = 8;
-constexpr std::uint16_t marker = KEY_F24; // nobody else types it
+constexpr std::uint16_t marker = KEY_F24; // no test types this key
 
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-// The server tells its display's number once it listens.
+// The server writes its display number when it listens.
 std::string readNumber(int descriptor) {
     std::string number;
     char digit = 0;
@@ -109,7 +109,7 @@ void XStage::openWindow() {
                       XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
     xcb_map_window(connection, window);
     xcb_set_input_focus(connection, XCB_INPUT_FOCUS_PARENT, window, XCB_CURRENT_TIME);
-    modifiers(); // its answer comes after all that
+    modifiers(); // the reply arrives after all earlier events
 }
 
 void XStage::hold(std::uint16_t kernelCode, bool down) {
@@ -142,7 +142,7 @@ std::vector<std::string> XStage::keysUntilNow() {
             }
         }
     } while (poll(&source, 1, patience) > 0);
-    ADD_FAILURE() << "the keys never came";
+    ADD_FAILURE() << "the keys have not arrived";
     return seen;
 }
 
@@ -150,7 +150,7 @@ std::uint32_t XStage::modifiers() {
     const std::unique_ptr<xcb_query_pointer_reply_t, Free> reply(
         xcb_query_pointer_reply(connection, xcb_query_pointer(connection, root), nullptr));
     if (reply == nullptr) {
-        ADD_FAILURE() << "the X server does not answer";
+        ADD_FAILURE() << "the X server does not reply";
         return 0;
     }
     return reply->mask & 0xFF;

@@ -1,11 +1,10 @@
-// An X server without a screen, and a program with a window that has the keyboard's focus and
-// writes down the keys that reach it. It can also hold keys down, as a remote desktop does for the
-// person at its other end.
+// An X server without a screen, and a client with a focused window that records the keys it
+// receives. The client can also hold keys down, as a remote desktop does.
 //
 // Units:   the kernel's key codes; modifiers are the server's mask before the change.
 // Thread:  one.
-// Owner:   a test. Destroying it ends the server.
-// Errors:  what does not come in time is a failure of the test.
+// Owner:   a test. The destructor ends the server.
+// Errors:  an event that does not arrive in time fails the test.
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"
@@ -24,7 +23,7 @@ class XStage {
 public:
     static bool isInstalled();
 
-    // Names the server in DISPLAY.
+    // Sets DISPLAY to this server.
     XStage();
     XStage(const XStage&) = delete;
     XStage& operator=(const XStage&) = delete;
@@ -32,11 +31,11 @@ public:
 
     void hold(std::uint16_t kernelCode, bool down);
 
-    // Types a key of its own and answers all that has come until it has come back, but itself:
-    // "+20 while 4" is key 20 down while Control is held.
+    // Types a marker key and returns all keys received before it: "+20 while 4" means that key 20
+    // was pressed while Control was held.
     std::vector<std::string> keysUntilNow();
 
-    // What the server takes for held.
+    // The modifiers that the server considers held.
     std::uint32_t modifiers();
 
 private:

@@ -34,7 +34,7 @@ private:
 
 class LinuxNotesTest : public testing::Test {
 protected:
-    // After a question that has ended so.
+    // The note after a prompt that ended like this.
     std::string missing(Access access, const char* answer = nullptr, const char* code = "en") {
         std::vector<std::string> command{"/bin/sh", "-c", answer != nullptr ? answer : "", "grant"};
         AccessPrompt prompt(queue, answer != nullptr ? command : std::vector<std::string>());
@@ -61,7 +61,7 @@ protected:
     std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
 };
 
-TEST_F(LinuxNotesTest, WhatIsMissingIsSaidInBothLanguages) {
+TEST_F(LinuxNotesTest, MissingNodesAreNamedInBothLanguages) {
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}), "");
     EXPECT_EQ(missing({.toTouchpad = false, .toKeyboard = true}),
               "Missing here: access to the touchpad.");
@@ -71,18 +71,18 @@ TEST_F(LinuxNotesTest, WhatIsMissingIsSaidInBothLanguages) {
     EXPECT_EQ(missing({}, nullptr, "zh"), "此处缺少：触控板和虚拟键盘的访问权限。");
 }
 
-TEST_F(LinuxNotesTest, WhereNothingAsksForThePasswordItSaysWhatToRun) {
+TEST_F(LinuxNotesTest, WithoutAnAuthenticationAgentTheNoteNamesTheCommand) {
     EXPECT_THAT(missing({}, "exit 127"), EndsWith("In a terminal, run: sudo grant"));
     EXPECT_THAT(missing({}, "exit 127", "zh"), EndsWith("请在终端中运行：sudo grant"));
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}, "exit 127"), "");
 }
 
-TEST_F(LinuxNotesTest, WhoDismissesTheQuestionIsNotLectured) {
+TEST_F(LinuxNotesTest, DismissedPromptAddsNoInstructions) {
     EXPECT_THAT(missing({}, "exit 126"), Not(HasSubstr("sudo")));
     EXPECT_THAT(missing({}, "exit 0"), Not(HasSubstr("sudo")));
 }
 
-TEST_F(LinuxNotesTest, WhereNothingIsInstalledForAllUsersItSaysSo) {
+TEST_F(LinuxNotesTest, MissingGrantProgramIsExplained) {
     AccessPrompt prompt(queue, {});
     prompt.ask();
     queue->runAll();

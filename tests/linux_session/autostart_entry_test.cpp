@@ -51,11 +51,11 @@ protected:
     AutostartEntry item{places()};
 };
 
-TEST_F(AutostartEntryTest, WithoutAFileThereIsNoRegistration) {
+TEST_F(AutostartEntryTest, MissingFileIsNotRegistered) {
     EXPECT_EQ(item.status(), Status::notRegistered);
 }
 
-TEST_F(AutostartEntryTest, TheFileSaysWhatTheStatusIs) {
+TEST_F(AutostartEntryTest, FileDeterminesTheStatus) {
     struct Row {
         std::string text;
         Status status;
@@ -74,7 +74,7 @@ TEST_F(AutostartEntryTest, TheFileSaysWhatTheStatusIs) {
     }
 }
 
-TEST_F(AutostartEntryTest, TheMostSpecialFileReplacesTheOthersWhole) {
+TEST_F(AutostartEntryTest, MostSpecificFileReplacesTheOthersCompletely) {
     ofLesserSystem(entry());
     EXPECT_EQ(item.status(), Status::enabled);
     ofSystem(entry("Hidden=true\n"));
@@ -93,7 +93,7 @@ TEST_F(AutostartEntryTest, RegisteringWritesAnEntryThatTheNextRunFinds) {
                                        "Icon=org.glidemap.Glidemap\n");
 }
 
-TEST_F(AutostartEntryTest, WhatStartsAlreadyStaysAsItIs) {
+TEST_F(AutostartEntryTest, RegisteringKeepsAFileThatAlreadyStartsTheProgram) {
     ofSystem(entry("X-Mine=1\n"));
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(userFile));
@@ -108,7 +108,7 @@ TEST_F(AutostartEntryTest, RegisteringRepairsTheUsersFile) {
     EXPECT_EQ(contentOf(userFile), entry("X-Mine=1\n"));
 }
 
-TEST_F(AutostartEntryTest, RegisteringReplacesWhatStartsAnotherProgram) {
+TEST_F(AutostartEntryTest, RegisteringReplacesAnEntryForAnotherProgram) {
     ofUser("[Desktop Entry]\nType=Application\nName=x\nIcon=x\nExec=/bin/true\n");
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(contentOf(userFile),
@@ -122,7 +122,7 @@ TEST_F(AutostartEntryTest, UnregisteringRemovesTheUsersFile) {
     EXPECT_EQ(item.status(), Status::notRegistered);
 }
 
-TEST_F(AutostartEntryTest, UnregisteringWhatIsNotRegisteredIsNoError) {
+TEST_F(AutostartEntryTest, UnregisteringAMissingEntryIsNoError) {
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(userFile));
 }
@@ -137,14 +137,14 @@ TEST_F(AutostartEntryTest, UnregisteringHidesTheSystemsFile) {
     EXPECT_EQ(item.status(), Status::enabled);
 }
 
-TEST_F(AutostartEntryTest, ASystemsFileThatStartsNothingIsNotHidden) {
+TEST_F(AutostartEntryTest, SystemFileThatStartsNothingIsNotHidden) {
     ofSystem(entry("OnlyShowIn=KDE;\n"));
     ofUser(entry());
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(userFile));
 }
 
-TEST_F(AutostartEntryTest, AMaskedEntryIsOffAndCanBeRegistered) {
+TEST_F(AutostartEntryTest, MaskedEntryIsOffAndCanBeRegistered) {
     ofSystem(entry());
     fs::create_directories(userFile.parent_path());
     fs::create_symlink("/dev/null", userFile);
@@ -153,8 +153,8 @@ TEST_F(AutostartEntryTest, AMaskedEntryIsOffAndCanBeRegistered) {
     EXPECT_EQ(item.status(), Status::enabled);
 }
 
-TEST_F(AutostartEntryTest, FailuresHaveTheSystemsText) {
-    folder.write("user", "a file in the way"); // also of root, whom no permission stops
+TEST_F(AutostartEntryTest, FailureHasTheSystemsErrorText) {
+    folder.write("user", "a file in the way"); // also stops root, whom permissions do not
     EXPECT_EQ(item.registerItem(), std::generic_category().message(ENOTDIR));
     EXPECT_EQ(item.status(), Status::notRegistered);
     fs::remove(folder.path() / "user");
@@ -163,7 +163,7 @@ TEST_F(AutostartEntryTest, FailuresHaveTheSystemsText) {
     EXPECT_EQ(item.unregisterItem(), std::generic_category().message(ENOTEMPTY));
 }
 
-TEST_F(AutostartEntryTest, ThePlacesComeFromTheEnvironment) {
+TEST_F(AutostartEntryTest, PlacesComeFromTheEnvironment) {
     struct Row {
         const char* home;
         const char* folders;

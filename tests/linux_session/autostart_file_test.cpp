@@ -21,7 +21,7 @@ using test::TemporaryFolder;
 
 class AutostartFileTest : public testing::Test {
 protected:
-    // PROGRAM stands for the path of a program that is there.
+    // PROGRAM is replaced by the path of an existing program.
     AutostartFile fileWith(std::string text) const {
         for (auto at = text.find("PROGRAM"); at != std::string::npos; at = text.find("PROGRAM")) {
             text.replace(at, std::string("PROGRAM").size(), program.string());
@@ -44,7 +44,7 @@ protected:
     AutostartSession session{{"GNOME"}, program.parent_path().string()};
 };
 
-TEST_F(AutostartFileTest, OnlyWhatASessionWouldReallyStartStarts) {
+TEST_F(AutostartFileTest, FileStartsOnlyIfASessionWouldStartIt) {
     const std::string entry = "[Desktop Entry]\nType=Application\nExec=PROGRAM\n";
     struct Row {
         const char* what;
@@ -52,34 +52,35 @@ TEST_F(AutostartFileTest, OnlyWhatASessionWouldReallyStartStarts) {
         Start start;
     };
     const Row rows[] = {
-        {"the least there can be", entry, Start::happens},
+        {"a minimal entry", entry, Start::happens},
         {"found by its name", "[Desktop Entry]\nType=Application\nExec=glidemap\n", Start::happens},
         {"with arguments", "[Desktop Entry]\nType=Application\nExec=glidemap --quiet\n",
          Start::happens},
-        {"lines of other systems", "[Desktop Entry]\r\nType=Application\r\nExec=glidemap\r\n",
+        {"CRLF line ends", "[Desktop Entry]\r\nType=Application\r\nExec=glidemap\r\n",
          Start::happens},
         {"after a comment", "# Mine\n\n" + entry, Start::happens},
 
         {"hidden", entry + "Hidden=true\n", Start::hidden},
-        {"hidden, and nothing else", "[Desktop Entry]\nHidden=true\n", Start::hidden},
+        {"hidden, without other keys", "[Desktop Entry]\nHidden=true\n", Start::hidden},
         {"not hidden", entry + "Hidden=false\n", Start::happens},
-        {"hidden by no word for it", entry + "Hidden=yes\n", Start::happens},
+        {"hidden has an invalid value", entry + "Hidden=yes\n", Start::happens},
         {"hidden from menus only", entry + "NoDisplay=true\n", Start::happens},
 
         {"switched off", entry + "X-GNOME-Autostart-enabled=false\n", Start::switchedOff},
         {"switched on", entry + "X-GNOME-Autostart-enabled=true\n", Start::happens},
-        {"switched to nonsense", entry + "X-GNOME-Autostart-enabled=perhaps\n", Start::happens},
+        {"switched by an invalid value", entry + "X-GNOME-Autostart-enabled=perhaps\n",
+         Start::happens},
 
-        {"what it tries is there", entry + "TryExec=PROGRAM\n", Start::happens},
-        {"what it tries is found by its name", entry + "TryExec=glidemap\n", Start::happens},
-        {"what it tries is missing", entry + "TryExec=/nowhere/glidemap\n", Start::impossible},
+        {"TryExec exists", entry + "TryExec=PROGRAM\n", Start::happens},
+        {"TryExec is found by its name", entry + "TryExec=glidemap\n", Start::happens},
+        {"TryExec is missing", entry + "TryExec=/nowhere/glidemap\n", Start::impossible},
         {"the program is missing", "[Desktop Entry]\nType=Application\nExec=/nowhere/glidemap\n",
          Start::impossible},
-        {"the program cannot be run", "[Desktop Entry]\nType=Application\nExec=/etc/passwd\n",
+        {"the program is not executable", "[Desktop Entry]\nType=Application\nExec=/etc/passwd\n",
          Start::impossible},
-        {"a program that nobody knows", "[Desktop Entry]\nType=Application\nExec=not-there\n",
+        {"the program is not in PATH", "[Desktop Entry]\nType=Application\nExec=not-there\n",
          Start::impossible},
-        {"an unfinished quotation", "[Desktop Entry]\nType=Application\nExec=\"PROGRAM\n",
+        {"an unclosed quote", "[Desktop Entry]\nType=Application\nExec=\"PROGRAM\n",
          Start::impossible},
         {"an empty command", "[Desktop Entry]\nType=Application\nExec=\n", Start::impossible},
         {"no command", "[Desktop Entry]\nType=Application\n", Start::impossible},
@@ -95,7 +96,7 @@ TEST_F(AutostartFileTest, OnlyWhatASessionWouldReallyStartStarts) {
     }
 }
 
-TEST_F(AutostartFileTest, TheFirstOfTheDesktopsNamesThatIsListedDecides) {
+TEST_F(AutostartFileTest, FirstListedDesktopNameDecides) {
     struct Row {
         const char* lists;
         std::vector<std::string> desktops;
@@ -126,7 +127,7 @@ TEST_F(AutostartFileTest, TheFirstOfTheDesktopsNamesThatIsListedDecides) {
     }
 }
 
-TEST_F(AutostartFileTest, WhatIsNoFileStartsNothing) {
+TEST_F(AutostartFileTest, InvalidFileStartsNothing) {
     EXPECT_EQ(AutostartFile::read(folder.path()).start(session), Start::impossible);
     EXPECT_EQ(AutostartFile::read("/dev/null").start(session), Start::impossible);
     EXPECT_EQ(AutostartFile::read(folder.path() / "none").start(session), Start::impossible);
@@ -135,7 +136,7 @@ TEST_F(AutostartFileTest, WhatIsNoFileStartsNothing) {
     EXPECT_EQ(AutostartFile::read(pipe).start(session), Start::impossible);
 }
 
-TEST_F(AutostartFileTest, RepairingTakesOutWhatIsInTheWayAndKeepsTheRest) {
+TEST_F(AutostartFileTest, RepairRemovesOnlyTheKeysThatPreventTheStart) {
     const std::string programLine = "Exec=" + program.string() + "\n";
     const std::string described = "Name=Glidemap\nIcon=org.glidemap.Glidemap\n";
     struct Row {
@@ -178,7 +179,7 @@ TEST_F(AutostartFileTest, RepairingTakesOutWhatIsInTheWayAndKeepsTheRest) {
     }
 }
 
-TEST_F(AutostartFileTest, HidingKeepsTheRest) {
+TEST_F(AutostartFileTest, HidingKeepsTheOtherKeys) {
     AutostartFile file =
         fileWith("# Mine\n\n[Desktop Entry]\nType=Application\nName=x\nIcon=x\nExec=PROGRAM -q\n");
     file.hide();
@@ -186,13 +187,13 @@ TEST_F(AutostartFileTest, HidingKeepsTheRest) {
                                program.string() + " -q\nHidden=true\n");
 }
 
-TEST_F(AutostartFileTest, AnotherProgramsStartIsNotThisOnes) {
+TEST_F(AutostartFileTest, EntryOfAnotherProgramDoesNotStartThisOne) {
     const AutostartFile file = fileWith("[Desktop Entry]\nType=Application\nExec=/bin/true\n");
     EXPECT_EQ(file.start(session), Start::happens);
     EXPECT_FALSE(file.starts(session, program));
 }
 
-TEST_F(AutostartFileTest, AnyPathOfAProgramReadsBackAsItself) {
+TEST_F(AutostartFileTest, EveryProgramPathReadsBackUnchanged) {
     for (const char* const name :
          {"plain", "with space", "cash$HOME", "tick`id`", "say\"so\"", "back\\slash", "100%",
           "100% %u", "it's", "触控板", "semi;colon", "tab\tline\nend", " leading", "a=b"}) {

@@ -43,11 +43,11 @@ struct BusDouble::State {
     GDBusNodeInfo* node = nullptr;
     std::set<std::string> callers;
     std::vector<guint> watches;
-    mutable std::mutex mutex; // guards what follows
+    mutable std::mutex mutex; // guards the members below
     std::map<std::string, std::optional<Method>> methods;
     std::map<std::string, bool> properties;
     std::map<std::string, std::string> texts;
-    DesktopThread thread; // goes first
+    DesktopThread thread; // destroyed first
 };
 
 void BusDouble::State::connect(const std::string& address) {
@@ -120,7 +120,7 @@ void BusDouble::State::called(GDBusConnection* /*connection*/, const char* sende
         }
     }
     if (!how) {
-        g_object_unref(invocation); // unanswered for ever
+        g_object_unref(invocation); // never replied to
         return;
     }
     GVariant* const values = (*how)();

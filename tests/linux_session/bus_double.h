@@ -1,11 +1,11 @@
-// A service on a test's bus that speaks a real interface and keeps what it is asked.
+// A fake service on a test's bus, with a real interface, that records its calls.
 //
-// In the journal: "NAME.METHOD(ARGUMENTS)", "NAME get PROPERTY" and "NAME set PROPERTY VALUE", where
-// NAME is the last word of its bus name; "NAME: nobody asks" when the last who asked has left the
-// bus, and with that has said all that it will.
+// The journal has lines "NAME.METHOD(ARGUMENTS)", "NAME get PROPERTY" and "NAME set PROPERTY
+// VALUE", where NAME is the last part of the bus name. The line "NAME: nobody asks" follows when
+// the last caller has left the bus, after all its calls.
 //
-// Thread:  made and destroyed on the test's; answers on one of its own.
-// Owner:   a test; before the bus it is on ends.
+// Thread:  created and destroyed on the test's thread; replies on its own thread.
+// Owner:   a test; destroy it before its bus.
 #pragma once
 
 #include "linux_session/journal.h"
@@ -21,15 +21,15 @@ using GVariant = struct _GVariant;
 namespace glidemap::test {
 
 struct ServiceDescription {
-    // The answer's tuple, a floating one, or null for an error.
+    // Returns the reply's tuple as a floating reference, or null for an error.
     using Method = std::function<GVariant*()>;
 
     std::string name;
     std::string path;
-    std::string interfaces; // as introspection data, without the node around it
-    // For who is asked as soon as it is there; one that is not given answers with an empty tuple.
+    std::string interfaces; // introspection XML, without the root node
+    // For calls that arrive as soon as the name is owned; other methods reply with an empty tuple.
     std::map<std::string, Method> methods = {};
-    // As it has them when its name comes.
+    // The initial values, set before the name is owned.
     std::map<std::string, bool> properties = {};
     std::map<std::string, std::string> texts = {};
 };
@@ -43,20 +43,20 @@ public:
     BusDouble& operator=(const BusDouble&) = delete;
     ~BusDouble();
 
-    // To be given before anyone asks.
+    // Call before the first client calls the method.
     void answer(const std::string& method, Method how);
     void refuse(const std::string& method);
     void keepSilent(const std::string& method);
 
-    // A property of the interface is false until it is set, by the test or by the bus. Announced
-    // from `path`, if that is given.
+    // A property is false until the test or a client sets it. The change is announced from `path`,
+    // unless that is empty.
     void set(const std::string& property, bool value);
     void setText(const std::string& property, const std::string& value);
     void setAndAnnounce(const std::string& property, bool value, const std::string& interface,
                         const std::string& path);
     bool property(const std::string& name) const;
 
-    // A signal from the service's object; `values` is a tuple, and taken.
+    // Sends a signal from the service's object; consumes the tuple `values`.
     void announce(const std::string& interface, const std::string& signal, GVariant* values);
 
 private:

@@ -14,19 +14,19 @@ namespace {
 
 constexpr std::chrono::milliseconds briefly{100};
 
-TEST(BusProbeTest, AWorkingBusResponds) {
+TEST(BusProbeTest, WorkingBusResponds) {
     const desktops::PrivateBus bus;
     EXPECT_TRUE(busResponds(bus.address(), test::patience)) << bus.address();
     EXPECT_TRUE(busResponds(bus.address() + ";unix:path=/nowhere", test::patience));
 }
 
-TEST(BusProbeTest, ABusThatOnlyAcceptsConnectionsDoesNotRespond) {
+TEST(BusProbeTest, BusThatOnlyAcceptsConnectionsDoesNotRespond) {
     const test::SilentSocket bus;
     EXPECT_FALSE(busResponds(bus.address(), briefly));
     EXPECT_FALSE(busResponds(bus.address() + ",guid=0123", briefly));
 }
 
-TEST(BusProbeTest, ABusThatAcceptsNoMoreConnectionsDoesNotRespond) {
+TEST(BusProbeTest, BusWithAFullBacklogDoesNotRespond) {
     const test::SilentSocket bus;
     std::vector<int> waiting;
     const std::string path = bus.address().substr(std::string("unix:path=").size());
@@ -44,13 +44,13 @@ TEST(BusProbeTest, ABusThatAcceptsNoMoreConnectionsDoesNotRespond) {
     }
 }
 
-TEST(BusProbeTest, AMissingBusDoesNotRespond) {
+TEST(BusProbeTest, MissingBusDoesNotRespond) {
     EXPECT_FALSE(busResponds("unix:path=/dev/null", test::patience));
     EXPECT_FALSE(busResponds("unix:path=/nowhere/at/all", test::patience));
     EXPECT_FALSE(busResponds("unix:abstract=glidemap-no-such-bus", test::patience));
 }
 
-TEST(BusProbeTest, AddressesForTheLibrariesAloneCountAsResponding) {
+TEST(BusProbeTest, AddressThatOnlyTheLibrariesSupportCountsAsResponding) {
     for (const char* const address : {"tcp:host=localhost,port=1", "unixexec:path=/bin/true", ""}) {
         EXPECT_TRUE(busResponds(address, briefly)) << address;
     }

@@ -8,7 +8,7 @@ namespace {
 
 using test::TemporaryFolder;
 
-TEST(ExecLineTest, WhatTheShellOrTheEntryWouldReadOtherwiseIsQuoted) {
+TEST(ExecLineTest, SpecialCharactersOfTheShellAndTheEntryAreQuoted) {
     struct Row {
         const char* program;
         const char* line;
@@ -35,7 +35,7 @@ TEST(ExecLineTest, WhatTheShellOrTheEntryWouldReadOtherwiseIsQuoted) {
     }
 }
 
-TEST(ExecLineTest, TheProgramIsTheFirstWord) {
+TEST(ExecLineTest, ProgramIsTheFirstWord) {
     struct Row {
         const char* line;
         std::optional<std::string> program;
@@ -56,7 +56,7 @@ TEST(ExecLineTest, TheProgramIsTheFirstWord) {
     }
 }
 
-TEST(ExecLineTest, AProgramIsFoundAsASessionFindsIt) {
+TEST(ExecLineTest, ProgramIsFoundAsASessionFindsIt) {
     const TemporaryFolder folder;
     const auto program = folder.writeProgram("bin/glidemap");
     const auto later = folder.writeProgram("later/glidemap");
@@ -72,9 +72,9 @@ TEST(ExecLineTest, AProgramIsFoundAsASessionFindsIt) {
         {program.string(), program},
         {later.string(), later},
         {"glidemap", program},
-        {"bin/glidemap", std::nullopt}, // relative to nothing that is known
+        {"bin/glidemap", std::nullopt}, // relative to an unknown folder
         {"./glidemap", std::nullopt},
-        {"data", std::nullopt}, // cannot be run
+        {"data", std::nullopt}, // not executable
         {(folder.path() / "bin/data").string(), std::nullopt},
         {(folder.path() / "bin").string(), std::nullopt}, // a folder
         {(folder.path() / "bin/other").string(), std::nullopt},

@@ -1,4 +1,4 @@
-// What happened, in its order, on whichever thread.
+// Records events of all threads in order.
 #pragma once
 
 #include "kit/patience.h"
@@ -33,7 +33,7 @@ public:
         return written;
     }
 
-    // Nothing waits this long unless it has failed.
+    // Times out only on failure.
     bool waitForAny(const Lines& awaited) {
         std::unique_lock lock(mutex);
         return more.wait_for(lock, patience, [&] {

@@ -54,7 +54,7 @@ protected:
         return services.emplace_back(bus.address(), service, journal);
     }
 
-    // What happens until the last who asked has left.
+    // Returns the events until the last client has left.
     Lines toggle(const std::string& askedLast) {
         LinuxOverview overview(desktop, 600s);
         overview.toggle();
@@ -82,14 +82,14 @@ protected:
     DesktopThread desktop;
 };
 
-TEST_F(LinuxOverviewTest, GnomesIsShown) {
+TEST_F(LinuxOverviewTest, ShowsTheOverviewOfGNOME) {
     BusDouble& gnomeShell = onBus(gnome);
     EXPECT_EQ(toggle("Shell"),
               (Lines{"Shell get OverviewActive", "Shell set OverviewActive true"}));
     EXPECT_TRUE(gnomeShell.property("OverviewActive"));
 }
 
-TEST_F(LinuxOverviewTest, ShownAlreadyItGoesAway) {
+TEST_F(LinuxOverviewTest, HidesAnOverviewThatIsShown) {
     BusDouble& gnomeShell = onBus(gnome);
     gnomeShell.set("OverviewActive", true);
     EXPECT_EQ(toggle("Shell"),
@@ -97,20 +97,20 @@ TEST_F(LinuxOverviewTest, ShownAlreadyItGoesAway) {
     EXPECT_FALSE(gnomeShell.property("OverviewActive"));
 }
 
-TEST_F(LinuxOverviewTest, CinnamonsIsAskedForInTheSameWay) {
+TEST_F(LinuxOverviewTest, ShowsTheOverviewOfCinnamon) {
     onBus(cinnamon);
     EXPECT_EQ(toggle("Cinnamon"),
               (Lines{"Cinnamon get OverviewActive", "Cinnamon set OverviewActive true"}));
 }
 
-TEST_F(LinuxOverviewTest, KWinsIsInvokedByItsShortcut) {
+TEST_F(LinuxOverviewTest, InvokesTheShortcutOfKWin) {
     onBus(kwin).answer("shortcutNames", names("(['Expose', 'Overview', 'Show Desktop'],)"));
     EXPECT_EQ(toggle("kglobalaccel"),
               (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
 }
 
-// It answers with success, too, when asked for what it has not.
-TEST_F(LinuxOverviewTest, AKWinWithoutOneIsNotAskedForIt) {
+// KWin reports success even for a shortcut that it does not have.
+TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
     struct Row {
         const char* what;
         BusDouble::Method answer;
@@ -118,8 +118,9 @@ TEST_F(LinuxOverviewTest, AKWinWithoutOneIsNotAskedForIt) {
     };
     const Row rows[] = {
         {"no shortcut at all", names("(@as [],)")},
-        {"similar ones", names("(['Overview2', 'overview', 'ShowOverview', 'Window Overview'],)")},
-        {"an answer of another kind", names("('Overview',)"), "s"},
+        {"similar shortcuts",
+         names("(['Overview2', 'overview', 'ShowOverview', 'Window Overview'],)")},
+        {"a reply of another type", names("('Overview',)"), "s"},
         {"an error",
          [] {
              return nullptr;
@@ -138,7 +139,7 @@ TEST_F(LinuxOverviewTest, AKWinWithoutOneIsNotAskedForIt) {
     }
 }
 
-TEST_F(LinuxOverviewTest, AShellWithoutTheViewLeavesItToTheNext) {
+TEST_F(LinuxOverviewTest, ShellWithoutAnOverviewLeavesItToTheNext) {
     onBus({"org.gnome.Shell", "/org/gnome/Shell",
            "<interface name='org.gnome.Shell'><method name='Other'/></interface>"});
     onBus(kwin).answer("shortcutNames", names("(['Overview'],)"));
@@ -146,7 +147,7 @@ TEST_F(LinuxOverviewTest, AShellWithoutTheViewLeavesItToTheNext) {
               (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
 }
 
-TEST_F(LinuxOverviewTest, WhereThereIsNoneItIsKnownOnceLookedFor) {
+TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {
     LinuxOverview overview(desktop, 600s);
     EXPECT_TRUE(overview.mayBeThere());
     EXPECT_TRUE(becomes(false, overview));
@@ -154,7 +155,7 @@ TEST_F(LinuxOverviewTest, WhereThereIsNoneItIsKnownOnceLookedFor) {
     EXPECT_TRUE(becomes(true, overview));
 }
 
-TEST_F(LinuxOverviewTest, LookingForItShowsNothing) {
+TEST_F(LinuxOverviewTest, LookupShowsNothing) {
     BusDouble& gnomeShell = onBus(gnome);
     LinuxOverview overview(desktop, 600s);
     overview.mayBeThere();
@@ -163,7 +164,7 @@ TEST_F(LinuxOverviewTest, LookingForItShowsNothing) {
     EXPECT_TRUE(overview.mayBeThere());
 }
 
-TEST_F(LinuxOverviewTest, OneThatGoesWaitsForNobody) {
+TEST_F(LinuxOverviewTest, DestructionDoesNotWaitForAReply) {
     onBus(kwin).keepSilent("shortcutNames");
     {
         LinuxOverview overview(desktop, 600s);
@@ -173,8 +174,8 @@ TEST_F(LinuxOverviewTest, OneThatGoesWaitsForNobody) {
     EXPECT_TRUE(journal.waitFor("kglobalaccel: nobody asks"));
 }
 
-// It is installed beside the desktop that runs.
-TEST_F(LinuxOverviewTest, NoShellIsStartedForIt) {
+// The shell is installed but another desktop runs.
+TEST_F(LinuxOverviewTest, DoesNotStartAShell) {
     const test::TemporaryFolder folder;
     const auto started = folder.path() / "started";
     bus.makeStartable("org.gnome.Shell", "/usr/bin/touch " + started.string());

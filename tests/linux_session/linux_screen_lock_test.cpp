@@ -30,7 +30,7 @@ using Lines = Journal::Lines;
 using Patience = LinuxScreenLock::Patience;
 
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
-// The session announces under its own name what was asked of it under its other one.
+// logind sends signals under the session's own path, even for calls to another path.
 constexpr const char* sessionUnderItsOwnName = "/org/freedesktop/login1/session/_31";
 
 const ServiceDescription logind{
@@ -48,7 +48,7 @@ ServiceDescription screenSaver(const std::string& name, const std::string& path,
 const ServiceDescription gnome = screenSaver("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver");
 const ServiceDescription freedesktop = screenSaver("org.freedesktop.ScreenSaver", "/ScreenSaver");
 
-// Keeps what it is handed until the test runs it.
+// Keeps tasks until the test runs them.
 class HeldMainQueue : public MainQueue {
 public:
     explicit HeldMainQueue(Journal& record) : journal(record) {}
@@ -70,12 +70,12 @@ private:
     std::deque<Task> tasks;
 };
 
-// Long enough that no test waits for it: only one that shortens a limit may reach it.
+// So long that no test reaches it, unless the test shortens a limit.
 constexpr Patience endless{600s, 600s, 600s};
 
 using Limit = std::chrono::milliseconds;
-constexpr Limit shortestLimit{50};
-constexpr Limit longestLimit{20'000};
+constexpr Limit minLimit{50};
+constexpr Limit maxLimit{20'000};
 
 Patience withLimitOnLocked(Limit limit) {
     Patience patience = endless;
@@ -91,7 +91,7 @@ Patience withLimitOnAnswer(Limit limit) {
 
 class LinuxScreenLockTest : public testing::Test {
 protected:
-    // What happens until nothing of the request is left under way.
+    // Returns the events until the request is complete.
     Lines lock(Patience patience = endless) {
         LinuxScreenLock screenLock(desktop, queue, patience);
         screenLock.lock(otherwise());
@@ -103,24 +103,24 @@ protected:
         return lines;
     }
 
-    // The same with limits that grow until what is expected within them has been done: how fast that
-    // is depends on the machine. Returns what happened in the last attempt.
+    // The same with limits that grow until the expected events have happened, because the time
+    // depends on the machine. Returns the events of the last attempt.
     Lines lockInTime(const Lines& expected, const std::function<Patience(Limit)>& patienceOf,
                      const std::string& always = {}) {
         Lines lines;
-        for (Limit limit = shortestLimit; lines != expected && limit <= longestLimit; limit *= 4) {
+        for (Limit limit = minLimit; lines != expected && limit <= maxLimit; limit *= 4) {
             journal.clear();
             const auto began = std::chrono::steady_clock::now();
             lines = lock(patienceOf(limit));
             lastLimit = limit;
             lastTook = std::chrono::steady_clock::now() - began;
-            // It may come after the limit, and does not belong to the next attempt.
+            // This event may follow the limit, and does not belong to the next attempt.
             EXPECT_TRUE(always.empty() || journal.waitFor(always));
         }
         return lines;
     }
 
-    // Once nothing can call it any more, it is let go of.
+    // The lock releases the callback when it can no longer call it.
     std::function<void()> otherwise() {
         const std::shared_ptr<void> last(nullptr, [this](void*) { journal.add("let go"); });
         return [this, last] {
@@ -154,7 +154,7 @@ protected:
     std::chrono::nanoseconds lastTook{};
 };
 
-TEST_F(LinuxScreenLockTest, ASessionThatSaysItIsLockedIsAskedAlone) {
+TEST_F(LinuxScreenLockTest, SessionThatReportsLockedIsTheOnlyServiceCalled) {
     BusDouble& manager = onSystemBus(logind);
     manager.answer("Lock", [&] {
         manager.set("LockedHint", true);
@@ -164,7 +164,7 @@ TEST_F(LinuxScreenLockTest, ASessionThatSaysItIsLockedIsAskedAlone) {
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "login1 get LockedHint"}));
 }
 
-TEST_F(LinuxScreenLockTest, ALockerMayTakeItsTimeUntilTheSessionSaysSo) {
+TEST_F(LinuxScreenLockTest, SlowLockerIsAwaitedUntilTheSessionReportsLocked) {
     BusDouble& manager = onSystemBus(logind);
     onSessionBus(gnome);
     LinuxScreenLock screenLock(desktop, queue, endless);
@@ -178,27 +178,27 @@ TEST_F(LinuxScreenLockTest, ALockerMayTakeItsTimeUntilTheSessionSaysSo) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, ASessionThatAgreesButDoesNotLockIsNoLock) {
+TEST_F(LinuxScreenLockTest, SessionThatAcceptsButDoesNotLockIsNotEnough) {
     onSystemBus(logind);
     onSessionBus(gnome);
     const Lines expected{"login1.Lock()", "login1 get LockedHint", "ScreenSaver.Lock()"};
     EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
 }
 
-TEST_F(LinuxScreenLockTest, WhereNobodyLocksTheCallerIsTold) {
+TEST_F(LinuxScreenLockTest, FallbackRunsIfNoServiceLocks) {
     onSystemBus(logind);
     const Lines expected{"login1.Lock()", "login1 get LockedHint", "to the main thread",
                          "otherwise"};
     EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
 }
 
-TEST_F(LinuxScreenLockTest, ASessionThatCannotBeLockedLeavesItToTheScreenSaver) {
+TEST_F(LinuxScreenLockTest, SessionThatCannotBeLockedLeavesItToTheScreenSaver) {
     onSystemBus(logind).refuse("Lock");
     onSessionBus(gnome);
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsKnown) {
+TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsCalled) {
     struct Row {
         ServiceDescription service;
         const char* asked;
@@ -225,31 +225,31 @@ TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsKnown) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, AScreenSaverThatRefusesLeavesItToTheNext) {
+TEST_F(LinuxScreenLockTest, ScreenSaverThatRefusesLeavesItToTheNext) {
     onSessionBus(gnome).refuse("Lock");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), (Lines{"ScreenSaver.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, AScreenSaverThatOnlyInhibitsIsNone) {
+TEST_F(LinuxScreenLockTest, ScreenSaverThatOnlyInhibitsIsNotUsed) {
     onSessionBus({"org.freedesktop.ScreenSaver", "/ScreenSaver",
                   "<interface name='org.freedesktop.ScreenSaver'><method name='Inhibit'/>"
                   "</interface>"});
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, ARunningScreenSaverIsAskedBeforeOneThatWouldHaveToBeStarted) {
+TEST_F(LinuxScreenLockTest, RunningScreenSaverIsCalledBeforeAStartableOne) {
     sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
 }
 
-TEST_F(LinuxScreenLockTest, OneThatDoesNotStartIsNone) {
+TEST_F(LinuxScreenLockTest, ScreenSaverThatFailsToStartIsSkipped) {
     sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, OneThatCanBeStartedIsStarted) {
+TEST_F(LinuxScreenLockTest, StartableScreenSaverIsStarted) {
     const test::TemporaryFolder folder;
     const auto locked = folder.path() / "locked";
     sessionBus.makeStartable("org.gnome.ScreenSaver",
@@ -258,7 +258,7 @@ TEST_F(LinuxScreenLockTest, OneThatCanBeStartedIsStarted) {
     EXPECT_TRUE(std::filesystem::exists(locked));
 }
 
-TEST_F(LinuxScreenLockTest, NoScreenSaverOfAnotherDesktopIsStarted) {
+TEST_F(LinuxScreenLockTest, ScreenSaverOfAnotherDesktopIsNotStarted) {
     const InEnvironment current("XDG_CURRENT_DESKTOP", "X-Other:MATE");
     const test::TemporaryFolder folder;
     const auto locked = folder.path() / "locked";
@@ -268,24 +268,24 @@ TEST_F(LinuxScreenLockTest, NoScreenSaverOfAnotherDesktopIsStarted) {
     EXPECT_FALSE(std::filesystem::exists(locked));
 }
 
-TEST_F(LinuxScreenLockTest, TheDesktopsOwnRunningScreenSaverIsAskedFirst) {
+TEST_F(LinuxScreenLockTest, RunningScreenSaverOfThisDesktopIsCalledFirst) {
     const InEnvironment current("XDG_CURRENT_DESKTOP", "MATE");
     onSessionBus(gnome).refuse("Lock");
     onSessionBus(screenSaver("org.mate.ScreenSaver", "/org/mate/ScreenSaver"));
     EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
 }
 
-TEST_F(LinuxScreenLockTest, WithNobodyOnEitherBusTheCallerIsToldOnce) {
+TEST_F(LinuxScreenLockTest, FallbackRunsOnceIfBothBusesHaveNoService) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, WithoutABusTheCallerIsTold) {
+TEST_F(LinuxScreenLockTest, FallbackRunsWithoutABus) {
     const InEnvironment noSystem("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere/at/all");
     const InEnvironment noSession("DBUS_SESSION_BUS_ADDRESS", "no address");
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, EachRequestIsToldForItself) {
+TEST_F(LinuxScreenLockTest, EachRequestIsReportedSeparately) {
     LinuxScreenLock screenLock(desktop, queue, endless);
     screenLock.lock([this] { journal.add("first"); });
     screenLock.lock([this] { journal.add("second"); });
@@ -296,7 +296,7 @@ TEST_F(LinuxScreenLockTest, EachRequestIsToldForItself) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "second"), 1);
 }
 
-TEST_F(LinuxScreenLockTest, ASilentServiceHoldsNobodyUpForLongerThanItsLimit) {
+TEST_F(LinuxScreenLockTest, ServiceThatNeverRepliesCostsOnlyItsLimit) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
     const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // it may still lock
@@ -304,8 +304,8 @@ TEST_F(LinuxScreenLockTest, ASilentServiceHoldsNobodyUpForLongerThanItsLimit) {
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
 
-// Far shorter than the limits, or it would never end.
-TEST_F(LinuxScreenLockTest, TheMainThreadWaitsForNoService) {
+// Far shorter than the limits; otherwise the test would never end.
+TEST_F(LinuxScreenLockTest, MainThreadNeverWaitsForAService) {
     onSystemBus(logind).keepSilent("Lock");
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
@@ -317,7 +317,7 @@ TEST_F(LinuxScreenLockTest, TheMainThreadWaitsForNoService) {
     EXPECT_EQ(journal.lines()[1], "let go");
 }
 
-TEST_F(LinuxScreenLockTest, OneThatGoesWhileTheLockerTakesItsTimeTellsNobody) {
+TEST_F(LinuxScreenLockTest, DestructionDuringASlowLockSkipsTheFallback) {
     onSystemBus(logind);
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
@@ -329,7 +329,7 @@ TEST_F(LinuxScreenLockTest, OneThatGoesWhileTheLockerTakesItsTimeTellsNobody) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, ABusThatDoesNotSpeakIsNone) {
+TEST_F(LinuxScreenLockTest, BusThatNeverRespondsCountsAsMissing) {
     const SilentSocket silent;
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     onSessionBus(gnome);
@@ -337,13 +337,13 @@ TEST_F(LinuxScreenLockTest, ABusThatDoesNotSpeakIsNone) {
     EXPECT_EQ(lockInTime(expected, withLimitOnAnswer), expected);
 }
 
-TEST_F(LinuxScreenLockTest, OneThatGoesWhileABusDoesNotSpeakTellsNobody) {
+TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) {
     const SilentSocket silent;
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
         screenLock.lock(otherwise());
-        desktop.call([] {}); // it has begun
+        desktop.call([] {}); // waits until it has started
     }
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }

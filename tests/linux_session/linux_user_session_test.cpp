@@ -1,4 +1,4 @@
-// The session on buses of the test's own, on which doubles of logind and of screen savers speak.
+// The user session on the test's own buses, with fakes of logind and of screen savers.
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "linux_session/bus_double.h"
@@ -51,7 +51,7 @@ constexpr Saver allSavers[] = {
     {"org.freedesktop.ScreenSaver", "/ScreenSaver"},
 };
 
-// One that tells its state when it is asked and when it changes.
+// A fake screen saver that replies with its state and announces changes.
 class SaverDouble {
 public:
     SaverDouble(const PrivateBus& bus, const Saver& whose, bool active, Journal& journal)
@@ -83,7 +83,7 @@ private:
     BusDouble service;
 };
 
-// Keeps what it is handed, and notes that something was.
+// Keeps tasks, and records that a task was submitted.
 class NotingMainQueue : public MainQueue {
 public:
     explicit NotingMainQueue(Journal& record) : journal(record) {}
@@ -116,7 +116,7 @@ private:
 class LinuxUserSessionTest : public testing::Test {
 protected:
     BusDouble& startLogind(bool isActive, bool isLocked) {
-        // Its name comes last: by then it has its properties.
+        // The name appears last, when the properties are set.
         ServiceDescription service = logind;
         service.properties = {{"Active", isActive}, {"LockedHint", isLocked}};
         service.texts = {{"State", isActive ? "active" : "online"}};
@@ -176,7 +176,7 @@ TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsInFront) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, ASessionInTheBackgroundIsKnownFromTheStart) {
+TEST_F(LinuxUserSessionTest, InitialBackgroundSessionIsDetected) {
     startLogind(false, true);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, true));
@@ -232,7 +232,7 @@ TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, ASessionThatIsClosingSaysNothingAboutTheScreen) {
+TEST_F(LinuxUserSessionTest, ClosingSessionCountsAsActive) {
     BusDouble& manager = startLogind(false, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, false));
@@ -241,7 +241,7 @@ TEST_F(LinuxUserSessionTest, ASessionThatIsClosingSaysNothingAboutTheScreen) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, WithoutLogindItIsActiveAndALogindThatComesLaterIsFollowed) {
+TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsALaterLogind) {
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());
     EXPECT_FALSE(session.isLocked());
@@ -257,23 +257,23 @@ TEST_F(LinuxUserSessionTest, FollowsEveryDesktopsScreenSaver) {
     for (const Saver& each : allSavers) {
         {
             SaverDouble saver(sessionBus, each, true, journal);
-            EXPECT_TRUE(become(session, true, true)) << each.name << " is active as it comes";
+            EXPECT_TRUE(become(session, true, true)) << each.name << " is active on startup";
             saver.become(false);
             EXPECT_TRUE(become(session, true, false)) << each.name;
             saver.become(true);
             EXPECT_TRUE(become(session, true, true)) << each.name;
         }
-        EXPECT_TRUE(become(session, true, false)) << each.name << " has gone";
+        EXPECT_TRUE(become(session, true, false)) << each.name << " has exited";
     }
 }
 
-TEST_F(LinuxUserSessionTest, AnActiveScreenSaverIsKnownFromTheStart) {
+TEST_F(LinuxUserSessionTest, InitiallyActiveScreenSaverIsDetected) {
     savers.emplace_back(sessionBus, allSavers[4], true, journal);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, true, true));
 }
 
-TEST_F(LinuxUserSessionTest, IsLockedWhileAnyOfThemSaysSo) {
+TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsIt) {
     BusDouble& manager = startLogind(true, true);
     SaverDouble& gnome = savers.emplace_back(sessionBus, allSavers[0], true, journal);
     SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], false, journal);
@@ -288,7 +288,7 @@ TEST_F(LinuxUserSessionTest, IsLockedWhileAnyOfThemSaysSo) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, AStrangersSignalUnlocksAndLocksNothing) {
+TEST_F(LinuxUserSessionTest, SignalsOfOtherProgramsAreIgnored) {
     SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(become(session, true, true));
@@ -301,11 +301,12 @@ TEST_F(LinuxUserSessionTest, AStrangersSignalUnlocksAndLocksNothing) {
     }
     g_dbus_connection_flush_sync(sessionBus.connection(), nullptr, nullptr);
     mate.become(false);
-    EXPECT_TRUE(become(session, true, false)) << "had a stranger locked it, it still were";
-    EXPECT_EQ(changes, 2) << "had a stranger unlocked it, there were more";
+    EXPECT_TRUE(become(session, true, false))
+        << "the signal of another program would have locked it";
+    EXPECT_EQ(changes, 2) << "the signal of another program would have unlocked it";
 }
 
-TEST_F(LinuxUserSessionTest, OddSignalsChangeNothing) {
+TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
     SaverDouble& cinnamon = savers.emplace_back(sessionBus, allSavers[1], false, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("ScreenSaver.GetActive()", 1)) << "the watch is set";
@@ -324,7 +325,7 @@ TEST_F(LinuxUserSessionTest, OddSignalsChangeNothing) {
     EXPECT_FALSE(session.isAsleep());
 }
 
-TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {
+TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilItsDestruction) {
     BusDouble& manager = startLogind(true, false);
     int told = 0;
     {
@@ -343,7 +344,7 @@ TEST_F(LinuxUserSessionTest, TellsChangesOnTheMainThreadUntilItIsGone) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_F(LinuxUserSessionTest, SilentBusesAndServicesDelayNothing) {
+TEST_F(LinuxUserSessionTest, BusesThatNeverReplyDelayNothing) {
     const SilentSocket silent;
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     const InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());

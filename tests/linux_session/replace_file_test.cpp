@@ -16,7 +16,7 @@ auto entriesOf(const fs::path& folder) {
     return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
 
-TEST(ReplaceFileTest, TheFoldersAboveAreMadeAndNothingElseIsLeft) {
+TEST(ReplaceFileTest, CreatesParentFoldersAndLeavesNoTemporaryFile) {
     const TemporaryFolder folder;
     const auto file = folder.path() / "a" / "b" / "file";
     EXPECT_FALSE(replaceFile(file, "first"));
@@ -26,7 +26,7 @@ TEST(ReplaceFileTest, TheFoldersAboveAreMadeAndNothingElseIsLeft) {
     EXPECT_EQ(entriesOf(file.parent_path()), 1);
 }
 
-TEST(ReplaceFileTest, ALinkKeepsPointing) {
+TEST(ReplaceFileTest, LinkToAFileIsFollowed) {
     const TemporaryFolder folder;
     const auto kept = folder.write("kept/file", "old");
     fs::create_symlink(kept, folder.path() / "link");
@@ -35,7 +35,7 @@ TEST(ReplaceFileTest, ALinkKeepsPointing) {
     EXPECT_EQ(contentOf(kept), "new");
 }
 
-TEST(ReplaceFileTest, ALinkToNoFileIsReplaced) {
+TEST(ReplaceFileTest, LinkToANonFileIsReplaced) {
     const TemporaryFolder folder;
     for (const char* const target : {"/dev/null", "/nowhere/at/all"}) {
         const auto link = folder.path() / "link";
@@ -47,7 +47,7 @@ TEST(ReplaceFileTest, ALinkToNoFileIsReplaced) {
     }
 }
 
-TEST(ReplaceFileTest, AFailureHasTheSystemsReasonAndLeavesTheOldContent) {
+TEST(ReplaceFileTest, FailureReturnsTheErrorAndKeepsTheOldContent) {
     const TemporaryFolder folder;
     const auto file = folder.write("file", "old");
     EXPECT_EQ(replaceFile(file / "below", "new"), std::errc::not_a_directory);

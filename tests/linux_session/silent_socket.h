@@ -1,4 +1,4 @@
-// A bus that takes connections and says nothing.
+// A fake bus that accepts connections and never replies.
 //
 // Owner:   a test.
 #pragma once

@@ -1,5 +1,5 @@
-// A screen saver for a bus to start: startable-screen-saver FILE. Writes the file when it locks, and
-// ends when whoever asked has left.
+// A screen saver that a bus can start: startable-screen-saver FILE. Creates the file when it locks,
+// and exits when its last client has left.
 #include "linux_session/bus_double.h"
 
 #include <gio/gio.h>

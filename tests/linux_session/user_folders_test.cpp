@@ -9,7 +9,7 @@ namespace {
 
 using test::InEnvironment;
 
-TEST(UserFoldersTest, AVariableThatIsAnAbsolutePathNamesTheFolder) {
+TEST(UserFoldersTest, AbsolutePathInTheVariableIsUsed) {
     struct Row {
         const char* value;
         const char* configuration;
@@ -30,7 +30,7 @@ TEST(UserFoldersTest, AVariableThatIsAnAbsolutePathNamesTheFolder) {
     }
 }
 
-TEST(UserFoldersTest, WithoutAHomeInTheEnvironmentItIsTheUsersOwn) {
+TEST(UserFoldersTest, MissingHomeVariableFallsBackToTheUserDatabase) {
     const InEnvironment home("HOME", nullptr);
     const InEnvironment data("XDG_DATA_HOME", nullptr);
     EXPECT_TRUE(userDataFolder().is_absolute());

@@ -11,7 +11,7 @@
 namespace glidemap {
 namespace {
 
-TEST(DisplayTest, WhatIsNotNamedOrNotThereIsNone) {
+TEST(DisplayTest, UnsetOrUnreachableDisplayIsMissing) {
     struct Row {
         const char* wayland;
         const char* x11;
@@ -29,7 +29,7 @@ TEST(DisplayTest, WhatIsNotNamedOrNotThereIsNone) {
     }
 }
 
-TEST(DisplayTest, OneOfX11IsThereUntilItsServerGoes) {
+TEST(DisplayTest, X11DisplayIsAvailableUntilItsServerExits) {
     if (const std::string reason = desktops::XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }
@@ -41,7 +41,7 @@ TEST(DisplayTest, OneOfX11IsThereUntilItsServerGoes) {
     EXPECT_FALSE(hasDisplay());
 }
 
-TEST(DisplayTest, OneOfWaylandIsThereUntilItsCompositorGoes) {
+TEST(DisplayTest, WaylandDisplayIsAvailableUntilItsCompositorExits) {
     if (!desktops::isInstalled("sway")) {
         GTEST_SKIP() << "sway is not installed";
     }

@@ -31,7 +31,7 @@ protected:
         return status;
     }
 
-    // Until the shell's answer has come and been heard.
+    // Waits until the shell's reply has been processed.
     void hear() const {
         while (!queue->runNext()) {
             std::this_thread::yield();
@@ -44,7 +44,7 @@ protected:
     std::vector<std::thread::id> threads;
 };
 
-TEST_F(GnomeDesktopHelperTest, WhatTheShellSaysIsWhatTheUserIsOffered) {
+TEST_F(GnomeDesktopHelperTest, StateFollowsTheShellsReply) {
     struct Row {
         GnomeExtension::Status status;
         State state;
@@ -68,7 +68,7 @@ TEST_F(GnomeDesktopHelperTest, WhatTheShellSaysIsWhatTheUserIsOffered) {
     }
 }
 
-TEST_F(GnomeDesktopHelperTest, InstallingIsAnnouncedAndThenLookedAt) {
+TEST_F(GnomeDesktopHelperTest, InstallingIsReportedAndThenVerified) {
     status = {Extension::missing, ""};
     const auto made = helper();
     hear();
@@ -76,13 +76,13 @@ TEST_F(GnomeDesktopHelperTest, InstallingIsAnnouncedAndThenLookedAt) {
     const auto toHelper = made->changes().subscribe({}, [&] { seen.push_back(made->state()); });
     status = {Extension::atNextLogin, ""};
     made->install();
-    made->install(); // one is under way
+    made->install(); // an installation is pending
     hear();
     EXPECT_EQ(seen, (std::vector{State::installing, State::atNextLogin}));
     EXPECT_EQ(queue->waiting(), 0U);
 }
 
-TEST_F(GnomeDesktopHelperTest, AFailureIsInTheShellsWordsUntilTheNextAttempt) {
+TEST_F(GnomeDesktopHelperTest, FailureKeepsTheShellsTextUntilTheNextAttempt) {
     status = {Extension::missing, ""};
     const auto made = helper();
     hear();
@@ -99,7 +99,7 @@ TEST_F(GnomeDesktopHelperTest, AFailureIsInTheShellsWordsUntilTheNextAttempt) {
     EXPECT_EQ(made->state(), State::notNeeded);
 }
 
-TEST_F(GnomeDesktopHelperTest, TheMainThreadNeverWaitsForTheShell) {
+TEST_F(GnomeDesktopHelperTest, MainThreadNeverWaitsForTheShell) {
     const auto made = helper();
     hear();
     made->install();
@@ -110,14 +110,14 @@ TEST_F(GnomeDesktopHelperTest, TheMainThreadNeverWaitsForTheShell) {
     }
 }
 
-TEST_F(GnomeDesktopHelperTest, AnAnswerThatComesTooLateIsHeardByNobody) {
+TEST_F(GnomeDesktopHelperTest, ReplyAfterDestructionIsDropped) {
     status = {Extension::missing, ""};
     helper().reset();
     ASSERT_EQ(queue->waiting(), 1U);
     queue->runAll();
 }
 
-TEST(GnomeDesktopHelperOfThisSession, IsThereOnGnomeUnderWaylandOnly) {
+TEST(GnomeDesktopHelperOfThisSession, HelperExistsOnlyForGNOMEOnWayland) {
     struct Row {
         const char* names;
         const char* wayland;

@@ -1,5 +1,5 @@
-// A status bar that is not there, comes and goes: on X11 first, and then on the bus. In one test:
-// the toolkit asks for the session's bus once in a process.
+// A status bar that is missing, appears and disappears, first on X11 and then on the bus. One test
+// covers both, because Qt connects to the session bus once per process.
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "kit/qt_waiting.h"
@@ -34,7 +34,7 @@ const ServiceDescription withoutHost{
     "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
     "<signal name='StatusNotifierHostRegistered'/></interface>"};
 
-// A tray as X11 has them: the owner of a selection, who tells everybody that it has come.
+// An XEmbed tray: owns a selection and broadcasts its appearance.
 class Tray {
 public:
     explicit Tray(const std::string& display)
@@ -75,7 +75,7 @@ private:
     xcb_window_t window;
 };
 
-// A watcher that has the name and does not respond before its context runs.
+// A watcher that owns the name but does not respond until its context runs.
 class StuckWatcher {
 public:
     explicit StuckWatcher(const PrivateBus& sessionBus) : bus(sessionBus) {
@@ -120,7 +120,7 @@ private:
     unsigned object = 0;
 };
 
-TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
+TEST(LinuxStatusBarTest, BarIsDetectedWhenItAppearsAndTheBusIsPreferred) {
     if (const std::string reason = XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }
@@ -134,7 +134,7 @@ TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
     char* arguments[] = {name, nullptr};
     const QGuiApplication application(count, arguments);
 
-    // A watcher that does not respond keeps nothing waiting, and is found when it does.
+    // A watcher that does not respond blocks nothing, and is detected when it responds.
     auto stuck = std::make_unique<StuckWatcher>(bus);
     LinuxStatusBar bar;
     int changes = 0;
@@ -169,7 +169,7 @@ TEST(LinuxStatusBarTest, ItIsFoundWhenItComesAndTheOneOnTheBusIsPreferred) {
     EXPECT_TRUE(test::waitFor([&] { return changes == 5; }));
     EXPECT_EQ(bar.kind(), Kind::embeds);
 
-    // One that cannot tell of its host is taken to have one: the toolkit asks it, too, and judges.
+    // If a watcher cannot report its host, a host is assumed: Qt queries it, too, and decides.
     const BusDouble unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
                            journal);
     EXPECT_TRUE(test::waitFor([&] { return changes == 6; }));

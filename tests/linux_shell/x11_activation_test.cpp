@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-TEST(X11ActivationTest, ALaunchWasWhenItsIdentifierSays) {
+TEST(X11ActivationTest, TimeOfALaunchIsInItsIdentifier) {
     struct Row {
         const char* id;
         std::uint32_t time;
@@ -25,12 +25,12 @@ TEST(X11ActivationTest, ALaunchWasWhenItsIdentifierSays) {
     }
 }
 
-TEST(X11ActivationTest, TheEndOfALaunchIsToldInPiecesWithAZeroAtTheEnd) {
+TEST(X11ActivationTest, EndOfALaunchIsSentInPiecesWithAFinalZero) {
     using Pieces = std::vector<std::string>;
     EXPECT_EQ(endOfLaunch("a"), (Pieces{std::string("remove: ID=\"a\"\0", 15)}));
     EXPECT_EQ(endOfLaunch("host-1_TIME2"),
               (Pieces{"remove: ID=\"host-1_T", std::string("IME2\"\0", 6)}));
-    // So long that the zero stands alone.
+    // The length makes the zero a piece of its own.
     EXPECT_EQ(endOfLaunch("1234567"), (Pieces{"remove: ID=\"1234567\"", std::string("\0", 1)}));
     EXPECT_EQ(endOfLaunch("a\"\\"), (Pieces{std::string("remove: ID=\"a\\\"\\\\\"\0", 19)}));
 }

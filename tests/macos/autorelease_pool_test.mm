@@ -12,13 +12,13 @@ namespace {
 
 class AutoreleasePoolTest : public CocoaTest {
 protected:
-    // Without a pool below it the double fails the test.
+    // Without a pool around it the fake fails the test.
     static void leaveAnObjectBehind() { [[[NSObject alloc] init] autorelease]; }
 
     static std::size_t left() { return doubles::livingInstances("NSObject"); }
 };
 
-TEST_F(AutoreleasePoolTest, KeepsWhatTheWorkLeavesUntilTheWorkIsDone) {
+TEST_F(AutoreleasePoolTest, KeepsAutoreleasedObjectsUntilTheWorkIsDone) {
     std::thread([] {
         withinAutoreleasePool([] {
             leaveAnObjectBehind();

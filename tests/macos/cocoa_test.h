@@ -1,5 +1,5 @@
-// A test of a service that speaks the system's own language: the shared objects are as new at its
-// start, and nobody owns or observes anything at its end.
+// The fixture for services in Objective-C: resets the shared objects first, and checks at the end
+// that nothing is still owned or observed.
 #pragma once
 
 #include "doubles/appearance.h"
@@ -34,7 +34,7 @@ protected:
     }
 
 private:
-    std::multiset<std::string> forGood; // the application object
+    std::multiset<std::string> forGood; // lives until the program exits
     std::optional<doubles::Pool> pool;
 };
 

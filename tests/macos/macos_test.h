@@ -1,5 +1,5 @@
-// A test of one of the macOS services: the doubles are as new at its start, and nobody owns anything
-// of theirs at its end.
+// The fixture for macOS services: resets the fakes first, and checks at the end that none of their
+// objects has an owner.
 #pragma once
 
 #include "doubles/app_kit.h"

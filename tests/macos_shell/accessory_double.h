@@ -1,4 +1,4 @@
-// What the shell asks the system for, in order.
+// Records the system calls of the shell, in order.
 #pragma once
 
 #include <string>

@@ -18,7 +18,7 @@ class MacosApplicationShellTest : public testing::Test {
 protected:
     MacosApplicationShellTest() {
         doubles::asked().clear();
-        QGuiApplication::setQuitOnLastWindowClosed(true); // as in a program that says nothing
+        QGuiApplication::setQuitOnLastWindowClosed(true); // Qt's default
     }
 
     ~MacosApplicationShellTest() override { QGuiApplication::setQuitOnLastWindowClosed(false); }
@@ -26,13 +26,13 @@ protected:
     MacosApplicationShell shell;
 };
 
-TEST_F(MacosApplicationShellTest, AnAccessoryLivesOnWithoutAWindow) {
+TEST_F(MacosApplicationShellTest, AccessoryKeepsRunningWithoutAWindow) {
     shell.becomeAccessory();
     EXPECT_THAT(doubles::asked(), ElementsAre("becomeAccessory"));
     EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed());
 }
 
-TEST_F(MacosApplicationShellTest, TheProgramComesForwardWithTheWindow) {
+TEST_F(MacosApplicationShellTest, ShowingTheWindowActivatesTheProgram) {
     QWidget window;
     window.show();
     shell.activate(window);

@@ -1,5 +1,5 @@
-// The Debian package on a machine of its own: installed there as anybody installs it, what it
-// brings works from its places, and it leaves nothing behind.
+// Tests the Debian package on a virtual machine: it installs as usual, its programs work from their
+// installed locations, and its removal leaves no file.
 
 #include "input_devices.h"
 #include "ordinary_pad.h"
@@ -40,12 +40,12 @@ fs::path package() {
     return found;
 }
 
-// What the desktop's databases would learn from the package is theirs to test, and takes long.
-// However long the rest takes, only the kernel's own deadline ends it.
+// Skips the triggers of the desktop's databases, which are slow and not ours to test. There is no
+// time limit other than the virtual machine's own.
 void dpkg(const std::string& arguments) {
     const std::string command = "dpkg --no-triggers " + arguments + " >/dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
-    // The package starts udev's work and does not wait for it.
+    // The package triggers udev and does not wait for it.
     EXPECT_EQ(std::system("udevadm settle"), 0);
 }
 
@@ -57,7 +57,7 @@ bool isForTheSeat(const fs::path& node) {
     return udevProperty(node, "CURRENT_TAGS").value_or("").find(":uaccess:") != std::string::npos;
 }
 
-// Where the package puts a file that the list of an installation's files has, as "644 bin/glidemap".
+// The target of a file in the list of installed files, as "644 bin/glidemap".
 std::vector<fs::path> filesOfThePackage() {
     std::vector<fs::path> files;
     std::ifstream list(GLIDEMAP_INSTALLED_FILES);
@@ -68,7 +68,7 @@ std::vector<fs::path> filesOfThePackage() {
     return files;
 }
 
-// A home for a program that runs as nobody.
+// A home folder for a program that runs as the user nobody.
 class Home {
 public:
     Home() {
@@ -92,20 +92,20 @@ private:
     fs::path folder = "/run/glidemap-home";
 };
 
-// Stands in for logind, which hands the seated user what udev has tagged.
+// Acts as logind, which grants access to the devices that udev has tagged for the seat.
 void handOver(const fs::path& node) {
     ASSERT_TRUE(isForTheSeat(node)) << node;
     ASSERT_EQ(chown(node.c_str(), nobody, nobody), 0);
 }
 
-// Installed once for all who only use it.
+// Installs the package once for all tests that only use it.
 void needInstallation() {
     if (!fs::exists("/usr/bin/glidemap")) {
         install();
     }
 }
 
-TEST(InstalledPackage, GivesTheSeatItsTouchpadsAtOnceAndThoseThatComeLater) {
+TEST(InstalledPackage, SeatGetsAccessToPresentAndLaterTouchpads) {
     const VirtualPad pad(ordinaryPad());
     EXPECT_FALSE(isForTheSeat(pad.node()));
     install();
@@ -115,14 +115,14 @@ TEST(InstalledPackage, GivesTheSeatItsTouchpadsAtOnceAndThoseThatComeLater) {
     EXPECT_TRUE(isForTheSeat(later.node()));
 }
 
-TEST(InstalledPackage, RecognisesEveryGestureFromItsPlace) {
+TEST(InstalledPackage, InstalledProgramRecognisesEveryGesture) {
     needInstallation();
     const Home home;
     Process replay({"/usr/bin/glidemap-replay", "--demonstrate"}, Process::User::nobody);
     EXPECT_EQ(replay.waitForEnd(), 0) << replay.errors();
 }
 
-TEST(InstalledPackage, RecordsATouchpadWithItsOwnDriver) {
+TEST(InstalledPackage, InstalledDriverRecordsATouchpad) {
     needInstallation();
     const Home home;
     const VirtualPad pad(ordinaryPad());
@@ -133,14 +133,14 @@ TEST(InstalledPackage, RecordsATouchpadWithItsOwnDriver) {
     EXPECT_EQ(recorder.waitForEnd(), 0) << recorder.errors();
 }
 
-TEST(InstalledPackage, RunsTheProgramUntilItIsToldToEnd) {
+TEST(InstalledPackage, ProgramRunsUntilItsTerminationSignal) {
     needInstallation();
     const Home home;
     const VirtualPad pad(ordinaryPad());
     handOver(pad.node());
     handOver(uinput);
     Process program({"/usr/bin/glidemap"}, Process::User::nobody);
-    // The first window on a new machine has every font looked at, which takes long in this kernel.
+    // The first window on a new machine indexes every font, which is slow in this kernel.
     EXPECT_TRUE(program.waitUntilReading(pad.node(), std::chrono::seconds(90)));
     program.send(SIGTERM);
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
@@ -148,7 +148,7 @@ TEST(InstalledPackage, RunsTheProgramUntilItIsToldToEnd) {
     ASSERT_EQ(chown(uinput, 0, 0), 0);
 }
 
-TEST(InstalledPackage, LeavesNothingBehindWhenItIsRemoved) {
+TEST(InstalledPackage, RemovalLeavesNoFile) {
     needInstallation();
     const VirtualPad pad(ordinaryPad());
     EXPECT_TRUE(isForTheSeat(pad.node()));
@@ -168,8 +168,8 @@ bool hasAccessList(const fs::path& node) {
     return getxattr(node.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
 }
 
-// logind is not here, so the lists that it hands out are made by hand.
-TEST(InstalledPackage, TakesHandedOutAccessBackAtOnceWhenItIsRemoved) {
+// There is no logind here, so the test sets the access lists itself.
+TEST(InstalledPackage, RemovalRevokesGrantedAccessAtOnce) {
     if (!fs::exists("/usr/bin/setfacl")) {
         GTEST_SKIP() << "setfacl is not installed";
     }
@@ -185,7 +185,7 @@ TEST(InstalledPackage, TakesHandedOutAccessBackAtOnceWhenItIsRemoved) {
     EXPECT_FALSE(hasAccessList(uinput));
 }
 
-TEST(InstalledPackage, TakesBackWhatWasGrantedByHandWhenItIsPurged) {
+TEST(InstalledPackage, PurgeRevokesManuallyGrantedAccess) {
     needInstallation();
     for (const char* file :
          {"/etc/udev/rules.d/70-glidemap.rules", "/etc/modules-load.d/glidemap.conf"}) {

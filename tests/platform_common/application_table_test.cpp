@@ -8,7 +8,7 @@
 namespace glidemap {
 namespace {
 
-TEST(ApplicationTable, TheSameApplicationIsAtTheSameAddress) {
+TEST(ApplicationTable, EqualApplicationsHaveTheSameAddress) {
     ApplicationTable table(10);
     const Application* const first = table.intern({"a", "A"});
     EXPECT_EQ(*first, (Application{"a", "A"}));
@@ -18,13 +18,13 @@ TEST(ApplicationTable, TheSameApplicationIsAtTheSameAddress) {
     EXPECT_NE(table.intern({std::nullopt, "A"}), first);
 }
 
-TEST(ApplicationTable, NothingKnownIsTheUnknownOne) {
+TEST(ApplicationTable, EmptyApplicationIsTheUnknownOne) {
     ApplicationTable table(10);
     EXPECT_EQ(table.intern({}), ApplicationTable::unknown());
     EXPECT_EQ(*ApplicationTable::unknown(), Application{});
 }
 
-TEST(ApplicationTable, AddressesStayWhileItGrowsAndItStopsGrowing) {
+TEST(ApplicationTable, AddressesStayValidWhileTheTableGrowsToItsLimit) {
     constexpr std::size_t places = 1000;
     ApplicationTable table(places);
     std::vector<const Application*> told;

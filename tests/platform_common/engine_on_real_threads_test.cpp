@@ -1,5 +1,5 @@
-// The engine on the real queue, the real delayed work and the real clock: what only threads can
-// break. The thread sanitizer watches.
+// The engine on the real queue, delayed work and clock: races that only real threads can show. Run
+// it with the thread sanitizer.
 
 #include "core/serial_queue.h"
 #include "core/task.h"
@@ -45,7 +45,7 @@ protected:
                                     std::make_shared<ThreadedDelayedWork>(), &manager});
     }
 
-    // As the driver would, on the caller's thread.
+    // Runs on the caller's thread, like the driver.
     void report(int fingers, double x = 0.5) {
         std::vector<MTTouch> records(static_cast<std::size_t>(fingers));
         for (int finger = 0; finger < fingers; ++finger) {
@@ -70,7 +70,7 @@ protected:
     double time = 1;
 };
 
-TEST_F(EngineOnRealThreads, aTapComesOutOffTheCallersThread) {
+TEST_F(EngineOnRealThreads, TapIsDeliveredOffTheCallersThread) {
     std::promise<std::pair<GestureType, std::thread::id>> delivered;
     engine->onGesture = [&](GestureType gesture) {
         delivered.set_value({gesture, std::this_thread::get_id()});
@@ -82,7 +82,7 @@ TEST_F(EngineOnRealThreads, aTapComesOutOffTheCallersThread) {
     EXPECT_NE(thread, std::this_thread::get_id());
 }
 
-TEST_F(EngineOnRealThreads, aHeldBackTapComesOutOfDelayedWork) {
+TEST_F(EngineOnRealThreads, DelayedTapIsDeliveredByDelayedWork) {
     std::promise<std::thread::id> queueThread;
     engine->sessionRecognizer().doubleTapBindingExists = [&](int) {
         queueThread.set_value(std::this_thread::get_id());
@@ -97,7 +97,7 @@ TEST_F(EngineOnRealThreads, aHeldBackTapComesOutOfDelayedWork) {
     EXPECT_NE(queueThread.get_future().get(), delivered.get_future().get());
 }
 
-TEST_F(EngineOnRealThreads, theCountIsReadWhileReportsArrive) {
+TEST_F(EngineOnRealThreads, CountIsReadWhileReportsArrive) {
     engine->start();
     std::atomic<bool> done = false;
     std::thread driver([&] {
@@ -116,7 +116,7 @@ TEST_F(EngineOnRealThreads, theCountIsReadWhileReportsArrive) {
     EXPECT_EQ(engine->touchingCount(), 0);
 }
 
-TEST_F(EngineOnRealThreads, nothingIsDeliveredAfterStop) {
+TEST_F(EngineOnRealThreads, NothingIsDeliveredAfterStop) {
     std::atomic<int> delivered = 0;
     engine->onGesture = [&](GestureType) {
         ++delivered;
@@ -137,7 +137,7 @@ TEST_F(EngineOnRealThreads, nothingIsDeliveredAfterStop) {
     EXPECT_EQ(delivered.load(), atStop);
 }
 
-TEST_F(EngineOnRealThreads, mayBeDestroyedWithWorkStillQueued) {
+TEST_F(EngineOnRealThreads, EngineMayBeDestroyedWithQueuedWork) {
     for (int turn = 0; turn < 200; ++turn) {
         engine->sessionRecognizer().doubleTapBindingExists = [](int) {
             return true;
@@ -150,10 +150,10 @@ TEST_F(EngineOnRealThreads, mayBeDestroyedWithWorkStillQueued) {
         tap(5);
         engine = makeEngine(); // without a stop
     }
-    tap(5); // the sink of an engine that is gone does nothing
+    tap(5); // the sink of a destroyed engine does nothing
 }
 
-// A queue whose tasks run when it is told, after a stop as well: what a driver that does not wait sends too late.
+// A queue that runs its tasks on request, even after a stop, like late reports of a driver.
 class LateQueue : public SerialQueue {
 public:
     void submit(Task task) override { tasks.push_back(std::move(task)); }
@@ -185,27 +185,27 @@ protected:
     int decisions = 0;
 };
 
-TEST_F(EngineOnALateQueue, framesThatWaitAreRecognisedWhileItRuns) {
+TEST_F(EngineOnALateQueue, QueuedFramesAreRecognisedWhileItRuns) {
     tap(3);
     queue->runAll();
     EXPECT_EQ(decisions, 1);
 }
 
-TEST_F(EngineOnALateQueue, framesThatWaitDoNothingOnceItHasStopped) {
+TEST_F(EngineOnALateQueue, QueuedFramesDoNothingAfterStop) {
     tap(3);
     engine->stop();
     queue->runAll();
     EXPECT_EQ(decisions, 0);
 }
 
-TEST_F(EngineOnALateQueue, framesThatWaitDoNothingOnceItIsGone) {
+TEST_F(EngineOnALateQueue, QueuedFramesDoNothingAfterDestruction) {
     tap(3);
     engine.reset();
     queue->runAll();
     EXPECT_EQ(decisions, 0);
 }
 
-TEST_F(EngineOnRealThreads, mayBeDestroyedFromItsOwnQueue) {
+TEST_F(EngineOnRealThreads, EngineMayBeDestroyedOnItsOwnQueue) {
     std::promise<void> destroyed;
     std::promise<void> handedOver;
     auto handed = handedOver.get_future().share();

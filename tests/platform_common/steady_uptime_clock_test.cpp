@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-TEST(SteadyUptimeClock, neverGoesBackwards) {
+TEST(SteadyUptimeClock, UptimeNeverDecreases) {
     const SteadyUptimeClock clock;
     double last = clock.uptime();
     for (int reading = 0; reading < 1000; ++reading) {
@@ -15,8 +15,8 @@ TEST(SteadyUptimeClock, neverGoesBackwards) {
     }
 }
 
-// The cooldown lets the first gesture pass because the system has been up for longer than it.
-TEST(SteadyUptimeClock, countsFromTheStartOfTheSystem) {
+// The cooldown accepts the first gesture because the uptime exceeds the cooldown.
+TEST(SteadyUptimeClock, UptimeCountsFromTheStartOfTheSystem) {
     EXPECT_GT(SteadyUptimeClock().uptime(), 1.0);
 }
 

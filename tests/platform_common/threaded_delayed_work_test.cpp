@@ -19,14 +19,14 @@ std::shared_ptr<WorkItem> item(std::function<void()> work) {
     return std::make_shared<WorkItem>(std::move(work));
 }
 
-// Waits until an item scheduled now for `delay` has run: all that fell due before it have run too.
+// Waits until an item scheduled now for `delay` has run, and with it all items due before.
 void waitFor(DelayedWork& work, double delay) {
     std::promise<void> reached;
     work.schedule(item([&reached] { reached.set_value(); }), delay);
     reached.get_future().wait();
 }
 
-TEST(ThreadedDelayedWork, runsAnItemNotBeforeItsDelay) {
+TEST(ThreadedDelayedWork, ItemDoesNotRunBeforeItsDelay) {
     ThreadedDelayedWork work;
     const auto scheduled = Clock::now();
     Clock::time_point ran;
@@ -43,7 +43,7 @@ void countWithin(const std::function<void()>& work) {
     --within;
 }
 
-TEST(ThreadedDelayedWork, runsEachItemWithinWhatItIsGiven) {
+TEST(ThreadedDelayedWork, EachItemRunsInsideTheWrapper) {
     ThreadedDelayedWork work({}, countWithin);
     std::vector<int> ran;
     work.schedule(item([&ran] { ran.push_back(within); }), 0);
@@ -52,11 +52,11 @@ TEST(ThreadedDelayedWork, runsEachItemWithinWhatItIsGiven) {
     EXPECT_EQ(ran, std::vector({1, 1}));
 }
 
-TEST(ThreadedDelayedWork, runsItemsInTheOrderOfTheirDeadlines) {
+TEST(ThreadedDelayedWork, ItemsRunInTheOrderOfTheirDeadlines) {
     constexpr std::chrono::milliseconds apart(10);
     std::vector<int> order;
     Clock::duration took{};
-    do { // until nothing else has held up the scheduling so long that the deadlines are others
+    do { // repeats if a delay of the scheduler has changed the order of the deadlines
         ThreadedDelayedWork work;
         order.clear();
         const auto begun = Clock::now();
@@ -69,7 +69,7 @@ TEST(ThreadedDelayedWork, runsItemsInTheOrderOfTheirDeadlines) {
     EXPECT_EQ(order, (std::vector{1, 2, 3}));
 }
 
-TEST(ThreadedDelayedWork, anItemThatComesFirstIsNotHeldUpByALaterOne) {
+TEST(ThreadedDelayedWork, EarlierItemIsNotDelayedByALaterOne) {
     ThreadedDelayedWork work;
     work.schedule(item([] {}), 3600);
     std::promise<void> ran;
@@ -77,9 +77,9 @@ TEST(ThreadedDelayedWork, anItemThatComesFirstIsNotHeldUpByALaterOne) {
     EXPECT_EQ(ran.get_future().wait_for(test::patience), std::future_status::ready);
 }
 
-// However late the cancelling comes on a busy machine: the item cannot run before, since another one is
-// under way until then.
-TEST(ThreadedDelayedWork, aCancelledItemDoesNotRun) {
+// The item cannot run before the cancellation, however slow the machine is, because another item
+// runs until then.
+TEST(ThreadedDelayedWork, CancelledItemDoesNotRun) {
     ThreadedDelayedWork work;
     std::promise<void> cancelling;
     work.schedule(item([&cancelling] { cancelling.get_future().wait(); }), 0);
@@ -92,14 +92,14 @@ TEST(ThreadedDelayedWork, aCancelledItemDoesNotRun) {
     EXPECT_FALSE(ran.load());
 }
 
-TEST(ThreadedDelayedWork, anItemLetGoOfByItsSchedulerStillRuns) {
+TEST(ThreadedDelayedWork, ReleasedItemStillRuns) {
     ThreadedDelayedWork work;
     std::promise<void> ran;
     work.schedule(item([&ran] { ran.set_value(); }), 0.001);
     ran.get_future().wait();
 }
 
-TEST(ThreadedDelayedWork, stopLetsGoOfWhatWaitsAndJoins) {
+TEST(ThreadedDelayedWork, StopDropsPendingItemsAndJoins) {
     ThreadedDelayedWork work;
     auto owned = std::make_shared<int>(1);
     work.schedule(item([owned] {}), 3600);
@@ -108,7 +108,7 @@ TEST(ThreadedDelayedWork, stopLetsGoOfWhatWaitsAndJoins) {
     EXPECT_EQ(owned.use_count(), 1);
 }
 
-TEST(ThreadedDelayedWork, stopWaitsForTheRunningItem) {
+TEST(ThreadedDelayedWork, StopWaitsForTheRunningItem) {
     ThreadedDelayedWork work;
     std::promise<void> entered;
     std::atomic<bool> finished = false;
@@ -125,14 +125,14 @@ TEST(ThreadedDelayedWork, stopWaitsForTheRunningItem) {
     EXPECT_TRUE(finished.load());
 }
 
-TEST(ThreadedDelayedWork, startsAfreshAfterStop) {
+TEST(ThreadedDelayedWork, WorkCanBeScheduledAfterStop) {
     ThreadedDelayedWork work;
     waitFor(work, 0);
     work.stop();
     waitFor(work, 0);
 }
 
-TEST(ThreadedDelayedWork, mayBeDestroyedByItsOwnItem) {
+TEST(ThreadedDelayedWork, WorkMayBeDestroyedByItsOwnItem) {
     auto work = std::make_unique<ThreadedDelayedWork>();
     std::promise<void> handedOver;
     auto handed = handedOver.get_future().share();

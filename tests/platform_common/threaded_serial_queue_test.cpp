@@ -12,14 +12,14 @@
 namespace glidemap {
 namespace {
 
-// Waits until everything submitted so far has run.
+// Waits until all tasks submitted so far have run.
 void drain(SerialQueue& queue) {
     std::promise<void> reached;
     queue.submit([&reached] { reached.set_value(); });
     reached.get_future().wait();
 }
 
-TEST(ThreadedSerialQueue, runsTasksInTheOrderOfSubmission) {
+TEST(ThreadedSerialQueue, TasksRunInTheOrderOfSubmission) {
     ThreadedSerialQueue queue;
     std::vector<int> order;
     for (int number = 0; number < 5000; ++number) {
@@ -31,7 +31,7 @@ TEST(ThreadedSerialQueue, runsTasksInTheOrderOfSubmission) {
     EXPECT_EQ(order, expected);
 }
 
-TEST(ThreadedSerialQueue, runsTasksOnOneThreadThatIsNotTheSubmitters) {
+TEST(ThreadedSerialQueue, TasksRunOnOneThreadOtherThanTheSubmitters) {
     ThreadedSerialQueue queue;
     std::vector<std::thread::id> threads(2);
     queue.submit([&] { threads[0] = std::this_thread::get_id(); });
@@ -41,7 +41,7 @@ TEST(ThreadedSerialQueue, runsTasksOnOneThreadThatIsNotTheSubmitters) {
     EXPECT_NE(threads[0], std::this_thread::get_id());
 }
 
-TEST(ThreadedSerialQueue, preparesItsThreadBeforeTheFirstTask) {
+TEST(ThreadedSerialQueue, ThreadIsPreparedBeforeTheFirstTask) {
     std::atomic<std::thread::id> prepared;
     ThreadedSerialQueue queue([&] { prepared = std::this_thread::get_id(); });
     EXPECT_EQ(prepared.load(), std::thread::id());
@@ -59,14 +59,14 @@ void countWithin(const std::function<void()>& work) {
     --within;
 }
 
-// Says where it is let go of.
+// Records where it is destroyed.
 std::shared_ptr<void> releasedWithin(std::vector<int>& seen) {
     return {nullptr, [&seen](void*) {
                 seen.push_back(within);
             }};
 }
 
-TEST(ThreadedSerialQueue, runsEachTaskWithinWhatItIsGivenAndDestroysItThere) {
+TEST(ThreadedSerialQueue, EachTaskRunsAndIsDestroyedInsideTheWrapper) {
     std::vector<int> ran;
     std::vector<int> released;
     ThreadedSerialQueue queue({}, countWithin);
@@ -78,7 +78,7 @@ TEST(ThreadedSerialQueue, runsEachTaskWithinWhatItIsGivenAndDestroysItThere) {
     EXPECT_EQ(released, std::vector({1, 1}));
 }
 
-// Occupies the queue until it is told to go on.
+// Blocks the queue until the test releases it.
 struct Blocker {
     std::promise<void> entered;
     std::promise<void> proceed;
@@ -92,7 +92,7 @@ struct Blocker {
     }
 };
 
-TEST(ThreadedSerialQueue, stopWaitsForTheRunningTaskAndDropsTheRest) {
+TEST(ThreadedSerialQueue, StopWaitsForTheRunningTaskAndDropsTheRest) {
     ThreadedSerialQueue queue;
     Blocker blocker;
     blocker.occupy(queue);
@@ -107,7 +107,7 @@ TEST(ThreadedSerialQueue, stopWaitsForTheRunningTaskAndDropsTheRest) {
         stopped = true;
     });
     while (!capture.expired()) {
-        std::this_thread::yield(); // until stop() has let go of the task that waits
+        std::this_thread::yield(); // until stop() has dropped the queued task
     }
     EXPECT_FALSE(stopped.load());
     blocker.proceed.set_value();
@@ -115,7 +115,7 @@ TEST(ThreadedSerialQueue, stopWaitsForTheRunningTaskAndDropsTheRest) {
     EXPECT_FALSE(ran.load());
 }
 
-TEST(ThreadedSerialQueue, startsAfreshAfterStop) {
+TEST(ThreadedSerialQueue, QueueRunsTasksAfterStop) {
     ThreadedSerialQueue queue;
     drain(queue);
     queue.stop();
@@ -126,7 +126,7 @@ TEST(ThreadedSerialQueue, startsAfreshAfterStop) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST(ThreadedSerialQueue, aFullQueueMakesTheSubmitterWaitAndLosesNothing) {
+TEST(ThreadedSerialQueue, FullQueueBlocksTheSubmitterAndLosesNothing) {
     ThreadedSerialQueue queue;
     Blocker blocker;
     blocker.occupy(queue);
@@ -152,7 +152,7 @@ TEST(ThreadedSerialQueue, aFullQueueMakesTheSubmitterWaitAndLosesNothing) {
     EXPECT_EQ(order, expected);
 }
 
-TEST(ThreadedSerialQueue, stopReleasesASubmitterThatWaitsForRoom) {
+TEST(ThreadedSerialQueue, StopReleasesABlockedSubmitter) {
     ThreadedSerialQueue queue;
     Blocker blocker;
     blocker.occupy(queue);
@@ -166,11 +166,10 @@ TEST(ThreadedSerialQueue, stopReleasesASubmitterThatWaitsForRoom) {
     stopper.join();
     submitter.join();
     queue.stop();
-    SUCCEED(); // nobody was left waiting; whether the last task came before or after the stop is
-               // open
+    SUCCEED(); // ends only if stop() releases the submitter
 }
 
-TEST(ThreadedSerialQueue, mayBeDestroyedByItsOwnTask) {
+TEST(ThreadedSerialQueue, QueueMayBeDestroyedByItsOwnTask) {
     auto queue = std::make_unique<ThreadedSerialQueue>();
     std::promise<void> destroyed;
     ThreadedSerialQueue& reference = *queue;
@@ -186,8 +185,8 @@ TEST(ThreadedSerialQueue, mayBeDestroyedByItsOwnTask) {
     EXPECT_EQ(queue, nullptr);
 }
 
-// The thread that was stopped by its own task is still in it while the next one starts.
-TEST(ThreadedSerialQueue, stoppedByItsOwnTaskItServesAgainOnceThatTaskHasEnded) {
+// The thread that its own task has stopped still runs while the next one starts.
+TEST(ThreadedSerialQueue, QueueStoppedByItsOwnTaskRunsTasksAfterThatTask) {
     for (int round = 0; round < 50; ++round) {
         ThreadedSerialQueue queue;
         std::promise<void> stopped;
@@ -209,7 +208,7 @@ TEST(ThreadedSerialQueue, stoppedByItsOwnTaskItServesAgainOnceThatTaskHasEnded) 
     }
 }
 
-TEST(ThreadedSerialQueue, destructionDropsWhatWaits) {
+TEST(ThreadedSerialQueue, DestructionDropsQueuedTasks) {
     auto owned = std::make_shared<int>(1);
     {
         ThreadedSerialQueue queue;

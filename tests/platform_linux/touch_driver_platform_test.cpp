@@ -18,34 +18,34 @@ protected:
     ~TouchDriverPlatformTest() override { unsetenv(variable); }
 };
 
-// The tests lie beside bin, so what holds for the programs holds for them.
-TEST_F(TouchDriverPlatformTest, theTouchpadsDriverIsBesideTheProgramsUnlessAnotherIsNamed) {
+// The tests are in a folder next to bin, so they find drivers as the programs do.
+TEST_F(TouchDriverPlatformTest, DefaultIsTheTouchpadDriverNextToThePrograms) {
     unsetenv(variable);
     const std::string path = touchDriverPlatform().libraryPath;
     EXPECT_THAT(path, testing::EndsWith("/lib/glidemap/libglidemap-evdev.so"));
     EXPECT_TRUE(std::filesystem::exists(path)) << path;
 }
 
-TEST_F(TouchDriverPlatformTest, theEnvironmentNamesAnotherDriver) {
+TEST_F(TouchDriverPlatformTest, EnvironmentSelectsAnotherDriver) {
     setenv(variable, REPLAY_DRIVER, 1);
     EXPECT_EQ(touchDriverPlatform().libraryPath, REPLAY_DRIVER);
 }
 
-TEST_F(TouchDriverPlatformTest, anEmptyNameNamesNothing) {
+TEST_F(TouchDriverPlatformTest, EmptyVariableSelectsNothing) {
     setenv(variable, "", 1);
     EXPECT_THAT(touchDriverPlatform().libraryPath, testing::EndsWith("libglidemap-evdev.so"));
 }
 
-TEST_F(TouchDriverPlatformTest, aNamedDriverIsLoadedAndItsListRead) {
+TEST_F(TouchDriverPlatformTest, SelectedDriverIsLoadedAndItsListRead) {
     setenv(variable, REPLAY_DRIVER, 1);
     unsetenv("GLIDEMAP_RECORDING");
     MultitouchDeviceManager manager(touchDriverPlatform());
     ASSERT_EQ(manager.loadError(), std::nullopt);
-    manager.start(); // nothing to play: an empty list
+    manager.start(); // nothing to play, so the list is empty
     EXPECT_EQ(manager.loadError(), "未找到多点触摸设备");
 }
 
-TEST_F(TouchDriverPlatformTest, aNamedDriverThatIsNotThereIsALoadError) {
+TEST_F(TouchDriverPlatformTest, MissingDriverIsALoadError) {
     setenv(variable, "/no/such/driver.so", 1);
     const MultitouchDeviceManager manager(touchDriverPlatform());
     ASSERT_TRUE(manager.loadError().has_value());

@@ -7,7 +7,7 @@ namespace glidemap::test {
 
 class Application {
 public:
-    // Runs the loop until somebody quits it.
+    // Runs the loop until quit() or exit().
     void run() { QCoreApplication::exec(); }
     static void quit() { QCoreApplication::quit(); }
 

@@ -9,7 +9,7 @@
 namespace glidemap {
 namespace {
 
-TEST(FirstExposureTest, TheFirstWindowThatCanBeSeenIsToldOnce) {
+TEST(FirstExposureTest, FirstVisibleWindowIsReportedOnce) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
     char name[] = "test";
@@ -21,7 +21,7 @@ TEST(FirstExposureTest, TheFirstWindowThatCanBeSeenIsToldOnce) {
     hidden.create();
     QExposeEvent nothing{QRegion()};
     QCoreApplication::sendEvent(&hidden, &nothing);
-    EXPECT_EQ(told, 0) << "it cannot be seen";
+    EXPECT_EQ(told, 0) << "the window is not visible yet";
     QWindow first;
     first.show();
     QCoreApplication::processEvents();

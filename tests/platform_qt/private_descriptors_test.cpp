@@ -34,7 +34,7 @@ void expectPrivate(int descriptor, const char* what) {
 
 class PrivateDescriptorsTest : public testing::Test {
 protected:
-    // Two sockets that are connected.
+    // Connects the two sockets.
     void connectThem() {
         const sockaddr_un address = addressOf(folder.path() / "socket");
         ASSERT_EQ(bind(listening.descriptor(), generic(address), sizeof address), 0);
@@ -50,7 +50,7 @@ protected:
     OpenFile there;
 };
 
-TEST_F(PrivateDescriptorsTest, NobodyInheritsThemAndNobodyWaitsOnThem) {
+TEST_F(PrivateDescriptorsTest, DescriptorsAreNonBlockingAndNotInherited) {
     connectThem();
     std::array<int, 2> ends{};
     ASSERT_TRUE(makePipe(ends));
@@ -62,7 +62,7 @@ TEST_F(PrivateDescriptorsTest, NobodyInheritsThemAndNobodyWaitsOnThem) {
     expectPrivate(ends[1], "a pipe, to write to");
 }
 
-TEST_F(PrivateDescriptorsTest, WhatIsSentArrives) {
+TEST_F(PrivateDescriptorsTest, SentTextArrives) {
     connectThem();
     EXPECT_TRUE(sendAll(here, "a line\n"));
     std::array<char, 16> buffer{};
@@ -71,15 +71,15 @@ TEST_F(PrivateDescriptorsTest, WhatIsSentArrives) {
               "a line\n");
 }
 
-// The signal would end the program.
-TEST_F(PrivateDescriptorsTest, ToSomebodyWhoHasGoneNothingIsSentAndNoSignalComes) {
+// SIGPIPE would terminate the program.
+TEST_F(PrivateDescriptorsTest, SendingToAClosedPeerFailsWithoutASignal) {
     connectThem();
     there = {};
     EXPECT_FALSE(sendAll(here, "a line\n"));
     EXPECT_EQ(errno, EPIPE);
 }
 
-TEST_F(PrivateDescriptorsTest, WhereNobodyConnectsNobodyIsAccepted) {
+TEST_F(PrivateDescriptorsTest, AcceptFailsWithoutAPendingConnection) {
     const sockaddr_un address = addressOf(folder.path() / "socket");
     ASSERT_EQ(bind(listening.descriptor(), generic(address), sizeof address), 0);
     ASSERT_EQ(listen(listening.descriptor(), 1), 0);

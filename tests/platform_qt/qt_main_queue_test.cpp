@@ -13,7 +13,7 @@ namespace {
 
 using test::Application;
 
-TEST(QtMainQueueTest, TasksRunOnTheMainThreadInTheirOrderButNeverFromWithinSubmit) {
+TEST(QtMainQueueTest, TasksRunInOrderOnTheMainThreadAndNeverInsideSubmit) {
     Application application;
     QtMainQueue queue;
     std::vector<int> order;
@@ -39,7 +39,7 @@ TEST(QtMainQueueTest, TasksRunOnTheMainThreadInTheirOrderButNeverFromWithinSubmi
     }
 }
 
-TEST(QtMainQueueTest, AnyThreadMaySubmitAndEachThreadsOrderIsKept) {
+TEST(QtMainQueueTest, EachSubmittingThreadsOrderIsKept) {
     constexpr int threads = 4;
     constexpr int tasks = 2000;
     Application application;
@@ -71,7 +71,7 @@ TEST(QtMainQueueTest, AnyThreadMaySubmitAndEachThreadsOrderIsKept) {
     }
 }
 
-TEST(QtMainQueueTest, ATaskIsMovedAndDestroyedOnce) {
+TEST(QtMainQueueTest, TaskIsMovedAndDestroyedOnce) {
     Application application;
     QtMainQueue queue;
     auto held = std::make_unique<int>(7);
@@ -87,28 +87,28 @@ TEST(QtMainQueueTest, ATaskIsMovedAndDestroyedOnce) {
     application.run();
 }
 
-TEST(QtMainQueueTest, WhatWaitsWhenTheLoopEndsIsDestroyedUnrun) {
+TEST(QtMainQueueTest, EndOfTheLoopDestroysPendingTasks) {
     Application application;
     QtMainQueue queue;
     const auto counted = std::make_shared<int>();
     queue.submit([&] {
-        queue.submit([counted] { ADD_FAILURE() << "it ran"; });
+        queue.submit([counted] { ADD_FAILURE() << "the task has run"; });
         QCoreApplication::exit();
     });
     application.run();
     EXPECT_EQ(counted.use_count(), 1);
 
-    queue.submit([counted] { ADD_FAILURE() << "it ran"; });
+    queue.submit([counted] { ADD_FAILURE() << "the task has run"; });
     EXPECT_EQ(counted.use_count(), 1);
     QCoreApplication::processEvents();
 }
 
-TEST(QtMainQueueTest, WhatWaitsWhenTheQueueGoesIsDestroyedUnrun) {
+TEST(QtMainQueueTest, EndOfTheQueueDestroysPendingTasks) {
     Application application;
     const auto counted = std::make_shared<int>();
     {
         QtMainQueue queue;
-        queue.submit([counted] { ADD_FAILURE() << "it ran"; });
+        queue.submit([counted] { ADD_FAILURE() << "the task has run"; });
         EXPECT_EQ(counted.use_count(), 2);
     }
     EXPECT_EQ(counted.use_count(), 1);

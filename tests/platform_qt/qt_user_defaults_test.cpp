@@ -24,7 +24,7 @@ protected:
     const fs::path file = folder / "glidemap" / "glidemap.ini";
 };
 
-TEST_F(QtUserDefaultsTest, AFirstLaunchKnowsNothingAndWritesNothing) {
+TEST_F(QtUserDefaultsTest, FirstLaunchReadsAndWritesNothing) {
     {
         const QtUserDefaults defaults(file);
         EXPECT_EQ(defaults.string("appLanguage"), std::nullopt);
@@ -33,7 +33,7 @@ TEST_F(QtUserDefaultsTest, AFirstLaunchKnowsNothingAndWritesNothing) {
     EXPECT_FALSE(fs::exists(file));
 }
 
-TEST_F(QtUserDefaultsTest, WhatIsSetIsThereAtTheNextLaunch) {
+TEST_F(QtUserDefaultsTest, ValuesPersistUntilTheNextLaunch) {
     {
         QtUserDefaults defaults(file);
         defaults.setString("appLanguage", "zh");
@@ -44,8 +44,8 @@ TEST_F(QtUserDefaultsTest, WhatIsSetIsThereAtTheNextLaunch) {
     EXPECT_EQ(next.boolean("masterEnabled"), false);
 }
 
-// A second reader stands for the next launch after a crash: the first one has not been closed.
-TEST_F(QtUserDefaultsTest, WhatIsSetIsWrittenAtOnce) {
+// A second reader simulates the next launch after a crash: the first one is still open.
+TEST_F(QtUserDefaultsTest, ValuesAreWrittenAtOnce) {
     QtUserDefaults defaults(file);
     for (const bool value : {false, true}) {
         defaults.setBoolean("masterEnabled", value);
@@ -55,7 +55,7 @@ TEST_F(QtUserDefaultsTest, WhatIsSetIsWrittenAtOnce) {
     EXPECT_EQ(QtUserDefaults(file).string("appLanguage"), "fr");
 }
 
-TEST_F(QtUserDefaultsTest, TheFileIsPlain) {
+TEST_F(QtUserDefaultsTest, FileIsPlainText) {
     QtUserDefaults defaults(file);
     defaults.setString("appLanguage", "zh");
     defaults.setBoolean("masterEnabled", true);
@@ -64,7 +64,7 @@ TEST_F(QtUserDefaultsTest, TheFileIsPlain) {
               "[General]\nappLanguage=zh\nmasterEnabled=true\n");
 }
 
-TEST_F(QtUserDefaultsTest, AnyTextIsKeptAsItIs) {
+TEST_F(QtUserDefaultsTest, EveryTextIsPreserved) {
     for (const std::string& text :
          {std::string(), std::string("zh-Hans"), std::string("a, b; c"), std::string("\"quoted\""),
           std::string("first\nsecond\r\n\tthird"), std::string("触控板 🙂"),
@@ -108,12 +108,12 @@ TEST_F(QtUserDefaultsTest, OnlyTrueAndFalseAreBooleans) {
     }
 }
 
-TEST_F(QtUserDefaultsTest, AListIsNoText) {
+TEST_F(QtUserDefaultsTest, ListIsNotText) {
     write("[General]\nappLanguage=zh, en\n");
     EXPECT_EQ(QtUserDefaults(file).string("appLanguage"), std::nullopt);
 }
 
-TEST_F(QtUserDefaultsTest, ADamagedFileIsReadAsFarAsItGoesAndCanBeWritten) {
+TEST_F(QtUserDefaultsTest, DamagedFileIsReadAsFarAsPossibleAndCanBeWritten) {
     struct Row {
         const char* what;
         std::string text;
@@ -143,9 +143,9 @@ TEST_F(QtUserDefaultsTest, ADamagedFileIsReadAsFarAsItGoesAndCanBeWritten) {
     }
 }
 
-// Also for root, whom no permission stops.
-TEST_F(QtUserDefaultsTest, WhereNothingCanBeWrittenTheValueHoldsUntilTheEnd) {
-    fs::create_directories(file); // a folder in the place of the file
+// Also applies to root, whom permissions do not stop.
+TEST_F(QtUserDefaultsTest, ValueThatCannotBeWrittenLastsUntilTheEnd) {
+    fs::create_directories(file); // a folder in place of the file
     const auto below = folder / "plain" / "glidemap.ini";
     std::ofstream(folder / "plain") << "a file in the place of the folder";
     for (const fs::path& place : {file, below, fs::path("/proc/glidemap/glidemap.ini")}) {
@@ -160,12 +160,12 @@ TEST_F(QtUserDefaultsTest, WhereNothingCanBeWrittenTheValueHoldsUntilTheEnd) {
     }
 }
 
-TEST_F(QtUserDefaultsTest, TheStandardFileIsInTheUsersConfiguration) {
+TEST_F(QtUserDefaultsTest, StandardFileIsInTheUsersConfiguration) {
     const test::InEnvironment configuration("XDG_CONFIG_HOME", folder.c_str());
     EXPECT_EQ(QtUserDefaults::standardFile(), file);
 }
 
-TEST_F(QtUserDefaultsTest, TheLanguageSurvivesARestart) {
+TEST_F(QtUserDefaultsTest, LanguageSurvivesARestart) {
     const auto launch = [this] {
         return Lang(std::make_shared<QtUserDefaults>(file));
     };

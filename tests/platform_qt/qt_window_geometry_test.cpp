@@ -23,12 +23,12 @@ protected:
     const fs::path file = temporary.path() / "glidemap" / "window.ini";
 };
 
-TEST_F(QtWindowGeometryTest, AFirstLaunchKnowsNothingAndWritesNothing) {
+TEST_F(QtWindowGeometryTest, FirstLaunchReadsAndWritesNothing) {
     EXPECT_EQ(QtWindowGeometry(file).read(), std::nullopt);
     EXPECT_FALSE(fs::exists(file));
 }
 
-TEST_F(QtWindowGeometryTest, WhatIsWrittenIsThereAtTheNextLaunch) {
+TEST_F(QtWindowGeometryTest, GeometryPersistsUntilTheNextLaunch) {
     const WindowGeometry rows[] = {
         {10, 20, 720, 520, false}, {-1500, -3, 680, 480, true}, {0, 0, 1, 1, false}};
     for (const WindowGeometry& geometry : rows) {
@@ -37,7 +37,7 @@ TEST_F(QtWindowGeometryTest, WhatIsWrittenIsThereAtTheNextLaunch) {
     }
 }
 
-TEST_F(QtWindowGeometryTest, NonsenseIsNothing) {
+TEST_F(QtWindowGeometryTest, InvalidGeometryIsIgnored) {
     const std::string rows[] = {
         "",
         "[General]\nx=1\ny=2\nwidth=700\n",
@@ -55,14 +55,14 @@ TEST_F(QtWindowGeometryTest, NonsenseIsNothing) {
     }
 }
 
-TEST_F(QtWindowGeometryTest, TheSamePlaceIsNotWrittenAgain) {
+TEST_F(QtWindowGeometryTest, UnchangedGeometryIsNotWritten) {
     QtWindowGeometry(file).write({10, 20, 720, 520, false});
     const auto written = fs::last_write_time(file);
     QtWindowGeometry(file).write({10, 20, 720, 520, false});
     EXPECT_EQ(fs::last_write_time(file), written);
 }
 
-TEST_F(QtWindowGeometryTest, WhatCannotBeWrittenIsLostSilently) {
+TEST_F(QtWindowGeometryTest, WriteErrorIsIgnored) {
     temporary.write("glidemap", "a file where the folder would be");
     QtWindowGeometry(file).write({1, 2, 700, 500, false});
     EXPECT_EQ(QtWindowGeometry(file).read(), std::nullopt);

@@ -20,7 +20,7 @@ private:
     QGuiApplication application;
 };
 
-TEST(SessionEndTest, BeingAskedToQuitIsHeardOnceAndNoWindowIsAsked) {
+TEST(SessionEndTest, QuitRequestIsReportedOnceAndNoWindowIsAsked) {
     const Offscreen offscreen;
     int asked = 0;
     const SessionEnd sessionEnd([&] { ++asked; });
@@ -32,7 +32,7 @@ TEST(SessionEndTest, BeingAskedToQuitIsHeardOnceAndNoWindowIsAsked) {
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST(SessionEndTest, AfterwardsTheToolkitIsAskedAsEver) {
+TEST(SessionEndTest, DestructionRestoresTheDefaultOfQt) {
     const Offscreen offscreen;
     int asked = 0;
     {

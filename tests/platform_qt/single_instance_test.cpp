@@ -38,7 +38,7 @@ namespace fs = std::filesystem;
 
 constexpr std::chrono::milliseconds soon{200};
 
-// A pipe on which processes tell the test, and the test tells them, that something has happened.
+// A pipe with which processes and the test signal events to each other.
 class Signpost {
 public:
     Signpost() { EXPECT_EQ(pipe(ends.data()), 0); }
@@ -60,12 +60,12 @@ private:
     std::array<int, 2> ends{};
 };
 
-// Another program, which ends with what the function answers, or with this test.
+// A child process, which exits with the function's result, or with this test.
 class Child {
 public:
     explicit Child(const std::function<int()>& work) : process(fork()) {
         if (process == 0) {
-            alarm(3 * test::patience.count()); // longer than anything that it waits for
+            alarm(3 * test::patience.count()); // longer than all its waits
             _exit(work());
         }
     }
@@ -97,7 +97,7 @@ private:
 
 class SingleInstanceTest : public testing::Test {
 protected:
-    // Claims, and listens until it is asked to show itself; then ends with 7.
+    // Claims and listens until a request arrives; then exits with 7.
     int beFirst(const Signpost& listening) const {
         Application application;
         SingleInstance instance(folder.path());
@@ -127,7 +127,7 @@ protected:
     mutable Request asked;
 };
 
-TEST_F(SingleInstanceTest, TheSecondAsksTheFirstToShowItselfAndHandsItsProofOver) {
+TEST_F(SingleInstanceTest, SecondInstanceSendsItsRequestToTheFirst) {
     const Signpost listening;
     Child first([&] { return beFirst(listening); });
     listening.wait();
@@ -135,7 +135,7 @@ TEST_F(SingleInstanceTest, TheSecondAsksTheFirstToShowItselfAndHandsItsProofOver
     EXPECT_EQ(first.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, OnlyTheUserCanOpenWhatItLeavesInTheFolder) {
+TEST_F(SingleInstanceTest, FilesAreAccessibleOnlyToTheUser) {
     Application application;
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);
@@ -147,7 +147,7 @@ TEST_F(SingleInstanceTest, OnlyTheUserCanOpenWhatItLeavesInTheFolder) {
     }
 }
 
-TEST_F(SingleInstanceTest, OneThatWasKilledIsInNobodysWay) {
+TEST_F(SingleInstanceTest, KilledInstanceDoesNotBlockTheNext) {
     const Signpost listening;
     Child first([&] { return beFirst(listening); });
     listening.wait();
@@ -161,7 +161,7 @@ TEST_F(SingleInstanceTest, OneThatWasKilledIsInNobodysWay) {
     EXPECT_EQ(next.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, OneThatHangsIsNotWaitedForForever) {
+TEST_F(SingleInstanceTest, InstanceThatHangsIsNotWaitedForForever) {
     const Signpost listening;
     Child first([&] { return beFirst(listening); });
     listening.wait();
@@ -169,7 +169,7 @@ TEST_F(SingleInstanceTest, OneThatHangsIsNotWaitedForForever) {
     EXPECT_EQ(claimAsSecond(soon), static_cast<int>(Claim::unanswered));
 }
 
-TEST_F(SingleInstanceTest, OneThatHoldsTheLockAndDoesNotListenYetIsWaitedFor) {
+TEST_F(SingleInstanceTest, InstanceThatDoesNotListenYetIsWaitedFor) {
     const Signpost claimed;
     const Signpost goOn;
     Child first([&] {
@@ -193,10 +193,10 @@ TEST_F(SingleInstanceTest, OneThatHoldsTheLockAndDoesNotListenYetIsWaitedFor) {
     EXPECT_EQ(first.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, WhoAsksOneThatIsEndingTakesItsPlace) {
+TEST_F(SingleInstanceTest, RequesterTakesOverFromAnInstanceThatExits) {
     const Signpost ending;
     const Signpost begun;
-    Child second([&] { // made before the lock, which a child would have, too
+    Child second([&] { // before the lock, which a child would inherit
         ending.wait();
         begun.tell();
         return claimAsSecond();
@@ -212,8 +212,8 @@ TEST_F(SingleInstanceTest, WhoAsksOneThatIsEndingTakesItsPlace) {
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::first));
 }
 
-// Each holds the lock until all have claimed.
-TEST_F(SingleInstanceTest, OfManyThatStartAtTheSameInstantOneIsFirst) {
+// Each child keeps the lock until all have claimed.
+TEST_F(SingleInstanceTest, OneOfManySimultaneousStartsIsFirst) {
     constexpr int programs = 12;
     for (int round = 0; round < 5; ++round) {
         const Signpost start;
@@ -247,7 +247,7 @@ TEST_F(SingleInstanceTest, OfManyThatStartAtTheSameInstantOneIsFirst) {
     }
 }
 
-TEST_F(SingleInstanceTest, AFolderThatOthersCanOpenIsNotUsed) {
+TEST_F(SingleInstanceTest, FolderThatOthersCanOpenIsNotUsed) {
     fs::permissions(folder.path(), fs::perms::all);
     SingleInstance instance(folder.path());
     EXPECT_EQ(instance.claim({}), Claim::first);
@@ -256,7 +256,7 @@ TEST_F(SingleInstanceTest, AFolderThatOthersCanOpenIsNotUsed) {
     EXPECT_EQ(fs::status(file("glidemap")).permissions(), fs::perms::owner_all);
 }
 
-TEST_F(SingleInstanceTest, InSuchAFolderTheSecondFindsTheFirst) {
+TEST_F(SingleInstanceTest, SecondFindsTheFirstInThePrivateFolder) {
     fs::permissions(folder.path(), fs::perms::all);
     fs::create_directory(file("glidemap"));
     fs::permissions(file("glidemap"), fs::perms::all);
@@ -268,12 +268,12 @@ TEST_F(SingleInstanceTest, InSuchAFolderTheSecondFindsTheFirst) {
     EXPECT_EQ(first.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, AFolderOfAnotherUserIsNotUsed) {
+TEST_F(SingleInstanceTest, FolderOfAnotherUserIsNotUsed) {
     const auto given = folder.path() / "given";
     fs::create_directory(given);
     fs::permissions(given, fs::perms::all);
     if (chown(given.c_str(), 65534, 65534) != 0) {
-        GTEST_SKIP() << "only root may give a folder away";
+        GTEST_SKIP() << "only root may change the owner of a folder";
     }
     EXPECT_EQ(SingleInstance(given).claim({}), Claim::impossible);
     fs::permissions(given, fs::perms::owner_all);
@@ -281,7 +281,7 @@ TEST_F(SingleInstanceTest, AFolderOfAnotherUserIsNotUsed) {
     EXPECT_TRUE(fs::is_empty(given));
 }
 
-TEST_F(SingleInstanceTest, ALinkToAFolderIsNotFollowed) {
+TEST_F(SingleInstanceTest, LinkToAFolderIsNotFollowed) {
     const auto elsewhere = folder.path() / "elsewhere";
     fs::create_directory(elsewhere);
     fs::permissions(elsewhere, fs::perms::owner_all);
@@ -294,7 +294,7 @@ TEST_F(SingleInstanceTest, ALinkToAFolderIsNotFollowed) {
     EXPECT_TRUE(fs::is_empty(elsewhere));
 }
 
-TEST_F(SingleInstanceTest, ALinkInTheLocksPlaceIsNotFollowed) {
+TEST_F(SingleInstanceTest, LinkInPlaceOfTheLockIsNotFollowed) {
     const auto kept = folder.write("kept", "untouched");
     fs::permissions(kept, fs::perms::all);
     fs::create_symlink(kept, file("glidemap.lock"));
@@ -304,10 +304,10 @@ TEST_F(SingleInstanceTest, ALinkInTheLocksPlaceIsNotFollowed) {
     EXPECT_EQ(fs::status(kept).permissions(), fs::perms::all);
 }
 
-// Holds the lock, and has a server of another kind than ours listen.
+// Holds the lock, and listens with a server that misbehaves.
 class PretendedFirst {
 public:
-    // The user is the one that the system names as the listening one.
+    // `user` is the user that the system reports as the listener.
     PretendedFirst(const fs::path& folder, const fs::path& socketFile, uid_t user = geteuid())
         : lock(open((folder / "glidemap.lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)),
           socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -327,7 +327,7 @@ public:
         close(lock);
     }
 
-    // Everything that a client says up to its line's end.
+    // All data from a client up to the end of its line.
     std::string hearAndAnswer(const std::vector<std::string>& parts) const {
         const int client = accept(socket, nullptr, nullptr);
         std::string heard;
@@ -342,7 +342,7 @@ public:
         return heard;
     }
 
-    // From the clients that have connected and gone.
+    // All data from clients that have disconnected.
     std::string everythingHeard() const {
         fcntl(socket, F_SETFL, O_NONBLOCK);
         std::string heard;
@@ -362,7 +362,7 @@ private:
     const int socket;
 };
 
-TEST_F(SingleInstanceTest, OnlyTheRightAnswerCounts) {
+TEST_F(SingleInstanceTest, OnlyTheExactReplyIsAccepted) {
     struct Row {
         std::vector<std::string> parts;
         Claim claim;
@@ -386,7 +386,7 @@ TEST_F(SingleInstanceTest, OnlyTheRightAnswerCounts) {
     }
 }
 
-TEST_F(SingleInstanceTest, ALinkToASocketIsNotFollowed) {
+TEST_F(SingleInstanceTest, LinkToASocketIsNotFollowed) {
     fs::create_symlink(file("elsewhere"), file("glidemap.socket"));
     Signpost ready;
     Child second([&] {
@@ -400,7 +400,7 @@ TEST_F(SingleInstanceTest, ALinkToASocketIsNotFollowed) {
     EXPECT_EQ(first.clients, 0);
 }
 
-TEST_F(SingleInstanceTest, AnotherUsersProcessGetsNoToken) {
+TEST_F(SingleInstanceTest, TokenIsNotSentToAnotherUsersProcess) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may become another user";
     }
@@ -416,16 +416,16 @@ TEST_F(SingleInstanceTest, AnotherUsersProcessGetsNoToken) {
     EXPECT_EQ(first.everythingHeard(), "");
 }
 
-TEST_F(SingleInstanceTest, WithoutAFolderNothingCanBeClaimed) {
+TEST_F(SingleInstanceTest, ClaimFailsWithoutAFolder) {
     folder.write("file", "");
     SingleInstance instance(folder.path() / "file");
     EXPECT_EQ(instance.claim({}), Claim::impossible);
 }
 
-TEST_F(SingleInstanceTest, OneThatCannotListenSaysWhyAndIsTheOnlyOneAllTheSame) {
+TEST_F(SingleInstanceTest, InstanceThatCannotListenReturnsTheErrorAndStaysFirst) {
     folder.write("glidemap.socket/in/the/way", "");
     const Signpost goOn;
-    Child second([&] { // made before the lock, which a child would have, too
+    Child second([&] { // before the lock, which a child would inherit
         goOn.wait();
         return claimAsSecond(soon);
     });
@@ -439,12 +439,12 @@ TEST_F(SingleInstanceTest, OneThatCannotListenSaysWhyAndIsTheOnlyOneAllTheSame) 
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
 }
 
-TEST_F(SingleInstanceTest, AFolderThatIsMissingIsMade) {
+TEST_F(SingleInstanceTest, MissingFolderIsCreated) {
     SingleInstance instance(folder.path() / "not" / "there");
     EXPECT_EQ(instance.claim({}), Claim::first);
 }
 
-// Whoever connects without keeping to what is said here.
+// A client that does not follow the protocol.
 class Stranger {
 public:
     explicit Stranger(const std::filesystem::path& file)
@@ -471,7 +471,7 @@ private:
     const int socket;
 };
 
-TEST_F(SingleInstanceTest, StrangersNeitherShowTheWindowNorKeepOthersFromIt) {
+TEST_F(SingleInstanceTest, InvalidClientsNeitherShowTheWindowNorBlockOthers) {
     Application application;
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);
@@ -495,7 +495,7 @@ int openDescriptors() {
         std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
 }
 
-TEST_F(SingleInstanceTest, AThousandSilentStrangersTakeNoMoreDescriptorsThanAFew) {
+TEST_F(SingleInstanceTest, ThousandSilentClientsUseFewDescriptors) {
     Application application;
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);
@@ -522,7 +522,7 @@ TEST_F(SingleInstanceTest, AThousandSilentStrangersTakeNoMoreDescriptorsThanAFew
     EXPECT_GE(hungUpOn, 1000 - static_cast<int>(LineListener::maxClients));
 }
 
-TEST_F(SingleInstanceTest, AClientThatStaysSilentIsHungUpOn) {
+TEST_F(SingleInstanceTest, SilentClientIsDisconnected) {
     Application application;
     const LineListener listener(
         file("lines"), 100, [](const std::string&) { return ""; }, std::chrono::milliseconds(50));
@@ -535,7 +535,7 @@ TEST_F(SingleInstanceTest, AClientThatStaysSilentIsHungUpOn) {
     }
 }
 
-TEST_F(SingleInstanceTest, WithoutDescriptorsAClientWaitsUntilThereAreSome) {
+TEST_F(SingleInstanceTest, ClientWaitsWhileDescriptorsAreExhausted) {
     Application application;
     int heard = 0;
     const LineListener listener(file("lines"), 100, [&](const std::string&) {
@@ -555,10 +555,10 @@ TEST_F(SingleInstanceTest, WithoutDescriptorsAClientWaitsUntilThereAreSome) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         ++turns;
     }
-    EXPECT_LT(turns, 100) << "it tried without a pause";
+    EXPECT_LT(turns, 100) << "accept() was retried without a pause";
 }
 
-TEST_F(SingleInstanceTest, AnotherUsersClientIsNotHeard) {
+TEST_F(SingleInstanceTest, ClientOfAnotherUserIsRejected) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may become another user";
     }

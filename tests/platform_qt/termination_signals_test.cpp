@@ -17,11 +17,11 @@ namespace {
 
 using test::Application;
 
-// A program that ends in order with 7, and with 8 if its loop ended without being asked to.
+// A child that exits normally with 7, or with 8 if its loop ended without a request.
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {
-        alarm(test::patience.count()); // one that is never asked fails
+        alarm(test::patience.count()); // terminates a child that gets no signal
         Application application;
         bool asked = false;
         const TerminationSignals ending([&] {
@@ -44,12 +44,12 @@ TEST(TerminationSignalsTest, EachSignalEndsTheLoopInOrder) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGHUP); }, Application::quit), 7);
 }
 
-TEST(TerminationSignalsTest, ASecondOneEndsAProgramThatDoesNotEnd) {
+TEST(TerminationSignalsTest, SecondSignalEndsAProgramThatHangs) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, [] { kill(getpid(), SIGTERM); }),
               128 + SIGTERM);
 }
 
-// A program that waits for ever once it is asked to end, with a limit.
+// A child with a limit that hangs after the request to end.
 int programThatHangs(const std::function<void(const TerminationSignals&)>& end) {
     const pid_t child = fork();
     if (child == 0) {
@@ -65,12 +65,12 @@ int programThatHangs(const std::function<void(const TerminationSignals&)>& end) 
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-TEST(TerminationSignalsTest, TheLimitEndsAProgramThatNeverGetsToItsLoop) {
+TEST(TerminationSignalsTest, LimitEndsAProgramThatNeverReachesItsLoop) {
     EXPECT_EQ(programThatHangs([](const auto&) { kill(getpid(), SIGTERM); }), EXIT_SUCCESS);
     EXPECT_EQ(programThatHangs([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
 }
 
-TEST(TerminationSignalsTest, TheLimitOutlivesTheObject) {
+TEST(TerminationSignalsTest, LimitOutlivesTheObject) {
     EXPECT_EQ(programThatHangs([](const auto&) {
                   const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
                   inner.limitEnd();
@@ -88,7 +88,7 @@ TEST(TerminationSignalsTest, WithoutALimitAProgramTakesItsTime) {
               7);
 }
 
-TEST(TerminationSignalsTest, OneThatWasIgnoredStaysIgnored) {
+TEST(TerminationSignalsTest, IgnoredSignalStaysIgnored) {
     const auto before = std::signal(SIGINT, SIG_IGN);
     EXPECT_EQ(programThat(
                   [] {
@@ -100,7 +100,7 @@ TEST(TerminationSignalsTest, OneThatWasIgnoredStaysIgnored) {
     std::signal(SIGINT, before);
 }
 
-TEST(TerminationSignalsTest, ALaunchedProgramEndsByThemAsEver) {
+TEST(TerminationSignalsTest, LaunchedProgramHasDefaultSignals) {
     EXPECT_EQ(programThat(
                   [] {
                       char name[] = "sleep";
@@ -119,7 +119,7 @@ TEST(TerminationSignalsTest, ALaunchedProgramEndsByThemAsEver) {
 
 void keepQuiet(int /*signal*/) {}
 
-TEST(TerminationSignalsTest, AfterwardsEverythingIsAsItWas) {
+TEST(TerminationSignalsTest, DestructionRestoresTheHandlers) {
     const auto before = std::signal(SIGTERM, keepQuiet);
     {
         Application application;

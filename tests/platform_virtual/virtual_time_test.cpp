@@ -16,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Writes down what ran and when, by the clock that the work itself would read.
+// Records the work that ran and its time on the virtual clock.
 class VirtualTimeTest : public testing::Test {
 protected:
     struct Event {
@@ -48,13 +48,13 @@ protected:
     std::vector<Event> events;
 };
 
-TEST_F(VirtualTimeTest, theUptimeIsTheTimeOfTheRecordPlusAThousandSeconds) {
+TEST_F(VirtualTimeTest, UptimeIsTheRecordsTimePlusAThousandSeconds) {
     EXPECT_EQ(time.clock()->uptime(), 1000);
     time.advanceTo(12.5);
     EXPECT_EQ(time.clock()->uptime(), 1012.5);
 }
 
-TEST_F(VirtualTimeTest, aDelayedItemRunsAtItsDeadlineNotBeforeAndOnce) {
+TEST_F(VirtualTimeTest, ItemRunsOnceAtItsDeadline) {
     schedule("item", 0.5);
     time.advanceTo(std::nextafter(0.5, 0.0));
     EXPECT_THAT(events, IsEmpty());
@@ -64,7 +64,7 @@ TEST_F(VirtualTimeTest, aDelayedItemRunsAtItsDeadlineNotBeforeAndOnce) {
     EXPECT_THAT(events, ElementsAre(Event{"item", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, itemsRunInTheOrderOfTheirDeadlinesEachWithTheClockAtItsOwn) {
+TEST_F(VirtualTimeTest, ItemsRunInTheOrderOfTheirDeadlinesWithTheClockThere) {
     schedule("late", 0.75);
     schedule("early", 0.25);
     schedule("middle", 0.5);
@@ -74,7 +74,7 @@ TEST_F(VirtualTimeTest, itemsRunInTheOrderOfTheirDeadlinesEachWithTheClockAtItsO
     EXPECT_EQ(time.now(), 10);
 }
 
-TEST_F(VirtualTimeTest, itemsWithTheSameDeadlineRunAsTheyWereScheduled) {
+TEST_F(VirtualTimeTest, ItemsWithEqualDeadlinesRunInTheOrderOfScheduling) {
     schedule("first", 0.5);
     schedule("second", 0.5);
     time.advanceTo(0.25);
@@ -84,7 +84,7 @@ TEST_F(VirtualTimeTest, itemsWithTheSameDeadlineRunAsTheyWereScheduled) {
                 ElementsAre(Event{"first", 0.5}, Event{"second", 0.5}, Event{"third", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, anItemScheduledByAnItemRunsInTheSameAdvanceIfItIsDue) {
+TEST_F(VirtualTimeTest, ItemScheduledByAnItemRunsInTheSameAdvanceIfDue) {
     scheduleWork(0.5, [this] {
         record("parent");
         schedule("due", 0.25);
@@ -96,21 +96,21 @@ TEST_F(VirtualTimeTest, anItemScheduledByAnItemRunsInTheSameAdvanceIfItIsDue) {
     EXPECT_EQ(events.back(), (Event{"not due", 1.25}));
 }
 
-TEST_F(VirtualTimeTest, aCancelledItemDoesNotRun) {
+TEST_F(VirtualTimeTest, CancelledItemDoesNotRun) {
     schedule("cancelled", 0.5)->cancel();
     schedule("kept", 0.5);
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"kept", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, lettingGoOfAnItemDoesNotCancelIt) {
+TEST_F(VirtualTimeTest, ReleasedItemStillRuns) {
     auto item = schedule("released", 0.5);
     item.reset();
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"released", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, theClockFollowsARecordBackwardsAndItemsWaitForTheirTime) {
+TEST_F(VirtualTimeTest, ClockFollowsARecordBackwardsAndItemsWait) {
     time.advanceTo(10);
     schedule("from the later time", 0.5);
     time.advanceTo(5);
@@ -122,7 +122,7 @@ TEST_F(VirtualTimeTest, theClockFollowsARecordBackwardsAndItemsWaitForTheirTime)
     EXPECT_EQ(events.back(), (Event{"from the later time", 10.5}));
 }
 
-TEST_F(VirtualTimeTest, aTimeThatIsNoNumberLeavesTheClockWhereItIs) {
+TEST_F(VirtualTimeTest, InvalidTimeLeavesTheClockUnchanged) {
     time.advanceTo(3);
     schedule("item", 0.5);
     time.advanceTo(std::nan(""));
@@ -131,14 +131,14 @@ TEST_F(VirtualTimeTest, aTimeThatIsNoNumberLeavesTheClockWhereItIs) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(VirtualTimeTest, aDelayThatHasPassedIsDueAtOnceAndStillWaitsForTimeToMove) {
+TEST_F(VirtualTimeTest, NegativeDelayIsDueAtTheNextAdvance) {
     schedule("item", -1);
     EXPECT_THAT(events, IsEmpty());
     time.advanceTo(0);
     EXPECT_THAT(events, ElementsAre(Event{"item", 0}));
 }
 
-TEST_F(VirtualTimeTest, theEndOfTheInputRunsEverythingThatIsLeft) {
+TEST_F(VirtualTimeTest, RunRemainingRunsEveryItem) {
     time.advanceTo(2);
     scheduleWork(0.5, [this] {
         record("parent");
@@ -149,13 +149,13 @@ TEST_F(VirtualTimeTest, theEndOfTheInputRunsEverythingThatIsLeft) {
     EXPECT_EQ(time.now(), 102.5);
 }
 
-TEST_F(VirtualTimeTest, theEndOfTheInputLeavesTheClockAloneIfNothingIsLeft) {
+TEST_F(VirtualTimeTest, RunRemainingWithoutItemsLeavesTheClock) {
     time.advanceTo(2);
     time.runRemaining();
     EXPECT_EQ(time.now(), 2);
 }
 
-TEST_F(VirtualTimeTest, theNextDeadlineIsThatOfTheEarliestItem) {
+TEST_F(VirtualTimeTest, NextDeadlineIsThatOfTheEarliestItem) {
     EXPECT_EQ(time.nextDeadline(), std::numeric_limits<double>::infinity());
     time.advanceTo(1);
     schedule("late", 2);
@@ -163,7 +163,7 @@ TEST_F(VirtualTimeTest, theNextDeadlineIsThatOfTheEarliestItem) {
     EXPECT_EQ(time.nextDeadline(), 2);
 }
 
-TEST_F(VirtualTimeTest, submittedTasksWaitAndThenRunInOrder) {
+TEST_F(VirtualTimeTest, SubmittedTasksWaitAndThenRunInOrder) {
     submit("first");
     submit("second");
     EXPECT_THAT(events, IsEmpty());
@@ -172,13 +172,13 @@ TEST_F(VirtualTimeTest, submittedTasksWaitAndThenRunInOrder) {
     EXPECT_THAT(events, ElementsAre(Event{"first", 0}, Event{"second", 0}));
 }
 
-TEST_F(VirtualTimeTest, aTaskThatATaskSubmitsRunsAfterThoseAlreadyWaiting) {
+TEST_F(VirtualTimeTest, TaskSubmittedByATaskRunsAfterTheQueuedOnes) {
     time.queue()->submit([this] {
         record("parent");
-        for (int count = 0; count < 100; ++count) { // enough for the storage to move
+        for (int count = 0; count < 100; ++count) { // enough to reallocate the storage
             submit("child");
         }
-        time.runSubmitted(); // from within a task: no task runs inside another
+        time.runSubmitted(); // nested: no task runs inside another
         record("end of parent");
     });
     submit("second");
@@ -190,21 +190,21 @@ TEST_F(VirtualTimeTest, aTaskThatATaskSubmitsRunsAfterThoseAlreadyWaiting) {
     EXPECT_EQ(events[3].name, "child");
 }
 
-TEST_F(VirtualTimeTest, whatWasSubmittedRunsBeforeTimeMovesOn) {
+TEST_F(VirtualTimeTest, SubmittedTasksRunBeforeTimeAdvances) {
     submit("task");
     schedule("item", 0.5);
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"task", 0}, Event{"item", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, whatAnItemSubmitsRunsAtTheTimeOfTheItem) {
+TEST_F(VirtualTimeTest, TaskSubmittedByAnItemRunsAtTheTimeOfTheItem) {
     scheduleWork(0.5, [this] { submit("task"); });
     schedule("later item", 0.75);
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"task", 0.5}, Event{"later item", 0.75}));
 }
 
-TEST_F(VirtualTimeTest, stoppingTheQueueDestroysWhatWaitsUnrunAndLaterTasksRun) {
+TEST_F(VirtualTimeTest, StopDestroysQueuedTasksAndLaterTasksRun) {
     const auto token = std::make_shared<int>();
     time.queue()->submit([this, token] { record("waiting"); });
     time.queue()->stop();
@@ -214,7 +214,7 @@ TEST_F(VirtualTimeTest, stoppingTheQueueDestroysWhatWaitsUnrunAndLaterTasksRun) 
     EXPECT_THAT(events, ElementsAre(Event{"later", 0}));
 }
 
-TEST_F(VirtualTimeTest, aTaskMayStopItsOwnQueue) {
+TEST_F(VirtualTimeTest, TaskMayStopItsOwnQueue) {
     time.queue()->submit([this] {
         record("stopping");
         time.queue()->stop();
@@ -226,7 +226,7 @@ TEST_F(VirtualTimeTest, aTaskMayStopItsOwnQueue) {
     EXPECT_THAT(events, ElementsAre(Event{"stopping", 0}, Event{"later", 0}));
 }
 
-TEST_F(VirtualTimeTest, stoppingDelayedWorkLetsGoOfWhatWaitsUnrun) {
+TEST_F(VirtualTimeTest, StopDropsPendingItems) {
     const auto token = std::make_shared<int>();
     scheduleWork(0.5, [this, token] { record("waiting"); });
     time.delayedWork()->stop();
@@ -236,7 +236,7 @@ TEST_F(VirtualTimeTest, stoppingDelayedWorkLetsGoOfWhatWaitsUnrun) {
     EXPECT_THAT(events, ElementsAre(Event{"later", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, theMainQueueRunsOnceTheSerialQueueIsEmpty) {
+TEST_F(VirtualTimeTest, MainQueueRunsWhenTheSerialQueueIsEmpty) {
     time.mainQueue()->submit([this] { record("main"); });
     time.queue()->submit([this] {
         time.mainQueue()->submit([this] { record("main later"); });
@@ -249,11 +249,11 @@ TEST_F(VirtualTimeTest, theMainQueueRunsOnceTheSerialQueueIsEmpty) {
                                     Event{"main later", 0}));
 }
 
-TEST_F(VirtualTimeTest, whatTheMainQueueSubmitsRunsAfterItAndNothingIsLeft) {
+TEST_F(VirtualTimeTest, TasksSubmittedByTheMainQueueRunAfterIt) {
     time.mainQueue()->submit([this] {
         time.mainQueue()->submit([this] { record("main child"); });
         submit("child");
-        time.runSubmitted(); // from within a task: no task runs inside another
+        time.runSubmitted(); // nested: no task runs inside another
         record("end of main");
     });
     time.runSubmitted();
@@ -261,14 +261,14 @@ TEST_F(VirtualTimeTest, whatTheMainQueueSubmitsRunsAfterItAndNothingIsLeft) {
                 ElementsAre(Event{"end of main", 0}, Event{"main child", 0}, Event{"child", 0}));
 }
 
-TEST_F(VirtualTimeTest, whatAnItemGivesTheMainQueueRunsAtTheTimeOfTheItem) {
+TEST_F(VirtualTimeTest, MainQueueTaskOfAnItemRunsAtTheTimeOfTheItem) {
     scheduleWork(0.5, [this] { time.mainQueue()->submit([this] { record("main"); }); });
     schedule("later item", 0.75);
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"main", 0.5}, Event{"later item", 0.75}));
 }
 
-TEST(VirtualTimePorts, mayOutliveTheTimeTheyCameFrom) {
+TEST(VirtualTimePorts, PortsMayOutliveTheTime) {
     std::shared_ptr<UptimeClock> clock;
     std::shared_ptr<DelayedWork> delayedWork;
     {

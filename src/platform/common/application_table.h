@@ -1,11 +1,11 @@
-// Every application that was ever told of, once, at an address that stays: so that which one is
-// frontmost is a single pointer, read without a lock and never dangling.
+// Stores every reported application once, at a fixed address. So the frontmost application is a
+// single pointer that is read without a lock and never dangles.
 //
-// It only grows, and only so far: a window that changes its app id for ever is no reason to run out
-// of memory. What comes after the last free place is an application of which nothing is known.
+// The table only grows, up to a limit, because a window may change its app id endlessly.
+// Applications beyond the limit map to unknown().
 //
-// Thread:  intern() on one thread; what it returned may be read on any.
-// Owner:   the workspace; lives as long as its readers.
+// Thread:  intern() on one thread; any thread may read its results.
+// Owner:   the workspace; it lives as long as its readers.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -24,14 +24,14 @@ public:
 
     const Application* intern(Application application);
 
-    // The one of which nothing is known. Never null.
+    // The application without a name or identifier. Never null.
     static const Application* unknown();
 
 private:
     using Key = std::pair<std::optional<std::string>, std::optional<std::string>>;
 
     std::size_t limit;
-    std::map<Key, Application> applications; // nodes never move
+    std::map<Key, Application> applications; // map nodes keep their addresses
 };
 
 } // namespace glidemap

@@ -1,7 +1,7 @@
-// Waits for a thread to end, or, on that thread itself, lets it go on to its end alone.
+// Joins a thread, or detaches it if called on that thread itself.
 //
-// Thread:  any, the thread that is to end included.
-// Owner:   a thread that is let go must own all that it still uses.
+// Thread:  any, including the thread that ends.
+// Owner:   a detached thread must own everything that it still uses.
 #pragma once
 
 #include <thread>

@@ -1,7 +1,7 @@
-// The process's one touch engine and its one device manager, on real threads and the real clock.
+// Creates the process's touch engine and device manager, on real threads and the real clock.
 //
-// Thread:  the main thread, before anyone asks for either.
-// Errors:  none; a driver that cannot be loaded is the device manager's to tell.
+// Thread:  the main thread, before the first use of either.
+// Errors:  none; the device manager reports a driver that cannot be loaded.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
@@ -11,8 +11,8 @@
 
 namespace glidemap {
 
-// Each of the engine's threads sets itself up with its name: what they do a person waits to see. Each
-// piece of that is done within what is given.
+// `setUpThread` runs on each of the engine's threads with the thread's name; these threads are
+// latency-sensitive. Each task of a thread runs inside `within`.
 MultitouchDeviceManager& makeSharedEngine(TouchDriverPlatform platform,
                                           void (*setUpThread)(std::string_view name),
                                           WorkWithin within = nullptr);

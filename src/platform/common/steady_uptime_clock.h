@@ -1,4 +1,4 @@
-// The system's uptime, from the monotonic clock.
+// Returns the system's uptime from the monotonic clock.
 #pragma once
 
 #include "core/uptime_clock.h"

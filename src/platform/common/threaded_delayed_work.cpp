@@ -19,18 +19,18 @@ using Clock = std::chrono::steady_clock;
 
 struct Waiting {
     Clock::time_point deadline;
-    std::uint64_t number = 0; // of two items with one deadline, the one scheduled first runs first
+    std::uint64_t number = 0; // breaks ties: equal deadlines run in the order of scheduling
     std::shared_ptr<WorkItem> item;
 };
 
-// The heap's top is the item that comes first.
+// The heap's top is the next item.
 constexpr auto comesLater = [](const Waiting& a, const Waiting& b) {
     return a.deadline != b.deadline ? a.deadline > b.deadline : a.number > b.number;
 };
 
 } // namespace
 
-// Shared with the thread, which may outlive its maker by the item it is in.
+// Shared with the thread, which may outlive the owner until its current item returns.
 struct ThreadedDelayedWork::State {
     std::function<void()> prepareThread;
     WorkWithin within = nullptr;
@@ -38,7 +38,7 @@ struct ThreadedDelayedWork::State {
     std::condition_variable changed;
     std::vector<Waiting> heap;
     std::uint64_t nextNumber = 0;
-    std::uint64_t generation = 0; // stop() begins a new one; a thread serves only its own
+    std::uint64_t generation = 0; // stop() starts a new one; a thread serves only its own
     std::thread thread;
 
     void serve(std::uint64_t own);
@@ -57,7 +57,7 @@ void ThreadedDelayedWork::State::serve(std::uint64_t own) {
     }
 }
 
-// Waits for the first item to fall due; none once the generation has passed.
+// Waits for the next item to become due. Returns null once the generation has ended.
 std::shared_ptr<WorkItem> ThreadedDelayedWork::State::takeDueItem(std::uint64_t own) {
     std::unique_lock lock(mutex);
     while (generation == own) {
@@ -100,7 +100,7 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
                 std::thread([shared = state, own = state->generation] { shared->serve(own); });
         }
     }
-    if (comesFirst) { // otherwise the thread has an earlier item to wake up for
+    if (comesFirst) { // otherwise the thread already wakes up earlier
         state->changed.notify_one();
     }
 }
@@ -108,7 +108,7 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
 void ThreadedDelayedWork::stop() {
     std::thread thread;
     {
-        std::vector<Waiting> dropped; // destroyed outside the lock, whatever its captures do
+        std::vector<Waiting> dropped; // destroyed outside the lock, because captures may call back
         const std::lock_guard lock(state->mutex);
         ++state->generation;
         std::swap(dropped, state->heap);

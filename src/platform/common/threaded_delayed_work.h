@@ -1,9 +1,9 @@
-// The real delayed work: one thread, started by the first item, asleep until the next deadline and
-// without any wake-up while nothing is scheduled.
+// Runs delayed work on one thread. The first item starts the thread; it sleeps until the next
+// deadline, and never wakes up while nothing is scheduled.
 //
 // Thread:  any.
-// Owner:   may be destroyed on any thread, its own included: the item that is running then goes on
-// to its end.
+// Owner:   any; it may be destroyed on any thread, including its own: the running item then
+//          completes.
 #pragma once
 
 #include "core/delayed_work.h"
@@ -16,8 +16,8 @@ namespace glidemap {
 
 class ThreadedDelayedWork : public DelayedWork {
 public:
-    // `prepareThread` runs on the new thread before its first item: its name, its priority.
-    // `within` is put around each item.
+    // `prepareThread` runs on the new thread before its first item, to set its name and priority.
+    // Each item runs inside `within`.
     explicit ThreadedDelayedWork(std::function<void()> prepareThread = {},
                                  WorkWithin within = nullptr);
     ~ThreadedDelayedWork() override;

@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-// First in, first out, in memory that grows by doubling and is then kept.
+// A FIFO whose memory doubles as needed and is kept.
 class TaskRing {
 public:
     bool isEmpty() const { return count == 0; }
@@ -49,7 +49,7 @@ private:
 
 } // namespace
 
-// Shared with the thread, which may outlive the queue by the task it is in.
+// Shared with the thread, which may outlive the queue until its current task returns.
 struct ThreadedSerialQueue::State {
     std::function<void()> prepareThread;
     WorkWithin within = nullptr;
@@ -57,10 +57,10 @@ struct ThreadedSerialQueue::State {
     std::condition_variable work;
     std::condition_variable room;
     TaskRing tasks;
-    bool isWaiting = false;       // the thread, for work
-    std::uint64_t generation = 0; // stop() begins a new one; a thread serves only its own
-    // The generation whose task is running. A queue stopped by its own task may be used again before that task has
-    // ended; the new thread waits for it.
+    bool isWaiting = false;       // the thread waits for tasks
+    std::uint64_t generation = 0; // stop() starts a new one; a thread serves only its own
+    // The generation whose task is running. If a task stops its own queue, the queue may be used
+    // again before the task returns; the new thread waits for that.
     static constexpr std::uint64_t nobody = ~std::uint64_t{0};
     std::uint64_t runner = nobody;
     std::thread thread;
@@ -83,7 +83,7 @@ void ThreadedSerialQueue::State::serve(std::uint64_t own) {
     }
 }
 
-// A thread whose generation has passed touches nothing that belongs to the next one.
+// A thread of an earlier generation must not touch the state of the next one.
 bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     std::unique_lock lock(mutex);
     if (runner == own) {
@@ -109,7 +109,7 @@ bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     return true;
 }
 
-// The next generation's thread may be waiting for this one's last task to end.
+// The next generation's thread may be waiting for this thread's last task.
 void ThreadedSerialQueue::State::leave(std::unique_lock<std::mutex> lock) {
     lock.unlock();
     work.notify_all();
@@ -131,7 +131,7 @@ void ThreadedSerialQueue::submit(Task task) {
     state->room.wait(lock,
                      [&] { return state->generation != generation || !state->tasks.isFull(); });
     if (state->generation != generation) {
-        return; // stopped while waiting: the task goes the way of those that waited with it
+        return; // stopped while waiting: drop the task like the queued ones
     }
     state->tasks.push(std::move(task));
     if (!state->thread.joinable()) {
@@ -147,7 +147,7 @@ void ThreadedSerialQueue::submit(Task task) {
 void ThreadedSerialQueue::stop() {
     std::thread thread;
     {
-        TaskRing dropped; // destroyed outside the lock, whatever its captures do
+        TaskRing dropped; // destroyed outside the lock, because captures may call back
         const std::lock_guard lock(state->mutex);
         ++state->generation;
         state->isWaiting = false;

@@ -1,13 +1,13 @@
-// The real serial queue: one thread, started by the first task and asleep while there is none.
+// Runs tasks in order on one thread. The first task starts the thread; it sleeps while the queue is
+// empty.
 //
-// Tasks are handed over under a lock held for a few moves of pointers, in a ring that grows to a
-// fixed size. A submitter that finds it full waits: a driver that is held up loses nothing, because
-// the kernel keeps its events and says so when it cannot, whereas a report that is thrown away
-// could be the one in which the fingers leave.
+// Tasks are moved into a ring under a short lock. The ring grows to a maximum; then submitters
+// block. That is safe for a driver, because the kernel buffers its events and reports an overflow.
+// A dropped report would not be safe: it could be the report in which the fingers lift.
 //
 // Thread:  any.
-// Owner:   may be destroyed on any thread, its own included: the task that is running then goes on
-// to its end.
+// Owner:   any; it may be destroyed on any thread, including its own: the running task then
+//          completes.
 #pragma once
 
 #include "core/serial_queue.h"
@@ -23,8 +23,8 @@ class ThreadedSerialQueue : public SerialQueue {
 public:
     static constexpr std::size_t capacity = 1024;
 
-    // `prepareThread` runs on the new thread before its first task: its name, its priority.
-    // `within` is put around each task.
+    // `prepareThread` runs on the new thread before its first task, to set its name and priority.
+    // Each task runs inside `within`.
     explicit ThreadedSerialQueue(std::function<void()> prepareThread = {},
                                  WorkWithin within = nullptr);
     ~ThreadedSerialQueue() override;

@@ -1,5 +1,5 @@
-// What a home has its threads put around each piece of their work, such as a pool for what the
-// system leaves behind there. It calls the work once, and is done when that is.
+// A function that each platform wraps around every task of its threads, such as an autorelease
+// pool. It must call the task once and return when the task is done.
 //
 // Thread:  called on each of the threads.
 // Errors:  none.
@@ -11,7 +11,7 @@ namespace glidemap {
 
 using WorkWithin = void (*)(const std::function<void()>& work);
 
-// Where a home has nothing of that kind the work is called as it is.
+// Runs the work directly on platforms without a wrapper.
 template <typename Work>
 void performWithin(WorkWithin within, const Work& work) {
     if (within != nullptr) {

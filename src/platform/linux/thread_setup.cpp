@@ -13,13 +13,13 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t longestName = 15;
+constexpr std::size_t maxNameLength = 15;
 constexpr int responsiveNiceness = -10;
 
 } // namespace
 
 void nameThread(std::string_view name) {
-    name.remove_prefix(name.size() - std::min(name.size(), longestName));
+    name.remove_prefix(name.size() - std::min(name.size(), maxNameLength));
     pthread_setname_np(pthread_self(), std::string(name).c_str());
 }
 

@@ -1,9 +1,9 @@
-// Where the touch drivers are on Linux, and how their device lists are read.
+// Finds the touch drivers on Linux, and reads their device lists.
 //
-// A program finds its drivers beside itself, in ../lib/glidemap, in the build tree as in an
-// installation. The environment variable GLIDEMAP_TOUCH_DRIVER names another one by path.
+// The drivers are in ../lib/glidemap, relative to the executable, both in the build tree and in an
+// installation. The environment variable GLIDEMAP_TOUCH_DRIVER selects another driver by path.
 //
-// Thread:  the main thread, at start.
+// Thread:  the main thread, on startup.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
@@ -13,13 +13,13 @@
 
 namespace glidemap {
 
-// This program's own file, empty if the system does not tell.
+// The path of this executable; empty if the system does not report it.
 std::string programFile();
 
-// The real touchpads' driver, or the one that the environment names.
+// The driver for real touchpads, or the one in the environment variable.
 TouchDriverPlatform touchDriverPlatform();
 
-// The driver at a path, whatever the environment says.
+// The driver at a path; ignores the environment.
 TouchDriverPlatform touchDriverPlatformAt(std::string libraryPath);
 
 // The path of one of our own drivers: "evdev" or "replay".

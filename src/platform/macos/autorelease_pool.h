@@ -1,15 +1,15 @@
-// A pool for what the system's objects leave behind. The main loop has one for each of its turns;
-// every other thread, and whatever comes before that loop, keeps all of it until it ends.
+// Releases autoreleased objects. The main loop drains a pool in each iteration; other threads, and
+// code that runs before that loop, need this pool.
 //
 // Thread:  any.
-// Errors:  none; what the work throws goes on to the caller.
+// Errors:  none; exceptions of the work propagate to the caller.
 #pragma once
 
 #include <functional>
 
 namespace glidemap {
 
-// What the work has left is released before this returns.
+// Runs the work and releases its autoreleased objects before it returns.
 void withinAutoreleasePool(const std::function<void()>& work);
 
 } // namespace glidemap

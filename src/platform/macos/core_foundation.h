@@ -1,9 +1,9 @@
-// Owns what a Core Foundation function with Create or Copy in its name has made, and releases it
+// Owns an object from a Core Foundation function with Create or Copy in its name, and releases it
 // once.
 //
-// Thread:  any; what is owned has its own rule.
-// Errors:  a function that could not make it has answered null, and so does get(); null is never
-//          released, which the system would not survive.
+// Thread:  any; the owned object has its own rules.
+// Errors:  if the function failed, get() returns null. Null is never released, because CFRelease()
+//          would crash.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

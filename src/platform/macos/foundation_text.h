@@ -1,8 +1,8 @@
-// Texts between the program's words and the system's. For Objective-C++ only.
+// Converts between std::string and NSString. For Objective-C++ only.
 //
-// Thread:  any; one that is not the main thread has a pool of its own around it.
-// Owner:   the text that is made belongs to the pool.
-// Errors:  as answers: what is no text, or cannot be said in UTF-8, is absent.
+// Thread:  any; a thread other than the main thread needs an autorelease pool.
+// Owner:   the autorelease pool owns the created text.
+// Errors:  returns nullopt if the object is not a text, or cannot be converted to UTF-8.
 #pragma once
 
 #ifdef __OBJC__

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr int noneLower = 0; // than others of its class
+constexpr int noneLower = 0; // relative to other threads of this class
 
 } // namespace
 

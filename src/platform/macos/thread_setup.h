@@ -1,7 +1,7 @@
-// The name and the class of service of the calling thread.
+// Sets the name and the quality of service of the calling thread.
 //
-// Thread:  each sets itself up.
-// Errors:  none. A name of more than 63 bytes is not taken by the system.
+// Thread:  each thread for itself.
+// Errors:  none. The system rejects names of more than 63 bytes.
 #pragma once
 
 #include <string_view>
@@ -10,8 +10,7 @@ namespace glidemap {
 
 void nameThread(std::string_view name);
 
-// Names the thread, too. The class is the one of what a person is waiting to see, so that a busy
-// machine does not hold it up.
+// Also names the thread. Sets the user-interactive class, to keep latency low on a busy machine.
 void setUpResponsiveThread(std::string_view name);
 
 } // namespace glidemap

@@ -1,8 +1,8 @@
-// Says when the first window of the program can be seen.
+// Reports when the program's first window becomes visible.
 //
-// Thread:  the main thread, within the application object's life.
-// Owner:   whoever waits for it.
-// Errors:  none. Without a window it says nothing.
+// Thread:  the main thread, while the application object exists.
+// Owner:   the code that waits for the window.
+// Errors:  none. Without a window `seen` is not called.
 #pragma once
 
 #include <QObject>

@@ -18,7 +18,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr int mostWaiting = 30; // to be let in; the others are refused
+constexpr int maxWaiting = 30; // pending connections; further ones are refused
 constexpr std::chrono::milliseconds pauseWithoutDescriptors{500};
 
 std::error_code lastError() {
@@ -101,21 +101,21 @@ std::error_code LineListener::listen() const {
         return std::make_error_code(std::errc::filename_too_long);
     }
     socketFile.native().copy(address.sun_path, socketFile.native().size());
-    std::error_code ignored; // making it tells
+    std::error_code ignored; // create_directories() reports it
     std::filesystem::remove(socketFile, ignored);
-    // Nobody is let in before it listens, and then nobody else can open the file: not every system
-    // lets a socket have a mode before it has a file.
+    // Not every system allows setting a socket's mode before bind(). No client connects before
+    // listen(), and by then the mode excludes other users.
     const bool listens = bind(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address),
                               sizeof address) == 0 &&
                          chmod(socketFile.c_str(), S_IRUSR | S_IWUSR) == 0 &&
-                         ::listen(socket.descriptor(), mostWaiting) == 0;
+                         ::listen(socket.descriptor(), maxWaiting) == 0;
     return listens ? std::error_code() : lastError();
 }
 
 void LineListener::letIn() {
     OpenFile client = acceptedBy(socket);
     if (!client && (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS)) {
-        // The connection still waits, and would wake the loop for ever.
+        // The connection is still pending and would wake the event loop continuously.
         arrivals.setEnabled(false);
         pause.start(pauseWithoutDescriptors);
     }
@@ -126,7 +126,7 @@ void LineListener::letIn() {
     (new Client(std::move(client), *this, &clients))->receive();
 }
 
-// A client that was heard, or has waited too long, is among the children until the loop deletes it.
+// Clients that are served, or have timed out, stay among the children until the loop deletes them.
 void LineListener::makeRoom() {
     while (clients.children().size() >= static_cast<qsizetype>(maxClients)) {
         delete clients.children().front();

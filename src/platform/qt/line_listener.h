@@ -1,13 +1,13 @@
-// A socket in the file system on which other programs of this user say one line each, and get one
-// back. The toolkit's own class for it is in its network library, which is large, and which nothing
-// else in the program needs.
+// Listens on a Unix socket for other processes of this user; each client sends one line and
+// receives one line. QLocalServer would do this, too, but needs the large QtNetwork library, which
+// nothing else in the program uses.
 //
-// At most maxClients are connected at a time: a new one takes the place of the oldest. Each is hung up
-// on after maxTime, and at once if it says too much or belongs to another user.
+// At most maxClients are connected at a time: a new client replaces the oldest. A client is
+// disconnected after maxTime, and at once if it sends too much or belongs to another user.
 //
-// Thread:  the main thread; needs an event loop, and does not wait.
-// Owner:   its creator. Destroying it removes the file and closes all connections.
-// Errors:  if the file cannot be made, failure() has the reason and no client is heard.
+// Thread:  the main thread; needs an event loop, and does not block.
+// Owner:   its creator. The destructor removes the file and closes all connections.
+// Errors:  if the file cannot be created, failure() returns the reason and no client is served.
 #pragma once
 
 #include "core/open_file.h"
@@ -28,17 +28,17 @@ public:
     static constexpr std::size_t maxClients = 16;
     static constexpr std::chrono::milliseconds maxTime{5000};
 
-    // Given a line with its end, what is to be said back.
+    // Takes a line with its line end and returns the reply.
     using Answer = std::function<std::string(const std::string& line)>;
 
-    // A file that is there already is replaced.
+    // Replaces an existing file.
     LineListener(std::filesystem::path file, std::size_t longestLine, Answer answer,
                  std::chrono::milliseconds timeOfAClient = maxTime);
     LineListener(const LineListener&) = delete;
     LineListener& operator=(const LineListener&) = delete;
     ~LineListener();
 
-    // Why nobody is heard; nothing where all are.
+    // The reason why the socket does not listen; no error if it does.
     std::error_code failure() const { return _failure; }
 
 private:
@@ -55,7 +55,7 @@ private:
     const OpenFile socket;
     const std::error_code _failure;
     QSocketNotifier arrivals;
-    QTimer pause;    // without descriptors, before the next attempt to accept
+    QTimer pause;    // before the next accept(), when descriptors have run out
     QObject clients; // owns them, the oldest first
 };
 

@@ -12,7 +12,7 @@ namespace glidemap {
 
 #ifdef __linux__
 
-// In one call: another thread may be starting a program just now.
+// The flags are set in one call, because another thread may be forking at this moment.
 
 OpenFile localSocket() {
     return OpenFile(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));

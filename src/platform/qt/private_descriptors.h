@@ -1,8 +1,8 @@
-// Sockets and pipes that no program inherits that is started, and that nobody waits on.
+// Creates sockets and pipes that are non-blocking and that child processes do not inherit.
 //
 // Thread:  any.
-// Owner:   whoever asks.
-// Errors:  as the system has them: nothing is open, or -1, and errno says why.
+// Owner:   the caller.
+// Errors:  as in POSIX: the file is not open, or -1 is returned, and errno is set.
 #pragma once
 
 #include "core/open_file.h"
@@ -15,19 +15,19 @@
 
 namespace glidemap {
 
-// To be bound to, or connected with, a file.
+// An unconnected Unix stream socket, for bind() or connect().
 OpenFile localSocket();
 
-// Whoever has connected first.
+// The next pending connection.
 OpenFile acceptedBy(const OpenFile& socket);
 
-// The user whose process made or accepted the connection. Nullopt if the system does not tell.
+// The user id of the peer process. Nullopt if the system does not report it.
 std::optional<uid_t> userAtOtherEnd(const OpenFile& socket);
 
-// Whether all of it could be sent. The other end's having gone is no signal.
+// Returns whether all of the text was sent. A closed peer raises no SIGPIPE.
 bool sendAll(const OpenFile& socket, std::string_view text);
 
-// What is written to the second is read from the first.
+// Sets the read end first, then the write end.
 bool makePipe(std::array<int, 2>& ends);
 
 } // namespace glidemap

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// Carries the task inside, so that one that cannot be copied is not.
+// Holds the task itself, because tasks need not be copyable.
 class TaskEvent : public QEvent {
 public:
     explicit TaskEvent(Task carried) : QEvent(kind()), task(std::move(carried)) {}
@@ -32,7 +32,7 @@ public:
                 [this] { stopListening(); });
     }
 
-    // Events of one priority come in the order in which they were posted.
+    // Qt delivers events of equal priority in the order of posting.
     void post(Task task) {
         if (listening) {
             QCoreApplication::postEvent(this, new TaskEvent(std::move(task)));

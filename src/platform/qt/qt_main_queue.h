@@ -1,10 +1,10 @@
-// The main thread's queue: tasks run from Qt's event loop.
+// Runs tasks on the main thread from Qt's event loop.
 //
-// When the application's loop ends for good, what still waits is destroyed unrun, and so is what
-// comes later: services are being taken down then.
+// When the application's loop ends for good, pending tasks are destroyed without running, and so
+// are later ones: the services are being destroyed then.
 //
-// Thread:  made and destroyed on the main thread, after the application object and before it.
-// Owner:   the program; every submitter is gone before it.
+// Thread:  created and destroyed on the main thread, within the application object's life.
+// Owner:   the program; all submitters are destroyed before it.
 // Errors:  none.
 #pragma once
 

@@ -1,11 +1,13 @@
-// The user's settings in one INI file, written whenever one changes, so that a crash loses nothing.
+// Stores the user's settings in an INI file, which is written after each change, so that a crash
+// loses nothing.
 //
-// Text reads the same before and after a restart: the file knows nothing but text, and a boolean is
-// exactly `true` or `false` there. Everything else, such as 1 or TRUE written by hand, is none.
+// A value reads the same before and after a restart: the file stores only text, and a boolean is
+// exactly `true` or `false`. Other values, such as a manually written 1 or TRUE, are no booleans.
 //
-// Thread:  the main thread; blocks for as long as the disk does.
-// Owner:   the program; one for each file.
-// Errors:  none. What cannot be read is absent; what cannot be written holds until the program ends.
+// Thread:  the main thread; blocks on the disk.
+// Owner:   the program; one instance per file.
+// Errors:  none. An unreadable value is absent; a value that cannot be written lasts until the
+//          program exits.
 #pragma once
 
 #include "core/user_defaults.h"

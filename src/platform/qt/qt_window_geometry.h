@@ -1,6 +1,7 @@
-// The window's place, kept in a file of its own: it is no setting, and losing it loses nothing.
+// Stores the window's geometry in a separate file, because it is not a setting and its loss is
+// harmless.
 //
-// Thread:  the main thread; blocks for as long as the disk does.
+// Thread:  the main thread; blocks on the disk.
 // Owner:   the program.
 // Errors:  none; see the port.
 #pragma once

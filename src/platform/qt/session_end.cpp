@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// The toolkit's own answer to being asked is to ask every window, and to stay if one says no.
+// By default Qt asks every window to close and cancels the end if a window refuses.
 class SessionEnd::Listener : public QObject {
 public:
     explicit Listener(std::function<void()> told) : asked(std::move(told)) {

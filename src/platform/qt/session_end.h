@@ -1,9 +1,9 @@
-// Ends the program when the desktop asks it to: a session manager at the end of the session, or
-// whoever else the toolkit listens to. Nothing is asked of the user, and no session starts the
-// program again by itself: launch at login is the user's own choice.
+// Ends the program when the session manager ends the session, or when Qt receives another request
+// to quit. The user is not asked, and session managers are asked not to restart the program:
+// starting at login is the user's choice.
 //
-// Thread:  the main thread, within the application object's life.
-// Owner:   the program makes one.
+// Thread:  the main thread, while the application object exists.
+// Owner:   the program.
 // Errors:  none.
 #pragma once
 

@@ -31,12 +31,12 @@ constexpr const char* lockName = "glidemap.lock";
 constexpr const char* socketName = "glidemap.socket";
 constexpr const char* privateName = "glidemap";
 
-// A request is one line: two words, each at most as long as any desktop's, and either may be empty.
+// A request is one line of two words, either of which may be empty. The limit exceeds the words of
+// all desktops.
 constexpr char separator = '\t';
-constexpr std::size_t longestRequest = 4096;
+constexpr std::size_t maxRequest = 4096;
 
-// How often somebody is looked for who is between two states: a lock without a socket, which is a
-// program that starts or ends.
+// The retry interval while the other process starts or ends: it holds the lock but has no socket.
 constexpr int attemptMilliseconds = 20;
 
 int millisecondsUntil(Clock::time_point deadline) {
@@ -75,9 +75,9 @@ bool isClosedToOthers(const OpenFile& file) {
     return fstat(file.descriptor(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
 
-// The folder, or the private one in it; `path` becomes the path of the one that is opened.
+// Opens the folder, or the private folder inside it, and sets `path` to the one that is open.
 OpenFile privateFolder(std::filesystem::path& path) {
-    std::error_code ignored; // opening it tells
+    std::error_code ignored; // opening the folder reports it
     std::filesystem::create_directories(path.parent_path(), ignored);
     mkdir(path.c_str(), S_IRWXU);
     OpenFile folder(open(path.c_str(), folderFlags));
@@ -96,7 +96,7 @@ OpenFile privateFolder(std::filesystem::path& path) {
     return within;
 }
 
-// Connecting would follow a link.
+// Rejects links, because connect() would follow them.
 bool isOurSocket(const std::filesystem::path& file) {
     struct stat status = {};
     return lstat(file.c_str(), &status) == 0 && S_ISSOCK(status.st_mode) &&
@@ -118,7 +118,7 @@ bool connectTo(int socket, const std::filesystem::path& file) {
 
 enum class Reply { given, none, nobodyThere };
 
-// Another process that hangs up without an answer is about to end.
+// If the other process disconnects without a reply, it is exiting.
 Reply replyOn(int socket, Clock::time_point deadline) {
     std::string heard;
     while (heard.size() < answer.size()) {
@@ -137,10 +137,10 @@ Reply replyOn(int socket, Clock::time_point deadline) {
     return heard == answer ? Reply::given : Reply::none;
 }
 
-// The request holds an activation token, which is for a process of this user only.
+// Checks the peer first: the activation token is only for a process of this user.
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
-    // Never waits to be let in: where too many wait already, nobody is being let in.
+    // A non-blocking socket: if the backlog is full, the other process accepts no connections.
     const OpenFile client = localSocket();
     if (!connectTo(client.descriptor(), socketFile) || userAtOtherEnd(client) != geteuid() ||
         !sendAll(client, line(request))) {
@@ -159,7 +159,7 @@ SingleInstance::SingleInstance(const std::filesystem::path& folderForBoth) {
 
 SingleInstance::~SingleInstance() = default;
 
-// A link or a pipe in the lock's place is removed: only this user can have put it there.
+// Removes a link or a pipe in place of the lock file: only this user can have created it.
 bool SingleInstance::openLock() {
     constexpr int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const auto attempt = [this] {
@@ -174,7 +174,7 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     if (!folder || !openLock()) {
         return Claim::impossible;
     }
-    fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR); // nobody tidies away what is sticky
+    fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR); // a sticky file survives clean-up jobs
     const auto deadline = Clock::now() + patience;
     do {
         if (flock(lock.descriptor(), LOCK_EX | LOCK_NB) == 0) {
@@ -189,9 +189,9 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     return Claim::unanswered;
 }
 
-// A socket that is there already is a killed one's: the lock says that nobody listens there.
+// An existing socket belongs to a killed process: the lock proves that no process listens on it.
 std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> asked) {
-    listener = std::make_unique<LineListener>(socketFile, longestRequest,
+    listener = std::make_unique<LineListener>(socketFile, maxRequest,
                                               [asked = std::move(asked)](const std::string& line) {
                                                   asked(requestIn(line));
                                                   return std::string(answer);

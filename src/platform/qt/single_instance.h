@@ -1,19 +1,18 @@
-// Sees to it that a user runs the program once: two would fight over the touchpads.
+// Ensures that only one instance runs per user: two would compete for the touchpads.
 //
-// Both files are in a folder that belongs to this user and that other users cannot open. No link is
-// followed to it or in it, and both sides check which user is at the other end of the connection before
-// anything is said.
+// The lock and the socket are in a folder of this user that other users cannot open. Links are
+// never followed, and both sides check the peer's user id before they send anything.
 //
-//   first:   locks a file for as long as it lives, and listens on a socket beside it
-//   second:  finds the file locked, asks through the socket that the first show itself, and ends
+//   first:   locks a file while it runs, and listens on a socket next to it
+//   second:  finds the file locked, asks the first over the socket to show itself, and exits
 //
-// The kernel lets go of the lock when a program ends, however it ends, so a killed one is in
-// nobody's way; what it leaves behind is cleared by the next.
+// The kernel releases the lock when the process ends in any way, so a killed instance blocks no
+// later one. The next instance removes its files.
 //
-// Thread:  the main thread. claim() waits while another program starts, ends or answers; the rest
-//          needs an event loop, and does not wait.
-// Owner:   the program, until it has given everything back that a second one could want.
-// Errors:  as answers; see Claim.
+// Thread:  the main thread. claim() blocks while another instance starts, exits or replies; the
+//          rest needs an event loop and does not block.
+// Owner:   the program, until it has released everything that a second instance may need.
+// Errors:  as return values; see Claim.
 #pragma once
 
 #include "core/open_file.h"
@@ -32,14 +31,14 @@ class LineListener;
 class SingleInstance {
 public:
     enum class Claim {
-        first,      // this is the program; there is no other
-        shown,      // another one runs, and has come forward
-        unanswered, // another one runs, and does not answer
-        impossible, // the folder is not this user's, or nothing can be written there
+        first,      // no other instance runs
+        shown,      // another instance runs and has shown its window
+        unanswered, // another instance runs and does not reply
+        impossible, // the folder is not private, or cannot be written
     };
 
-    // How the desktop knows that it was the user who wanted a window: what it gave the second
-    // program goes to the first. Empty where it gave nothing.
+    // The desktop's proof that the user asked for a window. The second instance received it and
+    // sends it to the first. Empty if the desktop provided none.
     struct Request {
         std::string activationToken; // Wayland
         std::string startupID;       // X11
@@ -49,8 +48,8 @@ public:
 
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
-    // The folder is made if it is missing. If other users can open it, a folder "glidemap" in it is
-    // used instead.
+    // Creates the folder if it is missing. If other users can open it, a folder "glidemap" inside
+    // it is used.
     explicit SingleInstance(const std::filesystem::path& folder);
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
@@ -58,18 +57,18 @@ public:
 
     Claim claim(const Request& request, std::chrono::milliseconds patience = usualPatience);
 
-    // Only for the first. From now on `asked` is called for each later program. Answers why it cannot
-    // be; nothing where it is. Without, it is still the only one, but no later one can have it come
-    // forward.
+    // Call only as the first instance. Calls `asked` for each later instance. Returns nullopt on
+    // success, or an error message. After an error this remains the only instance, but later ones
+    // cannot show its window.
     [[nodiscard]] std::optional<std::string> listen(std::function<void(const Request&)> asked);
 
-    // A program that asks from now on waits for this one's end, and takes its place.
+    // After this, a new instance waits until this one exits and then takes over.
     void stopListening();
 
 private:
     bool openLock();
 
-    OpenFile folder; // not open unless it is this user's alone
+    OpenFile folder; // open only if it is private to this user
     std::filesystem::path socketFile;
     OpenFile lock;
     std::unique_ptr<LineListener> listener;

@@ -17,14 +17,14 @@ namespace glidemap {
 
 namespace {
 
-// A session that ends may hang up on its programs before it asks them to end.
+// A session that ends may send SIGHUP before SIGTERM.
 constexpr std::array<int, 3> endings{SIGTERM, SIGINT, SIGHUP};
 
-// Where the handler, which may interrupt anything, leaves word.
+// The pipe's write end, for the handler, which may interrupt any code.
 std::atomic<int> wordEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-// How long the end may take, in milliseconds; 0 is no limit.
+// The limit for the shutdown, in milliseconds; 0 means no limit.
 std::atomic<long> endLimit = 0;
 static_assert(std::atomic<long>::is_always_lock_free);
 
@@ -32,7 +32,7 @@ void endNow(int /*signal*/) {
     _exit(EXIT_SUCCESS);
 }
 
-// A timer of the kernel's: it also ends a program whose threads all wait.
+// A kernel timer, which also ends a program whose threads are all blocked.
 void startEndLimit() {
     const long milliseconds = endLimit;
     if (milliseconds > 0) {
@@ -52,8 +52,8 @@ void leaveWord(int /*signal*/) {
     errno = before;
 }
 
-// A blocked signal, as a signal descriptor needs it, would stay blocked in every program that this
-// one launches; a handler does not.
+// A handler instead of a signal descriptor: that requires a blocked signal, and launched programs
+// would inherit the blocked state.
 void install(int signal, struct sigaction* before) {
     struct sigaction action = {};
     action.sa_handler = leaveWord;

@@ -1,16 +1,16 @@
-// Turns the signals that ask a program to end, SIGTERM, SIGINT and SIGHUP, into a call from the
-// event loop, so that it ends in order: touchpads given back, keys let go.
+// Calls a function from the event loop on SIGTERM, SIGINT and SIGHUP, so that the program shuts
+// down in order: it releases its grabs and its keys.
 //
-// With a limit, the program ends that long after the first signal, or after limitEnd(), whatever it
-// waits for: a service of the desktop may never respond. The exit status is success then.
+// With a limit, the program exits that long after the first signal or after limitEnd(), even if it
+// is blocked: a service of the desktop may never respond. It then exits with success.
 //
-// A second signal of a kind ends the program at once, as it always would have, should its end take
-// too long; the kernel takes grabs and virtual devices back then. A signal that the program was
-// started to ignore stays ignored.
+// A second signal of the same kind ends the program at once, in case the shutdown hangs; the kernel
+// then releases grabs and removes virtual devices. A signal that was ignored when the program
+// started stays ignored.
 //
 // Thread:  the main thread, with its event loop.
-// Owner:   the program makes one. Destroying it puts back what was before, but a running limit stays.
-// Errors:  where the system refuses, the signals end the program at once.
+// Owner:   the program. The destructor restores the previous handlers, but a running limit stays.
+// Errors:  none; if a handler cannot be installed, the signals end the program at once.
 #pragma once
 
 #include <chrono>
@@ -30,7 +30,7 @@ public:
     TerminationSignals& operator=(const TerminationSignals&) = delete;
     ~TerminationSignals();
 
-    // For an end that no signal asked for.
+    // For a shutdown without a signal.
     void limitEnd() const;
 
 private:

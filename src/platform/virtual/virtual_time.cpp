@@ -17,7 +17,7 @@ public:
     double now = 0;
 };
 
-// Tasks in the order of submission; their memory is kept when they have run.
+// Tasks in the order of submission; their memory is reused.
 class VirtualTime::Tasks {
 public:
     void add(Task task) { tasks.push_back(std::move(task)); }
@@ -27,11 +27,11 @@ public:
         next = 0;
     }
 
-    // Those that tasks add included. False if there were none.
+    // Also runs tasks that tasks add. Returns false if there were none.
     bool run() {
         const bool anyWaits = next < tasks.size();
         while (next < tasks.size()) {
-            // Taken out first: the task may submit more and so move its own storage.
+            // Moved out first: the task may submit others, which may reallocate the storage.
             Task task = std::move(tasks[next]);
             ++next;
             task();
@@ -84,7 +84,7 @@ public:
 private:
     std::shared_ptr<const Clock> clock;
     std::multimap<double, std::shared_ptr<WorkItem>>
-        items; // equal deadlines stay in the order of insertion
+        items; // items with equal deadlines keep the order of insertion
 };
 
 VirtualTime::VirtualTime()
@@ -113,7 +113,7 @@ double VirtualTime::nextDeadline() const {
     return _delayedWork->nextDeadline();
 }
 
-// A task that moves time on does not run its followers: they run after it.
+// A task that advances the time does not run later tasks: they run after it returns.
 void VirtualTime::runSubmitted() {
     if (isRunning) {
         return;

@@ -1,20 +1,19 @@
-// Time as data: a clock, a serial queue, a main queue and delayed work that stand still until they
-// are moved on.
+// A virtual clock with a serial queue, a main queue and delayed work that advance only on request.
 //
-// Whoever plays records (a test, the replay tool) is the driver of time. For each record:
+// The code that plays records (a test, the replay tool) drives the time. For each record:
 //
-//   time.advanceTo(t);     delayed items due by then run, each with the clock at its own deadline
-//   push the record        whatever it submits to the queues waits
-//   time.runSubmitted();   and runs here: the serial queue in order, then what it gave the main one
+//   time.advanceTo(t);     runs delayed items due by then, each with the clock at its deadline
+//   push the record        tasks that it submits stay in the queues
+//   time.runSubmitted();   runs them: first the serial queue, then the main queue
 //
-// and once the records are over, time.runRemaining().
+// After the last record: time.runRemaining().
 //
 // Units:   seconds of the records. The uptime is that time plus 1000 s, so that a recording may
-//          start at 0 and its first gesture is still a long way from the start of the system.
-//          Deadlines are kept in the records' time: adding the 1000 s first would cost digits.
+//          start at 0 without its first gesture being close to the system's start. Deadlines are
+//          kept in the records' time: adding 1000 s first would lose precision.
 // Thread:  one, for everything.
-// Owner:   the driver of time; the ports are shared with the engine and may outlive it.
-// Errors:  a time that is no number leaves the clock where it is.
+// Owner:   the driver of the time; the engine shares the ports, and they may outlive this object.
+// Errors:  none; a time that is not a number leaves the clock unchanged.
 #pragma once
 
 #include "core/delayed_work.h"
@@ -40,22 +39,22 @@ public:
     std::shared_ptr<MainQueue> mainQueue() const;
     std::shared_ptr<DelayedWork> delayedWork() const;
 
-    // Runs what has been submitted, then every delayed item with a deadline at or before `time`: in
-    // the order of the deadlines, equal ones as they were scheduled, those that items schedule
-    // included. The clock then stands at `time`, also when that is earlier than before: a record
-    // may claim it, and nothing waits for a time that has been.
+    // Runs the submitted tasks, then each delayed item with a deadline at or before `time`,
+    // including items that other items schedule. Items run in the order of their deadlines; equal
+    // deadlines run in the order of scheduling. The clock is then at `time`, even if that is
+    // earlier than before: a record may contain such a time, and no item waits for it.
     void advanceTo(double time);
 
     // Runs the tasks on the serial queue, then those on the main queue, until both are empty.
     void runSubmitted();
 
-    // Runs every delayed item that is left, as advanceTo() would, and leaves the clock at the last
+    // Runs all remaining delayed items, as advanceTo() would, and leaves the clock at the last
     // deadline.
     void runRemaining();
 
     double now() const;
 
-    // When the next delayed item is due; never (infinity) if none waits.
+    // When the next delayed item is due; infinity if none is scheduled.
     double nextDeadline() const;
 
 private:

@@ -1,4 +1,4 @@
-// Everything that the faults beside it do wrong, done right.
+// The correct versions of all faults in the other files.
 #import <AppKit/AppKit.h>
 #include <ApplicationServices/ApplicationServices.h>
 #include <Availability.h>

@@ -1,4 +1,4 @@
-// Since which version of the system there is something, in the words of its headers.
+// The availability macros of a Mac's headers.
 #pragma once
 
 #define API_AVAILABLE(system) GLIDEMAP_AVAILABLE_##system

@@ -1,4 +1,4 @@
-// The oldest system that is compiled for, and the newest that the headers know, as numbers that Qt compares.
+// The minimum system version and the newest version of the headers, as numbers that Qt compares.
 #pragma once
 
 #define MAC_OS_X_VERSION_10_12 101200

@@ -1,4 +1,4 @@
-// Which of the maker's systems is compiled for: none but a Mac's.
+// Selects the target platform: only macOS.
 #pragma once
 
 #define TARGET_OS_MAC 1

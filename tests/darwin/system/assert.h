@@ -1,4 +1,5 @@
-// A Mac's function behind assert has a name and arguments of its own. No guard: NDEBUG counts where it is included.
+// On a Mac assert() calls a function with another name and other arguments. No include guard,
+// because NDEBUG may change.
 #undef assert
 #ifdef NDEBUG
 #define assert(expression) ((void)0)

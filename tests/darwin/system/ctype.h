@@ -1,4 +1,5 @@
-// The classes of characters as the C++ library asks for them on a Mac. The values are from memory, and only have to differ.
+// Character classes for the C++ library on a Mac. The values are not the system's; they only have
+// to differ.
 #pragma once
 
 #include_next <ctype.h>

@@ -1,4 +1,5 @@
-// musl's sys/types.h takes this one. A Mac has none, so a source that includes it by itself does not compile.
+// For musl's sys/types.h. A Mac has no such header, so a source that includes it directly does not
+// compile.
 #pragma once
 
 #if __INCLUDE_LEVEL__ < 2

@@ -1,4 +1,4 @@
-// A Mac's function behind errno has a name of its own.
+// On a Mac errno calls a function with another name.
 #pragma once
 
 #include_next <errno.h>

@@ -1,4 +1,5 @@
-// A Mac's C library shows C++ all that it has. Of musl's that is POSIX's and BSD's, without what is GNU's alone.
+// A Mac's C library shows all its functions to C++. This selects POSIX and BSD from musl, without
+// GNU extensions.
 #pragma once
 
 #ifndef _BSD_SOURCE

@@ -1,4 +1,4 @@
-// A thread can name only itself on a Mac, so the function takes the name alone.
+// On a Mac a thread can name only itself, so the function takes only the name.
 #pragma once
 
 #include_next <pthread.h>

@@ -1,4 +1,4 @@
-// A Mac's streams have names of their own behind the usual ones.
+// On a Mac the standard streams are macros for variables with other names.
 #pragma once
 
 #include_next <stdio.h>

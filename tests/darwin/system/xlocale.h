@@ -1,5 +1,4 @@
-// What the C++ library takes of a Mac's functions with a locale of their own. Names and signatures are those that it calls
-// them with.
+// The locale functions of a Mac that the C++ library calls, with its names and signatures.
 #pragma once
 
 #include <ctype.h>

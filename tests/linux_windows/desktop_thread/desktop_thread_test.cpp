@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-// Something that happened on the thread, waited for by the test.
+// Counts events on the thread; the test waits for them.
 class Signals {
 public:
     void give() {
@@ -44,7 +44,7 @@ private:
     int given = 0;
 };
 
-// A descriptor that is readable when it is told to be.
+// A descriptor that the test makes readable.
 class Bell {
 public:
     Bell() : descriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
@@ -62,7 +62,7 @@ public:
     const int descriptor;
 };
 
-TEST(DesktopThread, DoesWhatIsSubmittedInOrderOnOneThread) {
+TEST(DesktopThread, RunsTasksInOrderOnOneThread) {
     std::vector<int> done;
     std::vector<std::thread::id> threads;
     {
@@ -74,14 +74,14 @@ TEST(DesktopThread, DoesWhatIsSubmittedInOrderOnOneThread) {
             });
         }
     }
-    ASSERT_EQ(done.size(), 1000U) << "all of it, even that submitted just before the end";
+    ASSERT_EQ(done.size(), 1000U) << "all tasks, even those submitted just before the end";
     for (int number = 0; number < 1000; ++number)
         EXPECT_EQ(done[static_cast<std::size_t>(number)], number);
     EXPECT_THAT(threads, testing::Each(threads.front()));
     EXPECT_NE(threads.front(), std::this_thread::get_id());
 }
 
-TEST(DesktopThread, ACallIsDoneWhenItReturns) {
+TEST(DesktopThread, CallReturnsWhenItsTaskIsDone) {
     DesktopThread thread;
     std::vector<int> done;
     thread.submit([&] { done.push_back(1); });
@@ -89,16 +89,16 @@ TEST(DesktopThread, ACallIsDoneWhenItReturns) {
     EXPECT_THAT(done, ElementsAre(1, 2));
 }
 
-TEST(DesktopThread, WorkMaySubmitMore) {
+TEST(DesktopThread, TaskMaySubmitMoreTasks) {
     DesktopThread thread;
     Signals signals;
     thread.submit([&] { thread.submit([&] { signals.give(); }); });
     EXPECT_TRUE(signals.come(1));
 }
 
-TEST(DesktopThread, TakesWorkFromManyThreads) {
+TEST(DesktopThread, TakesTasksFromManyThreads) {
     DesktopThread thread;
-    int done = 0; // by the desktop thread alone
+    int done = 0; // written only on the desktop thread
     std::vector<std::thread> others;
     for (int other = 0; other < 4; ++other) {
         others.emplace_back([&] {
@@ -112,16 +112,16 @@ TEST(DesktopThread, TakesWorkFromManyThreads) {
     EXPECT_EQ(done, 2000);
 }
 
-TEST(DesktopThread, WhatIsCapturedIsLetGoAfterwards) {
+TEST(DesktopThread, CapturesAreDestroyedAfterTheTask) {
     const auto captured = std::make_shared<int>(1);
     DesktopThread thread;
     thread.submit([captured] {});
     thread.call([] {});
-    thread.call([] {}); // the first one's function goes after it has returned
+    thread.call([] {}); // the first task's captures are destroyed after it returned
     EXPECT_EQ(captured.use_count(), 1);
 }
 
-TEST(DesktopThread, TellsWhenADescriptorCanBeRead) {
+TEST(DesktopThread, ReportsAReadableDescriptor) {
     const Bell bell;
     Signals signals;
     DesktopThread thread;
@@ -139,10 +139,10 @@ TEST(DesktopThread, TellsWhenADescriptorCanBeRead) {
     thread.call([&] { watch = {}; });
     bell.ring();
     thread.call([] {});
-    EXPECT_EQ(signals.count(), 2) << "nobody watches any more";
+    EXPECT_EQ(signals.count(), 2) << "the watch has ended";
 }
 
-TEST(DesktopThread, TellsWhenTheOtherEndIsGone) {
+TEST(DesktopThread, ReportsAClosedPeer) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     Signals signals;
@@ -150,7 +150,7 @@ TEST(DesktopThread, TellsWhenTheOtherEndIsGone) {
     DesktopThread::Watch watch;
     thread.call([&] {
         watch = thread.watch(ends[0], [&] {
-            watch = {}; // else it would be told for ever
+            watch = {}; // otherwise it would be reported again and again
             signals.give();
         });
     });
@@ -161,7 +161,7 @@ TEST(DesktopThread, TellsWhenTheOtherEndIsGone) {
     close(ends[0]);
 }
 
-TEST(DesktopThread, AWatchThatEndsItselfKeepsWhatItStillUses) {
+TEST(DesktopThread, WatchThatEndsItselfKeepsItsCaptures) {
     const Bell bell;
     Signals signals;
     DesktopThread thread;
@@ -183,7 +183,7 @@ TEST(DesktopThread, AWatchThatEndsItselfKeepsWhatItStillUses) {
     EXPECT_TRUE(alive.expired());
 }
 
-TEST(DesktopThread, AMovedWatchStillWatches) {
+TEST(DesktopThread, MovedWatchStillReports) {
     const Bell bell;
     Signals signals;
     DesktopThread thread;
@@ -200,7 +200,7 @@ TEST(DesktopThread, AMovedWatchStillWatches) {
     thread.call([&] { moved.reset(); });
 }
 
-TEST(DesktopThread, WhatIsDueIsDoneOnceAndNotBefore) {
+TEST(DesktopThread, DelayedFunctionRunsOnceAndNotBeforeItsTime) {
     Signals signals;
     DesktopThread thread;
     DesktopThread::Watch watch;
@@ -220,7 +220,7 @@ TEST(DesktopThread, WhatIsDueIsDoneOnceAndNotBefore) {
     thread.call([&] { watch = {}; });
 }
 
-TEST(DesktopThread, WhatIsNoLongerWaitedForIsNotDone) {
+TEST(DesktopThread, CancelledFunctionDoesNotRun) {
     Signals signals;
     Signals later;
     DesktopThread thread;

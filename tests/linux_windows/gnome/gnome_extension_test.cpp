@@ -37,7 +37,7 @@ std::string read(const std::filesystem::path& file) {
     return text.str();
 }
 
-// The shell's settings, of this process alone: GLib chooses once where they are kept.
+// The shell's settings, for this process only: GLib chooses the backend once.
 class ShellSettings {
 public:
     ShellSettings() {
@@ -93,26 +93,26 @@ protected:
     GnomeExtension extension{folder.path() / "forms"};
 };
 
-TEST_F(GnomeExtensionTest, WithoutABusThereIsNoShell) {
+TEST_F(GnomeExtensionTest, NoShellWithoutABus) {
     const ScopedEnvironment nowhere{
         {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder.path() / "none").string()}}};
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_THAT(extension.install(), Optional(HasSubstr("session bus")));
 }
 
-TEST_F(GnomeExtensionTest, WithoutAShellThereIsNothingToInstallInto) {
+TEST_F(GnomeExtensionTest, NothingCanBeInstalledWithoutAShell) {
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_THAT(extension.install(), Optional(HasSubstr("org.gnome.Shell")));
     EXPECT_FALSE(std::filesystem::exists(installed("")));
 }
 
-TEST_F(GnomeExtensionTest, AShellThatIsStillStartingIsNoneYet) {
+TEST_F(GnomeExtensionTest, StartingShellCountsAsMissing) {
     const ShellDouble shell(bus.address(), {.isStarting = true});
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_NE(extension.install(), std::nullopt);
 }
 
-TEST_F(GnomeExtensionTest, WhatTheShellSaysIsHowItStands) {
+TEST_F(GnomeExtensionTest, StateFollowsTheShellsReply) {
     struct Row {
         const char* said;
         Status expected;
@@ -134,7 +134,7 @@ TEST_F(GnomeExtensionTest, WhatTheShellSaysIsHowItStands) {
     }
 }
 
-TEST_F(GnomeExtensionTest, TheFormIsTheOneForTheShellsVersion) {
+TEST_F(GnomeExtensionTest, VersionOfTheExtensionFitsTheShell) {
     struct Row {
         const char* version;
         const char* form;
@@ -155,7 +155,7 @@ TEST_F(GnomeExtensionTest, TheFormIsTheOneForTheShellsVersion) {
     }
 }
 
-TEST_F(GnomeExtensionTest, AShellThatDoesNotKnowItYetRunsItFromTheNextLoginOn) {
+TEST_F(GnomeExtensionTest, NewExtensionRunsFromTheNextLogin) {
     const ShellDouble shell(bus.address(), {});
     settings.set("enabled-extensions", {"other@example.org"});
     settings.set("disabled-extensions", {"another@example.org", GnomeExtension::uuid});
@@ -166,41 +166,41 @@ TEST_F(GnomeExtensionTest, AShellThatDoesNotKnowItYetRunsItFromTheNextLoginOn) {
     EXPECT_EQ(extension.status(), (Status{State::atNextLogin, ""}));
 }
 
-TEST_F(GnomeExtensionTest, AskedTwiceItIsListedOnce) {
+TEST_F(GnomeExtensionTest, InstallingTwiceEnablesOnce) {
     const ShellDouble shell(bus.address(), {});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(settings.get("enabled-extensions"), ElementsAre(GnomeExtension::uuid));
 }
 
-TEST_F(GnomeExtensionTest, AShellThatKnowsItIsAskedToEnableIt) {
+TEST_F(GnomeExtensionTest, LoadedExtensionIsEnabledByTheShell) {
     ShellDouble shell(bus.address(), {.extension = "{'state': <2.0>}"});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(shell.enabled(), ElementsAre(GnomeExtension::uuid));
-    EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell's business, then
+    EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell writes it
 }
 
-TEST_F(GnomeExtensionTest, FilesThatAreThereButNotEnabledAreMissing) {
+TEST_F(GnomeExtensionTest, InstalledButDisabledExtensionCountsAsMissing) {
     const ShellDouble shell(bus.address(), {});
     EXPECT_EQ(extension.install(), std::nullopt);
     settings.set("enabled-extensions", {});
     EXPECT_EQ(extension.status(), (Status{State::missing, ""}));
 }
 
-TEST_F(GnomeExtensionTest, EnabledWithoutFilesIsMissing) {
+TEST_F(GnomeExtensionTest, EnabledExtensionWithoutFilesCountsAsMissing) {
     const ShellDouble shell(bus.address(), {});
     settings.set("enabled-extensions", {GnomeExtension::uuid});
     EXPECT_EQ(extension.status(), (Status{State::missing, ""}));
 }
 
-TEST_F(GnomeExtensionTest, AFolderThatCannotBeMadeIsTheErrorsText) {
+TEST_F(GnomeExtensionTest, FolderThatCannotBeCreatedIsTheErrorText) {
     const ShellDouble shell(bus.address(), {});
     folder.write("data/gnome-shell", "a file where a folder should be");
     EXPECT_THAT(extension.install(), Optional(HasSubstr("Not a directory")));
     EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty());
 }
 
-TEST_F(GnomeExtensionTest, FormsThatAreNotThereAreTheErrorsText) {
+TEST_F(GnomeExtensionTest, MissingVersionsAreTheErrorText) {
     const ShellDouble shell(bus.address(), {});
     const GnomeExtension without(folder.path() / "elsewhere");
     EXPECT_THAT(without.install(), Optional(HasSubstr("No such file or directory")));

@@ -29,12 +29,12 @@ using desktops::ScopedEnvironment;
 constexpr const char* editor =
     "('org.gnome.TextEditor.desktop', 'editor', 'instance', 'T', uint32 42)";
 
-// As the extension sends it.
+// A report in the extension's format.
 std::string message(const std::string& windows, const std::string& active) {
     return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
 }
 
-// The socket of a Wayland display: the process that makes this listens on it.
+// The socket of a Wayland display, on which this process listens.
 class DisplaySocket {
 public:
     explicit DisplaySocket(const std::filesystem::path& file)
@@ -66,21 +66,21 @@ protected:
     RecordingWindowListener told;
 };
 
-TEST_F(GnomeWindows, WithoutTheExtensionThereAreNone) {
+TEST_F(GnomeWindows, NoWindowsWithoutTheExtension) {
     ShellDouble shell(bus.address(), {});
     const Listening listening(told);
     EXPECT_TRUE(listening.started);
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(GnomeWindows, AnExtensionThatRunsIsAsked) {
+TEST_F(GnomeWindows, RunningExtensionIsQueried) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(told);
     told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, AnExtensionThatStartsIsHeard) {
+TEST_F(GnomeWindows, ExtensionThatStartsLaterReports) {
     ShellDouble shell(bus.address(), {});
     const Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -90,7 +90,7 @@ TEST_F(GnomeWindows, AnExtensionThatStartsIsHeard) {
     told.expectTold({"active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, ALockedScreenHasNone) {
+TEST_F(GnomeWindows, LockedScreenHasNoWindows) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(told);
@@ -101,7 +101,7 @@ TEST_F(GnomeWindows, ALockedScreenHasNone) {
     told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, TheShellMayComeLaterAndComeAgain) {
+TEST_F(GnomeWindows, ShellMayStartLaterAndRestart) {
     const Listening listening(told);
     EXPECT_TRUE(listening.started);
     told.expectTold({"windows:", "active: none"});
@@ -114,7 +114,7 @@ TEST_F(GnomeWindows, TheShellMayComeLaterAndComeAgain) {
     }
 }
 
-TEST_F(GnomeWindows, AShellThatCrashesHasNone) {
+TEST_F(GnomeWindows, CrashedShellHasNoWindows) {
     const Listening listening(told);
     told.expectTold({"windows:", "active: none"});
     {
@@ -125,7 +125,7 @@ TEST_F(GnomeWindows, AShellThatCrashesHasNone) {
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(GnomeWindows, OnlyTheShellIsBelieved) {
+TEST_F(GnomeWindows, OnlyTheShellsSignalsAreAccepted) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message("", ""));
     const Listening listening(told);
@@ -135,12 +135,12 @@ TEST_F(GnomeWindows, OnlyTheShellIsBelieved) {
         "WindowsChanged",
         g_variant_new_parsed("([('forged', '', '', '', uint32 1)], @a(ssssu) [])"), nullptr);
     g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);
-    // The bus keeps the order: had the other been believed, it would come first.
+    // The bus keeps the order: an accepted report of the other program would come first.
     shell.emit("WindowsChanged", message(editor, ""));
     told.expectTold({"windows: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, AnOwnerOfTheShellsNameThatDoesNotServeTheDisplayIsNotBelieved) {
+TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
     const pid_t compositor = fork();
@@ -167,7 +167,7 @@ TEST_F(GnomeWindows, AnOwnerOfTheShellsNameThatDoesNotServeTheDisplayIsNotBeliev
     close(ends[1]);
 }
 
-TEST_F(GnomeWindows, WithoutADisplayNoOwnerIsBelieved) {
+TEST_F(GnomeWindows, EveryNameOwnerIsRejectedWithoutADisplay) {
     const ScopedEnvironment without{{{"WAYLAND_DISPLAY", ""}}};
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
@@ -175,7 +175,7 @@ TEST_F(GnomeWindows, WithoutADisplayNoOwnerIsBelieved) {
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(GnomeWindows, MessagesOfAnotherShapeAreNotHeard) {
+TEST_F(GnomeWindows, InvalidMessagesAreIgnored) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message("", ""));
     const Listening listening(told);
@@ -188,7 +188,7 @@ TEST_F(GnomeWindows, MessagesOfAnotherShapeAreNotHeard) {
     told.expectTold({"windows: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, AWindowIsKnownByItsEntryElseByItsClass) {
+TEST_F(GnomeWindows, WindowIsIdentifiedByItsEntryOrItsClass) {
     struct Row {
         const char* told;
         WindowIdentity expected;
@@ -214,7 +214,7 @@ TEST_F(GnomeWindows, AWindowIsKnownByItsEntryElseByItsClass) {
     EXPECT_EQ(told.windows(), expected);
 }
 
-TEST_F(GnomeWindows, ItDoesNotStartElsewhere) {
+TEST_F(GnomeWindows, DoesNotStartOnOtherDesktops) {
     for (const char* desktop : {"", "KDE", "GNOME-Flashback"}) {
         const ScopedEnvironment elsewhere{{{"XDG_CURRENT_DESKTOP", desktop}}};
         EXPECT_FALSE(Listening(told).started) << desktop;
@@ -222,7 +222,7 @@ TEST_F(GnomeWindows, ItDoesNotStartElsewhere) {
     told.expectTold({});
 }
 
-TEST_F(GnomeWindows, ItStartsWhereTheSessionSaysSoOrTheShellIs) {
+TEST_F(GnomeWindows, StartsIfTheSessionIsGNOMEOrTheShellRuns) {
     {
         const ScopedEnvironment derived{{{"XDG_CURRENT_DESKTOP", "ubuntu:GNOME"}}};
         EXPECT_TRUE(Listening(told).started);

@@ -121,7 +121,7 @@ void ShellDouble::startExtension(const std::string& told) {
 }
 
 void ShellDouble::stopExtension() {
-    // At once, as in the shell: nobody is answered after it has stopped.
+    // Synchronously, as in the shell: no call is answered after the extension has stopped.
     thread.call([&] {
         g_dbus_connection_unregister_object(connection, windowsObject);
         emitHere("Stopped", "()");

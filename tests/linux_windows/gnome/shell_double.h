@@ -1,9 +1,9 @@
-// A double of GNOME Shell on a bus: what it says of extensions, and what our extension says in it.
-// Messages are given as GLib writes values.
+// A fake of GNOME Shell on a bus: its replies about extensions, and the reports of our extension in
+// it. Messages are in GLib's text format.
 //
-// Thread:  one; it answers on a thread of its own.
+// Thread:  one; it replies on a thread of its own.
 // Owner:   a test.
-// Errors:  what cannot be done is a failure of the test.
+// Errors:  any failure fails the test.
 #pragma once
 
 #include "platform/linux/windows/desktop_thread.h"
@@ -20,11 +20,11 @@ namespace glidemap {
 
 class ShellDouble {
 public:
-    // What it answers to whoever asks about an extension.
+    // The reply to a query about an extension.
     struct Knowledge {
         std::string version = "'43.9'";
-        std::string extension = "{}"; // what it knows of it
-        bool isStarting = false;      // its name is there, its objects are not
+        std::string extension = "{}"; // its properties
+        bool isStarting = false;      // it owns its name, but its objects do not exist
     };
 
     ShellDouble(const std::string& busAddress, Knowledge knowledge);
@@ -32,14 +32,14 @@ public:
     ShellDouble& operator=(const ShellDouble&) = delete;
     ~ShellDouble();
 
-    // The extension starts in it, tells these windows now and to whoever asks; or it stops.
+    // Starts the extension, which reports these windows now and to each caller; or stops it.
     void startExtension(const std::string& windows);
     void stopExtension();
 
-    // Any signal of the extension's object.
+    // Sends a signal from the extension's object.
     void emit(const char* signal, const std::string& values);
 
-    // The extensions that it was asked to enable, which it does for those that it knows.
+    // The extensions that a caller has enabled; the shell enables the ones it has loaded.
     std::vector<std::string> enabled();
 
 private:

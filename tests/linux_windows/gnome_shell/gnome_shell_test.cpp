@@ -28,7 +28,7 @@ using desktops::ScopedEnvironment;
 using desktops::Window;
 using State = GnomeExtension::State;
 
-// As any program on the session's bus could ask.
+// Queries as any program on the session bus could.
 void expectThatNoOtherProgramIsTold(const GnomeShell& shell) {
     const ScopedEnvironment here(shell.environment());
     for (const char* const method : {"GetWindows", "BringForward '[]'", "TokenForLaunch ''"}) {
@@ -45,8 +45,9 @@ void expectThatNoOtherProgramIsTold(const GnomeShell& shell) {
     }
 }
 
-// One story, since a process has the shell's settings once, and a shell takes its time to start.
-TEST(OnGnomeShell, TheExtensionIsInstalledAndTellsFromTheNextLoginOn) {
+// One test for all steps, because a process loads the shell's settings once, and a shell starts
+// slowly.
+TEST(OnGnomeShell, InstalledExtensionReportsFromTheNextLogin) {
     if (const auto missing = GnomeShell::missing()) {
         GTEST_SKIP() << "no " << *missing << " is installed";
     }
@@ -75,7 +76,7 @@ TEST(OnGnomeShell, TheExtensionIsInstalledAndTellsFromTheNextLoginOn) {
     Window first = Window(shell.environment(), "first", "Title");
     told.expectInTheEnd("windows: first", "active: first");
     Window second = Window(shell.environment(), "org.example.Second", "A text — Second");
-    // The shell gives the focus only to what the user has asked for.
+    // The shell gives the focus only to windows that the user has opened.
     told.expectInTheEnd("windows: first, org.example.Second", "active: first");
     EXPECT_THAT(told.windows(),
                 testing::ElementsAre(WindowIdentity{"first", "first", "", first.process()},

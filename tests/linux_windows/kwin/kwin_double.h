@@ -1,9 +1,9 @@
-// A double of KWin's scripting on a bus, as Plasma 5 or 6 has it. It runs no script: the test says
-// what the script reports.
+// A fake of KWin's scripting on a bus, as in Plasma 5 or 6. It runs no script: the test sends the
+// script's reports.
 //
-// Thread:  one; it answers on a thread of its own.
+// Thread:  one; it replies on a thread of its own.
 // Owner:   a test.
-// Errors:  what cannot be done is a failure of the test.
+// Errors:  any failure fails the test.
 #pragma once
 
 #include "platform/linux/windows/desktop_thread.h"
@@ -24,10 +24,10 @@ class KWinDouble {
 public:
     struct Nature {
         std::string scriptFolder = "/Scripting/Script"; // "/" in Plasma 5
-        int id = 7;                                     // what loading a script answers
-        bool runs = true;                               // else running one is refused
-        bool isStuck = false;                           // it answers nothing
-        bool isStarting = false;                        // its name is there, its objects are not
+        int id = 7;                                     // returned by loadScript
+        bool runs = true;                               // otherwise running a script fails
+        bool isStuck = false;                           // it never replies
+        bool isStarting = false; // it owns its name, but its objects do not exist
     };
 
     KWinDouble(const std::string& busAddress, Nature nature);
@@ -35,17 +35,17 @@ public:
     KWinDouble& operator=(const KWinDouble&) = delete;
     ~KWinDouble();
 
-    // Scripting is there from now on, and then KWin says something, as it does when it starts.
+    // Makes scripting available and then sends a signal, as KWin does when it starts.
     void finishStarting();
     void saySomething();
 
-    // Calls back whoever has loaded the script, and waits until that has heard it.
+    // Calls the program that has loaded the script, and waits for its reply.
     void report(const std::string& text);
 
-    // Waits for exactly these calls, which have to be all since the last time.
+    // Waits for exactly these calls, which must be all calls since the last time.
     void expectAsked(const std::vector<std::string>& calls);
 
-    // The script as it was when it was told to run, and who could read it then.
+    // The script's content and mode at the time it was run.
     std::string script();
     std::filesystem::perms permissions();
     std::filesystem::path file();

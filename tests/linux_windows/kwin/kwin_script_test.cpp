@@ -19,16 +19,16 @@ std::string reportOf(const std::string& windows, const std::string& active) {
     return R"({"windows":)" + windows + R"(,"active":)" + active + "}";
 }
 
-TEST(KWinScript, CallsBackWhoItIsMadeFor) {
+TEST(KWinScript, ScriptCallsTheGivenBusName) {
     EXPECT_THAT(kwinScriptReportingTo(":1.23"), StartsWith("const reportName = \":1.23\";\n"));
 }
 
-TEST(KWinScript, ANameCannotBecomeCode) {
+TEST(KWinScript, NameCannotBecomeCode) {
     EXPECT_THAT(kwinScriptReportingTo("\"+x+\""),
                 StartsWith("const reportName = \"\\\"+x+\\\"\";\n"));
 }
 
-TEST(KWinScript, AHandleCannotBecomeCode) {
+TEST(KWinScript, HandleCannotBecomeCode) {
     EXPECT_THAT(kwinScriptActivating("\"+x+\""), StartsWith("const handle = \"\\\"+x+\\\"\";\n"));
 }
 
@@ -42,7 +42,7 @@ const Row rows[] = {
     {"no window", reportOf("[]", "null"), KWinReport{}},
     {"a window, active", reportOf("[" + std::string(editor) + "]", editor),
      KWinReport{{editorIdentity}, editorIdentity, {"{1}"}, "{1}"}},
-    {"an active one that is not listed", reportOf("[]", editor),
+    {"an active window that is not listed", reportOf("[]", editor),
      KWinReport{{}, editorIdentity, {}, "{1}"}},
     {"no desktop file: the class", reportOf("[]", R"({"desktopFile":"","class":"kate"})"),
      KWinReport{{}, WindowIdentity{"kate", "", "", std::nullopt}}},
@@ -59,16 +59,16 @@ const Row rows[] = {
     {"process 1.5", reportOf("[]", R"({"process":1.5})"), KWinReport{{}, WindowIdentity{}}},
     {"a window that is a number", reportOf("[7," + std::string(editor) + "]", "7"),
      KWinReport{{editorIdentity}, std::nullopt, {"{1}"}, ""}},
-    {"nothing said of the active one", R"({"windows":[]})", KWinReport{}},
+    {"no active window in the report", R"({"windows":[]})", KWinReport{}},
     {"no windows", R"({"active":null})", std::nullopt},
-    {"windows that are no list", reportOf("{}", "null"), std::nullopt},
+    {"windows that are not a list", reportOf("{}", "null"), std::nullopt},
     {"a list", "[]", std::nullopt},
     {"nothing", "", std::nullopt},
     {"half a report", R"({"windows":[)", std::nullopt},
-    {"bytes that are no text", "{\"windows\":[\"\xff\"]}", std::nullopt},
+    {"invalid UTF-8", "{\"windows\":[\"\xff\"]}", std::nullopt},
 };
 
-TEST(KWinScript, ReportsAreReadAndNonsenseIsNot) {
+TEST(KWinScript, ValidReportsAreParsedAndInvalidOnesRejected) {
     for (const Row& row : rows) {
         EXPECT_EQ(readKWinReport(row.text), row.expected) << row.what;
     }

@@ -36,7 +36,7 @@ protected:
     RecordingWindowListener told;
 };
 
-TEST_F(KWinWindows, TheScriptRunsInPlasma6) {
+TEST_F(KWinWindows, ScriptRunsInPlasma6) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(told);
     kwin.expectAsked(loading);
@@ -44,7 +44,7 @@ TEST_F(KWinWindows, TheScriptRunsInPlasma6) {
     told.expectTold({"windows: kate", "active: kate"});
 }
 
-TEST_F(KWinWindows, TheScriptRunsInPlasma5) {
+TEST_F(KWinWindows, ScriptRunsInPlasma5) {
     KWinDouble kwin(bus.address(), {.scriptFolder = "/"});
     const Listening listening(told);
     kwin.expectAsked({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
@@ -52,31 +52,31 @@ TEST_F(KWinWindows, TheScriptRunsInPlasma5) {
     told.expectTold({"windows: kate", "active: kate"});
 }
 
-TEST_F(KWinWindows, NobodyElseCanReadOrReplaceTheScript) {
+TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(told);
     kwin.expectAsked(loading);
-    kwin.report(oneWindow); // after it was read
+    kwin.report(oneWindow); // after KWin has read it
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
     EXPECT_EQ(kwin.file().parent_path(), folder.path());
     EXPECT_EQ(kwin.permissions(),
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
-TEST_F(KWinWindows, AKWinThatIsStartingIsAskedAgainWhenItSaysSomething) {
+TEST_F(KWinWindows, StartingKWinIsRetriedAfterEachOfItsSignals) {
     KWinDouble kwin(bus.address(), {.isStarting = true});
     const Listening listening(told);
     kwin.saySomething();
     kwin.expectAsked({});
     kwin.finishStarting();
     kwin.expectAsked(loading);
-    kwin.saySomething(); // which is of no interest any more
+    kwin.saySomething(); // no further call follows
     kwin.report(oneWindow);
     told.expectTold({"windows: kate", "active: kate"});
     kwin.expectAsked({});
 }
 
-TEST_F(KWinWindows, AKWinThatRefusesTheScriptHasNone) {
+TEST_F(KWinWindows, KWinThatRejectsTheScriptHasNoWindows) {
     const KWinDouble::Nature natures[] = {
         {.id = -1},
         {.runs = false},
@@ -91,7 +91,7 @@ TEST_F(KWinWindows, AKWinThatRefusesTheScriptHasNone) {
     }
 }
 
-TEST_F(KWinWindows, TheScriptIsUnloadedAtTheEnd) {
+TEST_F(KWinWindows, DestructorUnloadsTheScript) {
     KWinDouble kwin(bus.address(), {});
     {
         const Listening listening(told);
@@ -101,7 +101,7 @@ TEST_F(KWinWindows, TheScriptIsUnloadedAtTheEnd) {
     EXPECT_FALSE(std::filesystem::exists(kwin.file()));
 }
 
-TEST_F(KWinWindows, NobodyWaitsForAKWinThatIsStuck) {
+TEST_F(KWinWindows, StuckKWinBlocksNoThread) {
     KWinDouble kwin(bus.address(), {.isStuck = true});
     {
         const Listening listening(told);
@@ -111,7 +111,7 @@ TEST_F(KWinWindows, NobodyWaitsForAKWinThatIsStuck) {
     told.expectTold({});
 }
 
-TEST_F(KWinWindows, NonsenseIsNotHeard) {
+TEST_F(KWinWindows, InvalidReportsAreIgnored) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(told);
     kwin.expectAsked(loading);
@@ -121,7 +121,7 @@ TEST_F(KWinWindows, NonsenseIsNotHeard) {
     told.expectTold({"windows: kate", "active: kate"});
 }
 
-TEST(KWinWindowBackend, DoesNotStartWhereKWinNeitherIsNorWillBe) {
+TEST(KWinWindowBackend, DoesNotStartIfKWinIsNeitherRunningNorExpected) {
     const desktops::PrivateBus bus;
     RecordingWindowListener told;
     for (const char* desktop : {"", "GNOME", "XKDE", "ubuntu:GNOME"}) {
@@ -132,7 +132,7 @@ TEST(KWinWindowBackend, DoesNotStartWhereKWinNeitherIsNorWillBe) {
     told.expectTold({});
 }
 
-TEST(KWinWindowBackend, StartsWherePlasmaSaysItIs) {
+TEST(KWinWindowBackend, StartsInAPlasmaSession) {
     const desktops::PrivateBus bus;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "other:KDE"}}};

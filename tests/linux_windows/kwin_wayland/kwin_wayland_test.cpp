@@ -48,7 +48,7 @@ protected:
         return Window(kwin->environment(), appID, title);
     }
 
-    // The ways on which KWin 5 and KWin 6 show a script.
+    // KWin 5 and KWin 6 export scripts at different paths.
     long countOfScripts() {
         long count = 0;
         for (const char* const at : {"/", "/Scripting"}) {
@@ -64,7 +64,7 @@ protected:
         return count;
     }
 
-    // KWin deletes it only after it has said that it would.
+    // KWin deletes a script some time after it has replied.
     void waitUntilScriptsAre(long count) {
         const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
         while (countOfScripts() != count) {
@@ -92,7 +92,7 @@ TEST_F(OnKWin, FocusFollowsOpeningAndClosing) {
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(OnKWin, AWindowThatIsOpenAlreadyIsToldWhole) {
+TEST_F(OnKWin, WindowThatIsOpenAlreadyIsReportedCompletely) {
     startKWin();
     Window window = open("org.example.Editor", "A text — Editor");
     const Listening listening(told);
@@ -102,7 +102,7 @@ TEST_F(OnKWin, AWindowThatIsOpenAlreadyIsToldWhole) {
                                                     "A text — Editor", window.process()}));
 }
 
-TEST_F(OnKWin, KWinMayComeLaterAndComeAgain) {
+TEST_F(OnKWin, KWinMayStartLaterAndRestart) {
     const Listening listening(told);
     EXPECT_TRUE(listening.started);
     told.expectTold({"windows:", "active: none"});
@@ -118,8 +118,8 @@ TEST_F(OnKWin, KWinMayComeLaterAndComeAgain) {
     told.expectTold({"windows: second", "active: second"});
 }
 
-// One process's end must not take away what the next one follows by.
-TEST_F(OnKWin, ASecondFollowerKeepsItsScriptWhenTheFirstOneGoes) {
+// The end of one process must not unload the script of the next one.
+TEST_F(OnKWin, SecondFollowerKeepsItsScriptWhenTheFirstExits) {
     startKWin();
     RecordingWindowListener toldFirst;
     auto first = std::make_unique<Listening>(toldFirst);
@@ -133,7 +133,7 @@ TEST_F(OnKWin, ASecondFollowerKeepsItsScriptWhenTheFirstOneGoes) {
     told.expectTold({"windows: window", "active: window"});
 }
 
-TEST_F(OnKWin, TheScriptGoesWithTheBackendAndLeavesNoFile) {
+TEST_F(OnKWin, DestructorUnloadsTheScriptAndLeavesNoFile) {
     startKWin();
     const long before = countOfScripts();
     {
@@ -148,7 +148,7 @@ TEST_F(OnKWin, TheScriptGoesWithTheBackendAndLeavesNoFile) {
     }
 }
 
-TEST_F(OnKWin, TwoBackendsInARowBothHear) {
+TEST_F(OnKWin, TwoBackendsInARowBothReceiveReports) {
     startKWin();
     {
         const Listening listening(told);
@@ -162,7 +162,7 @@ TEST_F(OnKWin, TwoBackendsInARowBothHear) {
     told.expectTold({});
 }
 
-TEST_F(OnKWin, OnlyKWinIsBelieved) {
+TEST_F(OnKWin, OnlyReportsOfKWinAreAccepted) {
     startKWin();
     const Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -183,11 +183,11 @@ TEST_F(OnKWin, OnlyKWinIsBelieved) {
     }
     g_free(all);
     g_variant_unref(names);
-    EXPECT_EQ(asked, 1); // the backend's object was there to be asked
+    EXPECT_EQ(asked, 1); // the backend's object received the call
     told.expectTold({});
 }
 
-TEST_F(OnKWin, ABusThatBreaksOffHasNoWindows) {
+TEST_F(OnKWin, LostBusHasNoWindows) {
     startKWin();
     Window window = open("window");
     const Listening listening(told);

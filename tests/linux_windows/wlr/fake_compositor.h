@@ -1,8 +1,8 @@
-// A Wayland compositor that has no windows but says that it had, one message at a time.
+// A Wayland compositor that reports windows which do not exist, one message at a time.
 //
 // Thread:  one; it serves on a thread of its own.
 // Owner:   a test, whose environment has the runtime folder.
-// Errors:  what cannot be done is a failure of the test.
+// Errors:  any failure fails the test.
 #pragma once
 
 #include <cstdint>
@@ -21,16 +21,16 @@ class FakeCompositor {
 public:
     static constexpr const char* socketName = "wayland-fake";
 
-    // Offers this version of the list of windows; with 0, none.
+    // Offers this version of the protocol; 0 offers none.
     explicit FakeCompositor(int version = 3);
     FakeCompositor(const FakeCompositor&) = delete;
     FakeCompositor& operator=(const FakeCompositor&) = delete;
     ~FakeCompositor();
 
-    // What is said within arrives together. Runs on the compositor's thread.
+    // The messages of one call arrive together. Runs on the compositor's thread.
     void say(const std::function<void()>& messages);
 
-    // To be used in say(). Windows are counted from 0; a null text is not said.
+    // Call these in say(). Windows are counted from 0; a null text sends no event.
     void open(const char* appID, const char* title);
     void states(std::size_t window, const std::vector<std::uint32_t>& all);
     void title(std::size_t window, const char* text);
@@ -39,7 +39,7 @@ public:
     void finished();
     void breakOff();
 
-    // The handles that the client has not given back.
+    // The handles that the client has not destroyed.
     std::size_t handles();
 
 private:

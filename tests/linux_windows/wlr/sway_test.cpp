@@ -31,17 +31,17 @@ protected:
     }
 };
 
-TEST_F(OnSway, ADesktopWithoutWindowsIsToldAtOnce) {
+TEST_F(OnSway, DesktopWithoutWindowsIsReportedAtOnce) {
     const Listening listening(told);
     EXPECT_TRUE(listening.started);
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(OnSway, WindowsThatAreOpenAlreadyAreToldAtOnce) {
+TEST_F(OnSway, OpenWindowsAreReportedAtOnce) {
     Window first = open("org.example.First");
     Window second = open("second");
     const Listening listening(told);
-    // The newest first, as wlroots keeps them.
+    // wlroots lists the newest window first.
     told.expectTold({"windows: second, org.example.First", "active: second"});
 }
 
@@ -73,7 +73,7 @@ TEST_F(OnSway, TwoWindowsOfOneProgramAreOneApplicationToTheListener) {
     told.expectTold({"windows: same"});
 }
 
-TEST_F(OnSway, AnEmptyWorkspaceHasNoActiveWindow) {
+TEST_F(OnSway, EmptyWorkspaceHasNoActiveWindow) {
     Window window = open("only");
     const Listening listening(told);
     told.expectTold({"windows: only", "active: only"});
@@ -83,7 +83,7 @@ TEST_F(OnSway, AnEmptyWorkspaceHasNoActiveWindow) {
     told.expectTold({"active: only"});
 }
 
-TEST_F(OnSway, AWindowIsToldWithAppIDAndTitleAndNothingElse) {
+TEST_F(OnSway, WindowIsReportedWithAppIDAndTitleOnly) {
     Window window = open("org.example.Editor", "A text — Editor");
     const Listening listening(told);
     told.expectTold({"windows: org.example.Editor", "active: org.example.Editor"});
@@ -91,16 +91,16 @@ TEST_F(OnSway, AWindowIsToldWithAppIDAndTitleAndNothingElse) {
                                     "org.example.Editor", "", "A text — Editor", std::nullopt}));
 }
 
-TEST_F(OnSway, ATitleAloneIsNoNews) {
+TEST_F(OnSway, TitleChangeAloneIsNotReported) {
     Window window = open("editor", "one");
     const Listening listening(told);
     told.expectTold({"windows: editor", "active: editor"});
     window.setTitle("two");
-    Window other = open("other"); // had the title been news, it would be told before this
+    Window other = open("other"); // a title report would come before this one
     told.expectTold({"windows: editor, other", "active: other"});
 }
 
-TEST_F(OnSway, ATitleIsNewsWhereThereIsNoAppID) {
+TEST_F(OnSway, TitleChangeIsReportedWithoutAnAppID) {
     RecordingWindowListener titles([](const WindowIdentity& window) { return window.title; });
     Window window = open("", "one");
     const Listening listening(titles);
@@ -109,7 +109,7 @@ TEST_F(OnSway, ATitleIsNewsWhereThereIsNoAppID) {
     titles.expectTold({"windows: two", "active: two"});
 }
 
-TEST_F(OnSway, ACompositorThatDiesHasNoWindows) {
+TEST_F(OnSway, CompositorThatDiesHasNoWindows) {
     Window window = open("lost");
     const Listening listening(told);
     told.expectTold({"windows: lost", "active: lost"});
@@ -117,13 +117,13 @@ TEST_F(OnSway, ACompositorThatDiesHasNoWindows) {
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(OnSway, ABackendThatIsGoneTellsNothing) {
+TEST_F(OnSway, DestroyedBackendReportsNothing) {
     Window window = open("one");
     Listening listening(told);
     told.expectTold({"windows: one", "active: one"});
     listening.end();
     window.close();
-    sway.command("nop"); // after the window has gone
+    sway.command("nop"); // replied after the window's events
     listening.settle();
     told.expectTold({});
 }

@@ -44,7 +44,7 @@ protected:
     std::size_t opened = 0;
 };
 
-TEST_F(WlrWindows, NothingHoldsBeforeItIsDone) {
+TEST_F(WlrWindows, EventsTakeEffectWithDone) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -62,10 +62,10 @@ TEST_F(WlrWindows, NothingHoldsBeforeItIsDone) {
         compositor.states(1, {activated});
         compositor.done(1);
     });
-    told.expectTold({"active: two"}); // the later one, as the other one is still active, too
+    told.expectTold({"active: two"}); // the later one, because the first is still active, too
 }
 
-TEST_F(WlrWindows, EveryStateButActivatedIsOfNoInterest) {
+TEST_F(WlrWindows, OnlyTheActivatedStateMatters) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -82,7 +82,7 @@ TEST_F(WlrWindows, EveryStateButActivatedIsOfNoInterest) {
     told.expectTold({"active: one"});
 }
 
-TEST_F(WlrWindows, AChangeOfFocusThatArrivesTogetherIsOneChange) {
+TEST_F(WlrWindows, FocusChangeThatArrivesTogetherIsOneChange) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -96,7 +96,7 @@ TEST_F(WlrWindows, AChangeOfFocusThatArrivesTogetherIsOneChange) {
     told.expectTold({"windows: one, two", "active: two"});
 }
 
-TEST_F(WlrWindows, OfTwoActiveOnesItIsTheLatestAndThenTheOther) {
+TEST_F(WlrWindows, LatestOfTwoActiveWindowsIsReportedAndThenTheOther) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -105,7 +105,7 @@ TEST_F(WlrWindows, OfTwoActiveOnesItIsTheLatestAndThenTheOther) {
         openActive(compositor, "two");
     });
     told.expectTold({"windows: one, two", "active: two"});
-    compositor.say([&] { // still active, and not anew
+    compositor.say([&] { // still active, and not activated again
         compositor.states(0, {activated, maximized});
         compositor.done(0);
         compositor.open("three", nullptr);
@@ -116,11 +116,11 @@ TEST_F(WlrWindows, OfTwoActiveOnesItIsTheLatestAndThenTheOther) {
     told.expectTold({"windows: one, three", "active: one"});
 }
 
-TEST_F(WlrWindows, AWindowWithoutAnAppIDHasItsTitle) {
+TEST_F(WlrWindows, WindowWithoutAnAppIDHasItsTitle) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
-    compositor.say([&] { // as XWayland's are
+    compositor.say([&] { // like the windows of Xwayland
         compositor.open(nullptr, "xterm");
         compositor.states(0, {activated});
         compositor.done(0);
@@ -132,7 +132,7 @@ TEST_F(WlrWindows, AWindowWithoutAnAppIDHasItsTitle) {
                                                      WindowIdentity{"", "", "", std::nullopt}));
 }
 
-TEST_F(WlrWindows, AClosedWindowsHandleIsGivenBack) {
+TEST_F(WlrWindows, HandleOfAClosedWindowIsDestroyed) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -148,7 +148,7 @@ TEST_F(WlrWindows, AClosedWindowsHandleIsGivenBack) {
     }
 }
 
-TEST_F(WlrWindows, ACompositorThatTellsNoMoreHasNone) {
+TEST_F(WlrWindows, CompositorThatEndsTheProtocolHasNoWindows) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -158,7 +158,7 @@ TEST_F(WlrWindows, ACompositorThatTellsNoMoreHasNone) {
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(WlrWindows, ACompositorThatBreaksOffHasNone) {
+TEST_F(WlrWindows, LostConnectionHasNoWindows) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -168,7 +168,7 @@ TEST_F(WlrWindows, ACompositorThatBreaksOffHasNone) {
     told.expectTold({"windows:", "active: none"});
 }
 
-TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllTold) {
+TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllReported) {
     FakeCompositor compositor;
     Listening listening(told);
     told.expectTold({"windows:", "active: none"});
@@ -184,7 +184,7 @@ TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllTold) {
     told.expectInTheEnd(all, "active: many");
 }
 
-TEST_F(WlrWindows, AnyVersionWillDo) {
+TEST_F(WlrWindows, EveryProtocolVersionWorks) {
     for (const int version : {1, 2, 3}) {
         opened = 0;
         FakeCompositor compositor(version);
@@ -196,25 +196,25 @@ TEST_F(WlrWindows, AnyVersionWillDo) {
     }
 }
 
-TEST_F(WlrWindows, ACompositorWithoutTheListIsOfAnotherKind) {
+TEST_F(WlrWindows, DoesNotStartWithoutTheProtocol) {
     FakeCompositor compositor(0);
     EXPECT_FALSE(Listening(told).started);
     told.expectTold({});
 }
 
-TEST_F(WlrWindows, WithoutADesktopThereIsNone) {
+TEST_F(WlrWindows, DoesNotStartWithoutADisplay) {
     const FakeCompositor compositor;
     const ScopedEnvironment none{{{"WAYLAND_DISPLAY", ""}}};
     EXPECT_FALSE(Listening(told).started);
     told.expectTold({});
 }
 
-TEST_F(WlrWindows, WhereNobodyListensThereIsNone) {
+TEST_F(WlrWindows, DoesNotStartIfNoCompositorListens) {
     EXPECT_FALSE(Listening(told).started);
     told.expectTold({});
 }
 
-// A compositor that is there and says nothing.
+// A compositor that accepts connections and never replies.
 class MuteCompositor {
 public:
     explicit MuteCompositor(const std::filesystem::path& path)
@@ -234,7 +234,7 @@ private:
     int listener;
 };
 
-TEST_F(WlrWindows, ACompositorThatDoesNotAnswerIsNotWaitedForLong) {
+TEST_F(WlrWindows, StartTimesOutOnACompositorThatNeverReplies) {
     const MuteCompositor mute(folder.path() / FakeCompositor::socketName);
     EXPECT_FALSE(Listening(told, std::chrono::milliseconds(50)).started);
     told.expectTold({});

@@ -34,8 +34,8 @@ public:
     std::promise<std::string> active;
 };
 
-// No compositor, no bus: none of Wayland's backends may take the desktop for its own.
-TEST(DesktopBackends, OnlyTheOneOfTheDesktopStarts) {
+// Without a compositor and a bus no Wayland backend may start.
+TEST(DesktopBackends, OnlyTheBackendOfTheDesktopStarts) {
     if (const std::string reason = XServer::whyNot(); !reason.empty())
         GTEST_SKIP() << reason;
     const XServer server;

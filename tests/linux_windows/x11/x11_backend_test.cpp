@@ -22,7 +22,7 @@ std::string describe(const WindowIdentity& window) {
     return window.instance + "/" + window.appID;
 }
 
-// How things stand by what was told. On the way there window managers make detours.
+// Keeps the last reported state, because window managers pass through intermediate states.
 class LastTold : public WindowListener {
 public:
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override {
@@ -98,14 +98,14 @@ protected:
         });
     }
 
-    // With a window manager.
+    // Starts a server with a window manager.
     void startDesktop() {
         startServer();
         server->startWindowManager();
         listen();
     }
 
-    // Without one: the test says itself what one would.
+    // Starts a server without a window manager: the test sets the properties itself.
     void startBareServer(const std::vector<std::string>& arguments = {}) {
         startServer(arguments);
         manager = std::make_unique<XClient>(*server);
@@ -135,14 +135,14 @@ protected:
     std::unique_ptr<X11Backend> backend;
 };
 
-TEST_F(X11BackendTest, WithoutAServerItIsNotTheDesktop) {
+TEST_F(X11BackendTest, DoesNotStartWithoutAServer) {
     thread.call([this] {
         backend = std::make_unique<X11Backend>(thread, ":54321");
         EXPECT_FALSE(backend->start(told));
     });
 }
 
-TEST_F(X11BackendTest, TellsWhatAWindowSaysOfItself) {
+TEST_F(X11BackendTest, ReportsThePropertiesOfAWindow) {
     startDesktop();
     XClient client(*server);
     client.describe("an-instance", "A-class");
@@ -155,7 +155,7 @@ TEST_F(X11BackendTest, TellsWhatAWindowSaysOfItself) {
               (WindowIdentity{"A-class", "an-instance", "a title", client.process()}));
 }
 
-TEST_F(X11BackendTest, FindsTheWindowsThatWereThereBefore) {
+TEST_F(X11BackendTest, FindsWindowsThatExistAlready) {
     startServer();
     server->startWindowManager();
     const auto one = window("one", "One");
@@ -183,7 +183,7 @@ TEST_F(X11BackendTest, FollowsTheActiveWindow) {
     told.expectWindows("one/One");
 }
 
-TEST_F(X11BackendTest, AfterTheLastWindowNoneIsActive) {
+TEST_F(X11BackendTest, NoWindowIsActiveAfterTheLastOneCloses) {
     startDesktop();
     const auto one = window("one", "One");
     told.expectActive("one/One");
@@ -197,7 +197,7 @@ TEST_F(X11BackendTest, AfterTheLastWindowNoneIsActive) {
     told.expectWindows("");
 }
 
-TEST_F(X11BackendTest, TheDesktopsFurnitureIsNoApplication) {
+TEST_F(X11BackendTest, PanelsAndMenusAreNotReported) {
     startDesktop();
     const auto plain = window("plain", "Plain");
     struct Row {
@@ -230,7 +230,7 @@ TEST_F(X11BackendTest, TheDesktopsFurnitureIsNoApplication) {
     }
 }
 
-TEST_F(X11BackendTest, FollowsWhatAWindowSaysLater) {
+TEST_F(X11BackendTest, FollowsLaterPropertyChanges) {
     startDesktop();
     const auto office = window("office", "Office-start");
     told.expectActive("office/Office-start");
@@ -239,7 +239,7 @@ TEST_F(X11BackendTest, FollowsWhatAWindowSaysLater) {
     told.expectWindows("office/Office-writer");
 }
 
-TEST_F(X11BackendTest, TheWindowManagerMayBeReplaced) {
+TEST_F(X11BackendTest, WindowManagerMayBeReplaced) {
     startDesktop();
     const auto one = window("one", "One");
     told.expectActive("one/One");
@@ -250,7 +250,7 @@ TEST_F(X11BackendTest, TheWindowManagerMayBeReplaced) {
     told.expectWindows("one/One two/Two");
 }
 
-TEST_F(X11BackendTest, WhenTheServerGoesSoDoTheWindows) {
+TEST_F(X11BackendTest, NoWindowsRemainWhenTheServerExits) {
     startDesktop();
     const auto one = window("one", "One");
     told.expectActive("one/One");
@@ -260,7 +260,7 @@ TEST_F(X11BackendTest, WhenTheServerGoesSoDoTheWindows) {
     told.expectWindows("");
 }
 
-TEST_F(X11BackendTest, TheServerKnowsTheProcessBetterThanTheWindow) {
+TEST_F(X11BackendTest, ProcessFromTheServerOverridesTheWindowsProperty) {
     startBareServer();
     const auto liar = window("liar", "Liar");
     liar->setNumbers("_NET_WM_PID", "1");
@@ -269,7 +269,7 @@ TEST_F(X11BackendTest, TheServerKnowsTheProcessBetterThanTheWindow) {
     EXPECT_EQ(told.activeWindow().process, liar->process());
 }
 
-TEST_F(X11BackendTest, WithoutTheExtensionTheWindowIsBelievedIfItIsOfThisMachine) {
+TEST_F(X11BackendTest, WithoutTheExtensionOnlyPropertiesOfThisMachineCount) {
     startBareServer({"-extension", "X-Resource"});
     const auto one = window("one", "One");
     setActive(*one);
@@ -283,7 +283,7 @@ TEST_F(X11BackendTest, WithoutTheExtensionTheWindowIsBelievedIfItIsOfThisMachine
     EXPECT_EQ(told.activeWindow().process, std::nullopt);
 }
 
-TEST_F(X11BackendTest, PropertiesOfAWrongShapeSayNothing) {
+TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
     startBareServer({"-extension", "X-Resource"});
     struct Row {
         const char* what;
@@ -311,14 +311,14 @@ TEST_F(X11BackendTest, PropertiesOfAWrongShapeSayNothing) {
         told.expectActive(row.expected);
         told.expectWindows(row.expected);
         EXPECT_EQ(told.activeWindow().process, std::nullopt) << row.what;
-        list(""); // the next window may have this one's number
+        list(""); // the next window may reuse this id
         told.expectActive("none");
         told.expectWindows("");
     }
 }
 
-// As after a window was hidden rather than closed, and no other is left.
-TEST_F(X11BackendTest, AnActiveWindowThatIsNotListedIsNone) {
+// This happens if a window was hidden rather than closed, and no other is open.
+TEST_F(X11BackendTest, ActiveWindowThatIsNotListedIsIgnored) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
@@ -330,7 +330,7 @@ TEST_F(X11BackendTest, AnActiveWindowThatIsNotListedIsNone) {
     told.expectActive("one/One");
 }
 
-TEST_F(X11BackendTest, AnEndlessPropertyIsCut) {
+TEST_F(X11BackendTest, LongPropertyIsTruncated) {
     startBareServer();
     XClient client(*server);
     client.repeatText("WM_CLASS", "0123456789abcdef", 200'000);
@@ -342,7 +342,7 @@ TEST_F(X11BackendTest, AnEndlessPropertyIsCut) {
     told.expectActive(most + "/");
 }
 
-TEST_F(X11BackendTest, AListOfNonsenseIsNoList) {
+TEST_F(X11BackendTest, InvalidListIsIgnored) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
@@ -368,7 +368,7 @@ TEST_F(X11BackendTest, AListOfNonsenseIsNoList) {
     told.expectActive("none");
 }
 
-TEST_F(X11BackendTest, AnEndlessListIsCut) {
+TEST_F(X11BackendTest, LongListIsTruncated) {
     startBareServer();
     const auto one = window("one", "One");
     std::string numbers = number(*one);
@@ -378,21 +378,21 @@ TEST_F(X11BackendTest, AnEndlessListIsCut) {
     told.expectWindows("one/One");
 }
 
-TEST_F(X11BackendTest, AGrabbedServerHoldsUpNobody) {
+TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
     setActive(*one);
     told.expectActive("one/One");
     manager->grabServer();
-    setActive(*two); // is told, but nothing that is asked about it is answered
+    setActive(*two); // reported, but queries about it get no reply
     thread.call([] {});
     told.expectActive("one/One");
     manager->ungrabServer();
     told.expectActive("two/Two");
 }
 
-TEST_F(X11BackendTest, AWindowThatNeverStopsChangingHoldsUpNobody) {
+TEST_F(X11BackendTest, WindowWithEndlessChangesBlocksNothing) {
     startBareServer();
     const auto restless = window("r", "0");
     const auto calm = window("calm", "Calm");
@@ -405,7 +405,7 @@ TEST_F(X11BackendTest, AWindowThatNeverStopsChangingHoldsUpNobody) {
     told.expectWindows("r/2000 calm/Calm");
 }
 
-// How often the desktop thread has gone to sleep; it goes to sleep as often as it was woken.
+// How often the desktop thread has gone to sleep, which equals the number of its wake-ups.
 long sleepsOfDesktopThread() {
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
         std::string name;
@@ -419,11 +419,11 @@ long sleepsOfDesktopThread() {
                 return count;
         }
     }
-    ADD_FAILURE() << "there is no such thread";
+    ADD_FAILURE() << "the thread was not found";
     return 0;
 }
 
-// Waits for as long, unless something is told.
+// Waits for that long, or until a report arrives.
 void expectNothingTold(LastTold& told, std::chrono::milliseconds length) {
     const int before = told.tellings();
     std::mutex mutex;
@@ -433,7 +433,7 @@ void expectNothingTold(LastTold& told, std::chrono::milliseconds length) {
     EXPECT_EQ(told.tellings(), before);
 }
 
-TEST_F(X11BackendTest, SleepsWhileNothingOfInterestHappens) {
+TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
     startBareServer();
     const auto one = window("one", "One");
     list(number(*one));
@@ -441,7 +441,7 @@ TEST_F(X11BackendTest, SleepsWhileNothingOfInterestHappens) {
     told.expectActive("one/One");
     told.expectWindows("one/One");
     long before = 0;
-    do { // until it has gone to sleep for good
+    do { // until it is idle
         before = sleepsOfDesktopThread();
         expectNothingTold(told, 200ms);
     } while (sleepsOfDesktopThread() != before);
@@ -450,7 +450,7 @@ TEST_F(X11BackendTest, SleepsWhileNothingOfInterestHappens) {
     expectNothingTold(told, 1500ms);
     EXPECT_EQ(sleepsOfDesktopThread(), before);
     one->describe("one", "Another");
-    told.expectActive("one/Another"); // it was woken, and goes back to sleep
+    told.expectActive("one/Another"); // it wakes up, and sleeps again
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (sleepsOfDesktopThread() == before && std::chrono::steady_clock::now() < deadline)
         std::this_thread::yield();

@@ -1,8 +1,8 @@
-// A program of its own with one window on an X server, which does what it is told.
+// A separate process with one window on an X server, which the test controls.
 //
 // Thread:  one.
-// Owner:   a test. Destroying it kills the program.
-// Errors:  a program that does not do in time what it is told is a failure of the test.
+// Owner:   a test. The destructor kills the process.
+// Errors:  a command that is not completed in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -16,11 +16,11 @@ namespace glidemap::desktops {
 
 class XClient {
 public:
-    // Connected; there is no window yet.
+    // Connects, without a window.
     explicit XClient(const XServer& server);
 
-    // A property of the window, or of the root if that was chosen. What it is set to is cardinals,
-    // atoms by their names, or text, in which "\0" is a null.
+    // Set a property of the window, or of the root if that was chosen: to cardinals, to atoms by
+    // their names, or to text, in which "\0" is a null.
     void setNumbers(const std::string& property, const std::string& numbers);
     void setAtoms(const std::string& property, const std::string& names);
     void setText(const std::string& property, const std::string& text);
@@ -28,16 +28,16 @@ public:
 
     void useRoot();
     void map();      // returns once the window is on the screen
-    void activate(); // by the window manager
-    void wander();   // moves the window to and fro
+    void activate(); // through the window manager
+    void wander();   // moves the window back and forth
     void destroy();
     void grabServer();
     void ungrabServer();
 
-    // What programs usually say.
+    // Sets the properties that programs usually set.
     void describe(const std::string& instance, const std::string& name);
 
-    // Ends without a word.
+    // Kills the process without any clean-up.
     void kill() { program.kill(); }
 
     std::uint32_t window() const { return identifier; }

@@ -1,7 +1,8 @@
-// A program with one window, which reads what to do from its standard input, a line each, and
-// answers "done" when the X server has done it. First it writes the number of its window.
+// A program with one window, which reads commands from its standard input, one per line, and prints
+// "done" when the X server has completed each. First it prints the id of its window.
 //
-// glidemap-x-client NAME TITLE shows the window at once, as the application NAME, and says "shown".
+// glidemap-x-client NAME TITLE shows the window at once, as the application NAME, and prints
+// "shown".
 #include <poll.h>
 #include <xcb/xcb.h>
 
@@ -37,7 +38,7 @@ public:
 
     std::uint32_t number() const { return window; }
 
-    // False if it is not known how.
+    // Returns false for an unknown command.
     bool obey(const std::string& line) {
         std::istringstream words(line);
         std::string verb;
@@ -112,8 +113,8 @@ private:
                             8, static_cast<std::uint32_t>(whole.size()), whole.data());
     }
 
-    // What openbox has read of its connection while it started, it looks at when more comes: so it
-    // is asked for something else if it does not map the window soon.
+    // openbox may leave events in its queue on startup, and reads them only when more arrive. So if
+    // it does not map the window soon, this sends another request.
     void map() {
         constexpr int soon = 200; // milliseconds
         xcb_map_window(connection, window);
@@ -125,7 +126,7 @@ private:
         }
     }
 
-    // Also if the connection is no more.
+    // Also returns true if the connection is lost.
     bool hasBeenMapped() {
         while (const std::unique_ptr<xcb_generic_event_t, Free> event{
             xcb_poll_for_event(connection)}) {
@@ -136,7 +137,7 @@ private:
     }
 
     void activate() {
-        tellWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager asks, whom nobody refuses
+        tellWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, whose requests are not refused
     }
 
     void tellWindowManager(const std::string& type, std::uint32_t value) {
@@ -159,7 +160,7 @@ private:
         }
     }
 
-    // Whatever was asked for before has been done when an answer comes.
+    // The reply arrives after all earlier requests are complete.
     void finish() {
         const std::unique_ptr<xcb_get_input_focus_reply_t, Free> reply(
             xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
@@ -168,7 +169,7 @@ private:
     xcb_connection_t* connection;
     xcb_window_t root = XCB_WINDOW_NONE;
     xcb_window_t window = XCB_WINDOW_NONE;
-    xcb_window_t target = XCB_WINDOW_NONE; // of properties
+    xcb_window_t target = XCB_WINDOW_NONE; // whose properties are set
 };
 
 } // namespace

@@ -4,7 +4,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-// It writes the number of its display once it can be talked to.
+// The server writes its display number when it accepts connections.
 Program::Command serverIn(const RuntimeFolder& folder, const std::vector<std::string>& arguments) {
     std::vector<std::string> words = {"Xvfb",       "-displayfd", "1",   "-screen", "0",
                                       "800x600x24", "-nolisten",  "tcp", "-noreset"};
@@ -28,7 +28,7 @@ XServer::XServer(const std::vector<std::string>& arguments)
     settings["DISPLAY"] = name;
 }
 
-// What it is to start it starts when it is ready.
+// The window manager runs its startup command when it is ready.
 void XServer::startWindowManager() {
     manager.reset();
     manager = std::make_unique<Program>(Program::Command{

@@ -1,8 +1,8 @@
-// An X server without a screen, with a window manager if the test wants one.
+// An X server without a screen, optionally with a window manager.
 //
 // Thread:  one.
 // Owner:   a test.
-// Errors:  a server that is not ready in time is a failure of the test.
+// Errors:  a server that is not ready in time fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -16,16 +16,16 @@ namespace glidemap::desktops {
 
 class XServer {
 public:
-    // Empty, or why there can be none here.
+    // Empty, or the reason why no server can run here.
     static std::string whyNot();
 
     explicit XServer(const std::vector<std::string>& arguments = {});
 
-    // As in DISPLAY.
+    // In the format of DISPLAY.
     const std::string& display() const { return name; }
     const Environment& environment() const { return settings; }
 
-    // openbox, in the place of the one before.
+    // Starts openbox in place of the previous window manager.
     void startWindowManager();
     void killWindowManager();
 

@@ -13,7 +13,7 @@ protected:
     ProcessTrust trust;
 };
 
-TEST_F(ProcessTrustTest, AnswersWhatTheSystemAnswers) {
+TEST_F(ProcessTrustTest, ReturnsTheSystemsAnswer) {
     for (const bool permits : {true, false}) {
         doubles::quartz().permits = permits;
         EXPECT_EQ(trust.isTrusted(), permits);
@@ -23,7 +23,7 @@ TEST_F(ProcessTrustTest, AnswersWhatTheSystemAnswers) {
     }
 }
 
-TEST_F(ProcessTrustTest, PromptsOnceInARun) {
+TEST_F(ProcessTrustTest, PromptsOncePerRun) {
     trust.isTrustedWithPrompt();
     trust.isTrustedWithPrompt();
     EXPECT_THAT(journal(), ElementsAre(prompts, "AXIsProcessTrusted"));

@@ -19,7 +19,7 @@ const std::string motion = "accessibilityDisplayShouldReduceMotion";
 
 class MacosAppearanceTest : public CocoaTest {
 protected:
-    // Keeps what the appearance is before and after each change that is announced.
+    // Records the appearance before and after each announced change.
     Subscription follow(AppearanceSettings& settings) {
         return settings.changes().subscribe([this, &settings] { tell("before", settings); },
                                             [this, &settings] { tell("after", settings); });
@@ -37,14 +37,14 @@ protected:
     Lines announced;
 };
 
-TEST_F(MacosAppearanceTest, ListensBeforeItAsks) {
+TEST_F(MacosAppearanceTest, ObservesBeforeItReads) {
     const MacosAppearance appearance;
     EXPECT_THAT(journal(), ElementsAre("addObserverForName NSWorkspaceAccessibilityDisplayOptions"
                                        "DidChangeNotification",
                                        match, motion));
 }
 
-TEST_F(MacosAppearanceTest, IsWhichOfTheTwoTheApplicationsMatches) {
+TEST_F(MacosAppearanceTest, ColorSchemeMatchesTheApplicationsAppearance) {
     struct Row {
         std::optional<std::string> bestMatch;
         std::optional<ColorScheme> scheme;
@@ -60,7 +60,7 @@ TEST_F(MacosAppearanceTest, IsWhichOfTheTwoTheApplicationsMatches) {
     }
 }
 
-TEST_F(MacosAppearanceTest, ReducesMotionAsTheSystemDoes) {
+TEST_F(MacosAppearanceTest, ReducedMotionFollowsTheSystem) {
     EXPECT_FALSE(MacosAppearance().reducesMotion());
     doubles::workspace().reducesMotion = true;
     EXPECT_TRUE(MacosAppearance().reducesMotion());
@@ -88,7 +88,7 @@ TEST_F(MacosAppearanceTest, FollowsTheDisplayOptions) {
                                        "before dark still", "after dark moving"));
 }
 
-TEST_F(MacosAppearanceTest, AnnouncesNothingThatIsNoChangeOfTheTwo) {
+TEST_F(MacosAppearanceTest, AnnouncesOnlyChangedValues) {
     doubles::startWithAppearance(dark);
     MacosAppearance appearance;
     const Subscription following = follow(appearance);
@@ -98,7 +98,7 @@ TEST_F(MacosAppearanceTest, AnnouncesNothingThatIsNoChangeOfTheTwo) {
     EXPECT_THAT(announced, IsEmpty());
 }
 
-TEST_F(MacosAppearanceTest, IsToldNothingOnceItHasGone) {
+TEST_F(MacosAppearanceTest, ReceivesNothingAfterDestruction) {
     auto appearance = std::make_unique<MacosAppearance>();
     journal();
     appearance.reset();
@@ -108,7 +108,7 @@ TEST_F(MacosAppearanceTest, IsToldNothingOnceItHasGone) {
     EXPECT_EQ(doubles::forgetObservations(), 0U);
 }
 
-TEST_F(MacosAppearanceTest, KnowsNoMotionWithoutAWorkspace) {
+TEST_F(MacosAppearanceTest, MotionIsUnknownWithoutAWorkspace) {
     doubles::workspace().exists = false;
     doubles::startWithAppearance(dark);
     MacosAppearance appearance;

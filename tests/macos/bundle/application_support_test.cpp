@@ -11,18 +11,18 @@ using testing::ElementsAre;
 
 class ApplicationSupportTest : public FilesTest {};
 
-TEST_F(ApplicationSupportTest, IsTheFirstOfTheUsersOwn) {
+TEST_F(ApplicationSupportTest, ReturnsTheUsersFirstFolder) {
     files().applicationSupport = {"/Users/mü/Library/Application Support", "/elsewhere"};
     EXPECT_EQ(applicationSupportFolder(), "/Users/mü/Library/Application Support");
     EXPECT_THAT(journal(), ElementsAre("URLsForDirectory 14 1"));
 }
 
-TEST_F(ApplicationSupportTest, IsAbsentWhereTheSystemKnowsNone) {
+TEST_F(ApplicationSupportTest, ReturnsNulloptWithoutAFolder) {
     EXPECT_EQ(applicationSupportFolder(), std::nullopt);
 }
 
-// As before there is a loop, where nobody would ever empty it.
-TEST_F(ApplicationSupportTest, NeedsNoPoolAroundIt) {
+// The program calls it before the main loop, which would drain a pool.
+TEST_F(ApplicationSupportTest, NeedsNoOuterPool) {
     files().applicationSupport = {"/Users/me/Library/Application Support"};
     std::thread([] {
         EXPECT_EQ(applicationSupportFolder(), "/Users/me/Library/Application Support");

@@ -1,4 +1,4 @@
-// A test of what the program asks about its bundle and the user's folders.
+// The fixture for the bundle and the user's folders.
 #pragma once
 
 #include "cocoa_test.h"

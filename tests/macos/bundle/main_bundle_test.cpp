@@ -11,7 +11,7 @@ using Information = doubles::Files::Information;
 
 class MainBundleTest : public FilesTest {};
 
-TEST_F(MainBundleTest, TellsTheShortVersion) {
+TEST_F(MainBundleTest, ReturnsTheShortVersion) {
     files().version = "1.10.2";
     EXPECT_EQ(bundleShortVersion(), "1.10.2");
 }
@@ -29,8 +29,8 @@ TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
     }
 }
 
-// As before there is an application object, and a loop with a pool.
-TEST_F(MainBundleTest, TellsTheProgramsFileWithoutAPoolAroundIt) {
+// The program calls it before it has an application object and a loop with a pool.
+TEST_F(MainBundleTest, ReturnsTheProgramsPathWithoutAnOuterPool) {
     files().program = "/Applications/Glidemap.app/Contents/MacOS/Glidemap";
     std::thread([] {
         EXPECT_EQ(programPath(), "/Applications/Glidemap.app/Contents/MacOS/Glidemap");

@@ -20,7 +20,7 @@ constexpr std::int64_t right = 1;
 
 class QuartzClickTapTest : public MacosTest {
 protected:
-    // A tap whose callback always answers the same, and keeps what it was asked.
+    // A tap whose callback always returns this verdict, and records its events.
     std::unique_ptr<QuartzClickTap> tapAnswering(ClickTap::Verdict verdict) {
         auto tap = std::make_unique<QuartzClickTap>();
         EXPECT_TRUE(tap->create([this, verdict](const ClickEvent& event) {
@@ -34,7 +34,7 @@ protected:
     std::vector<ClickEvent> asked;
 };
 
-TEST_F(QuartzClickTapTest, StandsFirstInTheSessionAndIsHeardOnTheMainLoopInAllCommonModes) {
+TEST_F(QuartzClickTapTest, TapIsFirstInTheSessionAndOnTheMainLoopInAllCommonModes) {
     QuartzClickTap tap;
     EXPECT_TRUE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
     tap.setEnabled(true);
@@ -45,7 +45,7 @@ TEST_F(QuartzClickTapTest, StandsFirstInTheSessionAndIsHeardOnTheMainLoopInAllCo
                             "CGEventTapEnable CFMachPort true"));
 }
 
-TEST_F(QuartzClickTapTest, IsNoneWithoutPermission) {
+TEST_F(QuartzClickTapTest, CreatesNoTapWithoutPermission) {
     doubles::quartz().permits = false;
     QuartzClickTap tap;
     EXPECT_FALSE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
@@ -54,14 +54,14 @@ TEST_F(QuartzClickTapTest, IsNoneWithoutPermission) {
     EXPECT_THAT(journal(), ElementsAre("CGEventTapCreate 1 0 0 0x1e"));
 }
 
-TEST_F(QuartzClickTapTest, LetsGoOfATapThatCannotBeHeard) {
+TEST_F(QuartzClickTapTest, ReleasesATapWithoutARunLoopSource) {
     doubles::coreFoundation().makesRunLoopSources = false;
     QuartzClickTap tap;
     EXPECT_FALSE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
     EXPECT_THAT(doubles::livingObjects(), IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, TellsEachEventWithItsButton) {
+TEST_F(QuartzClickTapTest, ReportsEachEventWithItsButton) {
     const auto tap = tapAnswering(ClickTap::Verdict::pass);
     EXPECT_EQ(play(kCGEventLeftMouseDown, left), Passage::passed);
     EXPECT_EQ(play(kCGEventLeftMouseUp, left), Passage::passed);
@@ -73,13 +73,13 @@ TEST_F(QuartzClickTapTest, TellsEachEventWithItsButton) {
                                    ClickEvent{ClickEventType::rightMouseUp, right}));
 }
 
-TEST_F(QuartzClickTapTest, TakesOutWhatTheAnswerDrops) {
+TEST_F(QuartzClickTapTest, SwallowsEventsThatTheCallbackDrops) {
     const auto tap = tapAnswering(ClickTap::Verdict::drop);
     EXPECT_EQ(play(kCGEventLeftMouseDown, left), Passage::dropped);
     EXPECT_EQ(play(kCGEventRightMouseUp, right), Passage::dropped);
 }
 
-TEST_F(QuartzClickTapTest, AsksNoButtonOfANoticeOrOfAnythingElse) {
+TEST_F(QuartzClickTapTest, ReadsNoButtonOfNotificationsAndOtherEvents) {
     const auto tap = tapAnswering(ClickTap::Verdict::pass);
     playNotice(kCGEventTapDisabledByTimeout);
     playNotice(kCGEventTapDisabledByUserInput);
@@ -90,13 +90,13 @@ TEST_F(QuartzClickTapTest, AsksNoButtonOfANoticeOrOfAnythingElse) {
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, PassesEverythingThatComesWithoutItsUserData) {
+TEST_F(QuartzClickTapTest, PassesEventsWithoutUserData) {
     const auto tap = tapAnswering(ClickTap::Verdict::drop);
     EXPECT_EQ(playTo(nullptr, kCGEventLeftMouseDown, left), Passage::passed);
     EXPECT_THAT(asked, IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, GoesFromTheLoopAndIsReleased) {
+TEST_F(QuartzClickTapTest, RemovalTakesItFromTheLoopAndReleasesIt) {
     const auto tap = tapAnswering(ClickTap::Verdict::pass);
     tap->setEnabled(false);
     tap->remove();
@@ -109,7 +109,7 @@ TEST_F(QuartzClickTapTest, GoesFromTheLoopAndIsReleased) {
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, TheSystemCallsNoMoreOnceItHasGone) {
+TEST_F(QuartzClickTapTest, SystemCallsNothingAfterDestruction) {
     tapAnswering(ClickTap::Verdict::pass).reset();
     EXPECT_THAT(journal(),
                 ElementsAre("CGEventTapEnable CFMachPort false",
@@ -117,7 +117,7 @@ TEST_F(QuartzClickTapTest, TheSystemCallsNoMoreOnceItHasGone) {
                             "CFMachPortInvalidate CFMachPort"));
 }
 
-TEST_F(QuartzClickTapTest, TheMonitorEnablesItAgainOnBothNotices) {
+TEST_F(QuartzClickTapTest, MonitorEnablesItAgainAfterBothNotifications) {
     ClickMonitor monitor(std::make_shared<QuartzClickTap>(), [] { return 2; });
     monitor.start();
     for (const CGEventType notice :
@@ -128,7 +128,7 @@ TEST_F(QuartzClickTapTest, TheMonitorEnablesItAgainOnBothNotices) {
     }
 }
 
-TEST_F(QuartzClickTapTest, TheMonitorSwallowsAPressWithItsOwnRelease) {
+TEST_F(QuartzClickTapTest, MonitorSwallowsAPressWithItsOwnRelease) {
     ClickMonitor monitor(std::make_shared<QuartzClickTap>(), [] { return 2; });
     monitor.onClickGesture = [](GestureType gesture) {
         return gesture == GestureType::twoFingerClick;

@@ -63,7 +63,7 @@ bool instancesAnswer(Class type, SEL method) {
     return class_getInstanceMethod(type, method) != nullptr;
 }
 
-TEST(AppKitContract, HasWhatTheRecorderUses) {
+TEST(AppKitContract, HasTheInterfacesOfTheRecorder) {
     EXPECT_TRUE(classAnswers([NSEvent class], @selector(addLocalMonitorForEventsMatchingMask:
                                                                                      handler:)));
     EXPECT_TRUE(classAnswers([NSEvent class], @selector(removeMonitor:)));
@@ -72,7 +72,7 @@ TEST(AppKitContract, HasWhatTheRecorderUses) {
     EXPECT_TRUE(instancesAnswer([NSEvent class], @selector(modifierFlags)));
 }
 
-TEST(AppKitContract, HasWhatTheShellUses) {
+TEST(AppKitContract, HasTheInterfacesOfTheShell) {
     EXPECT_TRUE(classAnswers([NSApplication class], @selector(sharedApplication)));
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(setActivationPolicy:)));
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(activateIgnoringOtherApps:)));

@@ -17,17 +17,17 @@ static_assert(sizeof(CGEventSourceStateID) == 4 && sizeof(CGEventType) == 4);
 static_assert(sizeof(CGEventField) == 4 && sizeof(CGEventTapLocation) == 4);
 static_assert(sizeof(CGEventTapPlacement) == 4 && sizeof(CGEventTapOptions) == 4);
 
-// A shortcut's modifiers are the event's flags as they are.
+// A shortcut stores the event's flags unchanged.
 static_assert(kCGEventFlagMaskShift == modifier::shift);
 static_assert(kCGEventFlagMaskControl == modifier::control);
 static_assert(kCGEventFlagMaskAlternate == modifier::option);
 static_assert(kCGEventFlagMaskCommand == modifier::command);
 
-// Typing: from the state of the hardware, in at the same place as the keyboard's own events.
+// Typing: uses the state of the hardware, and posts where the keyboard's events enter.
 static_assert(kCGEventSourceStateHIDSystemState == 1);
 static_assert(kCGHIDEventTap == 0);
 
-// Clicks: a filter before all others of the session.
+// Clicks: the first filter of the session.
 static_assert(kCGSessionEventTap == 1);
 static_assert(kCGHeadInsertEventTap == 0);
 static_assert(kCGEventTapOptionDefault == 0);
@@ -42,7 +42,7 @@ static_assert(std::is_same_v<CGEventTapCallBack,
 
 static_assert(std::is_convertible_v<decltype(kAXTrustedCheckOptionPrompt), CFStringRef>);
 
-TEST(ApplicationServicesContract, HasWhatTypingUses) {
+TEST(ApplicationServicesContract, HasTheInterfacesOfTyping) {
     EXPECT_TRUE(isThere<CGEventSourceRef(CGEventSourceStateID)>(&CGEventSourceCreate));
     EXPECT_TRUE(
         (isThere<CGEventRef(CGEventSourceRef, CGKeyCode, bool)>(&CGEventCreateKeyboardEvent)));
@@ -50,7 +50,7 @@ TEST(ApplicationServicesContract, HasWhatTypingUses) {
     EXPECT_TRUE((isThere<void(CGEventTapLocation, CGEventRef)>(&CGEventPost)));
 }
 
-TEST(ApplicationServicesContract, HasWhatClicksUse) {
+TEST(ApplicationServicesContract, HasTheInterfacesOfClicks) {
     EXPECT_TRUE(
         (isThere<CFMachPortRef(CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions,
                                CGEventMask, CGEventTapCallBack, void*)>(&CGEventTapCreate)));
@@ -58,7 +58,7 @@ TEST(ApplicationServicesContract, HasWhatClicksUse) {
     EXPECT_TRUE((isThere<std::int64_t(CGEventRef, CGEventField)>(&CGEventGetIntegerValueField)));
 }
 
-TEST(ApplicationServicesContract, HasWhatPermissionUses) {
+TEST(ApplicationServicesContract, HasTheInterfacesOfPermission) {
     EXPECT_TRUE(isThere<Boolean()>(&AXIsProcessTrusted));
     EXPECT_TRUE(isThere<Boolean(CFDictionaryRef)>(&AXIsProcessTrustedWithOptions));
 }

@@ -1,10 +1,10 @@
-// How a contract is written: a function's signature, compared by the compiler, and whether it is
-// there, which only a run can tell, because the system leaves a newer function's address null.
+// Helpers for contract tests. The compiler compares a function's signature. Only a run can check
+// that the function exists, because the system leaves the address of a newer function null.
 #pragma once
 
 namespace glidemap::contract {
 
-// The type is the caller's word, letter by letter: no conversion is made.
+// The signature must match exactly: no conversion takes place.
 template <typename Signature>
 bool isThere(Signature* function) {
     return function != nullptr;

@@ -9,7 +9,7 @@ namespace glidemap::contract {
 namespace {
 
 static_assert(std::is_same_v<CFTypeRef, const void*>);
-static_assert(std::is_same_v<CFIndex, long>); // as a touch driver's list is counted
+static_assert(std::is_same_v<CFIndex, long>); // the index type of a touch driver's list
 static_assert(std::is_same_v<Boolean, unsigned char>);
 static_assert(std::is_same_v<CFRunLoopMode, CFStringRef>);
 
@@ -22,7 +22,7 @@ static_assert(
 static_assert(
     std::is_same_v<decltype(kCFTypeDictionaryValueCallBacks), const CFDictionaryValueCallBacks>);
 
-TEST(CoreFoundationContract, HasWhatIsUsedOfIt) {
+TEST(CoreFoundationContract, HasTheInterfacesInUse) {
     EXPECT_TRUE(isThere<void(CFTypeRef)>(&CFRelease));
     EXPECT_TRUE(isThere<CFIndex(CFArrayRef)>(&CFArrayGetCount));
     EXPECT_TRUE((isThere<const void*(CFArrayRef, CFIndex)>(&CFArrayGetValueAtIndex)));
@@ -39,13 +39,13 @@ TEST(CoreFoundationContract, HasWhatIsUsedOfIt) {
         (isThere<void(CFRunLoopRef, CFRunLoopSourceRef, CFRunLoopMode)>(&CFRunLoopRemoveSource)));
 }
 
-// What the user sets is kept as a text or as yes or no.
+// The user's settings are texts or booleans.
 static_assert(std::is_same_v<CFPropertyListRef, CFTypeRef>);
 static_assert(std::is_same_v<UInt8, unsigned char>);
 static_assert(kCFStringEncodingUTF8 == 0x08000100);
 static_assert(std::is_same_v<decltype(kCFPreferencesCurrentApplication), const CFStringRef>);
 
-TEST(CoreFoundationContract, HasWhatTheSettingsAreMadeOf) {
+TEST(CoreFoundationContract, HasTheTypesOfTheSettings) {
     EXPECT_TRUE(isThere<CFTypeID(CFTypeRef)>(&CFGetTypeID));
     EXPECT_TRUE(isThere<CFTypeID()>(&CFStringGetTypeID));
     EXPECT_TRUE(isThere<CFTypeID()>(&CFBooleanGetTypeID));
@@ -59,7 +59,7 @@ TEST(CoreFoundationContract, HasWhatTheSettingsAreMadeOf) {
         (isThere<Boolean(CFStringRef, char*, CFIndex, CFStringEncoding)>(&CFStringGetCString)));
 }
 
-TEST(CoreFoundationContract, HasWhereTheSettingsAreKept) {
+TEST(CoreFoundationContract, HasTheStorageOfTheSettings) {
     EXPECT_TRUE((isThere<CFPropertyListRef(CFStringRef, CFStringRef)>(&CFPreferencesCopyAppValue)));
     EXPECT_TRUE(
         (isThere<void(CFStringRef, CFPropertyListRef, CFStringRef)>(&CFPreferencesSetAppValue)));

@@ -95,7 +95,7 @@ bool instancesAnswer(Class type, SEL method) {
     return class_getInstanceMethod(type, method) != nullptr;
 }
 
-TEST(FoundationContract, HasWhatTheBundleUses) {
+TEST(FoundationContract, HasTheInterfacesOfTheBundle) {
     EXPECT_TRUE(classAnswers([NSBundle class], @selector(mainBundle)));
     EXPECT_TRUE(instancesAnswer([NSBundle class], @selector(infoDictionary)));
     EXPECT_TRUE(instancesAnswer([NSBundle class], @selector(executablePath)));
@@ -103,7 +103,7 @@ TEST(FoundationContract, HasWhatTheBundleUses) {
     EXPECT_TRUE(instancesAnswer([NSFileManager class], @selector(URLsForDirectory:inDomains:)));
 }
 
-TEST(FoundationContract, HasTextsCollectionsAndLocations) {
+TEST(FoundationContract, HasTextsCollectionsAndURLs) {
     EXPECT_TRUE(instancesAnswer([NSString class], @selector(initWithBytes:length:encoding:)));
     EXPECT_TRUE(instancesAnswer([NSString class], @selector(isEqualToString:)));
     EXPECT_TRUE(instancesAnswer([NSString class], @selector(UTF8String)));

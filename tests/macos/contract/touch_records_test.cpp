@@ -1,6 +1,6 @@
-// The trackpad framework is private: no header of the system's tells its records' layout. So this is
-// no comparison with the system, which only a Mac's trackpad can make, but with a record put
-// together byte by byte as the framework writes it on a 64-bit Mac.
+// The trackpad framework is private, so no system header defines the layout of its records. This
+// test cannot compare with the system, which needs a Mac's trackpad. It reads a record that is
+// built byte by byte as the framework writes it on a 64-bit Mac.
 #include "input/mt_touch.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ void put(Record& record, std::size_t offset, Value value) {
 
 static_assert(sizeof(MTTouch) == recordSize);
 
-TEST(TouchRecordsContract, AreReadWhereTheFrameworkWritesThem) {
+TEST(TouchRecordsContract, FieldsAreReadWhereTheFrameworkWritesThem) {
     Record record{};
     put<std::int32_t>(record, 0, 7);
     put<double>(record, 8, 1234.5);

@@ -48,7 +48,7 @@ bool instancesAnswer(Class type, SEL method) {
     return class_getInstanceMethod(type, method) != nullptr;
 }
 
-TEST(WorkspaceContract, HasWhatTheWorkspaceUses) {
+TEST(WorkspaceContract, HasTheInterfacesOfTheWorkspace) {
     const Class workspace = [NSWorkspace class];
     EXPECT_TRUE(class_getClassMethod(workspace, @selector(sharedWorkspace)) != nullptr);
     EXPECT_TRUE(instancesAnswer(workspace, @selector(notificationCenter)));
@@ -62,7 +62,7 @@ TEST(WorkspaceContract, HasWhatTheWorkspaceUses) {
                                      @selector(configuration)) != nullptr);
 }
 
-TEST(WorkspaceContract, HasWhatTheAppearanceUses) {
+TEST(WorkspaceContract, HasTheInterfacesOfTheAppearance) {
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(effectiveAppearance)));
     EXPECT_TRUE(
         instancesAnswer([NSAppearance class], @selector(bestMatchFromAppearancesWithNames:)));

@@ -16,12 +16,12 @@ protected:
     Preferences preferences;
 };
 
-TEST_F(PreferencesTest, WhatIsNotStoredIsAbsent) {
+TEST_F(PreferencesTest, MissingValueIsAbsent) {
     EXPECT_EQ(preferences.string("appLanguage"), std::nullopt);
     EXPECT_EQ(preferences.boolean("masterEnabled"), std::nullopt);
 }
 
-TEST_F(PreferencesTest, WhatIsStoredIsReadAndEachOfItsOwnKind) {
+TEST_F(PreferencesTest, ValuesAreReadByTheirType) {
     stored = {{"appLanguage", "zh"}, {"masterEnabled", false}, {"other", true}, {"number", 1.0}};
     EXPECT_EQ(preferences.string("appLanguage"), "zh");
     EXPECT_EQ(preferences.boolean("masterEnabled"), false);
@@ -34,7 +34,7 @@ TEST_F(PreferencesTest, WhatIsStoredIsReadAndEachOfItsOwnKind) {
     }
 }
 
-TEST_F(PreferencesTest, TextOfAnyLengthAndInAnyLanguageIsReadWhole) {
+TEST_F(PreferencesTest, TextOfAnyLengthAndLanguageIsReadCompletely) {
     for (const std::string& text :
          {std::string(), std::string("简体中文"), std::string(100'000, 'a')}) {
         stored["appLanguage"] = text;
@@ -42,7 +42,7 @@ TEST_F(PreferencesTest, TextOfAnyLengthAndInAnyLanguageIsReadWhole) {
     }
 }
 
-TEST_F(PreferencesTest, WritesAtOnceAsTheKindItIs) {
+TEST_F(PreferencesTest, ValuesAreWrittenAtOnceWithTheirType) {
     preferences.setString("appLanguage", "zh");
     EXPECT_THAT(journal(), ElementsAre("CFPreferencesSetAppValue appLanguage",
                                        "CFPreferencesAppSynchronize this application"));
@@ -53,7 +53,7 @@ TEST_F(PreferencesTest, WritesAtOnceAsTheKindItIs) {
     EXPECT_EQ(journal().size(), 4U);
 }
 
-TEST_F(PreferencesTest, WithoutTextsNothingIsReadAndNothingWritten) {
+TEST_F(PreferencesTest, NothingIsReadOrWrittenIfTextsCannotBeCreated) {
     stored["appLanguage"] = "zh";
     doubles::preferences().makesTexts = false;
     EXPECT_EQ(preferences.string("appLanguage"), std::nullopt);

@@ -1,4 +1,4 @@
-// What a test tells the doubles of AppKit to answer, and the key presses as it plays them.
+// Controls the fakes of AppKit, and plays key presses.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ struct AppKit {
     bool givesEventMonitors = true;
 };
 
-// Reset by every test's set-up.
+// The fixture's set-up resets it.
 AppKit& appKit();
 
 struct KeyDown {
@@ -19,7 +19,7 @@ struct KeyDown {
     bool repeats = false;
 };
 
-// Who gets the press: the monitors are asked first, in the order of their making.
+// The receiver of the press: monitors come first, in the order of their creation.
 enum class Receiver { windows, monitor };
 Receiver play(const KeyDown& press);
 

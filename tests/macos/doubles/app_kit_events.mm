@@ -57,12 +57,12 @@ id addMonitor(NSEventMask mask, Handler handler) {
     return monitors.back().token;
 }
 
-// The block goes at once, also while it runs: whoever touches what it has captured then is found.
+// Releases the block at once, even while it runs, so that later use of its captures is detected.
 void removeMonitor(id token) {
     note("removeMonitor");
     const auto found = monitorOf(token);
     if (found == monitors.end()) {
-        ADD_FAILURE() << "no monitor, or removed before";
+        ADD_FAILURE() << "not a monitor, or already removed";
         return;
     }
     const Monitor removed = *found;

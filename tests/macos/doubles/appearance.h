@@ -1,4 +1,4 @@
-// How the system looks, for a test.
+// Controls the system's appearance in tests.
 #pragma once
 
 #include <optional>
@@ -6,13 +6,13 @@
 
 namespace glidemap::doubles {
 
-// Done by every test's set-up.
+// The fixture's set-up calls it.
 void resetAppearance();
 
-// The name of the appearance that fits best, or of none that anybody asks for. Nobody is told.
+// Sets the best match, without notifying observers; nullopt matches no requested name.
 void startWithAppearance(std::optional<std::string> bestMatch);
 
-// The same while the program runs, with its observers told.
+// Sets the best match while the program runs, and notifies observers.
 void changeAppearance(std::optional<std::string> bestMatch);
 
 } // namespace glidemap::doubles

@@ -1,4 +1,4 @@
-// The Apple events that a test sends to the program.
+// Sends Apple events to the program.
 #pragma once
 
 namespace glidemap::doubles {

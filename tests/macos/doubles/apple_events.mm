@@ -13,14 +13,14 @@
 namespace {
 
 struct Handler {
-    id target; // which the system does not own
+    id target; // not retained, as in the system
     SEL method;
 };
 
 using Event = std::pair<AEEventClass, AEEventID>;
 std::map<Event, Handler> handlers;
 
-// Codes of four letters, as their documentation writes them.
+// The four-letter codes in the notation of their documentation.
 std::string lettersOf(FourCharCode code) {
     std::string letters;
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {
@@ -67,7 +67,7 @@ bool send(AEEventID eventID) {
     NSAppleEventDescriptor* event = [NSAppleEventDescriptor new];
     NSAppleEventDescriptor* reply = [NSAppleEventDescriptor new];
     using Handle = void (*)(id, SEL, NSAppleEventDescriptor*, NSAppleEventDescriptor*);
-    // By way of a pointer to anything, as from a type that is known not to be the method's own.
+    // Converts through void*, because the method has a more specific type.
     void* const method = reinterpret_cast<void*>(objc_msg_lookup(handler.target, handler.method));
     reinterpret_cast<Handle>(method)(handler.target, handler.method, event, reply);
     [reply release];

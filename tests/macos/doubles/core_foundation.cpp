@@ -22,7 +22,7 @@ struct Dictionary : Object {
     std::vector<std::pair<CFTypeRef, CFTypeRef>> entries;
 };
 
-// An object that nobody made and nobody releases.
+// A constant object, which needs no release.
 struct Constant {
     explicit Constant(std::string text) : name(std::move(text)) {}
 
@@ -56,7 +56,7 @@ Object* objectOf(CFTypeRef reference) {
     const std::lock_guard lock(guard);
     auto* object = static_cast<Object*>(const_cast<void*>(reference));
     if (!living.contains(object)) {
-        ADD_FAILURE() << "used after its last owner has let go of it, or never made: " << reference;
+        ADD_FAILURE() << "used after its last release, or not created by a fake: " << reference;
         return nullptr;
     }
     return object;

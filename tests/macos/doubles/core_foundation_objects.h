@@ -1,8 +1,7 @@
-// Core Foundation's objects as the doubles have them: each knows how many owners it has. On a Mac
-// Core Foundation itself is real, and an object of ours travels inside one of its own.
+// The fake Core Foundation objects, each with a count of its owners. On a Mac Core Foundation is
+// real, and wraps each fake object.
 //
-// Errors:  one that is released more often than it was made and retained fails the running test; a
-//          Mac ends it.
+// Errors:  releasing an object too often fails the running test; a Mac ends the process.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -22,11 +21,11 @@ public:
     virtual ~Object();
 
     const std::string kind;
-    int owners = 1; // which a Mac counts itself
+    int owners = 1; // a Mac counts them itself
 };
 
-// The reference that the system would hand out. Whoever gets it owns the object, which goes with its
-// last owner.
+// Returns a reference as the system would. The receiver owns the object, which is destroyed with
+// its last owner.
 CFTypeRef handOut(Object* made);
 
 template <typename Reference>
@@ -34,31 +33,31 @@ Reference handOutAs(Object* made) {
     return reinterpret_cast<Reference>(const_cast<void*>(handOut(made)));
 }
 
-// The object behind one of the system's references; made by a double and alive, or the running test
-// fails and null is answered.
+// The object behind a reference. If a fake has not created it, or it is destroyed, the running test
+// fails and null is returned.
 Object* objectOf(CFTypeRef reference);
 
-// An array that is handed out. Its values are nobody's objects.
+// Returns an array as the system would. Its values are not reference-counted.
 CFArrayRef handOutArray(const std::vector<const void*>& values);
 
 std::vector<std::pair<CFTypeRef, CFTypeRef>> entriesOf(CFDictionaryRef dictionary);
 
-// One of the system's texts that nobody releases.
+// A constant text of the system, which is never released.
 CFStringRef constantText(const char* text);
 
-// What a constant is called: the text of a text, and the words that the tests have for the others.
+// The name of a constant: the content of a text, or the tests' word for others.
 std::string nameOf(CFTypeRef constant);
 
-// What a test tells the doubles to answer; reset by its set-up.
+// Controls the fakes; the fixture's set-up resets it.
 struct CoreFoundation {
     bool makesRunLoopSources = true;
 };
 CoreFoundation& coreFoundation();
 
-// What has an owner still, by kind, in order. Empty at the end of every test.
+// The kinds of all objects that still have an owner, sorted. Empty at the end of every test.
 std::multiset<std::string> livingObjects();
 
-// Takes the last owner from every object of this kind.
+// Releases every object of this kind completely.
 void releaseAll(const std::string& kind);
 
 } // namespace glidemap::doubles

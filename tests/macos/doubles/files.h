@@ -1,4 +1,4 @@
-// What a test tells the doubles of Foundation about the program's bundle and the user's folders.
+// Controls the fake bundle and the fake user folders.
 #pragma once
 
 #include <optional>
@@ -16,10 +16,10 @@ struct Files {
     std::optional<std::string> program;          // its path
 };
 
-// Reset by every test's set-up.
+// The fixture's set-up resets it.
 Files& files();
 
-// Makes the shared objects go.
+// Destroys the shared objects.
 void closeFiles();
 
 } // namespace glidemap::doubles

@@ -1,4 +1,4 @@
-// Objective-C's objects as the doubles have them, for tests that are written in C++.
+// Inspects Objective-C objects from tests in C++.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace glidemap::doubles {
 
-// Keeps what is given to the pool until it goes, as the main loop's does in the program.
+// An autorelease pool during its life, like that of the main loop.
 class Pool {
 public:
     Pool();
@@ -19,10 +19,10 @@ private:
     void* pool;
 };
 
-// How many instances of a class have an owner.
+// The number of instances of a class that still have an owner.
 std::size_t livingInstances(const std::string& className);
 
-// The class of each object that has an owner, in order.
+// The classes of all objects that still have an owner, sorted.
 std::multiset<std::string> livingCocoaObjects();
 
 } // namespace glidemap::doubles

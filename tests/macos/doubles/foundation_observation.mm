@@ -83,7 +83,7 @@ struct DoubleOfRegistrations {
                              queue:(NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification*))block {
     EXPECT_EQ(obj, nil);
-    EXPECT_EQ(queue, static_cast<NSOperationQueue*>(nil)) << "the double knows no queues";
+    EXPECT_EQ(queue, static_cast<NSOperationQueue*>(nil)) << "the fake supports no queues";
     NSObject* const observer = [[[NSObject alloc] init] autorelease];
     registrations->all.push_back({[observer retain], [name retain], Block_copy(block)});
     return observer;
@@ -107,7 +107,7 @@ namespace {
 
 struct Observation {
     NSObject* observed;
-    NSObject* observer; // not owned, as in the system
+    NSObject* observer; // not retained, as in the system
     NSString* key;
     NSKeyValueObservingOptions options;
     void* context;
@@ -142,7 +142,7 @@ std::size_t forgetObservations() {
     (void)object;
     (void)change;
     (void)context;
-    ADD_FAILURE() << "nobody takes a change of " << [keyPath UTF8String];
+    ADD_FAILURE() << "no observer handles a change of " << [keyPath UTF8String];
 }
 @end
 
@@ -172,7 +172,7 @@ std::size_t forgetObservations() {
 
 @implementation NSObject (NSKeyValueObserverNotification)
 - (void)willChangeValueForKey:(NSString*)key {
-    (void)key; // nobody here asks for the value before
+    (void)key; // no observer requests the old value
 }
 - (void)didChangeValueForKey:(NSString*)key {
     const auto told = observations;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-// A text that is made while the program runs.
+// A text that is created at run time.
 @interface DoubleOfString : NSString {
     char* bytes;
     NSUInteger size;
@@ -35,7 +35,7 @@
 
 namespace {
 
-// As far as the tests go: a byte that begins no character.
+// Checks as much as the tests need: a byte that cannot start a character.
 bool isUTF8(const std::string& text) {
     return text.find('\xff') == std::string::npos;
 }
@@ -89,7 +89,7 @@ NSString* stringOf(const std::string& text) {
 - (instancetype)initWithBytes:(const void*)data
                        length:(NSUInteger)len
                      encoding:(NSStringEncoding)encoding {
-    [self release]; // what makes a text answers an object of another class
+    [self release]; // the initializer returns an object of another class
     const std::string text(static_cast<const char*>(data), len);
     if (encoding != NSUTF8StringEncoding || !isUTF8(text)) {
         return nil;
@@ -183,7 +183,7 @@ NSString* stringOf(const std::string& text) {
 + (instancetype)URLWithString:(NSString*)URLString {
     const std::string given = [URLString UTF8String];
     if (given.find('[') != std::string::npos && given.find(']') == std::string::npos) {
-        return nil; // an address that does not end
+        return nil; // the address list does not end
     }
     NSURL* made = [[[self alloc] init] autorelease];
     made->text = [URLString retain];

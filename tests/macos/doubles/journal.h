@@ -1,4 +1,4 @@
-// What the system was asked for, in order, as lines of text.
+// Records the calls to the system, in order, as lines of text.
 //
 // Thread:  any.
 #pragma once
@@ -10,7 +10,7 @@ namespace glidemap::doubles {
 
 void note(std::string line);
 
-// All lines so far; the journal is empty after it.
+// Returns all lines and clears the journal.
 std::vector<std::string> takeJournal();
 
 } // namespace glidemap::doubles

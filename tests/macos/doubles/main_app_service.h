@@ -1,4 +1,4 @@
-// What a test tells the double of the service management to answer.
+// Controls the fake of the service management framework.
 #pragma once
 
 #include <optional>
@@ -7,15 +7,15 @@
 namespace glidemap::doubles {
 
 struct MainAppService {
-    long status = 0; // by the system's numbers
+    long status = 0; // the system's constant
     bool refuses = false;
-    std::optional<std::string> reason; // why it refuses, in the system's words
+    std::optional<std::string> reason; // the system's text of a refusal
 };
 
-// Reset by every test's set-up.
+// The fixture's set-up resets it.
 MainAppService& mainAppService();
 
-// Makes the service object go.
+// Destroys the service object.
 void closeMainAppService();
 
 } // namespace glidemap::doubles

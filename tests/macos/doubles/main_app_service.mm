@@ -23,7 +23,7 @@ NSError* errorOf(const std::string& reason) {
                                                                 forKey:NSLocalizedDescriptionKey]];
 }
 
-// The error is for the caller to look at on a refusal only.
+// The caller may read the error only after a refusal.
 BOOL answer(NSError** error) {
     const MainAppService& settings = mainAppService();
     if (settings.reason && error != nullptr) {

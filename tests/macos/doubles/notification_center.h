@@ -1,4 +1,4 @@
-// A centre of notices that keeps the journal.
+// A notification center that keeps the journal.
 #pragma once
 
 #include <Foundation/Foundation.h>

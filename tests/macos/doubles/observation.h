@@ -1,12 +1,12 @@
-// Who observes values under a key.
+// Key-value observers.
 #pragma once
 
 #include <cstddef>
 
 namespace glidemap::doubles {
 
-// How many observers were not removed, as far as the system tells. Where the doubles know them, none
-// is known any more.
+// Returns how many observers were not removed, as far as the system reports them, and removes them
+// from the fakes.
 std::size_t forgetObservations();
 
 } // namespace glidemap::doubles

@@ -41,7 +41,7 @@ CFTypeRef handOutPreference(const Preference& value) {
     return handOut(new Number);
 }
 
-// The system's own two truths are never released, whoever copies them.
+// The system's two boolean constants are never released, even after a copy.
 struct Truth : Object {
     explicit Truth(bool given) : Object("CFBoolean"), value(given) {}
 
@@ -91,7 +91,7 @@ CFStringRef CFStringCreateWithBytes(CFAllocatorRef /*allocator*/, const UInt8* b
         std::string(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(numBytes))));
 }
 
-// In units of UTF-16, which are never more than the bytes.
+// In UTF-16 units, of which a text never has more than bytes.
 CFIndex CFStringGetLength(CFStringRef theString) {
     return static_cast<CFIndex>(textIn(theString).size());
 }

@@ -1,4 +1,4 @@
-// The system's preferences as the doubles have them.
+// The fake of the system's preferences.
 #pragma once
 
 #include <map>
@@ -8,11 +8,11 @@
 
 namespace glidemap::doubles {
 
-// A number stands for all kinds that are neither text nor truth.
+// A number represents all types other than text and boolean.
 using Preference = std::variant<std::string, bool, double>;
 
 struct Preferences {
-    std::map<std::string, Preference> stored; // by this application
+    std::map<std::string, Preference> stored; // for this application
     bool makesTexts = true;
 };
 Preferences& preferences();

@@ -1,5 +1,5 @@
-// What a test tells the doubles of Core Graphics and of the accessibility services to answer, and
-// the session's events as it plays them.
+// Controls the fakes of Core Graphics and of the accessibility services, and plays the session's
+// events.
 #pragma once
 
 #include <ApplicationServices/ApplicationServices.h>
@@ -11,20 +11,20 @@ namespace glidemap::doubles {
 struct Quartz {
     bool makesEventSources = true;
     int eventsThatCanBeMade = 1'000'000;
-    bool permits = true; // the user has let the program in
+    bool permits = true; // the user has granted access
 };
 
-// Reset by every test's set-up.
+// The fixture's set-up resets it.
 Quartz& quartz();
 
-// What the one event tap there is makes of a mouse event; what the test owns is released by it.
+// The result of the event tap for a mouse event; releases the objects that the caller owns.
 enum class Passage { passed, dropped, replaced };
 Passage play(CGEventType type, std::int64_t button);
 
-// The same of a notice, which comes without an event.
+// The result for a notification, which comes without an event.
 Passage playNotice(CGEventType type);
 
-// The callback itself, with whatever user data the test likes.
+// Calls the callback with the given user data.
 Passage playTo(void* userInfo, CGEventType type, std::int64_t button);
 
 } // namespace glidemap::doubles

@@ -1,5 +1,5 @@
-// How a port is heard in a run loop. On a Mac these stand before Core Foundation's own, because the
-// port is a double.
+// Ports in a run loop. On a Mac these functions replace Core Foundation's own, because the port is
+// a fake.
 #include "doubles/core_foundation_objects.h"
 #include "doubles/journal.h"
 
@@ -14,7 +14,7 @@ CoreFoundation& coreFoundation() {
 
 namespace {
 
-// A port keeps its source, and the source its port, until the port is invalidated.
+// A port and its source retain each other until the port is invalidated.
 std::map<CFMachPortRef, CFRunLoopSourceRef> sources;
 
 CFRunLoopSourceRef tied(CFMachPortRef port, CFRunLoopSourceRef source) {
@@ -48,7 +48,7 @@ void CFMachPortInvalidate(CFMachPortRef port) {
 
 void CFRunLoopAddSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {
     note("CFRunLoopAddSource " + nameOf(rl) + " " + objectOf(source)->kind + " " + nameOf(mode));
-    CFRetain(source); // as long as it is in the loop
+    CFRetain(source); // while it is in the loop
 }
 
 void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {

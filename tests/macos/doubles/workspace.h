@@ -1,4 +1,4 @@
-// What a test tells the doubles of the workspace to answer, and what the user does.
+// Controls the fake workspace, and plays the user's actions.
 #pragma once
 
 #include <functional>
@@ -22,24 +22,24 @@ struct Workspace {
     bool exists = true;
     std::optional<RunningApplication> frontmost;
     std::vector<RunningApplication> running;
-    std::map<std::string, std::string> installed; // identifiers, with where the application is
+    std::map<std::string, std::string> installed; // identifiers and locations of applications
     bool reducesMotion = false;
     std::function<void()> atRemoval; // just before an observer is removed
 };
 
-// Reset by every test's set-up.
+// The fixture's set-up resets it.
 Workspace& workspace();
 
-// Makes the shared workspace go, with its centre of notices.
+// Destroys the shared workspace and its notification center.
 void closeWorkspace();
 
-// The user goes to an application, or to one of which nothing is told, and the notice comes.
+// Activates an application, or one without properties, and posts the notification.
 void activate(std::optional<RunningApplication> application);
 
-// The application ends, and the notice comes. Which one is frontmost then is the test's to say.
+// Ends the application and posts the notification. The test sets the frontmost application itself.
 void end(const RunningApplication& application);
 
-// A notice of an activation that says nothing about it.
+// Posts an activation without its application.
 void noticeAnActivationOnly();
 
 void setReducesMotion(bool reduces);

@@ -18,7 +18,7 @@ constexpr std::uint16_t returnKey = 36;
 
 constexpr std::uint64_t shift = 0x20000;
 constexpr std::uint64_t capsLock = 0x10000;
-constexpr std::uint64_t leftShiftKey = 0x2; // which of the two keys it is: the device's own
+constexpr std::uint64_t leftShiftKey = 0x2; // the device-dependent flag of the left key
 
 constexpr bool repeats = true;
 
@@ -39,42 +39,42 @@ protected:
     std::vector<KeyPresses::Press> told;
 };
 
-TEST_F(LocalKeyMonitorTest, IsForKeyPressesAlone) {
+TEST_F(LocalKeyMonitorTest, MonitorsOnlyKeyPresses) {
     start();
     EXPECT_THAT(journal(), ElementsAre("addLocalMonitor 0x400"));
     monitor->stop();
     EXPECT_THAT(journal(), ElementsAre("removeMonitor"));
 }
 
-TEST_F(LocalKeyMonitorTest, TellsTheKeyCodeAndTheFlagsThatNoDeviceHasOfItsOwn) {
+TEST_F(LocalKeyMonitorTest, ReportsTheKeyCodeAndTheDeviceIndependentFlags) {
     start();
     EXPECT_EQ(play({letterA, shift | capsLock | leftShiftKey}), Receiver::monitor);
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, shift | capsLock}));
 }
 
-TEST_F(LocalKeyMonitorTest, TakesEveryPressUntilItIsStopped) {
+TEST_F(LocalKeyMonitorTest, TakesEveryPressUntilStop) {
     start();
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_EQ(play({letterB}), Receiver::monitor);
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, SwallowsRepetitionsAndTellsNothing) {
+TEST_F(LocalKeyMonitorTest, SwallowsRepeatsAndDoesNotReportThem) {
     start();
-    EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor); // held since before
+    EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor); // pressed before the start
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_EQ(play({letterA, 0, repeats}), Receiver::monitor);
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, StopsWithinItsHandler) {
+TEST_F(LocalKeyMonitorTest, CallbackMayStopIt) {
     startOnce();
     EXPECT_EQ(play({returnKey}), Receiver::monitor);
     EXPECT_EQ(play({letterA}), Receiver::windows);
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{returnKey, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, SwallowsTheRepetitionsOfATakenPressAfterItHasStopped) {
+TEST_F(LocalKeyMonitorTest, SwallowsTheRepeatsOfATakenPressAfterStop) {
     startOnce();
     play({returnKey});
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor);
@@ -83,7 +83,7 @@ TEST_F(LocalKeyMonitorTest, SwallowsTheRepetitionsOfATakenPressAfterItHasStopped
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{returnKey, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, GoesWithTheNextPressThatIsNotItsOwn) {
+TEST_F(LocalKeyMonitorTest, NextPressAfterStopRemovesTheMonitor) {
     for (const std::uint16_t next : {letterA, returnKey}) {
         startOnce();
         play({returnKey});
@@ -94,7 +94,7 @@ TEST_F(LocalKeyMonitorTest, GoesWithTheNextPressThatIsNotItsOwn) {
     }
 }
 
-TEST_F(LocalKeyMonitorTest, GoesAtOnceWhenItIsStoppedWithoutAPress) {
+TEST_F(LocalKeyMonitorTest, StopWithoutAPressRemovesTheMonitorAtOnce) {
     start();
     play({returnKey, 0, repeats});
     monitor->stop();
@@ -103,7 +103,7 @@ TEST_F(LocalKeyMonitorTest, GoesAtOnceWhenItIsStoppedWithoutAPress) {
     EXPECT_THAT(told, IsEmpty());
 }
 
-TEST_F(LocalKeyMonitorTest, LeavesTheRestOfAPressAloneWhenItIsAbandoned) {
+TEST_F(LocalKeyMonitorTest, AbandonPassesTheRestOfAPress) {
     startOnce();
     play({returnKey});
     monitor->abandon();
@@ -111,7 +111,7 @@ TEST_F(LocalKeyMonitorTest, LeavesTheRestOfAPressAloneWhenItIsAbandoned) {
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::windows);
 }
 
-TEST_F(LocalKeyMonitorTest, IsRemovedOnce) {
+TEST_F(LocalKeyMonitorTest, MonitorIsRemovedOnce) {
     start();
     monitor->stop();
     monitor->stop();
@@ -120,7 +120,7 @@ TEST_F(LocalKeyMonitorTest, IsRemovedOnce) {
     EXPECT_THAT(journal(), ElementsAre("addLocalMonitor 0x400", "removeMonitor"));
 }
 
-TEST_F(LocalKeyMonitorTest, IsInstalledOnceHoweverOftenItIsStarted) {
+TEST_F(LocalKeyMonitorTest, RepeatedStartsInstallOneMonitor) {
     start();
     startOnce();
     play({letterA});
@@ -130,18 +130,18 @@ TEST_F(LocalKeyMonitorTest, IsInstalledOnceHoweverOftenItIsStarted) {
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, TheSystemCallsNoMoreOnceItHasGone) {
+TEST_F(LocalKeyMonitorTest, SystemCallsNothingAfterDestruction) {
     startOnce();
     play({returnKey});
     monitor.reset();
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::windows);
 }
 
-TEST_F(LocalKeyMonitorTest, MayBeDestroyedByItsHandler) {
+TEST_F(LocalKeyMonitorTest, CallbackMayDestroyIt) {
     const auto destroyed = std::make_shared<int>();
     monitor->start([this, destroyed](const KeyPresses::Press& press) {
         monitor.reset();
-        told.push_back(press); // what the handler has captured is there still
+        told.push_back(press); // the callback's captures are still valid
     });
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}));
@@ -149,7 +149,7 @@ TEST_F(LocalKeyMonitorTest, MayBeDestroyedByItsHandler) {
     EXPECT_EQ(destroyed.use_count(), 1);
 }
 
-TEST_F(LocalKeyMonitorTest, TakesNothingWhereTheSystemGivesNone) {
+TEST_F(LocalKeyMonitorTest, TakesNothingIfTheSystemCreatesNoMonitor) {
     doubles::appKit().givesEventMonitors = false;
     start();
     EXPECT_EQ(play({letterA}), Receiver::windows);

@@ -15,7 +15,7 @@ protected:
     QuartzKeyEventPoster poster;
 };
 
-TEST_F(QuartzKeyEventPosterTest, postsDownThenUpWithExactlyTheirFlags) {
+TEST_F(QuartzKeyEventPosterTest, PostsPressAndReleaseWithExactlyTheirFlags) {
     poster.post(lockShortcut);
     EXPECT_THAT(journal(), ElementsAre("CGEventSourceCreate 1",                     //
                                        "CGEventCreateKeyboardEvent source 12 down", //
@@ -26,13 +26,13 @@ TEST_F(QuartzKeyEventPosterTest, postsDownThenUpWithExactlyTheirFlags) {
                                        "CGEventPost 0 key 12 up"));
 }
 
-TEST_F(QuartzKeyEventPosterTest, postsNothingWithoutASource) {
+TEST_F(QuartzKeyEventPosterTest, PostsNothingWithoutASource) {
     doubles::quartz().makesEventSources = false;
     poster.post(lockShortcut);
     EXPECT_THAT(journal(), ElementsAre("CGEventSourceCreate 1"));
 }
 
-TEST_F(QuartzKeyEventPosterTest, postsNothingIfEitherEventIsMissing) {
+TEST_F(QuartzKeyEventPosterTest, PostsNothingIfEitherEventIsMissing) {
     for (const int made : {0, 1}) {
         doubles::quartz().eventsThatCanBeMade = made;
         poster.post(lockShortcut);

@@ -9,15 +9,15 @@ using testing::IsEmpty;
 
 class LoginFrameworkLockTest : public MacosTest {};
 
-TEST_F(LoginFrameworkLockTest, IsInTheSystemsPrivateFramework) {
+TEST_F(LoginFrameworkLockTest, UsesTheSystemsPrivateFramework) {
     EXPECT_STREQ(LoginFrameworkLock::systemsFramework,
                  "/System/Library/PrivateFrameworks/login.framework/login");
 }
 
-TEST_F(LoginFrameworkLockTest, CallsTheFunctionAndNothingElse) {
+TEST_F(LoginFrameworkLockTest, CallsOnlyTheLockFunction) {
     LoginFrameworkLock lock(FRAMEWORKS "/liblogin.so");
     ASSERT_TRUE(lock.find());
-    lock.lock([] { FAIL() << "it never refuses"; });
+    lock.lock([] { FAIL() << "the function never fails"; });
     lock.lock({});
     EXPECT_THAT(journal(), ElementsAre("SACLockScreenImmediate", "SACLockScreenImmediate"));
 }

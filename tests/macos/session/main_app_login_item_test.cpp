@@ -14,7 +14,7 @@ protected:
     MainAppLoginItem item;
 };
 
-TEST_F(MainAppLoginItemTest, TellsTheServicesStatus) {
+TEST_F(MainAppLoginItemTest, ReturnsTheServicesStatus) {
     struct Row {
         long status;
         Status told;
@@ -32,7 +32,7 @@ TEST_F(MainAppLoginItemTest, TellsTheServicesStatus) {
     }
 }
 
-TEST_F(MainAppLoginItemTest, CountsAsNotRegisteredByAStatusThatIsNotKnown) {
+TEST_F(MainAppLoginItemTest, UnknownStatusCountsAsNotRegistered) {
     for (const long status : {-1L, 4L, 257L}) {
         mainAppService().status = status;
         EXPECT_EQ(item.status(), Status::notRegistered) << status;
@@ -49,19 +49,19 @@ TEST_F(MainAppLoginItemTest, UnregistersTheProgram) {
     EXPECT_THAT(journal(), ElementsAre("mainAppService", "unregisterAndReturnError"));
 }
 
-TEST_F(MainAppLoginItemTest, GivesTheSystemsReasonForARefusal) {
+TEST_F(MainAppLoginItemTest, RefusalReturnsTheSystemsText) {
     mainAppService() = {.refuses = true, .reason = "操作未被允许"};
     EXPECT_EQ(item.registerItem(), "操作未被允许");
     EXPECT_EQ(item.unregisterItem(), "操作未被允许");
 }
 
-TEST_F(MainAppLoginItemTest, IsRefusedWithoutAReason) {
+TEST_F(MainAppLoginItemTest, RefusalMayComeWithoutAText) {
     mainAppService() = {.refuses = true, .reason = std::nullopt};
     EXPECT_EQ(item.registerItem(), "");
     EXPECT_EQ(item.unregisterItem(), "");
 }
 
-TEST_F(MainAppLoginItemTest, SucceedsWhateverTheErrorSays) {
+TEST_F(MainAppLoginItemTest, SuccessIgnoresTheErrorObject) {
     mainAppService() = {.refuses = false, .reason = "left over"};
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(item.unregisterItem(), std::nullopt);

@@ -8,12 +8,12 @@ using testing::ElementsAre;
 
 class AccessoryTest : public MacosTest {};
 
-TEST_F(AccessoryTest, HasNoPlaceInTheDock) {
+TEST_F(AccessoryTest, HasNoDockIcon) {
     becomeAccessory();
     EXPECT_THAT(journal(), ElementsAre("setActivationPolicy 1"));
 }
 
-TEST_F(AccessoryTest, ComesBeforeWhateverIsInFront) {
+TEST_F(AccessoryTest, ActivatesAboveOtherApplications) {
     comeForward();
     EXPECT_THAT(journal(), ElementsAre("activateIgnoringOtherApps YES"));
 }

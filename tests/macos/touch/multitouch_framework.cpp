@@ -1,5 +1,5 @@
-// Stands in for the trackpad framework: its list is one of Core Foundation's arrays, with a hole in
-// it, and every call is noted.
+// A fake of the trackpad framework: its list is a Core Foundation array with a null element, and it
+// records every call.
 #include "input/touch_driver.h"
 
 #include <cstdint>
@@ -10,7 +10,7 @@ extern "C" {
 
 #define EXPORTED __attribute__((visibility("default")))
 
-// The test program's.
+// The test program exports it.
 void noteInJournal(const char* line);
 const void* trackpadList();
 

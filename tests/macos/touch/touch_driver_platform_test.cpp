@@ -10,7 +10,7 @@ std::optional<std::vector<const void*>> trackpads;
 
 } // namespace
 
-// What the framework answers: an array that the caller owns, or null.
+// The framework's list: an array that the caller owns, or null.
 extern "C" __attribute__((visibility("default"))) const void* trackpadList();
 const void* trackpadList() {
     return trackpads ? glidemap::doubles::handOutArray(*trackpads) : nullptr;
@@ -37,7 +37,7 @@ protected:
     TouchDriverPlatformTest() { trackpads = {&first, nullptr, &second}; }
 
     ~TouchDriverPlatformTest() override {
-        // The manager keeps its list for the rest of the program.
+        // The manager keeps its list until the program exits.
         doubles::releaseAll("CFArray");
     }
 
@@ -48,12 +48,12 @@ protected:
     }
 };
 
-TEST_F(TouchDriverPlatformTest, IsTheSystemsPrivateFramework) {
+TEST_F(TouchDriverPlatformTest, UsesTheSystemsPrivateFramework) {
     EXPECT_EQ(touchDriverPlatform().libraryPath,
               "/System/Library/PrivateFrameworks/MultitouchSupport.framework/MultitouchSupport");
 }
 
-TEST_F(TouchDriverPlatformTest, StartsEveryDeviceOfTheArrayInItsOrder) {
+TEST_F(TouchDriverPlatformTest, StartsEveryDeviceOfTheArrayInOrder) {
     MultitouchDeviceManager manager(platformAt(complete));
     manager.start();
     EXPECT_THAT(manager.presentDevices(), ElementsAre(&first, &second));
@@ -66,7 +66,7 @@ TEST_F(TouchDriverPlatformTest, StartsEveryDeviceOfTheArrayInItsOrder) {
                                        "MTDeviceStop", "MTUnregisterContactFrameCallback"));
 }
 
-TEST_F(TouchDriverPlatformTest, KeepsTheArrayForTheRestOfTheProgram) {
+TEST_F(TouchDriverPlatformTest, KeepsTheArrayUntilTheProgramExits) {
     {
         MultitouchDeviceManager manager(platformAt(complete));
         manager.start();
@@ -83,7 +83,7 @@ TEST_F(TouchDriverPlatformTest, HasNoDeviceWithoutAnArray) {
     EXPECT_FALSE(manager.isRunning());
 }
 
-TEST_F(TouchDriverPlatformTest, HasNoDeviceInAnArrayOfHoles) {
+TEST_F(TouchDriverPlatformTest, HasNoDeviceInAnArrayOfNulls) {
     trackpads = {nullptr, nullptr};
     MultitouchDeviceManager manager(platformAt(complete));
     manager.start();
@@ -91,7 +91,7 @@ TEST_F(TouchDriverPlatformTest, HasNoDeviceInAnArrayOfHoles) {
     EXPECT_THAT(journal(), ElementsAre("MTDeviceCreateList"));
 }
 
-TEST_F(TouchDriverPlatformTest, StopsWithoutTheTwoFunctionsForThat) {
+TEST_F(TouchDriverPlatformTest, StopWorksWithoutTheOptionalFunctions) {
     MultitouchDeviceManager manager(platformAt(FRAMEWORKS "/libmultitouch-without-stop-side.so"));
     manager.start();
     journal();
@@ -100,14 +100,14 @@ TEST_F(TouchDriverPlatformTest, StopsWithoutTheTwoFunctionsForThat) {
     EXPECT_FALSE(manager.isRunning());
 }
 
-TEST_F(TouchDriverPlatformTest, DoesNothingWithoutAFunctionThatItNeeds) {
+TEST_F(TouchDriverPlatformTest, DoesNothingWithoutARequiredFunction) {
     MultitouchDeviceManager manager(platformAt(FRAMEWORKS "/libmultitouch-without-start.so"));
     EXPECT_THAT(manager.loadError(), Optional(std::string("MultitouchSupport 符号解析失败")));
     manager.start();
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(TouchDriverPlatformTest, SaysWhyTheFrameworkCannotBeLoaded) {
+TEST_F(TouchDriverPlatformTest, ReportsWhyTheFrameworkCannotBeLoaded) {
     MultitouchDeviceManager manager(platformAt("/nowhere/MultitouchSupport"));
     EXPECT_THAT(manager.loadError(),
                 Optional(AllOf(StartsWith("无法加载 MultitouchSupport.framework: "),

@@ -18,7 +18,7 @@ const RunningApplication draw{"com.example.draw", "画图"};
 
 class FrontmostApplicationTest : public CocoaTest {};
 
-TEST_F(FrontmostApplicationTest, ListensBeforeItAsksOnce) {
+TEST_F(FrontmostApplicationTest, ObservesBeforeItReadsOnce) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
@@ -28,7 +28,7 @@ TEST_F(FrontmostApplicationTest, ListensBeforeItAsksOnce) {
                             "frontmostApplication"));
 }
 
-TEST_F(FrontmostApplicationTest, TakesEachOtherOneFromTheNotice) {
+TEST_F(FrontmostApplicationTest, FollowsEachActivation) {
     const FrontmostApplication frontmost;
     EXPECT_EQ(frontmost.current(), Application());
     journal();
@@ -38,10 +38,10 @@ TEST_F(FrontmostApplicationTest, TakesEachOtherOneFromTheNotice) {
     EXPECT_EQ(frontmost.current(), (Application{"com.example.draw", "画图"}));
     activate(notes);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
-    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not asked again";
+    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried again";
 }
 
-TEST_F(FrontmostApplicationTest, TellsWhatTheSystemTellsAndNoMore) {
+TEST_F(FrontmostApplicationTest, ReturnsOnlyTheKnownProperties) {
     const FrontmostApplication frontmost;
     activate(RunningApplication{"com.example.nameless", std::nullopt});
     EXPECT_EQ(frontmost.current(), (Application{"com.example.nameless", std::nullopt}));
@@ -51,14 +51,14 @@ TEST_F(FrontmostApplicationTest, TellsWhatTheSystemTellsAndNoMore) {
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, KnowsNothingAfterANoticeThatSaysNothing) {
+TEST_F(FrontmostApplicationTest, ActivationWithoutAnApplicationReturnsNothing) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     doubles::noticeAnActivationOnly();
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, IsNoneOnceItHasEndedAndNoOtherHasComeForward) {
+TEST_F(FrontmostApplicationTest, TerminationWithoutAnotherActivationReturnsNothing) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::workspace().frontmost.reset();
@@ -66,7 +66,7 @@ TEST_F(FrontmostApplicationTest, IsNoneOnceItHasEndedAndNoOtherHasComeForward) {
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, IsNoneOnceItHasEndedAlthoughTheWorkspaceStillNamesIt) {
+TEST_F(FrontmostApplicationTest, TerminatedApplicationIsDroppedEvenIfTheWorkspaceStillReportsIt) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::workspace().frontmost->hasEnded = true;
@@ -74,7 +74,7 @@ TEST_F(FrontmostApplicationTest, IsNoneOnceItHasEndedAlthoughTheWorkspaceStillNa
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, IsTheOneThatIsInFrontAfterTheEnd) {
+TEST_F(FrontmostApplicationTest, TerminationReturnsTheNextFrontmostApplication) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::workspace().frontmost = draw;
@@ -82,23 +82,23 @@ TEST_F(FrontmostApplicationTest, IsTheOneThatIsInFrontAfterTheEnd) {
     EXPECT_EQ(frontmost.current(), (Application{"com.example.draw", "画图"}));
 }
 
-TEST_F(FrontmostApplicationTest, StaysWhenAnotherOneEnds) {
+TEST_F(FrontmostApplicationTest, TerminationOfAnotherApplicationChangesNothing) {
     const FrontmostApplication frontmost;
     activate(notes);
     journal();
     doubles::end(draw);
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
-    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not asked";
+    EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried";
 }
 
-TEST_F(FrontmostApplicationTest, StaysWhenASecondProcessOfItEnds) {
+TEST_F(FrontmostApplicationTest, TerminationOfASecondProcessChangesNothing) {
     const FrontmostApplication frontmost;
     activate(notes);
-    doubles::end(notes); // while the workspace names the first one, which runs
+    doubles::end(notes); // the workspace reports the first process, which runs
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
-TEST_F(FrontmostApplicationTest, HearsNoOtherNotice) {
+TEST_F(FrontmostApplicationTest, IgnoresOtherNotifications) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     doubles::workspace().frontmost = draw;
@@ -106,7 +106,7 @@ TEST_F(FrontmostApplicationTest, HearsNoOtherNotice) {
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
-TEST_F(FrontmostApplicationTest, IsToldNothingOnceItHasGone) {
+TEST_F(FrontmostApplicationTest, ReceivesNothingAfterDestruction) {
     auto frontmost = std::make_unique<FrontmostApplication>();
     journal();
     frontmost.reset();
@@ -115,7 +115,7 @@ TEST_F(FrontmostApplicationTest, IsToldNothingOnceItHasGone) {
     EXPECT_THAT(journal(), ElementsAre("removeObserver", "removeObserver"));
 }
 
-TEST_F(FrontmostApplicationTest, IsWholeWhileTheLastNoticeComes) {
+TEST_F(FrontmostApplicationTest, StaysValidDuringTheLastNotification) {
     auto frontmost = std::make_unique<FrontmostApplication>();
     Application last;
     FrontmostApplication* const going = frontmost.get();
@@ -127,8 +127,8 @@ TEST_F(FrontmostApplicationTest, IsWholeWhileTheLastNoticeComes) {
     EXPECT_EQ(last, (Application{"com.example.notes", "Notes"}));
 }
 
-// Each reading is of one application, never of two halves.
-TEST_F(FrontmostApplicationTest, IsReadOnAnyThreadWhileNoticesCome) {
+// Each read returns one complete application.
+TEST_F(FrontmostApplicationTest, OtherThreadsReadItDuringNotifications) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     std::atomic<int> readings = 0;

@@ -37,7 +37,7 @@ TEST_F(MacosWorkspaceTest, ListsTheApplicationsOfTheDockInTheSystemsOrder) {
     EXPECT_THAT(journal(), ElementsAre("runningApplications"));
 }
 
-TEST_F(MacosWorkspaceTest, ListsOnlyWhatHasBothAnIdentifierAndAName) {
+TEST_F(MacosWorkspaceTest, ListsOnlyApplicationsWithAnIdentifierAndAName) {
     doubles::workspace().running = {
         {std::nullopt, "Script"},
         {"com.example.nameless", std::nullopt},
@@ -57,14 +57,14 @@ TEST_F(MacosWorkspaceTest, FindsAnApplicationByItsIdentifier) {
                                        "URLForApplicationWithBundleIdentifier com.example.gone"));
 }
 
-TEST_F(MacosWorkspaceTest, AsksNothingAboutWhatIsNoText) {
+TEST_F(MacosWorkspaceTest, DoesNotLookUpInvalidText) {
     EXPECT_EQ(workspace->urlForApplication(notUTF8), std::nullopt);
     workspace->openApplication(notUTF8);
     workspace->openURL(notUTF8);
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(MacosWorkspaceTest, OpensAnApplicationWithADefaultConfigurationAndNoHandler) {
+TEST_F(MacosWorkspaceTest, OpensAnApplicationWithTheDefaultConfigurationAndNoHandler) {
     workspace->openApplication("file:///Applications/My%20Notes.app/");
     EXPECT_THAT(journal(), ElementsAre("openApplicationAtURL file:///Applications/My%20Notes.app/ "
                                        "configuration no handler"));
@@ -89,13 +89,13 @@ TEST_F(MacosWorkspaceTest, OpensTheAccessibilityPageOfThePrivacySettings) {
                                        "security?Privacy_Accessibility"));
 }
 
-TEST_F(MacosWorkspaceTest, OpensNothingThatIsNoURL) {
+TEST_F(MacosWorkspaceTest, DoesNotOpenAnInvalidURL) {
     workspace->openApplication(noURL);
     workspace->openURL(noURL);
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(MacosWorkspaceTest, TellsWhichApplicationIsFrontmost) {
+TEST_F(MacosWorkspaceTest, ReturnsTheFrontmostApplication) {
     doubles::activate(doubles::RunningApplication{"com.example.notes", "Notes"});
     EXPECT_EQ(workspace->frontmostApplication(), (Application{"com.example.notes", "Notes"}));
 }
@@ -105,7 +105,7 @@ protected:
     NoWorkspaceTest() { doubles::workspace().exists = false; }
 };
 
-TEST_F(NoWorkspaceTest, KnowsNothingAndOpensNothing) {
+TEST_F(NoWorkspaceTest, ReturnsNothingAndOpensNothing) {
     MacosWorkspace workspace;
     EXPECT_EQ(workspace.frontmostApplication(), Application());
     EXPECT_THAT(workspace.runningApplications(), IsEmpty());

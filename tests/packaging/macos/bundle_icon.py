@@ -1,4 +1,4 @@
-"""bundle_icon FILE SCRIPT: the icon that is kept has every size, each as large as it claims, and was made of the drawings that there are, by this SCRIPT."""
+"""bundle_icon FILE SCRIPT: checks that the stored icon has all sizes, and that SCRIPT created it from the current drawings."""
 
 import struct
 import subprocess
@@ -7,14 +7,14 @@ import tempfile
 from pathlib import Path
 
 file, script = map(Path, sys.argv[1:])
-PLAIN = {b"is32": 16, b"il32": 32}  # colours, packed; each with a mask of a byte for a pixel
+PLAIN = {b"is32": 16, b"il32": 32}  # run-length encoded colours; each has a mask with one byte per pixel
 MASKS = {b"s8mk": 16, b"l8mk": 32}
 PNG = {b"ic11": 32, b"ic12": 64, b"ic07": 128, b"ic13": 256, b"ic08": 256, b"ic14": 512, b"ic09": 512, b"ic10": 1024}
 
 
 def entries(data):
     kind, length = struct.unpack(">4sI", data[:8])
-    assert kind == b"icns" and length == len(data), "the head tells another length"
+    assert kind == b"icns" and length == len(data), "the header has another length"
     at = 8
     while at < len(data):
         kind, length = struct.unpack(">4sI", data[at : at + 8])
@@ -24,7 +24,7 @@ def entries(data):
 
 
 def unpacked_size(data):
-    # Bytes from 0x80 up repeat the next one, below that they count those that follow as they are.
+    # A byte from 0x80 repeats the next byte; a smaller one counts literal bytes that follow.
     size = at = 0
     while at < len(data):
         repeats = data[at] >= 0x80
@@ -55,4 +55,4 @@ with tempfile.TemporaryDirectory() as folder:
     subprocess.run([script, made], check=True)
     check(made)
     if made.with_suffix(".drawings").read_text() != file.with_suffix(".drawings").read_text():
-        sys.exit(f"{file.name} was made of other drawings than there are now: run scripts/{script.name}")
+        sys.exit(f"{file.name} was created from older drawings: run scripts/{script.name}")

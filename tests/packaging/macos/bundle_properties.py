@@ -1,4 +1,4 @@
-"""bundle_properties FILE VERSION: the bundle's property list, as it is configured, says this and nothing else."""
+"""bundle_properties FILE VERSION: checks that the bundle's configured property list has exactly these keys and values."""
 
 import plistlib
 import sys

@@ -1,6 +1,6 @@
-"""hosted_workflow SOURCES: the workflow for a Mac is well-formed, uses nobody's actions but the host's own checkout, names
-no host, and builds and tests by presets that there are, each of which it has configured before. A preset that is tested
-builds tests, and what no test can start is at least built and run once."""
+"""hosted_workflow SOURCES: checks that the workflow for a Mac is well-formed. It must use no action but the host's own
+checkout, name no host, and use existing presets, each configured first. A preset that is tested must build tests; a program
+that no test can start must be built and run once."""
 
 import json
 import re
@@ -23,7 +23,7 @@ def check(condition, fault):
 
 
 def variables(name):
-    """What a configure preset sets, with what it inherits: its own word is the last."""
+    """The cache variables of a configure preset; its own values override inherited ones."""
     preset = next(preset for preset in presets["configurePresets"] if preset["name"] == name)
     inherited = variables(preset["inherits"]) if "inherits" in preset else {}
     return {**inherited, **preset.get("cacheVariables", {})}
@@ -41,7 +41,7 @@ def check_preset(command, name, configured):
     check(name in known, f"no preset for: {command} {name}")
     if command == "cmake --preset":
         configured.add(name)
-    check(name in configured, f"not configured before: {command} {name}")
+    check(name in configured, f"not configured first: {command} {name}")
     if command == "ctest --preset":
         check(variables(name).get("GLIDEMAP_TESTS", "ON") == "ON", f"builds no tests: {command} {name}")
 
@@ -60,9 +60,9 @@ def check_job(name, job):
     check(done == kinds.keys(), f"{name} does not configure, build and test, or run once")
 
 
-check(workflow["permissions"] == {"contents": "read"}, "it may do more than read")
-check("://" not in text, "it names a host")
-check(workflow["jobs"], "it has no job")
+check(workflow["permissions"] == {"contents": "read"}, "the workflow may do more than read")
+check("://" not in text, "the workflow names a host")
+check(workflow["jobs"], "the workflow has no job")
 for name, job in workflow["jobs"].items():
     check_job(name, job)
 sys.exit("\n".join(faults) if faults else 0)

@@ -1,5 +1,5 @@
-"""signing CMAKE SIGN: the rule that signs a bundle calls the tool for each nested part before the bundle itself, with the
-hardened runtime and a time stamp for a real identity and without them otherwise, and stops at the first refusal."""
+"""signing CMAKE SIGN: checks the rule that signs a bundle. It must sign each nested part before the bundle, use the
+hardened runtime and a timestamp only with a real identity, and stop at the first failure."""
 
 import subprocess
 import sys

@@ -1,9 +1,10 @@
-// Has the system ask the user for access, one question at a time, and tells when it was answered.
+// Asks the user for access through the system's prompt, one prompt at a time, and reports when it
+// closes.
 //
 // Thread:  the main thread; ask() does not wait for the user.
-// Owner:   the program. An answer that comes after it has gone is told to nobody.
-// Errors:  what cannot be asked is not granted, and is an answer, too: hasFailed() says so. Whether
-//          access was granted is for the caller to look at.
+// Owner:   the program. A prompt that closes after the destruction is not reported.
+// Errors:  a prompt that cannot be shown counts as closed without access, and hasFailed() returns
+//          true. The caller checks whether access was granted.
 #pragma once
 
 #include "core/main_queue.h"
@@ -17,26 +18,26 @@ namespace glidemap {
 
 class AccessPrompt {
 public:
-    // The command asks, and ends when the user has answered.
+    // The command shows the prompt and exits when the user has closed it.
     AccessPrompt(std::shared_ptr<MainQueue> queue, std::vector<std::string> askingCommand);
     AccessPrompt(const AccessPrompt&) = delete;
     AccessPrompt& operator=(const AccessPrompt&) = delete;
 
-    // Does nothing while a question is open. It comes after what the main thread is at.
+    // Does nothing while a prompt is open. The prompt opens after the main thread's current task.
     void ask();
 
-    // Questions wait until ready() says that the person can read what they are about.
+    // Delays prompts until ready() reports that the user can read the explanation.
     void waitUntilReady() { isReady = false; }
     void ready();
 
-    // Whether the last question could not be put, because nothing here asks for passwords, or was
-    // answered with something that was not accepted. Not so if the person has dismissed it.
+    // Whether the last prompt failed: no authentication agent is running, or authentication failed.
+    // False if the user dismissed the prompt.
     bool hasFailed() const { return failed; }
 
-    // The program that grants access to whoever starts it as root; empty if none is installed.
+    // The program that grants access when it runs as root; empty if it is not installed.
     std::string grantingProgram() const { return command.empty() ? std::string() : command.back(); }
 
-    // Called on the main thread after each answer, whatever it was.
+    // Called on the main thread after each prompt, whether it succeeded or not.
     std::function<void()> onAnswer;
 
 private:
@@ -49,7 +50,7 @@ private:
     bool isAsking = false;
     bool isReady = true;
     bool failed = false;
-    std::shared_ptr<AccessPrompt*> life; // what an open question holds weakly
+    std::shared_ptr<AccessPrompt*> life; // pending prompts hold it weakly
 };
 
 } // namespace glidemap

@@ -20,10 +20,10 @@ namespace glidemap {
 
 namespace {
 
-// Never looked for on PATH: what runs here asks for root's password.
+// An absolute path instead of a search in PATH, because pkexec asks for root's password.
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-// Signals that this program takes in a way of its own are the child's to have again.
+// Resets the signals that this program handles or blocks to their defaults in the child.
 class SpawnAttributes {
 public:
     SpawnAttributes() {
@@ -62,7 +62,7 @@ pid_t spawn(const std::vector<std::string>& command) {
     return error == 0 ? process : -1;
 }
 
-// The owner could change the rights, so it must be root. Root itself may write everywhere.
+// The owner can change the mode, so the owner must be root. Root itself may write everywhere.
 bool isOnlyRootsItself(const std::filesystem::path& file) {
     struct stat status {};
     return stat(file.c_str(), &status) == 0 && status.st_uid == 0 &&

@@ -1,9 +1,8 @@
-// The system's question whether this program may have access: polkit's, asked by pkexec, which
-// runs the program that grants it.
+// Asks polkit, through pkexec, to run the program that grants access.
 //
-// Thread:  start() on any. It does not wait; a thread of its own does, until the user has answered,
-//          and there it calls `finished`, if there is one.
-// Errors:  silent: what cannot be asked is not granted.
+// Thread:  start() on any thread; it does not wait. A separate thread waits for the user and then
+//          calls `finished`, if set.
+// Errors:  none; a prompt that cannot be shown grants no access.
 #pragma once
 
 #include <filesystem>
@@ -13,21 +12,22 @@
 
 namespace glidemap {
 
-// pkexec with the program that grants access. It is the one of the program's own installation, in
-// ../libexec/glidemap, or of one below /usr. Root must never run a file that this user can write, so an
-// installation in the user's own folders is passed over. Empty if there is no other.
+// The pkexec command with the program that grants access. The program comes from
+// ../libexec/glidemap of this installation, or from one below /usr. Root must never run a file that
+// this user can write, so installations in the user's own folders are skipped. Empty if no program
+// is found.
 std::vector<std::string> grantAccessCommand();
 std::vector<std::string> grantAccessCommand(const std::filesystem::path& program);
 
-// Whether the file, and each folder above it, belongs to root and cannot be written by this user. The
-// path is absolute and has no links.
+// Whether root owns the file and each folder above it, and this user cannot write any of them. The
+// path must be absolute and without symbolic links.
 bool isOnlyRoots(std::filesystem::path file);
 
-// What the command ends with where nobody could be asked, or the answer was not accepted; pkexec's own.
+// pkexec's exit code if no authentication agent is running or authentication failed.
 constexpr int notAsked = 127;
 
-// False if the command could not be started; `finished` is not called then. It gets what the command has ended with, and
-// `notAsked` if a signal has ended it.
+// Returns false if the command cannot be started; `finished` is not called then. `finished`
+// receives the exit code, or `notAsked` if a signal terminated the command.
 bool startGrantPrompt(const std::vector<std::string>& command,
                       std::function<void(int exitCode)> finished = {});
 

@@ -21,17 +21,17 @@ namespace glidemap {
 namespace {
 
 constexpr const char* nodeFolder = "/dev/input";
-// Only who may read a node may watch the node itself, so its folder is watched.
+// inotify requires read permission to watch a node, so its folder is watched instead.
 constexpr const char* uinputFolder = "/dev";
 
-// A touchpad comes as a handful of events within a few milliseconds.
+// A touchpad appears as a handful of events within a few milliseconds.
 constexpr std::chrono::milliseconds oneMoment{50};
 
 bool nodeMatters(std::string_view name) {
     return name == "uinput" || name.starts_with("event");
 }
 
-// Also a mouse node has the property of its touchpad; only event nodes are read.
+// A touchpad's mouse node carries the touchpad property, too, but only event nodes are read.
 bool matters(udev_device* device) {
     const char* const action = udev_device_get_action(device);
     if (action == nullptr || std::string_view(action) == "remove") {
@@ -41,7 +41,7 @@ bool matters(udev_device* device) {
     return name == "uinput" || (name.starts_with("event") && isGivenTouchpad(device));
 }
 
-// Of what inotify has reported.
+// The events are those that inotify has reported.
 bool anyNodeMatters(std::span<const char> events) {
     bool anyMatters = false;
     while (events.size() >= sizeof(inotify_event)) {
@@ -58,7 +58,7 @@ bool anyNodeMatters(std::span<const char> events) {
 
 class InputDeviceWatch::OnDesktopThread {
 public:
-    // From here on the kernel keeps what happens.
+    // Once the monitor is enabled the kernel queues events, so none is lost.
     OnDesktopThread(DesktopThread& desktopThread, std::function<void()> changed)
         : desktop(desktopThread), tell(std::move(changed)) {
         if (context != nullptr) {
@@ -82,8 +82,8 @@ public:
     }
 
 private:
-    // The folder of input nodes goes with its last node and comes with its first, so it is asked for
-    // again each time; where it is watched already this changes nothing.
+    // The folder of input nodes is removed with its last node and created with its first, so the
+    // watch is added again each time. Adding an existing watch changes nothing.
     void watchNodes() {
         inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_ONLYDIR);
         inotify_add_watch(nodeChanges.descriptor(), uinputFolder, IN_ATTRIB | IN_ONLYDIR);

@@ -1,12 +1,12 @@
-// Notices touchpads that come, and rights of access that are given, while the program runs.
+// Watches for new touchpads, and for access rights that are granted, while the program runs.
 //
 //   udev: a touchpad or uinput is there, with its access list ─┐
-//   a node's rights have changed without udev ─────────────────┴─▶ changed, once for all of a moment
+//   a node's rights have changed without udev ─────────────────┴─▶ changed, once per burst
 //
-// Thread:  made and destroyed on the main thread, where `changed` is called, too. What happens after
-//          it was made is told. Between two events it sleeps on the desktop thread.
-// Owner:   the program. Nothing is called once it is gone.
-// Errors:  none; what cannot be watched is not.
+// Thread:  the main thread creates and destroys it, and calls `changed`. Events that follow the
+//          constructor are reported. The desktop thread waits for them without polling.
+// Owner:   the program. `changed` is not called after the destruction.
+// Errors:  none; a source that cannot be watched is skipped.
 #pragma once
 
 #include "core/main_queue.h"
@@ -29,8 +29,8 @@ private:
     class OnDesktopThread;
 
     DesktopThread& desktop;
-    std::shared_ptr<std::function<void()>> told; // what the main queue's tasks hold weakly
-    std::shared_ptr<OnDesktopThread> watch;      // used and destroyed there
+    std::shared_ptr<std::function<void()>> told; // main queue tasks hold it weakly
+    std::shared_ptr<OnDesktopThread> watch;      // used and destroyed on the desktop thread
 };
 
 } // namespace glidemap

@@ -1,7 +1,7 @@
-// Port: the device nodes that the program needs, and what this user may do with them.
+// Port: the device nodes that the program needs, and this user's rights to them.
 //
-// Thread:  one at a time.
-// Errors:  none; what cannot be found out may not be done.
+// Thread:  any, but one call at a time.
+// Errors:  none; a right that cannot be determined counts as missing.
 #pragma once
 
 #include <string>
@@ -16,13 +16,13 @@ public:
     InputNodes& operator=(const InputNodes&) = delete;
     virtual ~InputNodes() = default;
 
-    // Those of touchpads that access is given to: none that is a keyboard, too, and none of our
-    // own.
+    // The nodes of the touchpads that the udev rules grant: not our clones, and no node that is
+    // also a keyboard.
     virtual std::vector<std::string> touchpads() = 0;
 
     virtual bool mayRead(const std::string& node) = 0;
 
-    // Whether virtual keyboards and touchpads can be made.
+    // Whether this user can create virtual keyboards and touchpads.
     virtual bool mayMakeDevices() = 0;
 };
 

@@ -1,6 +1,6 @@
-// On Linux the program is trusted when every touchpad can be read and virtual devices can be made.
+// Trusts the program on Linux if it can read every touchpad and create virtual devices.
 //
-// Each question looks anew, so that access that is given or taken while the program runs shows.
+// Each call checks again, because access may be granted or revoked while the program runs.
 //
 // Thread:  the main thread.
 // Owner:   the program.
@@ -17,7 +17,7 @@ namespace glidemap {
 
 class InputTrust : public AccessibilityTrust {
 public:
-    // The prompt asks the user and does not wait for the answer.
+    // `askUser` shows the prompt and does not wait for the user.
     InputTrust(std::unique_ptr<InputNodes> inputNodes, std::function<void()> askUser);
 
     bool isTrusted() override;
@@ -25,7 +25,7 @@ public:
 
 private:
     std::unique_ptr<InputNodes> nodes;
-    std::function<void()> prompt; // empty once the user has been asked
+    std::function<void()> prompt; // empty after the first prompt
 };
 
 } // namespace glidemap

@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// Where our own devices say that they are connected.
+// The physical location that our own devices report.
 constexpr std::string_view ownPlace = "glidemap";
 
 bool hasProperty(udev_device* device, const char* name) {

@@ -1,7 +1,7 @@
-// What udev says about an input device that matters for access to it.
+// Reads the udev properties that decide about access to an input device.
 //
-// Thread:  that of the device's context.
-// Errors:  none; an unknown device is no touchpad.
+// Thread:  the thread of the device's udev context.
+// Errors:  none; an unknown device is not a touchpad.
 #pragma once
 
 #include <libudev.h>

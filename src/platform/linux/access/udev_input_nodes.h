@@ -1,6 +1,7 @@
-// The nodes of this machine, as udev and sysfs know them: anyone may ask, and no device is opened.
+// Finds the device nodes of this machine in udev and sysfs. Needs no privileges and opens no
+// device.
 //
-// Thread:  one at a time.
+// Thread:  any, but one call at a time.
 // Errors:  none; without udev there are no touchpads.
 #pragma once
 

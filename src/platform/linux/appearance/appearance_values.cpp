@@ -17,7 +17,7 @@ struct Unref {
 };
 using Value = std::unique_ptr<GVariant, Unref>;
 
-// Some portals put a value into a variant more than once.
+// Some portals wrap a value in more than one variant.
 Value unwrapped(GVariant* value) {
     Value inner(g_variant_ref(value));
     while (g_variant_is_of_type(inner.get(), G_VARIANT_TYPE_VARIANT)) {
@@ -43,7 +43,7 @@ bool isFalse(GVariant* value) {
            g_variant_get_boolean(value) == FALSE;
 }
 
-// A number, as it stands in KDE's settings file.
+// KDE's settings file stores numbers as text.
 bool isZero(GVariant* value) {
     if (g_variant_is_of_type(value, G_VARIANT_TYPE_DOUBLE)) {
         return g_variant_get_double(value) == 0;

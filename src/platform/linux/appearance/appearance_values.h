@@ -1,12 +1,12 @@
-// What the desktop's settings, as its portal tells them, say about how programs should look.
+// Translates the settings of the desktop portal into the program's appearance.
 //
 //   org.freedesktop.appearance   color-scheme            1 dark, 2 light, else no preference
-//                                reduced-motion          1 reduced; only newer portals tell
+//                                reduced-motion          1 reduced; only in newer portals
 //   org.gnome.desktop.interface  enable-animations       false for reduced
-//   org.kde.kdeglobals.KDE       AnimationDurationFactor  "0" for none
+//   org.kde.kdeglobals.KDE       AnimationDurationFactor  "0" for no animation
 //
 // Thread:  one.
-// Errors:  a value of another kind is as good as none.
+// Errors:  none; a value of an unexpected type is ignored.
 #pragma once
 
 #include "ui/theme/appearance_settings.h"
@@ -28,7 +28,7 @@ struct Appearance {
 
 class AppearanceValues {
 public:
-    // What is read; for GLib, with a null pointer at the end.
+    // The groups to read, null-terminated for GLib.
     static const std::array<const char*, 4> groups;
 
     void take(std::string_view group, std::string_view key, GVariant* value);
@@ -37,8 +37,8 @@ public:
 
 private:
     std::optional<ColorScheme> colorScheme;
-    // Whoever says so is believed: a portal that knows its own name for it may not know the user's
-    // desktop.
+    // True if any source asks for reduced motion: a portal with a key of its own may not know the
+    // desktop's key.
     bool reduced = false;
     bool withoutGnomeAnimations = false;
     bool withoutKdeAnimations = false;

@@ -21,7 +21,7 @@ bool isSet(const char* variable) {
     return value != nullptr && *value != '\0';
 }
 
-// Who composes the screen holds the selection that is named for it.
+// The compositing manager owns the selection named _NET_WM_CM_Sn.
 bool hasCompositor(xcb_connection_t* server, int screen) {
     const std::string name = "_NET_WM_CM_S" + std::to_string(screen);
     const auto length = static_cast<std::uint16_t>(name.size());
@@ -40,7 +40,7 @@ bool hasCompositor(xcb_connection_t* server, int screen) {
 } // namespace
 
 bool desktopComposites() {
-    // Some start an X server inside a Wayland session only when somebody connects.
+    // Under Wayland this must not connect: some compositors start Xwayland at the first connection.
     if (isSet("WAYLAND_DISPLAY") || !isSet("DISPLAY")) {
         return true;
     }

@@ -1,8 +1,8 @@
-// Whether the desktop blends windows: only then can one be translucent and have soft edges.
+// Finds out whether the desktop blends windows, so that windows may be translucent.
 //
-// Thread:  any, RecentCompositing one; asks the X server and waits for its answer, well below a
-//          millisecond.
-// Errors:  a server that cannot be reached has no windows to blend: true.
+// Thread:  any for the function, one for RecentCompositing. Blocks for one round trip to the X
+//          server, well below a millisecond.
+// Errors:  none; returns true if the server cannot be reached, because no window is shown then.
 #pragma once
 
 #include <chrono>
@@ -11,11 +11,11 @@
 
 namespace glidemap {
 
-// Wayland always blends. An X server does where a program says that it composes the screen.
+// Wayland always composites. On X11 a running compositing manager decides.
 bool desktopComposites();
 
-// Asks at most once in a while: menus are made several at a time, and a program that composes the
-// screen does not come and go in between.
+// Caches the result for a short time: several menus are created in a row, and compositing managers
+// rarely start or stop in between.
 class RecentCompositing {
 public:
     using Clock = std::chrono::steady_clock;

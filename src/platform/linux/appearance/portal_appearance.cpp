@@ -24,7 +24,7 @@ struct Unref {
     void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }
 };
 
-// The settings of one group: keys with values.
+// `settings` maps the keys of one group to their values.
 void takeGroup(AppearanceValues& values, const char* group, GVariant* settings) {
     GVariantIter each;
     g_variant_iter_init(&each, settings);
@@ -54,7 +54,7 @@ std::optional<AppearanceValues> valuesIn(GVariant* answer) {
 
 } // namespace
 
-// What the main thread reads.
+// The values that the main thread reads.
 class PortalAppearance::Settings : public AppearanceSettings {
 public:
     std::optional<ColorScheme> colorScheme() const override { return appearance.colorScheme; }
@@ -132,7 +132,7 @@ void PortalAppearance::Listener::opened(GObject* /*source*/, GAsyncResult* resul
     }
 }
 
-// Changes first, so that none is missed between the two.
+// Subscribe before reading, so that no change between the two is lost.
 void PortalAppearance::Listener::listen() {
     bus->subscribe(portal, [this](const std::string& signal, GVariant* arguments) {
         heard(signal, arguments);
@@ -163,7 +163,7 @@ void PortalAppearance::Listener::heard(const std::string& signal, GVariant* argu
     tellIfNew();
 }
 
-// Most of a desktop's settings are none of ours: the main thread is not woken up for them.
+// Most settings do not concern appearance; do not wake the main thread for them.
 void PortalAppearance::Listener::tellIfNew() {
     if (const Appearance now = values.appearance(); now != told) {
         told = now;

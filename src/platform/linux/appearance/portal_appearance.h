@@ -1,16 +1,15 @@
-// Follows how the user wants programs to look, as the desktop's portal tells it, whichever desktop
-// that is.
+// Follows the user's appearance settings through the desktop portal, on any desktop.
 //
-// The portal is not started for it. At login programs start before the desktop has told the bus
-// where its display is, and a portal that is started then is of no use to anyone for the rest of the
-// session. So one that runs is asked; one that comes later, for another program, is asked then; and
-// until then nothing is known.
+// This class never starts the portal. At login, programs start before the desktop has sent its
+// display to the bus. A portal that starts that early stays broken for the whole session. So a
+// running portal is queried at once, and a portal that another program starts later is queried
+// then. Until then nothing is known.
 //
-// Thread:  the main thread; the bus is spoken to on the desktop thread, and nobody waits for it.
-// Owner:   the program. Destroying it ends the listening, at once; what it has handed out stays as
-//          it is then.
-// Errors:  without a bus, a portal, or an answer nothing is known. What is known stays when the
-//          portal goes.
+// Thread:  the main thread. The desktop thread calls the bus, and no thread waits for a reply.
+// Owner:   the program. The destructor stops the updates at once; settings handed out keep their
+//          last values.
+// Errors:  none. Without a bus, a portal or a reply the settings are unknown. Known settings stay
+//          when the portal exits.
 #pragma once
 
 #include "core/main_queue.h"
@@ -30,7 +29,7 @@ public:
     PortalAppearance& operator=(const PortalAppearance&) = delete;
     ~PortalAppearance();
 
-    // May be kept for longer than this.
+    // The settings may outlive this object.
     std::shared_ptr<AppearanceSettings> settings() const;
 
 private:

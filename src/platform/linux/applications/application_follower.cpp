@@ -71,7 +71,7 @@ const Application* ApplicationFollower::applicationOf(const WindowIdentity& wind
     const Application* const application =
         entry != nullptr ? published.installed.intern({entry->identifier, entry->name})
                          : published.others.intern(matcher.describe(window));
-    // The active window need not be among those told of, and may describe itself anew for ever.
+    // The active window may be missing from the list and may change its identity without end.
     if (matched.size() > open.size() + 64)
         forgetClosedWindows();
     matched.emplace(key, application);
@@ -96,7 +96,7 @@ void ApplicationFollower::matchAgain() {
 void ApplicationFollower::publishFrontmost() {
     const Application* const application =
         active ? applicationOf(*active) : ApplicationTable::unknown();
-    // Whoever reads the pointer sees all that it points to.
+    // A release store: a reader of the pointer must see the complete application.
     published.frontmost.store(application, std::memory_order_release);
 }
 

@@ -1,10 +1,10 @@
-// Turns what a desktop tells of its windows into applications, and publishes them.
+// Maps the windows that a desktop reports to applications, and publishes the result.
 //
-// On the way from one window to the next most desktops have none active for a moment. That none is,
-// is believed when it has lasted; until then the last application stays frontmost.
+// While the focus moves from one window to the next, most desktops report no active window for a
+// moment. The last application stays frontmost until that state has lasted for the patience.
 //
-// Thread:  the desktop thread; what is published may be read on any.
-// Owner:   LinuxWorkspace, which keeps what is published alive for longer.
+// Thread:  the desktop thread; any thread may read the published state.
+// Owner:   LinuxWorkspace, which keeps the published state alive longer.
 // Errors:  none.
 #pragma once
 
@@ -36,7 +36,8 @@ struct PublishedApplications {
 
     Snapshot<std::vector<Application>> running;
 
-    // Apart, so that windows without an entry cannot take the installed ones' places.
+    // A separate table, so that windows without an entry cannot use up the slots of installed
+    // applications.
     ApplicationTable installed = ApplicationTable(16384);
     ApplicationTable others = ApplicationTable(2048);
 };
@@ -49,9 +50,9 @@ public:
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
-    // Those of the application whose desktop entry is this file. A window of a program in a terminal
-    // is the terminal's, and known by the process that was started from the entry. Valid as long as
-    // the follower, until the thread's next task.
+    // Chooses the windows of the application with this desktop entry file. A window of a program in
+    // a terminal belongs to the terminal; its identity comes from the process that the entry
+    // started. The choice is valid while the follower exists, until the thread's next task.
     WindowChoice windowsOf(const std::string& entryPath);
 
 private:
@@ -69,10 +70,10 @@ private:
     PublishedApplications& published;
     const ProcessReader& processes;
     const std::chrono::milliseconds patience;
-    DesktopThread::Watch lasting; // of no window being active
+    DesktopThread::Watch lasting; // the time without an active window
     DesktopEntries entries;
     ApplicationMatcher matcher;
-    std::map<Key, const Application*> matched; // of the windows there are
+    std::map<Key, const Application*> matched; // of the open windows
     std::optional<WindowIdentity> active;
     std::vector<WindowIdentity> open;
 };

@@ -18,7 +18,7 @@ namespace glidemap {
 
 namespace {
 
-// What is to be launched, handed from one callback to the next.
+// A launch request, passed from callback to callback.
 struct Launch {
     GDesktopAppInfo* entry;
     std::string url; // to be opened by it; empty for the application itself
@@ -35,7 +35,8 @@ bool canBeActivated(GDesktopAppInfo* entry) {
     return g_desktop_app_info_get_boolean(entry, "DBusActivatable") != FALSE;
 }
 
-// "/usr/share/applications/org.example.App.desktop" → "org.example.App", if that is a bus name.
+// "/usr/share/applications/org.example.App.desktop" → "org.example.App", if that is a valid bus
+// name.
 std::string busNameOf(GDesktopAppInfo* entry) {
     const char* const path = g_desktop_app_info_get_filename(entry);
     if (path == nullptr)
@@ -57,7 +58,7 @@ std::string objectPathOf(const std::string& busName) {
     return path;
 }
 
-// A service that is slow to answer has been asked all the same: a second copy would help nobody.
+// A service that times out has still received the call; launching a second copy would be wrong.
 bool wasNotReached(const GError* error) {
     return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) == FALSE &&
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY) == FALSE &&

@@ -1,11 +1,11 @@
-// Launches applications by their desktop entries.
+// Launches applications from their desktop entries.
 //
-// What is launched is on its own: a session and, where systemd runs one's session, a unit of its
-// own, so that it does not end with us; no descriptor of ours, no blocked signal; and it is nobody's
-// to wait for.
+// A launched application is independent of this process: it gets its own session and, under
+// systemd, its own unit, so that it survives this process. It inherits no descriptor and no blocked
+// signal, and init reaps it.
 //
-// Thread:  the desktop thread; returns before the application is there.
-// Errors:  none reach the caller.
+// Thread:  the desktop thread; returns before the application has started.
+// Errors:  not reported to the caller.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -16,7 +16,7 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// The URL of a desktop entry's file. One that D-Bus can activate comes forward if it runs.
+// Takes the file URL of a desktop entry. A D-Bus activatable application that runs comes forward.
 void launchApplication(const std::string& url);
 
 // The same for an entry that has been read.

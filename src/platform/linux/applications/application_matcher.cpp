@@ -18,7 +18,7 @@ namespace {
 
 using Candidates = std::vector<const DesktopEntry*>;
 
-// Some programs write "Visual Studio Code" where their entry is visual-studio-code.
+// Some programs report "Visual Studio Code" while their entry is visual-studio-code.
 char folded(char character) {
     return character == ' ' ? '-' : g_ascii_tolower(character);
 }
@@ -54,7 +54,7 @@ const DesktopEntry* onlyOne(const Candidates& candidates, Rule holds) {
     return allVisible == 1 ? visible : nullptr;
 }
 
-// One window's search.
+// The search for one window's entry.
 class Search {
 public:
     Search(const std::vector<DesktopEntry>& entries, const WindowIdentity& of, ProcessFacts known)

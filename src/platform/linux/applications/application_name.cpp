@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t maxIdentifier = 256; // bytes; a file name cannot be longer either
+constexpr std::size_t maxIdentifier = 256; // bytes; file names have nearly the same limit
 
 std::string asUTF8(std::string_view text) {
     if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
@@ -40,7 +40,7 @@ std::string cutTo(std::string text, std::size_t size) {
     return text;
 }
 
-// Not in the middle of a character, which would make UTF-8 look like another encoding.
+// Does not cut inside a UTF-8 character: the rest would look like another encoding.
 std::string_view beginningOf(std::string_view text, std::size_t size) {
     constexpr std::size_t maxContinuation = 3;
     if (text.size() <= size)

@@ -1,8 +1,8 @@
-// What to call a window's application when no desktop entry is known for it.
+// Derives an application's name from a window without a desktop entry.
 //
 // Thread:  any.
-// Errors:  none. Text that is not UTF-8 is read as Latin-1, control characters go, and what is
-//          longer than any honest identifier is cut.
+// Errors:  none. Text that is not UTF-8 is read as Latin-1, control characters are removed, and
+//          text longer than any valid identifier is truncated.
 #pragma once
 
 #include <string>
@@ -10,13 +10,13 @@
 
 namespace glidemap {
 
-// What a window calls itself, fit to be stored and shown.
+// Returns the window's own identifier in a form that is safe to store and show.
 std::string cleanIdentifier(std::string_view text);
 
 // "my-tool" → "My Tool", "org.example.Viewer" → "Viewer".
 std::string nameFromIdentifier(std::string_view identifier);
 
-// The last component of a reverse-DNS name, or nothing if it is none.
+// The last component of a reverse-DNS name; empty if the text is not such a name.
 std::string_view lastComponent(std::string_view identifier);
 
 } // namespace glidemap

@@ -42,7 +42,7 @@ GVariant* startTransientUnit(const Move& move) {
     return g_variant_new("(ssa(sv)a(sa(sv)))", move.unit.c_str(), "fail", &properties, nullptr);
 }
 
-// Waiting for it keeps the connection, and with it the question, until systemd has it.
+// The pending reply keeps the connection open until systemd has received the request.
 void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
     if (GVariant* const answer =
             g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr))

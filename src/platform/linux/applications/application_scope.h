@@ -1,8 +1,8 @@
-// Gives a process that was just launched a systemd unit of its own. In ours it would be killed when
-// our unit is stopped, and its windows would seem to be ours to whoever asks systemd.
+// Moves a launched process into its own systemd unit. In our unit it would be killed when that unit
+// stops, and systemd would attribute its windows to this program.
 //
 // Thread:  the desktop thread; does not wait.
-// Errors:  none. Without systemd the process stays where it is.
+// Errors:  none. Without systemd the process stays in its unit.
 #pragma once
 
 #include <sys/types.h>
@@ -12,10 +12,10 @@
 
 namespace glidemap {
 
-// The identifier is the desktop entry's, with or without ".desktop".
+// `identifier` is the desktop entry's id, with or without ".desktop".
 void moveIntoScope(std::string_view identifier, pid_t process);
 
-// "app-glidemap-org.example.App-1234.scope", with what systemd does not allow escaped.
+// "app-glidemap-org.example.App-1234.scope", with characters that systemd does not allow escaped.
 std::string scopeName(std::string_view identifier, pid_t process);
 
 } // namespace glidemap

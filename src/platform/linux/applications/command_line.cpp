@@ -24,7 +24,7 @@ bool oneOf(const std::array<std::string_view, Count>& names, std::string_view na
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// "python3.11" is "python".
+// Maps "python3.11" to "python".
 std::string_view withoutVersion(std::string_view name) {
     while (!name.empty() &&
            (std::isdigit(static_cast<unsigned char>(name.back())) != 0 || name.back() == '.'))
@@ -54,7 +54,7 @@ std::string archiveOf(const Words& words, std::size_t at) {
     return named ? fileNameOf(*(option + 1)) : "";
 }
 
-// `sh -c '…'` may do anything.
+// Stops at `sh -c '…'`, which may run any command.
 std::string scriptOf(const Words& words, std::size_t at) {
     for (; at < words.size() && isOption(words[at]); ++at) {
         if (words[at] == "-c" || words[at] == "-e" || words[at] == "-m")
@@ -63,7 +63,7 @@ std::string scriptOf(const Words& words, std::size_t at) {
     return at < words.size() ? fileNameOf(words[at]) : "";
 }
 
-// The name that snap gives the program: "code" for both "code" and "code.code".
+// The program's snap name: "code" for both "code" and "code.code".
 std::string snapProgramOf(const Words& words, std::size_t at) {
     if (at >= words.size() || words[at] != "run")
         return "";
@@ -71,7 +71,7 @@ std::string snapProgramOf(const Words& words, std::size_t at) {
     return at < words.size() ? words[at] : "";
 }
 
-// Collects one word after the other as the Exec key of a desktop entry quotes them.
+// Splits an Exec key into words by the quoting rules of desktop entries.
 class ExecReader {
 public:
     Words read(std::string_view line) {
@@ -101,7 +101,7 @@ private:
         word->push_back(character);
     }
 
-    // Written twice, it is no field code's.
+    // A doubled percent sign is a literal one, not a field code.
     void appendPercent(char percent) {
         append(percent);
         quoted = true;
@@ -128,7 +128,7 @@ private:
     bool quoted = false;
 };
 
-// Where the command proper begins, behind whatever only sets things up for it.
+// The index of the actual command, after words that only prepare its environment.
 std::size_t commandOf(const Words& words) {
     std::size_t at = skipOptions(words, 0);
     while (at < words.size() && oneOf(wrappers, fileNameOf(words[at])))

@@ -1,10 +1,9 @@
-// The program that a command is really about, so that a desktop entry's Exec and a running
-// process's arguments can be compared: what only starts another program (env, python3, snap run …)
-// is looked through.
+// Extracts the program from a command, to compare a desktop entry's Exec with a process's
+// arguments. Wrappers that start another program (env, python3, snap run …) are skipped.
 //
 // Thread:  any.
-// Errors:  none. A command that cannot be told apart from others (a bare interpreter) has no
-//          program.
+// Errors:  none. A command that does not identify a program (a bare interpreter) returns an empty
+//          text.
 #pragma once
 
 #include <string>
@@ -13,19 +12,20 @@
 
 namespace glidemap {
 
-// The words of an Exec line, unquoted, without field codes such as %U. Empty if a quote is open.
+// The words of an Exec line, unquoted, without field codes such as %U. Empty if a quote is
+// unclosed.
 std::vector<std::string> wordsOfExec(std::string_view line);
 
-// Without its folder; empty if there is none.
+// The file name without its folder; empty if the command has no program.
 std::string programOf(const std::vector<std::string>& words);
 
-// The application that `flatpak run …` names; empty if that is not what the command is.
+// The application that `flatpak run …` names; empty for other commands.
 std::string flatpakOf(const std::vector<std::string>& words);
 
-// The number of the game that `steam steam://rungameid/N` names, or empty.
+// The game number in `steam steam://rungameid/N`; empty for other commands.
 std::string steamGameOf(const std::vector<std::string>& words);
 
-// What follows the last slash.
+// The text after the last slash.
 std::string fileNameOf(std::string_view path);
 
 } // namespace glidemap

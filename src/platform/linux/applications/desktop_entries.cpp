@@ -11,8 +11,7 @@ namespace glidemap {
 
 namespace {
 
-// Installing a package changes many entries one after the other. They are read once it has come to
-// this, rather than again and again.
+// Installing a package changes many entries in a row. Reading waits until the changes settle.
 constexpr std::chrono::milliseconds settlingTime{300};
 
 std::string orEmpty(const char* text) {
@@ -63,7 +62,7 @@ std::vector<DesktopEntry> readAll() {
 struct DesktopEntries::State {
     DesktopThread& thread;
     std::function<void()> changed;
-    // Held before the first reading: it reports only what changes after one.
+    // The monitor must exist before the first reading: it reports only changes after a reading.
     GAppInfoMonitor* monitor = g_app_info_monitor_get();
     gulong subscription = 0;
     DesktopThread::Watch settling;
@@ -82,7 +81,7 @@ struct DesktopEntries::State {
         g_object_unref(monitor);
     }
 
-    // Not reported again before the entries are read.
+    // GIO reports no further change until the entries are read again.
     static void reported(GAppInfoMonitor* /*monitor*/, gpointer self) {
         auto* const state = static_cast<State*>(self);
         state->settling = state->thread.after(settlingTime, [state] {

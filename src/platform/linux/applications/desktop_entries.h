@@ -1,8 +1,8 @@
-// The desktop entries that are installed, kept current by the file system's own reports.
+// Keeps the list of installed desktop entries current, from file system notifications.
 //
-// Thread:  the desktop thread, to whose context the reports come.
+// Thread:  the desktop thread, whose context receives the notifications.
 // Owner:   LinuxWorkspace.
-// Errors:  none. An entry that cannot be read, or whose program is missing, is not there.
+// Errors:  none. An entry that cannot be read, or whose program is missing, is omitted.
 #pragma once
 
 #include "platform/linux/applications/desktop_entry.h"
@@ -16,7 +16,7 @@ namespace glidemap {
 
 class DesktopEntries {
 public:
-    // The function is called after the entries have been read anew.
+    // `changed` is called each time the entries have been read again.
     DesktopEntries(DesktopThread& desktop, std::function<void()> changed);
     DesktopEntries(const DesktopEntries&) = delete;
     DesktopEntries& operator=(const DesktopEntries&) = delete;

@@ -8,7 +8,7 @@ void readExec(DesktopEntry& entry, std::string_view line) {
     const auto words = wordsOfExec(line);
     entry.flatpak = flatpakOf(words);
     entry.steamGame = steamGameOf(words);
-    if (entry.steamGame.empty()) // else every game would be Steam
+    if (entry.steamGame.empty()) // otherwise every game would match Steam itself
         entry.program = programOf(words);
 }
 

@@ -47,7 +47,7 @@ struct LinuxWorkspace::State {
     PublishedApplications published;
     KernelProcessReader processes;
 
-    // On the desktop thread.
+    // Lives on the desktop thread.
     std::unique_ptr<ApplicationFollower> follower;
     std::unique_ptr<WindowBackend> backend;
 

@@ -1,10 +1,11 @@
-// The workspace on Linux: installed desktop entries, the windows of whatever desktop is running,
-// and GIO to launch with.
+// The workspace on Linux, built from the installed desktop entries, the windows of the running
+// desktop, and GIO for launching.
 //
-// Thread:  as the port says. What is told of windows and what is launched lives on the desktop
-//          thread; frontmostApplication() reads one atomic pointer.
-// Owner:   the program. The desktop thread must live longer; nobody may read afterwards.
-// Errors:  none. Where no candidate knows the desktop, nothing is frontmost and nothing runs.
+// Thread:  as the port documents. The desktop thread tracks windows and launches applications;
+//          frontmostApplication() reads one atomic pointer.
+// Owner:   the program. The desktop thread must outlive it; no thread may read it after its
+//          destruction.
+// Errors:  none. If no candidate supports the desktop, no application is frontmost and none runs.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -20,19 +21,19 @@ namespace glidemap {
 
 class LinuxWorkspace : public Workspace {
 public:
-    // How long no window has to be active until it is believed. A window manager takes a few
-    // milliseconds from one window to the next.
+    // How long the desktop must report no active window before that state is accepted. A window
+    // manager needs a few milliseconds to move the focus.
     static constexpr std::chrono::milliseconds usualPatience{100};
 
-    // What the desktop has no handler for. Called on the main thread; may be empty.
+    // Panels without a URL handler on the desktop. Called on the main thread; may be empty.
     struct Panels {
         std::function<void()> missionControl = {};
         std::function<bool()> hasMissionControl = {};
         std::function<void()> accessibilitySettings = {};
     };
 
-    // The candidates are made and asked in order, on the desktop thread, until one knows the
-    // desktop. Returns at once; how things stand is known as soon as the desktop has told.
+    // Creates and starts the candidates in order, on the desktop thread, until one supports the
+    // desktop. Returns at once; the state is known after the desktop's first report.
     LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
                    Panels ownPanels, std::chrono::milliseconds patienceWithNone = usualPatience);
     ~LinuxWorkspace() override;

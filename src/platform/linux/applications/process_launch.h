@@ -1,4 +1,4 @@
-// Starts a desktop entry's own process, cut loose from ours.
+// Starts the process of a desktop entry, detached from this process.
 //
 // Thread:  the desktop thread.
 // Errors:  none reach the caller; the log says why nothing was started.

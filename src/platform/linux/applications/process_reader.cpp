@@ -12,8 +12,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t longestFile = std::size_t{1}
-                                    << 20; // an environment can be as big as it likes
+constexpr std::size_t maxFileSize = std::size_t{1} << 20; // an environment has no size limit
 
 std::string contentOf(const std::string& path) {
     std::string content;
@@ -22,7 +21,7 @@ std::string contentOf(const std::string& path) {
         return content;
     std::array<char, 4096> block{};
     ssize_t count = 0;
-    while (content.size() < longestFile && (count = ::read(file, block.data(), block.size())) > 0)
+    while (content.size() < maxFileSize && (count = ::read(file, block.data(), block.size())) > 0)
         content.append(block.data(), static_cast<std::size_t>(count));
     close(file);
     return content;
@@ -41,7 +40,7 @@ std::string targetOf(const std::string& link) {
     std::array<char, 4096> target{};
     const ssize_t size = readlink(link.c_str(), target.data(), target.size());
     std::string path(target.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-    constexpr std::string_view deleted = " (deleted)"; // replaced by an update while it runs
+    constexpr std::string_view deleted = " (deleted)"; // an update replaced the file while it runs
     if (path.ends_with(deleted))
         path.resize(path.size() - deleted.size());
     return path;
@@ -55,7 +54,7 @@ std::string variable(const std::vector<std::string>& environment, std::string_vi
     return "";
 }
 
-// The variables are inherited, so they count only for the process that they were set for.
+// Child processes inherit the variables, so they count only if they name this process.
 std::string launchedFrom(const std::string& folder, pid_t process) {
     const auto environment = splitAtNulls(contentOf(folder + "environ"));
     const bool own =
@@ -63,7 +62,7 @@ std::string launchedFrom(const std::string& folder, pid_t process) {
     return own ? variable(environment, "GIO_LAUNCHED_DESKTOP_FILE") : "";
 }
 
-// The fifth field behind the name in brackets, which may itself hold brackets and spaces.
+// The fifth field after the name in parentheses, which may itself contain parentheses and spaces.
 bool hasTerminal(const std::string& status) {
     const std::size_t nameEnd = status.rfind(')');
     if (nameEnd == std::string::npos)

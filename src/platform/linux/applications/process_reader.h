@@ -1,7 +1,8 @@
-// What the system knows about a process, as far as it tells which application the process is.
+// Reads the properties of a process that identify its application.
 //
 // Thread:  any.
-// Errors:  none. What cannot be read (the process is gone, or is another user's) is empty.
+// Errors:  none. A property is empty if it cannot be read: the process has exited or belongs to
+//          another user.
 #pragma once
 
 #include <sys/types.h>
@@ -12,11 +13,11 @@
 namespace glidemap {
 
 struct ProcessFacts {
-    std::string controlGroups; // the text of its cgroup file
+    std::string controlGroups; // the content of its cgroup file
     std::string executable;    // path
     std::vector<std::string> arguments;
-    std::string launchedFrom; // the desktop entry's file, if this very process was launched so
-    bool onTerminal = false;  // it has a controlling terminal, so somebody typed its name
+    std::string launchedFrom; // the entry that launched this process itself
+    bool onTerminal = false;  // it has a controlling terminal, so a user typed its name
 
     friend bool operator==(const ProcessFacts&, const ProcessFacts&) = default;
 };
@@ -31,7 +32,7 @@ public:
     virtual ProcessFacts read(pid_t process) const = 0;
 };
 
-// From the kernel.
+// Reads /proc.
 class KernelProcessReader : public ProcessReader {
 public:
     ProcessFacts read(pid_t process) const override;

@@ -1,7 +1,7 @@
-// The session bus connection that GIO shares within the process, for launching.
+// Provides GIO's shared session bus connection, for launching.
 //
 // Thread:  a thread that runs its default GLib context, which calls `then`.
-// Errors:  null if there is no bus, or if it has not responded within a second.
+// Errors:  `then` receives null if the bus is missing or does not reply within a second.
 #pragma once
 
 #include <chrono>

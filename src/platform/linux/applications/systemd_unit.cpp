@@ -54,8 +54,8 @@ std::string unescape(std::string_view text) {
     return plain;
 }
 
-// What is behind the first, the second … dash, the shortest first: the shortest is the ID if its
-// dashes are escaped, the longest if they are not and there is no launcher.
+// The texts after each dash, the shortest first. The shortest is the ID if its dashes are escaped;
+// the longest is the ID if they are not and the launcher is omitted.
 std::vector<std::string> endsOf(std::string_view text) {
     std::vector<std::string> ends;
     for (std::size_t dash = text.size(); dash > 0;) {
@@ -71,15 +71,15 @@ std::vector<std::string> endsOf(std::string_view text) {
 
 // "SNAP.APP-RANDOM", "SNAP.APP.RANDOM" or "SNAP.APP".
 UnitApplication snapOf(std::string_view text) {
-    constexpr std::size_t longestRandom = 36;
+    constexpr std::size_t maxRandom = 36;
     UnitApplication application{UnitApplication::Kind::snap, {}, ""};
     const std::size_t dot = text.find('.');
     if (dot == std::string_view::npos)
         return application;
     const std::string snap = unescape(text.substr(0, dot));
     std::string_view app = text.substr(dot + 1);
-    if (app.size() > longestRandom + 1) {
-        const std::size_t separator = app.size() - longestRandom - 1;
+    if (app.size() > maxRandom + 1) {
+        const std::size_t separator = app.size() - maxRandom - 1;
         if (app[separator] == '-' || app[separator] == '.') {
             application.random = std::string(app.substr(separator + 1));
             app = app.substr(0, separator);
@@ -89,7 +89,7 @@ UnitApplication snapOf(std::string_view text) {
     return application;
 }
 
-// "CONNECTION-ID@NUMBER": the bus name of an application that D-Bus starts is its identifier.
+// "CONNECTION-ID@NUMBER": an application that D-Bus starts uses its identifier as bus name.
 UnitApplication busServiceOf(std::string_view text) {
     const std::size_t dash = text.find('-');
     const std::size_t at = text.rfind('@');
@@ -134,7 +134,7 @@ UnitApplication applicationNamedBy(std::string_view unit) {
 
 } // namespace
 
-// An entry without a package would be that of a package without a name.
+// Skip empty names: an entry without a package must not match a package without a name.
 UnitApplication applicationOfUnit(std::string_view unit) {
     UnitApplication application = applicationNamedBy(unit);
     std::erase_if(application.identifiers, [](const std::string& one) { return one.empty(); });

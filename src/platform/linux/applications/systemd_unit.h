@@ -1,14 +1,14 @@
-// Which application a process belongs to by the systemd unit it runs in. Desktops put each
-// application that they launch into a unit whose name says which it is:
+// Derives a process's application from the name of its systemd unit. Desktops start each
+// application in a unit with one of these names:
 //
 //     app[-LAUNCHER]-ID-RANDOM.scope     app[-LAUNCHER]-ID[@RANDOM].service
 //     app-flatpak-ID-RANDOM.scope        snap.SNAP.APP-RANDOM.scope
 //     dbus-CONNECTION-ID@NUMBER.service
 //
-// A dash inside an ID is written \x2d, but not every launcher takes the trouble.
+// A dash inside an ID must be written \x2d, but some launchers do not escape it.
 //
 // Thread:  any.
-// Errors:  none. A unit of another kind names no application.
+// Errors:  none. A unit of another kind identifies no application.
 #pragma once
 
 #include <string>
@@ -21,15 +21,15 @@ struct UnitApplication {
     enum class Kind { ordinary, flatpak, snap };
 
     Kind kind = Kind::ordinary;
-    std::vector<std::string> identifiers; // what it may be, the likeliest first; empty if none
-    std::string random;                   // often the number of the process that was launched
+    std::vector<std::string> identifiers; // candidates, the most likely first; may be empty
+    std::string random;                   // often the id of the launched process
 
     friend bool operator==(const UnitApplication&, const UnitApplication&) = default;
 };
 
 UnitApplication applicationOfUnit(std::string_view unit);
 
-// The unit that the text of /proc/PID/cgroup puts the process in; empty if it is in none.
+// The unit in the text of /proc/PID/cgroup; empty if the process is in none.
 std::string unitOfControlGroups(std::string_view text);
 
 } // namespace glidemap

@@ -64,7 +64,7 @@ void LinuxClickTap::setNeeded(bool needed) {
     want(isNeeded, needed);
 }
 
-// The filter goes first: afterwards nobody can enable the tap from within the callback any more.
+// Remove the filter first, so that its callback can no longer enable the tap.
 void LinuxClickTap::remove() {
     if (setFilter == nullptr) {
         return;
@@ -81,13 +81,13 @@ void LinuxClickTap::useSwitch(driver::SwitchClickFilter turn) {
     switchFilter = turn;
 }
 
-// The driver is told even what it should know: after a stall it has switched itself off.
+// Always call the driver, even for a known state: after a stall it has disabled itself.
 void LinuxClickTap::want(bool& wish, bool value) {
     std::unique_lock guard(lock);
     wish = value;
     mustTell = true;
     if (isTelling || switchFilter == nullptr) {
-        return; // the other thread tells this, too
+        return; // the other thread sends this change, too
     }
     isTelling = true;
     while (std::exchange(mustTell, false) && switchFilter != nullptr) {

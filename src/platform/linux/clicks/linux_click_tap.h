@@ -1,13 +1,13 @@
-// The click tap over the evdev driver's click filter: the driver stands between the touchpads and
-// the desktop, and asks about each click.
+// Implements the click tap with the evdev driver's click filter. The driver sits between the
+// touchpads and the desktop, and calls back for each click.
 //
-// While the filter is on the touchpads are taken from the desktop and played to it again, so it is
-// on only while the tap is enabled and a click could be taken out.
+// While the filter is on, the driver grabs the touchpads and forwards their events through clones.
+// So the filter is on only while the tap is enabled and a click could be swallowed.
 //
-// Thread:  as every click tap; setNeeded() on any thread. The callback is called on the driver's
-//          reader.
+// Thread:  as every click tap; setNeeded() on any thread. The driver's reader thread calls the
+//          callback.
 // Owner:   the click monitor. The device manager outlives it.
-// Errors:  create() answers false without a driver that can filter clicks, or where it may not.
+// Errors:  create() returns false if the driver cannot filter clicks or lacks permission.
 #pragma once
 
 #include "dispatch/click_tap.h"
@@ -21,8 +21,8 @@ namespace glidemap {
 
 class LinuxClickTap : public ClickTap {
 public:
-    // The manager has loaded its driver when it is there, and keeps it for good; whether it reads
-    // touchpads at the moment does not matter here.
+    // The manager has loaded its driver in its constructor and keeps it loaded. Whether it
+    // currently reads touchpads does not matter here.
     explicit LinuxClickTap(const MultitouchDeviceManager& deviceManager);
     ~LinuxClickTap() override;
 
@@ -30,7 +30,7 @@ public:
     void setEnabled(bool enabled) override;
     void remove() override;
 
-    // Until it is told, the tap takes it that a click could be.
+    // The default is true: until the first call a click may be needed.
     void setNeeded(bool needed) override;
 
 private:
@@ -38,22 +38,21 @@ private:
 
     void useSwitch(driver::SwitchClickFilter turn);
 
-    // Changes what is wanted of the filter, and sees to it that the driver hears of the last change
-    // last.
+    // Sets a requested state of the filter. The last change always reaches the driver last.
     void want(bool& wish, bool value);
 
     const MultitouchDeviceManager& manager;
-    driver::SetClickFilter setFilter = nullptr; // null while there is no tap
+    driver::SetClickFilter setFilter = nullptr; // null while the tap does not exist
     Callback callback;
 
-    // Never held while the driver is called: it may wait for its reader, which may be in our
-    // callback and want this lock.
+    // Not held during calls to the driver: the driver may wait for its reader thread, whose
+    // callback may need this lock.
     std::mutex lock;
-    driver::SwitchClickFilter switchFilter = nullptr; // null while there is no tap
+    driver::SwitchClickFilter switchFilter = nullptr; // null while the tap does not exist
     bool isEnabled = false;
     bool isNeeded = true;
-    bool isTelling = false; // a thread is telling the driver
-    bool mustTell = false;  // and there is more to tell
+    bool isTelling = false; // a thread is calling the driver
+    bool mustTell = false;  // another call must follow
 };
 
 } // namespace glidemap

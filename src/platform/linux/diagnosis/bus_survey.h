@@ -1,12 +1,11 @@
-// Which services there are on a D-Bus bus, found out within a time.
+// Lists the services on a D-Bus bus, within a time limit.
 //
-// A bus that accepts connections and never answers would hold up a caller for as long as it likes,
-// and the D-Bus library's own calls for connecting cannot be cancelled at every step. So the
-// question is put on a thread that is left behind where the time is over: only for programs that
-// end soon.
+// A stuck bus accepts connections and never replies, and the D-Bus library cannot cancel every step
+// of connecting. So a separate thread runs the query and is abandoned after the time limit. Use
+// this only in programs that exit soon.
 //
 // Thread:  any; waits up to the patience.
-// Errors:  values.
+// Errors:  reported as values.
 #pragma once
 
 #include "platform/linux/session/bus_address.h"
@@ -25,7 +24,7 @@ struct BusSurvey {
     std::set<std::string> startable;
 };
 
-// In one word for each state, for people.
+// One word for each state, for the user.
 const char* nameOf(BusSurvey::State state);
 
 BusSurvey surveyBus(Bus bus, std::chrono::milliseconds patience);

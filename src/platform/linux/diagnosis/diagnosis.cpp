@@ -83,7 +83,7 @@ std::string systemName() {
     return "(unknown)";
 }
 
-// Its own process is another one.
+// Other processes of the program that this user runs.
 std::string runningGlidemap() {
     std::string processes;
     std::error_code error;
@@ -188,7 +188,7 @@ void addTouchpads(ReportPage& page) {
            &page);
 }
 
-// Says what happens where no service is there for an action; nothing where a bus keeps silent.
+// Adds the fallback if no service supports the action; adds nothing if a bus does not reply.
 void addAction(ReportPage& page, const char* action, std::span<const Service> services,
                const Buses& buses, const char* otherwise) {
     const bool allMissing = std::ranges::all_of(services, [&buses](const Service& service) {

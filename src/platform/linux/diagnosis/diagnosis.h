@@ -1,11 +1,11 @@
-// The page that a user pastes into a report: what the program finds on this computer.
+// Creates the diagnosis page that a user pastes into a bug report.
 //
-// It is made to be published: the home folder is written "~", and there are no bindings, no texts
-// of windows, no addresses of devices and no names of users and computers on it.
+// The page is safe to publish: the home folder is shortened to "~". The page contains no bindings,
+// window titles, device addresses, user names or host names.
 //
-// Thread:  one, in a program that ends afterwards (bus_survey.h). Needs neither a display nor a bus,
-//          and takes a few seconds where a bus does not answer.
-// Errors:  lines of the page.
+// Thread:  one, in a program that exits afterwards (bus_survey.h). Needs neither a display nor a
+//          bus; takes a few seconds if a bus does not reply.
+// Errors:  reported as lines of the page.
 #pragma once
 
 #include <chrono>
@@ -18,7 +18,7 @@ struct DiagnosisFacts {
     std::string version;
     std::string toolkit; // the interface library and its version
     std::optional<bool> isSwitchedOn;
-    std::chrono::milliseconds patience{3000}; // with each bus
+    std::chrono::milliseconds patience{3000}; // for each bus
 };
 
 std::string diagnosisPage(const DiagnosisFacts& facts);

@@ -1,5 +1,5 @@
-// Text in sections of a heading and indented lines, with the home folder shortened to "~" and no
-// control characters.
+// Formats sections of headings and indented lines, with the home folder shortened to "~" and
+// control characters removed.
 //
 // Thread:  one.
 // Errors:  none.

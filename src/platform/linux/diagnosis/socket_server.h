@@ -1,15 +1,15 @@
-// Which program listens on a Unix socket: for a display, the compositor or the X server.
+// Finds the program that listens on a Unix socket: for a display, the compositor or the X server.
 //
 // Thread:  any; does not wait.
-// Errors:  none; a program that cannot be found out has no name.
+// Errors:  none; the name is empty if the program cannot be determined.
 #pragma once
 
 #include <string>
 
 namespace glidemap {
 
-// As the kernel shortens it, "kwin_wayland_wr". Empty where no program listens. A path that
-// begins with "@" is a name without a file.
+// The name is truncated by the kernel, as in "kwin_wayland_wr". Empty if no program listens. A path
+// that begins with "@" is an abstract socket.
 std::string programListeningOn(const std::string& path);
 
 } // namespace glidemap

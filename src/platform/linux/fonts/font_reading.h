@@ -1,9 +1,9 @@
-// Reads which fonts are installed. Nothing at the start takes longer, and nothing in it needs a
-// display: so it is done beside the main thread, while that one connects to one.
+// Reads the list of installed fonts in the background. This is the slowest part of startup and
+// needs no display, so it runs while the main thread connects to the display.
 //
-// Thread:  the main thread; reads on one of its own.
-// Owner:   whoever starts the program. Ends, and destroying it does, only once the fonts are read.
-// Errors:  none. Where there is no thread to be had, the toolkit reads them when it needs one.
+// Thread:  the main thread; reads on a thread of its own.
+// Owner:   the program's start code. finish() and the destructor wait until the fonts are read.
+// Errors:  none. If the thread cannot be created, Qt reads the fonts on first use.
 #pragma once
 
 #include <thread>
@@ -17,7 +17,7 @@ public:
     FontReading& operator=(const FontReading&) = delete;
     ~FontReading();
 
-    // Before the first text is measured: two who find nothing read yet would both read it all.
+    // Call before measuring the first text; otherwise both threads would read all fonts.
     void finish();
 
 private:

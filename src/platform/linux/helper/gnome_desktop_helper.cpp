@@ -36,7 +36,7 @@ std::filesystem::path formsBesideTheProgram() {
     return program.parent_path().parent_path() / "share" / "glidemap" / "gnome-shell";
 }
 
-// What its names for itself say; on X11 it tells like every desktop there.
+// Checks XDG_CURRENT_DESKTOP. On X11 GNOME reports its windows without a helper.
 bool isGnomeOnWayland() {
     const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
     return !fromEnvironment("WAYLAND_DISPLAY").empty() &&
@@ -86,7 +86,7 @@ void GnomeDesktopHelper::install() {
     ask([shell = shell] { return installed(shell); });
 }
 
-// The one before has answered, or is about to.
+// The previous query has finished, or is about to.
 void GnomeDesktopHelper::ask(std::function<Status()> question) {
     if (worker.joinable()) {
         worker.join();

@@ -1,12 +1,11 @@
-// The desktop helper of GNOME on Wayland: our extension of its shell.
+// The desktop helper for GNOME on Wayland: an extension of GNOME Shell.
 //
-// The shell may be slow to answer, or stuck; a thread of our own waits for it, one question at a
-// time.
+// The shell may reply slowly or never, so a separate thread waits for it, one query at a time.
 //
-// Thread:  as the port says.
-// Owner:   the program. Destroying it waits for a question that is under way, a few seconds if the
-//          shell is stuck.
-// Errors:  in the shell's words.
+// Thread:  as the port documents.
+// Owner:   the program. The destructor waits for a pending query: a few seconds if the shell is
+//          stuck.
+// Errors:  as text, in the shell's words.
 #pragma once
 
 #include "core/main_queue.h"
@@ -23,7 +22,7 @@ namespace glidemap {
 
 class GnomeDesktopHelper : public DesktopHelper {
 public:
-    // How the extension is asked for and installed; both are called on a thread of ours and wait.
+    // The functions that query and install the extension; both block, on a separate thread.
     struct Shell {
         std::function<GnomeExtension::Status()> status;
         std::function<std::optional<std::string>()> install;
@@ -31,7 +30,7 @@ public:
 
     static Shell runningShell();
 
-    // Null where the desktop is another one, or tells by itself.
+    // Null on desktops that need no helper.
     static std::shared_ptr<DesktopHelper> ofThisSession(std::shared_ptr<MainQueue> queue);
 
     GnomeDesktopHelper(Shell asked, std::shared_ptr<MainQueue> queue);
@@ -48,11 +47,11 @@ private:
 
     Shell shell;
     std::shared_ptr<MainQueue> mainQueue;
-    State _state = State::notNeeded; // until the shell has told
+    State _state = State::notNeeded; // until the shell has replied
     std::optional<std::string> _lastError;
     Observable observers;
     std::thread worker;
-    std::shared_ptr<GnomeDesktopHelper*> life; // what an answer holds weakly
+    std::shared_ptr<GnomeDesktopHelper*> life; // pending replies hold it weakly
 };
 
 } // namespace glidemap

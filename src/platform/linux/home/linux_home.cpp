@@ -78,7 +78,7 @@ private:
     LinuxServices services;
     const std::shared_ptr<LinuxNotes> notes =
         std::make_shared<LinuxNotes>(std::make_unique<UdevInputNodes>(), services.prompt());
-    // The notice in the window says what the question is about.
+    // The notice in the window explains the prompt, so the prompt waits for the window.
     FirstExposure windowIsThere{[this] {
         services.prompt().ready();
     }};
@@ -87,9 +87,9 @@ private:
     Ports given;
 };
 
-// While the fonts are read, which looks at the locale and at the environment, the toolkit sets the
-// locale and takes two variables away. A locale that is set already stays as it is; and from the end
-// of the environment variables can be taken without moving the others under a reader.
+// While another thread reads the fonts, and with them the locale and the environment, Qt sets the
+// locale and unsets two variables. A locale that is already set stays unchanged. Variables at the
+// end of the environment can be unset without moving others that a thread is reading.
 void keepStillForReaders() {
     std::setlocale(LC_ALL, "");
     for (const char* const taken : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
@@ -101,7 +101,7 @@ void keepStillForReaders() {
     }
 }
 
-// The portal with a thread to ask it on.
+// The portal together with the thread that queries it.
 struct PortalAlone {
     explicit PortalAlone(MainQueue& mainQueue) : portal(desktop, mainQueue) {}
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t scanCodeOffset = 8;
 
-// The second of the X protocol's modifiers, "Lock", which keymaps have kept since.
+// The second modifier of the X protocol, "Lock"; keymaps still use this bit.
 constexpr std::uint32_t lockModifier = 0x2;
 
 } // namespace

@@ -1,10 +1,10 @@
-// Which key a key event of an X server or of a Wayland compositor comes from.
+// Maps the key events of an X server or a Wayland compositor to keys.
 //
-// Both hand on the kernel's code, 8 higher, because the X protocol keeps the lowest ones for itself.
-// The layout plays no part: it is the place of the key that counts.
+// Both report the kernel's key code plus 8, because the X protocol reserves the lowest codes. The
+// layout is ignored: the position of the key counts.
 //
-// Thread:  any; keeps nothing.
-// Errors:  a key without a virtual key code is answered with nothing.
+// Thread:  any; stateless.
+// Errors:  returns nullopt for a key without a virtual key code.
 #pragma once
 
 #include "ui/recorder/hardware_keys.h"

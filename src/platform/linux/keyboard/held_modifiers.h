@@ -1,9 +1,10 @@
-// Port: the modifiers that the user holds on real keyboards, which where all keyboards are one to
-// the desktop would become part of a shortcut that they do not belong to.
+// Port: the modifiers that the user holds on real keyboards. On desktops that merge all keyboards
+// they would become part of a typed shortcut.
 //
-// Thread:  type() on one thread; `plainly` is called on any, before the next one's.
-// Owner:   the virtual keyboard. After it has been destroyed `plainly` is not called any more, and
-// all that was asked has been done. Errors:  none; where nobody can tell what is held, nothing is.
+// Thread:  type() on one thread; `plainly` is called on any thread, before the next call's.
+// Owner:   the virtual keyboard. The destructor completes all requested typing; `plainly` is not
+//          called afterwards.
+// Errors:  none; if the state cannot be determined, no modifier counts as held.
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"
@@ -20,8 +21,8 @@ public:
     HeldModifiers& operator=(const HeldModifiers&) = delete;
     virtual ~HeldModifiers() = default;
 
-    // Has the changes typed as if no modifier were held. Where indeed none is, that is `plainly`'s
-    // to do. Does not wait for it.
+    // Types the changes as if no modifier were held. If none is held, calls `plainly` instead,
+    // which must type them. Does not wait.
     virtual void type(std::vector<KeyChange> changes, std::function<void()> plainly) = 0;
 };
 

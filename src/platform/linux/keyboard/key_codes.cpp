@@ -20,7 +20,7 @@ constexpr KeyCodePair pairs[] = {
     {7, KEY_X},
     {8, KEY_C},
     {9, KEY_V},
-    {10, KEY_102ND}, // the key that only ISO keyboards have
+    {10, KEY_102ND}, // only ISO keyboards have this key
     {11, KEY_B},
     {12, KEY_Q},
     {13, KEY_W},
@@ -77,7 +77,7 @@ constexpr KeyCodePair pairs[] = {
     {65, KEY_KPDOT},
     {67, KEY_KPASTERISK},
     {69, KEY_KPPLUS},
-    {71, KEY_NUMLOCK}, // "clear" is printed on this key of the keypad
+    {71, KEY_NUMLOCK}, // labelled "clear" on the keypad
     {72, KEY_VOLUMEUP},
     {73, KEY_VOLUMEDOWN},
     {74, KEY_MUTE},
@@ -107,21 +107,21 @@ constexpr KeyCodePair pairs[] = {
     {99, KEY_F3},
     {100, KEY_F8},
     {101, KEY_F9},
-    {102, KEY_HANJA}, // to the left of the space bar, to Latin letters
+    {102, KEY_HANJA}, // left of the space bar: selects Latin letters
     {103, KEY_F11},
-    {104, KEY_HANGEUL}, // to its right, to Japanese ones
-    // F13 to F15 are where other keyboards have Print, Scroll Lock and Pause, which shortcuts use;
-    // hardly a keyboard has keys with the words F13 to F15 on them.
+    {104, KEY_HANGEUL}, // right of the space bar: selects Japanese letters
+    // On other keyboards the keys at these places are Print, Scroll Lock and Pause, which shortcuts
+    // use. Keys labelled F13 to F15 are rare.
     {105, KEY_SYSRQ},
     {106, KEY_F16},
     {107, KEY_SCROLLLOCK},
     {109, KEY_F10},
-    {110, KEY_COMPOSE}, // the context menu
+    {110, KEY_COMPOSE}, // the menu key
     {111, KEY_F12},
     {113, KEY_PAUSE},
-    // "Help" is where other keyboards have Insert, and both tell the machine the same. There is a
-    // code for a key with the word Help on it, too, but hardly such a key; and a shortcut with
-    // Insert could not be recorded.
+    // "Help" is at the place of Insert on other keyboards, and both send the same code. KEY_HELP
+    // exists, too, but such keys are rare, and a shortcut with Insert could not be recorded with
+    // it.
     {114, KEY_INSERT},
     {115, KEY_HOME},
     {116, KEY_PAGEUP},

@@ -1,12 +1,12 @@
-// The keys that can be typed and recorded: virtual key codes, which are what a shortcut is made of,
-// beside the kernel's codes of the same keys.
+// Maps virtual key codes, which shortcuts consist of, to the kernel's key codes and back: all keys
+// that can be typed and recorded.
 //
-// Both name a place on the keyboard and not a letter, so the user's layout applies in the same way.
-// Each code has at most one counterpart, in both directions. Where the two worlds print different
-// things on one key, the place decides.
+// Both codes name a position on the keyboard and not a letter, so the user's layout applies
+// equally. Each code has at most one counterpart in either direction. If the labels of a key
+// differ, its position decides.
 //
 // Thread:  any.
-// Errors:  a code without a counterpart is answered with nothing.
+// Errors:  returns nullopt for a code without a counterpart.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ struct KeyCodePair {
     std::uint16_t kernelCode = 0;
 };
 
-// Ascending by virtual key code.
+// Sorted by virtual key code.
 std::span<const KeyCodePair> keyCodePairs();
 
 std::optional<std::uint16_t> kernelCodeOf(std::uint16_t keyCode);

@@ -1,7 +1,7 @@
-// Port: a keyboard that exists for other programs.
+// Port: a keyboard that other programs receive events from.
 //
-// Thread:  one at a time.
-// Errors:  as answers.
+// Thread:  any, but one call at a time.
+// Errors:  as return values.
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"
@@ -17,14 +17,14 @@ public:
     KeyDevice& operator=(const KeyDevice&) = delete;
     virtual ~KeyDevice() = default;
 
-    // Plugs it in unless it is plugged in already. False if it cannot be.
+    // Creates the device unless it exists. Returns false on failure.
     virtual bool plugIn() = 0;
 
-    // Unplugs it if it is plugged in. The system takes back the keys that are down on it.
+    // Removes the device if it exists. The system releases the keys that are down on it.
     virtual void unplug() = 0;
 
-    // All changes, each complete by itself, with nothing between them. False if they were not all
-    // made, as while it is not plugged in.
+    // Writes all changes, each as a complete report, with no other event between them. Returns
+    // false if any is missing, for example because the device does not exist.
     virtual bool write(std::span<const KeyChange> changes) = 0;
 };
 

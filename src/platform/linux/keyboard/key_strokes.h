@@ -1,12 +1,12 @@
-// Turns key events, whose modifiers are flags, into the key changes of a keyboard, whose modifiers
-// are keys: pressed before the key that wants them, let go of after it.
+// Converts key events with modifier flags into the key changes of a keyboard, where modifiers are
+// keys: pressed before the key that needs them, released after it.
 //
-// Only the left-hand keys stand for modifiers; the right-hand ones mean other things in many
-// layouts. A modifier key that is typed for its own sake does not press itself first.
+// Only the left-hand keys serve as modifiers; the right-hand ones have other functions in many
+// layouts. A modifier key that is typed by itself does not press itself first.
 //
 // Thread:  one.
-// Owner:   the virtual keyboard, for it remembers what is down on it.
-// Errors:  as answers. Pressing what is down and letting go of what is up changes nothing.
+// Owner:   the virtual keyboard, because the state describes which keys are down on it.
+// Errors:  as return values. Pressing a pressed key or releasing a released one changes nothing.
 #pragma once
 
 #include "dispatch/key_event_poster.h"
@@ -26,10 +26,10 @@ struct KeyChange {
 
 class KeyStrokes {
 public:
-    // Empty if any of the events is about a key that does not exist here.
+    // Empty if any of the events has a key without a kernel code.
     std::vector<KeyChange> changesFor(std::span<const KeyEvent> events);
 
-    // Lets go of everything.
+    // Releases all keys.
     std::vector<KeyChange> releaseAll();
 
 private:
@@ -37,8 +37,8 @@ private:
     void release(std::uint16_t kernelCode, std::vector<KeyChange>& changes);
     void setModifiers(std::span<const std::uint16_t> wanted, std::vector<KeyChange>& changes);
 
-    std::vector<std::uint16_t> keys;      // down for their own sake, in order
-    std::vector<std::uint16_t> modifiers; // down for the sake of those, in order
+    std::vector<std::uint16_t> keys;      // pressed by key events, in order
+    std::vector<std::uint16_t> modifiers; // pressed as modifiers of those, in order
 };
 
 } // namespace glidemap

@@ -1,9 +1,8 @@
-// What has to be typed where one state of the modifiers is shared by all keyboards and the user
-// holds some of them: they come up, the shortcut is typed, they go down again.
+// Types a shortcut on desktops where all keyboards share one modifier state and the user holds
+// modifiers: releases them, types the shortcut, and presses them again.
 //
-// A desktop takes Super, and a window Alt, that goes down and comes up with nothing between for a
-// command of its own ("show the menu"). Wherever one of them seems to do that, Control is tapped
-// between.
+// Desktops and windows treat Super or Alt pressed and released alone as a command of its own, such
+// as "show the menu". To prevent that, Control is tapped in between.
 //
 // Thread:  any.
 // Errors:  none.
@@ -17,7 +16,7 @@
 
 namespace glidemap {
 
-// Whether each key that goes down comes up again, so that the changes can be typed from anywhere.
+// Whether each pressed key is released again, so that the changes leave no key down.
 bool areBalanced(std::span<const KeyChange> changes);
 
 std::vector<KeyChange> typedWithout(std::span<const std::uint16_t> held,

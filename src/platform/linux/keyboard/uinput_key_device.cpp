@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* controlNode = "/dev/uinput";
 
-// By its place everyone can tell that it is ours.
+// Other programs can recognise our keyboard by this physical location.
 constexpr const char* place = "glidemap/keyboard";
 
 bool declareKeys(int descriptor) {
@@ -30,8 +30,8 @@ bool declareKeys(int descriptor) {
            });
 }
 
-// A virtual bus, so that libinput takes it for no built-in keyboard: a shortcut that a gesture has
-// typed must not make the touchpad deaf as real typing does.
+// A virtual bus, so that libinput does not treat this as a built-in keyboard. Otherwise a shortcut
+// that a gesture types would trigger disable-while-typing on the touchpad.
 bool declareIdentity(int descriptor) {
     uinput_setup setup{};
     setup.id = {BUS_VIRTUAL, 0, 0, 1};
@@ -71,14 +71,14 @@ bool UinputKeyDevice::plugIn() {
     return true;
 }
 
-// The kernel unplugs the device with its last descriptor.
+// The kernel removes the device when its last descriptor is closed.
 void UinputKeyDevice::unplug() {
     if (descriptor >= 0) {
         close(std::exchange(descriptor, -1));
     }
 }
 
-// In one piece: the kernel holds the device from the first event of a write to the last.
+// In one write(), because the kernel keeps the events of one write together.
 bool UinputKeyDevice::write(std::span<const KeyChange> changes) {
     std::vector<input_event> events;
     events.reserve(2 * changes.size());

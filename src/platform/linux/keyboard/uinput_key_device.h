@@ -1,9 +1,8 @@
-// The kernel's virtual keyboard, "Glidemap Keyboard": it has the keys that can be typed and no
-// others.
+// Implements the "Glidemap Keyboard" with uinput. It has only the keys that can be typed.
 //
-// Thread:  one at a time.
-// Owner:   UinputKeyboard. The keyboard is unplugged when this is destroyed.
-// Errors:  as answers; most likely /dev/uinput may not be written yet.
+// Thread:  any, but one call at a time.
+// Owner:   UinputKeyboard. The destructor removes the device.
+// Errors:  as return values; the usual cause is a /dev/uinput without write permission.
 #pragma once
 
 #include "platform/linux/keyboard/key_device.h"

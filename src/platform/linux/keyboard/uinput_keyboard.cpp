@@ -17,7 +17,7 @@ UinputKeyboard::UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice,
 }
 
 UinputKeyboard::~UinputKeyboard() {
-    heldModifiers.reset(); // finishes what it was asked to type
+    heldModifiers.reset(); // completes the typing that was requested
     letGo();
 }
 

@@ -1,11 +1,11 @@
-// Types by a keyboard of the kernel's, which every desktop and the console listen to.
+// Types with a uinput keyboard, which works on every desktop and on the console.
 //
-// A desktop takes a moment to notice a new keyboard, and what is typed before that is lost: the
-// keyboard is plugged in at the start, and not by the first shortcut. Where that is not permitted
-// yet, each later attempt to type tries again, and so may whoever hears of the permission first.
+// A desktop takes a moment to notice a new keyboard and loses keys typed before that. So the
+// keyboard is created on startup and not by the first shortcut. Without permission each attempt to
+// type retries; the owner may call plugIn() as soon as it is notified of the permission.
 //
-// Thread:  one, the main thread; it is never kept waiting.
-// Owner:   the program. Before the keyboard goes, its keys come up.
+// Thread:  the main thread; no call blocks.
+// Owner:   the program. The destructor releases the keys.
 // Errors:  none; without permission nothing is typed.
 #pragma once
 
@@ -21,15 +21,15 @@ namespace glidemap {
 
 class UinputKeyboard : public KeyEventPoster {
 public:
-    // `held` may be null: nobody can tell.
+    // `held` may be null if held modifiers cannot be determined.
     explicit UinputKeyboard(std::unique_ptr<HeldModifiers> held = nullptr);
     UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice, std::unique_ptr<HeldModifiers> held);
     ~UinputKeyboard() override;
 
-    // Plugs the keyboard in if it is not yet. False without permission.
+    // Creates the keyboard unless it exists. Returns false without permission.
     bool plugIn();
 
-    // Lets go of its keys and takes it away. Nothing is typed until it is plugged in again.
+    // Releases its keys and removes it. Nothing is typed until the next plugIn().
     void unplug();
 
     void post(std::span<const KeyEvent> events) override;

@@ -16,7 +16,7 @@ bool isSet(const char* variable) {
     return value != nullptr && *value != '\0';
 }
 
-// An X server inside a Wayland session hears only what is typed into its own windows.
+// False under Wayland: Xwayland sees only keys that are typed into X11 windows.
 bool isX11Session() {
     const char* type = std::getenv("XDG_SESSION_TYPE");
     const bool isWayland =
@@ -74,7 +74,7 @@ bool X11HeldModifiers::typeAroundHeldOnes(const std::vector<KeyChange>& changes)
     return true;
 }
 
-// The shortcut before this one may still be on its way; its modifiers are no one's but ours.
+// Excludes our own keys: the previous shortcut may still be in progress.
 std::vector<std::uint16_t> X11HeldModifiers::modifiersHeldByOthers() {
     std::vector<std::uint16_t> held = server->modifiersDown();
     if (!held.empty()) {
@@ -87,7 +87,7 @@ std::vector<std::uint16_t> X11HeldModifiers::modifiersHeldByOthers() {
 }
 
 void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
-    server->listenToReleases(true); // before looking, so that nothing falls between
+    server->listenToReleases(true); // before the check, so that no release is missed
     const std::set<std::uint16_t> down = server->keysDown().users;
     std::vector<std::uint16_t> still;
     for (const std::uint16_t code : held) {
@@ -102,7 +102,7 @@ void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
     letGoOfReleased();
 }
 
-// Ends what the user has ended.
+// Releases the keys on the XTEST keyboard that the user has released on real ones.
 void X11HeldModifiers::letGoOfReleased() {
     const std::set<std::uint16_t> down = server->keysDown().users;
     std::set<std::uint16_t> released;
@@ -125,7 +125,8 @@ void X11HeldModifiers::letGo(const std::set<std::uint16_t>& codes) {
     }
 }
 
-// Waiting for an answer may have heard something as well, which then does not wake us any more.
+// Waiting for a reply may have queued events, too, and the socket does not become readable for
+// them.
 void X11HeldModifiers::catchUp() {
     while (server->heardSomething()) {
         if (!putBackKeys.empty()) {

@@ -1,18 +1,18 @@
-// Held modifiers on X11, where the server has one state for all keyboards and tells anyone which
-// keys are down.
+// Reads and lifts held modifiers on X11. The server has one modifier state for all keyboards and
+// tells every client which keys are down.
 //
-// While none is held the virtual keyboard types. Otherwise the server's pretended keyboard (XTEST)
-// does all of it, so that lifting, typing and putting back come in this order whatever else is
-// going on: what uinput is told reaches the server on another way, at another time.
+// While no modifier is held, the uinput keyboard types. Otherwise the server's XTEST keyboard does
+// everything. That keeps lifting, typing and putting back in order: events from uinput would arrive
+// on another path, at another time.
 //
-// Putting back is where such things get stuck: the user may let go at that moment, and a pretended
-// keyboard that has a key down keeps it down. So what is put back is what real keyboards still
-// have down, that is looked at once more afterwards, and then releases are listened to until each
-// of those keys has come up, and its pretended double with it.
+// Putting back can leave keys stuck: the user may release one at that moment, while the XTEST
+// keyboard keeps it down. So only the keys that are still down on real keyboards are put back, and
+// that is checked again afterwards. Then each release on a real keyboard also releases the XTEST
+// key.
 //
-// Thread:  type() on any; the rest happens on the desktop thread.
+// Thread:  type() on any thread; the rest runs on the desktop thread.
 // Owner:   the virtual keyboard.
-// Errors:  where the session is not X11's, or its server cannot do this, there is none to be had.
+// Errors:  none; the factory returns null outside X11, or if the server lacks an extension.
 #pragma once
 
 #include "platform/linux/keyboard/held_modifiers.h"
@@ -26,7 +26,7 @@
 
 namespace glidemap {
 
-// Null where nobody can tell what is held. The desktop thread outlives the answer.
+// Null if held modifiers cannot be determined. The desktop thread must outlive the result.
 std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop);
 
 class X11HeldModifiers : public HeldModifiers {
@@ -47,7 +47,7 @@ private:
     DesktopThread& desktop;
     std::unique_ptr<XKeyServer> server;
     DesktopThread::Watch watch;
-    std::set<std::uint16_t> putBackKeys; // down on the pretended keyboard for the user's sake
+    std::set<std::uint16_t> putBackKeys; // down on the XTEST keyboard because the user holds them
 };
 
 } // namespace glidemap

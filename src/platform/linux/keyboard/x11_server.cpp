@@ -18,7 +18,7 @@ namespace glidemap {
 namespace {
 
 constexpr int keyCodeOffset = 8;
-constexpr int largestKeyCode = 255;
+constexpr int maxKeyCode = 255;
 constexpr int keysPerByte = 8;
 
 struct Free {
@@ -28,7 +28,7 @@ struct Free {
 template <typename Reply>
 using Answer = std::unique_ptr<Reply, Free>;
 
-// Asks and waits: `answer` is the request's own function that fetches its reply.
+// Sends a request and waits; `answer` is the xcb function that fetches its reply.
 template <typename Reply, typename Cookie>
 Answer<Reply> wait(xcb_connection_t* connection,
                    Reply* (*answer)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
@@ -54,9 +54,9 @@ bool isModifierByPlace(std::uint16_t kernelCode) {
     return std::ranges::find(places, kernelCode) != places.end();
 }
 
-// Keys that are modifiers only while they are held. Those that lock, or change the layout, when
-// they go down must not be put back, and so not lifted; keys that the user has made into Shift or
-// Control are no such.
+// The keys that act as modifiers only while held. Keys that lock, or that change the layout on
+// press, must not be put back, so they are not lifted. Keys that the user has remapped to Shift or
+// Control do not lock.
 std::set<int> holdingKeyCodes(const xcb_get_modifier_mapping_reply_t& mapping) {
     std::set<int> found;
     const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(&mapping);
@@ -79,13 +79,13 @@ bool hasExtensions(xcb_connection_t* connection) {
     if (test == nullptr || test->present == 0 || input == nullptr || input->present == 0) {
         return false;
     }
-    // The server tells clients of this version or later about every key, grabbed or not.
+    // From this version on the server reports raw events of all keys, grabbed or not.
     const auto version = wait(connection, xcb_input_xi_query_version_reply,
                               xcb_input_xi_query_version(connection, 2, 2));
     return version != nullptr && version->major_version >= 2;
 }
 
-// The server names its pretended keyboards so.
+// The server gives its XTEST keyboards such names.
 bool isPretended(std::string_view name) {
     return name.find("XTEST") != std::string_view::npos;
 }
@@ -121,7 +121,7 @@ X11Server::X11Server(std::unique_ptr<State> connected) : state(std::move(connect
 X11Server::~X11Server() = default;
 
 std::vector<std::uint16_t> X11Server::modifiersDown() {
-    // Both questions at once, so that there is one wait.
+    // Send both requests first, so that there is one round trip.
     const auto mappingRequest = xcb_get_modifier_mapping(state->connection);
     const auto keysRequest = xcb_query_keymap(state->connection);
     const auto mapping = wait(state->connection, xcb_get_modifier_mapping_reply, mappingRequest);
@@ -152,7 +152,7 @@ void X11Server::State::addKeysDown(xcb_input_device_id_t device,
             continue;
         }
         const auto* held = reinterpret_cast<const xcb_input_key_state_t*>(each.data);
-        for (int code = keyCodeOffset; code <= largestKeyCode; ++code) {
+        for (int code = keyCodeOffset; code <= maxKeyCode; ++code) {
             if (isDown(held->keys, code)) {
                 keys.insert(kernelCode(code));
             }
@@ -190,7 +190,7 @@ void X11Server::type(std::span<const KeyChange> changes) {
 
 bool X11Server::canType(std::span<const KeyChange> changes) const {
     return std::ranges::all_of(changes, [](const KeyChange& change) {
-        return change.kernelCode + keyCodeOffset <= largestKeyCode;
+        return change.kernelCode + keyCodeOffset <= maxKeyCode;
     });
 }
 

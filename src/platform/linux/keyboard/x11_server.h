@@ -1,9 +1,10 @@
-// The X server of this session, asked about its keys. A thin layer: requests and their answers.
+// Queries keys and types through the X server of this session. A thin layer of requests and
+// replies.
 //
-// Units:   the kernel's key codes; the server's are eight more.
-// Thread:  one, which the server's answers are waited for on.
+// Units:   the kernel's key codes; the server's codes are higher by eight.
+// Thread:  one, which waits for the server's replies.
 // Owner:   X11HeldModifiers.
-// Errors:  connect() answers null.
+// Errors:  connect() returns null.
 #pragma once
 
 #include "platform/linux/keyboard/x_key_server.h"
@@ -14,7 +15,7 @@ namespace glidemap {
 
 class X11Server : public XKeyServer {
 public:
-    // The server that the environment names, or null: it cannot be reached, or lacks XTEST or
+    // Connects to the server in DISPLAY. Returns null if it cannot be reached, or lacks XTEST or
     // version 2 of the input extension.
     static std::unique_ptr<X11Server> connect();
     ~X11Server() override;

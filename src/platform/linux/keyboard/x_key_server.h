@@ -1,8 +1,8 @@
-// Port: what an X server knows about keys and can be asked to type.
+// Port: the key state of an X server, and typing through it.
 //
 // Units:   the kernel's key codes.
-// Thread:  one, which the server's answers are waited for on.
-// Errors:  a server that has gone answers with empty lists, and isAlive() says so.
+// Thread:  one, which waits for the server's replies.
+// Errors:  after the connection is lost the lists are empty and isAlive() returns false.
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"
@@ -16,8 +16,8 @@ namespace glidemap {
 
 class XKeyServer {
 public:
-    // Keys that are down on the user's keyboards, and on the one that is ours. The server's own
-    // pretended keyboard is neither.
+    // Keys that are down on the user's keyboards, and on our uinput keyboard. The server's XTEST
+    // keyboard counts as neither.
     struct KeysDown {
         std::set<std::uint16_t> users;
         std::set<std::uint16_t> ours;
@@ -28,22 +28,22 @@ public:
     XKeyServer& operator=(const XKeyServer&) = delete;
     virtual ~XKeyServer() = default;
 
-    // Modifier keys that are down for the desktop, whoever holds them.
+    // The modifier keys that are down for the desktop, on any keyboard.
     virtual std::vector<std::uint16_t> modifiersDown() = 0;
     virtual KeysDown keysDown() = 0;
 
-    // Types by the server's pretended keyboard. The server deals with them one right after the
-    // other.
+    // Types on the server's XTEST keyboard. The server processes the changes without other events
+    // in between.
     virtual void type(std::span<const KeyChange> changes) = 0;
     virtual bool canType(std::span<const KeyChange> changes) const = 0;
 
-    // Whether to hear of keys that come up anywhere.
+    // Whether to report keys that are released on any keyboard.
     virtual void listenToReleases(bool listen) = 0;
 
-    // Forgets what was heard; whether there was anything. Does not wait.
+    // Discards pending events and returns whether there were any. Does not wait.
     virtual bool heardSomething() = 0;
 
-    // Can be read when there is something to hear.
+    // Becomes readable when events are pending.
     virtual int descriptor() const = 0;
     virtual bool isAlive() const = 0;
 };

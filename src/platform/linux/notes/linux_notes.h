@@ -1,7 +1,7 @@
-// What Linux adds to the interface's texts: which device nodes are missing, what the button for access does, and how to give
-// access by hand where the question for it could not be put.
+// Adds Linux's notes to the interface: which device nodes are missing, what the access button does,
+// and how to grant access by hand if the prompt failed.
 //
-// Thread:  the main thread. Each question looks at the nodes anew.
+// Thread:  the main thread. Each call checks the nodes again.
 // Owner:   the program. The prompt outlives it.
 // Errors:  none.
 #pragma once
@@ -24,7 +24,7 @@ public:
     std::string launchAtLogin(const Lang& lang) const override;
     Observable& changes() override { return observers; }
 
-    // Such as after the question for it was answered, or could not be put.
+    // Call when access may have changed, for example after a prompt has closed or failed.
     void accessMayHaveChanged();
 
 private:

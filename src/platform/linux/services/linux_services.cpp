@@ -34,8 +34,8 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
           makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread))),
       keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))),
       toSession(session->changes().subscribe({}, [this] { followSession(); })) {
-    overview.mayBeThere(); // looks for it
-    // Before anybody types: a desktop takes a moment to notice a keyboard.
+    overview.mayBeThere(); // starts the first lookup
+    // Create the keyboard before it is needed: a desktop takes a moment to notice it.
     followSession();
     accessPrompt.onAnswer = [this] {
         lookAgain();

@@ -1,15 +1,15 @@
-// The program's services on Linux, made and tied to each other: the one place that knows which
-// class stands behind each port. Both the program and what runs it without an interface start here.
+// Creates the concrete services on Linux and connects them. Both the program and the tools that run
+// without an interface start here.
 //
 //   desktop thread ◀─ workspace, overview, screen lock, held modifiers
 //   access prompt ─┐
-//   device watch ──┴▶ onDevicesChanged ─▶ what had no access, or no touchpad, tries once more
+//   device watch ──┴▶ onDevicesChanged ─▶ services without access or touchpad retry
 //   user session ───▶ no keyboard while another session is in front
 //
-// Thread:  the main thread, within the application object's life.
-// Owner:   the program makes one, before and for longer than whatever uses it: some of it lives on
-//          the desktop thread, which goes with it.
-// Errors:  as each service has them.
+// Thread:  the main thread, while the application object exists.
+// Owner:   the program. It creates one instance and destroys it after all users: some services live
+//          on its desktop thread.
+// Errors:  as documented for each service.
 #pragma once
 
 #include "core/main_queue.h"
@@ -33,13 +33,13 @@ namespace glidemap {
 
 class LinuxServices {
 public:
-    // Makes the shared touch engine and device manager, too: there is one of each in a process.
+    // Also creates the shared touch engine and device manager; a process has one of each.
     explicit LinuxServices(const std::shared_ptr<MainQueue>& mainQueue);
     LinuxServices(const LinuxServices&) = delete;
     LinuxServices& operator=(const LinuxServices&) = delete;
 
-    // Called whenever touchpads may have come or access may have been given, and the keyboard has
-    // tried once more.
+    // Called when touchpads may have appeared or access may have been granted. The keyboard has
+    // already retried.
     std::function<void()> onDevicesChanged;
 
     AccessPrompt& prompt() { return accessPrompt; }
@@ -48,7 +48,7 @@ private:
     void followSession();
     void lookAgain();
 
-    DesktopThread desktop; // everything that lives on it goes before it
+    DesktopThread desktop; // outlives all services that live on it
     AccessPrompt accessPrompt;
     InputDeviceWatch devices; // before the first attempt to type or to read
     LinuxOverview overview;

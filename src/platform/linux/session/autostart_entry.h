@@ -1,13 +1,13 @@
-// The login item of a desktop session: an autostart file, which counts as enabled only if a session
-// would really start the program.
+// Implements the login item as an autostart file. It counts as enabled only if a session would
+// really start the program.
 //
-// The file of the user replaces one of the same name that the system has, whole. So registering
-// writes, or repairs, the user's; unregistering removes it or, where the system has one that would
-// start the program then, hides that one behind it.
+// The user's file replaces a system file of the same name completely. So registering writes or
+// repairs the user's file. Unregistering removes it, or hides the system's file if that one would
+// then start the program.
 //
-// Thread:  the main thread; blocks for as long as the disk does.
+// Thread:  the main thread; blocks on the disk.
 // Owner:   the program.
-// Errors:  the system's own text for what it refused.
+// Errors:  the system's error text.
 #pragma once
 
 #include "app/login_item_service.h"
@@ -21,12 +21,12 @@
 
 namespace glidemap {
 
-// Where autostart files are, and whose session decides about them.
+// The folders of autostart files, and the session that interprets them.
 struct AutostartPlaces {
     std::filesystem::path userFolder;
-    std::vector<std::filesystem::path> systemFolders; // the first that has the file wins
+    std::vector<std::filesystem::path> systemFolders; // the first one with the file wins
     AutostartSession session;
-    std::filesystem::path program; // what registering is for
+    std::filesystem::path program; // the program to register
 
     static AutostartPlaces ofThisProcess();
 };

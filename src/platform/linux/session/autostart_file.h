@@ -1,11 +1,10 @@
-// One autostart file: whether a session would start what it names, and what has to change so that
-// it does.
+// Reads one autostart file: whether a session would start its program, and how to repair it if not.
 //
-// Looked at: the type, Hidden, OnlyShowIn and NotShowIn, X-GNOME-Autostart-enabled, TryExec and
-// Exec. Everything else in a user's file, comments too, is kept as it is.
+// These keys decide: Type, Hidden, OnlyShowIn and NotShowIn, X-GNOME-Autostart-enabled, TryExec and
+// Exec. Everything else in a user's file, including comments, is preserved.
 //
-// Thread:  the main thread; reading blocks for as long as the disk does.
-// Errors:  a file that cannot be read, or is none of its kind, starts nothing.
+// Thread:  the main thread; reading blocks on the disk.
+// Errors:  none; a file that cannot be read, or is not a desktop entry, starts nothing.
 #pragma once
 
 #include <filesystem>
@@ -17,30 +16,30 @@ using GKeyFile = struct _GKeyFile;
 
 namespace glidemap {
 
-// What decides beside the file itself.
+// The properties of the session that decide along with the file.
 struct AutostartSession {
-    std::vector<std::string> desktops; // its names for itself, the most special first
-    std::string searchPath;            // as in PATH
+    std::vector<std::string> desktops; // the values of XDG_CURRENT_DESKTOP, the most specific first
+    std::string searchPath;            // in the format of PATH
 };
 
 class AutostartFile {
 public:
     enum class Start {
         happens,
-        hidden,      // as good as deleted
-        switchedOff, // by the settings of GNOME and its relatives
+        hidden,      // equivalent to deleted
+        switchedOff, // by the settings of GNOME and related desktops
         elsewhere,   // on other desktops
-        impossible,  // nothing that could be run
+        impossible,  // no executable to start
     };
 
-    // An empty one if the file cannot be read.
+    // Returns an empty file if it cannot be read.
     static AutostartFile read(const std::filesystem::path& file);
 
     Start start(const AutostartSession& session) const;
     bool starts(const AutostartSession& session, const std::filesystem::path& program) const;
 
-    // Takes out what keeps this session from starting it, and names the program unless it is
-    // already the one named.
+    // Removes all keys that keep this session from starting the file. Sets the program unless the
+    // file already names it.
     void repair(const AutostartSession& session, const std::filesystem::path& program);
     void hide();
 

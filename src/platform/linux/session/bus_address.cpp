@@ -32,7 +32,7 @@ std::optional<std::string> systemBusAddress() {
     return std::nullopt;
 }
 
-// The D-Bus libraries would start a bus of their own where there is none; nobody would be on it.
+// Without an address the D-Bus libraries would start a new bus, which has no services.
 std::optional<std::string> sessionBusAddress() {
     if (auto address = named("DBUS_SESSION_BUS_ADDRESS")) {
         return address;

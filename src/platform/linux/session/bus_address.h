@@ -1,6 +1,6 @@
-// Where the desktop's D-Bus buses are.
+// Finds the addresses of the system and session bus.
 //
-// Errors:  a bus that would first have to be started is absent.
+// Errors:  a bus that is not running counts as absent.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@ namespace glidemap {
 
 enum class Bus { system, session };
 
-// As far as can be told without asking the bus.
+// Reads the environment and checks the usual sockets; does not connect to the bus.
 std::optional<std::string> busAddress(Bus bus);
 
 } // namespace glidemap

@@ -43,7 +43,7 @@ gboolean runOnce(gpointer function) {
     return G_SOURCE_REMOVE;
 }
 
-// On the calling thread. Ends with what is answered.
+// Runs on the calling thread. The timer ends with the returned source.
 Source startTimer(std::chrono::milliseconds delay, Function function) {
     Source timer(g_timeout_source_new(static_cast<guint>(delay.count())));
     g_source_set_callback(timer.get(), runOnce, new Function(std::move(function)), forgetFunction);
@@ -67,7 +67,7 @@ struct BusErrand::State {
     using WithBus = std::function<void(GDBusConnection* connection)>;
     using Heard = std::function<void(GVariant* values)>;
 
-    // What GIO's callbacks get: the errand lives until each has come.
+    // The user data of GIO's callbacks, which keeps the transaction alive until they have run.
     struct Opening {
         std::shared_ptr<BusErrand> errand;
         Bus bus;
@@ -82,7 +82,7 @@ struct BusErrand::State {
     };
     struct Line {
         Connection connection;
-        bool outOfOrder = false; // it could not be opened; nobody tries twice
+        bool outOfOrder = false; // opening failed; do not retry
     };
 
     Line& line(Bus bus) { return lines[bus == Bus::system ? 0 : 1]; }
@@ -159,7 +159,7 @@ void BusErrand::State::answered(GObject* connection, GAsyncResult* result, gpoin
 void BusErrand::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
                                  const char* /*path*/, const char* /*interface*/,
                                  const char* /*signal*/, GVariant* values, gpointer heard) {
-    const Heard copy = *static_cast<Heard*>(heard); // it may end the watch
+    const Heard copy = *static_cast<Heard*>(heard); // the callback may end the watch
     copy(values);
 }
 
@@ -231,7 +231,7 @@ void BusErrand::callOff() {
     }
 }
 
-// How many errands there still are.
+// The number of transactions that have not ended.
 struct BusErrands::Open {
     std::mutex mutex;
     std::condition_variable fewer;

@@ -1,14 +1,15 @@
-// An errand on the desktop's D-Bus buses: a chain of calls to services that may be missing, slow or
-// silent, while nobody waits.
+// A transaction on a D-Bus bus: a chain of asynchronous calls to services that may be missing, slow
+// or stuck.
 //
-// An errand opens what it needs, asks, and closes it again: locking the screen and showing the
-// windows are rare, and nothing of them shall stay open, or wake the program up, in between.
+// A transaction opens its bus, makes its calls and closes the bus. Locking the screen and showing
+// the overview are rare, so no connection stays open in between and wakes the program.
 //
-// Thread:  BusErrands on the main thread; all that an errand does, and its end, on the desktop thread.
-// Owner:   its own callbacks keep an errand alive until its chain ends. Destroying the BusErrands
-//          calls off what is under way, and waits until it has ended, which is at once.
-// Errors:  as answers. Each step is bounded in time; no callback comes after an errand is called
-//          off.
+// Thread:  BusErrands on the main thread; the transactions run and end on the desktop thread.
+// Owner:   its own callbacks keep a transaction alive until the chain ends. The destructor of
+//          BusErrands cancels pending transactions and waits until they have ended, which is
+//          immediate.
+// Errors:  as replies. Each step has a time limit; a cancelled transaction makes no further
+//          callback.
 #pragma once
 
 #include "platform/linux/session/bus_address.h"
@@ -31,8 +32,8 @@ struct BusMethod {
     const char* name = nullptr;
 };
 
-// What a service answered: a tuple, valid during the callback, or null. A service that nobody
-// offers is told apart from one that refuses or keeps silent.
+// The reply of a service: a tuple, valid during the callback, or null on failure. A missing service
+// is distinguished from one that refuses or does not reply.
 struct BusAnswer {
     GVariant* values = nullptr;
     bool nobodyThere = false;
@@ -58,15 +59,15 @@ public:
 protected:
     using Then = std::function<void(const BusAnswer& answer)>;
 
-    // `arguments` is a tuple, or null for none; a floating one is taken over. Opens the bus first
-    // where that has not been done.
+    // `arguments` is a tuple, or null for none; a floating reference is consumed. Opens the bus
+    // first if necessary.
     void call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
               IfNotRunning ifNotRunning, Then then);
     void call(const BusMethod& method, GVariant* arguments, Then then);
 
-    // Calls `heard` for each such signal, until stopWaiting(). The bus must be open: within the
-    // answer to a call on it. A watch does not keep the errand alive, unless `heard` holds it; a
-    // call or a delay does.
+    // Calls `heard` for each matching signal, until stopWaiting(). Start a watch in the callback of
+    // a call on the same bus, which is open then. A watch keeps the transaction alive only if
+    // `heard` holds a reference; calls and delays always do.
     struct Signal {
         Bus bus = Bus::session;
         const char* service = nullptr;
@@ -76,22 +77,22 @@ protected:
     };
     void watch(const Signal& signal, std::function<void(GVariant* values)> heard);
 
-    // The same for each announcement of changed properties of the interface.
+    // Calls `changed` each time properties of the interface have changed.
     void watchProperties(Bus bus, const char* service, const char* interface,
                          std::function<void()> changed);
     void after(Milliseconds delay, std::function<void()> then);
 
-    // For signals and delays.
+    // Ends all watches and delays.
     void stopWaiting();
 
 private:
     friend class BusErrands;
     struct State;
 
-    // Ends the chain: callbacks that are still due only let go of what they hold.
+    // Cancels the chain: pending callbacks only release their references.
     void callOff();
 
-    std::shared_ptr<void> counted; // goes last: who waits for the end waits for all of it
+    std::shared_ptr<void> counted; // goes last: the destructor of BusErrands waits for it
     const Milliseconds patienceOfAStep;
     std::unique_ptr<State> state;
 };
@@ -103,7 +104,7 @@ public:
     BusErrands& operator=(const BusErrands&) = delete;
     ~BusErrands();
 
-    // The caller keeps no reference.
+    // The caller must not keep a reference.
     void start(std::shared_ptr<BusErrand> errand);
 
 private:

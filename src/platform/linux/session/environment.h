@@ -1,7 +1,7 @@
-// Variables of the environment, and the lists that they hold.
+// Reads environment variables and the lists in them.
 //
-// Thread:  any, while nobody changes the environment.
-// Errors:  none; a variable that is not there is empty.
+// Thread:  any, while no thread changes the environment.
+// Errors:  none; a missing variable is empty.
 #pragma once
 
 #include <string>

@@ -1,6 +1,6 @@
-// The command of a desktop entry: its Exec key, with the quoting that desktop entries have.
+// Reads and writes the Exec key of a desktop entry, with its quoting rules.
 //
-// Errors:  a command that cannot be read has no program.
+// Errors:  none; an invalid command has no program.
 #pragma once
 
 #include <filesystem>
@@ -10,14 +10,14 @@
 
 namespace glidemap {
 
-// As the value of Exec, before it is escaped for the file.
+// Returns the value of Exec before the escaping of the file format.
 std::string execLineOf(const std::filesystem::path& program);
 
 // The first word, unquoted: a name or a path.
 std::optional<std::string> programOfExecLine(const std::string& line);
 
-// The file that would be run for it, as a session looks for it: at its absolute path, or by its
-// name in the folders of `searchPath`, separated by colons. None if there is none that can be run.
+// The file that a session would execute: at the absolute path, or found by name in the folders of
+// `searchPath`, separated by colons. Nullopt if no such file is executable.
 std::optional<std::filesystem::path> findProgram(const std::string& program,
                                                  std::string_view searchPath);
 

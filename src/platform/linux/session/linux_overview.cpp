@@ -104,8 +104,8 @@ private:
              [kept = alive()](const BusAnswer&) {});
     }
 
-    // Asking for a shortcut that there is not is answered with success, too. KWin has this one only
-    // while it can draw the view.
+    // Check first: KWin reports success even for a shortcut that does not exist. The shortcut
+    // exists only while KWin can draw the overview.
     void askKWin() {
         call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusAnswer& answer) {
             const bool isThere = holds(answer.values, kwinShortcut);
@@ -137,7 +137,7 @@ void LinuxOverview::toggle() {
 }
 
 bool LinuxOverview::mayBeThere() {
-    const bool wasThere = found->load(); // before the next look can change it
+    const bool wasThere = found->load(); // before the next lookup can change it
     errands.start(std::make_shared<OverviewErrand>(patience, OverviewErrand::Purpose::look, found));
     return wasThere;
 }

@@ -1,15 +1,15 @@
-// Shows all windows at a glance, by the desktop's own view; shown already, it goes away again.
+// Toggles the desktop's own overview of all windows.
 //
-//   GNOME Shell, Cinnamon   the property OverviewActive, set to what it is not
-//   KWin                    its shortcut "Overview", where it has one
-//   others                  nothing: Xfce, sway and their like have no such view
+//   GNOME Shell, Cinnamon   the property OverviewActive, inverted
+//   KWin                    its shortcut "Overview", if it exists
+//   others                  nothing: Xfce, sway and similar desktops have no overview
 //
-// The desktop is found by asking, each time: shells are restarted, and a name on the bus says more
+// Each call looks for the desktop again: shells restart, and a name on the bus is more reliable
 // than the session's variables.
 //
-// Thread:  the main thread; the bus is spoken to on the desktop thread.
-// Owner:   the program. Destroying it calls off what is under way.
-// Errors:  none; a desktop that does not answer shows nothing.
+// Thread:  the main thread; the desktop thread calls the bus.
+// Owner:   the program. The destructor cancels pending calls.
+// Errors:  none; if the desktop does not reply, nothing is shown.
 #pragma once
 
 #include "platform/linux/session/bus_errand.h"
@@ -28,7 +28,7 @@ public:
     // Does not wait.
     void toggle();
 
-    // False if none was there when it was last looked for. Looks for it again, in the background.
+    // False if the last lookup found no overview. Starts the next lookup in the background.
     bool mayBeThere();
 
 private:

@@ -22,8 +22,8 @@ namespace {
 
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
-// The caller's own session or, for a program that the user's service manager has started, the one
-// on the display.
+// "auto" is the caller's own session or, for a program that the user's service manager has started,
+// the session on the display.
 constexpr const char* ownSession = "/org/freedesktop/login1/session/auto";
 
 constexpr BusMethod lockSession{Bus::system, logind, ownSession, sessionInterface, "Lock"};
@@ -75,7 +75,7 @@ private:
         readLocked();
     }
 
-    // A word that comes late still spares the services that have not been asked yet.
+    // A late report still skips the services that have not been called yet.
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
              [this, kept = alive()](const BusAnswer& answer) {

@@ -1,4 +1,4 @@
-// Locks the screen by whatever the session has for it.
+// Locks the screen through the first service that confirms it.
 //
 // First logind is asked to lock the session. That it agrees says little: it only passes the wish on,
 // and a desktop without a screen locker, or with one that does not listen, does nothing. So the
@@ -8,9 +8,9 @@
 // With none of them `otherwise` is called, unless one may still come up: a service that was asked
 // and is late, or a program that has not ended.
 //
-// Thread:  the main thread; the buses are spoken to on the desktop thread.
-// Owner:   the program. Destroying it calls off what is under way; `otherwise` is not called then.
-// Errors:  each service is given a moment to answer; one that is silent counts as missing.
+// Thread:  the main thread; the desktop thread calls the buses.
+// Owner:   the program. The destructor cancels pending calls; `otherwise` is not called then.
+// Errors:  none; a service that does not reply within its limit counts as missing.
 #pragma once
 
 #include "core/main_queue.h"
@@ -25,9 +25,9 @@ namespace glidemap {
 class LinuxScreenLock : public ScreenLock {
 public:
     struct Patience {
-        // A running service answers in milliseconds, also while the machine is busy locking.
+        // A running service replies within milliseconds, even while the machine is busy locking.
         std::chrono::milliseconds answer{1000};
-        // Between logind's agreement and the session's word: the locker has come up.
+        // From logind's reply to LockedHint: the locker starts in this time.
         std::chrono::milliseconds locked{1000};
         // A service that is started for it, or a program.
         std::chrono::milliseconds start{5000};

@@ -25,15 +25,15 @@ constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/ses
 
 constexpr const char* busDaemon = "org.freedesktop.DBus";
 
-// A machine that starts a session is busy, and nothing waits for these answers.
+// Long, because a machine is busy at login and nothing waits for these replies.
 constexpr std::chrono::seconds patience{60};
 
 constexpr BusErrand::Milliseconds asMilliseconds(std::chrono::seconds seconds) {
     return seconds;
 }
 
-// A program that was started in an earlier login, and lives on in a terminal multiplexer, still
-// belongs to that session, which is closing for good. It says nothing about the user's screen.
+// A program from an earlier login that still runs in a terminal multiplexer belongs to that
+// session, which is closing for good. Such a session says nothing about the user's screen.
 bool isInBackground(GVariantDict* session) {
     gboolean active = TRUE;
     const char* state = "";
@@ -48,7 +48,7 @@ bool isLockedHint(GVariantDict* session) {
     return locked != FALSE;
 }
 
-// Follows logind until the session's end, or calls back never where there is no logind.
+// Follows logind until the session ends. Never calls back if logind is missing.
 class SessionErrand : public BusErrand {
 public:
     struct State {
@@ -61,8 +61,8 @@ public:
     explicit SessionErrand(Told toTell)
         : BusErrand(asMilliseconds(patience)), told(std::move(toTell)) {}
 
-    // The first answer means that the bus is open; the second one is read with the watch set, so
-    // that no change falls between.
+    // The first reply shows that the bus is open. The state is read again after the watch is set,
+    // so that no change in between is lost.
     void begin() override {
         read([this, kept = alive()] {
             watchSession();
@@ -86,8 +86,8 @@ private:
              });
     }
 
-    // logind announces under the session's own name what was asked of it under "auto", so this
-    // hears of the others, too. There are few, and they change rarely. The watch keeps the errand.
+    // logind sends signals under the session's real path, not under "auto", so this watch receives
+    // the signals of all sessions. They are rare. The watch keeps the transaction alive.
     void watchSession() {
         watchProperties(Bus::system, logind, sessionInterface,
                         [kept = alive()] { kept->read({}); });
@@ -139,7 +139,7 @@ private:
     State state;
 };
 
-// Follows the screen savers that run, and those that are started later.
+// Follows the running screen savers, and those that start later.
 class ScreenSaverErrand : public BusErrand {
 public:
     using Told = std::function<void(bool isAnyActive)>;
@@ -173,8 +173,8 @@ private:
              });
     }
 
-    // The daemon passes on what the name's owner sends, and from others nothing. Without the owner
-    // there is no lock either.
+    // The bus daemon filters for signals of the name's owner. When the owner disappears, the lock
+    // ends, too.
     void watchSaver(const ScreenSaver& saver) {
         watch(
             {Bus::session, saver.name, saver.name, "ActiveChanged", nullptr},

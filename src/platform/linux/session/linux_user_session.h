@@ -1,16 +1,16 @@
-// The user's session as logind (or elogind) and the desktop's screen saver report it.
+// Follows the state of the user's session: whether it is in front and whether it is locked.
 //
 //   logind, system bus        Active ──────▶ in front or not
 //                             LockedHint ─┐
-//   screen savers, session bus  active ───┴▶ locked: if any of them says so
+//   screen savers, session bus  active ───┴▶ locked if any of them reports it
 //
-// A console without either service is active and not locked. Both buses are opened in the background
-// and stay open; in between nothing wakes up.
+// Without these services, as on a console, the session is active and not locked. Both connections
+// are opened in the background and stay open; the program wakes up only for their signals.
 //
-// Thread:  as every user session; the buses are spoken to on the desktop thread.
-// Owner:   the program, before and for longer than whatever asks it. Destroying it ends its watch.
-// Errors:  none. A service that falls silent or goes away for a moment leaves the last known state;
-//          a screen saver that goes away locks no longer.
+// Thread:  as every user session; the desktop thread calls the buses.
+// Owner:   the program, before and longer than all its users. The destructor stops the updates.
+// Errors:  none. If logind stops responding or disappears, the last known state remains; if a
+//          screen saver disappears, its lock ends.
 #pragma once
 
 #include "core/main_queue.h"
@@ -34,10 +34,10 @@ public:
 private:
     struct Known;
 
-    // What the main queue's tasks hold weakly.
+    // Main queue tasks hold it weakly.
     std::shared_ptr<LinuxUserSession*> life = std::make_shared<LinuxUserSession*>(this);
     std::shared_ptr<Known> known;
-    BusErrands errands; // end first
+    BusErrands errands; // destroyed first
 };
 
 } // namespace glidemap

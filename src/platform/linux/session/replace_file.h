@@ -1,8 +1,8 @@
-// Replaces a file of the session's, whole (core/whole_file.h): a session that reads it at this
-// moment finds the old content or the new.
+// Replaces a file of the session atomically (core/whole_file.h): a concurrent reader sees either
+// the old content or the new.
 //
-// Thread:  any; blocks for as long as the disk does.
-// Errors:  the system's reason, and the old content is still there.
+// Thread:  any; blocks on the disk.
+// Errors:  the system's error; the old content is then unchanged.
 #pragma once
 
 #include <filesystem>
@@ -11,8 +11,8 @@
 
 namespace glidemap {
 
-// Makes the folders above it, too. A symbolic link to a file keeps pointing: what it points at is
-// replaced. One to anything else is replaced itself: a link to /dev/null is how an entry is masked.
+// Also creates missing parent folders. A symbolic link to a file is followed, and its target is
+// replaced. Any other symbolic link is replaced itself: a link to /dev/null masks an entry.
 std::error_code replaceFile(const std::filesystem::path& target, std::string_view content);
 
 } // namespace glidemap

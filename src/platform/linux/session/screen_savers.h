@@ -1,7 +1,7 @@
-// The screen saver services that desktops have on the session's bus.
+// Lists the screen saver services that desktops provide on the session bus.
 //
 // Thread:  any.
-// Errors:  none; most of them are missing on any one desktop.
+// Errors:  none; on a given desktop most of them are missing.
 #pragma once
 
 #include "platform/linux/session/bus_errand.h"
@@ -13,10 +13,10 @@
 namespace glidemap {
 
 struct ScreenSaver {
-    const char* name = nullptr; // of the service and of its interface
+    const char* name = nullptr; // both the service and its interface
     const char* path = nullptr;
-    const char* desktop = nullptr; // as XDG_CURRENT_DESKTOP names it; null belongs to any
-    bool takesMessage = false;     // Lock() shows one on the locked screen
+    const char* desktop = nullptr; // a value of XDG_CURRENT_DESKTOP; null for all desktops
+    bool takesMessage = false;     // Lock() takes a message for the locked screen
 
     BusMethod method(const char* itsName) const {
         return {Bus::session, name, path, name, itsName};
@@ -25,12 +25,12 @@ struct ScreenSaver {
 
 std::span<const ScreenSaver> screenSavers();
 
-// Those of the session's own desktop first, by the value of XDG_CURRENT_DESKTOP ("ubuntu:GNOME"), then
-// those of any, then the other desktops'.
+// Sorted: the services of this desktop, by the value of XDG_CURRENT_DESKTOP ("ubuntu:GNOME"), then
+// those of all desktops, then those of others.
 std::vector<ScreenSaver> screenSaversFor(std::string_view currentDesktop);
 
-// Whether starting it may be what the user means: it is of this desktop or of any, or the desktop is
-// not known.
+// Whether the service may be started: it belongs to this desktop or to all, or the desktop is
+// unknown.
 bool belongsTo(const ScreenSaver& saver, std::string_view currentDesktop);
 
 } // namespace glidemap

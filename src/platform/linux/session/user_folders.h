@@ -1,8 +1,8 @@
-// Where a user's files are, by the XDG base directories. A variable that is not an absolute path
-// counts as not given.
+// Finds the user's folders by the XDG base directory rules. A variable that is not an absolute path
+// is ignored.
 //
-// Thread:  the main thread; reads the environment, no disk.
-// Errors:  none; without a home the folders are the root's.
+// Thread:  the main thread; reads the environment, not the disk.
+// Errors:  none; without a home folder the paths start at the root.
 #pragma once
 
 #include <filesystem>
@@ -13,14 +13,14 @@ namespace glidemap {
 std::filesystem::path userConfigurationFolder();
 std::filesystem::path userDataFolder();
 
-// For what the program remembers by itself, and the user can lose without a loss.
+// For state that the user can lose without harm.
 std::filesystem::path userStateFolder();
 
-// For what is gone when the user has logged out. Where the session has no such folder, one that is
-// as much the user's own and stays.
+// For files that disappear when the user logs out. If the session has no such folder, returns a
+// private folder that persists.
 std::filesystem::path userRuntimeFolder();
 
-// The most important first.
+// In order of precedence.
 std::vector<std::filesystem::path> systemConfigurationFolders();
 
 } // namespace glidemap

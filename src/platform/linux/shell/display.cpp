@@ -9,7 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Without a name the libraries would try their default ones, which may be somebody else's.
+// Requires the variable: without it the library tries wayland-0, which may belong to another
+// session.
 bool letsInByWayland() {
     const std::string name = fromEnvironment("WAYLAND_DISPLAY");
     wl_display* const display = name.empty() ? nullptr : wl_display_connect(name.c_str());

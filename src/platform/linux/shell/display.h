@@ -1,7 +1,7 @@
-// Whether there is a screen to show anything on. The toolkit aborts a program that tries without.
+// Checks whether a display is available. Qt aborts a program that connects without one.
 //
 // Thread:  any.
-// Errors:  a display that is named and does not let the program in is none.
+// Errors:  none; a display that refuses the connection counts as missing.
 #pragma once
 
 namespace glidemap {

@@ -40,13 +40,13 @@ void LinuxApplicationShell::activate(QWidget& window) {
 }
 
 void LinuxApplicationShell::terminate() {
-    QCoreApplication::exit(0); // quit() would ask every window, and one may say no
+    QCoreApplication::exit(0); // quit() would ask each window, which may refuse
 }
 
 void LinuxApplicationShell::prove(std::string activationToken, std::string launchID) {
     startupID = std::move(launchID);
     if (!activationToken.empty()) {
-        // Where the toolkit looks for it, and takes it away from, at the next activation.
+        // Qt reads the token here, and unsets it, at the next activation.
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
     }
 }

@@ -3,9 +3,9 @@
 // token on Wayland, the time of the user's act on X11. A program started from a terminal has no token; then the desktop is
 // asked as a task bar asks it.
 //
-// Thread:  the main thread, within the application object's life.
+// Thread:  the main thread, while the application object exists.
 // Owner:   the program.
-// Errors:  none; without proof a desktop may leave the window behind and mark it instead.
+// Errors:  none; without proof a desktop may only mark the window as demanding attention.
 #pragma once
 
 #include "app/application_shell.h"
@@ -24,7 +24,7 @@ public:
     void activate(QWidget& window) override;
     void terminate() override;
 
-    // Proof for the next activation, as a launcher gave it; either may be empty.
+    // Sets a launcher's token and startup id for the next activation. Either may be empty.
     void prove(std::string activationToken, std::string launchID);
 
 private:

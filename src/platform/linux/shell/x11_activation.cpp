@@ -44,8 +44,8 @@ void sendToRoot(xcb_connection_t* connection, const xcb_client_message_event_t& 
                    reinterpret_cast<const char*>(&event));
 }
 
-// As whoever carries out the user's own wish: what programs ask for by themselves, window managers
-// may refuse.
+// Sends the request as a pager (source indication 2): window managers may refuse requests from
+// applications.
 void askWindowManager(xcb_connection_t* connection, xcb_window_t window, std::uint32_t time) {
     constexpr std::uint32_t byTheUser = 2;
     auto event = message(window, atom(connection, "_NET_ACTIVE_WINDOW"), 32);

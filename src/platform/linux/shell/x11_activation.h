@@ -1,7 +1,7 @@
-// Bringing a window forward on X11 against whatever else has the focus, and telling a launcher that
-// what it launched has come.
+// Activates a window on X11 even if another one has the focus, and completes the launcher's startup
+// notification.
 //
-// Thread:  the one that uses the connection.
+// Thread:  the connection's thread.
 // Errors:  none.
 #pragma once
 
@@ -14,13 +14,13 @@ using xcb_connection_t = struct xcb_connection_t;
 
 namespace glidemap {
 
-// When the user launched it, as the identifier tells; 0, which stands for now, where it does not.
+// The timestamp in the startup identifier; 0, which means now, if it has none.
 std::uint32_t timeOfLaunch(std::string_view startupID);
 
-// What is broadcast, in the pieces that a message can carry, the last with a 0 at its end.
+// The broadcast message, split into pieces of a client message; the last ends with a 0.
 std::vector<std::string> endOfLaunch(std::string_view startupID);
 
-// The identifier of the launch may be empty.
+// `startupID` may be empty.
 void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID);
 
 } // namespace glidemap

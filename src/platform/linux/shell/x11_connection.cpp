@@ -4,7 +4,7 @@
 
 namespace glidemap {
 
-// The offscreen platform has the interface, too, and no connection behind it.
+// Qt's offscreen platform provides this interface, too, but without a connection.
 xcb_connection_t* x11Connection() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 != nullptr ? x11->connection() : nullptr;

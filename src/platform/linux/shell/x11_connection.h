@@ -1,6 +1,6 @@
-// The toolkit's own connection to the X server.
+// Returns Qt's connection to the X server.
 //
-// Thread:  the main thread, within the application object's life.
+// Thread:  the main thread, while the application object exists.
 // Errors:  null outside X11.
 #pragma once
 

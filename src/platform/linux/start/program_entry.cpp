@@ -1,4 +1,4 @@
-// What the library of the program shows to its loader.
+// The program library's only exported function, for its loader.
 #include "app/program.h"
 
 extern "C" [[gnu::visibility("default")]] int glidemapRunProgram(glidemap::LaunchOption option,

@@ -1,5 +1,5 @@
-// Loads the program's library, from ../lib/glidemap beside the file that runs, as the drivers are.
-// Uses the C library alone, like all that runs before.
+// Loads the program's library from ../lib/glidemap, relative to the executable, as with the
+// drivers. Code that runs before the load may use only the C library.
 #include "app/program.h"
 
 #include <dlfcn.h>
@@ -28,7 +28,7 @@ void goUp(Path& path) {
     }
 }
 
-// "/", which no library is, where there is no path or it is too long.
+// Returns "/", which cannot be loaded, if the path is unknown or too long.
 Path libraryPath() {
     Path folder;
     if (readlink("/proc/self/exe", folder.text, PATH_MAX) < 0) {
@@ -42,7 +42,7 @@ Path libraryPath() {
     return length < PATH_MAX ? path : Path{"/"};
 }
 
-// For everyone, as if it had been linked: what the program loads later finds the same libraries.
+// RTLD_GLOBAL, as if linked: drivers that load later use the same libraries.
 RunProgram loadedProgram() {
     void* const loaded = dlopen(libraryPath().text, RTLD_NOW | RTLD_GLOBAL);
     return loaded != nullptr ? reinterpret_cast<RunProgram>(dlsym(loaded, "glidemapRunProgram"))

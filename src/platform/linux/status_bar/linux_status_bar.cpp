@@ -25,11 +25,11 @@ namespace glidemap {
 
 namespace {
 
-// Every desktop calls it by KDE's name.
-constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // its interface, too
+// All desktops use KDE's name.
+constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // also its interface
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
-// Milliseconds. A watcher that responds later than this is still found then.
+// In milliseconds. A watcher that replies later is still detected then.
 constexpr int patience = 1000;
 constexpr int noTimeout = std::numeric_limits<int>::max();
 
@@ -47,11 +47,11 @@ xcb_atom_t atom(xcb_connection_t* connection, const std::string& name) {
 
 } // namespace
 
-// Items register with a watcher, and a host shows them. A watcher may come before its host, which
-// shows nothing yet: a toolkit that looks for a tray then finds none, and does not look again.
+// Items register with a watcher, and a host shows them. A watcher may start before its host. Qt
+// then finds no tray, and does not look again.
 //
-// The watcher is asked without waiting. The toolkit waits for it, so a watcher that does not respond
-// counts as missing until it does.
+// This class calls the watcher asynchronously. Qt waits for the watcher, so a watcher that does not
+// reply counts as missing until it does.
 class LinuxStatusBar::BusTray {
 public:
     explicit BusTray(std::function<void()> notify)
@@ -91,7 +91,7 @@ private:
         }
     }
 
-    // A watcher that cannot tell of its host is left to the toolkit.
+    // If a watcher cannot report its host, Qt decides.
     State answered() const {
         const QDBusPendingReply<QDBusVariant> answer = *reply;
         if (!answer.isError()) {
@@ -114,13 +114,13 @@ private:
     const std::function<void()> changed;
     State state = State::unknown;
     QDBusServiceWatcher watcher;
-    QTimer hostHasCome; // at once: signals of the bus reach named slots only
+    QTimer hostHasCome; // at once: D-Bus signals need slots with names
     QTimer patienceEnds;
     std::unique_ptr<QDBusPendingCallWatcher> reply;
 };
 
-// A tray owns a selection, and tells every client of the root window when it has just got it. The
-// toolkit has selected for that.
+// A tray owns a selection, and broadcasts a MANAGER message to the root window when it acquires it.
+// Qt has selected these events.
 class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
 public:
     X11Tray(xcb_connection_t* toServer, std::function<void()> told)
@@ -161,7 +161,7 @@ private:
     const xcb_atom_t selection;
 };
 
-// The connection waits for the bus, which nothing here does.
+// Connects on a separate thread, because connecting blocks.
 LinuxStatusBar::LinuxStatusBar()
     : context(std::make_unique<QObject>()),
       connecting(std::async(std::launch::async, [this, receiver = context.get()] {
@@ -180,7 +180,7 @@ void LinuxStatusBar::connected() {
     onBus = std::make_unique<BusTray>([this] { observers.announceDidChange(); });
 }
 
-// A bar on the bus comes first, so there is none while it is not known.
+// A bar on the bus is preferred, so this returns `none` until the bus has replied.
 StatusBar::Kind LinuxStatusBar::kind() {
     if (onBus == nullptr || onBus->isUnknown()) {
         return Kind::none;

@@ -1,10 +1,10 @@
-// The status bar of a Linux desktop: one that is told of items over the session's bus
-// (StatusNotifierItem), or, on X11, one that gives each a window to draw in (XEmbed).
+// Detects the status bar of a Linux desktop: StatusNotifierItem on the session bus, or XEmbed on
+// X11, where each item draws into its own window.
 //
-// Nothing here waits for the bus or for a program on it. What is not known yet counts as no bar, and
-// a change follows.
+// No call waits for the bus or for a program on it. An unknown state counts as no bar, and a later
+// change is reported.
 //
-// Thread:  the main thread, within the application object's life.
+// Thread:  the main thread, while the application object exists.
 // Owner:   the program.
 // Errors:  none; without a bus, and outside X11, there is no bar.
 #pragma once
@@ -35,7 +35,7 @@ private:
     std::unique_ptr<BusTray> onBus; // null until the bus is connected
     std::unique_ptr<X11Tray> onX11; // null outside X11
     std::unique_ptr<QObject> context;
-    std::future<void> connecting; // goes first, and waits for the connection
+    std::future<void> connecting; // destroyed first; waits for the connection
 };
 
 } // namespace glidemap

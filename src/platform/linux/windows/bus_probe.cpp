@@ -28,7 +28,7 @@ struct SocketName {
     socklen_t length = 0;
 };
 
-// Of one address: "unix:path=/run/user/1000/bus,guid=…".
+// Parses one address, such as "unix:path=/run/user/1000/bus,guid=…".
 std::optional<SocketName> socketNameIn(std::string_view address) {
     constexpr std::string_view transport = "unix:";
     if (!address.starts_with(transport)) {
@@ -66,7 +66,7 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left, 0));
 }
 
-// A socket that is full of waiting connections refuses at once, and has room again later.
+// A socket with a full backlog refuses at once, and has room again later.
 bool connectUntil(const OpenFile& socket, const SocketName& name, Clock::time_point deadline) {
     constexpr int attemptInterval = 10; // milliseconds
     while (connect(socket.descriptor(), reinterpret_cast<const sockaddr*>(&name.address),
@@ -79,7 +79,8 @@ bool connectUntil(const OpenFile& socket, const SocketName& name, Clock::time_po
     return true;
 }
 
-// The first words of D-Bus's authentication, as the libraries say them. Any response will do.
+// The start of D-Bus authentication, as the libraries send it. Any reply proves that the bus
+// responds.
 std::string firstWords() {
     const std::string user = std::to_string(geteuid());
     std::string words(1, '\0');
@@ -111,14 +112,14 @@ bool respondsAt(const SocketName& name, std::chrono::milliseconds patience) {
 
 } // namespace
 
-// The libraries try the addresses of a list in turn, and a silent one keeps them from the next.
+// The libraries try the addresses of a list in order, and a stuck one blocks the rest.
 bool busResponds(const std::string& address, std::chrono::milliseconds patience) {
     const std::string first = address.substr(0, address.find(';'));
     const auto name = socketNameIn(first);
     return !name || respondsAt(*name, patience);
 }
 
-// GIO chooses once. Launched programs must not inherit the choice.
+// GIO chooses its implementation once. Launched programs must not inherit the variable.
 void useFilesWithoutBus() {
     constexpr const char* variable = "GIO_USE_VFS";
     if (std::getenv(variable) != nullptr) {

@@ -1,8 +1,8 @@
-// Finds out whether a message bus responds at all. A bus whose process is stopped or stuck still accepts
-// connections, and the D-Bus libraries wait for it for ever, or for half a minute.
+// Checks whether a message bus responds. A bus whose process is stopped or stuck still accepts
+// connections, and the D-Bus libraries wait for it for half a minute or without limit.
 //
-// Thread:  any; waits for the bus, for at most the given time.
-// Errors:  a bus that cannot be reached does not respond.
+// Thread:  any; blocks for at most the given time.
+// Errors:  none; a bus that cannot be reached does not respond.
 #pragma once
 
 #include <chrono>
@@ -10,13 +10,13 @@
 
 namespace glidemap {
 
-// Opens a connection of its own and begins to authenticate. An address of another kind than
-// unix:path and unix:abstract counts as responding, since only the libraries can connect to it.
+// Opens a separate connection and starts authentication. Addresses other than unix:path and
+// unix:abstract count as responding, because only the libraries can connect to them.
 bool busResponds(const std::string& address, std::chrono::milliseconds patience);
 
-// Has GIO open files of this machine only, for the rest of the process. Otherwise its file functions
-// connect to the session bus where gvfs is installed, and wait for it for ever. To be called before
-// other threads use GIO or read the environment.
+// Limits GIO to local files for the rest of the process. Otherwise, if gvfs is installed, its file
+// functions connect to the session bus and wait without limit. Call this before other threads use
+// GIO or read the environment.
 void useFilesWithoutBus();
 
 } // namespace glidemap

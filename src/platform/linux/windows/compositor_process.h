@@ -1,7 +1,7 @@
-// Which process serves the Wayland display of this session.
+// Finds the process that serves the Wayland display of this session.
 //
-// Thread:  any; waits for nothing: a connection is made and closed again.
-// Errors:  nullopt if the display cannot be reached, or if the system does not tell.
+// Thread:  any; does not block: it connects and disconnects.
+// Errors:  nullopt if the display cannot be reached, or if the system does not report the process.
 #pragma once
 
 #include <sys/types.h>
@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// Of WAYLAND_DISPLAY, in XDG_RUNTIME_DIR.
+// The server of WAYLAND_DISPLAY in XDG_RUNTIME_DIR.
 std::optional<pid_t> compositorProcess();
 
 } // namespace glidemap

@@ -1,7 +1,7 @@
-// Which backends to try in this session, and in which order: the one place that names them all.
+// Lists the backends to try in this session, in order. Only this file knows all of them.
 //
 // Thread:  any; reads the environment.
-// Errors:  none. Without a desktop there is nothing to try.
+// Errors:  none; without a desktop the list is empty.
 #pragma once
 
 #include "platform/linux/windows/desktop_thread.h"
@@ -14,9 +14,8 @@ namespace glidemap {
 
 enum class DesktopKind { gnome, kwin, wlroots, x11 };
 
-// By the values of WAYLAND_DISPLAY and DISPLAY, empty if unset. Under Wayland each compositor is
-// known by its own way of telling, and X11 comes last: it shows only the windows of X11 programs,
-// which are better than none.
+// Takes the values of WAYLAND_DISPLAY and DISPLAY, empty if unset. Under Wayland each compositor
+// has its own protocol. X11 comes last there, because it shows only the windows of X11 programs.
 std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::string_view display);
 
 std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread);

@@ -15,9 +15,9 @@ namespace glidemap {
 namespace {
 
 constexpr int noTimeout = G_MAXINT;
-constexpr int busTimeout = 5000; // milliseconds; the bus itself answers in less than one
+constexpr int busTimeout = 5000; // milliseconds; the bus itself replies in less than one
 
-// A working bus responds within a millisecond, at a busy login perhaps within some hundred.
+// A working bus responds within a millisecond, or within some hundred at a busy login.
 constexpr std::chrono::milliseconds silentBusPatience{3000};
 
 struct NameWatch {
@@ -56,7 +56,7 @@ void tellAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
 void tellHeard(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
                const char* /*interface*/, const char* signal, GVariant* values, gpointer heard) {
     const DesktopBus::Heard tell = *static_cast<DesktopBus::Heard*>(heard);
-    tell(signal, values); // a copy: it may end its own subscription
+    tell(signal, values); // a copy, because the callback may end its own subscription
 }
 
 const char* orAny(const std::string& text) {
@@ -87,7 +87,7 @@ std::unique_ptr<DesktopBus> DesktopBus::open() {
 }
 
 DesktopBus::DesktopBus(GDBusConnection* opened) : _connection(opened) {
-    // The library's habit is to end the program when the bus goes.
+    // The library's default is to exit the process when the bus disconnects.
     g_dbus_connection_set_exit_on_close(_connection, FALSE);
 }
 

@@ -1,10 +1,10 @@
-// A connection of a backend's own to the session's bus, which it shares with nobody: its unique
-// name is known to no one but whoever the backend tells it.
+// A backend's private connection to the session bus. Its unique name is known only to the services
+// that the backend sends it to.
 //
-// Thread:  opened, used and destroyed on the desktop thread, where everything is reported; nothing
-//          is after it is gone.
+// Thread:  the desktop thread opens, uses and destroys it, and runs all callbacks; none runs after
+//          the destruction.
 // Owner:   a backend.
-// Errors:  a bus that breaks off is told as its names vanishing.
+// Errors:  a lost connection is reported as the disappearance of its names.
 #pragma once
 
 #include <functional>
@@ -24,13 +24,13 @@ struct BusObject {
     std::string interface;
 };
 
-// Whether an error says that there is no such object, or that it has no such method: not yet, or
-// in another version.
+// Whether the error means that the object or its method is missing: not yet available, or another
+// version.
 bool isUnknownOnTheBus(const GError& error);
 
 class DesktopBus {
 public:
-    // Null if there is no bus, or if it accepts connections and does not respond for some seconds.
+    // Returns null if the bus is missing, or does not respond within some seconds.
     static std::unique_ptr<DesktopBus> open();
 
     explicit DesktopBus(GDBusConnection* opened);
@@ -38,23 +38,24 @@ public:
     DesktopBus& operator=(const DesktopBus&) = delete;
     ~DesktopBus();
 
-    // Told at once how it is, and then every change. A restart is a vanishing and an appearing.
+    // Reports the current owner at once, and then every change. A restart is reported as vanished
+    // and appeared.
     void watchName(const char* name, std::function<void(const std::string& owner)> appeared,
                    std::function<void()> vanished);
 
-    // Exactly one of the two is null. It may take as long as the other side takes.
+    // Exactly one of the two is null. The reply has no time limit of its own.
     using Answer = std::function<void(GVariant* values, const GError* error)>;
     void call(const BusObject& object, const char* method, GVariant* arguments, Answer answer);
 
-    // The same, where nobody needs to know. Sent before the connection ends.
+    // Sends a call without a reply. It is sent before the connection closes.
     void tell(const BusObject& object, const char* method, GVariant* arguments);
 
-    // Every signal of the object; an empty path or interface stands for any.
+    // Receives every signal of the object; an empty path or interface matches any.
     using Heard = std::function<void(const std::string& signal, GVariant* values)>;
     unsigned subscribe(const BusObject& object, Heard heard);
     void unsubscribe(unsigned subscription);
 
-    // Waits for the bus itself, and for no program on it.
+    // Blocks on the bus daemon only, not on other programs.
     bool isOwned(const char* name) const;
 
     std::string uniqueName() const;
@@ -67,7 +68,7 @@ private:
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);
 };
 
-// Whether the session is one of these ("KDE", "GNOME"), as it says itself.
+// Whether XDG_CURRENT_DESKTOP contains this name ("KDE", "GNOME").
 bool isCurrentDesktop(const std::string& desktop);
 
 } // namespace glidemap

@@ -26,15 +26,15 @@ void forget(gpointer work) {
 }
 
 gboolean tellReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointer readable) {
-    // It may end its own watch: GLib keeps the function until it has returned.
+    // The callback may end its own watch: GLib keeps the function until it has returned.
     (*static_cast<std::function<void()>*>(readable))();
     return G_SOURCE_CONTINUE;
 }
 
 } // namespace
 
-// The work waits in a queue of ours, under a lock that the thread sanitizer sees: GLib's own, by
-// which it is told that something waits, are invisible to it.
+// Tasks wait in our own queue, with a mutex that the thread sanitizer can see. GLib's queue uses
+// synchronization that the sanitizer cannot see.
 struct DesktopThread::State {
     GMainContext* context = g_main_context_new();
     GMainLoop* loop = g_main_loop_new(context, FALSE);

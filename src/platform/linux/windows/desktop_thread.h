@@ -1,8 +1,7 @@
-// The one thread that listens to the desktop: X11, Wayland and D-Bus. It sleeps until one of them
-// has something to say.
+// The thread that listens to the desktop: X11, Wayland and D-Bus. It sleeps until an event arrives.
 //
-// Thread:  submit() and call() on any; call() not from the thread itself's tasks.
-// Owner:   the program makes one before, and destroys it after, whatever lives on it.
+// Thread:  submit() and call() on any thread; call() must not run in the thread's own tasks.
+// Owner:   the program. It outlives everything that lives on the thread.
 // Errors:  none.
 #pragma once
 
@@ -22,17 +21,17 @@ public:
     DesktopThread& operator=(const DesktopThread&) = delete;
     ~DesktopThread();
 
-    // Runs the work on the thread, later, in order. Its context is the thread's default one there,
-    // so what is subscribed within reports there, too.
+    // Runs the task later, in order. The thread's context is the default one during the task, so
+    // GLib subscriptions report on this thread.
     void submit(std::function<void()> work);
 
-    // The same, and waits for it.
+    // Like submit(), but waits until the task has run.
     void call(const std::function<void()>& work);
 
     GMainContext* context() const;
 
-    // What is being waited for; no longer when it goes, which may be in the function that it calls.
-    // To be made, used and destroyed on the thread.
+    // A registered callback; its destruction, which the callback itself may cause, cancels it.
+    // Create, use and destroy it on the thread.
     class Watch {
     public:
         Watch();
@@ -47,10 +46,10 @@ public:
         std::unique_ptr<Source> source;
     };
 
-    // Calls the function whenever the descriptor can be read, or its other end has gone.
+    // Calls the function whenever the descriptor becomes readable or its peer has closed it.
     Watch watch(int descriptor, std::function<void()> readable);
 
-    // Calls the function once, when that much time has passed.
+    // Calls the function once, after the delay.
     Watch after(std::chrono::milliseconds delay, std::function<void()> due);
 
 private:

@@ -19,10 +19,10 @@ namespace {
 constexpr const char* shellName = "org.gnome.Shell";
 constexpr const char* settingsName = "org.gnome.shell";
 constexpr const char* shellPath = "/org/gnome/Shell";
-constexpr int shellTimeout = 5000; // milliseconds; a stuck shell should not hold up a window
+constexpr int shellTimeout = 5000; // milliseconds; a stuck shell must not block a window for longer
 constexpr int firstVersionOfModules = 45;
 
-// The shell's own numbers for what an extension can be.
+// The shell's constants for the state of an extension.
 constexpr int shellSaysEnabled = 1;
 constexpr int shellSaysError = 3;
 constexpr int shellSaysOutOfDate = 4;
@@ -34,12 +34,12 @@ Value owned(GVariant* value) {
 }
 
 struct Answer {
-    Value values{nullptr, g_variant_unref}; // null if there was none
+    Value values{nullptr, g_variant_unref}; // null on error
     std::string error;
-    bool shellIsStarting = false; // its name comes first, its objects later
+    bool shellIsStarting = false; // the shell owns its name before its objects exist
 };
 
-// The arguments are taken.
+// Consumes the arguments.
 Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVariant* arguments,
            const char* type) {
     GError* failure = nullptr;
@@ -58,7 +58,7 @@ Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVa
 
 constexpr const char* extensions = "org.gnome.Shell.Extensions";
 
-// None, with the reason, if the shell does not tell.
+// Returns nullopt and sets the error if the shell does not reply.
 std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
     const Answer answer = ask(bus, "org.freedesktop.DBus.Properties", "Get",
                               g_variant_new("(ss)", "org.gnome.Shell", "ShellVersion"), "(v)");
@@ -77,7 +77,7 @@ std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
 }
 
 std::filesystem::path installedFolder() {
-    // Read anew each time, unlike GLib's own answer.
+    // Reads the variable each time, unlike GLib, which caches it.
     const char* const data = std::getenv("XDG_DATA_HOME");
     const std::filesystem::path base =
         data != nullptr && *data == '/' ? std::filesystem::path(data)
@@ -85,7 +85,7 @@ std::filesystem::path installedFolder() {
     return base / "gnome-shell/extensions" / GnomeExtension::uuid;
 }
 
-// The settings of the shell, null where it is not installed.
+// The settings of the shell; null if their schema is not installed.
 using Settings = std::unique_ptr<GSettings, decltype(&g_object_unref)>;
 
 Settings shellSettings() {
@@ -123,7 +123,7 @@ bool setList(GSettings* settings, const char* key, const std::vector<std::string
     return g_settings_set_strv(settings, key, words.data()) != FALSE;
 }
 
-// As the shell does it for an extension that it knows.
+// As the shell itself does for an extension that it has loaded.
 std::optional<std::string> enableAtNextLogin() {
     const Settings settings = shellSettings();
     if (settings == nullptr) {
@@ -151,7 +151,7 @@ bool isEnabledAtNextLogin() {
            !isListedIn(settings.get(), "disabled-extensions");
 }
 
-// The extension tells no other program of windows.
+// The extension sends windows only to the program behind this link.
 void linkToThisProgram(const std::filesystem::path& link, std::error_code& error) {
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     if (!error) {
@@ -178,7 +178,7 @@ std::optional<std::string> copyForm(const std::filesystem::path& from) {
     return error ? std::optional(to.string() + ": " + error.message()) : std::nullopt;
 }
 
-// The shell's words on an extension that it knows; without any it does not know it.
+// `words` is the shell's reply about a loaded extension; it is empty for an unknown one.
 GnomeExtension::Status statusFrom(GVariant* words) {
     double number = 0;
     if (!g_variant_lookup(words, "state", "d", &number)) {

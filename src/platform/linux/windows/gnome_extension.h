@@ -1,10 +1,10 @@
-// Puts our extension into GNOME Shell when the user asks for it, and tells how it stands with it.
+// Installs our extension into GNOME Shell on the user's request, and reports its state.
 //
-// A shell reads its extensions when it starts: one that was just copied works from the next login.
+// A shell loads its extensions on startup: a new extension works from the next login.
 //
-// Thread:  any, but one at a time; waits for the shell, a few seconds if that is stuck.
-// Owner:   whoever offers it to the user.
-// Errors:  as text for the user, in the system's words.
+// Thread:  any, but one call at a time; waits for the shell, a few seconds if that is stuck.
+// Owner:   the desktop helper.
+// Errors:  as text for the user, from the system.
 #pragma once
 
 #include <filesystem>
@@ -16,12 +16,12 @@ namespace glidemap {
 class GnomeExtension {
 public:
     enum class State {
-        noShell,     // this is not GNOME, or it is still starting
-        missing,     // it could be installed
-        atNextLogin, // installed, and the shell has not seen it yet
-        off,         // the shell knows it and does not run it
+        noShell,     // this is not GNOME, or the shell is still starting
+        missing,     // can be installed
+        atNextLogin, // installed, but the running shell has not loaded it
+        off,         // the shell has loaded it but it is disabled
         on,
-        failed, // the shell cannot run it: see the error
+        failed, // the shell reports an error
     };
 
     struct Status {
@@ -33,13 +33,13 @@ public:
 
     static constexpr const char* uuid = "glidemap@glidemap";
 
-    // Where the program keeps the forms of the extension: a folder with up-to-44 and from-45.
+    // The folder of the extension's two versions, up-to-44 and from-45.
     explicit GnomeExtension(std::filesystem::path forms);
 
     Status status() const;
 
-    // Copies the form that suits the running shell for this user, and has it enabled. None if all
-    // went well.
+    // Copies the version for the running shell to the user's folder, and enables it. Returns
+    // nullopt on success.
     std::optional<std::string> install() const;
 
 private:

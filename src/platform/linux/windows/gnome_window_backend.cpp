@@ -59,10 +59,10 @@ struct GnomeWindowBackend::State {
     WindowListener* listener = nullptr;
     ToldWindows told;
     std::unique_ptr<DesktopBus> bus;
-    std::string shell; // the unique name of its owner
+    std::string shell; // the unique bus name of the shell
     bool isBelieved = false;
     unsigned subscription = 0;
-    GVariant* latest = nullptr; // the message that told last how things stand
+    GVariant* latest = nullptr; // the latest report
 
     ~State() { forgetLatest(); }
 
@@ -86,7 +86,7 @@ struct GnomeWindowBackend::State {
     }
 };
 
-// Before it is asked, so that nothing is missed in between.
+// Subscribe before the query, so that no change in between is lost.
 void GnomeWindowBackend::State::appeared(const std::string& owner) {
     shell = owner;
     subscription = bus->subscribe(windowsOf(owner),
@@ -102,8 +102,8 @@ void GnomeWindowBackend::State::appeared(const std::string& owner) {
     check(owner);
 }
 
-// Any program can own the name while the shell does not. The shell has the name a moment before it
-// serves the display; its extensions start after that.
+// Any program can own the name while the shell does not. The shell owns the name shortly before it
+// serves the display, and loads its extensions after that.
 void GnomeWindowBackend::State::check(const std::string& owner) {
     bus->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
               "GetConnectionUnixProcessID", g_variant_new("(s)", owner.c_str()),
@@ -141,7 +141,7 @@ void GnomeWindowBackend::State::ask(const std::string& owner) {
                   if (error == nullptr) {
                       hear(message);
                   } else {
-                      tellNone(); // the extension may still come, and tells, then
+                      tellNone(); // the extension may still start, and reports then
                   }
               });
 }
@@ -157,7 +157,7 @@ void GnomeWindowBackend::State::hear(GVariant* message) {
               active.empty() ? std::nullopt : std::optional(active.front()));
 }
 
-// As the extension has told them. Null if there is none.
+// In the extension's format. Null if no window matches.
 GVariant* GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     if (latest == nullptr) {
         return nullptr;
@@ -184,8 +184,7 @@ GVariant* GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) cons
     return windows;
 }
 
-// An extension of an earlier version, which the shell runs until the user logs in again, does not
-// know the method.
+// An extension of an earlier version, which runs until the next login, lacks the method.
 void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<void()> otherwise) {
     bus->call(windowsOf(shell), "BringForward", g_variant_new("(@a(ssssu))", windows),
               [refused = std::move(otherwise)](GVariant* values, const GError* error) {

@@ -1,11 +1,11 @@
-// The windows of GNOME Shell, as our extension in it tells them (packaging/gnome-shell): there is
-// no other way to learn them. Without it, and while the screen is locked, which ends it for so long,
-// there are none.
+// Gets the windows of GNOME Shell from our extension (packaging/gnome-shell); the shell has no
+// other interface for them. There are no windows without the extension, or while the screen is
+// locked, which disables it.
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.
-// Errors:  messages of another shape are ignored. Only the shell of this session is believed: the
-//          owner of its name must be the process that serves the Wayland display.
+// Errors:  messages of an unexpected type are ignored. Only the shell of this session is accepted:
+//          the owner of its name must be the process that serves the Wayland display.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -19,7 +19,7 @@ public:
     GnomeWindowBackend();
     ~GnomeWindowBackend() override;
 
-    // True also if the session is GNOME's and the shell, or the extension, still has to come.
+    // Also true if the session is GNOME but the shell or the extension has not started yet.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
     void prove(const LaunchedApplication& application,

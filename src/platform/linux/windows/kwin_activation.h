@@ -1,8 +1,9 @@
-// Gives the focus to a window of KWin's: only a script that runs in it can.
+// Activates a window of KWin, which only a script inside KWin can do.
 //
 // Thread:  the desktop thread.
-// Owner:   the answers to its own calls keep it alive; nothing is called once the bus has gone.
-// Errors:  told to `otherwise`.
+// Owner:   the callbacks of its own calls keep it alive; no callback runs after the bus is
+//          destroyed.
+// Errors:  calls `otherwise`.
 #pragma once
 
 #include "platform/linux/windows/desktop_bus.h"
@@ -12,7 +13,7 @@
 
 namespace glidemap {
 
-// The owner is KWin's unique name.
+// `owner` is KWin's unique bus name.
 void activateInKWin(DesktopBus& bus, const std::string& owner, const std::string& handle,
                     std::function<void()> otherwise);
 

@@ -9,11 +9,11 @@ namespace glidemap {
 
 namespace {
 
-// For Plasma 5 and 6, which call the same things clients and windows.
+// Supports Plasma 5 and 6, which use the names client and window for the same objects.
 //
-// A change of focus passes through no window at all, and a window that closes is still listed while
-// the next one is activated: a timer of no time lets KWin finish before it is reported. The window
-// may get its names after it was added, where it is an X11 program's.
+// While the focus moves, no window is active for a moment, and a closed window is still listed
+// while the next one is activated. A zero timer lets KWin finish before the report. An X11 program
+// may set the names of a window after it was added.
 constexpr const char* reportingScript = R"((function () {
     const isSix = workspace.windowActivated !== undefined;
 
@@ -32,8 +32,9 @@ constexpr const char* reportingScript = R"((function () {
         return (window.normalWindow || window.dialog) && !window.skipTaskbar;
     }
 
-    // A program that has gone without taking the script along hears nothing, and need not be told.
-    const mostUnheard = 50;
+    // Stops reporting after this many reports without a reply: the program has exited without
+    // unloading the script.
+    const maxUnheard = 50;
     let unheard = 0;
 
     function heard() {
@@ -41,7 +42,7 @@ constexpr const char* reportingScript = R"((function () {
     }
 
     function report() {
-        if (unheard++ > mostUnheard) {
+        if (unheard++ > maxUnheard) {
             return;
         }
         const all = isSix ? workspace.windowList() : workspace.clientList();
@@ -98,7 +99,7 @@ constexpr const char* activatingScript = R"((function () {
 )";
 
 std::string constant(const char* name, const std::string& value) {
-    // As JSON writes a string, so does the script's language.
+    // JSON strings are valid in the script's language.
     return std::string("const ") + name + " = " + nlohmann::json(value).dump() + ";\n";
 }
 

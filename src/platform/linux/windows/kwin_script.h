@@ -1,8 +1,8 @@
-// What KWin is given to run, and what comes back: KWin tells of its windows to nobody but the
-// scripts that run in it.
+// Creates the scripts for KWin and parses their reports: KWin exposes its windows only to scripts
+// that run inside it.
 //
 // Thread:  any.
-// Errors:  a report that makes no sense is none; a window in it that makes none is left out.
+// Errors:  returns nullopt for an invalid report; an invalid window in a report is omitted.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -14,22 +14,21 @@
 
 namespace glidemap {
 
-// Where the script calls back.
+// The object path that the script calls.
 constexpr const char* kwinReportPath = "/org/glidemap/Windows";
 constexpr const char* kwinReportInterface = "org.glidemap.KWinWindows";
 constexpr const char* kwinReportMethod = "Report";
 
-// The script reports at once how things stand, and then after every change, to whoever has this
-// name on the bus.
+// The script sends the current state at once, and then every change, to this bus name.
 std::string kwinScriptReportingTo(const std::string& busName);
 
-// Gives the focus to the window of this handle, if there still is one: restored, and on its workspace.
+// Activates the window with this handle, if it exists: restores it, on its workspace.
 std::string kwinScriptActivating(const std::string& handle);
 
 struct KWinReport {
     std::vector<WindowIdentity> windows;
     std::optional<WindowIdentity> active;
-    std::vector<std::string> handles = {}; // of the windows, in their order
+    std::vector<std::string> handles = {}; // of the windows, in the same order
     std::string activeHandle = {};
 
     friend bool operator==(const KWinReport&, const KWinReport&) = default;

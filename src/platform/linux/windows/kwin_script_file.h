@@ -1,8 +1,9 @@
-// A script as a file that nobody else can read or replace, and the name that KWin is given for it.
+// Writes a script to a file that no other user can read or replace, and names it for KWin.
 //
 // Thread:  the desktop thread.
-// Owner:   what has the script loaded, until KWin has read the file: when it is told to run it.
-// Errors:  a file that could not be written is not whole.
+// Owner:   the code that loads the script, until KWin has read the file: KWin reads it when it runs
+//          it.
+// Errors:  `whole` is false if the file could not be written.
 #pragma once
 
 #include "platform/linux/windows/desktop_bus.h"
@@ -17,14 +18,14 @@ public:
     KWinScriptFile(const KWinScriptFile&) = delete;
     KWinScriptFile& operator=(const KWinScriptFile&) = delete;
 
-    // Removes it.
+    // Removes the file.
     ~KWinScriptFile();
 
     bool whole = false;
     std::string path;
 };
 
-// KWin keeps one script of a name, whichever program has loaded it.
+// KWin keeps one script per name, for all programs.
 std::string newKWinScriptName(const DesktopBus& bus);
 
 } // namespace glidemap

@@ -14,12 +14,12 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
     DesktopBus& bus;
     std::string owner;
     std::function<void()> refused;
-    unsigned starting = 0; // a subscription, while KWin is
+    unsigned starting = 0; // a subscription while KWin is starting
     bool asking = false;
     bool askAgain = false;
     std::optional<KWinScriptFile> file;
-    // Of this load alone: a name that another process, or an earlier one of ours that is still
-    // ending, unloads is gone for all.
+    // Unique for each load: unloading is by name, so another process, or an earlier instance that
+    // is still exiting, would unload this script, too.
     const std::string scriptName;
 
     State(DesktopBus& onBus, std::string kwin, std::function<void()> tellRefused)
@@ -28,7 +28,7 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
 
     BusObject scripting() const { return {owner, "/Scripting", "org.kde.kwin.Scripting"}; }
 
-    // What is done with an answer while somebody still waits for it.
+    // Drops the reply if the loader has been destroyed.
     template <typename Work>
     DesktopBus::Answer then(Work work) {
         return [weak = weak_from_this(), work](GVariant* values, const GError* error) {
@@ -99,7 +99,7 @@ void KWinScriptLoader::State::load() {
              }));
 }
 
-// Plasma 6 has the script at the one path, Plasma 5 at the other.
+// Plasma 6 exports the script at the first path, Plasma 5 at the second.
 void KWinScriptLoader::State::run(const std::string& path, const std::string& orElse) {
     bus.call({owner, path, "org.kde.kwin.Script"}, "run", nullptr,
              then([orElse](State& here, GVariant*, const GError* error) {

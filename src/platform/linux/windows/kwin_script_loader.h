@@ -1,12 +1,12 @@
-// Gets the script into one running KWin, and out of it again.
+// Loads the script into one running KWin, and unloads it again.
 //
-// KWin's name is on the bus before its scripting is. It says this and that on the bus while it
-// starts, last of all when scripting is there; after each of these it is asked again, and so there
-// is no timer.
+// KWin owns its bus name before its scripting interface exists. While it starts it sends several
+// signals, the last one when scripting is available. The loader retries after each signal, so it
+// needs no timer.
 //
 // Thread:  the desktop thread.
-// Owner:   the backend, from KWin's appearing to its vanishing.
-// Errors:  a script that KWin refuses for good is told as that.
+// Owner:   the backend, while KWin is on the bus.
+// Errors:  calls `refused` if KWin rejects the script for good.
 #pragma once
 
 #include "platform/linux/windows/desktop_bus.h"
@@ -19,7 +19,8 @@ namespace glidemap {
 
 class KWinScriptLoader {
 public:
-    // The owner is KWin's unique name: what another one of its name does is no concern of this.
+    // `owner` is KWin's unique bus name, so that a later owner of the well-known name is not
+    // called.
     KWinScriptLoader(DesktopBus& bus, std::string owner, std::function<void()> refused);
     KWinScriptLoader(const KWinScriptLoader&) = delete;
     KWinScriptLoader& operator=(const KWinScriptLoader&) = delete;

@@ -37,10 +37,10 @@ struct KWinWindowBackend::State {
     WindowListener* listener = nullptr;
     ToldWindows told;
     std::unique_ptr<DesktopBus> bus;
-    std::unique_ptr<KWinScriptLoader> loader; // while KWin is there
+    std::unique_ptr<KWinScriptLoader> loader; // while KWin is on the bus
     unsigned object = 0;
     KWinReport latest;
-    std::map<std::string, std::uint64_t> lastUses; // of windows by handle; counts up over all
+    std::map<std::string, std::uint64_t> lastUses; // of windows by handle; one counter for all
     std::uint64_t uses = 0;
 
     ~State() {
@@ -100,7 +100,7 @@ void KWinWindowBackend::State::noteUse() {
     }
 }
 
-// The handle, or nothing.
+// The handle; empty if no window matches.
 std::string KWinWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     std::string best;
     std::uint64_t lastUse = 0;

@@ -1,10 +1,10 @@
-// The windows of KWin, Plasma's compositor: a script that runs in it calls back whenever they
-// change (see KWinScriptLoader). KWin may restart; the script is loaded again, then.
+// Gets the windows of KWin, Plasma's compositor, from a script inside KWin that reports every
+// change (see KWinScriptLoader). If KWin restarts, the script is loaded again.
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.
-// Errors:  a KWin that is away, or does not want the script, has no windows. A report is believed
-//          only if it comes from the owner of KWin's name.
+// Errors:  none; if KWin is absent or rejects the script, there are no windows. Only reports from
+//          the owner of KWin's name are accepted.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -18,7 +18,7 @@ public:
     KWinWindowBackend();
     ~KWinWindowBackend() override;
 
-    // True also if the session is Plasma's and KWin still has to come.
+    // Also true if the session is Plasma but KWin has not started yet.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 

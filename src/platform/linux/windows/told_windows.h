@@ -1,7 +1,7 @@
-// What a backend has told its listener so far, so that it tells only what has changed.
+// Remembers a backend's last report to its listener, and forwards only changes.
 //
-// A title alone is no change where the application is known without it: programs that show their
-// progress there would keep the workspace busy for nothing.
+// A new title alone is no change if the application is known without it: programs that show
+// progress in the title would keep the workspace busy.
 //
 // Thread:  the desktop thread.
 // Owner:   a backend.
@@ -17,8 +17,8 @@ namespace glidemap {
 
 class ToldWindows {
 public:
-    // How things stand now. The first time everything is told, and from then on what is new:
-    // the windows first, so that the active one is always among them if it was listed.
+    // Takes the current state. The first call reports everything, later calls only changes. The
+    // windows come first, so that an active window that is listed is already known.
     void tell(WindowListener& listener, std::vector<WindowIdentity> windows,
               std::optional<WindowIdentity> active);
 

@@ -1,9 +1,9 @@
-// Ports between the desktops and the workspace: a backend knows one kind of desktop and tells which
-// windows there are and which one is active, as it happens; it never asks on a timer.
+// Ports between the desktops and the workspace. A backend supports one kind of desktop and reports
+// its windows and the active one, on events and without polling.
 //
 // Thread:  everything here runs on the desktop thread (see DesktopThread).
-// Owner:   the workspace owns the backend, and listens to it until it is destroyed.
-// Errors:  a desktop that goes away is told as no windows.
+// Owner:   the workspace owns the backend, and listens to it until it destroys it.
+// Errors:  a desktop that exits is reported as no windows.
 #pragma once
 
 #include <sys/types.h>
@@ -16,7 +16,7 @@
 
 namespace glidemap {
 
-// What a desktop says about a window. Empty where it says nothing.
+// The properties that a desktop reports for a window. Unknown ones are empty.
 struct WindowIdentity {
     std::string appID;    // Wayland's app id, or the class of WM_CLASS
     std::string instance; // the instance of WM_CLASS
@@ -33,12 +33,12 @@ public:
     WindowListener& operator=(const WindowListener&) = delete;
     virtual ~WindowListener() = default;
 
-    // None while no window is active.
+    // Nullopt if no window is active.
     virtual void activeWindowChanged(const std::optional<WindowIdentity>& window) = 0;
     virtual void windowsChanged(const std::vector<WindowIdentity>& windows) = 0;
 };
 
-// Whether a window is one of those that are meant.
+// Whether to choose this window.
 using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 
 // What lets a program that is launched have the focus, although another has it. Each may be empty.
@@ -62,13 +62,13 @@ public:
     WindowBackend& operator=(const WindowBackend&) = delete;
     virtual ~WindowBackend() = default;
 
-    // False if this desktop is not of the backend's kind. On true the listener has heard, or hears
-    // soon, how things stand now, and then every change.
+    // Returns false if this desktop is of another kind. Otherwise the listener receives the current
+    // state during the call or soon after, and then every change.
     virtual bool start(WindowListener& listener) = 0;
 
-    // Gives the focus to the chosen window that was used last: restored if it is minimised, on the
-    // workspace that it is on. `otherwise` is called, now or later, if no window is chosen or the
-    // desktop has refused; never after the backend has gone.
+    // Activates the chosen window that was used last: restores it if it is minimised, on its own
+    // workspace. Calls `otherwise`, now or later, if no window is chosen or the desktop refuses;
+    // never after the backend's destruction.
     virtual void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) = 0;
 
     // For an application that says that it takes notice of it. Calls `then`, now or later, with what the desktop has for it;

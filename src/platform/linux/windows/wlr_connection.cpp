@@ -31,7 +31,8 @@ constexpr wl_callback_listener answerListener = {noteAnswer};
 } // namespace
 
 std::unique_ptr<WlrConnection> WlrConnection::open() {
-    // Without a name the library would try its default one, which may be somebody else's.
+    // Requires the variable: without it the library tries wayland-0, which may belong to another
+    // session.
     const char* const name = std::getenv("WAYLAND_DISPLAY");
     if (name == nullptr || *name == '\0') {
         return nullptr;
@@ -75,11 +76,11 @@ bool WlrConnection::dispatchArrived() {
             return false;
         }
     }
-    // Takes what there is and does not wait for more.
+    // Dispatches pending events without waiting for more.
     if (wl_display_read_events(_display) < 0 || wl_display_dispatch_pending(_display) < 0) {
         return false;
     }
-    // What a full socket does not take now is sent with the next events: nothing here is urgent.
+    // If the socket is full, the rest is sent after the next events: no request is urgent.
     return wl_display_flush(_display) >= 0 || errno == EAGAIN;
 }
 

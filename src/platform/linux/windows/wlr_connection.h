@@ -1,9 +1,8 @@
-// A connection to a Wayland compositor that never waits longer than it was told to.
+// Connects to a Wayland compositor, with a time limit for every wait.
 //
 // Thread:  the desktop thread.
-// Owner:   the backend; whatever was made on the connection is destroyed before it.
-// Errors:  a connection that is lost, or a compositor that breaks the protocol, answers false from
-//          then on.
+// Owner:   the backend; it destroys all objects of the connection first.
+// Errors:  after a lost connection or a protocol error all calls return false.
 #pragma once
 
 #include <chrono>
@@ -15,7 +14,7 @@ namespace glidemap {
 
 class WlrConnection {
 public:
-    // None if the environment names no compositor, or nobody listens there.
+    // Returns null if the environment names no compositor, or none listens there.
     static std::unique_ptr<WlrConnection> open();
 
     explicit WlrConnection(WaylandDisplay* opened) : _display(opened) {}
@@ -23,14 +22,14 @@ public:
     WlrConnection& operator=(const WlrConnection&) = delete;
     ~WlrConnection();
 
-    // Waits until the compositor has answered all requests made so far, and runs what its events
-    // call. False if it has not within this time.
+    // Waits until the compositor has processed all earlier requests, and dispatches its events.
+    // Returns false on time-out.
     bool roundTrip(std::chrono::milliseconds patience);
 
-    // Runs what the events call that have arrived, and sends what that asks for.
+    // Dispatches the events that have arrived, and sends the resulting requests.
     bool dispatchArrived();
 
-    // Readable when there is something to dispatch.
+    // Becomes readable when events arrive.
     int descriptor() const;
 
     WaylandDisplay* display() const { return _display; }

@@ -32,13 +32,13 @@ struct WlrToplevels::State {
         bool activated = false;
     };
 
-    // Its address is what the events of its handle carry.
+    // The user data of the handle's events points to it, so its address must not change.
     struct Window {
         State* owner;
         zwlr_foreign_toplevel_handle_v1* handle;
         Properties coming;
-        std::optional<Properties> current; // none before the first "done"
-        std::uint64_t activation = 0;      // counts up over all windows
+        std::optional<Properties> current; // nullopt before the first "done"
+        std::uint64_t activation = 0;      // one counter for all windows
     };
 
     wl_registry* registry;

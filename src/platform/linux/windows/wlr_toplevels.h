@@ -1,10 +1,10 @@
-// The windows as a wlroots-family compositor tells them, by zwlr_foreign_toplevel_management.
+// Lists the windows of a wlroots compositor through zwlr_foreign_toplevel_management.
 //
-// The protocol names no process, and for windows of X11 programs not even an app id.
+// The protocol does not report processes, nor an app id for the windows of X11 programs.
 //
-// Thread:  the desktop thread; changes while the connection dispatches.
-// Owner:   the backend; destroyed before its connection.
-// Errors:  a compositor that ends its telling has no windows.
+// Thread:  the desktop thread; the list changes while the connection dispatches.
+// Owner:   the backend, which destroys it before its connection.
+// Errors:  none; if the compositor ends the protocol, the list is empty.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -24,17 +24,17 @@ public:
     WlrToplevels& operator=(const WlrToplevels&) = delete;
     ~WlrToplevels();
 
-    // Whether the compositor tells of windows at all, known after one round trip.
+    // Whether the compositor supports the protocol; known after one round trip.
     bool isOffered() const;
 
-    // In the order in which the compositor has told of them.
+    // In the order of their creation events.
     std::vector<WindowIdentity> windows() const;
 
-    // With several seats there may be several active ones: the latest, then.
+    // With several seats several windows may be active; returns the latest one.
     std::optional<WindowIdentity> active() const;
 
-    // Asks for the focus for the chosen window that was active last. False if there is none, or no
-    // seat that could give it the focus.
+    // Requests the focus for the chosen window that was active last. Returns false if no window or
+    // no seat is available.
     bool bringForward(const WindowChoice& isChosen);
 
 private:

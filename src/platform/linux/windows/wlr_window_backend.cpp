@@ -30,7 +30,7 @@ bool WlrWindowBackend::State::connect() {
         return false;
     }
     toplevels = std::make_unique<WlrToplevels>(connection->display());
-    // The first answer tells what the compositor offers, the second one its windows.
+    // The first round trip receives the globals, the second one the windows.
     return connection->roundTrip(patience) && toplevels->isOffered() &&
            connection->roundTrip(patience);
 }
@@ -76,7 +76,7 @@ bool WlrWindowBackend::start(WindowListener& listener) {
 
 void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
     if (state->toplevels != nullptr && state->toplevels->bringForward(isChosen)) {
-        state->hear(); // which sends it
+        state->hear(); // which also sends it
     } else {
         otherwise();
     }

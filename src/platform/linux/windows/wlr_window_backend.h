@@ -1,13 +1,14 @@
-// The windows of sway and its relatives (the wlroots family, Hyprland, and who else offers their
-// protocol): see WlrToplevels.
+// Gets the windows of sway and other compositors with the wlroots protocol, such as Hyprland (see
+// WlrToplevels).
 //
-// What the compositor sends at once is told at once, so that a change of focus, which is one window
-// becoming inactive and another one active, is one change of the active window.
+// Events that arrive together are reported together. So a focus change, which deactivates one
+// window and activates another, is one change of the active window.
 //
-// Thread:  constructed, started and destroyed on the desktop thread, which may wait in start() for
-//          a compositor that is slow to answer; nobody else does.
+// Thread:  constructed, started and destroyed on the desktop thread. start() may block on a
+//          compositor that replies slowly; no other call does.
 // Owner:   the workspace.
-// Errors:  a compositor that dies has no windows; one that comes later is another session's.
+// Errors:  none; if the compositor exits, there are no windows. A later compositor belongs to
+//          another session.
 #pragma once
 
 #include "platform/linux/windows/desktop_thread.h"
@@ -20,14 +21,14 @@ namespace glidemap {
 
 class WlrWindowBackend final : public WindowBackend {
 public:
-    // Far longer than a living compositor takes, even on a machine that is just starting.
+    // Far longer than a working compositor takes, even on a machine that is starting.
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
     explicit WlrWindowBackend(DesktopThread& thread,
                               std::chrono::milliseconds patience = usualPatience);
     ~WlrWindowBackend() override;
 
-    // False also if the compositor does not answer in time.
+    // Also returns false if the compositor does not reply in time.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 

@@ -17,26 +17,26 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::uint32_t mostWindows = 4096;
+constexpr std::uint32_t maxWindows = 4096;
 
-// What programs ask for by themselves, window managers may refuse, and so they may what seems to be
-// older than the user's last input.
+// The source indication of a pager: window managers may refuse requests from applications, or with
+// a timestamp older than the user's last input.
 constexpr std::uint32_t byTheUser = 2;
 
-// Between two of these the thread does what else it has to do.
-constexpr int longestTurn = 500; // events and answers
+// After this many events the thread runs its other tasks.
+constexpr int maxTurn = 500; // events and replies
 
-// Something that is asked again when it has changed, but never twice at a time: whoever changes it
-// without pause gets no more of our time than one question after the other takes.
+// A query that repeats after a change, with at most one in flight: continuous changes cannot flood
+// the server.
 class Inquiry {
 public:
-    // True if it is to be asked now.
+    // Returns true if the caller must send the query now.
     bool begin() {
         again = underWay;
         return !std::exchange(underWay, true);
     }
 
-    // True if it is to be begun anew.
+    // Returns true if the caller must send the query again.
     bool end() {
         underWay = false;
         return std::exchange(again, false);
@@ -63,16 +63,16 @@ public:
 
     void begin();
 
-    // False if there is no such window.
+    // Returns false if no window matches.
     bool bringForward(const WindowChoice& isChosen);
     void prove(const LaunchedApplication& application,
                std::function<void(const LaunchProof&)> then);
 
 private:
     struct Client {
-        std::optional<X11Window> window; // once it has been read
+        std::optional<X11Window> window; // nullopt until it has been read
         Inquiry inquiry;
-        std::uint64_t lastUse = 0; // counts up over all windows; 0 before it was active
+        std::uint64_t lastUse = 0; // one counter for all windows; 0 before it was active
     };
 
     void makeClock();
@@ -122,7 +122,7 @@ private:
     xcb_window_t active = XCB_WINDOW_NONE;
     bool hasList = false;
     std::vector<xcb_window_t> listed;
-    std::map<xcb_window_t, Client> clients; // those listed, and the active one
+    std::map<xcb_window_t, Client> clients; // the listed windows and the active one
     std::optional<WindowIdentity> toldActive;
     std::vector<WindowIdentity> toldWindows;
     DesktopThread::Watch watch;
@@ -147,25 +147,25 @@ X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
 
 void X11Backend::Session::begin() {
     makeClock();
-    requests.followProperties(root); // before asking, so that no change falls between
+    requests.followProperties(root); // before the queries, so that no change is lost
     askForActive();
     askForList();
     requests.flush();
     watch = thread.watch(xcb_get_file_descriptor(requests.raw()), [this] { serve(); });
-    serve(); // what the questions before have already brought along
+    serve(); // handles replies that earlier requests have already read
 }
 
 void X11Backend::Session::serve() {
     int turns = 0;
-    while (turns < longestTurn && serveOnce())
+    while (turns < maxTurn && serveOnce())
         ++turns;
     if (requests.isLost()) {
         lose();
         return;
     }
     tell();
-    // What xcb has taken from the socket does not make it readable again.
-    if (turns == longestTurn) {
+    // The socket does not become readable for events that xcb has already queued.
+    if (turns == maxTurn) {
         thread.submit([self = weak_from_this()] {
             if (const auto alive = self.lock())
                 alive->serve();
@@ -173,7 +173,7 @@ void X11Backend::Session::serve() {
     }
 }
 
-// Polling for an event is what reads from the socket; answers come along.
+// xcb_poll_for_event() reads from the socket, including replies.
 bool X11Backend::Session::serveOnce() {
     const std::unique_ptr<xcb_generic_event_t, X11Freed> event(xcb_poll_for_event(requests.raw()));
     if (event != nullptr)
@@ -187,7 +187,7 @@ bool X11Backend::Session::serveOnce() {
 void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sent = 0x80;
     if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
-        return; // errors come here, too: a window went before we could follow it
+        return; // also skips errors: a window closed before the request
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     if (change.window != clock)
         propertyChanged(change.window, change.atom);
@@ -280,7 +280,7 @@ void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
     requests.flush();
 }
 
-// As task bars do: not every window manager changes the workspace for a window.
+// As task bars do: not every window manager switches to the window's workspace.
 void X11Backend::Session::activate(xcb_timestamp_t time) {
     const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
     requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
@@ -329,7 +329,7 @@ void X11Backend::Session::askForActive() {
 void X11Backend::Session::askForList() {
     if (!listInquiry.begin())
         return;
-    requests.property(root, listAtom, mostWindows, [this](const X11Property& property) {
+    requests.property(root, listAtom, maxWindows, [this](const X11Property& property) {
         takeList(property);
         if (listInquiry.end())
             askForList();
@@ -358,8 +358,8 @@ void X11Backend::Session::takeList(const X11Property& property) {
     forgetClosedWindows();
 }
 
-// Known ones, too: a number may be that of another window by now, if one program has ended and the
-// next has begun before we could look.
+// Follows known windows again, too: the id may belong to a new window if one program has exited and
+// another has started in between.
 void X11Backend::Session::follow(xcb_window_t window) {
     clients.try_emplace(window);
     requests.followProperties(window);
@@ -391,7 +391,7 @@ void X11Backend::Session::tell() {
     tellWindows();
 }
 
-// Some window managers leave the last window active after it was closed.
+// Some window managers keep a closed window as the active one.
 bool X11Backend::Session::activeIsOpen() const {
     return !hasList || std::find(listed.begin(), listed.end(), active) != listed.end();
 }
@@ -401,7 +401,7 @@ void X11Backend::Session::tellActive() {
     const auto client = clients.find(active);
     if (client != clients.end() && activeIsOpen()) {
         if (!client->second.window)
-            return; // its answer is on the way
+            return; // a reply is pending
         if (!client->second.window->isGone)
             now = client->second.window->identity;
     }
@@ -416,7 +416,7 @@ void X11Backend::Session::tellWindows() {
     for (const xcb_window_t window : listed) {
         const auto& read = clients.at(window).window;
         if (!read)
-            return; // its answer is on the way
+            return; // a reply is pending
         if (!read->isGone && read->isApplications)
             now.push_back(read->identity);
     }

@@ -1,11 +1,12 @@
-// The windows of an X server, by what its window manager tells on the root window (EWMH).
+// Gets the windows of an X server from the root window's EWMH properties.
 //
-// Nothing is asked before a property has changed, and then only what changed. The window manager may
-// come, go and be replaced at any time.
+// After a property changes, only that property is queried. The window manager may start, exit or be
+// replaced at any time.
 //
-// Thread:  the desktop thread. start() connects, which waits for the server; nothing waits later.
+// Thread:  the desktop thread. start() connects and blocks on the server; no later call blocks.
 // Owner:   the workspace.
-// Errors:  a window that has gone meanwhile is none. When the server goes, so do all windows.
+// Errors:  none; a window that has closed meanwhile is skipped. When the server exits, all windows
+//          are gone.
 #pragma once
 
 #include "platform/linux/windows/desktop_thread.h"
@@ -18,7 +19,7 @@ namespace glidemap {
 
 class X11Backend : public WindowBackend {
 public:
-    // The display as in DISPLAY, which is meant if it is empty.
+    // `display` is in the format of DISPLAY; if it is empty, DISPLAY is used.
     explicit X11Backend(DesktopThread& desktop, std::string display = "");
     ~X11Backend() override;
 

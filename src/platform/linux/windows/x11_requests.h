@@ -1,10 +1,10 @@
-// Requests to an X server whose answers are taken when they have come, never waited for: a server
-// that is busy or grabbed holds up nobody.
+// Sends requests to an X server and processes the replies as they arrive, without blocking on a
+// server that is busy or grabbed.
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.
-// Errors:  an answer that is an error is told as none. The end of the connection is told by
-//          isLost(), and then nothing more is answered.
+// Errors:  an error reply is passed on as an empty result. After the connection is lost, isLost()
+//          returns true and no more replies arrive.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -22,10 +22,10 @@ struct X11Freed {
     void operator()(void* answer) const;
 };
 
-// The value of a property, already cut to what was asked for.
+// The value of a property, truncated to the requested size.
 struct X11Property {
     bool windowIsGone = false;
-    bool hasItems = false;            // it is a 32-bit one, if of no items
+    bool hasItems = false;            // a 32-bit property, even if it is empty
     std::string text;                 // of 8-bit properties
     std::vector<std::uint32_t> items; // of 32-bit ones
 };
@@ -38,17 +38,17 @@ public:
 
     explicit X11Requests(Connection established);
 
-    // At most that many items of four bytes are transferred.
+    // Transfers at most that many items of four bytes.
     void property(xcb_window_t window, xcb_atom_t name, std::uint32_t items, PropertyTaker taker);
 
-    // The process at the other end of the window's connection, by the server's own knowledge. That
-    // holds where _NET_WM_PID does not: inside a sandbox processes have other numbers.
+    // The process at the other end of the window's connection, as the server knows it. Unlike
+    // _NET_WM_PID, this is correct for a sandbox with its own process ids.
     void processOf(xcb_window_t window, ProcessTaker taker);
 
-    // From now on changes of the window's properties are told as events.
+    // Subscribes to changes of the window's properties.
     void followProperties(xcb_window_t window);
 
-    // Gives the oldest answer that has come to whoever asked. False if there is none yet.
+    // Passes the oldest reply to its callback. Returns false if no reply has arrived.
     bool takeAnswer();
 
     void flush();

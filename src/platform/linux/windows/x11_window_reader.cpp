@@ -14,8 +14,8 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::uint32_t longestText = 256; // items of four bytes: 1 KiB
-constexpr std::uint32_t mostAtoms = 64;
+constexpr std::uint32_t maxText = 256; // items of four bytes: 1 KiB
+constexpr std::uint32_t maxAtoms = 64;
 
 std::string ownHostName() {
     std::array<char, 256> name{};
@@ -26,14 +26,14 @@ std::string upToNull(const std::string& text) {
     return text.substr(0, text.find('\0'));
 }
 
-// "instance\0class\0", of which either may be missing, and the nulls, too.
+// The format is "instance\0class\0"; either part and the nulls may be missing.
 void takeWindowClass(const std::string& text, WindowIdentity& identity) {
     identity.instance = upToNull(text);
     if (identity.instance.size() < text.size())
         identity.appID = upToNull(text.substr(identity.instance.size() + 1));
 }
 
-// "host.example.org" and "host" are the same machine.
+// Compares host names without their domains: "host.example.org" and "host" match.
 bool sameMachine(const std::string& one, const std::string& other) {
     return !one.empty() && one.substr(0, one.find('.')) == other.substr(0, other.find('.'));
 }
@@ -98,7 +98,7 @@ bool X11WindowReader::isApplications(const std::vector<xcb_atom_t>& types,
     return ordinary && !contains(states, atoms.skipTaskbar);
 }
 
-// Answers come in the order of the requests, so the last one has everything.
+// Replies arrive in the order of the requests, so the last one completes the window.
 void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Window&)> taker) {
     const auto reading = std::make_shared<Reading>();
     reading->taker = std::move(taker);
@@ -111,20 +111,20 @@ void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Wind
         if (!property.items.empty())
             reading->processByWindow = property.items.front();
     });
-    ask(atoms.machine, longestText,
+    ask(atoms.machine, maxText,
         [reading](const X11Property& property) { reading->machine = upToNull(property.text); });
-    ask(atoms.type, mostAtoms,
+    ask(atoms.type, maxAtoms,
         [reading](const X11Property& property) { reading->types = property.items; });
-    ask(atoms.state, mostAtoms,
+    ask(atoms.state, maxAtoms,
         [reading](const X11Property& property) { reading->states = property.items; });
-    ask(XCB_ATOM_WM_NAME, longestText, [reading](const X11Property& property) {
+    ask(XCB_ATOM_WM_NAME, maxText, [reading](const X11Property& property) {
         reading->window.identity.title = upToNull(property.text);
     });
-    ask(atoms.title, longestText, [reading](const X11Property& property) {
+    ask(atoms.title, maxText, [reading](const X11Property& property) {
         if (!property.text.empty())
             reading->window.identity.title = upToNull(property.text);
     });
-    ask(XCB_ATOM_WM_CLASS, longestText, [this, reading](const X11Property& property) {
+    ask(XCB_ATOM_WM_CLASS, maxText, [this, reading](const X11Property& property) {
         X11Window& read = reading->window;
         read.isGone = property.windowIsGone;
         takeWindowClass(property.text, read.identity);

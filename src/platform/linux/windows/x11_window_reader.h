@@ -1,9 +1,9 @@
-// Reads what a window of the X server says about itself.
+// Reads the properties of a window of the X server.
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.
-// Errors:  none. Properties are whatever a program wrote: those of a wrong shape say nothing, and
-//          long ones are cut.
+// Errors:  none. Programs may write arbitrary properties: invalid ones are ignored, long ones are
+//          truncated.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -21,7 +21,7 @@ namespace glidemap {
 struct X11Window {
     WindowIdentity identity;
     bool isGone = false;
-    bool isApplications = true; // rather than the desktop's furniture: panels, menus, splashes
+    bool isApplications = true; // false for panels, menus, splash screens and similar windows
 
     friend bool operator==(const X11Window&, const X11Window&) = default;
 };
@@ -30,10 +30,10 @@ class X11WindowReader {
 public:
     explicit X11WindowReader(X11Requests& through);
 
-    // The answer comes when the server's has.
+    // Calls `taker` when the server has replied.
     void read(xcb_window_t window, std::function<void(const X11Window&)> taker);
 
-    // Whether what read() tells may be different after that property has changed.
+    // Whether a change of this property may change the result of read().
     bool reads(xcb_atom_t property) const;
 
 private:
@@ -51,7 +51,7 @@ private:
     std::string hostName;
 };
 
-// By name, all in one round trip; this one waits.
+// Looks up all names in one round trip, and blocks for it.
 std::vector<xcb_atom_t> internAtoms(xcb_connection_t* connection,
                                     const std::vector<std::string_view>& names);
 

@@ -1,8 +1,8 @@
-// Whether the user has let this process use the accessibility services, which posting keys and
-// taking clicks out go by.
+// Checks whether the user allows this process to use the accessibility services, which posting keys
+// and swallowing clicks require.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one.
+// Owner:   the program.
 // Errors:  none.
 #pragma once
 
@@ -14,7 +14,7 @@ class ProcessTrust : public AccessibilityTrust {
 public:
     bool isTrusted() override;
 
-    // The system shows its prompt, and opens its settings from there.
+    // The system shows its prompt, which links to its settings.
     bool isTrustedWithPrompt() override;
 
 private:

@@ -1,8 +1,8 @@
-// Is told each time the application's effective appearance is another. For Objective-C++ only.
+// Observes changes of the application's effective appearance. For Objective-C++ only.
 //
 // Thread:  the main thread, where the system changes it.
-// Owner:   whoever is told; it must go before what the function touches.
-// Errors:  none; without an application object nothing ever changes.
+// Owner:   the observer; destroy it before the objects that the callback uses.
+// Errors:  none; without an application object nothing changes.
 #pragma once
 
 #ifdef __OBJC__

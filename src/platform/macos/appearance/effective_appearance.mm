@@ -6,7 +6,7 @@ namespace {
 
 NSString* const key = @"effectiveAppearance";
 
-// Only its address matters: it tells our observation from one of a superclass.
+// Only its address is used: it distinguishes our observation from one of a superclass.
 int ownObservation;
 
 } // namespace
@@ -48,7 +48,7 @@ EffectiveAppearance::EffectiveAppearance(std::function<void()> function)
                      context:&ownObservation];
 }
 
-// The system keeps no observer alive.
+// AppKit does not retain observers.
 EffectiveAppearance::~EffectiveAppearance() {
     [application removeObserver:observer forKeyPath:key context:&ownObservation];
     [observer release];

@@ -1,9 +1,9 @@
-// How the user wants programs to look, as the system settings have it.
+// Follows the user's appearance settings in the system settings.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one, behind the application object. Once it has gone the system calls
-//          no more.
-// Errors:  none: an appearance that is neither of the two is absent.
+// Owner:   the program; create it after the application object. The system makes no calls after its
+//          destruction.
+// Errors:  none; an appearance that is neither light nor dark is absent.
 #pragma once
 
 #include "ui/theme/appearance_settings.h"
@@ -36,7 +36,7 @@ private:
 
     Values values;
     Observable observers;
-    std::unique_ptr<Following> following; // goes first
+    std::unique_ptr<Following> following; // destroyed first
 };
 
 } // namespace glidemap

@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-// The appearances with more contrast match the one of the two that they are made from.
+// A high-contrast appearance matches the light or dark one that it derives from.
 std::optional<ColorScheme> schemeOf(NSAppearance* appearance) {
     NSArray* const both =
         [NSArray arrayWithObjects:NSAppearanceNameAqua, NSAppearanceNameDarkAqua, nil];
@@ -45,7 +45,8 @@ MacosAppearance::Values MacosAppearance::read() {
             [[NSWorkspace sharedWorkspace] accessibilityDisplayShouldReduceMotion] != NO};
 }
 
-// The notice is of all display options, and the appearance's of more than its colours.
+// The notification covers all display options, and the effective appearance covers more than
+// colours.
 void MacosAppearance::readAgain() {
     const Values now = read();
     if (now == values) {

@@ -1,7 +1,7 @@
-// Where the user's programs keep what they need.
+// Finds the user's Application Support folder.
 //
-// Thread:  the main thread; asks the system, which need not look at the disk.
-// Errors:  as answers: the caller decides what a program is worth without the folder.
+// Thread:  the main thread; the system may find it without reading the disk.
+// Errors:  returns nullopt; the caller decides how to run without the folder.
 #pragma once
 
 #include <filesystem>
@@ -9,7 +9,7 @@
 
 namespace glidemap {
 
-// Shared by all programs; need not exist yet.
+// All programs share this folder; it may not exist yet.
 std::optional<std::filesystem::path> applicationSupportFolder();
 
 } // namespace glidemap

@@ -21,7 +21,7 @@ std::optional<std::filesystem::path> firstFolder() {
 
 } // namespace
 
-// With a pool of its own: the program asks before it has an application object, too.
+// Needs its own pool, because the program also calls this before it has an application object.
 std::optional<std::filesystem::path> applicationSupportFolder() {
     std::optional<std::filesystem::path> folder;
     withinAutoreleasePool([&folder] { folder = firstFolder(); });

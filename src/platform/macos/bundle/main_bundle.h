@@ -1,7 +1,7 @@
-// What the program's own bundle says about it.
+// Reads the properties of the program's own bundle.
 //
 // Thread:  the main thread.
-// Errors:  as answers: a program without a bundle has no version.
+// Errors:  returns nullopt; a program without a bundle has no version.
 #pragma once
 
 #include <optional>
@@ -9,10 +9,10 @@
 
 namespace glidemap {
 
-// As people read it, such as 1.4.2.
+// The version for users, such as 1.4.2.
 std::optional<std::string> bundleShortVersion();
 
-// The file of the program that runs, also where it is in no bundle. Needs no application object.
+// The path of the executable, even without a bundle. Needs no application object.
 std::optional<std::string> programPath();
 
 } // namespace glidemap

@@ -41,7 +41,7 @@ bool hasButton(ClickEventType type) {
     case ClickEventType::rightMouseUp:
         return true;
     default:
-        return false; // a notice to the tap need not come with an event
+        return false; // a notification to the tap may come without an event
     }
 }
 
@@ -66,7 +66,8 @@ QuartzClickTap::~QuartzClickTap() {
     remove();
 }
 
-// Nobody hears it before its source is in the run loop, so that it need not be disabled until then.
+// The tap delivers no event before its source is in the run loop, so it need not be disabled until
+// then.
 bool QuartzClickTap::create(Callback callback) {
     decide = std::move(callback);
     Owned<CFMachPortRef> made(CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
@@ -91,8 +92,8 @@ void QuartzClickTap::setEnabled(bool enabled) {
     }
 }
 
-// The port and its source keep each other alive until the port is invalid, and the tap would stand
-// in the stream for as long.
+// The port and its source retain each other until the port is invalidated; until then the tap would
+// stay in the event stream.
 void QuartzClickTap::remove() {
     if (source) {
         CFRunLoopRemoveSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes);

@@ -1,12 +1,12 @@
-// Stands in the session's stream of mouse events, before every other tap, and may take events out.
+// Taps the session's mouse events before every other tap, and can swallow clicks.
 //
-// The system asks it on the main run loop, in each of its common modes, so that clicks are seen
-// while a menu or an alert is open, too. It costs next to nothing while it only watches, and rests
-// never.
+// The system calls it on the main run loop in the common modes. So it also sees clicks while a menu
+// or an alert is open. Watching costs almost nothing, so the tap is never paused.
 //
-// Thread:  the main thread, for its calls as for the callback.
-// Owner:   the program makes one for the click monitor. Once it has gone the system calls no more.
-// Errors:  as answers: without permission the system makes no tap.
+// Thread:  the main thread, for its calls and for the callback.
+// Owner:   the program creates one for the click monitor. The system makes no calls after its
+//          destruction.
+// Errors:  as return values; without permission the system creates no tap.
 #pragma once
 
 #include "dispatch/click_tap.h"
@@ -24,7 +24,7 @@ public:
     void remove() override;
     void setNeeded(bool /*needed*/) override {}
 
-    // What the callback answers for an event.
+    // Returns the callback's verdict on an event.
     Verdict verdict(const ClickEvent& event) { return decide(event); }
 
 private:

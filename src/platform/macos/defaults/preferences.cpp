@@ -17,7 +17,7 @@ Owned<CFStringRef> made(std::string_view text) {
         static_cast<CFIndex>(text.size()), kCFStringEncodingUTF8, withoutMark));
 }
 
-// Nothing where it is no text that can be told in UTF-8.
+// Nullopt if the text cannot be converted to UTF-8.
 std::optional<std::string> textOf(CFStringRef string) {
     const CFIndex most =
         CFStringGetMaximumSizeForEncoding(CFStringGetLength(string), kCFStringEncodingUTF8) + 1;
@@ -29,7 +29,7 @@ std::optional<std::string> textOf(CFStringRef string) {
     return text;
 }
 
-// If it is of this kind.
+// Null if the value is of another type.
 Owned<CFPropertyListRef> stored(std::string_view key, CFTypeID kind) {
     const Owned<CFStringRef> name = made(key);
     if (!name) {
@@ -43,7 +43,7 @@ Owned<CFPropertyListRef> stored(std::string_view key, CFTypeID kind) {
     return value;
 }
 
-// At once: a crash shall lose nothing.
+// Synchronizes at once, so that a crash loses nothing.
 void store(std::string_view key, CFPropertyListRef value) {
     const Owned<CFStringRef> name = made(key);
     if (name && value != nullptr) {

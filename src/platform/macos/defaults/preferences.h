@@ -1,10 +1,10 @@
-// The user's settings, in the system's preferences of this application, where the `defaults` command
-// finds them: in a bundle under its identifier.
+// Stores the user's settings in the system's preferences of this application, which the `defaults`
+// command reads: for a bundle, under its identifier.
 //
-// Thread:  the main thread; writing may wait for the disk.
-// Owner:   the program. All of them are one, and know of each other's writing.
-// Errors:  none. What is of another kind is absent; what cannot be written holds until the program
-//          ends.
+// Thread:  the main thread; writing may block on the disk.
+// Owner:   the program. All instances share one store and see each other's changes.
+// Errors:  none. A value of another type is absent; a value that cannot be written lasts until the
+//          program exits.
 #pragma once
 
 #include "core/user_defaults.h"

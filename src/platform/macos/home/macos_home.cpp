@@ -28,7 +28,7 @@ namespace glidemap {
 
 namespace {
 
-// Without it there is no place for the bindings, and nothing that the program could do.
+// Without this folder the bindings cannot be stored, so the program cannot work.
 std::filesystem::path dataFolder() {
     if (const auto folder = applicationSupportFolder()) {
         return *folder;
@@ -80,7 +80,7 @@ public:
 
     const Ports& ports() const override { return given; }
 
-    // Here nobody has to prove it.
+    // macOS needs no activation data.
     void takeProof(const SingleInstance::Request& /*request*/) override {}
 
 private:

@@ -1,15 +1,14 @@
-// Takes the key presses that the system hands to the program, before any of its windows sees them.
+// Receives the key presses of the program before its windows do, and swallows some of them.
 //
-// The system tells a monitor of presses and their repetitions, and of no release. So what belongs
-// to a taken press is its repetitions: they are swallowed, too, also when the monitor has been
-// stopped meanwhile, or else holding Return a moment too long would press the default button. Only
-// the key that was pressed last repeats, so the next press of any key ends that, and goes where it
-// would have gone.
+// The system reports presses and repeats to a monitor, but no releases. The repeats of a swallowed
+// press are swallowed, too, even after stop(): otherwise holding Return too long would press the
+// default button. Only the key pressed last repeats, so the next press of any key ends this, and is
+// delivered normally.
 //
-// Thread:  the main thread, which the system calls on, too.
-// Owner:   whoever records a shortcut. It may be destroyed while it tells of a press; the system
-//          calls no more once it has gone.
-// Errors:  none. Where the system gives no monitor no press is told.
+// Thread:  the main thread, which the system also calls on.
+// Owner:   the shortcut recorder. The callback may destroy it; the system makes no calls after its
+//          destruction.
+// Errors:  none. If the system creates no monitor, no press is reported.
 #pragma once
 
 #include "ui/recorder/key_presses.h"
@@ -28,7 +27,7 @@ public:
     void abandon() override;
 
 private:
-    class Monitor; // outlives this by the call that it is in
+    class Monitor; // may outlive this object until its current call returns
 
     const std::shared_ptr<Monitor> monitor;
 };

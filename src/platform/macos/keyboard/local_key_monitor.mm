@@ -15,14 +15,14 @@ public:
 private:
     void install();
 
-    // The event, for whoever comes next, or nil.
+    // The event, for the next receiver, or nil if it is swallowed.
     NSEvent* passedOn(NSEvent* event);
     NSEvent* repeated(NSEvent* event) const;
     void take(NSEvent* event);
 
-    std::function<void(const Press&)> tell; // none while stopped
-    std::optional<std::uint16_t> taken;     // the key that may repeat still
-    id installed = nil;                     // the system's own, until it is removed
+    std::function<void(const Press&)> tell; // empty while stopped
+    std::optional<std::uint16_t> taken;     // the key whose repeats are swallowed
+    id installed = nil;                     // owned by the system, until it is removed
 };
 
 LocalKeyMonitor::LocalKeyMonitor() : monitor(std::make_shared<Monitor>()) {}
@@ -57,7 +57,7 @@ void LocalKeyMonitor::Monitor::stop() {
     }
 }
 
-// Removing one twice would release it twice.
+// Removing a monitor twice would release it twice.
 void LocalKeyMonitor::Monitor::remove() {
     tell = nullptr;
     taken.reset();
@@ -68,8 +68,8 @@ void LocalKeyMonitor::Monitor::remove() {
 
 void LocalKeyMonitor::Monitor::install() {
     const std::weak_ptr<Monitor> weakly = weak_from_this();
-    // A removed monitor's block is released, maybe while it runs: after the call it touches nothing
-    // of its own.
+    // Removing a monitor releases its block, possibly while the block runs, so the block does not
+    // use its captures after the call.
     installed = [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
                                                       handler:^NSEvent*(NSEvent* event) {
                                                         const auto held = weakly.lock();
@@ -89,15 +89,15 @@ NSEvent* LocalKeyMonitor::Monitor::passedOn(NSEvent* event) {
     return nil;
 }
 
-// While it records, also of a key that was held before: whoever started it with that key has not let
-// go yet.
+// While recording, also swallows repeats of a key pressed earlier: the user may still hold the key
+// that started the recording.
 NSEvent* LocalKeyMonitor::Monitor::repeated(NSEvent* event) const {
     return tell || taken == [event keyCode] ? nil : event;
 }
 
 void LocalKeyMonitor::Monitor::take(NSEvent* event) {
     taken = [event keyCode];
-    const auto told = tell; // which may stop this
+    const auto told = tell; // the callback may stop this monitor
     told({taken, [event modifierFlags] & NSEventModifierFlagDeviceIndependentFlagsMask});
 }
 

@@ -1,12 +1,12 @@
-// Types by events that enter the system where those of the keyboard do.
+// Types with events that enter the system at the same point as those of the keyboard.
 //
-// Each event carries exactly its own flags: what the user holds at the moment does not mix in, and
-// no event of a modifier key goes with it.
+// Each event carries only its own flags: held modifiers are not added, and no event of a modifier
+// key is sent.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one for the action runner.
-// Errors:  silent. If the system makes any one of the events not, as without permission, none is
-//          posted: half a key press would hold the key down.
+// Owner:   the program creates one for the action runner.
+// Errors:  none. If the system cannot create one of the events, for example without permission,
+//          none is posted: half a key press would leave the key down.
 #pragma once
 
 #include "dispatch/key_event_poster.h"

@@ -1,9 +1,10 @@
-// Locks the screen by the function that the system's own menu uses, in its private login framework.
+// Locks the screen with the function that the system's own menu uses, from its private login
+// framework.
 //
 // Thread:  the main thread.
-// Owner:   the program makes one for the action runner.
-// Errors:  find() answers false where the framework or the function is missing. What the function
-//          answers is nobody's business; the system has always locked by then.
+// Owner:   the program creates one for the action runner.
+// Errors:  find() returns false if the framework or the function is missing. The function's result
+//          is ignored: the system has locked the screen when it returns.
 #pragma once
 
 #include "dispatch/screen_lock.h"
@@ -26,7 +27,7 @@ private:
     using LockScreenImmediate = int (*)();
 
     const std::string path;
-    LockScreenImmediate lockScreen = nullptr; // the framework is never closed
+    LockScreenImmediate lockScreen = nullptr; // the framework stays loaded
 };
 
 } // namespace glidemap

@@ -1,9 +1,9 @@
-// The program itself as a login item, in the system's register of them.
+// Registers the program itself as a login item.
 //
-// Thread:  the main thread; the system's calls are done when they return.
-// Owner:   the program makes one.
-// Errors:  as the port says. A status that the system has come to know since counts as not
-//          registered: nobody can say that the next session starts the program.
+// Thread:  the main thread; the system's calls are synchronous.
+// Owner:   the program.
+// Errors:  as the port documents. A status from a newer system counts as not registered, because
+//          the next session may not start the program.
 #pragma once
 
 #include "app/login_item_service.h"

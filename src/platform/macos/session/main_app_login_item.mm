@@ -8,8 +8,8 @@ namespace glidemap {
 
 namespace {
 
-// Whether it failed is in the call's answer; an error may be there without a failure, and the other
-// way round.
+// Only the return value reports failure: an error object may be set on success, or missing on
+// failure.
 std::optional<std::string> failure(bool succeeded, NSError* error) {
     if (succeeded) {
         return std::nullopt;

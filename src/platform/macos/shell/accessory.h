@@ -1,16 +1,15 @@
-// What the program is to the system beside its windows: no place in the Dock and no menu bar while
-// another application is in front, only a status item.
+// Makes the program an accessory: it has a status item, but no Dock icon and no menu bar.
 //
 // Thread:  the main thread.
-// Errors:  none. What the system refuses stays as it is.
+// Errors:  none. If the system refuses a change, the state stays as it is.
 #pragma once
 
 namespace glidemap {
 
 void becomeAccessory();
 
-// Brings the program before all others, with the keyboard. An accessory is not in the Dock to be
-// chosen there, so it comes by itself when the user asks for its window.
+// Activates the program above all others, with keyboard focus. An accessory has no Dock icon to
+// click, so it activates itself when the user opens its window.
 void comeForward();
 
 } // namespace glidemap

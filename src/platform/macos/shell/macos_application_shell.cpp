@@ -7,7 +7,7 @@
 
 namespace glidemap {
 
-// It lives on without a window.
+// The program keeps running after the last window closes.
 void MacosApplicationShell::becomeAccessory() {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     glidemap::becomeAccessory();
@@ -28,7 +28,8 @@ void MacosApplicationShell::setGesturesOn(bool areOn) {
 }
 
 void MacosApplicationShell::terminate() {
-    // quit() would have the system ask the program whether it may end, which comes back to here.
+    // quit() would make the system ask the program whether it may quit, which calls this function
+    // again.
     QCoreApplication::exit(0);
 }
 

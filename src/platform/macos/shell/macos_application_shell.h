@@ -1,7 +1,7 @@
-// The program on a Mac's desktop: an accessory, whose window comes before those of all others when
-// the user asks for it.
+// Presents the program to macOS: an accessory whose window comes to the front when the user opens
+// it.
 //
-// Thread:  the main thread, within the application object's life.
+// Thread:  the main thread, while the application object exists.
 // Owner:   the program.
 // Errors:  none; see the port.
 #pragma once

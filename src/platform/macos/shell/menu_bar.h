@@ -17,7 +17,7 @@ public:
     void itemWasDrawn(Look look) override;
 
 private:
-    Observable observers; // of nothing
+    Observable observers; // never notified
 };
 
 } // namespace glidemap

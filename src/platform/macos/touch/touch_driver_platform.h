@@ -1,7 +1,7 @@
-// Where the touch driver is on macOS, and how its device list is read: the system's private trackpad
-// framework, whose list is one of Core Foundation's arrays.
+// Finds the touch driver on macOS and reads its device list: the system's private trackpad
+// framework, which returns a Core Foundation array.
 //
-// Thread:  the main thread, at start.
+// Thread:  the main thread, on startup.
 #pragma once
 
 #include "input/multitouch_device_manager.h"

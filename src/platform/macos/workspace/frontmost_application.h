@@ -1,10 +1,10 @@
-// Knows at any moment which application is frontmost, because the workspace says so each time
-// another one is, or the frontmost one has ended.
+// Tracks the frontmost application, from the workspace's notifications of activations and
+// terminations.
 //
-// Thread:  made and destroyed on the main thread, where the workspace speaks; current() on any
-//          thread: it reads one pointer and waits for nobody.
-// Owner:   the workspace. Nobody may read afterwards.
-// Errors:  none; what the system does not tell is absent.
+// Thread:  created and destroyed on the main thread, which receives the notifications; current() on
+//          any thread: it reads one pointer and does not block.
+// Owner:   the workspace. No thread may read it after its destruction.
+// Errors:  none; unknown properties are absent.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -33,7 +33,7 @@ private:
     ApplicationTable known;
     std::atomic<const Application*> frontmost = ApplicationTable::unknown();
     static_assert(std::atomic<const Application*>::is_always_lock_free);
-    std::unique_ptr<WorkspaceNotice> activation; // the notices go first
+    std::unique_ptr<WorkspaceNotice> activation; // the observers are destroyed first
     std::unique_ptr<WorkspaceNotice> termination;
 };
 

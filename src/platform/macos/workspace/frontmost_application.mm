@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// More than anyone brings forward between two starts of the program.
+// More than a user activates in one run of the program.
 constexpr std::size_t places = 16384;
 
 NSRunningApplication* applicationIn(NSNotification* notice) {
@@ -33,8 +33,8 @@ FrontmostApplication::FrontmostApplication()
 
 FrontmostApplication::~FrontmostApplication() = default;
 
-// An application that ends need not be followed by another one, and the workspace may still name it.
-// One that runs twice is frontmost still if the other process is.
+// No activation need follow the termination, and the workspace may still report the application. If
+// another process of the application is frontmost, the application stays so.
 void FrontmostApplication::applicationEnded(const Application& ended) {
     if (current() != ended) {
         return;
@@ -43,7 +43,7 @@ void FrontmostApplication::applicationEnded(const Application& ended) {
     publish([now isTerminated] ? Application() : applicationOf(now));
 }
 
-// Whoever reads the pointer sees all that it points to.
+// A release store: a reader of the pointer must see the complete application.
 void FrontmostApplication::publish(Application application) {
     frontmost.store(known.intern(std::move(application)), std::memory_order_release);
 }

@@ -1,9 +1,9 @@
-// The workspace on macOS: the system's own.
+// The workspace on macOS, through NSWorkspace.
 //
-// Thread:  as the port says. The system's workspace is asked on the main thread and nowhere else;
-//          frontmostApplication() reads what it has told there.
-// Owner:   the program makes one. Nobody may read afterwards.
-// Errors:  none: what is no URL is not opened, and how an opening ends is not waited for.
+// Thread:  as the port documents. NSWorkspace is called only on the main thread;
+//          frontmostApplication() reads the state that it has published.
+// Owner:   the program. No thread may read it after its destruction.
+// Errors:  none: an invalid URL is not opened, and the result of opening is ignored.
 #pragma once
 
 #include "dispatch/workspace.h"

@@ -16,7 +16,7 @@ NSURL* urlOf(const std::string& text) {
     return string != nil ? [NSURL URLWithString:string] : nil;
 }
 
-// One that runs already comes forward: the configuration's default.
+// The default configuration activates an application that already runs.
 void launch(NSURL* application) {
     [[NSWorkspace sharedWorkspace] openApplicationAtURL:application
                                           configuration:[NSWorkspaceOpenConfiguration configuration]
@@ -25,7 +25,7 @@ void launch(NSURL* application) {
 
 } // namespace
 
-// Those of the Dock. The rest has no windows that a person works in.
+// Only applications in the Dock. Others have no windows that a user works in.
 std::vector<Application> MacosWorkspace::runningApplications() const {
     std::vector<Application> all;
     for (NSRunningApplication* running in [[NSWorkspace sharedWorkspace] runningApplications]) {
@@ -55,7 +55,7 @@ void MacosWorkspace::openApplication(const std::string& url) {
     }
 }
 
-// Said to be a folder, as every application is, so that nobody looks at the disk for it.
+// Declared as a folder, as every application bundle is, so that the URL needs no disk access.
 void MacosWorkspace::openMissionControl() {
     launch([NSURL fileURLWithPath:missionControl isDirectory:YES]);
 }

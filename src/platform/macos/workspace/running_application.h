@@ -1,7 +1,7 @@
-// What the system tells of an application. For Objective-C++ only.
+// Converts the system's running application to Application. For Objective-C++ only.
 //
 // Thread:  the main thread, where the system changes it.
-// Errors:  none: what it does not tell, and all of one that is not, is absent.
+// Errors:  none: missing properties are absent, and nil has none.
 #pragma once
 
 #ifdef __OBJC__

@@ -1,11 +1,11 @@
-// Is told of one of the workspace's notices for as long as it lives. For Objective-C++ only.
+// Observes one of the workspace's notifications. For Objective-C++ only.
 //
-// The workspace posts on the main thread, and without a queue in between the one who is told is
-// called there and then. So nothing is under way when it goes, which happens on the same thread.
+// The workspace posts on the main thread. Without an operation queue the callback runs
+// synchronously there, so no call is pending when the observer is destroyed on the same thread.
 //
 // Thread:  the main thread.
-// Owner:   whoever is told; it must go before what the function touches.
-// Errors:  none; without a workspace there are no notices.
+// Owner:   the observer; destroy it before the objects that the callback uses.
+// Errors:  none; without a workspace there are no notifications.
 #pragma once
 
 #ifdef __OBJC__

@@ -4,7 +4,8 @@
 
 namespace glidemap {
 
-// The workspace has a centre of its own; the program's default one never hears of these notices.
+// The workspace has its own notification center; the default one does not receive these
+// notifications.
 WorkspaceNotice::WorkspaceNotice(NSNotificationName name,
                                  std::function<void(NSNotification*)> function)
     : tell(std::move(function)),

@@ -1,5 +1,5 @@
-// Names and widths of a Mac's basic types where they differ from Linux's. 64 bits are a "long long" there, so that
-// std::int64_t is another type than long.
+// Basic types of a Mac that differ from Linux. 64-bit types are "long long" there, so std::int64_t
+// is not long.
 #ifndef __DEFINED_int64_t
 #define __DEFINED_int64_t
 #define __DEFINED_uint64_t

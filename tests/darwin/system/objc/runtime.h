@@ -1,4 +1,4 @@
-// What the contract asks the language's runtime: whether a class has a method.
+// The runtime function of the contract tests: whether a class has a method.
 #pragma once
 
 #include <objc/objc.h>

@@ -1,4 +1,4 @@
-// Identifiers, which a Mac has in its system library.
+// UUID functions, which are in a Mac's system library.
 #pragma once
 
 #ifdef __cplusplus

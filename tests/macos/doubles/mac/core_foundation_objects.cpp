@@ -1,5 +1,5 @@
-// Objects of ours within Core Foundation's own. One travels as the bytes of a CFData, which frees them
-// when its last owner lets go: so owners are counted by CFRetain and CFRelease themselves.
+// Wraps fake objects in real ones: an object is the content of a CFData, which destroys it when its
+// last owner releases it. So CFRetain and CFRelease count the owners.
 #include "doubles/core_foundation_objects.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 
 std::recursive_mutex guard;
 std::set<const Object*> living;
-std::vector<CFArrayRef> arrays; // each with an owner more: the doubles
+std::vector<CFArrayRef> arrays; // the fake owns each of them once
 
 void destroy(void* bytes, void* /*info*/) {
     delete static_cast<Object*>(bytes);
@@ -59,7 +59,7 @@ CFTypeRef handOut(Object* made) {
 
 Object* objectOf(CFTypeRef reference) {
     if (reference == nullptr || CFGetTypeID(reference) != CFDataGetTypeID()) {
-        ADD_FAILURE() << "never made by a double: " << reference;
+        ADD_FAILURE() << "not created by a fake: " << reference;
         return nullptr;
     }
     const UInt8* bytes = CFDataGetBytePtr(static_cast<CFDataRef>(reference));
@@ -121,7 +121,7 @@ std::multiset<std::string> livingObjects() {
     return kinds;
 }
 
-// Only arrays are ever kept for good.
+// Only arrays are kept until the program exits.
 void releaseAll(const std::string& kind) {
     EXPECT_EQ(kind, "CFArray");
     const std::lock_guard lock(guard);

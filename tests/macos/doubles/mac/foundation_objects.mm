@@ -1,5 +1,5 @@
-// The system counts its objects' owners by itself, and fails where one is released too often; what is
-// released too rarely is found where the doubles count.
+// The system counts its objects' owners, and fails on a release too many. The fakes detect a
+// missing release on Linux.
 #include "doubles/foundation_objects.h"
 
 #include "doubles/observation.h"
@@ -18,7 +18,7 @@ std::multiset<std::string> livingCocoaObjects() {
     return {};
 }
 
-// Only the application object is ever observed.
+// Only the application object is observed.
 std::size_t forgetObservations() {
     return [[NSApplication sharedApplication] observationInfo] != nullptr ? 1 : 0;
 }

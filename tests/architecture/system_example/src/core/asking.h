@@ -1,4 +1,4 @@
-// What the check for conditions on the system must find, and what it must leave alone.
+// Conditions that the check must report, and one that it must ignore.
 #pragma once
 
 #ifdef __APPLE__

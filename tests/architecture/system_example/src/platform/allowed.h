@@ -1,4 +1,4 @@
-// The same where it may be.
+// The same conditions where they are allowed.
 #pragma once
 
 #ifdef __linux__

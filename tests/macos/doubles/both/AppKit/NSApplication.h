@@ -3,7 +3,7 @@
 #include <AppKit/NSEvent.h>
 #include <Foundation/Foundation.h>
 #include <Foundation/NSObjCRuntime.h>
-// Behind what it is written with.
+// Included after the types that it uses.
 #include <AppKit/NSRunningApplication.h>
 
 #ifdef __OBJC__

@@ -12,7 +12,7 @@ typedef NS_ENUM(NSUInteger, NSEventType) {
     NSEventTypeKeyUp = 11,
 };
 
-// Options are numbers in C++, and no type of their own.
+// In C++ the options are integers, not a separate type.
 typedef unsigned long long NSEventMask;
 enum : NSEventMask {
     NSEventMaskKeyDown = 1ULL << NSEventTypeKeyDown,

@@ -29,7 +29,7 @@ typedef unsigned long NSUInteger;
 - (NSUInteger)length;
 @end
 
-// What @"…" makes; the compiler lays it out.
+// The class of @"…"; the compiler defines its layout.
 @interface NSConstantString : NSString {
     const char* bytes;
     unsigned count;

@@ -1,4 +1,4 @@
-// How the system's headers declare what C alone cannot say.
+// The macros of the system's headers for declarations that C cannot express.
 #pragma once
 
 #ifndef NS_ENUM

@@ -1,4 +1,4 @@
-// Who is told of what: notices, and values under a key.
+// Notifications, and key-value observing.
 #pragma once
 
 #include <Foundation/values.h>

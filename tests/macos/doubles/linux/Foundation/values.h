@@ -1,4 +1,4 @@
-// Texts, collections, locations and errors, and where the program and its user's files are.
+// Texts, collections, URLs and errors, and the locations of the program and of the user's files.
 #pragma once
 
 #include <Foundation/Foundation.h>
@@ -63,7 +63,7 @@ typedef struct {
 @property(nullable, nonatomic, readonly) ObjectType firstObject;
 @end
 
-// With one entry at most, which is all that anybody here needs.
+// Holds at most one entry, which is all that the product needs.
 @interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject {
     id onlyKey;
     id onlyObject;

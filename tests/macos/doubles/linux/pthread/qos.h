@@ -14,6 +14,6 @@ enum : qos_class_t {
 
 extern "C" int pthread_set_qos_class_self_np(qos_class_t qosClass, int relativePriority);
 
-// A thread can name only itself there, so the function has the name alone. Here it stands beside the
-// one with a thread.
+// On a Mac a thread can name only itself, so this overload takes only the name. Here it is declared
+// next to the one with a thread.
 int pthread_setname_np(const char* name);
