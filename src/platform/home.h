@@ -78,11 +78,11 @@ public:
     // Whether a display is available. Qt aborts a program that connects without one.
     static bool hasDisplay();
 
-    // Whether windows have icons. Elsewhere the toolkit would show the icon in the dock, in place of the bundle's own.
+    // Whether windows have icons. On other systems Qt would replace the bundle's icon in the Dock.
     static bool windowsHaveIcons();
 
-    // What the program finds on this computer, as a page for a report. For a program that ends
-    // afterwards, without running exit handlers: a thread may still wait for a bus.
+    // Returns the diagnosis page for a bug report. The caller must exit without running exit
+    // handlers: a thread may still be waiting for a bus.
     static std::string diagnosis(const std::string& version);
 
     // Starts slow work in the background. The returned function waits for that work to finish; call

@@ -1,7 +1,7 @@
-// What the command line is on the system that the program runs on: the arguments that the system adds by itself, and the
-// help. Each system has its own implementation, and the build links one.
+// The platform's part of the command line: the arguments that the system adds, and the help text.
+// Each platform has its own implementation, and the build links one.
 //
-// Needs no library but the C library, like the rest of the command line.
+// Like the rest of the command line, it uses only the C library.
 //
 // Thread:  any.
 // Errors:  none.
@@ -12,8 +12,8 @@
 
 namespace glidemap {
 
-// How many of the first arguments belong together and are the system's, not the user's; 0 if the first is the user's. There is at
-// least one argument.
+// The number of leading arguments that the system has added; 0 if the first one is the user's.
+// There is at least one argument.
 std::size_t leadingSystemArguments(std::span<char* const> arguments);
 
 extern const char* const launchHelp;

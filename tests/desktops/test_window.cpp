@@ -1,7 +1,8 @@
 // glidemap-test-window APP_ID TITLE: one small grey window on a Wayland desktop.
 //
-// Says "shown" once it is on the screen. Each line of its standard input becomes the title, which
-// "titled" confirms, and the end of the input ends the program. A token of a launcher is used, as toolkits do.
+// Prints "shown" when it is on the screen. Each line of its standard input becomes the title, which
+// "titled" confirms; the end of the input ends the program. It uses a launcher's token, as toolkits
+// do.
 
 #include <poll.h>
 #include <sys/mman.h>

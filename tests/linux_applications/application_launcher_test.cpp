@@ -159,7 +159,7 @@ TEST_F(ApplicationLauncherTest, TheLogSaysWhyNothingWasStarted) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, WorksInTheFolderOfTheEntryWithTheSessionsEnvironment) {
+TEST_F(ApplicationLauncherTest, ProcessHasTheFolderOfTheEntryAndTheSessionsEnvironment) {
     const ScopedEnvironment here({{"OF_THE_SESSION", "kept"},
                                   {"DESKTOP_STARTUP_ID", "ours"},
                                   {"XDG_ACTIVATION_TOKEN", "ours"}});
@@ -169,14 +169,14 @@ TEST_F(ApplicationLauncherTest, WorksInTheFolderOfTheEntryWithTheSessionsEnviron
     EXPECT_EQ(reports.nextLine(), "/usr/share kept::");
 }
 
-TEST_F(ApplicationLauncherTest, ATerminalsProgramIsRunInATerminal) {
+TEST_F(ApplicationLauncherTest, TerminalProgramRunsInATerminal) {
     folder.script("xdg-terminal-exec", "echo \"terminal: $@\" >" + pipe.string() + "\n");
     const ScopedEnvironment here({{"PATH", folder.path().string() + ":" + std::getenv("PATH")}});
     installAndLaunch("tool", "Terminal=true\nExec=sh -c 'two words'\n");
     EXPECT_EQ(reports.nextLine(), "terminal: sh -c two words");
 }
 
-TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
+TEST_F(ApplicationLauncherTest, DBusActivatableApplicationComesForward) {
     ServiceDouble application("org.example.My-App");
     installAndLaunch("org.example.My-App",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
@@ -185,7 +185,7 @@ TEST_F(ApplicationLauncherTest, OneThatDBusCanActivateComesForward) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, OneThatDBusActivatesGetsTheProofOfTheLaunch) {
+TEST_F(ApplicationLauncherTest, DBusActivatedApplicationReceivesTheLaunchProof) {
     ServiceDouble application("org.example.Proven");
     const auto path = folder.install(
         "org.example.Proven",
@@ -202,7 +202,7 @@ TEST_F(ApplicationLauncherTest, OneThatDBusActivatesGetsTheProofOfTheLaunch) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, OnlyWhatRunsAndTakesNoticeIsAnnounced) {
+TEST_F(ApplicationLauncherTest, OnlyStartedApplicationsWithStartupNotificationAreAnnounced) {
     const auto launchProven = [&](const std::string& keys) {
         const auto path = folder.install("noticing", "Name=Some\n" + keys);
         int begun = 0;
@@ -226,7 +226,7 @@ TEST_F(ApplicationLauncherTest, OnlyWhatRunsAndTakesNoticeIsAnnounced) {
     EXPECT_EQ(launchProven("StartupNotify=true\nExec=" + broken.string() + "\n"), 0);
 }
 
-TEST_F(ApplicationLauncherTest, OneThatDBusCannotReachIsStartedAllTheSame) {
+TEST_F(ApplicationLauncherTest, ApplicationThatDBusCannotReachIsStartedByExec) {
     installAndLaunch("org.example.NoService",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
     EXPECT_EQ(reports.nextLine(), "started");
@@ -268,7 +268,7 @@ TEST_F(ApplicationLauncherTest, URLOpensWithTheUsersHandler) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, AURLIsOpenedOverDBusByAHandlerThatWantsIt) {
+TEST_F(ApplicationLauncherTest, URLOpensOverDBusIfTheHandlerSupportsIt) {
     ServiceDouble browser("org.example.Browser");
     std::ofstream(folder.path() / "config/mimeapps.list")
         << "[Default Applications]\nx-scheme-handler/gopher=org.example.Browser.desktop\n";
@@ -282,7 +282,7 @@ TEST_F(ApplicationLauncherTest, AURLIsOpenedOverDBusByAHandlerThatWantsIt) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, GetsAUnitOfItsOwnFromSystemd) {
+TEST_F(ApplicationLauncherTest, ProcessGetsItsOwnSystemdUnit) {
     ServiceDouble systemd("org.freedesktop.systemd1");
     installAndLaunch("my-tool", "Exec=" + reporting("tool", "$$") + "\n");
     const std::string process = reports.nextLine();

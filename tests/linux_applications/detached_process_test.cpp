@@ -29,7 +29,7 @@ using desktops::ScopedEnvironment;
 
 class DetachedProcessTest : public testing::Test {
 protected:
-    // A script that writes what the shell makes of the command.
+    // A script that writes the shell's output of the command.
     std::string reporting(const std::string& command) const {
         return folder.script("detached", "{ " + command + "; } >" + pipe.string() + "\n");
     }
@@ -45,7 +45,7 @@ protected:
     LaunchReports reports{pipe};
 };
 
-TEST_F(DetachedProcessTest, GetsItsArgumentsAndItsEnvironmentAndNothingElse) {
+TEST_F(DetachedProcessTest, ProcessHasExactlyItsArgumentsAndEnvironment) {
     const auto started =
         startDetached({{reporting("echo \"$#:$1:$2\"; cat /proc/$$/environ | tr '\\0' ' '; echo"),
                         "two words", ""},
@@ -55,7 +55,7 @@ TEST_F(DetachedProcessTest, GetsItsArgumentsAndItsEnvironmentAndNothingElse) {
     EXPECT_EQ(reports.nextLine(), "FIRST=1 SECOND=a b ");
 }
 
-TEST_F(DetachedProcessTest, TheVariableIsItsOwnIdentifier) {
+TEST_F(DetachedProcessTest, VariableIsTheProcessID) {
     DetachedCommand command{{reporting("echo $NUMBER $$ $0")}, {"NUMBERS=no"}};
     command.processVariable = "NUMBER";
     const auto started = startDetached(command);
@@ -63,7 +63,7 @@ TEST_F(DetachedProcessTest, TheVariableIsItsOwnIdentifier) {
     EXPECT_THAT(reports.nextLine(), testing::StartsWith(number + " " + number + " "));
 }
 
-TEST_F(DetachedProcessTest, WorksInTheFolder) {
+TEST_F(DetachedProcessTest, ProcessRunsInTheFolder) {
     const auto work = folder.path() / "a folder";
     std::filesystem::create_directories(work);
     startDetached({{reporting("pwd")}, {}, work.string()});
@@ -74,7 +74,7 @@ TEST_F(DetachedProcessTest, WorksInTheFolder) {
     EXPECT_EQ(startDetached({{reporting("pwd")}, {}, work.string()}).error, ENOENT);
 }
 
-TEST_F(DetachedProcessTest, HasNoDescriptorOfOursAndReadsNothing) {
+TEST_F(DetachedProcessTest, ProcessInheritsNoDescriptorAndHasNoInput) {
     rlimit limit{};
     getrlimit(RLIMIT_NOFILE, &limit);
     const int null = open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -112,11 +112,11 @@ TEST_F(DetachedProcessTest, NoSignalIsBlockedOrIgnored) {
     pthread_sigmask(SIG_SETMASK, nullptr, &now);
     EXPECT_EQ(sigismember(&now, SIGTERM), 1);
     EXPECT_EQ(sigismember(&now, SIGINT), sigismember(&before, SIGINT));
-    EXPECT_EQ(std::signal(SIGHUP, earlier), SIG_IGN); // ours are as they were
+    EXPECT_EQ(std::signal(SIGHUP, earlier), SIG_IGN); // our own handlers are unchanged
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
-TEST_F(DetachedProcessTest, IsFoundInThePath) {
+TEST_F(DetachedProcessTest, ProgramIsFoundInPATH) {
     folder.script("found-by-name", "echo found >" + pipe.string() + "\n");
     const char* const path = getenv("PATH");
     const ScopedEnvironment here({{"PATH", std::string(path) + ":" + folder.path().string()}});
@@ -124,7 +124,7 @@ TEST_F(DetachedProcessTest, IsFoundInThePath) {
     EXPECT_EQ(reports.nextLine(), "found");
 }
 
-TEST_F(DetachedProcessTest, AScriptNeedNotNameItsShell) {
+TEST_F(DetachedProcessTest, ScriptWithoutAnInterpreterLineRuns) {
     const auto script = folder.path() / "plain";
     std::ofstream(script) << "echo \"$1\" >" << pipe.string() << "\n";
     std::filesystem::permissions(script, std::filesystem::perms::owner_all);
@@ -132,7 +132,7 @@ TEST_F(DetachedProcessTest, AScriptNeedNotNameItsShell) {
     EXPECT_EQ(reports.nextLine(), "argument");
 }
 
-TEST_F(DetachedProcessTest, WhatCannotBeRunIsAnErrorAndLeavesNothingBehind) {
+TEST_F(DetachedProcessTest, InvalidProgramIsAnErrorAndLeavesNoProcess) {
     const auto text = folder.path() / "text";
     std::ofstream(text) << "no program";
     EXPECT_EQ(startDetached({{}, {}}).error, EINVAL);
@@ -145,7 +145,7 @@ TEST_F(DetachedProcessTest, WhatCannotBeRunIsAnErrorAndLeavesNothingBehind) {
     expectNoProcessToWaitFor();
 }
 
-TEST_F(DetachedProcessTest, OneThatHasEndedIsNotOursToWaitFor) {
+TEST_F(DetachedProcessTest, ExitedProcessIsNotOurChild) {
     for (int count = 0; count < 20; ++count) {
         startDetached({{reporting("echo done")}, {}});
         EXPECT_EQ(reports.nextLine(), "done");
@@ -153,7 +153,7 @@ TEST_F(DetachedProcessTest, OneThatHasEndedIsNotOursToWaitFor) {
     expectNoProcessToWaitFor();
 }
 
-TEST_F(DetachedProcessTest, CanBeStartedByManyThreadsAtOnce) {
+TEST_F(DetachedProcessTest, ManyThreadsMayStartProcessesAtOnce) {
     constexpr int each = 25;
     std::vector<std::thread> threads;
     for (int number = 0; number < 4; ++number) {
@@ -187,7 +187,7 @@ public:
     JournalDouble& operator=(const JournalDouble&) = delete;
     ~JournalDouble() { close(listening); }
 
-    // All that the first program writes, and which process it is.
+    // All output of the first program, and its process id.
     std::string read(pid_t& process) const {
         const int stream = accept(listening, nullptr, nullptr);
         ucred other{};
@@ -207,7 +207,7 @@ private:
     int listening = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
 };
 
-TEST_F(DetachedProcessTest, ItsMessagesAreItsOwnInTheJournal) {
+TEST_F(DetachedProcessTest, MessagesHaveTheProgramsNameInTheJournal) {
     const std::string socket = folder.path() / "journal";
     const JournalDouble journal(socket);
     DetachedCommand command{{"/bin/sh", "-c", "echo output; echo complaint >&2"}, {}};
@@ -219,14 +219,14 @@ TEST_F(DetachedProcessTest, ItsMessagesAreItsOwnInTheJournal) {
     std::filesystem::remove(socket);
 }
 
-TEST_F(DetachedProcessTest, WithoutAJournalItWritesWhereWeDo) {
+TEST_F(DetachedProcessTest, ProcessWritesToOurStreamsWithoutAJournal) {
     DetachedCommand command{{"/bin/sh", "-c", "echo ran >" + pipe.string()}, {}};
     command.journal = {folder.path() / "no-journal", "tool", true, true};
     EXPECT_EQ(startDetached(command).error, 0);
     EXPECT_EQ(reports.nextLine(), "ran");
 }
 
-TEST_F(DetachedProcessTest, OurStreamsAreTheJournalsOnlyIfTheVariableNamesThem) {
+TEST_F(DetachedProcessTest, StreamBelongsToTheJournalOnlyIfTheVariableNamesIt) {
     EXPECT_EQ(journalStreamFor("tool").socket, "");
     struct stat facts {};
     fstat(STDERR_FILENO, &facts);

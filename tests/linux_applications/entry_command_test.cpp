@@ -20,7 +20,7 @@ using testing::IsEmpty;
 const FieldValues values{"It's Some", "an icon", "/a path/some.desktop",
                          "https://example.org/?a=$(b)"};
 
-TEST(FieldCodes, AreFilledInAndQuoted) {
+TEST(FieldCodes, ValuesAreInsertedAndQuoted) {
     EXPECT_EQ(withFieldCodes("cmd %u", values), "cmd 'https://example.org/?a=$(b)'");
     EXPECT_EQ(withFieldCodes("cmd %U", values), "cmd 'https://example.org/?a=$(b)'");
     EXPECT_EQ(withFieldCodes("cmd %c", values), "cmd 'It'\\''s Some'");
@@ -29,19 +29,19 @@ TEST(FieldCodes, AreFilledInAndQuoted) {
     EXPECT_EQ(withFieldCodes("cmd --url=%u", values), "cmd --url='https://example.org/?a=$(b)'");
 }
 
-TEST(FieldCodes, OfAFileAreItsPath) {
+TEST(FieldCodes, FileCodesExpandToAPath) {
     EXPECT_EQ(withFieldCodes("cmd %f", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
     EXPECT_EQ(withFieldCodes("cmd %F", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
     EXPECT_EQ(withFieldCodes("cmd %f", values), "cmd "); // no file
 }
 
-TEST(FieldCodes, WithoutAValueAreNothing) {
+TEST(FieldCodes, MissingValuesExpandToNothing) {
     for (const char code : std::string("uUfFick")) {
         EXPECT_EQ(withFieldCodes(std::string("cmd %") + code, {}), "cmd ");
     }
 }
 
-TEST(FieldCodes, ThatAreOutOfUseAreNothingAndPercentsStay) {
+TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsStay) {
     for (const char code : std::string("dDnNvmx")) {
         EXPECT_EQ(withFieldCodes(std::string("cmd %") + code + " more", values), "cmd  more");
     }
@@ -62,7 +62,7 @@ protected:
         return entry != nullptr ? commandOf(entry.get(), url) : EntryCommand{};
     }
 
-    // A folder for PATH that holds nothing but programs of these names.
+    // A folder for PATH that contains only programs of these names.
     std::string onlyPrograms(const std::vector<std::string>& names) const {
         const auto bin = folder.path() / "only";
         std::filesystem::remove_all(bin);
@@ -76,7 +76,7 @@ protected:
     ApplicationFolder& folder = ApplicationFolder::instance();
 };
 
-TEST_F(EntryCommandTest, IsSplitLikeAShellsLine) {
+TEST_F(EntryCommandTest, CommandIsSplitLikeAShellLine) {
     EXPECT_THAT(
         commandOfEntry("Exec=sh \"two words\" 'three more words' back\\\\\\\\slash\n").words,
         ElementsAre("sh", "two words", "three more words", "back\\slash"));
@@ -91,7 +91,7 @@ TEST_F(EntryCommandTest, AURLIsOneWordWithAnyContent) {
     EXPECT_THAT(commandOfEntry("Exec=sh -c %u\n", url).words, ElementsAre("sh", "-c", url));
 }
 
-TEST_F(EntryCommandTest, RunsInTheFirstTerminalThatIsInstalled) {
+TEST_F(EntryCommandTest, CommandRunsInTheFirstInstalledTerminal) {
     const ScopedEnvironment here({{"PATH", onlyPrograms({"sh", "foot", "xterm", "konsole"})}});
     const auto bin = folder.path() / "only";
     EXPECT_THAT(commandOfEntry("Terminal=true\nExec=sh -c 'two words'\n").words,
@@ -102,7 +102,7 @@ TEST_F(EntryCommandTest, RunsInTheFirstTerminalThatIsInstalled) {
                 ElementsAre((bin / "foot").string(), "sh"));
 }
 
-TEST_F(EntryCommandTest, WithoutATerminalThereIsNoneAndThatIsSaid) {
+TEST_F(EntryCommandTest, MissingTerminalIsAnErrorWithAReason) {
     const ScopedEnvironment here({{"PATH", onlyPrograms({"sh"})}});
     const EntryCommand command = commandOfEntry("Terminal=true\nExec=sh\n");
     EXPECT_THAT(command.words, IsEmpty());

@@ -112,7 +112,7 @@ TEST_F(LinuxWorkspaceTest, ApplicationWithAWindowComesForwardAndIsNotLaunched) {
     EXPECT_THAT(log, ElementsAre("only starts", "only brings forward", "only has no window"));
 }
 
-// Says which of some windows it is to bring forward.
+// Reports which of its windows it would activate.
 class ChoosingBackend : public BackendDouble {
 public:
     explicit ChoosingBackend(std::vector<std::string>& record)
@@ -136,7 +136,7 @@ private:
     std::vector<std::string>& chosen;
 };
 
-TEST_F(LinuxWorkspaceTest, ItsOwnWindowIsKnownByItsProcessElseByItsName) {
+TEST_F(LinuxWorkspaceTest, OwnWindowIsFoundByItsProcessOrItsName) {
     LinuxWorkspace workspace(thread, {[this] {
                                  return std::make_unique<ChoosingBackend>(log);
                              }},
@@ -146,7 +146,7 @@ TEST_F(LinuxWorkspaceTest, ItsOwnWindowIsKnownByItsProcessElseByItsName) {
     EXPECT_THAT(log, ElementsAre("only starts", "of our name", "of our process"));
 }
 
-TEST_F(LinuxWorkspaceTest, WithoutADesktopNothingIsFrontmost) {
+TEST_F(LinuxWorkspaceTest, NoApplicationIsFrontmostWithoutADesktop) {
     LinuxWorkspace workspace(thread, {backend("only", false)}, {});
     thread.call([] {});
     EXPECT_THAT(log, ElementsAre("only starts", "only goes"));

@@ -143,7 +143,7 @@ TEST_F(X11WorkspaceTest, FocusChangeNeverReportsNoApplication) {
     EXPECT_EQ(gaps, 0);
 }
 
-// Hears what launchers broadcast.
+// Receives the broadcasts of launchers.
 class LaunchMessages {
 public:
     explicit LaunchMessages(const std::string& display)
@@ -156,7 +156,7 @@ public:
                                        nullptr)); // the server has seen it
     }
 
-    // The pieces of the next one, put together.
+    // The next message, joined from its pieces.
     std::string next() const {
         std::string text;
         while (text.find('\0') == std::string::npos) {
@@ -178,7 +178,7 @@ private:
     const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection;
 };
 
-TEST_F(X11WorkspaceTest, ALaunchedOneThatTakesNoticeIsAnnounced) {
+TEST_F(X11WorkspaceTest, LaunchWithStartupNotificationIsAnnounced) {
     const auto pipe = folder.path() / "announced";
     LaunchReports reports{pipe};
     const LaunchMessages messages(server->display());

@@ -70,8 +70,8 @@ TEST_P(ApplicationsTest, LaunchedApplicationRunsAndComesForward) {
     seen.expectFrontmost("launched");
 }
 
-// Of an application that says that it takes notice of it.
-TEST_P(ApplicationsTest, ALaunchedOneHasProofThatTheUserWantedIt) {
+// Only for applications that support startup notification.
+TEST_P(ApplicationsTest, LaunchedApplicationHasProofOfTheUsersRequest) {
     const Leash leash(folder.path() / "leash");
     const auto proof = folder.path() / "proof";
     const auto script =

@@ -221,8 +221,8 @@ TEST_P(BringForwardTest, ApplicationThatHasExitedStartsAgain) {
     expectStarts(seen, "launched", 2);
 }
 
-// In the terminal that the user has chosen. Its window is known by the process that was launched.
-TEST_P(BringForwardTest, AProgramInATerminalComesForward) {
+// In the user's terminal. The launched process identifies its window.
+TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     const bool onWayland = desktop->environment().count("WAYLAND_DISPLAY") != 0;
     const std::string terminal = onWayland ? "foot" : "xterm -e";
     if (!isInstalled(terminal.substr(0, terminal.find(' ')))) {
@@ -254,8 +254,8 @@ TEST_P(BringForwardTest, AProgramInATerminalComesForward) {
     expectStarts(seen, "inside", GetParam().processes == Processes::known ? 1 : 4);
 }
 
-// A second process of it would hand over to the first and end.
-TEST_P(BringForwardTest, ASingleInstanceApplicationComesForwardWithoutASecondProcess) {
+// A second process would pass its request to the first and exit.
+TEST_P(BringForwardTest, SingleInstanceApplicationComesForwardWithoutASecondProcess) {
     const Leash leash(folder.path() / "leash");
     const auto alone = folder.path() / "alone";
     install("single",

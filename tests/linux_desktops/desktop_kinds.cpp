@@ -61,7 +61,7 @@ std::vector<DesktopKind> describeAll() {
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
-         .workspaces = Workspaces::one, // they change by keys alone
+         .workspaces = Workspaces::one, // only key presses switch them
          .processes = Processes::unknown},
         {.name = "Xfce",
          .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),

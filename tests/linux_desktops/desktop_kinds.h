@@ -24,9 +24,9 @@ enum class Minimizing { works, none };
 // Whether windows that are minimised, or on another workspace, come forward.
 enum class HiddenWindows { comeForward, stayHidden };
 enum class Workspaces { several, one };
-// Whether the desktop says which process a window belongs to.
+// Whether the desktop reports the process of a window.
 enum class Processes { known, unknown };
-// What a launched program gets that proves that the user wanted it.
+// The proof of the user's request that a launched program receives.
 enum class Proof { none, startupID, token };
 
 struct DesktopKind {

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* identifier = "org.glidemap.Glidemap";
 
-// A status bar on the desktop's bus, if the desktop has none of its own.
+// A status bar on the desktop's bus, for desktops without one.
 class StatusBarDouble {
 public:
     StatusBarDouble(const Desktop& desktop, StatusBar present) {
@@ -70,9 +70,9 @@ TEST_P(ProgramTest, SettingsWindowOpensInFront) {
     expectEnd(glidemap);
 }
 
-TEST_P(ProgramTest, ASecondLaunchEndsAndBringsTheWindowForward) {
+TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     const StatusBarDouble bar(*desktop,
-                              GetParam().statusBar); // no alert comes up and takes the focus
+                              GetParam().statusBar); // no alert appears and takes the focus
     Program glidemap(command());
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);

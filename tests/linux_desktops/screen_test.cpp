@@ -48,7 +48,7 @@ TEST_P(OverviewTest, OverviewOpensAndCloses) {
 
 class LockTest : public DesktopTest {
 protected:
-    // In this session.
+    // Whether a program of this session runs.
     static bool runs(std::string_view program) {
         const std::array<std::string_view, 1> names = {program};
         return !sessionProcesses(names).empty();
@@ -74,8 +74,8 @@ TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
     EXPECT_EQ(refused, !locks);
 }
 
-// As many sessions of sway and labwc are set up: a locker that only swayidle knows of.
-TEST_P(LockTest, TheLockerOfSwayidleLocksWhereThereIsNoService) {
+// A common setup of sway and labwc sessions: only swayidle knows the locker.
+TEST_P(LockTest, LockerOfSwayidleLocksWithoutAService) {
     if (GetParam().name != "Sway" && GetParam().name != "Labwc") {
         GTEST_SKIP() << "no desktop for swayidle";
     }

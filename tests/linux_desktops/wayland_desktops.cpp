@@ -127,7 +127,7 @@ public:
                        "global.display.get_current_time_roundtrip())");
     }
 
-    // As its dash does, which has the time of a click.
+    // Requests a token as GNOME's dash does, with the time of a click.
     std::string activationToken() const override {
         const std::string quoted =
             shell.evaluate("global.create_app_launch_context(global.display.get_current_time_"

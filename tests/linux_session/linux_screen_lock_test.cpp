@@ -141,7 +141,7 @@ protected:
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
     InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
     std::deque<BusDouble> services;
-    // Neither a program of the machine's nor one of another test's is there.
+    // Hides the machine's programs and those of other tests.
     test::ProgramDoubles programs;
     InEnvironment path{"PATH", programs.folder().c_str()};
     InEnvironment display{"DISPLAY", ":no-display-of-a-test"};
@@ -299,7 +299,7 @@ TEST_F(LinuxScreenLockTest, EachRequestIsReportedSeparately) {
 TEST_F(LinuxScreenLockTest, ServiceThatNeverRepliesCostsOnlyItsLimit) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
-    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // it may still lock
+    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // the service may still lock
     EXPECT_EQ(lockInTime(expected, withLimitOnAnswer), expected);
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
@@ -348,7 +348,7 @@ TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) 
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(LinuxScreenLockTest, ThereIsALockAlsoWithoutABus) {
+TEST_F(LinuxScreenLockTest, LockIsAvailableWithoutABus) {
     const test::TemporaryFolder runtime;
     const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", nullptr);
@@ -357,7 +357,7 @@ TEST_F(LinuxScreenLockTest, ThereIsALockAlsoWithoutABus) {
     EXPECT_EQ(journal.lines(), Lines());
 }
 
-// Programs of the session that lock it: each test has a display of its own.
+// Programs of the session that lock it; each test has its own display.
 class SessionLockTest : public LinuxScreenLockTest {
 protected:
     SessionLockTest() {
@@ -374,14 +374,14 @@ protected:
     desktops::Environment environment;
 };
 
-TEST_F(SessionLockTest, ADaemonsCommandLocksWhereNoServiceDoes) {
+TEST_F(SessionLockTest, DaemonsCommandLocksIfNoServiceDoes) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command");
     EXPECT_EQ(lock(), Lines());
     EXPECT_EQ(programs.ran(), "xscreensaver-command -lock\n");
 }
 
-TEST_F(SessionLockTest, AServiceComesBeforeACommand) {
+TEST_F(SessionLockTest, ServiceComesBeforeACommand) {
     onSessionBus(gnome);
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command");
@@ -389,7 +389,7 @@ TEST_F(SessionLockTest, AServiceComesBeforeACommand) {
     EXPECT_EQ(programs.ran(), "");
 }
 
-TEST_F(SessionLockTest, ACommandThatFailsOrIsNotThereLeavesItToTheNext) {
+TEST_F(SessionLockTest, FailedOrMissingCommandLeavesItToTheNext) {
     programs.start("light-locker", {}, environment);
     programs.start("xscreensaver", {}, environment);
     programs.start("xautolock", {}, environment);
@@ -405,7 +405,7 @@ TEST_F(SessionLockTest, WhereAllCommandsFailTheCallerIsCalledBack) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(SessionLockTest, ACommandThatDoesNotEndMayStillLock) {
+TEST_F(SessionLockTest, CommandThatStillRunsMayLockLater) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", untilTheTestEnds());
     Patience patience = endless;
@@ -427,7 +427,7 @@ TEST_F(SessionLockTest, OneThatGoesWhileACommandRunsCallsNothing) {
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(SessionLockTest, WhatSwayidleWouldRunIsRun) {
+TEST_F(SessionLockTest, CommandOfSwayidleIsRun) {
     programs.start("swayidle", {"timeout", "300", "swaylock -f -c 'a b'"}, environment);
     programs.install("swaylock", "echo >" + programs.folder() + "/end");
     EXPECT_EQ(lock(), Lines());
@@ -439,7 +439,7 @@ TEST_F(SessionLockTest, WhatSwayidleWouldRunIsRun) {
     EXPECT_EQ(programs.ran(), "swaylock -f -c a b\n");
 }
 
-TEST_F(SessionLockTest, ALockerThatListensToLogindIsTrusted) {
+TEST_F(SessionLockTest, LockerThatHandlesLogindsRequestIsTrusted) {
     onSystemBus(logind);
     programs.start("swayidle", {"lock", "swaylock"}, environment);
     programs.install("swaylock");
@@ -448,25 +448,25 @@ TEST_F(SessionLockTest, ALockerThatListensToLogindIsTrusted) {
     EXPECT_EQ(programs.ran(), ""); // swayidle runs it
 }
 
-TEST_F(SessionLockTest, WithoutLogindAListenerIsAskedByItsCommand) {
+TEST_F(SessionLockTest, CommandOfALogindListenerRunsWithoutLogind) {
     programs.start("xss-lock", {"--", "i3lock"}, environment);
     programs.install("xset");
     EXPECT_EQ(lock(), Lines());
     EXPECT_EQ(programs.ran(), "xset s activate\n");
 }
 
-TEST_F(SessionLockTest, ALockerThatCoversTheScreenIsEnough) {
+TEST_F(SessionLockTest, LockerThatCoversTheScreenIsEnough) {
     onSessionBus(gnome);
     programs.start("i3lock", {}, environment);
     EXPECT_EQ(lock(), Lines());
 }
 
-TEST_F(SessionLockTest, ALockerOfAnotherSessionIsNone) {
+TEST_F(SessionLockTest, LockerOfAnotherSessionIsIgnored) {
     programs.start("i3lock", {}, {{"DISPLAY", ":another"}});
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(SessionLockTest, XfceLocksByItsOwnCommand) {
+TEST_F(SessionLockTest, XfceLocksWithItsOwnCommand) {
     const InEnvironment current("XDG_CURRENT_DESKTOP", "XFCE");
     programs.install("xflock4");
     EXPECT_EQ(lock(), Lines());

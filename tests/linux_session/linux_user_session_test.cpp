@@ -132,7 +132,7 @@ protected:
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
-    // Every change is noted after it has been made.
+    // Each notification follows its change.
     bool become(const LinuxUserSession& session, bool isActive, bool isLocked) {
         while (session.isActive() != isActive || session.isLocked() != isLocked) {
             if (!journal.waitForCount("changed", ++changes)) {
@@ -182,7 +182,7 @@ TEST_F(LinuxUserSessionTest, InitialBackgroundSessionIsDetected) {
     EXPECT_TRUE(become(session, false, true));
 }
 
-TEST_F(LinuxUserSessionTest, FollowsWhetherTheMachineSleeps) {
+TEST_F(LinuxUserSessionTest, FollowsSuspendAndResume) {
     BusDouble& manager = startLogind(true, true);
     const LinuxUserSession session(desktop, queue);
     EXPECT_FALSE(session.isAsleep());
@@ -197,8 +197,8 @@ TEST_F(LinuxUserSessionTest, FollowsWhetherTheMachineSleeps) {
     EXPECT_TRUE(sleepIs(session, false));
 }
 
-// A process that is stopped before sleep reads both signals afterwards.
-TEST_F(LinuxUserSessionTest, ASleepThatIsOverBeforeTheMainThreadRunsIsNotified) {
+// A process that is stopped before the suspend reads both signals after the resume.
+TEST_F(LinuxUserSessionTest, SuspendThatEndsBeforeTheMainThreadRunsIsReported) {
     BusDouble& manager = startLogind(true, false);
     LinuxUserSession session(desktop, queue);
     std::vector<bool> notified;
@@ -212,7 +212,7 @@ TEST_F(LinuxUserSessionTest, ASleepThatIsOverBeforeTheMainThreadRunsIsNotified) 
     EXPECT_EQ(notified, (std::vector{true, false}));
 }
 
-TEST_F(LinuxUserSessionTest, IsAwakeWhenLogindEndsWhileTheMachineSleeps) {
+TEST_F(LinuxUserSessionTest, ExitOfLogindDuringSuspendCountsAsResume) {
     BusDouble& manager = startLogind(true, false);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));

@@ -9,7 +9,7 @@ namespace glidemap::test {
 
 namespace fs = std::filesystem;
 
-// A shell of that name, which waits for its standard input to end.
+// Starts a shell with that process name, which waits for the end of its standard input.
 void ProgramDoubles::start(const std::string& name, const std::vector<std::string>& arguments,
                            const desktops::Environment& environment) {
     const fs::path program = daemons.path() / name;

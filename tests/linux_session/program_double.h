@@ -1,9 +1,9 @@
-// Doubles of programs in a folder of their own: ones that run, under a name that the kernel has them by, and ones that are
-// run and write down how.
+// Fake programs in their own folder: some run under a given process name, others record how they
+// are run.
 //
-// Thread:  the test's, which has to live as long as the programs.
-// Owner:   a test. Destroying it ends those that run.
-// Errors:  a program that does not start is a failure of the test.
+// Thread:  the test's, which must live as long as the programs.
+// Owner:   a test. The destructor ends the running programs.
+// Errors:  a program that does not start fails the test.
 #pragma once
 
 #include "desktops/program.h"
@@ -18,17 +18,17 @@ namespace glidemap::test {
 
 class ProgramDoubles {
 public:
-    // To be found in PATH.
+    // The folder to put in PATH.
     std::string folder() const { return programs.path().string(); }
 
-    // Runs with these arguments until the end, in that environment.
+    // Runs with these arguments and this environment until the destruction.
     void start(const std::string& name, const std::vector<std::string>& arguments,
                const desktops::Environment& environment);
 
-    // Writes down its name and its arguments, and then does what the shell makes of the text.
+    // Installs a program that records its name and arguments, and then runs `text` in the shell.
     void install(const std::string& name, const std::string& text = "");
 
-    // The commands that were run, one a line.
+    // The recorded commands, one per line.
     std::string ran() const;
 
 private:

@@ -26,7 +26,7 @@ std::vector<Words> commandsOf(const SessionLockers& lockers) {
     return commands;
 }
 
-TEST(SessionLockers, WithoutAnyThereIsNothingToRun) {
+TEST(SessionLockers, NoLockerMeansNoCommand) {
     const SessionLockers none({}, "sway", "");
     EXPECT_THAT(none.commands(), IsEmpty());
     EXPECT_FALSE(none.isLocked());
@@ -44,12 +44,12 @@ TEST(SessionLockers, EachDaemonHasItsCommand) {
                 ElementsAre(Words{"xset", "s", "activate"}));
 }
 
-TEST(SessionLockers, XfceHasACommandOfItsOwnWhichComesFirst) {
+TEST(SessionLockers, CommandOfXfceComesFirst) {
     EXPECT_THAT(commandsOf({{{"xscreensaver", {}}}, "XFCE", ""}),
                 ElementsAre(Words{"xflock4"}, Words{"xscreensaver-command", "-lock"}));
 }
 
-TEST(SessionLockers, ThoseThatListenToLogindAreKnown) {
+TEST(SessionLockers, LogindListenersAreDetected) {
     EXPECT_TRUE(SessionLockers({{"xss-lock", {}}}, "", "").listensToLogind());
     EXPECT_TRUE(SessionLockers({{"light-locker", {}}}, "", "").listensToLogind());
     EXPECT_FALSE(SessionLockers({{"xscreensaver", {}}}, "", "").listensToLogind());
@@ -60,7 +60,7 @@ TEST(SessionLockers, ThoseThatListenToLogindAreKnown) {
                     .listensToLogind());
 }
 
-TEST(SessionLockers, SwayidleSaysHowTheSessionLocks) {
+TEST(SessionLockers, ArgumentsOfSwayidleContainTheLocker) {
     const Words arguments = {"swayidle",
                              "-w",
                              "timeout",
@@ -77,17 +77,17 @@ TEST(SessionLockers, SwayidleSaysHowTheSessionLocks) {
     EXPECT_TRUE(lockers.commands().front().stays);
 }
 
-TEST(SessionLockers, SwayidlesFileSaysItToo) {
+TEST(SessionLockers, FileOfSwayidleContainsTheLocker) {
     const std::string file =
         "# swaylock is not here\ntimeout 300 'swaylock -f'\n\nlock \"gtklock -d\"";
     const SessionLockers lockers({{"swayidle", {"swayidle"}}}, "sway", file);
     EXPECT_THAT(commandsOf(lockers), ElementsAre(Words{"/bin/sh", "-c", "swaylock -f"},
                                                  Words{"/bin/sh", "-c", "gtklock -d"}));
     EXPECT_TRUE(lockers.listensToLogind());
-    EXPECT_THAT(SessionLockers({}, "sway", file).commands(), IsEmpty()); // it does not run
+    EXPECT_THAT(SessionLockers({}, "sway", file).commands(), IsEmpty()); // swayidle does not run
 }
 
-TEST(SessionLockers, WhatCoversTheScreenIsKnown) {
+TEST(SessionLockers, LockerThatCoversTheScreenIsDetected) {
     EXPECT_TRUE(SessionLockers({{"swaylock", {}}}, "", "").isLocked());
     EXPECT_TRUE(SessionLockers({{"i3lock", {}}}, "", "").isLocked());
     EXPECT_FALSE(SessionLockers({{"light-locker", {}}}, "", "").isLocked());
@@ -101,12 +101,12 @@ protected:
     }
 
     ProgramDoubles doubles;
-    // No session of the machine's is called so.
+    // No real session uses this display name.
     InEnvironment display{"DISPLAY", ":session-processes"};
     InEnvironment socket{"WAYLAND_DISPLAY", nullptr};
 };
 
-TEST_F(SessionProcessesTest, AreThoseOfThatNameOnThisDisplay) {
+TEST_F(SessionProcessesTest, ProcessesHaveTheNameAndThisDisplay) {
     doubles.start("a-program", {"two words"}, {{"DISPLAY", ":session-processes"}});
     doubles.start("a-program", {"elsewhere"}, {{"DISPLAY", ":session-processes-2"}});
     doubles.start("a-program", {"nowhere"}, {});
@@ -117,7 +117,7 @@ TEST_F(SessionProcessesTest, AreThoseOfThatNameOnThisDisplay) {
     EXPECT_THAT(found("another"), IsEmpty());
 }
 
-TEST_F(SessionProcessesTest, AWaylandDisplayIsTheOneInThisFolder) {
+TEST_F(SessionProcessesTest, WaylandDisplayIsInThisRuntimeFolder) {
     const InEnvironment noDisplay("DISPLAY", nullptr);
     const InEnvironment wayland("WAYLAND_DISPLAY", "wayland-9");
     const InEnvironment folder("XDG_RUNTIME_DIR", "/run/of/this");

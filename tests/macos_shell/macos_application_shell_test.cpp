@@ -39,7 +39,7 @@ TEST_F(MacosApplicationShellTest, ShowingTheWindowActivatesTheProgram) {
     EXPECT_THAT(doubles::asked(), ElementsAre("comeForward"));
 }
 
-TEST_F(MacosApplicationShellTest, AnActivityLastsAsLongAsGesturesAreOn) {
+TEST_F(MacosApplicationShellTest, ActivityLastsWhileGesturesAreOn) {
     shell.setGesturesOn(false);
     EXPECT_THAT(doubles::asked(), testing::IsEmpty());
     shell.setGesturesOn(true);
@@ -52,8 +52,8 @@ TEST_F(MacosApplicationShellTest, AnActivityLastsAsLongAsGesturesAreOn) {
                                               "begin: Trackpad gestures are on"));
 }
 
-// The toolkit's own way to quit is to ask, and whoever is asked here terminates.
-TEST_F(MacosApplicationShellTest, AskedToQuitByTheSystemItEndsTheLoopAndAsksNobodyAgain) {
+// QCoreApplication::quit() sends the program a quit request, and the program terminates.
+TEST_F(MacosApplicationShellTest, QuitRequestOfTheSystemEndsTheLoopWithoutAskingAgain) {
     int asked = 0;
     const SessionEnd sessionEnd([&] {
         ASSERT_EQ(++asked, 1);

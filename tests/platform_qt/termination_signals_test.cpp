@@ -78,8 +78,8 @@ TEST(TerminationSignalsTest, LimitOutlivesTheObject) {
               EXIT_SUCCESS);
 }
 
-// A limit would be a shorter alarm, instead of the one that is set for this test.
-TEST(TerminationSignalsTest, WithoutALimitAProgramTakesItsTime) {
+// A limit would replace this test's alarm by a shorter one.
+TEST(TerminationSignalsTest, ProgramWithoutALimitIsNotInterrupted) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {
                               constexpr unsigned longerThanAnyLimit = 10;

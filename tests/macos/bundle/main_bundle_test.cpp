@@ -16,12 +16,12 @@ TEST_F(MainBundleTest, ReturnsTheShortVersion) {
     EXPECT_EQ(bundleShortVersion(), "1.10.2");
 }
 
-TEST_F(MainBundleTest, TellsTheVersionWithoutAPoolAroundIt) {
+TEST_F(MainBundleTest, ReturnsTheVersionWithoutAnOuterPool) {
     files().version = "1.10.2";
     std::thread([] { EXPECT_EQ(bundleShortVersion(), "1.10.2"); }).join();
 }
 
-TEST_F(MainBundleTest, HasNoVersionWhereNoneIsWritten) {
+TEST_F(MainBundleTest, ReturnsNulloptWithoutAVersion) {
     for (const Information information :
          {Information::none, Information::empty, Information::versionThatIsNoText}) {
         files().information = information;

@@ -78,7 +78,7 @@ TEST(AppKitContract, HasTheInterfacesOfTheShell) {
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(activateIgnoringOtherApps:)));
 }
 
-TEST(AppKitContract, HasWhatTheStatusItemUses) {
+TEST(AppKitContract, HasTheInterfacesOfTheStatusItem) {
     EXPECT_TRUE(classAnswers([NSImage class], @selector(imageWithSystemSymbolName:
                                                          accessibilityDescription:)));
     EXPECT_TRUE(instancesAnswer([NSImage class], @selector(setTemplate:)));

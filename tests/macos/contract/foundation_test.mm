@@ -124,7 +124,7 @@ TEST(FoundationContract, HasActivities) {
     EXPECT_TRUE(instancesAnswer([NSProcessInfo class], @selector(endActivity:)));
 }
 
-TEST(FoundationContract, HasNoticesAndObservation) {
+TEST(FoundationContract, HasNotificationsAndObservation) {
     EXPECT_TRUE(instancesAnswer([NSNotificationCenter class],
                                 @selector(addObserverForName:object:queue:usingBlock:)));
     EXPECT_TRUE(instancesAnswer([NSNotificationCenter class], @selector(removeObserver:)));

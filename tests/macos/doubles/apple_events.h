@@ -3,10 +3,10 @@
 
 namespace glidemap::doubles {
 
-// As when the user opens the program again. Returns whether the program has a handler for it.
+// Sends the event of opening the program again. Returns whether a handler exists.
 bool sendReopen();
 
-// As when the user logs out. Returns whether the program has a handler for it.
+// Sends the event of a logout. Returns whether a handler exists.
 bool sendQuit();
 
 } // namespace glidemap::doubles

@@ -1,4 +1,4 @@
-// What the menu bar has, for a test.
+// Controls the fake menu bar.
 #pragma once
 
 #include <set>
@@ -7,11 +7,11 @@
 namespace glidemap::doubles {
 
 struct StatusItemScene {
-    std::set<std::string> symbols; // which the system has
+    std::set<std::string> symbols; // available in the system
     bool hasItem = true;
 };
 
-// Reset by every test's set-up.
+// The fixture's set-up resets it.
 StatusItemScene& statusItemScene();
 
 } // namespace glidemap::doubles

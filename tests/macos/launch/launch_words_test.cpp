@@ -19,7 +19,7 @@ LaunchOption optionOf(std::vector<std::string> words) {
     return launchOption(arguments);
 }
 
-TEST(LaunchWordsTest, WhatTheSystemAddsIsNoOption) {
+TEST(LaunchWordsTest, ArgumentsOfTheSystemAreNotOptions) {
     struct Row {
         std::vector<std::string> words;
         LaunchOption expected;
@@ -46,7 +46,7 @@ TEST(LaunchWordsTest, WhatTheSystemAddsIsNoOption) {
     }
 }
 
-TEST(LaunchWordsTest, TheHelpNamesEveryOptionAndNothingOfAnotherSystem) {
+TEST(LaunchWordsTest, HelpListsExactlyTheOptionsOfThisSystem) {
     const std::string help = launchHelp;
     for (const std::string_view here : {"--verbose", "--diagnose", "--version", "--help",
                                         "GLIDEMAP_LOG", "menu bar", "Command-Q"}) {

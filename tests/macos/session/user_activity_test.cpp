@@ -11,14 +11,14 @@ using testing::ElementsAre;
 
 class UserActivityTest : public CocoaTest {};
 
-TEST_F(UserActivityTest, IsAskedForByTheUserAndLetsTheSystemSleep) {
+TEST_F(UserActivityTest, ActivityIsUserInitiatedAndAllowsSleep) {
     std::optional<UserActivity> activity("gestures are on");
     EXPECT_THAT(journal(), ElementsAre("beginActivity 0xefffff gestures are on"));
     activity.reset();
     EXPECT_THAT(journal(), ElementsAre("endActivity"));
 }
 
-TEST_F(UserActivityTest, OutlivesThePoolAndNeedsNoneAroundIt) {
+TEST_F(UserActivityTest, ActivityOutlivesThePoolAndNeedsNoOuterPool) {
     std::thread([] { const UserActivity activity("gestures are on"); }).join();
     EXPECT_THAT(journal(), ElementsAre("beginActivity 0xefffff gestures are on", "endActivity"));
 }

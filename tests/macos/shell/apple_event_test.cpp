@@ -31,13 +31,13 @@ protected:
     int reopened = 0;
 };
 
-TEST_F(AppleEventTest, IsTheCoreEventOfReopening) {
+TEST_F(AppleEventTest, HandlesTheCoreReopenEvent) {
     EXPECT_THAT(journal(), ElementsAre("setEventHandler aevt rapp"));
     reopen.reset();
     EXPECT_THAT(journal(), ElementsAre("removeEventHandler aevt rapp"));
 }
 
-TEST_F(AppleEventTest, IsTheCoreEventOfEnding) {
+TEST_F(AppleEventTest, HandlesTheCoreQuitEvent) {
     journal();
     {
         const AppleEvent quit(Kind::quit, [] {});
@@ -46,13 +46,13 @@ TEST_F(AppleEventTest, IsTheCoreEventOfEnding) {
                 ElementsAre("setEventHandler aevt quit", "removeEventHandler aevt quit"));
 }
 
-TEST_F(AppleEventTest, CallsBackEachTime) {
+TEST_F(AppleEventTest, ReportsEachEvent) {
     EXPECT_TRUE(sendReopen());
     EXPECT_TRUE(sendReopen());
     EXPECT_EQ(reopened, 2);
 }
 
-TEST_F(AppleEventTest, CallsBackForItsOwnKindAlone) {
+TEST_F(AppleEventTest, ReportsOnlyItsOwnKind) {
     int ended = 0;
     const AppleEvent quit(Kind::quit, [&ended] { ++ended; });
     EXPECT_TRUE(sendQuit());
@@ -60,18 +60,18 @@ TEST_F(AppleEventTest, CallsBackForItsOwnKindAlone) {
     EXPECT_EQ(reopened, 0);
 }
 
-TEST_F(AppleEventTest, CallsBackNoMoreOnceItHasGone) {
+TEST_F(AppleEventTest, ReportsNothingAfterDestruction) {
     reopen.reset();
     EXPECT_FALSE(sendReopen());
     EXPECT_EQ(reopened, 0);
 }
 
-TEST_F(AppleEventTest, MayBeDestroyedDuringItsCallback) {
+TEST_F(AppleEventTest, CallbackMayDestroyIt) {
     reopen.reset();
     const auto captured = std::make_shared<int>();
     reopen = std::make_unique<AppleEvent>(Kind::reopen, [this, captured] {
         reopen.reset();
-        ++*captured; // is there still
+        ++*captured; // still valid
     });
     EXPECT_TRUE(sendReopen());
     EXPECT_EQ(*captured, 1);

@@ -17,7 +17,7 @@ protected:
     StatusButtonTest() { statusItemScene() = {.symbols = {"hand.draw.fill"}}; }
 };
 
-TEST_F(StatusButtonTest, ShowsTheSystemsSymbolByItsDescriptionAsATemplate) {
+TEST_F(StatusButtonTest, ShowsTheSystemsSymbolAsATemplateWithItsDescription) {
     EXPECT_TRUE(showSystemSymbol("hand.draw.fill", "Glidemap", false));
     EXPECT_THAT(journal(), ElementsAre("setImage hand.draw.fill, Glidemap, template",
                                        "setAppearsDisabled NO"));
@@ -26,24 +26,24 @@ TEST_F(StatusButtonTest, ShowsTheSystemsSymbolByItsDescriptionAsATemplate) {
                                        "setAppearsDisabled YES"));
 }
 
-TEST_F(StatusButtonTest, LeavesTheToolkitsDrawingWhereTheSystemLacksTheSymbol) {
+TEST_F(StatusButtonTest, KeepsTheDrawingIfTheSystemLacksTheSymbol) {
     statusItemScene().symbols.clear();
     EXPECT_FALSE(showSystemSymbol("hand.draw.fill", "Glidemap", true));
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(StatusButtonTest, LeavesEveryWindowAloneWithoutAnItem) {
+TEST_F(StatusButtonTest, ChangesNoWindowWithoutAnItem) {
     statusItemScene().hasItem = false;
     EXPECT_FALSE(showSystemSymbol("hand.draw.fill", "Glidemap", true));
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(StatusButtonTest, NeedsNoPoolAroundIt) {
+TEST_F(StatusButtonTest, NeedsNoOuterPool) {
     std::thread([] { EXPECT_TRUE(showSystemSymbol("hand.draw.fill", "Glidemap", false)); }).join();
     journal();
 }
 
-TEST_F(StatusButtonTest, IsDrawnByTheMenuBarWithTheProgramsName) {
+TEST_F(StatusButtonTest, MenuBarShowsTheItemWithTheProgramsName) {
     MenuBar bar;
     bar.itemWasDrawn(StatusBar::Look::off);
     EXPECT_THAT(journal(), ElementsAre("setImage hand.draw.fill, Glidemap, template",

@@ -8,8 +8,8 @@
 
 namespace glidemap {
 
-// The event node of a touchpad that is not one of our clones, and that the rules give access to: one
-// that is a keyboard, too, they do not.
+// Whether this is the event node of a touchpad that the udev rules grant. They exclude our clones
+// and nodes that are also a keyboard.
 bool isGivenTouchpad(udev_device* event);
 
 } // namespace glidemap

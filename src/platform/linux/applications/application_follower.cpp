@@ -10,8 +10,9 @@ namespace glidemap {
 
 namespace {
 
-// This program is an accessory and no application to choose, whatever a desktop says about its window: some tell no process,
-// others no identifier that has an entry.
+// Excludes this program, which is an accessory and not an application to bind gestures to. Some
+// desktops report no process for its window, others an identifier without an entry, so both are
+// checked.
 bool isOwn(const WindowIdentity& window, const Application& application) {
     return window.process == getpid() || application.bundleID == ownIdentifier;
 }

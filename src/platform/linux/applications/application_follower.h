@@ -27,7 +27,7 @@
 
 namespace glidemap {
 
-// Our desktop entry, and what our windows call themselves where they name no process.
+// Our desktop entry, and the identifier of our windows on desktops that report no process.
 inline constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
 
 struct PublishedApplications {

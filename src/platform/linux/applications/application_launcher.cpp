@@ -21,7 +21,7 @@ namespace {
 // A launch request, passed from callback to callback.
 struct Launch {
     GDesktopAppInfo* entry;
-    std::string url; // to be opened by it; empty for the application itself
+    std::string url; // to open; empty to launch the application itself
     LaunchProof proof;
 
     Launch(GDesktopAppInfo* taken, std::string toOpen, LaunchProof given)
@@ -114,7 +114,7 @@ void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
         startProcess(launch->entry, launch->url, launch->proof);
 }
 
-// The bus is waited for only where it is needed: a process starts without it.
+// Only D-Bus activation waits for the bus; a process starts without it.
 void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof) {
     auto launch = std::make_unique<Launch>(entry, url, proof);
     if (!canBeActivated(entry)) {
@@ -133,7 +133,7 @@ bool takesProof(GDesktopAppInfo* entry) {
 }
 
 void launchApplication(GDesktopAppInfo* entry, const LaunchProof& proof) {
-    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // else the user has taken it away
+    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // not deleted by the user
         begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", proof);
     }
 }
@@ -160,7 +160,7 @@ void launchHandler(const std::string& url) {
     g_free(scheme);
     if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler))
         begin(G_DESKTOP_APP_INFO(handler), url, {});
-    else // a file, whose handler goes by its content
+    else // a file: its content type selects the handler
         g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
 }
 

@@ -19,13 +19,13 @@ namespace glidemap {
 // Takes the file URL of a desktop entry. A D-Bus activatable application that runs comes forward.
 void launchApplication(const std::string& url);
 
-// The same for an entry that has been read.
+// The same for an entry that has already been read.
 void launchApplication(GDesktopAppInfo* entry, const LaunchProof& proof);
 
-// Whether the entry says that its application takes notice of what proves that the user has launched it.
+// Whether the entry supports D-Bus activation or startup notification.
 bool takesProof(GDesktopAppInfo* entry);
 
-// Whatever the user has chosen for such a URL.
+// Opens the URL with the handler that the user has chosen for its scheme.
 void launchHandler(const std::string& url);
 
 } // namespace glidemap

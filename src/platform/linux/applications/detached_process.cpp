@@ -21,10 +21,11 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t longestIdentifier = 20; // in digits, and a zero
+constexpr std::size_t longestIdentifier = 20; // in digits, with the final null
 constexpr std::size_t stackSize = std::size_t{64} << 10U;
 
-// All that the children use, made before: they share our memory and may neither allocate nor lock.
+// All data of the children, prepared by the parent: the children share its memory and may neither
+// allocate nor lock.
 struct Plan {
     std::vector<char*> arguments;
     std::vector<char*> environment;
@@ -63,11 +64,11 @@ void forgetSignalHandlers() {
     struct sigaction usual = {};
     usual.sa_handler = SIG_DFL;
     for (int signal = 1; signal < NSIG; ++signal) {
-        sigaction(signal, &usual, nullptr); // refused for the few that have no handler anyway
+        sigaction(signal, &usual, nullptr); // fails for SIGKILL and SIGSTOP, which have no handler
     }
 }
 
-// Kernels before 5.9, and some sandboxes, do not know the call.
+// Kernels before 5.9, and some sandboxes, lack close_range().
 void closeDescriptorsFrom(unsigned first) {
     if (syscall(SYS_close_range, first, ~0U, 0U) == 0) {
         return;
@@ -86,7 +87,8 @@ void readNothing() {
     }
 }
 
-// From the child, because the journal notes who has connected. Without a journal our own streams do.
+// Runs in the child, because the journal records the connecting process. Without a journal the
+// child keeps our streams.
 void writeToJournal(const Plan& plan) {
     const int stream = socket(AF_UNIX, SOCK_STREAM, 0);
     if (stream < 0) {
@@ -106,7 +108,7 @@ void writeToJournal(const Plan& plan) {
     }
 }
 
-// Returns only if the program cannot be run.
+// Returns only if the program cannot be executed.
 void becomeProgram(const Plan& plan) {
     setsid();
     forgetSignalHandlers();
@@ -150,7 +152,7 @@ GLIDEMAP_ON_A_STACK_OF_ITS_OWN int outerChild(void* data) {
     _exit(0);
 }
 
-// No handler of ours may run in a child, on memory that is ours.
+// Blocks all signals: no handler of ours may run in a child that shares our memory.
 class WithoutSignals {
 public:
     WithoutSignals() {
@@ -166,7 +168,7 @@ private:
     sigset_t before{};
 };
 
-// Without a signal at its end, the outer child is no other waiter's either.
+// No exit signal, so that other code that waits for children does not see the outer child.
 void runOuterChild(Plan& plan, std::byte* stack) {
     const pid_t outer = clone(outerChild, stack + stackSize, CLONE_VM | CLONE_VFORK, &plan);
     if (outer < 0) {
@@ -177,7 +179,7 @@ void runOuterChild(Plan& plan, std::byte* stack) {
     }
 }
 
-// One line each: name, unit, priority of what has none of its own, whether lines name one, and where else to send them.
+// One line each: name, unit, default priority, priority prefixes, and where else to forward.
 std::string journalHeaderOf(const JournalStream& journal) {
     constexpr const char* behindTheName = "\n\n6\n0\n0\n0\n0\n";
     return journal.name + behindTheName;
@@ -215,7 +217,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     if (command.words.empty()) {
         return {-1, EINVAL};
     }
-    DetachedCommand own = command; // its texts are handed over as ones that may be written to
+    DetachedCommand own = command; // exec() takes non-const texts
     Plan plan;
     if (!own.processVariable.empty()) {
         std::string variable = own.processVariable + "=";
@@ -228,7 +230,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     plan.environment = pointersTo(own.environment);
     plan.folder = own.folder.empty() ? nullptr : own.folder.c_str();
     planJournal(plan, own.journal);
-    // A script without "#!" is run with a copy of the list of its arguments, which is made on the stack.
+    // For a script without "#!", execvp() copies the argument list to the stack.
     const std::size_t spare = plan.arguments.size() * sizeof(char*);
     const auto stacks = std::make_unique_for_overwrite<std::byte[]>(2 * stackSize + spare);
     plan.innerStack = stacks.get() + stackSize + spare;

@@ -1,11 +1,11 @@
-// Starts a program that is on its own from its first instruction: a session of its own, no descriptor of ours but the two
-// that it may complain to, nothing on its standard input, no signal blocked or ignored; and it is init's to wait for.
+// Starts a program that is detached from the start. It has its own session, only our standard
+// output and error, an empty standard input, and no blocked or ignored signal; init reaps it.
 //
-// Our memory is not copied for it. It is lent to the child until the child runs the program, so the calling thread waits
-// that long, some tenths of a millisecond, and other threads run on.
+// The child shares our memory instead of a copy until it executes the program. So the calling
+// thread blocks for some tenths of a millisecond, while other threads run on.
 //
-// Thread:  any, while no other changes the environment.
-// Errors:  as a value; nothing runs then.
+// Thread:  any, while no other thread changes the environment.
+// Errors:  returned as a value; no process runs then.
 #pragma once
 
 #include <sys/types.h>
@@ -15,30 +15,31 @@
 
 namespace glidemap {
 
-// Where a program's messages go if ours go to the journal: into a stream of its own, else they would all be ours.
+// The journal stream of a program, if our own messages go to the journal. Without it the journal
+// would attribute the program's messages to us.
 struct JournalStream {
-    std::string socket; // of the journal; empty for leaving things as they are
-    std::string name;   // as which the messages appear
+    std::string socket; // the journal's; empty to keep our streams
+    std::string name;   // the identifier of the messages
     bool output = false;
-    bool complaints = false; // standard error
+    bool complaints = false; // of standard error
 };
 
-// For a program of that name: empty unless one of our streams is the journal's.
+// The stream for a program of that name; empty unless one of our streams is the journal's.
 JournalStream journalStreamFor(const std::string& name);
 
 struct DetachedCommand {
-    // The program, looked for in PATH if it has no slash, and its arguments.
+    // The program and its arguments. A program without a slash is searched in PATH.
     std::vector<std::string> words;
     std::vector<std::string> environment; // "NAME=value"
-    std::string folder = {};              // to work in; empty for ours
+    std::string folder = {};              // the working folder; empty for ours
     JournalStream journal = {};
-    // This variable will be the identifier of the process; empty for none.
+    // The variable to set to the id of the process; empty for none.
     std::string processVariable = {};
 };
 
 struct DetachedProcess {
     pid_t identifier = -1;
-    int error = 0; // of errno, if it could not be started
+    int error = 0; // errno, if the process could not be started
 };
 
 DetachedProcess startDetached(const DetachedCommand& command);

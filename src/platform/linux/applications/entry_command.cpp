@@ -30,7 +30,7 @@ std::string quotedFileOf(const std::string& url) {
     return path.empty() ? "" : quoted(path);
 }
 
-// Codes that are out of use mean nothing.
+// Deprecated field codes expand to nothing.
 std::string expanded(char code, const FieldValues& values) {
     switch (code) {
     case '%':
@@ -54,10 +54,10 @@ std::string expanded(char code, const FieldValues& values) {
 
 struct Terminal {
     const char* program;
-    const char* option; // behind which the command comes; null if it comes at once
+    const char* option; // precedes the command; null if no option is needed
 };
 
-// What people chose for themselves, then the desktops' own, then the others.
+// In order of preference: the user's choice, the desktops' own terminals, then others.
 constexpr std::array<Terminal, 18> terminals = {{{"xdg-terminal-exec", nullptr},
                                                  {"kgx", "-e"},
                                                  {"gnome-terminal", "--"},

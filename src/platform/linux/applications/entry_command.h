@@ -1,7 +1,8 @@
-// What a desktop entry has one start: its Exec key with the field codes filled in, in a terminal if it wants one.
+// Builds the command of a desktop entry: its Exec key with field codes expanded, in a terminal if
+// the entry requires one.
 //
-// Thread:  the one that holds the entry.
-// Errors:  none to start, with the reason in words.
+// Thread:  the entry's thread.
+// Errors:  no words, and the reason as text.
 #pragma once
 
 #include <string>
@@ -12,23 +13,25 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 namespace glidemap {
 
 struct EntryCommand {
-    std::vector<std::string> words; // empty if there is nothing to start
-    std::string problem;            // why there is not
+    std::vector<std::string> words; // empty on failure
+    std::string problem;            // the reason of a failure
 };
 
-// `url` is what the application is to open; empty for nothing.
+// `url` is the URL to open; empty for none.
 EntryCommand commandOf(GDesktopAppInfo* entry, const std::string& url);
 
-// "cmd %c" and its like, for a URL; quoted as GIO does it, to be split like a shell's line.
+// The values of field codes. They are quoted like GIO does, for a command that is split like a
+// shell's.
 struct FieldValues {
     std::string name;
     std::string icon;
-    std::string path; // of the entry's file
+    std::string path; // of the .desktop file
     std::string url;
 };
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
-// What is written before a command, to have the first terminal run it that is installed; empty if none is.
+// The words before a command that run it in the first installed terminal; empty if none is
+// installed.
 std::vector<std::string> terminalPrefix();
 
 } // namespace glidemap

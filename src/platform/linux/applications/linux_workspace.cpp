@@ -82,7 +82,7 @@ struct LinuxWorkspace::State {
         }
     }
 
-    // On the main thread: the entry that was last looked for. It is what is opened next as a rule.
+    // Used on the main thread: the entry of the last lookup, which is usually opened next.
     std::string foundURL;
     std::shared_ptr<GDesktopAppInfo> found;
 

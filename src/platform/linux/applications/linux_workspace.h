@@ -48,7 +48,7 @@ public:
     void openAccessibilitySettings() override;
     void openURL(const std::string& url) override;
 
-    // The window of this very program that was used last.
+    // Activates the window of this program that was used last.
     void bringOwnWindowForward();
 
 private:

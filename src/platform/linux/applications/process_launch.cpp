@@ -20,7 +20,7 @@ namespace glidemap {
 
 namespace {
 
-// What was about us, at our start.
+// Variables that belong to the launch of this program.
 constexpr std::array<std::string_view, 5> notInherited = {
     "JOURNAL_STREAM", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "GIO_LAUNCHED_DESKTOP_FILE",
     "GIO_LAUNCHED_DESKTOP_FILE_PID"};
@@ -49,7 +49,8 @@ std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchProo
     return variables;
 }
 
-// It ends what is begun. Of an application that does not, the desktop would show for a while that it starts.
+// Whether the application completes its startup notification. For others the desktop would show for
+// a while that they are starting.
 bool takesNotice(GDesktopAppInfo* entry) {
     return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
 }

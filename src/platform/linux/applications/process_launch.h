@@ -1,7 +1,7 @@
 // Starts the process of a desktop entry, detached from this process.
 //
 // Thread:  the desktop thread.
-// Errors:  none reach the caller; the log says why nothing was started.
+// Errors:  not reported to the caller; the log contains the reason.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -12,7 +12,8 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// By its Exec line, even if D-Bus could activate it. `url` is what it is to open; empty for nothing.
+// Starts the Exec line, even if the entry supports D-Bus activation. `url` is the URL to open;
+// empty for none.
 void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof);
 
 } // namespace glidemap

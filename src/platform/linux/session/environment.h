@@ -15,7 +15,7 @@ std::string fromEnvironment(const char* variable);
 // All variables, as "NAME=value".
 std::vector<std::string> ownEnvironment();
 
-// Without the empty ones.
+// Skips empty elements.
 std::vector<std::string> splitAtColons(std::string_view text);
 
 } // namespace glidemap

@@ -86,7 +86,7 @@ private:
              });
     }
 
-    // What covers the screen already, or is about to, needs no second one on top of it.
+    // A locker that already covers the screen, or is about to, makes a second one unnecessary.
     void lookForLockers() {
         lockers = SessionLockers::ofThisSession();
         if (lockers->isLocked()) {
@@ -98,8 +98,8 @@ private:
         }
     }
 
-    // A service that can be started may belong to a desktop that is installed but not running, so
-    // those that run come first.
+    // Running services come first: a service that D-Bus can start may belong to a desktop that is
+    // installed but not running.
     void askRunning(std::size_t index) {
         if (index == savers.size()) {
             startMissing(0);
@@ -157,7 +157,8 @@ private:
         });
     }
 
-    // Cut loose from us: if it ended with us, some desktops would stay locked for good.
+    // Detached from this process: if the locker ended with us, some desktops would stay locked for
+    // good.
     void startLocker(const LockCommand& command, std::size_t number) {
         const DetachedProcess started = startDetached({command.words, ownEnvironment()});
         if (started.error != 0) {

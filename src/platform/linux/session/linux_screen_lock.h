@@ -1,12 +1,11 @@
 // Locks the screen through the first service that confirms it.
 //
-// First logind is asked to lock the session. That it agrees says little: it only passes the wish on,
-// and a desktop without a screen locker, or with one that does not listen, does nothing. So the
-// screen counts as locked once the session says that it is (its LockedHint), or a locker's program
-// runs, or one that is known to listen to logind. Else a screen saver service is asked: one that is
-// running, else one that can be started. Its agreement counts. Then come the session's own lockers.
-// With none of them `otherwise` is called, unless one may still come up: a service that was asked
-// and is late, or a program that has not ended.
+// First it calls logind. A successful call is no proof: logind only forwards the request, and a
+// desktop without a screen locker ignores it. So the screen counts as locked once the session's
+// LockedHint is true, a locker's program runs, or a program runs that is known to handle logind's
+// request. Otherwise a screen saver service is called: a running one, or else one that D-Bus can
+// start. Its successful reply counts. The session's own lockers come last. If all fail, `otherwise`
+// is called, unless a service that timed out or a program that still runs may yet lock the screen.
 //
 // Thread:  the main thread; the desktop thread calls the buses.
 // Owner:   the program. The destructor cancels pending calls; `otherwise` is not called then.
@@ -29,14 +28,14 @@ public:
         std::chrono::milliseconds answer{1000};
         // From logind's reply to LockedHint: the locker starts in this time.
         std::chrono::milliseconds locked{1000};
-        // A service that is started for it, or a program.
+        // For a service that D-Bus starts for the call, or for a program.
         std::chrono::milliseconds start{5000};
     };
 
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue);
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits);
 
-    // True: what can lock may come and go while the program runs, and needs no bus.
+    // Always true: lockers may appear and disappear while the program runs, and need no bus.
     bool find() override;
     void lock(std::function<void()> otherwise) override;
 

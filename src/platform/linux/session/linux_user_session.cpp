@@ -18,8 +18,8 @@ namespace {
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 constexpr const char* managerInterface = "org.freedesktop.login1.Manager";
-// The caller's own session or, for a program that the user's service manager has started, the one
-// on the display.
+// "auto" is the caller's own session or, for a program that the user's service manager has started,
+// the session on the display.
 constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/session/auto",
                                "org.freedesktop.DBus.Properties", "GetAll"};
 
@@ -93,7 +93,7 @@ private:
                         [kept = alive()] { kept->read({}); });
         watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
               [kept = alive()](GVariant* /*values*/) {
-                  kept->setAsleep(false); // a logind that has ended announces no waking
+                  kept->setAsleep(false); // logind that has exited announces no resume
                   kept->read({});
               });
         for (const char* const signal : {"SessionNew", "SessionRemoved"}) {
@@ -104,7 +104,7 @@ private:
               [kept = alive()](GVariant* values) { kept->followSleep(values); });
     }
 
-    // True before the machine sleeps, false once it is awake again, or has failed to sleep.
+    // True before the machine suspends, false after it has resumed or failed to suspend.
     void followSleep(GVariant* values) {
         if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
             gboolean sleeps = FALSE;
@@ -230,7 +230,7 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
                                weak = std::weak_ptr(life)](bool asleep) {
         queue->submit([held, weak, asleep] {
             if (const auto session = weak.lock()) {
-                held->isAsleep = asleep; // here, so that no sleep is too short to be noticed
+                held->isAsleep = asleep; // set here, so that a short suspend is noticed, too
                 (*session)->changes().announceDidChange();
             }
         });

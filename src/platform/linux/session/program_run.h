@@ -1,7 +1,7 @@
-// A program that runs for a moment to do something for us, and says by its exit status whether it did.
+// Runs a short-lived program and reports whether its exit status was success.
 //
 // Thread:  the desktop thread.
-// Owner:   destroying it forgets the program, which runs on; the function is not called then.
+// Owner:   any; the destructor lets the program run on, and the function is not called then.
 // Errors:  a program that cannot be started has not succeeded.
 #pragma once
 
@@ -14,7 +14,7 @@ namespace glidemap {
 
 class ProgramRun {
 public:
-    // Calls the function once, later. The program reads nothing, and nothing of what it writes is seen.
+    // Calls the function once, later. The program's input is empty and its output is discarded.
     ProgramRun(const std::vector<std::string>& words, std::function<void(bool succeeded)> ended);
     ProgramRun(const ProgramRun&) = delete;
     ProgramRun& operator=(const ProgramRun&) = delete;

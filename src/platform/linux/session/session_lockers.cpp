@@ -15,10 +15,10 @@ namespace glidemap {
 
 namespace {
 
-// What covers the screen runs exactly as long as the screen is locked.
+// Programs that run exactly while the screen is locked.
 constexpr std::array<std::string_view, 11> covers = {
     "swaylock", "i3lock", "gtklock", "waylock",  "hyprlock",       "xsecurelock",
-    "slock",    "xlock",  "xtrlock", "physlock", "kscreenlocker_g"}; // …reet, which the kernel cuts
+    "slock",    "xlock",  "xtrlock", "physlock", "kscreenlocker_g"}; // …reet: truncated by the kernel
 
 constexpr std::array<std::string_view, 5> daemons = {"xss-lock", "swayidle", "light-locker",
                                                      "xscreensaver", "xautolock"};
@@ -38,7 +38,7 @@ std::vector<std::string> splitLikeAShell(const std::string& line) {
     return words;
 }
 
-// "swaylock -f -c 000000" and the like: a line for the shell.
+// Whether a shell command, such as "swaylock -f -c 000000", starts a known locker.
 bool locks(const std::string& line) {
     const std::vector<std::string> words = splitLikeAShell(line);
     return !words.empty() && isCover(words[0].substr(words[0].rfind('/') + 1));
@@ -70,9 +70,9 @@ std::vector<std::vector<std::string>> linesOf(const std::string& text) {
 SessionLockers::SessionLockers(std::vector<SessionProcess> running, std::string_view currentDesktop,
                                const std::string& ownConfiguration) {
     if (std::ranges::count(splitAtColons(currentDesktop), "XFCE") > 0) {
-        toTry.push_back({{"xflock4"}}); // runs the command that the user has set
+        toTry.push_back({{"xflock4"}}); // runs the command of the user's settings
     }
-    for (const std::string_view daemon : daemons) { // so that their order is ours
+    for (const std::string_view daemon : daemons) { // the outer loop sets the order
         for (const SessionProcess& process : running) {
             if (process.name == daemon) {
                 take(process, ownConfiguration);
@@ -108,7 +108,8 @@ void SessionLockers::take(const SessionProcess& process, const std::string& ownC
     }
 }
 
-// "timeout 300 COMMAND", "lock COMMAND" and others. Only the command for "lock" is run at logind's wish.
+// Parses "timeout 300 COMMAND", "lock COMMAND" and others. Only the command of "lock" runs on
+// logind's request.
 void SessionLockers::takeFrom(const std::vector<std::string>& words) {
     for (std::size_t at = 0; at < words.size(); ++at) {
         if (!locks(words[at])) {

@@ -1,7 +1,8 @@
-// The screen lockers of a session that has no lock service on the bus, as its running programs show them.
+// Finds the screen lockers of a session without a lock service on the bus, from its running
+// programs.
 //
 // Thread:  any.
-// Errors:  none. What the session does not show is not there.
+// Errors:  none; a program that cannot be seen is skipped.
 #pragma once
 
 #include "platform/linux/session/session_processes.h"
@@ -14,26 +15,27 @@ namespace glidemap {
 
 struct LockCommand {
     std::vector<std::string> words;
-    bool stays =
-        false; // as long as the screen is locked; else it ends at once, and says whether it has locked
+    // Whether it runs as long as the screen is locked. Others exit at once, with success if they have
+    // locked the screen.
+    bool stays = false;
 };
 
 class SessionLockers {
 public:
-    // `ownConfiguration` is the text of swayidle's file; empty if there is none.
+    // `ownConfiguration` is the content of swayidle's file; empty if it does not exist.
     SessionLockers(std::vector<SessionProcess> running, std::string_view currentDesktop,
                    const std::string& ownConfiguration);
 
-    // As they are now.
+    // The lockers at this moment.
     static SessionLockers ofThisSession();
 
-    // One covers the screen.
+    // Whether a locker covers the screen.
     bool isLocked() const { return locked; }
 
-    // One locks when logind wishes it.
+    // Whether a running program locks on logind's request.
     bool listensToLogind() const { return listens; }
 
-    // In the order to try them in.
+    // The commands to try, in order.
     const std::vector<LockCommand>& commands() const { return toTry; }
 
 private:

@@ -1,8 +1,8 @@
-// The running programs of this session that have one of some names: those of this user, on the display that is ours. Another
-// session of the same user has programs of the same names.
+// Lists the running programs with given names in this session: those of this user on this display.
+// Another session of the same user may run programs with the same names.
 //
 // Thread:  any.
-// Errors:  none. A process that cannot be read, or has ended meanwhile, is not there.
+// Errors:  none; a process that cannot be read, or has exited, is skipped.
 #pragma once
 
 #include <span>
@@ -13,7 +13,7 @@
 namespace glidemap {
 
 struct SessionProcess {
-    std::string name; // as the kernel has it: the first 15 bytes of the program's file name
+    std::string name; // truncated by the kernel to 15 bytes
     std::vector<std::string> arguments;
 
     friend bool operator==(const SessionProcess&, const SessionProcess&) = default;

@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// A window that has just been shown is not: the desktop places it, and gives it the focus or does not.
+// False for a window that was just shown: the desktop places it and decides about its focus.
 bool isBehind(const QWidget& window) {
     const QWindow* const handle = window.windowHandle();
     return handle != nullptr && handle->isExposed() && !window.isActiveWindow();
@@ -23,7 +23,7 @@ bool isBehind(const QWidget& window) {
 LinuxApplicationShell::LinuxApplicationShell(std::function<void()> bringForward)
     : askDesktop(std::move(bringForward)) {}
 
-// It lives on without a window.
+// The program keeps running after the last window closes.
 void LinuxApplicationShell::becomeAccessory() {
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }

@@ -1,7 +1,7 @@
-// The program before a Linux desktop. Activation policies mean nothing there; what counts is that a
-// window may come forward because the user wanted it, which the desktop believes only with proof: a
-// token on Wayland, the time of the user's act on X11. A program started from a terminal has no token; then the desktop is
-// asked as a task bar asks it.
+// Presents the program to a Linux desktop, which has no activation policies. A desktop lets a
+// window come forward only if the user caused it. The proof is an activation token on Wayland, and
+// the time of the user's input on X11. A program started from a terminal has no token; then the
+// shell requests the activation as a task bar does.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.
@@ -17,7 +17,8 @@ namespace glidemap {
 
 class LinuxApplicationShell : public ApplicationShell {
 public:
-    // `bringForward` asks the desktop for the focus for our window that was used last; on Wayland, where the toolkit cannot.
+    // `bringForward` makes the desktop activate our window that was used last; on Wayland, where Qt
+    // cannot.
     explicit LinuxApplicationShell(std::function<void()> bringForward = {});
 
     void becomeAccessory() override;

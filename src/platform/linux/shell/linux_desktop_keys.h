@@ -1,12 +1,13 @@
-// The desktop's own keys on X11: while they are lent the window has a grab on the keyboard, which
-// passes over what window managers have bound. The server ends it with the window and with the program.
+// Lends the desktop's own keys to a window on X11: meanwhile the window grabs the keyboard, which
+// bypasses the window manager's key bindings. The server ends the grab with the window and with the
+// program.
 //
-// Wayland's protocol for this needs the toolkit's private interface; the desktop keeps its keys there
+// Wayland's protocol for this needs a private interface of Qt, so the desktop keeps its keys there
 // (docs/decisions/0070-the-keys-of-the-desktop.md).
 //
 // Thread:  the main thread.
 // Owner:   the key presses.
-// Errors:  where another program has the keyboard, nothing is lent.
+// Errors:  none; if another program has grabbed the keyboard, nothing is lent.
 #pragma once
 
 #include "ui/recorder/desktop_keys.h"

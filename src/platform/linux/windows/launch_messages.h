@@ -1,5 +1,5 @@
-// What launchers and the programs that they launch broadcast on an X server (startup notification), so that its window manager
-// gives a new window the focus for the user's act and not for its own wish.
+// Formats the broadcast messages of startup notification. With them the window manager gives a
+// launched window the focus because the user requested it.
 //
 // Thread:  any.
 // Errors:  none.
@@ -14,8 +14,8 @@ namespace glidemap {
 
 using LaunchFields = std::vector<std::pair<std::string_view, std::string_view>>;
 
-// "new: ID="…" NAME="…"", in the pieces that a message can carry, the last with a 0 at its end. Fields without a value
-// are left out.
+// "new: ID="…" NAME="…"", split into pieces of a client message; the last ends with a 0. Empty
+// fields are omitted.
 std::vector<std::string> launchMessage(std::string_view kind, const LaunchFields& fields);
 
 } // namespace glidemap

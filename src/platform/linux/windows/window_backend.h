@@ -41,14 +41,14 @@ public:
 // Whether to choose this window.
 using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 
-// What lets a program that is launched have the focus, although another has it. Each may be empty.
+// The proof with which a launched program may take the focus. Each part may be empty.
 struct LaunchProof {
-    std::string startupID;       // DESKTOP_STARTUP_ID, as on X11
-    std::string activationToken; // XDG_ACTIVATION_TOKEN, as on Wayland
-    std::function<void()> begun; // to be called as soon as the program runs
+    std::string startupID;       // DESKTOP_STARTUP_ID on X11
+    std::string activationToken; // XDG_ACTIVATION_TOKEN on Wayland
+    std::function<void()> begun; // call when the program runs
 };
 
-// As its desktop entry describes it.
+// The application as its desktop entry describes it.
 struct LaunchedApplication {
     std::string identifier; // without ".desktop"
     std::string name;
@@ -71,8 +71,8 @@ public:
     // never after the backend's destruction.
     virtual void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) = 0;
 
-    // For an application that says that it takes notice of it. Calls `then`, now or later, with what the desktop has for it;
-    // never after the backend has gone.
+    // Gets a proof for an application that supports startup notification. Calls `then`, now or
+    // later, with the desktop's proof; never after the backend's destruction.
     virtual void prove(const LaunchedApplication& /*application*/,
                        std::function<void(const LaunchProof&)> then) {
         then({});

@@ -110,8 +110,8 @@ private:
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
     xcb_atom_t shownWorkspaceAtom;
-    xcb_window_t clock = XCB_WINDOW_NONE;      // a change of it brings the server's time
-    xcb_window_t toActivate = XCB_WINDOW_NONE; // once that has come
+    xcb_window_t clock = XCB_WINDOW_NONE;      // changing it makes the server report its time
+    xcb_window_t toActivate = XCB_WINDOW_NONE; // when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
     xcb_atom_t launchBeginsAtom;
@@ -235,8 +235,8 @@ void X11Backend::Session::takeTime(xcb_timestamp_t time) {
         take(time);
 }
 
-// The identifier ends with the time of the user's act. The window manager hears of the launch when the program runs: what
-// cannot be started is not waited for.
+// The identifier ends with the time of the user's input. The message is sent when the program runs,
+// so that the window manager does not wait for a program that cannot start.
 void X11Backend::Session::prove(const LaunchedApplication& application,
                                 std::function<void(const LaunchProof&)> then) {
     if (requests.isLost()) {

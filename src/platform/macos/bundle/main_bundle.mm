@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-// Whoever has written the information may have written anything.
+// The value in Info.plist may be of any type.
 std::optional<std::string> shortVersion() {
     NSDictionary* const information = [[NSBundle mainBundle] infoDictionary];
     const id version = [information objectForKey:@"CFBundleShortVersionString"];
@@ -16,7 +16,7 @@ std::optional<std::string> shortVersion() {
 
 } // namespace
 
-// With pools of their own: the program asks before there is an event loop, too.
+// Needs its own pools, because the program also calls this before the event loop.
 std::optional<std::string> bundleShortVersion() {
     std::optional<std::string> version;
     withinAutoreleasePool([&version] { version = shortVersion(); });

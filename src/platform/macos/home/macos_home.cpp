@@ -41,7 +41,8 @@ std::filesystem::path ownFolder() {
     return dataFolder() / "Glidemap";
 }
 
-// The event loop has a pool for each of its turns. What the system's objects leave behind before the first turn needs one, too.
+// The event loop drains a pool in each iteration. Objects that are created before the first one
+// need this pool.
 template <typename Make>
 auto madeBeforeTheLoop(const Make& make) {
     decltype(make()) made;
@@ -70,7 +71,8 @@ public:
             .notes = nullptr,
             .dataFolder = dataFolder,
         };
-        // The application object takes the events for itself while it launches.
+        // Installs the handlers later, because the application object installs its own while it
+        // launches.
         mainQueue->submit([weak = std::weak_ptr(life)] {
             if (const auto home = weak.lock()) {
                 (*home)->handleAppleEvents();
@@ -90,7 +92,7 @@ private:
                 onReopen();
             }
         });
-        // The toolkit would refuse at first and end later, which cancels a logout.
+        // Qt would first refuse and quit later, which cancels a logout.
         quit.emplace(AppleEvent::Kind::quit, [shell = given.shell] { shell->terminate(); });
     }
 
@@ -134,7 +136,7 @@ std::shared_ptr<UserDefaults> Home::userDefaults() {
 }
 
 Home::AppearanceAlone Home::appearanceAlone(MainQueue& /*mainQueue*/) {
-    // The system changes it, so that it needs no source.
+    // The system updates the settings, so there is no source.
     return {madeBeforeTheLoop([] { return std::make_shared<MacosAppearance>(); }), nullptr};
 }
 

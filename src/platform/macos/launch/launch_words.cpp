@@ -6,10 +6,11 @@ namespace glidemap {
 
 namespace {
 
-// Older systems name the process to a program that the Finder starts.
+// Older systems pass the process number to a program that the Finder starts.
 constexpr std::string_view processNumber = "-psn_";
 
-// Settings for one launch, such as its language. The system reads them from the command line by itself.
+// The prefix of settings for one launch, such as its language. The system itself reads them from
+// the command line.
 constexpr std::string_view systemSetting = "-Apple";
 
 bool isValue(std::string_view argument) {

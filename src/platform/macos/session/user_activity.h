@@ -1,4 +1,5 @@
-// While one exists, the system does not slow the program down for showing no window (App Nap), and may still sleep.
+// Keeps the system from slowing the program down while it shows no window (App Nap), during its
+// life. The system may still sleep.
 //
 // Thread:  any.
 // Owner:   the object whose work the user waits for.
@@ -11,7 +12,7 @@ namespace glidemap {
 
 class UserActivity {
 public:
-    // The reason is for people who look for what keeps their computer busy.
+    // The system shows the reason to users who check what keeps their computer busy.
     explicit UserActivity(const char* reason);
     UserActivity(const UserActivity&) = delete;
     UserActivity& operator=(const UserActivity&) = delete;

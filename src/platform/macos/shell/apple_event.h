@@ -1,15 +1,15 @@
 // Calls back when the system sends the program an Apple event:
 //
-//   reopen   the user opens the program again while it runs, from the Finder or by Spotlight. The system then starts nothing.
-//   quit     the program must end: the user logs out or shuts the computer down, or another program asks.
+//   reopen   the user opens the running program again, from the Finder or Spotlight; no process starts
+//   quit     the program must quit: logout, shutdown, or a request of another program
 //
-// It takes the place of the handler that the application object installs for itself while it
-// launches, so it must be made after that, once the event loop runs. Two of a kind would take the
-// event from each other.
+// This handler replaces the one that the application object installs while it launches, so create
+// it after that, when the event loop runs. Create only one of each kind: a second would replace the
+// first.
 //
-// Thread:  the main thread, which the system calls on, too.
-// Owner:   the program makes one of each kind. It may be destroyed during its callback; the system calls no more
-//          once it has gone.
+// Thread:  the main thread, which the system also calls on.
+// Owner:   the program creates one of each kind. The callback may destroy it; the system makes no
+//          calls after its destruction.
 // Errors:  none.
 #pragma once
 

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-// The system knows a handler by object and method. It does not keep the object alive.
+// The system calls a handler by object and selector. It does not retain the object.
 @interface GlidemapEventTarget : NSObject {
     const std::function<void()>* callback;
 }
@@ -25,7 +25,7 @@
 }
 
 - (void)handleEvent:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply {
-    const std::function<void()> call = *callback; // which may destroy this
+    const std::function<void()> call = *callback; // the callback may destroy this
     call();
 }
 

@@ -1,5 +1,5 @@
-// The menu bar, where a click on a status item opens its menu. It is always there, and shows the system's own symbol in place of
-// our drawing where the system has it.
+// The menu bar of macOS, where a click on a status item opens its menu. It always exists, and shows
+// the system's own symbol instead of our drawing if the system has that symbol.
 //
 // Thread:  the main thread.
 // Owner:   the program.

@@ -1,14 +1,15 @@
-// The button of the program's status item in the menu bar. The toolkit made the item and its drawing; the system's own symbol is
-// better there: it has the bar's size and weight, and a description for assistive programs.
+// Sets the image of the program's status item in the menu bar. Qt creates the item with our
+// drawing. The system's own symbol is better: it has the bar's size and weight, and an
+// accessibility description.
 //
-// Thread:  the main thread, within the application object's life.
-// Errors:  values; a system without the symbol leaves the toolkit's drawing in place.
+// Thread:  the main thread, while the application object exists.
+// Errors:  as return values; without the symbol Qt's drawing stays.
 #pragma once
 
 namespace glidemap {
 
-// Shows the system's symbol of that name in the button. Returns false, and changes nothing, if the system has no such symbol or
-// the item cannot be found among the application's windows.
+// Shows the system's symbol of that name. Returns false and changes nothing if the system has no
+// such symbol or the application has no status item.
 bool showSystemSymbol(const char* symbol, const char* description, bool isDimmed);
 
 } // namespace glidemap

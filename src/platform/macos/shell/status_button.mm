@@ -24,7 +24,7 @@ NSStatusBarButton* buttonIn(NSView* view) {
     return nil;
 }
 
-// A status item has a window of its own. The program has one item.
+// A status item has its own window. The program has one item.
 NSStatusBarButton* statusButton() {
     for (NSWindow* window in [[NSApplication sharedApplication] windows]) {
         if (NSStatusBarButton* const found = buttonIn([window contentView])) {
