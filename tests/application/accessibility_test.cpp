@@ -151,8 +151,8 @@ TEST_F(AccessibilityTest, TabVisitsTheWindowInReadingOrder) {
 
 TEST_F(AccessibilityTest, TabVisitsTheEditorInReadingOrder) {
     openEditor();
-    EXPECT_EQ(namesOf(walk()),
-              (Names{"Perform action", "Shortcut", "Global", "Cancel", "Trackpad gesture"}));
+    EXPECT_EQ(namesOf(walk()), (Names{"Perform action", "Shortcut", "Choose the keys from a list",
+                                      "Global", "Cancel", "Trackpad gesture"}));
 }
 
 TEST_F(AccessibilityTest, FocusIsVisibleInTheWindow) {

@@ -112,11 +112,16 @@ TEST(GrantPromptTest, SystemFileBelongsToRootAlone) {
     EXPECT_FALSE(isOnlyRoots("/nowhere/at/all"));
 }
 
+// Only root may write to it or to its parents. Tests run at the same time, so each has its own.
+fs::path folderOfRoot(const std::string& name) {
+    return "/usr/local/glidemap-grant-prompt-" + name + "-" + std::to_string(getpid());
+}
+
 TEST(GrantPromptTest, FileInAFolderOfAnotherUserDoesNotBelongToRootAlone) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may change the owner of files";
     }
-    const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
+    const fs::path folder = folderOfRoot("owner");
     fs::create_directories(folder / "libexec");
     const fs::path file = folder / "libexec/file";
     std::ofstream(file) << "";
@@ -133,7 +138,7 @@ TEST(GrantPromptTest, InstallationOfRootRunsItsOwnProgram) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may install for all users";
     }
-    const fs::path folder = "/usr/local/glidemap-grant-prompt-test";
+    const fs::path folder = folderOfRoot("installation");
     fs::create_directories(folder / "libexec/glidemap");
     const fs::path file = folder / "libexec/glidemap/glidemap-grant-access";
     std::ofstream(file) << "";

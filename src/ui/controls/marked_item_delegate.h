@@ -1,6 +1,8 @@
 // Draws the entries of a list: as the style draws any, with a mark at the one that is chosen now.
 //
-// Thread:  the main thread. Owner: its parent. Errors: none.
+// Thread:  the main thread.
+// Owner:   its parent.
+// Errors:  none.
 #pragma once
 
 #include <QStyledItemDelegate>

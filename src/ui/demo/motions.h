@@ -1,6 +1,8 @@
 // The motions of the demonstrations, one per category of gestures, and their common parts.
 //
-// Units, Thread, Errors: as in gesture_demo.h.
+// Units:   as in gesture_demo.h.
+// Thread:  as in gesture_demo.h.
+// Errors:  as in gesture_demo.h.
 #pragma once
 
 #include "ui/demo/gesture_demo.h"
