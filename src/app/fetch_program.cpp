@@ -46,7 +46,8 @@ private:
         what.body = process.readAllStandardOutput().toStdString();
         if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
             const QByteArray said = process.readAllStandardError().trimmed();
-            what.transportError = said.isEmpty() ? "it ended without a word" : said.toStdString();
+            what.transportError =
+                said.isEmpty() ? "exited without an error message" : said.toStdString();
         }
         return what;
     }

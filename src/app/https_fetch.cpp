@@ -101,8 +101,8 @@ void Exchange::begin(const QUrl& url) {
 void Exchange::ask(const QUrl& url) {
     reply = manager.get(requestFor(url, setup));
     reply->setReadBufferSize(readAtOnce);
-    limit(silence, setup.silence, "the server is silent");
-    limit(whole, setup.whole, "the server takes too long");
+    limit(silence, setup.silence, "the server stopped responding");
+    limit(whole, setup.whole, "the transfer timed out");
     connect(reply, &QNetworkReply::metaDataChanged, this, [this] { receiveHeader(); });
     connect(reply, &QNetworkReply::redirected, this, [this] { silence.start(); });
     connect(reply, &QNetworkReply::readyRead, this, [this] { receive(); });
@@ -123,7 +123,7 @@ void Exchange::receiveHeader() {
     tooLarge = tooLarge ||
                reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > setup.largestBody;
     if (tooLarge) {
-        giveUp("the answer is too large");
+        giveUp("the response is too large");
     }
 }
 
@@ -132,7 +132,7 @@ void Exchange::receive() {
     body += reply->readAll();
     tooLarge = tooLarge || body.size() > setup.largestBody;
     if (tooLarge) {
-        giveUp("the answer is too large");
+        giveUp("the response is too large");
     }
 }
 

@@ -4,11 +4,11 @@ namespace glidemap {
 
 AlertText noStatusBarText(const Lang& lang) {
     return told(
-        lang.choose("This desktop shows no status items", "此桌面不显示状态栏图标"),
-        lang.choose("Glidemap goes on running. Start it again to open its settings; to quit it, "
-                    "press Ctrl+Q in the settings window.",
-                    "Glidemap 会继续运行。再次启动它即可打开设置；要退出，请在设置窗口中按 "
-                    "Ctrl+Q。"),
+        lang.choose("This desktop has no status bar", "此桌面没有状态栏"),
+        lang.choose(
+            "Glidemap keeps running in the background. To open its settings, start it again. To "
+            "quit, press Ctrl+Q in the settings window.",
+            "Glidemap 会在后台继续运行。再次启动即可打开设置；在设置窗口中按 Ctrl+Q 可退出。"),
         lang);
 }
 

@@ -160,12 +160,12 @@ std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& s
 void Program::run(SingleInstance& instance) {
     const TerminationSignals endings([this] { ports.shell->terminate(); }, endLimit);
     const SessionEnd sessionEnd([this] { ports.shell->terminate(); });
-    const auto deaf = instance.listen([this](const SingleInstance::Request& request) {
+    const auto listenError = instance.listen([this](const SingleInstance::Request& request) {
         home->takeProof(request);
         delegate->showSettings();
     });
-    if (deaf) {
-        complain("started again, it will not be able to show its window: " + *deaf);
+    if (listenError) {
+        complain("cannot listen for a second launch: " + *listenError);
     }
     mainQueue->submit([this] { delegate->applicationDidFinishLaunching(); });
     QApplication::exec();
@@ -221,9 +221,9 @@ int launch(char** arguments) {
                 "Glidemap runs already and shows its window; end it to log from the start");
         return EXIT_SUCCESS;
     case SingleInstance::Claim::unanswered:
-        return refuse("it runs already, and does not answer", unansweredText, arguments);
+        return refuse("already running, but not responding", unansweredText, arguments);
     case SingleInstance::Claim::impossible:
-        return refuse("cannot tell whether it runs already: no folder for its lock",
+        return refuse("cannot check for a running instance: no folder for the lock file",
                       withoutLockText, arguments);
     case SingleInstance::Claim::first:
         break;

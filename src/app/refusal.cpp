@@ -4,19 +4,20 @@ namespace glidemap {
 
 AlertText unansweredText(const Lang& lang) {
     return told(
-        lang.choose("Glidemap does not answer", "Glidemap 没有响应"),
-        lang.choose("It is running already, but does not show its window. Log out and in again, or "
-                    "end it and start it anew.",
-                    "它已在运行，但无法显示窗口。请注销后重新登录，或结束它再重新启动。"),
+        lang.choose("Glidemap is not responding", "Glidemap 没有响应"),
+        lang.choose("Glidemap is already running, but its window cannot be shown. End it and start "
+                    "it again, or log out and back in.",
+                    "Glidemap 已在运行，但无法显示窗口。请结束它后重新启动，或注销后重新登录。"),
         lang);
 }
 
 AlertText withoutLockText(const Lang& lang) {
     return told(
         lang.choose("Glidemap could not start", "Glidemap 无法启动"),
-        lang.choose("It cannot tell whether it is running already: its runtime folder cannot be "
-                    "written.",
-                    "无法判断它是否已在运行：其运行时文件夹不可写。"),
+        lang.choose(
+            "Glidemap cannot write to its runtime folder, so it cannot check whether it is already "
+            "running. Check the folder's permissions.",
+            "Glidemap 无法写入运行时文件夹，因此无法确认是否已在运行。请检查该文件夹的权限。"),
         lang);
 }
 

@@ -120,8 +120,8 @@ TEST_F(StartingAndEndingTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
     kill(first.process(), SIGSTOP);
     RunningGlidemap second(stage);
     ASSERT_TRUE(second.waitForWindow());
-    second.waitFor("label", "Glidemap does not answer");
-    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("does not answer"), std::string::npos);
+    second.waitFor("label", "Glidemap is not responding");
+    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("not responding"), std::string::npos);
     stage.display.close(*second.window());
     EXPECT_EQ(second.waitForEnd(), 1);
     kill(first.process(), SIGCONT);
@@ -161,7 +161,7 @@ TEST_F(StartingAndEndingTest, FailureToListenIsReportedAndTheProgramRuns) {
     std::filesystem::create_directories(runtime / "glidemap.socket/in/the/way");
     RunningGlidemap glidemap(stage, command);
     EXPECT_TRUE(glidemap.waitForWindow());
-    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("will not be able to show its window"),
+    EXPECT_NE(test::contentOf(stage.complaintsFile()).find("cannot listen for a second launch"),
               std::string::npos);
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }

@@ -85,7 +85,7 @@ TEST_F(StatusItemTest, RestartedPanelGetsTheItemAgain) {
 }
 
 TEST_F(StatusItemTest, MissingPanelIsReportedOnceAndALaunchShowsTheWindow) {
-    constexpr const char* message = "This desktop shows no status items";
+    constexpr const char* message = "This desktop has no status bar";
     Stage stage(Panel::absent);
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());

@@ -64,15 +64,15 @@ protected:
 TEST_F(LinuxNotesTest, MissingNodesAreNamedInBothLanguages) {
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}), "");
     EXPECT_EQ(missing({.toTouchpad = false, .toKeyboard = true}),
-              "Missing here: access to the touchpad.");
+              "Glidemap has no access to the touchpad.");
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = false}),
-              "Missing here: access to the virtual keyboard.");
-    EXPECT_EQ(missing({}), "Missing here: access to the touchpad and to the virtual keyboard.");
-    EXPECT_EQ(missing({}, nullptr, "zh"), "此处缺少：触控板和虚拟键盘的访问权限。");
+              "Glidemap has no access to the virtual keyboard.");
+    EXPECT_EQ(missing({}), "Glidemap has no access to the touchpad and the virtual keyboard.");
+    EXPECT_EQ(missing({}, nullptr, "zh"), "Glidemap 没有触控板和虚拟键盘的访问权限。");
 }
 
 TEST_F(LinuxNotesTest, WithoutAnAuthenticationAgentTheNoteNamesTheCommand) {
-    EXPECT_THAT(missing({}, "exit 127"), EndsWith("In a terminal, run: sudo grant"));
+    EXPECT_THAT(missing({}, "exit 127"), EndsWith("run in a terminal: sudo grant"));
     EXPECT_THAT(missing({}, "exit 127", "zh"), EndsWith("请在终端中运行：sudo grant"));
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = true}, "exit 127"), "");
 }
@@ -86,7 +86,7 @@ TEST_F(LinuxNotesTest, MissingGrantProgramIsExplained) {
     AccessPrompt prompt(queue, {});
     prompt.ask();
     queue->runAll();
-    EXPECT_THAT(noteOf({}, prompt, "en"), EndsWith("Install its package."));
+    EXPECT_THAT(noteOf({}, prompt, "en"), EndsWith("Install the Glidemap package."));
 }
 
 } // namespace

@@ -66,7 +66,7 @@ TEST_F(ABindingEditor, MissingOverviewIsMentionedButCanBeChosen) {
     EXPECT_FALSE(shows("noOverview"));
     choose(ActionKind::missionControl);
     EXPECT_TRUE(shows("noOverview"));
-    EXPECT_EQ(part<QLabel>("noOverview").text(), "This desktop has no overview of all windows.");
+    EXPECT_EQ(part<QLabel>("noOverview").text(), "This desktop has no window overview.");
     EXPECT_TRUE(saveButton().isEnabled());
     workspace.hasOverview = true;
     choose(ActionKind::lockScreen);
@@ -449,9 +449,9 @@ TEST_F(ABindingEditor, DisabledButtonNamesTheMissingField) {
     picker("launchPicker").setCurrentIndex(1);
     EXPECT_EQ(missing(), "");
     choose(ScopeKind::app);
-    EXPECT_EQ(missing(), "Choose the app that the binding is for first");
+    EXPECT_EQ(missing(), "Choose the app for this binding first");
     Lang::shared().setCode("zh");
-    EXPECT_EQ(missing(), "请先选择绑定在哪个 App 中生效");
+    EXPECT_EQ(missing(), "请先选择此绑定适用的 App");
 }
 
 TEST_F(ABindingEditor, TextForNoApplicationHasThePlaceholderColor) {

@@ -114,13 +114,13 @@ TEST_F(AssistanceTest, ShadowedBindingIsDescribedWithTheReason) {
     stage.store->setBindings(twice);
     EXPECT_EQ(list().child(0)->text(QAccessible::Description), "");
     EXPECT_TRUE(stage.row(0)->toolTip().isEmpty());
-    const QString reason = "Never runs: a binding above it has the same gesture and the same "
-                           "scope, and runs instead.";
+    const QString reason =
+        "Never runs: a binding above it has the same gesture and scope and takes precedence.";
     EXPECT_EQ(list().child(1)->text(QAccessible::Description), reason);
     EXPECT_EQ(stage.row(1)->toolTip(), reason);
     Lang::shared().setCode("zh");
     EXPECT_EQ(stage.row(1)->toolTip(),
-              "不会执行：上方有手势和生效范围都相同的绑定，执行的是那一个。");
+              "不会执行：上方的绑定使用相同的手势和生效范围，会优先执行。");
     twice[0].enabled = false;
     stage.store->setBindings(twice);
     EXPECT_TRUE(stage.row(1)->toolTip().isEmpty());

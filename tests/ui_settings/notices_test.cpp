@@ -198,8 +198,8 @@ TEST_F(NoticesTest, MissingHelperCanBeInstalled) {
     stage.open();
     stage.helper->become(State::missing);
     EXPECT_EQ(stage.noticeText("desktopHelperNotice"),
-              "GNOME tells which app is in front only through a small extension. "
-              "Bindings for one app work once it is installed.");
+              "On GNOME, bindings for a specific app need a small extension that reports the "
+              "active app.");
     EXPECT_EQ(button("desktopHelperNotice").text(), "Install Extension");
     EXPECT_TRUE(isTinted("desktopHelperNotice", Role::purple, 0.1));
     clickButton("desktopHelperNotice");
@@ -208,7 +208,7 @@ TEST_F(NoticesTest, MissingHelperCanBeInstalled) {
     EXPECT_FALSE(button("desktopHelperNotice").isVisible());
     stage.helper->become(State::atNextLogin);
     EXPECT_EQ(stage.noticeText("desktopHelperNotice"),
-              "The extension is installed and works from your next login.");
+              "The extension is installed. Log out and back in to activate it.");
     stage.helper->become(State::notNeeded);
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));
 }
@@ -218,7 +218,7 @@ TEST_F(NoticesTest, FailedInstallationShowsTheErrorAndCanBeRetried) {
     stage.helper->error = "no space left";
     stage.helper->become(DesktopHelper::State::failed);
     EXPECT_EQ(stage.noticeText("desktopHelperNotice"),
-              "The extension could not be installed: no space left");
+              "Could not install the extension: no space left");
     EXPECT_TRUE(button("desktopHelperNotice").isVisible());
 }
 
@@ -228,11 +228,10 @@ TEST_F(NoticesTest, HelperTextsExistInChinese) {
     stage.helper->error = "no space left";
     stage.open();
     const std::pair<State, const char*> rows[] = {
-        {State::missing, "GNOME 只能通过一个小扩展得知哪个 App 在最前面。"
-                         "安装后，针对单个 App 的绑定才会生效。"},
+        {State::missing, "在 GNOME 中，针对指定 App 的绑定需要一个小扩展来识别当前使用的 App。"},
         {State::installing, "正在安装扩展…"},
-        {State::atNextLogin, "扩展已安装，下次登录后生效。"},
-        {State::failed, "扩展安装失败：no space left"},
+        {State::atNextLogin, "扩展已安装，注销并重新登录后生效。"},
+        {State::failed, "无法安装扩展：no space left"},
     };
     for (const auto& [state, text] : rows) {
         stage.helper->become(state);
@@ -252,12 +251,12 @@ TEST(NoticesTexts, UnknownRunningVersionIsAQuestionMark) {
 
 TEST_F(NoticesTest, SystemNotesAreASelectableSecondLine) {
     stage.notes = std::make_shared<test::FakeNotes>();
-    stage.notes->missing = "Missing here: access to the touchpad.";
+    stage.notes->missing = "Glidemap has no access to the touchpad.";
     stage.notes->button = "Asks for a password";
     stage.trust->trusted = false;
     stage.open();
     const Notice& notice = *stage.find<Notice>("permissionNotice");
-    EXPECT_EQ(notice.secondLine(), "Missing here: access to the touchpad.");
+    EXPECT_EQ(notice.secondLine(), "Glidemap has no access to the touchpad.");
     EXPECT_EQ(button("permissionNotice").toolTip(), "Asks for a password");
     EXPECT_EQ(notice.text(),
               "Accessibility permission is required to send keystrokes and intercept clicks.");
@@ -274,9 +273,9 @@ TEST_F(NoticesTest, LateFailureAppearsInTheNotice) {
     stage.open();
     const Notice& notice = *stage.find<Notice>("permissionNotice");
     EXPECT_EQ(notice.secondLine(), "");
-    stage.notes->missing = "In a terminal, run: sudo grant";
+    stage.notes->missing = "Run in a terminal: sudo grant";
     stage.notes->observers.announceDidChange();
-    EXPECT_EQ(notice.secondLine(), "In a terminal, run: sudo grant");
+    EXPECT_EQ(notice.secondLine(), "Run in a terminal: sudo grant");
 }
 
 TEST_F(NoticesTest, EmptySystemNotesShowNoSecondLine) {

@@ -80,7 +80,7 @@ void ActionSection::refresh() {
     recorder->setShortcut(draft.shortcut);
     target->setSelection(draft.launchTarget);
     noOverview->setText(
-        toQt(lang.choose("This desktop has no overview of all windows.", "此桌面没有窗口总览。")));
+        toQt(lang.choose("This desktop has no window overview.", "此桌面没有窗口概览功能。")));
     noOverviewPlace->setVisible(draft.actionKind == ActionKind::missionControl &&
                                 !workspace.hasMissionControl());
     recorderPlace->setVisible(draft.actionKind == ActionKind::keyboardShortcut);

@@ -38,8 +38,7 @@ std::string whatIsMissing(BindingDraft::Missing missing, const Lang& lang) {
     case Missing::launchTarget:
         return lang.choose("Choose the app to open first", "请先选择要打开的 App");
     case Missing::scopeApp:
-        return lang.choose("Choose the app that the binding is for first",
-                           "请先选择绑定在哪个 App 中生效");
+        return lang.choose("Choose the app for this binding first", "请先选择此绑定适用的 App");
     }
     return {};
 }

@@ -228,11 +228,10 @@ void BindingRow::setShadowed(bool never) {
 
 void BindingRow::explain() {
     const QString reason =
-        isShadowed
-            ? toQt(lang.choose("Never runs: a binding above it has the same gesture and the "
-                               "same scope, and runs instead.",
-                               "不会执行：上方有手势和生效范围都相同的绑定，执行的是那一个。"))
-            : QString();
+        isShadowed ? toQt(lang.choose("Never runs: a binding above it has the same gesture and "
+                                      "scope and takes precedence.",
+                                      "不会执行：上方的绑定使用相同的手势和生效范围，会优先执行。"))
+                   : QString();
     setToolTip(reason);
     setAccessibleDescription(reason);
 }

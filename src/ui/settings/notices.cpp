@@ -39,17 +39,16 @@ std::string textOf(DesktopHelper::State state, const std::string& error, const L
     case State::notNeeded:
         break;
     case State::missing:
-        return lang.choose("GNOME tells which app is in front only through a small extension. "
-                           "Bindings for one app work once it is installed.",
-                           "GNOME 只能通过一个小扩展得知哪个 App 在最前面。"
-                           "安装后，针对单个 App 的绑定才会生效。");
+        return lang.choose("On GNOME, bindings for a specific app need a small extension that "
+                           "reports the active app.",
+                           "在 GNOME 中，针对指定 App 的绑定需要一个小扩展来识别当前使用的 App。");
     case State::installing:
         return lang.choose("Installing the extension…", "正在安装扩展…");
     case State::atNextLogin:
-        return lang.choose("The extension is installed and works from your next login.",
-                           "扩展已安装，下次登录后生效。");
+        return lang.choose("The extension is installed. Log out and back in to activate it.",
+                           "扩展已安装，注销并重新登录后生效。");
     case State::failed:
-        return lang.choose("The extension could not be installed: ", "扩展安装失败：") + error;
+        return lang.choose("Could not install the extension: ", "无法安装扩展：") + error;
     }
     return {};
 }

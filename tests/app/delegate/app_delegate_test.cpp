@@ -372,10 +372,10 @@ TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppear
         return static_cast<QMessageBox*>(nullptr);
     };
     ASSERT_TRUE(test::waitFor([&] { return notice() != nullptr; }));
-    EXPECT_EQ(notice()->text(), "This desktop shows no status items");
+    EXPECT_EQ(notice()->text(), "This desktop has no status bar");
     EXPECT_FALSE(notice()->isModal());
     stage->lang.setCode("zh");
-    EXPECT_EQ(notice()->text(), "此桌面不显示状态栏图标");
+    EXPECT_EQ(notice()->text(), "此桌面没有状态栏");
     stage->statusBar->become(StatusBar::Kind::embeds);
     EXPECT_EQ(notice(), nullptr);
     EXPECT_TRUE(stage->statusItem->isShown());

@@ -222,7 +222,7 @@ TEST_F(HttpsFetchTest, ServerThatStallsTimesOutWithThePartialBody) {
         fetched = fetch(setup);
     }
     EXPECT_EQ(fetched.body, "content");
-    EXPECT_EQ(fetched.transportError, "the server is silent");
+    EXPECT_EQ(fetched.transportError, "the server stopped responding");
 }
 
 // Sends one letter at a time, a given number of times or endlessly.
@@ -256,7 +256,7 @@ TEST_F(HttpsFetchTest, SlowEndlessServerReachesTheTotalTimeOut) {
         server.setAnswer(drip.answer(header));
         HttpsFetchSetup setup = trusting();
         setup.whole = 500ms;
-        EXPECT_EQ(fetch(setup).transportError, "the server takes too long");
+        EXPECT_EQ(fetch(setup).transportError, "the transfer timed out");
     }
 }
 

@@ -18,39 +18,39 @@ std::string LinuxNotes::missingNodes(const Lang& lang) const {
         nodes->touchpads(), [&](const std::string& node) { return nodes->mayRead(node); });
     const bool mayType = nodes->mayMakeDevices();
     if (!mayRead && !mayType) {
-        return lang.choose("Missing here: access to the touchpad and to the virtual keyboard.",
-                           "此处缺少：触控板和虚拟键盘的访问权限。");
+        return lang.choose("Glidemap has no access to the touchpad and the virtual keyboard.",
+                           "Glidemap 没有触控板和虚拟键盘的访问权限。");
     }
     if (!mayRead) {
-        return lang.choose("Missing here: access to the touchpad.", "此处缺少：触控板的访问权限。");
+        return lang.choose("Glidemap has no access to the touchpad.",
+                           "Glidemap 没有触控板的访问权限。");
     }
     return mayType ? std::string()
-                   : lang.choose("Missing here: access to the virtual keyboard.",
-                                 "此处缺少：虚拟键盘的访问权限。");
+                   : lang.choose("Glidemap has no access to the virtual keyboard.",
+                                 "Glidemap 没有虚拟键盘的访问权限。");
 }
 
 std::string LinuxNotes::byHand(const Lang& lang) const {
     const std::string program = prompt.grantingProgram();
     if (program.empty()) {
-        return lang.choose(
-            "Nothing can give access here, because Glidemap is not installed for all "
-            "users. Install its package.",
-            "此处无法授予权限，因为 Glidemap 未为所有用户安装。请安装它的软件包。");
+        return lang.choose("Access cannot be granted, because Glidemap is not installed for all "
+                           "users. Install the Glidemap package.",
+                           "Glidemap 未为所有用户安装，因此无法授予权限。请安装 Glidemap 软件包。");
     }
-    return lang.choose("Access could not be asked for, or was refused. In a terminal, run: sudo ",
-                       "未能请求权限，或请求被拒绝。请在终端中运行：sudo ") +
+    return lang.choose("The request for access failed or was denied. To grant access, run in a "
+                       "terminal: sudo ",
+                       "权限请求失败或被拒绝。请在终端中运行：sudo ") +
            program;
 }
 
 std::string LinuxNotes::accessButton(const Lang& lang) const {
-    return lang.choose(
-        "Asks for an administrator's password, and then gives access to the touchpad "
-        "and to a virtual keyboard",
-        "会要求输入管理员密码，然后授予触控板和虚拟键盘的访问权限");
+    return lang.choose("Asks for an administrator password, then grants access to the touchpad and "
+                       "a virtual keyboard",
+                       "需要输入管理员密码，然后授予触控板和虚拟键盘的访问权限");
 }
 
 std::string LinuxNotes::launchAtLogin(const Lang& lang) const {
-    return lang.choose("Here: when you log in to this desktop", "在此处：登录此桌面时");
+    return lang.choose("Starts when you log in to this desktop", "登录此桌面时自动启动");
 }
 
 void LinuxNotes::accessMayHaveChanged() {

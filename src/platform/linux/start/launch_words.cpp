@@ -3,12 +3,13 @@
 namespace glidemap {
 
 const char* const launchHelp =
-    R"(Runs actions for trackpad gestures. Started again, it shows the settings window of the one that runs.
+    R"(Runs actions for trackpad gestures. Started again, it shows the settings window
+of the running instance.
 
   glidemap [--verbose | --diagnose | --version | --help]
 
   --verbose     log each decision to standard error, and never what is typed
-  --diagnose    print what Glidemap finds here, as a page for a report, and end
+  --diagnose    print what Glidemap finds here, as a page for a report, and exit
 
 It lives in the status bar and ends from the menu there, by Ctrl+Q in its window, or by SIGTERM.
 
@@ -16,8 +17,8 @@ It lives in the status bar and ends from the menu there, by Ctrl+Q in its window
   GLIDEMAP_TOUCH_DRIVER    another touch driver, by its path
   GLIDEMAP_RECORDING       what the replay driver plays; GLIDEMAP_RECORDING_LOOP=1 over and over
 
-Exit status: 0 when it was ended, or the one that runs has shown its window; 1 when the one that runs
-does not answer, it cannot be told whether one runs, or the desktop has gone; 2 for a wrong command line.
+Exit status: 0 after a normal exit, or once the running instance has shown its window; 1 when the running
+instance does not respond, an instance cannot be detected, or the display is lost; 2 for a wrong command line.
 )";
 
 std::size_t leadingSystemArguments(std::span<char* const> /*arguments*/) {

@@ -20,19 +20,20 @@ bool isValue(std::string_view argument) {
 } // namespace
 
 const char* const launchHelp =
-    R"(Runs actions for trackpad gestures. Started again, it shows the settings window of the one that runs.
+    R"(Runs actions for trackpad gestures. Started again, it shows the settings window
+of the running instance.
 
   Glidemap [--verbose | --diagnose | --version | --help]
 
   --verbose     log each decision to standard error, and never what is typed
-  --diagnose    print what Glidemap finds here, as a page for a report, and end
+  --diagnose    print what Glidemap finds here, as a page for a report, and exit
 
 It lives in the menu bar and ends from the menu there, by Command-Q in its window, or by SIGTERM.
 
   GLIDEMAP_LOG=1    the same as --verbose
 
-Exit status: 0 when it was ended, or the one that runs has shown its window; 1 when the one that runs
-does not answer, or it cannot be told whether one runs; 2 for a wrong command line.
+Exit status: 0 after a normal exit, or once the running instance has shown its window; 1 when the running
+instance does not respond, an instance cannot be detected, or the display is lost; 2 for a wrong command line.
 )";
 
 std::size_t leadingSystemArguments(std::span<char* const> arguments) {
