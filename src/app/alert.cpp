@@ -40,7 +40,7 @@ void dressTexts(const QMessageBox& alert) {
 
 } // namespace
 
-AlertText told(std::string message, std::string informative, const Lang& lang) {
+AlertText informationalAlert(std::string message, std::string informative, const Lang& lang) {
     return {std::move(message), std::move(informative), {lang.choose("OK", "好")}};
 }
 

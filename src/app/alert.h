@@ -26,7 +26,7 @@ struct AlertText {
 };
 
 // An alert with only an OK button.
-AlertText told(std::string message, std::string informative, const Lang& lang);
+AlertText informationalAlert(std::string message, std::string informative, const Lang& lang);
 
 class Alert : public QMessageBox {
 public:

@@ -13,14 +13,14 @@ namespace {
 using Done = std::function<void(const Fetched&)>;
 
 // One fetch, from the request to its result.
-class Errand : public QObject {
+class Request : public QObject {
 public:
-    explicit Errand(Done then) : QObject(QCoreApplication::instance()), done(std::move(then)) {
+    explicit Request(Done then) : QObject(QCoreApplication::instance()), done(std::move(then)) {
         beforehand.setSingleShot(true);
         connect(&beforehand, &QTimer::timeout, this,
                 [this] { process.start(QIODevice::ReadOnly); });
         afterwards.setSingleShot(true);
-        connect(&afterwards, &QTimer::timeout, this, [this] { tell(); });
+        connect(&afterwards, &QTimer::timeout, this, [this] { report(); });
         // On quit, the result has no receiver left.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 [this] { delete this; });
@@ -60,7 +60,7 @@ private:
     }
 
     // The callback may show an alert and take its time; the program may quit meanwhile.
-    void tell() {
+    void report() {
         const Done then = std::move(done);
         const Fetched what = std::move(*fetched);
         deleteLater();
@@ -78,7 +78,7 @@ private:
 
 Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds rest) {
     return [program = std::move(program), rest](const std::string& url, Done done) {
-        (new Errand(std::move(done)))->begin(program, url, rest);
+        (new Request(std::move(done)))->begin(program, url, rest);
     };
 }
 

@@ -153,7 +153,7 @@ void Exchange::finish() {
     }
     connect(
         this, &QObject::destroyed, QCoreApplication::instance(),
-        [tell = std::exchange(done, {}), fetched = outcome()] { tell(fetched); },
+        [notify = std::exchange(done, {}), fetched = outcome()] { notify(fetched); },
         Qt::QueuedConnection);
     deleteLater();
 }

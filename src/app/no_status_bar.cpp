@@ -3,7 +3,7 @@
 namespace glidemap {
 
 AlertText noStatusBarText(const Lang& lang) {
-    return told(
+    return informationalAlert(
         lang.choose("This desktop has no status bar", "此桌面没有状态栏"),
         lang.choose(
             "Glidemap keeps running in the background. To open its settings, start it again. To "

@@ -161,7 +161,7 @@ void Program::run(SingleInstance& instance) {
     const TerminationSignals endings([this] { ports.shell->terminate(); }, endLimit);
     const SessionEnd sessionEnd([this] { ports.shell->terminate(); });
     const auto listenError = instance.listen([this](const SingleInstance::Request& request) {
-        home->takeProof(request);
+        home->takeActivationToken(request);
         delegate->showSettings();
     });
     if (listenError) {
@@ -215,7 +215,7 @@ int refuse(const char* complaint, AlertText (*text)(const Lang&), char** argumen
 
 int launch(char** arguments) {
     SingleInstance instance(Home::runtimeFolder());
-    switch (instance.claim(Home::proofOfThisLaunch())) {
+    switch (instance.claim(Home::activationToken())) {
     case SingleInstance::Claim::shown:
         logLine("start",
                 "Glidemap runs already and shows its window; end it to log from the start");

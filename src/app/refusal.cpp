@@ -3,7 +3,7 @@
 namespace glidemap {
 
 AlertText unansweredText(const Lang& lang) {
-    return told(
+    return informationalAlert(
         lang.choose("Glidemap is not responding", "Glidemap 没有响应"),
         lang.choose("Glidemap is already running, but its window cannot be shown. End it and start "
                     "it again, or log out and back in.",
@@ -12,7 +12,7 @@ AlertText unansweredText(const Lang& lang) {
 }
 
 AlertText withoutLockText(const Lang& lang) {
-    return told(
+    return informationalAlert(
         lang.choose("Glidemap could not start", "Glidemap 无法启动"),
         lang.choose(
             "Glidemap cannot write to its runtime folder, so it cannot check whether it is already "

@@ -7,17 +7,18 @@ namespace glidemap {
 namespace {
 
 AlertText failed(const Lang& lang) {
-    return told(lang.choose("Update check failed", "检查更新失败"),
-                lang.choose("Could not reach the update server. Check your network and try again.",
-                            "无法连接更新服务器，请检查网络后重试。"),
-                lang);
+    return informationalAlert(
+        lang.choose("Update check failed", "检查更新失败"),
+        lang.choose("Could not reach the update server. Check your network and try again.",
+                    "无法连接更新服务器，请检查网络后重试。"),
+        lang);
 }
 
 AlertText upToDate(const std::string& current, const Lang& lang) {
-    return told(lang.choose("You're up to date", "已是最新版本"),
-                lang.choose("Glidemap v" + current + " is the latest version.",
-                            "Glidemap v" + current + " 已是最新版本。"),
-                lang);
+    return informationalAlert(lang.choose("You're up to date", "已是最新版本"),
+                              lang.choose("Glidemap v" + current + " is the latest version.",
+                                          "Glidemap v" + current + " 已是最新版本。"),
+                              lang);
 }
 
 AlertText newVersion(const std::string& version, const std::string& current, const Lang& lang) {

@@ -73,7 +73,7 @@ public:
     static std::filesystem::path runtimeFolder();
 
     // The activation data that shows the system that the user started the program.
-    static SingleInstance::Request proofOfThisLaunch();
+    static SingleInstance::Request activationToken();
 
     // Whether a display is available. Qt aborts a program that connects without one.
     static bool hasDisplay();
@@ -113,7 +113,7 @@ public:
     virtual const Ports& ports() const = 0;
 
     // Takes the activation data of another process that asks this one to show its window.
-    virtual void takeProof(const SingleInstance::Request& request) = 0;
+    virtual void takeActivationToken(const SingleInstance::Request& request) = 0;
 
     // Called when a touchpad may have appeared or access may have been granted. The keyboard has
     // already retried.

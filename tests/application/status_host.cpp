@@ -35,7 +35,7 @@ struct StatusHost::State {
     void connect(const std::string& address);
     void disconnect();
     void add(const std::string& said, const std::string& sender);
-    void tell(const char* signal, GVariant* values) const;
+    void notify(const char* signal, GVariant* values) const;
 
     static void called(GDBusConnection* connection, const char* sender, const char* path,
                        const char* interface, const char* method, GVariant* arguments,
@@ -70,7 +70,7 @@ void StatusHost::State::connect(const std::string& address) {
                    {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
                    "RequestName", g_variant_new("(su)", watcherName, 0U)),
               nullptr);
-    tell("StatusNotifierHostRegistered", nullptr);
+    notify("StatusNotifierHostRegistered", nullptr);
 }
 
 void StatusHost::State::disconnect() {
@@ -84,7 +84,7 @@ void StatusHost::State::disconnect() {
     g_clear_pointer(&node, g_dbus_node_info_unref);
 }
 
-void StatusHost::State::tell(const char* signal, GVariant* values) const {
+void StatusHost::State::notify(const char* signal, GVariant* values) const {
     g_dbus_connection_emit_signal(connection, nullptr, watcherPath, watcherName, signal, values,
                                   nullptr);
 }
@@ -103,7 +103,8 @@ void StatusHost::State::add(const std::string& said, const std::string& sender) 
                         g_bus_watch_name_on_connection(connection, item.busName.c_str(),
                                                        G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, left,
                                                        this, nullptr));
-    tell("StatusNotifierItemRegistered", g_variant_new("(s)", (item.busName + item.path).c_str()));
+    notify("StatusNotifierItemRegistered",
+           g_variant_new("(s)", (item.busName + item.path).c_str()));
 }
 
 void StatusHost::State::left(GDBusConnection* /*connection*/, const char* name, gpointer state) {

@@ -5,14 +5,14 @@ namespace glidemap::desktops {
 namespace {
 
 // labwc runs the command when clients can connect; the command's output appears in its own.
-constexpr const char* tellDisplay = R"(sh -c "echo \$WAYLAND_DISPLAY")";
+constexpr const char* printDisplay = R"(sh -c "echo \$WAYLAND_DISPLAY")";
 
 Program::Command labwcIn(const RuntimeFolder& folder) {
     Environment environment = plainEnvironment(folder.path());
     environment["WLR_BACKENDS"] = "headless";
     environment["WLR_LIBINPUT_NO_DEVICES"] = "1";
     environment["WLR_RENDERER"] = "pixman";
-    return {.words = {"labwc", "--startup", tellDisplay},
+    return {.words = {"labwc", "--startup", printDisplay},
             .environment = environment,
             .log = folder.path() / "labwc.log",
             .user = Program::User::notRoot};

@@ -19,14 +19,14 @@ class Listening {
 public:
     // `Arguments` are the backend's constructor arguments after the thread.
     template <typename... Arguments>
-    explicit Listening(WindowListener& told, const Arguments&... arguments) {
+    explicit Listening(WindowListener& reported, const Arguments&... arguments) {
         thread.call([&] {
             if constexpr (std::is_constructible_v<Backend, DesktopThread&, const Arguments&...>) {
                 backend.emplace(thread, arguments...);
             } else {
                 backend.emplace(arguments...);
             }
-            started = backend->start(told);
+            started = backend->start(reported);
         });
     }
 

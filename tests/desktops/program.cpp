@@ -149,7 +149,7 @@ void Program::kill() {
     }
 }
 
-void Program::tell(const std::string& line) {
+void Program::writeLine(const std::string& line) {
     const std::string whole = line + "\n";
     if (write(input, whole.data(), whole.size()) != static_cast<ssize_t>(whole.size())) {
         fail("takes no input");

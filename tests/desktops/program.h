@@ -46,7 +46,7 @@ public:
     ~Program();
 
     // Writes a line to its standard input.
-    void tell(const std::string& line);
+    void writeLine(const std::string& line);
 
     // The next line of its standard output; nullopt, and a failure, on time-out.
     std::optional<std::string> nextLine();

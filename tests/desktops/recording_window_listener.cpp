@@ -40,7 +40,7 @@ void RecordingWindowListener::windowsChanged(const std::vector<WindowIdentity>& 
 }
 
 void RecordingWindowListener::add(std::string line) {
-    told.push_back(std::move(line));
+    reported.push_back(std::move(line));
     added.notify_one();
 }
 
@@ -49,14 +49,15 @@ std::chrono::seconds RecordingWindowListener::longestWait() const {
     return testing::Test::HasFailure() ? std::chrono::seconds(0) : patience;
 }
 
-void RecordingWindowListener::expectTold(const std::vector<std::string>& lines) {
+void RecordingWindowListener::expectReported(const std::vector<std::string>& lines) {
     std::unique_lock lock(mutex);
     // An extra line is detected at once, a missing one at the deadline.
     added.wait_for(lock, longestWait(), [&] {
-        return told.size() >= lines.size() || !std::equal(told.begin(), told.end(), lines.begin());
+        return reported.size() >= lines.size() ||
+               !std::equal(reported.begin(), reported.end(), lines.begin());
     });
-    EXPECT_THAT(told, testing::ElementsAreArray(lines));
-    told.clear();
+    EXPECT_THAT(reported, testing::ElementsAreArray(lines));
+    reported.clear();
 }
 
 void RecordingWindowListener::expectInTheEnd(const std::string& windowsLine,
@@ -66,7 +67,7 @@ void RecordingWindowListener::expectInTheEnd(const std::string& windowsLine,
                    [&] { return lastWindows == windowsLine && lastActive == activeLine; });
     EXPECT_EQ(lastWindows, windowsLine);
     EXPECT_EQ(lastActive, activeLine);
-    told.clear();
+    reported.clear();
 }
 
 std::vector<WindowIdentity> RecordingWindowListener::windows() {

@@ -34,7 +34,7 @@ public:
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
     // Waits for these lines, which must be all reports since the last call.
-    void expectTold(const std::vector<std::string>& lines);
+    void expectReported(const std::vector<std::string>& lines);
 
     // Waits until these are the latest lines of each kind, after any others: for desktops that make
     // a change in a varying number of steps.
@@ -50,7 +50,7 @@ private:
     Word asWord;
     std::mutex mutex;
     std::condition_variable added;
-    std::vector<std::string> told;
+    std::vector<std::string> reported;
     std::vector<WindowIdentity> current;
     std::string lastWindows;
     std::string lastActive;

@@ -12,7 +12,7 @@ Window::Window(const Environment& desktop, const std::string& appID, const std::
 }
 
 void Window::setTitle(const std::string& title) {
-    program.tell(title);
+    program.writeLine(title);
     EXPECT_EQ(program.nextLine(), "titled");
 }
 

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 
 class ClickDemandTest : public testing::Test {
 protected:
-    std::vector<std::string> toldAbout(const BindingList& bindings) {
+    std::vector<std::string> reportedAbout(const BindingList& bindings) {
         stage.store->setBindings(bindings);
         return tap->takeNotes();
     }
@@ -39,11 +39,11 @@ TEST_F(ClickDemandTest, ClicksAreNeededExactlyWhileAnEnabledClickBindingExists) 
     const ClickDemand demand(stage.dispatcher, tap);
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
-        toldAbout({});
+        reportedAbout({});
         const bool isClick =
             gesture == twoFingerClick || gesture == threeFingerClick || gesture == fourFingerClick;
-        EXPECT_THAT(toldAbout({disabled(typing(1, gesture))}), IsEmpty());
-        EXPECT_EQ(toldAbout({typing(1, gesture)}),
+        EXPECT_THAT(reportedAbout({disabled(typing(1, gesture))}), IsEmpty());
+        EXPECT_EQ(reportedAbout({typing(1, gesture)}),
                   isClick ? std::vector<std::string>{"needed"} : std::vector<std::string>{});
     }
 }
@@ -51,18 +51,19 @@ TEST_F(ClickDemandTest, ClicksAreNeededExactlyWhileAnEnabledClickBindingExists) 
 TEST_F(ClickDemandTest, ABindingForOneApplicationIsEnough) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
-    EXPECT_THAT(toldAbout({typing(1, fourFingerClick, AppScope{editorID, editorName})}),
+    EXPECT_THAT(reportedAbout({typing(1, fourFingerClick, AppScope{editorID, editorName})}),
                 ElementsAre("needed"));
 }
 
 TEST_F(ClickDemandTest, NotifiesOnlyOfChanges) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
-    EXPECT_THAT(toldAbout({typing(1, pinchIn)}), IsEmpty());
-    EXPECT_THAT(toldAbout({typing(1, pinchIn), typing(2, twoFingerClick)}), ElementsAre("needed"));
-    EXPECT_THAT(toldAbout({typing(3, threeFingerClick)}), IsEmpty());
-    EXPECT_THAT(toldAbout({disabled(typing(3, threeFingerClick))}), ElementsAre("not needed"));
-    EXPECT_THAT(toldAbout({}), IsEmpty());
+    EXPECT_THAT(reportedAbout({typing(1, pinchIn)}), IsEmpty());
+    EXPECT_THAT(reportedAbout({typing(1, pinchIn), typing(2, twoFingerClick)}),
+                ElementsAre("needed"));
+    EXPECT_THAT(reportedAbout({typing(3, threeFingerClick)}), IsEmpty());
+    EXPECT_THAT(reportedAbout({disabled(typing(3, threeFingerClick))}), ElementsAre("not needed"));
+    EXPECT_THAT(reportedAbout({}), IsEmpty());
 }
 
 TEST_F(ClickDemandTest, WithTheMasterSwitchOffNoClicksAreNeeded) {
@@ -71,11 +72,11 @@ TEST_F(ClickDemandTest, WithTheMasterSwitchOffNoClicksAreNeeded) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
     stage.dispatcher->setMasterEnabled(false);
     EXPECT_THAT(tap->takeNotes(), ElementsAre("not needed"));
-    EXPECT_THAT(toldAbout({}), IsEmpty());
+    EXPECT_THAT(reportedAbout({}), IsEmpty());
     stage.dispatcher->setMasterEnabled(true);
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
     stage.dispatcher->setMasterEnabled(false);
-    EXPECT_THAT(toldAbout({typing(1, twoFingerClick)}), IsEmpty());
+    EXPECT_THAT(reportedAbout({typing(1, twoFingerClick)}), IsEmpty());
     stage.dispatcher->setMasterEnabled(true);
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
 }
@@ -83,7 +84,7 @@ TEST_F(ClickDemandTest, WithTheMasterSwitchOffNoClicksAreNeeded) {
 TEST_F(ClickDemandTest, DoesNotNotifyAfterItsDestruction) {
     std::make_unique<ClickDemand>(stage.dispatcher, tap).reset();
     tap->takeNotes();
-    EXPECT_THAT(toldAbout({typing(1, twoFingerClick)}), IsEmpty());
+    EXPECT_THAT(reportedAbout({typing(1, twoFingerClick)}), IsEmpty());
     stage.dispatcher->setMasterEnabled(false);
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }

@@ -122,9 +122,9 @@ void readIdentifier(std::string_view text) {
     require(clean.ends_with(lastComponent(clean)), "the last component comes last");
 }
 
-class ToldProcesses : public ProcessReader {
+class ReportedProcesses : public ProcessReader {
 public:
-    explicit ToldProcesses(ProcessFacts told) : facts(std::move(told)) {}
+    explicit ReportedProcesses(ProcessFacts reported) : facts(std::move(reported)) {}
     ProcessFacts read(pid_t /*process*/) const override { return facts; }
 
 private:
@@ -144,11 +144,11 @@ DesktopEntry entryOf(const std::vector<std::string>& words, std::size_t first) {
 void matchWindow(std::string_view text) {
     const auto words = pieces(text, 16);
     const std::vector<DesktopEntry> entries = {entryOf(words, 8), entryOf(words, 12)};
-    const ToldProcesses processes({.controlGroups = words[4],
-                                   .executable = words[5],
-                                   .arguments = {words[6], words[7], words[0]},
-                                   .launchedFrom = words[9],
-                                   .onTerminal = words[3].size() % 2 == 1});
+    const ReportedProcesses processes({.controlGroups = words[4],
+                                       .executable = words[5],
+                                       .arguments = {words[6], words[7], words[0]},
+                                       .launchedFrom = words[9],
+                                       .onTerminal = words[3].size() % 2 == 1});
     const ApplicationMatcher matcher(entries, processes);
     for (const auto& process : {std::optional<pid_t>(), std::optional<pid_t>(123)}) {
         const WindowIdentity window{words[0], words[1], words[2], process};

@@ -145,7 +145,7 @@ public:
     void replace(FakePads& pads) {
         const std::lock_guard lock(mutex);
         now = {};
-        told = {};
+        reported = {};
         pads.plug("/dev/input/event0", "Pad");
         stream = pads.stream("/dev/input/event0");
         if (!isRead) {
@@ -160,7 +160,7 @@ public:
 
     // Sends the changes as the frames of one read. If `endsFirst` is set, replaced touches end in a
     // frame of their own.
-    void tell(double time, bool endsFirst) {
+    void writeChanges(double time, bool endsFirst) {
         const std::lock_guard lock(mutex);
         if (isRead) {
             stream->send(difference(time, endsFirst));
@@ -170,7 +170,7 @@ public:
     // Queues the first events of a newly opened touchpad.
     void recall() {
         const std::lock_guard lock(mutex);
-        told = {};
+        reported = {};
         isRead = true;
         stream->restart(difference(0, false));
     }
@@ -194,11 +194,11 @@ private:
     std::vector<InputEvent> difference(double time, bool endsFirst) {
         std::vector<InputEvent> events;
         if (endsFirst) {
-            tellEnds(events, time);
+            writeEnds(events, time);
         }
-        tellSlots(events, time);
+        writeSlots(events, time);
         for (const auto& [key, down] : now.keys) {
-            if (std::exchange(told.keys[key], down) != down) {
+            if (std::exchange(reported.keys[key], down) != down) {
                 events.push_back({time, EV_KEY, key, down ? 1 : 0});
             }
         }
@@ -219,14 +219,14 @@ private:
 
     void select(std::vector<InputEvent>& events, double time, std::size_t slot) {
         const auto number = static_cast<std::int32_t>(slot);
-        if (std::exchange(told.slot, number) != number) {
+        if (std::exchange(reported.slot, number) != number) {
             events.push_back({time, EV_ABS, ABS_MT_SLOT, number});
         }
     }
 
-    void tellEnds(std::vector<InputEvent>& events, double time) {
+    void writeEnds(std::vector<InputEvent>& events, double time) {
         for (std::size_t slot = 0; slot < now.slots.size(); ++slot) {
-            Slot& old = told.slots[slot];
+            Slot& old = reported.slots[slot];
             if (old.id >= 0 && now.slots[slot].id >= 0 && old.id != now.slots[slot].id) {
                 select(events, time, slot);
                 events.push_back({time, EV_ABS, ABS_MT_TRACKING_ID, -1});
@@ -238,18 +238,18 @@ private:
         }
     }
 
-    void tellSlots(std::vector<InputEvent>& events, double time) {
+    void writeSlots(std::vector<InputEvent>& events, double time) {
         for (std::size_t slot = 0; slot < now.slots.size(); ++slot) {
             const Slot& fresh = now.slots[slot];
-            Slot& old = told.slots[slot];
-            tellAxis(events, time, slot, ABS_MT_TRACKING_ID, old.id, fresh.id);
-            tellAxis(events, time, slot, ABS_MT_POSITION_X, old.x, fresh.x);
-            tellAxis(events, time, slot, ABS_MT_POSITION_Y, old.y, fresh.y);
+            Slot& old = reported.slots[slot];
+            writeAxis(events, time, slot, ABS_MT_TRACKING_ID, old.id, fresh.id);
+            writeAxis(events, time, slot, ABS_MT_POSITION_X, old.x, fresh.x);
+            writeAxis(events, time, slot, ABS_MT_POSITION_Y, old.y, fresh.y);
         }
     }
 
-    void tellAxis(std::vector<InputEvent>& events, double time, std::size_t slot,
-                  std::uint16_t code, std::int32_t& old, std::int32_t fresh) {
+    void writeAxis(std::vector<InputEvent>& events, double time, std::size_t slot,
+                   std::uint16_t code, std::int32_t& old, std::int32_t fresh) {
         if (old != fresh) {
             select(events, time, slot);
             events.push_back({time, EV_ABS, code, fresh});
@@ -258,8 +258,8 @@ private:
     }
 
     std::shared_ptr<FakeStream> stream;
-    std::mutex mutex; // the reader opens the touchpad
-    DeviceState told; // the state that the driver knows
+    std::mutex mutex;     // the reader opens the touchpad
+    DeviceState reported; // the state that the driver knows
     std::int32_t nextId = 1;
     bool isRead = true; // or will be, when the driver has found it
 };
@@ -320,11 +320,11 @@ private:
             return press(input.byte());
         case 7:
         case 8:
-            return tell(false);
+            return writeChanges(false);
         case 9:
-            return tell(true);
+            return writeChanges(true);
         case 10:
-            tell(true);
+            writeChanges(true);
             settle();
             return check();
         case 11:
@@ -345,9 +345,9 @@ private:
         kernel.press((choice & 1) != 0 ? BTN_RIGHT : BTN_LEFT, (choice & 2) != 0);
     }
 
-    void tell(bool endsFirst) {
+    void writeChanges(bool endsFirst) {
         clock += 0.01;
-        kernel.tell(clock, endsFirst);
+        kernel.writeChanges(clock, endsFirst);
     }
 
     void changeSystem(std::uint8_t choice) {
@@ -460,7 +460,7 @@ private:
     void end() {
         inCallback = InCallback::nothing;
         kernel.release();
-        tell(true);
+        writeChanges(true);
         driver->switchClickFilter(false);
         settle();
         settle(); // for the changes that the first call caused

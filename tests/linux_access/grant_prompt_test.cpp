@@ -34,9 +34,9 @@ std::vector<std::string> shell(const std::string& script) {
 // Waits for the prompt's end. The prompt's thread may outlive the test.
 class End {
 public:
-    std::function<void(int)> tell() const {
-        return [told = promise](int exitCode) {
-            told->set_value(exitCode);
+    std::function<void(int)> notify() const {
+        return [reported = promise](int exitCode) {
+            reported->set_value(exitCode);
         };
     }
 
@@ -151,7 +151,7 @@ TEST(GrantPromptTest, CommandRunsWithItsArguments) {
     Answer answer;
     End end;
     ASSERT_TRUE(startGrantPrompt({"/bin/sh", "-c", answer.to("echo \"$0 $1\""), "one", "two 2"},
-                                 end.tell()));
+                                 end.notify()));
     EXPECT_EQ(answer.read(), "one two 2\n");
     EXPECT_TRUE(end.comes());
 }
@@ -163,7 +163,7 @@ TEST(GrantPromptTest, StartDoesNotWaitForTheUser) {
     End end;
     // The script exits on the "user's" input, which arrives after the call has returned.
     ASSERT_TRUE(startGrantPrompt(shell("read answer </proc/self/fd/" + std::to_string(user[0])),
-                                 end.tell()));
+                                 end.notify()));
     EXPECT_FALSE(end.hasCome());
     ASSERT_EQ(write(user[1], "yes\n", 4), 4);
     EXPECT_TRUE(end.comes());
@@ -176,7 +176,7 @@ TEST(GrantPromptTest, EveryExitCodeIsReportedOnceAndNoProcessIsLeft) {
         {"exit 0", 0}, {"exit 126", 126}, {"exit 127", notAsked}, {"kill -9 $$", notAsked}};
     for (const auto& [script, exitCode] : answers) {
         End end; // a second report would throw
-        ASSERT_TRUE(startGrantPrompt(shell(script), end.tell()));
+        ASSERT_TRUE(startGrantPrompt(shell(script), end.notify()));
         ASSERT_TRUE(end.comes()) << script;
         EXPECT_EQ(end.exitCode(), exitCode) << script;
     }
@@ -202,7 +202,7 @@ TEST(GrantPromptTest, ChildHasNoBlockedSignals) {
     pthread_sigmask(SIG_BLOCK, &blocked, &before);
     Answer answer;
     End end;
-    EXPECT_TRUE(startGrantPrompt(shell(answer.to("grep SigBlk /proc/self/status")), end.tell()));
+    EXPECT_TRUE(startGrantPrompt(shell(answer.to("grep SigBlk /proc/self/status")), end.notify()));
     EXPECT_EQ(answer.read(), "SigBlk:\t0000000000000000\n");
     EXPECT_TRUE(end.comes());
     pthread_sigmask(SIG_SETMASK, &before, nullptr);

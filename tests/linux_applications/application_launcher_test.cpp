@@ -192,7 +192,7 @@ TEST_F(ApplicationLauncherTest, DBusActivatedApplicationReceivesTheLaunchProof) 
         "Name=Some\nDBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
     thread.call([&] {
         GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path.c_str());
-        EXPECT_TRUE(takesProof(entry));
+        EXPECT_TRUE(acceptsLaunchToken(entry));
         launchApplication(entry, {"id_TIME1", "token", {}});
         g_object_unref(entry);
     });

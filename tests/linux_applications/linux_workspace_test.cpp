@@ -23,8 +23,8 @@ WindowIdentity window(const std::string& appID) {
 // Reports the test's windows, or refuses to start.
 class BackendDouble : public WindowBackend {
 public:
-    BackendDouble(std::vector<std::string>& told, std::string called, bool knowsDesktop)
-        : log(told), name(std::move(called)), knows(knowsDesktop) {}
+    BackendDouble(std::vector<std::string>& reported, std::string called, bool knowsDesktop)
+        : log(reported), name(std::move(called)), knows(knowsDesktop) {}
     ~BackendDouble() override { log.push_back(name + " goes"); }
 
     bool start(WindowListener& listener) override {

@@ -73,10 +73,10 @@ TEST_P(ApplicationsTest, LaunchedApplicationRunsAndComesForward) {
 // Only for applications that support startup notification.
 TEST_P(ApplicationsTest, LaunchedApplicationHasProofOfTheUsersRequest) {
     const Leash leash(folder.path() / "leash");
-    const auto proof = folder.path() / "proof";
+    const auto token = folder.path() / "proof";
     const auto script =
         folder.script("launch", "echo \"$DESKTOP_STARTUP_ID:$XDG_ACTIVATION_TOKEN\" >" +
-                                    proof.string() + "\nexec " + desktop->windowProgram() +
+                                    token.string() + "\nexec " + desktop->windowProgram() +
                                     " launched Title <" + leash.path.string() + " >/dev/null\n");
     folder.install("launched", "Name=Launched\nStartupNotify=true\nExec=" + script.string() + "\n");
     SeenWorkspace seen;
@@ -92,19 +92,19 @@ TEST_P(ApplicationsTest, LaunchedApplicationHasProofOfTheUsersRequest) {
     }));
     seen.port().openApplication(*url);
     seen.expectFrontmost("launched");
-    const std::string given = test::contentOf(proof);
-    switch (GetParam().proof) {
-    case Proof::startupID:
+    const std::string given = test::contentOf(token);
+    switch (GetParam().token) {
+    case LaunchTokenKind::startupID:
         EXPECT_THAT(given, testing::MatchesRegex("glidemap-.*_TIME[1-9][0-9]*:\n"));
         break;
-    case Proof::token:
+    case LaunchTokenKind::token:
         EXPECT_THAT(given, testing::MatchesRegex("(.+):.+\n"));
         break;
-    case Proof::none:
+    case LaunchTokenKind::none:
         EXPECT_EQ(given, ":\n");
         break;
     }
-    std::filesystem::remove(proof);
+    std::filesystem::remove(token);
 }
 
 INSTANTIATE_TEST_SUITE_P(On, ApplicationsTest, testing::ValuesIn(allDesktops()), nameOf);

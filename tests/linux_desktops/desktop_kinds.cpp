@@ -46,7 +46,7 @@ std::vector<DesktopKind> describeAll() {
          .start = startGnomeShell,
          .newWindow = NewWindow::mayStayBehind,
          .overview = Overview::opens,
-         .proof = Proof::token},
+         .token = LaunchTokenKind::token},
         {.name = "KWin",
          .missing = needs({"kwin_wayland"}),
          .start = startKWin,
@@ -68,7 +68,7 @@ std::vector<DesktopKind> describeAll() {
          .start = startXfce,
          .lock = isInstalled("xfce4-screensaver") ? Lock::locks : Lock::none,
          .statusBar = StatusBar::shown,
-         .proof = Proof::startupID},
+         .token = LaunchTokenKind::startupID},
         {.name = "Cinnamon",
          .missing = missingForCinnamon,
          .start = startCinnamon,
@@ -76,11 +76,11 @@ std::vector<DesktopKind> describeAll() {
          .lock = Lock::locks,
          .statusBar = StatusBar::shown,
          .hiddenWindows = HiddenWindows::stayHidden,
-         .proof = Proof::startupID},
+         .token = LaunchTokenKind::startupID},
         {.name = "Openbox",
          .missing = needs({"Xvfb", "openbox"}),
          .start = startOpenbox,
-         .proof = Proof::startupID},
+         .token = LaunchTokenKind::startupID},
     };
 }
 

@@ -27,7 +27,7 @@ enum class Workspaces { several, one };
 // Whether the desktop reports the process of a window.
 enum class Processes { known, unknown };
 // The proof of the user's request that a launched program receives.
-enum class Proof { none, startupID, token };
+enum class LaunchTokenKind { none, startupID, token };
 
 struct DesktopKind {
     std::string name;
@@ -41,7 +41,7 @@ struct DesktopKind {
     Minimizing minimizing = Minimizing::works;
     HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;
-    Proof proof = Proof::none;
+    LaunchTokenKind token = LaunchTokenKind::none;
     Processes processes = Processes::known;
 };
 

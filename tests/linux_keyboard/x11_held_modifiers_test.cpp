@@ -83,7 +83,7 @@ public:
     int descriptor() const override { return news; }
     bool isAlive() const override { return script.isAlive; }
 
-    void tell() const { eventfd_write(news, 1); }
+    void notify() const { eventfd_write(news, 1); }
 
 private:
     Script& script;
@@ -108,7 +108,7 @@ protected:
         desktop.call([this] {
             script.user.clear();
             script.hasNews = script.isListening;
-            server->tell();
+            server->notify();
         });
         // Events that are pending now are processed before the second task runs.
         desktop.call([] {});
@@ -206,7 +206,7 @@ TEST_F(X11HeldModifiersTest, DestructorReleasesAllKeys) {
 TEST_F(X11HeldModifiersTest, LostServerIsNoLongerWatched) {
     desktop.call([this] {
         script.isAlive = false;
-        server->tell();
+        server->notify();
     });
     desktop.call([] {});
     desktop.call([] {});

@@ -327,21 +327,21 @@ TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
 
 TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilItsDestruction) {
     BusDouble& manager = startLogind(true, false);
-    int told = 0;
+    int reported = 0;
     {
         LinuxUserSession session(desktop, queue);
-        const Subscription toSession = session.changes().subscribe({}, [&] { ++told; });
+        const Subscription toSession = session.changes().subscribe({}, [&] { ++reported; });
         ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
         announce(manager, "LockedHint", true);
         ASSERT_TRUE(become(session, true, true));
-        EXPECT_EQ(told, 0);
+        EXPECT_EQ(reported, 0);
         queue->run();
-        EXPECT_EQ(told, 1);
+        EXPECT_EQ(reported, 1);
         announce(manager, "LockedHint", false);
         ASSERT_TRUE(become(session, true, false));
     }
     queue->run();
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
 }
 
 TEST_F(LinuxUserSessionTest, BusesThatNeverReplyDelayNothing) {

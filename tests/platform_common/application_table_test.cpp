@@ -27,14 +27,14 @@ TEST(ApplicationTable, EmptyApplicationIsTheUnknownOne) {
 TEST(ApplicationTable, AddressesStayValidWhileTheTableGrowsToItsLimit) {
     constexpr std::size_t places = 1000;
     ApplicationTable table(places);
-    std::vector<const Application*> told;
+    std::vector<const Application*> reported;
     for (std::size_t number = 0; number < places; ++number)
-        told.push_back(table.intern({std::to_string(number), "n"}));
+        reported.push_back(table.intern({std::to_string(number), "n"}));
     for (std::size_t number = places; number < places * 100; ++number)
         ASSERT_EQ(table.intern({std::to_string(number), "n"}), ApplicationTable::unknown());
     for (std::size_t number = 0; number < places; ++number) {
-        EXPECT_EQ(*told[number], (Application{std::to_string(number), "n"}));
-        EXPECT_EQ(table.intern({std::to_string(number), "n"}), told[number]);
+        EXPECT_EQ(*reported[number], (Application{std::to_string(number), "n"}));
+        EXPECT_EQ(table.intern({std::to_string(number), "n"}), reported[number]);
     }
 }
 

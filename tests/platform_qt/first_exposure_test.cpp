@@ -15,21 +15,21 @@ TEST(FirstExposureTest, FirstVisibleWindowIsReportedOnce) {
     char name[] = "test";
     char* arguments[] = {name, nullptr};
     const QGuiApplication application(count, arguments);
-    int told = 0;
-    const FirstExposure exposure([&told] { ++told; });
+    int reported = 0;
+    const FirstExposure exposure([&reported] { ++reported; });
     QWindow hidden;
     hidden.create();
     QExposeEvent nothing{QRegion()};
     QCoreApplication::sendEvent(&hidden, &nothing);
-    EXPECT_EQ(told, 0) << "the window is not visible yet";
+    EXPECT_EQ(reported, 0) << "the window is not visible yet";
     QWindow first;
     first.show();
     QCoreApplication::processEvents();
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
     QWindow second;
     second.show();
     QCoreApplication::processEvents();
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(reported, 1);
 }
 
 } // namespace

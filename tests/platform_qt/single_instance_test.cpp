@@ -49,7 +49,7 @@ public:
         close(ends[1]);
     }
 
-    void tell(char word = '!') const { EXPECT_EQ(write(ends[1], &word, 1), 1); }
+    void notify(char word = '!') const { EXPECT_EQ(write(ends[1], &word, 1), 1); }
     char wait() const {
         char word = 0;
         EXPECT_EQ(read(ends[0], &word, 1), 1);
@@ -111,7 +111,7 @@ protected:
         if (deaf) {
             return 3;
         }
-        listening.tell();
+        listening.notify();
         application.run();
         return asked == Request{"token", "id_TIME12"} ? 7 : 2;
     }
@@ -178,7 +178,7 @@ TEST_F(SingleInstanceTest, InstanceThatDoesNotListenYetIsWaitedFor) {
         if (instance.claim({}) != Claim::first) {
             return 1;
         }
-        claimed.tell();
+        claimed.notify();
         goOn.wait();
         if (instance.listen([](const Request&) { QTimer::singleShot(0, &Application::quit); })) {
             return 2;
@@ -188,7 +188,7 @@ TEST_F(SingleInstanceTest, InstanceThatDoesNotListenYetIsWaitedFor) {
     });
     claimed.wait();
     EXPECT_EQ(claimAsSecond(soon), static_cast<int>(Claim::unanswered));
-    goOn.tell();
+    goOn.notify();
     EXPECT_EQ(claimAsSecond(), static_cast<int>(Claim::shown));
     EXPECT_EQ(first.waitForEnd(), 7);
 }
@@ -198,7 +198,7 @@ TEST_F(SingleInstanceTest, RequesterTakesOverFromAnInstanceThatExits) {
     const Signpost begun;
     Child second([&] { // before the lock, which a child would inherit
         ending.wait();
-        begun.tell();
+        begun.notify();
         return claimAsSecond();
     });
     Application application;
@@ -206,7 +206,7 @@ TEST_F(SingleInstanceTest, RequesterTakesOverFromAnInstanceThatExits) {
     ASSERT_EQ(first->claim({}), Claim::first);
     ASSERT_EQ(first->listen([](const Request&) {}), std::nullopt);
     first->stopListening();
-    ending.tell();
+    ending.notify();
     begun.wait();
     first.reset();
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::first));
@@ -225,13 +225,13 @@ TEST_F(SingleInstanceTest, OneOfManySimultaneousStartsIsFirst) {
                 SingleInstance instance(folder.path());
                 start.wait();
                 const Claim claim = instance.claim({}, soon);
-                claimed.tell(claim == Claim::first ? '1' : '2');
+                claimed.notify(claim == Claim::first ? '1' : '2');
                 end.wait();
                 return 0;
             }));
         }
         for (int number = 0; number < programs; ++number) {
-            start.tell();
+            start.notify();
         }
         int firsts = 0;
         for (int number = 0; number < programs; ++number) {
@@ -239,7 +239,7 @@ TEST_F(SingleInstanceTest, OneOfManySimultaneousStartsIsFirst) {
         }
         EXPECT_EQ(firsts, 1);
         for (int number = 0; number < programs; ++number) {
-            end.tell();
+            end.notify();
         }
         for (const auto& child : children) {
             EXPECT_EQ(child->waitForEnd(), 0);
@@ -380,7 +380,7 @@ TEST_F(SingleInstanceTest, OnlyTheExactReplyIsAccepted) {
             return claimAsSecond();
         });
         const PretendedFirst first(folder.path(), file("glidemap.socket"));
-        ready.tell();
+        ready.notify();
         EXPECT_EQ(first.hearAndAnswer(row.parts), "token\tid_TIME12");
         EXPECT_EQ(second.waitForEnd(), static_cast<int>(row.claim)) << row.parts.front();
     }
@@ -394,7 +394,7 @@ TEST_F(SingleInstanceTest, LinkToASocketIsNotFollowed) {
         return claimAsSecond(soon);
     });
     const PretendedFirst first(folder.path(), file("elsewhere"));
-    ready.tell();
+    ready.notify();
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
     EXPECT_EQ(first.everythingHeard(), "");
     EXPECT_EQ(first.clients, 0);
@@ -411,7 +411,7 @@ TEST_F(SingleInstanceTest, TokenIsNotSentToAnotherUsersProcess) {
     });
     constexpr uid_t nobody = 65534;
     const PretendedFirst first(folder.path(), file("glidemap.socket"), nobody);
-    ready.tell();
+    ready.notify();
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
     EXPECT_EQ(first.everythingHeard(), "");
 }
@@ -435,7 +435,7 @@ TEST_F(SingleInstanceTest, InstanceThatCannotListenReturnsTheErrorAndStaysFirst)
     const auto deaf = instance.listen([](const Request&) {});
     ASSERT_NE(deaf, std::nullopt);
     EXPECT_NE(*deaf, "");
-    goOn.tell();
+    goOn.notify();
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
 }
 

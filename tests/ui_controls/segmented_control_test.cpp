@@ -18,7 +18,7 @@ protected:
         control->setTexts(
             {QStringLiteral("Global"), QStringLiteral("Specific App"), QStringLiteral("范围")});
         control->onChange = [this](int index) {
-            told.push_back(index);
+            reported.push_back(index);
         };
         stage.open();
     }
@@ -28,7 +28,7 @@ protected:
     test::InStillness still;
     Stage stage;
     SegmentedControl* control = stage.add(new SegmentedControl(3));
-    std::vector<int> told;
+    std::vector<int> reported;
 };
 
 TEST_F(SegmentedControlTest, FirstSegmentIsChosenInitially) {
@@ -40,19 +40,19 @@ TEST_F(SegmentedControlTest, ClickChoosesAndCallsOnChange) {
     QTest::mouseClick(segments()[2], Qt::LeftButton, {}, QPoint(2, 2));
     EXPECT_EQ(control->current(), 2);
     EXPECT_EQ(control->groundPosition(), 2);
-    EXPECT_EQ(told, std::vector<int>{2});
+    EXPECT_EQ(reported, std::vector<int>{2});
 }
 
 TEST_F(SegmentedControlTest, ClickOnTheChosenSegmentDoesNotCallOnChange) {
     QTest::mouseClick(segments()[0], Qt::LeftButton);
-    EXPECT_THAT(told, testing::IsEmpty());
+    EXPECT_THAT(reported, testing::IsEmpty());
 }
 
 TEST_F(SegmentedControlTest, SetCurrentDoesNotCallOnChange) {
     control->setCurrent(1);
     EXPECT_EQ(control->current(), 1);
     EXPECT_TRUE(segments()[1]->isChecked());
-    EXPECT_THAT(told, testing::IsEmpty());
+    EXPECT_THAT(reported, testing::IsEmpty());
 }
 
 TEST_F(SegmentedControlTest, InvalidIndexIsIgnored) {
@@ -66,7 +66,7 @@ TEST_F(SegmentedControlTest, ArrowKeysMoveTheChoice) {
     QTest::keyClick(segments()[0], Qt::Key_Right);
     QTest::keyClick(segments()[1], Qt::Key_Right);
     QTest::keyClick(segments()[2], Qt::Key_Left);
-    EXPECT_EQ(told, (std::vector<int>{1, 2, 1}));
+    EXPECT_EQ(reported, (std::vector<int>{1, 2, 1}));
     EXPECT_TRUE(segments()[1]->hasFocus());
 }
 

@@ -17,12 +17,12 @@ protected:
     SwitchTest() {
         knob->setText(QStringLiteral("Enabled"));
         QObject::connect(knob, &QCheckBox::toggled, &stage,
-                         [this](bool on) { told.push_back(on); });
+                         [this](bool on) { reported.push_back(on); });
     }
 
     Stage stage;
     Switch* knob = stage.add(new Switch);
-    std::vector<bool> told;
+    std::vector<bool> reported;
 };
 
 TEST_F(SwitchTest, AssistiveTechnologySeesACheckBox) {
@@ -37,14 +37,14 @@ TEST_F(SwitchTest, ClickOnTheKnobOrTheTextSwitches) {
     stage.open();
     QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(knob->width() - 10, knob->height() / 2));
     QTest::mouseClick(knob, Qt::LeftButton, {}, QPoint(10, knob->height() / 2));
-    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+    EXPECT_EQ(reported, (std::vector<bool>{true, false}));
 }
 
 TEST_F(SwitchTest, SpaceBarSwitches) {
     stage.open();
     knob->setFocus(Qt::TabFocusReason);
     QTest::keyClick(knob, Qt::Key_Space);
-    EXPECT_EQ(told, std::vector<bool>{true});
+    EXPECT_EQ(reported, std::vector<bool>{true});
 }
 
 TEST_F(SwitchTest, KnobSlidesAndArrives) {

@@ -175,8 +175,8 @@ std::size_t ContactAssembler::reportedFingers() const {
 std::size_t ContactAssembler::missingFingers() const {
     const std::size_t counted = countedFingers();
     const std::size_t reported = reportedFingers();
-    const bool cannotTellAll = pad.semiMultitouch || counted > slots.size();
-    if (!cannotTellAll || reported == 0 || counted <= reported) {
+    const bool doesNotReportAll = pad.semiMultitouch || counted > slots.size();
+    if (!doesNotReportAll || reported == 0 || counted <= reported) {
         return 0;
     }
     return counted - reported;

@@ -11,7 +11,7 @@ namespace glidemap {
 // By default Qt asks every window to close and cancels the end if a window refuses.
 class SessionEnd::Listener : public QObject {
 public:
-    explicit Listener(std::function<void()> told) : asked(std::move(told)) {
+    explicit Listener(std::function<void()> reported) : asked(std::move(reported)) {
         qGuiApp->installEventFilter(this);
         connect(qGuiApp, &QGuiApplication::saveStateRequest, this, [](QSessionManager& manager) {
             manager.setRestartHint(QSessionManager::RestartNever);

@@ -66,10 +66,10 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
         }
         return false;
     case QEvent::KeyPress:
-        tellModifiers(*static_cast<QKeyEvent*>(event));
+        reportModifiers(*static_cast<QKeyEvent*>(event));
         return takesPress(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
-        tellModifiers(*static_cast<QKeyEvent*>(event));
+        reportModifiers(*static_cast<QKeyEvent*>(event));
         return takesRelease(*static_cast<QKeyEvent*>(event));
     default:
         return false;
@@ -77,7 +77,7 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
 }
 
 // Window systems differ in whether a modifier's own event includes it in the modifiers.
-void KeyMonitor::tellModifiers(const QKeyEvent& event) const {
+void KeyMonitor::reportModifiers(const QKeyEvent& event) const {
     if (!running || !onModifiers || event.isAutoRepeat()) {
         return;
     }

@@ -48,7 +48,7 @@ private:
 
     bool takesOverride(const QKeyEvent& event) const;
     bool takesPress(const QKeyEvent& event);
-    void tellModifiers(const QKeyEvent& event) const;
+    void reportModifiers(const QKeyEvent& event) const;
     bool takesRelease(const QKeyEvent& event);
     void removeIfDone();
 

@@ -56,7 +56,7 @@ ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardwar
 }
 
 void ToolkitKeyPresses::start(std::function<void(const Press&)> handler) {
-    told = std::move(handler);
+    onPress = std::move(handler);
     monitor.start();
 }
 
@@ -66,7 +66,7 @@ void ToolkitKeyPresses::stop() {
 
 void ToolkitKeyPresses::abandon() {
     monitor.remove();
-    told = {};
+    onPress = {};
 }
 
 void ToolkitKeyPresses::borrowDesktopKeys(QWindow* window) {
@@ -89,8 +89,8 @@ void ToolkitKeyPresses::press(const QKeyEvent& event) const {
         return;
     }
     const std::uint64_t lock = keys->capsLock(native) ? capsLock : 0;
-    const auto tell = told; // the call may replace the handler
-    tell({.keyCode = keyCode, .flags = modifierMask(event.modifiers()) | lock});
+    const auto call = onPress; // the call may replace the handler
+    call({.keyCode = keyCode, .flags = modifierMask(event.modifiers()) | lock});
 }
 
 } // namespace glidemap

@@ -34,7 +34,7 @@ private:
 
     const std::unique_ptr<const HardwareKeys> keys;
     const std::unique_ptr<DesktopKeys> desktop;
-    std::function<void(const Press&)> told;
+    std::function<void(const Press&)> onPress;
     KeyMonitor monitor;
 };
 

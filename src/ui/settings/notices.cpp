@@ -57,7 +57,7 @@ bool canInstall(DesktopHelper::State state) {
     return state == DesktopHelper::State::missing || state == DesktopHelper::State::failed;
 }
 
-std::function<void()> telling(const std::function<void()>& listener) {
+std::function<void()> notifying(const std::function<void()>& listener) {
     return [&listener] {
         if (listener) {
             listener();
@@ -76,9 +76,9 @@ Notices::Notices(QWidget* parent)
       desktopHelper(addSection("desktopHelperNotice", desktopHelperLook)) {
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);
-    newVersion.notice->onButton = telling(onDownload);
-    permission.notice->onButton = telling(onOpenSystemSettings);
-    desktopHelper.notice->onButton = telling(onInstallHelper);
+    newVersion.notice->onButton = notifying(onDownload);
+    permission.notice->onButton = notifying(onOpenSystemSettings);
+    desktopHelper.notice->onButton = notifying(onInstallHelper);
 }
 
 Notices::Section Notices::addSection(const char* name, const Notice::Look& look) {

@@ -69,7 +69,7 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
-void tell(const std::function<void(bool)>& listener, bool on) {
+void notify(const std::function<void(bool)>& listener, bool on) {
     if (listener) {
         listener(on);
     }
@@ -118,7 +118,7 @@ void SettingsHeader::makeLaunchAtLogin(QHBoxLayout& layout) {
     launchAtLogin = new QCheckBox(this);
     launchAtLogin->setObjectName("launchAtLogin");
     connect(launchAtLogin, &QCheckBox::toggled, this,
-            [this](bool on) { tell(onLaunchAtLogin, on); });
+            [this](bool on) { notify(onLaunchAtLogin, on); });
     layout.addWidget(launchAtLogin);
 }
 
@@ -143,7 +143,7 @@ void SettingsHeader::makeLanguage(QHBoxLayout& layout) {
 void SettingsHeader::makeEnabled(QHBoxLayout& layout) {
     enabled = new Switch(this);
     enabled->setObjectName("enabled");
-    connect(enabled, &QCheckBox::toggled, this, [this](bool on) { tell(onEnabled, on); });
+    connect(enabled, &QCheckBox::toggled, this, [this](bool on) { notify(onEnabled, on); });
     layout.addWidget(enabled);
 }
 

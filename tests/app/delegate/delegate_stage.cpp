@@ -21,7 +21,7 @@ DelegateStage* DelegateStage::current = nullptr;
 
 class DelegateStage::Shell : public ApplicationShell {
 public:
-    explicit Shell(DelegateStage& told) : stage(told) {}
+    explicit Shell(DelegateStage& reported) : stage(reported) {}
     void becomeAccessory() override { stage.notes.emplace_back("become an accessory"); }
     void activate(QWidget& widget) override {
         stage.notes.push_back("activate " + widget.windowTitle().toStdString() +
@@ -39,7 +39,7 @@ private:
 
 class DelegateStage::Trust : public AccessibilityTrust {
 public:
-    explicit Trust(DelegateStage& told) : stage(told) {}
+    explicit Trust(DelegateStage& reported) : stage(reported) {}
     bool isTrusted() override {
         stage.notes.emplace_back("trusted?");
         return false;
@@ -55,7 +55,7 @@ private:
 
 class DelegateStage::Tap : public ClickTap {
 public:
-    explicit Tap(DelegateStage& told) : stage(told) {}
+    explicit Tap(DelegateStage& reported) : stage(reported) {}
     bool create(Callback callback) override {
         stage.notes.emplace_back("click tap");
         stage.click = std::move(callback);

@@ -123,9 +123,9 @@ TEST_F(HttpsFetchTest, NetworkThreadExistsOnlyDuringAFetch) {
         duringIt = hasNetworkThread();
         ok("content")(socket, request);
     });
-    bool told = false;
-    onlyMade(server.url(), [&](const Fetched& /*fetched*/) { told = true; });
-    ASSERT_TRUE(Application::runUntil([&] { return told; }));
+    bool reported = false;
+    onlyMade(server.url(), [&](const Fetched& /*fetched*/) { reported = true; });
+    ASSERT_TRUE(Application::runUntil([&] { return reported; }));
     EXPECT_TRUE(duringIt);
     EXPECT_TRUE(Application::runUntil([] { return !hasNetworkThread(); }));
 }
@@ -334,12 +334,12 @@ TEST_F(HttpsFetchTest, UnrequestedCompressionIsNotUnpacked) {
 TEST_F(HttpsFetchTest, PendingFetchIsDroppedWithoutACallbackOnQuit) {
     server.setAnswer(
         [](QSslSocket& /*socket*/, const std::string& /*request*/) { QCoreApplication::quit(); });
-    const auto told = std::make_shared<int>();
-    httpsFetch(trusting())(server.url(), [told](const Fetched& /*fetched*/) { ++*told; });
-    EXPECT_EQ(told.use_count(), 2);
+    const auto reported = std::make_shared<int>();
+    httpsFetch(trusting())(server.url(), [reported](const Fetched& /*fetched*/) { ++*reported; });
+    EXPECT_EQ(reported.use_count(), 2);
     QCoreApplication::exec();
-    EXPECT_EQ(told.use_count(), 1);
-    EXPECT_EQ(*told, 0);
+    EXPECT_EQ(reported.use_count(), 1);
+    EXPECT_EQ(*reported, 0);
     EXPECT_TRUE(Application::runUntil([] { return !hasNetworkThread(); }));
 }
 

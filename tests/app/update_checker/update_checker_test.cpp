@@ -52,7 +52,7 @@ protected:
 
     UpdateChecker::Completion note() {
         return [this](const UpdateResult& result) {
-            told.push_back(described(result));
+            reported.push_back(described(result));
         };
     }
 
@@ -68,7 +68,7 @@ protected:
 
     std::deque<Asked> asked;
     std::vector<Timer> timers;
-    Lines told;
+    Lines reported;
 };
 
 TEST_F(UpdateCheckerTest, NothingIsKnownOrRequestedInitially) {
@@ -86,12 +86,12 @@ TEST_F(UpdateCheckerTest, NewerVersionIsReportedAndKeptAsServed) {
     checker->check(note());
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0].first, checker->versionURL());
-    EXPECT_EQ(told, Lines());
+    EXPECT_EQ(reported, Lines());
     answerVersion("1.2.1-beta");
-    EXPECT_EQ(told, Lines{"none"}); // its last piece is not a number
+    EXPECT_EQ(reported, Lines{"none"}); // its last piece is not a number
     checker->check(note());
     answerVersion("+1..2.1");
-    EXPECT_EQ(told, (Lines{"none", "+1..2.1"}));
+    EXPECT_EQ(reported, (Lines{"none", "+1..2.1"}));
     EXPECT_EQ(checker->latestVersion(), "+1..2.1");
 }
 
@@ -104,14 +104,14 @@ TEST_F(UpdateCheckerTest, VersionThatIsNotNewerClearsTheKnownOne) {
         checker->check(note());
         answerVersion(served);
         EXPECT_EQ(checker->latestVersion(), std::nullopt) << served;
-        EXPECT_EQ(std::exchange(told, {}), Lines{"none"}) << served;
+        EXPECT_EQ(std::exchange(reported, {}), Lines{"none"}) << served;
     }
 }
 
 TEST_F(UpdateCheckerTest, KnownVersionSurvivesEveryFailure) {
     struct Row {
         Fetched fetched;
-        std::string told;
+        std::string reported;
     };
     const Row rows[] = {
         {{"", std::nullopt}, "bad response: not a manifest"},
@@ -129,7 +129,7 @@ TEST_F(UpdateCheckerTest, KnownVersionSurvivesEveryFailure) {
     for (const Row& row : rows) {
         checker->check(note());
         answer(row.fetched);
-        EXPECT_EQ(std::exchange(told, {}), Lines{row.told});
+        EXPECT_EQ(std::exchange(reported, {}), Lines{row.reported});
         EXPECT_EQ(checker->latestVersion(), "1.3");
         checker->check();
         answer(row.fetched);
@@ -141,14 +141,14 @@ TEST_F(UpdateCheckerTest, ManifestCountsDespiteATransportError) {
     const auto checker = running("1.2");
     checker->check(note());
     answer({R"({"version": "1.3"})", "cut off"});
-    EXPECT_EQ(told, Lines{"1.3"});
+    EXPECT_EQ(reported, Lines{"1.3"});
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
 TEST_F(UpdateCheckerTest, UnknownRunningVersionSendsNoRequest) {
     const auto checker = running(std::nullopt);
     checker->check(note());
-    EXPECT_EQ(told, Lines{"none"}); // before check() returned
+    EXPECT_EQ(reported, Lines{"none"}); // before check() returned
     checker->check();
     checker->start();
     EXPECT_TRUE(asked.empty());
@@ -166,7 +166,7 @@ TEST_F(UpdateCheckerTest, ObserversAreNotifiedBeforeAndAfterASuccessAndBeforeThe
     const auto checker = running("1.2");
     const auto look = [&](const std::string& when) {
         return [this, when, &checker] {
-            told.push_back(when + checker->latestVersion().value_or("none"));
+            reported.push_back(when + checker->latestVersion().value_or("none"));
         };
     };
     const auto watch = checker->changes().subscribe(look("will: "), look("did: "));
@@ -176,8 +176,8 @@ TEST_F(UpdateCheckerTest, ObserversAreNotifiedBeforeAndAfterASuccessAndBeforeThe
     answer(noNetwork);
     checker->check(note());
     answerVersion("1.2");
-    EXPECT_EQ(told, (Lines{"will: none", "did: 1.3", "1.3", "transport: no network", "will: 1.3",
-                           "did: none", "none"}));
+    EXPECT_EQ(reported, (Lines{"will: none", "did: 1.3", "1.3", "transport: no network",
+                               "will: 1.3", "did: none", "none"}));
 }
 
 TEST_F(UpdateCheckerTest, LastOfSeveralChecksToEndWinsAndEachCompletionGetsItsOwnResult) {
@@ -192,7 +192,7 @@ TEST_F(UpdateCheckerTest, LastOfSeveralChecksToEndWinsAndEachCompletionGetsItsOw
     EXPECT_EQ(checker->latestVersion(), "1.4");
     answer(noNetwork);
     EXPECT_EQ(checker->latestVersion(), "1.4");
-    EXPECT_EQ(told, (Lines{"1.5", "1.4", "transport: no network"}));
+    EXPECT_EQ(reported, (Lines{"1.5", "1.4", "transport: no network"}));
 }
 
 TEST_F(UpdateCheckerTest, CompletionIsCalledAfterTheCheckersDestruction) {
@@ -206,7 +206,7 @@ TEST_F(UpdateCheckerTest, CompletionIsCalledAfterTheCheckersDestruction) {
     answerVersion("1.3");
     answer(noNetwork);
     answerVersion("1.3");
-    EXPECT_EQ(told, (Lines{"1.3", "transport: no network"}));
+    EXPECT_EQ(reported, (Lines{"1.3", "transport: no network"}));
 }
 
 TEST_F(UpdateCheckerTest, CheckerMayBeDestroyedWithinANotification) {
@@ -215,7 +215,7 @@ TEST_F(UpdateCheckerTest, CheckerMayBeDestroyedWithinANotification) {
     checker->check(note());
     answerVersion("1.3");
     EXPECT_EQ(checker, nullptr);
-    EXPECT_EQ(told, Lines{"1.3"});
+    EXPECT_EQ(reported, Lines{"1.3"});
 }
 
 TEST_F(UpdateCheckerTest, CompletionMayCheckAgain) {
@@ -223,7 +223,7 @@ TEST_F(UpdateCheckerTest, CompletionMayCheckAgain) {
     checker->check([&](const UpdateResult& /*result*/) { checker->check(note()); });
     answerVersion("1.3");
     answerVersion("1.4");
-    EXPECT_EQ(told, Lines{"1.4"});
+    EXPECT_EQ(reported, Lines{"1.4"});
 }
 
 TEST_F(UpdateCheckerTest, StartChecksAtOnceAndThenDaily) {

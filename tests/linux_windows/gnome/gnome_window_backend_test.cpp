@@ -63,73 +63,73 @@ protected:
                             {"XDG_CURRENT_DESKTOP", "GNOME"},
                             {"XDG_RUNTIME_DIR", folder.path()},
                             {"WAYLAND_DISPLAY", "wayland-test"}}};
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
 };
 
 TEST_F(GnomeWindows, NoWindowsWithoutTheExtension) {
     ShellDouble shell(bus.address(), {});
-    const Listening listening(told);
+    const Listening listening(reported);
     EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(GnomeWindows, RunningExtensionIsQueried) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
-    const Listening listening(told);
-    told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+    const Listening listening(reported);
+    reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
 TEST_F(GnomeWindows, ExtensionThatStartsLaterReports) {
     ShellDouble shell(bus.address(), {});
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     shell.startExtension(message(editor, ""));
-    told.expectTold({"windows: org.gnome.TextEditor"});
+    reported.expectReported({"windows: org.gnome.TextEditor"});
     shell.emit("WindowsChanged", message(editor, editor));
-    told.expectTold({"active: org.gnome.TextEditor"});
+    reported.expectReported({"active: org.gnome.TextEditor"});
 }
 
 TEST_F(GnomeWindows, LockedScreenHasNoWindows) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
-    const Listening listening(told);
-    told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+    const Listening listening(reported);
+    reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
     shell.stopExtension();
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
     shell.startExtension(message(editor, editor));
-    told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+    reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
 TEST_F(GnomeWindows, ShellMayStartLaterAndRestart) {
-    const Listening listening(told);
+    const Listening listening(reported);
     EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
     for (int times = 0; times < 2; ++times) {
         ShellDouble shell(bus.address(), {});
         shell.startExtension(message(editor, editor));
-        told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+        reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
         shell.stopExtension();
-        told.expectTold({"windows:", "active: none"});
+        reported.expectReported({"windows:", "active: none"});
     }
 }
 
 TEST_F(GnomeWindows, CrashedShellHasNoWindows) {
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     {
         ShellDouble shell(bus.address(), {});
         shell.startExtension(message(editor, editor));
-        told.expectTold({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
+        reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
     }
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(GnomeWindows, OnlyTheShellsSignalsAreAccepted) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message("", ""));
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     g_dbus_connection_emit_signal(
         bus.connection(), nullptr, "/org/glidemap/Windows", "org.glidemap.Windows",
         "WindowsChanged",
@@ -137,7 +137,7 @@ TEST_F(GnomeWindows, OnlyTheShellsSignalsAreAccepted) {
     g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);
     // The bus keeps the order: an accepted report of the other program would come first.
     shell.emit("WindowsChanged", message(editor, ""));
-    told.expectTold({"windows: org.gnome.TextEditor"});
+    reported.expectReported({"windows: org.gnome.TextEditor"});
 }
 
 TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
@@ -156,10 +156,10 @@ TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
     {
         ShellDouble shell(bus.address(), {});
         shell.startExtension(message(editor, editor));
-        const Listening listening(told);
-        told.expectTold({"windows:", "active: none"});
+        const Listening listening(reported);
+        reported.expectReported({"windows:", "active: none"});
         shell.emit("WindowsChanged", message(editor, editor));
-        told.expectTold({});
+        reported.expectReported({});
     }
     kill(compositor, SIGKILL);
     waitpid(compositor, nullptr, 0);
@@ -171,26 +171,26 @@ TEST_F(GnomeWindows, EveryNameOwnerIsRejectedWithoutADisplay) {
     const ScopedEnvironment without{{{"WAYLAND_DISPLAY", ""}}};
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(GnomeWindows, InvalidMessagesAreIgnored) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message("", ""));
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     shell.emit("WindowsChanged", "()");
     shell.emit("WindowsChanged", "([('a', 'b')], [('a', 'b')])");
     shell.emit("WindowsChanged", "('text',)");
     shell.emit("SomethingElse", message(editor, editor));
     shell.emit("WindowsChanged", message(editor, ""));
-    told.expectTold({"windows: org.gnome.TextEditor"});
+    reported.expectReported({"windows: org.gnome.TextEditor"});
 }
 
 TEST_F(GnomeWindows, WindowIsIdentifiedByItsEntryOrItsClass) {
     struct Row {
-        const char* told;
+        const char* reported;
         WindowIdentity expected;
     };
     const Row rows[] = {
@@ -205,31 +205,31 @@ TEST_F(GnomeWindows, WindowIsIdentifiedByItsEntryOrItsClass) {
     std::string all;
     std::vector<WindowIdentity> expected;
     for (const Row& row : rows) {
-        all += (all.empty() ? "" : ", ") + std::string(row.told);
+        all += (all.empty() ? "" : ", ") + std::string(row.reported);
         expected.push_back(row.expected);
     }
     shell.startExtension("([" + all + "], @a(ssssu) [])");
-    const Listening listening(told);
-    told.expectTold({"windows: a, a, class, class.desktop, ", "active: none"});
-    EXPECT_EQ(told.windows(), expected);
+    const Listening listening(reported);
+    reported.expectReported({"windows: a, a, class, class.desktop, ", "active: none"});
+    EXPECT_EQ(reported.windows(), expected);
 }
 
 TEST_F(GnomeWindows, DoesNotStartOnOtherDesktops) {
     for (const char* desktop : {"", "KDE", "GNOME-Flashback"}) {
         const ScopedEnvironment elsewhere{{{"XDG_CURRENT_DESKTOP", desktop}}};
-        EXPECT_FALSE(Listening(told).started) << desktop;
+        EXPECT_FALSE(Listening(reported).started) << desktop;
     }
-    told.expectTold({});
+    reported.expectReported({});
 }
 
 TEST_F(GnomeWindows, StartsIfTheSessionIsGNOMEOrTheShellRuns) {
     {
         const ScopedEnvironment derived{{{"XDG_CURRENT_DESKTOP", "ubuntu:GNOME"}}};
-        EXPECT_TRUE(Listening(told).started);
+        EXPECT_TRUE(Listening(reported).started);
     }
     const ScopedEnvironment silent{{{"XDG_CURRENT_DESKTOP", ""}}};
     ShellDouble shell(bus.address(), {});
-    EXPECT_TRUE(Listening(told).started);
+    EXPECT_TRUE(Listening(reported).started);
 }
 
 } // namespace

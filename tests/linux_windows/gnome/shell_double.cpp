@@ -112,9 +112,9 @@ void ShellDouble::answer(const std::string& method, GVariant* arguments,
     g_variant_unref(values);
 }
 
-void ShellDouble::startExtension(const std::string& told) {
+void ShellDouble::startExtension(const std::string& reported) {
     thread.call([&] {
-        windows = told;
+        windows = reported;
         registerObject(windowsPath, windowsInterface);
         emitHere("Started", "()");
     });

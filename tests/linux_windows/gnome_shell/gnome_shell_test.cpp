@@ -29,7 +29,7 @@ using desktops::Window;
 using State = GnomeExtension::State;
 
 // Queries as any program on the session bus could.
-void expectThatNoOtherProgramIsTold(const GnomeShell& shell) {
+void expectThatNoOtherProgramIsNotified(const GnomeShell& shell) {
     const ScopedEnvironment here(shell.environment());
     for (const char* const method : {"GetWindows", "BringForward '[]'", "TokenForLaunch ''"}) {
         const std::string command =
@@ -54,47 +54,47 @@ TEST(OnGnomeShell, InstalledExtensionReportsFromTheNextLogin) {
     GnomeShell shell;
     const ScopedEnvironment here(shell.environment());
     const GnomeExtension extension(GLIDEMAP_GNOME_EXTENSION_FORMS);
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::noShell, ""}));
 
     shell.start();
-    const Listening listening(told);
+    const Listening listening(reported);
     ASSERT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::missing, ""}));
     ASSERT_EQ(extension.install(), std::nullopt);
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::atNextLogin, ""}));
     {
         Window unseen = Window(shell.environment(), "unseen", "Title");
         unseen.close();
-        told.expectTold({});
+        reported.expectReported({});
     }
 
     shell.kill();
     shell.start();
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::on, ""}));
     Window first = Window(shell.environment(), "first", "Title");
-    told.expectInTheEnd("windows: first", "active: first");
+    reported.expectInTheEnd("windows: first", "active: first");
     Window second = Window(shell.environment(), "org.example.Second", "A text — Second");
     // The shell gives the focus only to windows that the user has opened.
-    told.expectInTheEnd("windows: first, org.example.Second", "active: first");
-    EXPECT_THAT(told.windows(),
+    reported.expectInTheEnd("windows: first, org.example.Second", "active: first");
+    EXPECT_THAT(reported.windows(),
                 testing::ElementsAre(WindowIdentity{"first", "first", "", first.process()},
                                      WindowIdentity{"org.example.Second", "org.example.Second", "",
                                                     second.process()}));
-    expectThatNoOtherProgramIsTold(shell);
+    expectThatNoOtherProgramIsNotified(shell);
     first.close();
-    told.expectInTheEnd("windows: org.example.Second", "active: org.example.Second");
+    reported.expectInTheEnd("windows: org.example.Second", "active: org.example.Second");
 
     shell.disableExtension(GnomeExtension::uuid);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::off, ""}));
     ASSERT_EQ(extension.install(), std::nullopt);
-    told.expectTold({"windows: org.example.Second", "active: org.example.Second"});
+    reported.expectReported({"windows: org.example.Second", "active: org.example.Second"});
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::on, ""}));
 
     shell.kill();
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 } // namespace

@@ -33,28 +33,28 @@ protected:
     ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
                             {"XDG_CURRENT_DESKTOP", "KDE"},
                             {"XDG_RUNTIME_DIR", folder.path()}}};
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
 };
 
 TEST_F(KWinWindows, ScriptRunsInPlasma6) {
     KWinDouble kwin(bus.address(), {});
-    const Listening listening(told);
+    const Listening listening(reported);
     kwin.expectAsked(loading);
     kwin.report(oneWindow);
-    told.expectTold({"windows: kate", "active: kate"});
+    reported.expectReported({"windows: kate", "active: kate"});
 }
 
 TEST_F(KWinWindows, ScriptRunsInPlasma5) {
     KWinDouble kwin(bus.address(), {.scriptFolder = "/"});
-    const Listening listening(told);
+    const Listening listening(reported);
     kwin.expectAsked({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
     kwin.report(oneWindow);
-    told.expectTold({"windows: kate", "active: kate"});
+    reported.expectReported({"windows: kate", "active: kate"});
 }
 
 TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     KWinDouble kwin(bus.address(), {});
-    const Listening listening(told);
+    const Listening listening(reported);
     kwin.expectAsked(loading);
     kwin.report(oneWindow); // after KWin has read it
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
@@ -65,14 +65,14 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
 
 TEST_F(KWinWindows, StartingKWinIsRetriedAfterEachOfItsSignals) {
     KWinDouble kwin(bus.address(), {.isStarting = true});
-    const Listening listening(told);
+    const Listening listening(reported);
     kwin.saySomething();
     kwin.expectAsked({});
     kwin.finishStarting();
     kwin.expectAsked(loading);
     kwin.saySomething(); // no further call follows
     kwin.report(oneWindow);
-    told.expectTold({"windows: kate", "active: kate"});
+    reported.expectReported({"windows: kate", "active: kate"});
     kwin.expectAsked({});
 }
 
@@ -86,7 +86,7 @@ TEST_F(KWinWindows, KWinThatRejectsTheScriptHasNoWindows) {
         KWinDouble kwin(bus.address(), nature);
         RecordingWindowListener none;
         const Listening listening(none);
-        none.expectTold({"windows:", "active: none"});
+        none.expectReported({"windows:", "active: none"});
         EXPECT_FALSE(std::filesystem::exists(kwin.file()));
     }
 }
@@ -94,7 +94,7 @@ TEST_F(KWinWindows, KWinThatRejectsTheScriptHasNoWindows) {
 TEST_F(KWinWindows, DestructorUnloadsTheScript) {
     KWinDouble kwin(bus.address(), {});
     {
-        const Listening listening(told);
+        const Listening listening(reported);
         kwin.expectAsked(loading);
     }
     kwin.expectAsked({"unloadScript /Scripting"});
@@ -104,42 +104,42 @@ TEST_F(KWinWindows, DestructorUnloadsTheScript) {
 TEST_F(KWinWindows, StuckKWinBlocksNoThread) {
     KWinDouble kwin(bus.address(), {.isStuck = true});
     {
-        const Listening listening(told);
+        const Listening listening(reported);
         EXPECT_TRUE(listening.started);
         kwin.expectAsked({"unloadScript /Scripting"});
     }
-    told.expectTold({});
+    reported.expectReported({});
 }
 
 TEST_F(KWinWindows, InvalidReportsAreIgnored) {
     KWinDouble kwin(bus.address(), {});
-    const Listening listening(told);
+    const Listening listening(reported);
     kwin.expectAsked(loading);
     kwin.report("{");
     kwin.report(R"({"active":{"desktopFile":"kate"}})");
     kwin.report(oneWindow);
-    told.expectTold({"windows: kate", "active: kate"});
+    reported.expectReported({"windows: kate", "active: kate"});
 }
 
 TEST(KWinWindowBackend, DoesNotStartIfKWinIsNeitherRunningNorExpected) {
     const desktops::PrivateBus bus;
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
     for (const char* desktop : {"", "GNOME", "XKDE", "ubuntu:GNOME"}) {
         const ScopedEnvironment here{
             {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", desktop}}};
-        EXPECT_FALSE(Listening(told).started) << desktop;
+        EXPECT_FALSE(Listening(reported).started) << desktop;
     }
-    told.expectTold({});
+    reported.expectReported({});
 }
 
 TEST(KWinWindowBackend, StartsInAPlasmaSession) {
     const desktops::PrivateBus bus;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "other:KDE"}}};
-    RecordingWindowListener told;
-    const Listening listening(told);
+    RecordingWindowListener reported;
+    const Listening listening(reported);
     EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST(KWinWindowBackend, DoesNotStartWithoutABus) {
@@ -147,9 +147,9 @@ TEST(KWinWindowBackend, DoesNotStartWithoutABus) {
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder.path() / "none").string()},
          {"XDG_CURRENT_DESKTOP", "KDE"}}};
-    RecordingWindowListener told;
-    EXPECT_FALSE(Listening(told).started);
-    told.expectTold({});
+    RecordingWindowListener reported;
+    EXPECT_FALSE(Listening(reported).started);
+    reported.expectReported({});
 }
 
 } // namespace

@@ -74,71 +74,71 @@ protected:
 
     std::optional<KWin> kwin;
     std::optional<ScopedEnvironment> here;
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
 };
 
 TEST_F(OnKWin, FocusFollowsOpeningAndClosing) {
     startKWin();
-    const Listening listening(told);
+    const Listening listening(reported);
     EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
     Window first = open("first");
-    told.expectTold({"windows: first", "active: first"});
+    reported.expectReported({"windows: first", "active: first"});
     Window second = open("org.example.Second");
-    told.expectTold({"windows: first, org.example.Second", "active: org.example.Second"});
+    reported.expectReported({"windows: first, org.example.Second", "active: org.example.Second"});
     second.close();
-    told.expectTold({"windows: first", "active: first"});
+    reported.expectReported({"windows: first", "active: first"});
     first.close();
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(OnKWin, WindowThatIsOpenAlreadyIsReportedCompletely) {
     startKWin();
     Window window = open("org.example.Editor", "A text — Editor");
-    const Listening listening(told);
-    told.expectTold({"windows: org.example.Editor", "active: org.example.Editor"});
-    EXPECT_THAT(told.windows(),
+    const Listening listening(reported);
+    reported.expectReported({"windows: org.example.Editor", "active: org.example.Editor"});
+    EXPECT_THAT(reported.windows(),
                 testing::ElementsAre(WindowIdentity{"org.example.Editor", "glidemap-test-window",
                                                     "A text — Editor", window.process()}));
 }
 
 TEST_F(OnKWin, KWinMayStartLaterAndRestart) {
-    const Listening listening(told);
+    const Listening listening(reported);
     EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
     startKWin();
     {
         Window first = open("first");
-        told.expectTold({"windows: first", "active: first"});
+        reported.expectReported({"windows: first", "active: first"});
         kwin->kill();
-        told.expectTold({"windows:", "active: none"});
+        reported.expectReported({"windows:", "active: none"});
     }
     startKWin();
     Window second = open("second");
-    told.expectTold({"windows: second", "active: second"});
+    reported.expectReported({"windows: second", "active: second"});
 }
 
 // The end of one process must not unload the script of the next one.
 TEST_F(OnKWin, SecondFollowerKeepsItsScriptWhenTheFirstExits) {
     startKWin();
-    RecordingWindowListener toldFirst;
-    auto first = std::make_unique<Listening>(toldFirst);
-    toldFirst.expectTold({"windows:", "active: none"});
-    const Listening second(told);
-    told.expectTold({"windows:", "active: none"});
+    RecordingWindowListener reportedFirst;
+    auto first = std::make_unique<Listening>(reportedFirst);
+    reportedFirst.expectReported({"windows:", "active: none"});
+    const Listening second(reported);
+    reported.expectReported({"windows:", "active: none"});
     const long both = countOfScripts();
     first.reset();
     waitUntilScriptsAre(both - 1);
     const Window window = open("window");
-    told.expectTold({"windows: window", "active: window"});
+    reported.expectReported({"windows: window", "active: window"});
 }
 
 TEST_F(OnKWin, DestructorUnloadsTheScriptAndLeavesNoFile) {
     startKWin();
     const long before = countOfScripts();
     {
-        const Listening listening(told);
-        told.expectTold({"windows:", "active: none"});
+        const Listening listening(reported);
+        reported.expectReported({"windows:", "active: none"});
         waitUntilScriptsAre(before + 1);
     }
     waitUntilScriptsAre(before);
@@ -151,21 +151,21 @@ TEST_F(OnKWin, DestructorUnloadsTheScriptAndLeavesNoFile) {
 TEST_F(OnKWin, TwoBackendsInARowBothReceiveReports) {
     startKWin();
     {
-        const Listening listening(told);
-        told.expectTold({"windows:", "active: none"});
+        const Listening listening(reported);
+        reported.expectReported({"windows:", "active: none"});
     }
     RecordingWindowListener again;
     const Listening listening(again);
-    again.expectTold({"windows:", "active: none"});
+    again.expectReported({"windows:", "active: none"});
     Window window = open("window");
-    again.expectTold({"windows: window", "active: window"});
-    told.expectTold({});
+    again.expectReported({"windows: window", "active: window"});
+    reported.expectReported({});
 }
 
 TEST_F(OnKWin, OnlyReportsOfKWinAreAccepted) {
     startKWin();
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     GVariant* const names = kwin->bus().call("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                              "org.freedesktop.DBus", "ListNames", nullptr);
     const char** const all = g_variant_get_strv(g_variant_get_child_value(names, 0), nullptr);
@@ -184,16 +184,16 @@ TEST_F(OnKWin, OnlyReportsOfKWinAreAccepted) {
     g_free(all);
     g_variant_unref(names);
     EXPECT_EQ(asked, 1); // the backend's object received the call
-    told.expectTold({});
+    reported.expectReported({});
 }
 
 TEST_F(OnKWin, LostBusHasNoWindows) {
     startKWin();
     Window window = open("window");
-    const Listening listening(told);
-    told.expectTold({"windows: window", "active: window"});
+    const Listening listening(reported);
+    reported.expectReported({"windows: window", "active: window"});
     kwin->breakBus();
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 } // namespace

@@ -24,7 +24,7 @@ class OnSway : public testing::Test {
 protected:
     Sway sway;
     ScopedEnvironment here{sway.environment()};
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
 
     Window open(const std::string& appID, const std::string& title = "Title") {
         return Window(sway.environment(), appID, title);
@@ -32,100 +32,101 @@ protected:
 };
 
 TEST_F(OnSway, DesktopWithoutWindowsIsReportedAtOnce) {
-    const Listening listening(told);
+    const Listening listening(reported);
     EXPECT_TRUE(listening.started);
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(OnSway, OpenWindowsAreReportedAtOnce) {
     Window first = open("org.example.First");
     Window second = open("second");
-    const Listening listening(told);
+    const Listening listening(reported);
     // wlroots lists the newest window first.
-    told.expectTold({"windows: second, org.example.First", "active: second"});
+    reported.expectReported({"windows: second, org.example.First", "active: second"});
 }
 
 TEST_F(OnSway, FocusFollowsOpeningSwitchingAndClosing) {
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     Window first = open("first");
-    told.expectTold({"windows: first", "active: first"});
+    reported.expectReported({"windows: first", "active: first"});
     Window second = open("second");
-    told.expectTold({"windows: first, second", "active: second"});
+    reported.expectReported({"windows: first, second", "active: second"});
     sway.command("[app_id=first] focus");
-    told.expectTold({"active: first"});
+    reported.expectReported({"active: first"});
     sway.command("[app_id=second] focus");
-    told.expectTold({"active: second"});
+    reported.expectReported({"active: second"});
     first.close();
-    told.expectTold({"windows: second"});
+    reported.expectReported({"windows: second"});
     second.close();
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(OnSway, TwoWindowsOfOneProgramAreOneApplicationToTheListener) {
-    const Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    const Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     Window first = open("same");
-    told.expectTold({"windows: same", "active: same"});
+    reported.expectReported({"windows: same", "active: same"});
     Window second = open("same");
-    told.expectTold({"windows: same, same"});
+    reported.expectReported({"windows: same, same"});
     second.close();
-    told.expectTold({"windows: same"});
+    reported.expectReported({"windows: same"});
 }
 
 TEST_F(OnSway, EmptyWorkspaceHasNoActiveWindow) {
     Window window = open("only");
-    const Listening listening(told);
-    told.expectTold({"windows: only", "active: only"});
+    const Listening listening(reported);
+    reported.expectReported({"windows: only", "active: only"});
     sway.command("workspace 2");
-    told.expectTold({"active: none"});
+    reported.expectReported({"active: none"});
     sway.command("workspace 1");
-    told.expectTold({"active: only"});
+    reported.expectReported({"active: only"});
 }
 
 TEST_F(OnSway, WindowIsReportedWithAppIDAndTitleOnly) {
     Window window = open("org.example.Editor", "A text — Editor");
-    const Listening listening(told);
-    told.expectTold({"windows: org.example.Editor", "active: org.example.Editor"});
-    EXPECT_THAT(told.windows(), testing::ElementsAre(WindowIdentity{
-                                    "org.example.Editor", "", "A text — Editor", std::nullopt}));
+    const Listening listening(reported);
+    reported.expectReported({"windows: org.example.Editor", "active: org.example.Editor"});
+    EXPECT_THAT(reported.windows(),
+                testing::ElementsAre(
+                    WindowIdentity{"org.example.Editor", "", "A text — Editor", std::nullopt}));
 }
 
 TEST_F(OnSway, TitleChangeAloneIsNotReported) {
     Window window = open("editor", "one");
-    const Listening listening(told);
-    told.expectTold({"windows: editor", "active: editor"});
+    const Listening listening(reported);
+    reported.expectReported({"windows: editor", "active: editor"});
     window.setTitle("two");
     Window other = open("other"); // a title report would come before this one
-    told.expectTold({"windows: editor, other", "active: other"});
+    reported.expectReported({"windows: editor, other", "active: other"});
 }
 
 TEST_F(OnSway, TitleChangeIsReportedWithoutAnAppID) {
     RecordingWindowListener titles([](const WindowIdentity& window) { return window.title; });
     Window window = open("", "one");
     const Listening listening(titles);
-    titles.expectTold({"windows: one", "active: one"});
+    titles.expectReported({"windows: one", "active: one"});
     window.setTitle("two");
-    titles.expectTold({"windows: two", "active: two"});
+    titles.expectReported({"windows: two", "active: two"});
 }
 
 TEST_F(OnSway, CompositorThatDiesHasNoWindows) {
     Window window = open("lost");
-    const Listening listening(told);
-    told.expectTold({"windows: lost", "active: lost"});
+    const Listening listening(reported);
+    reported.expectReported({"windows: lost", "active: lost"});
     sway.kill();
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(OnSway, DestroyedBackendReportsNothing) {
     Window window = open("one");
-    Listening listening(told);
-    told.expectTold({"windows: one", "active: one"});
+    Listening listening(reported);
+    reported.expectReported({"windows: one", "active: one"});
     listening.end();
     window.close();
     sway.command("nop"); // replied after the window's events
     listening.settle();
-    told.expectTold({});
+    reported.expectReported({});
 }
 
 } // namespace

@@ -40,86 +40,87 @@ protected:
     desktops::RuntimeFolder folder;
     ScopedEnvironment here{
         {{"XDG_RUNTIME_DIR", folder.path()}, {"WAYLAND_DISPLAY", FakeCompositor::socketName}}};
-    RecordingWindowListener told;
+    RecordingWindowListener reported;
     std::size_t opened = 0;
 };
 
 TEST_F(WlrWindows, EventsTakeEffectWithDone) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] {
         compositor.open("one", "Title");
         compositor.states(0, {activated});
         compositor.open("two", "Title");
         compositor.done(1);
     });
-    told.expectTold({"windows: two"});
+    reported.expectReported({"windows: two"});
     compositor.say([&] { compositor.done(0); });
-    told.expectTold({"windows: one, two", "active: one"});
+    reported.expectReported({"windows: one, two", "active: one"});
     compositor.say([&] {
         compositor.states(0, {});
         compositor.states(1, {activated});
         compositor.done(1);
     });
-    told.expectTold({"active: two"}); // the later one, because the first is still active, too
+    reported.expectReported(
+        {"active: two"}); // the later one, because the first is still active, too
 }
 
 TEST_F(WlrWindows, OnlyTheActivatedStateMatters) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] {
         compositor.open("one", "Title");
         compositor.states(0, {maximized, minimized, fullscreen, 4, 4000000000});
         compositor.done(0);
     });
-    told.expectTold({"windows: one"});
+    reported.expectReported({"windows: one"});
     compositor.say([&] {
         compositor.states(0, {maximized, activated, 77});
         compositor.done(0);
     });
-    told.expectTold({"active: one"});
+    reported.expectReported({"active: one"});
 }
 
 TEST_F(WlrWindows, FocusChangeThatArrivesTogetherIsOneChange) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] { openActive(compositor, "one"); });
-    told.expectTold({"windows: one", "active: one"});
+    reported.expectReported({"windows: one", "active: one"});
     compositor.say([&] {
         compositor.states(0, {});
         compositor.done(0);
         openActive(compositor, "two");
     });
-    told.expectTold({"windows: one, two", "active: two"});
+    reported.expectReported({"windows: one, two", "active: two"});
 }
 
 TEST_F(WlrWindows, LatestOfTwoActiveWindowsIsReportedAndThenTheOther) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] {
         openActive(compositor, "one");
         openActive(compositor, "two");
     });
-    told.expectTold({"windows: one, two", "active: two"});
+    reported.expectReported({"windows: one, two", "active: two"});
     compositor.say([&] { // still active, and not activated again
         compositor.states(0, {activated, maximized});
         compositor.done(0);
         compositor.open("three", nullptr);
         compositor.done(2);
     });
-    told.expectTold({"windows: one, two, three"});
+    reported.expectReported({"windows: one, two, three"});
     compositor.say([&] { compositor.closed(1); });
-    told.expectTold({"windows: one, three", "active: one"});
+    reported.expectReported({"windows: one, three", "active: one"});
 }
 
 TEST_F(WlrWindows, WindowWithoutAnAppIDHasItsTitle) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] { // like the windows of Xwayland
         compositor.open(nullptr, "xterm");
         compositor.states(0, {activated});
@@ -127,21 +128,22 @@ TEST_F(WlrWindows, WindowWithoutAnAppIDHasItsTitle) {
         compositor.open(nullptr, nullptr);
         compositor.done(1);
     });
-    told.expectTold({"windows: , ", "active: "});
-    EXPECT_THAT(told.windows(), testing::ElementsAre(WindowIdentity{"", "", "xterm", std::nullopt},
-                                                     WindowIdentity{"", "", "", std::nullopt}));
+    reported.expectReported({"windows: , ", "active: "});
+    EXPECT_THAT(reported.windows(),
+                testing::ElementsAre(WindowIdentity{"", "", "xterm", std::nullopt},
+                                     WindowIdentity{"", "", "", std::nullopt}));
 }
 
 TEST_F(WlrWindows, HandleOfAClosedWindowIsDestroyed) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] {
         openActive(compositor, "one");
         openActive(compositor, "two");
         compositor.closed(0);
     });
-    told.expectTold({"windows: two", "active: two"});
+    reported.expectReported({"windows: two", "active: two"});
     const auto deadline = std::chrono::steady_clock::now() + desktops::patience;
     while (compositor.handles() != 1) {
         ASSERT_LT(std::chrono::steady_clock::now(), deadline);
@@ -150,28 +152,28 @@ TEST_F(WlrWindows, HandleOfAClosedWindowIsDestroyed) {
 
 TEST_F(WlrWindows, CompositorThatEndsTheProtocolHasNoWindows) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] { openActive(compositor, "one"); });
-    told.expectTold({"windows: one", "active: one"});
+    reported.expectReported({"windows: one", "active: one"});
     compositor.say([&] { compositor.finished(); });
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(WlrWindows, LostConnectionHasNoWindows) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] { openActive(compositor, "one"); });
-    told.expectTold({"windows: one", "active: one"});
+    reported.expectReported({"windows: one", "active: one"});
     compositor.say([&] { compositor.breakOff(); });
-    told.expectTold({"windows:", "active: none"});
+    reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllReported) {
     FakeCompositor compositor;
-    Listening listening(told);
-    told.expectTold({"windows:", "active: none"});
+    Listening listening(reported);
+    reported.expectReported({"windows:", "active: none"});
     compositor.say([&] {
         for (int count = 0; count < 1000; ++count) {
             openActive(compositor, "many");
@@ -181,7 +183,7 @@ TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllReported) {
     for (int count = 1; count < 1000; ++count) {
         all += ", many";
     }
-    told.expectInTheEnd(all, "active: many");
+    reported.expectInTheEnd(all, "active: many");
 }
 
 TEST_F(WlrWindows, EveryProtocolVersionWorks) {
@@ -190,28 +192,28 @@ TEST_F(WlrWindows, EveryProtocolVersionWorks) {
         FakeCompositor compositor(version);
         RecordingWindowListener heard;
         Listening listening(heard);
-        heard.expectTold({"windows:", "active: none"});
+        heard.expectReported({"windows:", "active: none"});
         compositor.say([&] { openActive(compositor, "one"); });
-        heard.expectTold({"windows: one", "active: one"});
+        heard.expectReported({"windows: one", "active: one"});
     }
 }
 
 TEST_F(WlrWindows, DoesNotStartWithoutTheProtocol) {
     FakeCompositor compositor(0);
-    EXPECT_FALSE(Listening(told).started);
-    told.expectTold({});
+    EXPECT_FALSE(Listening(reported).started);
+    reported.expectReported({});
 }
 
 TEST_F(WlrWindows, DoesNotStartWithoutADisplay) {
     const FakeCompositor compositor;
     const ScopedEnvironment none{{{"WAYLAND_DISPLAY", ""}}};
-    EXPECT_FALSE(Listening(told).started);
-    told.expectTold({});
+    EXPECT_FALSE(Listening(reported).started);
+    reported.expectReported({});
 }
 
 TEST_F(WlrWindows, DoesNotStartIfNoCompositorListens) {
-    EXPECT_FALSE(Listening(told).started);
-    told.expectTold({});
+    EXPECT_FALSE(Listening(reported).started);
+    reported.expectReported({});
 }
 
 // A compositor that accepts connections and never replies.
@@ -236,8 +238,8 @@ private:
 
 TEST_F(WlrWindows, StartTimesOutOnACompositorThatNeverReplies) {
     const MuteCompositor mute(folder.path() / FakeCompositor::socketName);
-    EXPECT_FALSE(Listening(told, std::chrono::milliseconds(50)).started);
-    told.expectTold({});
+    EXPECT_FALSE(Listening(reported, std::chrono::milliseconds(50)).started);
+    reported.expectReported({});
 }
 
 } // namespace

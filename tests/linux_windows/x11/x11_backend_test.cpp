@@ -23,20 +23,20 @@ std::string describe(const WindowIdentity& window) {
 }
 
 // Keeps the last reported state, because window managers pass through intermediate states.
-class LastTold : public WindowListener {
+class LastReport : public WindowListener {
 public:
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override {
         const std::lock_guard lock(mutex);
         active = window;
         ++count;
-        told.notify_all();
+        reported.notify_all();
     }
 
     void windowsChanged(const std::vector<WindowIdentity>& all) override {
         const std::lock_guard lock(mutex);
         windows = all;
         ++count;
-        told.notify_all();
+        reported.notify_all();
     }
 
     void expectActive(const std::string& expected) {
@@ -57,7 +57,7 @@ public:
         return active.value_or(WindowIdentity{});
     }
 
-    int tellings() {
+    int notifications() {
         const std::lock_guard lock(mutex);
         return count;
     }
@@ -65,12 +65,12 @@ public:
 private:
     void expect(const std::string& expected, const std::function<std::string()>& now) {
         std::unique_lock lock(mutex);
-        told.wait_for(lock, patience, [&] { return now() == expected; });
+        reported.wait_for(lock, patience, [&] { return now() == expected; });
         EXPECT_EQ(now(), expected);
     }
 
     std::mutex mutex;
-    std::condition_variable told;
+    std::condition_variable reported;
     std::optional<WindowIdentity> active;
     std::vector<WindowIdentity> windows;
     int count = 0;
@@ -94,7 +94,7 @@ protected:
     void listen() {
         thread.call([this] {
             backend = std::make_unique<X11Backend>(thread, server->display());
-            EXPECT_TRUE(backend->start(told));
+            EXPECT_TRUE(backend->start(reported));
         });
     }
 
@@ -130,7 +130,7 @@ protected:
 
     std::unique_ptr<XServer> server;
     std::unique_ptr<XClient> manager;
-    LastTold told;
+    LastReport reported;
     DesktopThread thread;
     std::unique_ptr<X11Backend> backend;
 };
@@ -138,7 +138,7 @@ protected:
 TEST_F(X11BackendTest, DoesNotStartWithoutAServer) {
     thread.call([this] {
         backend = std::make_unique<X11Backend>(thread, ":54321");
-        EXPECT_FALSE(backend->start(told));
+        EXPECT_FALSE(backend->start(reported));
     });
 }
 
@@ -149,9 +149,9 @@ TEST_F(X11BackendTest, ReportsThePropertiesOfAWindow) {
     client.setText("WM_NAME", "an old title");
     client.setText("_NET_WM_NAME", "a title");
     client.map();
-    told.expectActive("an-instance/A-class");
-    told.expectWindows("an-instance/A-class");
-    EXPECT_EQ(told.activeWindow(),
+    reported.expectActive("an-instance/A-class");
+    reported.expectWindows("an-instance/A-class");
+    EXPECT_EQ(reported.activeWindow(),
               (WindowIdentity{"A-class", "an-instance", "a title", client.process()}));
 }
 
@@ -162,39 +162,39 @@ TEST_F(X11BackendTest, FindsWindowsThatExistAlready) {
     const auto two = window("two", "Two");
     two->activate();
     listen();
-    told.expectWindows("one/One two/Two");
-    told.expectActive("two/Two");
+    reported.expectWindows("one/One two/Two");
+    reported.expectActive("two/Two");
 }
 
 TEST_F(X11BackendTest, FollowsTheActiveWindow) {
     startDesktop();
     const auto one = window("one", "One");
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     const auto two = window("two", "Two");
-    told.expectActive("two/Two");
+    reported.expectActive("two/Two");
     for (int round = 0; round < 20; ++round) {
         one->activate();
-        told.expectActive("one/One");
+        reported.expectActive("one/One");
         two->activate();
-        told.expectActive("two/Two");
+        reported.expectActive("two/Two");
     }
     two->destroy();
-    told.expectActive("one/One");
-    told.expectWindows("one/One");
+    reported.expectActive("one/One");
+    reported.expectWindows("one/One");
 }
 
 TEST_F(X11BackendTest, NoWindowIsActiveAfterTheLastOneCloses) {
     startDesktop();
     const auto one = window("one", "One");
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     one->destroy();
-    told.expectActive("none");
-    told.expectWindows("");
+    reported.expectActive("none");
+    reported.expectWindows("");
     const auto two = window("two", "Two");
-    told.expectActive("two/Two");
+    reported.expectActive("two/Two");
     two->kill();
-    told.expectActive("none");
-    told.expectWindows("");
+    reported.expectActive("none");
+    reported.expectWindows("");
 }
 
 TEST_F(X11BackendTest, PanelsAndMenusAreNotReported) {
@@ -223,41 +223,41 @@ TEST_F(X11BackendTest, PanelsAndMenusAreNotReported) {
         client.setAtoms("_NET_WM_STATE", row.state);
         client.map();
         const auto after = window("after", "After");
-        told.expectWindows(std::string(row.windows) + " after/After");
+        reported.expectWindows(std::string(row.windows) + " after/After");
         after->destroy();
         client.destroy();
-        told.expectWindows("plain/Plain");
+        reported.expectWindows("plain/Plain");
     }
 }
 
 TEST_F(X11BackendTest, FollowsLaterPropertyChanges) {
     startDesktop();
     const auto office = window("office", "Office-start");
-    told.expectActive("office/Office-start");
+    reported.expectActive("office/Office-start");
     office->describe("office", "Office-writer");
-    told.expectActive("office/Office-writer");
-    told.expectWindows("office/Office-writer");
+    reported.expectActive("office/Office-writer");
+    reported.expectWindows("office/Office-writer");
 }
 
 TEST_F(X11BackendTest, WindowManagerMayBeReplaced) {
     startDesktop();
     const auto one = window("one", "One");
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     server->killWindowManager();
     server->startWindowManager();
     const auto two = window("two", "Two");
-    told.expectActive("two/Two");
-    told.expectWindows("one/One two/Two");
+    reported.expectActive("two/Two");
+    reported.expectWindows("one/One two/Two");
 }
 
 TEST_F(X11BackendTest, NoWindowsRemainWhenTheServerExits) {
     startDesktop();
     const auto one = window("one", "One");
-    told.expectActive("one/One");
-    told.expectWindows("one/One");
+    reported.expectActive("one/One");
+    reported.expectWindows("one/One");
     server->kill();
-    told.expectActive("none");
-    told.expectWindows("");
+    reported.expectActive("none");
+    reported.expectWindows("");
 }
 
 TEST_F(X11BackendTest, ProcessFromTheServerOverridesTheWindowsProperty) {
@@ -265,22 +265,22 @@ TEST_F(X11BackendTest, ProcessFromTheServerOverridesTheWindowsProperty) {
     const auto liar = window("liar", "Liar");
     liar->setNumbers("_NET_WM_PID", "1");
     setActive(*liar);
-    told.expectActive("liar/Liar");
-    EXPECT_EQ(told.activeWindow().process, liar->process());
+    reported.expectActive("liar/Liar");
+    EXPECT_EQ(reported.activeWindow().process, liar->process());
 }
 
 TEST_F(X11BackendTest, WithoutTheExtensionOnlyPropertiesOfThisMachineCount) {
     startBareServer({"-extension", "X-Resource"});
     const auto one = window("one", "One");
     setActive(*one);
-    told.expectActive("one/One");
-    EXPECT_EQ(told.activeWindow().process, one->process());
+    reported.expectActive("one/One");
+    EXPECT_EQ(reported.activeWindow().process, one->process());
 
     const auto far = window("far", "Far");
     far->setText("WM_CLIENT_MACHINE", "elsewhere.example.org");
     setActive(*far);
-    told.expectActive("far/Far");
-    EXPECT_EQ(told.activeWindow().process, std::nullopt);
+    reported.expectActive("far/Far");
+    EXPECT_EQ(reported.activeWindow().process, std::nullopt);
 }
 
 TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
@@ -308,12 +308,12 @@ TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
         client.map();
         list(number(client));
         setActive(client);
-        told.expectActive(row.expected);
-        told.expectWindows(row.expected);
-        EXPECT_EQ(told.activeWindow().process, std::nullopt) << row.what;
+        reported.expectActive(row.expected);
+        reported.expectWindows(row.expected);
+        EXPECT_EQ(reported.activeWindow().process, std::nullopt) << row.what;
         list(""); // the next window may reuse this id
-        told.expectActive("none");
-        told.expectWindows("");
+        reported.expectActive("none");
+        reported.expectWindows("");
     }
 }
 
@@ -323,11 +323,11 @@ TEST_F(X11BackendTest, ActiveWindowThatIsNotListedIsIgnored) {
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
     setActive(*one);
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     list(number(*two));
-    told.expectActive("none");
+    reported.expectActive("none");
     list(number(*two) + " " + number(*one));
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
 }
 
 TEST_F(X11BackendTest, LongPropertyIsTruncated) {
@@ -339,7 +339,7 @@ TEST_F(X11BackendTest, LongPropertyIsTruncated) {
     std::string most;
     while (most.size() < 1024)
         most += "0123456789abcdef";
-    told.expectActive(most + "/");
+    reported.expectActive(most + "/");
 }
 
 TEST_F(X11BackendTest, InvalidListIsIgnored) {
@@ -348,24 +348,24 @@ TEST_F(X11BackendTest, InvalidListIsIgnored) {
     const auto two = window("two", "Two");
     const std::string both = number(*one) + " " + number(*two);
     list(both);
-    told.expectWindows("one/One two/Two");
+    reported.expectWindows("one/One two/Two");
     list(number(*two) + " 0 123456789 4294967295 " + number(*two) + " " + number(*one));
-    told.expectWindows("two/Two one/One");
+    reported.expectWindows("two/Two one/One");
     list("");
-    told.expectWindows("");
+    reported.expectWindows("");
     list(both);
-    told.expectWindows("one/One two/Two");
+    reported.expectWindows("one/One two/Two");
     manager->setText("_NET_CLIENT_LIST", "windows");
-    told.expectWindows("");
+    reported.expectWindows("");
 
     setActive(*one);
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     manager->setNumbers("_NET_ACTIVE_WINDOW", "123456789");
-    told.expectActive("none");
+    reported.expectActive("none");
     setActive(*two);
-    told.expectActive("two/Two");
+    reported.expectActive("two/Two");
     manager->setText("_NET_ACTIVE_WINDOW", "window");
-    told.expectActive("none");
+    reported.expectActive("none");
 }
 
 TEST_F(X11BackendTest, LongListIsTruncated) {
@@ -375,7 +375,7 @@ TEST_F(X11BackendTest, LongListIsTruncated) {
     for (int count = 1; count < 4096; ++count)
         numbers += " 7";
     list(numbers + " 8 9 10");
-    told.expectWindows("one/One");
+    reported.expectWindows("one/One");
 }
 
 TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
@@ -383,13 +383,13 @@ TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
     setActive(*one);
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     manager->grabServer();
     setActive(*two); // reported, but queries about it get no reply
     thread.call([] {});
-    told.expectActive("one/One");
+    reported.expectActive("one/One");
     manager->ungrabServer();
-    told.expectActive("two/Two");
+    reported.expectActive("two/Two");
 }
 
 TEST_F(X11BackendTest, WindowWithEndlessChangesBlocksNothing) {
@@ -401,8 +401,8 @@ TEST_F(X11BackendTest, WindowWithEndlessChangesBlocksNothing) {
         restless->setText("WM_CLASS", "r\\0" + std::to_string(count) + "\\0");
     thread.call([] {});
     setActive(*calm);
-    told.expectActive("calm/Calm");
-    told.expectWindows("r/2000 calm/Calm");
+    reported.expectActive("calm/Calm");
+    reported.expectWindows("r/2000 calm/Calm");
 }
 
 // How often the desktop thread has gone to sleep, which equals the number of its wake-ups.
@@ -424,13 +424,13 @@ long sleepsOfDesktopThread() {
 }
 
 // Waits for that long, or until a report arrives.
-void expectNothingTold(LastTold& told, std::chrono::milliseconds length) {
-    const int before = told.tellings();
+void expectNothingReported(LastReport& reported, std::chrono::milliseconds length) {
+    const int before = reported.notifications();
     std::mutex mutex;
     std::condition_variable never;
     std::unique_lock lock(mutex);
     never.wait_for(lock, length, [] { return false; });
-    EXPECT_EQ(told.tellings(), before);
+    EXPECT_EQ(reported.notifications(), before);
 }
 
 TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
@@ -438,19 +438,19 @@ TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
     const auto one = window("one", "One");
     list(number(*one));
     setActive(*one);
-    told.expectActive("one/One");
-    told.expectWindows("one/One");
+    reported.expectActive("one/One");
+    reported.expectWindows("one/One");
     long before = 0;
     do { // until it is idle
         before = sleepsOfDesktopThread();
-        expectNothingTold(told, 200ms);
+        expectNothingReported(reported, 200ms);
     } while (sleepsOfDesktopThread() != before);
     for (int round = 0; round < 10; ++round)
         one->wander();
-    expectNothingTold(told, 1500ms);
+    expectNothingReported(reported, 1500ms);
     EXPECT_EQ(sleepsOfDesktopThread(), before);
     one->describe("one", "Another");
-    told.expectActive("one/Another"); // it wakes up, and sleeps again
+    reported.expectActive("one/Another"); // it wakes up, and sleeps again
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (sleepsOfDesktopThread() == before && std::chrono::steady_clock::now() < deadline)
         std::this_thread::yield();

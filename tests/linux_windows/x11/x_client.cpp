@@ -22,7 +22,7 @@ XClient::XClient(const XServer& server)
       identifier(static_cast<std::uint32_t>(std::stoul(program.nextLine().value_or("0")))) {}
 
 void XClient::obey(const std::string& line) {
-    program.tell(line);
+    program.writeLine(line);
     EXPECT_EQ(program.nextLine(), "done") << line;
 }
 

@@ -122,7 +122,7 @@ private:
             xcb_flush(connection);
             pollfd waited{xcb_get_file_descriptor(connection), POLLIN, 0};
             if (poll(&waited, 1, soon) == 0)
-                tellWindowManager("_NET_REQUEST_FRAME_EXTENTS", 0);
+                notifyWindowManager("_NET_REQUEST_FRAME_EXTENTS", 0);
         }
     }
 
@@ -137,10 +137,10 @@ private:
     }
 
     void activate() {
-        tellWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, whose requests are not refused
+        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, whose requests are not refused
     }
 
-    void tellWindowManager(const std::string& type, std::uint32_t value) {
+    void notifyWindowManager(const std::string& type, std::uint32_t value) {
         xcb_client_message_event_t message{};
         message.response_type = XCB_CLIENT_MESSAGE;
         message.format = 32;

@@ -21,11 +21,11 @@ class MacosAppearanceTest : public CocoaTest {
 protected:
     // Records the appearance before and after each announced change.
     Subscription follow(AppearanceSettings& settings) {
-        return settings.changes().subscribe([this, &settings] { tell("before", settings); },
-                                            [this, &settings] { tell("after", settings); });
+        return settings.changes().subscribe([this, &settings] { notify("before", settings); },
+                                            [this, &settings] { notify("after", settings); });
     }
 
-    void tell(const std::string& when, const AppearanceSettings& settings) {
+    void notify(const std::string& when, const AppearanceSettings& settings) {
         const auto scheme = settings.colorScheme();
         announced.push_back(when +
                             (!scheme                         ? " unknown"

@@ -50,12 +50,12 @@ static_assert(std::is_convertible_v<decltype([static_cast<NSFileManager*>(nil)
                                     NSArray<NSURL*>*>);
 
 constexpr NSObject* noObject = nullptr;
-using Told = void (^)(NSNotification*);
+using Notify = void (^)(NSNotification*);
 constexpr NSNotificationCenter* noCenter = nullptr;
 static_assert(std::is_same_v<decltype([noCenter addObserverForName:noText
                                                             object:nil
                                                              queue:nil
-                                                        usingBlock:static_cast<Told>(nullptr)]),
+                                                        usingBlock:static_cast<Notify>(nullptr)]),
                              id<NSObject>>);
 static_assert(std::is_same_v<decltype([noCenter removeObserver:noObject]), void>);
 static_assert(

@@ -71,8 +71,8 @@ struct DoubleOfRegistrations {
     NSNotification* const notice = [NSNotification notificationWithName:aName
                                                                  object:anObject
                                                                userInfo:aUserInfo];
-    const auto told = registrations->all;
-    for (const auto& one : told) {
+    const auto notified = registrations->all;
+    for (const auto& one : notified) {
         if (one.name == nil || [one.name isEqualToString:aName]) {
             one.block(notice);
         }
@@ -175,8 +175,8 @@ std::size_t forgetObservations() {
     (void)key; // no observer requests the old value
 }
 - (void)didChangeValueForKey:(NSString*)key {
-    const auto told = observations;
-    for (const Observation& one : told) {
+    const auto notified = observations;
+    for (const Observation& one : notified) {
         if (one.observed == self && [one.key isEqualToString:key]) {
             [one.observer observeValueForKeyPath:one.key
                                         ofObject:self

@@ -10,8 +10,8 @@
 namespace glidemap::doubles {
 
 Preferences& preferences() {
-    static Preferences told;
-    return told;
+    static Preferences notified;
+    return notified;
 }
 
 namespace {

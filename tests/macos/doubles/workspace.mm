@@ -162,21 +162,21 @@ void closeWorkspace() {
 void activate(std::optional<RunningApplication> application) {
     workspace().frontmost = std::move(application);
     const auto& now = workspace().frontmost;
-    NSRunningApplication* const told =
+    NSRunningApplication* const notified =
         [NSRunningApplication doubleOf:now ? *now : glidemap::doubles::RunningApplication{}];
     [[[NSWorkspace sharedWorkspace] notificationCenter]
         postNotificationName:NSWorkspaceDidActivateApplicationNotification
                       object:[NSWorkspace sharedWorkspace]
-                    userInfo:[NSDictionary dictionaryWithObject:told
+                    userInfo:[NSDictionary dictionaryWithObject:notified
                                                          forKey:NSWorkspaceApplicationKey]];
 }
 
 void end(const RunningApplication& application) {
-    NSRunningApplication* const told = [NSRunningApplication doubleOf:application];
+    NSRunningApplication* const notified = [NSRunningApplication doubleOf:application];
     [[[NSWorkspace sharedWorkspace] notificationCenter]
         postNotificationName:NSWorkspaceDidTerminateApplicationNotification
                       object:[NSWorkspace sharedWorkspace]
-                    userInfo:[NSDictionary dictionaryWithObject:told
+                    userInfo:[NSDictionary dictionaryWithObject:notified
                                                          forKey:NSWorkspaceApplicationKey]];
 }
 

@@ -25,18 +25,18 @@ constexpr bool repeats = true;
 class LocalKeyMonitorTest : public MacosTest {
 protected:
     void start() {
-        monitor->start([this](const KeyPresses::Press& press) { told.push_back(press); });
+        monitor->start([this](const KeyPresses::Press& press) { reported.push_back(press); });
     }
 
     void startOnce() {
         monitor->start([this](const KeyPresses::Press& press) {
-            told.push_back(press);
+            reported.push_back(press);
             monitor->stop();
         });
     }
 
     std::unique_ptr<LocalKeyMonitor> monitor = std::make_unique<LocalKeyMonitor>();
-    std::vector<KeyPresses::Press> told;
+    std::vector<KeyPresses::Press> reported;
 };
 
 TEST_F(LocalKeyMonitorTest, MonitorsOnlyKeyPresses) {
@@ -49,14 +49,15 @@ TEST_F(LocalKeyMonitorTest, MonitorsOnlyKeyPresses) {
 TEST_F(LocalKeyMonitorTest, ReportsTheKeyCodeAndTheDeviceIndependentFlags) {
     start();
     EXPECT_EQ(play({letterA, shift | capsLock | leftShiftKey}), Receiver::monitor);
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, shift | capsLock}));
+    EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{letterA, shift | capsLock}));
 }
 
 TEST_F(LocalKeyMonitorTest, TakesEveryPressUntilStop) {
     start();
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_EQ(play({letterB}), Receiver::monitor);
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
+    EXPECT_THAT(reported,
+                ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
 }
 
 TEST_F(LocalKeyMonitorTest, SwallowsRepeatsAndDoesNotReportThem) {
@@ -64,14 +65,14 @@ TEST_F(LocalKeyMonitorTest, SwallowsRepeatsAndDoesNotReportThem) {
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor); // pressed before the start
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_EQ(play({letterA, 0, repeats}), Receiver::monitor);
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}));
+    EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{letterA, 0}));
 }
 
 TEST_F(LocalKeyMonitorTest, CallbackMayStopIt) {
     startOnce();
     EXPECT_EQ(play({returnKey}), Receiver::monitor);
     EXPECT_EQ(play({letterA}), Receiver::windows);
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{returnKey, 0}));
+    EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{returnKey, 0}));
 }
 
 TEST_F(LocalKeyMonitorTest, SwallowsTheRepeatsOfATakenPressAfterStop) {
@@ -80,7 +81,7 @@ TEST_F(LocalKeyMonitorTest, SwallowsTheRepeatsOfATakenPressAfterStop) {
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor);
     EXPECT_EQ(play({letterA, 0, repeats}), Receiver::windows);
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor);
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{returnKey, 0}));
+    EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{returnKey, 0}));
 }
 
 TEST_F(LocalKeyMonitorTest, NextPressAfterStopRemovesTheMonitor) {
@@ -100,7 +101,7 @@ TEST_F(LocalKeyMonitorTest, StopWithoutAPressRemovesTheMonitorAtOnce) {
     monitor->stop();
     EXPECT_EQ(installedMonitors(), 0U);
     EXPECT_EQ(play({letterA}), Receiver::windows);
-    EXPECT_THAT(told, IsEmpty());
+    EXPECT_THAT(reported, IsEmpty());
 }
 
 TEST_F(LocalKeyMonitorTest, AbandonPassesTheRestOfAPress) {
@@ -127,7 +128,8 @@ TEST_F(LocalKeyMonitorTest, RepeatedStartsInstallOneMonitor) {
     start();
     play({letterB});
     EXPECT_THAT(journal(), ElementsAre("addLocalMonitor 0x400"));
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
+    EXPECT_THAT(reported,
+                ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
 }
 
 TEST_F(LocalKeyMonitorTest, SystemCallsNothingAfterDestruction) {
@@ -141,10 +143,10 @@ TEST_F(LocalKeyMonitorTest, CallbackMayDestroyIt) {
     const auto destroyed = std::make_shared<int>();
     monitor->start([this, destroyed](const KeyPresses::Press& press) {
         monitor.reset();
-        told.push_back(press); // the callback's captures are still valid
+        reported.push_back(press); // the callback's captures are still valid
     });
     EXPECT_EQ(play({letterA}), Receiver::monitor);
-    EXPECT_THAT(told, ElementsAre(KeyPresses::Press{letterA, 0}));
+    EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{letterA, 0}));
     EXPECT_EQ(installedMonitors(), 0U);
     EXPECT_EQ(destroyed.use_count(), 1);
 }

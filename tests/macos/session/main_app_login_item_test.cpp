@@ -17,7 +17,7 @@ protected:
 TEST_F(MainAppLoginItemTest, ReturnsTheServicesStatus) {
     struct Row {
         long status;
-        Status told;
+        Status reported;
     };
     const Row rows[] = {
         {0, Status::notRegistered},
@@ -27,7 +27,7 @@ TEST_F(MainAppLoginItemTest, ReturnsTheServicesStatus) {
     };
     for (const Row& row : rows) {
         mainAppService().status = row.status;
-        EXPECT_EQ(item.status(), row.told) << row.status;
+        EXPECT_EQ(item.status(), row.reported) << row.status;
         EXPECT_THAT(journal(), ElementsAre("mainAppService", "status"));
     }
 }

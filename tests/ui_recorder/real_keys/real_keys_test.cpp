@@ -34,7 +34,7 @@ protected:
     }
 
     void record() {
-        window->tell("record");
+        window->writeLine("record");
         expect("recording");
     }
     void expect(const std::string& line) { EXPECT_EQ(window->nextLine(), line); }
@@ -217,7 +217,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndBorrowedAft
 
 TEST_F(DesktopKeysOnX11, AreGivenBackByAProgramThatEnds) {
     const auto other = anotherWindow();
-    other->tell("record");
+    other->writeLine("record");
     EXPECT_EQ(other->nextLine(), "recording");
     other->kill();
     expect("active");

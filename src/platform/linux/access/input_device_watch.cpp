@@ -60,7 +60,7 @@ class InputDeviceWatch::OnDesktopThread {
 public:
     // Once the monitor is enabled the kernel queues events, so none is lost.
     OnDesktopThread(DesktopThread& desktopThread, std::function<void()> changed)
-        : desktop(desktopThread), tell(std::move(changed)) {
+        : desktop(desktopThread), notify(std::move(changed)) {
         if (context != nullptr) {
             monitor.reset(udev_monitor_new_from_netlink(context.get(), "udev"));
         }
@@ -118,13 +118,13 @@ private:
         if (!due) {
             due = desktop.after(oneMoment, [this] {
                 due.reset();
-                tell();
+                notify();
             });
         }
     }
 
     DesktopThread& desktop;
-    const std::function<void()> tell;
+    const std::function<void()> notify;
     UdevHandle<udev> context{udev_new()};
     UdevHandle<udev_monitor> monitor;
     OpenFile nodeChanges{inotify_init1(IN_NONBLOCK | IN_CLOEXEC)};
@@ -136,9 +136,10 @@ private:
 InputDeviceWatch::InputDeviceWatch(DesktopThread& desktopThread,
                                    std::shared_ptr<MainQueue> mainQueue,
                                    std::function<void()> changed)
-    : desktop(desktopThread), told(std::make_shared<std::function<void()>>(std::move(changed))) {
+    : desktop(desktopThread),
+      onChange(std::make_shared<std::function<void()>>(std::move(changed))) {
     watch = std::make_shared<OnDesktopThread>(
-        desktop, [queue = std::move(mainQueue), weak = std::weak_ptr(told)] {
+        desktop, [queue = std::move(mainQueue), weak = std::weak_ptr(onChange)] {
             queue->submit([weak] {
                 if (const auto alive = weak.lock()) {
                     (*alive)();

@@ -29,8 +29,8 @@ private:
     class OnDesktopThread;
 
     DesktopThread& desktop;
-    std::shared_ptr<std::function<void()>> told; // main queue tasks hold it weakly
-    std::shared_ptr<OnDesktopThread> watch;      // used and destroyed on the desktop thread
+    std::shared_ptr<std::function<void()>> onChange; // main queue tasks hold it weakly
+    std::shared_ptr<OnDesktopThread> watch;          // used and destroyed on the desktop thread
 };
 
 } // namespace glidemap

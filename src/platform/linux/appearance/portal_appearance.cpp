@@ -77,9 +77,9 @@ private:
 // Lives on the desktop thread.
 class PortalAppearance::Listener : public std::enable_shared_from_this<Listener> {
 public:
-    using Tell = std::function<void(const Appearance&)>;
+    using Notify = std::function<void(const Appearance&)>;
 
-    explicit Listener(Tell function) : tell(std::move(function)) {}
+    explicit Listener(Notify function) : notify(std::move(function)) {}
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
     ~Listener() { gone.set_value(); }
@@ -94,15 +94,15 @@ private:
     void listen();
     void read();
     void heard(const std::string& signal, GVariant* arguments);
-    void tellIfNew();
+    void notifyIfNew();
 
-    const Tell tell;
+    const Notify notify;
     std::promise<void> gone;
     std::unique_ptr<GCancellable, Unref> opening{g_cancellable_new()};
     bool ended = false;
     std::unique_ptr<DesktopBus> bus;
     AppearanceValues values;
-    Appearance told;
+    Appearance reported;
 };
 
 void PortalAppearance::Listener::begin() {
@@ -146,7 +146,7 @@ void PortalAppearance::Listener::read() {
     bus->call(portal, "ReadAll", g_variant_new_tuple(&groups, 1),
               [this](GVariant* answer, const GError* /*error*/) {
                   values = valuesIn(answer).value_or(values);
-                  tellIfNew();
+                  notifyIfNew();
               });
 }
 
@@ -160,14 +160,14 @@ void PortalAppearance::Listener::heard(const std::string& signal, GVariant* argu
     g_variant_get(arguments, "(&s&sv)", &group, &key, &value);
     values.take(group, key, value);
     g_variant_unref(value);
-    tellIfNew();
+    notifyIfNew();
 }
 
 // Most settings do not concern appearance; do not wake the main thread for them.
-void PortalAppearance::Listener::tellIfNew() {
-    if (const Appearance now = values.appearance(); now != told) {
-        told = now;
-        tell(now);
+void PortalAppearance::Listener::notifyIfNew() {
+    if (const Appearance now = values.appearance(); now != reported) {
+        reported = now;
+        notify(now);
     }
 }
 
@@ -178,9 +178,9 @@ void PortalAppearance::Listener::end() {
 }
 
 PortalAppearance::PortalAppearance(DesktopThread& thread, MainQueue& queue)
-    : desktop(thread), told(std::make_shared<Settings>()) {
+    : desktop(thread), reported(std::make_shared<Settings>()) {
     listener = std::make_shared<Listener>(
-        [&queue, weak = std::weak_ptr(told)](const Appearance& appearance) {
+        [&queue, weak = std::weak_ptr(reported)](const Appearance& appearance) {
             queue.submit([weak, appearance] {
                 if (const auto settings = weak.lock()) {
                     settings->show(appearance);
@@ -197,7 +197,7 @@ PortalAppearance::~PortalAppearance() {
 }
 
 std::shared_ptr<AppearanceSettings> PortalAppearance::settings() const {
-    return told;
+    return reported;
 }
 
 } // namespace glidemap

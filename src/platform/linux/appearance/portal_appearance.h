@@ -37,7 +37,7 @@ private:
     class Listener;
 
     DesktopThread& desktop;
-    std::shared_ptr<Settings> told;
+    std::shared_ptr<Settings> reported;
     std::shared_ptr<Listener> listener;
     std::future<void> listenerHasGone;
 };

@@ -102,14 +102,14 @@ void ApplicationFollower::publishFrontmost() {
 }
 
 void ApplicationFollower::publishRunning() {
-    std::vector<const Application*> told;
+    std::vector<const Application*> reported;
     std::vector<Application> running;
     for (const WindowIdentity& window : open) {
         const Application* const application = applicationOf(window);
         if (application == ApplicationTable::unknown() || isOwn(window, *application) ||
-            std::find(told.begin(), told.end(), application) != told.end())
+            std::find(reported.begin(), reported.end(), application) != reported.end())
             continue;
-        told.push_back(application);
+        reported.push_back(application);
         running.push_back(*application);
     }
     published.running.set(std::move(running));

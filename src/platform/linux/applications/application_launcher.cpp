@@ -22,10 +22,10 @@ namespace {
 struct Launch {
     GDesktopAppInfo* entry;
     std::string url; // to open; empty to launch the application itself
-    LaunchProof proof;
+    LaunchToken token;
 
-    Launch(GDesktopAppInfo* taken, std::string toOpen, LaunchProof given)
-        : entry(taken), url(std::move(toOpen)), proof(std::move(given)) {}
+    Launch(GDesktopAppInfo* taken, std::string toOpen, LaunchToken given)
+        : entry(taken), url(std::move(toOpen)), token(std::move(given)) {}
     Launch(const Launch&) = delete;
     Launch& operator=(const Launch&) = delete;
     ~Launch() { g_object_unref(entry); }
@@ -76,20 +76,20 @@ void activated(GObject* connection, GAsyncResult* result, gpointer data) {
     if (answer != nullptr)
         g_variant_unref(answer);
     else if (wasNotReached(error))
-        startProcess(launch->entry, launch->url, launch->proof);
+        startProcess(launch->entry, launch->url, launch->token);
     g_clear_error(&error);
 }
 
-GVariant* platformData(const LaunchProof& proof) {
+GVariant* platformData(const LaunchToken& token) {
     GVariantBuilder data;
     g_variant_builder_init(&data, G_VARIANT_TYPE_VARDICT);
-    if (!proof.startupID.empty()) {
+    if (!token.startupID.empty()) {
         g_variant_builder_add(&data, "{sv}", "desktop-startup-id",
-                              g_variant_new_string(proof.startupID.c_str()));
+                              g_variant_new_string(token.startupID.c_str()));
     }
-    if (!proof.activationToken.empty()) {
+    if (!token.activationToken.empty()) {
         g_variant_builder_add(&data, "{sv}", "activation-token",
-                              g_variant_new_string(proof.activationToken.c_str()));
+                              g_variant_new_string(token.activationToken.c_str()));
     }
     return g_variant_builder_end(&data);
 }
@@ -97,7 +97,7 @@ GVariant* platformData(const LaunchProof& proof) {
 void activate(GDBusConnection* bus, const std::string& name, std::unique_ptr<Launch> launch) {
     const std::array<const char*, 2> urls = {launch->url.c_str(), nullptr};
     const bool isPlain = launch->url.empty();
-    GVariant* const data = platformData(launch->proof);
+    GVariant* const data = platformData(launch->token);
     GVariant* const arguments =
         isPlain ? g_variant_new("(@a{sv})", data) : g_variant_new("(^as@a{sv})", urls.data(), data);
     g_dbus_connection_call(bus, name.c_str(), objectPathOf(name).c_str(),
@@ -111,14 +111,14 @@ void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
     if (bus != nullptr && !name.empty())
         activate(bus, name, std::move(launch));
     else
-        startProcess(launch->entry, launch->url, launch->proof);
+        startProcess(launch->entry, launch->url, launch->token);
 }
 
 // Only D-Bus activation waits for the bus; a process starts without it.
-void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof) {
-    auto launch = std::make_unique<Launch>(entry, url, proof);
+void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token) {
+    auto launch = std::make_unique<Launch>(entry, url, token);
     if (!canBeActivated(entry)) {
-        startProcess(entry, url, proof);
+        startProcess(entry, url, token);
         return;
     }
     const auto kept = std::make_shared<std::unique_ptr<Launch>>(std::move(launch));
@@ -127,14 +127,14 @@ void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& pr
 
 } // namespace
 
-bool takesProof(GDesktopAppInfo* entry) {
+bool acceptsLaunchToken(GDesktopAppInfo* entry) {
     return canBeActivated(entry) ||
            g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
 }
 
-void launchApplication(GDesktopAppInfo* entry, const LaunchProof& proof) {
+void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token) {
     if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // not deleted by the user
-        begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", proof);
+        begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", token);
     }
 }
 

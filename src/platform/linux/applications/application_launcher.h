@@ -20,10 +20,10 @@ namespace glidemap {
 void launchApplication(const std::string& url);
 
 // The same for an entry that has already been read.
-void launchApplication(GDesktopAppInfo* entry, const LaunchProof& proof);
+void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token);
 
 // Whether the entry supports D-Bus activation or startup notification.
-bool takesProof(GDesktopAppInfo* entry);
+bool acceptsLaunchToken(GDesktopAppInfo* entry);
 
 // Opens the URL with the handler that the user has chosen for its scheme.
 void launchHandler(const std::string& url);

@@ -68,8 +68,8 @@ struct DesktopEntries::State {
     DesktopThread::Watch settling;
     std::vector<DesktopEntry> entries;
 
-    State(DesktopThread& desktop, std::function<void()> tell)
-        : thread(desktop), changed(std::move(tell)) {
+    State(DesktopThread& desktop, std::function<void()> notify)
+        : thread(desktop), changed(std::move(notify)) {
         subscription = g_signal_connect(monitor, "changed", G_CALLBACK(reported), this);
         entries = readAll();
     }

@@ -96,9 +96,9 @@ struct LinuxWorkspace::State {
         const auto launch = [this, url, entry] {
             if (entry == nullptr) {
                 launchApplication(url);
-            } else if (backend != nullptr && takesProof(entry.get())) {
-                backend->prove(described(entry.get()), [entry](const LaunchProof& proof) {
-                    launchApplication(entry.get(), proof);
+            } else if (backend != nullptr && acceptsLaunchToken(entry.get())) {
+                backend->requestToken(described(entry.get()), [entry](const LaunchToken& token) {
+                    launchApplication(entry.get(), token);
                 });
             } else {
                 launchApplication(entry.get(), {});

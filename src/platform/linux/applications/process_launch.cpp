@@ -30,7 +30,7 @@ bool isInherited(std::string_view variable) {
     return std::ranges::find(notInherited, name) == notInherited.end();
 }
 
-std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchProof& proof) {
+std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchToken& token) {
     std::vector<std::string> variables;
     for (char** one = environ; *one != nullptr; ++one) {
         if (isInherited(*one)) {
@@ -40,11 +40,11 @@ std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchProo
     if (const char* const file = g_desktop_app_info_get_filename(entry)) {
         variables.push_back(std::string("GIO_LAUNCHED_DESKTOP_FILE=") + file);
     }
-    if (!proof.startupID.empty()) {
-        variables.push_back("DESKTOP_STARTUP_ID=" + proof.startupID);
+    if (!token.startupID.empty()) {
+        variables.push_back("DESKTOP_STARTUP_ID=" + token.startupID);
     }
-    if (!proof.activationToken.empty()) {
-        variables.push_back("XDG_ACTIVATION_TOKEN=" + proof.activationToken);
+    if (!token.activationToken.empty()) {
+        variables.push_back("XDG_ACTIVATION_TOKEN=" + token.activationToken);
     }
     return variables;
 }
@@ -69,7 +69,7 @@ std::string identifierOf(GDesktopAppInfo* entry) {
 
 } // namespace
 
-void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof) {
+void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token) {
     const std::string identifier = identifierOf(entry);
     const EntryCommand command = commandOf(entry, url);
     if (command.words.empty()) {
@@ -78,7 +78,7 @@ void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchPr
     }
     const DetachedProcess started =
         startDetached({.words = command.words,
-                       .environment = environmentFor(entry, proof),
+                       .environment = environmentFor(entry, token),
                        .folder = folderOf(entry),
                        .processVariable = "GIO_LAUNCHED_DESKTOP_FILE_PID"});
     if (started.error != 0) {
@@ -86,8 +86,8 @@ void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchPr
                 std::strerror(started.error));
         return;
     }
-    if (proof.begun && takesNotice(entry)) {
-        proof.begun();
+    if (token.begun && takesNotice(entry)) {
+        token.begun();
     }
     moveIntoScope(identifier, started.identifier);
 }

@@ -14,6 +14,6 @@ namespace glidemap {
 
 // Starts the Exec line, even if the entry supports D-Bus activation. `url` is the URL to open;
 // empty for none.
-void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchProof& proof);
+void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token);
 
 } // namespace glidemap

@@ -85,19 +85,19 @@ void LinuxClickTap::useSwitch(driver::SwitchClickFilter turn) {
 void LinuxClickTap::want(bool& wish, bool value) {
     std::unique_lock guard(lock);
     wish = value;
-    mustTell = true;
-    if (isTelling || switchFilter == nullptr) {
+    mustNotify = true;
+    if (isNotifying || switchFilter == nullptr) {
         return; // the other thread sends this change, too
     }
-    isTelling = true;
-    while (std::exchange(mustTell, false) && switchFilter != nullptr) {
+    isNotifying = true;
+    while (std::exchange(mustNotify, false) && switchFilter != nullptr) {
         const bool on = isEnabled && isNeeded;
         const driver::SwitchClickFilter turn = switchFilter;
         guard.unlock();
         turn(on);
         guard.lock();
     }
-    isTelling = false;
+    isNotifying = false;
 }
 
 bool LinuxClickTap::filter(void* tap, driver::Device /*device*/, std::int32_t event,

@@ -51,8 +51,8 @@ private:
     driver::SwitchClickFilter switchFilter = nullptr; // null while the tap does not exist
     bool isEnabled = false;
     bool isNeeded = true;
-    bool isTelling = false; // a thread is calling the driver
-    bool mustTell = false;  // another call must follow
+    bool isNotifying = false; // a thread is calling the driver
+    bool mustNotify = false;  // another call must follow
 };
 
 } // namespace glidemap

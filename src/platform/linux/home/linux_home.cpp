@@ -70,8 +70,8 @@ public:
 
     const Ports& ports() const override { return given; }
 
-    void takeProof(const SingleInstance::Request& request) override {
-        shell->prove(request.activationToken, request.startupID);
+    void takeActivationToken(const SingleInstance::Request& request) override {
+        shell->requestToken(request.activationToken, request.startupID);
     }
 
 private:
@@ -115,7 +115,7 @@ std::filesystem::path Home::runtimeFolder() {
     return userRuntimeFolder();
 }
 
-SingleInstance::Request Home::proofOfThisLaunch() {
+SingleInstance::Request Home::activationToken() {
     return {fromEnvironment("XDG_ACTIVATION_TOKEN"), fromEnvironment("DESKTOP_STARTUP_ID")};
 }
 

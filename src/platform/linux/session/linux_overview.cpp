@@ -63,19 +63,19 @@ bool holds(GVariant* values, std::string_view wanted) {
     return found;
 }
 
-class OverviewErrand : public BusErrand {
+class OverviewRequest : public BusRequest {
 public:
     enum class Purpose { look, toggle };
 
-    OverviewErrand(std::chrono::milliseconds patience, Purpose wanted,
-                   std::shared_ptr<std::atomic<bool>> foundOne)
-        : BusErrand(patience), purpose(wanted), found(std::move(foundOne)) {}
+    OverviewRequest(std::chrono::milliseconds patience, Purpose wanted,
+                    std::shared_ptr<std::atomic<bool>> foundOne)
+        : BusRequest(patience), purpose(wanted), found(std::move(foundOne)) {}
 
     void begin() override { askShell(0); }
 
 private:
-    std::shared_ptr<OverviewErrand> alive() {
-        return std::static_pointer_cast<OverviewErrand>(shared_from_this());
+    std::shared_ptr<OverviewRequest> alive() {
+        return std::static_pointer_cast<OverviewRequest>(shared_from_this());
     }
 
     void askShell(std::size_t index) {
@@ -129,16 +129,17 @@ private:
 } // namespace
 
 LinuxOverview::LinuxOverview(DesktopThread& desktop, std::chrono::milliseconds answerWithin)
-    : patience(answerWithin), errands(desktop) {}
+    : patience(answerWithin), requests(desktop) {}
 
 void LinuxOverview::toggle() {
-    errands.start(
-        std::make_shared<OverviewErrand>(patience, OverviewErrand::Purpose::toggle, found));
+    requests.start(
+        std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::toggle, found));
 }
 
 bool LinuxOverview::mayBeThere() {
     const bool wasThere = found->load(); // before the next lookup can change it
-    errands.start(std::make_shared<OverviewErrand>(patience, OverviewErrand::Purpose::look, found));
+    requests.start(
+        std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::look, found));
     return wasThere;
 }
 

@@ -12,7 +12,7 @@
 // Errors:  none; if the desktop does not reply, nothing is shown.
 #pragma once
 
-#include "platform/linux/session/bus_errand.h"
+#include "platform/linux/session/bus_request.h"
 
 #include <atomic>
 #include <chrono>
@@ -34,7 +34,7 @@ public:
 private:
     const std::chrono::milliseconds patience;
     std::shared_ptr<std::atomic<bool>> found = std::make_shared<std::atomic<bool>>(true);
-    BusErrands errands;
+    BusRequests requests;
 };
 
 } // namespace glidemap

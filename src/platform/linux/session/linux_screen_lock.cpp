@@ -42,10 +42,10 @@ bool saysLocked(GVariant* values) {
     return locked;
 }
 
-class LockErrand : public BusErrand {
+class LockRequest : public BusRequest {
 public:
-    LockErrand(MainQueue& queue, LinuxScreenLock::Patience limits, std::function<void()> otherwise)
-        : BusErrand(limits.answer), mainQueue(queue), patience(limits),
+    LockRequest(MainQueue& queue, LinuxScreenLock::Patience limits, std::function<void()> otherwise)
+        : BusRequest(limits.answer), mainQueue(queue), patience(limits),
           refused(std::move(otherwise)) {}
 
     void begin() override {
@@ -56,14 +56,14 @@ public:
     }
 
 private:
-    std::shared_ptr<LockErrand> alive() {
-        return std::static_pointer_cast<LockErrand>(shared_from_this());
+    std::shared_ptr<LockRequest> alive() {
+        return std::static_pointer_cast<LockRequest>(shared_from_this());
     }
 
     void waitUntilLocked() {
         watchProperties(Bus::system, logind, sessionInterface, [weak = std::weak_ptr(alive())] {
-            if (const auto errand = weak.lock()) {
-                errand->readLocked();
+            if (const auto request = weak.lock()) {
+                request->readLocked();
             }
         });
         after(patience.locked, [this, kept = alive()] {
@@ -148,10 +148,10 @@ private:
             giveUp();
         });
         program.emplace(command.words, [weak = std::weak_ptr(alive()), number](bool succeeded) {
-            if (const auto errand = weak.lock()) {
-                errand->stopWaiting();
+            if (const auto request = weak.lock()) {
+                request->stopWaiting();
                 if (!succeeded) {
-                    errand->runLocker(number + 1);
+                    request->runLocker(number + 1);
                 }
             }
         });
@@ -201,14 +201,14 @@ LinuxScreenLock::LinuxScreenLock(DesktopThread& desktop, MainQueue& queue)
     : LinuxScreenLock(desktop, queue, Patience()) {}
 
 LinuxScreenLock::LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits)
-    : mainQueue(queue), patience(limits), errands(desktop) {}
+    : mainQueue(queue), patience(limits), requests(desktop) {}
 
 bool LinuxScreenLock::find() {
     return true;
 }
 
 void LinuxScreenLock::lock(std::function<void()> otherwise) {
-    errands.start(std::make_shared<LockErrand>(mainQueue, patience, std::move(otherwise)));
+    requests.start(std::make_shared<LockRequest>(mainQueue, patience, std::move(otherwise)));
 }
 
 } // namespace glidemap

@@ -14,7 +14,7 @@
 
 #include "core/main_queue.h"
 #include "dispatch/screen_lock.h"
-#include "platform/linux/session/bus_errand.h"
+#include "platform/linux/session/bus_request.h"
 
 #include <chrono>
 #include <functional>
@@ -42,7 +42,7 @@ public:
 private:
     MainQueue& mainQueue;
     const Patience patience;
-    BusErrands errands;
+    BusRequests requests;
 };
 
 } // namespace glidemap

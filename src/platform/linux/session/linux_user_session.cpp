@@ -28,7 +28,7 @@ constexpr const char* busDaemon = "org.freedesktop.DBus";
 // Long, because a machine is busy at login and nothing waits for these replies.
 constexpr std::chrono::seconds patience{60};
 
-constexpr BusErrand::Milliseconds asMilliseconds(std::chrono::seconds seconds) {
+constexpr BusRequest::Milliseconds asMilliseconds(std::chrono::seconds seconds) {
     return seconds;
 }
 
@@ -49,17 +49,17 @@ bool isLockedHint(GVariantDict* session) {
 }
 
 // Follows logind until the session ends. Never calls back if logind is missing.
-class SessionErrand : public BusErrand {
+class SessionFollower : public BusRequest {
 public:
     struct State {
         bool isActive = true;
         bool isLocked = false;
         bool isAsleep = false;
     };
-    using Told = std::function<void(const State& state)>;
+    using Notify = std::function<void(const State& state)>;
 
-    explicit SessionErrand(Told toTell)
-        : BusErrand(asMilliseconds(patience)), told(std::move(toTell)) {}
+    explicit SessionFollower(Notify callback)
+        : BusRequest(asMilliseconds(patience)), notify(std::move(callback)) {}
 
     // The first reply shows that the bus is open. The state is read again after the watch is set,
     // so that no change in between is lost.
@@ -71,8 +71,8 @@ public:
     }
 
 private:
-    std::shared_ptr<SessionErrand> alive() {
-        return std::static_pointer_cast<SessionErrand>(shared_from_this());
+    std::shared_ptr<SessionFollower> alive() {
+        return std::static_pointer_cast<SessionFollower>(shared_from_this());
     }
 
     void read(std::function<void()> then) {
@@ -116,7 +116,7 @@ private:
     void setAsleep(bool asleep) {
         if (std::exchange(state.isAsleep, asleep) != asleep) {
             logLine("session", asleep ? "the machine goes to sleep" : "the machine is awake");
-            told(state);
+            notify(state);
         }
     }
 
@@ -131,21 +131,21 @@ private:
         state.isLocked = isLockedHint(&session);
         g_variant_dict_clear(&session);
         g_variant_unref(all);
-        told(state);
+        notify(state);
     }
 
-    Told told;
+    Notify notify;
     bool isOpen = false;
     State state;
 };
 
 // Follows the running screen savers, and those that start later.
-class ScreenSaverErrand : public BusErrand {
+class ScreenSaverFollower : public BusRequest {
 public:
-    using Told = std::function<void(bool isAnyActive)>;
+    using Notify = std::function<void(bool isAnyActive)>;
 
-    explicit ScreenSaverErrand(Told toTell)
-        : BusErrand(asMilliseconds(patience)), told(std::move(toTell)) {}
+    explicit ScreenSaverFollower(Notify callback)
+        : BusRequest(asMilliseconds(patience)), notify(std::move(callback)) {}
 
     void begin() override {
         read(screenSavers().front(), [this, kept = alive()] {
@@ -157,8 +157,8 @@ public:
     }
 
 private:
-    std::shared_ptr<ScreenSaverErrand> alive() {
-        return std::static_pointer_cast<ScreenSaverErrand>(shared_from_this());
+    std::shared_ptr<ScreenSaverFollower> alive() {
+        return std::static_pointer_cast<ScreenSaverFollower>(shared_from_this());
     }
 
     void read(const ScreenSaver& saver, std::function<void()> then) {
@@ -200,10 +200,10 @@ private:
         } else {
             active.erase(saver);
         }
-        told(!active.empty());
+        notify(!active.empty());
     }
 
-    Told told;
+    Notify notify;
     bool isOpen = false;
     std::set<std::string> active;
 };
@@ -218,7 +218,7 @@ struct LinuxUserSession::Known {
 };
 
 LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQueue> mainQueue)
-    : known(std::make_shared<Known>()), errands(desktop) {
+    : known(std::make_shared<Known>()), requests(desktop) {
     const auto changed = [queue = mainQueue, weak = std::weak_ptr(life)] {
         queue->submit([weak] {
             if (const auto session = weak.lock()) {
@@ -235,9 +235,9 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
             }
         });
     };
-    errands.start(
-        std::make_shared<SessionErrand>([held = known, changed, sleepChanged, wasAsleep = false](
-                                            const SessionErrand::State& now) mutable {
+    requests.start(
+        std::make_shared<SessionFollower>([held = known, changed, sleepChanged, wasAsleep = false](
+                                              const SessionFollower::State& now) mutable {
             const bool wasLocked = held->isHintedLocked.exchange(now.isLocked);
             const bool wasActive = held->isActive.exchange(now.isActive);
             if (wasLocked != now.isLocked || wasActive != now.isActive) {
@@ -247,7 +247,7 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
                 sleepChanged(now.isAsleep);
             }
         }));
-    errands.start(std::make_shared<ScreenSaverErrand>([held = known, changed](bool isAnyActive) {
+    requests.start(std::make_shared<ScreenSaverFollower>([held = known, changed](bool isAnyActive) {
         if (held->isSaverActive.exchange(isAnyActive) != isAnyActive) {
             changed();
         }

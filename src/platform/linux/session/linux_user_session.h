@@ -15,7 +15,7 @@
 
 #include "core/main_queue.h"
 #include "dispatch/user_session.h"
-#include "platform/linux/session/bus_errand.h"
+#include "platform/linux/session/bus_request.h"
 #include "platform/linux/windows/desktop_thread.h"
 
 #include <atomic>
@@ -37,7 +37,7 @@ private:
     // Main queue tasks hold it weakly.
     std::shared_ptr<LinuxUserSession*> life = std::make_shared<LinuxUserSession*>(this);
     std::shared_ptr<Known> known;
-    BusErrands errands; // destroyed first
+    BusRequests requests; // destroyed first
 };
 
 } // namespace glidemap

@@ -43,7 +43,7 @@ void LinuxApplicationShell::terminate() {
     QCoreApplication::exit(0); // quit() would ask each window, which may refuse
 }
 
-void LinuxApplicationShell::prove(std::string activationToken, std::string launchID) {
+void LinuxApplicationShell::requestToken(std::string activationToken, std::string launchID) {
     startupID = std::move(launchID);
     if (!activationToken.empty()) {
         // Qt reads the token here, and unsets it, at the next activation.

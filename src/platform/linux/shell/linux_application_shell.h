@@ -26,7 +26,7 @@ public:
     void terminate() override;
 
     // Sets a launcher's token and startup id for the next activation. Either may be empty.
-    void prove(std::string activationToken, std::string launchID);
+    void requestToken(std::string activationToken, std::string launchID);
 
 private:
     const std::function<void()> askDesktop;

@@ -55,7 +55,7 @@ void askWindowManager(xcb_connection_t* connection, xcb_window_t window, std::ui
                XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
 }
 
-void tellLauncher(xcb_connection_t* connection, xcb_window_t window, std::string_view startupID) {
+void notifyLauncher(xcb_connection_t* connection, xcb_window_t window, std::string_view startupID) {
     xcb_atom_t type = atom(connection, "_NET_STARTUP_INFO_BEGIN");
     for (const std::string& piece : endOfLaunch(startupID)) {
         auto event = message(window, type, 8);
@@ -86,7 +86,7 @@ std::vector<std::string> endOfLaunch(std::string_view startupID) {
 void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID) {
     askWindowManager(connection, window, timeOfLaunch(startupID));
     if (!startupID.empty()) {
-        tellLauncher(connection, window, startupID);
+        notifyLauncher(connection, window, startupID);
     }
     xcb_flush(connection);
 }

@@ -123,8 +123,8 @@ private:
 // Qt has selected these events.
 class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
 public:
-    X11Tray(xcb_connection_t* toServer, std::function<void()> told)
-        : connection(toServer), appeared(std::move(told)), manager(atom(connection, "MANAGER")),
+    X11Tray(xcb_connection_t* toServer, std::function<void()> reported)
+        : connection(toServer), appeared(std::move(reported)), manager(atom(connection, "MANAGER")),
           selection(atom(connection, "_NET_SYSTEM_TRAY_S0")) {
         QCoreApplication::instance()->installNativeEventFilter(this);
     }

@@ -25,12 +25,12 @@ struct NameWatch {
     std::function<void()> vanished;
 };
 
-void tellAppeared(GDBusConnection* /*connection*/, const char* /*name*/, const char* owner,
-                  gpointer watch) {
+void reportAppeared(GDBusConnection* /*connection*/, const char* /*name*/, const char* owner,
+                    gpointer watch) {
     static_cast<NameWatch*>(watch)->appeared(owner);
 }
 
-void tellVanished(GDBusConnection* /*connection*/, const char* /*name*/, gpointer watch) {
+void reportVanished(GDBusConnection* /*connection*/, const char* /*name*/, gpointer watch) {
     static_cast<NameWatch*>(watch)->vanished();
 }
 
@@ -39,7 +39,7 @@ struct Call {
     DesktopBus::Answer answer;
 };
 
-void tellAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
+void passAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Call> call(static_cast<Call*>(data));
     GError* error = nullptr;
     GVariant* const values =
@@ -53,10 +53,10 @@ void tellAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
     g_clear_error(&error);
 }
 
-void tellHeard(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
-               const char* /*interface*/, const char* signal, GVariant* values, gpointer heard) {
-    const DesktopBus::Heard tell = *static_cast<DesktopBus::Heard*>(heard);
-    tell(signal, values); // a copy, because the callback may end its own subscription
+void notifyHeard(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
+                 const char* /*interface*/, const char* signal, GVariant* values, gpointer heard) {
+    const DesktopBus::Heard send = *static_cast<DesktopBus::Heard*>(heard);
+    send(signal, values); // a copy, because the callback may end its own subscription
 }
 
 const char* orAny(const std::string& text) {
@@ -106,7 +106,7 @@ DesktopBus::~DesktopBus() {
 void DesktopBus::watchName(const char* name, std::function<void(const std::string&)> appeared,
                            std::function<void()> vanished) {
     watches.push_back(g_bus_watch_name_on_connection(
-        _connection, name, G_BUS_NAME_WATCHER_FLAGS_NONE, tellAppeared, tellVanished,
+        _connection, name, G_BUS_NAME_WATCHER_FLAGS_NONE, reportAppeared, reportVanished,
         new NameWatch{std::move(appeared), std::move(vanished)},
         [](gpointer watch) { delete static_cast<NameWatch*>(watch); }));
 }
@@ -115,11 +115,11 @@ void DesktopBus::call(const BusObject& object, const char* method, GVariant* arg
                       Answer answer) {
     g_dbus_connection_call(_connection, object.name.c_str(), object.path.c_str(),
                            object.interface.c_str(), method, arguments, nullptr,
-                           G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, tellAnswer,
+                           G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, passAnswer,
                            new Call{alive, std::move(answer)});
 }
 
-void DesktopBus::tell(const BusObject& object, const char* method, GVariant* arguments) {
+void DesktopBus::send(const BusObject& object, const char* method, GVariant* arguments) {
     g_dbus_connection_call(_connection, object.name.c_str(), object.path.c_str(),
                            object.interface.c_str(), method, arguments, nullptr,
                            G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, nullptr, nullptr);
@@ -128,7 +128,7 @@ void DesktopBus::tell(const BusObject& object, const char* method, GVariant* arg
 unsigned DesktopBus::subscribe(const BusObject& object, Heard heard) {
     const unsigned subscription = g_dbus_connection_signal_subscribe(
         _connection, object.name.c_str(), orAny(object.interface), nullptr, orAny(object.path),
-        nullptr, G_DBUS_SIGNAL_FLAGS_NONE, tellHeard, new Heard(std::move(heard)),
+        nullptr, G_DBUS_SIGNAL_FLAGS_NONE, notifyHeard, new Heard(std::move(heard)),
         [](gpointer data) { delete static_cast<Heard*>(data); });
     subscriptions.push_back(subscription);
     return subscription;

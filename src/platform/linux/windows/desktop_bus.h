@@ -48,7 +48,7 @@ public:
     void call(const BusObject& object, const char* method, GVariant* arguments, Answer answer);
 
     // Sends a call without a reply. It is sent before the connection closes.
-    void tell(const BusObject& object, const char* method, GVariant* arguments);
+    void send(const BusObject& object, const char* method, GVariant* arguments);
 
     // Receives every signal of the object; an empty path or interface matches any.
     using Heard = std::function<void(const std::string& signal, GVariant* values)>;

@@ -25,7 +25,7 @@ void forget(gpointer work) {
     delete static_cast<std::function<void()>*>(work);
 }
 
-gboolean tellReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointer readable) {
+gboolean notifyReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointer readable) {
     // The callback may end its own watch: GLib keeps the function until it has returned.
     (*static_cast<std::function<void()>*>(readable))();
     return G_SOURCE_CONTINUE;
@@ -130,7 +130,7 @@ DesktopThread::Watch DesktopThread::attach(GSource* source, GSourceFunc function
 DesktopThread::Watch DesktopThread::watch(int descriptor, std::function<void()> readable) {
     return attach(
         g_unix_fd_source_new(descriptor, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR)),
-        G_SOURCE_FUNC(tellReadable), std::move(readable));
+        G_SOURCE_FUNC(notifyReadable), std::move(readable));
 }
 
 DesktopThread::Watch DesktopThread::after(std::chrono::milliseconds delay,

@@ -2,7 +2,7 @@
 
 #include "platform/linux/windows/compositor_process.h"
 #include "platform/linux/windows/desktop_bus.h"
-#include "platform/linux/windows/told_windows.h"
+#include "platform/linux/windows/reported_windows.h"
 
 #include <gio/gio.h>
 
@@ -57,7 +57,7 @@ std::vector<WindowIdentity> identitiesAt(GVariant* message, gsize position) {
 
 struct GnomeWindowBackend::State {
     WindowListener* listener = nullptr;
-    ToldWindows told;
+    ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
     std::string shell; // the unique bus name of the shell
     bool isBelieved = false;
@@ -74,15 +74,15 @@ struct GnomeWindowBackend::State {
 
     GVariant* chosenOf(const WindowChoice& isChosen) const;
     void bringForward(GVariant* windows, std::function<void()> otherwise);
-    void prove(const std::string& entry, std::function<void(const LaunchProof&)> then);
+    void requestToken(const std::string& entry, std::function<void(const LaunchToken&)> then);
     void appeared(const std::string& owner);
     void check(const std::string& owner);
     void vanished();
     void ask(const std::string& owner);
     void hear(GVariant* message);
-    void tellNone() {
+    void reportNone() {
         forgetLatest();
-        told.tell(*listener, {}, std::nullopt);
+        reported.report(*listener, {}, std::nullopt);
     }
 };
 
@@ -96,7 +96,7 @@ void GnomeWindowBackend::State::appeared(const std::string& owner) {
                                       } else if (signal == "WindowsChanged" && isBelieved) {
                                           hear(message);
                                       } else if (signal == "Stopped") {
-                                          tellNone();
+                                          reportNone();
                                       }
                                   });
     check(owner);
@@ -120,7 +120,7 @@ void GnomeWindowBackend::State::check(const std::string& owner) {
                   if (isBelieved) {
                       ask(owner);
                   } else {
-                      tellNone();
+                      reportNone();
                   }
               });
 }
@@ -129,7 +129,7 @@ void GnomeWindowBackend::State::vanished() {
     shell.clear();
     isBelieved = false;
     bus->unsubscribe(std::exchange(subscription, 0));
-    tellNone();
+    reportNone();
 }
 
 void GnomeWindowBackend::State::ask(const std::string& owner) {
@@ -141,7 +141,7 @@ void GnomeWindowBackend::State::ask(const std::string& owner) {
                   if (error == nullptr) {
                       hear(message);
                   } else {
-                      tellNone(); // the extension may still start, and reports then
+                      reportNone(); // the extension may still start, and reports then
                   }
               });
 }
@@ -153,8 +153,8 @@ void GnomeWindowBackend::State::hear(GVariant* message) {
     forgetLatest();
     latest = g_variant_ref(message);
     const std::vector<WindowIdentity> active = identitiesAt(message, 1);
-    told.tell(*listener, identitiesAt(message, 0),
-              active.empty() ? std::nullopt : std::optional(active.front()));
+    reported.report(*listener, identitiesAt(message, 0),
+                    active.empty() ? std::nullopt : std::optional(active.front()));
 }
 
 // In the extension's format. Null if no window matches.
@@ -199,15 +199,15 @@ void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<vo
 }
 
 // For programs on Wayland and on X11 alike.
-void GnomeWindowBackend::State::prove(const std::string& entry,
-                                      std::function<void(const LaunchProof&)> then) {
+void GnomeWindowBackend::State::requestToken(const std::string& entry,
+                                             std::function<void(const LaunchToken&)> then) {
     bus->call(windowsOf(shell), "TokenForLaunch", g_variant_new("(s)", entry.c_str()),
-              [prove = std::move(then)](GVariant* values, const GError* error) {
+              [requestToken = std::move(then)](GVariant* values, const GError* error) {
                   const char* token = "";
                   if (error == nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(s)"))) {
                       g_variant_get(values, "(&s)", &token);
                   }
-                  prove({token, token, {}});
+                  requestToken({token, token, {}});
               });
 }
 
@@ -239,9 +239,9 @@ void GnomeWindowBackend::bringForward(const WindowChoice& isChosen,
     g_variant_unref(windows);
 }
 
-void GnomeWindowBackend::prove(const LaunchedApplication& application,
-                               std::function<void(const LaunchProof&)> then) {
-    state->isBelieved ? state->prove(application.identifier + ".desktop", std::move(then))
+void GnomeWindowBackend::requestToken(const LaunchedApplication& application,
+                                      std::function<void(const LaunchToken&)> then) {
+    state->isBelieved ? state->requestToken(application.identifier + ".desktop", std::move(then))
                       : then({});
 }
 

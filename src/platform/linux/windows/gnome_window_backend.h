@@ -22,8 +22,8 @@ public:
     // Also true if the session is GNOME but the shell or the extension has not started yet.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
-    void prove(const LaunchedApplication& application,
-               std::function<void(const LaunchProof&)> then) override;
+    void requestToken(const LaunchedApplication& application,
+                      std::function<void(const LaunchToken&)> then) override;
 
 private:
     struct State;

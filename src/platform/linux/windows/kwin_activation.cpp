@@ -50,7 +50,7 @@ private:
                          self->run(orElse, "");
                          return;
                      }
-                     self->bus.tell(self->scripting, "unloadScript",
+                     self->bus.send(self->scripting, "unloadScript",
                                     g_variant_new("(s)", self->name.c_str()));
                      if (error != nullptr) {
                          self->otherwise();

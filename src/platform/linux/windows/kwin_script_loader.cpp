@@ -22,8 +22,8 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
     // is still exiting, would unload this script, too.
     const std::string scriptName;
 
-    State(DesktopBus& onBus, std::string kwin, std::function<void()> tellRefused)
-        : bus(onBus), owner(std::move(kwin)), refused(std::move(tellRefused)),
+    State(DesktopBus& onBus, std::string kwin, std::function<void()> onRefused)
+        : bus(onBus), owner(std::move(kwin)), refused(std::move(onRefused)),
           scriptName(newKWinScriptName(bus)) {}
 
     BusObject scripting() const { return {owner, "/Scripting", "org.kde.kwin.Scripting"}; }
@@ -127,7 +127,7 @@ KWinScriptLoader::KWinScriptLoader(DesktopBus& bus, std::string owner,
 
 KWinScriptLoader::~KWinScriptLoader() {
     state->end();
-    state->bus.tell(state->scripting(), "unloadScript",
+    state->bus.send(state->scripting(), "unloadScript",
                     g_variant_new("(s)", state->scriptName.c_str()));
 }
 

@@ -4,7 +4,7 @@
 #include "platform/linux/windows/kwin_activation.h"
 #include "platform/linux/windows/kwin_script.h"
 #include "platform/linux/windows/kwin_script_loader.h"
-#include "platform/linux/windows/told_windows.h"
+#include "platform/linux/windows/reported_windows.h"
 
 #include <gio/gio.h>
 
@@ -35,7 +35,7 @@ GDBusInterfaceInfo* reportInterface() {
 
 struct KWinWindowBackend::State {
     WindowListener* listener = nullptr;
-    ToldWindows told;
+    ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
     std::unique_ptr<KWinScriptLoader> loader; // while KWin is on the bus
     unsigned object = 0;
@@ -53,10 +53,10 @@ struct KWinWindowBackend::State {
     void hear(const std::string& sender, const char* text);
     void noteUse();
     std::string chosenOf(const WindowChoice& isChosen) const;
-    void tellNone() {
+    void reportNone() {
         latest = {};
         lastUses.clear();
-        told.tell(*listener, {}, std::nullopt);
+        reported.report(*listener, {}, std::nullopt);
     }
 
     static void answer(GDBusConnection* connection, const char* sender, const char* path,
@@ -87,7 +87,7 @@ void KWinWindowBackend::State::hear(const std::string& sender, const char* text)
     if (std::optional<KWinReport> report = readKWinReport(text)) {
         latest = *std::move(report);
         noteUse();
-        told.tell(*listener, latest.windows, latest.active);
+        reported.report(*listener, latest.windows, latest.active);
     }
 }
 
@@ -131,11 +131,11 @@ bool KWinWindowBackend::start(WindowListener& listener) {
         kwinName,
         [this](const std::string& owner) {
             state->loader = std::make_unique<KWinScriptLoader>(*state->bus, owner,
-                                                               [this] { state->tellNone(); });
+                                                               [this] { state->reportNone(); });
         },
         [this] {
             state->loader.reset();
-            state->tellNone();
+            state->reportNone();
         });
     return true;
 }

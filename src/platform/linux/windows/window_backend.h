@@ -42,7 +42,7 @@ public:
 using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 
 // The proof with which a launched program may take the focus. Each part may be empty.
-struct LaunchProof {
+struct LaunchToken {
     std::string startupID;       // DESKTOP_STARTUP_ID on X11
     std::string activationToken; // XDG_ACTIVATION_TOKEN on Wayland
     std::function<void()> begun; // call when the program runs
@@ -73,8 +73,8 @@ public:
 
     // Gets a proof for an application that supports startup notification. Calls `then`, now or
     // later, with the desktop's proof; never after the backend's destruction.
-    virtual void prove(const LaunchedApplication& /*application*/,
-                       std::function<void(const LaunchProof&)> then) {
+    virtual void requestToken(const LaunchedApplication& /*application*/,
+                              std::function<void(const LaunchToken&)> then) {
         then({});
     }
 };

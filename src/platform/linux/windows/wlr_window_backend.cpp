@@ -1,6 +1,6 @@
 #include "platform/linux/windows/wlr_window_backend.h"
 
-#include "platform/linux/windows/told_windows.h"
+#include "platform/linux/windows/reported_windows.h"
 #include "platform/linux/windows/wlr_connection.h"
 #include "platform/linux/windows/wlr_toplevels.h"
 
@@ -10,7 +10,7 @@ struct WlrWindowBackend::State {
     DesktopThread& thread;
     std::chrono::milliseconds patience;
     WindowListener* listener = nullptr;
-    ToldWindows told;
+    ReportedWindows reported;
     std::unique_ptr<WlrConnection> connection;
     std::unique_ptr<WlrToplevels> toplevels;
     DesktopThread::Watch watch;
@@ -21,7 +21,7 @@ struct WlrWindowBackend::State {
     bool connect();
     void disconnect();
     void hear();
-    void tell();
+    void report();
 };
 
 bool WlrWindowBackend::State::connect() {
@@ -45,14 +45,14 @@ void WlrWindowBackend::State::hear() {
     if (!connection->dispatchArrived() || !toplevels->isOffered()) {
         disconnect();
     }
-    tell();
+    report();
 }
 
-void WlrWindowBackend::State::tell() {
+void WlrWindowBackend::State::report() {
     if (toplevels == nullptr) {
-        told.tell(*listener, {}, std::nullopt);
+        reported.report(*listener, {}, std::nullopt);
     } else {
-        told.tell(*listener, toplevels->windows(), toplevels->active());
+        reported.report(*listener, toplevels->windows(), toplevels->active());
     }
 }
 
@@ -70,7 +70,7 @@ bool WlrWindowBackend::start(WindowListener& listener) {
     }
     state->listener = &listener;
     state->watch = state->thread.watch(state->connection->descriptor(), [this] { state->hear(); });
-    state->tell();
+    state->report();
     return true;
 }
 

@@ -65,8 +65,8 @@ public:
 
     // Returns false if no window matches.
     bool bringForward(const WindowChoice& isChosen);
-    void prove(const LaunchedApplication& application,
-               std::function<void(const LaunchProof&)> then);
+    void requestToken(const LaunchedApplication& application,
+                      std::function<void(const LaunchToken&)> then);
 
 private:
     struct Client {
@@ -94,10 +94,10 @@ private:
     void follow(xcb_window_t window);
     void read(xcb_window_t window);
     void forgetClosedWindows();
-    void tell();
+    void report();
     bool activeIsOpen() const;
-    void tellActive();
-    void tellWindows();
+    void reportActive();
+    void reportWindows();
     void lose();
 
     DesktopThread& thread;
@@ -123,8 +123,8 @@ private:
     bool hasList = false;
     std::vector<xcb_window_t> listed;
     std::map<xcb_window_t, Client> clients; // the listed windows and the active one
-    std::optional<WindowIdentity> toldActive;
-    std::vector<WindowIdentity> toldWindows;
+    std::optional<WindowIdentity> reportedActive;
+    std::vector<WindowIdentity> reportedWindows;
     DesktopThread::Watch watch;
 };
 
@@ -163,7 +163,7 @@ void X11Backend::Session::serve() {
         lose();
         return;
     }
-    tell();
+    report();
     // The socket does not become readable for events that xcb has already queued.
     if (turns == maxTurn) {
         thread.submit([self = weak_from_this()] {
@@ -237,29 +237,31 @@ void X11Backend::Session::takeTime(xcb_timestamp_t time) {
 
 // The identifier ends with the time of the user's input. The message is sent when the program runs,
 // so that the window manager does not wait for a program that cannot start.
-void X11Backend::Session::prove(const LaunchedApplication& application,
-                                std::function<void(const LaunchProof&)> then) {
+void X11Backend::Session::requestToken(const LaunchedApplication& application,
+                                       std::function<void(const LaunchToken&)> then) {
     if (requests.isLost()) {
         then({});
         return;
     }
-    waitingForTime.push_back([this, application, prove = std::move(then)](xcb_timestamp_t time) {
+    waitingForTime.push_back([this, application,
+                              requestToken = std::move(then)](xcb_timestamp_t time) {
         if (time == XCB_CURRENT_TIME) {
-            prove({});
+            requestToken({});
             return;
         }
         const std::string identifier = "glidemap-" + std::to_string(getpid()) + "-" +
                                        std::to_string(++launches) + "_TIME" + std::to_string(time);
-        prove({identifier, "", [weak = weak_from_this(), application, identifier] {
-                   if (const auto alive = weak.lock()) {
-                       alive->broadcast(launchMessage(
-                           "new", {{"ID", identifier},
-                                   {"NAME", application.name},
-                                   {"SCREEN", "0"},
-                                   {"WMCLASS", application.windowClass},
-                                   {"APPLICATION_ID", application.identifier + ".desktop"}}));
-                   }
-               }});
+        requestToken(
+            {identifier, "", [weak = weak_from_this(), application, identifier] {
+                 if (const auto alive = weak.lock()) {
+                     alive->broadcast(launchMessage(
+                         "new", {{"ID", identifier},
+                                 {"NAME", application.name},
+                                 {"SCREEN", "0"},
+                                 {"WMCLASS", application.windowClass},
+                                 {"APPLICATION_ID", application.identifier + ".desktop"}}));
+                 }
+             }});
     });
     askForTime();
 }
@@ -386,9 +388,9 @@ void X11Backend::Session::forgetClosedWindows() {
     std::erase_if(clients, [&](const auto& client) { return open.count(client.first) == 0; });
 }
 
-void X11Backend::Session::tell() {
-    tellActive();
-    tellWindows();
+void X11Backend::Session::report() {
+    reportActive();
+    reportWindows();
 }
 
 // Some window managers keep a closed window as the active one.
@@ -396,7 +398,7 @@ bool X11Backend::Session::activeIsOpen() const {
     return !hasList || std::find(listed.begin(), listed.end(), active) != listed.end();
 }
 
-void X11Backend::Session::tellActive() {
+void X11Backend::Session::reportActive() {
     std::optional<WindowIdentity> now;
     const auto client = clients.find(active);
     if (client != clients.end() && activeIsOpen()) {
@@ -405,13 +407,13 @@ void X11Backend::Session::tellActive() {
         if (!client->second.window->isGone)
             now = client->second.window->identity;
     }
-    if (now == toldActive)
+    if (now == reportedActive)
         return;
-    toldActive = now;
+    reportedActive = now;
     listener.activeWindowChanged(now);
 }
 
-void X11Backend::Session::tellWindows() {
+void X11Backend::Session::reportWindows() {
     std::vector<WindowIdentity> now;
     for (const xcb_window_t window : listed) {
         const auto& read = clients.at(window).window;
@@ -420,10 +422,10 @@ void X11Backend::Session::tellWindows() {
         if (!read->isGone && read->isApplications)
             now.push_back(read->identity);
     }
-    if (now == toldWindows)
+    if (now == reportedWindows)
         return;
-    toldWindows = std::move(now);
-    listener.windowsChanged(toldWindows);
+    reportedWindows = std::move(now);
+    listener.windowsChanged(reportedWindows);
 }
 
 void X11Backend::Session::lose() {
@@ -431,7 +433,7 @@ void X11Backend::Session::lose() {
     active = XCB_WINDOW_NONE;
     listed.clear();
     clients.clear();
-    tell();
+    report();
     takeTime(XCB_CURRENT_TIME);
 }
 
@@ -456,9 +458,9 @@ void X11Backend::bringForward(const WindowChoice& isChosen, std::function<void()
         otherwise();
 }
 
-void X11Backend::prove(const LaunchedApplication& application,
-                       std::function<void(const LaunchProof&)> then) {
-    session != nullptr ? session->prove(application, std::move(then)) : then({});
+void X11Backend::requestToken(const LaunchedApplication& application,
+                              std::function<void(const LaunchToken&)> then) {
+    session != nullptr ? session->requestToken(application, std::move(then)) : then({});
 }
 
 } // namespace glidemap

@@ -25,8 +25,8 @@ public:
 
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
-    void prove(const LaunchedApplication& application,
-               std::function<void(const LaunchProof&)> then) override;
+    void requestToken(const LaunchedApplication& application,
+                      std::function<void(const LaunchToken&)> then) override;
 
 private:
     class Session;

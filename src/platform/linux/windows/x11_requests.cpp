@@ -44,7 +44,7 @@ std::uint32_t processIn(void* answer) {
     return 0;
 }
 
-bool canTellProcesses(xcb_connection_t* connection) {
+bool reportsProcesses(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_res_id);
     if (extension == nullptr || extension->present == 0)
         return false;
@@ -61,7 +61,7 @@ void X11Freed::operator()(void* answer) const {
 }
 
 X11Requests::X11Requests(Connection established)
-    : connection(std::move(established)), knowsProcesses(canTellProcesses(connection.get())) {}
+    : connection(std::move(established)), knowsProcesses(reportsProcesses(connection.get())) {}
 
 void X11Requests::property(xcb_window_t window, xcb_atom_t name, std::uint32_t items,
                            PropertyTaker taker) {

@@ -83,7 +83,7 @@ public:
     const Ports& ports() const override { return given; }
 
     // macOS needs no activation data.
-    void takeProof(const SingleInstance::Request& /*request*/) override {}
+    void takeActivationToken(const SingleInstance::Request& /*request*/) override {}
 
 private:
     void handleAppleEvents() {
@@ -108,7 +108,7 @@ std::filesystem::path Home::runtimeFolder() {
     return ownFolder();
 }
 
-SingleInstance::Request Home::proofOfThisLaunch() {
+SingleInstance::Request Home::activationToken() {
     return {};
 }
 

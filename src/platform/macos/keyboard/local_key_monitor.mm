@@ -20,9 +20,9 @@ private:
     NSEvent* repeated(NSEvent* event) const;
     void take(NSEvent* event);
 
-    std::function<void(const Press&)> tell; // empty while stopped
-    std::optional<std::uint16_t> taken;     // the key whose repeats are swallowed
-    id installed = nil;                     // owned by the system, until it is removed
+    std::function<void(const Press&)> notify; // empty while stopped
+    std::optional<std::uint16_t> taken;       // the key whose repeats are swallowed
+    id installed = nil;                       // owned by the system, until it is removed
 };
 
 LocalKeyMonitor::LocalKeyMonitor() : monitor(std::make_shared<Monitor>()) {}
@@ -44,14 +44,14 @@ void LocalKeyMonitor::abandon() {
 }
 
 void LocalKeyMonitor::Monitor::start(std::function<void(const Press&)> handler) {
-    tell = std::move(handler);
+    notify = std::move(handler);
     if (installed == nil) {
         install();
     }
 }
 
 void LocalKeyMonitor::Monitor::stop() {
-    tell = nullptr;
+    notify = nullptr;
     if (!taken) {
         remove();
     }
@@ -59,7 +59,7 @@ void LocalKeyMonitor::Monitor::stop() {
 
 // Removing a monitor twice would release it twice.
 void LocalKeyMonitor::Monitor::remove() {
-    tell = nullptr;
+    notify = nullptr;
     taken.reset();
     if (installed != nil) {
         [NSEvent removeMonitor:std::exchange(installed, nil)];
@@ -81,7 +81,7 @@ NSEvent* LocalKeyMonitor::Monitor::passedOn(NSEvent* event) {
     if ([event isARepeat]) {
         return repeated(event);
     }
-    if (!tell) {
+    if (!notify) {
         remove();
         return event;
     }
@@ -92,13 +92,13 @@ NSEvent* LocalKeyMonitor::Monitor::passedOn(NSEvent* event) {
 // While recording, also swallows repeats of a key pressed earlier: the user may still hold the key
 // that started the recording.
 NSEvent* LocalKeyMonitor::Monitor::repeated(NSEvent* event) const {
-    return tell || taken == [event keyCode] ? nil : event;
+    return notify || taken == [event keyCode] ? nil : event;
 }
 
 void LocalKeyMonitor::Monitor::take(NSEvent* event) {
     taken = [event keyCode];
-    const auto told = tell; // the callback may stop this monitor
-    told({taken, [event modifierFlags] & NSEventModifierFlagDeviceIndependentFlagsMask});
+    const auto reported = notify; // the callback may stop this monitor
+    reported({taken, [event modifierFlags] & NSEventModifierFlagDeviceIndependentFlagsMask});
 }
 
 } // namespace glidemap

@@ -24,7 +24,7 @@ public:
     ~WorkspaceNotice();
 
 private:
-    const std::function<void(NSNotification*)> tell;
+    const std::function<void(NSNotification*)> notify;
     NSNotificationCenter* center;
     id<NSObject> observer;
 };

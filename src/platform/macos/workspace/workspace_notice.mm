@@ -8,13 +8,13 @@ namespace glidemap {
 // notifications.
 WorkspaceNotice::WorkspaceNotice(NSNotificationName name,
                                  std::function<void(NSNotification*)> function)
-    : tell(std::move(function)),
+    : notify(std::move(function)),
       center([[[NSWorkspace sharedWorkspace] notificationCenter] retain]),
       observer([[center addObserverForName:name
                                     object:nil
                                      queue:nil
                                 usingBlock:^(NSNotification* notice) {
-                                  tell(notice);
+                                  notify(notice);
                                 }] retain]) {}
 
 WorkspaceNotice::~WorkspaceNotice() {

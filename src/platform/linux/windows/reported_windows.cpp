@@ -1,4 +1,4 @@
-#include "platform/linux/windows/told_windows.h"
+#include "platform/linux/windows/reported_windows.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,15 +27,15 @@ bool sameToTheListener(const std::vector<WindowIdentity>& some,
 
 } // namespace
 
-void ToldWindows::tell(WindowListener& listener, std::vector<WindowIdentity> windows,
+void ReportedWindows::report(WindowListener& listener, std::vector<WindowIdentity> windows,
                        std::optional<WindowIdentity> active) {
-    if (!toldWindows || !sameToTheListener(*toldWindows, windows)) {
-        toldWindows = std::move(windows);
-        listener.windowsChanged(*toldWindows);
+    if (!reportedWindows || !sameToTheListener(*reportedWindows, windows)) {
+        reportedWindows = std::move(windows);
+        listener.windowsChanged(*reportedWindows);
     }
-    if (!toldActive || !sameToTheListener(*toldActive, active)) {
-        toldActive = std::move(active);
-        listener.activeWindowChanged(*toldActive);
+    if (!reportedActive || !sameToTheListener(*reportedActive, active)) {
+        reportedActive = std::move(active);
+        listener.activeWindowChanged(*reportedActive);
     }
 }
 

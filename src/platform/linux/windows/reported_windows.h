@@ -15,16 +15,16 @@
 
 namespace glidemap {
 
-class ToldWindows {
+class ReportedWindows {
 public:
     // Takes the current state. The first call reports everything, later calls only changes. The
     // windows come first, so that an active window that is listed is already known.
-    void tell(WindowListener& listener, std::vector<WindowIdentity> windows,
+    void report(WindowListener& listener, std::vector<WindowIdentity> windows,
               std::optional<WindowIdentity> active);
 
 private:
-    std::optional<std::vector<WindowIdentity>> toldWindows;
-    std::optional<std::optional<WindowIdentity>> toldActive;
+    std::optional<std::vector<WindowIdentity>> reportedWindows;
+    std::optional<std::optional<WindowIdentity>> reportedActive;
 };
 
 } // namespace glidemap

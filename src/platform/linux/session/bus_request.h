@@ -43,16 +43,16 @@ struct BusAnswer {
 
 enum class IfNotRunning { leave, start };
 
-class BusErrands;
+class BusRequests;
 
-class BusErrand : public std::enable_shared_from_this<BusErrand> {
+class BusRequest : public std::enable_shared_from_this<BusRequest> {
 public:
     using Milliseconds = std::chrono::milliseconds;
 
-    explicit BusErrand(Milliseconds stepPatience);
-    BusErrand(const BusErrand&) = delete;
-    BusErrand& operator=(const BusErrand&) = delete;
-    virtual ~BusErrand();
+    explicit BusRequest(Milliseconds stepPatience);
+    BusRequest(const BusRequest&) = delete;
+    BusRequest& operator=(const BusRequest&) = delete;
+    virtual ~BusRequest();
 
     virtual void begin() = 0;
 
@@ -86,7 +86,7 @@ protected:
     void stopWaiting();
 
 private:
-    friend class BusErrands;
+    friend class BusRequests;
     struct State;
 
     // Cancels the chain: pending callbacks only release their references.
@@ -97,22 +97,22 @@ private:
     std::unique_ptr<State> state;
 };
 
-class BusErrands {
+class BusRequests {
 public:
-    explicit BusErrands(DesktopThread& thread);
-    BusErrands(const BusErrands&) = delete;
-    BusErrands& operator=(const BusErrands&) = delete;
-    ~BusErrands();
+    explicit BusRequests(DesktopThread& thread);
+    BusRequests(const BusRequests&) = delete;
+    BusRequests& operator=(const BusRequests&) = delete;
+    ~BusRequests();
 
     // The caller must not keep a reference.
-    void start(std::shared_ptr<BusErrand> errand);
+    void start(std::shared_ptr<BusRequest> request);
 
 private:
     struct Open;
 
     DesktopThread& desktop;
     std::shared_ptr<Open> open;
-    std::vector<std::weak_ptr<BusErrand>> started;
+    std::vector<std::weak_ptr<BusRequest>> started;
 };
 
 } // namespace glidemap

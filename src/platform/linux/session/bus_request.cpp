@@ -1,4 +1,4 @@
-#include "platform/linux/session/bus_errand.h"
+#include "platform/linux/session/bus_request.h"
 
 #include "core/log.h"
 
@@ -63,20 +63,20 @@ bool saysLate(const GError* error) {
 
 } // namespace
 
-struct BusErrand::State {
+struct BusRequest::State {
     using WithBus = std::function<void(GDBusConnection* connection)>;
     using Heard = std::function<void(GVariant* values)>;
 
     // The user data of GIO's callbacks, which keeps the transaction alive until they have run.
     struct Opening {
-        std::shared_ptr<BusErrand> errand;
+        std::shared_ptr<BusRequest> request;
         Bus bus;
         WithBus then;
         Cancellable attempt;
         Source limit;
     };
     struct Call {
-        std::shared_ptr<BusErrand> errand;
+        std::shared_ptr<BusRequest> request;
         Then then;
         BusMethod method;
     };
@@ -87,7 +87,7 @@ struct BusErrand::State {
 
     Line& line(Bus bus) { return lines[bus == Bus::system ? 0 : 1]; }
 
-    static void withBus(const std::shared_ptr<BusErrand>& errand, Bus bus, WithBus then);
+    static void withBus(const std::shared_ptr<BusRequest>& request, Bus bus, WithBus then);
     static void opened(GObject* source, GAsyncResult* result, gpointer opening);
     static void answered(GObject* connection, GAsyncResult* result, gpointer call);
     static void signalled(GDBusConnection* connection, const char* sender, const char* path,
@@ -106,8 +106,8 @@ struct BusErrand::State {
     std::vector<Watch> watches;
 };
 
-void BusErrand::State::withBus(const std::shared_ptr<BusErrand>& errand, Bus bus, WithBus then) {
-    State& state = *errand->state;
+void BusRequest::State::withBus(const std::shared_ptr<BusRequest>& request, Bus bus, WithBus then) {
+    State& state = *request->state;
     Line& line = state.line(bus);
     const auto address = line.outOfOrder ? std::nullopt : busAddress(bus);
     if (line.connection || !address) {
@@ -115,20 +115,20 @@ void BusErrand::State::withBus(const std::shared_ptr<BusErrand>& errand, Bus bus
         return;
     }
     auto* const opening =
-        new Opening{errand, bus, std::move(then), Cancellable(g_cancellable_new()), nullptr};
+        new Opening{request, bus, std::move(then), Cancellable(g_cancellable_new()), nullptr};
     GCancellable* const attempt = opening->attempt.get();
     state.openingAttempt = attempt;
     opening->limit =
-        startTimer(errand->patienceOfAStep, [attempt] { g_cancellable_cancel(attempt); });
+        startTimer(request->patienceOfAStep, [attempt] { g_cancellable_cancel(attempt); });
     constexpr auto flags =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
     g_dbus_connection_new_for_address(address->c_str(), flags, nullptr, attempt, opened, opening);
 }
 
-void BusErrand::State::opened(GObject* /*source*/, GAsyncResult* result, gpointer opening) {
+void BusRequest::State::opened(GObject* /*source*/, GAsyncResult* result, gpointer opening) {
     const std::unique_ptr<Opening> held(static_cast<Opening*>(opening));
-    State& state = *held->errand->state;
+    State& state = *held->request->state;
     state.openingAttempt = nullptr;
     Line& line = state.line(held->bus);
     line.connection.reset(g_dbus_connection_new_for_address_finish(result, nullptr));
@@ -142,35 +142,35 @@ void BusErrand::State::opened(GObject* /*source*/, GAsyncResult* result, gpointe
     }
 }
 
-void BusErrand::State::answered(GObject* connection, GAsyncResult* result, gpointer call) {
+void BusRequest::State::answered(GObject* connection, GAsyncResult* result, gpointer call) {
     const std::unique_ptr<Call> held(static_cast<Call*>(call));
     GError* error = nullptr;
     GVariant* values = g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
     if (error != nullptr) {
         logLine("services", held->method.service, " ", held->method.name, ": ", error->message);
     }
-    if (!held->errand->state->calledOff) {
+    if (!held->request->state->calledOff) {
         held->then({values, saysNobodyThere(error), saysLate(error)});
     }
     g_clear_error(&error);
     g_clear_pointer(&values, g_variant_unref);
 }
 
-void BusErrand::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
+void BusRequest::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
                                  const char* /*path*/, const char* /*interface*/,
                                  const char* /*signal*/, GVariant* values, gpointer heard) {
     const Heard copy = *static_cast<Heard*>(heard); // the callback may end the watch
     copy(values);
 }
 
-BusErrand::BusErrand(Milliseconds stepPatience)
+BusRequest::BusRequest(Milliseconds stepPatience)
     : patienceOfAStep(stepPatience), state(std::make_unique<State>()) {}
 
-BusErrand::~BusErrand() {
+BusRequest::~BusRequest() {
     stopWaiting();
 }
 
-void BusErrand::call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
+void BusRequest::call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
                      IfNotRunning ifNotRunning, Then then) {
     const std::shared_ptr<GVariant> held(
         arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr,
@@ -191,11 +191,11 @@ void BusErrand::call(const BusMethod& method, GVariant* arguments, Milliseconds 
     State::withBus(shared_from_this(), method.bus, ask);
 }
 
-void BusErrand::call(const BusMethod& method, GVariant* arguments, Then then) {
+void BusRequest::call(const BusMethod& method, GVariant* arguments, Then then) {
     call(method, arguments, patienceOfAStep, IfNotRunning::leave, std::move(then));
 }
 
-void BusErrand::watch(const Signal& signal, std::function<void(GVariant*)> heard) {
+void BusRequest::watch(const Signal& signal, std::function<void(GVariant*)> heard) {
     GDBusConnection* const connection = state->line(signal.bus).connection.get();
     const guint subscription = g_dbus_connection_signal_subscribe(
         connection, signal.service, signal.interface, signal.name, nullptr, signal.firstArgument,
@@ -204,25 +204,25 @@ void BusErrand::watch(const Signal& signal, std::function<void(GVariant*)> heard
     state->watches.push_back({connection, subscription});
 }
 
-void BusErrand::watchProperties(Bus bus, const char* service, const char* interface,
+void BusRequest::watchProperties(Bus bus, const char* service, const char* interface,
                                 Function changed) {
     watch({bus, service, "org.freedesktop.DBus.Properties", "PropertiesChanged", interface},
           [changed = std::move(changed)](GVariant* /*values*/) { changed(); });
 }
 
-void BusErrand::stopWaiting() {
+void BusRequest::stopWaiting() {
     state->timers.clear();
     for (const State::Watch& watch : std::exchange(state->watches, {})) {
         g_dbus_connection_signal_unsubscribe(watch.connection, watch.subscription);
     }
 }
 
-void BusErrand::after(Milliseconds delay, Function then) {
+void BusRequest::after(Milliseconds delay, Function then) {
     state->timers.push_back(
         startTimer(delay, [self = shared_from_this(), then = std::move(then)] { then(); }));
 }
 
-void BusErrand::callOff() {
+void BusRequest::callOff() {
     state->calledOff = true;
     stopWaiting();
     g_cancellable_cancel(state->cancellable.get());
@@ -232,7 +232,7 @@ void BusErrand::callOff() {
 }
 
 // The number of transactions that have not ended.
-struct BusErrands::Open {
+struct BusRequests::Open {
     std::mutex mutex;
     std::condition_variable fewer;
     int count = 0;
@@ -248,25 +248,25 @@ struct BusErrands::Open {
     }
 };
 
-BusErrands::BusErrands(DesktopThread& thread) : desktop(thread), open(std::make_shared<Open>()) {}
+BusRequests::BusRequests(DesktopThread& thread) : desktop(thread), open(std::make_shared<Open>()) {}
 
-BusErrands::~BusErrands() {
+BusRequests::~BusRequests() {
     for (const auto& weak : started) {
         desktop.submit([weak] {
-            if (const auto errand = weak.lock()) {
-                errand->callOff();
+            if (const auto request = weak.lock()) {
+                request->callOff();
             }
         });
     }
     open->waitForNone();
 }
 
-void BusErrands::start(std::shared_ptr<BusErrand> errand) {
+void BusRequests::start(std::shared_ptr<BusRequest> request) {
     open->change(1);
-    errand->counted = std::shared_ptr<void>(nullptr, [held = open](void*) { held->change(-1); });
+    request->counted = std::shared_ptr<void>(nullptr, [held = open](void*) { held->change(-1); });
     std::erase_if(started, [](const auto& earlier) { return earlier.expired(); });
-    started.push_back(errand);
-    desktop.submit([held = std::move(errand)] { held->begin(); });
+    started.push_back(request);
+    desktop.submit([held = std::move(request)] { held->begin(); });
 }
 
 } // namespace glidemap
