@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <deque>
+#include <future>
 #include <thread>
 
 namespace glidemap {
@@ -145,6 +146,20 @@ TEST_F(LinuxOverviewTest, ShellWithoutAnOverviewLeavesItToTheNext) {
     onBus(kwin).answer("shortcutNames", names("(['Overview'],)"));
     EXPECT_EQ(toggle("kglobalaccel"),
               (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
+}
+
+// Each lookup opens a connection to the bus, which limits how many there are.
+TEST_F(LinuxOverviewTest, PendingLookupServesEveryQuestion) {
+    onBus(gnome);
+    LinuxOverview overview(desktop, 600s);
+    std::promise<void> gate;
+    desktop.submit([opened = gate.get_future().share()] { opened.wait(); });
+    for (int question = 0; question < 1000; ++question) {
+        EXPECT_TRUE(overview.mayBeThere());
+    }
+    gate.set_value();
+    EXPECT_TRUE(journal.waitFor("Shell: nobody asks"));
+    EXPECT_EQ(journal.lines(), (Lines{"Shell get OverviewActive", "Shell: nobody asks"}));
 }
 
 TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {

@@ -4,9 +4,9 @@
 // A transaction opens its bus, makes its calls and closes the bus. Locking the screen and showing
 // the overview are rare, so no connection stays open in between and wakes the program.
 //
-// Thread:  BusErrands on the main thread; the transactions run and end on the desktop thread.
+// Thread:  BusRequests on the main thread; the transactions run and end on the desktop thread.
 // Owner:   its own callbacks keep a transaction alive until the chain ends. The destructor of
-//          BusErrands cancels pending transactions and waits until they have ended, which is
+//          BusRequests cancels pending transactions and waits until they have ended, which is
 //          immediate.
 // Errors:  as replies. Each step has a time limit; a cancelled transaction makes no further
 //          callback.
@@ -92,7 +92,7 @@ private:
     // Cancels the chain: pending callbacks only release their references.
     void callOff();
 
-    std::shared_ptr<void> counted; // goes last: the destructor of BusErrands waits for it
+    std::shared_ptr<void> counted; // goes last: the destructor of BusRequests waits for it
     const Milliseconds patienceOfAStep;
     std::unique_ptr<State> state;
 };

@@ -68,8 +68,16 @@ public:
     enum class Purpose { look, toggle };
 
     OverviewRequest(std::chrono::milliseconds patience, Purpose wanted,
-                    std::shared_ptr<std::atomic<bool>> foundOne)
-        : BusRequest(patience), purpose(wanted), found(std::move(foundOne)) {}
+                    std::shared_ptr<OverviewLookup> sharedLookup)
+        : BusRequest(patience), purpose(wanted), lookup(std::move(sharedLookup)) {}
+    OverviewRequest(const OverviewRequest&) = delete;
+    OverviewRequest& operator=(const OverviewRequest&) = delete;
+
+    ~OverviewRequest() override {
+        if (purpose == Purpose::look) {
+            lookup->isPending = false;
+        }
+    }
 
     void begin() override { askShell(0); }
 
@@ -91,7 +99,7 @@ private:
                      askShell(index + 1);
                      return;
                  }
-                 found->store(true);
+                 lookup->mayBeThere = true;
                  if (purpose == Purpose::toggle) {
                      setShown(shells[index], !*shown);
                  }
@@ -109,7 +117,7 @@ private:
     void askKWin() {
         call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusAnswer& answer) {
             const bool isThere = holds(answer.values, kwinShortcut);
-            found->store(isThere);
+            lookup->mayBeThere = isThere;
             if (purpose == Purpose::look) {
                 return;
             }
@@ -123,7 +131,7 @@ private:
     }
 
     const Purpose purpose;
-    const std::shared_ptr<std::atomic<bool>> found;
+    const std::shared_ptr<OverviewLookup> lookup;
 };
 
 } // namespace
@@ -133,13 +141,15 @@ LinuxOverview::LinuxOverview(DesktopThread& desktop, std::chrono::milliseconds a
 
 void LinuxOverview::toggle() {
     requests.start(
-        std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::toggle, found));
+        std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::toggle, lookup));
 }
 
 bool LinuxOverview::mayBeThere() {
-    const bool wasThere = found->load(); // before the next lookup can change it
-    requests.start(
-        std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::look, found));
+    const bool wasThere = lookup->mayBeThere; // before the next lookup can change it
+    if (!lookup->isPending.exchange(true)) {
+        requests.start(
+            std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::look, lookup));
+    }
     return wasThere;
 }
 

@@ -20,6 +20,12 @@
 
 namespace glidemap {
 
+// The result of the last lookup, shared with a pending one on the desktop thread.
+struct OverviewLookup {
+    std::atomic<bool> mayBeThere = true;
+    std::atomic<bool> isPending = false;
+};
+
 class LinuxOverview {
 public:
     explicit LinuxOverview(DesktopThread& desktop,
@@ -28,12 +34,13 @@ public:
     // Does not wait.
     void toggle();
 
-    // False if the last lookup found no overview. Starts the next lookup in the background.
+    // False if the last lookup found no overview. Starts the next lookup in the background, unless
+    // one is pending: each opens a connection to the bus, which limits how many there are.
     bool mayBeThere();
 
 private:
     const std::chrono::milliseconds patience;
-    std::shared_ptr<std::atomic<bool>> found = std::make_shared<std::atomic<bool>>(true);
+    std::shared_ptr<OverviewLookup> lookup = std::make_shared<OverviewLookup>();
     BusRequests requests;
 };
 
