@@ -157,8 +157,8 @@ void BusRequest::State::answered(GObject* connection, GAsyncResult* result, gpoi
 }
 
 void BusRequest::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
-                                 const char* /*path*/, const char* /*interface*/,
-                                 const char* /*signal*/, GVariant* values, gpointer heard) {
+                                  const char* /*path*/, const char* /*interface*/,
+                                  const char* /*signal*/, GVariant* values, gpointer heard) {
     const Heard copy = *static_cast<Heard*>(heard); // the callback may end the watch
     copy(values);
 }
@@ -171,7 +171,7 @@ BusRequest::~BusRequest() {
 }
 
 void BusRequest::call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
-                     IfNotRunning ifNotRunning, Then then) {
+                      IfNotRunning ifNotRunning, Then then) {
     const std::shared_ptr<GVariant> held(
         arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr,
         [](GVariant* variant) { g_clear_pointer(&variant, g_variant_unref); });
@@ -205,7 +205,7 @@ void BusRequest::watch(const Signal& signal, std::function<void(GVariant*)> hear
 }
 
 void BusRequest::watchProperties(Bus bus, const char* service, const char* interface,
-                                Function changed) {
+                                 Function changed) {
     watch({bus, service, "org.freedesktop.DBus.Properties", "PropertiesChanged", interface},
           [changed = std::move(changed)](GVariant* /*values*/) { changed(); });
 }

@@ -28,7 +28,7 @@ bool sameToTheListener(const std::vector<WindowIdentity>& some,
 } // namespace
 
 void ReportedWindows::report(WindowListener& listener, std::vector<WindowIdentity> windows,
-                       std::optional<WindowIdentity> active) {
+                             std::optional<WindowIdentity> active) {
     if (!reportedWindows || !sameToTheListener(*reportedWindows, windows)) {
         reportedWindows = std::move(windows);
         listener.windowsChanged(*reportedWindows);

@@ -20,7 +20,7 @@ public:
     // Takes the current state. The first call reports everything, later calls only changes. The
     // windows come first, so that an active window that is listed is already known.
     void report(WindowListener& listener, std::vector<WindowIdentity> windows,
-              std::optional<WindowIdentity> active);
+                std::optional<WindowIdentity> active);
 
 private:
     std::optional<std::vector<WindowIdentity>> reportedWindows;
