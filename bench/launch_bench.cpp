@@ -63,7 +63,7 @@ private:
     int descriptor = -1;
 };
 
-// What the bare process does: for each byte of its input it starts the program, and says when it began to.
+// The bare process: for each byte of its input it starts the program and reports when it began.
 int startWhenAsked(char* program, char* pipe) {
     std::array<char*, 3> arguments = {program, pipe, nullptr};
     for (char asked = 0; read(STDIN_FILENO, &asked, 1) == 1;) {

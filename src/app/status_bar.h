@@ -19,7 +19,7 @@ public:
         opensMenu,   // a click opens the menu, and the bar recolours the icon
     };
 
-    // What the item tells: gestures are on or off.
+    // Whether the item shows gestures as on.
     enum class Look { on, off };
 
     StatusBar() = default;

@@ -25,7 +25,7 @@ namespace glidemap {
 
 class StatusItem {
 public:
-    // What the item looks like in this kind of bar.
+    // The item's icon in this kind of bar.
     using Look = StatusBar::Look;
     using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 

@@ -1,4 +1,4 @@
-// What the keys of this system's keyboards are called.
+// The names of keys on this system's keyboards.
 //
 // Thread:  any; the usual kind is set once on startup, by the home that runs.
 // Errors:  none.

@@ -8,7 +8,7 @@ namespace glidemap {
 
 namespace {
 
-// A language of its own, whatever the interface's is.
+// A language of its own, independent of the interface's.
 struct FixedLanguage {
     explicit FixedLanguage(const std::string& code) { lang.setCode(code); }
 

@@ -1,4 +1,4 @@
-// Finds named things by what somebody types: each word of the text must be found somewhere in their
+// Finds named things by the text that a person types: each word of the text must be found somewhere in their
 // names, and upper and lower case are one.
 //
 // Thread:  any; plain values.
@@ -27,7 +27,7 @@ private:
     std::vector<std::string> words;
 };
 
-// What the function says in either language, whichever the interface has, in one text.
+// The function's texts in both languages, in one string.
 std::string searchableNames(const std::function<std::string(const Lang&)>& names);
 
 } // namespace glidemap

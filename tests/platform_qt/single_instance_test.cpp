@@ -104,11 +104,11 @@ protected:
         if (instance.claim({}) != Claim::first) {
             return 1;
         }
-        const auto deaf = instance.listen([&](const Request& request) {
+        const auto listenError = instance.listen([&](const Request& request) {
             asked = request;
             QTimer::singleShot(0, &Application::quit);
         });
-        if (deaf) {
+        if (listenError) {
             return 3;
         }
         listening.notify();
@@ -432,9 +432,9 @@ TEST_F(SingleInstanceTest, InstanceThatCannotListenReturnsTheErrorAndStaysFirst)
     Application application;
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);
-    const auto deaf = instance.listen([](const Request&) {});
-    ASSERT_NE(deaf, std::nullopt);
-    EXPECT_NE(*deaf, "");
+    const auto listenError = instance.listen([](const Request&) {});
+    ASSERT_NE(listenError, std::nullopt);
+    EXPECT_NE(*listenError, "");
     goOn.notify();
     EXPECT_EQ(second.waitForEnd(), static_cast<int>(Claim::unanswered));
 }

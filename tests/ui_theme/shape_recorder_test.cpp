@@ -33,7 +33,7 @@ private:
 
 class ShapeRecorderTest : public testing::Test {
 protected:
-    // What is written, as lines: how each shape is painted, and with which pen.
+    // The output as lines: how each shape is painted, and with which pen.
     std::vector<std::string> recorded(const std::function<void(QPainter&)>& paint) {
         QByteArray bytes;
         QDataStream out(&bytes, QIODevice::WriteOnly);

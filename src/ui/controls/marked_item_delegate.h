@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// What an entry stands for, as a number of its list's own.
+// The item data role with an entry's number, which its list defines.
 constexpr int entryValueRole = Qt::UserRole + 1;
 
 class MarkedItemDelegate : public QStyledItemDelegate {

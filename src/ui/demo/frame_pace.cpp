@@ -11,7 +11,7 @@ using std::chrono::nanoseconds;
 
 constexpr milliseconds timerDelay{1};
 
-// What screens have; anything else is a driver that does not know.
+// The refresh rates of real screens; a driver that reports another does not know its screen.
 constexpr double lowestRate = 20;
 constexpr double highestRate = 1000;
 constexpr double usualRate = 60;

@@ -77,7 +77,7 @@ public:
     // Whether the system shows sheets, and we only fill them.
     bool systemShowsSheets() const;
 
-    // Pins the appearance, whatever the desktop says; with nothing the desktop's holds again.
+    // Pins the appearance; nullopt follows the desktop's again.
     void pin(std::optional<ColorScheme> scheme);
     void pinReducedMotion(std::optional<bool> reduced);
     void pinCompositing(std::optional<bool> composites);

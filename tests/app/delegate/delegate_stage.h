@@ -95,10 +95,10 @@ public:
     // Whether a report of the driver arrives. Leaves no finger on the pad.
     bool hearsTouches() const;
 
-    // What the shell was notified of: each time whether gestures are on.
+    // The notifications of the shell: whether gestures are on.
     std::vector<bool> gestureStates;
 
-    // What happens while a widget is brought forward.
+    // Runs while a widget is brought forward.
     std::function<void(QWidget&)> onActivate;
 
     AppDelegate::Ports ports(); // called once, for the delegate below
