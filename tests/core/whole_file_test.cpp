@@ -93,15 +93,17 @@ int lockOf(const fs::path& path, int flags = O_RDONLY) {
     return held;
 }
 
-// How many descriptors of this process the file has.
-int timesOpen(const fs::path& path) {
+// How many descriptors of this process the file has. Looks by path: fstat() on the descriptor of another thread would be a
+// data race with its open() and close().
+int timesOpen(const fs::path& wantedPath) {
     constexpr int moreThanThereAre = 256;
     struct stat wanted {};
-    EXPECT_EQ(stat(path.c_str(), &wanted), 0);
+    EXPECT_EQ(stat(wantedPath.c_str(), &wanted), 0);
     int count = 0;
     for (int descriptor = 0; descriptor < moreThanThereAre; ++descriptor) {
         struct stat status {};
-        count += fstat(descriptor, &status) == 0 && status.st_dev == wanted.st_dev &&
+        const std::string path = "/dev/fd/" + std::to_string(descriptor);
+        count += stat(path.c_str(), &status) == 0 && status.st_dev == wanted.st_dev &&
                          status.st_ino == wanted.st_ino
                      ? 1
                      : 0;
