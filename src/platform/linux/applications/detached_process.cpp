@@ -21,7 +21,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t longestIdentifier = 20; // in digits, with the final null
+constexpr std::size_t maxIdentifierSize = 20; // in digits, with the final null
 constexpr std::size_t stackSize = std::size_t{64} << 10U;
 
 // All data of the children, prepared by the parent: the children share its memory and may neither
@@ -49,7 +49,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
 }
 
 void writeDigits(pid_t number, char* to) {
-    std::array<char, longestIdentifier> reversed{};
+    std::array<char, maxIdentifierSize> reversed{};
     std::size_t count = 0;
     for (; number > 0; number /= 10) {
         reversed[count++] = static_cast<char>('0' + number % 10);
@@ -222,7 +222,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     if (!own.processVariable.empty()) {
         std::string variable = own.processVariable + "=";
         const std::size_t digits = variable.size();
-        variable.append(longestIdentifier, '\0');
+        variable.append(maxIdentifierSize, '\0');
         own.environment.push_back(std::move(variable));
         plan.identifierDigits = own.environment.back().data() + digits;
     }
