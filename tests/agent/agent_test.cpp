@@ -101,7 +101,7 @@ TEST_F(AgentTest, EveryGestureIsLoggedAndOneLocksTheScreen) {
     EXPECT_EQ(logOf(agent), "threeFingerSwipeUp → (no matching binding) @ (unknown)\n"
                             "fixAndTapLeft → Shortcut ⌥⌘← @ (unknown)\n"
                             "drawCircleClockwise → Lock Screen @ (unknown)\n");
-    EXPECT_TRUE(journal.waitFor("login1: nobody asks"));
+    EXPECT_TRUE(journal.waitFor("login1: no callers left"));
     const Journal::Lines lines = journal.lines();
     EXPECT_EQ(std::ranges::count(lines, "login1.Lock()"), 1);
     EXPECT_NE(contentOf(folder.path() / "data/Glidemap/bindings.json").find("\"drawCircle\""),

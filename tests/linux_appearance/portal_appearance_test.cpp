@@ -248,7 +248,7 @@ TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) 
         const PortalAppearance appearance(desktop, queue);
         ASSERT_TRUE(journal.waitFor(asked));
     }
-    EXPECT_TRUE(journal.waitFor("Desktop: nobody asks"));
+    EXPECT_TRUE(journal.waitFor("Desktop: no callers left"));
     EXPECT_EQ(queue.run(), 0U);
 }
 
@@ -260,7 +260,7 @@ TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
         settings = appearance.settings();
         EXPECT_EQ(next(appearance), "dark");
     }
-    EXPECT_TRUE(journal.waitFor("Desktop: nobody asks"));
+    EXPECT_TRUE(journal.waitFor("Desktop: no callers left"));
     EXPECT_EQ(described(*settings), "dark");
 }
 

@@ -179,7 +179,7 @@ TEST_F(LinuxWorkspaceTest, AnApplicationsIconIsAsItsEntryNamesIt) {
     EXPECT_EQ(workspace.iconOfApplication("drawn"), "org.example.Drawn");
     EXPECT_EQ(workspace.iconOfApplication("in a file"), "/opt/it.png");
     EXPECT_EQ(workspace.iconOfApplication("editor"), std::nullopt) << "it names none";
-    EXPECT_EQ(workspace.iconOfApplication("nobody"), std::nullopt);
+    EXPECT_EQ(workspace.iconOfApplication("missing"), std::nullopt);
     EXPECT_EQ(workspace.iconOfApplication("../applications/drawn"), std::nullopt);
 }
 

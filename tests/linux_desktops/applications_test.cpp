@@ -1,13 +1,15 @@
 // The frontmost application, the running ones, and launching one, on each desktop.
 #include "desktop_test_base.h"
+#include "kit/leash.h"
 #include "kit/temporary_folder.h"
-#include "leash.h"
 #include "seen_workspace.h"
 
 #include <gmock/gmock.h>
 
 namespace glidemap::desktops {
 namespace {
+
+using test::Leash;
 
 class ApplicationsTest : public DesktopTest {
 protected:

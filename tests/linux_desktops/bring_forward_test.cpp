@@ -2,7 +2,7 @@
 #include "desktop_test_base.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
-#include "leash.h"
+#include "kit/leash.h"
 #include "platform/linux/windows/desktop_backends.h"
 #include "platform/linux/windows/desktop_thread.h"
 #include "seen_workspace.h"
@@ -20,6 +20,8 @@
 
 namespace glidemap::desktops {
 namespace {
+
+using test::Leash;
 
 // The title of the active window, as a new backend reports it.
 class ActiveTitle {

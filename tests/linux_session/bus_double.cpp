@@ -97,7 +97,7 @@ void BusDouble::State::callerLeft(GDBusConnection* /*connection*/, const char* n
     auto& self = *static_cast<State*>(state);
     self.callers.erase(name);
     if (self.callers.empty()) {
-        self.journal.add(self.shortName() + ": nobody asks");
+        self.journal.add(self.shortName() + ": no callers left");
     }
 }
 

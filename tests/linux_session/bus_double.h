@@ -1,7 +1,7 @@
 // A fake service on a test's bus, with a real interface, that records its calls.
 //
 // The journal has lines "NAME.METHOD(ARGUMENTS)", "NAME get PROPERTY" and "NAME set PROPERTY
-// VALUE", where NAME is the last part of the bus name. The line "NAME: nobody asks" follows when
+// VALUE", where NAME is the last part of the bus name. The line "NAME: no callers left" follows when
 // the last caller has left the bus, after all its calls.
 //
 // Thread:  created and destroyed on the test's thread; replies on its own thread.

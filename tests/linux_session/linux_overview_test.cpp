@@ -59,9 +59,10 @@ protected:
     Lines toggle(const std::string& askedLast) {
         LinuxOverview overview(desktop, 600s);
         overview.toggle();
-        EXPECT_TRUE(journal.waitFor(askedLast + ": nobody asks"));
+        EXPECT_TRUE(journal.waitFor(askedLast + ": no callers left"));
         Lines lines = journal.lines();
-        std::erase_if(lines, [](const std::string& line) { return line.ends_with("nobody asks"); });
+        std::erase_if(lines,
+                      [](const std::string& line) { return line.ends_with("no callers left"); });
         return lines;
     }
 
@@ -133,9 +134,9 @@ TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
         component.answer("shortcutNames", row.answer);
         LinuxOverview overview(desktop, 600s);
         overview.toggle();
-        EXPECT_TRUE(asked.waitFor("kglobalaccel: nobody asks"));
+        EXPECT_TRUE(asked.waitFor("kglobalaccel: no callers left"));
         EXPECT_EQ(asked.lines(),
-                  (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel: nobody asks"}))
+                  (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel: no callers left"}))
             << row.what;
     }
 }
@@ -158,8 +159,8 @@ TEST_F(LinuxOverviewTest, PendingLookupServesEveryQuestion) {
         EXPECT_TRUE(overview.mayBeThere());
     }
     gate.set_value();
-    EXPECT_TRUE(journal.waitFor("Shell: nobody asks"));
-    EXPECT_EQ(journal.lines(), (Lines{"Shell get OverviewActive", "Shell: nobody asks"}));
+    EXPECT_TRUE(journal.waitFor("Shell: no callers left"));
+    EXPECT_EQ(journal.lines(), (Lines{"Shell get OverviewActive", "Shell: no callers left"}));
 }
 
 TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {
@@ -174,7 +175,7 @@ TEST_F(LinuxOverviewTest, LookupShowsNothing) {
     BusDouble& gnomeShell = onBus(gnome);
     LinuxOverview overview(desktop, 600s);
     overview.mayBeThere();
-    EXPECT_TRUE(journal.waitFor("Shell: nobody asks"));
+    EXPECT_TRUE(journal.waitFor("Shell: no callers left"));
     EXPECT_FALSE(gnomeShell.property("OverviewActive"));
     EXPECT_TRUE(overview.mayBeThere());
 }
@@ -186,7 +187,7 @@ TEST_F(LinuxOverviewTest, DestructionDoesNotWaitForAReply) {
         overview.toggle();
         ASSERT_TRUE(journal.waitFor("kglobalaccel.shortcutNames()"));
     }
-    EXPECT_TRUE(journal.waitFor("kglobalaccel: nobody asks"));
+    EXPECT_TRUE(journal.waitFor("kglobalaccel: no callers left"));
 }
 
 // The shell is installed but another desktop runs.

@@ -1,5 +1,6 @@
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
+#include "kit/leash.h"
 #include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
@@ -99,7 +100,8 @@ protected:
         queue.run();
         Lines lines = journal.lines();
         std::erase(lines, "let go");
-        std::erase_if(lines, [](const std::string& line) { return line.ends_with("nobody asks"); });
+        std::erase_if(lines,
+                      [](const std::string& line) { return line.ends_with("no callers left"); });
         return lines;
     }
 
@@ -218,8 +220,8 @@ TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsCalled) {
         const BusDouble saver(sessionBus.address(), row.service, asked);
         LinuxScreenLock screenLock(desktop, queue, endless);
         screenLock.lock(otherwise());
-        EXPECT_TRUE(asked.waitFor("ScreenSaver: nobody asks"));
-        EXPECT_EQ(asked.lines(), (Lines{row.asked, "ScreenSaver: nobody asks"}));
+        EXPECT_TRUE(asked.waitFor("ScreenSaver: no callers left"));
+        EXPECT_EQ(asked.lines(), (Lines{row.asked, "ScreenSaver: no callers left"}));
     }
     const Lines lines = journal.lines();
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
@@ -366,12 +368,12 @@ protected:
         environment = {{"DISPLAY", ":" + name}};
     }
 
-    std::string untilTheTestEnds() const {
-        return "while [ -e " + programs.folder() + " ]; do /bin/sleep 0.05; done";
-    }
+    std::string untilTheTestEnds() const { return "read end <" + leash.path.string(); }
 
     std::optional<InEnvironment> ownDisplay;
     desktops::Environment environment;
+    const test::TemporaryFolder pipes;
+    const test::Leash leash{pipes.path() / "leash"};
 };
 
 TEST_F(SessionLockTest, DaemonsCommandLocksIfNoServiceDoes) {

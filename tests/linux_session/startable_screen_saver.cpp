@@ -24,5 +24,5 @@ int main(int count, char* arguments[]) {
          "<interface name='org.gnome.ScreenSaver'><method name='Lock'/></interface>",
          {{"Lock", lock}}},
         journal);
-    return journal.waitFor("ScreenSaver: nobody asks") ? 0 : 1;
+    return journal.waitFor("ScreenSaver: no callers left") ? 0 : 1;
 }

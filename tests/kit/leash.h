@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <utility>
 
-namespace glidemap::desktops {
+namespace glidemap::test {
 
 class Leash {
 public:
@@ -34,4 +34,4 @@ private:
     int descriptor = -1;
 };
 
-} // namespace glidemap::desktops
+} // namespace glidemap::test
