@@ -1,6 +1,7 @@
 // The program in a session that becomes inactive, is locked, and gets touchpads and access while it
 // runs: on a real kernel, with a double of logind on a private bus.
 
+#include "access_list.h"
 #include "agent_session.h"
 #include "desktops/private_bus.h"
 #include "device_reader.h"
@@ -22,6 +23,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -38,6 +40,7 @@ using testing::Not;
 
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* uinput = "/dev/uinput";
+constexpr uid_t nobody = 65534;
 
 // Longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
@@ -281,31 +284,60 @@ TEST_F(SessionTest, SecondTouchpadIsReadBesideTheFirst) {
     EXPECT_TRUE(keys.waitForKey(KEY_S, 0));
 }
 
-TEST_F(SessionTest, AccessGrantedAtRunTimeNeedsNoRestart) {
+// How a system grants access to a node: udev by its mode, logind by its access list.
+struct Granting {
+    std::string name;
+    std::function<void(const std::filesystem::path& node)> allow;
+    std::function<void(const std::filesystem::path& node)> withdraw;
+};
+
+void setMode(const std::filesystem::path& node, mode_t mode) {
+    ASSERT_EQ(chmod(node.c_str(), mode), 0);
+}
+
+const Granting waysOfGranting[] = {
+    {"Mode", [](const auto& node) { setMode(node, 0666); },
+     [](const auto& node) {
+         setMode(node, 0600);
+     }},
+    {"AccessList", [](const auto& node) { allow(node, nobody); },
+     [](const auto& node) {
+         withdraw(node);
+     }},
+};
+
+class SessionAccessTest : public SessionTest, public testing::WithParamInterface<Granting> {
+protected:
+    void SetUp() override {
+        SessionTest::SetUp();
+        setMode(pad.node(), 0600);
+        setMode(uinput, 0600);
+    }
+};
+
+TEST_P(SessionAccessTest, AccessGrantedAtRunTimeNeedsNoRestart) {
     home.writeBindings({typesT});
     home.giveToNobody();
-    ASSERT_EQ(chmod(pad.node().c_str(), 0600), 0);
-    ASSERT_EQ(chmod(uinput, 0600), 0);
     Agent agent(Process::User::nobody);
     EXPECT_FALSE(isReading(agent));
     EXPECT_THAT(nodesNamed(keyboardName), IsEmpty());
-    ASSERT_EQ(chmod(uinput, 0666), 0);
+    GetParam().allow(uinput);
     DeviceReader keys(keyboardNode());
-    ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+    GetParam().allow(pad.node());
     DeviceReader clone(cloneNode());
     hand.waitUntilTaken(clone);
     hand.click(2);
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
     EXPECT_TRUE(agent.waitForLog("twoFingerClick → Shortcut T"));
-    EXPECT_EQ(chmod(uinput, 0600), 0);
+    GetParam().withdraw(uinput);
 }
 
 // An open descriptor outlives the rights to the node, so the program must look itself.
-TEST_F(SessionTest, AccessThatIsTakenAwayGivesTheTouchpadBackUntilItIsGivenAgain) {
+TEST_P(SessionAccessTest, AccessThatIsTakenAwayGivesTheTouchpadBackUntilItIsGivenAgain) {
     home.writeBindings({typesT, tapTypesS});
     home.giveToNobody();
-    ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
-    ASSERT_EQ(chmod(uinput, 0666), 0);
+    GetParam().allow(pad.node());
+    GetParam().allow(uinput);
     Agent agent(Process::User::nobody);
     DeviceReader keys(keyboardNode());
     for (int turn = 0; turn < 3; ++turn) {
@@ -319,7 +351,7 @@ TEST_F(SessionTest, AccessThatIsTakenAwayGivesTheTouchpadBackUntilItIsGivenAgain
         hand.down(1).press();
         ASSERT_TRUE(reader.waitForKey(BTN_LEFT, 1)) << "turn " << turn;
 
-        ASSERT_EQ(chmod(pad.node().c_str(), 0600), 0);
+        GetParam().withdraw(pad.node());
         ASSERT_TRUE(waitForNoNode(clone)) << "turn " << turn;
         EXPECT_TRUE(agent.waitUntilAsleep());
         EXPECT_FALSE(isReading(agent));
@@ -332,12 +364,15 @@ TEST_F(SessionTest, AccessThatIsTakenAwayGivesTheTouchpadBackUntilItIsGivenAgain
         hand.tap(3);
         hand.pause(betweenGestures);
 
-        ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
+        GetParam().allow(pad.node());
     }
     EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
     EXPECT_EQ(countOf(keys, KEY_S, 1), 0);
-    EXPECT_EQ(chmod(uinput, 0600), 0);
+    GetParam().withdraw(uinput);
 }
+
+INSTANTIATE_TEST_SUITE_P(By, SessionAccessTest, testing::ValuesIn(waysOfGranting),
+                         [](const auto& granting) { return granting.param.name; });
 
 } // namespace
 } // namespace glidemap::vm

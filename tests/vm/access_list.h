@@ -1,0 +1,17 @@
+// The access list of a device node, as logind changes it: the node's mode bits stay closed to
+// others, and one more user may read and write.
+//
+// Thread:  any.
+// Errors:  a failed change fails the test.
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+
+namespace glidemap::vm {
+
+void allow(const std::filesystem::path& node, uid_t user);
+void withdraw(const std::filesystem::path& node);
+
+} // namespace glidemap::vm
