@@ -1,3 +1,4 @@
+#include "kit/find_widget.h"
 #include "kit/qt_waiting.h"
 #include "ui/controls/dimmed.h"
 #include "ui/controls/popover.h"
@@ -433,10 +434,10 @@ TEST_F(BindingListViewTest, ThinLinesLieOnlyBetweenTheRows) {
 TEST_F(BindingListViewTest, ButtonsOfARowAreFaintUnlessSelectedOrHovered) {
     open(defaultBindings());
     const auto areFaint = [&](std::size_t index) {
-        const auto* const edit = stage->row(index)->findChild<SymbolButton*>("edit");
-        const auto* const trash = stage->row(index)->findChild<SymbolButton*>("delete");
-        EXPECT_EQ(edit->isFaint(), trash->isFaint());
-        return edit->isFaint();
+        const auto& edit = kit::find<SymbolButton>(*stage->row(index), "edit");
+        const auto& trash = kit::find<SymbolButton>(*stage->row(index), "delete");
+        EXPECT_EQ(edit.isFaint(), trash.isFaint());
+        return edit.isFaint();
     };
     for (const std::size_t index : {0, 1}) { // ignores the earlier position of the pointer
         stage->row(index)->setAttribute(Qt::WA_UnderMouse, false);
