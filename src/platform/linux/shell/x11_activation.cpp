@@ -1,6 +1,6 @@
 #include "platform/linux/shell/x11_activation.h"
 
-#include "platform/linux/windows/launch_messages.h"
+#include "platform/linux/desktop/launch_messages.h"
 
 #include <xcb/xcb.h>
 
