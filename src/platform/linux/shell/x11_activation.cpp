@@ -91,4 +91,10 @@ void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::stri
     xcb_flush(connection);
 }
 
+void endLaunchOnX11(xcb_connection_t* connection, std::uint32_t window,
+                    std::string_view startupID) {
+    notifyLauncher(connection, window, startupID);
+    xcb_flush(connection);
+}
+
 } // namespace glidemap
