@@ -7,7 +7,7 @@
 #include "desktops/private_bus.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/applications/linux_workspace.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <fcntl.h>
 #include <spawn.h>

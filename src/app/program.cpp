@@ -8,11 +8,11 @@
 #include "core/lang.h"
 #include "core/log.h"
 #include "input/multitouch_device_manager.h"
-#include "platform/home.h"
 #include "platform/qt/qt_main_queue.h"
 #include "platform/qt/session_end.h"
 #include "platform/qt/single_instance.h"
 #include "platform/qt/termination_signals.h"
+#include "platform/services.h"
 #include "ui/settings/settings_window.h"
 #include "ui/theme/application_icon.h"
 #include "ui/theme/template_icon.h"
@@ -51,9 +51,27 @@ void complain(const std::string& message) {
     std::cerr << "glidemap: " << message << std::endl;
 }
 
+// The services may report before the delegate exists. It looks at the devices when it starts.
+platform::SystemEvents systemEvents() {
+    return {
+        .devicesMayHaveChanged =
+            [] {
+                if (const auto held = theDelegate.lock()) {
+                    held->devicesMayHaveChanged();
+                }
+            },
+        .reopened =
+            [] {
+                if (const auto held = theDelegate.lock()) {
+                    held->showSettings();
+                }
+            },
+    };
+}
+
 class Program {
 public:
-    explicit Program(QApplication& application);
+    Program(QApplication& application, const SingleInstance::Request& activation);
 
     void run(SingleInstance& instance);
 
@@ -64,37 +82,31 @@ private:
     std::unique_ptr<StatusItem> makeStatusItem();
     std::unique_ptr<QWidget> makeSettingsWindow(const AppDelegate::Shown& shown);
 
-    std::shared_ptr<UserDefaults> defaults = Home::userDefaults();
+    std::shared_ptr<UserDefaults> defaults = platform::makeUserDefaults();
     std::shared_ptr<QtMainQueue> mainQueue = std::make_shared<QtMainQueue>();
-    std::unique_ptr<Home> home = Home::make(mainQueue);
-    const Home::Ports& ports = home->ports();
+    const platform::Services services;
     std::shared_ptr<AppDelegate> delegate;
 };
 
-Program::Program(QApplication& application) {
+Program::Program(QApplication& application, const SingleInstance::Request& activation)
+    : services(platform::makeServices(mainQueue, activation, systemEvents())) {
     Lang::configureShared(defaults);
-    Theme::configureShared(ports.appearance);
+    Theme::configureShared(services.appearance);
     Theme::shared().applyTo(application);
-    setUsualKeyboard(ports.keyboardKind);
+    setUsualKeyboard(services.keyboardKind);
     delegate = AppDelegate::create(delegatePorts());
     theDelegate = delegate;
-    home->onDevicesChanged = [this] {
-        delegate->devicesMayHaveChanged();
-    };
-    home->onReopen = [this] {
-        delegate->showSettings();
-    };
 }
 
 AppDelegate::Ports Program::delegatePorts() {
     return {
-        .shell = ports.shell,
-        .trust = ports.trust,
-        .workspace = ports.workspace,
-        .clickTap = ports.clickTap,
-        .session = ports.session,
+        .shell = services.shell,
+        .trust = services.trust,
+        .workspace = services.workspace,
+        .clickTap = services.clickTap,
+        .session = services.session,
         .engine = TouchEngine::shared(),
-        .makeStore = [this] { return std::make_shared<BindingStore>(ports.dataFolder); },
+        .makeStore = [this] { return std::make_shared<BindingStore>(services.dataFolder); },
         .makeUpdateChecker = [this] { return makeUpdateChecker(); },
         .makeDispatcher = [this](auto store) { return makeDispatcher(std::move(store)); },
         .makeStatusItem = [this] { return makeStatusItem(); },
@@ -104,7 +116,7 @@ AppDelegate::Ports Program::delegatePorts() {
 
 std::shared_ptr<UpdateChecker> Program::makeUpdateChecker() {
     UpdateChecker::Setup setup;
-    setup.currentVersion = ports.version;
+    setup.currentVersion = services.version;
     return UpdateChecker::create(std::move(setup));
 }
 
@@ -113,10 +125,10 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
         .store = std::move(store),
         .defaults = defaults,
         .mainQueue = mainQueue,
-        .workspace = ports.workspace,
-        .actionRunner = std::make_shared<ActionRunner>(
-            ActionRunner::Ports{ports.workspace, ports.keyboard, ports.screenLock, ports.session}),
-        .session = ports.session,
+        .workspace = services.workspace,
+        .actionRunner = std::make_shared<ActionRunner>(ActionRunner::Ports{
+            services.workspace, services.keyboard, services.screenLock, services.session}),
+        .session = services.session,
     });
 }
 
@@ -124,8 +136,8 @@ std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
     constexpr double dimmedIcon = 0.45; // like the installed icon
     auto item = std::make_unique<StatusItem>(
-        ports.statusBar, [on = ports.installedIcon, off = ports.installedIconOff](
-                             StatusBar::Kind kind, StatusItem::Look look) {
+        services.statusBar, [on = services.installedIcon, off = services.installedIconOff](
+                                StatusBar::Kind kind, StatusItem::Look look) {
             const bool isOn = look == StatusItem::Look::on;
             const double strength = isOn ? 1 : dimmedIcon;
             switch (kind) {
@@ -142,26 +154,26 @@ std::unique_ptr<StatusItem> Program::makeStatusItem() {
 }
 
 std::unique_ptr<QWidget> Program::makeSettingsWindow(const AppDelegate::Shown& shown) {
-    const SettingsView::Services services{
+    const SettingsView::Services settingsServices{
         .store = shown.store,
         .dispatcher = shown.dispatcher,
         .updates = shown.updateChecker,
-        .workspace = ports.workspace,
-        .trust = ports.trust,
-        .loginItems = ports.loginItems,
-        .keys = ports.keyPresses,
+        .workspace = services.workspace,
+        .trust = services.trust,
+        .loginItems = services.loginItems,
+        .keys = services.keyPresses,
         .devices = &MultitouchDeviceManager::shared(),
-        .desktopHelper = ports.desktopHelper,
-        .notes = ports.notes,
+        .desktopHelper = services.desktopHelper,
+        .notes = services.notes,
     };
-    return std::make_unique<SettingsWindow>(services, ports.windowGeometry);
+    return std::make_unique<SettingsWindow>(settingsServices, services.windowGeometry);
 }
 
 void Program::run(SingleInstance& instance) {
-    const TerminationSignals endings([this] { ports.shell->terminate(); }, endLimit);
-    const SessionEnd sessionEnd([this] { ports.shell->terminate(); });
+    const TerminationSignals endings([this] { services.shell->terminate(); }, endLimit);
+    const SessionEnd sessionEnd([this] { services.shell->terminate(); });
     const auto listenError = instance.listen([this](const SingleInstance::Request& request) {
-        home->takeActivationToken(request);
+        services.useActivationToken(request);
         delegate->showSettings();
     });
     if (listenError) {
@@ -178,63 +190,76 @@ void introduce() {
     QApplication::setApplicationName("Glidemap"); // also the window class on X11
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
-    if (Home::windowsHaveIcons()) {
+    if (platform::windowsHaveIcons()) {
         QGuiApplication::setWindowIcon(applicationIcon());
     }
 }
 
-void runFirst(SingleInstance& instance, char** arguments) {
-    const auto finishBeginning = Home::begin();
+// The application object. The fonts are read while it connects to the display.
+class Application {
+public:
+    explicit Application(char** arguments) : object(count, arguments) {
+        introduce();
+        awaitFonts();
+        restoreBus();
+    }
+
+private:
+    const std::function<void()> restoreBus = platform::hideSilentBus();
+    const std::function<void()> awaitFonts = platform::startFontScan();
     int count = onlyTheName;
-    QApplication application(count, arguments);
-    introduce();
-    finishBeginning();
-    Program program(application);
+
+public:
+    QApplication object;
+};
+
+void runFirst(SingleInstance& instance, const SingleInstance::Request& activation,
+              char** arguments) {
+    Application application(arguments);
+    Program program(application.object, activation);
     std::atexit(endInOrder);
     program.run(instance);
 }
 
 // Shows the message on screen, too: a user who starts the program by its icon sees no terminal.
-int refuse(const char* complaint, AlertText (*text)(const Lang&), char** arguments) {
+int refuse(const char* complaint, AlertText (*text)(const Lang&),
+           const SingleInstance::Request& activation, char** arguments) {
     complain(complaint);
-    if (Home::hasDisplay()) {
-        const auto finishBeginning = Home::begin();
-        int count = onlyTheName;
-        QApplication application(count, arguments);
-        introduce();
-        finishBeginning();
+    if (platform::hasDisplay()) {
+        Application application(arguments);
         QtMainQueue mainQueue;
-        Lang::configureShared(Home::userDefaults());
-        const Home::AppearanceAlone appearance = Home::appearanceAlone(mainQueue);
-        Theme::configureShared(appearance.settings);
-        Theme::shared().applyTo(application);
+        Lang::configureShared(platform::makeUserDefaults());
+        const platform::AlertServices services = platform::makeAlertServices(mainQueue, activation);
+        Theme::configureShared(services.appearance);
+        Theme::shared().applyTo(application.object);
         Alert(text, Lang::shared()).exec();
     }
     return EXIT_FAILURE;
 }
 
 int launch(char** arguments) {
-    SingleInstance instance(Home::runtimeFolder());
-    switch (instance.claim(Home::activationToken())) {
+    const SingleInstance::Request activation = platform::takeActivationToken();
+    SingleInstance instance(platform::runtimeFolder());
+    switch (instance.claim(activation)) {
     case SingleInstance::Claim::shown:
         logLine("start",
                 "Glidemap runs already and shows its window; end it to log from the start");
         return EXIT_SUCCESS;
     case SingleInstance::Claim::unanswered:
-        return refuse("already running, but not responding", unansweredText, arguments);
+        return refuse("already running, but not responding", unansweredText, activation, arguments);
     case SingleInstance::Claim::impossible:
         return refuse("cannot check for a running instance: no folder for the lock file",
-                      withoutLockText, arguments);
+                      withoutLockText, activation, arguments);
     case SingleInstance::Claim::first:
         break;
     }
-    runFirst(instance, arguments);
+    runFirst(instance, activation, arguments);
     return EXIT_SUCCESS;
 }
 
 // Skips destructors: a thread may still wait for a bus, and would block an ordinary exit.
 [[noreturn]] void diagnose() {
-    std::cout << Home::diagnosis(GLIDEMAP_VERSION) << std::flush;
+    std::cout << platform::diagnosis(GLIDEMAP_VERSION) << std::flush;
     std::_Exit(std::cout.good() ? EXIT_SUCCESS : EXIT_FAILURE);
 }
 

@@ -1,7 +1,7 @@
 #include "headless_glidemap.h"
 
 #include "core/lang.h"
-#include "platform/linux/session/user_folders.h"
+#include "platform/linux/desktop/user_folders.h"
 #include "platform/qt/qt_user_defaults.h"
 #include "recognition/touch_engine.h"
 

@@ -11,7 +11,7 @@
 #include "core/uuid.h"
 #include "dispatch/gesture_dispatcher.h"
 #include "dispatch/gesture_runtime.h"
-#include "platform/linux/services/linux_services.h"
+#include "platform/linux/shell/linux_services.h"
 #include "platform/qt/qt_main_queue.h"
 
 #include <functional>

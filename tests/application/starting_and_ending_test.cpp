@@ -1,6 +1,9 @@
 // The program's startup and exit, as the user and the desktop observe them.
 #include "application_test_base.h"
 #include "linux_session/silent_socket.h"
+#include "x_reply.h"
+
+#include <xcb/xcb.h>
 
 #include <csignal>
 
@@ -8,6 +11,38 @@ namespace glidemap::application {
 namespace {
 
 class StartingAndEndingTest : public ApplicationTest {};
+
+// What programs broadcast on the stage's display, all pieces joined.
+class Broadcasts {
+public:
+    explicit Broadcasts(const XDisplay& display) : connection(display.connection()) {
+        const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(connection, display.root(), XCB_CW_EVENT_MASK, &events);
+        xcb_flush(connection);
+    }
+
+    bool waitFor(const std::string& message) {
+        return waitUntil([&] {
+            read();
+            return text.find(message) != std::string::npos;
+        });
+    }
+
+private:
+    void read() {
+        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection)}) {
+            if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE) {
+                const auto* const message =
+                    reinterpret_cast<const xcb_client_message_event_t*>(event.get());
+                const auto* const piece = reinterpret_cast<const char*>(message->data.data8);
+                text.append(piece, sizeof message->data.data8);
+            }
+        }
+    }
+
+    xcb_connection_t* const connection;
+    std::string text;
+};
 
 TEST_F(StartingAndEndingTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
     Stage stage;
@@ -152,6 +187,27 @@ TEST_F(StartingAndEndingTest, MissingLockFolderIsReportedToTheUser) {
     glidemap.waitFor("label", "Glidemap could not start");
     stage.display.close(*glidemap.window());
     EXPECT_EQ(glidemap.waitForEnd(), 1);
+}
+
+// Otherwise the launcher shows for some seconds that the program starts.
+TEST_F(StartingAndEndingTest, FirstWindowEndsTheLaunch) {
+    Stage stage;
+    Broadcasts broadcasts(stage.display);
+    auto command = stage.command();
+    command.environment["DESKTOP_STARTUP_ID"] = "launcher-1_TIME1";
+    {
+        RunningGlidemap glidemap(stage, command);
+        ASSERT_TRUE(glidemap.waitForWindow());
+        EXPECT_TRUE(broadcasts.waitFor("remove: ID=\"launcher-1_TIME1\""));
+        EXPECT_EQ(glidemap.end(SIGTERM), 0);
+    }
+    command.environment["DESKTOP_STARTUP_ID"] = "launcher-2_TIME1";
+    command.environment["XDG_RUNTIME_DIR"] = "/dev/null"; // only an alert appears
+    RunningGlidemap alert(stage, command);
+    ASSERT_TRUE(alert.waitForWindow());
+    EXPECT_TRUE(broadcasts.waitFor("remove: ID=\"launcher-2_TIME1\""));
+    stage.display.close(*alert.window());
+    EXPECT_EQ(alert.waitForEnd(), 1);
 }
 
 TEST_F(StartingAndEndingTest, FailureToListenIsReportedAndTheProgramRuns) {

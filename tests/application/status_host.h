@@ -6,7 +6,7 @@
 // Errors:  none.
 #pragma once
 
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <memory>
 #include <optional>

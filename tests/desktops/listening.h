@@ -6,7 +6,7 @@
 // Errors:  none; the test checks whether the backend has started.
 #pragma once
 
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/windows/window_backend.h"
 
 #include <optional>

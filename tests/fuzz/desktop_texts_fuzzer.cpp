@@ -9,14 +9,14 @@
 //   - the program reads the texts that it writes: an Exec line, the name of a scope;
 //   - a window's entry is one of the existing entries, or null;
 //   - the portal's last colour scheme counts, not the earlier ones.
-#include "platform/linux/appearance/appearance_values.h"
 #include "platform/linux/applications/application_matcher.h"
 #include "platform/linux/applications/application_name.h"
-#include "platform/linux/applications/application_scope.h"
 #include "platform/linux/applications/command_line.h"
 #include "platform/linux/applications/systemd_unit.h"
-#include "platform/linux/session/exec_line.h"
-#include "platform/linux/windows/kwin_script.h"
+#include "platform/linux/desktop/application_scope.h"
+#include "platform/linux/desktop/exec_line.h"
+#include "platform/linux/shell/appearance_values.h"
+#include "platform/linux/windows/kwin/kwin_script.h"
 #include "require.h"
 
 #include <gio/gio.h>

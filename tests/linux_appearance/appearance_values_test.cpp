@@ -1,4 +1,4 @@
-#include "platform/linux/appearance/appearance_values.h"
+#include "platform/linux/shell/appearance_values.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>

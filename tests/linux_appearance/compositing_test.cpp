@@ -1,6 +1,6 @@
 #include "desktops/scoped_environment.h"
 #include "linux_windows/x11/x_server.h"
-#include "platform/linux/appearance/compositing.h"
+#include "platform/linux/shell/compositing.h"
 
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>

@@ -4,8 +4,8 @@
 #include "kit/temporary_folder.h"
 #include "linux_session/bus_double.h"
 #include "linux_session/silent_socket.h"
-#include "platform/linux/appearance/portal_appearance.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/shell/portal_appearance.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>

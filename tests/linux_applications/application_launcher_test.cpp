@@ -3,8 +3,8 @@
 #include "desktops/scoped_environment.h"
 #include "launch_reports.h"
 #include "platform/linux/applications/application_launcher.h"
-#include "platform/linux/applications/application_scope.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/application_scope.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "service_double.h"
 
 #include <fcntl.h>

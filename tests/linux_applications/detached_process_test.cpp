@@ -1,7 +1,7 @@
 #include "application_folder.h"
 #include "desktops/scoped_environment.h"
 #include "launch_reports.h"
-#include "platform/linux/applications/detached_process.h"
+#include "platform/linux/desktop/detached_process.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

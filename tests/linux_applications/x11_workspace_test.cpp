@@ -6,7 +6,7 @@
 #include "linux_windows/x11/x_client.h"
 #include "linux_windows/x11/x_server.h"
 #include "platform/linux/applications/linux_workspace.h"
-#include "platform/linux/windows/x11_backend.h"
+#include "platform/linux/windows/x11/x11_backend.h"
 #include "service_double.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/clicks/linux_click_tap.h"
+#include "platform/linux/access/linux_click_tap.h"
 
 #include <gtest/gtest.h>
 

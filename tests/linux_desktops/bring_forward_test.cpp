@@ -3,8 +3,8 @@
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "kit/leash.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/windows/desktop_backends.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "seen_workspace.h"
 #include "waiting.h"
 

@@ -6,8 +6,8 @@
 #pragma once
 
 #include "platform/linux/applications/linux_workspace.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/windows/desktop_backends.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "waiting.h"
 
 #include <gtest/gtest.h>

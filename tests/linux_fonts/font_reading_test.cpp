@@ -1,6 +1,6 @@
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
-#include "platform/linux/fonts/font_reading.h"
+#include "platform/linux/shell/font_reading.h"
 
 #include <fontconfig/fontconfig.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Types while keys are held, on a real X server. The server has no keyboard here; another program
 // holds the keys. Tests with the kernel's keyboards cover keys that a user holds.
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "platform/linux/keyboard/x11_server.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "x_stage.h"
 
 #include <gtest/gtest.h>

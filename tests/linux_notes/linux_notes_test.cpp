@@ -1,5 +1,5 @@
 #include "kit/queued_main_queue.h"
-#include "platform/linux/notes/linux_notes.h"
+#include "platform/linux/shell/linux_notes.h"
 
 #include <gmock/gmock.h>
 

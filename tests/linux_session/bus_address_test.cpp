@@ -1,6 +1,6 @@
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
-#include "platform/linux/session/bus_address.h"
+#include "platform/linux/desktop/bus_address.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,7 @@
 #pragma once
 
 #include "linux_session/journal.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <functional>
 #include <map>

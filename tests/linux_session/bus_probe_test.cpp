@@ -1,7 +1,7 @@
 #include "desktops/private_bus.h"
 #include "kit/patience.h"
 #include "linux_session/silent_socket.h"
-#include "platform/linux/windows/bus_probe.h"
+#include "platform/linux/desktop/bus_probe.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "kit/temporary_folder.h"
-#include "platform/linux/session/exec_line.h"
+#include "platform/linux/desktop/exec_line.h"
 
 #include <gtest/gtest.h>
 

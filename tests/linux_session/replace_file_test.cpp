@@ -1,5 +1,5 @@
 #include "kit/temporary_folder.h"
-#include "platform/linux/session/replace_file.h"
+#include "platform/linux/desktop/replace_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
-#include "platform/linux/session/user_folders.h"
+#include "platform/linux/desktop/user_folders.h"
 
 #include <gtest/gtest.h>
 

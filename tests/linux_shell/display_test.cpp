@@ -1,7 +1,7 @@
 #include "desktops/sway.h"
 #include "kit/in_environment.h"
 #include "linux_windows/x11/x_server.h"
-#include "platform/linux/shell/display.h"
+#include "platform/linux/desktop/display.h"
 
 #include <gtest/gtest.h>
 

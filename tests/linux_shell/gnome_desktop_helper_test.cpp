@@ -1,6 +1,6 @@
 #include "kit/in_environment.h"
 #include "kit/queued_main_queue.h"
-#include "platform/linux/helper/gnome_desktop_helper.h"
+#include "platform/linux/shell/gnome_desktop_helper.h"
 
 #include <gtest/gtest.h>
 

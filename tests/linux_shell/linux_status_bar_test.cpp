@@ -5,7 +5,7 @@
 #include "kit/qt_waiting.h"
 #include "linux_session/bus_double.h"
 #include "linux_windows/x11/x_server.h"
-#include "platform/linux/status_bar/linux_status_bar.h"
+#include "platform/linux/shell/linux_status_bar.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>

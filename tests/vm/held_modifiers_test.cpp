@@ -1,10 +1,10 @@
 // Shortcuts while the user holds modifiers on a physical keyboard, at a real X server: the events
 // that the focused window receives, and the modifiers that are held afterwards.
 
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/keyboard/uinput_key_device.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
-#include "platform/linux/windows/desktop_thread.h"
 #include "process.h"
 #include "virtual_pad.h"
 #include "x_desktop.h"

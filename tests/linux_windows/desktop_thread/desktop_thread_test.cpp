@@ -1,5 +1,5 @@
 #include "kit/patience.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <gmock/gmock.h>
 #include <sys/eventfd.h>

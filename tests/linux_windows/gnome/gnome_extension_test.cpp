@@ -1,7 +1,7 @@
 #include "desktops/private_bus.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
-#include "platform/linux/windows/gnome_extension.h"
+#include "platform/linux/windows/gnome/gnome_extension.h"
 #include "shell_double.h"
 
 #include <gio/gio.h>

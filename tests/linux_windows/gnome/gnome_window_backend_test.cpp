@@ -3,7 +3,7 @@
 #include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
-#include "platform/linux/windows/gnome_window_backend.h"
+#include "platform/linux/windows/gnome/gnome_window_backend.h"
 #include "shell_double.h"
 
 #include <gio/gio.h>

@@ -6,7 +6,7 @@
 // Errors:  any failure fails the test.
 #pragma once
 
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <mutex>
 #include <string>

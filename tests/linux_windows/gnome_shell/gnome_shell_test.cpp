@@ -3,8 +3,8 @@
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/window.h"
-#include "platform/linux/windows/gnome_extension.h"
-#include "platform/linux/windows/gnome_window_backend.h"
+#include "platform/linux/windows/gnome/gnome_extension.h"
+#include "platform/linux/windows/gnome/gnome_window_backend.h"
 
 #include <gmock/gmock.h>
 

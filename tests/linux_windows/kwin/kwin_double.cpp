@@ -1,7 +1,7 @@
 #include "kwin_double.h"
 
 #include "desktops/program.h"
-#include "platform/linux/windows/kwin_script.h"
+#include "platform/linux/windows/kwin/kwin_script.h"
 
 #include <gio/gio.h>
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/windows/kwin_script.h"
+#include "platform/linux/windows/kwin/kwin_script.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "kwin_double.h"
-#include "platform/linux/windows/kwin_window_backend.h"
+#include "platform/linux/windows/kwin/kwin_window_backend.h"
 
 #include <gmock/gmock.h>
 

@@ -3,8 +3,8 @@
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/window.h"
-#include "platform/linux/windows/kwin_script.h"
-#include "platform/linux/windows/kwin_window_backend.h"
+#include "platform/linux/windows/kwin/kwin_script.h"
+#include "platform/linux/windows/kwin/kwin_window_backend.h"
 
 #include <gio/gio.h>
 #include <gmock/gmock.h>

@@ -3,7 +3,7 @@
 #include "desktops/scoped_environment.h"
 #include "desktops/sway.h"
 #include "desktops/window.h"
-#include "platform/linux/windows/wlr_window_backend.h"
+#include "platform/linux/windows/wlr/wlr_window_backend.h"
 
 #include <gmock/gmock.h>
 

@@ -4,7 +4,7 @@
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "fake_compositor.h"
-#include "platform/linux/windows/wlr_window_backend.h"
+#include "platform/linux/windows/wlr/wlr_window_backend.h"
 
 #include <gmock/gmock.h>
 #include <sys/socket.h>

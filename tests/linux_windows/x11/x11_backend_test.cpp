@@ -1,6 +1,6 @@
 #include "linux_windows/x11/x_client.h"
 #include "linux_windows/x11/x_server.h"
-#include "platform/linux/windows/x11_backend.h"
+#include "platform/linux/windows/x11/x11_backend.h"
 
 #include <gtest/gtest.h>
 

@@ -10,7 +10,7 @@
 #pragma once
 
 #include "core/main_queue.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <functional>
 #include <memory>

@@ -14,7 +14,7 @@
 #include "platform/linux/applications/application_matcher.h"
 #include "platform/linux/applications/desktop_entries.h"
 #include "platform/linux/applications/process_reader.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/windows/window_backend.h"
 
 #include <atomic>

@@ -2,7 +2,7 @@
 
 #include "core/log.h"
 #include "platform/linux/applications/process_launch.h"
-#include "platform/linux/applications/shared_bus.h"
+#include "platform/linux/desktop/shared_bus.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "platform/linux/applications/desktop_entry.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <functional>
 #include <memory>

@@ -9,7 +9,7 @@
 #pragma once
 
 #include "dispatch/workspace.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/windows/window_backend.h"
 
 #include <chrono>

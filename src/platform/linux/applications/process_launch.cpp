@@ -1,10 +1,10 @@
 #include "platform/linux/applications/process_launch.h"
 
 #include "core/log.h"
-#include "platform/linux/applications/application_scope.h"
 #include "platform/linux/applications/command_line.h"
-#include "platform/linux/applications/detached_process.h"
 #include "platform/linux/applications/entry_command.h"
+#include "platform/linux/desktop/application_scope.h"
+#include "platform/linux/desktop/detached_process.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>

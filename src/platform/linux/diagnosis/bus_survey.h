@@ -8,7 +8,7 @@
 // Errors:  reported as values.
 #pragma once
 
-#include "platform/linux/session/bus_address.h"
+#include "platform/linux/desktop/bus_address.h"
 
 #include <chrono>
 #include <set>

@@ -3,11 +3,11 @@
 #include "bindings/binding_json.h"
 #include "bindings/read_file.h"
 #include "drivers/evdev/device_report.h"
+#include "platform/linux/desktop/environment.h"
+#include "platform/linux/desktop/user_folders.h"
 #include "platform/linux/diagnosis/bus_survey.h"
 #include "platform/linux/diagnosis/report_page.h"
 #include "platform/linux/diagnosis/socket_server.h"
-#include "platform/linux/session/environment.h"
-#include "platform/linux/session/user_folders.h"
 #include "platform/linux/touch_driver_platform.h"
 
 #include <dlfcn.h>

@@ -15,9 +15,9 @@
 // Errors:  none; the factory returns null outside X11, or if the server lacks an extension.
 #pragma once
 
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/keyboard/held_modifiers.h"
 #include "platform/linux/keyboard/x_key_server.h"
-#include "platform/linux/windows/desktop_thread.h"
 
 #include <cstdint>
 #include <memory>

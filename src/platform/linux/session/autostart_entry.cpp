@@ -1,8 +1,8 @@
 #include "platform/linux/session/autostart_entry.h"
 
-#include "platform/linux/session/environment.h"
-#include "platform/linux/session/replace_file.h"
-#include "platform/linux/session/user_folders.h"
+#include "platform/linux/desktop/environment.h"
+#include "platform/linux/desktop/replace_file.h"
+#include "platform/linux/desktop/user_folders.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/session/autostart_file.h"
 
-#include "platform/linux/session/exec_line.h"
+#include "platform/linux/desktop/exec_line.h"
 
 #include <glib.h>
 

@@ -12,7 +12,7 @@
 // Errors:  none; if the desktop does not reply, nothing is shown.
 #pragma once
 
-#include "platform/linux/session/bus_request.h"
+#include "platform/linux/desktop/bus_request.h"
 
 #include <atomic>
 #include <chrono>

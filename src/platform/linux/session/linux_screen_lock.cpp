@@ -1,10 +1,10 @@
 #include "platform/linux/session/linux_screen_lock.h"
 
 #include "core/log.h"
-#include "platform/linux/applications/application_scope.h"
-#include "platform/linux/applications/detached_process.h"
-#include "platform/linux/session/environment.h"
-#include "platform/linux/session/program_run.h"
+#include "platform/linux/desktop/application_scope.h"
+#include "platform/linux/desktop/detached_process.h"
+#include "platform/linux/desktop/environment.h"
+#include "platform/linux/desktop/program_run.h"
 #include "platform/linux/session/screen_savers.h"
 #include "platform/linux/session/session_lockers.h"
 

@@ -14,7 +14,7 @@
 
 #include "core/main_queue.h"
 #include "dispatch/screen_lock.h"
-#include "platform/linux/session/bus_request.h"
+#include "platform/linux/desktop/bus_request.h"
 
 #include <chrono>
 #include <functional>

@@ -15,8 +15,8 @@
 
 #include "core/main_queue.h"
 #include "dispatch/user_session.h"
-#include "platform/linux/session/bus_request.h"
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/bus_request.h"
+#include "platform/linux/desktop/desktop_thread.h"
 
 #include <atomic>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/linux/session/screen_savers.h"
 
-#include "platform/linux/session/environment.h"
+#include "platform/linux/desktop/environment.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 // Errors:  none; on a given desktop most of them are missing.
 #pragma once
 
-#include "platform/linux/session/bus_request.h"
+#include "platform/linux/desktop/bus_request.h"
 
 #include <span>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "platform/linux/session/session_lockers.h"
 
-#include "platform/linux/session/environment.h"
+#include "platform/linux/desktop/environment.h"
 
 #include <gio/gio.h>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/session/session_processes.h"
 
-#include "platform/linux/session/environment.h"
+#include "platform/linux/desktop/environment.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace glidemap {
@@ -16,6 +18,14 @@ namespace {
 bool isBehind(const QWidget& window) {
     const QWindow* const handle = window.windowHandle();
     return handle != nullptr && handle->isExposed() && !window.isActiveWindow();
+}
+
+// Returns nullptr if no window is visible.
+QWindow* visibleWindow() {
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(),
+                                    [](const QWindow* window) { return window->isExposed(); });
+    return found != windows.end() ? *found : nullptr;
 }
 
 } // namespace
@@ -48,6 +58,15 @@ void LinuxApplicationShell::requestToken(std::string activationToken, std::strin
     if (!activationToken.empty()) {
         // Qt reads the token here, and unsets it, at the next activation.
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    }
+}
+
+void LinuxApplicationShell::endLaunch() {
+    xcb_connection_t* const connection = x11Connection();
+    QWindow* const window = visibleWindow();
+    if (connection != nullptr && window != nullptr && !startupID.empty()) {
+        endLaunchOnX11(connection, static_cast<std::uint32_t>(window->winId()),
+                       std::exchange(startupID, {}));
     }
 }
 

@@ -1,6 +1,6 @@
 #include "platform/linux/shell/x11_activation.h"
 
-#include "platform/linux/windows/launch_messages.h"
+#include "platform/linux/desktop/launch_messages.h"
 
 #include <xcb/xcb.h>
 
@@ -88,6 +88,12 @@ void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::stri
     if (!startupID.empty()) {
         notifyLauncher(connection, window, startupID);
     }
+    xcb_flush(connection);
+}
+
+void endLaunchOnX11(xcb_connection_t* connection, std::uint32_t window,
+                    std::string_view startupID) {
+    notifyLauncher(connection, window, startupID);
     xcb_flush(connection);
 }
 

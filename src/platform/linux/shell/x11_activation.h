@@ -23,4 +23,8 @@ std::vector<std::string> endOfLaunch(std::string_view startupID);
 // `startupID` may be empty.
 void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID);
 
+// Completes the launcher's startup notification without an activation. `window` identifies the
+// program.
+void endLaunchOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID);
+
 } // namespace glidemap

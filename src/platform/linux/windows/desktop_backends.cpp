@@ -1,10 +1,10 @@
 #include "platform/linux/windows/desktop_backends.h"
 
 #include "core/log.h"
-#include "platform/linux/windows/gnome_window_backend.h"
-#include "platform/linux/windows/kwin_window_backend.h"
-#include "platform/linux/windows/wlr_window_backend.h"
-#include "platform/linux/windows/x11_backend.h"
+#include "platform/linux/windows/gnome/gnome_window_backend.h"
+#include "platform/linux/windows/kwin/kwin_window_backend.h"
+#include "platform/linux/windows/wlr/wlr_window_backend.h"
+#include "platform/linux/windows/x11/x11_backend.h"
 
 #include <array>
 #include <cstddef>

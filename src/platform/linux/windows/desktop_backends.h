@@ -4,7 +4,7 @@
 // Errors:  none; without a desktop the list is empty.
 #pragma once
 
-#include "platform/linux/windows/desktop_thread.h"
+#include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/windows/window_backend.h"
 
 #include <string_view>

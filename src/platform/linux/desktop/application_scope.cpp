@@ -1,0 +1,76 @@
+#include "platform/linux/desktop/application_scope.h"
+
+#include "platform/linux/desktop/shared_bus.h"
+
+#include <gio/gio.h>
+
+namespace glidemap {
+
+namespace {
+
+struct Move {
+    std::string unit;
+    pid_t process;
+};
+
+std::string escaped(std::string_view text) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string result;
+    for (const char character : text) {
+        const bool plain = g_ascii_isalnum(character) != FALSE || character == '.' ||
+                           character == '_' || character == ':';
+        const auto byte = static_cast<unsigned char>(character);
+        if (plain)
+            result.push_back(character);
+        else
+            result.append("\\x").append(1, digits[byte >> 4U]).append(1, digits[byte & 0xFU]);
+    }
+    return result;
+}
+
+GVariant* startTransientUnit(const Move& move) {
+    GVariantBuilder processes;
+    g_variant_builder_init(&processes, G_VARIANT_TYPE("au"));
+    g_variant_builder_add(&processes, "u", static_cast<guint32>(move.process));
+
+    GVariantBuilder properties;
+    g_variant_builder_init(&properties, G_VARIANT_TYPE("a(sv)"));
+    g_variant_builder_add(&properties, "(sv)", "PIDs", g_variant_builder_end(&processes));
+    g_variant_builder_add(&properties, "(sv)", "Slice", g_variant_new_string("app.slice"));
+    g_variant_builder_add(&properties, "(sv)", "CollectMode",
+                          g_variant_new_string("inactive-or-failed"));
+    return g_variant_new("(ssa(sv)a(sa(sv)))", move.unit.c_str(), "fail", &properties, nullptr);
+}
+
+// The pending reply keeps the connection open until systemd has received the request.
+void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
+    if (GVariant* const answer =
+            g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr))
+        g_variant_unref(answer);
+}
+
+void askFor(const Move& move, GDBusConnection* bus) {
+    if (bus == nullptr)
+        return;
+    g_dbus_connection_call(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
+                           "org.freedesktop.systemd1.Manager", "StartTransientUnit",
+                           startTransientUnit(move), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
+                           nullptr, answered, nullptr);
+}
+
+} // namespace
+
+std::string scopeName(std::string_view identifier, pid_t process) {
+    constexpr std::string_view suffix = ".desktop";
+    if (identifier.ends_with(suffix))
+        identifier.remove_suffix(suffix.size());
+    return "app-glidemap-" + escaped(identifier) + "-" + std::to_string(process) + ".scope";
+}
+
+void moveIntoScope(std::string_view identifier, pid_t process) {
+    withSharedBus([move = Move{scopeName(identifier, process), process}](GDBusConnection* bus) {
+        askFor(move, bus);
+    });
+}
+
+} // namespace glidemap

@@ -1,0 +1,173 @@
+#include "platform/linux/desktop/desktop_bus.h"
+
+#include "platform/linux/desktop/bus_probe.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <sstream>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr int noTimeout = G_MAXINT;
+constexpr int busTimeout = 5000; // milliseconds; the bus itself replies in less than one
+
+// A working bus responds within a millisecond, or within some hundred at a busy login.
+constexpr std::chrono::milliseconds silentBusPatience{3000};
+
+struct NameWatch {
+    std::function<void(const std::string&)> appeared;
+    std::function<void()> vanished;
+};
+
+void reportAppeared(GDBusConnection* /*connection*/, const char* /*name*/, const char* owner,
+                    gpointer watch) {
+    static_cast<NameWatch*>(watch)->appeared(owner);
+}
+
+void reportVanished(GDBusConnection* /*connection*/, const char* /*name*/, gpointer watch) {
+    static_cast<NameWatch*>(watch)->vanished();
+}
+
+struct Call {
+    std::weak_ptr<bool> alive;
+    DesktopBus::Answer answer;
+};
+
+void passAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
+    const std::unique_ptr<Call> call(static_cast<Call*>(data));
+    GError* error = nullptr;
+    GVariant* const values =
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    if (!call->alive.expired()) {
+        call->answer(values, error);
+    }
+    if (values != nullptr) {
+        g_variant_unref(values);
+    }
+    g_clear_error(&error);
+}
+
+void notifyHeard(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
+                 const char* /*interface*/, const char* signal, GVariant* values, gpointer heard) {
+    const DesktopBus::Heard send = *static_cast<DesktopBus::Heard*>(heard);
+    send(signal, values); // a copy, because the callback may end its own subscription
+}
+
+const char* orAny(const std::string& text) {
+    return text.empty() ? nullptr : text.c_str();
+}
+
+} // namespace
+
+bool isUnknownOnTheBus(const GError& error) {
+    return g_error_matches(&error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_OBJECT) ||
+           g_error_matches(&error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_INTERFACE) ||
+           g_error_matches(&error, G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_METHOD);
+}
+
+std::unique_ptr<DesktopBus> DesktopBus::open() {
+    char* const address = g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
+    if (address == nullptr || !busResponds(address, silentBusPatience)) {
+        g_free(address);
+        return nullptr;
+    }
+    constexpr auto asClient =
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    GDBusConnection* const opened =
+        g_dbus_connection_new_for_address_sync(address, asClient, nullptr, nullptr, nullptr);
+    g_free(address);
+    return opened == nullptr ? nullptr : std::make_unique<DesktopBus>(opened);
+}
+
+DesktopBus::DesktopBus(GDBusConnection* opened) : _connection(opened) {
+    // The library's default is to exit the process when the bus disconnects.
+    g_dbus_connection_set_exit_on_close(_connection, FALSE);
+}
+
+DesktopBus::~DesktopBus() {
+    for (const unsigned watch : watches) {
+        g_bus_unwatch_name(watch);
+    }
+    for (const unsigned subscription : subscriptions) {
+        g_dbus_connection_signal_unsubscribe(_connection, subscription);
+    }
+    g_dbus_connection_flush_sync(_connection, nullptr, nullptr);
+    g_dbus_connection_close_sync(_connection, nullptr, nullptr);
+    g_object_unref(_connection);
+}
+
+void DesktopBus::watchName(const char* name, std::function<void(const std::string&)> appeared,
+                           std::function<void()> vanished) {
+    watches.push_back(g_bus_watch_name_on_connection(
+        _connection, name, G_BUS_NAME_WATCHER_FLAGS_NONE, reportAppeared, reportVanished,
+        new NameWatch{std::move(appeared), std::move(vanished)},
+        [](gpointer watch) { delete static_cast<NameWatch*>(watch); }));
+}
+
+void DesktopBus::call(const BusObject& object, const char* method, GVariant* arguments,
+                      Answer answer) {
+    g_dbus_connection_call(_connection, object.name.c_str(), object.path.c_str(),
+                           object.interface.c_str(), method, arguments, nullptr,
+                           G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, passAnswer,
+                           new Call{alive, std::move(answer)});
+}
+
+void DesktopBus::send(const BusObject& object, const char* method, GVariant* arguments) {
+    g_dbus_connection_call(_connection, object.name.c_str(), object.path.c_str(),
+                           object.interface.c_str(), method, arguments, nullptr,
+                           G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, nullptr, nullptr);
+}
+
+unsigned DesktopBus::subscribe(const BusObject& object, Heard heard) {
+    const unsigned subscription = g_dbus_connection_signal_subscribe(
+        _connection, object.name.c_str(), orAny(object.interface), nullptr, orAny(object.path),
+        nullptr, G_DBUS_SIGNAL_FLAGS_NONE, notifyHeard, new Heard(std::move(heard)),
+        [](gpointer data) { delete static_cast<Heard*>(data); });
+    subscriptions.push_back(subscription);
+    return subscription;
+}
+
+void DesktopBus::unsubscribe(unsigned subscription) {
+    if (std::erase(subscriptions, subscription) > 0) {
+        g_dbus_connection_signal_unsubscribe(_connection, subscription);
+    }
+}
+
+bool DesktopBus::isOwned(const char* name) const {
+    GVariant* const answer = g_dbus_connection_call_sync(
+        _connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+        "NameHasOwner", g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE,
+        busTimeout, nullptr, nullptr);
+    if (answer == nullptr) {
+        return false;
+    }
+    gboolean owned = FALSE;
+    g_variant_get(answer, "(b)", &owned);
+    g_variant_unref(answer);
+    return owned != FALSE;
+}
+
+std::string DesktopBus::uniqueName() const {
+    return g_dbus_connection_get_unique_name(_connection);
+}
+
+bool isCurrentDesktop(const std::string& desktop) {
+    const char* const names = std::getenv("XDG_CURRENT_DESKTOP");
+    std::istringstream all(names == nullptr ? "" : names);
+    std::string name;
+    while (std::getline(all, name, ':')) {
+        if (name == desktop) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace glidemap

@@ -1,0 +1,65 @@
+#include "platform/linux/desktop/shared_bus.h"
+
+#include <gio/gio.h>
+
+#include <memory>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// The time limit is cancelled when the attempt ends.
+struct Attempt {
+    explicit Attempt(std::function<void(GDBusConnection*)> given)
+        : then(std::move(given)), cancellable(g_cancellable_new()),
+          limit(g_timeout_source_new(static_cast<guint>(sharedBusPatience.count()))) {
+        g_source_set_callback(limit, cancel, cancellable, nullptr);
+        g_source_attach(limit, g_main_context_get_thread_default());
+    }
+    Attempt(const Attempt&) = delete;
+    Attempt& operator=(const Attempt&) = delete;
+    ~Attempt() {
+        g_source_destroy(limit);
+        g_source_unref(limit);
+        g_object_unref(cancellable);
+    }
+
+    static gboolean cancel(gpointer cancellable) {
+        g_cancellable_cancel(static_cast<GCancellable*>(cancellable));
+        return G_SOURCE_REMOVE;
+    }
+
+    const std::function<void(GDBusConnection*)> then;
+    GCancellable* const cancellable;
+    GSource* const limit;
+};
+
+// GIO closes its connection with the last reference, and a new one costs a millisecond. Used only
+// on the launching thread.
+GDBusConnection* kept = nullptr;
+
+void finished(GObject* /*source*/, GAsyncResult* result, gpointer data) {
+    const std::unique_ptr<Attempt> attempt(static_cast<Attempt*>(data));
+    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
+    if (bus != nullptr) { // the program handles the session's end, not GIO
+        g_dbus_connection_set_exit_on_close(bus, FALSE);
+        g_set_object(&kept, bus);
+    }
+    attempt->then(bus);
+    if (bus != nullptr) {
+        g_object_unref(bus);
+    }
+}
+
+} // namespace
+
+void withSharedBus(std::function<void(GDBusConnection* bus)> then) {
+    if (kept != nullptr && g_dbus_connection_is_closed(kept) != FALSE) {
+        g_clear_object(&kept); // otherwise GIO would return it again
+    }
+    auto* const attempt = new Attempt(std::move(then));
+    g_bus_get(G_BUS_TYPE_SESSION, attempt->cancellable, finished, attempt);
+}
+
+} // namespace glidemap

@@ -1,0 +1,57 @@
+// The desktop helper for GNOME on Wayland: an extension of GNOME Shell.
+//
+// The shell may reply slowly or never, so a separate thread waits for it, one query at a time.
+//
+// Thread:  as the port documents.
+// Owner:   the program. The destructor waits for a pending query: a few seconds if the shell is
+//          stuck.
+// Errors:  as text, in the shell's words.
+#pragma once
+
+#include "core/main_queue.h"
+#include "platform/linux/windows/gnome/gnome_extension.h"
+#include "ui/settings/desktop_helper.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <thread>
+
+namespace glidemap {
+
+class GnomeDesktopHelper : public DesktopHelper {
+public:
+    // The functions that query and install the extension; both block, on a separate thread.
+    struct Shell {
+        std::function<GnomeExtension::Status()> status;
+        std::function<std::optional<std::string>()> install;
+    };
+
+    static Shell runningShell();
+
+    // Null on desktops that need no helper.
+    static std::shared_ptr<DesktopHelper> ofThisSession(std::shared_ptr<MainQueue> queue);
+
+    GnomeDesktopHelper(Shell asked, std::shared_ptr<MainQueue> queue);
+    ~GnomeDesktopHelper() override;
+
+    State state() const override { return _state; }
+    std::optional<std::string> lastError() const override { return _lastError; }
+    void install() override;
+    Observable& changes() override { return observers; }
+
+private:
+    void ask(std::function<GnomeExtension::Status()> question);
+    void become(State state, std::optional<std::string> error);
+
+    Shell shell;
+    std::shared_ptr<MainQueue> mainQueue;
+    State _state = State::notNeeded; // until the shell has replied
+    std::optional<std::string> _lastError;
+    Observable observers;
+    std::thread worker;
+    std::shared_ptr<GnomeDesktopHelper*> life; // pending replies hold it weakly
+};
+
+} // namespace glidemap

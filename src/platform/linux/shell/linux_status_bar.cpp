@@ -1,0 +1,194 @@
+#include "platform/linux/shell/linux_status_bar.h"
+
+#include "platform/linux/shell/x11_connection.h"
+
+#include <xcb/xcb.h>
+
+#include <QAbstractNativeEventFilter>
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QObject>
+#include <QTimer>
+#include <cstdlib>
+#include <functional>
+#include <limits>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+// All desktops use KDE's name.
+constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // also its interface
+constexpr const char* watcherPath = "/StatusNotifierWatcher";
+
+// In milliseconds. A watcher that replies later is still detected then.
+constexpr int patience = 1000;
+constexpr int noTimeout = std::numeric_limits<int>::max();
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+xcb_atom_t atom(xcb_connection_t* connection, const std::string& name) {
+    const auto cookie =
+        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
+    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
+        xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+} // namespace
+
+// Items register with a watcher, and a host shows them. A watcher may start before its host. Qt
+// then finds no tray, and does not look again.
+//
+// This class calls the watcher asynchronously. Qt waits for the watcher, so a watcher that does not
+// reply counts as missing until it does.
+class LinuxStatusBar::BusTray {
+public:
+    explicit BusTray(std::function<void()> notify)
+        : changed(std::move(notify)), watcher(watcherName, QDBusConnection::sessionBus(),
+                                              QDBusServiceWatcher::WatchForOwnerChange) {
+        QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &watcher,
+                         [this] { ask(); });
+        QObject::connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, &watcher,
+                         [this] { become(State::missing); });
+        hostHasCome.setSingleShot(true);
+        QObject::connect(&hostHasCome, &QTimer::timeout, &hostHasCome, [this] { ask(); });
+        watcher.connection().connect(watcherName, watcherPath, watcherName,
+                                     "StatusNotifierHostRegistered", &hostHasCome, SLOT(start()));
+        patienceEnds.setSingleShot(true);
+        QObject::connect(&patienceEnds, &QTimer::timeout, &patienceEnds,
+                         [this] { become(State::missing); });
+        ask();
+    }
+
+    bool isThere() const { return state == State::there; }
+    bool isUnknown() const { return state == State::unknown; }
+
+private:
+    enum class State { unknown, missing, there };
+
+    void ask() {
+        auto question = QDBusMessage::createMethodCall(watcherName, watcherPath,
+                                                       "org.freedesktop.DBus.Properties", "Get");
+        question << watcherName << "IsStatusNotifierHostRegistered";
+        question.setAutoStartService(false);
+        reply = std::make_unique<QDBusPendingCallWatcher>(
+            watcher.connection().asyncCall(question, noTimeout));
+        QObject::connect(reply.get(), &QDBusPendingCallWatcher::finished, reply.get(),
+                         [this] { become(answered()); });
+        if (state == State::unknown) {
+            patienceEnds.start(patience);
+        }
+    }
+
+    // If a watcher cannot report its host, Qt decides.
+    State answered() const {
+        const QDBusPendingReply<QDBusVariant> answer = *reply;
+        if (!answer.isError()) {
+            return answer.value().variant().toBool() ? State::there : State::missing;
+        }
+        const QDBusError::ErrorType type = answer.error().type();
+        const bool isMissing = type == QDBusError::ServiceUnknown || type == QDBusError::NoReply ||
+                               type == QDBusError::Disconnected ||
+                               answer.error().name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
+        return isMissing ? State::missing : State::there;
+    }
+
+    void become(State now) {
+        patienceEnds.stop();
+        if (std::exchange(state, now) != now) {
+            changed();
+        }
+    }
+
+    const std::function<void()> changed;
+    State state = State::unknown;
+    QDBusServiceWatcher watcher;
+    QTimer hostHasCome; // at once: D-Bus signals need slots with names
+    QTimer patienceEnds;
+    std::unique_ptr<QDBusPendingCallWatcher> reply;
+};
+
+// A tray owns a selection, and broadcasts a MANAGER message to the root window when it acquires it.
+// Qt has selected these events.
+class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
+public:
+    X11Tray(xcb_connection_t* toServer, std::function<void()> reported)
+        : connection(toServer), appeared(std::move(reported)), manager(atom(connection, "MANAGER")),
+          selection(atom(connection, "_NET_SYSTEM_TRAY_S0")) {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+
+    bool isThere() const {
+        const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> reply(
+            xcb_get_selection_owner_reply(connection,
+                                          xcb_get_selection_owner(connection, selection), nullptr));
+        return reply != nullptr && reply->owner != XCB_WINDOW_NONE;
+    }
+
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) override {
+        if (type == "xcb_generic_event_t") {
+            look(*static_cast<xcb_generic_event_t*>(message));
+        }
+        return false;
+    }
+
+private:
+    void look(const xcb_generic_event_t& event) {
+        constexpr unsigned sentByProgram = 0x80;
+        if ((event.response_type & ~sentByProgram) != XCB_CLIENT_MESSAGE) {
+            return;
+        }
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        if (message.type == manager && message.data.data32[1] == selection) {
+            appeared();
+        }
+    }
+
+    xcb_connection_t* const connection;
+    const std::function<void()> appeared;
+    const xcb_atom_t manager;
+    const xcb_atom_t selection;
+};
+
+// Connects on a separate thread, because connecting blocks.
+LinuxStatusBar::LinuxStatusBar()
+    : context(std::make_unique<QObject>()),
+      connecting(std::async(std::launch::async, [this, receiver = context.get()] {
+          QDBusConnection::sessionBus();
+          QMetaObject::invokeMethod(
+              receiver, [this] { connected(); }, Qt::QueuedConnection);
+      })) {
+    if (xcb_connection_t* connection = x11Connection()) {
+        onX11 = std::make_unique<X11Tray>(connection, [this] { observers.announceDidChange(); });
+    }
+}
+
+LinuxStatusBar::~LinuxStatusBar() = default;
+
+void LinuxStatusBar::connected() {
+    onBus = std::make_unique<BusTray>([this] { observers.announceDidChange(); });
+}
+
+// A bar on the bus is preferred, so this returns `none` until the bus has replied.
+StatusBar::Kind LinuxStatusBar::kind() {
+    if (onBus == nullptr || onBus->isUnknown()) {
+        return Kind::none;
+    }
+    if (onBus->isThere()) {
+        return Kind::drawsItself;
+    }
+    return onX11 != nullptr && onX11->isThere() ? Kind::embeds : Kind::none;
+}
+
+} // namespace glidemap

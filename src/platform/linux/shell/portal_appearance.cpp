@@ -1,0 +1,203 @@
+#include "platform/linux/shell/portal_appearance.h"
+
+#include "platform/linux/desktop/bus_address.h"
+#include "platform/linux/desktop/desktop_bus.h"
+#include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/shell/appearance_values.h"
+#include "platform/linux/shell/compositing.h"
+
+#include <gio/gio.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+const BusObject portal{"org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+                       "org.freedesktop.portal.Settings"};
+
+struct Unref {
+    void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }
+};
+
+// `settings` maps the keys of one group to their values.
+void takeGroup(AppearanceValues& values, const char* group, GVariant* settings) {
+    GVariantIter each;
+    g_variant_iter_init(&each, settings);
+    const char* key = nullptr;
+    GVariant* value = nullptr;
+    while (g_variant_iter_loop(&each, "{&sv}", &key, &value) != FALSE) {
+        values.take(group, key, value);
+    }
+}
+
+std::optional<AppearanceValues> valuesIn(GVariant* answer) {
+    if (answer == nullptr || !g_variant_is_of_type(answer, G_VARIANT_TYPE("(a{sa{sv}})"))) {
+        return std::nullopt;
+    }
+    AppearanceValues values;
+    GVariant* const groups = g_variant_get_child_value(answer, 0);
+    GVariantIter each;
+    g_variant_iter_init(&each, groups);
+    const char* group = nullptr;
+    GVariant* settings = nullptr;
+    while (g_variant_iter_loop(&each, "{&s@a{sv}}", &group, &settings) != FALSE) {
+        takeGroup(values, group, settings);
+    }
+    g_variant_unref(groups);
+    return values;
+}
+
+} // namespace
+
+// The values that the main thread reads.
+class PortalAppearance::Settings : public AppearanceSettings {
+public:
+    std::optional<ColorScheme> colorScheme() const override { return appearance.colorScheme; }
+    bool reducesMotion() const override { return appearance.reducesMotion; }
+    bool composites() const override { return compositing.composites(); }
+    Observable& changes() override { return observers; }
+
+    void show(const Appearance& now) {
+        observers.announceWillChange();
+        appearance = now;
+        observers.announceDidChange();
+    }
+
+private:
+    Appearance appearance;
+    mutable RecentCompositing compositing;
+    Observable observers;
+};
+
+// Lives on the desktop thread.
+class PortalAppearance::Listener : public std::enable_shared_from_this<Listener> {
+public:
+    using Notify = std::function<void(const Appearance&)>;
+
+    explicit Listener(Notify function) : notify(std::move(function)) {}
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    ~Listener() { gone.set_value(); }
+
+    std::future<void> hasGone() { return gone.get_future(); }
+
+    void begin();
+    void end();
+
+private:
+    static void opened(GObject* source, GAsyncResult* result, gpointer listener);
+    void listen();
+    void read();
+    void heard(const std::string& signal, GVariant* arguments);
+    void notifyIfNew();
+
+    const Notify notify;
+    std::promise<void> gone;
+    std::unique_ptr<GCancellable, Unref> opening{g_cancellable_new()};
+    bool ended = false;
+    std::unique_ptr<DesktopBus> bus;
+    AppearanceValues values;
+    Appearance reported;
+};
+
+void PortalAppearance::Listener::begin() {
+    const auto address = busAddress(Bus::session);
+    if (!address) {
+        return;
+    }
+    constexpr auto asClient =
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    g_dbus_connection_new_for_address(address->c_str(), asClient, nullptr, opening.get(), opened,
+                                      new std::shared_ptr<Listener>(shared_from_this()));
+}
+
+void PortalAppearance::Listener::opened(GObject* /*source*/, GAsyncResult* result,
+                                        gpointer listener) {
+    const std::unique_ptr<std::shared_ptr<Listener>> held(
+        static_cast<std::shared_ptr<Listener>*>(listener));
+    GDBusConnection* const connection = g_dbus_connection_new_for_address_finish(result, nullptr);
+    if (connection == nullptr) {
+        return;
+    }
+    auto bus = std::make_unique<DesktopBus>(connection);
+    if (!(*held)->ended) {
+        (*held)->bus = std::move(bus);
+        (*held)->listen();
+    }
+}
+
+// Subscribe before reading, so that no change between the two is lost.
+void PortalAppearance::Listener::listen() {
+    bus->subscribe(portal, [this](const std::string& signal, GVariant* arguments) {
+        heard(signal, arguments);
+    });
+    bus->watchName(
+        portal.name.c_str(), [this](const std::string& /*owner*/) { read(); }, [] {});
+}
+
+void PortalAppearance::Listener::read() {
+    GVariant* const groups = g_variant_new_strv(AppearanceValues::groups.data(), -1);
+    bus->call(portal, "ReadAll", g_variant_new_tuple(&groups, 1),
+              [this](GVariant* answer, const GError* /*error*/) {
+                  values = valuesIn(answer).value_or(values);
+                  notifyIfNew();
+              });
+}
+
+void PortalAppearance::Listener::heard(const std::string& signal, GVariant* arguments) {
+    if (signal != "SettingChanged" || !g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ssv)"))) {
+        return;
+    }
+    const char* group = nullptr;
+    const char* key = nullptr;
+    GVariant* value = nullptr;
+    g_variant_get(arguments, "(&s&sv)", &group, &key, &value);
+    values.take(group, key, value);
+    g_variant_unref(value);
+    notifyIfNew();
+}
+
+// Most settings do not concern appearance; do not wake the main thread for them.
+void PortalAppearance::Listener::notifyIfNew() {
+    if (const Appearance now = values.appearance(); now != reported) {
+        reported = now;
+        notify(now);
+    }
+}
+
+void PortalAppearance::Listener::end() {
+    ended = true;
+    g_cancellable_cancel(opening.get());
+    bus.reset();
+}
+
+PortalAppearance::PortalAppearance(DesktopThread& thread, MainQueue& queue)
+    : desktop(thread), reported(std::make_shared<Settings>()) {
+    listener = std::make_shared<Listener>(
+        [&queue, weak = std::weak_ptr(reported)](const Appearance& appearance) {
+            queue.submit([weak, appearance] {
+                if (const auto settings = weak.lock()) {
+                    settings->show(appearance);
+                }
+            });
+        });
+    listenerHasGone = listener->hasGone();
+    desktop.submit([begun = listener] { begun->begin(); });
+}
+
+PortalAppearance::~PortalAppearance() {
+    desktop.submit([last = std::move(listener)] { last->end(); });
+    listenerHasGone.wait();
+}
+
+std::shared_ptr<AppearanceSettings> PortalAppearance::settings() const {
+    return reported;
+}
+
+} // namespace glidemap

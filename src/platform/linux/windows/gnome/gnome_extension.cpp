@@ -1,0 +1,249 @@
+#include "platform/linux/windows/gnome/gnome_extension.h"
+
+#include "platform/linux/desktop/desktop_bus.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* shellName = "org.gnome.Shell";
+constexpr const char* settingsName = "org.gnome.shell";
+constexpr const char* shellPath = "/org/gnome/Shell";
+constexpr int shellTimeout = 5000; // milliseconds; a stuck shell must not block a window for longer
+constexpr int firstVersionOfModules = 45;
+
+// The shell's constants for the state of an extension.
+constexpr int shellSaysEnabled = 1;
+constexpr int shellSaysError = 3;
+constexpr int shellSaysOutOfDate = 4;
+
+using Value = std::unique_ptr<GVariant, decltype(&g_variant_unref)>;
+
+Value owned(GVariant* value) {
+    return Value(value, g_variant_unref);
+}
+
+struct Answer {
+    Value values{nullptr, g_variant_unref}; // null on error
+    std::string error;
+    bool shellIsStarting = false; // the shell owns its name before its objects exist
+};
+
+// Consumes the arguments.
+Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVariant* arguments,
+           const char* type) {
+    GError* failure = nullptr;
+    Answer answer;
+    answer.values = owned(g_dbus_connection_call_sync(
+        bus.connection(), shellName, shellPath, interface, method, arguments, G_VARIANT_TYPE(type),
+        G_DBUS_CALL_FLAGS_NO_AUTO_START, shellTimeout, nullptr, &failure));
+    if (failure != nullptr) {
+        answer.shellIsStarting = isUnknownOnTheBus(*failure);
+        g_dbus_error_strip_remote_error(failure);
+        answer.error = failure->message;
+        g_error_free(failure);
+    }
+    return answer;
+}
+
+constexpr const char* extensions = "org.gnome.Shell.Extensions";
+
+// Returns nullopt and sets the error if the shell does not reply.
+std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
+    const Answer answer = ask(bus, "org.freedesktop.DBus.Properties", "Get",
+                              g_variant_new("(ss)", "org.gnome.Shell", "ShellVersion"), "(v)");
+    if (answer.values == nullptr) {
+        error = answer.error;
+        return std::nullopt;
+    }
+    GVariant* inner = nullptr;
+    g_variant_get(answer.values.get(), "(v)", &inner);
+    const Value version = owned(inner);
+    if (!g_variant_is_of_type(inner, G_VARIANT_TYPE_STRING)) {
+        error = "GNOME Shell does not tell its version";
+        return std::nullopt;
+    }
+    return static_cast<int>(std::strtol(g_variant_get_string(inner, nullptr), nullptr, 10));
+}
+
+std::filesystem::path installedFolder() {
+    // Reads the variable each time, unlike GLib, which caches it.
+    const char* const data = std::getenv("XDG_DATA_HOME");
+    const std::filesystem::path base =
+        data != nullptr && *data == '/' ? std::filesystem::path(data)
+                                        : std::filesystem::path(g_get_home_dir()) / ".local/share";
+    return base / "gnome-shell/extensions" / GnomeExtension::uuid;
+}
+
+// The settings of the shell; null if their schema is not installed.
+using Settings = std::unique_ptr<GSettings, decltype(&g_object_unref)>;
+
+Settings shellSettings() {
+    GSettingsSchemaSource* const source = g_settings_schema_source_get_default();
+    GSettingsSchema* const schema =
+        source == nullptr ? nullptr : g_settings_schema_source_lookup(source, settingsName, TRUE);
+    if (schema == nullptr) {
+        return Settings(nullptr, g_object_unref);
+    }
+    g_settings_schema_unref(schema);
+    return Settings(g_settings_new(settingsName), g_object_unref);
+}
+
+std::vector<std::string> listIn(GSettings* settings, const char* key) {
+    std::vector<std::string> list;
+    char** const words = g_settings_get_strv(settings, key);
+    for (char** word = words; *word != nullptr; ++word) {
+        list.emplace_back(*word);
+    }
+    g_strfreev(words);
+    return list;
+}
+
+bool isListedIn(GSettings* settings, const char* key) {
+    const std::vector<std::string> list = listIn(settings, key);
+    return std::find(list.begin(), list.end(), GnomeExtension::uuid) != list.end();
+}
+
+bool setList(GSettings* settings, const char* key, const std::vector<std::string>& list) {
+    std::vector<const char*> words;
+    for (const std::string& word : list) {
+        words.push_back(word.c_str());
+    }
+    words.push_back(nullptr);
+    return g_settings_set_strv(settings, key, words.data()) != FALSE;
+}
+
+// As the shell itself does for an extension that it has loaded.
+std::optional<std::string> enableAtNextLogin() {
+    const Settings settings = shellSettings();
+    if (settings == nullptr) {
+        return "GNOME Shell has no settings";
+    }
+    bool written = true;
+    if (isListedIn(settings.get(), "disabled-extensions")) {
+        std::vector<std::string> disabled = listIn(settings.get(), "disabled-extensions");
+        std::erase(disabled, GnomeExtension::uuid);
+        written = setList(settings.get(), "disabled-extensions", disabled);
+    }
+    if (!isListedIn(settings.get(), "enabled-extensions")) {
+        std::vector<std::string> enabled = listIn(settings.get(), "enabled-extensions");
+        enabled.emplace_back(GnomeExtension::uuid);
+        written = setList(settings.get(), "enabled-extensions", enabled) && written;
+    }
+    g_settings_sync();
+    return written ? std::nullopt
+                   : std::optional<std::string>("GNOME Shell's settings cannot be written");
+}
+
+bool isEnabledAtNextLogin() {
+    const Settings settings = shellSettings();
+    return settings != nullptr && isListedIn(settings.get(), "enabled-extensions") &&
+           !isListedIn(settings.get(), "disabled-extensions");
+}
+
+// The extension sends windows only to the program behind this link.
+void linkToThisProgram(const std::filesystem::path& link, std::error_code& error) {
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error) {
+        std::filesystem::remove(link, error);
+    }
+    if (!error) {
+        std::filesystem::create_symlink(program, link, error);
+    }
+}
+
+std::optional<std::string> copyForm(const std::filesystem::path& from) {
+    const std::filesystem::path to = installedFolder();
+    std::error_code error;
+    std::filesystem::create_directories(to, error);
+    for (const char* name : {"metadata.json", "extension.js"}) {
+        if (!error) {
+            std::filesystem::copy_file(from / name, to / name,
+                                       std::filesystem::copy_options::overwrite_existing, error);
+        }
+    }
+    if (!error) {
+        linkToThisProgram(to / "program", error);
+    }
+    return error ? std::optional(to.string() + ": " + error.message()) : std::nullopt;
+}
+
+// `words` is the shell's reply about a loaded extension; it is empty for an unknown one.
+GnomeExtension::Status statusFrom(GVariant* words) {
+    double number = 0;
+    if (!g_variant_lookup(words, "state", "d", &number)) {
+        return {GnomeExtension::State::missing, ""};
+    }
+    const char* error = "";
+    g_variant_lookup(words, "error", "&s", &error);
+    switch (std::lround(number)) {
+    case shellSaysEnabled:
+        return {GnomeExtension::State::on, ""};
+    case shellSaysError:
+        return {GnomeExtension::State::failed, error};
+    case shellSaysOutOfDate:
+        return {GnomeExtension::State::failed, "not made for this version of GNOME Shell"};
+    default:
+        return {GnomeExtension::State::off, ""};
+    }
+}
+
+} // namespace
+
+GnomeExtension::GnomeExtension(std::filesystem::path ours) : forms(std::move(ours)) {}
+
+GnomeExtension::Status GnomeExtension::status() const {
+    const std::unique_ptr<DesktopBus> bus = DesktopBus::open();
+    if (bus == nullptr || !bus->isOwned(shellName)) {
+        return {State::noShell, ""};
+    }
+    const Answer answer =
+        ask(*bus, extensions, "GetExtensionInfo", g_variant_new("(s)", uuid), "(a{sv})");
+    if (answer.values == nullptr) {
+        return answer.shellIsStarting ? Status{State::noShell, ""}
+                                      : Status{State::failed, answer.error};
+    }
+    const Value words = owned(g_variant_get_child_value(answer.values.get(), 0));
+    const Status known = statusFrom(words.get());
+    std::error_code ignored;
+    if (known.state == State::missing && isEnabledAtNextLogin() &&
+        std::filesystem::exists(installedFolder() / "metadata.json", ignored)) {
+        return {State::atNextLogin, ""};
+    }
+    return known;
+}
+
+std::optional<std::string> GnomeExtension::install() const {
+    const std::unique_ptr<DesktopBus> bus = DesktopBus::open();
+    if (bus == nullptr) {
+        return "there is no session bus";
+    }
+    std::string error;
+    const std::optional<int> version = majorVersion(*bus, error);
+    if (!version) {
+        return error;
+    }
+    const char* const form = *version >= firstVersionOfModules ? "from-45" : "up-to-44";
+    if (std::optional<std::string> failure = copyForm(forms / form / uuid)) {
+        return failure;
+    }
+    const Answer answer =
+        ask(*bus, extensions, "EnableExtension", g_variant_new("(s)", uuid), "(b)");
+    gboolean enabled = FALSE;
+    if (answer.values != nullptr) {
+        g_variant_get(answer.values.get(), "(b)", &enabled);
+    }
+    return enabled != FALSE ? std::nullopt : enableAtNextLogin();
+}
+
+} // namespace glidemap

@@ -1,0 +1,20 @@
+// Activates a window of KWin, which only a script inside KWin can do.
+//
+// Thread:  the desktop thread.
+// Owner:   the callbacks of its own calls keep it alive; no callback runs after the bus is
+//          destroyed.
+// Errors:  calls `otherwise`.
+#pragma once
+
+#include "platform/linux/desktop/desktop_bus.h"
+
+#include <functional>
+#include <string>
+
+namespace glidemap {
+
+// `owner` is KWin's unique bus name.
+void activateInKWin(DesktopBus& bus, const std::string& owner, const std::string& handle,
+                    std::function<void()> otherwise);
+
+} // namespace glidemap

@@ -1,0 +1,31 @@
+// Writes a script to a file that no other user can read or replace, and names it for KWin.
+//
+// Thread:  the desktop thread.
+// Owner:   the code that loads the script, until KWin has read the file: KWin reads it when it runs
+//          it.
+// Errors:  `whole` is false if the file could not be written.
+#pragma once
+
+#include "platform/linux/desktop/desktop_bus.h"
+
+#include <string>
+
+namespace glidemap {
+
+class KWinScriptFile {
+public:
+    explicit KWinScriptFile(const std::string& script);
+    KWinScriptFile(const KWinScriptFile&) = delete;
+    KWinScriptFile& operator=(const KWinScriptFile&) = delete;
+
+    // Removes the file.
+    ~KWinScriptFile();
+
+    bool whole = false;
+    std::string path;
+};
+
+// KWin keeps one script per name, for all programs.
+std::string newKWinScriptName(const DesktopBus& bus);
+
+} // namespace glidemap

@@ -1,0 +1,153 @@
+#include "platform/linux/windows/kwin/kwin_window_backend.h"
+
+#include "platform/linux/desktop/desktop_bus.h"
+#include "platform/linux/windows/kwin/kwin_activation.h"
+#include "platform/linux/windows/kwin/kwin_script.h"
+#include "platform/linux/windows/kwin/kwin_script_loader.h"
+#include "platform/linux/windows/reported_windows.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr const char* kwinName = "org.kde.KWin";
+
+constexpr const char* reportDescription = R"(<node>
+    <interface name="org.glidemap.KWinWindows">
+        <method name="Report"><arg type="s" direction="in"/></method>
+    </interface>
+</node>)";
+
+GDBusInterfaceInfo* reportInterface() {
+    static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(reportDescription, nullptr);
+    return node->interfaces[0];
+}
+
+} // namespace
+
+struct KWinWindowBackend::State {
+    WindowListener* listener = nullptr;
+    ReportedWindows reported;
+    std::unique_ptr<DesktopBus> bus;
+    std::unique_ptr<KWinScriptLoader> loader; // while KWin is on the bus
+    unsigned object = 0;
+    KWinReport latest;
+    std::map<std::string, std::uint64_t> lastUses; // of windows by handle; one counter for all
+    std::uint64_t uses = 0;
+
+    ~State() {
+        if (object != 0) {
+            g_dbus_connection_unregister_object(bus->connection(), object);
+        }
+    }
+
+    void exportObject();
+    void hear(const std::string& sender, const char* text);
+    void noteUse();
+    std::string chosenOf(const WindowChoice& isChosen) const;
+    void reportNone() {
+        latest = {};
+        lastUses.clear();
+        reported.report(*listener, {}, std::nullopt);
+    }
+
+    static void answer(GDBusConnection* connection, const char* sender, const char* path,
+                       const char* interface, const char* method, GVariant* arguments,
+                       GDBusMethodInvocation* invocation, gpointer state);
+};
+
+void KWinWindowBackend::State::exportObject() {
+    static constexpr GDBusInterfaceVTable methods = {answer, nullptr, nullptr, {}};
+    object = g_dbus_connection_register_object(bus->connection(), kwinReportPath, reportInterface(),
+                                               &methods, this, nullptr, nullptr);
+}
+
+void KWinWindowBackend::State::answer(GDBusConnection* /*connection*/, const char* sender,
+                                      const char* /*path*/, const char* /*interface*/,
+                                      const char* /*method*/, GVariant* arguments,
+                                      GDBusMethodInvocation* invocation, gpointer state) {
+    const char* text = nullptr;
+    g_variant_get(arguments, "(&s)", &text);
+    static_cast<State*>(state)->hear(sender, text);
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+}
+
+void KWinWindowBackend::State::hear(const std::string& sender, const char* text) {
+    if (loader == nullptr || sender != loader->owner()) {
+        return;
+    }
+    if (std::optional<KWinReport> report = readKWinReport(text)) {
+        latest = *std::move(report);
+        noteUse();
+        reported.report(*listener, latest.windows, latest.active);
+    }
+}
+
+void KWinWindowBackend::State::noteUse() {
+    std::erase_if(lastUses, [this](const auto& use) {
+        return std::ranges::find(latest.handles, use.first) == latest.handles.end();
+    });
+    if (!latest.activeHandle.empty()) {
+        lastUses[latest.activeHandle] = ++uses;
+    }
+}
+
+// The handle; empty if no window matches.
+std::string KWinWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
+    std::string best;
+    std::uint64_t lastUse = 0;
+    for (std::size_t at = 0; at < latest.windows.size(); ++at) {
+        const auto use = lastUses.find(latest.handles[at]);
+        const std::uint64_t used = use != lastUses.end() ? use->second : 0;
+        if (used >= lastUse && isChosen(latest.windows[at])) {
+            best = latest.handles[at];
+            lastUse = used;
+        }
+    }
+    return best;
+}
+
+KWinWindowBackend::KWinWindowBackend() : state(std::make_unique<State>()) {}
+
+KWinWindowBackend::~KWinWindowBackend() = default;
+
+bool KWinWindowBackend::start(WindowListener& listener) {
+    state->bus = DesktopBus::open();
+    if (state->bus == nullptr || !(state->bus->isOwned(kwinName) || isCurrentDesktop("KDE"))) {
+        state->bus.reset();
+        return false;
+    }
+    state->listener = &listener;
+    state->exportObject();
+    state->bus->watchName(
+        kwinName,
+        [this](const std::string& owner) {
+            state->loader = std::make_unique<KWinScriptLoader>(*state->bus, owner,
+                                                               [this] { state->reportNone(); });
+        },
+        [this] {
+            state->loader.reset();
+            state->reportNone();
+        });
+    return true;
+}
+
+void KWinWindowBackend::bringForward(const WindowChoice& isChosen,
+                                     std::function<void()> otherwise) {
+    const std::string handle = state->loader != nullptr ? state->chosenOf(isChosen) : "";
+    if (handle.empty()) {
+        otherwise();
+        return;
+    }
+    activateInKWin(*state->bus, state->loader->owner(), handle, std::move(otherwise));
+}
+
+} // namespace glidemap

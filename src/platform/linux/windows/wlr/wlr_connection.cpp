@@ -1,0 +1,87 @@
+#include "platform/linux/windows/wlr/wlr_connection.h"
+
+#include "core/open_file.h"
+
+#include <poll.h>
+#include <wayland-client-core.h>
+#include <wayland-client-protocol.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <cstdlib>
+
+namespace glidemap {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+int millisecondsUntil(Clock::time_point deadline) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    return static_cast<int>(std::max<decltype(left)>(left, 0));
+}
+
+void noteAnswer(void* answered, wl_callback* /*callback*/, std::uint32_t /*serial*/) {
+    *static_cast<bool*>(answered) = true;
+}
+
+constexpr wl_callback_listener answerListener = {noteAnswer};
+
+} // namespace
+
+std::unique_ptr<WlrConnection> WlrConnection::open() {
+    // Requires the variable: without it the library tries wayland-0, which may belong to another
+    // session.
+    const char* const name = std::getenv("WAYLAND_DISPLAY");
+    if (name == nullptr || *name == '\0') {
+        return nullptr;
+    }
+    wl_display* const opened = wl_display_connect(name);
+    return opened == nullptr ? nullptr : std::make_unique<WlrConnection>(opened);
+}
+
+WlrConnection::~WlrConnection() {
+    wl_display_disconnect(_display);
+}
+
+int WlrConnection::descriptor() const {
+    return wl_display_get_fd(_display);
+}
+
+bool WlrConnection::roundTrip(std::chrono::milliseconds patience) {
+    const Clock::time_point deadline = Clock::now() + patience;
+    bool answered = false;
+    wl_callback* const answer = wl_display_sync(_display);
+    if (answer == nullptr) {
+        return false;
+    }
+    wl_callback_add_listener(answer, &answerListener, &answered);
+    bool connected = dispatchArrived();
+    while (connected && !answered && waitForEvents(deadline)) {
+        connected = dispatchArrived();
+    }
+    wl_callback_destroy(answer);
+    return connected && answered;
+}
+
+bool WlrConnection::waitForEvents(Clock::time_point deadline) {
+    pollfd source{descriptor(), POLLIN, 0};
+    return retried([&] { return poll(&source, 1, millisecondsUntil(deadline)); }) > 0;
+}
+
+bool WlrConnection::dispatchArrived() {
+    while (wl_display_prepare_read(_display) != 0) {
+        if (wl_display_dispatch_pending(_display) < 0) {
+            return false;
+        }
+    }
+    // Dispatches pending events without waiting for more.
+    if (wl_display_read_events(_display) < 0 || wl_display_dispatch_pending(_display) < 0) {
+        return false;
+    }
+    // If the socket is full, the rest is sent after the next events: no request is urgent.
+    return wl_display_flush(_display) >= 0 || errno == EAGAIN;
+}
+
+} // namespace glidemap

@@ -1,0 +1,85 @@
+#include "platform/linux/windows/wlr/wlr_window_backend.h"
+
+#include "platform/linux/windows/reported_windows.h"
+#include "platform/linux/windows/wlr/wlr_connection.h"
+#include "platform/linux/windows/wlr/wlr_toplevels.h"
+
+namespace glidemap {
+
+struct WlrWindowBackend::State {
+    DesktopThread& thread;
+    std::chrono::milliseconds patience;
+    WindowListener* listener = nullptr;
+    ReportedWindows reported;
+    std::unique_ptr<WlrConnection> connection;
+    std::unique_ptr<WlrToplevels> toplevels;
+    DesktopThread::Watch watch;
+
+    State(DesktopThread& runsOn, std::chrono::milliseconds waits)
+        : thread(runsOn), patience(waits) {}
+
+    bool connect();
+    void disconnect();
+    void hear();
+    void report();
+};
+
+bool WlrWindowBackend::State::connect() {
+    connection = WlrConnection::open();
+    if (connection == nullptr) {
+        return false;
+    }
+    toplevels = std::make_unique<WlrToplevels>(connection->display());
+    // The first round trip receives the globals, the second one the windows.
+    return connection->roundTrip(patience) && toplevels->isOffered() &&
+           connection->roundTrip(patience);
+}
+
+void WlrWindowBackend::State::disconnect() {
+    watch = {};
+    toplevels.reset();
+    connection.reset();
+}
+
+void WlrWindowBackend::State::hear() {
+    if (!connection->dispatchArrived() || !toplevels->isOffered()) {
+        disconnect();
+    }
+    report();
+}
+
+void WlrWindowBackend::State::report() {
+    if (toplevels == nullptr) {
+        reported.report(*listener, {}, std::nullopt);
+    } else {
+        reported.report(*listener, toplevels->windows(), toplevels->active());
+    }
+}
+
+WlrWindowBackend::WlrWindowBackend(DesktopThread& thread, std::chrono::milliseconds patience)
+    : state(std::make_unique<State>(thread, patience)) {}
+
+WlrWindowBackend::~WlrWindowBackend() {
+    state->disconnect();
+}
+
+bool WlrWindowBackend::start(WindowListener& listener) {
+    if (!state->connect()) {
+        state->disconnect();
+        return false;
+    }
+    state->listener = &listener;
+    state->watch = state->thread.watch(state->connection->descriptor(), [this] { state->hear(); });
+    state->report();
+    return true;
+}
+
+void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
+    if (state->toplevels != nullptr && state->toplevels->bringForward(isChosen)) {
+        state->hear(); // which also sends it
+    } else {
+        otherwise();
+    }
+}
+
+} // namespace glidemap

@@ -1,0 +1,40 @@
+// Gets the windows of sway and other compositors with the wlroots protocol, such as Hyprland (see
+// WlrToplevels).
+//
+// Events that arrive together are reported together. So a focus change, which deactivates one
+// window and activates another, is one change of the active window.
+//
+// Thread:  constructed, started and destroyed on the desktop thread. start() may block on a
+//          compositor that replies slowly; no other call does.
+// Owner:   the workspace.
+// Errors:  none; if the compositor exits, there are no windows. A later compositor belongs to
+//          another session.
+#pragma once
+
+#include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/windows/window_backend.h"
+
+#include <chrono>
+#include <memory>
+
+namespace glidemap {
+
+class WlrWindowBackend final : public WindowBackend {
+public:
+    // Far longer than a working compositor takes, even on a machine that is starting.
+    static constexpr std::chrono::milliseconds usualPatience{5000};
+
+    explicit WlrWindowBackend(DesktopThread& thread,
+                              std::chrono::milliseconds patience = usualPatience);
+    ~WlrWindowBackend() override;
+
+    // Also returns false if the compositor does not reply in time.
+    bool start(WindowListener& listener) override;
+    void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
+
+private:
+    struct State;
+    std::unique_ptr<State> state;
+};
+
+} // namespace glidemap

@@ -1,0 +1,466 @@
+#include "platform/linux/windows/x11/x11_backend.h"
+
+#include "platform/linux/desktop/launch_messages.h"
+#include "platform/linux/windows/x11/x11_requests.h"
+#include "platform/linux/windows/x11/x11_window_reader.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::uint32_t maxWindows = 4096;
+
+// The source indication of a pager: window managers may refuse requests from applications, or with
+// a timestamp older than the user's last input.
+constexpr std::uint32_t byTheUser = 2;
+
+// After this many events the thread runs its other tasks.
+constexpr int maxTurn = 500; // events and replies
+
+// A query that repeats after a change, with at most one in flight: continuous changes cannot flood
+// the server.
+class Inquiry {
+public:
+    // Returns true if the caller must send the query now.
+    bool begin() {
+        again = underWay;
+        return !std::exchange(underWay, true);
+    }
+
+    // Returns true if the caller must send the query again.
+    bool end() {
+        underWay = false;
+        return std::exchange(again, false);
+    }
+
+private:
+    bool underWay = false;
+    bool again = false;
+};
+
+xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
+    auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; number > 0 && screen.rem > 1; --number)
+        xcb_screen_next(&screen);
+    return screen.data;
+}
+
+} // namespace
+
+class X11Backend::Session : public std::enable_shared_from_this<Session> {
+public:
+    Session(DesktopThread& desktop, WindowListener& to, X11Requests::Connection connection,
+            int screen);
+
+    void begin();
+
+    // Returns false if no window matches.
+    bool bringForward(const WindowChoice& isChosen);
+    void requestToken(const LaunchedApplication& application,
+                      std::function<void(const LaunchToken&)> then);
+
+private:
+    struct Client {
+        std::optional<X11Window> window; // nullopt until it has been read
+        Inquiry inquiry;
+        std::uint64_t lastUse = 0; // one counter for all windows; 0 before it was active
+    };
+
+    void makeClock();
+    void askForTime();
+    void takeTime(xcb_timestamp_t time);
+    void activate(xcb_timestamp_t time);
+    void broadcast(const std::vector<std::string>& message);
+    void askWindowManager(xcb_window_t window, xcb_atom_t request,
+                          const std::array<std::uint32_t, 5>& details);
+
+    void serve();
+    bool serveOnce();
+    void handle(const xcb_generic_event_t& event);
+    void propertyChanged(xcb_window_t window, xcb_atom_t property);
+    void askForActive();
+    void askForList();
+    void takeActive(const X11Property& property);
+    void takeList(const X11Property& property);
+    void follow(xcb_window_t window);
+    void read(xcb_window_t window);
+    void forgetClosedWindows();
+    void report();
+    bool activeIsOpen() const;
+    void reportActive();
+    void reportWindows();
+    void lose();
+
+    DesktopThread& thread;
+    WindowListener& listener;
+    X11Requests requests;
+    X11WindowReader reader;
+    xcb_window_t root;
+    xcb_atom_t activeAtom;
+    xcb_atom_t listAtom;
+    xcb_atom_t managerAtom;
+    xcb_atom_t workspaceAtom;
+    xcb_atom_t shownWorkspaceAtom;
+    xcb_window_t clock = XCB_WINDOW_NONE;      // changing it makes the server report its time
+    xcb_window_t toActivate = XCB_WINDOW_NONE; // when the time arrives
+    std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
+    std::uint32_t launches = 0;
+    xcb_atom_t launchBeginsAtom;
+    xcb_atom_t launchGoesOnAtom;
+    std::uint64_t uses = 0;
+    Inquiry activeInquiry;
+    Inquiry listInquiry;
+    xcb_window_t active = XCB_WINDOW_NONE;
+    bool hasList = false;
+    std::vector<xcb_window_t> listed;
+    std::map<xcb_window_t, Client> clients; // the listed windows and the active one
+    std::optional<WindowIdentity> reportedActive;
+    std::vector<WindowIdentity> reportedWindows;
+    DesktopThread::Watch watch;
+};
+
+X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
+                             X11Requests::Connection connection, int screen)
+    : thread(desktop), listener(to), requests(std::move(connection)), reader(requests),
+      root(screenOf(requests.raw(), screen)->root) {
+    const auto atoms = internAtoms(
+        requests.raw(),
+        {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
+         "_NET_CURRENT_DESKTOP", "_NET_STARTUP_INFO_BEGIN", "_NET_STARTUP_INFO"});
+    launchBeginsAtom = atoms[5];
+    launchGoesOnAtom = atoms[6];
+    activeAtom = atoms[0];
+    listAtom = atoms[1];
+    workspaceAtom = atoms[3];
+    shownWorkspaceAtom = atoms[4];
+    managerAtom = atoms[2];
+}
+
+void X11Backend::Session::begin() {
+    makeClock();
+    requests.followProperties(root); // before the queries, so that no change is lost
+    askForActive();
+    askForList();
+    requests.flush();
+    watch = thread.watch(xcb_get_file_descriptor(requests.raw()), [this] { serve(); });
+    serve(); // handles replies that earlier requests have already read
+}
+
+void X11Backend::Session::serve() {
+    int turns = 0;
+    while (turns < maxTurn && serveOnce())
+        ++turns;
+    if (requests.isLost()) {
+        lose();
+        return;
+    }
+    report();
+    // The socket does not become readable for events that xcb has already queued.
+    if (turns == maxTurn) {
+        thread.submit([self = weak_from_this()] {
+            if (const auto alive = self.lock())
+                alive->serve();
+        });
+    }
+}
+
+// xcb_poll_for_event() reads from the socket, including replies.
+bool X11Backend::Session::serveOnce() {
+    const std::unique_ptr<xcb_generic_event_t, X11Freed> event(xcb_poll_for_event(requests.raw()));
+    if (event != nullptr)
+        handle(*event);
+    const bool answered = requests.takeAnswer();
+    if (event != nullptr || answered)
+        requests.flush();
+    return event != nullptr || answered;
+}
+
+void X11Backend::Session::handle(const xcb_generic_event_t& event) {
+    constexpr std::uint8_t sent = 0x80;
+    if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
+        return; // also skips errors: a window closed before the request
+    const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
+    if (change.window != clock)
+        propertyChanged(change.window, change.atom);
+    else
+        takeTime(change.time);
+}
+
+void X11Backend::Session::makeClock() {
+    xcb_connection_t* const server = requests.raw();
+    clock = xcb_generate_id(server);
+    xcb_create_window(server, 0, clock, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    requests.followProperties(clock);
+}
+
+bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
+    xcb_window_t best = XCB_WINDOW_NONE;
+    std::uint64_t lastUse = 0;
+    for (const xcb_window_t window : listed) {
+        const Client& client = clients.at(window);
+        const bool isOpen =
+            client.window && !client.window->isGone && client.window->isApplications;
+        if (isOpen && client.lastUse >= lastUse && isChosen(client.window->identity)) {
+            best = window;
+            lastUse = client.lastUse;
+        }
+    }
+    if (best == XCB_WINDOW_NONE || requests.isLost())
+        return false;
+    toActivate = best;
+    askForTime();
+    return true;
+}
+
+void X11Backend::Session::askForTime() {
+    xcb_change_property(requests.raw(), XCB_PROP_MODE_APPEND, clock, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
+    requests.flush();
+}
+
+void X11Backend::Session::takeTime(xcb_timestamp_t time) {
+    if (toActivate != XCB_WINDOW_NONE)
+        activate(time);
+    for (const auto& take : std::exchange(waitingForTime, {}))
+        take(time);
+}
+
+// The identifier ends with the time of the user's input. The message is sent when the program runs,
+// so that the window manager does not wait for a program that cannot start.
+void X11Backend::Session::requestToken(const LaunchedApplication& application,
+                                       std::function<void(const LaunchToken&)> then) {
+    if (requests.isLost()) {
+        then({});
+        return;
+    }
+    waitingForTime.push_back([this, application,
+                              requestToken = std::move(then)](xcb_timestamp_t time) {
+        if (time == XCB_CURRENT_TIME) {
+            requestToken({});
+            return;
+        }
+        const std::string identifier = "glidemap-" + std::to_string(getpid()) + "-" +
+                                       std::to_string(++launches) + "_TIME" + std::to_string(time);
+        requestToken(
+            {identifier, "", [weak = weak_from_this(), application, identifier] {
+                 if (const auto alive = weak.lock()) {
+                     alive->broadcast(launchMessage(
+                         "new", {{"ID", identifier},
+                                 {"NAME", application.name},
+                                 {"SCREEN", "0"},
+                                 {"WMCLASS", application.windowClass},
+                                 {"APPLICATION_ID", application.identifier + ".desktop"}}));
+                 }
+             }});
+    });
+    askForTime();
+}
+
+void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
+    xcb_atom_t type = launchBeginsAtom;
+    for (const std::string& piece : message) {
+        xcb_client_message_event_t event = {};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 8;
+        event.window = clock;
+        event.type = type;
+        std::ranges::copy(piece, event.data.data8);
+        xcb_send_event(requests.raw(), 0, root, XCB_EVENT_MASK_PROPERTY_CHANGE,
+                       reinterpret_cast<const char*>(&event));
+        type = launchGoesOnAtom;
+    }
+    requests.flush();
+}
+
+// As task bars do: not every window manager switches to the window's workspace.
+void X11Backend::Session::activate(xcb_timestamp_t time) {
+    const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
+    requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
+        constexpr std::uint32_t onAll = 0xFFFFFFFF;
+        if (!workspace.items.empty() && workspace.items.front() != onAll)
+            askWindowManager(root, shownWorkspaceAtom, {workspace.items.front(), time});
+        askWindowManager(window, activeAtom, {byTheUser, time, active});
+    });
+}
+
+void X11Backend::Session::askWindowManager(xcb_window_t window, xcb_atom_t request,
+                                           const std::array<std::uint32_t, 5>& details) {
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = request;
+    std::ranges::copy(details, event.data.data32);
+    xcb_send_event(requests.raw(), 0, root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+}
+
+void X11Backend::Session::propertyChanged(xcb_window_t window, xcb_atom_t property) {
+    if (window != root) {
+        if (reader.reads(property))
+            read(window);
+        return;
+    }
+    if (property == activeAtom || property == managerAtom)
+        askForActive();
+    if (property == listAtom || property == managerAtom)
+        askForList();
+}
+
+void X11Backend::Session::askForActive() {
+    if (!activeInquiry.begin())
+        return;
+    requests.property(root, activeAtom, 1, [this](const X11Property& property) {
+        takeActive(property);
+        if (activeInquiry.end())
+            askForActive();
+    });
+}
+
+void X11Backend::Session::askForList() {
+    if (!listInquiry.begin())
+        return;
+    requests.property(root, listAtom, maxWindows, [this](const X11Property& property) {
+        takeList(property);
+        if (listInquiry.end())
+            askForList();
+    });
+}
+
+void X11Backend::Session::takeActive(const X11Property& property) {
+    active = property.items.empty() ? xcb_window_t{XCB_WINDOW_NONE} : property.items.front();
+    if (active != XCB_WINDOW_NONE) {
+        follow(active);
+        clients.at(active).lastUse = ++uses;
+    }
+    forgetClosedWindows();
+}
+
+void X11Backend::Session::takeList(const X11Property& property) {
+    hasList = property.hasItems;
+    listed.clear();
+    std::set<xcb_window_t> seen;
+    for (const xcb_window_t window : property.items) {
+        if (window != XCB_WINDOW_NONE && seen.insert(window).second)
+            listed.push_back(window);
+    }
+    for (const xcb_window_t window : listed)
+        follow(window);
+    forgetClosedWindows();
+}
+
+// Follows known windows again, too: the id may belong to a new window if one program has exited and
+// another has started in between.
+void X11Backend::Session::follow(xcb_window_t window) {
+    clients.try_emplace(window);
+    requests.followProperties(window);
+    read(window);
+}
+
+void X11Backend::Session::read(xcb_window_t window) {
+    const auto client = clients.find(window);
+    if (client == clients.end() || !client->second.inquiry.begin())
+        return;
+    reader.read(window, [this, window](const X11Window& described) {
+        const auto reading = clients.find(window);
+        if (reading == clients.end())
+            return;
+        reading->second.window = described;
+        if (reading->second.inquiry.end())
+            read(window);
+    });
+}
+
+void X11Backend::Session::forgetClosedWindows() {
+    std::set<xcb_window_t> open(listed.begin(), listed.end());
+    open.insert(active);
+    std::erase_if(clients, [&](const auto& client) { return open.count(client.first) == 0; });
+}
+
+void X11Backend::Session::report() {
+    reportActive();
+    reportWindows();
+}
+
+// Some window managers keep a closed window as the active one.
+bool X11Backend::Session::activeIsOpen() const {
+    return !hasList || std::find(listed.begin(), listed.end(), active) != listed.end();
+}
+
+void X11Backend::Session::reportActive() {
+    std::optional<WindowIdentity> now;
+    const auto client = clients.find(active);
+    if (client != clients.end() && activeIsOpen()) {
+        if (!client->second.window)
+            return; // a reply is pending
+        if (!client->second.window->isGone)
+            now = client->second.window->identity;
+    }
+    if (now == reportedActive)
+        return;
+    reportedActive = now;
+    listener.activeWindowChanged(now);
+}
+
+void X11Backend::Session::reportWindows() {
+    std::vector<WindowIdentity> now;
+    for (const xcb_window_t window : listed) {
+        const auto& read = clients.at(window).window;
+        if (!read)
+            return; // a reply is pending
+        if (!read->isGone && read->isApplications)
+            now.push_back(read->identity);
+    }
+    if (now == reportedWindows)
+        return;
+    reportedWindows = std::move(now);
+    listener.windowsChanged(reportedWindows);
+}
+
+void X11Backend::Session::lose() {
+    watch = {};
+    active = XCB_WINDOW_NONE;
+    listed.clear();
+    clients.clear();
+    report();
+    takeTime(XCB_CURRENT_TIME);
+}
+
+X11Backend::X11Backend(DesktopThread& desktop, std::string display)
+    : thread(desktop), displayName(std::move(display)) {}
+
+X11Backend::~X11Backend() = default;
+
+bool X11Backend::start(WindowListener& listener) {
+    int screen = 0;
+    X11Requests::Connection connection(
+        xcb_connect(displayName.empty() ? nullptr : displayName.c_str(), &screen), xcb_disconnect);
+    if (xcb_connection_has_error(connection.get()) != 0)
+        return false;
+    session = std::make_shared<Session>(thread, listener, std::move(connection), screen);
+    session->begin();
+    return true;
+}
+
+void X11Backend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
+    if (session == nullptr || !session->bringForward(isChosen))
+        otherwise();
+}
+
+void X11Backend::requestToken(const LaunchedApplication& application,
+                              std::function<void(const LaunchToken&)> then) {
+    session != nullptr ? session->requestToken(application, std::move(then)) : then({});
+}
+
+} // namespace glidemap

@@ -1,0 +1,58 @@
+// Reads the properties of a window of the X server.
+//
+// Thread:  one; the desktop thread in the program.
+// Owner:   X11Backend.
+// Errors:  none. Programs may write arbitrary properties: invalid ones are ignored, long ones are
+//          truncated.
+#pragma once
+
+#include "platform/linux/windows/window_backend.h"
+#include "platform/linux/windows/x11/x11_requests.h"
+
+#include <xcb/xcb.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace glidemap {
+
+struct X11Window {
+    WindowIdentity identity;
+    bool isGone = false;
+    bool isApplications = true; // false for panels, menus, splash screens and similar windows
+
+    friend bool operator==(const X11Window&, const X11Window&) = default;
+};
+
+class X11WindowReader {
+public:
+    explicit X11WindowReader(X11Requests& through);
+
+    // Calls `taker` when the server has replied.
+    void read(xcb_window_t window, std::function<void(const X11Window&)> taker);
+
+    // Whether a change of this property may change the result of read().
+    bool reads(xcb_atom_t property) const;
+
+private:
+    struct Atoms {
+        xcb_atom_t process, machine, type, state, title;
+        xcb_atom_t typeNormal, typeDialog, typeUtility, skipTaskbar;
+    };
+    struct Reading;
+
+    bool isApplications(const std::vector<xcb_atom_t>& types,
+                        const std::vector<xcb_atom_t>& states) const;
+
+    X11Requests& requests;
+    Atoms atoms{};
+    std::string hostName;
+};
+
+// Looks up all names in one round trip, and blocks for it.
+std::vector<xcb_atom_t> internAtoms(xcb_connection_t* connection,
+                                    const std::vector<std::string_view>& names);
+
+} // namespace glidemap

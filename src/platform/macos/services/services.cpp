@@ -1,0 +1,151 @@
+// The implementation of platform/services.h on macOS.
+#include "platform/services.h"
+
+#include "platform/common/shared_engine.h"
+#include "platform/macos/access/process_trust.h"
+#include "platform/macos/appearance/macos_appearance.h"
+#include "platform/macos/autorelease_pool.h"
+#include "platform/macos/bundle/application_support.h"
+#include "platform/macos/bundle/main_bundle.h"
+#include "platform/macos/clicks/quartz_click_tap.h"
+#include "platform/macos/defaults/preferences.h"
+#include "platform/macos/keyboard/local_key_monitor.h"
+#include "platform/macos/keyboard/quartz_key_event_poster.h"
+#include "platform/macos/session/login_framework_lock.h"
+#include "platform/macos/session/main_app_login_item.h"
+#include "platform/macos/shell/apple_event.h"
+#include "platform/macos/shell/macos_application_shell.h"
+#include "platform/macos/shell/menu_bar.h"
+#include "platform/macos/thread_setup.h"
+#include "platform/macos/touch/touch_driver_platform.h"
+#include "platform/macos/workspace/macos_workspace.h"
+#include "platform/qt/qt_window_geometry.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace glidemap::platform {
+
+namespace {
+
+// Without this folder the bindings cannot be stored, so the program cannot work.
+std::filesystem::path dataFolder() {
+    if (const auto folder = applicationSupportFolder()) {
+        return *folder;
+    }
+    std::cerr << "glidemap: the system names no folder for Application Support" << std::endl;
+    std::abort();
+}
+
+std::filesystem::path ownFolder() {
+    return dataFolder() / "Glidemap";
+}
+
+// The event loop drains a pool in each iteration. Objects that are created before the first one
+// need this pool.
+template <typename Make>
+auto madeBeforeTheLoop(const Make& make) {
+    decltype(make()) made;
+    withinAutoreleasePool([&] { made = make(); });
+    return made;
+}
+
+struct AppleEvents {
+    std::optional<AppleEvent> reopen;
+    std::optional<AppleEvent> quit;
+};
+
+// Installs the handlers later, because the application object installs its own while it launches.
+std::shared_ptr<AppleEvents> handleAppleEvents(MainQueue& mainQueue,
+                                               const std::shared_ptr<ApplicationShell>& shell,
+                                               const std::function<void()>& reopened) {
+    const auto events = std::make_shared<AppleEvents>();
+    mainQueue.submit([weak = std::weak_ptr(events), shell, reopened] {
+        if (const auto held = weak.lock()) {
+            held->reopen.emplace(AppleEvent::Kind::reopen, reopened);
+            // Qt would first refuse and quit later, which cancels a logout.
+            held->quit.emplace(AppleEvent::Kind::quit, [shell] { shell->terminate(); });
+        }
+    });
+    return events;
+}
+
+} // namespace
+
+// macOS needs no activation data.
+SingleInstance::Request takeActivationToken() {
+    return {};
+}
+
+std::filesystem::path runtimeFolder() {
+    return ownFolder();
+}
+
+bool hasDisplay() {
+    return true;
+}
+
+bool windowsHaveIcons() {
+    return false;
+}
+
+std::string diagnosis(const std::string& version) {
+    return "Glidemap " + version +
+           "\n  accessibility: " + (ProcessTrust().isTrusted() ? "granted" : "not granted") +
+           "\n  touch driver: " + touchDriverPlatform().libraryPath + "\n";
+}
+
+// There is no message bus.
+std::function<void()> hideSilentBus() {
+    return [] {
+    };
+}
+
+// The system keeps the list of fonts.
+std::function<void()> startFontScan() {
+    return [] {
+    };
+}
+
+std::shared_ptr<UserDefaults> makeUserDefaults() {
+    return std::make_shared<Preferences>();
+}
+
+AlertServices makeAlertServices(MainQueue& /*mainQueue*/,
+                                const SingleInstance::Request& /*activation*/) {
+    // The system updates the settings, so they need no foundation.
+    return {.foundation = nullptr,
+            .appearance = madeBeforeTheLoop([] { return std::make_shared<MacosAppearance>(); })};
+}
+
+Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
+                      const SingleInstance::Request& /*activation*/, SystemEvents events) {
+    return madeBeforeTheLoop([&mainQueue, &events] {
+        makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread, withinAutoreleasePool);
+        const auto shell = std::make_shared<MacosApplicationShell>();
+        return Services{
+            .foundation = handleAppleEvents(*mainQueue, shell, events.reopened),
+            .version = bundleShortVersion(),
+            .appearance = std::make_shared<MacosAppearance>(),
+            .shell = shell,
+            .statusBar = std::make_shared<MenuBar>(),
+            .trust = std::make_shared<ProcessTrust>(),
+            .workspace = std::make_shared<MacosWorkspace>(),
+            .clickTap = std::make_shared<QuartzClickTap>(),
+            .keyboard = std::make_shared<QuartzKeyEventPoster>(),
+            .screenLock = std::make_shared<LoginFrameworkLock>(),
+            .loginItems = std::make_shared<MainAppLoginItem>(),
+            .keyPresses = std::make_shared<LocalKeyMonitor>(),
+            .windowGeometry = std::make_shared<QtWindowGeometry>(ownFolder() / "window.ini"),
+            .desktopHelper = nullptr,
+            .notes = nullptr,
+            .dataFolder = dataFolder,
+            .useActivationToken = [](const SingleInstance::Request&) {},
+        };
+    });
+}
+
+} // namespace glidemap::platform
