@@ -20,6 +20,7 @@ using desktops::Program;
 
 constexpr std::uint32_t longest = 4096; // length of a property, in words
 constexpr std::uint32_t fromTaskBar = 2;
+constexpr std::uint32_t iconic = 3; // a state of WM_STATE
 
 Program::Command serverIn(const desktops::RuntimeFolder& folder) {
     return {.words = {"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-noreset",
@@ -160,10 +161,31 @@ bool XDisplay::embedsBelow(std::uint32_t window) const {
 }
 
 bool XDisplay::isEmbedded(std::uint32_t window) const {
+    return isViewable(window) && !property(window, "_XEMBED_INFO").empty();
+}
+
+bool XDisplay::isViewable(std::uint32_t window) const {
     const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
         _connection, xcb_get_window_attributes(_connection, window), nullptr));
-    return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
-           !property(window, "_XEMBED_INFO").empty();
+    return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool XDisplay::isMinimized(std::uint32_t window) const {
+    const std::vector<std::uint32_t> state = numbers(window, "WM_STATE");
+    return !state.empty() && state.front() == iconic;
+}
+
+bool XDisplay::isOnAnotherWorkspace(std::uint32_t window) const {
+    constexpr std::uint32_t everyWorkspace = 0xffffffff;
+    const std::vector<std::uint32_t> workspace = numbers(window, "_NET_WM_DESKTOP");
+    return !workspace.empty() && workspace.front() != everyWorkspace &&
+           workspace.front() != shownWorkspace();
+}
+
+bool XDisplay::showsAllWindows() const {
+    return std::ranges::all_of(numbers(_root, "_NET_CLIENT_LIST"), [this](std::uint32_t window) {
+        return isViewable(window) || isMinimized(window) || isOnAnotherWorkspace(window);
+    });
 }
 
 std::uint32_t XDisplay::openWindow(const Rectangle& area) const {
@@ -202,7 +224,6 @@ void XDisplay::activate(const ManagedWindow& window) const {
 }
 
 void XDisplay::minimize(const ManagedWindow& window) const {
-    constexpr std::uint32_t iconic = 3;
     ask(window.id, "WM_CHANGE_STATE", iconic);
 }
 

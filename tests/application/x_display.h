@@ -79,6 +79,10 @@ public:
     // Simulates the end of the session.
     void kill() const { server->kill(); }
 
+    // Whether each window is visible that is neither minimised nor on another workspace. Some
+    // window managers list a window before they show it, and focus it only then.
+    bool showsAllWindows() const;
+
     // Activates the window like a task bar.
     void activate(const ManagedWindow& window) const;
 
@@ -96,6 +100,9 @@ private:
     bool waitForWindowManager() const;
     bool embedsBelow(std::uint32_t window) const;
     bool isEmbedded(std::uint32_t window) const;
+    bool isViewable(std::uint32_t window) const;
+    bool isMinimized(std::uint32_t window) const;
+    bool isOnAnotherWorkspace(std::uint32_t window) const;
     std::uint32_t atom(const std::string& text) const;
     std::string property(std::uint32_t window, const char* property) const;
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property) const;

@@ -27,7 +27,7 @@ public:
     // and exits at the end of its standard input.
     virtual std::string windowProgram() const = 0;
 
-    // Activates a window as a task bar does.
+    // Activates a window as a task bar does, once the desktop shows the windows that it lists.
     virtual void activate(const std::string& application) = 0;
 
     // Both return when the change is complete. Only for desktops that minimise windows, or whose

@@ -2,7 +2,7 @@
 //
 // Thread:  the test's.
 // Owner:   a test; the process's environment names the desktop.
-// Errors:  a report that does not arrive in time fails the test.
+// Errors:  a report that does not arrive in time fails the test, and names the caller's line.
 #pragma once
 
 #include "platform/linux/applications/linux_workspace.h"
@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <source_location>
 #include <string>
 
 namespace glidemap::desktops {
@@ -36,12 +37,17 @@ public:
         return names;
     }
 
-    void expectFrontmost(const std::string& application) const {
+    void
+    expectFrontmost(const std::string& application,
+                    const std::source_location& caller = std::source_location::current()) const {
+        const testing::ScopedTrace trace(caller.file_name(), static_cast<int>(caller.line()), "");
         EXPECT_TRUE(application::waitUntil([&] { return frontmost() == application; }))
             << application << " is not frontmost, but " << frontmost();
     }
 
-    void expectRunning(const Names& applications) const {
+    void expectRunning(const Names& applications,
+                       const std::source_location& caller = std::source_location::current()) const {
+        const testing::ScopedTrace trace(caller.file_name(), static_cast<int>(caller.line()), "");
         EXPECT_TRUE(application::waitUntil([&] { return running() == applications; }))
             << testing::PrintToString(running()) << " run, and not "
             << testing::PrintToString(applications);

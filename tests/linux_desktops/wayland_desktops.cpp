@@ -114,6 +114,7 @@ public:
     const PrivateBus& bus() const override { return shell.bus(); }
 
     void activate(const std::string& application) override {
+        waitUntilWindowsAreShown();
         shell.evaluate(windowOf(application) +
                        ".activate(global.display.get_current_time_roundtrip())");
     }
@@ -140,6 +141,17 @@ public:
     bool isOverviewOpen() const override { return shell.isOverviewOpen(); }
 
 private:
+    // The shell lists a window before it shows it. It gives the focus to a window that it shows, and
+    // so takes it from a window that was activated in between.
+    void waitUntilWindowsAreShown() const {
+        EXPECT_TRUE(application::waitUntil([this] {
+            return shell.evaluate("global.get_window_actors().every(actor => actor.visible || "
+                                  "!actor.meta_window.showing_on_its_workspace() || "
+                                  "!actor.meta_window.located_on_workspace("
+                                  "global.workspace_manager.get_active_workspace()))") == "true";
+        })) << "a window is not shown";
+    }
+
     static std::string windowOf(const std::string& application) {
         return "global.get_window_actors().map(actor => actor.meta_window).find(window => "
                "window.get_wm_class() === '" +

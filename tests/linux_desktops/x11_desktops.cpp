@@ -50,7 +50,11 @@ public:
     const PrivateBus& bus() const override { return session; }
     std::string windowProgram() const override { return GLIDEMAP_X_CLIENT; }
 
+    // A window manager may give the focus to each window that it shows, and so take it from a
+    // window that was activated before.
     void activate(const std::string& application) override {
+        EXPECT_TRUE(waitUntil([this] { return display.showsAllWindows(); }))
+            << "a window is not shown";
         const std::vector<ManagedWindow> all = display.windows();
         const auto found = std::ranges::find(all, application, &ManagedWindow::className);
         ASSERT_NE(found, all.end()) << "no window of " << application;
