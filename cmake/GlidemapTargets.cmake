@@ -60,17 +60,35 @@ function(glidemap_driver name)
     endif()
 endfunction()
 
-# glidemap_tests(NAME SOURCES path… DEPENDS target…): the tests of one folder, with its name as CTest label.
+# Fails if a test of the calling folder is not named in its CMakeLists.txt, which would omit it from every build. A subfolder
+# with its own CMakeLists.txt names its own tests.
+function(glidemap_require_listed_tests)
+    file(READ CMakeLists.txt list)
+    file(GLOB_RECURSE present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp *_test.mm)
+    foreach(source IN LISTS present)
+        get_filename_component(folder ${source} DIRECTORY)
+        if(folder AND EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt)
+            continue()
+        endif()
+        string(REPLACE "." "\\." pattern ${source})
+        if(NOT list MATCHES "[ \n]${pattern}[ \n)]")
+            message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR}/${source} is not listed in CMakeLists.txt")
+        endif()
+    endforeach()
+endfunction()
+
+# glidemap_tests(NAME SOURCES path… DEPENDS target…): tests of one folder, with NAME as CTest label and as prefix of each case.
+# NAME is the folder's path below tests/, with `_` for `/`. A folder with several programs adds a word to the name of each.
 # Under a sanitizer a folder is one test, because sanitized programs start slowly. Otherwise each case is one test.
 # The time-outs only end a hung test, because a busy machine may be ten times slower than an idle one.
 function(glidemap_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
-    file(GLOB present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp *_test.mm)
-    foreach(source IN LISTS present)
-        if(NOT source IN_LIST ARG_SOURCES)
-            message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR}/${source} is not listed in glidemap_tests")
-        endif()
-    endforeach()
+    glidemap_require_listed_tests()
+    file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR}/tests ${CMAKE_CURRENT_SOURCE_DIR})
+    string(REPLACE "/" "_" folder ${folder})
+    if(NOT name MATCHES "^${folder}(_|$)")
+        message(FATAL_ERROR "The tests of ${CMAKE_CURRENT_SOURCE_DIR} are called ${name}, not ${folder}")
+    endif()
     add_executable(${name}_tests ${ARG_SOURCES})
     target_link_libraries(${name}_tests PRIVATE ${ARG_DEPENDS} glidemap_kit_patience GTest::gmock GTest::gtest_main)
     glidemap_precompile(${name}_tests)

@@ -1,10 +1,10 @@
 // The whole program, fed from a recording, on the tests' own buses. The kernel tests cover real
 // touchpads.
 #include "choreography/performance.h"
+#include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
-#include "linux_session/bus_double.h"
 #include "process.h"
 #include "recording/recording_writer.h"
 

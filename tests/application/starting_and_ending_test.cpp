@@ -1,6 +1,6 @@
 // The program's startup and exit, as the user and the desktop observe them.
 #include "application_test_base.h"
-#include "linux_session/silent_socket.h"
+#include "desktops/silent_socket.h"
 #include "x_reply.h"
 
 #include <xcb/xcb.h>

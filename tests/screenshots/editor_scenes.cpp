@@ -3,7 +3,7 @@
 #include "ui/controls/segmented_control.h"
 #include "ui/editor/action_kind.h"
 #include "ui/editor/scope_kind.h"
-#include "ui_settings/settings_stage.h"
+#include "ui/settings/settings_stage.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

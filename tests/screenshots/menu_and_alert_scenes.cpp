@@ -7,7 +7,7 @@
 #include "kit/recording_click_tap.h"
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
-#include "ui_settings/settings_stage.h"
+#include "ui/settings/settings_stage.h"
 
 #include <QMenu>
 

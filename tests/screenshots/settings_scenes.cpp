@@ -1,6 +1,6 @@
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
-#include "ui_settings/settings_stage.h"
+#include "ui/settings/settings_stage.h"
 
 #include <QAbstractButton>
 #include <QApplication>

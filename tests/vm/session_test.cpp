@@ -3,11 +3,11 @@
 
 #include "access_list.h"
 #include "agent_session.h"
+#include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "device_reader.h"
 #include "input_devices.h"
 #include "kit/in_environment.h"
-#include "linux_session/bus_double.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "virtual_pad.h"

@@ -10,12 +10,12 @@
 // prints both.
 #include "agent_session.h"
 #include "deadline.h"
+#include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "device_reader.h"
 #include "event_reader.h"
 #include "input_devices.h"
 #include "kit/in_environment.h"
-#include "linux_session/bus_double.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
 #include "performer.h"

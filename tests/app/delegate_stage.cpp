@@ -1,0 +1,228 @@
+#include "app/delegate_stage.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QPixmap>
+#include <utility>
+
+namespace glidemap::test {
+
+namespace {
+
+QIcon anyIcon() {
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::black);
+    return pixmap;
+}
+
+} // namespace
+
+DelegateStage* DelegateStage::current = nullptr;
+
+class DelegateStage::Shell : public ApplicationShell {
+public:
+    explicit Shell(DelegateStage& reported) : stage(reported) {}
+    void becomeAccessory() override { stage.notes.emplace_back("become an accessory"); }
+    void activate(QWidget& widget) override {
+        stage.notes.push_back("activate " + widget.windowTitle().toStdString() +
+                              (widget.isVisible() ? "" : ", hidden"));
+        if (stage.onActivate) {
+            stage.onActivate(widget);
+        }
+    }
+    void setGesturesOn(bool areOn) override { stage.gestureStates.push_back(areOn); }
+    void terminate() override { stage.notes.emplace_back("terminate"); }
+
+private:
+    DelegateStage& stage;
+};
+
+class DelegateStage::Trust : public AccessibilityTrust {
+public:
+    explicit Trust(DelegateStage& reported) : stage(reported) {}
+    bool isTrusted() override {
+        stage.notes.emplace_back("trusted?");
+        return false;
+    }
+    bool isTrustedWithPrompt() override {
+        stage.notes.emplace_back("trusted? with the prompt");
+        return false;
+    }
+
+private:
+    DelegateStage& stage;
+};
+
+class DelegateStage::Tap : public ClickTap {
+public:
+    explicit Tap(DelegateStage& reported) : stage(reported) {}
+    bool create(Callback callback) override {
+        stage.notes.emplace_back("click tap");
+        stage.click = std::move(callback);
+        return true;
+    }
+    void setEnabled(bool enabled) override {
+        const bool tooEarly = !enabled && stage.hearsTouches();
+        stage.notes.emplace_back(enabled    ? "clicks on"
+                                 : tooEarly ? "clicks off, touches still heard"
+                                            : "clicks off");
+    }
+    void remove() override { stage.notes.emplace_back("no click tap"); }
+    void setNeeded(bool needed) override {
+        stage.notes.emplace_back(needed ? "clicks needed" : "clicks not needed");
+    }
+
+private:
+    DelegateStage& stage;
+};
+
+// A complete driver. Only a start queries its number of devices.
+TouchDriverPlatform DelegateStage::driver() {
+    return {TEST_DRIVER, [](void*) {
+                return TouchDriverPlatform::ListAccess{
+                    [](driver::DeviceList) -> long {
+                        const bool heard = current->engine->onGesture != nullptr;
+                        const bool asks =
+                            current->engine->sessionRecognizer().doubleTapBindingExists != nullptr;
+                        current->notes.push_back(std::string("touches") +
+                                                 (heard ? "" : ", no onGesture") +
+                                                 (asks ? "" : ", no doubleTapBindingExists"));
+                        return 0;
+                    },
+                    [](driver::DeviceList, long) -> const void* {
+                        return nullptr;
+                    }};
+            }};
+}
+
+DelegateStage::DelegateStage(BindingList bindings)
+    : store(std::make_shared<BindingStore>(std::move(bindings))), devices(driver()),
+      engine(TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &devices})) {
+    current = this;
+}
+
+DelegateStage::~DelegateStage() {
+    if (delegate != nullptr) {
+        delegate->applicationWillTerminate();
+    }
+    delegate.reset();
+    current = nullptr;
+}
+
+std::unique_ptr<StatusItem> DelegateStage::makeStatusItem() {
+    notes.emplace_back("status item");
+    auto made = std::make_unique<StatusItem>(
+        statusBar,
+        [this](StatusBar::Kind /*bar*/, StatusItem::Look look) {
+            iconLooks.push_back(look);
+            return anyIcon();
+        },
+        patienceForBar);
+    statusItem = made.get();
+    return made;
+}
+
+std::unique_ptr<QWidget> DelegateStage::makeWindow() {
+    notes.emplace_back("settings window");
+    auto made = std::make_unique<QWidget>();
+    made->setWindowTitle("Glidemap");
+    window = made.get();
+    return made;
+}
+
+UpdateChecker::Setup DelegateStage::updates() {
+    return {.host = "updates.example",
+            .currentVersion = runningVersion,
+            .fetch =
+                [this](const std::string& url, std::function<void(const Fetched&)> done) {
+                    notes.push_back("fetch " + url);
+                    openChecks.push_back(std::move(done));
+                },
+            .repeat =
+                [this](std::chrono::seconds interval, const std::function<void()>&) {
+                    notes.push_back("repeat every " + std::to_string(interval.count()) + " s");
+                    return std::make_shared<int>();
+                }};
+}
+
+AppDelegate::Ports DelegateStage::ports() {
+    return {
+        .shell = std::make_shared<Shell>(*this),
+        .trust = std::make_shared<Trust>(*this),
+        .workspace = workspace,
+        .clickTap = std::make_shared<Tap>(*this),
+        .session = session,
+        .engine = engine,
+        .makeStore =
+            [this] {
+                notes.emplace_back("store");
+                return store;
+            },
+        .makeUpdateChecker =
+            [this] {
+                notes.emplace_back("update checker");
+                return UpdateChecker::create(updates());
+            },
+        .makeDispatcher =
+            [this](std::shared_ptr<BindingStore> given) {
+                notes.emplace_back(given == store ? "dispatcher" : "dispatcher of another store");
+                auto made = GestureDispatcher::create(
+                    {.store = std::move(given),
+                     .defaults = defaults,
+                     .mainQueue = mainQueue,
+                     .workspace = workspace,
+                     .actionRunner = std::make_shared<ActionRunner>(ActionRunner::Ports{
+                         workspace, keyEvents, std::make_shared<kit::RecordingScreenLock>()}),
+                     .lang = &lang});
+                dispatcher = made;
+                return made;
+            },
+        .makeStatusItem = [this] { return makeStatusItem(); },
+        .makeSettingsWindow = [this](const AppDelegate::Shown&) { return makeWindow(); },
+        .lang = &lang,
+    };
+}
+
+void DelegateStage::touch(int fingers) const {
+    std::vector<MTTouch> contacts(static_cast<std::size_t>(fingers));
+    for (int finger = 0; finger < fingers; ++finger) {
+        MTTouch& contact = contacts[static_cast<std::size_t>(finger)];
+        contact.identifier = finger;
+        contact.state = static_cast<std::int32_t>(MTTouchState::touching);
+        contact.normalized.pos = {0.2F * static_cast<float>(finger + 1), 0.5F};
+    }
+    MultitouchDeviceManager::contactCallback(nullptr, contacts.data(), fingers, 0, 0);
+}
+
+bool DelegateStage::hearsTouches() const {
+    touch(1);
+    const bool heard = engine->touchingCount() == 1;
+    touch(0);
+    return heard;
+}
+
+QAction& DelegateStage::item(int place) const {
+    return *statusItem->menu().actions().at(place);
+}
+
+void DelegateStage::openMenu() const {
+    Q_EMIT statusItem->menu().aboutToShow();
+}
+
+std::vector<std::string> DelegateStage::titles() const {
+    std::vector<std::string> titles;
+    for (const QAction* action : statusItem->menu().actions()) {
+        if (action->isVisible()) {
+            titles.push_back(action->isSeparator() ? "-" : action->text().toStdString());
+        }
+    }
+    return titles;
+}
+
+void DelegateStage::answerUpdateCheck(const Fetched& fetched) {
+    const auto done = openChecks.front();
+    openChecks.erase(openChecks.begin());
+    done(fetched);
+}
+
+} // namespace glidemap::test

@@ -1,0 +1,37 @@
+#include "desktops/program_double.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace glidemap::test {
+
+namespace fs = std::filesystem;
+
+// Starts a shell with that process name, which waits for the end of its standard input.
+void ProgramDoubles::start(const std::string& name, const std::vector<std::string>& arguments,
+                           const desktops::Environment& environment) {
+    const fs::path program = daemons.path() / name;
+    fs::copy_file("/bin/sh", program, fs::copy_options::skip_existing);
+    std::vector<std::string> words = {program.string(), "-c", "echo ready; read end"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    desktops::Program& started = running.emplace_back(desktops::Program::Command{
+        .words = words, .environment = environment, .log = records.path() / "log"});
+    EXPECT_EQ(started.nextLine(), "ready") << name;
+}
+
+void ProgramDoubles::install(const std::string& name, const std::string& text) {
+    const fs::path program = programs.path() / name;
+    std::ofstream(program) << "#!/bin/sh\necho " << name << " \"$@\" >>"
+                           << (records.path() / "ran").string() << "\n"
+                           << text << "\n";
+    fs::permissions(program, fs::perms::owner_all);
+}
+
+std::string ProgramDoubles::ran() const {
+    std::ifstream file(records.path() / "ran");
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+} // namespace glidemap::test

@@ -1,0 +1,107 @@
+// The program itself on each desktop: its window, its status item, and a second launch.
+#include "desktop_test_base.h"
+#include "desktops/bus_double.h"
+#include "kit/temporary_folder.h"
+#include "seen_workspace.h"
+
+#include <csignal>
+#include <optional>
+
+namespace glidemap::desktops {
+namespace {
+
+constexpr const char* identifier = "org.glidemap.Glidemap";
+
+// A status bar on the desktop's bus, for desktops without one.
+class StatusBarDouble {
+public:
+    StatusBarDouble(const Desktop& desktop, StatusBar present) {
+        if (present == StatusBar::none) {
+            bar.emplace(desktop.bus().address(), watcher, journal);
+            bar->set("IsStatusNotifierHostRegistered", true);
+            desktop.bus().waitForName(watcher.name);
+        }
+    }
+
+private:
+    const test::ServiceDescription watcher{
+        "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+        "<interface name='org.kde.StatusNotifierWatcher'>"
+        "<method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>"
+        "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/></interface>"};
+    test::Journal journal;
+    std::optional<test::BusDouble> bar;
+};
+
+class ProgramTest : public DesktopTest {
+protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        folder.install(identifier, "Name=Glidemap\nExec=sh\nStartupWMClass=Glidemap\n");
+    }
+
+    std::filesystem::path complaints() const { return home.path() / "glidemap.log"; }
+
+    Program::Command command() const {
+        Environment values = desktop->environment();
+        for (const auto& [name, below] :
+             {std::pair("XDG_CONFIG_HOME", "config"), std::pair("XDG_DATA_HOME", "data"),
+              std::pair("XDG_STATE_HOME", "state")}) {
+            values[name] = home.path() / below;
+        }
+        values["GLIDEMAP_TOUCH_DRIVER"] = GLIDEMAP_STAGED_DRIVER;
+        values["QT_QPA_PLATFORM"] = values.contains("WAYLAND_DISPLAY") ? "wayland" : "xcb";
+        return {.words = {GLIDEMAP_PROGRAM}, .environment = values, .log = complaints()};
+    }
+
+    void expectEnd(Program& glidemap) const {
+        kill(glidemap.process(), SIGTERM);
+        EXPECT_EQ(glidemap.finish(), 0) << test::contentOf(complaints());
+    }
+
+    test::TemporaryFolder home{"/tmp"};
+};
+
+TEST_P(ProgramTest, SettingsWindowOpensInFront) {
+    Program glidemap(command());
+    const SeenWorkspace seen;
+    seen.expectFrontmost(identifier);
+    seen.expectRunning({}); // an accessory is no application to choose
+    expectEnd(glidemap);
+}
+
+TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
+    const StatusBarDouble bar(*desktop,
+                              GetParam().statusBar); // no alert appears and takes the focus
+    Program glidemap(command());
+    const SeenWorkspace seen;
+    seen.expectFrontmost(identifier);
+    const auto first = open("first");
+    seen.expectRunning({"first"});
+    desktop->activate("first");
+    seen.expectFrontmost("first");
+    Program::Command again = command();
+    again.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
+    Program second(again);
+    EXPECT_EQ(second.finish(), 0) << test::contentOf(complaints());
+    seen.expectFrontmost(identifier);
+    expectEnd(glidemap);
+}
+
+TEST_P(ProgramTest, StatusItemIsInTheStatusBarIfThereIsOne) {
+    EXPECT_FALSE(desktop->showsStatusItem());
+    Program glidemap(command());
+    if (GetParam().statusBar == StatusBar::shown) {
+        EXPECT_TRUE(application::waitUntil([&] { return desktop->showsStatusItem(); }));
+    } else {
+        const SeenWorkspace seen;
+        seen.expectFrontmost(identifier); // the status bar is detected before this
+        EXPECT_FALSE(isOnBus("org.kde.StatusNotifierWatcher"));
+    }
+    expectEnd(glidemap);
+}
+
+INSTANTIATE_TEST_SUITE_P(On, ProgramTest, testing::ValuesIn(allDesktops()), nameOf);
+
+} // namespace
+} // namespace glidemap::desktops

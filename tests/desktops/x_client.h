@@ -1,0 +1,54 @@
+// A separate process with one window on an X server, which the test controls.
+//
+// Thread:  one.
+// Owner:   a test. The destructor kills the process.
+// Errors:  a command that is not completed in time fails the test.
+#pragma once
+
+#include "desktops/program.h"
+#include "desktops/runtime_folder.h"
+#include "desktops/x_server.h"
+
+#include <cstdint>
+#include <string>
+
+namespace glidemap::desktops {
+
+class XClient {
+public:
+    // Connects, without a window.
+    explicit XClient(const XServer& server);
+
+    // Set a property of the window, or of the root if that was chosen: to cardinals, to atoms by
+    // their names, or to text, in which "\0" is a null.
+    void setNumbers(const std::string& property, const std::string& numbers);
+    void setAtoms(const std::string& property, const std::string& names);
+    void setText(const std::string& property, const std::string& text);
+    void repeatText(const std::string& property, const std::string& text, int times);
+
+    void useRoot();
+    void map();      // returns once the window is on the screen
+    void activate(); // through the window manager
+    void wander();   // moves the window back and forth
+    void destroy();
+    void grabServer();
+    void ungrabServer();
+
+    // Sets the properties that programs usually set.
+    void describe(const std::string& instance, const std::string& name);
+
+    // Kills the process without any clean-up.
+    void kill() { program.kill(); }
+
+    std::uint32_t window() const { return identifier; }
+    pid_t process() const { return program.process(); }
+
+private:
+    void obey(const std::string& line);
+
+    RuntimeFolder folder;
+    Program program;
+    std::uint32_t identifier = 0;
+};
+
+} // namespace glidemap::desktops

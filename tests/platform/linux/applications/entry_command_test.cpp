@@ -1,0 +1,113 @@
+#include "desktops/application_folder.h"
+#include "desktops/scoped_environment.h"
+#include "platform/linux/applications/entry_command.h"
+
+#include <gio/gdesktopappinfo.h>
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace glidemap {
+namespace {
+
+using desktops::ScopedEnvironment;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const FieldValues values{"It's Some", "an icon", "/a path/some.desktop",
+                         "https://example.org/?a=$(b)"};
+
+TEST(FieldCodes, ValuesAreInsertedAndQuoted) {
+    EXPECT_EQ(withFieldCodes("cmd %u", values), "cmd 'https://example.org/?a=$(b)'");
+    EXPECT_EQ(withFieldCodes("cmd %U", values), "cmd 'https://example.org/?a=$(b)'");
+    EXPECT_EQ(withFieldCodes("cmd %c", values), "cmd 'It'\\''s Some'");
+    EXPECT_EQ(withFieldCodes("cmd %i", values), "cmd --icon 'an icon'");
+    EXPECT_EQ(withFieldCodes("cmd %k", values), "cmd '/a path/some.desktop'");
+    EXPECT_EQ(withFieldCodes("cmd --url=%u", values), "cmd --url='https://example.org/?a=$(b)'");
+}
+
+TEST(FieldCodes, FileCodesExpandToAPath) {
+    EXPECT_EQ(withFieldCodes("cmd %f", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
+    EXPECT_EQ(withFieldCodes("cmd %F", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
+    EXPECT_EQ(withFieldCodes("cmd %f", values), "cmd "); // no file
+}
+
+TEST(FieldCodes, MissingValuesExpandToNothing) {
+    for (const char code : std::string("uUfFick")) {
+        EXPECT_EQ(withFieldCodes(std::string("cmd %") + code, {}), "cmd ");
+    }
+}
+
+TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsStay) {
+    for (const char code : std::string("dDnNvmx")) {
+        EXPECT_EQ(withFieldCodes(std::string("cmd %") + code + " more", values), "cmd  more");
+    }
+    EXPECT_EQ(withFieldCodes("cmd 100%%", values), "cmd 100%");
+    EXPECT_EQ(withFieldCodes("cmd %%u", values), "cmd %u");
+    EXPECT_EQ(withFieldCodes("cmd %", values), "cmd %");
+}
+
+class EntryCommandTest : public testing::Test {
+protected:
+    EntryCommandTest() { folder.clear(); }
+
+    EntryCommand commandOfEntry(const std::string& keys, const std::string& url = "") const {
+        const auto path = folder.install("some", "Name=Some\n" + keys);
+        const std::unique_ptr<GDesktopAppInfo, decltype(&g_object_unref)> entry(
+            g_desktop_app_info_new_from_filename(path.c_str()), g_object_unref);
+        EXPECT_NE(entry, nullptr);
+        return entry != nullptr ? commandOf(entry.get(), url) : EntryCommand{};
+    }
+
+    // A folder for PATH that contains only programs of these names.
+    std::string onlyPrograms(const std::vector<std::string>& names) const {
+        const auto bin = folder.path() / "only";
+        std::filesystem::remove_all(bin);
+        std::filesystem::create_directories(bin);
+        for (const std::string& name : names) {
+            std::filesystem::create_symlink("/bin/true", bin / name);
+        }
+        return bin;
+    }
+
+    ApplicationFolder& folder = ApplicationFolder::instance();
+};
+
+TEST_F(EntryCommandTest, CommandIsSplitLikeAShellLine) {
+    EXPECT_THAT(
+        commandOfEntry("Exec=sh \"two words\" 'three more words' back\\\\\\\\slash\n").words,
+        ElementsAre("sh", "two words", "three more words", "back\\slash"));
+    EXPECT_THAT(commandOfEntry("Exec=sh \"\\\\$HOME\" \\\\$HOME ~ * ; #no\n").words,
+                ElementsAre("sh", "$HOME", "$HOME", "~", "*", ";"));
+    EXPECT_THAT(commandOfEntry("Exec=sh %u %F %i\n").words, ElementsAre("sh"));
+    EXPECT_THAT(commandOfEntry("Exec=sh %c\nName[de]=Etwas\n").words, ElementsAre("sh", "Some"));
+}
+
+TEST_F(EntryCommandTest, AURLIsOneWordWithAnyContent) {
+    const std::string url = "https://example.org/?a=1&b='c' d;$(touch x)";
+    EXPECT_THAT(commandOfEntry("Exec=sh -c %u\n", url).words, ElementsAre("sh", "-c", url));
+}
+
+TEST_F(EntryCommandTest, CommandRunsInTheFirstInstalledTerminal) {
+    const ScopedEnvironment here({{"PATH", onlyPrograms({"sh", "foot", "xterm", "konsole"})}});
+    const auto bin = folder.path() / "only";
+    EXPECT_THAT(commandOfEntry("Terminal=true\nExec=sh -c 'two words'\n").words,
+                ElementsAre((bin / "konsole").string(), "-e", "sh", "-c", "two words"));
+    std::filesystem::remove(bin / "konsole");
+    std::filesystem::remove(bin / "xterm");
+    EXPECT_THAT(commandOfEntry("Terminal=true\nExec=sh\n").words,
+                ElementsAre((bin / "foot").string(), "sh"));
+}
+
+TEST_F(EntryCommandTest, MissingTerminalIsAnErrorWithAReason) {
+    const ScopedEnvironment here({{"PATH", onlyPrograms({"sh"})}});
+    const EntryCommand command = commandOfEntry("Terminal=true\nExec=sh\n");
+    EXPECT_THAT(command.words, IsEmpty());
+    EXPECT_EQ(command.problem, "no terminal is installed to run it in");
+}
+
+} // namespace
+} // namespace glidemap

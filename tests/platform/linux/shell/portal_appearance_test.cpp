@@ -1,0 +1,298 @@
+#include "desktops/bus_double.h"
+#include "desktops/private_bus.h"
+#include "desktops/silent_socket.h"
+#include "kit/in_environment.h"
+#include "kit/patience.h"
+#include "kit/temporary_folder.h"
+#include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/shell/portal_appearance.h"
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <deque>
+#include <filesystem>
+#include <mutex>
+
+namespace glidemap {
+namespace {
+
+using desktops::PrivateBus;
+using test::BusDouble;
+using test::InEnvironment;
+using test::Journal;
+using test::ServiceDescription;
+using Lines = Journal::Lines;
+
+constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
+constexpr const char* common = "org.freedesktop.appearance";
+constexpr const char* asked = "Desktop.ReadAll(['org.freedesktop.appearance', "
+                              "'org.gnome.desktop.interface', 'org.kde.kdeglobals.KDE'],)";
+
+// `answer` is the reply to ReadAll, in GLib's text format.
+ServiceDescription portalAnswering(const char* answer, const std::string& type = "a{sa{sv}}") {
+    ServiceDescription portal{
+        "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
+        "<interface name='org.freedesktop.portal.Settings'>"
+        "<method name='ReadAll'><arg type='as' direction='in'/><arg type='" +
+            type +
+            "' direction='out'/></method>"
+            "<signal name='SettingChanged'><arg type='s'/><arg type='s'/><arg type='v'/></signal>"
+            "</interface>"};
+    portal.methods["ReadAll"] = [answer] {
+        return g_variant_new_parsed(answer);
+    };
+    return portal;
+}
+
+constexpr const char* nothing = "(@a{sa{sv}} {},)";
+constexpr const char* dark =
+    "({'org.freedesktop.appearance': {'color-scheme': <uint32 1>, 'contrast': <uint32 0>}},)";
+constexpr const char* lightAndStill =
+    "({'org.gnome.desktop.interface': {'clock-format': <'24h'>, 'enable-animations': <false>},"
+    "  'org.freedesktop.appearance': {'color-scheme': <uint32 2>}},)";
+
+// The test itself runs the main thread's tasks.
+class TestsMainQueue : public MainQueue {
+public:
+    void submit(Task task) override {
+        const std::lock_guard lock(mutex);
+        tasks.push_back(std::move(task));
+        more.notify_all();
+    }
+
+    // Times out only on failure.
+    bool waitForOne() {
+        std::unique_lock lock(mutex);
+        return more.wait_for(lock, test::patience, [this] { return !tasks.empty(); });
+    }
+
+    std::size_t run() {
+        std::deque<Task> due;
+        {
+            const std::lock_guard lock(mutex);
+            due.swap(tasks);
+        }
+        for (Task& task : due) {
+            task();
+        }
+        return due.size();
+    }
+
+private:
+    std::mutex mutex;
+    std::condition_variable more;
+    std::deque<Task> tasks;
+};
+
+std::string described(const AppearanceSettings& settings) {
+    const auto scheme = settings.colorScheme();
+    return std::string(!scheme                        ? "unknown"
+                       : *scheme == ColorScheme::dark ? "dark"
+                                                      : "light") +
+           (settings.reducesMotion() ? ", still" : "");
+}
+
+class PortalAppearanceTest : public testing::Test {
+protected:
+    BusDouble& onBus(const ServiceDescription& portal) {
+        return *(service = std::make_unique<BusDouble>(bus.address(), portal, journal));
+    }
+
+    static void change(BusDouble& portal, const char* group, const char* key, const char* value) {
+        portal.announce(settingsInterface, "SettingChanged",
+                        g_variant_new("(ssv)", group, key, g_variant_new_parsed(value)));
+    }
+
+    // The appearance on the main thread after the next update.
+    std::string next(const PortalAppearance& appearance) {
+        EXPECT_TRUE(queue.waitForOne());
+        EXPECT_EQ(queue.run(), 1U);
+        return described(*appearance.settings());
+    }
+
+    Journal journal;
+    PrivateBus bus;
+    InEnvironment address{"DBUS_SESSION_BUS_ADDRESS", bus.address().c_str()};
+    std::unique_ptr<BusDouble> service;
+    DesktopThread desktop;
+    TestsMainQueue queue;
+};
+
+TEST_F(PortalAppearanceTest, RunningPortalIsQueriedOnce) {
+    onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(described(*appearance.settings()), "unknown");
+    EXPECT_EQ(next(appearance), "dark");
+    EXPECT_EQ(journal.lines(), Lines{asked});
+}
+
+TEST_F(PortalAppearanceTest, AllSettingsArriveInOneUpdate) {
+    onBus(portalAnswering(lightAndStill));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(next(appearance), "light, still");
+}
+
+TEST_F(PortalAppearanceTest, ObserversAreNotifiedBeforeAndAfterAChange) {
+    onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    const auto settings = appearance.settings();
+    Lines heard;
+    const auto watch =
+        settings->changes().subscribe([&] { heard.push_back("will: " + described(*settings)); },
+                                      [&] { heard.push_back("did: " + described(*settings)); });
+    ASSERT_TRUE(queue.waitForOne());
+    EXPECT_EQ(heard, Lines());
+    queue.run();
+    EXPECT_EQ(heard, (Lines{"will: unknown", "did: dark"}));
+}
+
+TEST_F(PortalAppearanceTest, ChangeIsFollowed) {
+    BusDouble& portal = onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(next(appearance), "dark");
+    change(portal, common, "color-scheme", "uint32 2");
+    EXPECT_EQ(next(appearance), "light");
+    change(portal, "org.kde.kdeglobals.KDE", "AnimationDurationFactor", "'0'");
+    EXPECT_EQ(next(appearance), "light, still");
+    change(portal, common, "color-scheme", "uint32 0");
+    EXPECT_EQ(next(appearance), "unknown, still");
+    EXPECT_EQ(journal.lines(), Lines{asked});
+}
+
+TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread) {
+    BusDouble& portal = onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(next(appearance), "dark");
+    change(portal, "org.gnome.desktop.interface", "clock-format", "'12h'");
+    change(portal, common, "accent-color", "(0.1, 0.2, 0.3)");
+    change(portal, common, "color-scheme", "uint32 1");
+    portal.announce(settingsInterface, "SettingChanged", g_variant_new("(s)", common));
+    portal.announce(settingsInterface, "Other",
+                    g_variant_new("(ssv)", common, "color-scheme", g_variant_new_uint32(0)));
+    change(portal, common, "color-scheme", "uint32 2");
+    EXPECT_EQ(next(appearance), "light"); // the only update
+}
+
+TEST_F(PortalAppearanceTest, SignalsOfOtherProgramsAreIgnored) {
+    onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(next(appearance), "dark");
+    auto other = portalAnswering(nothing);
+    other.name = "org.example.Other";
+    BusDouble stranger(bus.address(), other, journal);
+    change(stranger, common, "color-scheme", "uint32 2");
+    change(*service, "org.gnome.desktop.interface", "enable-animations", "false");
+    EXPECT_EQ(next(appearance), "dark, still");
+}
+
+TEST_F(PortalAppearanceTest, MissingPortalIsNotStartedButQueriedWhenItAppears) {
+    const test::TemporaryFolder folder;
+    const auto started = folder.path() / "started";
+    bus.makeStartable("org.freedesktop.portal.Desktop", "/usr/bin/touch " + started.string());
+    const PortalAppearance appearance(desktop, queue);
+    desktop.call([] {}); // waits until it has started
+    onBus(portalAnswering(dark));
+    EXPECT_EQ(next(appearance), "dark");
+    EXPECT_FALSE(std::filesystem::exists(started));
+}
+
+TEST_F(PortalAppearanceTest, KnownSettingsStayUntilTheNextPortalReportsOthers) {
+    onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(next(appearance), "dark");
+    service.reset();
+    onBus(portalAnswering(lightAndStill));
+    EXPECT_EQ(next(appearance), "light, still");
+    BusDouble& portal = *service;
+    change(portal, common, "color-scheme", "uint32 1");
+    EXPECT_EQ(next(appearance), "dark, still");
+    service.reset();
+    onBus(portalAnswering(nothing));
+    EXPECT_EQ(next(appearance), "unknown");
+}
+
+TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
+    struct Row {
+        const char* what;
+        const char* answer;
+        const char* type;
+    };
+    const Row rows[] = {
+        {"a reply of another type", "('dark',)", "s"},
+        {"values that are not variants", "({'org.freedesktop.appearance': {'color-scheme': 1}},)",
+         "a{sa{si}}"},
+        {"an error", nullptr, "s"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        Journal calls;
+        auto description = portalAnswering(row.answer, row.type);
+        if (row.answer == nullptr) {
+            description.methods["ReadAll"] = [] {
+                return nullptr;
+            };
+        }
+        BusDouble portal(bus.address(), description, calls);
+        const PortalAppearance appearance(desktop, queue);
+        ASSERT_TRUE(calls.waitFor(asked));
+        change(portal, common, "color-scheme", "uint32 1");
+        EXPECT_EQ(next(appearance), "dark");
+    }
+}
+
+TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) {
+    onBus(portalAnswering(dark)).keepSilent("ReadAll");
+    {
+        const PortalAppearance appearance(desktop, queue);
+        ASSERT_TRUE(journal.waitFor(asked));
+    }
+    EXPECT_TRUE(journal.waitFor("Desktop: no callers left"));
+    EXPECT_EQ(queue.run(), 0U);
+}
+
+TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
+    onBus(portalAnswering(dark));
+    std::shared_ptr<AppearanceSettings> settings;
+    {
+        const PortalAppearance appearance(desktop, queue);
+        settings = appearance.settings();
+        EXPECT_EQ(next(appearance), "dark");
+    }
+    EXPECT_TRUE(journal.waitFor("Desktop: no callers left"));
+    EXPECT_EQ(described(*settings), "dark");
+}
+
+TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
+    onBus(portalAnswering(dark));
+    {
+        const PortalAppearance appearance(desktop, queue);
+        ASSERT_TRUE(queue.waitForOne());
+    }
+    EXPECT_EQ(queue.run(), 1U);
+}
+
+TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
+    onBus(portalAnswering(dark));
+    const PortalAppearance appearance(desktop, queue);
+    EXPECT_EQ(next(appearance), "dark");
+    bus.kill();
+    EXPECT_EQ(described(*appearance.settings()), "dark");
+}
+
+// The destructors show that no thread waits.
+TEST_F(PortalAppearanceTest, NothingIsKnownWithoutABus) {
+    const test::SilentSocket silent;
+    for (const std::string& unusable :
+         {std::string("unix:path=/nowhere/at/all"), std::string("no address"), silent.address()}) {
+        const InEnvironment none("DBUS_SESSION_BUS_ADDRESS", unusable.c_str());
+        const PortalAppearance appearance(desktop, queue);
+        desktop.call([] {}); // waits until it has started
+        EXPECT_EQ(described(*appearance.settings()), "unknown");
+    }
+    EXPECT_EQ(queue.run(), 0U);
+}
+
+} // namespace
+} // namespace glidemap

@@ -1,0 +1,31 @@
+// An X server with a window manager. The server's XTEST extension types.
+//
+// Thread:  one.
+// Owner:   a test.
+// Errors:  a server that does not start in time fails the test.
+#pragma once
+
+#include "desktops/x_server.h"
+#include "typing_desktop.h"
+
+struct xcb_connection_t;
+
+namespace glidemap::desktops {
+
+class TypingXServer : public TypingDesktop {
+public:
+    // Empty if it can run, otherwise the reason.
+    static std::string whyNot() { return XServer::whyNot(); }
+
+    TypingXServer();
+    ~TypingXServer() override;
+
+    Environment environment() const override;
+    void key(std::uint16_t kernelCode, bool down) override;
+
+private:
+    XServer server;
+    xcb_connection_t* connection;
+};
+
+} // namespace glidemap::desktops

@@ -1,0 +1,246 @@
+#include "ui/controls/styled_label.h"
+#include "ui/settings/settings_header.h"
+#include "ui/settings/settings_stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QWheelEvent>
+
+namespace glidemap {
+namespace {
+
+class SettingsHeaderTest : public testing::Test {
+protected:
+    // The position of the visible shape of a control in the header.
+    int leftOf(const char* name) const { return test::seenRect(*stage.find(name)).left(); }
+    int rightOf(const char* name) const { return test::seenRect(*stage.find(name)).right() + 1; }
+    SettingsHeader& header() const {
+        return *dynamic_cast<SettingsHeader*>(stage.find("title")->parentWidget());
+    }
+
+    mutable test::SettingsStage stage;
+};
+
+struct Text {
+    const char* name;
+    const char* english;
+    const char* chinese;
+};
+
+constexpr Text texts[] = {
+    {"title", "Trackpad Gesture Bindings", "触控板手势绑定"},
+    {"subtitle", "Map trackpad gestures to shortcuts or system actions, globally or per app",
+     "把触控板手势映射到快捷键或系统动作，支持全局或按 App 生效"},
+    {"launchAtLogin", "Launch at Login", "开机自启动"},
+    {"languageLabel", "Language", "语言"},
+    {"enabled", "Enabled", "启用"},
+    {"addBinding", "Add Binding", "添加绑定"},
+};
+
+TEST_F(SettingsHeaderTest, ShowsEnglishTexts) {
+    stage.open();
+    for (const Text& text : texts) {
+        EXPECT_EQ(stage.text(text.name), text.english);
+    }
+    EXPECT_EQ(stage.find("launchAtLogin")->toolTip(),
+              "Start Glidemap automatically when you log in to macOS");
+}
+
+TEST_F(SettingsHeaderTest, ShowsChineseTexts) {
+    Lang::shared().setCode("zh");
+    stage.open();
+    for (const Text& text : texts) {
+        EXPECT_EQ(stage.text(text.name), text.chinese);
+    }
+    EXPECT_EQ(stage.find("launchAtLogin")->toolTip(), "登录 macOS 时自动启动 Glidemap");
+}
+
+TEST_F(SettingsHeaderTest, LanguageNamesAreTheSameInBothLanguages) {
+    stage.open();
+    for (const char* code : {"en", "zh"}) {
+        Lang::shared().setCode(code);
+        const auto* picker = stage.find<QComboBox>("language");
+        ASSERT_EQ(picker->count(), 2);
+        EXPECT_EQ(picker->itemText(0), "English");
+        EXPECT_EQ(picker->itemText(1), "中文");
+        EXPECT_EQ(picker->currentData(), code);
+    }
+}
+
+TEST_F(SettingsHeaderTest, ChoiceOfALanguageAppliesAtOnce) {
+    stage.open();
+    stage.choose("zh");
+    EXPECT_EQ(Lang::shared().code(), "zh");
+    EXPECT_EQ(stage.text("title"), "触控板手势绑定");
+    stage.choose("en");
+    EXPECT_EQ(Lang::shared().code(), "en");
+    EXPECT_EQ(stage.text("title"), "Trackpad Gesture Bindings");
+}
+
+TEST_F(SettingsHeaderTest, UnknownLanguageIsEnglishWithoutAChoice) {
+    Lang::shared().setCode("fr");
+    stage.open();
+    EXPECT_EQ(stage.text("title"), "Trackpad Gesture Bindings");
+    EXPECT_EQ(stage.find<QComboBox>("language")->currentIndex(), -1);
+    EXPECT_EQ(Lang::shared().code(), "fr");
+}
+
+TEST_F(SettingsHeaderTest, SwitchIsTheMasterSwitch) {
+    stage.open();
+    const auto* enabled = stage.find<QCheckBox>("enabled");
+    EXPECT_TRUE(enabled->isChecked());
+    stage.click("enabled");
+    EXPECT_FALSE(stage.dispatcher->masterEnabled());
+    EXPECT_FALSE(enabled->isChecked());
+    stage.dispatcher->setMasterEnabled(true); // from the menu
+    EXPECT_TRUE(enabled->isChecked());
+}
+
+TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemsState) {
+    stage.loginItems->wouldBe = LoginItemService::Status::requiresApproval;
+    stage.open();
+    const auto* launch = stage.find<QCheckBox>("launchAtLogin");
+    stage.click("launchAtLogin");
+    EXPECT_FALSE(launch->isChecked());
+    stage.loginItems->wouldBe = LoginItemService::Status::enabled;
+    stage.click("launchAtLogin");
+    EXPECT_TRUE(launch->isChecked());
+    stage.click("launchAtLogin");
+    EXPECT_FALSE(launch->isChecked());
+    EXPECT_EQ(stage.loginItems->attempts,
+              (std::vector<std::string>{"register", "register", "unregister"}));
+}
+
+TEST_F(SettingsHeaderTest, ItemOfAnEarlierRunShowsAsOn) {
+    stage.loginItems->current = LoginItemService::Status::enabled;
+    stage.open();
+    EXPECT_TRUE(stage.find<QCheckBox>("launchAtLogin")->isChecked());
+}
+
+TEST_F(SettingsHeaderTest, HasOneLineIfThereIsRoom) {
+    stage.open({1000, 640});
+    EXPECT_FALSE(header().isFolded());
+    const char* const order[] = {"title",    "launchAtLogin", "languageLabel",
+                                 "language", "enabled",       "addBinding"};
+    for (std::size_t next = 1; next < std::size(order); ++next) {
+        EXPECT_GE(leftOf(order[next]), rightOf(order[next - 1])) << order[next];
+    }
+    EXPECT_EQ(rightOf("addBinding"), 1000 - 12);
+}
+
+TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
+    stage.open({680, 480});
+    ASSERT_TRUE(header().isFolded());
+    const char* const order[] = {"launchAtLogin", "languageLabel", "language", "enabled",
+                                 "addBinding"};
+    for (std::size_t next = 1; next < std::size(order); ++next) {
+        EXPECT_GE(leftOf(order[next]), rightOf(order[next - 1])) << order[next];
+    }
+    EXPECT_GE(stage.find("launchAtLogin")->y(), stage.find("subtitle")->geometry().bottom());
+    stage.window().resize(1000, 480);
+    EXPECT_FALSE(header().isFolded());
+}
+
+// Independent of the language in which the header was created.
+TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
+    for (const char* const first : {"en", "zh"}) {
+        Lang::shared().setCode(first);
+        stage.open();
+        for (int width = 680; width <= 1000; width += 5) {
+            stage.window().resize(width, 520);
+            stage.choose("en");
+            const bool isFolded = header().isFolded();
+            stage.choose("zh");
+            EXPECT_EQ(header().isFolded(), isFolded) << width;
+        }
+    }
+}
+
+TEST_F(SettingsHeaderTest, WheelDoesNotChangeTheLanguage) {
+    stage.open();
+    auto& picker = *stage.find("language");
+    const QPointF at = picker.rect().center();
+    for (const int turn : {120, -120}) {
+        QWheelEvent wheel(at, picker.mapToGlobal(at), {}, {0, turn}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&picker, &wheel);
+        EXPECT_FALSE(wheel.isAccepted());
+    }
+    EXPECT_EQ(Lang::shared().code(), "en");
+}
+
+// Including the check mark of the current entry.
+TEST_F(SettingsHeaderTest, OpenListIsAsWideAsItsWidestEntry) {
+    for (const char* const code : {"en", "zh"}) {
+        Lang::shared().setCode(code);
+        stage.open();
+        auto& picker = *stage.find<QComboBox>("language");
+        picker.showPopup();
+        for (int index = 0; index < picker.count(); ++index) {
+            const QRect seen = picker.view()->visualRect(picker.model()->index(index, 0));
+            const int needed =
+                picker.view()->sizeHintForIndex(picker.model()->index(index, 0)).width();
+            EXPECT_GE(seen.intersected(picker.view()->viewport()->rect()).width(), needed) << code;
+        }
+        picker.hidePopup();
+    }
+}
+
+TEST_F(SettingsHeaderTest, BothLanguageNamesFitIntoTheirPicker) {
+    stage.open();
+    const auto& picker = *stage.find<QComboBox>("language");
+    QStyleOptionComboBox option;
+    option.initFrom(&picker);
+    const QRect room = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                      QStyle::SC_ComboBoxEditField, &picker);
+    ASSERT_EQ(picker.count(), 2);
+    for (int index = 0; index < picker.count(); ++index) {
+        EXPECT_LE(picker.fontMetrics().horizontalAdvance(picker.itemText(index)), room.width())
+            << picker.itemText(index).toStdString();
+    }
+}
+
+TEST_F(SettingsHeaderTest, HasTwelvePointsOfPaddingAndFourteenOfSpacing) {
+    stage.open({1000, 640});
+    EXPECT_EQ(leftOf("title"), 12);
+    const auto gap = [&](const char* left, const char* right) {
+        return leftOf(right) - rightOf(left);
+    };
+    EXPECT_EQ(gap("launchAtLogin", "languageLabel"), 14);
+    EXPECT_EQ(gap("language", "enabled"), 14);
+    EXPECT_EQ(gap("enabled", "addBinding"), 14);
+    EXPECT_EQ(stage.find("subtitle")->y() - stage.find("title")->geometry().bottom() - 1, 2);
+}
+
+TEST_F(SettingsHeaderTest, TitleIsLargeAndSubtitleIsSmallAndPale) {
+    stage.open();
+    const Theme& theme = Theme::shared();
+    const QWidget& title = *stage.find("title");
+    const QWidget& subtitle = *stage.find("subtitle");
+    EXPECT_EQ(title.font(), theme.font(TextStyle::title2));
+    EXPECT_EQ(title.palette().color(QPalette::WindowText), theme.color(Role::primary));
+    EXPECT_EQ(subtitle.font(), theme.font(TextStyle::caption));
+    EXPECT_EQ(subtitle.palette().color(QPalette::WindowText), theme.color(Role::secondary));
+}
+
+TEST_F(SettingsHeaderTest, SystemNotesAddALineToTheTooltipOfLaunchAtLogin) {
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes->login = "Here: at your login";
+    stage.open();
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(stage.find("launchAtLogin")->toolTip(),
+                  "Start Glidemap automatically when you log in to macOS\nHere: at your login");
+        Lang::shared().setCode("zh");
+        Lang::shared().setCode("en");
+    }
+}
+
+} // namespace
+} // namespace glidemap
