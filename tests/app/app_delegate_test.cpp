@@ -128,7 +128,7 @@ TEST_F(AppDelegateTest, RecognisedGestureReachesTheDispatcher) {
 TEST_F(AppDelegateTest, ClickIsSwallowedIfABindingRuns) {
     launch({binding(GestureType::threeFingerClick)});
     const auto press = [&] {
-        return stage->click({ClickEventType::leftMouseDown, 0});
+        return stage->clickTap->offer({ClickEventType::leftMouseDown, 0});
     };
     stage->touch(2); // no binding for two-finger clicks
     EXPECT_EQ(press(), ClickTap::Verdict::pass);
@@ -275,15 +275,15 @@ TEST_F(AppDelegateTest, AmpersandInAVersionIsEscaped) {
 // On some systems it keeps the program quick while it shows no window.
 TEST_F(AppDelegateTest, TheShellKnowsWhetherGesturesAreOn) {
     launch();
-    ASSERT_FALSE(stage->gestureStates.empty());
-    EXPECT_EQ(stage->gestureStates.back(), true);
+    ASSERT_FALSE(stage->shell->gestureStates.empty());
+    EXPECT_EQ(stage->shell->gestureStates.back(), true);
     stage->delegate->toggleEnabled();
-    EXPECT_EQ(stage->gestureStates.back(), false);
+    EXPECT_EQ(stage->shell->gestureStates.back(), false);
     stage->delegate->toggleEnabled();
-    EXPECT_EQ(stage->gestureStates.back(), true);
+    EXPECT_EQ(stage->shell->gestureStates.back(), true);
     stage->defaults->storedBooleans["masterEnabled"] = false;
     relaunch();
-    EXPECT_EQ(stage->gestureStates.back(), false);
+    EXPECT_EQ(stage->shell->gestureStates.back(), false);
 }
 
 TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
@@ -469,7 +469,7 @@ protected:
     // Checks, delivers `fetched`, reads the alert and presses the button with this title.
     Shown checkAnd(const Fetched& fetched, const std::string& press) {
         Shown shown;
-        stage->onActivate = [&](QWidget& widget) {
+        stage->shell->onActivate = [&](QWidget& widget) {
             auto& box = dynamic_cast<QMessageBox&>(widget);
             QTimer::singleShot(0, &box, [&shown, &box, press] {
                 EXPECT_TRUE(box.isModal());
@@ -491,7 +491,7 @@ protected:
         if (!stage->openChecks.empty()) {
             stage->answerUpdateCheck(fetched);
         }
-        stage->onActivate = {};
+        stage->shell->onActivate = {};
         return shown;
     }
 
@@ -530,7 +530,7 @@ TEST_F(UpdateAlertTest, EachOutcomeHasItsChineseTexts) {
 TEST_F(UpdateAlertTest, OpenAlertFollowsTheLanguage) {
     launch();
     Shown shown;
-    stage->onActivate = [&](QWidget& widget) {
+    stage->shell->onActivate = [&](QWidget& widget) {
         auto& box = dynamic_cast<QMessageBox&>(widget);
         QTimer::singleShot(0, &box, [&] {
             stage->lang.setCode("zh");
@@ -576,7 +576,7 @@ TEST_F(UpdateAlertTest, BackgroundCheckShowsNoAlert) {
 
 TEST_F(UpdateAlertTest, VersionIsShownAsPlainText) {
     launch();
-    stage->onActivate = [&](QWidget& widget) {
+    stage->shell->onActivate = [&](QWidget& widget) {
         for (const QLabel* label : widget.findChildren<QLabel*>()) {
             EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
         }
@@ -590,7 +590,7 @@ TEST_F(UpdateAlertTest, VersionIsShownAsPlainText) {
 TEST_F(UpdateAlertTest, GesturesWorkWhileAnAlertIsOpen) {
     launch({binding(GestureType::twoFingerTap)});
     std::size_t posted = 0;
-    stage->onActivate = [&](QWidget& widget) {
+    stage->shell->onActivate = [&](QWidget& widget) {
         QTimer::singleShot(0, &widget, [&] {
             stage->engine->onGesture(GestureType::twoFingerTap);
             stage->mainQueue->runAll();

@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QIcon>
 #include <QPixmap>
+#include <map>
+#include <string>
 #include <utility>
 
 namespace glidemap::test {
@@ -18,63 +20,6 @@ QIcon anyIcon() {
 } // namespace
 
 DelegateStage* DelegateStage::current = nullptr;
-
-class DelegateStage::Shell : public ApplicationShell {
-public:
-    explicit Shell(DelegateStage& reported) : stage(reported) {}
-    void becomeAccessory() override { stage.notes.emplace_back("become an accessory"); }
-    void activate(QWidget& widget) override {
-        stage.notes.push_back("activate " + widget.windowTitle().toStdString() +
-                              (widget.isVisible() ? "" : ", hidden"));
-        if (stage.onActivate) {
-            stage.onActivate(widget);
-        }
-    }
-    void setGesturesOn(bool areOn) override { stage.gestureStates.push_back(areOn); }
-    void terminate() override { stage.notes.emplace_back("terminate"); }
-
-private:
-    DelegateStage& stage;
-};
-
-class DelegateStage::Trust : public AccessibilityTrust {
-public:
-    explicit Trust(DelegateStage& reported) : stage(reported) {}
-    bool isTrusted() override {
-        stage.notes.emplace_back("trusted?");
-        return false;
-    }
-    bool isTrustedWithPrompt() override {
-        stage.notes.emplace_back("trusted? with the prompt");
-        return false;
-    }
-
-private:
-    DelegateStage& stage;
-};
-
-class DelegateStage::Tap : public ClickTap {
-public:
-    explicit Tap(DelegateStage& reported) : stage(reported) {}
-    bool create(Callback callback) override {
-        stage.notes.emplace_back("click tap");
-        stage.click = std::move(callback);
-        return true;
-    }
-    void setEnabled(bool enabled) override {
-        const bool tooEarly = !enabled && stage.hearsTouches();
-        stage.notes.emplace_back(enabled    ? "clicks on"
-                                 : tooEarly ? "clicks off, touches still heard"
-                                            : "clicks off");
-    }
-    void remove() override { stage.notes.emplace_back("no click tap"); }
-    void setNeeded(bool needed) override {
-        stage.notes.emplace_back(needed ? "clicks needed" : "clicks not needed");
-    }
-
-private:
-    DelegateStage& stage;
-};
 
 // A complete driver. Only a start queries its number of devices.
 TouchDriverPlatform DelegateStage::driver() {
@@ -99,6 +44,24 @@ DelegateStage::DelegateStage(BindingList bindings)
     : store(std::make_shared<BindingStore>(std::move(bindings))), devices(driver()),
       engine(TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &devices})) {
     current = this;
+    const auto note = [this](const std::string& call) {
+        notes.push_back(call);
+    };
+    shell->onCall = note;
+    trust->trusted = false;
+    trust->onCall = note;
+    clickTap->onCall = [this](const std::string& call) {
+        noteClickTap(call);
+    };
+}
+
+void DelegateStage::noteClickTap(const std::string& call) {
+    static const std::map<std::string, std::string> words{
+        {"create", "click tap"},     {"enable", "clicks on"},
+        {"disable", "clicks off"},   {"remove", "no click tap"},
+        {"needed", "clicks needed"}, {"not needed", "clicks not needed"}};
+    const bool tooEarly = call == "disable" && hearsTouches();
+    notes.push_back(words.at(call) + (tooEarly ? ", touches still heard" : ""));
 }
 
 DelegateStage::~DelegateStage() {
@@ -147,10 +110,10 @@ UpdateChecker::Setup DelegateStage::updates() {
 
 AppDelegate::Ports DelegateStage::ports() {
     return {
-        .shell = std::make_shared<Shell>(*this),
-        .trust = std::make_shared<Trust>(*this),
+        .shell = shell,
+        .trust = trust,
         .workspace = workspace,
-        .clickTap = std::make_shared<Tap>(*this),
+        .clickTap = clickTap,
         .session = session,
         .engine = engine,
         .makeStore =
@@ -172,7 +135,7 @@ AppDelegate::Ports DelegateStage::ports() {
                      .mainQueue = mainQueue,
                      .workspace = workspace,
                      .actionRunner = std::make_shared<ActionRunner>(ActionRunner::Ports{
-                         workspace, keyEvents, std::make_shared<kit::RecordingScreenLock>()}),
+                         workspace, keyEvents, std::make_shared<kit::FakeScreenLock>()}),
                      .lang = &lang});
                 dispatcher = made;
                 return made;

@@ -7,12 +7,16 @@
 #include "bindings/binding_store.h"
 #include "core/lang.h"
 #include "input/multitouch_device_manager.h"
-#include "kit/queued_main_queue.h"
-#include "kit/recording_key_events.h"
-#include "kit/recording_screen_lock.h"
-#include "kit/recording_user_defaults.h"
-#include "kit/recording_workspace.h"
-#include "kit/scripted_user_session.h"
+#include "kit/fake_accessibility_trust.h"
+#include "kit/fake_application_shell.h"
+#include "kit/fake_click_tap.h"
+#include "kit/fake_key_event_poster.h"
+#include "kit/fake_main_queue.h"
+#include "kit/fake_screen_lock.h"
+#include "kit/fake_status_bar.h"
+#include "kit/fake_user_defaults.h"
+#include "kit/fake_user_session.h"
+#include "kit/fake_workspace.h"
 #include "platform/virtual/virtual_time.h"
 
 #include <QPointer>
@@ -25,24 +29,6 @@
 #include <vector>
 
 namespace glidemap::test {
-
-class FakeStatusBar : public StatusBar {
-public:
-    Kind kind() override { return present; }
-    Observable& changes() override { return observers; }
-    void itemWasDrawn(Look look) override { drawn.push_back(look); }
-
-    std::vector<Look> drawn;
-
-    void become(Kind kind) {
-        present = kind;
-        observers.announceDidChange();
-    }
-
-private:
-    Kind present = Kind::none;
-    Observable observers;
-};
 
 class DelegateStage {
 public:
@@ -65,21 +51,23 @@ public:
         answerUpdateCheck({"{\"version\": \"" + version + "\"}", std::nullopt});
     }
 
-    std::shared_ptr<kit::RecordingUserDefaults> defaults =
-        std::make_shared<kit::RecordingUserDefaults>();
+    std::shared_ptr<kit::FakeUserDefaults> defaults = std::make_shared<kit::FakeUserDefaults>();
     Lang lang{defaults};
     std::optional<std::string> runningVersion = "1.2";
     std::chrono::milliseconds patienceForBar{3600000};
 
     VirtualTime time;
-    std::shared_ptr<kit::QueuedMainQueue> mainQueue = std::make_shared<kit::QueuedMainQueue>();
-    std::shared_ptr<kit::RecordingWorkspace> workspace =
-        std::make_shared<kit::RecordingWorkspace>();
-    std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
-        std::make_shared<kit::RecordingKeyEvents>();
-    std::shared_ptr<kit::ScriptedUserSession> session =
-        std::make_shared<kit::ScriptedUserSession>();
-    std::shared_ptr<FakeStatusBar> statusBar = std::make_shared<FakeStatusBar>();
+    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
+    std::shared_ptr<kit::FakeKeyEventPoster> keyEvents =
+        std::make_shared<kit::FakeKeyEventPoster>();
+    std::shared_ptr<kit::FakeUserSession> session = std::make_shared<kit::FakeUserSession>();
+    std::shared_ptr<kit::FakeStatusBar> statusBar = std::make_shared<kit::FakeStatusBar>();
+    std::shared_ptr<kit::FakeApplicationShell> shell =
+        std::make_shared<kit::FakeApplicationShell>();
+    std::shared_ptr<kit::FakeAccessibilityTrust> trust =
+        std::make_shared<kit::FakeAccessibilityTrust>();
+    std::shared_ptr<kit::FakeClickTap> clickTap = std::make_shared<kit::FakeClickTap>();
     std::shared_ptr<BindingStore> store;
     MultitouchDeviceManager devices;
     std::shared_ptr<TouchEngine> engine;
@@ -87,7 +75,6 @@ public:
     StatusItem* statusItem = nullptr;        // the delegate owns it
     std::vector<StatusItem::Look> iconLooks; // of each icon that was drawn for the status item
     QPointer<QWidget> window;
-    ClickTap::Callback click;
     std::vector<std::function<void(const Fetched&)>> openChecks;
 
     // Reports this number of resting fingers from the driver.
@@ -95,21 +82,12 @@ public:
     // Whether a report of the driver arrives. Leaves no finger on the pad.
     bool hearsTouches() const;
 
-    // The notifications of the shell: whether gestures are on.
-    std::vector<bool> gestureStates;
-
-    // Runs while a widget is brought forward.
-    std::function<void(QWidget&)> onActivate;
-
     AppDelegate::Ports ports(); // called once, for the delegate below
     std::shared_ptr<AppDelegate> delegate;
 
 private:
-    class Shell;
-    class Trust;
-    class Tap;
-
     static TouchDriverPlatform driver();
+    void noteClickTap(const std::string& call);
     std::unique_ptr<StatusItem> makeStatusItem();
     std::unique_ptr<QWidget> makeWindow();
     UpdateChecker::Setup updates();

@@ -1,4 +1,5 @@
 #include "app/login_item_manager.h"
+#include "kit/fake_login_item_service.h"
 #include "kit/in_language.h"
 
 #include <gtest/gtest.h>
@@ -13,38 +14,11 @@ namespace {
 using kit::InLanguage;
 using Status = LoginItemService::Status;
 
-// A fake service that returns preset results and records its calls.
-class RecordingLoginItemService : public LoginItemService {
-public:
-    Status status() const override { return current; }
-
-    std::optional<std::string> registerItem() override {
-        return attempt("register", afterRegistering);
-    }
-    std::optional<std::string> unregisterItem() override {
-        return attempt("unregister", Status::notRegistered);
-    }
-
-    Status current = Status::notRegistered;
-    Status afterRegistering = Status::enabled;
-    std::optional<std::string> refusal;
-    std::vector<std::string> attempts;
-
-private:
-    std::optional<std::string> attempt(const char* name, Status afterwards) {
-        attempts.emplace_back(name);
-        if (!refusal) {
-            current = afterwards;
-        }
-        return refusal;
-    }
-};
-
 class LoginItemManagerTest : public testing::Test {
 protected:
     using Attempts = std::vector<std::string>;
 
-    RecordingLoginItemService service;
+    kit::FakeLoginItemService service;
 };
 
 TEST_F(LoginItemManagerTest, OnlyTheStateEnabledCountsAsOn) {

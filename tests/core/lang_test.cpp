@@ -1,6 +1,6 @@
 #include "core/lang.h"
+#include "kit/fake_user_defaults.h"
 #include "kit/in_language.h"
-#include "kit/recording_user_defaults.h"
 
 #include <gtest/gtest.h>
 
@@ -10,26 +10,26 @@
 namespace glidemap {
 namespace {
 
-using kit::RecordingUserDefaults;
-using Writes = std::vector<RecordingUserDefaults::Write>;
+using kit::FakeUserDefaults;
+using Writes = std::vector<FakeUserDefaults::Write>;
 
 constexpr const char* key = "appLanguage";
 
 // The shared instance reads its store once, so the store is configured before any test runs.
-const std::shared_ptr<RecordingUserDefaults> sharedStore = [] {
-    auto store = std::make_shared<RecordingUserDefaults>();
+const std::shared_ptr<FakeUserDefaults> sharedStore = [] {
+    auto store = std::make_shared<FakeUserDefaults>();
     Lang::configureShared(store);
     return store;
 }();
 
-std::shared_ptr<RecordingUserDefaults> storeHolding(const char* code) {
-    auto store = std::make_shared<RecordingUserDefaults>();
+std::shared_ptr<FakeUserDefaults> storeHolding(const char* code) {
+    auto store = std::make_shared<FakeUserDefaults>();
     store->stored[key] = code;
     return store;
 }
 
 TEST(LangTest, TheFirstLaunchIsEnglishAndDoesNotWrite) {
-    const auto store = std::make_shared<RecordingUserDefaults>();
+    const auto store = std::make_shared<FakeUserDefaults>();
     const Lang lang(store);
     EXPECT_EQ(lang.code(), "en");
     EXPECT_EQ(lang.choose("yes", "是"), "yes");
@@ -69,7 +69,7 @@ TEST(LangTest, OnlyTheExactCodeSelectsChinese) {
 }
 
 TEST(LangTest, SettingTheSameCodeAgainIsPersisted) {
-    const auto store = std::make_shared<RecordingUserDefaults>();
+    const auto store = std::make_shared<FakeUserDefaults>();
     Lang lang(store);
     lang.setCode("zh");
     lang.setCode("zh");
@@ -78,7 +78,7 @@ TEST(LangTest, SettingTheSameCodeAgainIsPersisted) {
 }
 
 TEST(LangTest, ObserversAreNotifiedBeforeAndAfterEveryWrite) {
-    const auto store = std::make_shared<RecordingUserDefaults>();
+    const auto store = std::make_shared<FakeUserDefaults>();
     Lang lang(store);
     std::vector<std::string> log;
     const auto subscription = lang.changes().subscribe(

@@ -1,6 +1,6 @@
 // The overview and locking the screen, on each desktop.
 #include "desktop_test_base.h"
-#include "kit/queued_main_queue.h"
+#include "kit/fake_main_queue.h"
 #include "platform/linux/session/linux_overview.h"
 #include "platform/linux/session/linux_screen_lock.h"
 #include "platform/linux/session/session_processes.h"
@@ -55,7 +55,7 @@ protected:
     }
 
     DesktopThread thread;
-    kit::QueuedMainQueue queue;
+    kit::FakeMainQueue queue;
     bool refused = false;
 };
 

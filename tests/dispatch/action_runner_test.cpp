@@ -1,8 +1,8 @@
 #include "dispatch/action_runner.h"
-#include "kit/recording_key_events.h"
-#include "kit/recording_screen_lock.h"
-#include "kit/recording_workspace.h"
-#include "kit/scripted_user_session.h"
+#include "kit/fake_key_event_poster.h"
+#include "kit/fake_screen_lock.h"
+#include "kit/fake_user_session.h"
+#include "kit/fake_workspace.h"
 
 #include <gmock/gmock.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Post = kit::RecordingKeyEvents::Post;
+using Post = kit::FakeKeyEventPoster::Post;
 
 const Post lockShortcut = {{12, true, 0x140000}, {12, false, 0x140000}};
 
@@ -27,13 +27,11 @@ protected:
         EXPECT_EQ(workspace->opened.size(), openings);
     }
 
-    std::shared_ptr<kit::RecordingWorkspace> workspace =
-        std::make_shared<kit::RecordingWorkspace>();
-    std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
-        std::make_shared<kit::RecordingKeyEvents>();
-    std::shared_ptr<kit::RecordingScreenLock> lock = std::make_shared<kit::RecordingScreenLock>();
-    std::shared_ptr<kit::ScriptedUserSession> session =
-        std::make_shared<kit::ScriptedUserSession>();
+    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
+    std::shared_ptr<kit::FakeKeyEventPoster> keyEvents =
+        std::make_shared<kit::FakeKeyEventPoster>();
+    std::shared_ptr<kit::FakeScreenLock> lock = std::make_shared<kit::FakeScreenLock>();
+    std::shared_ptr<kit::FakeUserSession> session = std::make_shared<kit::FakeUserSession>();
     std::unique_ptr<ActionRunner> runner = std::make_unique<ActionRunner>(ActionRunner::Ports{
         .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock, .session = session});
 };

@@ -1,6 +1,6 @@
 #include "dispatch/click_demand.h"
 #include "dispatch_stage.h"
-#include "kit/recording_click_tap.h"
+#include "kit/fake_click_tap.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +23,7 @@ protected:
     }
 
     DispatchStage stage;
-    std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
+    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
 };
 
 TEST_F(ClickDemandTest, NotifiesImmediatelyOfTheCurrentDemand) {

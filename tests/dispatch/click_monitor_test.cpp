@@ -1,6 +1,6 @@
 #include "dispatch/click_monitor.h"
+#include "kit/fake_click_tap.h"
 #include "kit/printers.h"
-#include "kit/recording_click_tap.h"
 
 #include <gmock/gmock.h>
 
@@ -38,7 +38,7 @@ protected:
     int fingerCount = 2;
     bool isTaken = true;
     std::vector<GestureType> offered;
-    std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
+    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
     std::unique_ptr<ClickMonitor> monitor =
         std::make_unique<ClickMonitor>(tap, [this] { return fingerCount; });
 };

@@ -7,13 +7,13 @@
 #include "bindings/binding_store.h"
 #include "core/lang.h"
 #include "dispatch/gesture_dispatcher.h"
+#include "kit/fake_key_event_poster.h"
+#include "kit/fake_main_queue.h"
+#include "kit/fake_screen_lock.h"
+#include "kit/fake_user_defaults.h"
+#include "kit/fake_user_session.h"
+#include "kit/fake_workspace.h"
 #include "kit/printers.h"
-#include "kit/queued_main_queue.h"
-#include "kit/recording_key_events.h"
-#include "kit/recording_screen_lock.h"
-#include "kit/recording_user_defaults.h"
-#include "kit/recording_workspace.h"
-#include "kit/scripted_user_session.h"
 
 #include <cstdint>
 #include <memory>
@@ -59,9 +59,9 @@ inline GestureBinding disabled(GestureBinding binding) {
 
 class DispatchStage {
 public:
-    explicit DispatchStage(BindingList bindings = {},
-                           std::shared_ptr<kit::RecordingUserDefaults> settings =
-                               std::make_shared<kit::RecordingUserDefaults>())
+    explicit DispatchStage(
+        BindingList bindings = {},
+        std::shared_ptr<kit::FakeUserDefaults> settings = std::make_shared<kit::FakeUserDefaults>())
         : store(std::make_shared<BindingStore>(std::move(bindings))),
           defaults(std::move(settings)) {
         auto runner = std::make_shared<ActionRunner>(ActionRunner::Ports{.workspace = workspace,
@@ -106,15 +106,13 @@ public:
     void bringEditorForward() { workspace->setFrontmost({editorID, editorName}); }
 
     std::shared_ptr<BindingStore> store;
-    std::shared_ptr<kit::RecordingUserDefaults> defaults;
-    std::shared_ptr<kit::QueuedMainQueue> mainQueue = std::make_shared<kit::QueuedMainQueue>();
-    std::shared_ptr<kit::RecordingWorkspace> workspace =
-        std::make_shared<kit::RecordingWorkspace>();
-    std::shared_ptr<kit::RecordingKeyEvents> keyEvents =
-        std::make_shared<kit::RecordingKeyEvents>();
-    std::shared_ptr<kit::RecordingScreenLock> lock = std::make_shared<kit::RecordingScreenLock>();
-    std::shared_ptr<kit::ScriptedUserSession> session =
-        std::make_shared<kit::ScriptedUserSession>();
+    std::shared_ptr<kit::FakeUserDefaults> defaults;
+    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
+    std::shared_ptr<kit::FakeKeyEventPoster> keyEvents =
+        std::make_shared<kit::FakeKeyEventPoster>();
+    std::shared_ptr<kit::FakeScreenLock> lock = std::make_shared<kit::FakeScreenLock>();
+    std::shared_ptr<kit::FakeUserSession> session = std::make_shared<kit::FakeUserSession>();
     WallTime now{};
     TimelyQueue::Time uptime{};
     Lang lang{nullptr};

@@ -4,7 +4,7 @@
 #include "dispatch/click_demand.h"
 #include "dispatch/click_monitor.h"
 #include "dispatch_stage.h"
-#include "kit/recording_click_tap.h"
+#include "kit/fake_click_tap.h"
 
 #include <gmock/gmock.h>
 
@@ -80,7 +80,7 @@ protected:
     }
 
     DispatchStage stage{bindings(0)};
-    std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
+    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
     ClickMonitor monitor{tap, [] {
                              return 2;
                          }};

@@ -419,14 +419,14 @@ TEST(EventLog, NotifiesBeforeAndAfterEachEntryOnTheMainQueue) {
 
 TEST(MasterSwitch, IsOnUnlessABooleanIsStored) {
     EXPECT_TRUE(DispatchStage().dispatcher->masterEnabled());
-    const auto defaults = std::make_shared<kit::RecordingUserDefaults>();
+    const auto defaults = std::make_shared<kit::FakeUserDefaults>();
     defaults->stored["masterEnabled"] = "false"; // text instead of a boolean
     EXPECT_TRUE(DispatchStage({}, defaults).dispatcher->masterEnabled());
 }
 
 TEST(MasterSwitch, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
     for (const bool stored : {false, true}) {
-        const auto defaults = std::make_shared<kit::RecordingUserDefaults>();
+        const auto defaults = std::make_shared<kit::FakeUserDefaults>();
         defaults->storedBooleans["masterEnabled"] = stored;
         EXPECT_EQ(DispatchStage({}, defaults).dispatcher->masterEnabled(), stored);
         EXPECT_THAT(defaults->booleanWrites, IsEmpty());
@@ -435,7 +435,7 @@ TEST(MasterSwitch, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
 }
 
 TEST(MasterSwitch, TurningItOffSurvivesARestart) {
-    const auto defaults = std::make_shared<kit::RecordingUserDefaults>();
+    const auto defaults = std::make_shared<kit::FakeUserDefaults>();
     DispatchStage({}, defaults).dispatcher->setMasterEnabled(false);
     EXPECT_FALSE(DispatchStage({}, defaults).dispatcher->masterEnabled());
     DispatchStage({}, defaults).dispatcher->setMasterEnabled(true);

@@ -4,8 +4,8 @@
 #include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
 #include "kit/engine_stage.h"
-#include "kit/recording_click_tap.h"
-#include "kit/scripted_user_session.h"
+#include "kit/fake_click_tap.h"
+#include "kit/fake_user_session.h"
 
 #include <gmock/gmock.h>
 
@@ -44,8 +44,8 @@ protected:
 
     kit::EngineStage pad;
     DispatchStage stage;
-    std::shared_ptr<kit::RecordingClickTap> tapPort = std::make_shared<kit::RecordingClickTap>();
-    std::shared_ptr<kit::ScriptedUserSession> session = stage.session;
+    std::shared_ptr<kit::FakeClickTap> tapPort = std::make_shared<kit::FakeClickTap>();
+    std::shared_ptr<kit::FakeUserSession> session = stage.session;
     std::optional<GestureRuntime> runtime{
         std::in_place,
         GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort, session}};

@@ -3,7 +3,7 @@
 #include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
 #include "kit/engine_stage.h"
-#include "kit/recording_click_tap.h"
+#include "kit/fake_click_tap.h"
 #include "kit/script.h"
 
 #include <gmock/gmock.h>
@@ -48,7 +48,7 @@ protected:
 
     kit::EngineStage pad;
     DispatchStage stage;
-    std::shared_ptr<kit::RecordingClickTap> tap = std::make_shared<kit::RecordingClickTap>();
+    std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
     GestureRuntime runtime{{pad.engine, stage.store, stage.dispatcher, tap}};
     std::vector<Verdict> swallowed = {Verdict::drop, Verdict::drop};
     std::vector<Verdict> untouched = {Verdict::pass, Verdict::pass};

@@ -1,5 +1,5 @@
 #include "dispatch/timely_queue.h"
-#include "kit/queued_main_queue.h"
+#include "kit/fake_main_queue.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +23,7 @@ protected:
     }
 
     TimelyQueue::Time now{1h};
-    std::shared_ptr<kit::QueuedMainQueue> mainQueue = std::make_shared<kit::QueuedMainQueue>();
+    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
     TimelyQueue queue{mainQueue, [this] {
                           return now;
                       }};

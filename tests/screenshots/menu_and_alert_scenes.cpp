@@ -4,7 +4,7 @@
 #include "app/refusal.h"
 #include "app/update_outcome.h"
 #include "kit/engine_stage.h"
-#include "kit/recording_click_tap.h"
+#include "kit/fake_click_tap.h"
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
 #include "ui/settings/settings_stage.h"
@@ -54,7 +54,7 @@ public:
             .shell = std::make_shared<QuietShell>(),
             .trust = settings.trust,
             .workspace = settings.workspace,
-            .clickTap = std::make_shared<kit::RecordingClickTap>(),
+            .clickTap = std::make_shared<kit::FakeClickTap>(),
             .engine = engine.engine,
             .makeStore = [this] { return settings.store; },
             .makeUpdateChecker = [published] { return checkerThatFinds(published); },

@@ -1,5 +1,5 @@
+#include "kit/fake_workspace.h"
 #include "kit/qt_waiting.h"
-#include "kit/recording_workspace.h"
 #include "kit/temporary_folder.h"
 #include "ui/editor/application_picker.h"
 #include "ui/editor/running_apps.h"
@@ -50,7 +50,7 @@ protected:
 
     std::string current() const { return picker.currentText().toStdString(); }
 
-    kit::RecordingWorkspace workspace;
+    kit::FakeWorkspace workspace;
     Lang lang{nullptr};
     ApplicationPicker picker{workspace, runningApps, lang};
     std::vector<std::string> picked;

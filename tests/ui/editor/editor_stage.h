@@ -1,10 +1,10 @@
 // A binding editor in a window of the sheet's size, with a store in memory and fake applications.
 #pragma once
 
+#include "kit/fake_workspace.h"
 #include "kit/find_widget.h"
 #include "kit/in_language.h"
 #include "kit/qt_waiting.h"
-#include "kit/recording_workspace.h"
 #include "kit/typist.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
 #include "ui/editor/binding_editor.h"
@@ -113,7 +113,7 @@ protected:
 
     kit::InLanguage language{"en"};
     BindingStore store{BindingList{}};
-    kit::RecordingWorkspace workspace;
+    kit::FakeWorkspace workspace;
     const std::shared_ptr<KeyPresses> keys =
         std::make_shared<ToolkitKeyPresses>(std::make_unique<EvdevHardwareKeys>());
     EditorWindow window;

@@ -1,4 +1,4 @@
-#include "kit/recording_workspace.h"
+#include "kit/fake_workspace.h"
 #include "ui/editor/running_apps.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> listed(std::vector<Application> running) {
-    kit::RecordingWorkspace workspace;
+    kit::FakeWorkspace workspace;
     workspace.running = std::move(running);
     std::vector<std::string> lines;
     for (const RunningApp& app : runningApps(workspace)) {
@@ -63,7 +63,7 @@ TEST(RunningApps, KeepDuplicates) {
 }
 
 TEST(RunningApps, CanBeLaunchedOnlyIfInstalled) {
-    kit::RecordingWorkspace workspace;
+    kit::FakeWorkspace workspace;
     workspace.running = {{"mail", "Mail"}, {"XClock", "xclock"}, {"files", "Files"}};
     workspace.urls = {{"mail", "file:///mail"}, {"files", "file:///files"}};
     const auto offered = launchableApps(workspace);

@@ -104,12 +104,12 @@ TEST_F(SettingsHeaderTest, SwitchIsTheMasterSwitch) {
 }
 
 TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemsState) {
-    stage.loginItems->wouldBe = LoginItemService::Status::requiresApproval;
+    stage.loginItems->afterRegistering = LoginItemService::Status::requiresApproval;
     stage.open();
     const auto* launch = stage.find<QCheckBox>("launchAtLogin");
     stage.click("launchAtLogin");
     EXPECT_FALSE(launch->isChecked());
-    stage.loginItems->wouldBe = LoginItemService::Status::enabled;
+    stage.loginItems->afterRegistering = LoginItemService::Status::enabled;
     stage.click("launchAtLogin");
     EXPECT_TRUE(launch->isChecked());
     stage.click("launchAtLogin");

@@ -5,10 +5,11 @@
 #pragma once
 
 #include "core/lang.h"
-#include "dispatch/accessibility_trust.h"
-#include "kit/queued_main_queue.h"
-#include "kit/recording_user_defaults.h"
-#include "kit/recording_workspace.h"
+#include "kit/fake_accessibility_trust.h"
+#include "kit/fake_login_item_service.h"
+#include "kit/fake_main_queue.h"
+#include "kit/fake_user_defaults.h"
+#include "kit/fake_workspace.h"
 #include "ui/settings/binding_row.h"
 #include "ui/settings/settings_view.h"
 #include "ui/settings/settings_window.h"
@@ -22,42 +23,6 @@
 class QAbstractButton;
 
 namespace glidemap::test {
-
-class FakeTrust : public AccessibilityTrust {
-public:
-    bool isTrusted() override {
-        ++timesAsked;
-        return trusted;
-    }
-    bool isTrustedWithPrompt() override { return trusted; }
-
-    bool trusted = true;
-    int timesAsked = 0;
-};
-
-// A fake service that returns preset results and records its calls.
-class FakeLoginItems : public LoginItemService {
-public:
-    Status status() const override { return current; }
-    std::optional<std::string> registerItem() override { return attempt("register", wouldBe); }
-    std::optional<std::string> unregisterItem() override {
-        return attempt("unregister", Status::notRegistered);
-    }
-
-    Status current = Status::notRegistered;
-    Status wouldBe = Status::enabled; // after registration
-    std::optional<std::string> refusal;
-    std::vector<std::string> attempts;
-
-private:
-    std::optional<std::string> attempt(const char* name, Status afterwards) {
-        attempts.emplace_back(name);
-        if (!refusal) {
-            current = afterwards;
-        }
-        return refusal;
-    }
-};
 
 class FakeDesktopHelper : public DesktopHelper {
 public:
@@ -155,13 +120,13 @@ public:
     // A pixel as shown in the window.
     QColor pixel(const QWidget& of, QPoint at) const;
 
-    std::shared_ptr<kit::RecordingUserDefaults> defaults =
-        std::make_shared<kit::RecordingUserDefaults>();
-    std::shared_ptr<kit::QueuedMainQueue> mainQueue = std::make_shared<kit::QueuedMainQueue>();
-    std::shared_ptr<kit::RecordingWorkspace> workspace =
-        std::make_shared<kit::RecordingWorkspace>();
-    std::shared_ptr<FakeTrust> trust = std::make_shared<FakeTrust>();
-    std::shared_ptr<FakeLoginItems> loginItems = std::make_shared<FakeLoginItems>();
+    std::shared_ptr<kit::FakeUserDefaults> defaults = std::make_shared<kit::FakeUserDefaults>();
+    std::shared_ptr<kit::FakeMainQueue> mainQueue = std::make_shared<kit::FakeMainQueue>();
+    std::shared_ptr<kit::FakeWorkspace> workspace = std::make_shared<kit::FakeWorkspace>();
+    std::shared_ptr<kit::FakeAccessibilityTrust> trust =
+        std::make_shared<kit::FakeAccessibilityTrust>();
+    std::shared_ptr<kit::FakeLoginItemService> loginItems =
+        std::make_shared<kit::FakeLoginItemService>();
     std::shared_ptr<FakeDesktopHelper> helper = std::make_shared<FakeDesktopHelper>();
     std::shared_ptr<FakeNotes> notes; // null unless a test creates them
     std::shared_ptr<FakeGeometryStore> geometry = std::make_shared<FakeGeometryStore>();

@@ -1,5 +1,5 @@
 // The access prompt with shell scripts in place of pkexec.
-#include "kit/queued_main_queue.h"
+#include "kit/fake_main_queue.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/access/access_prompt.h"
 
@@ -37,7 +37,7 @@ protected:
     test::TemporaryFolder folder;
     const std::filesystem::path asked = folder.path() / "asked";
     const std::filesystem::path answers = folder.path() / "answers";
-    std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
+    std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
     int heard = 0;
 };
 

@@ -1,32 +1,17 @@
+#include "kit/fake_input_nodes.h"
 #include "platform/linux/access/input_trust.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace glidemap {
 namespace {
 
-struct Machine {
-    std::vector<std::string> touchpads;
-    std::set<std::string> readable;
-    bool mayMakeDevices = false;
-};
-
-class ScriptedNodes : public InputNodes {
-public:
-    explicit ScriptedNodes(const Machine& followed) : machine(followed) {}
-
-    std::vector<std::string> touchpads() override { return machine.touchpads; }
-    bool mayRead(const std::string& node) override { return machine.readable.contains(node); }
-    bool mayMakeDevices() override { return machine.mayMakeDevices; }
-
-private:
-    const Machine& machine;
-};
+using kit::FakeInputNodes;
+using Machine = FakeInputNodes::Permissions;
 
 struct Row {
     const char* name;
@@ -48,7 +33,7 @@ const Row rows[] = {
 
 TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {
     for (const Row& row : rows) {
-        InputTrust trust(std::make_unique<ScriptedNodes>(row.machine), {});
+        InputTrust trust(std::make_unique<FakeInputNodes>(row.machine), {});
         EXPECT_EQ(trust.isTrusted(), row.isTrusted) << row.name;
         EXPECT_EQ(trust.isTrustedWithPrompt(), row.isTrusted) << row.name;
     }
@@ -57,7 +42,7 @@ TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {
 TEST(InputTrustTest, PromptIsShownOnceAndOnlyOnRequest) {
     Machine machine{{"one"}, {}, true};
     int asked = 0;
-    InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
+    InputTrust trust(std::make_unique<FakeInputNodes>(machine), [&] { ++asked; });
     EXPECT_FALSE(trust.isTrusted());
     EXPECT_EQ(asked, 0);
     EXPECT_FALSE(trust.isTrustedWithPrompt());
@@ -68,7 +53,7 @@ TEST(InputTrustTest, PromptIsShownOnceAndOnlyOnRequest) {
 TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
     Machine machine{{"one"}, {"one"}, true};
     int asked = 0;
-    InputTrust trust(std::make_unique<ScriptedNodes>(machine), [&] { ++asked; });
+    InputTrust trust(std::make_unique<FakeInputNodes>(machine), [&] { ++asked; });
     EXPECT_TRUE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 0);
     machine.readable.clear(); // another session is in front
@@ -78,7 +63,7 @@ TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
 
 TEST(InputTrustTest, AccessGrantedLaterIsDetected) {
     Machine machine{{"one"}, {}, true};
-    InputTrust trust(std::make_unique<ScriptedNodes>(machine), {});
+    InputTrust trust(std::make_unique<FakeInputNodes>(machine), {});
     EXPECT_FALSE(trust.isTrusted());
     machine.readable = {"one"};
     EXPECT_TRUE(trust.isTrusted());

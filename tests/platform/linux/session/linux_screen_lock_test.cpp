@@ -2,6 +2,7 @@
 #include "desktops/private_bus.h"
 #include "desktops/program_double.h"
 #include "desktops/silent_socket.h"
+#include "kit/fake_main_queue.h"
 #include "kit/in_environment.h"
 #include "kit/leash.h"
 #include "kit/patience.h"
@@ -49,28 +50,6 @@ ServiceDescription screenSaver(const std::string& name, const std::string& path,
 const ServiceDescription gnome = screenSaver("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver");
 const ServiceDescription freedesktop = screenSaver("org.freedesktop.ScreenSaver", "/ScreenSaver");
 
-// Keeps tasks until the test runs them.
-class HeldMainQueue : public MainQueue {
-public:
-    explicit HeldMainQueue(Journal& record) : journal(record) {}
-
-    void submit(Task task) override {
-        tasks.push_back(std::move(task));
-        journal.add("to the main thread");
-    }
-
-    void run() {
-        for (Task& task : tasks) {
-            task();
-        }
-        tasks.clear();
-    }
-
-private:
-    Journal& journal;
-    std::deque<Task> tasks;
-};
-
 // So long that no test reaches it, unless the test shortens a limit.
 constexpr Patience endless{600s, 600s, 600s};
 
@@ -97,7 +76,7 @@ protected:
         LinuxScreenLock screenLock(desktop, queue, patience);
         screenLock.lock(otherwise());
         EXPECT_TRUE(journal.waitForAny({"let go", "to the main thread"}));
-        queue.run();
+        queue.runAll();
         Lines lines = journal.lines();
         std::erase(lines, "let go");
         std::erase_if(lines,
@@ -150,7 +129,9 @@ protected:
     InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
     InEnvironment desktopName{"XDG_CURRENT_DESKTOP", nullptr};
     InEnvironment configuration{"XDG_CONFIG_HOME", programs.folder().c_str()};
-    HeldMainQueue queue{journal};
+    kit::FakeMainQueue queue{[this] {
+        journal.add("to the main thread");
+    }};
     DesktopThread desktop;
     Limit lastLimit{};
     std::chrono::nanoseconds lastTook{};
@@ -292,7 +273,7 @@ TEST_F(LinuxScreenLockTest, EachRequestIsReportedSeparately) {
     screenLock.lock([this] { journal.add("first"); });
     screenLock.lock([this] { journal.add("second"); });
     ASSERT_TRUE(journal.waitForCount("to the main thread", 2));
-    queue.run();
+    queue.runAll();
     const Lines lines = journal.lines();
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "first"), 1);
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "second"), 1);
@@ -314,7 +295,7 @@ TEST_F(LinuxScreenLockTest, MainThreadNeverWaitsForAService) {
         screenLock.lock(otherwise());
         ASSERT_TRUE(journal.waitFor("login1.Lock()"));
     }
-    queue.run();
+    queue.runAll();
     EXPECT_EQ(journal.lines()[0], "login1.Lock()");
     EXPECT_EQ(journal.lines()[1], "let go");
 }

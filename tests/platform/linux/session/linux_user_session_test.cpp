@@ -2,6 +2,7 @@
 #include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "desktops/silent_socket.h"
+#include "kit/fake_main_queue.h"
 #include "kit/in_environment.h"
 #include "platform/linux/session/linux_user_session.h"
 
@@ -12,9 +13,7 @@
 #include <chrono>
 #include <deque>
 #include <memory>
-#include <mutex>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace glidemap {
@@ -83,36 +82,6 @@ private:
     BusDouble service;
 };
 
-// Keeps tasks, and records that a task was submitted.
-class NotingMainQueue : public MainQueue {
-public:
-    explicit NotingMainQueue(Journal& record) : journal(record) {}
-
-    void submit(Task task) override {
-        {
-            const std::lock_guard lock(mutex);
-            tasks.push_back(std::move(task));
-        }
-        journal.add("changed");
-    }
-
-    void run() {
-        std::deque<Task> waiting;
-        {
-            const std::lock_guard lock(mutex);
-            std::swap(waiting, tasks);
-        }
-        for (Task& task : waiting) {
-            task();
-        }
-    }
-
-private:
-    Journal& journal;
-    std::mutex mutex;
-    std::deque<Task> tasks;
-};
-
 class LinuxUserSessionTest : public testing::Test {
 protected:
     BusDouble& startLogind(bool isActive, bool isLocked) {
@@ -143,7 +112,7 @@ protected:
     }
 
     bool sleepIs(const LinuxUserSession& session, bool expected) {
-        for (queue->run(); session.isAsleep() != expected; queue->run()) {
+        for (queue->runAll(); session.isAsleep() != expected; queue->runAll()) {
             if (!journal.waitForCount("changed", ++changes)) {
                 return false;
             }
@@ -159,7 +128,8 @@ protected:
     InEnvironment sessionAddress{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
     std::deque<BusDouble> services;
     std::deque<SaverDouble> savers;
-    std::shared_ptr<NotingMainQueue> queue = std::make_shared<NotingMainQueue>(journal);
+    std::shared_ptr<kit::FakeMainQueue> queue =
+        std::make_shared<kit::FakeMainQueue>([this] { journal.add("changed"); });
     DesktopThread desktop;
 };
 
@@ -208,7 +178,7 @@ TEST_F(LinuxUserSessionTest, SuspendThatEndsBeforeTheMainThreadRunsIsReported) {
     announceSleep(manager, true);
     announceSleep(manager, false);
     ASSERT_TRUE(journal.waitForCount("changed", 2));
-    queue->run();
+    queue->runAll();
     EXPECT_EQ(notified, (std::vector{true, false}));
 }
 
@@ -335,12 +305,12 @@ TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilItsDestruction) {
         announce(manager, "LockedHint", true);
         ASSERT_TRUE(become(session, true, true));
         EXPECT_EQ(reported, 0);
-        queue->run();
+        queue->runAll();
         EXPECT_EQ(reported, 1);
         announce(manager, "LockedHint", false);
         ASSERT_TRUE(become(session, true, false));
     }
-    queue->run();
+    queue->runAll();
     EXPECT_EQ(reported, 1);
 }
 

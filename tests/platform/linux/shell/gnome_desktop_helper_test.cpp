@@ -1,5 +1,5 @@
+#include "kit/fake_main_queue.h"
 #include "kit/in_environment.h"
-#include "kit/queued_main_queue.h"
 #include "platform/linux/shell/gnome_desktop_helper.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ protected:
         }
     }
 
-    std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
+    std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
     GnomeExtension::Status status;
     std::optional<std::string> failure;
     std::vector<std::thread::id> threads;
@@ -135,7 +135,7 @@ TEST(GnomeDesktopHelperOfThisSession, HelperExistsOnlyForGNOMEOnWayland) {
     for (const Row& row : rows) {
         const test::InEnvironment names("XDG_CURRENT_DESKTOP", row.names);
         const test::InEnvironment wayland("WAYLAND_DISPLAY", row.wayland);
-        const auto queue = std::make_shared<kit::QueuedMainQueue>();
+        const auto queue = std::make_shared<kit::FakeMainQueue>();
         EXPECT_EQ(GnomeDesktopHelper::ofThisSession(queue) != nullptr, row.isThere);
     }
 }

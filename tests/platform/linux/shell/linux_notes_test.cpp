@@ -1,10 +1,12 @@
-#include "kit/queued_main_queue.h"
+#include "kit/fake_input_nodes.h"
+#include "kit/fake_main_queue.h"
 #include "platform/linux/shell/linux_notes.h"
 
 #include <gmock/gmock.h>
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,17 +21,6 @@ using testing::Not;
 struct Access {
     bool toTouchpad = false;
     bool toKeyboard = false;
-};
-
-class FakeNodes : public InputNodes {
-public:
-    explicit FakeNodes(Access given) : access(given) {}
-    std::vector<std::string> touchpads() override { return {"/dev/input/event7"}; }
-    bool mayRead(const std::string& /*node*/) override { return access.toTouchpad; }
-    bool mayMakeDevices() override { return access.toKeyboard; }
-
-private:
-    Access access;
 };
 
 class LinuxNotesTest : public testing::Test {
@@ -55,10 +46,16 @@ protected:
     static std::string noteOf(Access access, const AccessPrompt& prompt, const char* code) {
         Lang lang{nullptr};
         lang.setCode(code);
-        return LinuxNotes(std::make_unique<FakeNodes>(access), prompt).missingAccess(lang);
+        const kit::FakeInputNodes::Permissions permissions{
+            {"/dev/input/event7"},
+            access.toTouchpad ? std::set<std::string>{"/dev/input/event7"}
+                              : std::set<std::string>(),
+            access.toKeyboard};
+        return LinuxNotes(std::make_unique<kit::FakeInputNodes>(permissions), prompt)
+            .missingAccess(lang);
     }
 
-    std::shared_ptr<kit::QueuedMainQueue> queue = std::make_shared<kit::QueuedMainQueue>();
+    std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
 };
 
 TEST_F(LinuxNotesTest, MissingNodesAreNamedInBothLanguages) {

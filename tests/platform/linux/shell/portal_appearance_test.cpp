@@ -1,6 +1,7 @@
 #include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "desktops/silent_socket.h"
+#include "kit/fake_main_queue.h"
 #include "kit/in_environment.h"
 #include "kit/patience.h"
 #include "kit/temporary_folder.h"
@@ -10,10 +11,7 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
-#include <condition_variable>
-#include <deque>
 #include <filesystem>
-#include <mutex>
 
 namespace glidemap {
 namespace {
@@ -53,39 +51,6 @@ constexpr const char* lightAndStill =
     "({'org.gnome.desktop.interface': {'clock-format': <'24h'>, 'enable-animations': <false>},"
     "  'org.freedesktop.appearance': {'color-scheme': <uint32 2>}},)";
 
-// The test itself runs the main thread's tasks.
-class TestsMainQueue : public MainQueue {
-public:
-    void submit(Task task) override {
-        const std::lock_guard lock(mutex);
-        tasks.push_back(std::move(task));
-        more.notify_all();
-    }
-
-    // Times out only on failure.
-    bool waitForOne() {
-        std::unique_lock lock(mutex);
-        return more.wait_for(lock, test::patience, [this] { return !tasks.empty(); });
-    }
-
-    std::size_t run() {
-        std::deque<Task> due;
-        {
-            const std::lock_guard lock(mutex);
-            due.swap(tasks);
-        }
-        for (Task& task : due) {
-            task();
-        }
-        return due.size();
-    }
-
-private:
-    std::mutex mutex;
-    std::condition_variable more;
-    std::deque<Task> tasks;
-};
-
 std::string described(const AppearanceSettings& settings) {
     const auto scheme = settings.colorScheme();
     return std::string(!scheme                        ? "unknown"
@@ -108,7 +73,7 @@ protected:
     // The appearance on the main thread after the next update.
     std::string next(const PortalAppearance& appearance) {
         EXPECT_TRUE(queue.waitForOne());
-        EXPECT_EQ(queue.run(), 1U);
+        EXPECT_EQ(queue.runAll(), 1U);
         return described(*appearance.settings());
     }
 
@@ -117,7 +82,7 @@ protected:
     InEnvironment address{"DBUS_SESSION_BUS_ADDRESS", bus.address().c_str()};
     std::unique_ptr<BusDouble> service;
     DesktopThread desktop;
-    TestsMainQueue queue;
+    kit::FakeMainQueue queue;
 };
 
 TEST_F(PortalAppearanceTest, RunningPortalIsQueriedOnce) {
@@ -144,7 +109,7 @@ TEST_F(PortalAppearanceTest, ObserversAreNotifiedBeforeAndAfterAChange) {
                                       [&] { heard.push_back("did: " + described(*settings)); });
     ASSERT_TRUE(queue.waitForOne());
     EXPECT_EQ(heard, Lines());
-    queue.run();
+    queue.runAll();
     EXPECT_EQ(heard, (Lines{"will: unknown", "did: dark"}));
 }
 
@@ -249,7 +214,7 @@ TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) 
         ASSERT_TRUE(journal.waitFor(asked));
     }
     EXPECT_TRUE(journal.waitFor("Desktop: no callers left"));
-    EXPECT_EQ(queue.run(), 0U);
+    EXPECT_EQ(queue.runAll(), 0U);
 }
 
 TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
@@ -270,7 +235,7 @@ TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
         const PortalAppearance appearance(desktop, queue);
         ASSERT_TRUE(queue.waitForOne());
     }
-    EXPECT_EQ(queue.run(), 1U);
+    EXPECT_EQ(queue.runAll(), 1U);
 }
 
 TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
@@ -291,7 +256,7 @@ TEST_F(PortalAppearanceTest, NothingIsKnownWithoutABus) {
         desktop.call([] {}); // waits until it has started
         EXPECT_EQ(described(*appearance.settings()), "unknown");
     }
-    EXPECT_EQ(queue.run(), 0U);
+    EXPECT_EQ(queue.runAll(), 0U);
 }
 
 } // namespace

@@ -19,7 +19,7 @@ inline void PrintTo(const KeyEvent& event, std::ostream* stream) {
 
 namespace kit {
 
-class RecordingKeyEvents : public KeyEventPoster {
+class FakeKeyEventPoster : public KeyEventPoster {
 public:
     using Post = std::vector<KeyEvent>;
 

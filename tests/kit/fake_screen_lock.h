@@ -10,7 +10,7 @@
 
 namespace glidemap::kit {
 
-class RecordingScreenLock : public ScreenLock {
+class FakeScreenLock : public ScreenLock {
 public:
     bool find() override {
         ++timesLookedFor;

@@ -9,7 +9,7 @@
 
 namespace glidemap::kit {
 
-class ScriptedUserSession : public UserSession {
+class FakeUserSession : public UserSession {
 public:
     bool isActive() const override { return active; }
     bool isLocked() const override { return locked; }

@@ -6,25 +6,26 @@
 
 #include "dispatch/click_tap.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace glidemap::kit {
 
-class RecordingClickTap : public ClickTap {
+class FakeClickTap : public ClickTap {
 public:
     bool create(Callback newCallback) override {
-        notes.emplace_back(isPermitted ? "create" : "create (refused)");
+        note(isPermitted ? "create" : "create (refused)");
         if (isPermitted) {
             callback = std::move(newCallback);
         }
         return isPermitted;
     }
 
-    void setEnabled(bool enabled) override { notes.emplace_back(enabled ? "enable" : "disable"); }
-    void remove() override { notes.emplace_back("remove"); }
-    void setNeeded(bool needed) override { notes.emplace_back(needed ? "needed" : "not needed"); }
+    void setEnabled(bool enabled) override { note(enabled ? "enable" : "disable"); }
+    void remove() override { note("remove"); }
+    void setNeeded(bool needed) override { note(needed ? "needed" : "not needed"); }
 
     // Also works after removal, as a careless system would.
     Verdict offer(const ClickEvent& event) { return callback(event); }
@@ -33,8 +34,16 @@ public:
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
 
     bool isPermitted = true;
+    std::function<void(const std::string& call)> onCall;
 
 private:
+    void note(const char* call) {
+        notes.emplace_back(call);
+        if (onCall) {
+            onCall(call);
+        }
+    }
+
     Callback callback;
     std::vector<std::string> notes;
 };

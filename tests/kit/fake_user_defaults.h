@@ -12,7 +12,7 @@
 
 namespace glidemap::kit {
 
-class RecordingUserDefaults : public UserDefaults {
+class FakeUserDefaults : public UserDefaults {
 public:
     using Write = std::pair<std::string, std::string>;
 

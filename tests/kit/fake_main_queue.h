@@ -4,22 +4,31 @@
 #pragma once
 
 #include "core/main_queue.h"
+#include "kit/patience.h"
 
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <utility>
 
 namespace glidemap::kit {
 
-class QueuedMainQueue : public MainQueue {
+class FakeMainQueue : public MainQueue {
 public:
+    FakeMainQueue() = default;
+    // Calls this with each submission, on the submitting thread. It must not use the queue.
+    explicit FakeMainQueue(std::function<void()> submitted) : onSubmission(std::move(submitted)) {}
+
     void submit(Task task) override {
         const std::lock_guard lock(mutex);
         tasks.push_back(std::move(task));
         arrived.notify_all();
+        if (onSubmission) {
+            onSubmission();
+        }
     }
 
     // Returns false if no task waits.
@@ -31,10 +40,13 @@ public:
         return task.has_value();
     }
 
-    // Including tasks that these tasks submit.
-    void runAll() {
+    // Including tasks that these tasks submit. Returns their number.
+    std::size_t runAll() {
+        std::size_t count = 0;
         while (runNext()) {
+            ++count;
         }
+        return count;
     }
 
     // Destroys waiting tasks without running them, as on exit.
@@ -43,10 +55,10 @@ public:
         }
     }
 
-    // Waits until another thread has submitted a task.
-    void waitForOne() const {
+    // Waits until another thread has submitted a task. Returns false if none came in time.
+    bool waitForOne() const {
         std::unique_lock lock(mutex);
-        arrived.wait(lock, [this] { return !tasks.empty(); });
+        return arrived.wait_for(lock, test::patience, [this] { return !tasks.empty(); });
     }
 
     std::size_t waiting() const {
@@ -65,6 +77,7 @@ private:
         return task;
     }
 
+    const std::function<void()> onSubmission;
     mutable std::mutex mutex;
     mutable std::condition_variable arrived;
     std::deque<Task> tasks;

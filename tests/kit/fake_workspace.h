@@ -15,7 +15,7 @@
 
 namespace glidemap::kit {
 
-class RecordingWorkspace : public Workspace {
+class FakeWorkspace : public Workspace {
 public:
     bool hasOverview = true;
     bool hasMissionControl() const override { return hasOverview; }

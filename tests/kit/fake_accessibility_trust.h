@@ -1,0 +1,37 @@
+// A permission that the test sets, and that records the questions.
+//
+// Thread:  the test's main thread.
+#pragma once
+
+#include "dispatch/accessibility_trust.h"
+
+#include <functional>
+#include <string>
+
+namespace glidemap::kit {
+
+class FakeAccessibilityTrust : public AccessibilityTrust {
+public:
+    bool isTrusted() override {
+        ++timesAsked;
+        note("trusted?");
+        return trusted;
+    }
+    bool isTrustedWithPrompt() override {
+        note("trusted? with the prompt");
+        return trusted;
+    }
+
+    bool trusted = true;
+    int timesAsked = 0; // without the prompt
+    std::function<void(const std::string& call)> onCall;
+
+private:
+    void note(const char* call) const {
+        if (onCall) {
+            onCall(call);
+        }
+    }
+};
+
+} // namespace glidemap::kit
