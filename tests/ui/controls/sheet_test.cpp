@@ -191,7 +191,7 @@ TEST_F(SheetTest, CastsAShadowWithCompositing) {
 }
 
 // There the system sets the sheet off from its window, and places it.
-TEST_F(SheetTest, whereTheSystemShowsSheetsItOnlyFillsOne) {
+TEST_F(SheetTest, WhereTheSystemShowsSheetsItOnlyFillsOne) {
     Theme::shared().pinSystemSheets(true);
     Theme::shared().pinCompositing(true);
     Theme::shared().pinReducedMotion(false);
@@ -216,7 +216,7 @@ TEST_F(SheetTest, whereTheSystemShowsSheetsItOnlyFillsOne) {
     EXPECT_TRUE(hasGone());
 }
 
-TEST_F(SheetTest, slidesToItsPlaceWhereMotionIsWelcome) {
+TEST_F(SheetTest, SlidesToItsPlaceWhereMotionIsWelcome) {
     Theme::shared().pinReducedMotion(false);
     stage.move(20, 30);
     present(QSize(400, 300));

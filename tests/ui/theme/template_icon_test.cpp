@@ -73,7 +73,7 @@ TEST_F(TemplateIconTest, IsDrawnAtEverySizeThatItLists) {
 }
 
 // Where only the opacity counts, an edge would make the shape a larger and softer one.
-TEST_F(TemplateIconTest, aPlainOneIsTheSymbolsShapeAlone) {
+TEST_F(TemplateIconTest, APlainOneIsTheSymbolsShapeAlone) {
     for (const int size : {16, 22, 44}) {
         const QIcon icon = plainTemplateIcon(symbol);
         EXPECT_TRUE(icon.isMask());
@@ -89,7 +89,7 @@ TEST_F(TemplateIconTest, aPlainOneIsTheSymbolsShapeAlone) {
     }
 }
 
-TEST_F(TemplateIconTest, isPalerWhereItsStrengthIsLess) {
+TEST_F(TemplateIconTest, IsPalerWhereItsStrengthIsLess) {
     const auto opacityOf = [](const QIcon& icon) {
         const QImage image = icon.pixmap(64).toImage();
         int most = 0;
