@@ -1,10 +1,8 @@
 #include "app/alert.h"
 #include "app/app_delegate.h"
-#include "app/no_status_bar.h"
+#include "app/delegate_stage.h"
 #include "app/refusal.h"
 #include "app/update_outcome.h"
-#include "kit/engine_stage.h"
-#include "kit/fake_click_tap.h"
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
 #include "ui/settings/settings_stage.h"
@@ -17,72 +15,6 @@ namespace {
 
 using test::SettingsStage;
 
-class QuietShell : public ApplicationShell {
-public:
-    void becomeAccessory() override {}
-    void activate(QWidget& /*window*/) override {}
-    void terminate() override {}
-};
-
-class AbsentBar : public StatusBar {
-public:
-    Kind kind() override { return Kind::none; }
-    Observable& changes() override { return observers; }
-
-private:
-    Observable observers;
-};
-
-std::shared_ptr<UpdateChecker> checkerThatFinds(const std::string& version) {
-    UpdateChecker::Setup setup;
-    setup.host = "glidemap.test";
-    setup.currentVersion = "1.0.0";
-    setup.fetch = [version](const std::string& /*url*/, const auto& done) {
-        done(Fetched{.body = "{\"version\": \"" + version + "\"}", .transportError = {}});
-    };
-    setup.repeat = [](auto /*interval*/, auto /*block*/) -> std::shared_ptr<const void> {
-        return nullptr;
-    };
-    return UpdateChecker::create(std::move(setup));
-}
-
-// The delegate's menu, with fake ports.
-class DelegateStage {
-public:
-    explicit DelegateStage(const std::string& published) {
-        AppDelegate::Ports ports{
-            .shell = std::make_shared<QuietShell>(),
-            .trust = settings.trust,
-            .workspace = settings.workspace,
-            .clickTap = std::make_shared<kit::FakeClickTap>(),
-            .engine = engine.engine,
-            .makeStore = [this] { return settings.store; },
-            .makeUpdateChecker = [published] { return checkerThatFinds(published); },
-            .makeDispatcher = [this](const auto& /*store*/) { return settings.dispatcher; },
-            .makeStatusItem =
-                [this] {
-                    auto made = std::make_unique<StatusItem>(std::make_shared<AbsentBar>(),
-                                                             StatusItem::Icon());
-                    item = made.get();
-                    return made;
-                },
-            .makeSettingsWindow = [](const auto& /*shown*/) { return std::make_unique<QWidget>(); },
-        };
-        delegate = AppDelegate::create(std::move(ports));
-        delegate->applicationDidFinishLaunching();
-    }
-    ~DelegateStage() { delegate->applicationWillTerminate(); }
-    DelegateStage(const DelegateStage&) = delete;
-    DelegateStage& operator=(const DelegateStage&) = delete;
-
-    QMenu& menu() { return item->menu(); }
-
-    SettingsStage settings;
-    kit::EngineStage engine;
-    std::shared_ptr<AppDelegate> delegate;
-    StatusItem* item = nullptr;
-};
-
 struct MenuState {
     std::string published = "1.0.0";
     bool isOn = true;
@@ -90,9 +22,14 @@ struct MenuState {
 };
 
 QImage pictureOfMenu(const MenuState& state) {
-    DelegateStage stage(state.published);
-    stage.settings.dispatcher->setMasterEnabled(state.isOn);
-    QMenu& menu = stage.menu();
+    test::DelegateStage stage;
+    stage.lang.setCode(Lang::shared().code());
+    stage.runningVersion = "1.0.0";
+    stage.delegate = AppDelegate::create(stage.ports());
+    stage.delegate->applicationDidFinishLaunching();
+    stage.publish(state.published);
+    stage.dispatcher.lock()->setMasterEnabled(state.isOn);
+    QMenu& menu = stage.statusItem->menu();
     menu.popup(QPoint(40, 40));
     if (state.hovered >= 0) {
         menu.setActiveAction(menu.actions().at(state.hovered));
