@@ -1,0 +1,1 @@
+// A source whose test is in another folder.

@@ -1,0 +1,1 @@
+// In the folder of its source.
