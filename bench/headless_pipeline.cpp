@@ -49,8 +49,8 @@ void HeadlessPipeline::bindDoubleTaps() {
 RealThreads::RealThreads()
     : _queue(std::make_shared<ThreadedSerialQueue>(prepareQueueThread)),
       _delayedWork(std::make_shared<ThreadedDelayedWork>(prepareDelayedThread)) {
-    queueThread.emplace(
-        static_cast<pid_t>(ask([] { return static_cast<std::int64_t>(thisThread()); })));
+    threadId = static_cast<pid_t>(ask([] { return static_cast<std::int64_t>(thisThread()); }));
+    queueThread.emplace(threadId);
 }
 
 HeadlessPipeline::Ports RealThreads::ports() const {
@@ -77,6 +77,10 @@ void RealThreads::waitUntilIdle() const {
 
 void RealThreads::waitUntilAsleep() const {
     waitUntilIdle();
+    waitUntilSleeping();
+}
+
+void RealThreads::waitUntilSleeping() const {
     while (!queueThread->sleeps()) {
         std::this_thread::yield();
     }

@@ -71,12 +71,18 @@ public:
     // Returns when every submitted task has run and the queue's thread is asleep.
     void waitUntilAsleep() const;
 
+    // Returns when the queue's thread is asleep, without waking it; deferred tasks may be left.
+    void waitUntilSleeping() const;
+
+    pid_t queueThreadId() const { return threadId; }
+
     // Runs `function` on the queue's thread and returns its result.
     std::int64_t ask(std::int64_t (*function)()) const;
 
 private:
     std::shared_ptr<SerialQueue> _queue;
     std::shared_ptr<DelayedWork> _delayedWork;
+    pid_t threadId = 0;
     std::optional<SleepWatch> queueThread;
 };
 

@@ -8,6 +8,8 @@
 
 #include "core/task.h"
 
+#include <utility>
+
 namespace glidemap {
 
 class SerialQueue {
@@ -19,6 +21,10 @@ public:
 
     // Returns before the task has run.
     virtual void submit(Task task) = 0;
+
+    // Like submit(), for a task that matters only to later tasks: a sleeping queue may keep it until
+    // another task is submitted, or until many tasks are kept. The order stays that of submission.
+    virtual void defer(Task task) { submit(std::move(task)); }
 
     // Waits for the running task, if any (unless called from that task), and destroys pending tasks
     // without running them. No task runs after it returns, until the next submit().

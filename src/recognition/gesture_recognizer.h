@@ -25,6 +25,10 @@ public:
 
     virtual void process(const TouchFrame& frame) = 0;
 
+    // Returns whether no frame can be recognised as a gesture before a finger lands or lifts. Then
+    // frames may be processed late. Called on the engine's queue after process().
+    virtual bool waitsForFingers() const { return false; }
+
     // Discards the current touches without deciding a gesture: their end was not seen.
     virtual void forget() = 0;
 

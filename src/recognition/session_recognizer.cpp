@@ -223,20 +223,31 @@ void SessionRecognizer::holdBackTap(GestureType tap) {
 }
 
 void SessionRecognizer::checkLongPress(double time) {
-    if (longPressFired || consumed) {
-        return;
-    }
-    const auto count = static_cast<int>(liveIndex.size());
-    // No finger landed or lifted since the session began.
-    const bool unchanged =
-        maxConcurrent == count && !tracks.isCrowded() && tracks.size() == liveIndex.size();
-    const auto longPress = gestureFor(GestureCategory::longPress, count);
-    if (!longPress || !unchanged || !allLiveTracksRest(time)) {
+    if (!mayBecomeLongPress() || !allLiveTracksRest(time)) {
         return;
     }
     consumed = true;
     longPressFired = true;
-    report(*longPress);
+    report(*gestureFor(GestureCategory::longPress, maxConcurrent));
+}
+
+// No finger landed or lifted since the session began.
+bool SessionRecognizer::mayBecomeLongPress() const {
+    if (longPressFired || consumed) {
+        return false;
+    }
+    const auto count = static_cast<int>(liveIndex.size());
+    return maxConcurrent == count && !tracks.isCrowded() && tracks.size() == liveIndex.size() &&
+           gestureFor(GestureCategory::longPress, count).has_value();
+}
+
+// The long press is the only gesture of fingers that neither land nor lift, and none of them may
+// ever have drifted.
+bool SessionRecognizer::waitsForFingers() const {
+    return !mayBecomeLongPress() ||
+           std::ranges::any_of(liveIndex.all(), [&](const LiveIndex::Entry& finger) {
+               return tracks[finger.track].maxDrift > maxPressDrift;
+           });
 }
 
 bool SessionRecognizer::allLiveTracksRest(double time) const {

@@ -41,6 +41,7 @@ public:
     static std::shared_ptr<SessionRecognizer> create(std::shared_ptr<DelayedWork> delayedWork);
 
     void process(const TouchFrame& frame) override;
+    bool waitsForFingers() const override;
     void forget() override;
 
     // Returns whether an enabled binding, in any scope, exists for the double tap with that many
@@ -71,6 +72,7 @@ private:
     void handleGroupTap(int count, double time);
     void holdBackTap(GestureType tap);
     void checkLongPress(double time);
+    bool mayBecomeLongPress() const;
     bool allLiveTracksRest(double time) const;
     void checkFixAndTap(std::size_t endedIndex);
     const Track* anchorFor(const Track& tap) const;

@@ -1,6 +1,7 @@
 #include "recognition/touch_engine.h"
 
 #include "core/log.h"
+#include "core/task.h"
 
 #include <algorithm>
 #include <cassert>
@@ -75,8 +76,10 @@ void TouchEngine::forgetTouches() {
     for (const auto& recognizer : *recognizers) {
         recognizer->forget();
     }
+    awaitedChange = noChange;
     const std::lock_guard lock(touchCountLock);
     _touchingCount = 0;
+    fingerChanges.forget();
 }
 
 // Stop the queue first: stopping the devices waits for the driver, which may be waiting for room in
@@ -104,21 +107,33 @@ void TouchEngine::handleRawFrame(const std::vector<MTTouch>& records, double tim
         touching += touch.isTouching ? 1 : 0;
         frame.touches.push_back(touch);
     }
+    std::uint64_t change = 0;
     {
         const std::lock_guard lock(touchCountLock);
         _touchingCount = touching;
+        change = fingerChanges.countWith(frame.touches);
     }
-    ports.queue->submit(
-        [weakly = weak_from_this(), receivers = recognizers, frame = std::move(frame)]() mutable {
-            const auto engine = weakly.lock();
-            if (!engine || !engine->started) {
-                return;
-            }
-            for (const auto& recognizer : *receivers) {
-                recognizer->process(frame);
-            }
+    Task task = [weakly = weak_from_this(), change, frame = std::move(frame)]() mutable {
+        const auto engine = weakly.lock();
+        if (engine && engine->started) {
+            engine->process(frame, change);
             engine->frames->giveBack(std::move(frame.touches));
-        });
+        }
+    };
+    if (awaitedChange == change) {
+        ports.queue->defer(std::move(task));
+    } else {
+        ports.queue->submit(std::move(task));
+    }
+}
+
+void TouchEngine::process(const TouchFrame& frame, std::uint64_t change) {
+    bool wait = true;
+    for (const auto& recognizer : *recognizers) {
+        recognizer->process(frame);
+        wait = wait && recognizer->waitsForFingers();
+    }
+    awaitedChange = wait ? change : noChange;
 }
 
 void TouchEngine::deliver(GestureType gesture) {

@@ -6,6 +6,10 @@
 //   contact callback → handleRawFrame ─────▶ process(frame) of each recognizer
 //                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
 //
+// Most gestures are recognised when a finger lands or lifts. While the recognizers only wait for
+// that, frames are deferred: they do not wake the queue, which processes them in order with the
+// next frame that matters.
+//
 // Units:   timestamps in seconds as the driver reports them; the cooldown in seconds of
 //          system uptime.
 // Thread:  start(), lookForDevices() and stop() on the main thread; touchingCount() on any.
@@ -23,11 +27,13 @@
 #include "core/uptime_clock.h"
 #include "input/mt_touch.h"
 #include "input/multitouch_device_manager.h"
+#include "recognition/finger_changes.h"
 #include "recognition/frame_pool.h"
 #include "recognition/gesture_recognizer.h"
 #include "recognition/session_recognizer.h"
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -85,9 +91,12 @@ public:
 private:
     using Recognizers = std::vector<std::shared_ptr<GestureRecognizer>>;
 
+    static constexpr std::uint64_t noChange = ~std::uint64_t{0};
+
     void connect();
     void forgetTouches();
     void handleRawFrame(const std::vector<MTTouch>& records, double timestamp);
+    void process(const TouchFrame& frame, std::uint64_t change);
     void deliver(GestureType gesture);
     bool passesCooldown();
 
@@ -97,6 +106,9 @@ private:
     std::shared_ptr<FramePool> frames = std::make_shared<FramePool>();
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
+    FingerChanges fingerChanges; // guarded by touchCountLock, like the count
+    // The change of fingers after which the recognizers only wait for the next one, or noChange.
+    std::atomic<std::uint64_t> awaitedChange = noChange;
     std::atomic<double> lastFireTime = 0;
     std::atomic<bool> started = false; // makes frames that arrive after stop() no-ops
 };

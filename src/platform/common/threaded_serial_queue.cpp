@@ -17,6 +17,7 @@ namespace {
 // A FIFO whose memory doubles as needed and is kept.
 class TaskRing {
 public:
+    std::size_t size() const { return count; }
     bool isEmpty() const { return count == 0; }
     bool isFull() const { return count == ThreadedSerialQueue::capacity; }
 
@@ -65,10 +66,31 @@ struct ThreadedSerialQueue::State {
     std::uint64_t runner = nobody;
     std::thread thread;
 
+    void push(const std::shared_ptr<State>& self, Task task, std::size_t tasksThatWake);
     void serve(std::uint64_t own);
     bool takeTask(std::uint64_t own, Task& task);
     void leave(std::unique_lock<std::mutex> lock);
 };
+
+// Wakes the thread if at least `tasksThatWake` tasks are queued.
+void ThreadedSerialQueue::State::push(const std::shared_ptr<State>& self, Task task,
+                                      std::size_t tasksThatWake) {
+    std::unique_lock lock(mutex);
+    const std::uint64_t current = generation;
+    room.wait(lock, [&] { return generation != current || !tasks.isFull(); });
+    if (generation != current) {
+        return; // stopped while waiting: drop the task like the queued ones
+    }
+    tasks.push(std::move(task));
+    if (!thread.joinable()) {
+        thread = std::thread([self, current] { self->serve(current); });
+    }
+    const bool mustWake = isWaiting && tasks.size() >= tasksThatWake;
+    lock.unlock();
+    if (mustWake) {
+        work.notify_one();
+    }
+}
 
 void ThreadedSerialQueue::State::serve(std::uint64_t own) {
     if (prepareThread) {
@@ -126,22 +148,11 @@ ThreadedSerialQueue::~ThreadedSerialQueue() {
 }
 
 void ThreadedSerialQueue::submit(Task task) {
-    std::unique_lock lock(state->mutex);
-    const std::uint64_t generation = state->generation;
-    state->room.wait(lock,
-                     [&] { return state->generation != generation || !state->tasks.isFull(); });
-    if (state->generation != generation) {
-        return; // stopped while waiting: drop the task like the queued ones
-    }
-    state->tasks.push(std::move(task));
-    if (!state->thread.joinable()) {
-        state->thread = std::thread([shared = state, generation] { shared->serve(generation); });
-    }
-    const bool mustWake = state->isWaiting;
-    lock.unlock();
-    if (mustWake) {
-        state->work.notify_one();
-    }
+    state->push(state, std::move(task), 1);
+}
+
+void ThreadedSerialQueue::defer(Task task) {
+    state->push(state, std::move(task), maxDeferred);
 }
 
 void ThreadedSerialQueue::stop() {

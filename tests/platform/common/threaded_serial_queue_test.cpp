@@ -92,6 +92,39 @@ struct Blocker {
     }
 };
 
+TEST(ThreadedSerialQueue, DeferredTasksRunBeforeTheNextSubmittedOne) {
+    ThreadedSerialQueue queue;
+    std::vector<int> order;
+    queue.defer([&] { order.push_back(0); });
+    drain(queue);
+    for (int number = 1; number < 10; ++number) {
+        queue.defer([&order, number] { order.push_back(number); });
+    }
+    drain(queue);
+    EXPECT_EQ(order, (std::vector{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
+TEST(ThreadedSerialQueue, ManyDeferredTasksWakeTheThread) {
+    ThreadedSerialQueue queue;
+    drain(queue);
+    std::promise<void> reached;
+    for (std::size_t count = 1; count < ThreadedSerialQueue::maxDeferred; ++count) {
+        queue.defer([] {});
+    }
+    queue.defer([&reached] { reached.set_value(); });
+    reached.get_future().wait();
+}
+
+TEST(ThreadedSerialQueue, StopDropsDeferredTasks) {
+    ThreadedSerialQueue queue;
+    drain(queue);
+    bool hasRun = false;
+    queue.defer([&hasRun] { hasRun = true; });
+    queue.stop();
+    drain(queue);
+    EXPECT_FALSE(hasRun);
+}
+
 TEST(ThreadedSerialQueue, StopWaitsForTheRunningTaskAndDropsTheRest) {
     ThreadedSerialQueue queue;
     Blocker blocker;
