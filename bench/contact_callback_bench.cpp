@@ -4,8 +4,9 @@
 //   awake    the queue's thread runs another task and does not react
 //   busy     the queue's thread continuously runs short tasks, and the two threads contend for the
 //            queue
-//   asleep   the queue's thread must be woken. If both threads share a processor, the time includes
-//            the run of the woken thread; `own_ns` excludes it.
+//   asleep   the queue's thread must be woken, because the fingers change. If both threads share a
+//            processor, the time includes the run of the woken thread; `own_ns` excludes it.
+//   deferred the queue's thread sleeps on, because no gesture can follow from the frame
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/samples.h"
@@ -15,6 +16,8 @@
 
 #include <atomic>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace glidemap::bench {
 
@@ -86,6 +89,7 @@ private:
 class Driver {
 public:
     explicit Driver(int fingers) : script(movingFingers(fingers, scriptLength)) {}
+    explicit Driver(std::vector<Report> reports) : script(std::move(reports)) {}
 
     void push() {
         HeadlessPipeline::push(script[next], timestamp);
@@ -152,10 +156,14 @@ void callbackBusy(benchmark::State& state) {
         state, threads, [] {}, [] {});
 }
 
-void callbackAsleep(benchmark::State& state) {
+// Each report lifts all fingers of the one before.
+std::vector<Report> alternatingHands(int fingers) {
+    return {fingersAt(fingers, 0, 1), fingersAt(fingers, 0, 101)};
+}
+
+void callbackToSleepingQueue(benchmark::State& state, Driver driver) {
     const RealThreads threads;
     const HeadlessPipeline pipeline(threads.ports());
-    Driver driver(static_cast<int>(state.range(0)));
     Samples samples(static_cast<std::size_t>(state.max_iterations));
     Samples own(static_cast<std::size_t>(state.max_iterations));
     std::int64_t allocations = 0;
@@ -175,6 +183,14 @@ void callbackAsleep(benchmark::State& state) {
     reportAllocations(state, allocations);
     reportQuantiles(state, samples);
     state.counters["own_ns"] = own.quantile(0.5);
+}
+
+void callbackAsleep(benchmark::State& state) {
+    callbackToSleepingQueue(state, Driver(alternatingHands(static_cast<int>(state.range(0)))));
+}
+
+void callbackDeferred(benchmark::State& state) {
+    callbackToSleepingQueue(state, Driver(static_cast<int>(state.range(0))));
 }
 
 // The allocations of the engine's thread per frame, in a session that has lasted for a while.
@@ -208,6 +224,10 @@ void registerContactCallbackBenchmarks(int samples) {
             ->UseManualTime()
             ->Iterations(batch * (samples / 4));
         benchmark::RegisterBenchmark("callback/asleep", callbackAsleep)
+            ->Arg(fingers)
+            ->UseManualTime()
+            ->Iterations(samples);
+        benchmark::RegisterBenchmark("callback/deferred", callbackDeferred)
             ->Arg(fingers)
             ->UseManualTime()
             ->Iterations(samples);

@@ -7,7 +7,10 @@
 #include "recognition/swipe.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -30,6 +33,19 @@ constexpr double maxFixedTapDrift = 0.04;
 constexpr double anchorLead = 0.2;
 constexpr double maxAnchorDrift = 0.05;
 constexpr double minFixedTapDistance = 0.05;
+
+// By the number of fingers: every frame asks, and a search of all gestures would be half its cost.
+constexpr auto longPresses = [] {
+    std::array<std::optional<GestureType>, 6> gestures;
+    for (std::size_t count = 0; count < gestures.size(); ++count) {
+        gestures[count] = gestureFor(GestureCategory::longPress, static_cast<int>(count));
+    }
+    return gestures;
+}();
+
+std::optional<GestureType> longPressOf(std::size_t count) {
+    return count < longPresses.size() ? longPresses[count] : std::nullopt;
+}
 
 bool isFinite(const TouchPoint& touch) {
     return std::isfinite(touch.x) && std::isfinite(touch.y);
@@ -228,7 +244,7 @@ void SessionRecognizer::checkLongPress(double time) {
     }
     consumed = true;
     longPressFired = true;
-    report(*gestureFor(GestureCategory::longPress, maxConcurrent));
+    report(*longPressOf(liveIndex.size()));
 }
 
 // No finger landed or lifted since the session began.
@@ -238,7 +254,7 @@ bool SessionRecognizer::mayBecomeLongPress() const {
     }
     const auto count = static_cast<int>(liveIndex.size());
     return maxConcurrent == count && !tracks.isCrowded() && tracks.size() == liveIndex.size() &&
-           gestureFor(GestureCategory::longPress, count).has_value();
+           longPressOf(liveIndex.size()).has_value();
 }
 
 // The long press is the only gesture of fingers that neither land nor lift, and none of them may
