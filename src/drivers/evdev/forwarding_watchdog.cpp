@@ -25,21 +25,24 @@ ForwardingWatchdog::~ForwardingWatchdog() {
     }
 }
 
-bool ForwardingWatchdog::hold(const Held& newlyHeld) {
+bool ForwardingWatchdog::hold(const Held& newlyHeld, const std::function<bool()>& grab) {
     const std::lock_guard lock(mutex);
     if (paused) {
         return false;
     }
     try {
-        held.push_back(newlyHeld);
-        lastProgress = time.now(); // restarts the time-out
+        held.reserve(held.size() + 1);
         if (!thread.joinable()) {
             thread = threadWithoutSignals([this] { run(); });
         }
     } catch (const std::exception&) {
-        std::erase_if(held, [&](const Held& each) { return each.pad == newlyHeld.pad; });
         return false;
     }
+    if (!grab()) {
+        return false;
+    }
+    held.push_back(newlyHeld);
+    lastProgress = time.now(); // restarts the time-out
     changed.notify_all();
     return true;
 }
@@ -93,6 +96,11 @@ void ForwardingWatchdog::goOn() {
         paused = false;
     }
     onStall();
+}
+
+bool ForwardingWatchdog::isPaused() const {
+    const std::lock_guard lock(mutex);
+    return paused;
 }
 
 std::optional<driver::Device> ForwardingWatchdog::takeStall() {

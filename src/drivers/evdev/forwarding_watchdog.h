@@ -47,8 +47,10 @@ public:
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;
     ~ForwardingWatchdog();
 
-    // The pad and its clone must live until release().
-    bool hold(const Held& newlyHeld);
+    // Calls `grab`, which returns whether it has grabbed the pad, and holds it. pause() waits
+    // meanwhile, so the process never stops with a pad that is grabbed but not held. Returns false,
+    // without the call, while paused. The pad and its clone must live until release().
+    bool hold(const Held& newlyHeld, const std::function<bool()>& grab);
     // The watchdog does not touch the pad once this has returned.
     void release(const OpenPad& pad);
     // Returns false if the watchdog gave the pad back.
@@ -65,6 +67,7 @@ public:
     // until goOn(). Called on any thread.
     void pause();
     void goOn();
+    bool isPaused() const;
 
     // Returns the device whose forwarding has stalled since the last call, if any. Returns nullopt
     // while paused.

@@ -122,7 +122,7 @@ void PadInterception::settle() {
     if (ended || !pad.hasButtons()) {
         return;
     }
-    const bool wanted = clicks.isWanted();
+    const bool wanted = clicks.isWanted() && !clicks.watchdog().isPaused();
     if (wanted) {
         prepareClone();
     }
@@ -209,17 +209,20 @@ void PadInterception::dropClone() {
 }
 
 bool PadInterception::grab() {
-    grabbedAt = pad.grab();
-    if (!isForwarding()) {
-        reason = "another program has grabbed the touchpad";
-        logLine("touchpads", "not grabbed, ", reason, ": ", pad.description().name);
-    } else if (!clicks.watchdog().hold({device, &pad, &writer->clone()})) {
-        letPadGo();
-    } else {
+    bool isRefused = false;
+    const bool isHeld = clicks.watchdog().hold({device, &pad, &writer->clone()}, [&] {
+        grabbedAt = pad.grab();
+        isRefused = !isForwarding();
+        return isForwarding();
+    });
+    if (isHeld) {
         reason = nullptr;
         logLine("touchpads", "grabbed ", pad.description().name);
+    } else if (isRefused) {
+        reason = "another program has grabbed the touchpad";
+        logLine("touchpads", "not grabbed, ", reason, ": ", pad.description().name);
     }
-    return isForwarding();
+    return isHeld;
 }
 
 void PadInterception::letPadGo() {

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <future>
+#include <thread>
 
 namespace glidemap::test {
 namespace {
@@ -14,13 +16,12 @@ using Texts = std::vector<std::string>;
 
 class ForwardingWatchdogTest : public testing::Test {
 protected:
-    // A grabbed touchpad with a clone.
+    // A touchpad with a clone.
     struct Forwarded {
         std::shared_ptr<FakeStream> stream = std::make_shared<FakeStream>();
         FakeOpenPad pad{stream};
         std::unique_ptr<PadClone> clone = pad.makeClone();
 
-        Forwarded() { pad.grab(); }
         const FakeSystem& system() const { return *stream->system(); }
     };
 
@@ -28,8 +29,12 @@ protected:
         return {&forwarded, &forwarded.pad, forwarded.clone.get()};
     }
 
+    bool grab(Forwarded& forwarded) {
+        return watchdog.hold(held(forwarded), [&] { return forwarded.pad.grab().has_value(); });
+    }
+
     void hold(Forwarded& forwarded) {
-        EXPECT_TRUE(watchdog.hold(held(forwarded)));
+        EXPECT_TRUE(grab(forwarded));
         EXPECT_TRUE(time.waitUntilWaitingFor(std::nullopt));
     }
 
@@ -126,10 +131,49 @@ TEST_F(ForwardingWatchdogTest, LeavesAReleasedTouchpadAlone) {
 
 TEST_F(ForwardingWatchdogTest, WatchesATouchpadThatIsGrabbedDuringWork) {
     watchdog.work();
-    EXPECT_TRUE(watchdog.hold(held(one)));
+    EXPECT_TRUE(grab(one));
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
     time.advance(1s);
     EXPECT_EQ(one.system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
+}
+
+TEST_F(ForwardingWatchdogTest, GrabsNothingWhilePaused) {
+    hold(one);
+    watchdog.pause();
+    EXPECT_TRUE(watchdog.isPaused());
+    EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
+    EXPECT_FALSE(grab(two));
+    EXPECT_EQ(two.system().journal(), Texts{"clone"});
+    watchdog.goOn();
+    EXPECT_FALSE(watchdog.isPaused());
+    EXPECT_TRUE(grab(two));
+}
+
+// The process stops once pause() returns, and would keep a grab.
+TEST_F(ForwardingWatchdogTest, PauseDuringAGrabReturnsWithoutAGrabbedTouchpad) {
+    std::thread pausing;
+    bool isGrabbed = true;
+    EXPECT_TRUE(watchdog.hold(held(one), [&] {
+        EXPECT_TRUE(one.pad.grab().has_value());
+        std::promise<void> begins;
+        pausing = std::thread([&] {
+            begins.set_value();
+            watchdog.pause();
+            isGrabbed = one.system().isGrabbed();
+        });
+        begins.get_future().wait();
+        return true;
+    }));
+    pausing.join();
+    EXPECT_FALSE(isGrabbed);
+    EXPECT_FALSE(watchdog.holds(one.pad));
+}
+
+TEST_F(ForwardingWatchdogTest, ForgetsATouchpadThatCannotBeGrabbed) {
+    EXPECT_FALSE(watchdog.hold(held(one), [] { return false; }));
+    EXPECT_FALSE(watchdog.holds(one.pad));
+    watchdog.pause();
+    EXPECT_EQ(one.system().journal(), Texts{"clone"});
 }
 
 } // namespace

@@ -500,6 +500,22 @@ TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwardedAfterANewGra
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab", "3:57=5"}));
 }
 
+// A stopped process could neither grab the touchpad nor remove the clone.
+TEST_F(PadInterceptionTest, MakesNoCloneWhileTheProcessIsAboutToStop) {
+    switchOn();
+    clicks.watchdog().pause();
+    letPass(CloneIntroduction::graceOfReader);
+    say({{fingerDown}, {fingerUp}});
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
+    EXPECT_EQ(asked, Texts());
+
+    clicks.watchdog().goOn();
+    EXPECT_TRUE(clicks.noticeStall());
+    EXPECT_EQ(asked, (Texts{std::to_string(driver::clickFilterDisabledByTimeout) + ",0"}));
+    switchOn();
+    EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy", "clone", "grab"}));
+}
+
 TEST_F(PadInterceptionTest, StallInTheFilterEndsForwardingUntilSwitchedOnAgain) {
     switchOn();
     bool switchesOn = false;
