@@ -1,22 +1,17 @@
 #include "platform/linux/shell/compositing.h"
 
+#include "platform/linux/desktop/environment.h"
 #include "platform/linux/desktop/x11.h"
 
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <utility>
 
 namespace glidemap {
 
 namespace {
-
-bool isSet(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-}
 
 // The compositing manager owns the selection named _NET_WM_CM_Sn.
 bool hasCompositor(xcb_connection_t* server, int screen) {
@@ -28,7 +23,7 @@ bool hasCompositor(xcb_connection_t* server, int screen) {
 
 bool desktopComposites() {
     // Under Wayland this must not connect: some compositors start Xwayland at the first connection.
-    if (isSet("WAYLAND_DISPLAY") || !isSet("DISPLAY")) {
+    if (!fromEnvironment("WAYLAND_DISPLAY").empty() || fromEnvironment("DISPLAY").empty()) {
         return true;
     }
     int screen = 0;

@@ -2,6 +2,7 @@
 
 #include "platform/linux/desktop/desktop_bus.h"
 #include "platform/linux/desktop/glib_owner.h"
+#include "platform/linux/desktop/user_folders.h"
 
 #include <gio/gio.h>
 
@@ -74,12 +75,7 @@ std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
 }
 
 std::filesystem::path installedFolder() {
-    // Reads the variable each time, unlike GLib, which caches it.
-    const char* const data = std::getenv("XDG_DATA_HOME");
-    const std::filesystem::path base =
-        data != nullptr && *data == '/' ? std::filesystem::path(data)
-                                        : std::filesystem::path(g_get_home_dir()) / ".local/share";
-    return base / "gnome-shell/extensions" / GnomeExtension::uuid;
+    return userDataFolder() / "gnome-shell/extensions" / GnomeExtension::uuid;
 }
 
 // The settings of the shell; null if their schema is not installed.
