@@ -1,6 +1,7 @@
 #include "platform/linux/desktop/bus_request.h"
 
 #include "core/log.h"
+#include "platform/linux/desktop/glib_owner.h"
 
 #include <gio/gio.h>
 
@@ -14,23 +15,9 @@ namespace glidemap {
 
 namespace {
 
-template <auto release>
-struct Release {
-    template <typename Held>
-    void operator()(Held* held) const {
-        release(held);
-    }
-};
-using Connection = std::unique_ptr<GDBusConnection, Release<g_object_unref>>;
-using Cancellable = std::unique_ptr<GCancellable, Release<g_object_unref>>;
-
-struct SourceEnd {
-    void operator()(GSource* source) const {
-        g_source_destroy(source);
-        g_source_unref(source);
-    }
-};
-using Source = std::unique_ptr<GSource, SourceEnd>;
+using Connection = GlibOwner<GDBusConnection>;
+using Cancellable = GlibOwner<GCancellable>;
+using Source = GlibOwner<GSource>;
 
 using Function = std::function<void()>;
 

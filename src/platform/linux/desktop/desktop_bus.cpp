@@ -1,13 +1,12 @@
 #include "platform/linux/desktop/desktop_bus.h"
 
 #include "platform/linux/desktop/bus_probe.h"
+#include "platform/linux/desktop/environment.h"
 
 #include <gio/gio.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
-#include <sstream>
 #include <utility>
 
 namespace glidemap {
@@ -159,15 +158,8 @@ std::string DesktopBus::uniqueName() const {
 }
 
 bool isCurrentDesktop(const std::string& desktop) {
-    const char* const names = std::getenv("XDG_CURRENT_DESKTOP");
-    std::istringstream all(names == nullptr ? "" : names);
-    std::string name;
-    while (std::getline(all, name, ':')) {
-        if (name == desktop) {
-            return true;
-        }
-    }
-    return false;
+    const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
+    return std::find(names.begin(), names.end(), desktop) != names.end();
 }
 
 } // namespace glidemap

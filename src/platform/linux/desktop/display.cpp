@@ -1,6 +1,7 @@
 #include "platform/linux/desktop/display.h"
 
 #include "platform/linux/desktop/environment.h"
+#include "platform/linux/desktop/x11.h"
 
 #include <wayland-client-core.h>
 #include <xcb/xcb.h>
@@ -26,10 +27,8 @@ bool letsInByX11() {
     if (name.empty()) {
         return false;
     }
-    xcb_connection_t* const connection = xcb_connect(name.c_str(), nullptr);
-    const bool isIn = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isIn;
+    const OwnedX11Connection connection(xcb_connect(name.c_str(), nullptr));
+    return xcb_connection_has_error(connection.get()) == 0;
 }
 
 } // namespace

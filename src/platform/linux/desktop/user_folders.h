@@ -1,7 +1,7 @@
 // Finds the user's folders by the XDG base directory rules. A variable that is not an absolute path
-// is ignored.
+// is ignored. Unlike GLib, these functions read the variable each time.
 //
-// Thread:  the main thread; reads the environment, not the disk.
+// Thread:  any, while no thread changes the environment; reads it, not the disk.
 // Errors:  none; without a home folder the paths start at the root.
 #pragma once
 

@@ -1,9 +1,10 @@
 #include "platform/linux/diagnosis/bus_survey.h"
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <gio/gio.h>
 
 #include <future>
-#include <memory>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -12,12 +13,8 @@ namespace glidemap {
 
 namespace {
 
-struct Unreference {
-    void operator()(GDBusConnection* connection) const { g_object_unref(connection); }
-    void operator()(GVariant* variant) const { g_variant_unref(variant); }
-};
-using Connection = std::unique_ptr<GDBusConnection, Unreference>;
-using Variant = std::unique_ptr<GVariant, Unreference>;
+using Connection = GlibOwner<GDBusConnection>;
+using Variant = GlibOwner<GVariant>;
 
 Connection connect(const std::string& address) {
     constexpr auto flags =

@@ -1,27 +1,20 @@
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 
+#include "platform/linux/desktop/environment.h"
 #include "platform/linux/keyboard/lifted_typing.h"
 #include "platform/linux/keyboard/x11_server.h"
 
-#include <cstdlib>
-#include <string_view>
 #include <utility>
 
 namespace glidemap {
 
 namespace {
 
-bool isSet(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-}
-
 // False under Wayland: Xwayland sees only keys that are typed into X11 windows.
 bool isX11Session() {
-    const char* type = std::getenv("XDG_SESSION_TYPE");
-    const bool isWayland =
-        isSet("WAYLAND_DISPLAY") || (type != nullptr && std::string_view(type) == "wayland");
-    return isSet("DISPLAY") && !isWayland;
+    const bool isWayland = !fromEnvironment("WAYLAND_DISPLAY").empty() ||
+                           fromEnvironment("XDG_SESSION_TYPE") == "wayland";
+    return !fromEnvironment("DISPLAY").empty() && !isWayland;
 }
 
 } // namespace

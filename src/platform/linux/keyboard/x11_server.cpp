@@ -1,5 +1,6 @@
 #include "platform/linux/keyboard/x11_server.h"
 
+#include "platform/linux/desktop/x11.h"
 #include "platform/linux/keyboard/uinput_key_device.h"
 
 #include <linux/input-event-codes.h>
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <string_view>
 #include <utility>
 
@@ -21,21 +21,14 @@ constexpr int keyCodeOffset = 8;
 constexpr int maxKeyCode = 255;
 constexpr int keysPerByte = 8;
 
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-template <typename Reply>
-using Answer = std::unique_ptr<Reply, Free>;
-
 // Sends a request and waits; `answer` is the xcb function that fetches its reply.
 template <typename Reply, typename Cookie>
-Answer<Reply> wait(xcb_connection_t* connection,
-                   Reply* (*answer)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
-                   Cookie request) {
+X11Reply<Reply> wait(xcb_connection_t* connection,
+                     Reply* (*answer)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
+                     Cookie request) {
     xcb_generic_error_t* error = nullptr;
-    Answer<Reply> reply(answer(connection, request, &error));
-    std::free(error);
+    X11Reply<Reply> reply(answer(connection, request, &error));
+    const X11Reply<xcb_generic_error_t> unused(error);
     return reply;
 }
 
@@ -208,7 +201,7 @@ void X11Server::listenToReleases(bool listen) {
 
 bool X11Server::heardSomething() {
     bool heard = false;
-    while (const Answer<xcb_generic_event_t> event{xcb_poll_for_event(state->connection)}) {
+    while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(state->connection)}) {
         heard = true;
     }
     return heard;

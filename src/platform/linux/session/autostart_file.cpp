@@ -62,10 +62,6 @@ bool contains(const std::optional<std::vector<std::string>>& list, const std::st
 
 } // namespace
 
-void AutostartFile::Free::operator()(GKeyFile* held) const {
-    g_key_file_unref(held);
-}
-
 AutostartFile::AutostartFile() : keys(g_key_file_new()) {}
 
 AutostartFile AutostartFile::read(const std::filesystem::path& file) {

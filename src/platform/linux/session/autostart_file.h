@@ -7,12 +7,11 @@
 // Errors:  none; a file that cannot be read, or is not a desktop entry, starts nothing.
 #pragma once
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
-
-using GKeyFile = struct _GKeyFile;
 
 namespace glidemap {
 
@@ -46,10 +45,6 @@ public:
     std::string text() const;
 
 private:
-    struct Free {
-        void operator()(GKeyFile* keys) const;
-    };
-
     AutostartFile();
     bool isForProgram() const;
     bool isShownIn(const AutostartSession& session) const;
@@ -57,7 +52,7 @@ private:
     std::filesystem::path programIn(const AutostartSession& session) const;
     void describe();
 
-    std::unique_ptr<GKeyFile, Free> keys;
+    GlibOwner<GKeyFile> keys;
 };
 
 } // namespace glidemap

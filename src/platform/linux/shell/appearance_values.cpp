@@ -1,8 +1,8 @@
 #include "platform/linux/shell/appearance_values.h"
 
-#include <glib.h>
+#include "platform/linux/desktop/glib_owner.h"
 
-#include <memory>
+#include <glib.h>
 
 namespace glidemap {
 
@@ -12,10 +12,7 @@ constexpr const char* common = "org.freedesktop.appearance";
 constexpr const char* gnome = "org.gnome.desktop.interface";
 constexpr const char* kde = "org.kde.kdeglobals.KDE";
 
-struct Unref {
-    void operator()(GVariant* value) const { g_variant_unref(value); }
-};
-using Value = std::unique_ptr<GVariant, Unref>;
+using Value = GlibOwner<GVariant>;
 
 // Some portals wrap a value in more than one variant.
 Value unwrapped(GVariant* value) {

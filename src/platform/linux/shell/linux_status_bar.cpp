@@ -1,5 +1,6 @@
 #include "platform/linux/shell/linux_status_bar.h"
 
+#include "platform/linux/desktop/x11.h"
 #include "platform/linux/shell/x11_connection.h"
 
 #include <xcb/xcb.h>
@@ -15,7 +16,6 @@
 #include <QGuiApplication>
 #include <QObject>
 #include <QTimer>
-#include <cstdlib>
 #include <functional>
 #include <limits>
 #include <string>
@@ -32,18 +32,6 @@ constexpr const char* watcherPath = "/StatusNotifierWatcher";
 // In milliseconds. A watcher that replies later is still detected then.
 constexpr int patience = 1000;
 constexpr int noTimeout = std::numeric_limits<int>::max();
-
-struct Free {
-    void operator()(void* reply) const { std::free(reply); }
-};
-
-xcb_atom_t atom(xcb_connection_t* connection, const std::string& name) {
-    const auto cookie =
-        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.c_str());
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
-        xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-}
 
 } // namespace
 
@@ -124,17 +112,13 @@ private:
 class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
 public:
     X11Tray(xcb_connection_t* toServer, std::function<void()> reported)
-        : connection(toServer), appeared(std::move(reported)), manager(atom(connection, "MANAGER")),
-          selection(atom(connection, "_NET_SYSTEM_TRAY_S0")) {
+        : connection(toServer), appeared(std::move(reported)),
+          manager(x11Atom(connection, "MANAGER")),
+          selection(x11Atom(connection, "_NET_SYSTEM_TRAY_S0")) {
         QCoreApplication::instance()->installNativeEventFilter(this);
     }
 
-    bool isThere() const {
-        const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> reply(
-            xcb_get_selection_owner_reply(connection,
-                                          xcb_get_selection_owner(connection, selection), nullptr));
-        return reply != nullptr && reply->owner != XCB_WINDOW_NONE;
-    }
+    bool isThere() const { return x11SelectionHasOwner(connection, selection); }
 
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) override {
         if (type == "xcb_generic_event_t") {

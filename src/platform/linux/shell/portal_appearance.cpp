@@ -3,6 +3,7 @@
 #include "platform/linux/desktop/bus_address.h"
 #include "platform/linux/desktop/desktop_bus.h"
 #include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/desktop/glib_owner.h"
 #include "platform/linux/shell/appearance_values.h"
 #include "platform/linux/shell/compositing.h"
 
@@ -19,10 +20,6 @@ namespace {
 
 const BusObject portal{"org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                        "org.freedesktop.portal.Settings"};
-
-struct Unref {
-    void operator()(GCancellable* cancellable) const { g_object_unref(cancellable); }
-};
 
 // `settings` maps the keys of one group to their values.
 void takeGroup(AppearanceValues& values, const char* group, GVariant* settings) {
@@ -98,7 +95,7 @@ private:
 
     const Notify notify;
     std::promise<void> gone;
-    std::unique_ptr<GCancellable, Unref> opening{g_cancellable_new()};
+    GlibOwner<GCancellable> opening{g_cancellable_new()};
     bool ended = false;
     std::unique_ptr<DesktopBus> bus;
     AppearanceValues values;

@@ -1,29 +1,16 @@
 #include "platform/linux/shell/x11_activation.h"
 
 #include "platform/linux/desktop/launch_messages.h"
+#include "platform/linux/desktop/x11.h"
 
 #include <xcb/xcb.h>
 
 #include <charconv>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 
 namespace glidemap {
 
 namespace {
-
-struct Free {
-    void operator()(void* reply) const { std::free(reply); }
-};
-
-xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
-    const auto cookie =
-        xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
-        xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-}
 
 xcb_window_t rootWindow(xcb_connection_t* connection) {
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
@@ -48,7 +35,7 @@ void sendToRoot(xcb_connection_t* connection, const xcb_client_message_event_t& 
 // applications.
 void askWindowManager(xcb_connection_t* connection, xcb_window_t window, std::uint32_t time) {
     constexpr std::uint32_t byTheUser = 2;
-    auto event = message(window, atom(connection, "_NET_ACTIVE_WINDOW"), 32);
+    auto event = message(window, x11Atom(connection, "_NET_ACTIVE_WINDOW"), 32);
     event.data.data32[0] = byTheUser;
     event.data.data32[1] = time;
     sendToRoot(connection, event,
@@ -56,12 +43,12 @@ void askWindowManager(xcb_connection_t* connection, xcb_window_t window, std::ui
 }
 
 void notifyLauncher(xcb_connection_t* connection, xcb_window_t window, std::string_view startupID) {
-    xcb_atom_t type = atom(connection, "_NET_STARTUP_INFO_BEGIN");
+    xcb_atom_t type = x11Atom(connection, "_NET_STARTUP_INFO_BEGIN");
     for (const std::string& piece : endOfLaunch(startupID)) {
         auto event = message(window, type, 8);
         std::memcpy(event.data.data8, piece.data(), piece.size());
         sendToRoot(connection, event, XCB_EVENT_MASK_PROPERTY_CHANGE);
-        type = atom(connection, "_NET_STARTUP_INFO");
+        type = x11Atom(connection, "_NET_STARTUP_INFO");
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/windows/desktop_backends.h"
 
 #include "core/log.h"
+#include "platform/linux/desktop/environment.h"
 #include "platform/linux/windows/gnome/gnome_window_backend.h"
 #include "platform/linux/windows/kwin/kwin_window_backend.h"
 #include "platform/linux/windows/wlr/wlr_window_backend.h"
@@ -8,17 +9,11 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 #include <memory>
 
 namespace glidemap {
 
 namespace {
-
-std::string_view environment(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 const char* nameOf(DesktopKind kind) {
     constexpr std::array names = {"GNOME Shell", "KWin", "wlroots", "X11"};
@@ -53,7 +48,7 @@ std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::str
 std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread) {
     std::vector<WindowBackendFactory> factories;
     for (const DesktopKind kind :
-         desktopsToTry(environment("WAYLAND_DISPLAY"), environment("DISPLAY")))
+         desktopsToTry(fromEnvironment("WAYLAND_DISPLAY"), fromEnvironment("DISPLAY")))
         factories.emplace_back([kind, &thread] {
             logLine("windows", "tries ", nameOf(kind));
             return makeBackend(kind, thread);

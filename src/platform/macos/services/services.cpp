@@ -22,7 +22,10 @@
 #include "platform/qt/qt_window_geometry.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <functional>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -53,21 +56,33 @@ auto madeBeforeTheLoop(const Make& make) {
     return made;
 }
 
-struct AppleEvents {
+// The events that the system sends to the program as a whole.
+class AppleEvents {
+public:
+    AppleEvents(std::shared_ptr<ApplicationShell> shell, std::function<void()> reopened)
+        : shell(std::move(shell)), reopened(std::move(reopened)) {}
+
+    void handle() {
+        reopen.emplace(AppleEvent::Kind::reopen, reopened);
+        // Qt would first refuse and quit later, which cancels a logout.
+        quit.emplace(AppleEvent::Kind::quit, [held = shell] { held->terminate(); });
+    }
+
+private:
+    const std::shared_ptr<ApplicationShell> shell;
+    const std::function<void()> reopened;
     std::optional<AppleEvent> reopen;
     std::optional<AppleEvent> quit;
 };
 
 // Installs the handlers later, because the application object installs its own while it launches.
-std::shared_ptr<AppleEvents> handleAppleEvents(MainQueue& mainQueue,
-                                               const std::shared_ptr<ApplicationShell>& shell,
-                                               const std::function<void()>& reopened) {
-    const auto events = std::make_shared<AppleEvents>();
-    mainQueue.submit([weak = std::weak_ptr(events), shell, reopened] {
+std::shared_ptr<AppleEvents> handledEvents(MainQueue& mainQueue,
+                                           std::shared_ptr<ApplicationShell> shell,
+                                           std::function<void()> reopened) {
+    auto events = std::make_shared<AppleEvents>(std::move(shell), std::move(reopened));
+    mainQueue.submit([weak = std::weak_ptr(events)] {
         if (const auto held = weak.lock()) {
-            held->reopen.emplace(AppleEvent::Kind::reopen, reopened);
-            // Qt would first refuse and quit later, which cancels a logout.
-            held->quit.emplace(AppleEvent::Kind::quit, [shell] { shell->terminate(); });
+            held->handle();
         }
     });
     return events;
@@ -127,7 +142,7 @@ Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
         makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread, withinAutoreleasePool);
         const auto shell = std::make_shared<MacosApplicationShell>();
         return Services{
-            .foundation = handleAppleEvents(*mainQueue, shell, events.reopened),
+            .foundation = handledEvents(*mainQueue, shell, std::move(events.reopened)),
             .version = bundleShortVersion(),
             .appearance = std::make_shared<MacosAppearance>(),
             .shell = shell,

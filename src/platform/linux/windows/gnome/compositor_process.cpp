@@ -1,29 +1,20 @@
 #include "platform/linux/windows/gnome/compositor_process.h"
 
 #include "core/open_file.h"
+#include "platform/linux/desktop/environment.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 namespace glidemap {
 
-namespace {
-
-std::string environment(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
-} // namespace
-
 std::optional<pid_t> compositorProcess() {
-    const std::string display = environment("WAYLAND_DISPLAY");
+    const std::string display = fromEnvironment("WAYLAND_DISPLAY");
     const std::string file =
-        (std::filesystem::path(environment("XDG_RUNTIME_DIR")) / display).native();
+        (std::filesystem::path(fromEnvironment("XDG_RUNTIME_DIR")) / display).native();
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
     if (display.empty() || file.size() >= sizeof address.sun_path) {

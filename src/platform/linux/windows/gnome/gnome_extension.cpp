@@ -1,6 +1,8 @@
 #include "platform/linux/windows/gnome/gnome_extension.h"
 
 #include "platform/linux/desktop/desktop_bus.h"
+#include "platform/linux/desktop/glib_owner.h"
+#include "platform/linux/desktop/user_folders.h"
 
 #include <gio/gio.h>
 
@@ -27,14 +29,10 @@ constexpr int shellSaysEnabled = 1;
 constexpr int shellSaysError = 3;
 constexpr int shellSaysOutOfDate = 4;
 
-using Value = std::unique_ptr<GVariant, decltype(&g_variant_unref)>;
-
-Value owned(GVariant* value) {
-    return Value(value, g_variant_unref);
-}
+using Value = GlibOwner<GVariant>;
 
 struct Answer {
-    Value values{nullptr, g_variant_unref}; // null on error
+    Value values; // null on error
     std::string error;
     bool shellIsStarting = false; // the shell owns its name before its objects exist
 };
@@ -44,7 +42,7 @@ Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVa
            const char* type) {
     GError* failure = nullptr;
     Answer answer;
-    answer.values = owned(g_dbus_connection_call_sync(
+    answer.values.reset(g_dbus_connection_call_sync(
         bus.connection(), shellName, shellPath, interface, method, arguments, G_VARIANT_TYPE(type),
         G_DBUS_CALL_FLAGS_NO_AUTO_START, shellTimeout, nullptr, &failure));
     if (failure != nullptr) {
@@ -68,7 +66,7 @@ std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
     }
     GVariant* inner = nullptr;
     g_variant_get(answer.values.get(), "(v)", &inner);
-    const Value version = owned(inner);
+    const Value version(inner);
     if (!g_variant_is_of_type(inner, G_VARIANT_TYPE_STRING)) {
         error = "GNOME Shell does not tell its version";
         return std::nullopt;
@@ -77,26 +75,21 @@ std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
 }
 
 std::filesystem::path installedFolder() {
-    // Reads the variable each time, unlike GLib, which caches it.
-    const char* const data = std::getenv("XDG_DATA_HOME");
-    const std::filesystem::path base =
-        data != nullptr && *data == '/' ? std::filesystem::path(data)
-                                        : std::filesystem::path(g_get_home_dir()) / ".local/share";
-    return base / "gnome-shell/extensions" / GnomeExtension::uuid;
+    return userDataFolder() / "gnome-shell/extensions" / GnomeExtension::uuid;
 }
 
 // The settings of the shell; null if their schema is not installed.
-using Settings = std::unique_ptr<GSettings, decltype(&g_object_unref)>;
+using Settings = GlibOwner<GSettings>;
 
 Settings shellSettings() {
     GSettingsSchemaSource* const source = g_settings_schema_source_get_default();
     GSettingsSchema* const schema =
         source == nullptr ? nullptr : g_settings_schema_source_lookup(source, settingsName, TRUE);
     if (schema == nullptr) {
-        return Settings(nullptr, g_object_unref);
+        return nullptr;
     }
     g_settings_schema_unref(schema);
-    return Settings(g_settings_new(settingsName), g_object_unref);
+    return Settings(g_settings_new(settingsName));
 }
 
 std::vector<std::string> listIn(GSettings* settings, const char* key) {
@@ -213,7 +206,7 @@ GnomeExtension::Status GnomeExtension::status() const {
         return answer.shellIsStarting ? Status{State::noShell, ""}
                                       : Status{State::failed, answer.error};
     }
-    const Value words = owned(g_variant_get_child_value(answer.values.get(), 0));
+    const Value words(g_variant_get_child_value(answer.values.get(), 0));
     const Status known = statusFrom(words.get());
     std::error_code ignored;
     if (known.state == State::missing && isEnabledAtNextLogin() &&

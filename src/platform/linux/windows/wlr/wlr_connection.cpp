@@ -1,6 +1,7 @@
 #include "platform/linux/windows/wlr/wlr_connection.h"
 
 #include "core/open_file.h"
+#include "platform/linux/desktop/environment.h"
 
 #include <poll.h>
 #include <wayland-client-core.h>
@@ -9,7 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
-#include <cstdlib>
+#include <string>
 
 namespace glidemap {
 
@@ -33,11 +34,11 @@ constexpr wl_callback_listener answerListener = {noteAnswer};
 std::unique_ptr<WlrConnection> WlrConnection::open() {
     // Requires the variable: without it the library tries wayland-0, which may belong to another
     // session.
-    const char* const name = std::getenv("WAYLAND_DISPLAY");
-    if (name == nullptr || *name == '\0') {
+    const std::string name = fromEnvironment("WAYLAND_DISPLAY");
+    if (name.empty()) {
         return nullptr;
     }
-    wl_display* const opened = wl_display_connect(name);
+    wl_display* const opened = wl_display_connect(name.c_str());
     return opened == nullptr ? nullptr : std::make_unique<WlrConnection>(opened);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/windows/x11/x11_backend.h"
 
 #include "platform/linux/desktop/launch_messages.h"
+#include "platform/linux/desktop/x11.h"
 #include "platform/linux/windows/x11/x11_requests.h"
 #include "platform/linux/windows/x11/x11_window_reader.h"
 
@@ -58,8 +59,7 @@ xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
 
 class X11Backend::Session : public std::enable_shared_from_this<Session> {
 public:
-    Session(DesktopThread& desktop, WindowListener& to, X11Requests::Connection connection,
-            int screen);
+    Session(DesktopThread& desktop, WindowListener& to, OwnedX11Connection connection, int screen);
 
     void begin();
 
@@ -129,13 +129,13 @@ private:
 };
 
 X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
-                             X11Requests::Connection connection, int screen)
+                             OwnedX11Connection connection, int screen)
     : thread(desktop), listener(to), requests(std::move(connection)), reader(requests),
       root(screenOf(requests.raw(), screen)->root) {
-    const auto atoms = internAtoms(
-        requests.raw(),
-        {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
-         "_NET_CURRENT_DESKTOP", "_NET_STARTUP_INFO_BEGIN", "_NET_STARTUP_INFO"});
+    const auto atoms = x11Atoms(requests.raw(), {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST",
+                                                 "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
+                                                 "_NET_CURRENT_DESKTOP", "_NET_STARTUP_INFO_BEGIN",
+                                                 "_NET_STARTUP_INFO"});
     launchBeginsAtom = atoms[5];
     launchGoesOnAtom = atoms[6];
     activeAtom = atoms[0];
@@ -175,7 +175,7 @@ void X11Backend::Session::serve() {
 
 // xcb_poll_for_event() reads from the socket, including replies.
 bool X11Backend::Session::serveOnce() {
-    const std::unique_ptr<xcb_generic_event_t, X11Freed> event(xcb_poll_for_event(requests.raw()));
+    const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(requests.raw()));
     if (event != nullptr)
         handle(*event);
     const bool answered = requests.takeAnswer();
@@ -444,8 +444,8 @@ X11Backend::~X11Backend() = default;
 
 bool X11Backend::start(WindowListener& listener) {
     int screen = 0;
-    X11Requests::Connection connection(
-        xcb_connect(displayName.empty() ? nullptr : displayName.c_str(), &screen), xcb_disconnect);
+    OwnedX11Connection connection(
+        xcb_connect(displayName.empty() ? nullptr : displayName.c_str(), &screen));
     if (xcb_connection_has_error(connection.get()) != 0)
         return false;
     session = std::make_shared<Session>(thread, listener, std::move(connection), screen);

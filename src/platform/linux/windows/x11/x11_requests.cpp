@@ -3,14 +3,11 @@
 #include <xcb/res.h>
 #include <xcb/xcbext.h>
 
-#include <cstdlib>
 #include <utility>
 
 namespace glidemap {
 
 namespace {
-
-using Answer = std::unique_ptr<void, X11Freed>;
 
 X11Property propertyIn(void* answer, const xcb_generic_error_t* error) {
     X11Property property;
@@ -48,7 +45,7 @@ bool reportsProcesses(xcb_connection_t* connection) {
     const auto* const extension = xcb_get_extension_data(connection, &xcb_res_id);
     if (extension == nullptr || extension->present == 0)
         return false;
-    const std::unique_ptr<xcb_res_query_version_reply_t, X11Freed> version(
+    const X11Reply<xcb_res_query_version_reply_t> version(
         xcb_res_query_version_reply(connection, xcb_res_query_version(connection, 1, 2), nullptr));
     return version != nullptr && (version->server_major > 1 ||
                                   (version->server_major == 1 && version->server_minor >= 2));
@@ -56,11 +53,7 @@ bool reportsProcesses(xcb_connection_t* connection) {
 
 } // namespace
 
-void X11Freed::operator()(void* answer) const {
-    std::free(answer);
-}
-
-X11Requests::X11Requests(Connection established)
+X11Requests::X11Requests(OwnedX11Connection established)
     : connection(std::move(established)), knowsProcesses(reportsProcesses(connection.get())) {}
 
 void X11Requests::property(xcb_window_t window, xcb_atom_t name, std::uint32_t items,
@@ -101,8 +94,8 @@ bool X11Requests::takeAnswer() {
     xcb_generic_error_t* error = nullptr;
     if (xcb_poll_for_reply(connection.get(), pending.front().sequence, &reply, &error) == 0)
         return false;
-    const Answer ownedReply(reply);
-    const Answer ownedError(error);
+    const X11Reply<void> ownedReply(reply);
+    const X11Reply<void> ownedError(error);
     const Taker taker = std::move(pending.front().taker);
     pending.pop_front();
     taker(reply, error);

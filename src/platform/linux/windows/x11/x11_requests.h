@@ -7,6 +7,8 @@
 //          returns true and no more replies arrive.
 #pragma once
 
+#include "platform/linux/desktop/x11.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdint>
@@ -18,10 +20,6 @@
 
 namespace glidemap {
 
-struct X11Freed {
-    void operator()(void* answer) const;
-};
-
 // The value of a property, truncated to the requested size.
 struct X11Property {
     bool windowIsGone = false;
@@ -32,11 +30,10 @@ struct X11Property {
 
 class X11Requests {
 public:
-    using Connection = std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)>;
     using PropertyTaker = std::function<void(const X11Property&)>;
     using ProcessTaker = std::function<void(std::uint32_t)>; // 0 if the server does not know
 
-    explicit X11Requests(Connection established);
+    explicit X11Requests(OwnedX11Connection established);
 
     // Transfers at most that many items of four bytes.
     void property(xcb_window_t window, xcb_atom_t name, std::uint32_t items, PropertyTaker taker);
@@ -65,7 +62,7 @@ private:
 
     void expect(std::uint32_t sequence, Taker taker);
 
-    Connection connection;
+    OwnedX11Connection connection;
     bool knowsProcesses = false;
     std::deque<Pending> pending;
 };

@@ -50,22 +50,6 @@ bool contains(const std::vector<xcb_atom_t>& atoms, xcb_atom_t atom) {
 
 } // namespace
 
-std::vector<xcb_atom_t> internAtoms(xcb_connection_t* connection,
-                                    const std::vector<std::string_view>& names) {
-    std::vector<xcb_intern_atom_cookie_t> cookies;
-    cookies.reserve(names.size());
-    for (const std::string_view name : names)
-        cookies.push_back(
-            xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()));
-    std::vector<xcb_atom_t> atoms;
-    for (const auto cookie : cookies) {
-        const std::unique_ptr<xcb_intern_atom_reply_t, X11Freed> reply(
-            xcb_intern_atom_reply(connection, cookie, nullptr));
-        atoms.push_back(reply == nullptr ? xcb_atom_t{XCB_ATOM_NONE} : reply->atom);
-    }
-    return atoms;
-}
-
 struct X11WindowReader::Reading {
     X11Window window;
     std::uint32_t processByServer = 0;
@@ -78,7 +62,7 @@ struct X11WindowReader::Reading {
 
 X11WindowReader::X11WindowReader(X11Requests& through)
     : requests(through), hostName(ownHostName()) {
-    const auto named = internAtoms(
+    const auto named = x11Atoms(
         requests.raw(), {"_NET_WM_PID", "WM_CLIENT_MACHINE", "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE",
                          "_NET_WM_NAME", "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_WINDOW_TYPE_DIALOG",
                          "_NET_WM_WINDOW_TYPE_UTILITY", "_NET_WM_STATE_SKIP_TASKBAR"});

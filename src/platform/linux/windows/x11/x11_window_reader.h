@@ -13,7 +13,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace glidemap {
@@ -50,9 +49,5 @@ private:
     Atoms atoms{};
     std::string hostName;
 };
-
-// Looks up all names in one round trip, and blocks for it.
-std::vector<xcb_atom_t> internAtoms(xcb_connection_t* connection,
-                                    const std::vector<std::string_view>& names);
 
 } // namespace glidemap

@@ -1,0 +1,34 @@
+// Owners of what libxcb allocates, and the requests that several services send. The requests wait
+// for the server.
+//
+// Thread:  the connection's thread.
+// Errors:  a request that fails, also on a lost connection, returns nothing: XCB_ATOM_NONE or false.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+using xcb_connection_t = struct xcb_connection_t;
+
+namespace glidemap {
+
+struct X11Release {
+    void operator()(void* allocated) const; // a reply, an event or an error
+    void operator()(xcb_connection_t* connection) const;
+};
+
+template <typename Reply>
+using X11Reply = std::unique_ptr<Reply, X11Release>;
+using OwnedX11Connection = std::unique_ptr<xcb_connection_t, X11Release>;
+
+// Waits once for all names.
+std::vector<std::uint32_t> x11Atoms(xcb_connection_t* connection,
+                                    const std::vector<std::string_view>& names);
+std::uint32_t x11Atom(xcb_connection_t* connection, std::string_view name);
+
+// Whether a program owns the selection. Some services announce themselves in this way.
+bool x11SelectionHasOwner(xcb_connection_t* connection, std::uint32_t selection);
+
+} // namespace glidemap
