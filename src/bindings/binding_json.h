@@ -7,11 +7,12 @@
 // - A byte-order mark at the start is skipped: some editors write one.
 // - Invalid UTF-8 fails the whole array: such a file is not JSON. An escaped unpaired surrogate
 //   reads as U+FFFD. An ignored number may have any size.
-// - Nesting depth is unlimited; decoding does not recurse.
+// - Values deeper than a shortcut in an action in a binding are skipped, to any depth; decoding does
+//   not recurse.
 //
-// Memory:  encoding needs a few times the size of its result. Decoding needs its result and a few
-//          times the longest ignored token. A text with unpaired surrogates or huge numbers is
-//          copied once.
+// Memory:  encoding needs a few times the size of its result. Decoding needs its result, one
+//          binding's known values and a few times the longest ignored token. A text with unpaired
+//          surrogates or huge numbers is read twice and copied once.
 // Thread:  any.
 // Errors:  decoding returns the first error as text and never throws. Encoding replaces invalid
 //          UTF-8 in a binding's texts with U+FFFD.

@@ -1,0 +1,165 @@
+#include "bindings/json_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <iterator>
+#include <limits>
+#include <system_error>
+
+namespace glidemap {
+
+namespace {
+
+constexpr std::string_view digitCharacters = "0123456789";
+
+// Clamped far from the limits of its type, so that a text's length can be added without overflow.
+std::int64_t exponentIn(std::string_view text) {
+    constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 4;
+    constexpr int decimal = 10;
+    return std::clamp<std::int64_t>(std::strtoll(std::string(text).c_str(), nullptr, decimal),
+                                    -limit, limit);
+}
+
+// The value is DIGITS * 10^exponent; no digits means zero.
+struct Decimal {
+    std::string digits; // neither starts nor ends with a zero
+    std::int64_t exponent = 0;
+
+    // The number of digits before the decimal point.
+    std::int64_t wholeDigits() const { return digits.empty() ? 0 : std::ssize(digits) + exponent; }
+};
+
+// The most whole digits that a 64-bit integer can have.
+constexpr int maxDigits = std::numeric_limits<std::uint64_t>::digits10 + 1;
+
+Decimal decimalIn(std::string_view number) {
+    number.remove_prefix(number.starts_with('-') ? 1 : 0);
+    const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+    Decimal decimal{std::string(number.substr(0, mantissaEnd)),
+                    mantissaEnd < number.size() ? exponentIn(number.substr(mantissaEnd + 1)) : 0};
+    std::string& digits = decimal.digits;
+    if (const auto point = digits.find_first_not_of(digitCharacters); point != std::string::npos) {
+        digits.erase(point, 1);
+        decimal.exponent -= static_cast<std::int64_t>(digits.size() - point);
+    }
+    const std::size_t end = digits.find_last_not_of('0') + 1;
+    decimal.exponent += static_cast<std::int64_t>(digits.size() - end);
+    digits.resize(end);
+    digits.erase(0, digits.find_first_not_of('0'));
+    return decimal;
+}
+
+// The length of the valid number at the start of the text; 0 if it is invalid.
+std::size_t numberLength(std::string_view text) {
+    std::size_t end = 0;
+    const auto passOne = [&](std::string_view characters) {
+        const bool isThere =
+            end < text.size() && characters.find(text[end]) != std::string_view::npos;
+        end += isThere ? 1 : 0;
+        return isThere;
+    };
+    const auto passDigits = [&] {
+        const std::size_t start = end;
+        end = std::min(text.find_first_not_of(digitCharacters, end), text.size());
+        return end > start;
+    };
+    passOne("-");
+    bool isValid = passOne("0") ? !passDigits() : passDigits();
+    if (isValid && passOne(".")) {
+        isValid = passDigits();
+    }
+    if (isValid && passOne("eE")) {
+        passOne("+-");
+        isValid = passDigits();
+    }
+    return isValid ? end : 0;
+}
+
+// The value of "\uXXXX" at the start of the text; 0 if there is none.
+unsigned unitAt(std::string_view text) {
+    constexpr std::size_t start = 2;
+    unsigned unit = 0;
+    if (text.size() < start + 4 || !text.starts_with("\\u")) {
+        return 0;
+    }
+    const char* const end = text.data() + start + 4;
+    return std::from_chars(text.data() + start, end, unit, 16).ptr == end ? unit : 0;
+}
+
+// A token at the start of a text, and what to write over it.
+struct Token {
+    std::size_t length;
+    std::string replacement;
+};
+
+Token escapeAt(std::string_view text) {
+    constexpr std::size_t length = 6; // of \uXXXX
+    const auto isHigh = [](unsigned unit) {
+        return unit >= 0xD800 && unit <= 0xDBFF;
+    };
+    const auto isLow = [](unsigned unit) {
+        return unit >= 0xDC00 && unit <= 0xDFFF;
+    };
+    const unsigned unit = unitAt(text);
+    if (isHigh(unit) && isLow(unitAt(text.substr(length)))) {
+        return {2 * length, ""};
+    }
+    return isHigh(unit) || isLow(unit) ? Token{length, "\\ufffd"} : Token{2, ""};
+}
+
+Token numberAt(std::string_view text) {
+    constexpr std::string_view null = "null"; // no shorter number is too large
+    const std::size_t length = numberLength(text);
+    if (length == 0) {
+        return {text.find_first_not_of("+-.eE0123456789"), ""};
+    }
+    if (length < null.size() || decimalIn(text.substr(0, length)).wholeDigits() <= maxDigits) {
+        return {length, ""};
+    }
+    Token token{length, std::string(length, ' ')};
+    token.replacement.replace(0, null.size(), null);
+    return token;
+}
+
+} // namespace
+
+std::optional<std::uint64_t> wholeNumber(std::string_view number) {
+    auto [digits, exponent] = decimalIn(number);
+    if (digits.empty()) {
+        return 0;
+    }
+    if (number.starts_with('-') || exponent < 0 || exponent > maxDigits) {
+        return std::nullopt;
+    }
+    digits.append(static_cast<std::size_t>(exponent), '0');
+    std::uint64_t value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return result.ec == std::errc() ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::string> parsableJson(std::string_view text) {
+    std::optional<std::string> changed;
+    bool isInString = false;
+    for (std::size_t place = 0; place < text.size();) {
+        const char first = text[place];
+        const bool isNumber = first == '-' || (first >= '0' && first <= '9');
+        if (isInString ? first != '\\' : !isNumber) {
+            isInString = isInString != (first == '"');
+            ++place;
+            continue;
+        }
+        const std::string_view rest = text.substr(place);
+        const Token token = isInString ? escapeAt(rest) : numberAt(rest);
+        if (!token.replacement.empty()) {
+            if (!changed) {
+                changed.emplace(text);
+            }
+            changed->replace(place, token.replacement.size(), token.replacement);
+        }
+        place += std::min(token.length, rest.size());
+    }
+    return changed;
+}
+
+} // namespace glidemap
