@@ -14,15 +14,32 @@
 
 namespace glidemap::vm {
 
-DeviceReader::DeviceReader(const std::filesystem::path& node)
-    : descriptor(open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
+namespace {
+
+int opened(const std::filesystem::path& node) {
+    const int descriptor = open(node.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0) {
         ADD_FAILURE() << "cannot read " << node;
     }
+    return descriptor;
 }
+
+} // namespace
+
+DeviceReader::DeviceReader(const std::filesystem::path& node) : descriptor(opened(node)) {}
 
 DeviceReader::~DeviceReader() {
     close(descriptor);
+}
+
+bool DeviceReader::isGone() const {
+    int version = 0;
+    return ioctl(descriptor, EVIOCGVERSION, &version) != 0;
+}
+
+void DeviceReader::reopen(const std::filesystem::path& node) {
+    close(descriptor);
+    descriptor = opened(node);
 }
 
 void DeviceReader::readAll() {

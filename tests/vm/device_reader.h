@@ -22,6 +22,11 @@ public:
     DeviceReader& operator=(const DeviceReader&) = delete;
     ~DeviceReader();
 
+    // Whether the device was removed.
+    bool isGone() const;
+    // Reads another device from now on.
+    void reopen(const std::filesystem::path& node);
+
     // Reads pending events, and then later ones, until the condition holds.
     bool waitUntil(const std::function<bool()>& condition);
     bool waitForKey(std::uint16_t code, std::int32_t value);

@@ -1,6 +1,7 @@
 #include "pad_hand.h"
 
 #include "deadline.h"
+#include "input_devices.h"
 #include "ordinary_pad.h"
 #include "real_time.h"
 
@@ -71,11 +72,16 @@ PadHand& PadHand::up() {
     return *this;
 }
 
+// The kernel merges equal notifications, so a program that may not watch the clone's node can miss
+// that it was opened. The program then removes the clone and makes another one later.
 void PadHand::waitUntilTaken(DeviceReader& clone) {
     const Deadline deadline;
     while (clone.take().empty() && !deadline.passed()) {
         pause(0.02);
         pad.clickMarker();
+        if (const auto nodes = cloneNodes(); clone.isGone() && !nodes.empty()) {
+            clone.reopen(nodes.front());
+        }
     }
     EXPECT_FALSE(deadline.passed()) << "the driver did not grab the touchpad";
 }
