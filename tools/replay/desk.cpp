@@ -32,15 +32,15 @@ std::optional<std::string> unlessEmpty(const std::string& text) {
 
 } // namespace
 
-Desk::Desk(BindingList bindings, const VirtualTime& runTime,
-           const std::shared_ptr<TouchEngine>& engine, Listener newListener)
-    : time(runTime), listener(std::move(newListener)),
+Desk::Desk(BindingList bindings, const VirtualTime& time,
+           const std::shared_ptr<TouchEngine>& engine, Listener listener)
+    : time(time), listener(std::move(listener)),
       store(std::make_shared<BindingStore>(std::move(bindings))),
       workspace(std::make_shared<SimulatedWorkspace>(SimulatedWorkspace::Listeners{
           .launched = [this](const std::string& bundleID) { reportLaunch(bundleID); },
           .missionControl =
               [this] {
-                  listener(Performed{time.now(), MissionControl{}});
+                  this->listener(Performed{this->time.now(), MissionControl{}});
               }})),
       dispatcher(GestureDispatcher::create(
           {.store = store,

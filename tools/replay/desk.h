@@ -24,8 +24,8 @@ namespace glidemap::replay {
 
 class Desk {
 public:
-    Desk(BindingList bindings, const VirtualTime& runTime,
-         const std::shared_ptr<TouchEngine>& engine, Listener newListener);
+    Desk(BindingList bindings, const VirtualTime& time, const std::shared_ptr<TouchEngine>& engine,
+         Listener listener);
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
 

@@ -10,7 +10,7 @@ class Pace {
 public:
     enum class Speed { asFastAsPossible, realTime };
 
-    explicit Pace(Speed chosen) : speed(chosen) {}
+    explicit Pace(Speed speed) : speed(speed) {}
 
     // Waits until this time of the recording. Returns immediately for the first time and for a time
     // before the previous one: a recording may go backwards, but real time cannot.

@@ -33,7 +33,7 @@ void line(const std::string& text) {
 
 } // namespace
 
-Printer::Printer(Form chosen) : form(chosen) {
+Printer::Printer(Form form) : form(form) {
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 }
 

@@ -17,7 +17,7 @@ class Printer {
 public:
     enum class Form { text, json };
 
-    explicit Printer(Form chosen);
+    explicit Printer(Form form);
 
     void printFile(const std::string& name);
     void print(const RunEvent& event);

@@ -6,13 +6,13 @@
 
 namespace glidemap::replay {
 
-Run::Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Listener newListener)
-    : driver(replayDriver), pace(speed), listener(std::move(newListener)),
+Run::Run(ReplayDriver& driver, Pace::Speed speed, BindingList bindings, Listener listener)
+    : driver(driver), pace(speed), listener(std::move(listener)),
       engine(TouchEngine::create({.clock = time.clock(),
                                   .queue = time.queue(),
                                   .delayedWork = time.delayedWork(),
                                   .deviceManager = &driver.deviceManager()})),
-      desk(std::move(bindings), time, engine, listener) {
+      desk(std::move(bindings), time, engine, this->listener) {
     listen();
     desk.start();
 }

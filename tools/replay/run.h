@@ -30,7 +30,7 @@ namespace glidemap::replay {
 
 class Run {
 public:
-    Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Listener newListener);
+    Run(ReplayDriver& driver, Pace::Speed speed, BindingList bindings, Listener listener);
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run();

@@ -26,7 +26,7 @@ class SimulatedKeyEvents : public KeyEventPoster {
 public:
     using Listener = std::function<void(const KeyEvent&)>;
 
-    explicit SimulatedKeyEvents(Listener listener) : notify(std::move(listener)) {}
+    explicit SimulatedKeyEvents(Listener notify) : notify(std::move(notify)) {}
 
     void post(std::span<const KeyEvent> events) override {
         for (const KeyEvent& event : events) {
@@ -40,7 +40,7 @@ private:
 
 class SimulatedScreenLock : public ScreenLock {
 public:
-    explicit SimulatedScreenLock(std::function<void()> listener) : notify(std::move(listener)) {}
+    explicit SimulatedScreenLock(std::function<void()> notify) : notify(std::move(notify)) {}
 
     bool find() override { return true; }
     void lock(std::function<void()> /*otherwise*/) override { notify(); }
@@ -57,7 +57,7 @@ public:
         std::function<void()> missionControl;
     };
 
-    explicit SimulatedWorkspace(Listeners listeners) : notify(std::move(listeners)) {}
+    explicit SimulatedWorkspace(Listeners notify) : notify(std::move(notify)) {}
 
     void setFrontmost(Application application) { frontmost = std::move(application); }
 

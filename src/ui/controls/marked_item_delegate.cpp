@@ -14,8 +14,8 @@ constexpr int markRoom = 28;
 
 } // namespace
 
-MarkedItemDelegate::MarkedItemDelegate(std::optional<int> marked, QObject* parent)
-    : QStyledItemDelegate(parent), chosen(marked) {}
+MarkedItemDelegate::MarkedItemDelegate(std::optional<int> chosen, QObject* parent)
+    : QStyledItemDelegate(parent), chosen(chosen) {}
 
 void MarkedItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {

@@ -15,7 +15,7 @@ constexpr int entryValueRole = Qt::UserRole + 1;
 
 class MarkedItemDelegate : public QStyledItemDelegate {
 public:
-    explicit MarkedItemDelegate(std::optional<int> marked, QObject* parent = nullptr);
+    explicit MarkedItemDelegate(std::optional<int> chosen, QObject* parent = nullptr);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;

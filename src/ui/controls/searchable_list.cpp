@@ -46,9 +46,9 @@ int valueOf(const QModelIndex& index) {
 
 } // namespace
 
-SearchableList::SearchableList(Find finder, std::optional<int> chosen, const QString& search,
+SearchableList::SearchableList(Find find, std::optional<int> current, const QString& search,
                                QWidget* parent)
-    : QWidget(parent), find(std::move(finder)), current(chosen), field(new QLineEdit(search)),
+    : QWidget(parent), find(std::move(find)), current(current), field(new QLineEdit(search)),
       list(new QListView), nothingFound(new StyledLabel(TextStyle::callout, Role::secondary)),
       model(new QStandardItemModel(this)) {
     build();

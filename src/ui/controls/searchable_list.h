@@ -49,7 +49,7 @@ public:
     // The entries for what is typed, in the current language.
     using Find = std::function<std::vector<Group>(const QString& typed)>;
 
-    SearchableList(Find find, std::optional<int> chosen, const QString& search,
+    SearchableList(Find find, std::optional<int> current, const QString& search,
                    QWidget* parent = nullptr);
 
     // Asks for the entries anew, too.

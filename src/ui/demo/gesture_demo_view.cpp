@@ -24,8 +24,8 @@ std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
 
 } // namespace
 
-GestureDemoView::GestureDemoView(GestureType shown, QWidget* parent, Clock clock)
-    : QWidget(parent), gesture(shown), now(std::move(clock)), untilNextFrame(this) {
+GestureDemoView::GestureDemoView(GestureType gesture, QWidget* parent, Clock now)
+    : QWidget(parent), gesture(gesture), now(std::move(now)), untilNextFrame(this) {
     demo::announceDemosAsAnimations();
     setFocusPolicy(Qt::NoFocus);
     untilNextFrame.setTimerType(Qt::PreciseTimer);

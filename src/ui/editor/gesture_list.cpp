@@ -36,10 +36,11 @@ std::vector<SearchableList::Group> findEntries(const QString& typed, const Lang&
 
 } // namespace
 
-GestureList::GestureList(GestureType chosen, Lang& language, const QString& search, QWidget* parent)
-    : QWidget(parent), lang(language), demo(new GestureDemoView(chosen)),
-      entries(new SearchableList([this](const QString& typed) { return findEntries(typed, lang); },
-                                 static_cast<int>(chosen), search)) {
+GestureList::GestureList(GestureType chosen, Lang& lang, const QString& search, QWidget* parent)
+    : QWidget(parent), lang(lang), demo(new GestureDemoView(chosen)),
+      entries(new SearchableList(
+          [this](const QString& typed) { return findEntries(typed, this->lang); },
+          static_cast<int>(chosen), search)) {
     demo->setObjectName("browsedGesture");
     demo->setFixedHeight(demoHeight);
     entries->setPartNames("gestureSearch", "gestureList");

@@ -20,8 +20,7 @@ class SearchableList;
 
 class GestureList : public QWidget {
 public:
-    GestureList(GestureType chosen, Lang& language, const QString& search,
-                QWidget* parent = nullptr);
+    GestureList(GestureType chosen, Lang& lang, const QString& search, QWidget* parent = nullptr);
 
     std::function<void(GestureType)> onChoose;
 

@@ -26,7 +26,7 @@ bool opens(int key) {
 
 } // namespace
 
-GesturePicker::GesturePicker(Lang& language, QWidget* parent) : Picker(parent), lang(language) {
+GesturePicker::GesturePicker(Lang& lang, QWidget* parent) : Picker(parent), lang(lang) {
     for (const GestureType gesture : allGestureTypes) {
         addItem(toQt(displayName(gesture, lang)));
     }

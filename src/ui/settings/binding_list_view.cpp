@@ -58,9 +58,9 @@ private:
     static constexpr int lineInset = 10;
 };
 
-BindingListView::BindingListView(const Lang& language, QWidget* parent)
-    : QWidget(parent), lang(language), area(new QScrollArea(this)), ground(new Ground),
-      present(*this, *ground, language, whatRowsAsk()) {
+BindingListView::BindingListView(const Lang& lang, QWidget* parent)
+    : QWidget(parent), lang(lang), area(new QScrollArea(this)), ground(new Ground),
+      present(*this, *ground, lang, whatRowsAsk()) {
     describeListsToAssistance();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);

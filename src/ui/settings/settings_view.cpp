@@ -23,11 +23,12 @@ constexpr QMargins aroundList(12, 12, 12, 12);
 
 } // namespace
 
-SettingsView::SettingsView(Services given, QWidget* parent)
-    : QWidget(parent), services(std::move(given)), loginItem(*services.loginItems, *services.lang),
-      header(new SettingsHeader(*services.lang, this)), notices(new Notices(this)),
-      emptyState(new EmptyState(this)), list(new BindingListView(*services.lang, this)),
-      undoBar(new UndoBar(*services.lang, this)), footer(new ActivityFooter(this)) {
+SettingsView::SettingsView(Services services, QWidget* parent)
+    : QWidget(parent), services(std::move(services)),
+      loginItem(*this->services.loginItems, *this->services.lang),
+      header(new SettingsHeader(*this->services.lang, this)), notices(new Notices(this)),
+      emptyState(new EmptyState(this)), list(new BindingListView(*this->services.lang, this)),
+      undoBar(new UndoBar(*this->services.lang, this)), footer(new ActivityFooter(this)) {
     lay();
     listen();
     observe();
