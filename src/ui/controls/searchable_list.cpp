@@ -180,7 +180,7 @@ void SearchableList::say(int row) {
     }
 }
 
-void SearchableList::browse(const QModelIndex& index) {
+void SearchableList::browse(const QModelIndex& index) const {
     if (index.isValid() && !isHeading(index) && onBrowse) {
         onBrowse(valueOf(index));
     }
@@ -202,7 +202,7 @@ void SearchableList::move(int steps) {
     }
 }
 
-void SearchableList::choose(const QModelIndex& index) {
+void SearchableList::choose(const QModelIndex& index) const {
     if (index.isValid() && !isHeading(index) && onChoose) {
         onChoose(valueOf(index));
     }

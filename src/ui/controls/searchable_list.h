@@ -82,8 +82,8 @@ private:
     void markFirst(std::optional<int> exactRow);
     void mark(int row);
     void move(int steps);
-    void choose(const QModelIndex& index);
-    void browse(const QModelIndex& index);
+    void choose(const QModelIndex& index) const;
+    void browse(const QModelIndex& index) const;
     void fitToEntries();
     void say(int row);
 

@@ -137,7 +137,7 @@ void BindingEditor::save() {
     leave();
 }
 
-void BindingEditor::leave() {
+void BindingEditor::leave() const {
     if (dismiss) {
         dismiss();
     }

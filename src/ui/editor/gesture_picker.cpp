@@ -92,20 +92,20 @@ void GesturePicker::hideEvent(QHideEvent* event) {
     Picker::hideEvent(event);
 }
 
-// Leaves other keys to the sheet: Return saves, Escape cancels.
+// Leaves other keys to the sheet: Return saves, Escape cancels. QComboBox would search for them.
 void GesturePicker::keyPressEvent(QKeyEvent* event) {
     if (opens(event->key())) {
         showPopup();
     } else if (types(*event)) {
         open(event->text());
     } else {
-        QWidget::keyPressEvent(event);
+        QWidget::keyPressEvent(event); // NOLINT(bugprone-parent-virtual-call): skips QComboBox
     }
 }
 
 void GesturePicker::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
-        QWidget::mousePressEvent(event);
+        QWidget::mousePressEvent(event); // NOLINT(bugprone-parent-virtual-call): skips QComboBox
     } else if (isOpen()) {
         hidePopup();
     } else {
