@@ -1,8 +1,7 @@
 #include "app/app_delegate.h"
 
 #include "app/alert.h"
-#include "app/no_status_bar.h"
-#include "app/update_outcome.h"
+#include "app/alert_texts.h"
 
 #include <QAction>
 #include <QKeySequence>

@@ -13,7 +13,6 @@
 #include "platform/virtual/virtual_time.h"
 #include "recording/record.h"
 #include "run_event.h"
-#include "simulated_ports.h"
 
 #include <functional>
 #include <memory>
@@ -21,6 +20,9 @@
 #include <utility>
 
 namespace glidemap::replay {
+
+class SimulatedClickTap;
+class SimulatedWorkspace;
 
 class Desk {
 public:
@@ -48,7 +50,7 @@ private:
     Listener listener;
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<SimulatedWorkspace> workspace;
-    std::shared_ptr<SimulatedClickTap> tap = std::make_shared<SimulatedClickTap>();
+    std::shared_ptr<SimulatedClickTap> tap;
     std::shared_ptr<GestureDispatcher> dispatcher;
     GestureRuntime runtime;
     std::optional<Routing> delivered;

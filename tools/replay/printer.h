@@ -2,7 +2,8 @@
 //
 // Thread:  one.
 // Errors:  those of standard output, which main() checks at the end. Every line is flushed
-//          immediately, so that people and programs see a gesture when it is recognised.
+//          immediately, so that people and programs see a gesture when it is recognised. Bytes
+//          that are not UTF-8 are replaced in JSON.
 #pragma once
 
 #include "core/gesture_type.h"

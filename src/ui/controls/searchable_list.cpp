@@ -1,14 +1,16 @@
 #include "ui/controls/searchable_list.h"
 
-#include "ui/controls/marked_item_delegate.h"
 #include "ui/controls/styled_label.h"
 #include "ui/theme/item_roles.h"
+#include "ui/theme/symbol.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -21,6 +23,11 @@ namespace {
 
 constexpr int rowsOfAPage = 9;
 constexpr int emptyHeight = 56;
+constexpr int markSize = 14;
+constexpr int markRoom = 28;
+
+// The item data role with an entry's number.
+constexpr int entryValueRole = Qt::UserRole + 1;
 
 QStandardItem* headingItem(const QString& title) {
     auto* item = new QStandardItem(title);
@@ -43,6 +50,28 @@ bool isHeading(const QModelIndex& index) {
 int valueOf(const QModelIndex& index) {
     return index.data(entryValueRole).toInt();
 }
+
+// Draws an entry as the style does, with a mark at the current choice.
+class MarkedItemDelegate : public QStyledItemDelegate {
+public:
+    MarkedItemDelegate(std::optional<int> chosen, QObject* parent)
+        : QStyledItemDelegate(parent), chosen(chosen) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!chosen || isHeading(index) || valueOf(index) != *chosen) {
+            return;
+        }
+        QRectF mark(0, 0, markSize, markSize);
+        mark.moveCenter(
+            QPointF(option.rect.right() - markRoom / 2.0, option.rect.center().y() + 0.5));
+        drawSymbol(*painter, mark, "checkmark", Theme::shared().color(Role::accent));
+    }
+
+private:
+    std::optional<int> chosen;
+};
 
 } // namespace
 

@@ -2,7 +2,6 @@
 
 #include "bindings/shadowed_bindings.h"
 #include "ui/settings/binding_selection.h"
-#include "ui/settings/list_accessibility.h"
 #include "ui/theme/style/paint.h"
 
 #include <QAccessible>

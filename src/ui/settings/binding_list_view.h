@@ -93,4 +93,8 @@ private:
     Subscription toTheme;
 };
 
+// Exposes the bindings to assistive technology as a list with items (list_accessibility.cpp).
+// Idempotent.
+void describeListsToAssistance();
+
 } // namespace glidemap

@@ -1,5 +1,3 @@
-#include "ui/settings/list_accessibility.h"
-
 #include "ui/settings/binding_list_view.h"
 
 #include <QAccessibleWidget>
