@@ -44,8 +44,8 @@ AlertText informationalAlert(std::string message, std::string informative, const
     return {std::move(message), std::move(informative), {lang.choose("OK", "好")}};
 }
 
-Alert::Alert(Texts inLanguages, Lang& language, QWidget* parent)
-    : QMessageBox(parent), texts(std::move(inLanguages)), lang(language) {
+Alert::Alert(Texts texts, Lang& lang, QWidget* parent)
+    : QMessageBox(parent), texts(std::move(texts)), lang(lang) {
     setObjectName("alert");
     setWindowTitle("Glidemap");
     // A system's own alert would keep the language, and the texts, with which it opened.
@@ -54,7 +54,7 @@ Alert::Alert(Texts inLanguages, Lang& language, QWidget* parent)
     setIconPixmap(style()
                       ->standardIcon(QStyle::SP_MessageBoxInformation)
                       .pixmap(iconSize, devicePixelRatio()));
-    addButtons(texts(lang).buttons.size());
+    addButtons(this->texts(lang).buttons.size());
     retitle();
     dressTexts(*this);
     for (QLabel* label : findChildren<QLabel*>()) {

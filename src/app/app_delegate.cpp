@@ -1,8 +1,7 @@
 #include "app/app_delegate.h"
 
 #include "app/alert.h"
-#include "app/no_status_bar.h"
-#include "app/update_outcome.h"
+#include "app/alert_texts.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -25,8 +24,9 @@ std::shared_ptr<AppDelegate> AppDelegate::create(Ports ports) {
     return std::make_shared<AppDelegate>(ConstructionKey(), std::move(ports));
 }
 
-AppDelegate::AppDelegate(ConstructionKey /*key*/, Ports given)
-    : ports(std::move(given)), store(ports.makeStore()), updateChecker(ports.makeUpdateChecker()) {}
+AppDelegate::AppDelegate(ConstructionKey /*key*/, Ports ports)
+    : ports(std::move(ports)), store(this->ports.makeStore()),
+      updateChecker(this->ports.makeUpdateChecker()) {}
 
 AppDelegate::~AppDelegate() = default;
 

@@ -90,7 +90,7 @@ private:
     struct ConstructionKey {};
 
 public:
-    AppDelegate(ConstructionKey key, Ports given);
+    AppDelegate(ConstructionKey key, Ports ports);
 
 private:
     const std::shared_ptr<GestureDispatcher>& dispatcher();

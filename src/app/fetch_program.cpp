@@ -15,7 +15,7 @@ using Done = std::function<void(const Fetched&)>;
 // One fetch, from the request to its result.
 class Request : public QObject {
 public:
-    explicit Request(Done then) : QObject(QCoreApplication::instance()), done(std::move(then)) {
+    explicit Request(Done done) : QObject(QCoreApplication::instance()), done(std::move(done)) {
         beforehand.setSingleShot(true);
         connect(&beforehand, &QTimer::timeout, this,
                 [this] { process.start(QIODevice::ReadOnly); });

@@ -59,7 +59,7 @@ bool isRefusedRedirect(QNetworkReply::NetworkError error) {
 // is destroyed.
 class Exchange : public QObject {
 public:
-    Exchange(HttpsFetchSetup given, Done then);
+    Exchange(HttpsFetchSetup setup, Done done);
 
     void begin(const QUrl& url);
 
@@ -84,8 +84,8 @@ private:
     QString reason; // why this class aborted the transfer
 };
 
-Exchange::Exchange(HttpsFetchSetup given, Done then)
-    : setup(std::move(given)), done(std::move(then)) {
+Exchange::Exchange(HttpsFetchSetup setup, Done done)
+    : setup(std::move(setup)), done(std::move(done)) {
     // On quit, the result has no receiver left.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             [this] { delete this; });

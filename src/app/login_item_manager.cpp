@@ -4,8 +4,8 @@
 
 namespace glidemap {
 
-LoginItemManager::LoginItemManager(LoginItemService& registered, Lang& language)
-    : service(registered), lang(language), _enabled(readEnabled()) {}
+LoginItemManager::LoginItemManager(LoginItemService& service, Lang& lang)
+    : service(service), lang(lang), _enabled(readEnabled()) {}
 
 void LoginItemManager::setEnabled(bool on) {
     setLastError(std::nullopt);

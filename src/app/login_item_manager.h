@@ -20,7 +20,7 @@ namespace glidemap {
 
 class LoginItemManager {
 public:
-    explicit LoginItemManager(LoginItemService& registered, Lang& language = Lang::shared());
+    explicit LoginItemManager(LoginItemService& service, Lang& lang = Lang::shared());
 
     void setEnabled(bool on);
 

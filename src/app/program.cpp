@@ -2,8 +2,8 @@
 #include "app/program.h"
 
 #include "app/alert.h"
+#include "app/alert_texts.h"
 #include "app/app_delegate.h"
-#include "app/refusal.h"
 #include "bindings/keyboard_kind.h"
 #include "core/lang.h"
 #include "core/log.h"

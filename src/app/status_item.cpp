@@ -16,9 +16,9 @@ using Kind = StatusBar::Kind;
 
 } // namespace
 
-StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
+StatusItem::StatusItem(std::shared_ptr<StatusBar> bar, Icon icon,
                        std::chrono::milliseconds patience)
-    : bar(std::move(statusBar)), icon(std::move(templateIcon)) {
+    : bar(std::move(bar)), icon(std::move(icon)) {
     patienceEnds.setSingleShot(true);
     QObject::connect(&patienceEnds, &QTimer::timeout, &patienceEnds, [this] {
         wasMissed = true;
@@ -27,7 +27,7 @@ StatusItem::StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
         }
     });
     patienceEnds.start(patience);
-    toBar = bar->changes().subscribe({}, [this] { appear(); });
+    toBar = this->bar->changes().subscribe({}, [this] { appear(); });
     appear();
 }
 

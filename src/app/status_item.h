@@ -32,7 +32,7 @@ public:
     // After login, the bar may be one of the last programs to start.
     static constexpr std::chrono::milliseconds usualPatience{10000};
 
-    StatusItem(std::shared_ptr<StatusBar> statusBar, Icon templateIcon,
+    StatusItem(std::shared_ptr<StatusBar> bar, Icon icon,
                std::chrono::milliseconds patience = usualPatience);
     StatusItem(const StatusItem&) = delete;
     StatusItem& operator=(const StatusItem&) = delete;

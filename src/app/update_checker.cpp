@@ -30,7 +30,7 @@ std::shared_ptr<UpdateChecker> UpdateChecker::create(Setup setup) {
     return std::shared_ptr<UpdateChecker>(new UpdateChecker(std::move(setup)));
 }
 
-UpdateChecker::UpdateChecker(Setup given) : setup(std::move(given)) {}
+UpdateChecker::UpdateChecker(Setup setup) : setup(std::move(setup)) {}
 UpdateChecker::~UpdateChecker() = default;
 
 void UpdateChecker::start() {

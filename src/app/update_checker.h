@@ -78,7 +78,7 @@ public:
     static Repeat onTheMainLoop();
 
 private:
-    explicit UpdateChecker(Setup given);
+    explicit UpdateChecker(Setup setup);
     void setLatestVersion(const std::optional<std::string>& version);
 
     const Setup setup;

@@ -7,6 +7,7 @@
 //          is a programming error.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <new>
 #include <type_traits>
@@ -29,7 +30,7 @@ public:
         static_assert(sizeof(Held) <= capacity, "the captures do not fit into a task");
         static_assert(alignof(Held) <= alignof(std::max_align_t));
         static_assert(std::is_nothrow_move_constructible_v<Held>);
-        new (storage) Held(std::forward<Function>(function));
+        new (storage.data()) Held(std::forward<Function>(function));
         operations = &operationsOf<Held>;
     }
 
@@ -47,7 +48,7 @@ public:
     Task& operator=(const Task&) = delete;
     ~Task() { clear(); }
 
-    void operator()() { operations->call(storage); }
+    void operator()() { operations->call(storage.data()); }
 
     explicit operator bool() const { return operations != nullptr; }
 
@@ -71,17 +72,17 @@ private:
     void take(Task& other) {
         operations = std::exchange(other.operations, nullptr);
         if (operations != nullptr) {
-            operations->moveTo(other.storage, storage);
+            operations->moveTo(other.storage.data(), storage.data());
         }
     }
 
     void clear() {
         if (operations != nullptr) {
-            std::exchange(operations, nullptr)->destroy(storage);
+            std::exchange(operations, nullptr)->destroy(storage.data());
         }
     }
 
-    alignas(std::max_align_t) std::byte storage[capacity];
+    alignas(std::max_align_t) std::array<std::byte, capacity> storage;
     const Operations* operations = nullptr;
 };
 

@@ -33,7 +33,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 } // namespace
 
-ActionRunner::ActionRunner(Ports given) : ports(std::move(given)) {}
+ActionRunner::ActionRunner(Ports ports) : ports(std::move(ports)) {}
 
 void ActionRunner::perform(const BindingAction& action) {
     if (isLocked(ports.session.get()) && !std::holds_alternative<LockScreen>(action)) {

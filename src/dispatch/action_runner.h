@@ -28,7 +28,7 @@ public:
         std::shared_ptr<const UserSession> session = nullptr; // null: the session is never locked
     };
 
-    explicit ActionRunner(Ports given);
+    explicit ActionRunner(Ports ports);
     ActionRunner(const ActionRunner&) = delete;
     ActionRunner& operator=(const ActionRunner&) = delete;
 

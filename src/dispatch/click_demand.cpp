@@ -16,11 +16,11 @@ bool anyClickIsBound(const BindingStore& store) {
 
 } // namespace
 
-ClickDemand::ClickDemand(std::shared_ptr<GestureDispatcher> gestureDispatcher,
-                         std::shared_ptr<ClickTap> clickTap)
-    : dispatcher(std::move(gestureDispatcher)), tap(std::move(clickTap)),
-      toDispatcher(dispatcher->changes().subscribe({}, [this] { update(); })),
-      toStore(dispatcher->store().changes().subscribe({}, [this] { update(); })) {
+ClickDemand::ClickDemand(std::shared_ptr<GestureDispatcher> dispatcher,
+                         std::shared_ptr<ClickTap> tap)
+    : dispatcher(std::move(dispatcher)), tap(std::move(tap)),
+      toDispatcher(this->dispatcher->changes().subscribe({}, [this] { update(); })),
+      toStore(this->dispatcher->store().changes().subscribe({}, [this] { update(); })) {
     update();
 }
 

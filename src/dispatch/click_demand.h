@@ -18,8 +18,7 @@ namespace glidemap {
 class ClickDemand {
 public:
     // Notifies the tap immediately, and again after each change.
-    ClickDemand(std::shared_ptr<GestureDispatcher> gestureDispatcher,
-                std::shared_ptr<ClickTap> clickTap);
+    ClickDemand(std::shared_ptr<GestureDispatcher> dispatcher, std::shared_ptr<ClickTap> tap);
     ClickDemand(const ClickDemand&) = delete;
     ClickDemand& operator=(const ClickDemand&) = delete;
 

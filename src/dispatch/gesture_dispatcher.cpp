@@ -31,9 +31,9 @@ std::shared_ptr<GestureDispatcher> GestureDispatcher::create(Ports ports) {
     return std::make_shared<GestureDispatcher>(ConstructionKey{}, std::move(ports));
 }
 
-GestureDispatcher::GestureDispatcher(ConstructionKey /*key*/, Ports given)
-    : ports(std::move(given)), mainQueue(ports.mainQueue, ports.clock),
-      _masterEnabled(ports.defaults->boolean(masterEnabledKey).value_or(true)) {}
+GestureDispatcher::GestureDispatcher(ConstructionKey /*key*/, Ports ports)
+    : ports(std::move(ports)), mainQueue(this->ports.mainQueue, this->ports.clock),
+      _masterEnabled(this->ports.defaults->boolean(masterEnabledKey).value_or(true)) {}
 
 bool GestureDispatcher::handle(GestureType gesture, bool execute) {
     if (!masterEnabled()) {

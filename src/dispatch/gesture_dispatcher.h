@@ -92,7 +92,7 @@ private:
     struct ConstructionKey {};
 
 public:
-    GestureDispatcher(ConstructionKey key, Ports given);
+    GestureDispatcher(ConstructionKey key, Ports ports);
 
 private:
     using Binding = std::shared_ptr<const GestureBinding>;

@@ -33,9 +33,10 @@ private:
 
 // Its destructor ends the wait: after the task has run, or when the main queue discards it.
 struct TimelyQueue::Submitted {
-    Submitted(std::shared_ptr<Waiting> all, Time start, IfLate late, std::function<void()> task)
-        : waiting(std::move(all)), place(waiting->add(start)), time(start), ifLate(late),
-          work(std::move(task)) {}
+    Submitted(std::shared_ptr<Waiting> waiting, Time time, IfLate ifLate,
+              std::function<void()> work)
+        : waiting(std::move(waiting)), place(this->waiting->add(time)), time(time), ifLate(ifLate),
+          work(std::move(work)) {}
     Submitted(const Submitted&) = delete;
     Submitted& operator=(const Submitted&) = delete;
     ~Submitted() { waiting->remove(place); }
@@ -47,8 +48,8 @@ struct TimelyQueue::Submitted {
     std::function<void()> work;
 };
 
-TimelyQueue::TimelyQueue(std::shared_ptr<MainQueue> mainQueue, Clock clock)
-    : queue(std::move(mainQueue)), now(std::move(clock)), waiting(std::make_shared<Waiting>()) {}
+TimelyQueue::TimelyQueue(std::shared_ptr<MainQueue> queue, Clock now)
+    : queue(std::move(queue)), now(std::move(now)), waiting(std::make_shared<Waiting>()) {}
 
 // An action may run a nested event loop, in which the main thread continues with other tasks. A
 // task therefore counts as started before it runs.

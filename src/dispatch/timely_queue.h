@@ -34,7 +34,7 @@ public:
 
     enum class IfLate { run, drop };
 
-    TimelyQueue(std::shared_ptr<MainQueue> mainQueue, Clock clock);
+    TimelyQueue(std::shared_ptr<MainQueue> queue, Clock now);
 
     void submit(IfLate ifLate, std::function<void()> work);
 

@@ -72,8 +72,9 @@ SessionRecognizer::create(std::shared_ptr<DelayedWork> delayedWork) {
     return std::make_shared<SessionRecognizer>(ConstructionKey{}, std::move(delayedWork));
 }
 
-SessionRecognizer::SessionRecognizer(ConstructionKey /*key*/, std::shared_ptr<DelayedWork> work)
-    : delayedWork(std::move(work)) {}
+SessionRecognizer::SessionRecognizer(ConstructionKey /*key*/,
+                                     std::shared_ptr<DelayedWork> delayedWork)
+    : delayedWork(std::move(delayedWork)) {}
 
 void SessionRecognizer::process(const TouchFrame& frame) {
     const double time = frame.timestamp;

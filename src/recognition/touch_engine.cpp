@@ -38,8 +38,8 @@ const std::shared_ptr<TouchEngine>& TouchEngine::shared() {
     return instance;
 }
 
-TouchEngine::TouchEngine(ConstructionKey /*key*/, Ports given)
-    : ports(std::move(given)), session(SessionRecognizer::create(ports.delayedWork)),
+TouchEngine::TouchEngine(ConstructionKey /*key*/, Ports ports)
+    : ports(std::move(ports)), session(SessionRecognizer::create(this->ports.delayedWork)),
       recognizers(std::make_shared<const Recognizers>(Recognizers{session})) {}
 
 void TouchEngine::connect() {

@@ -1,6 +1,5 @@
 #include "app/alert.h"
-#include "app/no_status_bar.h"
-#include "app/refusal.h"
+#include "app/alert_texts.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,7 @@
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
 #include "ui/controls/segmented_control.h"
-#include "ui/editor/action_kind.h"
-#include "ui/editor/scope_kind.h"
+#include "ui/editor/binding_draft.h"
 #include "ui/settings/settings_stage.h"
 
 #include <QAbstractButton>

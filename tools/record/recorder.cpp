@@ -7,9 +7,8 @@
 
 namespace glidemap::record {
 
-Recorder::Recorder(std::ostream& output, const std::string& device,
-                   std::function<void()> failureCallback)
-    : stream(output), writer(output), onFailure(std::move(failureCallback)) {
+Recorder::Recorder(std::ostream& stream, const std::string& device, std::function<void()> onFailure)
+    : stream(stream), writer(stream), onFailure(std::move(onFailure)) {
     queue.submit(
         [this, device = std::string(device)] { attempt([&] { writer.writeHead(device); }); });
 }

@@ -22,7 +22,7 @@ namespace glidemap::record {
 
 class Recorder {
 public:
-    Recorder(std::ostream& output, const std::string& device, std::function<void()> onFailure);
+    Recorder(std::ostream& stream, const std::string& device, std::function<void()> onFailure);
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 

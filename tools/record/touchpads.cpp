@@ -32,7 +32,7 @@ Function Touchpads::function(const char* name) const {
     return reinterpret_cast<Function>(manager.optionalSymbol(name));
 }
 
-Touchpads::Touchpads(const MultitouchDeviceManager& deviceManager) : manager(deviceManager) {
+Touchpads::Touchpads(const MultitouchDeviceManager& manager) : manager(manager) {
     const auto createList = function<driver::CreateList>(driver::createListSymbol);
     const auto count = function<driver::ListCount>(driver::listCountSymbol);
     const auto valueAt = function<driver::ListValueAtIndex>(driver::listValueAtIndexSymbol);

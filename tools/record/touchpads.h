@@ -18,7 +18,7 @@ namespace glidemap::record {
 
 class Touchpads {
 public:
-    explicit Touchpads(const MultitouchDeviceManager& deviceManager);
+    explicit Touchpads(const MultitouchDeviceManager& manager);
     Touchpads(const Touchpads&) = delete;
     Touchpads& operator=(const Touchpads&) = delete;
     ~Touchpads();

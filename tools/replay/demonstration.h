@@ -1,7 +1,8 @@
-// Performs every gesture that contacts alone can make, in sequence through one pipeline, and prints
-// the recognised gestures.
+// Performs every gesture that contacts alone can make: through one pipeline, to print what it
+// recognises, or into the files for a demonstration of the program without a touchpad.
 //
-// Errors:  fails if a performance is not recognised as exactly its intended gesture.
+// Errors:  demonstrate() fails if a performance is not recognised as exactly its intended gesture;
+//          writeDemonstration() returns an error message.
 #pragma once
 
 #include "options.h"
@@ -9,9 +10,19 @@
 #include "replay_driver.h"
 #include "statistics.h"
 
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
 namespace glidemap::replay {
 
 Status demonstrate(const Options& options, ReplayDriver& driver, Printer& printer,
                    Statistics& statistics);
+
+// Creates FOLDER/recording.jsonl, for the replay driver, and FOLDER/Glidemap/bindings.json with
+// harmless bindings, so that no performance locks the screen. Keeps existing bindings.
+std::optional<std::string> writeDemonstration(const std::filesystem::path& folder,
+                                              std::uint64_t seed);
 
 } // namespace glidemap::replay

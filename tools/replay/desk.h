@@ -13,7 +13,6 @@
 #include "platform/virtual/virtual_time.h"
 #include "recording/record.h"
 #include "run_event.h"
-#include "simulated_ports.h"
 
 #include <functional>
 #include <memory>
@@ -22,10 +21,13 @@
 
 namespace glidemap::replay {
 
+class SimulatedClickTap;
+class SimulatedWorkspace;
+
 class Desk {
 public:
-    Desk(BindingList bindings, const VirtualTime& runTime,
-         const std::shared_ptr<TouchEngine>& engine, Listener newListener);
+    Desk(BindingList bindings, const VirtualTime& time, const std::shared_ptr<TouchEngine>& engine,
+         Listener listener);
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
 
@@ -48,7 +50,7 @@ private:
     Listener listener;
     std::shared_ptr<BindingStore> store;
     std::shared_ptr<SimulatedWorkspace> workspace;
-    std::shared_ptr<SimulatedClickTap> tap = std::make_shared<SimulatedClickTap>();
+    std::shared_ptr<SimulatedClickTap> tap;
     std::shared_ptr<GestureDispatcher> dispatcher;
     GestureRuntime runtime;
     std::optional<Routing> delivered;

@@ -4,7 +4,6 @@
 #include "bindings_file.h"
 #include "core/lang.h"
 #include "demonstration.h"
-#include "demonstration_folder.h"
 #include "options.h"
 #include "printer.h"
 #include "replay_driver.h"

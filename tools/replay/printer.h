@@ -2,7 +2,8 @@
 //
 // Thread:  one.
 // Errors:  those of standard output, which main() checks at the end. Every line is flushed
-//          immediately, so that people and programs see a gesture when it is recognised.
+//          immediately, so that people and programs see a gesture when it is recognised. Bytes
+//          that are not UTF-8 are replaced in JSON.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -17,7 +18,7 @@ class Printer {
 public:
     enum class Form { text, json };
 
-    explicit Printer(Form chosen);
+    explicit Printer(Form form);
 
     void printFile(const std::string& name);
     void print(const RunEvent& event);

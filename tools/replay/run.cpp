@@ -1,18 +1,40 @@
 #include "run.h"
 
+#include <algorithm>
 #include <cmath>
+#include <thread>
 #include <utility>
 #include <variant>
 
 namespace glidemap::replay {
 
-Run::Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Listener newListener)
-    : driver(replayDriver), pace(speed), listener(std::move(newListener)),
+namespace {
+
+// Longer than any machine runs, and still within the clock's range.
+constexpr double maxWait = 1e9;
+
+} // namespace
+
+void Pace::waitUntil(double time) {
+    if (!isRealTime()) {
+        return;
+    }
+    if (!last || time < last->time) {
+        last = {Clock::now(), time};
+        return;
+    }
+    const std::chrono::duration<double> wait(std::min(time - last->time, maxWait));
+    last = {last->moment + std::chrono::duration_cast<Clock::duration>(wait), time};
+    std::this_thread::sleep_until(last->moment);
+}
+
+Run::Run(ReplayDriver& driver, Pace::Speed speed, BindingList bindings, Listener listener)
+    : driver(driver), pace(speed), listener(std::move(listener)),
       engine(TouchEngine::create({.clock = time.clock(),
                                   .queue = time.queue(),
                                   .delayedWork = time.delayedWork(),
                                   .deviceManager = &driver.deviceManager()})),
-      desk(std::move(bindings), time, engine, listener) {
+      desk(std::move(bindings), time, engine, this->listener) {
     listen();
     desk.start();
 }

@@ -14,13 +14,13 @@
 #pragma once
 
 #include "desk.h"
-#include "pace.h"
 #include "platform/virtual/virtual_time.h"
 #include "recognition/touch_engine.h"
 #include "recording/record.h"
 #include "replay_driver.h"
 #include "run_event.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <set>
@@ -28,9 +28,34 @@
 
 namespace glidemap::replay {
 
+// The playback speed of a recording: as fast as possible, or as recorded.
+class Pace {
+public:
+    enum class Speed { asFastAsPossible, realTime };
+
+    explicit Pace(Speed speed) : speed(speed) {}
+
+    // Waits until this time of the recording. Returns immediately for the first time and for a time
+    // before the previous one: a recording may go backwards, but real time cannot.
+    void waitUntil(double time);
+
+    bool isRealTime() const { return speed == Speed::realTime; }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Anchor {
+        Clock::time_point moment;
+        double time = 0;
+    };
+
+    Speed speed;
+    std::optional<Anchor> last;
+};
+
 class Run {
 public:
-    Run(ReplayDriver& replayDriver, Pace::Speed speed, BindingList bindings, Listener newListener);
+    Run(ReplayDriver& driver, Pace::Speed speed, BindingList bindings, Listener listener);
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run();

@@ -2,7 +2,8 @@
 
 namespace glidemap {
 
-ApplicationTable::ApplicationTable(std::size_t places) : limit(places) {}
+ApplicationTable::ApplicationTable(std::size_t maxApplications)
+    : maxApplications(maxApplications) {}
 
 const Application* ApplicationTable::intern(Application application) {
     if (application == *unknown()) {
@@ -13,7 +14,7 @@ const Application* ApplicationTable::intern(Application application) {
     if (known != applications.end()) {
         return &known->second;
     }
-    if (applications.size() == limit) {
+    if (applications.size() == maxApplications) {
         return unknown();
     }
     return &applications.emplace(std::move(key), std::move(application)).first->second;

@@ -20,7 +20,7 @@ namespace glidemap {
 
 class ApplicationTable {
 public:
-    explicit ApplicationTable(std::size_t places);
+    explicit ApplicationTable(std::size_t maxApplications);
 
     const Application* intern(Application application);
 
@@ -30,7 +30,7 @@ public:
 private:
     using Key = std::pair<std::optional<std::string>, std::optional<std::string>>;
 
-    std::size_t limit;
+    std::size_t maxApplications;
     std::map<Key, Application> applications; // map nodes keep their addresses
 };
 

@@ -7,7 +7,7 @@
 
 namespace glidemap {
 
-FirstExposure::FirstExposure(std::function<void()> seen) : onSeen(std::move(seen)) {
+FirstExposure::FirstExposure(std::function<void()> onSeen) : onSeen(std::move(onSeen)) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 

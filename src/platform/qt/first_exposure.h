@@ -12,8 +12,8 @@ namespace glidemap {
 
 class FirstExposure : public QObject {
 public:
-    // Calls `seen` once.
-    explicit FirstExposure(std::function<void()> seen);
+    // Calls the function once.
+    explicit FirstExposure(std::function<void()> onSeen);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -29,9 +29,9 @@ std::error_code lastError() {
 
 class LineListener::Client : public QObject {
 public:
-    Client(OpenFile opened, const LineListener& heardBy, QObject* parent)
-        : QObject(parent), listener(heardBy), socket(std::move(opened)),
-          arrivals(socket.descriptor(), QSocketNotifier::Read) {
+    Client(OpenFile socket, const LineListener& listener, QObject* parent)
+        : QObject(parent), listener(listener), socket(std::move(socket)),
+          arrivals(this->socket.descriptor(), QSocketNotifier::Read) {
         connect(&arrivals, &QSocketNotifier::activated, this, [this] { receive(); });
         limit.setSingleShot(true);
         connect(&limit, &QTimer::timeout, this, [this] { deleteLater(); });
@@ -46,12 +46,12 @@ public:
         }
         heard.append(part.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
         const auto end = heard.find('\n');
-        if (end == std::string::npos && count > 0 && heard.size() < listener.longest) {
+        if (end == std::string::npos && count > 0 && heard.size() < listener.maxLineLength) {
             return;
         }
         arrivals.setEnabled(false);
         deleteLater();
-        if (end != std::string::npos && end < listener.longest) {
+        if (end != std::string::npos && end < listener.maxLineLength) {
             say(heard.substr(0, end + 1));
         }
     }
@@ -73,10 +73,10 @@ private:
     std::string heard;
 };
 
-LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given,
-                           std::chrono::milliseconds timeOfAClient)
-    : socketFile(std::move(file)), longest(longestLine), answer(std::move(given)),
-      clientTime(timeOfAClient), socket(localSocket()), _failure(listen()),
+LineListener::LineListener(std::filesystem::path socketFile, std::size_t maxLineLength,
+                           Answer answer, std::chrono::milliseconds clientTime)
+    : socketFile(std::move(socketFile)), maxLineLength(maxLineLength), answer(std::move(answer)),
+      clientTime(clientTime), socket(localSocket()), _failure(listen()),
       arrivals(socket.descriptor(), QSocketNotifier::Read) {
     arrivals.setEnabled(!_failure);
     QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });

@@ -3,7 +3,7 @@
 // nothing else in the program uses.
 //
 // At most maxClients are connected at a time: a new client replaces the oldest. A client is
-// disconnected after maxTime, and at once if it sends too much or belongs to another user.
+// disconnected after maxClientTime, and at once if it sends too much or belongs to another user.
 //
 // Thread:  the main thread; needs an event loop, and does not block.
 // Owner:   its creator. The destructor removes the file and closes all connections.
@@ -26,14 +26,14 @@ namespace glidemap {
 class LineListener {
 public:
     static constexpr std::size_t maxClients = 16;
-    static constexpr std::chrono::milliseconds maxTime{5000};
+    static constexpr std::chrono::milliseconds maxClientTime{5000};
 
     // Takes a line with its line end and returns the reply.
     using Answer = std::function<std::string(const std::string& line)>;
 
     // Replaces an existing file.
-    LineListener(std::filesystem::path file, std::size_t longestLine, Answer answer,
-                 std::chrono::milliseconds timeOfAClient = maxTime);
+    LineListener(std::filesystem::path socketFile, std::size_t maxLineLength, Answer answer,
+                 std::chrono::milliseconds clientTime = maxClientTime);
     LineListener(const LineListener&) = delete;
     LineListener& operator=(const LineListener&) = delete;
     ~LineListener();
@@ -49,7 +49,7 @@ private:
     void makeRoom();
 
     const std::filesystem::path socketFile;
-    const std::size_t longest;
+    const std::size_t maxLineLength; // in bytes, with the line end
     const Answer answer;
     const std::chrono::milliseconds clientTime;
     const OpenFile socket;

@@ -13,7 +13,7 @@ namespace {
 // Holds the task itself, because tasks need not be copyable.
 class TaskEvent : public QEvent {
 public:
-    explicit TaskEvent(Task carried) : QEvent(kind()), task(std::move(carried)) {}
+    explicit TaskEvent(Task task) : QEvent(kind()), task(std::move(task)) {}
 
     static Type kind() {
         static const auto registered = static_cast<Type>(registerEventType());

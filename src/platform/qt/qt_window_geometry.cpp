@@ -19,7 +19,7 @@ std::optional<int> number(const QSettings& settings, const char* key) {
 
 } // namespace
 
-QtWindowGeometry::QtWindowGeometry(std::filesystem::path keptIn) : file(std::move(keptIn)) {}
+QtWindowGeometry::QtWindowGeometry(std::filesystem::path file) : file(std::move(file)) {}
 
 std::optional<WindowGeometry> QtWindowGeometry::read() const {
     const QSettings settings(QString::fromStdString(file.native()), QSettings::IniFormat);

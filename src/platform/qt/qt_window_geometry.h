@@ -14,7 +14,7 @@ namespace glidemap {
 
 class QtWindowGeometry : public WindowGeometryStore {
 public:
-    explicit QtWindowGeometry(std::filesystem::path keptIn);
+    explicit QtWindowGeometry(std::filesystem::path file);
 
     std::optional<WindowGeometry> read() const override;
     void write(const WindowGeometry& geometry) override;

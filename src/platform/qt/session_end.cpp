@@ -11,7 +11,7 @@ namespace glidemap {
 // By default Qt asks every window to close and cancels the end if a window refuses.
 class SessionEnd::Listener : public QObject {
 public:
-    explicit Listener(std::function<void()> reported) : asked(std::move(reported)) {
+    explicit Listener(std::function<void()> onRequest) : onRequest(std::move(onRequest)) {
         qGuiApp->installEventFilter(this);
         connect(qGuiApp, &QGuiApplication::saveStateRequest, this, [](QSessionManager& manager) {
             manager.setRestartHint(QSessionManager::RestartNever);
@@ -22,16 +22,16 @@ public:
         if (watched != qGuiApp || event->type() != QEvent::Quit) {
             return false;
         }
-        asked();
+        onRequest();
         return true;
     }
 
 private:
-    const std::function<void()> asked;
+    const std::function<void()> onRequest;
 };
 
-SessionEnd::SessionEnd(std::function<void()> asked)
-    : listener(std::make_unique<Listener>(std::move(asked))) {}
+SessionEnd::SessionEnd(std::function<void()> onRequest)
+    : listener(std::make_unique<Listener>(std::move(onRequest))) {}
 
 SessionEnd::~SessionEnd() = default;
 

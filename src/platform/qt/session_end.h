@@ -14,7 +14,7 @@ namespace glidemap {
 
 class SessionEnd {
 public:
-    explicit SessionEnd(std::function<void()> asked);
+    explicit SessionEnd(std::function<void()> onRequest);
     SessionEnd(const SessionEnd&) = delete;
     SessionEnd& operator=(const SessionEnd&) = delete;
     ~SessionEnd();

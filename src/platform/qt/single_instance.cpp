@@ -190,12 +190,12 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
 }
 
 // An existing socket belongs to a killed process: the lock proves that no process listens on it.
-std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> asked) {
-    listener = std::make_unique<LineListener>(socketFile, maxRequest,
-                                              [asked = std::move(asked)](const std::string& line) {
-                                                  asked(requestIn(line));
-                                                  return std::string(answer);
-                                              });
+std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> onRequest) {
+    listener = std::make_unique<LineListener>(
+        socketFile, maxRequest, [onRequest = std::move(onRequest)](const std::string& line) {
+            onRequest(requestIn(line));
+            return std::string(answer);
+        });
     if (const std::error_code failure = listener->failure()) {
         return failure.message();
     }

@@ -57,10 +57,10 @@ public:
 
     Claim claim(const Request& request, std::chrono::milliseconds patience = usualPatience);
 
-    // Call only as the first instance. Calls `asked` for each later instance. Returns nullopt on
+    // Call only as the first instance. Calls `onRequest` for each later instance. Returns nullopt on
     // success, or an error message. After an error this remains the only instance, but later ones
     // cannot show its window.
-    [[nodiscard]] std::optional<std::string> listen(std::function<void(const Request&)> asked);
+    [[nodiscard]] std::optional<std::string> listen(std::function<void(const Request&)> onRequest);
 
     // After this, a new instance waits until this one exits and then takes over.
     void stopListening();

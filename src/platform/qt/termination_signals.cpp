@@ -72,7 +72,7 @@ struct TerminationSignals::State {
     std::unique_ptr<QSocketNotifier> notifier;
 };
 
-TerminationSignals::TerminationSignals(std::function<void()> asked,
+TerminationSignals::TerminationSignals(std::function<void()> onSignal,
                                        std::optional<Milliseconds> limit)
     : state(std::make_unique<State>()) {
     if (limit) {
@@ -87,10 +87,10 @@ TerminationSignals::TerminationSignals(std::function<void()> asked,
     wordEnd = state->pipeEnds[1];
     state->notifier = std::make_unique<QSocketNotifier>(state->pipeEnds[0], QSocketNotifier::Read);
     QObject::connect(state->notifier.get(), &QSocketNotifier::activated,
-                     [end = state->pipeEnds[0], asked = std::move(asked)] {
+                     [end = state->pipeEnds[0], onSignal = std::move(onSignal)] {
                          char word = 0;
                          if (read(end, &word, 1) == 1) {
-                             asked();
+                             onSignal();
                          }
                      });
     for (std::size_t index = 0; index < endings.size(); ++index) {

@@ -24,7 +24,7 @@ class TerminationSignals {
 public:
     using Milliseconds = std::chrono::milliseconds;
 
-    explicit TerminationSignals(std::function<void()> asked,
+    explicit TerminationSignals(std::function<void()> onSignal,
                                 std::optional<Milliseconds> limit = std::nullopt);
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;

@@ -19,8 +19,8 @@ int wholeWidth(const StyledLabel& label) {
 
 } // namespace
 
-ElidedLabel::ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent)
-    : StyledLabel(textStyle, colorRole, parent) {
+ElidedLabel::ElidedLabel(TextStyle style, Role role, QWidget* parent)
+    : StyledLabel(style, role, parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

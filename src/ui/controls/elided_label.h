@@ -12,7 +12,7 @@ namespace glidemap {
 
 class ElidedLabel : public StyledLabel {
 public:
-    ElidedLabel(TextStyle textStyle, Role colorRole, QWidget* parent = nullptr);
+    ElidedLabel(TextStyle style, Role role, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -26,7 +26,7 @@ public:
 };
 
 Notice::Notice(const Look& look, QWidget* parent)
-    : QFrame(parent), drawn(look), label(new Text(TextStyle::callout, look.textRole, this)),
+    : QFrame(parent), look(look), label(new Text(TextStyle::callout, look.textRole, this)),
       second(new Text(TextStyle::caption, Role::secondary, this)) {
     presentAs<Notice, QAccessible::Notification>();
     auto* layout = new QHBoxLayout(this);
@@ -82,8 +82,8 @@ QString Notice::text() const {
 }
 
 void Notice::paintEvent(QPaintEvent* /*event*/) {
-    if (drawn.groundOpacity > 0) {
-        QPainter(this).fillRect(rect(), Theme::shared().tint(drawn.ground, drawn.groundOpacity));
+    if (look.groundOpacity > 0) {
+        QPainter(this).fillRect(rect(), Theme::shared().tint(look.ground, look.groundOpacity));
     }
 }
 

@@ -48,7 +48,7 @@ protected:
 private:
     class Text;
 
-    Look drawn;
+    Look look;
     Text* label;
     Text* second;
     QPushButton* pushButton = nullptr;

@@ -93,7 +93,7 @@ private:
 };
 
 Popover::Popover(QWidget* anchor, QWidget* content)
-    : QWidget(anchor->window()), hangsFrom(anchor), backdrop(new Backdrop(anchor->window())) {
+    : QWidget(anchor->window()), anchor(anchor), backdrop(new Backdrop(anchor->window())) {
     presentAs<Popover, QAccessible::Dialog>(); // a card with controls in it
     auto* layout = new QVBoxLayout(this);
     constexpr int withinInset = padding - inset;
@@ -107,7 +107,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
         placeSoon();
     });
     connect(anchor, &QObject::destroyed, this, [this] {
-        hangsFrom = nullptr; // a QPointer to a widget is still set during destroyed()
+        this->anchor = nullptr; // a QPointer to a widget is still set during destroyed()
         onClosed = {};
         dismiss();
     });
@@ -150,8 +150,8 @@ void Popover::dismiss() {
 // A hidden popover with the focus would pass it to the next widget of the focus chain, which may be
 // in destruction.
 void Popover::giveFocusBack() {
-    if (hangsFrom != nullptr) {
-        hangsFrom->setFocus(Qt::PopupFocusReason);
+    if (anchor != nullptr) {
+        anchor->setFocus(Qt::PopupFocusReason);
     } else {
         QApplication::focusWidget()->clearFocus();
     }
@@ -167,7 +167,7 @@ bool Popover::isOnCard(QPointF onScreen) const {
 
 // Sees all events of the application, so it filters by event type first.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
-    if (isClosed || hangsFrom == nullptr || !watched->isWidgetType()) {
+    if (isClosed || anchor == nullptr || !watched->isWidgetType()) {
         return false;
     }
     auto* widget = static_cast<QWidget*>(watched);
@@ -176,18 +176,18 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
         if (!isWithin(widget) && isOnCard(static_cast<QMouseEvent*>(event)->globalPosition())) {
             return true; // a click on the card's rim
         }
-        if (!isWithin(widget) && widget != hangsFrom && !hangsFrom->isAncestorOf(widget)) {
+        if (!isWithin(widget) && widget != anchor && !anchor->isAncestorOf(widget)) {
             dismiss();
         }
         break;
     case QEvent::Hide:
-        if (widget == hangsFrom) {
+        if (widget == anchor) {
             dismiss();
         }
         break;
     case QEvent::Move:
     case QEvent::Resize:
-        if (widget == hangsFrom || widget->isAncestorOf(hangsFrom)) {
+        if (widget == anchor || widget->isAncestorOf(anchor)) {
             placeSoon();
         }
         break;
@@ -211,7 +211,7 @@ bool Popover::event(QEvent* event) {
 
 // If the popover itself has the focus, the next control is the one after the anchor.
 bool Popover::focusNextPrevChild(bool next) {
-    if (!hasFocus() || hangsFrom == nullptr) {
+    if (!hasFocus() || anchor == nullptr) {
         return QWidget::focusNextPrevChild(next);
     }
     dismiss();
@@ -242,17 +242,18 @@ void Popover::placeSoon() {
 }
 
 void Popover::place() {
-    if (isClosed || hangsFrom == nullptr) {
+    if (isClosed || anchor == nullptr) {
         return;
     }
-    const QRect anchor(hangsFrom->mapTo(window(), QPoint(0, 0)), hangsFrom->size());
-    if (isVisible() && hangsFrom->visibleRegion().isEmpty() && window()->isVisible()) {
+    const QRect anchorArea(anchor->mapTo(window(), QPoint(0, 0)), anchor->size());
+    if (isVisible() && anchor->visibleRegion().isEmpty() && window()->isVisible()) {
         dismiss(); // scrolled out of view
         return;
     }
     constexpr QSize rim(2 * inset, 2 * inset);
     const QSize card = layout()->totalSizeHint() + rim;
-    const auto before = std::exchange(placed, placePopover(card, anchor, window()->contentsRect()));
+    const auto before =
+        std::exchange(placed, placePopover(card, anchorArea, window()->contentsRect()));
     setGeometry(placed.card.adjusted(inset, inset, -inset, -inset));
     if (placed != before) {
         backdrop->showFor(placed);

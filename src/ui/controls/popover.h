@@ -52,7 +52,7 @@ private:
     bool isOnCard(QPointF onScreen) const;
     bool isWithin(const QWidget* widget) const;
 
-    QPointer<QWidget> hangsFrom;
+    QPointer<QWidget> anchor;
     QPointer<Backdrop> backdrop;
     PopoverPlacement placed{};
     bool isClosed = false;

@@ -1,14 +1,16 @@
 #include "ui/controls/searchable_list.h"
 
-#include "ui/controls/marked_item_delegate.h"
 #include "ui/controls/styled_label.h"
 #include "ui/theme/item_roles.h"
+#include "ui/theme/symbol.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -21,6 +23,11 @@ namespace {
 
 constexpr int rowsOfAPage = 9;
 constexpr int emptyHeight = 56;
+constexpr int markSize = 14;
+constexpr int markRoom = 28;
+
+// The item data role with an entry's number.
+constexpr int entryValueRole = Qt::UserRole + 1;
 
 QStandardItem* headingItem(const QString& title) {
     auto* item = new QStandardItem(title);
@@ -44,11 +51,33 @@ int valueOf(const QModelIndex& index) {
     return index.data(entryValueRole).toInt();
 }
 
+// Draws an entry as the style does, with a mark at the current choice.
+class MarkedItemDelegate : public QStyledItemDelegate {
+public:
+    MarkedItemDelegate(std::optional<int> chosen, QObject* parent)
+        : QStyledItemDelegate(parent), chosen(chosen) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!chosen || isHeading(index) || valueOf(index) != *chosen) {
+            return;
+        }
+        QRectF mark(0, 0, markSize, markSize);
+        mark.moveCenter(
+            QPointF(option.rect.right() - markRoom / 2.0, option.rect.center().y() + 0.5));
+        drawSymbol(*painter, mark, "checkmark", Theme::shared().color(Role::accent));
+    }
+
+private:
+    std::optional<int> chosen;
+};
+
 } // namespace
 
-SearchableList::SearchableList(Find finder, std::optional<int> chosen, const QString& search,
+SearchableList::SearchableList(Find find, std::optional<int> current, const QString& search,
                                QWidget* parent)
-    : QWidget(parent), find(std::move(finder)), current(chosen), field(new QLineEdit(search)),
+    : QWidget(parent), find(std::move(find)), current(current), field(new QLineEdit(search)),
       list(new QListView), nothingFound(new StyledLabel(TextStyle::callout, Role::secondary)),
       model(new QStandardItemModel(this)) {
     build();
@@ -180,7 +209,7 @@ void SearchableList::say(int row) {
     }
 }
 
-void SearchableList::browse(const QModelIndex& index) {
+void SearchableList::browse(const QModelIndex& index) const {
     if (index.isValid() && !isHeading(index) && onBrowse) {
         onBrowse(valueOf(index));
     }
@@ -202,7 +231,7 @@ void SearchableList::move(int steps) {
     }
 }
 
-void SearchableList::choose(const QModelIndex& index) {
+void SearchableList::choose(const QModelIndex& index) const {
     if (index.isValid() && !isHeading(index) && onChoose) {
         onChoose(valueOf(index));
     }

@@ -49,7 +49,7 @@ public:
     // The entries for what is typed, in the current language.
     using Find = std::function<std::vector<Group>(const QString& typed)>;
 
-    SearchableList(Find find, std::optional<int> chosen, const QString& search,
+    SearchableList(Find find, std::optional<int> current, const QString& search,
                    QWidget* parent = nullptr);
 
     // Asks for the entries anew, too.
@@ -82,8 +82,8 @@ private:
     void markFirst(std::optional<int> exactRow);
     void mark(int row);
     void move(int steps);
-    void choose(const QModelIndex& index);
-    void browse(const QModelIndex& index);
+    void choose(const QModelIndex& index) const;
+    void browse(const QModelIndex& index) const;
     void fitToEntries();
     void say(int row);
 

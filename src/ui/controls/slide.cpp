@@ -7,8 +7,8 @@
 
 namespace glidemap {
 
-Slide::Slide(QWidget* drawn, std::function<void()> onStep)
-    : widget(drawn), stepped(std::move(onStep)) {
+Slide::Slide(QWidget* widget, std::function<void()> onStep)
+    : widget(widget), onStep(std::move(onStep)) {
     animation.setDuration(160);
     animation.setEasingCurve(QEasingCurve::OutCubic);
     QObject::connect(&animation, &QVariantAnimation::valueChanged, &animation,
@@ -43,8 +43,8 @@ void Slide::jumpTo(double target) {
 
 void Slide::step(double at) {
     current = at;
-    if (stepped) {
-        stepped();
+    if (onStep) {
+        onStep();
     }
     widget->update();
 }

@@ -17,7 +17,7 @@ namespace glidemap {
 class Slide {
 public:
     // Redraws the widget on each step, and calls `onStep`.
-    explicit Slide(QWidget* drawn, std::function<void()> onStep = {});
+    explicit Slide(QWidget* widget, std::function<void()> onStep = {});
 
     // Jumps if the widget is invisible or if motion is reduced.
     void glideTo(double target);
@@ -33,7 +33,7 @@ private:
     void step(double at);
 
     QWidget* widget;
-    std::function<void()> stepped;
+    std::function<void()> onStep;
     QVariantAnimation animation;
     double current = 0;
     double wanted = 0;

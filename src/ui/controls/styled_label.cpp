@@ -2,8 +2,8 @@
 
 namespace glidemap {
 
-StyledLabel::StyledLabel(TextStyle textStyle, Role colorRole, QWidget* parent)
-    : QLabel(parent), style(textStyle), role(colorRole) {
+StyledLabel::StyledLabel(TextStyle style, Role role, QWidget* parent)
+    : QLabel(parent), style(style), role(role) {
     setTextFormat(Qt::PlainText);
     toTheme = Theme::shared().changes().subscribe({}, [this] { dress(); });
     dress();

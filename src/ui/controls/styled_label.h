@@ -14,7 +14,7 @@ namespace glidemap {
 
 class StyledLabel : public QLabel {
 public:
-    StyledLabel(TextStyle textStyle, Role colorRole, QWidget* parent = nullptr);
+    StyledLabel(TextStyle style, Role role, QWidget* parent = nullptr);
 
     void setRole(Role colorRole);
 

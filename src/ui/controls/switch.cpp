@@ -55,8 +55,8 @@ void Switch::nextCheckState() {
 }
 
 QRectF Switch::trackRect() const {
-    const int x = isRightToLeft() ? style::ringMargin : width() - style::ringMargin - trackWidth;
-    return QRectF(x, (height() - trackHeight) / 2.0, trackWidth, trackHeight);
+    const qreal x = isRightToLeft() ? style::ringMargin : width() - style::ringMargin - trackWidth;
+    return {x, (height() - trackHeight) / 2.0, trackWidth, trackHeight};
 }
 
 void Switch::drawTrack(QPainter& painter, const QRectF& track) const {

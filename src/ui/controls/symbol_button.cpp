@@ -16,8 +16,8 @@ constexpr double groundRadius = 5;
 
 } // namespace
 
-SymbolButton::SymbolButton(std::string_view symbolName, Role colorRole, QWidget* parent)
-    : QToolButton(parent), symbol(symbolName), role(colorRole) {
+SymbolButton::SymbolButton(std::string_view symbol, Role role, QWidget* parent)
+    : QToolButton(parent), symbol(symbol), role(role) {
     setAutoRaise(true);
     setIconSize(QSize(16, 16));
     setFocusPolicy(Qt::StrongFocus);

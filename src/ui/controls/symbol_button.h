@@ -16,7 +16,7 @@ namespace glidemap {
 
 class SymbolButton : public QToolButton {
 public:
-    SymbolButton(std::string_view symbolName, Role colorRole, QWidget* parent = nullptr);
+    SymbolButton(std::string_view symbol, Role role, QWidget* parent = nullptr);
 
     void setSymbol(std::string_view symbolName);
 

@@ -6,8 +6,8 @@
 
 namespace glidemap {
 
-SymbolLabel::SymbolLabel(std::string_view symbolName, Role colorRole, int size, QWidget* parent)
-    : QWidget(parent), symbol(symbolName), role(colorRole), points(size) {
+SymbolLabel::SymbolLabel(std::string_view symbol, Role role, int points, QWidget* parent)
+    : QWidget(parent), symbol(symbol), role(role), points(points) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
 }

@@ -16,7 +16,7 @@ namespace glidemap {
 
 class SymbolLabel : public QWidget {
 public:
-    SymbolLabel(std::string_view symbolName, Role colorRole, int size, QWidget* parent = nullptr);
+    SymbolLabel(std::string_view symbol, Role role, int points, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
 

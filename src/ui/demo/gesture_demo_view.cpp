@@ -1,12 +1,13 @@
 #include "ui/demo/gesture_demo_view.h"
 
-#include "gesture_demo_accessible.h"
 #include "ui/controls/popover.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/frame_pace.h"
 #include "ui/demo/gesture_demo.h"
 #include "ui/demo/still_moment.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QScreen>
 #include <chrono>
@@ -22,11 +23,18 @@ std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
     return demo::untilNextFrame(now, demo::framePeriod(view.screen()->refreshRate()));
 }
 
+// Exposes a demonstration to assistive technology as an animation instead of an unnamed pane. Qt
+// calls this factory for every widget class; nullptr leaves the widget to the other factories.
+QAccessibleInterface* accessibleDemo(const QString& /*className*/, QObject* object) {
+    auto* const view = dynamic_cast<GestureDemoView*>(object);
+    return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Animation);
+}
+
 } // namespace
 
-GestureDemoView::GestureDemoView(GestureType shown, QWidget* parent, Clock clock)
-    : QWidget(parent), gesture(shown), now(std::move(clock)), untilNextFrame(this) {
-    demo::announceDemosAsAnimations();
+GestureDemoView::GestureDemoView(GestureType gesture, QWidget* parent, Clock now)
+    : QWidget(parent), gesture(gesture), now(std::move(now)), untilNextFrame(this) {
+    QAccessible::installFactory(accessibleDemo); // idempotent
     setFocusPolicy(Qt::NoFocus);
     untilNextFrame.setTimerType(Qt::PreciseTimer);
     untilNextFrame.setSingleShot(true);

@@ -29,8 +29,8 @@ public:
     // Returns seconds. The loop starts at each multiple of its length.
     using Clock = std::function<double()>;
 
-    explicit GestureDemoView(GestureType shown, QWidget* parent = nullptr,
-                             Clock clock = secondsSinceReferenceDate);
+    explicit GestureDemoView(GestureType gesture, QWidget* parent = nullptr,
+                             Clock now = secondsSinceReferenceDate);
 
     void setGesture(GestureType shown);
     GestureType shownGesture() const { return gesture; }

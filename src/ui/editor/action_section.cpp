@@ -13,12 +13,12 @@
 
 namespace glidemap {
 
-ActionSection::ActionSection(BindingDraft& shown, const Workspace& desktop,
-                             std::shared_ptr<KeyPresses> keys, Lang& language, QWidget* parent)
-    : FormSection(parent), draft(shown), workspace(desktop), lang(language), kinds(new Picker),
+ActionSection::ActionSection(BindingDraft& draft, const Workspace& workspace,
+                             std::shared_ptr<KeyPresses> keys, Lang& lang, QWidget* parent)
+    : FormSection(parent), draft(draft), workspace(workspace), lang(lang), kinds(new Picker),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
-      recorder(new ShortcutRecorderView(std::move(keys), language)),
-      target(new ApplicationPicker(desktop, launchableApps, language)),
+      recorder(new ShortcutRecorderView(std::move(keys), lang)),
+      target(new ApplicationPicker(workspace, launchableApps, lang)),
       targetLabel(new StyledLabel(TextStyle::body, Role::primary)),
       noOverview(new StyledLabel(TextStyle::caption, Role::secondary)) {
     noOverview->setObjectName("noOverview");

@@ -25,8 +25,8 @@ class ShortcutRecorderView;
 
 class ActionSection : public FormSection {
 public:
-    ActionSection(BindingDraft& shown, const Workspace& desktop, std::shared_ptr<KeyPresses> keys,
-                  Lang& language, QWidget* parent = nullptr);
+    ActionSection(BindingDraft& draft, const Workspace& workspace, std::shared_ptr<KeyPresses> keys,
+                  Lang& lang, QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.
     std::function<void()> onEdit;

@@ -28,9 +28,9 @@ QIcon iconNamed(const std::optional<std::string>& name, const QSize& size) {
 
 } // namespace
 
-ApplicationPicker::ApplicationPicker(const Workspace& asked, Offer offered, Lang& language,
+ApplicationPicker::ApplicationPicker(const Workspace& workspace, Offer offer, Lang& lang,
                                      QWidget* parent)
-    : Picker(parent), workspace(asked), offer(std::move(offered)), lang(language) {
+    : Picker(parent), workspace(workspace), offer(std::move(offer)), lang(lang) {
     reload();
     connect(this, &QComboBox::currentIndexChanged, this, [this](int index) { pick(index); });
     toLanguage = lang.changes().subscribe({}, [this] { reload(); });

@@ -24,7 +24,7 @@ public:
     // Returns the applications to offer, from the workspace's current state.
     using Offer = std::function<std::vector<RunningApp>(const Workspace&)>;
 
-    ApplicationPicker(const Workspace& asked, Offer offered, Lang& language,
+    ApplicationPicker(const Workspace& workspace, Offer offer, Lang& lang,
                       QWidget* parent = nullptr);
 
     void setSelection(std::optional<RunningApp> selection); // does not call onPick

@@ -40,6 +40,29 @@ GestureBinding* find(BindingList& list, const std::optional<Uuid>& wanted) {
 
 } // namespace
 
+std::string label(ActionKind kind, const Lang& lang) {
+    switch (kind) {
+    case ActionKind::keyboardShortcut:
+        return lang.choose("Keyboard Shortcut", "键盘快捷键");
+    case ActionKind::lockScreen:
+        return lang.choose("Lock Screen", "锁定屏幕");
+    case ActionKind::missionControl:
+        return "Mission Control"; // a product name, not translated
+    case ActionKind::launchApp:
+        break;
+    }
+    return lang.choose("Open App", "打开 App");
+}
+
+std::string_view rawValue(ScopeKind kind) {
+    return kind == ScopeKind::global ? "global" : "app";
+}
+
+std::string label(ScopeKind kind, const Lang& lang) {
+    return kind == ScopeKind::global ? lang.choose("Global", "全局")
+                                     : lang.choose("Specific App", "指定 App");
+}
+
 void BindingDraft::load(const GestureBinding& binding) {
     gesture = binding.gesture;
     std::visit(LoadAction{*this}, binding.action);

@@ -10,13 +10,36 @@
 
 #include "bindings/binding_store.h"
 #include "bindings/gesture_binding.h"
-#include "ui/editor/action_kind.h"
+#include "core/lang.h"
 #include "ui/editor/running_app.h"
-#include "ui/editor/scope_kind.h"
 
+#include <array>
+#include <cstdint>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace glidemap {
+
+// The kinds of action and of scope that a binding can have, in the order of the menus. A label is in
+// the interface language at the time of the call.
+enum class ActionKind : std::uint8_t { keyboardShortcut, lockScreen, missionControl, launchApp };
+
+inline constexpr std::array allActionKinds = {
+    ActionKind::keyboardShortcut,
+    ActionKind::lockScreen,
+    ActionKind::missionControl,
+    ActionKind::launchApp,
+};
+
+std::string label(ActionKind kind, const Lang& lang = Lang::shared());
+
+enum class ScopeKind : std::uint8_t { global, app };
+
+inline constexpr std::array allScopeKinds = {ScopeKind::global, ScopeKind::app};
+
+std::string_view rawValue(ScopeKind kind);
+std::string label(ScopeKind kind, const Lang& lang = Lang::shared());
 
 struct BindingDraft {
     GestureType gesture = allGestureTypes.front();

@@ -45,13 +45,13 @@ std::string whatIsMissing(BindingDraft::Missing missing, const Lang& lang) {
 
 } // namespace
 
-BindingEditor::BindingEditor(const Services& given, std::optional<GestureBinding> edited,
+BindingEditor::BindingEditor(const Services& services, std::optional<GestureBinding> existing,
                              QWidget* parent)
-    : QWidget(parent), services(given), existing(std::move(edited)),
+    : QWidget(parent), services(services), existing(std::move(existing)),
       title(new StyledLabel(TextStyle::headline, Role::primary)),
-      gestureSection(new GestureSection(draft, given.lang)),
-      actionSection(new ActionSection(draft, given.workspace, given.keys, given.lang)),
-      scopeSection(new ScopeSection(draft, given.workspace, given.lang)),
+      gestureSection(new GestureSection(draft, services.lang)),
+      actionSection(new ActionSection(draft, services.workspace, services.keys, services.lang)),
+      scopeSection(new ScopeSection(draft, services.workspace, services.lang)),
       cancelButton(new QPushButton), saveButton(new QPushButton) {
     setObjectName("bindingEditor");
     loadExisting();
@@ -137,7 +137,7 @@ void BindingEditor::save() {
     leave();
 }
 
-void BindingEditor::leave() {
+void BindingEditor::leave() const {
     if (dismiss) {
         dismiss();
     }

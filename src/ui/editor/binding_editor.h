@@ -62,7 +62,7 @@ private:
     void layOut();
     QWidget* makeForm();
     QWidget* makeButtons();
-    void leave();
+    void leave() const;
     void refreshSave();
     void retitle();
     void alignPickers();

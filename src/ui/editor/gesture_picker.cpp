@@ -1,16 +1,114 @@
 #include "ui/editor/gesture_picker.h"
 
-#include "ui/editor/gesture_list.h"
+#include "ui/controls/searchable_list.h"
+#include "ui/demo/gesture_demo_view.h"
+#include "ui/editor/gesture_search.h"
 #include "ui/theme/symbol.h"
 #include "ui/theme/text.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <functional>
+#include <utility>
+#include <vector>
 
 namespace glidemap {
 
 namespace {
+
+constexpr int listWidth = 300;
+constexpr int roomForEntries = 290;
+constexpr int demoHeight = 110;
+
+SearchableList::Entry entryOf(GestureType gesture, const Lang& lang) {
+    return {.text = toQt(displayName(gesture, lang)),
+            .icon = symbolIcon(symbolName(gesture), Role::accent),
+            .value = static_cast<int>(gesture)};
+}
+
+std::vector<SearchableList::Group> findEntries(const QString& typed, const Lang& lang) {
+    std::vector<SearchableList::Group> groups;
+    for (const FoundGestures& found : findGestures(typed.toStdString())) {
+        SearchableList::Group group{toQt(displayName(found.category, lang)), {}};
+        for (const GestureType gesture : found.gestures) {
+            group.entries.push_back(entryOf(gesture, lang));
+        }
+        groups.push_back(std::move(group));
+    }
+    return groups;
+}
+
+// The catalogue of gestures as a list by category with a search, below the demonstration of the
+// highlighted gesture. If the search finds nothing, the list says so and the demonstration stays.
+class GestureList : public QWidget {
+public:
+    GestureList(GestureType chosen, Lang& lang, const QString& search, QWidget* parent = nullptr);
+
+    std::function<void(GestureType)> onChoose;
+
+    // Called when Tab is pressed, to move the focus on.
+    std::function<void()> onLeave;
+
+private:
+    void demonstrate(GestureType gesture);
+    void retitle();
+
+    Lang& lang;
+    GestureDemoView* demo;
+    SearchableList* entries;
+    Subscription toLanguage;
+};
+
+GestureList::GestureList(GestureType chosen, Lang& lang, const QString& search, QWidget* parent)
+    : QWidget(parent), lang(lang), demo(new GestureDemoView(chosen)),
+      entries(new SearchableList(
+          [this](const QString& typed) { return findEntries(typed, this->lang); },
+          static_cast<int>(chosen), search)) {
+    demo->setObjectName("browsedGesture");
+    demo->setFixedHeight(demoHeight);
+    entries->setPartNames("gestureSearch", "gestureList");
+    entries->setRoomForEntries(roomForEntries);
+    setFixedWidth(listWidth);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(8);
+    column->addWidget(demo);
+    column->addWidget(entries);
+    setFocusProxy(entries);
+    entries->onChoose = [this](int value) {
+        if (onChoose) {
+            onChoose(static_cast<GestureType>(value)); // may end this list
+        }
+    };
+    entries->onBrowse = [this](int value) {
+        demonstrate(static_cast<GestureType>(value));
+    };
+    entries->onLeave = [this](bool /*forward*/) {
+        if (onLeave) {
+            onLeave();
+        }
+    };
+    toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
+    demonstrate(chosen);
+    retitle();
+}
+
+void GestureList::demonstrate(GestureType gesture) {
+    demo->setGesture(gesture);
+    demo->setAccessibleName(toQt(displayName(gesture, lang)));
+}
+
+void GestureList::retitle() {
+    entries->setTexts({
+        .find = toQt(lang.choose("Search gestures", "搜索手势")),
+        .clear = toQt(lang.choose("Clear", "清除")),
+        .list = toQt(lang.choose("Trackpad gesture", "触控板手势")),
+        .nothingFound = toQt(lang.choose("No matching gestures", "没有匹配的手势")),
+        .currentChoice = toQt(lang.choose("Current choice", "当前选择")),
+    });
+}
 
 // Whether the key types something, rather than doing something.
 bool types(const QKeyEvent& event) {
@@ -26,7 +124,7 @@ bool opens(int key) {
 
 } // namespace
 
-GesturePicker::GesturePicker(Lang& language, QWidget* parent) : Picker(parent), lang(language) {
+GesturePicker::GesturePicker(Lang& lang, QWidget* parent) : Picker(parent), lang(lang) {
     for (const GestureType gesture : allGestureTypes) {
         addItem(toQt(displayName(gesture, lang)));
     }
@@ -92,20 +190,20 @@ void GesturePicker::hideEvent(QHideEvent* event) {
     Picker::hideEvent(event);
 }
 
-// Leaves other keys to the sheet: Return saves, Escape cancels.
+// Leaves other keys to the sheet: Return saves, Escape cancels. QComboBox would search for them.
 void GesturePicker::keyPressEvent(QKeyEvent* event) {
     if (opens(event->key())) {
         showPopup();
     } else if (types(*event)) {
         open(event->text());
     } else {
-        QWidget::keyPressEvent(event);
+        QWidget::keyPressEvent(event); // NOLINT(bugprone-parent-virtual-call): skips QComboBox
     }
 }
 
 void GesturePicker::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
-        QWidget::mousePressEvent(event);
+        QWidget::mousePressEvent(event); // NOLINT(bugprone-parent-virtual-call): skips QComboBox
     } else if (isOpen()) {
         hidePopup();
     } else {

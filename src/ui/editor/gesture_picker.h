@@ -18,7 +18,7 @@ namespace glidemap {
 
 class GesturePicker : public Picker {
 public:
-    explicit GesturePicker(Lang& language, QWidget* parent = nullptr);
+    explicit GesturePicker(Lang& lang, QWidget* parent = nullptr);
     ~GesturePicker() override;
 
     GestureType gesture() const;

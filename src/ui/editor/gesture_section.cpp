@@ -31,10 +31,10 @@ QWidget* padded(QWidget* demo) {
 
 } // namespace
 
-GestureSection::GestureSection(BindingDraft& edited, Lang& language, QWidget* parent)
-    : FormSection(parent), draft(edited), lang(language), picker(new GesturePicker(language)),
+GestureSection::GestureSection(BindingDraft& draft, Lang& lang, QWidget* parent)
+    : FormSection(parent), draft(draft), lang(lang), picker(new GesturePicker(lang)),
       pickerLabel(new StyledLabel(TextStyle::body, Role::primary)),
-      demo(new GestureDemoView(edited.gesture)),
+      demo(new GestureDemoView(draft.gesture)),
       detailLabel(caption(Role::secondary, "gestureDetail")),
       clickWarning(caption(Role::orange, "clickWarning")) {
     picker->setObjectName("gesturePicker");
@@ -45,7 +45,7 @@ GestureSection::GestureSection(BindingDraft& edited, Lang& language, QWidget* pa
     addToLastRow(detailLabel);
     addToLastRow(clickWarning);
     picker->onPick = [this](GestureType gesture) {
-        draft.gesture = gesture;
+        this->draft.gesture = gesture;
         refresh();
         if (onEdit) {
             onEdit();

@@ -21,7 +21,7 @@ class GesturePicker;
 
 class GestureSection : public FormSection {
 public:
-    GestureSection(BindingDraft& edited, Lang& language, QWidget* parent = nullptr);
+    GestureSection(BindingDraft& draft, Lang& lang, QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.
     std::function<void()> onEdit;

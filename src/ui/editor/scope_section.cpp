@@ -8,12 +8,12 @@
 
 namespace glidemap {
 
-ScopeSection::ScopeSection(BindingDraft& shown, const Workspace& workspace, Lang& language,
+ScopeSection::ScopeSection(BindingDraft& draft, const Workspace& workspace, Lang& lang,
                            QWidget* parent)
-    : FormSection(parent), draft(shown), lang(language),
+    : FormSection(parent), draft(draft), lang(lang),
       kindsLabel(new StyledLabel(TextStyle::body, Role::primary)),
       kinds(new SegmentedControl(static_cast<int>(allScopeKinds.size()))),
-      app(new ApplicationPicker(workspace, runningApps, language)),
+      app(new ApplicationPicker(workspace, runningApps, lang)),
       appLabel(new StyledLabel(TextStyle::body, Role::primary)) {
     kinds->setObjectName("scopePicker");
     app->setObjectName("scopeAppPicker");

@@ -22,7 +22,7 @@ class SegmentedControl;
 
 class ScopeSection : public FormSection {
 public:
-    ScopeSection(BindingDraft& shown, const Workspace& workspace, Lang& language,
+    ScopeSection(BindingDraft& draft, const Workspace& workspace, Lang& lang,
                  QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.

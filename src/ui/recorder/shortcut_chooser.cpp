@@ -47,12 +47,13 @@ std::vector<SearchableList::Group> findEntries(const QString& text, const Lang& 
 
 } // namespace
 
-ShortcutChooser::ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& language,
+ShortcutChooser::ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& lang,
                                  QWidget* parent)
-    : QWidget(parent), lang(language), key(shown ? std::optional(shown->keyCode) : std::nullopt),
+    : QWidget(parent), lang(lang), key(shown ? std::optional(shown->keyCode) : std::nullopt),
       modifiers(shown ? shown->modifiers & storedModifiers : 0),
-      keys(new SearchableList([this](const QString& typed) { return findEntries(typed, lang); },
-                              key ? std::optional<int>(*key) : std::nullopt, {})) {
+      keys(new SearchableList(
+          [this](const QString& typed) { return findEntries(typed, this->lang); },
+          key ? std::optional<int>(*key) : std::nullopt, {})) {
     setObjectName("shortcutChooser");
     setMinimumWidth(smallestWidth);
     keys->setPartNames("keySearch", "keyList");

@@ -25,8 +25,7 @@ class SearchableList;
 
 class ShortcutChooser : public QWidget {
 public:
-    ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& language,
-                    QWidget* parent = nullptr);
+    ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& lang, QWidget* parent = nullptr);
 
     // Called with each shortcut that the user makes.
     std::function<void(const KeyShortcut&)> onChange;

@@ -27,9 +27,9 @@ constexpr std::uint64_t storedModifiers =
 
 } // namespace
 
-ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresses, Lang& language,
+ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keys, Lang& lang,
                                            QWidget* parent)
-    : QWidget(parent), keys(std::move(keyPresses)), lang(language),
+    : QWidget(parent), keys(std::move(keys)), lang(lang),
       label(new StyledLabel(TextStyle::body, Role::primary)), button(new QPushButton),
       chooseButton(new SymbolButton("keyboard", Role::secondary)) {
     setObjectName("shortcutRecorder");

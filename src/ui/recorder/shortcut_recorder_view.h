@@ -35,8 +35,7 @@ class ShortcutRecorderView : public QWidget {
 public:
     static constexpr int smallestLabel = 160;
 
-    ShortcutRecorderView(std::shared_ptr<KeyPresses> keyPresses, Lang& language,
-                         QWidget* parent = nullptr);
+    ShortcutRecorderView(std::shared_ptr<KeyPresses> keys, Lang& lang, QWidget* parent = nullptr);
     ~ShortcutRecorderView() override;
 
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }

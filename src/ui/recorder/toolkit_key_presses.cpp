@@ -42,9 +42,9 @@ bool isModifierKey(std::optional<std::uint16_t> keyCode, int key) {
 
 } // namespace
 
-ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware,
-                                     std::unique_ptr<DesktopKeys> desktopKeys)
-    : keys(std::move(hardware)), desktop(std::move(desktopKeys)) {
+ToolkitKeyPresses::ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> keys,
+                                     std::unique_ptr<DesktopKeys> desktop)
+    : keys(std::move(keys)), desktop(std::move(desktop)) {
     monitor.onPress = [this](const QKeyEvent& event) {
         press(event);
     };

@@ -21,8 +21,8 @@ namespace glidemap {
 class ToolkitKeyPresses : public KeyPresses {
 public:
     // Without desktop keys the desktop keeps its own.
-    explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware,
-                               std::unique_ptr<DesktopKeys> desktopKeys = nullptr);
+    explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> keys,
+                               std::unique_ptr<DesktopKeys> desktop = nullptr);
 
     void start(std::function<void(const Press&)> handler) override;
     void stop() override;

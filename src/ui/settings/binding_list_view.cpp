@@ -2,7 +2,6 @@
 
 #include "bindings/shadowed_bindings.h"
 #include "ui/settings/binding_selection.h"
-#include "ui/settings/list_accessibility.h"
 #include "ui/theme/style/paint.h"
 
 #include <QAccessible>
@@ -58,9 +57,9 @@ private:
     static constexpr int lineInset = 10;
 };
 
-BindingListView::BindingListView(const Lang& language, QWidget* parent)
-    : QWidget(parent), lang(language), area(new QScrollArea(this)), ground(new Ground),
-      present(*this, *ground, language, whatRowsAsk()) {
+BindingListView::BindingListView(const Lang& lang, QWidget* parent)
+    : QWidget(parent), lang(lang), area(new QScrollArea(this)), ground(new Ground),
+      present(*this, *ground, lang, whatRowsAsk()) {
     describeListsToAssistance();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);

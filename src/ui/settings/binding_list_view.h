@@ -33,7 +33,7 @@ namespace glidemap {
 
 class BindingListView : public QWidget {
 public:
-    explicit BindingListView(const Lang& language, QWidget* parent = nullptr);
+    explicit BindingListView(const Lang& lang, QWidget* parent = nullptr);
 
     // Selects and shows a binding that was appended.
     void setBindings(std::shared_ptr<const BindingList> list);
@@ -92,5 +92,9 @@ private:
     BindingRows present;
     Subscription toTheme;
 };
+
+// Exposes the bindings to assistive technology as a list with items (list_accessibility.cpp).
+// Idempotent.
+void describeListsToAssistance();
 
 } // namespace glidemap

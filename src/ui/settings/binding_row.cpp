@@ -78,9 +78,8 @@ int BindingRow::usualHeight() {
            2 * verticalPadding;
 }
 
-BindingRow::BindingRow(GestureBinding given, Callbacks calledBack, const Lang& language,
-                       QWidget* parent)
-    : QWidget(parent), shown(std::move(given)), callbacks(std::move(calledBack)), lang(language),
+BindingRow::BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& lang, QWidget* parent)
+    : QWidget(parent), shown(std::move(shown)), callbacks(std::move(callbacks)), lang(lang),
       content(new QWidget(this)) {
     setObjectName("bindingRow");
     setAttribute(Qt::WA_Hover);

@@ -40,7 +40,7 @@ public:
         std::function<void()> onDelete;
     };
 
-    BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& language,
+    BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& lang,
                QWidget* parent = nullptr);
     ~BindingRow() override;
 

@@ -21,8 +21,8 @@ bool hasFocusInside(const BindingRow& row) {
 
 } // namespace
 
-BindingRows::BindingRows(QWidget& owner, QWidget& under, const Lang& language, Callbacks reported)
-    : list(owner), ground(under), lang(language), callbacks(std::move(reported)) {}
+BindingRows::BindingRows(QWidget& list, QWidget& ground, const Lang& lang, Callbacks callbacks)
+    : list(list), ground(ground), lang(lang), callbacks(std::move(callbacks)) {}
 
 // The list is in destruction, so the focus that returns from a preview must not be reported to it.
 BindingRows::~BindingRows() {

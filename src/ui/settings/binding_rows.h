@@ -35,7 +35,7 @@ public:
     };
 
     // The list filters the rows' events, and precedes them in the tab order.
-    BindingRows(QWidget& list, QWidget& ground, const Lang& language, Callbacks callbacks);
+    BindingRows(QWidget& list, QWidget& ground, const Lang& lang, Callbacks callbacks);
     BindingRows(const BindingRows&) = delete;
     BindingRows& operator=(const BindingRows&) = delete;
     ~BindingRows();

@@ -1,5 +1,3 @@
-#include "ui/settings/list_accessibility.h"
-
 #include "ui/settings/binding_list_view.h"
 
 #include <QAccessibleWidget>
@@ -24,7 +22,7 @@ BindingListView* listAround(const QWidget* row) {
 // A binding out of sight has no row, but still counts and is readable for assistive technology.
 class AbsentRow : public QAccessibleInterface {
 public:
-    AbsentRow(const BindingListView& list, std::size_t place) : shown(list), index(place) {}
+    AbsentRow(const BindingListView& shown, std::size_t index) : shown(shown), index(index) {}
 
     std::size_t place() const { return index; }
 

@@ -77,8 +77,8 @@ void notify(const std::function<void(bool)>& listener, bool on) {
 
 } // namespace
 
-SettingsHeader::SettingsHeader(Lang& given, QWidget* parent)
-    : QWidget(parent), lang(given), whole(new QBoxLayout(QBoxLayout::LeftToRight, this)),
+SettingsHeader::SettingsHeader(Lang& lang, QWidget* parent)
+    : QWidget(parent), lang(lang), whole(new QBoxLayout(QBoxLayout::LeftToRight, this)),
       controls(new QHBoxLayout) {
     whole->setContentsMargins(padding, padding, padding, padding);
     whole->setSpacing(spacing);

@@ -27,7 +27,7 @@ class Switch;
 
 class SettingsHeader : public QWidget {
 public:
-    explicit SettingsHeader(Lang& language, QWidget* parent = nullptr);
+    explicit SettingsHeader(Lang& lang, QWidget* parent = nullptr);
 
     // Do not call the callbacks below.
     void setLaunchesAtLogin(bool on);

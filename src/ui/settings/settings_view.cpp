@@ -2,13 +2,15 @@
 
 #include "ui/controls/separator.h"
 #include "ui/controls/sheet.h"
+#include "ui/controls/styled_label.h"
+#include "ui/controls/symbol_label.h"
 #include "ui/editor/binding_editor.h"
 #include "ui/settings/activity_footer.h"
 #include "ui/settings/binding_list_view.h"
-#include "ui/settings/empty_state.h"
 #include "ui/settings/notices.h"
 #include "ui/settings/settings_header.h"
 #include "ui/settings/undo_bar.h"
+#include "ui/theme/text.h"
 
 #include <QEvent>
 #include <QVBoxLayout>
@@ -20,14 +22,52 @@ namespace glidemap {
 namespace {
 
 constexpr QMargins aroundList(12, 12, 12, 12);
+constexpr int emptyStatePadding = 12;
+constexpr int emptyStateDrawing = 64;
 
 } // namespace
 
-SettingsView::SettingsView(Services given, QWidget* parent)
-    : QWidget(parent), services(std::move(given)), loginItem(*services.loginItems, *services.lang),
-      header(new SettingsHeader(*services.lang, this)), notices(new Notices(this)),
-      emptyState(new EmptyState(this)), list(new BindingListView(*services.lang, this)),
-      undoBar(new UndoBar(*services.lang, this)), footer(new ActivityFooter(this)) {
+// The text and button in place of the list while there are no bindings. The text wraps.
+class SettingsView::EmptyState : public QWidget {
+public:
+    explicit EmptyState(QWidget* parent);
+
+    void retitle(const Lang& lang);
+
+private:
+    StyledLabel* text;
+};
+
+SettingsView::EmptyState::EmptyState(QWidget* parent)
+    : QWidget(parent), text(new StyledLabel(TextStyle::body, Role::secondary, this)) {
+    setObjectName("emptyState");
+    text->setObjectName("emptyStateText");
+    text->setAlignment(Qt::AlignCenter);
+    text->setWordWrap(true);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(emptyStatePadding, emptyStatePadding, emptyStatePadding,
+                               emptyStatePadding);
+    layout->setSpacing(16);
+    layout->addStretch(1);
+    layout->addWidget(new SymbolLabel("hand.draw", Role::tertiary, emptyStateDrawing, this), 0,
+                      Qt::AlignHCenter);
+    layout->addWidget(text);
+    layout->addStretch(1);
+}
+
+void SettingsView::EmptyState::retitle(const Lang& lang) {
+    text->setText(toQt(lang.choose(
+        "No bindings yet — click \"Add Binding\" in the top-right corner to create one.",
+        "还没有绑定，点右上角「添加绑定」创建一个。")));
+}
+
+SettingsView::SettingsView(Services services, QWidget* parent)
+    : QWidget(parent), services(std::move(services)),
+      loginItem(*this->services.loginItems, *this->services.lang),
+      header(new SettingsHeader(*this->services.lang, this)), notices(new Notices(this)),
+      emptyState(new EmptyState(this)), list(new BindingListView(*this->services.lang, this)),
+      undoBar(new UndoBar(*this->services.lang, this)), footer(new ActivityFooter(this)) {
     lay();
     listen();
     observe();

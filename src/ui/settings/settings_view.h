@@ -28,7 +28,6 @@ namespace glidemap {
 
 class ActivityFooter;
 class BindingListView;
-class EmptyState;
 class Notices;
 class SettingsHeader;
 class UndoBar;
@@ -62,6 +61,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    class EmptyState;
+
     void lay();
     void listen();
     void observe();

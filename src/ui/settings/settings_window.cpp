@@ -56,7 +56,7 @@ QSize sizeOf(const WindowGeometry& geometry, QSize largest) {
 
 SettingsWindow::SettingsWindow(SettingsView::Services services,
                                std::shared_ptr<WindowGeometryStore> geometryStore, QWidget* parent)
-    : QWidget(parent), remembered(std::move(geometryStore)),
+    : QWidget(parent), geometryStore(std::move(geometryStore)),
       content(new SettingsView(std::move(services), this)) {
     presentAs<SettingsWindow, QAccessible::Window>();
     setObjectName("settingsWindow");
@@ -77,7 +77,7 @@ SettingsWindow::~SettingsWindow() {
 
 // Fits the window on one screen: the previous screen may be smaller now, or disconnected.
 void SettingsWindow::goWhereItWas() {
-    const auto last = remembered != nullptr ? remembered->read() : std::nullopt;
+    const auto last = geometryStore != nullptr ? geometryStore->read() : std::nullopt;
     QRect place(QPoint(), contentSize);
     place.moveCenter(screen()->availableGeometry().center());
     if (last && makesSense(*last)) {
@@ -100,11 +100,11 @@ void SettingsWindow::hideEvent(QHideEvent* event) {
 }
 
 void SettingsWindow::rememberPlace() {
-    if (remembered == nullptr) {
+    if (geometryStore == nullptr) {
         return;
     }
     const QRect normal = isMaximized() ? normalGeometry() : QRect(pos(), size());
-    remembered->write({normal.x(), normal.y(), normal.width(), normal.height(), isMaximized()});
+    geometryStore->write({normal.x(), normal.y(), normal.width(), normal.height(), isMaximized()});
 }
 
 } // namespace glidemap

@@ -34,7 +34,7 @@ private:
     void goWhereItWas();
     void rememberPlace();
 
-    std::shared_ptr<WindowGeometryStore> remembered;
+    std::shared_ptr<WindowGeometryStore> geometryStore;
     SettingsView* content;
 };
 

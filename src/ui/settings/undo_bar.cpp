@@ -13,9 +13,8 @@
 
 namespace glidemap {
 
-UndoBar::UndoBar(const Lang& language, QWidget* parent, std::chrono::milliseconds stay)
-    : QWidget(parent), lang(language),
-      label(new ElidedLabel(TextStyle::callout, Role::primary, this)),
+UndoBar::UndoBar(const Lang& lang, QWidget* parent, std::chrono::milliseconds stay)
+    : QWidget(parent), lang(lang), label(new ElidedLabel(TextStyle::callout, Role::primary, this)),
       button(new QPushButton(this)) {
     presentAs<UndoBar, QAccessible::Notification>();
     setObjectName("undoBar");

@@ -25,7 +25,7 @@ class UndoBar : public QWidget {
 public:
     static constexpr std::chrono::milliseconds usualStay{10000};
 
-    explicit UndoBar(const Lang& language, QWidget* parent = nullptr,
+    explicit UndoBar(const Lang& lang, QWidget* parent = nullptr,
                      std::chrono::milliseconds stay = usualStay);
 
     // Shows the bar until its time-out.

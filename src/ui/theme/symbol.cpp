@@ -96,8 +96,8 @@ QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels)
 // Draws in the current colours of the theme, at the requested size and resolution.
 class SymbolEngine : public QIconEngine {
 public:
-    SymbolEngine(std::string_view name, Role colorRole, int size)
-        : symbol(name), role(colorRole), points(size) {}
+    SymbolEngine(std::string_view symbol, Role role, int points)
+        : symbol(symbol), role(role), points(points) {}
 
     QIconEngine* clone() const override { return new SymbolEngine(*this); }
 

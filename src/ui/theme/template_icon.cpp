@@ -68,9 +68,8 @@ class Engine : public PixmapIconEngine {
 public:
     using Draw = QPixmap (*)(std::string_view symbol, int size, double strength);
 
-    Engine(std::string_view drawnSymbol, QString nameInTheme, double drawnStrength, Draw drawing)
-        : symbol(drawnSymbol), themeName(std::move(nameInTheme)), strength(drawnStrength),
-          draw(drawing) {}
+    Engine(std::string_view symbol, QString themeName, double strength, Draw draw)
+        : symbol(symbol), themeName(std::move(themeName)), strength(strength), draw(draw) {}
 
     QIconEngine* clone() const override { return new Engine(*this); }
     QString iconName() override { return themeName; }

@@ -22,7 +22,7 @@ std::shared_ptr<AppearanceSettings>& sharedSettings() {
 // Watches the desktop's palette and font. The application may be destroyed before it.
 class Theme::DesktopWatch : public QObject {
 public:
-    DesktopWatch(Theme& watching, QApplication& application) : theme(watching) {
+    DesktopWatch(Theme& theme, QApplication& application) : theme(theme) {
         application.installEventFilter(this);
     }
 
@@ -51,9 +51,9 @@ void Theme::configureShared(std::shared_ptr<AppearanceSettings> settings) {
     sharedSettings() = std::move(settings);
 }
 
-Theme::Theme(std::shared_ptr<AppearanceSettings> asked) : settings(std::move(asked)) {
-    if (settings != nullptr) {
-        toSettings = settings->changes().subscribe({}, [this] { refresh(); });
+Theme::Theme(std::shared_ptr<AppearanceSettings> settings) : settings(std::move(settings)) {
+    if (this->settings != nullptr) {
+        toSettings = this->settings->changes().subscribe({}, [this] { refresh(); });
     }
 }
 

@@ -97,7 +97,7 @@ public:
 private:
     class DesktopWatch;
 
-    explicit Theme(std::shared_ptr<AppearanceSettings> asked);
+    explicit Theme(std::shared_ptr<AppearanceSettings> settings);
     ~Theme();
     void refresh();
     void readPalette();

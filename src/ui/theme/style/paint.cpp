@@ -16,7 +16,7 @@ constexpr double ringWidth = 2;
 // Saves the painter's state and restores it.
 class Drawing {
 public:
-    explicit Drawing(QPainter& used) : painter(used) {
+    explicit Drawing(QPainter& painter) : painter(painter) {
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
     }

@@ -1,4 +1,4 @@
-#include "app/update_outcome.h"
+#include "app/alert_texts.h"
 
 #include <variant>
 
@@ -31,6 +31,35 @@ AlertText newVersion(const std::string& version, const std::string& current, con
 }
 
 } // namespace
+
+AlertText unansweredText(const Lang& lang) {
+    return informationalAlert(
+        lang.choose("Glidemap is not responding", "Glidemap 没有响应"),
+        lang.choose("Glidemap is already running, but its window cannot be shown. End it and start "
+                    "it again, or log out and back in.",
+                    "Glidemap 已在运行，但无法显示窗口。请结束它后重新启动，或注销后重新登录。"),
+        lang);
+}
+
+AlertText withoutLockText(const Lang& lang) {
+    return informationalAlert(
+        lang.choose("Glidemap could not start", "Glidemap 无法启动"),
+        lang.choose(
+            "Glidemap cannot write to its runtime folder, so it cannot check whether it is already "
+            "running. Check the folder's permissions.",
+            "Glidemap 无法写入运行时文件夹，因此无法确认是否已在运行。请检查该文件夹的权限。"),
+        lang);
+}
+
+AlertText noStatusBarText(const Lang& lang) {
+    return informationalAlert(
+        lang.choose("This desktop has no status bar", "此桌面没有状态栏"),
+        lang.choose(
+            "Glidemap keeps running in the background. To open its settings, start it again. To "
+            "quit, press Ctrl+Q in the settings window.",
+            "Glidemap 会在后台继续运行。再次启动即可打开设置；在设置窗口中按 Ctrl+Q 可退出。"),
+        lang);
+}
 
 AlertText updateOutcome(const UpdateResult& result,
                         const std::optional<std::string>& currentVersion, const Lang& lang) {
