@@ -1,39 +1,10 @@
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 
 #include "platform/linux/keyboard/lifted_typing.h"
-#include "platform/linux/keyboard/x11_server.h"
 
-#include <cstdlib>
-#include <string_view>
 #include <utility>
 
 namespace glidemap {
-
-namespace {
-
-bool isSet(const char* variable) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-}
-
-// False under Wayland: Xwayland sees only keys that are typed into X11 windows.
-bool isX11Session() {
-    const char* type = std::getenv("XDG_SESSION_TYPE");
-    const bool isWayland =
-        isSet("WAYLAND_DISPLAY") || (type != nullptr && std::string_view(type) == "wayland");
-    return isSet("DISPLAY") && !isWayland;
-}
-
-} // namespace
-
-std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop) {
-    if (!isX11Session()) {
-        return nullptr;
-    }
-    auto server = X11Server::connect();
-    return server != nullptr ? std::make_unique<X11HeldModifiers>(desktop, std::move(server))
-                             : nullptr;
-}
 
 X11HeldModifiers::X11HeldModifiers(DesktopThread& desktopThread,
                                    std::unique_ptr<XKeyServer> connected)

@@ -1,0 +1,39 @@
+#include "platform/linux/keyboard/session_held_modifiers.h"
+
+#include "platform/linux/keyboard/sway_held_modifiers.h"
+#include "platform/linux/keyboard/x11_held_modifiers.h"
+#include "platform/linux/keyboard/x11_server.h"
+
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+namespace glidemap {
+
+namespace {
+
+std::string variable(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+// False under Wayland: Xwayland sees only keys that are typed into X11 windows.
+bool isX11Session() {
+    const bool isWayland =
+        !variable("WAYLAND_DISPLAY").empty() || variable("XDG_SESSION_TYPE") == "wayland";
+    return !variable("DISPLAY").empty() && !isWayland;
+}
+
+} // namespace
+
+std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop) {
+    if (!isX11Session()) {
+        const std::string socket = variable("SWAYSOCK");
+        return !socket.empty() ? std::make_unique<SwayHeldModifiers>(desktop, socket) : nullptr;
+    }
+    auto server = X11Server::connect();
+    return server != nullptr ? std::make_unique<X11HeldModifiers>(desktop, std::move(server))
+                             : nullptr;
+}
+
+} // namespace glidemap
