@@ -1,10 +1,11 @@
 // Shortcuts while the user holds modifiers on a physical keyboard, at a real X server: the events
 // that the focused window receives, and the modifiers that are held afterwards.
 
+#include "ordinary_keyboard.h"
 #include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/keyboard/session_held_modifiers.h"
 #include "platform/linux/keyboard/uinput_key_device.h"
 #include "platform/linux/keyboard/uinput_keyboard.h"
-#include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "process.h"
 #include "virtual_pad.h"
 #include "x_desktop.h"
@@ -25,16 +26,6 @@ namespace {
 constexpr std::uint64_t control = 0x40000;
 constexpr std::uint16_t t = 17;
 constexpr int keyCodeOffset = 8;
-
-PadShape ordinaryKeyboard() {
-    PadShape shape;
-    shape.name = "Ordinary Keyboard";
-    shape.bus = BUS_USB;
-    for (int key = KEY_ESC; key <= KEY_COMPOSE; ++key) {
-        shape.keys.insert(key);
-    }
-    return shape;
-}
 
 using Keys = std::vector<std::string>;
 

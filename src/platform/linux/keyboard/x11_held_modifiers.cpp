@@ -1,32 +1,10 @@
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 
-#include "platform/linux/desktop/environment.h"
 #include "platform/linux/keyboard/lifted_typing.h"
-#include "platform/linux/keyboard/x11_server.h"
 
 #include <utility>
 
 namespace glidemap {
-
-namespace {
-
-// False under Wayland: Xwayland sees only keys that are typed into X11 windows.
-bool isX11Session() {
-    const bool isWayland = !fromEnvironment("WAYLAND_DISPLAY").empty() ||
-                           fromEnvironment("XDG_SESSION_TYPE") == "wayland";
-    return !fromEnvironment("DISPLAY").empty() && !isWayland;
-}
-
-} // namespace
-
-std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop) {
-    if (!isX11Session()) {
-        return nullptr;
-    }
-    auto server = X11Server::connect();
-    return server != nullptr ? std::make_unique<X11HeldModifiers>(desktop, std::move(server))
-                             : nullptr;
-}
 
 X11HeldModifiers::X11HeldModifiers(DesktopThread& desktopThread,
                                    std::unique_ptr<XKeyServer> connected)

@@ -12,7 +12,7 @@
 //
 // Thread:  type() on any thread; the rest runs on the desktop thread.
 // Owner:   the virtual keyboard.
-// Errors:  none; the factory returns null outside X11, or if the server lacks an extension.
+// Errors:  none.
 #pragma once
 
 #include "platform/linux/desktop/desktop_thread.h"
@@ -25,9 +25,6 @@
 #include <vector>
 
 namespace glidemap {
-
-// Null if held modifiers cannot be determined. The desktop thread must outlive the result.
-std::unique_ptr<HeldModifiers> heldModifiersOfThisSession(DesktopThread& desktop);
 
 class X11HeldModifiers : public HeldModifiers {
 public:

@@ -5,7 +5,7 @@
 #include "platform/linux/access/input_trust.h"
 #include "platform/linux/access/linux_click_tap.h"
 #include "platform/linux/access/udev_input_nodes.h"
-#include "platform/linux/keyboard/x11_held_modifiers.h"
+#include "platform/linux/keyboard/session_held_modifiers.h"
 #include "platform/linux/session/linux_screen_lock.h"
 #include "platform/linux/session/linux_user_session.h"
 #include "platform/linux/thread_setup.h"

@@ -1,6 +1,7 @@
 // Types while keys are held, on a real X server. The server has no keyboard here; another program
 // holds the keys. Tests with the kernel's keyboards cover keys that a user holds.
 #include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/keyboard/session_held_modifiers.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "platform/linux/keyboard/x11_server.h"
 #include "x_stage.h"
@@ -113,9 +114,12 @@ TEST_F(X11ServerTest, UinputKeyboardTypesAfterTheServerExits) {
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST(HeldModifiersOfThisSessionTest, OnlyX11SessionsHaveHeldModifiers) {
+TEST(HeldModifiersOfThisSessionTest, OnlyX11AndSwaySessionsHaveHeldModifiers) {
     DesktopThread desktop;
     unsetenv("DISPLAY");
+    setenv("SWAYSOCK", "/nowhere/sway", 1);
+    EXPECT_NE(heldModifiersOfThisSession(desktop), nullptr);
+    unsetenv("SWAYSOCK");
     EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);
     setenv("DISPLAY", ":not-a-display", 1);
     EXPECT_EQ(heldModifiersOfThisSession(desktop), nullptr);

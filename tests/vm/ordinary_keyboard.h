@@ -1,0 +1,23 @@
+// The keyboard of a user, to be created with uinput.
+//
+// Thread:  any.
+// Errors:  none.
+#pragma once
+
+#include "recorded_pad.h"
+
+#include <linux/input.h>
+
+namespace glidemap::vm {
+
+inline PadShape ordinaryKeyboard() {
+    PadShape shape;
+    shape.name = "Ordinary Keyboard";
+    shape.bus = BUS_USB;
+    for (int key = KEY_ESC; key <= KEY_COMPOSE; ++key) {
+        shape.keys.insert(key);
+    }
+    return shape;
+}
+
+} // namespace glidemap::vm

@@ -1,0 +1,186 @@
+// Shortcuts on sway while the user holds a modifier on a physical keyboard: the bindings that sway
+// runs.
+
+#include "deadline.h"
+#include "ordinary_keyboard.h"
+#include "platform/linux/desktop/desktop_thread.h"
+#include "platform/linux/keyboard/session_held_modifiers.h"
+#include "platform/linux/keyboard/uinput_key_device.h"
+#include "platform/linux/keyboard/uinput_keyboard.h"
+#include "process.h"
+#include "virtual_pad.h"
+
+#include <gtest/gtest.h>
+#include <linux/input.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace glidemap::vm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* seatProgram = "/usr/sbin/seatd";
+constexpr const char* swayProgram = "/usr/bin/sway";
+constexpr const char* folder = "/run/sway";
+constexpr const char* socketPath = "/run/sway/ipc";
+constexpr const char* configuration = "/run/sway/config";
+
+constexpr std::uint64_t control = 0x40000;
+constexpr std::uint16_t t = 17;
+
+// sway reads the kernel's keyboards through a seat daemon, and draws to no screen.
+class SwayKeyboardTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        for (const char* const program : {seatProgram, swayProgram}) {
+            if (!fs::exists(program)) {
+                GTEST_SKIP() << "no " << program << " is installed";
+            }
+        }
+        auto ours = std::make_unique<UinputKeyDevice>();
+        ASSERT_TRUE(ours->plugIn());
+        device = std::move(ours);
+        ASSERT_EQ(Process({"/usr/bin/udevadm", "settle"}).waitForEnd(), 0);
+        startSway();
+    }
+
+    void startSway() {
+        fs::remove_all(folder); // an earlier sway leaves its socket
+        fs::create_directory(folder);
+        std::ofstream(configuration) << "seat seat0 fallback true\n"
+                                        "bindsym Control+t exec echo typed Control T\n"
+                                        "bindsym Control+Shift+t exec echo typed Control Shift T\n"
+                                        "bindsym Shift+b exec echo typed Shift B\n"
+                                        "bindsym b exec echo typed B\n"
+                                        "exec_always echo configured\n";
+        ASSERT_EQ(Process({"/usr/bin/chown", "-R", "nobody", folder}).waitForEnd(), 0);
+        fs::permissions(folder, fs::perms::owner_all);
+        seat.emplace(std::vector<std::string>{"/usr/bin/env", "SEATD_VTBOUND=0", seatProgram, "-u",
+                                              "nobody"});
+        ASSERT_TRUE(seat->waitForError("seatd started"));
+        sway.emplace(
+            std::vector<std::string>{
+                "/usr/bin/env", "LIBSEAT_BACKEND=seatd", "WLR_BACKENDS=headless,libinput",
+                "WLR_RENDERER=pixman", std::string("XDG_RUNTIME_DIR=") + folder,
+                std::string("SWAYSOCK=") + socketPath, swayProgram, "-c", configuration},
+            Process::User::nobody);
+        ASSERT_TRUE(sway->waitForOutput("configured"));
+    }
+
+    void press(int key) { users.write({{EV_KEY, static_cast<std::uint16_t>(key), 1}}); }
+    void release(int key) { users.write({{EV_KEY, static_cast<std::uint16_t>(key), 0}}); }
+
+    static void postControlT(UinputKeyboard& keyboard) {
+        const KeyEvent events[] = {{t, true, control}, {t, false, control}};
+        keyboard.post(events);
+    }
+
+    // Returns the next line about a typed key.
+    std::string nextTyped() {
+        const std::string all = "typed ";
+        EXPECT_TRUE(sway->waitForLines(all, ++countOfTyped, std::chrono::seconds(60)));
+        const std::size_t last = sway->output().rfind(all);
+        return last != std::string::npos
+                   ? sway->output().substr(last, sway->output().find('\n', last) - last)
+                   : "";
+    }
+
+    void holdShift() {
+        press(KEY_LEFTSHIFT);
+        press(KEY_B);
+        release(KEY_B);
+        EXPECT_EQ(nextTyped(), "typed Shift B");
+    }
+
+    // sway reads its socket and the keyboards in any order, so the first shortcuts may come too
+    // early.
+    bool becomesPlain(UinputKeyboard& keyboard) {
+        const Deadline deadline;
+        while (!deadline.passed()) {
+            postControlT(keyboard);
+            if (nextTyped() == "typed Control T") {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    static bool waitForOurKeyboard(bool isThere) {
+        const Deadline deadline;
+        while (!deadline.passed()) {
+            Process question({"/usr/bin/swaymsg", "-s", socketPath, "-t", "get_inputs"});
+            question.waitForEnd();
+            if ((question.output().find("Glidemap_Keyboard") != std::string::npos) == isThere) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    VirtualPad users{ordinaryKeyboard(), "usb/keyboard"};
+    std::unique_ptr<UinputKeyDevice> device;
+    std::optional<Process> seat;
+    std::optional<Process> sway;
+    std::size_t countOfTyped = 0;
+};
+
+// Why the next test needs what it tests.
+TEST_F(SwayKeyboardTest, HeldShiftJoinsTheShortcutOfAKeyboardInTheSameGroup) {
+    UinputKeyboard keyboard(std::move(device), nullptr);
+    postControlT(keyboard);
+    EXPECT_EQ(nextTyped(), "typed Control T");
+    press(KEY_LEFTSHIFT);
+    press(KEY_B);
+    release(KEY_B);
+    EXPECT_EQ(nextTyped(), "typed Shift B");
+    postControlT(keyboard);
+    EXPECT_EQ(nextTyped(), "typed Control Shift T");
+    release(KEY_LEFTSHIFT);
+}
+
+TEST_F(SwayKeyboardTest, HeldShiftStaysOutOfTheShortcutAndRemainsHeld) {
+    setenv("SWAYSOCK", socketPath, 1);
+    DesktopThread thread;
+    UinputKeyboard keyboard(std::move(device), heldModifiersOfThisSession(thread));
+    holdShift();
+    EXPECT_TRUE(becomesPlain(keyboard));
+    for (int time = 0; time < 3; ++time) {
+        postControlT(keyboard);
+        EXPECT_EQ(nextTyped(), "typed Control T");
+        press(KEY_B);
+        release(KEY_B);
+        EXPECT_EQ(nextTyped(), "typed Shift B");
+    }
+    release(KEY_LEFTSHIFT);
+    press(KEY_B);
+    release(KEY_B);
+    EXPECT_EQ(nextTyped(), "typed B");
+}
+
+TEST_F(SwayKeyboardTest, HeldShiftStaysOutOfTheShortcutOfANewKeyboardAfterAReload) {
+    setenv("SWAYSOCK", socketPath, 1);
+    DesktopThread thread;
+    UinputKeyboard keyboard(std::move(device), heldModifiersOfThisSession(thread));
+    holdShift();
+    EXPECT_TRUE(becomesPlain(keyboard));
+    ASSERT_EQ(Process({"/usr/bin/swaymsg", "-s", socketPath, "reload"}).waitForEnd(), 0);
+    ASSERT_TRUE(sway->waitForLines("configured", 2, std::chrono::seconds(60)));
+    keyboard.unplug();
+    ASSERT_TRUE(waitForOurKeyboard(false));
+    ASSERT_TRUE(keyboard.plugIn());
+    ASSERT_TRUE(waitForOurKeyboard(true));
+    EXPECT_TRUE(becomesPlain(keyboard));
+    release(KEY_LEFTSHIFT);
+}
+
+} // namespace
+} // namespace glidemap::vm
