@@ -1,6 +1,7 @@
 #include "app/alert.h"
 #include "app/app_delegate.h"
 #include "app/delegate_stage.h"
+#include "app/no_status_bar.h"
 #include "app/refusal.h"
 #include "app/update_outcome.h"
 #include "screenshots/photograph.h"
