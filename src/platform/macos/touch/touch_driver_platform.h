@@ -2,6 +2,7 @@
 // framework, which returns a Core Foundation array.
 //
 // Thread:  the main thread, on startup.
+// Errors:  none here; the device manager reports a framework that it cannot load.
 #pragma once
 
 #include "input/multitouch_device_manager.h"
