@@ -3,6 +3,9 @@
 
 namespace glidemap::doubles {
 
+// Creates the shared center, which lives until the program exits.
+void makeDistributedCenter();
+
 // Like the system, delivers only to observers that do not wait until the program is frontmost.
 void postDistributed(const char* name);
 

@@ -50,6 +50,10 @@ std::vector<Registration> observers;
 }
 @end
 
+void glidemap::doubles::makeDistributedCenter() {
+    [NSDistributedNotificationCenter defaultCenter];
+}
+
 void glidemap::doubles::postDistributed(const char* name) {
     NSNotification* const notice =
         [NSNotification notificationWithName:[NSString stringWithUTF8String:name]

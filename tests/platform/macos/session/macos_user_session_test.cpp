@@ -1,5 +1,6 @@
 #include "cocoa_test.h"
 #include "doubles/distributed.h"
+#include "doubles/preferences.h"
 #include "platform/macos/session/macos_user_session.h"
 
 #include <memory>
@@ -27,7 +28,17 @@ State stateOf(const MacosUserSession& session) {
     return {session.isActive(), session.isLocked(), session.isAsleep()};
 }
 
-class MacosUserSessionTest : public CocoaTest {
+// Created before the fixture counts the living objects.
+struct SharedCenter {
+    SharedCenter() { doubles::makeDistributedCenter(); }
+};
+
+class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
+protected:
+    MacosUserSessionStartTest() { doubles::preferences() = {}; } // which also create the texts
+};
+
+class MacosUserSessionTest : public MacosUserSessionStartTest {
 protected:
     // Posts as the system does, and counts the resulting changes.
     int changesAfter(void (*post)(const char*), const char* name) {
@@ -93,8 +104,6 @@ TEST_F(MacosUserSessionTest, OtherNotificationsChangeNothing) {
     EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceScreensDidSleepNotification"), 0);
     EXPECT_EQ(stateOf(session), State());
 }
-
-class MacosUserSessionStartTest : public CocoaTest {};
 
 TEST_F(MacosUserSessionStartTest, ReadsTheFirstStateFromTheWindowServer) {
     doubles::quartz().isOnConsole = false;
