@@ -64,7 +64,7 @@ std::shared_ptr<AppleEvents> handleAppleEvents(MainQueue& mainQueue,
                                                const std::shared_ptr<ApplicationShell>& shell,
                                                const std::function<void()>& reopened) {
     const auto events = std::make_shared<AppleEvents>();
-    mainQueue.submit([weak = std::weak_ptr(events), shell, reopened] {
+    mainQueue.submit([weak = std::weak_ptr(events), shell = shell, reopened = reopened] {
         if (const auto held = weak.lock()) {
             held->reopen.emplace(AppleEvent::Kind::reopen, reopened);
             // Qt would first refuse and quit later, which cancels a logout.
