@@ -23,7 +23,7 @@ endforeach()
 
 set(darwin ${CMAKE_CURRENT_LIST_DIR}/../tests/darwin)
 get_filename_component(darwin ${darwin} ABSOLUTE)
-set(doubles ${darwin}/../macos/doubles)
+set(doubles ${darwin}/../platform/macos/doubles)
 get_filename_component(doubles ${doubles} ABSOLUTE)
 
 # Headers of a Mac that a C library for Linux also has. Unlisted headers are not found.

@@ -42,8 +42,9 @@ endfunction()
 # Assigns headers to each target registered since the last call, with the compiler options of the calling folder.
 # Call it at the end of a tree.
 function(glidemap_assign_precompiled_headers tree)
-    # On a Mac, two languages and targets with blocks would each need separate headers.
-    if(NOT GLIDEMAP_HOME STREQUAL "linux")
+    # On a Mac, targets with blocks would need separate headers. A build for a Mac on Linux compiles everything with blocks.
+    # What it does not see for lack of an #include, the preset `macos-fakes` sees with the same C++ library.
+    if(NOT GLIDEMAP_HOME STREQUAL "linux" AND NOT CMAKE_CROSSCOMPILING)
         return()
     endif()
     get_property(targets GLOBAL PROPERTY GLIDEMAP_PRECOMPILED_TARGETS)

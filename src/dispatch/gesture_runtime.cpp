@@ -67,11 +67,9 @@ void GestureRuntime::followSession() {
     }
     if (isRunning) {
         pause();
-        return;
+    } else {
+        resume();
     }
-    resume();
-    // Finds a touchpad that was attached meanwhile: start() does not scan again.
-    parts->engine->lookForDevices();
 }
 
 void GestureRuntime::resume() {

@@ -82,6 +82,16 @@ TEST_F(GestureRuntimeTest, ANotificationWithoutAChangeIsIgnored) {
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
 }
 
+TEST_F(GestureRuntimeTest, ANewlyActiveSessionLooksForDevicesOnce) {
+    runtime->start();
+    int scans = 0;
+    const Subscription subscription = pad.manager.changes().subscribe({}, [&scans] { ++scans; });
+    session->setActive(false);
+    EXPECT_EQ(scans, 0);
+    session->setActive(true);
+    EXPECT_EQ(scans, 1);
+}
+
 TEST_F(GestureRuntimeTest, FingersThatRestDuringASessionChangeAreNoGesture) {
     runtime->start();
     pad.play(fingers(3).startingAt(1).down().until(1.1));

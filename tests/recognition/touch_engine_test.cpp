@@ -265,6 +265,32 @@ TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeUnregisteringIt) {
     EXPECT_FALSE(manager.isRunning());
 }
 
+TEST_F(TouchEngineDriverTest, ARestartListsTheDevicesOnce) {
+    engine->start();
+    engine->stop();
+    const std::string stopped = driver.calls();
+    engine->start();
+    EXPECT_EQ(driver.calls(),
+              stopped + "; create list; register a; start a 0; register b; start b 0");
+    engine->stop();
+}
+
+TEST_F(TouchEngineDriverTest, ARestartFindsTheFirstDevice) {
+    MultitouchDeviceManager growing(testDriver("growing-list"));
+    const TestDriverLibrary library(growing);
+    const auto other =
+        TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &growing});
+    other->start();
+    EXPECT_FALSE(growing.isRunning());
+    other->stop();
+    library.attach(1);
+    other->start();
+    EXPECT_TRUE(growing.isRunning());
+    EXPECT_EQ(growing.loadError(), std::nullopt);
+    other->stop();
+    library.attach(0);
+}
+
 TEST_F(TouchEngineDriverTest, LooksForDevicesOnlyWhileStarted) {
     engine->lookForDevices();
     EXPECT_EQ(driver.calls(), "");

@@ -2,6 +2,7 @@
 // once.
 //
 // Thread:  any; the owned object has its own rules.
+// Owner:   one variable at a time: it can be moved and not copied.
 // Errors:  if the function failed, get() returns null. Null is never released, because CFRelease()
 //          would crash.
 #pragma once

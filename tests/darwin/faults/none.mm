@@ -12,11 +12,16 @@ static_assert(std::is_same_v<std::int64_t, long long>);
 
 extern "C" void glidemapNewerCall() API_AVAILABLE(macos(14.0));
 
+@interface NSWorkspace (Newer)
+- (void)glidemapNewerMethod API_AVAILABLE(macos(14.0));
+@end
+
 CGEventRef (*create)(CGEventSourceRef, CGKeyCode, bool) = &CGEventCreateKeyboardEvent;
 
 void guarded() {
     if (__builtin_available(macOS 14.0, *)) {
         glidemapNewerCall();
+        [[NSWorkspace sharedWorkspace] glidemapNewerMethod];
     }
 }
 

@@ -3,6 +3,7 @@
 // The system calls it on the main run loop in the common modes. So it also sees clicks while a menu
 // or an alert is open. Watching costs almost nothing, so the tap is never paused.
 //
+// Units:   button numbers of Core Graphics: 0 left, 1 right.
 // Thread:  the main thread, for its calls and for the callback.
 // Owner:   the program creates one for the click monitor. The system makes no calls after its
 //          destruction.

@@ -5,6 +5,7 @@
 // default button. Only the key pressed last repeats, so the next press of any key ends this, and is
 // delivered normally.
 //
+// Units:   virtual key codes, and AppKit's device-independent modifier flags.
 // Thread:  the main thread, which the system also calls on.
 // Owner:   the shortcut recorder. The callback may destroy it; the system makes no calls after its
 //          destruction.

@@ -3,6 +3,7 @@
 // Each event carries only its own flags: held modifiers are not added, and no event of a modifier
 // key is sent.
 //
+// Units:   virtual key codes, and the flags of Core Graphics.
 // Thread:  the main thread.
 // Owner:   the program creates one for the action runner.
 // Errors:  none. If the system cannot create one of the events, for example without permission,

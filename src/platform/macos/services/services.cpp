@@ -12,6 +12,7 @@
 #include "platform/macos/keyboard/local_key_monitor.h"
 #include "platform/macos/keyboard/quartz_key_event_poster.h"
 #include "platform/macos/session/login_framework_lock.h"
+#include "platform/macos/session/macos_user_session.h"
 #include "platform/macos/session/main_app_login_item.h"
 #include "platform/macos/shell/apple_event.h"
 #include "platform/macos/shell/macos_application_shell.h"
@@ -152,6 +153,7 @@ Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
             .clickTap = std::make_shared<QuartzClickTap>(),
             .keyboard = std::make_shared<QuartzKeyEventPoster>(),
             .screenLock = std::make_shared<LoginFrameworkLock>(),
+            .session = std::make_shared<MacosUserSession>(),
             .loginItems = std::make_shared<MainAppLoginItem>(),
             .keyPresses = std::make_shared<LocalKeyMonitor>(),
             .windowGeometry = std::make_shared<QtWindowGeometry>(ownFolder() / "window.ini"),

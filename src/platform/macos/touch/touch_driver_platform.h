@@ -1,7 +1,11 @@
 // Finds the touch driver on macOS and reads its device list: the system's private trackpad
 // framework, which returns a Core Foundation array.
 //
+// Each list has new devices, even for the same trackpads. So a list that is created while devices
+// run would start them twice, and nothing on macOS reports that devices may have changed.
+//
 // Thread:  the main thread, on startup.
+// Errors:  none here; the device manager reports a framework that it cannot load.
 #pragma once
 
 #include "input/multitouch_device_manager.h"

@@ -44,6 +44,10 @@ TEST_F(MacosAppearanceTest, ObservesBeforeItReads) {
                                        match, motion));
 }
 
+TEST_F(MacosAppearanceTest, SheetsAreTheSystems) {
+    EXPECT_TRUE(MacosAppearance().showsSheets());
+}
+
 TEST_F(MacosAppearanceTest, ColorSchemeMatchesTheApplicationsAppearance) {
     struct Row {
         std::optional<std::string> bestMatch;

@@ -58,6 +58,10 @@ TEST(ApplicationServicesContract, HasTheInterfacesOfClicks) {
     EXPECT_TRUE((isThere<std::int64_t(CGEventRef, CGEventField)>(&CGEventGetIntegerValueField)));
 }
 
+TEST(ApplicationServicesContract, HasTheInterfacesOfTheSession) {
+    EXPECT_TRUE(isThere<CFDictionaryRef()>(&CGSessionCopyCurrentDictionary));
+}
+
 TEST(ApplicationServicesContract, HasTheInterfacesOfPermission) {
     EXPECT_TRUE(isThere<Boolean()>(&AXIsProcessTrusted));
     EXPECT_TRUE(isThere<Boolean(CFDictionaryRef)>(&AXIsProcessTrustedWithOptions));

@@ -29,6 +29,7 @@ TEST(CoreFoundationContract, HasTheInterfacesInUse) {
     EXPECT_TRUE((isThere<CFDictionaryRef(CFAllocatorRef, const void**, const void**, CFIndex,
                                          const CFDictionaryKeyCallBacks*,
                                          const CFDictionaryValueCallBacks*)>(&CFDictionaryCreate)));
+    EXPECT_TRUE((isThere<const void*(CFDictionaryRef, const void*)>(&CFDictionaryGetValue)));
     EXPECT_TRUE((isThere<CFRunLoopSourceRef(CFAllocatorRef, CFMachPortRef, CFIndex)>(
         &CFMachPortCreateRunLoopSource)));
     EXPECT_TRUE(isThere<void(CFMachPortRef)>(&CFMachPortInvalidate));

@@ -1,4 +1,5 @@
 #import <Foundation/Foundation.h>
+#import <Foundation/NSDistributedNotificationCenter.h>
 #import <Foundation/NSProcessInfo.h>
 #include <gtest/gtest.h>
 #include <objc/runtime.h>
@@ -60,6 +61,23 @@ static_assert(std::is_same_v<decltype([noCenter addObserverForName:noText
 static_assert(std::is_same_v<decltype([noCenter removeObserver:noObject]), void>);
 static_assert(
     std::is_convertible_v<decltype([static_cast<NSNotification*>(nil) userInfo]), NSDictionary*>);
+
+static_assert(NSNotificationSuspensionBehaviorDeliverImmediately == 4);
+constexpr NSDistributedNotificationCenter* noDistributedCenter = nullptr;
+static_assert(std::is_convertible_v<decltype([NSDistributedNotificationCenter defaultCenter]),
+                                    NSDistributedNotificationCenter*>);
+static_assert(
+    std::is_same_v<decltype([noDistributedCenter
+                              addObserver:noObject
+                                 selector:static_cast<SEL>(nullptr)
+                                     name:noText
+                                   object:nil
+                       suspensionBehavior:NSNotificationSuspensionBehaviorDeliverImmediately]),
+                   void>);
+static_assert(std::is_same_v<decltype([noDistributedCenter removeObserver:noObject
+                                                                     name:noText
+                                                                   object:nil]),
+                             void>);
 
 static_assert(sizeof(NSKeyValueObservingOptions) == sizeof(NSUInteger));
 static_assert(
@@ -129,6 +147,11 @@ TEST(FoundationContract, HasNotificationsAndObservation) {
                                 @selector(addObserverForName:object:queue:usingBlock:)));
     EXPECT_TRUE(instancesAnswer([NSNotificationCenter class], @selector(removeObserver:)));
     EXPECT_TRUE(instancesAnswer([NSNotification class], @selector(userInfo)));
+    const Class distributed = [NSDistributedNotificationCenter class];
+    EXPECT_TRUE(classAnswers(distributed, @selector(defaultCenter)));
+    EXPECT_TRUE(instancesAnswer(distributed,
+                                @selector(addObserver:selector:name:object:suspensionBehavior:)));
+    EXPECT_TRUE(instancesAnswer(distributed, @selector(removeObserver:name:object:)));
     for (const SEL method : {
              @selector(addObserver:forKeyPath:options:context:),
                  @selector(removeObserver:forKeyPath:context:),

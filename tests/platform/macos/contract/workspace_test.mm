@@ -74,8 +74,11 @@ TEST(WorkspaceContract, HasTheNames) {
     for (NSString* const name :
          {NSWorkspaceDidActivateApplicationNotification,
           NSWorkspaceDidTerminateApplicationNotification,
-          NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification, NSWorkspaceApplicationKey,
-          NSAppearanceNameAqua, NSAppearanceNameDarkAqua}) {
+          NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification,
+          NSWorkspaceSessionDidBecomeActiveNotification,
+          NSWorkspaceSessionDidResignActiveNotification, NSWorkspaceWillSleepNotification,
+          NSWorkspaceDidWakeNotification, NSWorkspaceScreensDidWakeNotification,
+          NSWorkspaceApplicationKey, NSAppearanceNameAqua, NSAppearanceNameDarkAqua}) {
         EXPECT_TRUE(name != nil);
     }
 }

@@ -4,6 +4,7 @@
 
 #include <ApplicationServices/ApplicationServices.h>
 
+#include <array>
 #include <sstream>
 
 namespace glidemap::doubles {
@@ -119,6 +120,21 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation location, CGEventTapPlacement 
 
 void CGEventTapEnable(CFMachPortRef port, bool enable) {
     note("CGEventTapEnable " + objectOf(port)->kind + (enable ? " true" : " false"));
+}
+
+CFDictionaryRef CGSessionCopyCurrentDictionary() {
+    static const CFStringRef onConsole = constantText("kCGSSessionOnConsoleKey");
+    static const CFStringRef locked = constantText("CGSSessionScreenIsLocked");
+    note("CGSessionCopyCurrentDictionary");
+    if (!quartz().hasSession) {
+        return nullptr;
+    }
+    std::array<const void*, 2> keys{onConsole, locked};
+    std::array<const void*, 2> values{quartz().isOnConsole ? kCFBooleanTrue : kCFBooleanFalse,
+                                      kCFBooleanTrue};
+    const CFIndex count = quartz().isLocked ? 2 : 1; // the last key is missing while unlocked
+    return CFDictionaryCreate(kCFAllocatorDefault, keys.data(), values.data(), count,
+                              &kCFTypeDictionaryKeyCallBacks, &kCFTypeDictionaryValueCallBacks);
 }
 
 CFStringRef kAXTrustedCheckOptionPrompt = constantText("AXTrustedCheckOptionPrompt");

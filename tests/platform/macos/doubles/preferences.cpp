@@ -110,6 +110,16 @@ Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSi
     return true;
 }
 
+// Its keys are constants, and the caller's key is a text.
+const void* CFDictionaryGetValue(CFDictionaryRef theDict, const void* key) {
+    for (const auto& [name, value] : entriesOf(theDict)) {
+        if (nameOf(name) == textIn(key)) {
+            return value;
+        }
+    }
+    return nullptr;
+}
+
 CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef key, CFStringRef applicationID) {
     EXPECT_EQ(applicationID, kCFPreferencesCurrentApplication);
     const auto found = preferences().stored.find(textIn(key));

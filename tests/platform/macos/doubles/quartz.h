@@ -12,6 +12,9 @@ struct Quartz {
     bool makesEventSources = true;
     int eventsThatCanBeMade = 1'000'000;
     bool permits = true; // the user has granted access
+    bool hasSession = true;
+    bool isOnConsole = true;
+    bool isLocked = false;
 };
 
 // The fixture's set-up resets it.

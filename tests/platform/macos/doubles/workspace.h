@@ -42,6 +42,9 @@ void end(const RunningApplication& application);
 // Posts an activation without its application.
 void noticeAnActivationOnly();
 
+// Posts a notification without further information.
+void postNotice(const char* name);
+
 void setReducesMotion(bool reduces);
 
 } // namespace glidemap::doubles

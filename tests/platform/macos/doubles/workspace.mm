@@ -38,6 +38,13 @@ NSNotificationName NSWorkspaceDidTerminateApplicationNotification =
     @"NSWorkspaceDidTerminateApplicationNotification";
 NSNotificationName const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification =
     @"NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification";
+NSNotificationName NSWorkspaceSessionDidBecomeActiveNotification =
+    @"NSWorkspaceSessionDidBecomeActiveNotification";
+NSNotificationName NSWorkspaceSessionDidResignActiveNotification =
+    @"NSWorkspaceSessionDidResignActiveNotification";
+NSNotificationName NSWorkspaceWillSleepNotification = @"NSWorkspaceWillSleepNotification";
+NSNotificationName NSWorkspaceDidWakeNotification = @"NSWorkspaceDidWakeNotification";
+NSNotificationName NSWorkspaceScreensDidWakeNotification = @"NSWorkspaceScreensDidWakeNotification";
 NSString* const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
 @implementation RecordingNotificationCenter
@@ -187,12 +194,16 @@ void noticeAnActivationOnly() {
                     userInfo:nil];
 }
 
-void setReducesMotion(bool reduces) {
-    workspace().reducesMotion = reduces;
+void postNotice(const char* name) {
     [[[NSWorkspace sharedWorkspace] notificationCenter]
-        postNotificationName:NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
+        postNotificationName:stringOf(name)
                       object:[NSWorkspace sharedWorkspace]
                     userInfo:nil];
+}
+
+void setReducesMotion(bool reduces) {
+    workspace().reducesMotion = reduces;
+    postNotice("NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification");
 }
 
 } // namespace glidemap::doubles

@@ -80,6 +80,8 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place
                                CGEventTapCallBack callback, void* userInfo);
 void CGEventTapEnable(CFMachPortRef tap, bool enable);
 
+CFDictionaryRef CGSessionCopyCurrentDictionary(void);
+
 extern CFStringRef kAXTrustedCheckOptionPrompt;
 Boolean AXIsProcessTrusted(void);
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options);

@@ -43,6 +43,7 @@ extern const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks;
 CFDictionaryRef CFDictionaryCreate(CFAllocatorRef allocator, const void** keys, const void** values,
                                    CFIndex numValues, const CFDictionaryKeyCallBacks* keyCallBacks,
                                    const CFDictionaryValueCallBacks* valueCallBacks);
+const void* CFDictionaryGetValue(CFDictionaryRef theDict, const void* key);
 
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef allocator, CFMachPortRef port,
                                                  CFIndex order);

@@ -1,0 +1,45 @@
+// Follows the state of the user's session: whether it is in front, whether its screen is locked,
+// and whether the machine sleeps.
+//
+//   workspace            session is in front or not ──────────▶ active
+//                        machine sleeps, machine or screens wake ──▶ asleep
+//   other processes      screen is locked or unlocked ────────▶ locked
+//   window server, once  the first state of active and locked
+//
+// The names of the lock's notifications are not documented. If the system does not send them, the
+// session counts as unlocked.
+//
+// Thread:  as every user session. The system notifies on the main thread.
+// Owner:   the program, before and longer than all its users. The system makes no calls after its
+//          destruction.
+// Errors:  none. Without a window server the session is active and unlocked.
+#pragma once
+
+#include "dispatch/user_session.h"
+
+#include <atomic>
+#include <memory>
+
+namespace glidemap {
+
+class MacosUserSession : public UserSession {
+public:
+    MacosUserSession();
+    ~MacosUserSession() override;
+
+    bool isActive() const override { return active; }
+    bool isLocked() const override { return locked; }
+    bool isAsleep() const override { return asleep; }
+
+private:
+    struct Following;
+
+    void set(std::atomic<bool>& value, bool now);
+
+    std::atomic<bool> active = true;
+    std::atomic<bool> locked = false;
+    std::atomic<bool> asleep = false;
+    std::unique_ptr<Following> following; // destroyed first
+};
+
+} // namespace glidemap

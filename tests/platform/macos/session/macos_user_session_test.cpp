@@ -1,0 +1,133 @@
+#include "cocoa_test.h"
+#include "doubles/distributed.h"
+#include "doubles/preferences.h"
+#include "platform/macos/session/macos_user_session.h"
+
+#include <memory>
+#include <optional>
+
+namespace glidemap {
+namespace {
+
+using doubles::postDistributed;
+using doubles::postNotice;
+using testing::AllOf;
+using testing::Each;
+using testing::HasSubstr;
+using testing::SizeIs;
+
+struct State {
+    bool isActive = true;
+    bool isLocked = false;
+    bool isAsleep = false;
+
+    friend bool operator==(const State&, const State&) = default;
+};
+
+State stateOf(const MacosUserSession& session) {
+    return {session.isActive(), session.isLocked(), session.isAsleep()};
+}
+
+// Created before the fixture counts the living objects.
+struct SharedCenter {
+    SharedCenter() { doubles::makeDistributedCenter(); }
+};
+
+class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
+protected:
+    MacosUserSessionStartTest() { doubles::preferences() = {}; } // which also create the texts
+};
+
+class MacosUserSessionTest : public MacosUserSessionStartTest {
+protected:
+    // Posts as the system does, and counts the resulting changes.
+    int changesAfter(void (*post)(const char*), const char* name) {
+        const int before = changes;
+        post(name);
+        return changes - before;
+    }
+
+    int changes = 0;
+    MacosUserSession session;
+    Subscription subscription = session.changes().subscribe({}, [this] { ++changes; });
+};
+
+TEST_F(MacosUserSessionTest, IsActiveUnlockedAndAwakeAtFirst) {
+    EXPECT_EQ(stateOf(session), State());
+}
+
+TEST_F(MacosUserSessionTest, FollowsUserSwitching) {
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceSessionDidResignActiveNotification"), 1);
+    EXPECT_EQ(stateOf(session), (State{.isActive = false}));
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceSessionDidBecomeActiveNotification"), 1);
+    EXPECT_EQ(stateOf(session), State());
+}
+
+TEST_F(MacosUserSessionTest, FollowsTheLockWhileAnotherProgramIsFrontmost) {
+    EXPECT_EQ(changesAfter(postDistributed, "com.apple.screenIsLocked"), 1);
+    EXPECT_EQ(stateOf(session), (State{.isLocked = true}));
+    EXPECT_EQ(changesAfter(postDistributed, "com.apple.screenIsUnlocked"), 1);
+    EXPECT_EQ(stateOf(session), State());
+}
+
+TEST_F(MacosUserSessionTest, FollowsSleep) {
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceWillSleepNotification"), 1);
+    EXPECT_EQ(stateOf(session), (State{.isAsleep = true}));
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceDidWakeNotification"), 1);
+    EXPECT_EQ(stateOf(session), State());
+}
+
+TEST_F(MacosUserSessionTest, WakingScreensEndSleepToo) {
+    postNotice("NSWorkspaceWillSleepNotification");
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceScreensDidWakeNotification"), 1);
+    EXPECT_EQ(stateOf(session), State());
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceDidWakeNotification"), 0);
+}
+
+TEST_F(MacosUserSessionTest, StatesAreIndependent) {
+    postDistributed("com.apple.screenIsLocked");
+    postNotice("NSWorkspaceWillSleepNotification");
+    postNotice("NSWorkspaceSessionDidResignActiveNotification");
+    EXPECT_EQ(stateOf(session), (State{.isActive = false, .isLocked = true, .isAsleep = true}));
+    postNotice("NSWorkspaceDidWakeNotification");
+    EXPECT_EQ(stateOf(session), (State{.isActive = false, .isLocked = true}));
+}
+
+TEST_F(MacosUserSessionTest, RepeatedNotificationsAnnounceNoChange) {
+    postDistributed("com.apple.screenIsLocked");
+    EXPECT_EQ(changesAfter(postDistributed, "com.apple.screenIsLocked"), 0);
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceSessionDidBecomeActiveNotification"), 0);
+}
+
+TEST_F(MacosUserSessionTest, OtherNotificationsChangeNothing) {
+    EXPECT_EQ(changesAfter(postDistributed, "com.apple.screensaver.didstart"), 0);
+    EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceScreensDidSleepNotification"), 0);
+    EXPECT_EQ(stateOf(session), State());
+}
+
+TEST_F(MacosUserSessionStartTest, ReadsTheFirstStateFromTheWindowServer) {
+    doubles::quartz().isOnConsole = false;
+    EXPECT_EQ(stateOf(MacosUserSession()), (State{.isActive = false}));
+    doubles::quartz() = {};
+    doubles::quartz().isLocked = true;
+    EXPECT_EQ(stateOf(MacosUserSession()), (State{.isLocked = true}));
+}
+
+TEST_F(MacosUserSessionStartTest, WithoutAWindowServerItIsActiveAndUnlocked) {
+    doubles::quartz().isOnConsole = false;
+    doubles::quartz().isLocked = true;
+    doubles::quartz().hasSession = false;
+    EXPECT_EQ(stateOf(MacosUserSession()), State());
+}
+
+TEST_F(MacosUserSessionStartTest, StopsObservingWhenItIsDestroyed) {
+    auto session = std::make_unique<MacosUserSession>();
+    const Lines added = journal();
+    session.reset();
+    const Lines removed = journal();
+    EXPECT_THAT(added, SizeIs(8)) << "seven observers, and one query";
+    EXPECT_THAT(removed, AllOf(SizeIs(7), Each(HasSubstr("remove"))));
+}
+
+} // namespace
+} // namespace glidemap
