@@ -2,9 +2,13 @@
 
 #include "bindings/atomic_write.h"
 #include "bindings/binding_json.h"
-#include "bindings/private_folder.h"
 #include "bindings/read_file.h"
 #include "core/log.h"
+#include "core/open_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,6 +31,21 @@ std::optional<BindingList> listIn(const std::filesystem::path& file) {
     auto decoded = decodeBindings(*text);
     auto* const list = std::get_if<BindingList>(&decoded);
     return list != nullptr ? std::optional(std::move(*list)) : std::nullopt;
+}
+
+// Creates a folder that only its owner can access, or revokes other users' permissions on an existing
+// one. A folder that belongs to another user is not changed. Errors are silent: reading or writing
+// a file in the folder then also fails.
+void makePrivateFolder(const std::filesystem::path& folder) {
+    constexpr mode_t othersRights = S_IRWXG | S_IRWXO;
+    mkdir(folder.c_str(), S_IRWXU);
+    const OpenFile opened(
+        retried([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    struct stat status {};
+    if (opened && fstat(opened.descriptor(), &status) == 0 && status.st_uid == geteuid() &&
+        (status.st_mode & othersRights) != 0) {
+        fchmod(opened.descriptor(), status.st_mode & ~static_cast<mode_t>(S_IFMT | othersRights));
+    }
 }
 
 } // namespace

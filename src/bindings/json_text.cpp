@@ -50,9 +50,8 @@ Decimal decimalIn(std::string_view number) {
     return decimal;
 }
 
-// The length of the valid number at the start of the text; 0 if it is invalid.
-std::size_t numberLength(std::string_view text) {
-    std::size_t end = 0;
+// Passes a number, or an invalid one as far as it is valid. Returns whether it is valid.
+bool passNumber(std::string_view text, std::size_t& end) {
     const auto passOne = [&](std::string_view characters) {
         const bool isThere =
             end < text.size() && characters.find(text[end]) != std::string_view::npos;
@@ -73,7 +72,7 @@ std::size_t numberLength(std::string_view text) {
         passOne("+-");
         isValid = passDigits();
     }
-    return isValid ? end : 0;
+    return isValid;
 }
 
 // The value of "\uXXXX" at the start of the text; 0 if there is none.
@@ -110,11 +109,9 @@ Token escapeAt(std::string_view text) {
 
 Token numberAt(std::string_view text) {
     constexpr std::string_view null = "null"; // no shorter number is too large
-    const std::size_t length = numberLength(text);
-    if (length == 0) {
-        return {text.find_first_not_of("+-.eE0123456789"), ""};
-    }
-    if (length < null.size() || decimalIn(text.substr(0, length)).wholeDigits() <= maxDigits) {
+    std::size_t length = 0;
+    if (!passNumber(text, length) || length < null.size() ||
+        decimalIn(text.substr(0, length)).wholeDigits() <= maxDigits) {
         return {length, ""};
     }
     Token token{length, std::string(length, ' ')};
@@ -157,7 +154,7 @@ std::optional<std::string> parsableJson(std::string_view text) {
             }
             changed->replace(place, token.replacement.size(), token.replacement);
         }
-        place += std::min(token.length, rest.size());
+        place += token.length;
     }
     return changed;
 }

@@ -1,6 +1,5 @@
-#include "recording/evemu_reader.h"
-
 #include "recording/evemu_line.h"
+#include "recording/format_readers.h"
 #include "recording/pad_records.h"
 
 #include <fstream>

@@ -1,5 +1,4 @@
-#include "recording/json_lines_reader.h"
-
+#include "recording/format_readers.h"
 #include "recording/json_line.h"
 
 #include <optional>

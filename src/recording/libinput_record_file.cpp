@@ -1,7 +1,5 @@
 #include "recording/libinput_record_file.h"
 
-#include "recording/line_buffer.h"
-
 #include <linux/input-event-codes.h>
 #include <yaml.h>
 

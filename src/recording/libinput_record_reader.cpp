@@ -1,5 +1,4 @@
-#include "recording/libinput_record_reader.h"
-
+#include "recording/format_readers.h"
 #include "recording/libinput_record_file.h"
 #include "recording/pad_records.h"
 

@@ -9,6 +9,11 @@ namespace {
 // Some editors write this before the first line.
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+bool isComment(const std::string& line) {
+    const auto start = line.find_first_not_of(" \t");
+    return start != std::string::npos && line[start] == '#';
+}
+
 } // namespace
 
 std::optional<std::string_view> LineReader::next() {
@@ -88,6 +93,22 @@ std::string_view LineReader::trimmed(std::size_t length) {
 
 bool isBlank(std::string_view line) {
     return line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+LineBuffer::int_type LineBuffer::underflow() {
+    const auto next = stuck ? std::nullopt : lines.next();
+    if (!next) {
+        return traits_type::eof();
+    }
+    line.assign(*next);
+    line += '\n';
+    buffered += isComment(line) ? 0 : line.size();
+    stuck = buffered > limit;
+    if (stuck) {
+        return traits_type::eof();
+    }
+    setg(line.data(), line.data(), line.data() + line.size());
+    return traits_type::to_int_type(line.front());
 }
 
 } // namespace glidemap

@@ -1,4 +1,5 @@
-// Splits a stream into numbered lines, with a look-ahead to detect the format of a recording.
+// Splits a stream into numbered lines, with a look-ahead to detect the format of a recording, and
+// joins lines to a stream again.
 //
 // Thread:  one; takes no lock.
 // Owner:   the recording's reader. Borrows the stream.
@@ -12,6 +13,7 @@
 #include <deque>
 #include <istream>
 #include <optional>
+#include <streambuf>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,5 +61,28 @@ private:
 
 // Returns whether a line contains only blanks.
 bool isBlank(std::string_view line);
+
+// Turns lines back into a stream, for a parser that needs one. Ends the stream early if the parser
+// reads far more than a value without progress: such a parser buffers its input, at hundreds of bytes
+// for each byte of text. An error of the lines ends the stream, too. Belongs to the parser's owner.
+class LineBuffer : public std::streambuf {
+public:
+    // `maxBuffered` is the number of bytes without progress; comment lines (`#`) do not count.
+    LineBuffer(LineReader& source, std::size_t maxBuffered) : lines(source), limit(maxBuffered) {}
+
+    // The parser has produced an event from its input.
+    void progress() { buffered = 0; }
+    bool isStuck() const { return stuck; }
+
+protected:
+    int_type underflow() override;
+
+private:
+    LineReader& lines;
+    std::size_t limit;
+    std::size_t buffered = 0;
+    bool stuck = false; // permanently
+    std::string line;
+};
 
 } // namespace glidemap

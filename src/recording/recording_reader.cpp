@@ -1,9 +1,7 @@
 #include "recording/recording_reader.h"
 
 #include "recording/evemu_line.h"
-#include "recording/evemu_reader.h"
-#include "recording/json_lines_reader.h"
-#include "recording/libinput_record_reader.h"
+#include "recording/format_readers.h"
 #include "recording/line_reader.h"
 
 #include <cerrno>

@@ -1,5 +1,5 @@
 // Reads arbitrary bytes as an evemu recording.
-#include "recording/evemu_reader.h"
+#include "recording/format_readers.h"
 #include "recording/line_reader.h"
 #include "recording_invariants.h"
 

@@ -1,5 +1,5 @@
 // Reads arbitrary bytes as the YAML of `libinput record`.
-#include "recording/libinput_record_reader.h"
+#include "recording/format_readers.h"
 #include "recording/line_reader.h"
 #include "recording_invariants.h"
 

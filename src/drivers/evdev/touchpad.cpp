@@ -18,6 +18,18 @@ double monotonicNow() {
 
 } // namespace
 
+bool Touchpad::isOpenAt(const std::string& otherNode) const {
+    return connection != nullptr && connection->node == otherNode;
+}
+
+std::optional<ClickInterception::Moment> Touchpad::nextLook() const {
+    return connection != nullptr ? connection->interception.nextLook() : std::nullopt;
+}
+
+bool Touchpad::isForwardedAndTouched() const {
+    return connection != nullptr && connection->interception.isTouched();
+}
+
 void Touchpad::addCallback(driver::ContactCallback callback) {
     if (callback != nullptr && std::ranges::find(callbacks, callback) == callbacks.end()) {
         callbacks.push_back(callback);

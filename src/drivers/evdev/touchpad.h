@@ -17,6 +17,7 @@
 #include "input/touch_driver.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,6 +51,11 @@ public:
     bool isWaiting() const { return started && connection == nullptr; }
     bool mayHaveReturned() const { return isWaiting() && !broken; }
     PadConnection* connected() const { return connection.get(); }
+    bool isOpenAt(const std::string& otherNode) const;
+
+    // When the forwarding next needs the reader; nullopt if not at all, or without a connection.
+    std::optional<ClickInterception::Moment> nextLook() const;
+    bool isForwardedAndTouched() const;
 
     // The node at which the touchpad was last seen; empty if it was never seen.
     const std::string& lastNode() const { return node; }

@@ -65,8 +65,7 @@ std::vector<driver::Device> TouchpadDriver::createList() {
 Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
                                     const std::vector<driver::Device>& taken) {
     for (const auto& touchpad : touchpads) {
-        const PadConnection* connection = touchpad->connected();
-        if (connection != nullptr && connection->node == candidate.node) {
+        if (touchpad->isOpenAt(candidate.node)) {
             return *touchpad;
         }
     }
@@ -84,10 +83,9 @@ Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
 // A descriptor outlives the rights to its node. The reader closes it.
 void TouchpadDriver::noteAccess(const PadCandidate& candidate) {
     for (const auto& touchpad : touchpads) {
-        PadConnection* connection = touchpad->connected();
-        if (connection != nullptr && connection->node == candidate.node &&
-            connection->mayBeRead != candidate.readable) {
-            connection->mayBeRead = candidate.readable;
+        if (touchpad->isOpenAt(candidate.node) &&
+            touchpad->connected()->mayBeRead != candidate.readable) {
+            touchpad->connected()->mayBeRead = candidate.readable;
             wakeReader();
         }
     }
@@ -196,10 +194,8 @@ bool TouchpadDriver::anyStarted() const {
 }
 
 bool TouchpadDriver::isOpen(const std::string& node) const {
-    return std::ranges::any_of(touchpads, [&node](const auto& touchpad) {
-        const PadConnection* connection = touchpad->connected();
-        return connection != nullptr && connection->node == node;
-    });
+    return std::ranges::any_of(touchpads,
+                               [&node](const auto& touchpad) { return touchpad->isOpenAt(node); });
 }
 
 // Tries the node where the touchpad was last seen, then every other node.
@@ -386,9 +382,7 @@ void TouchpadDriver::readDue() {
 std::optional<ClickInterception::Moment> TouchpadDriver::nextLook() const {
     std::optional<ClickInterception::Moment> earliest;
     for (const auto& touchpad : touchpads) {
-        const PadConnection* connection = touchpad->connected();
-        const auto next = connection != nullptr ? connection->interception.nextLook()
-                                                : std::optional<ClickInterception::Moment>();
+        const auto next = touchpad->nextLook();
         if (next.has_value() && (!earliest.has_value() || *next < *earliest)) {
             earliest = next;
         }
@@ -397,10 +391,7 @@ std::optional<ClickInterception::Moment> TouchpadDriver::nextLook() const {
 }
 
 bool TouchpadDriver::anyForwardedIsTouched() const {
-    return std::ranges::any_of(touchpads, [](const auto& touchpad) {
-        const PadConnection* connection = touchpad->connected();
-        return connection != nullptr && connection->interception.isTouched();
-    });
+    return std::ranges::any_of(touchpads, &Touchpad::isForwardedAndTouched, record);
 }
 
 void TouchpadDriver::updateWatch() {

@@ -1,16 +1,18 @@
 #include "drivers/evdev/udev_directory.h"
 
+#include "core/open_file.h"
 #include "drivers/evdev/evdev_pad.h"
 #include "drivers/evdev/touchpad_judgement.h"
 #include "drivers/evdev/udev_clone_watch.h"
 #include "drivers/evdev/udev_handles.h"
-#include "drivers/evdev/udev_watch.h"
 
 #include <fcntl.h>
+#include <sys/inotify.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -52,6 +54,63 @@ std::optional<NumberedCandidate> candidate(udev_device* event) {
     const bool readable = faccessat(AT_FDCWD, node, R_OK, AT_EACCESS) == 0;
     const unsigned number = minor(udev_device_get_devnum(event));
     return NumberedCandidate{number, {node, identity(device), readable}};
+}
+
+constexpr const char* nodeFolder = "/dev/input";
+
+// Becomes readable when a touchpad may have returned: udev has initialised an input device, or a
+// node's access rights have changed. The rights may change long after the node appears: the seated
+// user gets access later, and a switch of session changes only the rights. A source that cannot be
+// watched is ignored. Used on the reader's thread.
+class UdevWatch : public ReturnWatch {
+public:
+    UdevWatch();
+
+    std::array<int, 2> descriptors() const override;
+    void acknowledge() override;
+
+private:
+    void watchNodes();
+
+    UdevHandle<udev> context;
+    UdevHandle<udev_monitor> monitor;
+    OpenFile nodeChanges;
+};
+
+UdevWatch::UdevWatch() : context(udev_new()), nodeChanges(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    if (context != nullptr) {
+        monitor.reset(udev_monitor_new_from_netlink(context.get(), "udev"));
+    }
+    if (monitor != nullptr) {
+        udev_monitor_filter_add_match_subsystem_devtype(monitor.get(), "input", nullptr);
+        udev_monitor_enable_receiving(monitor.get());
+    }
+    watchNodes();
+}
+
+// /dev/input disappears with its last node and reappears with its first, so the watch is added each
+// time. If the folder is already watched, this has no effect.
+void UdevWatch::watchNodes() {
+    if (nodeChanges) {
+        inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);
+    }
+}
+
+std::array<int, 2> UdevWatch::descriptors() const {
+    return {monitor != nullptr ? udev_monitor_get_fd(monitor.get()) : -1, nodeChanges.descriptor()};
+}
+
+void UdevWatch::acknowledge() {
+    while (monitor != nullptr) {
+        const UdevHandle<udev_device> device(udev_monitor_receive_device(monitor.get()));
+        if (device == nullptr) {
+            break;
+        }
+    }
+    alignas(inotify_event) std::array<char, 4096> events;
+    while (nodeChanges && read(nodeChanges.descriptor(), events.data(), events.size()) > 0) {
+    }
+    watchNodes();
 }
 
 } // namespace

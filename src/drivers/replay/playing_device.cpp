@@ -1,10 +1,17 @@
 #include "drivers/replay/playing_device.h"
 
+#include "recording/recording_reader.h"
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -32,6 +39,24 @@ double seconds(Clock::time_point time) {
 
 Clock::duration clockDuration(double duration) {
     return std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(duration));
+}
+
+void complain(const std::string& problem) {
+    std::fprintf(stderr, "Glidemap's replay driver: %s\n", problem.c_str());
+}
+
+std::optional<std::vector<Record>> readWhole(const char* path) {
+    const auto reader = openRecordingFile(path, path);
+    std::vector<Record> records;
+    Record record;
+    while (reader->next(record)) {
+        records.push_back(record);
+    }
+    if (reader->error()) {
+        complain(text(*reader->error()));
+        return std::nullopt;
+    }
+    return records;
 }
 
 } // namespace
@@ -174,6 +199,22 @@ void PlayingDevice::stop() {
     if (stopped != nullptr) {
         stopped->end();
     }
+}
+
+std::unique_ptr<ReplayDevice> deviceFromEnvironment() {
+    const char* path = std::getenv("GLIDEMAP_RECORDING");
+    if (path == nullptr || *path == '\0') {
+        complain("GLIDEMAP_RECORDING does not name a recording");
+        return nullptr;
+    }
+    auto records = readWhole(path);
+    if (!records) {
+        return nullptr;
+    }
+    const char* loop = std::getenv("GLIDEMAP_RECORDING_LOOP");
+    const bool loops = loop != nullptr && std::string_view(loop) == "1";
+    return std::make_unique<PlayingDevice>(std::move(*records),
+                                           loops ? Repetition::forever : Repetition::once);
 }
 
 } // namespace glidemap::replay

@@ -39,4 +39,9 @@ private:
     std::shared_ptr<Run> current; // guarded by the gate; null while stopped
 };
 
+// The device that the environment selects: GLIDEMAP_RECORDING names the recording,
+// GLIDEMAP_RECORDING_LOOP=1 repeats it. A recording is played only if all of it can be read.
+// Otherwise writes the problem to standard error and returns null. Main thread.
+std::unique_ptr<ReplayDevice> deviceFromEnvironment();
+
 } // namespace glidemap::replay

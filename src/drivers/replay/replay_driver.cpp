@@ -1,6 +1,6 @@
 // The symbols of the replay driver (see input/touch_driver.h).
-#include "drivers/replay/pushed_device.h"
-#include "drivers/replay/recording_in_environment.h"
+#include "drivers/replay/playing_device.h"
+#include "drivers/replay/replay_device.h"
 #include "input/touch_driver.h"
 
 #include <algorithm>
@@ -13,10 +13,34 @@
 namespace {
 
 using namespace glidemap;
-using replay::PushedDevice;
 using replay::ReplayDevice;
 
 using List = std::vector<std::unique_ptr<ReplayDevice>>;
+
+// A device without a recording: the caller pushes its reports, on its own thread, and keeps the time.
+class PushedDevice : public ReplayDevice {
+public:
+    void start() override {
+        const Gate gate = closeGate();
+        started = true;
+    }
+
+    void stop() override {
+        const Gate gate = closeGate();
+        started = false;
+    }
+
+    // Does nothing while the device is stopped.
+    void push(const MTTouch* records, std::int32_t count, double timestamp) {
+        const Gate gate = closeGate();
+        if (started) {
+            report(records, count, timestamp);
+        }
+    }
+
+private:
+    bool started = false;
+};
 
 // Lists and devices are never destroyed, so they stay valid even while the process exits.
 std::vector<std::unique_ptr<List>>& lists() {
