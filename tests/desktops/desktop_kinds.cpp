@@ -75,7 +75,7 @@ std::vector<DesktopKind> describeAll() {
          .overview = Overview::opens,
          .lock = Lock::locks,
          .statusBar = StatusBar::shown,
-         .hiddenWindows = HiddenWindows::stayHidden,
+         .minimizing = Minimizing::staysMinimized,
          .token = LaunchTokenKind::startupID},
         {.name = "Openbox",
          .missing = needs({"Xvfb", "openbox"}),

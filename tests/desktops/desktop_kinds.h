@@ -20,9 +20,8 @@ enum class NewWindow { comesForward, mayStayBehind };
 enum class Overview { opens, none };
 enum class Lock { locks, none };
 enum class StatusBar { shown, none };
-enum class Minimizing { works, none };
-// Whether windows that are minimised, or on another workspace, come forward.
-enum class HiddenWindows { comeForward, stayHidden };
+// Whether the desktop minimises windows, and restores them when they come forward.
+enum class Minimizing { works, staysMinimized, none };
 enum class Workspaces { several, one };
 // Whether the desktop reports the process of a window.
 enum class Processes { known, unknown };
@@ -39,7 +38,6 @@ struct DesktopKind {
     Lock lock = Lock::none;
     StatusBar statusBar = StatusBar::none;
     Minimizing minimizing = Minimizing::works;
-    HiddenWindows hiddenWindows = HiddenWindows::comeForward;
     Workspaces workspaces = Workspaces::several;
     LaunchTokenKind token = LaunchTokenKind::none;
     Processes processes = Processes::known;
