@@ -176,7 +176,7 @@ void failToAsk(SettingsStage& stage) {
     mistrust(stage);
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->missing =
-        isChinese() ? "Glidemap 没有触控板和虚拟键盘的访问权限。\n未能请求权限，或请求被拒绝。"
+        isChinese() ? "Glidemap 没有触控板和虚拟键盘的访问权限。\n权限请求失败或被拒绝。"
                       "请在终端中运行：sudo /usr/libexec/glidemap/glidemap-grant-access"
                     : "Glidemap has no access to the touchpad and the virtual keyboard.\n"
                       "The request for access failed or was denied. To grant access, run in a "
