@@ -2,8 +2,10 @@
 
 #include "app/alert.h"
 #include "app/alert_texts.h"
+#include "core/log.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QKeySequence>
 #include <QWidget>
 #include <string>
@@ -162,6 +164,7 @@ void AppDelegate::showSettings() {
     settingsWindow->setWindowState(settingsWindow->windowState() & ~Qt::WindowMinimized);
     settingsWindow->show();
     ports.shell->activate(*settingsWindow);
+    showNoStatusBarInFront();
 }
 
 void AppDelegate::checkForUpdates() {
@@ -195,10 +198,30 @@ void AppDelegate::sayThatThereIsNoStatusBar() {
     noStatusBar = std::make_unique<Alert>(noStatusBarText, *ports.lang);
     noStatusBar->setModal(false);
     noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // not urgent
+    noStatusBarWaits = true;
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, noStatusBar.get(),
+                     [this] { showNoStatusBarInFront(); });
+    showNoStatusBarInFront();
+}
+
+// The user did not ask for this alert. Wayland's compositors give each new window the keyboard, so
+// behind another program the alert waits.
+void AppDelegate::showNoStatusBarInFront() {
+    if (!noStatusBarWaits) {
+        return;
+    }
+    if (QGuiApplication::applicationState() != Qt::ApplicationActive ||
+        windowForAlerts() == nullptr) {
+        logLine("status bar", "missing; the alert waits until Glidemap is in front");
+        return;
+    }
+    noStatusBarWaits = false;
+    logLine("status bar", "missing; the alert is shown");
     noStatusBar->show();
 }
 
 void AppDelegate::takeBackThatThereIsNoStatusBar() {
+    noStatusBarWaits = false;
     noStatusBar.reset();
 }
 

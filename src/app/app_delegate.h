@@ -102,6 +102,7 @@ private:
     void keepStatusMenuCurrent();
     void showState();
     void sayThatThereIsNoStatusBar();
+    void showNoStatusBarInFront();
     void takeBackThatThereIsNoStatusBar();
     void startRuntime();
     void showResult(const UpdateResult& result);
@@ -124,6 +125,7 @@ private:
     std::shared_ptr<GestureDispatcher> _dispatcher; // created on first use
     std::unique_ptr<GestureRuntime> runtime;        // set on launch
     std::unique_ptr<Alert> noStatusBar;
+    bool noStatusBarWaits = false;
     std::vector<Subscription> toShown;
 };
 

@@ -53,6 +53,17 @@ protected:
         stage->takeNotes();
     }
 
+    // The visible alert, or null.
+    static QMessageBox* notice() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* box = qobject_cast<QMessageBox*>(widget);
+            if (box != nullptr && box->isVisible()) {
+                return box;
+            }
+        }
+        return nullptr;
+    }
+
     bool doubleTapBindingExists(int count) {
         return stage->engine->sessionRecognizer().doubleTapBindingExists(count);
     }
@@ -362,15 +373,6 @@ TEST_F(AppDelegateTest, LateBarThatDrawsTheMenuGetsItsCurrentState) {
 TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppears) {
     stage->patienceForBar = std::chrono::milliseconds(0);
     relaunch();
-    const auto notice = [] {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            auto* box = qobject_cast<QMessageBox*>(widget);
-            if (box != nullptr && box->isVisible()) {
-                return box;
-            }
-        }
-        return static_cast<QMessageBox*>(nullptr);
-    };
     ASSERT_TRUE(test::waitFor([&] { return notice() != nullptr; }));
     EXPECT_EQ(notice()->text(), "This desktop has no status bar");
     EXPECT_FALSE(notice()->isModal());
@@ -379,6 +381,29 @@ TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppear
     stage->statusBar->become(StatusBar::Kind::embeds);
     EXPECT_EQ(notice(), nullptr);
     EXPECT_TRUE(stage->statusItem->isShown());
+}
+
+// A person may be typing in another program.
+TEST_F(AppDelegateTest, ReportOfAMissingBarWaitsUntilTheWindowIsInFront) {
+    launch();
+    stage->window->close();
+    stage->statusItem->onMissing();
+    EXPECT_EQ(notice(), nullptr);
+    stage->delegate->openSettings();
+    ASSERT_NE(notice(), nullptr);
+    notice()->close();
+    stage->window->close();
+    stage->delegate->openSettings();
+    EXPECT_EQ(notice(), nullptr) << "it is shown once";
+}
+
+TEST_F(AppDelegateTest, WaitingReportIsDroppedWhenABarAppears) {
+    launch();
+    stage->window->close();
+    stage->statusItem->onMissing();
+    stage->statusItem->onFound();
+    stage->delegate->openSettings();
+    EXPECT_EQ(notice(), nullptr);
 }
 
 // The settings window.

@@ -54,6 +54,11 @@ protected:
         return {.words = {GLIDEMAP_PROGRAM}, .environment = values, .log = complaints()};
     }
 
+    bool waitForLog(const std::string& text) const {
+        return application::waitUntil(
+            [&] { return test::contentOf(complaints()).find(text) != std::string::npos; });
+    }
+
     void expectEnd(Program& glidemap) const {
         kill(glidemap.process(), SIGTERM);
         EXPECT_EQ(glidemap.finish(), 0) << test::contentOf(complaints());
@@ -85,6 +90,28 @@ TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     Program second(again);
     EXPECT_EQ(second.finish(), 0) << test::contentOf(complaints());
     seen.expectFrontmost(identifier);
+    expectEnd(glidemap);
+}
+
+TEST_P(ProgramTest, AlertAboutAMissingStatusBarTakesTheKeyboardFromNoOtherProgram) {
+    if (GetParam().statusBar == StatusBar::shown) {
+        GTEST_SKIP() << "this desktop has a status bar";
+    }
+    Program::Command logging = command();
+    logging.environment["GLIDEMAP_LOG"] = "1";
+    Program glidemap(logging);
+    const SeenWorkspace seen;
+    seen.expectFrontmost(identifier);
+    const auto other = open("other");
+    seen.expectRunning({"other"});
+    desktop->activate("other");
+    seen.expectFrontmost("other");
+    EXPECT_TRUE(waitForLog("the alert waits until Glidemap is in front"));
+    seen.expectFrontmost("other");
+    logging.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
+    Program again(logging);
+    EXPECT_EQ(again.finish(), 0) << test::contentOf(complaints());
+    EXPECT_TRUE(waitForLog("the alert is shown"));
     expectEnd(glidemap);
 }
 

@@ -1,3 +1,4 @@
+#include "kit/larger_letters.h"
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
 #include "ui/controls/segmented_control.h"
@@ -124,6 +125,31 @@ void startRecording(SettingsStage& stage) {
     stage.find<QAbstractButton>("recordShortcut")->click();
 }
 
+void holdModifiers(SettingsStage& stage) {
+    startRecording(stage);
+    stage.keys->onModifiers(modifier::option | modifier::command);
+}
+
+// A key of some keyboards that no shortcut can hold.
+void pressUnknownKey(SettingsStage& stage) {
+    startRecording(stage);
+    stage.keys->press({});
+}
+
+void lackOverview(SettingsStage& stage) {
+    stage.workspace->hasOverview = false;
+    act(ActionKind::missionControl)(stage);
+}
+
+// The demonstration follows the highlighted gesture.
+void browseGestures(SettingsStage& stage) {
+    openGestures(stage);
+    settle();
+    for (int row = 0; row < 5; ++row) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    }
+}
+
 void openKeyList(SettingsStage& stage) {
     stage.find<QAbstractButton>("chooseShortcut")->click();
 }
@@ -137,6 +163,22 @@ void searchKey(SettingsStage& stage) {
 void warnOfClick(SettingsStage& stage) {
     stage.find<QComboBox>("gesturePicker")
         ->setCurrentIndex(static_cast<int>(GestureType::twoFingerClick));
+}
+
+// As on KDE Plasma.
+QImage pictureOfSystemGesture() {
+    SettingsStage stage(BindingList{bound(GestureType::fourFingerSwipeUp, LockScreen{})});
+    giveApplications(stage);
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes->swipe =
+        "KDE Plasma opens a desktop effect with this swipe: Overview, Desktop Grid "
+        "or Present Windows. Effects are turned off in System Settings → Desktop "
+        "Effects.";
+    stage.notes->swipeInChinese = "KDE Plasma 用此手势打开桌面特效（概览、桌面网格或展示窗口），"
+                                  "可在「系统设置 → 桌面特效」中关闭。";
+    SettingsWindow& window = stage.open();
+    stage.row(0)->controls()[2]->click();
+    return photographWithAllAbove(window);
 }
 
 GestureBinding shortcutInFirefox() {
@@ -164,13 +206,21 @@ Scene editor(const char* name, const char* caption, const Arrangement& arrange,
 std::vector<Scene> editorScenes() {
     return {
         editor("new", "A new binding", leaveIt, {}, true),
+        {"Binding editor", "new-large", "A new binding in large letters",
+         [] {
+             const kit::LargerLetters letters(1.5);
+             return pictureOfEditor(leaveIt);
+         }},
         editor("shortcut", "A shortcut in one application", leaveIt, shortcutInFirefox()),
         editor("recording", "A shortcut is being recorded", startRecording),
+        editor("recording-held", "The modifiers that are held while recording", holdModifiers),
+        editor("recording-unknown", "A key that a shortcut cannot have", pressUnknownKey),
         editor("keys", "The keys of a shortcut from a list", openKeyList, shortcutInFirefox(),
                true),
         editor("keys-found", "The keys that a search has found", searchKey),
         editor("lock-screen", "Lock the screen", act(ActionKind::lockScreen)),
         editor("mission-control", "The overview of windows", act(ActionKind::missionControl)),
+        editor("no-overview", "A desktop without an overview of windows", lackOverview),
         editor("action-picker", "The kinds of action", openActionPicker),
         editor("open-app", "Open an application, none chosen yet", act(ActionKind::launchApp)),
         editor("open-app-chosen", "Open an application", chooseApplication),
@@ -180,8 +230,11 @@ std::vector<Scene> editorScenes() {
         editor("gone", "An application that does not run now, with a long name", leaveIt,
                applicationThatIsGone()),
         editor("gestures", "The gestures by category", openGestures, {}, true),
+        editor("gestures-browsed", "The demonstration of the highlighted gesture", browseGestures),
         editor("gestures-found", "The gestures that a search has found", search("swipe", "滑")),
         editor("gestures-none", "A search that finds nothing", search("wink", "眨眼")),
+        {"Binding editor", "system-gesture", "A gesture that the desktop uses itself",
+         pictureOfSystemGesture},
         editor("click-warning", "A click that is taken from the system", warnOfClick),
     };
 }

@@ -1,3 +1,4 @@
+#include "kit/larger_letters.h"
 #include "screenshots/photograph.h"
 #include "screenshots/scene.h"
 #include "ui/settings/settings_stage.h"
@@ -17,6 +18,9 @@ using test::manyBindings;
 using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
+
+// As on a desktop with larger text.
+constexpr double largeLetters = 1.5;
 
 bool isChinese() {
     return Lang::shared().code() == "zh";
@@ -159,27 +163,6 @@ void focusInDimmedRow(SettingsStage& stage) {
     }
 }
 
-// Letters of the interface half as large again, as on a desktop with larger text.
-class LargeLetters {
-public:
-    LargeLetters() : usual(QApplication::font()) {
-        QFont large = usual;
-        large.setPixelSize(usual.pixelSize() * 3 / 2);
-        wear(large);
-    }
-    LargeLetters(const LargeLetters&) = delete;
-    LargeLetters& operator=(const LargeLetters&) = delete;
-    ~LargeLetters() { wear(usual); }
-
-private:
-    static void wear(const QFont& font) {
-        QApplication::setFont(font);
-        settle();
-    }
-
-    QFont usual;
-};
-
 QImage pictureOfLanguages() {
     SettingsStage stage(usualBindings());
     SettingsWindow& window = stage.open();
@@ -193,7 +176,7 @@ void failToAsk(SettingsStage& stage) {
     mistrust(stage);
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->missing =
-        isChinese() ? "Glidemap 没有触控板和虚拟键盘的访问权限。\n未能请求权限，或请求被拒绝。"
+        isChinese() ? "Glidemap 没有触控板和虚拟键盘的访问权限。\n权限请求失败或被拒绝。"
                       "请在终端中运行：sudo /usr/libexec/glidemap/glidemap-grant-access"
                     : "Glidemap has no access to the touchpad and the virtual keyboard.\n"
                       "The request for access failed or was denied. To grant access, run in a "
@@ -246,8 +229,18 @@ std::vector<Scene> windowScenes() {
         settings("languages", "The languages", pictureOfLanguages),
         settings("languages-large", "The languages in large letters",
                  [] {
-                     const LargeLetters letters;
+                     const kit::LargerLetters letters(largeLetters);
                      return pictureOfLanguages();
+                 }),
+        settings("usual-large", "A few bindings in large letters",
+                 [] {
+                     const kit::LargerLetters letters(largeLetters);
+                     return picture(usualBindings(), circleBound);
+                 }),
+        settings("smallest-large", "As small as it gets, in large letters",
+                 [] {
+                     const kit::LargerLetters letters(largeLetters);
+                     return picture(longBindings(), longFooter, SettingsWindow::minimumContentSize);
                  }),
         settings("deleted", "A binding was deleted, and can be brought back",
                  [] { return picture(usualBindings(), deleteSecond); }),

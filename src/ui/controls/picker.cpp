@@ -1,5 +1,8 @@
 #include "ui/controls/picker.h"
 
+#include "ui/controls/announcement.h"
+#include "ui/controls/picker_accessible.h"
+
 #include <QAbstractItemView>
 #include <QScreen>
 #include <QScrollBar>
@@ -15,6 +18,7 @@ constexpr int shownEntries = 16;
 } // namespace
 
 Picker::Picker(QWidget* parent) : QComboBox(parent) {
+    exposePickersWithTheirText();
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMaxVisibleItems(shownEntries);
@@ -27,6 +31,15 @@ void Picker::showPopup() {
     const int longest = view()->sizeHintForColumn(modelColumn()) + bar;
     view()->setMinimumWidth(std::min(longest, screen()->availableSize().width() / 2));
     QComboBox::showPopup();
+}
+
+// Qt 6.4 reports a choice in a closed list only as a changed name.
+void Picker::keyPressEvent(QKeyEvent* event) {
+    const int before = currentIndex();
+    QComboBox::keyPressEvent(event);
+    if (currentIndex() != before) {
+        announce(*this, currentText());
+    }
 }
 
 void Picker::wheelEvent(QWheelEvent* event) {

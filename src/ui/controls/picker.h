@@ -20,6 +20,7 @@ public:
     void showPopup() override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 

@@ -49,7 +49,7 @@ BindingEditor::BindingEditor(const Services& services, std::optional<GestureBind
                              QWidget* parent)
     : QWidget(parent), services(services), existing(std::move(existing)),
       title(new StyledLabel(TextStyle::headline, Role::primary)),
-      gestureSection(new GestureSection(draft, services.lang)),
+      gestureSection(new GestureSection(draft, services.lang, services.notes)),
       actionSection(new ActionSection(draft, services.workspace, services.keys, services.lang)),
       scopeSection(new ScopeSection(draft, services.workspace, services.lang)),
       cancelButton(new QPushButton), saveButton(new QPushButton) {

@@ -13,6 +13,7 @@
 #include "dispatch/workspace.h"
 #include "ui/editor/binding_draft.h"
 #include "ui/recorder/key_presses.h"
+#include "ui/settings/system_notes.h"
 
 #include <QSize>
 #include <QWidget>
@@ -35,6 +36,7 @@ public:
         Workspace& workspace;
         std::shared_ptr<KeyPresses> keys;
         Lang& lang = Lang::shared();
+        const SystemNotes* notes = nullptr; // null if there are no notes
     };
 
     static constexpr QSize sheetSize{460, 640};

@@ -31,11 +31,13 @@ QWidget* padded(QWidget* demo) {
 
 } // namespace
 
-GestureSection::GestureSection(BindingDraft& draft, Lang& lang, QWidget* parent)
-    : FormSection(parent), draft(draft), lang(lang), picker(new GesturePicker(lang)),
+GestureSection::GestureSection(BindingDraft& draft, Lang& lang, const SystemNotes* notes,
+                               QWidget* parent)
+    : FormSection(parent), draft(draft), lang(lang), notes(notes), picker(new GesturePicker(lang)),
       pickerLabel(new StyledLabel(TextStyle::body, Role::primary)),
       demo(new GestureDemoView(draft.gesture)),
       detailLabel(caption(Role::secondary, "gestureDetail")),
+      systemNote(caption(Role::secondary, "systemGesture")),
       clickWarning(caption(Role::orange, "clickWarning")) {
     picker->setObjectName("gesturePicker");
     demo->setObjectName("gestureDemo");
@@ -43,6 +45,7 @@ GestureSection::GestureSection(BindingDraft& draft, Lang& lang, QWidget* parent)
     addRow(pickerLabel, picker);
     addToLastRow(padded(demo));
     addToLastRow(detailLabel);
+    addToLastRow(systemNote);
     addToLastRow(clickWarning);
     picker->onPick = [this](GestureType gesture) {
         this->draft.gesture = gesture;
@@ -62,6 +65,9 @@ void GestureSection::refresh() {
     demo->setGesture(draft.gesture);
     demo->setAccessibleName(toQt(displayName(draft.gesture, lang)));
     detailLabel->setText(toQt(detail(draft.gesture, lang)));
+    systemNote->setText(notes != nullptr ? toQt(notes->systemGesture(draft.gesture, lang))
+                                         : QString());
+    systemNote->setVisible(!systemNote->text().isEmpty());
     clickWarning->setText(toQt(lang.choose(
         "Once enabled, this intercepts the system two-finger right-click (context menu).",
         "启用后将拦截系统的两指右键点击（右键菜单）。")));

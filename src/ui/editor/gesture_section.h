@@ -1,13 +1,14 @@
 // The editor's section for the gesture: the picker, the demonstration, and advice.
 //
 // Thread:  the main thread.
-// Owner:   the editor. The draft and the language outlive it.
+// Owner:   the editor. The draft, the language and the notes outlive it.
 // Errors:  none.
 #pragma once
 
 #include "core/lang.h"
 #include "ui/controls/form_section.h"
 #include "ui/editor/binding_draft.h"
+#include "ui/settings/system_notes.h"
 
 #include <functional>
 #include <vector>
@@ -21,7 +22,9 @@ class GesturePicker;
 
 class GestureSection : public FormSection {
 public:
-    GestureSection(BindingDraft& draft, Lang& lang, QWidget* parent = nullptr);
+    // The notes may be null.
+    GestureSection(BindingDraft& draft, Lang& lang, const SystemNotes* notes,
+                   QWidget* parent = nullptr);
 
     // Called when the user has changed the draft.
     std::function<void()> onEdit;
@@ -35,10 +38,12 @@ public:
 private:
     BindingDraft& draft;
     Lang& lang;
+    const SystemNotes* notes;
     GesturePicker* picker;
     QLabel* pickerLabel;
     GestureDemoView* demo;
     QLabel* detailLabel;
+    QLabel* systemNote; // visible if the system uses the gesture itself
     QLabel* clickWarning;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/recorder/shortcut_recorder_view.h"
 
 #include "bindings/spoken_shortcut.h"
+#include "ui/controls/announcement.h"
 #include "ui/controls/popover.h"
 #include "ui/controls/styled_label.h"
 #include "ui/controls/symbol_button.h"
@@ -78,6 +79,11 @@ void ShortcutRecorderView::startRecording() {
     loan.start();
     borrowOrGiveBack();
     retitle();
+    announceState();
+}
+
+void ShortcutRecorderView::announceState() const {
+    announce(*this, button->accessibleName());
 }
 
 void ShortcutRecorderView::showHeld(std::uint64_t modifiers) {
@@ -114,6 +120,7 @@ void ShortcutRecorderView::take(const KeyPresses::Press& press) {
     if (!press.keyCode) {
         refusedKey = true;
         retitle();
+        announceState();
         return;
     }
     // With Caps Lock on, this is not Escape alone.
@@ -127,6 +134,7 @@ void ShortcutRecorderView::take(const KeyPresses::Press& press) {
 void ShortcutRecorderView::record(const KeyShortcut& shortcut) {
     recorded = shortcut;
     stopRecording();
+    announceState();
     if (onRecord) {
         onRecord(shortcut);
     }

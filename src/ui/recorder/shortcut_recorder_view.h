@@ -63,6 +63,7 @@ private:
     void letGo();
     void borrowOrGiveBack();
     void record(const KeyShortcut& shortcut);
+    void announceState() const;
     void retitle();
     void toggleChooser();
     void closeChooser();

@@ -1,6 +1,7 @@
 #include "ui/settings/binding_list_view.h"
 
 #include "bindings/shadowed_bindings.h"
+#include "ui/controls/announcement.h"
 #include "ui/settings/binding_selection.h"
 #include "ui/theme/style/paint.h"
 
@@ -243,6 +244,7 @@ bool BindingListView::actOnSelection(int key) {
         return true;
     case Qt::Key_Space:
         onToggle(binding, !binding.enabled);
+        announce(*this, BindingRow::spokenName((*bindings)[*selected], language()));
         return true;
     default:
         return false;

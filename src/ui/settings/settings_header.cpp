@@ -7,6 +7,7 @@
 #include "ui/theme/text.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -79,21 +80,27 @@ void notify(const std::function<void(bool)>& listener, bool on) {
 
 SettingsHeader::SettingsHeader(Lang& lang, QWidget* parent)
     : QWidget(parent), lang(lang), whole(new QBoxLayout(QBoxLayout::LeftToRight, this)),
-      controls(new QHBoxLayout) {
+      controls(new QBoxLayout(QBoxLayout::LeftToRight)), choices(new QHBoxLayout),
+      commands(new QHBoxLayout) {
     whole->setContentsMargins(padding, padding, padding, padding);
-    whole->setSpacing(spacing);
-    controls->setSpacing(spacing);
+    for (QBoxLayout* layout :
+         std::initializer_list<QBoxLayout*>{whole, controls, choices, commands}) {
+        layout->setSpacing(spacing);
+    }
     makeTitles();
-    makeLaunchAtLogin(*controls);
-    makeLanguage(*controls);
-    makeEnabled(*controls);
-    controls->addStretch(1);
-    makeAddBinding(*controls);
+    makeLaunchAtLogin(*choices);
+    makeLanguage(*choices);
+    makeEnabled(*commands);
+    commands->addStretch(1);
+    makeAddBinding(*commands);
+    controls->addLayout(choices);
+    controls->addLayout(commands, 1);
+    controls->setAlignment(choices, Qt::AlignLeft);
     whole->addLayout(controls);
     toTheme = Theme::shared().changes().subscribe({}, [this] {
         add->setIcon(symbolIcon("plus", Role::onAccent));
         measure();
-        foldIfNarrow();
+        arrange();
     });
     retitle();
 }
@@ -189,7 +196,7 @@ void SettingsHeader::retitle() {
         button->setAccessibleName(button->text());
     }
     measure();
-    foldIfNarrow();
+    arrange();
 }
 
 void SettingsHeader::addLaunchHelp(const std::string& line) {
@@ -198,8 +205,12 @@ void SettingsHeader::addLaunchHelp(const std::string& line) {
     }
 }
 
-bool SettingsHeader::isFolded() const {
-    return whole->direction() == QBoxLayout::TopToBottom;
+SettingsHeader::Arrangement SettingsHeader::arrangement() const {
+    if (whole->direction() == QBoxLayout::LeftToRight) {
+        return Arrangement::oneLine;
+    }
+    return controls->direction() == QBoxLayout::LeftToRight ? Arrangement::controlsBelow
+                                                            : Arrangement::controlsOnTwoLines;
 }
 
 // One line needs room for the title on one line and the subtitle on two, in both languages, so that
@@ -212,25 +223,44 @@ void SettingsHeader::measure() {
     const int titles = std::max(
         widthWith(titleTexts.english, *title, StyledLabel(TextStyle::title2, Role::primary)),
         qRound(wholeSubtitle.lineSize().width()) * 11 / 20);
-    QPushButton widestAdd;
-    widestAdd.setIcon(add->icon());
-    const int wider =
-        widthWith(launchTexts.english, *launchAtLogin, QCheckBox()) -
-        launchAtLogin->sizeHint().width() +
-        widthWith(languageTexts.english, *languageLabel,
-                  StyledLabel(TextStyle::body, Role::primary)) -
-        languageLabel->sizeHint().width() + widthWith(enabledTexts.english, *enabled, Switch()) -
-        enabled->sizeHint().width() + widthWith(addTexts.english, *add, std::move(widestAdd)) -
-        add->sizeHint().width();
-    lineNeeds = titles + spacing + controls->sizeHint().width() + wider + 2 * padding;
+    controlsNeed = choicesNeed() + spacing + commandsNeed() + 2 * padding;
+    lineNeeds = titles + spacing + controlsNeed;
 }
 
-void SettingsHeader::foldIfNarrow() {
+int SettingsHeader::choicesNeed() const {
+    return choices->sizeHint().width() +
+           widthWith(launchTexts.english, *launchAtLogin, QCheckBox()) -
+           launchAtLogin->sizeHint().width() +
+           widthWith(languageTexts.english, *languageLabel,
+                     StyledLabel(TextStyle::body, Role::primary)) -
+           languageLabel->sizeHint().width();
+}
+
+int SettingsHeader::commandsNeed() const {
+    QPushButton widestAdd;
+    widestAdd.setIcon(add->icon());
+    return commands->sizeHint().width() + widthWith(enabledTexts.english, *enabled, Switch()) -
+           enabled->sizeHint().width() + widthWith(addTexts.english, *add, std::move(widestAdd)) -
+           add->sizeHint().width();
+}
+
+void SettingsHeader::arrange() {
     whole->setDirection(width() < lineNeeds ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    controls->setDirection(width() < controlsNeed ? QBoxLayout::TopToBottom
+                                                  : QBoxLayout::LeftToRight);
+}
+
+// The controls may receive larger letters after the theme has announced them.
+bool SettingsHeader::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) {
+        measure();
+        arrange();
+    }
+    return QWidget::event(event);
 }
 
 void SettingsHeader::resizeEvent(QResizeEvent* event) {
-    foldIfNarrow();
+    arrange();
     QWidget::resizeEvent(event);
 }
 

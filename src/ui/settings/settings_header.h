@@ -4,8 +4,9 @@
 // Thread:  the main thread.
 // Owner:   the settings view, which sets its content. The language outlives it.
 // Errors:  none. If one line is too narrow for title and controls in the longer language, the
-//          controls move to a second line in the same order. Control texts are never elided, and a
-//          language change never affects the arrangement.
+//          controls move to a second line in the same order. If that is too narrow for them, as
+//          with large letters, they take two lines. Control texts are never elided, and a language
+//          change never affects the arrangement.
 #pragma once
 
 #include "core/lang.h"
@@ -44,9 +45,11 @@ public:
     std::function<void(bool on)> onEnabled;
     std::function<void()> onAddBinding;
 
-    bool isFolded() const;
+    enum class Arrangement { oneLine, controlsBelow, controlsOnTwoLines };
+    Arrangement arrangement() const;
 
 protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -55,13 +58,18 @@ private:
     void makeLanguage(QHBoxLayout& layout);
     void makeEnabled(QHBoxLayout& layout);
     void makeAddBinding(QHBoxLayout& layout);
-    void foldIfNarrow();
+    void arrange();
     void measure();
+    int choicesNeed() const;
+    int commandsNeed() const;
 
     Lang& lang;
     QBoxLayout* whole;
-    QHBoxLayout* controls;
-    int lineNeeds = 0; // points that one line needs, in both languages
+    QBoxLayout* controls;
+    QHBoxLayout* choices;  // the first line of the controls, or its first part
+    QHBoxLayout* commands; // the second line, or the rest
+    int lineNeeds = 0;     // points for everything on one line, in both languages
+    int controlsNeed = 0;  // points for the controls on one line, in both languages
     StyledLabel* title = nullptr;
     StyledLabel* subtitle = nullptr;
     QCheckBox* launchAtLogin = nullptr;

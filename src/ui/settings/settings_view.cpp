@@ -214,7 +214,8 @@ void SettingsView::edit(std::optional<GestureBinding> binding) {
     editingBinding = std::move(binding);
     showingEditor = true;
     auto* editor = new BindingEditor(
-        {*services.store, *services.workspace, services.keys, *services.lang}, editingBinding);
+        {*services.store, *services.workspace, services.keys, *services.lang, services.notes.get()},
+        editingBinding);
     auto* sheet = new Sheet(this, editor, BindingEditor::sheetSize);
     editor->dismiss = [sheet] {
         sheet->dismiss();

@@ -5,6 +5,7 @@
 // Errors:  none.
 #pragma once
 
+#include "core/gesture_type.h"
 #include "core/lang.h"
 #include "core/observable.h"
 
@@ -27,6 +28,9 @@ public:
     virtual std::string accessButton(const Lang& lang) const = 0;
 
     virtual std::string launchAtLogin(const Lang& lang) const = 0;
+
+    // The system's own use of this gesture, and where it is switched off.
+    virtual std::string systemGesture(GestureType gesture, const Lang& lang) const = 0;
 
     // Notifies of changes of missingAccess().
     virtual Observable& changes() = 0;

@@ -1,3 +1,4 @@
+#include "kit/larger_letters.h"
 #include "ui/controls/styled_label.h"
 #include "ui/settings/settings_header.h"
 #include "ui/settings/settings_stage.h"
@@ -16,6 +17,8 @@
 namespace glidemap {
 namespace {
 
+using Arrangement = SettingsHeader::Arrangement;
+
 class SettingsHeaderTest : public testing::Test {
 protected:
     // The position of the visible shape of a control in the header.
@@ -23,6 +26,38 @@ protected:
     int rightOf(const char* name) const { return test::seenRect(*stage.find(name)).right() + 1; }
     SettingsHeader& header() const {
         return *dynamic_cast<SettingsHeader*>(stage.find("title")->parentWidget());
+    }
+
+    // A layout may request another one.
+    static void settleLayout() {
+        constexpr int rounds = 6;
+        for (int round = 0; round < rounds; ++round) {
+            QApplication::sendPostedEvents();
+            QApplication::processEvents();
+        }
+    }
+
+    // Each control in its full size within the header, and apart from the others.
+    void expectEverythingIsShown() const {
+        const QRect room = header().rect().adjusted(12, 12, -12, -12);
+        const char* const names[] = {"title",    "subtitle", "launchAtLogin", "languageLabel",
+                                     "language", "enabled",  "addBinding"};
+        for (std::size_t index = 0; index < std::size(names); ++index) {
+            const QWidget& each = *stage.find(names[index]);
+            EXPECT_TRUE(room.contains(test::seenRect(each)) && showsAll(each)) << names[index];
+            for (std::size_t other = 0; other < index; ++other) {
+                EXPECT_FALSE(
+                    test::seenRect(each).intersects(test::seenRect(*stage.find(names[other]))))
+                    << names[index] << " and " << names[other];
+            }
+        }
+        EXPECT_LE(header().geometry().right(), stage.window().width() - 1);
+    }
+    static bool showsAll(const QWidget& control) {
+        const QSize size = control.size();
+        return control.hasHeightForWidth() ? size.height() >= control.heightForWidth(size.width())
+                                           : size.width() >= control.sizeHint().width() &&
+                                                 size.height() >= control.sizeHint().height();
     }
 
     mutable test::SettingsStage stage;
@@ -126,7 +161,7 @@ TEST_F(SettingsHeaderTest, ItemOfAnEarlierRunShowsAsOn) {
 
 TEST_F(SettingsHeaderTest, HasOneLineIfThereIsRoom) {
     stage.open({1000, 640});
-    EXPECT_FALSE(header().isFolded());
+    EXPECT_EQ(header().arrangement(), Arrangement::oneLine);
     const char* const order[] = {"title",    "launchAtLogin", "languageLabel",
                                  "language", "enabled",       "addBinding"};
     for (std::size_t next = 1; next < std::size(order); ++next) {
@@ -137,7 +172,7 @@ TEST_F(SettingsHeaderTest, HasOneLineIfThereIsRoom) {
 
 TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
     stage.open({680, 480});
-    ASSERT_TRUE(header().isFolded());
+    ASSERT_EQ(header().arrangement(), Arrangement::controlsBelow);
     const char* const order[] = {"launchAtLogin", "languageLabel", "language", "enabled",
                                  "addBinding"};
     for (std::size_t next = 1; next < std::size(order); ++next) {
@@ -145,7 +180,7 @@ TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
     }
     EXPECT_GE(stage.find("launchAtLogin")->y(), stage.find("subtitle")->geometry().bottom());
     stage.window().resize(1000, 480);
-    EXPECT_FALSE(header().isFolded());
+    EXPECT_EQ(header().arrangement(), Arrangement::oneLine);
 }
 
 // Independent of the language in which the header was created.
@@ -156,9 +191,27 @@ TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
         for (int width = 680; width <= 1000; width += 5) {
             stage.window().resize(width, 520);
             stage.choose("en");
-            const bool isFolded = header().isFolded();
+            const Arrangement english = header().arrangement();
             stage.choose("zh");
-            EXPECT_EQ(header().isFolded(), isFolded) << width;
+            EXPECT_EQ(header().arrangement(), english) << width;
+        }
+    }
+}
+
+// Independent of the size of the letters, the width of the window and the language.
+TEST_F(SettingsHeaderTest, NothingIsClippedOrOverlaps) {
+    stage.open();
+    for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        const kit::LargerLetters letters(factor);
+        for (int width = 680; width <= 1400; width += 40) {
+            stage.window().resize(width, 520);
+            for (const char* const code : {"en", "zh"}) {
+                stage.choose(code);
+                settleLayout();
+                SCOPED_TRACE(std::to_string(factor) + " times, " + std::to_string(width) +
+                             " points, " + code);
+                expectEverythingIsShown();
+            }
         }
     }
 }

@@ -48,7 +48,7 @@ SettingsView::Services SettingsStage::services() {
             .workspace = workspace,
             .trust = trust,
             .loginItems = loginItems,
-            .keys = std::make_shared<FakeKeys>(),
+            .keys = keys,
             .devices = devices.get(),
             .desktopHelper = helper,
             .notes = notes,

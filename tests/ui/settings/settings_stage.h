@@ -15,9 +15,11 @@
 #include "ui/settings/settings_window.h"
 
 #include <QLabel>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class QAbstractButton;
@@ -54,8 +56,14 @@ public:
     std::string missingAccess(const Lang& /*lang*/) const override { return missing; }
     std::string accessButton(const Lang& /*lang*/) const override { return button; }
     std::string launchAtLogin(const Lang& /*lang*/) const override { return login; }
+    std::string systemGesture(GestureType gesture, const Lang& lang) const override {
+        return category(gesture) == GestureCategory::swipe ? lang.choose(swipe, swipeInChinese)
+                                                           : std::string();
+    }
     Observable& changes() override { return observers; }
 
+    std::string swipe;
+    std::string swipeInChinese;
     std::string missing;
     std::string button;
     std::string login;
@@ -64,8 +72,10 @@ public:
 
 class FakeKeys : public KeyPresses {
 public:
-    void start(std::function<void(const Press&)> /*handler*/) override {}
+    void start(std::function<void(const Press&)> handler) override { press = std::move(handler); }
     void stop() override {}
+
+    std::function<void(const Press&)> press; // set by start()
 };
 
 class FakeGeometryStore : public WindowGeometryStore {
@@ -129,6 +139,7 @@ public:
         std::make_shared<kit::FakeLoginItemService>();
     std::shared_ptr<FakeDesktopHelper> helper = std::make_shared<FakeDesktopHelper>();
     std::shared_ptr<FakeNotes> notes; // null unless a test creates them
+    std::shared_ptr<FakeKeys> keys = std::make_shared<FakeKeys>();
     std::shared_ptr<FakeGeometryStore> geometry = std::make_shared<FakeGeometryStore>();
     std::unique_ptr<MultitouchDeviceManager> devices; // created by tests that need an error
     std::optional<std::string> runningVersion = "1.0.0";

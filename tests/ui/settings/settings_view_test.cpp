@@ -84,6 +84,33 @@ TEST_F(SettingsViewTest, CommandNAddsABindingInBothLanguages) {
     }
 }
 
+TEST_F(SettingsViewTest, EditorShowsTheSystemsOwnUseOfAGesture) {
+    stage.notes = std::make_shared<test::FakeNotes>();
+    stage.notes->swipe = "This desktop swipes, too.";
+    stage.notes->swipeInChinese = "此桌面也滑动。";
+    stage.open();
+    stage.click("addBinding");
+    EXPECT_FALSE(stage.isShown("systemGesture"));
+    auto* gestures = stage.find<QComboBox>("gesturePicker");
+    gestures->setCurrentIndex(static_cast<int>(GestureType::threeFingerSwipeLeft));
+    EXPECT_TRUE(stage.isShown("systemGesture"));
+    EXPECT_EQ(stage.text("systemGesture"), "This desktop swipes, too.");
+    EXPECT_EQ(stage.find("systemGesture")->palette().color(QPalette::WindowText),
+              Theme::shared().color(Role::secondary));
+    Lang::shared().setCode("zh");
+    EXPECT_EQ(stage.text("systemGesture"), "此桌面也滑动。");
+    gestures->setCurrentIndex(static_cast<int>(GestureType::threeFingerTap));
+    EXPECT_FALSE(stage.isShown("systemGesture"));
+}
+
+TEST_F(SettingsViewTest, EditorHasNoSuchLineWithoutNotes) {
+    stage.open();
+    stage.click("addBinding");
+    stage.find<QComboBox>("gesturePicker")
+        ->setCurrentIndex(static_cast<int>(GestureType::threeFingerSwipeLeft));
+    EXPECT_FALSE(stage.isShown("systemGesture"));
+}
+
 TEST_F(SettingsViewTest, OpenEditorIsNotOpenedAgain) {
     SettingsView& view = open();
     stage.clickInRow(1, "edit");

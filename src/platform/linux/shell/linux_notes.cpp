@@ -5,8 +5,9 @@
 
 namespace glidemap {
 
-LinuxNotes::LinuxNotes(std::unique_ptr<InputNodes> inputNodes, const AccessPrompt& accessPrompt)
-    : nodes(std::move(inputNodes)), prompt(accessPrompt) {}
+LinuxNotes::LinuxNotes(std::unique_ptr<InputNodes> inputNodes, const AccessPrompt& accessPrompt,
+                       DesktopSession desktopSession)
+    : nodes(std::move(inputNodes)), prompt(accessPrompt), session(std::move(desktopSession)) {}
 
 std::string LinuxNotes::missingAccess(const Lang& lang) const {
     const std::string missing = missingNodes(lang);
@@ -51,6 +52,10 @@ std::string LinuxNotes::accessButton(const Lang& lang) const {
 
 std::string LinuxNotes::launchAtLogin(const Lang& lang) const {
     return lang.choose("Starts when you log in to this desktop", "登录此桌面时自动启动");
+}
+
+std::string LinuxNotes::systemGesture(GestureType gesture, const Lang& lang) const {
+    return desktopGestureNote(gesture, session, lang);
 }
 
 void LinuxNotes::accessMayHaveChanged() {

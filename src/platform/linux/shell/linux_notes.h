@@ -1,5 +1,5 @@
 // Adds Linux's notes to the interface: which device nodes are missing, what the access button does,
-// and how to grant access by hand if the prompt failed.
+// how to grant access by hand if the prompt failed, and which gestures the desktop uses itself.
 //
 // Thread:  the main thread. Each call checks the nodes again.
 // Owner:   the program. The prompt outlives it.
@@ -8,6 +8,7 @@
 
 #include "platform/linux/access/access_prompt.h"
 #include "platform/linux/access/input_nodes.h"
+#include "platform/linux/shell/desktop_gestures.h"
 #include "ui/settings/system_notes.h"
 
 #include <memory>
@@ -17,11 +18,13 @@ namespace glidemap {
 
 class LinuxNotes : public SystemNotes {
 public:
-    LinuxNotes(std::unique_ptr<InputNodes> inputNodes, const AccessPrompt& accessPrompt);
+    LinuxNotes(std::unique_ptr<InputNodes> inputNodes, const AccessPrompt& accessPrompt,
+               DesktopSession desktopSession = currentDesktopSession());
 
     std::string missingAccess(const Lang& lang) const override;
     std::string accessButton(const Lang& lang) const override;
     std::string launchAtLogin(const Lang& lang) const override;
+    std::string systemGesture(GestureType gesture, const Lang& lang) const override;
     Observable& changes() override { return observers; }
 
     // Call when access may have changed, for example after a prompt has closed or failed.
@@ -33,6 +36,7 @@ private:
 
     const std::unique_ptr<InputNodes> nodes;
     const AccessPrompt& prompt;
+    const DesktopSession session;
     Observable observers;
 };
 

@@ -1,0 +1,86 @@
+#include "screen_reader.h"
+
+#include "kit/temporary_folder.h"
+#include "waiting.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string_view>
+
+namespace glidemap::application {
+
+namespace {
+
+constexpr const char* program = "orca";
+constexpr std::string_view mark = "SPEECH OUTPUT: '";
+
+// Orca loads this file. By default its log is buffered.
+constexpr const char* customizations = R"(import os
+import orca.debug
+orca.debug.debugLevel = orca.debug.LEVEL_INFO
+orca.debug.debugFile = open(os.environ["GLIDEMAP_SPEECH"], "w", buffering=1)
+)";
+
+void write(const std::filesystem::path& file, std::string_view text) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << text;
+}
+
+std::filesystem::path logOf(const Stage& stage) {
+    return stage.folder() / "speech.log";
+}
+
+} // namespace
+
+bool ScreenReader::isInstalled() {
+    return desktops::isInstalled(program);
+}
+
+desktops::Program::Command ScreenReader::commandOn(const Stage& stage) {
+    const std::filesystem::path data = stage.folder() / "orca-data";
+    write(data / "orca" / "orca-customizations.py", customizations);
+    // Orca asks pgrep for other screen readers of this user, which run on other displays.
+    const std::filesystem::path tools = stage.folder() / "tools";
+    write(tools / "pgrep", "#!/bin/sh\nexit 1\n");
+    std::filesystem::permissions(tools / "pgrep", std::filesystem::perms::owner_all);
+    desktops::Environment environment = stage.environment();
+    environment["PATH"] = tools.string() + ":" + environment["PATH"];
+    environment["XDG_DATA_HOME"] = data;
+    environment["GLIDEMAP_SPEECH"] = logOf(stage);
+    return {.words = {program}, .environment = environment, .log = stage.folder() / "orca.log"};
+}
+
+ScreenReader::ScreenReader(const Stage& stage) : log(logOf(stage)), orca(commandOn(stage)) {
+    EXPECT_TRUE(hears({"Screen reader on"})) << test::contentOf(stage.folder() / "orca.log");
+}
+
+bool ScreenReader::hears(const std::vector<std::string>& parts) {
+    return waitUntil([&] {
+        const std::string spoken = transcript();
+        std::size_t end = heard;
+        for (const std::string& part : parts) {
+            const std::size_t start = spoken.find(part, end);
+            if (start == std::string::npos) {
+                return false;
+            }
+            end = start + part.size();
+        }
+        heard = end;
+        return true;
+    });
+}
+
+std::string ScreenReader::transcript() const {
+    std::string spoken;
+    std::ifstream file(log);
+    for (std::string line; std::getline(file, line) && !file.eof();) { // only whole lines
+        const std::size_t start = line.find(mark);
+        if (start != std::string::npos) {
+            spoken += line.substr(start + mark.size()) + '\n';
+        }
+    }
+    return spoken;
+}
+
+} // namespace glidemap::application

@@ -1,0 +1,38 @@
+// Runs Orca on a stage and records what it speaks, without sound.
+//
+// Thread:  one.
+// Owner:   a test. The stage outlives it.
+// Errors:  an Orca that does not start in time fails the test.
+#pragma once
+
+#include "desktops/program.h"
+#include "stage.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace glidemap::application {
+
+class ScreenReader {
+public:
+    static bool isInstalled();
+
+    explicit ScreenReader(const Stage& stage);
+
+    // Waits until Orca has spoken these parts in this order, after all that was heard before.
+    // Versions of Orca differ in the names of roles and in what belongs to one utterance.
+    bool hears(const std::vector<std::string>& parts);
+
+    // Everything that was spoken, one utterance per line.
+    std::string transcript() const;
+
+private:
+    static desktops::Program::Command commandOn(const Stage& stage);
+
+    std::filesystem::path log;
+    std::size_t heard = 0; // the end of it in the transcript
+    desktops::Program orca;
+};
+
+} // namespace glidemap::application
