@@ -101,8 +101,8 @@ private:
     std::function<void()> weakly(void (AppDelegate::*method)());
     void keepStatusMenuCurrent();
     void showState();
-    void sayThatThereIsNoStatusBar();
-    void takeBackThatThereIsNoStatusBar();
+    void reportMissingStatusBar();
+    void withdrawMissingStatusBar();
     void startRuntime();
     void showResult(const UpdateResult& result);
     QWidget* windowForAlerts() const;
