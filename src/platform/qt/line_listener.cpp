@@ -44,21 +44,21 @@ public:
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
             return;
         }
-        heard.append(part.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        const auto end = heard.find('\n');
-        if (end == std::string::npos && count > 0 && heard.size() < listener.longest) {
+        received.append(part.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        const auto end = received.find('\n');
+        if (end == std::string::npos && count > 0 && received.size() < listener.maxLineLength) {
             return;
         }
         arrivals.setEnabled(false);
         deleteLater();
-        if (end != std::string::npos && end < listener.longest) {
-            say(heard.substr(0, end + 1));
+        if (end != std::string::npos && end < listener.maxLineLength) {
+            sendReply(received.substr(0, end + 1));
         }
     }
 
 private:
     // The callback may stop listening.
-    void say(const std::string& line) {
+    void sendReply(const std::string& line) {
         const QPointer<Client> alive(this);
         const std::string said = listener.answer(line);
         if (alive != nullptr) {
@@ -70,16 +70,17 @@ private:
     const OpenFile socket;
     QSocketNotifier arrivals;
     QTimer limit;
-    std::string heard;
+    std::string received;
 };
 
-LineListener::LineListener(std::filesystem::path file, std::size_t longestLine, Answer given,
+LineListener::LineListener(std::filesystem::path file, std::size_t maxLength, Answer given,
                            std::chrono::milliseconds timeOfAClient)
-    : socketFile(std::move(file)), longest(longestLine), answer(std::move(given)),
+    : socketFile(std::move(file)), maxLineLength(maxLength), answer(std::move(given)),
       clientTime(timeOfAClient), socket(localSocket()), _failure(listen()),
       arrivals(socket.descriptor(), QSocketNotifier::Read) {
     arrivals.setEnabled(!_failure);
-    QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });
+    QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals,
+                     [this] { acceptClients(); });
     pause.setSingleShot(true);
     QObject::connect(&pause, &QTimer::timeout, &arrivals, [this] { arrivals.setEnabled(true); });
 }
@@ -112,7 +113,7 @@ std::error_code LineListener::listen() const {
     return listens ? std::error_code() : lastError();
 }
 
-void LineListener::letIn() {
+void LineListener::acceptClients() {
     OpenFile client = acceptedBy(socket);
     if (!client && (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS)) {
         // The connection is still pending and would wake the event loop continuously.

@@ -1,6 +1,6 @@
 // Listens on a Unix socket for other processes of this user; each client sends one line and
-// receives one line. QLocalServer would do this, too, but needs the large QtNetwork library, which
-// nothing else in the program uses.
+// receives one line. QLocalServer could do this, too, but needs the large QtNetwork library, which
+// no other code in the program uses.
 //
 // At most maxClients are connected at a time: a new client replaces the oldest. A client is
 // disconnected after maxTime, and at once if it sends too much or belongs to another user.
@@ -32,7 +32,7 @@ public:
     using Answer = std::function<std::string(const std::string& line)>;
 
     // Replaces an existing file.
-    LineListener(std::filesystem::path file, std::size_t longestLine, Answer answer,
+    LineListener(std::filesystem::path file, std::size_t maxLength, Answer answer,
                  std::chrono::milliseconds timeOfAClient = maxTime);
     LineListener(const LineListener&) = delete;
     LineListener& operator=(const LineListener&) = delete;
@@ -45,11 +45,11 @@ private:
     class Client;
 
     std::error_code listen() const;
-    void letIn();
+    void acceptClients();
     void makeRoom();
 
     const std::filesystem::path socketFile;
-    const std::size_t longest;
+    const std::size_t maxLineLength;
     const Answer answer;
     const std::chrono::milliseconds clientTime;
     const OpenFile socket;
