@@ -1,4 +1,4 @@
-// Draws the entries of a list: as the style draws any, with a mark at the one that is chosen now.
+// Draws the entries of a list with the style, and marks the current choice.
 //
 // Thread:  the main thread.
 // Owner:   its parent.
@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// The item data role with an entry's number, which its list defines.
+// The item data role of an entry's number. The list defines the numbers.
 constexpr int entryValueRole = Qt::UserRole + 1;
 
 class MarkedItemDelegate : public QStyledItemDelegate {

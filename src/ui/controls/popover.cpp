@@ -93,21 +93,21 @@ private:
 };
 
 Popover::Popover(QWidget* anchor, QWidget* content)
-    : QWidget(anchor->window()), hangsFrom(anchor), backdrop(new Backdrop(anchor->window())) {
-    presentAs<Popover, QAccessible::Dialog>(); // a card with controls in it
+    : QWidget(anchor->window()), anchorWidget(anchor), backdrop(new Backdrop(anchor->window())) {
+    presentAs<Popover, QAccessible::Dialog>(); // it is a card that contains controls
     auto* layout = new QVBoxLayout(this);
     constexpr int withinInset = padding - inset;
     layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);
     layout->addWidget(content);
     setAutoFillBackground(true);
-    wearTheme();
+    applyTheme();
     toTheme = Theme::shared().changes().subscribe({}, [this] {
-        wearTheme();
+        applyTheme();
         backdrop->showFor(placed);
         placeSoon();
     });
     connect(anchor, &QObject::destroyed, this, [this] {
-        hangsFrom = nullptr; // a QPointer to a widget is still set during destroyed()
+        anchorWidget = nullptr; // a QPointer to a widget is still set during destroyed()
         onClosed = {};
         dismiss();
     });
@@ -124,7 +124,7 @@ Popover::~Popover() {
     delete backdrop;
 }
 
-void Popover::wearTheme() {
+void Popover::applyTheme() {
     QPalette colors = palette();
     colors.setColor(QPalette::Window, style::color(Role::card));
     setPalette(colors);
@@ -150,8 +150,8 @@ void Popover::dismiss() {
 // A hidden popover with the focus would pass it to the next widget of the focus chain, which may be
 // in destruction.
 void Popover::giveFocusBack() {
-    if (hangsFrom != nullptr) {
-        hangsFrom->setFocus(Qt::PopupFocusReason);
+    if (anchorWidget != nullptr) {
+        anchorWidget->setFocus(Qt::PopupFocusReason);
     } else {
         QApplication::focusWidget()->clearFocus();
     }
@@ -167,7 +167,7 @@ bool Popover::isOnCard(QPointF onScreen) const {
 
 // Sees all events of the application, so it filters by event type first.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
-    if (isClosed || hangsFrom == nullptr || !watched->isWidgetType()) {
+    if (isClosed || anchorWidget == nullptr || !watched->isWidgetType()) {
         return false;
     }
     auto* widget = static_cast<QWidget*>(watched);
@@ -176,18 +176,18 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
         if (!isWithin(widget) && isOnCard(static_cast<QMouseEvent*>(event)->globalPosition())) {
             return true; // a click on the card's rim
         }
-        if (!isWithin(widget) && widget != hangsFrom && !hangsFrom->isAncestorOf(widget)) {
+        if (!isWithin(widget) && widget != anchorWidget && !anchorWidget->isAncestorOf(widget)) {
             dismiss();
         }
         break;
     case QEvent::Hide:
-        if (widget == hangsFrom) {
+        if (widget == anchorWidget) {
             dismiss();
         }
         break;
     case QEvent::Move:
     case QEvent::Resize:
-        if (widget == hangsFrom || widget->isAncestorOf(hangsFrom)) {
+        if (widget == anchorWidget || widget->isAncestorOf(anchorWidget)) {
             placeSoon();
         }
         break;
@@ -211,7 +211,7 @@ bool Popover::event(QEvent* event) {
 
 // If the popover itself has the focus, the next control is the one after the anchor.
 bool Popover::focusNextPrevChild(bool next) {
-    if (!hasFocus() || hangsFrom == nullptr) {
+    if (!hasFocus() || anchorWidget == nullptr) {
         return QWidget::focusNextPrevChild(next);
     }
     dismiss();
@@ -242,11 +242,11 @@ void Popover::placeSoon() {
 }
 
 void Popover::place() {
-    if (isClosed || hangsFrom == nullptr) {
+    if (isClosed || anchorWidget == nullptr) {
         return;
     }
-    const QRect anchor(hangsFrom->mapTo(window(), QPoint(0, 0)), hangsFrom->size());
-    if (isVisible() && hangsFrom->visibleRegion().isEmpty() && window()->isVisible()) {
+    const QRect anchor(anchorWidget->mapTo(window(), QPoint(0, 0)), anchorWidget->size());
+    if (isVisible() && anchorWidget->visibleRegion().isEmpty() && window()->isVisible()) {
         dismiss(); // scrolled out of view
         return;
     }

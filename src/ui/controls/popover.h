@@ -48,11 +48,11 @@ private:
     void giveFocusBack();
     void place();
     void placeSoon();
-    void wearTheme();
+    void applyTheme();
     bool isOnCard(QPointF onScreen) const;
     bool isWithin(const QWidget* widget) const;
 
-    QPointer<QWidget> hangsFrom;
+    QPointer<QWidget> anchorWidget;
     QPointer<Backdrop> backdrop;
     PopoverPlacement placed{};
     bool isClosed = false;

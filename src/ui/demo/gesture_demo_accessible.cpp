@@ -17,7 +17,7 @@ QAccessibleInterface* accessibleDemo(const QString& /*className*/, QObject* obje
 
 } // namespace
 
-void announceDemosAsAnimations() {
+void installDemoAccessibility() {
     QAccessible::installFactory(accessibleDemo);
 }
 

@@ -6,6 +6,6 @@
 namespace glidemap::demo {
 
 // Idempotent.
-void announceDemosAsAnimations();
+void installDemoAccessibility();
 
 } // namespace glidemap::demo

@@ -16,7 +16,7 @@ namespace glidemap {
 
 namespace {
 
-// Of this view's screen, from now.
+// The time until this view's screen is due for the next frame.
 std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return demo::untilNextFrame(now, demo::framePeriod(view.screen()->refreshRate()));
@@ -26,7 +26,7 @@ std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
 
 GestureDemoView::GestureDemoView(GestureType shown, QWidget* parent, Clock clock)
     : QWidget(parent), gesture(shown), now(std::move(clock)), untilNextFrame(this) {
-    demo::announceDemosAsAnimations();
+    demo::installDemoAccessibility();
     setFocusPolicy(Qt::NoFocus);
     untilNextFrame.setTimerType(Qt::PreciseTimer);
     untilNextFrame.setSingleShot(true);

@@ -53,7 +53,7 @@ GestureList::GestureList(GestureType chosen, Lang& language, const QString& sear
     setFocusProxy(entries);
     entries->onChoose = [this](int value) {
         if (onChoose) {
-            onChoose(static_cast<GestureType>(value)); // may end this list
+            onChoose(static_cast<GestureType>(value)); // may destroy this list
         }
     };
     entries->onBrowse = [this](int value) {

@@ -4,7 +4,7 @@
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its parent; the language outlives it.
-// Errors:  none. Where nothing is found it says so, and the demonstration stays.
+// Errors:  none. If no gesture matches, the list says so, and the demonstration stays.
 #pragma once
 
 #include "core/gesture_type.h"

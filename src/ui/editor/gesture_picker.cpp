@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// Whether the key types something, rather than doing something.
+// Whether the key types a character instead of running a command.
 bool types(const QKeyEvent& event) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !event.text().isEmpty() && event.text().front().isPrint() &&

@@ -5,7 +5,7 @@
 //
 // Thread:  the main thread, within the lifetime of the application object.
 // Owner:   the program. It owns the HardwareKeys.
-// Errors:  as the port has them.
+// Errors:  as the port documents.
 #pragma once
 
 #include "ui/recorder/desktop_keys.h"
@@ -20,14 +20,14 @@ namespace glidemap {
 
 class ToolkitKeyPresses : public KeyPresses {
 public:
-    // Without desktop keys the desktop keeps its own.
+    // Without `desktopKeys` the desktop's own keys are not captured.
     explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> hardware,
                                std::unique_ptr<DesktopKeys> desktopKeys = nullptr);
 
     void start(std::function<void(const Press&)> handler) override;
     void stop() override;
     void abandon() override;
-    void borrowDesktopKeys(QWindow* window) override;
+    void captureDesktopKeys(QWindow* window) override;
 
 private:
     void press(const QKeyEvent& event) const;

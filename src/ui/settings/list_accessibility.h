@@ -7,6 +7,6 @@
 namespace glidemap {
 
 // Idempotent.
-void describeListsToAssistance();
+void installListAccessibility();
 
 } // namespace glidemap

@@ -65,7 +65,7 @@ SettingsWindow::SettingsWindow(SettingsView::Services services,
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(content);
-    goWhereItWas();
+    restoreGeometry();
 }
 
 // On quit, an open window is destroyed without being hidden.
@@ -76,7 +76,7 @@ SettingsWindow::~SettingsWindow() {
 }
 
 // Fits the window on one screen: the previous screen may be smaller now, or disconnected.
-void SettingsWindow::goWhereItWas() {
+void SettingsWindow::restoreGeometry() {
     const auto last = remembered != nullptr ? remembered->read() : std::nullopt;
     QRect place(QPoint(), contentSize);
     place.moveCenter(screen()->availableGeometry().center());
