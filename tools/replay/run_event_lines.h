@@ -14,8 +14,8 @@ std::string jsonOf(const RunEvent& event);
 // The recognised gesture only, without its routing.
 std::string recognitionJsonOf(const Recognised& recognised);
 
-// For people. A gesture's line includes its action, so keys, actions and unswallowed buttons have
-// no line: the result is then empty.
+// Human-readable. A gesture's line includes its action, so keys, actions and unswallowed buttons
+// have no line of their own: the result is then empty.
 std::string textOf(const RunEvent& event);
 
 // A text as a JSON string.
