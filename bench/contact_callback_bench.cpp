@@ -6,7 +6,7 @@
 //            queue
 //   asleep   the queue's thread must be woken, because the fingers change. If both threads share a
 //            processor, the time includes the run of the woken thread; `own_ns` excludes it.
-//   deferred the queue's thread sleeps on, because no gesture can follow from the frame
+//   deferred the queue's thread keeps sleeping, because no gesture can follow from the frame
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/samples.h"
@@ -156,7 +156,7 @@ void callbackBusy(benchmark::State& state) {
         state, threads, [] {}, [] {});
 }
 
-// Each report lifts all fingers of the one before.
+// Each report lifts all fingers of the previous report.
 std::vector<Report> alternatingHands(int fingers) {
     return {fingersAt(fingers, 0, 1), fingersAt(fingers, 0, 101)};
 }

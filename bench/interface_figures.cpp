@@ -51,7 +51,7 @@ double tenth(std::vector<double> values) {
     return values[values.size() / 10];
 }
 
-// Without a screen reader, as most people run it.
+// Without a screen reader, which is the usual case.
 Program::Command commandOn(const Stage& stage, const char* program) {
     Program::Command command = stage.command();
     command.words = {program};
@@ -165,7 +165,7 @@ void print(const std::string& what, const Memory& memory) {
 Memory memoryOfYardstick(Stage& stage) {
     Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
     timeUntil(now(), [&] { return isShown(stage, "Yardstick"); });
-    letItSettle(program.process());
+    waitUntilSettled(program.process());
     const Memory memory = memoryOf(program.process());
     endInOrder(program);
     return memory;
@@ -176,7 +176,7 @@ Memory memoryWithoutWindow(Stage& stage) {
     command.words.emplace_back("--no-window");
     Program program(command);
     program.nextLine();
-    letItSettle(program.process());
+    waitUntilSettled(program.process());
     const Memory memory = memoryOf(program.process());
     endInOrder(program);
     return memory;
@@ -205,11 +205,11 @@ void closeWindow(const Stage& stage, const char* title) {
 long measureProgram(Stage& stage, double seconds) {
     Program program(commandOn(stage, GLIDEMAP_PROGRAM));
     timeUntil(now(), [&] { return isShown(stage, "Glidemap"); });
-    letItSettle(program.process());
+    waitUntilSettled(program.process());
     print("window open", memoryOf(program.process()));
     measureDemonstration(stage, program.process(), seconds);
     closeWindow(stage, "Glidemap");
-    letItSettle(program.process());
+    waitUntilSettled(program.process());
     print("window closed", memoryOf(program.process()));
     const long woken = wakeUpsDuring(program.process(), seconds, std::cout);
     endInOrder(program);

@@ -1,8 +1,10 @@
-// launch_bench [--launches N]: how long the workspace takes from being asked for an application until the program's first
-// instructions, beside a bare process that starts the same program by posix_spawn. They take turns.
+// launch_bench [--launches N]: the time from the request to launch an application until the
+// program's first instructions, compared with a bare process that starts the same program with
+// posix_spawn. The two alternate.
 //
-// This process holds as much memory as the program does with its window open: what copies a process pays for its pages.
-// No window is followed, so what a desktop takes to look for one to bring forward is not in these figures.
+// This process holds as much memory as the program with its window open, because copying a process
+// costs time for each page. No windows are tracked, so the figures exclude the desktop's search for
+// a window to bring forward.
 #include "bench/samples.h"
 #include "desktops/private_bus.h"
 #include "kit/temporary_folder.h"
@@ -34,13 +36,13 @@ namespace fs = std::filesystem;
 
 constexpr const char* identifier = "launch-stamp";
 constexpr std::size_t memoryOfTheProgram = std::size_t{42} << 20U;
-constexpr useconds_t pauseBetween = 30'000; // everything sleeps again, as before a gesture
+constexpr useconds_t pauseBetween = 30'000; // all threads sleep again, as before a gesture
 
 std::int64_t nanosecondsNow() {
     return now().time_since_epoch() / std::chrono::nanoseconds(1);
 }
 
-// A pipe with a name. Both ends are open here, so that it never ends.
+// A named pipe. This process keeps both ends open, so that readers never reach the end.
 class StampPipe {
 public:
     explicit StampPipe(fs::path at) : path(std::move(at)) {
@@ -63,8 +65,8 @@ private:
     int descriptor = -1;
 };
 
-// The bare process: for each byte of its input it starts the program and reports when it began.
-int startWhenAsked(char* program, char* pipe) {
+// The bare process: for each byte of its input it starts the program and reports the start time.
+int startOnRequest(char* program, char* pipe) {
     std::array<char*, 3> arguments = {program, pipe, nullptr};
     for (char asked = 0; read(STDIN_FILENO, &asked, 1) == 1;) {
         const std::int64_t began = nanosecondsNow();
@@ -106,7 +108,7 @@ public:
         waitpid(process, nullptr, 0);
     }
 
-    // When it began to start the program.
+    // The time at which it began to start the program.
     std::int64_t start() const {
         std::int64_t began = 0;
         [[maybe_unused]] auto size = write(asks, "s", 1);
@@ -140,7 +142,7 @@ void print(const char* what, const Samples& samples) {
 int measure(const char* self, int launches) {
     const test::TemporaryFolder folder;
     const StampPipe pipe(folder.path() / "stamps");
-    const BareProcess bare(self, pipe.path); // before this one holds any memory
+    const BareProcess bare(self, pipe.path); // before this process holds any memory
     installEntry(folder.path(), pipe);
     const desktops::PrivateBus bus;
     setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);
@@ -175,7 +177,7 @@ int measure(const char* self, int launches) {
 
 int main(int count, char** arguments) {
     if (count == 4 && std::strcmp(arguments[1], "--bare") == 0) {
-        return glidemap::bench::startWhenAsked(arguments[2], arguments[3]);
+        return glidemap::bench::startOnRequest(arguments[2], arguments[3]);
     }
     int launches = 200;
     if (count == 3 && std::strcmp(arguments[1], "--launches") == 0) {

@@ -1,5 +1,6 @@
-// launch_stamp PIPE: the program that launch_bench has launched. Static, so that nothing of what it measures is a
-// loader's; writes when it began, in nanoseconds of the monotonic clock, into the pipe with that name.
+// launch_stamp PIPE: the program that launch_bench launches. It writes its start time, in
+// nanoseconds of the monotonic clock, to the named pipe. Statically linked, so that the measurement
+// excludes the dynamic loader.
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -120,7 +120,7 @@ void PerformanceScript::tapBesideRestingFinger(double seconds) {
         report(contacts);
         nextIdentifier += index == lastOfTap ? 1 : 0;
     }
-    ++nextIdentifier; // a tap that the end interrupted is not resumed
+    ++nextIdentifier; // the next script does not continue an interrupted tap
 }
 
 void PerformanceScript::liftAll() {

@@ -97,7 +97,7 @@ long wakeUpsDuring(pid_t process, double seconds, std::ostream& output) {
     return woken;
 }
 
-void letItSettle(pid_t process) {
+void waitUntilSettled(pid_t process) {
     while (cpuSecondsDuring(process, settledAfter) > 0) {
     }
 }

@@ -31,5 +31,5 @@ double cpuSecondsDuring(pid_t process, double seconds);
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& output);
 
 // Waits until none of the process's threads has run for half a second.
-void letItSettle(pid_t process);
+void waitUntilSettled(pid_t process);
 } // namespace glidemap::bench

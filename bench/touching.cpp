@@ -13,7 +13,7 @@ constexpr double leftmost = 0.05;
 constexpr double lowest = 0.3;
 constexpr double spacing = 0.06;
 constexpr double step = 1.5 * Track::minStep;
-constexpr int stepsOneWay = 40;
+constexpr int stepsPerDirection = 40;
 
 } // namespace
 
@@ -37,8 +37,8 @@ Report fingersAt(int count, double offset, std::int32_t firstIdentifier) {
 std::vector<Report> movingFingers(int count, int length) {
     std::vector<Report> reports;
     for (int index = 0; index < length; ++index) {
-        const int phase = index % (2 * stepsOneWay);
-        const int steps = phase <= stepsOneWay ? phase : 2 * stepsOneWay - phase;
+        const int phase = index % (2 * stepsPerDirection);
+        const int steps = phase <= stepsPerDirection ? phase : 2 * stepsPerDirection - phase;
         reports.push_back(fingersAt(count, step * steps));
     }
     return reports;

@@ -1,6 +1,7 @@
-// Reports the windows and the focused window to Glidemap over the session's bus, because GNOME Shell
-// gives this information only to extensions. Only identities leave the shell. The only incoming
-// requests give the focus to a window, or to a program that is launched now, for an action of a gesture.
+// Reports the windows and the focused window to Glidemap over the session's bus, because GNOME
+// Shell gives this information only to extensions. Only identities leave the shell. The only
+// incoming requests are for the actions of gestures: they focus a window, or a program that is
+// being launched.
 //
 // The object belongs to the shell and is reached under the shell's name. Windows are reported in the
 // order in which they were opened, as (desktop entry, class, instance, title, process), with empty
@@ -97,7 +98,8 @@ class WindowsService {
         invocation.return_value(new GLib.Variant('(b)', [Boolean(found)]));
     }
 
-    // As the dash has one for what it launches. The entry is a desktop entry's file name; it may be unknown here.
+    // Creates a launch token, as the dash does for a program that it launches. `entry` is the file
+    // name of a desktop entry, which the shell may not know.
     TokenForLaunchAsync([entry], invocation) {
         if (!this._listeners.has(invocation.get_sender())) {
             invocation.return_dbus_error('org.freedesktop.DBus.Error.AccessDenied',

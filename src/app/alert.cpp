@@ -27,7 +27,7 @@ QLabel* labelThatShows(const QWidget& alert, const QString& text) {
 }
 
 // Shows the message as a headline above the informative text.
-void dressTexts(const QMessageBox& alert) {
+void styleTexts(const QMessageBox& alert) {
     if (QLabel* const message = labelThatShows(alert, alert.text()); message != nullptr) {
         QFont bold;
         bold.setWeight(QFont::DemiBold);
@@ -48,15 +48,15 @@ Alert::Alert(Texts texts, Lang& lang, QWidget* parent)
     : QMessageBox(parent), texts(std::move(texts)), lang(lang) {
     setObjectName("alert");
     setWindowTitle("Glidemap");
-    // A system's own alert would keep the language, and the texts, with which it opened.
+    // A native alert of the system would keep the language and the texts with which it opened.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // Not the icon of windows, which some systems do not have.
+    // Not the window icon, because some systems have none.
     setIconPixmap(style()
                       ->standardIcon(QStyle::SP_MessageBoxInformation)
                       .pixmap(iconSize, devicePixelRatio()));
     addButtons(this->texts(lang).buttons.size());
     retitle();
-    dressTexts(*this);
+    styleTexts(*this);
     for (QLabel* label : findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);
     }

@@ -1,9 +1,10 @@
-// A message of the program's own, with its buttons, in the language of the moment also while it is
-// open. The toolkit draws it on every system.
+// A message with buttons. Its texts follow the interface language even while it is open, so Qt
+// draws it on every system.
 //
 // Thread:  the main thread.
 // Owner:   the caller that shows it. The language outlives it.
-// Errors:  none. Texts are shown as plain text, never as markup, because some come from outside.
+// Errors:  none. Texts are shown as plain text, never as markup, because some come from outside the
+//          program.
 #pragma once
 
 #include "core/lang.h"
@@ -36,7 +37,7 @@ public:
     Alert(Texts texts, Lang& lang, QWidget* parent = nullptr);
 
     // Whether the user closed it with its first button.
-    bool firstButtonWasChosen() const { return clickedButton() == first; }
+    bool isFirstButtonChosen() const { return clickedButton() == first; }
 
 private:
     void addButtons(std::size_t count);

@@ -82,8 +82,8 @@ void AppDelegate::setupStatusItem() {
     QObject::connect(&statusItem->menu(), &QMenu::aboutToShow, &statusItem->menu(),
                      weakly(&AppDelegate::menuNeedsUpdate));
     statusItem->onActivate = weakly(&AppDelegate::openSettings);
-    statusItem->onMissing = weakly(&AppDelegate::sayThatThereIsNoStatusBar);
-    statusItem->onFound = weakly(&AppDelegate::takeBackThatThereIsNoStatusBar);
+    statusItem->onMissing = weakly(&AppDelegate::reportMissingStatusBar);
+    statusItem->onFound = weakly(&AppDelegate::withdrawMissingStatusBar);
 }
 
 // The title is set when the menu opens.
@@ -183,7 +183,7 @@ void AppDelegate::showResult(const UpdateResult& result) {
     alert.show();
     ports.shell->activate(alert);
     alert.exec(); // a nested event loop: gestures and their actions keep working
-    if (offersDownload(result) && alert.firstButtonWasChosen()) {
+    if (offersDownload(result) && alert.isFirstButtonChosen()) {
         downloadUpdate();
     }
 }
@@ -194,7 +194,7 @@ QWidget* AppDelegate::windowForAlerts() const {
                                                                     : nullptr;
 }
 
-void AppDelegate::sayThatThereIsNoStatusBar() {
+void AppDelegate::reportMissingStatusBar() {
     noStatusBar = std::make_unique<Alert>(noStatusBarText, *ports.lang);
     noStatusBar->setModal(false);
     noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // not urgent

@@ -23,10 +23,11 @@ public:
     // window is already visible.
     virtual void activate(QWidget& window) = 0;
 
-    // Gestures are on or off, from the launch on. While they are on the program must react at once, window or not.
+    // Called on launch, and when gestures are switched on or off. While gestures are on, the
+    // program must react at once, even without a window.
     virtual void setGesturesOn(bool /*areOn*/) {}
 
-    // Ends the event loop; nobody is asked.
+    // Ends the event loop without asking the user.
     virtual void terminate() = 0;
 };
 

@@ -21,7 +21,7 @@ public:
                 [this] { process.start(QIODevice::ReadOnly); });
         afterwards.setSingleShot(true);
         connect(&afterwards, &QTimer::timeout, this, [this] { report(); });
-        // On quit, the result has no receiver left.
+        // On quit, no code waits for the result any more.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 [this] { delete this; });
         connect(&process, &QProcess::finished, this, [this] { finish(outcome()); });
@@ -59,7 +59,7 @@ private:
         }
     }
 
-    // The callback may show an alert and take its time; the program may quit meanwhile.
+    // The callback may show an alert, and the program may quit while it is open.
     void report() {
         const Done then = std::move(done);
         const Fetched what = std::move(*fetched);
@@ -85,7 +85,7 @@ Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds re
 std::filesystem::path installedFetchProgram() {
     const std::filesystem::path programs(QCoreApplication::applicationDirPath().toStdString());
     if (!programs.is_absolute()) {
-        return {}; // the own path is unknown; an empty path does not start
+        return {}; // this program's path is unknown; an empty path fails to start
     }
     return programs.parent_path() / GLIDEMAP_HELPERS / "glidemap-fetch";
 }

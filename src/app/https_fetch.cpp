@@ -121,7 +121,7 @@ void Exchange::limit(QTimer& timer, std::chrono::milliseconds time, const char* 
 void Exchange::receiveHeader() {
     silence.start();
     tooLarge = tooLarge ||
-               reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > setup.largestBody;
+               reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > setup.maxBody;
     if (tooLarge) {
         giveUp("the response is too large");
     }
@@ -130,7 +130,7 @@ void Exchange::receiveHeader() {
 void Exchange::receive() {
     silence.start();
     body += reply->readAll();
-    tooLarge = tooLarge || body.size() > setup.largestBody;
+    tooLarge = tooLarge || body.size() > setup.maxBody;
     if (tooLarge) {
         giveUp("the response is too large");
     }
@@ -143,7 +143,7 @@ void Exchange::giveUp(const QString& text) {
     }
 }
 
-// Destroys the network objects first: the callback may show an alert and take its time.
+// Destroys the network objects first: the callback may show an alert, which can stay open for long.
 void Exchange::finish() {
     if (!done) {
         return;

@@ -22,7 +22,7 @@ struct HttpsFetchSetup {
     // Time-out for the whole transfer, so that a server cannot keep it open by sending single
     // bytes.
     std::chrono::milliseconds whole = std::chrono::seconds(60);
-    qint64 largestBody = 1024L * 1024;
+    qint64 maxBody = 1024L * 1024;
     // Trusted certificate authorities; empty means those of the system.
     QList<QSslCertificate> authorities = {};
 };

@@ -13,7 +13,8 @@ namespace glidemap {
 
 enum class LaunchOption { run, runVerbosely, diagnose, version, help, wrong };
 
-// Without the name of the program. What the system adds to the command line by itself is left out.
+// Takes the arguments without the program's name. Ignores the arguments that the system adds to the
+// command line.
 LaunchOption launchOption(std::span<char* const> arguments);
 
 } // namespace glidemap

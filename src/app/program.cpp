@@ -37,7 +37,7 @@ constexpr std::chrono::milliseconds endLimit{1500};
 // Qt gets only the program's name: the options are not Qt's.
 constexpr int onlyTheName = 1;
 
-// The program's delegate, for endInOrder(), which takes no argument.
+// The program's delegate. A global variable, because endInOrder() takes no argument.
 std::weak_ptr<AppDelegate> theDelegate;
 
 // When the connection to the display breaks, Qt exits the process. Release the touchpads even then.
@@ -242,8 +242,9 @@ int launch(char** arguments) {
     SingleInstance instance(platform::runtimeFolder());
     switch (instance.claim(activation)) {
     case SingleInstance::Claim::shown:
-        logLine("start",
-                "Glidemap runs already and shows its window; end it to log from the start");
+        logLine(
+            "start",
+            "Glidemap is already running and has shown its window; quit it to log from startup");
         return EXIT_SUCCESS;
     case SingleInstance::Claim::unanswered:
         return refuse("already running, but not responding", unansweredText, activation, arguments);

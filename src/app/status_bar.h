@@ -32,7 +32,8 @@ public:
     // Notifies of changes of kind().
     virtual Observable& changes() = 0;
 
-    // Called each time the item was given its icon, for a bar that has a better drawing of its own.
+    // Called each time the item's icon was set. A bar that has a better drawing can replace the
+    // icon here.
     virtual void itemWasDrawn(Look /*look*/) {}
 };
 

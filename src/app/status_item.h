@@ -1,7 +1,7 @@
 // The program's item in the status bar: an icon with a menu.
 //
-// It is created once a bar exists, be it minutes after the start: Qt searches for a tray only once,
-// so the search must not come too early.
+// It is created as soon as a bar exists, possibly minutes after the start. Qt searches for a tray
+// only once, so the search must not come too early.
 //
 // Units:   the patience in milliseconds.
 // Thread:  the main thread.
@@ -56,7 +56,7 @@ public:
 
     void setLook(Look now);
 
-    // Redraws the icon on each of these changes.
+    // These subscriptions redraw the icon.
     void redrawOn(Observable& changes);
 
 private:

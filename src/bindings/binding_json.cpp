@@ -70,7 +70,7 @@ std::string quotedForDisplay(std::string_view text) {
     return shown;
 }
 
-// Never leaves this file.
+// Thrown and caught only in this file.
 struct DecodingError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };

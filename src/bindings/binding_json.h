@@ -28,7 +28,7 @@
 namespace glidemap {
 
 struct DecodingFailure {
-    std::string reason; // location and problem, for people: "[2].gesture: not a gesture"
+    std::string reason; // human-readable location and problem: "[2].gesture: not a gesture"
 };
 
 // Pretty-printed; the keys of every object are sorted.

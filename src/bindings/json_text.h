@@ -1,5 +1,5 @@
-// What a JSON parser loses or rejects although JSON allows it: the exact value of a number, numbers
-// beyond a double, and escaped unpaired surrogates.
+// Valid JSON that a parser loses or rejects: the exact value of a number, numbers beyond a double,
+// and escaped unpaired surrogates.
 //
 // Memory:  a second copy of the text if anything must be replaced.
 // Thread:  any.

@@ -16,7 +16,8 @@ struct Word {
     const char* chinese;
 };
 
-// Keys whose label is a sign, which would be read aloud as one or not at all, and keys without a label.
+// Keys whose label is a symbol, which a screen reader would misread or skip, and keys without a
+// label.
 constexpr std::array words = {
     Word{24, "Equals", "等号"},
     Word{27, "Minus", "减号"},
@@ -69,7 +70,7 @@ constexpr std::array words = {
     Word{126, "Up Arrow", "上箭头"},
 };
 
-// Where keyboards of a PC have other words on the key.
+// Keys that are labelled differently on PC keyboards.
 constexpr std::array wordsOnPC = {
     Word{71, "Num Lock", "Num Lock"},        Word{105, "Print Screen", "Print Screen"},
     Word{107, "Scroll Lock", "Scroll Lock"}, Word{113, "Pause", "Pause"},

@@ -1,6 +1,6 @@
 // The names of keys in words, for screen readers and for the list of keys: "Right Arrow", "Keypad 7".
 //
-// A keyboard of a PC has other words on some keys than the symbols say: F13 is its Print Screen.
+// PC keyboards label some keys differently: F13 is Print Screen there.
 //
 // Thread:  any; pure functions.
 // Errors:  none. A key without words is called by its label.
@@ -17,7 +17,7 @@ namespace glidemap {
 std::string keyWords(std::uint16_t keyCode, const Lang& lang,
                      KeyboardKind keyboard = usualKeyboard());
 
-// The label of shortcut texts: "→". Empty for a key that has none but its number.
+// The label in shortcut texts: "→". Empty for a key that is shown by its number only.
 std::string keyLabel(std::uint16_t keyCode);
 
 // "Ctrl" or "Control", for one modifier's bit.

@@ -1,6 +1,6 @@
-// The names of keys on this system's keyboards.
+// The kind of keyboard, which determines the names of its keys.
 //
-// Thread:  any; the usual kind is set once on startup, by the home that runs.
+// Thread:  any; the platform sets the default kind once, on startup.
 // Errors:  none.
 #pragma once
 
@@ -13,7 +13,7 @@ enum class KeyboardKind : std::uint8_t {
     pc,    // Ctrl, Alt, Shift, Super
 };
 
-// Apple's until it is set.
+// `apple` until it is set.
 void setUsualKeyboard(KeyboardKind kind);
 KeyboardKind usualKeyboard();
 

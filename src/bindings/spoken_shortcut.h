@@ -1,7 +1,7 @@
 // A shortcut in words, for screen readers and for keyboards with key names instead of symbols.
 //
 // Thread:  any; pure functions.
-// Errors:  none. A key without a word of its own is called what it is shown as.
+// Errors:  none. A key that has no name in words is read by its label.
 #pragma once
 
 #include "bindings/key_shortcut.h"

@@ -105,7 +105,7 @@ std::vector<GestureType> performableGestures() {
 }
 
 Performance perform(GestureType gesture, std::uint64_t seed) {
-    // gives different gestures of one seed different choices
+    // Different gestures with the same seed make different random choices.
     constexpr std::uint64_t apart = 1'000'003;
     Chance chance(seed * apart + static_cast<std::uint64_t>(gesture));
     const Fingers fingers = fingersFor(gesture, chance);

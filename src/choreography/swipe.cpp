@@ -25,7 +25,7 @@ struct Stroke {
 };
 
 // Fingers of one hand move in almost the same direction.
-PadPoint wayOfOneFinger(const Stroke& hand, Chance& chance) {
+PadPoint displacementOfOneFinger(const Stroke& hand, Chance& chance) {
     Stroke finger = hand;
     finger.length *= 1 + 0.04 * chance.wobble();
     finger.angle += 0.04 * chance.wobble();
@@ -52,7 +52,7 @@ Fingers performSwipe(int count, Direction direction, Chance& chance) {
     const auto up = liftings(count, hand.time + hand.duration + 0.004, chance);
     Fingers fingers;
     for (std::size_t index = 0; index < places.size(); ++index) {
-        const PadPoint way = wayOfOneFinger(hand, chance);
+        const PadPoint way = displacementOfOneFinger(hand, chance);
         fingers.push_back(
             {down[index], up[index], stroke(places[index], way, hand.time, hand.duration)});
     }

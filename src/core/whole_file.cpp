@@ -109,7 +109,7 @@ private:
                (errno != EWOULDBLOCK && errno != EINTR);
     }
     bool isCurrent() const;
-    bool canOthersOpenIt() const;
+    bool isOpenToOthers() const;
 
     const int folder;
     const FileAccess access;
@@ -133,7 +133,7 @@ std::error_code TemporaryFile::acquire() {
         nanosleep(&lockInterval, nullptr);
     }
     // Another user could hold the lock forever.
-    const bool isRemoved = file && canOthersOpenIt() && unlinkat(folder, name.c_str(), 0) == 0;
+    const bool isRemoved = file && isOpenToOthers() && unlinkat(folder, name.c_str(), 0) == 0;
     return isRemoved && make() == Attempt::done
                ? std::error_code()
                : std::make_error_code(std::errc::operation_would_block);
@@ -191,7 +191,7 @@ bool TemporaryFile::isCurrent() const {
            locked.st_dev == named.st_dev && locked.st_ino == named.st_ino;
 }
 
-bool TemporaryFile::canOthersOpenIt() const {
+bool TemporaryFile::isOpenToOthers() const {
     struct stat status {};
     return fstat(file.descriptor(), &status) == 0 &&
            (status.st_uid != geteuid() || (status.st_mode & everyonesMode & ~ownersMode) != 0);

@@ -1,8 +1,8 @@
-// Finds named things by the text that a person types: each word of the text must be found somewhere in their
-// names, and upper and lower case are one.
+// Finds items by name: every word that the user types must occur in the item's names, ignoring
+// case.
 //
 // Thread:  any; plain values.
-// Errors:  none; a text without words finds everything.
+// Errors:  none; a text without words matches every item.
 #pragma once
 
 #include <functional>
@@ -20,7 +20,7 @@ public:
 
     bool isEmpty() const { return words.empty(); }
 
-    // The names are as searchableNames() makes them.
+    // `names` is a result of searchableNames().
     bool finds(const std::string& names) const;
 
 private:

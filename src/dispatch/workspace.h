@@ -37,7 +37,8 @@ public:
     // Returns the location of the application with this identifier, as a URL.
     virtual std::optional<std::string> urlForApplication(const std::string& bundleID) const = 0;
 
-    // The name of its icon in the desktop's theme, or the path of the icon's file. Not every home knows.
+    // The name of the application's icon in the desktop's theme, or the path of the icon's file.
+    // Not every platform can report it.
     virtual std::optional<std::string> iconOfApplication(const std::string& /*bundleID*/) const {
         return std::nullopt;
     }

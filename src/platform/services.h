@@ -1,6 +1,7 @@
 // The services of the operating system that the program runs on: one implementation of each port,
-// and what the program needs before they exist. Each system implements these functions once, and
-// the build links one implementation. No other code in the program names a system.
+// and the functions that the program calls before they exist. Each system implements these
+// functions once, and the build links one implementation. No other code in the program names a
+// system.
 //
 // Thread:  the main thread.
 // Owner:   the program. It makes the services once, while the application object exists, and
@@ -65,7 +66,7 @@ std::function<void()> startFontScan();
 // The functions from here on need the application object.
 
 struct Services {
-    // Keeps alive what the services run on. It is the first member, so it is destroyed last.
+    // Keeps the foundation of the services alive. It is the first member, so it is destroyed last.
     std::shared_ptr<void> foundation;
 
     // The version to show to users; nullopt if unknown.
@@ -99,8 +100,8 @@ struct Services {
     const char* installedIconOff = ""; // while gestures are switched off
 };
 
-// What the system reports to the program. The services call these functions on the main thread, and
-// maybe before makeServices() returns.
+// The system's notifications to the program. The services call these functions on the main thread,
+// possibly before makeServices() returns.
 struct SystemEvents {
     // A touchpad may have appeared, or access may have been granted. The keyboard has already
     // retried.

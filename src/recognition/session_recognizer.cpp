@@ -34,7 +34,8 @@ constexpr double anchorLead = 0.2;
 constexpr double maxAnchorDrift = 0.05;
 constexpr double minFixedTapDistance = 0.05;
 
-// By the number of fingers: every frame asks, and a search of all gestures would be half its cost.
+// Indexed by the number of fingers: every frame reads this, and a search of all gestures would be
+// half of its cost.
 constexpr auto longPresses = [] {
     std::array<std::optional<GestureType>, 6> gestures;
     for (std::size_t count = 0; count < gestures.size(); ++count) {

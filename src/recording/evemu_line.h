@@ -8,7 +8,7 @@
 // Everything after a `#` is a comment, except in a name. LED (L:) and switch (S:) lines do not
 // describe contacts.
 //
-// Errors:  returned as a message for people, without file and line.
+// Errors:  returned as a human-readable message, without file and line.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"

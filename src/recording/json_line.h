@@ -2,7 +2,7 @@
 //
 // Units:   as in recording/record.h.
 // Thread:  one; takes no lock.
-// Errors:  returned as a message for people, without file and line.
+// Errors:  returned as a human-readable message, without file and line.
 #pragma once
 
 #include "recording/record.h"

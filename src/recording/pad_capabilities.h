@@ -1,7 +1,7 @@
 // The device description at the start of a foreign recording, and the touchpad that it describes.
 //
 // Units:   the kernel's; resolutions in units per millimetre, 0 if unknown.
-// Errors:  returned as a message for people, without file and line.
+// Errors:  returned as a human-readable message, without file and line.
 #pragma once
 
 #include "drivers/contact/pad_description.h"

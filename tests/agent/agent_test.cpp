@@ -33,7 +33,7 @@ const test::ServiceDescription logind{
     "<property name='LockedHint' type='b' access='read'/></interface>"};
 
 // The session locks on request and reports it.
-void lockWhenAsked(BusDouble& manager) {
+void lockOnRequest(BusDouble& manager) {
     manager.answer("Lock", [&manager] {
         manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",
                                "/org/freedesktop/login1/session/_31");
@@ -90,7 +90,7 @@ protected:
 
 TEST_F(AgentTest, EveryGestureIsLoggedAndOneLocksTheScreen) {
     BusDouble manager(systemBus.address(), logind, journal);
-    lockWhenAsked(manager);
+    lockOnRequest(manager);
     record({GestureType::threeFingerSwipeUp, GestureType::fixAndTapLeft,
             GestureType::drawCircleClockwise});
     Process agent(command());
@@ -124,7 +124,7 @@ TEST_F(AgentTest, OnALockedScreenALockStillRunsAndNothingIsLogged) {
 
 TEST_F(AgentTest, TheLogUsesTheLanguageOfTheLastRun) {
     BusDouble manager(systemBus.address(), logind, journal);
-    lockWhenAsked(manager);
+    lockOnRequest(manager);
     ofUser("[General]\nappLanguage=zh\n");
     record({GestureType::drawCircleClockwise});
     Process agent(command());

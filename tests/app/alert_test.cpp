@@ -40,20 +40,20 @@ TEST_F(AlertTest, OpenAlertFollowsTheLanguage) {
     EXPECT_EQ(shownBy(alert), (AlertText{"Go on?", "It takes long.", {"Yes", "No"}}));
 }
 
-// A system's own would not follow the language.
-TEST_F(AlertTest, TheToolkitDrawsIt) {
+// A native alert of the system would not follow the language.
+TEST_F(AlertTest, IsDrawnByQtOnEverySystem) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
     const Alert alert(question, lang);
     EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_DontUseNativeDialogs));
 }
 
-TEST_F(AlertTest, ItHasAPictureAlsoWhereWindowsHaveNoIcon) {
+TEST_F(AlertTest, HasAnIconEvenIfWindowsHaveNone) {
     ASSERT_TRUE(QGuiApplication::windowIcon().isNull());
     const Alert alert(question, lang);
     EXPECT_FALSE(alert.iconPixmap().isNull());
 }
 
-TEST_F(AlertTest, OneThatIsGoneIsNotAskedForItsTexts) {
+TEST_F(AlertTest, DestroyedAlertIsNotQueriedForTexts) {
     int asked = 0;
     {
         const Alert alert(
@@ -79,7 +79,7 @@ TEST_F(AlertTest, ReturnPressesTheFirstButtonAndEscapeTheLast) {
         lang.setCode("zh"); // keeps the buttons and their roles
         QTest::keyClick(&alert, row.key);
         EXPECT_FALSE(alert.isVisible()) << row.key;
-        EXPECT_EQ(alert.firstButtonWasChosen(), row.first) << row.key;
+        EXPECT_EQ(alert.isFirstButtonChosen(), row.first) << row.key;
     }
 }
 

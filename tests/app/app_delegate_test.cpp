@@ -90,9 +90,9 @@ TEST_F(AppDelegateTest, LaunchRunsItsStepsInOrder) {
 
 TEST_F(AppDelegateTest, TerminationStopsTouchesThenClicksOnlyOnce) {
     launch();
-    EXPECT_TRUE(stage->hearsTouches());
+    EXPECT_TRUE(stage->receivesTouches());
     stage->delegate->applicationWillTerminate();
-    EXPECT_FALSE(stage->hearsTouches());
+    EXPECT_FALSE(stage->receivesTouches());
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
     stage->delegate->applicationWillTerminate();
     stage->delegate->devicesMayHaveChanged();
@@ -114,11 +114,11 @@ TEST_F(AppDelegateTest, TerminationRetriesAFailedSave) {
 TEST_F(AppDelegateTest, BackgroundSessionIgnoresTouchesAndClicks) {
     launch({binding(GestureType::threeFingerClick)});
     stage->session->setActive(false);
-    EXPECT_FALSE(stage->hearsTouches());
+    EXPECT_FALSE(stage->receivesTouches());
     stage->delegate->devicesMayHaveChanged();
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
     stage->session->setActive(true);
-    EXPECT_TRUE(stage->hearsTouches());
+    EXPECT_TRUE(stage->receivesTouches());
     EXPECT_THAT(stage->takeNotes(), IsSupersetOf({"touches", "click tap", "clicks on"}));
 }
 
@@ -203,7 +203,7 @@ TEST_F(AppDelegateTest, CallbacksOfADestroyedDelegateDoNothingAndReturnFalse) {
     launch({binding(GestureType::twoFingerDoubleTap), binding(GestureType::twoFingerTap)});
     stage->delegate->checkForUpdates();
     const auto query = stage->engine->sessionRecognizer().doubleTapBindingExists;
-    const auto heard = stage->engine->onGesture;
+    const auto received = stage->engine->onGesture;
     ASSERT_TRUE(query(2));
     stage->takeNotes();
     std::weak_ptr gone = stage->delegate;
@@ -213,7 +213,7 @@ TEST_F(AppDelegateTest, CallbacksOfADestroyedDelegateDoNothingAndReturnFalse) {
     EXPECT_TRUE(stage->dispatcher.expired());
     EXPECT_TRUE(stage->window.isNull());
     EXPECT_FALSE(query(2));
-    heard(GestureType::twoFingerTap);
+    received(GestureType::twoFingerTap);
     stage->mainQueue->runAll();
     EXPECT_THAT(stage->keyEvents->posts, IsEmpty());
     stage->openChecks.back()({"", "no network"}); // an alert would block here for ever
@@ -283,8 +283,8 @@ TEST_F(AppDelegateTest, AmpersandInAVersionIsEscaped) {
     EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // shows one &
 }
 
-// On some systems it keeps the program quick while it shows no window.
-TEST_F(AppDelegateTest, TheShellKnowsWhetherGesturesAreOn) {
+// Some systems slow down a program without a window unless it announces that gestures are on.
+TEST_F(AppDelegateTest, ShellIsNotifiedWhetherGesturesAreOn) {
     launch();
     ASSERT_FALSE(stage->shell->gestureStates.empty());
     EXPECT_EQ(stage->shell->gestureStates.back(), true);
@@ -297,7 +297,7 @@ TEST_F(AppDelegateTest, TheShellKnowsWhetherGesturesAreOn) {
     EXPECT_EQ(stage->shell->gestureStates.back(), false);
 }
 
-TEST_F(AppDelegateTest, EnablingTwiceIsAsBefore) {
+TEST_F(AppDelegateTest, TogglingTwiceRestoresTheState) {
     launch();
     stage->openMenu();
     EXPECT_TRUE(stage->item(0).isChecked());
@@ -320,7 +320,7 @@ TEST_F(AppDelegateTest, CheckMarkShowsTheSwitchOfTheLastRun) {
     EXPECT_FALSE(stage->item(0).isChecked());
 }
 
-TEST_F(AppDelegateTest, TheStatusIconSaysWhetherGesturesAreOn) {
+TEST_F(AppDelegateTest, StatusIconShowsWhetherGesturesAreOn) {
     using Look = StatusItem::Look;
     stage->statusBar->become(StatusBar::Kind::embeds);
     relaunch();
@@ -335,7 +335,7 @@ TEST_F(AppDelegateTest, TheStatusIconSaysWhetherGesturesAreOn) {
     EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off, Look::on, Look::off));
 }
 
-TEST_F(AppDelegateTest, TheStatusIconIsDimmedFromTheStartWhereGesturesWereSwitchedOff) {
+TEST_F(AppDelegateTest, StatusIconIsDimmedAtLaunchIfGesturesWereSwitchedOff) {
     stage->defaults->storedBooleans["masterEnabled"] = false;
     stage->statusBar->become(StatusBar::Kind::embeds);
     relaunch();

@@ -12,8 +12,8 @@
 namespace glidemap::test {
 
 // Tests raise their time-outs up to this one on a busy machine.
-inline constexpr std::chrono::seconds longestLimit{64};
-static_assert(longestLimit < patience);
+inline constexpr std::chrono::seconds maxTimeout{64};
+static_assert(maxTimeout < patience);
 
 class Application {
 public:
@@ -26,7 +26,7 @@ public:
     }
 
     // Processes pending events, and the events that they post.
-    static void runWhatWaits() {
+    static void runPendingTasks() {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
     }

@@ -26,11 +26,11 @@ TouchDriverPlatform DelegateStage::driver() {
     return {TEST_DRIVER, [](void*) {
                 return TouchDriverPlatform::ListAccess{
                     [](driver::DeviceList) -> long {
-                        const bool heard = current->engine->onGesture != nullptr;
+                        const bool received = current->engine->onGesture != nullptr;
                         const bool asks =
                             current->engine->sessionRecognizer().doubleTapBindingExists != nullptr;
                         current->notes.push_back(std::string("touches") +
-                                                 (heard ? "" : ", no onGesture") +
+                                                 (received ? "" : ", no onGesture") +
                                                  (asks ? "" : ", no doubleTapBindingExists"));
                         return 0;
                     },
@@ -60,8 +60,8 @@ void DelegateStage::noteClickTap(const std::string& call) {
         {"create", "click tap"},     {"enable", "clicks on"},
         {"disable", "clicks off"},   {"remove", "no click tap"},
         {"needed", "clicks needed"}, {"not needed", "clicks not needed"}};
-    const bool tooEarly = call == "disable" && hearsTouches();
-    notes.push_back(words.at(call) + (tooEarly ? ", touches still heard" : ""));
+    const bool tooEarly = call == "disable" && receivesTouches();
+    notes.push_back(words.at(call) + (tooEarly ? ", touches still received" : ""));
 }
 
 DelegateStage::~DelegateStage() {
@@ -157,11 +157,11 @@ void DelegateStage::touch(int fingers) const {
     MultitouchDeviceManager::contactCallback(nullptr, contacts.data(), fingers, 0, 0);
 }
 
-bool DelegateStage::hearsTouches() const {
+bool DelegateStage::receivesTouches() const {
     touch(1);
-    const bool heard = engine->touchingCount() == 1;
+    const bool received = engine->touchingCount() == 1;
     touch(0);
-    return heard;
+    return received;
 }
 
 QAction& DelegateStage::item(int place) const {

@@ -80,7 +80,7 @@ public:
     // Reports this number of resting fingers from the driver.
     void touch(int fingers) const;
     // Whether a report of the driver arrives. Leaves no finger on the pad.
-    bool hearsTouches() const;
+    bool receivesTouches() const;
 
     AppDelegate::Ports ports(); // called once, for the delegate below
     std::shared_ptr<AppDelegate> delegate;

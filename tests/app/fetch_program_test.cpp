@@ -41,7 +41,7 @@ protected:
         fetchByProgram(program, 0ms)(url, [&](const Fetched& what) { fetched.push_back(what); });
         EXPECT_TRUE(fetched.empty());
         EXPECT_TRUE(Application::runUntil([&] { return !fetched.empty(); }));
-        Application::runWhatWaits();
+        Application::runPendingTasks();
         EXPECT_EQ(fetched.size(), 1U);
         return fetched.empty() ? Fetched() : fetched.front();
     }
@@ -79,7 +79,7 @@ TEST_F(FetchProgramTest, ProgramStartsAfterItsDelay) {
     const auto program = script("touch \"$0.ran\"");
     bool isDone = false;
     fetchByProgram(program, 1h)(address, [&](const Fetched&) { isDone = true; });
-    Application::runWhatWaits();
+    Application::runPendingTasks();
     EXPECT_FALSE(std::filesystem::exists(program.native() + ".ran"));
     EXPECT_FALSE(isDone);
 }

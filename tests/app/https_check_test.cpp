@@ -42,7 +42,7 @@ protected:
         checker.check([&](const UpdateResult& result) { results.push_back(result); });
         EXPECT_TRUE(results.empty());
         EXPECT_TRUE(Application::runUntil([&] { return !results.empty(); }));
-        Application::runWhatWaits();
+        Application::runPendingTasks();
         EXPECT_EQ(results.size(), 1U);
         return results.empty() ? UpdateResult(UpdateError()) : results.front();
     }
@@ -170,7 +170,7 @@ TEST_F(HttpsCheckTest, CompleteManifestInATruncatedBodyCounts) {
 // Raises the time-out until the request arrives within it, because the machine's speed is unknown.
 TEST_F(HttpsCheckTest, SilentServerTimesOut) {
     server.setAnswer(say(""));
-    for (silence = 1s; server.requests().empty() && silence <= test::longestLimit; silence *= 2) {
+    for (silence = 1s; server.requests().empty() && silence <= test::maxTimeout; silence *= 2) {
         const auto checker = checkerRunning("1.2");
         expectFailure(Kind::transport, check(*checker));
     }

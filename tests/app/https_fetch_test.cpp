@@ -37,7 +37,7 @@ protected:
         httpsFetch(setup)(url, [&](const Fetched& fetched) { results.push_back(fetched); });
         EXPECT_TRUE(results.empty());
         EXPECT_TRUE(Application::runUntil([&] { return !results.empty(); }));
-        Application::runWhatWaits();
+        Application::runPendingTasks();
         EXPECT_EQ(results.size(), 1U);
         return results.empty() ? Fetched() : results.front();
     }
@@ -62,12 +62,12 @@ TEST_F(HttpsFetchTest, DefaultLimitsSuitASmallFile) {
     const HttpsFetchSetup setup;
     EXPECT_EQ(setup.silence, 15s);
     EXPECT_EQ(setup.whole, 60s);
-    EXPECT_EQ(setup.largestBody, largest);
+    EXPECT_EQ(setup.maxBody, largest);
     EXPECT_TRUE(setup.authorities.isEmpty());
 }
 
 // HTTP header names are case-insensitive: Qt 6.8 writes them in lower case, older versions do not.
-std::string inSmallLetters(std::string text) {
+std::string lowerCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
@@ -79,7 +79,7 @@ TEST_F(HttpsFetchTest, RequestNamesTheProgramAndBypassesCaches) {
     ASSERT_EQ(server.requests().size(), 1U);
     EXPECT_TRUE(server.requests()[0].starts_with("GET /version.json HTTP/1.1\r\n"))
         << server.requests()[0];
-    const std::string request = inSmallLetters(server.requests()[0]);
+    const std::string request = lowerCase(server.requests()[0]);
     for (const char* const header :
          {"\r\nuser-agent: glidemap/" GLIDEMAP_VERSION "\r\n", "\r\ncache-control: no-cache\r\n",
           "\r\naccept-encoding: identity\r\n"}) {
@@ -217,7 +217,7 @@ TEST_F(HttpsFetchTest, ServerThatStallsTimesOutWithThePartialBody) {
     server.setAnswer(say("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\ncontent"));
     HttpsFetchSetup setup = trusting();
     Fetched fetched;
-    for (setup.silence = 1s; fetched.body.empty() && setup.silence <= test::longestLimit;
+    for (setup.silence = 1s; fetched.body.empty() && setup.silence <= test::maxTimeout;
          setup.silence *= 2) {
         fetched = fetch(setup);
     }
@@ -265,7 +265,7 @@ TEST_F(HttpsFetchTest, SlowEndlessServerReachesTheTotalTimeOut) {
 TEST_F(HttpsFetchTest, SlowServerSucceedsIfItIsNeverSilentForTooLong) {
     HttpsFetchSetup setup = trusting();
     Fetched fetched;
-    for (auto interval = 700ms; fetched.body != "xxxx" && 3 * interval <= test::longestLimit;
+    for (auto interval = 700ms; fetched.body != "xxxx" && 3 * interval <= test::maxTimeout;
          interval *= 2) {
         Drip drip(interval, 4);
         server.setAnswer(drip.answer("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n"));

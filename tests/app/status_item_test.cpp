@@ -91,8 +91,8 @@ TEST_F(StatusItemTest, IconIsRedrawnOnlyWhenItsLookChanges) {
     EXPECT_THAT(looks, ElementsAre(Look::off, Look::on));
 }
 
-// The toolkit's own drawing would otherwise replace the bar's.
-TEST_F(StatusItemTest, TheBarIsToldEachTimeTheItemWasDrawn) {
+// Otherwise Qt's drawing would replace the bar's.
+TEST_F(StatusItemTest, BarIsNotifiedAfterEachRedrawOfTheItem) {
     using Look = StatusItem::Look;
     const auto item = itemThatWaits(never);
     item->setLook(Look::off);
@@ -105,8 +105,8 @@ TEST_F(StatusItemTest, TheBarIsToldEachTimeTheItemWasDrawn) {
     EXPECT_THAT(bar->drawn, ElementsAre(Look::off, Look::off, Look::on));
 }
 
-// Some of them know a letter's key and no comma's.
-TEST_F(StatusItemTest, ABarThatDrawsTheMenuShowsEitherNoKeyOrAll) {
+// Some bars know the keys of letters but not the comma.
+TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsAllShortcutsOrNone) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);
         const auto item = itemThatWaits(never);

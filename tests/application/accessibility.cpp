@@ -23,15 +23,15 @@ constexpr unsigned labelledBy = 2; // relation type
 
 constexpr const char* rootPath = "/org/a11y/atspi/accessible/root";
 constexpr const char* accessibleInterface = "org.a11y.atspi.Accessible";
-constexpr int deepest = 40; // of any window; limits a tree with a cycle
+constexpr int deepest = 40; // levels in a window; limits a tree with a cycle
 constexpr unsigned screenCoordinates = 0;
 
 const Callee registry{"org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
                       "org.a11y.atspi.Registry"};
 
-void ignoreNews(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
-                const char* /*interface*/, const char* /*signal*/, GVariant* /*values*/,
-                gpointer /*nothing*/) {}
+void ignoreEvent(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
+                 const char* /*interface*/, const char* /*signal*/, GVariant* /*values*/,
+                 gpointer /*nothing*/) {}
 
 using Address = std::pair<std::string, std::string>;
 
@@ -160,7 +160,7 @@ void Accessibility::connect(const std::string& address) {
                                                         nullptr);
     ASSERT_NE(connection, nullptr) << "the accessibility bus does not respond at " << address;
     g_dbus_connection_signal_subscribe(connection, nullptr, "org.a11y.atspi.Event.Object", nullptr,
-                                       nullptr, nullptr, G_DBUS_SIGNAL_FLAGS_NONE, ignoreNews,
+                                       nullptr, nullptr, G_DBUS_SIGNAL_FLAGS_NONE, ignoreEvent,
                                        nullptr, nullptr);
     EXPECT_NE(call(connection, registry, "RegisterEvent",
                    g_variant_new("(sas@s)", "object:", nullptr, g_variant_new_string(""))),

@@ -22,7 +22,7 @@ namespace glidemap::application {
 struct Control {
     std::string busName;
     std::string path;
-    std::string role; // as AT-SPI names it: "push button"
+    std::string role; // AT-SPI's name: "push button"
     std::string name;
     std::string label; // the name of its label; may be empty
     std::string description;

@@ -39,7 +39,7 @@ public:
     virtual Picture panel() const = 0;
     virtual Picture screen() const = 0;
 
-    // Starts this desktop's portal. `choose` works from then on.
+    // Starts this desktop's portal. Call this before `choose`.
     virtual void startPortal() = 0;
     virtual void choose(ColorScheme scheme) const = 0;
 

@@ -69,16 +69,14 @@ protected:
         return desktop->start({GLIDEMAP_PROGRAM}, more);
     }
 
-    std::string complaints() const {
-        return test::contentOf(desktop->home.path() / "glidemap.log");
-    }
+    std::string logText() const { return test::contentOf(desktop->home.path() / "glidemap.log"); }
 
     bool waitForIcon(Icon wanted) const {
         return waitUntil([&] { return iconIn(desktop->panel()) == wanted; });
     }
 
     TrayMenu menu() const {
-        EXPECT_TRUE(waitUntil([&] { return desktop->items().size() == 1; })) << complaints();
+        EXPECT_TRUE(waitUntil([&] { return desktop->items().size() == 1; })) << logText();
         const auto items = desktop->items();
         return {desktop->session.connection(), items.empty() ? StatusHost::Item{} : items.front()};
     }
@@ -103,7 +101,7 @@ TEST_P(RealPanelTest, IconAppearsAndDisappearsWithTheProgram) {
     desktop->startPanel();
     EXPECT_EQ(iconIn(desktop->panel()), Icon::none);
     const auto glidemap = startGlidemap();
-    EXPECT_TRUE(waitForIcon(Icon::dark)) << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::dark)) << logText();
     EXPECT_EQ(desktop->items().size(), 1U);
     EXPECT_EQ(end(*glidemap), 0);
     EXPECT_TRUE(waitForIcon(Icon::none));
@@ -136,12 +134,12 @@ TEST_P(RealPanelTest, LateOrRestartedPanelGetsTheItem) {
     const auto glidemap = startGlidemap();
     // The window appears after the program has searched for a panel.
     ASSERT_TRUE(waitUntil([&] { return desktop->screen().differences(bare) > 10000; }))
-        << complaints();
+        << logText();
     desktop->startPanel();
-    EXPECT_TRUE(waitForIcon(Icon::dark)) << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::dark)) << logText();
     desktop->killPanel();
     desktop->startPanel();
-    EXPECT_TRUE(waitForIcon(Icon::dark)) << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::dark)) << logText();
     EXPECT_TRUE(waitForMenu(entries("✓ Enable Gestures")));
     EXPECT_EQ(end(*glidemap), 0);
 }
@@ -152,13 +150,13 @@ TEST_P(RealPanelTest, IconFollowsThePortalsColourScheme) {
     desktop->choose(ColorScheme::dark);
     const auto glidemap = startGlidemap(
         {{"KDE_FULL_SESSION", ""}, {"KDE_SESSION_VERSION", ""}, {"XDG_CURRENT_DESKTOP", ""}});
-    EXPECT_TRUE(waitForIcon(Icon::dark)) << "the icon is not dark: " << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::dark)) << "the icon is not dark: " << logText();
     desktop->startPortal();
-    EXPECT_TRUE(waitForIcon(Icon::light)) << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::light)) << logText();
     desktop->choose(ColorScheme::light);
-    EXPECT_TRUE(waitForIcon(Icon::dark)) << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::dark)) << logText();
     desktop->choose(ColorScheme::dark);
-    EXPECT_TRUE(waitForIcon(Icon::light)) << complaints();
+    EXPECT_TRUE(waitForIcon(Icon::light)) << logText();
     EXPECT_EQ(end(*glidemap), 0);
 }
 

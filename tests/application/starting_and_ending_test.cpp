@@ -12,7 +12,7 @@ namespace {
 
 class StartingAndEndingTest : public ApplicationTest {};
 
-// What programs broadcast on the stage's display, all pieces joined.
+// The messages that programs broadcast on the stage's display, joined from their pieces.
 class Broadcasts {
 public:
     explicit Broadcasts(const XDisplay& display) : connection(display.connection()) {
@@ -189,7 +189,7 @@ TEST_F(StartingAndEndingTest, MissingLockFolderIsReportedToTheUser) {
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
-// Otherwise the launcher shows for some seconds that the program starts.
+// Otherwise the launcher would show for some seconds that the program is starting.
 TEST_F(StartingAndEndingTest, FirstWindowEndsTheLaunch) {
     Stage stage;
     Broadcasts broadcasts(stage.display);
@@ -286,7 +286,7 @@ TEST_F(StartingAndEndingTest, DiagnosisExitsWithoutADisplayAndWithAHungBus) {
                                .log = folder.path() / "log"});
     bool hasSilentBus = false;
     while (const auto line = program.nextLine()) {
-        hasSilentBus = hasSilentBus || *line == "  session bus: does not answer";
+        hasSilentBus = hasSilentBus || *line == "  session bus: does not reply";
         if (*line == "Bindings") {
             break;
         }

@@ -79,7 +79,7 @@ public:
     // Simulates the end of the session.
     void kill() const { server->kill(); }
 
-    // Whether each window is visible that is neither minimised nor on another workspace. Some
+    // Whether all windows are visible, except minimised ones and those on other workspaces. Some
     // window managers list a window before they show it, and focus it only then.
     bool showsAllWindows() const;
 

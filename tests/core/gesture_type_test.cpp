@@ -181,7 +181,7 @@ TEST(GestureTypeTest, TheCatalogueHas48GesturesInTheOrderOfDeclaration) {
     }
 }
 
-TEST(GestureTypeTest, EveryRawValueIsAsStored) {
+TEST(GestureTypeTest, RawValuesMatchTheStoredFormat) {
     for (const CatalogueRow& row : catalogue) {
         EXPECT_EQ(rawValue(row.gesture), row.rawValue);
         EXPECT_EQ(gestureTypeFromRawValue(row.rawValue), row.gesture);
@@ -317,7 +317,7 @@ TEST(GestureType, IsFoundByCategoryFingersAndDirection) {
     }
 }
 
-TEST(GestureType, IsAClickInItsCategoryOnly) {
+TEST(GestureType, IsAClickOnlyInTheClickCategory) {
     for (const GestureType gesture : allGestureTypes) {
         EXPECT_EQ(isClick(gesture), gesture == twoFingerClick || gesture == threeFingerClick ||
                                         gesture == fourFingerClick)

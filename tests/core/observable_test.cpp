@@ -37,80 +37,80 @@ TEST(ObservableTest, EitherFunctionMayBeEmpty) {
 
 TEST(ObservableTest, AReleasedSubscriptionIsNotNotified) {
     Observable observable;
-    int heard = 0;
-    auto released = observable.subscribe([&] { ++heard; });
+    int notified = 0;
+    auto released = observable.subscribe([&] { ++notified; });
     released.release();
     {
-        const auto scoped = observable.subscribe([&] { ++heard; });
+        const auto scoped = observable.subscribe([&] { ++notified; });
     }
     observable.announceWillChange();
-    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(notified, 0);
 }
 
 TEST(ObservableTest, AMovedSubscriptionIsStillNotified) {
     Observable observable;
-    int heard = 0;
+    int notified = 0;
     Subscription kept;
     {
-        auto made = observable.subscribe([&] { ++heard; });
+        auto made = observable.subscribe([&] { ++notified; });
         kept = std::move(made);
     }
     observable.announceWillChange();
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(notified, 1);
     kept = observable.subscribe({});
     observable.announceWillChange();
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(notified, 1);
 }
 
 TEST(ObservableTest, AnObserverMayUnsubscribeDuringItsNotification) {
     Observable observable;
-    int heard = 0;
+    int notified = 0;
     Subscription itself;
     itself = observable.subscribe([&] {
-        ++heard;
+        ++notified;
         itself.release();
-        ++heard; // a running callback is not destroyed
+        ++notified; // a running callback is not destroyed
     });
     observable.announceWillChange();
     observable.announceWillChange();
-    EXPECT_EQ(heard, 2);
+    EXPECT_EQ(notified, 2);
 }
 
 TEST(ObservableTest, AnObserverReleasedDuringANotificationIsNotCalledAgain) {
     Observable observable;
-    int heard = 0;
+    int notified = 0;
     Subscription second;
     const auto first = observable.subscribe([&] { second.release(); });
-    second = observable.subscribe([&] { ++heard; });
+    second = observable.subscribe([&] { ++notified; });
     observable.announceWillChange();
-    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(notified, 0);
 }
 
 TEST(ObservableTest, AnObserverMaySubscribeAnotherDuringItsNotification) {
     Observable observable;
-    int heard = 0;
+    int notified = 0;
     std::optional<Subscription> added;
     const auto first = observable.subscribe([&] {
         if (!added) {
-            added = observable.subscribe([&] { ++heard; });
+            added = observable.subscribe([&] { ++notified; });
         }
     });
     observable.announceWillChange();
-    EXPECT_EQ(heard, 0); // takes effect with the next notification
+    EXPECT_EQ(notified, 0); // takes effect with the next notification
     observable.announceWillChange();
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(notified, 1);
 }
 
 TEST(ObservableTest, AnObserverMayAnnounceAgain) {
     Observable observable;
-    int heard = 0;
+    int notified = 0;
     const auto subscription = observable.subscribe([&] {
-        if (++heard < 3) {
+        if (++notified < 3) {
             observable.announceWillChange();
         }
     });
     observable.announceWillChange();
-    EXPECT_EQ(heard, 3);
+    EXPECT_EQ(notified, 3);
 }
 
 TEST(ObservableTest, ASubscriptionMayOutliveTheObservedObject) {
@@ -122,12 +122,12 @@ TEST(ObservableTest, ASubscriptionMayOutliveTheObservedObject) {
 
 TEST(ObservableTest, TheObservedObjectMayBeDestroyedDuringANotification) {
     auto observable = std::make_unique<Observable>();
-    int heard = 0;
+    int notified = 0;
     const auto first = observable->subscribe([&] { observable.reset(); });
-    const auto second = observable->subscribe([&] { ++heard; });
+    const auto second = observable->subscribe([&] { ++notified; });
     observable->announceWillChange();
     EXPECT_EQ(observable, nullptr);
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(notified, 1);
 }
 
 } // namespace

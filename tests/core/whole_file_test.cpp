@@ -93,8 +93,8 @@ int lockOf(const fs::path& path, int flags = O_RDONLY) {
     return held;
 }
 
-// How many descriptors of this process the file has. Looks by path: fstat() on the descriptor of another thread would be a
-// data race with its open() and close().
+// Counts this process's descriptors of the file. Compares paths, because fstat() on another
+// thread's descriptor would be a data race with that thread's open() and close().
 int timesOpen(const fs::path& wantedPath) {
     constexpr int moreThanThereAre = 256;
     struct stat wanted {};

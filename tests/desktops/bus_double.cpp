@@ -24,7 +24,7 @@ struct BusDouble::State {
     std::string shortName() const { return service.name.substr(service.name.rfind('.') + 1); }
     void connect(const std::string& address);
     void disconnect();
-    void expectToLeave(const char* caller);
+    void watchCaller(const char* caller);
 
     static void called(GDBusConnection* connection, const char* sender, const char* path,
                        const char* interface, const char* method, GVariant* arguments,
@@ -85,7 +85,7 @@ void BusDouble::State::disconnect() {
     g_clear_pointer(&node, g_dbus_node_info_unref);
 }
 
-void BusDouble::State::expectToLeave(const char* caller) {
+void BusDouble::State::watchCaller(const char* caller) {
     if (callers.insert(caller).second) {
         watches.push_back(g_bus_watch_name_on_connection(
             connection, caller, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, callerLeft, this, nullptr));
@@ -106,7 +106,7 @@ void BusDouble::State::called(GDBusConnection* /*connection*/, const char* sende
                               GVariant* arguments, GDBusMethodInvocation* invocation,
                               gpointer state) {
     auto& self = *static_cast<State*>(state);
-    self.expectToLeave(sender);
+    self.watchCaller(sender);
     char* const printed = g_variant_print(arguments, FALSE);
     self.journal.add(self.shortName() + "." + method + printed);
     g_free(printed);
@@ -136,7 +136,7 @@ GVariant* BusDouble::State::read(GDBusConnection* /*connection*/, const char* se
                                  const char* /*path*/, const char* /*interface*/,
                                  const char* property, GError** /*error*/, gpointer state) {
     auto& self = *static_cast<State*>(state);
-    self.expectToLeave(sender);
+    self.watchCaller(sender);
     self.journal.add(self.shortName() + " get " + property);
     const std::lock_guard lock(self.mutex);
     if (const auto text = self.texts.find(property); text != self.texts.end()) {
@@ -150,7 +150,7 @@ gboolean BusDouble::State::write(GDBusConnection* /*connection*/, const char* se
                                  const char* property, GVariant* value, GError** /*error*/,
                                  gpointer state) {
     auto& self = *static_cast<State*>(state);
-    self.expectToLeave(sender);
+    self.watchCaller(sender);
     const bool wanted = g_variant_get_boolean(value) != FALSE;
     self.journal.add(self.shortName() + " set " + property + (wanted ? " true" : " false"));
     const std::lock_guard lock(self.mutex);

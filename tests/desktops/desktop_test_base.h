@@ -18,7 +18,7 @@
 namespace glidemap::desktops {
 
 // Only the variables that locate the desktop and its buses.
-inline std::map<std::string, std::string> whereaboutsIn(const Environment& desktop) {
+inline std::map<std::string, std::string> sessionVariablesIn(const Environment& desktop) {
     std::map<std::string, std::string> values;
     for (const char* const name : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS", "DISPLAY",
                                    "WAYLAND_DISPLAY", "XDG_CURRENT_DESKTOP", "XDG_RUNTIME_DIR"}) {
@@ -36,7 +36,7 @@ protected:
         }
         folder.clear();
         desktop = GetParam().start();
-        here.emplace(whereaboutsIn(desktop->environment()));
+        here.emplace(sessionVariablesIn(desktop->environment()));
     }
 
     // Starts a program and waits until its window is on the screen.

@@ -45,14 +45,14 @@ void RecordingWindowListener::add(std::string line) {
 }
 
 // After the first failure, waiting longer for later events is useless.
-std::chrono::seconds RecordingWindowListener::longestWait() const {
+std::chrono::seconds RecordingWindowListener::remainingPatience() const {
     return testing::Test::HasFailure() ? std::chrono::seconds(0) : patience;
 }
 
 void RecordingWindowListener::expectReported(const std::vector<std::string>& lines) {
     std::unique_lock lock(mutex);
     // An extra line is detected at once, a missing one at the deadline.
-    added.wait_for(lock, longestWait(), [&] {
+    added.wait_for(lock, remainingPatience(), [&] {
         return reported.size() >= lines.size() ||
                !std::equal(reported.begin(), reported.end(), lines.begin());
     });
@@ -63,7 +63,7 @@ void RecordingWindowListener::expectReported(const std::vector<std::string>& lin
 void RecordingWindowListener::expectInTheEnd(const std::string& windowsLine,
                                              const std::string& activeLine) {
     std::unique_lock lock(mutex);
-    added.wait_for(lock, longestWait(),
+    added.wait_for(lock, remainingPatience(),
                    [&] { return lastWindows == windowsLine && lastActive == activeLine; });
     EXPECT_EQ(lastWindows, windowsLine);
     EXPECT_EQ(lastActive, activeLine);

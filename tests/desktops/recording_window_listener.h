@@ -45,7 +45,7 @@ public:
 
 private:
     void add(std::string line);
-    std::chrono::seconds longestWait() const;
+    std::chrono::seconds remainingPatience() const;
 
     Word asWord;
     std::mutex mutex;

@@ -1,4 +1,5 @@
-// Sets variables of this process's environment for a while, as the desktop's programs have them.
+// Sets variables of this process's environment during a scope, to the values that the desktop's
+// programs have.
 //
 // Thread:  one, while no other thread runs.
 // Owner:   a test.

@@ -40,7 +40,7 @@ protected:
         folder.install(identifier, "Name=Glidemap\nExec=sh\nStartupWMClass=Glidemap\n");
     }
 
-    std::filesystem::path complaints() const { return home.path() / "glidemap.log"; }
+    std::filesystem::path logFile() const { return home.path() / "glidemap.log"; }
 
     Program::Command command() const {
         Environment values = desktop->environment();
@@ -51,7 +51,7 @@ protected:
         }
         values["GLIDEMAP_TOUCH_DRIVER"] = GLIDEMAP_STAGED_DRIVER;
         values["QT_QPA_PLATFORM"] = values.contains("WAYLAND_DISPLAY") ? "wayland" : "xcb";
-        return {.words = {GLIDEMAP_PROGRAM}, .environment = values, .log = complaints()};
+        return {.words = {GLIDEMAP_PROGRAM}, .environment = values, .log = logFile()};
     }
 
     bool waitForLog(const std::string& text) const {
@@ -61,7 +61,7 @@ protected:
 
     void expectEnd(Program& glidemap) const {
         kill(glidemap.process(), SIGTERM);
-        EXPECT_EQ(glidemap.finish(), 0) << test::contentOf(complaints());
+        EXPECT_EQ(glidemap.finish(), 0) << test::contentOf(logFile());
     }
 
     test::TemporaryFolder home{"/tmp"};
@@ -88,7 +88,7 @@ TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     Program::Command again = command();
     again.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
     Program second(again);
-    EXPECT_EQ(second.finish(), 0) << test::contentOf(complaints());
+    EXPECT_EQ(second.finish(), 0) << test::contentOf(logFile());
     seen.expectFrontmost(identifier);
     expectEnd(glidemap);
 }

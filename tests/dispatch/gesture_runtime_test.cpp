@@ -104,7 +104,7 @@ TEST_F(GestureRuntimeTest, FingersThatRestDuringASessionChangeAreNoGesture) {
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrTaken) {
+TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrConsumed) {
     runtime->start();
     tapPort->takeNotes();
     session->setAsleep(true);
@@ -130,7 +130,7 @@ TEST_F(GestureRuntimeTest, ATapBeforeSleepAndOneAfterItAreNoDoubleTap) {
     EXPECT_EQ(recognised(), (std::vector{threeFingerTap, threeFingerTap}));
 }
 
-TEST_F(GestureRuntimeTest, FingersThatRestDuringSleepDecideNothing) {
+TEST_F(GestureRuntimeTest, FingersThatRestDuringSleepAreNoGesture) {
     runtime->start();
     pad.play(fingers(3).startingAt(1).down().until(1.7));
     session->setAsleep(true);

@@ -57,7 +57,7 @@ TEST(KeyNamesTest, TheCodesOfTheDigitsAreNotInOrder) {
     EXPECT_EQ(KeyNames::name(23), "5");
 }
 
-TEST(KeyNamesTest, TheSymbolsAreTheseCharacters) {
+TEST(KeyNamesTest, SymbolKeysHaveTheExpectedCharacters) {
     EXPECT_EQ(KeyNames::name(36), "\u21A9");
     EXPECT_EQ(KeyNames::name(48), "\u21E5");
     EXPECT_EQ(KeyNames::name(51), "\u232B");

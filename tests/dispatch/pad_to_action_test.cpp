@@ -80,7 +80,7 @@ TEST_F(PadToActionTest, ABoundTwoFingerPressIsSwallowedWithItsReleaseAndAnUnboun
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", nullopt}));
 }
 
-TEST_F(PadToActionTest, TwoThreeAndFourFingersAreDifferentClicksOneAndFiveAreNone) {
+TEST_F(PadToActionTest, OnlyTwoToFourFingersMakeAClickGesture) {
     stage.store->setBindings(
         {typing(2, twoFingerClick), typing(3, threeFingerClick), typing(4, fourFingerClick)});
     for (const int count : {1, 5}) {

@@ -1,8 +1,8 @@
-// The bytes that libFuzzer gives, read as values one after the other.
+// Reads values from libFuzzer's bytes, one after the other.
 //
 // Thread:  one.
 // Owner:   a fuzzer, during one run. The bytes outlive it.
-// Errors:  none; where the bytes end, values are zero.
+// Errors:  none; values after the end of the bytes are zero.
 #pragma once
 
 #include <algorithm>

@@ -4,14 +4,16 @@
 // The input describes a hand and a faulty driver: fingers land, move and leave, time passes, and a
 // record may hold arbitrary values. These rules must hold for every input:
 //
-//   - the count is that of the touching records of the latest report;
-//   - while fingers are down only hold-and-tap and long press are heard, the long press once a
-//     session, and no more in a report than fingers vanished, plus one;
-//   - at the end of a session at most one gesture is decided, and none where one of those two was;
-//   - without a session nothing is decided; delayed work brings single taps only, and no more than
-//     were held back;
-//   - what leaves the engine is a quarter second apart;
-//   - after all that a clean tap is a tap.
+//   - the finger count equals the number of touching records in the latest report;
+//   - while fingers are down, only hold-and-tap and long press are reported: the long press once
+//     per session, and at most one gesture per report more than the number of fingers that
+//     vanished;
+//   - at most one gesture is reported at the end of a session, and none if one of those two was
+//     reported before;
+//   - no gesture is reported outside a session, except that delayed work reports single taps, at
+//     most as many as were held back;
+//   - the gestures that the engine delivers are at least a quarter second apart;
+//   - after the input, a clean tap is recognised as a tap.
 #include "fuzz_input.h"
 #include "input/multitouch_device_manager.h"
 #include "platform/virtual/virtual_time.h"
@@ -40,7 +42,7 @@ bool isLongPress(GestureType gesture) {
     return category(gesture) == GestureCategory::longPress;
 }
 
-bool isTapThatCanBeHeldBack(GestureType gesture) {
+bool mayBeHeldBack(GestureType gesture) {
     return gesture >= GestureType::twoFingerTap && gesture <= GestureType::fourFingerTap;
 }
 
@@ -77,7 +79,7 @@ public:
         checkFrameOf(records);
     }
 
-    // Sends a report whose count is useless: without records, or too large.
+    // Sends a report with an invalid count: without records, or too large.
     void reportWithoutRecords(std::int32_t count) {
         MultitouchDeviceManager::contactCallback(nullptr, nullptr, count, time.now(), 0);
         checkFrameOf({});
@@ -106,10 +108,10 @@ public:
         runDelayedWork();
         report(records, start);
         report({}, start);
-        std::vector<GestureType> heard = ofFrame;
+        std::vector<GestureType> reported = ofFrame;
         runDelayedWork();
-        heard.insert(heard.end(), ofDelayedWork.begin(), ofDelayedWork.end());
-        return heard;
+        reported.insert(reported.end(), ofDelayedWork.begin(), ofDelayedWork.end());
+        return reported;
     }
 
 private:
@@ -118,7 +120,7 @@ private:
         ofDelayedWork.clear();
         step();
         for (const GestureType gesture : ofDelayedWork) {
-            require(isTapThatCanBeHeldBack(gesture), "delayed work brings single taps only");
+            require(mayBeHeldBack(gesture), "delayed work brings single taps only");
             require(heldBack-- > 0, "at most as many taps are late as were held back");
         }
     }
@@ -310,10 +312,10 @@ private:
         contacts.clear();
         pass(0.008);
         // At large absolute times, doubles cannot express fractions of a second.
-        const auto heard = pipeline.tap(std::abs(time) < 1e9 ? time + 10 : 0);
+        const auto reported = pipeline.tap(std::abs(time) < 1e9 ? time + 10 : 0);
         // If time goes backwards, the previous tap may seem recent.
-        require(heard == std::vector{GestureType::twoFingerTap} ||
-                    heard == std::vector{GestureType::twoFingerDoubleTap},
+        require(reported == std::vector{GestureType::twoFingerTap} ||
+                    reported == std::vector{GestureType::twoFingerDoubleTap},
                 "afterwards a clean tap is recognised as a tap");
     }
 

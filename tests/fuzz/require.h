@@ -1,4 +1,4 @@
-// Ends the program where a rule does not hold, which libFuzzer reports with the input.
+// Ends the program if a rule is broken; libFuzzer then reports the input.
 #pragma once
 
 #include <cstdio>

@@ -1,11 +1,12 @@
-// The touchpad driver on a model of a kernel, with actions of fingers, the kernel and callbacks.
+// The touchpad driver on a model of a kernel, with random actions of fingers, of the kernel and of
+// callbacks.
 //
-// The input is a list of actions. Fingers land, move and leave, buttons go down and up, and a frame
-// tells the driver the difference to what it was told before, as the kernel does, also after an
-// overflow. The clone's device breaks, the user may not make one, another program grabs the
-// touchpad, it is unplugged and comes back, the user loses the access to it and gets it back; a
-// callback stalls until the watchdog acts, or calls the driver again. Now and then an event holds
-// anything at all. Once the driver has read everything:
+// The input is a list of actions. Fingers land, move and leave, and buttons go down and up. Like
+// the kernel, a frame reports only changes since the previous frame, also after an overflow. The
+// clone's device may break, the user may lack the right to create one, and another program may grab
+// the touchpad. The touchpad may be unplugged and return, and the user may lose and regain access
+// to it. A callback may stall until the watchdog acts, or call the driver again. Occasionally an
+// event has arbitrary content. When the driver has read all events:
 //
 //   - while the touchpad is grabbed, a clone exists;
 //   - the clone has the touchpad's fingers at the same positions, and holds no button that is up;
@@ -41,7 +42,7 @@ using fuzz::Input;
 using fuzz::require;
 using namespace glidemap::test;
 
-constexpr std::int32_t slotCount = 5; // as FakeOpenPad has
+constexpr std::int32_t slotCount = 5; // as in FakeOpenPad
 
 struct Slot {
     std::int32_t id = -1;
@@ -113,7 +114,7 @@ CloneState cloneIn(const std::vector<std::string>& journal) {
 class Kernel {
 public:
     DeviceState now;      // state of the fingers
-    bool isHonest = true; // no event was made up
+    bool isHonest = true; // no arbitrary event was sent
 
     void touch(std::size_t slot, std::int32_t x, std::int32_t y) {
         const std::lock_guard lock(mutex);
@@ -359,7 +360,7 @@ private:
         case 1:
             return system.allowClones((choice & 4) != 0);
         case 2:
-            return system.letOthersGrab((choice & 4) != 0);
+            return system.setGrabbedByOthers((choice & 4) != 0);
         default:
             return system.setTime(clock + choice / 1000.0); // frames from before are still pending
         }
@@ -371,8 +372,8 @@ private:
         streams.back()->system()->setTime(clock);
     }
 
-    // The user loses the access and gets it back. Whether the driver has closed the touchpad in
-    // between is left to the threads.
+    // The user loses access and regains it. Whether the driver closes the touchpad in between
+    // depends on the threads' timing.
     void withdrawAccess() {
         pads->makeReadable("/dev/input/event0", false);
         driver->createList();

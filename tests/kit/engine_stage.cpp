@@ -10,7 +10,7 @@ namespace glidemap::kit {
 EngineStage::EngineStage(std::vector<int> boundDoubleTaps) : manager({"/no/such/driver", {}}) {
     engine = TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &manager});
     engine->onGesture = [this](GestureType gesture) {
-        heard.push_back({time.now(), gesture});
+        reported.push_back({time.now(), gesture});
     };
     engine->sessionRecognizer().doubleTapBindingExists =
         [bound = std::move(boundDoubleTaps)](int count) {

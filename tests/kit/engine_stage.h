@@ -38,7 +38,7 @@ public:
     VirtualTime time;
     MultitouchDeviceManager manager; // has no driver
     std::shared_ptr<TouchEngine> engine;
-    std::vector<Heard> heard; // the gestures that the engine delivered
+    std::vector<ReportedGesture> reported; // the gestures that the engine delivered
 };
 
 // Passes the frame to the contact callback like a driver, from a buffer that is overwritten

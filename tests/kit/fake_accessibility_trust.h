@@ -1,4 +1,4 @@
-// A permission that the test sets, and that records the questions.
+// A permission that the test sets. It records the queries.
 //
 // Thread:  the test's main thread.
 #pragma once

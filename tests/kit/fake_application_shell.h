@@ -1,4 +1,4 @@
-// The desktop's side of the program, which records its calls.
+// A fake application shell that records its calls.
 //
 // Thread:  the test's main thread, with an application object.
 #pragma once

@@ -1,4 +1,4 @@
-// A click tap whose events come from the test and that records its calls.
+// A click tap that records its calls. The test provides its events.
 //
 // Thread:  offer() on one thread at a time; the rest on the test's main thread. The test may read
 //          the notes when no thread calls offer().
@@ -27,7 +27,7 @@ public:
     void remove() override { note("remove"); }
     void setNeeded(bool needed) override { note(needed ? "needed" : "not needed"); }
 
-    // Also works after removal, as a careless system would.
+    // Also works after remove(), like a system that delivers a late event.
     Verdict offer(const ClickEvent& event) { return callback(event); }
 
     // Returns the calls since the last time.

@@ -1,4 +1,4 @@
-// A system lock that exists or not, and that refuses at the test's request.
+// A system lock that may be missing, and that refuses at the test's request.
 //
 // Thread:  the test's main thread.
 #pragma once

@@ -1,4 +1,4 @@
-// A session whose applications the test defines, and that records what it was asked to open.
+// A session whose applications the test defines. It records the requests to open them.
 //
 // Thread:  frontmost and its readers on any; the rest on the test's main thread.
 #pragma once
@@ -47,7 +47,7 @@ public:
     void openURL(const std::string& url) override { opened.push_back("url " + url); }
 
     std::vector<Application> running;
-    std::map<std::string, std::string> urls; // where each application is, by its identifier
+    std::map<std::string, std::string> urls; // each application's location, by its identifier
     std::map<std::string, std::string> icons;
     std::vector<std::string> opened; // in order
     mutable std::atomic<int> timesAskedForFrontmost = 0;

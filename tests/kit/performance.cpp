@@ -11,13 +11,13 @@ namespace glidemap::kit {
 
 namespace {
 
-std::vector<Heard> performThroughRecognizer(std::span<const TouchFrame> frames,
-                                            const std::vector<int>& boundDoubleTaps) {
+std::vector<ReportedGesture> performThroughRecognizer(std::span<const TouchFrame> frames,
+                                                      const std::vector<int>& boundDoubleTaps) {
     VirtualTime time;
-    std::vector<Heard> heard;
+    std::vector<ReportedGesture> reported;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
     recognizer->onGesture = [&](GestureType gesture) {
-        heard.push_back({time.now(), gesture});
+        reported.push_back({time.now(), gesture});
     };
     recognizer->doubleTapBindingExists = [&](int count) {
         return std::ranges::find(boundDoubleTaps, count) != boundDoubleTaps.end();
@@ -27,38 +27,38 @@ std::vector<Heard> performThroughRecognizer(std::span<const TouchFrame> frames,
         recognizer->process(frame);
     }
     time.runRemaining();
-    return heard;
+    return reported;
 }
 
-std::vector<Heard> performThroughEngine(std::span<const TouchFrame> frames,
-                                        const std::vector<int>& boundDoubleTaps) {
+std::vector<ReportedGesture> performThroughEngine(std::span<const TouchFrame> frames,
+                                                  const std::vector<int>& boundDoubleTaps) {
     EngineStage stage(boundDoubleTaps);
     stage.play(frames);
     stage.finish();
-    return stage.heard;
+    return stage.reported;
 }
 
 } // namespace
 
-std::vector<Heard> perform(std::span<const TouchFrame> frames, const Stage& stage) {
+std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames, const Stage& stage) {
     return stage.through == Through::recognizer
                ? performThroughRecognizer(frames, stage.boundDoubleTaps)
                : performThroughEngine(frames, stage.boundDoubleTaps);
 }
 
-std::vector<Heard> perform(const Script& script, const Stage& stage) {
+std::vector<ReportedGesture> perform(const Script& script, const Stage& stage) {
     return perform(script.frames(), stage);
 }
 
-std::vector<GestureType> gesturesOf(std::span<const Heard> heard) {
+std::vector<GestureType> gesturesOf(std::span<const ReportedGesture> reported) {
     std::vector<GestureType> gestures;
-    std::ranges::transform(heard, std::back_inserter(gestures), &Heard::gesture);
+    std::ranges::transform(reported, std::back_inserter(gestures), &ReportedGesture::gesture);
     return gestures;
 }
 
-std::string written(std::span<const Heard> heard) {
+std::string written(std::span<const ReportedGesture> reported) {
     std::string lines;
-    for (const Heard& one : heard) {
+    for (const ReportedGesture& one : reported) {
         lines += "\n    " + written(one.time) + " s: " + std::string(rawValue(one.gesture));
     }
     return lines.empty() ? " nothing" : lines;

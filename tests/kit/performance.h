@@ -16,13 +16,13 @@
 
 namespace glidemap::kit {
 
-struct Heard {
+struct ReportedGesture {
     double time = 0;
     GestureType gesture{};
 
-    friend bool operator==(const Heard&, const Heard&) = default;
-    friend void PrintTo(const Heard& heard, std::ostream* stream) {
-        *stream << heard.time << " s: " << rawValue(heard.gesture);
+    friend bool operator==(const ReportedGesture&, const ReportedGesture&) = default;
+    friend void PrintTo(const ReportedGesture& reported, std::ostream* stream) {
+        *stream << reported.time << " s: " << rawValue(reported.gesture);
     }
 };
 
@@ -39,13 +39,13 @@ struct Stage {
 
 // All gestures reported until no work is pending, in order. Delayed work runs between the frames,
 // when it is due.
-std::vector<Heard> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
-std::vector<Heard> perform(const Script& script, const Stage& stage = {});
+std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
+std::vector<ReportedGesture> perform(const Script& script, const Stage& stage = {});
 
-std::vector<GestureType> gesturesOf(std::span<const Heard> heard);
+std::vector<GestureType> gesturesOf(std::span<const ReportedGesture> reported);
 
 // One line per gesture.
-std::string written(std::span<const Heard> heard);
+std::string written(std::span<const ReportedGesture> reported);
 std::string written(std::span<const GestureType> gestures);
 
 } // namespace glidemap::kit

@@ -28,7 +28,7 @@ public:
         runRounds();
     }
 
-    // By the object's name, or by its class if it has no name.
+    // Counted by the object's name, or by its class if it has no name.
     std::map<std::string, int> paints;
     std::map<std::string, int> layoutRequests;
 

@@ -17,39 +17,40 @@ std::vector<GestureType> expectedIn(const Variant& variant, std::vector<GestureT
 
 } // namespace
 
-std::string complaint(const Row& row, const Variant& variant) {
+std::string mismatch(const Row& row, const Variant& variant) {
     auto frames = row.script.frames(variant.framesPerSecond);
     if (variant.change) {
         variant.change(frames);
     }
-    const auto heard = perform(frames, {variant.through, row.boundDoubleTaps});
+    const auto reported = perform(frames, {variant.through, row.boundDoubleTaps});
     const auto expected = expectedIn(variant, row.expected);
-    if (gesturesOf(heard) == expected) {
+    if (gesturesOf(reported) == expected) {
         return {};
     }
     return row.fact + "\n  script:   " + row.script.text() + "\n  variant:  " + variant.name +
-           "\n  expected:" + written(expected) + "\n  actual:  " + written(heard);
+           "\n  expected:" + written(expected) + "\n  actual:  " + written(reported);
 }
 
 void expectRows(std::span<const Row> rows) {
     for (const Row& row : rows) {
-        EXPECT_EQ(complaint(row, allVariants().front()), "");
+        EXPECT_EQ(mismatch(row, allVariants().front()), "");
     }
 }
 
 void expectRowsInEveryVariant(std::span<const Row> rows) {
     for (const Row& row : rows) {
         for (const Variant& variant : allVariants()) {
-            EXPECT_EQ(complaint(row, variant), "");
+            EXPECT_EQ(mismatch(row, variant), "");
         }
     }
 }
 
-void expectHeard(const Script& script, const std::vector<Heard>& expected, const Stage& stage) {
-    const auto heard = perform(script, stage);
-    if (heard != expected) {
+void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
+                            const Stage& stage) {
+    const auto reported = perform(script, stage);
+    if (reported != expected) {
         ADD_FAILURE() << "script:   " << script.text() << "\n  expected:" << written(expected)
-                      << "\n  actual:  " << written(heard);
+                      << "\n  actual:  " << written(reported);
     }
 }
 

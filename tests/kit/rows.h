@@ -28,9 +28,10 @@ void expectRows(std::span<const Row> rows);
 void expectRowsInEveryVariant(std::span<const Row> rows);
 
 // Like expectRows(), including times.
-void expectHeard(const Script& script, const std::vector<Heard>& expected, const Stage& stage = {});
+void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
+                            const Stage& stage = {});
 
 // The text of a failed row, or empty if the variant reported the expected gestures.
-std::string complaint(const Row& row, const Variant& variant);
+std::string mismatch(const Row& row, const Variant& variant);
 
 } // namespace glidemap::kit

@@ -9,16 +9,16 @@ using enum GestureType;
 
 const auto tap = fingers(2).down().hold(0.1).up();
 
-TEST(RowsTest, ARowWithTheExpectedGesturesHasNoComplaint) {
+TEST(RowsTest, ARowWithTheExpectedGesturesHasNoError) {
     const Row row = {"a tap", tap, {twoFingerTap}};
     for (const Variant& variant : allVariants()) {
-        EXPECT_EQ(complaint(row, variant), "");
+        EXPECT_EQ(mismatch(row, variant), "");
     }
 }
 
-TEST(RowsTest, AComplaintShowsTheScriptAndTheExpectedAndActualGestures) {
+TEST(RowsTest, AnErrorShowsTheScriptAndTheExpectedAndActualGestures) {
     const Row row = {"two taps are said to be silent", tap.wait(0.5).then(tap), {}};
-    EXPECT_EQ(complaint(row, allVariants().front()),
+    EXPECT_EQ(mismatch(row, allVariants().front()),
               "two taps are said to be silent\n"
               "  script:   fingers(2).down().hold(0.1).up().wait(0.5)"
               ".then(fingers(2).down().hold(0.1).up())\n"
@@ -29,16 +29,16 @@ TEST(RowsTest, AComplaintShowsTheScriptAndTheExpectedAndActualGestures) {
               "    0.7 s: twoFingerTap");
 }
 
-TEST(RowsTest, AMissingGestureIsAComplaint) {
+TEST(RowsTest, AMissingGestureIsAnError) {
     const Row row = {"a tap is said to be two", tap, {twoFingerTap, twoFingerTap}};
-    EXPECT_NE(complaint(row, allVariants().front()), "");
+    EXPECT_NE(mismatch(row, allVariants().front()), "");
 }
 
 TEST(RowsTest, DelayedWorkRunsBetweenTheFramesAndAfterTheLast) {
     const Stage bound = {Through::recognizer, {2}};
-    expectHeard(tap, {{0.1 + 0.45, twoFingerTap}}, bound);
-    expectHeard(tap.wait(0.5).then(fingers(3).down().hold(0.1).up()),
-                {{0.1 + 0.45, twoFingerTap}, {0.1 + 0.5 + 0.1, threeFingerTap}}, bound);
+    expectReportedGestures(tap, {{0.1 + 0.45, twoFingerTap}}, bound);
+    expectReportedGestures(tap.wait(0.5).then(fingers(3).down().hold(0.1).up()),
+                           {{0.1 + 0.45, twoFingerTap}, {0.1 + 0.5 + 0.1, threeFingerTap}}, bound);
 }
 
 TEST(RowsTest, TheEngineDropsGesturesWithinTheCooldown) {

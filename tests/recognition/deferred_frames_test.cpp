@@ -23,7 +23,8 @@ namespace {
 using namespace kit;
 using enum GestureType;
 
-// A queue that sleeps whenever it may: it runs deferred tasks with the next submitted one.
+// A queue that sleeps whenever possible: it runs deferred tasks together with the next submitted
+// one.
 class SleepyQueue : public SerialQueue {
 public:
     void submit(Task task) override {
@@ -65,7 +66,7 @@ public:
         }
     }
 
-    // The number of frames that did wake the queue.
+    // The number of frames that woke the queue.
     int wakeUpsOf(const Script& script) {
         const int before = queue->wakeUps;
         play(script.frames());

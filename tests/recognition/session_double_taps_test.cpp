@@ -107,20 +107,22 @@ TEST(SessionDoubleTapsTest, OnlyTheLastTapCounts) {
 
 TEST(SessionDoubleTapsTest, AHeldBackTapFires0_45SecondsAfterItsSession) {
     const auto tap = fingers(3).startingAt(-0.1).down().until(0).up();
-    expectHeard(tap, {{0.45, threeFingerTap}}, bound);
-    expectHeard(tap, {{0, threeFingerTap}});
+    expectReportedGestures(tap, {{0.45, threeFingerTap}}, bound);
+    expectReportedGestures(tap, {{0, threeFingerTap}});
 }
 
 TEST(SessionDoubleTapsTest, ASecondTapDoesNotCancelATapThatHasFired) {
     // The timer and the frame are due at the same time: the single tap fires first.
-    expectHeard(pairEndingAt(0.45), {{0.45, twoFingerTap}, {0.45, twoFingerDoubleTap}}, bound);
-    expectHeard(pairEndingAt(justBelow(0.45)), {{justBelow(0.45), twoFingerDoubleTap}}, bound);
+    expectReportedGestures(pairEndingAt(0.45), {{0.45, twoFingerTap}, {0.45, twoFingerDoubleTap}},
+                           bound);
+    expectReportedGestures(pairEndingAt(justBelow(0.45)), {{justBelow(0.45), twoFingerDoubleTap}},
+                           bound);
 }
 
 TEST(SessionDoubleTapsTest, AHeldBackTapStillFiresAfterATapWithMoreFingers) {
     const auto taps = fingers(2).startingAt(-0.1).down().until(0).up().until(0.1).then(
         fingers(3).down().until(0.2).up());
-    expectHeard(taps, {{0.45, twoFingerTap}, {0.2 + 0.45, threeFingerTap}}, bound);
+    expectReportedGestures(taps, {{0.45, twoFingerTap}, {0.2 + 0.45, threeFingerTap}}, bound);
 }
 
 // When it fires, the older tap releases the held tap, whichever it is. The double tap can then no
@@ -135,9 +137,9 @@ TEST(SessionDoubleTapsTest, AnOlderHeldBackTapReleasesTheNewerOneWhenItFires) {
                           .then(fingers(3).down().until(0.25).up())
                           .until(0.5)
                           .then(fingers(3).down().until(0.6).up());
-    expectHeard(taps,
-                {{0.45, twoFingerTap}, {0.6, threeFingerDoubleTap}, {0.25 + 0.45, threeFingerTap}},
-                bound);
+    expectReportedGestures(
+        taps, {{0.45, twoFingerTap}, {0.6, threeFingerDoubleTap}, {0.25 + 0.45, threeFingerTap}},
+        bound);
 }
 
 TEST(SessionDoubleTapsTest, AnEarlierDoubleTapCancelsOnlyTheNewerTap) {
@@ -150,14 +152,14 @@ TEST(SessionDoubleTapsTest, AnEarlierDoubleTapCancelsOnlyTheNewerTap) {
                           .then(fingers(3).down().until(0.15).up())
                           .until(0.3)
                           .then(fingers(3).down().until(0.4).up());
-    expectHeard(taps, {{0.4, threeFingerDoubleTap}, {0.45, twoFingerTap}}, bound);
+    expectReportedGestures(taps, {{0.4, threeFingerDoubleTap}, {0.45, twoFingerTap}}, bound);
 }
 
 class AskedRecognizer : public testing::Test {
 protected:
     AskedRecognizer() {
         recognizer->onGesture = [this](GestureType gesture) {
-            heard.push_back(gesture);
+            reported.push_back(gesture);
         };
         recognizer->doubleTapBindingExists = [this](int count) {
             asked.push_back(count);
@@ -175,7 +177,7 @@ protected:
     VirtualTime time;
     std::shared_ptr<SessionRecognizer> recognizer = SessionRecognizer::create(time.delayedWork());
     std::vector<int> asked;
-    std::vector<GestureType> heard;
+    std::vector<GestureType> reported;
 };
 
 using SessionDoubleTapBindingTest = AskedRecognizer;
@@ -200,7 +202,7 @@ TEST_F(SessionDoubleTapBindingTest, IsNotQueriedForOtherGestures) {
 TEST_F(SessionDoubleTapBindingTest, WithoutAQueryCallbackTapsAreNotHeldBack) {
     recognizer->doubleTapBindingExists = {};
     play(tapOf(2));
-    EXPECT_EQ(heard, std::vector{twoFingerTap});
+    EXPECT_EQ(reported, std::vector{twoFingerTap});
     EXPECT_EQ(time.nextDeadline(), std::numeric_limits<double>::infinity());
 }
 
@@ -210,14 +212,14 @@ TEST_F(SessionDoubleTapBindingTest, AHeldBackTapDoesNothingAfterTheRecognizersDe
     recognizer.reset();
     EXPECT_TRUE(watched.expired()); // the held-back tap does not own it
     time.runRemaining();
-    EXPECT_EQ(heard, std::vector<GestureType>());
+    EXPECT_EQ(reported, std::vector<GestureType>());
 }
 
 TEST_F(SessionDoubleTapBindingTest, AHeldBackTapWithoutACallbackDoesNothing) {
     play(tapOf(2));
     recognizer->onGesture = {};
     time.runRemaining();
-    EXPECT_EQ(heard, std::vector<GestureType>());
+    EXPECT_EQ(reported, std::vector<GestureType>());
 }
 
 } // namespace

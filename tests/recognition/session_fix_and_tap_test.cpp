@@ -53,7 +53,7 @@ TEST(SessionFixAndTapTest, ATapBesideARestingFingerReportsItsSide) {
 }
 
 TEST(SessionFixAndTapTest, IsReportedWhenTheTapEnds) {
-    expectHeard(tapping(holding(0.5, 0.5), 0.6, 0.5), {{0.1, fixAndTapRight}});
+    expectReportedGestures(tapping(holding(0.5, 0.5), 0.6, 0.5), {{0.1, fixAndTapRight}});
 }
 
 TEST(SessionFixAndTapTest, TheTapLastsAtMost0_4Seconds) {
@@ -232,16 +232,16 @@ TEST(SessionFixAndTapTest, HoldAndTapSuppressesLongPress) {
 }
 
 TEST(SessionFixAndTapTest, AFingerMayHoldWhileSeveralFingersTap) {
-    const auto heard = gesturesOf(perform(fingersAt({{0.3, 0.5}})
-                                              .down()
-                                              .hold(0.3)
-                                              .addAt(0.6, 0.5)
-                                              .addAt(0.7, 0.5)
-                                              .hold(0.1)
-                                              .lift(2)
-                                              .hold(0.3)
-                                              .up()));
-    EXPECT_EQ(heard, (std::vector{fixAndTapRight, fixAndTapRight}));
+    const auto reported = gesturesOf(perform(fingersAt({{0.3, 0.5}})
+                                                 .down()
+                                                 .hold(0.3)
+                                                 .addAt(0.6, 0.5)
+                                                 .addAt(0.7, 0.5)
+                                                 .hold(0.1)
+                                                 .lift(2)
+                                                 .hold(0.3)
+                                                 .up()));
+    EXPECT_EQ(reported, (std::vector{fixAndTapRight, fixAndTapRight}));
 }
 
 // If both lift in one report, either track may end first, and only a finger that is still down can
@@ -255,8 +255,8 @@ TEST(SessionFixAndTapTest, FingersThatLiftTogetherMakeAtMostOneGesture) {
         }
     }
     const auto tapLeavesFirst = gesturesOf(perform(frames));
-    for (const auto& heard : {tapLeavesLast, tapLeavesFirst}) {
-        EXPECT_TRUE(heard.empty() || heard == std::vector{fixAndTapRight});
+    for (const auto& reported : {tapLeavesLast, tapLeavesFirst}) {
+        EXPECT_TRUE(reported.empty() || reported == std::vector{fixAndTapRight});
     }
 }
 

@@ -33,7 +33,8 @@ TEST(SessionLongPressTest, RestingFingersMakeALongPress) {
 }
 
 TEST(SessionLongPressTest, IsReportedWhileTheFingersAreStillDown) {
-    expectHeard(fingers(3).down().until(0.8).report().until(2).up(), {{0.8, threeFingerLongPress}});
+    expectReportedGestures(fingers(3).down().until(0.8).report().until(2).up(),
+                           {{0.8, threeFingerLongPress}});
 }
 
 TEST(SessionLongPressTest, Takes0_8Seconds) {
@@ -68,8 +69,9 @@ TEST(SessionLongPressTest, IsTimedFromTheLastLanding) {
          fingers(2).startingAt(-0.5).down().until(0).add(1).until(justBelow(0.8)).report().up(),
          {}},
     });
-    expectHeard(fingers(1).startingAt(-3).down().until(0).addAt(0.6, 0.5).until(0.8).report().up(),
-                {{0.8, twoFingerLongPress}});
+    expectReportedGestures(
+        fingers(1).startingAt(-3).down().until(0).addAt(0.6, 0.5).until(0.8).report().up(),
+        {{0.8, twoFingerLongPress}});
 }
 
 TEST(SessionLongPressTest, IsCancelledWhenAFingerLifts) {
@@ -102,8 +104,9 @@ TEST(SessionLongPressTest, TheEndOfItsSessionReportsNoOtherGesture) {
 }
 
 TEST(SessionLongPressTest, AnEarlyMovementIsNoLongPress) {
-    expectHeard(fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.5).spreadBy(2, 0.3).up(),
-                {{0.5 + 0.3 + 1 / 125.0, pinchOut}});
+    expectReportedGestures(
+        fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.5).spreadBy(2, 0.3).up(),
+        {{0.5 + 0.3 + 1 / 125.0, pinchOut}});
 }
 
 // The callback may process the next frame immediately.
@@ -127,19 +130,19 @@ TEST(SessionLongPressTest, TheSessionIsConsumedBeforeTheCallbackRuns) {
 TEST(SessionLongPressTest, ConsumesItsSessionEvenWithoutACallback) {
     VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
-    std::vector<GestureType> heard;
+    std::vector<GestureType> reported;
     const auto pinch = fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.85);
     for (const TouchFrame& frame : pinch.frames()) {
         recognizer->process(frame);
     }
     recognizer->onGesture = [&](GestureType gesture) {
-        heard.push_back(gesture);
+        reported.push_back(gesture);
     };
     const auto frames = pinch.spreadBy(2, 0.3).up().frames();
     for (std::size_t index = pinch.frames().size(); index < frames.size(); ++index) {
         recognizer->process(frames[index]);
     }
-    EXPECT_EQ(heard, std::vector<GestureType>());
+    EXPECT_EQ(reported, std::vector<GestureType>());
 }
 
 } // namespace

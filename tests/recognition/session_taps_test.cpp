@@ -75,12 +75,13 @@ TEST(SessionTapsTest, ATapDriftsByAtMost0_035) {
 
 // Pinch, rotation and swipe are checked, and none of them matches.
 TEST(SessionTapsTest, AStillTouchTooLongForATapIsNoGesture) {
-    expectHeard(fingers(2).down().hold(0.31).up(), {});
+    expectReportedGestures(fingers(2).down().hold(0.31).up(), {});
 }
 
 TEST(SessionTapsTest, ATapIsReportedAtTheEndOfItsSession) {
-    expectHeard(fingers(2).down().until(0.25).up(), {{0.25, twoFingerTap}});
-    expectHeard(fingers(3).down().until(0.1).lift(1).until(0.25).up(), {{0.25, threeFingerTap}});
+    expectReportedGestures(fingers(2).down().until(0.25).up(), {{0.25, twoFingerTap}});
+    expectReportedGestures(fingers(3).down().until(0.1).lift(1).until(0.25).up(),
+                           {{0.25, threeFingerTap}});
 }
 
 TEST(SessionTapsTest, FiveFingersTapRepeatedlyWithoutADoubleTap) {
@@ -93,7 +94,7 @@ TEST(SessionTapsTest, FiveFingersTapRepeatedlyWithoutADoubleTap) {
          {fiveFingerTap, fiveFingerTap},
          {2, 3, 4, 5}},
     });
-    expectHeard(tap, {{0.1, fiveFingerTap}}, {Through::recognizer, {2, 3, 4, 5}});
+    expectReportedGestures(tap, {{0.1, fiveFingerTap}}, {Through::recognizer, {2, 3, 4, 5}});
 }
 
 } // namespace

@@ -39,7 +39,7 @@ TEST(SessionTest, EndsWithTheFirstReportWithoutFingers) {
         frameAt(0.1, {hovering(1, 0.3, 0.5), hovering(2, 0.4, 0.5)}),
         frameAt(5, {}),
     };
-    EXPECT_EQ(perform(frames), (std::vector<Heard>{{0.1, twoFingerTap}}));
+    EXPECT_EQ(perform(frames), (std::vector<ReportedGesture>{{0.1, twoFingerTap}}));
 }
 
 TEST(SessionTest, EmptyReportsBetweenSessionsAreIgnored) {
@@ -64,8 +64,8 @@ TEST(SessionTest, StartsWithTheFirstFinger) {
 
 TEST(SessionTest, StaysOpenWithoutAnEmptyReport) {
     const auto fingersRest = fingers(3).down().moveBy(0.3, 0, 0.3).hold(600);
-    expectHeard(fingersRest, {});
-    expectHeard(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});
+    expectReportedGestures(fingersRest, {});
+    expectReportedGestures(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});
 }
 
 TEST(SessionTest, ASessionLeavesNoStateForTheNext) {
@@ -113,7 +113,7 @@ TEST(SessionTest, MissingFingersEndBeforeOtherFingersMove) {
         frameAt(0.4, {finger(1, 0.9, 0.5)}),
         frameAt(0.5),
     };
-    EXPECT_EQ(perform(frames), (std::vector<Heard>{{0.4, fixAndTapRight}}));
+    EXPECT_EQ(perform(frames), (std::vector<ReportedGesture>{{0.4, fixAndTapRight}}));
 }
 
 TEST(SessionTest, TheLaterOfTwoRecordsOfOneFingerCounts) {
@@ -134,9 +134,9 @@ TEST(SessionTest, MoreThanFiveFingersAreNoGesture) {
         for (int one = 0; one < count; ++one) {
             spots.push_back({0.05 + 0.06 * one, 0.5});
         }
-        expectHeard(fingersAt(spots).down().hold(0.1).up(), {});
-        expectHeard(fingersAt(spots).down().moveBy(0.3, 0, 0.3).up(), {});
-        expectHeard(fingersAt(spots).down().hold(2).up(), {});
+        expectReportedGestures(fingersAt(spots).down().hold(0.1).up(), {});
+        expectReportedGestures(fingersAt(spots).down().moveBy(0.3, 0, 0.3).up(), {});
+        expectReportedGestures(fingersAt(spots).down().hold(2).up(), {});
     }
 }
 

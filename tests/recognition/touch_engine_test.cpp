@@ -13,7 +13,7 @@ namespace {
 
 using namespace kit;
 using enum GestureType;
-using AllHeard = std::vector<Heard>;
+using ReportedGestures = std::vector<ReportedGesture>;
 
 TouchFrame frameOf(double time, int touching, int hovering = 0) {
     TouchFrame frame{time, {}};
@@ -36,9 +36,9 @@ TEST(TouchEngineTest, TheCountIsUpdatedBeforeRecognitionRuns) {
     EXPECT_EQ(stage.engine->touchingCount(), 2);
     stage.submit(frameOf(0.2, 0, 4));
     EXPECT_EQ(stage.engine->touchingCount(), 0);
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
     stage.run();
-    EXPECT_EQ(stage.heard, (AllHeard{{0.2, threeFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0.2, threeFingerTap}}));
 }
 
 TEST(TouchEngineTest, AnEmptyReportResetsTheCountAndIsForwarded) {
@@ -47,7 +47,7 @@ TEST(TouchEngineTest, AnEmptyReportResetsTheCountAndIsForwarded) {
     stage.submit({0.1, {}});
     EXPECT_EQ(stage.engine->touchingCount(), 0);
     stage.run();
-    EXPECT_EQ(stage.heard, (AllHeard{{0.1, twoFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0.1, twoFingerTap}}));
 }
 
 TEST(TouchEngineTest, EveryRecordThatTouchesCounts) {
@@ -64,15 +64,15 @@ TEST(TouchEngineTest, FramesAreRecognisedInTheOrderOfTheReports) {
     for (const TouchFrame& frame : tap.wait(0.4).then(fingers(3).down().hold(0.1).up()).frames()) {
         report(frame);
     }
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
     // All frames are processed at once, long after their arrival: their timestamps count, except
     // for the cooldown.
     stage.engine->onGesture = [&](GestureType gesture) {
-        stage.heard.push_back({stage.time.now(), gesture});
+        stage.reported.push_back({stage.time.now(), gesture});
         stage.time.advanceTo(stage.time.now() + 1);
     };
     stage.run();
-    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}, {1, threeFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}, {1, threeFingerTap}}));
 }
 
 TEST(TouchEngineTest, UsesTheTimeOfTheReportNotOfItsRecords) {
@@ -83,8 +83,8 @@ TEST(TouchEngineTest, UsesTheTimeOfTheReportNotOfItsRecords) {
     report(records, 10);
     report(std::vector<MTTouch>(), 10.2);
     stage.run();
-    ASSERT_EQ(stage.heard.size(), 1U);
-    EXPECT_EQ(stage.heard[0].gesture, twoFingerTap);
+    ASSERT_EQ(stage.reported.size(), 1U);
+    EXPECT_EQ(stage.reported[0].gesture, twoFingerTap);
 }
 
 TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
@@ -106,14 +106,14 @@ TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
         stage.recognise(twoFingerTap);
         stage.time.advanceTo(gap);
         stage.recognise(threeFingerTap);
-        EXPECT_EQ(stage.heard.size(), delivered ? 2U : 1U) << fact;
+        EXPECT_EQ(stage.reported.size(), delivered ? 2U : 1U) << fact;
     }
 }
 
 TEST(TouchEngineTest, TheFirstGestureAlwaysPasses) {
     EngineStage stage;
     stage.recognise(pinchIn);
-    EXPECT_EQ(stage.heard, (AllHeard{{0, pinchIn}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0, pinchIn}}));
 }
 
 TEST(TouchEngineTest, AllGesturesShareOneCooldown) {
@@ -123,7 +123,7 @@ TEST(TouchEngineTest, AllGesturesShareOneCooldown) {
     for (const GestureType gesture : allGestureTypes) {
         stage.recognise(gesture);
     }
-    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}}));
 }
 
 TEST(TouchEngineTest, ADroppedGestureDoesNotProlongTheCooldown) {
@@ -133,7 +133,7 @@ TEST(TouchEngineTest, ADroppedGestureDoesNotProlongTheCooldown) {
     stage.recognise(threeFingerTap);
     stage.time.advanceTo(0.25);
     stage.recognise(fourFingerTap);
-    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}, {0.25, fourFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}, {0.25, fourFingerTap}}));
 }
 
 TEST(TouchEngineTest, TheCooldownStartsEvenWithoutACallback) {
@@ -144,20 +144,20 @@ TEST(TouchEngineTest, TheCooldownStartsEvenWithoutACallback) {
     stage.engine->onGesture = listener;
     stage.time.advanceTo(0.2);
     stage.recognise(threeFingerTap);
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
     stage.time.advanceTo(0.25);
     stage.recognise(fourFingerTap);
-    EXPECT_EQ(stage.heard, (AllHeard{{0.25, fourFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0.25, fourFingerTap}}));
 }
 
 TEST(TouchEngineTest, TheCooldownStartsBeforeTheCallbackRuns) {
     EngineStage stage;
     stage.engine->onGesture = [&](GestureType gesture) {
-        stage.heard.push_back({stage.time.now(), gesture});
+        stage.reported.push_back({stage.time.now(), gesture});
         stage.recognise(threeFingerTap);
     };
     stage.recognise(twoFingerTap);
-    EXPECT_EQ(stage.heard, (AllHeard{{0, twoFingerTap}}));
+    EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}}));
 }
 
 TEST(TouchEngineTest, AQuickUnboundDoubleTapIsDropped) {
@@ -165,7 +165,7 @@ TEST(TouchEngineTest, AQuickUnboundDoubleTapIsDropped) {
     const auto tap = fingers(2).down().hold(0.05).up();
     stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
     stage.finish();
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
 
 TEST(TouchEngineTest, TheCooldownAlsoAppliesToAHeldBackTap) {
@@ -173,7 +173,8 @@ TEST(TouchEngineTest, TheCooldownAlsoAppliesToAHeldBackTap) {
     stage.play(fingers(2).startingAt(-0.1).down().until(0).up());
     stage.play(fingers(1).at(0.1, 0.1).startingAt(0.2).down().until(0.3).up());
     stage.finish();
-    EXPECT_EQ(stage.heard, (AllHeard{{0.3, cornerTapBottomLeft}})); // 0.45 is within its cooldown
+    EXPECT_EQ(stage.reported,
+              (ReportedGestures{{0.3, cornerTapBottomLeft}})); // 0.45 is within its cooldown
 }
 
 TEST(TouchEngineTest, TheDoubleTapQueryReachesTheBindings) {
@@ -181,7 +182,7 @@ TEST(TouchEngineTest, TheDoubleTapQueryReachesTheBindings) {
     const auto tap = fingers(3).down().hold(0.1).up();
     stage.play(tap.wait(0.2).then(tap));
     stage.finish();
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{threeFingerDoubleTap});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{threeFingerDoubleTap});
 }
 
 TEST(TouchEngineTest, StartsEvenWithoutADriver) {
@@ -211,7 +212,7 @@ TEST(TouchEngineTest, StoppingDiscardsPendingWork) {
     stage.engine->stop();
     stage.run();
     stage.finish();
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
 TEST(TouchEngineTest, CanBeRestarted) {
@@ -219,7 +220,7 @@ TEST(TouchEngineTest, CanBeRestarted) {
     stage.engine->stop();
     stage.engine->start();
     stage.play(fingers(4).down().hold(0.1).up());
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{fourFingerTap});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{fourFingerTap});
 }
 
 TEST(TouchEngineTest, TouchesFromBeforeAStopAreDiscarded) {
@@ -233,7 +234,7 @@ TEST(TouchEngineTest, TouchesFromBeforeAStopAreDiscarded) {
     // not the second tap of a double tap
     stage.play(fingers(2).startingAt(0.25).down().until(0.3).up());
     stage.finish();
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
 
 // An engine with a driver that records its calls.
@@ -335,7 +336,7 @@ TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileFramesAreQueued) {
     stage.engine.reset();
     EXPECT_TRUE(watched.expired()); // the queue does not own it
     stage.run();
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
 TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileATapIsHeldBack) {
@@ -344,7 +345,7 @@ TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileATapIsHeldBack) {
     EXPECT_LT(stage.time.nextDeadline(), 1);
     stage.engine.reset();
     stage.finish();
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
 TEST(TouchEngineEndTest, AReportAfterItsDestructionIsDropped) {
@@ -352,18 +353,18 @@ TEST(TouchEngineEndTest, AReportAfterItsDestructionIsDropped) {
     stage.engine.reset();
     report(frameOf(0, 2)); // the sink is still installed, but the engine is gone
     stage.run();
-    EXPECT_EQ(stage.heard, AllHeard());
+    EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
 TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileItsCallbackRuns) {
     EngineStage stage;
     stage.engine->onGesture = [&stage](GestureType gesture) {
-        auto& all = stage.heard;
+        auto& all = stage.reported;
         stage.engine.reset();
         all.push_back({0, gesture});
     };
     stage.play(fingers(2).down().hold(0.1).up());
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
     EXPECT_EQ(stage.engine, nullptr);
 }
 
@@ -389,7 +390,7 @@ TEST(TouchEngineHostileTest, TenThousandContactsAreCounted) {
     EXPECT_EQ(stage.engine->touchingCount(), 10'000);
     report(std::vector<MTTouch>(), 1);
     stage.play(fingers(2).startingAt(5).down().hold(0.1).up());
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{twoFingerTap});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
 
 TEST(TouchEngineHostileTest, NonFinitePositionsDoNotDisturbOtherFingers) {
@@ -401,7 +402,7 @@ TEST(TouchEngineHostileTest, NonFinitePositionsDoNotDisturbOtherFingers) {
     report({record(1, 3e38, -3e38)}, 0.2); // positions are not clamped, so this is a corner
     report(std::vector<MTTouch>(), 0.3);
     stage.play(fingers(2).startingAt(5).down().hold(0.1).up());
-    EXPECT_EQ(gesturesOf(stage.heard), (std::vector{cornerTapBottomRight, twoFingerTap}));
+    EXPECT_EQ(gesturesOf(stage.reported), (std::vector{cornerTapBottomRight, twoFingerTap}));
 }
 
 TEST(TouchEngineSharedTest, TheSharedInstanceIsCreatedOnceFromItsConfiguration) {

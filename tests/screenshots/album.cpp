@@ -11,7 +11,7 @@ namespace glidemap::screenshots {
 
 namespace {
 
-constexpr const char* sharpEnding = "@2x.png";
+constexpr const char* scale2Suffix = "@2x.png";
 
 constexpr const char* pageTop = R"(<!DOCTYPE html>
 <html lang="en">
@@ -49,7 +49,7 @@ std::string inWords(const Variant& variant) {
 } // namespace
 
 Album::Album(std::filesystem::path where, double pixelsForAPoint)
-    : folder(std::move(where)), ending(pixelsForAPoint > 1 ? sharpEnding : ".png") {}
+    : folder(std::move(where)), ending(pixelsForAPoint > 1 ? scale2Suffix : ".png") {}
 
 void Album::add(const Scene& scene, const Variant& variant) {
     const std::string path = anchorOf(scene.group) + "/" + scene.name + "-" + variant.suffix();
@@ -82,13 +82,13 @@ void Album::fail(const std::string& path, const char* why) {
 }
 
 std::string Album::figure(const Entry& entry) {
-    for (const char* each : {".png", sharpEnding}) {
+    for (const char* each : {".png", scale2Suffix}) {
         if (!std::filesystem::exists(folder / (entry.path + each))) {
             fail(entry.path, "is missing for the page");
         }
     }
     const std::string plain = escaped(entry.path) + ".png";
-    const std::string sharp = escaped(entry.path) + sharpEnding;
+    const std::string sharp = escaped(entry.path) + scale2Suffix;
     return "<figure><a href=\"" + sharp + "\"><img loading=\"lazy\" src=\"" + plain +
            "\" srcset=\"" + plain + " 1x, " + sharp + " 2x\" width=\"" +
            std::to_string(entry.points.width()) + "\" height=\"" +

@@ -23,7 +23,7 @@ using test::SettingsStage;
 
 using Arrangement = std::function<void(SettingsStage&)>;
 
-// In place of the applications' own, which differ from machine to machine.
+// Replaces the applications' own icons, which differ between machines.
 std::string drawIcon(const QTemporaryDir& folder, int hue) {
     QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
     icon.fill(Qt::transparent);
@@ -187,7 +187,7 @@ GestureBinding shortcutInFirefox() {
                  AppScope{"org.mozilla.firefox", "Firefox"});
 }
 
-GestureBinding applicationThatIsGone() {
+GestureBinding exitedApplication() {
     const std::string name =
         "The Extraordinarily Long-Named Presentation Suite, Collector's Edition";
     return bound(GestureType::rotateClockwise, LaunchApp{"org.example.gone", name},
@@ -217,7 +217,7 @@ std::vector<Scene> editorScenes() {
         editor("recording-unknown", "A key that a shortcut cannot have", pressUnknownKey),
         editor("keys", "The keys of a shortcut from a list", openKeyList, shortcutInFirefox(),
                true),
-        editor("keys-found", "The keys that a search has found", searchKey),
+        editor("keys-found", "Search results for keys", searchKey),
         editor("lock-screen", "Lock the screen", act(ActionKind::lockScreen)),
         editor("mission-control", "The overview of windows", act(ActionKind::missionControl)),
         editor("no-overview", "A desktop without an overview of windows", lackOverview),
@@ -227,8 +227,8 @@ std::vector<Scene> editorScenes() {
         editor("open-app-picker", "The running applications", openLaunchPicker, {}, true),
         editor("scope", "In one application, none chosen yet", chooseScope),
         editor("scope-chosen", "In one application", chooseScopeApplication),
-        editor("gone", "An application that does not run now, with a long name", leaveIt,
-               applicationThatIsGone()),
+        editor("gone", "An application that is not running, with a long name", leaveIt,
+               exitedApplication()),
         editor("gestures", "The gestures by category", openGestures, {}, true),
         editor("gestures-browsed", "The demonstration of the highlighted gesture", browseGestures),
         editor("gestures-found", "The gestures that a search has found", search("swipe", "滑")),

@@ -2,10 +2,10 @@
 //
 //   glidemap-screenshots [--brief] [--only NAME] FOLDER
 //
-// Each state is there in both languages, light and dark, at one and at two pixels for a point. It
-// uses the real widgets over doubles of what they show, without a display; the same program gives
-// the same pictures. --brief makes a few only, --only the scenes with
-// this in their name. Fails if one cannot be written or shows nothing.
+// Each state is rendered in both languages, light and dark, at one and at two pixels per point. The
+// program uses the real widgets with doubles of their services and needs no display. The same
+// program produces the same pictures. --brief limits it to a few pictures, --only to the scenes
+// whose name contains NAME. Fails if a picture cannot be written or is blank.
 //
 // A process has one scale for its lifetime, so a second process writes the pictures at scale 2.
 #include "core/lang.h"
@@ -96,7 +96,7 @@ void photographAll(Album& album, const Choice& choice) {
     }
 }
 
-void startSharperHalf(QProcess& process, const QStringList& arguments) {
+void startScale2Process(QProcess& process, const QStringList& arguments) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(scaleVariable, "2");
     process.setProcessEnvironment(environment);
@@ -114,7 +114,7 @@ int run(QApplication& application, const QString& folder, const Choice& choice) 
     settleAppearance(application);
     QProcess other;
     if (!isSharperHalf) {
-        startSharperHalf(other, QApplication::arguments().mid(1));
+        startScale2Process(other, QApplication::arguments().mid(1));
     }
     Album album(folder.toStdString(), application.devicePixelRatio());
     photographAll(album, choice);

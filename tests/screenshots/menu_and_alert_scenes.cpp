@@ -82,11 +82,11 @@ std::vector<Scene> menuAndAlertScenes() {
         alert("update-none", "No newer version",
               [] { return pictureOfOutcome(std::optional<std::string>()); }),
         alert("update-failed", "The check failed", [] { return pictureOfOutcome(UpdateError{}); }),
-        alert("update-over-window", "Over the settings window",
+        alert("update-over-window", "An alert over the settings window",
               [newer] { return pictureOfOutcomeOverWindow(newer); }),
         alert("no-status-bar", "A desktop without a status bar",
               [] { return pictureOfAlert(noStatusBarText); }),
-        alert("unanswered", "The one that runs does not answer",
+        alert("unanswered", "The running instance does not respond",
               [] { return pictureOfAlert(unansweredText); }),
     };
 }

@@ -55,7 +55,8 @@ QImage photographTogether(const QList<QWidget*>& windows) {
     QPainter painter(&image);
     for (QWidget* const window : windows) {
         const QPoint place = window->geometry().topLeft() - desktop.topLeft();
-        if (!window->testAttribute(Qt::WA_TranslucentBackground)) { // else it has its own
+        // A translucent window draws its own shadow.
+        if (!window->testAttribute(Qt::WA_TranslucentBackground)) {
             style::drawShadow(painter, QRect(place, window->size()), 0);
         }
         painter.drawImage(place, photograph(*window));

@@ -87,11 +87,11 @@ QImage pictureAfter(const Arrangement& prepare, const Arrangement& arrange,
 
 void nothing(SettingsStage& /*stage*/) {}
 
-void mistrust(SettingsStage& stage) {
+void revokeTrust(SettingsStage& stage) {
     stage.trust->trusted = false;
 }
 
-void loseDriver(SettingsStage& stage) {
+void removeDriver(SettingsStage& stage) {
     stage.devices = std::make_unique<MultitouchDeviceManager>(
         TouchDriverPlatform{"/opt/glidemap/lib/libglidemap-evdev.so", {}});
 }
@@ -102,7 +102,7 @@ void refuseLogin(SettingsStage& stage) {
                                               "file system";
 }
 
-void lackHelper(SettingsStage& stage) {
+void removeHelper(SettingsStage& stage) {
     stage.helper->become(test::FakeDesktopHelper::State::missing);
 }
 
@@ -110,20 +110,20 @@ void publish(SettingsStage& stage) {
     stage.publish("1.2.0");
 }
 
-void turnOnLogin(SettingsStage& stage) {
+void enableLaunchAtLogin(SettingsStage& stage) {
     stage.click("launchAtLogin");
 }
 
 void prepareAllNotices(SettingsStage& stage) {
-    mistrust(stage);
-    loseDriver(stage);
+    revokeTrust(stage);
+    removeDriver(stage);
     refuseLogin(stage);
-    lackHelper(stage);
+    removeHelper(stage);
 }
 
 void showAllNotices(SettingsStage& stage) {
     publish(stage);
-    turnOnLogin(stage);
+    enableLaunchAtLogin(stage);
 }
 
 void circleUnbound(SettingsStage& stage) {
@@ -173,7 +173,7 @@ QImage pictureOfLanguages() {
 
 // On a system without a password dialog.
 void failToAsk(SettingsStage& stage) {
-    mistrust(stage);
+    revokeTrust(stage);
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->missing =
         isChinese() ? "Glidemap 没有触控板和虚拟键盘的访问权限。\n权限请求失败或被拒绝。"
@@ -222,12 +222,12 @@ std::vector<Scene> windowScenes() {
             [] { return picture(usualBindings(), circleBound); }, true),
         settings("many", "Many bindings with long names, to be scrolled",
                  [] { return picture(longBindings(), longFooter); }),
-        settings("selected", "A row selected by keys",
+        settings("selected", "A row selected with the keyboard",
                  [] { return picture(usualBindings(), selectWithKeys); }),
         settings("hovered", "The pointer over a row",
                  [] { return picture(usualBindings(), hover(2)); }),
         settings("languages", "The languages", pictureOfLanguages),
-        settings("languages-large", "The languages in large letters",
+        settings("languages-large", "The languages, with a large font",
                  [] {
                      const kit::LargerLetters letters(largeLetters);
                      return pictureOfLanguages();
@@ -253,15 +253,15 @@ std::vector<Scene> windowScenes() {
         settings("footer-unbound", "The last gesture had no binding",
                  [] { return picture(usualBindings(), circleUnbound); }),
         settings(
-            "smallest", "As small as it gets",
+            "smallest", "At the minimum size",
             [] { return picture(longBindings(), longFooter, SettingsWindow::minimumContentSize); }),
-        settings("smallest-empty", "As small as it gets, without bindings",
+        settings("smallest-empty", "At the minimum size, without bindings",
                  [] { return picture({}, {}, SettingsWindow::minimumContentSize); }),
         settings("large", "Large", [] { return picture(longBindings(), {}, QSize(1100, 760)); }),
         settings(
-            "popover", "How a gesture is made",
+            "popover", "The demonstration of a gesture",
             [] { return picture(usualBindings(), previewOf(0)); }, true),
-        settings("popover-above", "The same where there is no room below",
+        settings("popover-above", "The same, with no room below the row",
                  [] { return picture(usualBindings(), previewOf(4)); }),
     };
 }
@@ -269,11 +269,11 @@ std::vector<Scene> windowScenes() {
 std::vector<Scene> noticeScenes() {
     return {
         notice("update", "A newer version", nothing, publish),
-        notice("permission", "No access to the touchpad and to keys", mistrust, nothing),
-        notice("permission-failed", "Access could not be asked for", failToAsk, nothing),
-        notice("device", "The touch driver cannot be loaded", loseDriver, nothing),
-        notice("login", "Launching at login refused", refuseLogin, turnOnLogin),
-        notice("helper", "A desktop that needs help", lackHelper, nothing),
+        notice("permission", "No access to the touchpad and to keys", revokeTrust, nothing),
+        notice("permission-failed", "The request for access failed", failToAsk, nothing),
+        notice("device", "The touch driver cannot be loaded", removeDriver, nothing),
+        notice("login", "Launch at login was refused", refuseLogin, enableLaunchAtLogin),
+        notice("helper", "A desktop that needs the extension", removeHelper, nothing),
         notice("all", "All of them together", prepareAllNotices, showAllNotices, true),
         {"Notices", "all-smallest", "All of them in the smallest window",
          [] {

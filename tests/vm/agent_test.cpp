@@ -340,7 +340,7 @@ TEST_F(AgentTest, FiltersAReturningTouchpadAgain) {
 
 // ── a full disk ──
 
-TEST_F(AgentTest, WhereNoProgramReadsTheCloneTheLogSaysWhyTheTouchpadIsNotTaken) {
+TEST_F(AgentTest, LogNamesTheReasonIfNoProgramReadsTheClone) {
     const InEnvironment log("GLIDEMAP_LOG", "1");
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
@@ -358,7 +358,7 @@ TEST_F(AgentTest, WhereNoProgramReadsTheCloneTheLogSaysWhyTheTouchpadIsNotTaken)
     EXPECT_THAT(agent.output(), Not(HasSubstr("twoFingerClick")));
 }
 
-TEST_F(AgentTest, WhereAnotherProgramHasTheTouchpadTheLogSaysSo) {
+TEST_F(AgentTest, LogNamesTheReasonIfAnotherProgramHasGrabbedTheTouchpad) {
     const InEnvironment log("GLIDEMAP_LOG", "1");
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     const EventReader other(pad.node());
@@ -369,7 +369,7 @@ TEST_F(AgentTest, WhereAnotherProgramHasTheTouchpadTheLogSaysSo) {
     EXPECT_TRUE(agent.waitForReason(reason + pad.shape().name));
 }
 
-TEST_F(AgentTest, OnAFullDiskTheDefaultBindingsWorkAllTheSame) {
+TEST_F(AgentTest, DefaultBindingsWorkOnAFullDisk) {
     const std::filesystem::path folder = home.bindingsFile().parent_path();
     std::filesystem::create_directories(folder);
     ASSERT_EQ(mount("none", folder.c_str(), "tmpfs", 0, "size=4k"), 0);

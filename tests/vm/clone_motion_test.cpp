@@ -209,12 +209,12 @@ TEST_P(CloneMotionTest, LaterCloneReportsTheSameState) {
     ASSERT_EQ(twins.fromClone.size(), twins.fromTwin.size());
     for (std::size_t index = 0; index < twins.fromTwin.size(); ++index) {
         const EventFrame& expected = twins.fromTwin[index];
-        const EventFrame& heard = twins.fromClone[index];
+        const EventFrame& received = twins.fromClone[index];
         ofTwin.learn(expected);
-        ofClone.learn(heard);
+        ofClone.learn(received);
         ASSERT_EQ(ofClone.present(), ofTwin.present()) << "frame " << index;
         if (!hasLanding(expected)) {
-            ASSERT_EQ(withoutSlots(heard), withoutSlots(expected)) << "frame " << index;
+            ASSERT_EQ(withoutSlots(received), withoutSlots(expected)) << "frame " << index;
         }
     }
 }

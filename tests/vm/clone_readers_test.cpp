@@ -1,5 +1,5 @@
-// Which programs have a clone open is read from the kernel's notifications, which merges equal ones
-// that follow each other.
+// The driver learns from the kernel's notifications which programs have a clone open. The kernel
+// merges equal notifications that follow each other.
 
 #include "click_filter_session.h"
 #include "driver_session.h"
@@ -28,7 +28,7 @@ protected:
     std::filesystem::path clone;
 };
 
-TEST_F(CloneReadersTest, OfTwoProgramsThatOpenTheCloneAtOnceOneMayCloseIt) {
+TEST_F(CloneReadersTest, OneOfTwoSimultaneousReadersMayClose) {
     filter.switchOn(true);
     clone = waitForClone();
     int reader = -1;
@@ -44,8 +44,9 @@ TEST_F(CloneReadersTest, OfTwoProgramsThatOpenTheCloneAtOnceOneMayCloseIt) {
     close(reader);
 }
 
-// Taken for a reader, they would leave a touchpad that no program hears.
-TEST_F(CloneReadersTest, TwoProgramsThatCloseTheCloneAtOnceAreNoReaders) {
+// If one of the closes were lost, the driver would assume a reader, and no program would receive
+// the touchpad's events.
+TEST_F(CloneReadersTest, TwoProgramsThatCloseTogetherAreNoReaders) {
     filter.switchOn(true);
     clone = waitForClone();
     {

@@ -264,7 +264,7 @@ TEST(CloneTest, JitterIsFilteredOnceByTheKernelOrByLibinput) {
     const auto fuzzOf = [](const auto& node) {
         return shapeOf(node).axes.at(ABS_MT_POSITION_X).fuzz;
     };
-    const Deadline deadline; // the rule's program runs last
+    const Deadline deadline; // libinput's udev rule may run after the other rules
     while (fuzzOf(clone) != 0 && !deadline.passed()) {
         sched_yield();
     }
@@ -308,8 +308,8 @@ TEST(CloneTest, StopDuringATouchGivesTheTouchpadBackAtOnce) {
     forwarded->session.stop();
     EXPECT_TRUE(cloneNodes().empty());
     pad.write(fingerMove(0, 1100, 500));
-    const auto heard = others.read();
-    EXPECT_TRUE(contains(heard, {EV_ABS, ABS_MT_POSITION_X, 1100}));
+    const auto received = others.read();
+    EXPECT_TRUE(contains(received, {EV_ABS, ABS_MT_POSITION_X, 1100}));
 }
 
 TEST(CloneTest, CloneDisappearsAndReturnsWithItsTouchpad) {

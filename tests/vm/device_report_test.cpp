@@ -1,4 +1,4 @@
-// The driver's report about touchpads, clones and uinput, for people who look for a fault.
+// The driver's report about touchpads, clones and uinput, for troubleshooting.
 
 #include "drivers/evdev/device_report.h"
 #include "forwarded_pad.h"
@@ -73,8 +73,8 @@ TEST(DeviceReportTest, NamesTheReasonToIgnoreADevice) {
     const VirtualPad touchscreen(screen);
     const VirtualPad oldPad(oneFinger);
     const Lines lines = report();
-    EXPECT_THAT(lines, lineOf(touchscreen, ": not used: udev does not call it a touchpad"));
-    EXPECT_THAT(lines, lineOf(oldPad, ": not used: it does not tell fingers apart"));
+    EXPECT_THAT(lines, lineOf(touchscreen, ": not used: udev does not tag it as a touchpad"));
+    EXPECT_THAT(lines, lineOf(oldPad, ": not used: it cannot track separate fingers"));
 }
 
 TEST(DeviceReportTest, ListsTheCloneOfAGrabbedTouchpad) {

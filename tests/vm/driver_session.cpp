@@ -67,7 +67,7 @@ DriverSession::DriverSession() : manager(touchDriverPlatformAt(GLIDEMAP_EVDEV_DR
 }
 
 DriverSession::~DriverSession() {
-    letGo();
+    clearHold();
     manager.stop();
     setButtonCallback(nullptr);
     MultitouchDeviceManager::setFrameSink({});
@@ -199,14 +199,14 @@ void DriverSession::holdReports() {
     hold = true;
 }
 
-void DriverSession::letGo() {
+void DriverSession::clearHold() {
     const std::lock_guard lock(mutex);
     hold = false;
     news.notify_all();
 }
 
 bool DriverSession::releaseReports() {
-    letGo();
+    clearHold();
     return waitUntilAsleep();
 }
 

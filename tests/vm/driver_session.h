@@ -112,7 +112,7 @@ public:
 
 private:
     void* requiredSymbol(const char* name) const;
-    void letGo();
+    void clearHold();
     void report(driver::Device device, const std::vector<MTTouch>& records, double timestamp);
     static void buttonCallback(driver::Device device, std::int32_t button, bool down,
                                double timestamp);

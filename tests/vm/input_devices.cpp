@@ -75,7 +75,7 @@ std::string nameOf(const std::filesystem::path& inSys) {
 // Returns whether udev has written its record of the device, its last step. The record of an older
 // device with the same number may still exist, so its time counts. A desktop does not open a device
 // before udev has announced it.
-bool isKnownToUdev(const std::filesystem::path& inSys) {
+bool hasUdevRecord(const std::filesystem::path& inSys) {
     namespace fs = std::filesystem;
     std::ifstream stream(inSys / "dev");
     std::string number;
@@ -103,7 +103,7 @@ std::vector<std::filesystem::path> nodesNamed(const std::string& name) {
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator("/sys/class/input", error)) {
         if (entry.path().filename().string().starts_with("event") && nameOf(entry.path()) == name &&
-            isKnownToUdev(entry.path())) {
+            hasUdevRecord(entry.path())) {
             nodes.push_back(nodeFolder / entry.path().filename());
         }
     }
@@ -148,7 +148,7 @@ std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& exc
     const bool isThere = waitForNodes([&] {
         for (const std::filesystem::path& node : cloneNodes()) {
             if (std::ranges::find(except, node) == except.end() &&
-                isKnownToUdev("/sys/class/input" / node.filename()) &&
+                hasUdevRecord("/sys/class/input" / node.filename()) &&
                 !std::filesystem::exists(udevQueue) &&
                 udevProperty(node, "ID_INPUT_TOUCHPAD") == "1") {
                 found = node;

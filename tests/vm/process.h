@@ -28,10 +28,10 @@ public:
     // Waits until a line of the program's output contains the text, and returns the line.
     std::optional<std::string> waitForOutput(const std::string& text);
 
-    // The same of the lines on its standard error.
+    // The same for the lines of its standard error.
     std::optional<std::string> waitForError(const std::string& text);
 
-    // Reads until so many lines have the text in them, or the time is over.
+    // Reads until that many lines contain the text, or until the time-out.
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
 
     // Waits for more output; returns false on time-out.

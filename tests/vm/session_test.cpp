@@ -76,9 +76,10 @@ protected:
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
-    // Returns when the program knows. It reads the session after each announcement. The double
-    // takes the second question after it has answered the first, so the third announcement follows
-    // that answer, and the third question is asked with the answer known.
+    // Returns when the program has read the new state. The program queries the session after each
+    // announcement. The double accepts the second query after its reply to the first one. So the
+    // third announcement follows that reply, and the program sends the third query after it has
+    // read the reply.
     void setLocked(BusDouble& manager, bool isLocked) {
         constexpr int rounds = 3;
         ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
@@ -95,7 +96,7 @@ protected:
         return waitForNode(keyboardName).value_or("/dev/null");
     }
 
-    // So many are in the agent's log so far.
+    // The number of gestures in the agent's log so far.
     static std::size_t gestures(Agent& agent) {
         agent.readOutput();
         std::size_t count = 0;
@@ -189,9 +190,9 @@ TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
 
 // ── the machine sleeps ──
 
-// The monotonic clock stands still meanwhile, so a touch, a tap that waits for its second one, and a
-// button that is held would go on where they were.
-TEST_F(SessionTest, NothingThatTheTouchpadHeldOutlastsSleep) {
+// The monotonic clock stops during sleep. Without special treatment, a touch, a tap that waits for
+// a second one, and a held button would continue afterwards.
+TEST_F(SessionTest, NoTouchOrButtonOutlastsSleep) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
                         bindingJson("twoFingerTap", shortcutJson(2, 0)),
@@ -212,7 +213,8 @@ TEST_F(SessionTest, NothingThatTheTouchpadHeldOutlastsSleep) {
         EXPECT_FALSE(isReading(agent));
         EXPECT_FALSE(DeviceReader(pad.node()).isGrabbedByAnother());
         hand.release().up();
-        const std::size_t before = gestures(agent); // where a slow machine was late
+        // On a slow machine, an earlier gesture may have been logged late.
+        const std::size_t before = gestures(agent);
 
         announceSleep(manager, false);
         DeviceReader again(cloneNode());
@@ -333,7 +335,7 @@ TEST_P(SessionAccessTest, AccessGrantedAtRunTimeNeedsNoRestart) {
 }
 
 // An open descriptor outlives the rights to the node, so the program must look itself.
-TEST_P(SessionAccessTest, AccessThatIsTakenAwayGivesTheTouchpadBackUntilItIsGivenAgain) {
+TEST_P(SessionAccessTest, LossOfAccessGivesTheTouchpadBackUntilAccessReturns) {
     home.writeBindings({typesT, tapTypesS});
     home.giveToNobody();
     GetParam().allow(pad.node());

@@ -1,7 +1,7 @@
-// The agent for ten minutes, under all that a person and a machine do to it, at random: fast and
-// slow gestures, clicks, pads that are pulled out and put back, a second pad, stops in the middle of
-// a touch that are long enough to be a stall, other sessions in front, sleep, and locked screens.
-// libinput reads the clones, as in a desktop.
+// Runs the agent for ten minutes under random actions of a person and a machine: fast and slow
+// gestures, clicks, pads that are unplugged and return, a second pad, stalls in the middle of a
+// touch, other sessions in front, sleep, and locked screens. libinput reads the clones, as on a
+// desktop.
 //
 //   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
 //   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
@@ -56,7 +56,7 @@ constexpr const char* marker = "threeFingerTap";
 // The program keeps the last gestures, and its libraries keep freed memory.
 constexpr long maxGrowth = 2048; // KiB
 
-// Long enough that two gestures are not taken for one.
+// Long enough that two gestures do not count as one.
 constexpr double betweenGestures = 0.7;
 
 unsigned fromEnvironment(const char* name, unsigned otherwise) {
@@ -67,7 +67,7 @@ unsigned fromEnvironment(const char* name, unsigned otherwise) {
 struct Holdings {
     std::size_t descriptors = 0;
     std::size_t threads = 0;
-    long memory = 0; // KiB of its own
+    long memory = 0; // KiB of private memory
 
     friend std::ostream& operator<<(std::ostream& stream, const Holdings& held) {
         return stream << held.descriptors << " descriptors, " << held.threads << " threads, "
@@ -202,7 +202,8 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // Another user works, or the machine sleeps, for a while or so shortly that the program may not notice.
+    // Another session is in front, or the machine sleeps: either for a while, or so briefly that
+    // the program may not notice.
     void leave(const std::function<void(bool away)>& set, const std::function<void()>& expectMore) {
         const bool touched = random(2) == 0;
         if (touched) {
@@ -261,7 +262,8 @@ protected:
         others.ungrab();
     }
 
-    // It recognises a tap, its one clone speaks for the touchpad, and nothing is held.
+    // Checks that the program recognises a tap, that one clone forwards the touchpad, and that no
+    // key or button is down.
     void expectWell() {
         hand.pause(betweenGestures);
         EXPECT_TRUE(agent->waitUntilAsleep());
@@ -306,7 +308,8 @@ protected:
         return count;
     }
 
-    // A touchpad that has gone is waited for, with two descriptors, until the session changes.
+    // While a touchpad is missing, the program waits for its return with two descriptors, until the
+    // session changes.
     Holdings measure() {
         announce("Active", false);
         expectPadGivenBack();
@@ -344,7 +347,7 @@ protected:
     std::unique_ptr<Process> desktop;
 };
 
-TEST_F(SoakTest, HoldsAndLeaksNothing) {
+TEST_F(SoakTest, LeaksNothingAndLeavesNothingHeld) {
     constexpr double aMinute = 60;
     std::cout << "GLIDEMAP_SOAK_SECONDS=" << seconds << " GLIDEMAP_SOAK_SEED=" << seed << std::endl;
     const double start = monotonicNow();

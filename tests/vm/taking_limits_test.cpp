@@ -31,9 +31,9 @@ protected:
         for (int round = 0; filter.obstacle(device) == driver::cloneIsNew || round < 3; ++round) {
             pad.write(together({fingerDown(0, round, 1000, 500), {leftDown}}));
             pad.write(together({fingerUp(0), {leftUp}}));
-            const auto heard = others.readUntil(leftUp);
-            EXPECT_TRUE(contains(heard, leftDown));
-            EXPECT_TRUE(contains(heard, {EV_ABS, ABS_MT_TRACKING_ID, round}));
+            const auto received = others.readUntil(leftUp);
+            EXPECT_TRUE(contains(received, leftDown));
+            EXPECT_TRUE(contains(received, {EV_ABS, ABS_MT_TRACKING_ID, round}));
             session.settle(pad);
             others.readUntil(markerUp);
         }

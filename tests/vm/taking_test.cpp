@@ -33,7 +33,7 @@ namespace {
 constexpr double aMoment = 0.01;
 
 // The events that libinput has reported so far.
-struct Heard {
+struct Received {
     int presses = 0;
     int releases = 0;
     double motion = 0;   // to the right, before acceleration
@@ -75,29 +75,29 @@ protected:
     }
 
     // Returns everything so far. The click made here arrives after all earlier events.
-    Heard hear() {
+    Received readEvents() {
         hand.pause(0.1);
         click();
         const Deadline deadline(std::chrono::seconds(20));
-        Heard heard = listen();
-        while (heard.releases < clicks && desktop->waitForMoreOutput(deadline.milliseconds())) {
-            heard = listen();
+        Received received = listen();
+        while (received.releases < clicks && desktop->waitForMoreOutput(deadline.milliseconds())) {
+            received = listen();
         }
-        EXPECT_EQ(heard.releases, clicks) << "a click was lost";
-        return heard;
+        EXPECT_EQ(received.releases, clicks) << "a click was lost";
+        return received;
     }
 
-    Heard listen() const {
-        Heard heard;
+    Received listen() const {
+        Received received;
         std::istringstream output(desktop->output());
         for (std::string line; std::getline(output, line);) {
             const bool isButton = line.find("POINTER_BUTTON") != std::string::npos;
-            heard.presses += isButton && line.find(" pressed") != std::string::npos ? 1 : 0;
-            heard.releases += isButton && line.find(" released") != std::string::npos ? 1 : 0;
-            heard.motion += numberAfter(line, "POINTER_MOTION", "(");
-            heard.scrolled += numberAfter(line, "POINTER_SCROLL_FINGER", "vert");
+            received.presses += isButton && line.find(" pressed") != std::string::npos ? 1 : 0;
+            received.releases += isButton && line.find(" released") != std::string::npos ? 1 : 0;
+            received.motion += numberAfter(line, "POINTER_MOTION", "(");
+            received.scrolled += numberAfter(line, "POINTER_SCROLL_FINGER", "vert");
         }
-        return heard;
+        return received;
     }
 
     static double numberAfter(const std::string& line, const char* kind, const char* text) {
@@ -116,18 +116,18 @@ protected:
 };
 
 // Tolerates a tenth of the motion, which is one report.
-void expectNear(double heard, double expected, const std::string& what) {
-    EXPECT_NEAR(heard, expected, std::abs(expected) * 0.04) << what;
+void expectNear(double received, double expected, const std::string& what) {
+    EXPECT_NEAR(received, expected, std::abs(expected) * 0.04) << what;
 }
 
 TEST_F(TakingTest, NoEventOfTheFirstSecondIsLostOrDoubled) {
     constexpr int starts = 50;
     point();
     scroll();
-    const Heard each = hear();
+    const Received each = readEvents();
     ASSERT_NE(each.motion, 0);
     ASSERT_NE(each.scrolled, 0);
-    Heard before = each;
+    Received before = each;
     for (int start = 0; start < starts; ++start) {
         DriverSession session;
         ClickFilterSession filter(session);
@@ -138,7 +138,7 @@ TEST_F(TakingTest, NoEventOfTheFirstSecondIsLostOrDoubled) {
         point();
         hand.pause(random(0, 0.1));
         scroll();
-        const Heard now = hear();
+        const Received now = readEvents();
         const std::string what = "start " + std::to_string(start);
         EXPECT_EQ(now.presses, clicks) << what;
         ASSERT_EQ(now.releases, clicks) << what;
@@ -152,7 +152,7 @@ TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
     constexpr int switches = 200;
     point();
     scroll();
-    const Heard each = hear();
+    const Received each = readEvents();
     DriverSession session;
     ClickFilterSession filter(session);
     std::atomic<bool> done = false;
@@ -160,7 +160,7 @@ TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
         std::mt19937 moments(7);
         for (int count = 0; count < switches; ++count) {
             filter.switchOn(count % 2 == 0);
-            // The moments are part of what is tried, as those of the hand are.
+            // The test randomises these moments, like those of the hand.
             const double pause = std::uniform_real_distribution(0.0, 0.4)(moments);
             letTimePassUntil(monotonicNow() + pause);
         }
@@ -179,7 +179,7 @@ TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
         }
     }
     switching.join();
-    const Heard all = hear();
+    const Received all = readEvents();
     EXPECT_EQ(all.presses, clicks);
     EXPECT_EQ(all.releases, clicks);
     const auto expected = static_cast<double>(rounds);

@@ -35,7 +35,7 @@ class WatchdogTest : public testing::Test {
 protected:
     void SetUp() override { forwarded.switchOn(); }
 
-    // The filter drops clicks, hangs in the first click and continues after `letGo`.
+    // The filter drops clicks, hangs in the first click and continues when `letGo` is set.
     void hangInFilter(bool switchOnAgain) {
         forwarded.filter.answer([this, switchOnAgain](const AskedClick& click) {
             if (click.event == timedOut && switchOnAgain) {
@@ -83,8 +83,8 @@ TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheFilterHangs) {
     forwarded.pad.write(fingerMove(0, 1100, 500)); // no program receives this
     EXPECT_TRUE(forwarded.clone->waitUntilGone());
     forwarded.pad.write(fingerMove(0, 1200, 500));
-    const auto heard = forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1200});
-    EXPECT_EQ(heard.size(), 1U);
+    const auto received = forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1200});
+    EXPECT_EQ(received.size(), 1U);
 
     letGo.set_value();
     EXPECT_EQ(forwarded.filter.waitForAsked(2),

@@ -32,7 +32,7 @@ public:
     // The number of further touchpads that this user cannot open.
     std::int32_t unreadableCount() const;
 
-    // The touchpads' names, for people.
+    // The touchpads' names, for display.
     std::string names() const;
 
     // Passes all events to the recorder from the start of the touchpads on. The recorder must exist

@@ -64,13 +64,13 @@ ContactAssembler::ContactAssembler(const PadDescription& description)
       standIns(description) {
     // One frame may report two contacts of a slot, one that leaves and a new one. The same applies
     // to stand-ins.
-    records.reserve(2 * (slots.size() + MissingFingers::mostFingers));
+    records.reserve(2 * (slots.size() + MissingFingers::maxFingers));
     buttons.reserve(buttonDown.size() * maxButtonChanges);
 }
 
 const PadFrame* ContactAssembler::handle(const InputEvent& event) {
-    if (frameIsOut) {
-        frameIsOut = false;
+    if (isFrameHandedOut) {
+        isFrameHandedOut = false;
         buttons.clear();
     }
     if (event.type == EV_SYN && event.code == SYN_REPORT) {
@@ -182,7 +182,7 @@ std::size_t ContactAssembler::missingFingers() const {
     return counted - reported;
 }
 
-bool ContactAssembler::anythingReported() const {
+bool ContactAssembler::hasReportedContacts() const {
     return standIns.count() > 0 ||
            std::ranges::any_of(slots, [](const Slot& slot) { return slot.record.identifier != 0; });
 }
@@ -205,7 +205,7 @@ const PadFrame* ContactAssembler::synchronise(double time) {
     frame.contacts = records;
     frame.buttons = buttons;
     frame.number = static_cast<std::int32_t>(frameNumber);
-    frameIsOut = true;
+    isFrameHandedOut = true;
     return &frame;
 }
 
@@ -305,12 +305,12 @@ const PadFrame& ContactAssembler::release(double time) {
         changeButton(button, false);
     }
     frame.timestamp = time;
-    frame.contactsChanged = anythingReported();
+    frame.contactsChanged = hasReportedContacts();
     frameNumber += frame.contactsChanged ? 1 : 0;
     frame.contacts = {};
     frame.buttons = buttons;
     frame.number = static_cast<std::int32_t>(frameNumber);
-    frameIsOut = true;
+    isFrameHandedOut = true;
     std::ranges::fill(slots, Slot{});
     standIns.clear();
     slotNumber = 0;

@@ -87,7 +87,7 @@ private:
     std::size_t countedFingers() const;
     std::size_t reportedFingers() const;
     std::size_t missingFingers() const;
-    bool anythingReported() const;
+    bool hasReportedContacts() const;
     bool contactsChanged(std::size_t missing) const;
 
     void report(double time, std::size_t missing);
@@ -110,7 +110,7 @@ private:
     std::uint32_t frameNumber = 0;
 
     PadFrame frame;
-    bool frameIsOut = false;
+    bool isFrameHandedOut = false;
     std::vector<MTTouch> records;
     std::vector<ButtonChange> buttons;
 };

@@ -48,11 +48,11 @@ const MTTouch& chooseAnchor(std::span<const MTTouch> contacts, std::size_t turn)
 } // namespace
 
 MissingFingers::MissingFingers(PadDescription description) : pad(std::move(description)) {
-    standIns.reserve(mostFingers);
+    standIns.reserve(maxFingers);
 }
 
 void MissingFingers::adopt(const MTTouch& record) {
-    if (standIns.size() < mostFingers) {
+    if (standIns.size() < maxFingers) {
         standIns.push_back({.record = record, .anchor = 0, .offset = {}});
     }
 }
@@ -75,7 +75,7 @@ void MissingFingers::update(std::span<const MTTouch> contacts, std::size_t wante
     for (std::size_t index = 0; index < standIns.size(); ++index) {
         follow(contacts, standIns[index], index);
     }
-    while (standIns.size() < std::min(wanted, mostFingers)) {
+    while (standIns.size() < std::min(wanted, maxFingers)) {
         add(contacts, identifiers.next());
     }
 }
@@ -107,13 +107,14 @@ void MissingFingers::add(std::span<const MTTouch> contacts, std::int32_t identif
     StandIn standIn;
     standIn.record.identifier = identifier;
     standIn.anchor = anchor.identifier;
-    const MTPoint place = freePlaceBeside(contacts, anchor.normalized.pos);
+    const MTPoint place = freePositionBeside(contacts, anchor.normalized.pos);
     standIn.offset = difference(place, anchor.normalized.pos);
     moveWith(anchor, standIn, standIns.size());
     standIns.push_back(standIn);
 }
 
-MTPoint MissingFingers::freePlaceBeside(std::span<const MTTouch> contacts, MTPoint anchor) const {
+MTPoint MissingFingers::freePositionBeside(std::span<const MTTouch> contacts,
+                                           MTPoint anchor) const {
     const MTPoint direction = towardsCentre(anchor);
     MTPoint place = anchor;
     for (int attempt = 0; attempt < maxAttempts; ++attempt) {

@@ -26,7 +26,7 @@ namespace glidemap {
 class MissingFingers {
 public:
     // No pad announces more fingers.
-    static constexpr std::size_t mostFingers = 5;
+    static constexpr std::size_t maxFingers = 5;
 
     explicit MissingFingers(PadDescription description);
 
@@ -62,7 +62,7 @@ private:
 
     void follow(std::span<const MTTouch> contacts, StandIn& standIn, std::size_t index) const;
     void add(std::span<const MTTouch> contacts, std::int32_t identifier);
-    MTPoint freePlaceBeside(std::span<const MTTouch> contacts, MTPoint anchor) const;
+    MTPoint freePositionBeside(std::span<const MTTouch> contacts, MTPoint anchor) const;
     bool isFree(std::span<const MTTouch> contacts, MTPoint position) const;
     void moveWith(const MTTouch& anchor, StandIn& standIn, std::size_t index) const;
 

@@ -45,8 +45,8 @@ using CanFilterClicks = bool (*)();
 // log. Returns null if nothing prevents it. The text is never freed.
 using ClickFilterObstacle = const char* (*)(Device device);
 
-// This obstacle disappears without action, within two seconds.
-inline constexpr const char* cloneIsNew = "the system is getting to know the touchpad's clone";
+// A temporary reason: it disappears by itself within two seconds.
+inline constexpr const char* cloneIsNew = "the system is initialising the touchpad's clone";
 
 inline constexpr const char* setClickFilterSymbol = "GlidemapSetClickFilter";
 inline constexpr const char* switchClickFilterSymbol = "GlidemapSwitchClickFilter";

@@ -24,8 +24,8 @@ public:
     using MakeCloneWatch = std::function<std::unique_ptr<CloneWatch>()>;
     using Moment = WatchdogTime::Moment;
 
-    // Limits the clones that are new at a time: udev initialises them one by one, and each has two
-    // seconds.
+    // Limits how many clones may be new at the same time: udev initialises them one by one, and
+    // each must be ready within two seconds.
     static constexpr int maxIntroductions = 2;
 
     // `wakeReader` is called on any thread, the other callback on the reader's.
@@ -51,8 +51,8 @@ public:
     // Returns false if no stall has happened since the last call.
     bool noticeStall();
 
-    // Call this before making the clone. Returns false if too many clones are new; the touchpad is
-    // asked to try again when an introduction ends.
+    // Call this before making the clone. Returns false if too many clones are new; the touchpad
+    // retries when another clone's introduction ends.
     bool beginIntroduction();
     void endIntroduction();
 

@@ -32,7 +32,7 @@ bool CloneWriter::forward(std::span<const InputEvent> frame, std::int32_t slotBe
     if (!frame.empty()) {
         choose(slotBefore, time);
         for (const InputEvent& event : frame) {
-            say(event);
+            addEvent(event);
         }
         completeLandings(frame, slotBefore, source, time);
     }
@@ -40,7 +40,7 @@ bool CloneWriter::forward(std::span<const InputEvent> frame, std::int32_t slotBe
     return output.empty() || writeFrame(time);
 }
 
-void CloneWriter::say(const InputEvent& event) {
+void CloneWriter::addEvent(const InputEvent& event) {
     held.apply(event);
     output.push_back(event);
 }
@@ -71,7 +71,7 @@ void CloneWriter::completeSlot(std::int32_t slot, const PadState& source, double
 void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t value, double time) {
     if (held.slotValue(slot, code) != value) {
         choose(slot, time);
-        say({time, EV_ABS, code, value});
+        addEvent({time, EV_ABS, code, value});
     }
 }
 
@@ -79,7 +79,7 @@ void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t v
 void CloneWriter::completeAxes(const PadState& source, double time) {
     for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
         if (held.axis(code) != source.axis(code)) {
-            say({time, EV_ABS, code, source.axis(code)});
+            addEvent({time, EV_ABS, code, source.axis(code)});
         }
     }
 }
@@ -102,7 +102,7 @@ void CloneWriter::markContacts(const PadState& source, double time) {
 
 void CloneWriter::choose(std::int32_t slot, double time) {
     if (held.slot() != slot) {
-        say({time, EV_ABS, ABS_MT_SLOT, slot});
+        addEvent({time, EV_ABS, ABS_MT_SLOT, slot});
     }
 }
 
@@ -110,12 +110,12 @@ bool CloneWriter::releaseAll() {
     for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {
         if (held.isDown(slot)) {
             choose(slot, timeOfWriting);
-            say({timeOfWriting, EV_ABS, ABS_MT_TRACKING_ID, -1});
+            addEvent({timeOfWriting, EV_ABS, ABS_MT_TRACKING_ID, -1});
         }
     }
     for (std::uint16_t key = 0; key < KEY_CNT; ++key) {
         if (held.isPressed(key)) {
-            say({timeOfWriting, EV_KEY, key, 0});
+            addEvent({timeOfWriting, EV_KEY, key, 0});
         }
     }
     return output.empty() || writeFrame(timeOfWriting);

@@ -43,7 +43,7 @@ public:
     PadClone& clone() { return *device; }
 
 private:
-    void say(const InputEvent& event);
+    void addEvent(const InputEvent& event);
     void completeLandings(std::span<const InputEvent> frame, std::int32_t slotBefore,
                           const PadState& source, double time);
     void completeSlot(std::int32_t slot, const PadState& source, double time);

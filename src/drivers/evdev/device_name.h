@@ -1,5 +1,5 @@
 // A further function of the evdev driver's C interface, beside those of every touch driver: the
-// touchpad's own name, for people to read.
+// touchpad's human-readable name.
 //
 // Thread:  any.
 // Owner:   the driver; the text lasts as long as the device.

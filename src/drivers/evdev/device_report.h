@@ -1,6 +1,5 @@
 // A further function of the evdev driver's C interface: a line of text for each device that
-// resembles a touchpad, with the reason if the driver does not use it. For people who look for a
-// fault.
+// resembles a touchpad, with the reason if the driver does not use it. For troubleshooting.
 //
 // Thread:  any; the driver delivers all lines before the function returns.
 // Owner:   a line is valid during its call.

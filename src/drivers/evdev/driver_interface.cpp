@@ -114,7 +114,7 @@ GLIDEMAP_EXPORT void GlidemapSetClickFilter(driver::FilterClick filter, void* co
 GLIDEMAP_EXPORT void GlidemapSwitchClickFilter(bool on) {
     withoutExceptions([&] {
         if (on) {
-            watchStopSignals([] { touchpads().pause(); }, [] { touchpads().goOn(); });
+            watchStopSignals([] { touchpads().pause(); }, [] { touchpads().resume(); });
         }
         touchpads().switchClickFilter(on);
     });

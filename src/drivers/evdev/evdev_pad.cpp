@@ -202,21 +202,21 @@ std::optional<double> EvdevPad::grab() {
     if (!witness) {
         witness = openNode(node, O_RDONLY);
     }
-    lastHeardByWitness(); // discards older events
+    lastWitnessEvent(); // discards older events
     const double before = monotonicNow();
     if (ioctl(file.descriptor(), EVIOCGRAB, 1) != 0) {
         return std::nullopt;
     }
-    rememberKnowledgeOfOthers();
+    saveStateSeenByOthers();
     if (!witness) {
         return monotonicNow();
     }
-    const std::optional<double> last = lastHeardByWitness();
+    const std::optional<double> last = lastWitnessEvent();
     return last.has_value() ? std::nextafter(*last, std::numeric_limits<double>::max()) : before;
 }
 
 // Drains the witness.
-std::optional<double> EvdevPad::lastHeardByWitness() const {
+std::optional<double> EvdevPad::lastWitnessEvent() const {
     std::optional<double> last;
     std::array<input_event, 64> events{};
     ssize_t size = 0;
@@ -240,17 +240,17 @@ std::vector<std::int32_t> EvdevPad::slotValues(std::uint16_t code) const {
     return answer;
 }
 
-void EvdevPad::rememberKnowledgeOfOthers() {
-    knownToOthers.clear();
+void EvdevPad::saveStateSeenByOthers() {
+    axesSeenByOthers.clear();
     input_absinfo slot{};
     if (ioctl(file.descriptor(), EVIOCGABS(ABS_MT_SLOT), &slot) != 0) {
         return;
     }
-    slotKnownToOthers = slot.value;
+    slotSeenByOthers = slot.value;
     for (std::uint16_t code = PadState::firstSlotAxis; code <= PadState::lastSlotAxis; ++code) {
         auto values = slotValues(code);
         if (code != ABS_MT_TRACKING_ID && !values.empty()) {
-            knownToOthers.push_back({code, std::move(values)});
+            axesSeenByOthers.push_back({code, std::move(values)});
         }
     }
 }
@@ -258,7 +258,7 @@ void EvdevPad::rememberKnowledgeOfOthers() {
 // The touchpad is still grabbed, so no other program receives these events. Fingers keep their
 // values: the next report of each updates the other programs. Only a change within a slot makes the
 // kernel report that slot as current.
-void EvdevPad::restoreKnowledgeOfOthers() const {
+void EvdevPad::restoreStateSeenByOthers() const {
     const std::vector<std::int32_t> touches = slotValues(ABS_MT_TRACKING_ID);
     const auto isFree = [&](std::int32_t slot) {
         return slot >= 0 && slot < pad.slotCount && touches[static_cast<std::size_t>(slot)] < 0;
@@ -267,23 +267,23 @@ void EvdevPad::restoreKnowledgeOfOthers() const {
         return;
     }
     std::vector<input_event> events;
-    const auto saySlot = [&](std::int32_t slot) {
+    const auto addSlotEvent = [&](std::int32_t slot) {
         events.push_back(kernelEvent(EV_ABS, ABS_MT_SLOT, slot));
-        for (const SlotAxis& axis : knownToOthers) {
+        for (const SlotAxis& axis : axesSeenByOthers) {
             const std::int32_t value = axis.values[static_cast<std::size_t>(slot)];
             events.push_back(kernelEvent(EV_ABS, axis.code, value));
         }
     };
     for (std::int32_t slot = 0; slot < pad.slotCount; ++slot) {
         if (isFree(slot)) {
-            saySlot(slot);
+            addSlotEvent(slot);
         }
     }
-    if (isFree(slotKnownToOthers)) {
-        events.push_back(kernelEvent(EV_ABS, ABS_MT_SLOT, slotKnownToOthers));
+    if (isFree(slotSeenByOthers)) {
+        events.push_back(kernelEvent(EV_ABS, ABS_MT_SLOT, slotSeenByOthers));
         events.push_back(kernelEvent(EV_ABS, ABS_MT_POSITION_X, pad.x.minimum));
         events.push_back(kernelEvent(EV_ABS, ABS_MT_POSITION_X, pad.x.maximum));
-        saySlot(slotKnownToOthers);
+        addSlotEvent(slotSeenByOthers);
     }
     events.push_back(kernelEvent(EV_SYN, SYN_REPORT, 0));
     [[maybe_unused]] const auto written =
@@ -291,7 +291,7 @@ void EvdevPad::restoreKnowledgeOfOthers() const {
 }
 
 double EvdevPad::ungrab() {
-    restoreKnowledgeOfOthers();
+    restoreStateSeenByOthers();
     const double before = monotonicNow();
     ioctl(file.descriptor(), EVIOCGRAB, 0);
     return before;

@@ -45,9 +45,9 @@ private:
     using Device = std::unique_ptr<libevdev, Free>;
 
     EvdevPad(std::string node, OpenFile file, Device device);
-    std::optional<double> lastHeardByWitness() const;
-    void rememberKnowledgeOfOthers();
-    void restoreKnowledgeOfOthers() const;
+    std::optional<double> lastWitnessEvent() const;
+    void saveStateSeenByOthers();
+    void restoreStateSeenByOthers() const;
     std::vector<std::int32_t> slotValues(std::uint16_t code) const;
     void settle();
     void describe();
@@ -59,14 +59,14 @@ private:
     OpenFile file;
     OpenFile witness; // receives what other programs receive; opened at the first grab
 
-    // The slots' values at the moment of the grab: other programs know these until they hear the
-    // touchpad again.
+    // The slots' values at the moment of the grab: other programs know these until they receive the
+    // touchpad's events again.
     struct SlotAxis {
         std::uint16_t code = 0;
         std::vector<std::int32_t> values; // by slot
     };
-    std::vector<SlotAxis> knownToOthers;
-    std::int32_t slotKnownToOthers = 0;
+    std::vector<SlotAxis> axesSeenByOthers;
+    std::int32_t slotSeenByOthers = 0;
     Device device;
     PadDescription pad;
     bool resynchronising = false;

@@ -90,7 +90,7 @@ void ForwardingWatchdog::pause() {
     }
 }
 
-void ForwardingWatchdog::goOn() {
+void ForwardingWatchdog::resume() {
     {
         const std::lock_guard lock(mutex);
         paused = false;

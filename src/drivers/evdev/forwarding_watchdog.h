@@ -64,9 +64,9 @@ public:
     void rest(bool touched);
 
     // The process is about to be stopped. Gives back all touchpads as after a stall, and holds none
-    // until goOn(). Called on any thread.
+    // until resume(). Called on any thread.
     void pause();
-    void goOn();
+    void resume();
     bool isPaused() const;
 
     // Returns the device whose forwarding has stalled since the last call, if any. Returns nullopt

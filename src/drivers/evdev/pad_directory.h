@@ -128,7 +128,7 @@ public:
     CloneWatch& operator=(const CloneWatch&) = delete;
     virtual ~CloneWatch() = default;
 
-    // Readable when a clone's standing may have changed; −1 for an unused entry.
+    // Readable when the progress of a clone may have changed; −1 for an unused entry.
     virtual std::array<int, 2> descriptors() const = 0;
 
     // Drains all notifications.

@@ -51,15 +51,15 @@ void PadInterception::endFrame(double time) {
     if (givenBackAt.has_value() && time >= *givenBackAt) {
         givenBackAt.reset();
     } else if (givenBackAt.has_value() && !source.isNeutral()) {
-        takeAgainFor(time);
+        grabAgain(time);
         givenBackAt.reset();
     }
     if (stillHoldsPad()) {
-        const bool everybodySawIt = time < *grabbedAt;
-        if (!everybodySawIt) {
+        const bool wasSeenByOthers = time < *grabbedAt;
+        if (!wasSeenByOthers) {
             forwardFrame(time);
         } else if (!source.isNeutral()) {
-            letPadGo();
+            ungrabPad();
         }
         clicks.watchdog().progress();
     }
@@ -68,7 +68,7 @@ void PadInterception::endFrame(double time) {
 }
 
 void PadInterception::forwardFrame(double time) {
-    judgeButtons();
+    filterButtons();
     if (!stillHoldsPad() || writer->forward(frame, slotBefore, source, time)) {
         return;
     }
@@ -80,7 +80,7 @@ void PadInterception::forwardFrame(double time) {
 // The touch began while the touchpad was being given back, and no other program has seen its
 // beginning. Until the touchpad is grabbed again, programs ignore the events of a touch without a
 // beginning.
-void PadInterception::takeAgainFor(double time) {
+void PadInterception::grabAgain(double time) {
     if (writer.has_value() && (isForwarding() || grab())) {
         grabbedAt = time;
         leaveAt.reset();
@@ -89,7 +89,7 @@ void PadInterception::takeAgainFor(double time) {
 
 // A release that the clone needs is forwarded even if the filter drops it, so that no button stays
 // down.
-void PadInterception::judgeButtons() {
+void PadInterception::filterButtons() {
     std::array heldByClone{writer->isPressed(BTN_LEFT), writer->isPressed(BTN_RIGHT)};
     std::erase_if(frame, [&](const InputEvent& event) {
         if (!isFilteredButton(event) || !isForwarding()) {
@@ -225,7 +225,7 @@ bool PadInterception::grab() {
     return isHeld;
 }
 
-void PadInterception::letPadGo() {
+void PadInterception::ungrabPad() {
     if (isForwarding()) {
         clicks.watchdog().release(pad);
         pad.ungrab();
@@ -243,7 +243,7 @@ void PadInterception::leave() {
         logLine("touchpads", "given back ", pad.description().name);
     }
     if (!leaveAt.has_value()) {
-        leaveAt = clicks.now() + leaveTaking;
+        leaveAt = clicks.now() + cloneRetention;
     } else if (clicks.now() >= *leaveAt) {
         dropClone();
     }
@@ -253,7 +253,7 @@ void PadInterception::giveBack() {
     if (writer.has_value()) {
         writer->releaseAll();
     }
-    letPadGo();
+    ungrabPad();
     dropClone();
 }
 

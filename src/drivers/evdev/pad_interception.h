@@ -44,7 +44,7 @@ public:
     using Moment = ClickInterception::Moment;
 
     // How long an unwanted clone stays for its readers.
-    static constexpr std::chrono::seconds leaveTaking{1};
+    static constexpr std::chrono::seconds cloneRetention{1};
     // The delay before a touchpad is cloned again; it doubles each time.
     static constexpr std::chrono::seconds firstPause{10};
     static constexpr std::chrono::seconds maxPause{600};
@@ -67,7 +67,7 @@ public:
     // When settle() must be called even without an event of the touchpad.
     std::optional<Moment> nextLook() const;
 
-    // The clone is new: call settle() when the standing of clones changes.
+    // The clone is new: call settle() when the progress of clones changes.
     bool isIntroducing() const { return introduction.has_value(); }
 
     // Why the touchpad is not grabbed although it should be, for a log; null if nothing prevents
@@ -86,15 +86,15 @@ private:
     bool isForwarding() const { return grabbedAt.has_value(); }
     bool stillHoldsPad();
     void forwardFrame(double time);
-    void takeAgainFor(double time);
-    void judgeButtons();
+    void grabAgain(double time);
+    void filterButtons();
     void prepareClone();
     void makeClone();
     void introduceClone();
     void abandonClone(const char* obstacle);
     void dropClone();
     bool grab();
-    void letPadGo();
+    void ungrabPad();
     void leave();
     void giveBack();
 

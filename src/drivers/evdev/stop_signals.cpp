@@ -61,7 +61,7 @@ void stopBy(int signal) {
 
 // Several signals that arrive before the process is stopped stop it once.
 void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
-         const std::function<void()>& takeAgain) {
+         const std::function<void()>& grabAgain) {
     pthread_setname_np(pthread_self(), "glidemap-stop");
     std::array<char, 16> signals{};
     for (;;) {
@@ -72,11 +72,11 @@ void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
         }
         giveBack();
         stopBy(signals[0]);
-        takeAgain();
+        grabAgain();
     }
 }
 
-void begin(std::function<void()> giveBack, std::function<void()> takeAgain) {
+void begin(std::function<void()> giveBack, std::function<void()> grabAgain) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
@@ -88,7 +88,7 @@ void begin(std::function<void()> giveBack, std::function<void()> takeAgain) {
     signalEnd = ends[1];
     std::thread thread =
         threadWithoutSignals([end = std::move(readEnd), giveBack = std::move(giveBack),
-                              takeAgain = std::move(takeAgain)] { run(end, giveBack, takeAgain); });
+                              grabAgain = std::move(grabAgain)] { run(end, giveBack, grabAgain); });
     thread.detach();
     for (const int signal : stops) {
         if (isUnhandled(signal)) {
@@ -99,10 +99,10 @@ void begin(std::function<void()> giveBack, std::function<void()> takeAgain) {
 
 } // namespace
 
-void watchStopSignals(std::function<void()> giveBack, std::function<void()> takeAgain) {
+void watchStopSignals(std::function<void()> giveBack, std::function<void()> grabAgain) {
     static std::once_flag once;
     try {
-        std::call_once(once, [&] { begin(std::move(giveBack), std::move(takeAgain)); });
+        std::call_once(once, [&] { begin(std::move(giveBack), std::move(grabAgain)); });
     } catch (const std::exception&) {
         return; // the thread cannot start
     }

@@ -15,7 +15,7 @@
 
 namespace glidemap {
 
-// Idempotent. Both callbacks run on the thread, `takeAgain` when the process continues.
-void watchStopSignals(std::function<void()> giveBack, std::function<void()> takeAgain);
+// Idempotent. Both callbacks run on the thread, `grabAgain` when the process continues.
+void watchStopSignals(std::function<void()> giveBack, std::function<void()> grabAgain);
 
 } // namespace glidemap

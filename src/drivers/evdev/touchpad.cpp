@@ -86,7 +86,7 @@ void Touchpad::withdraw(const driver::ButtonCallback& buttonCallback) {
     lose("given back, this user may not read it any more", buttonCallback);
 }
 
-// The touch ends with an empty report, because nobody will ever see the fingers leave.
+// Ends the touch with an empty report, because the driver will not see the fingers lift.
 void Touchpad::lose(const char* reason, const driver::ButtonCallback& buttonCallback) {
     const std::unique_ptr<PadConnection> lost = std::move(connection);
     logLine("touchpads", lost->node, ", ", _identity.name, ": ", reason);

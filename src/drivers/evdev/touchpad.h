@@ -37,7 +37,7 @@ struct PadConnection {
     ContactAssembler assembler;
     PadInterception interception;
     bool fresh = true;     // its first events are there without its descriptor being readable
-    bool mayBeRead = true; // false once this user has lost the access to the node
+    bool mayBeRead = true; // false once this user has lost access to the node
 };
 
 class Touchpad {
@@ -59,7 +59,7 @@ public:
 
     // The node at which the touchpad was last seen; empty if it was never seen.
     const std::string& lastNode() const { return node; }
-    void seeAt(const std::string& newNode) { node = newNode; }
+    void setLastNode(const std::string& newNode) { node = newNode; }
 
     void addCallback(driver::ContactCallback callback);
     void removeCallback(driver::ContactCallback callback);
@@ -69,7 +69,7 @@ public:
 
     // A connected touchpad that failed to read is not retried until this call, because constant
     // retries would keep the machine busy.
-    void somethingHasChanged() { broken = false; }
+    void allowRetry() { broken = false; }
 
     // Gives the touchpad back before it returns. The caller receives the connection, because the
     // reader may be using it.

@@ -52,7 +52,7 @@ std::vector<driver::Device> TouchpadDriver::createList() {
         noteAccess(candidate);
         if (candidate.readable) {
             Touchpad& touchpad = recordFor(candidate, list);
-            touchpad.seeAt(candidate.node);
+            touchpad.setLastNode(candidate.node);
             list.push_back(&touchpad);
         } else {
             ++unreadable;
@@ -148,8 +148,8 @@ void TouchpadDriver::pause() {
     clicks.watchdog().pause();
 }
 
-void TouchpadDriver::goOn() {
-    clicks.watchdog().goOn();
+void TouchpadDriver::resume() {
+    clicks.watchdog().resume();
 }
 
 // Opens the touchpad before it returns, so that all later touches are reported.
@@ -162,7 +162,7 @@ void TouchpadDriver::start(driver::Device device) {
     touchpad->start();
     connect(*touchpad);
     clicks.watchdog().progress(); // the reader may wait while several touchpads are opened
-    lookAgain = true;             // for the contacts that are on it, or for its return
+    mustSearch = true;            // for its current contacts, or for its return
     launchReader();
     wakeReader();
 }
@@ -225,7 +225,7 @@ bool TouchpadDriver::connectAt(Touchpad& touchpad, const PadCandidate& candidate
         return false;
     }
     logLine("touchpads", "reads ", candidate.node, ", ", candidate.identity.name);
-    touchpad.seeAt(candidate.node);
+    touchpad.setLastNode(candidate.node);
     touchpad.connect(
         std::make_unique<PadConnection>(candidate.node, std::move(pad), &touchpad, clicks));
     return true;
@@ -291,8 +291,8 @@ void TouchpadDriver::serve() {
         readDue();
     }
     clonesChanged = false;
-    while (lookAgain) {
-        lookAgain = false;
+    while (mustSearch) {
+        mustSearch = false;
         updateWatch(); // first, so that no return is missed between the two calls
         reconnect();
         readFresh();
@@ -300,14 +300,14 @@ void TouchpadDriver::serve() {
     updateWatch();
 }
 
-// The access may be back by now, so all are looked for again.
+// Access may have been restored by now, so this searches for all of them again.
 void TouchpadDriver::withdrawUnreadable() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
         const PadConnection* connection = touchpads[index]->connected();
         if (connection != nullptr && !connection->mayBeRead) {
             touchpads[index]->withdraw(buttonCallback);
-            lookAgain = true;
+            mustSearch = true;
         }
     }
 }
@@ -331,8 +331,8 @@ void TouchpadDriver::readReady() {
             clonesChanged = true;
         } else if (returnWatch != nullptr) {
             returnWatch->acknowledge();
-            std::ranges::for_each(touchpads, &Touchpad::somethingHasChanged, record);
-            lookAgain = true;
+            std::ranges::for_each(touchpads, &Touchpad::allowRetry, record);
+            mustSearch = true;
         }
     }
 }
@@ -341,7 +341,7 @@ void TouchpadDriver::read(Touchpad& touchpad) {
     if (touchpad.connected() != nullptr) {
         touchpad.read(buttonCallback);
         clicks.watchdog().progress(); // for each touchpad, however many are open
-        lookAgain = lookAgain || touchpad.mayHaveReturned();
+        mustSearch = mustSearch || touchpad.mayHaveReturned();
     }
 }
 

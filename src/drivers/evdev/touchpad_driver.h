@@ -47,8 +47,8 @@ public:
     // Stops every touchpad. Must not be called from within a callback.
     ~TouchpadDriver();
 
-    // The touchpads that are there and can be read. A touchpad is the same device in every list.
-    // One that is started and cannot be read any more is given back and waited for.
+    // The touchpads that are connected and readable. A touchpad is the same device in every list.
+    // If a started touchpad is not readable any more, the driver gives it back and waits for it.
     std::vector<driver::Device> createList();
     std::int32_t unreadableCount() const;
 
@@ -68,7 +68,7 @@ public:
     // hangs. When the process continues, the state is that after a stall: the filter may switch
     // itself on again.
     void pause();
-    void goOn();
+    void resume();
     void start(driver::Device device);
     void stop(driver::Device device);
 
@@ -113,7 +113,7 @@ private:
     std::vector<std::unique_ptr<PadConnection>> retired; // closed on the reader's thread
     std::thread reader;
     bool readerRuns = false;
-    bool lookAgain = false; // a touchpad may have returned, or was opened but not read
+    bool mustSearch = false; // a touchpad may have returned, or was opened but not read
     bool clonesChanged = false;
 
     // Used on the reader's thread only.

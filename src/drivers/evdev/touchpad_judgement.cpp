@@ -43,25 +43,25 @@ const char* reasonNotToUse(udev_device* event) {
         return "it is a clone that Glidemap made of a touchpad";
     }
     if (!isCalledTouchpad(event)) {
-        return "udev does not call it a touchpad";
+        return "udev does not tag it as a touchpad";
     }
     if (!isTouchpadByRule(event)) {
-        return "it is a keyboard too, so what is typed on it could be read";
+        return "it is also a keyboard, so its keys could be read";
     }
     const std::string axes = attribute(event, "capabilities/abs");
     if (!hasBit(axes, ABS_MT_SLOT) || !hasBit(axes, ABS_MT_TRACKING_ID) ||
         !hasBit(axes, ABS_MT_POSITION_X) || !hasBit(axes, ABS_MT_POSITION_Y)) {
-        return "it does not tell fingers apart";
+        return "it cannot track separate fingers";
     }
     const std::string properties = attribute(event, "properties");
     if (hasBit(properties, INPUT_PROP_DIRECT)) {
         return "it is a touchscreen";
     }
     return hasBit(properties, INPUT_PROP_POINTER) ? nullptr
-                                                  : "its driver does not call it a pointer";
+                                                  : "its driver does not mark it as a pointer";
 }
 
-bool isLikeATouchpad(udev_device* event) {
+bool resemblesTouchpad(udev_device* event) {
     const std::string axes = attribute(event, "capabilities/abs");
     return isCalledTouchpad(event) ||
            (hasBit(axes, ABS_MT_SLOT) && hasBit(axes, ABS_MT_POSITION_X));

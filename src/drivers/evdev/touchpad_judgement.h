@@ -9,13 +9,13 @@ struct udev_device;
 
 namespace glidemap {
 
-// Returns why the driver does not use this event device, in words for people; null if it does.
+// Returns a human-readable reason why the driver does not use this event device; null if it does.
 // Ignores whether this user may read it.
 const char* reasonNotToUse(udev_device* event);
 
 // True if it has a touchpad's axes or udev tags it as a touchpad: a user may expect the driver to
 // use it.
-bool isLikeATouchpad(udev_device* event);
+bool resemblesTouchpad(udev_device* event);
 
 // True for a clone of a touchpad, made by this process or another one.
 bool isClone(udev_device* event);

@@ -74,11 +74,12 @@ void UdevCloneWatch::readNodeChanges() {
     }
 }
 
-// The kernel merges equal notifications that follow each other in the queue. Two programs that close
-// a node at once would pass for one, and the other one for a reader. With a watch on the node itself
-// its notification comes between two of the folder's. Only a user who may read the node may watch it,
-// so this is tried again when its rights change.
-void UdevCloneWatch::keepNotificationsApart(const std::string& name) {
+// The kernel merges equal notifications that follow each other in the queue. If two programs close
+// a node at the same time, the folder's watch would count only one of them, and the other would
+// seem to be still reading. A second watch on the node itself puts a notification between the two.
+// Only a user who may read the node may watch it, so the driver retries when the node's rights
+// change.
+void UdevCloneWatch::separateNotifications(const std::string& name) {
     inotify_add_watch(nodeChanges.descriptor(), (std::string(nodeFolder) + "/" + name).c_str(),
                       openAndClose);
 }
@@ -94,7 +95,7 @@ void UdevCloneWatch::note(const inotify_event& change) {
     }
     int& count = opens[name];
     if ((change.mask & (IN_CREATE | IN_ATTRIB)) != 0) {
-        keepNotificationsApart(name);
+        separateNotifications(name);
     }
     if ((change.mask & IN_CREATE) != 0) {
         count = 0;

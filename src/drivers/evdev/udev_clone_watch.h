@@ -35,7 +35,7 @@ private:
     void readAnnouncements();
     void readNodeChanges();
     void note(const inotify_event& change);
-    void keepNotificationsApart(const std::string& name);
+    void separateNotifications(const std::string& name);
 
     UdevHandle<udev> context;
     UdevHandle<udev_monitor> monitor;

@@ -58,7 +58,7 @@ std::string describe(udev_device* event) {
 
 std::string judge(udev_device* event) {
     if (isClone(event)) {
-        return std::string("a clone, which stands in for a touchpad that Glidemap has grabbed; ") +
+        return std::string("a clone of a touchpad that Glidemap has grabbed; ") +
                (udev_device_get_is_initialized(event) > 0 ? "udev has announced it"
                                                           : "udev has not announced it");
     }
@@ -76,7 +76,7 @@ std::vector<std::string> touchpads() {
                                                        : nullptr);
     std::vector<std::string> lines;
     if (enumerate == nullptr) {
-        lines.emplace_back("udev cannot be asked");
+        lines.emplace_back("udev is not available");
         return lines;
     }
     udev_enumerate_add_match_subsystem(enumerate.get(), "input");
@@ -86,12 +86,12 @@ std::vector<std::string> touchpads() {
     udev_list_entry_foreach(entry, udev_enumerate_get_list_entry(enumerate.get())) {
         const UdevHandle<udev_device> event(
             udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)));
-        if (event != nullptr && isLikeATouchpad(event.get())) {
+        if (event != nullptr && resemblesTouchpad(event.get())) {
             lines.push_back(describe(event.get()) + ": " + judge(event.get()));
         }
     }
     if (lines.empty()) {
-        lines.emplace_back("no device is like a touchpad");
+        lines.emplace_back("no device resembles a touchpad");
     }
     return lines;
 }

@@ -76,7 +76,7 @@ private:
     void play();
     bool playPass();
     void deliver(const Record& record);
-    bool letGo();
+    bool liftAll();
     void advance(double interval);
     bool waitUntilDue();
     double timestamp() const { return seconds(startTime) + elapsed; }
@@ -130,7 +130,7 @@ bool PlayingDevice::Run::playPass() {
         }
         deliver(record);
     }
-    return letGo();
+    return liftAll();
 }
 
 void PlayingDevice::Run::advance(double interval) {
@@ -161,7 +161,7 @@ void PlayingDevice::Run::deliver(const Record& record) {
 }
 
 // Lifts all contacts and buttons at the end of a pass.
-bool PlayingDevice::Run::letGo() {
+bool PlayingDevice::Run::liftAll() {
     if (!isTouching && heldButtons.empty()) {
         return true;
     }

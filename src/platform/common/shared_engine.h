@@ -12,7 +12,7 @@
 namespace glidemap {
 
 // `setUpThread` runs on each of the engine's threads with the thread's name; these threads are
-// latency-sensitive. Each task of a thread runs inside `within`.
+// latency-sensitive. `within` wraps each task of the threads.
 MultitouchDeviceManager& makeSharedEngine(TouchDriverPlatform platform,
                                           void (*setUpThread)(std::string_view name),
                                           WorkWithin within = nullptr);

@@ -17,7 +17,7 @@ namespace glidemap {
 class ThreadedDelayedWork : public DelayedWork {
 public:
     // `prepareThread` runs on the new thread before its first item, to set its name and priority.
-    // Each item runs inside `within`.
+    // `within` wraps each item.
     explicit ThreadedDelayedWork(std::function<void()> prepareThread = {},
                                  WorkWithin within = nullptr);
     ~ThreadedDelayedWork() override;

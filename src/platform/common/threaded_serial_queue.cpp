@@ -62,8 +62,8 @@ struct ThreadedSerialQueue::State {
     std::uint64_t generation = 0; // stop() starts a new one; a thread serves only its own
     // The generation whose task is running. If a task stops its own queue, the queue may be used
     // again before the task returns; the new thread waits for that.
-    static constexpr std::uint64_t nobody = ~std::uint64_t{0};
-    std::uint64_t runner = nobody;
+    static constexpr std::uint64_t noGeneration = ~std::uint64_t{0};
+    std::uint64_t runner = noGeneration;
     std::thread thread;
 
     void push(const std::shared_ptr<State>& self, Task task, std::size_t tasksThatWake);
@@ -109,14 +109,15 @@ void ThreadedSerialQueue::State::serve(std::uint64_t own) {
 bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     std::unique_lock lock(mutex);
     if (runner == own) {
-        runner = nobody;
+        runner = noGeneration;
     }
     if (generation != own) {
         leave(std::move(lock));
         return false;
     }
     isWaiting = true;
-    work.wait(lock, [&] { return generation != own || (runner == nobody && !tasks.isEmpty()); });
+    work.wait(lock,
+              [&] { return generation != own || (runner == noGeneration && !tasks.isEmpty()); });
     if (generation != own) {
         return false;
     }

@@ -28,7 +28,7 @@ public:
     static constexpr std::size_t maxDeferred = 32;
 
     // `prepareThread` runs on the new thread before its first task, to set its name and priority.
-    // Each task runs inside `within`.
+    // `within` wraps each task.
     explicit ThreadedSerialQueue(std::function<void()> prepareThread = {},
                                  WorkWithin within = nullptr);
     ~ThreadedSerialQueue() override;

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr int noneLower = 0; // relative to other threads of this class
+constexpr int relativePriority = 0; // relative to other threads of this class
 
 } // namespace
 
@@ -19,7 +19,7 @@ void nameThread(std::string_view name) {
 
 void setUpResponsiveThread(std::string_view name) {
     nameThread(name);
-    pthread_set_qos_class_self_np(QOS_CLASS_USER_INTERACTIVE, noneLower);
+    pthread_set_qos_class_self_np(QOS_CLASS_USER_INTERACTIVE, relativePriority);
 }
 
 } // namespace glidemap

@@ -58,7 +58,7 @@ public:
 
 private:
     // The callback may stop listening.
-    void say(const std::string& line) {
+    void sendReply(const std::string& line) {
         const QPointer<Client> alive(this);
         const std::string said = listener.answer(line);
         if (alive != nullptr) {
@@ -70,7 +70,7 @@ private:
     const OpenFile socket;
     QSocketNotifier arrivals;
     QTimer limit;
-    std::string heard;
+    std::string received;
 };
 
 LineListener::LineListener(std::filesystem::path socketFile, std::size_t maxLineLength,
@@ -79,7 +79,8 @@ LineListener::LineListener(std::filesystem::path socketFile, std::size_t maxLine
       clientTime(clientTime), socket(localSocket()), _failure(listen()),
       arrivals(socket.descriptor(), QSocketNotifier::Read) {
     arrivals.setEnabled(!_failure);
-    QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals, [this] { letIn(); });
+    QObject::connect(&arrivals, &QSocketNotifier::activated, &arrivals,
+                     [this] { acceptClients(); });
     pause.setSingleShot(true);
     QObject::connect(&pause, &QTimer::timeout, &arrivals, [this] { arrivals.setEnabled(true); });
 }
@@ -112,7 +113,7 @@ std::error_code LineListener::listen() const {
     return listens ? std::error_code() : lastError();
 }
 
-void LineListener::letIn() {
+void LineListener::acceptClients() {
     OpenFile client = acceptedBy(socket);
     if (!client && (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS)) {
         // The connection is still pending and would wake the event loop continuously.

@@ -1,6 +1,6 @@
 // Listens on a Unix socket for other processes of this user; each client sends one line and
-// receives one line. QLocalServer would do this, too, but needs the large QtNetwork library, which
-// nothing else in the program uses.
+// receives one line. QLocalServer could do this, too, but needs the large QtNetwork library, which
+// no other code in the program uses.
 //
 // At most maxClients are connected at a time: a new client replaces the oldest. A client is
 // disconnected after maxClientTime, and at once if it sends too much or belongs to another user.
@@ -45,7 +45,7 @@ private:
     class Client;
 
     std::error_code listen() const;
-    void letIn();
+    void acceptClients();
     void makeRoom();
 
     const std::filesystem::path socketFile;

@@ -116,12 +116,12 @@ bool connectTo(int socket, const std::filesystem::path& file) {
     return connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
 }
 
-enum class Reply { given, none, nobodyThere };
+enum class Reply { given, none, unreachable };
 
 // If the other process disconnects without a reply, it is exiting.
 Reply replyOn(int socket, Clock::time_point deadline) {
-    std::string heard;
-    while (heard.size() < answer.size()) {
+    std::string received;
+    while (received.size() < answer.size()) {
         pollfd wait{socket, POLLIN, 0};
         const int ready = poll(&wait, 1, millisecondsUntil(deadline));
         if (ready <= 0) {
@@ -130,11 +130,11 @@ Reply replyOn(int socket, Clock::time_point deadline) {
         std::array<char, 16> buffer{};
         const auto count = recv(socket, buffer.data(), buffer.size(), 0);
         if (count <= 0) {
-            return heard.empty() ? Reply::nobodyThere : Reply::none;
+            return received.empty() ? Reply::unreachable : Reply::none;
         }
-        heard.append(buffer.data(), static_cast<std::size_t>(count));
+        received.append(buffer.data(), static_cast<std::size_t>(count));
     }
-    return heard == answer ? Reply::given : Reply::none;
+    return received == answer ? Reply::given : Reply::none;
 }
 
 // Checks the peer first: the activation token is only for a process of this user.
@@ -144,7 +144,7 @@ Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request
     const OpenFile client = localSocket();
     if (!connectTo(client.descriptor(), socketFile) || userAtOtherEnd(client) != geteuid() ||
         !sendAll(client, line(request))) {
-        return Reply::nobodyThere;
+        return Reply::unreachable;
     }
     return replyOn(client.descriptor(), deadline);
 }
@@ -181,7 +181,7 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
             return Claim::first;
         }
         const Reply reply = ask(socketFile, request, deadline);
-        if (reply != Reply::nobodyThere) {
+        if (reply != Reply::unreachable) {
             return reply == Reply::given ? Claim::shown : Claim::unanswered;
         }
         poll(nullptr, 0, attemptMilliseconds);

@@ -1,4 +1,5 @@
-// Draws a widget and its children at half opacity: it is switched off, but can still be used.
+// Draws a widget and its children at half opacity, which marks it as switched off. The widget stays
+// usable.
 //
 // Thread:  the main thread.
 #pragma once

@@ -36,7 +36,7 @@ QSize ElidedLabel::sizeHint() const {
     return withMargins(wholeWidth(*this));
 }
 
-// Room for a few letters, which hint at the rest of the text.
+// Room for a few letters, so that the user sees that there is more text.
 QSize ElidedLabel::minimumSizeHint() const {
     return withMargins(std::min(wholeWidth(*this), fontMetrics().averageCharWidth() * 4));
 }

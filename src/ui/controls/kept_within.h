@@ -1,5 +1,5 @@
 // The position on an axis that is closest to the wanted position within two bounds. An item that is
-// longer than the room starts at the lower bound.
+// longer than the available space starts at the lower bound.
 //
 // Thread:  any.
 #pragma once

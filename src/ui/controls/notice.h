@@ -27,7 +27,7 @@ public:
         Role ground = Role::window; // the tint's colour
         double groundOpacity = 0;   // 0: no tint
         Button button = Button::none;
-        bool buttonAtEnd = true; // else right after the text
+        bool buttonAtEnd = true; // otherwise right after the text
     };
 
     explicit Notice(const Look& look, QWidget* parent = nullptr);

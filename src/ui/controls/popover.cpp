@@ -100,9 +100,9 @@ Popover::Popover(QWidget* anchor, QWidget* content)
     layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);
     layout->addWidget(content);
     setAutoFillBackground(true);
-    wearTheme();
+    applyTheme();
     toTheme = Theme::shared().changes().subscribe({}, [this] {
-        wearTheme();
+        applyTheme();
         backdrop->showFor(placed);
         placeSoon();
     });
@@ -124,7 +124,7 @@ Popover::~Popover() {
     delete backdrop;
 }
 
-void Popover::wearTheme() {
+void Popover::applyTheme() {
     QPalette colors = palette();
     colors.setColor(QPalette::Window, style::color(Role::card));
     setPalette(colors);

@@ -48,7 +48,7 @@ private:
     void giveFocusBack();
     void place();
     void placeSoon();
-    void wearTheme();
+    void applyTheme();
     bool isOnCard(QPointF onScreen) const;
     bool isWithin(const QWidget* widget) const;
 

@@ -171,8 +171,8 @@ void SearchableList::addGroup(const Group& group) {
     }
 }
 
-// A user who has typed wants what comes first, or what the text names; a user who has not wants to
-// start from the choice of before.
+// After typing, marks the entry that the text names, or else the first one. Without a text, marks
+// the previous choice.
 void SearchableList::markFirst(std::optional<int> exactRow) {
     const bool isSearching = !field->text().trimmed().isEmpty();
     if (isSearching && exactRow) {
@@ -191,17 +191,17 @@ void SearchableList::markFirst(std::optional<int> exactRow) {
 void SearchableList::mark(int row) {
     const QModelIndex index = model->index(row, 0);
     list->setCurrentIndex(index);
-    // The first of a group shows its heading, too.
+    // Scrolls to the group's heading for its first entry.
     if (isHeading(index.siblingAtRow(row - 1))) {
         list->scrollTo(index.siblingAtRow(row - 1));
     }
     list->scrollTo(index);
-    say(row);
+    announce(row);
     browse(index);
 }
 
-// The list never has the focus, so it does not say itself what is marked.
-void SearchableList::say(int row) {
+// The list never has the focus, so the marked entry must be announced explicitly.
+void SearchableList::announce(int row) {
     if (QAccessible::isActive()) {
         QAccessibleEvent event(list, QAccessible::Focus);
         event.setChild(row);
@@ -239,15 +239,15 @@ void SearchableList::choose(const QModelIndex& index) const {
 
 bool SearchableList::eventFilter(QObject* watched, QEvent* event) {
     if (watched == list->viewport()) {
-        if (event->type() == QEvent::Leave) { // the pointer browses no longer
+        if (event->type() == QEvent::Leave) { // the pointer has left the list
             browse(list->currentIndex());
         }
         return false;
     }
-    return event->type() == QEvent::KeyPress && obeyKey(static_cast<QKeyEvent*>(event)->key());
+    return event->type() == QEvent::KeyPress && handleKey(static_cast<QKeyEvent*>(event)->key());
 }
 
-bool SearchableList::obeyKey(int key) {
+bool SearchableList::handleKey(int key) {
     switch (key) {
     case Qt::Key_Up:
         move(-1);

@@ -1,13 +1,13 @@
-// A list in groups with a search field above it. Typed text goes into the search; arrows move through
-// the entries that it has found, Return chooses.
+// A grouped list with a search field above it. Typing searches, the arrow keys move through the
+// matches, and Return chooses the marked one.
 //
-// It is as high as its entries need, and no higher than the room it is given; the rest scrolls. The
-// focus stays in the field, where input methods can work.
+// The list grows with its entries up to a maximum height and scrolls beyond that. The focus stays
+// in the field, so that input methods work.
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its parent.
-// Errors:  none. Where nothing is found it says so.
+// Errors:  none. If no entry matches, the list says so.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -33,7 +33,7 @@ public:
         QString text;
         QIcon icon;
         int value = 0;
-        bool isExact = false; // the search is this entry's name, so it is marked before others
+        bool isExact = false; // the search text is this entry's name, so this entry is marked first
     };
     struct Group {
         QString heading;
@@ -46,28 +46,28 @@ public:
         QString nothingFound;
         QString currentChoice;
     };
-    // The entries for what is typed, in the current language.
+    // Returns the entries that match the typed text, in the current language.
     using Find = std::function<std::vector<Group>(const QString& typed)>;
 
     SearchableList(Find find, std::optional<int> current, const QString& search,
                    QWidget* parent = nullptr);
 
-    // Asks for the entries anew, too.
+    // Updates the texts and queries the entries again.
     void setTexts(const Texts& shown);
 
-    // The tallest that the list below the field becomes.
+    // The maximum height of the list, without the search field.
     void setRoomForEntries(int height);
 
-    // The names of the field and of the list, which tests and style sheets know them by.
+    // The object names of the field and of the list, for tests and style sheets.
     void setPartNames(const char* field, const char* list);
 
-    // Called with the entry that the user has chosen; may end the list.
+    // Called with the entry that the user has chosen; may destroy the list.
     std::function<void(int value)> onChoose;
 
-    // Called with the entry that keys, the search or the pointer highlight.
+    // Called with each entry that the keys, the search or the pointer mark.
     std::function<void(int value)> onBrowse;
 
-    // Called when Tab or Shift and Tab is pressed: the user wants to go on, or back.
+    // Called on Tab and on Shift and Tab: moves the focus on, or back.
     std::function<void(bool forward)> onLeave;
 
 protected:
@@ -76,7 +76,7 @@ protected:
 
 private:
     void build();
-    bool obeyKey(int key);
+    bool handleKey(int key);
     void search();
     void addGroup(const Group& group);
     void markFirst(std::optional<int> exactRow);
@@ -85,7 +85,7 @@ private:
     void choose(const QModelIndex& index) const;
     void browse(const QModelIndex& index) const;
     void fitToEntries();
-    void say(int row);
+    void announce(int row);
 
     Find find;
     std::optional<int> current;

@@ -1,4 +1,4 @@
-// A row of segments of which one is chosen, in one pill whose highlight slides. Arrow keys move the
+// A row of segments in one pill. The highlight slides to the chosen segment. Arrow keys move the
 // choice. Assistive technology sees the segments as radio buttons.
 //
 // Thread:  the main thread.

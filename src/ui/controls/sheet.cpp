@@ -24,13 +24,13 @@ constexpr double slideFrom = 14; // points above its final position
 constexpr double veilLight = 0.28;
 constexpr double veilDark = 0.5;
 
-Qt::WindowFlags kindOfWindow() {
+Qt::WindowFlags sheetWindowFlags() {
     return Theme::shared().systemShowsSheets() ? Qt::WindowFlags(Qt::Sheet)
                                                : Qt::Dialog | Qt::FramelessWindowHint;
 }
 
-// A button that became the default one before it was in a dialog is not known to be it: the dialog
-// would choose the first that it finds.
+// The dialog does not know a default button that was set before the button was in the dialog; it
+// would choose the first button instead.
 void adoptDefaultButton(const QWidget& content) {
     for (QPushButton* button : content.findChildren<QPushButton*>()) {
         if (button->isDefault()) {
@@ -72,10 +72,10 @@ private:
     Slide shade{this};
 };
 
-Sheet::Sheet(QWidget* hangsFrom, QWidget* content, QSize size)
-    : QDialog(hangsFrom->window(), kindOfWindow()), wanted(size), scroller(new QScrollArea(this)),
-      isSystems(Theme::shared().systemShowsSheets()),
-      isTranslucent(!isSystems && Theme::shared().composites()) {
+Sheet::Sheet(QWidget* anchorWidget, QWidget* content, QSize size)
+    : QDialog(anchorWidget->window(), sheetWindowFlags()), wanted(size),
+      scroller(new QScrollArea(this)), isNative(Theme::shared().systemShowsSheets()),
+      isTranslucent(!isNative && Theme::shared().composites()) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground, isTranslucent);
     setWindowModality(Qt::WindowModal);
@@ -112,7 +112,7 @@ Sheet::~Sheet() {
 }
 
 void Sheet::present() {
-    if (isSystems) {
+    if (isNative) {
         fitToScreen();
         open();
         return;
@@ -153,7 +153,7 @@ void Sheet::place() {
 }
 
 void Sheet::moveToPlace() {
-    if (isSystems) {
+    if (isNative) {
         return;
     }
     const int margin = shadowMargin();
@@ -173,7 +173,7 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event) {
 
 void Sheet::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    if (!isTranslucent && !isSystems) {
+    if (!isTranslucent && !isNative) {
         QPainterPath shape;
         shape.addRoundedRect(rect(), radius, radius);
         setMask(QRegion(shape.toFillPolygon().toPolygon()));
@@ -182,7 +182,7 @@ void Sheet::resizeEvent(QResizeEvent* event) {
 
 void Sheet::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    if (isSystems) {
+    if (isNative) {
         painter.fillRect(event->rect(), style::color(Role::window));
         return;
     }

@@ -1,9 +1,9 @@
 // A dialog at the top of its window. The window is dimmed and blocked until the sheet closes.
 //
-// Where the system shows sheets, it places, rounds and moves this one, too, and dims the window: then this only fills it. Elsewhere
-// it is a window of its own, because it may be larger than the one it hangs from. Its corners are
-// round and it casts a shadow where the desktop can show what lies behind a window; elsewhere its
-// shape is cut out.
+// If the system has native sheets, it positions, rounds and animates this one, too, and dims the
+// window; this class then only provides the content. Elsewhere the sheet is a separate window,
+// because it may be larger than its parent window. It has round corners and a shadow if the desktop
+// supports translucent windows; otherwise its shape is masked.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -25,7 +25,7 @@ namespace glidemap {
 class Sheet : public QDialog {
 public:
     // Takes ownership of `content`. `size` is the content's size, if the screen has room for it.
-    Sheet(QWidget* hangsFrom, QWidget* content, QSize size);
+    Sheet(QWidget* anchorWidget, QWidget* content, QSize size);
     ~Sheet() override;
 
     // Called once after closing, for any cause.
@@ -54,8 +54,8 @@ private:
     QSize wanted;
     QScrollArea* scroller;
     QPointer<Veil> veil;
-    QRect placed;   // where the card belongs
-    bool isSystems; // the system shows it
+    QRect placed;  // the card's final rectangle
+    bool isNative; // the system shows it as a native sheet
     bool isTranslucent;
     bool hasClosed = false;
     Slide arrival{this, [this] {

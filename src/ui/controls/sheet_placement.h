@@ -9,7 +9,7 @@
 
 namespace glidemap {
 
-// `least` is the minimum size of the content. If even that does not fit, the sheet is widened by
+// `least` is the content's minimum size. If even that does not fit, the sheet is widened by
 // `scrollBar`, the width of the scroll bar. `window` is the window without its frame.
 QRect placeSheet(QSize wanted, QSize least, int scrollBar, const QRect& window,
                  const QRect& screen);

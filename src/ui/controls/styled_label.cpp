@@ -5,13 +5,13 @@ namespace glidemap {
 StyledLabel::StyledLabel(TextStyle style, Role role, QWidget* parent)
     : QLabel(parent), style(style), role(role) {
     setTextFormat(Qt::PlainText);
-    toTheme = Theme::shared().changes().subscribe({}, [this] { dress(); });
-    dress();
+    toTheme = Theme::shared().changes().subscribe({}, [this] { applyTheme(); });
+    applyTheme();
 }
 
 void StyledLabel::setRole(Role colorRole) {
     role = colorRole;
-    dress();
+    applyTheme();
 }
 
 // The theme sets font sizes in pixels, so the result is the same on all screens.
@@ -26,7 +26,7 @@ QSizeF StyledLabel::lineSize() const {
     return measured->size;
 }
 
-void StyledLabel::dress() {
+void StyledLabel::applyTheme() {
     setFont(Theme::shared().font(style));
     QPalette own = palette();
     own.setColor(QPalette::WindowText, Theme::shared().color(role));

@@ -23,7 +23,7 @@ public:
     QSizeF lineSize() const;
 
 private:
-    void dress();
+    void applyTheme();
 
     struct Measured {
         QString text;

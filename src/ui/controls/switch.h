@@ -1,5 +1,5 @@
 // A switch: a knob that slides between off and on. It behaves as a check box, also for assistive
-// technology. Its text stands before it.
+// technology. Its text is in front of it.
 //
 // Thread:  the main thread.
 // Owner:   its parent.

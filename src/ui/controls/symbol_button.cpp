@@ -21,13 +21,13 @@ SymbolButton::SymbolButton(std::string_view symbol, Role role, QWidget* parent)
     setAutoRaise(true);
     setIconSize(QSize(16, 16));
     setFocusPolicy(Qt::StrongFocus);
-    toTheme = Theme::shared().changes().subscribe({}, [this] { dress(); });
-    dress();
+    toTheme = Theme::shared().changes().subscribe({}, [this] { applyTheme(); });
+    applyTheme();
 }
 
 void SymbolButton::setSymbol(std::string_view symbolName) {
     symbol = symbolName;
-    dress();
+    applyTheme();
 }
 
 void SymbolButton::setFaint(bool now) {
@@ -53,7 +53,7 @@ void SymbolButton::paintEvent(QPaintEvent* /*event*/) {
     painter.drawComplexControl(QStyle::CC_ToolButton, option);
 }
 
-void SymbolButton::dress() {
+void SymbolButton::applyTheme() {
     setIcon(symbolIcon(symbol, role, iconSize().width()));
 }
 

@@ -31,7 +31,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void dress();
+    void applyTheme();
 
     std::string symbol;
     Role role;

@@ -11,7 +11,7 @@ using std::chrono::nanoseconds;
 
 constexpr milliseconds timerDelay{1};
 
-// The refresh rates of real screens; a driver that reports another does not know its screen.
+// The refresh rates of real screens; a driver that reports another value does not know its screen.
 constexpr double lowestRate = 20;
 constexpr double highestRate = 1000;
 constexpr double usualRate = 60;
@@ -21,12 +21,12 @@ constexpr double usualRate = 60;
 nanoseconds framePeriod(double screenRate) {
     const bool isSensible = screenRate >= lowestRate && screenRate <= highestRate;
     const double frame = 1e9 / (isSensible ? screenRate : usualRate);
-    const double wanted = static_cast<double>(nanoseconds(shortestFrame + timerDelay).count());
+    const double wanted = static_cast<double>(nanoseconds(minFrame + timerDelay).count());
     return nanoseconds(std::llround(std::ceil(wanted / frame) * frame));
 }
 
 milliseconds untilNextFrame(nanoseconds now, nanoseconds period) {
-    const nanoseconds earliest = now + shortestFrame;
+    const nanoseconds earliest = now + minFrame;
     const nanoseconds sinceBeat = earliest % period;
     const nanoseconds beat = sinceBeat.count() == 0 ? earliest : earliest - sinceBeat + period;
     return std::chrono::ceil<milliseconds>(beat - now);

@@ -1,21 +1,22 @@
-// When a demonstration draws its next frame: in step with the screen, so that each picture stays for
-// the same number of the screen's frames, and at most 40 times a second.
+// Computes when a demonstration draws its next frame: in step with the screen, so that each picture
+// lasts the same number of screen frames, and at most 40 times per second.
 //
-// Units:   the screen's rate in frames a second; times on a steady clock.
+// Units:   the screen's rate in frames per second; times on a steady clock.
 // Thread:  any; pure functions.
-// Errors:  a screen without a sensible rate counts as one of 60.
+// Errors:  an implausible rate is treated as 60.
 #pragma once
 
 #include <chrono>
 
 namespace glidemap::demo {
 
-inline constexpr std::chrono::milliseconds shortestFrame{25};
+inline constexpr std::chrono::milliseconds minFrame{25};
 
-// As few of the screen's frames as last for the shortest frame, with room for a timer's delay.
+// The smallest whole number of screen frames that lasts at least minFrame, with a margin for a
+// timer's delay.
 std::chrono::nanoseconds framePeriod(double screenRate);
 
-// From now until the next beat of that period that is at least the shortest frame away.
+// The time from `now` until the next multiple of the period that is at least minFrame away.
 std::chrono::milliseconds untilNextFrame(std::chrono::nanoseconds now,
                                          std::chrono::nanoseconds period);
 

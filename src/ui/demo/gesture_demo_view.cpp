@@ -17,7 +17,7 @@ namespace glidemap {
 
 namespace {
 
-// Of this view's screen, from now.
+// The time until this view's screen is due for the next frame.
 std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return demo::untilNextFrame(now, demo::framePeriod(view.screen()->refreshRate()));

@@ -1,9 +1,9 @@
 // Shows a gesture in an endless loop: at most 40 frames per second while visible, no frames while
 // invisible, and one still frame if the user prefers reduced motion.
 //
-// The loop follows the clock, so that all views show the same moment. Each frame that is painted
-// asks for the next one, in step with the screen: where nothing is painted (hidden, minimised, scrolled away, no frames asked
-// for by the desktop), no timer runs.
+// The loop follows the clock, so that all views show the same moment. Each painted frame schedules
+// the next one, in step with the screen. No timer runs while the view is not painted: hidden,
+// minimised, scrolled out of view, or not requested by the desktop.
 //
 // Tab skips the view, because it has no function. Assistive technology sees an animation; the owner
 // sets the gesture's name in the current language as its accessible name.

@@ -1,4 +1,4 @@
-// Two fingers that move in opposite directions: along a diagonal, or around a center.
+// Two fingers that move in opposite directions: along a diagonal, or around a centre.
 #include "motions.h"
 
 #include <cmath>

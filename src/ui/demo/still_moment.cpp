@@ -35,7 +35,7 @@ Clarity clarityOf(const Frame& frame) {
     return clarity;
 }
 
-bool atLeastAsClear(const Clarity& one, const Clarity& other) {
+bool isAtLeastAsClear(const Clarity& one, const Clarity& other) {
     constexpr double alike = 1e-6; // ignores rounding errors
     if (std::abs(one.fingers - other.fingers) > alike) {
         return one.fingers > other.fingers;
@@ -52,7 +52,7 @@ double stillMoment(GestureType gesture) {
     for (int index = 0; index < moments; ++index) {
         const double t = loopDuration * index / moments;
         const Clarity clarity = clarityOf(frame(gesture, t));
-        if (atLeastAsClear(clarity, clearest)) {
+        if (isAtLeastAsClear(clarity, clearest)) {
             best = t;
             clearest = clarity;
         }

@@ -17,7 +17,7 @@ namespace glidemap {
 
 namespace {
 
-// Null where it cannot be drawn, as a vector where no reader of those is installed.
+// Null if the icon cannot be drawn: for example, a vector image without an installed image plugin.
 QIcon iconNamed(const std::optional<std::string>& name, const QSize& size) {
     if (!name) {
         return {};
@@ -64,7 +64,7 @@ void ApplicationPicker::reload() {
     setCurrentIndex(1 + static_cast<int>(found - apps.begin()));
 }
 
-// Where some have one, the names of those without stand in line with theirs.
+// If some entries have an icon, the others get an empty one, so that all names are aligned.
 void ApplicationPicker::addIcons() {
     std::vector<QIcon> icons;
     std::ranges::transform(apps, std::back_inserter(icons), [this](const RunningApp& app) {
@@ -81,8 +81,8 @@ void ApplicationPicker::addIcons() {
     }
 }
 
-// So that its name is shown and read out as the current text. Nobody sees it in the list, and
-// neither pointer nor keys can choose it.
+// Makes its name the current text, which is shown and read aloud. The entry is hidden in the list,
+// and neither pointer nor keys can choose it.
 void ApplicationPicker::addHiddenEntry(const RunningApp& app) {
     addItem(toQt(app.name));
     const int row = count() - 1;

@@ -1,4 +1,5 @@
-// Picks one of the running applications, or none. They have their icons where the workspace knows them.
+// Picks one of the running applications, or none. Entries show their icon if the workspace knows
+// it.
 //
 // A chosen application that is not running has no entry in the list. The picker keeps it and shows
 // its name until the user picks another one.

@@ -28,7 +28,7 @@ constexpr int titleGap = 12;
 constexpr int sectionGap = 10;
 constexpr int buttonPadding = 11;
 
-std::string whatIsMissing(BindingDraft::Missing missing, const Lang& lang) {
+std::string missingText(BindingDraft::Missing missing, const Lang& lang) {
     using Missing = BindingDraft::Missing;
     switch (missing) {
     case Missing::nothing:
@@ -165,7 +165,7 @@ void BindingEditor::keyPressEvent(QKeyEvent* event) {
 
 void BindingEditor::refreshSave() {
     saveButton->setEnabled(isValid());
-    const QString missing = toQt(whatIsMissing(draft.missing(), services.lang));
+    const QString missing = toQt(missingText(draft.missing(), services.lang));
     saveButton->setToolTip(missing);
     saveButton->setAccessibleDescription(missing);
 }

@@ -1,8 +1,9 @@
-// Port: the keys that the desktop keeps for itself, lent to a window while a shortcut is recorded.
+// Port: delivers the keys that the desktop reserves for itself to a window while it records a
+// shortcut.
 //
 // Thread:  the main thread.
-// Owner:   the key presses of the same home. Destroyed, it has given the keys back.
-// Errors:  a desktop that lends no keys changes nothing.
+// Owner:   the key presses of the same platform. The destructor gives the keys back to the desktop.
+// Errors:  none; on a desktop that does not allow it, nothing changes.
 #pragma once
 
 class QWindow;
@@ -16,8 +17,8 @@ public:
     DesktopKeys& operator=(const DesktopKeys&) = delete;
     virtual ~DesktopKeys() = default;
 
-    // In place of any other window.
-    virtual void lendTo(QWindow& window) = 0;
+    // Replaces the previous window.
+    virtual void captureFor(QWindow& window) = 0;
 
     // Idempotent.
     virtual void giveBack() = 0;

@@ -1,10 +1,11 @@
-// The keys that can be chosen from a list instead of being pressed, and how they are found in it.
+// The keys that the user can choose from a list instead of pressing them, and the search in that
+// list.
 //
-// They are found by their words in either language and by their label; Print Screen is found as F13, too.
+// A key matches by its name in either language and by its label; Print Screen also matches F13.
 //
 // Units:   virtual key codes.
 // Thread:  any.
-// Errors:  none; a text that matches no key finds nothing.
+// Errors:  none; without a match the result is empty.
 #pragma once
 
 #include "bindings/key_words.h"
@@ -37,10 +38,10 @@ struct FoundKeys {
     friend bool operator==(const FoundKeys&, const FoundKeys&) = default;
 };
 
-// All of them for a text without words.
+// Returns all keys for a text without words.
 std::vector<FoundKeys> findKeys(std::string_view text, KeyboardKind keyboard = usualKeyboard());
 
-// "Right Arrow (→)", or "K" where the words are the label.
+// "Right Arrow (→)", or "K" if the name equals the label.
 std::string keyChoice(std::uint16_t keyCode, const Lang& lang,
                       KeyboardKind keyboard = usualKeyboard());
 

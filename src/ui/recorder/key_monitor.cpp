@@ -61,7 +61,7 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
         if (takesOverride(*static_cast<QKeyEvent*>(event))) {
-            event->accept(); // as a key of the monitor, not as a shortcut
+            event->accept(); // so that Qt delivers it to the monitor instead of running a shortcut
             return true;
         }
         return false;
@@ -86,7 +86,7 @@ void KeyMonitor::reportModifiers(const QKeyEvent& event) const {
     onModifiers(held);
 }
 
-// Precedes the press and asks whether the press may become a shortcut.
+// Qt sends this event before the press, to ask whether the press may trigger a shortcut.
 bool KeyMonitor::takesOverride(const QKeyEvent& event) const {
     return running || (event.isAutoRepeat() && taken.contains(keyOf(event)));
 }

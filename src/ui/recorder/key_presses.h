@@ -43,9 +43,9 @@ public:
     // Like stop(), but also forgets captured presses.
     virtual void abandon() { stop(); }
 
-    // Borrows the keys that the desktop keeps for itself for this window, which has the focus; null
-    // gives them back. Not every home can.
-    virtual void borrowDesktopKeys(QWindow* /*window*/) {}
+    // Also captures the keys that the desktop reserves for itself, for this window, which has the
+    // focus; null gives them back. Not every platform supports this.
+    virtual void captureDesktopKeys(QWindow* /*window*/) {}
 };
 
 } // namespace glidemap

@@ -73,7 +73,8 @@ ShortcutChooser::ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& 
     };
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
     retitle();
-    // It opens above its button where there is no room below, and would move the field as one types.
+    // Keeps the height constant: if the chooser opens above its button, the field would otherwise
+    // move while the user types.
     setMinimumHeight(sizeHint().height());
 }
 
@@ -104,7 +105,7 @@ void ShortcutChooser::choose(std::uint16_t keyCode) {
     key = keyCode;
     announce();
     if (onDone) {
-        onDone(); // may end this
+        onDone(); // may destroy this object
     }
 }
 
@@ -114,7 +115,7 @@ void ShortcutChooser::announce() {
     }
 }
 
-// Forward there is nothing more; backward lie the toggles.
+// Forward leaves the chooser; backward leads to the toggles.
 void ShortcutChooser::leaveList(bool forward) {
     if (!forward) {
         toggles.back().button->setFocus(Qt::BacktabFocusReason);
@@ -123,7 +124,8 @@ void ShortcutChooser::leaveList(bool forward) {
     }
 }
 
-// Tab moves through the toggles into the list, and Shift and Tab from the first of them leaves.
+// Tab moves through the toggles into the list. Shift and Tab on the first toggle leaves the
+// chooser.
 bool ShortcutChooser::focusNextPrevChild(bool next) {
     const QWidget* const focused = focusWidget();
     if (next && focused == toggles.back().button) {
@@ -139,7 +141,7 @@ bool ShortcutChooser::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }
 
-// On a toggle it means that the user is done. It would save the sheet otherwise.
+// On a toggle, Return finishes the choice. Without this it would save the sheet.
 void ShortcutChooser::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QWidget::keyPressEvent(event);

@@ -1,12 +1,13 @@
-// Makes a shortcut without pressing it: the modifiers are four toggles, and the key comes from a list
-// with a search. For keys that the desktop keeps for itself, and for keys that few keyboards have.
+// Composes a shortcut without key presses: four toggles for the modifiers, and a searchable list
+// for the key. For keys that the desktop reserves for itself, and for keys that few keyboards have.
 //
-// A toggle changes the shortcut at once where there is a key already; else it waits for the key.
+// If a key is chosen already, a toggle changes the shortcut at once; otherwise it takes effect with
+// the key.
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its parent; the language outlives it.
-// Errors:  none. Where nothing is found it says so.
+// Errors:  none. If no key matches, the list says so.
 #pragma once
 
 #include "bindings/key_shortcut.h"

@@ -49,16 +49,16 @@ ShortcutRecorderView::ShortcutRecorderView(std::shared_ptr<KeyPresses> keys, Lan
 
     connect(button, &QPushButton::clicked, this,
             [this] { recording ? stopRecording() : startRecording(); });
-    loan.setSingleShot(true);
-    loan.setInterval(usualLoan);
-    connect(&loan, &QTimer::timeout, this, [this] { borrowOrGiveBack(); });
+    captureLimit.setSingleShot(true);
+    captureLimit.setInterval(maxCaptureTime);
+    connect(&captureLimit, &QTimer::timeout, this, [this] { updateDesktopKeyCapture(); });
     connect(chooseButton, &QToolButton::clicked, this, [this] { toggleChooser(); });
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
     retitle();
 }
 
 ShortcutRecorderView::~ShortcutRecorderView() {
-    letGo();
+    releaseKeys();
     closeChooser();
 }
 
@@ -70,14 +70,14 @@ void ShortcutRecorderView::setShortcut(std::optional<KeyShortcut> shortcut) {
 void ShortcutRecorderView::startRecording() {
     recording = true;
     refusedKey = false;
-    mayHoldKeys = true;
+    mayHaveCaptured = true;
     held = 0;
     keys->onModifiers = [this](std::uint64_t modifiers) {
         showHeld(modifiers);
     };
     keys->start([this](const KeyPresses::Press& press) { take(press); });
-    loan.start();
-    borrowOrGiveBack();
+    captureLimit.start();
+    updateDesktopKeyCapture();
     retitle();
     announceState();
 }
@@ -95,23 +95,23 @@ void ShortcutRecorderView::showHeld(std::uint64_t modifiers) {
 void ShortcutRecorderView::stopRecording() {
     if (std::exchange(recording, false)) {
         keys->stop();
-        borrowOrGiveBack();
+        updateDesktopKeyCapture();
     }
     retitle();
 }
 
-// Another program that the user turns to gets its keys.
-void ShortcutRecorderView::borrowOrGiveBack() {
-    const bool mayBorrow = recording && loan.isActive() && isActiveWindow();
-    keys->borrowDesktopKeys(mayBorrow ? window()->windowHandle() : nullptr);
+// If the user switches to another program, that program gets its keys.
+void ShortcutRecorderView::updateDesktopKeyCapture() {
+    const bool mayCapture = recording && captureLimit.isActive() && isActiveWindow();
+    keys->captureDesktopKeys(mayCapture ? window()->windowHandle() : nullptr);
 }
 
-// Nothing of it may outlive the editor, not even the rest of a press.
-void ShortcutRecorderView::letGo() {
+// No captured press may outlive the editor, not even its release.
+void ShortcutRecorderView::releaseKeys() {
     recording = false;
-    if (std::exchange(mayHoldKeys, false)) {
+    if (std::exchange(mayHaveCaptured, false)) {
         keys->onModifiers = {};
-        keys->borrowDesktopKeys(nullptr);
+        keys->captureDesktopKeys(nullptr);
         keys->abandon();
     }
 }
@@ -123,7 +123,7 @@ void ShortcutRecorderView::take(const KeyPresses::Press& press) {
         announceState();
         return;
     }
-    // With Caps Lock on, this is not Escape alone.
+    // With Caps Lock on, this is not a plain Escape.
     if (*press.keyCode == escape && press.flags == 0) {
         stopRecording();
         return;
@@ -140,7 +140,7 @@ void ShortcutRecorderView::record(const KeyShortcut& shortcut) {
     }
 }
 
-// A press of its button closes it again.
+// Pressing the button again closes the popover.
 void ShortcutRecorderView::toggleChooser() {
     if (!chooser.isNull()) {
         closeChooser();
@@ -171,13 +171,13 @@ void ShortcutRecorderView::closeChooser() {
 bool ShortcutRecorderView::event(QEvent* event) {
     const bool isSeen = QWidget::event(event);
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate) {
-        borrowOrGiveBack();
+        updateDesktopKeyCapture();
     }
     return isSeen;
 }
 
 void ShortcutRecorderView::hideEvent(QHideEvent* event) {
-    letGo();
+    releaseKeys();
     retitle();
     QWidget::hideEvent(event);
 }

@@ -1,9 +1,9 @@
-// The row in which a keyboard shortcut is recorded: after a click the next key press anywhere in the
-// program becomes the shortcut, and reaches nothing else. Escape alone cancels. Beside it a shortcut
-// can be chosen instead of being pressed.
+// The row in which a keyboard shortcut is recorded: after a click the next key press anywhere in
+// the program becomes the shortcut, and reaches nothing else. A plain Escape cancels. A second
+// button lets the user choose a shortcut instead of pressing it.
 //
-// While it records in the active window it borrows the keys that the desktop keeps for itself, for
-// thirty seconds at most: a screen that locks itself needs the keyboard.
+// While recording in the active window, it also captures the keys that the desktop reserves for
+// itself, for at most thirty seconds: a screen that locks itself needs the keyboard.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -41,16 +41,18 @@ public:
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
     void setShortcut(std::optional<KeyShortcut> shortcut); // does not call onRecord
 
-    // Called when the user has recorded or chosen one.
+    // Called when the user has recorded or chosen a shortcut.
     std::function<void(const KeyShortcut&)> onRecord;
 
     void startRecording();
     void stopRecording();
     bool isRecording() const { return recording; }
 
-    // For how long the desktop's own keys are borrowed for one recording.
-    static constexpr std::chrono::seconds usualLoan{30};
-    void setLongestLoan(std::chrono::milliseconds duration) { loan.setInterval(duration); }
+    // The maximum time for which one recording captures the desktop's own keys.
+    static constexpr std::chrono::seconds maxCaptureTime{30};
+    void setMaxCaptureTime(std::chrono::milliseconds duration) {
+        captureLimit.setInterval(duration);
+    }
 
 protected:
     bool event(QEvent* event) override;
@@ -60,8 +62,8 @@ protected:
 private:
     void showHeld(std::uint64_t modifiers);
     void take(const KeyPresses::Press& press);
-    void letGo();
-    void borrowOrGiveBack();
+    void releaseKeys();
+    void updateDesktopKeyCapture();
     void record(const KeyShortcut& shortcut);
     void announceState() const;
     void retitle();
@@ -79,12 +81,12 @@ private:
     QPushButton* button;
     SymbolButton* chooseButton;
     QPointer<Popover> chooser;
-    QTimer loan; // of the desktop's own keys
+    QTimer captureLimit; // ends the capture of the desktop's own keys
     std::optional<KeyShortcut> recorded;
     std::uint64_t held = 0; // modifiers, while recording
     bool recording = false;
-    bool refusedKey = false;  // the last key has no code that a shortcut can store
-    bool mayHoldKeys = false; // has called start() since the last letGo()
+    bool refusedKey = false;      // the last key has no code that a shortcut can store
+    bool mayHaveCaptured = false; // start() was called since the last releaseKeys()
     Subscription toLanguage;
 };
 

@@ -69,12 +69,12 @@ void ToolkitKeyPresses::abandon() {
     onPress = {};
 }
 
-void ToolkitKeyPresses::borrowDesktopKeys(QWindow* window) {
+void ToolkitKeyPresses::captureDesktopKeys(QWindow* window) {
     if (desktop == nullptr) {
         return;
     }
     if (window != nullptr) {
-        desktop->lendTo(*window);
+        desktop->captureFor(*window);
     } else {
         desktop->giveBack();
     }

@@ -5,7 +5,7 @@
 //
 // Thread:  the main thread, within the lifetime of the application object.
 // Owner:   the program. It owns the HardwareKeys.
-// Errors:  as the port has them.
+// Errors:  as the port documents.
 #pragma once
 
 #include "ui/recorder/desktop_keys.h"
@@ -27,7 +27,7 @@ public:
     void start(std::function<void(const Press&)> handler) override;
     void stop() override;
     void abandon() override;
-    void borrowDesktopKeys(QWindow* window) override;
+    void captureDesktopKeys(QWindow* window) override;
 
 private:
     void press(const QKeyEvent& event) const;

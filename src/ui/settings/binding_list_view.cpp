@@ -88,7 +88,7 @@ BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     });
 }
 
-BindingRows::Callbacks BindingListView::whatRowsAsk() {
+BindingRows::Callbacks BindingListView::makeRowCallbacks() {
     return {
         [this](const GestureBinding& binding, bool on) { onToggle(binding, on); },
         [this](const GestureBinding& binding) { onEdit(binding); },
@@ -145,7 +145,7 @@ void BindingListView::layOut() {
         return;
     }
     ground->resize(area->viewport()->width(), BindingRows::heightOf(bindings->size()));
-    const std::size_t highest = highestInSight();
+    const std::size_t highest = firstVisible();
     const std::size_t first = highest - std::min(highest, rowsAhead);
     const std::size_t end = std::min(bindings->size(), highest + pageLength() + 2 + rowsAhead);
     if (present.cover(*bindings, first, end)) {
@@ -197,7 +197,7 @@ QRect BindingListView::placeOf(std::size_t index) const {
     return {ground->mapToGlobal(corner), QSize(ground->width(), BindingRows::step())};
 }
 
-std::size_t BindingListView::highestInSight() const {
+std::size_t BindingListView::firstVisible() const {
     return static_cast<std::size_t>(area->verticalScrollBar()->value() / BindingRows::step());
 }
 
@@ -265,7 +265,7 @@ void BindingListView::focusInEvent(QFocusEvent* event) {
     if (isByKeyboard(event->reason())) {
         usesKeys = true;
         if (!selected && bindings != nullptr && !bindings->empty()) {
-            select(highestInSight());
+            select(firstVisible());
         }
     }
     showSelection();

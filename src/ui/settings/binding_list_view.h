@@ -68,7 +68,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    BindingRows::Callbacks whatRowsAsk();
+    BindingRows::Callbacks makeRowCallbacks();
     void layOut();
     void showSelection();
     void announceSelection();
@@ -76,7 +76,7 @@ private:
     bool moveSelection(int key);
     bool enterRow(int key);
     bool actOnSelection(int key);
-    std::size_t highestInSight() const;
+    std::size_t firstVisible() const;
     std::size_t pageLength() const;
 
     const Lang& lang;

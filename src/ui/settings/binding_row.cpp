@@ -29,12 +29,12 @@ namespace {
 constexpr int spacing = 12;
 constexpr int verticalPadding = 4;
 constexpr int horizontalPadding = 6;
-constexpr int ringRoom = 4; // for the focus ring of a control
+constexpr int ringRoom = 4; // for a control's focus ring
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-constexpr int maxBadgeWidth = 200;  // at the default window width; wider windows allow more
-constexpr double badgesPart = 0.28; // maximum share of the row
+constexpr int maxBadgeWidth = 200;      // at the default window width; wider windows allow more
+constexpr double maxBadgesShare = 0.28; // maximum share of the row
 constexpr double cornerRadius = 7;
 
 // Scripts differ in height, but rows of different heights would look restless. Chinese fonts are
@@ -177,7 +177,7 @@ void BindingRow::retitle() {
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
     scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
     setDimmed(content, !shown.enabled || isMuted); // not disabled: the controls stay usable
-    nameForAssistance();
+    updateAccessibleNames();
     if (showsPreview()) {
         previewed->setGesture(shown.gesture, lang);
         popover->setAccessibleName(gestureName->text());
@@ -195,7 +195,7 @@ QString BindingRow::spokenName(const GestureBinding& binding, const Lang& lang) 
 }
 
 // Every row has the same controls, so each name includes the row's gesture.
-void BindingRow::nameForAssistance() {
+void BindingRow::updateAccessibleNames() {
     const std::string gesture = displayName(shown.gesture, lang);
     const auto name = [&](const char* english, const char* chinese) {
         return toQt(lang.choose(english + (" " + gesture), chinese + ("「" + gesture + "」")));
@@ -229,7 +229,7 @@ void BindingRow::explain() {
     const QString reason =
         isShadowed ? toQt(lang.choose("Never runs: a binding above it has the same gesture and "
                                       "scope and takes precedence.",
-                                      "不会执行：上方的绑定使用相同的手势和生效范围，会优先执行。"))
+                                      "不会执行：上方已有手势和生效范围相同的绑定，将优先执行。"))
                    : QString();
     setToolTip(reason);
     setAccessibleDescription(reason);
@@ -274,18 +274,18 @@ void BindingRow::enter() {
 }
 
 // Moves the focus left or right to the next control.
-bool BindingRow::leadsFocus(int key, QAbstractButton* from) {
+bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     if (key != Qt::Key_Left && key != Qt::Key_Right) {
         return false;
     }
     const auto order = controls();
     const auto place = std::ranges::find(order, from);
-    const bool goesOn = (key == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight);
-    if (goesOn && std::next(place) != order.end()) {
+    const bool isForward = (key == Qt::Key_Right) == (layoutDirection() == Qt::LeftToRight);
+    if (isForward && std::next(place) != order.end()) {
         (*std::next(place))->setFocus(Qt::TabFocusReason);
-    } else if (!goesOn && place != order.begin()) {
+    } else if (!isForward && place != order.begin()) {
         (*std::prev(place))->setFocus(Qt::BacktabFocusReason);
-    } else if (!goesOn && onLeave) {
+    } else if (!isForward && onLeave) {
         onLeave();
     }
     return true;
@@ -306,7 +306,7 @@ bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (event->type() == QEvent::KeyPress &&
-        leadsFocus(static_cast<QKeyEvent*>(event)->key(), control)) {
+        movesFocus(static_cast<QKeyEvent*>(event)->key(), control)) {
         return true;
     }
     if (movesSelection(*event)) {
@@ -325,7 +325,7 @@ bool BindingRow::event(QEvent* event) {
 }
 
 void BindingRow::resizeEvent(QResizeEvent* event) {
-    scopeBadge->setMaximumWidth(std::max(maxBadgeWidth, qRound(width() * badgesPart)));
+    scopeBadge->setMaximumWidth(std::max(maxBadgeWidth, qRound(width() * maxBadgesShare)));
     QWidget::resizeEvent(event);
 }
 

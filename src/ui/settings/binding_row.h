@@ -93,10 +93,10 @@ private:
     void makeSwitch(QHBoxLayout& layout);
     void makeTexts(QHBoxLayout& layout);
     void makeButtons(QHBoxLayout& layout);
-    void nameForAssistance();
+    void updateAccessibleNames();
     void explain();
     void showEmphasis();
-    bool leadsFocus(int key, QAbstractButton* from);
+    bool movesFocus(int key, QAbstractButton* from);
     void drawFocusOfDimmed(QPainter& painter) const;
 
     GestureBinding shown;

@@ -53,7 +53,7 @@ std::optional<std::size_t> BindingRows::indexOf(const QObject* row) const {
 bool BindingRows::carryOver(const BindingList& next) {
     bool hadFocus = false;
     for (const auto& [index, row] : std::exchange(rows, {})) {
-        const auto place = nearestWith(row->binding().id, next, index);
+        const auto place = closestWithIdentifier(row->binding().id, next, index);
         if (place && rows.emplace(*place, row).second) {
             row->setBinding(next[*place]);
             continue;

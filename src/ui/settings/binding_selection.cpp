@@ -5,7 +5,8 @@
 
 namespace glidemap {
 
-std::optional<std::size_t> nearestWith(const Uuid& id, const BindingList& list, std::size_t index) {
+std::optional<std::size_t> closestWithIdentifier(const Uuid& id, const BindingList& list,
+                                                 std::size_t index) {
     for (std::size_t distance = 0; distance <= std::max(list.size(), index); ++distance) {
         if (index + distance < list.size() && list[index + distance].id == id) {
             return index + distance;
@@ -24,12 +25,12 @@ std::optional<std::size_t> selectionAfter(const BindingList& before, const Bindi
         return std::nullopt;
     }
     for (std::size_t index = *selected; index < before.size(); ++index) {
-        if (const auto place = nearestWith(before[index].id, after, index)) {
+        if (const auto place = closestWithIdentifier(before[index].id, after, index)) {
             return place;
         }
     }
     for (std::size_t index = *selected; index-- > 0;) {
-        if (const auto place = nearestWith(before[index].id, after, index)) {
+        if (const auto place = closestWithIdentifier(before[index].id, after, index)) {
             return place;
         }
     }

@@ -13,7 +13,8 @@ namespace glidemap {
 
 // Returns the index of the binding with this identifier that is closest to `index`. Identifiers may
 // repeat.
-std::optional<std::size_t> nearestWith(const Uuid& id, const BindingList& list, std::size_t index);
+std::optional<std::size_t> closestWithIdentifier(const Uuid& id, const BindingList& list,
+                                                 std::size_t index);
 
 // Returns the new index of the selected binding. If it was deleted, returns its successor, or else
 // its predecessor.

@@ -162,7 +162,7 @@ QAccessibleInterface* describe(const QString& /*name*/, QObject* object) {
 
 } // namespace
 
-void describeListsToAssistance() {
+void installListAccessibility() {
     [[maybe_unused]] static const bool isInstalled = [] {
         QAccessible::installFactory(describe);
         return true;

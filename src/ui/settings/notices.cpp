@@ -39,9 +39,10 @@ std::string textOf(DesktopHelper::State state, const std::string& error, const L
     case State::notNeeded:
         break;
     case State::missing:
-        return lang.choose("On GNOME, bindings for a specific app need a small extension that "
-                           "reports the active app.",
-                           "在 GNOME 中，针对指定 App 的绑定需要一个小扩展来识别当前使用的 App。");
+        return lang.choose(
+            "On GNOME, bindings for a specific app need a small extension that "
+            "reports the active app.",
+            "在 GNOME 中，仅对指定 App 生效的绑定需要一个小扩展来识别当前使用的 App。");
     case State::installing:
         return lang.choose("Installing the extension…", "正在安装扩展…");
     case State::atNextLogin:

@@ -65,7 +65,7 @@ SettingsWindow::SettingsWindow(SettingsView::Services services,
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(content);
-    goWhereItWas();
+    restoreGeometry();
 }
 
 // On quit, an open window is destroyed without being hidden.

@@ -31,7 +31,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void goWhereItWas();
+    void restoreGeometry();
     void rememberPlace();
 
     std::shared_ptr<WindowGeometryStore> geometryStore;

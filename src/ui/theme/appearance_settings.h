@@ -29,7 +29,8 @@ public:
     // announced.
     virtual bool composites() const { return true; }
 
-    // Whether the system itself shows a dialog as a sheet of its window: places and moves it, and sets it off from the window.
+    // Whether the system shows dialogs as native sheets: positions and animates them, and separates
+    // them visually from the window.
     virtual bool showsSheets() const { return false; }
 
     virtual Observable& changes() = 0;

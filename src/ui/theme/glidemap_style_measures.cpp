@@ -134,7 +134,7 @@ int GlidemapStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ScrollBarExtent:
         return style::scrollBarExtent;
     case PM_ScrollBarSliderMin:
-        return style::scrollBarLeastHandle;
+        return style::scrollBarMinHandle;
     case PM_DefaultFrameWidth:
         return 1;
     case PM_LayoutHorizontalSpacing:

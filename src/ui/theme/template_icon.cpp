@@ -46,7 +46,7 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     return pixmap;
 }
 
-// Only how opaque each pixel is counts.
+// Only the opacity of each pixel counts.
 QPixmap drawnPlainly(std::string_view symbol, int size, double strength) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
@@ -56,8 +56,8 @@ QPixmap drawnPlainly(std::string_view symbol, int size, double strength) {
     return pixmap;
 }
 
-// The theme that all others fall back to, which is where programs install their icons. Asking the
-// toolkit's icon themes takes longer than a window does.
+// All themes fall back to this one, so programs install their icons here. A search through Qt's
+// icon themes takes longer than opening a window.
 bool isInstalled(const QString& name) {
     const QString place = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(name);
     return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, place).isEmpty();
@@ -84,8 +84,7 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
-        return side > 2 ? draw(symbol, side, strength)
-                        : QPixmap(); // edges alone are nothing to see
+        return side > 2 ? draw(symbol, side, strength) : QPixmap(); // an edge alone shows no icon
     }
 
 private:

@@ -19,7 +19,7 @@ QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double 
 
 QIcon drawnTemplateIcon(std::string_view symbol, double strength = 1);
 
-// Without the edge: for a bar that takes the shape alone, and colours that itself.
+// Without the edge: for a bar that uses only the shape and colours it itself.
 QIcon plainTemplateIcon(std::string_view symbol, double strength = 1);
 
 } // namespace glidemap

@@ -27,7 +27,7 @@ public:
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != qApp || theme.isDressing) {
+        if (watched != qApp || theme.isApplyingStyle) {
             return false;
         }
         if (event->type() == QEvent::ApplicationPaletteChange) {
@@ -138,10 +138,10 @@ QFont Theme::font(TextStyle style) const {
 void Theme::refresh() {
     observers.announceWillChange();
     if (watch != nullptr && qApp != nullptr) {
-        isDressing = true;
+        isApplyingStyle = true;
         QApplication::setPalette(paletteOf(colorScheme()));
         QApplication::setFont(font(TextStyle::body));
-        isDressing = false;
+        isApplyingStyle = false;
     }
     observers.announceDidChange();
 }

@@ -74,10 +74,10 @@ public:
     // Whether translucent windows show the content behind them.
     bool composites() const;
 
-    // Whether the system shows sheets, and we only fill them.
+    // Whether the system shows native sheets, for which we only provide the content.
     bool systemShowsSheets() const;
 
-    // Pins the appearance; nullopt follows the desktop's again.
+    // Fixes the appearance; nullopt follows the desktop's again.
     void pin(std::optional<ColorScheme> scheme);
     void pinReducedMotion(std::optional<bool> reduced);
     void pinCompositing(std::optional<bool> composites);
@@ -108,7 +108,7 @@ private:
     ColorScheme desktopPalette = ColorScheme::light; // derived from the desktop's own palette
     QFont desktopFont;
     std::unique_ptr<DesktopWatch> watch;
-    bool isDressing = false;
+    bool isApplyingStyle = false;
     std::optional<ColorScheme> pinnedScheme;
     std::optional<bool> pinnedMotion;
     std::optional<bool> pinnedCompositing;

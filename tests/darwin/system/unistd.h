@@ -1,4 +1,4 @@
-// Who is at the other end of a local socket. From memory.
+// The user at the other end of a local socket. From memory, not checked against a Mac.
 #pragma once
 
 #include_next <unistd.h>

@@ -102,7 +102,7 @@ TEST_F(ClickFilterTest, GrabsAndGivesBackWithoutWaitingForAnEvent) {
     driver.switchClickFilter(false);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
     while (system().journal().size() < 4) {
-        time.advance(PadInterception::leaveTaking); // the reader may not wait for it yet
+        time.advance(PadInterception::cloneRetention); // the reader may not wait for it yet
         std::this_thread::yield();
     }
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
@@ -128,15 +128,15 @@ TEST_F(ClickFilterTest, CallsTheFilterAfterTheContactsOfTheSameFrame) {
 }
 
 TEST_F(ClickFilterTest, ButtonCallbackReceivesDroppedButtonChanges) {
-    static std::atomic<int> heard;
-    heard = 0;
-    driver.setButtonCallback([](driver::Device, std::int32_t, bool, double) { ++heard; });
+    static std::atomic<int> received;
+    received = 0;
+    driver.setButtonCallback([](driver::Device, std::int32_t, bool, double) { ++received; });
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     send(leftDown);
     send(leftUp);
     EXPECT_EQ(waitForAsked(2).size(), 2U);
-    EXPECT_EQ(heard, 2);
+    EXPECT_EQ(received, 2);
     driver.setButtonCallback(nullptr);
 }
 

@@ -40,13 +40,13 @@ public:
     void allowClones(bool allowed) {
         set([&] { clonesAllowed = allowed; });
     }
-    void letOthersGrab(bool theyDo) {
+    void setGrabbedByOthers(bool theyDo) {
         set([&] { grabbedByOthers = theyDo; });
     }
     void breakClone() {
         set([&] { cloneBroken = true; });
     }
-    // Sets the clone's standing. By default a program has opened it at once.
+    // Sets the clone's progress. By default a program opens the clone at once.
     void setStanding(const CloneStanding& newStanding) {
         set([&] { standing = newStanding; });
     }
@@ -162,7 +162,7 @@ private:
     std::shared_ptr<FakeSystem> system;
 };
 
-// Returns the standing that the clone's fake system holds.
+// Returns the clone's progress in the fake system.
 class FakeCloneWatch : public CloneWatch {
 public:
     std::array<int, 2> descriptors() const override { return {-1, -1}; }

@@ -166,7 +166,7 @@ public:
     }
 
     // Waits until the number of watches is `count`.
-    bool comeToWatches(int count) {
+    bool waitForWatchCount(int count) {
         std::unique_lock lock(mutex);
         return watchesChanged.wait_for(lock, test::patience, [&] { return watching == count; });
     }

@@ -144,7 +144,7 @@ TEST_F(ForwardingWatchdogTest, GrabsNothingWhilePaused) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_FALSE(grab(two));
     EXPECT_EQ(two.system().journal(), Texts{"clone"});
-    watchdog.goOn();
+    watchdog.resume();
     EXPECT_FALSE(watchdog.isPaused());
     EXPECT_TRUE(grab(two));
 }

@@ -42,7 +42,7 @@ protected:
         clicks.switchOn(on);
         interception->settle();
         letPass(on ? std::chrono::nanoseconds(CloneIntroduction::graceOfReader)
-                   : PadInterception::leaveTaking);
+                   : PadInterception::cloneRetention);
     }
 
     void letPass(std::chrono::nanoseconds time) {
@@ -50,7 +50,7 @@ protected:
         interception->settle();
     }
 
-    // Sends frames that the driver reads at once.
+    // Sends frames, which the driver reads at once.
     void say(const std::vector<Events>& frames, double time = 1) {
         for (const Events& frame : frames) {
             for (const InputEvent& event : frame) {
@@ -126,7 +126,7 @@ TEST_F(PadInterceptionTest, HeldFingerOrKeyDelaysTheGrabAndTheUngrab) {
         EXPECT_TRUE(system().isGrabbed()) << row.what;
         say({{row.release}});
         EXPECT_FALSE(system().isGrabbed()) << row.what;
-        letPass(PadInterception::leaveTaking);
+        letPass(PadInterception::cloneRetention);
         EXPECT_EQ(system().journal().size(), before + 6) << row.what;
     }
 }
@@ -157,7 +157,7 @@ TEST_F(PadInterceptionTest, FingersStayPalmsUntilTheReleaseWhenSwitchedOffDuring
     say({{fingerDown}, {leftDown}});
     switchOn(false);
     say({{leftUp}, {fingerUp}});
-    letPass(PadInterception::leaveTaking);
+    letPass(PadInterception::cloneRetention);
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:55=2", "1:272=0 3:55=0",
                                          "3:57=-1", "ungrab", "destroy"}));
 }
@@ -221,7 +221,7 @@ TEST_F(PadInterceptionTest, ForwardsWithoutTheFilterWhenSwitchedOffDuringATouch)
     say({{leftDown}, {leftUp}});
     EXPECT_EQ(asked, Texts());
     say({{fingerUp}});
-    letPass(PadInterception::leaveTaking);
+    letPass(PadInterception::cloneRetention);
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "1:272=1", "1:272=0", "3:57=-1",
                                          "ungrab", "destroy"}));
 }
@@ -274,11 +274,11 @@ TEST_F(PadInterceptionTest, WithoutACloneRetriesOnlyWhenSwitchedOnAgain) {
 }
 
 TEST_F(PadInterceptionTest, RetriesAtEachNeutralMomentWhileAnotherProgramHasTheGrab) {
-    system().letOthersGrab(true);
+    system().setGrabbedByOthers(true);
     switchOn();
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
     EXPECT_EQ(system().journal(), (Texts{"clone"}));
-    system().letOthersGrab(false);
+    system().setGrabbedByOthers(false);
     say({{fingerDown}});
     EXPECT_FALSE(system().isGrabbed());
     say({{fingerUp}});
@@ -345,7 +345,7 @@ TEST_F(PadInterceptionTest, FilterMaySwitchItselfOffDuringItsCall) {
         return true;
     };
     say({{fingerDown, leftDown}, {leftUp}, {fingerUp}});
-    letPass(PadInterception::leaveTaking);
+    letPass(PadInterception::cloneRetention);
     EXPECT_EQ(asked, (Texts{"0,0"}));
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5 3:55=2", "1:272=0 3:55=0",
                                          "3:57=-1", "ungrab", "destroy"}));
@@ -454,7 +454,7 @@ TEST_F(PadInterceptionTest, KeepsTheLeavingCloneWhenSwitchedOnAgain) {
     clicks.switchOn(false);
     interception->settle();
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab"}));
-    letPass(PadInterception::leaveTaking - std::chrono::nanoseconds(1));
+    letPass(PadInterception::cloneRetention - std::chrono::nanoseconds(1));
     clicks.switchOn(true);
     interception->settle();
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "grab"}));
@@ -509,7 +509,7 @@ TEST_F(PadInterceptionTest, MakesNoCloneWhileTheProcessIsAboutToStop) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
     EXPECT_EQ(asked, Texts());
 
-    clicks.watchdog().goOn();
+    clicks.watchdog().resume();
     EXPECT_TRUE(clicks.noticeStall());
     EXPECT_EQ(asked, (Texts{std::to_string(driver::clickFilterDisabledByTimeout) + ",0"}));
     switchOn();

@@ -127,7 +127,7 @@ protected:
         pads->stream(node)->send(events);
     }
 
-    Listener& heard = Listener::shared();
+    Listener& received = Listener::shared();
     std::shared_ptr<FakePads> pads = std::make_shared<FakePads>();
     TouchpadDriver driver{std::make_unique<FakeDirectory>(pads)};
 };
@@ -167,10 +167,10 @@ TEST_F(TouchpadDriverTest, TwoTouchpadsOfTheSameModelAreTwoDevices) {
         driver.start(device);
     }
     send("event2", fingerDown(1));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:3"}));
-    EXPECT_NE(heard.deviceOf(0), heard.deviceOf(1));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", "1:3"}));
+    EXPECT_NE(received.deviceOf(0), received.deviceOf(1));
     EXPECT_EQ(driver.createList(), list);
 }
 
@@ -179,8 +179,8 @@ TEST_F(TouchpadDriverTest, ReportsTouchesAfterStart) {
     send("event1", fingerDown(1));
     send("event1", fingerAt(20));
     send("event1", fingerUp());
-    EXPECT_EQ(heard.wait(3), (Texts{"1:3", "1:4", "1:7"}));
-    EXPECT_EQ(heard.deviceOf(0), device);
+    EXPECT_EQ(received.wait(3), (Texts{"1:3", "1:4", "1:7"}));
+    EXPECT_EQ(received.deviceOf(0), device);
 }
 
 TEST_F(TouchpadDriverTest, ReportsContactsThatWereOnThePadBeforeStart) {
@@ -189,39 +189,39 @@ TEST_F(TouchpadDriverTest, ReportsContactsThatWereOnThePadBeforeStart) {
     const auto device = driver.createList().at(0);
     driver.addCallback(device, &Listener::contact);
     driver.start(device);
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
 TEST_F(TouchpadDriverTest, ButtonsFollowTheContactsOfTheSameFrame) {
     driver.setButtonCallback(&Listener::button);
     started("event1", "pad");
-    heard.react([this](driver::Device) {
-        EXPECT_TRUE(heard.waitForButtons(0).empty()) << "the button came first";
+    received.react([this](driver::Device) {
+        EXPECT_TRUE(received.waitForButtons(0).empty()) << "the button came first";
     });
     send(
         "event1",
         {{1, EV_KEY, BTN_LEFT, 1}, {1, EV_ABS, ABS_MT_TRACKING_ID, 1}, {1, EV_SYN, SYN_REPORT, 0}});
-    EXPECT_EQ(heard.waitForButtons(1), (std::vector{std::pair(0, true)}));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.waitForButtons(1), (std::vector{std::pair(0, true)}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
     driver.setButtonCallback(nullptr);
     send("event1", {{1, EV_KEY, BTN_LEFT, 0}, {1, EV_SYN, SYN_REPORT, 0}});
-    heard.react({});
+    received.react({});
     send("event1", fingerUp());
-    EXPECT_EQ(heard.wait(2).size(), 2U);
-    EXPECT_EQ(heard.waitForButtons(1).size(), 1U);
+    EXPECT_EQ(received.wait(2).size(), 2U);
+    EXPECT_EQ(received.waitForButtons(1).size(), 1U);
 }
 
 TEST_F(TouchpadDriverTest, UnpluggingEndsTheTouchAndTheDeviceResumesWhenItReturns) {
     const auto device = started("event1", "pad");
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
     pads->unplug("event1");
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", ""}));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", ""}));
     pads->plug("event5", "another");
     pads->plug("event9", "pad");
     send("event9", fingerDown(1));
-    EXPECT_EQ(heard.wait(3), (Texts{"1:3", "", "1:3"}));
-    EXPECT_EQ(heard.deviceOf(2), device);
+    EXPECT_EQ(received.wait(3), (Texts{"1:3", "", "1:3"}));
+    EXPECT_EQ(received.deviceOf(2), device);
 }
 
 TEST_F(TouchpadDriverTest, UnpluggingWithoutATouchReportsNothing) {
@@ -229,58 +229,58 @@ TEST_F(TouchpadDriverTest, UnpluggingWithoutATouchReportsNothing) {
     pads->unplug("event1");
     pads->plug("event2", "pad");
     send("event2", fingerDown(1));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
 TEST_F(TouchpadDriverTest, ReturningTouchpadResumesWhenAccessIsGrantedLater) {
     started("event1", "pad");
     send("event1", fingerDown(1));
-    heard.wait(1);
+    received.wait(1);
     pads->unplug("event1");
-    heard.wait(2);
+    received.wait(2);
     pads->plug("event2", "pad", false);
     send("event2", fingerDown(1));
     pads->change();
     pads->makeReadable("event2");
-    EXPECT_EQ(heard.wait(3), (Texts{"1:3", "", "1:3"}));
+    EXPECT_EQ(received.wait(3), (Texts{"1:3", "", "1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessIsClosedUntilTheAccessIsBack) {
+TEST_F(TouchpadDriverTest, TouchpadWithoutAccessIsClosedUntilAccessReturns) {
     const auto device = started("event1", "pad");
     const auto stream = pads->stream("event1");
     send("event1", fingerDown(1));
-    heard.wait(1);
+    received.wait(1);
     pads->makeReadable("event1", false);
     EXPECT_TRUE(driver.createList().empty());
     EXPECT_EQ(driver.unreadableCount(), 1);
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", ""})) << "the touch ends";
-    EXPECT_TRUE(pads->comeToWatches(1));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", ""})) << "the touch ends";
+    EXPECT_TRUE(pads->waitForWatchCount(1));
     stream->send(fingerUp());
     pads->change();
     stream->restart({});
     pads->makeReadable("event1");
     EXPECT_EQ(driver.createList(), std::vector{device});
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(3), (Texts{"1:3", "", "1:3"}));
-    EXPECT_TRUE(pads->comeToWatches(0));
+    EXPECT_EQ(received.wait(3), (Texts{"1:3", "", "1:3"}));
+    EXPECT_TRUE(pads->waitForWatchCount(0));
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessWhoseAccessIsBackAtOnceIsReadAgain) {
+TEST_F(TouchpadDriverTest, TouchpadIsReadAgainIfAccessReturnsAtOnce) {
     const auto device = started("event1", "pad");
     for (int turn = 0; turn < 50; ++turn) {
         pads->makeReadable("event1", false);
         driver.createList();
         pads->makeReadable("event1");
         EXPECT_EQ(driver.createList(), std::vector{device});
-        const std::size_t before = heard.wait(0).size();
+        const std::size_t before = received.wait(0).size();
         send("event1", fingerDown(1));
-        heard.wait(before + 1);
+        received.wait(before + 1);
         send("event1", fingerUp());
-        ASSERT_EQ(heard.wait(before + 2).size(), before + 2) << "turn " << turn;
+        ASSERT_EQ(received.wait(before + 2).size(), before + 2) << "turn " << turn;
     }
 }
 
-TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessMayBeStopped) {
+TEST_F(TouchpadDriverTest, TouchpadWithoutAccessMayBeStopped) {
     const auto device = started("event1", "pad");
     pads->makeReadable("event1", false);
     driver.createList();
@@ -288,20 +288,20 @@ TEST_F(TouchpadDriverTest, ATouchpadWithoutAccessMayBeStopped) {
     pads->makeReadable("event1");
     driver.start(device);
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, NothingIsWatchedWhileNoTouchpadIsAway) {
+TEST_F(TouchpadDriverTest, NothingIsWatchedWhileNoTouchpadIsMissing) {
     started("event1", "pad");
     send("event1", fingerDown(1));
-    heard.wait(1);
-    EXPECT_TRUE(pads->comeToWatches(0));
+    received.wait(1);
+    EXPECT_TRUE(pads->waitForWatchCount(0));
     pads->unplug("event1");
-    EXPECT_TRUE(pads->comeToWatches(1));
+    EXPECT_TRUE(pads->waitForWatchCount(1));
     pads->plug("event1", "pad");
     send("event1", fingerDown(1));
-    heard.wait(3);
-    EXPECT_TRUE(pads->comeToWatches(0));
+    received.wait(3);
+    EXPECT_TRUE(pads->waitForWatchCount(0));
 }
 
 TEST_F(TouchpadDriverTest, UnreadableTouchpadIsNotRetriedUntilDevicesChange) {
@@ -309,16 +309,16 @@ TEST_F(TouchpadDriverTest, UnreadableTouchpadIsNotRetriedUntilDevicesChange) {
     const auto other = started("event2", "other");
     const int before = pads->timesOpened();
     pads->stream("event1")->end(OpenPad::Read::broken);
-    EXPECT_TRUE(pads->comeToWatches(1));
+    EXPECT_TRUE(pads->waitForWatchCount(1));
     send("event2", fingerDown(1));
-    heard.wait(1);
+    received.wait(1);
     send("event2", fingerUp());
-    heard.wait(2);
-    EXPECT_EQ(heard.deviceOf(1), other);
+    received.wait(2);
+    EXPECT_EQ(received.deviceOf(1), other);
     EXPECT_EQ(pads->timesOpened(), before);
     pads->plug("event1", "pad");
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(3).size(), 3U);
+    EXPECT_EQ(received.wait(3).size(), 3U);
 }
 
 TEST_F(TouchpadDriverTest, TouchpadThatIsMissingAtStartReportsWhenItReturns) {
@@ -329,25 +329,25 @@ TEST_F(TouchpadDriverTest, TouchpadThatIsMissingAtStartReportsWhenItReturns) {
     driver.start(device);
     pads->plug("event2", "pad");
     send("event2", fingerDown(1));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
 TEST_F(TouchpadDriverTest, NoCallbackRunsAfterStopHasReturned) {
     const auto device = started("event1", "pad");
     const auto stream = pads->stream("event1");
     for (int round = 0; round < 50; ++round) {
-        const std::size_t before = heard.wait(0).size();
+        const std::size_t before = received.wait(0).size();
         stream->send(fingerDown(1));
-        heard.wait(before + 1);
+        received.wait(before + 1);
         std::thread busy([&stream] {
             for (int x = 0; x < 100; ++x) {
                 stream->send(fingerAt(x));
             }
         });
         driver.stop(device);
-        const std::size_t stopped = heard.wait(0).size();
+        const std::size_t stopped = received.wait(0).size();
         busy.join();
-        EXPECT_EQ(heard.wait(0).size(), stopped);
+        EXPECT_EQ(received.wait(0).size(), stopped);
         driver.start(device);
         stream->send(fingerUp());
     }
@@ -355,31 +355,31 @@ TEST_F(TouchpadDriverTest, NoCallbackRunsAfterStopHasReturned) {
 
 TEST_F(TouchpadDriverTest, DeviceMayBeStoppedFromItsOwnCallback) {
     const auto device = started("event1", "pad");
-    heard.react([this](driver::Device reported) { driver.stop(reported); });
+    received.react([this](driver::Device reported) { driver.stop(reported); });
     auto events = fingerDown(1);
     for (const InputEvent& event : fingerAt(50)) {
         events.push_back(event);
     }
     send("event1", events);
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
-    heard.react({});
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
+    received.react({});
     driver.stop(device); // waits for the callback; has no other effect
     driver.start(device);
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(2).size(), 2U);
+    EXPECT_EQ(received.wait(2).size(), 2U);
 }
 
 TEST_F(TouchpadDriverTest, DeviceMayBeRestartedFromItsOwnCallback) {
     started("event1", "pad");
-    heard.react([this](driver::Device device) {
-        heard.react({});
+    received.react([this](driver::Device device) {
+        received.react({});
         driver.stop(device);
         driver.start(device);
     });
     send("event1", fingerDown(1));
-    EXPECT_EQ(heard.wait(1), (Texts{"1:3"}));
+    EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
     send("event1", fingerDown(2));
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:3"}));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", "1:3"}));
 }
 
 TEST_F(TouchpadDriverTest, EachDeviceStopsIndependently) {
@@ -389,7 +389,7 @@ TEST_F(TouchpadDriverTest, EachDeviceStopsIndependently) {
     send("event1", fingerDown(1));
     send("event2", fingerDown(1));
     send("event2", fingerUp());
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:7"}));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", "1:7"}));
 }
 
 TEST_F(TouchpadDriverTest, RemovedCallbackIsNotCalled) {
@@ -399,7 +399,7 @@ TEST_F(TouchpadDriverTest, RemovedCallbackIsNotCalled) {
     send("event1", fingerDown(1));
     send("event2", fingerDown(1));
     send("event2", fingerUp());
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:7"}));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", "1:7"}));
 }
 
 TEST_F(TouchpadDriverTest, CallbackThatIsAddedTwiceIsCalledOnce) {
@@ -408,7 +408,7 @@ TEST_F(TouchpadDriverTest, CallbackThatIsAddedTwiceIsCalledOnce) {
     driver.start(device);
     send("event1", fingerDown(1));
     send("event1", fingerUp());
-    EXPECT_EQ(heard.wait(2), (Texts{"1:3", "1:7"}));
+    EXPECT_EQ(received.wait(2), (Texts{"1:3", "1:7"}));
 }
 
 TEST_F(TouchpadDriverTest, EachDeviceHasTheNameOfItsTouchpad) {

@@ -330,30 +330,30 @@ public:
     // All data from a client up to the end of its line.
     std::string hearAndAnswer(const std::vector<std::string>& parts) const {
         const int client = accept(socket, nullptr, nullptr);
-        std::string heard;
+        std::string received;
         char letter = 0;
         while (recv(client, &letter, 1, 0) == 1 && letter != '\n') {
-            heard += letter;
+            received += letter;
         }
         for (const std::string& part : parts) {
             EXPECT_EQ(send(client, part.data(), part.size(), MSG_NOSIGNAL), std::ssize(part));
         }
         close(client);
-        return heard;
+        return received;
     }
 
     // All data from clients that have disconnected.
     std::string everythingHeard() const {
         fcntl(socket, F_SETFL, O_NONBLOCK);
-        std::string heard;
+        std::string received;
         char letter = 0;
         for (int client = 0; (client = accept(socket, nullptr, nullptr)) >= 0; close(client)) {
             ++clients;
             while (recv(client, &letter, 1, 0) == 1) {
-                heard += letter;
+                received += letter;
             }
         }
-        return heard;
+        return received;
     }
     mutable int clients = 0;
 
@@ -537,9 +537,9 @@ TEST_F(SingleInstanceTest, SilentClientIsDisconnected) {
 
 TEST_F(SingleInstanceTest, ClientWaitsWhileDescriptorsAreExhausted) {
     Application application;
-    int heard = 0;
+    int received = 0;
     const LineListener listener(file("lines"), 100, [&](const std::string&) {
-        ++heard;
+        ++received;
         return "";
     });
     const Stranger client(file("lines"));
@@ -551,7 +551,7 @@ TEST_F(SingleInstanceTest, ClientWaitsWhileDescriptorsAreExhausted) {
     setrlimit(RLIMIT_NOFILE, &limit);
     int turns = 0;
     QTimer::singleShot(100, [&] { setrlimit(RLIMIT_NOFILE, &before); });
-    while (heard == 0) {
+    while (received == 0) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         ++turns;
     }
@@ -563,10 +563,10 @@ TEST_F(SingleInstanceTest, ClientOfAnotherUserIsRejected) {
         GTEST_SKIP() << "only root may become another user";
     }
     Application application;
-    int heard = 0;
+    int received = 0;
     const LineListener listener(file("lines"), 100, [&](const std::string&) {
-        ++heard;
-        return "heard\n";
+        ++received;
+        return "received\n";
     });
     fs::permissions(folder.path(), fs::perms::all);
     fs::permissions(file("lines"), fs::perms::all);
@@ -582,11 +582,11 @@ TEST_F(SingleInstanceTest, ClientOfAnotherUserIsRejected) {
         return 0;
     });
     const Stranger ours(file("lines"));
-    while (heard == 0 || stranger.isRunning()) {
+    while (received == 0 || stranger.isRunning()) {
         ours.say("line\n");
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(received, 1);
 }
 
 } // namespace

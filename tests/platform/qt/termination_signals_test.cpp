@@ -50,7 +50,7 @@ TEST(TerminationSignalsTest, SecondSignalEndsAProgramThatHangs) {
 }
 
 // A child with a limit that hangs after the request to end.
-int programThatHangs(const std::function<void(const TerminationSignals&)>& end) {
+int hangingProgram(const std::function<void(const TerminationSignals&)>& end) {
     const pid_t child = fork();
     if (child == 0) {
         Application application;
@@ -66,12 +66,12 @@ int programThatHangs(const std::function<void(const TerminationSignals&)>& end) 
 }
 
 TEST(TerminationSignalsTest, LimitEndsAProgramThatNeverReachesItsLoop) {
-    EXPECT_EQ(programThatHangs([](const auto&) { kill(getpid(), SIGTERM); }), EXIT_SUCCESS);
-    EXPECT_EQ(programThatHangs([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
+    EXPECT_EQ(hangingProgram([](const auto&) { kill(getpid(), SIGTERM); }), EXIT_SUCCESS);
+    EXPECT_EQ(hangingProgram([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
 }
 
 TEST(TerminationSignalsTest, LimitOutlivesTheObject) {
-    EXPECT_EQ(programThatHangs([](const auto&) {
+    EXPECT_EQ(hangingProgram([](const auto&) {
                   const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
                   inner.limitEnd();
               }),
@@ -117,15 +117,15 @@ TEST(TerminationSignalsTest, LaunchedProgramHasDefaultSignals) {
               8);
 }
 
-void keepQuiet(int /*signal*/) {}
+void ignoreSignal(int /*signal*/) {}
 
 TEST(TerminationSignalsTest, DestructionRestoresTheHandlers) {
-    const auto before = std::signal(SIGTERM, keepQuiet);
+    const auto before = std::signal(SIGTERM, ignoreSignal);
     {
         Application application;
         const TerminationSignals ending([] {});
     }
-    EXPECT_EQ(std::signal(SIGTERM, before), keepQuiet);
+    EXPECT_EQ(std::signal(SIGTERM, before), ignoreSignal);
 }
 
 } // namespace

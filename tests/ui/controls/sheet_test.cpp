@@ -190,8 +190,8 @@ TEST_F(SheetTest, CastsAShadowWithCompositing) {
     EXPECT_GT(sheet->width(), 460);
 }
 
-// There the system sets the sheet off from its window, and places it.
-TEST_F(SheetTest, WhereTheSystemShowsSheetsItOnlyFillsOne) {
+// There the system separates the sheet from its window and positions it.
+TEST_F(SheetTest, NativeSheetGetsOnlyItsContent) {
     Theme::shared().pinSystemSheets(true);
     Theme::shared().pinCompositing(true);
     Theme::shared().pinReducedMotion(false);
@@ -216,7 +216,7 @@ TEST_F(SheetTest, WhereTheSystemShowsSheetsItOnlyFillsOne) {
     EXPECT_TRUE(hasGone());
 }
 
-TEST_F(SheetTest, SlidesToItsPlaceWhereMotionIsWelcome) {
+TEST_F(SheetTest, SlidesIntoPlaceUnlessMotionIsReduced) {
     Theme::shared().pinReducedMotion(false);
     stage.move(20, 30);
     present(QSize(400, 300));
@@ -232,7 +232,7 @@ TEST_F(SheetTest, IsDestroyedWithItsWindow) {
     EXPECT_EQ(hanging, nullptr);
 }
 
-// Such as the shortcut that quits the program: the blocked window receives no keys.
+// For example the shortcut that quits the program: the blocked window receives no keys.
 TEST_F(SheetTest, ShortcutsOfItsWindowsActionsWorkInTheSheet) {
     QAction quit;
     quit.setShortcut(QKeySequence("Ctrl+Q"));

@@ -25,18 +25,18 @@ TEST(FramePace, IsAWholeNumberOfTheScreensFramesAndAtMostFortyASecond) {
                         {75, 2}, {90, 3}, {120, 4}, {144, 4},   {240, 7}};
     for (const auto& [rate, frames] : rows) {
         EXPECT_NEAR(inMilliseconds(framePeriod(rate)), frames * 1000 / rate, 0.001) << rate;
-        EXPECT_GE(framePeriod(rate), shortestFrame) << rate;
+        EXPECT_GE(framePeriod(rate), minFrame) << rate;
     }
 }
 
-TEST(FramePace, OfAScreenThatDoesNotKnowIsThatOfSixty) {
+TEST(FramePace, AssumesSixtyHertzForAnImplausibleRate) {
     for (const double rate : {0.0, -1.0, 1.0, 1e9, std::nan("")}) {
         EXPECT_EQ(framePeriod(rate), framePeriod(60)) << rate;
     }
 }
 
 // A timer fires up to a millisecond late, and its time is whole milliseconds.
-TEST(FramePace, FallsOnEachBeatAlthoughTimersAreLate) {
+TEST(FramePace, StaysInStepWithTheScreenDespiteLateTimers) {
     for (const double rate : {60.0, 75.0, 144.0}) {
         const nanoseconds period = framePeriod(rate);
         nanoseconds now{1'000'000'007};
@@ -44,14 +44,14 @@ TEST(FramePace, FallsOnEachBeatAlthoughTimersAreLate) {
         for (int frame = 0; frame < 1000; ++frame) {
             const auto beat = now / period;
             const milliseconds wait = untilNextFrame(now, period);
-            EXPECT_GE(wait, shortestFrame) << rate;
+            EXPECT_GE(wait, minFrame) << rate;
             now += wait;
             EXPECT_EQ(now / period, beat + 1) << rate << " at frame " << frame;
         }
     }
 }
 
-TEST(FramePace, LeavesABeatOutRatherThanHurry) {
+TEST(FramePace, SkipsAFrameInsteadOfDrawingEarly) {
     const nanoseconds period = framePeriod(60);
     const nanoseconds late = 30 * period + milliseconds(12); // 21 ms before the next beat
     const nanoseconds next = late + untilNextFrame(late, period);

@@ -154,7 +154,7 @@ TEST(AnyGesture, MovesSmoothly) {
     }
 }
 
-TEST(AnyGesture, AtNaNIsAsAtTheStart) {
+TEST(AnyGesture, TreatsNaNAsTheStart) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         expectSame(frame(gesture, std::numeric_limits<double>::quiet_NaN()), frame(gesture, 0));

@@ -49,7 +49,7 @@ private:
 };
 
 // Waits for the duration of eight frames.
-void waitAWhile() {
+void waitForEightFrames() {
     int ticks = 0;
     QTimer ticking;
     QObject::connect(&ticking, &QTimer::timeout, &ticking, [&] { ++ticks; });
@@ -125,7 +125,7 @@ TEST_F(AView, StopsWhenHiddenAndResumesWhenShown) {
     view.hide();
     EXPECT_FALSE(timerOf(view).isActive());
     paints.times.clear();
-    waitAWhile();
+    waitForEightFrames();
     EXPECT_EQ(paints.times.size(), 0U);
     EXPECT_FALSE(timerOf(view).isActive());
 
@@ -145,7 +145,7 @@ TEST_F(AView, StopsWhenItsWindowIsHidden) {
     window.close();
     EXPECT_FALSE(timerOf(*view).isActive());
     paints.times.clear();
-    waitAWhile();
+    waitForEightFrames();
     EXPECT_EQ(paints.times.size(), 0U);
 }
 
@@ -156,9 +156,9 @@ TEST_F(AView, StopsInAMinimisedWindowAndResumesWhenRestored) {
     ASSERT_TRUE(paints.become(3));
     view.showMinimized();
     EXPECT_TRUE(test::waitFor([&] { return !timerOf(view).isActive(); }));
-    waitAWhile();
+    waitForEightFrames();
     paints.times.clear();
-    waitAWhile();
+    waitForEightFrames();
     EXPECT_EQ(paints.times.size(), 0U);
     EXPECT_FALSE(timerOf(view).isActive());
 
@@ -176,10 +176,10 @@ TEST_F(AView, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     window.show();
     ASSERT_TRUE(paints.become(3));
     view.move(1'000, 0);
-    waitAWhile();
+    waitForEightFrames();
     EXPECT_FALSE(timerOf(view).isActive());
     paints.times.clear();
-    waitAWhile();
+    waitForEightFrames();
     EXPECT_EQ(paints.times.size(), 0U);
 
     view.move(0, 0);
@@ -251,7 +251,7 @@ TEST_F(AView, ShowsTheStillMomentIfMotionIsReduced) {
     view.show();
     ASSERT_TRUE(paints.become(1));
     EXPECT_FALSE(timerOf(view).isActive());
-    waitAWhile();
+    waitForEightFrames();
     EXPECT_FALSE(timerOf(view).isActive());
     EXPECT_EQ(rendered(view), drawnByItself(gesture, demo::stillMoment(gesture), {230, 150}));
 
@@ -278,7 +278,7 @@ TEST_F(AView, RepaintsWhenTheThemeChanges) {
     Paints paints(view);
     view.show();
     ASSERT_TRUE(paints.become(1));
-    waitAWhile();
+    waitForEightFrames();
     paints.times.clear();
     Theme::shared().pin(ColorScheme::dark);
     EXPECT_TRUE(paints.become(1));

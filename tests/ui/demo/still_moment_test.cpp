@@ -36,7 +36,7 @@ double expectedMoment(GestureType gesture) {
     return -1;
 }
 
-TEST(TheStillMoment, IsTheLastBeforeTheFingersFadeAndCloseToTheStrongestRing) {
+TEST(TheStillMoment, IsTheExpectedMomentOfEachGesture) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         EXPECT_NEAR(stillMoment(gesture), expectedMoment(gesture), 1e-9);

@@ -61,7 +61,7 @@ TEST_F(Applications, FirstEntryStandsForNone) {
     EXPECT_EQ(current(), "Choose an app");
 }
 
-TEST_F(Applications, HaveTheirIconsAndNamesInOneLine) {
+TEST_F(Applications, HaveIconsAndAlignedNames) {
     const test::TemporaryFolder folder;
     QPixmap red(64, 64);
     red.fill(Qt::red);
@@ -73,12 +73,12 @@ TEST_F(Applications, HaveTheirIconsAndNamesInOneLine) {
     ASSERT_FALSE(mailIcon.isNull());
     EXPECT_EQ(mailIcon.pixelColor(5, 5), QColor(Qt::red));
     const QImage filesIcon = picker.itemIcon(1).pixmap(picker.iconSize()).toImage();
-    ASSERT_FALSE(filesIcon.isNull()) << "or its name would stand further to the left";
+    ASSERT_FALSE(filesIcon.isNull()) << "otherwise its name would not be aligned";
     EXPECT_EQ(filesIcon.pixelColor(5, 5).alpha(), 0);
     EXPECT_TRUE(picker.itemIcon(0).isNull());
 }
 
-TEST_F(Applications, HaveNoRoomForIconsWhereThereAreNone) {
+TEST_F(Applications, ReserveNoSpaceForIconsIfNoneHasAnIcon) {
     picker.reload();
     EXPECT_TRUE(picker.itemIcon(1).isNull());
     workspace.icons = {{"mail", "/nowhere/mail.png"}};
@@ -86,7 +86,7 @@ TEST_F(Applications, HaveNoRoomForIconsWhereThereAreNone) {
     EXPECT_TRUE(picker.itemIcon(2).isNull());
 }
 
-TEST_F(Applications, PickingTellsWhich) {
+TEST_F(Applications, PickingCallsOnPickWithTheApplication) {
     picker.setCurrentIndex(2);
     picker.setCurrentIndex(1);
     picker.setCurrentIndex(0);

@@ -181,7 +181,7 @@ TEST_F(Gestures, EscapeClosesOnlyTheList) {
 }
 
 // The list covers the sheet's own demonstration.
-TEST_F(Gestures, TheHighlightedGestureIsDemonstratedWhileOneBrowses) {
+TEST_F(Gestures, MarkedGestureIsDemonstratedWhileBrowsing) {
     picker->setGesture(GestureType::pinchIn);
     picker->showPopup();
     auto& demo = kit::find<GestureDemoView>(sheet, "browsedGesture");
@@ -220,7 +220,7 @@ TEST_F(Gestures, TheListIsAsHighAsItsResults) {
     EXPECT_TRUE(test::waitFor([&] { return list().height() == full; }));
 }
 
-TEST_F(Gestures, ReturnPicksWhatIsMarked) {
+TEST_F(Gestures, ReturnPicksTheMarkedGesture) {
     type("four long");
     EXPECT_EQ(marked(), "Four-Finger Long Press");
     key(Qt::Key_Return);
@@ -371,7 +371,7 @@ TEST_F(Gestures, AssistiveTechnologySeesAComboBoxAndAList) {
     EXPECT_EQ(field->text(QAccessible::Name), "Search gestures");
 }
 
-// As assistive technology opens it.
+// Opens the list as assistive technology does.
 TEST_F(Gestures, AccessibleActionOpensTheList) {
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(picker);
     seen->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());

@@ -41,10 +41,10 @@ protected:
     void expectRecorded(const std::string& what) { expect("recorded " + what); }
 
     void hold(int key) { desktop->key(static_cast<std::uint16_t>(key), true); }
-    void letGo(int key) { desktop->key(static_cast<std::uint16_t>(key), false); }
+    void release(int key) { desktop->key(static_cast<std::uint16_t>(key), false); }
     void type(int key) {
         hold(key);
-        letGo(key);
+        release(key);
     }
 
     // Types into the window. Earlier keys in the window would have been reported first.
@@ -101,7 +101,7 @@ TYPED_TEST(RealKeys, EachModifierHasItsBit) {
         this->record();
         this->hold(row.held);
         this->type(KEY_K);
-        this->letGo(row.held);
+        this->release(row.held);
         this->expectRecorded(row.recorded);
     }
     this->expectTypedIntoWindow();
@@ -114,7 +114,7 @@ TYPED_TEST(RealKeys, CombinedModifiersAreRecordedTogether) {
     }
     this->type(KEY_COMMA);
     for (const int key : {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_LEFTALT}) {
-        this->letGo(key);
+        this->release(key);
     }
     this->expectRecorded("43 1a0000");
     this->expectTypedIntoWindow();
@@ -140,7 +140,7 @@ TYPED_TEST(RealKeys, ShiftAndEscapeAreRecorded) {
     this->record();
     this->hold(KEY_LEFTSHIFT);
     this->type(KEY_ESC);
-    this->letGo(KEY_LEFTSHIFT);
+    this->release(KEY_LEFTSHIFT);
     this->expectRecorded("53 20000");
     this->expectTypedIntoWindow();
 }
@@ -159,7 +159,7 @@ TYPED_TEST(RealKeys, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
     this->expect("stopped");
 }
 
-// The window manager has Alt and F4 for itself, and closes the window with them.
+// The window manager reserves Alt and F4, and closes the window with them.
 class DesktopKeysOnX11 : public RealKeys<TypingXServer> {
 protected:
     std::unique_ptr<Program> anotherWindow() {
@@ -172,7 +172,7 @@ protected:
         return other;
     }
 
-    // Returns with the line, which the window says once the window manager has closed it.
+    // Returns the line that the window prints when the window manager has closed it.
     static void expectClosed(Program& program) {
         const std::string f4 = "pressed 16777267";
         std::optional<std::string> line;
@@ -185,7 +185,7 @@ protected:
     void typeAltF4() {
         hold(KEY_LEFTALT);
         type(KEY_F4);
-        letGo(KEY_LEFTALT);
+        release(KEY_LEFTALT);
     }
 };
 
@@ -205,7 +205,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackOnceRecordingIsCancelled) {
     expectClosed(*window);
 }
 
-TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndBorrowedAfterwards) {
+TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndCapturedAfterwards) {
     record();
     const auto other = anotherWindow();
     typeAltF4();
@@ -215,7 +215,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndBorrowedAft
     expectRecorded("118 80000");
 }
 
-TEST_F(DesktopKeysOnX11, AreGivenBackByAProgramThatEnds) {
+TEST_F(DesktopKeysOnX11, AreGivenBackWhenTheProgramExits) {
     const auto other = anotherWindow();
     other->writeLine("record");
     EXPECT_EQ(other->nextLine(), "recording");
@@ -225,7 +225,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackByAProgramThatEnds) {
     expectClosed(*window);
 }
 
-// Space clicks the button that has the focus: once it is let go, the recorder records.
+// Space clicks the focused button; when Space is released, recording begins.
 TYPED_TEST(RealKeys, TheSpaceThatClicksTheButtonIsNotRecorded) {
     this->type(KEY_SPACE);
     this->expect("recording");

@@ -2,14 +2,14 @@
 // line:
 //
 //   active             the window has the keyboard
-//   inactive           another window has it
-//   recording          since its button was clicked, or it was told so by the line "record" on its
-//                      standard input
+//   inactive           another window has the keyboard
+//   recording          it records, after a click on its button or the line "record" on its standard
+//                      input
 //   recorded 0 40000   the key code, and the modifiers in hexadecimal
-//   stopped            without a shortcut
+//   stopped            it stopped recording without a shortcut
 //   pressed 65         a key that reached the window, as Qt's number
 //   released 65
-//   closed             by the window manager
+//   closed             the window manager closed the window
 //
 // It exits at the end of its input.
 #include "platform/linux/keyboard/evdev_hardware_keys.h"

@@ -31,7 +31,8 @@ using testing::IsEmpty;
 
 constexpr std::uint64_t ctrlSuper = modifier::control | modifier::command;
 
-// The row of the editor, in a window of the sheet's size that notes each key that nothing in it took.
+// The editor's row in a window of the sheet's size. The window records each key that no control
+// accepted.
 class Chooser : public testing::Test {
 protected:
     Chooser() {
@@ -70,7 +71,7 @@ protected:
     std::vector<KeyShortcut> recorded;
 };
 
-TEST_F(Chooser, MakesAShortcutOfKeysThatCannotBePressed) {
+TEST_F(Chooser, ComposesAShortcutFromKeysThatCannotBePressed) {
     open();
     ASSERT_TRUE(isOpen());
     EXPECT_EQ(window.focusWidget(), &field());
@@ -88,7 +89,7 @@ TEST_F(Chooser, MakesAShortcutOfKeysThatCannotBePressed) {
     EXPECT_THAT(window.keys(), IsEmpty()) << "Return does not save the sheet";
 }
 
-TEST_F(Chooser, OpensWithTheShortcutThatIsThere) {
+TEST_F(Chooser, OpensWithTheCurrentShortcut) {
     recorder->setShortcut(
         KeyShortcut{.keyCode = 124, .modifiers = modifier::option | modifier::command});
     open();
@@ -100,7 +101,7 @@ TEST_F(Chooser, OpensWithTheShortcutThatIsThere) {
     EXPECT_TRUE(list().viewport()->rect().intersects(list().visualRect(list().currentIndex())));
 }
 
-TEST_F(Chooser, AToggleChangesAShortcutThatHasAKeyAtOnce) {
+TEST_F(Chooser, ToggleChangesAShortcutWithAKeyAtOnce) {
     recorder->setShortcut(KeyShortcut{.keyCode = 124, .modifiers = modifier::option});
     open();
     QTest::mouseClick(&toggle("Shift"), Qt::LeftButton);
@@ -138,7 +139,7 @@ TEST_F(Chooser, AnExactNameIsMarkedBeforeNamesThatContainIt) {
     }
 }
 
-TEST_F(Chooser, TheFieldStaysWhereItIsWhileTheListShrinks) {
+TEST_F(Chooser, FieldDoesNotMoveWhileTheListShrinks) {
     open();
     const int height = kit::find<QWidget>(window, "shortcutChooser").height();
     const int listHeight = list().height();
@@ -192,13 +193,13 @@ TEST_F(Chooser, ASecondClickOnItsButtonClosesIt) {
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(Chooser, AHiddenRecorderTakesItAlong) {
+TEST_F(Chooser, ClosesWhenTheRecorderIsHidden) {
     open();
     recorder->hide();
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(Chooser, ARecorderThatIsDestroyedTakesItAlong) {
+TEST_F(Chooser, ClosesWhenTheRecorderIsDestroyed) {
     open();
     delete recorder;
     EXPECT_FALSE(isOpen());
@@ -206,7 +207,7 @@ TEST_F(Chooser, ARecorderThatIsDestroyedTakesItAlong) {
         test::waitFor([this] { return window.findChild<QWidget*>("shortcutChooser") == nullptr; }));
 }
 
-TEST_F(Chooser, SaysWhatItIsInBothLanguages) {
+TEST_F(Chooser, HasItsTextsInBothLanguages) {
     EXPECT_EQ(opener().accessibleName(), "Choose the keys from a list");
     open();
     EXPECT_EQ(field().placeholderText(), "Search keys");
@@ -225,7 +226,7 @@ TEST_F(Chooser, SaysWhatItIsInBothLanguages) {
     EXPECT_EQ(marked(), "小键盘 7") << "the other language's names are found, too";
 }
 
-TEST_F(Chooser, TogglesSayThatTheyCanBeOnAndAre) {
+TEST_F(Chooser, TogglesExposeTheirCheckedState) {
     recorder->setShortcut(KeyShortcut{.keyCode = 0, .modifiers = modifier::option});
     open();
     for (const auto& [name, isOn] : {std::pair("Ctrl", false), {"Alt", true}}) {

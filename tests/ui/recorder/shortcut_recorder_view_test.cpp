@@ -480,13 +480,13 @@ TEST_F(Recorder, HasASpokenAccessibleName) {
     setUsualKeyboard(KeyboardKind::apple);
 }
 
-// Notes which window has the desktop's keys.
+// Records which window captures the desktop's own keys.
 class FakeDesktopKeys : public DesktopKeys {
 public:
-    explicit FakeDesktopKeys(QWindow*& borrower) : current(borrower) {}
+    explicit FakeDesktopKeys(QWindow*& captureWindow) : current(captureWindow) {}
     ~FakeDesktopKeys() override { FakeDesktopKeys::giveBack(); }
 
-    void lendTo(QWindow& window) override { current = &window; }
+    void captureFor(QWindow& window) override { current = &window; }
     void giveBack() override { current = nullptr; }
 
 private:
@@ -503,26 +503,26 @@ protected:
         EXPECT_TRUE(test::waitForWindowActive(&window));
     }
 
-    QWindow* borrower = nullptr;
+    QWindow* captureWindow = nullptr;
     const std::shared_ptr<KeyPresses> keys = std::make_shared<ToolkitKeyPresses>(
-        std::make_unique<EvdevHardwareKeys>(), std::make_unique<FakeDesktopKeys>(borrower));
+        std::make_unique<EvdevHardwareKeys>(), std::make_unique<FakeDesktopKeys>(captureWindow));
     Lang lang{nullptr};
     KeyLog window;
     ShortcutRecorderView* recorder;
     kit::Typist typist{window};
 };
 
-TEST_F(DesktopsKeys, AreBorrowedForTheWindowWhileItRecords) {
-    EXPECT_EQ(borrower, nullptr);
+TEST_F(DesktopsKeys, AreCapturedForTheWindowWhileItRecords) {
+    EXPECT_EQ(captureWindow, nullptr);
     recorder->startRecording();
-    EXPECT_EQ(borrower, window.windowHandle());
+    EXPECT_EQ(captureWindow, window.windowHandle());
     typist.type({0, Qt::Key_A, "a"});
-    EXPECT_EQ(borrower, window.windowHandle()) << "a key that cannot be used ends nothing";
+    EXPECT_EQ(captureWindow, window.windowHandle()) << "an unusable key does not end the recording";
     typist.type(a);
-    EXPECT_EQ(borrower, nullptr);
+    EXPECT_EQ(captureWindow, nullptr);
 }
 
-TEST_F(DesktopsKeys, AreGivenBackHoweverRecordingEnds) {
+TEST_F(DesktopsKeys, AreGivenBackWhenRecordingEndsInAnyWay) {
     const std::pair<const char*, std::function<void()>> ends[] = {
         {"Escape",
          [this] {
@@ -549,16 +549,16 @@ TEST_F(DesktopsKeys, AreGivenBackHoweverRecordingEnds) {
         recorder->setEnabled(true);
         recorder->show();
         recorder->startRecording();
-        EXPECT_NE(borrower, nullptr) << name;
+        EXPECT_NE(captureWindow, nullptr) << name;
         end();
-        EXPECT_EQ(borrower, nullptr) << name;
+        EXPECT_EQ(captureWindow, nullptr) << name;
     }
 }
 
-TEST_F(DesktopsKeys, AreGivenBackByARecorderThatIsDestroyed) {
+TEST_F(DesktopsKeys, AreGivenBackWhenTheRecorderIsDestroyed) {
     recorder->startRecording();
     delete recorder;
-    EXPECT_EQ(borrower, nullptr);
+    EXPECT_EQ(captureWindow, nullptr);
 }
 
 TEST_F(DesktopsKeys, AreGivenBackWhileAnotherWindowIsActive) {
@@ -566,19 +566,19 @@ TEST_F(DesktopsKeys, AreGivenBackWhileAnotherWindowIsActive) {
     QWidget other;
     other.show();
     EXPECT_TRUE(test::waitForWindowActive(&other));
-    EXPECT_EQ(borrower, nullptr);
+    EXPECT_EQ(captureWindow, nullptr);
     EXPECT_TRUE(recorder->isRecording());
     other.hide();
     window.activateWindow();
     EXPECT_TRUE(test::waitForWindowActive(&window));
-    EXPECT_EQ(borrower, window.windowHandle());
+    EXPECT_EQ(captureWindow, window.windowHandle());
 }
 
-// A locker of the screen needs the keyboard for itself.
-TEST_F(DesktopsKeys, AreGivenBackAfterAWhileAndRecordingGoesOn) {
-    recorder->setLongestLoan(std::chrono::milliseconds(1));
+// A screen locker needs exclusive access to the keyboard.
+TEST_F(DesktopsKeys, AreGivenBackAfterTheTimeLimitWhileRecordingContinues) {
+    recorder->setMaxCaptureTime(std::chrono::milliseconds(1));
     recorder->startRecording();
-    EXPECT_TRUE(test::waitFor([this] { return borrower == nullptr; }));
+    EXPECT_TRUE(test::waitFor([this] { return captureWindow == nullptr; }));
     EXPECT_TRUE(recorder->isRecording());
     QWidget other;
     other.show();
@@ -586,7 +586,7 @@ TEST_F(DesktopsKeys, AreGivenBackAfterAWhileAndRecordingGoesOn) {
     other.hide();
     window.activateWindow();
     EXPECT_TRUE(test::waitForWindowActive(&window));
-    EXPECT_EQ(borrower, nullptr) << "nor are they borrowed again for the same recording";
+    EXPECT_EQ(captureWindow, nullptr) << "and they are not captured again for the same recording";
 }
 
 } // namespace

@@ -119,8 +119,7 @@ TEST_F(AssistanceTest, ShadowedBindingIsDescribedWithTheReason) {
     EXPECT_EQ(list().child(1)->text(QAccessible::Description), reason);
     EXPECT_EQ(stage.row(1)->toolTip(), reason);
     Lang::shared().setCode("zh");
-    EXPECT_EQ(stage.row(1)->toolTip(),
-              "不会执行：上方的绑定使用相同的手势和生效范围，会优先执行。");
+    EXPECT_EQ(stage.row(1)->toolTip(), "不会执行：上方已有手势和生效范围相同的绑定，将优先执行。");
     twice[0].enabled = false;
     stage.store->setBindings(twice);
     EXPECT_TRUE(stage.row(1)->toolTip().isEmpty());
@@ -162,7 +161,7 @@ public:
 };
 
 // Otherwise a screen reader might read the whole window after each gesture.
-TEST_F(AssistanceTest, GestureSetsNoNameAgain) {
+TEST_F(AssistanceTest, GestureChangesNoAccessibleName) {
     TitleCounter counter;
     stage.row(0)->findChild<QWidget*>("preview")->installEventFilter(&counter);
     stage.find("launchAtLogin")->installEventFilter(&counter);

@@ -48,14 +48,14 @@ TEST_F(BindingSelectionTest, FollowsItsBinding) {
 
 TEST_F(BindingSelectionTest, ClosestOfTwinsIsFound) {
     const BindingList twins = listOf({0, 1, 2, 1, 4});
-    EXPECT_EQ(nearestWith(all[1].id, twins, 0), 1);
-    EXPECT_EQ(nearestWith(all[1].id, twins, 3), 3);
-    EXPECT_EQ(nearestWith(all[1].id, twins, 100), 3);
-    EXPECT_EQ(nearestWith(all[5].id, twins, 0), std::nullopt);
-    EXPECT_EQ(nearestWith(all[5].id, {}, 0), std::nullopt);
+    EXPECT_EQ(closestWithIdentifier(all[1].id, twins, 0), 1);
+    EXPECT_EQ(closestWithIdentifier(all[1].id, twins, 3), 3);
+    EXPECT_EQ(closestWithIdentifier(all[1].id, twins, 100), 3);
+    EXPECT_EQ(closestWithIdentifier(all[5].id, twins, 0), std::nullopt);
+    EXPECT_EQ(closestWithIdentifier(all[5].id, {}, 0), std::nullopt);
 }
 
-TEST_F(BindingSelectionTest, AppendedBindingIsGrowth) {
+TEST_F(BindingSelectionTest, OneAppendedBindingIsDetected) {
     EXPECT_TRUE(hasGrownByOne(listOf({0, 1}), listOf({0, 1, 2})));
     EXPECT_TRUE(hasGrownByOne({}, listOf({0})));
     EXPECT_FALSE(hasGrownByOne(listOf({0, 1}), listOf({0, 1})));

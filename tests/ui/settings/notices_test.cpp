@@ -228,7 +228,8 @@ TEST_F(NoticesTest, HelperTextsExistInChinese) {
     stage.helper->error = "no space left";
     stage.open();
     const std::pair<State, const char*> rows[] = {
-        {State::missing, "在 GNOME 中，针对指定 App 的绑定需要一个小扩展来识别当前使用的 App。"},
+        {State::missing,
+         "在 GNOME 中，仅对指定 App 生效的绑定需要一个小扩展来识别当前使用的 App。"},
         {State::installing, "正在安装扩展…"},
         {State::atNextLogin, "扩展已安装，注销并重新登录后生效。"},
         {State::failed, "无法安装扩展：no space left"},

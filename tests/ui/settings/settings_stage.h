@@ -50,7 +50,7 @@ private:
     Observable observers;
 };
 
-// Returns the notes that a test sets.
+// System notes with the texts that the test sets.
 class FakeNotes : public SystemNotes {
 public:
     std::string missingAccess(const Lang& /*lang*/) const override { return missing; }

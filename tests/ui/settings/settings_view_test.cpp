@@ -181,7 +181,7 @@ TEST_F(SettingsViewTest, BindingDeletedDuringItsEditIsAppendedOnSave) {
 }
 
 // As when the program quits while the user edits a binding.
-TEST_F(SettingsViewTest, DestroyedWindowTakesItsEditorAndOpenListAlong) {
+TEST_F(SettingsViewTest, DestroyedWindowClosesItsEditorAndOpenList) {
     open();
     stage.clickInRow(0, "edit");
     const QPointer<QWidget> left = editor();
@@ -226,7 +226,7 @@ TEST_F(SettingsViewTest, WorksWithoutADesktopHelper) {
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));
 }
 
-TEST_F(SettingsViewTest, HasItsOrderFromTopToBottom) {
+TEST_F(SettingsViewTest, PartsAreOrderedFromTopToBottom) {
     open();
     int y = -1;
     for (const char* name : {"title", "bindingList", "footer"}) {

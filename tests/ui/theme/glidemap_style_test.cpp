@@ -49,7 +49,7 @@ TEST(GlidemapStyleTest, ProminentButtonHasAnAccentBackground) {
     EXPECT_NEAR(groundOf(button).hue(), roleColor(Role::accentGround).hue(), 3);
 }
 
-// That edge has a contrast of 3:1, which the palette's test checks.
+// The button's edge has a contrast of 3:1, which the palette's test checks.
 TEST(GlidemapStyleTest, ButtonEdgeHasTheColourOfACheckBoxEdge) {
     QPushButton button(QStringLiteral("Cancel"));
     button.resize(button.sizeHint());

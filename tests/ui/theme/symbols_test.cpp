@@ -72,7 +72,7 @@ std::string nameOf(const QString& file) {
     return file.chopped(4).toStdString();
 }
 
-// The drawing in its box, with a margin of its own size.
+// Draws the symbol in its box, with a margin as wide as the box on each side.
 QImage drawn(std::string_view name, int points, double ratio) {
     const int pixels = qRound(3 * points * ratio);
     QImage image(pixels, pixels, QImage::Format_ARGB32);
@@ -113,7 +113,7 @@ Ink inkOf(const QImage& image) {
 }
 
 // The maximum difference of a pixel's coverage, in 256 steps.
-int largestDifference(const QImage& one, const QImage& other) {
+int maxDifference(const QImage& one, const QImage& other) {
     int largest = one.size() == other.size() ? 0 : 256;
     for (int y = 0; largest < 256 && y < one.height(); ++y) {
         for (int x = 0; x < one.width(); ++x) {
@@ -173,7 +173,7 @@ TEST(Symbols, LookAsTheRendererDrawsThem) {
             renderer.render(&painter, QRectF(0, 0, pixels, pixels));
             painter.end();
             const QImage seen = symbolPixmap(nameOf(file), ink, pixels, 1).toImage();
-            EXPECT_LE(largestDifference(seen, expected), 8);
+            EXPECT_LE(maxDifference(seen, expected), 8);
         }
     }
 }

@@ -1,4 +1,5 @@
-// A template icon is named for a bar where it is installed, and can be drawn at any size either way.
+// A template icon has the installed icon's name, if there is one, and can be drawn at any size in
+// either case.
 #include "ui/theme/symbol.h"
 #include "ui/theme/template_icon.h"
 
@@ -72,8 +73,8 @@ TEST_F(TemplateIconTest, IsDrawnAtEverySizeThatItLists) {
     }
 }
 
-// Where only the opacity counts, an edge would make the shape a larger and softer one.
-TEST_F(TemplateIconTest, APlainOneIsTheSymbolsShapeAlone) {
+// If only the opacity counts, an edge would make the shape larger and softer.
+TEST_F(TemplateIconTest, PlainIconHasNoEdge) {
     for (const int size : {16, 22, 44}) {
         const QIcon icon = plainTemplateIcon(symbol);
         EXPECT_TRUE(icon.isMask());
@@ -89,7 +90,7 @@ TEST_F(TemplateIconTest, APlainOneIsTheSymbolsShapeAlone) {
     }
 }
 
-TEST_F(TemplateIconTest, IsPalerWhereItsStrengthIsLess) {
+TEST_F(TemplateIconTest, LowerStrengthIsPaler) {
     const auto opacityOf = [](const QIcon& icon) {
         const QImage image = icon.pixmap(64).toImage();
         int most = 0;

@@ -63,7 +63,7 @@ pid_t spawn(const std::vector<std::string>& command) {
 }
 
 // The owner can change the mode, so the owner must be root. Root itself may write everywhere.
-bool isOnlyRootsItself(const std::filesystem::path& file) {
+bool isFileWritableOnlyByRoot(const std::filesystem::path& file) {
     struct stat status {};
     return stat(file.c_str(), &status) == 0 && status.st_uid == 0 &&
            (status.st_mode & S_IWOTH) == 0 &&
@@ -90,7 +90,7 @@ std::vector<std::string> grantAccessCommand(const std::filesystem::path& program
          {ownInstallation, std::filesystem::path("/usr"), std::filesystem::path("/usr/local")}) {
         std::error_code error;
         const auto file = std::filesystem::canonical(grantAccess(installation), error);
-        if (!error && isOnlyRoots(file)) {
+        if (!error && isWritableOnlyByRoot(file)) {
             return {pkexec, file};
         }
     }
@@ -101,8 +101,8 @@ std::vector<std::string> grantAccessCommand() {
     return grantAccessCommand(programFile());
 }
 
-bool isOnlyRoots(std::filesystem::path file) {
-    while (isOnlyRootsItself(file)) {
+bool isWritableOnlyByRoot(std::filesystem::path file) {
+    while (isFileWritableOnlyByRoot(file)) {
         if (file == file.root_path()) {
             return true;
         }

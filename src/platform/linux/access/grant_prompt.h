@@ -21,7 +21,7 @@ std::vector<std::string> grantAccessCommand(const std::filesystem::path& program
 
 // Whether root owns the file and each folder above it, and this user cannot write any of them. The
 // path must be absolute and without symbolic links.
-bool isOnlyRoots(std::filesystem::path file);
+bool isWritableOnlyByRoot(std::filesystem::path file);
 
 // pkexec's exit code if no authentication agent is running or authentication failed.
 constexpr int notAsked = 127;

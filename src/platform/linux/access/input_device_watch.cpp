@@ -38,7 +38,7 @@ bool matters(udev_device* device) {
         return false;
     }
     const std::string_view name = udev_device_get_sysname(device);
-    return name == "uinput" || (name.starts_with("event") && isGivenTouchpad(device));
+    return name == "uinput" || (name.starts_with("event") && isTouchpadOfRule(device));
 }
 
 // The events are those that inotify has reported.

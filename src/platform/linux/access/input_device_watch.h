@@ -1,6 +1,6 @@
 // Watches for new touchpads, and for access rights that are granted, while the program runs.
 //
-//   udev: a touchpad or uinput is there, with its access list ─┐
+//   udev: a touchpad or uinput exists, with its access list ──┐
 //   a node's rights have changed without udev ─────────────────┴─▶ changed, once per burst
 //
 // Thread:  the main thread creates and destroys it, and calls `changed`. Events that follow the

@@ -22,7 +22,7 @@ bool isOurs(udev_device* event) {
 
 } // namespace
 
-bool isGivenTouchpad(udev_device* event) {
+bool isTouchpadOfRule(udev_device* event) {
     return udev_device_get_devnode(event) != nullptr && hasProperty(event, "ID_INPUT_TOUCHPAD") &&
            !hasProperty(event, "ID_INPUT_KEYBOARD") && !hasProperty(event, "ID_INPUT_KEY") &&
            !isOurs(event);

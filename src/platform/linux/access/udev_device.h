@@ -10,6 +10,6 @@ namespace glidemap {
 
 // Whether this is the event node of a touchpad that the udev rules grant. They exclude our clones
 // and nodes that are also a keyboard.
-bool isGivenTouchpad(udev_device* event);
+bool isTouchpadOfRule(udev_device* event);
 
 } // namespace glidemap

@@ -34,7 +34,7 @@ std::vector<std::string> UdevInputNodes::touchpads() {
         const UdevHandle<udev_device> event(
             udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)));
         const char* node = event != nullptr ? udev_device_get_devnode(event.get()) : nullptr;
-        if (node != nullptr && isGivenTouchpad(event.get())) {
+        if (node != nullptr && isTouchpadOfRule(event.get())) {
             nodes.emplace_back(node);
         }
     }

@@ -70,7 +70,7 @@ private:
     PublishedApplications& published;
     const ProcessReader& processes;
     const std::chrono::milliseconds patience;
-    DesktopThread::Watch lasting; // the time without an active window
+    DesktopThread::Watch lasting; // measures the time without an active window
     DesktopEntries entries;
     ApplicationMatcher matcher;
     std::map<Key, const Application*> matched; // of the open windows

@@ -145,7 +145,7 @@ void launchApplication(const std::string& url) {
     GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path);
     g_free(path);
     if (entry == nullptr) {
-        logLine("services", "nothing to start in ", url);
+        logLine("services", "no program to start in ", url);
         return;
     }
     launchApplication(entry, {});

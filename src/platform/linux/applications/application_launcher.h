@@ -16,7 +16,8 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// Takes the file URL of a desktop entry. A D-Bus activatable application that runs comes forward.
+// Takes the file URL of a desktop entry. If a D-Bus activatable application already runs, it is
+// brought forward.
 void launchApplication(const std::string& url);
 
 // The same for an entry that has already been read.

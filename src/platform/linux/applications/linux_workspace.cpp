@@ -57,11 +57,11 @@ struct LinuxWorkspace::State {
         for (const WindowBackendFactory& make : candidates) {
             backend = make();
             if (backend->start(*follower)) {
-                logLine("windows", "follows the one tried last");
+                logLine("windows", "uses the window backend that was tried last");
                 return;
             }
         }
-        logLine("windows", "none can be followed: only bindings for all applications work");
+        logLine("windows", "no window backend works here: only global bindings run");
         backend.reset();
     }
 
@@ -74,15 +74,15 @@ struct LinuxWorkspace::State {
             return isChosen;
         };
         backend->bringForward(choose, [launch] {
-            logLine("windows", "nothing came forward: launches it");
+            logLine("windows", "no window came forward: launches it");
             launch();
         });
         if (*count > 0) {
-            logLine("windows", "brings forward the last used of ", *count, " windows of ", path);
+            logLine("windows", "activates the last used of ", *count, " windows of ", path);
         }
     }
 
-    // Used on the main thread: the entry of the last lookup, which is usually opened next.
+    // The entry of the last lookup, which is usually opened next. Used on the main thread.
     std::string foundURL;
     std::shared_ptr<GDesktopAppInfo> found;
 
@@ -121,7 +121,7 @@ struct LinuxWorkspace::State {
             [](const WindowIdentity& window) {
                 return window.process ? window.process == getpid() : window.appID == ownIdentifier;
             },
-            [] { logLine("windows", "our own window stays where it is"); });
+            [] { logLine("windows", "our own window was not activated"); });
     }
 
     void stop() {

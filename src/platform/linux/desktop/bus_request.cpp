@@ -38,12 +38,12 @@ Source startTimer(std::chrono::milliseconds delay, Function function) {
     return timer;
 }
 
-bool saysNobodyThere(const GError* error) {
+bool isServiceMissing(const GError* error) {
     return g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) ||
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER);
 }
 
-bool saysLate(const GError* error) {
+bool isTimeout(const GError* error) {
     return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) ||
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY);
 }
@@ -52,7 +52,7 @@ bool saysLate(const GError* error) {
 
 struct BusRequest::State {
     using WithBus = std::function<void(GDBusConnection* connection)>;
-    using Heard = std::function<void(GVariant* values)>;
+    using SignalHandler = std::function<void(GVariant* values)>;
 
     // The user data of GIO's callbacks, which keeps the transaction alive until they have run.
     struct Opening {
@@ -79,7 +79,7 @@ struct BusRequest::State {
     static void answered(GObject* connection, GAsyncResult* result, gpointer call);
     static void signalled(GDBusConnection* connection, const char* sender, const char* path,
                           const char* interface, const char* signal, GVariant* values,
-                          gpointer heard);
+                          gpointer onSignal);
 
     bool calledOff = false;
     std::array<Line, 2> lines;
@@ -122,7 +122,7 @@ void BusRequest::State::opened(GObject* /*source*/, GAsyncResult* result, gpoint
     line.outOfOrder = !line.connection;
     if (line.outOfOrder) {
         logLine("services", "the ", held->bus == Bus::system ? "system" : "session",
-                " bus did not answer");
+                " bus did not reply");
     }
     if (!state.calledOff) {
         held->then(line.connection.get());
@@ -137,7 +137,7 @@ void BusRequest::State::answered(GObject* connection, GAsyncResult* result, gpoi
         logLine("services", held->method.service, " ", held->method.name, ": ", error->message);
     }
     if (!held->request->state->calledOff) {
-        held->then({values, saysNobodyThere(error), saysLate(error)});
+        held->then({values, isServiceMissing(error), isTimeout(error)});
     }
     g_clear_error(&error);
     g_clear_pointer(&values, g_variant_unref);
@@ -145,8 +145,9 @@ void BusRequest::State::answered(GObject* connection, GAsyncResult* result, gpoi
 
 void BusRequest::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
                                   const char* /*path*/, const char* /*interface*/,
-                                  const char* /*signal*/, GVariant* values, gpointer heard) {
-    const Heard copy = *static_cast<Heard*>(heard); // the callback may end the watch
+                                  const char* /*signal*/, GVariant* values, gpointer onSignal) {
+    const SignalHandler copy =
+        *static_cast<SignalHandler*>(onSignal); // the callback may end the watch
     copy(values);
 }
 
@@ -167,7 +168,7 @@ void BusRequest::call(const BusMethod& method, GVariant* arguments, Milliseconds
     const auto ask = [=, self = shared_from_this(),
                       then = std::move(then)](GDBusConnection* connection) {
         if (connection == nullptr) {
-            then({.nobodyThere = true, .busIsOpen = false});
+            then({.serviceMissing = true, .busIsOpen = false});
             return;
         }
         g_dbus_connection_call(connection, method.service, method.path, method.interface,
@@ -182,12 +183,12 @@ void BusRequest::call(const BusMethod& method, GVariant* arguments, Then then) {
     call(method, arguments, patienceOfAStep, IfNotRunning::leave, std::move(then));
 }
 
-void BusRequest::watch(const Signal& signal, std::function<void(GVariant*)> heard) {
+void BusRequest::watch(const Signal& signal, std::function<void(GVariant*)> onSignal) {
     GDBusConnection* const connection = state->line(signal.bus).connection.get();
     const guint subscription = g_dbus_connection_signal_subscribe(
         connection, signal.service, signal.interface, signal.name, nullptr, signal.firstArgument,
-        G_DBUS_SIGNAL_FLAGS_NONE, State::signalled, new State::Heard(std::move(heard)),
-        [](gpointer held) { delete static_cast<State::Heard*>(held); });
+        G_DBUS_SIGNAL_FLAGS_NONE, State::signalled, new State::SignalHandler(std::move(onSignal)),
+        [](gpointer held) { delete static_cast<State::SignalHandler*>(held); });
     state->watches.push_back({connection, subscription});
 }
 
@@ -209,7 +210,7 @@ void BusRequest::after(Milliseconds delay, Function then) {
         startTimer(delay, [self = shared_from_this(), then = std::move(then)] { then(); }));
 }
 
-void BusRequest::callOff() {
+void BusRequest::cancel() {
     state->calledOff = true;
     stopWaiting();
     g_cancellable_cancel(state->cancellable.get());
@@ -241,7 +242,7 @@ BusRequests::~BusRequests() {
     for (const auto& weak : started) {
         desktop.submit([weak] {
             if (const auto request = weak.lock()) {
-                request->callOff();
+                request->cancel();
             }
         });
     }

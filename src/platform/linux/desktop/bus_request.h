@@ -34,10 +34,10 @@ struct BusMethod {
 
 // The reply of a service: a tuple, valid during the callback, or null on failure. A missing service
 // is distinguished from one that refuses or does not reply.
-struct BusAnswer {
+struct BusReply {
     GVariant* values = nullptr;
-    bool nobodyThere = false;
-    bool isLate = false; // the call has reached it, and has not returned in time
+    bool serviceMissing = false;
+    bool isLate = false; // the service received the call and did not reply in time
     bool busIsOpen = true;
 };
 
@@ -57,7 +57,7 @@ public:
     virtual void begin() = 0;
 
 protected:
-    using Then = std::function<void(const BusAnswer& answer)>;
+    using Then = std::function<void(const BusReply& answer)>;
 
     // `arguments` is a tuple, or null for none; a floating reference is consumed. Opens the bus
     // first if necessary.
@@ -65,17 +65,17 @@ protected:
               IfNotRunning ifNotRunning, Then then);
     void call(const BusMethod& method, GVariant* arguments, Then then);
 
-    // Calls `heard` for each matching signal, until stopWaiting(). Start a watch in the callback of
+    // Calls `onSignal` for each matching signal, until stopWaiting(). Start a watch in the callback of
     // a call on the same bus, which is open then. A watch keeps the transaction alive only if
-    // `heard` holds a reference; calls and delays always do.
+    // `onSignal` holds a reference; calls and delays always do.
     struct Signal {
         Bus bus = Bus::session;
         const char* service = nullptr;
         const char* interface = nullptr;
         const char* name = nullptr;
-        const char* firstArgument = nullptr; // null for any
+        const char* firstArgument = nullptr; // null matches any
     };
-    void watch(const Signal& signal, std::function<void(GVariant* values)> heard);
+    void watch(const Signal& signal, std::function<void(GVariant* values)> onSignal);
 
     // Calls `changed` each time properties of the interface have changed.
     void watchProperties(Bus bus, const char* service, const char* interface,
@@ -90,7 +90,7 @@ private:
     struct State;
 
     // Cancels the chain: pending callbacks only release their references.
-    void callOff();
+    void cancel();
 
     std::shared_ptr<void> counted; // goes last: the destructor of BusRequests waits for it
     const Milliseconds patienceOfAStep;

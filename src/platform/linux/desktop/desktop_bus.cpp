@@ -52,9 +52,10 @@ void passAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
     g_clear_error(&error);
 }
 
-void notifyHeard(GDBusConnection* /*connection*/, const char* /*sender*/, const char* /*path*/,
-                 const char* /*interface*/, const char* signal, GVariant* values, gpointer heard) {
-    const DesktopBus::Heard send = *static_cast<DesktopBus::Heard*>(heard);
+void callSignalHandler(GDBusConnection* /*connection*/, const char* /*sender*/,
+                       const char* /*path*/, const char* /*interface*/, const char* signal,
+                       GVariant* values, gpointer handler) {
+    const DesktopBus::SignalHandler send = *static_cast<DesktopBus::SignalHandler*>(handler);
     send(signal, values); // a copy, because the callback may end its own subscription
 }
 
@@ -124,11 +125,11 @@ void DesktopBus::send(const BusObject& object, const char* method, GVariant* arg
                            G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, nullptr, nullptr);
 }
 
-unsigned DesktopBus::subscribe(const BusObject& object, Heard heard) {
+unsigned DesktopBus::subscribe(const BusObject& object, SignalHandler handler) {
     const unsigned subscription = g_dbus_connection_signal_subscribe(
         _connection, object.name.c_str(), orAny(object.interface), nullptr, orAny(object.path),
-        nullptr, G_DBUS_SIGNAL_FLAGS_NONE, notifyHeard, new Heard(std::move(heard)),
-        [](gpointer data) { delete static_cast<Heard*>(data); });
+        nullptr, G_DBUS_SIGNAL_FLAGS_NONE, callSignalHandler, new SignalHandler(std::move(handler)),
+        [](gpointer data) { delete static_cast<SignalHandler*>(data); });
     subscriptions.push_back(subscription);
     return subscription;
 }

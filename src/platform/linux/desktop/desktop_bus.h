@@ -51,8 +51,8 @@ public:
     void send(const BusObject& object, const char* method, GVariant* arguments);
 
     // Receives every signal of the object; an empty path or interface matches any.
-    using Heard = std::function<void(const std::string& signal, GVariant* values)>;
-    unsigned subscribe(const BusObject& object, Heard heard);
+    using SignalHandler = std::function<void(const std::string& signal, GVariant* values)>;
+    unsigned subscribe(const BusObject& object, SignalHandler handler);
     void unsubscribe(unsigned subscription);
 
     // Blocks on the bus daemon only, not on other programs.

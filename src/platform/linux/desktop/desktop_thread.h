@@ -30,7 +30,7 @@ public:
 
     GMainContext* context() const;
 
-    // A registered callback; its destruction, which the callback itself may cause, cancels it.
+    // A registered callback, cancelled on destruction. The callback may destroy its own watch.
     // Create, use and destroy it on the thread.
     class Watch {
     public:

@@ -103,7 +103,7 @@ void writeToJournal(const Plan& plan) {
     if (plan.journal->output) {
         dup2(stream, STDOUT_FILENO);
     }
-    if (plan.journal->complaints) {
+    if (plan.journal->errorOutput) {
         dup2(stream, STDERR_FILENO);
     }
 }
@@ -139,7 +139,7 @@ GLIDEMAP_ON_A_STACK_OF_ITS_OWN int innerChild(void* data) {
     _exit(1);
 }
 
-// Ends at once, which makes the inner one init's.
+// Exits at once, so that init adopts the inner child.
 GLIDEMAP_ON_A_STACK_OF_ITS_OWN int outerChild(void* data) {
     auto* const plan = static_cast<Plan*>(data);
     plan->result.identifier = clone(innerChild, plan->innerStack + stackSize,
@@ -206,11 +206,11 @@ bool isStream(int descriptor, const std::string& named) {
 JournalStream journalStreamFor(const std::string& name) {
     const char* const named = std::getenv("JOURNAL_STREAM");
     const bool output = named != nullptr && isStream(STDOUT_FILENO, named);
-    const bool complaints = named != nullptr && isStream(STDERR_FILENO, named);
-    if (!output && !complaints) {
+    const bool errorOutput = named != nullptr && isStream(STDERR_FILENO, named);
+    if (!output && !errorOutput) {
         return {};
     }
-    return {"/run/systemd/journal/stdout", name, output, complaints};
+    return {"/run/systemd/journal/stdout", name, output, errorOutput};
 }
 
 DetachedProcess startDetached(const DetachedCommand& command) {

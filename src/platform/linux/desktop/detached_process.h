@@ -18,13 +18,13 @@ namespace glidemap {
 // The journal stream of a program, if our own messages go to the journal. Without it the journal
 // would attribute the program's messages to us.
 struct JournalStream {
-    std::string socket; // the journal's; empty to keep our streams
-    std::string name;   // the identifier of the messages
-    bool output = false;
-    bool complaints = false; // of standard error
+    std::string socket;       // the journal's socket; empty to keep our streams
+    std::string name;         // the identifier of the messages
+    bool output = false;      // standard output goes to the journal
+    bool errorOutput = false; // standard error goes to the journal
 };
 
-// The stream for a program of that name; empty unless one of our streams is the journal's.
+// The stream for a program of that name; empty unless one of our streams goes to the journal.
 JournalStream journalStreamFor(const std::string& name);
 
 struct DetachedCommand {

@@ -12,7 +12,7 @@ namespace {
 
 // Requires the variable: without it the library tries wayland-0, which may belong to another
 // session.
-bool letsInByWayland() {
+bool isWaylandDisplayOpen() {
     const std::string name = fromEnvironment("WAYLAND_DISPLAY");
     wl_display* const display = name.empty() ? nullptr : wl_display_connect(name.c_str());
     if (display == nullptr) {
@@ -22,7 +22,7 @@ bool letsInByWayland() {
     return true;
 }
 
-bool letsInByX11() {
+bool isX11DisplayOpen() {
     const std::string name = fromEnvironment("DISPLAY");
     if (name.empty()) {
         return false;
@@ -34,7 +34,7 @@ bool letsInByX11() {
 } // namespace
 
 bool hasDisplay() {
-    return letsInByWayland() || letsInByX11();
+    return isWaylandDisplayOpen() || isX11DisplayOpen();
 }
 
 } // namespace glidemap

@@ -1,8 +1,8 @@
-// Runs a short-lived program and reports whether its exit status was success.
+// Runs a short-lived program and reports whether it exited successfully.
 //
 // Thread:  the desktop thread.
 // Owner:   any; the destructor lets the program run on, and the function is not called then.
-// Errors:  a program that cannot be started has not succeeded.
+// Errors:  a program that cannot be started counts as failed.
 #pragma once
 
 #include <functional>

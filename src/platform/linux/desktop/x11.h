@@ -1,5 +1,5 @@
-// Owners of what libxcb allocates, and the requests that several services send. The requests wait
-// for the server.
+// Owners of memory that libxcb allocates, and requests that several services send. The requests
+// wait for the server.
 //
 // Thread:  the connection's thread.
 // Errors:  a request that fails, also on a lost connection, returns nothing: XCB_ATOM_NONE or false.

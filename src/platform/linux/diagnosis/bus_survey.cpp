@@ -62,7 +62,7 @@ const char* nameOf(BusSurvey::State state) {
     case BusSurvey::State::absent:
         return "missing";
     case BusSurvey::State::silent:
-        return "does not answer";
+        return "does not reply";
     case BusSurvey::State::refused:
         return "refuses";
     case BusSurvey::State::answered:

@@ -38,7 +38,7 @@ private:
     void setModifiers(std::span<const std::uint16_t> wanted, std::vector<KeyChange>& changes);
 
     std::vector<std::uint16_t> keys;      // pressed by key events, in order
-    std::vector<std::uint16_t> modifiers; // pressed as modifiers of those, in order
+    std::vector<std::uint16_t> modifiers; // pressed for the flags of `keys`, in order
 };
 
 } // namespace glidemap

@@ -67,7 +67,7 @@ bool UinputKeyDevice::plugIn() {
         return false;
     }
     descriptor = opened;
-    logLine("actions", "made the virtual keyboard");
+    logLine("actions", "created the virtual keyboard");
     return true;
 }
 

@@ -18,7 +18,7 @@ UinputKeyboard::UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice,
 
 UinputKeyboard::~UinputKeyboard() {
     heldModifiers.reset(); // completes the typing that was requested
-    letGo();
+    releaseKeys();
 }
 
 bool UinputKeyboard::plugIn() {
@@ -29,12 +29,12 @@ bool UinputKeyboard::plugIn() {
 
 void UinputKeyboard::unplug() {
     isWanted = false;
-    letGo();
+    releaseKeys();
     const std::lock_guard guard(deviceLock);
     device->unplug();
 }
 
-void UinputKeyboard::letGo() {
+void UinputKeyboard::releaseKeys() {
     if (const std::vector<KeyChange> changes = strokes.releaseAll(); !changes.empty()) {
         write(changes);
     }
@@ -42,7 +42,7 @@ void UinputKeyboard::letGo() {
 
 void UinputKeyboard::post(std::span<const KeyEvent> events) {
     if (!isWanted || !plugIn()) {
-        logLine("actions", isWanted ? "dropped: no virtual keyboard can be made"
+        logLine("actions", isWanted ? "dropped: no virtual keyboard can be created"
                                     : "dropped: another session is in front");
         return;
     }

@@ -35,7 +35,7 @@ public:
     void post(std::span<const KeyEvent> events) override;
 
 private:
-    void letGo();
+    void releaseKeys();
     void type(std::vector<KeyChange> changes);
     void write(std::span<const KeyChange> changes);
 

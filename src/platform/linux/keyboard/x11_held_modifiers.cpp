@@ -14,7 +14,7 @@ X11HeldModifiers::X11HeldModifiers(DesktopThread& desktopThread,
 
 X11HeldModifiers::~X11HeldModifiers() {
     desktop.call([this] {
-        letGo(std::exchange(putBackKeys, {}));
+        releaseKeys(std::exchange(putBackKeys, {}));
         watch = {};
         server.reset();
     });
@@ -22,14 +22,14 @@ X11HeldModifiers::~X11HeldModifiers() {
 
 void X11HeldModifiers::type(std::vector<KeyChange> changes, std::function<void()> plainly) {
     desktop.submit([this, changes = std::move(changes), plainly = std::move(plainly)] {
-        if (!typeAroundHeldOnes(changes)) {
+        if (!typeWithoutHeldModifiers(changes)) {
             plainly();
         }
         catchUp();
     });
 }
 
-bool X11HeldModifiers::typeAroundHeldOnes(const std::vector<KeyChange>& changes) {
+bool X11HeldModifiers::typeWithoutHeldModifiers(const std::vector<KeyChange>& changes) {
     if (!areBalanced(changes) || !server->canType(changes)) {
         return false;
     }
@@ -70,11 +70,11 @@ void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
         server->type(putBack(still));
         putBackKeys.insert(still.begin(), still.end());
     }
-    letGoOfReleased();
+    releaseReleasedKeys();
 }
 
 // Releases the keys on the XTEST keyboard that the user has released on real ones.
-void X11HeldModifiers::letGoOfReleased() {
+void X11HeldModifiers::releaseReleasedKeys() {
     const std::set<std::uint16_t> down = server->keysDown().users;
     std::set<std::uint16_t> released;
     for (const std::uint16_t code : putBackKeys) {
@@ -82,14 +82,14 @@ void X11HeldModifiers::letGoOfReleased() {
             released.insert(code);
         }
     }
-    letGo(released);
+    releaseKeys(released);
     std::erase_if(putBackKeys, [&](std::uint16_t code) { return released.contains(code); });
     if (putBackKeys.empty()) {
         server->listenToReleases(false);
     }
 }
 
-void X11HeldModifiers::letGo(const std::set<std::uint16_t>& codes) {
+void X11HeldModifiers::releaseKeys(const std::set<std::uint16_t>& codes) {
     for (const std::uint16_t code : codes) {
         const KeyChange up[] = {{code, false}};
         server->type(up);
@@ -99,9 +99,9 @@ void X11HeldModifiers::letGo(const std::set<std::uint16_t>& codes) {
 // Waiting for a reply may have queued events, too, and the socket does not become readable for
 // them.
 void X11HeldModifiers::catchUp() {
-    while (server->heardSomething()) {
+    while (server->discardEvents()) {
         if (!putBackKeys.empty()) {
-            letGoOfReleased();
+            releaseReleasedKeys();
         }
     }
     if (!server->isAlive()) {

@@ -1,5 +1,5 @@
 // Reads and lifts held modifiers on X11. The server has one modifier state for all keyboards and
-// tells every client which keys are down.
+// reports the pressed keys to every client.
 //
 // While no modifier is held, the uinput keyboard types. Otherwise the server's XTEST keyboard does
 // everything. That keeps lifting, typing and putting back in order: events from uinput would arrive
@@ -34,11 +34,11 @@ public:
     void type(std::vector<KeyChange> changes, std::function<void()> plainly) override;
 
 private:
-    bool typeAroundHeldOnes(const std::vector<KeyChange>& changes);
+    bool typeWithoutHeldModifiers(const std::vector<KeyChange>& changes);
     std::vector<std::uint16_t> modifiersHeldByOthers();
     void restore(const std::vector<std::uint16_t>& held);
-    void letGoOfReleased();
-    void letGo(const std::set<std::uint16_t>& codes);
+    void releaseReleasedKeys();
+    void releaseKeys(const std::set<std::uint16_t>& codes);
     void catchUp();
 
     DesktopThread& desktop;

@@ -21,13 +21,13 @@ constexpr int keyCodeOffset = 8;
 constexpr int maxKeyCode = 255;
 constexpr int keysPerByte = 8;
 
-// Sends a request and waits; `answer` is the xcb function that fetches its reply.
+// Sends a request and waits; `fetchReply` is the xcb function that fetches its reply.
 template <typename Reply, typename Cookie>
 X11Reply<Reply> wait(xcb_connection_t* connection,
-                     Reply* (*answer)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
+                     Reply* (*fetchReply)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
                      Cookie request) {
     xcb_generic_error_t* error = nullptr;
-    X11Reply<Reply> reply(answer(connection, request, &error));
+    X11Reply<Reply> reply(fetchReply(connection, request, &error));
     const X11Reply<xcb_generic_error_t> unused(error);
     return reply;
 }
@@ -79,7 +79,7 @@ bool hasExtensions(xcb_connection_t* connection) {
 }
 
 // The server gives its XTEST keyboards such names.
-bool isPretended(std::string_view name) {
+bool isXTest(std::string_view name) {
     return name.find("XTEST") != std::string_view::npos;
 }
 
@@ -163,7 +163,7 @@ X11Server::KeysDown X11Server::keysDown() {
     for (auto each = xcb_input_xi_query_device_infos_iterator(devices.get()); each.rem > 0;
          xcb_input_xi_device_info_next(&each)) {
         const std::string_view name(xcb_input_xi_device_info_name(each.data), each.data->name_len);
-        if (each.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && !isPretended(name)) {
+        if (each.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && !isXTest(name)) {
             state->addKeysDown(each.data->deviceid,
                                name == UinputKeyDevice::name ? keys.ours : keys.users);
         }
@@ -199,12 +199,12 @@ void X11Server::listenToReleases(bool listen) {
     xcb_flush(state->connection);
 }
 
-bool X11Server::heardSomething() {
-    bool heard = false;
+bool X11Server::discardEvents() {
+    bool anyPending = false;
     while (const X11Reply<xcb_generic_event_t> event{xcb_poll_for_event(state->connection)}) {
-        heard = true;
+        anyPending = true;
     }
-    return heard;
+    return anyPending;
 }
 
 int X11Server::descriptor() const {

@@ -25,7 +25,7 @@ public:
     void type(std::span<const KeyChange> changes) override;
     bool canType(std::span<const KeyChange> changes) const override;
     void listenToReleases(bool listen) override;
-    bool heardSomething() override;
+    bool discardEvents() override;
     int descriptor() const override;
     bool isAlive() const override;
 

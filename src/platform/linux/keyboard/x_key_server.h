@@ -40,8 +40,8 @@ public:
     // Whether to report keys that are released on any keyboard.
     virtual void listenToReleases(bool listen) = 0;
 
-    // Discards pending events and returns whether there were any. Does not wait.
-    virtual bool heardSomething() = 0;
+    // Discards pending events; returns whether any were pending. Does not wait.
+    virtual bool discardEvents() = 0;
 
     // Becomes readable when events are pending.
     virtual int descriptor() const = 0;

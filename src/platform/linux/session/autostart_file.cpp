@@ -80,7 +80,7 @@ AutostartFile::Start AutostartFile::start(const AutostartSession& session) const
     if (booleanIn(keys.get(), hidden, false)) {
         return Start::hidden;
     }
-    if (!isForProgram() || !tryExecIsThere(session) || programIn(session).empty()) {
+    if (!isForProgram() || !tryExecExists(session) || programIn(session).empty()) {
         return Start::impossible;
     }
     if (!booleanIn(keys.get(), gnomeEnabled, true)) {
@@ -104,7 +104,7 @@ void AutostartFile::repair(const AutostartSession& session, const std::filesyste
     }
     remove(held, hidden);
     remove(held, gnomeEnabled);
-    if (!tryExecIsThere(session)) {
+    if (!tryExecExists(session)) {
         remove(held, tryExec);
     }
     if (!isShownIn(session)) {
@@ -146,7 +146,7 @@ bool AutostartFile::isShownIn(const AutostartSession& session) const {
     return !only;
 }
 
-bool AutostartFile::tryExecIsThere(const AutostartSession& session) const {
+bool AutostartFile::tryExecExists(const AutostartSession& session) const {
     const auto tried = stringIn(keys.get(), tryExec);
     return !tried || findProgram(*tried, session.searchPath).has_value();
 }

@@ -48,7 +48,7 @@ private:
     AutostartFile();
     bool isForProgram() const;
     bool isShownIn(const AutostartSession& session) const;
-    bool tryExecIsThere(const AutostartSession& session) const;
+    bool tryExecExists(const AutostartSession& session) const;
     std::filesystem::path programIn(const AutostartSession& session) const;
     void describe();
 

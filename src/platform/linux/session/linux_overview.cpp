@@ -93,13 +93,13 @@ private:
         }
         const Shell& shell = shells[index];
         call(ofShell(shell, "Get"), g_variant_new("(ss)", shell.interface, shownProperty),
-             [this, kept = alive(), index](const BusAnswer& answer) {
+             [this, kept = alive(), index](const BusReply& answer) {
                  const auto shown = booleanIn(answer.values);
                  if (!shown) {
                      askShell(index + 1);
                      return;
                  }
-                 lookup->mayBeThere = true;
+                 lookup->mayExist = true;
                  if (purpose == Purpose::toggle) {
                      setShown(shells[index], !*shown);
                  }
@@ -109,23 +109,23 @@ private:
     void setShown(const Shell& shell, bool shown) {
         call(ofShell(shell, "Set"),
              g_variant_new("(ssv)", shell.interface, shownProperty, g_variant_new_boolean(shown)),
-             [kept = alive()](const BusAnswer&) {});
+             [kept = alive()](const BusReply&) {});
     }
 
     // Check first: KWin reports success even for a shortcut that does not exist. The shortcut
     // exists only while KWin can draw the overview.
     void askKWin() {
-        call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusAnswer& answer) {
+        call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusReply& answer) {
             const bool isThere = holds(answer.values, kwinShortcut);
-            lookup->mayBeThere = isThere;
+            lookup->mayExist = isThere;
             if (purpose == Purpose::look) {
                 return;
             }
             if (isThere) {
                 call(ofKWin("invokeShortcut"), g_variant_new("(s)", kwinShortcut),
-                     [kept = alive()](const BusAnswer&) {});
+                     [kept = alive()](const BusReply&) {});
             } else {
-                logLine("services", "no overview is on the bus");
+                logLine("services", "no overview service on the bus");
             }
         });
     }
@@ -144,13 +144,13 @@ void LinuxOverview::toggle() {
         std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::toggle, lookup));
 }
 
-bool LinuxOverview::mayBeThere() {
-    const bool wasThere = lookup->mayBeThere; // before the next lookup can change it
+bool LinuxOverview::mayExist() {
+    const bool didExist = lookup->mayExist; // before the next lookup can change it
     if (!lookup->isPending.exchange(true)) {
         requests.start(
             std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::look, lookup));
     }
-    return wasThere;
+    return didExist;
 }
 
 } // namespace glidemap

@@ -22,7 +22,7 @@ namespace glidemap {
 
 // The result of the last lookup, shared with a pending one on the desktop thread.
 struct OverviewLookup {
-    std::atomic<bool> mayBeThere = true;
+    std::atomic<bool> mayExist = true;
     std::atomic<bool> isPending = false;
 };
 
@@ -36,7 +36,7 @@ public:
 
     // False if the last lookup found no overview. Starts the next lookup in the background, unless
     // one is pending: each opens a connection to the bus, which limits how many there are.
-    bool mayBeThere();
+    bool mayExist();
 
 private:
     const std::chrono::milliseconds patience;

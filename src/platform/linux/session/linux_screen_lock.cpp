@@ -49,7 +49,7 @@ public:
           refused(std::move(otherwise)) {}
 
     void begin() override {
-        call(lockSession, nullptr, [this, kept = alive()](const BusAnswer& answer) {
+        call(lockSession, nullptr, [this, kept = alive()](const BusReply& answer) {
             logindKnows = answer.values != nullptr || answer.isLate;
             answer.values != nullptr ? waitUntilLocked() : lookForLockers();
         });
@@ -78,7 +78,7 @@ private:
     // A late report still skips the services that have not been called yet.
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
-             [this, kept = alive()](const BusAnswer& answer) {
+             [this, kept = alive()](const BusReply& answer) {
                  if (saysLocked(answer.values)) {
                      locked = true;
                      stopWaiting();
@@ -90,7 +90,7 @@ private:
     void lookForLockers() {
         lockers = SessionLockers::ofThisSession();
         if (lockers->isLocked()) {
-            logLine("services", "a locker runs already");
+            logLine("services", "a locker is already running");
         } else if (logindKnows && lockers->listensToLogind()) {
             logLine("services", "a locker listens to logind");
         } else {
@@ -106,9 +106,9 @@ private:
             return;
         }
         ask(savers[index], IfNotRunning::leave,
-            [this, kept = alive(), index](const BusAnswer& answer) {
+            [this, kept = alive(), index](const BusReply& answer) {
                 mayComeUp = mayComeUp || answer.isLate;
-                if (answer.nobodyThere && belongsTo(savers[index], currentDesktop)) {
+                if (answer.serviceMissing && belongsTo(savers[index], currentDesktop)) {
                     missing.push_back(index);
                 }
                 if (answer.values == nullptr && !locked) {
@@ -123,7 +123,7 @@ private:
             return;
         }
         ask(savers[missing[number]], IfNotRunning::start,
-            [this, kept = alive(), number](const BusAnswer& answer) {
+            [this, kept = alive(), number](const BusReply& answer) {
                 mayComeUp = mayComeUp || answer.isLate;
                 if (answer.values == nullptr && !locked) {
                     startMissing(number + 1);
@@ -170,7 +170,7 @@ private:
 
     void giveUp() {
         if (mayComeUp) {
-            logLine("services", "a locker may still come up: no shortcut is typed");
+            logLine("services", "a locker may still appear: no shortcut is typed");
         } else {
             mainQueue.submit(std::move(refused));
         }

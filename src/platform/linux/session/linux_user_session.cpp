@@ -77,7 +77,7 @@ private:
 
     void read(std::function<void()> then) {
         call(getSession, g_variant_new("(s)", sessionInterface),
-             [this, kept = alive(), then = std::move(then)](const BusAnswer& answer) {
+             [this, kept = alive(), then = std::move(then)](const BusReply& answer) {
                  isOpen = isOpen || answer.busIsOpen;
                  report(answer.values);
                  if (then && isOpen) {
@@ -164,7 +164,7 @@ private:
     void read(const ScreenSaver& saver, std::function<void()> then) {
         call(saver.method("GetActive"), nullptr,
              [this, kept = alive(), name = saver.name,
-              then = std::move(then)](const BusAnswer& answer) {
+              then = std::move(then)](const BusReply& answer) {
                  isOpen = isOpen || answer.busIsOpen;
                  report(name, answer.values);
                  if (then && isOpen) {

@@ -31,7 +31,7 @@ State stateFrom(GnomeExtension::State extension) {
     return State::notNeeded;
 }
 
-std::filesystem::path formsBesideTheProgram() {
+std::filesystem::path installedExtensionForms() {
     const std::filesystem::path program = programFile();
     return program.parent_path().parent_path() / "share" / "glidemap" / "gnome-shell";
 }
@@ -53,7 +53,7 @@ Status installed(const GnomeDesktopHelper::Shell& shell) {
 } // namespace
 
 GnomeDesktopHelper::Shell GnomeDesktopHelper::runningShell() {
-    const GnomeExtension extension(formsBesideTheProgram());
+    const GnomeExtension extension(installedExtensionForms());
     return {[extension] { return extension.status(); },
             [extension] {
                 return extension.install();

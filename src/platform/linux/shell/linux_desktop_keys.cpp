@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// The toolkit leaves the request in its buffer, and the next keys would still be the window's.
+// Qt leaves the request in its buffer; until it is sent, the window would still receive the keys.
 void waitUntilDone(xcb_connection_t* server) {
     std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
 }
@@ -21,21 +21,21 @@ LinuxDesktopKeys::~LinuxDesktopKeys() {
     giveBack();
 }
 
-void LinuxDesktopKeys::lendTo(QWindow& window) {
-    if (borrower == &window || x11Connection() == nullptr) {
+void LinuxDesktopKeys::captureFor(QWindow& window) {
+    if (captureWindow == &window || x11Connection() == nullptr) {
         return;
     }
     giveBack();
     if (window.setKeyboardGrabEnabled(true)) {
-        borrower = &window;
+        captureWindow = &window;
     }
 }
 
 void LinuxDesktopKeys::giveBack() {
-    if (borrower != nullptr) {
-        borrower->setKeyboardGrabEnabled(false);
+    if (captureWindow != nullptr) {
+        captureWindow->setKeyboardGrabEnabled(false);
         waitUntilDone(x11Connection());
-        borrower = nullptr;
+        captureWindow = nullptr;
     }
 }
 

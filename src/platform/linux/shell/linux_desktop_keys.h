@@ -1,4 +1,4 @@
-// Lends the desktop's own keys to a window on X11: meanwhile the window grabs the keyboard, which
+// Lets a window on X11 receive the desktop's own keys: the window grabs the keyboard, which
 // bypasses the window manager's key bindings. The server ends the grab with the window and with the
 // program.
 //
@@ -7,7 +7,7 @@
 //
 // Thread:  the main thread.
 // Owner:   the key presses.
-// Errors:  none; if another program has grabbed the keyboard, nothing is lent.
+// Errors:  none; if another program has grabbed the keyboard, the window does not receive them.
 #pragma once
 
 #include "ui/recorder/desktop_keys.h"
@@ -21,11 +21,11 @@ class LinuxDesktopKeys : public DesktopKeys {
 public:
     ~LinuxDesktopKeys() override;
 
-    void lendTo(QWindow& window) override;
+    void captureFor(QWindow& window) override;
     void giveBack() override;
 
 private:
-    QPointer<QWindow> borrower;
+    QPointer<QWindow> captureWindow;
 };
 
 } // namespace glidemap

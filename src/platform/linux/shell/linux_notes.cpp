@@ -20,23 +20,24 @@ std::string LinuxNotes::missingNodes(const Lang& lang) const {
     const bool mayType = nodes->mayMakeDevices();
     if (!mayRead && !mayType) {
         return lang.choose("Glidemap has no access to the touchpad and the virtual keyboard.",
-                           "Glidemap 没有触控板和虚拟键盘的访问权限。");
+                           "Glidemap 没有访问触控板和虚拟键盘的权限。");
     }
     if (!mayRead) {
         return lang.choose("Glidemap has no access to the touchpad.",
-                           "Glidemap 没有触控板的访问权限。");
+                           "Glidemap 没有访问触控板的权限。");
     }
     return mayType ? std::string()
                    : lang.choose("Glidemap has no access to the virtual keyboard.",
-                                 "Glidemap 没有虚拟键盘的访问权限。");
+                                 "Glidemap 没有访问虚拟键盘的权限。");
 }
 
 std::string LinuxNotes::byHand(const Lang& lang) const {
     const std::string program = prompt.grantingProgram();
     if (program.empty()) {
-        return lang.choose("Access cannot be granted, because Glidemap is not installed for all "
-                           "users. Install the Glidemap package.",
-                           "Glidemap 未为所有用户安装，因此无法授予权限。请安装 Glidemap 软件包。");
+        return lang.choose(
+            "Access cannot be granted, because Glidemap is not installed for all "
+            "users. Install the Glidemap package.",
+            "Glidemap 不是为所有用户安装的，因此无法授予权限。请安装 Glidemap 软件包。");
     }
     return lang.choose("The request for access failed or was denied. To grant access, run in a "
                        "terminal: sudo ",
@@ -47,7 +48,7 @@ std::string LinuxNotes::byHand(const Lang& lang) const {
 std::string LinuxNotes::accessButton(const Lang& lang) const {
     return lang.choose("Asks for an administrator password, then grants access to the touchpad and "
                        "a virtual keyboard",
-                       "需要输入管理员密码，然后授予触控板和虚拟键盘的访问权限");
+                       "输入管理员密码后，授予 Glidemap 访问触控板和虚拟键盘的权限");
 }
 
 std::string LinuxNotes::launchAtLogin(const Lang& lang) const {

@@ -16,14 +16,14 @@ namespace glidemap {
 
 LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
     : accessPrompt(mainQueue, grantAccessCommand()),
-      devices(desktop, mainQueue, [this] { lookAgain(); }), overview(desktop),
+      devices(desktop, mainQueue, [this] { retryServices(); }), overview(desktop),
       portal(desktop, *mainQueue), appearance(portal.settings()),
       trust(std::make_shared<InputTrust>(std::make_unique<UdevInputNodes>(),
                                          [this] { accessPrompt.ask(); })),
       workspace(std::make_shared<LinuxWorkspace>(
           desktop, desktopBackends(desktop),
           LinuxWorkspace::Panels{.missionControl = [this] { overview.toggle(); },
-                                 .hasMissionControl = [this] { return overview.mayBeThere(); },
+                                 .hasMissionControl = [this] { return overview.mayExist(); },
                                  .accessibilitySettings =
                                      [this] {
                                          accessPrompt.ask();
@@ -34,11 +34,11 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
           makeSharedEngine(touchDriverPlatform(), setUpResponsiveThread))),
       keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))),
       toSession(session->changes().subscribe({}, [this] { followSession(); })) {
-    overview.mayBeThere(); // starts the first lookup
+    overview.mayExist(); // starts the first lookup
     // Create the keyboard before it is needed: a desktop takes a moment to notice it.
     followSession();
     accessPrompt.onAnswer = [this] {
-        lookAgain();
+        retryServices();
     };
 }
 
@@ -50,7 +50,7 @@ void LinuxServices::followSession() {
     }
 }
 
-void LinuxServices::lookAgain() {
+void LinuxServices::retryServices() {
     followSession();
     if (onDevicesChanged) {
         onDevicesChanged();

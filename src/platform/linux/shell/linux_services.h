@@ -46,7 +46,7 @@ public:
 
 private:
     void followSession();
-    void lookAgain();
+    void retryServices();
 
     DesktopThread desktop; // outlives all services that live on it
     AccessPrompt accessPrompt;

@@ -49,10 +49,10 @@ public:
                          [this] { ask(); });
         QObject::connect(&watcher, &QDBusServiceWatcher::serviceUnregistered, &watcher,
                          [this] { become(State::missing); });
-        hostHasCome.setSingleShot(true);
-        QObject::connect(&hostHasCome, &QTimer::timeout, &hostHasCome, [this] { ask(); });
+        hostArrived.setSingleShot(true);
+        QObject::connect(&hostArrived, &QTimer::timeout, &hostArrived, [this] { ask(); });
         watcher.connection().connect(watcherName, watcherPath, watcherName,
-                                     "StatusNotifierHostRegistered", &hostHasCome, SLOT(start()));
+                                     "StatusNotifierHostRegistered", &hostArrived, SLOT(start()));
         patienceEnds.setSingleShot(true);
         QObject::connect(&patienceEnds, &QTimer::timeout, &patienceEnds,
                          [this] { become(State::missing); });
@@ -102,7 +102,7 @@ private:
     const std::function<void()> changed;
     State state = State::unknown;
     QDBusServiceWatcher watcher;
-    QTimer hostHasCome; // at once: D-Bus signals need slots with names
+    QTimer hostArrived; // fires at once; D-Bus signals can only call named slots
     QTimer patienceEnds;
     std::unique_ptr<QDBusPendingCallWatcher> reply;
 };

@@ -90,7 +90,7 @@ private:
     static void opened(GObject* source, GAsyncResult* result, gpointer listener);
     void listen();
     void read();
-    void heard(const std::string& signal, GVariant* arguments);
+    void onSignal(const std::string& signal, GVariant* arguments);
     void notifyIfNew();
 
     const Notify notify;
@@ -132,7 +132,7 @@ void PortalAppearance::Listener::opened(GObject* /*source*/, GAsyncResult* resul
 // Subscribe before reading, so that no change between the two is lost.
 void PortalAppearance::Listener::listen() {
     bus->subscribe(portal, [this](const std::string& signal, GVariant* arguments) {
-        heard(signal, arguments);
+        onSignal(signal, arguments);
     });
     bus->watchName(
         portal.name.c_str(), [this](const std::string& /*owner*/) { read(); }, [] {});
@@ -147,7 +147,7 @@ void PortalAppearance::Listener::read() {
               });
 }
 
-void PortalAppearance::Listener::heard(const std::string& signal, GVariant* arguments) {
+void PortalAppearance::Listener::onSignal(const std::string& signal, GVariant* arguments) {
     if (signal != "SettingChanged" || !g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ssv)"))) {
         return;
     }

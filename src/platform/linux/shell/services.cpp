@@ -51,7 +51,7 @@ std::shared_ptr<LinuxApplicationShell> makeShell(const SingleInstance::Request& 
     return shell;
 }
 
-// What the program's services run on.
+// The foundation of the program's services: it must outlive them.
 struct Foundation {
     Foundation(const std::shared_ptr<MainQueue>& mainQueue,
                const SingleInstance::Request& activation, SystemEvents events)

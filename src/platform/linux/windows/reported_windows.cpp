@@ -7,21 +7,21 @@ namespace glidemap {
 
 namespace {
 
-bool sameToTheListener(const WindowIdentity& one, const WindowIdentity& other) {
+bool isEqualForListener(const WindowIdentity& one, const WindowIdentity& other) {
     return one.appID == other.appID && one.instance == other.instance &&
            one.process == other.process && (one.title == other.title || !one.appID.empty());
 }
 
-bool sameToTheListener(const std::optional<WindowIdentity>& one,
-                       const std::optional<WindowIdentity>& other) {
-    return one && other ? sameToTheListener(*one, *other) : one.has_value() == other.has_value();
+bool isEqualForListener(const std::optional<WindowIdentity>& one,
+                        const std::optional<WindowIdentity>& other) {
+    return one && other ? isEqualForListener(*one, *other) : one.has_value() == other.has_value();
 }
 
-bool sameToTheListener(const std::vector<WindowIdentity>& some,
-                       const std::vector<WindowIdentity>& others) {
+bool isEqualForListener(const std::vector<WindowIdentity>& some,
+                        const std::vector<WindowIdentity>& others) {
     return std::equal(some.begin(), some.end(), others.begin(), others.end(),
                       [](const WindowIdentity& one, const WindowIdentity& other) {
-                          return sameToTheListener(one, other);
+                          return isEqualForListener(one, other);
                       });
 }
 
@@ -29,11 +29,11 @@ bool sameToTheListener(const std::vector<WindowIdentity>& some,
 
 void ReportedWindows::report(WindowListener& listener, std::vector<WindowIdentity> windows,
                              std::optional<WindowIdentity> active) {
-    if (!reportedWindows || !sameToTheListener(*reportedWindows, windows)) {
+    if (!reportedWindows || !isEqualForListener(*reportedWindows, windows)) {
         reportedWindows = std::move(windows);
         listener.windowsChanged(*reportedWindows);
     }
-    if (!reportedActive || !sameToTheListener(*reportedActive, active)) {
+    if (!reportedActive || !isEqualForListener(*reportedActive, active)) {
         reportedActive = std::move(active);
         listener.activeWindowChanged(*reportedActive);
     }

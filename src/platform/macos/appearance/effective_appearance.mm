@@ -6,7 +6,7 @@ namespace {
 
 NSString* const key = @"effectiveAppearance";
 
-// Only its address is used: it distinguishes our observation from one of a superclass.
+// Only the address is used: it distinguishes our observation from one of a superclass.
 int ownObservation;
 
 } // namespace

@@ -75,14 +75,14 @@ bool QuartzClickTap::create(Callback callback) {
     if (!made) {
         return false;
     }
-    Owned<CFRunLoopSourceRef> heard(
+    Owned<CFRunLoopSourceRef> newSource(
         CFMachPortCreateRunLoopSource(kCFAllocatorDefault, made.get(), sourceOrder));
-    if (!heard) {
+    if (!newSource) {
         return false;
     }
-    CFRunLoopAddSource(CFRunLoopGetMain(), heard.get(), kCFRunLoopCommonModes);
+    CFRunLoopAddSource(CFRunLoopGetMain(), newSource.get(), kCFRunLoopCommonModes);
     port = std::move(made);
-    source = std::move(heard);
+    source = std::move(newSource);
     return true;
 }
 

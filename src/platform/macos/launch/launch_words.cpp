@@ -20,20 +20,22 @@ bool isValue(std::string_view argument) {
 } // namespace
 
 const char* const launchHelp =
-    R"(Runs actions for trackpad gestures. Started again, it shows the settings window
-of the running instance.
+    R"(Runs actions for trackpad gestures. If Glidemap is already running, shows its settings window.
 
   Glidemap [--verbose | --diagnose | --version | --help]
 
-  --verbose     log each decision to standard error, and never what is typed
-  --diagnose    print what Glidemap finds here, as a page for a report, and exit
+  --verbose     log each decision to standard error, but never what is typed
+  --diagnose    print a page for a bug report (devices, access, services) and exit
+  --version     print the version
+  --help        show this help
 
-It lives in the menu bar and ends from the menu there, by Command-Q in its window, or by SIGTERM.
+Glidemap runs in the menu bar. Quit it from its menu, with Command-Q in its window, or with SIGTERM.
 
   GLIDEMAP_LOG=1    the same as --verbose
 
-Exit status: 0 after a normal exit, or once the running instance has shown its window; 1 when the running
-instance does not respond, an instance cannot be detected, or the display is lost; 2 for a wrong command line.
+Exit status: 0 after a normal exit, or when the running instance has shown its window; 1 if the
+running instance does not respond, an instance cannot be detected, or the display is lost; 2 for an
+invalid command line.
 )";
 
 std::size_t leadingSystemArguments(std::span<char* const> arguments) {

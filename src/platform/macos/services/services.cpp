@@ -40,7 +40,7 @@ std::filesystem::path dataFolder() {
     if (const auto folder = applicationSupportFolder()) {
         return *folder;
     }
-    std::cerr << "glidemap: the system names no folder for Application Support" << std::endl;
+    std::cerr << "glidemap: the system reports no Application Support folder" << std::endl;
     std::abort();
 }
 

@@ -33,8 +33,8 @@ FrontmostApplication::FrontmostApplication()
 
 FrontmostApplication::~FrontmostApplication() = default;
 
-// No activation need follow the termination, and the workspace may still report the application. If
-// another process of the application is frontmost, the application stays so.
+// The termination may not be followed by an activation, and the workspace may still report the
+// application. If another process of the application is frontmost, the application stays frontmost.
 void FrontmostApplication::applicationEnded(const Application& ended) {
     if (current() != ended) {
         return;

@@ -28,7 +28,7 @@ QPaintEngine::Type ShapeRecorder::type() const {
 void ShapeRecorder::drawPath(const QPainterPath& path) {
     const QTransform placed = painter()->combinedTransform();
     if (std::abs(std::abs(placed.determinant()) - 1) > 1e-9) {
-        fault("a symbol is scaled, which its pen is not");
+        fault("a symbol is scaled, but its pen is not");
     }
     // In the order in which SVG paints them.
     if (painter()->brush().style() != Qt::NoBrush) {
@@ -41,12 +41,12 @@ void ShapeRecorder::drawPath(const QPainterPath& path) {
 
 void ShapeRecorder::drawPolygon(const QPointF* /*points*/, int /*count*/,
                                 PolygonDrawMode /*mode*/) {
-    fault("a symbol has something that is no path");
+    fault("a symbol contains an element that is not a path");
 }
 
 void ShapeRecorder::drawPixmap(const QRectF& /*where*/, const QPixmap& /*picture*/,
                                const QRectF& /*part*/) {
-    fault("a symbol has a picture in it");
+    fault("a symbol contains an image");
 }
 
 } // namespace glidemap

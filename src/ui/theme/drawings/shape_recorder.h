@@ -1,12 +1,14 @@
-// A paint engine that writes down the shapes that are painted, in order, each as its outline and the pen it is drawn with. A shape
-// without a pen is filled.
+// A paint engine that records the painted shapes in order: each with its outline and its pen. A
+// shape without a pen is filled.
 //
-// A shape that is filled and drawn at once becomes two: SVG libraries differ in whether they paint both in one call.
+// A shape that is both filled and stroked becomes two: SVG libraries differ in whether they paint
+// both in one call.
 //
 // Units:   those of the painted device; no shape may be scaled, because its pen is not.
 // Thread:  one that uses QPainter.
 // Owner:   the paint device that returns it.
-// Errors:  onFault is called for what cannot be a shape; what was painted is then incomplete.
+// Errors:  calls onFault for a painting operation that cannot be recorded; the result is then
+//          incomplete.
 #pragma once
 
 #include <QDataStream>

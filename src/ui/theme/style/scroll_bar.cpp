@@ -40,7 +40,7 @@ QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
     qint64 handle = length;
     if (range > 0) {
         handle = qint64(length) * option.pageStep / (range + option.pageStep);
-        handle = std::clamp<qint64>(handle, std::min(scrollBarLeastHandle, length), length);
+        handle = std::clamp<qint64>(handle, std::min(scrollBarMinHandle, length), length);
     }
     const int size = static_cast<int>(handle);
     const int start = QStyle::sliderPositionFromValue(

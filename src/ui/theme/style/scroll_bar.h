@@ -12,7 +12,7 @@ class QStyleOptionSlider;
 namespace glidemap::style {
 
 constexpr int scrollBarExtent = 12;
-constexpr int scrollBarLeastHandle = 28;
+constexpr int scrollBarMinHandle = 28;
 
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& handle);
 

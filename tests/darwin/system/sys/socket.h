@@ -1,5 +1,5 @@
-// A Mac sets no flags on a descriptor with the call that makes it, and has a socket that raises no signal. The value of
-// that option is from memory.
+// On a Mac, socket() takes no flags, and a socket option suppresses SIGPIPE. The option's value is
+// from memory and not checked against a Mac.
 #pragma once
 
 #include_next <sys/socket.h>

@@ -26,7 +26,7 @@ protected:
     std::unique_ptr<AccessPrompt> prompt(std::vector<std::string> asking) {
         auto made = std::make_unique<AccessPrompt>(queue, std::move(asking));
         made->onAnswer = [this] {
-            ++heard;
+            ++received;
         };
         return made;
     }
@@ -38,7 +38,7 @@ protected:
     const std::filesystem::path asked = folder.path() / "asked";
     const std::filesystem::path answers = folder.path() / "answers";
     std::shared_ptr<kit::FakeMainQueue> queue = std::make_shared<kit::FakeMainQueue>();
-    int heard = 0;
+    int received = 0;
 };
 
 TEST_F(AccessPromptTest, EachClosedPromptIsReportedOnTheMainThread) {
@@ -48,9 +48,9 @@ TEST_F(AccessPromptTest, EachClosedPromptIsReportedOnTheMainThread) {
         queue->runAll();
         answer();
         queue->waitForOne();
-        EXPECT_EQ(heard, round - 1);
+        EXPECT_EQ(received, round - 1);
         queue->runAll();
-        EXPECT_EQ(heard, round);
+        EXPECT_EQ(received, round);
     }
     EXPECT_EQ(test::contentOf(asked), "xx");
 }
@@ -65,7 +65,7 @@ TEST_F(AccessPromptTest, OnePromptIsOpenAtATime) {
     queue->waitForOne();
     queue->runAll();
     EXPECT_EQ(test::contentOf(asked), "x");
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(received, 1);
 }
 
 TEST_F(AccessPromptTest, PromptThatCannotStartHasFailedAndCanBeRepeated) {
@@ -74,11 +74,11 @@ TEST_F(AccessPromptTest, PromptThatCannotStartHasFailedAndCanBeRepeated) {
     made->ask();
     queue->runAll();
     EXPECT_TRUE(made->hasFailed());
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(received, 1);
     made->ask();
     EXPECT_EQ(queue->waiting(), 1U);
     queue->runAll();
-    EXPECT_EQ(heard, 2);
+    EXPECT_EQ(received, 2);
 }
 
 TEST_F(AccessPromptTest, FailedAuthenticationHasFailedButDismissalHasNot) {
@@ -136,7 +136,7 @@ TEST_F(AccessPromptTest, PromptThatClosesAfterDestructionIsNotReported) {
     answer();
     queue->waitForOne();
     queue->runAll();
-    EXPECT_EQ(heard, 0);
+    EXPECT_EQ(received, 0);
 }
 
 } // namespace

@@ -102,14 +102,14 @@ TEST(GrantPromptTest, ProgramOfThisUserIsNeverRunAsRoot) {
     const OwnInstallation own;
     const auto command = grantAccessCommand(own.program());
     EXPECT_TRUE(command.empty() || command[1].starts_with("/usr/")) << command[1];
-    EXPECT_FALSE(isOnlyRoots(own.grantAccess()));
+    EXPECT_FALSE(isWritableOnlyByRoot(own.grantAccess()));
 }
 
-TEST(GrantPromptTest, SystemFileBelongsToRootAlone) {
-    EXPECT_TRUE(isOnlyRoots(fs::canonical("/bin/sh")));
-    EXPECT_TRUE(isOnlyRoots("/"));
-    EXPECT_FALSE(isOnlyRoots("/tmp"));
-    EXPECT_FALSE(isOnlyRoots("/nowhere/at/all"));
+TEST(GrantPromptTest, SystemFileIsWritableOnlyByRoot) {
+    EXPECT_TRUE(isWritableOnlyByRoot(fs::canonical("/bin/sh")));
+    EXPECT_TRUE(isWritableOnlyByRoot("/"));
+    EXPECT_FALSE(isWritableOnlyByRoot("/tmp"));
+    EXPECT_FALSE(isWritableOnlyByRoot("/nowhere/at/all"));
 }
 
 // Only root may write to it or to its parents. Tests run at the same time, so each has its own.
@@ -117,7 +117,7 @@ fs::path folderOfRoot(const std::string& name) {
     return "/usr/local/glidemap-grant-prompt-" + name + "-" + std::to_string(getpid());
 }
 
-TEST(GrantPromptTest, FileInAFolderOfAnotherUserDoesNotBelongToRootAlone) {
+TEST(GrantPromptTest, FileInAFolderOfAnotherUserIsNotWritableOnlyByRoot) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may change the owner of files";
     }
@@ -125,16 +125,16 @@ TEST(GrantPromptTest, FileInAFolderOfAnotherUserDoesNotBelongToRootAlone) {
     fs::create_directories(folder / "libexec");
     const fs::path file = folder / "libexec/file";
     std::ofstream(file) << "";
-    EXPECT_TRUE(isOnlyRoots(file));
+    EXPECT_TRUE(isWritableOnlyByRoot(file));
     fs::permissions(file, fs::perms::all);
-    EXPECT_FALSE(isOnlyRoots(file));
+    EXPECT_FALSE(isWritableOnlyByRoot(file));
     fs::permissions(file, fs::perms::owner_all);
     EXPECT_EQ(chown(folder.c_str(), 65534, 65534), 0);
-    EXPECT_FALSE(isOnlyRoots(file));
+    EXPECT_FALSE(isWritableOnlyByRoot(file));
     fs::remove_all(folder);
 }
 
-TEST(GrantPromptTest, InstallationOfRootRunsItsOwnProgram) {
+TEST(GrantPromptTest, InstallationOwnedByRootRunsItsOwnProgram) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may install for all users";
     }

@@ -143,7 +143,7 @@ TEST_F(ApplicationLauncherTest, InvalidEntryIsNotLaunched) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, TheLogSaysWhyNothingWasStarted) {
+TEST_F(ApplicationLauncherTest, LogNamesTheReasonOfAFailedStart) {
     enableLog();
     testing::internal::CaptureStderr();
     launch("file:///nowhere/at/all.desktop");
@@ -152,10 +152,10 @@ TEST_F(ApplicationLauncherTest, TheLogSaysWhyNothingWasStarted) {
     installAndLaunch("broken", "Exec=" + broken.string() + "\n");
     installAndLaunch("quote", "Exec=sh -c \"open\n");
     const std::string log = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(log, testing::HasSubstr("nothing to start in file:///nowhere/at/all.desktop"));
+    EXPECT_THAT(log, testing::HasSubstr("no program to start in file:///nowhere/at/all.desktop"));
     EXPECT_THAT(log, testing::HasSubstr("broken.desktop was not started: " + broken.string() +
                                         ": No such file or directory"));
-    EXPECT_THAT(log, testing::HasSubstr("nothing to start in file://" + folder.path().string()));
+    EXPECT_THAT(log, testing::HasSubstr("no program to start in file://" + folder.path().string()));
     expectNothingElse();
 }
 

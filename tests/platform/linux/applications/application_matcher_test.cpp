@@ -182,7 +182,7 @@ const Row rows[] = {
     {"Steam itself", classed("steamwebhelper", "steam"), {}, "steam"},
     {"Steam's program", classed("x", "y"), running("/usr/bin/steam"), "steam"},
 
-    // Matches by the unit.
+    // Matches by the process's systemd unit.
     {"GNOME's", classed("x", "y"), inUnit("app-gnome-sublime_text-88.scope"), "sublime_text"},
     {"KDE's", classed("x", "y"), inUnit("app-org.kde.dolphin@5f1e.service"), "org.kde.dolphin"},
     {"a unit with an escaped dash", classed("x", "y"), inUnit("app-gnome-virt\\x2dmanager-1.scope"),

@@ -170,7 +170,7 @@ TEST_F(LinuxWorkspaceTest, InstalledApplicationIsItsEntryFile) {
     EXPECT_EQ(workspace.urlForApplication("../applications/editor"), std::nullopt);
 }
 
-TEST_F(LinuxWorkspaceTest, AnApplicationsIconIsAsItsEntryNamesIt) {
+TEST_F(LinuxWorkspaceTest, IconIsTheOneNamedByTheEntry) {
     const LinuxWorkspace workspace(thread, {}, {});
     folder.install("drawn", "Name=Drawn\nExec=sh\nIcon=org.example.Drawn\n");
     folder.install("in a file", "Name=File\nExec=sh\nIcon=/opt/it.png\n");
@@ -183,7 +183,7 @@ TEST_F(LinuxWorkspaceTest, AnApplicationsIconIsAsItsEntryNamesIt) {
     EXPECT_EQ(workspace.iconOfApplication("../applications/drawn"), std::nullopt);
 }
 
-TEST_F(LinuxWorkspaceTest, OpensWhatItFinds) {
+TEST_F(LinuxWorkspaceTest, OpensTheApplicationsThatItFinds) {
     LaunchReports reports(folder.path() / "reports");
     const auto script =
         folder.script("tool", "echo opened >" + (folder.path() / "reports").string());

@@ -29,7 +29,7 @@ using desktops::ScopedEnvironment;
 
 class DetachedProcessTest : public testing::Test {
 protected:
-    // A script that writes the shell's output of the command.
+    // Returns a script that writes the command's output to the pipe.
     std::string reporting(const std::string& command) const {
         return folder.script("detached", "{ " + command + "; } >" + pipe.string() + "\n");
     }
@@ -236,7 +236,7 @@ TEST_F(DetachedProcessTest, StreamBelongsToTheJournalOnlyIfTheVariableNamesIt) {
         const JournalStream journal = journalStreamFor("tool");
         EXPECT_EQ(journal.socket, "/run/systemd/journal/stdout");
         EXPECT_EQ(journal.name, "tool");
-        EXPECT_TRUE(journal.complaints);
+        EXPECT_TRUE(journal.errorOutput);
     }
     const ScopedEnvironment here({{"JOURNAL_STREAM", "1:" + std::to_string(facts.st_ino)}});
     EXPECT_EQ(journalStreamFor("tool").socket, "");

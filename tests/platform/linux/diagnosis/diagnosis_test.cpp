@@ -90,7 +90,7 @@ TEST_F(DiagnosisTest, CreatesNoFiles) {
 TEST_F(DiagnosisTest, EndsOnABusThatNeverReplies) {
     const test::SilentSocket silent;
     const test::InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());
-    EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  session bus: does not answer\n"));
+    EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  session bus: does not reply\n"));
 }
 
 TEST_F(DiagnosisTest, CountsTheBindingsAndShowsNone) {

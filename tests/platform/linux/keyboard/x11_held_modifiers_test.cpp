@@ -72,7 +72,7 @@ public:
         script.isListening = listen;
     }
 
-    bool heardSomething() override {
+    bool discardEvents() override {
         ++script.hearings;
         eventfd_t count = 0;
         if (script.isAlive) {

@@ -51,22 +51,22 @@ protected:
 
 TEST_F(X11ServerTest, UinputKeyboardTypesIfNoModifierIsHeld) {
     EXPECT_EQ(type(controlT), 1);
-    EXPECT_EQ(stage->keysUntilNow(), Keys{});
+    EXPECT_EQ(stage->takeKeys(), Keys{});
 }
 
 TEST_F(X11ServerTest, HeldModifierIsNotPartOfTheShortcut) {
     stage->hold(KEY_LEFTSHIFT, true);
-    EXPECT_EQ(stage->keysUntilNow(), (Keys{"+42 while 0"}));
+    EXPECT_EQ(stage->takeKeys(), (Keys{"+42 while 0"}));
     EXPECT_EQ(type(controlT), 0);
-    EXPECT_EQ(stage->keysUntilNow(),
+    EXPECT_EQ(stage->takeKeys(),
               (Keys{"-42 while 1", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
 }
 
 TEST_F(X11ServerTest, HeldModifierOfTheShortcutIsPressedOnce) {
     stage->hold(KEY_LEFTCTRL, true);
-    stage->keysUntilNow();
+    stage->takeKeys();
     EXPECT_EQ(type(controlT), 0);
-    EXPECT_EQ(stage->keysUntilNow(),
+    EXPECT_EQ(stage->takeKeys(),
               (Keys{"-29 while 4", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
 }
 

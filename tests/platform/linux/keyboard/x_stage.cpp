@@ -119,7 +119,7 @@ void XStage::hold(std::uint16_t kernelCode, bool down) {
     modifiers();
 }
 
-std::vector<std::string> XStage::keysUntilNow() {
+std::vector<std::string> XStage::takeKeys() {
     hold(marker, true);
     hold(marker, false);
     std::vector<std::string> seen;

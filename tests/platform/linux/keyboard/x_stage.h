@@ -33,7 +33,7 @@ public:
 
     // Types a marker key and returns all keys received before it: "+20 while 4" means that key 20
     // was pressed while Control was held.
-    std::vector<std::string> keysUntilNow();
+    std::vector<std::string> takeKeys();
 
     // The modifiers that the server considers held.
     std::uint32_t modifiers();

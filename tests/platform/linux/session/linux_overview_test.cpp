@@ -32,7 +32,7 @@ ServiceDescription shell(const std::string& name, const std::string& path) {
 
 const ServiceDescription gnome = shell("org.gnome.Shell", "/org/gnome/Shell");
 const ServiceDescription cinnamon = shell("org.Cinnamon", "/org/Cinnamon");
-ServiceDescription kwinAnswering(const std::string& type) {
+ServiceDescription kwinReplying(const std::string& type) {
     return {"org.kde.kglobalaccel", "/component/kwin",
             "<interface name='org.kde.kglobalaccel.Component'><method name='shortcutNames'>"
             "<arg type='" +
@@ -41,7 +41,7 @@ ServiceDescription kwinAnswering(const std::string& type) {
                 "<arg type='s' direction='in'/></method></interface>"};
 }
 
-const ServiceDescription kwin = kwinAnswering("as");
+const ServiceDescription kwin = kwinReplying("as");
 
 BusDouble::Method names(const char* values) {
     return [values] {
@@ -69,7 +69,7 @@ protected:
     static bool becomes(bool wanted, LinuxOverview& overview) {
         const auto deadline = std::chrono::steady_clock::now() + test::patience;
         while (std::chrono::steady_clock::now() < deadline) {
-            if (overview.mayBeThere() == wanted) {
+            if (overview.mayExist() == wanted) {
                 return true;
             }
             std::this_thread::yield();
@@ -130,7 +130,7 @@ TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
     };
     for (const Row& row : rows) {
         Journal asked;
-        BusDouble component(bus.address(), kwinAnswering(row.type), asked);
+        BusDouble component(bus.address(), kwinReplying(row.type), asked);
         component.answer("shortcutNames", row.answer);
         LinuxOverview overview(desktop, 600s);
         overview.toggle();
@@ -141,7 +141,7 @@ TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
     }
 }
 
-TEST_F(LinuxOverviewTest, ShellWithoutAnOverviewLeavesItToTheNext) {
+TEST_F(LinuxOverviewTest, NextShellIsCalledIfOneHasNoOverview) {
     onBus({"org.gnome.Shell", "/org/gnome/Shell",
            "<interface name='org.gnome.Shell'><method name='Other'/></interface>"});
     onBus(kwin).answer("shortcutNames", names("(['Overview'],)"));
@@ -150,13 +150,13 @@ TEST_F(LinuxOverviewTest, ShellWithoutAnOverviewLeavesItToTheNext) {
 }
 
 // Each lookup opens a connection to the bus, which limits how many there are.
-TEST_F(LinuxOverviewTest, PendingLookupServesEveryQuestion) {
+TEST_F(LinuxOverviewTest, QueriesShareAPendingLookup) {
     onBus(gnome);
     LinuxOverview overview(desktop, 600s);
     std::promise<void> gate;
     desktop.submit([opened = gate.get_future().share()] { opened.wait(); });
     for (int question = 0; question < 1000; ++question) {
-        EXPECT_TRUE(overview.mayBeThere());
+        EXPECT_TRUE(overview.mayExist());
     }
     gate.set_value();
     EXPECT_TRUE(journal.waitFor("Shell: no callers left"));
@@ -165,7 +165,7 @@ TEST_F(LinuxOverviewTest, PendingLookupServesEveryQuestion) {
 
 TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {
     LinuxOverview overview(desktop, 600s);
-    EXPECT_TRUE(overview.mayBeThere());
+    EXPECT_TRUE(overview.mayExist());
     EXPECT_TRUE(becomes(false, overview));
     onBus(gnome);
     EXPECT_TRUE(becomes(true, overview));
@@ -174,10 +174,10 @@ TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {
 TEST_F(LinuxOverviewTest, LookupShowsNothing) {
     BusDouble& gnomeShell = onBus(gnome);
     LinuxOverview overview(desktop, 600s);
-    overview.mayBeThere();
+    overview.mayExist();
     EXPECT_TRUE(journal.waitFor("Shell: no callers left"));
     EXPECT_FALSE(gnomeShell.property("OverviewActive"));
-    EXPECT_TRUE(overview.mayBeThere());
+    EXPECT_TRUE(overview.mayExist());
 }
 
 TEST_F(LinuxOverviewTest, DestructionDoesNotWaitForAReply) {

@@ -33,7 +33,7 @@ using Patience = LinuxScreenLock::Patience;
 
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 // logind sends signals under the session's own path, even for calls to another path.
-constexpr const char* sessionUnderItsOwnName = "/org/freedesktop/login1/session/_31";
+constexpr const char* sessionPath = "/org/freedesktop/login1/session/_31";
 
 const ServiceDescription logind{
     "org.freedesktop.login1", "/org/freedesktop/login1/session/auto",
@@ -50,7 +50,7 @@ ServiceDescription screenSaver(const std::string& name, const std::string& path,
 const ServiceDescription gnome = screenSaver("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver");
 const ServiceDescription freedesktop = screenSaver("org.freedesktop.ScreenSaver", "/ScreenSaver");
 
-// So long that no test reaches it, unless the test shortens a limit.
+// Too long for any test to reach it, unless the test shortens a limit.
 constexpr Patience endless{600s, 600s, 600s};
 
 using Limit = std::chrono::milliseconds;
@@ -63,7 +63,7 @@ Patience withLimitOnLocked(Limit limit) {
     return patience;
 }
 
-Patience withLimitOnAnswer(Limit limit) {
+Patience withReplyLimit(Limit limit) {
     Patience patience = endless;
     patience.answer = limit;
     return patience;
@@ -153,7 +153,7 @@ TEST_F(LinuxScreenLockTest, SlowLockerIsAwaitedUntilTheSessionReportsLocked) {
     LinuxScreenLock screenLock(desktop, queue, endless);
     screenLock.lock(otherwise());
     ASSERT_TRUE(journal.waitFor("login1 get LockedHint"));
-    manager.setAndAnnounce("LockedHint", true, sessionInterface, sessionUnderItsOwnName);
+    manager.setAndAnnounce("LockedHint", true, sessionInterface, sessionPath);
     EXPECT_TRUE(journal.waitFor("let go"));
     const Lines lines = journal.lines();
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "login1 get LockedHint"), 2);
@@ -175,7 +175,7 @@ TEST_F(LinuxScreenLockTest, FallbackRunsIfNoServiceLocks) {
     EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
 }
 
-TEST_F(LinuxScreenLockTest, SessionThatCannotBeLockedLeavesItToTheScreenSaver) {
+TEST_F(LinuxScreenLockTest, ScreenSaverIsCalledIfTheSessionCannotBeLocked) {
     onSystemBus(logind).refuse("Lock");
     onSessionBus(gnome);
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "ScreenSaver.Lock()"}));
@@ -208,7 +208,7 @@ TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsCalled) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, ScreenSaverThatRefusesLeavesItToTheNext) {
+TEST_F(LinuxScreenLockTest, NextScreenSaverIsCalledIfOneRefuses) {
     onSessionBus(gnome).refuse("Lock");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), (Lines{"ScreenSaver.Lock()", "ScreenSaver.Lock()"}));
@@ -283,7 +283,7 @@ TEST_F(LinuxScreenLockTest, ServiceThatNeverRepliesCostsOnlyItsLimit) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
     const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // the service may still lock
-    EXPECT_EQ(lockInTime(expected, withLimitOnAnswer), expected);
+    EXPECT_EQ(lockInTime(expected, withReplyLimit), expected);
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
 
@@ -317,7 +317,7 @@ TEST_F(LinuxScreenLockTest, BusThatNeverRespondsCountsAsMissing) {
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     onSessionBus(gnome);
     const Lines expected{"ScreenSaver.Lock()"};
-    EXPECT_EQ(lockInTime(expected, withLimitOnAnswer), expected);
+    EXPECT_EQ(lockInTime(expected, withReplyLimit), expected);
 }
 
 TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) {
@@ -372,7 +372,7 @@ TEST_F(SessionLockTest, ServiceComesBeforeACommand) {
     EXPECT_EQ(programs.ran(), "");
 }
 
-TEST_F(SessionLockTest, FailedOrMissingCommandLeavesItToTheNext) {
+TEST_F(SessionLockTest, NextCommandRunsIfOneFailsOrIsMissing) {
     programs.start("light-locker", {}, environment);
     programs.start("xscreensaver", {}, environment);
     programs.start("xautolock", {}, environment);
@@ -382,7 +382,7 @@ TEST_F(SessionLockTest, FailedOrMissingCommandLeavesItToTheNext) {
     EXPECT_EQ(programs.ran(), "xscreensaver-command -lock\nxautolock -locknow\n");
 }
 
-TEST_F(SessionLockTest, WhereAllCommandsFailTheCallerIsCalledBack) {
+TEST_F(SessionLockTest, FallbackRunsIfAllCommandsFail) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", "exit 1");
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
@@ -396,7 +396,7 @@ TEST_F(SessionLockTest, CommandThatStillRunsMayLockLater) {
     EXPECT_EQ(lock(patience), Lines());
 }
 
-TEST_F(SessionLockTest, OneThatGoesWhileACommandRunsCallsNothing) {
+TEST_F(SessionLockTest, DestructionWhileACommandRunsSkipsTheFallback) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", untilTheTestEnds());
     {

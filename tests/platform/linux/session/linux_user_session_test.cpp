@@ -27,7 +27,7 @@ using test::ServiceDescription;
 using test::SilentSocket;
 
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
-constexpr const char* sessionUnderItsOwnName = "/org/freedesktop/login1/session/_31";
+constexpr const char* sessionPath = "/org/freedesktop/login1/session/_31";
 
 const ServiceDescription logind{"org.freedesktop.login1", "/org/freedesktop/login1/session/auto",
                                 "<interface name='org.freedesktop.login1.Session'>"
@@ -93,7 +93,7 @@ protected:
     }
 
     void announce(BusDouble& manager, const std::string& property, bool value) {
-        manager.setAndAnnounce(property, value, sessionInterface, sessionUnderItsOwnName);
+        manager.setAndAnnounce(property, value, sessionInterface, sessionPath);
     }
 
     static void announceSleep(BusDouble& manager, bool sleeps) {

@@ -32,7 +32,7 @@ protected:
     }
 
     // Waits until the shell's reply has been processed.
-    void hear() const {
+    void waitForReply() const {
         while (!queue->runNext()) {
             std::this_thread::yield();
         }
@@ -62,7 +62,7 @@ TEST_F(GnomeDesktopHelperTest, StateFollowsTheShellsReply) {
         status = row.status;
         const auto made = helper();
         EXPECT_EQ(made->state(), State::notNeeded);
-        hear();
+        waitForReply();
         EXPECT_EQ(made->state(), row.state);
         EXPECT_EQ(made->lastError(), row.error);
     }
@@ -71,13 +71,13 @@ TEST_F(GnomeDesktopHelperTest, StateFollowsTheShellsReply) {
 TEST_F(GnomeDesktopHelperTest, InstallingIsReportedAndThenVerified) {
     status = {Extension::missing, ""};
     const auto made = helper();
-    hear();
+    waitForReply();
     std::vector<State> seen;
     const auto toHelper = made->changes().subscribe({}, [&] { seen.push_back(made->state()); });
     status = {Extension::atNextLogin, ""};
     made->install();
     made->install(); // an installation is pending
-    hear();
+    waitForReply();
     EXPECT_EQ(seen, (std::vector{State::installing, State::atNextLogin}));
     EXPECT_EQ(queue->waiting(), 0U);
 }
@@ -85,25 +85,25 @@ TEST_F(GnomeDesktopHelperTest, InstallingIsReportedAndThenVerified) {
 TEST_F(GnomeDesktopHelperTest, FailureKeepsTheShellsTextUntilTheNextAttempt) {
     status = {Extension::missing, ""};
     const auto made = helper();
-    hear();
+    waitForReply();
     failure = "no space left";
     made->install();
-    hear();
+    waitForReply();
     EXPECT_EQ(made->state(), State::failed);
     EXPECT_EQ(made->lastError(), "no space left");
     failure = std::nullopt;
     status = {Extension::on, ""};
     made->install();
     EXPECT_EQ(made->lastError(), std::nullopt);
-    hear();
+    waitForReply();
     EXPECT_EQ(made->state(), State::notNeeded);
 }
 
 TEST_F(GnomeDesktopHelperTest, MainThreadNeverWaitsForTheShell) {
     const auto made = helper();
-    hear();
+    waitForReply();
     made->install();
-    hear();
+    waitForReply();
     EXPECT_EQ(threads.size(), 3U);
     for (const auto thread : threads) {
         EXPECT_NE(thread, std::this_thread::get_id());

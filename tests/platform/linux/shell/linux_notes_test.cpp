@@ -65,7 +65,7 @@ TEST_F(LinuxNotesTest, MissingNodesAreNamedInBothLanguages) {
     EXPECT_EQ(missing({.toTouchpad = true, .toKeyboard = false}),
               "Glidemap has no access to the virtual keyboard.");
     EXPECT_EQ(missing({}), "Glidemap has no access to the touchpad and the virtual keyboard.");
-    EXPECT_EQ(missing({}, nullptr, "zh"), "Glidemap 没有触控板和虚拟键盘的访问权限。");
+    EXPECT_EQ(missing({}, nullptr, "zh"), "Glidemap 没有访问触控板和虚拟键盘的权限。");
 }
 
 TEST_F(LinuxNotesTest, WithoutAnAuthenticationAgentTheNoteNamesTheCommand) {

@@ -29,7 +29,7 @@ constexpr const char* asked = "Desktop.ReadAll(['org.freedesktop.appearance', "
                               "'org.gnome.desktop.interface', 'org.kde.kdeglobals.KDE'],)";
 
 // `answer` is the reply to ReadAll, in GLib's text format.
-ServiceDescription portalAnswering(const char* answer, const std::string& type = "a{sa{sv}}") {
+ServiceDescription portalReplying(const char* answer, const std::string& type = "a{sa{sv}}") {
     ServiceDescription portal{
         "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
         "<interface name='org.freedesktop.portal.Settings'>"
@@ -47,7 +47,7 @@ ServiceDescription portalAnswering(const char* answer, const std::string& type =
 constexpr const char* nothing = "(@a{sa{sv}} {},)";
 constexpr const char* dark =
     "({'org.freedesktop.appearance': {'color-scheme': <uint32 1>, 'contrast': <uint32 0>}},)";
-constexpr const char* lightAndStill =
+constexpr const char* lightWithReducedMotion =
     "({'org.gnome.desktop.interface': {'clock-format': <'24h'>, 'enable-animations': <false>},"
     "  'org.freedesktop.appearance': {'color-scheme': <uint32 2>}},)";
 
@@ -86,7 +86,7 @@ protected:
 };
 
 TEST_F(PortalAppearanceTest, RunningPortalIsQueriedOnce) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(described(*appearance.settings()), "unknown");
     EXPECT_EQ(next(appearance), "dark");
@@ -94,27 +94,27 @@ TEST_F(PortalAppearanceTest, RunningPortalIsQueriedOnce) {
 }
 
 TEST_F(PortalAppearanceTest, AllSettingsArriveInOneUpdate) {
-    onBus(portalAnswering(lightAndStill));
+    onBus(portalReplying(lightWithReducedMotion));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "light, still");
 }
 
 TEST_F(PortalAppearanceTest, ObserversAreNotifiedBeforeAndAfterAChange) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     const auto settings = appearance.settings();
-    Lines heard;
+    Lines updates;
     const auto watch =
-        settings->changes().subscribe([&] { heard.push_back("will: " + described(*settings)); },
-                                      [&] { heard.push_back("did: " + described(*settings)); });
+        settings->changes().subscribe([&] { updates.push_back("will: " + described(*settings)); },
+                                      [&] { updates.push_back("did: " + described(*settings)); });
     ASSERT_TRUE(queue.waitForOne());
-    EXPECT_EQ(heard, Lines());
+    EXPECT_EQ(updates, Lines());
     queue.runAll();
-    EXPECT_EQ(heard, (Lines{"will: unknown", "did: dark"}));
+    EXPECT_EQ(updates, (Lines{"will: unknown", "did: dark"}));
 }
 
 TEST_F(PortalAppearanceTest, ChangeIsFollowed) {
-    BusDouble& portal = onBus(portalAnswering(dark));
+    BusDouble& portal = onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
     change(portal, common, "color-scheme", "uint32 2");
@@ -127,7 +127,7 @@ TEST_F(PortalAppearanceTest, ChangeIsFollowed) {
 }
 
 TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread) {
-    BusDouble& portal = onBus(portalAnswering(dark));
+    BusDouble& portal = onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
     change(portal, "org.gnome.desktop.interface", "clock-format", "'12h'");
@@ -141,10 +141,10 @@ TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread)
 }
 
 TEST_F(PortalAppearanceTest, SignalsOfOtherProgramsAreIgnored) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
-    auto other = portalAnswering(nothing);
+    auto other = portalReplying(nothing);
     other.name = "org.example.Other";
     BusDouble stranger(bus.address(), other, journal);
     change(stranger, common, "color-scheme", "uint32 2");
@@ -158,23 +158,23 @@ TEST_F(PortalAppearanceTest, MissingPortalIsNotStartedButQueriedWhenItAppears) {
     bus.makeStartable("org.freedesktop.portal.Desktop", "/usr/bin/touch " + started.string());
     const PortalAppearance appearance(desktop, queue);
     desktop.call([] {}); // waits until it has started
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     EXPECT_EQ(next(appearance), "dark");
     EXPECT_FALSE(std::filesystem::exists(started));
 }
 
 TEST_F(PortalAppearanceTest, KnownSettingsStayUntilTheNextPortalReportsOthers) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
     service.reset();
-    onBus(portalAnswering(lightAndStill));
+    onBus(portalReplying(lightWithReducedMotion));
     EXPECT_EQ(next(appearance), "light, still");
     BusDouble& portal = *service;
     change(portal, common, "color-scheme", "uint32 1");
     EXPECT_EQ(next(appearance), "dark, still");
     service.reset();
-    onBus(portalAnswering(nothing));
+    onBus(portalReplying(nothing));
     EXPECT_EQ(next(appearance), "unknown");
 }
 
@@ -193,7 +193,7 @@ TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
         Journal calls;
-        auto description = portalAnswering(row.answer, row.type);
+        auto description = portalReplying(row.answer, row.type);
         if (row.answer == nullptr) {
             description.methods["ReadAll"] = [] {
                 return nullptr;
@@ -208,7 +208,7 @@ TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
 }
 
 TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) {
-    onBus(portalAnswering(dark)).keepSilent("ReadAll");
+    onBus(portalReplying(dark)).keepSilent("ReadAll");
     {
         const PortalAppearance appearance(desktop, queue);
         ASSERT_TRUE(journal.waitFor(asked));
@@ -218,7 +218,7 @@ TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) 
 }
 
 TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     std::shared_ptr<AppearanceSettings> settings;
     {
         const PortalAppearance appearance(desktop, queue);
@@ -230,7 +230,7 @@ TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
 }
 
 TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     {
         const PortalAppearance appearance(desktop, queue);
         ASSERT_TRUE(queue.waitForOne());
@@ -239,7 +239,7 @@ TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
 }
 
 TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
-    onBus(portalAnswering(dark));
+    onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
     bus.kill();

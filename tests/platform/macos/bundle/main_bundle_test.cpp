@@ -23,7 +23,7 @@ TEST_F(MainBundleTest, ReturnsTheVersionWithoutAnOuterPool) {
 
 TEST_F(MainBundleTest, ReturnsNulloptWithoutAVersion) {
     for (const Information information :
-         {Information::none, Information::empty, Information::versionThatIsNoText}) {
+         {Information::none, Information::empty, Information::manifestWithoutTextVersion}) {
         files().information = information;
         EXPECT_EQ(bundleShortVersion(), std::nullopt);
     }

@@ -70,7 +70,7 @@ TEST(WorkspaceContract, HasTheInterfacesOfTheAppearance) {
         instancesAnswer([NSWorkspace class], @selector(accessibilityDisplayShouldReduceMotion)));
 }
 
-TEST(WorkspaceContract, HasTheNames) {
+TEST(WorkspaceContract, HasTheNamesOfTheNotifications) {
     for (NSString* const name :
          {NSWorkspaceDidActivateApplicationNotification,
           NSWorkspaceDidTerminateApplicationNotification,

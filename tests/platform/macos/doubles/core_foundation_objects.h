@@ -45,7 +45,7 @@ std::vector<std::pair<CFTypeRef, CFTypeRef>> entriesOf(CFDictionaryRef dictionar
 // A constant text of the system, which is never released.
 CFStringRef constantText(const char* text);
 
-// The name of a constant: the content of a text, or the tests' word for others.
+// The name of a constant: a text's content, or a name that the tests define for other objects.
 std::string nameOf(CFTypeRef constant);
 
 // Controls the fakes; the fixture's set-up resets it.

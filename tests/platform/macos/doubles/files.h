@@ -8,7 +8,7 @@
 namespace glidemap::doubles {
 
 struct Files {
-    enum class Information { none, empty, version, versionThatIsNoText };
+    enum class Information { none, empty, version, manifestWithoutTextVersion };
 
     Information information = Information::version;
     std::string version = "1.4.2";

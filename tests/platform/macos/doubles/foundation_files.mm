@@ -51,7 +51,7 @@ using namespace glidemap::doubles;
         return [NSDictionary dictionary];
     case Files::Information::version:
         return [NSDictionary dictionaryWithObject:stringOf(files().version) forKey:key];
-    case Files::Information::versionThatIsNoText:
+    case Files::Information::manifestWithoutTextVersion:
         return [NSDictionary dictionaryWithObject:[NSArray array] forKey:key];
     }
 }

@@ -183,7 +183,7 @@ NSString* stringOf(const std::string& text) {
 + (instancetype)URLWithString:(NSString*)URLString {
     const std::string given = [URLString UTF8String];
     if (given.find('[') != std::string::npos && given.find(']') == std::string::npos) {
-        return nil; // the address list does not end
+        return nil; // the bracketed address is not closed
     }
     NSURL* made = [[[self alloc] init] autorelease];
     made->text = [URLString retain];

@@ -20,7 +20,7 @@ protected:
 };
 
 constexpr const char* notUTF8 = "com.example.\xff";
-constexpr const char* noURL = "https://["; // an address that does not end
+constexpr const char* noURL = "https://["; // the bracketed address is not closed
 
 TEST_F(MacosWorkspaceTest, ListsTheApplicationsOfTheDockInTheSystemsOrder) {
     doubles::workspace().running = {

@@ -67,7 +67,7 @@ protected:
     std::vector<std::string> faults;
 };
 
-TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallAreAsInTwo) {
+TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallEqualTwoCalls) {
     const auto inOne = recorded([this](QPainter& painter) {
         painter.setPen(pen);
         painter.setBrush(Qt::black);
@@ -86,7 +86,7 @@ TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallAreAsInTwo) {
     EXPECT_THAT(faults, IsEmpty());
 }
 
-TEST_F(ShapeRecorderTest, WhatIsNeitherFilledNorDrawnIsLeftOut) {
+TEST_F(ShapeRecorderTest, ShapesWithoutFillAndStrokeAreOmitted) {
     EXPECT_THAT(recorded([this](QPainter& painter) {
                     painter.setPen(Qt::NoPen);
                     painter.setBrush(Qt::NoBrush);
@@ -96,15 +96,15 @@ TEST_F(ShapeRecorderTest, WhatIsNeitherFilledNorDrawnIsLeftOut) {
     EXPECT_THAT(faults, IsEmpty());
 }
 
-TEST_F(ShapeRecorderTest, WhatCannotBeAShapeIsAFault) {
+TEST_F(ShapeRecorderTest, UnsupportedOperationsAreFaults) {
     recorded([](QPainter& painter) { painter.drawPixmap(0, 0, QPixmap(2, 2)); });
-    EXPECT_THAT(faults, ElementsAre("a symbol has a picture in it"));
+    EXPECT_THAT(faults, ElementsAre("a symbol contains an image"));
     faults.clear();
     recorded([](QPainter& painter) {
         const QPoint corners[] = {{0, 0}, {4, 0}, {0, 4}};
         painter.drawPolygon(corners, 3);
     });
-    EXPECT_THAT(faults, ElementsAre("a symbol has something that is no path"));
+    EXPECT_THAT(faults, ElementsAre("a symbol contains an element that is not a path"));
     faults.clear();
     recorded([](QPainter& painter) {
         painter.scale(2, 2);
@@ -112,7 +112,7 @@ TEST_F(ShapeRecorderTest, WhatCannotBeAShapeIsAFault) {
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(square());
     });
-    EXPECT_THAT(faults, ElementsAre("a symbol is scaled, which its pen is not"));
+    EXPECT_THAT(faults, ElementsAre("a symbol is scaled, but its pen is not"));
 }
 
 } // namespace

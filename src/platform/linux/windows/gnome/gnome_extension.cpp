@@ -25,9 +25,9 @@ constexpr int shellTimeout = 5000; // milliseconds; a stuck shell must not block
 constexpr int firstVersionOfModules = 45;
 
 // The shell's constants for the state of an extension.
-constexpr int shellSaysEnabled = 1;
-constexpr int shellSaysError = 3;
-constexpr int shellSaysOutOfDate = 4;
+constexpr int stateEnabled = 1;
+constexpr int stateError = 3;
+constexpr int stateOutOfDate = 4;
 
 using Value = GlibOwner<GVariant>;
 
@@ -68,7 +68,7 @@ std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
     g_variant_get(answer.values.get(), "(v)", &inner);
     const Value version(inner);
     if (!g_variant_is_of_type(inner, G_VARIANT_TYPE_STRING)) {
-        error = "GNOME Shell does not tell its version";
+        error = "GNOME Shell does not report its version";
         return std::nullopt;
     }
     return static_cast<int>(std::strtol(g_variant_get_string(inner, nullptr), nullptr, 10));
@@ -180,11 +180,11 @@ GnomeExtension::Status statusFrom(GVariant* words) {
     const char* error = "";
     g_variant_lookup(words, "error", "&s", &error);
     switch (std::lround(number)) {
-    case shellSaysEnabled:
+    case stateEnabled:
         return {GnomeExtension::State::on, ""};
-    case shellSaysError:
+    case stateError:
         return {GnomeExtension::State::failed, error};
-    case shellSaysOutOfDate:
+    case stateOutOfDate:
         return {GnomeExtension::State::failed, "not made for this version of GNOME Shell"};
     default:
         return {GnomeExtension::State::off, ""};

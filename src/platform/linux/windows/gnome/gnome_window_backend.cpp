@@ -79,7 +79,7 @@ struct GnomeWindowBackend::State {
     void check(const std::string& owner);
     void vanished();
     void ask(const std::string& owner);
-    void hear(GVariant* message);
+    void receive(GVariant* message);
     void reportNone() {
         forgetLatest();
         reported.report(*listener, {}, std::nullopt);
@@ -94,7 +94,7 @@ void GnomeWindowBackend::State::appeared(const std::string& owner) {
                                       if (signal == "Started") {
                                           check(owner);
                                       } else if (signal == "WindowsChanged" && isBelieved) {
-                                          hear(message);
+                                          receive(message);
                                       } else if (signal == "Stopped") {
                                           reportNone();
                                       }
@@ -139,14 +139,14 @@ void GnomeWindowBackend::State::ask(const std::string& owner) {
                       return;
                   }
                   if (error == nullptr) {
-                      hear(message);
+                      receive(message);
                   } else {
                       reportNone(); // the extension may still start, and reports then
                   }
               });
 }
 
-void GnomeWindowBackend::State::hear(GVariant* message) {
+void GnomeWindowBackend::State::receive(GVariant* message) {
     if (!g_variant_is_of_type(message, G_VARIANT_TYPE("(a(ssssu)a(ssssu))"))) {
         return;
     }

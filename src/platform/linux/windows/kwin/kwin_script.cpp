@@ -37,7 +37,7 @@ constexpr const char* reportingScript = R"((function () {
     const maxUnheard = 50;
     let unheard = 0;
 
-    function heard() {
+    function onReply() {
         unheard = 0;
     }
 
@@ -50,7 +50,7 @@ constexpr const char* reportingScript = R"((function () {
         callDBus(reportName, reportPath, reportInterface, reportMethod, JSON.stringify({
             windows: all.filter(isRegular).map(identity),
             active: active ? identity(active) : null
-        }), heard);
+        }), onReply);
     }
 
     const soon = new QTimer();

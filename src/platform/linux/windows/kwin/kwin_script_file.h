@@ -1,8 +1,9 @@
-// Writes a script to a file that no other user can read or replace, and names it for KWin.
+// Writes a script to a file that no other user can read or replace, and gives it the name under
+// which KWin loads it.
 //
 // Thread:  the desktop thread.
-// Owner:   the code that loads the script, until KWin has read the file: KWin reads it when it runs
-//          it.
+// Owner:   the code that loads the script, until KWin has read the file, which KWin does when it
+//          runs the script.
 // Errors:  `whole` is false if the file could not be written.
 #pragma once
 

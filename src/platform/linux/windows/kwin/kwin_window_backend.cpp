@@ -50,7 +50,7 @@ struct KWinWindowBackend::State {
     }
 
     void exportObject();
-    void hear(const std::string& sender, const char* text);
+    void receive(const std::string& sender, const char* text);
     void noteUse();
     std::string chosenOf(const WindowChoice& isChosen) const;
     void reportNone() {
@@ -76,11 +76,11 @@ void KWinWindowBackend::State::answer(GDBusConnection* /*connection*/, const cha
                                       GDBusMethodInvocation* invocation, gpointer state) {
     const char* text = nullptr;
     g_variant_get(arguments, "(&s)", &text);
-    static_cast<State*>(state)->hear(sender, text);
+    static_cast<State*>(state)->receive(sender, text);
     g_dbus_method_invocation_return_value(invocation, nullptr);
 }
 
-void KWinWindowBackend::State::hear(const std::string& sender, const char* text) {
+void KWinWindowBackend::State::receive(const std::string& sender, const char* text) {
     if (loader == nullptr || sender != loader->owner()) {
         return;
     }

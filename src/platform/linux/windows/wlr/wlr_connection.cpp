@@ -23,11 +23,11 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::max<decltype(left)>(left, 0));
 }
 
-void noteAnswer(void* answered, wl_callback* /*callback*/, std::uint32_t /*serial*/) {
+void onSyncDone(void* answered, wl_callback* /*callback*/, std::uint32_t /*serial*/) {
     *static_cast<bool*>(answered) = true;
 }
 
-constexpr wl_callback_listener answerListener = {noteAnswer};
+constexpr wl_callback_listener syncListener = {onSyncDone};
 
 } // namespace
 
@@ -57,7 +57,7 @@ bool WlrConnection::roundTrip(std::chrono::milliseconds patience) {
     if (answer == nullptr) {
         return false;
     }
-    wl_callback_add_listener(answer, &answerListener, &answered);
+    wl_callback_add_listener(answer, &syncListener, &answered);
     bool connected = dispatchArrived();
     while (connected && !answered && waitForEvents(deadline)) {
         connected = dispatchArrived();

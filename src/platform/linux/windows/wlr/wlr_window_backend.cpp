@@ -20,7 +20,7 @@ struct WlrWindowBackend::State {
 
     bool connect();
     void disconnect();
-    void hear();
+    void receiveEvents();
     void report();
 };
 
@@ -41,7 +41,7 @@ void WlrWindowBackend::State::disconnect() {
     connection.reset();
 }
 
-void WlrWindowBackend::State::hear() {
+void WlrWindowBackend::State::receiveEvents() {
     if (!connection->dispatchArrived() || !toplevels->isOffered()) {
         disconnect();
     }
@@ -69,14 +69,15 @@ bool WlrWindowBackend::start(WindowListener& listener) {
         return false;
     }
     state->listener = &listener;
-    state->watch = state->thread.watch(state->connection->descriptor(), [this] { state->hear(); });
+    state->watch =
+        state->thread.watch(state->connection->descriptor(), [this] { state->receiveEvents(); });
     state->report();
     return true;
 }
 
 void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
     if (state->toplevels != nullptr && state->toplevels->bringForward(isChosen)) {
-        state->hear(); // which also sends it
+        state->receiveEvents(); // which also sends it
     } else {
         otherwise();
     }

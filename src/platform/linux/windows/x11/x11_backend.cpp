@@ -115,7 +115,7 @@ private:
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
     xcb_atom_t launchBeginsAtom;
-    xcb_atom_t launchGoesOnAtom;
+    xcb_atom_t launchMoreAtom;
     std::uint64_t uses = 0;
     Inquiry activeInquiry;
     Inquiry listInquiry;
@@ -137,7 +137,7 @@ X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
                                                  "_NET_CURRENT_DESKTOP", "_NET_STARTUP_INFO_BEGIN",
                                                  "_NET_STARTUP_INFO"});
     launchBeginsAtom = atoms[5];
-    launchGoesOnAtom = atoms[6];
+    launchMoreAtom = atoms[6];
     activeAtom = atoms[0];
     listAtom = atoms[1];
     workspaceAtom = atoms[3];
@@ -178,7 +178,7 @@ bool X11Backend::Session::serveOnce() {
     const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(requests.raw()));
     if (event != nullptr)
         handle(*event);
-    const bool answered = requests.takeAnswer();
+    const bool answered = requests.takeReply();
     if (event != nullptr || answered)
         requests.flush();
     return event != nullptr || answered;
@@ -209,7 +209,7 @@ bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
     for (const xcb_window_t window : listed) {
         const Client& client = clients.at(window);
         const bool isOpen =
-            client.window && !client.window->isGone && client.window->isApplications;
+            client.window && !client.window->isGone && client.window->isApplicationWindow;
         if (isOpen && client.lastUse >= lastUse && isChosen(client.window->identity)) {
             best = window;
             lastUse = client.lastUse;
@@ -277,12 +277,13 @@ void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
         std::ranges::copy(piece, event.data.data8);
         xcb_send_event(requests.raw(), 0, root, XCB_EVENT_MASK_PROPERTY_CHANGE,
                        reinterpret_cast<const char*>(&event));
-        type = launchGoesOnAtom;
+        type = launchMoreAtom;
     }
     requests.flush();
 }
 
-// As task bars do: not every window manager switches to the window's workspace.
+// Switches to the window's workspace first, as task bars do, because not every window manager does
+// it.
 void X11Backend::Session::activate(xcb_timestamp_t time) {
     const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
     requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
@@ -419,7 +420,7 @@ void X11Backend::Session::reportWindows() {
         const auto& read = clients.at(window).window;
         if (!read)
             return; // a reply is pending
-        if (!read->isGone && read->isApplications)
+        if (!read->isGone && read->isApplicationWindow)
             now.push_back(read->identity);
     }
     if (now == reportedWindows)

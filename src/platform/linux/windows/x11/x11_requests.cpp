@@ -87,7 +87,7 @@ void X11Requests::expect(std::uint32_t sequence, Taker taker) {
     pending.push_back({sequence, std::move(taker)});
 }
 
-bool X11Requests::takeAnswer() {
+bool X11Requests::takeReply() {
     if (pending.empty() || isLost())
         return false;
     void* reply = nullptr;

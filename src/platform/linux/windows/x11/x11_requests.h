@@ -25,7 +25,7 @@ struct X11Property {
     bool windowIsGone = false;
     bool hasItems = false;            // a 32-bit property, even if it is empty
     std::string text;                 // of 8-bit properties
-    std::vector<std::uint32_t> items; // of 32-bit ones
+    std::vector<std::uint32_t> items; // of 32-bit properties
 };
 
 class X11Requests {
@@ -46,7 +46,7 @@ public:
     void followProperties(xcb_window_t window);
 
     // Passes the oldest reply to its callback. Returns false if no reply has arrived.
-    bool takeAnswer();
+    bool takeReply();
 
     void flush();
     bool isLost() const;

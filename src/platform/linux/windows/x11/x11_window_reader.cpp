@@ -75,8 +75,8 @@ bool X11WindowReader::reads(xcb_atom_t property) const {
            property == atoms.machine || property == atoms.type || property == atoms.state;
 }
 
-bool X11WindowReader::isApplications(const std::vector<xcb_atom_t>& types,
-                                     const std::vector<xcb_atom_t>& states) const {
+bool X11WindowReader::isApplicationWindow(const std::vector<xcb_atom_t>& types,
+                                          const std::vector<xcb_atom_t>& states) const {
     const bool ordinary = types.empty() || contains(types, atoms.typeNormal) ||
                           contains(types, atoms.typeDialog) || contains(types, atoms.typeUtility);
     return ordinary && !contains(states, atoms.skipTaskbar);
@@ -115,7 +115,7 @@ void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Wind
         read.identity.process = asProcess(reading->processByServer);
         if (!read.identity.process && sameMachine(reading->machine, hostName))
             read.identity.process = asProcess(reading->processByWindow);
-        read.isApplications = isApplications(reading->types, reading->states);
+        read.isApplicationWindow = isApplicationWindow(reading->types, reading->states);
         reading->taker(read);
     });
 }

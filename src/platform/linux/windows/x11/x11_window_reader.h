@@ -20,7 +20,7 @@ namespace glidemap {
 struct X11Window {
     WindowIdentity identity;
     bool isGone = false;
-    bool isApplications = true; // false for panels, menus, splash screens and similar windows
+    bool isApplicationWindow = true; // false for panels, menus, splash screens and similar windows
 
     friend bool operator==(const X11Window&, const X11Window&) = default;
 };
@@ -42,8 +42,8 @@ private:
     };
     struct Reading;
 
-    bool isApplications(const std::vector<xcb_atom_t>& types,
-                        const std::vector<xcb_atom_t>& states) const;
+    bool isApplicationWindow(const std::vector<xcb_atom_t>& types,
+                             const std::vector<xcb_atom_t>& states) const;
 
     X11Requests& requests;
     Atoms atoms{};

@@ -120,10 +120,10 @@ void KWinDouble::readScript() {
 
 void KWinDouble::finishStarting() {
     thread.call([&] { registerScripting(); });
-    saySomething();
+    sendSignal();
 }
 
-void KWinDouble::saySomething() {
+void KWinDouble::sendSignal() {
     thread.call([&] {
         g_dbus_connection_emit_signal(connection, nullptr, "/Compositor",
                                       "org.kde.kwin.Compositing", "compositingToggled",
@@ -133,16 +133,16 @@ void KWinDouble::saySomething() {
 
 void KWinDouble::report(const std::string& text) {
     thread.call([&] {
-        GVariant* const heard = g_dbus_connection_call_sync(
+        GVariant* const reply = g_dbus_connection_call_sync(
             connection, loader.c_str(), kwinReportPath, kwinReportInterface, kwinReportMethod,
             g_variant_new("(s)", text.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
             nullptr);
-        ASSERT_NE(heard, nullptr);
-        g_variant_unref(heard);
+        ASSERT_NE(reply, nullptr);
+        g_variant_unref(reply);
     });
 }
 
-void KWinDouble::expectAsked(const std::vector<std::string>& expected) {
+void KWinDouble::expectCalls(const std::vector<std::string>& expected) {
     std::unique_lock lock(mutex);
     asked.wait_for(lock, desktops::patience, [&] { return calls.size() >= expected.size(); });
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));

@@ -37,13 +37,13 @@ public:
 
     // Makes scripting available and then sends a signal, as KWin does when it starts.
     void finishStarting();
-    void saySomething();
+    void sendSignal();
 
     // Calls the program that has loaded the script, and waits for its reply.
     void report(const std::string& text);
 
     // Waits for exactly these calls, which must be all calls since the last time.
-    void expectAsked(const std::vector<std::string>& calls);
+    void expectCalls(const std::vector<std::string>& calls);
 
     // The script's content and mode at the time it was run.
     std::string script();

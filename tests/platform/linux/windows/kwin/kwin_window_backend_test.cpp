@@ -39,7 +39,7 @@ protected:
 TEST_F(KWinWindows, ScriptRunsInPlasma6) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(reported);
-    kwin.expectAsked(loading);
+    kwin.expectCalls(loading);
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
 }
@@ -47,7 +47,7 @@ TEST_F(KWinWindows, ScriptRunsInPlasma6) {
 TEST_F(KWinWindows, ScriptRunsInPlasma5) {
     KWinDouble kwin(bus.address(), {.scriptFolder = "/"});
     const Listening listening(reported);
-    kwin.expectAsked({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
+    kwin.expectCalls({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
 }
@@ -55,7 +55,7 @@ TEST_F(KWinWindows, ScriptRunsInPlasma5) {
 TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(reported);
-    kwin.expectAsked(loading);
+    kwin.expectCalls(loading);
     kwin.report(oneWindow); // after KWin has read it
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
     EXPECT_EQ(kwin.file().parent_path(), folder.path());
@@ -66,14 +66,14 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
 TEST_F(KWinWindows, StartingKWinIsRetriedAfterEachOfItsSignals) {
     KWinDouble kwin(bus.address(), {.isStarting = true});
     const Listening listening(reported);
-    kwin.saySomething();
-    kwin.expectAsked({});
+    kwin.sendSignal();
+    kwin.expectCalls({});
     kwin.finishStarting();
-    kwin.expectAsked(loading);
-    kwin.saySomething(); // no further call follows
+    kwin.expectCalls(loading);
+    kwin.sendSignal(); // no further call follows
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
-    kwin.expectAsked({});
+    kwin.expectCalls({});
 }
 
 TEST_F(KWinWindows, KWinThatRejectsTheScriptHasNoWindows) {
@@ -95,9 +95,9 @@ TEST_F(KWinWindows, DestructorUnloadsTheScript) {
     KWinDouble kwin(bus.address(), {});
     {
         const Listening listening(reported);
-        kwin.expectAsked(loading);
+        kwin.expectCalls(loading);
     }
-    kwin.expectAsked({"unloadScript /Scripting"});
+    kwin.expectCalls({"unloadScript /Scripting"});
     EXPECT_FALSE(std::filesystem::exists(kwin.file()));
 }
 
@@ -106,7 +106,7 @@ TEST_F(KWinWindows, StuckKWinBlocksNoThread) {
     {
         const Listening listening(reported);
         EXPECT_TRUE(listening.started);
-        kwin.expectAsked({"unloadScript /Scripting"});
+        kwin.expectCalls({"unloadScript /Scripting"});
     }
     reported.expectReported({});
 }
@@ -114,7 +114,7 @@ TEST_F(KWinWindows, StuckKWinBlocksNoThread) {
 TEST_F(KWinWindows, InvalidReportsAreIgnored) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(reported);
-    kwin.expectAsked(loading);
+    kwin.expectCalls(loading);
     kwin.report("{");
     kwin.report(R"({"active":{"desktopFile":"kate"}})");
     kwin.report(oneWindow);

@@ -190,11 +190,11 @@ TEST_F(WlrWindows, EveryProtocolVersionWorks) {
     for (const int version : {1, 2, 3}) {
         opened = 0;
         FakeCompositor compositor(version);
-        RecordingWindowListener heard;
-        Listening listening(heard);
-        heard.expectReported({"windows:", "active: none"});
+        RecordingWindowListener listener;
+        Listening listening(listener);
+        listener.expectReported({"windows:", "active: none"});
         compositor.say([&] { openActive(compositor, "one"); });
-        heard.expectReported({"windows: one", "active: one"});
+        listener.expectReported({"windows: one", "active: one"});
     }
 }
 

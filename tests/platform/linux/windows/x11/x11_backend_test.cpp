@@ -317,7 +317,8 @@ TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
     }
 }
 
-// This happens if a window was hidden rather than closed, and no other is open.
+// A window manager may keep a hidden window as the active one although it no longer lists the
+// window.
 TEST_F(X11BackendTest, ActiveWindowThatIsNotListedIsIgnored) {
     startBareServer();
     const auto one = window("one", "One");
