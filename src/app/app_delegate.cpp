@@ -220,7 +220,7 @@ void AppDelegate::showNoStatusBarInFront() {
     noStatusBar->show();
 }
 
-void AppDelegate::takeBackThatThereIsNoStatusBar() {
+void AppDelegate::withdrawMissingStatusBar() {
     noStatusBarWaits = false;
     noStatusBar.reset();
 }

@@ -101,9 +101,9 @@ private:
     std::function<void()> weakly(void (AppDelegate::*method)());
     void keepStatusMenuCurrent();
     void showState();
-    void sayThatThereIsNoStatusBar();
+    void reportMissingStatusBar();
     void showNoStatusBarInFront();
-    void takeBackThatThereIsNoStatusBar();
+    void withdrawMissingStatusBar();
     void startRuntime();
     void showResult(const UpdateResult& result);
     QWidget* windowForAlerts() const;

@@ -60,8 +60,8 @@ private:
 
 BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     : QWidget(parent), lang(lang), area(new QScrollArea(this)), ground(new Ground),
-      present(*this, *ground, lang, whatRowsAsk()) {
-    describeListsToAssistance();
+      present(*this, *ground, lang, makeRowCallbacks()) {
+    installListAccessibility();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);
     // Takes the height that the notices leave, and never shrinks them.

@@ -95,6 +95,6 @@ private:
 
 // Exposes the bindings to assistive technology as a list with items (list_accessibility.cpp).
 // Idempotent.
-void describeListsToAssistance();
+void installListAccessibility();
 
 } // namespace glidemap

@@ -76,7 +76,7 @@ SettingsWindow::~SettingsWindow() {
 }
 
 // Fits the window on one screen: the previous screen may be smaller now, or disconnected.
-void SettingsWindow::goWhereItWas() {
+void SettingsWindow::restoreGeometry() {
     const auto last = geometryStore != nullptr ? geometryStore->read() : std::nullopt;
     QRect place(QPoint(), contentSize);
     place.moveCenter(screen()->availableGeometry().center());
