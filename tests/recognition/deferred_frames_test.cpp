@@ -48,7 +48,7 @@ public:
     SleepyStage() : manager({"/no/such/driver", {}}) {
         engine = TouchEngine::create({time.clock(), queue, time.delayedWork(), &manager});
         engine->onGesture = [this](GestureType gesture) {
-            heard.push_back({time.now(), gesture});
+            reported.push_back({time.now(), gesture});
         };
         engine->sessionRecognizer().doubleTapBindingExists = [](int count) {
             return count == 2;
@@ -77,7 +77,7 @@ public:
     MultitouchDeviceManager manager; // has no driver
     std::shared_ptr<SleepyQueue> queue = std::make_shared<SleepyQueue>();
     std::shared_ptr<TouchEngine> engine;
-    std::vector<Heard> heard;
+    std::vector<ReportedGesture> reported;
 };
 
 TEST(DeferredFramesTest, OneFingerWakesTheQueueWhenItLandsAndLifts) {
@@ -107,14 +107,14 @@ TEST(DeferredFramesTest, FingersThatMayPressLongWakeTheQueueUntilTheyMove) {
         EXPECT_EQ(stage.wakeUpsOf(rest), static_cast<int>(rest.frames().size()));
         EXPECT_LT(stage.wakeUpsOf(rest.moveBy(0.3, 0, 2).up()),
                   static_cast<int>(rest.frames().size()) + 60);
-        EXPECT_TRUE(stage.heard.empty());
+        EXPECT_TRUE(stage.reported.empty());
     }
 }
 
 TEST(DeferredFramesTest, FingersThatHavePressedLongWakeTheQueueWhenTheyLift) {
     SleepyStage stage;
     stage.play(fingers(3).down().hold(1).frames());
-    EXPECT_EQ(gesturesOf(stage.heard), std::vector{threeFingerLongPress});
+    EXPECT_EQ(gesturesOf(stage.reported), std::vector{threeFingerLongPress});
     EXPECT_EQ(stage.wakeUpsOf(fingers(3).startingAt(1.1).down().hold(2).up()), 1);
 }
 
@@ -211,17 +211,17 @@ TEST(DeferredFramesTest, GesturesAndTheirTimesStayTheSame) {
     int wakeUps = 0;
     for (unsigned seed = 0; seed < 100; ++seed) {
         const std::vector<TouchFrame> frames = RandomTouching(seed).frames(1000);
-        std::vector<Heard> expected;
+        std::vector<ReportedGesture> expected;
         {
             EngineStage stage({2});
             stage.play(frames);
             stage.finish();
-            expected = stage.heard;
+            expected = stage.reported;
         }
         SleepyStage stage;
         stage.play(frames);
         stage.time.runRemaining();
-        ASSERT_EQ(stage.heard, expected) << "seed " << seed;
+        ASSERT_EQ(stage.reported, expected) << "seed " << seed;
         gestures += expected.size();
         frameCount += frames.size();
         wakeUps += stage.queue->wakeUps;

@@ -44,15 +44,15 @@ public:
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
             return;
         }
-        heard.append(part.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        const auto end = heard.find('\n');
-        if (end == std::string::npos && count > 0 && heard.size() < listener.maxLineLength) {
+        received.append(part.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        const auto end = received.find('\n');
+        if (end == std::string::npos && count > 0 && received.size() < listener.maxLineLength) {
             return;
         }
         arrivals.setEnabled(false);
         deleteLater();
         if (end != std::string::npos && end < listener.maxLineLength) {
-            say(heard.substr(0, end + 1));
+            sendReply(received.substr(0, end + 1));
         }
     }
 
