@@ -65,7 +65,7 @@ void TouchEngine::start() {
     ports.deviceManager->start();
     // After an earlier start without a device, start() does not scan again. While devices run, a
     // scan may list them as new ones: the trackpad framework creates the devices of each list.
-    if (!ports.deviceManager->isRunning()) {
+    if (std::exchange(hasStarted, true) && !ports.deviceManager->isRunning()) {
         ports.deviceManager->lookForDevices();
     }
 }

@@ -110,6 +110,7 @@ private:
     // The change of fingers after which the recognizers only wait for the next one, or noChange.
     std::atomic<std::uint64_t> awaitedChange = noChange;
     std::atomic<double> lastFireTime = 0;
+    bool hasStarted = false;
     std::atomic<bool> started = false; // makes frames that arrive after stop() no-ops
 };
 

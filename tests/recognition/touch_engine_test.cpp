@@ -266,6 +266,16 @@ TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeUnregisteringIt) {
     EXPECT_FALSE(manager.isRunning());
 }
 
+TEST_F(TouchEngineDriverTest, FirstStartListsTheDevicesOnceEvenIfThereAreNone) {
+    MultitouchDeviceManager growing(testDriver("growing-list"));
+    const TestDriverLibrary library(growing);
+    const auto other =
+        TouchEngine::create({time.clock(), time.queue(), time.delayedWork(), &growing});
+    other->start();
+    EXPECT_EQ(library.calls(), "create list");
+    other->stop();
+}
+
 TEST_F(TouchEngineDriverTest, ARestartListsTheDevicesOnce) {
     engine->start();
     engine->stop();
