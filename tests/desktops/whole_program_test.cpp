@@ -56,7 +56,7 @@ protected:
 
     bool waitForLog(const std::string& text) const {
         return application::waitUntil(
-            [&] { return test::contentOf(complaints()).find(text) != std::string::npos; });
+            [&] { return test::contentOf(logFile()).find(text) != std::string::npos; });
     }
 
     void expectEnd(Program& glidemap) const {
@@ -110,7 +110,7 @@ TEST_P(ProgramTest, AlertAboutAMissingStatusBarTakesTheKeyboardFromNoOtherProgra
     seen.expectFrontmost("other");
     logging.environment["XDG_ACTIVATION_TOKEN"] = desktop->activationToken();
     Program again(logging);
-    EXPECT_EQ(again.finish(), 0) << test::contentOf(complaints());
+    EXPECT_EQ(again.finish(), 0) << test::contentOf(logFile());
     EXPECT_TRUE(waitForLog("the alert is shown"));
     expectEnd(glidemap);
 }
