@@ -390,7 +390,7 @@ TEST_F(AppDelegateTest, ReportOfAMissingBarWaitsUntilTheWindowIsInFront) {
     stage->statusItem->onMissing();
     EXPECT_EQ(notice(), nullptr);
     stage->delegate->openSettings();
-    ASSERT_NE(notice(), nullptr);
+    ASSERT_TRUE(test::waitFor([&] { return notice() != nullptr; }));
     notice()->close();
     stage->window->close();
     stage->delegate->openSettings();
