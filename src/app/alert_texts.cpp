@@ -35,9 +35,10 @@ AlertText newVersion(const std::string& version, const std::string& current, con
 AlertText unansweredText(const Lang& lang) {
     return informationalAlert(
         lang.choose("Glidemap is not responding", "Glidemap 没有响应"),
-        lang.choose("Glidemap is already running, but its window cannot be shown. End it and start "
-                    "it again, or log out and back in.",
-                    "Glidemap 已在运行，但无法显示窗口。请结束它后重新启动，或注销后重新登录。"),
+        lang.choose(
+            "Glidemap is already running, but its window cannot be shown. End it and start "
+            "it again, or log out and back in.",
+            "Glidemap 已在运行，但无法显示窗口。请结束该程序后重新启动，或注销后重新登录。"),
         lang);
 }
 

@@ -86,7 +86,7 @@ private:
 
 Exchange::Exchange(HttpsFetchSetup setup, Done done)
     : setup(std::move(setup)), done(std::move(done)) {
-    // On quit, the result has no receiver left.
+    // On quit, no code waits for the result any more.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             [this] { delete this; });
 }

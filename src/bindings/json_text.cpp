@@ -75,7 +75,7 @@ bool passNumber(std::string_view text, std::size_t& end) {
     return isValid;
 }
 
-// The value of "\uXXXX" at the start of the text; 0 without one.
+// The value of "\uXXXX" at the start of the text; 0 without such an escape.
 unsigned unitAt(std::string_view text) {
     constexpr std::size_t start = 2;
     unsigned unit = 0;

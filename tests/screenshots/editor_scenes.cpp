@@ -231,11 +231,11 @@ std::vector<Scene> editorScenes() {
                exitedApplication()),
         editor("gestures", "The gestures by category", openGestures, {}, true),
         editor("gestures-browsed", "The demonstration of the highlighted gesture", browseGestures),
-        editor("gestures-found", "The gestures that a search has found", search("swipe", "滑")),
+        editor("gestures-found", "Search results for gestures", search("swipe", "滑")),
         editor("gestures-none", "A search that finds nothing", search("wink", "眨眼")),
         {"Binding editor", "system-gesture", "A gesture that the desktop uses itself",
          pictureOfSystemGesture},
-        editor("click-warning", "A click that is taken from the system", warnOfClick),
+        editor("click-warning", "A click that the system no longer receives", warnOfClick),
     };
 }
 

@@ -176,7 +176,7 @@ void failToAsk(SettingsStage& stage) {
     revokeTrust(stage);
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->missing =
-        isChinese() ? "Glidemap 没有触控板和虚拟键盘的访问权限。\n权限请求失败或被拒绝。"
+        isChinese() ? "Glidemap 没有访问触控板和虚拟键盘的权限。\n权限请求失败或被拒绝。"
                       "请在终端中运行：sudo /usr/libexec/glidemap/glidemap-grant-access"
                     : "Glidemap has no access to the touchpad and the virtual keyboard.\n"
                       "The request for access failed or was denied. To grant access, run in a "
@@ -242,7 +242,7 @@ std::vector<Scene> windowScenes() {
                      const kit::LargerLetters letters(largeLetters);
                      return picture(longBindings(), longFooter, SettingsWindow::minimumContentSize);
                  }),
-        settings("deleted", "A binding was deleted, and can be brought back",
+        settings("deleted", "A deleted binding, which can be restored",
                  [] { return picture(usualBindings(), deleteSecond); }),
         settings("focus-dimmed", "The focus in a row that is off",
                  [] { return picture(usualBindings(), focusInDimmedRow); }),

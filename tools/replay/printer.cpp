@@ -131,8 +131,8 @@ std::string recognitionJsonOf(const Recognised& recognised) {
     return openRecognition(recognised) + "}";
 }
 
-// For people. A gesture's line includes its action, so keys, actions and unswallowed buttons have
-// no line: the result is then empty.
+// Human-readable. A gesture's line includes its action, so keys, actions and unswallowed buttons
+// have no line of their own: the result is then empty.
 std::string textOf(const RunEvent& event) {
     return std::visit(Text(), event);
 }

@@ -94,7 +94,7 @@ private:
 
 Popover::Popover(QWidget* anchor, QWidget* content)
     : QWidget(anchor->window()), anchor(anchor), backdrop(new Backdrop(anchor->window())) {
-    presentAs<Popover, QAccessible::Dialog>(); // a card with controls in it
+    presentAs<Popover, QAccessible::Dialog>(); // it is a card that contains controls
     auto* layout = new QVBoxLayout(this);
     constexpr int withinInset = padding - inset;
     layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);

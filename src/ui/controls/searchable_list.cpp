@@ -26,7 +26,7 @@ constexpr int emptyHeight = 56;
 constexpr int markSize = 14;
 constexpr int markRoom = 28;
 
-// The item data role with an entry's number.
+// The item data role of an entry's number.
 constexpr int entryValueRole = Qt::UserRole + 1;
 
 QStandardItem* headingItem(const QString& title) {

@@ -41,7 +41,7 @@ std::vector<SearchableList::Group> findEntries(const QString& typed, const Lang&
 }
 
 // The catalogue of gestures as a list by category with a search, below the demonstration of the
-// highlighted gesture. If the search finds nothing, the list says so and the demonstration stays.
+// highlighted gesture. If no gesture matches, the list says so and the demonstration stays.
 class GestureList : public QWidget {
 public:
     GestureList(GestureType chosen, Lang& lang, const QString& search, QWidget* parent = nullptr);
@@ -79,7 +79,7 @@ GestureList::GestureList(GestureType chosen, Lang& lang, const QString& search, 
     setFocusProxy(entries);
     entries->onChoose = [this](int value) {
         if (onChoose) {
-            onChoose(static_cast<GestureType>(value)); // may end this list
+            onChoose(static_cast<GestureType>(value)); // may destroy this list
         }
     };
     entries->onBrowse = [this](int value) {
@@ -110,7 +110,7 @@ void GestureList::retitle() {
     });
 }
 
-// Whether the key types something, rather than doing something.
+// Whether the key types a character instead of running a command.
 bool types(const QKeyEvent& event) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !event.text().isEmpty() && event.text().front().isPrint() &&

@@ -20,7 +20,7 @@ namespace glidemap {
 
 class ToolkitKeyPresses : public KeyPresses {
 public:
-    // Without desktop keys the desktop keeps its own.
+    // Without `desktop` the desktop's own keys are not captured.
     explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> keys,
                                std::unique_ptr<DesktopKeys> desktop = nullptr);
 
