@@ -181,6 +181,10 @@ constexpr std::array<std::string_view, 11> knownKeys = {
 // are. Null stands for each value of a type that no key has.
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
+    BindingsReader() = default;
+    BindingsReader(const BindingsReader&) = delete; // points into itself
+    BindingsReader& operator=(const BindingsReader&) = delete;
+
     std::vector<GestureBinding> bindings;
     std::string reason; // the first error
 
@@ -246,11 +250,11 @@ public:
     // long as the file.
     bool parse_error(std::size_t /*position*/, const std::string& /*lastToken*/,
                      const json::exception& error) override {
-        constexpr std::size_t most = 200;
+        constexpr std::size_t maxLength = 200;
         std::string_view words = error.what();
         words.remove_prefix(std::min(words.find("] ") + 2, words.size()));
         words = words.substr(0, words.find("; last read"));
-        return fail(std::string(notJson) + std::string(words.substr(0, most)));
+        return fail(std::string(notJson) + std::string(words.substr(0, maxLength)));
     }
 
 private:
