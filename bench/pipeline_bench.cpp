@@ -40,7 +40,7 @@ int run(std::vector<char*> arguments) {
     registerRecognizerBenchmarks();
     registerLatencyBenchmarks(counts.samples, counts.pacedSamples);
     registerDelayedWorkBenchmarks(counts.samples);
-    // The driver's thread is set up like the queue's.
+    // This thread plays the driver, so it gets the priority of the driver's thread.
     setUpResponsiveThread("driver");
     return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
 }

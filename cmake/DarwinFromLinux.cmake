@@ -39,7 +39,7 @@ endforeach()
 # A header-only library. Its own package would also expose all of Linux's headers.
 file(CREATE_LINK /usr/include/nlohmann ${headers}/nlohmann SYMBOLIC)
 set(nlohmann_json_DIR ${darwin} CACHE PATH "Where the library of JSON is described")
-# The distribution's configuration of the C++ library, except for the availability annotations.
+# The distribution's libc++ configuration, with availability annotations enabled.
 file(READ ${clang_tools}/../include/c++/v1/__config_site site)
 string(REPLACE "#define _LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS" "" site "${site}")
 string(REPLACE "#define _LIBCPP_HAS_VENDOR_AVAILABILITY_ANNOTATIONS 0"

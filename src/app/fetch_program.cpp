@@ -59,7 +59,7 @@ private:
         }
     }
 
-    // The callback may show an alert, and the program may quit while it is open.
+    // Uses no member after the callback: it may show an alert, and the program may quit meanwhile.
     void report() {
         const Done then = std::move(done);
         const Fetched what = std::move(*fetched);

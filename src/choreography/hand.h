@@ -27,7 +27,7 @@ double partWithRoom(const Places& layout, PadPoint way);
 // `longest` later.
 std::vector<double> landings(int count, double time, double longest, Chance& chance);
 
-// Lifting times, likewise.
+// Lifting times of fingers that a person means to lift together, the first at `time`.
 std::vector<double> liftings(int count, double time, Chance& chance);
 
 // The maximum delay between fingers that a person means to land together.

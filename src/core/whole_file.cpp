@@ -155,7 +155,7 @@ TemporaryFile::Attempt TemporaryFile::make() {
     if (access == FileAccess::ordinary) {
         finalMode = status.st_mode & everyonesMode; // without the bits that the umask clears
     }
-    // Some file systems use one mode for all files.
+    // A failure is ignored: some file systems use one mode for all files.
     fchmod(file.descriptor(), ownersMode);
     return lock() && isCurrent() ? Attempt::done : Attempt::busy;
 }

@@ -40,7 +40,7 @@ public:
     ClickTap& operator=(const ClickTap&) = delete;
     virtual ~ClickTap() = default;
 
-    // Returns false without permission. A new tap is disabled.
+    // Returns false if the permission is missing. A new tap starts disabled.
     virtual bool create(Callback callback) = 0;
     virtual void setEnabled(bool enabled) = 0;
     virtual void remove() = 0;

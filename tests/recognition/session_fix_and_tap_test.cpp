@@ -13,7 +13,7 @@ Script holding(double x, double y, double start = -0.5) {
     return fingersAt({{x, y}}).startingAt(start).down();
 }
 
-// A tap beside it from 0 to 0.1 s, and the end some time later.
+// A second finger taps from 0 to 0.1 s, and the holding finger lifts 0.3 s later.
 Script tapping(const Script& holder, double x, double y) {
     return holder.until(0).addAt(x, y).until(0.1).lift(1).hold(0.3).up();
 }

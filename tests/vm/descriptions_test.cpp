@@ -107,7 +107,7 @@ TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
     ASSERT_EQ(reports.size(), 2U);
     ASSERT_EQ(reports[0].size(), static_cast<std::size_t>(row.slots));
     std::set<std::int32_t> identifiers;
-    const float unit = 1.0F / 600; // the coarsest axis has 660 units
+    const float unit = 1.0F / 600; // slightly more than a unit of the coarsest axis, which has 660
     for (std::int32_t slot = 0; slot < row.slots; ++slot) {
         const SeenContact& contact = reports[0][static_cast<std::size_t>(slot)];
         EXPECT_EQ(contact.state, 3);

@@ -36,7 +36,7 @@ public:
 
     // Returns when the driver has reacted and the test reads the clone, if the driver has made one.
     void switchOn();
-    // Opens a clone that the driver makes without a call of switchOn().
+    // Opens a clone that the driver creates without a call to switchOn().
     void readNewClone();
     void switchOff();
 

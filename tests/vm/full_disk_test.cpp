@@ -48,7 +48,7 @@ public:
     }
     void makeRoom() const { fs::remove(filler()); }
 
-    // Creates files until no more file names are free.
+    // Creates files until the file system has no more inodes.
     void fillNames() const {
         int count = 0;
         while (true) {

@@ -308,8 +308,8 @@ protected:
         return count;
     }
 
-    // While a touchpad is missing, the program waits for its return with two descriptors, until the
-    // session changes.
+    // While a touchpad is missing, the program holds two more descriptors to wait for its return.
+    // Reactivating the session closes them.
     Holdings measure() {
         announce("Active", false);
         expectPadGivenBack();

@@ -12,7 +12,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// A million bindings. A larger file is not a bindings file and could exhaust the memory.
+// Room for about a million bindings. A larger file is not a bindings file and could exhaust the memory.
 constexpr std::size_t maxFileSize = 256UL * 1024 * 1024;
 
 struct Close {

@@ -12,7 +12,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// A text as a JSON string.
+// Returns the text as a JSON string.
 std::string quoted(const std::string& text) {
     // A file name may contain any bytes.
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);

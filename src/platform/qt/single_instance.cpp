@@ -140,7 +140,7 @@ Reply replyOn(int socket, Clock::time_point deadline) {
 // Checks the peer first: the activation token is only for a process of this user.
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
-    // A non-blocking socket: if the backlog is full, the other process accepts no connections.
+    // Non-blocking: connect() must not wait for a process that no longer accepts connections.
     const OpenFile client = localSocket();
     if (!connectTo(client.descriptor(), socketFile) || userAtOtherEnd(client) != geteuid() ||
         !sendAll(client, line(request))) {
@@ -159,7 +159,7 @@ SingleInstance::SingleInstance(const std::filesystem::path& folderForBoth) {
 
 SingleInstance::~SingleInstance() = default;
 
-// Removes a link or a pipe in place of the lock file: only this user can have created it.
+// If a link or a pipe has the lock file's name, removes it: only this user can have created it.
 bool SingleInstance::openLock() {
     constexpr int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const auto attempt = [this] {

@@ -1,4 +1,4 @@
-// Port: platform-specific additions to texts that describe another system. Each note is a separate
+// Port: notes that a platform adds to texts that were written for macOS. Each note is a separate
 // line next to the text, in the requested language; empty if there is nothing to add.
 //
 // Thread:  the main thread; never waits.

@@ -1,4 +1,4 @@
-// On a Mac errno calls a function with another name.
+// macOS defines errno by a function with a different name than musl's.
 #pragma once
 
 #include_next <errno.h>

@@ -160,7 +160,7 @@ TEST_F(TheEditorsKeys, TabFollowsTheReadingOrder) {
                                         "scopePicker", "scopeAppPicker", "cancel", "save"));
 }
 
-// The accessible name, or for a combo box that of its label, because its own name is its value.
+// Returns the accessible name. A combo box's own name is its value, so its label's name is used.
 QString nameOf(QAccessibleInterface& seen) {
     if (seen.role() == QAccessible::ComboBox) {
         const auto labels = seen.relations(QAccessible::Label);

@@ -159,7 +159,7 @@ TYPED_TEST(RealKeys, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
     this->expect("stopped");
 }
 
-// The window manager reserves Alt and F4, and closes the window with them.
+// The window manager reserves Alt+F4 and closes the window when it is pressed.
 class DesktopKeysOnX11 : public RealKeys<TypingXServer> {
 protected:
     std::unique_ptr<Program> anotherWindow() {

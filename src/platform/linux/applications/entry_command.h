@@ -2,7 +2,7 @@
 // the entry requires one.
 //
 // Thread:  the entry's thread.
-// Errors:  no words, and the reason as text.
+// Errors:  returns an empty command and the reason as text.
 #pragma once
 
 #include <string>
@@ -30,8 +30,8 @@ struct FieldValues {
 };
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
-// The words before a command that run it in the first installed terminal; empty if none is
-// installed.
+// Returns the words to put before a command to run it in the first installed terminal; empty if no
+// terminal is installed.
 std::vector<std::string> terminalPrefix();
 
 } // namespace glidemap

@@ -1,8 +1,8 @@
-// Keeps modifiers that the user holds out of shortcuts that are typed on sway.
+// Prevents modifiers that the user holds from joining shortcuts that are typed on sway.
 //
 // sway merges all keyboards with the same layout and the same repeat settings, and the merged
-// keyboards share one modifier state. So this gives our keyboard a repeat delay of its own, over
-// sway's socket. sway then applies it to every later keyboard of our name.
+// keyboards share one modifier state. So this class sets a different repeat delay for our keyboard
+// through sway's socket. sway applies it to every keyboard that later appears under that name.
 //
 // Thread:  type() on any thread; the rest runs on the desktop thread, which never waits for sway.
 // Owner:   the virtual keyboard.

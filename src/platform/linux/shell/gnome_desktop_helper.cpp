@@ -36,7 +36,7 @@ std::filesystem::path installedExtensionForms() {
     return program.parent_path().parent_path() / "share" / "glidemap" / "gnome-shell";
 }
 
-// Checks XDG_CURRENT_DESKTOP. On X11 GNOME reports its windows without a helper.
+// Only Wayland needs the helper: on X11, GNOME reports its windows without one.
 bool isGnomeOnWayland() {
     const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
     return !fromEnvironment("WAYLAND_DISPLAY").empty() &&

@@ -33,7 +33,6 @@ QWindow* visibleWindow() {
 LinuxApplicationShell::LinuxApplicationShell(std::function<void()> bringForward)
     : askDesktop(std::move(bringForward)) {}
 
-// The program keeps running after the last window closes.
 void LinuxApplicationShell::becomeAccessory() {
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }

@@ -41,7 +41,7 @@ public:
 // Whether to choose this window.
 using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 
-// The proof with which a launched program may take the focus. Each part may be empty.
+// Startup and activation tokens that let a launched program take the focus. Each may be empty.
 struct LaunchToken {
     std::string startupID;       // DESKTOP_STARTUP_ID on X11
     std::string activationToken; // XDG_ACTIVATION_TOKEN on Wayland

@@ -1,6 +1,6 @@
 // A driver without touchpads that has a click filter and records its calls. Like the real driver,
 // its reader holds a lock while it calls the filter, and switching waits for that lock. Compiled
-// once for each incomplete variant.
+// once complete, and once for each incomplete variant.
 #include "drivers/evdev/click_filter.h"
 
 #include <condition_variable>

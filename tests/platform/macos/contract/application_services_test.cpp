@@ -27,7 +27,7 @@ static_assert(kCGEventFlagMaskCommand == modifier::command);
 static_assert(kCGEventSourceStateHIDSystemState == 1);
 static_assert(kCGHIDEventTap == 0);
 
-// Clicks: the first filter of the session.
+// Clicks: an active event tap, placed before the session's other taps.
 static_assert(kCGSessionEventTap == 1);
 static_assert(kCGHeadInsertEventTap == 0);
 static_assert(kCGEventTapOptionDefault == 0);

@@ -20,8 +20,9 @@ struct Quartz {
 // The fixture's set-up resets it.
 Quartz& quartz();
 
-// The result of the event tap for a mouse event; releases the objects that the caller owns.
 enum class Passage { passed, dropped, replaced };
+// Sends a mouse event to the event tap and returns the result. Releases the objects that the caller
+// owns.
 Passage play(CGEventType type, std::int64_t button);
 
 // The result for a notification, which comes without an event.

@@ -82,7 +82,7 @@ bool X11WindowReader::isApplicationWindow(const std::vector<xcb_atom_t>& types,
     return ordinary && !contains(states, atoms.skipTaskbar);
 }
 
-// Replies arrive in the order of the requests, so the last one completes the window.
+// Replies arrive in the order of the requests, so the last reply completes the reading.
 void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Window&)> taker) {
     const auto reading = std::make_shared<Reading>();
     reading->taker = std::move(taker);
