@@ -23,11 +23,11 @@ static_assert(kCGEventFlagMaskControl == modifier::control);
 static_assert(kCGEventFlagMaskAlternate == modifier::option);
 static_assert(kCGEventFlagMaskCommand == modifier::command);
 
-// Typing: uses the state of the hardware, and posts where the keyboard's events enter.
+// Typing: the events use the hardware's state and are posted where the keyboard's events enter.
 static_assert(kCGEventSourceStateHIDSystemState == 1);
 static_assert(kCGHIDEventTap == 0);
 
-// Clicks: the first filter of the session.
+// Clicks: an active event tap, placed before the session's other taps.
 static_assert(kCGSessionEventTap == 1);
 static_assert(kCGHeadInsertEventTap == 0);
 static_assert(kCGEventTapOptionDefault == 0);
