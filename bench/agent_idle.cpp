@@ -29,7 +29,8 @@ int run(double seconds) {
     if (!clone) {
         return 2;
     }
-    const vm::DeviceReader desktop(*clone); // the driver does not grab a touchpad without a reader
+    // The driver grabs the touchpad only once a program has opened its clone.
+    const vm::DeviceReader desktop(*clone);
     vm::PadHand(pad).pause(1).tap(2).pause(1).click(2).pause(2);
     if (!agent.waitForLog("twoFingerTap") || !agent.waitForLog("twoFingerClick")) {
         return 2;

@@ -17,7 +17,8 @@ namespace glidemap::bench {
 
 namespace {
 
-// Plays the driver and counts what each thread allocates for each report.
+// Sends reports in place of the driver, and counts the allocations of the driver's thread and the
+// engine's.
 class CountedPipeline {
 public:
     void push(const Report& report, double timestamp) {

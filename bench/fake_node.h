@@ -1,10 +1,10 @@
-// The event node of a touchpad that only this process can open: a named pipe, for which this
-// program replies to the kernel's device ioctls. Reading it costs as much as reading a pipe, for
-// every reader alike.
+// A fake event node of a touchpad: a named pipe. Only this process can use it as a device, because
+// this program handles the evdev ioctls in the kernel's place. A read costs as much as a read from
+// a pipe, for every reader.
 //
-// Units:   events as in the kernel; times of the monotonic clock.
+// Units:   events as in the kernel; times on the monotonic clock.
 // Thread:  construction before any reader; write() on one thread.
-// Owner:   a benchmark. One at a time, because the replies are global to the process.
+// Owner:   a benchmark; only one node at a time, because the replies are global to the process.
 // Errors:  throws std::system_error if the pipe cannot be created.
 #pragma once
 

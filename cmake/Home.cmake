@@ -23,7 +23,8 @@ if(NOT GLIDEMAP_QT AND GLIDEMAP_HOME STREQUAL "linux")
     message(FATAL_ERROR "GLIDEMAP_QT=OFF is not supported on Linux")
 endif()
 
-# The thread sanitizer reports false races in a stock Qt, and the doubles do not cover the interface.
+# Thread-sanitizer builds omit Qt, because a stock Qt causes false race reports. Builds with the doubles of macOS omit Qt,
+# because the doubles do not cover the interface.
 if(NOT GLIDEMAP_QT OR GLIDEMAP_SANITIZERS STREQUAL "thread" OR GLIDEMAP_HOME STREQUAL "macos-fakes")
     set(GLIDEMAP_WITH_QT OFF)
 else()

@@ -29,10 +29,10 @@ public:
 
     virtual Kind kind() = 0;
 
-    // Notifies of changes of kind().
+    // Notifies observers when kind() changes.
     virtual Observable& changes() = 0;
 
-    // Called each time the item's icon was set. A bar that has a better drawing can replace the
+    // Called whenever the item's icon has been set. A bar with a better drawing can replace the
     // icon here.
     virtual void itemWasDrawn(Look /*look*/) {}
 };

@@ -19,7 +19,8 @@
 
 namespace glidemap {
 
-// The gestures that contacts alone can make, in the order of declaration.
+// The gestures that perform() supports, in declaration order: all but clicks and the circle of any
+// direction.
 std::vector<GestureType> performableGestures();
 
 // The same gesture and seed always give the same performance.

@@ -1,4 +1,4 @@
-// Port: the user's small settings, which persist across launches.
+// Port: the user's simple settings (strings and booleans), which persist across launches.
 //
 // Thread:  the main thread.
 // Errors:  none reach the caller: a value that cannot be read is absent; a failed write is

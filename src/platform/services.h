@@ -48,7 +48,7 @@ std::filesystem::path runtimeFolder();
 // Whether a display is available. Qt aborts a program that connects without one.
 bool hasDisplay();
 
-// Whether windows have icons. On other systems Qt would replace the bundle's icon in the Dock.
+// Whether to set window icons. False on macOS, where Qt would replace the bundle's Dock icon.
 bool windowsHaveIcons();
 
 // Returns the diagnosis page for a bug report. The caller must exit without running exit handlers:

@@ -29,7 +29,7 @@ public:
     // frames may be processed late. Called on the engine's queue after process().
     virtual bool waitsForFingers() const { return false; }
 
-    // Discards the current touches without deciding a gesture: their end was not seen.
+    // Discards the current touches without recognising a gesture, because their end was not seen.
     virtual void forget() = 0;
 
     GestureCallback onGesture;

@@ -202,7 +202,7 @@ void SessionRecognizer::resetSession() {
 }
 
 // Two quick taps always make a double tap, bound or not. The binding only decides whether the first
-// tap waits.
+// tap waits. The second tap counts if it ends within 0.45 s after the end of the first.
 //
 //   tap ──┬─ second within 0.45 s ──▶ double tap; a single one held back is cancelled
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s

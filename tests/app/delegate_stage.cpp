@@ -21,7 +21,8 @@ QIcon anyIcon() {
 
 DelegateStage* DelegateStage::current = nullptr;
 
-// A complete driver. Only a start queries its number of devices.
+// A complete driver. The manager queries the device count only on start, so each query records a
+// start.
 TouchDriverPlatform DelegateStage::driver() {
     return {TEST_DRIVER, [](void*) {
                 return TouchDriverPlatform::ListAccess{

@@ -185,9 +185,9 @@ protected:
         }
     }
 
-    // A random moment of a change or, with `aimed`, a moment at which the test sees the writer
-    // write. On a busy machine that may never happen, because the writer does not run while this
-    // thread checks; the test does not depend on it.
+    // Waits for a random time or, if `aimed`, until shortly after a write has begun. On a busy
+    // machine the test may miss the write, because the writer does not run while this thread
+    // checks. The test does not depend on seeing it.
     void waitForKillTime(bool aimed) {
         const auto part = [this](double most) {
             std::uniform_real_distribution<double> distribution(0, most);

@@ -348,7 +348,7 @@ TEST(EventLog, AGestureIsDatedWhenRecognisedAndAClickWhenRun) {
     stage.mainQueue->runAll();
     const auto& entries = stage.dispatcher->recentEvents();
     ASSERT_EQ(entries.size(), 2U);
-    // Compared as durations: macOS 13.0 cannot print the others.
+    // Compares durations, because macOS 13.0 cannot print time points.
     EXPECT_EQ(entries[1].date.time_since_epoch(), 100s);
     EXPECT_EQ(entries[0].date.time_since_epoch(), 105s);
 }

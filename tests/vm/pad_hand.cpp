@@ -72,8 +72,9 @@ PadHand& PadHand::up() {
     return *this;
 }
 
-// The kernel merges equal notifications, so a program that may not watch the clone's node can miss
-// that it was opened. The program then removes the clone and makes another one later.
+// The kernel merges identical notifications. So if Glidemap has no permission to watch the clone's
+// node, it can miss that another program opened the clone. Glidemap then removes the clone and
+// makes another one later.
 void PadHand::waitUntilTaken(DeviceReader& clone) {
     const Deadline deadline;
     while (clone.take().empty() && !deadline.passed()) {

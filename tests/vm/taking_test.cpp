@@ -175,7 +175,7 @@ TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
         scroll();
         hand.pause(random(0, 0.1));
         while (desktop->waitForMoreOutput(0)) {
-            // a desktop that cannot write would not read either
+            // Drain the output: a desktop blocked on a full pipe would stop reading events.
         }
     }
     switching.join();

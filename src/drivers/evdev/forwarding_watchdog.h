@@ -47,9 +47,10 @@ public:
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;
     ~ForwardingWatchdog();
 
-    // Calls `grab`, which returns whether it has grabbed the pad, and holds it. pause() waits
-    // meanwhile, so the process never stops with a pad that is grabbed but not held. Returns false,
-    // without the call, while paused. The pad and its clone must live until release().
+    // Calls `grab`, which returns whether it grabbed the pad. If it did, the watchdog holds the
+    // pad. pause() waits until hold() has returned, so the process never stops with a pad that is
+    // grabbed but not held. While paused, returns false without calling `grab`. The pad and its
+    // clone must live until release().
     bool hold(const Held& newlyHeld, const std::function<bool()>& grab);
     // The watchdog does not touch the pad once this has returned.
     void release(const OpenPad& pad);

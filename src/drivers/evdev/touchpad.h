@@ -36,7 +36,9 @@ struct PadConnection {
     std::unique_ptr<OpenPad> pad;
     ContactAssembler assembler;
     PadInterception interception;
-    bool fresh = true;     // its first events are there without its descriptor being readable
+    // The first read must not wait for poll(): the initial state does not make the descriptor
+    // readable.
+    bool fresh = true;
     bool mayBeRead = true; // false once this user has lost access to the node
 };
 

@@ -119,7 +119,8 @@ private:
     // Used on the reader's thread only.
     std::unique_ptr<ReturnWatch> returnWatch;
     std::vector<pollfd> descriptors;
-    std::vector<Touchpad*> polled; // by descriptor; null if it is not a touchpad's
+    // Parallel to `descriptors`; null for descriptors that do not belong to a touchpad.
+    std::vector<Touchpad*> polled;
     std::size_t firstOfClones = 0; // index of the clone watch's first descriptor
     std::optional<ClickInterception::Moment> wakeAt;
 };

@@ -37,9 +37,9 @@ constexpr int maxBadgeWidth = 200;      // at the default window width; wider wi
 constexpr double maxBadgesShare = 0.28; // maximum share of the row
 constexpr double cornerRadius = 7;
 
-// Scripts differ in height, but rows of different heights would look restless. Chinese fonts are
-// the tallest, with a line height of up to this multiple of the font size. Measuring a Chinese font
-// would load it just for that.
+// Line heights differ between scripts, but all rows must have the same height. Chinese fonts are
+// the tallest: their line height is up to this multiple of the font size. This is a constant,
+// because measuring a Chinese font would load the font.
 constexpr double maxLineHeight = 1.45;
 
 int lineHeight(TextStyle style) {

@@ -61,7 +61,7 @@ class Theme {
 public:
     static Theme& shared();
 
-    // The settings that shared() uses. Call before the first use of shared(); may be null.
+    // Sets the settings that shared() uses; `settings` may be null. Call before the first shared().
     static void configureShared(std::shared_ptr<AppearanceSettings> settings);
 
     // Sets our style, palette and body font on the application, and keeps them current.
@@ -77,7 +77,7 @@ public:
     // Whether the system shows native sheets, for which we only provide the content.
     bool systemShowsSheets() const;
 
-    // Fixes the appearance; nullopt follows the desktop's again.
+    // Fixes the appearance; with nullopt, the theme follows the desktop's appearance again.
     void pin(std::optional<ColorScheme> scheme);
     void pinReducedMotion(std::optional<bool> reduced);
     void pinCompositing(std::optional<bool> composites);

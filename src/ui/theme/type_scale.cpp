@@ -38,7 +38,7 @@ Step stepOf(TextStyle style) {
     return {bodySize, QFont::Normal};
 }
 
-// Default families that programs get if the user has not chosen a font.
+// Whether the family is a placeholder that programs get if the user has not chosen a font.
 bool namesNoFamily(const QString& family) {
     const std::array names = {"", "Sans", "Sans Serif", "Sans-Serif", "Helvetica", "System-ui"};
     return std::any_of(names.begin(), names.end(), [&family](const char* name) {

@@ -59,7 +59,7 @@ void countWithin(const std::function<void()>& work) {
     --within;
 }
 
-// Records where it is destroyed.
+// On destruction, records `within`: whether the wrapper is running.
 std::shared_ptr<void> releasedWithin(std::vector<int>& seen) {
     return {nullptr, [&seen](void*) {
                 seen.push_back(within);

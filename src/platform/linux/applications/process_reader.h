@@ -16,8 +16,9 @@ struct ProcessFacts {
     std::string controlGroups; // the content of its cgroup file
     std::string executable;    // path
     std::vector<std::string> arguments;
-    std::string launchedFrom; // the entry that launched this process itself
-    bool onTerminal = false;  // it has a controlling terminal, so a user typed its name
+    // Path of the entry that launched this process; empty if it launched an ancestor.
+    std::string launchedFrom;
+    bool onTerminal = false; // the process has a controlling terminal, so a user typed its name
 
     friend bool operator==(const ProcessFacts&, const ProcessFacts&) = default;
 };

@@ -75,7 +75,8 @@ private:
         readLocked();
     }
 
-    // A late report still skips the services that have not been called yet.
+    // If the session reports the lock only after this request has begun to ask the screen savers,
+    // the request skips the remaining ones.
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
              [this, kept = alive()](const BusReply& answer) {

@@ -25,7 +25,6 @@ public:
     void remove() override;
     void setNeeded(bool /*needed*/) override {}
 
-    // Returns the callback's verdict on an event.
     Verdict verdict(const ClickEvent& event) { return decide(event); }
 
 private:

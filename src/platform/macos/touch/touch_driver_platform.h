@@ -1,8 +1,9 @@
 // Finds the touch driver on macOS and reads its device list: the system's private trackpad
 // framework, which returns a Core Foundation array.
 //
-// Each list has new devices, even for the same trackpads. So a list that is created while devices
-// run would start them twice, and nothing on macOS reports that devices may have changed.
+// Each list contains new device objects, even for the same trackpads. Starting a second list while
+// devices run would start each trackpad twice. Therefore nothing on macOS reports that devices may
+// have changed.
 //
 // Thread:  the main thread, on startup.
 // Errors:  none here; the device manager reports a framework that it cannot load.

@@ -36,7 +36,7 @@ public:
         return true;
     }
 
-    // The desktop has one window, the editor's.
+    // Only the editor's window can be brought forward.
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override {
         const bool has = isChosen(window("editor"));
         log.push_back(name + (has ? " brings forward" : " has no window"));

@@ -23,7 +23,7 @@ static_assert(kCGEventFlagMaskControl == modifier::control);
 static_assert(kCGEventFlagMaskAlternate == modifier::option);
 static_assert(kCGEventFlagMaskCommand == modifier::command);
 
-// Typing: uses the state of the hardware, and posts where the keyboard's events enter.
+// Typing: the events use the hardware's state and are posted where the keyboard's events enter.
 static_assert(kCGEventSourceStateHIDSystemState == 1);
 static_assert(kCGHIDEventTap == 0);
 

@@ -63,7 +63,8 @@ void glidemap::doubles::postDistributed(const char* name) {
     for (const Registration& one : notified) {
         if (one.isImmediate && one.name == name) {
             using Receive = void (*)(id, SEL, NSNotification*);
-            // Converts through void*, because the method has a more specific type.
+            // Casts through void*, because some compilers' -Wextra warns about casts between
+            // different function types.
             void* const method = reinterpret_cast<void*>(objc_msg_lookup(one.observer, one.method));
             reinterpret_cast<Receive>(method)(one.observer, one.method, notice);
         }

@@ -9,10 +9,10 @@ namespace glidemap::doubles {
 struct MainAppService {
     long status = 0; // the system's constant
     bool refuses = false;
-    std::optional<std::string> reason; // the system's text of a refusal
+    std::optional<std::string> reason; // the system's error message when it refuses
 };
 
-// The fixture's set-up resets it.
+// The fixture's set-up resets this state.
 MainAppService& mainAppService();
 
 // Destroys the service object.

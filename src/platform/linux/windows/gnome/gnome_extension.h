@@ -1,10 +1,10 @@
 // Installs our extension into GNOME Shell on the user's request, and reports its state.
 //
-// A shell loads its extensions on startup: a new extension works from the next login.
+// A shell loads its extensions on startup, so a new extension works from the next login.
 //
-// Thread:  any, but one call at a time; waits for the shell, a few seconds if that is stuck.
+// Thread:  any, but one call at a time. Calls wait for the shell; if it hangs, for several seconds.
 // Owner:   the desktop helper.
-// Errors:  as text for the user, from the system.
+// Errors:  returned as messages to be shown to the user, mostly the system's own.
 #pragma once
 
 #include <filesystem>

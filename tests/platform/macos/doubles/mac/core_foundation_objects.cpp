@@ -121,7 +121,7 @@ std::multiset<std::string> livingObjects() {
     return kinds;
 }
 
-// Only arrays are kept until the program exits.
+// Supports only arrays: no other objects are kept until the program exits.
 void releaseAll(const std::string& kind) {
     EXPECT_EQ(kind, "CFArray");
     const std::lock_guard lock(guard);
