@@ -143,7 +143,8 @@ void Exchange::giveUp(const QString& text) {
     }
 }
 
-// Destroys the network objects first: the callback may show an alert, which can stay open for long.
+// Destroys the network objects first: the callback may show an alert, which can stay open for a
+// long time.
 void Exchange::finish() {
     if (!done) {
         return;

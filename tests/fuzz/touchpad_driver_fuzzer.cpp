@@ -259,7 +259,7 @@ private:
     }
 
     std::shared_ptr<FakeStream> stream;
-    std::mutex mutex;     // the reader opens the touchpad
+    std::mutex mutex;     // the reader thread may open the touchpad at any time
     DeviceState reported; // the state that the driver knows
     std::int32_t nextId = 1;
     bool isRead = true; // or will be, when the driver has found it

@@ -60,7 +60,8 @@ public:
 private:
     std::optional<std::string> waitForLine(const std::string& stream, const std::string& text);
     bool hasEnded() const;
-    // Reads pending output; waits for more, for the end of both streams, or for the deadline.
+    // Waits for output or the end of a stream, and reads it. Returns false on a time-out or after
+    // both streams have ended.
     bool readMore(int milliseconds);
 
     pid_t process = -1;

@@ -37,7 +37,7 @@ struct PadIdentity {
 struct PadCandidate {
     std::string node;
     PadIdentity identity;
-    bool readable = true; // by this user, judged without opening it
+    bool readable = true; // by this user; checked without opening the node
 };
 
 // The progress of udev and other programs with a new clone.

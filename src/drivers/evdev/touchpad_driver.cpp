@@ -162,7 +162,7 @@ void TouchpadDriver::start(driver::Device device) {
     touchpad->start();
     connect(*touchpad);
     clicks.watchdog().progress(); // the reader may wait while several touchpads are opened
-    mustSearch = true;            // for its current contacts, or for its return
+    mustSearch = true; // to read its current contacts, or to reopen it if it has returned
     launchReader();
     wakeReader();
 }

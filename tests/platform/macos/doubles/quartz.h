@@ -20,7 +20,8 @@ struct Quartz {
 // The fixture's set-up resets it.
 Quartz& quartz();
 
-// The result of the event tap for a mouse event; releases the objects that the caller owns.
+// Passes a mouse event to the event tap's callback and returns what the callback did with it.
+// Releases the event afterwards, as the system does.
 enum class Passage { passed, dropped, replaced };
 Passage play(CGEventType type, std::int64_t button);
 

@@ -173,7 +173,8 @@ void X11Backend::Session::serve() {
     }
 }
 
-// xcb_poll_for_event() reads from the socket, including replies.
+// Polls for an event first, because xcb_poll_for_event() also reads pending replies from the
+// socket.
 bool X11Backend::Session::serveOnce() {
     const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(requests.raw()));
     if (event != nullptr)
@@ -187,7 +188,7 @@ bool X11Backend::Session::serveOnce() {
 void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sent = 0x80;
     if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
-        return; // also skips errors: a window closed before the request
+        return; // also ignores errors: a window may close before its request is handled
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     if (change.window != clock)
         propertyChanged(change.window, change.atom);

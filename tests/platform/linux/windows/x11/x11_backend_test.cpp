@@ -98,7 +98,6 @@ protected:
         });
     }
 
-    // Starts a server with a window manager.
     void startDesktop() {
         startServer();
         server->startWindowManager();
