@@ -29,7 +29,7 @@ public:
 
     virtual Kind kind() = 0;
 
-    // Notifies of changes of kind().
+    // Notifies observers when kind() changes.
     virtual Observable& changes() = 0;
 
     // Called each time the item's icon was set. A bar that has a better drawing can replace the

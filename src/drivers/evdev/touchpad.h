@@ -36,7 +36,7 @@ struct PadConnection {
     std::unique_ptr<OpenPad> pad;
     ContactAssembler assembler;
     PadInterception interception;
-    bool fresh = true;     // its first events are there without its descriptor being readable
+    bool fresh = true;     // its first events can be read before its descriptor is readable
     bool mayBeRead = true; // false once this user has lost access to the node
 };
 

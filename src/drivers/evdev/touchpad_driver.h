@@ -119,7 +119,7 @@ private:
     // Used on the reader's thread only.
     std::unique_ptr<ReturnWatch> returnWatch;
     std::vector<pollfd> descriptors;
-    std::vector<Touchpad*> polled; // by descriptor; null if it is not a touchpad's
+    std::vector<Touchpad*> polled; // one per descriptor; null if the descriptor is not a touchpad's
     std::size_t firstOfClones = 0; // index of the clone watch's first descriptor
     std::optional<ClickInterception::Moment> wakeAt;
 };
