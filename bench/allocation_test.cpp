@@ -103,7 +103,7 @@ TEST(MixedTouching, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnTheE
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
-// Exceeds the maximum number of tracks of a session, so that old tracks are dropped many times.
+// Has more touches than a session may have tracks, so that old tracks are dropped many times.
 TEST(AnEndlessSession, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnTheEngines) {
     CountedPipeline pipeline;
     PerformanceScript script(

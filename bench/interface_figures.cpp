@@ -45,7 +45,7 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// Excludes most of the noise of other programs.
+// Excludes most noise from other programs.
 double tenth(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 10];

@@ -1,7 +1,7 @@
-// ui_demo_bench [Google Benchmark's options]: the cost of one frame of a demonstration, of which a
-// visible view shows at most 40 per second: computing it, and painting it at the popover's size.
+// ui_demo_bench [Google Benchmark's options]: the cost of computing one frame of a demonstration,
+// and of painting it at the popover's size. A visible view shows at most 40 frames per second.
 //
-// "new" is the number of calls of operator new per frame; it excludes Qt's use of malloc.
+// "new" is the number of calls to operator new per frame; it excludes Qt's use of malloc.
 #include "bench/allocation_count.h"
 #include "ui/demo/draw_gesture_demo.h"
 #include "ui/demo/gesture_demo.h"

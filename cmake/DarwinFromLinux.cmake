@@ -26,7 +26,7 @@ get_filename_component(darwin ${darwin} ABSOLUTE)
 set(doubles ${darwin}/../platform/macos/doubles)
 get_filename_component(doubles ${doubles} ABSOLUTE)
 
-# Headers of a Mac that a C library for Linux also has. Unlisted headers are not found.
+# macOS headers that musl also provides. Headers that are not in the list are not found.
 set(headers ${CMAKE_BINARY_DIR}/darwin-headers)
 file(GLOB musl /usr/include/*-linux-musl)
 list(GET musl 0 musl)

@@ -55,8 +55,8 @@ bool isRefusedRedirect(QNetworkReply::NetworkError error) {
            error == QNetworkReply::ProtocolUnknownError;
 }
 
-// One fetch, from the request to its result. Its own manager ends the network thread, too, when it
-// is destroyed.
+// One fetch, from the request to its result. The fetch has its own manager, because destroying the
+// manager also ends the network thread.
 class Exchange : public QObject {
 public:
     Exchange(HttpsFetchSetup setup, Done done);
@@ -143,7 +143,8 @@ void Exchange::giveUp(const QString& text) {
     }
 }
 
-// Destroys the network objects first: the callback may show an alert, which can stay open for long.
+// Destroys the network objects first: the callback may show an alert, which can stay open for a
+// long time.
 void Exchange::finish() {
     if (!done) {
         return;

@@ -64,7 +64,7 @@ public:
     std::string versionURL() const { return "https://" + setup.host + "/version.json"; }
     std::string siteURL() const { return "https://" + setup.host + "/"; }
 
-    // Notifies of changes of latestVersion().
+    // Notifies observers when latestVersion() changes.
     Observable& changes() { return observers; }
 
     // Whether version `version` is strictly newer than `other`.

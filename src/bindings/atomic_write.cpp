@@ -9,7 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Returns the end of a chain of symbolic links, which need not exist, or nullopt for a cycle.
+// Follows symbolic links and returns the final path, which need not exist. Returns nullopt for a
+// cycle.
 std::optional<std::filesystem::path> resolved(std::filesystem::path file) {
     constexpr int maxLinks = 40; // the kernel's limit
     std::error_code error;

@@ -18,7 +18,7 @@ public:
     // True with a probability of 1 / `times`.
     bool oneIn(int times);
 
-    // Random around 0, mostly close to 0, within [-1, 1].
+    // Returns a random value in [-1, 1], usually close to 0.
     double wobble();
 
 private:

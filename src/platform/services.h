@@ -59,8 +59,8 @@ std::string diagnosis(const std::string& version);
 // startFontScan(). The returned function restores the environment; call it after the scan.
 std::function<void()> hideSilentBus();
 
-// Starts reading the list of fonts on a thread of its own. The returned function waits for its end;
-// call it before measuring the first text.
+// Starts reading the font list on its own thread. The returned function waits until the list has
+// been read; call it before measuring the first text.
 std::function<void()> startFontScan();
 
 // The functions from here on need the application object.

@@ -1,4 +1,4 @@
-// The readers of the formats of recordings.
+// One reader for each recording format.
 //
 // Owner:   openRecording(), which creates them.
 #pragma once

@@ -11,7 +11,7 @@
 
 namespace glidemap::test {
 
-// Tests raise their time-outs up to this one on a busy machine.
+// On a busy machine, tests retry with longer time-outs, up to this limit.
 inline constexpr std::chrono::seconds maxTimeout{64};
 static_assert(maxTimeout < patience);
 

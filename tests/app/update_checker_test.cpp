@@ -88,7 +88,7 @@ TEST_F(UpdateCheckerTest, NewerVersionIsReportedAndKeptAsServed) {
     EXPECT_EQ(asked[0].first, checker->versionURL());
     EXPECT_EQ(reported, Lines());
     answerVersion("1.2.1-beta");
-    EXPECT_EQ(reported, Lines{"none"}); // its last piece is not a number
+    EXPECT_EQ(reported, Lines{"none"}); // the version's last component is not a number
     checker->check(note());
     answerVersion("+1..2.1");
     EXPECT_EQ(reported, (Lines{"none", "+1..2.1"}));

@@ -1,4 +1,4 @@
-// A screenshot of a part of the screen.
+// A screenshot that covers part of the screen.
 //
 // Units:   pixels.
 // Errors:  a screen that cannot be read fails the test and returns an empty picture.

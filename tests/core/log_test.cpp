@@ -42,7 +42,7 @@ public:
     StandardErrorPipe& operator=(const StandardErrorPipe&) = delete;
     ~StandardErrorPipe() { dup2(saved.descriptor(), STDERR_FILENO); }
 
-    // All text written since the last call.
+    // Returns all text written since the last call.
     std::string text() {
         std::string all;
         std::array<char, 4096> piece{};

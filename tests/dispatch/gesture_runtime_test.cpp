@@ -111,7 +111,7 @@ TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrConsumed) {
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("disable", "remove"));
     tap(3, 1);
     session->setActive(false);
-    session->setAsleep(false); // awake, with another session in front
+    session->setAsleep(false); // awake, while another session is active
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
     tap(3, 2);
     session->setActive(true);

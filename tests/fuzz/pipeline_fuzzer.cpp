@@ -208,7 +208,7 @@ private:
     std::vector<GestureType> ofDelayedWork;
 };
 
-// Translates the bytes to a hand on a pad and a faulty driver.
+// Interprets the input bytes as finger movements and driver faults.
 class Performer {
 public:
     explicit Performer(std::span<const std::uint8_t> bytes)

@@ -1,4 +1,4 @@
-// The touchpad driver on a model of a kernel, with random actions of fingers, of the kernel and of
+// Runs the touchpad driver on a simulated kernel, with random actions by fingers, the kernel and
 // callbacks.
 //
 // The input is a list of actions. Fingers land, move and leave, and buttons go down and up. Like
@@ -259,10 +259,10 @@ private:
     }
 
     std::shared_ptr<FakeStream> stream;
-    std::mutex mutex;     // the reader opens the touchpad
+    std::mutex mutex;     // the reader thread may open the touchpad at any time
     DeviceState reported; // the state that the driver knows
     std::int32_t nextId = 1;
-    bool isRead = true; // or will be, when the driver has found it
+    bool isRead = true; // the driver reads the touchpad, or will when it has found it
 };
 
 class Directory : public FakeDirectory {
@@ -362,7 +362,7 @@ private:
         case 2:
             return system.setGrabbedByOthers((choice & 4) != 0);
         default:
-            return system.setTime(clock + choice / 1000.0); // frames from before are still pending
+            return system.setTime(clock + choice / 1000.0); // earlier frames are still pending
         }
     }
 
@@ -377,7 +377,7 @@ private:
     void withdrawAccess() {
         pads->makeReadable("/dev/input/event0", false);
         driver->createList();
-        driver->name(device); // which waits for the reader's lock
+        driver->name(device); // waits for the reader's lock
         pads->makeReadable("/dev/input/event0");
         driver->createList();
     }
@@ -412,10 +412,10 @@ private:
             isStarted = true;
         }
         drain();
-        time.advance(CloneIntroduction::graceOfReader); // for a new clone to become ready
+        time.advance(CloneIntroduction::graceOfReader); // lets a new clone become ready
         drain();
         if (!isStarted) {
-            settle(); // a callback has stopped it
+            settle(); // a callback has stopped the touchpad
         }
     }
 
@@ -464,7 +464,7 @@ private:
         writeChanges(true);
         driver->switchClickFilter(false);
         settle();
-        settle(); // for the changes that the first call caused
+        settle(); // processes the changes that the first call caused
         if (kernel.isHonest) {
             require(!stream()->system()->isGrabbed(),
                     "an untouched touchpad is given back when the filter is off");

@@ -31,7 +31,7 @@ public:
         }
     }
 
-    // Returns false if no task waits.
+    // Returns false if no task is waiting.
     bool runNext() {
         auto task = takeNext();
         if (task) {

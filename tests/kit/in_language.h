@@ -1,4 +1,4 @@
-// Sets the shared language during a scope.
+// Sets the shared language for the duration of a scope.
 #pragma once
 
 #include "core/lang.h"

@@ -211,8 +211,9 @@ TEST(CircleTest, TheEndsLieAtMost1_2RadiiApart) {
 }
 
 TEST(CircleTest, AGapOfExactly1_2RadiiCountsAsClosed) {
-    // 7, 24 and 25 are the sides of a right triangle. The last point therefore lies on the circle,
-    // 30 units from the north, where the radius is 25. Stretching this unit is exact.
+    // 7, 24 and 25 are the sides of a right triangle, so the last point lies on the circle of
+    // radius 25. It is 30 units, or 1.2 radii, from the first point. With this unit, dividing by
+    // 1.35 and multiplying by it again is exact.
     const double unit = 33 / 4096.0;
     const PadPoint last = {24 * unit / 1.35, 7 * unit};
     Path path = compass("NNN", 0, 25 * unit);

@@ -64,7 +64,7 @@ TEST_F(SessionHostileTest, AFingerWithoutAFinitePositionIsIgnored) {
         report(0, {{1, odd, 0.5, true}, {2, 0.5, odd, true}, {3, odd, odd, true}});
         report(0.1, {});
         EXPECT_EQ(reported, Gestures());
-        // It does not count beside a finger with a finite position either.
+        // Such a finger is not counted next to a finger with a finite position either.
         report(1, {{1, odd, 0.5, true}, {2, 0.1, 0.1, true}});
         report(1.1, {});
         EXPECT_EQ(reported, Gestures{cornerTapBottomLeft});

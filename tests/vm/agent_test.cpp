@@ -42,7 +42,7 @@ constexpr unsigned long shift = 0x20000;
 constexpr unsigned long control = 0x40000;
 constexpr unsigned long optionAndCommand = 0x180000;
 
-// Longer than the program's limit between the two taps of a double tap.
+// Longer than the maximum interval between the taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
 std::string contentsOf(const std::filesystem::path& file) {

@@ -1,5 +1,5 @@
-// libinput's view of the touches of a dropped click. With tapping on, the touches alone would be a
-// tap, and a tap of two fingers opens a menu.
+// Checks how libinput interprets the touches of a dropped click. With tapping on, the touches alone
+// would be a tap, and a two-finger tap opens a menu.
 //
 //   fingers ─▶ pad ─▶ driver, drops the click ─▶ clone ─▶ libinput ─▶ buttons, scrolling, motion
 

@@ -1,5 +1,4 @@
-// The bindings store on a full or read-only disk: the tests mount a file system of a quarter of a
-// megabyte.
+// The bindings store on a full or read-only disk: the tests mount a file system of 256 KiB.
 #include "binding_printers.h"
 #include "bindings/binding_store.h"
 #include "support_folder.h"

@@ -1,5 +1,5 @@
-// Shortcuts while the user holds modifiers on a physical keyboard, at a real X server: the events
-// that the focused window receives, and the modifiers that are held afterwards.
+// Types shortcuts with a real X server while the user holds modifiers on a physical keyboard.
+// Checks the events that the focused window receives, and the modifiers that are held afterwards.
 
 #include "ordinary_keyboard.h"
 #include "platform/linux/desktop/desktop_thread.h"

@@ -24,7 +24,7 @@ std::optional<std::filesystem::path> waitForNode(const std::string& name,
 // Waits until the node is gone.
 bool waitForNoNode(const std::filesystem::path& node);
 
-// Returns the event nodes of the clones of touchpads, oldest first.
+// Returns the event nodes of touchpad clones, oldest first.
 std::vector<std::filesystem::path> cloneNodes();
 
 // Waits until udev has initialised a clone that is not in `except`. Returns an empty path on

@@ -28,10 +28,10 @@ public:
     // Waits until a line of the program's output contains the text, and returns the line.
     std::optional<std::string> waitForOutput(const std::string& text);
 
-    // The same for the lines of its standard error.
+    // Does the same for the program's standard error.
     std::optional<std::string> waitForError(const std::string& text);
 
-    // Reads until that many lines contain the text, or until the time-out.
+    // Reads until `count` lines contain the text, or until the time-out.
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience);
 
     // Waits for more output; returns false on time-out.
@@ -60,7 +60,8 @@ public:
 private:
     std::optional<std::string> waitForLine(const std::string& stream, const std::string& text);
     bool hasEnded() const;
-    // Reads pending output; waits for more, for the end of both streams, or for the deadline.
+    // Waits for output or the end of a stream, and reads it. Returns false on a time-out or after
+    // both streams have ended.
     bool readMore(int milliseconds);
 
     pid_t process = -1;

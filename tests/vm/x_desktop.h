@@ -17,7 +17,8 @@ public:
     // Returns whether the programs are installed.
     static bool isInstalled();
 
-    // Returns when the window manager runs. Sets DISPLAY for programs that are started later.
+    // Starts the desktop and waits until the window manager is running. Sets DISPLAY for programs
+    // that are started later.
     XDesktop();
     XDesktop(const XDesktop&) = delete;
     XDesktop& operator=(const XDesktop&) = delete;

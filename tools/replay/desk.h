@@ -57,7 +57,8 @@ private:
     // The binding whose action runs next. At most one: the main queue is drained before the next
     // record, and a record delivers at most one gesture.
     std::shared_ptr<const GestureBinding> routed;
-    std::optional<ButtonChanged::Click> taken; // set while a press is being decided
+    // The click gesture of the latest button record, if a binding consumed it.
+    std::optional<ButtonChanged::Click> taken;
 };
 
 } // namespace glidemap::replay

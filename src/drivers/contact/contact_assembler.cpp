@@ -108,7 +108,8 @@ void ContactAssembler::handleAbsolute(std::uint16_t code, std::int32_t value) {
 }
 
 ContactAssembler::Slot* ContactAssembler::currentSlot() {
-    const auto index = static_cast<std::size_t>(slotNumber); // negative: beyond every slot
+    // A negative number becomes an index beyond every slot.
+    const auto index = static_cast<std::size_t>(slotNumber);
     return index < slots.size() ? &slots[index] : nullptr;
 }
 
@@ -123,7 +124,8 @@ void ContactAssembler::setTrackingId(Slot& slot, std::int32_t trackingId) {
     if (down) {
         slot.begun = true;
     } else {
-        slot.leaving = slot.leaving || !slot.begun; // an unreported contact has nothing to end
+        // A contact that was never reported needs no end report.
+        slot.leaving = slot.leaving || !slot.begun;
         slot.begun = false;
     }
 }

@@ -2,8 +2,8 @@
 // touchpads and for new clones.
 //
 // Thread:  PadDirectory on any thread, one at a time. An OpenPad and its clone on any thread, one
-//          at a time unless a function says otherwise; the pad is read and closed on the reader's.
-//          A ReturnWatch and a CloneWatch on the reader's.
+//          at a time unless a function says otherwise; the reader's thread reads and closes the
+//          pad. A ReturnWatch and a CloneWatch on the reader's thread.
 // Errors:  as values; only a failed allocation throws.
 #pragma once
 
@@ -37,14 +37,14 @@ struct PadIdentity {
 struct PadCandidate {
     std::string node;
     PadIdentity identity;
-    bool readable = true; // by this user, judged without opening it
+    bool readable = true; // by this user; checked without opening the node
 };
 
 // The progress of udev and other programs with a new clone.
 struct CloneStanding {
     bool hasNode = false;
     bool isAnnounced = false;   // udev has initialised the clone and tags it as a touchpad
-    std::optional<bool> isOpen; // whether a program has it open; nullopt if unknown
+    std::optional<bool> isOpen; // whether a program has the clone open; nullopt if unknown
 
     friend bool operator==(const CloneStanding&, const CloneStanding&) = default;
 };
@@ -65,8 +65,8 @@ public:
     // Writes a frame with its SYN_REPORT. Returns false if the clone cannot be written any more.
     virtual bool write(std::span<const InputEvent> frame) = 0;
 
-    // The kernel releases everything that the clone holds, and every later write fails. On any
-    // thread, also while another thread writes.
+    // The kernel releases everything that the clone holds, and every later write fails. May be
+    // called on any thread, also while another thread writes.
     virtual void destroy() = 0;
 };
 
@@ -74,9 +74,9 @@ class OpenPad {
 public:
     enum class Read {
         event,
-        nothing, // until the descriptor is readable again
+        nothing, // no event until the descriptor is readable again
         gone,    // the touchpad was unplugged
-        broken,  // it is connected but cannot be read
+        broken,  // the touchpad is connected but cannot be read
     };
 
     OpenPad() = default;
@@ -91,7 +91,7 @@ public:
     // opened.
     virtual Read next(InputEvent& event) = 0;
 
-    // Returns whether it has a left or a right button.
+    // Returns whether the touchpad has a left or a right button.
     virtual bool hasButtons() const = 0;
 
     // Hides the touchpad's events from other programs. Returns when the grab took effect, by the
@@ -99,7 +99,7 @@ public:
     // later ones. Returns nullopt if the grab fails.
     virtual std::optional<double> grab() = 0;
     // Returns a moment, by the events' clock, until which no other program received the touchpad's
-    // events. On any thread, also while another thread reads.
+    // events. May be called on any thread, also while another thread reads.
     virtual double ungrab() = 0;
 
     // Returns null if this user may not make devices.
@@ -113,7 +113,8 @@ public:
     ReturnWatch& operator=(const ReturnWatch&) = delete;
     virtual ~ReturnWatch() = default;
 
-    // Readable when a touchpad may have returned or become readable; −1 for an unused entry.
+    // A descriptor is readable when a touchpad may have returned or become readable. An unused
+    // entry is −1.
     virtual std::array<int, 2> descriptors() const = 0;
 
     // Drains all notifications and prepares for the next ones.
@@ -128,7 +129,8 @@ public:
     CloneWatch& operator=(const CloneWatch&) = delete;
     virtual ~CloneWatch() = default;
 
-    // Readable when the progress of a clone may have changed; −1 for an unused entry.
+    // A descriptor is readable when the progress of a clone may have changed. An unused entry is
+    // −1.
     virtual std::array<int, 2> descriptors() const = 0;
 
     // Drains all notifications.
@@ -146,7 +148,7 @@ public:
 
     virtual std::vector<PadCandidate> candidates() = 0;
 
-    // Looks up the touchpad at this node only, which is cheaper than finding all of them.
+    // Looks up the touchpad at this node only, which is cheaper than finding all touchpads.
     virtual std::optional<PadCandidate> candidateAt(const std::string& node) = 0;
 
     // Returns null if the touchpad cannot be opened or is gone.

@@ -162,7 +162,7 @@ void TouchpadDriver::start(driver::Device device) {
     touchpad->start();
     connect(*touchpad);
     clicks.watchdog().progress(); // the reader may wait while several touchpads are opened
-    mustSearch = true;            // for its current contacts, or for its return
+    mustSearch = true; // to read its current contacts, or to reopen it if it has returned
     launchReader();
     wakeReader();
 }
@@ -236,9 +236,9 @@ void TouchpadDriver::launchReader() {
         return;
     }
     if (reader.joinable()) {
-        reader.join(); // it ended after a callback had stopped the last touchpad
+        reader.join(); // the thread ended after a callback had stopped the last touchpad
     }
-    reader = threadWithoutSignals([this] { runReader(); }); // waits for the lock
+    reader = threadWithoutSignals([this] { runReader(); }); // the thread first waits for the lock
     readerRuns = true;
 }
 
@@ -286,7 +286,7 @@ void TouchpadDriver::serve() {
     readReady();
     const bool stalled = clicks.noticeStall();
     if (clicks.takeChange() || stalled) {
-        readConnected(); // grabs them or gives them back
+        readConnected(); // grabs the touchpads or gives them back
     } else {
         readDue();
     }
@@ -300,7 +300,7 @@ void TouchpadDriver::serve() {
     updateWatch();
 }
 
-// Access may have been restored by now, so this searches for all of them again.
+// Access may have been restored by now, so the driver searches for all touchpads again.
 void TouchpadDriver::withdrawUnreadable() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
@@ -312,8 +312,8 @@ void TouchpadDriver::withdrawUnreadable() {
     }
 }
 
-// What poll() has found to be ready. A touchpad that was opened again meanwhile may be read in any
-// case.
+// Reads the descriptors that poll() found ready. A touchpad that was opened again since then may be
+// read in any case.
 void TouchpadDriver::readReady() {
     for (std::size_t index = 0; index < descriptors.size(); ++index) {
         if (!isReady(descriptors[index])) {
@@ -340,7 +340,7 @@ void TouchpadDriver::readReady() {
 void TouchpadDriver::read(Touchpad& touchpad) {
     if (touchpad.connected() != nullptr) {
         touchpad.read(buttonCallback);
-        clicks.watchdog().progress(); // for each touchpad, however many are open
+        clicks.watchdog().progress(); // reported for each touchpad, because many may be open
         mustSearch = mustSearch || touchpad.mayHaveReturned();
     }
 }
@@ -421,7 +421,7 @@ void TouchpadDriver::reconnect() {
 void TouchpadDriver::collectDescriptors() {
     descriptors.clear();
     polled.clear();
-    addDescriptor(wakeUp.descriptor(), nullptr); // at wakeUpIndex
+    addDescriptor(wakeUp.descriptor(), nullptr); // its index is wakeUpIndex
     const std::array<int, 2> watched =
         returnWatch != nullptr ? returnWatch->descriptors() : std::array{-1, -1};
     for (const int descriptor : watched) {

@@ -1,4 +1,4 @@
-// Sets the name and the quality of service of the calling thread.
+// Sets the calling thread's name and quality of service.
 //
 // Thread:  each thread for itself.
 // Errors:  none. The system rejects names of more than 63 bytes.

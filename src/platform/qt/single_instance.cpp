@@ -31,8 +31,8 @@ constexpr const char* lockName = "glidemap.lock";
 constexpr const char* socketName = "glidemap.socket";
 constexpr const char* privateName = "glidemap";
 
-// A request is one line of two words, either of which may be empty. The limit exceeds the words of
-// all desktops.
+// A request is one line with two fields, either of which may be empty. No desktop sends fields that
+// exceed the limit.
 constexpr char separator = '\t';
 constexpr std::size_t maxRequest = 4096;
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int inset = 6; // keeps the rows off the card's round corners
 constexpr double cornerRadius = 10;
-constexpr int line = 1; // of the card
+constexpr int line = 1; // the width of the card's edge
 
 // Rows beyond the visible ones, so that Tab finds the next row before it is visible.
 constexpr std::size_t rowsAhead = 2;

@@ -66,10 +66,11 @@ private:
     Lang& lang;
     QBoxLayout* whole;
     QBoxLayout* controls;
-    QHBoxLayout* choices;  // the first line of the controls, or its first part
-    QHBoxLayout* commands; // the second line, or the rest
-    int lineNeeds = 0;     // points for everything on one line, in both languages
-    int controlsNeed = 0;  // points for the controls on one line, in both languages
+    QHBoxLayout* choices;  // the first line of controls, or the first part of the only line
+    QHBoxLayout* commands; // the second line, or the rest of the only line
+    // The minimum widths in points, in either language:
+    int lineNeeds = 0;    // for everything on one line
+    int controlsNeed = 0; // for all controls on one line
     StyledLabel* title = nullptr;
     StyledLabel* subtitle = nullptr;
     QCheckBox* launchAtLogin = nullptr;

@@ -32,7 +32,7 @@ public:
     // The system's own use of this gesture, and where it is switched off.
     virtual std::string systemGesture(GestureType gesture, const Lang& lang) const = 0;
 
-    // Notifies of changes of missingAccess().
+    // Notifies observers when missingAccess() changes.
     virtual Observable& changes() = 0;
 };
 

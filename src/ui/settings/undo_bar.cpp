@@ -90,7 +90,7 @@ bool UndoBar::takesKey(QEvent& event) {
         !static_cast<QKeyEvent&>(event).matches(QKeySequence::Undo)) {
         return false;
     }
-    event.accept(); // as a key of the bar, not as a menu shortcut
+    event.accept(); // the bar handles the key, so that it does not trigger a menu shortcut
     if (!isOverride && !static_cast<QKeyEvent&>(event).isAutoRepeat()) {
         undo();
     }

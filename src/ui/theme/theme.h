@@ -91,7 +91,7 @@ public:
 
     QFont font(TextStyle style) const;
 
-    // Notifies of changes of colours, fonts and motion.
+    // Notifies observers when colours, fonts or motion settings change.
     Observable& changes() { return observers; }
 
 private:

@@ -76,7 +76,7 @@ std::vector<std::string> descriptions(const std::vector<Delivery>& deliveries);
 // Seconds of the steady clock.
 double now();
 
-// The number of threads of this process.
+// Returns this process's number of threads.
 std::size_t threadCount();
 
 // Waits until this process has at most `count` threads.

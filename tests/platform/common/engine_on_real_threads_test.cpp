@@ -153,7 +153,7 @@ TEST_F(EngineOnRealThreads, EngineMayBeDestroyedWithQueuedWork) {
     tap(5); // the sink of a destroyed engine does nothing
 }
 
-// A queue that runs its tasks on request, even after a stop, like late reports of a driver.
+// Runs its tasks on request, even after stop(). Simulates driver reports that arrive late.
 class LateQueue : public SerialQueue {
 public:
     void submit(Task task) override { tasks.push_back(std::move(task)); }

@@ -49,7 +49,8 @@ TEST(TerminationSignalsTest, SecondSignalEndsAProgramThatHangs) {
               128 + SIGTERM);
 }
 
-// A child with a limit that hangs after the request to end.
+// Runs a child that hangs after the termination request, with a limit of 50 ms. Returns its exit
+// status.
 int hangingProgram(const std::function<void(const TerminationSignals&)>& end) {
     const pid_t child = fork();
     if (child == 0) {

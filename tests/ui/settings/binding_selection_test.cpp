@@ -32,10 +32,11 @@ TEST_F(BindingSelectionTest, FollowsItsBinding) {
     };
     const Row rows[] = {
         {{0, 1, 2, 3, 4, 5}, 3, 3},
-        {{1, 2, 3, 4, 5}, 3, 2},    // an earlier one was deleted
-        {{0, 1, 2, 4, 5}, 3, 3},    // itself was deleted: its successor
-        {{0, 1, 2, 3, 4}, 5, 4},    // the last one, itself, was deleted: its predecessor
-        {{0, 1, 2}, 4, 2},          // all from it on were deleted
+        {{1, 2, 3, 4, 5}, 3, 2}, // an earlier one was deleted
+        {{0, 1, 2, 4, 5}, 3, 3}, // the selected one was deleted: selects its successor
+        // The selected one was last and was deleted: selects its predecessor.
+        {{0, 1, 2, 3, 4}, 5, 4},
+        {{0, 1, 2}, 4, 2},          // the selected one and all later ones were deleted
         {{5}, 2, 0},                // only a later one is left
         {{3, 0, 1, 2, 4, 5}, 3, 0}, // moved
         {{}, 3, std::nullopt},

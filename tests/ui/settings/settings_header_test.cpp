@@ -198,7 +198,7 @@ TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
     }
 }
 
-// Independent of the size of the letters, the width of the window and the language.
+// Holds for every letter size, window width and language.
 TEST_F(SettingsHeaderTest, NothingIsClippedOrOverlaps) {
     stage.open();
     for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0}) {

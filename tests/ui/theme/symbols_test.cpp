@@ -112,7 +112,7 @@ Ink inkOf(const QImage& image) {
     return result;
 }
 
-// The maximum difference of a pixel's coverage, in 256 steps.
+// Returns the largest alpha difference of any pixel, or 256 if the sizes differ.
 int maxDifference(const QImage& one, const QImage& other) {
     int largest = one.size() == other.size() ? 0 : 256;
     for (int y = 0; largest < 256 && y < one.height(); ++y) {

@@ -73,7 +73,7 @@ TEST_F(TemplateIconTest, IsDrawnAtEverySizeThatItLists) {
     }
 }
 
-// If only the opacity counts, an edge would make the shape larger and softer.
+// The bar uses only the icon's opacity, so an edge would make the shape larger and softer.
 TEST_F(TemplateIconTest, PlainIconHasNoEdge) {
     for (const int size : {16, 22, 44}) {
         const QIcon icon = plainTemplateIcon(symbol);

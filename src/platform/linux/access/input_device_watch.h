@@ -1,11 +1,11 @@
 // Watches for new touchpads, and for access rights that are granted, while the program runs.
 //
-//   udev: a touchpad or uinput exists, with its access list ──┐
-//   a node's rights have changed without udev ─────────────────┴─▶ changed, once per burst
+//   udev: a touchpad or uinput exists, and its ACL is set ──┐
+//   a node's permissions have changed without udev ─────────┴─▶ changed, once per burst
 //
 // Thread:  the main thread creates and destroys it, and calls `changed`. Events that follow the
 //          constructor are reported. The desktop thread waits for them without polling.
-// Owner:   the program. `changed` is not called after the destruction.
+// Owner:   the program. `changed` is not called after destruction.
 // Errors:  none; a source that cannot be watched is skipped.
 #pragma once
 

@@ -1,6 +1,6 @@
 // Finds the desktop entry of a window. The evidence, in order of reliability:
 //
-//  0. A process in a flatpak's or a snap's unit belongs to one of the entries of that package.
+//  0. A process in a flatpak's or a snap's unit belongs to one of that package's entries.
 //  1. StartupWMClass equals the window's instance. Only this distinguishes web applications from
 //     their browser.
 //  2. The app id equals an entry's id, first exactly, then ignoring case.

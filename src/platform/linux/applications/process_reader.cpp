@@ -12,7 +12,8 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t maxFileSize = std::size_t{1} << 20; // an environment has no size limit
+// A cap is needed because /proc/PID/environ may be of any size.
+constexpr std::size_t maxFileSize = std::size_t{1} << 20;
 
 std::string contentOf(const std::string& path) {
     std::string content;

@@ -1,7 +1,8 @@
 // Port: the modifiers that the user holds on real keyboards. On desktops that merge all keyboards
 // they would become part of a typed shortcut.
 //
-// Thread:  type() on one thread; `plainly` is called on any thread, before the next call's.
+// Thread:  type() on one thread; `plainly` may be called on any thread. The `plainly` of one call
+//          is called before that of the next.
 // Owner:   the virtual keyboard. The destructor completes all requested typing; `plainly` is not
 //          called afterwards.
 // Errors:  none; if the state cannot be determined, no modifier counts as held.

@@ -26,7 +26,7 @@ public:
     SessionLockers(std::vector<SessionProcess> running, std::string_view currentDesktop,
                    const std::string& ownConfiguration);
 
-    // The lockers at this moment.
+    // Returns the lockers that this session has at this moment.
     static SessionLockers ofThisSession();
 
     // Whether a locker covers the screen.

@@ -1,5 +1,5 @@
-// Lifts and puts back modifiers on a fake server. The test controls the moments at which the user
-// releases keys, which are races with a real server.
+// Releases and restores modifiers on a fake server. The test controls when the user releases keys;
+// with a real server that timing would be a race.
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "typed_text.h"
 

@@ -36,7 +36,7 @@ protected:
         ASSERT_NE(held, nullptr);
     }
 
-    // How often typing was left to the uinput keyboard.
+    // Returns how often typing was left to the uinput keyboard.
     int type(const Changes& changes) {
         int plainly = 0;
         held->type(changes, [&] { ++plainly; });

@@ -70,9 +70,9 @@ public:
 
 private:
     struct Client {
-        std::optional<X11Window> window; // nullopt until it has been read
+        std::optional<X11Window> window; // nullopt until its properties have been read
         Inquiry inquiry;
-        std::uint64_t lastUse = 0; // one counter for all windows; 0 before it was active
+        std::uint64_t lastUse = 0; // from a counter for all windows; 0 if never active
     };
 
     void makeClock();
@@ -111,7 +111,7 @@ private:
     xcb_atom_t workspaceAtom;
     xcb_atom_t shownWorkspaceAtom;
     xcb_window_t clock = XCB_WINDOW_NONE;      // changing it makes the server report its time
-    xcb_window_t toActivate = XCB_WINDOW_NONE; // when the time arrives
+    xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
     xcb_atom_t launchBeginsAtom;
@@ -173,7 +173,8 @@ void X11Backend::Session::serve() {
     }
 }
 
-// xcb_poll_for_event() reads from the socket, including replies.
+// Polls for an event first, because xcb_poll_for_event() also reads pending replies from the
+// socket.
 bool X11Backend::Session::serveOnce() {
     const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(requests.raw()));
     if (event != nullptr)
@@ -187,7 +188,7 @@ bool X11Backend::Session::serveOnce() {
 void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sent = 0x80;
     if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
-        return; // also skips errors: a window closed before the request
+        return; // also ignores errors: a window may close before its request is handled
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     if (change.window != clock)
         propertyChanged(change.window, change.atom);
@@ -282,8 +283,8 @@ void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
     requests.flush();
 }
 
-// Switches to the window's workspace first, as task bars do, because not every window manager does
-// it.
+// Switches to the window's workspace first, as task bars do, because not every window manager
+// switches on activation.
 void X11Backend::Session::activate(xcb_timestamp_t time) {
     const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
     requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {

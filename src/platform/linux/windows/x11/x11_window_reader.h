@@ -1,4 +1,4 @@
-// Reads the properties of a window of the X server.
+// Reads a window's properties from the X server.
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.

@@ -98,7 +98,6 @@ protected:
         });
     }
 
-    // Starts a server with a window manager.
     void startDesktop() {
         startServer();
         server->startWindowManager();
@@ -386,7 +385,7 @@ TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
     setActive(*one);
     reported.expectActive("one/One");
     manager->grabServer();
-    setActive(*two); // reported, but queries about it get no reply
+    setActive(*two); // the server reports the change, but does not reply to queries
     thread.call([] {});
     reported.expectActive("one/One");
     manager->ungrabServer();
@@ -424,7 +423,7 @@ long sleepsOfDesktopThread() {
     return 0;
 }
 
-// Waits for that long, or until a report arrives.
+// Waits for `length`, in which no report may arrive.
 void expectNothingReported(LastReport& reported, std::chrono::milliseconds length) {
     const int before = reported.notifications();
     std::mutex mutex;
@@ -442,7 +441,7 @@ TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
     reported.expectActive("one/One");
     reported.expectWindows("one/One");
     long before = 0;
-    do { // until it is idle
+    do { // until the thread is idle
         before = sleepsOfDesktopThread();
         expectNothingReported(reported, 200ms);
     } while (sleepsOfDesktopThread() != before);
@@ -451,7 +450,7 @@ TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
     expectNothingReported(reported, 1500ms);
     EXPECT_EQ(sleepsOfDesktopThread(), before);
     one->describe("one", "Another");
-    reported.expectActive("one/Another"); // it wakes up, and sleeps again
+    reported.expectActive("one/Another"); // the thread wakes up, and sleeps again
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (sleepsOfDesktopThread() == before && std::chrono::steady_clock::now() < deadline)
         std::this_thread::yield();
