@@ -1,9 +1,11 @@
 // Parses single lines of evemu's text format.
 //
-//   N: name                                 P: property bits, bytes in hexadecimal
-//   I: bus vendor product version           B: event type, bytes of the codes that the device can
-//   send A: axis min max fuzz flat [resolution]  (the axis in hexadecimal, the rest decimal) E:
-//   seconds.microseconds type code value (type and code in hexadecimal, the value decimal)
+//   N: name
+//   I: bus vendor product version
+//   P: property bits, bytes in hexadecimal
+//   B: event type, bytes of the codes that the device can send
+//   A: axis min max fuzz flat [resolution]      (the axis in hexadecimal, the rest decimal)
+//   E: seconds.microseconds type code value     (type and code in hexadecimal, the value decimal)
 //
 // Everything after a `#` is a comment, except in a name. LED (L:) and switch (S:) lines do not
 // describe contacts.
@@ -28,8 +30,8 @@ bool isEvemuDescription(std::string_view line);
 
 class EvemuDescription {
 public:
-    // Parses the line if it belongs to a description; otherwise ignores it. Returns an error
-    // message, or nullopt on success.
+    // Parses an N, P or A line; ignores all other lines. Returns an error message, or nullopt on
+    // success.
     std::optional<std::string> add(std::string_view line);
 
     const PadCapabilities& device() const { return _device; }

@@ -34,8 +34,9 @@ using FilterClick = bool (*)(void* context, Device device, std::int32_t event, s
 // Null removes the filter and gives back every touchpad.
 using SetClickFilter = void (*)(FilterClick filter, void* context);
 
-// Off at first, and off after a stall until it is switched on again. The driver grabs and gives
-// back a touchpad only while no finger touches it. Stopping a device gives it back at once.
+// The filter is off at first, and off after a stall until it is switched on again. The driver grabs
+// and gives back a touchpad only while no finger touches it. Stopping a device gives its touchpad
+// back at once.
 using SwitchClickFilter = void (*)(bool on);
 
 // Returns whether this user can filter clicks, that is, may make clones.
