@@ -24,10 +24,10 @@ double now();
 
 Memory memoryOf(pid_t process);
 
-// Measures for `seconds`.
+// Measures the CPU time for `seconds`.
 double cpuSecondsDuring(pid_t process, double seconds);
 
-// The same for wake-ups; prints them per thread.
+// Counts wake-ups for `seconds`, and prints them per thread.
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& output);
 
 // Waits until none of the process's threads has run for half a second.

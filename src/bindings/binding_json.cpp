@@ -301,7 +301,7 @@ private:
     std::size_t skippedDepth = 0; // depth inside a skipped value
     json element;
     std::vector<json*> objects; // the open objects, starting with the element
-    json* place = &element;     // of the next value; null for an unknown key
+    json* place = &element;     // where the next value is stored; null for an unknown key
 };
 
 std::variant<std::vector<GestureBinding>, DecodingFailure> decodedArray(std::string_view text) {

@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::string_view digitCharacters = "0123456789";
 
-// Clamped far from the limits of its type, so that a text's length can be added without overflow.
+// Clamps the exponent far from the limits of its type, so that adding a text's length does not
+// overflow.
 std::int64_t exponentIn(std::string_view text) {
     constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 4;
     constexpr int decimal = 10;

@@ -15,7 +15,7 @@ public:
     // Uniformly distributed over [low, high).
     double between(double low, double high);
 
-    // True with a probability of 1 / `times`.
+    // Returns true with a probability of 1 / `times`.
     bool oneIn(int times);
 
     // Returns a random value in [-1, 1], usually close to 0.

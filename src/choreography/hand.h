@@ -23,8 +23,8 @@ Places placeOnPad(const Places& layout, PadPoint way, Chance& chance);
 // The maximum fraction, up to 1, of `way` for which placeOnPad() finds room.
 double partWithRoom(const Places& layout, PadPoint way);
 
-// Landing times of fingers that are meant to land together: the first at `time`, the last at most
-// `longest` later.
+// Returns landing times of fingers that are meant to land together: the first at `time`, the last
+// at most `longest` later.
 std::vector<double> landings(int count, double time, double longest, Chance& chance);
 
 // Lifting times of fingers that a person means to lift together, the first at `time`.

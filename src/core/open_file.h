@@ -36,7 +36,7 @@ public:
 
     explicit operator bool() const { return file >= 0; }
 
-    // Negative if no file is open.
+    // Returns a negative value if no file is open.
     int descriptor() const { return file; }
 
 private:

@@ -16,7 +16,7 @@ public:
     UserSession& operator=(const UserSession&) = delete;
     virtual ~UserSession() = default;
 
-    // False while another session is active, of another user or of the same user.
+    // Returns false while another session is active, of another user or of the same user.
     virtual bool isActive() const = 0;
 
     virtual bool isLocked() const = 0;

@@ -48,8 +48,8 @@ public:
 
     virtual void openMissionControl() = 0;
 
-    // False if the desktop is known to have no such view. Each call checks again in the background;
-    // the next call returns the result.
+    // Returns false if the desktop is known to have no such view. Each call checks again in the
+    // background; the next call returns the result.
     virtual bool hasMissionControl() const { return true; }
 
     // Opens the place where the user grants this program access: a page of the system settings, or the

@@ -30,8 +30,8 @@ bool isEvemuDescription(std::string_view line);
 
 class EvemuDescription {
 public:
-    // Parses the line if it belongs to a description; otherwise ignores it. Returns an error
-    // message, or nullopt on success.
+    // Parses an N, P or A line; ignores all other lines. Returns an error message, or nullopt on
+    // success.
     std::optional<std::string> add(std::string_view line);
 
     const PadCapabilities& device() const { return _device; }

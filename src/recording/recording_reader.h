@@ -53,8 +53,8 @@ public:
 std::unique_ptr<RecordingReader> openRecording(std::istream& stream, std::string name,
                                                const std::filesystem::path& path = {});
 
-// The same for a file, which the reader keeps open. If the file cannot be opened, the reader has an
-// error.
+// Does the same for a file, which the reader keeps open. If the file cannot be opened, the reader
+// has an error.
 std::unique_ptr<RecordingReader> openRecordingFile(const std::filesystem::path& path,
                                                    std::string name);
 

@@ -116,7 +116,7 @@ std::optional<Control> RunningGlidemap::focused() const {
     return found != all.rend() ? std::optional(*found) : std::nullopt;
 }
 
-// Also true for a container of the focused control.
+// Also returns true for a container of the focused control.
 bool RunningGlidemap::hasFocus(const std::string& name) const {
     const Controls all = controls();
     return std::any_of(all.begin(), all.end(), [&](const Control& each) {

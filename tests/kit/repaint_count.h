@@ -28,7 +28,7 @@ public:
         runRounds();
     }
 
-    // Counted by the object's name, or by its class if it has no name.
+    // Counts per object name, or per class for objects without a name.
     std::map<std::string, int> paints;
     std::map<std::string, int> layoutRequests;
 

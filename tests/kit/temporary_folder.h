@@ -29,7 +29,7 @@ private:
     std::filesystem::path folder;
 };
 
-// Empty if the file does not exist.
+// Returns an empty string if the file does not exist.
 std::string contentOf(const std::filesystem::path& file);
 
 } // namespace glidemap::test

@@ -55,7 +55,7 @@ public:
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }
-    // The same for the lines that GLIDEMAP_LOG enables.
+    // Does the same for the lines that GLIDEMAP_LOG enables.
     std::optional<std::string> waitForReason(const std::string& text) {
         return process->waitForError(text);
     }

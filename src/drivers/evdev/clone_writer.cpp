@@ -75,7 +75,7 @@ void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t v
     }
 }
 
-// Axes that describe all fingers together, for programs that do not track slots.
+// Writes the axes that describe all fingers together, for programs that do not track slots.
 void CloneWriter::completeAxes(const PadState& source, double time) {
     for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
         if (held.axis(code) != source.axis(code)) {

@@ -13,11 +13,11 @@ namespace glidemap {
 // Ignores whether this user may read it.
 const char* reasonNotToUse(udev_device* event);
 
-// True if it has a touchpad's axes or udev tags it as a touchpad: a user may expect the driver to
-// use it.
+// Returns whether the device has a touchpad's axes or udev tags it as a touchpad: a user may expect
+// the driver to use it.
 bool resemblesTouchpad(udev_device* event);
 
-// True for a clone of a touchpad, made by this process or another one.
+// Returns whether the device is a clone of a touchpad, made by this process or another one.
 bool isClone(udev_device* event);
 
 } // namespace glidemap

@@ -13,7 +13,7 @@ namespace glidemap {
 struct PopoverPlacement {
     QRect card;   // without the arrow
     bool isAbove; // the arrow is at the lower edge and points down
-    int arrowX;   // of the arrow's tip
+    int arrowX;   // the x position of the arrow's tip
     bool operator==(const PopoverPlacement&) const = default;
 };
 

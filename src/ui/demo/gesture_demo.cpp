@@ -43,8 +43,8 @@ double env(double t, double from, double to, double fade) {
 }
 
 std::vector<Point> hand(int count, Point center, double spacing) {
-    constexpr double droop = 0.018; // of the outer fingers, as on a real hand
-    constexpr double lift = 0.01;   // of the whole row, to centre it visually
+    constexpr double droop = 0.018; // lowers the outer fingers, as on a real hand
+    constexpr double lift = 0.01;   // raises the whole row, to centre it visually
     std::vector<Point> fingertips;
     fingertips.reserve(static_cast<std::size_t>(std::max(count, 0)));
     for (int index = 0; index < count; ++index) {

@@ -81,7 +81,7 @@ private:
 
     const Lang& lang;
     std::shared_ptr<const BindingList> bindings; // null until the first call of setBindings()
-    std::vector<bool> shadowed; // for each binding: another one always runs instead
+    std::vector<bool> shadowed; // for each binding: another binding always runs instead
     class Ground;
 
     QScrollArea* area;

@@ -21,7 +21,7 @@ QColor vividColorOf(Role role, ColorScheme scheme);
 // desktop is dark.
 QPalette paletteOf(ColorScheme scheme);
 
-// The appearance that the desktop's own colours in the palette imply.
+// Returns the appearance that the palette's desktop colours imply.
 ColorScheme desktopSchemeOf(const QPalette& palette);
 
 } // namespace glidemap

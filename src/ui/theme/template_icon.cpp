@@ -39,7 +39,7 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     }
     painter.setOpacity(1);
     painter.drawPixmap(edge, edge, shape);
-    if (strength < 1) { // applied to the whole, so that no layer shines through
+    if (strength < 1) { // fades the whole icon, so that no layer shines through
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
         painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
     }

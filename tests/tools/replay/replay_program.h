@@ -27,11 +27,11 @@ struct Ended {
 
 Ended replay(const std::vector<std::string>& arguments, const std::string& input = "");
 
-// The same for a copy of the program at another path.
+// Does the same with a copy of the program at another path.
 Ended replayWith(const std::string& program, const std::vector<std::string>& arguments,
                  const std::string& input = "");
 
-// Runs it with standard output redirected to an existing file, which is not captured.
+// Runs the program with standard output redirected to an existing file, which is not captured.
 Ended replayInto(const std::string& outputPath, const std::vector<std::string>& arguments);
 
 // A folder of files that is removed with the test.

@@ -16,7 +16,7 @@ namespace glidemap::desktops {
 
 class TypingSway : public TypingDesktop {
 public:
-    // Empty if it can run, otherwise the reason.
+    // Returns an empty string if sway can run, otherwise the reason.
     static std::string whyNot() { return isInstalled("sway") ? "" : "sway is not installed"; }
 
     TypingSway();

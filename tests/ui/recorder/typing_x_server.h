@@ -14,7 +14,7 @@ namespace glidemap::desktops {
 
 class TypingXServer : public TypingDesktop {
 public:
-    // Empty if it can run, otherwise the reason.
+    // Returns an empty string if the server can run, otherwise the reason.
     static std::string whyNot() { return XServer::whyNot(); }
 
     TypingXServer();

@@ -31,7 +31,7 @@ public:
     void ready();
 
     // Whether the last prompt failed: no authentication agent is running, or authentication failed.
-    // False if the user dismissed the prompt.
+    // Returns false if the user dismissed the prompt.
     bool hasFailed() const { return failed; }
 
     // The program that grants access when it runs as root; empty if it is not installed.

@@ -73,7 +73,7 @@ private:
     DesktopThread::Watch lasting; // measures the time without an active window
     DesktopEntries entries;
     ApplicationMatcher matcher;
-    std::map<Key, const Application*> matched; // of the open windows
+    std::map<Key, const Application*> matched; // cache, also of windows closed recently
     std::optional<WindowIdentity> active;
     std::vector<WindowIdentity> open;
 };

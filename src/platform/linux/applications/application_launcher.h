@@ -20,7 +20,7 @@ namespace glidemap {
 // brought forward.
 void launchApplication(const std::string& url);
 
-// The same for an entry that has already been read.
+// Does the same for an entry that has already been read.
 void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token);
 
 // Whether the entry supports D-Bus activation or startup notification.

@@ -26,7 +26,7 @@ struct KeyChange {
 
 class KeyStrokes {
 public:
-    // Empty if any of the events has a key without a kernel code.
+    // Returns an empty list if any of the events has a key without a kernel code.
     std::vector<KeyChange> changesFor(std::span<const KeyEvent> events);
 
     // Releases all keys.

@@ -151,7 +151,7 @@ bool AutostartFile::tryExecExists(const AutostartSession& session) const {
     return !tried || findProgram(*tried, session.searchPath).has_value();
 }
 
-// Empty if no executable file is found.
+// Returns an empty path if no executable file is found.
 std::filesystem::path AutostartFile::programIn(const AutostartSession& session) const {
     const auto line = stringIn(keys.get(), exec);
     const auto program = line ? programOfExecLine(*line) : std::nullopt;

@@ -34,8 +34,8 @@ public:
     // Does not wait.
     void toggle();
 
-    // False if the last lookup found no overview. Starts the next lookup in the background, unless
-    // one is pending: each opens a connection to the bus, which limits how many there are.
+    // Returns false if the last lookup found no overview. Starts the next lookup in the background,
+    // unless a lookup is pending: each lookup opens a connection, and the bus limits their number.
     bool mayExist();
 
 private:

@@ -104,7 +104,8 @@ private:
               [kept = alive()](GVariant* values) { kept->followSleep(values); });
     }
 
-    // True before the machine suspends, false after it has resumed or failed to suspend.
+    // The signal's value is true before the machine suspends, false after it has resumed or failed
+    // to suspend.
     void followSleep(GVariant* values) {
         if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
             gboolean sleeps = FALSE;

@@ -14,7 +14,8 @@ namespace glidemap {
 
 namespace {
 
-// False for a window that was just shown: the desktop places it and decides about its focus.
+// Returns false for a window that was just shown: the desktop places it and decides about its
+// focus.
 bool isBehind(const QWidget& window) {
     const QWindow* const handle = window.windowHandle();
     return handle != nullptr && handle->isExposed() && !window.isActiveWindow();

@@ -132,8 +132,8 @@ QSize pushButtonSize(const QStyleOptionButton& option, const QSize& contents) {
     const bool isOnlyIcon = option.text.isEmpty();
     const int least = isOnlyIcon ? controlHeight : minimumWidth;
     const int padding = isOnlyIcon ? 6 : sidePadding;
-    // Based on the font's line height and not on the text's, which is larger in Chinese. So the
-    // height is the same in both languages and equals that of combo boxes.
+    // Uses the font's line height, not the text's, which is larger in Chinese. So buttons have the
+    // same height in both languages, and the same height as combo boxes.
     const int content = std::max(option.fontMetrics.height(), option.iconSize.height());
     return QSize(std::max(least, contents.width() + gap + 2 * padding),
                  std::max(controlHeight, content + 8)) +

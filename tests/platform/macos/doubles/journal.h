@@ -15,5 +15,5 @@ std::vector<std::string> takeJournal();
 
 } // namespace glidemap::doubles
 
-// The same for a library that the test loads.
+// Adds a line to the journal, for a library that the test loads.
 extern "C" __attribute__((visibility("default"))) void noteInJournal(const char* line);

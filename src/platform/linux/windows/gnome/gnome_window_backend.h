@@ -19,7 +19,7 @@ public:
     GnomeWindowBackend();
     ~GnomeWindowBackend() override;
 
-    // Also true if the session is GNOME but the shell or the extension has not started yet.
+    // Also returns true if the session is GNOME but the shell or the extension has not started yet.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
     void requestToken(const LaunchedApplication& application,

@@ -18,7 +18,7 @@ public:
     KWinWindowBackend();
     ~KWinWindowBackend() override;
 
-    // Also true if the session is Plasma but KWin has not started yet.
+    // Also returns true if the session is Plasma but KWin has not started yet.
     bool start(WindowListener& listener) override;
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override;
 

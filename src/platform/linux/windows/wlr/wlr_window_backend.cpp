@@ -77,7 +77,7 @@ bool WlrWindowBackend::start(WindowListener& listener) {
 
 void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
     if (state->toplevels != nullptr && state->toplevels->bringForward(isChosen)) {
-        state->receiveEvents(); // which also sends it
+        state->receiveEvents(); // also sends the request
     } else {
         otherwise();
     }
