@@ -1,6 +1,7 @@
 #include "agent_session.h"
 
 #include "file_changes.h"
+#include "unprivileged.h"
 
 #include <gtest/gtest.h>
 
@@ -51,10 +52,10 @@ void AgentHome::writeBindings(std::initializer_list<std::string> bindings) const
 }
 
 void AgentHome::giveToNobody() const {
-    constexpr uid_t nobody = 65534;
-    EXPECT_EQ(chown(folder.c_str(), nobody, nobody), 0);
+    EXPECT_EQ(chown(folder.c_str(), unprivilegedUser, unprivilegedUser), 0);
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        EXPECT_EQ(chown(entry.path().c_str(), nobody, nobody), 0) << entry.path();
+        EXPECT_EQ(chown(entry.path().c_str(), unprivilegedUser, unprivilegedUser), 0)
+            << entry.path();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "deadline.h"
 #include "threads.h"
+#include "unprivileged.h"
 
 #include <fcntl.h>
 #include <grp.h>
@@ -20,11 +21,10 @@ namespace glidemap::vm {
 
 namespace {
 
-constexpr uid_t nobody = 65534;
-
 [[noreturn]] void become(const std::vector<std::string>& command, Process::User user) {
     if (user == Process::User::nobody &&
-        (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
+        (setgroups(0, nullptr) != 0 || setgid(unprivilegedUser) != 0 ||
+         setuid(unprivilegedUser) != 0)) {
         _exit(126);
     }
     std::vector<char*> arguments;

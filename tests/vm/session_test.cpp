@@ -10,6 +10,7 @@
 #include "kit/in_environment.h"
 #include "ordinary_pad.h"
 #include "pad_hand.h"
+#include "unprivileged.h"
 #include "virtual_pad.h"
 
 #include <gio/gio.h>
@@ -40,7 +41,6 @@ using testing::Not;
 
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* uinput = "/dev/uinput";
-constexpr uid_t nobody = 65534;
 
 // Longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
@@ -302,7 +302,7 @@ const Granting waysOfGranting[] = {
      [](const auto& node) {
          setMode(node, 0600);
      }},
-    {"AccessList", [](const auto& node) { allow(node, nobody); },
+    {"AccessList", [](const auto& node) { allow(node, unprivilegedUser); },
      [](const auto& node) {
          withdraw(node);
      }},

@@ -9,7 +9,6 @@ namespace glidemap::vm {
 
 namespace {
 
-constexpr uid_t nobody = 65534;
 constexpr auto unchanged = static_cast<uid_t>(-1);
 
 void become(uid_t user) {
@@ -21,7 +20,7 @@ void become(uid_t user) {
 } // namespace
 
 Unprivileged::Unprivileged() {
-    become(nobody);
+    become(unprivilegedUser);
 }
 
 Unprivileged::~Unprivileged() {

@@ -5,7 +5,11 @@
 // test plugs in pads and grants access.
 #pragma once
 
+#include <sys/types.h>
+
 namespace glidemap::vm {
+
+constexpr uid_t unprivilegedUser = 65534; // "nobody"
 
 class Unprivileged {
 public:
