@@ -181,7 +181,7 @@ constexpr std::array<std::string_view, 11> knownKeys = {
 // are. Null stands for each value of a type that no key has.
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
-    BindingsReader() = default;
+    BindingsReader() noexcept(false) = default; // the constructor of json may throw
     BindingsReader(const BindingsReader&) = delete; // points into itself
     BindingsReader& operator=(const BindingsReader&) = delete;
 
