@@ -52,7 +52,7 @@ void CloneWriter::completeLandings(std::span<const InputEvent> frame, std::int32
     for (const InputEvent& event : frame) {
         if (event.type == EV_ABS && event.code == ABS_MT_SLOT) {
             slot = event.value;
-        } else if (isLanding(event) && slot >= 0 && slot < source.slotCount()) {
+        } else if (isLanding(event) && source.hasSlot(slot)) {
             completeSlot(slot, source, time);
             landed = true;
         }
@@ -101,7 +101,7 @@ void CloneWriter::markContacts(const PadState& source, double time) {
 }
 
 void CloneWriter::choose(std::int32_t slot, double time) {
-    if (held.slot() != slot) {
+    if (held.slot() != slot && held.hasSlot(slot)) {
         addEvent({time, EV_ABS, ABS_MT_SLOT, slot});
     }
 }

@@ -37,14 +37,29 @@ PadInterception::~PadInterception() {
     end();
 }
 
-// An event that repeats a button's state is no change, so the filter is not asked.
 void PadInterception::add(const InputEvent& event) {
-    const bool says = event.type != EV_SYN && !(isFilteredButton(event) &&
-                                                source.isPressed(event.code) == (event.value != 0));
-    if (says && (isForwarding() || givenBackAt.has_value())) {
+    const bool mayBeForwarded = isForwarding() || givenBackAt.has_value();
+    if (mayBeForwarded && event.type != EV_SYN && !repeatsButton(event) &&
+        !needsMissingSlot(event)) {
         frame.push_back(event);
     }
     source.apply(event);
+}
+
+// The filter is only called for changes.
+bool PadInterception::repeatsButton(const InputEvent& event) const {
+    return isFilteredButton(event) && source.isPressed(event.code) == (event.value != 0);
+}
+
+// The clone has the touchpad's slots, and no touchpad has more contacts. An event for a slot beyond
+// them must not change the contact in the slot selected before.
+bool PadInterception::needsMissingSlot(const InputEvent& event) const {
+    if (event.type != EV_ABS) {
+        return false;
+    }
+    return event.code == ABS_MT_SLOT
+               ? !source.hasSlot(event.value)
+               : PadState::isSlotAxis(event.code) && !source.hasSlot(source.slot());
 }
 
 void PadInterception::endFrame(double time) {

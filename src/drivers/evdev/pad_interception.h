@@ -88,6 +88,8 @@ private:
     void forwardFrame(double time);
     void grabAgain(double time);
     void filterButtons();
+    bool repeatsButton(const InputEvent& event) const;
+    bool needsMissingSlot(const InputEvent& event) const;
     void prepareClone();
     void makeClone();
     void introduceClone();

@@ -26,7 +26,7 @@ void PadState::apply(const InputEvent& event) {
         currentSlot = event.value;
     } else if (!isSlotAxis(event.code)) {
         axes[event.code] = event.value;
-    } else if (currentSlot >= 0 && currentSlot < slotCount()) {
+    } else if (hasSlot(currentSlot)) {
         const std::size_t axisNumber = event.code - firstSlotAxis;
         slots[static_cast<std::size_t>(currentSlot)][axisNumber] = event.value;
     }

@@ -38,8 +38,11 @@ public:
 
     std::int32_t slotCount() const { return static_cast<std::int32_t>(slots.size()); }
     std::int32_t slot() const { return currentSlot; }
+    bool hasSlot(std::int32_t slotNumber) const {
+        return slotNumber >= 0 && slotNumber < slotCount();
+    }
     bool isDown(std::int32_t slotNumber) const;
-    // `slotNumber` must be less than slotCount(); `code` must be a per-slot axis.
+    // hasSlot(slotNumber) must be true; `code` must be a per-slot axis.
     std::int32_t slotValue(std::int32_t slotNumber, std::uint16_t code) const;
     std::int32_t axis(std::uint16_t code) const { return axes[code]; }
     bool isPressed(std::uint16_t key) const { return keys[key]; }

@@ -235,6 +235,25 @@ TEST_F(PadInterceptionTest, KeepsForwardingWhenSwitchedOffAndOnDuringATouch) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5", "3:57=-1"}));
 }
 
+TEST_F(PadInterceptionTest, EventsForAMissingSlotAreNotForwarded) {
+    constexpr std::int32_t slotCount = 5; // as in FakeOpenPad
+    for (const std::int32_t missing : {-1, slotCount, slotCount + 1}) {
+        const std::size_t before = system().journal().size();
+        switchOn();
+        say({{fingerDown},
+             {{1, EV_ABS, ABS_MT_SLOT, missing}, {1, EV_ABS, ABS_MT_POSITION_X, 7}},
+             {{1, EV_ABS, ABS_MT_POSITION_X, 8}, {1, EV_ABS, ABS_MT_TRACKING_ID, 6}},
+             {{1, EV_ABS, ABS_MT_SLOT, slotCount - 1}, {1, EV_ABS, ABS_MT_TRACKING_ID, 7}},
+             {{1, EV_ABS, ABS_MT_TRACKING_ID, -1}, {1, EV_ABS, ABS_MT_SLOT, 0}, fingerUp}});
+        switchOn(false);
+        const Texts journal = system().journal();
+        EXPECT_EQ(Texts(journal.begin() + static_cast<std::ptrdiff_t>(before), journal.end()),
+                  (Texts{"clone", "grab", "3:57=5", "3:47=4 3:57=7", "3:57=-1 3:47=0 3:57=-1",
+                         "ungrab", "destroy"}))
+            << missing;
+    }
+}
+
 // The finger landed between the last read and the grab, so other programs have seen it.
 TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheGrabIsNotForwarded) {
     system().setTime(10);
