@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -30,7 +31,7 @@ enum class Key {
 };
 
 Key keyNamed(std::string_view name) {
-    constexpr std::pair<std::string_view, Key> keys[] = {
+    constexpr auto keys = std::to_array<std::pair<std::string_view, Key>>({
         {"t", Key::time},
         {"touches", Key::touches},
         {"button", Key::button},
@@ -38,7 +39,7 @@ Key keyNamed(std::string_view name) {
         {"frontmost", Key::frontmost},
         {"glidemap-recording", Key::version},
         {"device", Key::device},
-    };
+    });
     for (const auto& [known, key] : keys) {
         if (known == name) {
             return key;
@@ -273,12 +274,12 @@ bool LineHandler::applicationScalar(const Scalar& value) {
     if (applicationKey == "bundleID") {
         hasBundleID = isText;
         if (!isText) {
-            return fail("the \"bundleID\" of \"frontmost\" is not a string");
+            return fail(R"(the "bundleID" of "frontmost" is not a string)");
         }
         line.application->bundleID = *value.characters;
     } else if (applicationKey == "name") {
         if (!isText) {
-            return fail("the \"name\" of \"frontmost\" is not a string");
+            return fail(R"(the "name" of "frontmost" is not a string)");
         }
         line.application->name = *value.characters;
     }
@@ -358,7 +359,7 @@ bool LineHandler::leave() {
         return leaveTouch();
     case Place::application:
         place = Place::line;
-        return hasBundleID || fail("\"frontmost\" has no \"bundleID\"");
+        return hasBundleID || fail(R"("frontmost" has no "bundleID")");
     case Place::touches:
         place = Place::line;
         return true;
@@ -394,10 +395,10 @@ std::optional<std::string> LineHandler::finish() {
         return "no time \"t\"";
     }
     if (hasTouches + hasButton + hasFrontmost > 1) {
-        return "more than one of \"touches\", \"button\" and \"frontmost\"";
+        return R"(more than one of "touches", "button" and "frontmost")";
     }
     if (hasButton != hasDown) {
-        return hasButton ? "\"button\" without \"down\"" : "\"down\" without \"button\"";
+        return hasButton ? R"("button" without "down")" : R"("down" without "button")";
     }
     line.kind = hasTouches     ? JsonLine::Kind::report
                 : hasButton    ? JsonLine::Kind::button

@@ -4,6 +4,7 @@
 #include <yaml.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -51,7 +52,7 @@ struct Step {
     bool isMap;
 };
 
-constexpr Step steps[] = {
+constexpr auto steps = std::to_array<Step>({
     {Place::nowhere, "", Place::file, true},
     {Place::file, "devices", Place::devices, false},
     {Place::devices, "", Place::device, true},
@@ -65,7 +66,7 @@ constexpr Step steps[] = {
     {Place::events, "", Place::eventGroup, true},
     {Place::eventGroup, "evdev", Place::eventList, false},
     {Place::eventList, "", Place::event, false},
-};
+});
 
 // A line of the file, counted from 0.
 using Line = std::size_t;

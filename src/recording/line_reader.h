@@ -16,6 +16,7 @@
 #include <streambuf>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace glidemap {
@@ -38,7 +39,9 @@ public:
     // The number of the line that next() returned last, from 1.
     std::int64_t number() const { return _number; }
 
-    RecordingError errorHere(std::string message) const { return {_name, _number, message}; }
+    RecordingError errorHere(std::string message) const {
+        return {_name, _number, std::move(message)};
+    }
     const std::string& name() const { return _name; }
     const std::optional<RecordingError>& error() const { return _error; }
 

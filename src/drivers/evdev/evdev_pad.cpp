@@ -48,7 +48,7 @@ OpenFile openNode(const std::string& node, int access) {
     // Before the first event is read: setting the clock discards queued events.
     int clock = CLOCK_MONOTONIC;
     if (file && ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
-        return OpenFile();
+        return {};
     }
     return file;
 }

@@ -12,7 +12,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
+#include <system_error>
 #include <utility>
 
 namespace glidemap {
@@ -28,7 +28,7 @@ std::string access(const char* node, int mode, const std::string& verb) {
     }
     struct stat status {};
     if (stat(node, &status) != 0) {
-        return std::string("it is not there: ") + std::strerror(errno);
+        return std::string("it is not there: ") + std::generic_category().message(errno);
     }
     std::array<char, 16> octal{};
     std::snprintf(octal.data(), octal.size(), "%04o",

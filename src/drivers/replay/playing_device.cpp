@@ -201,6 +201,7 @@ void PlayingDevice::stop() {
     }
 }
 
+// NOLINTBEGIN(concurrency-mt-unsafe): nothing changes the environment while other threads run
 std::unique_ptr<ReplayDevice> deviceFromEnvironment() {
     const char* path = std::getenv("GLIDEMAP_RECORDING");
     if (path == nullptr || *path == '\0') {
@@ -216,5 +217,6 @@ std::unique_ptr<ReplayDevice> deviceFromEnvironment() {
     return std::make_unique<PlayingDevice>(std::move(*records),
                                            loops ? Repetition::forever : Repetition::once);
 }
+// NOLINTEND(concurrency-mt-unsafe)
 
 } // namespace glidemap::replay

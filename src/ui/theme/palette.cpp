@@ -1,5 +1,8 @@
 #include "ui/theme/palette.h"
 
+#include <array>
+#include <utility>
+
 namespace glidemap {
 
 namespace {
@@ -89,7 +92,7 @@ QColor vividColorOf(Role role, ColorScheme scheme) {
 }
 
 QPalette paletteOf(ColorScheme scheme) {
-    const std::pair<QPalette::ColorRole, Role> roles[] = {
+    constexpr auto roles = std::to_array<std::pair<QPalette::ColorRole, Role>>({
         {QPalette::Window, Role::window},
         {QPalette::WindowText, Role::primary},
         {QPalette::Base, Role::card},
@@ -105,7 +108,7 @@ QPalette paletteOf(ColorScheme scheme) {
         {QPalette::Link, Role::accent},
         {QPalette::LinkVisited, Role::purple},
         {QPalette::Mid, Role::separator},
-    };
+    });
     QPalette palette;
     for (const auto& [drawn, role] : roles) {
         palette.setColor(drawn, colorOf(role, scheme));

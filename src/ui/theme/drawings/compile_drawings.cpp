@@ -25,7 +25,7 @@ constexpr int stream = QDataStream::Qt_6_0;
 
 [[noreturn]] void fail(const QString& what) {
     std::cerr << "glidemap-compile-drawings: " << what.toStdString() << std::endl;
-    std::exit(EXIT_FAILURE);
+    std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe): the only thread
 }
 
 class RecordingDevice : public QPaintDevice {
