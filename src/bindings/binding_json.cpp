@@ -16,29 +16,46 @@ namespace {
 
 using nlohmann::json; // sorts the keys of an object
 
+// Objects are filled key by key. An initializer list would make an array of every key and value.
+json objectOfKind(const char* kind) {
+    json object;
+    object["kind"] = kind;
+    return object;
+}
+
+json namedApplication(const char* kind, const std::string& bundleID, const std::string& name) {
+    json object = objectOfKind(kind);
+    object["bundleID"] = bundleID;
+    object["name"] = name;
+    return object;
+}
+
 json encoded(const KeyShortcut& shortcut) {
-    return {{"kind", "keyboardShortcut"},
-            {"shortcut", {{"keyCode", shortcut.keyCode}, {"modifiers", shortcut.modifiers}}}};
+    json object = objectOfKind("keyboardShortcut");
+    json& keys = object["shortcut"];
+    keys["keyCode"] = shortcut.keyCode;
+    keys["modifiers"] = shortcut.modifiers;
+    return object;
 }
 
 json encoded(const LockScreen& /*action*/) {
-    return {{"kind", "lockScreen"}};
+    return objectOfKind("lockScreen");
 }
 
 json encoded(const MissionControl& /*action*/) {
-    return {{"kind", "missionControl"}};
+    return objectOfKind("missionControl");
 }
 
 json encoded(const LaunchApp& launch) {
-    return {{"kind", "launchApp"}, {"bundleID", launch.bundleID}, {"name", launch.name}};
+    return namedApplication("launchApp", launch.bundleID, launch.name);
 }
 
 json encoded(const GlobalScope& /*scope*/) {
-    return {{"kind", "global"}};
+    return objectOfKind("global");
 }
 
 json encoded(const AppScope& app) {
-    return {{"kind", "app"}, {"bundleID", app.bundleID}, {"name", app.name}};
+    return namedApplication("app", app.bundleID, app.name);
 }
 
 template <typename Variant>
@@ -47,11 +64,13 @@ json encodedCase(const Variant& variant) {
 }
 
 json encoded(const GestureBinding& binding) {
-    return {{"id", binding.id.text()},
-            {"gesture", rawValue(binding.gesture)},
-            {"action", encodedCase(binding.action)},
-            {"scope", encodedCase(binding.scope)},
-            {"enabled", binding.enabled}};
+    json object;
+    object["id"] = binding.id.text();
+    object["gesture"] = rawValue(binding.gesture);
+    object["action"] = encodedCase(binding.action);
+    object["scope"] = encodedCase(binding.scope);
+    object["enabled"] = binding.enabled;
+    return object;
 }
 
 // Escaped to ASCII, because terminals also interpret control characters beyond ASCII. Each escape
@@ -181,7 +200,7 @@ constexpr std::array<std::string_view, 11> knownKeys = {
 // are. Null stands for each value of a type that no key has.
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
-    BindingsReader() noexcept(false) = default; // the constructor of json may throw
+    BindingsReader() noexcept(false) = default;     // the constructor of json may throw
     BindingsReader(const BindingsReader&) = delete; // points into itself
     BindingsReader& operator=(const BindingsReader&) = delete;
 
