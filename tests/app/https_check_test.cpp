@@ -133,6 +133,7 @@ TEST_F(HttpsCheckTest, FailureOfABackgroundCheckIsSilent) {
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });
     checker->check();
     expectFailure(Kind::badServerResponse, check(*checker));
+    EXPECT_TRUE(Application::runUntil([this] { return underWay == 0; }));
     EXPECT_EQ(server.requests().size(), 3U);
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }

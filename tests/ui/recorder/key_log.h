@@ -15,6 +15,13 @@ public:
     // The keys since the last call.
     std::vector<std::string> keys() { return std::exchange(seen, {}); }
 
+    // The same without releases, which some versions of Qt's text field do not accept.
+    std::vector<std::string> presses() {
+        std::vector<std::string> pressed = keys();
+        std::erase_if(pressed, [](const std::string& key) { return key.starts_with('-'); });
+        return pressed;
+    }
+
 protected:
     void keyPressEvent(QKeyEvent* event) override { write("+", *event); }
     void keyReleaseEvent(QKeyEvent* event) override { write("-", *event); }

@@ -24,6 +24,9 @@ public:
 
 protected:
     int metric(PaintDeviceMetric metric) const override {
+        if (metric == PdmDevicePixelRatioScaled) {
+            return static_cast<int>(devicePixelRatioFScale());
+        }
         return metric == PdmWidth || metric == PdmHeight ? 16 : 1;
     }
 
