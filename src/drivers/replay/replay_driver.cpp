@@ -50,7 +50,7 @@ std::vector<std::unique_ptr<List>>& lists() {
 
 bool pushingEnabled = false;
 
-std::atomic<PushedDevice*> pushedDevice = nullptr; // of the newest list
+std::atomic<PushedDevice*> pushedDevice = nullptr; // the device in the newest list
 
 std::unique_ptr<ReplayDevice> makeDevice() {
     if (!pushingEnabled) {
