@@ -24,10 +24,10 @@ double now();
 
 Memory memoryOf(pid_t process);
 
-// Measures the CPU time for `seconds`.
+// Returns the CPU time that the process uses within `seconds`.
 double cpuSecondsDuring(pid_t process, double seconds);
 
-// Counts wake-ups for `seconds`, and prints them per thread.
+// Counts the wake-ups within `seconds`, prints them per thread and returns their sum.
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& output);
 
 // Waits until none of the process's threads has run for half a second.

@@ -1,5 +1,6 @@
-// ui_demo_bench [Google Benchmark's options]: the cost of computing one frame of a demonstration,
-// and of painting it at the popover's size. A visible view shows at most 40 frames per second.
+// ui_demo_bench [Google Benchmark's options]: measures the cost of computing one frame of a
+// demonstration, and of painting it at the popover's size. A visible view shows at most 40 frames
+// per second.
 //
 // "new" is the number of calls to operator new per frame; it excludes Qt's use of malloc.
 #include "bench/allocation_count.h"
