@@ -48,7 +48,7 @@ private:
     std::shared_ptr<TouchEngine> engine;
 };
 
-// A clock on which consecutive gestures are a second apart, so that the cooldown drops none.
+// A clock on which consecutive gestures are a second apart, so that the cooldown drops no gesture.
 class StridingClock : public UptimeClock {
 public:
     double uptime() const override { return ++seconds; }

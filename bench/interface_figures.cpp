@@ -126,7 +126,7 @@ Starts startInTurn(Stage& stage, const Options& options) {
     return starts;
 }
 
-// The start times of the bare window, as a reference.
+// Measures the start times of the program and of the bare window. Returns their ratio.
 double measureSeries(Stage& stage, const Options& options) {
     const Starts starts = startInTurn(stage, options);
     const double yardstick = median(starts.toWindowOfYardstick);

@@ -19,7 +19,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// Three fingers tap, one second after the previous tap.
+// Taps with three fingers. Each tap is one second after the previous tap.
 class Taps {
 public:
     explicit Taps(HeadlessPipeline& pipeline) {

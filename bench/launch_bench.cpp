@@ -143,7 +143,7 @@ void print(const char* what, const Samples& samples) {
 int measure(const char* self, int launches) {
     const test::TemporaryFolder folder;
     const StampPipe pipe(folder.path() / "stamps");
-    const BareProcess bare(self, pipe.path); // forked before this process allocates memory
+    const BareProcess bare(self, pipe.path); // started before this process allocates memory
     installEntry(folder.path(), pipe);
     const desktops::PrivateBus bus;
     setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);

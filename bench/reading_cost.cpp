@@ -167,7 +167,7 @@ struct Cost {
     double wakeUps = 0;
 };
 
-// The costs of all threads that ran, except the thread that plays the touchpad.
+// Returns the cost of each thread that ran, except the thread that plays the touchpad.
 std::map<std::string, Cost> costDuring(FakeNode& node, double seconds) {
     const auto before = switchesOfAllThreads();
     std::map<pid_t, double> timeBefore;

@@ -15,7 +15,7 @@ struct Memory {
     long resident = 0; // all resident pages, including pages shared with other programs
     // pages that no other process maps, including library pages that only this process uses
     long privatePages = 0;
-    long written = 0;  // the part that exists nowhere else: the heap, stacks, relocated data
+    long written = 0;  // pages that exist nowhere else: heap, stacks, relocated data
     long pictures = 0; // shared with the X server: window contents
 };
 

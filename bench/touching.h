@@ -1,4 +1,4 @@
-// Contact reports like those of a driver, for fingers spread over the pad.
+// Generates contact reports like those of a driver, for fingers spread over the pad.
 //
 // Units:   positions normalised 0..1, origin bottom-left.
 #pragma once

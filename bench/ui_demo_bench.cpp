@@ -19,7 +19,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// The times of a loop's frames, in order.
+// Returns the times of a loop's frames, in order.
 class Loop {
 public:
     double next() {
@@ -59,7 +59,7 @@ void stillMoment(benchmark::State& state) {
 
 BENCHMARK(stillMoment)->Unit(benchmark::kMicrosecond);
 
-// Includes clearing the picture, as every repaint does.
+// The time includes clearing the picture, as every repaint does.
 template <class Draw>
 void paint(benchmark::State& state, double pixelRatio, Draw drawFrame) {
     const QSize size(230, 150);

@@ -49,8 +49,7 @@ TEST(WakeUps, MovingFingersWakeTheEngineOnceInThirtyTwoReports) {
     constexpr std::size_t count = 640;
     for (const int contacts : {1, 2, 5}) {
         WakeUps wakeUps;
-        wakeUps.during(200, contacts); // until the fingers have landed and drifted too far for a
-                                       // long press
+        wakeUps.during(200, contacts); // fingers land and drift too far for a long press
         EXPECT_LE(wakeUps.during(count, contacts), count / ThreadedSerialQueue::maxDeferred)
             << contacts;
     }

@@ -321,8 +321,8 @@ std::string encodeBindings(const std::vector<GestureBinding>& bindings) {
     for (const GestureBinding& binding : bindings) {
         array.push_back(encoded(binding));
     }
-    // An application's name may contain any bytes. Invalid UTF-8 is replaced; failing would lose
-    // the whole list.
+    // An application's name may contain any bytes. Invalid UTF-8 is replaced, because a failure
+    // would lose the whole list.
     return array.dump(indent, ' ', false, json::error_handler_t::replace) + '\n';
 }
 

@@ -21,7 +21,7 @@ std::string keyWords(std::uint16_t keyCode, const Lang& lang,
 // it.
 std::string keyLabel(std::uint16_t keyCode);
 
-// Returns "Ctrl" or "Control", for example. `modifier` is a single bit.
+// Returns the name of a single modifier bit, such as "Ctrl" or "Control".
 std::string modifierWord(std::uint64_t modifier, KeyboardKind keyboard = usualKeyboard());
 
 } // namespace glidemap

@@ -8,7 +8,8 @@ namespace glidemap {
 
 namespace {
 
-// A loop as a person draws it: slightly oval, and with its end inside or outside its start.
+// A loop as a person draws it: slightly oval, and with an end that is nearer to the centre than its
+// start, or farther away.
 struct Loop {
     PadPoint centre;
     double radius = 0; // in units of the pad's height

@@ -1,4 +1,4 @@
-// How a hand's fingers are placed on the pad, and how unevenly they land and lift.
+// Determines where a hand's fingers are on the pad, and how unevenly they land and lift.
 //
 // Units:   seconds; lengths in normalised units of each axis.
 #pragma once
@@ -12,8 +12,8 @@ namespace glidemap {
 
 using Places = std::vector<PadPoint>;
 
-// Returns the positions of two to five fingertips relative to the hand. They form an arc; the fifth
-// finger is the thumb, which lies lower.
+// Returns the positions of two to five fingertips relative to the hand. They form an arc. With five
+// fingers, one end of the arc is the thumb, which lies lower.
 Places handLayout(int count, Chance& chance);
 
 // Places a layout on the pad so that every finger is on the pad before and after moving by `way`.

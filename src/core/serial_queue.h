@@ -21,7 +21,7 @@ public:
     // Does not wait for the task.
     virtual void submit(Task task) = 0;
 
-    // Like submit(), but may not wake a sleeping queue: the queue may delay the task until another
+    // Like submit(), but need not wake a sleeping queue: the queue may delay the task until another
     // task is submitted or many tasks are pending. For tasks that only affect later tasks. The
     // order of submission is kept.
     virtual void defer(Task task) { submit(std::move(task)); }

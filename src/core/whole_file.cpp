@@ -59,8 +59,8 @@ bool writeAll(int file, std::string_view content) {
 }
 
 // The temporary file that replaces the target. A lock on it excludes other writers. The folder is
-// not locked instead, because every user who can read the folder could take that lock. Other users
-// cannot open the temporary file.
+// not locked, because every user who can read it could take that lock. Other users cannot open the
+// temporary file.
 class TemporaryFile {
 public:
     TemporaryFile(int folderDescriptor, const std::string& target, FileAccess targetAccess)

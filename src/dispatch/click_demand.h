@@ -1,4 +1,4 @@
-// Notifies the click tap whether a click could be consumed: only while the master switch is on and
+// Reports to the click tap whether a click could be consumed: only while the master switch is on and
 // an enabled binding for a click exists, in any scope.
 //
 // Thread:  the main thread.

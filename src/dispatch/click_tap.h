@@ -45,8 +45,8 @@ public:
     virtual void setEnabled(bool enabled) = 0;
     virtual void remove() = 0;
 
-    // Sets whether any click could be consumed. A tap that costs the system time even while it only
-    // observes may pause otherwise; other taps ignore this.
+    // Sets whether any click could be consumed. If not, a tap that costs the system time even while
+    // it only observes may pause; other taps ignore this.
     virtual void setNeeded(bool needed) = 0;
 };
 

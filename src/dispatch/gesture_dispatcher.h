@@ -76,7 +76,7 @@ public:
     bool masterEnabled() const { return _masterEnabled.load(); }
     void setMasterEnabled(bool enabled);
 
-    // In reverse order: the newest event is first.
+    // The newest event is first.
     const std::vector<GestureLogEntry>& recentEvents() const { return _recentEvents; }
 
     // Notifies of changes to the master switch and the recent events.

@@ -14,7 +14,7 @@ namespace glidemap {
 struct KeyEvent {
     std::uint16_t keyCode = 0;
     bool down = false;
-    std::uint64_t flags = 0; // replaces the state of the modifier keys that the user holds
+    std::uint64_t flags = 0; // the event's modifiers, regardless of held keys
 
     friend bool operator==(const KeyEvent&, const KeyEvent&) = default;
 };

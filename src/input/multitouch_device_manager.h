@@ -1,4 +1,4 @@
-// Calls the touch driver; no other code does. Loads the driver by path, registers with its devices
+// Calls the touch driver; no other code calls it. Loads the driver by path, registers with its devices
 // on start and on request, and copies each report to one sink.
 //
 // Thread:  construction, start(), lookForDevices() and stop() on the main thread;

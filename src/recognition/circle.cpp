@@ -12,8 +12,7 @@ constexpr double minDuration = 0.15; // seconds
 constexpr double maxDuration = 3.0;
 constexpr double minRadius = 0.05; // relative to the pad's height
 constexpr double maxRadius = 0.55;
-constexpr double maxRadiusDeviation = 0.35; // standard deviation of the radii, relative to their
-                                            // mean
+constexpr double maxRadiusDeviation = 0.35; // standard deviation relative to the mean radius
 constexpr double minSweep = 4.8; // radians: about 275 degrees, which accepts an unfinished circle
 constexpr double maxGap = 1.2;   // distance between start and end, relative to the mean radius
 

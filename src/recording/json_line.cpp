@@ -15,7 +15,7 @@ using nlohmann::json;
 
 constexpr std::int64_t supportedVersion = 1;
 
-// Unknown values are skipped down to this depth. The parser keeps one bit per level, so this is
+// Unknown values may be nested up to this depth. The parser keeps one bit per level, so this is
 // only a sanity check.
 constexpr int maxNesting = 64;
 

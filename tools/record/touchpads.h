@@ -29,7 +29,7 @@ public:
     // new devices for every list, like the replay driver, does not support listening.
     bool areStarted() const;
 
-    // Returns the number of other touchpads, which this user cannot open.
+    // Returns the number of further touchpads that this user cannot open.
     std::int32_t unreadableCount() const;
 
     // Returns the touchpads' names, for display.

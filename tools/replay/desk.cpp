@@ -107,7 +107,7 @@ public:
 
 namespace {
 
-// The click tap's button numbers. It does not see the middle button.
+// The click tap's button numbers. The tap does not see the middle button.
 constexpr std::int32_t leftButton = 0;
 constexpr std::int32_t rightButton = 1;
 

@@ -42,8 +42,8 @@ using SwitchClickFilter = void (*)(bool on);
 // Returns whether this user may create clones, which the filter requires.
 using CanFilterClicks = bool (*)();
 
-// Returns a reason, in English for a log, why a touchpad's clicks are not filtered although the
-// filter is on. Returns null without such a reason. The text is never freed.
+// Returns the reason why a touchpad's clicks are not filtered although the filter is on, in English
+// for a log. Returns null without such a reason. The text is never freed.
 using ClickFilterObstacle = const char* (*)(Device device);
 
 // A temporary reason, which disappears within two seconds.

@@ -23,8 +23,8 @@ public:
 
     enum class State { waiting, ready, failed };
 
-    // Ample: udev takes 0.2 s on a slow machine, and a running desktop opens a new device soon
-    // after.
+    // Longer than necessary: udev takes 0.2 s on a slow machine, and a running desktop opens a new
+    // device soon after.
     static constexpr std::chrono::seconds patience{2};
     // A program that has opened the clone discards events until it has set the clock and read the
     // state.

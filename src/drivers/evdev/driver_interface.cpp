@@ -50,7 +50,7 @@ driver::DeviceList keep(std::unique_ptr<const List> list) {
     return lists->back().get();
 }
 
-// Does nothing if allocation or the start of a thread fails.
+// Calls the function. Ignores exceptions, because allocation or the start of a thread may fail.
 template <typename Function>
 void withoutExceptions(Function function) noexcept {
     try {

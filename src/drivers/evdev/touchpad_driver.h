@@ -1,4 +1,4 @@
-// All touchpads and the one thread that reads them.
+// Owns all touchpads and the thread that reads them.
 //
 //   caller                                 reader thread (while a touchpad is started)
 //   createList  ─ finds the touchpads      sleeps until a touchpad has events, a missing one may
