@@ -1,5 +1,5 @@
-// agent_idle [--seconds N]: the cost of the whole idle program: how often its threads wake up, and
-// its memory. Fails if a thread woke up.
+// agent_idle [--seconds N]: measures how often the threads of the idle program wake up, and the
+// program's memory. Fails if a thread wakes up.
 //
 // Runs inside the test kernel (docs/performance.md). The touchpad is grabbed and cloned, and has
 // been touched and clicked before, so that every thread exists.

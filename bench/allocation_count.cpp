@@ -40,8 +40,8 @@ using glidemap::bench::allocate;
 using glidemap::bench::allocateAligned;
 using glidemap::bench::orThrow;
 
-// Also counts the array and std::nothrow forms, which library algorithms use for their buffers: the
-// library implements the array forms with these.
+// The std::nothrow forms are replaced because library algorithms use them for their buffers. The
+// library implements the array forms with the functions below, so those are counted, too.
 void* operator new(std::size_t size) {
     return orThrow(allocate(size));
 }

@@ -1,6 +1,6 @@
 // Counts the allocations of the current thread. Linking this file replaces the global operator new.
 //
-// Thread:  each has its own count.
+// Thread:  any; each thread has its own count.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// How often the pipeline allocates after a few sessions: at most once per report on the driver's
-// thread, for the report's copy, and never on the engine's queue, including the lookup of bindings.
+// After a few sessions, the pipeline must allocate at most once per report on the driver's thread,
+// for the report's copy, and never on the engine's queue, not even for the lookup of bindings.
 #include "bench/allocation_count.h"
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
@@ -17,8 +17,8 @@ namespace glidemap::bench {
 
 namespace {
 
-// Sends reports in place of the driver, and counts the allocations of the driver's thread and the
-// engine's.
+// Sends reports in place of the driver. Counts the allocations on the driver's thread and on the
+// engine's thread.
 class CountedPipeline {
 public:
     void push(const Report& report, double timestamp) {
@@ -103,7 +103,8 @@ TEST(MixedTouching, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnTheE
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
-// Has more touches than a session may have tracks, so that old tracks are dropped many times.
+// The session has more touches than a track list has room for, so old tracks are dropped many
+// times.
 TEST(AnEndlessSession, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnTheEngines) {
     CountedPipeline pipeline;
     PerformanceScript script(
@@ -115,7 +116,7 @@ TEST(AnEndlessSession, AllocatesAtMostOncePerReportOnTheDriversThreadAndNeverOnT
     EXPECT_EQ(pipeline.byEngine, 0);
 }
 
-// The array that travels to the engine has room for a whole hand and never grows.
+// The array that is passed to the engine has room for a whole hand and never grows.
 TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
     CountedPipeline pipeline;
     pipeline.push(fingersAt(1, 0), 1);
@@ -125,9 +126,9 @@ TEST(AFirstReport, NeedsItsCopyAndOneArrayForTheEngine) {
     EXPECT_LE(pipeline.maxByDriver, 1);
 }
 
-// Both are called between a gesture and its action.
+// Both functions run between a gesture and its action.
 TEST(TheStore, FindsABindingAmongAThousandWithoutAllocating) {
-    // No file can exist at this path, and the list stays in memory.
+    // No file can exist at this path, so the list stays in memory.
     BindingStore store([] { return std::filesystem::path("/dev/null"); });
     BindingList list;
     for (int number = 0; number < 1'000; ++number) {

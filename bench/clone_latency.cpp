@@ -1,5 +1,5 @@
-// clone_latency [SAMPLES]: the latency that click filtering adds to a touchpad. Runs inside the
-// kernel of the kernel tests, because it creates touchpads.
+// clone_latency [SAMPLES]: measures the latency that click filtering adds to a touchpad. Runs inside
+// the kernel of the kernel tests, because it creates touchpads.
 //
 //   bare     write ─▶ touchpad ─▶ a program that waits for it           no other reader
 //   beside   write ─▶ touchpad ─▶ a program that waits for it           the driver reads, too
@@ -87,7 +87,7 @@ EventFrame lifting(int fingers) {
     return frame;
 }
 
-// `settle` returns when all threads are asleep.
+// `settle` must return when all threads are asleep.
 template <typename Settle>
 Samples measure(VirtualPad& pad, EventReader& reader, int fingers, int count, Settle settle) {
     Samples samples(static_cast<std::size_t>(count));

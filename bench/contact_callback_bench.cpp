@@ -1,5 +1,5 @@
-// The cost of one report on the driver's thread, from the contact callback until the frame is
-// queued.
+// Measures the cost of one report on the driver's thread, from the contact callback until the frame
+// is queued.
 //
 //   awake    the queue's thread runs another task and does not react
 //   busy     the queue's thread continuously runs short tasks, and the two threads contend for the
@@ -193,7 +193,8 @@ void callbackDeferred(benchmark::State& state) {
     callbackToSleepingQueue(state, Driver(static_cast<int>(state.range(0))));
 }
 
-// The allocations of the engine's thread per frame, in a session that has lasted for a while.
+// Measures the allocations of the engine's thread per frame, in a session that has lasted for a
+// while.
 void engineAllocations(benchmark::State& state) {
     const RealThreads threads;
     const HeadlessPipeline pipeline(threads.ports());

@@ -1,4 +1,4 @@
-// The cost of holding a tap back: scheduling and cancelling it, and how late it fires.
+// Measures the cost of delaying a tap: scheduling and cancelling the item, and how late it fires.
 #include "core/delayed_work.h"
 #include "pipeline_bench.h"
 #include "platform/common/threaded_delayed_work.h"
@@ -21,7 +21,7 @@ std::shared_ptr<WorkItem> idleItem() {
     return std::make_shared<WorkItem>([] {});
 }
 
-// The thread sleeps until an item that is due before all items scheduled here.
+// The thread already waits for an earlier item, so it need not rearm its timer.
 void scheduleBehindAnother(benchmark::State& state) {
     ThreadedDelayedWork work;
     std::vector<std::shared_ptr<WorkItem>> items(batch);
@@ -53,7 +53,7 @@ void scheduleFirst(benchmark::State& state) {
     }
 }
 
-// From the time an item is due until it runs.
+// Measures the time from when an item is due until it runs.
 void lateness(benchmark::State& state) {
     constexpr double delay = 0.001;
     ThreadedDelayedWork work;

@@ -169,7 +169,7 @@ FakeNode::FakeNode() {
     if (mkfifo(node.c_str(), S_IRUSR | S_IWUSR) != 0) {
         throw std::system_error(errno, std::generic_category(), "mkfifo");
     }
-    // Also opened for reading, so that opening does not wait for a reader.
+    // Opened for reading as well, because opening it for writing only would fail without a reader.
     writer = OpenFile(open(node.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
     masked.fill(false);
 }

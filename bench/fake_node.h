@@ -1,6 +1,6 @@
-// A fake event node of a touchpad: a named pipe. Only this process can use it as a device, because
-// this program handles the evdev ioctls in the kernel's place. A read costs as much as a read from
-// a pipe, for every reader.
+// A fake event node of a touchpad, implemented as a named pipe. Only this process can use it as a
+// device, because the program replaces ioctl() and handles the evdev requests itself. For every
+// reader, a read costs as much as a read from a pipe.
 //
 // Units:   events as in the kernel; times on the monotonic clock.
 // Thread:  construction before any reader; write() on one thread.

@@ -1,4 +1,4 @@
-// Forwarding a touchpad to its clone does not allocate after the first few frames.
+// Forwarding a touchpad to its clone must not allocate after the first few frames.
 #include "bench/allocation_count.h"
 #include "drivers/evdev/pad_interception.h"
 
@@ -46,7 +46,7 @@ private:
     PadDescription pad;
 };
 
-// Reports every clone as known immediately.
+// Reports every clone as announced and open immediately.
 class SilentWatch : public CloneWatch {
 public:
     std::array<int, 2> descriptors() const override { return {-1, -1}; }

@@ -1,6 +1,6 @@
-// growth [--smallest]: how the costs of recognition and of the bindings grow with their input.
-// Prints a table with one line per size and the cost per unit: if that stays constant, the total
-// cost is linear.
+// growth [--smallest]: measures how the costs of recognition and of the bindings grow with their
+// input. Prints a table with one line per size. If the cost per unit stays constant, the total cost
+// is linear.
 //
 // Times are medians of several rounds. Files are written to the disk of TMPDIR.
 #include "bench/touching.h"

@@ -15,7 +15,7 @@
 
 namespace glidemap::bench {
 
-// Keeps the compiler from removing a result as unused.
+// Prevents the compiler from removing an unused result.
 template <typename Value>
 void keep(const Value& value) {
     asm volatile("" : : "r,m"(value) : "memory");
@@ -35,7 +35,7 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-// The median of seven rounds; each round lasts at least a millisecond.
+// Returns the median of seven rounds. Each round lasts at least a millisecond.
 template <typename Function>
 double medianNanoseconds(Function function) {
     constexpr double enough = 1e6;

@@ -12,8 +12,8 @@ namespace glidemap::bench {
 
 namespace {
 
-// No library has this path: the manager stores the error and has no devices, but the engine's sink
-// is installed.
+// A path without a library. The manager stores the error and has no devices, but the engine still
+// installs its sink.
 constexpr const char* noDriver = "/nonexistent/touch-driver.so";
 
 void prepareQueueThread() {
@@ -58,7 +58,7 @@ HeadlessPipeline::Ports RealThreads::ports() const {
 }
 
 std::int64_t RealThreads::ask(std::int64_t (*function)()) const {
-    // Polled instead of waited for: waking a waiter would cost the measured thread time.
+    // Poll the flag, because waking a waiting thread would cost the measured thread time.
     std::atomic<bool> answered = false;
     std::int64_t answer = 0;
     _queue->submit([&answered, &answer, function] {

@@ -1,7 +1,8 @@
 // The whole pipeline without a touchpad: a device manager with its sink, an engine, its recognizer,
-// and real threads or virtual time. Reports enter at the contact callback, as from a driver.
+// and real threads or virtual time. Reports enter at the contact callback, as they do from a
+// driver.
 //
-// Thread:  push() on the thread that plays the driver.
+// Thread:  push() on the thread that acts as the driver's.
 // Owner:   the benchmark; one at a time, because the manager's sink is global to the process.
 #pragma once
 
@@ -47,7 +48,7 @@ private:
     std::shared_ptr<TouchEngine> engine;
 };
 
-// A clock on which consecutive gestures are a second apart, so that the cooldown drops none.
+// A clock on which consecutive gestures are a second apart, so that the cooldown drops no gesture.
 class StridingClock : public UptimeClock {
 public:
     double uptime() const override { return ++seconds; }
@@ -56,7 +57,7 @@ private:
     mutable std::atomic<int> seconds = 1000;
 };
 
-// The real queue and the real delayed work, configured like in the program.
+// The real queue and the real delayed work, configured as in the program.
 class RealThreads {
 public:
     RealThreads();
@@ -65,13 +66,13 @@ public:
     const std::shared_ptr<DelayedWork>& delayedWork() const { return _delayedWork; }
     HeadlessPipeline::Ports ports() const;
 
-    // Returns when every submitted task has run.
+    // Waits until every submitted task has run.
     void waitUntilIdle() const;
 
-    // Returns when every submitted task has run and the queue's thread is asleep.
+    // Waits until every submitted task has run and the queue's thread is asleep.
     void waitUntilAsleep() const;
 
-    // Returns when the queue's thread is asleep, without waking it; deferred tasks may be left.
+    // Waits until the queue's thread is asleep, without waking it. Deferred tasks may be left.
     void waitUntilSleeping() const;
 
     pid_t queueThreadId() const { return threadId; }

@@ -1,9 +1,9 @@
-// idle_bench [--seconds N] [DRIVER]: how often the threads of the pipeline wake up without touches.
-// Fails if a thread woke up.
+// idle_bench [--seconds N] [DRIVER]: measures how often the threads of the pipeline wake up without
+// touches. Fails if a thread wakes up.
 //
-// The pipeline has processed touches before, so that every thread exists and a held-back tap has
-// fired. DRIVER is the path of a touch driver to load and start as well; its threads are also
-// measured.
+// The pipeline has processed touches before, so that every thread exists and a delayed tap has
+// fired. DRIVER is the path of a touch driver that is loaded and started as well; its threads are
+// also measured.
 #include "bench/headless_pipeline.h"
 #include "bench/process_memory.h"
 #include "bench/thread_watch.h"
@@ -45,7 +45,7 @@ std::optional<Options> optionsFrom(int count, char** arguments) {
     return options;
 }
 
-// Two fingers tap; waits until the thread of delayed work has released the tap.
+// Taps with two fingers, and waits until the thread of delayed work has released the tap.
 void touchOnce(HeadlessPipeline& pipeline) {
     std::atomic<bool> tapped = false;
     pipeline.onGesture([&tapped](GestureType /*gesture*/) {
@@ -66,7 +66,7 @@ void waitUntilOthersSleep() {
     }
 }
 
-// A single wait, so that this thread itself does not wake up during the measurement.
+// Waits only once, so that this thread itself does not wake up during the measurement.
 void letTimePass(double seconds) {
     const int timer = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC);
     const auto whole = static_cast<time_t>(seconds);

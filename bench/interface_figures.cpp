@@ -1,9 +1,9 @@
-// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: the cost of the
-// program on a desktop, compared with a bare window of the same toolkit: its start time, its memory
-// with the window open and closed, its wake-ups while idle, and the cost of one demonstration.
+// interface_figures [--seconds N] [--runs N] [--series N] [--beside PROGRAM]: compares the cost of
+// the program on a desktop with a bare window of the same toolkit: its start time, its memory with
+// the window open and closed, its wake-ups while idle, and the cost of one demonstration.
 //
-// Starts alternate between the programs, so that load on the machine affects all equally; PROGRAM
-// is another build of the program to compare. Fails if the program woke up while idle.
+// Starts alternate between the programs, so that load on the machine affects all of them equally.
+// PROGRAM is another build of the program to compare. Fails if the program wakes up while idle.
 #include "running_process.h"
 #include "stage.h"
 
@@ -45,13 +45,13 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-// Excludes most noise from other programs.
+// Returns the tenth percentile, which excludes most noise from other programs.
 double tenth(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 10];
 }
 
-// Without a screen reader, which is the usual case.
+// Starts the program without accessibility, as on a desktop without a screen reader.
 Program::Command commandOn(const Stage& stage, const char* program) {
     Program::Command command = stage.command();
     command.words = {program};
@@ -71,8 +71,8 @@ void endInOrder(const Program& program) {
     }
 }
 
-// Polls five times a millisecond: continuous polling would take a processor, and the X server's
-// time, from the measured program.
+// Polls five times a millisecond. Continuous polling would take processor time from the measured
+// program and from the X server.
 double timeUntil(double start, const std::function<bool()>& condition) {
     const timespec betweenLooks{0, 200'000};
     while (!condition()) {
@@ -126,7 +126,7 @@ Starts startInTurn(Stage& stage, const Options& options) {
     return starts;
 }
 
-// The start times of the bare window, as a reference.
+// Measures the start times of the program and of the bare window. Returns their ratio.
 double measureSeries(Stage& stage, const Options& options) {
     const Starts starts = startInTurn(stage, options);
     const double yardstick = median(starts.toWindowOfYardstick);
@@ -184,7 +184,7 @@ Memory memoryWithoutWindow(Stage& stage) {
 
 void measureDemonstration(Stage& stage, pid_t process, double seconds) {
     stage.hands.press("Ctrl+N");
-    while (cpuSecondsDuring(process, 0.5) < 0.001) { // until the demonstration plays
+    while (cpuSecondsDuring(process, 0.5) < 0.001) { // wait until the demonstration plays
     }
     std::cout << "one demonstration playing: " << cpuSecondsDuring(process, seconds) / seconds * 100
               << " % of a core\n";

@@ -1,5 +1,5 @@
-// The latency that a person experiences: from the contact callback of the report in which three
-// fingers lift to the onGesture of their tap, with the real threads.
+// Measures the latency that a person experiences, with the real threads: from the contact callback
+// of the report in which three fingers lift until onGesture is called for their tap.
 //
 //   asleep   the queue's thread has just gone to sleep
 //   paced    reports arrive every 8 ms, as from a touchpad, and both threads sleep between them:
@@ -19,7 +19,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// Three fingers tap, one second after the previous tap.
+// Taps with three fingers. Each tap is one second after the previous tap.
 class Taps {
 public:
     explicit Taps(HeadlessPipeline& pipeline) {
@@ -31,7 +31,7 @@ public:
 
     void land() { HeadlessPipeline::push(fingers, ++time); }
 
-    // Returns the latency of the tap.
+    // Records the latency of the tap.
     template <typename Wait>
     void lift(benchmark::State& state, Samples& samples, const Wait& wait) {
         const int before = taps.load();

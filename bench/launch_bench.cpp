@@ -1,9 +1,9 @@
-// launch_bench [--launches N]: the time from the request to launch an application until the
-// program's first instructions, compared with a bare process that starts the same program with
-// posix_spawn. The two alternate.
+// launch_bench [--launches N]: measures the time from the request to launch an application until
+// the program's first instructions. Compares it with a bare process that starts the same program
+// with posix_spawn. The two kinds of launches alternate.
 //
-// This process holds as much memory as the program with its window open, because copying a process
-// costs time for each page. No windows are tracked, so the figures exclude the desktop's search for
+// This process allocates as much memory as the program with its window open, because copying a
+// process costs time for each page. Windows are not tracked, so the figures exclude the search for
 // a window to bring forward.
 #include "bench/samples.h"
 #include "desktops/private_bus.h"
@@ -36,13 +36,13 @@ namespace fs = std::filesystem;
 
 constexpr const char* identifier = "launch-stamp";
 constexpr std::size_t memoryOfTheProgram = std::size_t{42} << 20U;
-constexpr useconds_t pauseBetween = 30'000; // all threads sleep again, as before a gesture
+constexpr useconds_t pauseBetween = 30'000; // until all threads sleep again, as before a gesture
 
 std::int64_t nanosecondsNow() {
     return now().time_since_epoch() / std::chrono::nanoseconds(1);
 }
 
-// A named pipe. This process keeps both ends open, so that readers never reach the end.
+// A named pipe. This process keeps both ends open, so that readers never see the end of the file.
 class StampPipe {
 public:
     explicit StampPipe(fs::path at) : path(std::move(at)) {
@@ -65,7 +65,8 @@ private:
     int descriptor = -1;
 };
 
-// The bare process: for each byte of its input it starts the program and reports the start time.
+// Runs as the bare process: for each byte of its input, starts the program and writes the start
+// time.
 int startOnRequest(char* program, char* pipe) {
     std::array<char*, 3> arguments = {program, pipe, nullptr};
     for (char asked = 0; read(STDIN_FILENO, &asked, 1) == 1;) {
@@ -108,7 +109,7 @@ public:
         waitpid(process, nullptr, 0);
     }
 
-    // The time at which it began to start the program.
+    // Makes the bare process start the program. Returns the time at which it began to do so.
     std::int64_t start() const {
         std::int64_t began = 0;
         [[maybe_unused]] auto size = write(asks, "s", 1);
@@ -142,7 +143,7 @@ void print(const char* what, const Samples& samples) {
 int measure(const char* self, int launches) {
     const test::TemporaryFolder folder;
     const StampPipe pipe(folder.path() / "stamps");
-    const BareProcess bare(self, pipe.path); // before this process holds any memory
+    const BareProcess bare(self, pipe.path); // started before this process allocates memory
     installEntry(folder.path(), pipe);
     const desktops::PrivateBus bus;
     setenv("DBUS_SESSION_BUS_ADDRESS", bus.address().c_str(), 1);

@@ -1,6 +1,6 @@
-// list_growth [--smallest]: how the cost of the settings list grows with the number of bindings,
-// for opening it, scrolling one wheel step, and changing one binding. Qt draws into memory, so no
-// display is needed.
+// list_growth [--smallest]: measures how the cost of the settings list grows with the number of
+// bindings, for opening it, scrolling one wheel step, and changing one binding. Qt draws into
+// memory, so no display is needed.
 #include "core/lang.h"
 #include "growth_table.h"
 #include "ui/settings/binding_list_view.h"

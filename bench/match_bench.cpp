@@ -1,5 +1,5 @@
-// match_bench [Google Benchmark's options]: the cost of finding a gesture's binding among a
-// thousand, which delays every gesture, and of reading and writing a thousand.
+// match_bench [Google Benchmark's options]: measures the cost of finding a gesture's binding among
+// a thousand, which delays every gesture, and the cost of reading and writing a thousand bindings.
 #include "bindings/binding_json.h"
 #include "bindings/binding_store.h"
 
@@ -16,7 +16,7 @@ namespace {
 constexpr int bindingCount = 1'000;
 constexpr GestureType gesture = GestureType::threeFingerSwipeLeft;
 
-// As long as real identifiers, with different suffixes.
+// Returns an identifier as long as real ones. All of them have the same prefix.
 std::string bundleID(int number) {
     return "org.example.desktop.applications.App" + std::to_string(number);
 }
@@ -48,7 +48,7 @@ BindingList oneGesture() {
     return list;
 }
 
-// Removed at the end of the benchmark.
+// The folder is removed at the end of the benchmark.
 class StoreInAFolder {
 public:
     explicit StoreInAFolder(BindingList list) { store.setBindings(std::move(list)); }
@@ -93,7 +93,7 @@ void doubleTapBindingExists(benchmark::State& state) {
 
 BENCHMARK(doubleTapBindingExists);
 
-// The reference: a linear search through the list.
+// The reference: a linear search of the list.
 void plainSearch(benchmark::State& state) {
     const BindingList list = oneGesture();
     const std::string app = bundleID(bindingCount);
@@ -130,7 +130,7 @@ void encode(benchmark::State& state) {
 
 BENCHMARK(encode);
 
-// Includes the disk's own time.
+// Includes the time that the disk takes.
 void assignAndSave(benchmark::State& state) {
     const BindingList list = mixed();
     StoreInAFolder with(list);

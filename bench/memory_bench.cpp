@@ -1,5 +1,5 @@
-// memory_bench [--minutes N]: the pipeline's memory after an hour of touches at 125 reports a
-// second, and after an hour in which one finger never lifts. Time is virtual.
+// memory_bench [--minutes N]: measures the pipeline's memory after an hour of touches at 125
+// reports a second, and after an hour in which one finger never lifts. Time is virtual.
 #include "bench/headless_pipeline.h"
 #include "bench/performance_script.h"
 #include "bench/process_memory.h"
@@ -74,7 +74,7 @@ int run(double minutes) {
     print("process started", {});
     Hour hour;
     hour.play(minutes * minute);
-    // Without gestures, the pipeline did not work, and its figures would be meaningless.
+    // If no gesture was recognised, the pipeline did not work, and the figures are meaningless.
     return hour.counts().gestures > 0 ? 0 : 1;
 }
 

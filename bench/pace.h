@@ -1,5 +1,5 @@
-// The report rate of a touchpad: a timer on which the thread that plays the driver sleeps between
-// reports.
+// A timer with the report rate of a touchpad. The thread that acts as the driver's waits for it
+// between reports.
 //
 // Units:   one report every 8 ms.
 #pragma once

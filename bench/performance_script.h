@@ -27,8 +27,8 @@ public:
     // Plays gestures until `seconds` more have passed, and lifts all fingers.
     void playMixed(double seconds);
 
-    // One finger rests all the time while another taps beside it twice a second. Does not lift the
-    // resting finger: the session continues with the next call.
+    // One finger rests while another taps beside it twice a second. Does not lift the resting
+    // finger, so the next call continues the session.
     void tapBesideRestingFinger(double seconds);
     void liftAll();
 

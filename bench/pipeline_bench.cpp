@@ -1,5 +1,5 @@
-// pipeline_bench [--smoke] [Google Benchmark's options]: the time cost of the pipeline. --smoke
-// runs every benchmark only a few times, as a test.
+// pipeline_bench [--smoke] [Google Benchmark's options]: measures the time cost of the pipeline.
+// --smoke runs every benchmark only a few times, as a test.
 #include "pipeline_bench.h"
 
 #include "bench/headless_pipeline.h"
@@ -40,7 +40,7 @@ int run(std::vector<char*> arguments) {
     registerRecognizerBenchmarks();
     registerLatencyBenchmarks(counts.samples, counts.pacedSamples);
     registerDelayedWorkBenchmarks(counts.samples);
-    // This thread plays the driver, so it gets the priority of the driver's thread.
+    // This thread acts as the driver's thread, so it gets the same priority.
     setUpResponsiveThread("driver");
     return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
 }

@@ -8,7 +8,7 @@ namespace glidemap::bench {
 struct ProcessMemory {
     long resident = 0; // all resident pages, including pages shared with other programs
     long privatePages = 0;
-    long heapInUse = 0; // in use in the allocator
+    long heapInUse = 0; // allocated and not freed
 };
 
 ProcessMemory processMemory();

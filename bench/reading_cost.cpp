@@ -1,5 +1,5 @@
-// reading_cost [--seconds N] [--rounds N]: the cost of reading a touchpad, compared in one run with
-// a bare reader of the same events.
+// reading_cost [--seconds N] [--rounds N]: measures the cost of reading a touchpad, and in the same
+// run that of a bare reader of the same events.
 //
 //   bare       node ─▶ libevdev, discarding the events: the lower bound for every program
 //   program    node ─▶ driver's thread ─▶ engine's thread, as the program connects them
@@ -38,7 +38,7 @@ namespace {
 
 constexpr double reportsPerSecond = 143;
 
-// A directory with this touchpad only.
+// A directory that contains only this touchpad.
 class OnePad : public PadDirectory {
 public:
     explicit OnePad(std::string path) { candidate.node = std::move(path); }
@@ -121,7 +121,7 @@ input_event key(std::uint16_t code, std::int32_t value) {
     return event(EV_KEY, code, value);
 }
 
-// Every value differs from the previous report, because a kernel passes on only changes.
+// Every value differs from the previous report, because the kernel passes on only changes.
 std::array<input_event, 8> movement(std::int32_t number) {
     const std::int32_t x = 500 + 7 * (number % 400);
     const std::int32_t y = 300 + 3 * (number % 400);
@@ -154,7 +154,7 @@ int playStream(FakeNode& node, double seconds) {
     return count;
 }
 
-// The processor-time clock of the thread.
+// Reads the processor-time clock of the thread.
 double processorMicroseconds(pid_t thread) {
     constexpr int ofOneThread = 6; // as in pthread_getcpuclockid()
     timespec time{};
@@ -167,7 +167,7 @@ struct Cost {
     double wakeUps = 0;
 };
 
-// The costs of all threads that ran, except the thread that plays the touchpad.
+// Returns the cost of each thread that ran, except the thread that plays the touchpad.
 std::map<std::string, Cost> costDuring(FakeNode& node, double seconds) {
     const auto before = switchesOfAllThreads();
     std::map<pid_t, double> timeBefore;

@@ -1,4 +1,4 @@
-// The recognizer's cost per frame: while fingers move, and when a session ends.
+// Measures the recognizer's cost per frame, while fingers move and when a session ends.
 #include "bench/touching.h"
 #include "pipeline_bench.h"
 #include "platform/virtual/virtual_time.h"
@@ -64,7 +64,7 @@ void inSession(benchmark::State& state) {
     state.counters["median_ns"] = samples.quantile(0.5) / (sessionLength - 1);
 }
 
-// Measures frames that arrive when the paths are already full, or beside resting fingers.
+// Measures frames in which no finger moves.
 void resting(benchmark::State& state) {
     Bench bench;
     const auto fingers = fingersAt(static_cast<int>(state.range(0)), 0);

@@ -15,7 +15,7 @@ struct Memory {
     long resident = 0; // all resident pages, including pages shared with other programs
     // pages that no other process maps, including library pages that only this process uses
     long privatePages = 0;
-    long written = 0;  // the part that exists nowhere else: the heap, stacks, relocated data
+    long written = 0;  // pages that exist nowhere else: heap, stacks, relocated data
     long pictures = 0; // shared with the X server: window contents
 };
 
@@ -24,10 +24,10 @@ double now();
 
 Memory memoryOf(pid_t process);
 
-// Measures the CPU time for `seconds`.
+// Returns the CPU time that the process uses within `seconds`.
 double cpuSecondsDuring(pid_t process, double seconds);
 
-// Counts wake-ups for `seconds`, and prints them per thread.
+// Counts the wake-ups within `seconds`, prints them per thread and returns their sum.
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& output);
 
 // Waits until none of the process's threads has run for half a second.

@@ -1,5 +1,5 @@
-// Single measurements, stored so that their median and tail can be reported: on a shared machine,
-// the mean depends more on other programs than on ours.
+// Stores single measurements to report their median and tail. On a shared machine, the mean depends
+// more on other programs than on the measured one.
 //
 // Units:   nanoseconds.
 #pragma once
@@ -16,8 +16,8 @@ inline Moment now() {
     return std::chrono::steady_clock::now();
 }
 
-// The processor time of this thread: the caller's cost of a call that yields the processor to
-// another thread.
+// Returns the processor time of this thread. It excludes the time in which a call yields the
+// processor to another thread.
 double processorTimeOfThisThread();
 
 class Samples {
@@ -30,8 +30,8 @@ public:
 
     void add(double value) { values.push_back(value); }
 
-    // The smallest value that is at least as large as this fraction of all values; 0 without
-    // values.
+    // Returns the smallest value that is greater than or equal to this fraction of all values, or 0
+    // without values.
     double quantile(double part) const;
 
 private:

@@ -55,7 +55,7 @@ bool SleepWatch::sleeps() const {
     if (length <= 0) {
         return false;
     }
-    // "id (name) state …"; the name may contain any character.
+    // The format is "id (name) state …"; the name may contain any character.
     const std::string_view stat(text.data(), static_cast<std::size_t>(length));
     const auto nameEnd = stat.rfind(") ");
     return nameEnd != std::string_view::npos && stat.substr(nameEnd + 2).starts_with('S');

@@ -24,7 +24,7 @@ public:
     bool sleeps() const;
 
 private:
-    int statFile = -1; // kept open: the state is read between any two measurements
+    int statFile = -1; // kept open, because the state is read between any two measurements
 };
 
 struct ThreadSwitches {
@@ -34,7 +34,7 @@ struct ThreadSwitches {
     std::int64_t involuntary = 0; // the thread was preempted
 };
 
-// Every thread of the process, in order of thread ids.
+// Returns every thread of the process, in order of thread ids.
 std::vector<ThreadSwitches> switchesOfAllThreads();
 
 } // namespace glidemap::bench

@@ -1,5 +1,5 @@
-// The latency of the whole chain on a real kernel: from the write of the report in which two
-// fingers lift to the read of the key that their tap types.
+// Measures the latency of the whole chain on a real kernel, from the write of the report in which
+// two fingers lift until the key of their tap is read.
 //
 //   touch_to_key/glidemap       touchpad ─▶ our driver, recognition, dispatch, main queue ─▶ keyboard
 //   touch_to_key/through_clone  the same while the touchpad is grabbed and cloned
@@ -37,7 +37,7 @@ using vm::DeviceReader;
 using vm::PadHand;
 using vm::VirtualPad;
 
-// Too long for a double tap, both here and in libinput.
+// Too long for a double tap, both in the program and in libinput.
 constexpr double betweenTaps = 0.6;
 
 bool failed = false;
@@ -101,7 +101,7 @@ void touchToKeyThroughClone(benchmark::State& state) {
     measureTaps(state, Clone::read);
 }
 
-// Another reader of the touchpad, with tapping enabled.
+// Reads the touchpad through libinput, with tapping enabled.
 class Libinput {
 public:
     explicit Libinput(const std::string& node)

@@ -1,4 +1,4 @@
-// Contact reports like those of a driver, for fingers spread over the pad.
+// Generates contact reports like those of a driver, for fingers spread over the pad.
 //
 // Units:   positions normalised 0..1, origin bottom-left.
 #pragma once
@@ -15,12 +15,12 @@ using Report = std::vector<MTTouch>;
 MTTouch contact(std::int32_t identifier, double x, double y,
                 MTTouchState state = MTTouchState::touching);
 
-// Fingers side by side, each shifted by `offset` to the right and upwards from its landing
-// position.
+// Returns fingers side by side. Each is shifted by `offset` to the right and upwards from its
+// landing position.
 Report fingersAt(int count, double offset, std::int32_t firstIdentifier = 1);
 
-// An endless swipe: `length` reports in which all fingers move back and forth, far enough per
-// report that every step is added to their paths.
+// Returns an endless swipe: `length` reports in which all fingers move back and forth. Each step is
+// long enough to be added to the path.
 std::vector<Report> movingFingers(int count, int length);
 
 TouchFrame frameOf(const Report& report, double timestamp);

@@ -1,5 +1,6 @@
-// ui_demo_bench [Google Benchmark's options]: the cost of computing one frame of a demonstration,
-// and of painting it at the popover's size. A visible view shows at most 40 frames per second.
+// ui_demo_bench [Google Benchmark's options]: measures the cost of computing one frame of a
+// demonstration, and of painting it at the popover's size. A visible view shows at most 40 frames
+// per second.
 //
 // "new" is the number of calls to operator new per frame; it excludes Qt's use of malloc.
 #include "bench/allocation_count.h"
@@ -18,7 +19,7 @@ namespace glidemap::bench {
 
 namespace {
 
-// The times of a loop's frames, in order.
+// Returns the times of a loop's frames, in order.
 class Loop {
 public:
     double next() {
@@ -58,7 +59,7 @@ void stillMoment(benchmark::State& state) {
 
 BENCHMARK(stillMoment)->Unit(benchmark::kMicrosecond);
 
-// Includes clearing the picture, as every repaint does.
+// The time includes clearing the picture, as every repaint does.
 template <class Draw>
 void paint(benchmark::State& state, double pixelRatio, Draw drawFrame) {
     const QSize size(230, 150);

@@ -1,5 +1,5 @@
-// How often reports wake the engine's thread: only those that can complete a gesture, and of the
-// others every thirty-second.
+// Counts how often reports wake the engine's thread. Reports that can complete a gesture must wake
+// it; of the other reports, only every thirty-second may.
 #include "bench/headless_pipeline.h"
 #include "bench/thread_watch.h"
 #include "platform/common/threaded_serial_queue.h"
@@ -15,8 +15,8 @@ namespace {
 
 class WakeUps {
 public:
-    // Returns how often the engine's thread has gone to sleep while `count` reports arrived, each
-    // after the thread had fallen asleep.
+    // Returns how often the engine's thread has gone to sleep while `count` reports arrived. Each
+    // report is sent while the thread is asleep.
     std::int64_t during(std::size_t count, int contacts) {
         const auto reports = movingFingers(contacts, 128);
         const std::int64_t before = sleeps();
@@ -49,7 +49,7 @@ TEST(WakeUps, MovingFingersWakeTheEngineOnceInThirtyTwoReports) {
     constexpr std::size_t count = 640;
     for (const int contacts : {1, 2, 5}) {
         WakeUps wakeUps;
-        wakeUps.during(200, contacts); // fingers have landed, and drifted too far for a long press
+        wakeUps.during(200, contacts); // fingers land and drift too far for a long press
         EXPECT_LE(wakeUps.during(count, contacts), count / ThreadedSerialQueue::maxDeferred)
             << contacts;
     }

@@ -1,6 +1,5 @@
-// The machine's own cost for operations that no program can avoid, measured in the same run as the
-// pipeline. If a figure misses its target by as much as its reference does, the machine is the
-// cause.
+// Measures the cost of operations that no program can avoid, in the same run as the pipeline. If a
+// figure misses its target by as much as its reference does, the machine is the cause.
 //
 //   copy      only the allocation and the copy of a report
 //   lock      one uncontended lock; a report takes four

@@ -11,7 +11,8 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(GLIDEMAP_DRIVER_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/glidemap)
 
-# ccache supports precompiled headers only with this setting: it ignores macros and times in them, which do not matter here.
+# ccache supports precompiled headers only with this setting. It then ignores macros and times in them, which do not
+# affect this build.
 find_program(CCACHE ccache)
 if(CCACHE)
     set(launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
@@ -25,7 +26,8 @@ if(CCACHE)
     endif()
 endif()
 
-# Enough for stack traces with lines and for profiles. Variables would make the build a third longer.
+# -g1 is enough for profiles and for stack traces with line numbers. Debug information about variables would make the
+# build a third longer.
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
 set(CMAKE_C_FLAGS_RELWITHDEBINFO "-O2 -g1 -DNDEBUG")
 
@@ -68,7 +70,7 @@ if(NOT GLIDEMAP_SANITIZERS)
     endif()
 endif()
 
-# GLib requires it. With it everywhere, targets that use GLib can share precompiled headers.
+# GLib requires -pthread. With this option everywhere, targets with and without GLib can share precompiled headers.
 if(NOT APPLE)
     add_compile_options(-pthread)
 endif()

@@ -1,6 +1,6 @@
-# Compiles and links for a Mac on Linux, because Clang writes Mach-O on every system. No file comes from Apple: the C
-# library's headers are musl's behind our own, the frameworks' headers are those of the doubles, and our lists of symbols
-# replace the libraries (tests/darwin). The results cannot run on Linux.
+# Compiles and links for a Mac on Linux, which is possible because Clang writes Mach-O on every system. No file comes
+# from Apple: our own headers and those of musl replace the C library's headers, the test doubles provide the
+# frameworks' headers, and our lists of symbols replace the libraries (tests/darwin). The results cannot run on Linux.
 #
 # GLIDEMAP_DARWIN_ARCHITECTURE is arm64 or x86_64.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES GLIDEMAP_DARWIN_ARCHITECTURE)
@@ -36,7 +36,7 @@ foreach(header IN LISTS shared)
     file(MAKE_DIRECTORY ${folder})
     file(CREATE_LINK ${musl}/${header} ${headers}/${header} SYMBOLIC)
 endforeach()
-# A header-only library. Its own package would also expose all of Linux's headers.
+# nlohmann_json is a header-only library. Its package's include folder would also expose all other headers of Linux.
 file(CREATE_LINK /usr/include/nlohmann ${headers}/nlohmann SYMBOLIC)
 set(nlohmann_json_DIR ${darwin} CACHE PATH "Where the library of JSON is described")
 # The distribution's libc++ configuration, with availability annotations enabled.

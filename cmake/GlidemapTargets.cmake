@@ -1,5 +1,5 @@
-# Each folder is one static library, with an include root that contains only its own headers. A target can include a header
-# only if it links the library that owns it. So an include against the dependencies does not compile.
+# Each folder is one static library, with an include root that contains only its own headers. A target can include a
+# header only if it links the library that owns the header. An include that violates the dependencies does not compile.
 
 # Links the headers (include paths, relative to BASE) into the target's own include root. They form a header set, which the
 # preset `headers` compiles one by one. A header that relies on another header's includes fails there.
@@ -19,7 +19,7 @@ function(glidemap_include_root target scope base)
 endfunction()
 
 # glidemap_library(NAME [HEADERS path…] [SOURCES path…] [DEPENDS target…] [PRIVATE_DEPENDS target…])
-# Creates glidemap_NAME. HEADERS are include paths ("core/lang.h"), SOURCES relative to the caller.
+# Creates glidemap_NAME. HEADERS are include paths ("core/lang.h"); SOURCES are relative to the calling folder.
 function(glidemap_library name)
     cmake_parse_arguments(ARG "" "BASE" "HEADERS;SOURCES;DEPENDS;PRIVATE_DEPENDS" ${ARGN})
     if(NOT ARG_BASE)
@@ -60,8 +60,8 @@ function(glidemap_driver name)
     endif()
 endfunction()
 
-# Fails if a test of the calling folder is not named in its CMakeLists.txt, which would omit it from every build. A subfolder
-# with its own CMakeLists.txt names its own tests.
+# Fails if the calling folder contains a test that its CMakeLists.txt does not list, because no build would include that
+# test. A subfolder with its own CMakeLists.txt lists its own tests.
 function(glidemap_require_listed_tests)
     file(READ CMakeLists.txt list)
     file(GLOB_RECURSE present RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *_test.cpp *_test.mm)
@@ -80,7 +80,7 @@ endfunction()
 # glidemap_tests(NAME SOURCES path… DEPENDS target…): tests of one folder, with NAME as CTest label and as prefix of each case.
 # NAME is the folder's path below tests/, with `_` for `/`. A folder with several programs adds a word to the name of each.
 # Under a sanitizer a folder is one test, because sanitized programs start slowly. Otherwise each case is one test.
-# The time-outs only end a hung test, because a busy machine may be ten times slower than an idle one.
+# The time-outs are generous and only end hung tests, because a busy machine may be ten times slower than an idle one.
 function(glidemap_tests name)
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
     glidemap_require_listed_tests()

@@ -2,9 +2,9 @@
 #
 #   linux         everything
 #   macos         everything, on a Mac
-#   macos-fakes   on Linux: code without an interface, and the macOS services against doubles of the system. Linux cannot
-#                 run Mach-O, but it can run the services' sources with a Mac's compiler and C++ library.
-#                 On a Mac: the same, with the real Foundation and Core Foundation below the doubles
+#   macos-fakes   On Linux: code without an interface, and the macOS services with test doubles of the system. Linux cannot
+#                 run Mach-O, but a Mac's compiler and C++ library can compile the services' sources for Linux.
+#                 On a Mac: the same, with the real Foundation and Core Foundation below the doubles.
 #
 # On a Mac GLIDEMAP_QT=OFF builds only the services and their ports, without the interface.
 if(APPLE)

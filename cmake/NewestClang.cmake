@@ -1,5 +1,5 @@
-# Finds the newest installed Clang with its own C++ library and sanitizer runtime. Distributions have different versions, and
-# an unversioned compiler often differs from the version of these libraries.
+# Finds the newest installed Clang with its own C++ library and sanitizer runtime. Distributions ship different
+# versions, and the unversioned compiler often has another version than these libraries.
 file(GLOB folders /usr/lib/llvm-*)
 list(SORT folders COMPARE NATURAL ORDER DESCENDING)
 foreach(folder IN LISTS folders)

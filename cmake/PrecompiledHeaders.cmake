@@ -1,11 +1,12 @@
 # Precompiles headers that many sources include.
 #
-# A target gets the standard library's headers. It gets those of Qt Widgets and Google Test only if it links them, so that no
-# target can use a library that it does not link. One donor serves all targets of a tree (src, tests) with equal headers,
-# because a compiler accepts precompiled headers only with the options that made them.
+# Every target gets the standard library's headers. It gets the headers of Qt Widgets and Google Test only if it links
+# them, so that no target can use a library that it does not link. In each tree (src, tests), all targets with the same
+# headers share the precompiled headers of one donor target. Trees do not share donors, because a compiler accepts
+# precompiled headers only with the options that compiled them.
 #
-# CMAKE_DISABLE_PRECOMPILE_HEADERS builds without them. The preset `headers` sets it, for the headers and for clang-tidy, so
-# that a missing #include is found.
+# CMAKE_DISABLE_PRECOMPILE_HEADERS builds without them. The preset `headers`, which compiles each header and runs
+# clang-tidy, sets this option to find missing #include lines.
 
 # Registers the target. Its headers are chosen when all targets are known.
 function(glidemap_precompile target)
@@ -18,7 +19,7 @@ function(glidemap_linked_libraries target result)
     set(open ${target})
     while(open)
         list(POP_FRONT open library)
-        # A private link of a static library: linked, but without its headers.
+        # A private dependency of a static library. It is linked, but its headers are not visible.
         if(library MATCHES "^\\$<LINK_ONLY:" OR library IN_LIST linked)
             continue()
         endif()
@@ -42,8 +43,9 @@ endfunction()
 # Assigns headers to each target registered since the last call, with the compiler options of the calling folder.
 # Call it at the end of a tree.
 function(glidemap_assign_precompiled_headers tree)
-    # On a Mac, targets with blocks would need separate headers. A build for a Mac on Linux compiles everything with blocks.
-    # What it does not see for lack of an #include, the preset `macos-fakes` sees with the same C++ library.
+    # On a Mac, targets with blocks would need separate precompiled headers, so none are used there. A cross build for a
+    # Mac compiles every target with blocks and uses them. The preset `macos-fakes` finds the missing #include lines
+    # that they hide, with the same C++ library.
     if(NOT GLIDEMAP_HOME STREQUAL "linux" AND NOT CMAKE_CROSSCOMPILING)
         return()
     endif()

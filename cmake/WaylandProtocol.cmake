@@ -1,4 +1,4 @@
-# wayland_protocol(TARGET file.xml): a static library with wayland-scanner's client code for a protocol.
+# wayland_protocol(TARGET file.xml): creates a static library with wayland-scanner's client code for a protocol.
 # Include its header as <FILE-client-protocol.h>.
 
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)

@@ -24,7 +24,8 @@ std::optional<std::filesystem::path> resolved(std::filesystem::path file) {
     return std::nullopt;
 }
 
-// A user who links to /dev/null wants to store nothing: do not replace the device with a file.
+// Do not replace a device with a regular file: a user may link the file to /dev/null to store
+// nothing.
 bool isDevice(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::is_character_file(file, error) ||

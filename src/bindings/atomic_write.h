@@ -1,7 +1,7 @@
-// Replaces the file that a path refers to, atomically (core/whole_file.h).
+// Atomically replaces the file that a path refers to. See core/whole_file.h.
 //
 // Thread:  any; blocks during disk access.
-// Errors:  the system's error code; the old content stays in place.
+// Errors:  returns the system's error code and keeps the old content.
 #pragma once
 
 #include <filesystem>
@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// If the target is a symbolic link, the link stays and the file behind it is replaced. Only the
-// owner can read and write the new file.
+// If the target is a symbolic link, replaces the file that it points to and keeps the link. Only
+// the owner can read and write the new file.
 std::error_code writeAtomically(const std::filesystem::path& target, std::string_view content);
 
 } // namespace glidemap

@@ -14,7 +14,7 @@ std::string shown(const LockScreen& /*action*/, const Lang& lang) {
     return lang.choose("Lock Screen", "锁定屏幕");
 }
 
-// A product name, which is not translated.
+// Product names are not translated.
 std::string shown(const MissionControl& /*action*/, const Lang& /*lang*/) {
     return "Mission Control";
 }

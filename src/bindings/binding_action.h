@@ -17,12 +17,12 @@ struct LockScreen {
     friend bool operator==(const LockScreen&, const LockScreen&) = default;
 };
 
-// The overview of all windows.
+// Shows the overview of all windows.
 struct MissionControl {
     friend bool operator==(const MissionControl&, const MissionControl&) = default;
 };
 
-// Launches or activates the application. The name is only for display.
+// Launches the application, or activates it if it is running. `name` is for display only.
 struct LaunchApp {
     std::string bundleID;
     std::string name;
@@ -32,10 +32,10 @@ struct LaunchApp {
 
 using BindingAction = std::variant<KeyShortcut, LockScreen, MissionControl, LaunchApp>;
 
-// The kind's name in the bindings file; does not include what the action types or opens.
+// Returns the action's kind as the bindings file names it, without the shortcut or the application.
 std::string_view kindOf(const BindingAction& action);
 
-// In the language that is current at the call.
+// Returns the text in the language that `lang` has at the time of the call.
 std::string displayString(const BindingAction& action, const Lang& lang = Lang::shared());
 
 } // namespace glidemap

@@ -73,8 +73,9 @@ json encoded(const GestureBinding& binding) {
     return object;
 }
 
-// Escaped to ASCII, because terminals also interpret control characters beyond ASCII. Each escape
-// takes six characters, and an error message must fit on a line.
+// Returns the text in quotes, shortened to fit on one line of an error message. Non-ASCII
+// characters are escaped, because terminals also interpret control characters beyond ASCII. An
+// escape takes six characters.
 std::string quotedForDisplay(std::string_view text) {
     constexpr std::size_t max = 60;
     constexpr std::size_t widest = 150;
@@ -94,7 +95,7 @@ struct DecodingError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// An object of a binding, and the prefix of its keys in error messages: "action.".
+// One JSON object of a binding, with the prefix of its keys in error messages, such as "action.".
 struct Part {
     json& object;
     std::string_view prefix;
@@ -187,7 +188,7 @@ GestureBinding decoded(json& object) {
 
 constexpr std::string_view notJson = "not JSON: ";
 
-// The deepest relevant object: a shortcut in an action in a binding.
+// A shortcut inside an action inside a binding. Deeper objects are skipped.
 constexpr std::size_t maxObjectDepth = 3;
 
 constexpr std::array<std::string_view, 11> knownKeys = {
@@ -195,13 +196,13 @@ constexpr std::array<std::string_view, 11> knownKeys = {
     "shortcut", "bundleID", "name",   "keyCode", "modifiers",
 };
 
-// Receives the file's values in text order. Keeps the known keys of one element of the array and
-// decodes it as soon as it is complete: unknown values take no memory, however long or deep they
-// are. Null stands for each value of a type that no key has.
+// Decodes each element of the array as soon as the parser has read it. Keeps only the known keys,
+// so unknown values need no memory, however long or deep they are. Stores null for a value whose
+// type no known key uses.
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
     BindingsReader() noexcept(false) = default;     // the constructor of json may throw
-    BindingsReader(const BindingsReader&) = delete; // points into itself
+    BindingsReader(const BindingsReader&) = delete; // `place` points into the object itself
     BindingsReader& operator=(const BindingsReader&) = delete;
 
     std::vector<GestureBinding> bindings;
@@ -218,7 +219,7 @@ public:
         return value == 0 ? number_unsigned(0) : null();
     }
 
-    // Also called for integers beyond 64 bits. The text has digits that the double has lost.
+    // Also called for integers beyond 64 bits. Reads the text, because the double has lost digits.
     bool number_float(double /*value*/, const std::string& text) override {
         const auto whole = wholeNumber(text);
         return whole ? number_unsigned(*whole) : null();
@@ -265,7 +266,7 @@ public:
         return true;
     }
 
-    // The library's message without its prefix and without the token read last, which may be as
+    // Stores the library's message without its prefix and without the last token, which may be as
     // long as the file.
     bool parse_error(std::size_t /*position*/, const std::string& /*lastToken*/,
                      const json::exception& error) override {
@@ -339,8 +340,8 @@ std::string encodeBindings(const std::vector<GestureBinding>& bindings) {
     for (const GestureBinding& binding : bindings) {
         array.push_back(encoded(binding));
     }
-    // An application's name may contain any bytes. Invalid UTF-8 is replaced; failing would lose
-    // the whole list.
+    // An application's name may contain any bytes. Invalid UTF-8 is replaced, because a failure
+    // would lose the whole list.
     return array.dump(indent, ' ', false, json::error_handler_t::replace) + '\n';
 }
 

@@ -1,14 +1,15 @@
 // The file format of the bindings: a JSON array with one object per binding.
 //
-// Decoding is strict: a missing key, a value of the wrong type or a text outside its closed set
-// fails the whole array; unknown keys are ignored. Where JSON leaves a choice:
+// Decoding is strict: a missing key, a value of the wrong type or an unknown text, such as an
+// unknown gesture, makes the whole array invalid. Unknown keys are ignored. Where the JSON standard
+// leaves a choice:
 // - A number is an integer if its exact value is one, in any notation: 36, 36.0, 3.6e1.
 // - If an object repeats a key, the last value counts.
 // - A byte-order mark at the start is skipped: some editors write one.
 // - Invalid UTF-8 fails the whole array: such a file is not JSON. An escaped unpaired surrogate
 //   reads as U+FFFD. An ignored number may have any size.
-// - Values deeper than a shortcut in an action in a binding are skipped, to any depth; decoding does
-//   not recurse.
+// - Values nested deeper than a shortcut inside an action inside a binding are skipped. Decoding
+//   does not recurse, so it accepts any depth.
 //
 // Memory:  encoding needs a few times the size of its result. Decoding needs its result, one
 //          binding's known values and a few times the longest ignored token. A text with unpaired
@@ -31,7 +32,7 @@ struct DecodingFailure {
     std::string reason; // human-readable location and problem: "[2].gesture: not a gesture"
 };
 
-// Pretty-printed; the keys of every object are sorted.
+// Returns indented JSON. The keys of every object are sorted.
 std::string encodeBindings(const std::vector<GestureBinding>& bindings);
 
 std::variant<std::vector<GestureBinding>, DecodingFailure> decodeBindings(std::string_view text);

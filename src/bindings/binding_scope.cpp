@@ -9,7 +9,7 @@ std::string displayString(const BindingScope& scope, const Lang& lang) {
 
 } // namespace glidemap
 
-// The factor gives a different hash if the two texts are exchanged.
+// The factor makes the hash depend on the order of the two texts.
 std::size_t
 std::hash<glidemap::AppScope>::operator()(const glidemap::AppScope& scope) const noexcept {
     constexpr std::size_t odd = 31;

@@ -19,8 +19,7 @@ namespace glidemap {
 
 namespace {
 
-// Half a million bindings. A larger file is not a bindings file, and reading it could exhaust the
-// memory.
+// Enough for half a million bindings. Reading a larger file could exhaust the memory.
 constexpr std::size_t maxFileSize = 128UL * 1024 * 1024;
 
 std::optional<BindingList> listIn(const std::filesystem::path& file) {
@@ -33,9 +32,9 @@ std::optional<BindingList> listIn(const std::filesystem::path& file) {
     return list != nullptr ? std::optional(std::move(*list)) : std::nullopt;
 }
 
-// Creates a folder that only its owner can access, or revokes other users' permissions on an existing
-// one. A folder that belongs to another user is not changed. Errors are silent: reading or writing
-// a file in the folder then also fails.
+// Creates a folder that only its owner can access, or revokes other users' permissions on an
+// existing one. Does not change a folder that belongs to another user. Errors are ignored, because
+// reading or writing a file in the folder then fails too.
 void makePrivateFolder(const std::filesystem::path& folder) {
     constexpr mode_t othersRights = S_IRWXG | S_IRWXO;
     mkdir(folder.c_str(), S_IRWXU);
@@ -64,7 +63,7 @@ std::filesystem::path BindingStore::location() const {
         std::abort();
     }
     const std::filesystem::path folder = support / "Glidemap";
-    std::error_code ignored; // reading or writing the file then also fails
+    std::error_code ignored; // ignored, because reading or writing the file then fails too
     std::filesystem::create_directories(support, ignored);
     makePrivateFolder(folder);
     return folder / "bindings.json";

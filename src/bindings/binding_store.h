@@ -4,9 +4,9 @@
 // Thread:  changed and observed on the main thread; read on any thread, where each reader gets a
 //          consistent snapshot of the list. match() and doubleTapBindingExists() do not allocate.
 // Owner:   the program creates one.
-// Errors:  a file that cannot be read or is invalid is replaced by the default bindings. A failed
-//          save shows no message; saveFailure() returns its error until a save succeeds. The next
-//          change retries, and so does the program on exit.
+// Errors:  if the file cannot be read or is invalid, uses the default bindings. A failed save shows
+//          no message; saveFailure() returns its error until a save succeeds. The program retries
+//          the save on the next change and on exit.
 #pragma once
 
 #include "bindings/indexed_bindings.h"
@@ -30,13 +30,14 @@ public:
 
     explicit BindingStore(SupportFolder folder);
 
-    // In memory only: loads nothing, and saving does not write a file.
+    // Keeps the list in memory only: neither loads nor saves a file.
     explicit BindingStore(BindingList list);
 
     BindingStore(const BindingStore&) = delete;
     BindingStore& operator=(const BindingStore&) = delete;
 
-    // In the user's order, which decides between bindings of equal priority.
+    // Returns the bindings in the user's order. The first of several equally specific bindings
+    // wins.
     std::shared_ptr<const BindingList> bindings() const;
 
     // Announces the change, replaces the list and saves it.
@@ -70,7 +71,7 @@ private:
     Observable observers;
 };
 
-// The bindings of a new user, each with a new identifier.
+// Returns the bindings of a new user, each with a new identifier.
 BindingList defaultBindings();
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// One binding: runs this action when this gesture is recognised and this scope applies.
+// A binding: the action to run when a gesture is recognised in a scope.
 //
 // Thread:  any; a plain value.
 // Owner:   the binding store; `id` is generated once and never changes.

@@ -1,5 +1,4 @@
-// A list of bindings with an index by gesture, so that matching takes the time of a binary search,
-// however long the list is.
+// A list of bindings with an index by gesture. Matching takes logarithmic time.
 //
 // Thread:  any, after construction.
 // Owner:   the binding store. Movable, not copyable: the index points into the list.
@@ -30,18 +29,18 @@ public:
 
     const BindingList& list() const { return bindings; }
 
-    // Returns the first enabled binding of the gesture for the frontmost application, else the
-    // first global one, else null.
+    // Returns the gesture's first enabled binding for the frontmost application, or else its first
+    // enabled global binding. Returns null if both are missing.
     const GestureBinding* match(GestureType gesture,
                                 std::optional<std::string_view> frontmost) const;
 
-    // In any scope.
+    // Returns whether the gesture has an enabled binding, in any scope.
     bool hasEnabled(GestureType gesture) const;
 
 private:
     struct ForApp {
         GestureType gesture{};
-        std::string_view bundleID; // points to the binding's own text
+        std::string_view bundleID; // refers to the text in `binding`
         const GestureBinding* binding = nullptr;
 
         bool operator<(const ForApp& other) const {

@@ -13,8 +13,7 @@ namespace {
 
 constexpr std::string_view digitCharacters = "0123456789";
 
-// Clamps the exponent far from the limits of its type, so that adding a text's length does not
-// overflow.
+// Clamps the exponent, so that adding the length of a text cannot overflow.
 std::int64_t exponentIn(std::string_view text) {
     constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / 4;
     constexpr int decimal = 10;
@@ -31,7 +30,7 @@ struct Decimal {
     std::int64_t wholeDigits() const { return digits.empty() ? 0 : std::ssize(digits) + exponent; }
 };
 
-// The most whole digits that a 64-bit integer can have.
+// The maximum number of digits in a 64-bit integer.
 constexpr int maxDigits = std::numeric_limits<std::uint64_t>::digits10 + 1;
 
 Decimal decimalIn(std::string_view number) {
@@ -51,7 +50,8 @@ Decimal decimalIn(std::string_view number) {
     return decimal;
 }
 
-// Passes a number, or an invalid one as far as it is valid. Returns whether it is valid.
+// Advances `end` past a number, or past the valid start of an invalid one. Returns whether the
+// number is valid.
 bool passNumber(std::string_view text, std::size_t& end) {
     const auto passOne = [&](std::string_view characters) {
         const bool isThere =
@@ -76,7 +76,8 @@ bool passNumber(std::string_view text, std::size_t& end) {
     return isValid;
 }
 
-// The value of "\uXXXX" at the start of the text; 0 without such an escape.
+// Returns the code unit of a "\uXXXX" escape at the start of the text, or 0 if the text starts
+// differently.
 unsigned unitAt(std::string_view text) {
     constexpr std::size_t start = 2;
     unsigned unit = 0;
@@ -87,14 +88,15 @@ unsigned unitAt(std::string_view text) {
     return std::from_chars(text.data() + start, end, unit, 16).ptr == end ? unit : 0;
 }
 
-// A token at the start of a text, and what to write over it.
+// A token at the start of a text. The replacement has the token's length, or is empty if the token
+// is valid for the parser.
 struct Token {
     std::size_t length;
     std::string replacement;
 };
 
 Token escapeAt(std::string_view text) {
-    constexpr std::size_t length = 6; // of \uXXXX
+    constexpr std::size_t length = 6; // the length of \uXXXX
     const auto isHigh = [](unsigned unit) {
         return unit >= 0xD800 && unit <= 0xDBFF;
     };
@@ -109,7 +111,7 @@ Token escapeAt(std::string_view text) {
 }
 
 Token numberAt(std::string_view text) {
-    constexpr std::string_view null = "null"; // no shorter number is too large
+    constexpr std::string_view null = "null"; // a shorter number is never too large
     std::size_t length = 0;
     if (!passNumber(text, length) || length < null.size() ||
         decimalIn(text.substr(0, length)).wholeDigits() <= maxDigits) {

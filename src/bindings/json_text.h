@@ -1,5 +1,5 @@
-// Valid JSON that a parser loses or rejects: the exact value of a number, numbers beyond a double,
-// and escaped unpaired surrogates.
+// Handles valid JSON that a parser would reject or read inexactly: exact values of numbers, numbers
+// that do not fit into a double, and escaped unpaired surrogates.
 //
 // Memory:  a second copy of the text if anything must be replaced.
 // Thread:  any.
@@ -13,14 +13,14 @@
 
 namespace glidemap {
 
-// For a valid JSON number in any notation: 36, 36.0, 3.6e1 and 360e-1 are equal. Returns nullopt if
-// the number is negative, has a fraction or does not fit. Any single character may be the decimal
-// point: parsers use that of the locale.
+// Returns the value of a valid JSON number in any notation: 36, 36.0, 3.6e1 and 360e-1 are equal.
+// Returns nullopt if the number is negative, has a fraction or does not fit into 64 bits. Accepts
+// any single character as the decimal point, because parsers use the locale's.
 std::optional<std::uint64_t> wholeNumber(std::string_view number);
 
-// Replaces with null each number that exceeds 64-bit integers and that the parser might reject, and
-// replaces each escaped unpaired surrogate with U+FFFD. Everything else keeps its position, so that
-// the parser's messages locate errors in the original. Returns nullopt if the text needs no change.
+// Replaces each number that exceeds 64 bits and that the parser might reject with null, and each
+// escaped unpaired surrogate with U+FFFD. All other text keeps its position, so the positions in
+// the parser's messages are valid for the original. Returns nullopt if the text needs no change.
 std::optional<std::string> parsableJson(std::string_view text);
 
 } // namespace glidemap

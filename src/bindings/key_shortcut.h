@@ -1,4 +1,4 @@
-// A key with its modifiers, as the user records it and the system posts it.
+// A key with its modifiers. The user records it, and the program posts it as key events.
 //
 // Units:   `keyCode` is a virtual key code of the US layout; `modifiers` is a bit mask of event
 //          flags. Unknown bits are preserved.
@@ -22,7 +22,7 @@ struct KeyShortcut {
     std::uint16_t keyCode = 0;
     std::uint64_t modifiers = 0;
 
-    // The modifiers' symbols, always in the order ⌃⌥⇧⌘, then the key's name: "⌥⌘→".
+    // Returns the modifiers' symbols, always in the order ⌃⌥⇧⌘, then the key's name: "⌥⌘→".
     std::string displayString() const;
 
     friend bool operator==(const KeyShortcut&, const KeyShortcut&) = default;

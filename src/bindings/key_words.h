@@ -1,9 +1,9 @@
-// The names of keys in words, for screen readers and for the list of keys: "Right Arrow", "Keypad 7".
+// Names keys in words, for screen readers and for the list of keys: "Right Arrow", "Keypad 7".
 //
 // PC keyboards label some keys differently: F13 is Print Screen there.
 //
 // Thread:  any; pure functions.
-// Errors:  none. A key without words is called by its label.
+// Errors:  none. If a key has no name in words, its label is returned.
 #pragma once
 
 #include "bindings/keyboard_kind.h"
@@ -17,10 +17,11 @@ namespace glidemap {
 std::string keyWords(std::uint16_t keyCode, const Lang& lang,
                      KeyboardKind keyboard = usualKeyboard());
 
-// The label in shortcut texts: "→". Empty for a key that is shown by its number only.
+// Returns the key's label in shortcut texts, such as "→". Empty if only the key's number identifies
+// it.
 std::string keyLabel(std::uint16_t keyCode);
 
-// "Ctrl" or "Control", for one modifier's bit.
+// Returns the name of a single modifier bit, such as "Ctrl" or "Control".
 std::string modifierWord(std::uint64_t modifier, KeyboardKind keyboard = usualKeyboard());
 
 } // namespace glidemap

@@ -13,7 +13,7 @@ enum class KeyboardKind : std::uint8_t {
     pc,    // Ctrl, Alt, Shift, Super
 };
 
-// `apple` until it is set.
+// The default is `apple`.
 void setUsualKeyboard(KeyboardKind kind);
 KeyboardKind usualKeyboard();
 

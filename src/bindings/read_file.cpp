@@ -17,7 +17,7 @@ bool isRegular(int file) {
 } // namespace
 
 std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t maxBytes) {
-    // O_NONBLOCK: opening a pipe would wait for its writer.
+    // Without O_NONBLOCK, opening a pipe would block until a process opens it for writing.
     const OpenFile file(
         retried([&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
     if (!file || !isRegular(file.descriptor())) {

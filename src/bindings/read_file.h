@@ -1,8 +1,8 @@
-// Reads a whole file, and only a regular file.
+// Reads a whole regular file.
 //
 // Units:   bytes.
 // Thread:  any; blocks during disk access.
-// Errors:  nullopt without a reason, because no caller reports one.
+// Errors:  returns nullopt without an error code, because no caller reports the reason.
 #pragma once
 
 #include <cstddef>
@@ -12,8 +12,8 @@
 
 namespace glidemap {
 
-// Returns nullopt if the file cannot be read, is larger than maxBytes, or is not a regular file: a
-// pipe or a device could block its reader, or never end.
+// Returns nullopt if the file cannot be read, is larger than maxBytes, or is not a regular file.
+// Reading a pipe or a device could block or never end.
 std::optional<std::string> readFile(const std::filesystem::path& path, std::size_t maxBytes);
 
 } // namespace glidemap

@@ -11,7 +11,7 @@
 
 namespace glidemap {
 
-// One value per binding, in the list's order.
+// Returns one value per binding, in the list's order.
 std::vector<bool> shadowedBindings(const BindingList& bindings);
 
 } // namespace glidemap

@@ -29,7 +29,7 @@ std::string joined(std::uint64_t held, KeyboardKind keyboard, char between) {
     return names;
 }
 
-// Without a label the button shows a number, which does not identify the key.
+// A key without a label is written in words, because its number does not identify it to the user.
 std::string written(std::uint16_t keyCode, KeyboardKind keyboard) {
     static const Lang english{nullptr};
     const std::string label = keyLabel(keyCode);

@@ -1,7 +1,7 @@
-// A shortcut in words, for screen readers and for keyboards with key names instead of symbols.
+// Writes a shortcut in words, for screen readers and for keyboards with key names instead of
+// symbols.
 //
 // Thread:  any; pure functions.
-// Errors:  none. A key that has no name in words is read by its label.
 #pragma once
 
 #include "bindings/key_shortcut.h"
@@ -14,18 +14,19 @@
 
 namespace glidemap {
 
-// In the order of a shortcut.
+// In the order in which a shortcut lists them.
 inline constexpr std::array allModifiers = {modifier::control, modifier::option, modifier::shift,
                                             modifier::command};
 
-// The symbols of these modifiers alone, in shortcut order: "⌃⌥".
+// Returns the symbols of these modifiers, in shortcut order: "⌃⌥".
 std::string modifierSymbols(std::uint64_t modifiers);
 
-// "Option Command Right Arrow".
+// Returns the shortcut in words, such as "Option Command Right Arrow".
 std::string spokenShortcut(const KeyShortcut& shortcut, const Lang& lang,
                            KeyboardKind keyboard = usualKeyboard());
 
-// "Alt+Super+→", the notation for keyboards of that kind; empty if it would repeat the symbols.
+// Returns the shortcut in the notation of this kind of keyboard, such as "Alt+Super+→". Empty if
+// that equals the notation in symbols.
 std::string writtenShortcut(const KeyShortcut& shortcut, KeyboardKind keyboard = usualKeyboard());
 
 } // namespace glidemap

@@ -2,7 +2,7 @@
 
 namespace glidemap {
 
-// SplitMix64: neighbouring seeds give unrelated sequences.
+// SplitMix64: similar seeds give unrelated sequences.
 std::uint64_t Chance::next() {
     state += 0x9e3779b97f4a7c15U;
     std::uint64_t mixed = state;

@@ -1,7 +1,7 @@
-// Reproducible random choices: the same seed gives the same choices with every standard library,
-// whose own distributions differ.
+// Reproducible random choices. The same seed gives the same choices on every platform, unlike the
+// distributions of the standard libraries.
 //
-// Owner:   one performance.
+// Owner:   each performance creates its own.
 #pragma once
 
 #include <cstdint>

@@ -8,15 +8,15 @@ namespace glidemap {
 
 namespace {
 
-// No person draws a perfect circle: it is wider than high or higher than wide, and its end lies
-// inside or outside its start.
+// A loop as a person draws it: slightly oval, and with an end that is nearer to the centre than its
+// start, or farther away.
 struct Loop {
     PadPoint centre;
     double radius = 0; // in units of the pad's height
     double begin = 0;  // radians
     double sweep = 0;  // radians, positive anticlockwise
-    double oval = 0;   // relative to the radius; added to x and subtracted from y
-    double spiral = 0; // relative to the radius, over the whole sweep
+    double oval = 0;   // relative to the radius; added along x and subtracted along y
+    double spiral = 0; // growth of the radius over the whole sweep, relative to the radius
 
     PadPoint at(double part) const {
         const double angle = begin + sweep * part;
@@ -25,7 +25,7 @@ struct Loop {
     }
 };
 
-// A person draws a loop at an even speed; only its start and its end are slower.
+// A person draws a loop at a constant speed, but starts and ends more slowly.
 double loopProgress(double part) {
     constexpr double ramp = 0.15;
     constexpr double pace = 1 / (1 - ramp);

@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-// The fingertip comes from the frame around the pad and first touches its outermost rim.
+// The fingertip slides in from outside the pad, so its first contact is at the edge.
 PadPoint placeOnEdge(Direction edge, Chance& chance) {
     const double depth = chance.between(0.004, 0.018);
     const double along = chance.between(0.30, 0.70);

@@ -1,4 +1,4 @@
-// The movements of the hand for each family of gestures.
+// Generates the finger movements for each family of gestures.
 //
 // Thread:  any; every random choice comes from `chance`.
 #pragma once
@@ -34,7 +34,7 @@ Fingers performCircle(Turn turn, Chance& chance);
 Fingers performPinch(Pinch pinch, Chance& chance);
 Fingers performRotation(Turn turn, Chance& chance);
 
-// Radians, y upwards.
+// Returns radians, with y upwards.
 double angleOf(Direction direction);
 
 } // namespace glidemap

@@ -11,7 +11,7 @@ PadPoint pointAround(PadPoint centre, double distance, double angle) {
 }
 
 double strokeProgress(double part) {
-    // The minimum-jerk trajectory: measured reaching movements follow it closely.
+    // The minimum-jerk trajectory, which measured reaching movements follow closely.
     const double u = std::clamp(part, 0.0, 1.0);
     return u * u * u * (10 + u * (6 * u - 15));
 }

@@ -17,7 +17,8 @@ struct PadPoint {
     friend PadPoint operator*(PadPoint a, double factor) { return {a.x * factor, a.y * factor}; }
 };
 
-// Also defined before landing and after lifting, while the finger hovers.
+// Returns the finger's position at a time. Also valid before landing and after lifting, while the
+// finger hovers.
 using FingerPath = std::function<PadPoint(double time)>;
 
 struct Finger {
@@ -28,21 +29,21 @@ struct Finger {
 
 using Fingers = std::vector<Finger>;
 
-// The usual ratio of a pad's width to its height: a shape looks round or rotated to a person in a
-// space whose x is stretched by this factor.
+// The usual ratio of a pad's width to its height. Circles and rotations are computed in a space
+// whose x axis is stretched by this factor, so that they have the right shape on the physical pad.
 inline constexpr double padAspect = 1.35;
 
-// The point at `distance` from `centre` in the direction `angle`, both in the stretched space, in
-// units of the pad's height.
+// Returns the point at `distance` from `centre` in the direction `angle`. Both refer to the
+// stretched space; the distance is in units of the pad's height.
 PadPoint pointAround(PadPoint centre, double distance, double angle);
 
-// The completed fraction of a stroke after the fraction `part` of its time: the hand accelerates
-// gently and decelerates gently. Constant before 0 and after 1.
+// Returns the completed fraction of a stroke after the fraction `part` of its duration. The hand
+// accelerates and decelerates smoothly. Constant before 0 and after 1.
 double strokeProgress(double part);
 
 FingerPath restingAt(PadPoint place);
 
-// From `start` by the displacement `way`, beginning at `time` and lasting `duration`.
+// Moves from `start` by `way`, beginning at `time` and lasting `duration`.
 FingerPath stroke(PadPoint start, PadPoint way, double time, double duration);
 
 } // namespace glidemap

@@ -17,7 +17,7 @@ struct Extent {
     double high = 0;
 };
 
-// The range that one axis of a layout covers during a movement.
+// Returns the range that a layout covers on one axis while it moves by `way`.
 Extent extent(const Places& layout, double PadPoint::*axis, double way) {
     const auto less = [axis](PadPoint a, PadPoint b) {
         return a.*axis < b.*axis;
@@ -39,7 +39,7 @@ double partWithRoom(const Places& layout, double PadPoint::*axis, double way) {
     return needed > room ? std::max(room, 0.0) / needed : 1;
 }
 
-// The more fingers a hand spreads, the closer neighbours stay.
+// Returns the distance between neighbouring fingers. It is smaller for more fingers.
 double spacing(int count, Chance& chance) {
     switch (count) {
     case 2:
@@ -65,7 +65,7 @@ Places handLayout(int count, Chance& chance) {
         places.push_back(
             {out * apart + 0.01 * chance.wobble(), -arch * out * out + 0.02 * chance.wobble()});
     }
-    if (count == 5) { // the thumb, on the left of a right hand
+    if (count == 5) { // the thumb lies lower; it is on the left of a right hand
         const bool leftHand = chance.oneIn(8);
         (leftHand ? places.back() : places.front()).y -= chance.between(0.06, 0.14);
     }

@@ -1,4 +1,4 @@
-// How a hand's fingers are placed on the pad, and how unevenly they land and lift.
+// Determines where a hand's fingers are on the pad, and how unevenly they land and lift.
 //
 // Units:   seconds; lengths in normalised units of each axis.
 #pragma once
@@ -12,25 +12,25 @@ namespace glidemap {
 
 using Places = std::vector<PadPoint>;
 
-// Two to five fingertips relative to the hand: neighbours on an arc, and the thumb below if there
-// are five.
+// Returns the positions of two to five fingertips relative to the hand. They form an arc. With five
+// fingers, one end of the arc is the thumb, which lies lower.
 Places handLayout(int count, Chance& chance);
 
-// Places a layout on the pad so that every finger is on it at the start and after moving by `way`.
-// A layout that does not fit is centred.
+// Places a layout on the pad so that every finger is on the pad before and after moving by `way`.
+// Centres a layout that does not fit.
 Places placeOnPad(const Places& layout, PadPoint way, Chance& chance);
 
-// The maximum fraction, up to 1, of `way` for which placeOnPad() finds room.
+// Returns the maximum fraction of `way`, up to 1, for which placeOnPad() has room.
 double partWithRoom(const Places& layout, PadPoint way);
 
 // Returns landing times of fingers that are meant to land together: the first at `time`, the last
 // at most `longest` later.
 std::vector<double> landings(int count, double time, double longest, Chance& chance);
 
-// Lifting times of fingers that a person means to lift together, the first at `time`.
+// Returns lifting times of fingers that are meant to lift together, the first at `time`.
 std::vector<double> liftings(int count, double time, Chance& chance);
 
-// The maximum delay between fingers that a person means to land together.
+// The maximum delay between the landings of fingers that are meant to land together.
 inline constexpr double landingSkew = 0.030;
 
 double latest(const std::vector<double>& times);

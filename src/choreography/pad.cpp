@@ -18,7 +18,7 @@ constexpr double intervalUnsteadiness = 0.0015;
 constexpr double minDriftSpeed = 0.006 / 3.5;
 constexpr double maxDriftSpeed = 0.024 / 3.5;
 
-// 3 to 13 units of a pad with four to five thousand units.
+// 3 to 13 units on a pad whose axes have 4,000 to 5,000 units.
 constexpr double minJitter = 0.0006;
 constexpr double maxJitter = 0.0028;
 
@@ -35,7 +35,7 @@ public:
 
     bool isSeen(double time) const { return !isGone && time >= finger->down - hover; }
 
-    // The record for a report at `time`, when the contact is in range.
+    // Returns the contact's record in a report at `time`. The contact must be in range.
     MTTouch record(double time, Chance& chance) {
         const MTTouchState state = advance(time);
         const PadPoint place = placeAt(time, chance);
@@ -119,7 +119,7 @@ std::vector<MTTouch> recordsAt(double time, std::vector<Contact>& contacts, Chan
     return records;
 }
 
-// Makes the first report time zero and numbers the reports.
+// Shifts all times so that the first report is at zero, and numbers the reports.
 void beginAtZero(Performance& performance) {
     const double begin = performance.empty() ? 0 : performance.front().time;
     std::int32_t number = 0;
@@ -140,7 +140,7 @@ Performance report(const Fingers& fingers, Chance& chance) {
     const bool reportsEmptyPad = chance.oneIn(2);
     const double end = endOf(fingers) + 0.1; // every contact is out of range by then
     Performance performance;
-    // The pad scans at its own rate, independently of the finger.
+    // The pad scans at its own rate, regardless of when a finger lands.
     double time = -0.03 - chance.between(0, reportInterval);
     while (time < end) {
         std::vector<MTTouch> records = recordsAt(time, contacts, chance);

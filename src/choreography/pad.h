@@ -1,5 +1,5 @@
-// The touchpad under a performance: samples the fingers at its own rate and reports them, with the
-// jitter of fingertips and electronics.
+// A simulated touchpad. Samples the fingers at its own rate and reports them with the jitter of
+// fingertips and electronics.
 //
 //   finger    . . . . . ┌───── down ─────┐. . . . .
 //   reports   2   2   2   3   4   4   4   2   2   7        a pad that reports hovering fingers

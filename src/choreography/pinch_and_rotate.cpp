@@ -12,7 +12,7 @@ namespace {
 // The thumb and a finger land further apart in time than neighbouring fingers.
 constexpr double thumbLandingSkew = 0.090;
 
-// Two fingertips as the ends of a line, which grows, shrinks or turns about its midpoint while the
+// Two fingertips at the ends of a line that grows, shrinks or rotates about its midpoint, while the
 // whole hand moves slightly.
 struct Span {
     PadPoint centre;
@@ -58,7 +58,7 @@ Fingers performPinch(Pinch pinch, Chance& chance) {
     Span span = someSpan(chance);
     span.lengthBefore = pinch == Pinch::out ? closed : open;
     span.lengthAfter = pinch == Pinch::out ? open : closed;
-    // Thumb at the lower left, finger at the upper right; the line hardly turns.
+    // Thumb at the lower left, finger at the upper right. The line hardly rotates.
     span.angleBefore = chance.between(0.3, 1.3);
     span.angleAfter = span.angleBefore + chance.between(-0.25, 0.25);
     return moveSpan(span, chance.between(0.20, 0.60), chance);

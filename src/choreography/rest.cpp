@@ -9,7 +9,8 @@ namespace glidemap {
 Fingers performLongPress(int count, Chance& chance) {
     const Places places = placeOnPad(handLayout(count, chance), {}, chance);
     const auto down = landings(count, 0, landingSkew, chance);
-    // The person holds until the press is visibly recognised, which takes at least 0.2 s.
+    // A person holds until the program shows the recognised press, and needs at least 0.2 s to
+    // react.
     const auto up = liftings(count, latest(down) + chance.between(1.0, 1.5), chance);
     Fingers fingers;
     for (std::size_t index = 0; index < places.size(); ++index) {

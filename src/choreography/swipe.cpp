@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// Swipes of real people: 20 to 70 ms, over 0.28 to 0.60 of the pad; longer ones take longer.
+// Measured swipes last 20 to 70 ms and cover 0.28 to 0.60 of the pad. Longer swipes take more time.
 constexpr double minTime = 0.020;
 constexpr double maxTime = 0.070;
 constexpr double minDistance = 0.28;

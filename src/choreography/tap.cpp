@@ -9,12 +9,12 @@ namespace glidemap {
 
 namespace {
 
-// Taps of real people; people do not linger on either half of a double tap.
+// Measured durations of taps. Each half of a double tap is shorter.
 constexpr double minTapDuration = 0.050;
 constexpr double maxTapDuration = 0.200;
 constexpr double maxDoubleTapPartDuration = 0.130;
 
-// A tapping fingertip rolls a little.
+// A fingertip rolls slightly during a tap.
 FingerPath rolling(PadPoint place, double time, double duration, Chance& chance) {
     const double way = chance.between(0, 0.010);
     const double angle = chance.between(-std::numbers::pi, std::numbers::pi);
@@ -36,7 +36,7 @@ double addTap(Fingers& fingers, const Places& places, double time, double maxDur
     return latest(up);
 }
 
-// The position of the second tap of a double tap: close to the first.
+// Returns positions for the second tap of a double tap, close to the first.
 Places nearby(const Places& places, Chance& chance) {
     const PadPoint shift = {0.02 * chance.wobble(), 0.02 * chance.wobble()};
     Places result;

@@ -1,4 +1,4 @@
-// One report of a touchpad, as a performance passes it to its player.
+// One touchpad report of a performance.
 //
 // Units:   seconds since the beginning of the performance.
 #pragma once

@@ -1,11 +1,9 @@
 // Port: runs an item of work once, after a delay, unless it is cancelled before it starts.
 //
-// Units:   delays in seconds of real time (or of virtual time, where a test or a replay provides
-//          it).
-// Thread:  any thread may schedule and cancel; items run on a thread of the
-//          implementation.
-// Owner:   the scheduling code and the code that may cancel the item share it. Releasing
-//          an item does not cancel it.
+// Units:   delays in seconds of real time, or of the virtual time of a test or a replay.
+// Thread:  any thread may schedule and cancel; items run on a thread of the implementation.
+// Owner:   the scheduling code and the cancelling code share the item. Releasing it does not cancel
+//          it.
 #pragma once
 
 #include <atomic>

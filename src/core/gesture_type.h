@@ -1,8 +1,8 @@
-// The closed list of the 48 gestures that can be recognised, clicked or bound.
+// The fixed list of the 48 gestures that can be recognised and bound.
 //
-// Bindings files store the raw values, so raw values never change. The set is deliberate: no
-// one-finger tap, no five-finger double tap, click or long press; pinch and rotation have no finger
-// counts.
+// Bindings files store the raw values, so raw values never change. The list deliberately has no
+// one-finger tap and no five-finger double tap, click or long press. Pinches and rotations have no
+// finger counts.
 //
 // Thread:  any; the texts are in the language that is current when the function is called,
 //          unless the caller names another.

@@ -1,5 +1,5 @@
-// The language of the interface. Every text appears in English and in Simplified Chinese where it
-// is displayed; this object picks one each time the text is built.
+// The language of the interface. Code that displays a text passes its English and its Simplified
+// Chinese version; choose() returns the one in the current language.
 //
 // Thread:  the main thread writes `code`; any thread may read it and gets either the old
 //          code or the new one.
@@ -19,7 +19,7 @@ namespace glidemap {
 
 class Lang {
 public:
-    // Reads the stored code and does not write.
+    // Reads the stored code. Does not write it.
     explicit Lang(std::shared_ptr<UserDefaults> store);
 
     // Sets where the shared instance stores its code. Call before the first shared(); without it

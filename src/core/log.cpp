@@ -39,7 +39,7 @@ private:
 };
 
 bool isEnabledByEnvironment() {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): before any other thread is started
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): runs before other threads start
     const char* value = std::getenv(variable);
     return value != nullptr && *value != '\0' && std::string_view(value) != "0";
 }
@@ -89,7 +89,7 @@ void write(std::string_view topic, std::initializer_list<LogPart> parts) noexcep
 } // namespace log_detail
 
 void enableLog() {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): main calls this first
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): main() calls this before other threads start
     setenv(variable, "1", 1);
     log_detail::on.store(true, std::memory_order_relaxed);
 }

@@ -1,5 +1,5 @@
-// The log: one line on standard error for each decision that matters to user support. Disabled
-// unless GLIDEMAP_LOG=1 is in the environment or the program is started with --verbose.
+// The log: one line on standard error for each decision that helps to analyse a user's report.
+// Enabled only if GLIDEMAP_LOG=1 is in the environment or the program is started with --verbose.
 //
 //   logLine("touchpads", "grabbed ", node, " after ", count, " attempts");
 //   glidemap 1234.567 touchpads: grabbed /dev/input/event5 after 2 attempts
@@ -7,9 +7,9 @@
 // Never log what the user types: no key, no shortcut, no text of another program's window.
 //
 // While logging is disabled, a call costs one load of a flag; build expensive arguments only after
-// isLogging(). A line is written whole or not at all: a line that does not fit into standard error
-// is dropped, so that a stalled reader never blocks the touchpad. Control characters, which a
-// device name can contain, become "?". Lines longer than 1,000 bytes are truncated.
+// isLogging(). A line is written completely or dropped: if standard error is not ready to accept
+// it, logging does not wait, so a stalled reader never blocks the touchpad. Control characters,
+// which a device name can contain, become "?". Lines longer than 1,000 bytes are truncated.
 //
 // Units:   seconds of the monotonic clock, as in the touchpads' own events.
 // Thread:  any. Does not allocate.
@@ -31,7 +31,7 @@ namespace glidemap {
 
 class LogPart {
 public:
-    // NOLINTBEGIN(google-explicit-constructor): callers write the values alone
+    // NOLINTBEGIN(google-explicit-constructor): callers pass plain values
     LogPart(std::string_view words) : text(words) {}
     LogPart(const char* words) : text(words != nullptr ? words : "(null)") {}
     LogPart(const std::string& words) : text(words) {}

@@ -1,4 +1,4 @@
-// Port: submits tasks to the main thread, which runs them later in the order of submission.
+// Port: submits tasks to the main thread, which runs them later in order of submission.
 //
 // Thread:  any thread may call; the tasks run on the main thread, never from within submit().
 // Owner:   the program, which outlives all submitters. A task refers weakly to objects

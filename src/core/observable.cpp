@@ -31,7 +31,7 @@ void Observable::announceDidChange() {
 }
 
 void Observable::announce(std::function<void()> Subscription::Entry::*which) {
-    // an observer may subscribe or unsubscribe during a notification
+    // An observer may subscribe or unsubscribe during a notification.
     const auto listed = entries->list;
     for (const auto& reference : listed) {
         if (const auto entry = reference.lock(); entry && (*entry).*which) {

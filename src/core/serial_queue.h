@@ -1,5 +1,4 @@
-// Port: runs tasks one after another, in the order of submission, away from the thread that submits
-// them.
+// Port: runs tasks one after another, in order of submission, on another thread than the caller's.
 //
 // Thread:  any thread may call; the tasks run on one thread at a time.
 // Errors:  none. When the queue is full, submit() blocks until there is room; only stop()
@@ -19,11 +18,12 @@ public:
     SerialQueue& operator=(const SerialQueue&) = delete;
     virtual ~SerialQueue() = default;
 
-    // Returns before the task has run.
+    // Does not wait for the task.
     virtual void submit(Task task) = 0;
 
-    // Like submit(), for a task that matters only to later tasks: a sleeping queue may keep it until
-    // another task is submitted, or until many tasks are kept. The order stays that of submission.
+    // Like submit(), but need not wake a sleeping queue: the queue may delay the task until another
+    // task is submitted or many tasks are pending. For tasks that only affect later tasks. The
+    // order of submission is kept.
     virtual void defer(Task task) { submit(std::move(task)); }
 
     // Waits for the running task, if any (unless called from that task), and destroys pending tasks

@@ -1,8 +1,9 @@
 // A value that one thread replaces and other threads read as a whole.
 //
 // A reader gets a consistent value and may keep it. It never sees a partial change and blocks a
-// writer only while it copies a pointer. A mutex held for nanoseconds instead of an atomic shared
-// pointer: the thread sanitizer rightly reports the one of GCC 12, and Apple's library has none.
+// writer only while it copies a pointer. Uses a mutex, which is held for nanoseconds, instead of an
+// atomic shared pointer: the thread sanitizer reports a data race in the implementation of GCC 12,
+// and Apple's library lacks it.
 //
 // Thread:  any.
 #pragma once

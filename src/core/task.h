@@ -17,7 +17,7 @@ namespace glidemap {
 
 class Task {
 public:
-    // Room for a frame, its recognizers and the pool that the frame returns to.
+    // Holds a frame, its recognizers and the pool that the frame returns to.
     static constexpr std::size_t capacity = 96;
 
     Task() = default;

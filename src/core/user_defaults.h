@@ -1,8 +1,7 @@
 // Port: the user's simple settings (strings and booleans), which persist across launches.
 //
 // Thread:  the main thread.
-// Errors:  none reach the caller: a value that cannot be read is absent; a failed write is
-//          lost silently.
+// Errors:  none are reported. A value that cannot be read counts as absent; a failed write is lost.
 #pragma once
 
 #include <optional>
@@ -21,7 +20,7 @@ public:
     virtual std::optional<std::string> string(std::string_view key) const = 0;
     virtual void setString(std::string_view key, std::string_view value) = 0;
 
-    // Also absent if the stored value is not a boolean.
+    // Returns nullopt if the value is missing or not a boolean.
     virtual std::optional<bool> boolean(std::string_view key) const = 0;
     virtual void setBoolean(std::string_view key, bool value) = 0;
 };

@@ -19,7 +19,7 @@ public:
     static Uuid generate();
     static std::optional<Uuid> parse(std::string_view text);
 
-    // Hyphenated, with upper-case hexadecimal digits.
+    // Returns the hyphenated form with upper-case digits.
     std::string text() const;
 
     friend bool operator==(const Uuid&, const Uuid&) = default;

@@ -24,10 +24,10 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
-// Interval between attempts to take a lock that another writer holds.
+// The interval between attempts to take a lock that another writer holds.
 constexpr timespec lockInterval{.tv_sec = 0, .tv_nsec = 5'000'000};
 
-// Returns the name, or a numbered one if a folder with this name cannot be removed.
+// Returns the name, or adds a number if a folder with this name cannot be removed.
 std::string availableFileName(int folder, const std::string& name) {
     constexpr int maxNumber = 9;
     std::string candidate = name;
@@ -49,7 +49,7 @@ bool writeAll(int file, std::string_view content) {
         const ssize_t written =
             retried([&] { return write(file, content.data(), content.size()); });
         if (written <= 0) {
-            // regular files never write zero bytes, but the error must have a code
+            // write() never returns zero for a regular file, but the error must have a code.
             errno = written == 0 ? EIO : errno;
             return false;
         }
@@ -58,9 +58,9 @@ bool writeAll(int file, std::string_view content) {
     return true;
 }
 
-// The temporary file that replaces the target. Its lock excludes other writers. Other users cannot
-// open the file and so cannot lock it; the folder itself could be locked by every user who can read
-// it.
+// The temporary file that replaces the target. A lock on it excludes other writers. The folder is
+// not locked, because every user who can read it could take that lock. Other users cannot open the
+// temporary file.
 class TemporaryFile {
 public:
     TemporaryFile(int folderDescriptor, const std::string& target, FileAccess targetAccess)
@@ -75,12 +75,12 @@ public:
         if (!isInPlace) {
             unlinkat(folder, name.c_str(), 0);
         }
-        // close() alone does not release the lock if another thread is in fork(): the child briefly
-        // shares the descriptor.
+        // close() alone may not release the lock: a child that another thread has just forked
+        // briefly shares the descriptor.
         flock(file.descriptor(), LOCK_UN);
     }
 
-    // Why no file could be opened.
+    // Returns the error that prevented opening the file.
     std::error_code error() const { return _error; }
 
     std::error_code write(std::string_view content) const {
@@ -104,7 +104,8 @@ private:
     bool setFinalMode() const;
 
     bool lock() const {
-        // Some file systems do not support locks. On those, simultaneous saves are merely unlikely.
+        // Some file systems do not support locks. Continue without a lock, because simultaneous
+        // saves are unlikely.
         return flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0 ||
                (errno != EWOULDBLOCK && errno != EINTR);
     }
@@ -132,7 +133,7 @@ std::error_code TemporaryFile::acquire() {
         }
         nanosleep(&lockInterval, nullptr);
     }
-    // Another user could hold the lock forever.
+    // If other users can open the file, one of them could hold the lock forever.
     const bool isRemoved = file && isOpenToOthers() && unlinkat(folder, name.c_str(), 0) == 0;
     return isRemoved && make() == Attempt::done
                ? std::error_code()
@@ -155,15 +156,15 @@ TemporaryFile::Attempt TemporaryFile::make() {
     if (access == FileAccess::ordinary) {
         finalMode = status.st_mode & everyonesMode; // without the bits that the umask clears
     }
-    // A failure is ignored: some file systems use one mode for all files.
+    // Ignore failures: some file systems use one mode for all files.
     fchmod(file.descriptor(), ownersMode);
     return lock() && isCurrent() ? Attempt::done : Attempt::busy;
 }
 
-// An existing file belongs to another writer, or to a killed writer, which no longer holds its
-// lock.
+// Handles an existing file. It belongs to another writer, or a killed writer left it behind without
+// a lock.
 TemporaryFile::Attempt TemporaryFile::removeLeftover() {
-    // O_NONBLOCK: opening a pipe would block until its other end is open.
+    // Without O_NONBLOCK, opening a pipe would block until its other end is open.
     constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     file = OpenFile(retried([&] { return openat(folder, name.c_str(), flags); }));
     if (!file && errno == ENOENT) {
@@ -181,8 +182,8 @@ bool TemporaryFile::setFinalMode() const {
     return isSet || access == FileAccess::ordinary;
 }
 
-// Writers rename or remove the file that they have locked: a lock on a renamed or removed file is
-// void.
+// Returns whether the locked file still has its name. The previous writer may have renamed or
+// removed the file, and then the lock excludes no other writer.
 bool TemporaryFile::isCurrent() const {
     struct stat locked {};
     struct stat named {};
@@ -217,7 +218,7 @@ std::error_code writeWhole(const std::filesystem::path& file, std::string_view c
         error = temporary.moveTo(name);
     }
     if (!error) {
-        // The new content is in place even if the folder cannot be flushed.
+        // The new content is in place even if flushing the folder fails.
         retried([&] { return fsync(folder.descriptor()); });
     }
     return error;

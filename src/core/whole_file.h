@@ -1,18 +1,18 @@
 // Writes a file atomically: a reader finds either the old content or the new content, even if the
 // writer is killed or the power fails.
 //
-// Steps: create and lock a temporary file beside the target, removing one that a killed writer
+// Steps: create and lock a temporary file beside the target, removing a file that a killed writer
 // left; write and flush it; rename it over the target; flush the folder.
 //
 // Each target has one temporary name, ".NAME.saving", so that temporary files of killed writers do
-// not accumulate. The lock keeps a second writer from removing a file that the first one is still
-// writing. Other users cannot open the file, so they cannot take the lock. An empty folder of that
-// name is removed; if the folder is not empty, it stays and a number is appended to the name.
+// not accumulate. The lock prevents a second writer from removing a file that the first one is
+// still writing. Other users cannot open the file, so they cannot take the lock. If a folder has
+// the temporary name, it is removed if empty; otherwise a number is appended to the name.
 //
 // Thread:  any; blocks during disk access, and for at most maxWaitForWriter while another
 //          writer holds the lock.
-// Errors:  the system's error code; the old content stays in place. operation_would_block
-//          means that another writer held the lock for the whole wait, or is stopped.
+// Errors:  returns the system's error code and keeps the old content. operation_would_block means
+//          that another writer, which may be suspended, held the lock for the whole wait.
 #pragma once
 
 #include <chrono>
@@ -29,7 +29,7 @@ enum class FileAccess {
     ordinary,  // permissions that follow the umask, like the user's other files
 };
 
-// Replaces the directory entry of this name, even if it is a link.
+// Replaces a symbolic link itself, not its target.
 std::error_code writeWhole(const std::filesystem::path& file, std::string_view content,
                            FileAccess access);
 

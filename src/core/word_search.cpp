@@ -8,14 +8,14 @@ namespace glidemap {
 
 namespace {
 
-// Independent of the interface language.
+// A language that does not follow the interface.
 struct FixedLanguage {
     explicit FixedLanguage(const std::string& code) { lang.setCode(code); }
 
     Lang lang{nullptr};
 };
 
-// Chinese has no case, and the English names contain no other letters.
+// Converts ASCII only: Chinese has no case, and the English names contain no other letters.
 std::string lowered(std::string text) {
     for (char& letter : text) {
         if (letter >= 'A' && letter <= 'Z') {
@@ -25,7 +25,7 @@ std::string lowered(std::string text) {
     return text;
 }
 
-// Chinese input methods type a full-width space.
+// Chinese input methods insert full-width spaces.
 std::string withPlainSpaces(std::string text) {
     constexpr std::string_view ideographicSpace = "\u3000";
     for (std::size_t at = 0; (at = text.find(ideographicSpace, at)) != std::string::npos;) {
@@ -57,7 +57,7 @@ bool WordSearch::finds(const std::string& names) const {
         words, [&](const std::string& word) { return names.find(word) != std::string::npos; });
 }
 
-// One name per line, so that no word matches across two names.
+// Puts each name on its own line, so that no word matches across two names.
 std::string searchableNames(const std::function<std::string(const Lang&)>& names) {
     static const FixedLanguage english("en");
     static const FixedLanguage chinese("zh");

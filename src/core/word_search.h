@@ -20,14 +20,14 @@ public:
 
     bool isEmpty() const { return words.empty(); }
 
-    // `names` is a result of searchableNames().
+    // `names` must be a result of searchableNames().
     bool finds(const std::string& names) const;
 
 private:
     std::vector<std::string> words;
 };
 
-// The function's texts in both languages, in one string.
+// Returns the function's texts in both languages as one string.
 std::string searchableNames(const std::function<std::string(const Lang&)>& names);
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// Port: whether the system lets this program read touches, type and consume clicks.
+// Port: whether the system permits this program to read touches, type and consume clicks.
 //
 // Thread:  the main thread; both queries return without waiting for the user.
 // Errors:  none.
@@ -15,8 +15,8 @@ public:
 
     virtual bool isTrusted() = 0;
 
-    // The same; if permission is missing, it also makes the system ask the user, at most once per
-    // run. Later queries reflect the user's decision.
+    // Like isTrusted(). If permission is missing, also makes the system prompt the user, at most
+    // once per run. Later queries reflect the user's decision.
     virtual bool isTrustedWithPrompt() = 0;
 };
 

@@ -10,14 +10,14 @@ namespace glidemap {
 
 namespace {
 
-// Fallback where the system has no way to lock the screen: Control-Command-Q.
+// Control-Command-Q, the fallback if the system has no function to lock the screen.
 constexpr KeyShortcut lockShortcut{12, modifier::control | modifier::command};
 
 bool isLocked(const UserSession* session) {
     return session != nullptr && session->isLocked();
 }
 
-// The modifiers are flags of the key's own events; modifier keys get no events of their own.
+// The modifiers are flags of the key's events. Modifier keys get no events of their own.
 void type(const KeyShortcut& shortcut, KeyEventPoster& keyEvents) {
     const std::array events = {KeyEvent{shortcut.keyCode, true, shortcut.modifiers},
                                KeyEvent{shortcut.keyCode, false, shortcut.modifiers}};
@@ -60,7 +60,7 @@ void ActionRunner::launchApp(const std::string& bundleID) {
     }
 }
 
-// A refusing system may call back after the destruction of this runner.
+// The system may report a refusal after this runner is destroyed.
 void ActionRunner::lockScreen() {
     if (!canLock) {
         canLock = ports.screenLock->find();

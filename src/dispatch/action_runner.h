@@ -3,8 +3,8 @@
 //
 // Thread:  the main thread.
 // Owner:   the program creates one for the dispatcher.
-// Errors:  silent; actions that cannot be performed are skipped. The first lock checks once whether
-//          the system can lock.
+// Errors:  none are reported; an action that cannot be performed is skipped. The first lock action
+//          checks whether the system can lock the screen.
 #pragma once
 
 #include "bindings/binding_action.h"
@@ -32,10 +32,11 @@ public:
     ActionRunner(const ActionRunner&) = delete;
     ActionRunner& operator=(const ActionRunner&) = delete;
 
-    // While the session is locked, performs only a further lock, without typing.
+    // While the session is locked, only the lock action runs, and it types no shortcut.
     void perform(const BindingAction& action);
 
-    // Activates the application if it runs. Does nothing if no application has this identifier.
+    // Launches the application, or activates it if it is running. Does nothing if no application
+    // has this identifier.
     void launchApp(const std::string& bundleID);
 
 private:

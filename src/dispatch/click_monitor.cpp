@@ -60,8 +60,7 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
 }
 
 bool ClickMonitor::isTaken() const {
-    // One finger makes an ordinary click, and five press by accident: the catalogue has no click
-    // for either.
+    // Clicks with one finger (ordinary) or five fingers (accidental) are not gestures.
     const auto gesture = gestureFor(GestureCategory::click, touchingCount());
     return gesture && onClickGesture && onClickGesture(*gesture);
 }

@@ -26,7 +26,7 @@ namespace glidemap {
 
 class ClickMonitor {
 public:
-    // The function returns the number of fingers that touch the pad.
+    // `touchingCount` returns the number of fingers on the pad.
     ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> touchingCount);
     ClickMonitor(const ClickMonitor&) = delete;
     ClickMonitor& operator=(const ClickMonitor&) = delete;
@@ -34,7 +34,8 @@ public:
 
     void start();
 
-    // Remembers a button whose press was dropped: its release is dropped even after the next start.
+    // Keeps the list of buttons whose press was dropped: their releases are dropped even after the
+    // next start.
     void stop();
 
     bool isRunning() const { return _isRunning; }

@@ -45,8 +45,8 @@ public:
     virtual void setEnabled(bool enabled) = 0;
     virtual void remove() = 0;
 
-    // Whether any click could be consumed at all. A tap that costs the system something even when
-    // it only observes may pause while no click can be consumed; other taps ignore this.
+    // Sets whether any click could be consumed. If not, a tap that costs the system time even while
+    // it only observes may pause; other taps ignore this.
     virtual void setNeeded(bool needed) = 0;
 };
 

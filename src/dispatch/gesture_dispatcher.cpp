@@ -14,7 +14,7 @@ bool isDirectedCircle(GestureType gesture) {
            direction(gesture) != GestureDirection::any;
 }
 
-// Logs the application's identifier, not its name: the name can be a window title.
+// Logs the application's identifier. Its name can be a window title.
 void logDecision(GestureType gesture, const std::optional<std::string>& application,
                  const GestureBinding* binding) {
     if (isLogging()) {
@@ -81,7 +81,7 @@ bool GestureDispatcher::handleClickGesture(GestureType gesture) {
     return true;
 }
 
-// Stores the current value of the switch: an observer may have changed it again.
+// Stores the current value, not the argument: an observer may have set the switch again.
 void GestureDispatcher::setMasterEnabled(bool enabled) {
     observers.announceWillChange();
     _masterEnabled.store(enabled);
@@ -115,8 +115,8 @@ GestureLogEntry GestureDispatcher::makeEntry(GestureType gesture, const GestureB
     return entry;
 }
 
-// The action and the log entry are separate tasks, so that other work of the main thread can run in
-// between.
+// Submits the action and the log entry as separate tasks, so that other main-thread work can run
+// between them.
 void GestureDispatcher::runLater(Binding binding) {
     mainQueue.submit(TimelyQueue::IfLate::drop,
                      [weakly = weak_from_this(), held = std::move(binding)] {
@@ -134,8 +134,7 @@ void GestureDispatcher::logLater(GestureLogEntry entry, TimelyQueue::IfLate ifLa
     });
 }
 
-// A person who looks at the locked screen, or unlocks it, must not see the gestures of the locked
-// session.
+// The list of recent gestures must not show gestures that were made while the session was locked.
 void GestureDispatcher::log(GestureLogEntry entry) {
     if (isLocked()) {
         return;

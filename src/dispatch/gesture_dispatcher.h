@@ -5,17 +5,18 @@
 //                                                       ├─▶ action, then log entry ─▶ recentEvents
 //   thread of the click tap ──────▶ handleClickGesture ─┘
 //
-// Every gesture is logged, matched or not. Clicks are logged only if they were consumed; all others
-// are ordinary clicks.
+// Every gesture is logged, with or without a binding. Clicks are logged only if they are consumed,
+// because all others are ordinary clicks.
 //
-// While the session is locked, only a further lock runs, and nothing is logged. An action that
-// reaches the main thread too late is dropped, and clicks pass while the main thread is stalled
-// (timely_queue.h).
+// While the session is locked, only the lock action runs, and nothing is logged. An action that
+// reaches the main thread too late is dropped, and clicks pass while the main thread is stalled.
+// See timely_queue.h.
 //
 // Thread:  handle(), handleClickGesture(), masterEnabled(), frontmost() and resolveBinding() on any
-//          thread, also concurrently; they never wait for an action. The rest on the main thread.
-// Owner:   the program creates one. Work on the main queue holds it weakly and does nothing after
-//          its destruction.
+//          thread, also concurrently; they never wait for an action. All other functions on the
+//          main thread.
+// Owner:   the program creates one. Tasks on the main queue hold it weakly and do nothing after its
+//          destruction.
 // Errors:  none.
 #pragma once
 
@@ -61,20 +62,21 @@ public:
     static constexpr std::string_view masterEnabledKey = "masterEnabled";
     static constexpr std::size_t maxRecentEvents = 20;
 
-    // The master switch has its stored value, or is on if none is stored.
+    // Restores the master switch from its stored value; the default is on.
     static std::shared_ptr<GestureDispatcher> create(Ports ports);
 
     // Returns whether a binding was found. Its action runs only if `execute` is true.
     bool handle(GestureType gesture, bool execute);
 
-    // Returns whether a binding was found and will run: the dispatcher then consumes the click.
+    // Returns whether a binding was found and its action will run. The caller then consumes the
+    // click.
     bool handleClickGesture(GestureType gesture);
 
     // While the switch is off, gestures are neither handled nor logged.
     bool masterEnabled() const { return _masterEnabled.load(); }
     void setMasterEnabled(bool enabled);
 
-    // Newest first.
+    // The newest event is first.
     const std::vector<GestureLogEntry>& recentEvents() const { return _recentEvents; }
 
     // Notifies of changes to the master switch and the recent events.
@@ -82,7 +84,8 @@ public:
 
     Application frontmost() const { return ports.workspace->frontmostApplication(); }
 
-    // A circle without a binding for its own direction falls back to the circle of any direction.
+    // If a circle has no binding for its own direction, the binding of the circle in any direction
+    // applies.
     std::shared_ptr<const GestureBinding>
     resolveBinding(GestureType gesture, std::optional<std::string_view> bundleID) const;
 

@@ -1,4 +1,4 @@
-// One line of the short log of recent gestures.
+// An entry in the list of recent gestures.
 //
 // Thread:  any; a plain value.
 // Errors:  none.
@@ -19,9 +19,9 @@ struct GestureLogEntry {
     Uuid id = Uuid::generate();
     WallTime date;
     GestureType gesture{};
-    // the action's text at that time; absent if no binding matched
+    // The action's text at the time of the gesture; absent if no binding matched.
     std::optional<std::string> matchedAction;
-    // the name of the frontmost application; absent if unknown
+    // The name of the frontmost application; absent if unknown.
     std::optional<std::string> appName;
 
     friend bool operator==(const GestureLogEntry&, const GestureLogEntry&) = default;

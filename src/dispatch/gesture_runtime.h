@@ -11,14 +11,15 @@
 //   start ──▶ running ◀──▶ paused ──▶ stop
 //                  the session becomes active or inactive, the machine sleeps or wakes
 //
-// While another session is active, this program reads, recognises and consumes nothing: the other
-// session's user has the same touchpad. The same applies while the machine sleeps, so that no touch
-// outlasts sleep.
+// While another session is active, this program reads, recognises and consumes nothing, because the
+// user of that session uses the same touchpad. It also pauses while the machine sleeps, so that no
+// touch continues after wake-up.
 //
 // Thread:  the main thread. The callbacks that it installs in the engine and the monitor run on
 //          their threads, hold it weakly, and do nothing after its destruction.
-// Owner:   the application, the tests' agent and each replayed recording create one.
-// Errors:  none of its own. Without a touchpad or a permission, the rest keeps working.
+// Owner:   the application, the test agent and each replayed recording create their own.
+// Errors:  none of its own. If the touchpad or a permission is missing, the other parts keep
+//          working.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -54,7 +55,8 @@ public:
     // Idempotent; cannot be restarted.
     void stop();
 
-    // Touchpads may have been attached, or the program may have gained access to them.
+    // Call this when touchpads may have been attached or the program may have gained access to
+    // them.
     void accessMayHaveChanged();
 
     TouchEngine& engine() { return *parts->engine; }

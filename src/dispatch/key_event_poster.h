@@ -2,7 +2,7 @@
 //
 // Units:   virtual key codes and event flags, as in a shortcut.
 // Thread:  the main thread.
-// Errors:  silent: without permission, or for a key that the system does not have, no event is
+// Errors:  none are reported. Without permission, or if the system lacks the key, no event is
 //          posted.
 #pragma once
 
@@ -14,7 +14,7 @@ namespace glidemap {
 struct KeyEvent {
     std::uint16_t keyCode = 0;
     bool down = false;
-    std::uint64_t flags = 0; // exactly these, regardless of the keys that the user holds
+    std::uint64_t flags = 0; // the event's modifiers, regardless of held keys
 
     friend bool operator==(const KeyEvent&, const KeyEvent&) = default;
 };

@@ -1,4 +1,4 @@
-// Port: the system's own way to lock the screen immediately.
+// Port: locks the screen immediately, by a function of the system.
 //
 // Thread:  the main thread.
 // Errors:  returned as values.
@@ -15,11 +15,11 @@ public:
     ScreenLock& operator=(const ScreenLock&) = delete;
     virtual ~ScreenLock() = default;
 
-    // Looks for the lock function, once per run at the first call. Returns false if the system has
-    // none.
+    // Searches for the system's lock function on the first call. Returns false if the system has no
+    // such function.
     virtual bool find() = 0;
 
-    // Does not block. If the system refuses, calls `otherwise` once, on the main thread.
+    // Does not block. If the system refuses, `otherwise` is called once, on the main thread.
     virtual void lock(std::function<void()> otherwise) = 0;
 };
 

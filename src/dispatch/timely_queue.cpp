@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// The submission time of each task that the main thread has not started.
+// The submission times of the tasks that the main thread has not started.
 class TimelyQueue::Waiting {
 public:
     using Place = std::multiset<Time>::iterator;
@@ -31,7 +31,8 @@ private:
     std::multiset<Time> since;
 };
 
-// Its destructor ends the wait: after the task has run, or when the main queue discards it.
+// The task waits until this object is destroyed: after the task has run, or when the main queue
+// discards it.
 struct TimelyQueue::Submitted {
     Submitted(std::shared_ptr<Waiting> waiting, Time time, IfLate ifLate,
               std::function<void()> work)
@@ -51,8 +52,8 @@ struct TimelyQueue::Submitted {
 TimelyQueue::TimelyQueue(std::shared_ptr<MainQueue> queue, Clock now)
     : queue(std::move(queue)), now(std::move(now)), waiting(std::make_shared<Waiting>()) {}
 
-// An action may run a nested event loop, in which the main thread continues with other tasks. A
-// task therefore counts as started before it runs.
+// An action may run a nested event loop, which processes other tasks. A task therefore counts as
+// started before it runs.
 void TimelyQueue::submit(IfLate ifLate, std::function<void()> work) {
     queue->submit([submitted = std::make_unique<Submitted>(waiting, now(), ifLate, std::move(work)),
                    clock = now]() mutable {

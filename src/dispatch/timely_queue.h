@@ -4,8 +4,8 @@
 //   submit ──▶ main queue ──▶ started within two seconds: runs
 //                        └──▶ started later: dropped, because another window may have the focus
 //
-// Only a waiting task can reveal a stalled main thread. Without a waiting task nothing needs to be
-// detected, and no thread wakes up to check.
+// A stalled main thread is detected only while a task waits. Without a waiting task the stall has
+// no effect, so no thread wakes up to check.
 //
 // Units:   seconds of a monotonic clock.
 // Thread:  any.
@@ -26,10 +26,10 @@ public:
     using Time = std::chrono::steady_clock::time_point;
     using Clock = std::function<Time()>; // called on any thread
 
-    // After this long without a reaction a person clicks again and expects the desktop to react.
+    // If nothing happens for this long, users click again and expect the desktop to react.
     static constexpr std::chrono::seconds stalledAfter{1};
 
-    // After this long a person has moved on, perhaps to another window.
+    // After this long, the user may have switched to another window.
     static constexpr std::chrono::seconds maxWait{2};
 
     enum class IfLate { run, drop };

@@ -1,8 +1,8 @@
-// Port: whether the program's session is active and unlocked, and its machine awake.
+// Port: whether the program's session is active and unlocked, and whether the machine is awake.
 //
-// Thread:  the queries on any, without waiting; changes() on the main thread.
+// Thread:  queries on any thread, without waiting; changes() on the main thread.
 // Owner:   the program creates one.
-// Errors:  none; a session of unknown state counts as active, unlocked and awake.
+// Errors:  none; if the state is unknown, the session counts as active, unlocked and awake.
 #pragma once
 
 #include "core/observable.h"
@@ -16,13 +16,13 @@ public:
     UserSession& operator=(const UserSession&) = delete;
     virtual ~UserSession() = default;
 
-    // Returns false while another session is active, of another user or of the same user.
+    // Returns false while another session is active, whether it belongs to this user or another.
     virtual bool isActive() const = 0;
 
     virtual bool isLocked() const = 0;
 
-    // From shortly before the machine sleeps until it is awake again. Always false if the platform
-    // does not announce sleep.
+    // Returns true from shortly before the machine sleeps until it is awake again. Always false if
+    // the platform does not announce sleep.
     virtual bool isAsleep() const { return false; }
 
     // Notifies when any of these values changes.

@@ -3,7 +3,7 @@
 // Thread:  frontmostApplication() on any thread, without blocking; the rest on the main thread,
 //          without waiting for an application to start.
 // Owner:   the program creates one.
-// Errors:  none reach the caller: unknown values are absent, and opening fails silently.
+// Errors:  none are reported. Unknown values are absent, and a failure to open is ignored.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@
 
 namespace glidemap {
 
-// Each is absent if the application does not report it.
+// A field is absent if the application does not report it.
 struct Application {
     std::optional<std::string> bundleID; // on Linux the desktop entry's id without ".desktop"
     std::optional<std::string> name;     // localised
@@ -28,32 +28,33 @@ public:
     Workspace& operator=(const Workspace&) = delete;
     virtual ~Workspace() = default;
 
-    // Both are absent while no application is frontmost or the frontmost one is unknown.
+    // Both fields are absent if no application is frontmost or the frontmost application is
+    // unknown.
     virtual Application frontmostApplication() const = 0;
 
-    // Every application with windows of its own, listed once.
+    // Returns every application with windows of its own, each once.
     virtual std::vector<Application> runningApplications() const = 0;
 
     // Returns the location of the application with this identifier, as a URL.
     virtual std::optional<std::string> urlForApplication(const std::string& bundleID) const = 0;
 
-    // The name of the application's icon in the desktop's theme, or the path of the icon's file.
-    // Not every platform can report it.
+    // Returns the name of the application's icon in the desktop's theme, or the path of the icon's
+    // file. Not supported on all platforms.
     virtual std::optional<std::string> iconOfApplication(const std::string& /*bundleID*/) const {
         return std::nullopt;
     }
 
-    // Launches it, or brings it forward if it runs.
+    // Launches the application, or activates it if it is running.
     virtual void openApplication(const std::string& url) = 0;
 
     virtual void openMissionControl() = 0;
 
-    // Returns false if the desktop is known to have no such view. Each call checks again in the
-    // background; the next call returns the result.
+    // Returns false if the desktop is known to have no overview. Each call starts a new check in
+    // the background, whose result the next call returns.
     virtual bool hasMissionControl() const { return true; }
 
-    // Opens the place where the user grants this program access: a page of the system settings, or the
-    // system's permission prompt.
+    // Opens the page of the system settings, or the system's prompt, where the user grants access
+    // to this program.
     virtual void openAccessibilitySettings() = 0;
 
     // Opens the URL with the user's default handler, such as the browser.

@@ -1,9 +1,9 @@
-// One contact as a touch driver reports it, in the exact memory layout of the record. A closed
-// library shares this layout.
+// One contact, in the exact memory layout that the touch driver uses. A closed-source library
+// shares this layout.
 //
 // Units:   normalised positions 0..1 on both axes, origin bottom-left, y upwards; other
 //          fields in the driver's units.
-// Errors:  none here; every field is external input and may hold any value.
+// Errors:  none; every field is external input and may hold any value.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +25,7 @@ struct MTReadout {
 static_assert(sizeof(MTReadout) == 16 && alignof(MTReadout) == 4);
 static_assert(offsetof(MTReadout, vel) == 8);
 
-// The phase of a contact. Only makeTouch and touching count as touching; our own drivers report the
+// The phase of a contact. Only makeTouch and touching count as touching. Our own drivers report the
 // other codes for a contact that approaches or leaves the pad.
 enum class MTTouchState : std::int32_t {
     hoverInRange = 2,
@@ -71,8 +71,7 @@ static_assert(offsetof(MTTouch, field14) == 84);
 static_assert(offsetof(MTTouch, field15) == 88);
 static_assert(offsetof(MTTouch, zDensity) == 92);
 
-// Returns whether a phase code means that the finger touches. Any number is allowed, including
-// negative ones.
+// Returns whether a phase code means that the finger touches the pad. The code may have any value.
 constexpr bool isTouchingState(std::int32_t state) {
     constexpr std::uint32_t touchingStates = 0x18; // makeTouch and touching
     const auto code = static_cast<std::uint32_t>(state);

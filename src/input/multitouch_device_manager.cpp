@@ -18,7 +18,7 @@ constexpr const char* cannotLoad = "无法加载 MultitouchSupport.framework: ";
 constexpr const char* symbolsMissing = "MultitouchSupport 符号解析失败";
 constexpr const char* noDevice = "未找到多点触摸设备";
 
-// No pad reports nearly as many contacts. A larger count means a broken report; reading it could
+// Pads report far fewer contacts. A larger count means a broken report, and reading it could
 // exhaust the memory.
 constexpr std::int32_t maxPlausibleCount = 65'536;
 

@@ -1,12 +1,12 @@
-// The only code that calls the touch driver: loads it by path, subscribes to all its devices on
-// start or on request, and copies each report to one sink.
+// Calls the touch driver; no other code calls it. Loads the driver by path, registers with its devices
+// on start and on request, and copies each report to one sink.
 //
 // Thread:  construction, start(), lookForDevices() and stop() on the main thread;
 //          contactCallback on the driver's thread.
 // Owner:   the process (`MultitouchDeviceManager::shared()`); tests and tools create their
 //          own, one at a time, because all instances share the sink.
-// Errors:  stored as text in loadError(), in Simplified Chinese in both interface
-//          languages, and never fatal. After a failure start() does nothing.
+// Errors:  never fatal. loadError() returns the text in Simplified Chinese, in both interface
+//          languages. After a failure start() does nothing.
 #pragma once
 
 #include "core/observable.h"
@@ -29,7 +29,7 @@ struct TouchDriverPlatform {
     };
 
     std::string libraryPath;
-    // Resolves the two functions; `handle` is the opened driver.
+    // Resolves the two functions. `handle` is that of the loaded driver.
     std::function<ListAccess(void* handle)> listAccess;
 };
 
@@ -47,23 +47,23 @@ public:
     static void configureShared(TouchDriverPlatform platform);
     static MultitouchDeviceManager& shared();
 
-    // Replaces the sink of every report; an empty sink drops them. Safe during a report, which
-    // still reaches the previous sink.
+    // Replaces the sink for all reports; an empty sink drops them. If it is called during a report,
+    // that report still reaches the previous sink.
     static void setFrameSink(FrameSink sink);
 
     // The callback registered with every device. Always returns 0.
     static std::int32_t contactCallback(driver::Device device, const MTTouch* records,
                                         std::int32_t count, double timestamp, std::int32_t frame);
 
-    // Registers and starts every device that is present. Devices attached later need
+    // Registers with every present device and starts it. Devices that are attached later need
     // lookForDevices().
     void start();
 
-    // Between start() and stop(): registers and starts new devices. If it finds one, it clears the
-    // error that no device was found; after any other error it does nothing.
+    // Registers with new devices and starts them. Has an effect only between start() and stop(). If
+    // a device is found, clears the error "no device found"; after any other error it does nothing.
     void lookForDevices();
 
-    // Stops and unregisters every device, as far as the driver supports it.
+    // Stops every device and unregisters from it, as far as the driver supports this.
     void stop();
 
     bool isRunning() const { return running; }
@@ -76,7 +76,7 @@ public:
     // Notifies after each scan for devices, regardless of the result.
     Observable& changes() const { return observers; }
 
-    // Returns a function that only some drivers export, or null. For platform code.
+    // Returns a function that only some drivers export, or null. Used by platform code.
     void* optionalSymbol(const char* name) const;
 
 private:

@@ -3,9 +3,8 @@
 // Thread:  the functions are called on the main thread; a device calls its callback on a
 //          thread of the driver.
 // Owner:   the driver owns devices and records; records are valid only during the callback.
-// Errors:  creating the list may return null. After stopping a device returns, its
-//          callback is not called again, unless the device was stopped from within its own
-//          callback.
+// Errors:  creating the list may return null. A device's callback is not called after its stop
+//          function has returned, unless the callback itself stopped the device.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -34,8 +33,8 @@ inline constexpr const char* unregisterCallbackSymbol = "MTUnregisterContactFram
 inline constexpr const char* startSymbol = "MTDeviceStart";
 inline constexpr const char* stopSymbol = "MTDeviceStop";
 
-// Functions that read the list. On macOS these are CoreFoundation's; our own drivers export them
-// beside the five symbols.
+// Functions that read the list. macOS uses those of CoreFoundation; our own drivers export them in
+// addition to the five symbols.
 using ListCount = long (*)(DeviceList list);
 using ListValueAtIndex = const void* (*)(DeviceList list, long index);
 
@@ -43,22 +42,22 @@ inline constexpr const char* listCountSymbol = "GlidemapDeviceListCount";
 inline constexpr const char* listValueAtIndexSymbol = "GlidemapDeviceListValueAtIndex";
 
 // Optional, in our own drivers: reports the touchpads' physical buttons (0 left, 1 right, 2 middle)
-// on the thread of the contacts, after the contact report of the same moment. Null removes the
-// callback.
+// on the same thread as contacts. The contact report of the same moment comes first. Null removes
+// the callback.
 using ButtonCallback = void (*)(Device device, std::int32_t button, bool down, double timestamp);
 using SetButtonCallback = void (*)(ButtonCallback callback);
 
 inline constexpr const char* setButtonCallbackSymbol = "GlidemapSetButtonCallback";
 
-// Optional, in the evdev driver: the number of touchpads that the last MTDeviceCreateList found and
-// could not open.
+// Optional, in the evdev driver: returns the number of touchpads that the last MTDeviceCreateList
+// found but could not open.
 using UnreadableTouchpadCount = std::int32_t (*)();
 
 inline constexpr const char* unreadableTouchpadCountSymbol = "GlidemapUnreadableTouchpadCount";
 
-// Optional, in the replay driver: passes one report to the callback of a started device on the
-// caller's thread, for a player that keeps time itself. After a call to `enable`, creating the list
-// returns one device without a recording and without a thread.
+// Optional, in the replay driver: passes one report to the callback of a started device, on the
+// caller's thread. For a player with its own clock. After a call to `enable`, creating the list
+// returns one device without a recording or a thread.
 using EnablePushing = void (*)();
 using Push = void (*)(const MTTouch* records, std::int32_t count, double timestamp);
 

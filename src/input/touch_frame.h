@@ -1,9 +1,9 @@
-// The two simplified types that all recognition uses: one finger, and one report of all fingers.
+// The two simplified types for recognition: one finger, and one report of all fingers.
 //
 // Units:   positions normalised 0..1, origin bottom-left, y upwards; times in seconds.
 // Thread:  plain values; a frame is created on the driver's thread and read on the
 //          engine's queue.
-// Errors:  none. Positions are the driver's and may be out of range or not finite.
+// Errors:  none. Positions come from the driver and may be out of range or not finite.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -28,10 +28,10 @@ constexpr TouchPoint touchPoint(const MTTouch& record) {
 }
 
 struct TouchFrame {
-    double timestamp = 0; // of the report, not of a single record
+    double timestamp = 0; // the time of the report
     std::vector<TouchPoint> touches;
 
-    // The touching fingers, in order. Empty if no finger is on the pad.
+    // Returns the touching fingers, in order. Empty if no finger touches the pad.
     std::vector<TouchPoint> touching() const;
 };
 

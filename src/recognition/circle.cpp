@@ -10,11 +10,11 @@ namespace {
 constexpr std::size_t minPoints = 12;
 constexpr double minDuration = 0.15; // seconds
 constexpr double maxDuration = 3.0;
-constexpr double minRadius = 0.05; // of the pad's height
+constexpr double minRadius = 0.05; // relative to the pad's height
 constexpr double maxRadius = 0.55;
-constexpr double maxRadiusDeviation = 0.35; // deviation of the radii, in radii
+constexpr double maxRadiusDeviation = 0.35; // standard deviation relative to the mean radius
 constexpr double minSweep = 4.8; // radians: about 275 degrees, which accepts an unfinished circle
-constexpr double maxGap = 1.2;   // between the ends, in radii
+constexpr double maxGap = 1.2;   // distance between start and end, relative to the mean radius
 
 bool isRound(const Radii& radii) {
     return radii.mean >= minRadius && radii.mean <= maxRadius &&

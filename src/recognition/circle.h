@@ -1,12 +1,11 @@
-// One finger draws a closed loop.
+// Recognises a closed loop that one finger draws.
 //
 // The path is evaluated around the mean of its points, with x stretched to the pad's aspect ratio.
 // A circle must have a plausible size, be round enough, sweep most of a turn and end near its
-// start. The result is always clockwise or anticlockwise, never the catalogue's direction-free
-// circle.
+// start. The result is always clockwise or anticlockwise, never the circle of any direction.
 //
 // Units:   normalised positions as recorded (the functions stretch them); radians, positive
-// anticlockwise; seconds.
+//          anticlockwise; seconds.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -19,7 +18,7 @@ namespace glidemap {
 
 std::optional<GestureType> circleOf(std::span<const PadPoint> path, double duration);
 
-// The mean of the stretched points. The path must not be empty.
+// Returns the mean of the stretched points. `path` must not be empty.
 PadPoint centreOf(std::span<const PadPoint> path);
 
 struct Radii {
@@ -27,10 +26,11 @@ struct Radii {
     double deviation = 0; // the population standard deviation
 };
 
-// The distances of the stretched points from `centre`.
+// Returns the mean and the deviation of the stretched points' distances from `centre`.
 Radii radiiAround(PadPoint centre, std::span<const PadPoint> path);
 
-// The total angle that the stretched path turns around `centre`; it may exceed one turn.
+// Returns the total angle by which the stretched path turns around `centre`. It may exceed one
+// turn.
 double sweptAngle(PadPoint centre, std::span<const PadPoint> path);
 
 } // namespace glidemap

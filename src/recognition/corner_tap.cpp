@@ -7,8 +7,8 @@ namespace {
 constexpr double maxDuration = 0.3; // seconds
 constexpr double maxTapDrift = 0.03;
 constexpr double nearSide = 0.18;
-// Computed, not written as 0.82: the difference is 0.8200000000000001, so a touch at exactly 0.82
-// is outside.
+// Not written as 0.82: the computed value is 0.8200000000000001, so a touch at exactly 0.82 is
+// outside the corner.
 constexpr double farSide = 1 - nearSide;
 
 } // namespace

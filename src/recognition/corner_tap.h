@@ -1,4 +1,4 @@
-// One short, still touch in a corner of the pad.
+// Recognises one short, still touch in a corner of the pad.
 //
 // Units:   raw normalised positions; seconds.
 #pragma once

@@ -7,7 +7,7 @@ namespace glidemap {
 namespace {
 
 constexpr double maxDuration = 0.6; // seconds
-// The first contact of a finger that enters from the frame lies within this rim.
+// A finger that slides in from outside the pad makes its first contact at or beyond these limits.
 constexpr double lowRim = 0.035;
 constexpr double highRim = 0.965;
 constexpr double minInwardDistance = 0.22;
@@ -15,8 +15,8 @@ constexpr double maxSlope = 0.5; // sideways distance per unit inwards
 
 struct Entry {
     GestureType gesture;
-    double along;  // inwards from the edge
-    double across; // sideways
+    double along;  // distance inwards from the edge
+    double across; // sideways distance
 };
 
 std::optional<Entry> entryFrom(PadPoint start, PadPoint moved) {

@@ -1,4 +1,4 @@
-// One finger starts on the rim of the pad and moves quickly inwards.
+// Recognises a quick movement of one finger from the rim of the pad inwards.
 //
 // Units:   raw normalised positions; seconds.
 #pragma once
@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// In a corner, the edge is the first of left, right, top, bottom at which the finger starts and
-// from which it moves inwards.
+// In a corner, the first matching edge in the order left, right, top, bottom counts: the finger
+// starts there and moves inwards from it.
 std::optional<GestureType> edgeSwipeOf(const Track& track, double duration);
 
 } // namespace glidemap

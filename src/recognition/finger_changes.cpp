@@ -6,7 +6,7 @@
 
 namespace glidemap {
 
-// Two hands and more, so that no later report allocates.
+// Reserve room for more than two hands, so that later reports do not allocate.
 FingerChanges::FingerChanges() {
     constexpr std::size_t usualFingers = 16;
     touching.reserve(usualFingers);

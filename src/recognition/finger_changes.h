@@ -1,4 +1,4 @@
-// Counts how often the touching fingers changed from report to report.
+// Counts how often the set of touching fingers changes between reports.
 //
 // Thread:  one at a time.
 // Owner:   the engine.
@@ -15,11 +15,11 @@ class FingerChanges {
 public:
     FingerChanges();
 
-    // Returns the number of changes up to this report. Fingers that are reported in another order,
-    // or without a position, count as changed.
+    // Returns the number of changes up to and including this report. Fingers that are reported in a
+    // different order, or without a position, count as changed.
     std::uint64_t countWith(const std::vector<TouchPoint>& touches);
 
-    // The next report counts as a change.
+    // Makes the next report count as a change.
     void forget() { isComparable = false; }
 
 private:

@@ -20,7 +20,8 @@ public:
     void giveBack(std::vector<TouchPoint> touches);
 
 private:
-    // The pool frees the surplus arrays of a busy queue and arrays larger than a pad reports.
+    // The pool frees arrays beyond these limits: surplus arrays after the queue was busy, and
+    // arrays that are larger than any pad's report.
     static constexpr std::size_t maxSpareArrays = 64;
     static constexpr std::size_t maxSpareTouches = 64;
 

@@ -25,11 +25,12 @@ public:
 
     virtual void process(const TouchFrame& frame) = 0;
 
-    // Returns whether no frame can be recognised as a gesture before a finger lands or lifts. Then
-    // frames may be processed late. Called on the engine's queue after process().
+    // Returns true if no gesture can be recognised until a finger lands or lifts. Frames may then
+    // be processed late. Called on the engine's queue after process().
     virtual bool waitsForFingers() const { return false; }
 
-    // Discards the current touches without recognising a gesture, because their end was not seen.
+    // Discards the current touches without recognising a gesture. Called when the reports of their
+    // end were missed.
     virtual void forget() = 0;
 
     GestureCallback onGesture;

@@ -1,4 +1,4 @@
-// The single tap that waits because a double tap may follow.
+// A single tap that is delayed because a double tap may follow.
 //
 // Thread:  hold() and cancel() on the engine's queue; clear() on the thread of delayed
 //          work.
@@ -13,8 +13,8 @@ namespace glidemap {
 
 class HeldTap {
 public:
-    // Releases an earlier item without cancelling it: that item still fires, because it is a tap
-    // with another number of fingers.
+    // Replaces an earlier item without cancelling it. The earlier item still fires, because it is a
+    // tap with a different number of fingers.
     void hold(std::shared_ptr<WorkItem> item);
     void cancel();
     void clear();

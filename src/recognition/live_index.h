@@ -1,7 +1,7 @@
 // Maps the identifier of each finger on the pad to the index of its track in the session.
 //
-// A sorted array instead of a tree or a hash table: a hand has five fingers, and a frame must not
-// allocate.
+// Uses a sorted array instead of a tree or a hash table, because a pad has few fingers and
+// processing a frame must not allocate.
 //
 // Thread:  the engine's queue.
 #pragma once
@@ -31,8 +31,8 @@ public:
         return entry != nullptr ? std::optional(entry->track) : std::nullopt;
     }
 
-    // Like find(), for the frame's inner loop, as a pointer or null: an optional would be written
-    // to memory and read back immediately, which costs more than the search.
+    // Like find(), but returns a pointer or null. For the inner loop of each frame, where returning
+    // an optional through memory would cost more than the search.
     const Entry* entryOf(std::int32_t id) const {
         if (entries.size() > fewEntries) {
             return findAmongMany(id);
@@ -50,7 +50,7 @@ public:
     // Sorted by id.
     std::span<const Entry> all() const { return entries; }
 
-    // Writes the entries whose id is not in `ids`, which is in ascending order.
+    // Stores the entries whose id is not in `ids` in `missing`. `ids` must be in ascending order.
     void collectMissing(std::span<const std::int32_t> ids, std::vector<Entry>& missing) const;
 
 private:

@@ -25,8 +25,8 @@ inline PadPoint stretched(PadPoint point) {
     return {point.x * padAspect, point.y};
 }
 
-// sqrt instead of std::hypot: positions cannot overflow it, and it runs for every finger of every
-// frame.
+// Uses sqrt instead of std::hypot, because it runs for every finger of every frame and positions
+// are too small to overflow.
 inline double length(PadPoint vector) {
     return std::sqrt(vector.x * vector.x + vector.y * vector.y);
 }

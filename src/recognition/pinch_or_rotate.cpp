@@ -7,8 +7,8 @@ namespace glidemap {
 namespace {
 
 constexpr double minDistance = 0.02; // closer fingers are treated as one point
-// relative to the start distance: a smaller change is not a pinch, an equal or larger one not a
-// rotation
+// Relative to the start distance. A smaller change is not a pinch; an equal or larger change is not
+// a rotation.
 constexpr double minDistanceChange = 0.12;
 constexpr double spreadRatio = 1.45;
 constexpr double closeRatio = 0.7;

@@ -1,4 +1,4 @@
-// Two fingers move apart, together, or around each other.
+// Recognises two fingers that move apart, together, or around each other.
 //
 // Units:   normalised positions as recorded (the functions stretch them to the pad's
 //          aspect ratio); radians, positive anticlockwise.
@@ -11,8 +11,8 @@
 
 namespace glidemap {
 
-// `first` landed before `second`. Returns nullopt for a pair whose distance changes too much for a
-// rotation and too little, relative to its start, for a pinch.
+// `first` must have landed before `second`. Also returns nullopt if the distance changes too much
+// for a rotation but too little for a pinch.
 std::optional<GestureType> pinchOrRotateOf(const Track& first, const Track& second);
 
 } // namespace glidemap

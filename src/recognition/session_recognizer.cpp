@@ -18,8 +18,8 @@ namespace glidemap {
 
 namespace {
 
-// Seconds and normalised units. A tap may drift farther than a corner tap and less than a long
-// press: the longer a finger rests, the more it rolls.
+// Seconds and normalised units. A tap may drift farther than a corner tap but less than a long
+// press, because a finger rolls more the longer it rests.
 constexpr double maxTapDuration = 0.3;
 constexpr double maxTapDrift = 0.035;
 constexpr double doubleTapInterval = 0.45;
@@ -34,8 +34,8 @@ constexpr double anchorLead = 0.2;
 constexpr double maxAnchorDrift = 0.05;
 constexpr double minFixedTapDistance = 0.05;
 
-// Indexed by the number of fingers: every frame reads this, and a search of all gestures would be
-// half of its cost.
+// Long presses by number of fingers. A table, because every frame needs this lookup, and a search
+// of all gestures would take half of the time per frame.
 constexpr auto longPresses = [] {
     std::array<std::optional<GestureType>, 6> gestures;
     for (std::size_t count = 0; count < gestures.size(); ++count) {
@@ -52,7 +52,8 @@ bool isFinite(const TouchPoint& touch) {
     return std::isfinite(touch.x) && std::isfinite(touch.y);
 }
 
-// Returns the side of the tap, seen from the holding finger, or nullopt if the two are too close.
+// Returns the gesture for a tap at this offset from the holding finger, or nullopt if the fingers
+// are too close.
 std::optional<GestureType> fixAndTapAt(PadPoint offset) {
     if (std::abs(offset.y) <= std::abs(offset.x)) {
         if (!(std::abs(offset.x) >= minFixedTapDistance)) {
@@ -139,8 +140,9 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
     }
 }
 
-// Ends the track of every finger that the frame does not contain. While a finger's end is checked,
-// that finger is no longer live; fingers that end in the same frame still are.
+// Ends the track of every finger that is missing from the frame. Each finger is removed from the
+// live fingers before its end is checked; the others that end in the same frame still count as
+// live.
 void SessionRecognizer::endLiveTracks(double time) {
     liveIndex.collectMissing(fingerIds, gone);
     for (const LiveIndex::Entry& finger : gone) {
@@ -198,17 +200,17 @@ void SessionRecognizer::resetSession() {
     maxConcurrent = 0;
     consumed = false;
     longPressFired = false;
-    // Keeps lastTap and pendingSingleTap, which span sessions.
+    // Keeps lastTap and pendingSingleTap, because they span sessions.
 }
 
-// Two quick taps always make a double tap, bound or not. The binding only decides whether the first
-// tap waits. The second tap counts if it ends within 0.45 s after the end of the first.
+// Two quick taps are always reported as a double tap, even if it has no binding. A binding only
+// delays the first tap. The second tap counts if it ends at most 0.45 s after the end of the first.
 //
-//   tap ──┬─ second within 0.45 s ──▶ double tap; a single one held back is cancelled
+//   tap ──┬─ second within 0.45 s ──▶ double tap; a delayed single tap is cancelled
 //         └─ otherwise ─┬─ double tap bound ──▶ single tap after 0.45 s
 //                       └─ not bound ─────────▶ single tap at once
 void SessionRecognizer::handleGroupTap(int count, double time) {
-    // five fingers have no double tap
+    // Five fingers have no double tap.
     const auto doubleTap = gestureFor(GestureCategory::doubleTap, count);
     if (doubleTap && lastTap && lastTap->count == count &&
         time - lastTap->time <= doubleTapInterval) {
@@ -249,7 +251,7 @@ void SessionRecognizer::checkLongPress(double time) {
     report(*longPressOf(liveIndex.size()));
 }
 
-// No finger landed or lifted since the session began.
+// Every finger that has landed in this session must still be on the pad.
 bool SessionRecognizer::mayBecomeLongPress() const {
     if (longPressFired || consumed) {
         return false;
@@ -259,8 +261,8 @@ bool SessionRecognizer::mayBecomeLongPress() const {
            longPressOf(liveIndex.size()).has_value();
 }
 
-// The long press is the only gesture of fingers that neither land nor lift, and none of them may
-// ever have drifted.
+// While fingers neither land nor lift, the only possible gesture is a long press, which requires
+// that no finger has drifted too far.
 bool SessionRecognizer::waitsForFingers() const {
     return !mayBecomeLongPress() ||
            std::ranges::any_of(liveIndex.all(), [&](const LiveIndex::Entry& finger) {
@@ -275,8 +277,8 @@ bool SessionRecognizer::allLiveTracksRest(double time) const {
     });
 }
 
-// Called when a finger lifts: reports a short, still tap beside a resting finger. It ignores the
-// consumed flag, because every further tap fires again while the other finger stays down.
+// Called when a finger lifts: reports a short, still tap beside a resting finger. Ignores
+// `consumed`, because each further tap is reported while the other finger stays down.
 void SessionRecognizer::checkFixAndTap(std::size_t endedIndex) {
     const Track& tap = tracks[endedIndex];
     if (!(tap.endTime - tap.startTime <= maxFixedTapDuration) ||

@@ -6,17 +6,17 @@
 //        hold and tap: whenever a short still tap ends beside a resting finger
 //                                       end: circle, edge swipe, corner tap   (one finger)
 //                                            tap, pinch or rotation, swipe    (two to five)
-//   A tap of two to four fingers whose double tap is bound is held back for 0.45 s after the end of
-//   its session.
+//   A tap with two to four fingers is delayed until 0.45 s after the end of its session if a double
+//   tap with the same number of fingers is bound.
 //
 // Units:   positions normalised 0..1, origin bottom-left; times in seconds of the frames'
-//          timestamps, except the delay of a waiting tap, which is real time.
-// Thread:  the engine's queue only; a waiting tap is reported on the thread of delayed
-//          work. Both callbacks are set before the first frame; onGesture does not call process().
-// Owner:   TouchEngine, through a shared pointer; waiting taps hold a weak one.
-// Errors:  none. A finger without a finite position is ignored until it has one; if it had
-//          one before, it keeps its last position. A session with more tracks than hands can make
-//          (see TrackList) has no gesture at its end.
+//          timestamps, except the delay of a single tap, which is in real time.
+// Thread:  the engine's queue only; a delayed tap is reported on the thread of delayed work. Both
+//          callbacks are set before the first frame; onGesture must not call process().
+// Owner:   TouchEngine, through a shared pointer; delayed taps hold a weak pointer.
+// Errors:  none. A finger without a finite position keeps its last finite position; if it never had
+//          one, it is ignored. A session with more tracks than hands can make (see TrackList) has
+//          no gesture at its end.
 #pragma once
 
 #include "core/delayed_work.h"

@@ -9,8 +9,8 @@ namespace {
 
 constexpr double maxDuration = 0.8; // seconds
 constexpr double minMeanDisplacement = 0.15;
-// Minimum ratio of the dominant axis to the other axis. A smaller ratio is a diagonal, which is not
-// a gesture.
+// Minimum ratio of the dominant axis to the other axis. A smaller ratio means a diagonal movement,
+// which is not a gesture.
 constexpr double dominance = 1.5;
 
 bool allMoveAlong(std::span<const Track> tracks, PadPoint mean) {

@@ -1,4 +1,4 @@
-// All fingers move together in one dominant direction.
+// Recognises fingers that move together in one dominant direction.
 //
 // A swipe is quick (a slower movement is scrolling or dragging) and moves farther than a sloppy
 // tap. No finger moves against the others, and one axis clearly dominates.
@@ -20,7 +20,7 @@ namespace glidemap {
 // simultaneous touches.
 std::optional<GestureType> swipeOf(std::span<const Track> tracks, int fingerCount, double duration);
 
-// The mean of the tracks' displacements. `tracks` must not be empty.
+// Returns the mean of the tracks' displacements. `tracks` must not be empty.
 PadPoint meanDisplacement(std::span<const Track> tracks);
 
 } // namespace glidemap

@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// An array with room for one finger would have to grow when it is reused for a whole hand.
+// Room for a whole hand, so that an array need not grow when it is reused.
 constexpr std::size_t usualTouches = 16;
 
 std::function<TouchEngine::Ports()>& sharedPorts() {
@@ -63,8 +63,9 @@ void TouchEngine::start() {
             }
         });
     ports.deviceManager->start();
-    // After an earlier start without a device, start() does not scan again. While devices run, a
-    // scan may list them as new ones: the trackpad framework creates the devices of each list.
+    // The device manager's start() does not scan again if an earlier start found no device. Do not
+    // scan while devices run: the trackpad framework creates new objects for each list, so running
+    // devices would look new.
     if (std::exchange(hasStarted, true) && !ports.deviceManager->isRunning()) {
         ports.deviceManager->lookForDevices();
     }
@@ -76,7 +77,7 @@ void TouchEngine::lookForDevices() {
     }
 }
 
-// Called while the queue is idle: before start() or after stop().
+// Call only while the queue is idle: before start() or after stop().
 void TouchEngine::forgetTouches() {
     for (const auto& recognizer : *recognizers) {
         recognizer->forget();
@@ -87,8 +88,8 @@ void TouchEngine::forgetTouches() {
     fingerChanges.forget();
 }
 
-// Stop the queue first: stopping the devices waits for the driver, which may be waiting for room in
-// the queue. Stop it again to discard the frames that the driver sent in between.
+// Stop the queue first: stopping the devices waits for the driver, and the driver may be waiting
+// for room in the queue. Stop the queue again to discard frames that arrived in between.
 void TouchEngine::stop() {
     started = false;
     ports.queue->stop();
@@ -149,7 +150,7 @@ void TouchEngine::deliver(GestureType gesture) {
     }
 }
 
-// Two threads deliver gestures; of two simultaneous ones, only one may pass.
+// Two threads deliver gestures. If both deliver at the same time, only one gesture may pass.
 bool TouchEngine::passesCooldown() {
     const double now = ports.clock->uptime();
     double last = lastFireTime.load();

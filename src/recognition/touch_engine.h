@@ -7,8 +7,8 @@
 //                      count under its lock    └▶ deliver ─▶ onGesture ◀─ deliver ◀─ waiting tap
 //
 // Most gestures are recognised when a finger lands or lifts. While the recognizers only wait for
-// that, frames are deferred: they do not wake the queue, which processes them in order with the
-// next frame that matters.
+// that, frames are deferred: they do not wake the queue, and the queue processes them in order
+// before the next frame that is not deferred.
 //
 // Units:   timestamps in seconds as the driver reports them; the cooldown in seconds of
 //          system uptime.
@@ -47,7 +47,7 @@ public:
         std::shared_ptr<UptimeClock> clock;
         std::shared_ptr<SerialQueue> queue;
         std::shared_ptr<DelayedWork> delayedWork;
-        // Outlives the engine, which starts and stops it.
+        // Must outlive the engine, which starts and stops it.
         MultitouchDeviceManager* deviceManager = nullptr;
     };
 
@@ -63,8 +63,8 @@ public:
     static void configureShared(std::function<Ports()> makePorts);
     static const std::shared_ptr<TouchEngine>& shared();
 
-    // Installs the frame sink, then starts the devices. Discards touches from before an earlier
-    // stop.
+    // Discards the touches from before the last stop(), installs the frame sink and starts the
+    // devices.
     void start();
 
     // Starts newly attached devices if the engine is running.
@@ -74,12 +74,12 @@ public:
     // waiting taps. Must not be called from within onGesture.
     void stop();
 
-    // The number of fingers in the latest report; current even while the queue is busy.
+    // Returns the number of fingers in the latest report, even while the queue is busy.
     int touchingCount() const;
 
     SessionRecognizer& sessionRecognizer() { return *session; }
 
-    // The output of the engine.
+    // Receives the recognised gestures, at most one per `fireCooldown`.
     std::function<void(GestureType)> onGesture;
 
 private:
@@ -107,11 +107,11 @@ private:
     mutable std::mutex touchCountLock;
     int _touchingCount = 0;
     FingerChanges fingerChanges; // guarded by touchCountLock, like the count
-    // The change of fingers after which the recognizers only wait for the next one, or noChange.
+    // The finger change after which all recognizers wait for the next change, or noChange.
     std::atomic<std::uint64_t> awaitedChange = noChange;
     std::atomic<double> lastFireTime = 0;
     bool hasStarted = false;
-    std::atomic<bool> started = false; // makes frames that arrive after stop() no-ops
+    std::atomic<bool> started = false; // frames that arrive after stop() are ignored
 };
 
 } // namespace glidemap

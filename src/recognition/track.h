@@ -14,8 +14,8 @@
 namespace glidemap {
 
 struct Track {
-    // A shorter step is not added to the path. The maximum number of points bounds the cost of a
-    // finger that stays down for long.
+    // Steps shorter than minStep are not added to the path. maxPathPoints bounds the cost of a
+    // finger that stays on the pad for a long time.
     static constexpr double minStep = 0.004;
     static constexpr std::size_t maxPathPoints = 2000;
 
@@ -31,7 +31,7 @@ struct Track {
     // Restarts the track, reusing its memory.
     void begin(std::int32_t finger, double time, PadPoint position);
 
-    // In the header so that it can be inlined: it runs for every finger of every frame.
+    // In the header for inlining, because it runs for every finger of every frame.
     void moveTo(PadPoint position) {
         maxDrift = std::max(maxDrift, distance(position, startPos));
         lastPos = position;

@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// Two hands and a few spare slots. The memory of further tracks is freed at the end of their
+// Room for two hands and a few spare slots. The memory of further tracks is freed at the end of the
 // session.
 constexpr std::size_t keptSlots = 16;
 
@@ -34,7 +34,7 @@ bool TrackList::makeRoom(LiveIndex& live) {
     if (endedCount == 0) {
         return false;
     }
-    // Swapping keeps the memory of every slot; std::stable_partition would allocate a buffer.
+    // Swap, to keep the memory of every slot; std::stable_partition would allocate a buffer.
     std::size_t kept = 0;
     for (std::size_t index = 0; index < count; ++index) {
         if (!places[index].ended) {

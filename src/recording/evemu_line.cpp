@@ -21,7 +21,7 @@ std::string_view withoutComment(std::string_view line) {
     return line.substr(0, line.find('#'));
 }
 
-// Removes and returns the next word; empty at the end.
+// Removes the next word from the text and returns it. Returns an empty word at the end.
 std::string_view takeWord(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     const auto word = text.substr(0, text.find_first_of(blanks));
@@ -38,7 +38,7 @@ bool parseInteger(std::string_view word, int base, Integer& value) {
 constexpr int decimal = 10;
 constexpr int hexadecimal = 16;
 
-// Seconds with a fraction of any length; digits beyond microseconds are ignored.
+// Parses seconds with a fraction of any length. Digits beyond microseconds are ignored.
 bool parseTime(std::string_view word, double& time) {
     const auto point = word.find('.');
     if (point == std::string_view::npos) {
@@ -98,7 +98,7 @@ std::optional<std::string> EvemuDescription::addProperties(std::string_view byte
 std::optional<std::string> EvemuDescription::addAxis(std::string_view fields) {
     std::uint16_t code = 0;
     AxisRange range;
-    std::int32_t ignored = 0; // fuzz and flat
+    std::int32_t ignored = 0; // fuzz and flat, which are not used
     const bool valid = parseInteger(takeWord(fields), hexadecimal, code) &&
                        parseInteger(takeWord(fields), decimal, range.minimum) &&
                        parseInteger(takeWord(fields), decimal, range.maximum) &&

@@ -8,7 +8,7 @@
 //   E: seconds.microseconds type code value  (type and code in hexadecimal, value decimal)
 //
 // Everything after a `#` is a comment, except in a name. LED (L:) and switch (S:) lines do not
-// describe contacts.
+// describe contacts and are ignored.
 //
 // Errors:  returned as a human-readable message, without file and line.
 #pragma once
@@ -22,7 +22,7 @@
 
 namespace glidemap {
 
-// Returns whether the line is in evemu's format, by its letter and colon.
+// Returns whether the line starts with a letter of evemu's format and a colon.
 bool isEvemuLine(std::string_view line);
 
 // Returns whether the line is in evemu's format and describes the device, not an event.
@@ -41,7 +41,7 @@ private:
     std::optional<std::string> addAxis(std::string_view fields);
 
     PadCapabilities _device;
-    unsigned propertyBits = 0; // from this line and earlier ones
+    unsigned propertyBits = 0; // of all P lines so far
 };
 
 // Parses an `E:` line. Returns an error message, or nullopt on success.

@@ -15,7 +15,7 @@ using nlohmann::json;
 
 constexpr std::int64_t supportedVersion = 1;
 
-// Unknown values are skipped down to this depth. The parser keeps one bit per level, so this is
+// Unknown values may be nested up to this depth. The parser keeps one bit per level, so this is
 // only a sanity check.
 constexpr int maxNesting = 64;
 
@@ -71,12 +71,12 @@ struct Scalar {
     }
 };
 
-// Receives the line's values in text order. Keeps only what a record needs.
+// Handles the values of a line in text order. Keeps only the values that a record needs.
 class LineHandler : public nlohmann::json_sax<json> {
 public:
     LineHandler(std::size_t length, JsonLine& result) : textLength(length), line(result) {}
 
-    // The error of a line that was parsed to its end.
+    // Call after the whole line has been parsed. Returns an error message, or nullopt on success.
     std::optional<std::string> finish();
     std::optional<std::string> takeProblem() { return std::move(problem); }
 
@@ -180,7 +180,7 @@ bool LineHandler::scalar(const Scalar& value) {
     return false;
 }
 
-// Reports that the current key's value does not have the required type.
+// Reports a type error in the value of the current key.
 bool LineHandler::failKey() {
     switch (lineKey) {
     case Key::time:

@@ -15,7 +15,7 @@
 
 namespace glidemap {
 
-// The device manager rejects larger reports, too.
+// The device manager also rejects larger reports.
 inline constexpr std::size_t maxTouches = 65'536;
 
 struct JsonLine {
@@ -29,11 +29,11 @@ struct JsonLine {
 
     Kind kind = Kind::time;
     double time = 0;
-    std::vector<MTTouch> touches; // of a report
+    std::vector<MTTouch> touches; // for a report
     std::int32_t button = 0;
     bool down = false;
     std::optional<FrontmostRecord::Application> application;
-    std::string device; // of a head; empty if absent
+    std::string device; // for a head; empty if the head has no device name
 };
 
 // Parses `text` into `line` and reuses its memory. Returns an error message, or nullopt on success.

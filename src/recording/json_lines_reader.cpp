@@ -58,7 +58,7 @@ void JsonLinesReader::fill(Record& record) {
     case JsonLine::Kind::report:
         if (auto* report = std::get_if<Report>(&record)) {
             report->time = line.time;
-            // swap, so that both arrays keep their memory for reuse
+            // Swap the arrays, so that both keep their memory for reuse.
             report->touches.swap(line.touches);
         } else {
             record = Report{line.time, line.touches};

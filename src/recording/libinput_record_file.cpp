@@ -20,10 +20,11 @@ namespace {
 
 constexpr std::string_view supportedVersion = "1";
 
-// The format itself needs seven levels.
+// The format needs seven levels.
 constexpr std::size_t maxNesting = 16;
 
-// The lines of libinput record are short, and each one is complete.
+// libinput record writes short lines with complete values, so the parser never needs to buffer
+// more.
 constexpr std::size_t maxBuffered = 64U << 10U;
 
 enum class Place {
@@ -44,7 +45,7 @@ enum class Place {
     event,
 };
 
-// Maps the position of the enclosing node and the key of a map or sequence to its own position.
+// A rule for nested nodes: inside `around`, the map or sequence with this key is at `place`.
 struct Step {
     Place around;
     std::string_view key; // empty: any key, or an element of a sequence
@@ -68,10 +69,10 @@ constexpr auto steps = std::to_array<Step>({
     {Place::eventList, "", Place::event, false},
 });
 
-// A line of the file, counted from 0.
+// A line number of the file, counted from 0.
 using Line = std::size_t;
 
-// Aborts parsing; caught within this file.
+// Thrown to abort parsing; caught in this file.
 struct ParseError {
     Line line;
     std::string message;
@@ -94,7 +95,7 @@ public:
     // Throws a ParseError.
     void take(const yaml_event_t& node);
 
-    // Accepts the current device if it is the first touchpad. Also for a file that ends within a
+    // Accepts the current device if it is the first touchpad. Also called if the file ends within a
     // device.
     void finishDevice();
 
@@ -105,7 +106,7 @@ private:
         bool isMap = false;
         bool expectsKey = false; // in a map, the next scalar is a key
         std::string key{};
-        std::size_t elements = 0; // so far
+        std::size_t elements = 0; // number of complete elements
     };
 
     static const Step* stepFrom(const Level* around);
@@ -231,7 +232,8 @@ void Handler::scalar(Line line, const std::string& value) {
     completeValue();
 }
 
-// A value is complete: the next node is a key in a map, or the next element of a sequence.
+// Called when a value is complete: the next node is a key in a map, or the next element of a
+// sequence.
 void Handler::completeValue() {
     if (!levels.empty()) {
         levels.back().expectsKey = levels.back().isMap;
@@ -319,7 +321,7 @@ void Handler::finishEvent(const Level& level) {
     file.events.push_back(event);
 }
 
-// If the recording lacks udev's properties, a pad that is not a touchscreen counts as a touchpad.
+// If the recording lacks udev's properties, every pad except a touchscreen counts as a touchpad.
 bool Handler::isTouchpad() const {
     if (hasUdevProperties) {
         return udevReportsTouchpad;
@@ -333,8 +335,7 @@ void Handler::finishDevice() {
     }
 }
 
-// Reads the text as its lines arrive. Called by the parser, which is written in C, so no exception
-// may escape.
+// Passes lines to the parser as they arrive. The parser is a C library, so no exception may escape.
 int readMore(void* source, unsigned char* target, std::size_t size, std::size_t* count) noexcept {
     LineBuffer& buffer = *static_cast<LineBuffer*>(source);
     try {
@@ -384,7 +385,8 @@ private:
         yaml_event_t event{};
     };
 
-    // A reader error (invalid bytes) has no mark of its own; the parser stopped at this line.
+    // The library sets no problem mark for a reader error (invalid bytes), so use the parser's
+    // position.
     Line problemLine() const {
         return parser.error == YAML_READER_ERROR ? parser.mark.line : parser.problem_mark.line;
     }
@@ -408,7 +410,7 @@ LibinputRecordFile parseLibinputRecord(LineReader& lines) {
         file.error = RecordingError{lines.name(), static_cast<std::int64_t>(refusal.line) + 1,
                                     refusal.message};
     }
-    // If the stream ended early, that is the cause of any error of the parser at its end.
+    // If the input ended early, that caused the parser's error: report the input's error instead.
     if (buffer.isStuck()) {
         file.error = lines.errorHere("64 KiB without a complete value");
     } else if (lines.error()) {

@@ -1,4 +1,4 @@
-// Parses the YAML of `libinput record`: the first touchpad in it.
+// Parses the first touchpad in the YAML of `libinput record`.
 //
 //   version: 1
 //   devices:
@@ -14,8 +14,8 @@
 //     - evdev:
 //       - [seconds, microseconds, type, code, value]
 //
-// Parsed as a stream of YAML events, never as a tree: aliases are rejected, nesting is bounded, and
-// ignored content uses no memory.
+// The YAML is parsed as a stream of events, without building a tree: aliases are rejected, nesting
+// is limited, and ignored content uses no memory.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -30,8 +30,8 @@ namespace glidemap {
 
 struct LibinputRecordFile {
     std::optional<PadCapabilities> touchpad; // the first touchpad, or nullopt
-    std::vector<InputEvent> events;          // of the touchpad
-    // the error that ended parsing; everything before it is valid
+    std::vector<InputEvent> events;          // the touchpad's events
+    // The error that ended parsing. All data before the error is valid.
     std::optional<RecordingError> error;
 };
 

@@ -19,7 +19,7 @@ public:
 
 private:
     LibinputRecordFile file;
-    std::size_t handled = 0; // of the file's events
+    std::size_t handled = 0; // number of handled events
     std::optional<PadRecords> records;
     std::string _device;
     std::optional<RecordingError> _error;

@@ -69,7 +69,7 @@ std::optional<std::string_view> LineReader::read() {
     }
 }
 
-// The stream stopped because the line exceeds the buffer.
+// Called when a line does not fit into the buffer.
 bool LineReader::makeRoom() {
     if (buffer.size() > maxLineLength) {
         _error = RecordingError{_name, 0, "the line is longer than 16 MiB"};

@@ -1,5 +1,5 @@
-// Splits a stream into numbered lines, with a look-ahead to detect the format of a recording, and
-// joins lines to a stream again.
+// Splits a stream into numbered lines, with a look-ahead to detect the format of a recording.
+// LineBuffer converts the lines back into a stream.
 //
 // Thread:  one; takes no lock.
 // Owner:   the recording's reader. Borrows the stream.
@@ -21,8 +21,8 @@
 
 namespace glidemap {
 
-// Many times the largest possible report. A file with a longer line is not a recording and could
-// exhaust the memory.
+// Far longer than any report. A file with a longer line is not a recording and could exhaust the
+// memory.
 inline constexpr std::size_t maxLineLength = 16U << 20U;
 
 class LineReader {
@@ -56,7 +56,7 @@ private:
     std::string _name;
     std::vector<char> buffer;
     std::deque<std::string> ahead;
-    std::string taken; // the line that the look-ahead returned last
+    std::string taken; // the line that next() took from `ahead` last
     std::int64_t _number = 0;
     bool atStart = true;
     std::optional<RecordingError> _error;
@@ -65,15 +65,17 @@ private:
 // Returns whether a line contains only blanks.
 bool isBlank(std::string_view line);
 
-// Turns lines back into a stream, for a parser that needs one. Ends the stream early if the parser
-// reads far more than a value without progress: such a parser buffers its input, at hundreds of bytes
-// for each byte of text. An error of the lines ends the stream, too. Belongs to the parser's owner.
+// Converts lines back into a stream, for a parser that needs a stream. Ends the stream early if the
+// parser reads too many bytes without progress, because the parser buffers them and needs hundreds
+// of bytes for each byte of text. An error of the LineReader also ends the stream. Owned by the
+// parser's owner.
 class LineBuffer : public std::streambuf {
 public:
-    // `maxBuffered` is the number of bytes without progress; comment lines (`#`) do not count.
+    // `maxBuffered` is the maximum number of bytes without progress. Comment lines (`#`) do not
+    // count.
     LineBuffer(LineReader& source, std::size_t maxBuffered) : lines(source), limit(maxBuffered) {}
 
-    // The parser has produced an event from its input.
+    // Call when the parser has produced an event.
     void progress() { buffered = 0; }
     bool isStuck() const { return stuck; }
 
@@ -84,7 +86,7 @@ private:
     LineReader& lines;
     std::size_t limit;
     std::size_t buffered = 0;
-    bool stuck = false; // permanently
+    bool stuck = false; // never reset
     std::string line;
 };
 

@@ -8,7 +8,7 @@ namespace glidemap {
 
 namespace {
 
-// No pad has a tenth of these slots; a description with more is broken.
+// Pads have less than a tenth of these slots. A description with more slots is invalid.
 constexpr std::int32_t maxSlot = 255;
 
 std::optional<AxisRange> axis(const PadCapabilities& device, std::uint16_t code) {

@@ -1,4 +1,5 @@
-// The device description at the start of a foreign recording, and the touchpad that it describes.
+// The device description at the start of an evemu or libinput recording, and the touchpad that it
+// describes.
 //
 // Units:   the kernel's; resolutions in units per millimetre, 0 if unknown.
 // Errors:  returned as a human-readable message, without file and line.
@@ -21,7 +22,8 @@ struct PadCapabilities {
     bool hasProperty(unsigned property) const { return (properties >> property & 1U) != 0; }
 };
 
-// Fills `pad`, or returns why the device is not a pad whose contacts can be tracked.
+// Fills `pad`. Returns an error message if the device is not a pad with trackable contacts, or
+// nullopt on success.
 std::optional<std::string> describePad(const PadCapabilities& device, PadDescription& pad);
 
 } // namespace glidemap

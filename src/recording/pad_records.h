@@ -1,5 +1,5 @@
-// Converts the kernel events of a foreign recording into records: a report for each frame that
-// changed a contact, then the buttons of the same moment.
+// Converts the kernel events of an evemu or libinput recording into records: a report for each
+// frame that changed a contact, then the buttons of the same moment.
 //
 // Units:   as in recording/record.h.
 // Thread:  one; takes no lock.
@@ -27,7 +27,7 @@ public:
 
 private:
     ContactAssembler assembler;
-    const PadFrame* frame = nullptr; // the frame that take() is emptying
+    const PadFrame* frame = nullptr; // the frame whose records take() returns
     bool reportTaken = false;
     std::size_t buttonsTaken = 0;
 };

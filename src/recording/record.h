@@ -31,7 +31,7 @@ struct ButtonRecord {
     friend bool operator==(const ButtonRecord&, const ButtonRecord&) = default;
 };
 
-// Another application becomes frontmost, or none.
+// Another application became frontmost, or no application is frontmost.
 struct FrontmostRecord {
     struct Application {
         std::string bundleID;
@@ -46,7 +46,7 @@ struct FrontmostRecord {
     friend bool operator==(const FrontmostRecord&, const FrontmostRecord&) = default;
 };
 
-// A record of a kind that this version does not know. Time still advances to it.
+// A record of an unknown kind, from a newer version. Only its time is used.
 struct TimeRecord {
     double time = 0;
 

@@ -21,8 +21,8 @@ enum class Content {
     unknown,
 };
 
-// The comments at the start of an evemu recording list all capabilities of the device, one per
-// line.
+// More than an evemu recording needs: its initial comments list all capabilities of the device, one
+// per line.
 constexpr std::size_t maxHeadLines = 10'000;
 
 bool startsWithYamlKey(std::string_view line) {
@@ -43,8 +43,8 @@ Content contentOf(std::string_view line) {
     return Content::unknown;
 }
 
-// The first line that is neither blank nor a comment decides. An empty recording counts as one in
-// our own format.
+// The first line that is neither blank nor a comment determines the format. An empty recording
+// counts as our own format.
 Content recognise(LineReader& lines) {
     bool hasComment = false;
     for (std::size_t index = 0; index < maxHeadLines; ++index) {
@@ -63,7 +63,7 @@ Content recognise(LineReader& lines) {
     return Content::unknown;
 }
 
-// Ends immediately with an error.
+// A recording that cannot be read: it ends immediately with an error.
 class FailedRecording : public RecordingReader {
 public:
     explicit FailedRecording(RecordingError error) : _error(std::move(error)) {}

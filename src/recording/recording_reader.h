@@ -26,7 +26,7 @@ struct RecordingError {
     friend bool operator==(const RecordingError&, const RecordingError&) = default;
 };
 
-// "NAME:LINE: message", or "NAME: message" without a line.
+// Returns "NAME:LINE: message", or "NAME: message" if the error has no line.
 std::string text(const RecordingError& error);
 
 class RecordingReader {
@@ -40,21 +40,23 @@ public:
     // an error.
     virtual bool next(Record& record) = 0;
 
-    // Why reading ended before the end of the recording. Opening may already have failed.
+    // Returns the error that ended reading, or nullopt. Opening the recording may already have
+    // failed.
     virtual const std::optional<RecordingError>& error() const = 0;
 
-    // The touchpad's name, if it has been read; empty if the recording has none.
+    // Returns the touchpad's name. Empty if the recording has no name, or its name has not been
+    // read yet.
     virtual const std::string& device() const = 0;
 };
 
-// Detects the format and creates its reader; never null. `name` appears in errors. `path` is the
-// stream's file, used to find a description beside it; empty if the stream is not a file. Our own
-// format is read as it arrives and may be endless; `libinput record` is read whole.
+// Detects the format and returns a reader for it, never null. `name` appears in errors. `path` is
+// the stream's file, whose folder may contain a description; empty if the stream is not a file. Our
+// own format is read as it arrives and may be endless; `libinput record` is read completely.
 std::unique_ptr<RecordingReader> openRecording(std::istream& stream, std::string name,
                                                const std::filesystem::path& path = {});
 
-// Does the same for a file, which the reader keeps open. If the file cannot be opened, the reader
-// has an error.
+// Does the same for a file. The reader keeps the file open. If the file cannot be opened, the
+// reader has an error.
 std::unique_ptr<RecordingReader> openRecordingFile(const std::filesystem::path& path,
                                                    std::string name);
 

@@ -20,7 +20,7 @@ std::string quoted(const std::string& text) {
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
-// Beyond this, a double cannot represent microseconds.
+// Above this, a double cannot represent microseconds.
 constexpr double maxExactTime = 4e9;
 
 std::string timeText(double time) {

@@ -19,7 +19,7 @@ class RecordingWriter {
 public:
     explicit RecordingWriter(std::ostream& output) : stream(output) {}
 
-    // The optional first line, which describes the recording's device.
+    // Writes the optional first line, which names the recording's device.
     void writeHead(const std::string& device);
 
     void write(const Record& record);

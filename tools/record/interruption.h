@@ -1,7 +1,7 @@
 // Waits for the end of the recording: an interruption by the user or the system, or a failure.
 //
-// Thread:  created on the main thread before any other thread, so that all threads inherit the
-//          blocked signals; fail() on any.
+// Thread:  create it on the main thread before any other thread, so that all threads inherit the
+//          blocked signals; fail() on any thread.
 // Errors:  none.
 #pragma once
 

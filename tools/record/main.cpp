@@ -1,4 +1,4 @@
-// glidemap-record: records the touchpads' reports, and recognises gestures in them, until
+// glidemap-record: records the touchpads' reports and recognises their gestures, until it is
 // interrupted.
 
 #include "core/gesture_type.h"
@@ -40,8 +40,8 @@ std::string reason(int errorNumber) {
     return std::generic_category().message(errorNumber);
 }
 
-// Prints a line like glidemap-replay. Two threads report gestures; one write per line keeps lines
-// whole.
+// Prints a line in the format of glidemap-replay. Two threads report gestures, so each line is
+// written with one call to keep it whole.
 void announce(std::FILE* output, double time, GestureType gesture) {
     std::fprintf(output, "%12.3f  %-26s  %s\n", time, std::string(rawValue(gesture)).c_str(),
                  displayName(gesture).c_str());
@@ -93,8 +93,8 @@ int record(const Options& options) {
         engine->stop();
         return complain("this touch driver does not support recording");
     }
-    // Printed only now, because every touch is recorded from here on. A driver that plays
-    // recordings has no device names.
+    // Printed after the start, so that every touch after this message is recorded. A driver that
+    // plays recordings has no device names.
     const std::string names = touchpads.names();
     std::fprintf(stderr, "Recording%s%s; press Ctrl-C to stop.\n", names.empty() ? "" : " ",
                  names.c_str());

@@ -9,7 +9,7 @@ namespace glidemap::record {
 extern const char* const usageText;
 extern const char* const helpText;
 
-// Why there is nothing to record, and how to fix it.
+// Returns a message that says why nothing can be recorded, and how to change that.
 std::string nothingToRecord(std::int32_t unreadableTouchpads);
 
 } // namespace glidemap::record

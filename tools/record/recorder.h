@@ -1,7 +1,7 @@
 // Writes records in order, on its own thread: a slow disk must not block the touch driver.
 //
 // Thread:  report() and button() on the driver's thread; finish() once, on another thread, after
-//          the last of them.
+//          the last call to the others.
 // Owner:   the caller, who also owns the stream; only the recorder may use the stream until
 //          finish().
 // Errors:  the first failed write calls onFailure once, on the recorder's thread; later records are
@@ -32,7 +32,7 @@ public:
     // Waits until every record is written.
     void finish();
 
-    // The errno of the failed write, or 0.
+    // Returns the errno of the failed write, or 0.
     int error() const { return _error; }
 
 private:
@@ -44,7 +44,7 @@ private:
     RecordingWriter writer;
     std::function<void()> onFailure;
     std::atomic<int> _error = 0;
-    // last member, so that its tasks end before the other members are destroyed
+    // The last member, so that its tasks end before the other members are destroyed.
     ThreadedSerialQueue queue;
 };
 

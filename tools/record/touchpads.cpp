@@ -82,7 +82,7 @@ std::string Touchpads::names() const {
     return names;
 }
 
-// A device may have several listeners: this one runs beside the device manager's, and before it.
+// A device may have several callbacks. The recorder's runs before the device manager's.
 void Touchpads::listen(Recorder& recorder) {
     listening = &recorder;
     const auto addCallback =

@@ -1,4 +1,4 @@
-// The recorder's view of the touchpads: their number, their names, and their raw reports and
+// The recorder's access to the touchpads: their number, their names, and their raw reports and
 // buttons, which otherwise only the engine receives.
 //
 // Thread:  the main thread; the recorder is called on the driver's thread.
@@ -26,17 +26,17 @@ public:
     bool exist() const { return !devices.empty(); }
 
     // Returns whether these are the touchpads that the manager has started. A driver that creates
-    // new devices for every list, like the replay driver, cannot be listened to.
+    // new devices for every list, like the replay driver, does not support listening.
     bool areStarted() const;
 
-    // The number of further touchpads that this user cannot open.
+    // Returns the number of further touchpads that this user cannot open.
     std::int32_t unreadableCount() const;
 
-    // The touchpads' names, for display.
+    // Returns the touchpads' names, for display.
     std::string names() const;
 
-    // Passes all events to the recorder from the start of the touchpads on. The recorder must exist
-    // until they are stopped.
+    // Passes all events of the touchpads to the recorder, from their start on. The recorder must
+    // exist until they are stopped.
     void listen(Recorder& recorder);
 
 private:

@@ -12,7 +12,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// Room for about a million bindings. A larger file is not a bindings file and could exhaust the memory.
+// Enough for about a million bindings. Reading a larger file could exhaust the memory.
 constexpr std::size_t maxFileSize = 256UL * 1024 * 1024;
 
 struct Close {
@@ -23,7 +23,7 @@ UnusableBindings systemError() {
     return {std::generic_category().message(errno)};
 }
 
-// Unlike the program's reader, which returns no error and rejects pipes.
+// Does not use readFile(), which returns no error and rejects pipes.
 std::variant<std::string, UnusableBindings> contentOf(const std::string& fileName) {
     const std::unique_ptr<std::FILE, Close> file(std::fopen(fileName.c_str(), "rbe"));
     if (!file) {

@@ -1,4 +1,4 @@
-// The bindings for a run, read from a file that is never written.
+// Reads the bindings for a run from a file, which is never written.
 //
 // Errors:  returned as text, without the file's name.
 #pragma once

@@ -17,10 +17,12 @@ namespace glidemap::replay {
 
 namespace {
 
-// Pause between two performances: long enough that taps are not paired, and for a person to follow.
+// Pause between two performances. Long enough that taps are not paired, and that a person can
+// follow.
 constexpr double pause = 0.6;
 
-// Without a bound double tap, its first half would be reported as a single tap.
+// Returns the finger counts whose double tap must be bound. Without a binding, the first half of a
+// double tap is reported as a single tap.
 std::set<int> boundFor(GestureType gesture) {
     switch (gesture) {
     case GestureType::twoFingerDoubleTap:
@@ -38,7 +40,7 @@ bool isExactly(const std::vector<Recognised>& outcome, GestureType intended) {
     return outcome.size() == 1 && outcome.front().gesture == intended && outcome.front().delivered;
 }
 
-// Plays from the run's current time until every waiting tap has fired.
+// Plays from the run's current time until every delayed tap has fired.
 void play(const Performance& performance, Run& run, Statistics& statistics) {
     const double begin = run.now();
     for (const TimedReport& report : performance) {

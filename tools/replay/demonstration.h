@@ -1,5 +1,6 @@
-// Performs every gesture that contacts alone can make: through one pipeline, to print what it
-// recognises, or into the files for a demonstration of the program without a touchpad.
+// Performs every gesture that contacts alone can make. demonstrate() sends the performances through
+// one pipeline and prints the recognised gestures. writeDemonstration() writes files that
+// demonstrate the program without a touchpad.
 //
 // Errors:  demonstrate() fails if a performance is not recognised as exactly its intended gesture;
 //          writeDemonstration() returns an error message.
@@ -20,8 +21,8 @@ namespace glidemap::replay {
 Status demonstrate(const Options& options, ReplayDriver& driver, Printer& printer,
                    Statistics& statistics);
 
-// Creates FOLDER/recording.jsonl, for the replay driver, and FOLDER/Glidemap/bindings.json with
-// harmless bindings, so that no performance locks the screen. Keeps existing bindings.
+// Creates FOLDER/recording.jsonl for the replay driver, and FOLDER/Glidemap/bindings.json. The
+// bindings are harmless, so that no performance locks the screen. Keeps existing bindings.
 std::optional<std::string> writeDemonstration(const std::filesystem::path& folder,
                                               std::uint64_t seed);
 

@@ -60,7 +60,7 @@ public:
     Application frontmostApplication() const override { return frontmost; }
     std::vector<Application> runningApplications() const override { return {}; }
 
-    // The identifier is enough to open it.
+    // openApplication() needs only the identifier.
     std::optional<std::string> urlForApplication(const std::string& bundleID) const override {
         return bundleID;
     }
@@ -75,7 +75,7 @@ private:
     Application frontmost;
 };
 
-// Its events come from the recording.
+// Receives its events from the recording.
 class SimulatedClickTap : public ClickTap {
 public:
     bool create(Callback newCallback) override {
@@ -96,7 +96,7 @@ private:
     bool isEnabled = false;
 };
 
-// A user without stored settings; writes are lost at the end of the run.
+// Has no stored settings. Writes are lost at the end of the run.
 class SimulatedUserDefaults : public UserDefaults {
 public:
     std::optional<std::string> string(std::string_view /*key*/) const override { return {}; }
@@ -107,7 +107,7 @@ public:
 
 namespace {
 
-// The tap's button numbers. It does not see the middle button.
+// The click tap's button numbers. The tap does not see the middle button.
 constexpr std::int32_t leftButton = 0;
 constexpr std::int32_t rightButton = 1;
 
@@ -193,7 +193,7 @@ void Desk::bringForward(const FrontmostRecord& frontmost) {
                                 : Application{});
 }
 
-// Returns the binding that the dispatcher will find: the bindings do not change in between.
+// The dispatcher will find the same binding, because the bindings do not change in between.
 Routing Desk::route(GestureType gesture) {
     Application frontmost = dispatcher->frontmost();
     routed = dispatcher->resolveBinding(gesture, frontmost.bundleID);
@@ -206,7 +206,7 @@ Routing Desk::route(GestureType gesture) {
     return routing;
 }
 
-// The workspace receives only the identifier, not the name that the binding shows.
+// The workspace receives only the identifier, so the name comes from the binding.
 void Desk::reportLaunch(const std::string& bundleID) {
     const auto* const launch = std::get_if<LaunchApp>(&routed->action);
     listener(Performed{time.now(),

@@ -34,7 +34,8 @@ public:
     void start() { runtime.start(); }
     void stop() { runtime.stop(); }
 
-    // The routing of the last gesture that the engine delivered since the previous call.
+    // Returns the routing of the last gesture that the engine has delivered since the previous
+    // call.
     std::optional<Routing> takeRouting() { return std::exchange(delivered, std::nullopt); }
 
     void change(const ButtonRecord& button);

@@ -1,5 +1,5 @@
-// glidemap-replay: recognises the gestures in touch recordings, or in its own performances, and
-// prints the actions that they would trigger.
+// glidemap-replay: recognises the gestures in touch recordings, or in performances that it
+// generates, and prints the actions that they would trigger.
 
 #include "bindings_file.h"
 #include "core/lang.h"

@@ -150,7 +150,7 @@ std::variant<Options, HelpRequest, UsageError> parseOptions(int count, char** ar
     Options options;
     bool hasSeed = false;
     std::optional<UsageError> error;
-    opterr = 0; // we print our own messages
+    opterr = 0; // getopt must not print messages
     int result = 0;
     const auto next = [&] {
         // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread is running yet

@@ -16,7 +16,7 @@ struct Options {
     std::set<int> boundDoubleTaps; // finger counts
     std::vector<std::string> files;
     std::optional<std::string> bindingsFile;
-    std::optional<std::string> demonstrationFolder; // only write a demonstration
+    std::optional<std::string> demonstrationFolder; // if set, only writes a demonstration
     std::string language = "en";
     std::uint64_t seed = 1;
     bool json = false;

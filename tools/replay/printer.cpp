@@ -14,7 +14,7 @@ namespace {
 
 // Returns the text as a JSON string.
 std::string quoted(const std::string& text) {
-    // A file name may contain any bytes.
+    // Replaces invalid UTF-8, because a file name may contain any bytes.
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
@@ -83,7 +83,7 @@ struct Json {
     }
 };
 
-// Time, event and description.
+// Returns a line with time, event and description.
 std::string row(double time, std::string_view what, const std::string& words) {
     std::array<char, 400> start{};
     std::snprintf(start.data(), start.size(), "%12.3f  %-26.*s  ", time,
@@ -126,13 +126,13 @@ std::string jsonOf(const RunEvent& event) {
     return std::visit(Json(), event);
 }
 
-// The recognised gesture only, without its routing.
+// Returns only the recognised gesture, without its routing.
 std::string recognitionJsonOf(const Recognised& recognised) {
     return openRecognition(recognised) + "}";
 }
 
-// Human-readable. A gesture's line includes its action, so keys, actions and unswallowed buttons
-// have no line of their own: the result is then empty.
+// Returns a human-readable line. Returns an empty text for keys, actions and buttons that are not
+// swallowed, because a gesture's line includes its action.
 std::string textOf(const RunEvent& event) {
     return std::visit(Text(), event);
 }

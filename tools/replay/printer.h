@@ -1,9 +1,9 @@
 // The program's output, as text for people or as JSON Lines for programs.
 //
 // Thread:  one.
-// Errors:  those of standard output, which main() checks at the end. Every line is flushed
-//          immediately, so that people and programs see a gesture when it is recognised. Bytes
-//          that are not UTF-8 are replaced in JSON.
+// Errors:  main() checks standard output for write errors at the end. Every line is flushed
+//          immediately, so that people and programs see a gesture when it is recognised. Bytes that
+//          are not UTF-8 are replaced in JSON.
 #pragma once
 
 #include "core/gesture_type.h"
@@ -23,7 +23,7 @@ public:
     void printFile(const std::string& name);
     void print(const RunEvent& event);
 
-    // A performance: its intended gesture when it begins, its result when it ends.
+    // For a performance: print its intended gesture when it begins, and its result when it ends.
     void printIntention(GestureType intended);
     void printOutcome(GestureType intended, const std::vector<Recognised>& outcome,
                       bool isAsIntended);

@@ -4,7 +4,8 @@
 
 namespace glidemap::replay {
 
-// Ignores the driver in the environment: reports can only be pushed into our own replay driver.
+// Ignores the driver in the environment, because reports can only be pushed into our own replay
+// driver.
 ReplayDriver::ReplayDriver() : manager(touchDriverPlatformAt(touchDriverPath("replay"))) {
     const auto enablePushing = reinterpret_cast<driver::EnablePushing>(
         manager.optionalSymbol(driver::enablePushingSymbol));
@@ -12,7 +13,7 @@ ReplayDriver::ReplayDriver() : manager(touchDriverPlatformAt(touchDriverPath("re
     if (enablePushing != nullptr && push != nullptr) {
         enablePushing();
         pushReport = push;
-        // A trial start, so that a driver error is reported before the first record.
+        // Start once, so that a driver error is reported before the first record.
         manager.start();
         manager.stop();
     }

@@ -1,5 +1,4 @@
-// The replay driver, loaded by path like any touch driver, and the function that pushes reports
-// into it.
+// Loads the replay driver by path, like any touch driver, and pushes reports into it.
 //
 // Thread:  one. A pushed report reaches the contact callback on the same thread, before push()
 //          returns.

@@ -10,7 +10,7 @@ namespace glidemap::replay {
 
 namespace {
 
-// Longer than any machine runs, and still within the clock's range.
+// Longer than any machine runs, but within the clock's range.
 constexpr double maxWait = 1e9;
 
 } // namespace

@@ -1,4 +1,5 @@
-// One run of the whole pipeline in virtual time: records enter at the driver, gestures come out.
+// Runs the whole pipeline in virtual time: passes records to the driver and reports gestures and
+// actions.
 //
 //   record ─▶ time advances to it, delayed items due by then run
 //          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run immediately) ─▶ recognizer
@@ -36,7 +37,7 @@ public:
     explicit Pace(Speed speed) : speed(speed) {}
 
     // Waits until this time of the recording. Returns immediately for the first time and for a time
-    // before the previous one: a recording may go backwards, but real time cannot.
+    // before the previous one, because a recording may go backwards.
     void waitUntil(double time);
 
     bool isRealTime() const { return speed == Speed::realTime; }
@@ -60,7 +61,7 @@ public:
     Run& operator=(const Run&) = delete;
     ~Run();
 
-    // In addition to the double taps of the bindings.
+    // Binds double taps in addition to those in the bindings.
     void bindDoubleTaps(std::set<int> fingerCounts) { boundDoubleTaps = std::move(fingerCounts); }
 
     void play(const Record& record);
@@ -68,7 +69,7 @@ public:
 
     void advanceTo(double time);
 
-    // The end of the input: waiting taps fire.
+    // Call this at the end of the input. Delayed taps fire.
     void finish();
 
     double now() const { return time.now(); }

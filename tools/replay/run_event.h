@@ -16,7 +16,7 @@
 
 namespace glidemap::replay {
 
-// The result of a gesture after recognition.
+// The binding and the application that a recognised gesture was matched with.
 struct Routing {
     std::optional<std::string> bindingID; // absent if no binding matched
     std::optional<std::string> action;    // the text of the binding's action
@@ -27,7 +27,7 @@ struct Recognised {
     double time = 0;
     GestureType gesture{};
     bool delivered = false; // passed the cooldown
-    Routing routing;        // of a delivered gesture
+    Routing routing;        // only for a delivered gesture
 };
 
 // A recorded button was pressed or released.
@@ -50,7 +50,7 @@ struct KeyPosted {
     KeyEvent event;
 };
 
-// An action without key events that the program would perform.
+// An action that the program would perform without key events.
 struct Performed {
     double time = 0;
     std::variant<LaunchApp, LockScreen, MissionControl> action;

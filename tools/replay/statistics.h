@@ -15,14 +15,14 @@ namespace glidemap::replay {
 
 class Statistics {
 public:
-    // The following records belong to another run.
+    // Call this before the first record of each run.
     void beginRun();
 
     void count(double time, const std::vector<MTTouch>& touches);
     void countRecordAt(double time);
     void count(const Recognised& recognised);
 
-    // Several lines, each with a line terminator.
+    // Returns several lines, each with a line terminator.
     std::string text() const;
 
 private:

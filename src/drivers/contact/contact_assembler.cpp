@@ -9,14 +9,14 @@ namespace glidemap {
 
 namespace {
 
-// Real touchpads have at most a tenth of these slots. A description with more is invalid.
+// Real touchpads have at most a tenth of these slots. A description with more slots is invalid.
 constexpr std::int32_t maxSlots = 256;
 
-// A button may go down and up, or up and down, between two reports. A stream with more changes is
-// broken, and only the final state counts.
+// A button may go down and up, or up and down, between two reports. If a broken device sends more
+// changes, only the final state is reported.
 constexpr std::ptrdiff_t maxButtonChanges = 2;
 
-// Returns 0 for other keys.
+// Returns the number of fingers that a BTN_TOOL key announces, or 0 for other keys.
 unsigned fingersAnnouncedBy(std::uint16_t code) {
     switch (code) {
     case BTN_TOOL_FINGER:
@@ -62,8 +62,8 @@ std::int32_t* valueOf(SlotValues& values, std::uint16_t code) {
 ContactAssembler::ContactAssembler(const PadDescription& description)
     : pad(description), slots(static_cast<std::size_t>(std::clamp(pad.slotCount, 0, maxSlots))),
       standIns(description) {
-    // One frame may report two contacts of a slot, one that leaves and a new one. The same applies
-    // to stand-ins.
+    // One frame may report two contacts for each slot and each stand-in: one that leaves and a new
+    // one.
     records.reserve(2 * (slots.size() + MissingFingers::maxFingers));
     buttons.reserve(buttonDown.size() * maxButtonChanges);
 }
@@ -108,13 +108,13 @@ void ContactAssembler::handleAbsolute(std::uint16_t code, std::int32_t value) {
 }
 
 ContactAssembler::Slot* ContactAssembler::currentSlot() {
-    // A negative number becomes an index beyond every slot.
+    // A negative number converts to an index beyond the last slot.
     const auto index = static_cast<std::size_t>(slotNumber);
     return index < slots.size() ? &slots[index] : nullptr;
 }
 
-// A tracking id that replaces another without an end comes from a broken driver: the finger is the
-// same.
+// Only a broken kernel driver replaces a tracking id without ending the contact first, so the
+// contact continues as the same finger.
 void ContactAssembler::setTrackingId(Slot& slot, std::int32_t trackingId) {
     const bool down = trackingId >= 0;
     if (down == slot.down) {
@@ -157,7 +157,8 @@ void ContactAssembler::changeButton(std::size_t button, bool down) {
         buttons.push_back({number, down});
         return;
     }
-    // The previous change was the opposite, so removing it has the same effect as adding this one.
+    // This change reverts the previous one, so removing that one has the same effect as adding this
+    // one.
     const auto last =
         std::ranges::find(buttons.rbegin(), buttons.rend(), number, &ButtonChange::button);
     buttons.erase(std::next(last).base());
@@ -172,8 +173,9 @@ std::size_t ContactAssembler::reportedFingers() const {
         slots, [](const Slot& slot) { return slot.down && slot.values.distance <= 0; }));
 }
 
-// The pad's finger count exceeds its slots only on a pad that cannot track all fingers. On other
-// pads the slots are right, and a different count is late or wrong.
+// A pad's finger count is used only if the pad cannot report all fingers: it has fewer slots, or
+// reports a bounding box. On other pads the slots are correct, and a different count is late or
+// wrong.
 std::size_t ContactAssembler::missingFingers() const {
     const std::size_t counted = countedFingers();
     const std::size_t reported = reportedFingers();
@@ -212,8 +214,8 @@ const PadFrame* ContactAssembler::synchronise(double time) {
 }
 
 void ContactAssembler::report(double time, std::size_t missing) {
-    // On a pad that reports the corners of a bounding box, another finger moves the contacts
-    // although no finger has moved.
+    // On a pad that reports the corners of a bounding box, a landing or lifting finger moves the
+    // contacts although no finger has moved.
     const std::size_t fingers = std::max(countedFingers(), reportedFingers());
     const bool cornersMoved = pad.semiMultitouch && fingers != fingersBefore;
     fingersBefore = fingers;
@@ -223,7 +225,7 @@ void ContactAssembler::report(double time, std::size_t missing) {
     reportPresent(time, missing, cornersMoved);
 }
 
-// The pad still counts the finger but has reused or closed its slot.
+// Keeps fingers that the pad still counts although their slot is closed or reused.
 void ContactAssembler::keepFingersWithoutSlot(std::size_t missing) {
     for (Slot& slot : slots) {
         if (slot.leaving && standIns.count() < missing) {

@@ -1,6 +1,6 @@
 // Converts a touchpad's kernel events (multitouch protocol B: slots and tracking ids) to contact
-// records, one report for each SYN_REPORT. The evdev driver and the readers of foreign recordings
-// share it, so a recording means the same as its touchpad.
+// records, one report for each SYN_REPORT. The evdev driver and the readers of evemu and libinput
+// recordings share this class, so a recording gives the same contacts as its touchpad.
 //
 //   state of a record:   3 makes touch ──▶ 4 touching
 //                              ▲               │            ──▶ 7 has left, in one last report
@@ -58,11 +58,11 @@ class ContactAssembler {
 public:
     explicit ContactAssembler(const PadDescription& pad);
 
-    // Returns a frame when the event ends one, at each SYN_REPORT, and null otherwise.
+    // Returns a frame if the event completes it (a SYN_REPORT), else null.
     const PadFrame* handle(const InputEvent& event);
 
-    // The touchpad is gone: all contacts leave and all buttons are up. The frame contains an empty
-    // report, or none if no contact was reported. The next contact starts on empty slots.
+    // Call this when the touchpad is gone. Ends all contacts, releases all buttons and clears the
+    // slots. The frame contains an empty report if any contact had been reported.
     const PadFrame& release(double time);
 
 private:

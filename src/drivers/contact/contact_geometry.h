@@ -1,9 +1,9 @@
 // Converts the values that the kernel holds for a slot to the fields of a contact record.
 //
-// Units:   in: the device's own. Out: normalised 0..1 with the origin bottom-left, millimetres,
-//          radians.
+// Units:   inputs in the device's own units. Results normalised 0..1 with the origin bottom-left,
+//          in millimetres, or in radians.
 // Thread:  any; pure functions.
-// Errors:  none. A value out of its axis's range is clamped. On an axis without extent, every value
+// Errors:  none. A value outside its axis's range is clamped. If an axis has no extent, every value
 //          is in the middle.
 #pragma once
 
@@ -14,8 +14,8 @@
 
 namespace glidemap {
 
-// The kernel's state of one slot. It outlives the contact, because the kernel sends no event for a
-// value that has not changed since the slot's last contact.
+// The kernel's values for one slot. They stay after a contact has ended, because the kernel sends
+// no event for a value that is the same for the slot's next contact.
 struct SlotValues {
     std::int32_t x = 0;
     std::int32_t y = 0;
@@ -30,14 +30,14 @@ struct SlotValues {
 // Returns the value's position on the axis, 0..1.
 double fraction(const AxisRange& axis, std::int32_t value);
 
-// Returns whether the contact presses on the pad. A palm and a hovering finger do not.
+// Returns whether the contact presses on the pad. Palms and hovering fingers do not press.
 bool presses(const PadDescription& pad, const SlotValues& values);
 
 // Returns the pad's size along the axis in millimetres, or 0 if the resolution is unknown.
 double millimetres(const AxisRange& axis);
 
-// Fills all fields that the slot's values determine: positions, size, angle and pressure. Leaves
-// the velocities.
+// Sets all fields that depend only on the slot's values: positions, size, angle and pressure. Does
+// not change the velocities.
 void describeContact(const PadDescription& pad, const SlotValues& values, MTTouch& record);
 
 // Shifts the record's positions, both the normalised ones and those in millimetres.

@@ -1,4 +1,4 @@
-// Numbers the contacts of one pad, 1, 2, 3 …, in the order of their first reports.
+// Numbers the contacts of a pad (1, 2, 3 …) in the order of their first reports.
 //
 // Thread:  one.
 // Owner:   ContactAssembler.

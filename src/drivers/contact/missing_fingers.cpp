@@ -10,8 +10,8 @@ namespace glidemap {
 
 namespace {
 
-// Too small to give a hold and tap a direction (that needs 0.05 on an axis), large enough for
-// another finger.
+// The distance between a stand-in and its anchor. Too small to be recognised as a hold and tap,
+// which needs 0.05 on an axis, but large enough for another finger.
 constexpr float spacing = 0.04F;
 constexpr float ownRoom = 0.02F;
 constexpr int maxAttempts = 16;
@@ -20,7 +20,7 @@ float distance(MTPoint a, MTPoint b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
-// Returns a unit vector. For a contact in the exact middle it points right.
+// Returns a unit vector towards the pad's centre. For a contact at the centre, it points right.
 MTPoint towardsCentre(MTPoint from) {
     const MTPoint middle{0.5F, 0.5F};
     const float length = distance(from, middle);
@@ -34,7 +34,7 @@ MTPoint difference(MTPoint a, MTPoint b) {
     return {a.x - b.x, a.y - b.y};
 }
 
-// Prefers a pressing contact, because a stand-in for a finger must not follow a palm.
+// Prefers a touching contact, because a stand-in for a finger must not follow a palm.
 const MTTouch& chooseAnchor(std::span<const MTTouch> contacts, std::size_t turn) {
     for (std::size_t step = 0; step < contacts.size(); ++step) {
         const MTTouch& candidate = contacts[(turn + step) % contacts.size()];
@@ -101,7 +101,8 @@ void MissingFingers::moveWith(const MTTouch& anchor, StandIn& standIn, std::size
     translate(pad, standIn.offset, standIn.record);
 }
 
-// Anchors take turns, so that the mean movement of all fingers does not follow a single finger.
+// Distributes stand-ins among the contacts, so that the mean movement of all fingers does not
+// follow a single finger.
 void MissingFingers::add(std::span<const MTTouch> contacts, std::int32_t identifier) {
     const MTTouch& anchor = chooseAnchor(contacts, standIns.size());
     StandIn standIn;

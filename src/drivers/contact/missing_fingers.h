@@ -1,5 +1,5 @@
-// Adds stand-ins for the fingers that a pad counts but does not report. Each stand-in moves exactly
-// with a reported contact, so that the number of fingers is right.
+// Adds stand-ins for the fingers that a pad counts but does not report, so that the number of
+// fingers is right. Each stand-in copies the movement of a reported contact, its anchor.
 //
 //   pad says:   three fingers     slot 0 ●       slot 1 ●
 //   reported:                     slot 0 ●──○    slot 1 ●     ○ keeps its distance to its anchor ●
@@ -25,18 +25,18 @@ namespace glidemap {
 
 class MissingFingers {
 public:
-    // No pad announces more fingers.
+    // The highest number of fingers that a pad can announce.
     static constexpr std::size_t maxFingers = 5;
 
     explicit MissingFingers(PadDescription description);
 
     std::size_t count() const { return standIns.size(); }
 
-    // Turns a contact into a stand-in: its finger is still on the pad but has lost its slot.
+    // Turns a contact into a stand-in. Its finger is still on the pad but has lost its slot.
     void adopt(const MTTouch& record);
 
-    // Call this when a stand-in's finger has got a slot. Removes the stand-in and returns its
-    // record, with which the slot's contact continues. Returns nullopt if no stand-in exists.
+    // Call this when a stand-in's finger gets a slot. Removes a stand-in and returns its record, so
+    // that the slot's contact continues it. Returns nullopt if no stand-in exists.
     std::optional<MTTouch> give();
 
     // Removes one stand-in if there are more than `wanted`.
@@ -48,7 +48,7 @@ public:
     void update(std::span<const MTTouch> contacts, std::size_t wanted,
                 ContactIdentifiers& identifiers);
 
-    // The reference is valid until the next change.
+    // The reference is valid until the next change of the stand-ins.
     const MTTouch& record(std::size_t index) const { return standIns[index].record; }
 
     void clear() { standIns.clear(); }

@@ -1,5 +1,5 @@
-// Describes a touchpad, so that its slots can be converted to contacts. The evdev driver reads them
-// from the device; the readers of recordings, from the recording's head.
+// The properties of a touchpad that are needed to convert its slots to contacts. The evdev driver
+// reads them from the device. For a recording, they come from the description at its start.
 //
 // Units:   axis values in the device's own units; resolutions in units per millimetre, 0 if
 //          unknown.

@@ -1,16 +1,16 @@
-// Further functions of the evdev driver's C interface: its click filter. While the filter is on,
-// the driver grabs touchpads with buttons. A clone of each forwards all events but the button
-// changes that the filter drops.
+// The click filter, which extends the touch driver's C interface. While the filter is on, the evdev
+// driver grabs touchpads that have buttons. A clone of each touchpad forwards all events except the
+// button changes that the filter drops.
 //
-// Thread:  set and switch the filter on any thread, also from within the callback. The callback
+// Thread:  any thread may set and switch the filter, also from within the callback. The callback
 //          runs on the reader's thread, after the contact callback of the same frame.
 // Owner:   the driver keeps the function and its context until they are replaced. Once
 //          GlidemapSetClickFilter has returned, the previous filter is not called any more, unless
 //          the call came from within that filter.
-// Errors:  a touchpad that cannot be grabbed or cloned stays as it is: its clicks pass, unfiltered.
-//          If another program has grabbed it, the driver retries once that program releases it. If
-//          it could not be cloned, the driver retries when the filter is switched on again (also if
-//          it is on).
+// Errors:  a touchpad that cannot be grabbed or cloned is not filtered: all its clicks pass. If
+//          another program has grabbed it, the driver retries when that program has released it. If
+//          cloning fails, the driver retries when the filter is switched on again, even if it is
+//          already on.
 #pragma once
 
 #include "input/touch_driver.h"
@@ -23,29 +23,30 @@ enum ClickFilterEvent : std::int32_t {
     clickFilterButtonDown = 0,
     clickFilterButtonUp = 1,
     clickFilterDisabledByTimeout =
-        2, // the forwarding stalled; everything passes until the filter is on again
+        2, // forwarding stalled; all clicks pass until the filter is switched on again
 };
 
-// `button` is 0 left, 1 right. True drops a button change; for other events the result is ignored.
-// A release whose press was forwarded is always forwarded. The filter is not called for a press and
-// its release while the touchpad is not grabbed.
+// `button` is 0 for left, 1 for right. Returns true to drop a button change; for other events the
+// result is ignored. A release whose press was forwarded is always forwarded. The filter is not
+// called for clicks while the touchpad is not grabbed.
 using FilterClick = bool (*)(void* context, Device device, std::int32_t event, std::int32_t button);
 
-// Null removes the filter and gives back every touchpad.
+// Null removes the filter and releases all touchpads.
 using SetClickFilter = void (*)(FilterClick filter, void* context);
 
-// The filter starts off. A stall turns it off until it is switched on again. The driver grabs and
-// releases a touchpad only while no finger touches it. Stopping a device releases it at once.
+// The filter is initially off. A stall switches it off until it is switched on again. The driver
+// grabs and releases a touchpad only while no finger touches it, but stopping a device releases its
+// touchpad immediately.
 using SwitchClickFilter = void (*)(bool on);
 
-// Returns whether this user can filter clicks, that is, may make clones.
+// Returns whether this user may create clones, which the filter requires.
 using CanFilterClicks = bool (*)();
 
-// Returns why the clicks of a touchpad are not filtered although the filter is on, in English for a
-// log. Returns null if nothing prevents it. The text is never freed.
+// Returns the reason why a touchpad's clicks are not filtered although the filter is on, in English
+// for a log. Returns null without such a reason. The text is never freed.
 using ClickFilterObstacle = const char* (*)(Device device);
 
-// A temporary reason: it disappears by itself within two seconds.
+// A temporary reason, which disappears within two seconds.
 inline constexpr const char* cloneIsNew = "the system is initialising the touchpad's clone";
 
 inline constexpr const char* setClickFilterSymbol = "GlidemapSetClickFilter";

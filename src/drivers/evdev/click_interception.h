@@ -1,5 +1,5 @@
 // The state that the forwarding of all touchpads shares: the click filter and its switch, the
-// watchdog, and the watch that follows new clones.
+// watchdog, and the watch for new clones.
 //
 // Thread:  under the driver's lock; drops() and noticeStall() on the reader's thread.
 // Owner:   TouchpadDriver.
@@ -24,11 +24,11 @@ public:
     using MakeCloneWatch = std::function<std::unique_ptr<CloneWatch>()>;
     using Moment = WatchdogTime::Moment;
 
-    // Limits how many clones may be new at the same time: udev initialises them one by one, and
-    // each must be ready within two seconds.
+    // The maximum number of new clones at the same time. udev initialises devices one by one, and
+    // each clone must be ready within two seconds.
     static constexpr int maxIntroductions = 2;
 
-    // `wakeReader` is called on any thread, the other callback on the reader's.
+    // `wakeReader` is called on any thread, `makeCloneWatch` on the reader's thread.
     ClickInterception(WatchdogTime& time, std::function<void()> wakeReader,
                       MakeCloneWatch makeCloneWatch);
 
@@ -37,26 +37,26 @@ public:
 
     // Returns whether touchpads must be forwarded.
     bool isWanted() const { return isOn && filter != nullptr; }
-    // Counts how often the filter was switched on. Each time, failed touchpads are retried.
+    // Returns how often the filter was switched on. Each time, the driver retries failed touchpads.
     unsigned attempt() const { return attempts; }
 
     // Returns whether anything has changed since the last call.
     bool takeChange() { return std::exchange(hasChanged, false); }
 
-    // Asks the filter about a button change of a forwarded touchpad. While the filter is off, every
-    // click passes.
+    // Returns whether the filter drops a button change of a forwarded touchpad. Returns false while
+    // the filter is off.
     bool drops(driver::Device device, std::int32_t button, bool down);
 
-    // Switches the filter off after a stall and notifies it; it may switch itself on again at once.
-    // Returns false if no stall has happened since the last call.
+    // After a stall, switches the filter off and notifies its function, which may switch it on
+    // again immediately. Returns false if no stall has happened since the last call.
     bool noticeStall();
 
-    // Call this before making the clone. Returns false if too many clones are new; the touchpad
-    // retries when another clone's introduction ends.
+    // Call this before creating a clone. Returns false if too many clones are new. The touchpad
+    // then retries when the introduction of another clone ends.
     bool beginIntroduction();
     void endIntroduction();
 
-    // Null while no clone is new.
+    // Returns null while no clone is new.
     CloneWatch* cloneWatch() const { return watch.get(); }
 
     Moment now() const { return time.now(); }

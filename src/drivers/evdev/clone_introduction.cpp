@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// Returns null if programs can read the clone.
+// Returns the reason why programs cannot read the clone yet, or null if they can.
 const char* obstacleOf(const CloneStanding& standing) {
     if (!standing.hasNode) {
         return "the kernel has made no event node for the touchpad's clone";

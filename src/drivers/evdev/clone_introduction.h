@@ -1,5 +1,5 @@
-// Decides when a new clone can replace its touchpad. A clone that no desktop has opened must not
-// replace it, because no program would receive the forwarded events.
+// Decides when a new clone can replace its touchpad. As long as no program has opened the clone, no
+// program would receive the forwarded events.
 //
 //   made ──udev announces it, a program opens it──▶ grace ──▶ ready
 //     └───────────── two seconds without that ──────────────▶ failed; the touchpad stays as it is
@@ -23,9 +23,10 @@ public:
 
     enum class State { waiting, ready, failed };
 
-    // A running desktop opens a new device much earlier; udev takes 0.2 s on a slow machine.
+    // Longer than necessary: udev takes 0.2 s on a slow machine, and a running desktop opens a new
+    // device soon after.
     static constexpr std::chrono::seconds patience{2};
-    // After opening the clone, a program discards events until it has set the clock and read the
+    // A program that has opened the clone discards events until it has set the clock and read the
     // state.
     static constexpr std::chrono::milliseconds graceOfReader{100};
     // Used where the system does not report programs that open a device.
@@ -35,10 +36,10 @@ public:
 
     State look(const CloneStanding& standing, Moment now);
 
-    // The time of the next look() if nothing changes before.
+    // Returns when to call look() again if nothing changes before.
     Moment nextLook() const;
 
-    // Returns why the clone is not ready, for a log; null if it is ready.
+    // Returns the reason why the clone is not ready, for a log. Returns null if it is ready.
     const char* obstacle() const { return reason; }
 
 private:

@@ -12,7 +12,7 @@ namespace {
 // Larger than any touchpad's frame.
 constexpr std::size_t largeFrame = 256;
 
-// The clone's own events have no time of the touchpad, so the kernel stamps them.
+// Used for events that do not come from the touchpad: the kernel sets their time.
 constexpr double timeOfWriting = 0;
 
 bool isLanding(const InputEvent& event) {
@@ -75,7 +75,7 @@ void CloneWriter::complete(std::int32_t slot, std::uint16_t code, std::int32_t v
     }
 }
 
-// Writes the axes that describe all fingers together, for programs that do not track slots.
+// Writes the single-touch axes, for programs that do not track slots.
 void CloneWriter::completeAxes(const PadState& source, double time) {
     for (std::uint16_t code = 0; code < ABS_MT_SLOT; ++code) {
         if (held.axis(code) != source.axis(code)) {
@@ -84,9 +84,9 @@ void CloneWriter::completeAxes(const PadState& source, double time) {
     }
 }
 
-// Compares touchpad and clone at every frame, so that no mark outlives the dropped press, however
-// the button came up. A lifting finger loses its mark, because the next contact in its slot is not
-// a palm.
+// Marks contacts as palms while a press is dropped. Compares touchpad and clone in every frame, so
+// that the marks always end with the dropped press. A lifting finger loses its mark, because the
+// next contact in its slot may not be a palm.
 void CloneWriter::markContacts(const PadState& source, double time) {
     const bool pressWasTaken = source.holdsKeyThatIsUpIn(held);
     for (std::int32_t slot = 0; slot < held.slotCount(); ++slot) {

@@ -1,20 +1,20 @@
 // Writes a touchpad's frames to its clone, so that readers of the clone see the same events, except
 // for a dropped click.
 //
-// On each device, the kernel drops a value that the device already has. A finger that lands where
-// its slot was last sends no position. A clone that is younger than its touchpad does not have that
-// position. So whenever a finger lands, the writer adds the values that the clone is missing to the
+// The kernel drops an event that does not change a value. A finger that lands where the slot's last
+// contact ended therefore sends no position, and a clone that was created later does not have that
+// position. So whenever a finger lands, the writer adds the values that the clone lacks to the
 // frame.
 //
-// While a dropped press is held, the writer marks the fingers as palms. A program that detects taps
-// does not see the button, so it would take a short touch for a tap. A palm does not tap. It does
-// not point or scroll either, until the button is up and the contact is a finger again.
+// While a dropped press is held, the writer marks the fingers as palms. Otherwise a program that
+// detects taps would take a short touch for a tap, because it does not see the button. Palms do not
+// tap, point or scroll. When the button is up, the contacts are fingers again.
 //
-// Allocates nothing for a frame, once frames of its size have been seen.
+// Allocates only for frames that are larger than all earlier frames.
 //
 // Thread:  under the driver's lock.
 // Owner:   PadInterception, as long as the clone exists.
-// Errors:  forward() and releaseAll() return false if a write fails; the clone is useless then.
+// Errors:  forward() and releaseAll() return false if a write fails. The clone is then unusable.
 #pragma once
 
 #include "drivers/evdev/pad_directory.h"
@@ -31,8 +31,8 @@ class CloneWriter {
 public:
     CloneWriter(std::unique_ptr<PadClone> clone, std::int32_t slotCount);
 
-    // Writes one frame, without its SYN_REPORT. `slotBefore` is the slot at the frame's beginning,
-    // `source` the touchpad's state at its end.
+    // Writes one frame. `frame` does not contain its SYN_REPORT. `slotBefore` is the current slot
+    // at the beginning of the frame, and `source` is the touchpad's state at its end.
     bool forward(std::span<const InputEvent> frame, std::int32_t slotBefore, const PadState& source,
                  double time);
 

@@ -1,9 +1,9 @@
-// A further function of the evdev driver's C interface, beside those of every touch driver: the
-// touchpad's human-readable name.
+// Extends the touch driver's C interface, in the evdev driver only: returns a touchpad's
+// human-readable name.
 //
 // Thread:  any.
 // Owner:   the driver; the text lasts as long as the device.
-// Errors:  null if the device does not exist.
+// Errors:  returns null if the device does not exist.
 #pragma once
 
 #include "input/touch_driver.h"

@@ -1,8 +1,9 @@
-// A further function of the evdev driver's C interface: a line of text for each device that
-// resembles a touchpad, with the reason if the driver does not use it. For troubleshooting.
+// Extends the touch driver's C interface, in the evdev driver only: reports a line of text for each
+// device that resembles a touchpad, with the reason if the driver does not use it. For
+// troubleshooting.
 //
 // Thread:  any; the driver delivers all lines before the function returns.
-// Owner:   a line is valid during its call.
+// Owner:   a line is valid only during the call that reports it.
 // Errors:  reported as a line.
 #pragma once
 

@@ -1,9 +1,9 @@
-// The driver's C interface: the touch driver's five symbols, the two that read its list, and those
-// that only this driver has. See input/touch_driver.h.
+// The driver's C interface: the touch driver's five symbols, two symbols that read its list, and
+// symbols that only this driver has. See input/touch_driver.h.
 //
-// The first call creates the driver, and it is never destroyed: the program does not say when it no
-// longer needs it, and the driver's thread may outlive the program's static objects. The lists live
-// as long.
+// The first call creates the driver. The driver and its lists are never destroyed, because the
+// interface has no function to release them, and the driver's thread may outlive the program's
+// static objects.
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
@@ -35,7 +35,7 @@ TouchpadDriver& touchpads() {
     return *driver;
 }
 
-// Reuses a list of the same devices, because the program asks for the list whenever a device
+// Reuses an earlier list of the same devices, because the program requests a list whenever a device
 // appears.
 driver::DeviceList keep(std::unique_ptr<const List> list) {
     static std::mutex mutex;
@@ -50,7 +50,7 @@ driver::DeviceList keep(std::unique_ptr<const List> list) {
     return lists->back().get();
 }
 
-// Does nothing if allocation or the start of a thread fails.
+// Calls the function. Ignores exceptions, because allocation or the start of a thread may fail.
 template <typename Function>
 void withoutExceptions(Function function) noexcept {
     try {

@@ -24,8 +24,8 @@ namespace glidemap {
 
 namespace {
 
-// Messages about a kernel driver's faults are for its authors. libevdev has already corrected the
-// events when it logs them.
+// Discards libevdev's messages. They report faults of kernel drivers, and libevdev has already
+// corrected the events.
 void keepSilent(const libevdev*, libevdev_log_priority, void*, const char*, int, const char*,
                 const char*, va_list) {}
 
@@ -45,7 +45,7 @@ double monotonicNow() {
 // Opens the node with the monotonic clock. Returns an invalid file if either fails.
 OpenFile openNode(const std::string& node, int access) {
     OpenFile file(::open(node.c_str(), access | O_NONBLOCK | O_CLOEXEC));
-    // Before the first event is read: setting the clock discards queued events.
+    // Set the clock before reading the first event, because this discards queued events.
     int clock = CLOCK_MONOTONIC;
     if (file && ioctl(file.descriptor(), EVIOCSCLOCKID, &clock) != 0) {
         return {};
@@ -96,9 +96,9 @@ EvdevPad::EvdevPad(std::string itsNode, OpenFile opened, Device openDevice)
     recallState();
 }
 
-// libevdev reads the state piece by piece. An event that arrives meanwhile is part of some pieces
-// only, so the state is then read again without such events. Reading takes a hundredth of the time
-// between two reports of a touchpad.
+// libevdev reads the state with several calls. If an event arrives in between, the results are
+// inconsistent, and the state is read again. Reading takes a hundredth of the time between two
+// reports of a touchpad.
 void EvdevPad::settle() {
     constexpr int maxAttempts = 10;
     for (int attempt = 0; attempt < maxAttempts; ++attempt) {
@@ -125,9 +125,9 @@ void EvdevPad::describe() {
     pad.semiMultitouch = libevdev_has_property(device.get(), INPUT_PROP_SEMI_MT) != 0;
 }
 
-// The kernel reports only changes, so the driver must know the values of all slots from the start,
-// also of slots without a finger. Fingers that already rest on the pad count too: a click with
-// three fingers has three fingers even if they landed before the program started.
+// The kernel reports only changes, so the driver must know the initial values of all slots, even of
+// empty slots. Fingers that already rest on the pad count: a click with three fingers has three
+// fingers even if they landed before the program started.
 void EvdevPad::recallState() {
     const double now = monotonicNow();
     for (int slot = 0; slot < pad.slotCount; ++slot) {
@@ -174,7 +174,7 @@ OpenPad::Read EvdevPad::next(InputEvent& event) {
         const int status = libevdev_next_event(device.get(), flag, &raw);
         const bool lostEvents = status == LIBEVDEV_READ_STATUS_SYNC && !resynchronising;
         if (lostEvents) {
-            resynchronising = true; // libevdev now returns the changes that were lost
+            resynchronising = true; // libevdev now returns the lost changes
         } else if (status == LIBEVDEV_READ_STATUS_SUCCESS || status == LIBEVDEV_READ_STATUS_SYNC) {
             event = {timeOf(raw), raw.type, raw.code, raw.value};
             return Read::event;
@@ -192,9 +192,9 @@ bool EvdevPad::hasButtons() const {
            libevdev_has_event_code(device.get(), EV_KEY, BTN_RIGHT) != 0;
 }
 
-// Timestamps cannot distinguish an event just before the grab from one just after it. A second
-// descriptor of the node, the witness, receives the same events as every other program. Its last
-// event is the last that other programs have received.
+// Timestamps cannot distinguish an event just before the grab from one just after it. Therefore a
+// second descriptor of the node, the witness, receives the same events as other programs. Its last
+// event is the last one that they received.
 std::optional<double> EvdevPad::grab() {
     if (!witness) {
         witness = openNode(node, O_RDWR);
@@ -215,7 +215,7 @@ std::optional<double> EvdevPad::grab() {
     return last.has_value() ? std::nextafter(*last, std::numeric_limits<double>::max()) : before;
 }
 
-// Drains the witness.
+// Drains the witness. Returns the time of its last event, if any.
 std::optional<double> EvdevPad::lastWitnessEvent() const {
     std::optional<double> last;
     std::array<input_event, 64> events{};
@@ -227,7 +227,7 @@ std::optional<double> EvdevPad::lastWitnessEvent() const {
     return last;
 }
 
-// Reads the kernel's current values; empty if the touchpad does not have the axis.
+// Returns the kernel's current values by slot. Empty if the touchpad does not have the axis.
 std::vector<std::int32_t> EvdevPad::slotValues(std::uint16_t code) const {
     std::vector<std::int32_t> answer(static_cast<std::size_t>(pad.slotCount) + 1);
     answer[0] = code;
@@ -255,9 +255,9 @@ void EvdevPad::saveStateSeenByOthers() {
     }
 }
 
-// The touchpad is still grabbed, so no other program receives these events. Fingers keep their
-// values: the next report of each updates the other programs. Only a change within a slot makes the
-// kernel report that slot as current.
+// The touchpad is still grabbed, so no other program receives these events. Slots with a finger are
+// skipped, because the finger's next report updates the other programs. The kernel reports a slot
+// as current only if a value in it changes, hence the two different positions.
 void EvdevPad::restoreStateSeenByOthers() const {
     const std::vector<std::int32_t> touches = slotValues(ABS_MT_TRACKING_ID);
     const auto isFree = [&](std::int32_t slot) {

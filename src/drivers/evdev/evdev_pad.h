@@ -1,14 +1,14 @@
-// One touchpad's event node: opens it for reading only, describes it, and reads it through
-// libevdev. libevdev keeps the state of the slots and finds the changes after the kernel has
-// dropped events. A grab hides the touchpad from other programs, and its clone replaces it.
+// The event node of one touchpad. Opens it read-only, describes it, and reads it through libevdev,
+// which tracks the slots and recovers changes after the kernel has dropped events. A grab hides the
+// touchpad from other programs, which use its clone instead.
 //
-// The kernel reports only changes, and other programs do not receive those of a grabbed touchpad.
-// Before giving it back, the driver therefore writes the values that other programs know to the
-// node. If the user may not write, those programs may misread the next touch.
+// The kernel reports only changes, and other programs receive no events of a grabbed touchpad.
+// Before the driver releases it, it therefore restores the values that other programs received last
+// by writing them to the node. Without write permission, those programs may misread the next touch.
 //
 // Units:   event times in seconds of the monotonic clock.
 // Thread:  one at a time.
-// Errors:  as values: a null pad, or a read that returns gone or broken.
+// Errors:  returned as values: a null pad, or Read::gone or Read::broken.
 #pragma once
 
 #include "core/open_file.h"
@@ -57,10 +57,10 @@ private:
 
     const std::string node;
     OpenFile file;
-    OpenFile witness; // receives what other programs receive; opened at the first grab
+    OpenFile witness; // receives the same events as other programs; opened at the first grab
 
-    // The slots' values at the moment of the grab: other programs know these until they receive the
-    // touchpad's events again.
+    // The slots' values at the time of the grab. Other programs rely on these values until they
+    // receive the touchpad's events again.
     struct SlotAxis {
         std::uint16_t code = 0;
         std::vector<std::int32_t> values; // by slot

@@ -130,8 +130,8 @@ std::optional<WatchdogTime::Moment> ForwardingWatchdog::deadline() const {
     return watching && !held.empty() ? std::optional(lastProgress + patience) : std::nullopt;
 }
 
-// Releases the touchpads first, because the user needs them. Destroying the clones makes the kernel
-// lift their contacts and keys.
+// Releases the touchpads first, so that the user can use them immediately. Then destroys the
+// clones, which makes the kernel release their contacts and keys.
 void ForwardingWatchdog::giveBack() {
     stalled = held.front().device;
     for (const Held& each : held) {

@@ -1,17 +1,18 @@
-// Releases the touchpads when the loop that forwards them gets stuck, for instance in a callback.
-// Without the watchdog the user would then have no touchpad.
+// Releases the touchpads if the loop that forwards their events gets stuck, for instance in a
+// callback. Otherwise the user could not use any touchpad.
 //
 //   reader     poll ─▶ work() … progress() … rest() ─▶ poll ─▶ work() ……………… stuck ………………▶
 //   watchdog   waits without a time-out ─▶ for a second at a time ──▶ gives back ─▶ onStall
 //                      ▲──────────── nothing touches ────────────┘
 //
-// A touchpad that was given back is not held any more. The reader checks this before it writes.
+// The reader must check holds() before it writes, because the watchdog may have released the
+// touchpad.
 //
-// The watchdog's thread is not woken for every report. From the first report of a touch on, it
-// checks once a second. It sleeps once the touch has ended or a finger only rests.
+// Reports do not wake the watchdog's thread. From the first report of a touch, it checks once a
+// second, until the touch ends or the finger only rests.
 //
-// Thread:  its own, started with the first touchpad that is held; work(), progress() and rest() on
-//          the reader's, the others on any.
+// Thread:  its own, started when the first touchpad is held; work(), progress() and rest() on the
+//          reader's thread, all other functions on any thread.
 // Owner:   ClickInterception.
 // Errors:  hold() returns false if the thread cannot start.
 #pragma once
@@ -32,7 +33,8 @@ namespace glidemap {
 
 class ForwardingWatchdog {
 public:
-    // The maximum time without a touchpad; a callback takes less than a hundredth of it.
+    // The maximum time that a user is without a touchpad. A callback takes less than a hundredth of
+    // it.
     static constexpr std::chrono::seconds patience{1};
 
     struct Held {
@@ -47,25 +49,26 @@ public:
     ForwardingWatchdog& operator=(const ForwardingWatchdog&) = delete;
     ~ForwardingWatchdog();
 
-    // Calls `grab`, which returns whether it grabbed the pad. If it did, the watchdog holds the
-    // pad. pause() waits until hold() has returned, so the process never stops with a pad that is
+    // Calls `grab`, which returns whether it grabbed the pad. If so, the watchdog holds the pad.
+    // pause() waits until hold() has returned, so the process never stops with a pad that is
     // grabbed but not held. While paused, returns false without calling `grab`. The pad and its
     // clone must live until release().
     bool hold(const Held& newlyHeld, const std::function<bool()>& grab);
-    // The watchdog does not touch the pad once this has returned.
+    // After this has returned, the watchdog does not access the pad.
     void release(const OpenPad& pad);
-    // Returns false if the watchdog gave the pad back.
+    // Returns false if the watchdog has released the pad.
     bool holds(const OpenPad& pad) const;
 
-    // The reader starts to work.
+    // Called by the reader when it starts to work.
     void work();
-    // The reader has finished a part of its work.
+    // Called by the reader when it has completed a part of its work.
     void progress();
-    // The reader waits for events. `touched`: a finger is on a forwarded touchpad.
+    // Called by the reader before it waits for events. `touched`: a finger is on a forwarded
+    // touchpad.
     void rest(bool touched);
 
-    // The process is about to be stopped. Gives back all touchpads as after a stall, and holds none
-    // until resume(). Called on any thread.
+    // Call this before the process is stopped. Releases all touchpads as after a stall, and holds
+    // none until resume(). May be called on any thread.
     void pause();
     void resume();
     bool isPaused() const;

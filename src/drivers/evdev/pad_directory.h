@@ -4,7 +4,7 @@
 // Thread:  PadDirectory on any thread, one at a time. An OpenPad and its clone on any thread, one
 //          at a time unless a function says otherwise; the reader's thread reads and closes the
 //          pad. A ReturnWatch and a CloneWatch on the reader's thread.
-// Errors:  as values; only a failed allocation throws.
+// Errors:  returned as values. Only a failed allocation throws.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -33,14 +33,14 @@ struct PadIdentity {
     friend bool operator==(const PadIdentity&, const PadIdentity&) = default;
 };
 
-// A multitouch touchpad that is connected.
+// A connected multitouch touchpad.
 struct PadCandidate {
     std::string node;
     PadIdentity identity;
-    bool readable = true; // by this user; checked without opening the node
+    bool readable = true; // whether this user may read it; checked without opening the node
 };
 
-// The progress of udev and other programs with a new clone.
+// Whether udev has announced a new clone, and whether a program has opened it.
 struct CloneStanding {
     bool hasNode = false;
     bool isAnnounced = false;   // udev has initialised the clone and tags it as a touchpad
@@ -65,7 +65,7 @@ public:
     // Writes a frame with its SYN_REPORT. Returns false if the clone cannot be written any more.
     virtual bool write(std::span<const InputEvent> frame) = 0;
 
-    // The kernel releases everything that the clone holds, and every later write fails. May be
+    // Removes the device. The kernel releases its contacts and keys, and later writes fail. May be
     // called on any thread, also while another thread writes.
     virtual void destroy() = 0;
 };
@@ -94,15 +94,15 @@ public:
     // Returns whether the touchpad has a left or a right button.
     virtual bool hasButtons() const = 0;
 
-    // Hides the touchpad's events from other programs. Returns when the grab took effect, by the
-    // events' clock: other programs received the older events, and only this process receives the
-    // later ones. Returns nullopt if the grab fails.
+    // Hides the touchpad's events from other programs. Returns the time of the grab, by the events'
+    // clock: other programs received the earlier events, and only this process receives the later
+    // ones. Returns nullopt if the grab fails.
     virtual std::optional<double> grab() = 0;
-    // Returns a moment, by the events' clock, until which no other program received the touchpad's
-    // events. May be called on any thread, also while another thread reads.
+    // Releases the grab. Returns a time, by the events' clock, before which no other program
+    // received the touchpad's events. May be called on any thread, also while another thread reads.
     virtual double ungrab() = 0;
 
-    // Returns null if this user may not make devices.
+    // Returns null if this user may not create devices.
     virtual std::unique_ptr<PadClone> makeClone() = 0;
 };
 
@@ -121,7 +121,8 @@ public:
     virtual void acknowledge() = 0;
 };
 
-// Follows what udev and other programs do with clones. Create it before the clones that it watches.
+// Watches whether udev announces clones and whether programs open them. Create it before the
+// clones.
 class CloneWatch {
 public:
     CloneWatch() = default;

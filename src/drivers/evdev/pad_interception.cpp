@@ -92,9 +92,8 @@ void PadInterception::forwardFrame(double time) {
     }
 }
 
-// The touch began while the touchpad was being given back, and no other program has seen its
-// beginning. Until the touchpad is grabbed again, programs ignore the events of a touch without a
-// beginning.
+// The touch began while the touchpad was being released, so no other program received its
+// beginning. Programs ignore the rest of such a touch, until the touchpad is grabbed again.
 void PadInterception::grabAgain(double time) {
     if (writer.has_value() && (isForwarding() || grab())) {
         grabbedAt = time;
@@ -102,8 +101,8 @@ void PadInterception::grabAgain(double time) {
     }
 }
 
-// A release that the clone needs is forwarded even if the filter drops it, so that no button stays
-// down.
+// Forwards a release that the clone needs even if the filter drops it. Otherwise the button would
+// stay down.
 void PadInterception::filterButtons() {
     std::array heldByClone{writer->isPressed(BTN_LEFT), writer->isPressed(BTN_RIGHT)};
     std::erase_if(frame, [&](const InputEvent& event) {
@@ -118,7 +117,7 @@ void PadInterception::filterButtons() {
     });
 }
 
-// Call this before writing: the watchdog may have given the touchpad back meanwhile.
+// Call this before writing, because the watchdog may have released the touchpad.
 bool PadInterception::stillHoldsPad() {
     if (!isForwarding()) {
         return false;
@@ -157,7 +156,7 @@ std::optional<PadInterception::Moment> PadInterception::nextLook() const {
     return isIntroducing() ? std::optional(introduction->nextLook()) : std::nullopt;
 }
 
-// Runs before the touchpad is neutral, so that programs open the clone meanwhile.
+// Called before the touchpad is neutral, so that programs have time to open the clone.
 void PadInterception::prepareClone() {
     leaveAt.reset();
     if (!writer.has_value()) {
@@ -249,7 +248,8 @@ void PadInterception::ungrabPad() {
     }
 }
 
-// The clone stays for a while, so that its readers can drain it and the filter can use it again.
+// Keeps the clone for a while, so that programs can read its last events and the filter can reuse
+// it.
 void PadInterception::leave() {
     if (isForwarding()) {
         clicks.watchdog().release(pad);

@@ -1,5 +1,5 @@
-// Forwards one touchpad while clicks are filtered: grabs it and writes its events to a clone,
-// without the button changes that the filter drops. While a dropped press is held, the clone
+// Forwards one touchpad while clicks are filtered: grabs the touchpad and writes its events to a
+// clone, except the button changes that the filter drops. While a dropped press is held, the clone
 // reports the fingers as palms.
 //
 //   passing ──wanted──▶ introducing ──ready, neutral──▶ forwarding ──neutral──▶ leaving ──▶ passing
@@ -10,20 +10,20 @@
 //
 // neutral: no finger is down and no key is pressed. ready: see CloneIntroduction.
 //
-// A touch belongs to the programs that saw its beginning. Other programs saw a touch that began
-// before the grab took effect, so the touchpad is given back until that touch is over. A later
-// touch is forwarded. A touch that began just before the touchpad was given back is forwarded too:
-// the driver grabs the touchpad again.
+// A program that received the beginning of a touch must also receive the rest of it. If a touch
+// began before the grab took effect, the driver releases the touchpad until that touch has ended.
+// If a touch began just before the touchpad was released, the driver grabs the touchpad again and
+// forwards the touch.
 //
-// While it leaves, the clone is silent: a program may not have read its last events yet, and the
-// kernel discards the events of a removed device.
+// A clone in the state "leaving" sends no events. It exists for another second, because the kernel
+// discards unread events when a device is removed.
 //
 // Thread:  under the driver's lock. add(), endFrame(), settle() and lose() on the reader's thread.
 // Owner:   PadConnection, beside the pad.
-// Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If the
-//          clone fails or no program opens it, the driver retries when the filter is switched on
-//          again. It also retries at a neutral moment ten seconds later; each failure doubles that
-//          pause. If the grab fails, the driver retries at the next neutral moment.
+// Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If
+//          creating the clone fails or no program opens it, the driver retries when the filter is
+//          switched on again. It also retries at a neutral moment ten seconds later; each failure
+//          doubles that delay. If the grab fails, the driver retries at the next neutral moment.
 #pragma once
 
 #include "drivers/evdev/click_interception.h"
@@ -43,9 +43,9 @@ class PadInterception {
 public:
     using Moment = ClickInterception::Moment;
 
-    // How long an unwanted clone stays for its readers.
+    // How long an unused clone exists, so that programs can read its last events.
     static constexpr std::chrono::seconds cloneRetention{1};
-    // The delay before a touchpad is cloned again; it doubles each time.
+    // The delay before the driver creates another clone after a failure. Each failure doubles it.
     static constexpr std::chrono::seconds firstPause{10};
     static constexpr std::chrono::seconds maxPause{600};
 
@@ -61,23 +61,24 @@ public:
     // the driver and stop this touchpad.
     void endFrame(double time);
 
-    // Called when all pending events are read: grabs the touchpad or gives it back, if that is due.
+    // Call this when all pending events have been read. Grabs or releases the touchpad if
+    // necessary.
     void settle();
 
-    // When settle() must be called even without an event of the touchpad.
+    // Returns when settle() must be called even if the touchpad sends no event.
     std::optional<Moment> nextLook() const;
 
-    // The clone is new: call settle() when the progress of clones changes.
+    // Returns whether the clone is new. If so, call settle() when the clone watch reports a change.
     bool isIntroducing() const { return introduction.has_value(); }
 
-    // Why the touchpad is not grabbed although it should be, for a log; null if nothing prevents
-    // it.
+    // Returns the reason why the touchpad is not grabbed although it should be, for a log. Returns
+    // null without such a reason.
     const char* obstacle() const { return isIntroducing() ? driver::cloneIsNew : reason; }
 
-    // Gives the touchpad back for good, even while a finger touches it.
+    // Permanently releases the touchpad, even while a finger touches it.
     void end();
 
-    // Like end(), for a touchpad that is gone. Its buttons are up.
+    // Like end(), for a touchpad that is gone. Its buttons count as released.
     void lose();
 
     bool isTouched() const { return isForwarding() && !source.isNeutral(); }
@@ -110,7 +111,7 @@ private:
     std::optional<CloneWriter> writer; // exists before the touchpad is grabbed
     std::optional<CloneIntroduction> introduction;
     std::optional<double> grabbedAt;
-    std::optional<double> givenBackAt; // no other program received older events
+    std::optional<double> givenBackAt; // no other program received earlier events
     std::optional<Moment> leaveAt;     // when to remove the clone
     bool ended = false;
 

@@ -1,6 +1,6 @@
-// The state that the kernel holds for a touchpad: the values of its axes, slot by slot, and the
-// pressed keys. A forwarded touchpad needs two, one for the touchpad and one for its clone, because
-// the kernel reports and accepts only changes.
+// The kernel's state of a touchpad: the values of its axes, slot by slot, and the pressed keys. A
+// forwarded touchpad needs two such states, for itself and for its clone, because the kernel
+// reports and accepts only changes.
 //
 // Units:   the device's own.
 // Thread:  one.
@@ -22,7 +22,7 @@ namespace glidemap {
 
 class PadState {
 public:
-    // The range of the axes that each slot has. The tracking id is one of them.
+    // The range of the axes that each slot has, including the tracking id.
     static constexpr std::uint16_t firstSlotAxis = ABS_MT_TOUCH_MAJOR;
     static constexpr std::uint16_t lastSlotAxis = ABS_MT_TOOL_Y;
     static constexpr bool isSlotAxis(std::uint16_t code) {

@@ -21,7 +21,8 @@ namespace {
 
 constexpr std::array<int, 3> stops{SIGTSTP, SIGTTIN, SIGTTOU};
 
-// The pipe to which the handler, which may interrupt any code, writes the signal's number.
+// The write end of the pipe. The signal handler writes the signal's number to it, and may interrupt
+// any code.
 std::atomic<int> signalEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -44,8 +45,8 @@ bool isUnhandled(int signal) {
     return sigaction(signal, nullptr, &now) == 0 && now.sa_handler == SIG_DFL;
 }
 
-// Returns when the process continues. Returns at once if the kernel does not stop the process,
-// because no shell could continue it.
+// Stops the process with the signal's default action. Returns when the process continues, or
+// immediately if the kernel does not stop the process because no shell could continue it.
 void stopBy(int signal) {
     struct sigaction action = {};
     action.sa_handler = SIG_DFL;
@@ -59,7 +60,7 @@ void stopBy(int signal) {
     handle(signal);
 }
 
-// Several signals that arrive before the process is stopped stop it once.
+// Several signals that arrive before the process is stopped count as one.
 void run(const OpenFile& readEnd, const std::function<void()>& giveBack,
          const std::function<void()>& grabAgain) {
     pthread_setname_np(pthread_self(), "glidemap-stop");

@@ -4,18 +4,18 @@
 //
 //   handler ─▶ a pipe ─▶ thread: gives back ─▶ the signal's default action … SIGCONT ─▶ goes on
 //
-// SIGSTOP cannot be caught. A signal that the program ignores or handles itself stays as it is.
+// SIGSTOP cannot be caught. A signal that the program ignores or handles itself is not changed.
 //
-// Thread:  its own, which sleeps until such a signal arrives; the other threads may hang.
-// Owner:   the process, once: a handler may run until the process ends.
-// Errors:  if the pipe or the thread fails, the signals stop the process at once.
+// Thread:  its own, which sleeps until such a signal arrives. It also works if other threads hang.
+// Owner:   the process, once, because a handler may run until the process ends.
+// Errors:  if the pipe or the thread cannot be created, the signals stop the process at once.
 #pragma once
 
 #include <functional>
 
 namespace glidemap {
 
-// Idempotent. Both callbacks run on the thread, `grabAgain` when the process continues.
+// Idempotent. Both callbacks run on that thread, `grabAgain` when the process continues.
 void watchStopSignals(std::function<void()> giveBack, std::function<void()> grabAgain);
 
 } // namespace glidemap

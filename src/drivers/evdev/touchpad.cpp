@@ -57,8 +57,8 @@ std::unique_ptr<PadConnection> Touchpad::stop() {
     return std::move(connection);
 }
 
-// A callback may stop this touchpad and even start it again. The connection then differs from the
-// one that is being read, and reading ends.
+// A callback may stop this touchpad and even start it again. In both cases the connection changes,
+// and reading ends.
 void Touchpad::read(const driver::ButtonCallback& buttonCallback) {
     PadConnection* const reading = connection.get();
     reading->fresh = false;

@@ -1,13 +1,13 @@
-// One device record: a touchpad that was present when the list was made. The record stays while the
-// touchpad is unplugged and reports again after its return.
+// One touchpad of the driver's list. The object stays while the touchpad is unplugged, and reports
+// again after the touchpad has returned.
 //
 //   idle ──start──▶ connected ──unplugged──▶ waiting ──returned──▶ connected …
 //     ▲                         access lost             access given
 //     ▲─────────────── stop ─────────────────────┘
 //
 // Thread:  under the driver's lock; read() on the reader's thread.
-// Owner:   TouchpadDriver, for the life of the process: the record's address is the device.
-// Errors:  none; the driver waits for a touchpad that cannot be opened.
+// Owner:   TouchpadDriver, for the life of the process. The object's address is the device handle.
+// Errors:  none; if the touchpad cannot be opened, the driver waits for it.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -36,8 +36,8 @@ struct PadConnection {
     std::unique_ptr<OpenPad> pad;
     ContactAssembler assembler;
     PadInterception interception;
-    // The first read must not wait for poll(): the initial state does not make the descriptor
-    // readable.
+    // True until the first read, which must not wait for poll(), because the initial state does not
+    // make the descriptor readable.
     bool fresh = true;
     bool mayBeRead = true; // false once this user has lost access to the node
 };
@@ -55,11 +55,11 @@ public:
     PadConnection* connected() const { return connection.get(); }
     bool isOpenAt(const std::string& otherNode) const;
 
-    // When the forwarding next needs the reader; nullopt if not at all, or without a connection.
+    // Returns when the forwarding next needs the reader, or nullopt if it does not.
     std::optional<ClickInterception::Moment> nextLook() const;
     bool isForwardedAndTouched() const;
 
-    // The node at which the touchpad was last seen; empty if it was never seen.
+    // Returns the node at which the touchpad was last seen. Empty if it was never seen.
     const std::string& lastNode() const { return node; }
     void setLastNode(const std::string& newNode) { node = newNode; }
 
@@ -69,20 +69,20 @@ public:
     void start();
     void connect(std::unique_ptr<PadConnection> newConnection);
 
-    // A connected touchpad that failed to read is not retried until this call, because constant
-    // retries would keep the machine busy.
+    // After a read error, the touchpad is not read again until this call, because constant retries
+    // would keep the machine busy.
     void allowRetry() { broken = false; }
 
-    // Gives the touchpad back before it returns. The caller receives the connection, because the
-    // reader may be using it.
+    // Releases the touchpad and returns its connection. The caller must keep the connection,
+    // because the reader may be using it.
     std::unique_ptr<PadConnection> stop();
 
     // Reports all pending events, until a callback stops this touchpad or the touchpad is lost.
     // Requires a connection.
     void read(const driver::ButtonCallback& buttonCallback);
 
-    // Closes the touchpad, which this user may not read any more, as if it were unplugged. Needs a
-    // connection.
+    // Closes the touchpad as if it were unplugged, because this user may not read it any more.
+    // Requires a connection.
     void withdraw(const driver::ButtonCallback& buttonCallback);
 
 private:

@@ -80,7 +80,7 @@ Touchpad& TouchpadDriver::recordFor(const PadCandidate& candidate,
     return *touchpads.back();
 }
 
-// A descriptor outlives the rights to its node. The reader closes it.
+// A descriptor stays readable when the user loses access to the node, so the reader must close it.
 void TouchpadDriver::noteAccess(const PadCandidate& candidate) {
     for (const auto& touchpad : touchpads) {
         if (touchpad->isOpenAt(candidate.node) &&
@@ -152,7 +152,7 @@ void TouchpadDriver::resume() {
     clicks.watchdog().resume();
 }
 
-// Opens the touchpad before it returns, so that all later touches are reported.
+// Opens the touchpad synchronously, so that all later touches are reported.
 void TouchpadDriver::start(driver::Device device) {
     const Lock lock(mutex);
     Touchpad* touchpad = find(device);
@@ -161,7 +161,7 @@ void TouchpadDriver::start(driver::Device device) {
     }
     touchpad->start();
     connect(*touchpad);
-    clicks.watchdog().progress(); // the reader may wait while several touchpads are opened
+    clicks.watchdog().progress(); // opening several touchpads may delay the reader
     mustSearch = true; // to read its current contacts, or to reopen it if it has returned
     launchReader();
     wakeReader();
@@ -269,7 +269,7 @@ void TouchpadDriver::runReader() {
     }
 }
 
-// Uses a deadline only while a clone is new or about to be removed.
+// Waits with a time-out only while a clone is new or about to be removed.
 void TouchpadDriver::waitForWork() {
     timespec left{};
     if (wakeAt.has_value()) {
@@ -286,7 +286,7 @@ void TouchpadDriver::serve() {
     readReady();
     const bool stalled = clicks.noticeStall();
     if (clicks.takeChange() || stalled) {
-        readConnected(); // grabs the touchpads or gives them back
+        readConnected(); // grabs or releases the touchpads
     } else {
         readDue();
     }
@@ -300,7 +300,7 @@ void TouchpadDriver::serve() {
     updateWatch();
 }
 
-// Access may have been restored by now, so the driver searches for all touchpads again.
+// Search for all touchpads afterwards, because access may have been restored in the meantime.
 void TouchpadDriver::withdrawUnreadable() {
     // NOLINTNEXTLINE(modernize-loop-convert): a callback may add touchpads
     for (std::size_t index = 0; index < touchpads.size(); ++index) {
@@ -312,8 +312,8 @@ void TouchpadDriver::withdrawUnreadable() {
     }
 }
 
-// Reads the descriptors that poll() found ready. A touchpad that was opened again since then may be
-// read in any case.
+// Reads the descriptors that poll() reported as ready. Reading a touchpad that was reopened since
+// then is harmless.
 void TouchpadDriver::readReady() {
     for (std::size_t index = 0; index < descriptors.size(); ++index) {
         if (!isReady(descriptors[index])) {

@@ -1,4 +1,4 @@
-// All touchpads and the one thread that reads them.
+// Owns all touchpads and the thread that reads them.
 //
 //   caller                                 reader thread (while a touchpad is started)
 //   createList  ─ finds the touchpads      sleeps until a touchpad has events, a missing one may
@@ -6,15 +6,15 @@
 //                                          └▶ contact callback, button callback, click filter,
 //                                             then the touchpad's clone is written
 //
-// Only while a touchpad is missing, the reader also watches for its return. While a clone is new,
-// and for a second after it was last wanted, the reader also wakes for that clone.
+// While a touchpad is missing, the reader also watches for its return. While a clone is new, and
+// for a second after its last use, the reader also wakes for that clone.
 //
 // Thread:  any; the public functions may be called from within a callback. On other threads they
 //          wait for a callback that is running on the reader's thread, so that no callback starts
 //          after stop() has returned. start() and stop() must not overlap on two threads.
 // Owner:   the process.
-// Errors:  a touchpad that cannot be opened is not in the list; once started, the driver waits for
-//          it.
+// Errors:  a touchpad that cannot be opened is not in the list. If a started touchpad cannot be
+//          opened, the driver waits for it.
 #pragma once
 
 #include "core/open_file.h"
@@ -47,16 +47,17 @@ public:
     // Stops every touchpad. Must not be called from within a callback.
     ~TouchpadDriver();
 
-    // The touchpads that are connected and readable. A touchpad is the same device in every list.
-    // If a started touchpad is not readable any more, the driver gives it back and waits for it.
+    // Returns the connected touchpads that this user may read. A touchpad has the same handle in
+    // every list. If a started touchpad is not readable any more, the driver releases it and waits
+    // for it.
     std::vector<driver::Device> createList();
     std::int32_t unreadableCount() const;
 
     // Returns null if the device does not exist.
     const char* name(driver::Device device) const;
 
-    // Returns why the touchpad's clicks are not filtered although the filter is on; null if nothing
-    // prevents it.
+    // Returns the reason why the touchpad's clicks are not filtered although the filter is on, or
+    // null without such a reason.
     const char* filterObstacle(driver::Device device) const;
 
     void addCallback(driver::Device device, driver::ContactCallback callback);
@@ -64,16 +65,17 @@ public:
     void setButtonCallback(driver::ButtonCallback callback);
     void setClickFilter(driver::FilterClick filter, void* context);
     void switchClickFilter(bool on);
-    // The process is about to be stopped. Gives back all touchpads at once, even if another thread
-    // hangs. When the process continues, the state is that after a stall: the filter may switch
-    // itself on again.
+    // Call this before the process is stopped. Releases all touchpads at once, even if another
+    // thread hangs. After the process continues, the state is the same as after a stall: the
+    // filter's function may switch it on again.
     void pause();
     void resume();
     void start(driver::Device device);
     void stop(driver::Device device);
 
 private:
-    // Recursive, because the reader holds it while it reports and a callback may call the driver.
+    // Recursive, because the reader holds the lock while it reports, and a callback may call the
+    // driver.
     using Lock = std::unique_lock<std::recursive_mutex>;
 
     Touchpad* find(driver::Device device) const;
@@ -106,7 +108,7 @@ private:
     const OpenFile wakeUp;
 
     mutable std::recursive_mutex mutex;
-    ClickInterception clicks; // before the touchpads, which use it
+    ClickInterception clicks; // declared before the touchpads, because they use it
     std::vector<std::unique_ptr<Touchpad>> touchpads;
     std::int32_t unreadable = 0;
     driver::ButtonCallback buttonCallback = nullptr;

@@ -1,5 +1,5 @@
-// Decides which devices are touchpads, by the udev properties that the access rule in
-// packaging/udev uses. The driver neither opens nor grabs a node that a touchpad shares with a
+// Decides which devices are touchpads, by the same udev properties as the access rule in
+// packaging/udev. The driver neither opens nor grabs a node that combines a touchpad with a
 // keyboard, because it could then read the keys.
 //
 // Thread:  any, one at a time for a device.

@@ -74,17 +74,16 @@ void UdevCloneWatch::readNodeChanges() {
     }
 }
 
-// The kernel merges equal notifications that follow each other in the queue. If two programs close
-// a node at the same time, the folder's watch would count only one of them, and the other would
-// seem to be still reading. A second watch on the node itself puts a notification between the two.
-// Only a user who may read the node may watch it, so the driver retries when the node's rights
-// change.
+// The kernel merges equal consecutive notifications. If two programs close a node at the same time,
+// the folder's watch alone would count one close, and the node would seem to be open still. A
+// second watch, on the node itself, inserts a different notification between the two. It requires
+// permission to read the node, so the driver retries when the node's permissions change.
 void UdevCloneWatch::separateNotifications(const std::string& name) {
     inotify_add_watch(nodeChanges.descriptor(), (std::string(nodeFolder) + "/" + name).c_str(),
                       openAndClose);
 }
 
-// The node's own notifications have no name.
+// Notifications of a node's own watch have no name.
 void UdevCloneWatch::note(const inotify_event& change) {
     if ((change.mask & IN_Q_OVERFLOW) != 0) {
         seesOpening = false;

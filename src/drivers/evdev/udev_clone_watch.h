@@ -1,13 +1,13 @@
-// Follows what udev and other programs do with clones. udev's messages report that it has
-// initialised a clone, and inotify on /dev/input reports that a program opens or closes its node.
-// The kernel sends these changes to every user who may list the folder, without the program's
-// identity.
+// Watches whether udev announces clones and whether programs open them. udev's messages report
+// initialised clones, and inotify on /dev/input reports when a program opens or closes a node. The
+// kernel sends these notifications, without the program's identity, to every user who may list the
+// folder.
 //
-// udev's older records are not read: the number may have belonged to another device, whose record
-// udev has not removed yet.
+// udev's database is not read: it may still contain the record of a removed device with the clone's
+// number.
 //
 // Thread:  the reader's.
-// Errors:  none; if the folder cannot be watched, it is unknown whether a clone is open.
+// Errors:  none; if the folder cannot be watched, CloneStanding::isOpen is unknown.
 #pragma once
 
 #include "core/open_file.h"
@@ -43,7 +43,7 @@ private:
     bool seesOpening = false;
 
     std::set<std::string> announced;  // sysfs paths of the nodes
-    std::map<std::string, int> opens; // by node name: the number of times that it is open
+    std::map<std::string, int> opens; // by node name: the number of open descriptors
 };
 
 } // namespace glidemap

@@ -58,10 +58,10 @@ std::optional<NumberedCandidate> candidate(udev_device* event) {
 
 constexpr const char* nodeFolder = "/dev/input";
 
-// Becomes readable when a touchpad may have returned: udev has initialised an input device, or a
-// node's access rights have changed. The rights may change long after the node appears: the seated
-// user gets access later, and a switch of session changes only the rights. A source that cannot be
-// watched is ignored. Used on the reader's thread.
+// Becomes readable when a touchpad may have returned: udev has initialised an input device, or the
+// permissions of a node have changed. Permissions may change long after the node appears: the user
+// of the seat gets access later, and a switch of sessions changes only permissions. A source that
+// cannot be watched is ignored. Used on the reader's thread.
 class UdevWatch : public ReturnWatch {
 public:
     UdevWatch();
@@ -89,7 +89,7 @@ UdevWatch::UdevWatch() : context(udev_new()), nodeChanges(inotify_init1(IN_NONBL
 }
 
 // /dev/input disappears with its last node and reappears with its first, so the watch is added each
-// time. If the folder is already watched, this has no effect.
+// time. This has no effect if the folder is already watched.
 void UdevWatch::watchNodes() {
     if (nodeChanges) {
         inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_CREATE | IN_ONLYDIR);

@@ -1,4 +1,4 @@
-// Finds touchpads through udev and sysfs, which every user may read, without opening a touchpad.
+// Finds touchpads through udev and sysfs, which every user may read, without opening a device.
 //
 // Thread:  one at a time.
 // Errors:  none; without udev there are no touchpads.

@@ -1,4 +1,4 @@
-// Owners of libudev's reference-counted objects.
+// Owning pointers for libudev's reference-counted objects.
 #pragma once
 
 #include <libudev.h>

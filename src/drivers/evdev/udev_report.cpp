@@ -33,7 +33,7 @@ std::string access(const char* node, int mode, const std::string& verb) {
     std::array<char, 16> octal{};
     std::snprintf(octal.data(), octal.size(), "%04o",
                   static_cast<unsigned>(status.st_mode & 07777));
-    const group* owners = getgrgid(status.st_gid); // NOLINT(concurrency-mt-unsafe): one caller
+    const group* owners = getgrgid(status.st_gid); // NOLINT(concurrency-mt-unsafe): one thread
     std::string text = "this user may not ";
     text.append(verb).append(" it (mode ").append(octal.data()).append(", group ");
     text.append(owners != nullptr ? owners->gr_name : "unknown").append(")");

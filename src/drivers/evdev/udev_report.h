@@ -1,5 +1,5 @@
-// Describes the devices that resemble touchpads, as udev knows them, in human-readable lines. The
-// lines omit serial numbers and addresses, because users publish them.
+// Describes the devices that resemble touchpads in human-readable lines, from udev's data. Omits
+// serial numbers and addresses, because users publish these lines.
 //
 // Thread:  any. Opens no device except uinput, for writing, and creates no device.
 // Errors:  reported as a line.

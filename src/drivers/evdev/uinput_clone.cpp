@@ -68,18 +68,18 @@ UdevHandle<udev_device> udevDeviceOf(udev* context, const libevdev* source) {
     return UdevHandle<udev_device>(udev_device_new_from_devnum(context, 'c', status.st_rdev));
 }
 
-// udev assigns every device of uinput to the first seat.
+// udev assigns every uinput device to the first seat.
 bool isOnFirstSeat(udev_device* device) {
     const char* seat =
         device != nullptr ? udev_device_get_property_value(device, "ID_SEAT") : nullptr;
     return seat == nullptr || std::string_view(seat) == "seat0";
 }
 
-// The fuzz value of the axis. The kernel filters a device's events by it, and it has already
-// filtered the source's. Filtering again would thin out the motion, so the clone has no fuzz. Where
-// libinput's udev rules are installed, libinput filters every device itself, and a udev property
-// holds the kernel's original value. The clone then starts with that value, so that libinput
-// filters it in the same way.
+// Returns the fuzz of the clone's axis. The kernel filters a device's events by their fuzz and has
+// already filtered the source's events. Filtering them again would thin out the motion, so the
+// clone usually has no fuzz. Where libinput's udev rules are installed, libinput itself filters the
+// events, and a udev property holds the original fuzz. The clone then gets that fuzz, so that
+// libinput filters its events in the same way.
 std::int32_t fuzzOf(udev_device* device, unsigned code) {
     std::array<char, 32> property{};
     std::snprintf(property.data(), property.size(), "LIBINPUT_FUZZ_%02x", code);
@@ -153,8 +153,8 @@ bool declare(int file, const libevdev* source, udev_device* device) {
            declareProperties(file, source) && declareIdentity(file, source);
 }
 
-// Keeps the time of the source's event, which the kernel passes on to the clone's readers. If the
-// time is 0, the kernel stamps the event.
+// Keeps the event's time, which the kernel passes on to the clone's readers. If the time is 0, the
+// kernel sets it.
 input_event kernelEvent(const InputEvent& event) {
     constexpr long long microseconds = 1000000;
     const long long time = std::llround(event.time * 1e6);
@@ -197,7 +197,7 @@ UinputClone::~UinputClone() {
     destroy();
 }
 
-// The node exists as soon as the device does. If the kernel has no free number, it never exists.
+// The node exists as soon as the device does, unless the kernel has no free number for it.
 std::string UinputClone::place() const {
     std::array<char, 64> name{};
     if (ioctl(file.descriptor(), UI_GET_SYSNAME(name.size() - 1), name.data()) < 0) {
@@ -214,7 +214,7 @@ std::string UinputClone::place() const {
     return {};
 }
 
-// One write for the whole frame, so that readers never see half of it.
+// Writes the whole frame at once, so that readers never see half of it.
 bool UinputClone::write(std::span<const InputEvent> frame) {
     buffer.clear();
     for (const InputEvent& event : frame) {

@@ -1,9 +1,9 @@
-// A uinput copy of a touchpad with the same identity, name, properties, keys and axes. It differs
-// in its physical path and in that it can always report palms.
+// A uinput copy of a touchpad with the same identity, name, properties, keys and axes. It has a
+// different physical path, and it can always report palms.
 //
 // Thread:  as PadClone.
-// Errors:  as values; null if this user may not create devices. Also null for a touchpad of another
-//          seat than the first, because udev assigns every clone to the first.
+// Errors:  returned as values. make() returns null if this user may not create devices, or if the
+//          touchpad is not on the first seat, because udev assigns every clone to the first seat.
 #pragma once
 
 #include "core/open_file.h"

@@ -21,12 +21,12 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// An ordinary interval between two reports of a pad. Fingers that a recording leaves on the pad are
-// lifted after it.
+// A typical interval between two reports of a pad. Fingers that are still down at the end of a
+// recording are lifted after this interval.
 constexpr double reportInterval = 0.008;
 
-// Longer than the longest wait for a gesture's second half. So the end of a pass and the beginning
-// of the next do not form one gesture.
+// Longer than the maximum wait for the second half of a gesture, so that the end of one pass and
+// the beginning of the next do not form a gesture.
 constexpr double pauseBetweenPasses = 1;
 
 // A recording may contain any times. This bound is longer than any real recording, and the clock
@@ -83,7 +83,7 @@ private:
 
     PlayingDevice& device;
     const Clock::time_point startTime = Clock::now();
-    double elapsed = 0; // since the start, of the next record
+    double elapsed = 0; // time of the next record, since the start
     bool isTouching = false;
     std::vector<std::int32_t> heldButtons;
     std::vector<MTTouch> touches;

@@ -5,7 +5,7 @@
 //
 // Units:   timestamps are seconds of the steady clock: the start of playing plus the time since the
 //          first record. They never go backwards, even if the recording's do.
-// Thread:  its own for each start(); callbacks are called on it.
+// Thread:  one for each start(), on which the callbacks are called.
 // Errors:  none.
 #pragma once
 
@@ -26,8 +26,8 @@ class PlayingDevice : public ReplayDevice {
 public:
     PlayingDevice(std::vector<Record> records, Repetition repetition);
 
-    // Plays from the first record. Does nothing while it plays, or if it has played to the end and
-    // was not stopped.
+    // Plays from the first record. Does nothing while the device plays, or after it has played to
+    // the end, until it is stopped.
     void start() override;
     void stop() override;
 
@@ -39,9 +39,9 @@ private:
     std::shared_ptr<Run> current; // guarded by the gate; null while stopped
 };
 
-// The device that the environment selects: GLIDEMAP_RECORDING names the recording,
-// GLIDEMAP_RECORDING_LOOP=1 repeats it. A recording is played only if all of it can be read.
-// Otherwise writes the problem to standard error and returns null. Main thread.
+// Creates the device that the environment selects: GLIDEMAP_RECORDING names the recording,
+// GLIDEMAP_RECORDING_LOOP=1 repeats it. If any part of the recording cannot be read, writes the
+// problem to standard error and returns null. Call it on the main thread.
 std::unique_ptr<ReplayDevice> deviceFromEnvironment();
 
 } // namespace glidemap::replay

@@ -1,5 +1,5 @@
-// A device of the replay driver. Its reports and buttons reach the program through its gate, one at
-// a time.
+// A device of the replay driver. Delivers its reports and buttons one at a time, while it holds a
+// lock (the gate).
 //
 // Thread:  start() and stop() on any thread, also from within a callback; reports arrive on one
 //          thread at a time. The gate's lock is held during a callback, so stop() waits for a
@@ -31,8 +31,7 @@ public:
 
     virtual void start() = 0;
 
-    // Once this has returned, no callback is called any more, unless the call came from within a
-    // callback.
+    // After this has returned, no callback is called, unless the call came from within a callback.
     virtual void stop() = 0;
 
 protected:
@@ -41,7 +40,7 @@ protected:
 
     Gate closeGate() { return Gate(mutex); }
 
-    // Both require the closed gate.
+    // The caller of these functions must hold the gate.
     void report(const MTTouch* records, std::int32_t count, double timestamp);
     void reportButton(std::int32_t button, bool down, double timestamp);
 

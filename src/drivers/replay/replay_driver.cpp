@@ -17,7 +17,8 @@ using replay::ReplayDevice;
 
 using List = std::vector<std::unique_ptr<ReplayDevice>>;
 
-// A device without a recording: the caller pushes its reports, on its own thread, and keeps the time.
+// A device without a recording. The caller pushes its reports, on its own thread, and determines
+// their times.
 class PushedDevice : public ReplayDevice {
 public:
     void start() override {
@@ -50,7 +51,7 @@ std::vector<std::unique_ptr<List>>& lists() {
 
 bool pushingEnabled = false;
 
-std::atomic<PushedDevice*> pushedDevice = nullptr; // of the newest list
+std::atomic<PushedDevice*> pushedDevice = nullptr; // the device in the newest list
 
 std::unique_ptr<ReplayDevice> makeDevice() {
     if (!pushingEnabled) {
