@@ -1,4 +1,4 @@
-// Tests the Debian package on a virtual machine: it installs as usual, its programs work from their
+// Tests the Debian package on a virtual machine: dpkg installs it, its programs run from their
 // installed locations, and its removal leaves no file.
 
 #include "input_devices.h"
@@ -40,8 +40,8 @@ fs::path package() {
     return found;
 }
 
-// Skips the triggers of the desktop's databases, which are slow and not ours to test. There is no
-// time limit other than the virtual machine's own.
+// Skips triggers for the desktop's databases, which are slow and belong to other packages. There is
+// no time limit other than the virtual machine's.
 void dpkg(const std::string& arguments) {
     const std::string command = "dpkg --no-triggers " + arguments + " >/dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0) << command;
@@ -57,7 +57,7 @@ bool isForTheSeat(const fs::path& node) {
     return udevProperty(node, "CURRENT_TAGS").value_or("").find(":uaccess:") != std::string::npos;
 }
 
-// The target of a file in the list of installed files, as "644 bin/glidemap".
+// Returns the targets in the list of installed files, whose lines are like "644 bin/glidemap".
 std::vector<fs::path> filesOfThePackage() {
     std::vector<fs::path> files;
     std::ifstream list(GLIDEMAP_INSTALLED_FILES);
@@ -68,7 +68,7 @@ std::vector<fs::path> filesOfThePackage() {
     return files;
 }
 
-// A home folder for a program that runs as the user nobody.
+// A home folder for a program that runs as the user `nobody`.
 class Home {
 public:
     Home() {
@@ -98,7 +98,7 @@ void handOver(const fs::path& node) {
     ASSERT_EQ(chown(node.c_str(), nobody, nobody), 0);
 }
 
-// Installs the package once for all tests that only use it.
+// Installs the package once for all tests that need an installation.
 void needInstallation() {
     if (!fs::exists("/usr/bin/glidemap")) {
         install();
@@ -140,7 +140,8 @@ TEST(InstalledPackage, ProgramRunsUntilItsTerminationSignal) {
     handOver(pad.node());
     handOver(uinput);
     Process program({"/usr/bin/glidemap"}, Process::User::nobody);
-    // The first window on a new machine indexes every font, which is slow in this kernel.
+    // The first window on a new machine makes fontconfig index every font, which is slow in this
+    // kernel.
     EXPECT_TRUE(program.waitUntilReading(pad.node(), std::chrono::seconds(90)));
     program.send(SIGTERM);
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();

@@ -1,4 +1,4 @@
-// Reads every evemu recording of a collection from real touchpads. Compares the result with a much
+// Reads every evemu recording in a collection from real touchpads. Compares the result with a much
 // simpler count of tracking ids and positions, taken directly from the text.
 #include "read_records.h"
 #include "recording/recording_reader.h"
@@ -36,7 +36,7 @@ std::vector<path> collectedRecordings() {
     return result;
 }
 
-// Devices that predate slots, in files that describe them.
+// Recordings of devices without slots, with their descriptions.
 const std::set<std::string> withoutSlots = {
     "AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events",
     "AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events",
@@ -44,14 +44,14 @@ const std::set<std::string> withoutSlots = {
     "bcm5974.three-finger-click.events",
 };
 
-// Counts from the text without interpreting the slots.
+// Counts in the recording's text, without interpreting the slots.
 struct Oracle {
-    int landings = 0;      // tracking ids that appear
+    int landings = 0;      // tracking ids in the text
     int frames = 0;        // SYN_REPORT events
     int buttonChanges = 0; // of the left, right and middle button
     double firstTime = -1;
     double lastTime = 0;
-    std::size_t maxFingers = 0; // the maximum of down slots and the pad's own finger count
+    std::size_t maxFingers = 0; // the larger of the occupied slots and the touchpad's finger count
 };
 
 Oracle countEvents(const path& file) {
@@ -93,7 +93,7 @@ struct Seen {
     int reports = 0;
     int buttonChanges = 0;
     std::size_t maxFingers = 0;
-    double smallest = 1; // of all positions
+    double smallest = 1; // the minimum over all coordinates
     double largest = 0;
     bool landsBeforeItTouches = true;
     bool timesRise = true;

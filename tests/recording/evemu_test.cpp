@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A pad of 100 by 100 units and five slots.
+// Describes a touchpad of 100 by 100 units with five slots.
 const std::string head = "# EVEMU 1.3\n"
                          "N: A # pad\n"
                          "I: 0018 4744 0001 0100\n"
@@ -36,7 +36,7 @@ const std::string down = "E: 0.500000 0003 0039 0007\n"
 const std::string up = "E: 0.508000 0003 0039 -001\n"
                        "E: 0.508000 0000 0000 0000\n";
 
-// `recording` is read as a file with that name; `descriptions` are files beside it.
+// Reads `recording` from a file with the given name. `descriptions` are files in the same folder.
 ReadRecording readBeside(const std::string& name, const std::string& recording,
                          const std::vector<std::pair<std::string, std::string>>& descriptions) {
     const TemporaryFolder folder;
@@ -99,7 +99,8 @@ TEST(Evemu, WithoutEventsIsAnEmptyRecording) {
 
 TEST(Evemu, SupportsPadsThatReportABoundingBox) {
     const std::string semi = "N: pad\nP: 09 00\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
-    // The second finger is only counted by the pad: with complete contacts it would not exist.
+    // The touchpad only counts the second finger, so a touchpad with complete contacts would not
+    // report it.
     const std::string counted = "E: 0.5 3 39 7\nE: 0.5 1 14d 1\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(semi + counted).records,
                 ElementsAre(testing::AllOf(HasSubstr("1@"), HasSubstr(", 2@"))));

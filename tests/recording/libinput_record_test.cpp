@@ -49,7 +49,7 @@ std::string device(const std::string& name, const std::string& udevProperty,
 
 const std::string touchpadProperty = "ID_INPUT_TOUCHPAD=1";
 
-// One contact lands at this position.
+// Returns the events of one contact that lands at this position.
 std::string landing(int x) {
     return "  # Current time is 03:59:25\n"
            "  - evdev:\n"
@@ -83,7 +83,7 @@ TEST(LibinputRecord, IsReadAsTheTouchpadReportedIt) {
                                                "12.508: button 0 down"));
 }
 
-// The same touch was played into the kernel from one file and recorded into the other.
+// The first file was played into the kernel, and libinput recorded the second file from that touch.
 TEST(LibinputRecord, EqualsTheEvemuRecordingOfTheSameTouch) {
     const std::filesystem::path data = GLIDEMAP_TEST_DATA;
     const auto evemu = readRecordFile(data / "two_fingers.swipe_with_click.events");
@@ -152,7 +152,7 @@ TEST(LibinputRecord, OfATouchpadWithoutSlotsIsRejected) {
         "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
 }
 
-// A recording of an idle pad consists mostly of comments with the time of day.
+// A recording of an idle touchpad consists mostly of comments with the time of day.
 TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
     const ReadRecording recording = readRecords(
         head + device("pad", touchpadProperty,
@@ -161,7 +161,7 @@ TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
     EXPECT_EQ(recording.records.size(), 2U);
 }
 
-// Far more bytes than the limit without a complete value.
+// The events are far longer than the limit for a single value.
 TEST(LibinputRecord, MayHaveAnyNumberOfEvents) {
     std::string events = "  - evdev:\n";
     for (int index = 0; index < 10'000; ++index) {
@@ -254,14 +254,14 @@ TEST(LibinputRecord, MalformedHeadIsRejectedWithItsLocationAndReason) {
     }
 }
 
-// The parser buffers a whole scalar until its end.
+// The parser buffers a whole scalar, so its length needs a limit.
 TEST(LibinputRecord, StopsReadingAnEndlessScalar) {
     const ReadRecording recording = readRecords("version: 1\nx:\n" + lines(" a", 100'000));
     EXPECT_THAT(recording.error, testing::MatchesRegex("file:2[0-9]{4}: 64 KiB without a complete "
                                                        "value"));
 }
 
-// The elements of a list are processed one by one, however many there are.
+// The reader processes a list element by element, so its length needs no limit.
 TEST(LibinputRecord, ReadsAnUnterminatedListToItsEnd) {
     const ReadRecording recording = readRecords("version: 1\nx: [[\n" + lines("a,", 100'000));
     EXPECT_EQ(recording.error, "file:100003: not valid YAML: did not find expected node content");

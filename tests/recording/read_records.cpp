@@ -8,7 +8,7 @@ namespace glidemap::test {
 
 namespace {
 
-// Times of recordings may count from 1970, in microseconds.
+// Recordings may contain times since 1970, in microseconds.
 std::string number(double value) {
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%.16g", value);

@@ -1,4 +1,5 @@
-// Reads a whole recording and formats its records as short texts, which compare and print well.
+// Reads a whole recording and formats its records as short texts, which are easy to compare and
+// print.
 //
 //   "0.5: 1@0.25,0.75 state 4, 2@0.5,0.5 state 3"     a report of two contacts
 //   "0.5: nothing"                                    an empty report
@@ -17,7 +18,7 @@ namespace glidemap::test {
 struct ReadRecording {
     std::vector<std::string> records;
     std::string device;
-    std::string error; // empty: no error
+    std::string error; // empty without an error
 };
 
 ReadRecording readRecords(RecordingReader& reader);

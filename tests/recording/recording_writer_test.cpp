@@ -90,7 +90,7 @@ TEST(RecordingWriter, ReplacesInvalidUtf8) {
               "{\"t\":1.000000,\"frontmost\":{\"bundleID\":\"a\uFFFD\",\"name\":\"b\"}}\n");
 }
 
-// Every float reads back as the same float, at every magnitude.
+// Every float reads back unchanged, at every magnitude.
 TEST(RecordingWriter, PreservesPositionsExactly) {
     std::mt19937 random(7);
     std::uniform_int_distribution<std::uint32_t> bits;

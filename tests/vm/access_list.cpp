@@ -16,7 +16,7 @@ namespace {
 constexpr const char* attribute = "system.posix_acl_access";
 constexpr int readAndWrite = ACL_READ | ACL_WRITE;
 
-// The kernel's form: little-endian, and the entries in this order.
+// The format in which the kernel stores the list: little-endian, with the entries in this order.
 struct AccessList {
     posix_acl_xattr_header header;
     std::array<posix_acl_xattr_entry, 5> entries;

@@ -1,4 +1,4 @@
-// The access list of a device node, as logind changes it: the node's mode bits stay closed to
+// Changes the access list of a device node as logind does: the node's mode bits still exclude
 // others, and one more user may read and write.
 //
 // Thread:  any.

@@ -1,6 +1,6 @@
-// Access rights before and after the program that grants access, in a real kernel with udev. There
-// is no login in this kernel, so udev grants no access lists. The tests check which devices udev
-// tags for the user at the seat.
+// Tests access rights before and after the program that grants access has run, in a real kernel
+// with udev. This kernel has no login, so udev grants no access lists. The tests check which
+// devices udev tags for the seat's user.
 
 #include "ordinary_pad.h"
 #include "platform/linux/access/input_trust.h"
@@ -237,7 +237,7 @@ TEST_F(GrantAccessTest, ReplacesAnOlderVersionsRules) {
     EXPECT_EQ(contentsOf(rulesFile), contentsOf(GLIDEMAP_RULES));
 }
 
-// The rule as the package installs it.
+// Installs the rule as the package does.
 class PackageRule {
 public:
     PackageRule() {
@@ -295,7 +295,7 @@ TEST_F(GrantAccessTest, RefusesArguments) {
     EXPECT_FALSE(fs::exists(rulesFile));
 }
 
-// Mounts another file system over the rules' folder.
+// Mounts another file system over the folder of the rules.
 class OtherFileSystem {
 public:
     explicit OtherFileSystem(unsigned long flags, const char* options) {

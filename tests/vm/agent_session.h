@@ -1,5 +1,5 @@
-// The program without its interface, in its own home folder: fingers touch a virtual touchpad, and
-// its virtual keyboard emits keys.
+// Runs the program without its interface, in a separate home folder. Fingers touch a virtual
+// touchpad, and the program's virtual keyboard emits keys.
 //
 // Thread:  one.
 // Owner:   a test. The destructor kills an agent that still runs and removes the home folder.
@@ -31,7 +31,7 @@ public:
     ~AgentHome();
 
     void writeBindings(std::initializer_list<std::string> bindings) const;
-    void giveToNobody() const; // makes the user `nobody` the owner of its current files
+    void giveToNobody() const; // makes the user `nobody` the owner of all current files
     void writeDefaults(const std::string& lines) const; // in the settings file's general section
     std::filesystem::path bindingsFile() const { return data / "Glidemap" / "bindings.json"; }
     std::filesystem::path applications() const { return data / "applications"; }
@@ -48,21 +48,21 @@ public:
     // Whether the agent asks the user for missing access.
     enum class Asks { never, ifNeeded };
 
-    // Returns when the agent listens to the touchpads.
+    // Returns when the agent is reading the touchpads.
     explicit Agent(Process::User user = Process::User::root, Asks asks = Asks::never);
 
     // Waits until the log contains a line with the text, and returns the line.
     std::optional<std::string> waitForLog(const std::string& text) {
         return process->waitForOutput(text);
     }
-    // Does the same for the lines that GLIDEMAP_LOG enables.
+    // Does the same for lines that GLIDEMAP_LOG enables.
     std::optional<std::string> waitForReason(const std::string& text) {
         return process->waitForError(text);
     }
     bool waitForLines(const std::string& text, std::size_t count, std::chrono::seconds patience) {
         return process->waitForLines(text, count, patience);
     }
-    // Reads what has been printed so far.
+    // Reads the output printed so far.
     void readOutput() {
         while (process->waitForMoreOutput(0)) {
         }

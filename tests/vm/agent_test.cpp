@@ -1,5 +1,5 @@
-// The program without its interface on a real kernel: it types on its virtual keyboard, drops
-// clicks, and always gives the touchpad back.
+// Tests the program without its interface on a real kernel: it types on its virtual keyboard, drops
+// clicks, and always ungrabs the touchpad in the end.
 
 #include "agent_session.h"
 #include "deadline.h"
@@ -63,7 +63,7 @@ protected:
         return DeviceReader(waitForNode(keyboardName).value_or("/dev/null"));
     }
 
-    // The clone has the touchpad's own name, so the pad's node is excluded.
+    // The clone has the same name as the touchpad, so the search excludes the touchpad's node.
     std::filesystem::path cloneNode() const {
         return waitForNode(pad.shape().name, pad.node()).value_or("/dev/null");
     }
@@ -77,7 +77,7 @@ std::vector<PadEvent> withoutMarker(const std::vector<PadEvent>& events) {
     std::vector<PadEvent> result;
     for (std::size_t index = 0; index < events.size(); ++index) {
         if (events[index].type == EV_KEY && events[index].code == BTN_MIDDLE) {
-            ++index; // the SYN_REPORT
+            ++index; // skips the following SYN_REPORT
         } else {
             result.push_back(events[index]);
         }
@@ -173,7 +173,7 @@ TEST_F(AgentTest, DoesNothingWhileTheMasterSwitchIsOff) {
     EXPECT_THAT(agent.output(), Not(HasSubstr("Finger")));
 }
 
-// ── clicks that are dropped ──
+// ── dropped clicks ──
 
 TEST_F(AgentTest, DropsATwoFingerClickWithItsReleaseButNotAOneFingerClick) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
@@ -189,13 +189,13 @@ TEST_F(AgentTest, DropsATwoFingerClickWithItsReleaseButNotAOneFingerClick) {
         clone.waitUntil([&] { return std::ranges::count(clone.events(), up(BTN_TOUCH)) == 3; }));
     std::vector<PadEvent> buttons = clone.keys();
     std::erase_if(buttons, [](const PadEvent& event) { return event.code != BTN_LEFT; });
-    EXPECT_THAT(buttons, ElementsAre(down(BTN_LEFT), up(BTN_LEFT),  // one finger
-                                     down(BTN_LEFT), up(BTN_LEFT))) // three fingers
+    EXPECT_THAT(buttons, ElementsAre(down(BTN_LEFT), up(BTN_LEFT),  // the click with one finger
+                                     down(BTN_LEFT), up(BTN_LEFT))) // the click with three fingers
         << "without a binding a click passes";
     EXPECT_THAT(keys.keys(), ElementsAre(down(KEY_T), up(KEY_T)));
 }
 
-// Plays the same frames to the bare touchpad and through the clone.
+// Plays the same frames to the ungrabbed touchpad and through the clone.
 TEST_F(AgentTest, CloneForwardsEveryEventOfTheFingers) {
     const auto play = [&] {
         PadHand other(pad); // starts with the same tracking ids each time
@@ -224,9 +224,9 @@ TEST_F(AgentTest, CloneForwardsEveryEventOfTheFingers) {
     EXPECT_THAT(withoutMarker(clone.events()), ElementsAreArray(bare));
 }
 
-// ── access that is granted later ──
+// ── access granted later ──
 
-// Replaces pkexec, and exits when the user has answered.
+// Replaces pkexec, and exits when the test has answered.
 class PretendedPrompt {
 public:
     explicit PretendedPrompt(const std::filesystem::path& folder) : answers(folder / "answers") {
@@ -281,7 +281,7 @@ TEST_F(AgentTest, TypesAndDropsClicksWithoutARestartAfterAccessIsGranted) {
     EXPECT_EQ(chmod(uinput, 0600), 0);
 }
 
-// ── the touchpad is given back ──
+// ── ungrabbing the touchpad ──
 
 TEST_F(AgentTest, KillingTheProgramDuringATouchGivesTheTouchpadBack) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});

@@ -1,5 +1,5 @@
-// The driver's click filter with a filter function of the test, which records its calls and returns
-// what the test chooses.
+// Sets a test's function as the driver's click filter. The function records its calls and returns
+// the results that the test chooses.
 //
 // Thread:  a test's; the driver calls the filter on its own thread.
 // Owner:   a test; one at a time, within the life of a DriverSession.
@@ -21,7 +21,7 @@ namespace glidemap::vm {
 struct AskedClick {
     std::int32_t event = 0;
     std::int32_t button = 0;
-    int fingers = 0; // that the driver had reported before the call
+    int fingers = 0; // the number that the driver had reported before the call
 
     friend bool operator==(const AskedClick&, const AskedClick&) = default;
     friend std::ostream& operator<<(std::ostream& output, const AskedClick& click);
@@ -38,9 +38,9 @@ public:
     ~ClickFilterSession();
 
     bool isPossible() const { return canFilter(); }
-    // Returns why the clicks of the device are not filtered; empty if nothing prevents it.
+    // Returns why the driver does not filter the device's clicks. Empty if nothing prevents it.
     std::string obstacle(driver::Device device) const;
-    // Waits until no clone is new: each is ready or has failed.
+    // Waits until each clone is ready or has failed.
     bool waitUntilIntroduced() const;
     void switchOn(bool on) const { switchFilter(on); }
 
@@ -48,7 +48,7 @@ public:
     void answer(Answer newAnswer);
 
     std::vector<AskedClick> asked() const;
-    // Waits for at least `count` calls and returns all.
+    // Waits for at least `count` calls and returns all calls.
     std::vector<AskedClick> waitForAsked(std::size_t count) const;
 
 private:
@@ -66,7 +66,7 @@ private:
     mutable std::condition_variable news;
     std::vector<AskedClick> clicks;
     Answer answerNow;
-    std::vector<std::int32_t> swallowed; // buttons whose release must be dropped
+    std::vector<std::int32_t> swallowed; // the buttons whose release must be dropped
 };
 
 } // namespace glidemap::vm

@@ -1,4 +1,4 @@
-// A program that is killed while it holds a touchpad: the kernel releases its grab and its clone.
+// Kills a program that has grabbed a touchpad: the kernel releases the grab and removes the clone.
 
 #include "forwarded_pad.h"
 #include "input_devices.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// Run by the test below in its own process: holds all touchpads until it is killed.
+// The test below runs this test in another process, which grabs all touchpads until it is killed.
 TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
     DriverSession session;
     ClickFilterSession filter(session);

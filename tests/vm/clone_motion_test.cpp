@@ -1,8 +1,8 @@
-// Readers of a clone get the same events as readers of its touchpad, for the shapes and the
-// recorded motion of real touchpads.
+// Tests that readers of a clone get the same events as readers of its touchpad, for the
+// capabilities and the recorded motion of real touchpads.
 //
-// Other programs cannot read a grabbed touchpad, so the tests write the same events to a twin and
-// read the twin.
+// Other programs cannot read a grabbed touchpad. So the tests write the same events to a second
+// touchpad, the twin, and read the twin.
 
 #include "forwarded_pad.h"
 #include "input_devices.h"
@@ -32,11 +32,11 @@ const char* const recordings[] = {
     "touchpads/SynPS2 Synaptics TouchPad.hp8470p.two-finger-scroll-horizontal.events",
 };
 
-// The state that a program knows if it has read a touchpad from the beginning.
+// The state that a program knows after reading all events of a touchpad.
 struct Knowledge {
     std::int32_t slot = 0;
     std::map<std::pair<std::int32_t, int>, std::int32_t> slotValues;
-    std::map<int, std::int32_t> values; // of axes without slots
+    std::map<int, std::int32_t> values; // values of axes without slots
     std::map<int, std::int32_t> keys;
 
     static bool isSlotAxis(int code) { return code >= ABS_MT_TOUCH_MAJOR && code <= ABS_MT_TOOL_Y; }
@@ -60,8 +60,8 @@ struct Knowledge {
         return id != slotValues.end() && id->second >= 0;
     }
 
-    // The fingers' positions, the pressed keys, and all axes while a finger is down. Values of 0
-    // are omitted, because that is their initial value.
+    // Returns the fingers' positions, the pressed keys, and, while a finger is down, all axes.
+    // Omits values of 0, because 0 is the initial value.
     std::map<std::string, std::int32_t> present() const {
         std::map<std::string, std::int32_t> result;
         bool touched = false;
@@ -99,7 +99,7 @@ EventFrame withoutSlots(EventFrame frame) {
     return frame;
 }
 
-// A forwarded touchpad, and its twin without a grab.
+// A forwarded touchpad, and its twin, which is not grabbed.
 class Twins {
 public:
     explicit Twins(const PadShape& shape) : forwarded(shape), twin(shape, "virtual/twin") {
@@ -111,7 +111,7 @@ public:
         twin.write(frame);
     }
 
-    // Lifts all fingers and keys and selects slot 0, as at the beginning of a recording.
+    // Lifts all fingers, releases all keys and selects slot 0, as at the beginning of a recording.
     void makeNeutral() {
         EventFrame frame;
         for (std::int32_t slot = twin.shape().slotCount() - 1; slot >= 0; --slot) {

@@ -1,5 +1,5 @@
-// The driver learns from the kernel's notifications which programs have a clone open. The kernel
-// merges equal notifications that follow each other.
+// The kernel notifies the driver when programs open and close a clone. It merges consecutive equal
+// notifications.
 
 #include "click_filter_session.h"
 #include "driver_session.h"
@@ -44,15 +44,15 @@ TEST_F(CloneReadersTest, OneOfTwoSimultaneousReadersMayClose) {
     close(reader);
 }
 
-// If one of the closes were lost, the driver would assume a reader, and no program would receive
-// the touchpad's events.
+// If a notification of a close were lost, the driver would assume a reader, and no program would
+// receive the touchpad's events.
 TEST_F(CloneReadersTest, TwoProgramsThatCloseTogetherAreNoReaders) {
     filter.switchOn(true);
     clone = waitForClone();
     {
         const Punctual beforeTheDriver;
         const int first = open();
-        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC)); // keeps the two apart
+        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC)); // separates the two
         const int second = open();
         close(first);
         close(second);

@@ -30,7 +30,7 @@ using Texts = std::vector<std::string>;
 // The interval between two reports of a touchpad.
 constexpr double aMoment = 0.01;
 
-// Longer than libinput's wait for a tap that becomes a drag.
+// Longer than libinput waits for a tap to become a drag.
 constexpr double betweenGestures = 0.5;
 
 std::string textFrom(const std::string& line, const char* begin) {
@@ -62,7 +62,7 @@ protected:
         return linesWith("POINTER_BUTTON", "BTN_");
     }
 
-    // Returns the lines that contain the text, each from `begin` on.
+    // Returns the lines that contain the text, each without the part before `begin`.
     Texts linesWith(const char* text, const char* begin) const {
         Texts lines;
         std::istringstream stream(libinput->output());
@@ -137,7 +137,7 @@ TEST_F(CloneTapTest, TapRightAfterADroppedClickIsATap) {
                                        HasSubstr("BTN_RIGHT (273) released")));
 }
 
-// Moves down while the button is held and to the right afterwards.
+// Moves down while the button is held, and to the right afterwards.
 TEST_F(CloneTapTest, FingersThatStayAfterADroppedClickScrollAgain) {
     hand.down(2).pause(aMoment).press().pause(aMoment).move(0, 600, 20);
     hand.release().pause(aMoment).move(800, 0, 20).up();

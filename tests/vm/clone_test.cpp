@@ -1,5 +1,5 @@
-// A touchpad whose clicks are filtered: other programs read its clone, which emits all events of
-// the touchpad except the dropped clicks.
+// Tests a touchpad whose clicks are filtered. Other programs read its clone, which emits all events
+// of the touchpad except the dropped clicks.
 
 #include "deadline.h"
 #include "forwarded_pad.h"
@@ -93,7 +93,7 @@ TEST(CloneTest, RightButtonIsFilteredLikeTheLeft) {
 }
 
 constexpr std::int64_t second = 1000000;
-// Longer than a program's usual delay, and shorter than the kernel's uptime.
+// Longer than a program's usual delay, but shorter than the kernel's uptime.
 constexpr std::int64_t late = second / 50;
 
 std::int64_t now() {
@@ -102,7 +102,7 @@ std::int64_t now() {
     return time.tv_sec * second + time.tv_nsec / 1000;
 }
 
-// Linux 6.6 and later keep the time of a written event; older kernels stamp the event themselves.
+// Linux 6.6 and later keep the time of a written event. Older kernels set the time themselves.
 bool kernelTakesGivenTimes(ForwardedPad& forwarded) {
     const std::int64_t given = now() - late;
     forwarded.pad.write(fingerDown(0, 1, 500, 600), given);
@@ -111,7 +111,8 @@ bool kernelTakesGivenTimes(ForwardedPad& forwarded) {
     return !frames.empty() && frames.front().time == given;
 }
 
-// A kernel that stamps the clone's events gives them slightly later times than the touchpad's.
+// A kernel that sets the time itself gives the clone's events slightly later times than the
+// touchpad's.
 TEST(CloneTest, FramesOfTheCloneHaveTheTouchpadsOrderAndTimes) {
     constexpr std::int32_t steps = 20;
     ForwardedPad forwarded;
@@ -164,7 +165,7 @@ TEST(CloneTest, GrabWaitsUntilARestingFingerLifts) {
     forwarded.session.waitUntilAsleep();
     EXPECT_TRUE(forwarded.filter.asked().empty());
     EXPECT_TRUE(forwarded.clone->isQuiet());
-    forwarded.others.read(); // the lifting fingers
+    forwarded.others.read(); // reads the frame in which the fingers lift
 
     // The finger lands at its slot's last position, so the touchpad does not report the position.
     pad.write(fingerDown(0, 9, 1000, 500));
@@ -387,9 +388,9 @@ TEST(CloneTest, CloneCatchesUpAfterTheDriverLostEvents) {
     auto& pad = forwarded.pad;
     pad.write(fingerDown(0, 7, 1000, 500));
     forwarded.readClone();
-    // The driver is stuck in the report of the second finger and reads none of the following
-    // events. So it writes at most the frames of one kernel buffer afterwards, and the clone's
-    // reader loses none.
+    // The driver is blocked in the report of the second finger and reads none of the following
+    // events. Afterwards it writes at most the frames of one kernel buffer, so the clone's reader
+    // loses none.
     forwarded.session.forget();
     forwarded.session.holdReports();
     pad.write(fingerDown(1, 8, 2000, 500));

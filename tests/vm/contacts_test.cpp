@@ -1,4 +1,4 @@
-// Contacts that the driver reports through a real kernel, independent of a particular pad.
+// Tests the contacts that the driver reports through a real kernel, for no particular touchpad.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -28,7 +28,7 @@ TEST(ContactsTest, ContactMakesTouchThenTouchesThenLeaves) {
                             SeenContacts{{1, 7, seenX(1400), seenY(500)}}));
 }
 
-// The kernel reports only changes, so this finger arrives without a position.
+// The kernel reports only changes, so it sends no position for this finger.
 TEST(ContactsTest, FingerThatLandsAtItsSlotsLastPositionIsReportedThere) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
@@ -61,7 +61,8 @@ TEST(ContactsTest, PositionsBeyondTheAxisRangeAreClamped) {
                 ElementsAre(SeenContacts{{1, 3, 0, 1}}, SeenContacts{{1, 4, 1, 0}}));
 }
 
-// The finger's position was reported before the driver opened the pad; only the slot holds it.
+// The touchpad sent the finger's position before the driver opened it, so only the slot holds the
+// position.
 TEST(ContactsTest, FingerThatRestedBeforeTheStartHasItsTruePosition) {
     VirtualPad pad(ordinaryPad());
     pad.write(fingerDown(2, 7, 1000, 500));
@@ -89,7 +90,7 @@ TEST(ContactsTest, TimestampsAreTheKernelsMonotonicClock) {
 
     const auto reports = session.seen().reports;
     ASSERT_EQ(reports.size(), 2U);
-    constexpr double microsecond = 1e-6; // the precision of event times
+    constexpr double microsecond = 1e-6; // event times are in microseconds
     EXPECT_GE(reports[0].timestamp, before - microsecond);
     EXPECT_GE(reports[1].timestamp, reports[0].timestamp);
     EXPECT_LE(reports[1].timestamp, after);
@@ -145,7 +146,7 @@ TEST(ContactsTest, StoppedSessionReportsNothing) {
     ASSERT_EQ(last.size(), 1U);
     EXPECT_EQ(last[0].state, 3);
     EXPECT_EQ(last[0].x, seenX(3000));
-    EXPECT_EQ(again.seen().reports.size(), 1U); // one session's, not two's
+    EXPECT_EQ(again.seen().reports.size(), 1U); // the report of only one of the two sessions
 }
 
 TEST(ContactsTest, DevicesOtherThanTouchpadsAreIgnored) {

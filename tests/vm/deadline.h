@@ -1,6 +1,6 @@
-// The time-out of a test's waits. Only a failing test waits this long, so the value is generous.
-// The tests' kernel has one processor on a machine that may be busy, and a desktop may take most of
-// a minute to start.
+// The time-out for waits in tests. Only a failing test waits this long, so the value is generous.
+// The tests' kernel has one processor, on a machine that may be busy, and a desktop may take most
+// of a minute to start.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Pads of every described shape, with a finger in each slot at a known position.
+// Tests touchpads of every described shape, with a finger in each slot at a known position.
 
 #include "driver_session.h"
 #include "recorded_pad.h"
@@ -46,8 +46,8 @@ const Row rows[] = {
     {"touchpads/SynPS2 Synaptics TouchPad.lenovo-p50.desc", 2},
 };
 
-// Returns the position of a slot's contact along its axis. The first slot is at the beginning, the
-// last slot at the end.
+// Returns the position of a slot's contact along its axis. The first slot's contact is at the
+// beginning, and the last slot's at the end.
 float share(std::int32_t slot, std::int32_t slots) {
     return static_cast<float>(slot) / static_cast<float>(slots - 1);
 }
@@ -57,7 +57,7 @@ std::int32_t onAxis(const PadAxis& axis, float share) {
            static_cast<std::int32_t>(static_cast<float>(axis.maximum - axis.minimum) * share);
 }
 
-// Puts a finger in each slot, on the diagonal from the upper left corner, with high pressure.
+// Puts a finger in each slot, along the diagonal from the upper left corner, with high pressure.
 EventFrame fingersOnTheDiagonal(const PadShape& shape) {
     EventFrame frame;
     const auto set = [&frame](std::uint16_t code, std::int32_t value) {
@@ -107,7 +107,7 @@ TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
     ASSERT_EQ(reports.size(), 2U);
     ASSERT_EQ(reports[0].size(), static_cast<std::size_t>(row.slots));
     std::set<std::int32_t> identifiers;
-    const float unit = 1.0F / 600; // slightly more than a unit of the coarsest axis, which has 660
+    const float unit = 1.0F / 600; // slightly more than one unit of the coarsest axis (660 units)
     for (std::int32_t slot = 0; slot < row.slots; ++slot) {
         const SeenContact& contact = reports[0][static_cast<std::size_t>(slot)];
         EXPECT_EQ(contact.state, 3);

@@ -83,7 +83,8 @@ std::vector<PadEvent> DeviceReader::keys() const {
     return found;
 }
 
-// Tries to grab the device. The short grab disturbs only programs that grab it at the same time.
+// Tries to grab the device. The short grab affects only programs that grab the device at that
+// moment.
 bool DeviceReader::isGrabbedByAnother() const {
     if (ioctl(descriptor, EVIOCGRAB, 1) != 0) {
         return true;

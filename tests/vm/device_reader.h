@@ -22,16 +22,16 @@ public:
     DeviceReader& operator=(const DeviceReader&) = delete;
     ~DeviceReader();
 
-    // Whether the device was removed.
+    // Returns whether the device was removed.
     bool isGone() const;
-    // Reads another device from now on.
+    // Closes the device and reads another one.
     void reopen(const std::filesystem::path& node);
 
-    // Reads pending events, and then later ones, until the condition holds.
+    // Reads pending and later events until the condition holds.
     bool waitUntil(const std::function<bool()>& condition);
     bool waitForKey(std::uint16_t code, std::int32_t value);
 
-    // All events so far, with SYN_REPORT.
+    // Returns all events so far, with SYN_REPORT.
     const std::vector<PadEvent>& events() const { return seen; }
     std::vector<PadEvent> keys() const;
     void readAll();

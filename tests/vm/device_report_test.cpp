@@ -1,4 +1,4 @@
-// The driver's report about touchpads, clones and uinput, for troubleshooting.
+// Tests the driver's report about touchpads, clones and uinput, which helps with troubleshooting.
 
 #include "drivers/evdev/device_report.h"
 #include "forwarded_pad.h"

@@ -18,9 +18,9 @@ namespace glidemap::vm {
 
 namespace {
 
-constexpr std::int32_t markerButton = 2; // the driver's number of the marker key
+constexpr std::int32_t markerButton = 2; // the marker key's number in the driver
 
-// Global, because the button callback has no context.
+// A global variable, because the button callback has no context.
 DriverSession* current = nullptr;
 
 } // namespace

@@ -1,5 +1,5 @@
-// Runs the evdev driver as the program does, through the device manager. Keeps all its reports, so
-// that a test can wait for them and examine them.
+// Runs the evdev driver as the program does, through the device manager. Keeps all reports, so that
+// a test can wait for them and examine them.
 //
 // Units:   as in input/mt_touch.h.
 // Thread:  a test's; reports arrive on the driver's thread and are kept under a mutex.
@@ -84,11 +84,11 @@ public:
         return reinterpret_cast<Function>(requiredSymbol(name));
     }
 
-    // The thread ids of the threads that the driver has started.
+    // Returns the ids of the threads that the driver has started.
     const std::vector<int>& threads() const { return driverThreads; }
 
-    // Waits until the driver has reopened a returned pad and waits for its events. Earlier events
-    // of the pad may be lost.
+    // Waits until the driver has opened a reconnected touchpad again and waits for its events.
+    // Earlier events may be lost.
     bool waitUntilReading(const VirtualPad& pad) const;
 
     // Waits until the driver has finished all pending work.
@@ -98,16 +98,18 @@ public:
     Seen seen() const;
     void forget();
 
-    // Waits until the driver has reported all events that were written to the pad: clicks the pad's
-    // marker button and waits for the report of that click. Returns the pad's device.
+    // Waits until the driver has reported all events that were written to the touchpad: clicks the
+    // touchpad's marker button and waits for the report of that click. Returns the touchpad's
+    // device.
     driver::Device settle(VirtualPad& pad);
 
     // Plays frames no faster than the driver reads them, so that no event is lost.
     void play(VirtualPad& pad, const std::vector<EventFrame>& frames);
 
-    // Blocks the driver's thread in its callback, from the next report until releaseReports().
+    // Blocks the driver's thread in its callback, from the next report until releaseReports() is
+    // called.
     void holdReports();
-    // Returns when the thread has read all events that arrived meanwhile.
+    // Unblocks the thread, and returns when the thread has read all events that arrived meanwhile.
     bool releaseReports();
 
 private:

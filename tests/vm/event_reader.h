@@ -1,4 +1,4 @@
-// Reads an input device as the system's programs do.
+// Reads an input device as other programs do.
 //
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
@@ -16,7 +16,7 @@
 namespace glidemap::vm {
 
 struct ReadFrame {
-    EventFrame events; // without the SYN_REPORT
+    EventFrame events; // does not include the SYN_REPORT
     std::int64_t time = 0;
 };
 
@@ -27,16 +27,16 @@ public:
     EventReader& operator=(const EventReader&) = delete;
     ~EventReader();
 
-    // Returns everything that can be read now, up to the last complete frame.
+    // Returns all frames that can be read now, up to the last complete frame.
     std::vector<ReadFrame> read();
 
-    // Waits for a frame with the event, and returns all frames up to that one.
+    // Waits for a frame with the event, and returns all frames up to and including that frame.
     std::vector<ReadFrame> readUntil(const PadEvent& event);
 
     // Returns whether no event is pending.
     bool isQuiet() const;
 
-    // Waits until the device is gone.
+    // Waits until the device is removed.
     bool waitUntilGone() const;
 
     // Returns the kernel's state of the key, independent of readers.

@@ -10,8 +10,8 @@
 
 namespace glidemap::vm {
 
-// Checks the condition now, and again at each change of a watched file or in a watched folder,
-// until it holds.
+// Checks the condition now, and again whenever a watched file or folder changes, until the
+// condition holds.
 bool waitForChanges(const std::vector<std::filesystem::path>& watched,
                     const std::function<bool()>& condition);
 

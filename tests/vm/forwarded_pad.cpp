@@ -33,7 +33,7 @@ void ForwardedPad::switchOn() {
 }
 
 void ForwardedPad::readNewClone() {
-    clone.reset(); // a desktop closes a removed device before it opens the next one
+    clone.reset(); // like a desktop, which closes a removed device before it opens the next device
     clone = std::make_unique<EventReader>(waitForClone());
     filter.waitUntilIntroduced();
 }

@@ -27,20 +27,21 @@ inline constexpr PadEvent markerUp{EV_KEY, BTN_MIDDLE, 0};
 
 bool contains(const std::vector<ReadFrame>& frames, const PadEvent& event);
 
-// Returns the events of all frames except the marker's.
+// Returns the events of all frames except the marker button's frames.
 std::vector<EventFrame> framesWithoutMarker(const std::vector<ReadFrame>& frames);
 
 class ForwardedPad {
 public:
     explicit ForwardedPad(PadShape shape = ordinaryPad());
 
-    // Returns when the driver has reacted and the test reads the clone, if the driver has made one.
+    // Returns when the driver has reacted and, if the driver has created a clone, the test reads
+    // it.
     void switchOn();
     // Opens a clone that the driver creates without a call to switchOn().
     void readNewClone();
     void switchOff();
 
-    // Returns all events of the clone up to the last event that was written to the pad.
+    // Returns all events of the clone up to the last event that was written to the touchpad.
     std::vector<ReadFrame> readClone();
 
     VirtualPad pad;

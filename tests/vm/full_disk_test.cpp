@@ -1,4 +1,4 @@
-// The bindings store on a full or read-only disk: the tests mount a file system of 256 KiB.
+// Tests the bindings store on a full or read-only disk. The tests mount a file system of 256 KiB.
 #include "binding_printers.h"
 #include "bindings/binding_store.h"
 #include "support_folder.h"
@@ -34,7 +34,7 @@ public:
 
     fs::path path() const { return mountPoint.path(); }
 
-    // Fills the disk up to `left` bytes.
+    // Fills the disk until only `left` bytes are free.
     void fill(std::size_t left) const {
         const int file = open(filler().c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
         const std::array<char, page> zeros{};
@@ -47,7 +47,7 @@ public:
     }
     void makeRoom() const { fs::remove(filler()); }
 
-    // Creates files until the file system has no more inodes.
+    // Creates files until the file system has no free inode.
     void fillNames() const {
         int count = 0;
         while (true) {
@@ -168,7 +168,7 @@ TEST_F(FullDisk, ReadOnlyDiskKeepsTheOldListUntilItIsWritableAgain) {
     expectOnDisk(changed);
 }
 
-// Runs as an ordinary user, because root may write everywhere.
+// Runs as an ordinary user, because root may write to any folder.
 TEST_F(FullDisk, ReadOnlyFolderKeepsTheOldListUntilItIsWritable) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();

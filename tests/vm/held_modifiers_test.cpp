@@ -34,22 +34,22 @@ Keys operator+(Keys first, const Keys& second) {
     return first;
 }
 
-// Formats "+20 while 4" for key T that went down while Control was held.
+// Formats a key event, such as "+20 while 4" for key T that went down while Control was held.
 std::string written(const XInput& input) {
     const bool down = input.kind == XInput::Kind::keyDown;
     return (down ? "+" : "-") + std::to_string(input.detail - keyCodeOffset) + " while " +
            std::to_string(input.modifiers);
 }
 
-// All cases share one server, because it starts slowly.
+// All cases share one X server, because it starts slowly.
 class HeldModifiersTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         if (!XDesktop::isInstalled()) {
             return;
         }
-        // Plugged in before the server starts, because the server opens later devices
-        // asynchronously.
+        // The keyboard is plugged in before the server starts, because the server opens later
+        // devices asynchronously.
         auto device = std::make_unique<UinputKeyDevice>();
         ASSERT_TRUE(device->plugIn());
         users = std::make_unique<VirtualPad>(ordinaryKeyboard(), "usb/keyboard");
@@ -85,7 +85,8 @@ protected:
         keyboard->post(events);
     }
 
-    // Returns all keys up to one that the user types. That key shows the modifiers held by then.
+    // Types a key as the user, and returns all keys up to that one, which shows the modifiers held
+    // by then.
     static Keys keysUntilUserTypesB() {
         press(KEY_B);
         release(KEY_B);
@@ -165,8 +166,8 @@ TEST_F(HeldModifiersTest, TwoShortcutsDuringOneHoldAreBothComplete) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-54 while 1"} + plainB);
 }
 
-// The server's XTEST keyboard must not keep a key down either, because its next user, such as this
-// program, would inherit it.
+// The server's XTEST keyboard must not keep a key down either, because the next program that uses
+// XTEST would inherit the key.
 TEST_F(HeldModifiersTest, NoModifierIsStuckAfterwards) {
     for (int round = 0; round < 20; ++round) {
         press(KEY_LEFTSHIFT);

@@ -1,4 +1,5 @@
-// While no finger touches a pad, the driver sleeps: it wakes only for events of its pads.
+// Tests that the driver sleeps while no finger touches a touchpad: it wakes only for events of its
+// touchpads.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -16,7 +17,7 @@
 namespace glidemap::vm {
 namespace {
 
-// A tablet with only a button and a position: a device that the driver ignores.
+// Describes a tablet with only a button and a position, which the driver ignores.
 PadShape notATouchpad() {
     PadShape shape = ordinaryPad();
     shape.name = "Not a Touchpad";
@@ -25,7 +26,7 @@ PadShape notATouchpad() {
     return shape;
 }
 
-// Simulates another program's work with another device: moves its finger and reads the event.
+// Simulates another program that uses another device: moves a finger and reads the event.
 void workWith(VirtualPad& device, int count) {
     const int reader = open(device.node().c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_GE(reader, 0);
@@ -59,7 +60,7 @@ TEST(IdleTest, DriverSleepsWhileNoFingerTouches) {
     workWith(busy, 50000);
     EXPECT_EQ(sleeps(session.threads()), before);
 
-    // The counter does increase when the driver wakes.
+    // This shows that the counter increases when the driver wakes.
     session.play(pad, {fingerDown(0, 8, 1000, 500)});
     ASSERT_TRUE(session.waitUntilAsleep());
     EXPECT_NE(sleeps(session.threads()), before);
@@ -77,7 +78,7 @@ TEST(IdleTest, DriverSleepsWhileAFingerRests) {
     EXPECT_EQ(sleeps(session.threads()), before);
 }
 
-// The driver waits for a missing pad's return without polling.
+// The driver waits without polling until a missing touchpad returns.
 TEST(IdleTest, DriverSleepsWhileAPadIsMissing) {
     VirtualPad pad(ordinaryPad());
     VirtualPad staying(otherPad());
@@ -88,8 +89,8 @@ TEST(IdleTest, DriverSleepsWhileAPadIsMissing) {
     pad.unplug();
     session.waitUntil("an empty report",
                       [&](const DriverSession::Seen& seen) { return seen.lastOf(device).empty(); });
-    // udev announces the removal slightly later and wakes the driver once more. It announces the
-    // next device after the removal.
+    // udev announces the removal slightly later and wakes the driver once more. The announcement of
+    // the next device follows it.
     const VirtualPad next(notATouchpad(), "virtual/next");
     session.settle(staying);
     ASSERT_TRUE(session.waitUntilAsleep());

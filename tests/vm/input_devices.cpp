@@ -26,7 +26,7 @@ const std::filesystem::path udevRecords = "/run/udev/data";
 const std::filesystem::path udevQueue = "/run/udev/queue"; // exists while udev is busy
 constexpr const char* clonePath = "glidemap/clone/";
 
-// Opens a device for queries.
+// Opens a device to query its properties.
 class Question {
 public:
     explicit Question(const std::filesystem::path& node)
@@ -72,9 +72,9 @@ std::string nameOf(const std::filesystem::path& inSys) {
     return attributeOf(inSys, "name");
 }
 
-// Returns whether udev has written its record of the device, its last step. The record of an older
-// device with the same number may still exist, so its time counts. A desktop does not open a device
-// before udev has announced it.
+// Returns whether udev has written its record of the device, which is its last step. An older
+// device with the same number may have left a record, so the function compares times. A desktop
+// does not open a device before udev has announced it.
 bool hasUdevRecord(const std::filesystem::path& inSys) {
     namespace fs = std::filesystem;
     std::ifstream stream(inSys / "dev");
@@ -89,7 +89,7 @@ bool hasUdevRecord(const std::filesystem::path& inSys) {
     return !gone && written >= made;
 }
 
-// Waits while nodes or udev's records of them appear and disappear.
+// Checks the condition whenever nodes or their udev records change, until the condition holds.
 bool waitForNodes(const std::function<bool()>& condition) {
     std::error_code none;
     std::filesystem::create_directories(udevRecords, none);
@@ -127,7 +127,7 @@ bool waitForNoNode(const std::filesystem::path& node) {
     return waitForNodes([&] { return !std::filesystem::exists(node); });
 }
 
-// Uses sysfs, because opening a clone would make the test look like a program that reads it.
+// Uses sysfs, because the driver would count a test that opens a clone as a reader.
 std::vector<std::filesystem::path> cloneNodes() {
     std::vector<std::filesystem::path> nodes;
     std::error_code none;
@@ -141,8 +141,8 @@ std::vector<std::filesystem::path> cloneNodes() {
     return nodes;
 }
 
-// Waits for udev's announcement, as a desktop does. Before it, programs of udev's rules open and
-// close the clone.
+// Waits for udev's announcement, as a desktop does. Before the announcement, programs in udev's
+// rules open and close the clone.
 std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& except) {
     std::filesystem::path found;
     const bool isThere = waitForNodes([&] {

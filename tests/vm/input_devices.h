@@ -34,7 +34,7 @@ std::filesystem::path waitForClone(const std::vector<std::filesystem::path>& exc
 // Waits until the number of clones is `count`.
 bool waitForCloneCount(std::size_t count);
 
-// Reads all properties of a device.
+// Reads all properties of the device.
 PadShape shapeOf(const std::filesystem::path& node);
 std::string physicalPathOf(const std::filesystem::path& node);
 

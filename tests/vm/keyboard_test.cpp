@@ -1,7 +1,7 @@
-// The virtual keyboard in a real kernel, read as other programs read it.
+// Tests the virtual keyboard in a real kernel. The tests read it as other programs do.
 //
 // The kernel drops a change to a key's current state. So a complete sequence of events shows that
-// each key went down and came up.
+// each key was pressed and released.
 
 #include "device_reader.h"
 #include "dispatch/key_names.h"
@@ -88,7 +88,7 @@ TEST(KeyboardTest, KeyboardExistsFromConstructionToDestruction) {
         post(keyboard, t, shift);
         EXPECT_EQ(keyboards(), before);
         EXPECT_EQ(firstLine(before.front() / "device/phys"), "glidemap/keyboard");
-        // On this bus, no desktop disables the touchpad while this keyboard types.
+        // With this bus type, no desktop disables the touchpad while the program types.
         EXPECT_EQ(firstLine(before.front() / "device/id/bustype"), "0006");
     }
     EXPECT_EQ(keyboards().size(), 0U);
@@ -102,7 +102,7 @@ TEST(KeyboardTest, KeyboardHasExactlyTheKeysThatCanBeTyped) {
         expected.insert(pair.kernelCode);
     }
     EXPECT_EQ(shapeOf(nodeOf(keyboards().front())).keys, expected);
-    // Only EV_KEY: with EV_REP, the kernel would repeat a held key.
+    // The keyboard has only EV_KEY, because with EV_REP the kernel would repeat a held key.
     EXPECT_EQ(firstLine(keyboards().front() / "device/capabilities/ev"), "3");
 }
 
@@ -145,8 +145,8 @@ TEST(KeyboardTest, InvalidKeyTypesNothing) {
     EXPECT_EQ(reader.take(), AllSeen{});
 }
 
-// The kernel discards unread events of an unplugged keyboard, so this device is read just before it
-// is removed.
+// The kernel discards unread events of an unplugged keyboard, so the test reads the events just
+// before the removal.
 class ReadToTheEnd : public KeyDevice {
 public:
     explicit ReadToTheEnd(AllSeen& readEvents) : seen(readEvents) {}

@@ -53,10 +53,10 @@ const test::ServiceDescription serviceManager{
 struct Session {
     std::string id;
     std::string path;
-    std::shared_ptr<GUnixFDList> open; // the session ends when it is closed
+    std::shared_ptr<GUnixFDList> open; // closing this descriptor ends the session
 };
 
-// A seat with sessions, each led by one program.
+// A seat with several sessions. One program leads each session.
 class Seat {
 public:
     Seat() {
@@ -154,8 +154,8 @@ protected:
         ASSERT_TRUE(seat->waitForLogind()) << logind->errors();
     }
 
-    // Moves this process into the session; processes that it starts later belong to the session
-    // too.
+    // Moves this process into the session. Processes that it starts later also belong to the
+    // session.
     static void enter(const Session& session) {
         const fs::path scope = fs::path("/sys/fs/cgroup/user.slice/user-0.slice") /
                                ("session-" + session.id + ".scope");

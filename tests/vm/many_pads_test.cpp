@@ -1,4 +1,4 @@
-// A machine with 64 touchpads: handling them all at startup must not count as a stall.
+// Tests a machine with 64 touchpads: opening them all on startup must not count as a stall.
 
 #include "click_filter_session.h"
 #include "deadline.h"

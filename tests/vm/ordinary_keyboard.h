@@ -1,4 +1,4 @@
-// The keyboard of a user, to be created with uinput.
+// Describes a user's keyboard, which tests create with uinput.
 //
 // Thread:  any.
 // Errors:  none.

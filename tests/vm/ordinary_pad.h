@@ -1,5 +1,5 @@
-// An invented modern touchpad and the events of fingers on it, for tests that do not need a
-// particular pad.
+// An invented modern touchpad and the events of its fingers, for tests that do not need a
+// particular touchpad.
 //
 // Units:   positions in the pad's own: x 0..4000, y 0..2000, growing downwards as on every
 //          touchpad.
@@ -16,17 +16,17 @@ inline constexpr std::int32_t ordinaryWidth = 4000;
 inline constexpr std::int32_t ordinaryHeight = 2000;
 inline constexpr std::int32_t ordinarySlots = 5;
 
-// A clickpad with five slots and 40 units per millimetre.
+// Describes a clickpad with five slots and 40 units per millimetre.
 PadShape ordinaryPad();
 
-// The same pad with another name and another product id.
+// Describes the same touchpad with another name and another product id.
 PadShape otherPad();
 
 EventFrame fingerDown(std::int32_t slot, std::int32_t trackingId, std::int32_t x, std::int32_t y);
 EventFrame fingerMove(std::int32_t slot, std::int32_t x, std::int32_t y);
 EventFrame fingerUp(std::int32_t slot);
 
-// Returns the key by which a touchpad reports `count` fingers, one to five.
+// Returns the key with which a touchpad reports `count` fingers, from one to five.
 std::uint16_t fingerTool(std::size_t count);
 
 // Joins the frames into one frame.

@@ -1,4 +1,4 @@
-// A driver that is blocked until the kernel drops events.
+// Blocks the driver until the kernel drops events.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -13,7 +13,7 @@
 namespace glidemap::vm {
 namespace {
 
-// Many times the kernel's event buffer for a reader of this pad.
+// Many times as many frames as the kernel buffers for a reader of this touchpad.
 constexpr std::int32_t manyFrames = 1000;
 
 const SeenContact* contactWith(const SeenContacts& contacts, std::int32_t identifier) {
@@ -23,7 +23,7 @@ const SeenContact* contactWith(const SeenContacts& contacts, std::int32_t identi
 
 class OverflowTest : public testing::Test {
 protected:
-    // Puts two fingers down and blocks the driver's thread in the report of the second finger.
+    // Puts two fingers down and blocks the driver's thread in its report of the second finger.
     void SetUp() override {
         session.play(pad, {fingerDown(0, 7, 1000, 500)});
         device = session.settle(pad);
@@ -40,7 +40,7 @@ protected:
         }
     }
 
-    // Returns the reports after releaseReports(). They are fewer than the frames, because the
+    // Returns the reports after releaseReports(). There are fewer reports than frames, because the
     // kernel has dropped events.
     std::vector<SeenContacts> afterRelease() {
         EXPECT_TRUE(session.releaseReports());

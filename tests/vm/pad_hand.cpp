@@ -12,7 +12,7 @@ namespace glidemap::vm {
 
 namespace {
 
-// The report interval of a touchpad. Programs take a jump for another finger.
+// The report interval of a touchpad. Programs assume another finger if a finger jumps.
 constexpr double betweenReports = 0.008;
 
 void append(EventFrame& frame, const EventFrame& more) {
@@ -72,9 +72,9 @@ PadHand& PadHand::up() {
     return *this;
 }
 
-// The kernel merges identical notifications. So if Glidemap has no permission to watch the clone's
-// node, it can miss that another program opened the clone. Glidemap then removes the clone and
-// makes another one later.
+// The kernel merges equal notifications. If the program has no permission to watch the clone's
+// node, it can therefore miss that another program has opened the clone. The program then removes
+// the clone and creates another clone later.
 void PadHand::waitUntilTaken(DeviceReader& clone) {
     const Deadline deadline;
     while (clone.take().empty() && !deadline.passed()) {

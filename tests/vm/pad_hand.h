@@ -1,5 +1,5 @@
-// A hand on the ordinary pad. The pad sends the events of a real touchpad: the contacts, the number
-// of fingers, and the button.
+// A hand on the ordinary touchpad, which sends the events of a real touchpad: the contacts, the
+// number of fingers, and the button.
 //
 // Units:   positions in the pad's own; times in seconds of the monotonic clock.
 // Thread:  one.
@@ -18,11 +18,11 @@ class PadHand {
 public:
     explicit PadHand(VirtualPad& itsPad) : pad(itsPad) {}
 
-    // Puts the fingers down, side by side in the middle of the pad.
+    // Puts the fingers down, next to each other in the middle of the touchpad.
     PadHand& down(int fingerCount);
     PadHand& downAt(std::vector<std::pair<std::int32_t, std::int32_t>> places);
 
-    // Moves all fingers, in `reports` reports.
+    // Moves all fingers. The touchpad sends `reports` reports.
     PadHand& move(std::int32_t dx, std::int32_t dy, int reports = 1);
     PadHand& up();
 
@@ -32,12 +32,12 @@ public:
     PadHand& tap(int fingerCount) { return down(fingerCount).up(); }
     PadHand& click(int fingerCount) { return down(fingerCount).press().release().up(); }
 
-    // Lets real time pass, as a person does between two gestures. Programs that read the pad
-    // separate gestures by the clock.
+    // Lets real time pass, as a person does between two gestures, because programs that read the
+    // touchpad separate gestures by the clock.
     PadHand& pause(double seconds);
 
-    // Waits until the clone forwards the touchpad. Its readers may have seen events of the marker
-    // button by then.
+    // Waits until the clone forwards the touchpad. The clone's readers may already have received
+    // events of the marker button.
     void waitUntilTaken(DeviceReader& clone);
 
 private:

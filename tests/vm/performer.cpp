@@ -27,7 +27,7 @@ bool isTouching(const MTTouch& touch) {
            touch.state == static_cast<std::int32_t>(MTTouchState::touching);
 }
 
-// Assigns a slot to each finger, as a touchpad does.
+// Assigns a slot to each finger, like a touchpad.
 class Slots {
 public:
     EventFrame frame(const std::vector<MTTouch>& touches) {
@@ -89,7 +89,7 @@ private:
         events.insert(events.end(), more.begin(), more.end());
     }
 
-    std::map<std::int32_t, std::int32_t> fingers; // identifier to slot
+    std::map<std::int32_t, std::int32_t> fingers; // maps identifiers to slots
     std::size_t counted = 0;
     std::int32_t nextTrackingId = 1000;
 };

@@ -1,5 +1,5 @@
-// Touchpads that the user may not read. udev gives their nodes to root and to a group that should
-// have no members.
+// Tests touchpads that the user may not read. udev gives their nodes to root and to a group that
+// should have no members.
 
 #include "driver_session.h"
 #include "ordinary_pad.h"
@@ -42,7 +42,7 @@ TEST(PermissionTest, ReadablePadWorksBesideAnUnreadablePad) {
     EXPECT_EQ(session->seen().reports.size(), 1U);
 }
 
-// The node appears first and the access list later, so the first attempt to open it may fail.
+// The node appears before its access list, so the first attempt to open it may fail.
 TEST(PermissionTest, ReturningPadResumesWhenAccessIsGrantedLater) {
     VirtualPad pad(ordinaryPad());
     VirtualPad witness(otherPad());

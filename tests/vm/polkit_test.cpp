@@ -1,5 +1,5 @@
-// The request for access with the real polkit: an ordinary user runs pkexec, as the program does,
-// and polkit decides by the program's action.
+// Tests the request for access with the real polkit. An ordinary user runs pkexec, as the program
+// does, and polkit decides according to the program's action.
 
 #include "process.h"
 
@@ -73,7 +73,7 @@ protected:
     }
 
     // Writes a rule with the administrator's decision about the program's action. The rule refuses
-    // other actions.
+    // all other actions.
     static void answer(const char* result) {
         std::ofstream(answers)
             << "polkit.addRule(function(action, subject) {\n    return action.id == '" << action

@@ -38,20 +38,20 @@ public:
     bool waitForMoreOutput(int milliseconds) { return readMore(milliseconds); }
 
     // Waits until the program has opened the device and waits for its events. Earlier events may be
-    // lost. A program that exits instead is a failure.
+    // lost. Fails if the program exits instead.
     bool waitUntilReading(const std::filesystem::path& device,
                           std::chrono::seconds patience = std::chrono::seconds(60));
 
-    // Waits until the program has finished all pending work. Returns false if it has exited
-    // instead, which may be correct.
+    // Waits until the program has finished all pending work. Returns false if the program has
+    // exited instead, which may be correct.
     bool waitUntilAsleep() const;
 
     void send(int signal) const;
 
     pid_t id() const { return process; }
 
-    // Waits for the exit status, or 128 plus the number of the signal that ended the program. The
-    // output is then complete.
+    // Waits until the program exits. Returns its exit status, or 128 plus the number of the signal
+    // that terminated it. The output is then complete.
     std::optional<int> waitForEnd();
 
     const std::string& output() const { return _output; }
@@ -60,8 +60,8 @@ public:
 private:
     std::optional<std::string> waitForLine(const std::string& stream, const std::string& text);
     bool hasEnded() const;
-    // Waits for output or the end of a stream, and reads it. Returns false on a time-out or after
-    // both streams have ended.
+    // Waits for output or the end of a stream, and reads the output. Returns false on a time-out or
+    // after both streams have ended.
     bool readMore(int milliseconds);
 
     pid_t process = -1;
@@ -71,7 +71,7 @@ private:
     std::string _errors;
 };
 
-// Returns whether a process has the file open; "self" is this process.
+// Returns whether a process has the file open. "self" means this process.
 bool hasOpen(const std::string& process, const std::filesystem::path& file);
 
 } // namespace glidemap::vm

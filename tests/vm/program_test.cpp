@@ -1,5 +1,5 @@
-// The program itself and a touchpad that it may not read at first. This system has no display, so
-// the tests check only the device.
+// Tests the complete program with a touchpad that it may not read at first. This system has no
+// display, so the tests check only the device.
 #include "agent_session.h"
 #include "ordinary_pad.h"
 #include "process.h"
@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-// Replaces pkexec: records its calls, and exits when it is answered.
+// Replaces pkexec: records its calls, and exits when the test answers.
 class Question {
 public:
     explicit Question(const fs::path& folder)

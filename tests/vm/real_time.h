@@ -1,5 +1,5 @@
-// Real time for the movements of a hand: programs that read a touchpad separate gestures by the
-// clock, and the kernel has no virtual clock.
+// Real time for the movements of a hand, because programs that read a touchpad separate gestures by
+// the clock, and the kernel has no virtual clock.
 //
 // Units:   seconds of the monotonic clock.
 // Thread:  any.
@@ -11,8 +11,8 @@ namespace glidemap::vm {
 double monotonicNow();
 void letTimePassUntil(double moment);
 
-// While it exists, this thread has priority over all other threads in the kernel. A hand does not
-// wait for the machine, and a late movement would become another gesture.
+// Gives this thread priority over all other threads in the kernel until destruction. A hand does
+// not wait for the machine, and a late movement would become another gesture.
 class Punctual {
 public:
     Punctual();

@@ -1,4 +1,4 @@
-// glidemap-record with the pads of a real kernel: its file, its output and its exit.
+// Tests glidemap-record with touchpads in a real kernel: its file, its output and its exit.
 
 #include "ordinary_pad.h"
 #include "process.h"
@@ -26,7 +26,7 @@ using testing::HasSubstr;
 
 const std::filesystem::path folder = "/run/glidemap-record-test";
 
-// A folder from which every user may run it, even if the build folder is private.
+// A folder in which every user may run the program, even if the build folder is private.
 const std::filesystem::path installed = "/run/glidemap-record-installed";
 
 std::string recordProgram() {
@@ -56,7 +56,7 @@ void twoFingerTap(VirtualPad& pad) {
     pad.write(together({fingerUp(0), fingerUp(1)}));
 }
 
-// Faster than a hand, because a swipe has no minimum duration.
+// Swipes faster than a hand, because a swipe has no minimum duration.
 void threeFingerSwipeRight(VirtualPad& pad) {
     constexpr std::int32_t step = 300;
     pad.write(together(
@@ -170,7 +170,7 @@ TEST_F(RecordTest, UnpluggedPadEndsItsTouchAndIsRecordedAgainWhenItReturns) {
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
     pad.write(fingerDown(0, 7, 2000, 1000));
-    ASSERT_TRUE(record.waitUntilAsleep()); // the kernel discards unread events of a removed pad
+    ASSERT_TRUE(record.waitUntilAsleep()); // the kernel drops unread events of a removed touchpad
     pad.unplug();
     pad.plugIn();
     ASSERT_TRUE(record.waitUntilReading(pad.node()));

@@ -27,8 +27,8 @@ void addBits(std::istringstream& fields, int first, std::set<int>& bits) {
     }
 }
 
-// The axes have lines of their own, so only the keys' bit field is needed. A long bit field
-// continues in the next line of the same kind.
+// The axes have separate lines, so the reader needs only the bit field of the keys. A long bit
+// field continues in the next line of the same kind.
 void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
     int type = 0;
     fields >> std::hex >> type;
@@ -40,8 +40,8 @@ void readBits(std::istringstream& fields, int& nextKey, PadShape& shape) {
 
 // `A: code minimum maximum fuzz flat resolution`; older recordings omit the resolution.
 //
-// The virtual pad gets no fuzz: the kernel has already filtered the recorded events by it, and
-// would thin them out again.
+// The virtual touchpad gets no fuzz. The kernel has already filtered the recorded events with it,
+// and would drop more events.
 void readAxis(std::istringstream& fields, PadShape& shape) {
     int code = 0;
     std::int32_t fuzz = 0;

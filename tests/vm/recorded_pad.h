@@ -1,8 +1,8 @@
-// A touchpad in evemu's text format, and the events that were recorded from it.
+// A touchpad in evemu's text format, and its recorded events.
 //
 // The tests have their own reader. The kernel needs a complete description (identity, properties,
-// every key and axis), of which the program's readers keep only a part. A test must also not depend
-// on the code under test.
+// every key and axis), but the program's readers keep only a part of it. A test must also not
+// depend on the code under test.
 //
 // Units:   axis values and events in the device's own units; times are omitted, because the kernel
 //          stamps the events.
@@ -31,7 +31,7 @@ struct PadAxis {
     friend bool operator==(const PadAxis&, const PadAxis&) = default;
 };
 
-// The device description that uinput requires. An unlisted axis does not exist.
+// The device description that uinput requires. The device has only the listed axes.
 struct PadShape {
     std::string name;
     std::uint16_t bus = 0;
@@ -67,8 +67,8 @@ struct RecordedPad {
 
 RecordedPad readRecordedPad(std::istream& text);
 
-// Returns the file with the recording's description: the recording itself, or the description
-// beside it with the longest name that begins the recording's name.
+// Returns the file with the recording's description: the recording itself, or the description in
+// the same folder with the longest name that is a prefix of the recording's name.
 std::filesystem::path descriptionOf(const std::filesystem::path& recording);
 
 // Reads a recording with its description.

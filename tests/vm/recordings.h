@@ -1,5 +1,5 @@
-// Recordings of real touchpads, which are not part of the project: a folder that the build
-// configures.
+// Recordings of real touchpads. They are not part of the project: the build configures their
+// folder.
 #pragma once
 
 #include "recorded_pad.h"
@@ -13,13 +13,14 @@ namespace glidemap::vm {
 // The tests' tables contain paths relative to this folder.
 std::filesystem::path recordingsFolder();
 
-// Returns every file of the folder with the ending (".events"), relative to the folder.
+// Returns every file in the folder whose name ends with `ending` (".events"), relative to the
+// folder.
 std::set<std::string> recordingsEndingIn(const std::string& ending);
 
-// Returns the recording's pad as a current kernel presents it.
+// Describes the recording's touchpad as a current kernel does.
 //
-// Many of the recordings are older than INPUT_PROP_POINTER, which the drivers of all these pads set
-// today. Only touchscreens lack it, and they have INPUT_PROP_DIRECT.
+// Many of the recordings are older than INPUT_PROP_POINTER, which the drivers of all these
+// touchpads set today. Only touchscreens lack it, but they have INPUT_PROP_DIRECT.
 PadShape shapeToday(const RecordedPad& recorded);
 
 // Converts the file's name to letters that a test's name may contain.

@@ -1,5 +1,5 @@
-// Plays every recording of a real touchpad into the kernel. The driver must report the same as the
-// program's reader of the file.
+// Plays every recording of a real touchpad into the kernel. The driver must report the same
+// contacts as the program's reader of the file.
 
 #include "driver_session.h"
 #include "recorded_pad.h"
@@ -23,7 +23,7 @@ namespace {
 struct Row {
     const char* file;
     std::size_t reports;  // 0: the driver ignores the device
-    std::size_t contacts; // different identifiers
+    std::size_t contacts; // counts different identifiers
 };
 
 std::ostream& operator<<(std::ostream& output, const Row& row) {
@@ -61,14 +61,14 @@ const Row rows[] = {
     {"tablets/Wacom ISDv4 E6 Finger.single-center-scroll.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.single-tap-center.events", 0, 0},
     {"tablets/Wacom ISDv4 E6 Finger.single-top-swipe.events", 0, 0},
-    // Pads that report one position and have no slots.
+    // Touchpads that report one position and have no slots.
     {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.doubletap.events", 0, 0},
     {"touchpads/AlpsPS2-ALPS-DualPoint-TouchPad-non-MT.tap.events", 0, 0},
     {"touchpads/SynPS2 Synaptics TouchPad-fdo23890.events", 0, 0},
-    // A pad that reports all fingers anew in each frame, in arbitrary order.
+    // A touchpad that reports all fingers in each frame, in arbitrary order.
     {"touchpads/bcm5974.three-finger-click.events", 0, 0},
-    // Pads with two or more slots. Several report the corners of a bounding box, and the Cypress
-    // pad counts a third finger without a slot.
+    // Touchpads with two or more slots. Several report the corners of a bounding box, and the
+    // Cypress touchpad counts a third finger without a slot.
     {"touchpads/AlpsPS2 ALPS GlidePoint.2-finger-tap.events", 7, 2},
     {"touchpads/AlpsPS2 ALPS GlidePoint.double-tap.events", 15, 2},
     {"touchpads/AlpsPS2 ALPS GlidePoint.right-edge-scroll.events", 55, 1},

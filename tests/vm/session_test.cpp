@@ -1,5 +1,5 @@
-// The program in a session that becomes inactive, is locked, and gets touchpads and access while it
-// runs: on a real kernel, with a double of logind on a private bus.
+// Tests the program while its session becomes inactive or locked, and while touchpads and access
+// appear: on a real kernel, with a fake logind on a private bus.
 
 #include "access_list.h"
 #include "agent_session.h"
@@ -77,7 +77,7 @@ protected:
     }
 
     // Returns when the program has read the new state. The program queries the session after each
-    // announcement. The double accepts the second query after its reply to the first one. So the
+    // announcement. The fake accepts the second query after its reply to the first query. So the
     // third announcement follows that reply, and the program sends the third query after it has
     // read the reply.
     void setLocked(BusDouble& manager, bool isLocked) {
@@ -96,7 +96,7 @@ protected:
         return waitForNode(keyboardName).value_or("/dev/null");
     }
 
-    // The number of gestures in the agent's log so far.
+    // Returns the number of gestures in the agent's log so far.
     static std::size_t gestures(Agent& agent) {
         agent.readOutput();
         std::size_t count = 0;
@@ -112,7 +112,7 @@ protected:
 
     AgentHome home;
     Journal journal;
-    long readings = 2; // at startup
+    long readings = 2; // the program queries the session twice on startup
     PrivateBus systemBus;
     PrivateBus sessionBus;
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
@@ -190,8 +190,8 @@ TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
 
 // ── the machine sleeps ──
 
-// The monotonic clock stops during sleep. Without special treatment, a touch, a tap that waits for
-// a second one, and a held button would continue afterwards.
+// The monotonic clock stops during sleep. Without special handling, a touch, a tap that waits for a
+// second tap, and a held button would continue after sleep.
 TEST_F(SessionTest, NoTouchOrButtonOutlastsSleep) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
@@ -286,7 +286,7 @@ TEST_F(SessionTest, SecondTouchpadIsReadBesideTheFirst) {
     EXPECT_TRUE(keys.waitForKey(KEY_S, 0));
 }
 
-// How a system grants access to a node: udev by its mode, logind by its access list.
+// The two ways of granting access to a node: udev sets the mode, and logind sets the access list.
 struct Granting {
     std::string name;
     std::function<void(const std::filesystem::path& node)> allow;
@@ -334,7 +334,8 @@ TEST_P(SessionAccessTest, AccessGrantedAtRunTimeNeedsNoRestart) {
     GetParam().withdraw(uinput);
 }
 
-// An open descriptor outlives the rights to the node, so the program must look itself.
+// An open descriptor stays readable when access is revoked, so the program must check the node
+// itself.
 TEST_P(SessionAccessTest, LossOfAccessGivesTheTouchpadBackUntilAccessReturns) {
     home.writeBindings({typesT, tapTypesS});
     home.giveToNobody();

@@ -1,5 +1,5 @@
-// A node that a touchpad shares with keys: the driver could read what the user types, so it neither
-// opens nor grabs the node. The access rule excludes the node for the same reason.
+// Tests a node that a touchpad shares with keys. The driver could read what the user types, so it
+// neither opens nor grabs the node. The access rule excludes the node for the same reason.
 
 #include "driver_session.h"
 #include "input_devices.h"
@@ -25,7 +25,7 @@ void expectThatItIsNotOpened(const PadShape& shape, const char* property) {
 TEST(SharedNodeTest, TouchpadThatIsAlsoAKeyboardIsNotOpened) {
     PadShape shape = ordinaryPad();
     for (int key = KEY_ESC; key <= KEY_D; ++key) {
-        shape.keys.insert(key); // the keys by which udev identifies a keyboard
+        shape.keys.insert(key); // udev identifies a keyboard by these keys
     }
     expectThatItIsNotOpened(shape, "ID_INPUT_KEYBOARD");
 }

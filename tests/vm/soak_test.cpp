@@ -1,7 +1,7 @@
 // Runs the agent for ten minutes under random actions of a person and a machine: fast and slow
-// gestures, clicks, pads that are unplugged and return, a second pad, stalls in the middle of a
-// touch, other sessions in front, sleep, and locked screens. libinput reads the clones, as on a
-// desktop.
+// gestures, clicks, touchpads that are unplugged and reconnected, a second touchpad, stalls in the
+// middle of a touch, inactive sessions, sleep, and locked screens. libinput reads the clones, as on
+// a desktop.
 //
 //   start ─ a minute ─▶ measured ─ … every few actions it must recognise, forward, hold no key … ─▶
 //   measured again: as many descriptors and threads, no more memory ─▶ ended: nothing is left
@@ -53,10 +53,10 @@ using testing::IsEmpty;
 constexpr const char* keyboardName = "Glidemap Keyboard";
 constexpr const char* marker = "threeFingerTap";
 
-// The program keeps the last gestures, and its libraries keep freed memory.
+// The program keeps recent gestures, and its libraries keep freed memory.
 constexpr long maxGrowth = 2048; // KiB
 
-// Long enough that two gestures do not count as one.
+// Long enough that two gestures do not count as one gesture.
 constexpr double betweenGestures = 0.7;
 
 unsigned fromEnvironment(const char* name, unsigned otherwise) {
@@ -149,7 +149,7 @@ protected:
         }
     }
 
-    // Taps, clicks and moves without pauses, as fast as the kernel accepts events.
+    // Performs taps, clicks and moves without pauses, as fast as the kernel accepts events.
     void hurry() {
         for (int times = random(30); times >= 0; --times) {
             const int fingers = 1 + random(4);
@@ -202,7 +202,7 @@ protected:
         agent->send(SIGCONT);
     }
 
-    // Another session is in front, or the machine sleeps: either for a while, or so briefly that
+    // Makes the session inactive, or lets the machine sleep: either for a while, or so briefly that
     // the program may not notice.
     void leave(const std::function<void(bool away)>& set, const std::function<void()>& expectMore) {
         const bool touched = random(2) == 0;
@@ -243,7 +243,7 @@ protected:
         }
     }
 
-    // No clone is left, and the program does not have the touchpad open.
+    // Expects that no clone remains, and that the program has closed the touchpad.
     void expectPadGivenBack() {
         const auto isReading = [this] {
             return hasOpen(std::to_string(agent->id()), pad.node());

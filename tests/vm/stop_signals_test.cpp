@@ -1,5 +1,5 @@
-// A program that a terminal stops while it holds a touchpad: it gives the touchpad back before it
-// stops, and grabs it again when it continues.
+// Stops a program, as a terminal does, while it has grabbed a touchpad. The program ungrabs the
+// touchpad before it stops, and grabs it again when it continues.
 
 #include "deadline.h"
 #include "forwarded_pad.h"
@@ -23,11 +23,12 @@ namespace {
 
 constexpr const char* holding = "holds the touchpad";
 
-// Run by the tests below in its own process: holds the touchpads until it is killed. As the program
-// does, it grabs them again after they were given back.
+// The tests below run this test in another process, which grabs the touchpads until it is killed.
+// Like the program, it grabs a touchpad again after the watchdog has ungrabbed it.
 
 TEST(StoppedProgram, DISABLED_HoldsTheTouchpads) {
-    // As a shell does: the kernel does not stop a process that no shell could continue.
+    // Creates a process group, as a shell does: the kernel stops no process that no shell could
+    // continue.
     setpgid(0, 0);
     DriverSession session;
     ClickFilterSession filter(session);

@@ -1,5 +1,5 @@
-// Shortcuts on sway while the user holds a modifier on a physical keyboard: the bindings that sway
-// runs.
+// Tests which of sway's bindings run when the program types shortcuts while the user holds a
+// modifier on a physical keyboard.
 
 #include "deadline.h"
 #include "ordinary_keyboard.h"
@@ -37,7 +37,7 @@ constexpr const char* configuration = "/run/sway/config";
 constexpr std::uint64_t control = 0x40000;
 constexpr std::uint16_t t = 17;
 
-// sway reads the kernel's keyboards through a seat daemon, and draws to no screen.
+// Runs sway, which reads the kernel's keyboards through a seat daemon and draws to no screen.
 class SwayKeyboardTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -54,7 +54,7 @@ protected:
     }
 
     void startSway() {
-        fs::remove_all(folder); // an earlier sway leaves its socket
+        fs::remove_all(folder); // removes the socket of an earlier sway
         fs::create_directory(folder);
         std::ofstream(configuration) << "seat seat0 fallback true\n"
                                         "bindsym Control+t exec echo typed Control T\n"
@@ -133,7 +133,7 @@ protected:
     std::size_t countOfTyped = 0;
 };
 
-// Why the next test needs what it tests.
+// Shows the problem that the separate keyboard group in the next test solves.
 TEST_F(SwayKeyboardTest, HeldShiftJoinsTheShortcutOfAKeyboardInTheSameGroup) {
     UinputKeyboard keyboard(std::move(device), nullptr);
     postControlT(keyboard);

@@ -1,4 +1,5 @@
-// Clones that no program can read: the touchpad stays as it is, and the driver reports the reason.
+// Tests clones that no program can read: the driver does not grab the touchpad, and reports the
+// reason.
 
 #include "click_filter_session.h"
 #include "driver_session.h"
@@ -72,7 +73,7 @@ TEST_F(TakingLimitsTest, DoesNotGrabWhileNoProgramOpensTheClone) {
     expectThatItIsLetAlone("no program has opened the touchpad's clone");
 }
 
-// Creates keyboards with one key until the kernel has no event node left.
+// Creates keyboards with one key until the kernel has no free event node.
 class UsedUpNodes {
 public:
     UsedUpNodes() {
@@ -92,7 +93,7 @@ public:
     }
 
 private:
-    // Returns false if the kernel gives the keyboard no node.
+    // Returns false if the kernel creates no node for the keyboard.
     bool makeOne() {
         const int file = open("/dev/uinput", O_WRONLY | O_CLOEXEC);
         files.push_back(file);
@@ -120,7 +121,7 @@ private:
 };
 
 TEST_F(TakingLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
-    control("--stop-exec-queue"); // so that udev does not process all those devices
+    control("--stop-exec-queue"); // keeps udev from processing all those devices
     const UsedUpNodes keyboards;
     expectThatItIsLetAlone("the kernel has made no event node for the touchpad's clone");
 }

@@ -1,5 +1,5 @@
-// A desktop uses a touchpad while the program grabs it and gives it back. The desktop must receive
-// each click, each motion and each scroll once, from the touchpad or from its clone.
+// Tests a desktop that uses a touchpad while the program grabs and ungrabs it. The desktop must
+// receive each click, each motion and each scroll once, from the touchpad or from its clone.
 //
 //   hand ─▶ touchpad ──▶ libinput ◀── clone ◀─ driver
 //
@@ -32,7 +32,7 @@ namespace {
 // The interval between two reports of a touchpad.
 constexpr double aMoment = 0.01;
 
-// The events that libinput has reported so far.
+// Counts the events that libinput has reported so far.
 struct Received {
     int presses = 0;
     int releases = 0;
@@ -74,7 +74,7 @@ protected:
         hand.pause(aMoment).up();
     }
 
-    // Returns everything so far. The click made here arrives after all earlier events.
+    // Returns all events so far. The click made here arrives after all earlier events.
     Received readEvents() {
         hand.pause(0.1);
         click();
@@ -115,7 +115,7 @@ protected:
     int clicks = 0;
 };
 
-// Tolerates a tenth of the motion, which is one report.
+// Tolerates a difference of a tenth of the motion, which is one report.
 void expectNear(double received, double expected, const std::string& what) {
     EXPECT_NEAR(received, expected, std::abs(expected) * 0.04) << what;
 }
@@ -160,7 +160,7 @@ TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
         std::mt19937 moments(7);
         for (int count = 0; count < switches; ++count) {
             filter.switchOn(count % 2 == 0);
-            // The test randomises these moments, like those of the hand.
+            // Randomises these times, like those of the hand.
             const double pause = std::uniform_real_distribution(0.0, 0.4)(moments);
             letTimePassUntil(monotonicNow() + pause);
         }

@@ -9,7 +9,7 @@ namespace glidemap::vm {
 
 namespace {
 
-// Returns the rest of the line that begins with `name`; empty for a thread that has exited.
+// Returns the rest of the line that begins with `name`. Empty if the thread has exited.
 std::string statusLine(const std::filesystem::path& thread, const std::string& name) {
     std::ifstream status(thread / "status");
     for (std::string line; std::getline(status, line);) {

@@ -13,14 +13,14 @@ std::vector<int> threadsOfProcess();
 // Returns the threads of this process whose names begin with `beginning`.
 std::vector<int> threadsNamed(const std::string& beginning);
 
-// Returns how often a thread of this process has gone to sleep voluntarily: each wake-up adds one.
+// Returns how often a thread of this process has gone to sleep voluntarily. Each wake-up adds one.
 std::int64_t sleepsOf(int thread);
 
 // Returns whether all these threads of this process sleep now.
 bool areAsleep(const std::vector<int>& threads);
 
-// Returns whether every thread of a process sleeps now, so it has processed all events of its
-// devices.
+// Returns whether every thread of a process sleeps now, which means that it has processed all
+// events of its devices.
 bool isProcessAsleep(const std::string& process);
 
 } // namespace glidemap::vm

@@ -1,4 +1,4 @@
-// Touchpads that are unplugged and return.
+// Tests touchpads that are unplugged and reconnected.
 //
 //   finger down ─▶ unplugged: an empty report ─▶ the same pad returns ─▶ finger down: reported
 //                                             └▶ another pad appears ─▶ nothing
@@ -61,7 +61,7 @@ TEST(UnplugTest, UnpluggingAnUntouchedPadReportsNothing) {
     DriverSession session;
     session.settle(pad);
     pad.unplug();
-    // The driver reads events in their order, and the pad's return follows its removal.
+    // The driver reads events in order, so it handles the removal before the touchpad's return.
     pad.plugIn();
     ASSERT_TRUE(session.waitUntilReading(pad));
     session.settle(pad);
@@ -80,7 +80,7 @@ TEST(UnplugTest, AnotherPadDoesNotReplaceAMissingPad) {
 
     VirtualPad other(otherPad());
     pad.plugIn();
-    // The driver then also knows the other pad, which was plugged in earlier.
+    // The driver then also knows the other touchpad, which was plugged in earlier.
     ASSERT_TRUE(session.waitUntilReading(pad));
     EXPECT_FALSE(hasOpen("self", other.node()));
     other.write(fingerDown(0, 7, 3000, 500));

@@ -1,15 +1,15 @@
-// Takes root's rights from the calling thread, and restores them in the destructor.
+// Drops root's rights in the calling thread, and restores them in the destructor.
 //
-// In the kernel, rights belong to a thread; the C library hides this by changing all threads. Here
-// the difference matters: a thread that the driver starts meanwhile stays without rights, while the
-// test plugs in pads and grants access.
+// In the kernel, each thread has its own rights. The C library hides this by changing all threads.
+// Here the difference matters: a thread that the driver starts meanwhile stays without rights,
+// while the test plugs in touchpads and grants access.
 #pragma once
 
 #include <sys/types.h>
 
 namespace glidemap::vm {
 
-constexpr uid_t unprivilegedUser = 65534; // "nobody"
+constexpr uid_t unprivilegedUser = 65534; // the user `nobody`
 
 class Unprivileged {
 public:

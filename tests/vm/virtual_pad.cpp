@@ -28,8 +28,8 @@ struct UdevDeleter {
 template <typename Type>
 using UdevPointer = std::unique_ptr<Type, UdevDeleter>;
 
-// Receives udev's message that it has initialised a device. It listens from its construction on, so
-// it misses no later message.
+// Receives udev's message that it has initialised a device. The object listens from its
+// construction on, so it misses no message.
 class UdevNews {
 public:
     UdevNews() : context(udev_new()) {
@@ -38,7 +38,8 @@ public:
         udev_monitor_enable_receiving(monitor.get());
     }
 
-    // Waits until udev has initialised the event node below the sysfs folder; empty on time-out.
+    // Waits until udev has initialised the event node below the sysfs folder. Returns an empty path
+    // on time-out.
     std::filesystem::path waitForNode(const std::filesystem::path& device) {
         const Deadline deadline;
         pollfd source{udev_monitor_get_fd(monitor.get()), POLLIN, 0};
@@ -158,7 +159,7 @@ bool VirtualPad::create() {
 
 void VirtualPad::unplug() {
     if (descriptor >= 0) {
-        close(descriptor); // the kernel removes the device with its last descriptor
+        close(descriptor); // the kernel removes the device when its last descriptor is closed
     }
     descriptor = -1;
 }

@@ -1,4 +1,4 @@
-// A touchpad made with uinput, which other programs cannot distinguish from a real one.
+// A touchpad created with uinput, which other programs cannot distinguish from a real touchpad.
 //
 // Units:   events as in recorded_pad.h, times in microseconds of the monotonic clock.
 // Thread:  one.
@@ -17,8 +17,8 @@ namespace glidemap::vm {
 
 class VirtualPad {
 public:
-    // Returns when udev has initialised the device. `port` is the pad's physical path, which
-    // distinguishes two pads of one model.
+    // Returns when udev has initialised the device. `port` is the touchpad's physical path, which
+    // distinguishes two touchpads of the same model.
     explicit VirtualPad(PadShape shape, std::string port = "virtual/pad");
     VirtualPad(const VirtualPad&) = delete;
     VirtualPad& operator=(const VirtualPad&) = delete;
@@ -28,8 +28,8 @@ public:
     // `time`, or its own time if that is 0.
     void write(const EventFrame& frame, std::int64_t time = 0);
 
-    // Presses and releases a button that every pad has and no recording uses. A reader that has
-    // received it has read all earlier events.
+    // Presses and releases a button that every touchpad has and no recording uses. A reader that
+    // has received it has read all earlier events.
     void clickMarker();
 
     void unplug();

@@ -1,5 +1,5 @@
-// A program that hangs while it holds a touchpad: the watchdog gives the touchpad back, and the
-// driver grabs it again when the program continues.
+// Tests a program that hangs while it has grabbed a touchpad: the watchdog ungrabs the touchpad,
+// and the driver grabs it again when the program continues.
 //
 //   two fingers click ─▶ the filter hangs ─▶ a second later others read the touchpad
 //                                        └▶ it continues ─▶ is notified, switches on again
@@ -59,7 +59,7 @@ protected:
 
     using Readers = std::vector<std::unique_ptr<EventReader>>;
 
-    // Opens the clones of both touchpads once the driver has made them.
+    // Opens the clones of both touchpads once the driver has created them.
     static Readers readClones(const ClickFilterSession& filter) {
         Readers readers;
         std::vector<std::filesystem::path> nodes;
@@ -80,7 +80,7 @@ TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheFilterHangs) {
     hangInFilter(true);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
-    forwarded.pad.write(fingerMove(0, 1100, 500)); // no program receives this
+    forwarded.pad.write(fingerMove(0, 1100, 500)); // no program receives this event
     EXPECT_TRUE(forwarded.clone->waitUntilGone());
     forwarded.pad.write(fingerMove(0, 1200, 500));
     const auto received = forwarded.others.readUntil({EV_ABS, ABS_MT_POSITION_X, 1200});
@@ -174,8 +174,8 @@ TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterIsNotifiedOnce) {
     filter.waitForAsked(2);
     const Readers newReaders = readClones(filter);
 
-    // No finger touches the second touchpad, so the driver has already grabbed it. It grabs the
-    // first once its fingers lift.
+    // No finger touches the second touchpad, so the driver has already grabbed it. The driver grabs
+    // the first touchpad once its fingers lift.
     others.read();
     second.write(fingerDown(0, 8, 1100, 500));
     both.settle(second);

@@ -53,7 +53,8 @@ bool XDesktop::startWindowManager() {
     return windowManager->waitForOutput("manages windows").has_value();
 }
 
-// The log file changes after the server has opened a device, so each change triggers a check.
+// The server writes to its log after it has opened a device, so each change of the log triggers a
+// check.
 bool XDesktop::waitForDevice(const std::string& node) const {
     const std::string process = std::to_string(server->id());
     return waitForChanges({logFile}, [&] { return hasOpen(process, node); });

@@ -26,8 +26,8 @@ public:
 
     bool isRunning() const { return running; }
 
-    // Waits until the server has opened the current device; an earlier device may have had the same
-    // node. The server has set the device up when it replies to the next request.
+    // Waits until the server has opened the current device, because an earlier device may have had
+    // the same node. The server has configured the device when it replies to the next request.
     bool waitForDevice(const std::string& node) const;
 
 private:

@@ -84,7 +84,7 @@ void XWindow::create(const std::string& className) {
     xcb_map_window(connection, window);
 }
 
-// While it starts, a window manager may read a request but process it only when the next one
+// While a window manager starts, it may read a request but process it only when the next request
 // arrives. So the window repeats its request until it has the focus.
 bool XWindow::waitForFocus() {
     constexpr int soon = 200; // milliseconds
@@ -99,8 +99,8 @@ bool XWindow::waitForFocus() {
     return focused;
 }
 
-// Requests the focus as a task bar does, because a window manager that has just started gives
-// existing windows no focus.
+// Requests the focus as a task bar does, because a window manager that has just started does not
+// focus existing windows.
 void XWindow::askForFocus() {
     const char name[] = "_NET_ACTIVE_WINDOW";
     const Owned<xcb_intern_atom_reply_t> atom{xcb_intern_atom_reply(
@@ -110,7 +110,7 @@ void XWindow::askForFocus() {
     message.format = 32;
     message.window = window;
     message.type = atom->atom;
-    message.data.data32[0] = 2; // from a task bar
+    message.data.data32[0] = 2; // the request comes from a task bar
     xcb_send_event(connection, 0, root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));

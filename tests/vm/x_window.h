@@ -1,4 +1,4 @@
-// A window with the keyboard's focus that records the events it receives.
+// A window with the keyboard focus that records the events it receives.
 //
 // Units:   X's own: key codes are the kernel's plus 8; buttons 1 left, 3 right, 4 to 7 the wheel.
 // Thread:  one.
@@ -21,7 +21,7 @@ struct XInput {
     enum class Kind { keyDown, keyUp, buttonDown, buttonUp };
     Kind kind{};
     std::uint8_t detail = 0;
-    std::uint16_t modifiers = 0; // held before this event
+    std::uint16_t modifiers = 0; // modifiers held before this event
 
     friend bool operator==(const XInput&, const XInput&) = default;
 };
@@ -39,7 +39,7 @@ public:
 
     bool hasFocus() const { return focused; }
 
-    // All events in order, except the pointer's motion.
+    // Returns all events in order, except the pointer's motion.
     const std::vector<XInput>& inputs() const { return seen; }
     void forget() { seen.clear(); }
 

@@ -1,6 +1,6 @@
-// The program between a touchpad and a real desktop: an X server on the kernel's devices, a window
-// manager, and a window with the focus. The desktop must receive all forwarded events as without
-// the program, and typed shortcuts must arrive unchanged.
+// Tests the program between a touchpad and a real desktop: an X server on the kernel's devices, a
+// window manager, and a window with the focus. The desktop must receive all forwarded events as
+// without the program, and typed shortcuts must arrive unchanged.
 
 #include "agent_session.h"
 #include "deadline.h"
@@ -38,7 +38,7 @@ constexpr unsigned long control = 0x40000;
 // Longer than the program's limit between the two taps of a double tap.
 constexpr double betweenGestures = 0.6;
 
-// X's modifier bits.
+// The modifier bits of X.
 constexpr std::uint16_t shiftHeld = 1;
 constexpr std::uint16_t controlHeld = 4;
 
@@ -90,8 +90,8 @@ protected:
 
     // Waits until the server has opened the virtual keyboard.
     void waitForKeyboard() const { waitForServerToTake(waitForNode("Glidemap Keyboard")); }
-    // Waits until the server has opened the clone and the driver has grabbed the touchpad, which is
-    // then silent.
+    // Waits until the server has opened the clone and the driver has grabbed the touchpad, which
+    // then sends the server no events.
     void waitForClone() const {
         waitForServerToTake(waitForNode(pad->shape().name, pad->node()));
         EventReader touchpad(pad->node());
@@ -99,7 +99,7 @@ protected:
         do {
             PadHand(*pad).pause(0.05);
             touchpad.read();
-            pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 1}}); // has no effect without fingers
+            pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 1}}); // this key has no effect without fingers
             pad->write({{EV_KEY, BTN_TOOL_QUINTTAP, 0}});
         } while (!touchpad.isQuiet() && !deadline.passed());
         EXPECT_FALSE(deadline.passed()) << "the driver did not grab the touchpad";
@@ -108,12 +108,12 @@ protected:
     void waitForServerToTake(const std::optional<std::filesystem::path>& node) const {
         ASSERT_TRUE(node.has_value());
         ASSERT_TRUE(desktop->waitForDevice(node->string())) << *node;
-        window->pointer(); // the server replies once it has set the device up
+        window->pointer(); // the server replies once it has configured the device
     }
 
     // Moves, scrolls and clicks, and ends with a tap, which shows that all earlier events have
-    // arrived. Returns the buttons in order. The wheel turns while the fingers move, so its number
-    // of events varies.
+    // arrived. Returns the buttons in order. The desktop receives wheel events while the fingers
+    // move, so their number varies.
     std::vector<std::string> pointAndTap() {
         window->forget();
         PadHand hand(*pad);

@@ -101,7 +101,7 @@ TEST(ContactGeometry, SizeAngleAndPressureAreFilledIfThePadReportsThem) {
     pad.absolute(ABS_MT_ORIENTATION, 45).absolute(ABS_MT_PRESSURE, 50).sync();
     const MTTouch record = pad.lastRecords.at(0);
     EXPECT_FLOAT_EQ(record.majorAxis, 8.5F); // millimetres
-    EXPECT_FLOAT_EQ(record.minorAxis, 60);   // the pad's own units
+    EXPECT_FLOAT_EQ(record.minorAxis, 60);   // in the touchpad's own units
     EXPECT_FLOAT_EQ(record.angle, std::numbers::pi_v<float> / 4);
     EXPECT_FLOAT_EQ(record.zTotal, 0.25F);
     EXPECT_FLOAT_EQ(record.zDensity, 50);

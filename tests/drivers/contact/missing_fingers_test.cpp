@@ -15,8 +15,8 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-// Puts two fingers in the slots, on the pad's middle line, and presses the key that announces the
-// pad's count.
+// Puts two fingers in the slots, on the touchpad's middle line, and presses the key that reports
+// the touchpad's finger count.
 void twoFingersAnd(Pad& pad, std::uint16_t toolKey) {
     pad.slot(0).down(1).place(20, 50).slot(1).down(2).place(80, 50).key(toolKey, true).sync();
 }
@@ -115,9 +115,9 @@ TEST(MissingFingers, MoveInMillimetresAtTheirAnchorsVelocity) {
     pad.place(40, 50).sync();
     const MTTouch anchor = pad.lastRecords.at(0);
     const MTTouch standIn = pad.lastRecords.at(1);
-    EXPECT_NEAR(standIn.absolute.pos.x - anchor.absolute.pos.x, 2, 1e-4); // 0.04 of 50 mm
+    EXPECT_NEAR(standIn.absolute.pos.x - anchor.absolute.pos.x, 2, 1e-4); // 4 % of 50 mm
     EXPECT_FLOAT_EQ(standIn.normalized.vel.x, anchor.normalized.vel.x);
-    EXPECT_EQ(standIn.fingerID, 1); // the first number that is not a slot's
+    EXPECT_EQ(standIn.fingerID, 1); // the first number that is not a slot number
 }
 
 TEST(MissingFingers, LeaveWhenTheCountDropsOrAllContactsLeave) {
@@ -183,8 +183,8 @@ TEST(MissingFingers, KeepTheirPositionWhenTheirAnchorLeaves) {
     });
 }
 
-// The pad assigns slots, and the user lifts fingers. A finger that the pad moves into or out of a
-// slot has not been lifted.
+// The touchpad assigns slots, and the user lifts fingers. A finger that loses or gets a slot has
+// not been lifted.
 TEST(MissingFingers, KeepTheirIdentifierWhenThePadRemovesOrAssignsASlot) {
     check({
         {"the pad removes a slot, then assigns it again",

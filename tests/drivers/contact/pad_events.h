@@ -4,8 +4,8 @@
 //   pad.slot(0).down(7).place(50, 50).sync();
 //   EXPECT_EQ(pad.reports, std::vector<std::string>{"1.00 1:make(0.50,0.50)"});
 //
-// A report is its time and its contacts, `identifier:state(x,y)`; a button is `button 0 down`. A
-// frame without changes adds nothing.
+// A report is formatted as its time and its contacts, `identifier:state(x,y)`, and a button change
+// as `button 0 down`. A frame without changes adds no text.
 #pragma once
 
 #include "drivers/contact/contact_assembler.h"
@@ -20,7 +20,7 @@
 
 namespace glidemap::test {
 
-// 100 units wide and high, 2 units per millimetre.
+// Describes a touchpad of 100 by 100 units, with 2 units per millimetre.
 inline PadDescription padWithSlots(std::int32_t slotCount) {
     PadDescription pad;
     pad.name = "test pad";
@@ -84,7 +84,7 @@ public:
     Pad& slot(std::int32_t number) { return absolute(ABS_MT_SLOT, number); }
     Pad& down(std::int32_t trackingId) { return absolute(ABS_MT_TRACKING_ID, trackingId); }
     Pad& up() { return absolute(ABS_MT_TRACKING_ID, -1); }
-    // In the kernel's coordinates: y grows downwards.
+    // Uses the kernel's coordinates: y grows downwards.
     Pad& place(std::int32_t x, std::int32_t y) {
         return absolute(ABS_MT_POSITION_X, x).absolute(ABS_MT_POSITION_Y, y);
     }
@@ -127,7 +127,7 @@ private:
     double time = 1;
 };
 
-// A sequence of events and all reports that it causes.
+// A sequence of events and the reports that it causes.
 struct StoryRow {
     const char* name;
     PadDescription description;

@@ -1,4 +1,4 @@
-// The assembler runs for every report of every pad, so it must not allocate after construction,
+// The assembler runs for each report of each touchpad, so it must not allocate after construction,
 // for any sequence of events.
 
 #include "pad_events.h"
@@ -25,7 +25,8 @@ void* operator new(std::size_t size) {
     }
     throw std::bad_alloc();
 }
-// Not inlined, because the compiler otherwise warns about mismatched allocation and deallocation.
+// This function is not inlined, because the compiler otherwise warns about mismatched allocation
+// and deallocation.
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
@@ -36,7 +37,7 @@ void* operator new(std::size_t size) {
 namespace glidemap::test {
 namespace {
 
-// Mostly plausible events with some invalid ones, the same on every run.
+// Generates the same events on every run: mostly plausible events, and some invalid events.
 class AnyEvents {
 public:
     InputEvent next() {

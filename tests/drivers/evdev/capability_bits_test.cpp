@@ -21,10 +21,10 @@ TEST(CapabilityBits, AreNumberedFromTheEndOfTheText) {
         {"1 0", 64, true},
         {"1 0", 0, false},
         {"1 0", 128, false},
-        {"260800000000003", 53, true}, // a touchpad's axes: positions and tracking ids
+        {"260800000000003", 53, true}, // axes of a touchpad: positions and tracking ids
         {"260800000000003", 56, false},
-        {"e520 10000 0 0 0 0", 272, true}, // its keys: the left button
-        {"e520 10000 0 0 0 0", 325, true}, // one finger
+        {"e520 10000 0 0 0 0", 272, true}, // keys of a touchpad: the left button
+        {"e520 10000 0 0 0 0", 325, true}, // the key that reports one finger
         {"e520 10000 0 0 0 0", 324, false},
         {"", 0, false},
         {"", 64, false},

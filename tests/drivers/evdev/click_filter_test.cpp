@@ -1,4 +1,5 @@
-// The click filter as a program uses it: set, switched and called through the driver's thread.
+// Tests the click filter as a program uses it: set, switched and called through the driver's
+// thread.
 
 #include "drivers/evdev/touchpad_driver.h"
 #include "fake_pads.h"
@@ -25,7 +26,7 @@ const auto fingerUp = frame({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
 const auto leftDown = frame({{1, EV_KEY, BTN_LEFT, 1}});
 const auto leftUp = frame({{1, EV_KEY, BTN_LEFT, 0}});
 
-// Global, because the contact callback has no context.
+// A global variable, because the contact callback has no context.
 std::atomic<int> reportedContacts = 0;
 
 std::int32_t contact(driver::Device, const MTTouch*, std::int32_t count, double, std::int32_t) {
@@ -38,7 +39,7 @@ protected:
     struct Asked {
         driver::Device device;
         std::int32_t event;
-        int contacts; // reported before
+        int contacts; // the contacts reported before the call
     };
 
     ClickFilterTest() {
@@ -102,7 +103,7 @@ TEST_F(ClickFilterTest, GrabsAndGivesBackWithoutWaitingForAnEvent) {
     driver.switchClickFilter(false);
     EXPECT_TRUE(system().waitUntilGrabbed(false));
     while (system().journal().size() < 4) {
-        time.advance(PadInterception::cloneRetention); // the reader may not wait for it yet
+        time.advance(PadInterception::cloneRetention); // repeated until the reader waits for it
         std::this_thread::yield();
     }
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
@@ -228,7 +229,7 @@ TEST_F(ClickFilterTest, FilterMayRestartTheTouchpadAndRemoveItself) {
     EXPECT_EQ(waitForAsked(0).size(), 1U);
 }
 
-// The context may be destroyed once the call has returned.
+// The program may destroy the context once the call has returned.
 TEST_F(ClickFilterTest, ReplacedFilterIsNotCalledAnyMore) {
     struct Context {
         std::atomic<bool> alive = true;
@@ -282,7 +283,7 @@ TEST_F(ClickFilterTest, WatchdogReleasesTheTouchpadWhenTheFilterHangs) {
     EXPECT_TRUE(time.waitUntilWaitingFor(std::chrono::seconds(1)));
     time.advance(std::chrono::seconds(1));
     EXPECT_EQ(system().wait(4), (Texts{"clone", "grab", "ungrab", "destroy"}));
-    send(frame({{1, EV_ABS, ABS_MT_POSITION_X, 50}})); // must not be forwarded
+    send(frame({{1, EV_ABS, ABS_MT_POSITION_X, 50}})); // the driver must not forward this
     hanging = false;
     const auto asked = waitForAsked(2);
     EXPECT_EQ(asked[1].event, driver::clickFilterDisabledByTimeout);
@@ -296,7 +297,7 @@ TEST_F(ClickFilterTest, WatchdogReleasesTheTouchpadWhenTheFilterHangs) {
     EXPECT_EQ(waitForAsked(2).size(), 2U);
 }
 
-// The reader may be blocked before it has read anything, and by a touchpad that is not forwarded.
+// The reader may block before it has read any event, and on a touchpad that is not forwarded.
 TEST_F(ClickFilterTest, ReaderThatWaitsForALockCountsAsStuck) {
     pads->plug("event2", "without");
     pads->stream("event2")->hasButtons = false;

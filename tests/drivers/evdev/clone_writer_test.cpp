@@ -22,7 +22,7 @@ protected:
         return writer.forward(events, slot, source, time);
     }
 
-    // Writes a frame from which the button change was dropped.
+    // Writes a frame without the dropped button change.
     void sayWithout(const InputEvent& button, double time = 1) {
         applyToSource({button});
         EXPECT_TRUE(writer.forward({}, source.slot(), source, time));
@@ -30,7 +30,7 @@ protected:
 
     Texts written() const {
         Texts frames = system->journal();
-        frames.erase(frames.begin()); // the entry for creating the clone
+        frames.erase(frames.begin()); // the entry for the clone's creation
         return frames;
     }
 

@@ -1,4 +1,4 @@
-// The library as a program uses it: opened by path, with its symbols.
+// Tests the library as a program uses it: loads it by path and resolves its symbols.
 
 #include "drivers/evdev/click_filter.h"
 #include "drivers/evdev/device_name.h"
@@ -73,7 +73,7 @@ TEST_F(DriverInterface, ReportsTheDevicesAndWhetherClonesArePossible) {
             static_cast<std::vector<std::string>*>(context)->emplace_back(line);
         },
         &lines);
-    ASSERT_GE(lines.size(), 2U); // without touchpads a line reports that
+    ASSERT_GE(lines.size(), 2U); // without touchpads, a line says so
     EXPECT_THAT(lines.back(), testing::StartsWith("/dev/uinput, for clones and for typing: "));
 }
 

@@ -36,7 +36,7 @@ class FakeSystem {
 public:
     static constexpr std::chrono::seconds limit{120};
 
-    // Sets whether the user may make clones.
+    // Sets whether the user may create clones.
     void allowClones(bool allowed) {
         set([&] { clonesAllowed = allowed; });
     }
@@ -46,7 +46,7 @@ public:
     void breakClone() {
         set([&] { cloneBroken = true; });
     }
-    // Sets the clone's progress. By default a program opens the clone at once.
+    // Sets the clone's progress. By default a program opens the clone immediately.
     void setStanding(const CloneStanding& newStanding) {
         set([&] { standing = newStanding; });
     }
@@ -54,7 +54,7 @@ public:
         set([&] { now = time; });
     }
 
-    // Called by the driver.
+    // The driver calls the functions below.
     std::optional<double> grab() {
         const std::lock_guard lock(mutex);
         if (grabbedByOthers) {
@@ -100,12 +100,12 @@ public:
         }
     }
 
-    // All calls in order: "clone", "grab", the frames, "ungrab", "destroy".
+    // Returns all calls in order: "clone", "grab", the frames, "ungrab", "destroy".
     std::vector<std::string> journal() const {
         const std::lock_guard lock(mutex);
         return entries;
     }
-    // Waits for at least `count` entries and returns all.
+    // Waits for at least `count` entries and returns all entries.
     std::vector<std::string> wait(std::size_t count) const {
         std::unique_lock lock(mutex);
         changed.wait_for(lock, limit, [&] { return entries.size() >= count; });

@@ -1,5 +1,5 @@
-// A set of fake touchpads to plug and unplug, without a kernel. It decides which touchpads exist,
-// who may read them, and which events they send.
+// A set of fake touchpads that a test plugs and unplugs without a kernel. The set decides which
+// touchpads exist, which of them the user may read, and which events they send.
 //
 // Thread:  any; the test's and the reader's threads use it.
 #pragma once
@@ -25,14 +25,14 @@
 
 namespace glidemap::test {
 
-// The event queue of one open pad. Its descriptor is readable while events are pending.
+// The event queue of one open touchpad. Its descriptor is readable while events are pending.
 class FakeStream {
 public:
     FakeStream() : ready(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
 
     int descriptor() const { return ready.descriptor(); }
 
-    // The fake system's side of this pad.
+    // Returns the fake system's side of this touchpad.
     const std::shared_ptr<FakeSystem>& system() const { return outside; }
     bool hasButtons = true;
 
@@ -43,7 +43,7 @@ public:
         isDrained = false;
     }
 
-    // Discards pending events, as for a newly opened pad, and queues these.
+    // Discards pending events, as when a touchpad is opened, and queues the given events.
     void restart(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
         waiting.assign(events.begin(), events.end());
@@ -51,7 +51,7 @@ public:
         drained.notify_all();
     }
 
-    // Waits until the driver has read all events and found the queue empty.
+    // Waits until the driver has read all events and the queue is empty.
     bool waitUntilDrained() {
         std::unique_lock lock(mutex);
         return drained.wait_for(lock, test::patience, [&] { return isDrained; });
@@ -135,7 +135,7 @@ public:
         eventfd_write(changes.descriptor(), 1);
     }
 
-    // Signals a change in the folder that concerns no touchpad.
+    // Signals a change in the folder that affects no touchpad.
     void change() { eventfd_write(changes.descriptor(), 1); }
 
     // While `block` is true, a search for touchpads waits.

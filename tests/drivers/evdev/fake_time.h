@@ -1,4 +1,4 @@
-// A watchdog's clock that advances only when a test moves it.
+// A clock for the watchdog that advances only when a test moves it.
 //
 // Thread:  any.
 #pragma once
@@ -47,8 +47,8 @@ public:
         }
     }
 
-    // Returns true once the watchdog sleeps with this remaining time; nullopt is a sleep without a
-    // time-out.
+    // Returns true once the watchdog sleeps with this remaining time. nullopt means a sleep without
+    // a time-out.
     bool waitUntilWaitingFor(std::optional<std::chrono::nanoseconds> left) {
         std::unique_lock own(mutex);
         return news.wait_for(own, limit, [&] {

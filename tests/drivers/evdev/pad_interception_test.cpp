@@ -1,4 +1,4 @@
-// One touchpad between its events and its clone, without threads.
+// Tests the interception of one touchpad, between its events and its clone, without threads.
 
 #include "drivers/evdev/pad_interception.h"
 #include "fake_pads.h"
@@ -37,7 +37,7 @@ protected:
         return self.answer ? self.answer(event) : true;
     }
 
-    // Switches the filter and waits until the clone is ready or gone.
+    // Switches the filter and waits until the clone is ready or removed.
     void switchOn(bool on = true) {
         clicks.switchOn(on);
         interception->settle();
@@ -50,7 +50,7 @@ protected:
         interception->settle();
     }
 
-    // Sends frames, which the driver reads at once.
+    // Sends frames, which the driver reads immediately.
     void say(const std::vector<Events>& frames, double time = 1) {
         for (const Events& frame : frames) {
             for (const InputEvent& event : frame) {
@@ -162,7 +162,7 @@ TEST_F(PadInterceptionTest, FingersStayPalmsUntilTheReleaseWhenSwitchedOffDuring
                                          "3:57=-1", "ungrab", "destroy"}));
 }
 
-// The contact was a palm until it lifted, so programs do not take it for a tap.
+// The contact was a palm until it lifted, so programs do not recognise a tap.
 TEST_F(PadInterceptionTest, EndLiftsFingersAsPalmsDuringADroppedPress) {
     switchOn();
     say({{fingerDown}, {leftDown}});
@@ -447,7 +447,7 @@ TEST_F(PadInterceptionTest, GracePeriodIsLongerWhenReadersAreUnknown) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-// There is no timer: an unused touchpad needs no clone.
+// The interception uses no timer, because an unused touchpad needs no clone.
 TEST_F(PadInterceptionTest, RetriesWhenTheTouchpadIsUsedAfterAPause) {
     system().setStanding({true, true, false});
     switchOn();

@@ -20,7 +20,7 @@ TEST(ThreadWithoutSignals, BlocksSignalsInTheThreadButNotInItsCreator) {
     EXPECT_FALSE(isBlocked(SIGTERM));
 }
 
-// Blocked signals would be worse than a missing thread: no signal could then end the program.
+// Blocked signals would be worse than a missing thread: no signal could terminate the program.
 TEST(ThreadWithoutSignals, RestoresTheCreatorsSignalMaskIfTheThreadCannotStart) {
     struct CannotBeMoved {
         CannotBeMoved() = default;

@@ -16,7 +16,7 @@ class Listener {
 public:
     struct Report {
         driver::Device device;
-        std::string contacts; // `identifier:state` each
+        std::string contacts; // each contact as `identifier:state`
     };
 
     static Listener& shared() {
@@ -65,7 +65,7 @@ public:
         onReport = std::move(reaction);
     }
 
-    // Waits for at least `count` reports and returns all.
+    // Waits for at least `count` reports and returns all reports.
     std::vector<std::string> wait(std::size_t count) {
         std::unique_lock lock(mutex);
         changed.wait_for(lock, limit, [&] { return reports.size() >= count; });
@@ -363,7 +363,7 @@ TEST_F(TouchpadDriverTest, DeviceMayBeStoppedFromItsOwnCallback) {
     send("event1", events);
     EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
     received.react({});
-    driver.stop(device); // waits for the callback; has no other effect
+    driver.stop(device); // only waits for the callback
     driver.start(device);
     send("event1", fingerDown(1));
     EXPECT_EQ(received.wait(2).size(), 2U);
@@ -420,11 +420,11 @@ TEST_F(TouchpadDriverTest, EachDeviceHasTheNameOfItsTouchpad) {
     EXPECT_EQ(driver.name(nullptr), nullptr);
 }
 
-// Searching all nodes once per touchpad would take four thousand look-ups for 64 touchpads.
+// A search of all nodes for each touchpad would take four thousand look-ups for 64 touchpads.
 TEST_F(TouchpadDriverTest, StartsManyTouchpadsWithoutSearchingAllEachTime) {
     constexpr int count = 64;
     for (int number = 0; number < count; ++number) {
-        pads->plug("event" + std::to_string(number), "one of many"); // all with the same identity
+        pads->plug("event" + std::to_string(number), "one of many"); // all have the same identity
     }
     const auto list = driver.createList();
     const int searches = pads->timesSearched();

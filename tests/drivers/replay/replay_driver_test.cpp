@@ -29,7 +29,8 @@ const std::vector<std::string> tapDeliveries = {"1@0.25,0.75 state 3, 2@0.5,0.75
                                                 "1@0.25,0.75 state 4, 2@0.5,0.75 state 4",
                                                 "nothing"};
 
-// For a recording that loops and may have progressed while the test was not scheduled.
+// Returns only the first deliveries: a looping recording may continue while the test is not
+// scheduled.
 std::vector<Delivery> firstOf(ReplaySession& session, std::size_t count) {
     auto deliveries = session.waitFor(count);
     deliveries.resize(std::min(count, deliveries.size()));
@@ -87,7 +88,7 @@ TEST(ReplayDriver, PlaysOnceByDefault) {
     session.setRecording(tap);
     session.start();
     session.waitFor(3);
-    waitForThreads(before); // a running player would keep its thread
+    waitForThreads(before); // a player that still runs keeps its thread
     EXPECT_EQ(session.deliveryCount(), 3U);
 }
 
@@ -152,12 +153,12 @@ TEST(ReplayDriver, StopsDuringALongWait) {
     session.setRecording("{\"t\":0,\"touches\":[]}\n{\"t\":1e300,\"touches\":[[1,0,0,4]]}\n");
     session.start();
     session.waitFor(1);
-    session.manager().stop(); // checks that stop() returns
+    session.manager().stop(); // shows that stop() returns
     EXPECT_FALSE(session.manager().isRunning());
     EXPECT_EQ(session.deliveryCount(), 1U);
 }
 
-// One report every 0.1 ms, so that stopping repeatedly coincides with a report.
+// Sends a report every 0.1 ms, so that some stops coincide with a report.
 TEST(ReplayDriver, DoesNotCallBackAfterStopping) {
     std::string dense;
     for (int index = 0; index < 2'000; ++index) {
@@ -199,7 +200,7 @@ TEST(ReplayDriver, RestartsFromTheBeginningAfterAStop) {
     const std::size_t before = threadCount();
     ReplaySession session;
     session.setRecording(tap);
-    bool stop = true; // read by the driver's threads, which run one after another
+    bool stop = true; // the driver's threads read it, one after another
     session.onDelivery = [&](const Delivery&) {
         if (std::exchange(stop, false)) {
             session.stopDevice();
@@ -268,7 +269,8 @@ TEST(ReplayDriver, WithAnEmptyRecordingReturnsADeviceWithoutTouches) {
     EXPECT_EQ(session.deliveryCount(), 0U);
 }
 
-// The loader treats a copy as another library, so that the mode does not affect the other tests.
+// Loads a copy of the driver, which the loader treats as another library. So the mode does not
+// affect other tests.
 class PushedReports : public testing::Test {
 protected:
     PushedReports() {
@@ -276,7 +278,7 @@ protected:
         std::filesystem::copy_file(GLIDEMAP_REPLAY_DRIVER, copy,
                                    std::filesystem::copy_options::overwrite_existing);
         session.emplace(copy);
-        session->start(); // no recording: only opens the library
+        session->start(); // fails without a recording, but loads the library
         const auto& manager = session->manager();
         push = reinterpret_cast<driver::Push>(manager.optionalSymbol(driver::pushSymbol));
         reinterpret_cast<driver::EnablePushing>(

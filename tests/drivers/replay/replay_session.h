@@ -1,4 +1,4 @@
-// The replay driver from the program's point of view: loaded by path, with a recording named in the
+// Runs the replay driver as the program does: loads it by path, with a recording named in the
 // environment.
 //
 // Thread:  the test's; the driver reports on its own thread, and the test waits for its reports.
@@ -21,9 +21,9 @@
 
 namespace glidemap::test {
 
-// One delivery of the driver: a report of contacts or a change of a button.
+// One report from the driver: contacts or a button change.
 struct Delivery {
-    std::string what; // "1@0.25,0.75 state 4", "nothing", "button 0 down"
+    std::string what; // such as "1@0.25,0.75 state 4", "nothing" or "button 0 down"
     double timestamp = 0;
     double arrival = 0; // in seconds of the steady clock
     std::thread::id thread;
@@ -47,7 +47,7 @@ public:
     MultitouchDeviceManager& start();
     MultitouchDeviceManager& manager() { return *_manager; }
 
-    // The driver's own functions, for the device that reported last.
+    // Calls the driver's own functions for the device that reported last.
     void startDevice();
     void stopDevice();
 
@@ -73,10 +73,10 @@ private:
 
 std::vector<std::string> descriptions(const std::vector<Delivery>& deliveries);
 
-// Seconds of the steady clock.
+// Returns the time of the steady clock, in seconds.
 double now();
 
-// Returns this process's number of threads.
+// Returns the number of threads in this process.
 std::size_t threadCount();
 
 // Waits until this process has at most `count` threads.

@@ -24,7 +24,7 @@ def entries(data):
 
 
 def unpacked_size(data):
-    # A byte from 0x80 repeats the next byte; a smaller one counts literal bytes that follow.
+    # A byte of 0x80 or more repeats the next byte. A smaller byte counts the literal bytes that follow.
     size = at = 0
     while at < len(data):
         repeats = data[at] >= 0x80

@@ -1,5 +1,5 @@
-// The engine on the real queue, delayed work and clock: races that only real threads can show. Run
-// it with the thread sanitizer.
+// Tests the engine with the real queue, delayed work and clock, for races that only real threads
+// can show. The thread sanitizer makes such races visible.
 
 #include "core/serial_queue.h"
 #include "core/task.h"
@@ -148,12 +148,12 @@ TEST_F(EngineOnRealThreads, EngineMayBeDestroyedWithQueuedWork) {
         tap(2);
         tap(3);
         tap(5);
-        engine = makeEngine(); // without a stop
+        engine = makeEngine(); // destroys the engine without a stop
     }
-    tap(5); // the sink of a destroyed engine does nothing
+    tap(5); // the sink ignores reports after the engine's destruction
 }
 
-// Runs its tasks on request, even after stop(). Simulates driver reports that arrive late.
+// Runs tasks on request, even after stop(), to simulate driver reports that arrive late.
 class LateQueue : public SerialQueue {
 public:
     void submit(Task task) override { tasks.push_back(std::move(task)); }

@@ -59,7 +59,7 @@ void countWithin(const std::function<void()>& work) {
     --within;
 }
 
-// On destruction, records `within`: whether the wrapper is running.
+// On destruction, records `within`, which shows whether the wrapper is running.
 std::shared_ptr<void> releasedWithin(std::vector<int>& seen) {
     return {nullptr, [&seen](void*) {
                 seen.push_back(within);
@@ -140,7 +140,7 @@ TEST(ThreadedSerialQueue, StopWaitsForTheRunningTaskAndDropsTheRest) {
         stopped = true;
     });
     while (!capture.expired()) {
-        std::this_thread::yield(); // until stop() has dropped the queued task
+        std::this_thread::yield(); // waits until stop() has dropped the queued task
     }
     EXPECT_FALSE(stopped.load());
     blocker.proceed.set_value();
@@ -199,7 +199,7 @@ TEST(ThreadedSerialQueue, StopReleasesABlockedSubmitter) {
     stopper.join();
     submitter.join();
     queue.stop();
-    SUCCEED(); // ends only if stop() releases the submitter
+    SUCCEED(); // ends only if stop() unblocks the submitter
 }
 
 TEST(ThreadedSerialQueue, QueueMayBeDestroyedByItsOwnTask) {
@@ -218,7 +218,7 @@ TEST(ThreadedSerialQueue, QueueMayBeDestroyedByItsOwnTask) {
     EXPECT_EQ(queue, nullptr);
 }
 
-// The thread that its own task has stopped still runs while the next one starts.
+// The stopped thread still runs its own task while the next thread starts.
 TEST(ThreadedSerialQueue, QueueStoppedByItsOwnTaskRunsTasksAfterThatTask) {
     for (int round = 0; round < 50; ++round) {
         ThreadedSerialQueue queue;
@@ -235,8 +235,8 @@ TEST(ThreadedSerialQueue, QueueStoppedByItsOwnTaskRunsTasksAfterThatTask) {
         std::promise<bool> second;
         queue.submit([&] { second.set_value(firstEnded.load()); });
         proceed.set_value();
-        EXPECT_TRUE(second.get_future().get()); // one at a time
-        drain(queue);                           // and it still wakes up
+        EXPECT_TRUE(second.get_future().get()); // tasks run one at a time
+        drain(queue);                           // the queue still wakes up
         drain(queue);
     }
 }

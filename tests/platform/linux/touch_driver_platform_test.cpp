@@ -18,7 +18,7 @@ protected:
     ~TouchDriverPlatformTest() override { unsetenv(variable); }
 };
 
-// The tests are in a folder next to bin, so they find drivers as the programs do.
+// The tests are in a folder next to bin, so they find drivers like the programs.
 TEST_F(TouchDriverPlatformTest, DefaultIsTheTouchpadDriverNextToThePrograms) {
     unsetenv(variable);
     const std::string path = touchDriverPlatform().libraryPath;
@@ -41,7 +41,7 @@ TEST_F(TouchDriverPlatformTest, SelectedDriverIsLoadedAndItsListRead) {
     unsetenv("GLIDEMAP_RECORDING");
     MultitouchDeviceManager manager(touchDriverPlatform());
     ASSERT_EQ(manager.loadError(), std::nullopt);
-    manager.start(); // nothing to play, so the list is empty
+    manager.start(); // the driver has no recording, so the list is empty
     EXPECT_EQ(manager.loadError(), "未找到多点触摸设备");
 }
 

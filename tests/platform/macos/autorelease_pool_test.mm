@@ -12,7 +12,7 @@ namespace {
 
 class AutoreleasePoolTest : public CocoaTest {
 protected:
-    // Without a pool around it the fake fails the test.
+    // The fake fails the test if no pool surrounds the call.
     static void leaveAnObjectBehind() { [[[NSObject alloc] init] autorelease]; }
 
     static std::size_t left() { return doubles::livingInstances("NSObject"); }

@@ -1,5 +1,5 @@
 // The fixture for services in Objective-C: resets the shared objects first, and checks at the end
-// that nothing is still owned or observed.
+// that no object still has an owner or an observer.
 #pragma once
 
 #include "doubles/appearance.h"

@@ -44,7 +44,7 @@ TEST_F(QtUserDefaultsTest, ValuesPersistUntilTheNextLaunch) {
     EXPECT_EQ(next.boolean("masterEnabled"), false);
 }
 
-// A second reader simulates the next launch after a crash: the first one is still open.
+// A second reader simulates the next launch after a crash, because the first reader is still open.
 TEST_F(QtUserDefaultsTest, ValuesAreWrittenAtOnce) {
     QtUserDefaults defaults(file);
     for (const bool value : {false, true}) {
@@ -143,7 +143,7 @@ TEST_F(QtUserDefaultsTest, DamagedFileIsReadAsFarAsPossibleAndCanBeWritten) {
     }
 }
 
-// Also applies to root, whom permissions do not stop.
+// The writes fail even for root, which ignores permissions.
 TEST_F(QtUserDefaultsTest, ValueThatCannotBeWrittenLastsUntilTheEnd) {
     fs::create_directories(file); // a folder in place of the file
     const auto below = folder / "plain" / "glidemap.ini";

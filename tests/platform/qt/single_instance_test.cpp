@@ -60,12 +60,12 @@ private:
     std::array<int, 2> ends{};
 };
 
-// A child process, which exits with the function's result, or with this test.
+// A child process that exits with the function's result, and does not outlive this test.
 class Child {
 public:
     explicit Child(const std::function<int()>& work) : process(fork()) {
         if (process == 0) {
-            alarm(3 * test::patience.count()); // longer than all its waits
+            alarm(3 * test::patience.count()); // longer than all waits in the child
             _exit(work());
         }
     }
@@ -97,7 +97,7 @@ private:
 
 class SingleInstanceTest : public testing::Test {
 protected:
-    // Claims and listens until a request arrives; then exits with 7.
+    // Becomes the first instance, listens until a request arrives, and returns 7.
     int beFirst(const Signpost& listening) const {
         Application application;
         SingleInstance instance(folder.path());
@@ -196,7 +196,7 @@ TEST_F(SingleInstanceTest, InstanceThatDoesNotListenYetIsWaitedFor) {
 TEST_F(SingleInstanceTest, RequesterTakesOverFromAnInstanceThatExits) {
     const Signpost ending;
     const Signpost begun;
-    Child second([&] { // before the lock, which a child would inherit
+    Child second([&] { // forks before the lock exists, because a child would inherit the lock
         ending.wait();
         begun.notify();
         return claimAsSecond();
@@ -304,7 +304,7 @@ TEST_F(SingleInstanceTest, LinkInPlaceOfTheLockIsNotFollowed) {
     EXPECT_EQ(fs::status(kept).permissions(), fs::perms::all);
 }
 
-// Holds the lock, and listens with a server that misbehaves.
+// Holds the lock, and listens as a server that misbehaves.
 class PretendedFirst {
 public:
     // `user` is the user that the system reports as the listener.
@@ -327,7 +327,7 @@ public:
         close(lock);
     }
 
-    // All data from a client up to the end of its line.
+    // Returns all data from a client up to the end of its line.
     std::string hearAndAnswer(const std::vector<std::string>& parts) const {
         const int client = accept(socket, nullptr, nullptr);
         std::string received;
@@ -342,7 +342,7 @@ public:
         return received;
     }
 
-    // All data from clients that have disconnected.
+    // Returns all data from clients that have disconnected.
     std::string everythingHeard() const {
         fcntl(socket, F_SETFL, O_NONBLOCK);
         std::string received;
@@ -425,7 +425,7 @@ TEST_F(SingleInstanceTest, ClaimFailsWithoutAFolder) {
 TEST_F(SingleInstanceTest, InstanceThatCannotListenReturnsTheErrorAndStaysFirst) {
     folder.write("glidemap.socket/in/the/way", "");
     const Signpost goOn;
-    Child second([&] { // before the lock, which a child would inherit
+    Child second([&] { // forks before the lock exists, because a child would inherit the lock
         goOn.wait();
         return claimAsSecond(soon);
     });

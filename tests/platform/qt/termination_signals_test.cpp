@@ -17,11 +17,11 @@ namespace {
 
 using test::Application;
 
-// A child that exits normally with 7, or with 8 if its loop ended without a request.
+// Runs a child. Its exit status is 7, or 8 if its event loop ended without a request.
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {
-        alarm(test::patience.count()); // terminates a child that gets no signal
+        alarm(test::patience.count()); // terminates a child that receives no signal
         Application application;
         bool asked = false;
         const TerminationSignals ending([&] {
@@ -49,8 +49,8 @@ TEST(TerminationSignalsTest, SecondSignalEndsAProgramThatHangs) {
               128 + SIGTERM);
 }
 
-// Runs a child that hangs after the termination request, with a limit of 50 ms. Returns its exit
-// status.
+// Runs a child that hangs after the termination request, with a time limit of 50 ms. Returns the
+// child's exit status.
 int hangingProgram(const std::function<void(const TerminationSignals&)>& end) {
     const pid_t child = fork();
     if (child == 0) {
@@ -79,7 +79,7 @@ TEST(TerminationSignalsTest, LimitOutlivesTheObject) {
               EXIT_SUCCESS);
 }
 
-// A limit would replace this test's alarm by a shorter one.
+// A time limit would replace the alarm of this test by a shorter alarm.
 TEST(TerminationSignalsTest, ProgramWithoutALimitIsNotInterrupted) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {

@@ -16,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Records the work that ran and its time on the virtual clock.
+// Records each item and the virtual time at which it ran.
 class VirtualTimeTest : public testing::Test {
 protected:
     struct Event {
@@ -178,7 +178,7 @@ TEST_F(VirtualTimeTest, TaskSubmittedByATaskRunsAfterTheQueuedOnes) {
         for (int count = 0; count < 100; ++count) { // enough to reallocate the storage
             submit("child");
         }
-        time.runSubmitted(); // nested: no task runs inside another
+        time.runSubmitted(); // a nested call, inside which no task runs
         record("end of parent");
     });
     submit("second");
@@ -253,7 +253,7 @@ TEST_F(VirtualTimeTest, TasksSubmittedByTheMainQueueRunAfterIt) {
     time.mainQueue()->submit([this] {
         time.mainQueue()->submit([this] { record("main child"); });
         submit("child");
-        time.runSubmitted(); // nested: no task runs inside another
+        time.runSubmitted(); // a nested call, inside which no task runs
         record("end of main");
     });
     time.runSubmitted();

@@ -1,4 +1,4 @@
-// The program run like from a shell, with a driver that performs its own gestures.
+// Runs the built program as a shell does, with a driver that performs its own gestures.
 
 #include "kit/temporary_folder.h"
 
@@ -25,7 +25,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-constexpr int patience = 120'000; // milliseconds, for a busy machine
+constexpr int patience = 120'000; // milliseconds, enough for a busy machine
 
 constexpr const char* swipeRecording =
     "{\"glidemap-recording\":1,\"device\":\"Scripted \\\"Pad\\\"\"}\n"
@@ -59,7 +59,7 @@ public:
         ends[1] = -1;
     }
 
-    // Reads until the text appears, or to the end if `wanted` is empty.
+    // Reads until the text appears, or until the end if `wanted` is empty.
     bool readUntil(const std::string& wanted) {
         while (wanted.empty() || text.find(wanted) == std::string::npos) {
             pollfd ready{ends[0], POLLIN, 0};

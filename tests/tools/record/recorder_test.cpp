@@ -56,7 +56,7 @@ TEST(Recorder, AFullDiskIsReportedOnceWithTheReason) {
 TEST(Recorder, FinishingImmediatelyLosesNoRecords) {
     std::ostringstream output;
     Recorder recorder(output, "", [] {});
-    constexpr int many = 5000; // more than the writer's queue holds at any time
+    constexpr int many = 5000; // more records than the writer's queue can hold
     for (int count = 0; count < many; ++count) {
         recorder.report(nullptr, 0, count);
     }

@@ -1,4 +1,4 @@
-// A touch driver without a touchpad: environment variables set the number of touchpads, and a
+// A touch driver without a real touchpad. Environment variables set the number of touchpads. Each
 // started touchpad swipes three fingers to the right and presses its button, once.
 //
 //   GLIDEMAP_SCRIPTED_TOUCHPADS    the number of readable touchpads

@@ -1,4 +1,4 @@
-// The actions that glidemap-replay prints for the gestures and clicks of a recording.
+// Tests the actions that glidemap-replay prints for a recording's gestures and clicks.
 
 #include "replay_program.h"
 
@@ -32,7 +32,7 @@ std::string launch(const std::string& bundleID, const std::string& name) {
     return R"({"kind":"launchApp","bundleID":")" + bundleID + R"(","name":")" + name + "\"}";
 }
 
-// The identifier of the binding created with this digit.
+// Returns the identifier of the binding created with this digit.
 std::string id(char digit) {
     return std::string(8, digit) + "-0000-4000-8000-00000000000A";
 }
@@ -51,7 +51,7 @@ std::string listOf(const std::vector<std::string>& bindings) {
     return "[" + list + "]";
 }
 
-// The complete output for valid bindings and a valid recording.
+// Returns the complete output for valid bindings and a valid recording.
 std::string replayed(const std::vector<std::string>& bindings, const std::string& recording,
                      std::vector<std::string> options = {"--json"}) {
     const Folder folder;
@@ -83,7 +83,7 @@ std::string performed(const std::string& time, const std::string& what) {
     return R"({"t":)" + time + R"(,"perform":)" + what + "}\n";
 }
 
-// A line of a recording, and, with a result appended, of the output.
+// Returns a line of a recording. The overload with a result returns a line of the output.
 std::string button(const std::string& time, int number, bool down) {
     return R"({"t":)" + time + R"(,"button":)" + std::to_string(number) + R"(,"down":)" +
            (down ? "true" : "false") + "}\n";
@@ -101,7 +101,8 @@ std::string frontmost(const std::string& time, const std::string& application) {
 
 const std::string editor = R"({"bundleID":"org.example.Editor","name":"Editor"})";
 
-// Fingers that rest on the pad: too long for a tap, too short for a long press.
+// Returns a report of resting fingers, which the tests hold too long for a tap and too briefly for
+// a long press.
 std::string resting(int count, double from) {
     std::string tap = tapOf(count, from, from);
     return tap.substr(0, tap.find('\n') + 1);
@@ -212,7 +213,7 @@ struct ClickRow {
     std::string fact;
     int fingers;
     int number;
-    std::string extra; // before the click
+    std::string extra; // lines before the click
     bool isSwallowed;
 };
 

@@ -1,4 +1,4 @@
-// How glidemap-replay handles invalid recordings.
+// Tests how glidemap-replay handles invalid recordings.
 
 #include "replay_program.h"
 

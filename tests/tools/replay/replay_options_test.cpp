@@ -1,4 +1,4 @@
-// The options of glidemap-replay that do not affect recognition.
+// Tests the options of glidemap-replay that do not affect recognition.
 
 #include "replay_program.h"
 

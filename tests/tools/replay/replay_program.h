@@ -1,4 +1,4 @@
-// Runs the built glidemap-replay like from a shell, and captures its output.
+// Runs the built glidemap-replay as a shell does, and captures its output.
 //
 // Thread:  one. The program has exited when run() returns.
 // Errors:  a program that cannot be started or is killed fails the test.
@@ -27,33 +27,34 @@ struct Ended {
 
 Ended replay(const std::vector<std::string>& arguments, const std::string& input = "");
 
-// Does the same with a copy of the program at another path.
+// Runs a copy of the program at another path.
 Ended replayWith(const std::string& program, const std::vector<std::string>& arguments,
                  const std::string& input = "");
 
-// Runs the program with standard output redirected to an existing file, which is not captured.
+// Runs the program with standard output redirected to an existing file, whose content is not
+// captured.
 Ended replayInto(const std::string& outputPath, const std::vector<std::string>& arguments);
 
 // A folder of files that is removed with the test.
 class Folder {
 public:
-    // The path of the written file.
+    // Writes a file and returns its path.
     std::string write(const std::string& name, const std::string& content) const;
 
-    // The path of the copy; creates the folders in `name`.
+    // Copies a file and returns the path of the copy. Creates the folders in `name`.
     std::string copy(const std::string& file, const std::string& name) const;
 
 private:
     TemporaryFolder folder;
 };
 
-// Lines of a recording: `count` fingers side by side that land at `down` and lift by `up`.
+// Returns recording lines: `count` adjacent fingers that land at `down` and lift by `up`.
 std::string tapOf(int count, double down, double up);
 
-// The line of an unbound gesture, while the frontmost application is unknown.
+// Returns the output line of an unbound gesture, while the frontmost application is unknown.
 std::string deliveredLine(const std::string& time, const std::string& gesture);
 
-// One report without fingers.
+// Returns a report without fingers.
 std::string nothingAt(double time);
 
 } // namespace glidemap::test

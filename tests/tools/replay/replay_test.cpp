@@ -1,4 +1,4 @@
-// The gestures that glidemap-replay recognises and how it prints them.
+// Tests which gestures glidemap-replay recognises and how it prints them.
 
 #include "choreography/performance.h"
 #include "recording/recording_writer.h"
@@ -21,7 +21,7 @@ std::string json(const std::string& time, const std::string& gesture, bool deliv
                : R"({"t":)" + time + R"(,"gesture":")" + gesture + "\",\"delivered\":false}\n";
 }
 
-// The complete output for a valid recording on standard input.
+// Returns the complete output for a valid recording on standard input.
 std::string replayed(const std::string& recording, std::vector<std::string> options = {}) {
     options.insert(options.end(), {"--json", "-"});
     const Ended ended = replay(options, recording);
@@ -155,7 +155,7 @@ TEST(Replay, EveryWrittenPerformanceIsRecognisedWhenReadBack) {
 
 TEST(Replay, SeveralFilesAreIndependentRunsEachPrecededByItsName) {
     const Folder folder;
-    // Together they would be a double tap, and the cooldown would drop the second tap.
+    // In one recording the taps would be a double tap, or the cooldown would drop the second tap.
     const std::string first = folder.write("first", tapOf(2, 0, 0.1));
     const std::string second = folder.write("second \"two\"", tapOf(2, 0.2, 0.3));
     EXPECT_EQ(replay({first, second}).output,

@@ -1,4 +1,4 @@
-// The access prompt with shell scripts in place of pkexec.
+// Tests the access prompt with shell scripts in place of pkexec.
 #include "kit/fake_main_queue.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/access/access_prompt.h"
@@ -17,7 +17,7 @@ class AccessPromptTest : public testing::Test {
 protected:
     AccessPromptTest() { EXPECT_EQ(mkfifo(answers.c_str(), 0600), 0); }
 
-    // Writes a letter for each prompt, and exits when the test calls answer().
+    // The script writes a letter for each prompt, and exits when the test calls answer().
     std::vector<std::string> command() const {
         return {"/bin/sh", "-c",
                 "printf x >>" + asked.string() + "; read answer <" + answers.string()};
@@ -109,13 +109,13 @@ TEST_F(AccessPromptTest, PromptWaitsUntilTheUserCanReadTheExplanation) {
     EXPECT_EQ(test::contentOf(asked), "x");
 }
 
-// On startup the main thread may be opening a window.
+// The prompt must not delay a window that the main thread opens on startup.
 TEST_F(AccessPromptTest, PromptOpensAfterTheCurrentTask) {
     const auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
     made->ask();
     EXPECT_EQ(queue->waiting(), 1U);
     EXPECT_FALSE(std::filesystem::exists(asked));
-    queue->runNext(); // not the prompt's end, which may be queued already
+    queue->runNext(); // does not run the report of the closed prompt, which may be queued already
     queue->waitForOne();
     EXPECT_EQ(test::contentOf(asked), "x");
 }

@@ -1,6 +1,6 @@
 // A driver without touchpads that has a click filter and records its calls. Like the real driver,
-// its reader holds a lock while it calls the filter, and switching waits for that lock. Compiled
-// once complete, and once for each incomplete variant.
+// its reader holds a lock while it calls the filter, and switching waits for that lock. The build
+// compiles a complete driver and several incomplete variants.
 #include "drivers/evdev/click_filter.h"
 
 #include <condition_variable>
@@ -61,7 +61,7 @@ EXPORTED void GlidemapSwitchClickFilter(bool on) {
 }
 #endif
 
-// The test's interface.
+// Functions for the tests.
 
 EXPORTED const char* TestDriverCalls() {
     const std::lock_guard guard(notes);
@@ -75,7 +75,8 @@ EXPORTED void TestDriverReset() {
     switching = 0;
 }
 
-// Acts as the reader: returns whether the button change is dropped, -1 without a filter.
+// Acts as the reader. Returns 1 if the filter drops the button change, 0 if not, or -1 without a
+// filter.
 EXPORTED int TestDriverClick(int event, int button) {
     const std::lock_guard guard(reading);
     return filter == nullptr ? -1 : static_cast<int>(filter(filterContext, nullptr, event, button));

@@ -1,4 +1,4 @@
-// The polkit prompt with shell scripts in place of pkexec.
+// Tests the polkit prompt with shell scripts in place of pkexec.
 #include "kit/patience.h"
 #include "kit/temporary_folder.h"
 #include "platform/linux/access/grant_prompt.h"
@@ -31,7 +31,7 @@ std::vector<std::string> shell(const std::string& script) {
     return {"/bin/sh", "-c", script};
 }
 
-// Waits for the prompt's end. The prompt's thread may outlive the test.
+// Waits until the prompt ends. The prompt's thread may outlive the test.
 class End {
 public:
     std::function<void(int)> notify() const {
@@ -55,7 +55,7 @@ private:
 class Answer {
 public:
     Answer() {
-        // Without close-on-exec: the script writes to the descriptor by its number.
+        // The write end has no close-on-exec flag, because the script writes to it by its number.
         EXPECT_EQ(pipe(ends.data()), 0);
         fcntl(ends[0], F_SETFD, FD_CLOEXEC);
     }
@@ -112,7 +112,8 @@ TEST(GrantPromptTest, SystemFileIsWritableOnlyByRoot) {
     EXPECT_FALSE(isWritableOnlyByRoot("/nowhere/at/all"));
 }
 
-// Only root may write to it or to its parents. Tests run at the same time, so each has its own.
+// Returns a path that only root may write. Each test has its own, because tests run at the same
+// time.
 fs::path folderOfRoot(const std::string& name) {
     return "/usr/local/glidemap-grant-prompt-" + name + "-" + std::to_string(getpid());
 }
@@ -161,7 +162,7 @@ TEST(GrantPromptTest, StartDoesNotWaitForTheUser) {
     ASSERT_EQ(pipe(user.data()), 0);
     fcntl(user[1], F_SETFD, FD_CLOEXEC);
     End end;
-    // The script exits on the "user's" input, which arrives after the call has returned.
+    // The script exits when it reads input, which the test sends after the call has returned.
     ASSERT_TRUE(startGrantPrompt(shell("read answer </proc/self/fd/" + std::to_string(user[0])),
                                  end.notify()));
     EXPECT_FALSE(end.hasCome());
@@ -192,8 +193,8 @@ TEST(GrantPromptTest, MissingProgramIsNotStarted) {
     EXPECT_FALSE(isFinished);
 }
 
-// A program that handles SIGTERM with a descriptor blocks it; the signal must still terminate
-// pkexec.
+// A program that reads SIGTERM from a descriptor blocks the signal, but SIGTERM must still
+// terminate pkexec.
 TEST(GrantPromptTest, ChildHasNoBlockedSignals) {
     sigset_t blocked;
     sigset_t before;

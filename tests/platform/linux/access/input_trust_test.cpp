@@ -56,7 +56,7 @@ TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
     InputTrust trust(std::make_unique<FakeInputNodes>(machine), [&] { ++asked; });
     EXPECT_TRUE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 0);
-    machine.readable.clear(); // another session is in front
+    machine.readable.clear(); // another session becomes active
     EXPECT_FALSE(trust.isTrustedWithPrompt());
     EXPECT_EQ(asked, 1);
 }

@@ -37,7 +37,7 @@ public:
 
     std::string calls() const { return function<const char* (*)()>("TestDriverCalls")(); }
 
-    // Returns whether the change is dropped, -1 without a filter.
+    // Returns 1 if the filter drops the button change, 0 if not, or -1 without a filter.
     int click(int event, int button) const {
         return function<int (*)(int, int)>("TestDriverClick")(event, button);
     }

@@ -1,4 +1,4 @@
-// Checks the polkit policy, an XML file of a few elements, as polkit reads it.
+// Checks the polkit policy, a small XML file, as polkit reads it.
 #include <glib.h>
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-// Maps paths of elements to their texts; a path includes each element's distinguishing attribute.
+// Maps element paths to their texts. A path includes the attribute that distinguishes each element.
 struct Contents {
     std::string path;
     std::map<std::string, std::string> texts;

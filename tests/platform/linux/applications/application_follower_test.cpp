@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Reports no properties of any process, and counts the queries.
+// Reports no properties for any process, and counts the queries.
 class NoProcesses : public ProcessReader {
 public:
     ProcessFacts read(pid_t /*process*/) const override {
@@ -58,7 +58,7 @@ protected:
 
     Application frontmost() const { return *published.frontmost.load(); }
 
-    // Waits for it, because GIO notices new entries with a delay.
+    // Waits for the application, because GIO notices new entries with a delay.
     void expectFrontmost(const Application& expected) const {
         const auto deadline = std::chrono::steady_clock::now() + test::patience;
         while (!(frontmost() == expected) && std::chrono::steady_clock::now() < deadline)
@@ -195,7 +195,7 @@ TEST_F(ApplicationFollowerTest, OwnWindowIsNoApplicationToChoose) {
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
     folder.install("org.glidemap.Glidemap", "Name=Glidemap\nExec=sh\n");
     activate(window("org.glidemap.Glidemap", 3));
-    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // its own bindings keep working
+    expectFrontmost({"org.glidemap.Glidemap", "Glidemap"}); // Glidemap's own bindings keep working
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
 }
 

@@ -31,7 +31,7 @@ protected:
         folder.clear();
     }
 
-    // A script that writes the shell's expansion of the words.
+    // Returns a script that writes the words to the pipe, as the shell expands them.
     std::string reporting(const std::string& name, const std::string& words) {
         return folder.script(name, "echo " + words + " >" + pipe.string() + "\n");
     }
@@ -86,7 +86,7 @@ TEST_F(ApplicationLauncherTest, EntryFileIsInTheEnvironmentOfTheProcess) {
 }
 
 TEST_F(ApplicationLauncherTest, ProcessIsNotOurChildAndHasItsOwnSession) {
-    // The fields after the name: state, parent, process group, session.
+    // The fields of /proc/PID/stat after the name are the state, parent, process group and session.
     installAndLaunch("tool", "Exec=" +
                                  reporting("tool", "\"$$ $(sed 's/.*) //' /proc/$$/stat | "
                                                    "cut -d' ' -f2-4)\"") +

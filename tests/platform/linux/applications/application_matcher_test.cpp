@@ -1,5 +1,5 @@
-// Windows as real programs create them, matched with the entries in entries/, which have the shapes
-// of widely used ones.
+// Matches windows as real programs create them with the entries in entries/, which resemble widely
+// used entries.
 #include "platform/linux/applications/application_matcher.h"
 
 #include <glib.h>
@@ -19,7 +19,7 @@ std::string valueOf(GKeyFile* file, const char* key) {
     return text;
 }
 
-// Does not use GIO, which ignores entries whose program is not installed.
+// GIO is not used, because it ignores entries whose program is not installed.
 DesktopEntry readEntry(const std::filesystem::path& path) {
     GKeyFile* const file = g_key_file_new();
     EXPECT_TRUE(g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) << path;
@@ -42,7 +42,7 @@ std::vector<DesktopEntry> readEntries() {
     return entries;
 }
 
-// The properties of one process, which always has the same id.
+// Provides the properties of one process, which always has the same id.
 class OneProcess : public ProcessReader {
 public:
     static constexpr pid_t number = 4242;
@@ -199,13 +199,13 @@ const Row rows[] = {
      inUnit("app-gnome-xterm-1.scope"), "xterm"},
     {"a unit of no application", classed("x", "y"), inUnit("session-3.scope"), ""},
 
-    // Matches by the launch.
+    // Matches by the launch variables in the process's environment.
     {"launched from an entry", classed("x", "y"),
      launchedFrom("/usr/share/applications/jetbrains-idea.desktop"), "jetbrains-idea"},
     {"launched from an entry that is not installed", classed("x", "y"),
      launchedFrom("/tmp/a.desktop"), ""},
 
-    // Matches by the program.
+    // Matches by the process's program.
     {"its executable", classed("gimp-2.10", "Gimp-2.10"), running("/usr/bin/gimp-2.10"), "gimp"},
     {"a script", classed("toplevel", "Toplevel"),
      running("/usr/bin/python3.11", {"/usr/bin/python3", "/usr/bin/virt-manager", "-c"}),

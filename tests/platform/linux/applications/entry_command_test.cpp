@@ -32,7 +32,7 @@ TEST(FieldCodes, ValuesAreInsertedAndQuoted) {
 TEST(FieldCodes, FileCodesExpandToAPath) {
     EXPECT_EQ(withFieldCodes("cmd %f", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
     EXPECT_EQ(withFieldCodes("cmd %F", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
-    EXPECT_EQ(withFieldCodes("cmd %f", values), "cmd "); // no file
+    EXPECT_EQ(withFieldCodes("cmd %f", values), "cmd "); // the values contain no file
 }
 
 TEST(FieldCodes, MissingValuesExpandToNothing) {
@@ -62,7 +62,7 @@ protected:
         return entry != nullptr ? commandOf(entry.get(), url) : EntryCommand{};
     }
 
-    // A folder for PATH that contains only programs of these names.
+    // A folder for PATH that contains only programs with these names.
     std::string onlyPrograms(const std::vector<std::string>& names) const {
         const auto bin = folder.path() / "only";
         std::filesystem::remove_all(bin);

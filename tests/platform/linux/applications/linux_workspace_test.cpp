@@ -36,7 +36,7 @@ public:
         return true;
     }
 
-    // Only the editor's window can be brought forward.
+    // Activates only the editor's window.
     void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) override {
         const bool has = isChosen(window("editor"));
         log.push_back(name + (has ? " brings forward" : " has no window"));
@@ -112,7 +112,7 @@ TEST_F(LinuxWorkspaceTest, ApplicationWithAWindowComesForwardAndIsNotLaunched) {
     EXPECT_THAT(log, ElementsAre("only starts", "only brings forward", "only has no window"));
 }
 
-// Reports which of its windows it would activate.
+// Reports which of its windows would be activated.
 class ChoosingBackend : public BackendDouble {
 public:
     explicit ChoosingBackend(std::vector<std::string>& record)

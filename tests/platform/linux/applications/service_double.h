@@ -16,19 +16,19 @@ using GDBusMessage = struct _GDBusMessage;
 
 namespace glidemap {
 
-// Becomes the program's session bus with the first call.
+// Returns the bus. The first call makes it the program's session bus.
 const desktops::PrivateBus& sessionBus();
 
-// Owns a name during its life, records calls, and sends the same reply to all.
+// Owns a name during its lifetime, records calls, and sends the same reply to each call.
 class ServiceDouble {
 public:
-    // The reply is empty, or the error with this name.
+    // Each reply is empty, or an error with this name.
     explicit ServiceDouble(const std::string& name, std::string answeredError = "");
     ServiceDouble(const ServiceDouble&) = delete;
     ServiceDouble& operator=(const ServiceDouble&) = delete;
     ~ServiceDouble();
 
-    // The next call as "object path, interface.method, arguments".
+    // Returns the next call as "object path, interface.method, arguments".
     std::string nextCall();
 
 private:

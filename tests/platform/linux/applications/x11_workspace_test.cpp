@@ -120,7 +120,7 @@ TEST_F(X11WorkspaceTest, WindowsMapToInstalledApplications) {
 }
 
 TEST_F(X11WorkspaceTest, FocusChangeNeverReportsNoApplication) {
-    follow(std::chrono::hours(1)); // longer than any window manager on a busy machine
+    follow(std::chrono::hours(1)); // longer than a window manager takes on a busy machine
     const auto files = window("files", "example-files");
     const auto editor = window("editor", "Editor");
     expectFrontmost("editor (编辑器)");
@@ -143,7 +143,7 @@ TEST_F(X11WorkspaceTest, FocusChangeNeverReportsNoApplication) {
     EXPECT_EQ(gaps, 0);
 }
 
-// Receives the broadcasts of launchers.
+// Receives the messages that launchers broadcast.
 class LaunchMessages {
 public:
     explicit LaunchMessages(const std::string& display)
@@ -153,10 +153,10 @@ public:
         const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
         xcb_change_window_attributes(connection.get(), root, XCB_CW_EVENT_MASK, &events);
         free(xcb_get_input_focus_reply(connection.get(), xcb_get_input_focus(connection.get()),
-                                       nullptr)); // the server has seen it
+                                       nullptr)); // the server has processed the request
     }
 
-    // The next message, joined from its pieces.
+    // Returns the next message, joined from its pieces.
     std::string next() const {
         std::string text;
         while (text.find('\0') == std::string::npos) {

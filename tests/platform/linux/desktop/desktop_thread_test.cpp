@@ -117,7 +117,7 @@ TEST(DesktopThread, CapturesAreDestroyedAfterTheTask) {
     DesktopThread thread;
     thread.submit([captured] {});
     thread.call([] {});
-    thread.call([] {}); // the first task's captures are destroyed after it returned
+    thread.call([] {}); // the thread destroys the captures after the task has returned
     EXPECT_EQ(captured.use_count(), 1);
 }
 
@@ -150,7 +150,7 @@ TEST(DesktopThread, ReportsAClosedPeer) {
     DesktopThread::Watch watch;
     thread.call([&] {
         watch = thread.watch(ends[0], [&] {
-            watch = {}; // otherwise it would be reported again and again
+            watch = {}; // otherwise the thread would report the closed peer repeatedly
             signals.give();
         });
     });

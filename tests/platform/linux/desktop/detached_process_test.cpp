@@ -112,7 +112,7 @@ TEST_F(DetachedProcessTest, NoSignalIsBlockedOrIgnored) {
     pthread_sigmask(SIG_SETMASK, nullptr, &now);
     EXPECT_EQ(sigismember(&now, SIGTERM), 1);
     EXPECT_EQ(sigismember(&now, SIGINT), sigismember(&before, SIGINT));
-    EXPECT_EQ(std::signal(SIGHUP, earlier), SIG_IGN); // our own handlers are unchanged
+    EXPECT_EQ(std::signal(SIGHUP, earlier), SIG_IGN); // the test's own handlers are unchanged
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
@@ -173,7 +173,7 @@ TEST_F(DetachedProcessTest, ManyThreadsMayStartProcessesAtOnce) {
     expectNoProcessToWaitFor();
 }
 
-// The journal's end of a stream.
+// Acts as the journal and accepts a stream.
 class JournalDouble {
 public:
     explicit JournalDouble(const std::string& path) {
@@ -187,7 +187,7 @@ public:
     JournalDouble& operator=(const JournalDouble&) = delete;
     ~JournalDouble() { close(listening); }
 
-    // All output of the first program, and its process id.
+    // Returns the complete output of the first program, and sets its process id.
     std::string read(pid_t& process) const {
         const int stream = accept(listening, nullptr, nullptr);
         ucred other{};

@@ -23,7 +23,7 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-// A home folder without a display, buses or bindings.
+// Provides a home folder, but no display, buses or bindings.
 class DiagnosisTest : public testing::Test {
 protected:
     static DiagnosisFacts facts() {
@@ -119,7 +119,7 @@ TEST_F(DiagnosisTest, ReportsTheProgramThatServesADisplay) {
     const test::SilentSocket compositor;
     const std::string path = compositor.address().substr(std::string("unix:path=").size());
     const test::InEnvironment shown("WAYLAND_DISPLAY", path.c_str());
-    std::array<char, 16> ownName = {}; // as the kernel knows it, which truncates it
+    std::array<char, 16> ownName = {}; // the kernel truncates the name
     ASSERT_EQ(prctl(PR_GET_NAME, ownName.data()), 0);
     EXPECT_THAT(diagnosisPage(facts()),
                 HasSubstr(std::string(", served by ") + ownName.data() + "\n"));

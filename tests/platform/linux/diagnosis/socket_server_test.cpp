@@ -20,7 +20,7 @@ std::string ownName() {
 TEST(SocketServerTest, ReturnsTheListeningProgramEvenIfItNeverAccepts) {
     const test::SilentSocket listening;
     const std::string path = listening.address().substr(std::string("unix:path=").size());
-    for (int times = 0; times < 20; ++times) { // more than the backlog
+    for (int times = 0; times < 20; ++times) { // more connections than the backlog holds
         const std::string name = programListeningOn(path);
         EXPECT_TRUE(name == ownName() || (times > 8 && name.empty())) << name;
     }

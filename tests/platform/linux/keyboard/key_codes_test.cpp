@@ -1,5 +1,5 @@
-// The test has its own copy of the table, with the usual names of the keys. So an error in one
-// table is detected.
+// The test has its own copy of the table, with the usual names of the keys, so that it detects an
+// error in either table.
 #include "dispatch/key_names.h"
 #include "platform/linux/keyboard/key_codes.h"
 

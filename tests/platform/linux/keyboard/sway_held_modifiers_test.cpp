@@ -45,7 +45,7 @@ std::string written(const Message& message) {
     return bytes;
 }
 
-// sway's socket, with one client.
+// Acts as sway's socket, with one client.
 class SwayDouble {
 public:
     SwayDouble() {
@@ -65,7 +65,7 @@ public:
         ASSERT_TRUE(client);
     }
 
-    // Returns nullopt if the client has left.
+    // Returns nullopt if the client has disconnected.
     std::optional<Message> next() {
         while (received.size() < headerSize || received.size() < headerSize + lengthOfFirst()) {
             std::array<char, 512> buffer{};

@@ -1,4 +1,4 @@
-// Formats key changes as text, so that a test reads like typing: "+CTRL +T -T -CTRL".
+// Formats key changes as text: "+CTRL +T -T -CTRL".
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"

@@ -1,4 +1,4 @@
-// The keyboard with a device and held modifiers that record their calls.
+// Tests the keyboard with a fake device and fake held modifiers, which record their calls.
 #include "platform/linux/keyboard/uinput_keyboard.h"
 #include "typed_text.h"
 
@@ -109,7 +109,7 @@ TEST(UinputKeyboardTest, EachAttemptRetriesWithoutPermission) {
         script.isPermitted = true;
         keyboard.post(shortcut);
     }
-    // The first press was never typed, so the key is not down.
+    // The keyboard never typed the first press, so the key is not down.
     EXPECT_EQ(script.log,
               (Log{"refused", "refused", "refused", "plug in", "+CTRL +T -T -CTRL", "unplug"}));
 }
@@ -147,7 +147,7 @@ TEST(UinputKeyboardTest, HeldModifiersAreCheckedFirst) {
         keyboard.post(shortcut);
         modifiers.typePlainly();
         keyboard.post(shortcut);
-        modifiers.forget(); // typed by the fake
+        modifiers.forget(); // drops the changes, as if the held modifiers had typed them
         keyboard.post(unknown);
     }
     EXPECT_EQ(script.log, (Log{"plug in", "asked for +CTRL +T -T -CTRL", "+CTRL +T -T -CTRL",

@@ -1,5 +1,5 @@
-// Releases and restores modifiers on a fake server. The test controls when the user releases keys;
-// with a real server that timing would be a race.
+// Releases and restores modifiers on a fake server. The test controls when the user releases keys,
+// because a real server would make that timing a race.
 #include "platform/linux/keyboard/x11_held_modifiers.h"
 #include "typed_text.h"
 
@@ -33,13 +33,13 @@ struct Script {
     Log log;
     int looks = 0;
     int hearings = 0;
-    std::function<void(int)> beforeLook; // called with the number of each check of the keys
+    std::function<void(int)> beforeLook; // called with the number of each key check
     bool isListening = false;
     bool isAlive = true;
     bool hasNews = false;
 };
 
-// Like the real server, counts keys of keyboards and of XTEST as held.
+// Like the real server, counts keys on keyboards and on XTEST as held.
 class ScriptedServer : public XKeyServer {
 public:
     explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}
@@ -103,14 +103,14 @@ protected:
         desktop.call([] {});
     }
 
-    // The user releases all keys, and the server reports it.
+    // The user releases all keys, and the server reports the releases.
     void userLetsGo() {
         desktop.call([this] {
             script.user.clear();
             script.hasNews = script.isListening;
             server->notify();
         });
-        // Events that are pending now are processed before the second task runs.
+        // The thread processes events that are pending now before it runs the second task.
         desktop.call([] {});
         desktop.call([] {});
     }

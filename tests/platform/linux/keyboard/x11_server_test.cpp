@@ -1,5 +1,5 @@
-// Types while keys are held, on a real X server. The server has no keyboard here; another program
-// holds the keys. Tests with the kernel's keyboards cover keys that a user holds.
+// Types on a real X server while keys are held. The server has no keyboard here, so another client
+// holds the keys. Tests with keyboards of the kernel cover keys that a user holds.
 #include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/keyboard/session_held_modifiers.h"
 #include "platform/linux/keyboard/x11_held_modifiers.h"
@@ -36,7 +36,7 @@ protected:
         ASSERT_NE(held, nullptr);
     }
 
-    // Returns how often typing was left to the uinput keyboard.
+    // Returns how often the held modifiers left typing to the uinput keyboard.
     int type(const Changes& changes) {
         int plainly = 0;
         held->type(changes, [&] { ++plainly; });
@@ -70,7 +70,7 @@ TEST_F(X11ServerTest, HeldModifierOfTheShortcutIsPressedOnce) {
               (Keys{"-29 while 4", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
 }
 
-// The release of a key that only a program holds could not be detected.
+// The program could not detect the release of a key that only an X client holds.
 TEST_F(X11ServerTest, ModifierThatNoKeyboardHoldsIsNotPutBack) {
     stage->hold(KEY_LEFTMETA, true);
     EXPECT_NE(stage->modifiers(), 0U);

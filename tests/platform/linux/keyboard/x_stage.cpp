@@ -23,7 +23,7 @@ namespace glidemap {
 namespace {
 
 constexpr const char* serverProgram = "/usr/bin/Xvfb";
-constexpr int patience = 120'000; // milliseconds, for a busy machine
+constexpr int patience = 120'000; // milliseconds, enough for a busy machine
 constexpr int keyCodeOffset = 8;
 constexpr std::uint16_t marker = KEY_F24; // no test types this key
 

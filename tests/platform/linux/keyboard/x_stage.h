@@ -35,7 +35,7 @@ public:
     // was pressed while Control was held.
     std::vector<std::string> takeKeys();
 
-    // The modifiers that the server considers held.
+    // Returns the modifiers that the server considers held.
     std::uint32_t modifiers();
 
 private:

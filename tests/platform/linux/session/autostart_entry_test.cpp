@@ -154,7 +154,7 @@ TEST_F(AutostartEntryTest, MaskedEntryIsOffAndCanBeRegistered) {
 }
 
 TEST_F(AutostartEntryTest, FailureHasTheSystemsErrorText) {
-    folder.write("user", "a file in the way"); // also stops root, whom permissions do not
+    folder.write("user", "a file in the way"); // blocks even root, which ignores permissions
     EXPECT_EQ(item.registerItem(), std::generic_category().message(ENOTDIR));
     EXPECT_EQ(item.status(), Status::notRegistered);
     fs::remove(folder.path() / "user");

@@ -21,7 +21,7 @@ using test::TemporaryFolder;
 
 class AutostartFileTest : public testing::Test {
 protected:
-    // PROGRAM is replaced by the path of an existing program.
+    // Replaces PROGRAM with the path of an existing program.
     AutostartFile fileWith(std::string text) const {
         for (auto at = text.find("PROGRAM"); at != std::string::npos; at = text.find("PROGRAM")) {
             text.replace(at, std::string("PROGRAM").size(), program.string());

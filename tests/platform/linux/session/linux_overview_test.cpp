@@ -55,7 +55,7 @@ protected:
         return services.emplace_back(bus.address(), service, journal);
     }
 
-    // Returns the events until the last client has left.
+    // Toggles the overview, and returns the events until the last client disconnects.
     Lines toggle(const std::string& askedLast) {
         LinuxOverview overview(desktop, 600s);
         overview.toggle();
@@ -149,7 +149,7 @@ TEST_F(LinuxOverviewTest, NextShellIsCalledIfOneHasNoOverview) {
               (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
 }
 
-// Each lookup opens a connection to the bus, which limits how many there are.
+// Each lookup opens a connection, and the bus limits the number of connections.
 TEST_F(LinuxOverviewTest, QueriesShareAPendingLookup) {
     onBus(gnome);
     LinuxOverview overview(desktop, 600s);

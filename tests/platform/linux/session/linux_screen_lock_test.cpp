@@ -50,7 +50,7 @@ ServiceDescription screenSaver(const std::string& name, const std::string& path,
 const ServiceDescription gnome = screenSaver("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver");
 const ServiceDescription freedesktop = screenSaver("org.freedesktop.ScreenSaver", "/ScreenSaver");
 
-// Too long for any test to reach it, unless the test shortens a limit.
+// Limits that no test reaches. A test shortens the limit that it examines.
 constexpr Patience endless{600s, 600s, 600s};
 
 using Limit = std::chrono::milliseconds;
@@ -71,7 +71,7 @@ Patience withReplyLimit(Limit limit) {
 
 class LinuxScreenLockTest : public testing::Test {
 protected:
-    // Returns the events until the request is complete.
+    // Requests a lock, and returns the events until the request is complete.
     Lines lock(Patience patience = endless) {
         LinuxScreenLock screenLock(desktop, queue, patience);
         screenLock.lock(otherwise());
@@ -84,8 +84,8 @@ protected:
         return lines;
     }
 
-    // The same with limits that grow until the expected events have happened, because the time
-    // depends on the machine. Returns the events of the last attempt.
+    // Like lock(), but increases the limits until the expected events have happened, because their
+    // duration depends on the machine. Returns the events of the last attempt.
     Lines lockInTime(const Lines& expected, const std::function<Patience(Limit)>& patienceOf,
                      const std::string& always = {}) {
         Lines lines;
@@ -95,13 +95,13 @@ protected:
             lines = lock(patienceOf(limit));
             lastLimit = limit;
             lastTook = std::chrono::steady_clock::now() - began;
-            // This event may follow the limit, and does not belong to the next attempt.
+            // This event may arrive after the limit, and does not belong to the next attempt.
             EXPECT_TRUE(always.empty() || journal.waitFor(always));
         }
         return lines;
     }
 
-    // The lock releases the callback when it can no longer call it.
+    // The screen lock destroys the callback when it no longer needs it.
     std::function<void()> otherwise() {
         const std::shared_ptr<void> last(nullptr, [this](void*) { journal.add("let go"); });
         return [this, last] {
@@ -287,7 +287,7 @@ TEST_F(LinuxScreenLockTest, ServiceThatNeverRepliesCostsOnlyItsLimit) {
     EXPECT_GE(lastTook, 2 * lastLimit);
 }
 
-// Far shorter than the limits; otherwise the test would never end.
+// The limits are so long that the test would never end if the main thread waited.
 TEST_F(LinuxScreenLockTest, MainThreadNeverWaitsForAService) {
     onSystemBus(logind).keepSilent("Lock");
     {
@@ -326,7 +326,7 @@ TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) 
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
         screenLock.lock(otherwise());
-        desktop.call([] {}); // waits until it has started
+        desktop.call([] {}); // waits until the request has started
     }
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
@@ -340,7 +340,7 @@ TEST_F(LinuxScreenLockTest, LockIsAvailableWithoutABus) {
     EXPECT_EQ(journal.lines(), Lines());
 }
 
-// Programs of the session that lock it; each test has its own display.
+// Provides programs that lock the session. Each test has its own display.
 class SessionLockTest : public LinuxScreenLockTest {
 protected:
     SessionLockTest() {
@@ -428,7 +428,7 @@ TEST_F(SessionLockTest, LockerThatHandlesLogindsRequestIsTrusted) {
     programs.install("swaylock");
     const Lines expected{"login1.Lock()", "login1 get LockedHint"};
     EXPECT_EQ(lockInTime(expected, withLimitOnLocked, "login1 get LockedHint"), expected);
-    EXPECT_EQ(programs.ran(), ""); // swayidle runs it
+    EXPECT_EQ(programs.ran(), ""); // swayidle runs the command itself
 }
 
 TEST_F(SessionLockTest, CommandOfALogindListenerRunsWithoutLogind) {

@@ -1,4 +1,4 @@
-// The user session on the test's own buses, with fakes of logind and of screen savers.
+// Tests the user session on private buses, with fakes of logind and of screen savers.
 #include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "desktops/silent_socket.h"
@@ -50,7 +50,7 @@ constexpr Saver allSavers[] = {
     {"org.freedesktop.ScreenSaver", "/ScreenSaver"},
 };
 
-// A fake screen saver that replies with its state and announces changes.
+// A fake screen saver that returns its state and announces changes.
 class SaverDouble {
 public:
     SaverDouble(const PrivateBus& bus, const Saver& whose, bool active, Journal& journal)
@@ -85,7 +85,7 @@ private:
 class LinuxUserSessionTest : public testing::Test {
 protected:
     BusDouble& startLogind(bool isActive, bool isLocked) {
-        // The name appears last, when the properties are set.
+        // The service owns its name only after its properties are set.
         ServiceDescription service = logind;
         service.properties = {{"Active", isActive}, {"LockedHint", isLocked}};
         service.texts = {{"State", isActive ? "active" : "online"}};
@@ -101,7 +101,7 @@ protected:
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
-    // Each notification follows its change.
+    // Waits for the state. The session sends each notification after its change.
     bool become(const LinuxUserSession& session, bool isActive, bool isLocked) {
         while (session.isActive() != isActive || session.isLocked() != isLocked) {
             if (!journal.waitForCount("changed", ++changes)) {
@@ -217,7 +217,7 @@ TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsALaterLogind)
     EXPECT_FALSE(session.isLocked());
     startLogind(false, false);
     EXPECT_TRUE(become(session, false, false));
-    services.clear(); // restarting: the last known state stays
+    services.clear(); // logind restarts, and the session keeps the last known state
     startLogind(true, false);
     EXPECT_TRUE(become(session, true, false));
 }

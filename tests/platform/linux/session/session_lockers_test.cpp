@@ -84,7 +84,7 @@ TEST(SessionLockers, FileOfSwayidleContainsTheLocker) {
     EXPECT_THAT(commandsOf(lockers), ElementsAre(Words{"/bin/sh", "-c", "swaylock -f"},
                                                  Words{"/bin/sh", "-c", "gtklock -d"}));
     EXPECT_TRUE(lockers.listensToLogind());
-    EXPECT_THAT(SessionLockers({}, "sway", file).commands(), IsEmpty()); // swayidle does not run
+    EXPECT_THAT(SessionLockers({}, "sway", file).commands(), IsEmpty()); // swayidle is not running
 }
 
 TEST(SessionLockers, LockerThatCoversTheScreenIsDetected) {

@@ -1,5 +1,5 @@
-// A screen saver that a bus can start: startable-screen-saver FILE. Creates the file when it locks,
-// and exits when its last client has left.
+// A screen saver that a bus can start: startable-screen-saver FILE. It creates the file when it
+// locks, and exits when its last client disconnects.
 #include "desktops/bus_double.h"
 
 #include <gio/gio.h>

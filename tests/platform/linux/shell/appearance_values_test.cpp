@@ -57,7 +57,7 @@ TEST(AppearanceValuesTest, ColorSchemeIsDarkOrLightOrNoPreference) {
     for (const Row& row : rows) {
         const Setting setting{common, "color-scheme", row.value};
         EXPECT_EQ(after({setting}).colorScheme, row.scheme) << setting;
-        // The value also replaces an earlier one.
+        // The value replaces an earlier value, too.
         EXPECT_EQ(after({{common, "color-scheme", "uint32 1"}, setting}).colorScheme, row.scheme)
             << setting;
         EXPECT_FALSE(after({setting}).reducesMotion) << setting;

@@ -13,7 +13,7 @@ namespace {
 using desktops::ScopedEnvironment;
 using desktops::XServer;
 
-// Owns the selection of a compositing manager, without compositing.
+// Owns the selection of a compositing manager, but does not composite.
 void composeScreen(xcb_connection_t* server) {
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(server)).data;
     const xcb_window_t window = xcb_generate_id(server);

@@ -13,7 +13,8 @@ namespace {
 
 constexpr const char* anyFont = "/usr/share/fonts/opentype/inter/Inter-Regular.otf";
 
-// A font folder with one font, which is deleted before a later reader could find it.
+// Provides a font folder with one font. takeAllAway() deletes the font, so that a later reader
+// cannot find it.
 class FontReadingTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -30,7 +31,8 @@ protected:
 
     void takeAllAway() const { std::filesystem::remove_all(fonts); }
 
-    // Reads the fonts first if they have not been read.
+    // Returns the number of known fonts. Fontconfig reads the fonts now if it has not read them
+    // yet.
     static int knownFonts() {
         const FcFontSet* const known = FcConfigGetFonts(FcConfigGetCurrent(), FcSetSystem);
         return known != nullptr ? known->nfont : 0;

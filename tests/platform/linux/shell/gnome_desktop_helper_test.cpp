@@ -31,7 +31,7 @@ protected:
         return status;
     }
 
-    // Waits until the shell's reply has been processed.
+    // Waits until the helper has processed the shell's reply.
     void waitForReply() const {
         while (!queue->runNext()) {
             std::this_thread::yield();

@@ -25,7 +25,7 @@ struct Access {
 
 class LinuxNotesTest : public testing::Test {
 protected:
-    // The note after a prompt that ended like this.
+    // Returns the note after a prompt that runs `answer`.
     std::string missing(Access access, const char* answer = nullptr, const char* code = "en") {
         std::vector<std::string> command{"/bin/sh", "-c", answer != nullptr ? answer : "", "grant"};
         AccessPrompt prompt(queue, answer != nullptr ? command : std::vector<std::string>());

@@ -1,5 +1,5 @@
-// A status bar that is missing, appears and disappears, first on X11 and then on the bus. One test
-// covers both, because Qt connects to the session bus once per process.
+// Tests a status bar that is missing, appears and disappears, first on X11 and then on the bus. One
+// test covers both, because Qt connects to the session bus once per process.
 #include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
 #include "desktops/x_server.h"
@@ -34,7 +34,7 @@ const ServiceDescription withoutHost{
     "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/>"
     "<signal name='StatusNotifierHostRegistered'/></interface>"};
 
-// An XEmbed tray: owns a selection and broadcasts its appearance.
+// An XEmbed tray, which owns a selection and broadcasts its appearance.
 class Tray {
 public:
     explicit Tray(const std::string& display)
@@ -75,7 +75,7 @@ private:
     xcb_window_t window;
 };
 
-// A watcher that owns the name but does not respond until its context runs.
+// A watcher that owns the name but does not respond until its main context runs.
 class StuckWatcher {
 public:
     explicit StuckWatcher(const PrivateBus& sessionBus) : bus(sessionBus) {
@@ -134,7 +134,8 @@ TEST(LinuxStatusBarTest, BarIsDetectedWhenItAppearsAndTheBusIsPreferred) {
     char* arguments[] = {name, nullptr};
     const QGuiApplication application(count, arguments);
 
-    // A watcher that does not respond blocks nothing, and is detected when it responds.
+    // A watcher that does not respond blocks nothing, and the bar detects the watcher once it
+    // responds.
     auto stuck = std::make_unique<StuckWatcher>(bus);
     LinuxStatusBar bar;
     int changes = 0;
@@ -169,7 +170,8 @@ TEST(LinuxStatusBarTest, BarIsDetectedWhenItAppearsAndTheBusIsPreferred) {
     EXPECT_TRUE(test::waitFor([&] { return changes == 5; }));
     EXPECT_EQ(bar.kind(), Kind::embeds);
 
-    // If a watcher cannot report its host, a host is assumed: Qt queries it, too, and decides.
+    // If a watcher cannot report its host, the bar assumes a host, because Qt also queries the
+    // watcher and decides.
     const BusDouble unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
                            journal);
     EXPECT_TRUE(test::waitFor([&] { return changes == 6; }));

@@ -70,7 +70,7 @@ protected:
                         g_variant_new("(ssv)", group, key, g_variant_new_parsed(value)));
     }
 
-    // The appearance on the main thread after the next update.
+    // Returns the appearance on the main thread after the next update.
     std::string next(const PortalAppearance& appearance) {
         EXPECT_TRUE(queue.waitForOne());
         EXPECT_EQ(queue.runAll(), 1U);
@@ -157,7 +157,7 @@ TEST_F(PortalAppearanceTest, MissingPortalIsNotStartedButQueriedWhenItAppears) {
     const auto started = folder.path() / "started";
     bus.makeStartable("org.freedesktop.portal.Desktop", "/usr/bin/touch " + started.string());
     const PortalAppearance appearance(desktop, queue);
-    desktop.call([] {}); // waits until it has started
+    desktop.call([] {}); // waits until the object has started
     onBus(portalReplying(dark));
     EXPECT_EQ(next(appearance), "dark");
     EXPECT_FALSE(std::filesystem::exists(started));
@@ -246,14 +246,14 @@ TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
     EXPECT_EQ(described(*appearance.settings()), "dark");
 }
 
-// The destructors show that no thread waits.
+// The destructors return, so no thread waits for the bus.
 TEST_F(PortalAppearanceTest, NothingIsKnownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :
          {std::string("unix:path=/nowhere/at/all"), std::string("no address"), silent.address()}) {
         const InEnvironment none("DBUS_SESSION_BUS_ADDRESS", unusable.c_str());
         const PortalAppearance appearance(desktop, queue);
-        desktop.call([] {}); // waits until it has started
+        desktop.call([] {}); // waits until the object has started
         EXPECT_EQ(described(*appearance.settings()), "unknown");
     }
     EXPECT_EQ(queue.runAll(), 0U);

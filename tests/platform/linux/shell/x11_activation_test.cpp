@@ -30,7 +30,7 @@ TEST(X11ActivationTest, EndOfALaunchIsSentInPiecesWithAFinalZero) {
     EXPECT_EQ(endOfLaunch("a"), (Pieces{std::string("remove: ID=\"a\"\0", 15)}));
     EXPECT_EQ(endOfLaunch("host-1_TIME2"),
               (Pieces{"remove: ID=\"host-1_T", std::string("IME2\"\0", 6)}));
-    // The length makes the zero a piece of its own.
+    // The text fills its pieces exactly, so the final null byte needs a separate piece.
     EXPECT_EQ(endOfLaunch("1234567"), (Pieces{"remove: ID=\"1234567\"", std::string("\0", 1)}));
     EXPECT_EQ(endOfLaunch("a\"\\"), (Pieces{std::string("remove: ID=\"a\\\"\\\\\"\0", 19)}));
 }

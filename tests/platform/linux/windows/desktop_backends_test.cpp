@@ -34,7 +34,7 @@ public:
     std::promise<std::string> active;
 };
 
-// Without a compositor and a bus no Wayland backend may start.
+// Without a compositor and a bus, no Wayland backend may start.
 TEST(DesktopBackends, OnlyTheBackendOfTheDesktopStarts) {
     if (const std::string reason = XServer::whyNot(); !reason.empty())
         GTEST_SKIP() << reason;

@@ -29,7 +29,7 @@ TEST_F(MainBundleTest, ReturnsNulloptWithoutAVersion) {
     }
 }
 
-// The program calls it before it has an application object and a loop with a pool.
+// The program calls the function before it has an application object and a loop with a pool.
 TEST_F(MainBundleTest, ReturnsTheProgramsPathWithoutAnOuterPool) {
     files().program = "/Applications/Glidemap.app/Contents/MacOS/Glidemap";
     std::thread([] {

@@ -20,7 +20,7 @@ constexpr std::int64_t right = 1;
 
 class QuartzClickTapTest : public MacosTest {
 protected:
-    // A tap whose callback always returns this verdict, and records its events.
+    // Returns a tap whose callback records its events and always returns this verdict.
     std::unique_ptr<QuartzClickTap> tapAnswering(ClickTap::Verdict verdict) {
         auto tap = std::make_unique<QuartzClickTap>();
         EXPECT_TRUE(tap->create([this, verdict](const ClickEvent& event) {

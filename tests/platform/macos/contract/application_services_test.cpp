@@ -23,11 +23,11 @@ static_assert(kCGEventFlagMaskControl == modifier::control);
 static_assert(kCGEventFlagMaskAlternate == modifier::option);
 static_assert(kCGEventFlagMaskCommand == modifier::command);
 
-// Typing: the events use the hardware's state and are posted where the keyboard's events enter.
+// Typing: the events use the hardware's state, and enter the system where the keyboard's events do.
 static_assert(kCGEventSourceStateHIDSystemState == 1);
 static_assert(kCGHIDEventTap == 0);
 
-// Clicks: an active event tap, placed before the session's other taps.
+// Clicks: an active event tap, before all other taps of the session.
 static_assert(kCGSessionEventTap == 1);
 static_assert(kCGHeadInsertEventTap == 0);
 static_assert(kCGEventTapOptionDefault == 0);

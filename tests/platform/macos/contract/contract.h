@@ -1,5 +1,6 @@
-// Helpers for contract tests. The compiler compares a function's signature. Only a run can check
-// that the function exists, because the system leaves the address of a newer function null.
+// Helpers for contract tests. The compiler compares a function's signature, but only a run can
+// check that the function exists, because the system sets the address of a missing function to
+// null.
 #pragma once
 
 namespace glidemap::contract {

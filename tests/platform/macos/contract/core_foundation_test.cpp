@@ -9,7 +9,7 @@ namespace glidemap::contract {
 namespace {
 
 static_assert(std::is_same_v<CFTypeRef, const void*>);
-static_assert(std::is_same_v<CFIndex, long>); // the index type of a touch driver's list
+static_assert(std::is_same_v<CFIndex, long>); // the index type in a touch driver's list
 static_assert(std::is_same_v<Boolean, unsigned char>);
 static_assert(std::is_same_v<CFRunLoopMode, CFStringRef>);
 

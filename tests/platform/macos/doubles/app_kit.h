@@ -19,7 +19,7 @@ struct KeyDown {
     bool repeats = false;
 };
 
-// The receiver of the press: monitors come first, in the order of their creation.
+// Names the receiver of the press. Monitors receive it first, in the order of their creation.
 enum class Receiver { windows, monitor };
 Receiver play(const KeyDown& press);
 

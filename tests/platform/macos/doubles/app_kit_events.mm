@@ -57,7 +57,8 @@ id addMonitor(NSEventMask mask, Handler handler) {
     return monitors.back().token;
 }
 
-// Releases the block at once, even while it runs, so that later use of its captures is detected.
+// Releases the block immediately, even while it runs, so that tests detect later use of its
+// captures.
 void removeMonitor(id token) {
     note("removeMonitor");
     const auto found = monitorOf(token);

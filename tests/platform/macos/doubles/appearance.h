@@ -9,7 +9,7 @@ namespace glidemap::doubles {
 // The fixture's set-up calls it.
 void resetAppearance();
 
-// Sets the best match, without notifying observers; nullopt matches no requested name.
+// Sets the best match without notifying observers. nullopt means that no requested name matches.
 void startWithAppearance(std::optional<std::string> bestMatch);
 
 // Sets the best match while the program runs, and notifies observers.

@@ -15,7 +15,7 @@ std::optional<std::string> match;
 } // namespace
 
 void resetAppearance() {
-    [NSApplication sharedApplication]; // every program with windows has one
+    [NSApplication sharedApplication]; // every program with windows has an application object
     match.reset();
 }
 
@@ -44,7 +44,7 @@ NSAppearanceName const NSAppearanceNameDarkAqua = @"NSAppearanceNameDarkAqua";
     for (NSAppearanceName name in appearances) {
         line += std::string(" ") + [name UTF8String];
         if (match == [name UTF8String]) {
-            // An equal text, but not the same object.
+            // The returned text is equal, but not the same object.
             best = [NSString stringWithUTF8String:[name UTF8String]];
         }
     }

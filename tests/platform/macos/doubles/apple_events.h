@@ -3,10 +3,10 @@
 
 namespace glidemap::doubles {
 
-// Sends the event of opening the program again. Returns whether a handler exists.
+// Sends the reopen event. Returns whether a handler exists.
 bool sendReopen();
 
-// Sends the event of a logout. Returns whether a handler exists.
+// Sends the quit event of a logout. Returns whether a handler exists.
 bool sendQuit();
 
 } // namespace glidemap::doubles

@@ -20,7 +20,7 @@ struct Handler {
 using Event = std::pair<AEEventClass, AEEventID>;
 std::map<Event, Handler> handlers;
 
-// The four-letter codes in the notation of their documentation.
+// Formats a four-letter code as in the documentation.
 std::string lettersOf(FourCharCode code) {
     std::string letters;
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {

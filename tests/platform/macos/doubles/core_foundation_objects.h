@@ -1,5 +1,5 @@
-// The fake Core Foundation objects, each with a count of its owners. On a Mac Core Foundation is
-// real, and wraps each fake object.
+// The fake Core Foundation objects, each with an owner count. On a Mac, Core Foundation is real,
+// and wraps each fake object.
 //
 // Errors:  releasing an object too often fails the running test; a Mac ends the process.
 #pragma once
@@ -21,11 +21,11 @@ public:
     virtual ~Object();
 
     const std::string kind;
-    int owners = 1; // a Mac counts them itself
+    int owners = 1; // unused on a Mac, which counts owners itself
 };
 
-// Returns a reference as the system would. The receiver owns the object, which is destroyed with
-// its last owner.
+// Returns a reference as the system would. The caller owns the object, which lives until its last
+// owner releases it.
 CFTypeRef handOut(Object* made);
 
 template <typename Reference>
@@ -33,19 +33,20 @@ Reference handOutAs(Object* made) {
     return reinterpret_cast<Reference>(const_cast<void*>(handOut(made)));
 }
 
-// The object behind a reference. If a fake has not created it, or it is destroyed, the running test
-// fails and null is returned.
+// Returns the object behind a reference. If no fake has created the object, or it no longer exists,
+// the running test fails and the function returns null.
 Object* objectOf(CFTypeRef reference);
 
-// Returns an array as the system would. Its values are not reference-counted.
+// Returns an array as the system would. The array does not count references to its values.
 CFArrayRef handOutArray(const std::vector<const void*>& values);
 
 std::vector<std::pair<CFTypeRef, CFTypeRef>> entriesOf(CFDictionaryRef dictionary);
 
-// A constant text of the system, which is never released.
+// Returns a constant text of the system, which is never released.
 CFStringRef constantText(const char* text);
 
-// The name of a constant: a text's content, or a name that the tests define for other objects.
+// Returns a constant's name: the content of a text, or a name that the tests define for another
+// object.
 std::string nameOf(CFTypeRef constant);
 
 // Controls the fakes; the fixture's set-up resets it.
@@ -54,10 +55,10 @@ struct CoreFoundation {
 };
 CoreFoundation& coreFoundation();
 
-// The kinds of all objects that still have an owner, sorted. Empty at the end of every test.
+// Returns the sorted kinds of all objects that still have an owner. Empty at the end of every test.
 std::multiset<std::string> livingObjects();
 
-// Releases every object of this kind completely.
+// Releases every object of this kind until it has no owner.
 void releaseAll(const std::string& kind);
 
 } // namespace glidemap::doubles

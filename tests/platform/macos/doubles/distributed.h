@@ -1,4 +1,4 @@
-// Posts notifications of other processes, to a program that is not frontmost.
+// Posts notifications from other processes to a program that is not frontmost.
 #pragma once
 
 namespace glidemap::doubles {

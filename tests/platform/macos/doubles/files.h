@@ -13,7 +13,7 @@ struct Files {
     Information information = Information::version;
     std::string version = "1.4.2";
     std::vector<std::string> applicationSupport; // paths
-    std::optional<std::string> program;          // its path
+    std::optional<std::string> program;          // the program's path
 };
 
 // The fixture's set-up resets it.

@@ -19,10 +19,10 @@ private:
     void* pool;
 };
 
-// The number of instances of a class that still have an owner.
+// Returns the number of instances of a class that still have an owner.
 std::size_t livingInstances(const std::string& className);
 
-// The classes of all objects that still have an owner, sorted.
+// Returns the sorted classes of all objects that still have an owner.
 std::multiset<std::string> livingCocoaObjects();
 
 } // namespace glidemap::doubles

@@ -35,7 +35,7 @@
 
 namespace {
 
-// Checks as much as the tests need: a byte that cannot start a character.
+// Detects only what the tests need: a byte that cannot start a character.
 bool isUTF8(const std::string& text) {
     return text.find('\xff') == std::string::npos;
 }

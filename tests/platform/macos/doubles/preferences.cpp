@@ -91,7 +91,7 @@ CFStringRef CFStringCreateWithBytes(CFAllocatorRef /*allocator*/, const UInt8* b
         std::string(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(numBytes))));
 }
 
-// In UTF-16 units, of which a text never has more than bytes.
+// Returns the length in UTF-16 units, which never exceeds the length in bytes.
 CFIndex CFStringGetLength(CFStringRef theString) {
     return static_cast<CFIndex>(textIn(theString).size());
 }
@@ -110,7 +110,7 @@ Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSi
     return true;
 }
 
-// Its keys are constants, and the caller's key is a text.
+// The dictionary's keys are constants, and the caller's key is a text.
 const void* CFDictionaryGetValue(CFDictionaryRef theDict, const void* key) {
     for (const auto& [name, value] : entriesOf(theDict)) {
         if (nameOf(name) == textIn(key)) {

@@ -12,7 +12,7 @@ namespace glidemap::doubles {
 using Preference = std::variant<std::string, bool, double>;
 
 struct Preferences {
-    std::map<std::string, Preference> stored; // for this application
+    std::map<std::string, Preference> stored; // values stored for this application
     bool makesTexts = true;
 };
 Preferences& preferences();

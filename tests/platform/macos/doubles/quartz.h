@@ -25,7 +25,7 @@ enum class Passage { passed, dropped, replaced };
 // owns.
 Passage play(CGEventType type, std::int64_t button);
 
-// The result for a notification, which comes without an event.
+// Returns the result for a notification, which comes without an event.
 Passage playNotice(CGEventType type);
 
 // Calls the callback with the given user data.

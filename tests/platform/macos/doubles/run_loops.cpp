@@ -1,5 +1,5 @@
-// Ports in a run loop. On a Mac these functions replace Core Foundation's own, because the port is
-// a fake.
+// Ports in a run loop. On a Mac these functions replace those of Core Foundation, because the port
+// is a fake.
 #include "doubles/core_foundation_objects.h"
 #include "doubles/journal.h"
 
@@ -48,7 +48,7 @@ void CFMachPortInvalidate(CFMachPortRef port) {
 
 void CFRunLoopAddSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {
     note("CFRunLoopAddSource " + nameOf(rl) + " " + objectOf(source)->kind + " " + nameOf(mode));
-    CFRetain(source); // while it is in the loop
+    CFRetain(source); // the run loop owns the source until its removal
 }
 
 void CFRunLoopRemoveSource(CFRunLoopRef rl, CFRunLoopSourceRef source, CFRunLoopMode mode) {

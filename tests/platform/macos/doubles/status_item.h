@@ -7,7 +7,7 @@
 namespace glidemap::doubles {
 
 struct StatusItemScene {
-    std::set<std::string> symbols; // available in the system
+    std::set<std::string> symbols; // the symbols that the system has
     bool hasItem = true;
 };
 

@@ -22,9 +22,9 @@ struct Workspace {
     bool exists = true;
     std::optional<RunningApplication> frontmost;
     std::vector<RunningApplication> running;
-    std::map<std::string, std::string> installed; // identifiers and locations of applications
+    std::map<std::string, std::string> installed; // maps application identifiers to locations
     bool reducesMotion = false;
-    std::function<void()> atRemoval; // just before an observer is removed
+    std::function<void()> atRemoval; // called just before an observer is removed
 };
 
 // The fixture's set-up resets it.
@@ -33,7 +33,7 @@ Workspace& workspace();
 // Destroys the shared workspace and its notification center.
 void closeWorkspace();
 
-// Activates an application, or one without properties, and posts the notification.
+// Activates an application, or one without properties if nullopt, and posts the notification.
 void activate(std::optional<RunningApplication> application);
 
 // Ends the application and posts the notification. The test sets the frontmost application itself.

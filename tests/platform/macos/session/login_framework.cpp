@@ -1,7 +1,7 @@
-// A fake of the login framework, with the function or without it.
+// A fake login framework, with or without the lock function.
 extern "C" {
 
-// The test program exports it.
+// The test program exports this function.
 void noteInJournal(const char* line);
 
 #ifndef WITHOUT_LOCK

@@ -28,19 +28,19 @@ State stateOf(const MacosUserSession& session) {
     return {session.isActive(), session.isLocked(), session.isAsleep()};
 }
 
-// Created before the fixture counts the living objects.
+// The center must exist before the fixture counts living objects.
 struct SharedCenter {
     SharedCenter() { doubles::makeDistributedCenter(); }
 };
 
 class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
 protected:
-    MacosUserSessionStartTest() { doubles::preferences() = {}; } // which also create the texts
+    MacosUserSessionStartTest() { doubles::preferences() = {}; } // also permits new texts
 };
 
 class MacosUserSessionTest : public MacosUserSessionStartTest {
 protected:
-    // Posts as the system does, and counts the resulting changes.
+    // Posts a notification as the system does, and returns the number of resulting changes.
     int changesAfter(void (*post)(const char*), const char* name) {
         const int before = changes;
         post(name);

@@ -1,4 +1,4 @@
-// A fake of the trackpad framework: its list is a Core Foundation array with a null element, and it
+// A fake trackpad framework. Its device list is a Core Foundation array with a null element, and it
 // records every call.
 #include "input/touch_driver.h"
 
@@ -10,7 +10,7 @@ extern "C" {
 
 #define EXPORTED __attribute__((visibility("default")))
 
-// The test program exports it.
+// The test program exports this function.
 void noteInJournal(const char* line);
 const void* trackpadList();
 

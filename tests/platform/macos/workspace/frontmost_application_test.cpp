@@ -94,7 +94,7 @@ TEST_F(FrontmostApplicationTest, TerminationOfAnotherApplicationChangesNothing) 
 TEST_F(FrontmostApplicationTest, TerminationOfASecondProcessChangesNothing) {
     const FrontmostApplication frontmost;
     activate(notes);
-    doubles::end(notes); // the workspace reports the first process, which runs
+    doubles::end(notes); // the workspace reports the first process, which still runs
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 

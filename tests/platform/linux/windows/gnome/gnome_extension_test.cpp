@@ -37,7 +37,8 @@ std::string read(const std::filesystem::path& file) {
     return text.str();
 }
 
-// The shell's settings, for this process only: GLib chooses the backend once.
+// The shell's settings, for this process only. One object serves all tests, because GLib chooses
+// the backend once.
 class ShellSettings {
 public:
     ShellSettings() {
@@ -177,7 +178,7 @@ TEST_F(GnomeExtensionTest, LoadedExtensionIsEnabledByTheShell) {
     ShellDouble shell(bus.address(), {.extension = "{'state': <2.0>}"});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(shell.enabled(), ElementsAre(GnomeExtension::uuid));
-    EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell writes it
+    EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell writes the setting
 }
 
 TEST_F(GnomeExtensionTest, InstalledButDisabledExtensionCountsAsMissing) {

@@ -29,12 +29,12 @@ using desktops::ScopedEnvironment;
 constexpr const char* editor =
     "('org.gnome.TextEditor.desktop', 'editor', 'instance', 'T', uint32 42)";
 
-// A report in the extension's format.
+// Formats a report like the extension.
 std::string message(const std::string& windows, const std::string& active) {
     return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
 }
 
-// The socket of a Wayland display, on which this process listens.
+// A Wayland display socket on which this process listens.
 class DisplaySocket {
 public:
     explicit DisplaySocket(const std::filesystem::path& file)
@@ -135,7 +135,7 @@ TEST_F(GnomeWindows, OnlyTheShellsSignalsAreAccepted) {
         "WindowsChanged",
         g_variant_new_parsed("([('forged', '', '', '', uint32 1)], @a(ssssu) [])"), nullptr);
     g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);
-    // The bus keeps the order: an accepted report of the other program would come first.
+    // The bus keeps the order, so an accepted report from the other program would arrive first.
     shell.emit("WindowsChanged", message(editor, ""));
     reported.expectReported({"windows: org.gnome.TextEditor"});
 }

@@ -121,7 +121,8 @@ void ShellDouble::startExtension(const std::string& reported) {
 }
 
 void ShellDouble::stopExtension() {
-    // Synchronously, as in the shell: no call is answered after the extension has stopped.
+    // Stops synchronously, as the shell does, so that no call gets a reply after the extension has
+    // stopped.
     thread.call([&] {
         g_dbus_connection_unregister_object(connection, windowsObject);
         emitHere("Stopped", "()");

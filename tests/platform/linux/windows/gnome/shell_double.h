@@ -1,5 +1,5 @@
-// A fake of GNOME Shell on a bus: its replies about extensions, and the reports of our extension in
-// it. Messages are in GLib's text format.
+// A fake GNOME Shell on a bus: replies to queries about extensions, and sends the reports of
+// Glidemap's extension. Messages are in GLib's text format.
 //
 // Thread:  one; it replies on a thread of its own.
 // Owner:   a test.
@@ -20,11 +20,11 @@ namespace glidemap {
 
 class ShellDouble {
 public:
-    // The reply to a query about an extension.
+    // The replies to queries about the shell and an extension.
     struct Knowledge {
         std::string version = "'43.9'";
-        std::string extension = "{}"; // its properties
-        bool isStarting = false;      // it owns its name, but its objects do not exist
+        std::string extension = "{}"; // the extension's properties
+        bool isStarting = false;      // the shell owns its name, but exports no objects
     };
 
     ShellDouble(const std::string& busAddress, Knowledge knowledge);
@@ -32,14 +32,15 @@ public:
     ShellDouble& operator=(const ShellDouble&) = delete;
     ~ShellDouble();
 
-    // Starts the extension, which reports these windows now and to each caller; or stops it.
+    // Start and stop the extension. It reports these windows immediately and to each caller.
     void startExtension(const std::string& windows);
     void stopExtension();
 
     // Sends a signal from the extension's object.
     void emit(const char* signal, const std::string& values);
 
-    // The extensions that a caller has enabled; the shell enables the ones it has loaded.
+    // Returns the extensions that a caller has enabled. The shell itself enables extensions that it
+    // has loaded.
     std::vector<std::string> enabled();
 
 private:

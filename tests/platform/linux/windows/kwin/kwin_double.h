@@ -1,5 +1,5 @@
-// A fake of KWin's scripting on a bus, as in Plasma 5 or 6. It runs no script: the test sends the
-// script's reports.
+// A fake of KWin's scripting interface on a bus, as in Plasma 5 or 6. The fake runs no script: the
+// test sends the script's reports.
 //
 // Thread:  one; it replies on a thread of its own.
 // Owner:   a test.
@@ -25,9 +25,9 @@ public:
     struct Nature {
         std::string scriptFolder = "/Scripting/Script"; // "/" in Plasma 5
         int id = 7;                                     // returned by loadScript
-        bool runs = true;                               // otherwise running a script fails
-        bool isStuck = false;                           // it never replies
-        bool isStarting = false; // it owns its name, but its objects do not exist
+        bool runs = true;                               // whether running a script succeeds
+        bool isStuck = false;                           // KWin never replies
+        bool isStarting = false; // KWin owns its name, but exports no objects
     };
 
     KWinDouble(const std::string& busAddress, Nature nature);
@@ -42,10 +42,10 @@ public:
     // Calls the program that has loaded the script, and waits for its reply.
     void report(const std::string& text);
 
-    // Waits for exactly these calls, which must be all calls since the last time.
+    // Waits for exactly these calls, which must be all calls since the last check.
     void expectCalls(const std::vector<std::string>& calls);
 
-    // The script's content and mode at the time it was run.
+    // Return the script's content, mode and path when KWin ran it.
     std::string script();
     std::filesystem::perms permissions();
     std::filesystem::path file();

@@ -118,7 +118,7 @@ TEST_F(OnKWin, KWinMayStartLaterAndRestart) {
     reported.expectReported({"windows: second", "active: second"});
 }
 
-// The end of one process must not unload the script of the next one.
+// A backend that exits must not unload the script of the next backend.
 TEST_F(OnKWin, SecondFollowerKeepsItsScriptWhenTheFirstExits) {
     startKWin();
     RecordingWindowListener reportedFirst;
@@ -183,7 +183,7 @@ TEST_F(OnKWin, OnlyReportsOfKWinAreAccepted) {
     }
     g_free(all);
     g_variant_unref(names);
-    EXPECT_EQ(asked, 1); // the backend's object received the call
+    EXPECT_EQ(asked, 1); // the call reached the backend's object
     reported.expectReported({});
 }
 

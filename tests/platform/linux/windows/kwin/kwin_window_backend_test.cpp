@@ -56,7 +56,7 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     KWinDouble kwin(bus.address(), {});
     const Listening listening(reported);
     kwin.expectCalls(loading);
-    kwin.report(oneWindow); // after KWin has read it
+    kwin.report(oneWindow); // KWin has read the script
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
     EXPECT_EQ(kwin.file().parent_path(), folder.path());
     EXPECT_EQ(kwin.permissions(),
@@ -70,7 +70,7 @@ TEST_F(KWinWindows, StartingKWinIsRetriedAfterEachOfItsSignals) {
     kwin.expectCalls({});
     kwin.finishStarting();
     kwin.expectCalls(loading);
-    kwin.sendSignal(); // no further call follows
+    kwin.sendSignal(); // causes no further call
     kwin.report(oneWindow);
     reported.expectReported({"windows: kate", "active: kate"});
     kwin.expectCalls({});

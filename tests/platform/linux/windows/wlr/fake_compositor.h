@@ -1,4 +1,4 @@
-// A Wayland compositor that reports windows which do not exist, one message at a time.
+// A Wayland compositor that reports invented windows, one message at a time.
 //
 // Thread:  one; it serves on a thread of its own.
 // Owner:   a test, whose environment has the runtime folder.
@@ -21,16 +21,16 @@ class FakeCompositor {
 public:
     static constexpr const char* socketName = "wayland-fake";
 
-    // Offers this version of the protocol; 0 offers none.
+    // Offers this version of the protocol; 0 offers no protocol.
     explicit FakeCompositor(int version = 3);
     FakeCompositor(const FakeCompositor&) = delete;
     FakeCompositor& operator=(const FakeCompositor&) = delete;
     ~FakeCompositor();
 
-    // The messages of one call arrive together. Runs on the compositor's thread.
+    // Runs the function on the compositor's thread. The client receives all its messages together.
     void say(const std::function<void()>& messages);
 
-    // Call these in say(). Windows are counted from 0; a null text sends no event.
+    // Call these functions in say(). Window numbers start at 0, and a null text sends no event.
     void open(const char* appID, const char* title);
     void states(std::size_t window, const std::vector<std::uint32_t>& all);
     void title(std::size_t window, const char* text);
@@ -39,7 +39,7 @@ public:
     void finished();
     void breakOff();
 
-    // The handles that the client has not destroyed.
+    // Returns the handles that the client has not destroyed.
     std::size_t handles();
 
 private:

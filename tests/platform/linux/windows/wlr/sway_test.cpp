@@ -97,7 +97,7 @@ TEST_F(OnSway, TitleChangeAloneIsNotReported) {
     const Listening listening(reported);
     reported.expectReported({"windows: editor", "active: editor"});
     window.setTitle("two");
-    Window other = open("other"); // a title report would come before this one
+    Window other = open("other"); // a report of the title would arrive before this window's report
     reported.expectReported({"windows: editor, other", "active: other"});
 }
 
@@ -124,7 +124,7 @@ TEST_F(OnSway, DestroyedBackendReportsNothing) {
     reported.expectReported({"windows: one", "active: one"});
     listening.end();
     window.close();
-    sway.command("nop"); // replied after the window's events
+    sway.command("nop"); // sway replies after it has sent the window's events
     listening.settle();
     reported.expectReported({});
 }

@@ -63,7 +63,7 @@ TEST_F(WlrWindows, EventsTakeEffectWithDone) {
         compositor.done(1);
     });
     reported.expectReported(
-        {"active: two"}); // the later one, because the first is still active, too
+        {"active: two"}); // the window activated last, because the first is also still active
 }
 
 TEST_F(WlrWindows, OnlyTheActivatedStateMatters) {
@@ -106,7 +106,7 @@ TEST_F(WlrWindows, LatestOfTwoActiveWindowsIsReportedAndThenTheOther) {
         openActive(compositor, "two");
     });
     reported.expectReported({"windows: one, two", "active: two"});
-    compositor.say([&] { // still active, and not activated again
+    compositor.say([&] { // the first window stays active, but is not activated again
         compositor.states(0, {activated, maximized});
         compositor.done(0);
         compositor.open("three", nullptr);
@@ -121,7 +121,7 @@ TEST_F(WlrWindows, WindowWithoutAnAppIDHasItsTitle) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
-    compositor.say([&] { // like the windows of Xwayland
+    compositor.say([&] { // as for windows of Xwayland
         compositor.open(nullptr, "xterm");
         compositor.states(0, {activated});
         compositor.done(0);

@@ -385,7 +385,7 @@ TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
     setActive(*one);
     reported.expectActive("one/One");
     manager->grabServer();
-    setActive(*two); // the server reports the change, but does not reply to queries
+    setActive(*two); // the server reports the change, but replies to no query
     thread.call([] {});
     reported.expectActive("one/One");
     manager->ungrabServer();
@@ -405,7 +405,7 @@ TEST_F(X11BackendTest, WindowWithEndlessChangesBlocksNothing) {
     reported.expectWindows("r/2000 calm/Calm");
 }
 
-// How often the desktop thread has gone to sleep, which equals the number of its wake-ups.
+// Returns how often the desktop thread has gone to sleep, which equals the number of its wake-ups.
 long sleepsOfDesktopThread() {
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
         std::string name;
@@ -423,7 +423,7 @@ long sleepsOfDesktopThread() {
     return 0;
 }
 
-// Waits for `length`, in which no report may arrive.
+// Waits for `length` and expects no report.
 void expectNothingReported(LastReport& reported, std::chrono::milliseconds length) {
     const int before = reported.notifications();
     std::mutex mutex;
@@ -441,7 +441,7 @@ TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
     reported.expectActive("one/One");
     reported.expectWindows("one/One");
     long before = 0;
-    do { // until the thread is idle
+    do { // waits until the thread is idle
         before = sleepsOfDesktopThread();
         expectNothingReported(reported, 200ms);
     } while (sleepsOfDesktopThread() != before);

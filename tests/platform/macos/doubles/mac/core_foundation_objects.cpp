@@ -1,5 +1,5 @@
-// Wraps fake objects in real ones: an object is the content of a CFData, which destroys it when its
-// last owner releases it. So CFRetain and CFRelease count the owners.
+// Wraps each fake object in the content of a real CFData, which destroys the object when its last
+// owner releases it. So CFRetain and CFRelease count the owners.
 #include "doubles/core_foundation_objects.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 
 std::recursive_mutex guard;
 std::set<const Object*> living;
-std::vector<CFArrayRef> arrays; // the fake owns each of them once
+std::vector<CFArrayRef> arrays; // the fake owns one reference to each
 
 void destroy(void* bytes, void* /*info*/) {
     delete static_cast<Object*>(bytes);
@@ -121,7 +121,7 @@ std::multiset<std::string> livingObjects() {
     return kinds;
 }
 
-// Supports only arrays: no other objects are kept until the program exits.
+// Supports only arrays, because no other objects live until the program exits.
 void releaseAll(const std::string& kind) {
     EXPECT_EQ(kind, "CFArray");
     const std::lock_guard lock(guard);

@@ -1,5 +1,5 @@
-// The system counts its objects' owners, and fails on a release too many. The fakes detect a
-// missing release on Linux.
+// The system counts the owners of its objects, and crashes on an excess release. The fakes on Linux
+// detect a missing release.
 #include "doubles/foundation_objects.h"
 
 #include "doubles/observation.h"
@@ -18,7 +18,7 @@ std::multiset<std::string> livingCocoaObjects() {
     return {};
 }
 
-// Only the application object is observed.
+// The program observes only the application object.
 std::size_t forgetObservations() {
     return [[NSApplication sharedApplication] observationInfo] != nullptr ? 1 : 0;
 }

@@ -63,7 +63,7 @@ typedef struct {
 @property(nullable, nonatomic, readonly) ObjectType firstObject;
 @end
 
-// Holds at most one entry, which is all that the product needs.
+// The class holds at most one entry, because the program needs no more.
 @interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject {
     id onlyKey;
     id onlyObject;

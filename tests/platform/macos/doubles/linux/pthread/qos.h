@@ -15,5 +15,5 @@ enum : qos_class_t {
 extern "C" int pthread_set_qos_class_self_np(qos_class_t qosClass, int relativePriority);
 
 // On a Mac a thread can name only itself, so this overload takes only the name. Here it is declared
-// next to the one with a thread.
+// next to the overload that takes a thread.
 int pthread_setname_np(const char* name);
