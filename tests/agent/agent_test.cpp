@@ -1,5 +1,5 @@
-// The whole program, fed from a recording, on the tests' own buses. The kernel tests cover real
-// touchpads.
+// The program without its interface, with touches from a recording and the tests' own buses. The
+// kernel tests cover real touchpads.
 #include "choreography/performance.h"
 #include "desktops/bus_double.h"
 #include "desktops/private_bus.h"
@@ -45,7 +45,7 @@ class AgentTest : public testing::Test {
 protected:
     static std::vector<std::string> command() { return {GLIDEMAP_AGENT, "--never-ask"}; }
 
-    // Writes the gestures, one second apart.
+    // Writes the gestures to the recording, one second apart.
     void record(const std::vector<GestureType>& gestures) const {
         std::ofstream stream(folder.path() / "recording.jsonl");
         RecordingWriter writer(stream);
@@ -61,7 +61,8 @@ protected:
         }
     }
 
-    // The output without "ready": on a busy machine the first gesture may be logged before it.
+    // Returns the output without "ready". On a busy machine the agent may log the first gesture
+    // before "ready".
     static std::string logOf(const Process& agent) {
         const std::string ready = "ready\n";
         std::string log = agent.output();

@@ -53,7 +53,7 @@ void HeadlessGlidemap::makeDispatcher() {
     toLog = dispatcher->changes().subscribe({}, [this] { notifyNewEntry(); });
 }
 
-// The master switch uses the same notification, and entries arrive one at a time.
+// Changes of the master switch notify, too. Entries arrive one at a time.
 void HeadlessGlidemap::notifyNewEntry() {
     const auto& events = dispatcher->recentEvents();
     if (!events.empty() && events.front().id != lastNotified) {

@@ -1,9 +1,8 @@
-// The whole program except its interface: every real service, connected by the program's own
-// runtime.
+// The program without its interface: every real service, connected by the program's own runtime.
 //
 // Thread:  the main thread, while the application object exists, including its event loop.
 // Owner:   the agent; one per process, because touches arrive through shared instances.
-// Errors:  those of the services. Without a driver or a permission, the rest works.
+// Errors:  those of the services. Without a driver or a permission, the other services work.
 #pragma once
 
 #include "bindings/binding_store.h"

@@ -40,7 +40,7 @@ TEST_F(AlertTest, OpenAlertFollowsTheLanguage) {
     EXPECT_EQ(shownBy(alert), (AlertText{"Go on?", "It takes long.", {"Yes", "No"}}));
 }
 
-// A native alert of the system would not follow the language.
+// A native dialog would use the system's language, not the program's.
 TEST_F(AlertTest, IsDrawnByQtOnEverySystem) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
     const Alert alert(question, lang);
@@ -83,7 +83,7 @@ TEST_F(AlertTest, ReturnPressesTheFirstButtonAndEscapeTheLast) {
     }
 }
 
-// The common part of alerts without a choice: texts in both languages, and one button.
+// What alerts without a choice have in common: texts in both languages, and one button.
 TEST_F(AlertTest, EachMessageExistsInBothLanguages) {
     for (AlertText (*text)(const Lang&) : {noStatusBarText, unansweredText, withoutLockText}) {
         lang.setCode("en");

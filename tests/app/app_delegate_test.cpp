@@ -41,7 +41,7 @@ protected:
         relaunch();
     }
 
-    // nullopt if there is no dispatcher.
+    // Returns nullopt if there is no dispatcher.
     std::optional<bool> masterEnabled() const {
         const auto held = stage->dispatcher.lock();
         return held != nullptr ? std::optional(held->masterEnabled()) : std::nullopt;
@@ -53,7 +53,7 @@ protected:
         stage->takeNotes();
     }
 
-    // The visible alert, or null.
+    // Returns the visible alert, or null.
     static QMessageBox* notice() {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
             auto* box = qobject_cast<QMessageBox*>(widget);
@@ -216,7 +216,7 @@ TEST_F(AppDelegateTest, CallbacksOfADestroyedDelegateDoNothingAndReturnFalse) {
     received(GestureType::twoFingerTap);
     stage->mainQueue->runAll();
     EXPECT_THAT(stage->keyEvents->posts, IsEmpty());
-    stage->openChecks.back()({"", "no network"}); // an alert would block here for ever
+    stage->openChecks.back()({"", "no network"}); // an alert would block here forever
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks off", "no click tap"));
 }
 
@@ -280,7 +280,7 @@ TEST_F(AppDelegateTest, AmpersandInAVersionIsEscaped) {
     launch();
     stage->publish("2.&b");
     stage->openMenu();
-    EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // shows one &
+    EXPECT_EQ(stage->item(4).text(), "Download v2.&&b…"); // the menu shows a single &
 }
 
 // Some systems slow down a program without a window unless it announces that gestures are on.
@@ -331,7 +331,7 @@ TEST_F(AppDelegateTest, StatusIconShowsWhetherGesturesAreOn) {
     EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off));
     stage->delegate->toggleEnabled();
     EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off, Look::on));
-    stage->dispatcher.lock()->setMasterEnabled(false); // by the settings window
+    stage->dispatcher.lock()->setMasterEnabled(false); // as the settings window does
     EXPECT_THAT(stage->iconLooks, ElementsAre(Look::off, Look::on, Look::off));
 }
 
@@ -349,7 +349,7 @@ TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("terminate"));
 }
 
-// Bars that read the menu before it opens.
+// These tests are for bars that read the menu before it opens.
 TEST_F(AppDelegateTest, BarThatDrawsTheMenuAlwaysHasItsCurrentState) {
     stage->statusBar->become(StatusBar::Kind::drawsItself);
     relaunch();
@@ -383,7 +383,7 @@ TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppear
     EXPECT_TRUE(stage->statusItem->isShown());
 }
 
-// A person may be typing in another program.
+// The user may be typing in another program.
 TEST_F(AppDelegateTest, ReportOfAMissingBarWaitsUntilTheWindowIsInFront) {
     launch();
     stage->window->close();
@@ -473,7 +473,7 @@ TEST_F(AppDelegateTest, EditMenuActsOnTheFocusedWidget) {
     EXPECT_EQ(field.text(), "");
 }
 
-// The check that the user requests. The tests read the alert on the screen.
+// The update check that the user requests. The tests read the alert on the screen.
 
 struct Shown {
     std::string message;

@@ -1,4 +1,4 @@
-// An application object for one test. Its event loop runs until a condition holds.
+// An application object for one test, whose event loop runs until a condition holds.
 #pragma once
 
 #include "kit/patience.h"
@@ -11,7 +11,7 @@
 
 namespace glidemap::test {
 
-// On a busy machine, tests retry with longer time-outs, up to this limit.
+// On a busy machine, tests retry with longer timeouts, up to this limit.
 inline constexpr std::chrono::seconds maxTimeout{64};
 static_assert(maxTimeout < patience);
 
@@ -20,12 +20,12 @@ public:
     // The tests' servers are local, so requests must bypass any proxy.
     Application() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
 
-    // Only a failing test reaches this time-out.
+    // Only a failing test reaches this timeout.
     static bool runUntil(const std::function<bool()>& happened) {
         return QTest::qWaitFor(happened, std::chrono::milliseconds(patience).count());
     }
 
-    // Processes pending events, and the events that they post.
+    // Processes pending events, and the events that they post in turn.
     static void runPendingTasks() {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();

@@ -23,7 +23,7 @@ class Authority {
 public:
     Authority();
 
-    // For clients that must trust this authority.
+    // The certificates for clients that must trust this authority.
     const QList<QSslCertificate>& certificates() const { return itself; }
 
     // `names` as in openssl's subjectAltName; negative days create an expired certificate.

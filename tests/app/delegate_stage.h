@@ -37,13 +37,13 @@ public:
     DelegateStage& operator=(const DelegateStage&) = delete;
     ~DelegateStage();
 
-    // The calls since the last time, in order.
+    // Returns the calls since the previous call of this function, in order.
     std::vector<std::string> takeNotes() { return std::exchange(notes, {}); }
 
-    // The item of the status menu at this index, including separators.
+    // Returns the item of the status menu at this index; separators count.
     QAction& item(int place) const;
     void openMenu() const;
-    std::vector<std::string> titles() const; // of visible items; "-" is a separator
+    std::vector<std::string> titles() const; // titles of visible items; "-" is a separator
 
     // Responds to the oldest pending request for the manifest.
     void answerUpdateCheck(const Fetched& fetched);
@@ -73,13 +73,13 @@ public:
     std::shared_ptr<TouchEngine> engine;
     std::weak_ptr<GestureDispatcher> dispatcher;
     StatusItem* statusItem = nullptr;        // the delegate owns it
-    std::vector<StatusItem::Look> iconLooks; // of each icon that was drawn for the status item
+    std::vector<StatusItem::Look> iconLooks; // one entry per drawn icon
     QPointer<QWidget> window;
     std::vector<std::function<void(const Fetched&)>> openChecks;
 
     // Reports this number of resting fingers from the driver.
     void touch(int fingers) const;
-    // Whether a report of the driver arrives. Leaves no finger on the pad.
+    // Returns whether a driver report reaches the program. Leaves no finger on the pad.
     bool receivesTouches() const;
 
     AppDelegate::Ports ports(); // called once, for the delegate below

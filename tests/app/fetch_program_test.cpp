@@ -1,5 +1,5 @@
-// Fetches with shell scripts in place of the helper, and with the real helper, which trusts no test
-// server.
+// Fetches with shell scripts in place of the helper, and with the real helper, which trusts none of
+// the tests' servers.
 #include "app/fetch_program.h"
 #include "application.h"
 #include "https_server.h"
@@ -103,7 +103,7 @@ TEST_F(FetchProgramTest, InstalledProgramRejectsAnUntrustedServer) {
     EXPECT_TRUE(server.requests().empty());
 }
 
-#ifndef GLIDEMAP_SANITIZED // sanitizers reserve terabytes of addresses
+#ifndef GLIDEMAP_SANITIZED // sanitizers reserve terabytes of address space
 
 std::string addressSpaceLimitOf(qint64 process) {
     std::ifstream limits("/proc/" + std::to_string(process) + "/limits");

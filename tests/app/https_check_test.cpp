@@ -168,7 +168,7 @@ TEST_F(HttpsCheckTest, CompleteManifestInATruncatedBodyCounts) {
     expectNewer("1.3", check(*checkerRunning("1.2")));
 }
 
-// Raises the time-out until the request arrives within it, because the machine's speed is unknown.
+// Raises the timeout until the request arrives in time, because the machine's speed is unknown.
 TEST_F(HttpsCheckTest, SilentServerTimesOut) {
     server.setAnswer(say(""));
     for (silence = 1s; server.requests().empty() && silence <= test::maxTimeout; silence *= 2) {

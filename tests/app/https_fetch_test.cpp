@@ -27,7 +27,7 @@ constexpr qint64 largest = 1024L * 1024;
 
 class HttpsFetchTest : public testing::Test {
 protected:
-    // Without a time-out unless the test sets one.
+    // No timeout applies unless the test sets one.
     HttpsFetchSetup trusting() const {
         return {.silence = 1h, .whole = 1h, .authorities = authority.certificates()};
     }
@@ -105,7 +105,7 @@ TEST_F(HttpsFetchTest, NoStateSurvivesAFetch) {
     EXPECT_EQ(server.requests()[0], server.requests()[1]);
 }
 
-// Whether this process has a network thread.
+// Returns whether this process has a network thread.
 bool hasNetworkThread() {
     for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {
         if (contentOf(task.path() / "comm") == "QNetworkAccessM\n") {
@@ -189,7 +189,8 @@ TEST_F(HttpsFetchTest, UntrustedServerReceivesNoRequest) {
     }
 }
 
-// Without explicit authorities, the test's own authority is not among those of the system.
+// No authorities are given here, so the client trusts those of the system, which do not include the
+// test's own.
 TEST_F(HttpsFetchTest, OnlyTheSystemsAuthoritiesAreTrustedByDefault) {
     expectNothing(fetch({}));
     EXPECT_TRUE(server.requests().empty());
@@ -212,7 +213,7 @@ TEST_F(HttpsFetchTest, ServerThatAcceptsAndStaysSilentTimesOut) {
     expectNothing(fetch(setup, "https://127.0.0.1:" + std::to_string(silent.serverPort())));
 }
 
-// Raises the time-out until the response arrives within it, because the machine's speed is unknown.
+// Raises the timeout until the response arrives in time, because the machine's speed is unknown.
 TEST_F(HttpsFetchTest, ServerThatStallsTimesOutWithThePartialBody) {
     server.setAnswer(say("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\ncontent"));
     HttpsFetchSetup setup = trusting();
@@ -260,8 +261,8 @@ TEST_F(HttpsFetchTest, SlowEndlessServerReachesTheTotalTimeOut) {
     }
 }
 
-// All letters together take longer than the permitted silence, but each of them takes less. A busy
-// machine repeats the test with longer times.
+// All letters together take longer than the silence timeout, but each pause is shorter. On a busy
+// machine the test repeats with longer times.
 TEST_F(HttpsFetchTest, SlowServerSucceedsIfItIsNeverSilentForTooLong) {
     HttpsFetchSetup setup = trusting();
     Fetched fetched;

@@ -59,7 +59,7 @@ TEST_F(StatusItemTest, IconFitsTheBarAndFollowsTheAppearance) {
     EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::embeds));
 }
 
-// If a click opens the menu, it does nothing else.
+// A click that opens the menu is not reported.
 TEST_F(StatusItemTest, ClickIsReportedUnlessItOpensTheMenu) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);
@@ -91,7 +91,7 @@ TEST_F(StatusItemTest, IconIsRedrawnOnlyWhenItsLookChanges) {
     EXPECT_THAT(looks, ElementsAre(Look::off, Look::on));
 }
 
-// Otherwise Qt's drawing would replace the bar's.
+// Without this notification, Qt's drawing would replace the bar's own drawing.
 TEST_F(StatusItemTest, BarIsNotifiedAfterEachRedrawOfTheItem) {
     using Look = StatusItem::Look;
     const auto item = itemThatWaits(never);
@@ -105,7 +105,7 @@ TEST_F(StatusItemTest, BarIsNotifiedAfterEachRedrawOfTheItem) {
     EXPECT_THAT(bar->drawn, ElementsAre(Look::off, Look::off, Look::on));
 }
 
-// Some bars know the keys of letters but not the comma.
+// Some bars can show letters as shortcuts but not the comma.
 TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsAllShortcutsOrNone) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);

@@ -1,4 +1,4 @@
-// The checker's rules, without a network or real time.
+// Tests the checker's rules, without a network or real time.
 #include "app/update_checker.h"
 #include "application.h"
 
@@ -279,7 +279,7 @@ TEST_F(UpdateCheckerTest, VersionsAreComparedAsNumbers) {
     EXPECT_FALSE(UpdateChecker::isNewer("1.2.0", "1.2"));
 }
 
-// The timer of the program, which the tests above replace.
+// The real timer of the program, which the tests above replace.
 TEST(MainLoopTimerTest, TimerRepeatsAfterItsReferenceIsReleased) {
     const test::Application application;
     int ran = 0;

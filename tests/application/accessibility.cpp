@@ -23,7 +23,7 @@ constexpr unsigned labelledBy = 2; // relation type
 
 constexpr const char* rootPath = "/org/a11y/atspi/accessible/root";
 constexpr const char* accessibleInterface = "org.a11y.atspi.Accessible";
-constexpr int deepest = 40; // levels in a window; limits a tree with a cycle
+constexpr int deepest = 40; // maximum depth in a window; protects against cycles in the tree
 constexpr unsigned screenCoordinates = 0;
 
 const Callee registry{"org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
@@ -60,7 +60,7 @@ std::uint64_t statesIn(const Variant& answer) {
     return states;
 }
 
-// The name of the control that labels this one.
+// Returns the name of the control that labels this one.
 std::string labelOf(GDBusConnection* bus, const Callee& callee) {
     const Variant answer = call(bus, callee, "GetRelationSet");
     if (answer == nullptr) {
@@ -151,7 +151,7 @@ Accessibility::~Accessibility() {
     }
 }
 
-// Programs emit accessibility events only to registered listeners. The events end waits early.
+// Programs emit accessibility events only to registered listeners. An event ends a wait early.
 void Accessibility::connect(const std::string& address) {
     constexpr auto asClient =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |

@@ -22,14 +22,14 @@ namespace glidemap::application {
 struct Control {
     std::string busName;
     std::string path;
-    std::string role; // AT-SPI's name: "push button"
+    std::string role; // the AT-SPI role name, such as "push button"
     std::string name;
-    std::string label; // the name of its label; may be empty
+    std::string label; // the name of the control's label; may be empty
     std::string description;
-    std::string text; // of a text control
-    Rectangle area;   // on the screen
+    std::string text; // the content of a text control
+    Rectangle area;   // in screen coordinates
     std::uint64_t states = 0;
-    int depth = 0; // below the application object
+    int depth = 0; // levels below the application object
 
     bool is(int state) const { return (states >> state & 1) != 0; }
     bool isVisible() const;
@@ -50,13 +50,13 @@ public:
     Accessibility& operator=(const Accessibility&) = delete;
     ~Accessibility();
 
-    // All visible controls of the process, parents before their children.
+    // Returns all visible controls of the process, parents before their children.
     Controls controlsOf(pid_t process) const;
 
     // Invokes the control's action, as a screen reader does.
     bool act(const Control& control) const;
 
-    // The control's shortcut, which works anywhere in its window; may be empty.
+    // Returns the control's shortcut, which works anywhere in its window; may be empty.
     std::string keysOf(const Control& control) const;
 
 private:

@@ -1,4 +1,4 @@
-// Whether the program is usable without a mouse and with a screen reader.
+// Tests that the program is usable without a mouse and with a screen reader.
 #include "application_test_base.h"
 #include "picture.h"
 
@@ -11,11 +11,11 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr int margin = 4; // for the focus ring around a control
+constexpr int margin = 4; // space for the focus ring around a control
 constexpr std::size_t minDifference = 20;
 constexpr int maxTabStops = 60;
 
-// Roles that do not describe a control's function.
+// These roles do not describe a control's function.
 const std::set<std::string> meaninglessRoles = {"",       "invalid", "unknown",
                                                 "filler", "panel",   "redundant object"};
 
@@ -56,7 +56,7 @@ protected:
         return now;
     }
 
-    // All tab stops, until the walk returns to the first one.
+    // Returns all tab stops, in order, until Tab returns to the first one.
     Controls walk() const {
         Controls stops;
         std::optional<Control> stop = tab();

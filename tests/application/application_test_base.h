@@ -1,4 +1,4 @@
-// Common parts of the program's tests. Without a desktop to run on, they are skipped with a
+// The base class of the program's tests. Without a desktop to run on, the tests are skipped with a
 // message.
 #pragma once
 

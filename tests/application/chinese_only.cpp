@@ -9,7 +9,7 @@ namespace glidemap::application {
 namespace {
 
 // English texts that a Chinese interface may contain: the entry for English in the language picker,
-// and names of keys and commands.
+// and the names of keys and commands.
 const std::regex& allowed() {
     static const std::regex words(
         "Glidemap|Mission Control|App|macOS|English|(⌃|⌥|⇧|⌘)+.|((Ctrl|Alt|Shift|Super)[ +])+.|"

@@ -13,7 +13,7 @@ namespace glidemap::application {
 namespace {
 
 constexpr std::uint64_t anyHand = 1;
-constexpr double pauseBetweenGestures = 2; // seconds; exceeds the time-out of every gesture
+constexpr double pauseBetweenGestures = 2; // in seconds; exceeds the timeout of every gesture
 
 } // namespace
 

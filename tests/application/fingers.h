@@ -1,4 +1,5 @@
-// Simulated fingers on the stage's touchpad. They make a gesture at once, in virtual time.
+// Simulated fingers on the stage's touchpad. A gesture takes no real time, because the touchpad's
+// time is virtual.
 //
 // Thread:  one.
 // Owner:   a stage.
@@ -19,13 +20,13 @@ public:
     // The pipe that the staged driver reads.
     const std::filesystem::path& pipe() const { return path; }
 
-    // Call after the program has started its touchpads; earlier gestures are lost.
+    // Call this after the program has started its touchpads; earlier gestures are lost.
     void make(GestureType gesture);
 
 private:
     std::filesystem::path path;
-    std::fstream stream; // opened for reading and writing, to outlive each reader
-    double now = 1;      // virtual time of the touchpad, in seconds
+    std::fstream stream; // open for reading and writing, so that the pipe outlives each reader
+    double now = 1;      // the touchpad's virtual time, in seconds
 };
 
 } // namespace glidemap::application

@@ -14,7 +14,7 @@ namespace glidemap::application {
 
 namespace {
 
-// X keysyms of the keys without a character.
+// The X keysyms of keys without a character.
 const std::map<std::string, std::uint32_t>& namedKeys() {
     static const std::map<std::string, std::uint32_t> names = {
         {"Return", 0xFF0D}, {"Escape", 0xFF1B}, {"Tab", 0xFF09},   {"Space", 0x20},
@@ -29,7 +29,7 @@ std::uint32_t symbolOf(const std::string& key) {
     if (const auto named = namedKeys().find(key); named != namedKeys().end()) {
         return named->second;
     }
-    // The keysym of a letter key is that of the lower-case letter.
+    // The keysym of a letter key is the keysym of the lower-case letter.
     return static_cast<std::uint32_t>(std::tolower(static_cast<unsigned char>(key.front())));
 }
 

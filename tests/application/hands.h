@@ -1,5 +1,5 @@
-// Simulated keyboard and mouse: real presses, which the X server delivers to the window with the
-// focus or under the pointer.
+// A simulated keyboard and mouse. The X server delivers their events to the focused window or to
+// the window under the pointer.
 //
 // Units:   pixels from the top left corner.
 // Thread:  one.
@@ -19,10 +19,11 @@ class Hands {
 public:
     explicit Hands(const XDisplay& display);
 
-    // One key, after the modifiers that are held meanwhile: "Return", "Ctrl+Shift+K", "Super+Left".
+    // Types one key, while the modifiers before it are held: "Return", "Ctrl+Shift+K",
+    // "Super+Left".
     void press(const std::string& chord) const;
 
-    // Letters, digits, spaces and hyphens.
+    // Types letters, digits, spaces and hyphens.
     void type(const std::string& text) const;
 
     void clickAt(int x, int y) const;

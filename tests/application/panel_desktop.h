@@ -43,10 +43,10 @@ public:
     virtual void startPortal() = 0;
     virtual void choose(ColorScheme scheme) const = 0;
 
-    // The items registered with the panel's watcher.
+    // Returns the items registered with the panel's watcher.
     std::vector<StatusHost::Item> items() const;
 
-    // The command of a desktop program that keeps running.
+    // Returns the command of a desktop program that keeps running.
     desktops::Program::Command command(std::vector<std::string> words,
                                        const desktops::Environment& more = {}) const;
     std::unique_ptr<desktops::Program> start(std::vector<std::string> words,

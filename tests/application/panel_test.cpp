@@ -1,4 +1,4 @@
-// The status item in a real panel, which supports two protocols.
+// Tests the status item in a real panel that supports both protocols.
 #include "application_test_base.h"
 #include "picture.h"
 #include "xfce_panel.h"
@@ -43,7 +43,7 @@ TEST_F(PanelTest, PanelShowsTheItemFromTheMessageBus) {
     expectItemOn(panel, stage);
 }
 
-// The program reaches a panel on another bus only through the X server.
+// The only connection between the program and a panel on another bus is the X server.
 TEST_F(PanelTest, PanelEmbedsTheItemWithoutAHostOnTheBus) {
     Stage stage(Panel::absent);
     const desktops::PrivateBus busOfItsOwn;

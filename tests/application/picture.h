@@ -1,4 +1,4 @@
-// A screenshot that covers part of the screen.
+// A screenshot of a part of the screen.
 //
 // Units:   pixels.
 // Errors:  a screen that cannot be read fails the test and returns an empty picture.
@@ -26,10 +26,10 @@ public:
 
     std::size_t countOfColours() const;
 
-    // The number of pixels with this colour, within a small tolerance.
+    // Returns the number of pixels with this colour, within a small tolerance.
     std::size_t countOf(std::uint32_t colour) const;
 
-    // The number of pixels that differ from another picture of the same size.
+    // Returns the number of pixels that differ from another picture of the same size.
     std::size_t differences(const Picture& other) const;
 
     void save(const std::filesystem::path& file) const;

@@ -16,8 +16,8 @@ constexpr const char* daemonName = "org.kde.kded6";
 constexpr const char* socketName = "wayland-plasma";
 constexpr int thickness = 32;
 
-// One panel at the upper edge with only the system tray, which must not add the shell's own items:
-// it adds only items that it does not know.
+// One panel at the upper edge, which contains only the system tray. The tray adds only items of the
+// shell that it does not know, so all of them are listed as known.
 constexpr const char* panelText = R"([Containments][1]
 activityId=
 formfactor=2
@@ -92,8 +92,8 @@ desktops::Environment PlasmaDesktop::environment() const {
     return values;
 }
 
-// The installed file has a capability, and restricted machines refuse to execute it. A copy has
-// none.
+// The installed file has a capability, and restricted machines refuse to execute such a file. A
+// copy has no capability.
 void PlasmaDesktop::startCompositor() {
     const std::filesystem::path copy = home.path() / "kwin_wayland";
     std::filesystem::copy_file("/usr/bin/kwin_wayland", copy);

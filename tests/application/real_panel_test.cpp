@@ -1,4 +1,4 @@
-// The status item in the real panels of desktops: its icon, its menu, and their updates.
+// Tests the status item in the real panels of desktops: its icon, its menu, and their updates.
 #include "panel_desktop.h"
 #include "plasma_desktop.h"
 #include "tray_menu.h"
@@ -23,7 +23,7 @@ struct Kind {
     std::unique_ptr<PanelDesktop> (*make)();
 };
 
-// Used by Google Test.
+// GoogleTest calls this function to print the parameter.
 void PrintTo(const Kind& kind, std::ostream* stream) {
     *stream << kind.name;
 }
@@ -37,8 +37,8 @@ Kind kindOf(const char* name) {
 
 enum class Icon { none, dark, light };
 
-// The icon has one of two shades, with an edge in the other. No panel here has a background in
-// either.
+// The icon has one of two shades, with an edge in the other shade. No panel in these tests has a
+// background in either shade.
 Icon iconIn(const Picture& panel) {
     constexpr std::size_t least = 20;
     constexpr std::size_t most = 600;
@@ -144,7 +144,8 @@ TEST_P(RealPanelTest, LateOrRestartedPanelGetsTheItem) {
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-// The program uses Qt's plain theme instead of the desktop's own, which reads the settings itself.
+// The program uses Qt's plain platform theme, because the desktop's own theme would read the
+// settings itself.
 TEST_P(RealPanelTest, IconFollowsThePortalsColourScheme) {
     desktop->startPanel();
     desktop->choose(ColorScheme::dark);

@@ -107,7 +107,8 @@ bool RunningGlidemap::waitForFooter(const std::string& text) const {
     return came;
 }
 
-// The innermost focused control: a container that delegates its focus reports the focus, too.
+// Returns the innermost focused control, because a container that delegates its focus also reports
+// the focus.
 std::optional<Control> RunningGlidemap::focused() const {
     const Controls all = controls();
     const auto found = std::find_if(all.rbegin(), all.rend(), [](const Control& each) {

@@ -25,15 +25,15 @@ public:
     bool waitForWindow();
     std::optional<ManagedWindow> window() const;
 
-    // The visible controls in tree order.
+    // Returns the visible controls in tree order.
     Controls controls() const;
 
-    // The visible control with the role and the name, or with that label.
+    // Returns the visible control with this role whose name or label is `name`.
     std::optional<Control> find(const std::string& role, const std::string& name) const;
     Control waitFor(const std::string& role, const std::string& name) const;
     bool waitUntilGone(const std::string& role, const std::string& name) const;
 
-    // The texts at the bottom of the window, as one line.
+    // Returns the texts at the bottom of the window, as one line.
     std::string footer() const;
     bool waitForFooter(const std::string& text) const;
 
@@ -41,7 +41,7 @@ public:
     bool hasFocus(const std::string& name) const;
     bool waitForFocusOn(const std::string& name) const;
 
-    // Clicks with the mouse.
+    // Clicks the control with the mouse.
     void click(const std::string& role, const std::string& name) const;
 
     TrayMenu menu() const;
@@ -50,7 +50,7 @@ public:
     std::optional<int> end(int signal);
     std::optional<int> waitForEnd();
 
-    // All controls as text, for a failure message.
+    // Returns all controls as text, for a failure message.
     std::string described() const;
 
 private:

@@ -15,7 +15,7 @@ namespace {
 constexpr const char* program = "orca";
 constexpr std::string_view mark = "SPEECH OUTPUT: '";
 
-// Orca loads this file. By default its log is buffered.
+// Orca loads this file. It makes Orca write its log without buffering.
 constexpr const char* customizations = R"(import os
 import orca.debug
 orca.debug.debugLevel = orca.debug.LEVEL_INFO

@@ -20,18 +20,18 @@ public:
 
     explicit ScreenReader(const Stage& stage);
 
-    // Waits until Orca has spoken these parts in this order, after all that was heard before.
-    // Versions of Orca differ in the names of roles and in what belongs to one utterance.
+    // Waits until Orca has spoken these parts in this order, after everything that earlier calls
+    // have found. Versions of Orca differ in the names of roles and in how they group utterances.
     bool hears(const std::vector<std::string>& parts);
 
-    // Everything that was spoken, one utterance per line.
+    // Returns everything that was spoken, one utterance per line.
     std::string transcript() const;
 
 private:
     static desktops::Program::Command commandOn(const Stage& stage);
 
     std::filesystem::path log;
-    std::size_t heard = 0; // the end of it in the transcript
+    std::size_t heard = 0; // where the next search in the transcript starts
     desktops::Program orca;
 };
 

@@ -1,4 +1,4 @@
-// What Orca speaks: names, roles and states, in the order in which a person meets them.
+// Tests what Orca speaks: names, roles and states, in the order in which a user reaches them.
 #include "application_test_base.h"
 #include "screen_reader.h"
 
@@ -73,7 +73,7 @@ TEST_F(ScreenReaderTest, ReadsTheEditorAndARecording) {
 
 TEST_F(ScreenReaderTest, ReadsAnAlert) {
     auto command = stage.command();
-    command.environment["XDG_RUNTIME_DIR"] = "/dev/null"; // no room for the lock
+    command.environment["XDG_RUNTIME_DIR"] = "/dev/null"; // the lock file cannot be created here
     open(command);
     expectToHear({"Glidemap could not start", "OK", "button"});
 }

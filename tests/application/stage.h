@@ -35,7 +35,7 @@ public:
     desktops::Environment environment() const;
     desktops::Program::Command command() const;
 
-    // May be called while the program runs.
+    // This may be called while the program runs.
     void showPanel();
 
     std::filesystem::path folder() const { return home.path(); }

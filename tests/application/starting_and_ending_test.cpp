@@ -1,4 +1,4 @@
-// The program's startup and exit, as the user and the desktop observe them.
+// Tests the program's startup and exit, as the user and the desktop observe them.
 #include "application_test_base.h"
 #include "desktops/silent_socket.h"
 #include "x_reply.h"
@@ -12,7 +12,7 @@ namespace {
 
 class StartingAndEndingTest : public ApplicationTest {};
 
-// The messages that programs broadcast on the stage's display, joined from their pieces.
+// Collects the messages that programs broadcast on the stage's display, joined from their parts.
 class Broadcasts {
 public:
     explicit Broadcasts(const XDisplay& display) : connection(display.connection()) {
@@ -67,7 +67,7 @@ TEST_F(StartingAndEndingTest, EachTerminationSignalExitsCleanly) {
     }
 }
 
-// The accessibility bus is found through the session bus, so this only checks for the window.
+// This checks only for the window, because the accessibility bus is found through the session bus.
 TEST_F(StartingAndEndingTest, BusThatNeverRespondsDelaysNeitherStartupNorExit) {
     Stage stage;
     const test::SilentSocket bus;
@@ -189,7 +189,7 @@ TEST_F(StartingAndEndingTest, MissingLockFolderIsReportedToTheUser) {
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
-// Otherwise the launcher would show for some seconds that the program is starting.
+// Otherwise the launcher would show a busy indicator for several seconds.
 TEST_F(StartingAndEndingTest, FirstWindowEndsTheLaunch) {
     Stage stage;
     Broadcasts broadcasts(stage.display);
@@ -236,7 +236,7 @@ TEST_F(StartingAndEndingTest, OnlyInformationalOptionsAreAccepted) {
         {{"--version", "--help"}, 2, ""},
         {{"--verbose", "--diagnose"}, 2, ""},
         {{"file"}, 2, ""},
-        {{"-psn_0_1"}, 2, ""}, // only another system adds such an argument
+        {{"-psn_0_1"}, 2, ""}, // only macOS adds such an argument
     };
     const desktops::RuntimeFolder folder;
     for (const Row& row : rows) {
@@ -255,8 +255,8 @@ TEST_F(StartingAndEndingTest, OnlyInformationalOptionsAreAccepted) {
               std::string::npos);
 }
 
-// The loader's own list of libraries. The diagnosis names the toolkit, so the list must contain it
-// there.
+// Reads the dynamic loader's list of libraries. `--diagnose` reports the Qt version, so its list
+// must contain Qt.
 TEST_F(StartingAndEndingTest, VersionAndHelpLoadNoToolkit) {
     for (const std::string option : {"--version", "--help", "--nonsense", "--diagnose"}) {
         const desktops::RuntimeFolder folder;

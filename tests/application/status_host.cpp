@@ -47,7 +47,7 @@ struct StatusHost::State {
 
     GDBusConnection* connection = nullptr;
     GDBusNodeInfo* node = nullptr;
-    std::map<std::string, guint> watches; // by the bus name whose disappearance is watched
+    std::map<std::string, guint> watches; // keyed by the bus name whose owner is watched
     mutable std::mutex mutex;             // protects the items
     std::vector<Item> items;
     DesktopThread thread; // destroyed first
@@ -89,7 +89,7 @@ void StatusHost::State::notify(const char* signal, GVariant* values) const {
                                   nullptr);
 }
 
-// A program registers its bus name, or the item's path on its own connection.
+// A program registers either its bus name, or the item's path on its own connection.
 void StatusHost::State::add(const std::string& said, const std::string& sender) {
     const Item item = said.starts_with('/') ? Item{sender, said} : Item{said, itemPath};
     {

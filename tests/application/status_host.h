@@ -1,5 +1,5 @@
-// The status items' part of a panel: the watcher with which programs register, and the host that
-// the watcher announces.
+// The part of a panel that shows status items: the watcher with which programs register, and the
+// host that the watcher announces.
 //
 // Thread:  created, used and destroyed on the test's thread; serves programs on its own thread.
 // Owner:   a test or a stage. It is destroyed before its bus ends.
@@ -17,7 +17,7 @@ namespace glidemap::application {
 
 class StatusHost {
 public:
-    // The address of a program's item: its bus name and its path.
+    // The address of a program's item: a bus name and an object path.
     struct Item {
         std::string busName;
         std::string path;
@@ -30,7 +30,7 @@ public:
     StatusHost& operator=(const StatusHost&) = delete;
     ~StatusHost();
 
-    // The registered items.
+    // Returns the registered items.
     std::vector<Item> items() const;
 
 private:

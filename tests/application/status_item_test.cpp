@@ -1,4 +1,4 @@
-// The status item and its menu, as a panel reads them.
+// Tests the status item and its menu, as a panel reads them.
 #include "application_test_base.h"
 #include "variant.h"
 

@@ -1,4 +1,4 @@
-// The menu of a status item, opened and read as by a panel.
+// The menu of a status item, opened and read as a panel does.
 //
 // Thread:  one.
 // Errors:  a menu that cannot be read fails the test, and has no entries.

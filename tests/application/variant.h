@@ -1,4 +1,4 @@
-// A GVariant that is released with its last reference.
+// A GVariant that is released with the last reference to it.
 #pragma once
 
 #include <gio/gio.h>
@@ -14,7 +14,7 @@ struct GiveBackVariant {
 
 using Variant = std::unique_ptr<GVariant, GiveBackVariant>;
 
-// The child of a tuple or an array, unwrapped from a variant.
+// Returns the child of a tuple or an array, unwrapped from a variant.
 inline Variant childOf(const Variant& container, std::size_t index) {
     Variant child(g_variant_get_child_value(container.get(), index));
     if (g_variant_is_of_type(child.get(), G_VARIANT_TYPE_VARIANT) != FALSE) {
@@ -31,7 +31,7 @@ inline std::string textOf(const Variant& value) {
                : "";
 }
 
-// The target of a call.
+// The target of a call: a bus name, an object path and an interface.
 struct Callee {
     std::string name; // on the bus
     std::string path;
@@ -43,7 +43,7 @@ struct Callee {
 Variant call(GDBusConnection* bus, const Callee& callee, const char* method,
              GVariant* arguments = nullptr);
 
-// A property's value without its variant wrapper; null on failure.
+// Returns a property's value without its variant wrapper; null on failure.
 Variant property(GDBusConnection* bus, const Callee& callee, const char* name);
 
 } // namespace glidemap::application

@@ -10,7 +10,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Long enough for a busy machine: only a failing test reaches this time-out.
+// The timeout is long enough for a busy machine: only a failing test reaches it.
 constexpr std::chrono::seconds patience{120};
 
 constexpr guint lookAgainAfter = 15; // milliseconds

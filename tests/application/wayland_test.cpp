@@ -1,4 +1,4 @@
-// The program on a Wayland compositor.
+// Tests the program on a Wayland compositor.
 #include "accessibility.h"
 #include "desktops/private_bus.h"
 #include "desktops/sway.h"
@@ -65,7 +65,7 @@ protected:
                 .log = home.path() / "glidemap.log"};
     }
 
-    // The file that a program of the desktop writes.
+    // Runs the shell command, which gets a path to write to, and returns that path.
     std::filesystem::path written(const std::string& line) const {
         const std::filesystem::path file = home.path() / "written";
         Program shell(command({"sh", "-c", line + " \"$0\"", file}));

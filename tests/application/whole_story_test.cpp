@@ -1,4 +1,4 @@
-// A user's first hour with the program, with keyboard, mouse and touchpad.
+// Tests a new user's first actions with the program, by keyboard, mouse and touchpad.
 #include "application_test_base.h"
 #include "chinese_only.h"
 
@@ -56,7 +56,7 @@ protected:
         stage->hands.press("Return");
         glidemap->waitFor("combo box", "Three-Finger Swipe Up");
         EXPECT_FALSE(glidemap->waitFor("push button", "Add").isEnabled());
-        record("Ctrl+Shift+K", "Ctrl Shift K"); // as a screen reader reads it
+        record("Ctrl+Shift+K", "Ctrl Shift K"); // the name as a screen reader reads it
         EXPECT_TRUE(waitUntil([&] { return glidemap->waitFor("push button", "Add").isEnabled(); }));
         stage->hands.press("Return");
         EXPECT_TRUE(glidemap->waitUntilGone("push button", "Add"));
@@ -114,7 +114,7 @@ protected:
     }
 
     void switchToChinese() {
-        // The footer keeps the language in which the action ran.
+        // The footer keeps the language that was current when the action ran.
         const std::vector<std::string> said = {"label: → Shortcut ⌃⇧K"};
         chooseWithKeys("Language", "中文");
         glidemap->waitFor("push button", "添加绑定");

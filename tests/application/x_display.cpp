@@ -18,7 +18,7 @@ using desktops::isInstalled;
 using desktops::plainEnvironment;
 using desktops::Program;
 
-constexpr std::uint32_t longest = 4096; // length of a property, in words
+constexpr std::uint32_t longest = 4096; // the maximum length of a property, in 32-bit words
 constexpr std::uint32_t fromTaskBar = 2;
 constexpr std::uint32_t iconic = 3; // a state of WM_STATE
 

@@ -46,7 +46,7 @@ class XDisplay {
 public:
     static bool isInstalled();
 
-    // The window manager's command line, and its environment without DISPLAY.
+    // The window manager's command line and environment, without DISPLAY.
     struct WindowManager {
         std::vector<std::string> words;
         desktops::Environment environment;
@@ -58,32 +58,33 @@ public:
     XDisplay& operator=(const XDisplay&) = delete;
     ~XDisplay();
 
-    const std::string& name() const { return _name; } // for DISPLAY
+    const std::string& name() const { return _name; } // the value of DISPLAY
     xcb_connection_t* connection() const { return _connection; }
     std::uint32_t root() const { return _root; }
 
-    // In creation order.
+    // Returns the windows in creation order.
     std::vector<ManagedWindow> windows() const;
     std::optional<ManagedWindow> windowTitled(const std::string& title) const;
     std::optional<std::uint32_t> activeWindow() const;
 
-    // Whether the selection has an owner, which is how some services announce themselves.
+    // Returns whether the selection has an owner. Some services announce themselves by owning a
+    // selection.
     bool hasOwner(const std::string& selection) const;
 
-    // Whether a window is embedded in another program's window, like a status item.
+    // Returns whether a window is embedded in another program's window, as a status item is.
     bool hasEmbeddedWindow() const;
 
-    // Opens a window of another program in front.
+    // Opens a window of another program in front of all others.
     std::uint32_t openWindow(const Rectangle& area) const;
 
     // Simulates the end of the session.
     void kill() const { server->kill(); }
 
-    // Whether all windows are visible, except minimised ones and those on other workspaces. Some
-    // window managers list a window before they show it, and focus it only then.
+    // Returns whether all windows are visible, except minimised windows and windows on other
+    // workspaces. Some window managers list a window before they show it, and focus it only then.
     bool showsAllWindows() const;
 
-    // Activates the window like a task bar.
+    // Activates the window as a task bar does.
     void activate(const ManagedWindow& window) const;
 
     void minimize(const ManagedWindow& window) const;
@@ -92,7 +93,7 @@ public:
     void showWorkspace(std::uint32_t number) const;
     std::optional<std::uint32_t> shownWorkspace() const;
 
-    // Closes the window like its close button.
+    // Closes the window as its close button does.
     void close(const ManagedWindow& window) const;
 
 private:

@@ -15,7 +15,7 @@ namespace glidemap::application {
 
 class XfceDesktop : public PanelDesktop {
 public:
-    // The name of a missing program; empty if all are installed.
+    // Returns the name of a missing program; empty if all are installed.
     static std::string missing();
 
     desktops::Environment environment() const override;

@@ -15,8 +15,8 @@ namespace {
 constexpr const char* settingsName = "org.xfce.Xfconf";
 constexpr const char* settingsFile = "config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml";
 
-// One panel at the upper edge with only the notification area. The icon is grey, so the background
-// is blue.
+// One panel at the upper edge, which contains only the notification area. Its background is blue,
+// because the icon is grey.
 constexpr const char* settingsText = R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
   <property name="configver" type="int" value="2"/>

@@ -88,7 +88,7 @@ TEST_F(AtomicWriteTest, ARelativePathIsRelativeToTheWorkingFolder) {
 
 struct Link {
     const char* name;
-    // relative to the folder "links"; "" stands for the real file's absolute path
+    // Each path is relative to the folder "links"; "" stands for the real file's absolute path.
     const char* target;
 };
 

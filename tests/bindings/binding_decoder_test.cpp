@@ -172,7 +172,7 @@ std::string withUnknown(const std::string& value) {
     return in({.enabled = R"("enabled": true, "unknown": )" + value});
 }
 
-// Every value is valid JSON. Its type does not matter where it is ignored.
+// Every value is valid JSON. A value that the decoder ignores may have any type.
 INSTANTIATE_TEST_SUITE_P(
     UnknownValues, Decodes,
     testing::Values(

@@ -123,7 +123,7 @@ TEST(BindingEncoderTest, EncodedBindingsRoundTripWithTheirIdentifiers) {
     expectRoundTrip(list);
 }
 
-// Some programs take their names from arbitrary sources.
+// Some programs take their names from arbitrary sources, so a name may be invalid UTF-8.
 TEST(BindingEncoderTest, InvalidUtf8InOneBindingDoesNotLoseTheOthers) {
     const GestureBinding good = binding(KeyShortcut{1, 2});
     for (const char* bytes : {"\xFF", "a\xC3", "\xC3(", "\xED\xA0\x80", "\xC0\x80", "\xF8\x88"}) {

@@ -12,7 +12,8 @@ namespace {
 
 using testing::ElementsAre;
 
-// The working folder during a scope: any written file would appear in it.
+// Changes the working folder for the duration of a scope. Any written file would appear in the
+// folder.
 class InEmptyFolder {
 public:
     InEmptyFolder() : before(std::filesystem::current_path()) {

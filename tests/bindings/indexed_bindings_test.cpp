@@ -14,7 +14,7 @@ using Frontmost = std::optional<std::string_view>;
 constexpr GestureType tap = GestureType::twoFingerTap;
 constexpr GestureType swipe = GestureType::threeFingerSwipeUp;
 
-// Distinguished by the key code.
+// The key code distinguishes the bindings.
 GestureBinding global(GestureType gesture, std::uint16_t keyCode) {
     return {.gesture = gesture, .action = KeyShortcut{keyCode, 0}, .scope = GlobalScope{}};
 }

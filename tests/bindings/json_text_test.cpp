@@ -44,7 +44,7 @@ TEST(JsonTextTest, AWholeNumberIsExactInEveryNotation) {
 
 struct Text {
     const char* original;
-    const char* parsable; // null if nothing is replaced
+    const char* parsable; // null if the text stays unchanged
 };
 
 void expectReplaced(const Text& row) {
@@ -70,7 +70,7 @@ TEST(JsonTextTest, NumbersThatExceedEvery64BitIntegerBecomeNull) {
         {"1e-400", nullptr},
         {"0e999", nullptr},
         {"-0.0e99999999999999999999", nullptr},
-        {"\"1e400 \\\" 1e400\"", nullptr}, // in a string
+        {"\"1e400 \\\" 1e400\"", nullptr}, // inside a string
     };
     for (const Text& row : rows) {
         expectReplaced(row);
@@ -97,7 +97,7 @@ TEST(JsonTextTest, EscapedUnpairedSurrogatesAreReplaced) {
         {R"("\ud8")", nullptr},
         {R"("\ud80")", nullptr},
         {R"("\u-123")", nullptr},
-        {R"(\ud800)", nullptr}, // outside strings
+        {R"(\ud800)", nullptr}, // outside a string
         {R"("\)", nullptr},
     };
     for (const Text& row : rows) {

@@ -27,7 +27,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr unsigned bindingsInAList = 2;
 
-// Identified by the key code, with a length different from its neighbours.
+// Returns the list with this number. The key code identifies the list, and its length differs from
+// that of its neighbours.
 BindingList listNumber(unsigned number) {
     BindingList list(bindingsInAList + number % 3,
                      {.gesture = GestureType::twoFingerTap,
@@ -39,7 +40,7 @@ BindingList listNumber(unsigned number) {
     return list;
 }
 
-// Returns nullopt unless it is one of these lists, complete.
+// Returns the number of this list, or nullopt if the list is incomplete or mixed.
 std::optional<unsigned> numberOf(const BindingList& list) {
     if (list.empty() || !std::holds_alternative<KeyShortcut>(list.front().action)) {
         return std::nullopt;
@@ -48,8 +49,8 @@ std::optional<unsigned> numberOf(const BindingList& list) {
     return list == listNumber(number) ? std::optional(number) : std::nullopt;
 }
 
-// A process that makes changes in sequence and reports each one. It exits with the test if the test
-// fails to stop it: its pipe then has no reader.
+// A process that makes one change after another and reports each. If the test does not stop the
+// process, it exits with the test, because its pipe then has no reader.
 class Writer {
 public:
     Writer(BindingStore& store, unsigned firstNumber) {
@@ -73,7 +74,7 @@ public:
         }
     }
 
-    // Returns the number of changes that it has made.
+    // Kills the process and returns the number of changes that it has made.
     unsigned kill() {
         ::kill(process, SIGKILL);
         int status = 0;
@@ -149,7 +150,7 @@ private:
 };
 #endif
 
-// With a sanitizer, most of the time would go into starting processes.
+// With a sanitizer, starting the processes would take most of the time, so fewer are started.
 #if defined(GLIDEMAP_SANITIZED)
 constexpr int slowness = 10;
 #else
@@ -170,7 +171,7 @@ class AKilledWriter : public testing::TestWithParam<Row> {
 protected:
     AKilledWriter() : support(GetParam().folder) {}
 
-    // The duration of a change on this machine.
+    // Measures the duration of a change on this machine.
     Clock::duration changeDuration() {
         constexpr int changes = 20;
         const auto start = Clock::now();
@@ -186,8 +187,8 @@ protected:
     }
 
     // Waits for a random time or, if `aimed`, until shortly after a write has begun. On a busy
-    // machine the test may miss the write, because the writer does not run while this thread
-    // checks. The test does not depend on seeing it.
+    // machine this thread may miss the write, because the writer does not run while this thread
+    // checks. The test passes in either case.
     void waitForKillTime(bool aimed) {
         const auto part = [this](double most) {
             std::uniform_real_distribution<double> distribution(0, most);
@@ -236,7 +237,7 @@ TEST_P(AKilledWriter, LeavesACompleteListAtEverySystemCall) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedAfterChange = 0;
-    bool isWhole = false; // the change of the last round
+    bool isWhole = false; // true when the last round completes its change
     for (int stops = 1; !isWhole; ++stops) {
         {
             SteppedWriter writer(store, number + 1);

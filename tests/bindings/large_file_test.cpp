@@ -1,5 +1,5 @@
-// Files larger or deeper than any list of bindings: each is decoded or rejected, in memory that is
-// at most a few times its length.
+// Tests files that are larger or deeper than any list of bindings. Each is decoded or rejected, and
+// the memory used is at most a few times the length of the file.
 #include "bindings/binding_json.h"
 #include "kit/live_memory.h"
 
@@ -43,7 +43,7 @@ constexpr std::size_t maxMemoryPerTokenByte = 8;
 // The message about a number is built from two copies of it. libc++'s strings grow to 8.05 times the
 // length in all, libstdc++'s to less than 8.
 constexpr std::size_t maxMemoryPerNumberByte = 9;
-// While the message grows, its old and its new buffer both count.
+// While the message grows, both its old and its new buffer count.
 constexpr std::size_t maxMemoryPerEscapedByte = 24;
 
 const Row rows[] = {

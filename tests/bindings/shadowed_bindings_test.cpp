@@ -42,7 +42,7 @@ TEST(ShadowedBindings, IgnoreDisabledBindings) {
         ElementsAre(false, false, false));
 }
 
-// Consistent with the store: it never matches a shadowed binding.
+// The store never matches a shadowed binding.
 TEST(ShadowedBindings, AreNeverMatched) {
     const BindingList list{bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{}),
                            bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{})};

@@ -12,14 +12,14 @@ namespace glidemap {
 
 class SupportFolder {
 public:
-    // In the folder for temporary files by default.
+    // By default, the folder is created in the folder for temporary files.
     explicit SupportFolder(const std::filesystem::path& place = {}) : support(place) {}
 
     const std::filesystem::path& path() const { return support.path(); }
     std::filesystem::path folder() const { return path() / "Glidemap"; }
     std::filesystem::path file() const { return folder() / "bindings.json"; }
 
-    // Each store stands for another launch of the program.
+    // Creates a store, as another launch of the program does.
     BindingStore::SupportFolder asked() const;
     BindingStore launch() const { return BindingStore(asked()); }
 
@@ -33,7 +33,7 @@ private:
 using test::contentOf;
 void writeContent(const std::filesystem::path& file, std::string_view content);
 
-// The names of all entries of the folder, sorted.
+// Returns the names of all entries of the folder, sorted.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 } // namespace glidemap

@@ -1,5 +1,5 @@
-// The properties of a performance: a touchpad's reports with timing and distances as measured from
-// people.
+// Tests that a performance consists of reports as a touchpad sends them, with timing and distances
+// as measured from people.
 
 #include "choreography/performance.h"
 
@@ -29,7 +29,7 @@ struct ContactStory {
     std::vector<std::int32_t> states;
     double firstTouch = -1;
     double lastTouch = -1;
-    double gone = -1; // time of the first report in which it no longer touches
+    double gone = -1; // the time of the first report in which the contact no longer touches
     MTPoint start{};
     MTPoint end{};
 
@@ -163,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(AllPerformableGestures, PerformanceTest,
                          testing::ValuesIn(performableGestures()),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-// The minimum and maximum of a value over many performances.
+// Returns the minimum and maximum of a value over many performances.
 struct Range {
     double low = 1e9;
     double high = -1e9;
@@ -219,7 +219,7 @@ TEST(Performances, FingersLandAndLiftUnevenly) {
         landing.add(down.high - down.low);
         lifting.add(up.high - up.low);
     }
-    // As seen by the pad, which reports an event up to one report late.
+    // Durations are those that the pad sees: it reports an event up to one report late.
     EXPECT_EQ(landing.low, 0);
     EXPECT_GE(landing.high, 0.020);
     EXPECT_LE(landing.high, 0.030 + 0.010);
@@ -243,7 +243,7 @@ TEST(Performances, SwipesHaveTheDurationAndLengthOfRealSwipes) {
     EXPECT_LE(travel.low, 0.30);
     EXPECT_GE(travel.high, 0.50);
     EXPECT_LE(travel.high, 0.64);
-    EXPECT_LE(length.high, 0.160); // including landing and lifting
+    EXPECT_LE(length.high, 0.160); // includes landing and lifting
 }
 
 TEST(Performances, ARestingFingerDriftsAndJitters) {

@@ -1,4 +1,4 @@
-// With every seed, a performance is recognised as exactly its intended gesture.
+// Tests that, with every seed, a performance is recognised as its intended gesture and as no other.
 
 #include "choreography/performance.h"
 #include "core/gesture_type.h"

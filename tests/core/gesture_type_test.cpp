@@ -23,8 +23,8 @@ struct CatalogueRow {
     const char* chinese;
 };
 
-// The whole catalogue, written a second time: raw values are a stored format and people read the
-// names, so an accidental change of either must fail a test.
+// The whole catalogue, written a second time. Raw values are a stored format and users read the
+// names, so a test must fail if either changes by accident.
 const CatalogueRow catalogue[] = {
     {drawCircle, "drawCircle", GestureCategory::circle, "Draw Circle (any direction)",
      "单指画圆（任意方向）"},

@@ -120,7 +120,7 @@ TEST(LangTest, TheSharedInstanceStoresItsCodeInTheConfiguredStore) {
     EXPECT_EQ(sharedStore->string(key), "en");
 }
 
-// The engine's queue also builds texts: the log builds a gesture's label there.
+// The engine's queue also creates texts: it builds the labels of gestures in the log.
 TEST(LangTest, AReaderOnAnotherThreadGetsTheOldCodeOrTheNew) {
     Lang lang(nullptr);
     std::atomic<bool> done = false;

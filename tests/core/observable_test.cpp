@@ -69,7 +69,7 @@ TEST(ObservableTest, AnObserverMayUnsubscribeDuringItsNotification) {
     itself = observable.subscribe([&] {
         ++notified;
         itself.release();
-        ++notified; // a running callback is not destroyed
+        ++notified; // a callback is not destroyed while it runs
     });
     observable.announceWillChange();
     observable.announceWillChange();
@@ -96,7 +96,7 @@ TEST(ObservableTest, AnObserverMaySubscribeAnotherDuringItsNotification) {
         }
     });
     observable.announceWillChange();
-    EXPECT_EQ(notified, 0); // takes effect with the next notification
+    EXPECT_EQ(notified, 0); // the new subscription takes effect with the next notification
     observable.announceWillChange();
     EXPECT_EQ(notified, 1);
 }

@@ -1,4 +1,4 @@
-// Provides folders of desktop entries, the only ones that GIO sees while a test runs.
+// Provides folders of desktop entries. While a test runs, GIO sees no other folders.
 //
 // GIO remembers the folders for the life of the process. So all tests of a program share them, and
 // each test empties them first.
@@ -25,7 +25,8 @@ public:
 
     void clear() const;
 
-    // Installs into the user's folder, or into the system's, which the user's folder overrides.
+    // Install into the user's folder, and into the system's folder. Entries in the user's folder
+    // take precedence.
     std::filesystem::path install(const std::string& identifier, const std::string& keys) const;
     std::filesystem::path installForAll(const std::string& identifier,
                                         const std::string& keys) const;

@@ -1,4 +1,5 @@
-// The frontmost application, the running ones, and launching one, on each desktop.
+// Tests on each desktop: the frontmost application, the running applications, and launching an
+// application.
 #include "desktop_test_base.h"
 #include "kit/leash.h"
 #include "kit/temporary_folder.h"
@@ -72,7 +73,7 @@ TEST_P(ApplicationsTest, LaunchedApplicationRunsAndComesForward) {
     seen.expectFrontmost("launched");
 }
 
-// Only for applications that support startup notification.
+// Applies only to applications that support startup notification.
 TEST_P(ApplicationsTest, LaunchedApplicationHasProofOfTheUsersRequest) {
     const Leash leash(folder.path() / "leash");
     const auto token = folder.path() / "proof";

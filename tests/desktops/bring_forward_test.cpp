@@ -1,4 +1,5 @@
-// Launching a running application: its window comes forward, and no second process starts.
+// Tests that launching a running application brings its window forward and starts no second
+// process.
 #include "desktop_test_base.h"
 #include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
@@ -23,7 +24,7 @@ namespace {
 
 using test::Leash;
 
-// The title of the active window, as a new backend reports it.
+// Reads the title of the active window from a new backend.
 class ActiveTitle {
 public:
     ActiveTitle() {
@@ -77,7 +78,7 @@ protected:
         std::filesystem::remove(starts());
     }
 
-    // Records each start, and shows a window that closes with the leash.
+    // Creates a program that records each start, and shows a window until the leash is released.
     std::filesystem::path noting(const std::string& application, const Leash& leash) const {
         return folder.script(application, "echo " + application + " >>" + starts().string() +
                                               "\nexec " + desktop->windowProgram() + " " +
@@ -104,7 +105,8 @@ protected:
         return std::count(std::istream_iterator<std::string>(file), {}, application);
     }
 
-    // A pending launch would have been recorded before this one.
+    // Launches another program last: an earlier launch that is still pending would have been
+    // recorded before it.
     void expectStarts(SeenWorkspace& seen, const std::string& application, long count) {
         const auto script = folder.script("end", "echo end >>" + starts().string() + "\n");
         install("end", script);
@@ -220,7 +222,7 @@ TEST_P(BringForwardTest, ApplicationThatHasExitedStartsAgain) {
     expectStarts(seen, "launched", 2);
 }
 
-// In the user's terminal. The launched process identifies its window.
+// The program runs in the user's terminal. The window is found by the launched process.
 TEST_P(BringForwardTest, ProgramInATerminalComesForward) {
     const bool onWayland = desktop->environment().count("WAYLAND_DISPLAY") != 0;
     const std::string terminal = onWayland ? "foot" : "xterm -e";

@@ -43,7 +43,7 @@ struct BusDouble::State {
     GDBusNodeInfo* node = nullptr;
     std::set<std::string> callers;
     std::vector<guint> watches;
-    mutable std::mutex mutex; // guards the members below
+    mutable std::mutex mutex; // protects the members below
     std::map<std::string, std::optional<Method>> methods;
     std::map<std::string, bool> properties;
     std::map<std::string, std::string> texts;
@@ -120,7 +120,7 @@ void BusDouble::State::called(GDBusConnection* /*connection*/, const char* sende
         }
     }
     if (!how) {
-        g_object_unref(invocation); // never replied to
+        g_object_unref(invocation); // the call never gets a reply
         return;
     }
     GVariant* const values = (*how)();

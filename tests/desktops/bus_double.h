@@ -27,7 +27,8 @@ struct ServiceDescription {
     std::string name;
     std::string path;
     std::string interfaces; // introspection XML, without the root node
-    // For calls that arrive as soon as the name is owned; other methods reply with an empty tuple.
+    // Replies to calls that may arrive as soon as the name is owned. Other methods reply with an
+    // empty tuple.
     std::map<std::string, Method> methods = {};
     // The initial values, set before the name is owned.
     std::map<std::string, bool> properties = {};
@@ -49,7 +50,7 @@ public:
     void keepSilent(const std::string& method);
 
     // A property is false until the test or a client sets it. The change is announced from `path`,
-    // unless that is empty.
+    // unless `path` is empty.
     void set(const std::string& property, bool value);
     void setText(const std::string& property, const std::string& value);
     void setAndAnnounce(const std::string& property, bool value, const std::string& interface,

@@ -23,30 +23,30 @@ public:
     virtual Environment environment() const = 0;
     virtual const PrivateBus& bus() const = 0;
 
-    // A program that takes an application identifier and a title, shows a window, prints "shown",
-    // and exits at the end of its standard input.
+    // Returns a program that takes an application identifier and a title, shows a window, prints
+    // "shown", and exits at the end of its standard input.
     virtual std::string windowProgram() const = 0;
 
     // Activates a window as a task bar does, once the desktop shows the windows that it lists.
     virtual void activate(const std::string& application) = 0;
 
-    // Both return when the change is complete. Only for desktops that minimise windows, or whose
-    // workspaces the test can switch.
+    // Both functions return when the change is complete. They work only on desktops that minimise
+    // windows, or whose workspaces the test can switch.
     virtual void minimize(const std::string& /*application*/) {}
     virtual void showSecondWorkspace() {}
 
-    // The activation token that the desktop passes to a program that the user launches; may be
-    // empty.
+    // Returns the activation token that the desktop passes to a program that the user launches; may
+    // be empty.
     virtual std::string activationToken() const { return {}; }
 
-    // Empty, or the reason why the overview cannot work on this machine.
+    // Returns the reason why the overview cannot work on this machine, or an empty string.
     virtual std::string whyNoOverview() const { return {}; }
 
-    // Only for desktops with an overview or a screen lock.
+    // These apply only to desktops with an overview or a screen lock.
     virtual bool isOverviewOpen() const { return false; }
     virtual bool isLocked() const { return false; }
 
-    // Whether an icon is in the status bar; only for desktops with a status bar.
+    // Returns whether an icon is in the status bar; applies only to desktops with a status bar.
     virtual bool showsStatusItem() const { return false; }
 };
 

@@ -13,7 +13,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-// Returns the first program that is not installed.
+// Returns a function that returns the first program that is not installed.
 std::function<std::optional<std::string>()> needs(std::initializer_list<const char*> programs) {
     return [all = std::vector<std::string>(programs.begin(),
                                            programs.end())]() -> std::optional<std::string> {
@@ -61,7 +61,7 @@ std::vector<DesktopKind> describeAll() {
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
-         .workspaces = Workspaces::one, // only key presses switch them
+         .workspaces = Workspaces::one, // its workspaces change only by key presses
          .processes = Processes::unknown},
         {.name = "Xfce",
          .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),

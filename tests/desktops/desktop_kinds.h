@@ -1,4 +1,5 @@
-// The desktops of README.md's table and their differences; all other cases are the same on each.
+// The desktops of README.md's table and their differences. Everything that is not listed here is
+// the same on each desktop.
 //
 // Thread:  any.
 // Errors:  none.
@@ -15,7 +16,7 @@
 
 namespace glidemap::desktops {
 
-// Whether a window that the user has not opened gets the focus; GNOME Shell may refuse.
+// Whether a window that the user did not open gets the focus; GNOME Shell may refuse.
 enum class NewWindow { comesForward, mayStayBehind };
 enum class Overview { opens, none };
 enum class Lock { locks, none };
@@ -23,9 +24,10 @@ enum class StatusBar { shown, none };
 // Whether the desktop minimises windows, and restores them when they come forward.
 enum class Minimizing { works, staysMinimized, none };
 enum class Workspaces { several, one };
-// Whether the desktop reports the process of a window.
+// Whether the desktop reports the process that owns a window.
 enum class Processes { known, unknown };
-// The proof of the user's request that a launched program receives.
+// What shows a launched program that the user requested the launch: nothing, a startup notification
+// ID, or an activation token.
 enum class LaunchTokenKind { none, startupID, token };
 
 struct DesktopKind {

@@ -1,5 +1,5 @@
-// The fixture of the desktop cases: starts one desktop, and gives this process the environment of
-// the desktop's programs. A desktop that is not installed is skipped.
+// The fixture of the desktop tests. It starts one desktop, and gives this process the environment
+// of the desktop's programs. If the desktop is not installed, the test is skipped.
 #pragma once
 
 #include "desktop_kinds.h"

@@ -12,7 +12,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-constexpr const char* python = "/usr/bin/python3"; // Debian's Python, which has Debian's modules
+constexpr const char* python = "/usr/bin/python3"; // finds the distribution's modules
 constexpr const char* pythonDouble = "/usr/lib/python3/dist-packages/dbusmock";
 constexpr const char* loginName = "org.freedesktop.login1";
 constexpr const char* shellName = "org.gnome.Shell";

@@ -16,10 +16,11 @@ namespace glidemap::desktops {
 
 class GnomeShell {
 public:
-    // Whether the test may run code in the shell. This also opens other protected interfaces.
+    // Whether the test may run code in the shell. Allowing this also opens other protected
+    // interfaces.
     enum class Eval { forbidden, allowed };
 
-    // The name of a missing program; nullopt if all are installed.
+    // Returns the name of a missing program; nullopt if all are installed.
     static std::optional<std::string> missing();
 
     explicit GnomeShell(Eval eval = Eval::forbidden);
@@ -40,7 +41,7 @@ public:
     const PrivateBus& bus() const { return sessionBus; }
     bool isOverviewOpen() const;
 
-    // The environment of its programs.
+    // The environment of the shell's programs.
     const Environment& environment() const { return settings; }
 
 private:

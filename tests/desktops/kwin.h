@@ -33,7 +33,7 @@ public:
 
     const PrivateBus& bus() const { return sessionBus; }
 
-    // The environment of its programs.
+    // The environment of KWin's programs.
     const Environment& environment() const { return settings; }
 
 private:

@@ -4,7 +4,7 @@ namespace glidemap::desktops {
 
 namespace {
 
-// labwc runs the command when clients can connect; the command's output appears in its own.
+// labwc runs the command when clients can connect. The command writes to labwc's output.
 constexpr const char* printDisplay = R"(sh -c "echo \$WAYLAND_DISPLAY")";
 
 Program::Command labwcIn(const RuntimeFolder& folder) {

@@ -14,7 +14,7 @@ class Labwc {
 public:
     Labwc();
 
-    // The environment of its programs.
+    // The environment of labwc's programs.
     const Environment& environment() const { return settings; }
 
 private:

@@ -16,7 +16,7 @@ namespace glidemap {
 
 LaunchReports::LaunchReports(std::filesystem::path pipe) : path(std::move(pipe)) {
     EXPECT_EQ(mkfifo(path.c_str(), 0600), 0) << path;
-    // Also open for writing, so that reading never reaches the end.
+    // The pipe is also open for writing, so that reading never reaches the end.
     descriptor = open(path.c_str(), O_RDWR | O_CLOEXEC);
     EXPECT_GE(descriptor, 0) << path;
 }

@@ -17,7 +17,7 @@ namespace glidemap::desktops {
 template <typename Backend>
 class Listening {
 public:
-    // `Arguments` are the backend's constructor arguments after the thread.
+    // `Arguments` are the arguments of the backend's constructor that follow the thread.
     template <typename... Arguments>
     explicit Listening(WindowListener& reported, const Arguments&... arguments) {
         thread.call([&] {

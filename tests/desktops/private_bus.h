@@ -1,5 +1,5 @@
-// Runs a message bus for a test: it has only the test's clients, and starts no service unless the
-// test allows it.
+// Runs a message bus for a test. The bus has only the test's clients, and starts no service unless
+// the test allows it.
 //
 // Thread:  one.
 // Owner:   a test or a desktop.
@@ -39,8 +39,8 @@ public:
 
     void kill();
 
-    // Stops the process: it still accepts connections but does not respond. The test's own calls
-    // block, too.
+    // Stops the process. The bus still accepts connections but does not respond, so the test's own
+    // calls block, too.
     void stop() const;
     void goOn() const;
 

@@ -30,7 +30,7 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::max<decltype(left)>(left, 0));
 }
 
-// Waits until the descriptor is readable. Returns false on time-out.
+// Waits until the descriptor is readable. Returns false on a timeout.
 bool waitUntilReadable(int descriptor, Clock::time_point deadline) {
     pollfd source{descriptor, POLLIN, 0};
     int ready = 0;
@@ -66,7 +66,8 @@ struct Start {
         (setgroups(0, nullptr) != 0 || setgid(nobody) != 0 || setuid(nobody) != 0)) {
         _exit(126);
     }
-    // Set after the change of user, which clears it. The parent may have exited before.
+    // This is set after the change of user, which would clear it. The parent may already have
+    // exited.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != start.parent) {
         _exit(126);
@@ -143,7 +144,7 @@ Program::~Program() {
 void Program::kill() {
     if (_process > 0) {
         ::kill(-_process, SIGKILL);
-        ::kill(_process, SIGKILL); // before it has created its group
+        ::kill(_process, SIGKILL); // if it has not created its group yet
         waitpid(_process, nullptr, 0);
         _process = -1;
     }

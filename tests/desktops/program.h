@@ -22,21 +22,23 @@ constexpr std::chrono::seconds patience{120};
 
 using Environment = std::map<std::string, std::string>;
 
-// The variables that every desktop program needs, without those of the test's own environment.
+// Returns the variables that every desktop program needs, without those of the test's own
+// environment.
 Environment plainEnvironment(const std::filesystem::path& folder);
 
-// Whether the program is in PATH.
+// Returns whether the program is in PATH.
 bool isInstalled(const std::string& program);
 
 class Program {
 public:
-    // The user to run as: some programs refuse to run as root, as tests in a container do.
+    // The user that runs the program. Some programs refuse to run as root, and tests in a container
+    // run as root.
     enum class User { same, notRoot };
 
     struct Command {
         std::vector<std::string> words;
         Environment environment;
-        std::filesystem::path log; // receives its standard error
+        std::filesystem::path log; // receives the program's standard error
         User user = User::same;
     };
 
@@ -45,16 +47,18 @@ public:
     Program& operator=(const Program&) = delete;
     ~Program();
 
-    // Writes a line to its standard input.
+    // Writes a line to the program's standard input.
     void writeLine(const std::string& line);
 
-    // The next line of its standard output; nullopt, and a failure, on time-out.
+    // Returns the next line of the program's standard output. On a timeout, fails the test and
+    // returns nullopt.
     std::optional<std::string> nextLine();
 
-    // Kills its whole process group at once.
+    // Kills the program's whole process group at once.
     void kill();
 
-    // Closes its standard input, waits until it has exited and returns its exit status.
+    // Closes the program's standard input, waits until the program has exited and returns its exit
+    // status.
     std::optional<int> finish();
 
     pid_t process() const { return _process; }
@@ -71,7 +75,7 @@ private:
     std::string read;
 };
 
-// The user for programs with User::notRoot.
+// Returns the user for programs with User::notRoot.
 uid_t plainUser();
 
 } // namespace glidemap::desktops

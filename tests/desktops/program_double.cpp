@@ -9,7 +9,7 @@ namespace glidemap::test {
 
 namespace fs = std::filesystem;
 
-// Starts a shell with that process name, which waits for the end of its standard input.
+// Starts a shell with that process name. The shell waits for the end of its standard input.
 void ProgramDoubles::start(const std::string& name, const std::vector<std::string>& arguments,
                            const desktops::Environment& environment) {
     const fs::path program = daemons.path() / name;

@@ -18,17 +18,17 @@ namespace glidemap::test {
 
 class ProgramDoubles {
 public:
-    // The folder to put in PATH.
+    // Returns the folder to put in PATH.
     std::string folder() const { return programs.path().string(); }
 
-    // Runs with these arguments and this environment until the destruction.
+    // Runs a program with these arguments and this environment until this object is destroyed.
     void start(const std::string& name, const std::vector<std::string>& arguments,
                const desktops::Environment& environment);
 
     // Installs a program that records its name and arguments, and then runs `text` in the shell.
     void install(const std::string& name, const std::string& text = "");
 
-    // The recorded commands, one per line.
+    // Returns the recorded commands, one per line.
     std::string ran() const;
 
 private:

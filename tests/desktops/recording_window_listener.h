@@ -26,21 +26,21 @@ namespace glidemap::desktops {
 
 class RecordingWindowListener final : public WindowListener {
 public:
-    // How a window appears in the lines: by default its app id.
+    // Returns the text for a window in the lines; the default is its app ID.
     using Word = std::function<std::string(const WindowIdentity&)>;
     explicit RecordingWindowListener(Word asWord = nullptr);
 
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
-    // Waits for these lines, which must be all reports since the last call.
+    // Waits for these lines, and checks that there were no other reports since the last call.
     void expectReported(const std::vector<std::string>& lines);
 
-    // Waits until these are the latest lines of each kind, after any others: for desktops that make
-    // a change in a varying number of steps.
+    // Waits until these are the latest lines of each kind; other lines may come before them. Some
+    // desktops make a change in a varying number of steps.
     void expectInTheEnd(const std::string& windowsLine, const std::string& activeLine);
 
-    // The windows of the latest report.
+    // Returns the windows in the latest report.
     std::vector<WindowIdentity> windows();
 
 private:

@@ -26,12 +26,13 @@ public:
         return folder.write(name, content);
     }
 
-    // Lets the test's programs use the folder; they reject a runtime folder of another user. Call
-    // it when a compositor that runs as another user has created its socket.
+    // Changes the folder's owner to the user of the test's programs, which reject a runtime folder
+    // of another user. Call this after a compositor that runs as another user has created its
+    // socket.
     void giveToTest() const;
 
 private:
-    // Not below a long path, because the length of socket names is limited.
+    // The path must be short, because the length of socket names is limited.
     test::TemporaryFolder folder{"/tmp"};
 };
 

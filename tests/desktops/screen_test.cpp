@@ -1,4 +1,4 @@
-// The overview and locking the screen, on each desktop.
+// Tests the overview and the screen lock on each desktop.
 #include "desktop_test_base.h"
 #include "kit/fake_main_queue.h"
 #include "platform/linux/session/linux_overview.h"
@@ -27,7 +27,7 @@ protected:
 
 TEST_P(OverviewTest, OverviewOpensAndCloses) {
     if (GetParam().overview == Overview::none) {
-        // Every service that the program may call for an overview.
+        // These are all services that the program may call for an overview.
         for (const char* const name : {"org.gnome.Shell", "org.Cinnamon", "org.kde.kglobalaccel"}) {
             EXPECT_FALSE(isOnBus(name)) << name;
         }
@@ -48,7 +48,7 @@ TEST_P(OverviewTest, OverviewOpensAndCloses) {
 
 class LockTest : public DesktopTest {
 protected:
-    // Whether a program of this session runs.
+    // Returns whether a program of this session runs.
     static bool runs(std::string_view program) {
         const std::array<std::string_view, 1> names = {program};
         return !sessionProcesses(names).empty();
@@ -59,7 +59,8 @@ protected:
     bool refused = false;
 };
 
-// If no service can lock, the program is notified and types the desktop's usual shortcut.
+// If no service can lock the screen, the program is notified and types the desktop's usual
+// shortcut.
 TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
     LinuxScreenLock screenLock(thread, queue, {longWait, longWait, longWait});
     ASSERT_TRUE(screenLock.find());

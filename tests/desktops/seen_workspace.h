@@ -22,8 +22,8 @@ class SeenWorkspace {
 public:
     using Names = std::set<std::string>;
 
-    // "none" also while the desktop's background has the focus: Xfce focuses it when it starts
-    // late.
+    // Returns "none" also while the desktop's background has the focus: Xfce focuses the background
+    // if its desktop program starts late.
     std::string frontmost() const {
         const std::string application = workspace.frontmostApplication().bundleID.value_or("none");
         return application == "Xfdesktop" ? "none" : application;

@@ -8,8 +8,8 @@ namespace glidemap::desktops {
 
 namespace {
 
-// sway runs the command when clients can connect; the command's output appears in its own. A test
-// that needs the bar starts it itself, on the test's bus, which belongs to another user.
+// sway runs the command when clients can connect. The command writes to sway's output. A test that
+// needs the bar starts it itself, on the test's bus, which belongs to another user.
 constexpr const char* config = R"(xwayland disable
 seat seat0 fallback true
 bar {

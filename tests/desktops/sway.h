@@ -1,4 +1,4 @@
-// Runs a headless sway, as an example of the wlroots compositors.
+// Runs a headless sway, as an example of a wlroots compositor.
 //
 // Thread:  one.
 // Owner:   a test.
@@ -16,7 +16,7 @@ class Sway {
 public:
     Sway();
 
-    // The environment of its programs.
+    // The environment of sway's programs.
     const Environment& environment() const { return settings; }
 
     // Sends a command and waits until sway has executed it.

@@ -1,8 +1,8 @@
 // glidemap-test-window APP_ID TITLE: one small grey window on a Wayland desktop.
 //
-// Prints "shown" when it is on the screen. Each line of its standard input becomes the title, which
-// "titled" confirms; the end of the input ends the program. It uses a launcher's token, as toolkits
-// do.
+// The program prints "shown" when its window is on the screen. Each line of standard input becomes
+// the window's title, and the program confirms it with "titled". The end of the input ends the
+// program. Like toolkits, it uses a launcher's activation token.
 
 #include <poll.h>
 #include <sys/mman.h>

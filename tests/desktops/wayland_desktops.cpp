@@ -36,7 +36,7 @@ bool isTrue(const Variant& value) {
            g_variant_get_boolean(value.get()) != FALSE;
 }
 
-// Compositors that list their windows through a protocol, and need no bus.
+// Compositors of this kind list their windows through a Wayland protocol and need no bus.
 template <typename Compositor>
 class WlrootsDesktop : public WaylandDesktop {
 public:
@@ -141,8 +141,8 @@ public:
     bool isOverviewOpen() const override { return shell.isOverviewOpen(); }
 
 private:
-    // The shell lists a window before it shows it. It gives the focus to a window that it shows, and
-    // so takes it from a window that was activated in between.
+    // The shell lists a window before it shows it. When it shows the window it also focuses it,
+    // even if another window was activated in between.
     void waitUntilWindowsAreShown() const {
         EXPECT_TRUE(application::waitUntil([this] {
             return shell.evaluate("global.get_window_actors().every(actor => actor.visible || "
@@ -225,7 +225,8 @@ private:
             application + "\")) {\n" + statement + "}\n");
     }
 
-    // Plasma 6 renamed the objects. Returns once KWin has run the script.
+    // Since Plasma 6 the D-Bus paths of scripts are different, so both forms are tried. Returns
+    // once KWin has run the script.
     void run(const std::string& script) {
         const std::string name = "test-" + std::to_string(++scripts);
         const std::filesystem::path file =

@@ -1,4 +1,4 @@
-// The program itself on each desktop: its window, its status item, and a second launch.
+// Tests the program itself on each desktop: its window, its status item, and a second launch.
 #include "desktop_test_base.h"
 #include "desktops/bus_double.h"
 #include "kit/temporary_folder.h"
@@ -71,13 +71,13 @@ TEST_P(ProgramTest, SettingsWindowOpensInFront) {
     Program glidemap(command());
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);
-    seen.expectRunning({}); // an accessory is no application to choose
+    seen.expectRunning({}); // an accessory application is not listed
     expectEnd(glidemap);
 }
 
 TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     const StatusBarDouble bar(*desktop,
-                              GetParam().statusBar); // no alert appears and takes the focus
+                              GetParam().statusBar); // so that no alert takes the focus
     Program glidemap(command());
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);

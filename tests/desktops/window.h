@@ -13,7 +13,8 @@ namespace glidemap::desktops {
 
 class Window {
 public:
-    // `desktop` is the environment with the display. Returns when the window is on the screen.
+    // `desktop` is the environment that contains the display. Returns when the window is on the
+    // screen.
     Window(const Environment& desktop, const std::string& appID, const std::string& title);
 
     void setTitle(const std::string& title);

@@ -14,7 +14,7 @@ std::unique_ptr<Desktop> startOpenbox();
 std::unique_ptr<Desktop> startXfce();
 std::unique_ptr<Desktop> startCinnamon();
 
-// The command in a D-Bus service file; empty if the file does not exist.
+// Returns the command in a D-Bus service file; empty if the file does not exist.
 std::string commandOfService(const std::string& name);
 
 } // namespace glidemap::desktops

@@ -16,11 +16,11 @@ namespace glidemap::desktops {
 
 class XClient {
 public:
-    // Connects, without a window.
+    // Connects to the server without creating a window.
     explicit XClient(const XServer& server);
 
-    // Set a property of the window, or of the root if that was chosen: to cardinals, to atoms by
-    // their names, or to text, in which "\0" is a null.
+    // These set a property of the window, or of the root window after useRoot(): to cardinals, to
+    // atoms by their names, or to text, in which "\0" is a null character.
     void setNumbers(const std::string& property, const std::string& numbers);
     void setAtoms(const std::string& property, const std::string& names);
     void setText(const std::string& property, const std::string& text);

@@ -113,8 +113,8 @@ private:
                             8, static_cast<std::uint32_t>(whole.size()), whole.data());
     }
 
-    // openbox may leave events in its queue on startup, and reads them only when more arrive. So if
-    // it does not map the window soon, this sends another request.
+    // On startup openbox may leave events in its queue, and reads them only when more arrive. If
+    // the window is not mapped soon, another request is sent.
     void map() {
         constexpr int soon = 200; // milliseconds
         xcb_map_window(connection, window);
@@ -137,7 +137,7 @@ private:
     }
 
     void activate() {
-        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, whose requests are not refused
+        notifyWindowManager("_NET_ACTIVE_WINDOW", 2); // as a pager, which is never refused
     }
 
     void notifyWindowManager(const std::string& type, std::uint32_t value) {
@@ -169,7 +169,7 @@ private:
     xcb_connection_t* connection;
     xcb_window_t root = XCB_WINDOW_NONE;
     xcb_window_t window = XCB_WINDOW_NONE;
-    xcb_window_t target = XCB_WINDOW_NONE; // whose properties are set
+    xcb_window_t target = XCB_WINDOW_NONE; // the window whose properties are set
 };
 
 } // namespace

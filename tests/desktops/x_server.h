@@ -16,12 +16,12 @@ namespace glidemap::desktops {
 
 class XServer {
 public:
-    // Empty, or the reason why no server can run here.
+    // Returns the reason why no server can run here, or an empty string.
     static std::string whyNot();
 
     explicit XServer(const std::vector<std::string>& arguments = {});
 
-    // In the format of DISPLAY.
+    // The display's name, in the format of DISPLAY.
     const std::string& display() const { return name; }
     const Environment& environment() const { return settings; }
 

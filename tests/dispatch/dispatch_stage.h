@@ -85,7 +85,7 @@ public:
     DispatchStage& operator=(const DispatchStage&) = delete;
     ~DispatchStage() = default;
 
-    // The keys of all typed shortcuts, in order.
+    // Returns the keys of all typed shortcuts, in order.
     std::vector<std::uint16_t> typed() const {
         std::vector<std::uint16_t> keys;
         for (const auto& post : keyEvents->posts) {
@@ -94,7 +94,7 @@ public:
         return keys;
     }
 
-    // Newest first.
+    // Returns the log entries, newest first.
     std::vector<Logged> logged() const {
         std::vector<Logged> entries;
         for (const GestureLogEntry& entry : dispatcher->recentEvents()) {

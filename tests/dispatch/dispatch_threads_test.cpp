@@ -1,5 +1,5 @@
-// Gestures on two threads and clicks on a third, while the main thread changes everything that they
-// read. Meant for the thread sanitizer.
+// Sends gestures from two threads and clicks from a third, while the main thread changes everything
+// that they read. This test is meant for the thread sanitizer.
 
 #include "dispatch/click_demand.h"
 #include "dispatch/click_monitor.h"
@@ -27,8 +27,8 @@ constexpr int gestureThreads = 2;
 const Application editor = {editorID, editorName};
 const Application other = {"org.example.Other", "Other"};
 
-// One of two alternating lists. In each, the key identifies the application: 1 and 3 in the editor
-// (S, F), 0 and 2 elsewhere (A, D).
+// Returns one of two lists, which alternate. The key shows which application a binding is for: 1
+// and 3 (S, F) are for the editor, 0 and 2 (A, D) for all others.
 BindingList bindings(std::uint16_t first) {
     const BindingScope inEditor = AppScope{editorID, editorName};
     const auto inEditorKey = static_cast<std::uint16_t>(first + 1);

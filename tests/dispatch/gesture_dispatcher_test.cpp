@@ -222,7 +222,7 @@ struct CircleRow {
     std::string fact;
     BindingList bindings;
     GestureType drawn;
-    std::optional<std::uint16_t> key; // the typed key, if any
+    std::optional<std::uint16_t> key; // the typed key, if there is one
 };
 
 TEST(GestureDispatcher, ACircleFallsBackToTheBindingForAnyDirection) {

@@ -1,5 +1,5 @@
-// Touches and clicks while the session is active and while it is not. The engine runs in virtual
-// time.
+// Tests touches and clicks while the session is active and while it is inactive. The engine runs in
+// virtual time.
 
 #include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
@@ -32,7 +32,7 @@ protected:
         pad.play(fingers(count).startingAt(at).down().until(at + 0.1).up());
     }
 
-    // Oldest first.
+    // Returns the logged gestures, oldest first.
     std::vector<GestureType> recognised() {
         stage.mainQueue->runAll();
         std::vector<GestureType> gestures;
@@ -111,7 +111,7 @@ TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrConsumed) {
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("disable", "remove"));
     tap(3, 1);
     session->setActive(false);
-    session->setAsleep(false); // awake, while another session is active
+    session->setAsleep(false); // the machine is awake, but another session is active
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
     tap(3, 2);
     session->setActive(true);

@@ -1,4 +1,4 @@
-// The whole path from fingers and the button of the pad to the action and the log.
+// Tests the whole path from fingers and the touchpad's button to the action and the log.
 
 #include "dispatch/gesture_runtime.h"
 #include "dispatch_stage.h"
@@ -32,8 +32,9 @@ protected:
         stage.mainQueue->runAll();
     }
 
-    // Presses with these fingers on the pad and releases without fingers; returns the verdicts. The
-    // fingers rest too long for a tap and too briefly for a long press.
+    // Presses the button with this number of fingers on the pad, releases it after they have
+    // lifted, and returns both verdicts. The fingers rest too long for a tap and too briefly for a
+    // long press.
     std::vector<Verdict> click(int fingerCount) {
         const auto frames =
             fingers(fingerCount).startingAt(pad.time.now() + 1).down().hold(0.5).up().frames();

@@ -93,7 +93,7 @@ TEST_F(TimelyQueueTest, IsNotStalledAfterTheWaitingTaskHasStarted) {
 TEST_F(TimelyQueueTest, ATaskThatRunsForLongDoesNotStallTheQueue) {
     bool stalledMeanwhile = true;
     queue.submit(IfLate::drop, [&] {
-        now += 1min; // an alert's nested event loop, for example
+        now += 1min; // as in an alert's nested event loop
         stalledMeanwhile = queue.isStalled();
     });
     mainQueue->runAll();

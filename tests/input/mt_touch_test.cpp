@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-// A report in the driver's memory layout, assembled byte by byte.
+// A report in the driver's memory layout, built byte by byte.
 class RawReport {
 public:
     explicit RawReport(std::size_t records) : bytes(records * 96, 0xee) {}
@@ -123,7 +123,7 @@ TEST(MTTouchTest, OnlyMakingAndKeepingContactCountAsTouching) {
     for (const auto& [state, touching] : rows) {
         EXPECT_EQ(isTouchingState(state), touching) << state;
     }
-    // Also evaluated by the compiler, which rejects undefined behaviour.
+    // This is also evaluated at compile time, when undefined behaviour is an error.
     static_assert(!isTouchingState(-1) && !isTouchingState(8) && !isTouchingState(31));
 }
 

@@ -1,4 +1,4 @@
-// A touch driver without a touchpad that records its calls. Compiled once for each kind of
+// A touch driver that records its calls and has no touchpad. It is compiled once for each kind of
 // incomplete driver; CMakeLists.txt lists what each definition excludes.
 #include "input/touch_driver.h"
 
@@ -16,7 +16,8 @@ using namespace glidemap::driver;
 std::string calls;
 std::vector<ContactCallback> callbacks;
 
-// The letter that a device points to identifies it; a null entry is a detached device.
+// A device is a pointer to a letter, which identifies the device. A null entry is a detached
+// device.
 char letters[] = {'a', 'b', 'c'};
 #if defined(LIST_IS_EMPTY)
 std::vector<const void*> devices;

@@ -9,15 +9,15 @@
 
 namespace glidemap {
 
-// The location of the library with that name, and the functions that read its device list.
+// Returns the location of the library with that name, and the functions that read its device list.
 TouchDriverPlatform testDriver(const std::string& name);
 
-// The test's own interface to a loaded test driver, beside the manager's.
+// Functions that a loaded test driver offers to tests, in addition to those that the manager calls.
 class TestDriverLibrary {
 public:
     explicit TestDriverLibrary(const MultitouchDeviceManager& manager);
 
-    // The calls since the last reset, in order.
+    // Returns the calls since the last reset, in order.
     std::string calls() const { return readCalls(); }
 
     // Returns the result of the first device's callback, or -1 if none is registered.

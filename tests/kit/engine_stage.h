@@ -41,7 +41,7 @@ public:
     std::vector<ReportedGesture> reported; // the gestures that the engine delivered
 };
 
-// Passes the frame to the contact callback like a driver, from a buffer that is overwritten
+// Passes the frame to the contact callback as a driver does, from a buffer that is overwritten
 // afterwards.
 void report(const TouchFrame& frame);
 void report(std::vector<MTTouch> records, double timestamp);

@@ -1,4 +1,4 @@
-// A permission that the test sets. It records the queries.
+// A fake accessibility permission, which the test sets. It records the queries.
 //
 // Thread:  the test's main thread.
 #pragma once
@@ -23,7 +23,7 @@ public:
     }
 
     bool trusted = true;
-    int timesAsked = 0; // without the prompt
+    int timesAsked = 0; // queries without a prompt
     std::function<void(const std::string& call)> onCall;
 
 private:

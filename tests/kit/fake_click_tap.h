@@ -27,7 +27,7 @@ public:
     void remove() override { note("remove"); }
     void setNeeded(bool needed) override { note(needed ? "needed" : "not needed"); }
 
-    // Also works after remove(), like a system that delivers a late event.
+    // Also works after remove(), because a system may deliver a late event.
     Verdict offer(const ClickEvent& event) { return callback(event); }
 
     // Returns the calls since the last time.

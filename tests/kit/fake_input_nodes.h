@@ -1,4 +1,4 @@
-// Device nodes whose permissions the test sets.
+// Fake device nodes whose permissions the test sets.
 //
 // Thread:  the test's.
 // Owner:   the service under test; the permissions belong to the test and outlive it.

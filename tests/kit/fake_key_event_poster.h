@@ -27,7 +27,7 @@ public:
         posts.emplace_back(events.begin(), events.end());
     }
 
-    std::vector<Post> posts; // one per call
+    std::vector<Post> posts; // one entry per call
 };
 
 } // namespace kit

@@ -1,4 +1,4 @@
-// A login item whose state and refusals the test sets. It records its calls.
+// A fake login item whose state and refusals the test sets. It records its calls.
 //
 // Thread:  the test's main thread.
 #pragma once

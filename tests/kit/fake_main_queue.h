@@ -1,6 +1,7 @@
-// A main queue whose tasks wait until the test runs them on its main thread.
+// A fake main queue whose tasks wait until the test runs them.
 //
-// Thread:  submit() on any, as the port says; the rest on the test's.
+// Thread:  submit() on any thread, like the real queue; the other functions on the test's main
+//          thread.
 #pragma once
 
 #include "core/main_queue.h"
@@ -19,7 +20,8 @@ namespace glidemap::kit {
 class FakeMainQueue : public MainQueue {
 public:
     FakeMainQueue() = default;
-    // Calls this with each submission, on the submitting thread. It must not use the queue.
+    // Sets a function that is called with each submission, on the submitting thread. The function
+    // must not use the queue.
     explicit FakeMainQueue(std::function<void()> submitted) : onSubmission(std::move(submitted)) {}
 
     void submit(Task task) override {
@@ -31,7 +33,7 @@ public:
         }
     }
 
-    // Returns false if no task is waiting.
+    // Runs the oldest task. Returns false if no task is waiting.
     bool runNext() {
         auto task = takeNext();
         if (task) {
@@ -40,7 +42,7 @@ public:
         return task.has_value();
     }
 
-    // Including tasks that these tasks submit. Returns their number.
+    // Runs all tasks, including those that these tasks submit. Returns the number of tasks.
     std::size_t runAll() {
         std::size_t count = 0;
         while (runNext()) {

@@ -1,4 +1,4 @@
-// A system lock that may be missing, and that refuses at the test's request.
+// A fake system lock, which may be missing and which refuses when the test requests it.
 //
 // Thread:  the test's main thread.
 #pragma once
@@ -25,7 +25,7 @@ public:
     bool exists = true;
     int timesLookedFor = 0;
     int timesLocked = 0;
-    std::function<void()> refuse; // the argument of the last lock()
+    std::function<void()> refuse; // the callback passed to the last lock()
 };
 
 } // namespace glidemap::kit

@@ -1,4 +1,4 @@
-// A status bar whose kind the test sets. It records the looks of the drawn item.
+// A fake status bar whose kind the test sets. It records the looks of the drawn item.
 //
 // Thread:  the test's main thread.
 #pragma once

@@ -1,4 +1,4 @@
-// Settings that exist as long as the test and record every write.
+// Fake settings that record every write and last as long as the test.
 #pragma once
 
 #include "core/user_defaults.h"
@@ -38,7 +38,7 @@ public:
 
     std::map<std::string, bool, std::less<>> storedBooleans;
     std::vector<std::pair<std::string, bool>> booleanWrites;
-    std::map<std::string, std::string, std::less<>> stored; // the values of an earlier run
+    std::map<std::string, std::string, std::less<>> stored; // values stored by an earlier run
     std::vector<Write> writes;
 };
 

@@ -1,6 +1,6 @@
-// A session whose active, locked and sleeping states the test sets.
+// A fake session whose active, locked and sleeping states the test sets.
 //
-// Thread:  the setters on the test's main thread; the rest on any.
+// Thread:  the setters on the test's main thread; the other functions on any thread.
 #pragma once
 
 #include "dispatch/user_session.h"

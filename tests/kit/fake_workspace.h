@@ -1,6 +1,7 @@
-// A session whose applications the test defines. It records the requests to open them.
+// A fake workspace whose applications the test defines. It records the requests to open
+// applications.
 //
-// Thread:  frontmost and its readers on any; the rest on the test's main thread.
+// Thread:  frontmost and its readers on any thread; the rest on the test's main thread.
 #pragma once
 
 #include "core/snapshot.h"
@@ -49,7 +50,7 @@ public:
     std::vector<Application> running;
     std::map<std::string, std::string> urls; // each application's location, by its identifier
     std::map<std::string, std::string> icons;
-    std::vector<std::string> opened; // in order
+    std::vector<std::string> opened; // in the order of the requests
     mutable std::atomic<int> timesAskedForFrontmost = 0;
 
 private:

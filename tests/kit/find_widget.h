@@ -10,7 +10,7 @@
 
 namespace glidemap::kit {
 
-// Throws, which fails the test, if no such widget of this type exists.
+// Throws if no such widget of this type exists, which fails the test.
 template <class Widget = QWidget>
 Widget& find(const QWidget& within, const char* name) {
     auto* const found = dynamic_cast<Widget*>(within.findChild<QWidget*>(QString::fromUtf8(name)));
@@ -20,7 +20,7 @@ Widget& find(const QWidget& within, const char* name) {
     return *found;
 }
 
-// All widgets of this type, in order of creation.
+// Returns all widgets of this type, in order of creation.
 template <class Widget>
 std::vector<Widget*> findAll(const QWidget& within) {
     std::vector<Widget*> found;

@@ -24,7 +24,7 @@ void Hand::placeAt(Spot first) {
     for (Spot& spot : home) {
         spot = {spot.x + shift.x, spot.y + shift.y};
     }
-    home.front() = first; // without a rounding error
+    home.front() = first; // an exact value, without a rounding error
 }
 
 void Hand::startAt(double start) {
@@ -46,7 +46,7 @@ void Hand::down() {
 void Hand::until(double end) {
     require(end >= time, "time going backwards");
     const double begin = time;
-    // Skips a frame that almost coincides with the end, which has its own frame.
+    // Skips a frame that almost coincides with the end, because the end has its own frame.
     for (int frame = 1; begin + frame * interval < end - interval / 1000; ++frame) {
         if (isDown()) {
             emitAt(begin + frame * interval);

@@ -1,5 +1,5 @@
-// The hand that performs a script: the positions of all fingers, and every frame that the pad
-// reported.
+// The hand that performs a script. It stores the positions of all fingers, and every frame that the
+// pad has reported.
 //
 // Units:   positions normalised 0..1, origin bottom-left; seconds.
 // Errors:  an impossible movement throws std::logic_error.
@@ -25,7 +25,7 @@ using Motion = std::function<Spot(std::size_t finger, Spot from, double fraction
 
 class Hand {
 public:
-    static constexpr double spacing = 0.08; // between neighbouring fingers
+    static constexpr double spacing = 0.08; // the distance between neighbouring fingers
 
     explicit Hand(double framesPerSecond) : interval(1 / framesPerSecond) {}
 

@@ -11,7 +11,7 @@ namespace glidemap::test {
 
 class InEnvironment {
 public:
-    // Null removes the variable.
+    // A null value removes the variable.
     InEnvironment(std::string variable, const char* value);
     InEnvironment(const InEnvironment&) = delete;
     InEnvironment& operator=(const InEnvironment&) = delete;

@@ -18,8 +18,8 @@ void notePeak(std::size_t live) {
     }
 }
 
-// A header in front of every allocation stores its size, which not every C library reports. It is
-// as wide as the alignment, so that the allocation stays aligned.
+// A header in front of every allocation stores its size, because not every C library reports sizes.
+// The header is as wide as the alignment, so that the allocation stays aligned.
 std::size_t headerSize(std::size_t alignment) {
     return std::max(alignment, alignof(std::max_align_t));
 }
@@ -71,8 +71,8 @@ std::size_t allocationCount() {
 
 } // namespace glidemap::kit
 
-// All forms, because the sanitizers replace the array forms with versions that do not write the
-// header.
+// All forms are replaced, because the sanitizers replace the array forms with versions that do not
+// write the header.
 void* operator new[](std::size_t size) {
     return counted(size, ordinary);
 }

@@ -1,4 +1,4 @@
-// The memory that the program has allocated, to show that it does not grow.
+// Counts the memory that the program has allocated, so that tests can check that it does not grow.
 //
 // Linking this file replaces the global operator new and delete of the test program; the memory of
 // every thread counts.
@@ -13,11 +13,11 @@ namespace glidemap::kit {
 
 std::size_t liveMemory();
 
-// The maximum since the start of the program or since the last reset.
+// The maximum since the program started or since the last reset.
 std::size_t peakLiveMemory();
 void resetPeakLiveMemory();
 
-// Allocations since the start of the program.
+// The number of allocations since the program started.
 std::size_t allocationCount();
 
 } // namespace glidemap::kit

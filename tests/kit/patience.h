@@ -1,6 +1,5 @@
-// How long a test waits for a required event. A wait takes this long only if the test fails, so the
-// limit is generous: a machine that compiles or runs other tests may be ten times slower than an
-// idle one.
+// The time limit for an expected event. A test waits this long only if it fails, so the limit is
+// generous: a machine that compiles or runs other tests may be ten times slower than an idle one.
 #pragma once
 
 #include <chrono>

@@ -26,7 +26,7 @@ struct ReportedGesture {
     }
 };
 
-// The component that plays a script.
+// The component to which a script is played.
 enum class Through {
     recognizer, // frames go directly to a recognizer: every gesture, with the script's precision
     engine,     // records go to the contact callback: the gestures that pass the cooldown
@@ -37,14 +37,14 @@ struct Stage {
     std::vector<int> boundDoubleTaps = {}; // finger counts whose double tap has a binding
 };
 
-// All gestures reported until no work is pending, in order. Delayed work runs between the frames,
-// when it is due.
+// Returns all gestures reported until no work is pending, in order. Delayed work runs between the
+// frames, when it is due.
 std::vector<ReportedGesture> perform(std::span<const TouchFrame> frames, const Stage& stage = {});
 std::vector<ReportedGesture> perform(const Script& script, const Stage& stage = {});
 
 std::vector<GestureType> gesturesOf(std::span<const ReportedGesture> reported);
 
-// One line per gesture.
+// Returns one line per gesture.
 std::string written(std::span<const ReportedGesture> reported);
 std::string written(std::span<const GestureType> gestures);
 

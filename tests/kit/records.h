@@ -1,4 +1,4 @@
-// Contact records like those of a driver.
+// Creates contact records like those of a driver.
 #pragma once
 
 #include "input/mt_touch.h"
@@ -9,7 +9,7 @@
 
 namespace glidemap::kit {
 
-// All fields that must not be read contain conspicuous values.
+// Sets all fields that the program must not read to conspicuous values.
 MTTouch record(std::int32_t identifier, double x, double y,
                MTTouchState state = MTTouchState::touching);
 

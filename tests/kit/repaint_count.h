@@ -19,8 +19,8 @@ class RepaintCount : public QObject {
 public:
     RepaintCount() { qApp->installEventFilter(this); }
 
-    // Waits until the widgets are idle after a change, then counts their events: a widget that
-    // requests a new layout after each layout is busy in every round.
+    // Waits until the widgets are idle after a change, then counts their events. A widget that
+    // requests a new layout after each layout has events in every round.
     void countAtRest() {
         runRounds();
         paints.clear();

@@ -1,5 +1,5 @@
-// Tables of performances: each row is a fact about the recognizer, a script that shows it, and all
-// gestures that it reports.
+// Tables of performances. Each row has a fact about the recognizer, a script that shows the fact,
+// and all gestures that the recognizer reports.
 //
 // A failure prints the row, its script, and the expected and actual gestures.
 #pragma once
@@ -21,17 +21,18 @@ struct Row {
     std::vector<int> boundDoubleTaps = {};
 };
 
-// As written. For rows at a limit, where any variation would cross it.
+// Performs each row as written, for rows at a limit, where any variation would cross the limit.
 void expectRows(std::span<const Row> rows);
 
-// As written, then with all hands and pads (see variants.h). For rows well inside their limits.
+// Performs each row as written, then with all hands and pads (see variants.h), for rows well inside
+// their limits.
 void expectRowsInEveryVariant(std::span<const Row> rows);
 
-// Like expectRows(), including times.
+// Like expectRows(), but also compares the times.
 void expectReportedGestures(const Script& script, const std::vector<ReportedGesture>& expected,
                             const Stage& stage = {});
 
-// The text of a failed row, or empty if the variant reported the expected gestures.
+// Returns the text of a failed row; empty if the variant reported the expected gestures.
 std::string mismatch(const Row& row, const Variant& variant);
 
 } // namespace glidemap::kit

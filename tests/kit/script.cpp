@@ -38,7 +38,7 @@ std::string call(const std::string& verb, const Arguments&... arguments) {
     return "." + verb + "(" + list + ")";
 }
 
-// Turns `spot` around `centre` on the unstretched pad.
+// Turns `spot` around `centre`, on the pad's real shape.
 Spot turned(Spot spot, Spot centre, double angle) {
     const double dx = (spot.x - centre.x) * padAspect;
     const double dy = spot.y - centre.y;

@@ -40,7 +40,8 @@ class Script {
 public:
     static constexpr double usualRate = 125;
 
-    // Before down(). `at` places the first finger; the others keep their places relative to it.
+    // Call before down(). `at` places the first finger; the others keep their places relative to
+    // it.
     Script at(double x, double y) const;
     Script startingAt(double time) const;
 
@@ -50,13 +51,13 @@ public:
     Script moveBy(double dx, double dy, double seconds) const;
     Script moveFinger(std::size_t index, double dx, double dy, double seconds) const;
     Script moveAll(std::vector<Spot> to, double seconds) const;
-    // Around the centre of the hand, on the pad's real shape (wider than high), positive
-    // anticlockwise.
+    // Turns around the centre of the hand, on the pad's real shape (wider than high); a positive
+    // angle is counterclockwise.
     Script turnBy(double angle, double seconds) const;
-    // Away from the centre of the hand; a factor below 1 moves towards it.
+    // Moves away from the centre of the hand; a factor below 1 moves towards it.
     Script spreadBy(double factor, double seconds) const;
-    // Moves every finger on a circle on the pad's real shape, starting at the top, positive
-    // anticlockwise.
+    // Moves every finger on a circle on the pad's real shape, starting at the top; positive turns
+    // are counterclockwise.
     Script circle(double radius, double turns, double seconds) const;
     Script add(int count) const;
     Script addAt(double x, double y) const;
@@ -65,9 +66,9 @@ public:
     Script up() const;
     Script report() const;
 
-    // No finger touches.
+    // Waits while no finger touches.
     Script wait(double seconds) const;
-    // Appends all of `next`. Shifts its times; see `until` for exact times.
+    // Appends all of `next` with shifted times; see `until` for exact times.
     Script then(const Script& next) const;
 
     std::vector<TouchFrame> frames() const { return performed.frames(); }
@@ -85,18 +86,18 @@ private:
 
     std::string written;
     std::vector<Verb> verbs;
-    // performs all verbs immediately, so that errors are thrown immediately
+    // All verbs run immediately, so that errors are thrown immediately.
     Hand performed{usualRate};
 };
 
-// Fingers side by side, 0.08 apart, the first at (0.3, 0.5).
+// Returns a script with fingers side by side, 0.08 apart, the first at (0.3, 0.5).
 Script fingers(int count);
 Script fingersAt(std::vector<Spot> spots);
 
 // Formats a number as a person would write it, with all its digits only if they matter.
 std::string written(double number);
 
-// The next representable values below and above a limit.
+// Return the next representable values below and above a limit.
 double justBelow(double limit);
 double justAbove(double limit);
 

@@ -88,14 +88,14 @@ TEST(ScriptTest, ATurnKeepsTheDistanceOnThePadsRealShape) {
     const double dx = (last[1].x - last[0].x) * 1.35;
     const double dy = last[1].y - last[0].y;
     EXPECT_NEAR(dx * dx + dy * dy, 0.04, 1e-12);
-    EXPECT_LT(dx, 0); // the upper finger moves left: anticlockwise
+    EXPECT_LT(dx, 0); // the upper finger moves left: counterclockwise
 }
 
 TEST(ScriptTest, ACircleEndsAtItsStart) {
     const auto frames = fingers(1).at(0.5, 0.7).down().circle(0.2, 1, 1).frames();
     EXPECT_NEAR(frames.back().touches.front().x, 0.5, 1e-12);
     EXPECT_NEAR(frames.back().touches.front().y, 0.7, 1e-12);
-    EXPECT_LT(frames[10].touches.front().x, 0.5); // from the top to the left: anticlockwise
+    EXPECT_LT(frames[10].touches.front().x, 0.5); // from the top to the left: counterclockwise
 }
 
 TEST(ScriptTest, AScriptPrintsAsTheCodeThatCreatedIt) {

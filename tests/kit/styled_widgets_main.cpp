@@ -5,7 +5,7 @@
 
 #include <QApplication>
 
-// Offscreen, unless the environment selects a display.
+// Uses the offscreen platform, unless the environment selects a display.
 int main(int count, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

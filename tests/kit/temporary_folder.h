@@ -13,7 +13,7 @@ namespace glidemap::test {
 
 class TemporaryFolder {
 public:
-    // In the folder for temporary files by default.
+    // By default, the folder is created in the folder for temporary files.
     explicit TemporaryFolder(const std::filesystem::path& place = {});
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -21,7 +21,7 @@ public:
 
     const std::filesystem::path& path() const { return folder; }
 
-    // Creates parent folders as well and returns the file's path.
+    // Creates missing parent folders as well, and returns the file's path.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view content) const;
     std::filesystem::path writeProgram(const std::filesystem::path& name) const;
 

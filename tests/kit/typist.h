@@ -1,5 +1,5 @@
-// Types into a window of this process like a window system: with the key codes of a real keyboard,
-// and with the shortcut override event before each press.
+// Types into a window of this process as a window system does: with the key codes of a real
+// keyboard, and with the shortcut override event before each press.
 //
 // Units:   the kernel's key codes; native modifiers as X and Wayland number them.
 // Thread:  the main thread.
@@ -17,8 +17,8 @@ namespace glidemap::kit {
 
 // A key and its meaning to programs.
 struct Key {
-    std::uint16_t kernelCode = 0; // 0: not from a keyboard
-    int meaning = 0;              // as a Qt key
+    std::uint16_t kernelCode = 0; // 0 if the event does not come from a keyboard
+    int meaning = 0;              // the Qt key
     QString text = {};
 };
 

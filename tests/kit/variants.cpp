@@ -24,8 +24,8 @@ constexpr std::array upDown = {Exchange{"Up", "Down"}, Exchange{"Above", "Below"
                                Exchange{"Top", "Bottom"},
                                Exchange{"Clockwise", "Counterclockwise"}};
 
-// The gesture whose name has one word replaced by its opposite. Derived from the names, so that it
-// does not depend on how the library groups the gestures.
+// Returns the gesture whose name has one word replaced by its opposite. The result is derived from
+// the names, so that it does not depend on how the library groups the gestures.
 GestureType exchanged(GestureType gesture, std::span<const Exchange> exchanges) {
     const std::string name(rawValue(gesture));
     for (const auto& [one, other] : exchanges) {
@@ -40,7 +40,7 @@ GestureType exchanged(GestureType gesture, std::span<const Exchange> exchanges) 
     return gesture;
 }
 
-// The same on every machine, unlike the library's distributions.
+// Returns the same numbers on every machine, unlike the distributions of the standard library.
 double between(std::mt19937& random, double low, double high) {
     return low + (high - low) * (static_cast<double>(random()) / 4294967295.0);
 }
@@ -83,7 +83,7 @@ GestureType mirroredUpDown(GestureType gesture) {
     return exchanged(gesture, upDown);
 }
 
-// A thumb that hovers and a palm that drifts, also before and after the fingers.
+// Adds a hovering thumb and a drifting palm, also before and after the fingers.
 void addHoveringContacts(std::vector<TouchFrame>& frames) {
     if (frames.empty()) {
         return;

@@ -1,4 +1,4 @@
-// The same performance with another hand, on another pad: differences that must not affect
+// Variants of a performance with other hands and pads: differences that must not affect
 // recognition.
 //
 // Thread:  plain functions; random numbers have a fixed seed, so a failure is reproducible.
@@ -19,15 +19,15 @@ struct Variant {
     std::string name;
     double framesPerSecond = Script::usualRate;
     std::function<void(std::vector<TouchFrame>&)> change = {}; // modifies the rendered frames
-    // maps the gesture of the row to the expected one
+    // Returns the expected gesture for the row's gesture.
     std::function<GestureType(GestureType)> expect = {};
     Through through = Through::recognizer;
 };
 
-// The first variant is the performance as written.
+// Returns all variants; the first one is the performance as written.
 const std::vector<Variant>& allVariants();
 
-// The gesture that results from mirroring this one horizontally or vertically.
+// Return the gesture that results from mirroring this gesture horizontally or vertically.
 GestureType mirroredSideways(GestureType gesture);
 GestureType mirroredUpDown(GestureType gesture);
 

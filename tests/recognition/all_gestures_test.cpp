@@ -126,7 +126,8 @@ TEST(AllGesturesTest, EveryGestureThatAPadCanReportIsCovered) {
             missing.insert(gesture);
         }
     }
-    // Clicks are not touches, and a real circle always has a direction.
+    // Clicks are not touches, and a real circle always has a direction, so a pad cannot report
+    // these gestures.
     EXPECT_EQ(missing, (std::set{drawCircle, twoFingerClick, threeFingerClick, fourFingerClick}));
 }
 

@@ -26,12 +26,12 @@ constexpr double second = 1;
 
 struct Loop {
     double radius = 0.2;
-    double sweep = 2 * pi; // positive anticlockwise
+    double sweep = 2 * pi; // positive is counterclockwise
     int points = 40;
     PadPoint centre = {0.5, 0.5};
 };
 
-// A loop that is round on the pad's real shape.
+// Returns a loop that is round on the pad's real shape.
 Path pathOf(const Loop& loop) {
     Path path;
     for (int point = 0; point < loop.points; ++point) {
@@ -43,7 +43,7 @@ Path pathOf(const Loop& loop) {
     return path;
 }
 
-// A loop of the four compass points, in the order of the letters. Its mean is the origin if
+// Returns a loop of the four compass points, in the order of the letters. Its mean is the origin if
 // opposite letters are equally frequent, and no radius is rounded.
 Path compass(std::string_view letters, double eastWest, double northSouth) {
     Path path;
@@ -164,8 +164,8 @@ TEST(CircleTest, TheRadiiDeviateByLessThan0_35OfTheirMean) {
 }
 
 TEST(CircleTest, SweepsAtLeast4_8Radians) {
-    // From the east to `end`, through north, west and south. The last point lies far enough inside
-    // that the gap limit does not apply, and its opposite keeps the mean at the origin.
+    // Runs from the east to `end`, through north, west and south. The last point lies so far inside
+    // that the gap limit does not apply, and the point opposite to it keeps the mean at the origin.
     const auto path = [](double end) {
         const PadPoint last = {0.08 * std::cos(end) / 1.35, 0.08 * std::sin(end)};
         Path points = compass("ENNNN", 0.2, 0.2);
@@ -206,7 +206,7 @@ TEST(CircleTest, TheEndsLieAtMost1_2RadiiApart) {
     EXPECT_NEAR(gap(open), 1.2, 1e-12);
     EXPECT_NEAR(gap(closed), 1.2, 1e-12);
     EXPECT_GE(gap(open), gap(closed));
-    // Well inside the other limits.
+    // The path is well inside all other limits.
     EXPECT_GT(sweptAngle(centreOf(path(open)), path(open)), 4.81);
 }
 

@@ -1,5 +1,5 @@
-// Frames that may wait: those between two changes of the touching fingers, unless a long press may
-// follow. Waiting changes no gesture and no time.
+// Tests frames that may wait: those between two changes of the touching fingers, unless a long
+// press may follow. Waiting changes neither the gestures nor their times.
 #include "kit/engine_stage.h"
 #include "kit/records.h"
 #include "kit/script.h"
@@ -66,7 +66,7 @@ public:
         }
     }
 
-    // The number of frames that woke the queue.
+    // Returns the number of frames that woke the queue.
     int wakeUpsOf(const Script& script) {
         const int before = queue->wakeUps;
         play(script.frames());
@@ -150,7 +150,8 @@ TEST(DeferredFramesTest, RecognizerWaitsWithoutFingersAndAfterOneOfThemLifted) {
     EXPECT_TRUE(recognizer->waitsForFingers());
 }
 
-// Fingers that rest, creep and run, land and lift at random, sometimes without a position.
+// Returns fingers that rest, move slowly or fast, land and lift at random, sometimes without a
+// position.
 class RandomTouching {
 public:
     explicit RandomTouching(unsigned seed) : random(seed) {}

@@ -69,7 +69,7 @@ TEST(EdgeSwipeTest, MovesInwardsByAtLeast0_22) {
         {{0.5, 0}, {0.5, justBelow(0.22)}, std::nullopt},
         {{0.5, 0}, {0.5, 0.22}, edgeSwipeFromBottom},
         {{0.5, 0}, {0.5, justAbove(0.22)}, edgeSwipeFromBottom},
-        // No double is exactly 0.22 below 1; 0.78 is the last one that is nearer.
+        // No double is exactly 0.22 below 1; 0.78 is the smallest double that is nearer.
         {{1, 0.5}, {0.78, 0.5}, std::nullopt},
         {{1, 0.5}, {justBelow(0.78), 0.5}, edgeSwipeFromRight},
         {{0.5, 1}, {0.5, 0.78}, std::nullopt},

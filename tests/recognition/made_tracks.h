@@ -10,7 +10,7 @@
 
 namespace glidemap {
 
-// A finger at these positions in sequence, 8 ms apart.
+// Returns the track of a finger at these positions in sequence, 8 ms apart.
 inline Track trackThrough(std::initializer_list<PadPoint> places) {
     Track track;
     double time = 0;
@@ -26,8 +26,8 @@ inline Track trackThrough(std::initializer_list<PadPoint> places) {
     return track;
 }
 
-// The adjacent doubles between which `holds` changes from false to true, found by bisection. For
-// limits on computed values that no argument hits exactly.
+// Returns the adjacent doubles between which `holds` changes from false to true, found by
+// bisection. This is for limits on computed values that no argument reaches exactly.
 inline std::pair<double, double> turningPoint(double falseAt, double trueAt,
                                               const std::function<bool(double)>& holds) {
     while (true) {

@@ -17,17 +17,18 @@ using kit::justAbove;
 using kit::justBelow;
 using std::numbers::pi;
 
-// One finger stays at the origin, so that the other finger's position is the distance between them.
+// One finger stays at the origin, so the distance between the fingers is that of the other finger
+// from the origin.
 std::optional<GestureType> otherMoves(PadPoint from, PadPoint to) {
     return pinchOrRotateOf(trackThrough({{0, 0}}), trackThrough({from, to}));
 }
 
-// Vertical distances are not stretched.
+// Moves the other finger vertically, because vertical distances are not stretched.
 std::optional<GestureType> distanceChanges(double from, double to) {
     return otherMoves({0, from}, {0, to});
 }
 
-// A position at an angle on the pad's real shape.
+// Returns the position at an angle, on the pad's real shape.
 PadPoint polar(double radius, double angle) {
     return {radius * std::cos(angle) / 1.35, radius * std::sin(angle)};
 }
@@ -81,7 +82,8 @@ TEST(PinchOrRotateTest, AClosingReaches0_7OfTheDistance) {
 }
 
 TEST(PinchOrRotateTest, DistancesAreMeasuredOnTheStretchedPad) {
-    // 0.1 across the pad is 0.135 of its height: the change reaches 0.12 only after stretching.
+    // 0.1 across the pad is 0.135 of the pad's height, so the change reaches 0.12 only after
+    // stretching.
     EXPECT_EQ(otherMoves({0.1, 0}, {0.195, 0}), pinchOut);
     EXPECT_EQ(otherMoves({0, 0.1}, {0, 0.195}), std::nullopt);
 }
@@ -99,7 +101,7 @@ TEST(PinchOrRotateTest, ASlightlySpreadingVerticalPairThatTurnsRotates) {
 }
 
 TEST(PinchOrRotateTest, ARotationTurnsByAtLeast0_7Radians) {
-    // A rotation that starts to the right; the library computes its angle.
+    // The rotation starts to the right, so that the library computes its angle.
     const auto turn = [](double y) {
         return std::atan2(y, 0.2 * 1.35);
     };
@@ -118,14 +120,14 @@ TEST(PinchOrRotateTest, ARotationTurnsByAtLeast0_7Radians) {
 }
 
 TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThan0_12) {
-    // From up to left, so that both distances are exact.
+    // The finger moves from above to the left, so that both distances are exact.
     const auto quarterTurn = [](double from, double to) {
         return otherMoves({0, from}, {-to / 1.35, 0});
     };
     ASSERT_EQ(0.62 / 1.35 * 1.35 - 0.5, 0.12);
     EXPECT_EQ(quarterTurn(0.5, 0.61), rotateCounterclockwise);
     EXPECT_EQ(quarterTurn(0.5, 0.62 - 1e-15), rotateCounterclockwise);
-    EXPECT_EQ(quarterTurn(0.5, 0.62), std::nullopt); // too much to rotate, too little to pinch
+    EXPECT_EQ(quarterTurn(0.5, 0.62), std::nullopt); // too large to rotate, too small to pinch
     EXPECT_EQ(quarterTurn(0.5, 0.63), std::nullopt);
     EXPECT_EQ(quarterTurn(0.5, 0.39), rotateCounterclockwise);
     EXPECT_EQ(quarterTurn(0.5, 0.37), std::nullopt);

@@ -16,7 +16,7 @@ Script tapOf(int count) {
     return fingers(count).down().hold(0.1).up();
 }
 
-// Two taps whose sessions end at 0 and at `secondEnd`.
+// Returns two taps whose sessions end at 0 and at `secondEnd`.
 Script pairEndingAt(double secondEnd) {
     return fingers(2)
         .startingAt(-0.1)
@@ -125,8 +125,8 @@ TEST(SessionDoubleTapsTest, AHeldBackTapStillFiresAfterATapWithMoreFingers) {
     expectReportedGestures(taps, {{0.45, twoFingerTap}, {0.2 + 0.45, threeFingerTap}}, bound);
 }
 
-// When it fires, the older tap releases the held tap, whichever it is. The double tap can then no
-// longer cancel the newer one.
+// When the older tap fires, it releases the tap that is currently held back, even if that is the
+// newer one. The double tap can then no longer cancel the newer tap.
 TEST(SessionDoubleTapsTest, AnOlderHeldBackTapReleasesTheNewerOneWhenItFires) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)

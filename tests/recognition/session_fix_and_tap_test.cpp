@@ -8,7 +8,7 @@ namespace {
 using namespace kit;
 using enum GestureType;
 
-// A finger that holds from `start` on.
+// Puts down a finger that holds from `start` on.
 Script holding(double x, double y, double start = -0.5) {
     return fingersAt({{x, y}}).startingAt(start).down();
 }
@@ -244,8 +244,8 @@ TEST(SessionFixAndTapTest, AFingerMayHoldWhileSeveralFingersTap) {
     EXPECT_EQ(reported, (std::vector{fixAndTapRight, fixAndTapRight}));
 }
 
-// If both lift in one report, either track may end first, and only a finger that is still down can
-// be the holding one.
+// If both fingers lift in one report, either track may end first. Only a finger that is still down
+// can be the holding finger.
 TEST(SessionFixAndTapTest, FingersThatLiftTogetherMakeAtMostOneGesture) {
     auto frames = fingersAt({{0.5, 0.5}}).down().hold(0.3).addAt(0.7, 0.5).hold(0.1).up().frames();
     const auto tapLeavesLast = gesturesOf(perform(frames));

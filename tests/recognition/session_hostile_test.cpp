@@ -1,5 +1,5 @@
-// Input that no pad and no hand produces, but a driver could send: none of it may crash or hang the
-// recognizer, or break it for later input.
+// Tests input that no pad and no hand produces, but that a driver could send. The input must not
+// crash or hang the recognizer, or affect the recognition of later input.
 #include "kit/live_memory.h"
 #include "kit/rows.h"
 #include "platform/virtual/virtual_time.h"
@@ -46,7 +46,7 @@ protected:
     void expectStillWorks(double time) {
         report(time, {});
         reported.clear();
-        probeTime = std::max(probeTime, time) + 10; // spaced so that these taps are no double tap
+        probeTime = std::max(probeTime, time) + 10; // far enough apart not to make a double tap
         play(fingers(3).startingAt(probeTime).down().hold(0.1).up());
         EXPECT_EQ(reported, Gestures{threeFingerTap});
         reported.clear();
@@ -64,7 +64,8 @@ TEST_F(SessionHostileTest, AFingerWithoutAFinitePositionIsIgnored) {
         report(0, {{1, odd, 0.5, true}, {2, 0.5, odd, true}, {3, odd, odd, true}});
         report(0.1, {});
         EXPECT_EQ(reported, Gestures());
-        // Such a finger is not counted next to a finger with a finite position either.
+        // A finger without a position does not count next to a finger with a finite position
+        // either.
         report(1, {{1, odd, 0.5, true}, {2, 0.1, 0.1, true}});
         report(1.1, {});
         EXPECT_EQ(reported, Gestures{cornerTapBottomLeft});
@@ -137,7 +138,7 @@ TEST_F(SessionHostileTest, AThousandRecordsOfOneFingerCountAsOneFinger) {
         report(frame * 0.01, touches);
     }
     report(0.2, {});
-    EXPECT_EQ(reported, Gestures()); // a thousand fingers are not a gesture
+    EXPECT_EQ(reported, Gestures()); // a thousand fingers make no gesture
     expectStillWorks(1);
 }
 
@@ -175,7 +176,7 @@ TEST_F(SessionHostileTest, MemoryIsBoundedInASessionOfAMillionFrames) {
             recognizer->process(moving);
         }
     };
-    play(5'000); // the paths are full
+    play(5'000); // the paths reach their maximum length
     const std::size_t full = liveMemory();
     play(1'000'000);
     EXPECT_LE(liveMemory(), full + 10'000);

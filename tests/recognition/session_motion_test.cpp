@@ -135,7 +135,7 @@ TEST(SessionMotionTest, AFingerThatMovesInALoopDrawsACircle) {
 }
 
 TEST(SessionMotionTest, ACircleNeedsTwelvePointsOfItsPath) {
-    // One point every 8 ms, plus the landing point.
+    // The path has one point every 8 ms, plus the landing point.
     const auto drawn = [](int frames) {
         return fingers(1).at(0.5, 0.7).down().circle(0.2, 1, frames * 0.008).until(0.5).up();
     };
@@ -209,10 +209,10 @@ TEST(SessionMotionTest, APairWithAThirdTrackDoesNotPinch) {
     });
 }
 
-// A loop whose opening is as wide as an edge swipe.
+// The loop's opening is as wide as an edge swipe.
 TEST(SessionMotionTest, ACircleTakesPrecedenceOverAnEdgeSwipe) {
     const double radius = 0.45;
-    const double opening = 1.2; // radians, at the top
+    const double opening = 1.2; // in radians, at the top
     std::vector<TouchFrame> frames;
     for (int step = 0; step <= 60; ++step) {
         const double angle = pi / 2 + opening / 2 + (2 * pi - opening) * step / 60;

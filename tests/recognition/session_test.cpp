@@ -53,7 +53,7 @@ TEST(SessionTest, EmptyReportsBetweenSessionsAreIgnored) {
 }
 
 TEST(SessionTest, StartsWithTheFirstFinger) {
-    // A preceding hover does not count.
+    // Hovering before the landing does not count.
     const Frames frames = {
         frameAt(0, {hovering(1, 0.3, 0.5)}),
         frameAt(5, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}),
@@ -100,7 +100,7 @@ TEST(SessionTest, AFingerReplacedByAnotherInOneReportIsNoGesture) {
                       frameAt(0.2)};
     };
     EXPECT_EQ(gesturesOf(perform(corner(1))), Gestures{cornerTapBottomLeft});
-    // two tracks, but never two simultaneous fingers
+    // This makes two tracks, but never two simultaneous fingers.
     EXPECT_EQ(gesturesOf(perform(corner(2))), Gestures());
 }
 
@@ -122,7 +122,7 @@ TEST(SessionTest, TheLaterOfTwoRecordsOfOneFingerCounts) {
                       frameAt(0.1, {finger(1, 0.1, 0.1), second}),
                       frameAt(0.15, {finger(1, 0.1, 0.1)}), frameAt(0.2)};
     };
-    // The count sees two fingers, the tracks see one.
+    // Two fingers are counted, but there is only one track.
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.11, 0.1)))), Gestures{twoFingerTap});
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.2, 0.1)))), Gestures());
     EXPECT_EQ(gesturesOf(perform(tapWith(hovering(1, 0.2, 0.1)))), Gestures{cornerTapBottomLeft});

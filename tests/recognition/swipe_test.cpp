@@ -77,7 +77,7 @@ TEST(SwipeTest, UsesTheMeanDisplacementNotTheSlowestFinger) {
 }
 
 TEST(SwipeTest, LengthIsMeasuredWithoutStretchingThePad) {
-    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 after stretching
+    EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 if it were stretched
 }
 
 TEST(SwipeTest, AFingerThatMovesAgainstTheOthersPreventsASwipe) {

@@ -95,7 +95,7 @@ TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
     } rows[] = {
         {"at once", 0, false},
         {"0.2 s", 0.2, false},
-        // The uptime is a thousand seconds: a closer number would round to 0.25.
+        // The uptime is a thousand seconds, so a value nearer to 0.25 would be rounded to 0.25.
         {"just below", 0.25 - 1.2e-13, false},
         {"precisely", 0.25, true},
         {"above", 0.25 + 1.2e-13, true},
@@ -206,9 +206,9 @@ TEST(TouchEngineTest, StoppingRemovesTheSink) {
 
 TEST(TouchEngineTest, StoppingDiscardsPendingWork) {
     EngineStage stage({2});
-    stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // held back
+    stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // this tap is held back
     stage.submit(frameOf(0.1, 3));
-    stage.submit({0.2, {}}); // a tap that has not been processed yet
+    stage.submit({0.2, {}}); // this tap has not been processed yet
     stage.engine->stop();
     stage.run();
     stage.finish();
@@ -225,13 +225,13 @@ TEST(TouchEngineTest, CanBeRestarted) {
 
 TEST(TouchEngineTest, TouchesFromBeforeAStopAreDiscarded) {
     EngineStage stage({2});
-    stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // held back
+    stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // this tap is held back
     stage.play(fingers(3).startingAt(0.05).down().until(0.1));    // these fingers stay on the pad
     stage.engine->stop();
     stage.engine->start();
     EXPECT_EQ(stage.engine->touchingCount(), 0);
-    stage.submit({0.2, {}}); // not a three-finger tap: the end of the touches was not seen
-    // not the second tap of a double tap
+    stage.submit({0.2, {}}); // no three-finger tap: the engine did not see the touches end
+    // This tap is not the second tap of a double tap.
     stage.play(fingers(2).startingAt(0.25).down().until(0.3).up());
     stage.finish();
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
@@ -423,7 +423,7 @@ TEST(TouchEngineSharedTest, TheSharedInstanceIsCreatedOnceFromItsConfiguration) 
         ++made;
         return TouchEngine::Ports{time.clock(), time.queue(), time.delayedWork(), &manager};
     });
-    EXPECT_EQ(made, 0); // on first use, not before
+    EXPECT_EQ(made, 0); // the instance is created on first use
     EXPECT_EQ(TouchEngine::shared(), TouchEngine::shared());
     EXPECT_EQ(made, 1);
     EXPECT_EQ(TouchEngine::shared()->touchingCount(), 0);

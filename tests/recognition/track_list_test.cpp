@@ -22,7 +22,7 @@ protected:
         live.remove(id);
     }
 
-    // Taps with one finger beside the fingers that are down, until the list is full.
+    // Taps with one finger, while other fingers are down, until the list is full.
     void fillWithTaps() {
         for (std::int32_t id = 1000; tracks.size() < TrackList::capacity; ++id) {
             land(id);

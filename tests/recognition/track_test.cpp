@@ -93,7 +93,7 @@ TEST(TrackTest, APathHasAMaximumLength) {
     track.moveTo({0.75, 0});
     EXPECT_EQ(track.points.size(), 2000U);
     EXPECT_EQ(track.points.back(), (PadPoint{0.25, 0}));
-    EXPECT_EQ(track.lastPos, (PadPoint{0.75, 0})); // still tracked
+    EXPECT_EQ(track.lastPos, (PadPoint{0.75, 0})); // the position is still tracked
     EXPECT_EQ(track.maxDrift, 0.75);
 }
 

@@ -12,7 +12,7 @@ namespace {
 constexpr double radius = 100;
 const QRectF rectangle(10, 20, 1'000, 800);
 
-// The depth of the outline below the top edge at this distance from the left edge.
+// Returns the depth of the outline below the top edge, at this distance from the left edge.
 double depth(double fromLeft) {
     const QPainterPath path = continuousRectangle(rectangle, radius);
     double inside = rectangle.center().y();
@@ -45,8 +45,8 @@ TEST(AContinuousRectangle, StartsToCurveLongBeforeACircularCornerWould) {
     EXPECT_LT(depth(radius), 2);
 }
 
-// While the outline is nearly horizontal, its second difference is its curvature. It grows
-// steadily; that of a circular corner jumps to 1/radius.
+// Where the outline is nearly horizontal, its second difference is its curvature. Here the
+// curvature increases steadily; in a circular corner it would jump to 1/radius.
 TEST(AContinuousRectangle, GrowsItsCurvatureFromZero) {
     constexpr double step = 8;
     const auto curvature = [&](double fromLeft) {

@@ -39,7 +39,7 @@ QPointF on(const QRectF& pad, Point point) {
     return {pad.x() + point.x * pad.width(), pad.y() + point.y * pad.height()};
 }
 
-// The sum of alphas between two points: the width of a stroke times its opacity, in points.
+// Returns the sum of alphas between two points: the width of a stroke times its opacity, in points.
 double inkBetween(const QImage& image, QPointF from, QPointF to) {
     const double ratio = image.devicePixelRatio();
     const int pixels = static_cast<int>(QLineF(from, to).length() * ratio);
@@ -166,9 +166,9 @@ TEST_F(TheTrail, OfASwipeRunsFromItsStartToTheFingerWithRoundEnds) {
     const QPointF end = on(pad, {0.5 + 0.17 + 0.055, 0.4945});
     EXPECT_NEAR(opacityAt(image, start + QPointF(0.1, 0)), 0.5, 0.01);
     EXPECT_NEAR(opacityAt(image, (start + end) / 2), 0.5, 0.01);
-    EXPECT_NEAR(opacityAt(image, end + QPointF(0.6, 0)), 0.5, 0.01); // within the round end
-    EXPECT_EQ(opacityAt(image, end + QPointF(1.3, 0)), 0);           // beyond it
-    EXPECT_LT(opacityAt(image, end + QPointF(0.85, 0.85)), 0.02);    // within a square end
+    EXPECT_NEAR(opacityAt(image, end + QPointF(0.6, 0)), 0.5, 0.01); // inside a round cap
+    EXPECT_EQ(opacityAt(image, end + QPointF(1.3, 0)), 0);           // outside a round cap
+    EXPECT_LT(opacityAt(image, end + QPointF(0.85, 0.85)), 0.02);    // inside a square cap only
     EXPECT_EQ(opacityAt(image, start - QPointF(1.3, 0)), 0);
 }
 
@@ -219,8 +219,8 @@ TEST_F(TheRing, IsOmittedOnceItIsAlmostTransparent) {
         return inkBetween(painted(GestureType::twoFingerClick, t, view), top - QPointF(0, 6),
                           top + QPointF(0, 6));
     };
-    EXPECT_NEAR(inkOfRing(1.74), 2 * 0.01142, 0.01); // 0.8 · (0.01 / 0.7)
-    EXPECT_EQ(inkOfRing(1.745), 0);                  // 0.0057
+    EXPECT_NEAR(inkOfRing(1.74), 2 * 0.01142, 0.01); // opacity 0.8 · (0.01 / 0.7)
+    EXPECT_EQ(inkOfRing(1.745), 0);                  // opacity 0.0057
 }
 
 TEST_F(TheFingers, AreFilledCirclesOfThePrimaryColor) {
@@ -265,7 +265,7 @@ TEST_F(TheFingers, FadeAndAreOmittedOnceAlmostTransparent) {
     EXPECT_NEAR(opacityOfFinger(0.24), 0.5 * 0.85, 0.01);
     EXPECT_NEAR(opacityOfFinger(0.1613), 0.0113 * 0.85, 0.005);
     EXPECT_GT(opacityOfFinger(0.1613), 0);
-    EXPECT_EQ(opacityOfFinger(0.16), 0); // 0.0089
+    EXPECT_EQ(opacityOfFinger(0.16), 0); // opacity 0.0089
 }
 
 TEST_F(TheDrawing, TakesItsColorsFromTheTheme) {

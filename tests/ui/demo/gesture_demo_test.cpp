@@ -135,7 +135,8 @@ TEST(AnyGesture, StaysOnThePadAndWithinItsOpacities) {
     }
 }
 
-// No visible finger jumps: the size of a fingertip per frame would be too fast to follow.
+// No visible finger jumps: a finger that moved by its own size within a frame would be too fast to
+// follow.
 TEST(AnyGesture, MovesSmoothly) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
@@ -235,7 +236,7 @@ double distance(const Point& from, const Point& to) {
     return std::hypot(to.x - from.x, to.y - from.y);
 }
 
-// Swipes of hands and from edges.
+// Returns the swipes in the middle of the pad and those from its edges.
 std::vector<GestureType> everySwipe() {
     std::vector<GestureType> swipes = gestures(GestureCategory::swipe);
     const std::vector<GestureType> edges = gestures(GestureCategory::edgeSwipe);

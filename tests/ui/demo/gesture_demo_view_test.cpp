@@ -23,7 +23,7 @@ namespace {
 
 constexpr GestureType gesture = GestureType::threeFingerSwipeRight;
 
-// Records paint events of a widget, in milliseconds since construction.
+// Records the paint events of a widget, in milliseconds since construction.
 class Paints : public QObject {
 public:
     explicit Paints(QWidget& widget) {
@@ -106,7 +106,7 @@ TEST_F(AView, PaintsAtMostFortyTimesASecond) {
     EXPECT_GE(timerOf(view).intervalAsDuration(), std::chrono::milliseconds(25));
     EXPECT_EQ(timerOf(view).timerType(), Qt::PreciseTimer);
     EXPECT_TRUE(timerOf(view).isSingleShot());
-    // The first paint events belong to the window's appearance.
+    // The first paint events are caused by showing the window.
     for (std::size_t index = 5; index < paints.times.size(); ++index) {
         EXPECT_GE(paints.times[index] - paints.times[index - 1], 24.9) << index;
     }
@@ -166,7 +166,7 @@ TEST_F(AView, StopsInAMinimisedWindowAndResumesWhenRestored) {
     EXPECT_TRUE(paints.become(3));
 }
 
-// For example, scrolled out of view or behind another widget.
+// A view is clipped when it is scrolled out of view or behind another widget, for example.
 TEST_F(AView, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     QWidget window;
     window.resize(300, 200);

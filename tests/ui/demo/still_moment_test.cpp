@@ -9,8 +9,9 @@ namespace glidemap::demo {
 
 namespace {
 
-// The moment is the last one before the fingers start to fade. A click's ring is strongest, (0.14 +
-// 0.24 r) · 0.8 (1 - r), at r = 5/24, which is at 1.196 s.
+// The still moment is the last one before the fingers start to fade. A click's still moment is 1.2
+// s; its ring is strongest at 1.196 s, because (0.14 + 0.24 r) · 0.8 (1 - r) has its maximum at r =
+// 5/24.
 double expectedMoment(GestureType gesture) {
     switch (category(gesture)) {
     case GestureCategory::circle:

@@ -48,7 +48,7 @@ TEST_F(ActivityFooterTest, GestureWithoutBindingOrApplicationSaysSo) {
     EXPECT_EQ(stage.text("footerAction"), "（无匹配绑定）");
 }
 
-// The gesture's name follows the language; the action keeps the text from its run.
+// The gesture's name follows the language; the action keeps the text that it had when it ran.
 TEST_F(ActivityFooterTest, ActionKeepsTheLanguageOfItsRun) {
     stage.open();
     stage.recognise(GestureType::drawCircle);

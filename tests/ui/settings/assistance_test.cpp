@@ -149,7 +149,7 @@ TEST_F(AssistanceTest, WindowIsOneObjectAndContainsNoFrames) {
     expectNoFrameInside(described(&stage.window()));
 }
 
-// Counts changes of a control's name, by its tooltip, which is set together with it.
+// Counts the name changes of a control through its tooltip, because both are set together.
 class TitleCounter : public QObject {
 public:
     int titles = 0;
@@ -160,7 +160,7 @@ public:
     }
 };
 
-// Otherwise a screen reader might read the whole window after each gesture.
+// A changed name might cause a screen reader to read the whole window after each gesture.
 TEST_F(AssistanceTest, GestureChangesNoAccessibleName) {
     TitleCounter counter;
     stage.row(0)->findChild<QWidget*>("preview")->installEventFilter(&counter);
@@ -244,7 +244,7 @@ TEST_F(AssistanceTest, TabFollowsTheReadingOrder) {
                                                "", "bindingList", "launchAtLogin"}));
 }
 
-// Without mnemonics, none can collide.
+// The texts have no mnemonics, so no two mnemonics can collide.
 TEST_F(AssistanceTest, NoTextHasAMnemonic) {
     for (const QAbstractButton* button : stage.window().findChildren<QAbstractButton*>()) {
         EXPECT_FALSE(button->text().contains('&')) << button->text().toStdString();

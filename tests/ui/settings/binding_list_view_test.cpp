@@ -34,7 +34,7 @@ protected:
     QScrollBar& bar() const { return *list->findChild<QScrollArea*>()->verticalScrollBar(); }
     const BindingList& stored() const { return *(kept = stage->store->bindings()); }
     void press(Qt::Key key) const { stage->pressKey(key); }
-    // Whether the row is entirely visible.
+    // Returns whether the row is entirely visible.
     bool isInSight(std::size_t index) const {
         const QWidget* row = stage->row(index);
         const QWidget* viewport = list->findChild<QScrollArea*>()->viewport();
@@ -243,7 +243,7 @@ TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
     stage->clickInRow(21, "enabled");
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(stage->row(22), row);
-    EXPECT_EQ(list->selectedIndex(), Place(21)); // the row of the click
+    EXPECT_EQ(list->selectedIndex(), Place(21)); // a click selects its row
     change(22, GestureType::pinchIn);
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(stage->row(22), row);
@@ -344,7 +344,7 @@ TEST_F(BindingListViewTest, FocusedRowKeepsTheFocusWhenScrolledOutOfView) {
     edit->setFocus(Qt::TabFocusReason);
     bar().setValue(bar().maximum());
     EXPECT_TRUE(edit->hasFocus());
-    press(Qt::Key_Down); // continues from its position
+    press(Qt::Key_Down); // moves on from the focused row
     EXPECT_EQ(list->selectedIndex(), Place(2));
     EXPECT_TRUE(isInSight(2));
 }
@@ -414,7 +414,7 @@ TEST_F(BindingListViewTest, LooksDisabledButStaysUsableWhileGesturesAreOff) {
     stage->clickInRow(0, "enabled");
     EXPECT_FALSE(stored()[0].enabled);
     stage->dispatcher->setMasterEnabled(true);
-    EXPECT_TRUE(isPale(0)); // disabled itself
+    EXPECT_TRUE(isPale(0)); // the binding itself is disabled
     EXPECT_FALSE(isPale(1));
 }
 

@@ -15,7 +15,7 @@
 namespace glidemap {
 namespace {
 
-// A single row, and its callbacks.
+// A single row that records its callbacks.
 class BindingRowTest : public testing::Test {
 protected:
     BindingRow& show(GestureBinding binding) {

@@ -25,7 +25,7 @@ protected:
         QTest::mouseClick(&button(notice), Qt::LeftButton);
     }
 
-    // Samples the background near the notice's corner, away from its text.
+    // Checks a pixel of the background near the notice's corner, away from its text.
     bool isTinted(const char* notice, Role role, double opacity) const {
         const Theme& theme = Theme::shared();
         return test::looksLike(stage.pixel(*stage.find(notice), {3, 3}), theme.tint(role, 1),
@@ -267,7 +267,7 @@ TEST_F(NoticesTest, SystemNotesAreASelectableSecondLine) {
     EXPECT_TRUE(labels.back()->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
 }
 
-// For example, on a desktop without a password dialog.
+// This happens on a desktop without a password dialog, for example.
 TEST_F(NoticesTest, LateFailureAppearsInTheNotice) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.trust->trusted = false;

@@ -1,4 +1,4 @@
-// Repaints of the idle window, in each of its states.
+// Tests that the idle window does not repaint, in each of its states.
 #include "kit/qt_waiting.h"
 #include "kit/repaint_count.h"
 #include "ui/settings/settings_stage.h"

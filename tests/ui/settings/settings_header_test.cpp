@@ -21,14 +21,14 @@ using Arrangement = SettingsHeader::Arrangement;
 
 class SettingsHeaderTest : public testing::Test {
 protected:
-    // The position of the visible shape of a control in the header.
+    // The edges of the visible shape of a control.
     int leftOf(const char* name) const { return test::seenRect(*stage.find(name)).left(); }
     int rightOf(const char* name) const { return test::seenRect(*stage.find(name)).right() + 1; }
     SettingsHeader& header() const {
         return *dynamic_cast<SettingsHeader*>(stage.find("title")->parentWidget());
     }
 
-    // A layout may request another one.
+    // A layout pass may request another one.
     static void settleLayout() {
         constexpr int rounds = 6;
         for (int round = 0; round < rounds; ++round) {
@@ -37,7 +37,8 @@ protected:
         }
     }
 
-    // Each control in its full size within the header, and apart from the others.
+    // Checks that each control has its full size, lies within the header and overlaps no other
+    // control.
     void expectEverythingIsShown() const {
         const QRect room = header().rect().adjusted(12, 12, -12, -12);
         const char* const names[] = {"title",    "subtitle", "launchAtLogin", "languageLabel",
@@ -134,7 +135,7 @@ TEST_F(SettingsHeaderTest, SwitchIsTheMasterSwitch) {
     stage.click("enabled");
     EXPECT_FALSE(stage.dispatcher->masterEnabled());
     EXPECT_FALSE(enabled->isChecked());
-    stage.dispatcher->setMasterEnabled(true); // from the menu
+    stage.dispatcher->setMasterEnabled(true); // as if chosen in the menu
     EXPECT_TRUE(enabled->isChecked());
 }
 
@@ -183,7 +184,7 @@ TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
     EXPECT_EQ(header().arrangement(), Arrangement::oneLine);
 }
 
-// Independent of the language in which the header was created.
+// The layout does not depend on the language in which the header was created.
 TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
     for (const char* const first : {"en", "zh"}) {
         Lang::shared().setCode(first);
@@ -198,7 +199,7 @@ TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
     }
 }
 
-// Holds for every letter size, window width and language.
+// Checks every font size, window width and language.
 TEST_F(SettingsHeaderTest, NothingIsClippedOrOverlaps) {
     stage.open();
     for (const double factor : {1.0, 1.25, 1.5, 1.75, 2.0}) {
@@ -229,7 +230,7 @@ TEST_F(SettingsHeaderTest, WheelDoesNotChangeTheLanguage) {
     EXPECT_EQ(Lang::shared().code(), "en");
 }
 
-// Including the check mark of the current entry.
+// The width includes the check mark of the current entry.
 TEST_F(SettingsHeaderTest, OpenListIsAsWideAsItsWidestEntry) {
     for (const char* const code : {"en", "zh"}) {
         Lang::shared().setCode(code);

@@ -88,46 +88,46 @@ public:
 
 class SettingsStage {
 public:
-    // With a store in memory, unless a store is given.
+    // Uses a store in memory, unless a store is given.
     explicit SettingsStage(BindingList bindings = {});
     explicit SettingsStage(std::shared_ptr<BindingStore> kept);
     ~SettingsStage();
 
     // Creates the window as the program does, without showing it.
     SettingsWindow& make();
-    // Creates and shows it, at its default size or another.
+    // Creates and shows the window, at the default size or at the given size.
     SettingsWindow& open();
     SettingsWindow& open(QSize size);
     void close();
 
     SettingsWindow& window() { return *opened; }
 
-    // The widget with this name in the window; fails the test if it does not exist.
+    // Returns the widget with this name in the window; fails the test if it does not exist.
     QWidget* find(const char* name) const;
     template <typename Widget>
     Widget* find(const char* name) const {
         return dynamic_cast<Widget*>(find(name));
     }
-    QString text(const char* label) const; // of a label or a button
+    QString text(const char* label) const; // the text of a label or a button
     QString noticeText(const char* notice) const;
     bool isShown(const char* name) const;
     void click(const char* button) const;
     void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
 
-    // The row at this index in the list; null if it does not exist now.
+    // Returns the row at this index in the list, or null if the list currently has no row for it.
     BindingRow* row(std::size_t index) const;
     std::size_t rowCount() const;
 
     // Reports a gesture like the engine, with this frontmost application.
     void recognise(GestureType gesture, std::optional<std::string> application = std::nullopt);
-    // Responds like the update host.
+    // Responds to the update check with this version.
     void publish(const std::string& version);
     // Chooses the language with this code in the picker.
     void choose(const char* code) const;
 
     QString rowText(std::size_t index, const char* label) const;
     void clickInRow(std::size_t index, const char* control) const;
-    // A pixel as shown in the window.
+    // Returns the colour of a pixel as shown in the window.
     QColor pixel(const QWidget& of, QPoint at) const;
 
     std::shared_ptr<kit::FakeUserDefaults> defaults = std::make_shared<kit::FakeUserDefaults>();
@@ -159,16 +159,16 @@ private:
 GestureBinding bound(GestureType gesture, BindingAction action = LockScreen{},
                      BindingScope scope = GlobalScope{});
 
-// This number of different bindings.
+// Returns this number of different bindings.
 BindingList manyBindings(std::size_t count);
 
-// Whether the full text fits into the label in its current layout.
+// Returns whether the full text fits into the label in its current layout.
 bool fits(const QLabel& label);
 
-// The visible shape without the margin for the focus ring.
+// Returns the visible shape without the margin for the focus ring.
 QRect seenRect(const QWidget& widget);
 
-// Whether `seen` is `tint` at this opacity over `ground`, within rounding.
+// Returns whether `seen` is `tint` at this opacity over `ground`, within rounding.
 bool looksLike(const QColor& seen, const QColor& tint, double opacity, const QColor& ground);
 
 } // namespace glidemap::test

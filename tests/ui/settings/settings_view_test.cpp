@@ -180,7 +180,7 @@ TEST_F(SettingsViewTest, BindingDeletedDuringItsEditIsAppendedOnSave) {
     EXPECT_FALSE(view.showsEditor());
 }
 
-// As when the program quits while the user edits a binding.
+// This happens when the program quits while the user edits a binding.
 TEST_F(SettingsViewTest, DestroyedWindowClosesItsEditorAndOpenList) {
     open();
     stage.clickInRow(0, "edit");

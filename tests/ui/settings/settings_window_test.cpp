@@ -13,7 +13,7 @@ namespace {
 class SettingsWindowTest : public testing::Test {
 protected:
     SettingsWindow& open() { return stage.open(); }
-    // The geometry of a new window for stored geometry, before a test resizes it.
+    // Returns the geometry of a new window for a stored geometry, before a test resizes it.
     QRect placeGiven(const WindowGeometry& remembered) {
         stage.geometry->kept = remembered;
         const SettingsWindow& window = stage.make();

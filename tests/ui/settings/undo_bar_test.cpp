@@ -1,4 +1,4 @@
-// Undo after an accidental deletion.
+// Tests that an accidental deletion can be undone.
 #include "kit/qt_waiting.h"
 #include "ui/settings/binding_list_view.h"
 #include "ui/settings/settings_stage.h"
@@ -103,7 +103,7 @@ TEST_F(UndoBarTest, UnrelatedChangesKeepTheBar) {
     EXPECT_TRUE(isOffered());
 }
 
-// Sends the events like the window system, to the widget currently under the pointer.
+// Sends the events as the window system does, to the widget currently under the pointer.
 TEST_F(UndoBarTest, SecondClickOfADoubleClickDeletesNothing) {
     QWidget* const trash = stage.row(0)->findChild<QWidget*>("delete");
     const QPoint at = trash->mapTo(&stage.window(), trash->rect().center());

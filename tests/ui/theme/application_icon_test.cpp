@@ -1,5 +1,5 @@
-// The program's icon is a tile of several colours at each size. The tile is filled to its edges and
-// transparent in its corners.
+// At each size, the application icon is a tile with several colours. The tile fills its edges and
+// is transparent in its corners.
 #include "ui/theme/application_icon.h"
 
 #include <gtest/gtest.h>

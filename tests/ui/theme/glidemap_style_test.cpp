@@ -49,7 +49,7 @@ TEST(GlidemapStyleTest, ProminentButtonHasAnAccentBackground) {
     EXPECT_NEAR(groundOf(button).hue(), roleColor(Role::accentGround).hue(), 3);
 }
 
-// The button's edge has a contrast of 3:1, which the palette's test checks.
+// The palette's test checks that the button's edge has a contrast of 3:1.
 TEST(GlidemapStyleTest, ButtonEdgeHasTheColourOfACheckBoxEdge) {
     QPushButton button(QStringLiteral("Cancel"));
     button.resize(button.sizeHint());
@@ -190,7 +190,7 @@ TEST(GlidemapStyleTest, ScrollBarHasNoArrowsAndAMinimumHandle) {
 
 TEST(GlidemapStyleTest, SymbolsFollowTheCurrentColour) {
     const QIcon icon = symbolIcon("plus", Role::red);
-    // Large enough for a stroke to cover whole pixels.
+    // The shape is large enough for a stroke to cover whole pixels.
     const auto middle = [&icon](QIcon::Mode mode) {
         return QColor::fromRgba(icon.pixmap(QSize(160, 160), 1, mode).toImage().pixel(80, 80));
     };

@@ -1,4 +1,5 @@
-// Legibility for everyone: contrasts as defined by the Web Content Accessibility Guidelines.
+// Tests that all texts are legible: contrasts are those of the Web Content Accessibility
+// Guidelines.
 #include "ui/theme/palette.h"
 
 #include <gmock/gmock.h>
@@ -40,14 +41,14 @@ struct Row {
     Role ink;
     Role ground;
     double least;
-    Role tint = Role::window; // laid over the background
+    Role tint = Role::window; // drawn over the background
     double opacity = 0;
 };
 
 constexpr double text = 4.5;
 constexpr double drawing = 3;
 
-// The opacity with which it is drawn.
+// The opacity with which a demonstration's pad is drawn.
 constexpr double padOpacity = 0.7;
 
 const Row rows[] = {

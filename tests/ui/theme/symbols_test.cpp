@@ -1,5 +1,5 @@
-// Every symbol that the program names has a drawing in one shade, in the colour of its role, and
-// complete at every size and scale.
+// Every symbol that the program names has a drawing. A drawing has one shade, the colour of its
+// role, and is complete at every size and scale factor.
 #include "core/gesture_category.h"
 #include "ui/theme/symbol.h"
 
@@ -32,7 +32,7 @@ QByteArray contentsOf(const QString& path) {
     return file.readAll();
 }
 
-// The symbol names in calls that take one.
+// Returns the symbol names in calls that take a symbol name.
 std::set<std::string> symbolsNamedIn(const QString& code) {
     static const QRegularExpression call(
         R"re(\b(?:symbolIcon|symbolPixmap|drawSymbol|setSymbol|SymbolLabel|SymbolButton|Notice)\b)re"
@@ -89,7 +89,7 @@ struct Ink {
     int otherShades = 0; // pixels that differ from the ink's colour
 };
 
-// Ignores faint pixels, whose colour changes strongly by the rounding of premultiplied colours.
+// Ignores faint pixels, whose colour changes considerably when premultiplied colours are rounded.
 bool isInk(QRgb pixel) {
     return qAbs(qRed(pixel) - ink.red()) <= 3 && qAbs(qGreen(pixel) - ink.green()) <= 3 &&
            qAbs(qBlue(pixel) - ink.blue()) <= 3;

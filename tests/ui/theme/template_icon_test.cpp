@@ -1,5 +1,5 @@
-// A template icon has the installed icon's name, if there is one, and can be drawn at any size in
-// either case.
+// A template icon has the name of the installed icon, if one is installed. In both cases it can be
+// drawn at any size.
 #include "ui/theme/symbol.h"
 #include "ui/theme/template_icon.h"
 

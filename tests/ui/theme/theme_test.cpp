@@ -8,7 +8,7 @@
 namespace glidemap {
 namespace {
 
-// The appearance of a desktop without settings is derived from its palette; other tests pin it.
+// Without settings, the appearance is derived from the desktop's palette; other tests pin it.
 class ThemeTest : public testing::Test {
 protected:
     ThemeTest() { theme.pin({}); }

@@ -1,4 +1,4 @@
-// The program's symbols must not depend on the version of the SVG library that they were compiled with.
+// The compiled symbols must not depend on the version of the SVG library that compiled them.
 #include "ui/theme/drawings/shape_recorder.h"
 
 #include <gmock/gmock.h>
@@ -36,7 +36,7 @@ private:
 
 class ShapeRecorderTest : public testing::Test {
 protected:
-    // The output as lines: how each shape is painted, and with which pen.
+    // Returns the output as lines: how each shape is painted, and with which pen.
     std::vector<std::string> recorded(const std::function<void(QPainter&)>& paint) {
         QByteArray bytes;
         QDataStream out(&bytes, QIODevice::WriteOnly);
