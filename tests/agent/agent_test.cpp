@@ -89,7 +89,7 @@ protected:
     InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
 };
 
-TEST_F(AgentTest, EveryGestureIsLoggedAndOneLocksTheScreen) {
+TEST_F(AgentTest, LogsEveryGestureAndLocksTheScreen) {
     BusDouble manager(systemBus.address(), logind, journal);
     lockOnRequest(manager);
     record({GestureType::threeFingerSwipeUp, GestureType::fixAndTapLeft,
@@ -110,7 +110,7 @@ TEST_F(AgentTest, EveryGestureIsLoggedAndOneLocksTheScreen) {
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "config/glidemap/glidemap.ini"));
 }
 
-TEST_F(AgentTest, OnALockedScreenALockStillRunsAndNothingIsLogged) {
+TEST_F(AgentTest, LockActionRunsOnALockedScreenWithoutLogging) {
     test::ServiceDescription locked = logind;
     locked.properties = {{"LockedHint", true}};
     BusDouble manager(systemBus.address(), locked, journal);
@@ -123,7 +123,7 @@ TEST_F(AgentTest, OnALockedScreenALockStillRunsAndNothingIsLogged) {
     EXPECT_EQ(logOf(agent), "");
 }
 
-TEST_F(AgentTest, TheLogUsesTheLanguageOfTheLastRun) {
+TEST_F(AgentTest, LogUsesTheStoredLanguage) {
     BusDouble manager(systemBus.address(), logind, journal);
     lockOnRequest(manager);
     ofUser("[General]\nappLanguage=zh\n");
@@ -134,7 +134,7 @@ TEST_F(AgentTest, TheLogUsesTheLanguageOfTheLastRun) {
     EXPECT_EQ(agent.waitForEnd(), 0);
 }
 
-TEST_F(AgentTest, AStoredNonBooleanLeavesTheMasterSwitchOn) {
+TEST_F(AgentTest, NonBooleanSettingLeavesTheMasterSwitchOn) {
     ofUser("[General]\nmasterEnabled=0\n");
     record({GestureType::threeFingerSwipeUp});
     Process agent(command());
@@ -143,7 +143,7 @@ TEST_F(AgentTest, AStoredNonBooleanLeavesTheMasterSwitchOn) {
     EXPECT_EQ(agent.waitForEnd(), 0);
 }
 
-TEST_F(AgentTest, WithoutATouchpadItStartsAndExitsNormally) {
+TEST_F(AgentTest, StartsAndExitsNormallyWithoutATouchpad) {
     const InEnvironment none("GLIDEMAP_TOUCH_DRIVER", "/nowhere/at/all.so");
     Process agent(command());
     EXPECT_TRUE(agent.waitForOutput("ready"));
@@ -152,7 +152,7 @@ TEST_F(AgentTest, WithoutATouchpadItStartsAndExitsNormally) {
     EXPECT_EQ(agent.output(), "ready\n");
 }
 
-TEST_F(AgentTest, AnUnknownOptionIsRejected) {
+TEST_F(AgentTest, RejectsAnUnknownOption) {
     Process agent({GLIDEMAP_AGENT, "--wrong"});
     EXPECT_EQ(agent.waitForEnd(), 2);
     EXPECT_EQ(agent.errors(), "usage: glidemap-agent [--never-ask]\n");

@@ -41,13 +41,13 @@ TEST_F(AlertTest, OpenAlertFollowsTheLanguage) {
 }
 
 // A native dialog would use the system's language, not the program's.
-TEST_F(AlertTest, IsDrawnByQtOnEverySystem) {
+TEST_F(AlertTest, NeverUsesANativeDialog) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false);
     const Alert alert(question, lang);
     EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_DontUseNativeDialogs));
 }
 
-TEST_F(AlertTest, HasAnIconEvenIfWindowsHaveNone) {
+TEST_F(AlertTest, HasAnIconEvenWithoutAWindowIcon) {
     ASSERT_TRUE(QGuiApplication::windowIcon().isNull());
     const Alert alert(question, lang);
     EXPECT_FALSE(alert.iconPixmap().isNull());

@@ -71,7 +71,7 @@ protected:
     std::unique_ptr<DelegateStage> stage = std::make_unique<DelegateStage>();
 };
 
-TEST_F(AppDelegateTest, CreationMakesTheServicesButStartsNothing) {
+TEST_F(AppDelegateTest, ConstructsTheServicesButStartsNothing) {
     stage->delegate = AppDelegate::create(stage->ports());
     EXPECT_THAT(stage->takeNotes(), ElementsAre("store", "update checker"));
     EXPECT_EQ(stage->engine->onGesture, nullptr);
@@ -159,7 +159,7 @@ TEST_F(AppDelegateTest, ClicksAreFilteredOnlyWhileAClickIsBound) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("clicks not needed"));
 }
 
-TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapOfTheSameFingerCountDelaysSingleTaps) {
+TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapWithTheSameFingerCountDelaysSingleTaps) {
     struct Row {
         const char* what;
         BindingList bindings;
@@ -192,14 +192,14 @@ TEST_F(AppDelegateTest, OnlyAnEnabledDoubleTapOfTheSameFingerCountDelaysSingleTa
     }
 }
 
-TEST_F(AppDelegateTest, ScopeOfADoubleTapDoesNotAffectTheDelayOfSingleTaps) {
+TEST_F(AppDelegateTest, DoubleTapScopeDoesNotAffectTheSingleTapDelay) {
     auto scoped = binding(GestureType::twoFingerDoubleTap);
     scoped.scope = AppScope{"org.example.Editor", "Editor"};
     launch({scoped});
     EXPECT_TRUE(doubleTapBindingExists(2));
 }
 
-TEST_F(AppDelegateTest, CallbacksOfADestroyedDelegateDoNothingAndReturnFalse) {
+TEST_F(AppDelegateTest, CallbacksDoNothingAfterTheDelegateIsDestroyed) {
     launch({binding(GestureType::twoFingerDoubleTap), binding(GestureType::twoFingerTap)});
     stage->delegate->checkForUpdates();
     const auto query = stage->engine->sessionRecognizer().doubleTapBindingExists;
@@ -284,7 +284,7 @@ TEST_F(AppDelegateTest, AmpersandInAVersionIsEscaped) {
 }
 
 // Some systems slow down a program without a window unless it announces that gestures are on.
-TEST_F(AppDelegateTest, ShellIsNotifiedWhetherGesturesAreOn) {
+TEST_F(AppDelegateTest, ShellIsNotifiedWhenGesturesAreSwitchedOnOrOff) {
     launch();
     ASSERT_FALSE(stage->shell->gestureStates.empty());
     EXPECT_EQ(stage->shell->gestureStates.back(), true);
@@ -313,7 +313,7 @@ TEST_F(AppDelegateTest, TogglingTwiceRestoresTheState) {
     EXPECT_EQ(masterEnabled(), true);
 }
 
-TEST_F(AppDelegateTest, CheckMarkShowsTheSwitchOfTheLastRun) {
+TEST_F(AppDelegateTest, CheckMarkShowsTheMasterSwitchOfTheLastRun) {
     stage->defaults->storedBooleans["masterEnabled"] = false;
     relaunch();
     stage->openMenu();
@@ -350,7 +350,7 @@ TEST_F(AppDelegateTest, QuittingFromTheMenuEndsTheProgram) {
 }
 
 // These tests are for bars that read the menu before it opens.
-TEST_F(AppDelegateTest, BarThatDrawsTheMenuAlwaysHasItsCurrentState) {
+TEST_F(AppDelegateTest, StatusBarThatDrawsTheMenuAlwaysHasTheCurrentState) {
     stage->statusBar->become(StatusBar::Kind::drawsItself);
     relaunch();
     EXPECT_EQ(stage->titles()[0], "Enable Gestures");
@@ -362,7 +362,7 @@ TEST_F(AppDelegateTest, BarThatDrawsTheMenuAlwaysHasItsCurrentState) {
     EXPECT_FALSE(stage->item(0).isChecked());
 }
 
-TEST_F(AppDelegateTest, LateBarThatDrawsTheMenuGetsItsCurrentState) {
+TEST_F(AppDelegateTest, LateStatusBarThatDrawsTheMenuGetsTheCurrentState) {
     launch();
     EXPECT_FALSE(stage->statusItem->isShown());
     stage->statusBar->become(StatusBar::Kind::drawsItself);
@@ -370,7 +370,7 @@ TEST_F(AppDelegateTest, LateBarThatDrawsTheMenuGetsItsCurrentState) {
     EXPECT_EQ(stage->titles()[0], "Enable Gestures");
 }
 
-TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppears) {
+TEST_F(AppDelegateTest, MissingStatusBarIsReportedOnceAndTheNoticeClosesWhenABarAppears) {
     stage->patienceForBar = std::chrono::milliseconds(0);
     relaunch();
     ASSERT_TRUE(test::waitFor([&] { return notice() != nullptr; }));
@@ -384,7 +384,7 @@ TEST_F(AppDelegateTest, MissingBarIsReportedOnceAndTheNoticeClosesWhenABarAppear
 }
 
 // The user may be typing in another program.
-TEST_F(AppDelegateTest, ReportOfAMissingBarWaitsUntilTheWindowIsInFront) {
+TEST_F(AppDelegateTest, MissingStatusBarReportWaitsUntilTheWindowIsInFront) {
     launch();
     stage->window->close();
     stage->statusItem->onMissing();
@@ -397,7 +397,7 @@ TEST_F(AppDelegateTest, ReportOfAMissingBarWaitsUntilTheWindowIsInFront) {
     EXPECT_EQ(notice(), nullptr) << "it is shown once";
 }
 
-TEST_F(AppDelegateTest, WaitingReportIsDroppedWhenABarAppears) {
+TEST_F(AppDelegateTest, PendingReportIsDroppedWhenAStatusBarAppears) {
     launch();
     stage->window->close();
     stage->statusItem->onMissing();
@@ -573,7 +573,7 @@ TEST_F(UpdateAlertTest, OpenAlertFollowsTheLanguage) {
               (Shown{"发现新版本", "Glidemap v1.3 已发布（当前 v1.2）。", {"前往下载", "稍后"}}));
 }
 
-TEST_F(UpdateAlertTest, UnknownRunningVersionIsUpToDateWithoutARequest) {
+TEST_F(UpdateAlertTest, UnknownRunningVersionShowsUpToDateWithoutARequest) {
     stage->runningVersion = std::nullopt;
     relaunch();
     EXPECT_EQ(checkAnd(unreachable, "OK"),
@@ -581,7 +581,7 @@ TEST_F(UpdateAlertTest, UnknownRunningVersionIsUpToDateWithoutARequest) {
     EXPECT_THAT(stage->takeNotes(), ElementsAre("activate Glidemap"));
 }
 
-TEST_F(UpdateAlertTest, OnlyDownloadOpensTheSite) {
+TEST_F(UpdateAlertTest, OnlyTheDownloadButtonOpensTheWebsite) {
     launch();
     checkAnd(published("1.3"), "Later");
     checkAnd(published("1.3"), "(closed)");

@@ -50,19 +50,19 @@ protected:
     Application application;
 };
 
-TEST_F(FetchProgramTest, StandardOutputIsTheBody) {
+TEST_F(FetchProgramTest, ReturnsStandardOutputAsTheBody) {
     const Fetched fetched = fetchBy(script("printf 'of %s' \"$1\""));
     EXPECT_EQ(fetched.body, "of https://nowhere.invalid/version.json");
     EXPECT_FALSE(fetched.transportError);
 }
 
-TEST_F(FetchProgramTest, StandardErrorOfAFailureIsAnErrorBesideTheBody) {
+TEST_F(FetchProgramTest, FailureReturnsStandardErrorAsTheErrorWithTheBody) {
     const Fetched fetched = fetchBy(script("printf half; echo 'cut off' >&2; exit 1"));
     EXPECT_EQ(fetched.body, "half");
     EXPECT_EQ(fetched.transportError, "cut off");
 }
 
-TEST_F(FetchProgramTest, StandardErrorOfASuccessIsIgnored) {
+TEST_F(FetchProgramTest, SuccessIgnoresStandardError) {
     EXPECT_FALSE(fetchBy(script("printf whole; echo careful >&2")).transportError);
 }
 
@@ -75,7 +75,7 @@ TEST_F(FetchProgramTest, MissingProgramIsAnError) {
     EXPECT_TRUE(fetchBy(folder.path() / "nothing").transportError);
 }
 
-TEST_F(FetchProgramTest, ProgramStartsAfterItsDelay) {
+TEST_F(FetchProgramTest, ProgramDoesNotStartBeforeTheDelay) {
     const auto program = script("touch \"$0.ran\"");
     bool isDone = false;
     fetchByProgram(program, 1h)(address, [&](const Fetched&) { isDone = true; });

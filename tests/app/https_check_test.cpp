@@ -87,13 +87,13 @@ protected:
     int underWay = 0;
 };
 
-TEST_F(HttpsCheckTest, NewerVersionIsFoundAndKept) {
+TEST_F(HttpsCheckTest, NewerVersionIsReportedAndStored) {
     const auto checker = checkerRunning("1.2");
     expectNewer("1.2.1", check(*checker));
     EXPECT_EQ(checker->latestVersion(), "1.2.1");
 }
 
-TEST_F(HttpsCheckTest, RunningVersionIsUpToDateAndClearsTheKnownVersion) {
+TEST_F(HttpsCheckTest, SameVersionIsUpToDateAndClearsTheKnownVersion) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer(ok(manifest("1.2")));
     expectNewer(std::nullopt, check(*checker));
@@ -138,7 +138,7 @@ TEST_F(HttpsCheckTest, FailureOfABackgroundCheckIsSilent) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(HttpsCheckTest, ManifestCountsWithAnyHttpStatus) {
+TEST_F(HttpsCheckTest, AcceptsAManifestWithAnyHttpStatus) {
     for (const char* const status :
          {"404 Not Found", "500 Internal Server Error", "503 Service Unavailable", "403 Forbidden",
           "410 Gone", "429 Too Many Requests", "203 Non-Authoritative Information"}) {
@@ -160,7 +160,7 @@ TEST_F(HttpsCheckTest, TruncatedBodyIsATransportError) {
     EXPECT_EQ(checker->latestVersion(), "1.3");
 }
 
-TEST_F(HttpsCheckTest, CompleteManifestInATruncatedBodyCounts) {
+TEST_F(HttpsCheckTest, AcceptsACompleteManifestInATruncatedBody) {
     server.setAnswer([](QSslSocket& socket, const std::string& /*request*/) {
         socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n{\"version\": \"1.3\"}");
         socket.disconnectFromHost();
@@ -203,7 +203,7 @@ TEST_F(HttpsCheckTest, RedirectToPlainHttpIsRefusedAndItsBodyDiscarded) {
     EXPECT_EQ(server.requests().size(), 1U);
 }
 
-TEST_F(HttpsCheckTest, ConcurrentChecksEachGetTheirResult) {
+TEST_F(HttpsCheckTest, ConcurrentChecksEachGetTheirOwnResult) {
     int served = 0;
     server.setAnswer([&](QSslSocket& socket, const std::string& request) {
         ok(manifest("1." + std::to_string(10 + ++served)))(socket, request);
@@ -221,7 +221,7 @@ TEST_F(HttpsCheckTest, ConcurrentChecksEachGetTheirResult) {
     EXPECT_EQ(versions, (std::vector<std::string>{"1.11", "1.12", "1.13", "1.14", "1.15"}));
 }
 
-TEST_F(HttpsCheckTest, CheckOutlivesItsChecker) {
+TEST_F(HttpsCheckTest, CheckCompletesAfterTheCheckerIsDestroyed) {
     auto checker = checkerRunning("1.2");
     std::vector<UpdateResult> results;
     checker->check([&](const UpdateResult& result) { results.push_back(result); });

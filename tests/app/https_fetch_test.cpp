@@ -90,7 +90,7 @@ TEST_F(HttpsFetchTest, RequestNamesTheProgramAndBypassesCaches) {
     }
 }
 
-TEST_F(HttpsFetchTest, NoStateSurvivesAFetch) {
+TEST_F(HttpsFetchTest, FetchesShareNoState) {
     server.setAnswer(respond("200 OK", "content",
                              "Set-Cookie: a=b; Path=/\r\nETag: \"1\"\r\n"
                              "Cache-Control: max-age=100000\r\n"
@@ -191,7 +191,7 @@ TEST_F(HttpsFetchTest, UntrustedServerReceivesNoRequest) {
 
 // No authorities are given here, so the client trusts those of the system, which do not include the
 // test's own.
-TEST_F(HttpsFetchTest, OnlyTheSystemsAuthoritiesAreTrustedByDefault) {
+TEST_F(HttpsFetchTest, TrustsOnlySystemCertificateAuthoritiesByDefault) {
     expectNothing(fetch({}));
     EXPECT_TRUE(server.requests().empty());
 }
@@ -250,7 +250,7 @@ private:
     int left;
 };
 
-TEST_F(HttpsFetchTest, SlowEndlessServerReachesTheTotalTimeOut) {
+TEST_F(HttpsFetchTest, SlowEndlessServerHitsTheTotalTimeout) {
     Drip drip(10ms, 1'000'000'000);
     for (const char* const header :
          {"HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n", "HTTP/1.1 200 OK\r\nX-Endless: "}) {
@@ -263,7 +263,7 @@ TEST_F(HttpsFetchTest, SlowEndlessServerReachesTheTotalTimeOut) {
 
 // All letters together take longer than the silence timeout, but each pause is shorter. On a busy
 // machine the test repeats with longer times.
-TEST_F(HttpsFetchTest, SlowServerSucceedsIfItIsNeverSilentForTooLong) {
+TEST_F(HttpsFetchTest, SlowServerSucceedsIfItKeepsSending) {
     HttpsFetchSetup setup = trusting();
     Fetched fetched;
     for (auto interval = 700ms; fetched.body != "xxxx" && 3 * interval <= test::maxTimeout;
@@ -327,7 +327,7 @@ TEST_F(HttpsFetchTest, EndlessResponseIsCutOff) {
     }
 }
 
-TEST_F(HttpsFetchTest, UnrequestedCompressionIsNotUnpacked) {
+TEST_F(HttpsFetchTest, UnrequestedCompressionIsNotDecompressed) {
     server.setAnswer(respond("200 OK", "not really", "Content-Encoding: gzip\r\n"));
     EXPECT_EQ(fetch(trusting()).body, "not really");
 }

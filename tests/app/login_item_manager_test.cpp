@@ -21,7 +21,7 @@ protected:
     kit::FakeLoginItemService service;
 };
 
-TEST_F(LoginItemManagerTest, OnlyTheStateEnabledCountsAsOn) {
+TEST_F(LoginItemManagerTest, OnlyTheEnabledStateCountsAsOn) {
     struct Row {
         Status status;
         bool enabled;
@@ -55,7 +55,7 @@ TEST_F(LoginItemManagerTest, RegistrationThatAwaitsApprovalIsOffWithoutAnError) 
     EXPECT_EQ(service.attempts, Attempts{"register"});
 }
 
-TEST_F(LoginItemManagerTest, RefusalShowsTheSystemsTextAndState) {
+TEST_F(LoginItemManagerTest, RefusalShowsTheSystemErrorAndState) {
     service.refusal = "Permission denied";
     LoginItemManager manager(service);
     manager.setEnabled(true);
@@ -69,7 +69,7 @@ TEST_F(LoginItemManagerTest, RefusalShowsTheSystemsTextAndState) {
     EXPECT_EQ(service.attempts, (Attempts{"register", "unregister"}));
 }
 
-TEST_F(LoginItemManagerTest, ErrorKeepsTheLanguageOfTheFailure) {
+TEST_F(LoginItemManagerTest, ErrorIsNotTranslatedLater) {
     service.refusal = "磁盘已满";
     LoginItemManager manager(service);
     {
@@ -103,7 +103,7 @@ TEST_F(LoginItemManagerTest, RegistrationOfAnEarlierRunShowsAsOn) {
     EXPECT_EQ(service.attempts, Attempts());
 }
 
-TEST_F(LoginItemManagerTest, ObserversSeeTheErrorClearedBeforeTheAttemptAndTheResultAfterIt) {
+TEST_F(LoginItemManagerTest, ObserversSeeTheClearedErrorAndThenTheResult) {
     service.refusal = "Permission denied";
     LoginItemManager manager(service);
     manager.setEnabled(true);

@@ -79,7 +79,7 @@ TEST_F(StatusItemTest, ClickIsReportedUnlessItOpensTheMenu) {
     }
 }
 
-TEST_F(StatusItemTest, IconIsRedrawnOnlyWhenItsLookChanges) {
+TEST_F(StatusItemTest, IconIsRedrawnOnlyWhenItsAppearanceChanges) {
     using Look = StatusItem::Look;
     const auto item = itemThatWaits(never);
     item->setLook(Look::off);
@@ -106,7 +106,7 @@ TEST_F(StatusItemTest, BarIsNotifiedAfterEachRedrawOfTheItem) {
 }
 
 // Some bars can show letters as shortcuts but not the comma.
-TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsAllShortcutsOrNone) {
+TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsNoShortcuts) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);
         const auto item = itemThatWaits(never);
@@ -129,7 +129,7 @@ TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsItsIconAndMenu) {
     EXPECT_TRUE(item->menu().actions().front()->shortcut().isEmpty());
 }
 
-TEST_F(StatusItemTest, PunctualBarIsNeverReportedMissing) {
+TEST_F(StatusItemTest, BarThatAppearsInTimeIsNeverReportedMissing) {
     const auto item = itemThatWaits(milliseconds(0));
     bar->become(Kind::drawsItself);
     // Has the same patience but starts later: `item` would be reported missing first.

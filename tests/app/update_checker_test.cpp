@@ -71,7 +71,7 @@ protected:
     Lines reported;
 };
 
-TEST_F(UpdateCheckerTest, NothingIsKnownOrRequestedInitially) {
+TEST_F(UpdateCheckerTest, KnowsNoVersionAndSendsNoRequestInitially) {
     const auto checker = running("1.2");
     EXPECT_EQ(checker->latestVersion(), std::nullopt);
     EXPECT_EQ(checker->currentVersion(), "1.2");
@@ -81,7 +81,7 @@ TEST_F(UpdateCheckerTest, NothingIsKnownOrRequestedInitially) {
     EXPECT_TRUE(timers.empty());
 }
 
-TEST_F(UpdateCheckerTest, NewerVersionIsReportedAndKeptAsServed) {
+TEST_F(UpdateCheckerTest, NewerVersionIsReportedAndStoredUnchanged) {
     const auto checker = running("1.2");
     checker->check(note());
     ASSERT_EQ(asked.size(), 1U);
@@ -95,7 +95,7 @@ TEST_F(UpdateCheckerTest, NewerVersionIsReportedAndKeptAsServed) {
     EXPECT_EQ(checker->latestVersion(), "+1..2.1");
 }
 
-TEST_F(UpdateCheckerTest, VersionThatIsNotNewerClearsTheKnownOne) {
+TEST_F(UpdateCheckerTest, VersionThatIsNotNewerClearsTheKnownVersion) {
     for (const char* const served : {"1.2", "1.2.0", "1.1", "v9"}) {
         const auto checker = running("1.2");
         checker->check();
@@ -137,7 +137,7 @@ TEST_F(UpdateCheckerTest, KnownVersionSurvivesEveryFailure) {
     }
 }
 
-TEST_F(UpdateCheckerTest, ManifestCountsDespiteATransportError) {
+TEST_F(UpdateCheckerTest, AcceptsAManifestDespiteATransportError) {
     const auto checker = running("1.2");
     checker->check(note());
     answer({R"({"version": "1.3"})", "cut off"});
@@ -180,7 +180,7 @@ TEST_F(UpdateCheckerTest, ObserversAreNotifiedBeforeAndAfterASuccessAndBeforeThe
                                "will: 1.3", "did: none", "none"}));
 }
 
-TEST_F(UpdateCheckerTest, LastOfSeveralChecksToEndWinsAndEachCompletionGetsItsOwnResult) {
+TEST_F(UpdateCheckerTest, LastCheckToEndWinsAndEachCompletionGetsItsOwnResult) {
     const auto checker = running("1.2");
     for (int check = 0; check < 3; ++check) {
         checker->check(note());
@@ -195,7 +195,7 @@ TEST_F(UpdateCheckerTest, LastOfSeveralChecksToEndWinsAndEachCompletionGetsItsOw
     EXPECT_EQ(reported, (Lines{"1.5", "1.4", "transport: no network"}));
 }
 
-TEST_F(UpdateCheckerTest, CompletionIsCalledAfterTheCheckersDestruction) {
+TEST_F(UpdateCheckerTest, CompletionIsCalledAfterTheCheckerIsDestroyed) {
     auto checker = running("1.2");
     checker->check(note());
     checker->check(note());
@@ -209,7 +209,7 @@ TEST_F(UpdateCheckerTest, CompletionIsCalledAfterTheCheckersDestruction) {
     EXPECT_EQ(reported, (Lines{"1.3", "transport: no network"}));
 }
 
-TEST_F(UpdateCheckerTest, CheckerMayBeDestroyedWithinANotification) {
+TEST_F(UpdateCheckerTest, CheckerMayBeDestroyedDuringANotification) {
     auto checker = running("1.2");
     const auto watch = checker->changes().subscribe({}, [&] { checker.reset(); });
     checker->check(note());
@@ -218,7 +218,7 @@ TEST_F(UpdateCheckerTest, CheckerMayBeDestroyedWithinANotification) {
     EXPECT_EQ(reported, Lines{"1.3"});
 }
 
-TEST_F(UpdateCheckerTest, CompletionMayCheckAgain) {
+TEST_F(UpdateCheckerTest, CompletionMayStartAnotherCheck) {
     const auto checker = running("1.2");
     checker->check([&](const UpdateResult& /*result*/) { checker->check(note()); });
     answerVersion("1.3");
@@ -268,7 +268,7 @@ TEST_F(UpdateCheckerTest, SecondStartCreatesASecondTimerAndReleasesOnlyTheFirst)
     EXPECT_EQ(asked.size(), 4U);
 }
 
-TEST_F(UpdateCheckerTest, RunningVersionIsThatOfTheProject) {
+TEST_F(UpdateCheckerTest, RunningVersionIsTheProjectVersion) {
     EXPECT_EQ(UpdateChecker::Setup().currentVersion, GLIDEMAP_VERSION);
     EXPECT_EQ(UpdateChecker::Setup().host, GLIDEMAP_UPDATE_HOST);
 }

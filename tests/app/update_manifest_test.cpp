@@ -53,7 +53,7 @@ TEST(UpdateManifestTest, OtherKeysAreIgnored) {
     });
 }
 
-TEST(UpdateManifestTest, LastOfRepeatedVersionsCounts) {
+TEST(UpdateManifestTest, LastDuplicateVersionWins) {
     expectVersions({
         {R"({"version": "1.0", "version": "2.0"})", "2.0"},
         {R"({"version": 1, "version": "2.0"})", "2.0"},
@@ -77,7 +77,7 @@ TEST(UpdateManifestTest, ManifestWithoutAStringVersionIsInvalid) {
     });
 }
 
-TEST(UpdateManifestTest, TextThatIsNoObjectIsInvalid) {
+TEST(UpdateManifestTest, JsonThatIsNotAnObjectIsInvalid) {
     expectVersions({
         {R"([])", std::nullopt},
         {R"(["version", "1.0"])", std::nullopt},
@@ -89,7 +89,7 @@ TEST(UpdateManifestTest, TextThatIsNoObjectIsInvalid) {
     });
 }
 
-TEST(UpdateManifestTest, TextThatIsNoJsonIsInvalid) {
+TEST(UpdateManifestTest, TextThatIsNotJsonIsInvalid) {
     expectVersions({
         {"", std::nullopt},
         {" ", std::nullopt},

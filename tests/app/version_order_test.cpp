@@ -78,7 +78,7 @@ const Row rows[] = {
     {"9223372036854775807", "-9223372036854775808", Order::newer},
 };
 
-TEST(VersionOrderTest, VersionsAreComparedPieceByPiece) {
+TEST(VersionOrderTest, VersionsAreComparedComponentByComponent) {
     for (const auto& [version, other, order] : rows) {
         EXPECT_EQ(isNewerVersion(version, other), order == Order::newer)
             << version << " than " << other;
@@ -95,7 +95,7 @@ std::string piecesOfZero(int count) {
     return version;
 }
 
-TEST(VersionOrderTest, MillionPiecesAreComparedToTheLast) {
+TEST(VersionOrderTest, MillionComponentsAreComparedToTheLast) {
     const std::string version = piecesOfZero(1'000'000);
     EXPECT_FALSE(isNewerVersion(version, ""));
     EXPECT_TRUE(isNewerVersion("0", version + "-1"));

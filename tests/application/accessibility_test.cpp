@@ -129,7 +129,7 @@ TEST_F(AccessibilityTest, EveryControlOfTheEditorHasARoleAndAName) {
     expectEveryControlIsNamed();
 }
 
-TEST_F(AccessibilityTest, EveryControlOfTheListOfGesturesHasARoleAndAName) {
+TEST_F(AccessibilityTest, EveryControlOfTheGestureListHasARoleAndAName) {
     openEditor();
     stage->hands.type("circle");
     glidemap->waitFor("text", "Search gestures");

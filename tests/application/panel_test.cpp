@@ -44,7 +44,7 @@ TEST_F(PanelTest, PanelShowsTheItemFromTheMessageBus) {
 }
 
 // The only connection between the program and a panel on another bus is the X server.
-TEST_F(PanelTest, PanelEmbedsTheItemWithoutAHostOnTheBus) {
+TEST_F(PanelTest, PanelOnAnotherBusEmbedsTheItem) {
     Stage stage(Panel::absent);
     const desktops::PrivateBus busOfItsOwn;
     const XfcePanel panel(stage.display, busOfItsOwn);

@@ -129,7 +129,7 @@ TEST_P(RealPanelTest, MenuIsInTheInterfaceLanguage) {
     EXPECT_EQ(end(*glidemap), 0);
 }
 
-TEST_P(RealPanelTest, LateOrRestartedPanelGetsTheItem) {
+TEST_P(RealPanelTest, PanelStartedLaterOrRestartedGetsTheItem) {
     const Picture bare = desktop->screen();
     const auto glidemap = startGlidemap();
     // The window appears after the program has searched for a panel.
@@ -146,7 +146,7 @@ TEST_P(RealPanelTest, LateOrRestartedPanelGetsTheItem) {
 
 // The program uses Qt's plain platform theme, because the desktop's own theme would read the
 // settings itself.
-TEST_P(RealPanelTest, IconFollowsThePortalsColourScheme) {
+TEST_P(RealPanelTest, IconFollowsThePortalColourScheme) {
     desktop->startPanel();
     desktop->choose(ColorScheme::dark);
     const auto glidemap = startGlidemap(

@@ -10,7 +10,7 @@
 namespace glidemap::application {
 namespace {
 
-class StartingAndEndingTest : public ApplicationTest {};
+class StartupAndShutdownTest : public ApplicationTest {};
 
 // Collects the messages that programs broadcast on the stage's display, joined from their parts.
 class Broadcasts {
@@ -44,7 +44,7 @@ private:
     std::string text;
 };
 
-TEST_F(StartingAndEndingTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
+TEST_F(StartupAndShutdownTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -57,7 +57,7 @@ TEST_F(StartingAndEndingTest, FirstStartShowsTheWindowWithTheDefaultBindings) {
     EXPECT_TRUE(std::filesystem::exists(stage.bindingsFile()));
 }
 
-TEST_F(StartingAndEndingTest, EachTerminationSignalExitsCleanly) {
+TEST_F(StartupAndShutdownTest, EachTerminationSignalExitsCleanly) {
     Stage stage;
     for (const int signal : {SIGTERM, SIGINT}) {
         RunningGlidemap glidemap(stage);
@@ -68,7 +68,7 @@ TEST_F(StartingAndEndingTest, EachTerminationSignalExitsCleanly) {
 }
 
 // This checks only for the window, because the accessibility bus is found through the session bus.
-TEST_F(StartingAndEndingTest, BusThatNeverRespondsDelaysNeitherStartupNorExit) {
+TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
     Stage stage;
     const test::SilentSocket bus;
     auto command = stage.command();
@@ -85,7 +85,7 @@ TEST_F(StartingAndEndingTest, BusThatNeverRespondsDelaysNeitherStartupNorExit) {
     }
 }
 
-TEST_F(StartingAndEndingTest, BusThatStopsRespondingDoesNotDelayTheExit) {
+TEST_F(StartupAndShutdownTest, BusThatStopsRespondingDoesNotDelayTheExit) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -94,7 +94,7 @@ TEST_F(StartingAndEndingTest, BusThatStopsRespondingDoesNotDelayTheExit) {
     stage.session.goOn();
 }
 
-TEST_F(StartingAndEndingTest, SecondLaunchShowsTheFirstInstancesWindowAndExits) {
+TEST_F(StartupAndShutdownTest, SecondLaunchShowsTheWindowOfTheFirstInstanceAndExits) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -107,7 +107,7 @@ TEST_F(StartingAndEndingTest, SecondLaunchShowsTheFirstInstancesWindowAndExits) 
     EXPECT_EQ(first.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, SecondLaunchRaisesACoveredWindow) {
+TEST_F(StartupAndShutdownTest, SecondLaunchRaisesACoveredWindow) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -118,7 +118,7 @@ TEST_F(StartingAndEndingTest, SecondLaunchRaisesACoveredWindow) {
     EXPECT_TRUE(first.waitForWindow());
 }
 
-TEST_F(StartingAndEndingTest, FilesOfAKilledInstanceDoNotPreventAStart) {
+TEST_F(StartupAndShutdownTest, StaleFilesOfAKilledInstanceDoNotPreventStartup) {
     Stage stage;
     {
         RunningGlidemap first(stage);
@@ -130,7 +130,7 @@ TEST_F(StartingAndEndingTest, FilesOfAKilledInstanceDoNotPreventAStart) {
     EXPECT_EQ(second.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, ClosingTheWindowKeepsTheProgramRunning) {
+TEST_F(StartupAndShutdownTest, ClosingTheWindowKeepsTheProgramRunning) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -140,7 +140,7 @@ TEST_F(StartingAndEndingTest, ClosingTheWindowKeepsTheProgramRunning) {
     EXPECT_TRUE(glidemap.waitForWindow());
 }
 
-TEST_F(StartingAndEndingTest, LossOfTheDisplayExitsWithoutACrash) {
+TEST_F(StartupAndShutdownTest, LossOfTheDisplayExitsWithoutACrash) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -148,7 +148,7 @@ TEST_F(StartingAndEndingTest, LossOfTheDisplayExitsWithoutACrash) {
     EXPECT_EQ(glidemap.waitForEnd(), 1);
 }
 
-TEST_F(StartingAndEndingTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
+TEST_F(StartupAndShutdownTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -163,7 +163,7 @@ TEST_F(StartingAndEndingTest, SecondLaunchTimesOutIfTheFirstInstanceHangs) {
     EXPECT_EQ(first.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, SecondLaunchWithoutADisplayReportsAHungInstance) {
+TEST_F(StartupAndShutdownTest, SecondLaunchWithoutADisplayReportsAHungInstance) {
     Stage stage;
     RunningGlidemap first(stage);
     ASSERT_TRUE(first.waitForWindow());
@@ -178,7 +178,7 @@ TEST_F(StartingAndEndingTest, SecondLaunchWithoutADisplayReportsAHungInstance) {
     EXPECT_EQ(first.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, MissingLockFolderIsReportedToTheUser) {
+TEST_F(StartupAndShutdownTest, MissingLockFolderIsReportedToTheUser) {
     Stage stage;
     auto command = stage.command();
     command.environment["XDG_RUNTIME_DIR"] = "/dev/null";
@@ -190,7 +190,7 @@ TEST_F(StartingAndEndingTest, MissingLockFolderIsReportedToTheUser) {
 }
 
 // Otherwise the launcher would show a busy indicator for several seconds.
-TEST_F(StartingAndEndingTest, FirstWindowEndsTheLaunch) {
+TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
     Stage stage;
     Broadcasts broadcasts(stage.display);
     auto command = stage.command();
@@ -210,7 +210,7 @@ TEST_F(StartingAndEndingTest, FirstWindowEndsTheLaunch) {
     EXPECT_EQ(alert.waitForEnd(), 1);
 }
 
-TEST_F(StartingAndEndingTest, FailureToListenIsReportedAndTheProgramRuns) {
+TEST_F(StartupAndShutdownTest, FailureToListenIsReportedAndTheProgramRuns) {
     Stage stage;
     auto command = stage.command();
     const std::filesystem::path runtime = command.environment["XDG_RUNTIME_DIR"];
@@ -222,7 +222,7 @@ TEST_F(StartingAndEndingTest, FailureToListenIsReportedAndTheProgramRuns) {
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }
 
-TEST_F(StartingAndEndingTest, OnlyInformationalOptionsAreAccepted) {
+TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndCombinations) {
     struct Row {
         std::vector<std::string> options;
         int status;
@@ -257,7 +257,7 @@ TEST_F(StartingAndEndingTest, OnlyInformationalOptionsAreAccepted) {
 
 // Reads the dynamic loader's list of libraries. `--diagnose` reports the Qt version, so its list
 // must contain Qt.
-TEST_F(StartingAndEndingTest, VersionAndHelpLoadNoToolkit) {
+TEST_F(StartupAndShutdownTest, VersionAndHelpDoNotLoadQt) {
     for (const std::string option : {"--version", "--help", "--nonsense", "--diagnose"}) {
         const desktops::RuntimeFolder folder;
         auto environment = desktops::plainEnvironment(folder.path());
@@ -275,7 +275,7 @@ TEST_F(StartingAndEndingTest, VersionAndHelpLoadNoToolkit) {
     }
 }
 
-TEST_F(StartingAndEndingTest, DiagnosisExitsWithoutADisplayAndWithAHungBus) {
+TEST_F(StartupAndShutdownTest, DiagnosisExitsWithoutADisplayAndWithAHungBus) {
     const desktops::RuntimeFolder folder;
     const test::SilentSocket silent;
     auto environment = desktops::plainEnvironment(folder.path());
@@ -295,7 +295,7 @@ TEST_F(StartingAndEndingTest, DiagnosisExitsWithoutADisplayAndWithAHungBus) {
     EXPECT_EQ(program.finish(), 0);
 }
 
-TEST_F(StartingAndEndingTest, VerboseOptionLogs) {
+TEST_F(StartupAndShutdownTest, VerboseOptionEnablesLogging) {
     Stage stage;
     auto command = stage.command();
     command.words.emplace_back("--verbose");

@@ -67,7 +67,7 @@ TEST_F(StatusItemTest, QuitExitsCleanly) {
     EXPECT_EQ(glidemap.waitForEnd(), 0);
 }
 
-TEST_F(StatusItemTest, LatePanelGetsTheItem) {
+TEST_F(StatusItemTest, PanelStartedLaterGetsTheItem) {
     Stage stage(Panel::absent);
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -84,7 +84,7 @@ TEST_F(StatusItemTest, RestartedPanelGetsTheItemAgain) {
     EXPECT_FALSE(describe(glidemap.menu().open()).empty());
 }
 
-TEST_F(StatusItemTest, MissingPanelIsReportedOnceAndALaunchShowsTheWindow) {
+TEST_F(StatusItemTest, MissingPanelIsReportedOnceAndASecondLaunchShowsTheWindow) {
     constexpr const char* message = "This desktop has no status bar";
     Stage stage(Panel::absent);
     RunningGlidemap first(stage);

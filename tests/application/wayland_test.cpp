@@ -87,7 +87,7 @@ protected:
     test::TemporaryFolder home{"/tmp"};
 };
 
-TEST_F(WaylandTest, WindowBelongsToTheDesktopEntryAndShowsTheSettings) {
+TEST_F(WaylandTest, WindowHasTheDesktopEntryIdentifierAndShowsTheSettings) {
     const Accessibility accessibility(session, command({busLauncher, "--launch-immediately"}));
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }))

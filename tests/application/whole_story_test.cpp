@@ -15,7 +15,7 @@ using nlohmann::json;
 constexpr const char* newRow = "Three-Finger Swipe Up";
 constexpr const char* newRowInChinese = "三指上滑";
 
-class WholeStoryTest : public ApplicationTest {
+class EndToEndTest : public ApplicationTest {
 protected:
     void launch() {
         glidemap = std::make_unique<RunningGlidemap>(*stage);
@@ -169,7 +169,7 @@ protected:
     std::unique_ptr<RunningGlidemap> glidemap;
 };
 
-TEST_F(WholeStoryTest, NewBindingsWorkAtOnceAndAfterARestart) {
+TEST_F(EndToEndTest, NewBindingsWorkAtOnceAndAfterARestart) {
     stage = std::make_unique<Stage>();
     launch();
     drawACircle();

@@ -32,7 +32,7 @@ protected:
     fs::path file = folder / "file";
 };
 
-TEST_F(AtomicWriteTest, CreatesTheFileForItsOwnerOnlyAndNoOtherFile) {
+TEST_F(AtomicWriteTest, CreatesOnlyTheFileWithOwnerOnlyPermissions) {
     EXPECT_FALSE(writeAtomically(file, "content"));
     EXPECT_EQ(contentOf(file), "content");
     EXPECT_EQ(modeOf(file), 0600U);
@@ -51,14 +51,14 @@ TEST_F(AtomicWriteTest, ReplacesAnExistingFile) {
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST_F(AtomicWriteTest, TheOwnerCanReadItWithEveryUmask) {
+TEST_F(AtomicWriteTest, OwnerCanReadTheFileWithEveryUmask) {
     const mode_t before = umask(0777);
     EXPECT_FALSE(writeAtomically(file, "content"));
     umask(before);
     EXPECT_EQ(modeOf(file), 0600U);
 }
 
-TEST_F(AtomicWriteTest, AReaderOfTheOldFileKeepsTheOldContent) {
+TEST_F(AtomicWriteTest, OpenReaderKeepsTheOldContent) {
     writeContent(file, "old");
     std::ifstream reader(file);
     EXPECT_FALSE(writeAtomically(file, "new"));
@@ -67,7 +67,7 @@ TEST_F(AtomicWriteTest, AReaderOfTheOldFileKeepsTheOldContent) {
     EXPECT_EQ(seen, "old");
 }
 
-TEST_F(AtomicWriteTest, ADeviceIsNotReplaced) {
+TEST_F(AtomicWriteTest, DeviceIsNotReplaced) {
     struct stat null {};
     ASSERT_EQ(stat("/dev/null", &null), 0);
     if (mknod((folder / "null").c_str(), S_IFCHR | 0600, null.st_rdev) != 0) {
@@ -78,7 +78,7 @@ TEST_F(AtomicWriteTest, ADeviceIsNotReplaced) {
     EXPECT_TRUE(fs::is_character_file(folder / "null"));
 }
 
-TEST_F(AtomicWriteTest, ARelativePathIsRelativeToTheWorkingFolder) {
+TEST_F(AtomicWriteTest, RelativePathIsResolvedInTheWorkingDirectory) {
     const fs::path before = fs::current_path();
     fs::current_path(folder);
     EXPECT_FALSE(writeAtomically("file", "content"));
@@ -99,7 +99,7 @@ const Link links[] = {
     {"through a linked folder", "there/real"},
 };
 
-TEST_F(AtomicWriteTest, ALinkStaysAndItsTargetIsReplaced) {
+TEST_F(AtomicWriteTest, SymbolicLinkIsKeptAndItsTargetIsReplaced) {
     const fs::path elsewhere = folder / "elsewhere";
     for (const bool exists : {true, false}) {
         for (const Link& row : links) {
@@ -125,7 +125,7 @@ TEST_F(AtomicWriteTest, ALinkStaysAndItsTargetIsReplaced) {
     }
 }
 
-TEST_F(AtomicWriteTest, ACycleOfLinksFailsAndStays) {
+TEST_F(AtomicWriteTest, FailsOnCyclicSymbolicLinksAndKeepsThem) {
     fs::create_symlink("second", file);
     fs::create_symlink("file", folder / "second");
     EXPECT_EQ(writeAtomically(file, "content"), std::errc::too_many_symbolic_link_levels);
@@ -133,7 +133,7 @@ TEST_F(AtomicWriteTest, ACycleOfLinksFailsAndStays) {
     EXPECT_EQ(namesIn(folder), (Names{"file", "second"}));
 }
 
-TEST_F(AtomicWriteTest, WithoutAFolderItFails) {
+TEST_F(AtomicWriteTest, FailsIfTheFolderIsMissing) {
     EXPECT_TRUE(writeAtomically(folder / "no" / "file", "content"));
     writeContent(file, "");
     EXPECT_TRUE(writeAtomically(file / "file", "content"));
@@ -141,21 +141,21 @@ TEST_F(AtomicWriteTest, WithoutAFolderItFails) {
     EXPECT_TRUE(writeAtomically(folder / "", "content"));
 }
 
-TEST_F(AtomicWriteTest, AFolderAtTheFilesPathFailsAndStays) {
+TEST_F(AtomicWriteTest, FailsIfThePathIsAFolderAndKeepsTheFolder) {
     fs::create_directory(file);
     EXPECT_TRUE(writeAtomically(file, "content"));
     EXPECT_TRUE(fs::is_directory(file));
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST_F(AtomicWriteTest, APipeAtTheFilesPathIsReplacedWithoutWaitingForAReader) {
+TEST_F(AtomicWriteTest, PipeIsReplacedWithoutWaitingForAReader) {
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
     EXPECT_FALSE(writeAtomically(file, "content"));
     EXPECT_TRUE(fs::is_regular_file(file));
     EXPECT_EQ(contentOf(file), "content");
 }
 
-TEST_F(AtomicWriteTest, TheNextWriteRemovesTheTemporaryFileOfAKilledWriter) {
+TEST_F(AtomicWriteTest, RemovesTheTemporaryFileOfAKilledWriter) {
     writeContent(file, "old");
     writeContent(folder / ".file.saving", "half of someth");
     EXPECT_FALSE(writeAtomically(file, "new"));
@@ -163,7 +163,7 @@ TEST_F(AtomicWriteTest, TheNextWriteRemovesTheTemporaryFileOfAKilledWriter) {
     EXPECT_EQ(namesIn(folder), Names{"file"});
 }
 
-TEST_F(AtomicWriteTest, ALinkUnderTheTemporaryNameIsNotFollowed) {
+TEST_F(AtomicWriteTest, SymbolicLinkWithTheTemporaryNameIsNotFollowed) {
     writeContent(folder / "innocent", "untouched");
     fs::create_symlink("innocent", folder / ".file.saving");
     EXPECT_FALSE(writeAtomically(file, "new"));
@@ -191,7 +191,7 @@ private:
     rlimit before{};
 };
 
-TEST_F(AtomicWriteTest, AnInterruptedWriteKeepsTheOldContentAndLeavesNoTemporaryFile) {
+TEST_F(AtomicWriteTest, InterruptedWriteKeepsTheOldContentAndLeavesNoTemporaryFile) {
     const std::string content(100'000, 'x');
     EXPECT_FALSE(writeAtomically(file, "old"));
     for (const rlim_t room : {rlim_t{0}, rlim_t{1}, rlim_t{65'536}, rlim_t{99'999}}) {
@@ -208,7 +208,7 @@ TEST_F(AtomicWriteTest, AnInterruptedWriteKeepsTheOldContentAndLeavesNoTemporary
     EXPECT_FALSE(writeAtomically(file, content));
 }
 
-TEST_F(AtomicWriteTest, AReaderAlwaysFindsOneCompleteContent) {
+TEST_F(AtomicWriteTest, ReaderAlwaysFindsCompleteContent) {
     const std::string contents[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_FALSE(writeAtomically(file, contents[0]));
     std::atomic<bool> done = false;
@@ -229,7 +229,7 @@ TEST_F(AtomicWriteTest, AReaderAlwaysFindsOneCompleteContent) {
 
 // Either writer may fail occasionally if the other one holds the lock at every attempt; neither
 // ever installs a file that the other has only partly written.
-TEST_F(AtomicWriteTest, TwoWritersDoNotMix) {
+TEST_F(AtomicWriteTest, ConcurrentWritersDoNotMixContent) {
     const std::string contents[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     ASSERT_FALSE(writeAtomically(file, contents[0]));
     std::atomic<int> written[2] = {0, 0};

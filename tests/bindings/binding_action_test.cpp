@@ -45,7 +45,7 @@ TEST(BindingActionTest, IsShownInTheSharedLanguageByDefault) {
     EXPECT_EQ(displayString(BindingAction(MissionControl{})), "Mission Control");
 }
 
-TEST(BindingActionTest, IsEqualByCaseAndPayload) {
+TEST(BindingActionTest, EqualityComparesKindAndPayload) {
     const std::vector<BindingAction> different = {
         KeyShortcut{1, 2},   KeyShortcut{2, 1},  LockScreen{},       MissionControl{},
         LaunchApp{"a", "b"}, LaunchApp{"a", ""}, LaunchApp{"", "b"}, LaunchApp{"b", "a"},
@@ -57,7 +57,7 @@ TEST(BindingActionTest, IsEqualByCaseAndPayload) {
     }
 }
 
-TEST(BindingActionTest, HasTheKindNameOfTheFileFormat) {
+TEST(BindingActionTest, KindNamesMatchTheFileFormat) {
     for (const Row& row : rows) {
         GestureBinding binding;
         binding.action = row.action;

@@ -68,9 +68,9 @@ std::ostream& operator<<(std::ostream& stream, const Readable& row) {
     return stream << row.name;
 }
 
-class Decodes : public testing::TestWithParam<Readable> {};
+class DecodedBindingsTest : public testing::TestWithParam<Readable> {};
 
-TEST_P(Decodes, TheWholeArray) {
+TEST_P(DecodedBindingsTest, DecodesTheWholeArray) {
     const auto decoded = decodeBindings(GetParam().text);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     ASSERT_EQ(failure, nullptr) << failure->reason << "\n" << GetParam().text;
@@ -78,7 +78,7 @@ TEST_P(Decodes, TheWholeArray) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Arrays, Decodes,
+    Arrays, DecodedBindingsTest,
     testing::Values(Readable{"empty", "[]", {}}, //
                     Readable{"surrounding whitespace", "\t\r\n [ \n ] \n", {}},
                     Readable{"one", in({}), {expected()}},
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Readable{"a byte-order mark", "\xEF\xBB\xBF" + in({}), {expected()}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Actions, Decodes,
+    Actions, DecodedBindingsTest,
     testing::Values(
         Readable{"a shortcut",
                  withShortcut(R"({"keyCode": 124, "modifiers": 1572864})"),
@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {expected(LaunchApp{"😀", "\0"s})}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Scopes, Decodes,
+    Scopes, DecodedBindingsTest,
     testing::Values(Readable{"an application",
                              withScope(R"({"kind": "app", "bundleID": "a.b", "name": "B"})"),
                              {expected(LockScreen{}, AppScope{"a.b", "B"})}},
@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
 constexpr auto maxModifiers = std::numeric_limits<std::uint64_t>::max();
 
 INSTANTIATE_TEST_SUITE_P(
-    Numbers, Decodes,
+    Numbers, DecodedBindingsTest,
     testing::Values(
         Readable{"the least",
                  withShortcut(R"({"keyCode": 0, "modifiers": 0})"),
@@ -174,7 +174,7 @@ std::string withUnknown(const std::string& value) {
 
 // Every value is valid JSON. A value that the decoder ignores may have any type.
 INSTANTIATE_TEST_SUITE_P(
-    UnknownValues, Decodes,
+    UnknownValues, DecodedBindingsTest,
     testing::Values(
         Readable{"beyond a double's range", withUnknown("1e400"), {expected()}},
         Readable{"far beyond", withUnknown("-1E+99999999999999999999"), {expected()}},
@@ -199,7 +199,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {expected()}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    UnpairedSurrogates, Decodes,
+    UnpairedSurrogates, DecodedBindingsTest,
     testing::Values(
         Readable{"read as U+FFFD in a name",
                  withScope(R"({"kind": "app", "bundleID": "a", "name": "1e400 \ud800 \\ud800"})"),
@@ -215,7 +215,7 @@ GestureBinding disabled() {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Keys, Decodes,
+    Keys, DecodedBindingsTest,
     testing::Values(
         Readable{"an identifier in lower case",
                  in({.id = R"("id": "0123abcd-ef01-4567-89ab-cdef01234567",)"}),
@@ -254,9 +254,9 @@ std::ostream& operator<<(std::ostream& stream, const Unreadable& row) {
     return stream << row.name;
 }
 
-class Refuses : public testing::TestWithParam<Unreadable> {};
+class RejectedBindingsTest : public testing::TestWithParam<Unreadable> {};
 
-TEST_P(Refuses, TheWholeArrayWithAReason) {
+TEST_P(RejectedBindingsTest, RejectsTheWholeArrayWithAReason) {
     const auto decoded = decodeBindings(GetParam().text);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     ASSERT_NE(failure, nullptr) << GetParam().text;
@@ -264,7 +264,7 @@ TEST_P(Refuses, TheWholeArrayWithAReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    MissingKeys, Refuses,
+    MissingKeys, RejectedBindingsTest,
     testing::Values(
         Unreadable{"identifier", in({.id = ""}), "[0].id: missing"},
         Unreadable{"gesture", in({.gesture = ""}), "[0].gesture: missing"},
@@ -298,7 +298,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "[0].enabled: missing"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    WrongTypes, Refuses,
+    WrongTypes, RejectedBindingsTest,
     testing::Values(
         Unreadable{"identifier", in({.id = R"("id": 1,)"}), "[0].id: not a text"},
         Unreadable{"no identifier", in({.id = R"("id": null,)"}), "[0].id: not a text"},
@@ -339,7 +339,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "[0].enabled: not true or false"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    OtherTexts, Refuses,
+    OtherTexts, RejectedBindingsTest,
     testing::Values(
         Unreadable{"gesture", in({.gesture = R"("gesture": "sixFingerTap",)"}),
                    R"([0].gesture: "sixFingerTap" is not a gesture)"},
@@ -378,7 +378,7 @@ constexpr const char* noModifiers =
     "[0].action.shortcut.modifiers: not an integer from 0 to 18446744073709551615";
 
 INSTANTIATE_TEST_SUITE_P(
-    InvalidNumbers, Refuses,
+    InvalidNumbers, RejectedBindingsTest,
     testing::Values(
         Unreadable{"one too high", withKeyCode("65536"),
                    "[0].action.shortcut.keyCode: 65536 is not an integer from 0 to 65535"},
@@ -406,7 +406,7 @@ INSTANTIATE_TEST_SUITE_P(
         Unreadable{"modifiers as a text", withModifiers("\"0\""), noModifiers}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Places, Refuses,
+    Places, RejectedBindingsTest,
     testing::Values(
         Unreadable{"the third",
                    "[" + Object().text() + "," + Object().text() + "," +
@@ -437,9 +437,9 @@ std::ostream& operator<<(std::ostream& stream, const NoJson& row) {
     return stream << row.name;
 }
 
-class RefusesAsJson : public testing::TestWithParam<NoJson> {};
+class RejectedJsonTest : public testing::TestWithParam<NoJson> {};
 
-TEST_P(RefusesAsJson, TheWholeArrayWithALocationAndAShortReason) {
+TEST_P(RejectedJsonTest, RejectsTheWholeArrayWithALocationAndAShortReason) {
     const auto decoded = decodeBindings(GetParam().text);
     const auto* const failure = std::get_if<DecodingFailure>(&decoded);
     ASSERT_NE(failure, nullptr) << GetParam().text;
@@ -451,7 +451,7 @@ TEST_P(RefusesAsJson, TheWholeArrayWithALocationAndAShortReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Texts, RefusesAsJson,
+    Texts, RejectedJsonTest,
     testing::Values(
         NoJson{"nothing", ""}, NoJson{"space", " \n"}, NoJson{"half a file", in({}).substr(0, 90)},
         NoJson{"only its first byte", "["},

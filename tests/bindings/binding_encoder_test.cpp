@@ -18,11 +18,11 @@ GestureBinding binding(BindingAction action, BindingScope scope = GlobalScope{})
             .enabled = true};
 }
 
-TEST(BindingEncoderTest, AnEmptyListIsAnEmptyArray) {
+TEST(BindingEncoderTest, EmptyListIsEncodedAsAnEmptyArray) {
     EXPECT_EQ(encodeBindings({}), "[]\n");
 }
 
-TEST(BindingEncoderTest, AShortcutIsWrittenPrettyWithItsKeysInAscendingOrder) {
+TEST(BindingEncoderTest, ShortcutIsEncodedIndentedWithSortedKeys) {
     EXPECT_EQ(encodeBindings({binding(KeyShortcut{124, 0x180000})}), R"([
   {
     "action": {
@@ -43,7 +43,7 @@ TEST(BindingEncoderTest, AShortcutIsWrittenPrettyWithItsKeysInAscendingOrder) {
 )");
 }
 
-TEST(BindingEncoderTest, AnApplicationIsWrittenWithIdentifierAndName) {
+TEST(BindingEncoderTest, ApplicationIsEncodedWithIdentifierAndName) {
     GestureBinding disabled =
         binding(LaunchApp{"org.example.Notes", "备忘录"}, AppScope{"org.example.Edit", "Edit"});
     disabled.enabled = false;
@@ -67,7 +67,7 @@ TEST(BindingEncoderTest, AnApplicationIsWrittenWithIdentifierAndName) {
 )");
 }
 
-TEST(BindingEncoderTest, OtherActionsAreWrittenAsTheirKindOnly) {
+TEST(BindingEncoderTest, OtherActionsAreEncodedAsTheirKindOnly) {
     EXPECT_EQ(encodeBindings({binding(LockScreen{}), binding(MissionControl{})}), R"([
   {
     "action": {
@@ -124,7 +124,7 @@ TEST(BindingEncoderTest, EncodedBindingsRoundTripWithTheirIdentifiers) {
 }
 
 // Some programs take their names from arbitrary sources, so a name may be invalid UTF-8.
-TEST(BindingEncoderTest, InvalidUtf8InOneBindingDoesNotLoseTheOthers) {
+TEST(BindingEncoderTest, InvalidUtf8InOneBindingKeepsTheOtherBindings) {
     const GestureBinding good = binding(KeyShortcut{1, 2});
     for (const char* bytes : {"\xFF", "a\xC3", "\xC3(", "\xED\xA0\x80", "\xC0\x80", "\xF8\x88"}) {
         const GestureBinding bad = binding(LaunchApp{bytes, bytes}, AppScope{bytes, bytes});

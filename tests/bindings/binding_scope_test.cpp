@@ -14,7 +14,7 @@ const std::vector<BindingScope> different = {
     AppScope{"", "a"}, AppScope{"ab", ""}, AppScope{"", ""},
 };
 
-TEST(BindingScopeTest, IsShownAsGlobalOrAsTheApplicationsName) {
+TEST(BindingScopeTest, IsShownAsGlobalOrAsTheApplicationName) {
     Lang lang(nullptr);
     EXPECT_EQ(displayString(BindingScope(GlobalScope{}), lang), "Global");
     EXPECT_EQ(displayString(BindingScope(AppScope{"org.example.Notes", "Notes"}), lang), "Notes");
@@ -28,7 +28,7 @@ TEST(BindingScopeTest, IsShownInTheSharedLanguageByDefault) {
     EXPECT_EQ(displayString(BindingScope(GlobalScope{})), "全局");
 }
 
-TEST(BindingScopeTest, IsEqualByCaseAndBothTexts) {
+TEST(BindingScopeTest, EqualityComparesKindIdentifierAndName) {
     for (std::size_t one = 0; one < different.size(); ++one) {
         for (std::size_t other = 0; other < different.size(); ++other) {
             EXPECT_EQ(different[one] == different[other], one == other) << one << ", " << other;
@@ -36,7 +36,7 @@ TEST(BindingScopeTest, IsEqualByCaseAndBothTexts) {
     }
 }
 
-TEST(BindingScopeTest, IsHashedByBothTexts) {
+TEST(BindingScopeTest, HashIncludesIdentifierAndName) {
     std::unordered_set<std::size_t> hashes;
     for (const BindingScope& scope : different) {
         hashes.insert(std::hash<BindingScope>()(scope));
@@ -45,7 +45,7 @@ TEST(BindingScopeTest, IsHashedByBothTexts) {
     EXPECT_EQ(hashes.size(), different.size()) << "two of them share a hash";
 }
 
-TEST(BindingScopeTest, CanBeAKeyOfHashedContainers) {
+TEST(BindingScopeTest, CanBeAKeyInHashContainers) {
     std::unordered_set<BindingScope> scopes(different.begin(), different.end());
     scopes.insert(different.begin(), different.end());
     EXPECT_EQ(scopes.size(), different.size());

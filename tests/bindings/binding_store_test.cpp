@@ -62,7 +62,7 @@ void expectDefaults(const BindingList& list) {
     EXPECT_EQ(identifiers.size(), list.size());
 }
 
-TEST_F(BindingStoreTest, TheFirstLaunchCreatesTheFoldersAndWritesTheDefaults) {
+TEST_F(BindingStoreTest, FirstLaunchCreatesTheFoldersAndWritesTheDefaults) {
     const fs::path deeper = support.path() / "not" / "there";
     const BindingStore store([&] { return deeper; });
     expectDefaults(*store.bindings());
@@ -70,17 +70,17 @@ TEST_F(BindingStoreTest, TheFirstLaunchCreatesTheFoldersAndWritesTheDefaults) {
     EXPECT_EQ(namesIn(deeper / "Glidemap"), std::vector<std::string>{"bindings.json"});
 }
 
-TEST_F(BindingStoreTest, TheDefaultsHaveNewIdentifiersEachTime) {
+TEST_F(BindingStoreTest, DefaultsHaveNewIdentifiersEachTime) {
     EXPECT_NE(defaultBindings().front().id, defaultBindings().front().id);
     expectDefaults(defaultBindings());
 }
 
-TEST_F(BindingStoreTest, TheNextLaunchHasTheSameList) {
+TEST_F(BindingStoreTest, NextLaunchLoadsTheSameList) {
     const BindingList first = *support.launch().bindings();
     EXPECT_EQ(*support.launch().bindings(), first);
 }
 
-TEST_F(BindingStoreTest, AValidFileIsLoadedUnchangedAndNotWritten) {
+TEST_F(BindingStoreTest, ValidFileIsLoadedUnchangedAndNotWritten) {
     GestureBinding binding = oneBinding().front();
     binding.enabled = false;
     const std::string compact = [&] {
@@ -97,13 +97,13 @@ TEST_F(BindingStoreTest, AValidFileIsLoadedUnchangedAndNotWritten) {
               fs::perms::owner_all | fs::perms::group_read);
 }
 
-TEST_F(BindingStoreTest, AnEmptyArrayIsLoadedAsAnEmptyList) {
+TEST_F(BindingStoreTest, EmptyArrayIsLoadedAsAnEmptyList) {
     support.write("[]");
     EXPECT_TRUE(support.launch().bindings()->empty());
     EXPECT_EQ(contentOf(support.file()), "[]");
 }
 
-TEST_F(BindingStoreTest, AnInvalidFileIsReplacedByTheDefaults) {
+TEST_F(BindingStoreTest, InvalidFileIsReplacedByTheDefaults) {
     std::string oneBad = encodeBindings(*support.launch().bindings());
     const std::string gesture = "fixAndTapLeft";
     oneBad.replace(oneBad.find(gesture), gesture.size(), "fixAndTapLow");
@@ -120,7 +120,7 @@ TEST_F(BindingStoreTest, AnInvalidFileIsReplacedByTheDefaults) {
     }
 }
 
-TEST_F(BindingStoreTest, APipeAtTheFilesPathIsReplacedByTheDefaults) {
+TEST_F(BindingStoreTest, PipeAtTheFilePathIsReplacedByTheDefaults) {
     fs::create_directory(support.folder());
     ASSERT_EQ(mkfifo(support.file().c_str(), 0600), 0);
     const BindingStore store = support.launch();
@@ -128,7 +128,7 @@ TEST_F(BindingStoreTest, APipeAtTheFilesPathIsReplacedByTheDefaults) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, WithAFolderAtTheFilesPathTheDefaultsStayInMemory) {
+TEST_F(BindingStoreTest, DefaultsStayInMemoryIfTheFilePathIsAFolder) {
     fs::create_directories(support.file());
     BindingStore store = support.launch();
     expectDefaults(*store.bindings());
@@ -149,7 +149,7 @@ TEST_F(BindingStoreTest, EveryAssignmentReplacesTheListInMemoryAndOnDisk) {
     }
 }
 
-TEST_F(BindingStoreTest, ASymbolicLinkToTheFileIsKept) {
+TEST_F(BindingStoreTest, SymbolicLinkToTheFileIsKept) {
     fs::create_directory(support.folder());
     fs::create_symlink("../kept.json", support.file());
     BindingStore store = support.launch();
@@ -158,7 +158,7 @@ TEST_F(BindingStoreTest, ASymbolicLinkToTheFileIsKept) {
     EXPECT_EQ(contentOf(support.path() / "kept.json"), encodeBindings(*store.bindings()));
 }
 
-TEST_F(BindingStoreTest, AnAssignmentNotifiesThenAssignsThenSavesThenNotifies) {
+TEST_F(BindingStoreTest, AssignmentNotifiesThenAssignsThenSavesThenNotifies) {
     BindingStore store = support.launch();
     const std::string before = contentOf(support.file());
     const BindingList list = oneBinding();
@@ -184,7 +184,7 @@ TEST_F(BindingStoreTest, AssigningTheSameListNotifiesAndSaves) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, AnObserverMayChangeTheListAgain) {
+TEST_F(BindingStoreTest, ObserverMayChangeTheListAgain) {
     BindingStore store = support.launch();
     const BindingList last = oneBinding(GestureType::pinchOut);
     bool changed = false;
@@ -206,7 +206,7 @@ TEST_F(BindingStoreTest, SavingWritesTheListWithoutANotification) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, AListThatCannotBeSavedStaysInMemoryAndTheNextChangeRetries) {
+TEST_F(BindingStoreTest, ListThatCannotBeSavedStaysInMemoryAndTheNextChangeRetries) {
     BindingStore store = support.launch();
     fs::remove_all(support.path());
     writeContent(support.path(), "not a folder"); // also stops root, unlike permissions
@@ -219,7 +219,7 @@ TEST_F(BindingStoreTest, AListThatCannotBeSavedStaysInMemoryAndTheNextChangeRetr
     EXPECT_EQ(inFile(support), list);
 }
 
-TEST_F(BindingStoreTest, AFailedSaveKeepsItsErrorUntilASaveSucceeds) {
+TEST_F(BindingStoreTest, FailedSaveKeepsItsErrorUntilASaveSucceeds) {
     BindingStore store = support.launch();
     EXPECT_FALSE(store.saveFailure());
     fs::remove_all(support.path());
@@ -234,7 +234,7 @@ TEST_F(BindingStoreTest, AFailedSaveKeepsItsErrorUntilASaveSucceeds) {
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, ASuccessfulSaveIsNotRepeated) {
+TEST_F(BindingStoreTest, SuccessfulSaveIsNotRepeated) {
     BindingStore store = support.launch();
     fs::remove(support.file());
     store.saveIfLastSaveFailed();
@@ -254,7 +254,7 @@ TEST_F(BindingStoreTest, OnlyTheOwnerCanAccessTheFolder) {
     EXPECT_EQ(rights(), fs::perms::owner_all);
 }
 
-TEST_F(BindingStoreTest, TheOwnersPermissionsOnAnExistingFolderStay) {
+TEST_F(BindingStoreTest, KeepsTheOwnerPermissionsOfAnExistingFolder) {
     support.launch();
     fs::permissions(support.folder(), fs::perms::owner_read | fs::perms::owner_exec |
                                           fs::perms::group_all | fs::perms::others_exec);
@@ -264,7 +264,7 @@ TEST_F(BindingStoreTest, TheOwnersPermissionsOnAnExistingFolderStay) {
     fs::permissions(support.folder(), fs::perms::owner_all);
 }
 
-TEST_F(BindingStoreTest, AFolderOfAnotherUserIsNotChanged) {
+TEST_F(BindingStoreTest, FolderOfAnotherUserIsNotChanged) {
     support.launch();
     if (chown(support.folder().c_str(), 65534, 65534) != 0) {
         GTEST_SKIP() << "only root may give a folder away";
@@ -275,7 +275,7 @@ TEST_F(BindingStoreTest, AFolderOfAnotherUserIsNotChanged) {
     EXPECT_FALSE(store.saveFailure());
 }
 
-TEST_F(BindingStoreTest, ALockOnTheFolderDoesNotBlockASave) {
+TEST_F(BindingStoreTest, LockOnTheFolderDoesNotBlockASave) {
     BindingStore store = support.launch();
     const int held = open(support.folder().c_str(), O_RDONLY | O_DIRECTORY);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
@@ -284,7 +284,7 @@ TEST_F(BindingStoreTest, ALockOnTheFolderDoesNotBlockASave) {
     close(held);
 }
 
-TEST_F(BindingStoreTest, ALaunchThatCannotSaveUsesTheDefaultsAndSavesTheFirstChange) {
+TEST_F(BindingStoreTest, LaunchThatCannotSaveUsesTheDefaultsAndSavesTheFirstChange) {
     fs::remove_all(support.path());
     writeContent(support.path(), "not a folder");
     BindingStore store = support.launch();
@@ -294,7 +294,7 @@ TEST_F(BindingStoreTest, ALaunchThatCannotSaveUsesTheDefaultsAndSavesTheFirstCha
     EXPECT_EQ(inFile(support), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, TheFolderIsQueriedEachTime) {
+TEST_F(BindingStoreTest, QueriesTheFolderForEachSave) {
     const SupportFolder other;
     fs::path answer = support.path();
     BindingStore store([&] { return answer; });
@@ -305,7 +305,7 @@ TEST_F(BindingStoreTest, TheFolderIsQueriedEachTime) {
     EXPECT_EQ(inFile(other), *store.bindings());
 }
 
-TEST_F(BindingStoreTest, AReadersListIsNotAffectedByAssignments) {
+TEST_F(BindingStoreTest, ListHeldByAReaderIsNotAffectedByAssignments) {
     BindingStore store = support.launch();
     const auto list = store.bindings();
     const auto match = store.match(GestureType::drawCircle, std::nullopt);
@@ -317,7 +317,7 @@ TEST_F(BindingStoreTest, AReadersListIsNotAffectedByAssignments) {
     EXPECT_EQ(store.match(GestureType::drawCircle, std::nullopt), nullptr);
 }
 
-TEST_F(BindingStoreTest, MatchesInTheCurrentList) {
+TEST_F(BindingStoreTest, MatchesAgainstTheCurrentList) {
     BindingStore store = support.launch();
     EXPECT_EQ(store.match(GestureType::twoFingerTap, "a"), nullptr);
     BindingList list = oneBinding();
@@ -337,7 +337,7 @@ struct DoubleTap {
     int fingerCount;
 };
 
-TEST_F(BindingStoreTest, ADoubleTapOfEachFingerCountIsFound) {
+TEST_F(BindingStoreTest, FindsDoubleTapsWithEachFingerCount) {
     BindingStore store = support.launch();
     constexpr DoubleTap rows[] = {{GestureType::twoFingerDoubleTap, 2},
                                   {GestureType::threeFingerDoubleTap, 3},
@@ -351,7 +351,7 @@ TEST_F(BindingStoreTest, ADoubleTapOfEachFingerCountIsFound) {
     }
 }
 
-TEST_F(BindingStoreTest, ADoubleTapForOneApplicationCountsInAllApplications) {
+TEST_F(BindingStoreTest, DoubleTapForOneApplicationCountsInAllApplications) {
     BindingStore store = support.launch();
     BindingList list = oneBinding(GestureType::twoFingerDoubleTap);
     list.front().scope = AppScope{"a", "A"};
@@ -359,7 +359,7 @@ TEST_F(BindingStoreTest, ADoubleTapForOneApplicationCountsInAllApplications) {
     EXPECT_TRUE(store.doubleTapBindingExists(2));
 }
 
-TEST_F(BindingStoreTest, ADisabledDoubleTapDoesNotCount) {
+TEST_F(BindingStoreTest, IgnoresADisabledDoubleTap) {
     BindingStore store = support.launch();
     BindingList list = oneBinding(GestureType::twoFingerDoubleTap);
     list.front().enabled = false;
@@ -370,7 +370,7 @@ TEST_F(BindingStoreTest, ADisabledDoubleTapDoesNotCount) {
     EXPECT_TRUE(store.doubleTapBindingExists(2));
 }
 
-TEST_F(BindingStoreTest, NoOtherGestureIsADoubleTap) {
+TEST_F(BindingStoreTest, OtherGesturesAreNotDoubleTaps) {
     BindingStore store = support.launch();
     BindingList list;
     for (const GestureType gesture : allGestureTypes) {
@@ -388,7 +388,7 @@ TEST_F(BindingStoreTest, NoOtherGestureIsADoubleTap) {
 
 using BindingStoreDeathTest = BindingStoreTest;
 
-TEST_F(BindingStoreDeathTest, WithoutAFolderForApplicationDataTheProgramAborts) {
+TEST_F(BindingStoreDeathTest, AbortsWithoutAFolderForApplicationData) {
     EXPECT_EXIT(BindingStore([] { return fs::path(); }), testing::KilledBySignal(SIGABRT),
                 "glidemap: cannot find the folder for application data");
 }

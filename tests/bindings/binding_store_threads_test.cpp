@@ -56,7 +56,7 @@ void readMatch(const BindingStore& store) {
     }
 }
 
-TEST(BindingStoreThreadsTest, AReaderSeesOneOfTheAssignedLists) {
+TEST(BindingStoreThreadsTest, ReaderSeesOnlyCompleteAssignedLists) {
     const SupportFolder support;
     BindingStore store = support.launch();
     std::array<BindingList, sizes.size()> lists;
@@ -90,7 +90,7 @@ TEST(BindingStoreThreadsTest, AReaderSeesOneOfTheAssignedLists) {
 }
 
 // A list that the engine holds costs the main thread nothing.
-TEST(BindingStoreThreadsTest, AReaderThatKeepsItsListDoesNotBlockTheWriter) {
+TEST(BindingStoreThreadsTest, ReaderThatKeepsItsListDoesNotBlockTheWriter) {
     const SupportFolder support;
     BindingStore store = support.launch();
     std::latch taken(1);

@@ -6,14 +6,14 @@
 namespace glidemap {
 namespace {
 
-TEST(GestureBindingTest, ANewBindingIsEnabledAndHasAUniqueIdentifier) {
+TEST(GestureBindingTest, NewBindingIsEnabledAndHasAUniqueIdentifier) {
     const GestureBinding one;
     const GestureBinding other;
     EXPECT_TRUE(one.enabled);
     EXPECT_NE(one.id, other.id);
 }
 
-TEST(GestureBindingTest, ACopyKeepsTheIdentifier) {
+TEST(GestureBindingTest, CopyKeepsTheIdentifier) {
     const GestureBinding one;
     GestureBinding other = one;
     EXPECT_EQ(one, other);
@@ -21,7 +21,7 @@ TEST(GestureBindingTest, ACopyKeepsTheIdentifier) {
     EXPECT_EQ(one.id, other.id);
 }
 
-TEST(GestureBindingTest, IsEqualByAllFiveFields) {
+TEST(GestureBindingTest, EqualityComparesAllFiveFields) {
     const GestureBinding binding{.gesture = GestureType::pinchIn,
                                  .action = LockScreen{},
                                  .scope = AppScope{"org.example.Notes", "Notes"}};

@@ -37,7 +37,7 @@ GestureBinding locking(GestureType gesture) {
     return {.gesture = gesture, .action = LockScreen{}, .scope = GlobalScope{}};
 }
 
-TEST(InMemoryStore, KeepsAssignedListsWithoutWritingAFile) {
+TEST(InMemoryStoreTest, KeepsAssignedListsWithoutWritingAFile) {
     const InEmptyFolder folder;
     const GestureBinding tap = locking(GestureType::twoFingerTap);
     const GestureBinding click = locking(GestureType::twoFingerClick);
@@ -55,7 +55,7 @@ TEST(InMemoryStore, KeepsAssignedListsWithoutWritingAFile) {
     EXPECT_TRUE(folder.isEmpty());
 }
 
-TEST(InMemoryStore, HasNoDefaults) {
+TEST(InMemoryStoreTest, HasNoDefaults) {
     EXPECT_TRUE(BindingStore(BindingList{}).bindings()->empty());
 }
 

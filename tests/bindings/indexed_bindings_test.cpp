@@ -129,14 +129,14 @@ const Row rows[] = {
      2},
 };
 
-TEST(IndexedBindingsTest, PrefersTheFirstEnabledApplicationBindingOverTheFirstGlobalOne) {
+TEST(IndexedBindingsTest, PrefersTheFirstEnabledApplicationBindingOverTheFirstGlobalBinding) {
     for (const Row& row : rows) {
         const IndexedBindings bindings(row.list);
         EXPECT_EQ(keyCodeOf(bindings.match(row.gesture, row.frontmost)), row.matched) << row.name;
     }
 }
 
-TEST(IndexedBindingsTest, MatchesAnElementOfTheListAfterAMove) {
+TEST(IndexedBindingsTest, MatchReturnsAnElementOfTheMovedList) {
     IndexedBindings made({global(swipe, 1), forApp("a", tap, 2), global(tap, 3)});
     const IndexedBindings bindings(std::move(made));
     EXPECT_EQ(bindings.match(tap, "a"), &bindings.list()[1]);
@@ -148,7 +148,7 @@ TEST(IndexedBindingsTest, KeepsTheListUnchanged) {
     EXPECT_EQ(IndexedBindings(list).list(), list);
 }
 
-TEST(IndexedBindingsTest, AnEnabledGestureIsFoundInEveryScope) {
+TEST(IndexedBindingsTest, FindsAnEnabledGestureInEveryScope) {
     const IndexedBindings bindings(
         {global(tap, 1), forApp("a", swipe, 2), disabled(global(GestureType::pinchIn, 3))});
     EXPECT_TRUE(bindings.hasEnabled(tap));
@@ -176,7 +176,7 @@ const GestureBinding* linearSearch(const BindingList& list, GestureType gesture,
     return firstGlobal;
 }
 
-TEST(IndexedBindingsTest, AgreesWithALinearSearchOnAnyList) {
+TEST(IndexedBindingsTest, AgreesWithALinearSearch) {
     std::mt19937 random(20240607);
     const auto below = [&random](std::uint_fast32_t limit) {
         return random() % limit;

@@ -12,7 +12,7 @@ struct Row {
     std::optional<std::uint64_t> value;
 };
 
-TEST(JsonTextTest, AWholeNumberIsExactInEveryNotation) {
+TEST(JsonTextTest, IntegersAreExactInEveryNotation) {
     constexpr auto max = std::numeric_limits<std::uint64_t>::max();
     constexpr Row rows[] = {
         {"0", 0},
@@ -55,7 +55,7 @@ void expectReplaced(const Text& row) {
     }
 }
 
-TEST(JsonTextTest, NumbersThatExceedEvery64BitIntegerBecomeNull) {
+TEST(JsonTextTest, NumbersBeyond64BitIntegersBecomeNull) {
     constexpr Text rows[] = {
         {"1e20", "null"},
         {"[1e400,2]", "[null ,2]"},

@@ -32,13 +32,13 @@ const Row rows[] = {
     {"the highest key code", {65535, 0}, "Key 65535"},
 };
 
-TEST(KeyShortcutTest, IsShownAsTheSymbolsInTheirOrderAndTheKeysName) {
+TEST(KeyShortcutTest, IsShownAsModifierSymbolsInOrderAndTheKeyName) {
     for (const Row& row : rows) {
         EXPECT_EQ(row.shortcut.displayString(), row.shown) << row.name;
     }
 }
 
-TEST(KeyShortcutTest, IsEqualByKeyAndByEveryBitOfTheModifiers) {
+TEST(KeyShortcutTest, EqualityComparesKeyAndAllModifierBits) {
     const KeyShortcut shortcut{rightArrow, command};
     EXPECT_EQ(shortcut, (KeyShortcut{rightArrow, command}));
     EXPECT_NE(shortcut, (KeyShortcut{rightArrow - 1, command}));

@@ -167,9 +167,9 @@ std::ostream& operator<<(std::ostream& stream, const Row& row) {
     return stream << row.name;
 }
 
-class AKilledWriter : public testing::TestWithParam<Row> {
+class KilledWriterTest : public testing::TestWithParam<Row> {
 protected:
-    AKilledWriter() : support(GetParam().folder) {}
+    KilledWriterTest() : support(GetParam().folder) {}
 
     // Measures the duration of a change on this machine.
     Clock::duration changeDuration() {
@@ -209,7 +209,7 @@ protected:
     std::mt19937 random{20240607};
 };
 
-TEST_P(AKilledWriter, LeavesTheCompleteOldOrNewList) {
+TEST_P(KilledWriterTest, LeavesTheCompleteOldOrNewList) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedBeforeReporting = 0;
@@ -233,7 +233,7 @@ TEST_P(AKilledWriter, LeavesTheCompleteOldOrNewList) {
 }
 
 #if defined(GLIDEMAP_STOPS_AT_SYSTEM_CALLS)
-TEST_P(AKilledWriter, LeavesACompleteListAtEverySystemCall) {
+TEST_P(KilledWriterTest, LeavesACompleteListAtEverySystemCall) {
     unsigned number = 0;
     int killedWhileWriting = 0;
     int killedAfterChange = 0;
@@ -272,7 +272,7 @@ std::vector<Row> folders() {
     return rows;
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, AKilledWriter, testing::ValuesIn(folders()),
+INSTANTIATE_TEST_SUITE_P(Of, KilledWriterTest, testing::ValuesIn(folders()),
                          [](const auto& row) { return row.param.name; });
 
 } // namespace

@@ -98,9 +98,9 @@ std::string textOf(const Row& row) {
     return text;
 }
 
-class LargeFiles : public testing::TestWithParam<Row> {};
+class LargeFileTest : public testing::TestWithParam<Row> {};
 
-TEST_P(LargeFiles, AreDecodedOrRejectedInAFewTimesTheirLength) {
+TEST_P(LargeFileTest, DecodingMemoryIsProportionalToTheFileSize) {
     const Row& row = GetParam();
     const std::string text = textOf(row);
     kit::resetPeakLiveMemory();
@@ -118,7 +118,7 @@ TEST_P(LargeFiles, AreDecodedOrRejectedInAFewTimesTheirLength) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, LargeFiles, testing::ValuesIn(rows),
+INSTANTIATE_TEST_SUITE_P(Of, LargeFileTest, testing::ValuesIn(rows),
                          [](const auto& row) { return row.param.name; });
 
 } // namespace

@@ -21,7 +21,7 @@ protected:
     std::filesystem::path file = folder.path() / "file";
 };
 
-TEST_F(ReadFileTest, ReturnsTheWholeContent) {
+TEST_F(ReadFileTest, ReturnsTheCompleteContent) {
     using namespace std::string_literals;
     for (const std::string& content : {""s, "a"s, "\0\n\xFF"s, std::string(65'536, 'x'),
                                        std::string(65'537, 'x'), std::string(limit, 'x')}) {

@@ -20,14 +20,14 @@ GestureBinding bound(GestureType gesture, BindingScope scope, bool enabled = tru
 
 using enum GestureType;
 
-TEST(ShadowedBindings, HaveAnEarlierEnabledBindingOfTheSameGestureAndScope) {
+TEST(ShadowedBindingsTest, HaveAnEarlierEnabledBindingOfTheSameGestureAndScope) {
     EXPECT_THAT(shadowedBindings({bound(pinchIn, GlobalScope{}), bound(pinchOut, GlobalScope{}),
                                   bound(pinchIn, GlobalScope{}), bound(pinchIn, GlobalScope{})}),
                 ElementsAre(false, false, true, true));
     EXPECT_THAT(shadowedBindings({}), IsEmpty());
 }
 
-TEST(ShadowedBindings, CompareScopesByIdentifier) {
+TEST(ShadowedBindingsTest, CompareScopesByIdentifier) {
     EXPECT_THAT(
         shadowedBindings({bound(pinchIn, GlobalScope{}), bound(pinchIn, AppScope{"mail", "Mail"}),
                           bound(pinchIn, AppScope{"mail", "邮件"}),
@@ -35,7 +35,7 @@ TEST(ShadowedBindings, CompareScopesByIdentifier) {
         ElementsAre(false, false, true, false));
 }
 
-TEST(ShadowedBindings, IgnoreDisabledBindings) {
+TEST(ShadowedBindingsTest, IgnoreDisabledBindings) {
     EXPECT_THAT(
         shadowedBindings({bound(pinchIn, GlobalScope{}, false), bound(pinchIn, GlobalScope{}),
                           bound(pinchIn, GlobalScope{}, false)}),
@@ -43,7 +43,7 @@ TEST(ShadowedBindings, IgnoreDisabledBindings) {
 }
 
 // The store never matches a shadowed binding.
-TEST(ShadowedBindings, AreNeverMatched) {
+TEST(ShadowedBindingsTest, AreNeverMatched) {
     const BindingList list{bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{}),
                            bound(pinchIn, AppScope{"mail", "Mail"}), bound(pinchIn, GlobalScope{})};
     const IndexedBindings indexed(list);

@@ -16,7 +16,7 @@ std::string spoken(const KeyShortcut& shortcut, KeyboardKind kind, const char* c
     return spokenShortcut(shortcut, lang, kind);
 }
 
-TEST(SpokenShortcut, UsesTheKeyNamesOfTheKeyboard) {
+TEST(SpokenShortcutTest, UsesTheKeyNamesOfTheKeyboard) {
     const KeyShortcut right{.keyCode = 124, .modifiers = modifier::option | modifier::command};
     EXPECT_EQ(spoken(right, KeyboardKind::apple), "Option Command Right Arrow");
     EXPECT_EQ(spoken(right, KeyboardKind::apple, "zh"), "Option Command 右箭头");
@@ -29,7 +29,7 @@ TEST(SpokenShortcut, UsesTheKeyNamesOfTheKeyboard) {
     EXPECT_EQ(spoken({.keyCode = 89, .modifiers = 0}, KeyboardKind::pc, "zh"), "小键盘 7");
 }
 
-TEST(SpokenShortcut, ModifiersAloneAreInShortcutOrder) {
+TEST(SpokenShortcutTest, ModifierSymbolsAreInDisplayOrder) {
     EXPECT_EQ(modifierSymbols(all), "⌃⌥⇧⌘");
     EXPECT_EQ(modifierSymbols(0), "");
     EXPECT_EQ(modifierSymbols(all) + "K",
@@ -37,7 +37,7 @@ TEST(SpokenShortcut, ModifiersAloneAreInShortcutOrder) {
 }
 
 // A screen reader skips symbols or misreads them.
-TEST(SpokenShortcut, EverySymbolKeyHasAWord) {
+TEST(SpokenShortcutTest, EverySymbolKeyHasASpokenName) {
     for (std::uint16_t key = 0; key <= 127; ++key) {
         for (const char letter : spoken({.keyCode = key, .modifiers = 0}, KeyboardKind::apple)) {
             EXPECT_TRUE(std::isalnum(static_cast<unsigned char>(letter)) || letter == ' ') << key;
@@ -45,7 +45,7 @@ TEST(SpokenShortcut, EverySymbolKeyHasAWord) {
     }
 }
 
-TEST(SpokenShortcut, IsWrittenForKeyboardsWithoutTheSymbols) {
+TEST(SpokenShortcutTest, WritesModifierNamesForPcKeyboards) {
     const KeyShortcut right{.keyCode = 124,
                             .modifiers = modifier::control | modifier::option | modifier::command};
     EXPECT_EQ(writtenShortcut(right, KeyboardKind::pc), "Ctrl+Alt+Super+→");

@@ -7,7 +7,7 @@
 namespace glidemap {
 namespace {
 
-TEST(Chance, TheSameSeedMakesTheSameChoices) {
+TEST(ChanceTest, SameSeedGivesTheSameChoices) {
     Chance first(7);
     Chance second(7);
     Chance other(8);
@@ -17,7 +17,7 @@ TEST(Chance, TheSameSeedMakesTheSameChoices) {
     EXPECT_NE(choice, first.between(0, 1));
 }
 
-TEST(Chance, ChoicesAreUniformWithinTheirRange) {
+TEST(ChanceTest, ChoicesAreUniformWithinTheirRange) {
     Chance chance(1);
     constexpr int times = 10'000;
     double sum = 0;
@@ -36,7 +36,7 @@ TEST(Chance, ChoicesAreUniformWithinTheirRange) {
     EXPECT_NEAR(sum / times, 4, 0.05);
 }
 
-TEST(Chance, OneInHasTheRequestedFrequency) {
+TEST(ChanceTest, OneInReturnsTrueWithTheRequestedFrequency) {
     Chance chance(2);
     int hits = 0;
     for (int count = 0; count < 8000; ++count) {
@@ -45,7 +45,7 @@ TEST(Chance, OneInHasTheRequestedFrequency) {
     EXPECT_NEAR(hits, 1000, 150);
 }
 
-TEST(Chance, AWobbleIsMostlySmallAndAtMostOne) {
+TEST(ChanceTest, WobbleIsMostlySmallAndAtMostOne) {
     Chance chance(3);
     int small = 0;
     for (int count = 0; count < 1000; ++count) {

@@ -97,7 +97,7 @@ TEST_P(PerformanceTest, StartsAtZeroAndEndsWithoutTouches) {
     });
 }
 
-TEST_P(PerformanceTest, ReportsAtTheUnsteadyRateOfAPad) {
+TEST_P(PerformanceTest, ReportIntervalsVaryLikeThoseOfATouchpad) {
     forEverySeed([](const Performance& performance) {
         for (std::size_t index = 1; index < performance.size(); ++index) {
             const double interval = performance[index].time - performance[index - 1].time;
@@ -110,7 +110,7 @@ TEST_P(PerformanceTest, ReportsAtTheUnsteadyRateOfAPad) {
     });
 }
 
-TEST_P(PerformanceTest, EveryContactAppearsTouchesAndLeavesInOrder) {
+TEST_P(PerformanceTest, EveryContactHoversTouchesAndLeavesInOrder) {
     forEverySeed([](const Performance& performance) {
         for (const auto& [identifier, story] : contactsOf(performance)) {
             EXPECT_THAT(outline(story), testing::MatchesRegex("h?dth?g"));
@@ -154,7 +154,7 @@ bool samePositions(const Performance& one, const Performance& other) {
                       });
 }
 
-TEST_P(PerformanceTest, TheSeedDeterminesThePerformance) {
+TEST_P(PerformanceTest, SeedDeterminesThePerformance) {
     EXPECT_TRUE(samePositions(perform(GetParam(), 11), perform(GetParam(), 11)));
     EXPECT_FALSE(samePositions(perform(GetParam(), 11), perform(GetParam(), 12)));
 }
@@ -183,11 +183,11 @@ double sessionLength(const std::map<std::int32_t, ContactStory>& contacts) {
     return times.high - times.low;
 }
 
-TEST(Performances, FortyFourGesturesCanBePerformed) {
+TEST(PerformTest, FortyFourGesturesCanBePerformed) {
     EXPECT_EQ(performableGestures().size(), 44U);
 }
 
-TEST(Performances, GesturesWithoutContactsAreEmpty) {
+TEST(PerformTest, GesturesWithoutContactsAreEmpty) {
     for (const GestureType gesture :
          {GestureType::drawCircle, GestureType::twoFingerClick, GestureType::threeFingerClick,
           GestureType::fourFingerClick}) {
@@ -195,7 +195,7 @@ TEST(Performances, GesturesWithoutContactsAreEmpty) {
     }
 }
 
-TEST(Performances, TapsHaveTheDurationOfRealTaps) {
+TEST(PerformTest, TapsHaveTheDurationOfRealTaps) {
     Range lengths;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         lengths.add(sessionLength(contactsOf(perform(GestureType::twoFingerTap, seed))));
@@ -206,7 +206,7 @@ TEST(Performances, TapsHaveTheDurationOfRealTaps) {
     EXPECT_LE(lengths.high, 0.220);
 }
 
-TEST(Performances, FingersLandAndLiftUnevenly) {
+TEST(PerformTest, FingersLandAndLiftUnevenly) {
     Range landing;
     Range lifting;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
@@ -228,7 +228,7 @@ TEST(Performances, FingersLandAndLiftUnevenly) {
     EXPECT_LE(lifting.high, 0.008 + 0.010);
 }
 
-TEST(Performances, SwipesHaveTheDurationAndLengthOfRealSwipes) {
+TEST(PerformTest, SwipesHaveTheDurationAndLengthOfRealSwipes) {
     Range travel;
     Range length;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
@@ -246,7 +246,7 @@ TEST(Performances, SwipesHaveTheDurationAndLengthOfRealSwipes) {
     EXPECT_LE(length.high, 0.160); // includes landing and lifting
 }
 
-TEST(Performances, ARestingFingerDriftsAndJitters) {
+TEST(PerformTest, RestingFingerDriftsAndJitters) {
     Range wandering;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         for (const auto& [id, story] : contactsOf(perform(GestureType::twoFingerLongPress, seed))) {
@@ -258,7 +258,7 @@ TEST(Performances, ARestingFingerDriftsAndJitters) {
     EXPECT_LE(wandering.high, 0.020);
 }
 
-TEST(Performances, SomePadsSeeHoveringFingersAndSomeSendAnEmptyReport) {
+TEST(PerformTest, SomePerformancesHaveHoveringFingersAndSomeAnEmptyReport) {
     int hovering = 0;
     int empty = 0;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {

@@ -52,7 +52,7 @@ std::vector<GestureType> recognise(const Performance& performance, bool doubleTa
 
 class RecognisedPerformanceTest : public testing::TestWithParam<GestureType> {};
 
-TEST_P(RecognisedPerformanceTest, EverySeedIsRecognisedAsExactlyItsIntendedGesture) {
+TEST_P(RecognisedPerformanceTest, EverySeedIsRecognisedAsTheIntendedGestureOnly) {
     const bool isDoubleTap = category(GetParam()) == GestureCategory::doubleTap;
     for (std::uint64_t seed = 0; seed < seeds; ++seed) {
         ASSERT_THAT(recognise(perform(GetParam(), seed), isDoubleTap), ElementsAre(GetParam()))
@@ -60,7 +60,7 @@ TEST_P(RecognisedPerformanceTest, EverySeedIsRecognisedAsExactlyItsIntendedGestu
     }
 }
 
-TEST_P(RecognisedPerformanceTest, APerformanceWithoutTouchesIsNoGesture) {
+TEST_P(RecognisedPerformanceTest, HoveringFingersMakeNoGesture) {
     Performance performance = perform(GetParam(), 1);
     for (TimedReport& report : performance) {
         for (MTTouch& touch : report.touches) {
@@ -74,12 +74,12 @@ INSTANTIATE_TEST_SUITE_P(AllPerformableGestures, RecognisedPerformanceTest,
                          testing::ValuesIn(performableGestures()),
                          [](const auto& row) { return std::string(rawValue(row.param)); });
 
-TEST(RecognisedPerformance, AnUnboundDoubleTapIsReportedAsTapAndDoubleTap) {
+TEST(DoubleTapPerformanceTest, UnboundDoubleTapIsReportedAsTapAndDoubleTap) {
     EXPECT_THAT(recognise(perform(GestureType::threeFingerDoubleTap, 5), false),
                 ElementsAre(GestureType::threeFingerTap, GestureType::threeFingerDoubleTap));
 }
 
-TEST(RecognisedPerformance, ASingleTapIsStillReportedWhenItsDoubleTapIsBound) {
+TEST(DoubleTapPerformanceTest, SingleTapIsStillReportedWhenItsDoubleTapIsBound) {
     EXPECT_THAT(recognise(perform(GestureType::twoFingerTap, 5), true),
                 ElementsAre(GestureType::twoFingerTap));
 }

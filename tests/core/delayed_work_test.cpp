@@ -22,7 +22,7 @@ TEST(WorkItemTest, DoesNothingAfterCancellation) {
     EXPECT_EQ(runs, 0);
 }
 
-TEST(WorkItemTest, IsNotStoppedByACancellationAfterItHasStarted) {
+TEST(WorkItemTest, CancellationDoesNotStopStartedWork) {
     bool finished = false;
     std::shared_ptr<WorkItem> item;
     item = std::make_shared<WorkItem>([&] {

@@ -88,7 +88,7 @@ const Row rows[] = {
      {twoFingerLongPress, threeFingerLongPress, fourFingerLongPress}},
 };
 
-TEST(GestureCategoryTest, TenCategoriesAreListedInTheOrderOfDeclaration) {
+TEST(GestureCategoryTest, TenCategoriesAreListedInDeclarationOrder) {
     ASSERT_EQ(std::size(rows), 10U);
     ASSERT_EQ(allGestureCategories.size(), 10U);
     for (std::size_t index = 0; index < allGestureCategories.size(); ++index) {
@@ -106,18 +106,18 @@ TEST(GestureCategoryTest, EachCategoryHasItsRawValueNamesAndSymbol) {
     }
 }
 
-TEST(GestureCategoryTest, EachCategoryListsItsGesturesInTheOrderOfDeclaration) {
+TEST(GestureCategoryTest, EachCategoryListsItsGesturesInDeclarationOrder) {
     for (const Row& row : rows) {
         EXPECT_EQ(gestures(row.category), row.gestures) << row.rawValue;
     }
 }
 
-TEST(GestureCategoryTest, TheTapsAreTheFourTapsInOrder) {
+TEST(GestureCategoryTest, TapCategoryListsFourTapsInOrder) {
     EXPECT_EQ(gestures(GestureCategory::tap),
               (Members{twoFingerTap, threeFingerTap, fourFingerTap, fiveFingerTap}));
 }
 
-TEST(GestureCategoryTest, TheLongPressesAreTheLastThree) {
+TEST(GestureCategoryTest, LongPressCategoryListsThreeLongPressesInOrder) {
     EXPECT_EQ(gestures(GestureCategory::longPress),
               (Members{twoFingerLongPress, threeFingerLongPress, fourFingerLongPress}));
 }

@@ -172,7 +172,7 @@ const DetailRow details[] = {
      "多根手指按住触控板不动约 0.8 秒（无需按压）"},
 };
 
-TEST(GestureTypeTest, TheCatalogueHas48GesturesInTheOrderOfDeclaration) {
+TEST(GestureTypeTest, CatalogueHas48GesturesInDeclarationOrder) {
     ASSERT_EQ(std::size(catalogue), 48U);
     ASSERT_EQ(allGestureTypes.size(), 48U);
     for (std::size_t index = 0; index < allGestureTypes.size(); ++index) {
@@ -215,7 +215,7 @@ TEST(GestureTypeTest, EveryDetailIsInTheCurrentLanguage) {
     EXPECT_EQ(seen.size(), 48U);
 }
 
-TEST(GestureTypeTest, ANamedLanguageOverridesTheCurrentOne) {
+TEST(GestureTypeTest, ExplicitLanguageOverridesTheCurrentLanguage) {
     Lang named(nullptr);
     named.setCode("zh");
     EXPECT_EQ(displayName(twoFingerTap, named), "两指轻点");
@@ -229,7 +229,7 @@ TEST(GestureTypeTest, ANamedLanguageOverridesTheCurrentOne) {
               "Draw a full circle on the trackpad with one finger");
 }
 
-TEST(GestureTypeTest, EveryCodeExceptChineseShowsEnglish) {
+TEST(GestureTypeTest, EveryLanguageCodeExceptChineseShowsEnglish) {
     for (const char* code : {"en", "", "fr", "ZH", "zh-Hans", "zh "}) {
         const InLanguage language(code);
         EXPECT_EQ(displayName(twoFingerTap), "Two-Finger Tap") << code;
@@ -240,14 +240,14 @@ TEST(GestureTypeTest, EveryCodeExceptChineseShowsEnglish) {
     }
 }
 
-TEST(GestureTypeTest, ARawValueIsMatchedExactly) {
+TEST(GestureTypeTest, RawValuesAreMatchedExactly) {
     for (const char* text : {"TwoFingerTap", "twofingertap", "TWOFINGERTAP", " twoFingerTap",
                              "twoFingerTap ", "twoFinger", "", "oneFingerTap", "drawcircle"}) {
         EXPECT_EQ(gestureTypeFromRawValue(text), std::nullopt) << text;
     }
 }
 
-TEST(GestureTypeTest, ClicksOfMoreThanTwoFingersShareADetail) {
+TEST(GestureTypeTest, ClicksWithMoreThanTwoFingersShareADetail) {
     EXPECT_EQ(detail(twoFingerClick),
               "Physical click with two fingers (intercepts the system right-click menu)");
     EXPECT_EQ(detail(threeFingerClick), "Physical click with multiple fingers (intercepts the "
@@ -255,7 +255,7 @@ TEST(GestureTypeTest, ClicksOfMoreThanTwoFingersShareADetail) {
     EXPECT_EQ(detail(fourFingerClick), detail(threeFingerClick));
 }
 
-TEST(GestureTypeTest, SwipesOfMoreThanTwoFingersShareADetail) {
+TEST(GestureTypeTest, SwipesWithMoreThanTwoFingersShareADetail) {
     EXPECT_EQ(detail(threeFingerSwipeUp), detail(fiveFingerSwipeDown));
     EXPECT_EQ(detail(threeFingerSwipeUp),
               "Quick multi-finger swipe. If it clashes with a system gesture, disable that gesture "
@@ -263,7 +263,7 @@ TEST(GestureTypeTest, SwipesOfMoreThanTwoFingersShareADetail) {
     EXPECT_NE(detail(twoFingerSwipeUp), detail(threeFingerSwipeUp));
 }
 
-TEST(GestureTypeTest, AWarningSignIsFollowedByTheEmojiSelector) {
+TEST(GestureTypeTest, WarningSignIsFollowedByTheEmojiVariationSelector) {
     const std::string warning = "\u26A0\uFE0F";
     for (const GestureType gesture : allGestureTypes) {
         const std::string text = detail(gesture);
@@ -273,7 +273,7 @@ TEST(GestureTypeTest, AWarningSignIsFollowedByTheEmojiSelector) {
     }
 }
 
-TEST(GestureTypeTest, AGestureHasTheSymbolOfItsCategory) {
+TEST(GestureTypeTest, GestureHasTheSymbolOfItsCategory) {
     for (const GestureType gesture : allGestureTypes) {
         EXPECT_EQ(symbolName(gesture), symbolName(category(gesture)));
     }
@@ -307,7 +307,7 @@ const ShapeRow shapes[] = {
     {std::nullopt, GestureCategory::tap, -1, GestureDirection::none},
 };
 
-TEST(GestureType, IsFoundByCategoryFingersAndDirection) {
+TEST(GestureTypeTest, IsFoundByCategoryFingerCountAndDirection) {
     for (const ShapeRow& row : shapes) {
         EXPECT_EQ(gestureFor(row.category, row.fingerCount, row.direction), row.gesture);
     }
@@ -317,7 +317,7 @@ TEST(GestureType, IsFoundByCategoryFingersAndDirection) {
     }
 }
 
-TEST(GestureType, IsAClickOnlyInTheClickCategory) {
+TEST(GestureTypeTest, IsAClickOnlyInTheClickCategory) {
     for (const GestureType gesture : allGestureTypes) {
         EXPECT_EQ(isClick(gesture), gesture == twoFingerClick || gesture == threeFingerClick ||
                                         gesture == fourFingerClick)

@@ -28,7 +28,7 @@ std::shared_ptr<FakeUserDefaults> storeHolding(const char* code) {
     return store;
 }
 
-TEST(LangTest, TheFirstLaunchIsEnglishAndDoesNotWrite) {
+TEST(LangTest, FirstLaunchIsEnglishAndStoresNothing) {
     const auto store = std::make_shared<FakeUserDefaults>();
     const Lang lang(store);
     EXPECT_EQ(lang.code(), "en");
@@ -37,13 +37,13 @@ TEST(LangTest, TheFirstLaunchIsEnglishAndDoesNotWrite) {
     EXPECT_FALSE(store->string(key).has_value());
 }
 
-TEST(LangTest, TheNextLaunchUsesTheStoredCode) {
+TEST(LangTest, NextLaunchUsesTheStoredCode) {
     const Lang lang(storeHolding("zh"));
     EXPECT_EQ(lang.code(), "zh");
     EXPECT_EQ(lang.choose("yes", "是"), "是");
 }
 
-TEST(LangTest, AnUnknownStoredCodeIsKeptAndShowsEnglish) {
+TEST(LangTest, UnknownStoredCodeIsKeptAndShowsEnglish) {
     const auto store = storeHolding("fr");
     const Lang lang(store);
     EXPECT_EQ(lang.code(), "fr");
@@ -52,7 +52,7 @@ TEST(LangTest, AnUnknownStoredCodeIsKeptAndShowsEnglish) {
     EXPECT_EQ(store->writes, Writes());
 }
 
-TEST(LangTest, AnEmptyStoredCodeIsKept) {
+TEST(LangTest, EmptyStoredCodeIsKept) {
     EXPECT_EQ(Lang(storeHolding("")).code(), "");
 }
 
@@ -94,7 +94,7 @@ TEST(LangTest, ObserversAreNotifiedBeforeAndAfterEveryWrite) {
               (std::vector<std::string>{"will: en, 0", "did: zh, 1", "will: zh, 1", "did: zh, 2"}));
 }
 
-TEST(LangTest, ADestroyedObserverIsNotCalled) {
+TEST(LangTest, DestroyedObserverIsNotCalled) {
     Lang lang(nullptr);
     int calls = 0;
     {
@@ -105,13 +105,13 @@ TEST(LangTest, ADestroyedObserverIsNotCalled) {
     EXPECT_EQ(calls, 1);
 }
 
-TEST(LangTest, WithoutAStoreTheObjectKeepsTheCode) {
+TEST(LangTest, KeepsTheCodeInMemoryWithoutAStore) {
     Lang lang(nullptr);
     lang.setCode("zh");
     EXPECT_EQ(lang.code(), "zh");
 }
 
-TEST(LangTest, TheSharedInstanceStoresItsCodeInTheConfiguredStore) {
+TEST(LangTest, SharedInstanceStoresItsCodeInTheConfiguredStore) {
     EXPECT_EQ(&Lang::shared(), &Lang::shared());
     {
         const kit::InLanguage chinese("zh");
@@ -121,7 +121,7 @@ TEST(LangTest, TheSharedInstanceStoresItsCodeInTheConfiguredStore) {
 }
 
 // The engine's queue also creates texts: it builds the labels of gestures in the log.
-TEST(LangTest, AReaderOnAnotherThreadGetsTheOldCodeOrTheNew) {
+TEST(LangTest, ReaderOnAnotherThreadGetsTheOldOrTheNewCode) {
     Lang lang(nullptr);
     std::atomic<bool> done = false;
     std::atomic<int> reads = 0;

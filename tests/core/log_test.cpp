@@ -107,7 +107,7 @@ TEST_F(LogTest, ReplacesControlCharacters) {
     EXPECT_THAT(standardError.text(), EndsWith("seen Pad??[2J??? 触控板\n"));
 }
 
-TEST_F(LogTest, ToleratesANullText) {
+TEST_F(LogTest, AcceptsANullText) {
     logLine("touchpads", "named ", static_cast<const char*>(nullptr));
     EXPECT_THAT(standardError.text(), EndsWith("named (null)\n"));
 }
@@ -139,7 +139,7 @@ TEST_F(LogTest, PreservesErrno) {
     EXPECT_EQ(errno, EBUSY);
 }
 
-TEST_F(LogTest, KeepsLinesOfSeveralThreadsWhole) {
+TEST_F(LogTest, DoesNotInterleaveLinesOfSeveralThreads) {
     constexpr int linesEach = 200;
     const std::vector<std::string> words = {std::string(40, 'a'), std::string(40, 'b')};
     std::vector<std::thread> writers;
@@ -161,7 +161,7 @@ TEST_F(LogTest, KeepsLinesOfSeveralThreadsWhole) {
     EXPECT_EQ(count, 2 * linesEach);
 }
 
-TEST_F(LogTest, EnablingItAlsoEnablesTheLogsOfLibrariesLoadedLater) {
+TEST_F(LogTest, EnablingTheLogAlsoEnablesTheLogsOfLibrariesLoadedLater) {
     const test::InEnvironment restored("GLIDEMAP_LOG", nullptr);
     log_detail::on = false;
     enableLog();

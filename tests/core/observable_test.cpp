@@ -12,7 +12,7 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-TEST(ObservableTest, AnnouncementsReachEverySubscriberInOrder) {
+TEST(ObservableTest, NotificationsReachEverySubscriberInOrder) {
     Observable observable;
     Log log;
     const auto first = observable.subscribe([&] { log.emplace_back("first will"); },
@@ -24,7 +24,7 @@ TEST(ObservableTest, AnnouncementsReachEverySubscriberInOrder) {
     EXPECT_EQ(log, (Log{"first will", "second will", "first did", "second did"}));
 }
 
-TEST(ObservableTest, EitherFunctionMayBeEmpty) {
+TEST(ObservableTest, EitherCallbackMayBeEmpty) {
     Observable observable;
     int did = 0;
     const auto silent = observable.subscribe({}, {});
@@ -35,7 +35,7 @@ TEST(ObservableTest, EitherFunctionMayBeEmpty) {
     EXPECT_EQ(did, 1);
 }
 
-TEST(ObservableTest, AReleasedSubscriptionIsNotNotified) {
+TEST(ObservableTest, ReleasedSubscriptionIsNotNotified) {
     Observable observable;
     int notified = 0;
     auto released = observable.subscribe([&] { ++notified; });
@@ -47,7 +47,7 @@ TEST(ObservableTest, AReleasedSubscriptionIsNotNotified) {
     EXPECT_EQ(notified, 0);
 }
 
-TEST(ObservableTest, AMovedSubscriptionIsStillNotified) {
+TEST(ObservableTest, MovedSubscriptionIsStillNotified) {
     Observable observable;
     int notified = 0;
     Subscription kept;
@@ -62,7 +62,7 @@ TEST(ObservableTest, AMovedSubscriptionIsStillNotified) {
     EXPECT_EQ(notified, 1);
 }
 
-TEST(ObservableTest, AnObserverMayUnsubscribeDuringItsNotification) {
+TEST(ObservableTest, ObserverMayUnsubscribeDuringItsNotification) {
     Observable observable;
     int notified = 0;
     Subscription itself;
@@ -76,7 +76,7 @@ TEST(ObservableTest, AnObserverMayUnsubscribeDuringItsNotification) {
     EXPECT_EQ(notified, 2);
 }
 
-TEST(ObservableTest, AnObserverReleasedDuringANotificationIsNotCalledAgain) {
+TEST(ObservableTest, ObserverReleasedDuringANotificationIsNotCalledAgain) {
     Observable observable;
     int notified = 0;
     Subscription second;
@@ -86,7 +86,7 @@ TEST(ObservableTest, AnObserverReleasedDuringANotificationIsNotCalledAgain) {
     EXPECT_EQ(notified, 0);
 }
 
-TEST(ObservableTest, AnObserverMaySubscribeAnotherDuringItsNotification) {
+TEST(ObservableTest, ObserverMaySubscribeAnotherObserverDuringItsNotification) {
     Observable observable;
     int notified = 0;
     std::optional<Subscription> added;
@@ -101,7 +101,7 @@ TEST(ObservableTest, AnObserverMaySubscribeAnotherDuringItsNotification) {
     EXPECT_EQ(notified, 1);
 }
 
-TEST(ObservableTest, AnObserverMayAnnounceAgain) {
+TEST(ObservableTest, ObserverMayTriggerAnotherNotification) {
     Observable observable;
     int notified = 0;
     const auto subscription = observable.subscribe([&] {
@@ -113,14 +113,14 @@ TEST(ObservableTest, AnObserverMayAnnounceAgain) {
     EXPECT_EQ(notified, 3);
 }
 
-TEST(ObservableTest, ASubscriptionMayOutliveTheObservedObject) {
+TEST(ObservableTest, SubscriptionMayOutliveTheObservedObject) {
     auto observable = std::make_unique<Observable>();
     auto subscription = observable->subscribe([] {});
     observable.reset();
     subscription.release();
 }
 
-TEST(ObservableTest, TheObservedObjectMayBeDestroyedDuringANotification) {
+TEST(ObservableTest, ObservedObjectMayBeDestroyedDuringANotification) {
     auto observable = std::make_unique<Observable>();
     int notified = 0;
     const auto first = observable->subscribe([&] { observable.reset(); });

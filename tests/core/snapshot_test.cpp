@@ -9,12 +9,12 @@
 namespace glidemap {
 namespace {
 
-TEST(SnapshotTest, HoldsADefaultValueUntilOneIsSet) {
+TEST(SnapshotTest, HoldsADefaultValueUntilSet) {
     EXPECT_EQ(*Snapshot<int>().get(), 0);
     EXPECT_EQ(*Snapshot<int>(7).get(), 7);
 }
 
-TEST(SnapshotTest, AReaderKeepsTheValueItGot) {
+TEST(SnapshotTest, ReaderKeepsTheValueThatItLoaded) {
     Snapshot<std::vector<int>> snapshot({1, 2});
     const auto before = snapshot.get();
     snapshot.set({3});
@@ -22,7 +22,7 @@ TEST(SnapshotTest, AReaderKeepsTheValueItGot) {
     EXPECT_EQ(*snapshot.get(), std::vector{3});
 }
 
-TEST(SnapshotTest, AnOldValueIsDestroyedWithItsLastReader) {
+TEST(SnapshotTest, OldValueIsDestroyedWithItsLastReader) {
     const auto value = std::make_shared<int>(1);
     Snapshot<std::shared_ptr<int>> snapshot(value);
     auto reader = snapshot.get();
@@ -34,7 +34,7 @@ TEST(SnapshotTest, AnOldValueIsDestroyedWithItsLastReader) {
 
 // If the old value's destructor ran under the lock, reading the current value from it would
 // deadlock.
-TEST(SnapshotTest, AnOldValueIsDestroyedOutsideTheLock) {
+TEST(SnapshotTest, OldValueIsDestroyedOutsideTheLock) {
     struct Reader;
     using Box = Snapshot<std::shared_ptr<Reader>>;
     struct Reader {
@@ -49,7 +49,7 @@ TEST(SnapshotTest, AnOldValueIsDestroyedOutsideTheLock) {
     snapshot.set(nullptr);
 }
 
-TEST(SnapshotTest, AReaderNeverSeesAPartialChange) {
+TEST(SnapshotTest, ReaderNeverSeesAPartialChange) {
     Snapshot<std::vector<int>> snapshot(std::vector(64, 0));
     std::atomic<bool> done = false;
     std::atomic<int> reads = 0;

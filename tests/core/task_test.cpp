@@ -19,7 +19,7 @@ TEST(TaskTest, RunsItsFunction) {
     EXPECT_EQ(runs, 2);
 }
 
-TEST(TaskTest, KnowsWhetherItIsEmpty) {
+TEST(TaskTest, ReportsWhetherItIsEmpty) {
     Task task;
     EXPECT_FALSE(task);
     task = [] {
@@ -57,7 +57,7 @@ TEST(TaskTest, AssignmentDestroysTheOldCaptures) {
     EXPECT_EQ(captured.use_count(), 1);
 }
 
-TEST(TaskTest, MovingKeepsOneCopyOfTheCaptures) {
+TEST(TaskTest, MovingDoesNotCopyTheCaptures) {
     const auto captured = std::make_shared<int>();
     Task task = [captured] {
     };

@@ -31,7 +31,7 @@ TEST(UuidTest, ParsesAnySixteenBytesRegardlessOfVersion) {
     }
 }
 
-TEST(UuidTest, RejectsAnyOtherText) {
+TEST(UuidTest, RejectsInvalidText) {
     using namespace std::string_view_literals;
     constexpr std::pair<const char*, std::string_view> rows[] = {
         {"nothing", ""},
@@ -61,7 +61,7 @@ TEST(UuidTest, RejectsAnyOtherText) {
     }
 }
 
-TEST(UuidTest, AGeneratedUuidIsRandomAndRoundTrips) {
+TEST(UuidTest, GeneratedUuidIsRandomAndRoundTrips) {
     std::unordered_set<Uuid> made;
     for (int count = 0; count < 1'000; ++count) {
         const Uuid uuid = Uuid::generate();

@@ -51,7 +51,7 @@ const AccessRow accessRows[] = {
     {"ordinary with a private umask", FileAccess::ordinary, 077, 0600},
 };
 
-TEST_F(WholeFileTest, TheFileHasTheRequestedPermissions) {
+TEST_F(WholeFileTest, FileHasTheRequestedPermissions) {
     for (const AccessRow& row : accessRows) {
         temporary.write("file", "an older one, open to all");
         fs::permissions(file, fs::perms::all);
@@ -64,7 +64,7 @@ TEST_F(WholeFileTest, TheFileHasTheRequestedPermissions) {
     }
 }
 
-TEST_F(WholeFileTest, ALinkIsReplacedAndItsTargetStays) {
+TEST_F(WholeFileTest, SymbolicLinkIsReplacedAndItsTargetIsKept) {
     const auto kept = temporary.write("kept", "old");
     fs::create_symlink(kept, file);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
@@ -73,7 +73,7 @@ TEST_F(WholeFileTest, ALinkIsReplacedAndItsTargetStays) {
     EXPECT_EQ(contentOf(kept), "old");
 }
 
-TEST_F(WholeFileTest, AFailureReturnsTheSystemsErrorAndKeepsTheOldContent) {
+TEST_F(WholeFileTest, FailureReturnsTheSystemErrorAndKeepsTheOldContent) {
     temporary.write("file", "old");
     fs::create_directories(folder / "taken" / "by a folder");
     const auto write = [](const fs::path& path) {
@@ -111,14 +111,14 @@ int timesOpen(const fs::path& wantedPath) {
     return count;
 }
 
-TEST_F(WholeFileTest, ALockOnTheFolderDoesNotBlockAWriter) {
+TEST_F(WholeFileTest, LockOnTheFolderDoesNotBlockAWriter) {
     const int other = lockOf(folder, O_RDONLY | O_DIRECTORY);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
     EXPECT_EQ(contentOf(file), "new");
     close(other);
 }
 
-TEST_F(WholeFileTest, ALockedFileIsWaitedForAtMostOneSecond) {
+TEST_F(WholeFileTest, WaitsAtMostOneSecondForALockedFile) {
     temporary.write("file", "old");
     const int other = lockOf(saving, O_RDWR | O_CREAT);
     const auto start = std::chrono::steady_clock::now();
@@ -132,7 +132,7 @@ TEST_F(WholeFileTest, ALockedFileIsWaitedForAtMostOneSecond) {
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(WholeFileTest, AConcurrentWriterIsWaitedFor) {
+TEST_F(WholeFileTest, WaitsForAConcurrentWriter) {
     for (const bool renames : {true, false}) {
         const int other = lockOf(saving, O_RDWR | O_CREAT);
         std::atomic<bool> isReleased = false;
@@ -158,7 +158,7 @@ TEST_F(WholeFileTest, AConcurrentWriterIsWaitedFor) {
     }
 }
 
-TEST_F(WholeFileTest, ALockThatAnotherUserCouldHoldIsIgnoredAfterOneSecond) {
+TEST_F(WholeFileTest, LockThatAnotherUserCouldHoldIsIgnoredAfterOneSecond) {
     const int other = lockOf(saving, O_RDWR | O_CREAT);
     fs::permissions(saving, fs::perms::all);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
@@ -167,14 +167,14 @@ TEST_F(WholeFileTest, ALockThatAnotherUserCouldHoldIsIgnoredAfterOneSecond) {
     close(other);
 }
 
-TEST_F(WholeFileTest, AnEmptyFolderWithTheTemporaryNameIsRemoved) {
+TEST_F(WholeFileTest, EmptyFolderWithTheTemporaryNameIsRemoved) {
     fs::create_directory(saving);
     EXPECT_FALSE(writeWhole(file, "new", FileAccess::ownerOnly));
     EXPECT_EQ(contentOf(file), "new");
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(WholeFileTest, ANonEmptyFolderWithTheTemporaryNameStaysAndIsAvoided) {
+TEST_F(WholeFileTest, NonEmptyFolderWithTheTemporaryNameIsKeptAndAvoided) {
     fs::create_directories(saving / "kept");
     fs::create_directories(fs::path(saving.native() + ".2") / "kept");
     for (const char* const content : {"first", "second"}) {
@@ -185,7 +185,7 @@ TEST_F(WholeFileTest, ANonEmptyFolderWithTheTemporaryNameStaysAndIsAvoided) {
     EXPECT_TRUE(fs::exists(saving / "kept"));
 }
 
-TEST_F(WholeFileTest, APipeOrALinkWithTheTemporaryNameIsRemoved) {
+TEST_F(WholeFileTest, PipeOrSymbolicLinkWithTheTemporaryNameIsRemoved) {
     const auto kept = temporary.write("kept", "untouched");
     ASSERT_EQ(mkfifo(saving.c_str(), 0600), 0);
     EXPECT_FALSE(writeWhole(file, "first", FileAccess::ownerOnly));

@@ -74,7 +74,7 @@ TEST_P(ApplicationsTest, LaunchedApplicationRunsAndComesForward) {
 }
 
 // Applies only to applications that support startup notification.
-TEST_P(ApplicationsTest, LaunchedApplicationHasProofOfTheUsersRequest) {
+TEST_P(ApplicationsTest, LaunchedApplicationReceivesAnActivationToken) {
     const Leash leash(folder.path() / "leash");
     const auto token = folder.path() / "proof";
     const auto script =

@@ -180,7 +180,7 @@ TEST_P(BringForwardTest, WindowOnAnotherWorkspaceIsShown) {
     expectStarts(seen, "first", 0);
 }
 
-TEST_P(BringForwardTest, LastUsedOfTwoWindowsComesForward) {
+TEST_P(BringForwardTest, MostRecentlyUsedWindowComesForward) {
     const Leash leash(folder.path() / "leash");
     install("two", noting("two", leash));
     SeenWorkspace seen;

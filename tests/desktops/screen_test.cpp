@@ -76,7 +76,7 @@ TEST_P(LockTest, ScreenLocksOrFailureIsReported) {
 }
 
 // A common setup of sway and labwc sessions: only swayidle knows the locker.
-TEST_P(LockTest, LockerOfSwayidleLocksWithoutAService) {
+TEST_P(LockTest, SwayidleLockerLocksWithoutALockService) {
     if (GetParam().name != "Sway" && GetParam().name != "Labwc") {
         GTEST_SKIP() << "no desktop for swayidle";
     }

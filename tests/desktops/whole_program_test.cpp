@@ -93,7 +93,7 @@ TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
     expectEnd(glidemap);
 }
 
-TEST_P(ProgramTest, AlertAboutAMissingStatusBarTakesTheKeyboardFromNoOtherProgram) {
+TEST_P(ProgramTest, MissingStatusBarAlertDoesNotStealTheKeyboardFocus) {
     if (GetParam().statusBar == StatusBar::shown) {
         GTEST_SKIP() << "this desktop has a status bar";
     }
@@ -115,7 +115,7 @@ TEST_P(ProgramTest, AlertAboutAMissingStatusBarTakesTheKeyboardFromNoOtherProgra
     expectEnd(glidemap);
 }
 
-TEST_P(ProgramTest, StatusItemIsInTheStatusBarIfThereIsOne) {
+TEST_P(ProgramTest, StatusItemAppearsIfTheDesktopHasAStatusBar) {
     EXPECT_FALSE(desktop->showsStatusItem());
     Program glidemap(command());
     if (GetParam().statusBar == StatusBar::shown) {

@@ -36,7 +36,7 @@ protected:
         .workspace = workspace, .keyEvents = keyEvents, .screenLock = lock, .session = session});
 };
 
-TEST_F(ActionRunnerTest, AShortcutPostsKeyDownAndUpWithExactlyItsModifiersInOneCall) {
+TEST_F(ActionRunnerTest, ShortcutPostsKeyDownAndUpWithExactlyItsModifiersInOneCall) {
     const std::uint64_t masks[] = {0, modifier::shift, modifier::option | modifier::command,
                                    std::uint64_t{1} << 63 | 1,
                                    std::numeric_limits<std::uint64_t>::max()};
@@ -48,17 +48,17 @@ TEST_F(ActionRunnerTest, AShortcutPostsKeyDownAndUpWithExactlyItsModifiersInOneC
     expectNothingElseThan(1, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, AShortcutWithoutModifiersPostsPlainDownAndUp) {
+TEST_F(ActionRunnerTest, ShortcutWithoutModifiersPostsPlainDownAndUp) {
     runner->perform(KeyShortcut{0, 0});
     EXPECT_THAT(keyEvents->posts, ElementsAre(Post{{0, true, 0}, {0, false, 0}}));
 }
 
-TEST_F(ActionRunnerTest, LocksTheScreenWithTheSystemsOwnLock) {
+TEST_F(ActionRunnerTest, LocksTheScreenWithTheSystemLock) {
     runner->perform(LockScreen{});
     expectNothingElseThan(0, 1, 0);
 }
 
-TEST_F(ActionRunnerTest, TheSystemsLockIsLookedUpOnce) {
+TEST_F(ActionRunnerTest, LooksUpTheSystemLockOnce) {
     EXPECT_EQ(lock->timesLookedFor, 0);
     for (int count = 0; count < 3; ++count) {
         runner->perform(LockScreen{});
@@ -67,7 +67,7 @@ TEST_F(ActionRunnerTest, TheSystemsLockIsLookedUpOnce) {
     expectNothingElseThan(0, 3, 0);
 }
 
-TEST_F(ActionRunnerTest, WithoutASystemLockControlCommandQIsTypedWithoutAnotherLookup) {
+TEST_F(ActionRunnerTest, TypesControlCommandQWithoutASystemLock) {
     lock->exists = false;
     runner->perform(LockScreen{});
     runner->perform(LockScreen{});
@@ -83,7 +83,7 @@ TEST_F(ActionRunnerTest, TypesControlCommandQWhenTheSystemRefusesToLock) {
     EXPECT_THAT(keyEvents->posts, ElementsAre(lockShortcut));
 }
 
-TEST_F(ActionRunnerTest, WhileLockedOnlyALockRuns) {
+TEST_F(ActionRunnerTest, OnlyALockActionRunsOnALockedScreen) {
     session->setLocked(true);
     workspace->urls["org.example.Editor"] = "file:///editor";
     runner->perform(KeyShortcut{124, 0});
@@ -94,21 +94,21 @@ TEST_F(ActionRunnerTest, WhileLockedOnlyALockRuns) {
     expectNothingElseThan(0, 1, 0);
 }
 
-TEST_F(ActionRunnerTest, TheLockShortcutIsNotTypedOnALockedScreen) {
+TEST_F(ActionRunnerTest, LockShortcutIsNotTypedOnALockedScreen) {
     runner->perform(LockScreen{});
     session->setLocked(true);
     lock->refuse();
     expectNothingElseThan(0, 1, 0);
 }
 
-TEST_F(ActionRunnerTest, WithoutASystemLockALockedScreenGetsNoShortcut) {
+TEST_F(ActionRunnerTest, TypesNothingOnALockedScreenWithoutASystemLock) {
     lock->exists = false;
     session->setLocked(true);
     runner->perform(LockScreen{});
     expectNothingElseThan(0, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, ARefusalAfterTheRunnersDestructionDoesNothing) {
+TEST_F(ActionRunnerTest, LockRefusalAfterTheRunnerIsDestroyedDoesNothing) {
     runner->perform(LockScreen{});
     runner.reset();
     lock->refuse();
@@ -119,13 +119,13 @@ TEST_F(ActionRunnerTest, ARefusalAfterTheRunnersDestructionDoesNothing) {
     lock->refuse();
 }
 
-TEST_F(ActionRunnerTest, TheWorkspaceOpensMissionControl) {
+TEST_F(ActionRunnerTest, OpensMissionControlThroughTheWorkspace) {
     runner->perform(MissionControl{});
     EXPECT_THAT(workspace->opened, ElementsAre("mission control"));
     expectNothingElseThan(0, 0, 1);
 }
 
-TEST_F(ActionRunnerTest, AnApplicationIsLaunchedByIdentifierNotByName) {
+TEST_F(ActionRunnerTest, ApplicationIsLaunchedByIdentifierNotByName) {
     workspace->urls = {{"org.example.Editor", "file:///applications/editor"},
                        {"Editor", "file:///wrong"}};
     runner->perform(LaunchApp{"org.example.Editor", "Editor"});
@@ -133,13 +133,13 @@ TEST_F(ActionRunnerTest, AnApplicationIsLaunchedByIdentifierNotByName) {
     expectNothingElseThan(0, 0, 1);
 }
 
-TEST_F(ActionRunnerTest, AnUnknownIdentifierLaunchesNothing) {
+TEST_F(ActionRunnerTest, UnknownIdentifierLaunchesNothing) {
     runner->perform(LaunchApp{"org.example.Missing", "Missing"});
     runner->launchApp("");
     expectNothingElseThan(0, 0, 0);
 }
 
-TEST_F(ActionRunnerTest, LaunchesWithoutABinding) {
+TEST_F(ActionRunnerTest, LaunchAppNeedsNoBinding) {
     workspace->urls = {{"org.example.Editor", "file:///applications/editor"}};
     runner->launchApp("org.example.Editor");
     EXPECT_THAT(workspace->opened, ElementsAre("application file:///applications/editor"));

@@ -48,14 +48,14 @@ TEST_F(ClickDemandTest, ClicksAreNeededExactlyWhileAnEnabledClickBindingExists) 
     }
 }
 
-TEST_F(ClickDemandTest, ABindingForOneApplicationIsEnough) {
+TEST_F(ClickDemandTest, BindingForOneApplicationNeedsClicks) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
     EXPECT_THAT(reportedAbout({typing(1, fourFingerClick, AppScope{editorID, editorName})}),
                 ElementsAre("needed"));
 }
 
-TEST_F(ClickDemandTest, NotifiesOnlyOfChanges) {
+TEST_F(ClickDemandTest, NotifiesOnlyWhenTheDemandChanges) {
     const ClickDemand demand(stage.dispatcher, tap);
     tap->takeNotes();
     EXPECT_THAT(reportedAbout({typing(1, pinchIn)}), IsEmpty());
@@ -66,7 +66,7 @@ TEST_F(ClickDemandTest, NotifiesOnlyOfChanges) {
     EXPECT_THAT(reportedAbout({}), IsEmpty());
 }
 
-TEST_F(ClickDemandTest, WithTheMasterSwitchOffNoClicksAreNeeded) {
+TEST_F(ClickDemandTest, ClicksAreNotNeededWhileTheMasterSwitchIsOff) {
     stage.store->setBindings({typing(1, twoFingerClick)});
     const ClickDemand demand(stage.dispatcher, tap);
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
@@ -81,7 +81,7 @@ TEST_F(ClickDemandTest, WithTheMasterSwitchOffNoClicksAreNeeded) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("needed"));
 }
 
-TEST_F(ClickDemandTest, DoesNotNotifyAfterItsDestruction) {
+TEST_F(ClickDemandTest, DoesNotNotifyAfterDestruction) {
     std::make_unique<ClickDemand>(stage.dispatcher, tap).reset();
     tap->takeNotes();
     EXPECT_THAT(reportedAbout({typing(1, twoFingerClick)}), IsEmpty());

@@ -70,7 +70,7 @@ TEST_F(ClickMonitorTest, StartCreatesAndEnablesTheTapOnce) {
     EXPECT_THAT(tap->takeNotes(), IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, WithoutPermissionItDoesNotRunAndCanBeRetried) {
+TEST_F(ClickMonitorTest, DoesNotRunWithoutPermissionAndCanBeRetried) {
     tap->isPermitted = false;
     monitor->start();
     EXPECT_FALSE(monitor->isRunning());
@@ -97,7 +97,7 @@ TEST_F(ClickMonitorTest, StopDisablesAndRemovesTheTapOnce) {
     EXPECT_THAT(tap->takeNotes(), ElementsAre("create", "enable"));
 }
 
-TEST_F(ClickMonitorTest, ItsDestructorRemovesTheTapAndLaterEventsPass) {
+TEST_F(ClickMonitorTest, DestructorRemovesTheTapAndLaterEventsPass) {
     monitor->start();
     tap->takeNotes();
     monitor.reset();
@@ -109,7 +109,7 @@ TEST_F(ClickMonitorTest, ItsDestructorRemovesTheTapAndLaterEventsPass) {
     EXPECT_THAT(offered, IsEmpty());
 }
 
-TEST_F(ClickMonitorTest, ItsDestructorDoesNotCallATapThatIsNotRunning) {
+TEST_F(ClickMonitorTest, DestructorDoesNotCallATapThatIsNotRunning) {
     monitor->start();
     monitor->stop();
     tap->takeNotes();
@@ -152,7 +152,7 @@ TEST_F(ClickMonitorTest, OnlyPressesWithTwoToFourFingersAreOfferedAndDroppedIfCo
     }
 }
 
-TEST_F(ClickMonitorTest, ATapDisabledByATimeoutIsReenabledEveryTime) {
+TEST_F(ClickMonitorTest, EventTapDisabledByATimeoutIsReenabledEveryTime) {
     monitor->start();
     tap->takeNotes();
     EXPECT_EQ(tap->offer({tapDisabledByTimeout, 0}), pass);
@@ -174,7 +174,7 @@ struct Story {
     std::vector<Step> steps;
 };
 
-TEST_F(ClickMonitorTest, ADroppedPressDropsOnlyItsOwnRelease) {
+TEST_F(ClickMonitorTest, OnlyTheReleaseOfADroppedPressIsDropped) {
     const Story stories[] = {
         {"a dropped press loses its release, and only one",
          {{{leftMouseDown, 0}, 2, true, drop},
@@ -238,7 +238,7 @@ TEST_F(ClickMonitorTest, ADroppedPressDropsOnlyItsOwnRelease) {
     }
 }
 
-TEST_F(ClickMonitorTest, ButtonsAwaitingTheirReleaseSurviveAStop) {
+TEST_F(ClickMonitorTest, ReleaseOfADroppedPressIsDroppedEvenAfterARestart) {
     monitor->start();
     EXPECT_EQ(press(), drop);
     monitor->stop();
@@ -247,7 +247,7 @@ TEST_F(ClickMonitorTest, ButtonsAwaitingTheirReleaseSurviveAStop) {
     EXPECT_EQ(release(), pass);
 }
 
-TEST_F(ClickMonitorTest, APressIsOfferedOnce) {
+TEST_F(ClickMonitorTest, PressIsOfferedOnlyOnce) {
     monitor->start();
     press();
     release();

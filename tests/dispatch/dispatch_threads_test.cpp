@@ -92,7 +92,7 @@ protected:
     int inconsistent = 0;
 };
 
-TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnceAsMatched) {
+TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnce) {
     const Subscription subscription =
         stage.dispatcher->changes().subscribe({}, [this] { noteEntry(); });
     std::vector<std::thread> threads;
@@ -129,7 +129,7 @@ TEST_F(DispatchThreadsTest, EveryAcceptedGestureRunsAndIsLoggedOnceAsMatched) {
     EXPECT_EQ(unpaired, 0);
 }
 
-TEST_F(DispatchThreadsTest, TheDispatcherMayBeDestroyedWhileItsWorkIsQueued) {
+TEST_F(DispatchThreadsTest, DispatcherMayBeDestroyedWhileItsWorkIsQueued) {
     stage.dispatcher->setMasterEnabled(true);
     std::thread engine([this] {
         const auto dispatcher = stage.dispatcher;

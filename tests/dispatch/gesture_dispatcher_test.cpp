@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 const BindingScope inEditor = AppScope{editorID, editorName};
 
-TEST(GestureDispatcher, RunsTheActionAndLogsItInTwoMainQueueTasks) {
+TEST(GestureDispatcherTest, RunsAndLogsAnActionInTwoMainQueueTasks) {
     DispatchStage stage({typing(1, twoFingerTap)});
     stage.bringEditorForward();
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
@@ -35,7 +35,7 @@ TEST(GestureDispatcher, RunsTheActionAndLogsItInTwoMainQueueTasks) {
     EXPECT_EQ(stage.mainQueue->waiting(), 0U);
 }
 
-TEST(GestureDispatcher, AGestureWithoutABindingIsLoggedWithoutAnAction) {
+TEST(GestureDispatcherTest, UnboundGestureIsLoggedWithoutAnAction) {
     DispatchStage stage({typing(1, threeFingerTap)});
     EXPECT_FALSE(stage.dispatcher->handle(twoFingerTap, true));
     EXPECT_EQ(stage.mainQueue->waiting(), 1U);
@@ -44,7 +44,7 @@ TEST(GestureDispatcher, AGestureWithoutABindingIsLoggedWithoutAnAction) {
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(GestureDispatcher, WithoutExecutionABoundGestureIsOnlyLoggedWithItsAction) {
+TEST(GestureDispatcherTest, BoundGestureIsOnlyLoggedIfExecutionIsDisabled) {
     DispatchStage stage({typing(1, twoFingerTap)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, false));
     EXPECT_EQ(stage.mainQueue->waiting(), 1U);
@@ -53,7 +53,7 @@ TEST(GestureDispatcher, WithoutExecutionABoundGestureIsOnlyLoggedWithItsAction) 
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(GestureDispatcher, AConsumedClickRunsAndIsLoggedInOneTask) {
+TEST(GestureDispatcherTest, ConsumedClickRunsAndIsLoggedInOneTask) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.bringEditorForward();
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
@@ -65,7 +65,7 @@ TEST(GestureDispatcher, AConsumedClickRunsAndIsLoggedInOneTask) {
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", editorName}));
 }
 
-TEST(GestureDispatcher, AClickIsLoggedAfterItHasRun) {
+TEST(GestureDispatcherTest, ClickIsLoggedAfterItsActionHasRun) {
     DispatchStage stage({typing(1, twoFingerClick)});
     std::vector<std::uint16_t> typedBefore;
     const Subscription subscription =
@@ -75,14 +75,14 @@ TEST(GestureDispatcher, AClickIsLoggedAfterItHasRun) {
     EXPECT_THAT(typedBefore, ElementsAre(1));
 }
 
-TEST(GestureDispatcher, AnUnboundClickIsNeitherConsumedNorLogged) {
+TEST(GestureDispatcherTest, UnboundClickIsNeitherConsumedNorLogged) {
     DispatchStage stage({typing(1, threeFingerClick)});
     EXPECT_FALSE(stage.dispatcher->handleClickGesture(twoFingerClick));
     EXPECT_EQ(stage.mainQueue->waiting(), 0U);
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcher, WithTheMasterSwitchOffNothingIsHandledOrLogged) {
+TEST(GestureDispatcherTest, HandlesAndLogsNothingWhileTheMasterSwitchIsOff) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->setMasterEnabled(false);
     EXPECT_FALSE(stage.dispatcher->handle(twoFingerTap, true));
@@ -97,7 +97,7 @@ TEST(GestureDispatcher, WithTheMasterSwitchOffNothingIsHandledOrLogged) {
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
 }
 
-TEST(GestureDispatcher, WhileTheMainThreadHangsClicksPassAndLateGesturesAreDropped) {
+TEST(GestureDispatcherTest, ClicksPassAndLateGesturesAreDroppedWhileTheMainThreadHangs) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
     stage.uptime += 999ms;
@@ -117,7 +117,7 @@ TEST(GestureDispatcher, WhileTheMainThreadHangsClicksPassAndLateGesturesAreDropp
     EXPECT_THAT(stage.typed(), ElementsAre(2));
 }
 
-TEST(GestureDispatcher, AWaitingGestureRevealsTheHungMainThreadToClicks) {
+TEST(GestureDispatcherTest, ClicksPassWhileAGestureWaitsForAHungMainThread) {
     DispatchStage stage({typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true); // unbound, but still logged
     stage.uptime += 1s;
@@ -127,7 +127,7 @@ TEST(GestureDispatcher, AWaitingGestureRevealsTheHungMainThreadToClicks) {
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerTap, nullopt, nullopt}));
 }
 
-TEST(GestureDispatcher, WhileLockedNothingRunsOrIsLogged) {
+TEST(GestureDispatcherTest, RunsAndLogsNothingOnALockedScreen) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick),
                          binding(threeFingerTap, LaunchApp{editorID, editorName}),
                          binding(fourFingerTap, MissionControl{})});
@@ -149,7 +149,7 @@ TEST(GestureDispatcher, WhileLockedNothingRunsOrIsLogged) {
     EXPECT_THAT(stage.typed(), ElementsAre(1));
 }
 
-TEST(GestureDispatcher, WhileLockedALockStillRunsAndNothingIsLogged) {
+TEST(GestureDispatcherTest, LockActionRunsOnALockedScreenWithoutLogging) {
     DispatchStage stage(
         {binding(twoFingerTap, LockScreen{}), binding(twoFingerClick, LockScreen{})});
     stage.lock->exists = true;
@@ -161,7 +161,7 @@ TEST(GestureDispatcher, WhileLockedALockStillRunsAndNothingIsLogged) {
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcher, ActionsQueuedBeforeALockDoNotRunAfterIt) {
+TEST(GestureDispatcherTest, ActionsQueuedBeforeLockingDoNotRunAfterwards) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     EXPECT_TRUE(stage.dispatcher->handle(twoFingerTap, true));
     EXPECT_TRUE(stage.dispatcher->handleClickGesture(twoFingerClick));
@@ -171,7 +171,7 @@ TEST(GestureDispatcher, ActionsQueuedBeforeALockDoNotRunAfterIt) {
     EXPECT_THAT(stage.logged(), IsEmpty());
 }
 
-TEST(GestureDispatcher, GesturesAcceptedBeforeTheMasterSwitchWentOffStillRun) {
+TEST(GestureDispatcherTest, GesturesAcceptedBeforeTheMasterSwitchIsTurnedOffStillRun) {
     DispatchStage stage({typing(1, twoFingerTap)});
     stage.dispatcher->handle(twoFingerTap, true);
     stage.dispatcher->setMasterEnabled(false);
@@ -179,7 +179,7 @@ TEST(GestureDispatcher, GesturesAcceptedBeforeTheMasterSwitchWentOffStillRun) {
     EXPECT_THAT(stage.typed(), ElementsAre(1));
 }
 
-TEST(GestureDispatcher, QueriesTheFrontmostApplicationOncePerGesture) {
+TEST(GestureDispatcherTest, QueriesTheFrontmostApplicationOncePerGesture) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true);
     EXPECT_EQ(stage.workspace->timesAskedForFrontmost, 1);
@@ -189,7 +189,7 @@ TEST(GestureDispatcher, QueriesTheFrontmostApplicationOncePerGesture) {
     EXPECT_EQ(stage.workspace->timesAskedForFrontmost, 2);
 }
 
-TEST(GestureDispatcher, UsesTheApplicationThatWasFrontmostAtTheGesture) {
+TEST(GestureDispatcherTest, UsesTheApplicationThatWasFrontmostWhenTheGestureArrived) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerTap, inEditor),
                          typing(3, twoFingerClick, inEditor)});
     stage.bringEditorForward();
@@ -202,7 +202,7 @@ TEST(GestureDispatcher, UsesTheApplicationThatWasFrontmostAtTheGesture) {
                                             Logged{twoFingerTap, "Shortcut D", editorName}));
 }
 
-TEST(GestureDispatcher, FrontmostReturnsTheWorkspacesValuesEachPossiblyAbsent) {
+TEST(GestureDispatcherTest, FrontmostReturnsTheAvailableWorkspaceValues) {
     const Application rows[] = {
         {nullopt, nullopt}, {editorID, nullopt}, {nullopt, editorName}, {editorID, editorName}};
     for (const Application& row : rows) {
@@ -225,7 +225,7 @@ struct CircleRow {
     std::optional<std::uint16_t> key; // the typed key, if there is one
 };
 
-TEST(GestureDispatcher, ACircleFallsBackToTheBindingForAnyDirection) {
+TEST(GestureDispatcherTest, CircleFallsBackToTheBindingForAnyDirection) {
     const CircleRow rows[] = {
         {"any runs for clockwise", {typing(1, drawCircle)}, drawCircleClockwise, 1},
         {"any runs for counterclockwise", {typing(1, drawCircle)}, drawCircleCounterclockwise, 1},
@@ -269,7 +269,7 @@ TEST(GestureDispatcher, ACircleFallsBackToTheBindingForAnyDirection) {
     }
 }
 
-TEST(GestureDispatcher, ResolvingReturnsTheBindingWithoutSideEffects) {
+TEST(GestureDispatcherTest, ResolveReturnsTheBindingWithoutSideEffects) {
     const GestureBinding global = typing(1, twoFingerTap);
     const GestureBinding own = typing(2, twoFingerTap, inEditor);
     DispatchStage stage({global, own});
@@ -279,7 +279,7 @@ TEST(GestureDispatcher, ResolvingReturnsTheBindingWithoutSideEffects) {
     EXPECT_EQ(stage.mainQueue->waiting(), 0U);
 }
 
-TEST(GestureDispatcher, AMatchedBindingRunsEvenIfItWasDeletedMeanwhile) {
+TEST(GestureDispatcherTest, MatchedBindingRunsEvenIfDeletedAfterwards) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true);
     stage.dispatcher->handleClickGesture(twoFingerClick);
@@ -289,7 +289,7 @@ TEST(GestureDispatcher, AMatchedBindingRunsEvenIfItWasDeletedMeanwhile) {
     EXPECT_FALSE(stage.dispatcher->handle(twoFingerTap, true));
 }
 
-TEST(GestureDispatcher, QueuedWorkDoesNothingAfterTheDispatchersDestruction) {
+TEST(GestureDispatcherTest, QueuedWorkDoesNothingAfterTheDispatcherIsDestroyed) {
     DispatchStage stage({typing(1, twoFingerTap), typing(2, twoFingerClick)});
     stage.dispatcher->handle(twoFingerTap, true);
     stage.dispatcher->handleClickGesture(twoFingerClick);
@@ -300,7 +300,7 @@ TEST(GestureDispatcher, QueuedWorkDoesNothingAfterTheDispatchersDestruction) {
     EXPECT_THAT(stage.typed(), IsEmpty());
 }
 
-TEST(EventLog, KeepsTheTwentyNewestOfTwentyFiveGesturesNewestFirst) {
+TEST(EventLogTest, KeepsTheTwentyNewestGesturesNewestFirst) {
     DispatchStage stage;
     const auto& all = allGestureTypes;
     std::vector<Logged> expected;
@@ -314,7 +314,7 @@ TEST(EventLog, KeepsTheTwentyNewestOfTwentyFiveGesturesNewestFirst) {
     EXPECT_EQ(stage.logged(), expected);
 }
 
-TEST(EventLog, IsAlsoTrimmedAfterClicks) {
+TEST(EventLogTest, IsAlsoTrimmedAfterClicks) {
     DispatchStage stage({typing(1, twoFingerClick)});
     for (int count = 0; count < 20; ++count) {
         stage.dispatcher->handle(pinchIn, true);
@@ -326,7 +326,7 @@ TEST(EventLog, IsAlsoTrimmedAfterClicks) {
     EXPECT_EQ(stage.logged().back(), (Logged{pinchIn, nullopt, nullopt}));
 }
 
-TEST(EventLog, EveryEntryHasAUniqueIdentifier) {
+TEST(EventLogTest, EveryEntryHasAUniqueIdentifier) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.dispatcher->handle(pinchIn, true);
     stage.dispatcher->handle(pinchIn, true);
@@ -339,7 +339,7 @@ TEST(EventLog, EveryEntryHasAUniqueIdentifier) {
     EXPECT_NE(entries[0].id, entries[2].id);
 }
 
-TEST(EventLog, AGestureIsDatedWhenRecognisedAndAClickWhenRun) {
+TEST(EventLogTest, GestureIsDatedWhenRecognisedAndClickWhenRun) {
     DispatchStage stage({typing(1, twoFingerClick)});
     stage.now = WallTime(100s);
     stage.dispatcher->handle(pinchIn, true);
@@ -353,7 +353,7 @@ TEST(EventLog, AGestureIsDatedWhenRecognisedAndAClickWhenRun) {
     EXPECT_EQ(entries[0].date.time_since_epoch(), 105s);
 }
 
-TEST(EventLog, TheDefaultClockIsTheSystemClock) {
+TEST(EventLogTest, DefaultClockIsTheSystemClock) {
     DispatchStage ports;
     const auto dispatcher = GestureDispatcher::create({.store = ports.store,
                                                        .defaults = ports.defaults,
@@ -370,7 +370,7 @@ TEST(EventLog, TheDefaultClockIsTheSystemClock) {
     EXPECT_LE(date, after.time_since_epoch());
 }
 
-TEST(EventLog, IsWrittenInTheCurrentLanguageAndNotTranslatedLater) {
+TEST(EventLogTest, IsWrittenInTheCurrentLanguageAndNotTranslatedLater) {
     DispatchStage stage(
         {binding(twoFingerTap, LockScreen{}), binding(twoFingerClick, LockScreen{})});
     stage.dispatcher->handle(twoFingerTap, true);
@@ -385,7 +385,7 @@ TEST(EventLog, IsWrittenInTheCurrentLanguageAndNotTranslatedLater) {
                                             Logged{twoFingerTap, "Lock Screen", nullopt}));
 }
 
-TEST(EventLog, HoldsTheDisplayTextOfEveryKindOfAction) {
+TEST(EventLogTest, HoldsTheDisplayTextOfEveryKindOfAction) {
     DispatchStage stage({
         binding(twoFingerTap, KeyShortcut{124, 0x180000}),
         binding(threeFingerTap, LockScreen{}),
@@ -402,7 +402,7 @@ TEST(EventLog, HoldsTheDisplayTextOfEveryKindOfAction) {
                                             Logged{twoFingerTap, "Shortcut ⌥⌘→", nullopt}));
 }
 
-TEST(EventLog, NotifiesBeforeAndAfterEachEntryOnTheMainQueue) {
+TEST(EventLogTest, NotifiesBeforeAndAfterEachEntryOnTheMainQueue) {
     DispatchStage stage({typing(1, twoFingerTap)});
     std::vector<std::string> announced;
     const auto note = [&](const std::string& when) {
@@ -417,14 +417,14 @@ TEST(EventLog, NotifiesBeforeAndAfterEachEntryOnTheMainQueue) {
     EXPECT_THAT(announced, ElementsAre("before 0", "after 1", "before 1", "after 2"));
 }
 
-TEST(MasterSwitch, IsOnUnlessABooleanIsStored) {
+TEST(MasterSwitchTest, IsOnIfNoBooleanIsStored) {
     EXPECT_TRUE(DispatchStage().dispatcher->masterEnabled());
     const auto defaults = std::make_shared<kit::FakeUserDefaults>();
     defaults->stored["masterEnabled"] = "false"; // text instead of a boolean
     EXPECT_TRUE(DispatchStage({}, defaults).dispatcher->masterEnabled());
 }
 
-TEST(MasterSwitch, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
+TEST(MasterSwitchTest, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
     for (const bool stored : {false, true}) {
         const auto defaults = std::make_shared<kit::FakeUserDefaults>();
         defaults->storedBooleans["masterEnabled"] = stored;
@@ -434,7 +434,7 @@ TEST(MasterSwitch, IsReadFromTheDefaultsAndWrittenOnlyOnAssignment) {
     }
 }
 
-TEST(MasterSwitch, TurningItOffSurvivesARestart) {
+TEST(MasterSwitchTest, OffStateSurvivesARestart) {
     const auto defaults = std::make_shared<kit::FakeUserDefaults>();
     DispatchStage({}, defaults).dispatcher->setMasterEnabled(false);
     EXPECT_FALSE(DispatchStage({}, defaults).dispatcher->masterEnabled());
@@ -442,7 +442,7 @@ TEST(MasterSwitch, TurningItOffSurvivesARestart) {
     EXPECT_TRUE(DispatchStage({}, defaults).dispatcher->masterEnabled());
 }
 
-TEST(MasterSwitch, EveryAssignmentIsWrittenEvenWithoutAChange) {
+TEST(MasterSwitchTest, EveryAssignmentIsWrittenEvenWithoutAChange) {
     DispatchStage stage;
     stage.dispatcher->setMasterEnabled(true);
     stage.dispatcher->setMasterEnabled(false);
@@ -453,7 +453,7 @@ TEST(MasterSwitch, EveryAssignmentIsWrittenEvenWithoutAChange) {
                             Write{"masterEnabled", false}));
 }
 
-TEST(MasterSwitch, IsPublishedBeforeItIsWritten) {
+TEST(MasterSwitchTest, ObserversAreNotifiedBeforeTheValueIsWritten) {
     DispatchStage stage;
     std::vector<std::string> announced;
     const auto note = [&](const std::string& when) {
@@ -467,7 +467,7 @@ TEST(MasterSwitch, IsPublishedBeforeItIsWritten) {
     EXPECT_EQ(stage.defaults->booleanWrites.size(), 1U);
 }
 
-TEST(MasterSwitch, WritesTheValueThatAnObserverSet) {
+TEST(MasterSwitchTest, WritesTheValueThatAnObserverSet) {
     DispatchStage stage;
     bool isFirst = true;
     const Subscription subscription = stage.dispatcher->changes().subscribe({}, [&] {

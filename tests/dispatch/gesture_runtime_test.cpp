@@ -51,7 +51,7 @@ protected:
         GestureRuntime::Parts{pad.engine, stage.store, stage.dispatcher, tapPort, session}};
 };
 
-TEST_F(GestureRuntimeTest, WhileAnotherSessionIsActiveNothingIsRecognisedOrConsumed) {
+TEST_F(GestureRuntimeTest, RecognisesAndConsumesNothingWhileAnotherSessionIsActive) {
     runtime->start();
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create", "enable"));
     tap(3, 1);
@@ -65,7 +65,7 @@ TEST_F(GestureRuntimeTest, WhileAnotherSessionIsActiveNothingIsRecognisedOrConsu
     EXPECT_EQ(recognised(), (std::vector{threeFingerTap, fiveFingerTap}));
 }
 
-TEST_F(GestureRuntimeTest, StartsWhenItsSessionBecomesActive) {
+TEST_F(GestureRuntimeTest, StartsWhenTheSessionBecomesActive) {
     session->setActive(false);
     runtime->start();
     tap(3, 1);
@@ -75,14 +75,14 @@ TEST_F(GestureRuntimeTest, StartsWhenItsSessionBecomesActive) {
     EXPECT_EQ(recognised(), std::vector{fourFingerTap});
 }
 
-TEST_F(GestureRuntimeTest, ANotificationWithoutAChangeIsIgnored) {
+TEST_F(GestureRuntimeTest, NotificationWithoutAChangeIsIgnored) {
     runtime->start();
     tapPort->takeNotes();
     session->setActive(true);
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, ANewlyActiveSessionLooksForDevicesOnce) {
+TEST_F(GestureRuntimeTest, SessionActivationScansForDevicesOnce) {
     runtime->start();
     int scans = 0;
     const Subscription subscription = pad.manager.changes().subscribe({}, [&scans] { ++scans; });
@@ -92,7 +92,7 @@ TEST_F(GestureRuntimeTest, ANewlyActiveSessionLooksForDevicesOnce) {
     EXPECT_EQ(scans, 1);
 }
 
-TEST_F(GestureRuntimeTest, FingersThatRestDuringASessionChangeAreNoGesture) {
+TEST_F(GestureRuntimeTest, FingersRestingDuringASessionChangeMakeNoGesture) {
     runtime->start();
     pad.play(fingers(3).startingAt(1).down().until(1.1));
     session->setActive(false);
@@ -104,7 +104,7 @@ TEST_F(GestureRuntimeTest, FingersThatRestDuringASessionChangeAreNoGesture) {
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrConsumed) {
+TEST_F(GestureRuntimeTest, RecognisesAndConsumesNothingWhileTheMachineSleeps) {
     runtime->start();
     tapPort->takeNotes();
     session->setAsleep(true);
@@ -121,7 +121,7 @@ TEST_F(GestureRuntimeTest, WhileTheMachineSleepsNothingIsRecognisedOrConsumed) {
 }
 
 // The clock of the reports stands still during sleep.
-TEST_F(GestureRuntimeTest, ATapBeforeSleepAndOneAfterItAreNoDoubleTap) {
+TEST_F(GestureRuntimeTest, TapsBeforeAndAfterSleepMakeNoDoubleTap) {
     runtime->start();
     tap(3, 1);
     session->setAsleep(true);
@@ -130,7 +130,7 @@ TEST_F(GestureRuntimeTest, ATapBeforeSleepAndOneAfterItAreNoDoubleTap) {
     EXPECT_EQ(recognised(), (std::vector{threeFingerTap, threeFingerTap}));
 }
 
-TEST_F(GestureRuntimeTest, FingersThatRestDuringSleepAreNoGesture) {
+TEST_F(GestureRuntimeTest, FingersRestingDuringSleepMakeNoGesture) {
     runtime->start();
     pad.play(fingers(3).startingAt(1).down().until(1.7));
     session->setAsleep(true);
@@ -155,7 +155,7 @@ TEST_F(GestureRuntimeTest, SessionChangesBeforeStartAndAfterStopAreIgnored) {
     EXPECT_THAT(recognised(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, ClickMonitoringIsRetriedWhenDevicesChangeUnlessInactive) {
+TEST_F(GestureRuntimeTest, ClickMonitoringIsRetriedWhenAccessChangesUnlessInactive) {
     tapPort->isPermitted = false;
     runtime->start();
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("create (refused)"));
@@ -179,18 +179,18 @@ TEST_F(GestureRuntimeTest, WorksWithoutASessionPort) {
     runtime->stop();
 }
 
-TEST_F(GestureRuntimeTest, TheSessionMayOutliveTheRuntime) {
+TEST_F(GestureRuntimeTest, SessionMayOutliveTheRuntime) {
     runtime.reset();
     session->setActive(false);
     EXPECT_THAT(tapPort->takeNotes(), IsEmpty());
 }
 
-TEST_F(GestureRuntimeTest, TheClickTapIsNotifiedWhetherAnyClickIsBound) {
+TEST_F(GestureRuntimeTest, ClickTapIsNotifiedWhenClickDemandChanges) {
     stage.store->setBindings({typing(1, twoFingerClick)});
     EXPECT_THAT(tapPort->takeNotes(), ElementsAre("needed"));
 }
 
-TEST_F(GestureRuntimeTest, NothingIsDispatchedAfterItsDestruction) {
+TEST_F(GestureRuntimeTest, DispatchesNothingAfterDestruction) {
     stage.store->setBindings({typing(1, twoFingerDoubleTap)});
     runtime->start();
     runtime.reset();

@@ -26,12 +26,12 @@ const Table expected = {
     {121, "⇟"},   {123, "←"},    {124, "→"},   {125, "↓"},   {126, "↑"},
 };
 
-TEST(KeyNamesTest, TheTableHasExactly77Keys) {
+TEST(KeyNamesTest, TableHasExactly77Keys) {
     EXPECT_EQ(expected.size(), 77U);
     EXPECT_EQ(KeyNames::map(), expected);
 }
 
-TEST(KeyNamesTest, EveryCodeHasItsNameOrItsNumber) {
+TEST(KeyNamesTest, EveryKeyCodeHasANameOrShowsItsNumber) {
     for (unsigned code = 0; code <= std::numeric_limits<std::uint16_t>::max(); ++code) {
         const auto keyCode = static_cast<std::uint16_t>(code);
         const auto found = expected.find(keyCode);
@@ -41,18 +41,18 @@ TEST(KeyNamesTest, EveryCodeHasItsNameOrItsNumber) {
     }
 }
 
-TEST(KeyNamesTest, TheSpaceBarIsNamedByAWord) {
+TEST(KeyNamesTest, SpaceBarIsNamedSpace) {
     EXPECT_EQ(KeyNames::name(49), "Space");
 }
 
-TEST(KeyNamesTest, ACodeWithoutANameIsShownByItsNumber) {
+TEST(KeyNamesTest, UnnamedKeyCodeIsShownAsItsNumber) {
     EXPECT_EQ(KeyNames::name(10), "Key 10");
     EXPECT_EQ(KeyNames::name(52), "Key 52");
     EXPECT_EQ(KeyNames::name(127), "Key 127");
     EXPECT_EQ(KeyNames::name(65535), "Key 65535");
 }
 
-TEST(KeyNamesTest, TheCodesOfTheDigitsAreNotInOrder) {
+TEST(KeyNamesTest, DigitKeyCodesAreNotInOrder) {
     EXPECT_EQ(KeyNames::name(22), "6");
     EXPECT_EQ(KeyNames::name(23), "5");
 }
@@ -73,7 +73,7 @@ TEST(KeyNamesTest, SymbolKeysHaveTheExpectedCharacters) {
     EXPECT_EQ(KeyNames::name(126), "\u2191");
 }
 
-TEST(KeyNamesTest, TheTableIsBuiltOnce) {
+TEST(KeyNamesTest, TableIsBuiltOnce) {
     EXPECT_EQ(&KeyNames::map(), &KeyNames::map());
 }
 

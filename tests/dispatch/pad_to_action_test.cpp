@@ -55,14 +55,14 @@ protected:
     std::vector<Verdict> untouched = {Verdict::pass, Verdict::pass};
 };
 
-TEST_F(PadToActionTest, ABoundTapTypesItsShortcut) {
+TEST_F(PadToActionTest, BoundTapTypesItsShortcut) {
     stage.store->setBindings({typing(1, threeFingerTap)});
     perform(fingers(3).down().hold(0.1).up());
     EXPECT_THAT(stage.typed(), ElementsAre(1));
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{threeFingerTap, "Shortcut S", nullopt}));
 }
 
-TEST_F(PadToActionTest, ASingleTapWaitsOnlyWhileItsDoubleTapIsBound) {
+TEST_F(PadToActionTest, SingleTapWaitsOnlyWhileItsDoubleTapIsBound) {
     stage.store->setBindings({typing(1, twoFingerTap), typing(2, twoFingerDoubleTap)});
     const kit::Script taps = fingers(2).down().hold(0.1).up().wait(0.1).down().hold(0.1).up();
     perform(taps);
@@ -72,7 +72,7 @@ TEST_F(PadToActionTest, ASingleTapWaitsOnlyWhileItsDoubleTapIsBound) {
     EXPECT_THAT(stage.typed(), ElementsAre(2, 1));
 }
 
-TEST_F(PadToActionTest, ABoundTwoFingerPressIsSwallowedWithItsReleaseAndAnUnboundOnePasses) {
+TEST_F(PadToActionTest, BoundTwoFingerClickIsSwallowedAndUnboundClickPasses) {
     EXPECT_EQ(click(2), untouched);
     EXPECT_THAT(stage.logged(), IsEmpty());
     stage.store->setBindings({typing(1, twoFingerClick)});
@@ -93,7 +93,7 @@ TEST_F(PadToActionTest, OnlyTwoToFourFingersMakeAClickGesture) {
     EXPECT_THAT(stage.typed(), ElementsAre(2, 3, 4));
 }
 
-TEST_F(PadToActionTest, AClickBoundForOneApplicationPassesInAnother) {
+TEST_F(PadToActionTest, ClickBoundForOneApplicationPassesInOtherApplications) {
     stage.store->setBindings({typing(1, twoFingerClick, AppScope{editorID, editorName})});
     EXPECT_EQ(click(2), untouched);
     stage.bringEditorForward();
@@ -101,7 +101,7 @@ TEST_F(PadToActionTest, AClickBoundForOneApplicationPassesInAnother) {
     EXPECT_THAT(stage.logged(), ElementsAre(Logged{twoFingerClick, "Shortcut S", editorName}));
 }
 
-TEST_F(PadToActionTest, WithTheMasterSwitchOffEveryClickPasses) {
+TEST_F(PadToActionTest, EveryClickPassesWhileTheMasterSwitchIsOff) {
     stage.store->setBindings({typing(1, twoFingerClick)});
     stage.dispatcher->setMasterEnabled(false);
     EXPECT_EQ(click(2), untouched);

@@ -47,7 +47,7 @@ TEST_F(TimelyQueueTest, DropsATaskThatWaitedLonger) {
     EXPECT_THAT(ran, IsEmpty());
 }
 
-TEST_F(TimelyQueueTest, RunsALateTaskMarkedToRun) {
+TEST_F(TimelyQueueTest, RunsALateTaskSubmittedWithIfLateRun) {
     submit("task", IfLate::run);
     now += 1h;
     mainQueue->runAll();
@@ -90,7 +90,7 @@ TEST_F(TimelyQueueTest, IsNotStalledAfterTheWaitingTaskHasStarted) {
     EXPECT_FALSE(queue.isStalled());
 }
 
-TEST_F(TimelyQueueTest, ATaskThatRunsForLongDoesNotStallTheQueue) {
+TEST_F(TimelyQueueTest, TaskThatRunsForLongDoesNotStallTheQueue) {
     bool stalledMeanwhile = true;
     queue.submit(IfLate::drop, [&] {
         now += 1min; // as in an alert's nested event loop
@@ -100,7 +100,7 @@ TEST_F(TimelyQueueTest, ATaskThatRunsForLongDoesNotStallTheQueue) {
     EXPECT_FALSE(stalledMeanwhile);
 }
 
-TEST_F(TimelyQueueTest, ADiscardedTaskNoLongerCountsAsWaiting) {
+TEST_F(TimelyQueueTest, DiscardedTaskNoLongerCountsAsWaiting) {
     submit("task");
     now += 1s;
     ASSERT_TRUE(queue.isStalled());
@@ -109,7 +109,7 @@ TEST_F(TimelyQueueTest, ADiscardedTaskNoLongerCountsAsWaiting) {
     EXPECT_THAT(ran, IsEmpty());
 }
 
-TEST_F(TimelyQueueTest, ATaskMayOutliveTheQueue) {
+TEST_F(TimelyQueueTest, TaskMayOutliveTheQueue) {
     auto shortLived = std::make_unique<TimelyQueue>(mainQueue, [this] { return now; });
     shortLived->submit(IfLate::drop, [this] { ran.emplace_back("task"); });
     shortLived.reset();

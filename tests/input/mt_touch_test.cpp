@@ -31,7 +31,7 @@ private:
     std::vector<unsigned char> bytes;
 };
 
-TEST(MTTouchTest, EveryFieldHasTheDriversOffset) {
+TEST(MTTouchTest, EveryFieldHasTheDriverOffset) {
     const MTTouch touch = RawReport(1)
                               .put<std::int32_t>(0, 1)
                               .put(8, 2.5)
@@ -93,7 +93,7 @@ TEST(MTTouchTest, RecordsArePackedBackToBack) {
     EXPECT_EQ(records[2].identifier, 3);
 }
 
-TEST(MTTouchTest, OnlyMakingAndKeepingContactCountAsTouching) {
+TEST(MTTouchTest, OnlyMakeTouchAndTouchingCountAsTouching) {
     const struct {
         std::int32_t state;
         bool touching;

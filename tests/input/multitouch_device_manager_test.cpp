@@ -101,7 +101,7 @@ TEST_F(MultitouchDeviceManagerTest, CanBeRestartedAfterAStop) {
                               "stop a; unregister a; stop b; unregister b");
 }
 
-TEST_F(MultitouchDeviceManagerTest, AMissingDriverIsAnErrorWithTheLoadersReason) {
+TEST_F(MultitouchDeviceManagerTest, MissingDriverIsReportedWithTheLoaderError) {
     MultitouchDeviceManager manager({"/no/such/driver.so", {}});
     const std::string prefix = "无法加载 MultitouchSupport.framework: ";
     ASSERT_TRUE(manager.loadError().has_value());
@@ -118,7 +118,7 @@ TEST_F(MultitouchDeviceManagerTest, AMissingDriverIsAnErrorWithTheLoadersReason)
     EXPECT_EQ(manager.optionalSymbol("MTDeviceStop"), nullptr);
 }
 
-TEST_F(MultitouchDeviceManagerTest, AMissingRequiredSymbolIsAnErrorAndNothingStarts) {
+TEST_F(MultitouchDeviceManagerTest, MissingRequiredSymbolIsReportedAndNothingStarts) {
     for (const char* name : {"without-create", "without-register", "without-start"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);
@@ -131,7 +131,7 @@ TEST_F(MultitouchDeviceManagerTest, AMissingRequiredSymbolIsAnErrorAndNothingSta
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, MissingListFunctionsAreMissingSymbols) {
+TEST_F(MultitouchDeviceManagerTest, MissingListFunctionsAreReportedAsMissingSymbols) {
     MultitouchDeviceManager manager(testDriver("without-list-access"));
     const TestDriverLibrary driver(manager);
     EXPECT_EQ(manager.loadError(), symbolsMissing);
@@ -139,7 +139,7 @@ TEST_F(MultitouchDeviceManagerTest, MissingListFunctionsAreMissingSymbols) {
     EXPECT_EQ(driver.calls(), "");
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheFunctionsForStoppingAreOptional) {
+TEST_F(MultitouchDeviceManagerTest, StopFunctionsAreOptional) {
     struct Row {
         const char* name;
         const char* stopping;
@@ -162,7 +162,7 @@ TEST_F(MultitouchDeviceManagerTest, TheFunctionsForStoppingAreOptional) {
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, WithoutATouchpadItReportsAnErrorAndDoesNotRetry) {
+TEST_F(MultitouchDeviceManagerTest, ReportsAnErrorWithoutATouchpadAndDoesNotRetry) {
     for (const char* name : {"null-list", "empty-list", "list-with-only-nulls"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);
@@ -176,7 +176,7 @@ TEST_F(MultitouchDeviceManagerTest, WithoutATouchpadItReportsAnErrorAndDoesNotRe
     }
 }
 
-TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsNewDevices) {
+TEST_F(MultitouchDeviceManagerTest, LookForDevicesStartsNewDevices) {
     MultitouchDeviceManager manager(testDriver("growing-list"));
     const TestDriverLibrary driver(manager);
     driver.attach(1);
@@ -196,7 +196,7 @@ TEST_F(MultitouchDeviceManagerTest, LookingForDevicesStartsNewDevices) {
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheFirstDeviceClearsTheError) {
+TEST_F(MultitouchDeviceManagerTest, FirstDeviceClearsTheError) {
     MultitouchDeviceManager manager(testDriver("growing-list"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -214,7 +214,7 @@ TEST_F(MultitouchDeviceManagerTest, TheFirstDeviceClearsTheError) {
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, AfterAStopWithoutDevicesNoDevicesAreLookedFor) {
+TEST_F(MultitouchDeviceManagerTest, DoesNotLookForDevicesAfterAStopWithoutDevices) {
     MultitouchDeviceManager manager(testDriver("growing-list"));
     const TestDriverLibrary driver(manager);
     manager.lookForDevices();
@@ -231,7 +231,7 @@ TEST_F(MultitouchDeviceManagerTest, AfterAStopWithoutDevicesNoDevicesAreLookedFo
     driver.attach(0);
 }
 
-TEST_F(MultitouchDeviceManagerTest, AfterAnotherErrorNoDevicesAreLookedFor) {
+TEST_F(MultitouchDeviceManagerTest, DoesNotLookForDevicesAfterAnotherError) {
     for (const char* name : {"without-start", "without-list-access"}) {
         MultitouchDeviceManager manager(testDriver(name));
         const TestDriverLibrary driver(manager);
@@ -246,7 +246,7 @@ TEST_F(MultitouchDeviceManagerTest, AfterAnotherErrorNoDevicesAreLookedFor) {
     EXPECT_FALSE(missing.isRunning());
 }
 
-TEST_F(MultitouchDeviceManagerTest, NullEntriesOfTheListAreSkipped) {
+TEST_F(MultitouchDeviceManagerTest, NullEntriesInTheDeviceListAreSkipped) {
     MultitouchDeviceManager manager(testDriver("list-with-nulls"));
     const TestDriverLibrary driver(manager);
     manager.start();
@@ -280,7 +280,7 @@ TEST_F(MultitouchDeviceManagerTest, RecordsAreCopiedCompletely) {
     EXPECT_EQ(kept[1].field15, -6);
 }
 
-TEST_F(MultitouchDeviceManagerTest, AReportWithoutRecordsIsForwardedEmpty) {
+TEST_F(MultitouchDeviceManagerTest, ReportWithoutRecordsIsForwardedAsEmpty) {
     const MTTouch record = kit::record(1, 0, 0);
     EXPECT_EQ(callBack(nullptr, 0, 1), 0);
     EXPECT_EQ(callBack(nullptr, 3, 2), 0);
@@ -296,7 +296,7 @@ TEST_F(MultitouchDeviceManagerTest, AReportWithoutRecordsIsForwardedEmpty) {
                                                  {nullptr, {}, 6}}));
 }
 
-TEST_F(MultitouchDeviceManagerTest, AnImplausibleCountIsNotRead) {
+TEST_F(MultitouchDeviceManagerTest, ReportWithAnImplausibleCountIsDropped) {
     const std::vector<MTTouch> most(65'536, kit::record(1, 0, 0));
     callBack(most.data(), 65'536);
     ASSERT_EQ(forwarded.size(), 1U);
@@ -307,7 +307,7 @@ TEST_F(MultitouchDeviceManagerTest, AnImplausibleCountIsNotRead) {
     EXPECT_EQ(forwarded.size(), 1U);
 }
 
-TEST_F(MultitouchDeviceManagerTest, WithoutASinkReportsAreDropped) {
+TEST_F(MultitouchDeviceManagerTest, ReportsAreDroppedWithoutASink) {
     MultitouchDeviceManager::setFrameSink({});
     const MTTouch record = kit::record(1, 0, 0);
     EXPECT_EQ(callBack(&record, 1), 0);
@@ -315,7 +315,7 @@ TEST_F(MultitouchDeviceManagerTest, WithoutASinkReportsAreDropped) {
     EXPECT_EQ(forwarded, std::vector<Forwarded>());
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheSinkMayBeReplacedDuringReports) {
+TEST_F(MultitouchDeviceManagerTest, SinkMayBeReplacedDuringReports) {
     std::atomic<bool> done = false;
     std::atomic<int> reports = 0;
     const auto count = [&](driver::Device, const std::vector<MTTouch>&, double) {
@@ -342,7 +342,7 @@ TEST_F(MultitouchDeviceManagerTest, FindsOptionalSymbols) {
     EXPECT_EQ(manager.optionalSymbol(driver::setButtonCallbackSymbol), nullptr);
 }
 
-TEST_F(MultitouchDeviceManagerTest, TheSharedInstanceIsCreatedOnceFromItsConfiguration) {
+TEST_F(MultitouchDeviceManagerTest, SharedInstanceIsCreatedOnceFromItsConfiguration) {
     MultitouchDeviceManager::configureShared(testDriver("null-list"));
     auto& shared = MultitouchDeviceManager::shared();
     EXPECT_EQ(&shared, &MultitouchDeviceManager::shared());

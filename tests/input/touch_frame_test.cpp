@@ -20,7 +20,7 @@ MTTouch recordInState(std::int32_t state) {
     return kit::record(7, 0.5, 0.25, static_cast<MTTouchState>(state));
 }
 
-TEST(TouchFrameTest, AFingerKeepsItsIdentifierAndItsPositionAsDouble) {
+TEST(TouchFrameTest, FingerKeepsItsIdentifierAndItsPositionAsDouble) {
     const TouchPoint point = touchPoint(kit::record(-12, 0.1, 0.9));
     EXPECT_EQ(point, (TouchPoint{-12, static_cast<double>(0.1F), static_cast<double>(0.9F), true}));
     EXPECT_NE(point.x, 0.1); // the decimal digits of the float are not preserved
@@ -32,13 +32,13 @@ TEST(TouchFrameTest, PositionsAreNotClamped) {
     EXPECT_EQ(point.y, 42);
 }
 
-TEST(TouchFrameTest, AReportWithoutRecordsIsAFrameWithoutFingers) {
+TEST(TouchFrameTest, ReportWithoutRecordsIsAFrameWithoutFingers) {
     const TouchFrame frame = frameOf({});
     EXPECT_EQ(frame.touches, Touches());
     EXPECT_EQ(frame.touching(), Touches());
 }
 
-TEST(TouchFrameTest, AHoveringContactIsPresentButNotTouching) {
+TEST(TouchFrameTest, HoveringContactIsPresentButNotTouching) {
     for (const int state : {5, 7, 8, 31, -1}) {
         const TouchFrame frame = frameOf({recordInState(state)});
         EXPECT_EQ(frame.touches, (Touches{{7, 0.5, 0.25, false}})) << state;
@@ -46,7 +46,7 @@ TEST(TouchFrameTest, AHoveringContactIsPresentButNotTouching) {
     }
 }
 
-TEST(TouchFrameTest, TouchingKeepsTheOrderAndTheFrame) {
+TEST(TouchFrameTest, TouchingKeepsTheOrderAndLeavesTheFrameUnchanged) {
     const TouchFrame frame = frameOf({kit::record(3, 0.3, 0), recordInState(2),
                                       kit::record(1, 0.1, 0, MTTouchState::makeTouch),
                                       recordInState(7), kit::record(2, 0.2, 0)});
@@ -59,7 +59,7 @@ TEST(TouchFrameTest, TouchingKeepsTheOrderAndTheFrame) {
     EXPECT_EQ(frame.touching(), frame.touching());
 }
 
-TEST(TouchFrameTest, TwoRecordsWithOneIdentifierAreBothKept) {
+TEST(TouchFrameTest, RecordsWithTheSameIdentifierAreBothKept) {
     const TouchFrame frame = frameOf({kit::record(7, 0.25, 0.5), kit::record(7, 0.75, 0.5)});
     EXPECT_EQ(frame.touching(), (Touches{{7, 0.25, 0.5, true}, {7, 0.75, 0.5, true}}));
 }

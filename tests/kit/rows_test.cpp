@@ -9,14 +9,14 @@ using enum GestureType;
 
 const auto tap = fingers(2).down().hold(0.1).up();
 
-TEST(RowsTest, ARowWithTheExpectedGesturesHasNoError) {
+TEST(RowsTest, RowWithTheExpectedGesturesHasNoError) {
     const Row row = {"a tap", tap, {twoFingerTap}};
     for (const Variant& variant : allVariants()) {
         EXPECT_EQ(mismatch(row, variant), "");
     }
 }
 
-TEST(RowsTest, AnErrorShowsTheScriptAndTheExpectedAndActualGestures) {
+TEST(RowsTest, ErrorShowsTheScriptAndTheExpectedAndActualGestures) {
     const Row row = {"two taps are said to be silent", tap.wait(0.5).then(tap), {}};
     EXPECT_EQ(mismatch(row, allVariants().front()),
               "two taps are said to be silent\n"
@@ -29,19 +29,19 @@ TEST(RowsTest, AnErrorShowsTheScriptAndTheExpectedAndActualGestures) {
               "    0.7 s: twoFingerTap");
 }
 
-TEST(RowsTest, AMissingGestureIsAnError) {
+TEST(RowsTest, MissingGestureIsAnError) {
     const Row row = {"a tap is said to be two", tap, {twoFingerTap, twoFingerTap}};
     EXPECT_NE(mismatch(row, allVariants().front()), "");
 }
 
-TEST(RowsTest, DelayedWorkRunsBetweenTheFramesAndAfterTheLast) {
+TEST(RowsTest, DelayedWorkRunsBetweenFramesAndAfterTheLastFrame) {
     const Stage bound = {Through::recognizer, {2}};
     expectReportedGestures(tap, {{0.1 + 0.45, twoFingerTap}}, bound);
     expectReportedGestures(tap.wait(0.5).then(fingers(3).down().hold(0.1).up()),
                            {{0.1 + 0.45, twoFingerTap}, {0.1 + 0.5 + 0.1, threeFingerTap}}, bound);
 }
 
-TEST(RowsTest, TheEngineDropsGesturesWithinTheCooldown) {
+TEST(RowsTest, EngineDropsGesturesWithinTheCooldown) {
     const auto twice = tap.wait(0.1).then(fingers(3).down().hold(0.1).up());
     EXPECT_EQ(gesturesOf(perform(twice)), (std::vector{twoFingerTap, threeFingerTap}));
     EXPECT_EQ(gesturesOf(perform(twice, {Through::engine, {}})), std::vector{twoFingerTap});

@@ -26,14 +26,14 @@ TEST(ScriptTest, FingersLandSideBySideAndLiftTogether) {
     EXPECT_EQ(frames[1].touches, Touches());
 }
 
-TEST(ScriptTest, AHoldReportsInsideItsTimeAndLeavesItsEndToTheNextVerb) {
+TEST(ScriptTest, HoldReportsFramesUpToButNotAtItsEnd) {
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.02)), (std::vector<double>{0, 0.008, 0.016}));
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.02).up()),
               (std::vector<double>{0, 0.008, 0.016, 0.02}));
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.016).up()), (std::vector<double>{0, 0.008, 0.016}));
 }
 
-TEST(ScriptTest, AHoldUntilALimitEndsExactlyThere) {
+TEST(ScriptTest, UntilEndsAHoldAtExactlyTheGivenTime) {
     for (const double limit : {0.3, 0.8, 1.5, justBelow(0.3), justAbove(0.8)}) {
         for (const double rate : {60.0, 125.0, 250.0}) {
             EXPECT_EQ(timesOf(fingers(2).down().until(limit).up(), rate).back(), limit);
@@ -41,14 +41,14 @@ TEST(ScriptTest, AHoldUntilALimitEndsExactlyThere) {
     }
 }
 
-TEST(ScriptTest, AScriptMayStartBeforeZeroSoThatAnyTimeCanBeZero) {
+TEST(ScriptTest, ScriptMayStartBeforeTimeZero) {
     const auto taps =
         fingers(2).startingAt(-0.01).down().until(0).up().until(0.4375).down().until(0.45).up();
     EXPECT_EQ(timesOf(taps, 100),
               (std::vector<double>{-0.01, 0, 0.4375, 0.4375 + 1 / 100.0, 0.45}));
 }
 
-TEST(ScriptTest, AMoveEndsWithItsOwnFrame) {
+TEST(ScriptTest, MoveEndsWithAFrameAtItsTarget) {
     const auto frames = fingers(1).at(0, 0.5).down().moveBy(0.2, -0.1, 0.016).up().frames();
     ASSERT_EQ(frames.size(), 4U);
     EXPECT_EQ(frames[1].touches, (Touches{{1, 0.1, 0.45, true}}));
@@ -68,7 +68,7 @@ TEST(ScriptTest, FingersMayLandAndLiftDuringATouch) {
     EXPECT_EQ(frames[5].touches, Touches());
 }
 
-TEST(ScriptTest, ThePadReportsNothingWhileNoFingerTouches) {
+TEST(ScriptTest, ReportsNothingWhileNoFingerTouches) {
     EXPECT_EQ(timesOf(fingers(1).down().hold(0.01).up().wait(0.5).down().hold(0.01).up()),
               (std::vector<double>{0, 0.008, 0.01, 0.51, 0.518, 0.52}));
     const auto tap = fingers(1).down().hold(0.01).up();
@@ -82,7 +82,7 @@ TEST(ScriptTest, EveryTouchHasNewIdentifiers) {
     EXPECT_EQ(frames[2].touches.front().id, 2);
 }
 
-TEST(ScriptTest, ATurnKeepsTheDistanceOnThePadsRealShape) {
+TEST(ScriptTest, TurnKeepsTheDistanceOnTheStretchedPad) {
     const auto frames = fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().turnBy(1.5, 0.2).frames();
     const auto& last = frames.back().touches;
     const double dx = (last[1].x - last[0].x) * 1.35;
@@ -91,14 +91,14 @@ TEST(ScriptTest, ATurnKeepsTheDistanceOnThePadsRealShape) {
     EXPECT_LT(dx, 0); // the upper finger moves left: counterclockwise
 }
 
-TEST(ScriptTest, ACircleEndsAtItsStart) {
+TEST(ScriptTest, CircleEndsAtItsStart) {
     const auto frames = fingers(1).at(0.5, 0.7).down().circle(0.2, 1, 1).frames();
     EXPECT_NEAR(frames.back().touches.front().x, 0.5, 1e-12);
     EXPECT_NEAR(frames.back().touches.front().y, 0.7, 1e-12);
     EXPECT_LT(frames[10].touches.front().x, 0.5); // from the top to the left: counterclockwise
 }
 
-TEST(ScriptTest, AScriptPrintsAsTheCodeThatCreatedIt) {
+TEST(ScriptTest, PrintsTheCodeThatCreatesTheScript) {
     const auto tap = fingers(2).at(0.1, 0.2).down().hold(0.2).up();
     EXPECT_EQ(tap.wait(0.3).then(tap).text(),
               "fingers(2).at(0.1, 0.2).down().hold(0.2).up().wait(0.3)"
@@ -107,7 +107,7 @@ TEST(ScriptTest, AScriptPrintsAsTheCodeThatCreatedIt) {
               "fingersAt({{0, 1}}).down().until(0.30000000000000004)");
 }
 
-TEST(ScriptTest, AScriptIsAValue) {
+TEST(ScriptTest, VerbsReturnANewScriptAndKeepTheOriginal) {
     const auto touch = fingers(2).down().hold(0.1);
     const auto longer = touch.hold(0.1).up();
     EXPECT_EQ(touch.text(), "fingers(2).down().hold(0.1)");

@@ -50,7 +50,7 @@ TEST(VariantsTest, JitterIsSmallAndReproducible) {
     }
 }
 
-TEST(VariantsTest, ShufflingKeepsEveryFingersPath) {
+TEST(VariantsTest, ShufflingKeepsThePathOfEveryFinger) {
     auto frames = someFrames();
     shuffleContacts(frames, 1);
     std::map<std::int32_t, std::set<double>> placesOf;
@@ -70,7 +70,7 @@ TEST(VariantsTest, ShufflingKeepsEveryFingersPath) {
     EXPECT_TRUE(reordered);
 }
 
-TEST(VariantsTest, AMirrorMapsEveryGestureToItsOpposite) {
+TEST(VariantsTest, MirroringMapsEveryGestureToItsOpposite) {
     struct Row {
         GestureType gesture;
         GestureType sideways;
@@ -98,7 +98,7 @@ TEST(VariantsTest, AMirrorMapsEveryGestureToItsOpposite) {
     }
 }
 
-TEST(VariantsTest, AMirroredFrameIsOnTheOtherSide) {
+TEST(VariantsTest, MirroringMovesAFrameToTheOppositeSide) {
     auto frames = someFrames();
     mirrorSideways(frames);
     EXPECT_EQ(frames.front().touches.front().x, 0.8);

@@ -105,7 +105,7 @@ void needInstallation() {
     }
 }
 
-TEST(InstalledPackage, SeatGetsAccessToPresentAndLaterTouchpads) {
+TEST(InstalledPackage, SeatGetsAccessToExistingAndLaterTouchpads) {
     const VirtualPad pad(ordinaryPad());
     EXPECT_FALSE(isForTheSeat(pad.node()));
     install();
@@ -133,7 +133,7 @@ TEST(InstalledPackage, InstalledDriverRecordsATouchpad) {
     EXPECT_EQ(recorder.waitForEnd(), 0) << recorder.errors();
 }
 
-TEST(InstalledPackage, ProgramRunsUntilItsTerminationSignal) {
+TEST(InstalledPackage, ProgramRunsUntilATerminationSignal) {
     needInstallation();
     const Home home;
     const VirtualPad pad(ordinaryPad());
@@ -170,7 +170,7 @@ bool hasAccessList(const fs::path& node) {
 }
 
 // There is no logind here, so the test sets the access lists itself.
-TEST(InstalledPackage, RemovalRevokesGrantedAccessAtOnce) {
+TEST(InstalledPackage, RemovalRevokesGrantedAccessImmediately) {
     if (!fs::exists("/usr/bin/setfacl")) {
         GTEST_SKIP() << "setfacl is not installed";
     }

@@ -115,7 +115,7 @@ TEST(AllGesturesTest, EveryVariantOfEveryGestureIsRecognised) {
     expectRowsInEveryVariant(allRows());
 }
 
-TEST(AllGesturesTest, EveryGestureThatAPadCanReportIsCovered) {
+TEST(AllGesturesTest, EveryGestureThatATouchpadCanReportIsCovered) {
     std::set<GestureType> shown;
     for (const Row& row : allRows()) {
         shown.insert(row.expected.begin(), row.expected.end());

@@ -59,18 +59,18 @@ Radii radiiOf(const Path& path) {
     return radiiAround(centreOf(path), path);
 }
 
-TEST(CircleTest, TheDirectionSelectsTheGesture) {
+TEST(CircleTest, DirectionSelectsTheGesture) {
     EXPECT_EQ(circleOf(pathOf({}), second), drawCircleCounterclockwise);
     EXPECT_EQ(circleOf(pathOf({.sweep = -2 * pi}), second), drawCircleClockwise);
 }
 
-TEST(CircleTest, TheDirectionFreeCircleIsNeverReturned) {
+TEST(CircleTest, NeverReturnsTheCircleForAnyDirection) {
     for (int sweep = -20; sweep <= 20; ++sweep) {
         EXPECT_NE(circleOf(pathOf({.sweep = sweep / 2.0}), second), drawCircle);
     }
 }
 
-TEST(CircleTest, NeedsTwelvePoints) {
+TEST(CircleTest, RequiresTwelvePoints) {
     EXPECT_EQ(circleOf({}, second), std::nullopt);
     EXPECT_EQ(circleOf(pathOf({.points = 11}), second), std::nullopt);
     EXPECT_EQ(circleOf(pathOf({.points = 12}), second), drawCircleCounterclockwise);
@@ -78,7 +78,7 @@ TEST(CircleTest, NeedsTwelvePoints) {
     EXPECT_EQ(circleOf(pathOf({.points = 2000}), second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, LastsFrom0_15To3Seconds) {
+TEST(CircleTest, TakesFrom150MillisecondsTo3Seconds) {
     const Path path = pathOf({});
     EXPECT_EQ(circleOf(path, justBelow(0.15)), std::nullopt);
     EXPECT_EQ(circleOf(path, 0.15), drawCircleCounterclockwise);
@@ -88,7 +88,7 @@ TEST(CircleTest, LastsFrom0_15To3Seconds) {
     EXPECT_EQ(circleOf(path, justAbove(3.0)), std::nullopt);
 }
 
-TEST(CircleTest, ThePathIsMeasuredOnTheStretchedPad) {
+TEST(CircleTest, MeasuresThePathOnTheStretchedPad) {
     const Path path = pathOf({.points = 41, .centre = {0.4, 0.3}});
     const Path ring(path.begin(), path.end() - 1); // without the closing point
     const PadPoint centre = centreOf(ring);
@@ -99,14 +99,14 @@ TEST(CircleTest, ThePathIsMeasuredOnTheStretchedPad) {
     EXPECT_NEAR(sweptAngle(centre, path), 2 * pi, 1e-12);
 }
 
-TEST(CircleTest, TheDeviationIncludesAllRadii) {
+TEST(CircleTest, DeviationIncludesAllRadii) {
     const Path path = compass("ENNNWWWSSSEE", 0.125, 0.375);
     EXPECT_EQ(centreOf(path), (PadPoint{0, 0}));
     EXPECT_EQ(radiiOf(path).mean, 0.25);
     EXPECT_EQ(radiiOf(path).deviation, 0.125);
 }
 
-TEST(CircleTest, TheSweptAngleAddsEveryTurnAndSubtractsReversedMovement) {
+TEST(CircleTest, SweptAngleAddsTurnsAndSubtractsReversedMovement) {
     const auto swept = [](std::string_view letters) {
         return sweptAngle({0, 0}, compass(letters, 1, 1));
     };
@@ -118,7 +118,7 @@ TEST(CircleTest, TheSweptAngleAddsEveryTurnAndSubtractsReversedMovement) {
     EXPECT_NEAR(swept("EW"), pi, 1e-12); // half a turn is not wrapped
 }
 
-TEST(CircleTest, TheMeanRadiusIsAtLeast0_05) {
+TEST(CircleTest, RejectsAMeanRadiusBelowTheMinimum) {
     const Path exact = compass("ENNNNWWWSSSSEE", 0.05, 0.05);
     ASSERT_EQ(radiiOf(exact).mean, 0.05);
     EXPECT_EQ(circleOf(exact, second), drawCircleCounterclockwise);
@@ -132,7 +132,7 @@ TEST(CircleTest, TheMeanRadiusIsAtLeast0_05) {
     EXPECT_NEAR(reached, 0.05, 1e-15);
 }
 
-TEST(CircleTest, TheMeanRadiusIsAtMost0_55) {
+TEST(CircleTest, RejectsAMeanRadiusAboveTheMaximum) {
     const auto path = [](double radius) {
         return compass("ENNNNWWWSSSSEE", radius, radius);
     };
@@ -146,7 +146,7 @@ TEST(CircleTest, TheMeanRadiusIsAtMost0_55) {
     EXPECT_EQ(circleOf(exact, second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, TheRadiiDeviateByLessThan0_35OfTheirMean) {
+TEST(CircleTest, RejectsARadiusDeviationOf35PercentOrMore) {
     const auto path = [](double oddness) {
         return compass("ENNNWWWSSSEE", 0.3 * (1 - oddness), 0.3 * (1 + oddness));
     };
@@ -163,7 +163,7 @@ TEST(CircleTest, TheRadiiDeviateByLessThan0_35OfTheirMean) {
     EXPECT_EQ(circleOf(path(0.35), second), std::nullopt);
 }
 
-TEST(CircleTest, SweepsAtLeast4_8Radians) {
+TEST(CircleTest, RejectsASweptAngleBelowTheMinimum) {
     // Runs from the east to `end`, through north, west and south. The last point lies so far inside
     // that the gap limit does not apply, and the point opposite to it keeps the mean at the origin.
     const auto path = [](double end) {
@@ -193,7 +193,7 @@ TEST(CircleTest, SweepsAtLeast4_8Radians) {
     EXPECT_EQ(circleOf(clockwise(below), second), std::nullopt);
 }
 
-TEST(CircleTest, TheEndsLieAtMost1_2RadiiApart) {
+TEST(CircleTest, RejectsAGapBetweenTheEndsAboveTheMaximum) {
     const auto path = [](double sweep) {
         return pathOf({.sweep = sweep});
     };
@@ -210,7 +210,7 @@ TEST(CircleTest, TheEndsLieAtMost1_2RadiiApart) {
     EXPECT_GT(sweptAngle(centreOf(path(open)), path(open)), 4.81);
 }
 
-TEST(CircleTest, AGapOfExactly1_2RadiiCountsAsClosed) {
+TEST(CircleTest, AcceptsAGapBetweenTheEndsAtExactlyTheMaximum) {
     // 7, 24 and 25 are the sides of a right triangle, so the last point lies on the circle of
     // radius 25. It is 30 units, or 1.2 radii, from the first point. With this unit, dividing by
     // 1.35 and multiplying by it again is exact.
@@ -225,19 +225,19 @@ TEST(CircleTest, AGapOfExactly1_2RadiiCountsAsClosed) {
     EXPECT_EQ(circleOf(path, second), drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, MoreThanOneTurnIsACircle) {
+TEST(CircleTest, AcceptsMoreThanOneTurn) {
     EXPECT_EQ(circleOf(pathOf({.sweep = 4 * pi, .points = 80}), second),
               drawCircleCounterclockwise);
 }
 
-TEST(CircleTest, AnArcThereAndBackIsNoCircle) {
+TEST(CircleTest, RejectsAnArcThereAndBack) {
     Path path = pathOf({.sweep = 5, .points = 30});
     Path back(path.rbegin(), path.rend());
     path.insert(path.end(), back.begin(), back.end());
     EXPECT_EQ(circleOf(path, second), std::nullopt);
 }
 
-TEST(CircleTest, AStraightLineIsNoCircle) {
+TEST(CircleTest, RejectsAStraightLine) {
     Path path;
     for (int point = 0; point < 40; ++point) {
         path.push_back({0.1 + point * 0.02, 0.5});
@@ -245,11 +245,11 @@ TEST(CircleTest, AStraightLineIsNoCircle) {
     EXPECT_EQ(circleOf(path, second), std::nullopt);
 }
 
-TEST(CircleTest, ASinglePointIsNoCircle) {
+TEST(CircleTest, RejectsASinglePoint) {
     EXPECT_EQ(circleOf(Path(20, PadPoint{0.5, 0.5}), second), std::nullopt);
 }
 
-TEST(CircleTest, NonFinitePositionsAreNoCircle) {
+TEST(CircleTest, RejectsNonFinitePositions) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     Path path = pathOf({});
     EXPECT_EQ(circleOf(path, nan), std::nullopt);

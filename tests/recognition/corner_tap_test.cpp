@@ -56,14 +56,14 @@ TEST(CornerTapTest, EachCornerExtendsToItsLimits) {
     }
 }
 
-TEST(CornerTapTest, LastsAtMost0_3Seconds) {
+TEST(CornerTapTest, RejectsATapLongerThan300Milliseconds) {
     const Track track = trackThrough({{0.1, 0.1}});
     EXPECT_EQ(cornerTapOf(track, justBelow(0.3)), cornerTapBottomLeft);
     EXPECT_EQ(cornerTapOf(track, 0.3), cornerTapBottomLeft);
     EXPECT_EQ(cornerTapOf(track, justAbove(0.3)), std::nullopt);
 }
 
-TEST(CornerTapTest, DriftsByAtMost0_03) {
+TEST(CornerTapTest, RejectsADriftAboveTheMaximum) {
     const auto drifting = [](double drift) {
         return cornerTapOf(trackThrough({{0, 0.1}, {drift, 0.1}}), 0.2);
     };
@@ -73,16 +73,16 @@ TEST(CornerTapTest, DriftsByAtMost0_03) {
     EXPECT_EQ(drifting(justAbove(0.03)), std::nullopt);
 }
 
-TEST(CornerTapTest, TheMaximumDriftCountsEvenIfTheFingerReturned) {
+TEST(CornerTapTest, MaximumDriftCountsEvenIfTheFingerReturns) {
     EXPECT_EQ(cornerTapOf(trackThrough({{0, 0.1}, {0.031, 0.1}, {0, 0.1}}), 0.2), std::nullopt);
 }
 
-TEST(CornerTapTest, TheLandingPositionSelectsTheCorner) {
+TEST(CornerTapTest, LandingPositionSelectsTheCorner) {
     EXPECT_EQ(cornerTapOf(trackThrough({{0.18, 0.9}, {0.2, 0.9}}), 0.2), cornerTapTopLeft);
     EXPECT_EQ(cornerTapOf(trackThrough({{0.2, 0.9}, {0.18, 0.9}}), 0.2), std::nullopt);
 }
 
-TEST(CornerTapTest, NonFinitePositionsAreNoCornerTap) {
+TEST(CornerTapTest, RejectsNonFinitePositions) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(cornerTapOf(trackThrough({{nan, 0.9}}), 0.2), std::nullopt);
     EXPECT_EQ(cornerTapOf(trackThrough({{0.1, nan}}), 0.2), std::nullopt);

@@ -92,7 +92,7 @@ TEST(DeferredFramesTest, FiveFingersWakeTheQueueWhenTheyLandAndLift) {
     EXPECT_EQ(stage.wakeUpsOf(fingers(5).down().hold(2).up()), 2);
 }
 
-TEST(DeferredFramesTest, ContactsThatHoverNeverWakeTheQueueTwice) {
+TEST(DeferredFramesTest, HoveringContactsNeverWakeTheQueueTwice) {
     SleepyStage stage;
     for (int index = 0; index < 100; ++index) {
         report({0.01 * index, {{1, 0.5, 0.5, false}}});
@@ -100,7 +100,7 @@ TEST(DeferredFramesTest, ContactsThatHoverNeverWakeTheQueueTwice) {
     EXPECT_EQ(stage.queue->wakeUps, 1);
 }
 
-TEST(DeferredFramesTest, FingersThatMayPressLongWakeTheQueueUntilTheyMove) {
+TEST(DeferredFramesTest, FingersThatMayMakeALongPressWakeTheQueueUntilTheyMove) {
     for (const int count : {2, 3, 4}) {
         SleepyStage stage;
         const Script rest = fingers(count).down().hold(0.5);
@@ -111,7 +111,7 @@ TEST(DeferredFramesTest, FingersThatMayPressLongWakeTheQueueUntilTheyMove) {
     }
 }
 
-TEST(DeferredFramesTest, FingersThatHavePressedLongWakeTheQueueWhenTheyLift) {
+TEST(DeferredFramesTest, FingersWakeTheQueueWhenTheyLiftAfterALongPress) {
     SleepyStage stage;
     stage.play(fingers(3).down().hold(1).frames());
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{threeFingerLongPress});
@@ -124,7 +124,7 @@ struct DriftRow {
     bool waits;
 };
 
-TEST(DeferredFramesTest, RecognizerWaitsOnceAFingerHasDriftedTooFarForALongPress) {
+TEST(DeferredFramesTest, RecognizerWaitsForFingersOnceDriftPreventsALongPress) {
     for (const DriftRow& row : {DriftRow{"below", 0.0449, false}, DriftRow{"at", 0.045, false},
                                 DriftRow{"above", 0.0451, true}}) {
         const VirtualTime time;
@@ -136,7 +136,7 @@ TEST(DeferredFramesTest, RecognizerWaitsOnceAFingerHasDriftedTooFarForALongPress
     }
 }
 
-TEST(DeferredFramesTest, RecognizerWaitsWithoutFingersAndAfterOneOfThemLifted) {
+TEST(DeferredFramesTest, RecognizerWaitsForFingersExceptWhenALongPressIsPossible) {
     const VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
     EXPECT_TRUE(recognizer->waitsForFingers());

@@ -37,14 +37,14 @@ TEST(EdgeSwipeTest, EachEdgeHasItsGesture) {
     });
 }
 
-TEST(EdgeSwipeTest, LastsAtMost0_6Seconds) {
+TEST(EdgeSwipeTest, RejectsASwipeLongerThan600Milliseconds) {
     const Track track = trackThrough({{0.02, 0.5}, {0.4, 0.5}});
     EXPECT_EQ(edgeSwipeOf(track, justBelow(0.6)), edgeSwipeFromLeft);
     EXPECT_EQ(edgeSwipeOf(track, 0.6), edgeSwipeFromLeft);
     EXPECT_EQ(edgeSwipeOf(track, justAbove(0.6)), std::nullopt);
 }
 
-TEST(EdgeSwipeTest, StartsOnTheRim) {
+TEST(EdgeSwipeTest, RejectsAStartAwayFromTheEdge) {
     expectRows({
         {{justBelow(0.035), 0.5}, {0.5, 0.5}, edgeSwipeFromLeft},
         {{0.035, 0.5}, {0.5, 0.5}, edgeSwipeFromLeft},
@@ -61,7 +61,7 @@ TEST(EdgeSwipeTest, StartsOnTheRim) {
     });
 }
 
-TEST(EdgeSwipeTest, MovesInwardsByAtLeast0_22) {
+TEST(EdgeSwipeTest, RejectsAnInwardDistanceBelowTheMinimum) {
     expectRows({
         {{0, 0.5}, {justBelow(0.22), 0.5}, std::nullopt},
         {{0, 0.5}, {0.22, 0.5}, edgeSwipeFromLeft},
@@ -79,7 +79,7 @@ TEST(EdgeSwipeTest, MovesInwardsByAtLeast0_22) {
     EXPECT_GT(1 - justBelow(0.78), 0.22);
 }
 
-TEST(EdgeSwipeTest, MovesSidewaysByAtMostHalfTheInwardDistance) {
+TEST(EdgeSwipeTest, RejectsASidewaysDistanceAboveHalfTheInwardDistance) {
     expectRows({
         {{0, 0}, {0.25, justBelow(0.125)}, edgeSwipeFromLeft},
         {{0, 0}, {0.25, 0.125}, edgeSwipeFromLeft},
@@ -98,7 +98,7 @@ TEST(EdgeSwipeTest, MovesSidewaysByAtMostHalfTheInwardDistance) {
     });
 }
 
-TEST(EdgeSwipeTest, InACornerTheFirstEdgeThatTheFingerLeavesCounts) {
+TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeThatTheFingerLeaves) {
     expectRows({
         {{0.02, 0.98}, {0.42, 0.88}, edgeSwipeFromLeft},
         {{0.98, 0.98}, {0.58, 0.88}, edgeSwipeFromRight},
@@ -117,7 +117,7 @@ TEST(EdgeSwipeTest, InACornerTheFirstEdgeThatTheFingerLeavesCounts) {
     });
 }
 
-TEST(EdgeSwipeTest, MovingOutwardsOrNotMovingIsNoEdgeSwipe) {
+TEST(EdgeSwipeTest, RejectsOutwardAndMissingMovement) {
     expectRows({
         {{0.03, 0.5}, {0.0, 0.5}, std::nullopt},
         {{0.03, 0.5}, {0.03, 0.5}, std::nullopt},
@@ -126,14 +126,14 @@ TEST(EdgeSwipeTest, MovingOutwardsOrNotMovingIsNoEdgeSwipe) {
     });
 }
 
-TEST(EdgeSwipeTest, PositionsOutsideTheRimCountAsTheSameEdges) {
+TEST(EdgeSwipeTest, StartsOutsideThePadCountAsTheNearestEdge) {
     expectRows({
         {{-0.01, 0.5}, {0.3, 0.5}, edgeSwipeFromLeft},
         {{1.01, 0.5}, {0.7, 0.5}, edgeSwipeFromRight},
     });
 }
 
-TEST(EdgeSwipeTest, NonFinitePositionsAreNoEdgeSwipe) {
+TEST(EdgeSwipeTest, RejectsNonFinitePositions) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     expectRows({
         {{nan, 0.5}, {0.5, 0.5}, std::nullopt},

@@ -17,7 +17,7 @@ TouchPoint hovering(std::int32_t id) {
     return {id, 0.5, 0.5, false};
 }
 
-TEST(FingerChangesTest, MotionIsNoChange) {
+TEST(FingerChangesTest, MotionIsNotAChange) {
     FingerChanges changes;
     EXPECT_EQ(changes.countWith({finger(1, 0.1), finger(2, 0.1)}), 1U);
     EXPECT_EQ(changes.countWith({finger(1, 0.9), finger(2, 0.2)}), 1U);
@@ -34,21 +34,21 @@ TEST(FingerChangesTest, LandingAndLiftingAreChanges) {
     EXPECT_EQ(changes.countWith({}), 5U);
 }
 
-TEST(FingerChangesTest, ContactsThatDoNotTouchAreIgnored) {
+TEST(FingerChangesTest, HoveringContactsAreIgnored) {
     FingerChanges changes;
     EXPECT_EQ(changes.countWith({finger(1), hovering(7)}), 1U);
     EXPECT_EQ(changes.countWith({hovering(8), finger(1)}), 1U);
     EXPECT_EQ(changes.countWith({hovering(8), hovering(1)}), 2U);
 }
 
-TEST(FingerChangesTest, OtherOrderIsAChange) {
+TEST(FingerChangesTest, DifferentOrderIsAChange) {
     FingerChanges changes;
     EXPECT_EQ(changes.countWith({finger(1), finger(2)}), 1U);
     EXPECT_EQ(changes.countWith({finger(2), finger(1)}), 2U);
 }
 
 // The recognizer ignores a finger until it has a position, so the finger may appear to it later.
-TEST(FingerChangesTest, FingerWithoutAPositionIsAChangeInItsReportAndTheNext) {
+TEST(FingerChangesTest, FingerWithoutAPositionIsAChangeInThatReportAndTheNext) {
     for (const double odd :
          {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
         FingerChanges changes;
@@ -60,7 +60,7 @@ TEST(FingerChangesTest, FingerWithoutAPositionIsAChangeInItsReportAndTheNext) {
     }
 }
 
-TEST(FingerChangesTest, FirstReportAfterForgettingIsAChange) {
+TEST(FingerChangesTest, FirstReportAfterForgetIsAChange) {
     FingerChanges changes;
     EXPECT_EQ(changes.countWith({finger(1)}), 1U);
     changes.forget();

@@ -15,7 +15,7 @@ protected:
     int runs = 0;
 };
 
-TEST_F(HeldTapTest, CancelsTheItemItHolds) {
+TEST_F(HeldTapTest, CancelsTheHeldWorkItem) {
     const auto item = makeItem();
     held.hold(item);
     held.cancel();
@@ -24,7 +24,7 @@ TEST_F(HeldTapTest, CancelsTheItemItHolds) {
     EXPECT_EQ(item.use_count(), 1);
 }
 
-TEST_F(HeldTapTest, ReleasesAnOlderItemWithoutCancellingIt) {
+TEST_F(HeldTapTest, ReleasesTheOlderWorkItemWithoutCancellingIt) {
     const auto older = makeItem();
     const auto newer = makeItem();
     held.hold(older);
@@ -36,7 +36,7 @@ TEST_F(HeldTapTest, ReleasesAnOlderItemWithoutCancellingIt) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST_F(HeldTapTest, ClearsWithoutCancelling) {
+TEST_F(HeldTapTest, ClearReleasesTheWorkItemWithoutCancellingIt) {
     const auto item = makeItem();
     held.hold(item);
     held.clear();

@@ -22,21 +22,21 @@ TEST(PadGeometryTest, DistancesAreEuclidean) {
     EXPECT_EQ(dot({2, 3}, {5, -1}), 7);
 }
 
-TEST(PadGeometryTest, ADistanceAlongOneAxisIsExact) {
+TEST(PadGeometryTest, DistanceAlongOneAxisIsExact) {
     for (const double step : {0.004, 0.03, 0.035, 0.045, 0.15, 0.22, 1e-9}) {
         EXPECT_EQ(distance({0, 0.3}, {step, 0.3}), step);
         EXPECT_EQ(distance({0.7, 0}, {0.7, step}), step);
     }
 }
 
-TEST(PadGeometryTest, AnglesAreAnticlockwiseFromTheRight) {
+TEST(PadGeometryTest, AnglesIncreaseCounterclockwiseFromTheRight) {
     EXPECT_EQ(angle({1, 0}), 0);
     EXPECT_EQ(angle({0, 1}), pi / 2);
     EXPECT_EQ(angle({-1, 0}), pi);
     EXPECT_EQ(angle({0, -1}), -pi / 2);
 }
 
-TEST(PadGeometryTest, ATurnIsWrappedToTheShorterDirection) {
+TEST(PadGeometryTest, TurnIsWrappedToTheShorterDirection) {
     const struct {
         double difference;
         double expected;

@@ -50,14 +50,14 @@ TEST(PinchOrRotateTest, FingerOrderDoesNotMatter) {
     EXPECT_EQ(pinchOrRotateOf(turning, still), rotateCounterclockwise);
 }
 
-TEST(PinchOrRotateTest, OverlappingFingersAreNoPair) {
+TEST(PinchOrRotateTest, IgnoresOverlappingFingers) {
     EXPECT_EQ(distanceChanges(0, 0.5), std::nullopt);
     EXPECT_EQ(distanceChanges(justBelow(0.02), 0.5), std::nullopt);
     EXPECT_EQ(distanceChanges(0.02, 0.5), std::nullopt);
     EXPECT_EQ(distanceChanges(justAbove(0.02), 0.5), pinchOut);
 }
 
-TEST(PinchOrRotateTest, APinchChangesTheDistanceByAtLeast0_12) {
+TEST(PinchOrRotateTest, PinchRequiresAMinimumDistanceChange) {
     ASSERT_EQ(0.245 - 0.125, 0.12);
     EXPECT_EQ(distanceChanges(0.125, justBelow(0.245)), std::nullopt);
     EXPECT_EQ(distanceChanges(0.125, 0.245), pinchOut);
@@ -67,14 +67,14 @@ TEST(PinchOrRotateTest, APinchChangesTheDistanceByAtLeast0_12) {
     EXPECT_EQ(distanceChanges(justAbove(0.245), 0.125), pinchIn);
 }
 
-TEST(PinchOrRotateTest, ASpreadReaches1_45TimesTheDistance) {
+TEST(PinchOrRotateTest, PinchOutRejectsADistanceRatioBelowTheMinimum) {
     ASSERT_EQ(0.725 / 0.5, 1.45);
     EXPECT_EQ(distanceChanges(0.5, justBelow(0.725)), std::nullopt);
     EXPECT_EQ(distanceChanges(0.5, 0.725), pinchOut);
     EXPECT_EQ(distanceChanges(0.5, justAbove(0.725)), pinchOut);
 }
 
-TEST(PinchOrRotateTest, AClosingReaches0_7OfTheDistance) {
+TEST(PinchOrRotateTest, PinchInRejectsADistanceRatioAboveTheMaximum) {
     ASSERT_EQ(0.35 / 0.5, 0.7);
     EXPECT_EQ(distanceChanges(0.5, justAbove(0.35)), std::nullopt);
     EXPECT_EQ(distanceChanges(0.5, 0.35), pinchIn);
@@ -88,19 +88,19 @@ TEST(PinchOrRotateTest, DistancesAreMeasuredOnTheStretchedPad) {
     EXPECT_EQ(otherMoves({0, 0.1}, {0, 0.195}), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, ATurningPairRotates) {
+TEST(PinchOrRotateTest, TurningFingersRotate) {
     EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 1.2)), rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.3, 1.2), polar(0.3, 0.2)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 0.8)), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, ASlightlySpreadingVerticalPairThatTurnsRotates) {
+TEST(PinchOrRotateTest, VerticalFingersThatTurnAndSpreadSlightlyRotate) {
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.8)), rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 - 0.8)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.6)), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, ARotationTurnsByAtLeast0_7Radians) {
+TEST(PinchOrRotateTest, RotationRequiresAMinimumAngle) {
     // The rotation starts to the right, so that the library computes its angle.
     const auto turn = [](double y) {
         return std::atan2(y, 0.2 * 1.35);
@@ -119,7 +119,7 @@ TEST(PinchOrRotateTest, ARotationTurnsByAtLeast0_7Radians) {
     }
 }
 
-TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThan0_12) {
+TEST(PinchOrRotateTest, RotationAllowsOnlyASmallDistanceChange) {
     // The finger moves from above to the left, so that both distances are exact.
     const auto quarterTurn = [](double from, double to) {
         return otherMoves({0, from}, {-to / 1.35, 0});
@@ -135,7 +135,7 @@ TEST(PinchOrRotateTest, ARotationChangesTheDistanceByLessThan0_12) {
     EXPECT_EQ(quarterTurn(0.25, 0.38), pinchOut); // the smallest relative change of a pinch
 }
 
-TEST(PinchOrRotateTest, ATurnIsWrappedToTheShorterDirection) {
+TEST(PinchOrRotateTest, TurnIsWrappedToTheShorterDirection) {
     const double degree = pi / 180;
     EXPECT_EQ(otherMoves(polar(0.3, 150 * degree), polar(0.3, -150 * degree)),
               rotateCounterclockwise);
@@ -145,7 +145,7 @@ TEST(PinchOrRotateTest, ATurnIsWrappedToTheShorterDirection) {
               rotateCounterclockwise); // 160 degrees, not 200 degrees in the other direction
 }
 
-TEST(PinchOrRotateTest, ATurningPinchIsAPinch) {
+TEST(PinchOrRotateTest, PinchTakesPrecedenceOverRotation) {
     EXPECT_EQ(otherMoves(polar(0.2, 0), polar(0.4, 1)), pinchOut);
     EXPECT_EQ(otherMoves(polar(0.4, 0), polar(0.2, 1)), pinchIn);
 }
@@ -155,7 +155,7 @@ TEST(PinchOrRotateTest, OnlyTheEndPositionsOfTheFingersCount) {
               std::nullopt);
 }
 
-TEST(PinchOrRotateTest, NonFinitePositionsAreNeitherPinchNorRotation) {
+TEST(PinchOrRotateTest, RejectsNonFinitePositions) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(otherMoves({0, nan}, {0, 0.5}), std::nullopt);
     EXPECT_EQ(otherMoves({0, 0.5}, {nan, 0.5}), std::nullopt);

@@ -29,7 +29,7 @@ Script pairEndingAt(double secondEnd) {
         .up();
 }
 
-TEST(SessionDoubleTapsTest, TheSecondOfTwoQuickTapsIsADoubleTap) {
+TEST(SessionDoubleTapsTest, SecondQuickTapWithTheSameFingerCountIsADoubleTap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"two fingers", tapOf(2).wait(0.2).then(tapOf(2)), {twoFingerTap, twoFingerDoubleTap}},
         {"three fingers",
@@ -43,7 +43,7 @@ TEST(SessionDoubleTapsTest, TheSecondOfTwoQuickTapsIsADoubleTap) {
     });
 }
 
-TEST(SessionDoubleTapsTest, ABoundDoubleTapSuppressesItsSingleTap) {
+TEST(SessionDoubleTapsTest, BoundDoubleTapSuppressesItsSingleTap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"two fingers", tapOf(2).wait(0.2).then(tapOf(2)), {twoFingerDoubleTap}, {2}},
         {"three fingers", tapOf(3).wait(0.2).then(tapOf(3)), {threeFingerDoubleTap}, {3}},
@@ -56,7 +56,7 @@ TEST(SessionDoubleTapsTest, ABoundDoubleTapSuppressesItsSingleTap) {
     });
 }
 
-TEST(SessionDoubleTapsTest, TheTapsEndAtMost0_45SecondsApart) {
+TEST(SessionDoubleTapsTest, TapsMustEndWithin450Milliseconds) {
     expectRows(std::vector<Row>{
         {"below", pairEndingAt(justBelow(0.45)), {twoFingerTap, twoFingerDoubleTap}},
         {"at the limit", pairEndingAt(0.45), {twoFingerTap, twoFingerDoubleTap}},
@@ -64,7 +64,7 @@ TEST(SessionDoubleTapsTest, TheTapsEndAtMost0_45SecondsApart) {
     });
 }
 
-TEST(SessionDoubleTapsTest, TheTimeIsMeasuredFromEndToEnd) {
+TEST(SessionDoubleTapsTest, IntervalIsMeasuredBetweenTheEndsOfTheTaps) {
     const auto first = fingers(2).down().hold(0.1).up();
     expectRows(std::vector<Row>{
         {"the second starts in time and ends too late",
@@ -76,7 +76,7 @@ TEST(SessionDoubleTapsTest, TheTimeIsMeasuredFromEndToEnd) {
     });
 }
 
-TEST(SessionDoubleTapsTest, ATapAfterADoubleTapIsASingleTap) {
+TEST(SessionDoubleTapsTest, TapAfterADoubleTapIsASingleTap) {
     const auto quick = fingers(2).down().hold(0.05).up();
     const auto three = tapOf(2).wait(0.2).then(tapOf(2)).wait(0.2).then(tapOf(2));
     expectRows(std::vector<Row>{
@@ -105,13 +105,13 @@ TEST(SessionDoubleTapsTest, OnlyTheLastTapCounts) {
     });
 }
 
-TEST(SessionDoubleTapsTest, AHeldBackTapFires0_45SecondsAfterItsSession) {
+TEST(SessionDoubleTapsTest, HeldBackTapFires450MillisecondsAfterItsSession) {
     const auto tap = fingers(3).startingAt(-0.1).down().until(0).up();
     expectReportedGestures(tap, {{0.45, threeFingerTap}}, bound);
     expectReportedGestures(tap, {{0, threeFingerTap}});
 }
 
-TEST(SessionDoubleTapsTest, ASecondTapDoesNotCancelATapThatHasFired) {
+TEST(SessionDoubleTapsTest, SecondTapDoesNotCancelATapThatHasFired) {
     // The timer and the frame are due at the same time: the single tap fires first.
     expectReportedGestures(pairEndingAt(0.45), {{0.45, twoFingerTap}, {0.45, twoFingerDoubleTap}},
                            bound);
@@ -119,7 +119,7 @@ TEST(SessionDoubleTapsTest, ASecondTapDoesNotCancelATapThatHasFired) {
                            bound);
 }
 
-TEST(SessionDoubleTapsTest, AHeldBackTapStillFiresAfterATapWithMoreFingers) {
+TEST(SessionDoubleTapsTest, HeldBackTapStillFiresAfterATapWithMoreFingers) {
     const auto taps = fingers(2).startingAt(-0.1).down().until(0).up().until(0.1).then(
         fingers(3).down().until(0.2).up());
     expectReportedGestures(taps, {{0.45, twoFingerTap}, {0.2 + 0.45, threeFingerTap}}, bound);
@@ -127,7 +127,7 @@ TEST(SessionDoubleTapsTest, AHeldBackTapStillFiresAfterATapWithMoreFingers) {
 
 // When the older tap fires, it releases the tap that is currently held back, even if that is the
 // newer one. The double tap can then no longer cancel the newer tap.
-TEST(SessionDoubleTapsTest, AnOlderHeldBackTapReleasesTheNewerOneWhenItFires) {
+TEST(SessionDoubleTapsTest, OlderHeldBackTapReleasesTheNewerTapWhenItFires) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)
                           .down()
@@ -142,7 +142,7 @@ TEST(SessionDoubleTapsTest, AnOlderHeldBackTapReleasesTheNewerOneWhenItFires) {
         bound);
 }
 
-TEST(SessionDoubleTapsTest, AnEarlierDoubleTapCancelsOnlyTheNewerTap) {
+TEST(SessionDoubleTapsTest, DoubleTapCancelsOnlyTheNewerHeldBackTap) {
     const auto taps = fingers(2)
                           .startingAt(-0.1)
                           .down()
@@ -199,14 +199,14 @@ TEST_F(SessionDoubleTapBindingTest, IsNotQueriedForOtherGestures) {
     EXPECT_EQ(asked, std::vector<int>());
 }
 
-TEST_F(SessionDoubleTapBindingTest, WithoutAQueryCallbackTapsAreNotHeldBack) {
+TEST_F(SessionDoubleTapBindingTest, TapsAreNotHeldBackWithoutAQueryCallback) {
     recognizer->doubleTapBindingExists = {};
     play(tapOf(2));
     EXPECT_EQ(reported, std::vector{twoFingerTap});
     EXPECT_EQ(time.nextDeadline(), std::numeric_limits<double>::infinity());
 }
 
-TEST_F(SessionDoubleTapBindingTest, AHeldBackTapDoesNothingAfterTheRecognizersDestruction) {
+TEST_F(SessionDoubleTapBindingTest, HeldBackTapDoesNothingAfterTheRecognizerIsDestroyed) {
     play(tapOf(2));
     const std::weak_ptr<SessionRecognizer> watched = recognizer;
     recognizer.reset();
@@ -215,7 +215,7 @@ TEST_F(SessionDoubleTapBindingTest, AHeldBackTapDoesNothingAfterTheRecognizersDe
     EXPECT_EQ(reported, std::vector<GestureType>());
 }
 
-TEST_F(SessionDoubleTapBindingTest, AHeldBackTapWithoutACallbackDoesNothing) {
+TEST_F(SessionDoubleTapBindingTest, HeldBackTapWithoutACallbackDoesNothing) {
     play(tapOf(2));
     recognizer->onGesture = {};
     time.runRemaining();

@@ -18,7 +18,7 @@ Script tapping(const Script& holder, double x, double y) {
     return holder.until(0).addAt(x, y).until(0.1).lift(1).hold(0.3).up();
 }
 
-TEST(SessionFixAndTapTest, ATapBesideARestingFingerReportsItsSide) {
+TEST(SessionFixAndTapTest, TapBesideARestingFingerReportsItsSide) {
     const auto holder = fingersAt({{0.5, 0.5}}).down().hold(0.4);
     const auto tapAt = [&](double x, double y) {
         return holder.addAt(x, y).hold(0.1).lift(1).hold(0.5).up();
@@ -56,7 +56,7 @@ TEST(SessionFixAndTapTest, IsReportedWhenTheTapEnds) {
     expectReportedGestures(tapping(holding(0.5, 0.5), 0.6, 0.5), {{0.1, fixAndTapRight}});
 }
 
-TEST(SessionFixAndTapTest, TheTapLastsAtMost0_4Seconds) {
+TEST(SessionFixAndTapTest, RejectsATapLongerThan400Milliseconds) {
     const auto lasting = [](double time) {
         return holding(0.5, 0.5).until(0).addAt(0.7, 0.5).until(time).lift(1).hold(0.1).up();
     };
@@ -67,7 +67,7 @@ TEST(SessionFixAndTapTest, TheTapLastsAtMost0_4Seconds) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheTapDriftsByAtMost0_04) {
+TEST(SessionFixAndTapTest, RejectsATapDriftAboveTheMaximum) {
     const auto drifting = [](double drift) {
         return holding(0.5, 0.5)
             .until(0)
@@ -84,7 +84,7 @@ TEST(SessionFixAndTapTest, TheTapDriftsByAtMost0_04) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheOtherFingerHoldsForAtLeast0_2Seconds) {
+TEST(SessionFixAndTapTest, OtherFingerMustHoldFor200Milliseconds) {
     expectRows(std::vector<Row>{
         {"below", tapping(holding(0.5, 0.5, justAbove(-0.2)), 0.7, 0.5), {}},
         {"at the limit", tapping(holding(0.5, 0.5, -0.2), 0.7, 0.5), {fixAndTapRight}},
@@ -92,7 +92,7 @@ TEST(SessionFixAndTapTest, TheOtherFingerHoldsForAtLeast0_2Seconds) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheOtherFingerDriftsByAtMost0_05) {
+TEST(SessionFixAndTapTest, RejectsAHoldDriftAboveTheMaximum) {
     const auto drifting = [](double drift) {
         return tapping(holding(0, 0.5).moveBy(drift, 0, 0.1), 0.7, 0.5);
     };
@@ -106,7 +106,7 @@ TEST(SessionFixAndTapTest, TheOtherFingerDriftsByAtMost0_05) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheTapIsAtLeast0_05Away) {
+TEST(SessionFixAndTapTest, RejectsATapTooCloseToTheHoldingFinger) {
     const auto origin = holding(0, 0);
     expectRows(std::vector<Row>{
         {"right, below", tapping(origin, justBelow(0.05), 0), {}},
@@ -123,7 +123,7 @@ TEST(SessionFixAndTapTest, TheTapIsAtLeast0_05Away) {
     });
 }
 
-TEST(SessionFixAndTapTest, ATieIsHorizontal) {
+TEST(SessionFixAndTapTest, EqualOffsetsCountAsHorizontal) {
     const auto origin = holding(0, 0);
     expectRows(std::vector<Row>{
         {"as far up as right", tapping(origin, 0.25, 0.25), {fixAndTapRight}},
@@ -134,7 +134,7 @@ TEST(SessionFixAndTapTest, ATieIsHorizontal) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheSideIsRelativeToTheHoldingFingersCurrentPosition) {
+TEST(SessionFixAndTapTest, SideIsRelativeToTheCurrentPositionOfTheHoldingFinger) {
     expectRows(std::vector<Row>{
         {"left of its start, right of its current position",
          tapping(holding(0.54, 0.5).moveBy(-0.04, 0, 0.1), 0.535, 0.56),
@@ -174,7 +174,7 @@ TEST(SessionFixAndTapTest, EveryFurtherTapIsReported) {
     });
 }
 
-TEST(SessionFixAndTapTest, TheEndOfItsSessionReportsNoOtherGesture) {
+TEST(SessionFixAndTapTest, EndOfTheSessionReportsNoOtherGesture) {
     expectRows(std::vector<Row>{
         {"short enough for a tap of two fingers",
          fingersAt({{0.5, 0.5}})
@@ -231,7 +231,7 @@ TEST(SessionFixAndTapTest, HoldAndTapSuppressesLongPress) {
     });
 }
 
-TEST(SessionFixAndTapTest, AFingerMayHoldWhileSeveralFingersTap) {
+TEST(SessionFixAndTapTest, FingerMayHoldWhileSeveralFingersTap) {
     const auto reported = gesturesOf(perform(fingersAt({{0.3, 0.5}})
                                                  .down()
                                                  .hold(0.3)

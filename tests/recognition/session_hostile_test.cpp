@@ -59,7 +59,7 @@ protected:
     double probeTime = 0;
 };
 
-TEST_F(SessionHostileTest, AFingerWithoutAFinitePositionIsIgnored) {
+TEST_F(SessionHostileTest, FingerWithoutAFinitePositionIsIgnored) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(0, {{1, odd, 0.5, true}, {2, 0.5, odd, true}, {3, odd, odd, true}});
         report(0.1, {});
@@ -73,7 +73,7 @@ TEST_F(SessionHostileTest, AFingerWithoutAFinitePositionIsIgnored) {
     }
 }
 
-TEST_F(SessionHostileTest, AFingerThatLosesItsPositionKeepsTheLastOne) {
+TEST_F(SessionHostileTest, FingerThatLosesItsPositionKeepsTheLastPosition) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(0, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
         report(0.1, {{1, odd, 0.5, true}, {2, 0.4, odd, true}});
@@ -83,14 +83,14 @@ TEST_F(SessionHostileTest, AFingerThatLosesItsPositionKeepsTheLastOne) {
     }
 }
 
-TEST_F(SessionHostileTest, AFingerLandsAtItsFirstFinitePosition) {
+TEST_F(SessionHostileTest, FingerLandsAtItsFirstFinitePosition) {
     report(0, {{1, nan, 0.5, true}, {2, 0.4, 0.5, true}});
     report(0.1, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
     report(0.2, {});
     EXPECT_EQ(reported, Gestures{twoFingerTap});
 }
 
-TEST_F(SessionHostileTest, AFingerFarOutsideThePadIsNoGesture) {
+TEST_F(SessionHostileTest, FingerFarOutsideThePadMakesNoGesture) {
     report(0, {{1, -hugeNumber, hugeNumber, true}});
     report(0.1, {{1, hugeNumber, -hugeNumber, true}});
     report(0.2, {{1, 0, 0, true}});
@@ -99,7 +99,7 @@ TEST_F(SessionHostileTest, AFingerFarOutsideThePadIsNoGesture) {
     expectStillWorks(1);
 }
 
-TEST_F(SessionHostileTest, NonFiniteTimesAreNoGesture) {
+TEST_F(SessionHostileTest, NonFiniteTimesMakeNoGesture) {
     for (const double odd : {nan, infinity, -infinity}) {
         report(odd, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
         report(odd, {{1, 0.3, 0.5, true}, {2, 0.4, 0.5, true}});
@@ -132,7 +132,7 @@ TEST_F(SessionHostileTest, ExtremeIdentifiersAreAccepted) {
     EXPECT_EQ(reported, Gestures{threeFingerTap});
 }
 
-TEST_F(SessionHostileTest, AThousandRecordsOfOneFingerCountAsOneFinger) {
+TEST_F(SessionHostileTest, ManyRecordsOfOneFingerCountAsOneFinger) {
     const std::vector<TouchPoint> touches(1000, TouchPoint{7, 0.1, 0.1, true});
     for (int frame = 0; frame < 20; ++frame) {
         report(frame * 0.01, touches);
@@ -227,7 +227,7 @@ TEST_F(SessionHostileTest, MemoryDoesNotGrowFromSessionToSession) {
     EXPECT_LE(liveMemory(), before + 10'000);
 }
 
-TEST_F(SessionHostileTest, AFrameDoesNotAllocateAfterTheFirstSessions) {
+TEST_F(SessionHostileTest, FrameDoesNotAllocateAfterTheFirstSessions) {
     const auto fingersAt = [](double x) {
         return TouchFrame{x,
                           {{1, x, 0.2, true},

@@ -37,7 +37,7 @@ TEST(SessionLongPressTest, IsReportedWhileTheFingersAreStillDown) {
                            {{0.8, threeFingerLongPress}});
 }
 
-TEST(SessionLongPressTest, Takes0_8Seconds) {
+TEST(SessionLongPressTest, RequiresAHoldOf800Milliseconds) {
     const auto lastSeen = [](double time) {
         return fingers(2).down().until(time).report().up();
     };
@@ -49,7 +49,7 @@ TEST(SessionLongPressTest, Takes0_8Seconds) {
     });
 }
 
-TEST(SessionLongPressTest, DriftsByAtMost0_045) {
+TEST(SessionLongPressTest, RejectsADriftAboveTheMaximum) {
     const auto drifting = [](double drift) {
         return fingersAt({{0, 0.5}, {0.3, 0.5}}).down().moveFinger(0, drift, 0, 0.1).hold(0.9).up();
     };
@@ -60,7 +60,7 @@ TEST(SessionLongPressTest, DriftsByAtMost0_045) {
     });
 }
 
-TEST(SessionLongPressTest, IsTimedFromTheLastLanding) {
+TEST(SessionLongPressTest, HoldTimeStartsAtTheLastLanding) {
     expectRows(std::vector<Row>{
         {"the last finger long enough",
          fingers(2).startingAt(-0.5).down().until(0).add(1).until(0.8).report().up(),
@@ -83,13 +83,13 @@ TEST(SessionLongPressTest, IsCancelledWhenAFingerLifts) {
     });
 }
 
-TEST(SessionLongPressTest, AFingerReportedTwiceCountsAsTwoFingersWithOneTrack) {
+TEST(SessionLongPressTest, FingerReportedTwicePreventsALongPress) {
     auto frames = fingers(2).down().hold(1).up().frames();
     frames[50].touches.push_back(frames[50].touches.front());
     EXPECT_EQ(gesturesOf(perform(frames)), std::vector<GestureType>());
 }
 
-TEST(SessionLongPressTest, TheEndOfItsSessionReportsNoOtherGesture) {
+TEST(SessionLongPressTest, EndOfTheSessionReportsNoOtherGesture) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"spreading afterwards",
          fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.85).spreadBy(2, 0.3).up(),
@@ -103,14 +103,14 @@ TEST(SessionLongPressTest, TheEndOfItsSessionReportsNoOtherGesture) {
     });
 }
 
-TEST(SessionLongPressTest, AnEarlyMovementIsNoLongPress) {
+TEST(SessionLongPressTest, EarlyMovementPreventsALongPress) {
     expectReportedGestures(
         fingersAt({{0.5, 0.4}, {0.5, 0.6}}).down().hold(0.5).spreadBy(2, 0.3).up(),
         {{0.5 + 0.3 + 1 / 125.0, pinchOut}});
 }
 
 // The callback may process the next frame immediately.
-TEST(SessionLongPressTest, TheSessionIsConsumedBeforeTheCallbackRuns) {
+TEST(SessionLongPressTest, SessionIsConsumedBeforeTheCallbackRuns) {
     VirtualTime time;
     const auto recognizer = SessionRecognizer::create(time.delayedWork());
     TouchFrame present;

@@ -40,7 +40,7 @@ TEST(SessionMotionTest, FingersThatMoveTogetherSwipe) {
     });
 }
 
-TEST(SessionMotionTest, ASwipeAtALimit) {
+TEST(SessionMotionTest, SwipeRequiresThatAllFingersMoveInOneDirection) {
     expectRows(std::vector<Row>{
         {"0.2 right and 0.1 up",
          fingers(2).down().moveBy(0.2, 0.1, 0.3).up(),
@@ -55,7 +55,7 @@ TEST(SessionMotionTest, ASwipeAtALimit) {
     });
 }
 
-TEST(SessionMotionTest, ASwipeEndsWithin0_8Seconds) {
+TEST(SessionMotionTest, RejectsASwipeLongerThan800Milliseconds) {
     const auto moved = fingers(3).down().moveBy(0.3, 0, 0.3);
     expectRows(std::vector<Row>{
         {"below", moved.until(justBelow(0.8)).up(), {threeFingerSwipeRight}},
@@ -65,7 +65,7 @@ TEST(SessionMotionTest, ASwipeEndsWithin0_8Seconds) {
     });
 }
 
-TEST(SessionMotionTest, AFingerThatMovesInwardsFromAnEdgeMakesAnEdgeSwipe) {
+TEST(SessionMotionTest, FingerThatMovesInwardsFromAnEdgeMakesAnEdgeSwipe) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"from the left",
          fingers(1).at(0.02, 0.5).down().moveBy(0.3, 0.05, 0.4).up(),
@@ -97,7 +97,7 @@ TEST(SessionMotionTest, AFingerThatMovesInwardsFromAnEdgeMakesAnEdgeSwipe) {
     });
 }
 
-TEST(SessionMotionTest, ATapInACornerIsACornerTap) {
+TEST(SessionMotionTest, TapInACornerIsACornerTap) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"top right",
          fingers(1).at(0.9, 0.9).down().moveBy(0.01, 0, 0.15).up(),
@@ -120,7 +120,7 @@ TEST(SessionMotionTest, ATapInACornerIsACornerTap) {
     });
 }
 
-TEST(SessionMotionTest, AFingerThatMovesInALoopDrawsACircle) {
+TEST(SessionMotionTest, FingerThatMovesInALoopDrawsACircle) {
     const auto top = fingers(1).at(0.5, 0.7).down();
     expectRowsInEveryVariant(std::vector<Row>{
         {"anticlockwise", top.circle(0.2, 1, 1).up(), {drawCircleCounterclockwise}},
@@ -134,7 +134,7 @@ TEST(SessionMotionTest, AFingerThatMovesInALoopDrawsACircle) {
     });
 }
 
-TEST(SessionMotionTest, ACircleNeedsTwelvePointsOfItsPath) {
+TEST(SessionMotionTest, CircleRequiresAPathOfTwelvePoints) {
     // The path has one point every 8 ms, plus the landing point.
     const auto drawn = [](int frames) {
         return fingers(1).at(0.5, 0.7).down().circle(0.2, 1, frames * 0.008).until(0.5).up();
@@ -148,7 +148,7 @@ TEST(SessionMotionTest, ACircleNeedsTwelvePointsOfItsPath) {
     });
 }
 
-TEST(SessionMotionTest, ASpreadingOrTurningPairPinchesOrRotates) {
+TEST(SessionMotionTest, SpreadingFingersPinchAndTurningFingersRotate) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"spreading", verticalPair.spreadBy(1.8, 0.4).up(), {pinchOut}},
         {"closing", fingersAt({{0.5, 0.3}, {0.5, 0.7}}).down().spreadBy(0.5, 0.4).up(), {pinchIn}},
@@ -167,7 +167,7 @@ TEST(SessionMotionTest, ASpreadingOrTurningPairPinchesOrRotates) {
     });
 }
 
-TEST(SessionMotionTest, APinchEndsWithin1_5Seconds) {
+TEST(SessionMotionTest, RejectsAPinchLongerThan1500Milliseconds) {
     const auto spread = verticalPair.spreadBy(2, 0.5);
     expectRows(std::vector<Row>{
         {"below", spread.until(justBelow(1.5)).up(), {pinchOut}},
@@ -176,7 +176,7 @@ TEST(SessionMotionTest, APinchEndsWithin1_5Seconds) {
     });
 }
 
-TEST(SessionMotionTest, AVerticalPairThatSpreadsFrom0_2To0_35Pinches) {
+TEST(SessionMotionTest, VerticalFingersThatSpreadPinch) {
     const auto pair = fingersAt({{0.5, 0}, {0.5, 0.2}}).down();
     expectRows(std::vector<Row>{
         {"to 0.35", pair.moveFinger(1, 0, 0.15, 0.3).up(), {pinchOut}},
@@ -184,7 +184,7 @@ TEST(SessionMotionTest, AVerticalPairThatSpreadsFrom0_2To0_35Pinches) {
     });
 }
 
-TEST(SessionMotionTest, APinchTakesPrecedenceOverASwipe) {
+TEST(SessionMotionTest, PinchTakesPrecedenceOverASwipe) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"both fingers right, one much farther",
          fingersAt({{0.1, 0.5}, {0.3, 0.5}}).down().moveAll({{0.3, 0.5}, {0.8, 0.5}}, 0.4).up(),
@@ -198,7 +198,7 @@ TEST(SessionMotionTest, APinchTakesPrecedenceOverASwipe) {
     });
 }
 
-TEST(SessionMotionTest, APairWithAThirdTrackDoesNotPinch) {
+TEST(SessionMotionTest, FingersWithAThirdTrackDoNotPinch) {
     expectRows(std::vector<Row>{
         {"a finger slips off for a moment",
          verticalPair.hold(0.05).lift(1).addAt(0.5, 0.6).spreadBy(2, 0.3).up(),
@@ -210,7 +210,7 @@ TEST(SessionMotionTest, APairWithAThirdTrackDoesNotPinch) {
 }
 
 // The loop's opening is as wide as an edge swipe.
-TEST(SessionMotionTest, ACircleTakesPrecedenceOverAnEdgeSwipe) {
+TEST(SessionMotionTest, CircleTakesPrecedenceOverAnEdgeSwipe) {
     const double radius = 0.45;
     const double opening = 1.2; // in radians, at the top
     std::vector<TouchFrame> frames;

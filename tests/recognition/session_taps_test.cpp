@@ -25,7 +25,7 @@ TEST(SessionTapsTest, FingersThatLandAndLiftTogetherTap) {
     });
 }
 
-TEST(SessionTapsTest, TheMaximumOfSimultaneousFingersCounts) {
+TEST(SessionTapsTest, MaximumNumberOfSimultaneousFingersCounts) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"a third finger arrives late",
          fingers(2).down().hold(0.1).add(1).hold(0.15).up(),
@@ -45,7 +45,7 @@ TEST(SessionTapsTest, TheMaximumOfSimultaneousFingersCounts) {
     });
 }
 
-TEST(SessionTapsTest, ATapLastsAtMost0_3Seconds) {
+TEST(SessionTapsTest, RejectsATapLongerThan300Milliseconds) {
     for (const int count : {2, 3, 4, 5}) {
         const GestureType tap =
             std::vector{twoFingerTap, threeFingerTap, fourFingerTap, fiveFingerTap}.at(
@@ -59,7 +59,7 @@ TEST(SessionTapsTest, ATapLastsAtMost0_3Seconds) {
     }
 }
 
-TEST(SessionTapsTest, ATapDriftsByAtMost0_035) {
+TEST(SessionTapsTest, RejectsADriftAboveTheMaximum) {
     const auto touch = fingersAt({{0, 0.5}, {0.3, 0.5}}).down();
     const auto drifting = [&](double drift) {
         return touch.moveFinger(0, drift, 0, 0.1);
@@ -74,11 +74,11 @@ TEST(SessionTapsTest, ATapDriftsByAtMost0_035) {
 }
 
 // Pinch, rotation and swipe are checked, and none of them matches.
-TEST(SessionTapsTest, AStillTouchTooLongForATapIsNoGesture) {
+TEST(SessionTapsTest, StillTouchThatIsTooLongForATapMakesNoGesture) {
     expectReportedGestures(fingers(2).down().hold(0.31).up(), {});
 }
 
-TEST(SessionTapsTest, ATapIsReportedAtTheEndOfItsSession) {
+TEST(SessionTapsTest, TapIsReportedAtTheEndOfItsSession) {
     expectReportedGestures(fingers(2).down().until(0.25).up(), {{0.25, twoFingerTap}});
     expectReportedGestures(fingers(3).down().until(0.1).lift(1).until(0.25).up(),
                            {{0.25, threeFingerTap}});

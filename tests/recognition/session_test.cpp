@@ -22,7 +22,7 @@ TouchPoint hovering(std::int32_t id, double x, double y) {
     return {id, x, y, false};
 }
 
-TEST(SessionTest, LastsFromTheFirstFingerToTheLast) {
+TEST(SessionTest, LastsFromTheFirstLandingToTheLastLift) {
     expectRows(std::vector<Row>{
         {"fingers pass the pad from one to the other",
          fingers(1).down().hold(0.1).add(1).hold(0.05).liftFinger(0).hold(0.1).up(),
@@ -68,7 +68,7 @@ TEST(SessionTest, StaysOpenWithoutAnEmptyReport) {
     expectReportedGestures(fingersRest.moveBy(-0.3, 0, 0.3).up(), {});
 }
 
-TEST(SessionTest, ASessionLeavesNoStateForTheNext) {
+TEST(SessionTest, SessionLeavesNoStateForTheNextSession) {
     expectRowsInEveryVariant(std::vector<Row>{
         {"after a long press a tap",
          fingers(2).down().hold(1).up().wait(0.3).down().hold(0.1).up(),
@@ -94,7 +94,7 @@ TEST(SessionTest, ASessionLeavesNoStateForTheNext) {
     });
 }
 
-TEST(SessionTest, AFingerReplacedByAnotherInOneReportIsNoGesture) {
+TEST(SessionTest, FingerReplacedByAnotherInOneReportMakesNoGesture) {
     const auto corner = [](std::int32_t second) {
         return Frames{frameAt(0, {finger(1, 0.1, 0.1)}), frameAt(0.1, {finger(second, 0.1, 0.1)}),
                       frameAt(0.2)};
@@ -104,7 +104,7 @@ TEST(SessionTest, AFingerReplacedByAnotherInOneReportIsNoGesture) {
     EXPECT_EQ(gesturesOf(perform(corner(2))), Gestures());
 }
 
-TEST(SessionTest, MissingFingersEndBeforeOtherFingersMove) {
+TEST(SessionTest, MissingFingersEndBeforeOtherFingersAreMoved) {
     // In one report the tapping finger vanishes and the holding finger jumps away: at the end of
     // the tap, the holding finger was still down and had not moved.
     const Frames frames = {
@@ -116,7 +116,7 @@ TEST(SessionTest, MissingFingersEndBeforeOtherFingersMove) {
     EXPECT_EQ(perform(frames), (std::vector<ReportedGesture>{{0.4, fixAndTapRight}}));
 }
 
-TEST(SessionTest, TheLaterOfTwoRecordsOfOneFingerCounts) {
+TEST(SessionTest, LastRecordOfAFingerInAReportCounts) {
     const auto tapWith = [](TouchPoint second) {
         return Frames{frameAt(0, {finger(1, 0.1, 0.1)}),
                       frameAt(0.1, {finger(1, 0.1, 0.1), second}),
@@ -128,7 +128,7 @@ TEST(SessionTest, TheLaterOfTwoRecordsOfOneFingerCounts) {
     EXPECT_EQ(gesturesOf(perform(tapWith(hovering(1, 0.2, 0.1)))), Gestures{cornerTapBottomLeft});
 }
 
-TEST(SessionTest, MoreThanFiveFingersAreNoGesture) {
+TEST(SessionTest, MoreThanFiveFingersMakeNoGesture) {
     for (const int count : {6, 7, 10, 11}) {
         std::vector<Spot> spots;
         for (int one = 0; one < count; ++one) {
@@ -140,7 +140,7 @@ TEST(SessionTest, MoreThanFiveFingersAreNoGesture) {
     }
 }
 
-TEST(SessionTest, AFrameWithTheSameTimestampIsProcessed) {
+TEST(SessionTest, FrameWithTheSameTimestampIsProcessed) {
     const Frames frames = {frameAt(1, {finger(1, 0.3, 0.5), finger(2, 0.4, 0.5)}), frameAt(1)};
     EXPECT_EQ(gesturesOf(perform(frames)), Gestures{twoFingerTap});
 }

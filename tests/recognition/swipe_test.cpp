@@ -54,14 +54,14 @@ TEST(SwipeTest, UsesTheFingerCountOfTheSessionNotOfTheTracks) {
     EXPECT_EQ(swipeOf(Tracks(3, moved(0.3, 0)), 2, quick), twoFingerSwipeRight);
 }
 
-TEST(SwipeTest, LastsAtMost0_8Seconds) {
+TEST(SwipeTest, RejectsASwipeLongerThan800Milliseconds) {
     EXPECT_EQ(twoFingers(0.3, 0, justBelow(0.8)), twoFingerSwipeRight);
     EXPECT_EQ(twoFingers(0.3, 0, 0.8), twoFingerSwipeRight);
     EXPECT_EQ(twoFingers(0.3, 0, justAbove(0.8)), std::nullopt);
     EXPECT_EQ(twoFingers(0.3, 0, 0.81), std::nullopt);
 }
 
-TEST(SwipeTest, MovesByAtLeast0_15) {
+TEST(SwipeTest, RejectsADistanceBelowTheMinimum) {
     EXPECT_EQ(twoFingers(justBelow(0.15), 0), std::nullopt);
     EXPECT_EQ(twoFingers(0.15, 0), twoFingerSwipeRight);
     EXPECT_EQ(twoFingers(justAbove(0.15), 0), twoFingerSwipeRight);
@@ -80,14 +80,14 @@ TEST(SwipeTest, LengthIsMeasuredWithoutStretchingThePad) {
     EXPECT_EQ(twoFingers(0.14, 0), std::nullopt); // 0.189 if it were stretched
 }
 
-TEST(SwipeTest, AFingerThatMovesAgainstTheOthersPreventsASwipe) {
+TEST(SwipeTest, FingerThatMovesAgainstTheOthersPreventsASwipe) {
     EXPECT_EQ(swipeOf(Tracks{moved(0.5, 0), moved(0.5, 0), moved(-0.01, 0)}, 3, quick),
               std::nullopt);
     EXPECT_EQ(swipeOf(Tracks{moved(0.5, 0), moved(0.5, 0), moved(0.01, 0)}, 3, quick),
               threeFingerSwipeRight);
 }
 
-TEST(SwipeTest, AFingerThatMovesSidewaysPreventsASwipe) {
+TEST(SwipeTest, FingerThatMovesSidewaysPreventsASwipe) {
     EXPECT_EQ(swipeOf(Tracks{moved(0.5, 0), moved(0.5, 0), moved(0, 0)}, 3, quick), std::nullopt);
     const auto across = [](double along) {
         return Tracks{moved(0.5, 0), moved(along, 0.25), moved(along, -0.25)};
@@ -97,7 +97,7 @@ TEST(SwipeTest, AFingerThatMovesSidewaysPreventsASwipe) {
     EXPECT_EQ(swipeOf(across(1e-12), 3, quick), threeFingerSwipeRight);
 }
 
-TEST(SwipeTest, ADiagonalIsNoSwipe) {
+TEST(SwipeTest, RejectsADiagonalMovement) {
     const struct {
         double dx, dy;
         std::optional<GestureType> expected;
@@ -131,7 +131,7 @@ TEST(SwipeTest, OnlyTheEndPositionOfTheFingerCounts) {
     EXPECT_EQ(swipeOf(Tracks{andBack, andBack}, 2, quick), std::nullopt);
 }
 
-TEST(SwipeTest, NonFinitePositionsAreNoSwipe) {
+TEST(SwipeTest, RejectsNonFinitePositions) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(twoFingers(0.3, 0, nan), std::nullopt);
     EXPECT_EQ(twoFingers(nan, 0), std::nullopt);

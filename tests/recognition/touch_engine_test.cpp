@@ -23,12 +23,12 @@ TouchFrame frameOf(double time, int touching, int hovering = 0) {
     return frame;
 }
 
-TEST(TouchEngineTest, TheInitialCountIsZero) {
+TEST(TouchEngineTest, InitialFingerCountIsZero) {
     const EngineStage stage;
     EXPECT_EQ(stage.engine->touchingCount(), 0);
 }
 
-TEST(TouchEngineTest, TheCountIsUpdatedBeforeRecognitionRuns) {
+TEST(TouchEngineTest, FingerCountIsUpdatedBeforeRecognitionRuns) {
     EngineStage stage;
     stage.submit(frameOf(0, 3));
     EXPECT_EQ(stage.engine->touchingCount(), 3);
@@ -41,7 +41,7 @@ TEST(TouchEngineTest, TheCountIsUpdatedBeforeRecognitionRuns) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0.2, threeFingerTap}}));
 }
 
-TEST(TouchEngineTest, AnEmptyReportResetsTheCountAndIsForwarded) {
+TEST(TouchEngineTest, EmptyReportResetsTheFingerCountAndIsForwarded) {
     EngineStage stage;
     stage.submit(frameOf(0, 2));
     stage.submit({0.1, {}});
@@ -50,7 +50,7 @@ TEST(TouchEngineTest, AnEmptyReportResetsTheCountAndIsForwarded) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0.1, twoFingerTap}}));
 }
 
-TEST(TouchEngineTest, EveryRecordThatTouchesCounts) {
+TEST(TouchEngineTest, EveryTouchingRecordCounts) {
     EngineStage stage;
     report({record(7, 0.3, 0.5), record(7, 0.3, 0.5),
             record(8, std::numeric_limits<double>::quiet_NaN(), 0.5)},
@@ -75,7 +75,7 @@ TEST(TouchEngineTest, FramesAreRecognisedInTheOrderOfTheReports) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}, {1, threeFingerTap}}));
 }
 
-TEST(TouchEngineTest, UsesTheTimeOfTheReportNotOfItsRecords) {
+TEST(TouchEngineTest, UsesTheTimestampOfTheReportNotOfItsRecords) {
     EngineStage stage;
     std::vector<MTTouch> records = {record(1, 0.3, 0.5), record(2, 0.4, 0.5)};
     records[0].timestamp = 1e9;
@@ -87,7 +87,7 @@ TEST(TouchEngineTest, UsesTheTimeOfTheReportNotOfItsRecords) {
     EXPECT_EQ(stage.reported[0].gesture, twoFingerTap);
 }
 
-TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
+TEST(TouchEngineTest, GesturesAreDeliveredAtLeast250MillisecondsApart) {
     const struct {
         const char* fact;
         double gap;
@@ -110,7 +110,7 @@ TEST(TouchEngineTest, GesturesAreDeliveredAQuarterSecondApart) {
     }
 }
 
-TEST(TouchEngineTest, TheFirstGestureAlwaysPasses) {
+TEST(TouchEngineTest, FirstGestureAlwaysPasses) {
     EngineStage stage;
     stage.recognise(pinchIn);
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, pinchIn}}));
@@ -126,7 +126,7 @@ TEST(TouchEngineTest, AllGesturesShareOneCooldown) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}}));
 }
 
-TEST(TouchEngineTest, ADroppedGestureDoesNotProlongTheCooldown) {
+TEST(TouchEngineTest, DroppedGestureDoesNotProlongTheCooldown) {
     EngineStage stage;
     stage.recognise(twoFingerTap);
     stage.time.advanceTo(0.2);
@@ -136,7 +136,7 @@ TEST(TouchEngineTest, ADroppedGestureDoesNotProlongTheCooldown) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}, {0.25, fourFingerTap}}));
 }
 
-TEST(TouchEngineTest, TheCooldownStartsEvenWithoutACallback) {
+TEST(TouchEngineTest, CooldownStartsEvenWithoutACallback) {
     EngineStage stage;
     const auto listener = stage.engine->onGesture;
     stage.engine->onGesture = {};
@@ -150,7 +150,7 @@ TEST(TouchEngineTest, TheCooldownStartsEvenWithoutACallback) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0.25, fourFingerTap}}));
 }
 
-TEST(TouchEngineTest, TheCooldownStartsBeforeTheCallbackRuns) {
+TEST(TouchEngineTest, CooldownStartsBeforeTheCallbackRuns) {
     EngineStage stage;
     stage.engine->onGesture = [&](GestureType gesture) {
         stage.reported.push_back({stage.time.now(), gesture});
@@ -160,7 +160,7 @@ TEST(TouchEngineTest, TheCooldownStartsBeforeTheCallbackRuns) {
     EXPECT_EQ(stage.reported, (ReportedGestures{{0, twoFingerTap}}));
 }
 
-TEST(TouchEngineTest, AQuickUnboundDoubleTapIsDropped) {
+TEST(TouchEngineTest, QuickUnboundDoubleTapIsDropped) {
     EngineStage stage;
     const auto tap = fingers(2).down().hold(0.05).up();
     stage.play(tap.wait(0.15).then(tap)); // ends 0.2 s apart
@@ -168,7 +168,7 @@ TEST(TouchEngineTest, AQuickUnboundDoubleTapIsDropped) {
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{twoFingerTap});
 }
 
-TEST(TouchEngineTest, TheCooldownAlsoAppliesToAHeldBackTap) {
+TEST(TouchEngineTest, CooldownAlsoAppliesToAHeldBackTap) {
     EngineStage stage({2});
     stage.play(fingers(2).startingAt(-0.1).down().until(0).up());
     stage.play(fingers(1).at(0.1, 0.1).startingAt(0.2).down().until(0.3).up());
@@ -177,7 +177,7 @@ TEST(TouchEngineTest, TheCooldownAlsoAppliesToAHeldBackTap) {
               (ReportedGestures{{0.3, cornerTapBottomLeft}})); // 0.45 is within its cooldown
 }
 
-TEST(TouchEngineTest, TheDoubleTapQueryReachesTheBindings) {
+TEST(TouchEngineTest, DoubleTapQueryReachesTheBindings) {
     EngineStage stage({3});
     const auto tap = fingers(3).down().hold(0.1).up();
     stage.play(tap.wait(0.2).then(tap));
@@ -223,7 +223,7 @@ TEST(TouchEngineTest, CanBeRestarted) {
     EXPECT_EQ(gesturesOf(stage.reported), std::vector{fourFingerTap});
 }
 
-TEST(TouchEngineTest, TouchesFromBeforeAStopAreDiscarded) {
+TEST(TouchEngineTest, TouchesBeforeAStopAreDiscarded) {
     EngineStage stage({2});
     stage.play(fingers(2).startingAt(-0.1).down().until(0).up()); // this tap is held back
     stage.play(fingers(3).startingAt(0.05).down().until(0.1));    // these fingers stay on the pad
@@ -266,7 +266,7 @@ TEST_F(TouchEngineDriverTest, StopsEachDeviceBeforeUnregisteringIt) {
     EXPECT_FALSE(manager.isRunning());
 }
 
-TEST_F(TouchEngineDriverTest, FirstStartListsTheDevicesOnceEvenIfThereAreNone) {
+TEST_F(TouchEngineDriverTest, FirstStartListsTheDevicesOnceEvenWithoutDevices) {
     MultitouchDeviceManager growing(testDriver("growing-list"));
     const TestDriverLibrary library(growing);
     const auto other =
@@ -276,7 +276,7 @@ TEST_F(TouchEngineDriverTest, FirstStartListsTheDevicesOnceEvenIfThereAreNone) {
     other->stop();
 }
 
-TEST_F(TouchEngineDriverTest, ARestartListsTheDevicesOnce) {
+TEST_F(TouchEngineDriverTest, RestartListsTheDevicesOnce) {
     engine->start();
     engine->stop();
     const std::string stopped = driver.calls();
@@ -286,7 +286,7 @@ TEST_F(TouchEngineDriverTest, ARestartListsTheDevicesOnce) {
     engine->stop();
 }
 
-TEST_F(TouchEngineDriverTest, ARestartFindsTheFirstDevice) {
+TEST_F(TouchEngineDriverTest, RestartFindsTheFirstDevice) {
     MultitouchDeviceManager growing(testDriver("growing-list"));
     const TestDriverLibrary library(growing);
     const auto other =
@@ -315,7 +315,7 @@ TEST_F(TouchEngineDriverTest, LooksForDevicesOnlyWhileStarted) {
     EXPECT_EQ(driver.calls(), stopped);
 }
 
-TEST_F(TouchEngineDriverTest, DriverReportsArrive) {
+TEST_F(TouchEngineDriverTest, DriverReportsReachTheEngine) {
     engine->start();
     const MTTouch records[] = {record(1, 0.3, 0.5), record(2, 0.4, 0.5)};
     driver.report(records, 2, 1.5);
@@ -328,7 +328,7 @@ TEST_F(TouchEngineDriverTest, StoppingBeforeStartingDoesNotCallTheDriver) {
     EXPECT_EQ(driver.calls(), "");
 }
 
-TEST_F(TouchEngineDriverTest, AnUnusableDriverIsNotCalled) {
+TEST_F(TouchEngineDriverTest, UnusableDriverIsNotCalled) {
     MultitouchDeviceManager incomplete(testDriver("without-start"));
     const TestDriverLibrary library(incomplete);
     const auto other =
@@ -338,7 +338,7 @@ TEST_F(TouchEngineDriverTest, AnUnusableDriverIsNotCalled) {
     EXPECT_EQ(library.calls(), "");
 }
 
-TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileFramesAreQueued) {
+TEST(TouchEngineDestructionTest, EngineMayBeDestroyedWhileFramesAreQueued) {
     EngineStage stage;
     stage.submit(frameOf(0, 2));
     stage.submit({0.1, {}});
@@ -349,7 +349,7 @@ TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileFramesAreQueued) {
     EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
-TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileATapIsHeldBack) {
+TEST(TouchEngineDestructionTest, EngineMayBeDestroyedWhileATapIsHeldBack) {
     EngineStage stage({2});
     stage.play(fingers(2).down().hold(0.1).up());
     EXPECT_LT(stage.time.nextDeadline(), 1);
@@ -358,7 +358,7 @@ TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileATapIsHeldBack) {
     EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
-TEST(TouchEngineEndTest, AReportAfterItsDestructionIsDropped) {
+TEST(TouchEngineDestructionTest, ReportAfterDestructionIsDropped) {
     EngineStage stage;
     stage.engine.reset();
     report(frameOf(0, 2)); // the sink is still installed, but the engine is gone
@@ -366,7 +366,7 @@ TEST(TouchEngineEndTest, AReportAfterItsDestructionIsDropped) {
     EXPECT_EQ(stage.reported, ReportedGestures());
 }
 
-TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileItsCallbackRuns) {
+TEST(TouchEngineDestructionTest, EngineMayBeDestroyedWhileItsCallbackRuns) {
     EngineStage stage;
     stage.engine->onGesture = [&stage](GestureType gesture) {
         auto& all = stage.reported;
@@ -378,7 +378,7 @@ TEST(TouchEngineEndTest, AnEngineMayBeDestroyedWhileItsCallbackRuns) {
     EXPECT_EQ(stage.engine, nullptr);
 }
 
-TEST(TouchEngineEndTest, AnEngineThatWasNeverStartedReceivesNoReports) {
+TEST(TouchEngineDestructionTest, EngineThatWasNeverStartedReceivesNoReports) {
     VirtualTime time;
     MultitouchDeviceManager manager({"/no/such/driver", {}});
     const auto engine =
@@ -415,7 +415,7 @@ TEST(TouchEngineHostileTest, NonFinitePositionsDoNotDisturbOtherFingers) {
     EXPECT_EQ(gesturesOf(stage.reported), (std::vector{cornerTapBottomRight, twoFingerTap}));
 }
 
-TEST(TouchEngineSharedTest, TheSharedInstanceIsCreatedOnceFromItsConfiguration) {
+TEST(TouchEngineSharedTest, SharedInstanceIsCreatedOnceFromItsConfiguration) {
     static VirtualTime time;
     static MultitouchDeviceManager manager({"/no/such/driver", {}});
     static int made = 0;

@@ -45,7 +45,7 @@ TEST_F(TrackListTest, KeepsTheTracksInLandingOrder) {
     EXPECT_FALSE(tracks.isCrowded());
 }
 
-TEST_F(TrackListTest, AFingerThatLandsAgainGetsANewTrack) {
+TEST_F(TrackListTest, FingerThatLandsAgainGetsANewTrack) {
     land(5, 1);
     lift(5);
     land(5, 2);
@@ -85,7 +85,7 @@ TEST_F(TrackListTest, DropsTracksRepeatedly) {
     }
 }
 
-TEST_F(TrackListTest, AFingerBeyondTheCapacityIsNotTracked) {
+TEST_F(TrackListTest, FingerBeyondTheCapacityIsNotTracked) {
     for (std::int32_t id = 1; id <= 300; ++id) {
         land(id);
     }

@@ -28,14 +28,14 @@ TEST(TrackTest, StartsWhereTheFingerLands) {
     EXPECT_EQ(track.endTime, 0);
 }
 
-TEST(TrackTest, StoresItsEndTime) {
+TEST(TrackTest, StoresTheEndTime) {
     Track track = trackFrom({0, 0});
     track.end(3.5);
     EXPECT_TRUE(track.ended);
     EXPECT_EQ(track.endTime, 3.5);
 }
 
-TEST(TrackTest, RestartsWithoutStateOfTheOldFinger) {
+TEST(TrackTest, RestartKeepsNoStateOfTheOldFinger) {
     Track track = trackFrom({0.1, 0.1});
     track.moveTo({0.9, 0.9});
     track.end(3);
@@ -58,7 +58,7 @@ TEST(TrackTest, RecordsTheMaximumDriftAndTheLastPosition) {
     EXPECT_EQ(track.displacement(), (PadPoint{0.1, 0}));
 }
 
-TEST(TrackTest, AStepOfTheMinimumLengthIsKeptAndAShorterOneIsNot) {
+TEST(TrackTest, KeepsOnlyStepsOfAtLeastTheMinimumLength) {
     const struct {
         double step;
         bool kept;
@@ -72,7 +72,7 @@ TEST(TrackTest, AStepOfTheMinimumLengthIsKeptAndAShorterOneIsNot) {
     }
 }
 
-TEST(TrackTest, AStepIsMeasuredFromTheLastKeptPoint) {
+TEST(TrackTest, StepIsMeasuredFromTheLastKeptPoint) {
     Track track = trackFrom({0, 0});
     track.moveTo({0.003, 0});
     track.moveTo({0.006, 0});
@@ -81,7 +81,7 @@ TEST(TrackTest, AStepIsMeasuredFromTheLastKeptPoint) {
     EXPECT_EQ(track.points, (Path{{0, 0}, {0.006, 0}, {0.010, 0}}));
 }
 
-TEST(TrackTest, APathHasAMaximumLength) {
+TEST(TrackTest, PathHasAMaximumLength) {
     Track track = trackFrom({0, 0});
     for (int step = 1; step < 1999; ++step) {
         track.moveTo({step % 2 * 0.5, 0});

@@ -145,7 +145,7 @@ Seen readAll(RecordingReader& reader) {
 
 class CollectedRecording : public testing::TestWithParam<path> {};
 
-TEST_P(CollectedRecording, MatchesAnIndependentCountOfItsText) {
+TEST_P(CollectedRecording, ReaderMatchesAnIndependentEventCount) {
     const path& file = GetParam();
     const auto reader = openRecordingFile(file, file.filename().string());
     const Seen seen = readAll(*reader);

@@ -46,7 +46,7 @@ ReadRecording readBeside(const std::string& name, const std::string& recording,
     return readRecordFile(folder.write(name, recording));
 }
 
-TEST(Evemu, IsReadWithItsOwnDescription) {
+TEST(EvemuReader, ReadsARecordingWithItsOwnDescription) {
     const ReadRecording recording = readRecords(head + down + up);
     EXPECT_EQ(recording.error, "");
     EXPECT_EQ(recording.device, "A # pad");
@@ -54,7 +54,7 @@ TEST(Evemu, IsReadWithItsOwnDescription) {
                 ElementsAre("0.5: 1@0.25,0.75 state 3", "0.508: 1@0.25,0.75 state 7"));
 }
 
-TEST(Evemu, MayHaveCommentsAndBlankLinesAnywhere) {
+TEST(EvemuReader, SkipsCommentsAndBlankLines) {
     const std::string content = "\n# EVEMU 1.2\r\n" + head +
                                 "################################\n"
                                 "#      Waiting for events      #\n"
@@ -69,19 +69,19 @@ TEST(Evemu, MayHaveCommentsAndBlankLinesAnywhere) {
     EXPECT_THAT(recording.records, ElementsAre("0.5: 1@0.25,0.75 state 3"));
 }
 
-TEST(Evemu, MayOmitTheFirstCommentAndResolutions) {
+TEST(EvemuReader, AcceptsAMissingFirstCommentAndResolutions) {
     const std::string old = "N: pad\nA: 2f 0 4 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
     EXPECT_THAT(readRecords(old + down).records, ElementsAre("0.5: 1@0.25,0.75 state 3"));
 }
 
-TEST(Evemu, KeepsTimesUnchanged) {
+TEST(EvemuReader, KeepsTimesUnchanged) {
     const std::string content = head + "E: 1338280591.517526 0003 0039 0007\n"
                                        "E: 1338280591.517526 0000 0000 0000\n";
     EXPECT_THAT(readRecords(content).records,
                 ElementsAre(HasSubstr("1338280591.517526: 1@0,1 state 3")));
 }
 
-TEST(Evemu, ReportsButtonsAfterTheContactsOfTheSameMoment) {
+TEST(EvemuReader, ReportsButtonsAfterContactsOfTheSameFrame) {
     const std::string content = head + "E: 1.0 0001 0110 0001\n" + down +
                                 "E: 2.0 0001 0111 0001\n"
                                 "E: 2.0 0001 0111 0000\n"
@@ -91,13 +91,13 @@ TEST(Evemu, ReportsButtonsAfterTheContactsOfTheSameMoment) {
                             "2: button 1 up"));
 }
 
-TEST(Evemu, WithoutEventsIsAnEmptyRecording) {
+TEST(EvemuReader, ReadsAnEmptyRecordingWithoutEvents) {
     const ReadRecording recording = readRecords(head);
     EXPECT_EQ(recording.error, "");
     EXPECT_THAT(recording.records, IsEmpty());
 }
 
-TEST(Evemu, SupportsPadsThatReportABoundingBox) {
+TEST(EvemuReader, SupportsTouchpadsThatReportABoundingBox) {
     const std::string semi = "N: pad\nP: 09 00\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
     // The touchpad only counts the second finger, so a touchpad with complete contacts would not
     // report it.
@@ -108,12 +108,12 @@ TEST(Evemu, SupportsPadsThatReportABoundingBox) {
                 ElementsAre(testing::AllOf(HasSubstr("1@"), testing::Not(HasSubstr(", 2@")))));
 }
 
-TEST(Evemu, IgnoresSlotsThatDoNotExist) {
+TEST(EvemuReader, IgnoresSlotsOutsideTheRange) {
     const std::string content = head + "E: 0.5 3 2f 5\nE: 0.5 3 39 7\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(content).records, IsEmpty());
 }
 
-TEST(Evemu, IsReadWithADescriptionFileBesideIt) {
+TEST(EvemuReader, ReadsADescriptionFileInTheSameFolder) {
     const ReadRecording recording = readBeside("pad.swipe.events", down, {{"pad.desc", head}});
     EXPECT_EQ(recording.error, "");
     EXPECT_EQ(recording.device, "A # pad");
@@ -124,7 +124,7 @@ std::string named(const std::string& name) {
     return "N: " + name + "\nA: 2f 0 4 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
 }
 
-TEST(Evemu, UsesTheDescriptionFileWithTheLongestCommonPrefix) {
+TEST(EvemuReader, UsesTheDescriptionFileWithTheLongestCommonPrefix) {
     const std::vector<std::pair<std::string, std::string>> descriptions = {
         {"pad.desc", named("short")},       {"pad.new.desc", named("longer")},
         {"pad.newer.desc", named("other")}, {"pad.new.two.desc", named("too long")},
@@ -136,12 +136,12 @@ TEST(Evemu, UsesTheDescriptionFileWithTheLongestCommonPrefix) {
     EXPECT_EQ(readBeside("pad tap.events", down, descriptions).device, "short");
 }
 
-TEST(Evemu, PrefersItsOwnDescription) {
+TEST(EvemuReader, PrefersTheDescriptionInTheRecording) {
     EXPECT_EQ(readBeside("pad.events", head + down, {{"pad.desc", named("beside")}}).device,
               "A # pad");
 }
 
-TEST(Evemu, IsRejectedWithoutADescription) {
+TEST(EvemuReader, RejectsARecordingWithoutADescription) {
     const std::string message =
         "does not describe its device, and there is no .desc file beside it";
     EXPECT_EQ(readRecords(down).error, "file: " + message);
@@ -151,13 +151,13 @@ TEST(Evemu, IsRejectedWithoutADescription) {
               "pad.events: " + message);
 }
 
-TEST(Evemu, NamesTheMalformedDescription) {
+TEST(EvemuReader, NamesTheMalformedDescriptionFile) {
     EXPECT_THAT(readBeside("pad.events", down, {{"pad.desc", "N: pad\nA: 2f\n"}}).error,
                 testing::EndsWith(
                     "/pad.desc:2: an axis is not \"A: axis min max fuzz flat [resolution]\""));
 }
 
-TEST(Evemu, OfADeviceWithoutSlotsIsRejected) {
+TEST(EvemuReader, RejectsADeviceWithoutSlots) {
     EXPECT_EQ(readRecords("N: old\nA: 00 0 100 0 0\nA: 35 0 9 0 0\nA: 36 0 9 0 0\n" + down).error,
               "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
     EXPECT_EQ(readRecords("N: odd\nA: 2f 0 1 0 0\nA: 36 0 9 0 0\n" + down).error,
@@ -170,7 +170,7 @@ struct BadRow {
     const char* message;
 };
 
-TEST(Evemu, MalformedLineEndsTheRecordingWithItsLocationAndReason) {
+TEST(EvemuReader, ReportsLocationAndReasonForAMalformedLine) {
     const char* event = "an event is not \"E: seconds.microseconds type code value\"";
     const BadRow rows[] = {
         {"E:", event},
@@ -199,7 +199,7 @@ TEST(Evemu, MalformedLineEndsTheRecordingWithItsLocationAndReason) {
     }
 }
 
-TEST(Evemu, MalformedDescriptionIsRejectedWithItsLocationAndReason) {
+TEST(EvemuReader, ReportsLocationAndReasonForAMalformedDescription) {
     const char* axis = "an axis is not \"A: axis min max fuzz flat [resolution]\"";
     const char* properties = "properties are not bytes in hexadecimal";
     const BadRow rows[] = {
@@ -219,7 +219,7 @@ TEST(Evemu, MalformedDescriptionIsRejectedWithItsLocationAndReason) {
     }
 }
 
-TEST(Evemu, SurvivesAnImpossibleDescription) {
+TEST(EvemuReader, SurvivesAnImpossibleDescription) {
     const char* const heads[] = {
         "A: 2f 0 2147483647 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n",
         "A: 2f 0 -2147483648 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n",

@@ -88,15 +88,15 @@ const GoodRow goodRows[] = {
      {"1: time", "2: time"}},
 };
 
-class WellFormedLines : public testing::TestWithParam<GoodRow> {};
+class WellFormedJsonLine : public testing::TestWithParam<GoodRow> {};
 
-TEST_P(WellFormedLines, AreRead) {
+TEST_P(WellFormedJsonLine, YieldsItsRecords) {
     const ReadRecording recording = readRecords(GetParam().content);
     EXPECT_EQ(recording.records, GetParam().records);
     EXPECT_EQ(recording.error, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(JsonLines, WellFormedLines, testing::ValuesIn(goodRows));
+INSTANTIATE_TEST_SUITE_P(JsonLines, WellFormedJsonLine, testing::ValuesIn(goodRows));
 
 struct BadRow {
     std::string line;
@@ -204,26 +204,26 @@ const BadRow badRows[] = {
     {touches(maxTouches + 1), "more than 65536 touches"},
 };
 
-class MalformedLine : public testing::TestWithParam<BadRow> {};
+class MalformedJsonLine : public testing::TestWithParam<BadRow> {};
 
-TEST_P(MalformedLine, EndsTheRecordingWithItsLocationAndReason) {
+TEST_P(MalformedJsonLine, EndsTheRecordingWithLocationAndReason) {
     const ReadRecording recording =
         readRecords("{\"t\":0}\n\n" + GetParam().line + "\n{\"t\":9}\n");
     EXPECT_THAT(recording.records, ElementsAre("0: time"));
     EXPECT_EQ(recording.error, std::string("file:3: ") + GetParam().message);
 }
 
-INSTANTIATE_TEST_SUITE_P(JsonLines, MalformedLine, testing::ValuesIn(badRows));
+INSTANTIATE_TEST_SUITE_P(JsonLines, MalformedJsonLine, testing::ValuesIn(badRows));
 
-TEST(JsonLines, NestUpToTheLimit) {
+TEST(JsonLinesReader, AcceptsNestingUpToTheLimit) {
     EXPECT_EQ(readRecords(nested(64)).error, "");
 }
 
-TEST(JsonLines, HoldTouchesUpToTheLimit) {
+TEST(JsonLinesReader, AcceptsTouchesUpToTheLimit) {
     EXPECT_EQ(readRecords(touches(maxTouches)).error, "");
 }
 
-TEST(JsonLines, ReportTheDeviceAfterTheirHeadIsRead) {
+TEST(JsonLinesReader, ReturnsTheDeviceAfterReadingTheHeader) {
     std::istringstream stream("{\"glidemap-recording\":1,\"device\":\"Pad \\u00e9\"}\n{\"t\":1}\n");
     const auto reader = openRecording(stream, "file");
     Record record;
@@ -231,7 +231,7 @@ TEST(JsonLines, ReportTheDeviceAfterTheirHeadIsRead) {
     EXPECT_EQ(reader->device(), "Pad \u00e9");
 }
 
-TEST(JsonLines, GiveEachContactTheTimeOfItsReport) {
+TEST(JsonLinesReader, SetsEachContactsTimeToItsReportsTime) {
     std::istringstream stream(R"({"touches":[[1,0,0,4],[2,0,0,4]],"t":2.5})");
     const auto reader = openRecording(stream, "file");
     Record record;
@@ -241,7 +241,7 @@ TEST(JsonLines, GiveEachContactTheTimeOfItsReport) {
                                             testing::Field(&MTTouch::timestamp, 2.5)));
 }
 
-TEST(JsonLines, DoNotCarryARecordOverIntoTheNext) {
+TEST(JsonLinesReader, DoesNotReuseContentOfThePreviousRecord) {
     std::istringstream stream("{\"t\":1,\"touches\":[[1,0,0,4],[2,0,0,4]]}\n"
                               "{\"t\":2,\"touches\":[]}\n"
                               "{\"t\":3,\"frontmost\":{\"bundleID\":\"b\",\"name\":\"n\"}}\n"
@@ -254,7 +254,7 @@ TEST(JsonLines, DoNotCarryARecordOverIntoTheNext) {
 }
 
 // A recording in progress must be playable immediately.
-TEST(JsonLines, AreReadAsTheyArrive) {
+TEST(JsonLinesReader, ReadsLinesAsTheyArrive) {
     std::stringstream stream;
     stream << "{\"t\":1}\n";
     const auto reader = openRecording(stream, "file");
@@ -265,7 +265,7 @@ TEST(JsonLines, AreReadAsTheyArrive) {
     EXPECT_EQ(timeOf(record), 2);
 }
 
-TEST(JsonLines, KeepReturningTheError) {
+TEST(JsonLinesReader, KeepsReturningTheError) {
     std::istringstream stream("{}\n{\"t\":1}\n");
     const auto reader = openRecording(stream, "file");
     Record record;
@@ -274,7 +274,7 @@ TEST(JsonLines, KeepReturningTheError) {
     EXPECT_EQ(text(*reader->error()), "file:1: no time \"t\"");
 }
 
-TEST(JsonLines, AreLimitedInLength) {
+TEST(JsonLinesReader, RejectsALineAboveTheLengthLimit) {
     const std::string before = "{\"t\":1,\"x\":\"";
     const std::string after = "\"}";
     const std::size_t room = maxLineLength - before.size() - after.size();
@@ -285,7 +285,7 @@ TEST(JsonLines, AreLimitedInLength) {
     EXPECT_EQ(tooLong.error, "file:2: the line is longer than 16 MiB");
 }
 
-TEST(Recording, InAnUnknownFormatIsRejected) {
+TEST(OpenRecording, RejectsAnUnknownFormat) {
     const char* const strangers[] = {"P6\n1 1\n", "hello\n", "# only\n# comments\n",
                                      "\x7F"
                                      "ELF"};
@@ -296,12 +296,12 @@ TEST(Recording, InAnUnknownFormatIsRejected) {
     }
 }
 
-TEST(Recording, ThatCannotBeOpenedHasAReason) {
+TEST(OpenRecording, ReportsWhyAFileCannotBeOpened) {
     EXPECT_EQ(readRecordFile("no/such/recording").error,
               "recording: cannot be opened: No such file or directory");
 }
 
-TEST(Recording, ThatIsAFolderCannotBeRead) {
+TEST(OpenRecording, ReportsThatAFolderCannotBeRead) {
     EXPECT_THAT(readRecordFile(std::filesystem::temp_directory_path()).error,
                 testing::EndsWith(":1: cannot be read"));
 }

@@ -68,7 +68,7 @@ std::string lines(const std::string& line, int count) {
     return text;
 }
 
-TEST(LibinputRecord, IsReadAsTheTouchpadReportedIt) {
+TEST(LibinputRecordReader, ReadsReportsAsTheTouchpadSentThem) {
     const ReadRecording recording = readRecords(
         head + device("A pad", touchpadProperty,
                       landing(25) + "  - libinput:\n"
@@ -84,7 +84,7 @@ TEST(LibinputRecord, IsReadAsTheTouchpadReportedIt) {
 }
 
 // The first file was played into the kernel, and libinput recorded the second file from that touch.
-TEST(LibinputRecord, EqualsTheEvemuRecordingOfTheSameTouch) {
+TEST(LibinputRecordReader, ReadsTheSameReportsAsTheEvemuReader) {
     const std::filesystem::path data = GLIDEMAP_TEST_DATA;
     const auto evemu = readRecordFile(data / "two_fingers.swipe_with_click.events");
     const auto libinput = readRecordFile(data / "two_fingers.swipe_with_click.yml");
@@ -110,7 +110,7 @@ TEST(LibinputRecord, EqualsTheEvemuRecordingOfTheSameTouch) {
                             ": 1@0.6,0.547 state 7, 2@0.7,0.527 state 7"));
 }
 
-TEST(LibinputRecord, UsesTheFirstTouchpadOfSeveralDevices) {
+TEST(LibinputRecordReader, UsesTheFirstTouchpadAmongSeveralDevices) {
     const ReadRecording recording =
         readRecords(head + device("mouse", "ID_INPUT_MOUSE=1", landing(10)) +
                     device("first", touchpadProperty, landing(25)) +
@@ -133,12 +133,12 @@ std::string withoutUdev(const std::string& properties) {
            properties + "\n";
 }
 
-TEST(LibinputRecord, WithoutUdevPropertiesAcceptsAPadThatIsNoTouchscreen) {
+TEST(LibinputRecordReader, DistinguishesTouchpadFromTouchscreenWithoutUdevProperties) {
     EXPECT_THAT(readRecords(withoutUdev("[0]")).records, ElementsAre("0.5: 1@0,1 state 3"));
     EXPECT_EQ(readRecords(withoutUdev("[1]")).error, "file: no touchpad among its devices");
 }
 
-TEST(LibinputRecord, WithoutATouchpadIsRejected) {
+TEST(LibinputRecordReader, RejectsARecordingWithoutATouchpad) {
     const std::string message = "file: no touchpad among its devices";
     EXPECT_EQ(readRecords(head + device("mouse", "ID_INPUT_MOUSE=1", landing(10))).error, message);
     EXPECT_EQ(readRecords(head).error, message);
@@ -146,14 +146,14 @@ TEST(LibinputRecord, WithoutATouchpadIsRejected) {
     EXPECT_EQ(readRecords("version: 1\ndevices: []\n").error, message);
 }
 
-TEST(LibinputRecord, OfATouchpadWithoutSlotsIsRejected) {
+TEST(LibinputRecordReader, RejectsATouchpadWithoutSlots) {
     EXPECT_EQ(
         readRecords("version: 1\ndevices:\n- udev:\n    properties: [ID_INPUT_TOUCHPAD=1]\n").error,
         "file: the device does not report its contacts in slots (it has no ABS_MT_SLOT)");
 }
 
 // A recording of an idle touchpad consists mostly of comments with the time of day.
-TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
+TEST(LibinputRecordReader, AcceptsAnyNumberOfComments) {
     const ReadRecording recording = readRecords(
         head + device("pad", touchpadProperty,
                       landing(25) + lines("  # Current time is 03:59:25", 10'000) + landing(50)));
@@ -162,7 +162,7 @@ TEST(LibinputRecord, MayHaveAnyAmountOfComments) {
 }
 
 // The events are far longer than the limit for a single value.
-TEST(LibinputRecord, MayHaveAnyNumberOfEvents) {
+TEST(LibinputRecordReader, AcceptsAnyNumberOfEvents) {
     std::string events = "  - evdev:\n";
     for (int index = 0; index < 10'000; ++index) {
         const std::string time = "    - [" + std::to_string(index) + ", 0, ";
@@ -174,7 +174,7 @@ TEST(LibinputRecord, MayHaveAnyNumberOfEvents) {
         << "the first event lifts a finger that is not there";
 }
 
-TEST(LibinputRecord, WithoutEventsIsAnEmptyRecording) {
+TEST(LibinputRecordReader, ReadsAnEmptyRecordingWithoutEvents) {
     const ReadRecording recording = readRecords(head + device("pad", touchpadProperty, ""));
     EXPECT_EQ(recording.error, "");
     EXPECT_THAT(recording.records, IsEmpty());
@@ -185,7 +185,7 @@ struct BadRow {
     const char* message;
 };
 
-TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsLocationAndReason) {
+TEST(LibinputRecordReader, ReportsLocationAndReasonForAMalformedEvent) {
     const char* event = "an event is not [seconds, microseconds, type, code, value]";
     const char* number = "not a valid number";
     const BadRow rows[] = {
@@ -209,7 +209,7 @@ TEST(LibinputRecord, MalformedEventEndsTheRecordingWithItsLocationAndReason) {
     }
 }
 
-TEST(LibinputRecord, TruncatedInTheMiddleReturnsTheCompleteEvents) {
+TEST(LibinputRecordReader, ReturnsTheCompleteEventsOfATruncatedRecording) {
     std::string content = head + device("pad", touchpadProperty, landing(25) + landing(50));
     content.resize(content.rfind("[  0, 500000") + 8);
     const ReadRecording recording = readRecords(content);
@@ -221,7 +221,7 @@ std::string nested(std::size_t depth) {
     return std::string(depth, '[') + std::string(depth, ']');
 }
 
-TEST(LibinputRecord, MalformedHeadIsRejectedWithItsLocationAndReason) {
+TEST(LibinputRecordReader, ReportsLocationAndReasonForAMalformedHeader) {
     const BadRow rows[] = {
         {"version: 2", "file:1: version 2 of libinput's recording format is not supported, only "
                        "version 1"},
@@ -255,14 +255,14 @@ TEST(LibinputRecord, MalformedHeadIsRejectedWithItsLocationAndReason) {
 }
 
 // The parser buffers a whole scalar, so its length needs a limit.
-TEST(LibinputRecord, StopsReadingAnEndlessScalar) {
+TEST(LibinputRecordReader, StopsReadingAnEndlessScalar) {
     const ReadRecording recording = readRecords("version: 1\nx:\n" + lines(" a", 100'000));
     EXPECT_THAT(recording.error, testing::MatchesRegex("file:2[0-9]{4}: 64 KiB without a complete "
                                                        "value"));
 }
 
 // The reader processes a list element by element, so its length needs no limit.
-TEST(LibinputRecord, ReadsAnUnterminatedListToItsEnd) {
+TEST(LibinputRecordReader, ReadsAnUnterminatedListToItsEnd) {
     const ReadRecording recording = readRecords("version: 1\nx: [[\n" + lines("a,", 100'000));
     EXPECT_EQ(recording.error, "file:100003: not valid YAML: did not find expected node content");
 }

@@ -103,7 +103,7 @@ TEST_F(TrustTest, UinputMustBeWritable) {
     EXPECT_FALSE(isTrusted());
 }
 
-TEST_F(TrustTest, DevicesThatTheRuleExcludesNeedNoAccess) {
+TEST_F(TrustTest, IgnoresDevicesThatTheUdevRuleExcludes) {
     const VirtualPad keys(keyboard("Keyboard"));
     const VirtualPad stick(pointingStick());
     const VirtualPad combined(padWith({KEY_1, KEY_2}));
@@ -214,7 +214,7 @@ TEST_F(GrantAccessTest, TagsOnlyTouchpadsAndUinputForTheSeat) {
     EXPECT_FALSE(isTaggedForTheSeat(ownKeyboardNode()));
 }
 
-TEST_F(GrantAccessTest, TagsALaterTouchpadForTheSeat) {
+TEST_F(GrantAccessTest, TagsATouchpadPluggedInLaterForTheSeat) {
     ASSERT_EQ(grantAccess().status, 0);
     const VirtualPad pad(ordinaryPad());
     EXPECT_TRUE(isTaggedForTheSeat(pad.node()));
@@ -230,7 +230,7 @@ TEST_F(GrantAccessTest, SecondRunChangesNothing) {
     EXPECT_EQ(filesIn(rulesFolder), files);
 }
 
-TEST_F(GrantAccessTest, ReplacesAnOlderVersionsRules) {
+TEST_F(GrantAccessTest, ReplacesTheRulesOfAnOlderVersion) {
     fs::create_directories(rulesFolder);
     std::ofstream(rulesFile) << "# something else\n";
     ASSERT_EQ(grantAccess().status, 0);
@@ -252,7 +252,7 @@ private:
     const fs::path file = "/usr/lib/udev/rules.d/70-glidemap.rules";
 };
 
-TEST_F(GrantAccessTest, AppliesThePackagesRuleWithoutInstallingAnother) {
+TEST_F(GrantAccessTest, AppliesThePackagedRuleWithoutInstallingAnother) {
     const VirtualPad pad(ordinaryPad());
     const PackageRule rule;
     EXPECT_FALSE(isTaggedForTheSeat(pad.node()));

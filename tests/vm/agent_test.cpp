@@ -110,7 +110,7 @@ TEST_F(AgentTest, DefaultBindingsTypeTheirShortcuts) {
     EXPECT_THAT(contentsOf(home.bindingsFile()), HasSubstr("\"drawCircle\""));
 }
 
-TEST_F(AgentTest, EveryKindOfActionRuns) {
+TEST_F(AgentTest, RunsEveryKindOfAction) {
     const std::filesystem::path launched = home.folder / "launched";
     std::ofstream(home.applications() / "org.example.Probe.desktop")
         << "[Desktop Entry]\nType=Application\nName=Probe\nExec=/usr/bin/touch "
@@ -143,7 +143,7 @@ TEST_F(AgentTest, EveryKindOfActionRuns) {
                                          up(KEY_Q), up(KEY_LEFTMETA), up(KEY_LEFTCTRL)));
 }
 
-TEST_F(AgentTest, GestureWithoutABindingIsLoggedAndTypesNothing) {
+TEST_F(AgentTest, LogsAnUnboundGestureAndTypesNothing) {
     home.writeBindings({bindingJson("twoFingerTap", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();
@@ -175,7 +175,7 @@ TEST_F(AgentTest, DoesNothingWhileTheMasterSwitchIsOff) {
 
 // ── dropped clicks ──
 
-TEST_F(AgentTest, DropsATwoFingerClickWithItsReleaseButNotAOneFingerClick) {
+TEST_F(AgentTest, DropsATwoFingerClickAndItsReleaseButNotAOneFingerClick) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();
@@ -196,7 +196,7 @@ TEST_F(AgentTest, DropsATwoFingerClickWithItsReleaseButNotAOneFingerClick) {
 }
 
 // Plays the same frames to the ungrabbed touchpad and through the clone.
-TEST_F(AgentTest, CloneForwardsEveryEventOfTheFingers) {
+TEST_F(AgentTest, CloneForwardsEveryFingerEvent) {
     const auto play = [&] {
         PadHand other(pad); // starts with the same tracking ids each time
         other.down(1).move(900, 300, 25).up().pause(0.05);
@@ -283,7 +283,7 @@ TEST_F(AgentTest, TypesAndDropsClicksWithoutARestartAfterAccessIsGranted) {
 
 // ── ungrabbing the touchpad ──
 
-TEST_F(AgentTest, KillingTheProgramDuringATouchGivesTheTouchpadBack) {
+TEST_F(AgentTest, KillingTheProgramDuringATouchUngrabsTheTouchpad) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     const std::filesystem::path clone = cloneNode();
@@ -303,7 +303,7 @@ TEST_F(AgentTest, KillingTheProgramDuringATouchGivesTheTouchpadBack) {
 
 class StoppedAgentTest : public AgentTest, public testing::WithParamInterface<int> {};
 
-TEST_P(StoppedAgentTest, ExitsAndGivesTheTouchpadBack) {
+TEST_P(StoppedAgentTest, ExitsAndUngrabsTheTouchpad) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     const std::filesystem::path clone = cloneNode();
@@ -322,7 +322,7 @@ TEST_P(StoppedAgentTest, ExitsAndGivesTheTouchpadBack) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, StoppedAgentTest, testing::Values(SIGTERM, SIGINT));
 
-TEST_F(AgentTest, FiltersAReturningTouchpadAgain) {
+TEST_F(AgentTest, FiltersAReconnectedTouchpadAgain) {
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
     DeviceReader keys = keyboard();
@@ -340,7 +340,7 @@ TEST_F(AgentTest, FiltersAReturningTouchpadAgain) {
 
 // ── a full disk ──
 
-TEST_F(AgentTest, LogNamesTheReasonIfNoProgramReadsTheClone) {
+TEST_F(AgentTest, LogsThatNoProgramReadsTheClone) {
     const InEnvironment log("GLIDEMAP_LOG", "1");
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     Agent agent;
@@ -358,7 +358,7 @@ TEST_F(AgentTest, LogNamesTheReasonIfNoProgramReadsTheClone) {
     EXPECT_THAT(agent.output(), Not(HasSubstr("twoFingerClick")));
 }
 
-TEST_F(AgentTest, LogNamesTheReasonIfAnotherProgramHasGrabbedTheTouchpad) {
+TEST_F(AgentTest, LogsThatAnotherProgramHasGrabbedTheTouchpad) {
     const InEnvironment log("GLIDEMAP_LOG", "1");
     home.writeBindings({bindingJson("twoFingerClick", shortcutJson(17, 0))});
     const EventReader other(pad.node());

@@ -27,7 +27,7 @@ TEST(HoldingProgram, DISABLED_HoldsTheTouchpads) {
     }
 }
 
-TEST(CloneEndTest, KillingTheProgramDuringATouchReleasesTheTouchpad) {
+TEST(CloneEndTest, KillingTheProgramDuringATouchUngrabsTheTouchpad) {
     VirtualPad pad(ordinaryPad());
     EventReader others(pad.node());
     const std::string self = std::filesystem::read_symlink("/proc/self/exe");

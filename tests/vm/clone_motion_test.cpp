@@ -162,7 +162,7 @@ protected:
     static RecordedPad recorded() { return readRecordedPad(recordingsFolder() / GetParam()); }
 };
 
-TEST_P(CloneMotionTest, CloneHasItsTouchpadsShape) {
+TEST_P(CloneMotionTest, CloneHasTheTouchpadsCapabilities) {
     GLIDEMAP_NEEDS_RECORDINGS();
     ForwardedPad forwarded(shapeToday(recorded()));
     forwarded.switchOn();
@@ -174,7 +174,7 @@ TEST_P(CloneMotionTest, CloneHasItsTouchpadsShape) {
     EXPECT_EQ(udevProperty(clone, "ID_INPUT_TOUCHPAD"), "1");
 }
 
-TEST_P(CloneMotionTest, ReaderOfTheCloneGetsTheSameEvents) {
+TEST_P(CloneMotionTest, CloneReaderReceivesTheSameEvents) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const RecordedPad pad = recorded();
     Twins twins(shapeToday(pad));
@@ -188,7 +188,7 @@ TEST_P(CloneMotionTest, ReaderOfTheCloneGetsTheSameEvents) {
     EXPECT_TRUE(twins.forwarded.others.isQuiet());
 }
 
-TEST_P(CloneMotionTest, LaterCloneReportsTheSameState) {
+TEST_P(CloneMotionTest, CloneOfAUsedTouchpadReportsTheSameState) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const RecordedPad pad = recorded();
     Twins twins(shapeToday(pad));

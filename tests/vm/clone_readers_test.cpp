@@ -28,7 +28,7 @@ protected:
     std::filesystem::path clone;
 };
 
-TEST_F(CloneReadersTest, OneOfTwoSimultaneousReadersMayClose) {
+TEST_F(CloneReadersTest, CloneIsGrabbedIfOneOfTwoSimultaneousReadersCloses) {
     filter.switchOn(true);
     clone = waitForClone();
     int reader = -1;
@@ -46,7 +46,7 @@ TEST_F(CloneReadersTest, OneOfTwoSimultaneousReadersMayClose) {
 
 // If a notification of a close were lost, the driver would assume a reader, and no program would
 // receive the touchpad's events.
-TEST_F(CloneReadersTest, TwoProgramsThatCloseTogetherAreNoReaders) {
+TEST_F(CloneReadersTest, ProgramsThatCloseTheCloneTogetherDoNotCountAsReaders) {
     filter.switchOn(true);
     clone = waitForClone();
     {

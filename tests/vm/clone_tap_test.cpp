@@ -87,7 +87,7 @@ PadShape padWithPalms() {
     return shape;
 }
 
-TEST_F(CloneTapTest, DroppedShortClickIsNoTap) {
+TEST_F(CloneTapTest, DroppedShortClickIsNotATap) {
     for (const int fingers : {2, 3, 4}) {
         hand.down(fingers).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
         hand.pause(betweenGestures);
@@ -96,7 +96,7 @@ TEST_F(CloneTapTest, DroppedShortClickIsNoTap) {
     EXPECT_THAT(libinput->errors(), Not(HasSubstr("jump")));
 }
 
-TEST_F(CloneTapTest, DroppedClickWhoseFingersLandAndLiftWithTheButtonIsNoTap) {
+TEST_F(CloneTapTest, DroppedClickIsNotATapIfFingersLandAndLiftWithTheButton) {
     auto& pad = forwarded.pad;
     const PadEvent touch{EV_KEY, BTN_TOUCH, 1};
     const PadEvent noTouch{EV_KEY, BTN_TOUCH, 0};
@@ -109,7 +109,7 @@ TEST_F(CloneTapTest, DroppedClickWhoseFingersLandAndLiftWithTheButtonIsNoTap) {
     EXPECT_THAT(buttons(), IsEmpty());
 }
 
-TEST_F(CloneTapTest, FingerThatLandsAndLiftsDuringADroppedClickIsNoTap) {
+TEST_F(CloneTapTest, AdditionalFingerDuringADroppedClickDoesNotTap) {
     auto& pad = forwarded.pad;
     hand.down(2).pause(aMoment).press().pause(aMoment);
     pad.write(together({fingerDown(2, 9, 3000, 500),
@@ -121,7 +121,7 @@ TEST_F(CloneTapTest, FingerThatLandsAndLiftsDuringADroppedClickIsNoTap) {
     EXPECT_THAT(buttons(), IsEmpty());
 }
 
-TEST_F(CloneTapTest, ForwardedClickIsAClickAndATapIsATap) {
+TEST_F(CloneTapTest, ForwardsClicksAsClicksAndTapsAsTaps) {
     hand.down(1).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
     hand.pause(betweenGestures).tap(2);
     EXPECT_THAT(buttons(), ElementsAre(HasSubstr("BTN_LEFT (272) pressed"),
@@ -130,7 +130,7 @@ TEST_F(CloneTapTest, ForwardedClickIsAClickAndATapIsATap) {
                                        HasSubstr("BTN_RIGHT (273) released")));
 }
 
-TEST_F(CloneTapTest, TapRightAfterADroppedClickIsATap) {
+TEST_F(CloneTapTest, TapImmediatelyAfterADroppedClickIsATap) {
     hand.down(2).pause(aMoment).press().pause(aMoment).release().pause(aMoment).up();
     hand.pause(aMoment).tap(2);
     EXPECT_THAT(buttons(), ElementsAre(HasSubstr("BTN_RIGHT (273) pressed"),
@@ -138,7 +138,7 @@ TEST_F(CloneTapTest, TapRightAfterADroppedClickIsATap) {
 }
 
 // Moves down while the button is held, and to the right afterwards.
-TEST_F(CloneTapTest, FingersThatStayAfterADroppedClickScrollAgain) {
+TEST_F(CloneTapTest, FingersThatRemainAfterADroppedClickScrollAgain) {
     hand.down(2).pause(aMoment).press().pause(aMoment).move(0, 600, 20);
     hand.release().pause(aMoment).move(800, 0, 20).up();
     EXPECT_THAT(buttons(), IsEmpty());
@@ -146,7 +146,7 @@ TEST_F(CloneTapTest, FingersThatStayAfterADroppedClickScrollAgain) {
     EXPECT_THAT(scrolling(), testing::Each(HasSubstr("vert 0.00")));
 }
 
-TEST_F(CloneTapTest, FingerThatStaysAfterADroppedClickPointsAgain) {
+TEST_F(CloneTapTest, FingerThatRemainsAfterADroppedClickMovesThePointerAgain) {
     hand.down(2).pause(aMoment).press().pause(aMoment).release().pause(aMoment);
     forwarded.pad.write(
         together({fingerUp(1), {{EV_KEY, BTN_TOOL_DOUBLETAP, 0}, {EV_KEY, BTN_TOOL_FINGER, 1}}}));
@@ -161,7 +161,7 @@ TEST_F(CloneTapTest, FingerThatStaysAfterADroppedClickPointsAgain) {
     EXPECT_THAT(linesWith("POINTER_MOTION", "POINTER_MOTION"), Not(IsEmpty()));
 }
 
-TEST_F(CloneTapTest, UngrabDuringADroppedClickIsNoTap) {
+TEST_F(CloneTapTest, UngrabDuringADroppedClickIsNotATap) {
     hand.down(2).pause(aMoment).press().pause(aMoment);
     forwarded.session.settle(forwarded.pad);
     forwarded.session.stop();
@@ -169,7 +169,7 @@ TEST_F(CloneTapTest, UngrabDuringADroppedClickIsNoTap) {
     EXPECT_THAT(linesWith("POINTER_BUTTON", "BTN_"), IsEmpty());
 }
 
-TEST(ClonePalmTest, CloneKeepsThePadsOwnPalmsBeforeAndAfterADroppedPress) {
+TEST(ClonePalmTest, CloneForwardsTheTouchpadsPalmsAroundADroppedPress) {
     ForwardedPad forwarded(padWithPalms());
     forwarded.switchOn();
     auto& pad = forwarded.pad;

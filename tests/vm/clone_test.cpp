@@ -28,7 +28,7 @@ namespace {
 constexpr std::int32_t down = driver::clickFilterButtonDown;
 constexpr std::int32_t up = driver::clickFilterButtonUp;
 
-TEST(CloneTest, TwoFingerClickIsDroppedWithItsReleaseButNotItsTouches) {
+TEST(CloneTest, DropsATwoFingerClickAndItsReleaseButNotItsTouches) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -77,7 +77,7 @@ TEST(CloneTest, OneFingerClickIsForwarded) {
     EXPECT_EQ(forwarded.filter.asked(), (std::vector<AskedClick>{{down, 0, 1}, {up, 0, 1}}));
 }
 
-TEST(CloneTest, RightButtonIsFilteredLikeTheLeft) {
+TEST(CloneTest, FiltersTheRightButtonLikeTheLeft) {
     PadShape shape = ordinaryPad();
     shape.keys.insert(BTN_RIGHT);
     ForwardedPad forwarded(shape);
@@ -113,7 +113,7 @@ bool kernelTakesGivenTimes(ForwardedPad& forwarded) {
 
 // A kernel that sets the time itself gives the clone's events slightly later times than the
 // touchpad's.
-TEST(CloneTest, FramesOfTheCloneHaveTheTouchpadsOrderAndTimes) {
+TEST(CloneTest, CloneFramesKeepTheTouchpadsOrderAndTimes) {
     constexpr std::int32_t steps = 20;
     ForwardedPad forwarded;
     const std::int64_t latest = kernelTakesGivenTimes(forwarded) ? 0 : second;
@@ -192,7 +192,7 @@ TEST(CloneTest, GrabWaitsUntilAHeldButtonIsReleased) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, SwitchingOffGivesTheTouchpadBackWhenTheFingersHaveLifted) {
+TEST(CloneTest, SwitchingOffUngrabsTheTouchpadOnceTheFingersLift) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -255,7 +255,7 @@ TEST(CloneTest, DriverIgnoresClones) {
 // The kernel filters the touchpad's jitter, and the clone emits the filtered events. Where
 // libinput's udev rules are installed, libinput filters instead and finds the fuzz value on the
 // clone too.
-TEST(CloneTest, JitterIsFilteredOnceByTheKernelOrByLibinput) {
+TEST(CloneTest, EitherTheKernelOrLibinputFiltersJitter) {
     constexpr std::int32_t jitter = 8;
     PadShape shape = ordinaryPad();
     shape.axes[ABS_X].fuzz = shape.axes[ABS_MT_POSITION_X].fuzz = jitter;
@@ -297,7 +297,7 @@ TEST(CloneTest, LibinputUsesTheCloneAsATouchpadAndMovesThePointer) {
     EXPECT_THAT(*motion, testing::HasSubstr(clone));
 }
 
-TEST(CloneTest, StopDuringATouchGivesTheTouchpadBackAtOnce) {
+TEST(CloneTest, StopDuringATouchUngrabsTheTouchpadImmediately) {
     auto forwarded = std::make_unique<ForwardedPad>();
     EventReader others(forwarded->pad.node());
     VirtualPad& pad = forwarded->pad;
@@ -313,7 +313,7 @@ TEST(CloneTest, StopDuringATouchGivesTheTouchpadBackAtOnce) {
     EXPECT_TRUE(contains(received, {EV_ABS, ABS_MT_POSITION_X, 1100}));
 }
 
-TEST(CloneTest, CloneDisappearsAndReturnsWithItsTouchpad) {
+TEST(CloneTest, CloneIsRemovedAndRecreatedWithItsTouchpad) {
     ForwardedPad forwarded;
     forwarded.switchOn();
     auto& pad = forwarded.pad;
@@ -331,7 +331,7 @@ TEST(CloneTest, CloneDisappearsAndReturnsWithItsTouchpad) {
     EXPECT_FALSE(contains(forwarded.readClone(), leftDown));
 }
 
-TEST(CloneTest, GrabWaitsForAnotherProgramsGrabAndANeutralTouchpad) {
+TEST(CloneTest, WaitsUntilAnotherProgramUngrabsAndTheTouchpadIsNeutral) {
     ForwardedPad forwarded;
     auto& pad = forwarded.pad;
     ASSERT_TRUE(forwarded.others.grab());
@@ -351,7 +351,7 @@ TEST(CloneTest, GrabWaitsForAnotherProgramsGrabAndANeutralTouchpad) {
     EXPECT_TRUE(forwarded.others.isQuiet());
 }
 
-TEST(CloneTest, WithoutTheRightToMakeDevicesAllClicksPass) {
+TEST(CloneTest, PassesAllClicksWithoutAccessToUinput) {
     VirtualPad pad(ordinaryPad());
     ASSERT_EQ(chmod(pad.node().c_str(), 0666), 0);
     ASSERT_EQ(chmod("/dev/uinput", 0600), 0);
@@ -381,7 +381,7 @@ TEST(CloneTest, WithoutTheRightToMakeDevicesAllClicksPass) {
     EXPECT_FALSE(waitForClone().empty());
 }
 
-TEST(CloneTest, CloneCatchesUpAfterTheDriverLostEvents) {
+TEST(CloneTest, CloneMatchesTheTouchpadAfterTheDriverLosesEvents) {
     constexpr std::int32_t manyFrames = 200; // more than the kernel's event buffer holds
     ForwardedPad forwarded;
     forwarded.switchOn();
@@ -420,7 +420,7 @@ TEST(CloneTest, CloneCatchesUpAfterTheDriverLostEvents) {
     EXPECT_THAT(tools(), testing::Each(MT_TOOL_FINGER));
 }
 
-TEST(CloneTest, LostReleaseLeavesNoPalm) {
+TEST(CloneTest, LostReleaseLeavesNoPalmMark) {
     constexpr std::int32_t manyFrames = 200; // more than the kernel's event buffer holds
     ForwardedPad forwarded;
     forwarded.switchOn();
@@ -454,7 +454,7 @@ std::map<int, std::int64_t> sleeps(const std::vector<int>& threads) {
     return counts;
 }
 
-TEST(CloneTest, DriverSleepsWhileItForwardsAnUntouchedPad) {
+TEST(CloneTest, DriverSleepsWhileItForwardsAnUntouchedTouchpad) {
     ForwardedPad forwarded;
     VirtualPad busy(otherPad());
     EventReader reader(busy.node());

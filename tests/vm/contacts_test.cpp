@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(ContactsTest, ContactMakesTouchThenTouchesThenLeaves) {
+TEST(ContactsTest, ContactStatesAreMakeTouchThenTouchingThenLeft) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerMove(0, 1200, 500),
@@ -29,7 +29,7 @@ TEST(ContactsTest, ContactMakesTouchThenTouchesThenLeaves) {
 }
 
 // The kernel reports only changes, so it sends no position for this finger.
-TEST(ContactsTest, FingerThatLandsAtItsSlotsLastPositionIsReportedThere) {
+TEST(ContactsTest, ReportsAFingerThatLandsAtItsSlotsLastPosition) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500), fingerUp(0), fingerDown(0, 8, 1000, 500)});
@@ -40,7 +40,7 @@ TEST(ContactsTest, FingerThatLandsAtItsSlotsLastPositionIsReportedThere) {
                             SeenContacts{{2, 3, seenX(1000), seenY(500)}}));
 }
 
-TEST(ContactsTest, FrameThatChangesNoContactIsNotReported) {
+TEST(ContactsTest, DoesNotReportAFrameThatChangesNoContact) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500),
@@ -63,7 +63,7 @@ TEST(ContactsTest, PositionsBeyondTheAxisRangeAreClamped) {
 
 // The touchpad sent the finger's position before the driver opened it, so only the slot holds the
 // position.
-TEST(ContactsTest, FingerThatRestedBeforeTheStartHasItsTruePosition) {
+TEST(ContactsTest, ReportsThePositionOfAFingerThatTouchedBeforeTheStart) {
     VirtualPad pad(ordinaryPad());
     pad.write(fingerDown(2, 7, 1000, 500));
     DriverSession session;
@@ -96,7 +96,7 @@ TEST(ContactsTest, TimestampsAreTheKernelsMonotonicClock) {
     EXPECT_LE(reports[1].timestamp, after);
 }
 
-TEST(ContactsTest, TwoPadsAreTwoDevices) {
+TEST(ContactsTest, TwoTouchpadsAreTwoDevices) {
     VirtualPad left(ordinaryPad(), "virtual/left");
     VirtualPad right(ordinaryPad(), "virtual/right");
     VirtualPad other(otherPad());
@@ -149,7 +149,7 @@ TEST(ContactsTest, StoppedSessionReportsNothing) {
     EXPECT_EQ(again.seen().reports.size(), 1U); // the report of only one of the two sessions
 }
 
-TEST(ContactsTest, DevicesOtherThanTouchpadsAreIgnored) {
+TEST(ContactsTest, IgnoresDevicesOtherThanTouchpads) {
     PadShape screen = ordinaryPad();
     screen.properties = {INPUT_PROP_DIRECT};
     PadShape withoutSlots = ordinaryPad();
@@ -168,7 +168,7 @@ TEST(ContactsTest, DevicesOtherThanTouchpadsAreIgnored) {
     EXPECT_EQ(session.unreadableTouchpads(), 0);
 }
 
-TEST(ContactsTest, WithoutATouchpadTheListIsEmpty) {
+TEST(ContactsTest, ListIsEmptyWithoutATouchpad) {
     DriverSession session;
     EXPECT_FALSE(session.isRunning());
     EXPECT_EQ(session.loadError(), "未找到多点触摸设备");

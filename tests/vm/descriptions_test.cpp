@@ -131,7 +131,7 @@ TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
 INSTANTIATE_TEST_SUITE_P(Descriptions, DescriptionTest, testing::ValuesIn(rows),
                          [](const auto& instance) { return testName(instance.param.file); });
 
-TEST(DescriptionsTest, EachDescriptionHasARow) {
+TEST(DescriptionsTest, EachDescriptionHasATestRow) {
     GLIDEMAP_NEEDS_RECORDINGS();
     std::set<std::string> named;
     for (const Row& row : rows) {

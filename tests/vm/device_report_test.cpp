@@ -61,7 +61,7 @@ TEST(DeviceReportTest, NamesMissingAccessRights) {
     EXPECT_THAT(lines.back(), HasSubstr("this user may not write to it (mode 0"));
 }
 
-TEST(DeviceReportTest, NamesTheReasonToIgnoreADevice) {
+TEST(DeviceReportTest, NamesTheReasonForIgnoringADevice) {
     PadShape screen = ordinaryPad();
     screen.name = "Screen";
     screen.properties = {INPUT_PROP_DIRECT};

@@ -101,7 +101,7 @@ struct Row {
     std::size_t length;
 };
 
-TEST_F(FullDisk, KeepsTheOldListWhileTheNewListStaysInMemoryUntilASaveSucceeds) {
+TEST_F(FullDisk, KeepsTheSavedBindingsUntilASaveSucceeds) {
     constexpr Row rows[] = {
         {"no page left", 0, 10},
         {"one page left for two", page, page},
@@ -126,7 +126,7 @@ TEST_F(FullDisk, KeepsTheOldListWhileTheNewListStaysInMemoryUntilASaveSucceeds) 
     }
 }
 
-TEST_F(FullDisk, AcceptsAListThatFitsIntoTheFreeSpace) {
+TEST_F(FullDisk, SavesBindingsThatFitIntoTheFreeSpace) {
     BindingStore store = launch();
     disk.fill(page);
     store.setBindings(listWithName(2 * page));
@@ -134,7 +134,7 @@ TEST_F(FullDisk, AcceptsAListThatFitsIntoTheFreeSpace) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, StoreProvidesTheDefaultsAtTheFirstLaunch) {
+TEST_F(FullDisk, ProvidesDefaultBindingsOnTheFirstLaunch) {
     disk.fill(0);
     BindingStore store = launch();
     EXPECT_EQ(store.bindings()->size(), 3U);
@@ -144,7 +144,7 @@ TEST_F(FullDisk, StoreProvidesTheDefaultsAtTheFirstLaunch) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, KeepsTheOldListWhileNoFileNamesAreFree) {
+TEST_F(FullDisk, KeepsTheSavedBindingsWhileNoInodeIsFree) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     disk.fillNames();
@@ -155,7 +155,7 @@ TEST_F(FullDisk, KeepsTheOldListWhileNoFileNamesAreFree) {
     expectOnDisk(*store.bindings());
 }
 
-TEST_F(FullDisk, ReadOnlyDiskKeepsTheOldListUntilItIsWritableAgain) {
+TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheDiskIsReadOnly) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     disk.setReadOnly(true);
@@ -169,7 +169,7 @@ TEST_F(FullDisk, ReadOnlyDiskKeepsTheOldListUntilItIsWritableAgain) {
 }
 
 // Runs as an ordinary user, because root may write to any folder.
-TEST_F(FullDisk, ReadOnlyFolderKeepsTheOldListUntilItIsWritable) {
+TEST_F(FullDisk, KeepsTheSavedBindingsWhileTheFolderIsReadOnly) {
     BindingStore store = launch();
     const BindingList old = *store.bindings();
     const fs::path folder = disk.path() / "Glidemap";
@@ -190,7 +190,7 @@ TEST_F(FullDisk, ReadOnlyFolderKeepsTheOldListUntilItIsWritable) {
     expectOnDisk(changed);
 }
 
-TEST_F(FullDisk, UnreadableFileIsReplacedByTheDefaults) {
+TEST_F(FullDisk, ReplacesAnUnreadableFileWithTheDefaultBindings) {
     launch().setBindings(listWithName(10));
     fs::permissions(disk.path(), fs::perms::all);
     fs::permissions(disk.path() / "Glidemap", fs::perms::all);

@@ -143,7 +143,7 @@ TEST_F(HeldModifiersTest, HeldShiftIsReleasedForTheShortcutAndPressedAgain) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-42 while 1"} + plainB);
 }
 
-TEST_F(HeldModifiersTest, HeldControlOfTheShortcutStaysHeldAfterwards) {
+TEST_F(HeldModifiersTest, ControlHeldForTheShortcutStaysHeldAfterwards) {
     press(KEY_LEFTCTRL);
     keysUntilUserTypesB();
     post(t, control);
@@ -154,7 +154,7 @@ TEST_F(HeldModifiersTest, HeldControlOfTheShortcutStaysHeldAfterwards) {
     EXPECT_EQ(keysUntilUserTypesB(), Keys{"-29 while 4"} + plainB);
 }
 
-TEST_F(HeldModifiersTest, TwoShortcutsDuringOneHoldAreBothComplete) {
+TEST_F(HeldModifiersTest, BothShortcutsAreCompleteWhileAModifierIsHeld) {
     press(KEY_RIGHTSHIFT);
     keysUntilUserTypesB();
     post(t, control);

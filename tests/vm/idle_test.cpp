@@ -79,7 +79,7 @@ TEST(IdleTest, DriverSleepsWhileAFingerRests) {
 }
 
 // The driver waits without polling until a missing touchpad returns.
-TEST(IdleTest, DriverSleepsWhileAPadIsMissing) {
+TEST(IdleTest, DriverSleepsWhileATouchpadIsMissing) {
     VirtualPad pad(ordinaryPad());
     VirtualPad staying(otherPad());
     VirtualPad busy(notATouchpad());

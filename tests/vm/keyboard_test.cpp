@@ -78,7 +78,7 @@ void post(UinputKeyboard& keyboard, std::uint16_t key, std::uint64_t flags) {
     keyboard.post(events);
 }
 
-TEST(KeyboardTest, KeyboardExistsFromConstructionToDestruction) {
+TEST(KeyboardTest, DeviceExistsFromConstructionToDestruction) {
     ASSERT_EQ(keyboards().size(), 0U);
     {
         UinputKeyboard keyboard;
@@ -94,7 +94,7 @@ TEST(KeyboardTest, KeyboardExistsFromConstructionToDestruction) {
     EXPECT_EQ(keyboards().size(), 0U);
 }
 
-TEST(KeyboardTest, KeyboardHasExactlyTheKeysThatCanBeTyped) {
+TEST(KeyboardTest, HasExactlyTheKeysThatCanBeTyped) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
     std::set<int> expected;
@@ -106,7 +106,7 @@ TEST(KeyboardTest, KeyboardHasExactlyTheKeysThatCanBeTyped) {
     EXPECT_EQ(firstLine(keyboards().front() / "device/capabilities/ev"), "3");
 }
 
-TEST(KeyboardTest, ModifiersArePressedBeforeTheKeyAndReleasedAfterItEachInItsOwnFrame) {
+TEST(KeyboardTest, PressesModifiersBeforeAndReleasesThemAfterTheKey) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
     DeviceReader reader(nodeOf(keyboards().front()));
@@ -125,7 +125,7 @@ TEST(KeyboardTest, ModifiersArePressedBeforeTheKeyAndReleasedAfterItEachInItsOwn
     EXPECT_EQ(reader.take(), changes({{KEY_T, 1}, {KEY_T, 0}}));
 }
 
-TEST(KeyboardTest, EveryNamedKeyIsTyped) {
+TEST(KeyboardTest, TypesEveryNamedKey) {
     UinputKeyboard keyboard;
     ASSERT_EQ(keyboards().size(), 1U);
     DeviceReader reader(nodeOf(keyboards().front()));
@@ -173,7 +173,7 @@ private:
     std::unique_ptr<DeviceReader> reader;
 };
 
-TEST(KeyboardTest, KeysAreReleasedBeforeTheKeyboardIsRemoved) {
+TEST(KeyboardTest, ReleasesKeysBeforeTheDeviceIsRemoved) {
     AllSeen seen;
     {
         UinputKeyboard keyboard(std::make_unique<ReadToTheEnd>(seen), nullptr);
@@ -184,7 +184,7 @@ TEST(KeyboardTest, KeysAreReleasedBeforeTheKeyboardIsRemoved) {
     EXPECT_EQ(keyboards().size(), 0U);
 }
 
-TEST(KeyboardTest, KeyboardIsCreatedOncePermissionIsGranted) {
+TEST(KeyboardTest, CreatesTheDeviceOncePermissionIsGranted) {
     constexpr const char* controlNode = "/dev/uinput";
     ASSERT_EQ(chmod(controlNode, 0600), 0);
     std::unique_ptr<UinputKeyboard> keyboard;

@@ -32,7 +32,7 @@ long added(const Process& desktop) {
     return count;
 }
 
-TEST(ManyPadsTest, EveryPadIsGrabbedOnceAndNotGivenBack) {
+TEST(ManyPadsTest, EveryTouchpadIsGrabbedOnceAndStaysGrabbed) {
     if (!std::filesystem::exists("/usr/bin/libinput")) {
         GTEST_SKIP() << "libinput-tools is not installed";
     }

@@ -57,7 +57,7 @@ protected:
     driver::Device device = nullptr;
 };
 
-TEST_F(OverflowTest, FingersThatStayedKeepTheirIdentifiers) {
+TEST_F(OverflowTest, FingersThatStayDownKeepTheirIdentifiers) {
     moveFingerZeroManyTimes();
     const auto reports = afterRelease();
     EXPECT_EQ(reports.back(),
@@ -65,7 +65,7 @@ TEST_F(OverflowTest, FingersThatStayedKeepTheirIdentifiers) {
                             {2, 4, seenX(2000), seenY(500)}}));
 }
 
-TEST_F(OverflowTest, FingerThatLiftedMeanwhileLeavesOnce) {
+TEST_F(OverflowTest, FingerThatLiftsDuringTheOverflowLeavesOnce) {
     pad.write(fingerUp(1));
     moveFingerZeroManyTimes();
     const auto reports = afterRelease();
@@ -83,7 +83,7 @@ TEST_F(OverflowTest, FingerThatLiftedMeanwhileLeavesOnce) {
 }
 
 // The driver never sees the slot empty, only a new tracking id.
-TEST_F(OverflowTest, NewFingerInAReusedSlotIsAnotherFinger) {
+TEST_F(OverflowTest, NewFingerInAReusedSlotHasANewIdentifier) {
     moveFingerZeroManyTimes();
     pad.write(fingerUp(1));
     pad.write(fingerDown(1, 9, 3000, 1500));
@@ -100,7 +100,7 @@ TEST_F(OverflowTest, NewFingerInAReusedSlotIsAnotherFinger) {
     EXPECT_EQ(newcomer->y, seenY(1500));
 }
 
-TEST_F(OverflowTest, TouchEndsWhenAllFingersLiftedMeanwhile) {
+TEST_F(OverflowTest, TouchEndsIfAllFingersLiftDuringTheOverflow) {
     moveFingerZeroManyTimes();
     pad.write(together({fingerUp(0), fingerUp(1)}));
     const auto reports = afterRelease();

@@ -22,7 +22,7 @@ std::unique_ptr<DriverSession> sessionWithoutRights() {
     return std::make_unique<DriverSession>();
 }
 
-TEST(PermissionTest, UnreadablePadsAreCountedButNotListed) {
+TEST(PermissionTest, UnreadableTouchpadsAreCountedButNotListed) {
     const VirtualPad pad(ordinaryPad());
     const VirtualPad other(otherPad());
     const auto session = sessionWithoutRights();
@@ -31,7 +31,7 @@ TEST(PermissionTest, UnreadablePadsAreCountedButNotListed) {
     EXPECT_EQ(session->unreadableTouchpads(), 2);
 }
 
-TEST(PermissionTest, ReadablePadWorksBesideAnUnreadablePad) {
+TEST(PermissionTest, ReadableTouchpadWorksNextToAnUnreadableTouchpad) {
     VirtualPad pad(ordinaryPad());
     const VirtualPad closed(otherPad());
     ASSERT_EQ(chmod(pad.node().c_str(), readable), 0);
@@ -43,7 +43,7 @@ TEST(PermissionTest, ReadablePadWorksBesideAnUnreadablePad) {
 }
 
 // The node appears before its access list, so the first attempt to open it may fail.
-TEST(PermissionTest, ReturningPadResumesWhenAccessIsGrantedLater) {
+TEST(PermissionTest, ReconnectedTouchpadResumesWhenAccessIsGrantedLater) {
     VirtualPad pad(ordinaryPad());
     VirtualPad witness(otherPad());
     ASSERT_EQ(chmod(pad.node().c_str(), readable), 0);

@@ -77,7 +77,7 @@ protected:
     Question question{home.folder};
 };
 
-TEST_F(ProgramTest, ReadsTheTouchpadWithoutARestartOnceAccessIsGranted) {
+TEST_F(ProgramTest, ReadsTheTouchpadOnceAccessIsGrantedWithoutARestart) {
     letEverybody(false);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
@@ -91,7 +91,7 @@ TEST_F(ProgramTest, ReadsTheTouchpadWithoutARestartOnceAccessIsGranted) {
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
 }
 
-TEST_F(ProgramTest, RefusedProgramKeepsRunningWithoutAskingAgain) {
+TEST_F(ProgramTest, KeepsRunningWithoutPromptingAgainAfterARefusal) {
     letEverybody(false);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);
@@ -104,7 +104,7 @@ TEST_F(ProgramTest, RefusedProgramKeepsRunningWithoutAskingAgain) {
     EXPECT_EQ(program.waitForEnd(), 0) << program.errors();
 }
 
-TEST_F(ProgramTest, DoesNotAskIfAccessWasGrantedBeforeTheStart) {
+TEST_F(ProgramTest, DoesNotPromptIfAccessWasGrantedBeforeTheStart) {
     letEverybody(true);
     home.giveToNobody();
     Process program({GLIDEMAP_PROGRAM}, Process::User::nobody);

@@ -93,7 +93,7 @@ std::vector<std::ptrdiff_t> fingersIn(const std::filesystem::path& path) {
     return counts;
 }
 
-TEST_F(RecordTest, RecordsContactsAndPrintsTheGestureAtOnce) {
+TEST_F(RecordTest, RecordsContactsAndPrintsTheGestureImmediately) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -110,7 +110,7 @@ TEST_F(RecordTest, RecordsContactsAndPrintsTheGestureAtOnce) {
     EXPECT_THAT(head, HasSubstr("Ordinary Touchpad"));
 }
 
-TEST_F(RecordTest, RecordingKeepsPositionsExactly) {
+TEST_F(RecordTest, RecordsExactPositions) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -165,7 +165,7 @@ TEST_F(RecordTest, RecordsAButton) {
     EXPECT_THAT(changes, testing::ElementsAre(true, false));
 }
 
-TEST_F(RecordTest, UnpluggedPadEndsItsTouchAndIsRecordedAgainWhenItReturns) {
+TEST_F(RecordTest, RecordsAnUnpluggedTouchpadAgainWhenReconnected) {
     VirtualPad pad(ordinaryPad());
     Process record({recordProgram(), "-o", file.string()});
     ASSERT_TRUE(record.waitUntilReading(pad.node()));
@@ -182,14 +182,14 @@ TEST_F(RecordTest, UnpluggedPadEndsItsTouchAndIsRecordedAgainWhenItReturns) {
     EXPECT_THAT(fingersIn(file), testing::ElementsAre(1, 0, 3, 3, 3, 3, 3, 3, 0));
 }
 
-TEST_F(RecordTest, ReportsThatThereIsNoTouchpad) {
+TEST_F(RecordTest, ReportsAMissingTouchpad) {
     Process record({recordProgram(), "-o", file.string()});
     EXPECT_EQ(record.waitForEnd(), 1);
     EXPECT_THAT(record.errors(), HasSubstr("no touchpad"));
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
-TEST_F(RecordTest, ExplainsHowToGetMissingPermission) {
+TEST_F(RecordTest, ExplainsHowToGrantAccess) {
     const VirtualPad pad(ordinaryPad());
     Process record({recordProgram()}, Process::User::nobody);
     EXPECT_EQ(record.waitForEnd(), 1);

@@ -127,7 +127,7 @@ void expectSameReports(const std::vector<SeenContacts>& fromKernel,
 
 class RecordingTest : public testing::TestWithParam<Row> {};
 
-TEST_P(RecordingTest, GivesTheSameReportsThroughTheKernelAsFromItsFile) {
+TEST_P(RecordingTest, ReportsMatchBetweenKernelAndFile) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const Row& row = GetParam();
     const std::filesystem::path path = recordingsFolder() / row.file;
@@ -157,7 +157,7 @@ TEST_P(RecordingTest, GivesTheSameReportsThroughTheKernelAsFromItsFile) {
 INSTANTIATE_TEST_SUITE_P(Recordings, RecordingTest, testing::ValuesIn(rows),
                          [](const auto& instance) { return testName(instance.param.file); });
 
-TEST(RecordingsTest, EachRecordingHasARow) {
+TEST(RecordingsTest, EachRecordingHasATestRow) {
     GLIDEMAP_NEEDS_RECORDINGS();
     std::set<std::string> named;
     for (const Row& row : rows) {

@@ -123,7 +123,7 @@ protected:
 
 // ── an inactive session ──
 
-TEST_F(SessionTest, InactiveSessionHasNoKeyboardAndLeavesTheTouchpadAlone) {
+TEST_F(SessionTest, InactiveSessionHasNoKeyboardAndDoesNotReadTheTouchpad) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, tapTypesS});
     Agent agent;
@@ -155,7 +155,7 @@ TEST_F(SessionTest, InactiveSessionHasNoKeyboardAndLeavesTheTouchpadAlone) {
     EXPECT_THAT(agent.output(), Not(HasSubstr("threeFingerTap")));
 }
 
-TEST_F(SessionTest, StartInAnInactiveSessionWaitsUntilTheSessionIsActive) {
+TEST_F(SessionTest, WaitsForAnActiveSessionOnStartup) {
     BusDouble manager(systemBus.address(), logind(false), journal);
     home.writeBindings({typesT});
     Agent agent;
@@ -192,7 +192,7 @@ TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
 
 // The monotonic clock stops during sleep. Without special handling, a touch, a tap that waits for a
 // second tap, and a held button would continue after sleep.
-TEST_F(SessionTest, NoTouchOrButtonOutlastsSleep) {
+TEST_F(SessionTest, SleepEndsTouchesAndButtons) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
                         bindingJson("twoFingerTap", shortcutJson(2, 0)),
@@ -231,7 +231,7 @@ TEST_F(SessionTest, NoTouchOrButtonOutlastsSleep) {
 
 // ── a locked screen ──
 
-TEST_F(SessionTest, LockedScreenTypesNothingAndForwardsClicks) {
+TEST_F(SessionTest, TypesNothingAndForwardsClicksWhileLocked) {
     BusDouble manager(systemBus.address(), logind(true), journal);
     home.writeBindings(
         {typesT, tapTypesS, bindingJson("fourFingerTap", R"({"kind":"lockScreen"})")});
@@ -258,7 +258,7 @@ TEST_F(SessionTest, LockedScreenTypesNothingAndForwardsClicks) {
 
 // ── touchpads and access that appear while the program runs ──
 
-TEST_F(SessionTest, FirstTouchpadMayAppearAfterTheStart) {
+TEST_F(SessionTest, DetectsTheFirstTouchpadAfterTheStart) {
     pad.unplug();
     home.writeBindings({typesT});
     Agent agent;
@@ -270,7 +270,7 @@ TEST_F(SessionTest, FirstTouchpadMayAppearAfterTheStart) {
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
 
-TEST_F(SessionTest, SecondTouchpadIsReadBesideTheFirst) {
+TEST_F(SessionTest, ReadsASecondTouchpadAlongsideTheFirst) {
     home.writeBindings({typesT, tapTypesS});
     Agent agent;
     DeviceReader keys(keyboardNode());
@@ -317,7 +317,7 @@ protected:
     }
 };
 
-TEST_P(SessionAccessTest, AccessGrantedAtRunTimeNeedsNoRestart) {
+TEST_P(SessionAccessTest, UsesAccessGrantedAtRunTimeWithoutARestart) {
     home.writeBindings({typesT});
     home.giveToNobody();
     Agent agent(Process::User::nobody);
@@ -336,7 +336,7 @@ TEST_P(SessionAccessTest, AccessGrantedAtRunTimeNeedsNoRestart) {
 
 // An open descriptor stays readable when access is revoked, so the program must check the node
 // itself.
-TEST_P(SessionAccessTest, LossOfAccessGivesTheTouchpadBackUntilAccessReturns) {
+TEST_P(SessionAccessTest, ClosesTheTouchpadWhileAccessIsRevoked) {
     home.writeBindings({typesT, tapTypesS});
     home.giveToNobody();
     GetParam().allow(pad.node());

@@ -347,7 +347,7 @@ protected:
     std::unique_ptr<Process> desktop;
 };
 
-TEST_F(SoakTest, LeaksNothingAndLeavesNothingHeld) {
+TEST_F(SoakTest, LeaksNothingAndLeavesNothingGrabbedOrPressed) {
     constexpr double aMinute = 60;
     std::cout << "GLIDEMAP_SOAK_SECONDS=" << seconds << " GLIDEMAP_SOAK_SEED=" << seed << std::endl;
     const double start = monotonicNow();

@@ -87,7 +87,7 @@ protected:
     std::unique_ptr<EventReader> clone;
 };
 
-TEST_F(StopSignalsTest, StoppingGivesTheTouchpadBackAndContinuingGrabsItAgain) {
+TEST_F(StopSignalsTest, StopSignalUngrabsTheTouchpadAndContinueSignalGrabsAgain) {
     std::int32_t touch = 0;
     waitUntilForwarded();
     for (const int signal : {SIGTSTP, SIGTTIN, SIGTTOU, SIGTSTP}) {

@@ -134,7 +134,7 @@ protected:
 };
 
 // Shows the problem that the separate keyboard group in the next test solves.
-TEST_F(SwayKeyboardTest, HeldShiftJoinsTheShortcutOfAKeyboardInTheSameGroup) {
+TEST_F(SwayKeyboardTest, HeldShiftJoinsTheShortcutWithoutASeparateKeyboardGroup) {
     UinputKeyboard keyboard(std::move(device), nullptr);
     postControlT(keyboard);
     EXPECT_EQ(nextTyped(), "typed Control T");
@@ -147,7 +147,7 @@ TEST_F(SwayKeyboardTest, HeldShiftJoinsTheShortcutOfAKeyboardInTheSameGroup) {
     release(KEY_LEFTSHIFT);
 }
 
-TEST_F(SwayKeyboardTest, HeldShiftStaysOutOfTheShortcutAndRemainsHeld) {
+TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinTheShortcutAndStaysHeld) {
     setenv("SWAYSOCK", socketPath, 1);
     DesktopThread thread;
     UinputKeyboard keyboard(std::move(device), heldModifiersOfThisSession(thread));
@@ -166,7 +166,7 @@ TEST_F(SwayKeyboardTest, HeldShiftStaysOutOfTheShortcutAndRemainsHeld) {
     EXPECT_EQ(nextTyped(), "typed B");
 }
 
-TEST_F(SwayKeyboardTest, HeldShiftStaysOutOfTheShortcutOfANewKeyboardAfterAReload) {
+TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinANewKeyboardsShortcutAfterAReload) {
     setenv("SWAYSOCK", socketPath, 1);
     DesktopThread thread;
     UinputKeyboard keyboard(std::move(device), heldModifiersOfThisSession(thread));

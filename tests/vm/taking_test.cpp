@@ -120,7 +120,7 @@ void expectNear(double received, double expected, const std::string& what) {
     EXPECT_NEAR(received, expected, std::abs(expected) * 0.04) << what;
 }
 
-TEST_F(TakingTest, NoEventOfTheFirstSecondIsLostOrDoubled) {
+TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsInTheFirstSecond) {
     constexpr int starts = 50;
     point();
     scroll();
@@ -148,7 +148,7 @@ TEST_F(TakingTest, NoEventOfTheFirstSecondIsLostOrDoubled) {
     }
 }
 
-TEST_F(TakingTest, NoEventIsLostOrDoubledWhileTheFilterIsSwitchedOnAndOff) {
+TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsWhileTheFilterIsSwitchedOnAndOff) {
     constexpr int switches = 200;
     point();
     scroll();

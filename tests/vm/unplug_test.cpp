@@ -30,7 +30,7 @@ TEST(UnplugTest, UnpluggingEndsTheTouchWithOneEmptyReport) {
     EXPECT_EQ(session.seen().reports.size(), 3U);
 }
 
-TEST(UnplugTest, ReturningPadIsTheSameDevice) {
+TEST(UnplugTest, ReconnectedTouchpadIsTheSameDevice) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500)});
@@ -55,7 +55,7 @@ TEST(UnplugTest, ReturningPadIsTheSameDevice) {
     }
 }
 
-TEST(UnplugTest, UnpluggingAnUntouchedPadReportsNothing) {
+TEST(UnplugTest, UnpluggingAnUntouchedTouchpadReportsNothing) {
     VirtualPad pad(ordinaryPad());
     VirtualPad witness(otherPad());
     DriverSession session;
@@ -69,7 +69,7 @@ TEST(UnplugTest, UnpluggingAnUntouchedPadReportsNothing) {
     EXPECT_TRUE(session.seen().reports.empty());
 }
 
-TEST(UnplugTest, AnotherPadDoesNotReplaceAMissingPad) {
+TEST(UnplugTest, AnotherTouchpadDoesNotReplaceAMissingTouchpad) {
     VirtualPad pad(ordinaryPad());
     DriverSession session;
     session.play(pad, {fingerDown(0, 7, 1000, 500)});
@@ -92,7 +92,7 @@ TEST(UnplugTest, AnotherPadDoesNotReplaceAMissingPad) {
     EXPECT_EQ(seen.reports[0].contacts.at(0).x, seenX(2000));
 }
 
-TEST(UnplugTest, TwoPadsOfOneModelAreIdentifiedByTheirPorts) {
+TEST(UnplugTest, TouchpadsOfTheSameModelAreIdentifiedByTheirPorts) {
     VirtualPad left(ordinaryPad(), "virtual/left");
     VirtualPad right(ordinaryPad(), "virtual/right");
     DriverSession session;
@@ -108,7 +108,7 @@ TEST(UnplugTest, TwoPadsOfOneModelAreIdentifiedByTheirPorts) {
     EXPECT_EQ(session.settle(right), rightDevice);
 }
 
-TEST(UnplugTest, UnpluggingOnePadDoesNotAffectAnother) {
+TEST(UnplugTest, UnpluggingATouchpadDoesNotAffectAnother) {
     VirtualPad going(ordinaryPad());
     VirtualPad staying(otherPad());
     DriverSession session;

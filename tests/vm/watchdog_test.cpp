@@ -76,7 +76,7 @@ protected:
     std::shared_future<void> goOn = letGo.get_future().share();
 };
 
-TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheFilterHangs) {
+TEST_F(WatchdogTest, UngrabsTheTouchpadWhenTheFilterHangs) {
     hangInFilter(true);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
@@ -98,7 +98,7 @@ TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheFilterHangs) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, NextCloneDoesNotRepeatPendingEvents) {
+TEST_F(WatchdogTest, NextCloneDoesNotRepeatOldEvents) {
     hangInFilter(true);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
@@ -113,7 +113,7 @@ TEST_F(WatchdogTest, NextCloneDoesNotRepeatPendingEvents) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, FilterThatDoesNotSwitchItselfOnAgainStaysOff) {
+TEST_F(WatchdogTest, StaysOffIfTheFilterDoesNotSwitchItselfOnAgain) {
     hangInFilter(false);
     forwarded.pad.write(clickOfTwo());
     forwarded.filter.waitForAsked(1);
@@ -129,7 +129,7 @@ TEST_F(WatchdogTest, FilterThatDoesNotSwitchItselfOnAgainStaysOff) {
     EXPECT_EQ(forwarded.filter.asked().size(), 2U);
 }
 
-TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheContactCallbackHangs) {
+TEST_F(WatchdogTest, UngrabsTheTouchpadWhenTheContactCallbackHangs) {
     forwarded.filter.answer([this](const AskedClick& click) {
         if (click.event == timedOut) {
             forwarded.filter.switchOn(true);
@@ -148,7 +148,7 @@ TEST_F(WatchdogTest, GivesTheTouchpadBackWhenTheContactCallbackHangs) {
     expectForwarding();
 }
 
-TEST_F(WatchdogTest, AllTouchpadsAreGivenBackAndTheFilterIsNotifiedOnce) {
+TEST_F(WatchdogTest, UngrabsAllTouchpadsAndNotifiesTheFilterOnce) {
     forwarded.session.stop();
     VirtualPad second(otherPad());
     DriverSession both;

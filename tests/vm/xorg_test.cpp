@@ -155,7 +155,7 @@ protected:
 std::unique_ptr<VirtualPad> XorgTest::pad;
 std::unique_ptr<XDesktop> XorgTest::desktop;
 
-TEST_F(XorgTest, DesktopPointsScrollsClicksAndTapsThroughTheCloneAsWithoutIt) {
+TEST_F(XorgTest, CloneProducesTheSameDesktopInputAsTheTouchpad) {
     const std::vector<std::string> bare = pointAndTap();
     EXPECT_THAT(bare, ElementsAre("button down 5 while 0", "button up 5 while 4096", //
                                   "button down 3 while 0", "button up 3 while 1024", //
@@ -188,7 +188,7 @@ TEST_F(XorgTest, DroppedClickOpensNoMenuAndTypesIntoTheFocusedWindow) {
                             XInput{XInput::Kind::buttonUp, 1, 256}));
 }
 
-TEST_F(XorgTest, ApplicationsBindingAppliesWhileItIsFrontmost) {
+TEST_F(XorgTest, ApplicationBindingAppliesWhileTheApplicationIsFrontmost) {
     home.writeBindings(
         {bindingJson("fourFingerTap", shortcutJson(17, 0)),
          bindingJson("fourFingerTap", shortcutJson(7, 0),

@@ -17,7 +17,7 @@ void check(const std::vector<StoryRow>& rows) {
     }
 }
 
-TEST(ContactAssembler, ContactMakesTouchThenTouchesThenLeavesInOneReport) {
+TEST(ContactAssembler, ContactStatesAreMakeTouchThenTouchingThenLeft) {
     check({
         {"one finger",
          padWithSlots(5),
@@ -50,7 +50,7 @@ TEST(ContactAssembler, ContactMakesTouchThenTouchesThenLeavesInOneReport) {
     });
 }
 
-TEST(ContactAssembler, PositionsComeFromTheSlotsState) {
+TEST(ContactAssembler, KeepsPositionsThatTheKernelDoesNotRepeat) {
     check({
         {"the kernel sends no position for a finger that lands at its slot's last one",
          padWithSlots(5),
@@ -113,7 +113,7 @@ TEST(ContactAssembler, IgnoresInvalidSlots) {
     });
 }
 
-TEST(ContactAssembler, TrackingIdsBeginAndEndContacts) {
+TEST(ContactAssembler, TrackingIDsBeginAndEndContacts) {
     check({
         {"a contact ends and another begins in the same slot and frame: reports both",
          padWithSlots(5),
@@ -191,7 +191,7 @@ TEST(ContactAssembler, ReportsOnlyFramesThatChangeAContact) {
     });
 }
 
-TEST(ContactAssembler, PalmsAndHoveringFingersAreReportedAsHovering) {
+TEST(ContactAssembler, ReportsPalmsAndHoveringFingersAsHovering) {
     check({
         {"a finger becomes a palm and a finger again",
          padWithSlots(5),
@@ -233,7 +233,7 @@ TEST(ContactAssembler, PalmsAndHoveringFingersAreReportedAsHovering) {
     });
 }
 
-TEST(ContactAssembler, FrameContainsItsButtonChanges) {
+TEST(ContactAssembler, ReportsButtonChangesWithTheirFrame) {
     check({
         {"each button, without a contact",
          padWithSlots(5),
@@ -272,7 +272,7 @@ TEST(ContactAssembler, FrameContainsItsButtonChanges) {
     });
 }
 
-TEST(ContactAssembler, IgnoresEventsBetweenALossAndTheNextSynchronisation) {
+TEST(ContactAssembler, IgnoresEventsFromSynDroppedToTheNextSynReport) {
     check({
         {"ignores a move, an end and a button; handles later events",
          padWithSlots(5),
@@ -291,7 +291,7 @@ TEST(ContactAssembler, IgnoresEventsBetweenALossAndTheNextSynchronisation) {
     });
 }
 
-TEST(ContactAssembler, ReleaseEndsAllContactsWithAnEmptyReport) {
+TEST(ContactAssembler, ReleaseEndsAllContactsAndReportsAnEmptyFrame) {
     check({
         {"no contact", padWithSlots(5), [](Pad& pad) { pad.release(); }, {}},
         {"all contacts have left before",

@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
-TEST(ContactGeometry, FractionIsTheValuesPositionOnItsAxis) {
+TEST(ContactGeometry, FractionIsThePositionWithinTheAxisRange) {
     struct Row {
         const char* name;
         AxisRange axis;
@@ -36,13 +36,13 @@ TEST(ContactGeometry, FractionIsTheValuesPositionOnItsAxis) {
     }
 }
 
-TEST(ContactGeometry, PositionsAreClampedWithYFlipped) {
+TEST(ContactGeometry, ClampsPositionsAndFlipsY) {
     Pad pad(padWithSlots(2));
     pad.down(1).place(-20, -20).slot(1).down(2).place(130, 130).sync();
     EXPECT_EQ(pad.reports, std::vector<std::string>{"1.00 1:make(0.00,1.00) 2:make(1.00,0.00)"});
 }
 
-TEST(ContactGeometry, AxisWithoutExtentPutsContactsInItsMiddle) {
+TEST(ContactGeometry, AxisWithoutExtentYieldsTheMiddle) {
     PadDescription description = padWithSlots(2);
     description.x = {7, 7, 0};
     description.y = {9, 3, 0};
@@ -51,7 +51,7 @@ TEST(ContactGeometry, AxisWithoutExtentPutsContactsInItsMiddle) {
     EXPECT_EQ(pad.reports, std::vector<std::string>{"1.00 1:make(0.50,0.50)"});
 }
 
-TEST(ContactGeometry, MillimetresRequireTheResolution) {
+TEST(ContactGeometry, MillimetresAreZeroForAnAxisWithoutResolution) {
     PadDescription description = padWithSlots(2);
     description.y.resolution = 0;
     Pad pad(description);
@@ -90,7 +90,7 @@ TEST(ContactGeometry, VelocityIsMeasuredBetweenTwoReports) {
     EXPECT_EQ(velocity().x, 0);
 }
 
-TEST(ContactGeometry, SizeAngleAndPressureAreFilledIfThePadReportsThem) {
+TEST(ContactGeometry, FillsInSizeAngleAndPressureIfReported) {
     PadDescription description = pressurePad();
     description.touchMajor = AxisRange{0, 255, 10};
     description.touchMinor = AxisRange{0, 255, 0};
@@ -127,7 +127,7 @@ TEST(ContactGeometry, UprightFingerIsAQuarterTurnFromTheXAxis) {
     }
 }
 
-TEST(ContactGeometry, FieldsThatThePadDoesNotReportAreZero) {
+TEST(ContactGeometry, FieldsThatTheTouchpadDoesNotReportAreZero) {
     Pad pad(padWithSlots(2));
     pad.down(1).place(10, 10);
     pad.absolute(ABS_MT_TOUCH_MAJOR, 9).absolute(ABS_MT_ORIENTATION, 9).sync();

@@ -27,7 +27,7 @@ void count(Pad& pad, std::uint16_t before, std::uint16_t after) {
 
 constexpr const char* threeFingers = "1.00 1:make(0.20,0.50) 2:make(0.80,0.50) 3:make(0.24,0.50)";
 
-TEST(MissingFingers, AreAddedIfThePadCountsMoreFingersThanItsSlots) {
+TEST(MissingFingers, AddsStandInsIfTheTouchpadCountsMoreFingersThanSlots) {
     check({
         {"as many fingers as slots",
          padWithSlots(2),
@@ -79,7 +79,7 @@ TEST(MissingFingers, AreAddedIfThePadCountsMoreFingersThanItsSlots) {
     });
 }
 
-TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
+TEST(MissingFingers, StandInsMoveExactlyWithTheirAnchor) {
     check({
         {"towards the far side and beyond the edge",
          padWithSlots(1),
@@ -109,7 +109,7 @@ TEST(MissingFingers, MoveExactlyWithTheirAnchor) {
     });
 }
 
-TEST(MissingFingers, MoveInMillimetresAtTheirAnchorsVelocity) {
+TEST(MissingFingers, StandInsHaveMillimetrePositionsAndTheirAnchorsVelocity) {
     Pad pad(padWithSlots(1));
     pad.down(1).place(20, 50).key(BTN_TOOL_DOUBLETAP, true).sync();
     pad.place(40, 50).sync();
@@ -120,7 +120,7 @@ TEST(MissingFingers, MoveInMillimetresAtTheirAnchorsVelocity) {
     EXPECT_EQ(standIn.fingerID, 1); // the first number that is not a slot number
 }
 
-TEST(MissingFingers, LeaveWhenTheCountDropsOrAllContactsLeave) {
+TEST(MissingFingers, StandInsLeaveWhenTheCountDropsOrAllContactsLeave) {
     check({
         {"the count drops",
          padWithSlots(2),
@@ -158,7 +158,7 @@ TEST(MissingFingers, LeaveWhenTheCountDropsOrAllContactsLeave) {
     });
 }
 
-TEST(MissingFingers, KeepTheirPositionWhenTheirAnchorLeaves) {
+TEST(MissingFingers, StandInsKeepTheirPositionWhenTheirAnchorLeaves) {
     check({
         {"stand-ins follow the other contact",
          padWithSlots(2),
@@ -185,7 +185,7 @@ TEST(MissingFingers, KeepTheirPositionWhenTheirAnchorLeaves) {
 
 // The touchpad assigns slots, and the user lifts fingers. A finger that loses or gets a slot has
 // not been lifted.
-TEST(MissingFingers, KeepTheirIdentifierWhenThePadRemovesOrAssignsASlot) {
+TEST(MissingFingers, FingersKeepTheirIdentifiersWhenTheTouchpadReassignsSlots) {
     check({
         {"the pad removes a slot, then assigns it again",
          padWithSlots(2),
@@ -211,7 +211,7 @@ TEST(MissingFingers, KeepTheirIdentifierWhenThePadRemovesOrAssignsASlot) {
     });
 }
 
-TEST(MissingFingers, IgnoreMovedCornersWhenTheNumberOfFingersChanges) {
+TEST(MissingFingers, IgnoresMovedCornersWhenTheFingerCountChanges) {
     check({
         {"a second finger lands and the first becomes a corner",
          semiMultitouchPad(),

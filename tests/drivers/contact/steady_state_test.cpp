@@ -101,7 +101,7 @@ bool isSound(const PadFrame& frame) {
     return true;
 }
 
-TEST(SteadyState, AnyEventsGiveValidReportsWithoutAllocating) {
+TEST(ContactAssemblerRandomEvents, ProduceValidReportsWithoutAllocating) {
     for (const PadDescription& description :
          {padWithSlots(5), padWithSlots(2), padWithSlots(1), semiMultitouchPad(), pressurePad()}) {
         ContactAssembler assembler(description);
@@ -123,7 +123,7 @@ TEST(SteadyState, AnyEventsGiveValidReportsWithoutAllocating) {
     }
 }
 
-TEST(SteadyState, EveryContactIsReportedFromItsFirstReportToItsLast) {
+TEST(ContactAssemblerRandomEvents, EveryContactIsReportedUntilItLeaves) {
     for (const PadDescription& description :
          {padWithSlots(5), padWithSlots(2), semiMultitouchPad()}) {
         ContactAssembler assembler(description);

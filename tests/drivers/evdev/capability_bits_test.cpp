@@ -5,7 +5,7 @@
 namespace glidemap::test {
 namespace {
 
-TEST(CapabilityBits, AreNumberedFromTheEndOfTheText) {
+TEST(CapabilityBits, LastWordHoldsTheLowestBits) {
     static_assert(sizeof(long) == 8, "the rows are written for words of 64 bits");
     struct Row {
         const char* words;

@@ -97,7 +97,7 @@ protected:
     driver::Device device = nullptr;
 };
 
-TEST_F(ClickFilterTest, GrabsAndGivesBackWithoutWaitingForAnEvent) {
+TEST_F(ClickFilterTest, GrabsAndUngrabsWithoutWaitingForAnEvent) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     driver.switchClickFilter(false);
@@ -109,7 +109,7 @@ TEST_F(ClickFilterTest, GrabsAndGivesBackWithoutWaitingForAnEvent) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
 }
 
-TEST_F(ClickFilterTest, RemovingTheFilterGivesTheTouchpadBack) {
+TEST_F(ClickFilterTest, RemovingTheFilterUngrabsTheTouchpad) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     driver.setClickFilter(nullptr, nullptr);
@@ -141,7 +141,7 @@ TEST_F(ClickFilterTest, ButtonCallbackReceivesDroppedButtonChanges) {
     driver.setButtonCallback(nullptr);
 }
 
-TEST_F(ClickFilterTest, WaitsForAFingerThatRestedBeforeTheStartToLift) {
+TEST_F(ClickFilterTest, WaitsUntilAFingerThatTouchedBeforeTheStartLifts) {
     driver.stop(device);
     send(fingerDown);
     driver.start(device);
@@ -154,7 +154,7 @@ TEST_F(ClickFilterTest, WaitsForAFingerThatRestedBeforeTheStartToLift) {
     EXPECT_TRUE(waitForAsked(0).empty());
 }
 
-TEST_F(ClickFilterTest, StopGivesTheTouchpadBackBeforeItReturns) {
+TEST_F(ClickFilterTest, StopUngrabsTheTouchpadBeforeReturning) {
     answer = [](std::int32_t) {
         return false;
     };
@@ -171,7 +171,7 @@ TEST_F(ClickFilterTest, StopGivesTheTouchpadBackBeforeItReturns) {
     EXPECT_TRUE(isTaken(system())) << "the filter is still switched on";
 }
 
-TEST_F(ClickFilterTest, GrabsAReturningTouchpadAgain) {
+TEST_F(ClickFilterTest, GrabsAReconnectedTouchpadAgain) {
     driver.switchClickFilter(true);
     EXPECT_TRUE(isTaken(system()));
     send(leftDown);
@@ -230,7 +230,7 @@ TEST_F(ClickFilterTest, FilterMayRestartTheTouchpadAndRemoveItself) {
 }
 
 // The program may destroy the context once the call has returned.
-TEST_F(ClickFilterTest, ReplacedFilterIsNotCalledAnyMore) {
+TEST_F(ClickFilterTest, ReplacedFilterIsNotCalledAgain) {
     struct Context {
         std::atomic<bool> alive = true;
         std::atomic<int> asked = 0;
@@ -265,7 +265,7 @@ TEST_F(ClickFilterTest, ReplacedFilterIsNotCalledAnyMore) {
     clicking.join();
 }
 
-TEST_F(ClickFilterTest, WatchdogReleasesTheTouchpadWhenTheFilterHangs) {
+TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheFilterHangs) {
     std::atomic<bool> hanging = true;
     answer = [&](std::int32_t event) {
         if (event == driver::clickFilterDisabledByTimeout) {
@@ -298,7 +298,7 @@ TEST_F(ClickFilterTest, WatchdogReleasesTheTouchpadWhenTheFilterHangs) {
 }
 
 // The reader may block before it has read any event, and on a touchpad that is not forwarded.
-TEST_F(ClickFilterTest, ReaderThatWaitsForALockCountsAsStuck) {
+TEST_F(ClickFilterTest, WatchdogUngrabsTheTouchpadWhenTheReaderWaitsForALock) {
     pads->plug("event2", "without");
     pads->stream("event2")->hasButtons = false;
     driver.start(driver.createList().at(1));

@@ -18,7 +18,7 @@ constexpr CloneStanding open{true, true, true};
 constexpr CloneStanding unknown{true, true, std::nullopt};
 const CloneIntroduction::Moment begin{};
 
-TEST(CloneIntroduction, WaitsForTheGracePeriodOfItsReader) {
+TEST(CloneIntroduction, WaitsForTheGracePeriodAfterAReaderOpensTheClone) {
     CloneIntroduction introduction(begin);
     EXPECT_EQ(introduction.look(open, begin), State::waiting);
     EXPECT_EQ(introduction.nextLook(), begin + milliseconds(100));
@@ -27,7 +27,7 @@ TEST(CloneIntroduction, WaitsForTheGracePeriodOfItsReader) {
     EXPECT_EQ(introduction.obstacle(), nullptr);
 }
 
-TEST(CloneIntroduction, WaitsLongerForAnUnknownReader) {
+TEST(CloneIntroduction, WaitsLongerIfReadersAreUnknown) {
     CloneIntroduction introduction(begin);
     introduction.look(unknown, begin);
     EXPECT_EQ(introduction.look(unknown, begin + milliseconds(499)), State::waiting);
@@ -45,7 +45,7 @@ TEST(CloneIntroduction, FailsAfterTwoSecondsWithAReason) {
     }
 }
 
-TEST(CloneIntroduction, GrantsALateReaderItsGracePeriod) {
+TEST(CloneIntroduction, GivesALateReaderTheFullGracePeriod) {
     CloneIntroduction introduction(begin);
     introduction.look(closed, begin);
     EXPECT_EQ(introduction.look(open, begin + milliseconds(1999)), State::waiting);

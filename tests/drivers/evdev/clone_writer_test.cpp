@@ -68,7 +68,7 @@ TEST_F(CloneWriterTest, BeginsInTheTouchpadsCurrentSlot) {
     EXPECT_EQ(written(), (Texts{"3:47=2 3:57=5", "3:57=-1"}));
 }
 
-TEST_F(CloneWriterTest, AddsMissingValuesWhenAFingerLands) {
+TEST_F(CloneWriterTest, AddsValuesThatTheCloneLacksWhenAFingerLands) {
     before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
             {1, EV_ABS, ABS_MT_POSITION_Y, 200},
             {1, EV_ABS, ABS_MT_PRESSURE, 30},
@@ -82,7 +82,7 @@ TEST_F(CloneWriterTest, AddsMissingValuesWhenAFingerLands) {
               (Texts{"3:57=5 3:54=201 3:53=100 3:58=30 3:0=100", "3:47=1 3:57=6 3:53=300"}));
 }
 
-TEST_F(CloneWriterTest, AddsMissingValuesForEachFingerThatLandsInAFrame) {
+TEST_F(CloneWriterTest, AddsValuesForEachFingerThatLandsInAFrame) {
     before({{1, EV_ABS, ABS_MT_POSITION_X, 100},
             {1, EV_ABS, ABS_MT_SLOT, 1},
             {1, EV_ABS, ABS_MT_POSITION_X, 300},
@@ -95,7 +95,7 @@ TEST_F(CloneWriterTest, AddsMissingValuesForEachFingerThatLandsInAFrame) {
               (Texts{"3:57=5 3:47=1 3:57=6 3:47=0 3:53=100 3:47=1 3:53=300", "3:53=301"}));
 }
 
-TEST_F(CloneWriterTest, AddsNothingToACloneWithAllValues) {
+TEST_F(CloneWriterTest, AddsNoValuesThatTheCloneAlreadyHas) {
     const Events landing{{1, EV_ABS, ABS_MT_TRACKING_ID, 5}, {1, EV_ABS, ABS_MT_POSITION_X, 9}};
     say(landing);
     say({{1, EV_ABS, ABS_MT_TRACKING_ID, -1}});
@@ -119,7 +119,7 @@ const Events twoLifts{{1, EV_ABS, ABS_MT_SLOT, 0},
                       {1, EV_ABS, ABS_MT_SLOT, 1},
                       {1, EV_ABS, ABS_MT_TRACKING_ID, -1}};
 
-TEST_F(CloneWriterTest, FingersArePalmsFromADroppedPressUntilItsRelease) {
+TEST_F(CloneWriterTest, MarksFingersAsPalmsFromADroppedPressUntilItsRelease) {
     say(twoFingers);
     sayWithout(leftDown);
     say({{1, EV_ABS, ABS_MT_POSITION_X, 9}});
@@ -130,7 +130,7 @@ TEST_F(CloneWriterTest, FingersArePalmsFromADroppedPressUntilItsRelease) {
                                 "3:47=0 3:55=0 3:47=1 3:55=0", "3:47=0 3:57=-1 3:47=1 3:57=-1"}));
 }
 
-TEST_F(CloneWriterTest, FrameAfterAMarkBeginsInTheTouchpadsCurrentSlot) {
+TEST_F(CloneWriterTest, FrameAfterAPalmMarkBeginsInTheTouchpadsCurrentSlot) {
     say(twoFingers);
     say({{1, EV_ABS, ABS_MT_SLOT, 0}});
     sayWithout(leftDown);
@@ -176,7 +176,7 @@ TEST_F(CloneWriterTest, DroppedPressMarksPalmsWhileAnotherPressIsForwarded) {
     EXPECT_EQ(written(), (Texts{"3:57=5", "3:55=2", "1:273=1", "1:273=0", "3:55=0"}));
 }
 
-TEST_F(CloneWriterTest, LostReleaseRemovesTheMarksAtTheNextFrame) {
+TEST_F(CloneWriterTest, RemovesPalmMarksAtTheNextFrameAfterALostRelease) {
     say(twoFingers);
     sayWithout(leftDown);
     applyToSource({leftUp});
@@ -184,7 +184,7 @@ TEST_F(CloneWriterTest, LostReleaseRemovesTheMarksAtTheNextFrame) {
     EXPECT_EQ(written().back(), "3:54=4 3:47=0 3:55=0 3:47=1 3:55=0");
 }
 
-TEST_F(CloneWriterTest, ContactHasTheTouchpadsToolTypeAfterADroppedPress) {
+TEST_F(CloneWriterTest, RestoresTheTouchpadsToolTypeAfterADroppedPress) {
     constexpr InputEvent palm{1, EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_PALM};
     constexpr InputEvent finger{1, EV_ABS, ABS_MT_TOOL_TYPE, MT_TOOL_FINGER};
     say(twoFingers);

@@ -25,7 +25,7 @@ protected:
     void* const handle = dlopen(GLIDEMAP_EVDEV_DRIVER, RTLD_NOW | RTLD_LOCAL);
 };
 
-TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
+TEST_F(DriverInterface, ExportsAllSymbols) {
     ASSERT_NE(handle, nullptr) << dlerror();
     for (const char* name :
          {driver::createListSymbol, driver::registerCallbackSymbol,
@@ -38,7 +38,7 @@ TEST_F(DriverInterface, HasTheSymbolsOfATouchDriverAndItsOwn) {
     }
 }
 
-TEST_F(DriverInterface, ListIsReadWithinItsBounds) {
+TEST_F(DriverInterface, ListReturnsNullOutsideItsBounds) {
     ASSERT_NE(handle, nullptr) << dlerror();
     const auto count = resolve<driver::ListCount>(driver::listCountSymbol);
     const auto valueAt = resolve<driver::ListValueAtIndex>(driver::listValueAtIndexSymbol);

@@ -47,7 +47,7 @@ protected:
                                 }};
 };
 
-TEST_F(ForwardingWatchdogTest, GivesBackWhenTheReaderIsStuckForASecond) {
+TEST_F(ForwardingWatchdogTest, UngrabsWhenTheReaderIsStuckForASecond) {
     hold(one);
     watchdog.work();
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -63,7 +63,7 @@ TEST_F(ForwardingWatchdogTest, GivesBackWhenTheReaderIsStuckForASecond) {
     EXPECT_EQ(watchdog.takeStall(), std::nullopt);
 }
 
-TEST_F(ForwardingWatchdogTest, GivesBackEveryHeldTouchpad) {
+TEST_F(ForwardingWatchdogTest, UngrabsEveryHeldTouchpad) {
     hold(one);
     hold(two);
     watchdog.work();
@@ -90,7 +90,7 @@ TEST_F(ForwardingWatchdogTest, ReaderThatMakesProgressIsNotStuck) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeOutOnceAllFingersHaveLifted) {
+TEST_F(ForwardingWatchdogTest, WaitsWithoutATimeoutOnceAllFingersHaveLifted) {
     hold(one);
     watchdog.work();
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -119,7 +119,7 @@ TEST_F(ForwardingWatchdogTest, SleepsBetweenReportsAndWhileAFingerRests) {
     EXPECT_TRUE(time.waitUntilWaitingFor(1s)) << "the watchdog watches again";
 }
 
-TEST_F(ForwardingWatchdogTest, LeavesAReleasedTouchpadAlone) {
+TEST_F(ForwardingWatchdogTest, DoesNotUngrabAReleasedTouchpad) {
     hold(one);
     hold(two);
     watchdog.release(one.pad);
@@ -129,7 +129,7 @@ TEST_F(ForwardingWatchdogTest, LeavesAReleasedTouchpadAlone) {
     EXPECT_EQ(one.system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(ForwardingWatchdogTest, WatchesATouchpadThatIsGrabbedDuringWork) {
+TEST_F(ForwardingWatchdogTest, WatchesATouchpadGrabbedDuringWork) {
     watchdog.work();
     EXPECT_TRUE(grab(one));
     EXPECT_TRUE(time.waitUntilWaitingFor(1s));
@@ -150,7 +150,7 @@ TEST_F(ForwardingWatchdogTest, GrabsNothingWhilePaused) {
 }
 
 // The process stops once pause() returns, and a stopped process cannot release a grab.
-TEST_F(ForwardingWatchdogTest, PauseDuringAGrabReturnsWithoutAGrabbedTouchpad) {
+TEST_F(ForwardingWatchdogTest, PauseDuringAGrabUngrabsTheTouchpadBeforeReturning) {
     std::thread pausing;
     bool isGrabbed = true;
     EXPECT_TRUE(watchdog.hold(held(one), [&] {
@@ -169,7 +169,7 @@ TEST_F(ForwardingWatchdogTest, PauseDuringAGrabReturnsWithoutAGrabbedTouchpad) {
     EXPECT_FALSE(watchdog.holds(one.pad));
 }
 
-TEST_F(ForwardingWatchdogTest, ForgetsATouchpadThatCannotBeGrabbed) {
+TEST_F(ForwardingWatchdogTest, DoesNotHoldATouchpadThatCannotBeGrabbed) {
     EXPECT_FALSE(watchdog.hold(held(one), [] { return false; }));
     EXPECT_FALSE(watchdog.holds(one.pad));
     watchdog.pause();

@@ -79,19 +79,19 @@ protected:
         std::make_unique<PadInterception>(&device, pad, clicks);
 };
 
-TEST_F(PadInterceptionTest, GrabsNothingWhileOff) {
+TEST_F(PadInterceptionTest, DoesNotGrabWhileSwitchedOff) {
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
     EXPECT_EQ(system().journal(), Texts());
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, GrabsNothingWithoutAFilter) {
+TEST_F(PadInterceptionTest, DoesNotGrabWithoutAFilter) {
     clicks.setFilter(nullptr, nullptr);
     switchOn();
     EXPECT_EQ(system().journal(), Texts());
 }
 
-TEST_F(PadInterceptionTest, UntouchedPadIsGrabbedAtOnceAndGivenBackAtOnce) {
+TEST_F(PadInterceptionTest, GrabsAndUngrabsAnUntouchedTouchpadImmediately) {
     switchOn();
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
     switchOn(false);
@@ -131,7 +131,7 @@ TEST_F(PadInterceptionTest, HeldFingerOrKeyDelaysTheGrabAndTheUngrab) {
     }
 }
 
-TEST_F(PadInterceptionTest, DroppedPressAndItsReleaseAreMissingFromTheirFrames) {
+TEST_F(PadInterceptionTest, OmitsADroppedPressAndItsReleaseFromTheirFrames) {
     switchOn();
     say({{fingerDown}, {leftDown, {1, EV_ABS, ABS_MT_POSITION_X, 4}}, {leftUp}, {fingerUp}});
     EXPECT_EQ(system().journal(),
@@ -163,7 +163,7 @@ TEST_F(PadInterceptionTest, FingersStayPalmsUntilTheReleaseWhenSwitchedOffDuring
 }
 
 // The contact was a palm until it lifted, so programs do not recognise a tap.
-TEST_F(PadInterceptionTest, EndLiftsFingersAsPalmsDuringADroppedPress) {
+TEST_F(PadInterceptionTest, EndLiftsPalmsDuringADroppedPress) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     interception->end();
@@ -198,13 +198,13 @@ TEST_F(PadInterceptionTest, CallsTheFilterForEachChangeWithinAFrame) {
     EXPECT_EQ(asked, (Texts{"0,0", "1,0", "0,0", "1,0"}));
 }
 
-TEST_F(PadInterceptionTest, FilterIsNotCalledForARepeatedButtonState) {
+TEST_F(PadInterceptionTest, DoesNotCallTheFilterForARepeatedButtonState) {
     switchOn();
     say({{leftUp}, {leftDown}, {leftDown}});
     EXPECT_EQ(asked, (Texts{"0,0"}));
 }
 
-TEST_F(PadInterceptionTest, ReleaseOfAButtonThatTheCloneHoldsIsNeverDropped) {
+TEST_F(PadInterceptionTest, NeverDropsTheReleaseOfAForwardedPress) {
     switchOn();
     answer = [](std::int32_t event) {
         return event == driver::clickFilterButtonUp;
@@ -214,7 +214,7 @@ TEST_F(PadInterceptionTest, ReleaseOfAButtonThatTheCloneHoldsIsNeverDropped) {
               (Texts{"clone", "grab", "1:272=1", "1:272=0", "1:272=1 1:272=0"}));
 }
 
-TEST_F(PadInterceptionTest, ForwardsWithoutTheFilterWhenSwitchedOffDuringATouch) {
+TEST_F(PadInterceptionTest, ForwardsUnfilteredWhenSwitchedOffDuringATouch) {
     switchOn();
     say({{fingerDown}});
     switchOn(false);
@@ -280,7 +280,7 @@ TEST_F(PadInterceptionTest, TapBeforeTheGrabIsNotForwarded) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "3:57=5"}));
 }
 
-TEST_F(PadInterceptionTest, WithoutACloneRetriesOnlyWhenSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, RetriesAFailedCloneOnlyWhenSwitchedOnAgain) {
     system().allowClones(false);
     switchOn();
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
@@ -292,7 +292,7 @@ TEST_F(PadInterceptionTest, WithoutACloneRetriesOnlyWhenSwitchedOnAgain) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab"}));
 }
 
-TEST_F(PadInterceptionTest, RetriesAtEachNeutralMomentWhileAnotherProgramHasTheGrab) {
+TEST_F(PadInterceptionTest, RetriesAFailedGrabWheneverTheTouchpadBecomesNeutral) {
     system().setGrabbedByOthers(true);
     switchOn();
     say({{fingerDown}, {leftDown}, {leftUp}, {fingerUp}});
@@ -305,7 +305,7 @@ TEST_F(PadInterceptionTest, RetriesAtEachNeutralMomentWhileAnotherProgramHasTheG
     EXPECT_EQ(asked, Texts());
 }
 
-TEST_F(PadInterceptionTest, FailedCloneWriteGivesTheTouchpadBackAtOnce) {
+TEST_F(PadInterceptionTest, FailedCloneWriteUngrabsTheTouchpadImmediately) {
     switchOn();
     say({{fingerDown}});
     system().breakClone();
@@ -331,7 +331,7 @@ TEST_F(PadInterceptionTest, EndLiftsFingersAndReleasesButtons) {
     EXPECT_FALSE(system().isGrabbed()) << "end() was called";
 }
 
-TEST_F(PadInterceptionTest, LostTouchpadReleasesItsButtons) {
+TEST_F(PadInterceptionTest, LostTouchpadEndsItsTouchesAndButtons) {
     switchOn();
     say({{fingerDown}, {leftDown}});
     interception->lose();
@@ -340,7 +340,7 @@ TEST_F(PadInterceptionTest, LostTouchpadReleasesItsButtons) {
               (Texts{"clone", "grab", "3:57=5", "3:55=2", "3:57=-1", "ungrab", "destroy"}));
 }
 
-TEST_F(PadInterceptionTest, DestructorGivesTheTouchpadBack) {
+TEST_F(PadInterceptionTest, DestructorUngrabsTheTouchpad) {
     switchOn();
     interception.reset();
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy"}));
@@ -448,7 +448,7 @@ TEST_F(PadInterceptionTest, GracePeriodIsLongerWhenReadersAreUnknown) {
 }
 
 // The interception uses no timer, because an unused touchpad needs no clone.
-TEST_F(PadInterceptionTest, RetriesWhenTheTouchpadIsUsedAfterAPause) {
+TEST_F(PadInterceptionTest, RetriesAfterAPauseThatDoubles) {
     system().setStanding({true, true, false});
     switchOn();
     letPass(CloneIntroduction::patience);
@@ -468,7 +468,7 @@ TEST_F(PadInterceptionTest, RetriesWhenTheTouchpadIsUsedAfterAPause) {
     EXPECT_TRUE(system().isGrabbed()) << "switching on again must not wait for the pause";
 }
 
-TEST_F(PadInterceptionTest, KeepsTheLeavingCloneWhenSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, ReusesTheRetainedCloneWhenSwitchedOnAgain) {
     switchOn();
     clicks.switchOn(false);
     interception->settle();
@@ -520,7 +520,7 @@ TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwardedAfterANewGra
 }
 
 // A stopped process could neither grab the touchpad nor remove the clone.
-TEST_F(PadInterceptionTest, MakesNoCloneWhileTheProcessIsAboutToStop) {
+TEST_F(PadInterceptionTest, CreatesNoCloneWhileTheWatchdogIsPaused) {
     switchOn();
     clicks.watchdog().pause();
     letPass(CloneIntroduction::graceOfReader);
@@ -535,7 +535,7 @@ TEST_F(PadInterceptionTest, MakesNoCloneWhileTheProcessIsAboutToStop) {
     EXPECT_EQ(system().journal(), (Texts{"clone", "grab", "ungrab", "destroy", "clone", "grab"}));
 }
 
-TEST_F(PadInterceptionTest, StallInTheFilterEndsForwardingUntilSwitchedOnAgain) {
+TEST_F(PadInterceptionTest, HungFilterStopsForwardingUntilSwitchedOnAgain) {
     switchOn();
     bool switchesOn = false;
     answer = [&](std::int32_t event) {

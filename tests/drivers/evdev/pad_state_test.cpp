@@ -17,7 +17,7 @@ struct Row {
     bool neutral;
 };
 
-TEST(PadState, IsNeutralWhenNoFingerIsDownAndNoKeyIsPressed) {
+TEST(PadState, IsNeutralWhileNoFingerIsDownAndNoKeyIsPressed) {
     const Row rows[] = {
         {"no events", {}, true},
         {"a finger is down", {{0, EV_ABS, ABS_MT_TRACKING_ID, 0}}, false},
@@ -53,7 +53,7 @@ TEST(PadState, IsNeutralWhenNoFingerIsDownAndNoKeyIsPressed) {
     }
 }
 
-TEST(PadState, HoldsTheAxesOfEachSlotAndTheSharedAxes) {
+TEST(PadState, TracksPerSlotAndSharedAxes) {
     PadState state(2);
     apply(state, {{0, EV_ABS, ABS_MT_POSITION_X, 10},
                   {0, EV_ABS, ABS_MT_SLOT, 1},
@@ -72,7 +72,7 @@ TEST(PadState, HoldsTheAxesOfEachSlotAndTheSharedAxes) {
     EXPECT_EQ(state.axis(ABS_Y), 0);
 }
 
-TEST(PadState, ReportsWhetherItHoldsAKeyThatIsUpInAnotherState) {
+TEST(PadState, DetectsAKeyThatIsUpInAnotherState) {
     PadState pad(1);
     PadState clone(1);
     apply(clone, {{0, EV_KEY, BTN_TOUCH, 1}});
@@ -84,7 +84,7 @@ TEST(PadState, ReportsWhetherItHoldsAKeyThatIsUpInAnotherState) {
     EXPECT_FALSE(clone.holdsKeyThatIsUpIn(pad));
 }
 
-TEST(PadState, PadMayHaveNoSlots) {
+TEST(PadState, SupportsATouchpadWithoutSlots) {
     PadState state(-1);
     apply(state, {{0, EV_ABS, ABS_MT_TRACKING_ID, 1}});
     EXPECT_EQ(state.slotCount(), 0);

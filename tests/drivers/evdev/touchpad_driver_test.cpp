@@ -132,7 +132,7 @@ protected:
     TouchpadDriver driver{std::make_unique<FakeDirectory>(pads)};
 };
 
-TEST_F(TouchpadDriverTest, ListsReadableTouchpadsAndCountsTheOthers) {
+TEST_F(TouchpadDriverTest, ListsReadableTouchpadsAndCountsUnreadableTouchpads) {
     EXPECT_EQ(driver.createList().size(), 0U);
     EXPECT_EQ(driver.unreadableCount(), 0);
     pads->plug("event1", "one");
@@ -183,7 +183,7 @@ TEST_F(TouchpadDriverTest, ReportsTouchesAfterStart) {
     EXPECT_EQ(received.deviceOf(0), device);
 }
 
-TEST_F(TouchpadDriverTest, ReportsContactsThatWereOnThePadBeforeStart) {
+TEST_F(TouchpadDriverTest, ReportsContactsThatTouchedBeforeTheStart) {
     pads->plug("event1", "pad");
     send("event1", fingerDown(1));
     const auto device = driver.createList().at(0);
@@ -192,7 +192,7 @@ TEST_F(TouchpadDriverTest, ReportsContactsThatWereOnThePadBeforeStart) {
     EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, ButtonsFollowTheContactsOfTheSameFrame) {
+TEST_F(TouchpadDriverTest, ReportsButtonsAfterTheContactsOfTheSameFrame) {
     driver.setButtonCallback(&Listener::button);
     started("event1", "pad");
     received.react([this](driver::Device) {
@@ -211,7 +211,7 @@ TEST_F(TouchpadDriverTest, ButtonsFollowTheContactsOfTheSameFrame) {
     EXPECT_EQ(received.waitForButtons(1).size(), 1U);
 }
 
-TEST_F(TouchpadDriverTest, UnpluggingEndsTheTouchAndTheDeviceResumesWhenItReturns) {
+TEST_F(TouchpadDriverTest, UnpluggingEndsTheTouchAndReconnectingResumesReports) {
     const auto device = started("event1", "pad");
     send("event1", fingerDown(1));
     EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
@@ -232,7 +232,7 @@ TEST_F(TouchpadDriverTest, UnpluggingWithoutATouchReportsNothing) {
     EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, ReturningTouchpadResumesWhenAccessIsGrantedLater) {
+TEST_F(TouchpadDriverTest, ReconnectedTouchpadResumesWhenAccessIsGrantedLater) {
     started("event1", "pad");
     send("event1", fingerDown(1));
     received.wait(1);
@@ -265,7 +265,7 @@ TEST_F(TouchpadDriverTest, TouchpadWithoutAccessIsClosedUntilAccessReturns) {
     EXPECT_TRUE(pads->waitForWatchCount(0));
 }
 
-TEST_F(TouchpadDriverTest, TouchpadIsReadAgainIfAccessReturnsAtOnce) {
+TEST_F(TouchpadDriverTest, ReadsTheTouchpadAgainIfAccessReturnsImmediately) {
     const auto device = started("event1", "pad");
     for (int turn = 0; turn < 50; ++turn) {
         pads->makeReadable("event1", false);
@@ -291,7 +291,7 @@ TEST_F(TouchpadDriverTest, TouchpadWithoutAccessMayBeStopped) {
     EXPECT_EQ(received.wait(1), (Texts{"1:3"}));
 }
 
-TEST_F(TouchpadDriverTest, NothingIsWatchedWhileNoTouchpadIsMissing) {
+TEST_F(TouchpadDriverTest, DoesNotWatchForDevicesWhileNoTouchpadIsMissing) {
     started("event1", "pad");
     send("event1", fingerDown(1));
     received.wait(1);
@@ -321,7 +321,7 @@ TEST_F(TouchpadDriverTest, UnreadableTouchpadIsNotRetriedUntilDevicesChange) {
     EXPECT_EQ(received.wait(3).size(), 3U);
 }
 
-TEST_F(TouchpadDriverTest, TouchpadThatIsMissingAtStartReportsWhenItReturns) {
+TEST_F(TouchpadDriverTest, TouchpadMissingAtStartReportsOnceConnected) {
     pads->plug("event1", "pad");
     const auto device = driver.createList().at(0);
     driver.addCallback(device, &Listener::contact);
@@ -421,7 +421,7 @@ TEST_F(TouchpadDriverTest, EachDeviceHasTheNameOfItsTouchpad) {
 }
 
 // A search of all nodes for each touchpad would take four thousand look-ups for 64 touchpads.
-TEST_F(TouchpadDriverTest, StartsManyTouchpadsWithoutSearchingAllEachTime) {
+TEST_F(TouchpadDriverTest, StartsManyTouchpadsWithoutScanningAllDevicesEachTime) {
     constexpr int count = 64;
     for (int number = 0; number < count; ++number) {
         pads->plug("event" + std::to_string(number), "one of many"); // all have the same identity

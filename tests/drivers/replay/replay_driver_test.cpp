@@ -59,7 +59,7 @@ TEST(ReplayDriver, DeliversNoReportEarly) {
     }
 }
 
-TEST(ReplayDriver, SetsTheTimeOfContactsToThatOfTheirReport) {
+TEST(ReplayDriver, SetsTheTimeOfContactsToTheirReportsTime) {
     ReplaySession session;
     session.setRecording(tap);
     session.start();
@@ -68,7 +68,7 @@ TEST(ReplayDriver, SetsTheTimeOfContactsToThatOfTheirReport) {
                 ElementsAre(deliveries[0].timestamp, deliveries[0].timestamp));
 }
 
-TEST(ReplayDriver, LiftsFingersThatARecordingLeavesOnThePad) {
+TEST(ReplayDriver, LiftsFingersThatStillTouchAtTheEndOfARecording) {
     ReplaySession session;
     session.setRecording("{\"t\":0,\"touches\":[[1,0.5,0.5,4]]}\n"
                          "{\"t\":0.01,\"button\":0,\"down\":true}\n"
@@ -128,7 +128,7 @@ TEST(ReplayDriver, NeverReportsDecreasingTimes) {
     EXPECT_EQ(deliveries[3].timestamp, deliveries[2].timestamp);
 }
 
-TEST(ReplayDriver, AdvancesTimeForRecordsThatItDoesNotPlay) {
+TEST(ReplayDriver, AdvancesTimeForSkippedRecords) {
     ReplaySession session;
     session.setRecording("{\"t\":0,\"frontmost\":null}\n"
                          "{\"t\":0.01}\n"
@@ -140,7 +140,7 @@ TEST(ReplayDriver, AdvancesTimeForRecordsThatItDoesNotPlay) {
     EXPECT_GE(deliveries[0].timestamp, before + 0.02);
 }
 
-TEST(ReplayDriver, PlaysForeignRecordings) {
+TEST(ReplayDriver, PlaysRecordingsInOtherFormats) {
     ReplaySession session;
     session.setRecording("N: pad\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n"
                          "E: 1338280591.5 3 39 7\nE: 1338280591.5 0 0 0\n");
@@ -159,7 +159,7 @@ TEST(ReplayDriver, StopsDuringALongWait) {
 }
 
 // Sends a report every 0.1 ms, so that some stops coincide with a report.
-TEST(ReplayDriver, DoesNotCallBackAfterStopping) {
+TEST(ReplayDriver, CallsNoCallbackAfterStopping) {
     std::string dense;
     for (int index = 0; index < 2'000; ++index) {
         dense += "{\"t\":" + std::to_string(index * 0.0001) + ",\"touches\":[[1,0,0,4]]}\n";
@@ -183,7 +183,7 @@ TEST(ReplayDriver, DoesNotCallBackAfterStopping) {
     EXPECT_EQ(late, 0);
 }
 
-TEST(ReplayDriver, CanBeStoppedFromWithinItsCallback) {
+TEST(ReplayDriver, CanBeStoppedFromItsCallback) {
     const std::size_t before = threadCount();
     ReplaySession session;
     session.setRecording(tap);
@@ -230,7 +230,7 @@ TEST(ReplayDriver, StartingTwiceDoesNotPlayTwice) {
     EXPECT_EQ(session.deliveryCount(), 3U);
 }
 
-TEST(ReplayDriver, ReturnsNoDeviceAndLogsTheReason) {
+TEST(ReplayDriver, ReturnsNoDeviceAndLogsTheReasonForAnUnusableRecording) {
     struct Row {
         const char* why;
         std::string path;
@@ -260,7 +260,7 @@ TEST(ReplayDriver, ReturnsNoDeviceAndLogsTheReason) {
     }
 }
 
-TEST(ReplayDriver, WithAnEmptyRecordingReturnsADeviceWithoutTouches) {
+TEST(ReplayDriver, EmptyRecordingReturnsADeviceWithoutTouches) {
     ReplaySession session;
     session.setRecording("");
     ReplaySession::setLooping(true);
@@ -290,7 +290,7 @@ protected:
     driver::Push push = nullptr;
 };
 
-TEST_F(PushedReports, ArriveUnchangedOnTheCallersThread) {
+TEST_F(PushedReports, ArriveUnchangedOnTheCallingThread) {
     ASSERT_TRUE(session->start().isRunning());
     MTTouch touch{};
     touch.identifier = 7;
@@ -318,7 +318,7 @@ TEST_F(PushedReports, AreDroppedWhileNoDeviceIsStarted) {
     EXPECT_EQ(session->deliveryCount(), 1U);
 }
 
-TEST_F(PushedReports, MayStopTheirDeviceFromTheCallback) {
+TEST_F(PushedReports, CallbackMayStopTheDevice) {
     session->onDelivery = [&](const Delivery&) {
         session->manager().stop();
     };

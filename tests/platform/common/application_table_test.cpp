@@ -8,7 +8,7 @@
 namespace glidemap {
 namespace {
 
-TEST(ApplicationTable, EqualApplicationsHaveTheSameAddress) {
+TEST(ApplicationTable, InternReturnsTheSameAddressForEqualApplications) {
     ApplicationTable table(10);
     const Application* const first = table.intern({"a", "A"});
     EXPECT_EQ(*first, (Application{"a", "A"}));
@@ -18,7 +18,7 @@ TEST(ApplicationTable, EqualApplicationsHaveTheSameAddress) {
     EXPECT_NE(table.intern({std::nullopt, "A"}), first);
 }
 
-TEST(ApplicationTable, EmptyApplicationIsTheUnknownOne) {
+TEST(ApplicationTable, InternReturnsUnknownForAnEmptyApplication) {
     ApplicationTable table(10);
     EXPECT_EQ(table.intern({}), ApplicationTable::unknown());
     EXPECT_EQ(*ApplicationTable::unknown(), Application{});

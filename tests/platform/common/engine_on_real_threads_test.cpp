@@ -70,7 +70,7 @@ protected:
     double time = 1;
 };
 
-TEST_F(EngineOnRealThreads, TapIsDeliveredOffTheCallersThread) {
+TEST_F(EngineOnRealThreads, DeliversTapOnAnotherThread) {
     std::promise<std::pair<GestureType, std::thread::id>> delivered;
     engine->onGesture = [&](GestureType gesture) {
         delivered.set_value({gesture, std::this_thread::get_id()});
@@ -82,7 +82,7 @@ TEST_F(EngineOnRealThreads, TapIsDeliveredOffTheCallersThread) {
     EXPECT_NE(thread, std::this_thread::get_id());
 }
 
-TEST_F(EngineOnRealThreads, DelayedTapIsDeliveredByDelayedWork) {
+TEST_F(EngineOnRealThreads, DelayedWorkDeliversDelayedTap) {
     std::promise<std::thread::id> queueThread;
     engine->sessionRecognizer().doubleTapBindingExists = [&](int) {
         queueThread.set_value(std::this_thread::get_id());
@@ -97,7 +97,7 @@ TEST_F(EngineOnRealThreads, DelayedTapIsDeliveredByDelayedWork) {
     EXPECT_NE(queueThread.get_future().get(), delivered.get_future().get());
 }
 
-TEST_F(EngineOnRealThreads, CountIsReadWhileReportsArrive) {
+TEST_F(EngineOnRealThreads, TouchingCountCanBeReadWhileReportsArrive) {
     engine->start();
     std::atomic<bool> done = false;
     std::thread driver([&] {
@@ -116,7 +116,7 @@ TEST_F(EngineOnRealThreads, CountIsReadWhileReportsArrive) {
     EXPECT_EQ(engine->touchingCount(), 0);
 }
 
-TEST_F(EngineOnRealThreads, NothingIsDeliveredAfterStop) {
+TEST_F(EngineOnRealThreads, DeliversNoGestureAfterStop) {
     std::atomic<int> delivered = 0;
     engine->onGesture = [&](GestureType) {
         ++delivered;
@@ -137,7 +137,7 @@ TEST_F(EngineOnRealThreads, NothingIsDeliveredAfterStop) {
     EXPECT_EQ(delivered.load(), atStop);
 }
 
-TEST_F(EngineOnRealThreads, EngineMayBeDestroyedWithQueuedWork) {
+TEST_F(EngineOnRealThreads, CanBeDestroyedWithQueuedWork) {
     for (int turn = 0; turn < 200; ++turn) {
         engine->sessionRecognizer().doubleTapBindingExists = [](int) {
             return true;
@@ -169,9 +169,9 @@ private:
     std::vector<Task> tasks;
 };
 
-class EngineOnALateQueue : public EngineOnRealThreads {
+class EngineWithManualQueue : public EngineOnRealThreads {
 protected:
-    EngineOnALateQueue() {
+    EngineWithManualQueue() {
         engine = TouchEngine::create({std::make_shared<SteadyUptimeClock>(), queue,
                                       std::make_shared<ThreadedDelayedWork>(), &manager});
         engine->sessionRecognizer().doubleTapBindingExists = [this](int) {
@@ -185,27 +185,27 @@ protected:
     int decisions = 0;
 };
 
-TEST_F(EngineOnALateQueue, QueuedFramesAreRecognisedWhileItRuns) {
+TEST_F(EngineWithManualQueue, RecognisesQueuedFramesWhileRunning) {
     tap(3);
     queue->runAll();
     EXPECT_EQ(decisions, 1);
 }
 
-TEST_F(EngineOnALateQueue, QueuedFramesDoNothingAfterStop) {
+TEST_F(EngineWithManualQueue, IgnoresQueuedFramesAfterStop) {
     tap(3);
     engine->stop();
     queue->runAll();
     EXPECT_EQ(decisions, 0);
 }
 
-TEST_F(EngineOnALateQueue, QueuedFramesDoNothingAfterDestruction) {
+TEST_F(EngineWithManualQueue, IgnoresQueuedFramesAfterDestruction) {
     tap(3);
     engine.reset();
     queue->runAll();
     EXPECT_EQ(decisions, 0);
 }
 
-TEST_F(EngineOnRealThreads, EngineMayBeDestroyedOnItsOwnQueue) {
+TEST_F(EngineOnRealThreads, CanBeDestroyedOnItsOwnQueue) {
     std::promise<void> destroyed;
     std::promise<void> handedOver;
     auto handed = handedOver.get_future().share();

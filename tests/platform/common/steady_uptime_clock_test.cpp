@@ -16,7 +16,7 @@ TEST(SteadyUptimeClock, UptimeNeverDecreases) {
 }
 
 // The cooldown accepts the first gesture because the uptime exceeds the cooldown.
-TEST(SteadyUptimeClock, UptimeCountsFromTheStartOfTheSystem) {
+TEST(SteadyUptimeClock, UptimeStartsAtSystemBoot) {
     EXPECT_GT(SteadyUptimeClock().uptime(), 1.0);
 }
 

@@ -43,7 +43,7 @@ void countWithin(const std::function<void()>& work) {
     --within;
 }
 
-TEST(ThreadedDelayedWork, EachItemRunsInsideTheWrapper) {
+TEST(ThreadedDelayedWork, RunsEachItemInsideTheWrapper) {
     ThreadedDelayedWork work({}, countWithin);
     std::vector<int> ran;
     work.schedule(item([&ran] { ran.push_back(within); }), 0);
@@ -52,7 +52,7 @@ TEST(ThreadedDelayedWork, EachItemRunsInsideTheWrapper) {
     EXPECT_EQ(ran, std::vector({1, 1}));
 }
 
-TEST(ThreadedDelayedWork, ItemsRunInTheOrderOfTheirDeadlines) {
+TEST(ThreadedDelayedWork, RunsItemsInDeadlineOrder) {
     constexpr std::chrono::milliseconds apart(10);
     std::vector<int> order;
     Clock::duration took{};
@@ -69,7 +69,7 @@ TEST(ThreadedDelayedWork, ItemsRunInTheOrderOfTheirDeadlines) {
     EXPECT_EQ(order, (std::vector{1, 2, 3}));
 }
 
-TEST(ThreadedDelayedWork, EarlierItemIsNotDelayedByALaterOne) {
+TEST(ThreadedDelayedWork, LaterItemDoesNotDelayEarlierItem) {
     ThreadedDelayedWork work;
     work.schedule(item([] {}), 3600);
     std::promise<void> ran;
@@ -92,7 +92,7 @@ TEST(ThreadedDelayedWork, CancelledItemDoesNotRun) {
     EXPECT_FALSE(ran.load());
 }
 
-TEST(ThreadedDelayedWork, ReleasedItemStillRuns) {
+TEST(ThreadedDelayedWork, RunsItemAfterTheCallerReleasesIt) {
     ThreadedDelayedWork work;
     std::promise<void> ran;
     work.schedule(item([&ran] { ran.set_value(); }), 0.001);
@@ -132,7 +132,7 @@ TEST(ThreadedDelayedWork, WorkCanBeScheduledAfterStop) {
     waitFor(work, 0);
 }
 
-TEST(ThreadedDelayedWork, WorkMayBeDestroyedByItsOwnItem) {
+TEST(ThreadedDelayedWork, CanBeDestroyedByItsOwnItem) {
     auto work = std::make_unique<ThreadedDelayedWork>();
     std::promise<void> handedOver;
     auto handed = handedOver.get_future().share();

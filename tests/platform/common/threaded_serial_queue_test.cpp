@@ -19,7 +19,7 @@ void drain(SerialQueue& queue) {
     reached.get_future().wait();
 }
 
-TEST(ThreadedSerialQueue, TasksRunInTheOrderOfSubmission) {
+TEST(ThreadedSerialQueue, RunsTasksInSubmissionOrder) {
     ThreadedSerialQueue queue;
     std::vector<int> order;
     for (int number = 0; number < 5000; ++number) {
@@ -31,7 +31,7 @@ TEST(ThreadedSerialQueue, TasksRunInTheOrderOfSubmission) {
     EXPECT_EQ(order, expected);
 }
 
-TEST(ThreadedSerialQueue, TasksRunOnOneThreadOtherThanTheSubmitters) {
+TEST(ThreadedSerialQueue, RunsAllTasksOnOneThreadSeparateFromTheSubmitter) {
     ThreadedSerialQueue queue;
     std::vector<std::thread::id> threads(2);
     queue.submit([&] { threads[0] = std::this_thread::get_id(); });
@@ -41,7 +41,7 @@ TEST(ThreadedSerialQueue, TasksRunOnOneThreadOtherThanTheSubmitters) {
     EXPECT_NE(threads[0], std::this_thread::get_id());
 }
 
-TEST(ThreadedSerialQueue, ThreadIsPreparedBeforeTheFirstTask) {
+TEST(ThreadedSerialQueue, PreparesThreadBeforeTheFirstTask) {
     std::atomic<std::thread::id> prepared;
     ThreadedSerialQueue queue([&] { prepared = std::this_thread::get_id(); });
     EXPECT_EQ(prepared.load(), std::thread::id());
@@ -66,7 +66,7 @@ std::shared_ptr<void> releasedWithin(std::vector<int>& seen) {
             }};
 }
 
-TEST(ThreadedSerialQueue, EachTaskRunsAndIsDestroyedInsideTheWrapper) {
+TEST(ThreadedSerialQueue, RunsAndDestroysEachTaskInsideTheWrapper) {
     std::vector<int> ran;
     std::vector<int> released;
     ThreadedSerialQueue queue({}, countWithin);
@@ -92,7 +92,7 @@ struct Blocker {
     }
 };
 
-TEST(ThreadedSerialQueue, DeferredTasksRunBeforeTheNextSubmittedOne) {
+TEST(ThreadedSerialQueue, DeferredTasksRunBeforeTheNextSubmittedTask) {
     ThreadedSerialQueue queue;
     std::vector<int> order;
     queue.defer([&] { order.push_back(0); });
@@ -104,7 +104,7 @@ TEST(ThreadedSerialQueue, DeferredTasksRunBeforeTheNextSubmittedOne) {
     EXPECT_EQ(order, (std::vector{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
 }
 
-TEST(ThreadedSerialQueue, ManyDeferredTasksWakeTheThread) {
+TEST(ThreadedSerialQueue, MaximumNumberOfDeferredTasksWakesTheThread) {
     ThreadedSerialQueue queue;
     drain(queue);
     std::promise<void> reached;
@@ -125,7 +125,7 @@ TEST(ThreadedSerialQueue, StopDropsDeferredTasks) {
     EXPECT_FALSE(hasRun);
 }
 
-TEST(ThreadedSerialQueue, StopWaitsForTheRunningTaskAndDropsTheRest) {
+TEST(ThreadedSerialQueue, StopWaitsForTheRunningTaskAndDropsQueuedTasks) {
     ThreadedSerialQueue queue;
     Blocker blocker;
     blocker.occupy(queue);
@@ -148,7 +148,7 @@ TEST(ThreadedSerialQueue, StopWaitsForTheRunningTaskAndDropsTheRest) {
     EXPECT_FALSE(ran.load());
 }
 
-TEST(ThreadedSerialQueue, QueueRunsTasksAfterStop) {
+TEST(ThreadedSerialQueue, RunsTasksSubmittedAfterStop) {
     ThreadedSerialQueue queue;
     drain(queue);
     queue.stop();
@@ -159,7 +159,7 @@ TEST(ThreadedSerialQueue, QueueRunsTasksAfterStop) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST(ThreadedSerialQueue, FullQueueBlocksTheSubmitterAndLosesNothing) {
+TEST(ThreadedSerialQueue, FullQueueBlocksTheSubmitterWithoutLosingTasks) {
     ThreadedSerialQueue queue;
     Blocker blocker;
     blocker.occupy(queue);
@@ -185,7 +185,7 @@ TEST(ThreadedSerialQueue, FullQueueBlocksTheSubmitterAndLosesNothing) {
     EXPECT_EQ(order, expected);
 }
 
-TEST(ThreadedSerialQueue, StopReleasesABlockedSubmitter) {
+TEST(ThreadedSerialQueue, StopUnblocksABlockedSubmitter) {
     ThreadedSerialQueue queue;
     Blocker blocker;
     blocker.occupy(queue);
@@ -202,7 +202,7 @@ TEST(ThreadedSerialQueue, StopReleasesABlockedSubmitter) {
     SUCCEED(); // ends only if stop() unblocks the submitter
 }
 
-TEST(ThreadedSerialQueue, QueueMayBeDestroyedByItsOwnTask) {
+TEST(ThreadedSerialQueue, QueueCanBeDestroyedByItsOwnTask) {
     auto queue = std::make_unique<ThreadedSerialQueue>();
     std::promise<void> destroyed;
     ThreadedSerialQueue& reference = *queue;
@@ -219,7 +219,7 @@ TEST(ThreadedSerialQueue, QueueMayBeDestroyedByItsOwnTask) {
 }
 
 // The stopped thread still runs its own task while the next thread starts.
-TEST(ThreadedSerialQueue, QueueStoppedByItsOwnTaskRunsTasksAfterThatTask) {
+TEST(ThreadedSerialQueue, QueueStoppedByItsOwnTaskRunsLaterTasks) {
     for (int round = 0; round < 50; ++round) {
         ThreadedSerialQueue queue;
         std::promise<void> stopped;

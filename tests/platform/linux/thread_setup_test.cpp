@@ -19,11 +19,11 @@ std::string nameAfterSetUp(std::string_view name) {
     return read.data();
 }
 
-TEST(ThreadSetup, ThreadHasTheName) {
+TEST(ThreadSetup, SetsTheThreadName) {
     EXPECT_EQ(nameAfterSetUp("touch"), "touch");
 }
 
-TEST(ThreadSetup, LongNameKeepsItsEnd) {
+TEST(ThreadSetup, KeepsTheEndOfALongName) {
     EXPECT_EQ(nameAfterSetUp("com.corvane.glidemap.touch"), ".glidemap.touch");
     EXPECT_EQ(nameAfterSetUp("0123456789abcdef"), "123456789abcdef");
 }

@@ -19,24 +19,24 @@ protected:
 };
 
 // The tests are in a folder next to bin, so they find drivers like the programs.
-TEST_F(TouchDriverPlatformTest, DefaultIsTheTouchpadDriverNextToThePrograms) {
+TEST_F(TouchDriverPlatformTest, UsesTheInstalledEvdevDriverByDefault) {
     unsetenv(variable);
     const std::string path = touchDriverPlatform().libraryPath;
     EXPECT_THAT(path, testing::EndsWith("/lib/glidemap/libglidemap-evdev.so"));
     EXPECT_TRUE(std::filesystem::exists(path)) << path;
 }
 
-TEST_F(TouchDriverPlatformTest, EnvironmentSelectsAnotherDriver) {
+TEST_F(TouchDriverPlatformTest, EnvironmentVariableSelectsAnotherDriver) {
     setenv(variable, REPLAY_DRIVER, 1);
     EXPECT_EQ(touchDriverPlatform().libraryPath, REPLAY_DRIVER);
 }
 
-TEST_F(TouchDriverPlatformTest, EmptyVariableSelectsNothing) {
+TEST_F(TouchDriverPlatformTest, IgnoresAnEmptyVariable) {
     setenv(variable, "", 1);
     EXPECT_THAT(touchDriverPlatform().libraryPath, testing::EndsWith("libglidemap-evdev.so"));
 }
 
-TEST_F(TouchDriverPlatformTest, SelectedDriverIsLoadedAndItsListRead) {
+TEST_F(TouchDriverPlatformTest, LoadsTheSelectedDriverAndReadsItsDeviceList) {
     setenv(variable, REPLAY_DRIVER, 1);
     unsetenv("GLIDEMAP_RECORDING");
     MultitouchDeviceManager manager(touchDriverPlatform());
@@ -45,7 +45,7 @@ TEST_F(TouchDriverPlatformTest, SelectedDriverIsLoadedAndItsListRead) {
     EXPECT_EQ(manager.loadError(), "未找到多点触摸设备");
 }
 
-TEST_F(TouchDriverPlatformTest, MissingDriverIsALoadError) {
+TEST_F(TouchDriverPlatformTest, MissingDriverReturnsALoadError) {
     setenv(variable, "/no/such/driver.so", 1);
     const MultitouchDeviceManager manager(touchDriverPlatform());
     ASSERT_TRUE(manager.loadError().has_value());

@@ -18,7 +18,7 @@ protected:
     static std::size_t left() { return doubles::livingInstances("NSObject"); }
 };
 
-TEST_F(AutoreleasePoolTest, KeepsAutoreleasedObjectsUntilTheWorkIsDone) {
+TEST_F(AutoreleasePoolTest, KeepsAutoreleasedObjectsUntilTheFunctionReturns) {
     std::thread([] {
         withinAutoreleasePool([] {
             leaveAnObjectBehind();

@@ -13,7 +13,7 @@ TEST_F(ThreadSetupTest, NamesTheThread) {
     EXPECT_THAT(journal(), ElementsAre("pthread_setname_np com.corvane.glidemap.delayed"));
 }
 
-TEST_F(ThreadSetupTest, ResponsiveThreadHasTheUserInteractiveClass) {
+TEST_F(ThreadSetupTest, ResponsiveThreadHasUserInteractiveQualityOfService) {
     setUpResponsiveThread("com.corvane.glidemap.touch");
     EXPECT_THAT(journal(), ElementsAre("pthread_setname_np com.corvane.glidemap.touch",
                                        "pthread_set_qos_class_self_np 0x21 0"));

@@ -9,7 +9,7 @@
 namespace glidemap {
 namespace {
 
-TEST(FirstExposureTest, FirstVisibleWindowIsReportedOnce) {
+TEST(FirstExposureTest, ReportsTheFirstVisibleWindowOnce) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
     char name[] = "test";

@@ -50,7 +50,7 @@ protected:
     OpenFile there;
 };
 
-TEST_F(PrivateDescriptorsTest, DescriptorsAreNonBlockingAndNotInherited) {
+TEST_F(PrivateDescriptorsTest, DescriptorsAreNonBlockingAndCloseOnExec) {
     connectThem();
     std::array<int, 2> ends{};
     ASSERT_TRUE(makePipe(ends));

@@ -13,7 +13,7 @@ namespace {
 
 using test::Application;
 
-TEST(QtMainQueueTest, TasksRunInOrderOnTheMainThreadAndNeverInsideSubmit) {
+TEST(QtMainQueueTest, RunsTasksInOrderOnTheMainThreadAndNeverInsideSubmit) {
     Application application;
     QtMainQueue queue;
     std::vector<int> order;
@@ -39,7 +39,7 @@ TEST(QtMainQueueTest, TasksRunInOrderOnTheMainThreadAndNeverInsideSubmit) {
     }
 }
 
-TEST(QtMainQueueTest, EachSubmittingThreadsOrderIsKept) {
+TEST(QtMainQueueTest, KeepsTheTaskOrderOfEachSubmittingThread) {
     constexpr int threads = 4;
     constexpr int tasks = 2000;
     Application application;
@@ -87,7 +87,7 @@ TEST(QtMainQueueTest, TaskIsMovedAndDestroyedOnce) {
     application.run();
 }
 
-TEST(QtMainQueueTest, EndOfTheLoopDestroysPendingTasks) {
+TEST(QtMainQueueTest, EventLoopExitDestroysPendingTasks) {
     Application application;
     QtMainQueue queue;
     const auto counted = std::make_shared<int>();
@@ -103,7 +103,7 @@ TEST(QtMainQueueTest, EndOfTheLoopDestroysPendingTasks) {
     QCoreApplication::processEvents();
 }
 
-TEST(QtMainQueueTest, EndOfTheQueueDestroysPendingTasks) {
+TEST(QtMainQueueTest, QueueDestructionDestroysPendingTasks) {
     Application application;
     const auto counted = std::make_shared<int>();
     {

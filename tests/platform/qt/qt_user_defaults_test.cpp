@@ -45,7 +45,7 @@ TEST_F(QtUserDefaultsTest, ValuesPersistUntilTheNextLaunch) {
 }
 
 // A second reader simulates the next launch after a crash, because the first reader is still open.
-TEST_F(QtUserDefaultsTest, ValuesAreWrittenAtOnce) {
+TEST_F(QtUserDefaultsTest, WritesValuesImmediately) {
     QtUserDefaults defaults(file);
     for (const bool value : {false, true}) {
         defaults.setBoolean("masterEnabled", value);
@@ -78,7 +78,7 @@ TEST_F(QtUserDefaultsTest, EveryTextIsPreserved) {
     }
 }
 
-TEST_F(QtUserDefaultsTest, OnlyTrueAndFalseAreBooleans) {
+TEST_F(QtUserDefaultsTest, ReadsOnlyTrueAndFalseAsBooleans) {
     struct Row {
         const char* written;
         std::optional<bool> read;
@@ -108,12 +108,12 @@ TEST_F(QtUserDefaultsTest, OnlyTrueAndFalseAreBooleans) {
     }
 }
 
-TEST_F(QtUserDefaultsTest, ListIsNotText) {
+TEST_F(QtUserDefaultsTest, DoesNotReadAListAsText) {
     write("[General]\nappLanguage=zh, en\n");
     EXPECT_EQ(QtUserDefaults(file).string("appLanguage"), std::nullopt);
 }
 
-TEST_F(QtUserDefaultsTest, DamagedFileIsReadAsFarAsPossibleAndCanBeWritten) {
+TEST_F(QtUserDefaultsTest, ReadsValidLinesInADamagedFileAndCanWriteTheFile) {
     struct Row {
         const char* what;
         std::string text;
@@ -144,7 +144,7 @@ TEST_F(QtUserDefaultsTest, DamagedFileIsReadAsFarAsPossibleAndCanBeWritten) {
 }
 
 // The writes fail even for root, which ignores permissions.
-TEST_F(QtUserDefaultsTest, ValueThatCannotBeWrittenLastsUntilTheEnd) {
+TEST_F(QtUserDefaultsTest, KeepsAnUnwritableValueInMemory) {
     fs::create_directories(file); // a folder in place of the file
     const auto below = folder / "plain" / "glidemap.ini";
     std::ofstream(folder / "plain") << "a file in the place of the folder";
@@ -160,7 +160,7 @@ TEST_F(QtUserDefaultsTest, ValueThatCannotBeWrittenLastsUntilTheEnd) {
     }
 }
 
-TEST_F(QtUserDefaultsTest, StandardFileIsInTheUsersConfiguration) {
+TEST_F(QtUserDefaultsTest, StandardFileIsInTheUserConfigurationFolder) {
     const test::InEnvironment configuration("XDG_CONFIG_HOME", folder.c_str());
     EXPECT_EQ(QtUserDefaults::standardFile(), file);
 }

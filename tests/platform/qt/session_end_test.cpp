@@ -20,7 +20,7 @@ private:
     QGuiApplication application;
 };
 
-TEST(SessionEndTest, QuitRequestIsReportedOnceAndNoWindowIsAsked) {
+TEST(SessionEndTest, ReportsAQuitRequestOnceAndClosesNoWindow) {
     const Offscreen offscreen;
     int asked = 0;
     const SessionEnd sessionEnd([&] { ++asked; });
@@ -32,7 +32,7 @@ TEST(SessionEndTest, QuitRequestIsReportedOnceAndNoWindowIsAsked) {
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST(SessionEndTest, DestructionRestoresTheDefaultOfQt) {
+TEST(SessionEndTest, DestructionRestoresTheQtDefault) {
     const Offscreen offscreen;
     int asked = 0;
     {

@@ -147,7 +147,7 @@ TEST_F(SingleInstanceTest, FilesAreAccessibleOnlyToTheUser) {
     }
 }
 
-TEST_F(SingleInstanceTest, KilledInstanceDoesNotBlockTheNext) {
+TEST_F(SingleInstanceTest, KilledInstanceDoesNotBlockTheNextInstance) {
     const Signpost listening;
     Child first([&] { return beFirst(listening); });
     listening.wait();
@@ -161,7 +161,7 @@ TEST_F(SingleInstanceTest, KilledInstanceDoesNotBlockTheNext) {
     EXPECT_EQ(next.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, InstanceThatHangsIsNotWaitedForForever) {
+TEST_F(SingleInstanceTest, ClaimTimesOutIfTheFirstInstanceHangs) {
     const Signpost listening;
     Child first([&] { return beFirst(listening); });
     listening.wait();
@@ -169,7 +169,7 @@ TEST_F(SingleInstanceTest, InstanceThatHangsIsNotWaitedForForever) {
     EXPECT_EQ(claimAsSecond(soon), static_cast<int>(Claim::unanswered));
 }
 
-TEST_F(SingleInstanceTest, InstanceThatDoesNotListenYetIsWaitedFor) {
+TEST_F(SingleInstanceTest, ClaimWaitsUntilTheFirstInstanceListens) {
     const Signpost claimed;
     const Signpost goOn;
     Child first([&] {
@@ -193,7 +193,7 @@ TEST_F(SingleInstanceTest, InstanceThatDoesNotListenYetIsWaitedFor) {
     EXPECT_EQ(first.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, RequesterTakesOverFromAnInstanceThatExits) {
+TEST_F(SingleInstanceTest, SecondInstanceBecomesFirstIfTheFirstExits) {
     const Signpost ending;
     const Signpost begun;
     Child second([&] { // forks before the lock exists, because a child would inherit the lock
@@ -213,7 +213,7 @@ TEST_F(SingleInstanceTest, RequesterTakesOverFromAnInstanceThatExits) {
 }
 
 // Each child keeps the lock until all have claimed.
-TEST_F(SingleInstanceTest, OneOfManySimultaneousStartsIsFirst) {
+TEST_F(SingleInstanceTest, ExactlyOneOfManySimultaneousInstancesIsFirst) {
     constexpr int programs = 12;
     for (int round = 0; round < 5; ++round) {
         const Signpost start;
@@ -247,7 +247,7 @@ TEST_F(SingleInstanceTest, OneOfManySimultaneousStartsIsFirst) {
     }
 }
 
-TEST_F(SingleInstanceTest, FolderThatOthersCanOpenIsNotUsed) {
+TEST_F(SingleInstanceTest, DoesNotUseAFolderThatOtherUsersCanOpen) {
     fs::permissions(folder.path(), fs::perms::all);
     SingleInstance instance(folder.path());
     EXPECT_EQ(instance.claim({}), Claim::first);
@@ -256,7 +256,7 @@ TEST_F(SingleInstanceTest, FolderThatOthersCanOpenIsNotUsed) {
     EXPECT_EQ(fs::status(file("glidemap")).permissions(), fs::perms::owner_all);
 }
 
-TEST_F(SingleInstanceTest, SecondFindsTheFirstInThePrivateFolder) {
+TEST_F(SingleInstanceTest, SecondInstanceFindsTheFirstInThePrivateFolder) {
     fs::permissions(folder.path(), fs::perms::all);
     fs::create_directory(file("glidemap"));
     fs::permissions(file("glidemap"), fs::perms::all);
@@ -268,7 +268,7 @@ TEST_F(SingleInstanceTest, SecondFindsTheFirstInThePrivateFolder) {
     EXPECT_EQ(first.waitForEnd(), 7);
 }
 
-TEST_F(SingleInstanceTest, FolderOfAnotherUserIsNotUsed) {
+TEST_F(SingleInstanceTest, DoesNotUseAFolderOwnedByAnotherUser) {
     const auto given = folder.path() / "given";
     fs::create_directory(given);
     fs::permissions(given, fs::perms::all);
@@ -294,7 +294,7 @@ TEST_F(SingleInstanceTest, LinkToAFolderIsNotFollowed) {
     EXPECT_TRUE(fs::is_empty(elsewhere));
 }
 
-TEST_F(SingleInstanceTest, LinkInPlaceOfTheLockIsNotFollowed) {
+TEST_F(SingleInstanceTest, DoesNotFollowALinkInPlaceOfTheLockFile) {
     const auto kept = folder.write("kept", "untouched");
     fs::permissions(kept, fs::perms::all);
     fs::create_symlink(kept, file("glidemap.lock"));
@@ -362,7 +362,7 @@ private:
     const int socket;
 };
 
-TEST_F(SingleInstanceTest, OnlyTheExactReplyIsAccepted) {
+TEST_F(SingleInstanceTest, AcceptsOnlyTheExactReply) {
     struct Row {
         std::vector<std::string> parts;
         Claim claim;
@@ -400,7 +400,7 @@ TEST_F(SingleInstanceTest, LinkToASocketIsNotFollowed) {
     EXPECT_EQ(first.clients, 0);
 }
 
-TEST_F(SingleInstanceTest, TokenIsNotSentToAnotherUsersProcess) {
+TEST_F(SingleInstanceTest, DoesNotSendTheTokenToAnotherUsersProcess) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may become another user";
     }
@@ -416,13 +416,13 @@ TEST_F(SingleInstanceTest, TokenIsNotSentToAnotherUsersProcess) {
     EXPECT_EQ(first.everythingHeard(), "");
 }
 
-TEST_F(SingleInstanceTest, ClaimFailsWithoutAFolder) {
+TEST_F(SingleInstanceTest, ClaimFailsIfTheFolderCannotBeCreated) {
     folder.write("file", "");
     SingleInstance instance(folder.path() / "file");
     EXPECT_EQ(instance.claim({}), Claim::impossible);
 }
 
-TEST_F(SingleInstanceTest, InstanceThatCannotListenReturnsTheErrorAndStaysFirst) {
+TEST_F(SingleInstanceTest, FirstInstanceStaysFirstIfListeningFails) {
     folder.write("glidemap.socket/in/the/way", "");
     const Signpost goOn;
     Child second([&] { // forks before the lock exists, because a child would inherit the lock
@@ -471,7 +471,7 @@ private:
     const int socket;
 };
 
-TEST_F(SingleInstanceTest, InvalidClientsNeitherShowTheWindowNorBlockOthers) {
+TEST_F(SingleInstanceTest, InvalidClientsNeitherSendRequestsNorBlockOtherClients) {
     Application application;
     SingleInstance instance(folder.path());
     ASSERT_EQ(instance.claim({}), Claim::first);

@@ -38,13 +38,13 @@ int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-TEST(TerminationSignalsTest, EachSignalEndsTheLoopInOrder) {
+TEST(TerminationSignalsTest, EachTerminationSignalExitsTheEventLoop) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, Application::quit), 7);
     EXPECT_EQ(programThat([] { kill(getpid(), SIGINT); }, Application::quit), 7);
     EXPECT_EQ(programThat([] { kill(getpid(), SIGHUP); }, Application::quit), 7);
 }
 
-TEST(TerminationSignalsTest, SecondSignalEndsAProgramThatHangs) {
+TEST(TerminationSignalsTest, SecondSignalTerminatesAHangingProgram) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); }, [] { kill(getpid(), SIGTERM); }),
               128 + SIGTERM);
 }
@@ -66,12 +66,12 @@ int hangingProgram(const std::function<void(const TerminationSignals&)>& end) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-TEST(TerminationSignalsTest, LimitEndsAProgramThatNeverReachesItsLoop) {
+TEST(TerminationSignalsTest, TimeLimitTerminatesAHangingProgram) {
     EXPECT_EQ(hangingProgram([](const auto&) { kill(getpid(), SIGTERM); }), EXIT_SUCCESS);
     EXPECT_EQ(hangingProgram([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
 }
 
-TEST(TerminationSignalsTest, LimitOutlivesTheObject) {
+TEST(TerminationSignalsTest, TimeLimitOutlivesTheObject) {
     EXPECT_EQ(hangingProgram([](const auto&) {
                   const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
                   inner.limitEnd();
@@ -80,7 +80,7 @@ TEST(TerminationSignalsTest, LimitOutlivesTheObject) {
 }
 
 // A time limit would replace the alarm of this test by a shorter alarm.
-TEST(TerminationSignalsTest, ProgramWithoutALimitIsNotInterrupted) {
+TEST(TerminationSignalsTest, ProgramWithoutATimeLimitIsNotInterrupted) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {
                               constexpr unsigned longerThanAnyLimit = 10;

@@ -48,13 +48,13 @@ protected:
     std::vector<Event> events;
 };
 
-TEST_F(VirtualTimeTest, UptimeIsTheRecordsTimePlusAThousandSeconds) {
+TEST_F(VirtualTimeTest, UptimeIsTheRecordTimePlusAThousandSeconds) {
     EXPECT_EQ(time.clock()->uptime(), 1000);
     time.advanceTo(12.5);
     EXPECT_EQ(time.clock()->uptime(), 1012.5);
 }
 
-TEST_F(VirtualTimeTest, ItemRunsOnceAtItsDeadline) {
+TEST_F(VirtualTimeTest, RunsItemOnceAtItsDeadline) {
     schedule("item", 0.5);
     time.advanceTo(std::nextafter(0.5, 0.0));
     EXPECT_THAT(events, IsEmpty());
@@ -64,7 +64,7 @@ TEST_F(VirtualTimeTest, ItemRunsOnceAtItsDeadline) {
     EXPECT_THAT(events, ElementsAre(Event{"item", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, ItemsRunInTheOrderOfTheirDeadlinesWithTheClockThere) {
+TEST_F(VirtualTimeTest, RunsItemsInDeadlineOrderWithTheClockAtTheDeadline) {
     schedule("late", 0.75);
     schedule("early", 0.25);
     schedule("middle", 0.5);
@@ -74,7 +74,7 @@ TEST_F(VirtualTimeTest, ItemsRunInTheOrderOfTheirDeadlinesWithTheClockThere) {
     EXPECT_EQ(time.now(), 10);
 }
 
-TEST_F(VirtualTimeTest, ItemsWithEqualDeadlinesRunInTheOrderOfScheduling) {
+TEST_F(VirtualTimeTest, RunsItemsWithEqualDeadlinesInSchedulingOrder) {
     schedule("first", 0.5);
     schedule("second", 0.5);
     time.advanceTo(0.25);
@@ -84,7 +84,7 @@ TEST_F(VirtualTimeTest, ItemsWithEqualDeadlinesRunInTheOrderOfScheduling) {
                 ElementsAre(Event{"first", 0.5}, Event{"second", 0.5}, Event{"third", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, ItemScheduledByAnItemRunsInTheSameAdvanceIfDue) {
+TEST_F(VirtualTimeTest, RunsADueItemThatAnotherItemSchedulesInTheSameAdvance) {
     scheduleWork(0.5, [this] {
         record("parent");
         schedule("due", 0.25);
@@ -103,14 +103,14 @@ TEST_F(VirtualTimeTest, CancelledItemDoesNotRun) {
     EXPECT_THAT(events, ElementsAre(Event{"kept", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, ReleasedItemStillRuns) {
+TEST_F(VirtualTimeTest, RunsItemAfterTheCallerReleasesIt) {
     auto item = schedule("released", 0.5);
     item.reset();
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"released", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, ClockFollowsARecordBackwardsAndItemsWait) {
+TEST_F(VirtualTimeTest, ClockMayGoBackwardsWithoutRunningPendingItems) {
     time.advanceTo(10);
     schedule("from the later time", 0.5);
     time.advanceTo(5);
@@ -149,13 +149,13 @@ TEST_F(VirtualTimeTest, RunRemainingRunsEveryItem) {
     EXPECT_EQ(time.now(), 102.5);
 }
 
-TEST_F(VirtualTimeTest, RunRemainingWithoutItemsLeavesTheClock) {
+TEST_F(VirtualTimeTest, RunRemainingWithoutItemsKeepsTheTime) {
     time.advanceTo(2);
     time.runRemaining();
     EXPECT_EQ(time.now(), 2);
 }
 
-TEST_F(VirtualTimeTest, NextDeadlineIsThatOfTheEarliestItem) {
+TEST_F(VirtualTimeTest, NextDeadlineIsTheEarliestItemsDeadline) {
     EXPECT_EQ(time.nextDeadline(), std::numeric_limits<double>::infinity());
     time.advanceTo(1);
     schedule("late", 2);
@@ -172,7 +172,7 @@ TEST_F(VirtualTimeTest, SubmittedTasksWaitAndThenRunInOrder) {
     EXPECT_THAT(events, ElementsAre(Event{"first", 0}, Event{"second", 0}));
 }
 
-TEST_F(VirtualTimeTest, TaskSubmittedByATaskRunsAfterTheQueuedOnes) {
+TEST_F(VirtualTimeTest, TaskSubmittedByATaskRunsAfterTheQueuedTasks) {
     time.queue()->submit([this] {
         record("parent");
         for (int count = 0; count < 100; ++count) { // enough to reallocate the storage
@@ -197,7 +197,7 @@ TEST_F(VirtualTimeTest, SubmittedTasksRunBeforeTimeAdvances) {
     EXPECT_THAT(events, ElementsAre(Event{"task", 0}, Event{"item", 0.5}));
 }
 
-TEST_F(VirtualTimeTest, TaskSubmittedByAnItemRunsAtTheTimeOfTheItem) {
+TEST_F(VirtualTimeTest, TaskSubmittedByAnItemRunsAtTheItemsTime) {
     scheduleWork(0.5, [this] { submit("task"); });
     schedule("later item", 0.75);
     time.advanceTo(1);
@@ -249,7 +249,7 @@ TEST_F(VirtualTimeTest, MainQueueRunsWhenTheSerialQueueIsEmpty) {
                                     Event{"main later", 0}));
 }
 
-TEST_F(VirtualTimeTest, TasksSubmittedByTheMainQueueRunAfterIt) {
+TEST_F(VirtualTimeTest, TasksSubmittedByTheMainQueueRunAfterTheMainQueue) {
     time.mainQueue()->submit([this] {
         time.mainQueue()->submit([this] { record("main child"); });
         submit("child");
@@ -261,14 +261,14 @@ TEST_F(VirtualTimeTest, TasksSubmittedByTheMainQueueRunAfterIt) {
                 ElementsAre(Event{"end of main", 0}, Event{"main child", 0}, Event{"child", 0}));
 }
 
-TEST_F(VirtualTimeTest, MainQueueTaskOfAnItemRunsAtTheTimeOfTheItem) {
+TEST_F(VirtualTimeTest, MainQueueTaskSubmittedByAnItemRunsAtTheItemsTime) {
     scheduleWork(0.5, [this] { time.mainQueue()->submit([this] { record("main"); }); });
     schedule("later item", 0.75);
     time.advanceTo(1);
     EXPECT_THAT(events, ElementsAre(Event{"main", 0.5}, Event{"later item", 0.75}));
 }
 
-TEST(VirtualTimePorts, PortsMayOutliveTheTime) {
+TEST(VirtualTimePorts, PortsMayOutliveVirtualTime) {
     std::shared_ptr<UptimeClock> clock;
     std::shared_ptr<DelayedWork> delayedWork;
     {

@@ -151,7 +151,7 @@ TEST_F(GlidemapRecord, WritesAFileAndPrintsGesturesToStandardOutput) {
     }
 }
 
-TEST_F(GlidemapRecord, WithoutAFileTheRecordingGoesToStandardOutput) {
+TEST_F(GlidemapRecord, WritesToStandardOutputWithoutAFileArgument) {
     RecordProgram program({}, 1, 0);
     EXPECT_TRUE(program.errors.readUntil("threeFingerSwipeRight"));
     program.interrupt();
@@ -168,7 +168,7 @@ TEST_F(GlidemapRecord, PrintsTheNamesOfAllTouchpadsAndRecordsThem) {
     EXPECT_EQ(std::ranges::count(program.output.text, '\n'), 1 + 2 * 7);
 }
 
-TEST_F(GlidemapRecord, WithoutATouchpadItPrintsAnErrorAndDoesNotTouchTheFile) {
+TEST_F(GlidemapRecord, PrintsAnErrorAndKeepsTheFileWithoutATouchpad) {
     std::ofstream(file) << "precious";
     RecordProgram program({"-o", file}, 0, 0);
     EXPECT_EQ(program.end(), 1);
@@ -176,21 +176,21 @@ TEST_F(GlidemapRecord, WithoutATouchpadItPrintsAnErrorAndDoesNotTouchTheFile) {
     EXPECT_EQ(test::contentOf(file), "precious");
 }
 
-TEST_F(GlidemapRecord, WithoutPermissionItExplainsHowToGetIt) {
+TEST_F(GlidemapRecord, ExplainsHowToGrantMissingPermission) {
     RecordProgram program({}, 0, 1);
     EXPECT_EQ(program.end(), 1);
     EXPECT_EQ(program.output.text, "");
     EXPECT_THAT(program.errors.text, AllOf(HasSubstr("no permission"), HasSubstr("udev")));
 }
 
-TEST_F(GlidemapRecord, WithoutADriverItPrintsTheReason) {
+TEST_F(GlidemapRecord, PrintsWhyTheDriverIsMissing) {
     RecordProgram program({}, 1, 0, "/no/such/driver.so");
     EXPECT_EQ(program.end(), 1);
     EXPECT_THAT(program.errors.text, AllOf(HasSubstr("the touch driver cannot be used"),
                                            HasSubstr("/no/such/driver.so")));
 }
 
-TEST_F(GlidemapRecord, AFileThatCannotBeCreatedIsReportedByName) {
+TEST_F(GlidemapRecord, NamesAFileThatCannotBeCreated) {
     const std::string path = folder / "no such folder" / "touch.jsonl";
     RecordProgram program({"-o", path}, 1, 0);
     EXPECT_EQ(program.end(), 1);
@@ -198,21 +198,21 @@ TEST_F(GlidemapRecord, AFileThatCannotBeCreatedIsReportedByName) {
               "glidemap-record: cannot write " + path + ": No such file or directory\n");
 }
 
-TEST_F(GlidemapRecord, AFullDiskEndsItWithAMessage) {
+TEST_F(GlidemapRecord, ExitsWithAMessageOnAFullDisk) {
     RecordProgram program({"-o", "/dev/full"}, 1, 0);
     EXPECT_EQ(program.end(), 1);
     EXPECT_THAT(program.errors.text,
                 HasSubstr("glidemap-record: cannot write /dev/full: No space left on device\n"));
 }
 
-TEST_F(GlidemapRecord, HelpGoesToStandardOutput) {
+TEST_F(GlidemapRecord, PrintsHelpToStandardOutput) {
     RecordProgram program({"--help"}, 0, 0);
     EXPECT_EQ(program.end(), 0);
     EXPECT_THAT(program.output.text, StartsWith("Usage: glidemap-record [-o FILE]\n"));
     EXPECT_EQ(program.errors.text, "");
 }
 
-TEST_F(GlidemapRecord, AnInvalidCommandLineIsRejected) {
+TEST_F(GlidemapRecord, RejectsAnInvalidCommandLine) {
     RecordProgram program({"--fast"}, 1, 0);
     EXPECT_EQ(program.end(), 2);
     EXPECT_EQ(program.output.text, "");

@@ -40,7 +40,7 @@ TEST(Recorder, WritesAllRecordsInOrder) {
     EXPECT_EQ(failures, 0);
 }
 
-TEST(Recorder, AFullDiskIsReportedOnceWithTheReason) {
+TEST(Recorder, ReportsAFullDiskOnceWithTheReason) {
     std::ofstream full("/dev/full");
     ASSERT_TRUE(full.is_open());
     std::atomic<int> failures = 0;
@@ -53,7 +53,7 @@ TEST(Recorder, AFullDiskIsReportedOnceWithTheReason) {
     EXPECT_EQ(failures, 1);
 }
 
-TEST(Recorder, FinishingImmediatelyLosesNoRecords) {
+TEST(Recorder, FinishWritesAllQueuedRecords) {
     std::ostringstream output;
     Recorder recorder(output, "", [] {});
     constexpr int many = 5000; // more records than the writer's queue can hold

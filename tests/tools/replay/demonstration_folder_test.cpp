@@ -47,7 +47,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(DemonstrationFolder, TheRecordingContainsEveryPerformableGestureOnce) {
+TEST_F(DemonstrationFolder, RecordingContainsEveryPerformableGestureOnce) {
     EXPECT_EQ(write(), (Ended{0, "", ""}));
     std::vector<std::string> expected;
     for (const GestureType gesture : performableGestures()) {
@@ -58,7 +58,7 @@ TEST_F(DemonstrationFolder, TheRecordingContainsEveryPerformableGestureOnce) {
     EXPECT_EQ(gesturesIn(played.output), expected);
 }
 
-TEST_F(DemonstrationFolder, ItsBindingsDoNothing) {
+TEST_F(DemonstrationFolder, BindingsAreDisabled) {
     write();
     const std::string text = contentOf(bindings());
     EXPECT_THAT(text, HasSubstr("\"enabled\": false"));
@@ -68,7 +68,7 @@ TEST_F(DemonstrationFolder, ItsBindingsDoNothing) {
     EXPECT_THAT(played.output, Not(HasSubstr("keyEvent")));
 }
 
-TEST_F(DemonstrationFolder, ExistingBindingsAreKept) {
+TEST_F(DemonstrationFolder, KeepsExistingBindings) {
     folder.write("Glidemap/bindings.json", "[]");
     EXPECT_EQ(write().status, 0);
     EXPECT_EQ(contentOf(bindings()), "[]");

@@ -25,7 +25,7 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-TEST(Demonstration, ShowsExactlyEveryPerformableGestureInOrder) {
+TEST(Demonstration, PerformsEveryPerformableGestureOnceInOrder) {
     const Ended ended = replay({"--demonstrate"});
     EXPECT_EQ(ended.status, 0);
     EXPECT_THAT(ended.errors, IsEmpty());
@@ -55,7 +55,7 @@ TEST(Demonstration, JsonLinesContainTheCompleteListOfRecognisedGestures) {
     EXPECT_EQ(lines.back(), R"({"performed":44,"asIntended":44})");
 }
 
-TEST(Demonstration, EverySeedShowsAllGesturesDifferently) {
+TEST(Demonstration, EachSeedPerformsAllGesturesDifferently) {
     const std::string first = replay({"--demonstrate", "--json"}).output;
     EXPECT_EQ(replay({"--demonstrate", "--json", "--seed=1"}).output, first);
     for (int seed = 2; seed < 20; ++seed) {

@@ -108,14 +108,14 @@ std::string resting(int count, double from) {
     return tap.substr(0, tap.find('\n') + 1);
 }
 
-TEST(ReplayBindings, AShortcutPrintsTheGestureThenItsKeyDownAndUp) {
+TEST(ReplayBindings, ShortcutPrintsTheGestureThenKeyDownAndUp) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", shortcut("124", "1572864"))},
                        tapOf(2, 12.5, 12.625)),
               matched("12.625", "twoFingerTap", '1', "Shortcut ⌥⌘→") +
                   typed("12.625", "124", "1572864"));
 }
 
-TEST(ReplayBindings, FlagsAndKeyCodesAreExactUpToTheirLimits) {
+TEST(ReplayBindings, PrintsExactFlagsAndKeyCodesUpToTheirLimits) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", shortcut("65535", "18446744073709551615"))},
                        tapOf(2, 0, 0.1)),
               matched("0.1", "twoFingerTap", '1', "Shortcut ⌃⌥⇧⌘Key 65535") +
@@ -126,7 +126,7 @@ TEST(ReplayBindings, FlagsAndKeyCodesAreExactUpToTheirLimits) {
                   typed("0.1", "0", "9007199254740993"));
 }
 
-TEST(ReplayBindings, EveryOtherActionHasItsOwnLine) {
+TEST(ReplayBindings, EveryOtherActionPrintsItsOwnLine) {
     const std::pair<std::string, std::pair<std::string, std::string>> rows[] = {
         {lockScreen, {"Lock Screen", R"("lockScreen")"}},
         {missionControl, {"Mission Control", R"("missionControl")"}},
@@ -141,7 +141,7 @@ TEST(ReplayBindings, EveryOtherActionHasItsOwnLine) {
     }
 }
 
-TEST(ReplayBindings, ALaunchedApplicationHasTheNameOfItsBinding) {
+TEST(ReplayBindings, PrintsALaunchedApplicationWithItsBindingsName) {
     EXPECT_EQ(
         replayed({binding('1', "twoFingerTap", launch("org.example.Editor", "First")),
                   binding('2', "threeFingerTap", launch("org.example.Editor", "Second"))},
@@ -152,13 +152,13 @@ TEST(ReplayBindings, ALaunchedApplicationHasTheNameOfItsBinding) {
             performed("1.1", R"("launchApp","bundleID":"org.example.Editor","name":"First")"));
 }
 
-TEST(ReplayBindings, AnUnboundGestureHasNullFields) {
+TEST(ReplayBindings, UnboundGestureHasNullFields) {
     EXPECT_EQ(replayed({binding('1', "threeFingerTap", lockScreen)}, tapOf(2, 0, 0.1)),
               deliveredLine("0.1", "twoFingerTap"));
     EXPECT_EQ(replayed({}, tapOf(2, 0, 0.1)), deliveredLine("0.1", "twoFingerTap"));
 }
 
-TEST(ReplayBindings, AGestureThatTheCooldownDropsHasNoBinding) {
+TEST(ReplayBindings, GestureDroppedByTheCooldownHasNoBinding) {
     EXPECT_EQ(replayed({binding('1', "fiveFingerTap", lockScreen)},
                        tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125)),
               matched("1.125", "fiveFingerTap", '1', "Lock Screen") +
@@ -166,7 +166,7 @@ TEST(ReplayBindings, AGestureThatTheCooldownDropsHasNoBinding) {
                   R"({"t":1.3125,"gesture":"fiveFingerTap","delivered":false})" + "\n");
 }
 
-TEST(ReplayBindings, TheFrontmostApplicationSelectsTheBindingAndIsPrinted) {
+TEST(ReplayBindings, FrontmostApplicationSelectsTheBindingAndIsPrinted) {
     const std::string taps = tapOf(2, 0, 0.1) + frontmost("1", editor) + tapOf(2, 2, 2.1) +
                              frontmost("3", R"({"bundleID":"org.example.Other","name":"Other"})") +
                              tapOf(2, 4, 4.1) +
@@ -187,21 +187,21 @@ TEST(ReplayBindings, TheFrontmostApplicationSelectsTheBindingAndIsPrinted) {
                   performed("8.1", R"("lockScreen")"));
 }
 
-TEST(ReplayBindings, TheFrontmostApplicationIsPrintedWithoutBindings) {
+TEST(ReplayBindings, PrintsTheFrontmostApplicationWithoutBindings) {
     EXPECT_EQ(replay({"--json", "-"}, frontmost("0", editor) + tapOf(2, 1, 1.1)).output,
               R"({"t":1.1,"gesture":"twoFingerTap","delivered":true,"binding":null,"action":null,)"
               R"("app":"Editor"})"
               "\n");
 }
 
-TEST(ReplayBindings, ABoundClickIsSwallowedWithItsReleaseAndRunsAfterItsLine) {
+TEST(ReplayBindings, SwallowsABoundClickAndRunsItsActionAfterItsLine) {
     EXPECT_EQ(
         replayed({binding('1', "twoFingerClick", shortcut("1", "0"))},
                  resting(2, 0) + button("0.4", 0, true) + button("0.5", 0, false) + nothingAt(0.6)),
         button("0.4", 0, true, true) + typed("0.4", "1", "0") + button("0.5", 0, false, true));
 }
 
-TEST(ReplayBindings, TheReleaseIsSwallowedRegardlessOfTheRemainingFingers) {
+TEST(ReplayBindings, SwallowsTheReleaseRegardlessOfTheRemainingFingers) {
     EXPECT_EQ(replayed({binding('1', "threeFingerClick", lockScreen)},
                        resting(3, 0) + button("0.4", 1, true) + nothingAt(0.6) +
                            button("0.7", 1, false) + button("0.8", 1, false)),
@@ -217,7 +217,7 @@ struct ClickRow {
     bool isSwallowed;
 };
 
-TEST(ReplayBindings, AClickIsConsumedOnlyWithTheFingersButtonAndApplicationOfItsBinding) {
+TEST(ReplayBindings, SwallowsAClickOnlyIfFingersButtonAndApplicationMatch) {
     const std::vector<std::string> bindings = {
         binding('2', "twoFingerClick", lockScreen), binding('3', "threeFingerClick", lockScreen),
         binding('4', "fourFingerClick", lockScreen, inEditor)};
@@ -244,14 +244,14 @@ TEST(ReplayBindings, AClickIsConsumedOnlyWithTheFingersButtonAndApplicationOfIts
     }
 }
 
-TEST(ReplayBindings, WithoutBindingsEveryButtonPasses) {
+TEST(ReplayBindings, EveryButtonPassesWithoutBindings) {
     EXPECT_EQ(replay({"--json", "-"}, resting(2, 0) + button("0.4", 0, true) +
                                           button("0.5", 0, false) + nothingAt(0.6))
                   .output,
               button("0.4", 0, true, false) + button("0.5", 0, false, false));
 }
 
-TEST(ReplayBindings, AButtonHeldAtTheEndOfOneFileDoesNotAffectTheNext) {
+TEST(ReplayBindings, ButtonHeldAtTheEndOfAFileDoesNotAffectTheNextFile) {
     const Folder folder;
     const std::string bindings =
         folder.write("bindings.json", listOf({binding('1', "twoFingerClick", lockScreen)}));
@@ -263,7 +263,7 @@ TEST(ReplayBindings, AButtonHeldAtTheEndOfOneFileDoesNotAffectTheNext) {
                   button("0.5", 0, false, false));
 }
 
-TEST(ReplayBindings, ABoundDoubleTapDelaysSingleTapsWithItsFingerCount) {
+TEST(ReplayBindings, BoundDoubleTapDelaysSingleTapsWithItsFingerCount) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerTap", lockScreen),
                                                binding('2', "twoFingerDoubleTap", missionControl)};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.2) + nothingAt(5)),
@@ -274,7 +274,7 @@ TEST(ReplayBindings, ABoundDoubleTapDelaysSingleTapsWithItsFingerCount) {
                   performed("0.3", R"("missionControl")"));
 }
 
-TEST(ReplayBindings, DoubleTapsOfTheBindingsAndTheCommandLineAreCombined) {
+TEST(ReplayBindings, CombinesDoubleTapsFromBindingsAndCommandLine) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerDoubleTap", lockScreen)};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.1) + tapOf(3, 2, 2.1) + tapOf(4, 4, 4.1),
                        {"--json", "--double-tap=4"}),
@@ -282,7 +282,7 @@ TEST(ReplayBindings, DoubleTapsOfTheBindingsAndTheCommandLineAreCombined) {
                   deliveredLine("4.55", "fourFingerTap"));
 }
 
-TEST(ReplayBindings, AHeldBackTapUsesTheApplicationThatIsFrontmostWhenItFires) {
+TEST(ReplayBindings, DelayedTapUsesTheFrontmostApplicationWhenItFires) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", lockScreen, inEditor),
                         binding('2', "twoFingerDoubleTap", lockScreen)},
                        tapOf(2, 0, 0.2) + frontmost("0.6", editor)),
@@ -290,7 +290,7 @@ TEST(ReplayBindings, AHeldBackTapUsesTheApplicationThatIsFrontmostWhenItFires) {
                   performed("0.65", R"("lockScreen")"));
 }
 
-TEST(ReplayBindings, NamesAndActionsAreChineseInChinese) {
+TEST(ReplayBindings, PrintsNamesAndActionsInChinese) {
     const std::vector<std::string> bindings = {
         binding('1', "twoFingerTap", shortcut("124", "1572864"))};
     EXPECT_EQ(replayed(bindings, tapOf(2, 0, 0.1), {"--json", "--lang", "zh"}),
@@ -301,7 +301,7 @@ TEST(ReplayBindings, NamesAndActionsAreChineseInChinese) {
               "       0.100  twoFingerTap                Two-Finger Tap  → Shortcut ⌥⌘→\n");
 }
 
-TEST(ReplayBindings, TextAppendsActionAndApplicationToBoundGesturesOnly) {
+TEST(ReplayBindings, TextOutputAppendsActionAndApplicationOnlyToBoundGestures) {
     EXPECT_EQ(replayed({binding('1', "twoFingerTap", lockScreen)},
                        tapOf(2, 0, 0.1) + tapOf(3, 1, 1.1) + frontmost("1.5", editor) +
                            tapOf(2, 2, 2.1) + tapOf(3, 3, 3.1),
@@ -312,7 +312,7 @@ TEST(ReplayBindings, TextAppendsActionAndApplicationToBoundGesturesOnly) {
               "       3.100  threeFingerTap              Three-Finger Tap\n");
 }
 
-TEST(ReplayBindings, TextShowsSwallowedButtons) {
+TEST(ReplayBindings, TextOutputShowsSwallowedButtons) {
     EXPECT_EQ(replayed({binding('1', "twoFingerClick", lockScreen)},
                        button("0", 0, true) + button("0.1", 0, false) + resting(2, 0.2) +
                            button("0.4", 0, true) + button("0.5", 0, false) + nothingAt(0.9),
@@ -322,7 +322,7 @@ TEST(ReplayBindings, TextShowsSwallowedButtons) {
               "       0.500  button 0 up                 swallowed\n");
 }
 
-TEST(ReplayBindings, RealTimeGivesTheSameOutput) {
+TEST(ReplayBindings, RealTimePlaybackPrintsTheSameOutput) {
     const std::vector<std::string> bindings = {binding('1', "twoFingerTap", lockScreen),
                                                binding('2', "twoFingerDoubleTap", lockScreen),
                                                binding('3', "threeFingerClick", missionControl)};
@@ -338,7 +338,7 @@ std::string contentOf(const std::string& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-TEST(ReplayBindings, TheBindingsFileIsNotWritten) {
+TEST(ReplayBindings, DoesNotWriteTheBindingsFile) {
     const Folder folder;
     const std::string content = "  " + listOf({binding('1', "twoFingerTap", lockScreen)}) + "\n\n";
     const std::string file = folder.write("bindings.json", content);
@@ -355,7 +355,7 @@ struct BadFile {
     std::string reason; // a substring of the message
 };
 
-TEST(ReplayBindings, AnInvalidFileIsReportedWithItsNameAndTheReason) {
+TEST(ReplayBindings, ReportsTheNameAndReasonForAnInvalidFile) {
     const std::string good = binding('1', "twoFingerTap", lockScreen);
     const BadFile rows[] = {
         {"", "not JSON"},
@@ -379,7 +379,7 @@ TEST(ReplayBindings, AnInvalidFileIsReportedWithItsNameAndTheReason) {
     }
 }
 
-TEST(ReplayBindings, AnUnreadableFileIsReportedWithItsNameAndTheSystemsError) {
+TEST(ReplayBindings, ReportsTheNameAndSystemErrorForAnUnreadableFile) {
     const Ended missing = replay({"--bindings", "/nonexistent/bindings.json", "-"}, "");
     EXPECT_EQ(
         missing,

@@ -16,7 +16,7 @@ using testing::StartsWith;
 
 const std::string twoFingerTapLine = deliveredLine("0.1", "twoFingerTap");
 
-TEST(ReplayErrors, AMalformedLineIsReportedWithFileAndLineAfterTheEarlierGestures) {
+TEST(ReplayErrors, ReportsAMalformedLineAfterTheEarlierGestures) {
     const Folder folder;
     const std::string file =
         folder.write("bad", tapOf(2, 0, 0.1) + "{\"t\":1,\n" + tapOf(5, 2, 2.1));
@@ -26,14 +26,14 @@ TEST(ReplayErrors, AMalformedLineIsReportedWithFileAndLineAfterTheEarlierGesture
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: " + file + ":3: "));
 }
 
-TEST(ReplayErrors, ATapHeldBackAtAMalformedLineStillFiresOnce) {
+TEST(ReplayErrors, DelayedTapFiresOnceBeforeAMalformedLine) {
     const Ended ended = replay({"--json", "--double-tap=2", "-"}, tapOf(2, 0, 0.2) + "nonsense\n");
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.output, deliveredLine("0.65", "twoFingerTap"));
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:3: "));
 }
 
-TEST(ReplayErrors, TheOtherFilesAreStillPlayed) {
+TEST(ReplayErrors, PlaysTheOtherFilesAfterAnInvalidFile) {
     const Folder folder;
     const std::string bad = folder.write("bad", "{\"t\":\"now\",\"touches\":[]}\n");
     const std::string good = folder.write("good", tapOf(2, 0, 0.1));
@@ -44,7 +44,7 @@ TEST(ReplayErrors, TheOtherFilesAreStillPlayed) {
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: " + bad + ":1: "));
 }
 
-TEST(ReplayErrors, AMissingFileIsReportedByName) {
+TEST(ReplayErrors, ReportsAMissingFileByName) {
     const Ended ended = replay({"/nonexistent/recording"});
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.output, IsEmpty());
@@ -52,26 +52,26 @@ TEST(ReplayErrors, AMissingFileIsReportedByName) {
                                     HasSubstr("No such file")));
 }
 
-TEST(ReplayErrors, AFolderIsRejected) {
+TEST(ReplayErrors, RejectsAFolder) {
     const Ended ended = replay({"/"});
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: /:"));
 }
 
-TEST(ReplayErrors, AnyOtherContentIsRejected) {
+TEST(ReplayErrors, RejectsUnknownContent) {
     const Ended ended = replay({"-"}, "Dear diary,\n");
     EXPECT_EQ(ended.status, 2);
     EXPECT_THAT(ended.errors, StartsWith("glidemap-replay: standard input:1: "));
 }
 
-TEST(ReplayErrors, AFailedWriteOfTheOutputFailsTheProgram) {
+TEST(ReplayErrors, FailsIfTheOutputCannotBeWritten) {
     const Folder folder;
     const Ended ended = replayInto("/dev/full", {folder.write("tap", tapOf(2, 0, 0.1))});
     EXPECT_EQ(ended.status, 1);
     EXPECT_THAT(ended.errors, HasSubstr("cannot be written"));
 }
 
-TEST(ReplayErrors, FailsWithoutItsDriver) {
+TEST(ReplayErrors, FailsWithoutTheReplayDriver) {
     const Folder folder;
     const std::string program = folder.copy(GLIDEMAP_REPLAY_PROGRAM, "bin/glidemap-replay");
     const Ended ended = replayWith(program, {"-"}, tapOf(2, 0, 0.1));
@@ -86,7 +86,7 @@ struct CommandLine {
     std::string message;
 };
 
-TEST(ReplayErrors, AnInvalidCommandLineIsExplainedAndNothingIsPlayed) {
+TEST(ReplayErrors, ExplainsAnInvalidCommandLineAndPlaysNothing) {
     const CommandLine rows[] = {
         {{}, "no recording given"},
         {{"--json"}, "no recording given"},

@@ -32,7 +32,7 @@ TEST(ReplayOptions, HelpDocumentsEveryOptionAndExitStatus) {
     }
 }
 
-TEST(ReplayOptions, StatisticsGoToStandardErrorOnly) {
+TEST(ReplayOptions, PrintsStatisticsOnlyToStandardError) {
     const std::string recording =
         tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125) + R"({"t":3,"button":0,"down":true})" + "\n";
     const Ended ended = replay({"--stats", "--json", "-"}, recording);
@@ -62,7 +62,7 @@ TEST(ReplayOptions, RealTimePlaybackTakesAsLongAsTheRecording) {
     EXPECT_EQ(slow, replay({"--json", "-"}, recording));
 }
 
-TEST(ReplayOptions, RealTimePlaybackWaitsForAHeldBackTapAtTheEnd) {
+TEST(ReplayOptions, RealTimePlaybackWaitsForADelayedTapAtTheEnd) {
     const std::string recording = tapOf(3, 70, 70.1);
     const std::vector<std::string> options = {"--json", "--double-tap=3", "-"};
     Ended slow;

@@ -30,23 +30,23 @@ std::string replayed(const std::string& recording, std::vector<std::string> opti
     return ended.output;
 }
 
-TEST(Replay, TextShowsTimeRawValueAndDisplayName) {
+TEST(Replay, TextOutputShowsTimeRawValueAndDisplayName) {
     EXPECT_EQ(replay({"-"}, tapOf(2, 12.5, 12.625)),
               (Ended{0, "      12.625  twoFingerTap                Two-Finger Tap\n", ""}));
 }
 
-TEST(Replay, TextMarksGesturesThatTheCooldownDropped) {
+TEST(Replay, TextOutputMarksGesturesThatTheCooldownDropped) {
     EXPECT_EQ(replay({"-"}, tapOf(3, 1, 1.1) + tapOf(3, 1.2, 1.3)).output,
               "       1.100  threeFingerTap              Three-Finger Tap\n"
               "       1.300  threeFingerDoubleTap        Three-Finger Double Tap"
               "  (dropped: cooldown)\n");
 }
 
-TEST(Replay, JsonHasOneObjectPerLine) {
+TEST(Replay, JsonOutputHasOneObjectPerLine) {
     EXPECT_EQ(replayed(tapOf(2, 12.5, 12.625)), json("12.625", "twoFingerTap"));
 }
 
-TEST(Replay, TheFirstGestureOfARecordingThatStartsAtZeroIsDelivered) {
+TEST(Replay, DeliversTheFirstGestureInARecordingThatStartsAtZero) {
     EXPECT_EQ(replayed(tapOf(4, 0, 0.1)), json("0.1", "fourFingerTap"));
 }
 
@@ -57,27 +57,27 @@ TEST(Replay, OnlyGesturesWithinAQuarterSecondOfTheLastAreDropped) {
               json("1.125", "fiveFingerTap") + json("1.375", "fiveFingerTap"));
 }
 
-TEST(Replay, ADroppedGestureDoesNotProlongTheCooldown) {
+TEST(Replay, DroppedGestureDoesNotProlongTheCooldown) {
     EXPECT_EQ(replayed(tapOf(5, 1, 1.125) + tapOf(5, 1.25, 1.3125) + tapOf(5, 1.375, 1.4375)),
               json("1.125", "fiveFingerTap") + json("1.3125", "fiveFingerTap", false) +
                   json("1.4375", "fiveFingerTap"));
 }
 
-TEST(Replay, ASingleTapIsImmediateWhileItsDoubleTapIsUnbound) {
+TEST(Replay, SingleTapIsImmediateWhileItsDoubleTapIsUnbound) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2)), json("0.2", "twoFingerTap"));
 }
 
-TEST(Replay, ASingleTapIsDelayedBy0_45SecondsWhileItsDoubleTapIsBound) {
+TEST(Replay, SingleTapIsDelayedBy450MillisecondsWhileItsDoubleTapIsBound) {
     const std::string later = nothingAt(5);
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2) + later, {"--double-tap", "2"}),
               json("0.65", "twoFingerTap"));
 }
 
-TEST(Replay, AHeldBackTapFiresAtTheEndOfTheRecording) {
+TEST(Replay, DelayedTapFiresAtTheEndOfTheRecording) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.2), {"--double-tap", "2"}), json("0.65", "twoFingerTap"));
 }
 
-TEST(Replay, AHeldBackTapFiresBeforeARecordOfTheSameTime) {
+TEST(Replay, DelayedTapFiresBeforeARecordWithTheSameTime) {
     const std::string tap = tapOf(2, 0, 0.25); // due at 0.7
     const std::string fiveAt = tapOf(5, 0.5, 0.7);
     EXPECT_EQ(replayed(tap + fiveAt, {"--double-tap", "2"}),
@@ -87,12 +87,12 @@ TEST(Replay, AHeldBackTapFiresBeforeARecordOfTheSameTime) {
               json("0.699", "fiveFingerTap") + json("0.7", "twoFingerTap", false));
 }
 
-TEST(Replay, TheSecondOfTwoTapsCancelsTheHeldBackTap) {
+TEST(Replay, SecondTapCancelsTheDelayedFirstTap) {
     EXPECT_EQ(replayed(tapOf(2, 0, 0.1) + tapOf(2, 0.2, 0.3), {"--double-tap", "2"}),
               json("0.3", "twoFingerDoubleTap"));
 }
 
-TEST(Replay, ADoubleTapBindingDelaysOnlyTapsWithItsFingerCount) {
+TEST(Replay, DoubleTapBindingDelaysOnlyTapsWithItsFingerCount) {
     const std::string taps = tapOf(2, 0, 0.1) + tapOf(3, 2, 2.1) + tapOf(4, 4, 4.1);
     EXPECT_EQ(replayed(taps, {"--double-tap", "3"}), json("0.1", "twoFingerTap") +
                                                          json("2.55", "threeFingerTap") +
@@ -113,18 +113,18 @@ TEST(Replay, FrontmostAndUnknownRecordsAdvanceTime) {
               json("0.65", "twoFingerTap") + json("1.1", "fiveFingerTap"));
 }
 
-TEST(Replay, TheFirstLineMayDescribeTheDevice) {
+TEST(Replay, FirstLineMayDescribeTheDevice) {
     EXPECT_EQ(replayed(R"({"glidemap-recording":1,"device":"a pad","more":[]})"
                        "\n" +
                        tapOf(2, 1, 1.1)),
               json("1.1", "twoFingerTap"));
 }
 
-TEST(Replay, AnEmptyRecordingHasNoGestures) {
+TEST(Replay, EmptyRecordingHasNoGestures) {
     EXPECT_EQ(replayed(""), "");
 }
 
-TEST(Replay, AnUnfinishedTouchIsNoGesture) {
+TEST(Replay, UnfinishedTouchIsNotAGesture) {
     EXPECT_EQ(replayed(R"({"t":1,"touches":[[1,0.3,0.5,4],[2,0.5,0.5,4]]})"
                        "\n"),
               "");
@@ -136,7 +136,7 @@ TEST(Replay, TimeMayGoBackwards) {
                   json("20.1", "fiveFingerTap"));
 }
 
-TEST(Replay, EveryWrittenPerformanceIsRecognisedWhenReadBack) {
+TEST(Replay, RecognisesEveryRecordedGesturePerformance) {
     for (const GestureType gesture : performableGestures()) {
         std::ostringstream recording;
         RecordingWriter writer(recording);
@@ -153,7 +153,7 @@ TEST(Replay, EveryWrittenPerformanceIsRecognisedWhenReadBack) {
     }
 }
 
-TEST(Replay, SeveralFilesAreIndependentRunsEachPrecededByItsName) {
+TEST(Replay, PlaysSeveralFilesIndependentlyAndPrintsTheirNames) {
     const Folder folder;
     // In one recording the taps would be a double tap, or the cooldown would drop the second tap.
     const std::string first = folder.write("first", tapOf(2, 0, 0.1));
@@ -167,7 +167,7 @@ TEST(Replay, SeveralFilesAreIndependentRunsEachPrecededByItsName) {
                   folderPath + R"(/second \"two\""})" + "\n" + json("0.3", "twoFingerTap"));
 }
 
-TEST(Replay, AHeldBackTapFiresBeforeTheNameOfTheNextFile) {
+TEST(Replay, DelayedTapFiresBeforeTheNextFilesName) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(2, 0, 0.2));
     const std::string header = R"({"file":")" + file + "\"}\n";
@@ -175,7 +175,7 @@ TEST(Replay, AHeldBackTapFiresBeforeTheNameOfTheNextFile) {
               header + json("0.65", "twoFingerTap") + header + json("0.65", "twoFingerTap"));
 }
 
-TEST(Replay, AFingerLeftDownInOneFileDoesNotAffectTheNext) {
+TEST(Replay, FingerLeftDownInAFileDoesNotAffectTheNextFile) {
     const Folder folder;
     const std::string down = folder.write("down", R"({"t":0,"touches":[[9,0.9,0.1,4]]})"
                                                   "\n");
@@ -183,7 +183,7 @@ TEST(Replay, AFingerLeftDownInOneFileDoesNotAffectTheNext) {
     EXPECT_THAT(replay({"--json", down, tap}).output, HasSubstr(json("0.1", "twoFingerTap")));
 }
 
-TEST(Replay, StandardInputMayBeOneOfSeveralFiles) {
+TEST(Replay, StandardInputMayBeAmongSeveralFiles) {
     const Folder folder;
     const std::string file = folder.write("a", tapOf(3, 0, 0.1));
     EXPECT_EQ(replay({"--json", file, "-"}, tapOf(2, 0, 0.1)).output,

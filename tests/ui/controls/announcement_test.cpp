@@ -10,7 +10,7 @@
 namespace glidemap {
 namespace {
 
-TEST(AnnouncementTest, NothingHappensWithoutAssistiveTechnology) {
+TEST(AnnouncementTest, DoesNothingWithoutAssistiveTechnology) {
     QWidget window;
     QWidget control(&window);
     window.show();

@@ -65,7 +65,7 @@ TEST(StyledLabelTest, LineSizeFollowsTextAndFont) {
     EXPECT_GT(label.lineSize().width(), usual.width());
 }
 
-TEST(StyledLabelTest, FollowsTheThemesColoursAndDimsWhenDisabled) {
+TEST(StyledLabelTest, FollowsThemeColoursAndDimsWhenDisabled) {
     StyledLabel label(TextStyle::caption, Role::secondary);
     const Theme& theme = Theme::shared();
     const auto ink = [&label] {
@@ -91,7 +91,7 @@ TEST(ElidedLabelTest, TextThatFitsIsNotElided) {
     EXPECT_TRUE(label.isCut());
 }
 
-TEST(ElidedLabelTest, ShrinksToAFewLettersWithItsFullAccessibleText) {
+TEST(ElidedLabelTest, ShrinksToAFewLettersButKeepsItsFullAccessibleText) {
     ElidedLabel label(TextStyle::body, Role::primary);
     label.setText(longText);
     EXPECT_LT(label.minimumSizeHint().width(), 60);
@@ -116,7 +116,7 @@ TEST(ElidedLabelTest, ShowsItsTooltipOnlyWhileElided) {
     EXPECT_EQ(help(), longText);
 }
 
-TEST(BadgeTest, IsPaddedByEightAndThreeInTheCaptionFont) {
+TEST(BadgeTest, UsesCaptionFontWithEightByThreePadding) {
     Badge badge;
     badge.setText(QStringLiteral("Global"));
     const QFontMetricsF metrics(Theme::shared().font(TextStyle::caption));
@@ -124,7 +124,7 @@ TEST(BadgeTest, IsPaddedByEightAndThreeInTheCaptionFont) {
                                       qCeil(metrics.height()) + 6));
 }
 
-TEST(BadgeTest, HasABackgroundOfItsOwnColourAtFifteenHundredths) {
+TEST(BadgeTest, BackgroundIsItsColourAtFifteenPercentOpacity) {
     Badge badge;
     badge.setText(QStringLiteral("Firefox"));
     badge.setColor(Role::purple);
@@ -138,7 +138,7 @@ TEST(BadgeTest, HasABackgroundOfItsOwnColourAtFifteenHundredths) {
     EXPECT_EQ(image.pixelColor(0, 0).alpha(), 0); // round ends
 }
 
-TEST(NoticeTest, HasABackgroundOfTheGivenTint) {
+TEST(NoticeTest, BackgroundHasTheGivenOpacity) {
     Notice notice({"sparkles", Role::blue, Role::primary, Role::blue, 0.1});
     notice.setText(QStringLiteral("Version 2 is available."));
     notice.resize(600, 44);
@@ -148,7 +148,7 @@ TEST(NoticeTest, HasABackgroundOfTheGivenTint) {
     EXPECT_NEAR(image.pixelColor(2, 2).alphaF(), 0.1, 0.005);
 }
 
-TEST(NoticeTest, PrefersOneLineAndWrapsIfNarrow) {
+TEST(NoticeTest, UsesOneLineAndWrapsWhenNarrow) {
     Stage stage;
     auto* notice = stage.add(new Notice({"", Role::red, Role::red}));
     notice->setText(longText + longText);

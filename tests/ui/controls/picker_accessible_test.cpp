@@ -21,7 +21,7 @@ protected:
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&picker);
 };
 
-TEST_F(PickerAccessibleTest, ChoiceIsItsTextAndItsValue) {
+TEST_F(PickerAccessibleTest, TextAndValueAreTheSelectedEntry) {
     EXPECT_EQ(seen->role(), QAccessible::ComboBox);
     ASSERT_NE(seen->textInterface(), nullptr);
     for (int index = 0; index < picker.count(); ++index) {
@@ -32,7 +32,7 @@ TEST_F(PickerAccessibleTest, ChoiceIsItsTextAndItsValue) {
     }
 }
 
-TEST_F(PickerAccessibleTest, PlaceholderIsReadWithoutAChoice) {
+TEST_F(PickerAccessibleTest, TextIsThePlaceholderWithoutASelection) {
     picker.setPlaceholderText("Choose an app");
     picker.setCurrentIndex(-1);
     EXPECT_EQ(text(), "Choose an app");
@@ -45,7 +45,7 @@ TEST_F(PickerAccessibleTest, ActionOpensAndClosesTheList) {
     }
 }
 
-TEST_F(PickerAccessibleTest, ListIsItsChild) {
+TEST_F(PickerAccessibleTest, ListIsTheOnlyChild) {
     ASSERT_EQ(seen->childCount(), 1);
     EXPECT_EQ(seen->child(0)->object(), picker.view());
     EXPECT_EQ(seen->indexOfChild(seen->child(0)), 0);

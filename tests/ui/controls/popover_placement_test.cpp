@@ -59,7 +59,7 @@ const Row rows[] = {
      {QRect(6, 6, 900, 700), false, 311}},
 };
 
-TEST(PopoverPlacementTest, PointsAtItsAnchorAndStaysInTheWindow) {
+TEST(PopoverPlacementTest, PointsAtTheAnchorAndStaysInTheWindow) {
     for (const Row& row : rows) {
         EXPECT_EQ(placePopover(row.card, row.anchor, window), row.placed) << row.name;
     }

@@ -43,7 +43,7 @@ protected:
     int closings = 0;
 };
 
-TEST_F(PopoverTest, OpensInTheWindowOfItsAnchorWithTheFocus) {
+TEST_F(PopoverTest, OpensWithFocusInTheAnchorWindow) {
     const auto popover = openFrom(anchor);
     EXPECT_TRUE(popover->isVisible());
     EXPECT_EQ(popover->window(), &stage);
@@ -51,12 +51,12 @@ TEST_F(PopoverTest, OpensInTheWindowOfItsAnchorWithTheFocus) {
     EXPECT_EQ(popover->placement().card.size(), QSize(246, 166)); // padded by 8
 }
 
-TEST_F(PopoverTest, IsADialogToScreenReaders) {
+TEST_F(PopoverTest, HasTheAccessibleDialogRole) {
     const auto popover = openFrom(anchor);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(popover)->role(), QAccessible::Dialog);
 }
 
-TEST_F(PopoverTest, ClickOutsideClosesItAndReachesItsTarget) {
+TEST_F(PopoverTest, ClickOutsideClosesThePopoverAndReachesTheTarget) {
     int clicks = 0;
     QObject::connect(other, &QPushButton::clicked, &stage, [&clicks] { ++clicks; });
     stage.resize(900, 700);
@@ -67,7 +67,7 @@ TEST_F(PopoverTest, ClickOutsideClosesItAndReachesItsTarget) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(PopoverTest, ClickInsideKeepsItOpen) {
+TEST_F(PopoverTest, ClickInsideKeepsThePopoverOpen) {
     const auto popover = openFrom(anchor);
     QTest::mouseClick(popover->findChild<QLabel*>(), Qt::LeftButton);
     QTest::mouseClick(popover.data(), Qt::LeftButton, {}, QPoint(3, popover->height() / 2));
@@ -75,7 +75,7 @@ TEST_F(PopoverTest, ClickInsideKeepsItOpen) {
     EXPECT_TRUE(popover->isVisible());
 }
 
-TEST_F(PopoverTest, ClickOnItsAnchorReachesTheAnchor) {
+TEST_F(PopoverTest, ClickOnTheAnchorKeepsThePopoverOpen) {
     const auto popover = openFrom(anchor);
     QTest::mouseClick(anchor, Qt::LeftButton);
     EXPECT_EQ(closings, 0);
@@ -93,7 +93,7 @@ TEST_F(PopoverTest, EscapeClosesOnlyThePopoverAndReturnsTheFocus) {
     EXPECT_EQ(escapes, 0);
 }
 
-TEST_F(PopoverTest, TabReturnsToItsAnchor) {
+TEST_F(PopoverTest, TabMovesTheFocusBackToTheAnchor) {
     const auto popover = openFrom(anchor);
     QTest::keyClick(popover.data(), Qt::Key_Tab);
     EXPECT_TRUE(hasGone(popover));
@@ -107,14 +107,14 @@ TEST_F(PopoverTest, SecondDismissIsIgnored) {
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(PopoverTest, ClosesWhenItsAnchorIsHidden) {
+TEST_F(PopoverTest, ClosesWhenTheAnchorIsHidden) {
     const auto popover = openFrom(anchor);
     anchor->hide();
     EXPECT_TRUE(hasGone(popover));
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(PopoverTest, IsDeletedWithItsAnchorWithoutACallback) {
+TEST_F(PopoverTest, IsDeletedWithTheAnchorWithoutCallingOnClosed) {
     const auto popover = openFrom(anchor);
     delete anchor;
     EXPECT_TRUE(hasGone(popover));
@@ -131,7 +131,7 @@ TEST_F(PopoverTest, SeveralPopoversAreIndependent) {
     EXPECT_TRUE(first->isVisible());
 }
 
-TEST_F(PopoverTest, FollowsItsAnchorWhenTheWindowIsResized) {
+TEST_F(PopoverTest, FollowsTheAnchorWhenTheWindowIsResized) {
     const auto popover = openFrom(anchor);
     const auto pointsAtAnchor = [this, &popover] {
         return popover->placement().arrowX == anchor->geometry().x() + anchor->width() / 2;
@@ -142,7 +142,7 @@ TEST_F(PopoverTest, FollowsItsAnchorWhenTheWindowIsResized) {
     EXPECT_TRUE(stage.rect().contains(popover->geometry()));
 }
 
-TEST_F(PopoverTest, ClosesWhenItsAnchorIsScrolledAway) {
+TEST_F(PopoverTest, ClosesWhenTheAnchorIsScrolledOutOfView) {
     auto* area = stage.add(new QScrollArea);
     auto* tall = new QWidget;
     tall->resize(100, 3000);
@@ -156,7 +156,7 @@ TEST_F(PopoverTest, ClosesWhenItsAnchorIsScrolledAway) {
     EXPECT_TRUE(hasGone(popover));
 }
 
-TEST_F(PopoverTest, ClickBesideTheArrowIsOutside) {
+TEST_F(PopoverTest, ClickBesideTheArrowCountsAsOutside) {
     const auto popover = openFrom(anchor);
     QWidget* beneath = stage.childAt(popover->geometry().topLeft() - QPoint(5, 5));
     EXPECT_NE(beneath, popover.data());

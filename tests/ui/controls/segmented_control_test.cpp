@@ -31,19 +31,19 @@ protected:
     std::vector<int> reported;
 };
 
-TEST_F(SegmentedControlTest, FirstSegmentIsChosenInitially) {
+TEST_F(SegmentedControlTest, FirstSegmentIsSelectedInitially) {
     EXPECT_EQ(control->current(), 0);
     EXPECT_TRUE(segments()[0]->isChecked());
 }
 
-TEST_F(SegmentedControlTest, ClickChoosesAndCallsOnChange) {
+TEST_F(SegmentedControlTest, ClickSelectsTheSegmentAndCallsOnChange) {
     QTest::mouseClick(segments()[2], Qt::LeftButton, {}, QPoint(2, 2));
     EXPECT_EQ(control->current(), 2);
     EXPECT_EQ(control->groundPosition(), 2);
     EXPECT_EQ(reported, std::vector<int>{2});
 }
 
-TEST_F(SegmentedControlTest, ClickOnTheChosenSegmentDoesNotCallOnChange) {
+TEST_F(SegmentedControlTest, ClickOnTheSelectedSegmentDoesNotCallOnChange) {
     QTest::mouseClick(segments()[0], Qt::LeftButton);
     EXPECT_THAT(reported, testing::IsEmpty());
 }
@@ -61,7 +61,7 @@ TEST_F(SegmentedControlTest, InvalidIndexIsIgnored) {
     EXPECT_EQ(control->current(), 0);
 }
 
-TEST_F(SegmentedControlTest, ArrowKeysMoveTheChoice) {
+TEST_F(SegmentedControlTest, ArrowKeysMoveTheSelection) {
     segments()[0]->setFocus(Qt::TabFocusReason);
     QTest::keyClick(segments()[0], Qt::Key_Right);
     QTest::keyClick(segments()[1], Qt::Key_Right);
@@ -70,7 +70,7 @@ TEST_F(SegmentedControlTest, ArrowKeysMoveTheChoice) {
     EXPECT_TRUE(segments()[1]->hasFocus());
 }
 
-TEST_F(SegmentedControlTest, TabStopsAtTheChosenSegmentOnly) {
+TEST_F(SegmentedControlTest, TabStopsOnlyAtTheSelectedSegment) {
     control->setCurrent(1);
     QWidget* after = stage.add(new QRadioButton);
     after->show();

@@ -42,7 +42,7 @@ const Row rows[] = {
      QRect(8, 8, 304, 224)},
 };
 
-TEST(SheetPlacementTest, LiesBelowTheTitleBarAndEntirelyOnTheScreen) {
+TEST(SheetPlacementTest, IsBelowTheTitleBarAndFullyOnTheScreen) {
     for (const Row& row : rows) {
         const QRect placed = placeSheet(wanted, row.least, scrollBar, row.window, row.screen);
         EXPECT_EQ(placed, row.placed) << row.name << ": " << placed.x() << "," << placed.y() << " "

@@ -71,7 +71,7 @@ TEST_F(SheetTest, ContentHasTheRequestedSize) {
     EXPECT_EQ(sheet->cardGeometry().size(), QSize(460, 640));
 }
 
-TEST_F(SheetTest, LiesCentredBelowTheTitleBarOfTheBlockedWindow) {
+TEST_F(SheetTest, IsCentredBelowTheTitleBarOfTheBlockedWindow) {
     stage.move(20, 30);
     present(QSize(400, 300));
     EXPECT_EQ(sheet->cardGeometry().topLeft(), placeFor(400));
@@ -85,7 +85,7 @@ TEST_F(SheetTest, FollowsItsWindow) {
     EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }));
 }
 
-TEST_F(SheetTest, IsNoLargerThanTheScreenAndScrolls) {
+TEST_F(SheetTest, FitsTheScreenAndScrollsTallContent) {
     content->setMinimumHeight(2000);
     present(QSize(460, 2000));
     const QRect screen = stage.screen()->availableGeometry();
@@ -110,7 +110,7 @@ TEST_F(SheetTest, TabStaysWithinTheSheet) {
     EXPECT_EQ(reached, (std::set<QWidget*>{first, cancel, save}));
 }
 
-TEST_F(SheetTest, ReturnPressesADefaultButtonThatWasSetBeforeTheSheetExisted) {
+TEST_F(SheetTest, ReturnPressesADefaultButtonSetBeforeTheSheetWasCreated) {
     int saves = 0;
     QObject::connect(save, &QPushButton::clicked, &stage, [&saves] { ++saves; });
     first->setAutoDefault(false);
@@ -122,7 +122,7 @@ TEST_F(SheetTest, ReturnPressesADefaultButtonThatWasSetBeforeTheSheetExisted) {
     EXPECT_EQ(saves, 1);
 }
 
-TEST_F(SheetTest, EscapeClosesItAndCallsOnClosedOnce) {
+TEST_F(SheetTest, EscapeClosesTheSheetAndCallsOnClosedOnce) {
     present();
     QTest::keyClick(sheet.data(), Qt::Key_Escape);
     EXPECT_EQ(closings, 1);
@@ -149,7 +149,7 @@ TEST_F(SheetTest, WindowIsDimmedWhileBlocked) {
     EXPECT_TRUE(test::waitFor([&] { return corner() == clear; }));
 }
 
-TEST_F(SheetTest, ShadeFadesAfterClosingAndLetsClicksThrough) {
+TEST_F(SheetTest, ShadeFadesOutAfterClosingAndLetsClicksThrough) {
     Theme::shared().pinReducedMotion(false);
     present();
     const QPointer<QWidget> shade = stage.childAt(3, 495);
@@ -191,7 +191,7 @@ TEST_F(SheetTest, CastsAShadowWithCompositing) {
 }
 
 // There the system separates the sheet from its window and positions it.
-TEST_F(SheetTest, NativeSheetGetsOnlyItsContent) {
+TEST_F(SheetTest, NativeSheetDrawsNoShadowOrShade) {
     Theme::shared().pinSystemSheets(true);
     Theme::shared().pinCompositing(true);
     Theme::shared().pinReducedMotion(false);
@@ -223,7 +223,7 @@ TEST_F(SheetTest, SlidesIntoPlaceUnlessMotionIsReduced) {
     EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().topLeft() == placeFor(400); }));
 }
 
-TEST_F(SheetTest, IsDestroyedWithItsWindow) {
+TEST_F(SheetTest, IsDestroyedWithTheWindow) {
     auto* window = new QWidget;
     window->show();
     QPointer<Sheet> hanging = new Sheet(window, new QWidget, QSize(200, 200));
@@ -233,7 +233,7 @@ TEST_F(SheetTest, IsDestroyedWithItsWindow) {
 }
 
 // For example the shortcut that quits the program: the blocked window receives no keys.
-TEST_F(SheetTest, ShortcutsOfItsWindowsActionsWorkInTheSheet) {
+TEST_F(SheetTest, WindowShortcutsWorkInTheSheet) {
     QAction quit;
     quit.setShortcut(QKeySequence("Ctrl+Q"));
     int quits = 0;

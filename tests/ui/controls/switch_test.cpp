@@ -47,7 +47,7 @@ TEST_F(SwitchTest, SpaceBarSwitches) {
     EXPECT_EQ(reported, std::vector<bool>{true});
 }
 
-TEST_F(SwitchTest, KnobSlidesAndArrives) {
+TEST_F(SwitchTest, KnobSlidesToItsEndPosition) {
     stage.open();
     knob->setChecked(true);
     EXPECT_LT(knob->knobPosition(), 1);
@@ -76,7 +76,7 @@ TEST_F(SwitchTest, StateSetBeforeShowingIsVisibleAtOnce) {
     EXPECT_EQ(knob->knobPosition(), 1);
 }
 
-TEST_F(SwitchTest, TextPrecedesTheTrackInBothReadingDirections) {
+TEST_F(SwitchTest, TextPrecedesTheTrackInBothLayoutDirections) {
     const test::InStillness still;
     knob->setChecked(true);
     knob->resize(knob->sizeHint());

@@ -25,7 +25,7 @@ double depth(double fromLeft) {
     return inside - rectangle.top();
 }
 
-TEST(AContinuousRectangle, FillsItsRectangle) {
+TEST(ContinuousRectangleTest, FillsTheGivenRectangle) {
     const QRectF bounds = continuousRectangle(rectangle, radius).boundingRect();
     EXPECT_NEAR(bounds.left(), 10, 1e-6);
     EXPECT_NEAR(bounds.top(), 20, 1e-6);
@@ -33,12 +33,12 @@ TEST(AContinuousRectangle, FillsItsRectangle) {
     EXPECT_NEAR(bounds.bottom(), 820, 1e-6);
 }
 
-TEST(AContinuousRectangle, SharesTheMidpointsOfItsCornersWithCircularOnes) {
+TEST(ContinuousRectangleTest, CornerMidpointsMatchThoseOfCircularCorners) {
     const double inset = radius * (1 - std::sqrt(0.5));
     EXPECT_NEAR(depth(inset), inset, 0.1);
 }
 
-TEST(AContinuousRectangle, StartsToCurveLongBeforeACircularCornerWould) {
+TEST(ContinuousRectangleTest, CurveStartsEarlierThanInACircularCorner) {
     EXPECT_NEAR(depth(1.42 * radius), 0, 0.01);
     EXPECT_GT(depth(1.3 * radius), 0.02);
     EXPECT_GT(depth(radius), 1);
@@ -47,7 +47,7 @@ TEST(AContinuousRectangle, StartsToCurveLongBeforeACircularCornerWould) {
 
 // Where the outline is nearly horizontal, its second difference is its curvature. Here the
 // curvature increases steadily; in a circular corner it would jump to 1/radius.
-TEST(AContinuousRectangle, GrowsItsCurvatureFromZero) {
+TEST(ContinuousRectangleTest, CurvatureIncreasesGraduallyFromZero) {
     constexpr double step = 8;
     const auto curvature = [&](double fromLeft) {
         return (depth(fromLeft - step) - 2 * depth(fromLeft) + depth(fromLeft + step)) /
@@ -62,7 +62,7 @@ TEST(AContinuousRectangle, GrowsItsCurvatureFromZero) {
     }
 }
 
-TEST(AContinuousRectangle, HasIdenticalCorners) {
+TEST(ContinuousRectangleTest, AllCornersAreIdentical) {
     const QPainterPath path = continuousRectangle(rectangle, radius);
     for (double x = 0.5; x < 150; x += 7) {
         for (double y = 0.25; y < 150; y += 7) {
@@ -75,7 +75,7 @@ TEST(AContinuousRectangle, HasIdenticalCorners) {
     }
 }
 
-TEST(AContinuousRectangle, NeverLetsItsCornersMeet) {
+TEST(ContinuousRectangleTest, ClampsATooLargeRadius) {
     const QRectF bounds = continuousRectangle(QRectF(0, 0, 90, 30), 1'000).boundingRect();
     EXPECT_NEAR(bounds.width(), 90, 1e-6);
     EXPECT_NEAR(bounds.height(), 30, 1e-6);

@@ -74,13 +74,13 @@ bool isCircle(GestureType gesture) {
            gesture == GestureType::drawCircleCounterclockwise;
 }
 
-using ThePad = Appearance;
-using TheTrail = Appearance;
-using TheRing = Appearance;
-using TheFingers = Appearance;
-using TheDrawing = Appearance;
+using PadDrawingTest = Appearance;
+using TrailDrawingTest = Appearance;
+using RingDrawingTest = Appearance;
+using FingerDrawingTest = Appearance;
+using DrawGestureDemoTest = Appearance;
 
-TEST_F(ThePad, HasTheMaximumSizeOfItsShapeAndIsCentred) {
+TEST_F(PadDrawingTest, FillsTheViewAtItsAspectRatioAndIsCentred) {
     struct Row {
         const char* name;
         QSizeF view;
@@ -102,7 +102,7 @@ TEST_F(ThePad, HasTheMaximumSizeOfItsShapeAndIsCentred) {
     }
 }
 
-TEST_F(ThePad, IsDrawnAtItsPositionInWideAndTallViewsAtEveryScale) {
+TEST_F(PadDrawingTest, IsDrawnInPlaceInWideAndTallViewsAtEveryScaleFactor) {
     for (const QSizeF size : {QSizeF(400, 130), QSizeF(145, 400)}) {
         for (const double ratio : {1.0, 1.5, 2.0}) {
             const QImage image = painted(GestureType::twoFingerTap, 0, {size, ratio});
@@ -123,7 +123,7 @@ TEST_F(ThePad, IsDrawnAtItsPositionInWideAndTallViewsAtEveryScale) {
     }
 }
 
-TEST_F(ThePad, IsTheOnlyContentBeforeAGestureBegins) {
+TEST_F(PadDrawingTest, IsEmptyBeforeTheGestureStarts) {
     const View view = {{400, 130}};
     for (const GestureType gesture : allGestureTypes) {
         const QImage image = painted(gesture, 0, view);
@@ -136,7 +136,7 @@ TEST_F(ThePad, IsTheOnlyContentBeforeAGestureBegins) {
     }
 }
 
-TEST_F(ThePad, HasRoundedCorners) {
+TEST_F(PadDrawingTest, HasRoundedCorners) {
     const QImage image = painted(GestureType::twoFingerTap, 0, {{1'450, 1'000}});
     constexpr double radius = 140;
     constexpr double apex = radius * 0.2929;
@@ -147,7 +147,7 @@ TEST_F(ThePad, HasRoundedCorners) {
 }
 
 // The lowest point of a complete circle is in the middle of the pad, far from any finger.
-TEST_F(TheTrail, IsTwoPointsWideAndHalfOpaque) {
+TEST_F(TrailDrawingTest, IsTwoPointsWideAndHalfOpaque) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         const View view = {{290, 200}, ratio};
         const QImage image = painted(GestureType::drawCircle, 2.06, view);
@@ -158,7 +158,7 @@ TEST_F(TheTrail, IsTwoPointsWideAndHalfOpaque) {
     }
 }
 
-TEST_F(TheTrail, OfASwipeRunsFromItsStartToTheFingerWithRoundEnds) {
+TEST_F(TrailDrawingTest, SwipeTrailRunsFromItsStartToTheFingerWithRoundCaps) {
     const View view = {{290, 200}, 4};
     const QImage image = painted(GestureType::twoFingerSwipeRight, 2, view); // the finger has faded
     const QRectF pad = padIn(view.size);
@@ -172,7 +172,7 @@ TEST_F(TheTrail, OfASwipeRunsFromItsStartToTheFingerWithRoundEnds) {
     EXPECT_EQ(opacityAt(image, start - QPointF(1.3, 0)), 0);
 }
 
-TEST_F(TheTrail, IsInvisibleBeforeTheFingersMove) {
+TEST_F(TrailDrawingTest, IsInvisibleBeforeTheFingersMove) {
     const View view = {{290, 200}};
     for (const GestureType gesture :
          {GestureType::threeFingerSwipeUp, GestureType::edgeSwipeFromTop}) {
@@ -181,7 +181,7 @@ TEST_F(TheTrail, IsInvisibleBeforeTheFingersMove) {
     }
 }
 
-TEST_F(TheTrail, OfACircleIsADotOfItsOwnWidthUntilTheFingerMoves) {
+TEST_F(TrailDrawingTest, CircleTrailIsADotUntilTheFingerMoves) {
     for (const GestureType gesture : allGestureTypes) {
         if (!isCircle(gesture)) {
             continue;
@@ -200,7 +200,7 @@ TEST_F(TheTrail, OfACircleIsADotOfItsOwnWidthUntilTheFingerMoves) {
 }
 
 // Half-way through the ripple, the ring's radius is 0.26 of the pad's height and its opacity 0.4.
-TEST_F(TheRing, OfAClickIsTwoPointsWideAtItsRadius) {
+TEST_F(RingDrawingTest, ClickRingIsTwoPointsWideAtItsRadius) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         const View view = {{400, 200}, ratio};
         const QImage image = painted(GestureType::twoFingerClick, 1.4, view);
@@ -211,7 +211,7 @@ TEST_F(TheRing, OfAClickIsTwoPointsWideAtItsRadius) {
     }
 }
 
-TEST_F(TheRing, IsOmittedOnceItIsAlmostTransparent) {
+TEST_F(RingDrawingTest, IsNotDrawnWhenAlmostTransparent) {
     const View view = {{290, 200}};
     const auto inkOfRing = [&](double t) {
         const Ring ring = frame(GestureType::twoFingerClick, t).ring.value();
@@ -223,7 +223,7 @@ TEST_F(TheRing, IsOmittedOnceItIsAlmostTransparent) {
     EXPECT_EQ(inkOfRing(1.745), 0);                  // opacity 0.0057
 }
 
-TEST_F(TheFingers, AreFilledCirclesOfThePrimaryColor) {
+TEST_F(FingerDrawingTest, IsAFilledCircleInThePrimaryColor) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         Theme::shared().pin(scheme);
         for (const double ratio : {1.0, 1.5, 2.0}) {
@@ -246,7 +246,7 @@ TEST_F(TheFingers, AreFilledCirclesOfThePrimaryColor) {
     }
 }
 
-TEST_F(TheFingers, HaveTheSizeOfTheirScale) {
+TEST_F(FingerDrawingTest, RadiusFollowsItsScale) {
     const View view = {{400, 200}};
     const QImage pressed = painted(GestureType::twoFingerClick, 1.3, view);
     const QPointF finger = on(padIn(view.size), {0.42, 0.4945});
@@ -255,7 +255,7 @@ TEST_F(TheFingers, HaveTheSizeOfTheirScale) {
     EXPECT_EQ(opacityAt(pressed, finger - QPointF(radius + 1.5, 0)), 0);
 }
 
-TEST_F(TheFingers, FadeAndAreOmittedOnceAlmostTransparent) {
+TEST_F(FingerDrawingTest, FadesOutAndIsNotDrawnWhenAlmostTransparent) {
     const View view = {{290, 200}};
     const QPointF top =
         on(padIn(view.size), {0.5, 0.2}) + QPointF(8, 0); // outside the dot of the trail
@@ -268,7 +268,7 @@ TEST_F(TheFingers, FadeAndAreOmittedOnceAlmostTransparent) {
     EXPECT_EQ(opacityOfFinger(0.16), 0); // opacity 0.0089
 }
 
-TEST_F(TheDrawing, TakesItsColorsFromTheTheme) {
+TEST_F(DrawGestureDemoTest, UsesThemeColors) {
     const View view = {{400, 200}, 2};
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         Theme::shared().pin(scheme);
@@ -281,7 +281,7 @@ TEST_F(TheDrawing, TakesItsColorsFromTheTheme) {
     }
 }
 
-TEST_F(TheDrawing, RestoresThePainter) {
+TEST_F(DrawGestureDemoTest, RestoresThePainterState) {
     QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
     const QPen pen(Qt::red, 3);
@@ -294,7 +294,7 @@ TEST_F(TheDrawing, RestoresThePainter) {
     EXPECT_EQ(painter.renderHints(), hints);
 }
 
-TEST_F(TheDrawing, IsEmptyWithoutSpace) {
+TEST_F(DrawGestureDemoTest, DrawsNothingForAnEmptySize) {
     for (const QSizeF size : {QSizeF(0, 0), QSizeF(50, 0), QSizeF(0, 50), QSizeF(-1, 20)}) {
         QImage image(50, 50, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);

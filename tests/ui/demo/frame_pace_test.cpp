@@ -16,7 +16,7 @@ double inMilliseconds(nanoseconds time) {
     return duration<double, std::milli>(time).count();
 }
 
-TEST(FramePace, IsAWholeNumberOfTheScreensFramesAndAtMostFortyASecond) {
+TEST(FramePaceTest, PeriodIsAWholeNumberOfScreenFramesAndAtLeast25Milliseconds) {
     struct Row {
         double rate;
         int frames;
@@ -29,14 +29,14 @@ TEST(FramePace, IsAWholeNumberOfTheScreensFramesAndAtMostFortyASecond) {
     }
 }
 
-TEST(FramePace, AssumesSixtyHertzForAnImplausibleRate) {
+TEST(FramePaceTest, AssumesSixtyHertzForAnImplausibleRate) {
     for (const double rate : {0.0, -1.0, 1.0, 1e9, std::nan("")}) {
         EXPECT_EQ(framePeriod(rate), framePeriod(60)) << rate;
     }
 }
 
 // A timer fires up to a millisecond late, and its time is whole milliseconds.
-TEST(FramePace, StaysInStepWithTheScreenDespiteLateTimers) {
+TEST(FramePaceTest, StaysInSyncWithTheScreenDespiteLateTimers) {
     for (const double rate : {60.0, 75.0, 144.0}) {
         const nanoseconds period = framePeriod(rate);
         nanoseconds now{1'000'000'007};
@@ -51,7 +51,7 @@ TEST(FramePace, StaysInStepWithTheScreenDespiteLateTimers) {
     }
 }
 
-TEST(FramePace, SkipsAFrameInsteadOfDrawingEarly) {
+TEST(FramePaceTest, SkipsAFrameInsteadOfDrawingEarly) {
     const nanoseconds period = framePeriod(60);
     const nanoseconds late = 30 * period + milliseconds(12); // 21 ms before the next beat
     const nanoseconds next = late + untilNextFrame(late, period);

@@ -58,9 +58,9 @@ void expectSame(const Frame& found, const Frame& expected) {
     }
 }
 
-class EveryGesture : public testing::TestWithParam<GestureType> {};
+class ExpectedFramesTest : public testing::TestWithParam<GestureType> {};
 
-TEST_P(EveryGesture, MatchesTheTableBelowAtAndAboveEachLimit) {
+TEST_P(ExpectedFramesTest, DemoMatchesTheExpectedFrames) {
     constexpr int fewest = 10;
     int compared = 0;
     for (const test::ExpectedFrame& expected : test::expectedFrames()) {
@@ -73,10 +73,10 @@ TEST_P(EveryGesture, MatchesTheTableBelowAtAndAboveEachLimit) {
     EXPECT_GE(compared, fewest);
 }
 
-INSTANTIATE_TEST_SUITE_P(OfTheCatalogue, EveryGesture, testing::ValuesIn(allGestureTypes),
+INSTANTIATE_TEST_SUITE_P(AllGestures, ExpectedFramesTest, testing::ValuesIn(allGestureTypes),
                          [](const auto& row) { return nameOf(row.param); });
 
-TEST(AnyGesture, BeginsOnAnEmptyPad) {
+TEST(GestureDemoTest, LoopStartsWithAnEmptyPad) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         for (const Finger& finger : frame(gesture, 0).fingers) {
@@ -86,7 +86,7 @@ TEST(AnyGesture, BeginsOnAnEmptyPad) {
     }
 }
 
-TEST(AnyGesture, HasLiftedEveryFingerAtTheEndOfTheLoop) {
+TEST(GestureDemoTest, AllFingersAreLiftedAtTheEndOfTheLoop) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         for (const double t : {2.4, 2.5, 2.599, 2.599'999'9, 2.6}) {
@@ -98,7 +98,7 @@ TEST(AnyGesture, HasLiftedEveryFingerAtTheEndOfTheLoop) {
     }
 }
 
-TEST(AnyGesture, KeepsTheNumberOfFingersAndShowsAllOfThemAtOnce) {
+TEST(GestureDemoTest, FingerCountIsConstantAndAllFingersAreVisibleAtOnce) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const std::size_t count = frame(gesture, 0).fingers.size();
@@ -114,7 +114,7 @@ TEST(AnyGesture, KeepsTheNumberOfFingersAndShowsAllOfThemAtOnce) {
     }
 }
 
-TEST(AnyGesture, StaysOnThePadAndWithinItsOpacities) {
+TEST(GestureDemoTest, FingersTrailAndRingStayOnThePad) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         throughTheLoop(gesture, [](double, const Frame& shown) {
@@ -137,7 +137,7 @@ TEST(AnyGesture, StaysOnThePadAndWithinItsOpacities) {
 
 // No visible finger jumps: a finger that moved by its own size within a frame would be too fast to
 // follow.
-TEST(AnyGesture, MovesSmoothly) {
+TEST(GestureDemoTest, FingersMoveSmoothly) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         Frame before = frame(gesture, 0);
@@ -155,14 +155,14 @@ TEST(AnyGesture, MovesSmoothly) {
     }
 }
 
-TEST(AnyGesture, TreatsNaNAsTheStart) {
+TEST(GestureDemoTest, TreatsNaNAsTheStartOfTheLoop) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         expectSame(frame(gesture, std::numeric_limits<double>::quiet_NaN()), frame(gesture, 0));
     }
 }
 
-TEST(AnyGesture, ShowsNoFingerOutsideTheLoop) {
+TEST(GestureDemoTest, ShowsNoFingerOutsideTheLoop) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         for (const double t : {-std::numeric_limits<double>::infinity(), -1e300, -0.1, 2.7, 1e300,
@@ -175,7 +175,7 @@ TEST(AnyGesture, ShowsNoFingerOutsideTheLoop) {
     }
 }
 
-TEST(TheExpectedFrames, CoverTheWholeCatalogue) {
+TEST(GestureDemoTest, ExpectedFramesCoverEveryGesture) {
     std::map<GestureType, int> frames;
     for (const test::ExpectedFrame& expected : test::expectedFrames()) {
         ++frames[expected.gesture];
@@ -186,7 +186,7 @@ TEST(TheExpectedFrames, CoverTheWholeCatalogue) {
 const GestureType circles[] = {GestureType::drawCircle, GestureType::drawCircleClockwise,
                                GestureType::drawCircleCounterclockwise};
 
-TEST(ACirclesTrail, AlwaysHoldsAtLeastThreePoints) {
+TEST(CircleTrailTest, HasFrom3To61Points) {
     for (const GestureType gesture : circles) {
         throughTheLoop(gesture, [](double, const Frame& shown) {
             EXPECT_GE(shown.trail.size(), 3U);
@@ -195,7 +195,7 @@ TEST(ACirclesTrail, AlwaysHoldsAtLeastThreePoints) {
     }
 }
 
-TEST(ACirclesTrail, LiesAtTheTopOfTheCircleBeforeTheFingerMoves) {
+TEST(CircleTrailTest, IsAtTheTopOfTheCircleBeforeTheFingerMoves) {
     for (const GestureType gesture : circles) {
         for (const double t : {0.0, 0.15, 0.2, 0.249, 0.25}) {
             const std::vector<Point> trail = frame(gesture, t).trail;
@@ -207,7 +207,7 @@ TEST(ACirclesTrail, LiesAtTheTopOfTheCircleBeforeTheFingerMoves) {
     }
 }
 
-TEST(ACirclesTrail, IsAFullCircleAfterOneTurn) {
+TEST(CircleTrailTest, IsAFullCircleAfterOneTurn) {
     for (const GestureType gesture : circles) {
         const Frame shown = frame(gesture, 2.06);
         ASSERT_EQ(shown.trail.size(), 61U);
@@ -218,7 +218,7 @@ TEST(ACirclesTrail, IsAFullCircleAfterOneTurn) {
     }
 }
 
-TEST(ACirclesTrail, EndsAtTheFinger) {
+TEST(CircleTrailTest, EndsAtTheFinger) {
     for (const GestureType gesture : circles) {
         throughTheLoop(gesture, [](double, const Frame& shown) {
             expectSame(shown.trail.back(), shown.fingers[0].position);
@@ -226,7 +226,7 @@ TEST(ACirclesTrail, EndsAtTheFinger) {
     }
 }
 
-TEST(ACircle, LeavesTheTopToTheRightUnlessItIsCounterClockwise) {
+TEST(GestureDemoTest, CircleStartsToTheRightUnlessCounterclockwise) {
     EXPECT_GT(frame(GestureType::drawCircle, 0.6).fingers[0].position.x, 0.51);
     EXPECT_GT(frame(GestureType::drawCircleClockwise, 0.6).fingers[0].position.x, 0.51);
     EXPECT_LT(frame(GestureType::drawCircleCounterclockwise, 0.6).fingers[0].position.x, 0.49);
@@ -244,7 +244,7 @@ std::vector<GestureType> everySwipe() {
     return swipes;
 }
 
-TEST(ASwipe, DrawsNoTrailBeforeItsTravelExceedsTwoPercentOfItsLength) {
+TEST(GestureDemoTest, SwipeTrailAppearsAfterTwoPercentOfTheSwipe) {
     for (const GestureType gesture : everySwipe()) {
         SCOPED_TRACE(rawValue(gesture));
         const auto middle = [](const Frame& shown) {
@@ -270,7 +270,7 @@ TEST(ASwipe, DrawsNoTrailBeforeItsTravelExceedsTwoPercentOfItsLength) {
     }
 }
 
-TEST(AClicksRipple, ExistsOnlyBetweenItsStartAndItsEnd) {
+TEST(ClickRippleTest, ExistsOnlyBetweenItsStartAndEnd) {
     const GestureType gesture = GestureType::twoFingerClick;
     for (const double t : {0.5, 1.049, 1.05, 1.751, 2.0}) {
         EXPECT_FALSE(frame(gesture, t).ring.has_value()) << t;
@@ -280,7 +280,7 @@ TEST(AClicksRipple, ExistsOnlyBetweenItsStartAndItsEnd) {
     }
 }
 
-TEST(ALongPressesRing, ExistsFromTheStartOfTheHoldUntilTheFingersAreGone) {
+TEST(LongPressRingTest, ExistsFromTheStartOfTheHoldUntilTheFingersDisappear) {
     const GestureType gesture = GestureType::threeFingerLongPress;
     for (const double t : {0.5, 0.599, 0.6, 2.2, 2.201}) {
         EXPECT_FALSE(frame(gesture, t).ring.has_value()) << t;

@@ -76,21 +76,21 @@ QImage rendered(GestureDemoView& view) {
     return image;
 }
 
-class AView : public testing::Test {
+class GestureDemoViewTest : public testing::Test {
 protected:
-    AView() {
+    GestureDemoViewTest() {
         Theme::shared().pin(ColorScheme::light);
         Theme::shared().pinReducedMotion(false);
     }
-    AView(const AView&) = delete;
-    AView& operator=(const AView&) = delete;
-    ~AView() override {
+    GestureDemoViewTest(const GestureDemoViewTest&) = delete;
+    GestureDemoViewTest& operator=(const GestureDemoViewTest&) = delete;
+    ~GestureDemoViewTest() override {
         Theme::shared().pin({});
         Theme::shared().pinReducedMotion({});
     }
 };
 
-TEST_F(AView, KeepsPaintingWhileVisible) {
+TEST_F(GestureDemoViewTest, KeepsPaintingWhileVisible) {
     GestureDemoView view(gesture);
     const Paints paints(view);
     view.show();
@@ -98,7 +98,7 @@ TEST_F(AView, KeepsPaintingWhileVisible) {
     EXPECT_TRUE(timerOf(view).isActive());
 }
 
-TEST_F(AView, PaintsAtMostFortyTimesASecond) {
+TEST_F(GestureDemoViewTest, PaintsAtMostFortyTimesASecond) {
     GestureDemoView view(gesture);
     const Paints paints(view);
     view.show();
@@ -112,12 +112,12 @@ TEST_F(AView, PaintsAtMostFortyTimesASecond) {
     }
 }
 
-TEST_F(AView, HasNoTimerBeforeItIsShown) {
+TEST_F(GestureDemoViewTest, HasNoTimerBeforeItIsShown) {
     const GestureDemoView view(gesture);
     EXPECT_FALSE(timerOf(view).isActive());
 }
 
-TEST_F(AView, StopsWhenHiddenAndResumesWhenShown) {
+TEST_F(GestureDemoViewTest, StopsWhenHiddenAndResumesWhenShown) {
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -133,7 +133,7 @@ TEST_F(AView, StopsWhenHiddenAndResumesWhenShown) {
     EXPECT_TRUE(paints.become(3));
 }
 
-TEST_F(AView, StopsWhenItsWindowIsHidden) {
+TEST_F(GestureDemoViewTest, StopsWhenTheWindowIsHidden) {
     QWidget window;
     QVBoxLayout layout(&window);
     auto* const view = new GestureDemoView(gesture);
@@ -149,7 +149,7 @@ TEST_F(AView, StopsWhenItsWindowIsHidden) {
     EXPECT_EQ(paints.times.size(), 0U);
 }
 
-TEST_F(AView, StopsInAMinimisedWindowAndResumesWhenRestored) {
+TEST_F(GestureDemoViewTest, StopsInAMinimisedWindowAndResumesWhenRestored) {
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -167,7 +167,7 @@ TEST_F(AView, StopsInAMinimisedWindowAndResumesWhenRestored) {
 }
 
 // A view is clipped when it is scrolled out of view or behind another widget, for example.
-TEST_F(AView, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
+TEST_F(GestureDemoViewTest, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     QWidget window;
     window.resize(300, 200);
     GestureDemoView view(gesture, &window);
@@ -186,14 +186,14 @@ TEST_F(AView, StopsWhenFullyClippedAndResumesWhenPartlyVisible) {
     EXPECT_TRUE(paints.become(3));
 }
 
-TEST_F(AView, RenderedIntoAnImageStartsNoTimer) {
+TEST_F(GestureDemoViewTest, RenderingIntoAnImageStartsNoTimer) {
     GestureDemoView view(gesture);
     view.resize(230, 150);
     EXPECT_FALSE(view.grab().isNull());
     EXPECT_FALSE(timerOf(view).isActive());
 }
 
-TEST_F(AView, ShowsTheClocksFrameInALoopOfTwoPointSixSeconds) {
+TEST_F(GestureDemoViewTest, RepeatsEvery2600MillisecondsOfTheClock) {
     struct Row {
         const char* name;
         double now;
@@ -214,7 +214,7 @@ TEST_F(AView, ShowsTheClocksFrameInALoopOfTwoPointSixSeconds) {
     }
 }
 
-TEST_F(AView, RunsInPhaseWithOtherViews) {
+TEST_F(GestureDemoViewTest, RunsInPhaseWithOtherViews) {
     double now = 900.3;
     GestureDemoView one(gesture, nullptr, [&] { return now; });
     now += 1;
@@ -224,7 +224,7 @@ TEST_F(AView, RunsInPhaseWithOtherViews) {
     EXPECT_EQ(rendered(one), rendered(other));
 }
 
-TEST_F(AView, CountsFromTheFirstOfJanuary2001) {
+TEST_F(GestureDemoViewTest, ReferenceDateIsTheFirstOfJanuary2001) {
     using namespace std::chrono;
     const auto sinceTheEpoch = [] {
         return duration<double>(system_clock::now().time_since_epoch()).count();
@@ -236,14 +236,14 @@ TEST_F(AView, CountsFromTheFirstOfJanuary2001) {
     EXPECT_LE(counted, after - 978'307'200 + 1e-3);
 }
 
-TEST_F(AView, ShowsAnotherGestureAtOnce) {
+TEST_F(GestureDemoViewTest, SetGestureTakesEffectImmediately) {
     GestureDemoView view(gesture, nullptr, [] { return 1.2; });
     view.resize(230, 150);
     view.setGesture(GestureType::fiveFingerTap);
     EXPECT_EQ(rendered(view), drawnByItself(GestureType::fiveFingerTap, 1.2, {230, 150}));
 }
 
-TEST_F(AView, ShowsTheStillMomentIfMotionIsReduced) {
+TEST_F(GestureDemoViewTest, ShowsAStillFrameIfMotionIsReduced) {
     Theme::shared().pinReducedMotion(true);
     GestureDemoView view(gesture, nullptr, [] { return 0.1; });
     view.resize(230, 150);
@@ -260,7 +260,7 @@ TEST_F(AView, ShowsTheStillMomentIfMotionIsReduced) {
                                             demo::stillMoment(GestureType::pinchIn), {230, 150}));
 }
 
-TEST_F(AView, FollowsChangesOfReducedMotion) {
+TEST_F(GestureDemoViewTest, FollowsChangesToReducedMotion) {
     GestureDemoView view(gesture);
     Paints paints(view);
     view.show();
@@ -272,7 +272,7 @@ TEST_F(AView, FollowsChangesOfReducedMotion) {
     EXPECT_TRUE(paints.become(3));
 }
 
-TEST_F(AView, RepaintsWhenTheThemeChanges) {
+TEST_F(GestureDemoViewTest, RepaintsWhenTheThemeChanges) {
     Theme::shared().pinReducedMotion(true); // prevents other paint events
     GestureDemoView view(gesture);
     Paints paints(view);
@@ -284,12 +284,12 @@ TEST_F(AView, RepaintsWhenTheThemeChanges) {
     EXPECT_TRUE(paints.become(1));
 }
 
-TEST_F(AView, HasNoTabStop) {
+TEST_F(GestureDemoViewTest, TabSkipsTheView) {
     const GestureDemoView view(gesture);
     EXPECT_EQ(view.focusPolicy(), Qt::NoFocus);
 }
 
-TEST_F(AView, IsAnAnimationWithItsOwnersNameToAssistiveTechnology) {
+TEST_F(GestureDemoViewTest, HasTheAnimationRoleAndTheAccessibleNameSetByTheOwner) {
     GestureDemoView view(gesture);
     view.setAccessibleName(toQt(displayName(gesture)));
     QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&view);

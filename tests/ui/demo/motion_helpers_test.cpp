@@ -15,7 +15,7 @@ constexpr double exactness = 1e-9;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
-TEST(Smoothstep, RisesFromZeroToOneAndIsClamped) {
+TEST(SmoothstepTest, RisesFromZeroToOneAndIsClamped) {
     struct Row {
         double x;
         double expected;
@@ -30,7 +30,7 @@ TEST(Smoothstep, RisesFromZeroToOneAndIsClamped) {
     }
 }
 
-TEST(TheEnvelope, FadesInAfterItsStartAndOutBeforeItsEnd) {
+TEST(EnvelopeTest, FadesInAfterItsStartAndOutBeforeItsEnd) {
     struct Row {
         const char* name;
         double t;
@@ -60,13 +60,13 @@ TEST(TheEnvelope, FadesInAfterItsStartAndOutBeforeItsEnd) {
 }
 
 // In a span shorter than both fades, the finger is never fully opaque.
-TEST(TheEnvelope, OfAShortSpanIsTheMinimumOfBothFades) {
+TEST(EnvelopeTest, ShortSpanUsesTheMinimumOfBothFades) {
     EXPECT_NEAR(env(1.05, 1, 1.2, 0.2), 0.15625, exactness);
     EXPECT_NEAR(env(1.1, 1, 1.2, 0.2), 0.5, exactness);
     EXPECT_NEAR(env(1.16, 1, 1.2, 0.2), 0.104, exactness);
 }
 
-TEST(AHand, IsARowWithLowerOuterFingers) {
+TEST(HandTest, FingersFormARowWithLowerOuterFingers) {
     struct Row {
         int count;
         Point center;
@@ -97,7 +97,7 @@ TEST(AHand, IsARowWithLowerOuterFingers) {
     }
 }
 
-TEST(TheLoop, LastsTwoPointSixSeconds) {
+TEST(GestureDemoTest, LoopLasts2600Milliseconds) {
     EXPECT_EQ(loopDuration, 2.6);
 }
 

@@ -37,14 +37,14 @@ double expectedMoment(GestureType gesture) {
     return -1;
 }
 
-TEST(TheStillMoment, IsTheExpectedMomentOfEachGesture) {
+TEST(StillMomentTest, IsTheExpectedTimeForEachGesture) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         EXPECT_NEAR(stillMoment(gesture), expectedMoment(gesture), 1e-9);
     }
 }
 
-TEST(TheStillMoment, ShowsEveryFinger) {
+TEST(StillMomentTest, ShowsEveryFinger) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         for (const Finger& finger : frame(gesture, stillMoment(gesture)).fingers) {
@@ -53,7 +53,7 @@ TEST(TheStillMoment, ShowsEveryFinger) {
     }
 }
 
-TEST(TheStillMoment, ShowsTheCompleteTrail) {
+TEST(StillMomentTest, ShowsTheCompleteTrail) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const std::vector<Point> last = frame(gesture, loopDuration).trail;
@@ -66,7 +66,7 @@ TEST(TheStillMoment, ShowsTheCompleteTrail) {
     }
 }
 
-TEST(TheStillMoment, ShowsTheRingOfAGestureThatHasOne) {
+TEST(StillMomentTest, ShowsTheRingOfClicksAndLongPresses) {
     for (const GestureType gesture : allGestureTypes) {
         SCOPED_TRACE(rawValue(gesture));
         const GestureCategory of = category(gesture);

@@ -25,9 +25,9 @@ const RunningApp files{.bundleID = "files", .name = "Files"};
 const RunningApp mail{.bundleID = "mail", .name = "Mail"};
 const RunningApp gone{.bundleID = "gone", .name = "Gone"};
 
-class Applications : public testing::Test {
+class ApplicationPickerTest : public testing::Test {
 protected:
-    Applications() {
+    ApplicationPickerTest() {
         workspace.running = {{"mail", "Mail"}, {"files", "Files"}};
         picker.onPick = [this](const std::optional<RunningApp>& app) {
             picked.push_back(app ? app->name : "none");
@@ -56,12 +56,12 @@ protected:
     std::vector<std::string> picked;
 };
 
-TEST_F(Applications, FirstEntryStandsForNone) {
+TEST_F(ApplicationPickerTest, FirstEntryMeansNoApplication) {
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
     EXPECT_EQ(current(), "Choose an app");
 }
 
-TEST_F(Applications, HaveIconsAndAlignedNames) {
+TEST_F(ApplicationPickerTest, EntriesHaveIconsAndAlignedNames) {
     const test::TemporaryFolder folder;
     QPixmap red(64, 64);
     red.fill(Qt::red);
@@ -78,7 +78,7 @@ TEST_F(Applications, HaveIconsAndAlignedNames) {
     EXPECT_TRUE(picker.itemIcon(0).isNull());
 }
 
-TEST_F(Applications, ReserveNoSpaceForIconsIfNoneHasAnIcon) {
+TEST_F(ApplicationPickerTest, EntriesHaveNoIconIfTheWorkspaceProvidesNone) {
     picker.reload();
     EXPECT_TRUE(picker.itemIcon(1).isNull());
     workspace.icons = {{"mail", "/nowhere/mail.png"}};
@@ -86,21 +86,21 @@ TEST_F(Applications, ReserveNoSpaceForIconsIfNoneHasAnIcon) {
     EXPECT_TRUE(picker.itemIcon(2).isNull());
 }
 
-TEST_F(Applications, PickingCallsOnPickWithTheApplication) {
+TEST_F(ApplicationPickerTest, PickingCallsOnPickWithTheApplication) {
     picker.setCurrentIndex(2);
     picker.setCurrentIndex(1);
     picker.setCurrentIndex(0);
     EXPECT_THAT(picked, ElementsAre("Mail", "Files", "none"));
 }
 
-TEST_F(Applications, ArrowKeysPickWithoutOpeningTheList) {
+TEST_F(ApplicationPickerTest, ArrowKeysPickWithoutOpeningTheList) {
     QTest::keyClick(&picker, Qt::Key_Down);
     QTest::keyClick(&picker, Qt::Key_Down);
     QTest::keyClick(&picker, Qt::Key_Down);
     EXPECT_THAT(picked, ElementsAre("Files", "Mail"));
 }
 
-TEST_F(Applications, SetSelectionDoesNotCallOnPick) {
+TEST_F(ApplicationPickerTest, SetSelectionDoesNotCallOnPick) {
     picker.setSelection(mail);
     EXPECT_EQ(current(), "Mail");
     picker.setSelection(std::nullopt);
@@ -108,7 +108,7 @@ TEST_F(Applications, SetSelectionDoesNotCallOnPick) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Applications, ApplicationThatIsNotRunningIsShownButNotOffered) {
+TEST_F(ApplicationPickerTest, ApplicationThatIsNotRunningIsShownButNotOffered) {
     picker.setSelection(gone);
     EXPECT_EQ(current(), "Gone");
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
@@ -121,13 +121,13 @@ TEST_F(Applications, ApplicationThatIsNotRunningIsShownButNotOffered) {
     EXPECT_EQ(current(), "Mail") << "it cannot be picked again";
 }
 
-TEST_F(Applications, RenamedApplicationIsAnotherOne) {
+TEST_F(ApplicationPickerTest, RenamedApplicationIsShownUnderItsStoredName) {
     picker.setSelection(RunningApp{.bundleID = "mail", .name = "E-Mail"});
     EXPECT_EQ(current(), "E-Mail");
     EXPECT_THAT(entries(), ElementsAre("Choose an app", "Files", "Mail"));
 }
 
-TEST_F(Applications, ListIsUpdatedWhenItOpens) {
+TEST_F(ApplicationPickerTest, ListIsUpdatedWhenItOpens) {
     picker.setSelection(mail);
     workspace.running = {{"new", "New"}, {"mail", "Mail"}};
     picker.showPopup();
@@ -139,7 +139,7 @@ TEST_F(Applications, ListIsUpdatedWhenItOpens) {
     EXPECT_THAT(picked, ElementsAre("New"));
 }
 
-TEST_F(Applications, ListIsUpdatedWhenThePickerIsShownAndWhenAKeyPicks) {
+TEST_F(ApplicationPickerTest, ListIsUpdatedWhenThePickerIsShownAndWhenAKeyPicks) {
     workspace.running = {{"new", "New"}};
     picker.hide();
     picker.show();
@@ -149,7 +149,7 @@ TEST_F(Applications, ListIsUpdatedWhenThePickerIsShownAndWhenAKeyPicks) {
     EXPECT_THAT(picked, ElementsAre("Newer"));
 }
 
-TEST_F(Applications, ChosenApplicationStaysChosenAfterItExits) {
+TEST_F(ApplicationPickerTest, SelectedApplicationStaysSelectedAfterItExits) {
     picker.setSelection(mail);
     workspace.running = {{"files", "Files"}};
     picker.reload();
@@ -162,7 +162,7 @@ TEST_F(Applications, ChosenApplicationStaysChosenAfterItExits) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Applications, FollowTheLanguageAtOnce) {
+TEST_F(ApplicationPickerTest, TextsFollowTheLanguageAtOnce) {
     lang.setCode("zh");
     EXPECT_THAT(entries(), ElementsAre("选择 App", "Files", "Mail"));
     EXPECT_EQ(current(), "选择 App");
@@ -172,7 +172,7 @@ TEST_F(Applications, FollowTheLanguageAtOnce) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Applications, WheelChangesNothing) {
+TEST_F(ApplicationPickerTest, IgnoresTheMouseWheel) {
     const QPointF middle = picker.rect().center();
     QWheelEvent turn(middle, picker.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
                      Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -182,7 +182,7 @@ TEST_F(Applications, WheelChangesNothing) {
     EXPECT_FALSE(turn.isAccepted()) << "the form scrolls";
 }
 
-TEST_F(Applications, AssistiveTechnologySeesAComboBoxWithAValue) {
+TEST_F(ApplicationPickerTest, AssistiveTechnologySeesAComboBoxWithAValue) {
     picker.setSelection(gone);
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&picker);
     ASSERT_NE(seen, nullptr);

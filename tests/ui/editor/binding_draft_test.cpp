@@ -32,7 +32,7 @@ BindingDraft lockScreenOn(GestureType gesture) {
     return draft;
 }
 
-TEST(BindingDraft, NewDraftIsACircleForAnUnrecordedShortcut) {
+TEST(BindingDraftTest, NewDraftHasADefaultGestureAndNoShortcut) {
     const BindingDraft draft;
     EXPECT_EQ(draft.gesture, GestureType::drawCircle);
     EXPECT_EQ(draft.actionKind, ActionKind::keyboardShortcut);
@@ -43,14 +43,14 @@ TEST(BindingDraft, NewDraftIsACircleForAnUnrecordedShortcut) {
     EXPECT_FALSE(draft.isValid());
 }
 
-TEST(BindingDraft, NewDraftIsValidOnceAShortcutIsRecorded) {
+TEST(BindingDraftTest, NewDraftIsValidOnceAShortcutIsRecorded) {
     BindingDraft draft;
     draft.shortcut = optionRight;
     EXPECT_TRUE(draft.isValid());
 }
 
 // Every kind of action and scope, with and without each of the three parameters.
-TEST(BindingDraft, IsValidOnceTheChosenKindsHaveTheirParameters) {
+TEST(BindingDraftTest, IsValidOnceTheSelectedKindsHaveTheirParameters) {
     for (const ActionKind actionKind : allActionKinds) {
         for (const ScopeKind scopeKind : allScopeKinds) {
             for (int set = 0; set < 8; ++set) {
@@ -83,7 +83,7 @@ TEST(BindingDraft, IsValidOnceTheChosenKindsHaveTheirParameters) {
     }
 }
 
-TEST(BindingDraft, LockScreenAndMissionControlAreValidAtOnceInGlobalScope) {
+TEST(BindingDraftTest, LockScreenAndMissionControlAreValidAtOnceInGlobalScope) {
     for (const ActionKind kind : {ActionKind::lockScreen, ActionKind::missionControl}) {
         BindingDraft draft;
         draft.actionKind = kind;
@@ -91,7 +91,7 @@ TEST(BindingDraft, LockScreenAndMissionControlAreValidAtOnceInGlobalScope) {
     }
 }
 
-TEST(BindingDraft, LoadedBindingIsWrittenUnchanged) {
+TEST(BindingDraftTest, LoadedBindingIsWrittenUnchanged) {
     const BindingAction actions[] = {optionRight, LockScreen{}, MissionControl{},
                                      LaunchApp{.bundleID = "a", .name = "A"}};
     const BindingScope scopes[] = {GlobalScope{}, AppScope{.bundleID = "b", .name = "B"}};
@@ -107,7 +107,7 @@ TEST(BindingDraft, LoadedBindingIsWrittenUnchanged) {
     }
 }
 
-TEST(BindingDraft, LoadingSetsOnlyTheKindsAndTheirParameters) {
+TEST(BindingDraftTest, LoadSetsOnlyTheKindsAndTheirParameters) {
     BindingDraft draft;
     draft.load(made(GestureType::pinchOut, LaunchApp{.bundleID = "a", .name = "A"}));
     EXPECT_EQ(draft.gesture, GestureType::pinchOut);
@@ -132,7 +132,7 @@ TEST(BindingDraft, LoadingSetsOnlyTheKindsAndTheirParameters) {
     EXPECT_EQ(draft.actionKind, ActionKind::missionControl);
 }
 
-TEST(BindingDraft, OnlyTheFieldsOfTheChosenKindsAreSaved) {
+TEST(BindingDraftTest, OnlyTheFieldsOfTheSelectedKindsAreSaved) {
     BindingDraft draft;
     draft.shortcut = optionRight;
     draft.launchTarget = editor;
@@ -158,7 +158,7 @@ TEST(BindingDraft, OnlyTheFieldsOfTheChosenKindsAreSaved) {
               BindingScope(AppScope{.bundleID = "org.example.Browser", .name = "Browser"}));
 }
 
-TEST(BindingDraft, NewBindingIsAppendedEnabledWithANewIdentifier) {
+TEST(BindingDraftTest, NewBindingIsAppendedEnabledWithANewIdentifier) {
     const GestureBinding first = made(GestureType::drawCircle, MissionControl{});
     const auto list = lockScreenOn(GestureType::twoFingerTap).writtenInto({first}, std::nullopt);
     ASSERT_TRUE(list);
@@ -172,14 +172,14 @@ TEST(BindingDraft, NewBindingIsAppendedEnabledWithANewIdentifier) {
     EXPECT_NE(added.id, first.id);
 }
 
-TEST(BindingDraft, BindingsWithTheSameGestureAndScopeMayCoexist) {
+TEST(BindingDraftTest, BindingsWithTheSameGestureAndScopeMayCoexist) {
     const GestureBinding first = made(GestureType::twoFingerTap, LockScreen{});
     const auto list = lockScreenOn(GestureType::twoFingerTap).writtenInto({first}, std::nullopt);
     ASSERT_TRUE(list);
     EXPECT_EQ(list->size(), 2U);
 }
 
-TEST(BindingDraft, EditedBindingKeepsItsPlaceItsIdentifierAndItsEnabledState) {
+TEST(BindingDraftTest, EditedBindingKeepsItsPositionIdentifierAndEnabledState) {
     for (const bool enabled : {true, false}) {
         const GestureBinding before = made(GestureType::pinchIn, MissionControl{});
         GestureBinding edited = made(GestureType::drawCircle, optionRight,
@@ -194,7 +194,7 @@ TEST(BindingDraft, EditedBindingKeepsItsPlaceItsIdentifierAndItsEnabledState) {
     }
 }
 
-TEST(BindingDraft, OnlyTheFirstOfTwoBindingsWithOneIdentifierIsReplaced) {
+TEST(BindingDraftTest, OnlyTheFirstOfTwoBindingsWithOneIdentifierIsReplaced) {
     const GestureBinding first = made(GestureType::pinchIn, MissionControl{});
     GestureBinding second = first;
     second.gesture = GestureType::pinchOut;
@@ -205,7 +205,7 @@ TEST(BindingDraft, OnlyTheFirstOfTwoBindingsWithOneIdentifierIsReplaced) {
     EXPECT_EQ(list->back(), second);
 }
 
-TEST(BindingDraft, BindingThatWasDeletedMeanwhileIsAppendedAndEnabled) {
+TEST(BindingDraftTest, BindingDeletedDuringEditingIsAppendedAndEnabled) {
     const GestureBinding other = made(GestureType::pinchIn, MissionControl{});
     const GestureBinding deleted =
         made(GestureType::drawCircle, LockScreen{}, GlobalScope{}, false);
@@ -221,7 +221,7 @@ TEST(BindingDraft, BindingThatWasDeletedMeanwhileIsAppendedAndEnabled) {
     EXPECT_EQ(list->back().action, BindingAction(LockScreen{}));
 }
 
-TEST(BindingDraft, KindsAreLabelledInBothLanguages) {
+TEST(BindingDraftTest, KindsAreLabelledInBothLanguages) {
     Lang english(nullptr);
     Lang chinese(nullptr);
     chinese.setCode("zh");
@@ -242,7 +242,7 @@ TEST(BindingDraft, KindsAreLabelledInBothLanguages) {
     EXPECT_EQ(rawValue(ScopeKind::app), "app");
 }
 
-TEST(RunningApp, IsEqualOnlyIfIdentifierAndNameAre) {
+TEST(RunningAppTest, EqualityComparesIdentifierAndName) {
     EXPECT_EQ(editor, (RunningApp{.bundleID = "org.example.Editor", .name = "Editor"}));
     EXPECT_NE(editor, (RunningApp{.bundleID = "org.example.Editor", .name = "编辑器"}));
     EXPECT_NE(editor, (RunningApp{.bundleID = "org.example.Other", .name = "Editor"}));

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class TheEditorsKeys : public EditorStage {
+class BindingEditorKeysTest : public EditorStage {
 protected:
     // The tab order from the start until it repeats. Segments count as their control.
     std::vector<std::string> tabOrder() const {
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(TheEditorsKeys, EscapeCancels) {
+TEST_F(BindingEditorKeysTest, EscapeCancels) {
     open();
     choose(ActionKind::lockScreen);
     key(Qt::Key_Escape);
@@ -40,7 +40,7 @@ TEST_F(TheEditorsKeys, EscapeCancels) {
     EXPECT_THAT(window.keys, IsEmpty());
 }
 
-TEST_F(TheEditorsKeys, ReturnSavesOnceTheFormIsComplete) {
+TEST_F(BindingEditorKeysTest, ReturnSavesOnceTheFormIsComplete) {
     for (const Qt::Key saving : {Qt::Key_Return, Qt::Key_Enter}) {
         EXPECT_EQ(dismissals, 0);
         if (editor == nullptr) {
@@ -61,7 +61,7 @@ TEST_F(TheEditorsKeys, ReturnSavesOnceTheFormIsComplete) {
 }
 
 // Simulates a Return held since a row opened the sheet, or an Escape held since it closed the list.
-TEST_F(TheEditorsKeys, HeldKeyNeitherSavesNorCancels) {
+TEST_F(BindingEditorKeysTest, HeldKeyNeitherSavesNorCancels) {
     open();
     choose(ActionKind::lockScreen);
     for (const Qt::Key held : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
@@ -73,7 +73,7 @@ TEST_F(TheEditorsKeys, HeldKeyNeitherSavesNorCancels) {
     EXPECT_THAT(window.keys, IsEmpty());
 }
 
-TEST_F(TheEditorsKeys, ReturnSavesFromEveryControl) {
+TEST_F(BindingEditorKeysTest, ReturnSavesFromEveryControl) {
     open();
     choose(ActionKind::launchApp);
     picker("launchPicker").setCurrentIndex(1);
@@ -94,7 +94,7 @@ TEST_F(TheEditorsKeys, ReturnSavesFromEveryControl) {
     EXPECT_EQ(dismissals, ++saved);
 }
 
-TEST_F(TheEditorsKeys, RecorderKeepsKeysFromTheSheet) {
+TEST_F(BindingEditorKeysTest, RecordedKeysDoNotReachTheSheet) {
     open();
     choose(ActionKind::lockScreen);
     choose(ActionKind::keyboardShortcut);
@@ -111,7 +111,7 @@ TEST_F(TheEditorsKeys, RecorderKeepsKeysFromTheSheet) {
     EXPECT_EQ(bindings().size(), 1U);
 }
 
-TEST_F(TheEditorsKeys, EscapeEndsTheRecordingFirst) {
+TEST_F(BindingEditorKeysTest, EscapeEndsTheRecordingFirst) {
     open();
     const kit::Key escape{KEY_ESC, Qt::Key_Escape};
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
@@ -128,7 +128,7 @@ TEST_F(TheEditorsKeys, EscapeEndsTheRecordingFirst) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(TheEditorsKeys, ReturnPicksAndEscapeClosesInTheListOfGestures) {
+TEST_F(BindingEditorKeysTest, ReturnPicksAndEscapeClosesInTheGestureList) {
     open();
     choose(ActionKind::lockScreen);
     editor->setFocus();
@@ -146,7 +146,7 @@ TEST_F(TheEditorsKeys, ReturnPicksAndEscapeClosesInTheListOfGestures) {
     EXPECT_EQ(bindings()[0].gesture, GestureType::pinchOut);
 }
 
-TEST_F(TheEditorsKeys, TabFollowsTheReadingOrder) {
+TEST_F(BindingEditorKeysTest, TabFollowsTheReadingOrder) {
     open();
     EXPECT_THAT(tabOrder(), ElementsAre("gesturePicker", "actionPicker", "recordShortcut",
                                         "chooseShortcut", "scopePicker", "cancel"))
@@ -169,7 +169,7 @@ QString nameOf(QAccessibleInterface& seen) {
     return seen.text(QAccessible::Name);
 }
 
-TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
+TEST_F(BindingEditorKeysTest, EveryControlHasARoleAndAName) {
     open();
     choose(ActionKind::launchApp);
     choose(ScopeKind::app);
@@ -207,7 +207,7 @@ TEST_F(TheEditorsKeys, EveryControlHasARoleAndAName) {
     }
 }
 
-TEST_F(TheEditorsKeys, EveryLabelIsTheBuddyOfItsControl) {
+TEST_F(BindingEditorKeysTest, EveryLabelIsTheBuddyOfItsControl) {
     open();
     std::vector<std::string> pairs;
     for (const QLabel* const label : window.findChildren<QLabel*>()) {
@@ -223,7 +223,7 @@ TEST_F(TheEditorsKeys, EveryLabelIsTheBuddyOfItsControl) {
 }
 
 // Within a real sheet, whose dialog also handles Return and Escape.
-TEST_F(TheEditorsKeys, ReturnSavesOnceAndEscapeCancelsOnceInTheSheet) {
+TEST_F(BindingEditorKeysTest, ReturnSavesOnceAndEscapeCancelsOnceInTheSheet) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);
     auto* const sheet = new Sheet(&window, content, BindingEditor::sheetSize);

@@ -18,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ABindingEditor : public EditorStage {
+class BindingEditorTest : public EditorStage {
 protected:
     std::vector<std::string> visibleParts() const {
         std::vector<std::string> names;
@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(ABindingEditor, NewBindingCannotBeSavedUntilAShortcutIsRecorded) {
+TEST_F(BindingEditorTest, NewBindingCannotBeSavedUntilAShortcutIsRecorded) {
     open();
     EXPECT_EQ(picker("gesturePicker").currentText(), "Draw Circle (any direction)");
     EXPECT_EQ(picker("actionPicker").currentText(), "Keyboard Shortcut");
@@ -50,7 +50,7 @@ TEST_F(ABindingEditor, NewBindingCannotBeSavedUntilAShortcutIsRecorded) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(ABindingEditor, LockScreenAndMissionControlCanBeSavedAtOnce) {
+TEST_F(BindingEditorTest, LockScreenAndMissionControlCanBeSavedAtOnce) {
     open();
     for (const ActionKind kind : {ActionKind::lockScreen, ActionKind::missionControl}) {
         choose(kind);
@@ -60,7 +60,7 @@ TEST_F(ABindingEditor, LockScreenAndMissionControlCanBeSavedAtOnce) {
     }
 }
 
-TEST_F(ABindingEditor, MissingOverviewIsMentionedButCanBeChosen) {
+TEST_F(BindingEditorTest, NotesAMissingOverviewButAllowsMissionControl) {
     workspace.hasOverview = false;
     open();
     EXPECT_FALSE(shows("noOverview"));
@@ -74,7 +74,7 @@ TEST_F(ABindingEditor, MissingOverviewIsMentionedButCanBeChosen) {
     EXPECT_FALSE(shows("noOverview"));
 }
 
-TEST_F(ABindingEditor, ActionOnAnAppNeedsTheApp) {
+TEST_F(BindingEditorTest, LaunchActionRequiresAnApp) {
     open();
     choose(ActionKind::launchApp);
     EXPECT_FALSE(saveButton().isEnabled());
@@ -88,7 +88,7 @@ TEST_F(ABindingEditor, ActionOnAnAppNeedsTheApp) {
     EXPECT_EQ(bindings()[0].action, BindingAction(LaunchApp{.bundleID = "mail", .name = "Mail"}));
 }
 
-TEST_F(ABindingEditor, ScopeOfOneAppNeedsTheApp) {
+TEST_F(BindingEditorTest, AppScopeRequiresAnApp) {
     open();
     choose(ActionKind::lockScreen);
     choose(ScopeKind::app);
@@ -100,7 +100,7 @@ TEST_F(ABindingEditor, ScopeOfOneAppNeedsTheApp) {
     EXPECT_EQ(bindings()[0].scope, BindingScope(AppScope{.bundleID = "files", .name = "Files"}));
 }
 
-TEST_F(ABindingEditor, SavingAnIncompleteFormDoesNothing) {
+TEST_F(BindingEditorTest, SavingAnIncompleteFormDoesNothing) {
     open();
     editor->save();
     choose(ActionKind::launchApp);
@@ -112,7 +112,7 @@ TEST_F(ABindingEditor, SavingAnIncompleteFormDoesNothing) {
     EXPECT_EQ(dismissals, 0);
 }
 
-TEST_F(ABindingEditor, ShowsOnlyTheFieldsOfTheChosenKinds) {
+TEST_F(BindingEditorTest, ShowsOnlyTheFieldsOfTheSelectedKinds) {
     open();
     EXPECT_THAT(visibleParts(), ElementsAre("shortcutRecorder"));
     choose(ActionKind::lockScreen);
@@ -127,7 +127,7 @@ TEST_F(ABindingEditor, ShowsOnlyTheFieldsOfTheChosenKinds) {
     EXPECT_THAT(visibleParts(), ElementsAre("launchPicker"));
 }
 
-TEST_F(ABindingEditor, WarnsOnlyOfTheTwoFingerClick) {
+TEST_F(BindingEditorTest, WarnsOnlyAboutTheTwoFingerClick) {
     open();
     choose(ActionKind::lockScreen);
     for (const GestureType gesture : allGestureTypes) {
@@ -139,7 +139,7 @@ TEST_F(ABindingEditor, WarnsOnlyOfTheTwoFingerClick) {
     }
 }
 
-TEST_F(ABindingEditor, TitleIsProminentAndCaptionsAreNot) {
+TEST_F(BindingEditorTest, TitleIsProminentAndCaptionsAreNot) {
     open();
     choose(GestureType::twoFingerClick);
     const Theme& theme = Theme::shared();
@@ -157,7 +157,7 @@ TEST_F(ABindingEditor, TitleIsProminentAndCaptionsAreNot) {
     }
 }
 
-TEST_F(ABindingEditor, ShowsAnExistingBinding) {
+TEST_F(BindingEditorTest, ShowsAnExistingBinding) {
     const LaunchApp launch{.bundleID = "mail", .name = "Mail"};
     const AppScope scope{.bundleID = "files", .name = "Files"};
     open(stored(GestureType::pinchIn, launch, scope));
@@ -170,13 +170,13 @@ TEST_F(ABindingEditor, ShowsAnExistingBinding) {
     EXPECT_TRUE(saveButton().isEnabled());
 }
 
-TEST_F(ABindingEditor, ShowsAnExistingShortcut) {
+TEST_F(BindingEditorTest, ShowsAnExistingShortcut) {
     open(stored(GestureType::drawCircle, optionCommandRight));
     EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "⌥⌘→");
     EXPECT_TRUE(saveButton().isEnabled());
 }
 
-TEST_F(ABindingEditor, EditingReplacesTheBindingInPlace) {
+TEST_F(BindingEditorTest, EditingReplacesTheBindingInPlace) {
     const GestureBinding first = stored(GestureType::pinchIn, LockScreen{});
     GestureBinding edited = stored(GestureType::pinchOut, LockScreen{});
     const GestureBinding last = stored(GestureType::drawCircle, LockScreen{});
@@ -190,7 +190,7 @@ TEST_F(ABindingEditor, EditingReplacesTheBindingInPlace) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(ABindingEditor, EditingKeepsADisabledBindingDisabled) {
+TEST_F(BindingEditorTest, EditingKeepsADisabledBindingDisabled) {
     open(stored(GestureType::pinchOut, LockScreen{}, GlobalScope{}, false));
     choose(GestureType::twoFingerTap);
     editor->save();
@@ -199,7 +199,7 @@ TEST_F(ABindingEditor, EditingKeepsADisabledBindingDisabled) {
     EXPECT_FALSE(bindings()[0].enabled);
 }
 
-TEST_F(ABindingEditor, BindingThatWasToggledMeanwhileKeepsItsNewState) {
+TEST_F(BindingEditorTest, BindingToggledDuringEditingKeepsItsNewState) {
     GestureBinding edited = stored(GestureType::pinchOut, LockScreen{});
     open(edited);
     edited.enabled = false;
@@ -209,7 +209,7 @@ TEST_F(ABindingEditor, BindingThatWasToggledMeanwhileKeepsItsNewState) {
     EXPECT_FALSE(bindings()[0].enabled);
 }
 
-TEST_F(ABindingEditor, BindingThatWasDeletedMeanwhileIsAppendedAndEnabled) {
+TEST_F(BindingEditorTest, BindingDeletedDuringEditingIsAppendedAndEnabled) {
     const GestureBinding deleted =
         stored(GestureType::pinchOut, LockScreen{}, GlobalScope{}, false);
     open(deleted);
@@ -222,7 +222,7 @@ TEST_F(ABindingEditor, BindingThatWasDeletedMeanwhileIsAppendedAndEnabled) {
     EXPECT_EQ(dismissals, 1);
 }
 
-TEST_F(ABindingEditor, ApplicationThatIsNotRunningIsSavedUnchanged) {
+TEST_F(BindingEditorTest, ApplicationThatIsNotRunningIsSavedUnchanged) {
     const LaunchApp launch{.bundleID = "gone", .name = "Gone"};
     const AppScope scope{.bundleID = "also.gone", .name = "Also Gone"};
     const GestureBinding binding = stored(GestureType::pinchIn, launch, scope);
@@ -234,7 +234,7 @@ TEST_F(ABindingEditor, ApplicationThatIsNotRunningIsSavedUnchanged) {
     EXPECT_THAT(bindings(), ElementsAre(binding));
 }
 
-TEST_F(ABindingEditor, FieldsKeepTheirValuesWhileOtherKindsAreChosen) {
+TEST_F(BindingEditorTest, FieldsKeepTheirValuesWhileOtherKindsAreSelected) {
     open();
     record();
     choose(ActionKind::launchApp);
@@ -254,7 +254,7 @@ TEST_F(ABindingEditor, FieldsKeepTheirValuesWhileOtherKindsAreChosen) {
     EXPECT_EQ(bindings()[0].action, BindingAction(optionCommandRight));
 }
 
-TEST_F(ABindingEditor, CancelLeavesTheStoreUnchanged) {
+TEST_F(BindingEditorTest, CancelLeavesTheStoreUnchanged) {
     const GestureBinding binding = stored(GestureType::pinchIn, LockScreen{});
     open(binding);
     choose(ActionKind::missionControl);
@@ -263,7 +263,7 @@ TEST_F(ABindingEditor, CancelLeavesTheStoreUnchanged) {
     EXPECT_THAT(bindings(), ElementsAre(binding));
 }
 
-TEST_F(ABindingEditor, RecordingStopsWhenAnotherKindIsChosen) {
+TEST_F(BindingEditorTest, RecordingStopsWhenAnotherKindIsSelected) {
     open();
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     choose(ActionKind::lockScreen);
@@ -272,7 +272,7 @@ TEST_F(ABindingEditor, RecordingStopsWhenAnotherKindIsChosen) {
     EXPECT_EQ(part<QPushButton>("recordShortcut").text(), "Click to record");
 }
 
-TEST_F(ABindingEditor, DestroyedEditorLeavesNoKeyMonitor) {
+TEST_F(BindingEditorTest, DestroyedEditorLeavesNoKeyMonitor) {
     open();
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     delete editor;
@@ -280,7 +280,7 @@ TEST_F(ABindingEditor, DestroyedEditorLeavesNoKeyMonitor) {
     EXPECT_THAT(window.keys, ElementsAre(Qt::Key_Right));
 }
 
-TEST_F(ABindingEditor, AllTextsFollowTheLanguageAtOnce) {
+TEST_F(BindingEditorTest, AllTextsFollowTheLanguageAtOnce) {
     open();
     choose(GestureType::twoFingerClick);
     choose(ActionKind::launchApp);
@@ -350,7 +350,7 @@ TEST_F(ABindingEditor, AllTextsFollowTheLanguageAtOnce) {
     EXPECT_THAT(texts(), testing::UnorderedElementsAreArray(english));
 }
 
-TEST_F(ABindingEditor, PickerLabelsHaveTheMaximumWidthInEachLanguageAndFont) {
+TEST_F(BindingEditorTest, PickerLabelsAreAlignedInEachLanguageAndFont) {
     open();
     const auto expectAligned = [this](const char* when) {
         int widest = 0;
@@ -381,7 +381,7 @@ TEST_F(ABindingEditor, PickerLabelsHaveTheMaximumWidthInEachLanguageAndFont) {
     expectAligned("in the usual font again");
 }
 
-TEST_F(ABindingEditor, ExistingBindingCanBeEditedInBothLanguages) {
+TEST_F(BindingEditorTest, ExistingBindingCanBeEditedInBothLanguages) {
     open(stored(GestureType::pinchIn, LockScreen{}));
     EXPECT_EQ(saveButton().text(), "Save");
     Lang::shared().setCode("zh");
@@ -392,7 +392,7 @@ TEST_F(ABindingEditor, ExistingBindingCanBeEditedInBothLanguages) {
     EXPECT_EQ(picker("actionPicker").itemText(2), "Mission Control");
 }
 
-TEST_F(ABindingEditor, LanguageChangeKeepsTheChoices) {
+TEST_F(BindingEditorTest, LanguageChangeKeepsTheSelections) {
     open();
     choose(GestureType::pinchIn);
     choose(ActionKind::launchApp);
@@ -406,7 +406,7 @@ TEST_F(ABindingEditor, LanguageChangeKeepsTheChoices) {
     EXPECT_EQ(bindings()[0].action, BindingAction(LaunchApp{.bundleID = "mail", .name = "Mail"}));
 }
 
-TEST_F(ABindingEditor, HasTheSizeOfTheSheet) {
+TEST_F(BindingEditorTest, HasTheDefaultSheetSize) {
     open();
     EXPECT_EQ(editor->sizeHint(), QSize(460, 640));
     const QRect demo = part("gestureDemo").geometry();
@@ -416,7 +416,7 @@ TEST_F(ABindingEditor, HasTheSizeOfTheSheet) {
 }
 
 // The form with the most content, in both languages.
-TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
+TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
     open();
     choose(ScopeKind::app);
     const QScrollBar& bar = *window.findChild<QScrollArea*>()->verticalScrollBar();
@@ -436,7 +436,7 @@ TEST_F(ABindingEditor, FitsItsSheetWithoutScrolling) {
     }
 }
 
-TEST_F(ABindingEditor, DisabledButtonNamesTheMissingField) {
+TEST_F(BindingEditorTest, DisabledSaveButtonNamesTheMissingField) {
     open();
     const auto missing = [&] {
         EXPECT_EQ(saveButton().toolTip(), saveButton().accessibleDescription());
@@ -454,7 +454,7 @@ TEST_F(ABindingEditor, DisabledButtonNamesTheMissingField) {
     EXPECT_EQ(missing(), "请先选择此绑定适用的 App");
 }
 
-TEST_F(ABindingEditor, TextForNoApplicationHasThePlaceholderColor) {
+TEST_F(BindingEditorTest, EmptyAppPickerUsesThePlaceholderColor) {
     open();
     choose(ActionKind::launchApp);
     const auto textColors = [&](QComboBox& of) {
@@ -473,7 +473,7 @@ TEST_F(ABindingEditor, TextForNoApplicationHasThePlaceholderColor) {
 }
 
 // Equally between the sections and below the last one.
-TEST_F(ABindingEditor, ExtraHeightIsDistributed) {
+TEST_F(BindingEditorTest, DistributesExtraHeightBetweenSections) {
     open();
     choose(ActionKind::lockScreen);
     const auto places = [&] {

@@ -35,9 +35,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
 };
 
-class Gestures : public testing::Test {
+class GesturePickerTest : public testing::Test {
 protected:
-    Gestures() {
+    GesturePickerTest() {
         sheet.resize(460, 640);
         auto* column = new QVBoxLayout(&sheet);
         picker = new GesturePicker(Lang::shared());
@@ -87,7 +87,7 @@ protected:
     std::vector<GestureType> picked;
 };
 
-TEST_F(Gestures, PickerShowsTheGesturesNameAndSymbol) {
+TEST_F(GesturePickerTest, ShowsTheGestureNameAndSymbol) {
     EXPECT_EQ(picker->currentText(), "Draw Circle (any direction)");
     picker->setGesture(GestureType::fourFingerSwipeUp);
     EXPECT_EQ(picker->currentText(), "Four-Finger Swipe Up");
@@ -96,7 +96,7 @@ TEST_F(Gestures, PickerShowsTheGesturesNameAndSymbol) {
     EXPECT_THAT(picked, IsEmpty()) << "nothing was picked";
 }
 
-TEST_F(Gestures, ListHasEveryGestureBelowItsCategoryInTheCataloguesOrder) {
+TEST_F(GesturePickerTest, ListGroupsEveryGestureByCategoryInCatalogueOrder) {
     picker->showPopup();
     std::vector<std::string> expected;
     for (const GestureCategory group : allGestureCategories) {
@@ -115,7 +115,7 @@ TEST_F(Gestures, ListHasEveryGestureBelowItsCategoryInTheCataloguesOrder) {
     }
 }
 
-TEST_F(Gestures, ListOpensAtTheChoiceWithinTheWindow) {
+TEST_F(GesturePickerTest, ListOpensAtTheSelectedGestureWithinTheWindow) {
     picker->setGesture(GestureType::threeFingerLongPress);
     picker->showPopup();
     EXPECT_TRUE(picker->isOpen());
@@ -128,7 +128,7 @@ TEST_F(Gestures, ListOpensAtTheChoiceWithinTheWindow) {
     EXPECT_TRUE(sheet.rect().contains(QRect(list().mapTo(&sheet, QPoint()), list().size())));
 }
 
-TEST_F(Gestures, KeysOpenTheList) {
+TEST_F(GesturePickerTest, KeysOpenTheList) {
     for (const Qt::Key opening : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Up, Qt::Key_F4}) {
         key(opening);
         EXPECT_TRUE(picker->isOpen()) << opening;
@@ -138,7 +138,7 @@ TEST_F(Gestures, KeysOpenTheList) {
     EXPECT_THAT(sheet.keys, IsEmpty());
 }
 
-TEST_F(Gestures, FirstClickOpensAndSecondClickCloses) {
+TEST_F(GesturePickerTest, FirstClickOpensAndSecondClickCloses) {
     QTest::mouseClick(picker, Qt::LeftButton);
     EXPECT_TRUE(picker->isOpen());
     QTest::mouseClick(picker, Qt::LeftButton);
@@ -147,7 +147,7 @@ TEST_F(Gestures, FirstClickOpensAndSecondClickCloses) {
     EXPECT_FALSE(picker->isOpen());
 }
 
-TEST_F(Gestures, TypingOnThePickerOpensTheListAndStartsTheSearch) {
+TEST_F(GesturePickerTest, TypingOnThePickerOpensTheListAndStartsTheSearch) {
     type("five sw");
     EXPECT_TRUE(picker->isOpen());
     EXPECT_EQ(search().text(), "five sw");
@@ -157,13 +157,13 @@ TEST_F(Gestures, TypingOnThePickerOpensTheListAndStartsTheSearch) {
     EXPECT_EQ(marked(), "Five-Finger Swipe Left");
 }
 
-TEST_F(Gestures, ShortcutsDoNotType) {
+TEST_F(GesturePickerTest, ShortcutsDoNotOpenTheList) {
     QTest::keyClick(picker, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(picker, Qt::Key_A, Qt::AltModifier);
     EXPECT_FALSE(picker->isOpen());
 }
 
-TEST_F(Gestures, ClosedPickerLeavesReturnAndEscapeToTheSheet) {
+TEST_F(GesturePickerTest, ClosedPickerPassesReturnAndEscapeToTheSheet) {
     key(Qt::Key_Return);
     key(Qt::Key_Enter);
     key(Qt::Key_Escape);
@@ -171,7 +171,7 @@ TEST_F(Gestures, ClosedPickerLeavesReturnAndEscapeToTheSheet) {
     EXPECT_THAT(sheet.keys, ElementsAre(Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape));
 }
 
-TEST_F(Gestures, EscapeClosesOnlyTheList) {
+TEST_F(GesturePickerTest, EscapeClosesOnlyTheList) {
     picker->showPopup();
     type("five");
     key(Qt::Key_Escape);
@@ -181,7 +181,7 @@ TEST_F(Gestures, EscapeClosesOnlyTheList) {
 }
 
 // The list covers the sheet's own demonstration.
-TEST_F(Gestures, MarkedGestureIsDemonstratedWhileBrowsing) {
+TEST_F(GesturePickerTest, HighlightedGestureIsDemonstratedWhileBrowsing) {
     picker->setGesture(GestureType::pinchIn);
     picker->showPopup();
     auto& demo = kit::find<GestureDemoView>(sheet, "browsedGesture");
@@ -204,7 +204,7 @@ TEST_F(Gestures, MarkedGestureIsDemonstratedWhileBrowsing) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, TheListIsAsHighAsItsResults) {
+TEST_F(GesturePickerTest, ListHeightFitsTheResults) {
     picker->showPopup();
     const int full = list().height();
     EXPECT_TRUE(list().verticalScrollBar()->isVisible());
@@ -220,7 +220,7 @@ TEST_F(Gestures, TheListIsAsHighAsItsResults) {
     EXPECT_TRUE(test::waitFor([&] { return list().height() == full; }));
 }
 
-TEST_F(Gestures, ReturnPicksTheMarkedGesture) {
+TEST_F(GesturePickerTest, ReturnPicksTheHighlightedGesture) {
     type("four long");
     EXPECT_EQ(marked(), "Four-Finger Long Press");
     key(Qt::Key_Return);
@@ -230,14 +230,14 @@ TEST_F(Gestures, ReturnPicksTheMarkedGesture) {
     EXPECT_THAT(sheet.keys, IsEmpty()) << "nor does the sheet save";
 }
 
-TEST_F(Gestures, PickingTheCurrentGestureClosesWithoutACallback) {
+TEST_F(GesturePickerTest, PickingTheCurrentGestureClosesWithoutCallingOnPick) {
     picker->showPopup();
     key(Qt::Key_Enter);
     expectClosed();
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, ReturnPicksNothingWithoutAMatch) {
+TEST_F(GesturePickerTest, ReturnPicksNothingWithoutAMatch) {
     type("six");
     EXPECT_THAT(entries(), IsEmpty());
     EXPECT_FALSE(list().isVisible());
@@ -250,7 +250,7 @@ TEST_F(Gestures, ReturnPicksNothingWithoutAMatch) {
     EXPECT_THAT(sheet.keys, IsEmpty());
 }
 
-TEST_F(Gestures, ArrowKeysSkipHeadingsAndStopAtTheEnds) {
+TEST_F(GesturePickerTest, ArrowKeysSkipHeadingsAndStopAtTheEnds) {
     picker->setGesture(GestureType::drawCircleCounterclockwise);
     picker->showPopup();
     key(Qt::Key_Down);
@@ -272,7 +272,7 @@ TEST_F(Gestures, ArrowKeysSkipHeadingsAndStopAtTheEnds) {
     EXPECT_THAT(picked, ElementsAre(GestureType::fourFingerLongPress));
 }
 
-TEST_F(Gestures, FirstEntryOfAGroupIsShownWithItsHeading) {
+TEST_F(GesturePickerTest, ScrollingToAFirstEntryAlsoShowsItsHeading) {
     picker->setGesture(GestureType::fourFingerLongPress);
     picker->showPopup();
     for (int page = 0; page < 6; ++page) {
@@ -282,7 +282,7 @@ TEST_F(Gestures, FirstEntryOfAGroupIsShownWithItsHeading) {
     EXPECT_TRUE(list().viewport()->rect().contains(list().visualRect(list().model()->index(0, 0))));
 }
 
-TEST_F(Gestures, ClickPicks) {
+TEST_F(GesturePickerTest, ClickPicksAGesture) {
     picker->showPopup();
     type("corner");
     const QModelIndex second = list().model()->index(2, 0);
@@ -291,7 +291,7 @@ TEST_F(Gestures, ClickPicks) {
     EXPECT_THAT(picked, ElementsAre(GestureType::cornerTapTopRight));
 }
 
-TEST_F(Gestures, ClickOnAHeadingPicksNothing) {
+TEST_F(GesturePickerTest, ClickOnAHeadingPicksNothing) {
     picker->showPopup();
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
                       list().visualRect(list().model()->index(0, 0)).center());
@@ -299,14 +299,14 @@ TEST_F(Gestures, ClickOnAHeadingPicksNothing) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, ClickOutsideClosesAndPicksNothing) {
+TEST_F(GesturePickerTest, ClickOutsideClosesAndPicksNothing) {
     picker->showPopup();
     QTest::mouseClick(&sheet, Qt::LeftButton, {}, QPoint(3, 630));
     EXPECT_FALSE(picker->isOpen());
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, TabReturnsFromTheListToThePicker) {
+TEST_F(GesturePickerTest, TabReturnsFromTheListToThePicker) {
     for (const Qt::Key leaving : {Qt::Key_Tab, Qt::Key_Backtab}) {
         picker->showPopup();
         key(leaving);
@@ -315,20 +315,20 @@ TEST_F(Gestures, TabReturnsFromTheListToThePicker) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, HiddenPickerClosesItsList) {
+TEST_F(GesturePickerTest, HiddenPickerClosesItsList) {
     picker->showPopup();
     picker->hide();
     EXPECT_FALSE(picker->isOpen());
 }
 
-TEST_F(Gestures, DestroyedPickerClosesItsList) {
+TEST_F(GesturePickerTest, DestroyedPickerClosesItsList) {
     picker->showPopup();
     delete picker;
     EXPECT_TRUE(
         test::waitFor([this] { return sheet.findChild<QWidget*>("gestureList") == nullptr; }));
 }
 
-TEST_F(Gestures, AllTextsFollowTheLanguageAtOnceIncludingTheOpenList) {
+TEST_F(GesturePickerTest, AllTextsFollowTheLanguageAtOnceIncludingTheOpenList) {
     type("five t");
     Lang::shared().setCode("zh");
     EXPECT_EQ(picker->currentText(), "单指画圆（任意方向）");
@@ -345,13 +345,13 @@ TEST_F(Gestures, AllTextsFollowTheLanguageAtOnceIncludingTheOpenList) {
     EXPECT_THAT(picked, IsEmpty());
 }
 
-TEST_F(Gestures, NamesInTheOtherLanguageAreFound) {
+TEST_F(GesturePickerTest, NamesInTheOtherLanguageAreFound) {
     picker->showPopup();
     search().setText("五指轻点");
     EXPECT_THAT(entries(), ElementsAre("[Taps]", "Five-Finger Tap"));
 }
 
-TEST_F(Gestures, AssistiveTechnologySeesAComboBoxAndAList) {
+TEST_F(GesturePickerTest, AssistiveTechnologySeesAComboBoxAndAList) {
     QAccessibleInterface* const closed = QAccessible::queryAccessibleInterface(picker);
     ASSERT_NE(closed, nullptr);
     EXPECT_EQ(closed->role(), QAccessible::ComboBox);
@@ -372,7 +372,7 @@ TEST_F(Gestures, AssistiveTechnologySeesAComboBoxAndAList) {
 }
 
 // Opens the list as assistive technology does.
-TEST_F(Gestures, AccessibleActionOpensTheList) {
+TEST_F(GesturePickerTest, AccessibleActionOpensTheList) {
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(picker);
     seen->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
     EXPECT_TRUE(picker->isOpen());

@@ -25,7 +25,7 @@ std::vector<std::string> found(std::string_view text) {
 
 using Lines = std::vector<std::string>;
 
-TEST(GestureSearch, TextWithoutWordsFindsAllGesturesInTheCataloguesOrder) {
+TEST(GestureSearchTest, BlankTextFindsAllGesturesInCatalogueOrder) {
     for (const char* const text : {"", " ", " \t ", "\u3000"}) {
         std::vector<GestureType> all;
         std::vector<GestureCategory> groups;
@@ -38,7 +38,7 @@ TEST(GestureSearch, TextWithoutWordsFindsAllGesturesInTheCataloguesOrder) {
     }
 }
 
-TEST(GestureSearch, FindsByNameAndCategoryInBothLanguages) {
+TEST(GestureSearchTest, FindsByNameAndCategoryInBothLanguages) {
     struct Row {
         const char* what;
         const char* text;
@@ -75,13 +75,13 @@ TEST(GestureSearch, FindsByNameAndCategoryInBothLanguages) {
     }
 }
 
-TEST(GestureSearch, ResultsDoNotDependOnTheInterfaceLanguage) {
+TEST(GestureSearchTest, ResultsDoNotDependOnTheInterfaceLanguage) {
     const kit::InLanguage chinese("zh");
     EXPECT_EQ(found("five tap"), Lines{"tap: fiveFingerTap"});
     EXPECT_EQ(found("五指轻点"), Lines{"tap: fiveFingerTap"});
 }
 
-TEST(GestureSearch, EveryGestureIsFoundByEachOfItsNames) {
+TEST(GestureSearchTest, EveryGestureIsFoundByEachOfItsNames) {
     for (const char* const code : {"en", "zh"}) {
         const kit::InLanguage language(code);
         for (const GestureType gesture : allGestureTypes) {

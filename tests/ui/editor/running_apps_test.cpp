@@ -24,24 +24,24 @@ std::vector<std::string> listed(std::vector<Application> running) {
     return lines;
 }
 
-TEST(RunningApps, AreSortedByName) {
+TEST(RunningAppsTest, AreSortedByName) {
     EXPECT_THAT(listed({{"c", "Zoo"}, {"a", "Mail"}, {"b", "Archive"}}),
                 ElementsAre("Archive (b)", "Mail (a)", "Zoo (c)"));
 }
 
-TEST(RunningApps, AreSortedIgnoringCase) {
+TEST(RunningAppsTest, AreSortedIgnoringCase) {
     EXPECT_THAT(listed({{"1", "beta"}, {"2", "Alpha"}, {"3", "Gamma"}, {"4", "alpine"}}),
                 ElementsAre("Alpha (2)", "alpine (4)", "beta (1)", "Gamma (3)"));
 }
 
-TEST(RunningApps, WithNamesThatDifferOnlyInCaseKeepTheWorkspacesOrder) {
+TEST(RunningAppsTest, NamesThatDifferOnlyInCaseKeepTheWorkspaceOrder) {
     EXPECT_THAT(listed({{"1", "mail"}, {"2", "MAIL"}, {"3", "Mail"}, {"4", "archive"}}),
                 ElementsAre("archive (4)", "mail (1)", "MAIL (2)", "Mail (3)"));
     EXPECT_THAT(listed({{"3", "Mail"}, {"2", "MAIL"}, {"1", "mail"}}),
                 ElementsAre("Mail (3)", "MAIL (2)", "mail (1)"));
 }
 
-TEST(RunningApps, AreSortedByTheUsersLocale) {
+TEST(RunningAppsTest, AreSortedByTheUserLocale) {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
     EXPECT_THAT(listed({{"1", "Zeit"}, {"2", "Öffner"}, {"3", "Ofen"}, {"4", "Pause"}}),
@@ -49,7 +49,7 @@ TEST(RunningApps, AreSortedByTheUsersLocale) {
     QLocale::setDefault(before);
 }
 
-TEST(RunningApps, WithoutIdentifierOrNameAreOmitted) {
+TEST(RunningAppsTest, AppsWithoutIdentifierOrNameAreOmitted) {
     EXPECT_THAT(listed({{std::nullopt, "No identifier"},
                         {"no.name", std::nullopt},
                         {std::nullopt, std::nullopt},
@@ -58,11 +58,11 @@ TEST(RunningApps, WithoutIdentifierOrNameAreOmitted) {
     EXPECT_THAT(listed({}), IsEmpty());
 }
 
-TEST(RunningApps, KeepDuplicates) {
+TEST(RunningAppsTest, KeepDuplicates) {
     EXPECT_THAT(listed({{"a", "App"}, {"a", "App"}}), ElementsAre("App (a)", "App (a)"));
 }
 
-TEST(RunningApps, CanBeLaunchedOnlyIfInstalled) {
+TEST(RunningAppsTest, LaunchableAppsAreTheInstalledApps) {
     kit::FakeWorkspace workspace;
     workspace.running = {{"mail", "Mail"}, {"XClock", "xclock"}, {"files", "Files"}};
     workspace.urls = {{"mail", "file:///mail"}, {"files", "file:///files"}};

@@ -27,7 +27,7 @@ std::string named(std::uint16_t keyCode, KeyboardKind keyboard, const char* code
     return keyChoice(keyCode, lang, keyboard);
 }
 
-TEST(KeyChoices, AreUniqueAndTypable) {
+TEST(KeyChoicesTest, AreUniqueAndTypable) {
     const std::vector<std::uint16_t> keys = found("");
     EXPECT_EQ(std::set(keys.begin(), keys.end()).size(), keys.size());
     for (const std::uint16_t key : keys) {
@@ -35,7 +35,7 @@ TEST(KeyChoices, AreUniqueAndTypable) {
     }
 }
 
-TEST(KeyChoices, ContainEveryKeyWithALabel) {
+TEST(KeyChoicesTest, ContainEveryKeyWithALabel) {
     const std::vector<std::uint16_t> keys = found(" ");
     for (std::uint16_t key = 0; key < 128; ++key) {
         const bool isThere = std::ranges::find(keys, key) != keys.end();
@@ -43,14 +43,14 @@ TEST(KeyChoices, ContainEveryKeyWithALabel) {
     }
 }
 
-TEST(KeyChoices, ContainRareKeys) {
+TEST(KeyChoicesTest, ContainRareKeys) {
     for (const char* const rare : {"F13", "F14", "F15", "F16", "F17", "F18", "F19", "F20", "Help",
                                    "keypad enter", "keypad 0", "num lock"}) {
         EXPECT_EQ(found(rare).size(), 1U) << rare;
     }
 }
 
-TEST(KeyChoices, AreFoundByNameInEitherLanguageAndByLabel) {
+TEST(KeyChoicesTest, AreFoundByNameInEitherLanguageAndByLabel) {
     EXPECT_THAT(found("right arrow"), ElementsAre(124));
     EXPECT_THAT(found("右箭头"), ElementsAre(124));
     EXPECT_THAT(found("→"), ElementsAre(124));
@@ -60,7 +60,7 @@ TEST(KeyChoices, AreFoundByNameInEitherLanguageAndByLabel) {
     EXPECT_THAT(found("sixth"), IsEmpty());
 }
 
-TEST(KeyChoices, ShowTheKeyboardsNameAndTheLabel) {
+TEST(KeyChoicesTest, ShowTheKeyNameAndTheLabel) {
     EXPECT_EQ(named(124, KeyboardKind::pc), "Right Arrow (→)");
     EXPECT_EQ(named(124, KeyboardKind::pc, "zh"), "右箭头 (→)");
     EXPECT_EQ(named(40, KeyboardKind::pc), "K");

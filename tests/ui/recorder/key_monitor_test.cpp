@@ -24,9 +24,9 @@ const Key a{KEY_A, Qt::Key_A, "a"};
 const Key b{KEY_B, Qt::Key_B, "b"};
 const Key shift{KEY_LEFTSHIFT, Qt::Key_Shift};
 
-class MonitoredWindow : public testing::Test {
+class KeyMonitorTest : public testing::Test {
 protected:
-    MonitoredWindow() {
+    KeyMonitorTest() {
         window.show();
         monitor->onPress = [this](const QKeyEvent& event) {
             taken.push_back(event.key());
@@ -39,14 +39,14 @@ protected:
     std::unique_ptr<KeyMonitor> monitor = std::make_unique<KeyMonitor>();
 };
 
-TEST_F(MonitoredWindow, ReceivesKeysUntilTheMonitorStarts) {
+TEST_F(KeyMonitorTest, WindowReceivesKeysUntilTheMonitorStarts) {
     typist.type(a);
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65"));
     EXPECT_THAT(taken, IsEmpty());
     EXPECT_FALSE(monitor->isInstalled());
 }
 
-TEST_F(MonitoredWindow, ReceivesNothingWhileTheMonitorRuns) {
+TEST_F(KeyMonitorTest, WindowReceivesNoKeysWhileTheMonitorRuns) {
     monitor->start();
     typist.type(shift);
     typist.type(a);
@@ -54,7 +54,7 @@ TEST_F(MonitoredWindow, ReceivesNothingWhileTheMonitorRuns) {
     EXPECT_THAT(taken, ElementsAre(Qt::Key_Shift, Qt::Key_A));
 }
 
-TEST_F(MonitoredWindow, ReceivesNothingOfACapturedPressEvenAfterTheMonitorHasStopped) {
+TEST_F(KeyMonitorTest, WindowReceivesNoRepeatOrReleaseOfACapturedPressAfterStop) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -68,7 +68,7 @@ TEST_F(MonitoredWindow, ReceivesNothingOfACapturedPressEvenAfterTheMonitorHasSto
     EXPECT_THAT(window.keys(), ElementsAre("+65", "-65"));
 }
 
-TEST_F(MonitoredWindow, ReceivesOtherKeysOnceTheMonitorHasStopped) {
+TEST_F(KeyMonitorTest, WindowReceivesOtherKeysAfterStop) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -78,7 +78,7 @@ TEST_F(MonitoredWindow, ReceivesOtherKeysOnceTheMonitorHasStopped) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(MonitoredWindow, DoesNotWaitForALostRelease) {
+TEST_F(KeyMonitorTest, NewPressImpliesALostRelease) {
     monitor->start();
     typist.press(a);
     monitor->stop();
@@ -89,7 +89,7 @@ TEST_F(MonitoredWindow, DoesNotWaitForALostRelease) {
     EXPECT_FALSE(monitor->isInstalled());
 }
 
-TEST_F(MonitoredWindow, RepetitionOfAKeyHeldBeforeTheStartIsNotReported) {
+TEST_F(KeyMonitorTest, RepeatOfAKeyHeldBeforeStartIsNotReported) {
     typist.press(a);
     monitor->start();
     window.keys();
@@ -101,7 +101,7 @@ TEST_F(MonitoredWindow, RepetitionOfAKeyHeldBeforeTheStartIsNotReported) {
         << "the window received the press, so it receives the release";
 }
 
-TEST_F(MonitoredWindow, HeldKeyIsReportedOnce) {
+TEST_F(KeyMonitorTest, HeldKeyIsReportedOnce) {
     monitor->start();
     typist.press(a);
     typist.repeat(a);
@@ -110,7 +110,7 @@ TEST_F(MonitoredWindow, HeldKeyIsReportedOnce) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(MonitoredWindow, KeyIsIdentifiedByItsScanCode) {
+TEST_F(KeyMonitorTest, KeyIsIdentifiedByItsScanCode) {
     monitor->start();
     typist.press({KEY_1, Qt::Key_Exclam, "!"});
     monitor->stop();
@@ -119,7 +119,7 @@ TEST_F(MonitoredWindow, KeyIsIdentifiedByItsScanCode) {
     EXPECT_FALSE(monitor->isInstalled());
 }
 
-TEST_F(MonitoredWindow, SyntheticKeysAreIdentifiedByTheirQtKey) {
+TEST_F(KeyMonitorTest, SyntheticKeysAreIdentifiedByTheirQtKey) {
     monitor->start();
     typist.press({0, Qt::Key_A, "a"});
     monitor->stop();
@@ -129,7 +129,7 @@ TEST_F(MonitoredWindow, SyntheticKeysAreIdentifiedByTheirQtKey) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(MonitoredWindow, SecondStartIsIgnored) {
+TEST_F(KeyMonitorTest, SecondStartIsIgnored) {
     monitor->start();
     monitor->start();
     typist.type(a);
@@ -140,7 +140,7 @@ TEST_F(MonitoredWindow, SecondStartIsIgnored) {
     EXPECT_THAT(window.keys(), ElementsAre("+66", "-66"));
 }
 
-TEST_F(MonitoredWindow, RemovedMonitorForgetsCapturedPresses) {
+TEST_F(KeyMonitorTest, RemoveForgetsCapturedPresses) {
     monitor->start();
     typist.press(a);
     monitor->remove();
@@ -149,7 +149,7 @@ TEST_F(MonitoredWindow, RemovedMonitorForgetsCapturedPresses) {
     EXPECT_THAT(window.keys(), ElementsAre("-65"));
 }
 
-TEST_F(MonitoredWindow, DestroyedMonitorCapturesNothing) {
+TEST_F(KeyMonitorTest, DestroyedMonitorCapturesNothing) {
     monitor->start();
     typist.press(a);
     monitor.reset();
@@ -159,7 +159,7 @@ TEST_F(MonitoredWindow, DestroyedMonitorCapturesNothing) {
 }
 
 // Sends the key through Qt's own input path, which queries shortcuts first.
-TEST_F(MonitoredWindow, NoShortcutIsTriggeredWhileTheMonitorRuns) {
+TEST_F(KeyMonitorTest, NoShortcutIsTriggeredWhileTheMonitorRuns) {
     int setOff = 0;
     const QShortcut shortcut(QKeySequence("Ctrl+N"), &window, [&setOff] { ++setOff; });
     ASSERT_TRUE(test::waitForWindowActive(&window));

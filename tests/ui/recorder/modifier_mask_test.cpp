@@ -25,7 +25,7 @@ const Row rows[] = {
     {"Shift with a key of the keypad", Qt::ShiftModifier | Qt::KeypadModifier, 0x20000},
 };
 
-TEST(ModifierMask, ContainsOnlyTheFourModifiers) {
+TEST(ModifierMaskTest, ContainsOnlyTheFourModifiers) {
     for (const Row& row : rows) {
         EXPECT_EQ(modifierMask(row.held), row.stored) << row.what;
     }

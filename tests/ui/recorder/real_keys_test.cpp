@@ -20,7 +20,7 @@ using desktops::TypingSway;
 using desktops::TypingXServer;
 
 template <class Desktop>
-class RealKeys : public testing::Test {
+class RealKeysTest : public testing::Test {
 protected:
     void SetUp() override {
         if (const std::string reason = Desktop::whyNot(); !reason.empty()) {
@@ -67,9 +67,9 @@ struct DesktopNames {
 };
 
 using Desktops = testing::Types<TypingXServer, TypingSway>;
-TYPED_TEST_SUITE(RealKeys, Desktops, DesktopNames);
+TYPED_TEST_SUITE(RealKeysTest, Desktops, DesktopNames);
 
-TYPED_TEST(RealKeys, AreRecordedByTheirPhysicalKeyAndReachNoWindow) {
+TYPED_TEST(RealKeysTest, KeysAreRecordedByPhysicalKeyAndReachNoWindow) {
     struct Row {
         int key;
         const char* recorded;
@@ -87,7 +87,7 @@ TYPED_TEST(RealKeys, AreRecordedByTheirPhysicalKeyAndReachNoWindow) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, EachModifierHasItsBit) {
+TYPED_TEST(RealKeysTest, EachModifierSetsItsBit) {
     struct Row {
         int held;
         const char* recorded;
@@ -107,7 +107,7 @@ TYPED_TEST(RealKeys, EachModifierHasItsBit) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, CombinedModifiersAreRecordedTogether) {
+TYPED_TEST(RealKeysTest, CombinedModifiersAreRecordedTogether) {
     this->record();
     for (const int key : {KEY_LEFTALT, KEY_LEFTSHIFT, KEY_LEFTMETA}) {
         this->hold(key);
@@ -120,7 +120,7 @@ TYPED_TEST(RealKeys, CombinedModifiersAreRecordedTogether) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, ModifiersAloneRecordNothing) {
+TYPED_TEST(RealKeysTest, ModifiersAloneRecordNothing) {
     this->record();
     for (const int key : {KEY_LEFTSHIFT, KEY_LEFTCTRL, KEY_LEFTALT, KEY_LEFTMETA, KEY_RIGHTALT}) {
         this->type(key);
@@ -129,14 +129,14 @@ TYPED_TEST(RealKeys, ModifiersAloneRecordNothing) {
     this->expectRecorded("11 0");
 }
 
-TYPED_TEST(RealKeys, EscapeAloneCancels) {
+TYPED_TEST(RealKeysTest, EscapeAloneCancels) {
     this->record();
     this->type(KEY_ESC);
     this->expect("stopped");
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, ShiftAndEscapeAreRecorded) {
+TYPED_TEST(RealKeysTest, ShiftAndEscapeAreRecorded) {
     this->record();
     this->hold(KEY_LEFTSHIFT);
     this->type(KEY_ESC);
@@ -145,7 +145,7 @@ TYPED_TEST(RealKeys, ShiftAndEscapeAreRecorded) {
     this->expectTypedIntoWindow();
 }
 
-TYPED_TEST(RealKeys, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
+TYPED_TEST(RealKeysTest, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
     this->record();
     this->type(KEY_CAPSLOCK);
     this->type(KEY_ESC);
@@ -160,7 +160,7 @@ TYPED_TEST(RealKeys, CapsLockMakesEscapeRecordableAndAddsNoModifiers) {
 }
 
 // The window manager reserves Alt+F4 and closes the window when it is pressed.
-class DesktopKeysOnX11 : public RealKeys<TypingXServer> {
+class X11DesktopKeysTest : public RealKeysTest<TypingXServer> {
 protected:
     std::unique_ptr<Program> anotherWindow() {
         auto other =
@@ -189,7 +189,7 @@ protected:
     }
 };
 
-TEST_F(DesktopKeysOnX11, AreRecordedAndGivenBack) {
+TEST_F(X11DesktopKeysTest, AreRecordedAndThenReleased) {
     record();
     typeAltF4();
     expectRecorded("118 80000");
@@ -197,7 +197,7 @@ TEST_F(DesktopKeysOnX11, AreRecordedAndGivenBack) {
     expectClosed(*window);
 }
 
-TEST_F(DesktopKeysOnX11, AreGivenBackOnceRecordingIsCancelled) {
+TEST_F(X11DesktopKeysTest, AreReleasedWhenRecordingIsCancelled) {
     record();
     type(KEY_ESC);
     expect("stopped");
@@ -205,7 +205,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackOnceRecordingIsCancelled) {
     expectClosed(*window);
 }
 
-TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndCapturedAfterwards) {
+TEST_F(X11DesktopKeysTest, AreReleasedWhileAnotherWindowHasFocusAndGrabbedAgainAfterwards) {
     record();
     const auto other = anotherWindow();
     typeAltF4();
@@ -215,7 +215,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackWhileAnotherWindowHasTheFocusAndCapturedAft
     expectRecorded("118 80000");
 }
 
-TEST_F(DesktopKeysOnX11, AreGivenBackWhenTheProgramExits) {
+TEST_F(X11DesktopKeysTest, AreReleasedWhenTheProgramExits) {
     const auto other = anotherWindow();
     other->writeLine("record");
     EXPECT_EQ(other->nextLine(), "recording");
@@ -226,7 +226,7 @@ TEST_F(DesktopKeysOnX11, AreGivenBackWhenTheProgramExits) {
 }
 
 // Space clicks the focused button; when Space is released, recording begins.
-TYPED_TEST(RealKeys, TheSpaceThatClicksTheButtonIsNotRecorded) {
+TYPED_TEST(RealKeysTest, SpaceThatClicksTheButtonIsNotRecorded) {
     this->type(KEY_SPACE);
     this->expect("recording");
     this->type(KEY_SPACE);

@@ -33,9 +33,9 @@ constexpr std::uint64_t ctrlSuper = modifier::control | modifier::command;
 
 // The editor's row in a window of the sheet's size. The window records each key that no control
 // accepted.
-class Chooser : public testing::Test {
+class ShortcutChooserTest : public testing::Test {
 protected:
-    Chooser() {
+    ShortcutChooserTest() {
         setUsualKeyboard(KeyboardKind::pc);
         window.resize(460, 560);
         auto* column = new QVBoxLayout(&window);
@@ -48,7 +48,7 @@ protected:
         window.show();
         EXPECT_TRUE(test::waitForWindowActive(&window));
     }
-    ~Chooser() override { setUsualKeyboard(KeyboardKind::apple); }
+    ~ShortcutChooserTest() override { setUsualKeyboard(KeyboardKind::apple); }
 
     QToolButton& opener() const { return kit::find<QToolButton>(window, "chooseShortcut"); }
     void open() const { QTest::mouseClick(&opener(), Qt::LeftButton); }
@@ -71,7 +71,7 @@ protected:
     std::vector<KeyShortcut> recorded;
 };
 
-TEST_F(Chooser, ComposesAShortcutFromKeysThatCannotBePressed) {
+TEST_F(ShortcutChooserTest, ComposesAShortcutFromKeysThatCannotBePressed) {
     open();
     ASSERT_TRUE(isOpen());
     EXPECT_EQ(window.focusWidget(), &field());
@@ -89,7 +89,7 @@ TEST_F(Chooser, ComposesAShortcutFromKeysThatCannotBePressed) {
     EXPECT_THAT(window.presses(), IsEmpty()) << "Return does not save the sheet";
 }
 
-TEST_F(Chooser, OpensWithTheCurrentShortcut) {
+TEST_F(ShortcutChooserTest, OpensWithTheCurrentShortcut) {
     recorder->setShortcut(
         KeyShortcut{.keyCode = 124, .modifiers = modifier::option | modifier::command});
     open();
@@ -101,7 +101,7 @@ TEST_F(Chooser, OpensWithTheCurrentShortcut) {
     EXPECT_TRUE(list().viewport()->rect().intersects(list().visualRect(list().currentIndex())));
 }
 
-TEST_F(Chooser, ToggleChangesAShortcutWithAKeyAtOnce) {
+TEST_F(ShortcutChooserTest, ToggleChangesACompleteShortcutAtOnce) {
     recorder->setShortcut(KeyShortcut{.keyCode = 124, .modifiers = modifier::option});
     open();
     QTest::mouseClick(&toggle("Shift"), Qt::LeftButton);
@@ -117,7 +117,7 @@ TEST_F(Chooser, ToggleChangesAShortcutWithAKeyAtOnce) {
         << "Escape's release only: nothing is cancelled";
 }
 
-TEST_F(Chooser, AClickChoosesAKey) {
+TEST_F(ShortcutChooserTest, ClickSelectsAKey) {
     open();
     type("keypad 7");
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
@@ -126,7 +126,7 @@ TEST_F(Chooser, AClickChoosesAKey) {
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(Chooser, AnExactNameIsMarkedBeforeNamesThatContainIt) {
+TEST_F(ShortcutChooserTest, ExactNameIsHighlightedBeforePartialMatches) {
     open();
     for (const auto& [typed, expected] : {std::pair("k", "K"),
                                           {"1", "1"},
@@ -139,7 +139,7 @@ TEST_F(Chooser, AnExactNameIsMarkedBeforeNamesThatContainIt) {
     }
 }
 
-TEST_F(Chooser, FieldDoesNotMoveWhileTheListShrinks) {
+TEST_F(ShortcutChooserTest, FieldDoesNotMoveWhileTheListShrinks) {
     open();
     const int height = kit::find<QWidget>(window, "shortcutChooser").height();
     const int listHeight = list().height();
@@ -148,7 +148,7 @@ TEST_F(Chooser, FieldDoesNotMoveWhileTheListShrinks) {
     EXPECT_EQ(kit::find<QWidget>(window, "shortcutChooser").minimumHeight(), height);
 }
 
-TEST_F(Chooser, TabMovesThroughTheTogglesIntoTheListAndOut) {
+TEST_F(ShortcutChooserTest, TabMovesThroughTheTogglesIntoTheListAndOut) {
     open();
     key(Qt::Key_Backtab);
     EXPECT_EQ(window.focusWidget(), &toggle("Super"));
@@ -171,7 +171,7 @@ TEST_F(Chooser, TabMovesThroughTheTogglesIntoTheListAndOut) {
     EXPECT_EQ(window.focusWidget(), &opener());
 }
 
-TEST_F(Chooser, ReturnOnAToggleClosesAndDoesNotReachTheSheet) {
+TEST_F(ShortcutChooserTest, ReturnOnAToggleClosesAndDoesNotReachTheSheet) {
     open();
     key(Qt::Key_Backtab);
     key(Qt::Key_Return);
@@ -179,7 +179,7 @@ TEST_F(Chooser, ReturnOnAToggleClosesAndDoesNotReachTheSheet) {
     EXPECT_THAT(window.presses(), IsEmpty()) << "Return does not save the sheet";
 }
 
-TEST_F(Chooser, EndsARecordingWhenItOpens) {
+TEST_F(ShortcutChooserTest, OpeningStopsTheRecording) {
     recorder->startRecording();
     open();
     EXPECT_FALSE(recorder->isRecording());
@@ -187,19 +187,19 @@ TEST_F(Chooser, EndsARecordingWhenItOpens) {
     EXPECT_EQ(field().text(), "q");
 }
 
-TEST_F(Chooser, ASecondClickOnItsButtonClosesIt) {
+TEST_F(ShortcutChooserTest, SecondClickOnTheButtonClosesTheChooser) {
     open();
     open();
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(Chooser, ClosesWhenTheRecorderIsHidden) {
+TEST_F(ShortcutChooserTest, ClosesWhenTheRecorderIsHidden) {
     open();
     recorder->hide();
     EXPECT_FALSE(isOpen());
 }
 
-TEST_F(Chooser, ClosesWhenTheRecorderIsDestroyed) {
+TEST_F(ShortcutChooserTest, ClosesWhenTheRecorderIsDestroyed) {
     open();
     delete recorder;
     EXPECT_FALSE(isOpen());
@@ -207,7 +207,7 @@ TEST_F(Chooser, ClosesWhenTheRecorderIsDestroyed) {
         test::waitFor([this] { return window.findChild<QWidget*>("shortcutChooser") == nullptr; }));
 }
 
-TEST_F(Chooser, HasItsTextsInBothLanguages) {
+TEST_F(ShortcutChooserTest, TextsExistInBothLanguages) {
     EXPECT_EQ(opener().accessibleName(), "Choose the keys from a list");
     open();
     EXPECT_EQ(field().placeholderText(), "Search keys");
@@ -226,7 +226,7 @@ TEST_F(Chooser, HasItsTextsInBothLanguages) {
     EXPECT_EQ(marked(), "小键盘 7") << "the other language's names are found, too";
 }
 
-TEST_F(Chooser, TogglesExposeTheirCheckedState) {
+TEST_F(ShortcutChooserTest, TogglesExposeTheirCheckedState) {
     recorder->setShortcut(KeyShortcut{.keyCode = 0, .modifiers = modifier::option});
     open();
     for (const auto& [name, isOn] : {std::pair("Ctrl", false), {"Alt", true}}) {

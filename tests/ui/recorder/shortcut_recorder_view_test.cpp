@@ -53,9 +53,9 @@ struct Held {
     std::uint64_t stored;
 };
 
-class Recorder : public testing::Test {
+class ShortcutRecorderViewTest : public testing::Test {
 protected:
-    Recorder() {
+    ShortcutRecorderViewTest() {
         Theme::shared().applyTo(*qApp);
         recorder = new ShortcutRecorderView(keys, lang);
         auto* column = new QVBoxLayout(&window);
@@ -96,7 +96,7 @@ protected:
     std::vector<KeyShortcut> recorded;
 };
 
-TEST_F(Recorder, ClickStartsAndTheNextKeyIsTheShortcut) {
+TEST_F(ShortcutRecorderViewTest, ClickStartsRecordingAndTheNextKeyIsTheShortcut) {
     EXPECT_FALSE(recorder->isRecording());
     click();
     EXPECT_TRUE(recorder->isRecording());
@@ -107,7 +107,7 @@ TEST_F(Recorder, ClickStartsAndTheNextKeyIsTheShortcut) {
     EXPECT_THAT(window.keys(), IsEmpty());
 }
 
-TEST_F(Recorder, RecordsOnlyOneKey) {
+TEST_F(ShortcutRecorderViewTest, RecordsOnlyOneKey) {
     click();
     typist.type(a);
     typist.type(escape);
@@ -115,13 +115,13 @@ TEST_F(Recorder, RecordsOnlyOneKey) {
     EXPECT_EQ(window.keys().size(), 2U) << "the window receives the second key";
 }
 
-TEST_F(Recorder, RecordsNothingBeforeItsStart) {
+TEST_F(ShortcutRecorderViewTest, RecordsNothingBeforeStart) {
     typist.type(a);
     EXPECT_THAT(recorded, IsEmpty());
     EXPECT_EQ(recorder->shortcut(), std::nullopt);
 }
 
-TEST_F(Recorder, OnlyTheHeldModifiersAreStored) {
+TEST_F(ShortcutRecorderViewTest, OnlyTheHeldModifiersAreStored) {
     expectRecorded(
         a, 0,
         {
@@ -140,7 +140,7 @@ TEST_F(Recorder, OnlyTheHeldModifiersAreStored) {
         });
 }
 
-TEST_F(Recorder, AcceptsAnyKeyEvenWithoutModifiers) {
+TEST_F(ShortcutRecorderViewTest, AcceptsAnyKeyEvenWithoutModifiers) {
     struct Row {
         const char* what;
         Key key;
@@ -173,7 +173,7 @@ TEST_F(Recorder, AcceptsAnyKeyEvenWithoutModifiers) {
     }
 }
 
-TEST_F(Recorder, EscapeAloneCancelsAndKeepsTheShortcut) {
+TEST_F(ShortcutRecorderViewTest, EscapeAloneCancelsAndKeepsTheShortcut) {
     recorder->setShortcut(before);
     click();
     typist.type(escape);
@@ -183,7 +183,7 @@ TEST_F(Recorder, EscapeAloneCancelsAndKeepsTheShortcut) {
     EXPECT_THAT(window.keys(), IsEmpty()) << "nor does it close the sheet";
 }
 
-TEST_F(Recorder, EscapeWithAModifierIsRecorded) {
+TEST_F(ShortcutRecorderViewTest, EscapeWithAModifierIsRecorded) {
     expectRecorded(escape, 53,
                    {
                        {"Shift", Qt::ShiftModifier, 0x1, 0x20000},
@@ -194,7 +194,7 @@ TEST_F(Recorder, EscapeWithAModifierIsRecorded) {
                    });
 }
 
-TEST_F(Recorder, NumLockDoesNotKeepEscapeFromCancelling) {
+TEST_F(ShortcutRecorderViewTest, EscapeCancelsEvenWithNumLockOn) {
     click();
     typist.nativeModifiers = numLockOn;
     typist.type(escape);
@@ -202,7 +202,7 @@ TEST_F(Recorder, NumLockDoesNotKeepEscapeFromCancelling) {
     EXPECT_THAT(recorded, IsEmpty());
 }
 
-TEST_F(Recorder, ModifierKeysAloneRecordNothing) {
+TEST_F(ShortcutRecorderViewTest, ModifierKeysAloneRecordNothing) {
     const Key modifierKeys[] = {
         {KEY_LEFTSHIFT, Qt::Key_Shift},   {KEY_RIGHTSHIFT, Qt::Key_Shift},
         {KEY_LEFTCTRL, Qt::Key_Control},  {KEY_RIGHTCTRL, Qt::Key_Control},
@@ -224,7 +224,7 @@ TEST_F(Recorder, ModifierKeysAloneRecordNothing) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0x40000}));
 }
 
-TEST_F(Recorder, KeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextKeyIsRecorded) {
+TEST_F(ShortcutRecorderViewTest, KeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextKeyIsRecorded) {
     click();
     typist.type({KEY_PLAYPAUSE, Qt::Key_MediaTogglePlayPause});
     typist.type({0, Qt::Key_A, "a"});
@@ -236,7 +236,7 @@ TEST_F(Recorder, KeyWithoutAVirtualKeyCodeIsSwallowedAndTheNextKeyIsRecorded) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 0, .modifiers = 0}));
 }
 
-TEST_F(Recorder, EveryKeyIsRecordedExceptModifiers) {
+TEST_F(ShortcutRecorderViewTest, EveryKeyIsRecordedExceptModifiers) {
     for (const KeyCodePair& pair : keyCodePairs()) {
         if (pair.keyCode >= 54 && pair.keyCode <= 63) {
             continue;
@@ -250,7 +250,7 @@ TEST_F(Recorder, EveryKeyIsRecordedExceptModifiers) {
     }
 }
 
-TEST_F(Recorder, SpaceStartsTheRecordingWithoutBeingRecorded) {
+TEST_F(ShortcutRecorderViewTest, SpaceStartsTheRecordingWithoutBeingRecorded) {
     typist.press(space);
     typist.repeat(space);
     typist.release(space);
@@ -260,7 +260,7 @@ TEST_F(Recorder, SpaceStartsTheRecordingWithoutBeingRecorded) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 49, .modifiers = 0}));
 }
 
-TEST_F(Recorder, RecordedSpaceDoesNotStartAgain) {
+TEST_F(ShortcutRecorderViewTest, RecordedSpaceDoesNotRestartTheRecording) {
     click();
     typist.press(space);
     typist.repeat(space);
@@ -269,7 +269,7 @@ TEST_F(Recorder, RecordedSpaceDoesNotStartAgain) {
     EXPECT_EQ(recorded.size(), 1U);
 }
 
-TEST_F(Recorder, KeyHeldBeforeTheStartIsNotRecorded) {
+TEST_F(ShortcutRecorderViewTest, KeyHeldBeforeStartIsNotRecorded) {
     typist.press(returnKey);
     recorder->startRecording();
     typist.repeat(returnKey);
@@ -281,7 +281,7 @@ TEST_F(Recorder, KeyHeldBeforeTheStartIsNotRecorded) {
     EXPECT_THAT(recorded, ElementsAre(KeyShortcut{.keyCode = 36, .modifiers = 0}));
 }
 
-TEST_F(Recorder, HoldingTheRecordedKeyDoesNotReachTheSheet) {
+TEST_F(ShortcutRecorderViewTest, HoldingTheRecordedKeyDoesNotReachTheSheet) {
     for (const Key& key : {returnKey, escape}) {
         click();
         typist.press(key);
@@ -293,7 +293,7 @@ TEST_F(Recorder, HoldingTheRecordedKeyDoesNotReachTheSheet) {
     }
 }
 
-TEST_F(Recorder, ButtonStopsTheRecordingAndKeepsTheShortcut) {
+TEST_F(ShortcutRecorderViewTest, ButtonStopsTheRecordingAndKeepsTheShortcut) {
     recorder->setShortcut(before);
     click();
     click();
@@ -304,7 +304,7 @@ TEST_F(Recorder, ButtonStopsTheRecordingAndKeepsTheShortcut) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, SecondStartIsIgnored) {
+TEST_F(ShortcutRecorderViewTest, SecondStartIsIgnored) {
     recorder->startRecording();
     recorder->startRecording();
     typist.type(a);
@@ -314,7 +314,7 @@ TEST_F(Recorder, SecondStartIsIgnored) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, StopIsIgnoredWhileIdle) {
+TEST_F(ShortcutRecorderViewTest, StopIsIgnoredWhileIdle) {
     recorder->setShortcut(before);
     recorder->stopRecording();
     EXPECT_EQ(recorder->shortcut(), before);
@@ -322,7 +322,7 @@ TEST_F(Recorder, StopIsIgnoredWhileIdle) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, HidingRemovesTheMonitor) {
+TEST_F(ShortcutRecorderViewTest, HidingRemovesTheMonitor) {
     click();
     recorder->hide();
     EXPECT_FALSE(recorder->isRecording());
@@ -333,7 +333,7 @@ TEST_F(Recorder, HidingRemovesTheMonitor) {
     EXPECT_FALSE(recorder->isRecording());
 }
 
-TEST_F(Recorder, HidingForgetsCapturedPresses) {
+TEST_F(ShortcutRecorderViewTest, HidingForgetsCapturedPresses) {
     click();
     typist.press(a);
     recorder->hide();
@@ -341,7 +341,7 @@ TEST_F(Recorder, HidingForgetsCapturedPresses) {
     EXPECT_EQ(window.keys().size(), 1U);
 }
 
-TEST_F(Recorder, DestructionRemovesTheMonitor) {
+TEST_F(ShortcutRecorderViewTest, DestructionRemovesTheMonitor) {
     click();
     delete recorder;
     typist.type(a);
@@ -349,7 +349,7 @@ TEST_F(Recorder, DestructionRemovesTheMonitor) {
     EXPECT_EQ(window.keys().size(), 2U);
 }
 
-TEST_F(Recorder, DisablingStopsTheRecording) {
+TEST_F(ShortcutRecorderViewTest, DisablingStopsTheRecording) {
     click();
     recorder->setEnabled(false);
     EXPECT_FALSE(recorder->isRecording());
@@ -357,7 +357,7 @@ TEST_F(Recorder, DisablingStopsTheRecording) {
     EXPECT_THAT(recorded, IsEmpty());
 }
 
-TEST_F(Recorder, CapturesAKeyPressInAnyWindowOfTheProgram) {
+TEST_F(ShortcutRecorderViewTest, CapturesAKeyPressInAnyWindowOfTheProgram) {
     KeyLog other;
     other.show();
     click();
@@ -366,7 +366,7 @@ TEST_F(Recorder, CapturesAKeyPressInAnyWindowOfTheProgram) {
     EXPECT_THAT(other.keys(), IsEmpty());
 }
 
-TEST_F(Recorder, ShowsItsStateInBothLanguagesAtOnce) {
+TEST_F(ShortcutRecorderViewTest, ShowsItsStateInBothLanguagesAtOnce) {
     const auto expectTexts = [&](const char* labelText, const char* buttonText) {
         EXPECT_EQ(recorder->findChild<QLabel*>()->text(), labelText);
         EXPECT_EQ(button().text(), buttonText);
@@ -392,7 +392,7 @@ TEST_F(Recorder, ShowsItsStateInBothLanguagesAtOnce) {
     expectTexts("Shortcut", "Click to record");
 }
 
-TEST_F(Recorder, SetShortcutDoesNotCallOnRecord) {
+TEST_F(ShortcutRecorderViewTest, SetShortcutDoesNotCallOnRecord) {
     recorder->setShortcut(before);
     EXPECT_EQ(recorder->shortcut(), before);
     EXPECT_THAT(recorded, IsEmpty());
@@ -400,7 +400,7 @@ TEST_F(Recorder, SetShortcutDoesNotCallOnRecord) {
 }
 
 // Subtracts the button's padding on both sides and the room for the focus ring.
-TEST_F(Recorder, ButtonLabelIsAtLeast160PointsWide) {
+TEST_F(ShortcutRecorderViewTest, ButtonLabelIsAtLeast160PointsWide) {
     constexpr int aroundLabel = 2 * (14 + style::ringMargin);
     EXPECT_GE(button().width(), 160 + aroundLabel);
     lang.setCode("zh");
@@ -409,7 +409,7 @@ TEST_F(Recorder, ButtonLabelIsAtLeast160PointsWide) {
     EXPECT_GE(button().minimumWidth(), 160 + aroundLabel);
 }
 
-TEST_F(Recorder, ButtonKeepsItsWidthWithEveryText) {
+TEST_F(ShortcutRecorderViewTest, ButtonKeepsItsWidthWithEveryText) {
     for (const char* const code : {"en", "zh"}) {
         lang.setCode(code);
         const int width = button().minimumWidth();
@@ -423,11 +423,11 @@ TEST_F(Recorder, ButtonKeepsItsWidthWithEveryText) {
     }
 }
 
-TEST_F(Recorder, LabelIsTheBuddyOfTheButton) {
+TEST_F(ShortcutRecorderViewTest, LabelIsTheBuddyOfTheButton) {
     EXPECT_EQ(recorder->findChild<QLabel*>()->buddy(), &button());
 }
 
-TEST_F(Recorder, ShowsModifiersWhileTheyAreHeld) {
+TEST_F(ShortcutRecorderViewTest, ShowsModifiersWhileTheyAreHeld) {
     const Key control{KEY_LEFTCTRL, Qt::Key_Control};
     const Key alt{KEY_LEFTALT, Qt::Key_Alt};
     click();
@@ -447,7 +447,7 @@ TEST_F(Recorder, ShowsModifiersWhileTheyAreHeld) {
     EXPECT_EQ(button().text(), "A");
 }
 
-TEST_F(Recorder, HasAnAccentRingAndTintWhileRecording) {
+TEST_F(ShortcutRecorderViewTest, HasAnAccentRingAndTintWhileRecording) {
     const auto countAccent = [&] {
         const QImage picture = button().grab().toImage();
         const QColor accent = Theme::shared().color(Role::accent);
@@ -469,7 +469,7 @@ TEST_F(Recorder, HasAnAccentRingAndTintWhileRecording) {
     EXPECT_EQ(countAccent(), 0);
 }
 
-TEST_F(Recorder, HasASpokenAccessibleName) {
+TEST_F(ShortcutRecorderViewTest, AccessibleNameSpellsOutTheShortcut) {
     recorder->setShortcut(before);
     EXPECT_EQ(button().accessibleName(), "Option Command Right Arrow");
     EXPECT_EQ(button().toolTip(), "");
@@ -493,9 +493,9 @@ private:
     QWindow*& current;
 };
 
-class DesktopsKeys : public testing::Test {
+class DesktopKeysTest : public testing::Test {
 protected:
-    DesktopsKeys() {
+    DesktopKeysTest() {
         auto* column = new QVBoxLayout(&window);
         recorder = new ShortcutRecorderView(keys, lang);
         column->addWidget(recorder);
@@ -512,7 +512,7 @@ protected:
     kit::Typist typist{window};
 };
 
-TEST_F(DesktopsKeys, AreCapturedForTheWindowWhileItRecords) {
+TEST_F(DesktopKeysTest, AreGrabbedForTheWindowWhileRecording) {
     EXPECT_EQ(captureWindow, nullptr);
     recorder->startRecording();
     EXPECT_EQ(captureWindow, window.windowHandle());
@@ -522,7 +522,7 @@ TEST_F(DesktopsKeys, AreCapturedForTheWindowWhileItRecords) {
     EXPECT_EQ(captureWindow, nullptr);
 }
 
-TEST_F(DesktopsKeys, AreGivenBackWhenRecordingEndsInAnyWay) {
+TEST_F(DesktopKeysTest, AreReleasedWheneverRecordingEnds) {
     const std::pair<const char*, std::function<void()>> ends[] = {
         {"Escape",
          [this] {
@@ -555,13 +555,13 @@ TEST_F(DesktopsKeys, AreGivenBackWhenRecordingEndsInAnyWay) {
     }
 }
 
-TEST_F(DesktopsKeys, AreGivenBackWhenTheRecorderIsDestroyed) {
+TEST_F(DesktopKeysTest, AreReleasedWhenTheRecorderIsDestroyed) {
     recorder->startRecording();
     delete recorder;
     EXPECT_EQ(captureWindow, nullptr);
 }
 
-TEST_F(DesktopsKeys, AreGivenBackWhileAnotherWindowIsActive) {
+TEST_F(DesktopKeysTest, AreReleasedWhileAnotherWindowIsActive) {
     recorder->startRecording();
     QWidget other;
     other.show();
@@ -575,7 +575,7 @@ TEST_F(DesktopsKeys, AreGivenBackWhileAnotherWindowIsActive) {
 }
 
 // A screen locker needs exclusive access to the keyboard.
-TEST_F(DesktopsKeys, AreGivenBackAfterTheTimeLimitWhileRecordingContinues) {
+TEST_F(DesktopKeysTest, AreReleasedAfterTheTimeoutWhileRecordingContinues) {
     recorder->setMaxCaptureTime(std::chrono::milliseconds(1));
     recorder->startRecording();
     EXPECT_TRUE(test::waitFor([this] { return captureWindow == nullptr; }));

@@ -16,7 +16,7 @@ protected:
     const Theme& theme = Theme::shared();
 };
 
-TEST_F(ActivityFooterTest, ShowsAnInvitationUntilTheFirstGesture) {
+TEST_F(ActivityFooterTest, ShowsAHintUntilTheFirstGesture) {
     stage.open();
     EXPECT_EQ(stage.text("footerGesture"), "Try drawing a circle on the trackpad…");
     EXPECT_EQ(colorOf("footerGesture"), theme.color(Role::secondary));
@@ -36,7 +36,7 @@ TEST_F(ActivityFooterTest, ShowsGestureActionAndApplication) {
     EXPECT_EQ(colorOf("footerApplication"), theme.color(Role::secondary));
 }
 
-TEST_F(ActivityFooterTest, GestureWithoutBindingOrApplicationSaysSo) {
+TEST_F(ActivityFooterTest, ShowsThatNoBindingMatched) {
     stage.open();
     stage.recognise(GestureType::pinchIn);
     EXPECT_EQ(stage.text("footerGesture"), "Last gesture: Pinch In");
@@ -49,7 +49,7 @@ TEST_F(ActivityFooterTest, GestureWithoutBindingOrApplicationSaysSo) {
 }
 
 // The gesture's name follows the language; the action keeps the text that it had when it ran.
-TEST_F(ActivityFooterTest, ActionKeepsTheLanguageOfItsRun) {
+TEST_F(ActivityFooterTest, ActionTextIsNotTranslatedLater) {
     stage.open();
     stage.recognise(GestureType::drawCircle);
     stage.choose("zh");
@@ -57,7 +57,7 @@ TEST_F(ActivityFooterTest, ActionKeepsTheLanguageOfItsRun) {
     EXPECT_EQ(stage.text("footerAction"), "→ Lock Screen");
 }
 
-TEST_F(ActivityFooterTest, OnlyTheNewestIsShown) {
+TEST_F(ActivityFooterTest, ShowsOnlyTheNewestGesture) {
     stage.open();
     stage.recognise(GestureType::drawCircle, "Files");
     stage.recognise(GestureType::pinchOut);
@@ -74,7 +74,7 @@ TEST_F(ActivityFooterTest, WorksWithoutBindings) {
     EXPECT_EQ(empty.text("footerApplication"), "@ Files");
 }
 
-TEST_F(ActivityFooterTest, IsASmallLinePaddedByEight) {
+TEST_F(ActivityFooterTest, UsesCaptionFontWithPaddingOfEight) {
     stage.open();
     stage.recognise(GestureType::drawCircle, "Files");
     for (const char* name : {"footerGesture", "footerAction", "footerApplication"}) {

@@ -14,7 +14,7 @@
 namespace glidemap {
 namespace {
 
-class AssistanceTest : public testing::Test {
+class SettingsAccessibilityTest : public testing::Test {
 protected:
     void SetUp() override { stage.open(); }
 
@@ -31,7 +31,7 @@ protected:
          test::bound(GestureType::pinchIn, MissionControl{}, AppScope{"org.example", "Writer"})}};
 };
 
-TEST_F(AssistanceTest, BindingsAreAListOfItems) {
+TEST_F(SettingsAccessibilityTest, BindingsAreListItems) {
     EXPECT_EQ(list().role(), QAccessible::List);
     EXPECT_EQ(list().text(QAccessible::Name), "Bindings");
     ASSERT_EQ(list().childCount(), 2);
@@ -47,7 +47,7 @@ TEST_F(AssistanceTest, BindingsAreAListOfItems) {
     EXPECT_EQ(list().child(2), nullptr);
 }
 
-TEST_F(AssistanceTest, SelectedItemHasTheFocusOfTheList) {
+TEST_F(SettingsAccessibilityTest, SelectedItemHasTheListFocus) {
     stage.find("bindingList")->setFocus(Qt::TabFocusReason);
     stage.pressKey(Qt::Key_Down);
     EXPECT_FALSE(list().child(0)->state().selected);
@@ -56,7 +56,7 @@ TEST_F(AssistanceTest, SelectedItemHasTheFocusOfTheList) {
     EXPECT_EQ(list().focusChild(), list().child(1));
 }
 
-TEST_F(AssistanceTest, OnlyOneObjectHasTheFocus) {
+TEST_F(SettingsAccessibilityTest, OnlyOneObjectHasTheFocus) {
     stage.find("bindingList")->setFocus(Qt::TabFocusReason);
     const auto focused = [&] {
         int count = list().state().focused ? 1 : 0;
@@ -77,7 +77,7 @@ TEST_F(AssistanceTest, OnlyOneObjectHasTheFocus) {
     EXPECT_EQ(focused(), 0);
 }
 
-TEST_F(AssistanceTest, EachOfManyBindingsHasItsPositionAndTheTotal) {
+TEST_F(SettingsAccessibilityTest, EachBindingReportsItsPositionAndTheTotal) {
     stage.store->setBindings(test::manyBindings(200));
     ASSERT_EQ(list().childCount(), 200);
     for (const int index : {0, 1, 100, 199}) {
@@ -101,7 +101,7 @@ TEST_F(AssistanceTest, EachOfManyBindingsHasItsPositionAndTheTotal) {
     EXPECT_FALSE(last->isValid() && last->object() == nullptr);
 }
 
-TEST_F(AssistanceTest, DisabledBindingIsDescribedAsOff) {
+TEST_F(SettingsAccessibilityTest, DisabledBindingIsDescribedAsOff) {
     stage.clickInRow(0, "enabled");
     EXPECT_EQ(list().child(0)->text(QAccessible::Name),
               "Three-Finger Tap, Shortcut Command W, Global, off");
@@ -109,7 +109,7 @@ TEST_F(AssistanceTest, DisabledBindingIsDescribedAsOff) {
     EXPECT_EQ(list().child(0)->text(QAccessible::Name), "三指轻点，快捷键 Command W，全局，已关闭");
 }
 
-TEST_F(AssistanceTest, ShadowedBindingIsDescribedWithTheReason) {
+TEST_F(SettingsAccessibilityTest, ShadowedBindingIsDescribedWithTheReason) {
     BindingList twice{test::bound(GestureType::pinchIn), test::bound(GestureType::pinchIn)};
     stage.store->setBindings(twice);
     EXPECT_EQ(list().child(0)->text(QAccessible::Description), "");
@@ -136,7 +136,7 @@ void expectNoFrameInside(QAccessibleInterface& of) {
     }
 }
 
-TEST_F(AssistanceTest, WindowIsOneObjectAndContainsNoFrames) {
+TEST_F(SettingsAccessibilityTest, WindowAndNoticesHaveTheirRolesWithoutExtraFrames) {
     stage.trust->trusted = false;
     stage.helper->become(DesktopHelper::State::missing);
     stage.publish("2.0.0");
@@ -161,7 +161,7 @@ public:
 };
 
 // A changed name might cause a screen reader to read the whole window after each gesture.
-TEST_F(AssistanceTest, GestureChangesNoAccessibleName) {
+TEST_F(SettingsAccessibilityTest, RecognisedGestureChangesNoAccessibleName) {
     TitleCounter counter;
     stage.row(0)->findChild<QWidget*>("preview")->installEventFilter(&counter);
     stage.find("launchAtLogin")->installEventFilter(&counter);
@@ -172,7 +172,7 @@ TEST_F(AssistanceTest, GestureChangesNoAccessibleName) {
     EXPECT_EQ(counter.titles, 2);
 }
 
-TEST_F(AssistanceTest, NamesOfARowsControlsIncludeItsGesture) {
+TEST_F(SettingsAccessibilityTest, NamesOfRowControlsIncludeTheGesture) {
     EXPECT_EQ(nameInRow(0, "enabled"), "Enable Three-Finger Tap");
     EXPECT_EQ(nameInRow(0, "preview"), "Show gesture demo: Three-Finger Tap");
     EXPECT_EQ(nameInRow(1, "edit"), "Edit Pinch In");
@@ -185,7 +185,7 @@ TEST_F(AssistanceTest, NamesOfARowsControlsIncludeItsGesture) {
     EXPECT_EQ(list().child(0)->text(QAccessible::Name), "三指轻点，快捷键 Command W，全局");
 }
 
-TEST_F(AssistanceTest, CheckBoxesReportTheirState) {
+TEST_F(SettingsAccessibilityTest, CheckBoxesReportTheirState) {
     QAccessibleInterface& box = described(stage.row(0)->findChild<QWidget*>("enabled"));
     EXPECT_EQ(box.role(), QAccessible::CheckBox);
     EXPECT_TRUE(box.state().checked);
@@ -202,7 +202,7 @@ TEST_F(AssistanceTest, CheckBoxesReportTheirState) {
     EXPECT_EQ(stage.loginItems->attempts, (std::vector<std::string>{"register"}));
 }
 
-TEST_F(AssistanceTest, LanguagePickerHasItsLabel) {
+TEST_F(SettingsAccessibilityTest, LanguagePickerHasALabel) {
     const auto* label = stage.find<QLabel>("languageLabel");
     EXPECT_EQ(label->buddy(), stage.find("language"));
     const auto labels = described(stage.find("language")).relations(QAccessible::Label);
@@ -210,7 +210,7 @@ TEST_F(AssistanceTest, LanguagePickerHasItsLabel) {
     EXPECT_EQ(labels[0].first->text(QAccessible::Name), "Language");
 }
 
-TEST_F(AssistanceTest, EveryFocusableControlHasAName) {
+TEST_F(SettingsAccessibilityTest, EveryFocusableControlHasAName) {
     stage.trust->trusted = false;
     stage.helper->become(DesktopHelper::State::missing);
     stage.publish("2.0.0");
@@ -229,7 +229,7 @@ TEST_F(AssistanceTest, EveryFocusableControlHasAName) {
     }
 }
 
-TEST_F(AssistanceTest, TabFollowsTheReadingOrder) {
+TEST_F(SettingsAccessibilityTest, TabFollowsTheReadingOrder) {
     stage.trust->trusted = false;
     stage.recognise(GestureType::drawCircle); // shows the notice
     QWidget* focus = stage.find("launchAtLogin");
@@ -245,7 +245,7 @@ TEST_F(AssistanceTest, TabFollowsTheReadingOrder) {
 }
 
 // The texts have no mnemonics, so no two mnemonics can collide.
-TEST_F(AssistanceTest, NoTextHasAMnemonic) {
+TEST_F(SettingsAccessibilityTest, NoTextHasAMnemonic) {
     for (const QAbstractButton* button : stage.window().findChildren<QAbstractButton*>()) {
         EXPECT_FALSE(button->text().contains('&')) << button->text().toStdString();
     }

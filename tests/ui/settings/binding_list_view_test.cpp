@@ -52,7 +52,7 @@ protected:
     mutable std::shared_ptr<const BindingList> kept;
 };
 
-TEST_F(BindingListViewTest, ShowsTheBindingsInTheStoresOrder) {
+TEST_F(BindingListViewTest, ShowsBindingsInStoreOrder) {
     open(defaultBindings());
     ASSERT_EQ(stage->rowCount(), 3);
     EXPECT_EQ(stage->rowText(0, "gestureName"), "Draw Circle (any direction)");
@@ -63,7 +63,7 @@ TEST_F(BindingListViewTest, ShowsTheBindingsInTheStoresOrder) {
     EXPECT_FALSE(stage->isShown("emptyState"));
 }
 
-TEST_F(BindingListViewTest, EmptyListShowsAnInvitation) {
+TEST_F(BindingListViewTest, EmptyListShowsTheEmptyState) {
     open({});
     EXPECT_FALSE(list->isVisible());
     EXPECT_EQ(stage->text("emptyStateText"),
@@ -75,7 +75,7 @@ TEST_F(BindingListViewTest, EmptyListShowsAnInvitation) {
     EXPECT_EQ(stage->text("emptyStateText"), "还没有绑定，点右上角「添加绑定」创建一个。");
 }
 
-TEST_F(BindingListViewTest, InvitationFollowsTheNumberOfBindings) {
+TEST_F(BindingListViewTest, EmptyStateFollowsTheNumberOfBindings) {
     open({test::bound(GestureType::drawCircle)});
     stage->clickInRow(0, "delete");
     EXPECT_TRUE(stage->isShown("emptyState"));
@@ -146,7 +146,7 @@ TEST_F(BindingListViewTest, ReturnEditsTheSelectedBinding) {
     }
 }
 
-TEST_F(BindingListViewTest, DeleteDeletesTheSelectedBindingAndSelectsANeighbour) {
+TEST_F(BindingListViewTest, DeleteKeyDeletesTheSelectedBindingAndSelectsANeighbour) {
     open(defaultBindings());
     const BindingList before = stored();
     focusList();
@@ -161,7 +161,7 @@ TEST_F(BindingListViewTest, DeleteDeletesTheSelectedBindingAndSelectsANeighbour)
     EXPECT_TRUE(stage->isShown("emptyState"));
 }
 
-TEST_F(BindingListViewTest, HeldKeyDeletesOnlyOnce) {
+TEST_F(BindingListViewTest, HeldDeleteKeyDeletesOnlyOnce) {
     open(defaultBindings());
     focusList();
     QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, {}, true);
@@ -217,7 +217,7 @@ TEST_F(BindingListViewTest, ArrowKeysReachEveryControlOfManyRowsAndScrollToIt) {
     }
 }
 
-TEST_F(BindingListViewTest, ReturnOnAButtonOfARowPressesTheButton) {
+TEST_F(BindingListViewTest, ReturnOnARowButtonPressesTheButton) {
     open(defaultBindings());
     const BindingList before = stored();
     stage->row(0)->findChild<QWidget*>("delete")->setFocus(Qt::TabFocusReason);
@@ -227,7 +227,7 @@ TEST_F(BindingListViewTest, ReturnOnAButtonOfARowPressesTheButton) {
     EXPECT_TRUE(list->hasFocus()); // the focused row was deleted
 }
 
-TEST_F(BindingListViewTest, ArrowKeysOnAControlOfARowMoveTheSelection) {
+TEST_F(BindingListViewTest, ArrowKeysOnARowControlMoveTheSelection) {
     open(defaultBindings());
     stage->row(1)->findChild<QWidget*>("edit")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Down);
@@ -251,7 +251,7 @@ TEST_F(BindingListViewTest, ToggleKeepsRowsScrollPositionAndSelection) {
     EXPECT_EQ(list->selectedIndex(), Place(21));
 }
 
-TEST_F(BindingListViewTest, DeletionElsewhereChangesNothingElse) {
+TEST_F(BindingListViewTest, DeletingAnotherBindingKeepsRowsSelectionAndScrollPosition) {
     open(test::manyBindings(100));
     bar().setValue(1000);
     list->select(22);
@@ -264,7 +264,7 @@ TEST_F(BindingListViewTest, DeletionElsewhereChangesNothingElse) {
     EXPECT_EQ(bar().value(), 1000);
 }
 
-TEST_F(BindingListViewTest, OpenDemonstrationOutlivesAnEdit) {
+TEST_F(BindingListViewTest, OpenDemonstrationSurvivesAnEdit) {
     open(defaultBindings());
     stage->clickInRow(1, "preview");
     change(0, GestureType::pinchIn);
@@ -326,7 +326,7 @@ TEST_F(BindingListViewTest, BindingsWithTheSameIdentifierHaveSeparateRows) {
     EXPECT_EQ(stage->rowCount(), 1);
 }
 
-TEST_F(BindingListViewTest, ThousandBindingsHaveNoMoreRowsThanAreVisible) {
+TEST_F(BindingListViewTest, CreatesRowsOnlyForVisibleBindings) {
     open(test::manyBindings(1000));
     EXPECT_LE(stage->rowCount(), 20);
     for (int value = 0; value < bar().maximum(); value += 97) {
@@ -349,7 +349,7 @@ TEST_F(BindingListViewTest, FocusedRowKeepsTheFocusWhenScrolledOutOfView) {
     EXPECT_TRUE(isInSight(2));
 }
 
-TEST_F(BindingListViewTest, SelectedRowIsTintedAndHasARingOnlyForKeys) {
+TEST_F(BindingListViewTest, SelectedRowIsTintedAndHasAFocusRingOnlyForKeyboardUse) {
     open(defaultBindings());
     const Theme& theme = Theme::shared();
     const auto edge = [&] {
@@ -418,7 +418,7 @@ TEST_F(BindingListViewTest, LooksDisabledButStaysUsableWhileGesturesAreOff) {
     EXPECT_FALSE(isPale(1));
 }
 
-TEST_F(BindingListViewTest, ThinLinesLieOnlyBetweenTheRows) {
+TEST_F(BindingListViewTest, SeparatorsAppearOnlyBetweenRows) {
     open(defaultBindings());
     const QColor line = Theme::shared().color(Role::separator);
     const QImage picture = stage->window().grab().toImage();
@@ -431,7 +431,7 @@ TEST_F(BindingListViewTest, ThinLinesLieOnlyBetweenTheRows) {
     EXPECT_EQ(lines, 2);
 }
 
-TEST_F(BindingListViewTest, ButtonsOfARowAreFaintUnlessSelectedOrHovered) {
+TEST_F(BindingListViewTest, RowButtonsAreFaintUnlessSelectedOrHovered) {
     open(defaultBindings());
     const auto areFaint = [&](std::size_t index) {
         const auto& edit = kit::find<SymbolButton>(*stage->row(index), "edit");
@@ -458,7 +458,7 @@ TEST_F(BindingListViewTest, ButtonsOfARowAreFaintUnlessSelectedOrHovered) {
     EXPECT_TRUE(areFaint(0));
 }
 
-TEST_F(BindingListViewTest, BadgeUsesTheWidthOfAWideWindow) {
+TEST_F(BindingListViewTest, BadgeGrowsWithTheWindow) {
     const std::string name(60, 'W');
     open({test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", name})});
     const QWidget* const badge = stage->row(0)->findChild<QWidget*>("scopeBadge");

@@ -70,7 +70,7 @@ TEST_F(BindingRowTest, GlobalBindingHasABlueBadge) {
                                 theme.tint(Role::blue, 1), 0.15, theme.color(Role::window)));
 }
 
-TEST_F(BindingRowTest, BindingForOneApplicationHasAPurpleBadgeWithItsName) {
+TEST_F(BindingRowTest, ApplicationBindingHasAPurpleBadgeWithTheApplicationName) {
     show(test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", "Writer"}));
     const Theme& theme = Theme::shared();
     EXPECT_EQ(text("scopeBadge"), "Writer");
@@ -79,7 +79,7 @@ TEST_F(BindingRowTest, BindingForOneApplicationHasAPurpleBadgeWithItsName) {
                                 theme.tint(Role::purple, 1), 0.15, theme.color(Role::window)));
 }
 
-TEST_F(BindingRowTest, ReadsFromLeftToRight) {
+TEST_F(BindingRowTest, ControlsAreOrderedFromLeftToRight) {
     show(test::bound(GestureType::drawCircle));
     const char* const order[] = {"enabled",    "preview", "gestureName",
                                  "scopeBadge", "edit",    "delete"};
@@ -95,7 +95,7 @@ TEST_F(BindingRowTest, ReadsFromLeftToRight) {
     EXPECT_EQ(seen("delete").left(), seen("edit").right() + 1 + 12);
 }
 
-TEST_F(BindingRowTest, SymbolsHaveTheColoursOfTheirMeaning) {
+TEST_F(BindingRowTest, PreviewSymbolIsAccentColouredAndDeleteSymbolIsRed) {
     show(test::bound(GestureType::drawCircle));
     const std::pair<const char*, Role> rows[] = {{"preview", Role::accent}, {"delete", Role::red}};
     for (const auto& [name, role] : rows) {
@@ -138,14 +138,14 @@ TEST_F(BindingRowTest, CheckBoxReportsTheClickAndWaitsForTheStore) {
     EXPECT_EQ(said, (std::vector<std::string>{"toggle off", "toggle on"}));
 }
 
-TEST_F(BindingRowTest, EditAndDeleteCallBackAtOnce) {
+TEST_F(BindingRowTest, EditAndDeleteButtonsCallTheirCallbacks) {
     show(test::bound(GestureType::drawCircle));
     click("edit");
     click("delete");
     EXPECT_EQ(said, (std::vector<std::string>{"edit", "delete"}));
 }
 
-TEST_F(BindingRowTest, DisabledBindingIsDrawnAtHalfStrengthIncludingItsCheckBox) {
+TEST_F(BindingRowTest, DisabledBindingIsDrawnAtHalfOpacityIncludingItsCheckBox) {
     show(test::bound(GestureType::drawCircle, LockScreen{}, AppScope{"org.example", "Writer"}));
     // Samples the strongest pixels: the badge's background and the middle of the check mark.
     const QColor ground = Theme::shared().color(Role::window);
@@ -250,7 +250,7 @@ TEST_F(BindingRowTest, DestroyedRowClosesItsDemonstration) {
         test::waitFor([&] { return window.findChild<QWidget*>("gesturePreview") == nullptr; }));
 }
 
-TEST_F(BindingRowTest, LongNamesAreElidedAndDisplaceNothing) {
+TEST_F(BindingRowTest, LongNamesAreElidedWithoutMovingOtherControls) {
     const std::string name(300, 'W');
     show(test::bound(GestureType::drawCircle, LaunchApp{"org.example", name},
                      AppScope{"org.example", name}));
@@ -259,7 +259,7 @@ TEST_F(BindingRowTest, LongNamesAreElidedAndDisplaceNothing) {
     EXPECT_GT(part("gestureName").width(), 100);
 }
 
-TEST_F(BindingRowTest, AllScriptsGiveTheSameHeight) {
+TEST_F(BindingRowTest, UsualHeightFitsEnglishAndChinese) {
     EXPECT_GE(BindingRow::usualHeight(),
               show(test::bound(GestureType::drawCircle)).minimumSizeHint().height());
     Lang::shared().setCode("zh");

@@ -47,7 +47,7 @@ TEST_F(BindingSelectionTest, FollowsItsBinding) {
     }
 }
 
-TEST_F(BindingSelectionTest, ClosestOfTwinsIsFound) {
+TEST_F(BindingSelectionTest, FindsTheClosestOfBindingsWithTheSameIdentifier) {
     const BindingList twins = listOf({0, 1, 2, 1, 4});
     EXPECT_EQ(closestWithIdentifier(all[1].id, twins, 0), 1);
     EXPECT_EQ(closestWithIdentifier(all[1].id, twins, 3), 3);
@@ -56,7 +56,7 @@ TEST_F(BindingSelectionTest, ClosestOfTwinsIsFound) {
     EXPECT_EQ(closestWithIdentifier(all[5].id, {}, 0), std::nullopt);
 }
 
-TEST_F(BindingSelectionTest, OneAppendedBindingIsDetected) {
+TEST_F(BindingSelectionTest, DetectsASingleAppendedBinding) {
     EXPECT_TRUE(hasGrownByOne(listOf({0, 1}), listOf({0, 1, 2})));
     EXPECT_TRUE(hasGrownByOne({}, listOf({0})));
     EXPECT_FALSE(hasGrownByOne(listOf({0, 1}), listOf({0, 1})));
@@ -64,7 +64,7 @@ TEST_F(BindingSelectionTest, OneAppendedBindingIsDetected) {
     EXPECT_FALSE(hasGrownByOne(listOf({0}), listOf({0, 1, 2})));
 }
 
-TEST_F(BindingSelectionTest, MovementKeysKeepItWithinTheList) {
+TEST_F(BindingSelectionTest, MovementKeysStayWithinTheList) {
     struct Row {
         const char* what;
         int key;

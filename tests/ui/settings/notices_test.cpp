@@ -43,7 +43,7 @@ TEST_F(NoticesTest, NoNoticeIsShownWithoutAProblem) {
     }
 }
 
-TEST_F(NoticesTest, NoticesAreOrderedBetweenTheHeaderAndTheList) {
+TEST_F(NoticesTest, NoticesAppearInOrderBetweenTheHeaderAndTheList) {
     findNoDriver();
     stage.trust->trusted = false;
     stage.loginItems->refusal = "refused";
@@ -110,14 +110,14 @@ TEST_F(NoticesTest, MissingPermissionIsReportedInBothLanguages) {
     EXPECT_EQ(button("permissionNotice").text(), "打开系统设置");
 }
 
-TEST_F(NoticesTest, ButtonOpensTheSystemSettingsAtThePermission) {
+TEST_F(NoticesTest, ButtonOpensThePermissionInTheSystemSettings) {
     stage.trust->trusted = false;
     stage.open();
     clickButton("permissionNotice");
     EXPECT_EQ(stage.workspace->opened, (Opened{"accessibility settings"}));
 }
 
-TEST_F(NoticesTest, GrantedPermissionIsNoticedWithTheNextChange) {
+TEST_F(NoticesTest, GrantedPermissionIsDetectedOnTheNextChange) {
     stage.trust->trusted = false;
     stage.open();
     stage.trust->trusted = true;
@@ -126,7 +126,7 @@ TEST_F(NoticesTest, GrantedPermissionIsNoticedWithTheNextChange) {
     EXPECT_FALSE(stage.isShown("permissionNotice"));
 }
 
-TEST_F(NoticesTest, GrantedPermissionIsNoticedWhenTheWindowIsActivated) {
+TEST_F(NoticesTest, GrantedPermissionIsDetectedWhenTheWindowIsActivated) {
     stage.trust->trusted = false;
     stage.open();
     QWidget other;
@@ -139,7 +139,7 @@ TEST_F(NoticesTest, GrantedPermissionIsNoticedWhenTheWindowIsActivated) {
     EXPECT_FALSE(stage.isShown("permissionNotice"));
 }
 
-TEST_F(NoticesTest, RevokedPermissionIsNoticedWhenTheWindowIsShownAgain) {
+TEST_F(NoticesTest, RevokedPermissionIsDetectedWhenTheWindowIsShownAgain) {
     stage.open();
     stage.window().close();
     stage.trust->trusted = false;
@@ -181,7 +181,7 @@ TEST_F(NoticesTest, LoginItemErrorIsOrangeAndDisappearsWithTheNextSuccess) {
     EXPECT_FALSE(stage.isShown("loginItemError"));
 }
 
-TEST_F(NoticesTest, LoginItemErrorKeepsTheLanguageOfItsAttempt) {
+TEST_F(NoticesTest, LoginItemErrorIsNotTranslatedLater) {
     stage.loginItems->refusal = "Permission denied";
     stage.open();
     stage.click("launchAtLogin");
@@ -241,7 +241,7 @@ TEST_F(NoticesTest, HelperTextsExistInChinese) {
     }
 }
 
-TEST(NoticesTexts, UnknownRunningVersionIsAQuestionMark) {
+TEST(NoticesTextsTest, UnknownRunningVersionIsShownAsAQuestionMark) {
     Notices notices;
     Notices::Content content;
     content.latestVersion = "2.0.0";

@@ -78,7 +78,7 @@ TEST_F(RepaintTest, EditorDoesNotRepaint) {
     expectNothingAtRest();
 }
 
-TEST_F(RepaintTest, ListOfGesturesDoesNotRepaint) {
+TEST_F(RepaintTest, GestureListDoesNotRepaint) {
     stage.open();
     openListOfGestures();
     expectNothingAtRest();
@@ -97,7 +97,7 @@ TEST_F(RepaintTest, RunningDemonstrationRepaintsNoOtherControl) {
     EXPECT_EQ(count.paints.count("bindingRow"), 0U);
 }
 
-TEST_F(RepaintTest, DemonstrationBehindTheListOfGesturesStops) {
+TEST_F(RepaintTest, DemonstrationBehindTheGestureListStops) {
     stage.open();
     openListOfGestures();
     Theme::shared().pinReducedMotion(false);

@@ -110,7 +110,7 @@ TEST_F(SettingsHeaderTest, LanguageNamesAreTheSameInBothLanguages) {
     }
 }
 
-TEST_F(SettingsHeaderTest, ChoiceOfALanguageAppliesAtOnce) {
+TEST_F(SettingsHeaderTest, SelectedLanguageAppliesAtOnce) {
     stage.open();
     stage.choose("zh");
     EXPECT_EQ(Lang::shared().code(), "zh");
@@ -120,7 +120,7 @@ TEST_F(SettingsHeaderTest, ChoiceOfALanguageAppliesAtOnce) {
     EXPECT_EQ(stage.text("title"), "Trackpad Gesture Bindings");
 }
 
-TEST_F(SettingsHeaderTest, UnknownLanguageIsEnglishWithoutAChoice) {
+TEST_F(SettingsHeaderTest, UnknownLanguageShowsEnglishAndSelectsNoEntry) {
     Lang::shared().setCode("fr");
     stage.open();
     EXPECT_EQ(stage.text("title"), "Trackpad Gesture Bindings");
@@ -128,7 +128,7 @@ TEST_F(SettingsHeaderTest, UnknownLanguageIsEnglishWithoutAChoice) {
     EXPECT_EQ(Lang::shared().code(), "fr");
 }
 
-TEST_F(SettingsHeaderTest, SwitchIsTheMasterSwitch) {
+TEST_F(SettingsHeaderTest, SwitchControlsTheMasterSwitch) {
     stage.open();
     const auto* enabled = stage.find<QCheckBox>("enabled");
     EXPECT_TRUE(enabled->isChecked());
@@ -139,7 +139,7 @@ TEST_F(SettingsHeaderTest, SwitchIsTheMasterSwitch) {
     EXPECT_TRUE(enabled->isChecked());
 }
 
-TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemsState) {
+TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemState) {
     stage.loginItems->afterRegistering = LoginItemService::Status::requiresApproval;
     stage.open();
     const auto* launch = stage.find<QCheckBox>("launchAtLogin");
@@ -154,13 +154,13 @@ TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemsState) {
               (std::vector<std::string>{"register", "register", "unregister"}));
 }
 
-TEST_F(SettingsHeaderTest, ItemOfAnEarlierRunShowsAsOn) {
+TEST_F(SettingsHeaderTest, LoginItemOfAnEarlierRunShowsAsOn) {
     stage.loginItems->current = LoginItemService::Status::enabled;
     stage.open();
     EXPECT_TRUE(stage.find<QCheckBox>("launchAtLogin")->isChecked());
 }
 
-TEST_F(SettingsHeaderTest, HasOneLineIfThereIsRoom) {
+TEST_F(SettingsHeaderTest, UsesOneLineIfWideEnough) {
     stage.open({1000, 640});
     EXPECT_EQ(header().arrangement(), Arrangement::oneLine);
     const char* const order[] = {"title",    "launchAtLogin", "languageLabel",
@@ -171,7 +171,7 @@ TEST_F(SettingsHeaderTest, HasOneLineIfThereIsRoom) {
     EXPECT_EQ(rightOf("addBinding"), 1000 - 12);
 }
 
-TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
+TEST_F(SettingsHeaderTest, WrapsControlsInTheSameOrderIfNarrow) {
     stage.open({680, 480});
     ASSERT_EQ(header().arrangement(), Arrangement::controlsBelow);
     const char* const order[] = {"launchAtLogin", "languageLabel", "language", "enabled",
@@ -185,7 +185,7 @@ TEST_F(SettingsHeaderTest, FoldsItsControlsInTheSameOrderIfNarrow) {
 }
 
 // The layout does not depend on the language in which the header was created.
-TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheArrangementAtEveryWidth) {
+TEST_F(SettingsHeaderTest, LanguageChangeKeepsTheLayoutAtEveryWidth) {
     for (const char* const first : {"en", "zh"}) {
         Lang::shared().setCode(first);
         stage.open();
@@ -247,7 +247,7 @@ TEST_F(SettingsHeaderTest, OpenListIsAsWideAsItsWidestEntry) {
     }
 }
 
-TEST_F(SettingsHeaderTest, BothLanguageNamesFitIntoTheirPicker) {
+TEST_F(SettingsHeaderTest, BothLanguageNamesFitIntoThePicker) {
     stage.open();
     const auto& picker = *stage.find<QComboBox>("language");
     QStyleOptionComboBox option;
@@ -261,7 +261,7 @@ TEST_F(SettingsHeaderTest, BothLanguageNamesFitIntoTheirPicker) {
     }
 }
 
-TEST_F(SettingsHeaderTest, HasTwelvePointsOfPaddingAndFourteenOfSpacing) {
+TEST_F(SettingsHeaderTest, HasPaddingOfTwelveAndSpacingOfFourteenPoints) {
     stage.open({1000, 640});
     EXPECT_EQ(leftOf("title"), 12);
     const auto gap = [&](const char* left, const char* right) {
@@ -284,7 +284,7 @@ TEST_F(SettingsHeaderTest, TitleIsLargeAndSubtitleIsSmallAndPale) {
     EXPECT_EQ(subtitle.palette().color(QPalette::WindowText), theme.color(Role::secondary));
 }
 
-TEST_F(SettingsHeaderTest, SystemNotesAddALineToTheTooltipOfLaunchAtLogin) {
+TEST_F(SettingsHeaderTest, SystemNotesAddALineToTheLaunchAtLoginTooltip) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->login = "Here: at your login";
     stage.open();

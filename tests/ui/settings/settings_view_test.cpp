@@ -84,7 +84,7 @@ TEST_F(SettingsViewTest, CommandNAddsABindingInBothLanguages) {
     }
 }
 
-TEST_F(SettingsViewTest, EditorShowsTheSystemsOwnUseOfAGesture) {
+TEST_F(SettingsViewTest, EditorShowsTheSystemFunctionOfAGesture) {
     stage.notes = std::make_shared<test::FakeNotes>();
     stage.notes->swipe = "This desktop swipes, too.";
     stage.notes->swipeInChinese = "此桌面也滑动。";
@@ -103,7 +103,7 @@ TEST_F(SettingsViewTest, EditorShowsTheSystemsOwnUseOfAGesture) {
     EXPECT_FALSE(stage.isShown("systemGesture"));
 }
 
-TEST_F(SettingsViewTest, EditorHasNoSuchLineWithoutNotes) {
+TEST_F(SettingsViewTest, EditorHidesTheSystemFunctionWithoutNotes) {
     stage.open();
     stage.click("addBinding");
     stage.find<QComboBox>("gesturePicker")
@@ -119,7 +119,7 @@ TEST_F(SettingsViewTest, OpenEditorIsNotOpenedAgain) {
     EXPECT_EQ(kit::findAll<Sheet>(stage.window()).size(), 1U);
 }
 
-TEST_F(SettingsViewTest, EditOpensTheEditorForTheRowsBinding) {
+TEST_F(SettingsViewTest, EditButtonOpensTheEditorForTheBindingOfTheRow) {
     const SettingsView& view = open();
     stage.clickInRow(1, "edit");
     EXPECT_TRUE(view.showsEditor());
@@ -147,7 +147,7 @@ TEST_F(SettingsViewTest, DeletionIsStoredAtOnce) {
     EXPECT_EQ(stored(), (BindingList{before[0], before[2]}));
 }
 
-TEST_F(SettingsViewTest, ChangesArePresentAtTheNextLaunch) {
+TEST_F(SettingsViewTest, ChangesSurviveARelaunch) {
     const test::TemporaryFolder folder;
     const auto support = [&] {
         return folder.path();
@@ -162,7 +162,7 @@ TEST_F(SettingsViewTest, ChangesArePresentAtTheNextLaunch) {
     EXPECT_FALSE(next.bindings()->front().enabled);
 }
 
-TEST_F(SettingsViewTest, BindingDeletedDuringItsEditIsAppendedOnSave) {
+TEST_F(SettingsViewTest, BindingDeletedDuringEditingIsAppendedOnSave) {
     const SettingsView& view = open();
     stage.clickInRow(1, "edit");
     const GestureBinding edited = view.editedBinding().value();
@@ -226,7 +226,7 @@ TEST_F(SettingsViewTest, WorksWithoutADesktopHelper) {
     EXPECT_FALSE(stage.isShown("desktopHelperNotice"));
 }
 
-TEST_F(SettingsViewTest, PartsAreOrderedFromTopToBottom) {
+TEST_F(SettingsViewTest, SectionsAreOrderedFromTopToBottom) {
     open();
     int y = -1;
     for (const char* name : {"title", "bindingList", "footer"}) {

@@ -24,7 +24,7 @@ protected:
     test::SettingsStage stage;
 };
 
-TEST_F(SettingsWindowTest, IsCalledGlidemapAndStartsCentredAtItsDefaultSize) {
+TEST_F(SettingsWindowTest, IsTitledGlidemapAndStartsCentredAtItsDefaultSize) {
     const SettingsWindow& window = stage.make();
     EXPECT_EQ(window.windowTitle(), "Glidemap");
     EXPECT_EQ(window.size(), QSize(720, 520));
@@ -39,7 +39,7 @@ TEST_F(SettingsWindowTest, CannotBeSmallerThanItsContent) {
     EXPECT_EQ(window.view().size(), QSize(680, 480));
 }
 
-TEST_F(SettingsWindowTest, ClosingOnlyHidesIt) {
+TEST_F(SettingsWindowTest, ClosingOnlyHidesTheWindow) {
     SettingsWindow& window = open();
     EXPECT_TRUE(window.close());
     EXPECT_FALSE(window.isVisible());
@@ -114,7 +114,7 @@ TEST_F(SettingsWindowTest, MaximisedWindowIsRestoredMaximisedAndKeepsItsNormalPo
     EXPECT_TRUE(stage.make().isMaximized());
 }
 
-TEST_F(SettingsWindowTest, WithoutAGeometryStoreIsCentred) {
+TEST_F(SettingsWindowTest, UsesTheDefaultSizeWithoutAGeometryStore) {
     stage.geometry.reset();
     EXPECT_EQ(open().size(), QSize(720, 520));
     stage.close();

@@ -42,7 +42,7 @@ TEST_F(UndoBarTest, NamesTheDeletedBindingInBothLanguages) {
     EXPECT_TRUE(isOffered());
 }
 
-TEST_F(UndoBarTest, UndoRestoresTheBindingWithItsPlaceAndIdentifier) {
+TEST_F(UndoBarTest, UndoRestoresTheBindingWithItsPositionAndIdentifier) {
     for (std::size_t index = 0; index < all.size(); ++index) {
         deleteRow(index);
         ASSERT_EQ(list().size(), 2U);
@@ -126,7 +126,7 @@ TEST_F(UndoBarTest, SecondClickOfADoubleClickUndoesNothing) {
     EXPECT_EQ(list().size(), 2U);
 }
 
-TEST(UndoBarAlone, HidesAfterTenSeconds) {
+TEST(UndoBarTimeoutTest, HidesAfterTenSeconds) {
     EXPECT_EQ(UndoBar::usualStay, std::chrono::seconds(10));
     const Lang lang{nullptr};
     UndoBar bar(lang, nullptr, std::chrono::milliseconds(50));

@@ -40,7 +40,7 @@ bool hasWhite(const QImage& image) {
     return false;
 }
 
-TEST(ApplicationIcon, IsDrawnAtEveryRequestedSize) {
+TEST(ApplicationIconTest, IsDrawnAtEveryRequestedSize) {
     for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
         SCOPED_TRACE(pixels);
         const QImage image = iconOf(pixels);

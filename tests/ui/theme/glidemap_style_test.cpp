@@ -66,7 +66,7 @@ TEST(GlidemapStyleTest, DefaultButtonIsProminentUntilDisabled) {
     EXPECT_LT(groundOf(button).saturation(), 10);
 }
 
-TEST(GlidemapStyleTest, HoveredAndPressedButtonsDifferFromThoseAtRest) {
+TEST(GlidemapStyleTest, HoveredAndPressedButtonsLookDifferent) {
     QPushButton button(QStringLiteral("Cancel"));
     button.resize(button.sizeHint());
     const QColor rest = groundOf(button);
@@ -120,7 +120,7 @@ TEST(GlidemapStyleTest, FocusRingIsShownOnlyForKeyboardUse) {
     EXPECT_FALSE(ring());
 }
 
-TEST(GlidemapStyleTest, EdgesFallOnWholePixelsAtEveryScale) {
+TEST(GlidemapStyleTest, EdgesAlignToWholePixelsAtEveryScaleFactor) {
     for (const double ratio : {1.0, 1.5, 2.0}) {
         QImage image(60, 60, QImage::Format_ARGB32);
         image.setDevicePixelRatio(ratio);
@@ -150,7 +150,7 @@ TEST(GlidemapStyleTest, HairlineIsAWholeNumberOfPixels) {
     }
 }
 
-TEST(GlidemapStyleTest, HeadingInAListIsNotHighlightedUnderThePointer) {
+TEST(GlidemapStyleTest, HeadingInAListIsNotHighlighted) {
     QListWidget list;
     auto* heading = new QListWidgetItem(QStringLiteral("Taps"), &list);
     auto* entry = new QListWidgetItem(QStringLiteral("Tap"), &list);
@@ -168,7 +168,7 @@ TEST(GlidemapStyleTest, HeadingInAListIsNotHighlightedUnderThePointer) {
     EXPECT_EQ(atTheEndOf(list.visualItemRect(heading).center().y()), roleColor(Role::card));
 }
 
-TEST(GlidemapStyleTest, ScrollBarHasNoArrowsAndAMinimumHandle) {
+TEST(GlidemapStyleTest, ScrollBarHasNoArrowsAndAMinimumHandleSize) {
     QScrollBar bar(Qt::Vertical);
     bar.setRange(0, 1000000);
     bar.setPageStep(10);

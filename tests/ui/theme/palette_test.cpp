@@ -100,7 +100,7 @@ TEST(PaletteTest, EveryTextHasEnoughContrast) {
     EXPECT_THAT(tooFaint, IsEmpty());
 }
 
-TEST(PaletteTest, EdgeOfADemonstrationsPadHasEnoughContrast) {
+TEST(PaletteTest, DemonstrationPadEdgeHasEnoughContrast) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         const QColor ground = colorOf(Role::card, scheme);
         const QColor edge = laidOver(ground, colorOf(Role::secondary, scheme), padOpacity);
@@ -113,14 +113,14 @@ TEST(PaletteTest, ContrastOfBlackOnWhiteIsTwentyOne) {
     EXPECT_NEAR(contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
 }
 
-TEST(PaletteTest, DesktopsPartOfThePaletteIsUnchanged) {
+TEST(PaletteTest, LeavesAlternateBaseToTheDesktop) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         EXPECT_FALSE(paletteOf(scheme).isBrushSet(QPalette::Active, QPalette::AlternateBase));
         EXPECT_TRUE(paletteOf(scheme).isBrushSet(QPalette::Active, QPalette::Window));
     }
 }
 
-TEST(PaletteTest, DesktopIsDarkBelowTheMiddleOfTheScale) {
+TEST(PaletteTest, DesktopIsDarkIfAlternateBaseIsBelowHalfBrightness) {
     QPalette palette;
     palette.setColor(QPalette::AlternateBase, QColor(127, 127, 127));
     EXPECT_EQ(desktopSchemeOf(palette), ColorScheme::dark);

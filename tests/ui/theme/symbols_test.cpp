@@ -130,7 +130,7 @@ std::string described(const QRect& rect) {
            ", right " + std::to_string(rect.right()) + ", bottom " + std::to_string(rect.bottom());
 }
 
-TEST(Symbols, AreFoundInTheCallsThatNameThem) {
+TEST(SymbolsTest, SymbolNamesAreFoundInSourceCode) {
     EXPECT_THAT(symbolsNamedIn(R"(
         add->setIcon(symbolIcon("plus", Role::accent));
         auto* warning = new SymbolLabel("exclamationmark.triangle.fill", Role::orange, 16, this);
@@ -140,18 +140,18 @@ TEST(Symbols, AreFoundInTheCallsThatNameThem) {
                 ElementsAre("exclamationmark.triangle.fill", "pencil", "plus"));
 }
 
-TEST(Symbols, NamedByTheProgramAllHaveADrawing) {
+TEST(SymbolsTest, EverySymbolNamedByTheProgramHasADrawing) {
     for (const std::string& name : symbolsOfTheProgram()) {
         EXPECT_TRUE(symbolExists(name)) << name;
     }
 }
 
-TEST(Symbols, UnknownNameHasNoDrawing) {
+TEST(SymbolsTest, UnknownNameHasNoDrawing) {
     EXPECT_FALSE(symbolExists("hand.of.three.fingers"));
     EXPECT_FALSE(symbolExists(""));
 }
 
-TEST(Symbols, AreReadByTheRendererWithoutWarnings) {
+TEST(SymbolsTest, RendererReadsEverySymbolWithoutWarnings) {
     ASSERT_THAT(drawings(), Not(IsEmpty()));
     for (const QString& file : drawings()) {
         SCOPED_TRACE(file.toStdString());
@@ -162,7 +162,7 @@ TEST(Symbols, AreReadByTheRendererWithoutWarnings) {
 }
 
 // The compiled drawings look like the output of the SVG renderer.
-TEST(Symbols, LookAsTheRendererDrawsThem) {
+TEST(SymbolsTest, DrawSymbolMatchesTheRenderer) {
     for (const QString& file : drawings()) {
         for (const int pixels : {16, 24, 44}) {
             SCOPED_TRACE(nameOf(file) + " at " + std::to_string(pixels) + " pixels");
@@ -178,7 +178,7 @@ TEST(Symbols, LookAsTheRendererDrawsThem) {
     }
 }
 
-TEST(Symbols, CompiledInAreThoseOfTheFolder) {
+TEST(SymbolsTest, CompiledInSymbolsMatchTheFolder) {
     std::set<std::string> inFolder;
     for (const QString& file : drawings()) {
         inFolder.insert(nameOf(file));
@@ -191,7 +191,7 @@ TEST(Symbols, CompiledInAreThoseOfTheFolder) {
 }
 
 // The caller of drawSymbol() sets the colour.
-TEST(Symbols, HaveNoColourOfTheirOwn) {
+TEST(SymbolsTest, SpecifyNoColours) {
     static const QRegularExpression paint(R"re(\b(fill|stroke|color)\s*[=:]\s*"?([^";]*))re");
     for (const QString& file : drawings()) {
         const QString text = QString::fromUtf8(drawing(file));
@@ -203,7 +203,7 @@ TEST(Symbols, HaveNoColourOfTheirOwn) {
     }
 }
 
-TEST(Symbols, StayInTheirBoxAndFillItAtEverySize) {
+TEST(SymbolsTest, FillTheirBoxWithoutOverflowAtEverySize) {
     for (const QString& file : drawings()) {
         for (const int points : {12, 16, 22, 32}) {
             for (const double ratio : {1.0, 1.5, 2.0}) {
@@ -223,7 +223,7 @@ TEST(Symbols, StayInTheirBoxAndFillItAtEverySize) {
 }
 
 // Two gestures of different kinds must not look the same.
-TEST(Symbols, AllDiffer) {
+TEST(SymbolsTest, LookDifferentFromEachOther) {
     const QStringList names = drawings();
     for (int one = 0; one < names.size(); ++one) {
         for (int other = one + 1; other < names.size(); ++other) {

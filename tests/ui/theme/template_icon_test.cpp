@@ -63,7 +63,7 @@ TEST_F(TemplateIconTest, HasNoNameIfItMustBeDrawn) {
     EXPECT_TRUE(drawnTemplateIcon(symbol).name().isEmpty());
 }
 
-TEST_F(TemplateIconTest, IsDrawnAtEverySizeThatItLists) {
+TEST_F(TemplateIconTest, IsDrawnAtEveryAvailableSize) {
     install();
     for (const QIcon& icon : {themedTemplateIcon(name, symbol), drawnTemplateIcon(symbol)}) {
         EXPECT_THAT(icon.availableSizes(), testing::Contains(QSize(22, 22)));
@@ -90,7 +90,7 @@ TEST_F(TemplateIconTest, PlainIconHasNoEdge) {
     }
 }
 
-TEST_F(TemplateIconTest, LowerStrengthIsPaler) {
+TEST_F(TemplateIconTest, LowerStrengthReducesTheOpacity) {
     const auto opacityOf = [](const QIcon& icon) {
         const QImage image = icon.pixmap(64).toImage();
         int most = 0;

@@ -30,7 +30,7 @@ protected:
     const QFont before = QApplication::font();
 };
 
-TEST_F(ThemeTest, FollowsTheDesktopsPaletteAtRunTime) {
+TEST_F(ThemeTest, FollowsTheDesktopPaletteAtRunTime) {
     changeDesktop(Qt::black);
     EXPECT_TRUE(theme.isDark());
     changeDesktop(Qt::white);
@@ -43,7 +43,7 @@ TEST_F(ThemeTest, ApplicationKeepsOurPaletteAfterADesktopChange) {
               colorOf(Role::window, ColorScheme::dark));
 }
 
-TEST_F(ThemeTest, FollowsTheDesktopsFontAtRunTime) {
+TEST_F(ThemeTest, FollowsTheDesktopFontAtRunTime) {
     const int usual = theme.font(TextStyle::caption).pixelSize();
     int announced = 0;
     const Subscription toTheme = theme.changes().subscribe({}, [&] { ++announced; });
@@ -66,7 +66,7 @@ TEST_F(ThemeTest, PinnedAppearanceOverridesTheDesktop) {
     EXPECT_TRUE(theme.isDark());
 }
 
-TEST_F(ThemeTest, EachChangeIsAnnouncedOnceWithTheNewColoursInPlace) {
+TEST_F(ThemeTest, NotifiesOncePerChangeAfterTheColoursHaveChanged) {
     std::vector<QColor> seen;
     const Subscription toTheme =
         theme.changes().subscribe({}, [&] { seen.push_back(theme.color(Role::window)); });

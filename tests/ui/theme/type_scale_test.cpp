@@ -48,7 +48,7 @@ TEST(TypeScaleTest, LargerDesktopFontEnlargesEveryStyle) {
 }
 
 // Desktops set font sizes in points.
-TEST(TypeScaleTest, SizeInPointsCountsAsTheScreenShowsIt) {
+TEST(TypeScaleTest, FontSizeInPointsIsConvertedToPixels) {
     for (const double points : {9.0, 10.5, 13.0, 21.0}) {
         QFont desktop;
         desktop.setPointSizeF(points);
@@ -58,12 +58,12 @@ TEST(TypeScaleTest, SizeInPointsCountsAsTheScreenShowsIt) {
     }
 }
 
-TEST(TypeScaleTest, DesktopsFamilyComesFirst) {
+TEST(TypeScaleTest, DesktopFontFamilyComesFirst) {
     EXPECT_EQ(interfaceFont(QFont(QStringLiteral("Some Family"))).families().front(),
               QStringLiteral("Some Family"));
 }
 
-TEST(TypeScaleTest, DesktopWithoutAFamilyGetsAnInstalledOne) {
+TEST(TypeScaleTest, DesktopWithoutAFontFamilyUsesAnInstalledFamily) {
     for (const char* none : {"Sans Serif", "sans", "SANS-SERIF"}) {
         const QStringList families = interfaceFont(QFont(QString::fromLatin1(none))).families();
         for (const QString& family : families) {

@@ -41,7 +41,7 @@ protected:
     int received = 0;
 };
 
-TEST_F(AccessPromptTest, EachClosedPromptIsReportedOnTheMainThread) {
+TEST_F(AccessPromptTest, ReportsEachClosedPromptOnTheMainThread) {
     const auto made = prompt(command());
     for (int round = 1; round <= 2; ++round) {
         made->ask();
@@ -55,7 +55,7 @@ TEST_F(AccessPromptTest, EachClosedPromptIsReportedOnTheMainThread) {
     EXPECT_EQ(test::contentOf(asked), "xx");
 }
 
-TEST_F(AccessPromptTest, OnePromptIsOpenAtATime) {
+TEST_F(AccessPromptTest, DoesNotOpenASecondPromptWhileOneIsOpen) {
     const auto made = prompt(command());
     made->ask();
     made->ask();
@@ -68,7 +68,7 @@ TEST_F(AccessPromptTest, OnePromptIsOpenAtATime) {
     EXPECT_EQ(received, 1);
 }
 
-TEST_F(AccessPromptTest, PromptThatCannotStartHasFailedAndCanBeRepeated) {
+TEST_F(AccessPromptTest, FailsButCanRetryIfTheCommandCannotStart) {
     const auto made = prompt({"/nowhere/at/all"});
     EXPECT_FALSE(made->hasFailed());
     made->ask();
@@ -81,7 +81,7 @@ TEST_F(AccessPromptTest, PromptThatCannotStartHasFailedAndCanBeRepeated) {
     EXPECT_EQ(received, 2);
 }
 
-TEST_F(AccessPromptTest, FailedAuthenticationHasFailedButDismissalHasNot) {
+TEST_F(AccessPromptTest, FailsIfAuthenticationFailsButNotIfDismissed) {
     const std::pair<const char*, bool> ends[] = {
         {"exit 127", true}, {"exit 126", false}, {"exit 0", false}};
     for (const auto& [script, hasFailed] : ends) {
@@ -94,7 +94,7 @@ TEST_F(AccessPromptTest, FailedAuthenticationHasFailedButDismissalHasNot) {
     }
 }
 
-TEST_F(AccessPromptTest, PromptWaitsUntilTheUserCanReadTheExplanation) {
+TEST_F(AccessPromptTest, OpensOnlyAfterTheExplanationIsReady) {
     const auto made = prompt(command());
     made->waitUntilReady();
     made->ask();
@@ -120,7 +120,7 @@ TEST_F(AccessPromptTest, PromptOpensAfterTheCurrentTask) {
     EXPECT_EQ(test::contentOf(asked), "x");
 }
 
-TEST_F(AccessPromptTest, DestructionCancelsAPromptThatHasNotOpened) {
+TEST_F(AccessPromptTest, DestructionCancelsAPendingPrompt) {
     auto made = prompt({"/bin/sh", "-c", "printf x >>" + asked.string()});
     made->ask();
     made.reset();
@@ -128,7 +128,7 @@ TEST_F(AccessPromptTest, DestructionCancelsAPromptThatHasNotOpened) {
     EXPECT_FALSE(std::filesystem::exists(asked));
 }
 
-TEST_F(AccessPromptTest, PromptThatClosesAfterDestructionIsNotReported) {
+TEST_F(AccessPromptTest, DoesNotReportAPromptThatClosesAfterDestruction) {
     auto made = prompt(command());
     made->ask();
     queue->runAll();

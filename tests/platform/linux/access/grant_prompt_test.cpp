@@ -98,7 +98,7 @@ private:
     test::TemporaryFolder folder;
 };
 
-TEST(GrantPromptTest, ProgramOfThisUserIsNeverRunAsRoot) {
+TEST(GrantPromptTest, NeverRunsAUserWritableProgramAsRoot) {
     const OwnInstallation own;
     const auto command = grantAccessCommand(own.program());
     EXPECT_TRUE(command.empty() || command[1].starts_with("/usr/")) << command[1];
@@ -118,7 +118,7 @@ fs::path folderOfRoot(const std::string& name) {
     return "/usr/local/glidemap-grant-prompt-" + name + "-" + std::to_string(getpid());
 }
 
-TEST(GrantPromptTest, FileInAFolderOfAnotherUserIsNotWritableOnlyByRoot) {
+TEST(GrantPromptTest, FileInAFolderOfAnotherUserCountsAsWritableByOthers) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may change the owner of files";
     }
@@ -157,7 +157,7 @@ TEST(GrantPromptTest, CommandRunsWithItsArguments) {
     EXPECT_TRUE(end.comes());
 }
 
-TEST(GrantPromptTest, StartDoesNotWaitForTheUser) {
+TEST(GrantPromptTest, StartReturnsBeforeTheCommandExits) {
     std::array<int, 2> user{};
     ASSERT_EQ(pipe(user.data()), 0);
     fcntl(user[1], F_SETFD, FD_CLOEXEC);
@@ -172,7 +172,7 @@ TEST(GrantPromptTest, StartDoesNotWaitForTheUser) {
     close(user[1]);
 }
 
-TEST(GrantPromptTest, EveryExitCodeIsReportedOnceAndNoProcessIsLeft) {
+TEST(GrantPromptTest, ReportsEveryExitCodeOnceAndLeavesNoProcess) {
     const std::pair<const char*, int> answers[] = {
         {"exit 0", 0}, {"exit 126", 126}, {"exit 127", notAsked}, {"kill -9 $$", notAsked}};
     for (const auto& [script, exitCode] : answers) {

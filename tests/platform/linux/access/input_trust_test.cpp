@@ -31,7 +31,7 @@ const Row rows[] = {
     {"no touchpad, and devices cannot be created", {{}, {}, false}, false},
 };
 
-TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {
+TEST(InputTrustTest, TrustsOnlyWithAccessToAllTouchpadsAndUinput) {
     for (const Row& row : rows) {
         InputTrust trust(std::make_unique<FakeInputNodes>(row.machine), {});
         EXPECT_EQ(trust.isTrusted(), row.isTrusted) << row.name;
@@ -39,7 +39,7 @@ TEST(InputTrustTest, TrustNeedsEveryTouchpadAndVirtualDevices) {
     }
 }
 
-TEST(InputTrustTest, PromptIsShownOnceAndOnlyOnRequest) {
+TEST(InputTrustTest, PromptsOnceAndOnlyOnRequest) {
     Machine machine{{"one"}, {}, true};
     int asked = 0;
     InputTrust trust(std::make_unique<FakeInputNodes>(machine), [&] { ++asked; });
@@ -50,7 +50,7 @@ TEST(InputTrustTest, PromptIsShownOnceAndOnlyOnRequest) {
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
+TEST(InputTrustTest, DoesNotPromptWhileTrusted) {
     Machine machine{{"one"}, {"one"}, true};
     int asked = 0;
     InputTrust trust(std::make_unique<FakeInputNodes>(machine), [&] { ++asked; });
@@ -61,7 +61,7 @@ TEST(InputTrustTest, TrustedProgramDoesNotPrompt) {
     EXPECT_EQ(asked, 1);
 }
 
-TEST(InputTrustTest, AccessGrantedLaterIsDetected) {
+TEST(InputTrustTest, DetectsAccessGrantedLater) {
     Machine machine{{"one"}, {}, true};
     InputTrust trust(std::make_unique<FakeInputNodes>(machine), {});
     EXPECT_FALSE(trust.isTrusted());

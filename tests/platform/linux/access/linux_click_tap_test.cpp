@@ -75,7 +75,7 @@ TEST(LinuxClickTapTest, MissingDriverCreatesNoTap) {
     EXPECT_FALSE(tap.create(passAll));
 }
 
-TEST(LinuxClickTapTest, TapStartsDisabledAndRemovesItsFilter) {
+TEST(LinuxClickTapTest, TapStartsDisabledAndRemoveUninstallsTheFilter) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create(passAll));
@@ -100,7 +100,7 @@ TEST(LinuxClickTapTest, DestructionRemovesTheFilter) {
     EXPECT_EQ(driver.calls(), "set; take away; off");
 }
 
-TEST(LinuxClickTapTest, TapCanBeCreatedAgain) {
+TEST(LinuxClickTapTest, CanBeCreatedAgainAfterRemoval) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create(passAll));
@@ -111,7 +111,7 @@ TEST(LinuxClickTapTest, TapCanBeCreatedAgain) {
     EXPECT_EQ(driver.click(clickFilterButtonDown, 0), 1);
 }
 
-TEST(LinuxClickTapTest, FilterIsOnOnlyWhileTheTapIsEnabledAndNeeded) {
+TEST(LinuxClickTapTest, FilterRunsOnlyWhileTheTapIsEnabledAndNeeded) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     tap.setNeeded(false);
@@ -156,7 +156,7 @@ TEST(LinuxClickTapTest, EachDriverEventBecomesATapEvent) {
     EXPECT_EQ(seen, expected);
 }
 
-TEST(LinuxClickTapTest, VerdictDecidesTheDriversResult) {
+TEST(LinuxClickTapTest, FilterReturnsTheCallbacksVerdict) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create([](const ClickEvent& event) {
@@ -166,7 +166,7 @@ TEST(LinuxClickTapTest, VerdictDecidesTheDriversResult) {
     EXPECT_EQ(driver.click(clickFilterButtonDown, 1), 1);
 }
 
-TEST(LinuxClickTapTest, TapDisabledByTimeoutEnablesItselfAgain) {
+TEST(LinuxClickTapTest, CallbackMayEnableATapDisabledByTimeout) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     ASSERT_TRUE(tap.create([&](const ClickEvent& event) {
@@ -181,7 +181,7 @@ TEST(LinuxClickTapTest, TapDisabledByTimeoutEnablesItselfAgain) {
 }
 
 // The main thread waits in the driver for its reader, while the reader's callback uses the tap.
-TEST(LinuxClickTapTest, ConcurrentSwitchingEndsWithTheLastRequest) {
+TEST(LinuxClickTapTest, LastOfTwoConcurrentRequestsTakesEffect) {
     const FilterDriver driver;
     LinuxClickTap tap(driver.manager);
     std::promise<void> reading;

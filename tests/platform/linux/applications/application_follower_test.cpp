@@ -79,12 +79,12 @@ const Application editor = {"editor", "The Editor"};
 const Application tool = {"my-tool", "My Tool"};
 const Application nothing;
 
-TEST_F(ApplicationFollowerTest, NoApplicationIsFrontmostBeforeTheFirstReport) {
+TEST_F(ApplicationFollowerTest, ReportsNoApplicationBeforeTheFirstWindowReport) {
     EXPECT_EQ(frontmost(), nothing);
     EXPECT_THAT(running(), IsEmpty());
 }
 
-TEST_F(ApplicationFollowerTest, ApplicationOfTheActiveWindowIsFrontmost) {
+TEST_F(ApplicationFollowerTest, ActiveWindowsApplicationIsFrontmost) {
     activate(window("my-tool"));
     EXPECT_EQ(frontmost(), tool);
     activate(window("editor"));
@@ -93,7 +93,7 @@ TEST_F(ApplicationFollowerTest, ApplicationOfTheActiveWindowIsFrontmost) {
     EXPECT_EQ(frontmost(), nothing) << "a window without properties";
 }
 
-TEST_F(ApplicationFollowerTest, ShortTimeWithoutAnActiveWindowKeepsTheApplication) {
+TEST_F(ApplicationFollowerTest, KeepsTheApplicationForAShortTimeWithoutAnActiveWindow) {
     activate(window("my-tool"));
     activate(std::nullopt);
     EXPECT_EQ(frontmost(), tool);
@@ -101,14 +101,14 @@ TEST_F(ApplicationFollowerTest, ShortTimeWithoutAnActiveWindowKeepsTheApplicatio
     EXPECT_EQ(frontmost(), (Application{"other", "Other"}));
 }
 
-TEST_F(ApplicationFollowerTest, LongTimeWithoutAnActiveWindowEndsTheApplication) {
+TEST_F(ApplicationFollowerTest, NoApplicationIsFrontmostAfterTheTimeout) {
     thread.call([this] { make(1ms); });
     activate(window("my-tool"));
     activate(std::nullopt);
     expectFrontmost(nothing);
 }
 
-TEST_F(ApplicationFollowerTest, InterruptedPatienceDoesNotExpireLater) {
+TEST_F(ApplicationFollowerTest, NewActiveWindowCancelsTheTimeout) {
     thread.call([this] { make(1ms); });
     activate(window("my-tool"));
     thread.call([this] {
@@ -123,7 +123,7 @@ TEST_F(ApplicationFollowerTest, InterruptedPatienceDoesNotExpireLater) {
     EXPECT_EQ(frontmost(), tool);
 }
 
-TEST_F(ApplicationFollowerTest, RunningApplicationsAreListedOnceInTheOrderOfTheirWindows) {
+TEST_F(ApplicationFollowerTest, ListsEachRunningApplicationOnceInWindowOrder) {
     open({window("my-tool", 1), window("zebra", 2), window("my-tool", 3), WindowIdentity{},
           window("ant", 4)});
     EXPECT_THAT(running(),
@@ -134,7 +134,7 @@ TEST_F(ApplicationFollowerTest, RunningApplicationsAreListedOnceInTheOrderOfThei
     EXPECT_THAT(running(), IsEmpty());
 }
 
-TEST_F(ApplicationFollowerTest, NewAndRemovedEntriesRenameOpenApplications) {
+TEST_F(ApplicationFollowerTest, DesktopEntryChangesRenameRunningApplications) {
     activate(window("late"));
     open({window("late")});
     EXPECT_EQ(frontmost(), (Application{"late", "Late"}));
@@ -147,7 +147,7 @@ TEST_F(ApplicationFollowerTest, NewAndRemovedEntriesRenameOpenApplications) {
     expectFrontmost({"late", "Late"});
 }
 
-TEST_F(ApplicationFollowerTest, TitleChangeDoesNotRepeatTheMatch) {
+TEST_F(ApplicationFollowerTest, TitleChangeDoesNotMatchTheWindowAgain) {
     open({window("my-tool")});
     const int before = processes.reads;
     for (int count = 0; count < 100; ++count) {
@@ -159,7 +159,7 @@ TEST_F(ApplicationFollowerTest, TitleChangeDoesNotRepeatTheMatch) {
     EXPECT_EQ(processes.reads, before);
 }
 
-TEST_F(ApplicationFollowerTest, WindowWithEndlessIdentitiesExhaustsTheTable) {
+TEST_F(ApplicationFollowerTest, WindowWithManyIdentitiesFillsTheApplicationTable) {
     thread.call([this] {
         for (int count = 0; count < 20'000; ++count)
             follower->activeWindowChanged(window("name" + std::to_string(count)));
@@ -190,7 +190,7 @@ TEST_F(ApplicationFollowerTest, OtherThreadsReadCompleteApplicationsDuringChange
     EXPECT_EQ(torn, 0);
 }
 
-TEST_F(ApplicationFollowerTest, OwnWindowIsNoApplicationToChoose) {
+TEST_F(ApplicationFollowerTest, DoesNotListGlidemapAmongRunningApplications) {
     open({window("editor"), window("Glidemap", getpid()), window("org.glidemap.Glidemap")});
     EXPECT_THAT(running(), ElementsAre(Application{"editor", "The Editor"}));
     folder.install("org.glidemap.Glidemap", "Name=Glidemap\nExec=sh\n");

@@ -70,14 +70,14 @@ protected:
     DesktopThread thread;
 };
 
-TEST_F(ApplicationLauncherTest, StartsTheProgramOfTheEntry) {
+TEST_F(ApplicationLauncherTest, StartsTheEntrysProgram) {
     installAndLaunch("tool",
                      "Exec=" + reporting("tool", "\"$#:$1:$2\"") + " --new \"two words\"\n");
     EXPECT_EQ(reports.nextLine(), "2:--new:two words");
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, EntryFileIsInTheEnvironmentOfTheProcess) {
+TEST_F(ApplicationLauncherTest, PassesTheEntryFileInTheEnvironment) {
     const auto script = reporting(
         "tool", "\"$GIO_LAUNCHED_DESKTOP_FILE $((GIO_LAUNCHED_DESKTOP_FILE_PID == $$))\"");
     installAndLaunch("tool", "Exec=" + script + "\n");
@@ -85,7 +85,7 @@ TEST_F(ApplicationLauncherTest, EntryFileIsInTheEnvironmentOfTheProcess) {
               (folder.path() / "user/applications/tool.desktop").string() + " 1");
 }
 
-TEST_F(ApplicationLauncherTest, ProcessIsNotOurChildAndHasItsOwnSession) {
+TEST_F(ApplicationLauncherTest, StartsProcessInItsOwnSessionAndNotAsAChild) {
     // The fields of /proc/PID/stat after the name are the state, parent, process group and session.
     installAndLaunch("tool", "Exec=" +
                                  reporting("tool", "\"$$ $(sed 's/.*) //' /proc/$$/stat | "
@@ -143,7 +143,7 @@ TEST_F(ApplicationLauncherTest, InvalidEntryIsNotLaunched) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, LogNamesTheReasonOfAFailedStart) {
+TEST_F(ApplicationLauncherTest, LogsTheReasonForAFailedStart) {
     enableLog();
     testing::internal::CaptureStderr();
     launch("file:///nowhere/at/all.desktop");
@@ -159,7 +159,7 @@ TEST_F(ApplicationLauncherTest, LogNamesTheReasonOfAFailedStart) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, ProcessHasTheFolderOfTheEntryAndTheSessionsEnvironment) {
+TEST_F(ApplicationLauncherTest, ProcessHasTheEntrysFolderAndTheSessionEnvironment) {
     const ScopedEnvironment here({{"OF_THE_SESSION", "kept"},
                                   {"DESKTOP_STARTUP_ID", "ours"},
                                   {"XDG_ACTIVATION_TOKEN", "ours"}});
@@ -176,7 +176,7 @@ TEST_F(ApplicationLauncherTest, TerminalProgramRunsInATerminal) {
     EXPECT_EQ(reports.nextLine(), "terminal: sh -c two words");
 }
 
-TEST_F(ApplicationLauncherTest, DBusActivatableApplicationComesForward) {
+TEST_F(ApplicationLauncherTest, ActivatesDBusActivatableApplication) {
     ServiceDouble application("org.example.My-App");
     installAndLaunch("org.example.My-App",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
@@ -185,7 +185,7 @@ TEST_F(ApplicationLauncherTest, DBusActivatableApplicationComesForward) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, DBusActivatedApplicationReceivesTheLaunchProof) {
+TEST_F(ApplicationLauncherTest, PassesActivationTokenToDBusActivatedApplication) {
     ServiceDouble application("org.example.Proven");
     const auto path = folder.install(
         "org.example.Proven",
@@ -202,7 +202,7 @@ TEST_F(ApplicationLauncherTest, DBusActivatedApplicationReceivesTheLaunchProof) 
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, OnlyStartedApplicationsWithStartupNotificationAreAnnounced) {
+TEST_F(ApplicationLauncherTest, AnnouncesOnlyStartedApplicationsWithStartupNotification) {
     const auto launchProven = [&](const std::string& keys) {
         const auto path = folder.install("noticing", "Name=Some\n" + keys);
         int begun = 0;
@@ -226,7 +226,7 @@ TEST_F(ApplicationLauncherTest, OnlyStartedApplicationsWithStartupNotificationAr
     EXPECT_EQ(launchProven("StartupNotify=true\nExec=" + broken.string() + "\n"), 0);
 }
 
-TEST_F(ApplicationLauncherTest, ApplicationThatDBusCannotReachIsStartedByExec) {
+TEST_F(ApplicationLauncherTest, FallsBackToExecIfDBusActivationFails) {
     installAndLaunch("org.example.NoService",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
     EXPECT_EQ(reports.nextLine(), "started");
@@ -250,7 +250,7 @@ TEST_F(ApplicationLauncherTest, SlowApplicationIsNotStartedTwice) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, URLOpensWithTheUsersHandler) {
+TEST_F(ApplicationLauncherTest, OpensURLWithTheUsersHandler) {
     std::ofstream(folder.path() / "config/mimeapps.list")
         << "[Default Applications]\nx-scheme-handler/https=browser.desktop\n";
     folder.install("browser", "Name=Browser\nMimeType=x-scheme-handler/https;\nExec=" +
@@ -268,7 +268,7 @@ TEST_F(ApplicationLauncherTest, URLOpensWithTheUsersHandler) {
     expectNothingElse();
 }
 
-TEST_F(ApplicationLauncherTest, URLOpensOverDBusIfTheHandlerSupportsIt) {
+TEST_F(ApplicationLauncherTest, OpensURLOverDBusIfTheHandlerIsDBusActivatable) {
     ServiceDouble browser("org.example.Browser");
     std::ofstream(folder.path() / "config/mimeapps.list")
         << "[Default Applications]\nx-scheme-handler/gopher=org.example.Browser.desktop\n";
@@ -297,7 +297,7 @@ TEST_F(ApplicationLauncherTest, ProcessGetsItsOwnSystemdUnit) {
                   "@a(sa(sv)) [])");
 }
 
-TEST(ApplicationScope, NameContainsTheApplication) {
+TEST(ApplicationScope, UnitNameContainsTheApplication) {
     EXPECT_EQ(scopeName("org.example.App.desktop", 12), "app-glidemap-org.example.App-12.scope");
     EXPECT_EQ(scopeName("my-tool", 3), "app-glidemap-my\\x2dtool-3.scope");
     EXPECT_EQ(scopeName("a b/c", 3), "app-glidemap-a\\x20b\\x2fc-3.scope");

@@ -7,7 +7,7 @@
 namespace glidemap {
 namespace {
 
-TEST(ApplicationName, IdentifierBecomesATitle) {
+TEST(ApplicationName, MakesATitleFromAnIdentifier) {
     struct Row {
         const char* identifier;
         const char* name;
@@ -31,7 +31,7 @@ TEST(ApplicationName, IdentifierBecomesATitle) {
         EXPECT_EQ(nameFromIdentifier(row.identifier), row.name) << row.identifier;
 }
 
-TEST(ApplicationName, OnlyAReverseDNSNameHasALastComponent) {
+TEST(ApplicationName, ReturnsTheLastComponentOnlyOfAReverseDNSName) {
     EXPECT_EQ(lastComponent("org.kde.konsole"), "konsole");
     EXPECT_EQ(lastComponent("org.gnome.Shell.Extensions"), "Extensions");
     EXPECT_EQ(lastComponent("konsole"), "");
@@ -54,7 +54,7 @@ TEST(ApplicationName, IdentifierIsSanitized) {
     EXPECT_EQ(cleanIdentifier(std::string_view("a\0b", 3)), "ab");
 }
 
-TEST(ApplicationName, LongIdentifierIsCutBetweenCharacters) {
+TEST(ApplicationName, TruncatesALongIdentifierBetweenCharacters) {
     EXPECT_EQ(cleanIdentifier(std::string(256, 'a')), std::string(256, 'a'));
     EXPECT_EQ(cleanIdentifier(std::string(1'000'000, 'a')), std::string(256, 'a'));
     EXPECT_EQ(cleanIdentifier(std::string(255, 'a') + "é"), std::string(255, 'a'));

@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(CommandLine, WordsAreUnquotedAndFieldCodesOmitted) {
+TEST(CommandLine, UnquotesWordsAndOmitsFieldCodes) {
     EXPECT_THAT(wordsOfExec(""), IsEmpty());
     EXPECT_THAT(wordsOfExec("   "), IsEmpty());
     EXPECT_THAT(wordsOfExec("gedit %U"), ElementsAre("gedit"));
@@ -22,12 +22,12 @@ TEST(CommandLine, WordsAreUnquotedAndFieldCodesOmitted) {
                 ElementsAre("/opt/100% a/run", "%U", "%"));
 }
 
-TEST(CommandLine, OpenQuoteReturnsNoWords) {
+TEST(CommandLine, ReturnsNoWordsForAnUnterminatedQuote) {
     EXPECT_THAT(wordsOfExec("run \"it"), IsEmpty());
     EXPECT_THAT(wordsOfExec("run it\\"), ElementsAre("run", "it\\"));
 }
 
-TEST(CommandLine, ProgramIsFoundBehindWrappers) {
+TEST(CommandLine, FindsTheProgramBehindWrappers) {
     struct Row {
         const char* line;
         const char* program;
@@ -79,7 +79,7 @@ TEST(CommandLine, SteamGameIsFound) {
     EXPECT_EQ(steamGameOf(wordsOfExec("steam %U")), "");
 }
 
-TEST(CommandLine, FileNameFollowsTheLastSlash) {
+TEST(CommandLine, FileNameIsTheTextAfterTheLastSlash) {
     EXPECT_EQ(fileNameOf("/usr/bin/mpv"), "mpv");
     EXPECT_EQ(fileNameOf("mpv"), "mpv");
     EXPECT_EQ(fileNameOf("/usr/bin/"), "");

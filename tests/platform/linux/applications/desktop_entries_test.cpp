@@ -65,7 +65,7 @@ private:
     std::unique_ptr<DesktopEntries> entries;
 };
 
-TEST_F(DesktopEntriesTest, FieldsComeFromTheEntry) {
+TEST_F(DesktopEntriesTest, ReadsFieldsFromTheEntry) {
     const auto path =
         folder.install("org.example.Editor", "Name=Editor\nExec=env A=b /bin/sh /opt/editor.sh %U\n"
                                              "StartupWMClass=Editor-class\nNoDisplay=true\n");
@@ -82,7 +82,7 @@ TEST_F(DesktopEntriesTest, FieldsComeFromTheEntry) {
                                                 .inTerminal = false}));
 }
 
-TEST_F(DesktopEntriesTest, SubfolderIsPartOfTheIdentifier) {
+TEST_F(DesktopEntriesTest, IdentifierIncludesTheSubfolder) {
     std::filesystem::create_directories(folder.path() / "user/applications/vendor");
     folder.install("vendor/tool", "Name=Tool\nExec=sh\nTerminal=true\n");
     load();
@@ -92,7 +92,7 @@ TEST_F(DesktopEntriesTest, SubfolderIsPartOfTheIdentifier) {
     EXPECT_TRUE(all().front().visible);
 }
 
-TEST_F(DesktopEntriesTest, EntryWithoutItsProgramIsOmitted) {
+TEST_F(DesktopEntriesTest, OmitsAnEntryWhoseProgramIsMissing) {
     folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
     folder.install("gone", "Name=Gone\nExec=/nowhere/gone\n");
     folder.install("tried", "Name=Tried\nExec=sh\nTryExec=/nowhere/tried\n");
@@ -101,7 +101,7 @@ TEST_F(DesktopEntriesTest, EntryWithoutItsProgramIsOmitted) {
     expectNames({"Here"});
 }
 
-TEST_F(DesktopEntriesTest, UsersEntryOverridesTheSystems) {
+TEST_F(DesktopEntriesTest, UserEntryOverridesSystemEntry) {
     folder.installForAll("tool", "Name=System's\nExec=sh\n");
     folder.installForAll("other", "Name=Other\nExec=sh\n");
     folder.install("tool", "Name=User's\nExec=sh\n");
@@ -123,7 +123,7 @@ TEST_F(ChineseDesktopEntriesTest, NamesAreInTheUsersLanguage) {
     expectNames({"文件"});
 }
 
-TEST_F(DesktopEntriesTest, InstalledAndRemovedEntriesAreFollowed) {
+TEST_F(DesktopEntriesTest, DetectsInstalledAndRemovedEntries) {
     load();
     expectNames({});
     folder.install("one", "Name=One\nExec=sh\n");

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 const FieldValues values{"It's Some", "an icon", "/a path/some.desktop",
                          "https://example.org/?a=$(b)"};
 
-TEST(FieldCodes, ValuesAreInsertedAndQuoted) {
+TEST(FieldCodes, InsertsAndQuotesValues) {
     EXPECT_EQ(withFieldCodes("cmd %u", values), "cmd 'https://example.org/?a=$(b)'");
     EXPECT_EQ(withFieldCodes("cmd %U", values), "cmd 'https://example.org/?a=$(b)'");
     EXPECT_EQ(withFieldCodes("cmd %c", values), "cmd 'It'\\''s Some'");
@@ -41,7 +41,7 @@ TEST(FieldCodes, MissingValuesExpandToNothing) {
     }
 }
 
-TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsStay) {
+TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsRemain) {
     for (const char code : std::string("dDnNvmx")) {
         EXPECT_EQ(withFieldCodes(std::string("cmd %") + code + " more", values), "cmd  more");
     }
@@ -76,7 +76,7 @@ protected:
     ApplicationFolder& folder = ApplicationFolder::instance();
 };
 
-TEST_F(EntryCommandTest, CommandIsSplitLikeAShellLine) {
+TEST_F(EntryCommandTest, SplitsTheCommandLikeAShell) {
     EXPECT_THAT(
         commandOfEntry("Exec=sh \"two words\" 'three more words' back\\\\\\\\slash\n").words,
         ElementsAre("sh", "two words", "three more words", "back\\slash"));
@@ -86,12 +86,12 @@ TEST_F(EntryCommandTest, CommandIsSplitLikeAShellLine) {
     EXPECT_THAT(commandOfEntry("Exec=sh %c\nName[de]=Etwas\n").words, ElementsAre("sh", "Some"));
 }
 
-TEST_F(EntryCommandTest, AURLIsOneWordWithAnyContent) {
+TEST_F(EntryCommandTest, PassesAURLAsOneWordWhateverItContains) {
     const std::string url = "https://example.org/?a=1&b='c' d;$(touch x)";
     EXPECT_THAT(commandOfEntry("Exec=sh -c %u\n", url).words, ElementsAre("sh", "-c", url));
 }
 
-TEST_F(EntryCommandTest, CommandRunsInTheFirstInstalledTerminal) {
+TEST_F(EntryCommandTest, UsesTheFirstInstalledTerminal) {
     const ScopedEnvironment here({{"PATH", onlyPrograms({"sh", "foot", "xterm", "konsole"})}});
     const auto bin = folder.path() / "only";
     EXPECT_THAT(commandOfEntry("Terminal=true\nExec=sh -c 'two words'\n").words,
@@ -102,7 +102,7 @@ TEST_F(EntryCommandTest, CommandRunsInTheFirstInstalledTerminal) {
                 ElementsAre((bin / "foot").string(), "sh"));
 }
 
-TEST_F(EntryCommandTest, MissingTerminalIsAnErrorWithAReason) {
+TEST_F(EntryCommandTest, ReturnsAnErrorWithoutATerminal) {
     const ScopedEnvironment here({{"PATH", onlyPrograms({"sh"})}});
     const EntryCommand command = commandOfEntry("Terminal=true\nExec=sh\n");
     EXPECT_THAT(command.words, IsEmpty());

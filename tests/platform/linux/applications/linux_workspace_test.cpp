@@ -80,7 +80,7 @@ protected:
     DesktopThread thread;
 };
 
-TEST_F(LinuxWorkspaceTest, FirstBackendThatSupportsTheDesktopIsUsed) {
+TEST_F(LinuxWorkspaceTest, UsesTheFirstBackendThatSupportsTheDesktop) {
     {
         LinuxWorkspace workspace(
             thread, {backend("first", false), backend("second", true), backend("third", true)}, {});
@@ -94,7 +94,7 @@ TEST_F(LinuxWorkspaceTest, FirstBackendThatSupportsTheDesktopIsUsed) {
     EXPECT_THAT(log, ElementsAre("first starts", "first goes", "second starts", "second goes"));
 }
 
-TEST_F(LinuxWorkspaceTest, ApplicationWithAWindowComesForwardAndIsNotLaunched) {
+TEST_F(LinuxWorkspaceTest, RaisesAnApplicationWithAWindowInsteadOfLaunching) {
     const auto pipe = folder.path() / "reports";
     LaunchReports reports{pipe};
     folder.install("editor",
@@ -136,7 +136,7 @@ private:
     std::vector<std::string>& chosen;
 };
 
-TEST_F(LinuxWorkspaceTest, OwnWindowIsFoundByItsProcessOrItsName) {
+TEST_F(LinuxWorkspaceTest, FindsGlidemapsOwnWindowByProcessOrName) {
     LinuxWorkspace workspace(thread, {[this] {
                                  return std::make_unique<ChoosingBackend>(log);
                              }},
@@ -156,7 +156,7 @@ TEST_F(LinuxWorkspaceTest, NoApplicationIsFrontmostWithoutADesktop) {
     EXPECT_EQ(none.frontmostApplication(), Application{});
 }
 
-TEST_F(LinuxWorkspaceTest, InstalledApplicationIsItsEntryFile) {
+TEST_F(LinuxWorkspaceTest, ReturnsTheEntryFileOfAnInstalledApplication) {
     const LinuxWorkspace workspace(thread, {}, {});
     folder.install("hidden", "Name=Hidden\nExec=sh\nHidden=true\n");
     folder.install("with space", "Name=Space\nExec=sh\n");
@@ -170,7 +170,7 @@ TEST_F(LinuxWorkspaceTest, InstalledApplicationIsItsEntryFile) {
     EXPECT_EQ(workspace.urlForApplication("../applications/editor"), std::nullopt);
 }
 
-TEST_F(LinuxWorkspaceTest, IconIsTheOneNamedByTheEntry) {
+TEST_F(LinuxWorkspaceTest, ReturnsTheIconNamedInTheEntry) {
     const LinuxWorkspace workspace(thread, {}, {});
     folder.install("drawn", "Name=Drawn\nExec=sh\nIcon=org.example.Drawn\n");
     folder.install("in a file", "Name=File\nExec=sh\nIcon=/opt/it.png\n");
@@ -183,7 +183,7 @@ TEST_F(LinuxWorkspaceTest, IconIsTheOneNamedByTheEntry) {
     EXPECT_EQ(workspace.iconOfApplication("../applications/drawn"), std::nullopt);
 }
 
-TEST_F(LinuxWorkspaceTest, OpensTheApplicationsThatItFinds) {
+TEST_F(LinuxWorkspaceTest, OpensAnApplicationByItsURL) {
     LaunchReports reports(folder.path() / "reports");
     const auto script =
         folder.script("tool", "echo opened >" + (folder.path() / "reports").string());
@@ -195,7 +195,7 @@ TEST_F(LinuxWorkspaceTest, OpensTheApplicationsThatItFinds) {
     EXPECT_EQ(reports.nextLine(), "opened");
 }
 
-TEST_F(LinuxWorkspaceTest, MissionControlIsTheDesktopsOverview) {
+TEST_F(LinuxWorkspaceTest, MissionControlOpensTheDesktopOverview) {
     int shown = 0;
     LinuxWorkspace workspace(thread, {}, {.missionControl = [&shown] {
                                  ++shown;
@@ -206,7 +206,7 @@ TEST_F(LinuxWorkspaceTest, MissionControlIsTheDesktopsOverview) {
     without.openMissionControl();
 }
 
-TEST_F(LinuxWorkspaceTest, AccessSettingsOpenThePrompt) {
+TEST_F(LinuxWorkspaceTest, OpeningAccessSettingsShowsThePrompt) {
     int asked = 0;
     LinuxWorkspace workspace(thread, {}, {.accessibilitySettings = [&asked] {
                                  ++asked;

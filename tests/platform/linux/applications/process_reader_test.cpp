@@ -54,7 +54,7 @@ TEST(KernelProcessReader, ReadsThePropertiesOfAProcess) {
     EXPECT_EQ(facts.launchedFrom, "");
 }
 
-TEST(KernelProcessReader, LaunchCountsOnlyForTheLaunchedProcess) {
+TEST(KernelProcessReader, IgnoresALaunchVariableInheritedFromTheParent) {
     const Environment inherited = {{"GIO_LAUNCHED_DESKTOP_FILE", "/a/b.desktop"},
                                    {"GIO_LAUNCHED_DESKTOP_FILE_PID", "1"}};
     const Shell child("echo ready; read line", inherited);

@@ -8,7 +8,7 @@ namespace {
 using Kind = UnitApplication::Kind;
 using Identifiers = std::vector<std::string>;
 
-TEST(SystemdUnit, UnitNamesItsApplication) {
+TEST(SystemdUnit, ParsesTheApplicationFromTheUnitName) {
     struct Row {
         const char* unit;
         Kind kind;
@@ -71,7 +71,7 @@ TEST(SystemdUnit, UnitNamesItsApplication) {
             << testing::PrintToString(applicationOfUnit(row.unit).identifiers);
 }
 
-TEST(SystemdUnit, InnermostUnitOfTheControlGroupCounts) {
+TEST(SystemdUnit, ReturnsTheInnermostUnitInTheControlGroup) {
     struct Row {
         const char* text;
         const char* unit;

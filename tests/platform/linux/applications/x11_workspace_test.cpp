@@ -97,7 +97,7 @@ protected:
     std::unique_ptr<LinuxWorkspace> workspace;
 };
 
-TEST_F(X11WorkspaceTest, WindowsMapToInstalledApplications) {
+TEST_F(X11WorkspaceTest, MatchesWindowsToInstalledApplications) {
     expectFrontmost("- (-)");
     const auto files = window("files", "example-files");
     expectFrontmost("org.example.Files (文件)");
@@ -119,7 +119,7 @@ TEST_F(X11WorkspaceTest, WindowsMapToInstalledApplications) {
     expectRunning({});
 }
 
-TEST_F(X11WorkspaceTest, FocusChangeNeverReportsNoApplication) {
+TEST_F(X11WorkspaceTest, FocusChangeNeverLeavesFrontmostApplicationEmpty) {
     follow(std::chrono::hours(1)); // longer than a window manager takes on a busy machine
     const auto files = window("files", "example-files");
     const auto editor = window("editor", "Editor");
@@ -178,7 +178,7 @@ private:
     const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection;
 };
 
-TEST_F(X11WorkspaceTest, LaunchWithStartupNotificationIsAnnounced) {
+TEST_F(X11WorkspaceTest, AnnouncesALaunchWithStartupNotification) {
     const auto pipe = folder.path() / "announced";
     LaunchReports reports{pipe};
     const LaunchMessages messages(server->display());

@@ -9,14 +9,14 @@ namespace {
 
 using test::InEnvironment;
 
-TEST(BusAddressTest, EnvironmentNamesBothBuses) {
+TEST(BusAddressTest, ReturnsBothBusAddressesFromTheEnvironment) {
     const InEnvironment system("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/of/the/system");
     const InEnvironment session("DBUS_SESSION_BUS_ADDRESS", "unix:path=/of/the/session");
     EXPECT_EQ(busAddress(Bus::system), "unix:path=/of/the/system");
     EXPECT_EQ(busAddress(Bus::session), "unix:path=/of/the/session");
 }
 
-TEST(BusAddressTest, SessionBusIsFoundInTheRuntimeFolder) {
+TEST(BusAddressTest, FindsTheSessionBusInTheRuntimeFolder) {
     const test::TemporaryFolder runtime;
     const auto socket = runtime.write("bus", "");
     const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
@@ -26,7 +26,7 @@ TEST(BusAddressTest, SessionBusIsFoundInTheRuntimeFolder) {
     }
 }
 
-TEST(BusAddressTest, MissingBusIsNotStarted) {
+TEST(BusAddressTest, ReturnsNulloptIfTheSessionBusIsMissing) {
     const test::TemporaryFolder runtime;
     const InEnvironment session("DBUS_SESSION_BUS_ADDRESS", nullptr);
     for (const char* const folder : {runtime.path().c_str(), static_cast<const char*>(nullptr)}) {

@@ -96,7 +96,7 @@ TEST(DesktopThread, TaskMaySubmitMoreTasks) {
     EXPECT_TRUE(signals.come(1));
 }
 
-TEST(DesktopThread, TakesTasksFromManyThreads) {
+TEST(DesktopThread, AcceptsTasksFromManyThreads) {
     DesktopThread thread;
     int done = 0; // written only on the desktop thread
     std::vector<std::thread> others;
@@ -112,7 +112,7 @@ TEST(DesktopThread, TakesTasksFromManyThreads) {
     EXPECT_EQ(done, 2000);
 }
 
-TEST(DesktopThread, CapturesAreDestroyedAfterTheTask) {
+TEST(DesktopThread, DestroysCapturesAfterTheTask) {
     const auto captured = std::make_shared<int>(1);
     DesktopThread thread;
     thread.submit([captured] {});
@@ -161,7 +161,7 @@ TEST(DesktopThread, ReportsAClosedPeer) {
     close(ends[0]);
 }
 
-TEST(DesktopThread, WatchThatEndsItselfKeepsItsCaptures) {
+TEST(DesktopThread, CallbackMayCancelItsOwnWatch) {
     const Bell bell;
     Signals signals;
     DesktopThread thread;
@@ -183,7 +183,7 @@ TEST(DesktopThread, WatchThatEndsItselfKeepsItsCaptures) {
     EXPECT_TRUE(alive.expired());
 }
 
-TEST(DesktopThread, MovedWatchStillReports) {
+TEST(DesktopThread, MovedWatchStillRunsItsCallback) {
     const Bell bell;
     Signals signals;
     DesktopThread thread;
@@ -200,7 +200,7 @@ TEST(DesktopThread, MovedWatchStillReports) {
     thread.call([&] { moved.reset(); });
 }
 
-TEST(DesktopThread, DelayedFunctionRunsOnceAndNotBeforeItsTime) {
+TEST(DesktopThread, RunsADelayedFunctionOnceAndNotEarly) {
     Signals signals;
     DesktopThread thread;
     DesktopThread::Watch watch;

@@ -45,7 +45,7 @@ protected:
     LaunchReports reports{pipe};
 };
 
-TEST_F(DetachedProcessTest, ProcessHasExactlyItsArgumentsAndEnvironment) {
+TEST_F(DetachedProcessTest, ProcessHasExactlyTheGivenArgumentsAndEnvironment) {
     const auto started =
         startDetached({{reporting("echo \"$#:$1:$2\"; cat /proc/$$/environ | tr '\\0' ' '; echo"),
                         "two words", ""},
@@ -55,7 +55,7 @@ TEST_F(DetachedProcessTest, ProcessHasExactlyItsArgumentsAndEnvironment) {
     EXPECT_EQ(reports.nextLine(), "FIRST=1 SECOND=a b ");
 }
 
-TEST_F(DetachedProcessTest, VariableIsTheProcessID) {
+TEST_F(DetachedProcessTest, SetsTheProcessVariableToTheProcessID) {
     DetachedCommand command{{reporting("echo $NUMBER $$ $0")}, {"NUMBERS=no"}};
     command.processVariable = "NUMBER";
     const auto started = startDetached(command);
@@ -63,7 +63,7 @@ TEST_F(DetachedProcessTest, VariableIsTheProcessID) {
     EXPECT_THAT(reports.nextLine(), testing::StartsWith(number + " " + number + " "));
 }
 
-TEST_F(DetachedProcessTest, ProcessRunsInTheFolder) {
+TEST_F(DetachedProcessTest, RunsInTheGivenFolder) {
     const auto work = folder.path() / "a folder";
     std::filesystem::create_directories(work);
     startDetached({{reporting("pwd")}, {}, work.string()});
@@ -96,7 +96,7 @@ TEST_F(DetachedProcessTest, ProcessInheritsNoDescriptorAndHasNoInput) {
     close(null);
 }
 
-TEST_F(DetachedProcessTest, NoSignalIsBlockedOrIgnored) {
+TEST_F(DetachedProcessTest, ProcessBlocksAndIgnoresNoSignal) {
     sigset_t blocked;
     sigset_t before;
     sigemptyset(&blocked);
@@ -116,7 +116,7 @@ TEST_F(DetachedProcessTest, NoSignalIsBlockedOrIgnored) {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
-TEST_F(DetachedProcessTest, ProgramIsFoundInPATH) {
+TEST_F(DetachedProcessTest, FindsTheProgramInPATH) {
     folder.script("found-by-name", "echo found >" + pipe.string() + "\n");
     const char* const path = getenv("PATH");
     const ScopedEnvironment here({{"PATH", std::string(path) + ":" + folder.path().string()}});
@@ -132,7 +132,7 @@ TEST_F(DetachedProcessTest, ScriptWithoutAnInterpreterLineRuns) {
     EXPECT_EQ(reports.nextLine(), "argument");
 }
 
-TEST_F(DetachedProcessTest, InvalidProgramIsAnErrorAndLeavesNoProcess) {
+TEST_F(DetachedProcessTest, InvalidProgramReturnsAnErrorAndLeavesNoProcess) {
     const auto text = folder.path() / "text";
     std::ofstream(text) << "no program";
     EXPECT_EQ(startDetached({{}, {}}).error, EINVAL);
@@ -145,7 +145,7 @@ TEST_F(DetachedProcessTest, InvalidProgramIsAnErrorAndLeavesNoProcess) {
     expectNoProcessToWaitFor();
 }
 
-TEST_F(DetachedProcessTest, ExitedProcessIsNotOurChild) {
+TEST_F(DetachedProcessTest, ExitedProcessIsNotAChild) {
     for (int count = 0; count < 20; ++count) {
         startDetached({{reporting("echo done")}, {}});
         EXPECT_EQ(reports.nextLine(), "done");
@@ -153,7 +153,7 @@ TEST_F(DetachedProcessTest, ExitedProcessIsNotOurChild) {
     expectNoProcessToWaitFor();
 }
 
-TEST_F(DetachedProcessTest, ManyThreadsMayStartProcessesAtOnce) {
+TEST_F(DetachedProcessTest, ManyThreadsCanStartProcessesConcurrently) {
     constexpr int each = 25;
     std::vector<std::thread> threads;
     for (int number = 0; number < 4; ++number) {
@@ -207,7 +207,7 @@ private:
     int listening = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
 };
 
-TEST_F(DetachedProcessTest, MessagesHaveTheProgramsNameInTheJournal) {
+TEST_F(DetachedProcessTest, JournalMessagesHaveTheProgramName) {
     const std::string socket = folder.path() / "journal";
     const JournalDouble journal(socket);
     DetachedCommand command{{"/bin/sh", "-c", "echo output; echo complaint >&2"}, {}};
@@ -219,14 +219,14 @@ TEST_F(DetachedProcessTest, MessagesHaveTheProgramsNameInTheJournal) {
     std::filesystem::remove(socket);
 }
 
-TEST_F(DetachedProcessTest, ProcessWritesToOurStreamsWithoutAJournal) {
+TEST_F(DetachedProcessTest, ProcessInheritsOutputStreamsWithoutAJournal) {
     DetachedCommand command{{"/bin/sh", "-c", "echo ran >" + pipe.string()}, {}};
     command.journal = {folder.path() / "no-journal", "tool", true, true};
     EXPECT_EQ(startDetached(command).error, 0);
     EXPECT_EQ(reports.nextLine(), "ran");
 }
 
-TEST_F(DetachedProcessTest, StreamBelongsToTheJournalOnlyIfTheVariableNamesIt) {
+TEST_F(DetachedProcessTest, UsesTheJournalOnlyIfTheVariableMatchesTheStream) {
     EXPECT_EQ(journalStreamFor("tool").socket, "");
     struct stat facts {};
     fstat(STDERR_FILENO, &facts);

@@ -11,7 +11,7 @@
 namespace glidemap {
 namespace {
 
-TEST(DisplayTest, UnsetOrUnreachableDisplayIsMissing) {
+TEST(DisplayTest, DisplayIsMissingIfUnsetOrUnreachable) {
     struct Row {
         const char* wayland;
         const char* x11;

@@ -56,7 +56,7 @@ TEST(ExecLineTest, ProgramIsTheFirstWord) {
     }
 }
 
-TEST(ExecLineTest, ProgramIsFoundAsASessionFindsIt) {
+TEST(ExecLineTest, FindsOnlyExecutableFilesInAbsolutePathFolders) {
     const TemporaryFolder folder;
     const auto program = folder.writeProgram("bin/glidemap");
     const auto later = folder.writeProgram("later/glidemap");

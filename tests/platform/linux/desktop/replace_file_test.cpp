@@ -26,7 +26,7 @@ TEST(ReplaceFileTest, CreatesParentFoldersAndLeavesNoTemporaryFile) {
     EXPECT_EQ(entriesOf(file.parent_path()), 1);
 }
 
-TEST(ReplaceFileTest, LinkToAFileIsFollowed) {
+TEST(ReplaceFileTest, FollowsALinkToAFile) {
     const TemporaryFolder folder;
     const auto kept = folder.write("kept/file", "old");
     fs::create_symlink(kept, folder.path() / "link");
@@ -35,7 +35,7 @@ TEST(ReplaceFileTest, LinkToAFileIsFollowed) {
     EXPECT_EQ(contentOf(kept), "new");
 }
 
-TEST(ReplaceFileTest, LinkToANonFileIsReplaced) {
+TEST(ReplaceFileTest, ReplacesADanglingLinkOrALinkToADevice) {
     const TemporaryFolder folder;
     for (const char* const target : {"/dev/null", "/nowhere/at/all"}) {
         const auto link = folder.path() / "link";

@@ -9,7 +9,7 @@ namespace {
 
 using test::InEnvironment;
 
-TEST(UserFoldersTest, AbsolutePathInTheVariableIsUsed) {
+TEST(UserFoldersTest, UsesTheVariableOnlyIfAbsolute) {
     struct Row {
         const char* value;
         const char* configuration;

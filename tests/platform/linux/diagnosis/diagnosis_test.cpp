@@ -50,7 +50,7 @@ protected:
     test::InEnvironment driver{"GLIDEMAP_TOUCH_DRIVER", GLIDEMAP_EVDEV_DRIVER};
 };
 
-TEST_F(DiagnosisTest, HasEverySectionWithoutADisplayAndABus) {
+TEST_F(DiagnosisTest, HasAllSectionsWithoutDisplayOrBus) {
     const std::string page = diagnosisPage(facts());
     EXPECT_TRUE(page.starts_with("Glidemap 1.2.3\n")) << page;
     for (const char* line :
@@ -87,13 +87,13 @@ TEST_F(DiagnosisTest, CreatesNoFiles) {
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST_F(DiagnosisTest, EndsOnABusThatNeverReplies) {
+TEST_F(DiagnosisTest, ReportsABusThatNeverReplies) {
     const test::SilentSocket silent;
     const test::InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());
     EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  session bus: does not reply\n"));
 }
 
-TEST_F(DiagnosisTest, CountsTheBindingsAndShowsNone) {
+TEST_F(DiagnosisTest, CountsBindingsWithoutListingThem) {
     writeBindings(encodeBindings(defaultBindings()));
     const std::string page = diagnosisPage(facts());
     EXPECT_THAT(page, HasSubstr("\n  content: 3 bindings\n"));
@@ -101,7 +101,7 @@ TEST_F(DiagnosisTest, CountsTheBindingsAndShowsNone) {
     EXPECT_THAT(page, Not(HasSubstr("drawCircle")));
 }
 
-TEST_F(DiagnosisTest, ReportsTheErrorInTheBindings) {
+TEST_F(DiagnosisTest, ReportsAnErrorInTheBindingsFile) {
     writeBindings(R"([{"gesture":"nonsense"}])");
     EXPECT_THAT(diagnosisPage(facts()), HasSubstr("\n  content: invalid, [0]"));
     std::filesystem::remove(bindingsFile());

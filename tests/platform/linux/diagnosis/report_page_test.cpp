@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-TEST(ReportPageTest, HasHeadingsLinesAndFacts) {
+TEST(ReportPageTest, FormatsHeadingsLinesAndFacts) {
     ReportPage page("/home/anna");
     page.heading("Session");
     page.fact("DISPLAY", ":0");
@@ -16,13 +16,13 @@ TEST(ReportPageTest, HasHeadingsLinesAndFacts) {
                            "\nTouchpads\n  none\n");
 }
 
-TEST(ReportPageTest, ShortensTheHomeFolderButNoLongerName) {
+TEST(ReportPageTest, ShortensTheHomeFolderButNotLongerFolderNames) {
     ReportPage page("/home/anna");
     page.line("/home/anna /home/anna/file:/home/annabel:/home/anna");
     EXPECT_EQ(page.text(), "  /home/anna ~/file:/home/annabel:~\n");
 }
 
-TEST(ReportPageTest, KeepsPathsWithoutAHomeFolder) {
+TEST(ReportPageTest, KeepsFullPathsWithoutAUsableHomeFolder) {
     for (const char* home : {"", "/", "relative"}) {
         ReportPage page(home);
         page.line("/relative/file");

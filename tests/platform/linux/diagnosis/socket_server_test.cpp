@@ -17,7 +17,7 @@ std::string ownName() {
     return name;
 }
 
-TEST(SocketServerTest, ReturnsTheListeningProgramEvenIfItNeverAccepts) {
+TEST(SocketServerTest, ReturnsAListeningProgramThatNeverAccepts) {
     const test::SilentSocket listening;
     const std::string path = listening.address().substr(std::string("unix:path=").size());
     for (int times = 0; times < 20; ++times) { // more connections than the backlog holds

@@ -10,7 +10,7 @@ namespace {
 
 using NativeKey = HardwareKeys::NativeKey;
 
-TEST(EvdevHardwareKeys, EveryTypableKeyCanBeRecorded) {
+TEST(EvdevHardwareKeys, MapsEveryKeyThatCanBeTyped) {
     const EvdevHardwareKeys keys;
     for (const KeyCodePair& pair : keyCodePairs()) {
         const NativeKey native{.scanCode = pair.kernelCode + 8U};
@@ -18,7 +18,7 @@ TEST(EvdevHardwareKeys, EveryTypableKeyCanBeRecorded) {
     }
 }
 
-TEST(EvdevHardwareKeys, ScanCodeAloneDeterminesTheKey) {
+TEST(EvdevHardwareKeys, MapsKeysByScanCodeOnly) {
     struct Row {
         const char* what;
         NativeKey key;
@@ -42,7 +42,7 @@ TEST(EvdevHardwareKeys, ScanCodeAloneDeterminesTheKey) {
     }
 }
 
-TEST(EvdevHardwareKeys, OnlyTheLockModifierIsCapsLock) {
+TEST(EvdevHardwareKeys, DetectsCapsLockByTheLockModifierOnly) {
     const EvdevHardwareKeys keys;
     for (unsigned bit = 0; bit < 32; ++bit) {
         const NativeKey key{.scanCode = 9, .modifiers = 1U << bit};

@@ -116,7 +116,7 @@ std::map<std::uint16_t, int> expectedTable() {
     return expected;
 }
 
-TEST(KeyCodesTest, EveryCodeHasExactlyOneCounterpart) {
+TEST(KeyCodesTest, EveryKeyCodeHasExactlyOneCounterpart) {
     const auto expected = expectedTable();
     ASSERT_EQ(keysByName.size(), 77U);
     for (int code = 0; code <= 0xFFFF; ++code) {
@@ -147,7 +147,7 @@ TEST(KeyCodesTest, ReverseMappingIsTheInverse) {
     }
 }
 
-TEST(KeyCodesTest, PairsAreCompleteAndAscending) {
+TEST(KeyCodesTest, KeyCodePairsAreCompleteAndAscending) {
     std::map<std::uint16_t, int> listed;
     std::vector<std::uint16_t> order;
     for (const KeyCodePair& pair : keyCodePairs()) {

@@ -90,7 +90,7 @@ TEST(KeyStrokesTest, FlagsBecomeModifierKeys) {
     }
 }
 
-TEST(KeyStrokesTest, PressedKeysAreRememberedBetweenCalls) {
+TEST(KeyStrokesTest, RemembersPressedKeysBetweenCalls) {
     KeyStrokes strokes;
     const Events down = {{t, true, control}};
     const Events up = {{t, false, control}};

@@ -42,7 +42,7 @@ const Row rows[] = {
      "+SHIFT +META +CTRL -CTRL"},
 };
 
-TEST(LiftedTypingTest, HeldModifiersAreReleasedAndPressedAgain) {
+TEST(LiftedTypingTest, ReleasesHeldModifiersAndPressesThemAgain) {
     for (const Row& row : rows) {
         EXPECT_EQ(typedText(typedWithout(row.held, controlT)), row.typed) << row.name;
         EXPECT_EQ(typedText(putBack(row.held)), row.putBack) << row.name;
@@ -50,7 +50,7 @@ TEST(LiftedTypingTest, HeldModifiersAreReleasedAndPressedAgain) {
     EXPECT_EQ(typedText(putBack({})), "");
 }
 
-TEST(LiftedTypingTest, OnlyCompleteStrokesAreBalanced) {
+TEST(LiftedTypingTest, StrokesAreBalancedIfEveryPressHasARelease) {
     EXPECT_TRUE(areBalanced({}));
     EXPECT_TRUE(areBalanced(controlT));
     EXPECT_FALSE(areBalanced(Changes{{KEY_T, true}}));

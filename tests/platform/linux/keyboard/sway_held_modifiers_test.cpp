@@ -124,13 +124,13 @@ protected:
     SwayDouble sway;
 };
 
-TEST_F(SwayHeldModifiersTest, KeyboardGetsARepeatDelayOfItsOwn) {
+TEST_F(SwayHeldModifiersTest, SetsASeparateRepeatDelayForTheKeyboard) {
     const SwayHeldModifiers held(thread, sway.path());
     sway.accept();
     EXPECT_EQ(sway.next(), toSeparate);
 }
 
-TEST_F(SwayHeldModifiersTest, ConnectionEndsWithTheReply) {
+TEST_F(SwayHeldModifiersTest, ClosesTheConnectionAfterTheReply) {
     const SwayHeldModifiers held(thread, sway.path());
     sway.accept();
     EXPECT_EQ(sway.next(), toSeparate);
@@ -148,7 +148,7 @@ TEST_F(SwayHeldModifiersTest, DestructionDoesNotWaitForTheReply) {
     EXPECT_EQ(sway.next(), std::nullopt);
 }
 
-TEST_F(SwayHeldModifiersTest, KeysAreTypedAtOnceWithAndWithoutSway) {
+TEST_F(SwayHeldModifiersTest, TypesKeysImmediatelyWithAndWithoutSway) {
     for (const std::string& path :
          {sway.path(), std::string("/nowhere/sway"), "/" + std::string(200, 'x')}) {
         SwayHeldModifiers held(thread, path);

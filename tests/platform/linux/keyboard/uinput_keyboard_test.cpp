@@ -78,7 +78,7 @@ private:
     std::vector<std::function<void()>> waiting;
 };
 
-TEST(UinputKeyboardTest, DeviceIsCreatedOnceOnStartup) {
+TEST(UinputKeyboardTest, CreatesTheDeviceOnceOnStartup) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -100,7 +100,7 @@ TEST(UinputKeyboardTest, UnknownKeyTypesNothing) {
     EXPECT_EQ(script.log, (Log{"plug in", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, EachAttemptRetriesWithoutPermission) {
+TEST(UinputKeyboardTest, RetriesToCreateTheDeviceOnEachCallWithoutPermission) {
     DeviceScript script{{}, false};
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -123,7 +123,7 @@ TEST(UinputKeyboardTest, DestructorReleasesKeys) {
     EXPECT_EQ(script.log, (Log{"plug in", "+CTRL +T", "-T -CTRL", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, UnpluggingReleasesKeysAndTypesNothingUntilPluggedInAgain) {
+TEST(UinputKeyboardTest, UnpluggingReleasesKeysAndStopsTypingUntilPluggedIn) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -138,7 +138,7 @@ TEST(UinputKeyboardTest, UnpluggingReleasesKeysAndTypesNothingUntilPluggedInAgai
               (Log{"plug in", "+CTRL +T", "-T -CTRL", "unplug", "plug in", "+Q -Q", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, HeldModifiersAreCheckedFirst) {
+TEST(UinputKeyboardTest, ChecksHeldModifiersBeforeTyping) {
     DeviceScript script;
     {
         auto held = std::make_unique<ScriptedHeldModifiers>(script.log);
@@ -154,7 +154,7 @@ TEST(UinputKeyboardTest, HeldModifiersAreCheckedFirst) {
                                "asked for +CTRL +T -T -CTRL", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, DestructorTypesPendingChanges) {
+TEST(UinputKeyboardTest, DestructorTypesChangesThatWaitForHeldModifiers) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script),

@@ -121,12 +121,12 @@ protected:
     std::unique_ptr<HeldModifiers> held;
 };
 
-TEST_F(X11HeldModifiersTest, TypesPlainlyIfNoModifierIsHeld) {
+TEST_F(X11HeldModifiersTest, LeavesTypingToUinputIfNoModifierIsHeld) {
     type();
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, HeldModifierIsPutBackAndReleasedWithTheUsersKey) {
+TEST_F(X11HeldModifiersTest, RestoresHeldModifierUntilTheUserReleasesTheKey) {
     script.user = {KEY_LEFTSHIFT};
     type();
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT"}));
@@ -135,7 +135,7 @@ TEST_F(X11HeldModifiersTest, HeldModifierIsPutBackAndReleasedWithTheUsersKey) {
     EXPECT_EQ(script.log, (Log{"-SHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, ModifierReleasedDuringTypingIsNotPutBack) {
+TEST_F(X11HeldModifiersTest, DoesNotRestoreAModifierReleasedDuringTyping) {
     script.user = {KEY_LEFTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 2) {
@@ -146,7 +146,7 @@ TEST_F(X11HeldModifiersTest, ModifierReleasedDuringTypingIsNotPutBack) {
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, ModifierReleasedDuringPuttingBackIsReleasedAtOnce) {
+TEST_F(X11HeldModifiersTest, ReleasesAModifierThatTheUserReleasesDuringRestoring) {
     script.user = {KEY_LEFTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 3) {
@@ -158,7 +158,7 @@ TEST_F(X11HeldModifiersTest, ModifierReleasedDuringPuttingBackIsReleasedAtOnce) 
               (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT", "-SHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, TwoModifiersCanBeReleasedSeparately) {
+TEST_F(X11HeldModifiersTest, ReleasesTwoRestoredModifiersSeparately) {
     script.user = {KEY_LEFTSHIFT, KEY_RIGHTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 3) {
@@ -173,7 +173,7 @@ TEST_F(X11HeldModifiersTest, TwoModifiersCanBeReleasedSeparately) {
     EXPECT_EQ(script.log, (Log{"-RIGHTSHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, SecondShortcutLiftsModifiersThatWerePutBack) {
+TEST_F(X11HeldModifiersTest, SecondShortcutReleasesRestoredModifiers) {
     script.user = {KEY_LEFTSHIFT};
     type();
     script.log.clear();
@@ -181,13 +181,13 @@ TEST_F(X11HeldModifiersTest, SecondShortcutLiftsModifiersThatWerePutBack) {
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "+SHIFT"}));
 }
 
-TEST_F(X11HeldModifiersTest, ModifiersOfOurKeyboardAreNotHeld) {
+TEST_F(X11HeldModifiersTest, IgnoresModifiersOfGlidemapsKeyboard) {
     script.ours = {KEY_LEFTCTRL};
     type();
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, ModifierHeldByTheUserAndOurKeyboardIsHeld) {
+TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnBothKeyboards) {
     script.ours = {KEY_LEFTCTRL};
     script.user = {KEY_LEFTCTRL};
     type();
@@ -203,7 +203,7 @@ TEST_F(X11HeldModifiersTest, DestructorReleasesAllKeys) {
 }
 
 // The socket of a dead connection stays readable, without events.
-TEST_F(X11HeldModifiersTest, LostServerIsNoLongerWatched) {
+TEST_F(X11HeldModifiersTest, StopsWatchingALostServer) {
     desktop.call([this] {
         script.isAlive = false;
         server->notify();

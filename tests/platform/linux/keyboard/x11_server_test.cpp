@@ -54,7 +54,7 @@ TEST_F(X11ServerTest, UinputKeyboardTypesIfNoModifierIsHeld) {
     EXPECT_EQ(stage->takeKeys(), Keys{});
 }
 
-TEST_F(X11ServerTest, HeldModifierIsNotPartOfTheShortcut) {
+TEST_F(X11ServerTest, HeldModifierDoesNotJoinTheShortcut) {
     stage->hold(KEY_LEFTSHIFT, true);
     EXPECT_EQ(stage->takeKeys(), (Keys{"+42 while 0"}));
     EXPECT_EQ(type(controlT), 0);
@@ -62,7 +62,7 @@ TEST_F(X11ServerTest, HeldModifierIsNotPartOfTheShortcut) {
               (Keys{"-42 while 1", "+29 while 0", "+20 while 4", "-20 while 4", "-29 while 4"}));
 }
 
-TEST_F(X11ServerTest, HeldModifierOfTheShortcutIsPressedOnce) {
+TEST_F(X11ServerTest, ShortcutModifierThatIsAlreadyHeldIsPressedOnce) {
     stage->hold(KEY_LEFTCTRL, true);
     stage->takeKeys();
     EXPECT_EQ(type(controlT), 0);
@@ -71,7 +71,7 @@ TEST_F(X11ServerTest, HeldModifierOfTheShortcutIsPressedOnce) {
 }
 
 // The program could not detect the release of a key that only an X client holds.
-TEST_F(X11ServerTest, ModifierThatNoKeyboardHoldsIsNotPutBack) {
+TEST_F(X11ServerTest, DoesNotRestoreAModifierThatNoKeyboardHolds) {
     stage->hold(KEY_LEFTMETA, true);
     EXPECT_NE(stage->modifiers(), 0U);
     EXPECT_EQ(type(controlT), 0);
@@ -79,7 +79,7 @@ TEST_F(X11ServerTest, ModifierThatNoKeyboardHoldsIsNotPutBack) {
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST_F(X11ServerTest, LockedModifierIsNotLifted) {
+TEST_F(X11ServerTest, DoesNotReleaseALockedModifier) {
     stage->hold(KEY_CAPSLOCK, true);
     stage->hold(KEY_CAPSLOCK, false);
     EXPECT_EQ(stage->modifiers(), lockMask);
@@ -87,7 +87,7 @@ TEST_F(X11ServerTest, LockedModifierIsNotLifted) {
     EXPECT_EQ(stage->modifiers(), lockMask);
 }
 
-TEST_F(X11ServerTest, HeldLockKeyIsNotLifted) {
+TEST_F(X11ServerTest, DoesNotReleaseAHeldLockKey) {
     stage->hold(KEY_CAPSLOCK, true);
     EXPECT_EQ(type(controlT), 1);
 }
@@ -97,12 +97,12 @@ TEST_F(X11ServerTest, HeldLetterIsNotAModifier) {
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST_F(X11ServerTest, IncompleteStrokeIsLeftToTheUinputKeyboard) {
+TEST_F(X11ServerTest, LeavesAnIncompleteStrokeToTheUinputKeyboard) {
     stage->hold(KEY_LEFTSHIFT, true);
     EXPECT_EQ(type({{KEY_T, true}}), 1);
 }
 
-TEST_F(X11ServerTest, KeyUnknownToTheServerIsLeftToTheUinputKeyboard) {
+TEST_F(X11ServerTest, LeavesAnUnknownKeyToTheUinputKeyboard) {
     stage->hold(KEY_LEFTSHIFT, true);
     EXPECT_EQ(type({{KEY_FN, true}, {KEY_FN, false}}), 1);
 }
@@ -114,7 +114,7 @@ TEST_F(X11ServerTest, UinputKeyboardTypesAfterTheServerExits) {
     EXPECT_EQ(type(controlT), 1);
 }
 
-TEST(HeldModifiersOfThisSessionTest, OnlyX11AndSwaySessionsHaveHeldModifiers) {
+TEST(SessionHeldModifiersTest, ExistOnlyInX11AndSwaySessions) {
     DesktopThread desktop;
     unsetenv("DISPLAY");
     setenv("SWAYSOCK", "/nowhere/sway", 1);

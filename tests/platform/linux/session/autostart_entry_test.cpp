@@ -74,7 +74,7 @@ TEST_F(AutostartEntryTest, FileDeterminesTheStatus) {
     }
 }
 
-TEST_F(AutostartEntryTest, MostSpecificFileReplacesTheOthersCompletely) {
+TEST_F(AutostartEntryTest, HighestPriorityFileReplacesAllOthers) {
     ofLesserSystem(entry());
     EXPECT_EQ(item.status(), Status::enabled);
     ofSystem(entry("Hidden=true\n"));
@@ -85,7 +85,7 @@ TEST_F(AutostartEntryTest, MostSpecificFileReplacesTheOthersCompletely) {
     EXPECT_EQ(item.status(), Status::notFound);
 }
 
-TEST_F(AutostartEntryTest, RegisteringWritesAnEntryThatTheNextRunFinds) {
+TEST_F(AutostartEntryTest, RegisteringWritesAnEntryThatTheNextRunReads) {
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(AutostartEntry(places()).status(), Status::enabled);
     EXPECT_EQ(contentOf(userFile), "[Desktop Entry]\nExec=" + program.string() +
@@ -102,7 +102,7 @@ TEST_F(AutostartEntryTest, RegisteringKeepsAFileThatAlreadyStartsTheProgram) {
     EXPECT_EQ(contentOf(userFile), entry("X-Mine=2\n"));
 }
 
-TEST_F(AutostartEntryTest, RegisteringRepairsTheUsersFile) {
+TEST_F(AutostartEntryTest, RegisteringRepairsTheUserFile) {
     ofUser(entry("Hidden=true\nX-Mine=1\n"));
     EXPECT_EQ(item.registerItem(), std::nullopt);
     EXPECT_EQ(contentOf(userFile), entry("X-Mine=1\n"));
@@ -115,19 +115,19 @@ TEST_F(AutostartEntryTest, RegisteringReplacesAnEntryForAnotherProgram) {
               "[Desktop Entry]\nType=Application\nName=x\nIcon=x\nExec=" + program.string() + "\n");
 }
 
-TEST_F(AutostartEntryTest, UnregisteringRemovesTheUsersFile) {
+TEST_F(AutostartEntryTest, UnregisteringRemovesTheUserFile) {
     ofUser(entry());
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(userFile));
     EXPECT_EQ(item.status(), Status::notRegistered);
 }
 
-TEST_F(AutostartEntryTest, UnregisteringAMissingEntryIsNoError) {
+TEST_F(AutostartEntryTest, UnregisteringAMissingEntrySucceeds) {
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(userFile));
 }
 
-TEST_F(AutostartEntryTest, UnregisteringHidesTheSystemsFile) {
+TEST_F(AutostartEntryTest, UnregisteringHidesTheSystemFile) {
     ofSystem(entry());
     EXPECT_EQ(item.unregisterItem(), std::nullopt);
     EXPECT_EQ(item.status(), Status::notRegistered);
@@ -144,7 +144,7 @@ TEST_F(AutostartEntryTest, SystemFileThatStartsNothingIsNotHidden) {
     EXPECT_FALSE(fs::exists(userFile));
 }
 
-TEST_F(AutostartEntryTest, MaskedEntryIsOffAndCanBeRegistered) {
+TEST_F(AutostartEntryTest, MaskedEntryCountsAsNotFoundAndCanBeRegistered) {
     ofSystem(entry());
     fs::create_directories(userFile.parent_path());
     fs::create_symlink("/dev/null", userFile);
@@ -153,7 +153,7 @@ TEST_F(AutostartEntryTest, MaskedEntryIsOffAndCanBeRegistered) {
     EXPECT_EQ(item.status(), Status::enabled);
 }
 
-TEST_F(AutostartEntryTest, FailureHasTheSystemsErrorText) {
+TEST_F(AutostartEntryTest, FailureReturnsTheSystemErrorText) {
     folder.write("user", "a file in the way"); // blocks even root, which ignores permissions
     EXPECT_EQ(item.registerItem(), std::generic_category().message(ENOTDIR));
     EXPECT_EQ(item.status(), Status::notRegistered);
@@ -163,7 +163,7 @@ TEST_F(AutostartEntryTest, FailureHasTheSystemsErrorText) {
     EXPECT_EQ(item.unregisterItem(), std::generic_category().message(ENOTEMPTY));
 }
 
-TEST_F(AutostartEntryTest, PlacesComeFromTheEnvironment) {
+TEST_F(AutostartEntryTest, ReadsFoldersAndDesktopsFromTheEnvironment) {
     struct Row {
         const char* home;
         const char* folders;

@@ -44,7 +44,7 @@ protected:
     AutostartSession session{{"GNOME"}, program.parent_path().string()};
 };
 
-TEST_F(AutostartFileTest, FileStartsOnlyIfASessionWouldStartIt) {
+TEST_F(AutostartFileTest, PredictsWhetherASessionStartsTheEntry) {
     const std::string entry = "[Desktop Entry]\nType=Application\nExec=PROGRAM\n";
     struct Row {
         const char* what;
@@ -96,7 +96,7 @@ TEST_F(AutostartFileTest, FileStartsOnlyIfASessionWouldStartIt) {
     }
 }
 
-TEST_F(AutostartFileTest, FirstListedDesktopNameDecides) {
+TEST_F(AutostartFileTest, FirstListedDesktopNameDeterminesTheStart) {
     struct Row {
         const char* lists;
         std::vector<std::string> desktops;
@@ -136,7 +136,7 @@ TEST_F(AutostartFileTest, InvalidFileStartsNothing) {
     EXPECT_EQ(AutostartFile::read(pipe).start(session), Start::impossible);
 }
 
-TEST_F(AutostartFileTest, RepairRemovesOnlyTheKeysThatPreventTheStart) {
+TEST_F(AutostartFileTest, RepairRemovesOnlyKeysThatPreventTheStart) {
     const std::string programLine = "Exec=" + program.string() + "\n";
     const std::string described = "Name=Glidemap\nIcon=org.glidemap.Glidemap\n";
     struct Row {
@@ -179,7 +179,7 @@ TEST_F(AutostartFileTest, RepairRemovesOnlyTheKeysThatPreventTheStart) {
     }
 }
 
-TEST_F(AutostartFileTest, HidingKeepsTheOtherKeys) {
+TEST_F(AutostartFileTest, HidingKeepsOtherKeys) {
     AutostartFile file =
         fileWith("# Mine\n\n[Desktop Entry]\nType=Application\nName=x\nIcon=x\nExec=PROGRAM -q\n");
     file.hide();
@@ -187,7 +187,7 @@ TEST_F(AutostartFileTest, HidingKeepsTheOtherKeys) {
                                program.string() + " -q\nHidden=true\n");
 }
 
-TEST_F(AutostartFileTest, EntryOfAnotherProgramDoesNotStartThisOne) {
+TEST_F(AutostartFileTest, EntryForAnotherProgramDoesNotStartGlidemap) {
     const AutostartFile file = fileWith("[Desktop Entry]\nType=Application\nExec=/bin/true\n");
     EXPECT_EQ(file.start(session), Start::happens);
     EXPECT_FALSE(file.starts(session, program));

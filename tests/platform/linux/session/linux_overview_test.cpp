@@ -84,14 +84,14 @@ protected:
     DesktopThread desktop;
 };
 
-TEST_F(LinuxOverviewTest, ShowsTheOverviewOfGNOME) {
+TEST_F(LinuxOverviewTest, ShowsTheGNOMEOverview) {
     BusDouble& gnomeShell = onBus(gnome);
     EXPECT_EQ(toggle("Shell"),
               (Lines{"Shell get OverviewActive", "Shell set OverviewActive true"}));
     EXPECT_TRUE(gnomeShell.property("OverviewActive"));
 }
 
-TEST_F(LinuxOverviewTest, HidesAnOverviewThatIsShown) {
+TEST_F(LinuxOverviewTest, HidesAVisibleOverview) {
     BusDouble& gnomeShell = onBus(gnome);
     gnomeShell.set("OverviewActive", true);
     EXPECT_EQ(toggle("Shell"),
@@ -99,20 +99,20 @@ TEST_F(LinuxOverviewTest, HidesAnOverviewThatIsShown) {
     EXPECT_FALSE(gnomeShell.property("OverviewActive"));
 }
 
-TEST_F(LinuxOverviewTest, ShowsTheOverviewOfCinnamon) {
+TEST_F(LinuxOverviewTest, ShowsTheCinnamonOverview) {
     onBus(cinnamon);
     EXPECT_EQ(toggle("Cinnamon"),
               (Lines{"Cinnamon get OverviewActive", "Cinnamon set OverviewActive true"}));
 }
 
-TEST_F(LinuxOverviewTest, InvokesTheShortcutOfKWin) {
+TEST_F(LinuxOverviewTest, InvokesTheKWinShortcut) {
     onBus(kwin).answer("shortcutNames", names("(['Expose', 'Overview', 'Show Desktop'],)"));
     EXPECT_EQ(toggle("kglobalaccel"),
               (Lines{"kglobalaccel.shortcutNames()", "kglobalaccel.invokeShortcut('Overview',)"}));
 }
 
 // KWin reports success even for a shortcut that it does not have.
-TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
+TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingKWinShortcut) {
     struct Row {
         const char* what;
         BusDouble::Method answer;
@@ -141,7 +141,7 @@ TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingShortcutOfKWin) {
     }
 }
 
-TEST_F(LinuxOverviewTest, NextShellIsCalledIfOneHasNoOverview) {
+TEST_F(LinuxOverviewTest, CallsTheNextShellIfAShellHasNoOverview) {
     onBus({"org.gnome.Shell", "/org/gnome/Shell",
            "<interface name='org.gnome.Shell'><method name='Other'/></interface>"});
     onBus(kwin).answer("shortcutNames", names("(['Overview'],)"));
@@ -163,7 +163,7 @@ TEST_F(LinuxOverviewTest, QueriesShareAPendingLookup) {
     EXPECT_EQ(journal.lines(), (Lines{"Shell get OverviewActive", "Shell: no callers left"}));
 }
 
-TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {
+TEST_F(LinuxOverviewTest, FirstLookupDetectsAMissingOverview) {
     LinuxOverview overview(desktop, 600s);
     EXPECT_TRUE(overview.mayExist());
     EXPECT_TRUE(becomes(false, overview));
@@ -171,7 +171,7 @@ TEST_F(LinuxOverviewTest, MissingOverviewIsKnownAfterTheFirstLookup) {
     EXPECT_TRUE(becomes(true, overview));
 }
 
-TEST_F(LinuxOverviewTest, LookupShowsNothing) {
+TEST_F(LinuxOverviewTest, LookupDoesNotShowTheOverview) {
     BusDouble& gnomeShell = onBus(gnome);
     LinuxOverview overview(desktop, 600s);
     overview.mayExist();

@@ -137,7 +137,7 @@ protected:
     std::chrono::nanoseconds lastTook{};
 };
 
-TEST_F(LinuxScreenLockTest, SessionThatReportsLockedIsTheOnlyServiceCalled) {
+TEST_F(LinuxScreenLockTest, CallsNoOtherServiceOnceTheSessionReportsLocked) {
     BusDouble& manager = onSystemBus(logind);
     manager.answer("Lock", [&] {
         manager.set("LockedHint", true);
@@ -147,7 +147,7 @@ TEST_F(LinuxScreenLockTest, SessionThatReportsLockedIsTheOnlyServiceCalled) {
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "login1 get LockedHint"}));
 }
 
-TEST_F(LinuxScreenLockTest, SlowLockerIsAwaitedUntilTheSessionReportsLocked) {
+TEST_F(LinuxScreenLockTest, WaitsForASlowLockerUntilTheSessionReportsLocked) {
     BusDouble& manager = onSystemBus(logind);
     onSessionBus(gnome);
     LinuxScreenLock screenLock(desktop, queue, endless);
@@ -161,7 +161,7 @@ TEST_F(LinuxScreenLockTest, SlowLockerIsAwaitedUntilTheSessionReportsLocked) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, SessionThatAcceptsButDoesNotLockIsNotEnough) {
+TEST_F(LinuxScreenLockTest, CallsScreenSaverIfTheSessionAcceptsButDoesNotLock) {
     onSystemBus(logind);
     onSessionBus(gnome);
     const Lines expected{"login1.Lock()", "login1 get LockedHint", "ScreenSaver.Lock()"};
@@ -181,7 +181,7 @@ TEST_F(LinuxScreenLockTest, ScreenSaverIsCalledIfTheSessionCannotBeLocked) {
     EXPECT_EQ(lock(), (Lines{"login1.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsCalled) {
+TEST_F(LinuxScreenLockTest, CallsTheScreenSaverOfEachDesktop) {
     struct Row {
         ServiceDescription service;
         const char* asked;
@@ -208,20 +208,20 @@ TEST_F(LinuxScreenLockTest, EveryDesktopsScreenSaverIsCalled) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, NextScreenSaverIsCalledIfOneRefuses) {
+TEST_F(LinuxScreenLockTest, CallsTheNextScreenSaverAfterARefusal) {
     onSessionBus(gnome).refuse("Lock");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), (Lines{"ScreenSaver.Lock()", "ScreenSaver.Lock()"}));
 }
 
-TEST_F(LinuxScreenLockTest, ScreenSaverThatOnlyInhibitsIsNotUsed) {
+TEST_F(LinuxScreenLockTest, SkipsAScreenSaverServiceThatOnlyInhibits) {
     onSessionBus({"org.freedesktop.ScreenSaver", "/ScreenSaver",
                   "<interface name='org.freedesktop.ScreenSaver'><method name='Inhibit'/>"
                   "</interface>"});
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, RunningScreenSaverIsCalledBeforeAStartableOne) {
+TEST_F(LinuxScreenLockTest, CallsARunningScreenSaverBeforeAStartableScreenSaver) {
     sessionBus.makeStartable("org.gnome.ScreenSaver", "/bin/false");
     onSessionBus(freedesktop);
     EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
@@ -258,7 +258,7 @@ TEST_F(LinuxScreenLockTest, RunningScreenSaverOfThisDesktopIsCalledFirst) {
     EXPECT_EQ(lock(), Lines{"ScreenSaver.Lock()"});
 }
 
-TEST_F(LinuxScreenLockTest, FallbackRunsOnceIfBothBusesHaveNoService) {
+TEST_F(LinuxScreenLockTest, FallbackRunsOnceIfNeitherBusHasAService) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
@@ -268,7 +268,7 @@ TEST_F(LinuxScreenLockTest, FallbackRunsWithoutABus) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(LinuxScreenLockTest, EachRequestIsReportedSeparately) {
+TEST_F(LinuxScreenLockTest, EachRequestRunsItsOwnFallback) {
     LinuxScreenLock screenLock(desktop, queue, endless);
     screenLock.lock([this] { journal.add("first"); });
     screenLock.lock([this] { journal.add("second"); });
@@ -279,7 +279,7 @@ TEST_F(LinuxScreenLockTest, EachRequestIsReportedSeparately) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "second"), 1);
 }
 
-TEST_F(LinuxScreenLockTest, ServiceThatNeverRepliesCostsOnlyItsLimit) {
+TEST_F(LinuxScreenLockTest, StopsWaitingForAServiceThatNeverReplies) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
     const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // the service may still lock
@@ -300,7 +300,7 @@ TEST_F(LinuxScreenLockTest, MainThreadNeverWaitsForAService) {
     EXPECT_EQ(journal.lines()[1], "let go");
 }
 
-TEST_F(LinuxScreenLockTest, DestructionDuringASlowLockSkipsTheFallback) {
+TEST_F(LinuxScreenLockTest, DestructionSkipsTheFallbackDuringASlowLock) {
     onSystemBus(logind);
     {
         LinuxScreenLock screenLock(desktop, queue, endless);
@@ -312,7 +312,7 @@ TEST_F(LinuxScreenLockTest, DestructionDuringASlowLockSkipsTheFallback) {
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "to the main thread"), 0);
 }
 
-TEST_F(LinuxScreenLockTest, BusThatNeverRespondsCountsAsMissing) {
+TEST_F(LinuxScreenLockTest, SkipsABusThatNeverResponds) {
     const SilentSocket silent;
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     onSessionBus(gnome);
@@ -320,7 +320,7 @@ TEST_F(LinuxScreenLockTest, BusThatNeverRespondsCountsAsMissing) {
     EXPECT_EQ(lockInTime(expected, withReplyLimit), expected);
 }
 
-TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) {
+TEST_F(LinuxScreenLockTest, DestructionSkipsTheFallbackWhileABusDoesNotRespond) {
     const SilentSocket silent;
     const InEnvironment address("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     {
@@ -331,7 +331,7 @@ TEST_F(LinuxScreenLockTest, DestructionWhileABusDoesNotRespondSkipsTheFallback) 
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(LinuxScreenLockTest, LockIsAvailableWithoutABus) {
+TEST_F(LinuxScreenLockTest, FindReturnsTrueWithoutABus) {
     const test::TemporaryFolder runtime;
     const InEnvironment folder("XDG_RUNTIME_DIR", runtime.path().c_str());
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", nullptr);
@@ -357,14 +357,14 @@ protected:
     const test::Leash leash{pipes.path() / "leash"};
 };
 
-TEST_F(SessionLockTest, DaemonsCommandLocksIfNoServiceDoes) {
+TEST_F(SessionLockTest, RunsTheDaemonsCommandIfNoServiceLocks) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command");
     EXPECT_EQ(lock(), Lines());
     EXPECT_EQ(programs.ran(), "xscreensaver-command -lock\n");
 }
 
-TEST_F(SessionLockTest, ServiceComesBeforeACommand) {
+TEST_F(SessionLockTest, CallsAServiceBeforeACommand) {
     onSessionBus(gnome);
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command");
@@ -372,7 +372,7 @@ TEST_F(SessionLockTest, ServiceComesBeforeACommand) {
     EXPECT_EQ(programs.ran(), "");
 }
 
-TEST_F(SessionLockTest, NextCommandRunsIfOneFailsOrIsMissing) {
+TEST_F(SessionLockTest, RunsTheNextCommandIfACommandFailsOrIsMissing) {
     programs.start("light-locker", {}, environment);
     programs.start("xscreensaver", {}, environment);
     programs.start("xautolock", {}, environment);
@@ -388,7 +388,7 @@ TEST_F(SessionLockTest, FallbackRunsIfAllCommandsFail) {
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(SessionLockTest, CommandThatStillRunsMayLockLater) {
+TEST_F(SessionLockTest, DoesNotRunTheFallbackWhileACommandStillRuns) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", untilTheTestEnds());
     Patience patience = endless;
@@ -396,7 +396,7 @@ TEST_F(SessionLockTest, CommandThatStillRunsMayLockLater) {
     EXPECT_EQ(lock(patience), Lines());
 }
 
-TEST_F(SessionLockTest, DestructionWhileACommandRunsSkipsTheFallback) {
+TEST_F(SessionLockTest, DestructionSkipsTheFallbackWhileACommandRuns) {
     programs.start("xscreensaver", {}, environment);
     programs.install("xscreensaver-command", untilTheTestEnds());
     {
@@ -410,7 +410,7 @@ TEST_F(SessionLockTest, DestructionWhileACommandRunsSkipsTheFallback) {
     EXPECT_EQ(journal.lines(), Lines{"let go"});
 }
 
-TEST_F(SessionLockTest, CommandOfSwayidleIsRun) {
+TEST_F(SessionLockTest, RunsTheSwayidleCommand) {
     programs.start("swayidle", {"timeout", "300", "swaylock -f -c 'a b'"}, environment);
     programs.install("swaylock", "echo >" + programs.folder() + "/end");
     EXPECT_EQ(lock(), Lines());
@@ -422,7 +422,7 @@ TEST_F(SessionLockTest, CommandOfSwayidleIsRun) {
     EXPECT_EQ(programs.ran(), "swaylock -f -c a b\n");
 }
 
-TEST_F(SessionLockTest, LockerThatHandlesLogindsRequestIsTrusted) {
+TEST_F(SessionLockTest, RunsNoCommandIfTheLockerHandlesTheLogindRequest) {
     onSystemBus(logind);
     programs.start("swayidle", {"lock", "swaylock"}, environment);
     programs.install("swaylock");
@@ -431,25 +431,25 @@ TEST_F(SessionLockTest, LockerThatHandlesLogindsRequestIsTrusted) {
     EXPECT_EQ(programs.ran(), ""); // swayidle runs the command itself
 }
 
-TEST_F(SessionLockTest, CommandOfALogindListenerRunsWithoutLogind) {
+TEST_F(SessionLockTest, RunsALogindListenersCommandIfLogindIsMissing) {
     programs.start("xss-lock", {"--", "i3lock"}, environment);
     programs.install("xset");
     EXPECT_EQ(lock(), Lines());
     EXPECT_EQ(programs.ran(), "xset s activate\n");
 }
 
-TEST_F(SessionLockTest, LockerThatCoversTheScreenIsEnough) {
+TEST_F(SessionLockTest, DoesNothingIfALockerAlreadyCoversTheScreen) {
     onSessionBus(gnome);
     programs.start("i3lock", {}, environment);
     EXPECT_EQ(lock(), Lines());
 }
 
-TEST_F(SessionLockTest, LockerOfAnotherSessionIsIgnored) {
+TEST_F(SessionLockTest, IgnoresALockerInAnotherSession) {
     programs.start("i3lock", {}, {{"DISPLAY", ":another"}});
     EXPECT_EQ(lock(), (Lines{"to the main thread", "otherwise"}));
 }
 
-TEST_F(SessionLockTest, XfceLocksWithItsOwnCommand) {
+TEST_F(SessionLockTest, RunsTheXfceLockCommand) {
     const InEnvironment current("XDG_CURRENT_DESKTOP", "XFCE");
     programs.install("xflock4");
     EXPECT_EQ(lock(), Lines());

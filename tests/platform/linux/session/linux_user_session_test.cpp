@@ -133,7 +133,7 @@ protected:
     DesktopThread desktop;
 };
 
-TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsInFront) {
+TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsActive) {
     BusDouble& manager = startLogind(true, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());
@@ -146,7 +146,7 @@ TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsInFront) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, InitialBackgroundSessionIsDetected) {
+TEST_F(LinuxUserSessionTest, DetectsAnInitiallyInactiveSession) {
     startLogind(false, true);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, true));
@@ -168,7 +168,7 @@ TEST_F(LinuxUserSessionTest, FollowsSuspendAndResume) {
 }
 
 // A process that is stopped before the suspend reads both signals after the resume.
-TEST_F(LinuxUserSessionTest, SuspendThatEndsBeforeTheMainThreadRunsIsReported) {
+TEST_F(LinuxUserSessionTest, ReportsASuspendThatEndsBeforeTheMainThreadRuns) {
     BusDouble& manager = startLogind(true, false);
     LinuxUserSession session(desktop, queue);
     std::vector<bool> notified;
@@ -211,7 +211,7 @@ TEST_F(LinuxUserSessionTest, ClosingSessionCountsAsActive) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsALaterLogind) {
+TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsLogindOnceStarted) {
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());
     EXPECT_FALSE(session.isLocked());
@@ -222,7 +222,7 @@ TEST_F(LinuxUserSessionTest, SessionIsActiveWithoutLogindAndFollowsALaterLogind)
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, FollowsEveryDesktopsScreenSaver) {
+TEST_F(LinuxUserSessionTest, FollowsTheScreenSaverOfEachDesktop) {
     const LinuxUserSession session(desktop, queue);
     for (const Saver& each : allSavers) {
         {
@@ -243,7 +243,7 @@ TEST_F(LinuxUserSessionTest, InitiallyActiveScreenSaverIsDetected) {
     EXPECT_TRUE(become(session, true, true));
 }
 
-TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsIt) {
+TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsLocked) {
     BusDouble& manager = startLogind(true, true);
     SaverDouble& gnome = savers.emplace_back(sessionBus, allSavers[0], true, journal);
     SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], false, journal);
@@ -258,7 +258,7 @@ TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsIt) {
     EXPECT_TRUE(become(session, true, false));
 }
 
-TEST_F(LinuxUserSessionTest, SignalsOfOtherProgramsAreIgnored) {
+TEST_F(LinuxUserSessionTest, IgnoresSignalsFromOtherPrograms) {
     SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(become(session, true, true));
@@ -295,7 +295,7 @@ TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
     EXPECT_FALSE(session.isAsleep());
 }
 
-TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilItsDestruction) {
+TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilDestruction) {
     BusDouble& manager = startLogind(true, false);
     int reported = 0;
     {
@@ -314,7 +314,7 @@ TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilItsDestruction) {
     EXPECT_EQ(reported, 1);
 }
 
-TEST_F(LinuxUserSessionTest, BusesThatNeverReplyDelayNothing) {
+TEST_F(LinuxUserSessionTest, ConstructionAndDestructionDoNotWaitForSilentBuses) {
     const SilentSocket silent;
     const InEnvironment systemAddress("DBUS_SYSTEM_BUS_ADDRESS", silent.address().c_str());
     const InEnvironment address("DBUS_SESSION_BUS_ADDRESS", silent.address().c_str());

@@ -26,14 +26,14 @@ std::vector<Words> commandsOf(const SessionLockers& lockers) {
     return commands;
 }
 
-TEST(SessionLockers, NoLockerMeansNoCommand) {
+TEST(SessionLockers, ReturnsNoCommandWithoutALocker) {
     const SessionLockers none({}, "sway", "");
     EXPECT_THAT(none.commands(), IsEmpty());
     EXPECT_FALSE(none.isLocked());
     EXPECT_FALSE(none.listensToLogind());
 }
 
-TEST(SessionLockers, EachDaemonHasItsCommand) {
+TEST(SessionLockers, ReturnsTheCommandOfEachDaemon) {
     EXPECT_THAT(commandsOf({{{"xscreensaver", {}}}, "", ""}),
                 ElementsAre(Words{"xscreensaver-command", "-lock"}));
     EXPECT_THAT(commandsOf({{{"light-locker", {}}}, "", ""}),
@@ -44,7 +44,7 @@ TEST(SessionLockers, EachDaemonHasItsCommand) {
                 ElementsAre(Words{"xset", "s", "activate"}));
 }
 
-TEST(SessionLockers, CommandOfXfceComesFirst) {
+TEST(SessionLockers, XfceCommandComesFirst) {
     EXPECT_THAT(commandsOf({{{"xscreensaver", {}}}, "XFCE", ""}),
                 ElementsAre(Words{"xflock4"}, Words{"xscreensaver-command", "-lock"}));
 }
@@ -60,7 +60,7 @@ TEST(SessionLockers, LogindListenersAreDetected) {
                     .listensToLogind());
 }
 
-TEST(SessionLockers, ArgumentsOfSwayidleContainTheLocker) {
+TEST(SessionLockers, ReadsTheLockerFromTheSwayidleArguments) {
     const Words arguments = {"swayidle",
                              "-w",
                              "timeout",
@@ -77,7 +77,7 @@ TEST(SessionLockers, ArgumentsOfSwayidleContainTheLocker) {
     EXPECT_TRUE(lockers.commands().front().stays);
 }
 
-TEST(SessionLockers, FileOfSwayidleContainsTheLocker) {
+TEST(SessionLockers, ReadsTheLockerFromTheSwayidleConfiguration) {
     const std::string file =
         "# swaylock is not here\ntimeout 300 'swaylock -f'\n\nlock \"gtklock -d\"";
     const SessionLockers lockers({{"swayidle", {"swayidle"}}}, "sway", file);
@@ -106,7 +106,7 @@ protected:
     InEnvironment socket{"WAYLAND_DISPLAY", nullptr};
 };
 
-TEST_F(SessionProcessesTest, ProcessesHaveTheNameAndThisDisplay) {
+TEST_F(SessionProcessesTest, FindsProcessesByNameAndDisplay) {
     doubles.start("a-program", {"two words"}, {{"DISPLAY", ":session-processes"}});
     doubles.start("a-program", {"elsewhere"}, {{"DISPLAY", ":session-processes-2"}});
     doubles.start("a-program", {"nowhere"}, {});
@@ -117,7 +117,7 @@ TEST_F(SessionProcessesTest, ProcessesHaveTheNameAndThisDisplay) {
     EXPECT_THAT(found("another"), IsEmpty());
 }
 
-TEST_F(SessionProcessesTest, WaylandDisplayIsInThisRuntimeFolder) {
+TEST_F(SessionProcessesTest, MatchesWaylandDisplaysOnlyInTheSameRuntimeFolder) {
     const InEnvironment noDisplay("DISPLAY", nullptr);
     const InEnvironment wayland("WAYLAND_DISPLAY", "wayland-9");
     const InEnvironment folder("XDG_RUNTIME_DIR", "/run/of/this");

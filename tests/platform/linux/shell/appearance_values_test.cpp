@@ -38,12 +38,12 @@ Appearance after(const std::vector<Setting>& settings) {
     return values.appearance();
 }
 
-TEST(AppearanceValuesTest, NothingIsKnownInitially) {
+TEST(AppearanceValuesTest, ValuesAreUnknownInitially) {
     EXPECT_EQ(after({}).colorScheme, std::nullopt);
     EXPECT_FALSE(after({}).reducesMotion);
 }
 
-TEST(AppearanceValuesTest, ColorSchemeIsDarkOrLightOrNoPreference) {
+TEST(AppearanceValuesTest, ParsesColorSchemes) {
     struct Row {
         const char* value;
         std::optional<ColorScheme> scheme;
@@ -64,7 +64,7 @@ TEST(AppearanceValuesTest, ColorSchemeIsDarkOrLightOrNoPreference) {
     }
 }
 
-TEST(AppearanceValuesTest, AnyDesktopSettingReducesMotion) {
+TEST(AppearanceValuesTest, AnyDesktopSettingCanReduceMotion) {
     struct Row {
         Setting setting;
         bool reduces;
@@ -97,7 +97,7 @@ TEST(AppearanceValuesTest, AnyDesktopSettingReducesMotion) {
     }
 }
 
-TEST(AppearanceValuesTest, SettingWithFullMotionDoesNotOverrideAnother) {
+TEST(AppearanceValuesTest, FullMotionDoesNotOverrideAnotherSettingsReducedMotion) {
     EXPECT_TRUE(after({{gnome, "enable-animations", "false"},
                        {common, "reduced-motion", "uint32 0"},
                        {kde, "AnimationDurationFactor", "'1'"}})
@@ -107,7 +107,7 @@ TEST(AppearanceValuesTest, SettingWithFullMotionDoesNotOverrideAnother) {
             .reducesMotion);
 }
 
-TEST(AppearanceValuesTest, KeyCountsOnlyInItsOwnGroup) {
+TEST(AppearanceValuesTest, IgnoresKeysInOtherGroups) {
     for (const Setting& setting : {
              Setting{gnome, "color-scheme", "uint32 1"},
              Setting{common, "color-schemes", "uint32 1"},

@@ -28,17 +28,17 @@ void composeScreen(xcb_connection_t* server) {
     std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
 }
 
-TEST(CompositingTest, WaylandAlwaysBlends) {
+TEST(CompositingTest, WaylandDesktopAlwaysComposites) {
     const ScopedEnvironment both({{"WAYLAND_DISPLAY", "wayland-9"}, {"DISPLAY", ":987"}});
     EXPECT_TRUE(desktopComposites());
 }
 
-TEST(CompositingTest, MissingDisplayCountsAsBlending) {
+TEST(CompositingTest, MissingDisplayCountsAsCompositing) {
     const ScopedEnvironment none({{"WAYLAND_DISPLAY", ""}, {"DISPLAY", ""}});
     EXPECT_TRUE(desktopComposites());
 }
 
-TEST(CompositingTest, XServerBlendsOnceACompositingManagerRuns) {
+TEST(CompositingTest, X11DesktopCompositesOnceACompositingManagerRuns) {
     if (const std::string reason = XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }
@@ -65,14 +65,14 @@ protected:
                              }};
 };
 
-TEST_F(RecentCompositingTest, SeveralMenusInARowQueryOnce) {
+TEST_F(RecentCompositingTest, CachesTheResultForConsecutiveMenus) {
     for (int menu = 0; menu < 4; ++menu) {
         EXPECT_FALSE(recent.composites());
     }
     EXPECT_EQ(asked, 1);
 }
 
-TEST_F(RecentCompositingTest, NewCompositingManagerIsDetectedWhenTheCacheExpires) {
+TEST_F(RecentCompositingTest, DetectsANewCompositingManagerWhenTheCacheExpires) {
     EXPECT_FALSE(recent.composites());
     isComposed = true;
     now += RecentCompositing::recently - std::chrono::nanoseconds(1);

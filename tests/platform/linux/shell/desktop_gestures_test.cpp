@@ -20,7 +20,7 @@ std::string note(GestureType gesture, const DesktopSession& session, const char*
     return desktopGestureNote(gesture, session, lang);
 }
 
-TEST(DesktopGestures, GnomeHasNoSettingForItsSwipes) {
+TEST(DesktopGestures, GnomeNoteSaysSwipesCannotBeDisabled) {
     for (const GestureType gesture :
          {threeFingerSwipeLeft, threeFingerSwipeRight, threeFingerSwipeUp, threeFingerSwipeDown}) {
         EXPECT_EQ(note(gesture, gnome),
@@ -35,7 +35,7 @@ TEST(DesktopGestures, GnomeHasNoSettingForItsSwipes) {
     }
 }
 
-TEST(DesktopGestures, PlasmaHasASettingForSwipesThatOpenEffects) {
+TEST(DesktopGestures, PlasmaNoteNamesTheSettingOnlyForEffectSwipes) {
     for (const GestureType gesture : {fourFingerSwipeUp, fourFingerSwipeDown}) {
         EXPECT_EQ(note(gesture, plasma),
                   "KDE Plasma opens a desktop effect with this swipe: Overview, Desktop Grid or "

@@ -59,7 +59,7 @@ TEST_F(FontReadingTest, DestructorWaitsUntilTheFontsAreKnown) {
     EXPECT_EQ(knownFonts(), 1);
 }
 
-TEST_F(FontReadingTest, FontsAreNotReadWithoutIt) {
+TEST_F(FontReadingTest, FontsAreUnknownWithoutFontReading) {
     takeAllAway();
     EXPECT_EQ(knownFonts(), 0);
 }

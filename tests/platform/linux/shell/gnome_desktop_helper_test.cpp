@@ -44,7 +44,7 @@ protected:
     std::vector<std::thread::id> threads;
 };
 
-TEST_F(GnomeDesktopHelperTest, StateFollowsTheShellsReply) {
+TEST_F(GnomeDesktopHelperTest, StateMatchesTheShellsReply) {
     struct Row {
         GnomeExtension::Status status;
         State state;
@@ -68,7 +68,7 @@ TEST_F(GnomeDesktopHelperTest, StateFollowsTheShellsReply) {
     }
 }
 
-TEST_F(GnomeDesktopHelperTest, InstallingIsReportedAndThenVerified) {
+TEST_F(GnomeDesktopHelperTest, ReportsTheInstallationAndThenVerifiesTheState) {
     status = {Extension::missing, ""};
     const auto made = helper();
     waitForReply();
@@ -82,7 +82,7 @@ TEST_F(GnomeDesktopHelperTest, InstallingIsReportedAndThenVerified) {
     EXPECT_EQ(queue->waiting(), 0U);
 }
 
-TEST_F(GnomeDesktopHelperTest, FailureKeepsTheShellsTextUntilTheNextAttempt) {
+TEST_F(GnomeDesktopHelperTest, KeepsTheShellsErrorTextUntilTheNextAttempt) {
     status = {Extension::missing, ""};
     const auto made = helper();
     waitForReply();
@@ -110,14 +110,14 @@ TEST_F(GnomeDesktopHelperTest, MainThreadNeverWaitsForTheShell) {
     }
 }
 
-TEST_F(GnomeDesktopHelperTest, ReplyAfterDestructionIsDropped) {
+TEST_F(GnomeDesktopHelperTest, DropsAReplyThatArrivesAfterDestruction) {
     status = {Extension::missing, ""};
     helper().reset();
     ASSERT_EQ(queue->waiting(), 1U);
     queue->runAll();
 }
 
-TEST(GnomeDesktopHelperOfThisSession, HelperExistsOnlyForGNOMEOnWayland) {
+TEST(GnomeDesktopHelperDetection, HelperExistsOnlyForGNOMEOnWayland) {
     struct Row {
         const char* names;
         const char* wayland;

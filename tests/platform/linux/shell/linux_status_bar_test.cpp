@@ -120,7 +120,7 @@ private:
     unsigned object = 0;
 };
 
-TEST(LinuxStatusBarTest, BarIsDetectedWhenItAppearsAndTheBusIsPreferred) {
+TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
     if (const std::string reason = XServer::whyNot(); !reason.empty()) {
         GTEST_SKIP() << reason;
     }

@@ -85,7 +85,7 @@ protected:
     kit::FakeMainQueue queue;
 };
 
-TEST_F(PortalAppearanceTest, RunningPortalIsQueriedOnce) {
+TEST_F(PortalAppearanceTest, QueriesARunningPortalOnce) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(described(*appearance.settings()), "unknown");
@@ -113,7 +113,7 @@ TEST_F(PortalAppearanceTest, ObserversAreNotifiedBeforeAndAfterAChange) {
     EXPECT_EQ(updates, (Lines{"will: unknown", "did: dark"}));
 }
 
-TEST_F(PortalAppearanceTest, ChangeIsFollowed) {
+TEST_F(PortalAppearanceTest, FollowsChanges) {
     BusDouble& portal = onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -140,7 +140,7 @@ TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread)
     EXPECT_EQ(next(appearance), "light"); // the only update
 }
 
-TEST_F(PortalAppearanceTest, SignalsOfOtherProgramsAreIgnored) {
+TEST_F(PortalAppearanceTest, IgnoresSignalsFromOtherPrograms) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -152,7 +152,7 @@ TEST_F(PortalAppearanceTest, SignalsOfOtherProgramsAreIgnored) {
     EXPECT_EQ(next(appearance), "dark, still");
 }
 
-TEST_F(PortalAppearanceTest, MissingPortalIsNotStartedButQueriedWhenItAppears) {
+TEST_F(PortalAppearanceTest, WaitsForAMissingPortalWithoutStartingIt) {
     const test::TemporaryFolder folder;
     const auto started = folder.path() / "started";
     bus.makeStartable("org.freedesktop.portal.Desktop", "/usr/bin/touch " + started.string());
@@ -163,7 +163,7 @@ TEST_F(PortalAppearanceTest, MissingPortalIsNotStartedButQueriedWhenItAppears) {
     EXPECT_FALSE(std::filesystem::exists(started));
 }
 
-TEST_F(PortalAppearanceTest, KnownSettingsStayUntilTheNextPortalReportsOthers) {
+TEST_F(PortalAppearanceTest, KeepsSettingsUntilTheNextPortalReports) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -178,7 +178,7 @@ TEST_F(PortalAppearanceTest, KnownSettingsStayUntilTheNextPortalReportsOthers) {
     EXPECT_EQ(next(appearance), "unknown");
 }
 
-TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
+TEST_F(PortalAppearanceTest, FollowsChangesOfAPortalWhoseReadAllFails) {
     struct Row {
         const char* what;
         const char* answer;
@@ -207,7 +207,7 @@ TEST_F(PortalAppearanceTest, PortalThatCannotReadStillReportsChanges) {
     }
 }
 
-TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) {
+TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPendingReply) {
     onBus(portalReplying(dark)).keepSilent("ReadAll");
     {
         const PortalAppearance appearance(desktop, queue);
@@ -217,7 +217,7 @@ TEST_F(PortalAppearanceTest, DestructionDoesNotWaitForAPortalAndReportsNothing) 
     EXPECT_EQ(queue.runAll(), 0U);
 }
 
-TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
+TEST_F(PortalAppearanceTest, SettingsKeepTheirLastValuesAfterDestruction) {
     onBus(portalReplying(dark));
     std::shared_ptr<AppearanceSettings> settings;
     {
@@ -229,7 +229,7 @@ TEST_F(PortalAppearanceTest, SettingsHandedOutKeepTheirLastValues) {
     EXPECT_EQ(described(*settings), "dark");
 }
 
-TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
+TEST_F(PortalAppearanceTest, DropsAnUpdateQueuedBeforeDestruction) {
     onBus(portalReplying(dark));
     {
         const PortalAppearance appearance(desktop, queue);
@@ -238,7 +238,7 @@ TEST_F(PortalAppearanceTest, UpdateQueuedBeforeDestructionIsDropped) {
     EXPECT_EQ(queue.runAll(), 1U);
 }
 
-TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
+TEST_F(PortalAppearanceTest, KeepsSettingsWhenTheBusIsLost) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -247,7 +247,7 @@ TEST_F(PortalAppearanceTest, LostBusLeavesKnownSettings) {
 }
 
 // The destructors return, so no thread waits for the bus.
-TEST_F(PortalAppearanceTest, NothingIsKnownWithoutABus) {
+TEST_F(PortalAppearanceTest, SettingsAreUnknownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :
          {std::string("unix:path=/nowhere/at/all"), std::string("no address"), silent.address()}) {

@@ -5,7 +5,7 @@
 namespace glidemap {
 namespace {
 
-TEST(X11ActivationTest, TimeOfALaunchIsInItsIdentifier) {
+TEST(X11ActivationTest, ParsesTheLaunchTimeFromTheStartupID) {
     struct Row {
         const char* id;
         std::uint32_t time;
@@ -25,7 +25,7 @@ TEST(X11ActivationTest, TimeOfALaunchIsInItsIdentifier) {
     }
 }
 
-TEST(X11ActivationTest, EndOfALaunchIsSentInPiecesWithAFinalZero) {
+TEST(X11ActivationTest, SplitsTheRemoveMessageIntoPiecesEndingWithANullByte) {
     using Pieces = std::vector<std::string>;
     EXPECT_EQ(endOfLaunch("a"), (Pieces{std::string("remove: ID=\"a\"\0", 15)}));
     EXPECT_EQ(endOfLaunch("host-1_TIME2"),

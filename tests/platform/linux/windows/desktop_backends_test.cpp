@@ -14,7 +14,7 @@ using desktops::XServer;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(DesktopBackends, WaylandComesFirstAndX11Last) {
+TEST(DesktopBackends, TriesWaylandBackendsFirstAndX11Last) {
     EXPECT_THAT(desktopsToTry("", ""), IsEmpty());
     EXPECT_THAT(desktopsToTry("", ":0"), ElementsAre(DesktopKind::x11));
     EXPECT_THAT(desktopsToTry("wayland-0", ""),
@@ -35,7 +35,7 @@ public:
 };
 
 // Without a compositor and a bus, no Wayland backend may start.
-TEST(DesktopBackends, OnlyTheBackendOfTheDesktopStarts) {
+TEST(DesktopBackends, StartsOnlyTheDesktopsBackend) {
     if (const std::string reason = XServer::whyNot(); !reason.empty())
         GTEST_SKIP() << reason;
     const XServer server;

@@ -37,14 +37,14 @@ protected:
     Lines announced;
 };
 
-TEST_F(MacosAppearanceTest, ObservesBeforeItReads) {
+TEST_F(MacosAppearanceTest, AddsObserverBeforeReadingValues) {
     const MacosAppearance appearance;
     EXPECT_THAT(journal(), ElementsAre("addObserverForName NSWorkspaceAccessibilityDisplayOptions"
                                        "DidChangeNotification",
                                        match, motion));
 }
 
-TEST_F(MacosAppearanceTest, SheetsAreTheSystems) {
+TEST_F(MacosAppearanceTest, ShowsSheets) {
     EXPECT_TRUE(MacosAppearance().showsSheets());
 }
 
@@ -92,7 +92,7 @@ TEST_F(MacosAppearanceTest, FollowsTheDisplayOptions) {
                                        "before dark still", "after dark moving"));
 }
 
-TEST_F(MacosAppearanceTest, AnnouncesOnlyChangedValues) {
+TEST_F(MacosAppearanceTest, NotifiesOnlyForChangedValues) {
     doubles::startWithAppearance(dark);
     MacosAppearance appearance;
     const Subscription following = follow(appearance);
@@ -102,7 +102,7 @@ TEST_F(MacosAppearanceTest, AnnouncesOnlyChangedValues) {
     EXPECT_THAT(announced, IsEmpty());
 }
 
-TEST_F(MacosAppearanceTest, ReceivesNothingAfterDestruction) {
+TEST_F(MacosAppearanceTest, IgnoresNotificationsAfterDestruction) {
     auto appearance = std::make_unique<MacosAppearance>();
     journal();
     appearance.reset();

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 
 class ApplicationSupportTest : public FilesTest {};
 
-TEST_F(ApplicationSupportTest, ReturnsTheUsersFirstFolder) {
+TEST_F(ApplicationSupportTest, ReturnsTheFirstFolderInTheUserDomain) {
     files().applicationSupport = {"/Users/mü/Library/Application Support", "/elsewhere"};
     EXPECT_EQ(applicationSupportFolder(), "/Users/mü/Library/Application Support");
     EXPECT_THAT(journal(), ElementsAre("URLsForDirectory 14 1"));
@@ -22,7 +22,7 @@ TEST_F(ApplicationSupportTest, ReturnsNulloptWithoutAFolder) {
 }
 
 // The program calls the function before the main loop, which would drain a pool.
-TEST_F(ApplicationSupportTest, NeedsNoOuterPool) {
+TEST_F(ApplicationSupportTest, WorksWithoutAnOuterAutoreleasePool) {
     files().applicationSupport = {"/Users/me/Library/Application Support"};
     std::thread([] {
         EXPECT_EQ(applicationSupportFolder(), "/Users/me/Library/Application Support");

@@ -16,7 +16,7 @@ TEST_F(MainBundleTest, ReturnsTheShortVersion) {
     EXPECT_EQ(bundleShortVersion(), "1.10.2");
 }
 
-TEST_F(MainBundleTest, ReturnsTheVersionWithoutAnOuterPool) {
+TEST_F(MainBundleTest, ReturnsTheVersionWithoutAnOuterAutoreleasePool) {
     files().version = "1.10.2";
     std::thread([] { EXPECT_EQ(bundleShortVersion(), "1.10.2"); }).join();
 }
@@ -30,7 +30,7 @@ TEST_F(MainBundleTest, ReturnsNulloptWithoutAVersion) {
 }
 
 // The program calls the function before it has an application object and a loop with a pool.
-TEST_F(MainBundleTest, ReturnsTheProgramsPathWithoutAnOuterPool) {
+TEST_F(MainBundleTest, ReturnsTheProgramPathWithoutAnOuterAutoreleasePool) {
     files().program = "/Applications/Glidemap.app/Contents/MacOS/Glidemap";
     std::thread([] {
         EXPECT_EQ(programPath(), "/Applications/Glidemap.app/Contents/MacOS/Glidemap");

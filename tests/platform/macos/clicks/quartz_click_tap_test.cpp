@@ -34,7 +34,7 @@ protected:
     std::vector<ClickEvent> asked;
 };
 
-TEST_F(QuartzClickTapTest, TapIsFirstInTheSessionAndOnTheMainLoopInAllCommonModes) {
+TEST_F(QuartzClickTapTest, InstallsSessionTapAtHeadOnTheMainRunLoop) {
     QuartzClickTap tap;
     EXPECT_TRUE(tap.create([](const ClickEvent&) { return ClickTap::Verdict::pass; }));
     tap.setEnabled(true);
@@ -79,7 +79,7 @@ TEST_F(QuartzClickTapTest, SwallowsEventsThatTheCallbackDrops) {
     EXPECT_EQ(play(kCGEventRightMouseUp, right), Passage::dropped);
 }
 
-TEST_F(QuartzClickTapTest, ReadsNoButtonOfNotificationsAndOtherEvents) {
+TEST_F(QuartzClickTapTest, ReadsTheButtonOnlyFromClickEvents) {
     const auto tap = tapAnswering(ClickTap::Verdict::pass);
     playNotice(kCGEventTapDisabledByTimeout);
     playNotice(kCGEventTapDisabledByUserInput);
@@ -96,7 +96,7 @@ TEST_F(QuartzClickTapTest, PassesEventsWithoutUserData) {
     EXPECT_THAT(asked, IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, RemovalTakesItFromTheLoopAndReleasesIt) {
+TEST_F(QuartzClickTapTest, RemoveTakesTheTapFromTheRunLoopAndReleasesTheTap) {
     const auto tap = tapAnswering(ClickTap::Verdict::pass);
     tap->setEnabled(false);
     tap->remove();
@@ -109,7 +109,7 @@ TEST_F(QuartzClickTapTest, RemovalTakesItFromTheLoopAndReleasesIt) {
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(QuartzClickTapTest, SystemCallsNothingAfterDestruction) {
+TEST_F(QuartzClickTapTest, DestructionDisablesAndInvalidatesTheTap) {
     tapAnswering(ClickTap::Verdict::pass).reset();
     EXPECT_THAT(journal(),
                 ElementsAre("CGEventTapEnable CFMachPort false",
@@ -117,7 +117,7 @@ TEST_F(QuartzClickTapTest, SystemCallsNothingAfterDestruction) {
                             "CFMachPortInvalidate CFMachPort"));
 }
 
-TEST_F(QuartzClickTapTest, MonitorEnablesItAgainAfterBothNotifications) {
+TEST_F(QuartzClickTapTest, MonitorEnablesTheTapAgainAfterBothNotifications) {
     ClickMonitor monitor(std::make_shared<QuartzClickTap>(), [] { return 2; });
     monitor.start();
     for (const CGEventType notice :
@@ -128,7 +128,7 @@ TEST_F(QuartzClickTapTest, MonitorEnablesItAgainAfterBothNotifications) {
     }
 }
 
-TEST_F(QuartzClickTapTest, MonitorSwallowsAPressWithItsOwnRelease) {
+TEST_F(QuartzClickTapTest, MonitorSwallowsAPressWithTheMatchingRelease) {
     ClickMonitor monitor(std::make_shared<QuartzClickTap>(), [] { return 2; });
     monitor.onClickGesture = [](GestureType gesture) {
         return gesture == GestureType::twoFingerClick;

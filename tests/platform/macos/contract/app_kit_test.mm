@@ -63,7 +63,7 @@ bool instancesAnswer(Class type, SEL method) {
     return class_getInstanceMethod(type, method) != nullptr;
 }
 
-TEST(AppKitContract, HasTheInterfacesOfTheRecorder) {
+TEST(AppKitContract, DeclaresInterfacesForTheRecorder) {
     EXPECT_TRUE(classAnswers([NSEvent class], @selector(addLocalMonitorForEventsMatchingMask:
                                                                                      handler:)));
     EXPECT_TRUE(classAnswers([NSEvent class], @selector(removeMonitor:)));
@@ -72,13 +72,13 @@ TEST(AppKitContract, HasTheInterfacesOfTheRecorder) {
     EXPECT_TRUE(instancesAnswer([NSEvent class], @selector(modifierFlags)));
 }
 
-TEST(AppKitContract, HasTheInterfacesOfTheShell) {
+TEST(AppKitContract, DeclaresInterfacesForTheApplicationShell) {
     EXPECT_TRUE(classAnswers([NSApplication class], @selector(sharedApplication)));
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(setActivationPolicy:)));
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(activateIgnoringOtherApps:)));
 }
 
-TEST(AppKitContract, HasTheInterfacesOfTheStatusItem) {
+TEST(AppKitContract, DeclaresInterfacesForTheStatusItem) {
     EXPECT_TRUE(classAnswers([NSImage class], @selector(imageWithSystemSymbolName:
                                                          accessibilityDescription:)));
     EXPECT_TRUE(instancesAnswer([NSImage class], @selector(setTemplate:)));

@@ -29,7 +29,7 @@ static_assert(std::is_same_v<decltype([none removeEventHandlerForEventClass:kCor
                                                                  andEventID:kAEReopenApplication]),
                              void>);
 
-TEST(AppleEventsContract, HasTheInterfacesOfReopenAndQuit) {
+TEST(AppleEventsContract, DeclaresInterfacesForReopenAndQuit) {
     const Class manager = [NSAppleEventManager class];
     EXPECT_TRUE(class_getClassMethod(manager, @selector(sharedAppleEventManager)) != nullptr);
     for (const SEL method : {

@@ -42,7 +42,7 @@ static_assert(std::is_same_v<CGEventTapCallBack,
 
 static_assert(std::is_convertible_v<decltype(kAXTrustedCheckOptionPrompt), CFStringRef>);
 
-TEST(ApplicationServicesContract, HasTheInterfacesOfTyping) {
+TEST(ApplicationServicesContract, DeclaresInterfacesForTyping) {
     EXPECT_TRUE(isThere<CGEventSourceRef(CGEventSourceStateID)>(&CGEventSourceCreate));
     EXPECT_TRUE(
         (isThere<CGEventRef(CGEventSourceRef, CGKeyCode, bool)>(&CGEventCreateKeyboardEvent)));
@@ -50,7 +50,7 @@ TEST(ApplicationServicesContract, HasTheInterfacesOfTyping) {
     EXPECT_TRUE((isThere<void(CGEventTapLocation, CGEventRef)>(&CGEventPost)));
 }
 
-TEST(ApplicationServicesContract, HasTheInterfacesOfClicks) {
+TEST(ApplicationServicesContract, DeclaresInterfacesForClicks) {
     EXPECT_TRUE(
         (isThere<CFMachPortRef(CGEventTapLocation, CGEventTapPlacement, CGEventTapOptions,
                                CGEventMask, CGEventTapCallBack, void*)>(&CGEventTapCreate)));
@@ -58,11 +58,11 @@ TEST(ApplicationServicesContract, HasTheInterfacesOfClicks) {
     EXPECT_TRUE((isThere<std::int64_t(CGEventRef, CGEventField)>(&CGEventGetIntegerValueField)));
 }
 
-TEST(ApplicationServicesContract, HasTheInterfacesOfTheSession) {
+TEST(ApplicationServicesContract, DeclaresInterfacesForTheSession) {
     EXPECT_TRUE(isThere<CFDictionaryRef()>(&CGSessionCopyCurrentDictionary));
 }
 
-TEST(ApplicationServicesContract, HasTheInterfacesOfPermission) {
+TEST(ApplicationServicesContract, DeclaresInterfacesForPermission) {
     EXPECT_TRUE(isThere<Boolean()>(&AXIsProcessTrusted));
     EXPECT_TRUE(isThere<Boolean(CFDictionaryRef)>(&AXIsProcessTrustedWithOptions));
 }

@@ -22,7 +22,7 @@ static_assert(
 static_assert(
     std::is_same_v<decltype(kCFTypeDictionaryValueCallBacks), const CFDictionaryValueCallBacks>);
 
-TEST(CoreFoundationContract, HasTheInterfacesInUse) {
+TEST(CoreFoundationContract, DeclaresInterfacesInUse) {
     EXPECT_TRUE(isThere<void(CFTypeRef)>(&CFRelease));
     EXPECT_TRUE(isThere<CFIndex(CFArrayRef)>(&CFArrayGetCount));
     EXPECT_TRUE((isThere<const void*(CFArrayRef, CFIndex)>(&CFArrayGetValueAtIndex)));
@@ -46,7 +46,7 @@ static_assert(std::is_same_v<UInt8, unsigned char>);
 static_assert(kCFStringEncodingUTF8 == 0x08000100);
 static_assert(std::is_same_v<decltype(kCFPreferencesCurrentApplication), const CFStringRef>);
 
-TEST(CoreFoundationContract, HasTheTypesOfTheSettings) {
+TEST(CoreFoundationContract, DeclaresTypesForTheSettings) {
     EXPECT_TRUE(isThere<CFTypeID(CFTypeRef)>(&CFGetTypeID));
     EXPECT_TRUE(isThere<CFTypeID()>(&CFStringGetTypeID));
     EXPECT_TRUE(isThere<CFTypeID()>(&CFBooleanGetTypeID));
@@ -60,7 +60,7 @@ TEST(CoreFoundationContract, HasTheTypesOfTheSettings) {
         (isThere<Boolean(CFStringRef, char*, CFIndex, CFStringEncoding)>(&CFStringGetCString)));
 }
 
-TEST(CoreFoundationContract, HasTheStorageOfTheSettings) {
+TEST(CoreFoundationContract, DeclaresInterfacesForStoringSettings) {
     EXPECT_TRUE((isThere<CFPropertyListRef(CFStringRef, CFStringRef)>(&CFPreferencesCopyAppValue)));
     EXPECT_TRUE(
         (isThere<void(CFStringRef, CFPropertyListRef, CFStringRef)>(&CFPreferencesSetAppValue)));

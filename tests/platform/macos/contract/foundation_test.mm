@@ -113,7 +113,7 @@ bool instancesAnswer(Class type, SEL method) {
     return class_getInstanceMethod(type, method) != nullptr;
 }
 
-TEST(FoundationContract, HasTheInterfacesOfTheBundle) {
+TEST(FoundationContract, DeclaresInterfacesForTheBundle) {
     EXPECT_TRUE(classAnswers([NSBundle class], @selector(mainBundle)));
     EXPECT_TRUE(instancesAnswer([NSBundle class], @selector(infoDictionary)));
     EXPECT_TRUE(instancesAnswer([NSBundle class], @selector(executablePath)));
@@ -121,7 +121,7 @@ TEST(FoundationContract, HasTheInterfacesOfTheBundle) {
     EXPECT_TRUE(instancesAnswer([NSFileManager class], @selector(URLsForDirectory:inDomains:)));
 }
 
-TEST(FoundationContract, HasTextsCollectionsAndURLs) {
+TEST(FoundationContract, DeclaresInterfacesForStringsCollectionsAndURLs) {
     EXPECT_TRUE(instancesAnswer([NSString class], @selector(initWithBytes:length:encoding:)));
     EXPECT_TRUE(instancesAnswer([NSString class], @selector(isEqualToString:)));
     EXPECT_TRUE(instancesAnswer([NSString class], @selector(UTF8String)));
@@ -135,14 +135,14 @@ TEST(FoundationContract, HasTextsCollectionsAndURLs) {
     EXPECT_TRUE(instancesAnswer([NSError class], @selector(localizedDescription)));
 }
 
-TEST(FoundationContract, HasActivities) {
+TEST(FoundationContract, DeclaresInterfacesForActivities) {
     EXPECT_TRUE(classAnswers([NSProcessInfo class], @selector(processInfo)));
     EXPECT_TRUE(instancesAnswer([NSProcessInfo class], @selector(beginActivityWithOptions:
                                                                                    reason:)));
     EXPECT_TRUE(instancesAnswer([NSProcessInfo class], @selector(endActivity:)));
 }
 
-TEST(FoundationContract, HasNotificationsAndObservation) {
+TEST(FoundationContract, DeclaresInterfacesForNotificationsAndObservation) {
     EXPECT_TRUE(instancesAnswer([NSNotificationCenter class],
                                 @selector(addObserverForName:object:queue:usingBlock:)));
     EXPECT_TRUE(instancesAnswer([NSNotificationCenter class], @selector(removeObserver:)));

@@ -20,7 +20,7 @@ static_assert(std::is_same_v<decltype([none status]), SMAppServiceStatus>);
 static_assert(std::is_same_v<decltype([none registerAndReturnError:noError]), BOOL>);
 static_assert(std::is_same_v<decltype([none unregisterAndReturnError:noError]), BOOL>);
 
-TEST(LoginItemContract, HasTheInterfacesOfTheLoginItem) {
+TEST(LoginItemContract, DeclaresInterfacesForTheLoginItem) {
     const Class service = [SMAppService class];
     EXPECT_TRUE(class_getClassMethod(service, @selector(mainAppService)) != nullptr);
     for (const SEL method : {

@@ -23,7 +23,7 @@ void put(Record& record, std::size_t offset, Value value) {
 
 static_assert(sizeof(MTTouch) == recordSize);
 
-TEST(TouchRecordsContract, FieldsAreReadWhereTheFrameworkWritesThem) {
+TEST(TouchRecordsContract, RecordFieldsHaveTheFrameworksOffsets) {
     Record record{};
     put<std::int32_t>(record, 0, 7);
     put<double>(record, 8, 1234.5);

@@ -48,7 +48,7 @@ bool instancesAnswer(Class type, SEL method) {
     return class_getInstanceMethod(type, method) != nullptr;
 }
 
-TEST(WorkspaceContract, HasTheInterfacesOfTheWorkspace) {
+TEST(WorkspaceContract, DeclaresInterfacesForTheWorkspace) {
     const Class workspace = [NSWorkspace class];
     EXPECT_TRUE(class_getClassMethod(workspace, @selector(sharedWorkspace)) != nullptr);
     EXPECT_TRUE(instancesAnswer(workspace, @selector(notificationCenter)));
@@ -62,7 +62,7 @@ TEST(WorkspaceContract, HasTheInterfacesOfTheWorkspace) {
                                      @selector(configuration)) != nullptr);
 }
 
-TEST(WorkspaceContract, HasTheInterfacesOfTheAppearance) {
+TEST(WorkspaceContract, DeclaresInterfacesForTheAppearance) {
     EXPECT_TRUE(instancesAnswer([NSApplication class], @selector(effectiveAppearance)));
     EXPECT_TRUE(
         instancesAnswer([NSAppearance class], @selector(bestMatchFromAppearancesWithNames:)));
@@ -70,7 +70,7 @@ TEST(WorkspaceContract, HasTheInterfacesOfTheAppearance) {
         instancesAnswer([NSWorkspace class], @selector(accessibilityDisplayShouldReduceMotion)));
 }
 
-TEST(WorkspaceContract, HasTheNamesOfTheNotifications) {
+TEST(WorkspaceContract, DeclaresNotificationNames) {
     for (NSString* const name :
          {NSWorkspaceDidActivateApplicationNotification,
           NSWorkspaceDidTerminateApplicationNotification,

@@ -16,12 +16,12 @@ protected:
     Preferences preferences;
 };
 
-TEST_F(PreferencesTest, MissingValueIsAbsent) {
+TEST_F(PreferencesTest, ReturnsNulloptForAMissingValue) {
     EXPECT_EQ(preferences.string("appLanguage"), std::nullopt);
     EXPECT_EQ(preferences.boolean("masterEnabled"), std::nullopt);
 }
 
-TEST_F(PreferencesTest, ValuesAreReadByTheirType) {
+TEST_F(PreferencesTest, ReadsValuesByType) {
     stored = {{"appLanguage", "zh"}, {"masterEnabled", false}, {"other", true}, {"number", 1.0}};
     EXPECT_EQ(preferences.string("appLanguage"), "zh");
     EXPECT_EQ(preferences.boolean("masterEnabled"), false);
@@ -34,7 +34,7 @@ TEST_F(PreferencesTest, ValuesAreReadByTheirType) {
     }
 }
 
-TEST_F(PreferencesTest, TextOfAnyLengthAndLanguageIsReadCompletely) {
+TEST_F(PreferencesTest, ReadsTextOfAnyLengthAndLanguage) {
     for (const std::string& text :
          {std::string(), std::string("简体中文"), std::string(100'000, 'a')}) {
         stored["appLanguage"] = text;
@@ -42,7 +42,7 @@ TEST_F(PreferencesTest, TextOfAnyLengthAndLanguageIsReadCompletely) {
     }
 }
 
-TEST_F(PreferencesTest, ValuesAreWrittenAtOnceWithTheirType) {
+TEST_F(PreferencesTest, WritesValuesImmediatelyWithTheirType) {
     preferences.setString("appLanguage", "zh");
     EXPECT_THAT(journal(), ElementsAre("CFPreferencesSetAppValue appLanguage",
                                        "CFPreferencesAppSynchronize this application"));
@@ -53,7 +53,7 @@ TEST_F(PreferencesTest, ValuesAreWrittenAtOnceWithTheirType) {
     EXPECT_EQ(journal().size(), 4U);
 }
 
-TEST_F(PreferencesTest, NothingIsReadOrWrittenIfTextsCannotBeCreated) {
+TEST_F(PreferencesTest, ReadsAndWritesNothingIfStringsCannotBeCreated) {
     stored["appLanguage"] = "zh";
     doubles::preferences().makesTexts = false;
     EXPECT_EQ(preferences.string("appLanguage"), std::nullopt);

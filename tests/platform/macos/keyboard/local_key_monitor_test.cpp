@@ -52,7 +52,7 @@ TEST_F(LocalKeyMonitorTest, ReportsTheKeyCodeAndTheDeviceIndependentFlags) {
     EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{letterA, shift | capsLock}));
 }
 
-TEST_F(LocalKeyMonitorTest, TakesEveryPressUntilStop) {
+TEST_F(LocalKeyMonitorTest, SwallowsEveryPressUntilStop) {
     start();
     EXPECT_EQ(play({letterA}), Receiver::monitor);
     EXPECT_EQ(play({letterB}), Receiver::monitor);
@@ -68,14 +68,14 @@ TEST_F(LocalKeyMonitorTest, SwallowsRepeatsAndDoesNotReportThem) {
     EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{letterA, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, CallbackMayStopIt) {
+TEST_F(LocalKeyMonitorTest, CallbackMayStopTheMonitor) {
     startOnce();
     EXPECT_EQ(play({returnKey}), Receiver::monitor);
     EXPECT_EQ(play({letterA}), Receiver::windows);
     EXPECT_THAT(reported, ElementsAre(KeyPresses::Press{returnKey, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, SwallowsTheRepeatsOfATakenPressAfterStop) {
+TEST_F(LocalKeyMonitorTest, SwallowsRepeatsOfASwallowedPressAfterStop) {
     startOnce();
     play({returnKey});
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::monitor);
@@ -95,7 +95,7 @@ TEST_F(LocalKeyMonitorTest, NextPressAfterStopRemovesTheMonitor) {
     }
 }
 
-TEST_F(LocalKeyMonitorTest, StopWithoutAPressRemovesTheMonitorAtOnce) {
+TEST_F(LocalKeyMonitorTest, StopWithoutAPressRemovesTheMonitorImmediately) {
     start();
     play({returnKey, 0, repeats});
     monitor->stop();
@@ -104,7 +104,7 @@ TEST_F(LocalKeyMonitorTest, StopWithoutAPressRemovesTheMonitorAtOnce) {
     EXPECT_THAT(reported, IsEmpty());
 }
 
-TEST_F(LocalKeyMonitorTest, AbandonPassesTheRestOfAPress) {
+TEST_F(LocalKeyMonitorTest, AbandonPassesTheRemainingRepeatsOfAPress) {
     startOnce();
     play({returnKey});
     monitor->abandon();
@@ -132,14 +132,14 @@ TEST_F(LocalKeyMonitorTest, RepeatedStartsInstallOneMonitor) {
                 ElementsAre(KeyPresses::Press{letterA, 0}, KeyPresses::Press{letterB, 0}));
 }
 
-TEST_F(LocalKeyMonitorTest, SystemCallsNothingAfterDestruction) {
+TEST_F(LocalKeyMonitorTest, PassesEventsAfterDestruction) {
     startOnce();
     play({returnKey});
     monitor.reset();
     EXPECT_EQ(play({returnKey, 0, repeats}), Receiver::windows);
 }
 
-TEST_F(LocalKeyMonitorTest, CallbackMayDestroyIt) {
+TEST_F(LocalKeyMonitorTest, CallbackMayDestroyTheMonitor) {
     const auto destroyed = std::make_shared<int>();
     monitor->start([this, destroyed](const KeyPresses::Press& press) {
         monitor.reset();
@@ -151,7 +151,7 @@ TEST_F(LocalKeyMonitorTest, CallbackMayDestroyIt) {
     EXPECT_EQ(destroyed.use_count(), 1);
 }
 
-TEST_F(LocalKeyMonitorTest, TakesNothingIfTheSystemCreatesNoMonitor) {
+TEST_F(LocalKeyMonitorTest, PassesEventsIfTheSystemCreatesNoMonitor) {
     doubles::appKit().givesEventMonitors = false;
     start();
     EXPECT_EQ(play({letterA}), Receiver::windows);

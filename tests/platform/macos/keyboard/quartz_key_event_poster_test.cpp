@@ -15,7 +15,7 @@ protected:
     QuartzKeyEventPoster poster;
 };
 
-TEST_F(QuartzKeyEventPosterTest, PostsPressAndReleaseWithExactlyTheirFlags) {
+TEST_F(QuartzKeyEventPosterTest, PostsPressAndReleaseWithExactlyTheGivenFlags) {
     poster.post(lockShortcut);
     EXPECT_THAT(journal(), ElementsAre("CGEventSourceCreate 1",                     //
                                        "CGEventCreateKeyboardEvent source 12 down", //

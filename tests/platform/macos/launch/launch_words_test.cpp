@@ -19,7 +19,7 @@ LaunchOption optionOf(std::vector<std::string> words) {
     return launchOption(arguments);
 }
 
-TEST(LaunchWordsTest, ArgumentsOfTheSystemAreNotOptions) {
+TEST(LaunchWordsTest, IgnoresArgumentsAddedByTheSystem) {
     struct Row {
         std::vector<std::string> words;
         LaunchOption expected;
@@ -46,7 +46,7 @@ TEST(LaunchWordsTest, ArgumentsOfTheSystemAreNotOptions) {
     }
 }
 
-TEST(LaunchWordsTest, HelpListsExactlyTheOptionsOfThisSystem) {
+TEST(LaunchWordsTest, HelpListsExactlyTheMacosOptions) {
     const std::string help = launchHelp;
     for (const std::string_view here : {"--verbose", "--diagnose", "--version", "--help",
                                         "GLIDEMAP_LOG", "menu bar", "Command-Q"}) {

@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 class LoginFrameworkLockTest : public MacosTest {};
 
-TEST_F(LoginFrameworkLockTest, UsesTheSystemsPrivateFramework) {
+TEST_F(LoginFrameworkLockTest, UsesTheSystemPrivateFramework) {
     EXPECT_STREQ(LoginFrameworkLock::systemsFramework,
                  "/System/Library/PrivateFrameworks/login.framework/login");
 }
@@ -22,11 +22,11 @@ TEST_F(LoginFrameworkLockTest, CallsOnlyTheLockFunction) {
     EXPECT_THAT(journal(), ElementsAre("SACLockScreenImmediate", "SACLockScreenImmediate"));
 }
 
-TEST_F(LoginFrameworkLockTest, IsNotFoundWithoutTheFunction) {
+TEST_F(LoginFrameworkLockTest, LockIsUnavailableWithoutTheFunction) {
     EXPECT_FALSE(LoginFrameworkLock(FRAMEWORKS "/liblogin-without-lock.so").find());
 }
 
-TEST_F(LoginFrameworkLockTest, IsNotFoundWithoutTheFramework) {
+TEST_F(LoginFrameworkLockTest, LockIsUnavailableWithoutTheFramework) {
     EXPECT_FALSE(LoginFrameworkLock("/nowhere/login").find());
     EXPECT_THAT(journal(), IsEmpty());
 }

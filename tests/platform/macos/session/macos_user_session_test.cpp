@@ -52,7 +52,7 @@ protected:
     Subscription subscription = session.changes().subscribe({}, [this] { ++changes; });
 };
 
-TEST_F(MacosUserSessionTest, IsActiveUnlockedAndAwakeAtFirst) {
+TEST_F(MacosUserSessionTest, IsActiveUnlockedAndAwakeInitially) {
     EXPECT_EQ(stateOf(session), State());
 }
 
@@ -63,7 +63,7 @@ TEST_F(MacosUserSessionTest, FollowsUserSwitching) {
     EXPECT_EQ(stateOf(session), State());
 }
 
-TEST_F(MacosUserSessionTest, FollowsTheLockWhileAnotherProgramIsFrontmost) {
+TEST_F(MacosUserSessionTest, FollowsTheScreenLockWhileAnotherProgramIsFrontmost) {
     EXPECT_EQ(changesAfter(postDistributed, "com.apple.screenIsLocked"), 1);
     EXPECT_EQ(stateOf(session), (State{.isLocked = true}));
     EXPECT_EQ(changesAfter(postDistributed, "com.apple.screenIsUnlocked"), 1);
@@ -77,7 +77,7 @@ TEST_F(MacosUserSessionTest, FollowsSleep) {
     EXPECT_EQ(stateOf(session), State());
 }
 
-TEST_F(MacosUserSessionTest, WakingScreensEndSleepToo) {
+TEST_F(MacosUserSessionTest, ScreenWakeNotificationEndsSleep) {
     postNotice("NSWorkspaceWillSleepNotification");
     EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceScreensDidWakeNotification"), 1);
     EXPECT_EQ(stateOf(session), State());
@@ -93,7 +93,7 @@ TEST_F(MacosUserSessionTest, StatesAreIndependent) {
     EXPECT_EQ(stateOf(session), (State{.isActive = false, .isLocked = true}));
 }
 
-TEST_F(MacosUserSessionTest, RepeatedNotificationsAnnounceNoChange) {
+TEST_F(MacosUserSessionTest, RepeatedNotificationsReportNoChange) {
     postDistributed("com.apple.screenIsLocked");
     EXPECT_EQ(changesAfter(postDistributed, "com.apple.screenIsLocked"), 0);
     EXPECT_EQ(changesAfter(postNotice, "NSWorkspaceSessionDidBecomeActiveNotification"), 0);
@@ -105,7 +105,7 @@ TEST_F(MacosUserSessionTest, OtherNotificationsChangeNothing) {
     EXPECT_EQ(stateOf(session), State());
 }
 
-TEST_F(MacosUserSessionStartTest, ReadsTheFirstStateFromTheWindowServer) {
+TEST_F(MacosUserSessionStartTest, ReadsTheInitialStateFromTheWindowServer) {
     doubles::quartz().isOnConsole = false;
     EXPECT_EQ(stateOf(MacosUserSession()), (State{.isActive = false}));
     doubles::quartz() = {};
@@ -113,14 +113,14 @@ TEST_F(MacosUserSessionStartTest, ReadsTheFirstStateFromTheWindowServer) {
     EXPECT_EQ(stateOf(MacosUserSession()), (State{.isLocked = true}));
 }
 
-TEST_F(MacosUserSessionStartTest, WithoutAWindowServerItIsActiveAndUnlocked) {
+TEST_F(MacosUserSessionStartTest, SessionIsActiveAndUnlockedWithoutAWindowServer) {
     doubles::quartz().isOnConsole = false;
     doubles::quartz().isLocked = true;
     doubles::quartz().hasSession = false;
     EXPECT_EQ(stateOf(MacosUserSession()), State());
 }
 
-TEST_F(MacosUserSessionStartTest, StopsObservingWhenItIsDestroyed) {
+TEST_F(MacosUserSessionStartTest, DestructionRemovesTheObservers) {
     auto session = std::make_unique<MacosUserSession>();
     const Lines added = journal();
     session.reset();

@@ -14,7 +14,7 @@ protected:
     MainAppLoginItem item;
 };
 
-TEST_F(MainAppLoginItemTest, ReturnsTheServicesStatus) {
+TEST_F(MainAppLoginItemTest, ReturnsTheServiceStatus) {
     struct Row {
         long status;
         Status reported;
@@ -49,13 +49,13 @@ TEST_F(MainAppLoginItemTest, UnregistersTheProgram) {
     EXPECT_THAT(journal(), ElementsAre("mainAppService", "unregisterAndReturnError"));
 }
 
-TEST_F(MainAppLoginItemTest, RefusalReturnsTheSystemsText) {
+TEST_F(MainAppLoginItemTest, RefusalReturnsTheSystemErrorText) {
     mainAppService() = {.refuses = true, .reason = "操作未被允许"};
     EXPECT_EQ(item.registerItem(), "操作未被允许");
     EXPECT_EQ(item.unregisterItem(), "操作未被允许");
 }
 
-TEST_F(MainAppLoginItemTest, RefusalMayComeWithoutAText) {
+TEST_F(MainAppLoginItemTest, RefusalWithoutATextReturnsAnEmptyText) {
     mainAppService() = {.refuses = true, .reason = std::nullopt};
     EXPECT_EQ(item.registerItem(), "");
     EXPECT_EQ(item.unregisterItem(), "");

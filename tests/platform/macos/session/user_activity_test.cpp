@@ -11,14 +11,14 @@ using testing::ElementsAre;
 
 class UserActivityTest : public CocoaTest {};
 
-TEST_F(UserActivityTest, ActivityIsUserInitiatedAndAllowsSleep) {
+TEST_F(UserActivityTest, IsUserInitiatedAndAllowsSleep) {
     std::optional<UserActivity> activity("gestures are on");
     EXPECT_THAT(journal(), ElementsAre("beginActivity 0xefffff gestures are on"));
     activity.reset();
     EXPECT_THAT(journal(), ElementsAre("endActivity"));
 }
 
-TEST_F(UserActivityTest, ActivityOutlivesThePoolAndNeedsNoOuterPool) {
+TEST_F(UserActivityTest, WorksWithoutAnOuterAutoreleasePool) {
     std::thread([] { const UserActivity activity("gestures are on"); }).join();
     EXPECT_THAT(journal(), ElementsAre("beginActivity 0xefffff gestures are on", "endActivity"));
 }

@@ -31,13 +31,13 @@ protected:
     int reopened = 0;
 };
 
-TEST_F(AppleEventTest, HandlesTheCoreReopenEvent) {
+TEST_F(AppleEventTest, InstallsAHandlerForTheReopenEvent) {
     EXPECT_THAT(journal(), ElementsAre("setEventHandler aevt rapp"));
     reopen.reset();
     EXPECT_THAT(journal(), ElementsAre("removeEventHandler aevt rapp"));
 }
 
-TEST_F(AppleEventTest, HandlesTheCoreQuitEvent) {
+TEST_F(AppleEventTest, InstallsAHandlerForTheQuitEvent) {
     journal();
     {
         const AppleEvent quit(Kind::quit, [] {});
@@ -52,7 +52,7 @@ TEST_F(AppleEventTest, ReportsEachEvent) {
     EXPECT_EQ(reopened, 2);
 }
 
-TEST_F(AppleEventTest, ReportsOnlyItsOwnKind) {
+TEST_F(AppleEventTest, ReportsOnlyTheRegisteredKind) {
     int ended = 0;
     const AppleEvent quit(Kind::quit, [&ended] { ++ended; });
     EXPECT_TRUE(sendQuit());
@@ -66,7 +66,7 @@ TEST_F(AppleEventTest, ReportsNothingAfterDestruction) {
     EXPECT_EQ(reopened, 0);
 }
 
-TEST_F(AppleEventTest, CallbackMayDestroyIt) {
+TEST_F(AppleEventTest, CallbackMayDestroyTheHandler) {
     reopen.reset();
     const auto captured = std::make_shared<int>();
     reopen = std::make_unique<AppleEvent>(Kind::reopen, [this, captured] {

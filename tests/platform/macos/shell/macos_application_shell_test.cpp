@@ -26,7 +26,7 @@ protected:
     MacosApplicationShell shell;
 };
 
-TEST_F(MacosApplicationShellTest, AccessoryKeepsRunningWithoutAWindow) {
+TEST_F(MacosApplicationShellTest, KeepsRunningAsAccessoryWithoutAWindow) {
     shell.becomeAccessory();
     EXPECT_THAT(doubles::asked(), ElementsAre("becomeAccessory"));
     EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed());
@@ -53,7 +53,7 @@ TEST_F(MacosApplicationShellTest, ActivityLastsWhileGesturesAreOn) {
 }
 
 // QCoreApplication::quit() sends the program a quit request, and the program terminates.
-TEST_F(MacosApplicationShellTest, QuitRequestOfTheSystemEndsTheLoopWithoutAskingAgain) {
+TEST_F(MacosApplicationShellTest, SystemQuitRequestEndsTheLoopAndIsReportedOnce) {
     int asked = 0;
     const SessionEnd sessionEnd([&] {
         ASSERT_EQ(++asked, 1);

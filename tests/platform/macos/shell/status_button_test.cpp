@@ -17,7 +17,7 @@ protected:
     StatusButtonTest() { statusItemScene() = {.symbols = {"hand.draw.fill"}}; }
 };
 
-TEST_F(StatusButtonTest, ShowsTheSystemsSymbolAsATemplateWithItsDescription) {
+TEST_F(StatusButtonTest, ShowsTheSystemSymbolAsATemplateWithADescription) {
     EXPECT_TRUE(showSystemSymbol("hand.draw.fill", "Glidemap", false));
     EXPECT_THAT(journal(), ElementsAre("setImage hand.draw.fill, Glidemap, template",
                                        "setAppearsDisabled NO"));
@@ -26,24 +26,24 @@ TEST_F(StatusButtonTest, ShowsTheSystemsSymbolAsATemplateWithItsDescription) {
                                        "setAppearsDisabled YES"));
 }
 
-TEST_F(StatusButtonTest, KeepsTheDrawingIfTheSystemLacksTheSymbol) {
+TEST_F(StatusButtonTest, KeepsTheDrawnIconIfTheSystemLacksTheSymbol) {
     statusItemScene().symbols.clear();
     EXPECT_FALSE(showSystemSymbol("hand.draw.fill", "Glidemap", true));
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(StatusButtonTest, ChangesNoWindowWithoutAnItem) {
+TEST_F(StatusButtonTest, DoesNothingWithoutAStatusItem) {
     statusItemScene().hasItem = false;
     EXPECT_FALSE(showSystemSymbol("hand.draw.fill", "Glidemap", true));
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(StatusButtonTest, NeedsNoOuterPool) {
+TEST_F(StatusButtonTest, WorksWithoutAnOuterAutoreleasePool) {
     std::thread([] { EXPECT_TRUE(showSystemSymbol("hand.draw.fill", "Glidemap", false)); }).join();
     journal();
 }
 
-TEST_F(StatusButtonTest, MenuBarShowsTheItemWithTheProgramsName) {
+TEST_F(StatusButtonTest, MenuBarShowsTheSymbolWithTheProgramName) {
     MenuBar bar;
     bar.itemWasDrawn(StatusBar::Look::off);
     EXPECT_THAT(journal(), ElementsAre("setImage hand.draw.fill, Glidemap, template",

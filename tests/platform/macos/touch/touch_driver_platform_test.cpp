@@ -48,12 +48,12 @@ protected:
     }
 };
 
-TEST_F(TouchDriverPlatformTest, UsesTheSystemsPrivateFramework) {
+TEST_F(TouchDriverPlatformTest, UsesTheSystemPrivateFramework) {
     EXPECT_EQ(touchDriverPlatform().libraryPath,
               "/System/Library/PrivateFrameworks/MultitouchSupport.framework/MultitouchSupport");
 }
 
-TEST_F(TouchDriverPlatformTest, StartsEveryDeviceOfTheArrayInOrder) {
+TEST_F(TouchDriverPlatformTest, StartsEveryDeviceInTheArrayInOrder) {
     MultitouchDeviceManager manager(platformAt(complete));
     manager.start();
     EXPECT_THAT(manager.presentDevices(), ElementsAre(&first, &second));
@@ -75,7 +75,7 @@ TEST_F(TouchDriverPlatformTest, KeepsTheArrayUntilTheProgramExits) {
     EXPECT_THAT(doubles::livingObjects(), ElementsAre("CFArray"));
 }
 
-TEST_F(TouchDriverPlatformTest, HasNoDeviceWithoutAnArray) {
+TEST_F(TouchDriverPlatformTest, FindsNoDeviceWithoutAnArray) {
     trackpads.reset();
     MultitouchDeviceManager manager(platformAt(complete));
     manager.start();
@@ -83,7 +83,7 @@ TEST_F(TouchDriverPlatformTest, HasNoDeviceWithoutAnArray) {
     EXPECT_FALSE(manager.isRunning());
 }
 
-TEST_F(TouchDriverPlatformTest, HasNoDeviceInAnArrayOfNulls) {
+TEST_F(TouchDriverPlatformTest, FindsNoDeviceInAnArrayOfNulls) {
     trackpads = {nullptr, nullptr};
     MultitouchDeviceManager manager(platformAt(complete));
     manager.start();

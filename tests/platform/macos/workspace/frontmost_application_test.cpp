@@ -18,7 +18,7 @@ const RunningApplication draw{"com.example.draw", "画图"};
 
 class FrontmostApplicationTest : public CocoaTest {};
 
-TEST_F(FrontmostApplicationTest, ObservesBeforeItReadsOnce) {
+TEST_F(FrontmostApplicationTest, AddsObserverBeforeReadingOnce) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
@@ -41,7 +41,7 @@ TEST_F(FrontmostApplicationTest, FollowsEachActivation) {
     EXPECT_THAT(journal(), IsEmpty()) << "the workspace is not queried again";
 }
 
-TEST_F(FrontmostApplicationTest, ReturnsOnlyTheKnownProperties) {
+TEST_F(FrontmostApplicationTest, ReturnsOnlyKnownProperties) {
     const FrontmostApplication frontmost;
     activate(RunningApplication{"com.example.nameless", std::nullopt});
     EXPECT_EQ(frontmost.current(), (Application{"com.example.nameless", std::nullopt}));
@@ -51,14 +51,14 @@ TEST_F(FrontmostApplicationTest, ReturnsOnlyTheKnownProperties) {
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, ActivationWithoutAnApplicationReturnsNothing) {
+TEST_F(FrontmostApplicationTest, ActivationWithoutAnApplicationClearsTheApplication) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     doubles::noticeAnActivationOnly();
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, TerminationWithoutAnotherActivationReturnsNothing) {
+TEST_F(FrontmostApplicationTest, TerminationWithoutAnotherActivationClearsTheApplication) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::workspace().frontmost.reset();
@@ -66,7 +66,7 @@ TEST_F(FrontmostApplicationTest, TerminationWithoutAnotherActivationReturnsNothi
     EXPECT_EQ(frontmost.current(), Application());
 }
 
-TEST_F(FrontmostApplicationTest, TerminatedApplicationIsDroppedEvenIfTheWorkspaceStillReportsIt) {
+TEST_F(FrontmostApplicationTest, DropsATerminatedApplicationThatTheWorkspaceStillReports) {
     const FrontmostApplication frontmost;
     activate(notes);
     doubles::workspace().frontmost->hasEnded = true;
@@ -106,7 +106,7 @@ TEST_F(FrontmostApplicationTest, IgnoresOtherNotifications) {
     EXPECT_EQ(frontmost.current(), (Application{"com.example.notes", "Notes"}));
 }
 
-TEST_F(FrontmostApplicationTest, ReceivesNothingAfterDestruction) {
+TEST_F(FrontmostApplicationTest, IgnoresNotificationsAfterDestruction) {
     auto frontmost = std::make_unique<FrontmostApplication>();
     journal();
     frontmost.reset();
@@ -115,7 +115,7 @@ TEST_F(FrontmostApplicationTest, ReceivesNothingAfterDestruction) {
     EXPECT_THAT(journal(), ElementsAre("removeObserver", "removeObserver"));
 }
 
-TEST_F(FrontmostApplicationTest, StaysValidDuringTheLastNotification) {
+TEST_F(FrontmostApplicationTest, StaysValidForANotificationDuringDestruction) {
     auto frontmost = std::make_unique<FrontmostApplication>();
     Application last;
     FrontmostApplication* const going = frontmost.get();
@@ -128,7 +128,7 @@ TEST_F(FrontmostApplicationTest, StaysValidDuringTheLastNotification) {
 }
 
 // Each read returns one complete application.
-TEST_F(FrontmostApplicationTest, OtherThreadsReadItDuringNotifications) {
+TEST_F(FrontmostApplicationTest, OtherThreadsReadCompleteApplicationsDuringNotifications) {
     doubles::workspace().frontmost = notes;
     const FrontmostApplication frontmost;
     std::atomic<int> readings = 0;

@@ -22,7 +22,7 @@ protected:
 constexpr const char* notUTF8 = "com.example.\xff";
 constexpr const char* noURL = "https://["; // the bracketed address is not closed
 
-TEST_F(MacosWorkspaceTest, ListsTheApplicationsOfTheDockInTheSystemsOrder) {
+TEST_F(MacosWorkspaceTest, ListsDockApplicationsInSystemOrder) {
     doubles::workspace().running = {
         {"com.example.notes", "Notes"},
         {"com.example.agent", "Agent", Policy::accessory},
@@ -64,7 +64,7 @@ TEST_F(MacosWorkspaceTest, DoesNotLookUpInvalidText) {
     EXPECT_THAT(journal(), IsEmpty());
 }
 
-TEST_F(MacosWorkspaceTest, OpensAnApplicationWithTheDefaultConfigurationAndNoHandler) {
+TEST_F(MacosWorkspaceTest, OpensAnApplicationWithTheDefaultConfiguration) {
     workspace->openApplication("file:///Applications/My%20Notes.app/");
     EXPECT_THAT(journal(), ElementsAre("openApplicationAtURL file:///Applications/My%20Notes.app/ "
                                        "configuration no handler"));
@@ -83,7 +83,7 @@ TEST_F(MacosWorkspaceTest, OpensAURL) {
     EXPECT_THAT(journal(), ElementsAre("openURL https://example.org/"));
 }
 
-TEST_F(MacosWorkspaceTest, OpensTheAccessibilityPageOfThePrivacySettings) {
+TEST_F(MacosWorkspaceTest, OpensTheAccessibilityPrivacySettings) {
     workspace->openAccessibilitySettings();
     EXPECT_THAT(journal(), ElementsAre("openURL x-apple.systempreferences:com.apple.preference."
                                        "security?Privacy_Accessibility"));
@@ -100,12 +100,12 @@ TEST_F(MacosWorkspaceTest, ReturnsTheFrontmostApplication) {
     EXPECT_EQ(workspace->frontmostApplication(), (Application{"com.example.notes", "Notes"}));
 }
 
-class NoWorkspaceTest : public CocoaTest {
+class MissingWorkspaceTest : public CocoaTest {
 protected:
-    NoWorkspaceTest() { doubles::workspace().exists = false; }
+    MissingWorkspaceTest() { doubles::workspace().exists = false; }
 };
 
-TEST_F(NoWorkspaceTest, ReturnsNothingAndOpensNothing) {
+TEST_F(MissingWorkspaceTest, ReturnsEmptyResultsAndOpensNothing) {
     MacosWorkspace workspace;
     EXPECT_EQ(workspace.frontmostApplication(), Application());
     EXPECT_THAT(workspace.runningApplications(), IsEmpty());

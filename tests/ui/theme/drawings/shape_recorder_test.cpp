@@ -70,7 +70,7 @@ protected:
     std::vector<std::string> faults;
 };
 
-TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallEqualTwoCalls) {
+TEST_F(ShapeRecorderTest, FillAndStrokeInOneCallEqualsTwoCalls) {
     const auto inOne = recorded([this](QPainter& painter) {
         painter.setPen(pen);
         painter.setBrush(Qt::black);
@@ -99,7 +99,7 @@ TEST_F(ShapeRecorderTest, ShapesWithoutFillAndStrokeAreOmitted) {
     EXPECT_THAT(faults, IsEmpty());
 }
 
-TEST_F(ShapeRecorderTest, UnsupportedOperationsAreFaults) {
+TEST_F(ShapeRecorderTest, ReportsUnsupportedOperationsAsFaults) {
     recorded([](QPainter& painter) { painter.drawPixmap(0, 0, QPixmap(2, 2)); });
     EXPECT_THAT(faults, ElementsAre("a symbol contains an image"));
     faults.clear();

@@ -94,26 +94,26 @@ protected:
     GnomeExtension extension{folder.path() / "forms"};
 };
 
-TEST_F(GnomeExtensionTest, NoShellWithoutABus) {
+TEST_F(GnomeExtensionTest, ReportsNoShellWithoutABus) {
     const ScopedEnvironment nowhere{
         {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder.path() / "none").string()}}};
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_THAT(extension.install(), Optional(HasSubstr("session bus")));
 }
 
-TEST_F(GnomeExtensionTest, NothingCanBeInstalledWithoutAShell) {
+TEST_F(GnomeExtensionTest, InstallFailsWithoutAShell) {
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_THAT(extension.install(), Optional(HasSubstr("org.gnome.Shell")));
     EXPECT_FALSE(std::filesystem::exists(installed("")));
 }
 
-TEST_F(GnomeExtensionTest, StartingShellCountsAsMissing) {
+TEST_F(GnomeExtensionTest, ReportsNoShellWhileTheShellStarts) {
     const ShellDouble shell(bus.address(), {.isStarting = true});
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_NE(extension.install(), std::nullopt);
 }
 
-TEST_F(GnomeExtensionTest, StateFollowsTheShellsReply) {
+TEST_F(GnomeExtensionTest, StateMatchesTheShellsReply) {
     struct Row {
         const char* said;
         Status expected;
@@ -135,7 +135,7 @@ TEST_F(GnomeExtensionTest, StateFollowsTheShellsReply) {
     }
 }
 
-TEST_F(GnomeExtensionTest, VersionOfTheExtensionFitsTheShell) {
+TEST_F(GnomeExtensionTest, InstallsTheExtensionVersionForTheShell) {
     struct Row {
         const char* version;
         const char* form;
@@ -156,7 +156,7 @@ TEST_F(GnomeExtensionTest, VersionOfTheExtensionFitsTheShell) {
     }
 }
 
-TEST_F(GnomeExtensionTest, NewExtensionRunsFromTheNextLogin) {
+TEST_F(GnomeExtensionTest, NewExtensionIsPendingUntilTheNextLogin) {
     const ShellDouble shell(bus.address(), {});
     settings.set("enabled-extensions", {"other@example.org"});
     settings.set("disabled-extensions", {"another@example.org", GnomeExtension::uuid});
@@ -167,14 +167,14 @@ TEST_F(GnomeExtensionTest, NewExtensionRunsFromTheNextLogin) {
     EXPECT_EQ(extension.status(), (Status{State::atNextLogin, ""}));
 }
 
-TEST_F(GnomeExtensionTest, InstallingTwiceEnablesOnce) {
+TEST_F(GnomeExtensionTest, InstallingTwiceEnablesTheExtensionOnce) {
     const ShellDouble shell(bus.address(), {});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(settings.get("enabled-extensions"), ElementsAre(GnomeExtension::uuid));
 }
 
-TEST_F(GnomeExtensionTest, LoadedExtensionIsEnabledByTheShell) {
+TEST_F(GnomeExtensionTest, ShellEnablesALoadedExtension) {
     ShellDouble shell(bus.address(), {.extension = "{'state': <2.0>}"});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(shell.enabled(), ElementsAre(GnomeExtension::uuid));
@@ -194,14 +194,14 @@ TEST_F(GnomeExtensionTest, EnabledExtensionWithoutFilesCountsAsMissing) {
     EXPECT_EQ(extension.status(), (Status{State::missing, ""}));
 }
 
-TEST_F(GnomeExtensionTest, FolderThatCannotBeCreatedIsTheErrorText) {
+TEST_F(GnomeExtensionTest, InstallReturnsWhyAFolderCannotBeCreated) {
     const ShellDouble shell(bus.address(), {});
     folder.write("data/gnome-shell", "a file where a folder should be");
     EXPECT_THAT(extension.install(), Optional(HasSubstr("Not a directory")));
     EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty());
 }
 
-TEST_F(GnomeExtensionTest, MissingVersionsAreTheErrorText) {
+TEST_F(GnomeExtensionTest, InstallFailsIfTheExtensionFilesAreMissing) {
     const ShellDouble shell(bus.address(), {});
     const GnomeExtension without(folder.path() / "elsewhere");
     EXPECT_THAT(without.install(), Optional(HasSubstr("No such file or directory")));

@@ -47,7 +47,7 @@ void expectThatNoOtherProgramIsNotified(const GnomeShell& shell) {
 
 // One test for all steps, because a process loads the shell's settings once, and a shell starts
 // slowly.
-TEST(OnGnomeShell, InstalledExtensionReportsFromTheNextLogin) {
+TEST(GnomeShellTest, InstalledExtensionReportsWindowsAfterTheNextLogin) {
     if (const auto missing = GnomeShell::missing()) {
         GTEST_SKIP() << "no " << *missing << " is installed";
     }

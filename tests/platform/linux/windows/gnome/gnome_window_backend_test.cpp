@@ -66,21 +66,21 @@ protected:
     RecordingWindowListener reported;
 };
 
-TEST_F(GnomeWindows, NoWindowsWithoutTheExtension) {
+TEST_F(GnomeWindows, ReportsNoWindowsWithoutTheExtension) {
     ShellDouble shell(bus.address(), {});
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(GnomeWindows, RunningExtensionIsQueried) {
+TEST_F(GnomeWindows, QueriesARunningExtension) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(reported);
     reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, ExtensionThatStartsLaterReports) {
+TEST_F(GnomeWindows, ReportsWindowsOfAnExtensionThatStartsLater) {
     ShellDouble shell(bus.address(), {});
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -90,7 +90,7 @@ TEST_F(GnomeWindows, ExtensionThatStartsLaterReports) {
     reported.expectReported({"active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, LockedScreenHasNoWindows) {
+TEST_F(GnomeWindows, ReportsNoWindowsWhileTheScreenIsLocked) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(reported);
@@ -101,7 +101,7 @@ TEST_F(GnomeWindows, LockedScreenHasNoWindows) {
     reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, ShellMayStartLaterAndRestart) {
+TEST_F(GnomeWindows, FollowsAShellThatStartsLaterAndRestarts) {
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
@@ -114,7 +114,7 @@ TEST_F(GnomeWindows, ShellMayStartLaterAndRestart) {
     }
 }
 
-TEST_F(GnomeWindows, CrashedShellHasNoWindows) {
+TEST_F(GnomeWindows, ReportsNoWindowsAfterTheShellCrashes) {
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
     {
@@ -125,7 +125,7 @@ TEST_F(GnomeWindows, CrashedShellHasNoWindows) {
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(GnomeWindows, OnlyTheShellsSignalsAreAccepted) {
+TEST_F(GnomeWindows, AcceptsSignalsOnlyFromTheShell) {
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message("", ""));
     const Listening listening(reported);
@@ -167,7 +167,7 @@ TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
     close(ends[1]);
 }
 
-TEST_F(GnomeWindows, EveryNameOwnerIsRejectedWithoutADisplay) {
+TEST_F(GnomeWindows, RejectsEveryNameOwnerWithoutADisplay) {
     const ScopedEnvironment without{{{"WAYLAND_DISPLAY", ""}}};
     ShellDouble shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
@@ -188,7 +188,7 @@ TEST_F(GnomeWindows, InvalidMessagesAreIgnored) {
     reported.expectReported({"windows: org.gnome.TextEditor"});
 }
 
-TEST_F(GnomeWindows, WindowIsIdentifiedByItsEntryOrItsClass) {
+TEST_F(GnomeWindows, IdentifiesAWindowByDesktopEntryOrClass) {
     struct Row {
         const char* reported;
         WindowIdentity expected;

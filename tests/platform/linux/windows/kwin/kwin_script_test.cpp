@@ -19,16 +19,16 @@ std::string reportOf(const std::string& windows, const std::string& active) {
     return R"({"windows":)" + windows + R"(,"active":)" + active + "}";
 }
 
-TEST(KWinScript, ScriptCallsTheGivenBusName) {
+TEST(KWinScript, CallsTheGivenBusName) {
     EXPECT_THAT(kwinScriptReportingTo(":1.23"), StartsWith("const reportName = \":1.23\";\n"));
 }
 
-TEST(KWinScript, NameCannotBecomeCode) {
+TEST(KWinScript, EscapesTheBusName) {
     EXPECT_THAT(kwinScriptReportingTo("\"+x+\""),
                 StartsWith("const reportName = \"\\\"+x+\\\"\";\n"));
 }
 
-TEST(KWinScript, HandleCannotBecomeCode) {
+TEST(KWinScript, EscapesTheWindowHandle) {
     EXPECT_THAT(kwinScriptActivating("\"+x+\""), StartsWith("const handle = \"\\\"+x+\\\"\";\n"));
 }
 
@@ -68,7 +68,7 @@ const Row rows[] = {
     {"invalid UTF-8", "{\"windows\":[\"\xff\"]}", std::nullopt},
 };
 
-TEST(KWinScript, ValidReportsAreParsedAndInvalidOnesRejected) {
+TEST(KWinScript, ParsesValidReportsAndRejectsInvalidReports) {
     for (const Row& row : rows) {
         EXPECT_EQ(readKWinReport(row.text), row.expected) << row.what;
     }

@@ -29,7 +29,7 @@ using desktops::RuntimeFolder;
 using desktops::ScopedEnvironment;
 using desktops::Window;
 
-class OnKWin : public testing::Test {
+class KWinWaylandTest : public testing::Test {
 protected:
     void SetUp() override {
         if (!KWin::isInstalled()) {
@@ -77,7 +77,7 @@ protected:
     RecordingWindowListener reported;
 };
 
-TEST_F(OnKWin, FocusFollowsOpeningAndClosing) {
+TEST_F(KWinWaylandTest, ReportsFocusChangesWhenWindowsOpenAndClose) {
     startKWin();
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
@@ -92,7 +92,7 @@ TEST_F(OnKWin, FocusFollowsOpeningAndClosing) {
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(OnKWin, WindowThatIsOpenAlreadyIsReportedCompletely) {
+TEST_F(KWinWaylandTest, ReportsAllPropertiesOfAWindowThatIsAlreadyOpen) {
     startKWin();
     Window window = open("org.example.Editor", "A text — Editor");
     const Listening listening(reported);
@@ -102,7 +102,7 @@ TEST_F(OnKWin, WindowThatIsOpenAlreadyIsReportedCompletely) {
                                                     "A text — Editor", window.process()}));
 }
 
-TEST_F(OnKWin, KWinMayStartLaterAndRestart) {
+TEST_F(KWinWaylandTest, FollowsAKWinThatStartsLaterAndRestarts) {
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
@@ -119,7 +119,7 @@ TEST_F(OnKWin, KWinMayStartLaterAndRestart) {
 }
 
 // A backend that exits must not unload the script of the next backend.
-TEST_F(OnKWin, SecondFollowerKeepsItsScriptWhenTheFirstExits) {
+TEST_F(KWinWaylandTest, SecondBackendKeepsItsScriptWhenTheFirstExits) {
     startKWin();
     RecordingWindowListener reportedFirst;
     auto first = std::make_unique<Listening>(reportedFirst);
@@ -133,7 +133,7 @@ TEST_F(OnKWin, SecondFollowerKeepsItsScriptWhenTheFirstExits) {
     reported.expectReported({"windows: window", "active: window"});
 }
 
-TEST_F(OnKWin, DestructorUnloadsTheScriptAndLeavesNoFile) {
+TEST_F(KWinWaylandTest, DestructorUnloadsTheScriptAndLeavesNoFile) {
     startKWin();
     const long before = countOfScripts();
     {
@@ -148,7 +148,7 @@ TEST_F(OnKWin, DestructorUnloadsTheScriptAndLeavesNoFile) {
     }
 }
 
-TEST_F(OnKWin, TwoBackendsInARowBothReceiveReports) {
+TEST_F(KWinWaylandTest, NextBackendReceivesReportsAfterTheFirstIsDestroyed) {
     startKWin();
     {
         const Listening listening(reported);
@@ -162,7 +162,7 @@ TEST_F(OnKWin, TwoBackendsInARowBothReceiveReports) {
     reported.expectReported({});
 }
 
-TEST_F(OnKWin, OnlyReportsOfKWinAreAccepted) {
+TEST_F(KWinWaylandTest, AcceptsReportsOnlyFromKWin) {
     startKWin();
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -187,7 +187,7 @@ TEST_F(OnKWin, OnlyReportsOfKWinAreAccepted) {
     reported.expectReported({});
 }
 
-TEST_F(OnKWin, LostBusHasNoWindows) {
+TEST_F(KWinWaylandTest, ReportsNoWindowsWhenTheBusIsLost) {
     startKWin();
     Window window = open("window");
     const Listening listening(reported);

@@ -63,7 +63,7 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
-TEST_F(KWinWindows, StartingKWinIsRetriedAfterEachOfItsSignals) {
+TEST_F(KWinWindows, RetriesAfterEachSignalWhileKWinStarts) {
     KWinDouble kwin(bus.address(), {.isStarting = true});
     const Listening listening(reported);
     kwin.sendSignal();
@@ -76,7 +76,7 @@ TEST_F(KWinWindows, StartingKWinIsRetriedAfterEachOfItsSignals) {
     kwin.expectCalls({});
 }
 
-TEST_F(KWinWindows, KWinThatRejectsTheScriptHasNoWindows) {
+TEST_F(KWinWindows, ReportsNoWindowsIfKWinRejectsTheScript) {
     const KWinDouble::Nature natures[] = {
         {.id = -1},
         {.runs = false},
@@ -101,7 +101,7 @@ TEST_F(KWinWindows, DestructorUnloadsTheScript) {
     EXPECT_FALSE(std::filesystem::exists(kwin.file()));
 }
 
-TEST_F(KWinWindows, StuckKWinBlocksNoThread) {
+TEST_F(KWinWindows, HungKWinBlocksNoThread) {
     KWinDouble kwin(bus.address(), {.isStuck = true});
     {
         const Listening listening(reported);

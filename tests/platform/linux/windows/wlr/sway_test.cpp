@@ -20,7 +20,7 @@ using desktops::ScopedEnvironment;
 using desktops::Sway;
 using desktops::Window;
 
-class OnSway : public testing::Test {
+class SwayWindowsTest : public testing::Test {
 protected:
     Sway sway;
     ScopedEnvironment here{sway.environment()};
@@ -31,13 +31,13 @@ protected:
     }
 };
 
-TEST_F(OnSway, DesktopWithoutWindowsIsReportedAtOnce) {
+TEST_F(SwayWindowsTest, ReportsAnEmptyDesktopImmediately) {
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(OnSway, OpenWindowsAreReportedAtOnce) {
+TEST_F(SwayWindowsTest, ReportsOpenWindowsImmediately) {
     Window first = open("org.example.First");
     Window second = open("second");
     const Listening listening(reported);
@@ -45,7 +45,7 @@ TEST_F(OnSway, OpenWindowsAreReportedAtOnce) {
     reported.expectReported({"windows: second, org.example.First", "active: second"});
 }
 
-TEST_F(OnSway, FocusFollowsOpeningSwitchingAndClosing) {
+TEST_F(SwayWindowsTest, ReportsFocusChangesWhenWindowsOpenSwitchAndClose) {
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
     Window first = open("first");
@@ -62,7 +62,7 @@ TEST_F(OnSway, FocusFollowsOpeningSwitchingAndClosing) {
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(OnSway, TwoWindowsOfOneProgramAreOneApplicationToTheListener) {
+TEST_F(SwayWindowsTest, FocusChangeWithinOneApplicationIsNotReported) {
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
     Window first = open("same");
@@ -73,7 +73,7 @@ TEST_F(OnSway, TwoWindowsOfOneProgramAreOneApplicationToTheListener) {
     reported.expectReported({"windows: same"});
 }
 
-TEST_F(OnSway, EmptyWorkspaceHasNoActiveWindow) {
+TEST_F(SwayWindowsTest, EmptyWorkspaceHasNoActiveWindow) {
     Window window = open("only");
     const Listening listening(reported);
     reported.expectReported({"windows: only", "active: only"});
@@ -83,7 +83,7 @@ TEST_F(OnSway, EmptyWorkspaceHasNoActiveWindow) {
     reported.expectReported({"active: only"});
 }
 
-TEST_F(OnSway, WindowIsReportedWithAppIDAndTitleOnly) {
+TEST_F(SwayWindowsTest, ReportsOnlyAppIDAndTitleOfAWindow) {
     Window window = open("org.example.Editor", "A text — Editor");
     const Listening listening(reported);
     reported.expectReported({"windows: org.example.Editor", "active: org.example.Editor"});
@@ -92,7 +92,7 @@ TEST_F(OnSway, WindowIsReportedWithAppIDAndTitleOnly) {
                     WindowIdentity{"org.example.Editor", "", "A text — Editor", std::nullopt}));
 }
 
-TEST_F(OnSway, TitleChangeAloneIsNotReported) {
+TEST_F(SwayWindowsTest, DoesNotReportATitleChange) {
     Window window = open("editor", "one");
     const Listening listening(reported);
     reported.expectReported({"windows: editor", "active: editor"});
@@ -101,7 +101,7 @@ TEST_F(OnSway, TitleChangeAloneIsNotReported) {
     reported.expectReported({"windows: editor, other", "active: other"});
 }
 
-TEST_F(OnSway, TitleChangeIsReportedWithoutAnAppID) {
+TEST_F(SwayWindowsTest, ReportsATitleChangeOfAWindowWithoutAnAppID) {
     RecordingWindowListener titles([](const WindowIdentity& window) { return window.title; });
     Window window = open("", "one");
     const Listening listening(titles);
@@ -110,7 +110,7 @@ TEST_F(OnSway, TitleChangeIsReportedWithoutAnAppID) {
     titles.expectReported({"windows: two", "active: two"});
 }
 
-TEST_F(OnSway, CompositorThatDiesHasNoWindows) {
+TEST_F(SwayWindowsTest, ReportsNoWindowsAfterTheCompositorExits) {
     Window window = open("lost");
     const Listening listening(reported);
     reported.expectReported({"windows: lost", "active: lost"});
@@ -118,7 +118,7 @@ TEST_F(OnSway, CompositorThatDiesHasNoWindows) {
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(OnSway, DestroyedBackendReportsNothing) {
+TEST_F(SwayWindowsTest, DestroyedBackendReportsNothing) {
     Window window = open("one");
     Listening listening(reported);
     reported.expectReported({"windows: one", "active: one"});

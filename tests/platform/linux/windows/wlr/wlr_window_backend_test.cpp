@@ -44,7 +44,7 @@ protected:
     std::size_t opened = 0;
 };
 
-TEST_F(WlrWindows, EventsTakeEffectWithDone) {
+TEST_F(WlrWindows, AppliesEventsAfterDone) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -66,7 +66,7 @@ TEST_F(WlrWindows, EventsTakeEffectWithDone) {
         {"active: two"}); // the window activated last, because the first is also still active
 }
 
-TEST_F(WlrWindows, OnlyTheActivatedStateMatters) {
+TEST_F(WlrWindows, IgnoresStatesOtherThanActivated) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -83,7 +83,7 @@ TEST_F(WlrWindows, OnlyTheActivatedStateMatters) {
     reported.expectReported({"active: one"});
 }
 
-TEST_F(WlrWindows, FocusChangeThatArrivesTogetherIsOneChange) {
+TEST_F(WlrWindows, ReportsFocusEventsThatArriveTogetherAsOneChange) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -97,7 +97,7 @@ TEST_F(WlrWindows, FocusChangeThatArrivesTogetherIsOneChange) {
     reported.expectReported({"windows: one, two", "active: two"});
 }
 
-TEST_F(WlrWindows, LatestOfTwoActiveWindowsIsReportedAndThenTheOther) {
+TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilItCloses) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -117,7 +117,7 @@ TEST_F(WlrWindows, LatestOfTwoActiveWindowsIsReportedAndThenTheOther) {
     reported.expectReported({"windows: one, three", "active: one"});
 }
 
-TEST_F(WlrWindows, WindowWithoutAnAppIDHasItsTitle) {
+TEST_F(WlrWindows, ReportsTheTitleOfAWindowWithoutAnAppID) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -134,7 +134,7 @@ TEST_F(WlrWindows, WindowWithoutAnAppIDHasItsTitle) {
                                      WindowIdentity{"", "", "", std::nullopt}));
 }
 
-TEST_F(WlrWindows, HandleOfAClosedWindowIsDestroyed) {
+TEST_F(WlrWindows, DestroysAClosedWindowsHandle) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -150,7 +150,7 @@ TEST_F(WlrWindows, HandleOfAClosedWindowIsDestroyed) {
     }
 }
 
-TEST_F(WlrWindows, CompositorThatEndsTheProtocolHasNoWindows) {
+TEST_F(WlrWindows, ReportsNoWindowsWhenTheCompositorEndsTheProtocol) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -160,7 +160,7 @@ TEST_F(WlrWindows, CompositorThatEndsTheProtocolHasNoWindows) {
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(WlrWindows, LostConnectionHasNoWindows) {
+TEST_F(WlrWindows, ReportsNoWindowsWhenTheConnectionIsLost) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -170,7 +170,7 @@ TEST_F(WlrWindows, LostConnectionHasNoWindows) {
     reported.expectReported({"windows:", "active: none"});
 }
 
-TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllReported) {
+TEST_F(WlrWindows, ReportsAThousandWindowsThatOpenTogether) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -186,7 +186,7 @@ TEST_F(WlrWindows, ThousandWindowsAtOnceAreAllReported) {
     reported.expectInTheEnd(all, "active: many");
 }
 
-TEST_F(WlrWindows, EveryProtocolVersionWorks) {
+TEST_F(WlrWindows, SupportsEveryProtocolVersion) {
     for (const int version : {1, 2, 3}) {
         opened = 0;
         FakeCompositor compositor(version);

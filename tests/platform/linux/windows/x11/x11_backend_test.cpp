@@ -154,7 +154,7 @@ TEST_F(X11BackendTest, ReportsThePropertiesOfAWindow) {
               (WindowIdentity{"A-class", "an-instance", "a title", client.process()}));
 }
 
-TEST_F(X11BackendTest, FindsWindowsThatExistAlready) {
+TEST_F(X11BackendTest, FindsExistingWindows) {
     startServer();
     server->startWindowManager();
     const auto one = window("one", "One");
@@ -182,7 +182,7 @@ TEST_F(X11BackendTest, FollowsTheActiveWindow) {
     reported.expectWindows("one/One");
 }
 
-TEST_F(X11BackendTest, NoWindowIsActiveAfterTheLastOneCloses) {
+TEST_F(X11BackendTest, NoWindowIsActiveAfterTheLastWindowCloses) {
     startDesktop();
     const auto one = window("one", "One");
     reported.expectActive("one/One");
@@ -196,7 +196,7 @@ TEST_F(X11BackendTest, NoWindowIsActiveAfterTheLastOneCloses) {
     reported.expectWindows("");
 }
 
-TEST_F(X11BackendTest, PanelsAndMenusAreNotReported) {
+TEST_F(X11BackendTest, IgnoresPanelsDesktopsAndSplashScreens) {
     startDesktop();
     const auto plain = window("plain", "Plain");
     struct Row {
@@ -238,7 +238,7 @@ TEST_F(X11BackendTest, FollowsLaterPropertyChanges) {
     reported.expectWindows("office/Office-writer");
 }
 
-TEST_F(X11BackendTest, WindowManagerMayBeReplaced) {
+TEST_F(X11BackendTest, FollowsAReplacedWindowManager) {
     startDesktop();
     const auto one = window("one", "One");
     reported.expectActive("one/One");
@@ -249,7 +249,7 @@ TEST_F(X11BackendTest, WindowManagerMayBeReplaced) {
     reported.expectWindows("one/One two/Two");
 }
 
-TEST_F(X11BackendTest, NoWindowsRemainWhenTheServerExits) {
+TEST_F(X11BackendTest, ReportsNoWindowsWhenTheServerExits) {
     startDesktop();
     const auto one = window("one", "One");
     reported.expectActive("one/One");
@@ -259,7 +259,7 @@ TEST_F(X11BackendTest, NoWindowsRemainWhenTheServerExits) {
     reported.expectWindows("");
 }
 
-TEST_F(X11BackendTest, ProcessFromTheServerOverridesTheWindowsProperty) {
+TEST_F(X11BackendTest, ServersProcessIDOverridesTheWindowProperty) {
     startBareServer();
     const auto liar = window("liar", "Liar");
     liar->setNumbers("_NET_WM_PID", "1");
@@ -268,7 +268,7 @@ TEST_F(X11BackendTest, ProcessFromTheServerOverridesTheWindowsProperty) {
     EXPECT_EQ(reported.activeWindow().process, liar->process());
 }
 
-TEST_F(X11BackendTest, WithoutTheExtensionOnlyPropertiesOfThisMachineCount) {
+TEST_F(X11BackendTest, UsesTheProcessIDPropertyOnlyOfLocalWindowsWithoutXResource) {
     startBareServer({"-extension", "X-Resource"});
     const auto one = window("one", "One");
     setActive(*one);
@@ -318,7 +318,7 @@ TEST_F(X11BackendTest, InvalidPropertiesAreIgnored) {
 
 // A window manager may keep a hidden window as the active one although it no longer lists the
 // window.
-TEST_F(X11BackendTest, ActiveWindowThatIsNotListedIsIgnored) {
+TEST_F(X11BackendTest, IgnoresAnActiveWindowThatIsNotInTheList) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
@@ -342,7 +342,7 @@ TEST_F(X11BackendTest, LongPropertyIsTruncated) {
     reported.expectActive(most + "/");
 }
 
-TEST_F(X11BackendTest, InvalidListIsIgnored) {
+TEST_F(X11BackendTest, IgnoresAnInvalidWindowList) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
@@ -368,7 +368,7 @@ TEST_F(X11BackendTest, InvalidListIsIgnored) {
     reported.expectActive("none");
 }
 
-TEST_F(X11BackendTest, LongListIsTruncated) {
+TEST_F(X11BackendTest, TruncatesALongWindowList) {
     startBareServer();
     const auto one = window("one", "One");
     std::string numbers = number(*one);
@@ -378,7 +378,7 @@ TEST_F(X11BackendTest, LongListIsTruncated) {
     reported.expectWindows("one/One");
 }
 
-TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
+TEST_F(X11BackendTest, GrabbedServerDoesNotBlockTheThread) {
     startBareServer();
     const auto one = window("one", "One");
     const auto two = window("two", "Two");
@@ -392,7 +392,7 @@ TEST_F(X11BackendTest, GrabbedServerBlocksNothing) {
     reported.expectActive("two/Two");
 }
 
-TEST_F(X11BackendTest, WindowWithEndlessChangesBlocksNothing) {
+TEST_F(X11BackendTest, WindowWithManyChangesDoesNotBlockTheThread) {
     startBareServer();
     const auto restless = window("r", "0");
     const auto calm = window("calm", "Calm");
@@ -433,7 +433,7 @@ void expectNothingReported(LastReport& reported, std::chrono::milliseconds lengt
     EXPECT_EQ(reported.notifications(), before);
 }
 
-TEST_F(X11BackendTest, SleepsWhileNothingRelevantHappens) {
+TEST_F(X11BackendTest, SleepsWhileNoRelevantEventArrives) {
     startBareServer();
     const auto one = window("one", "One");
     list(number(*one));
