@@ -1,4 +1,4 @@
-// Sets the accessible role of a widget class that Qt would report as a plain panel or frame.
+// Sets the accessible role of a widget class that Qt reports as a plain panel or frame by default.
 //
 // Thread:  the main thread.
 // Errors:  none.
@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// Applies to all widgets of this class in the process. Idempotent.
+// Sets the role for all widgets of this class in the process. Idempotent.
 template <typename Widget, QAccessible::Role role>
 void presentAs() {
     [[maybe_unused]] static const bool isInstalled = [] {

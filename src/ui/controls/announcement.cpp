@@ -9,7 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// A notification without a look, which is in a window from its first announcement on.
+// An invisible widget that assistive technology sees as a notification. Each window gets one with
+// its first announcement, as a child.
 class Announcement : public QWidget {
 public:
     explicit Announcement(QWidget* window) : QWidget(window) {

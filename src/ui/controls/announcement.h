@@ -1,6 +1,6 @@
-// Speaks a short text to a person with a screen reader, for a change that no focus change shows.
-// Screen readers do not read a changed name of every role, and Qt 6.4 reports such a change without
-// the name.
+// Makes a screen reader speak a short text, for a change that does not move the focus. Changing the
+// accessible name is not enough: screen readers ignore it for some roles, and Qt 6.4 reports the
+// change without the new name.
 //
 // Thread:  the main thread.
 // Errors:  none; does nothing while no assistive technology runs.
@@ -11,7 +11,7 @@ class QWidget;
 
 namespace glidemap {
 
-// `source` is any widget of the window with the change.
+// `source` may be any widget of the window that changed.
 void announce(const QWidget& source, const QString& text);
 
 } // namespace glidemap

@@ -1,4 +1,5 @@
-// A short text on a rounded background of its own colour at opacity 0.15. It names a category.
+// A label that names a category: a short text on a rounded background, which has the text's colour
+// at opacity 0.15.
 //
 // Thread:  the main thread.
 // Owner:   its parent.
@@ -13,7 +14,7 @@ class Badge : public ElidedLabel {
 public:
     explicit Badge(QWidget* parent = nullptr);
 
-    // The colour of the text and of the background.
+    // Sets the colour of the text and the background.
     void setColor(Role colorRole);
 
 protected:

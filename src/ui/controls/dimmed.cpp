@@ -9,7 +9,8 @@ namespace {
 constexpr double dimmedOpacity = 0.5;
 }
 
-// A graphics effect renders into a pixmap on each repaint, so only dimmed widgets have one.
+// A widget with a graphics effect is rendered into a pixmap on each repaint. Therefore, the effect
+// is removed when the widget is no longer dimmed.
 void setDimmed(QWidget* widget, bool dims) {
     if (dims == isDimmed(widget)) {
         return;

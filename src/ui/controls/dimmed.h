@@ -1,5 +1,5 @@
-// Draws a widget and its children at half opacity, which marks it as switched off. The widget stays
-// usable.
+// Draws a widget and its children at half opacity, to show that they are switched off. The widget
+// still accepts input.
 //
 // Thread:  the main thread.
 #pragma once

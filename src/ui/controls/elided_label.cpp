@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// The text's width in whole points, rounded up, so that the last letter is never elided.
+// Rounds the width of the text up, so that the last letter is never elided.
 int wholeWidth(const StyledLabel& label) {
     return qCeil(label.lineSize().width());
 }
@@ -26,7 +26,7 @@ ElidedLabel::ElidedLabel(TextStyle style, Role role, QWidget* parent)
 
 QSize ElidedLabel::withMargins(int textWidth) const {
     const QMargins margins = contentsMargins();
-    // Letters from a fallback font, such as Chinese ones, may need a taller line.
+    // A fallback font, for example for Chinese, may need more height than the label's font.
     const int lineHeight = std::max(fontMetrics().height(), qCeil(lineSize().height()));
     return {textWidth + margins.left() + margins.right(),
             lineHeight + margins.top() + margins.bottom()};
@@ -36,7 +36,7 @@ QSize ElidedLabel::sizeHint() const {
     return withMargins(wholeWidth(*this));
 }
 
-// Room for a few letters, so that the user sees that there is more text.
+// Leaves room for a few letters, so that an elided text is recognisable as a text.
 QSize ElidedLabel::minimumSizeHint() const {
     return withMargins(std::min(wholeWidth(*this), fontMetrics().averageCharWidth() * 4));
 }

@@ -1,4 +1,4 @@
-// A single line that is elided if it is too long, and then shows the full text as its tooltip.
+// A single line of text. A text that is too long is elided, and the tooltip shows it in full.
 // Assistive technology always reads the full text.
 //
 // Thread:  the main thread.

@@ -22,8 +22,8 @@ constexpr int headingGap = 6;
 
 } // namespace
 
-// Draws a line above each visible row that follows another visible row. Separator widgets would
-// have to be hidden along with their rows.
+// Draws a line above each visible row except the first visible one. Separator widgets would have to
+// be shown and hidden together with their rows.
 class FormSection::Card : public QWidget {
 public:
     using QWidget::QWidget;

@@ -1,5 +1,5 @@
-// A group of a form: an optional heading above a rounded card, whose rows are separated by thin
-// lines. The line of a hidden row is hidden, too.
+// A group of a form: an optional heading above a rounded card. Thin lines separate the visible rows
+// of the card.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -25,14 +25,16 @@ public:
     void setTitle(const QString& title);
     QString title() const;
 
-    // Adds a label at the leading and a control at the trailing edge; an expanding control fills
-    // the row. Returns the row, which hides both. A QLabel becomes the control's buddy.
+    // Adds a label at the leading edge and a control at the trailing edge. An expanding control
+    // fills the row. Returns the row; hiding it hides both widgets. If the label is a QLabel, the
+    // control becomes its buddy.
     QWidget* addRow(QWidget* label, QWidget* control);
 
-    // Adds a row with one widget over the full width.
+    // Adds a row with one widget that takes the full width.
     QWidget* addWidget(QWidget* widget);
 
-    // Adds a widget to the last row, without a line, to explain or show that row's choice.
+    // Adds a widget to the last row, without a line between them. Use it to explain the choice made
+    // in that row.
     QWidget* addToLastRow(QWidget* widget);
 
 private:

@@ -1,5 +1,5 @@
-// The position on an axis that is closest to the wanted position within two bounds. An item that is
-// longer than the available space starts at the lower bound.
+// Returns the position closest to `wanted` at which an item of length `extent` lies between `from`
+// and `upTo`. An item that is longer than this range starts at `from`.
 //
 // Thread:  any.
 #pragma once

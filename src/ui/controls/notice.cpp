@@ -10,8 +10,8 @@
 
 namespace glidemap {
 
-// Prefers a single line, and wraps if the room is smaller. A plain QLabel with word wrap prefers
-// half of that width.
+// Prefers a single line, and wraps only if the notice is narrower than that. A plain QLabel with
+// word wrap already prefers two lines.
 class Notice::Text : public StyledLabel {
 public:
     using StyledLabel::StyledLabel;

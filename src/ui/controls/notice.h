@@ -27,13 +27,13 @@ public:
         Role ground = Role::window; // the tint's colour
         double groundOpacity = 0;   // 0: no tint
         Button button = Button::none;
-        bool buttonAtEnd = true; // otherwise right after the text
+        bool buttonAtEnd = true; // false: the button follows the text directly
     };
 
     explicit Notice(const Look& look, QWidget* parent = nullptr);
 
     void setText(const QString& text);
-    // A small, pale and selectable text below the message; empty for none.
+    // Sets a small, pale, selectable text below the message. An empty text removes it.
     void setSecondLine(const QString& text);
     QString secondLine() const;
     void setButtonText(const QString& text);

@@ -24,7 +24,7 @@ Picker::Picker(QWidget* parent) : QComboBox(parent) {
     setMaxVisibleItems(shownEntries);
 }
 
-// Qt would make the list only as wide as the picker.
+// Qt makes the list only as wide as the picker, which would elide long entries.
 void Picker::showPopup() {
     const bool scrolls = count() > maxVisibleItems();
     const int bar = scrolls ? view()->verticalScrollBar()->sizeHint().width() : 0;
@@ -33,7 +33,8 @@ void Picker::showPopup() {
     QComboBox::showPopup();
 }
 
-// Qt 6.4 reports a choice in a closed list only as a changed name.
+// When a key changes the choice of a closed list, Qt 6.4 reports only a changed name, which screen
+// readers ignore.
 void Picker::keyPressEvent(QKeyEvent* event) {
     const int before = currentIndex();
     QComboBox::keyPressEvent(event);

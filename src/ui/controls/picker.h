@@ -1,7 +1,7 @@
-// A combo box within a form. The wheel scrolls the form and never changes the choice. The open list
-// is as wide as its longest entry and the check mark.
+// A combo box for a form. The mouse wheel scrolls the form and never changes the choice. The open
+// list is wide enough for its longest entry and the check mark.
 //
-// In a form row it takes the available width, independent of its entries.
+// In a form row, the picker takes the available width, independent of its entries.
 //
 // Units:   points.
 // Thread:  the main thread.

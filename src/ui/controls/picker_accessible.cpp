@@ -14,7 +14,8 @@ public:
     explicit PickerAccessible(Picker* shown)
         : QAccessibleWidget(shown, QAccessible::ComboBox), picker(*shown) {}
 
-    // As Qt does on systems that relate a label to its control.
+    // Returns the choice as the name too, as Qt does on systems that associate a label with its
+    // control.
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name || kind == QAccessible::Value
                    ? choice()
@@ -42,7 +43,7 @@ public:
         }
     }
 
-    // A text that cannot be selected or edited.
+    // The text interface is read-only and has no selection.
     QString text(int start, int end) const override { return choice().mid(start, end - start); }
     int characterCount() const override { return static_cast<int>(choice().size()); }
     void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }

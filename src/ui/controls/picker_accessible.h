@@ -1,5 +1,6 @@
-// Exposes pickers to assistive technology as combo boxes whose choice is also a text. Qt 6.4 gives
-// them a name only, which Orca replaces by the label's, so that the choice is never read.
+// Exposes pickers to assistive technology as combo boxes whose choice is also available as text. Qt
+// 6.4 exposes the choice only as the accessible name. Orca reads the label instead of that name,
+// and would never read the choice.
 //
 // Thread:  the main thread.
 #pragma once

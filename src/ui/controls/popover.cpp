@@ -21,12 +21,12 @@ namespace {
 
 constexpr int padding = 8;
 
-// The distance from the card's edge to the popover widget. The inset keeps the widget within the
-// round corners, so it can be opaque; an opaque widget saves a repaint of the window for each
-// animation frame.
+// The distance from the card's edge to the popover widget. Because of this inset, the widget does
+// not overlap the round corners and can be opaque. With an opaque widget, an animation frame does
+// not repaint the window below.
 constexpr int inset = 4;
 
-// The card and its arrow as one outline, so that the edge surrounds both.
+// Returns the outline of the card including its arrow, so that the edge is drawn around both.
 QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
     QPainterPath body;
     body.addRoundedRect(card, popoverRadius, popoverRadius);
@@ -46,8 +46,8 @@ QPainterPath outlineOf(const QRectF& card, bool isAbove, double arrowX) {
 
 } // namespace
 
-// The card with arrow and shadow, drawn behind and around the popover. It is cached as a pixmap,
-// because it takes longer to draw than the moving content.
+// Draws the card with its arrow and shadow, behind and around the popover. The drawing is cached as
+// a pixmap, because it is expensive and the animated content above it repaints often.
 class Popover::Backdrop : public QWidget {
 public:
     explicit Backdrop(QWidget* parent) : QWidget(parent) {
@@ -94,7 +94,7 @@ private:
 
 Popover::Popover(QWidget* anchor, QWidget* content)
     : QWidget(anchor->window()), anchor(anchor), backdrop(new Backdrop(anchor->window())) {
-    presentAs<Popover, QAccessible::Dialog>(); // it is a card that contains controls
+    presentAs<Popover, QAccessible::Dialog>(); // the role of a card that contains controls
     auto* layout = new QVBoxLayout(this);
     constexpr int withinInset = padding - inset;
     layout->setContentsMargins(withinInset, withinInset, withinInset, withinInset);
@@ -107,7 +107,7 @@ Popover::Popover(QWidget* anchor, QWidget* content)
         placeSoon();
     });
     connect(anchor, &QObject::destroyed, this, [this] {
-        this->anchor = nullptr; // a QPointer to a widget is still set during destroyed()
+        this->anchor = nullptr; // QPointers to the anchor are not null yet during destroyed()
         onClosed = {};
         dismiss();
     });
@@ -147,8 +147,8 @@ void Popover::dismiss() {
     }
 }
 
-// A hidden popover with the focus would pass it to the next widget of the focus chain, which may be
-// in destruction.
+// If a popover is hidden while it has the focus, Qt passes the focus to the next widget of the
+// focus chain, and that widget may be in destruction. Therefore, the focus moves explicitly.
 void Popover::giveFocusBack() {
     if (anchor != nullptr) {
         anchor->setFocus(Qt::PopupFocusReason);
@@ -165,7 +165,7 @@ bool Popover::isOnCard(QPointF onScreen) const {
     return placed.card.contains(window()->mapFromGlobal(onScreen).toPoint());
 }
 
-// Sees all events of the application, so it filters by event type first.
+// This filter receives all events of the application, so it checks the cheap event type first.
 bool Popover::eventFilter(QObject* watched, QEvent* event) {
     if (isClosed || anchor == nullptr || !watched->isWidgetType()) {
         return false;
@@ -174,7 +174,7 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         if (!isWithin(widget) && isOnCard(static_cast<QMouseEvent*>(event)->globalPosition())) {
-            return true; // a click on the card's rim
+            return true; // a click on the card's edge, outside the popover widget
         }
         if (!isWithin(widget) && widget != anchor && !anchor->isAncestorOf(widget)) {
             dismiss();
@@ -200,7 +200,7 @@ bool Popover::eventFilter(QObject* watched, QEvent* event) {
 bool Popover::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        event->accept(); // takes precedence over the window's shortcut
+        event->accept(); // the popover handles Escape instead of the window's shortcut
         return true;
     }
     if (event->type() == QEvent::LayoutRequest) {
@@ -209,7 +209,7 @@ bool Popover::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-// If the popover itself has the focus, the next control is the one after the anchor.
+// If the popover itself has the focus, Tab closes it and the focus returns to the anchor.
 bool Popover::focusNextPrevChild(bool next) {
     if (!hasFocus() || anchor == nullptr) {
         return QWidget::focusNextPrevChild(next);
@@ -226,12 +226,13 @@ void Popover::keyPressEvent(QKeyEvent* event) {
     QWidget::keyPressEvent(event);
 }
 
-// Accepted here: in the parent window it would count as a click outside the popover.
+// Accepts the event. Otherwise the parent window would receive it and treat it as a click outside
+// the popover.
 void Popover::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }
 
-// Deferred until the layouts are up to date.
+// Defers placing to the event loop, because the layouts are not up to date yet.
 void Popover::placeSoon() {
     if (!std::exchange(isPlacing, true)) {
         QTimer::singleShot(0, this, [this] {
@@ -247,7 +248,7 @@ void Popover::place() {
     }
     const QRect anchorArea(anchor->mapTo(window(), QPoint(0, 0)), anchor->size());
     if (isVisible() && anchor->visibleRegion().isEmpty() && window()->isVisible()) {
-        dismiss(); // scrolled out of view
+        dismiss(); // the anchor was scrolled out of view
         return;
     }
     constexpr QSize rim(2 * inset, 2 * inset);

@@ -1,11 +1,12 @@
-// A small card with an arrow to its anchor control, within the control's window. It closes when the
-// user clicks elsewhere or presses Escape. The anchor handles clicks on itself.
+// A small card with an arrow that points to its anchor control. The popover closes when the user
+// clicks elsewhere or presses Escape. The anchor itself handles clicks on the anchor.
 //
-// It stays within the window: below the anchor if there is room, otherwise above. It is a child
-// widget, because only some desktops position a popup window correctly.
+// The popover is below the anchor if there is room, otherwise above, and always within the anchor's
+// window. It is a child widget of that window, because not every desktop positions popup windows
+// correctly.
 //
 // Thread:  the main thread.
-// Owner:   the window that contains it. It is deleted with the window or on closing.
+// Owner:   the window that contains it. It is deleted together with the window, or when it closes.
 // Errors:  none. It closes if its anchor is hidden or destroyed.
 #pragma once
 
@@ -20,19 +21,19 @@ namespace glidemap {
 
 class Popover : public QWidget {
 public:
-    // Takes ownership of the content, pads it by 8 points, shows the popover and focuses it.
+    // Takes ownership of `content`, pads it by 8 points, and shows and focuses the popover.
     Popover(QWidget* anchor, QWidget* content);
     ~Popover() override;
 
-    // Called once, on closing. Not called if the anchor was destroyed, because the callback's owner
-    // usually goes with the anchor.
+    // Called once, when the popover closes. Not called if the anchor was destroyed, because the
+    // callback's owner is usually destroyed together with the anchor.
     std::function<void()> onClosed;
 
     void dismiss();
 
     PopoverPlacement placement() const { return placed; }
 
-    // Whether an open popover of the widget's window covers it completely.
+    // Whether an open popover in the same window covers the widget completely.
     static bool covers(const QWidget& widget);
 
 protected:

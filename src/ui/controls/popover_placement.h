@@ -1,5 +1,5 @@
-// The position of a popover: below its anchor if there is room, otherwise above, and always within
-// the window.
+// Computes the position of a popover: below its anchor if there is room, otherwise above, and
+// always within the window.
 //
 // Units:   points in the window.
 // Thread:  any.
@@ -12,7 +12,7 @@ namespace glidemap {
 
 struct PopoverPlacement {
     QRect card;   // without the arrow
-    bool isAbove; // the arrow is at the lower edge and points down
+    bool isAbove; // if so, the arrow is at the lower edge and points down
     int arrowX;   // the x position of the arrow's tip
     bool operator==(const PopoverPlacement&) const = default;
 };

@@ -26,7 +26,7 @@ constexpr int emptyHeight = 56;
 constexpr int markSize = 14;
 constexpr int markRoom = 28;
 
-// The item data role of an entry's number.
+// The item data role for the entry's value.
 constexpr int entryValueRole = Qt::UserRole + 1;
 
 QStandardItem* headingItem(const QString& title) {
@@ -51,7 +51,7 @@ int valueOf(const QModelIndex& index) {
     return index.data(entryValueRole).toInt();
 }
 
-// Draws an entry as the style does, with a mark at the current choice.
+// Draws an entry in the current style, and adds a check mark to the current choice.
 class MarkedItemDelegate : public QStyledItemDelegate {
 public:
     MarkedItemDelegate(std::optional<int> chosen, QObject* parent)
@@ -171,8 +171,8 @@ void SearchableList::addGroup(const Group& group) {
     }
 }
 
-// After typing, marks the entry that the text names, or else the first one. Without a text, marks
-// the previous choice.
+// While the user searches, marks the entry whose name equals the search text, or else the first
+// entry. Without a search text, marks the current choice.
 void SearchableList::markFirst(std::optional<int> exactRow) {
     const bool isSearching = !field->text().trimmed().isEmpty();
     if (isSearching && exactRow) {
@@ -191,7 +191,7 @@ void SearchableList::markFirst(std::optional<int> exactRow) {
 void SearchableList::mark(int row) {
     const QModelIndex index = model->index(row, 0);
     list->setCurrentIndex(index);
-    // Scrolls to the group's heading for its first entry.
+    // For the first entry of a group, also makes the heading above it visible.
     if (isHeading(index.siblingAtRow(row - 1))) {
         list->scrollTo(index.siblingAtRow(row - 1));
     }
@@ -200,7 +200,7 @@ void SearchableList::mark(int row) {
     browse(index);
 }
 
-// The list never has the focus, so the marked entry must be announced explicitly.
+// The focus stays in the search field, so Qt does not announce the marked entry itself.
 void SearchableList::announce(int row) {
     if (QAccessible::isActive()) {
         QAccessibleEvent event(list, QAccessible::Focus);

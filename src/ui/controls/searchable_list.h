@@ -1,13 +1,13 @@
-// A grouped list with a search field above it. Typing searches, the arrow keys move through the
-// matches, and Return chooses the marked one.
+// A grouped list below a search field. Typing filters the entries, the arrow keys move the mark
+// through them, and Return chooses the marked entry.
 //
-// The list grows with its entries up to a maximum height and scrolls beyond that. The focus stays
-// in the field, so that input methods work.
+// The list grows with its entries up to a maximum height, and scrolls beyond that. The focus stays
+// in the search field, so that input methods work.
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its parent.
-// Errors:  none. If no entry matches, the list says so.
+// Errors:  none. If no entry matches, a text says so.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -33,7 +33,7 @@ public:
         QString text;
         QIcon icon;
         int value = 0;
-        bool isExact = false; // the search text is this entry's name, so this entry is marked first
+        bool isExact = false; // the search text is this entry's name, so this entry is marked
     };
     struct Group {
         QString heading;
@@ -46,28 +46,29 @@ public:
         QString nothingFound;
         QString currentChoice;
     };
-    // Returns the entries that match the typed text, in the current language.
+    // Returns the entries that match the typed text. Texts are in the current language.
     using Find = std::function<std::vector<Group>(const QString& typed)>;
 
     SearchableList(Find find, std::optional<int> current, const QString& search,
                    QWidget* parent = nullptr);
 
-    // Updates the texts and queries the entries again.
+    // Updates the texts, and calls Find again.
     void setTexts(const Texts& shown);
 
-    // The maximum height of the list, without the search field.
+    // Sets the maximum height of the list, without the search field.
     void setRoomForEntries(int height);
 
-    // The object names of the field and of the list, for tests and style sheets.
+    // Sets the object names of the field and of the list, for tests and style sheets.
     void setPartNames(const char* field, const char* list);
 
-    // Called with the entry that the user has chosen; may destroy the list.
+    // Called when the user chooses an entry. The callback may destroy the list.
     std::function<void(int value)> onChoose;
 
-    // Called with each entry that the keys, the search or the pointer mark.
+    // Called when an entry is marked by keys, by a search or by the pointer.
     std::function<void(int value)> onBrowse;
 
-    // Called on Tab and on Shift and Tab: moves the focus on, or back.
+    // Called when the user presses Tab (forward) or Shift+Tab (backward). The callback moves the
+    // focus.
     std::function<void(bool forward)> onLeave;
 
 protected:

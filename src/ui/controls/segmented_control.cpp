@@ -20,8 +20,8 @@ constexpr int textFlags = Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextHideM
 
 } // namespace
 
-// Draws only its text; the parent draws the background. Segments have equal widths, independent of
-// their texts, so that the background keeps its size while it slides.
+// A segment draws only its text; the parent draws the background. All segments have the same width,
+// so that the highlight keeps its size while it slides.
 class SegmentedControl::Segment : public QRadioButton {
 public:
     using QRadioButton::QRadioButton;
@@ -105,7 +105,8 @@ void SegmentedControl::setCurrent(int index) {
     fixFocusPolicies();
 }
 
-// Reports only changes by the user: setCurrent() sets `chosen` before it checks the segment.
+// Only a choice by the user reaches onChange: setCurrent() updates `chosen` before it checks the
+// segment, so that this function returns early.
 void SegmentedControl::choose(int index) {
     if (index == chosen) {
         return;
@@ -118,7 +119,7 @@ void SegmentedControl::choose(int index) {
     }
 }
 
-// Tab stops at the chosen segment only; arrow keys move on from there.
+// Only the chosen segment is a tab stop. From there, the arrow keys move to the other segments.
 void SegmentedControl::fixFocusPolicies() {
     for (std::size_t index = 0; index < segments.size(); ++index) {
         const bool isChosen = static_cast<int>(index) == chosen;

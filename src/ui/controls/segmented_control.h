@@ -1,5 +1,5 @@
-// A row of segments in one pill. The highlight slides to the chosen segment. Arrow keys move the
-// choice. Assistive technology sees the segments as radio buttons.
+// A row of segments on a pill-shaped background. A highlight slides to the chosen segment. Arrow
+// keys change the choice. Assistive technology sees the segments as radio buttons.
 //
 // Thread:  the main thread.
 // Owner:   its parent.
@@ -20,16 +20,16 @@ class SegmentedControl : public QWidget {
 public:
     explicit SegmentedControl(int count, QWidget* parent = nullptr);
 
-    // One text per segment. The texts are also the accessible names.
+    // Sets one text for each segment. The texts are also the accessible names.
     void setTexts(const QStringList& texts);
 
     int current() const { return chosen; }
     void setCurrent(int index); // does not call onChange
 
-    // Called when the user has chosen another segment.
+    // Called when the user chooses another segment.
     std::function<void(int index)> onChange;
 
-    // The position of the highlight, in segments.
+    // Returns the position of the highlight in segments; fractional while it slides.
     double groundPosition() const { return ground.value(); }
 
 protected:

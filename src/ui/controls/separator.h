@@ -1,4 +1,4 @@
-// A line between two parts of a window, one point thick.
+// A line that separates two parts of a window, one point thick.
 //
 // Thread:  the main thread.
 // Owner:   its parent.

@@ -20,7 +20,7 @@ namespace glidemap {
 namespace {
 
 constexpr int radius = 12;
-constexpr double slideFrom = 14; // points above its final position
+constexpr double slideFrom = 14; // points above the final position, where the animation starts
 constexpr double veilLight = 0.28;
 constexpr double veilDark = 0.5;
 
@@ -29,8 +29,8 @@ Qt::WindowFlags sheetWindowFlags() {
                                                : Qt::Dialog | Qt::FramelessWindowHint;
 }
 
-// The dialog does not know a default button that was set before the button was in the dialog; it
-// would choose the first button instead.
+// A dialog ignores buttons that became the default before they were added to it, and chooses its
+// first button instead. Setting the property again registers the button with the dialog.
 void adoptDefaultButton(const QWidget& content) {
     for (QPushButton* button : content.findChildren<QPushButton*>()) {
         if (button->isDefault()) {
@@ -52,7 +52,7 @@ public:
         shade.glideTo(1);
     }
 
-    // Fades out and deletes itself. Clicks pass through meanwhile.
+    // Fades out and then deletes itself. While it fades, clicks pass through to the window.
     void lift() {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         shade.onArrival = [this] {
@@ -84,7 +84,7 @@ Sheet::Sheet(QWidget* anchorWidget, QWidget* content, QSize size)
     auto* layout = new QVBoxLayout(this);
     const int margin = shadowMargin();
     setContentsMargins(margin, margin, margin,
-                       margin); // keeps children of the sheet off its shadow
+                       margin); // keeps the child widgets out of the shadow
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroller);
     scroller->setFrameShape(QFrame::NoFrame);
@@ -94,12 +94,13 @@ Sheet::Sheet(QWidget* anchorWidget, QWidget* content, QSize size)
     scroller->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
     adoptDefaultButton(*content);
-    addActions(owner()->actions()); // a blocked window receives no keys for its own actions
+    // while the sheet blocks the window, the window's own actions get no key events
+    addActions(owner()->actions());
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {
         if (veil != nullptr) {
-            std::exchange(veil, nullptr)->lift(); // outlives the sheet while it fades
+            std::exchange(veil, nullptr)->lift(); // the veil deletes itself after fading out
         }
         if (!std::exchange(hasClosed, true) && onClosed) {
             onClosed();

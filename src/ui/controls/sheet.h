@@ -1,14 +1,14 @@
-// A dialog at the top of its window. The window is dimmed and blocked until the sheet closes.
+// A modal dialog at the top of its window. The window is dimmed and blocked until the sheet closes.
 //
-// If the system has native sheets, it positions, rounds and animates this one, too, and dims the
-// window; this class then only provides the content. Elsewhere the sheet is a separate window,
-// because it may be larger than its parent window. It has round corners and a shadow if the desktop
-// supports translucent windows; otherwise its shape is masked.
+// If the system has native sheets, the system positions, rounds and animates the sheet and dims the
+// window; this class only provides the content. Otherwise the sheet is a separate window, because
+// it may be larger than its parent window. Its corners are round. It has a shadow if the desktop
+// supports translucent windows; otherwise a mask cuts the corners.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   its window. Deletes itself after closing.
-// Errors:  none. On a small screen it shrinks to fit and its content scrolls.
+// Owner:   its window. The sheet deletes itself after closing.
+// Errors:  none. On a small screen the sheet shrinks, and its content scrolls.
 #pragma once
 
 #include "ui/controls/slide.h"
@@ -24,17 +24,17 @@ namespace glidemap {
 
 class Sheet : public QDialog {
 public:
-    // Takes ownership of `content`. `size` is the content's size, if the screen has room for it.
+    // Takes ownership of `content`. `size` is the content's size if it fits on the screen.
     Sheet(QWidget* anchorWidget, QWidget* content, QSize size);
     ~Sheet() override;
 
-    // Called once after closing, for any cause.
+    // Called once after the sheet has closed, for any reason.
     std::function<void()> onClosed;
 
     void present();
     void dismiss();
 
-    // The sheet without its shadow, in screen coordinates.
+    // Returns the geometry of the sheet without its shadow, in screen coordinates.
     QRect cardGeometry() const;
 
 protected:
@@ -54,7 +54,7 @@ private:
     QSize wanted;
     QScrollArea* scroller;
     QPointer<Veil> veil;
-    QRect placed;  // the card's final rectangle
+    QRect placed;  // the card's rectangle after the animation
     bool isNative; // the system shows it as a native sheet
     bool isTranslucent;
     bool hasClosed = false;

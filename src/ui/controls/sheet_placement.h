@@ -1,4 +1,5 @@
-// The position of a sheet: centred below the title bar of its window, and entirely on the screen.
+// Computes the position of a sheet: centred below the title bar of its window, and entirely on the
+// screen.
 //
 // Units:   points on the screen.
 // Thread:  any.
@@ -9,8 +10,9 @@
 
 namespace glidemap {
 
-// `least` is the content's minimum size. If even that does not fit, the sheet is widened by
-// `scrollBar`, the width of the scroll bar. `window` is the window without its frame.
+// `least` is the minimum size of the content. If the screen is too low even for that, the content
+// scrolls, and the sheet is wider by `scrollBar`, the width of the scroll bar. `window` is the
+// window's geometry without its frame.
 QRect placeSheet(QSize wanted, QSize least, int scrollBar, const QRect& window,
                  const QRect& screen);
 

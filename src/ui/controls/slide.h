@@ -1,4 +1,4 @@
-// Animates a value to its target, or jumps there if the user prefers reduced motion.
+// Animates a value towards a target. If the user prefers reduced motion, the value jumps instead.
 //
 // Units:   milliseconds.
 // Thread:  the main thread.
@@ -16,17 +16,17 @@ namespace glidemap {
 
 class Slide {
 public:
-    // Redraws the widget on each step, and calls `onStep`.
+    // Calls `onStep` and redraws the widget on each step.
     explicit Slide(QWidget* widget, std::function<void()> onStep = {});
 
-    // Jumps if the widget is invisible or if motion is reduced.
+    // Starts the animation. Jumps if the widget is invisible or the user prefers reduced motion.
     void glideTo(double target);
     void jumpTo(double target);
 
     double value() const { return current; }
     double target() const { return wanted; }
 
-    // Called on arrival; at once for a jump.
+    // Called when the value reaches the target; a jump calls it immediately.
     std::function<void()> onArrival;
 
 private:

@@ -14,7 +14,8 @@ void StyledLabel::setRole(Role colorRole) {
     applyTheme();
 }
 
-// The theme sets font sizes in pixels, so the result is the same on all screens.
+// The cache needs no screen in its key: the theme sets font sizes in pixels, so the result is the
+// same on all screens.
 QSizeF StyledLabel::lineSize() const {
     if (!measured || measured->text != text() || measured->font != font()) {
         const QFontMetricsF metrics(font(), this);

@@ -18,8 +18,8 @@ public:
 
     void setRole(Role colorRole);
 
-    // The size of the text on one line, in points. Cached: layouts query it often, and shaping the
-    // text dominates the cost of a layout.
+    // Returns the size of the text on one line, in points. The size is cached, because layouts
+    // query it often and shaping the text is the most expensive part of a layout.
     QSizeF lineSize() const;
 
 private:

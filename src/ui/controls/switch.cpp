@@ -13,7 +13,7 @@ namespace {
 constexpr int trackWidth = 36;
 constexpr int trackHeight = 20;
 constexpr double knobInset = 2;
-constexpr double stretch = 3; // how much wider the knob is while it is pressed
+constexpr double stretch = 3; // how much wider the knob becomes while it is pressed
 constexpr int textGap = 8;
 constexpr int textFlags = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextHideMnemonic;
 
@@ -43,7 +43,8 @@ QSize Switch::sizeHint() const {
     return {trackWidth + label + 2 * style::ringMargin, height + 2 * style::ringMargin};
 }
 
-// Set by the program: jumps if the switch is invisible, otherwise slides.
+// Qt calls this when the program, not the user, changes the state. The knob jumps if the switch is
+// invisible, otherwise it slides.
 void Switch::checkStateSet() {
     QCheckBox::checkStateSet();
     knob.glideTo(isChecked() ? 1 : 0);
@@ -65,7 +66,7 @@ void Switch::drawTrack(QPainter& painter, const QRectF& track) const {
     const QColor on = style::color(Role::accentGround);
     painter.setOpacity(isEnabled() ? 1 : 0.5);
     style::fillRounded(painter, track, radius, mixed(off, on, knob.value()));
-    // The edge makes an unchecked track visible on its background.
+    // The edge separates an unchecked track from a background of similar colour.
     style::strokeRounded(painter, track, radius, style::hairline(painter),
                          mixed(style::color(Role::tertiary), on, knob.value()));
     if (isEnabled() && underMouse()) {
@@ -84,7 +85,7 @@ void Switch::drawKnob(QPainter& painter, const QRectF& track) const {
     painter.setOpacity(isEnabled() ? 1 : 0.7);
     style::fillRounded(painter, shape.translated(0, 1), size / 2, QColor(0, 0, 0, 50));
     style::fillRounded(painter, shape, size / 2, style::color(Role::knob));
-    if (!Theme::shared().isDark()) { // the knob is white on a light track
+    if (!Theme::shared().isDark()) { // a white knob needs a shadow on a light track
         style::strokeRounded(painter, shape, size / 2, style::hairline(painter),
                              QColor(0, 0, 0, 45));
     }

@@ -1,5 +1,5 @@
-// A switch: a knob that slides between off and on. It behaves as a check box, also for assistive
-// technology. Its text is in front of it.
+// A switch: a knob that slides between off and on. For users and for assistive technology it
+// behaves as a check box. Its text is in front of the knob.
 //
 // Thread:  the main thread.
 // Owner:   its parent.

@@ -20,11 +20,11 @@ public:
 
     void setSymbol(std::string_view symbolName);
 
-    // Draws it paler, to be less prominent while still usable.
+    // Draws the symbol paler, so that the button is less prominent. The button stays usable.
     void setFaint(bool now);
     bool isFaint() const { return faint; }
 
-    // Adds a background, which shows that the symbol is a button.
+    // Draws a background behind the symbol, so that it is recognisable as a button.
     void showGround();
 
 protected:

@@ -1,4 +1,4 @@
-// A symbol without a function. Assistive technology ignores it.
+// A symbol that is only decoration. Assistive technology ignores it.
 //
 // Units:   points.
 // Thread:  the main thread.

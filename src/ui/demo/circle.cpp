@@ -1,4 +1,4 @@
-// One finger draws one full circle, starting at the top.
+// The motion of the circle gestures: one finger draws one full circle, starting at the top.
 #include "motions.h"
 
 #include <algorithm>
@@ -10,7 +10,8 @@ namespace glidemap::demo {
 namespace {
 
 constexpr double radius = 0.3;
-constexpr double squeeze = 0.72; // makes the circle look round on a pad that is wider than tall
+// horizontal factor: makes the circle look round on a pad that is wider than tall
+constexpr double squeeze = 0.72;
 constexpr double top = -std::numbers::pi / 2;
 
 Point onTheCircle(double angle) {
@@ -18,7 +19,8 @@ Point onTheCircle(double angle) {
             padCenter.y + radius * std::sin(angle)};
 }
 
-// The arc so far, in steps of 6 degrees; two coinciding points before it begins.
+// Returns the arc drawn so far, in steps of 6 degrees. Before the finger moves, the arc consists of
+// coinciding points.
 std::vector<Point> arc(double swept, double progress) {
     constexpr double piecesOfACircle = 60;
     const int pieces = std::max(static_cast<int>(std::floor(piecesOfACircle * progress)), 2);

@@ -8,16 +8,18 @@ namespace glidemap::demo {
 
 namespace {
 
-// Distances along an edge from the corner point, in radii. They follow the curve x³ + y³ = 1,
-// scaled to share its midpoint with the circular corner of this radius. The curvature of that curve
-// starts at zero at the edge. Two Bézier curves, mirrored at the diagonal, approximate it; their
-// three points on the edge are collinear, so their curvature there is zero.
+// Distances from the corner point along an edge, in radii. They describe the curve x³ + y³ = 1,
+// scaled so that it shares its midpoint with a circular corner of this radius. Where the curve
+// meets an edge, its curvature is zero. Two Bézier curves, mirrored at the diagonal, approximate
+// it. Three control points of each lie on the edge, so the curvature of the Bézier curve is zero
+// there, too.
 constexpr double leaves = 1.42;   // the curve leaves the edge here
 constexpr double pulls = 1.043;   // gives the midpoint the curvature of x³ + y³ = 1
 constexpr double points = 0.5858; // the tangent at the midpoint crosses the edge here
 constexpr double middle = 0.2929; // distance of the midpoint from both edges: 1 - 1/√2
 
-// Adds one corner. The unit vectors `back` and `onwards` point away from it along the two edges.
+// Adds one corner to the path. The unit vectors `back` and `onwards` point from the corner along
+// the previous and the next edge.
 void addCorner(QPainterPath& path, QPointF corner, QPointF back, QPointF onwards, double radius) {
     const QPointF one = back * radius;
     const QPointF other = onwards * radius;

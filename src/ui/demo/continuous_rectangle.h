@@ -1,9 +1,9 @@
-// A rounded rectangle with continuous corners: curvature does not jump between edge and corner, so
-// the transition is invisible.
+// A rounded rectangle with continuous corners: the curvature grows gradually from the edge into the
+// corner, so the transition is invisible.
 //
 // Units:   those of the rectangle.
 // Thread:  any.
-// Errors:  none. The radius is at most a third of the shorter side, so that corners never meet.
+// Errors:  none. The radius is limited to a third of the shorter side, so that corners never meet.
 #pragma once
 
 #include <QPainterPath>

@@ -13,11 +13,11 @@ namespace glidemap::demo {
 
 namespace {
 
-constexpr double aspect = 1.45; // of the pad, width to height
+constexpr double aspect = 1.45; // width to height of the pad
 constexpr double faintest = 0.01;
 constexpr double trailWidth = 2;
 
-// Gives the pad a contrast of 3:1 to its background.
+// The pad needs a contrast of 3:1 to its background.
 constexpr double padOpacity = 0.7;
 
 QPen penOf(Role role, double opacity, double width) {
@@ -29,7 +29,8 @@ QPointF onThePad(const QRectF& pad, Point point) {
     return {pad.x() + point.x * pad.width(), pad.y() + point.y * pad.height()};
 }
 
-// Strokes inside the pad's edge, which may be the view's edge and would clip the line.
+// Draws the outline inside the pad's rectangle. If the pad fills the view, a line centred on the
+// edge would be clipped.
 void drawPad(QPainter& painter, const QRectF& pad) {
     constexpr double line = 1.5;
     constexpr double half = line / 2;
@@ -39,7 +40,7 @@ void drawPad(QPainter& painter, const QRectF& pad) {
         continuousRectangle(pad.adjusted(half, half, -half, -half), 0.14 * pad.height() - half));
 }
 
-// A trail whose points all coincide is drawn as a dot, by the round caps of its line.
+// If all points of the trail coincide, the round caps of the line draw a dot.
 void drawTrail(QPainter& painter, const QRectF& pad, const std::vector<Point>& trail) {
     if (trail.size() < 2) {
         return;

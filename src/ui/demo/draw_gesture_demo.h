@@ -1,5 +1,5 @@
 // Draws one frame of a demonstration: the pad, the trail, the ring and the fingertips, in the
-// current colours of the theme.
+// theme's current colours.
 //
 // Units:   the size in points; t in seconds since the start of the loop.
 // Thread:  the main thread. Stateless; restores the painter's state.
@@ -14,7 +14,7 @@ class QSizeF;
 
 namespace glidemap::demo {
 
-// The pad in a view of this size: as large as possible, centred.
+// Returns the pad's rectangle in a view of this size: as large as possible, and centred.
 QRectF padIn(const QSizeF& size);
 
 void draw(GestureType gesture, double t, QPainter& painter, const QSizeF& size);

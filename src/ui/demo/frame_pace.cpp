@@ -11,7 +11,8 @@ using std::chrono::nanoseconds;
 
 constexpr milliseconds timerDelay{1};
 
-// The refresh rates of real screens; a driver that reports another value does not know its screen.
+// Screens have refresh rates within these limits. If a driver reports a rate outside them,
+// framePeriod() assumes the usual rate.
 constexpr double lowestRate = 20;
 constexpr double highestRate = 1000;
 constexpr double usualRate = 60;

@@ -33,7 +33,7 @@ Frame frame(GestureType gesture, double t) {
 }
 
 double smoothstep(double x) {
-    const double clamped = x > 0 ? std::min(x, 1.0) : 0; // also maps NaN to 0
+    const double clamped = x > 0 ? std::min(x, 1.0) : 0; // NaN becomes 0, too
     return clamped * clamped * (3 - 2 * clamped);
 }
 

@@ -1,5 +1,5 @@
-// The motion of the demonstrations: the fingertips, the trail, and the ring of a press, for each
-// gesture and time in its loop.
+// Computes the motion of the demonstrations: the fingertips, the trail, and the ring of a press,
+// for each gesture and each moment of its loop.
 //
 // Units:   positions in pad units, 0..1 from the pad's left and top edges; a ring's radius in units
 //          of the pad's height; times in seconds since the start of the loop; opacities 0..1.
@@ -14,7 +14,7 @@
 
 namespace glidemap::demo {
 
-// The length of each loop. All views run in phase.
+// The duration of every loop. All views run in phase.
 inline constexpr double loopDuration = 2.6;
 
 struct Point {
@@ -44,13 +44,14 @@ struct Frame {
 
 Frame frame(GestureType gesture, double t);
 
-// The progress of a movement with slow start and end. x is clamped to 0..1.
+// Returns the progress of a movement that starts and ends slowly. x is clamped to 0..1.
 double smoothstep(double x);
 
-// The opacity of a finger: 0 outside the span, 1 at least `fade` seconds away from both its ends.
+// Returns the opacity of a finger that is visible between two times: 0 outside them, and 1 if both
+// are at least `fade` seconds away.
 double env(double t, double from, double to, double fade);
 
-// The fingertips of a hand, from left to right in a row. The outer ones are slightly lower.
+// Returns the fingertips of a hand from left to right. The outer fingers are slightly lower.
 std::vector<Point> hand(int count, Point center, double spacing);
 
 } // namespace glidemap::demo

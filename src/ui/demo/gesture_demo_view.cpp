@@ -17,14 +17,15 @@ namespace glidemap {
 
 namespace {
 
-// The time until this view's screen is due for the next frame.
+// Returns the time until the view's screen shows the next frame of the demonstration.
 std::chrono::milliseconds untilNextFrameOf(const QWidget& view) {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return demo::untilNextFrame(now, demo::framePeriod(view.screen()->refreshRate()));
 }
 
 // Exposes a demonstration to assistive technology as an animation instead of an unnamed pane. Qt
-// calls this factory for every widget class; nullptr leaves the widget to the other factories.
+// calls this factory for every widget class; for other classes it returns nullptr, and Qt tries the
+// next factory.
 QAccessibleInterface* accessibleDemo(const QString& /*className*/, QObject* object) {
     auto* const view = dynamic_cast<GestureDemoView*>(object);
     return view == nullptr ? nullptr : new QAccessibleWidget(view, QAccessible::Animation);
@@ -58,7 +59,8 @@ void GestureDemoView::paintEvent(QPaintEvent* /*event*/) {
         untilNextFrame.stop();
     } else {
         untilNextFrame.start(
-            untilNextFrameOf(*this)); // before drawing, whose time is part of the interval
+            // starts before drawing, so that the drawing time is part of the interval
+            untilNextFrameOf(*this));
     }
     QPainter painter(this);
     demo::draw(gesture, moment(), painter, size());
@@ -78,7 +80,7 @@ void GestureDemoView::hideEvent(QHideEvent* /*event*/) {
     }
 }
 
-// A window that is restored or uncovered may be shown without a paint event.
+// Qt may send no paint event when a window is restored or uncovered, so these events request one.
 bool GestureDemoView::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose || event->type() == QEvent::WindowStateChange) {
         update();
@@ -94,7 +96,7 @@ double GestureDemoView::moment() const {
     return sinceTheLast < 0 ? sinceTheLast + demo::loopDuration : sinceTheLast;
 }
 
-// A widget that is not on the screen may still be rendered into an image.
+// Also prevents animation while an invisible widget is rendered into an image.
 bool GestureDemoView::canBeSeen() const {
     const QWindow* const handle = window()->windowHandle();
     return isVisible() && !window()->isMinimized() && handle != nullptr && handle->isExposed() &&

@@ -1,12 +1,14 @@
-// Shows a gesture in an endless loop: at most 40 frames per second while visible, no frames while
-// invisible, and one still frame if the user prefers reduced motion.
+// Shows a gesture in an endless loop. The view draws at most 40 frames per second while it is
+// visible, and none while it is invisible. If the user prefers reduced motion, it shows one still
+// frame.
 //
-// The loop follows the clock, so that all views show the same moment. Each painted frame schedules
-// the next one, in step with the screen. No timer runs while the view is not painted: hidden,
-// minimised, scrolled out of view, or not requested by the desktop.
+// The clock determines the position in the loop, so all views show the same moment. Each paint
+// event schedules the next frame, in step with the screen. So no timer runs while the view gets no
+// paint events: when it is hidden, minimised or scrolled out of view, or when the desktop requests
+// no frames.
 //
-// Tab skips the view, because it has no function. Assistive technology sees an animation; the owner
-// sets the gesture's name in the current language as its accessible name.
+// Tab skips the view, because it has no function. Assistive technology sees an animation. The
+// view's owner sets the accessible name: the gesture's name in the current language.
 //
 // Thread:  the main thread.
 // Owner:   its parent.
@@ -26,7 +28,7 @@ namespace glidemap {
 
 class GestureDemoView : public QWidget {
 public:
-    // Returns seconds. The loop starts at each multiple of its length.
+    // Returns the time in seconds. The loop starts at each multiple of loopDuration.
     using Clock = std::function<double()>;
 
     explicit GestureDemoView(GestureType gesture, QWidget* parent = nullptr,
@@ -35,7 +37,7 @@ public:
     void setGesture(GestureType shown);
     GestureType shownGesture() const { return gesture; }
 
-    // The wall-clock time since 2001-01-01 00:00 UTC.
+    // Returns the wall-clock time since 2001-01-01 00:00 UTC.
     static double secondsSinceReferenceDate();
 
 protected:

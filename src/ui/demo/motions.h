@@ -11,10 +11,10 @@ namespace glidemap::demo {
 
 inline constexpr Point padCenter = {0.5, 0.5};
 
-// The distance between the fingers of a hand that does not move.
+// The distance between the fingers of a hand at rest.
 inline constexpr double restingSpacing = 0.16;
 
-// Fingers at these positions with equal opacity and scale.
+// Returns fingers at these positions, with equal opacity and scale.
 std::vector<Finger> fingersAt(const std::vector<Point>& places, double opacity, double scale = 1);
 
 Frame circle(GestureType gesture, double t);

@@ -1,4 +1,4 @@
-// Two fingers that move in opposite directions: along a diagonal, or around a centre.
+// Pinch and rotation: two fingers move in opposite directions, along a diagonal or around a centre.
 #include "motions.h"
 
 #include <cmath>
@@ -11,7 +11,7 @@ namespace {
 Frame pinch(bool closing, double t) {
     constexpr double widest = 0.3;
     constexpr double closest = 0.1;
-    constexpr double slope = 0.4; // of the diagonal between thumb and forefinger
+    constexpr double slope = 0.4; // slope of the diagonal between thumb and forefinger
     const double moved = 0.2 * smoothstep((t - 0.5) / 1.1);
     const double half = closing ? widest - moved : closest + moved;
     const double opacity = env(t, 0.35, 1.95, 0.18);

@@ -1,4 +1,4 @@
-// Presses: a click shows a ripple, and a ring fills during a long press.
+// Clicks and long presses: a click shows a ripple, and during a long press a ring fills.
 #include "motions.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ std::optional<Ring> ripple(double t) {
     return std::nullopt;
 }
 
-// Pulses about once a second, and fades with the fingers.
+// The ring pulses about once per second, and fades together with the fingers.
 std::optional<Ring> holdRing(double t, double fingerOpacity) {
     const double held = smoothstep((t - 0.6) / 1.3);
     if (held > 0 && fingerOpacity > 0) {

@@ -8,7 +8,7 @@ namespace glidemap::demo {
 
 namespace {
 
-// The visibility of a frame's parts.
+// How much of a frame is visible.
 struct Clarity {
     double fingers = 0; // the sum of their opacities
     double drawn = 0;   // the length of the trail, and the ring's radius weighted with its opacity
@@ -36,7 +36,7 @@ Clarity clarityOf(const Frame& frame) {
 }
 
 bool isAtLeastAsClear(const Clarity& one, const Clarity& other) {
-    constexpr double alike = 1e-6; // ignores rounding errors
+    constexpr double alike = 1e-6; // tolerates rounding errors
     if (std::abs(one.fingers - other.fingers) > alike) {
         return one.fingers > other.fingers;
     }

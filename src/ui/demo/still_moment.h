@@ -1,4 +1,4 @@
-// The most expressive moment of a gesture's loop, shown if the user prefers reduced motion.
+// Chooses the frame of a gesture's loop that is shown if the user prefers reduced motion.
 //
 // Units:   seconds since the start of the loop.
 // Thread:  any; a pure function that samples the whole loop on each call.
@@ -9,8 +9,8 @@
 
 namespace glidemap::demo {
 
-// Prefers the moments with the most visible fingers, then those with the most visible trail and
-// ring. Returns the latest of them, because the motion is then complete.
+// Returns the time with the most visible fingers. Of several such times, it prefers the ones with
+// the most visible trail and ring, and of those the latest, because the motion is then complete.
 double stillMoment(GestureType gesture);
 
 } // namespace glidemap::demo

@@ -1,4 +1,5 @@
-// Fingers that move in a straight line: hands across the pad, single fingers in from an edge.
+// Swipes: fingers move in a straight line, several fingers across the pad or a single one from an
+// edge.
 #include "motions.h"
 
 #include <cmath>
@@ -7,7 +8,7 @@ namespace glidemap::demo {
 
 namespace {
 
-// A shorter movement has no trail.
+// The trail is hidden while the finger has moved less than this distance.
 constexpr double trailBegins = 0.02;
 
 Point stepTowards(GestureDirection direction) {
@@ -51,7 +52,7 @@ Frame swipe(GestureType gesture, double t) {
     constexpr double length = 0.34;
     const int count = fingerCount(gesture);
     const Point step = stepTowards(direction(gesture));
-    // The fingers of a hand that moves sideways are closer together.
+    // When the hand moves sideways, its fingers are closer together.
     const double spacing = std::abs(step.x) > 0.5 ? 0.11 : restingSpacing;
 
     const double progress = smoothstep(t - 0.5);

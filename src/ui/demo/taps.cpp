@@ -1,4 +1,4 @@
-// Fingers that land and lift in place: they appear enlarged and shrink onto the pad.
+// Taps: fingers appear enlarged, shrink onto the pad, and lift in place.
 #include "motions.h"
 
 #include <algorithm>
@@ -13,8 +13,8 @@ struct Window {
     double end;
 };
 
-// How far the fingers are down: fully from 0.1 s after the start until 0.1 s before the end of a
-// window.
+// Returns how far the fingers are down: 1 from 0.1 s after the start of a window until 0.1 s before
+// its end, and 0 outside the windows.
 double pressLevel(double t, std::initializer_list<Window> windows) {
     constexpr double fade = 0.1;
     double level = 0;
@@ -31,7 +31,7 @@ Frame landingHand(int count, double level) {
             .ring = {}};
 }
 
-// A single finger starts slightly larger.
+// The finger shrinks from a slightly larger size while it lands.
 Finger landingFinger(Point where, double level) {
     return {where, level, 1 + 0.3 * (1 - level)};
 }

@@ -35,7 +35,8 @@ ActionSection::ActionSection(BindingDraft& draft, const Workspace& workspace,
 void ActionSection::addRows() {
     addRow(kindsLabel, kinds);
     recorderPlace = addWidget(recorder);
-    // Both the recorder and the row have a margin for the focus ring; this removes one of them.
+    // The recorder and the row both reserve a margin for the focus ring. Only one of them is
+    // needed.
     constexpr QMargins ring(0, style::ringMargin, style::ringMargin, style::ringMargin);
     recorderPlace->layout()->setContentsMargins(recorderPlace->layout()->contentsMargins() - ring);
     targetPlace = addRow(targetLabel, target);

@@ -1,7 +1,7 @@
-// The editor's section for the action: its kind and the parameter of that kind.
+// The section of the editor that chooses the action: its kind, and the parameter of that kind.
 //
 // Thread:  the main thread.
-// Owner:   the editor. The draft and the other arguments outlive it.
+// Owner:   the editor. The draft and the other arguments outlive the section.
 // Errors:  none.
 #pragma once
 

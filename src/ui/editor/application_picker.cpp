@@ -17,7 +17,8 @@ namespace glidemap {
 
 namespace {
 
-// Null if the icon cannot be drawn: for example, a vector image without an installed image plugin.
+// Returns a null icon if the icon cannot be drawn, for example an SVG file without the SVG image
+// plugin.
 QIcon iconNamed(const std::optional<std::string>& name, const QSize& size) {
     if (!name) {
         return {};
@@ -64,7 +65,8 @@ void ApplicationPicker::reload() {
     setCurrentIndex(1 + static_cast<int>(found - apps.begin()));
 }
 
-// If some entries have an icon, the others get an empty one, so that all names are aligned.
+// If at least one entry has an icon, the entries without one get an empty icon, so that all names
+// are aligned.
 void ApplicationPicker::addIcons() {
     std::vector<QIcon> icons;
     std::ranges::transform(apps, std::back_inserter(icons), [this](const RunningApp& app) {
@@ -81,8 +83,9 @@ void ApplicationPicker::addIcons() {
     }
 }
 
-// Makes its name the current text, which is shown and read aloud. The entry is hidden in the list,
-// and neither pointer nor keys can choose it.
+// Adds the name of a chosen application that is not running, so that the picker can show it and
+// screen readers can read it. The entry is hidden in the list, and neither the pointer nor the
+// keyboard can choose it.
 void ApplicationPicker::addHiddenEntry(const RunningApp& app) {
     addItem(toQt(app.name));
     const int row = count() - 1;
@@ -104,7 +107,7 @@ void ApplicationPicker::pick(int index) {
     }
 }
 
-// Draws the text for "no application" as a placeholder.
+// "No application" looks like a placeholder.
 void ApplicationPicker::initStyleOption(QStyleOptionComboBox* option) const {
     Picker::initStyleOption(option);
     if (currentIndex() == 0) {
@@ -123,7 +126,7 @@ void ApplicationPicker::showEvent(QShowEvent* event) {
     Picker::showEvent(event);
 }
 
-// Arrow keys and letters change the choice without opening the list.
+// Keys can change the choice without opening the list, so the list must be current.
 void ApplicationPicker::keyPressEvent(QKeyEvent* event) {
     reload();
     Picker::keyPressEvent(event);

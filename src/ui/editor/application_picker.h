@@ -1,8 +1,8 @@
-// Picks one of the running applications, or none. Entries show their icon if the workspace knows
-// it.
+// Picks one of the running applications, or none. An entry shows the application's icon if the
+// workspace provides one.
 //
-// A chosen application that is not running has no entry in the list. The picker keeps it and shows
-// its name until the user picks another one.
+// If the chosen application is not running, it has no entry in the list. The picker still shows its
+// name, until the user picks another entry.
 //
 // Thread:  the main thread.
 // Owner:   its parent. The workspace and the language outlive it.
@@ -30,10 +30,10 @@ public:
 
     void setSelection(std::optional<RunningApp> selection); // does not call onPick
 
-    // Called when the user picks an entry.
+    // Called when the user picks an entry; nullopt is "no application".
     std::function<void(const std::optional<RunningApp>&)> onPick;
 
-    // Updates the list of running applications. The picker also does so before each use.
+    // Updates the list of running applications. The picker does this itself before each use.
     void reload();
 
     void showPopup() override;
@@ -52,7 +52,7 @@ private:
     const Offer offer;
     Lang& lang;
     std::optional<RunningApp> selected;
-    std::vector<RunningApp> apps; // the entries after the first, which stands for "none"
+    std::vector<RunningApp> apps; // the applications in the list, without its first entry, "none"
     Subscription toLanguage;
 };
 

@@ -12,7 +12,7 @@ std::optional<RunningApp> appOf(const Kind& holder) {
     return RunningApp{.bundleID = holder.bundleID, .name = holder.name};
 }
 
-// Loads the fields of one kind of action per overload.
+// Copies an action into the draft, with one overload for each kind of action.
 struct LoadAction {
     BindingDraft& draft;
 

@@ -1,11 +1,11 @@
-// The values of the editor's fields, and the binding that they make once they are complete.
+// The values of the editor's fields, from which it creates the binding once they are complete.
 //
-// A field that the chosen kinds do not use keeps its value but is not saved. So switching the kind
-// back and forth loses nothing.
+// A field that the chosen kinds do not use keeps its value but is not saved. Thus, nothing is lost
+// when the user switches to another kind and back.
 //
 // Thread:  any; a plain value.
 // Owner:   the editor.
-// Errors:  an incomplete draft returns nullopt.
+// Errors:  the functions that create a value return nullopt while the draft is incomplete.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -21,8 +21,8 @@
 
 namespace glidemap {
 
-// The kinds of action and of scope that a binding can have, in the order of the menus. A label is in
-// the interface language at the time of the call.
+// The kinds of actions and scopes that a binding can have, in the order of the menus. Labels are
+// returned in the current interface language.
 enum class ActionKind : std::uint8_t { keyboardShortcut, lockScreen, missionControl, launchApp };
 
 inline constexpr std::array allActionKinds = {
@@ -49,22 +49,21 @@ struct BindingDraft {
     ScopeKind scopeKind = ScopeKind::global;
     std::optional<RunningApp> scopeApp;
 
-    // Loads an existing binding. Fields that the binding does not have keep their values.
+    // Loads an existing binding. Fields that the binding does not use keep their values.
     void load(const GestureBinding& binding);
 
     bool isValid() const { return missing() == Missing::nothing; }
 
-    // The first missing field, in the order of the form.
+    // Returns the first missing field, in the order of the form.
     enum class Missing { nothing, shortcut, launchTarget, scopeApp };
     Missing missing() const;
 
-    // Returns nullopt while the field of the chosen kind is missing.
+    // Returns nullopt while the field that the chosen kind needs is empty.
     std::optional<BindingAction> action() const;
     std::optional<BindingScope> scope() const;
 
-    // Returns the list with the draft in the place of the edited binding, which keeps its
-    // identifier and its enabled state. If the list does not contain that binding, or for a new
-    // one, appends it.
+    // Replaces the binding `edited` in the list by the draft, keeping its identifier and enabled
+    // state, and returns the list. Appends a new binding if `edited` is nullopt or not in the list.
     std::optional<BindingList> writtenInto(BindingList list,
                                            const std::optional<Uuid>& edited) const;
 };

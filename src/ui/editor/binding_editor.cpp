@@ -65,7 +65,7 @@ BindingEditor::BindingEditor(const Services& services, std::optional<GestureBind
     connect(cancelButton, &QPushButton::clicked, this, [this] { leave(); });
     connect(saveButton, &QPushButton::clicked, this, [this] { save(); });
     toLanguage = services.lang.changes().subscribe({}, [this] { retitle(); });
-    // Subscribed after the sections, so that they have updated their labels first.
+    // Subscribes after the sections did, so that they update their labels first.
     toTheme = Theme::shared().changes().subscribe({}, [this] { alignPickers(); });
     retitle();
     setFocusProxy(gestureSection->firstControl());
@@ -105,7 +105,7 @@ QWidget* BindingEditor::makeForm() {
     for (QWidget* const section :
          std::initializer_list<QWidget*>{gestureSection, actionSection, scopeSection}) {
         sections->addWidget(section);
-        sections->addStretch(1); // extra height goes between the sections
+        sections->addStretch(1); // distributes extra height between the sections
     }
     return form;
 }
@@ -126,7 +126,7 @@ QWidget* BindingEditor::makeButtons() {
     return buttons;
 }
 
-// Assigning the store's list saves it.
+// The store saves the list when it is assigned.
 void BindingEditor::save() {
     std::optional<BindingList> list = draft.writtenInto(
         *services.store.bindings(), existing ? std::optional(existing->id) : std::nullopt);
@@ -143,8 +143,8 @@ void BindingEditor::leave() const {
     }
 }
 
-// Handles keys that no control accepted. Auto-repeat is ignored: a Return that opened the sheet
-// must not save it, and an Escape that closed a list must not cancel it.
+// Handles keys that no control accepted. Auto-repeat is ignored: the Return that opened the sheet
+// must not save it, and the Escape that closed a list must not cancel the sheet.
 void BindingEditor::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:
@@ -175,7 +175,7 @@ void BindingEditor::retitle() {
     title->setText(toQt(existing ? lang.choose("Edit Binding", "编辑绑定")
                                  : lang.choose("Add Binding", "添加绑定")));
     setAccessibleName(title->text());
-    setWindowTitle(title->text()); // the sheet uses it as its own title
+    setWindowTitle(title->text()); // the sheet copies the title from its content
     gestureSection->refresh();
     actionSection->refresh();
     scopeSection->refresh();
@@ -189,7 +189,7 @@ void BindingEditor::retitle() {
     refreshSave();
 }
 
-// Gives all labels the width of the widest one, which aligns the pickers.
+// Gives all labels the width of the widest label, so that the pickers are aligned.
 void BindingEditor::alignPickers() {
     std::vector<QLabel*> labels;
     for (const std::vector<QLabel*>& some :
@@ -199,7 +199,7 @@ void BindingEditor::alignPickers() {
     }
     int widest = 0;
     for (QLabel* const label : labels) {
-        label->setMinimumWidth(0); // resets the previous minimum, which would affect the size hint
+        label->setMinimumWidth(0); // the minimum width set last time would affect the size hint
         widest = std::max(widest, label->sizeHint().width());
     }
     for (QLabel* const label : labels) {

@@ -1,10 +1,10 @@
-// The content of the sheet that creates or edits one binding: gesture, action with parameter, and
+// The content of the sheet that creates or edits a binding: gesture, action with its parameter, and
 // scope.
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the sheet. The objects in `services` outlive it.
-// Errors:  none are shown: an incomplete form cannot be saved.
+// Errors:  shows none; an incomplete form cannot be saved.
 #pragma once
 
 #include "bindings/binding_store.h"
@@ -36,12 +36,12 @@ public:
         Workspace& workspace;
         std::shared_ptr<KeyPresses> keys;
         Lang& lang = Lang::shared();
-        const SystemNotes* notes = nullptr; // null if there are no notes
+        const SystemNotes* notes = nullptr; // null if the platform provides no notes
     };
 
     static constexpr QSize sheetSize{460, 640};
 
-    // Without an existing binding it creates a new one.
+    // Without `existing`, the editor creates a new binding.
     BindingEditor(const Services& services, std::optional<GestureBinding> existing,
                   QWidget* parent = nullptr);
 
@@ -49,7 +49,7 @@ public:
 
     bool isValid() const { return draft.isValid(); }
 
-    // Writes the binding to the store and dismisses the sheet; does nothing while the form is
+    // Writes the binding to the store and calls `dismiss`. Does nothing while the form is
     // incomplete.
     void save();
 

@@ -40,15 +40,15 @@ std::vector<SearchableList::Group> findEntries(const QString& typed, const Lang&
     return groups;
 }
 
-// The catalogue of gestures as a list by category with a search, below the demonstration of the
-// highlighted gesture. If no gesture matches, the list says so and the demonstration stays.
+// The gestures in a searchable list, grouped by category, below a demonstration of the highlighted
+// gesture. If no gesture matches, the list says so and the demonstration stays.
 class GestureList : public QWidget {
 public:
     GestureList(GestureType chosen, Lang& lang, const QString& search, QWidget* parent = nullptr);
 
     std::function<void(GestureType)> onChoose;
 
-    // Called when Tab is pressed, to move the focus on.
+    // Called when the user presses Tab. The callback moves the focus.
     std::function<void()> onLeave;
 
 private:
@@ -110,7 +110,7 @@ void GestureList::retitle() {
     });
 }
 
-// Whether the key types a character instead of running a command.
+// Whether the key types a character and is not a command.
 bool types(const QKeyEvent& event) {
     constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !event.text().isEmpty() && event.text().front().isPrint() &&
@@ -190,7 +190,8 @@ void GesturePicker::hideEvent(QHideEvent* event) {
     Picker::hideEvent(event);
 }
 
-// Leaves other keys to the sheet: Return saves, Escape cancels. QComboBox would search for them.
+// Return and Escape must reach the sheet, to save or cancel. QComboBox would search for other keys
+// as text.
 void GesturePicker::keyPressEvent(QKeyEvent* event) {
     if (opens(event->key())) {
         showPopup();

@@ -1,5 +1,5 @@
-// Picks a gesture. It looks like other pickers, and opens the searchable list by category within
-// the sheet. A typed letter opens the list and starts the search.
+// A picker for a gesture. It looks like other pickers, but opens a searchable list within the
+// sheet, grouped by category. Typing a letter opens the list and starts a search.
 //
 // Thread:  the main thread.
 // Owner:   its parent. The language outlives it.

@@ -1,4 +1,4 @@
-// Finds gestures by the words of their names and categories, in both languages.
+// Searches gestures by words in their names and categories, in both languages.
 //
 // Thread:  any.
 // Errors:  none; without a match the result is empty.
@@ -11,7 +11,7 @@
 
 namespace glidemap {
 
-// A category and its matches; never empty.
+// A category and its matching gestures; never empty.
 struct FoundGestures {
     GestureCategory category{};
     std::vector<GestureType> gestures;
@@ -19,8 +19,8 @@ struct FoundGestures {
     friend bool operator==(const FoundGestures&, const FoundGestures&) = default;
 };
 
-// Returns the gestures that match every word, ignoring case, in the catalogue's order. A text
-// without words returns all gestures.
+// Returns the gestures that match every word of the text, ignoring case, in the catalogue's order.
+// If the text has no words, returns all gestures.
 std::vector<FoundGestures> findGestures(std::string_view text);
 
 } // namespace glidemap

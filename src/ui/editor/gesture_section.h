@@ -1,4 +1,4 @@
-// The editor's section for the gesture: the picker, the demonstration, and advice.
+// The section of the editor that chooses the gesture: the picker, the demonstration, and advice.
 //
 // Thread:  the main thread.
 // Owner:   the editor. The draft, the language and the notes outlive it.
@@ -22,7 +22,7 @@ class GesturePicker;
 
 class GestureSection : public FormSection {
 public:
-    // The notes may be null.
+    // `notes` may be null.
     GestureSection(BindingDraft& draft, Lang& lang, const SystemNotes* notes,
                    QWidget* parent = nullptr);
 
@@ -43,7 +43,7 @@ private:
     QLabel* pickerLabel;
     GestureDemoView* demo;
     QLabel* detailLabel;
-    QLabel* systemNote; // visible if the system uses the gesture itself
+    QLabel* systemNote; // visible if the system itself uses the gesture
     QLabel* clickWarning;
 };
 

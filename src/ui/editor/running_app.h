@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// Two values are equal only if identifier and name are equal.
+// Equal only if both identifier and name are equal.
 struct RunningApp {
     std::string bundleID;
     std::string name;

@@ -1,7 +1,8 @@
-// The applications that the editor offers: running ones with an identifier and a name.
+// Lists the applications that the editor offers: running applications with an identifier and a
+// name.
 //
 // Thread:  the main thread.
-// Errors:  none; an application without either is omitted.
+// Errors:  none; an application without an identifier or a name is omitted.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -11,12 +12,12 @@
 
 namespace glidemap {
 
-// Sorted by name in the user's locale, ignoring case; equal names keep the workspace's order. Not
-// cached.
+// Sorts by name in the user's locale, ignoring case. Applications with equal names keep the
+// workspace's order. The result is not cached.
 std::vector<RunningApp> runningApps(const Workspace& workspace);
 
-// Only the applications that can be launched: a window without an installed application cannot be
-// reopened.
+// Returns only the applications that can be launched: a window may belong to a program that is not
+// installed as an application and cannot be started again.
 std::vector<RunningApp> launchableApps(const Workspace& workspace);
 
 } // namespace glidemap

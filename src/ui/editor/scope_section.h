@@ -1,7 +1,7 @@
-// The editor's section for the scope: everywhere, or one application.
+// The section of the editor that chooses the scope: all applications, or one.
 //
 // Thread:  the main thread.
-// Owner:   the editor. The draft and the other arguments outlive it.
+// Owner:   the editor. The draft and the other arguments outlive the section.
 // Errors:  none.
 #pragma once
 

@@ -1,9 +1,9 @@
-// Port: delivers the keys that the desktop reserves for itself to a window while it records a
-// shortcut.
+// Port: lets a window receive the keys that the desktop reserves for itself, while the window
+// records a shortcut.
 //
 // Thread:  the main thread.
-// Owner:   the key presses of the same platform. The destructor gives the keys back to the desktop.
-// Errors:  none; on a desktop that does not allow it, nothing changes.
+// Owner:   the key presses of the same platform. The destructor returns the keys to the desktop.
+// Errors:  none; on a desktop that does not support it, nothing changes.
 #pragma once
 
 class QWindow;
@@ -17,10 +17,10 @@ public:
     DesktopKeys& operator=(const DesktopKeys&) = delete;
     virtual ~DesktopKeys() = default;
 
-    // Replaces the previous window.
+    // Starts capturing for this window, and stops for the previous one.
     virtual void captureFor(QWindow& window) = 0;
 
-    // Idempotent.
+    // Stops capturing. Idempotent.
     virtual void giveBack() = 0;
 };
 

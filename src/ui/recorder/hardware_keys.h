@@ -1,4 +1,4 @@
-// Port: maps a window system's key event to the physical key of the keyboard.
+// Port: maps a window system's key event to a physical key, as a virtual key code.
 //
 // Thread:  the main thread.
 // Errors:  returns nullopt for a key without a virtual key code.
@@ -11,7 +11,8 @@ namespace glidemap {
 
 class HardwareKeys {
 public:
-    // Native codes of the window system; each platform reads those that it understands.
+    // The codes of a key event in the window system's own form. Each platform uses the members it
+    // needs.
     struct NativeKey {
         std::uint32_t scanCode = 0;
         std::uint32_t virtualKey = 0;
@@ -25,7 +26,7 @@ public:
 
     virtual std::optional<std::uint16_t> virtualKeyCode(const NativeKey& key) const = 0;
 
-    // Whether Caps Lock was on.
+    // Whether Caps Lock was on at the time of the event.
     virtual bool capsLock(const NativeKey& key) const = 0;
 };
 

@@ -1,7 +1,7 @@
-// The keys that the user can choose from a list instead of pressing them, and the search in that
+// The keys that the user can choose from a list instead of pressing them, and a search for that
 // list.
 //
-// A key matches by its name in either language and by its label; Print Screen also matches F13.
+// A key matches by its name in either language and by its label; Print Screen also matches "F13".
 //
 // Units:   virtual key codes.
 // Thread:  any.
@@ -30,7 +30,7 @@ enum class KeyGroup : std::uint8_t {
 
 std::string label(KeyGroup group, const Lang& lang);
 
-// Never empty.
+// A group with its matching keys; never empty.
 struct FoundKeys {
     KeyGroup group{};
     std::vector<std::uint16_t> keyCodes;
@@ -38,10 +38,10 @@ struct FoundKeys {
     friend bool operator==(const FoundKeys&, const FoundKeys&) = default;
 };
 
-// Returns all keys for a text without words.
+// Returns the keys that match the text; all keys if the text has no words.
 std::vector<FoundKeys> findKeys(std::string_view text, KeyboardKind keyboard = usualKeyboard());
 
-// "Right Arrow (→)", or "K" if the name equals the label.
+// Returns the text of a list entry: "Right Arrow (→)", or just "K" if the name equals the label.
 std::string keyChoice(std::uint16_t keyCode, const Lang& lang,
                       KeyboardKind keyboard = usualKeyboard());
 

@@ -51,7 +51,8 @@ void KeyMonitor::removeIfDone() {
     }
 }
 
-// Identifies a key by its scan code, which modifiers do not change. Synthetic events have none.
+// The scan code identifies a key independently of modifiers. Synthetic events have no scan code and
+// are identified by their Qt key.
 KeyMonitor::Key KeyMonitor::keyOf(const QKeyEvent& event) {
     const std::uint32_t scanCode = event.nativeScanCode();
     return {scanCode, scanCode != 0 ? 0 : event.key()};
@@ -61,7 +62,7 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
         if (takesOverride(*static_cast<QKeyEvent*>(event))) {
-            event->accept(); // so that Qt delivers it to the monitor instead of running a shortcut
+            event->accept(); // Qt then sends the press to the monitor instead of running a shortcut
             return true;
         }
         return false;
@@ -76,7 +77,7 @@ bool KeyMonitor::eventFilter(QObject* /*watched*/, QEvent* event) {
     }
 }
 
-// Window systems differ in whether a modifier's own event includes it in the modifiers.
+// Depending on the window system, a modifier's own event may or may not include that modifier.
 void KeyMonitor::reportModifiers(const QKeyEvent& event) const {
     if (!running || !onModifiers || event.isAutoRepeat()) {
         return;
@@ -86,7 +87,7 @@ void KeyMonitor::reportModifiers(const QKeyEvent& event) const {
     onModifiers(held);
 }
 
-// Qt sends this event before the press, to ask whether the press may trigger a shortcut.
+// Before a key press, Qt sends ShortcutOverride. If it is accepted, the press triggers no shortcut.
 bool KeyMonitor::takesOverride(const QKeyEvent& event) const {
     return running || (event.isAutoRepeat() && taken.contains(keyOf(event)));
 }
@@ -96,7 +97,7 @@ bool KeyMonitor::takesPress(const QKeyEvent& event) {
         return running || taken.contains(keyOf(event));
     }
     if (!running) {
-        taken.erase(keyOf(event)); // another program received its release
+        taken.erase(keyOf(event)); // its release went to another program
         removeIfDone();
         return false;
     }

@@ -1,14 +1,15 @@
-// Captures every key press in the program before its windows receive it.
+// Captures every key press in the program before the program's windows receive it.
 //
-// The monitor also swallows the repetitions and the release of a captured press, even after it has
-// stopped. Otherwise a Return that is held a moment too long would press the default button. It
-// swallows repetitions of keys that were pressed before it started, but does not report them: the
-// key that started it may still be down.
+// The monitor also swallows the auto-repeats and the release of a captured press, even after it has
+// stopped. Otherwise a Return that is held slightly too long would press the default button.
+// Auto-repeats of keys that were pressed before the monitor started are swallowed without being
+// reported: one of them may be the key that started the recording.
 //
 // Thread:  the main thread.
-// Owner:   the recorder of the keys. After its destruction, key events are delivered normally.
-// Errors:  none. A release may be missing because another program received it. The monitor does not
-//          wait for it, and the next press of that key is a new one.
+// Owner:   the key presses that report its events. After its destruction, key events are delivered
+//          normally.
+// Errors:  none. If another program received the release of a key, the monitor does not wait for
+//          it: the next press of that key is a new press.
 #pragma once
 
 #include <QObject>
@@ -23,7 +24,7 @@ namespace glidemap {
 
 class KeyMonitor : public QObject {
 public:
-    // Called with each press, including modifier keys, while the monitor runs.
+    // Called for each press, including modifier keys, while the monitor runs.
     std::function<void(const QKeyEvent&)> onPress;
 
     // Called with the held modifiers after each press and release, while the monitor runs.
@@ -31,10 +32,11 @@ public:
 
     void start();
 
-    // Ignores new presses, but still swallows the rest of captured ones.
+    // Stops capturing new presses, but still swallows the auto-repeats and releases of captured
+    // ones.
     void stop();
 
-    // Like stop(), but also forgets captured presses.
+    // Like stop(), but no longer swallows the auto-repeats and releases of captured presses.
     void remove();
 
     bool isInstalled() const { return installed; }
@@ -52,7 +54,7 @@ private:
     bool takesRelease(const QKeyEvent& event);
     void removeIfDone();
 
-    std::set<Key> taken; // pressed and not yet released
+    std::set<Key> taken; // captured keys that are still pressed
     bool running = false;
     bool installed = false;
 };

@@ -1,9 +1,9 @@
-// Port: captures the key presses in the program before its windows receive them.
+// Port: captures key presses in the program before the program's windows receive them.
 //
 // Thread:  the main thread.
-// Owner:   the program; shared with the shortcut recorders. One recorder uses it at a time, and
-//          calls abandon() before its destruction.
-// Errors:  a key without a virtual key code is captured and reported without a code.
+// Owner:   the program; shared with the shortcut recorders. Only one recorder uses it at a time,
+//          and must call abandon() before its destruction.
+// Errors:  a key without a virtual key code is captured, and reported without a code.
 #pragma once
 
 #include <cstdint>
@@ -17,10 +17,10 @@ namespace glidemap {
 class KeyPresses {
 public:
     struct Press {
-        std::optional<std::uint16_t> keyCode; // of the hardware, as stored in shortcuts
+        std::optional<std::uint16_t> keyCode; // of the physical key, as stored in shortcuts
 
-        // Device-independent modifiers, in the bits of the system's event flags. They include Caps
-        // Lock and similar flags, which shortcuts do not store.
+        // The held modifiers, as the system's device-independent event flags. They include Caps
+        // Lock and other flags that shortcuts do not store.
         std::uint64_t flags = 0;
 
         friend bool operator==(const Press&, const Press&) = default;
@@ -31,20 +31,21 @@ public:
     KeyPresses& operator=(const KeyPresses&) = delete;
     virtual ~KeyPresses() = default;
 
-    // Called with the held modifiers, in the bits of a shortcut, between start() and stop(). Not
-    // every platform can report them.
+    // Called with the held modifiers, as flags of a shortcut, between start() and stop(). Some
+    // platforms cannot report them.
     std::function<void(std::uint64_t)> onModifiers;
 
     virtual void start(std::function<void(const Press&)> handler) = 0;
 
-    // Ignores new presses, but still swallows the rest of captured ones.
+    // Stops capturing new presses, but still swallows the auto-repeats and releases of captured
+    // ones.
     virtual void stop() = 0;
 
-    // Like stop(), but also forgets captured presses.
+    // Like stop(), but no longer swallows the auto-repeats and releases of captured presses.
     virtual void abandon() { stop(); }
 
-    // Also captures the keys that the desktop reserves for itself, for this window, which has the
-    // focus; null gives them back. Not every platform supports this.
+    // Captures also the keys that the desktop reserves for itself, for this window, which must have
+    // the focus. With null, returns these keys to the desktop. Some platforms do not support this.
     virtual void captureDesktopKeys(QWindow* /*window*/) {}
 };
 

@@ -1,4 +1,4 @@
-// Converts Qt modifiers to those that a shortcut stores: Shift, Control, Option and Command.
+// Converts Qt modifiers to the modifiers of a stored shortcut: Shift, Control, Option and Command.
 //
 // Thread:  the main thread.
 // Errors:  none.
@@ -9,7 +9,8 @@
 
 namespace glidemap {
 
-// For platforms on which Qt names the actual keys. On macOS, Qt reports Command as Control.
+// Only for platforms on which Qt's modifiers are named after the actual keys. On macOS, Qt reports
+// Command as Control.
 std::uint64_t modifierMask(Qt::KeyboardModifiers modifiers);
 
 } // namespace glidemap

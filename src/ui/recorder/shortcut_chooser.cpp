@@ -73,8 +73,8 @@ ShortcutChooser::ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& 
     };
     toLanguage = lang.changes().subscribe({}, [this] { retitle(); });
     retitle();
-    // Keeps the height constant: if the chooser opens above its button, the field would otherwise
-    // move while the user types.
+    // A fixed minimum height prevents the chooser from shrinking as the list gets shorter. If the
+    // chooser is above its button, the search field would otherwise move while the user types.
     setMinimumHeight(sizeHint().height());
 }
 
@@ -115,7 +115,7 @@ void ShortcutChooser::announce() {
     }
 }
 
-// Forward leaves the chooser; backward leads to the toggles.
+// Tab leaves the chooser; Shift+Tab moves back to the toggles.
 void ShortcutChooser::leaveList(bool forward) {
     if (!forward) {
         toggles.back().button->setFocus(Qt::BacktabFocusReason);
@@ -124,8 +124,7 @@ void ShortcutChooser::leaveList(bool forward) {
     }
 }
 
-// Tab moves through the toggles into the list. Shift and Tab on the first toggle leaves the
-// chooser.
+// Tab moves through the toggles to the list. Shift+Tab on the first toggle leaves the chooser.
 bool ShortcutChooser::focusNextPrevChild(bool next) {
     const QWidget* const focused = focusWidget();
     if (next && focused == toggles.back().button) {
@@ -141,7 +140,7 @@ bool ShortcutChooser::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }
 
-// On a toggle, Return finishes the choice. Without this it would save the sheet.
+// On a toggle, Return closes the chooser. Otherwise the key would reach the sheet and save it.
 void ShortcutChooser::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QWidget::keyPressEvent(event);

@@ -1,8 +1,9 @@
-// Composes a shortcut without key presses: four toggles for the modifiers, and a searchable list
-// for the key. For keys that the desktop reserves for itself, and for keys that few keyboards have.
+// Composes a shortcut without pressing its keys, from four modifier toggles and a searchable list
+// of keys. It is meant for keys that the desktop reserves for itself and for keys that few
+// keyboards have.
 //
-// If a key is chosen already, a toggle changes the shortcut at once; otherwise it takes effect with
-// the key.
+// If a key has been chosen, a toggle changes the shortcut immediately. Otherwise the toggles take
+// effect when the user chooses a key.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -28,10 +29,10 @@ class ShortcutChooser : public QWidget {
 public:
     ShortcutChooser(const std::optional<KeyShortcut>& shown, Lang& lang, QWidget* parent = nullptr);
 
-    // Called with each shortcut that the user makes.
+    // Called for each change of the shortcut by the user.
     std::function<void(const KeyShortcut&)> onChange;
 
-    // Called when the user has chosen a key, or leaves by Tab.
+    // Called when the user chooses a key, or leaves the chooser with Tab.
     std::function<void()> onDone;
 
 protected:

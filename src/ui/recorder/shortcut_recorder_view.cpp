@@ -22,7 +22,8 @@ namespace {
 
 constexpr std::uint16_t escape = 53;
 
-// Masks out other flags of a press: Caps Lock, and flags that depend on the key.
+// The flags of a press that a shortcut stores. Caps Lock and flags that depend on the key are not
+// among them.
 constexpr std::uint64_t storedModifiers =
     modifier::shift | modifier::control | modifier::option | modifier::command;
 
@@ -100,13 +101,15 @@ void ShortcutRecorderView::stopRecording() {
     retitle();
 }
 
-// If the user switches to another program, that program gets its keys.
+// The keys are captured only while this window is active, so that other programs receive them
+// normally.
 void ShortcutRecorderView::updateDesktopKeyCapture() {
     const bool mayCapture = recording && captureLimit.isActive() && isActiveWindow();
     keys->captureDesktopKeys(mayCapture ? window()->windowHandle() : nullptr);
 }
 
-// No captured press may outlive the editor, not even its release.
+// Nothing may still be captured after the editor has closed, not even the release of a captured
+// key.
 void ShortcutRecorderView::releaseKeys() {
     recording = false;
     if (std::exchange(mayHaveCaptured, false)) {
@@ -123,7 +126,7 @@ void ShortcutRecorderView::take(const KeyPresses::Press& press) {
         announceState();
         return;
     }
-    // With Caps Lock on, this is not a plain Escape.
+    // Caps Lock is one of the flags, so Escape cancels only while Caps Lock is off.
     if (*press.keyCode == escape && press.flags == 0) {
         stopRecording();
         return;
@@ -140,7 +143,7 @@ void ShortcutRecorderView::record(const KeyShortcut& shortcut) {
     }
 }
 
-// Pressing the button again closes the popover.
+// A second click on the button closes the popover.
 void ShortcutRecorderView::toggleChooser() {
     if (!chooser.isNull()) {
         closeChooser();
@@ -192,7 +195,8 @@ void ShortcutRecorderView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-// Wide enough for each of its texts, so that its width is constant when recording starts and ends.
+// Makes the button wide enough for all of its texts, so that its width stays the same when
+// recording starts and ends.
 void ShortcutRecorderView::makeButtonWideEnough() {
     const QFontMetrics letters = button->fontMetrics();
     int widest = smallestLabel;
@@ -201,7 +205,7 @@ void ShortcutRecorderView::makeButtonWideEnough() {
     }
     QStyleOptionButton option;
     option.initFrom(button);
-    option.text = button->text(); // an empty text would be measured as an icon button
+    option.text = button->text(); // with an empty text, the style would measure an icon button
     button->setFixedWidth(
         button->style()
             ->sizeFromContents(QStyle::CT_PushButton, &option, {widest, letters.height()}, button)

@@ -1,9 +1,10 @@
-// The row in which a keyboard shortcut is recorded: after a click the next key press anywhere in
-// the program becomes the shortcut, and reaches nothing else. A plain Escape cancels. A second
-// button lets the user choose a shortcut instead of pressing it.
+// A row that records a keyboard shortcut. After a click, the next key press in any of the program's
+// windows becomes the shortcut, and no window receives it. Escape without modifiers cancels. A
+// second button lets the user choose a shortcut from a list instead.
 //
-// While recording in the active window, it also captures the keys that the desktop reserves for
-// itself, for at most thirty seconds: a screen that locks itself needs the keyboard.
+// While recording in the active window, the row also captures the keys that the desktop reserves
+// for itself. This lasts at most thirty seconds, because a screen that locks itself needs the
+// keyboard.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -41,14 +42,15 @@ public:
     const std::optional<KeyShortcut>& shortcut() const { return recorded; }
     void setShortcut(std::optional<KeyShortcut> shortcut); // does not call onRecord
 
-    // Called when the user has recorded or chosen a shortcut.
+    // Called when the user records or chooses a shortcut.
     std::function<void(const KeyShortcut&)> onRecord;
 
     void startRecording();
     void stopRecording();
     bool isRecording() const { return recording; }
 
-    // The maximum time for which one recording captures the desktop's own keys.
+    // The maximum time for which a recording captures the keys that the desktop reserves for
+    // itself.
     static constexpr std::chrono::seconds maxCaptureTime{30};
     void setMaxCaptureTime(std::chrono::milliseconds duration) {
         captureLimit.setInterval(duration);
@@ -81,11 +83,12 @@ private:
     QPushButton* button;
     SymbolButton* chooseButton;
     QPointer<Popover> chooser;
-    QTimer captureLimit; // ends the capture of the desktop's own keys
+    QTimer captureLimit; // stops capturing the keys that the desktop reserves for itself
     std::optional<KeyShortcut> recorded;
-    std::uint64_t held = 0; // modifiers, while recording
+    std::uint64_t held = 0; // the held modifiers, while recording
     bool recording = false;
-    bool refusedKey = false;      // the last key has no code that a shortcut can store
+    // the last pressed key has no virtual key code, so it cannot be stored
+    bool refusedKey = false;
     bool mayHaveCaptured = false; // start() was called since the last releaseKeys()
     Subscription toLanguage;
 };

@@ -11,11 +11,12 @@ namespace {
 
 constexpr std::uint64_t capsLock = 0x10000;
 
-// The virtual key codes of Shift, Control, Option, Command, Caps Lock and Fn, left and right.
+// The virtual key codes from firstModifierKey to lastModifierKey are Shift, Control, Option,
+// Command, Caps Lock and Fn, left and right.
 constexpr std::uint16_t firstModifierKey = 54;
 constexpr std::uint16_t lastModifierKey = 63;
 
-// A layout can turn any other key into a modifier.
+// A keyboard layout can turn any other key into a modifier.
 bool actsAsModifier(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -89,7 +90,7 @@ void ToolkitKeyPresses::press(const QKeyEvent& event) const {
         return;
     }
     const std::uint64_t lock = keys->capsLock(native) ? capsLock : 0;
-    const auto call = onPress; // the call may replace the handler
+    const auto call = onPress; // the callback may replace onPress while it runs
     call({.keyCode = keyCode, .flags = modifierMask(event.modifiers()) | lock});
 }
 

@@ -1,11 +1,11 @@
-// Key presses as Qt reports them, for a platform whose window system has no better source.
+// Captures key presses from Qt's events, for platforms whose window system offers no better source.
 //
-// A modifier press alone is not reported: the user may hold it for the next key. A layout can make
-// any key a modifier.
+// The press of a modifier alone is not reported, because the user may hold it for the next key. A
+// keyboard layout can turn any key into a modifier.
 //
 // Thread:  the main thread, within the lifetime of the application object.
-// Owner:   the program. It owns the HardwareKeys.
-// Errors:  as the port documents.
+// Owner:   the program. This object owns the HardwareKeys.
+// Errors:  see KeyPresses.
 #pragma once
 
 #include "ui/recorder/desktop_keys.h"
@@ -20,7 +20,7 @@ namespace glidemap {
 
 class ToolkitKeyPresses : public KeyPresses {
 public:
-    // Without `desktop` the desktop's own keys are not captured.
+    // Without `desktop`, the keys that the desktop reserves for itself are not captured.
     explicit ToolkitKeyPresses(std::unique_ptr<const HardwareKeys> keys,
                                std::unique_ptr<DesktopKeys> desktop = nullptr);
 

@@ -36,7 +36,7 @@ ActivityFooter::ActivityFooter(QWidget* parent)
     layout->addStretch(1);
 }
 
-// The action matters more than the application, which gets only a share of a narrow line.
+// The application's name is less important than the action, so it gets only a fraction of the line.
 void ActivityFooter::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     application->setMaximumWidth(width() / applicationShare);

@@ -1,10 +1,10 @@
-// The line at the bottom that shows the last recognised gesture. It shows the user that the
-// trackpad works, even before the first binding.
+// The line at the bottom that shows the last recognised gesture. It shows that the trackpad works,
+// even before the first binding exists.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings view, which sets its content.
-// Errors:  none. Long texts are elided, except the gesture.
+// Owner:   the settings view, which sets the content.
+// Errors:  none. Long texts are elided, except the gesture's name.
 #pragma once
 
 #include "core/lang.h"
@@ -21,7 +21,7 @@ class ActivityFooter : public QWidget {
 public:
     explicit ActivityFooter(QWidget* parent = nullptr);
 
-    // Null: no gesture yet.
+    // Null if no gesture has been recognised yet.
     void display(const GestureLogEntry* newest, const Lang& lang);
 
 protected:

@@ -22,7 +22,8 @@ constexpr int inset = 6; // keeps the rows off the card's round corners
 constexpr double cornerRadius = 10;
 constexpr int line = 1; // the width of the card's edge
 
-// Rows beyond the visible ones, so that Tab finds the next row before it is visible.
+// The number of rows that exist beyond each end of the visible ones, so that Tab finds the next row
+// before it scrolls into view.
 constexpr std::size_t rowsAhead = 2;
 
 bool isByKeyboard(Qt::FocusReason reason) {
@@ -44,7 +45,7 @@ protected:
         const int first = std::max(1, event->rect().top() / step);
         for (int index = first; lineAbove(index) <= event->rect().bottom(); ++index) {
             if (BindingRows::heightOf(static_cast<std::size_t>(index)) <
-                height()) { // not below the last
+                height()) { // not below the last row
                 const QRectF above = style::snapped(
                     painter, QRectF(lineInset, lineAbove(index), width() - 2 * lineInset, 1));
                 painter.fillRect(
@@ -64,7 +65,8 @@ BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     installListAccessibility();
     setObjectName("bindingList");
     setFocusPolicy(Qt::StrongFocus);
-    // Takes the height that the notices leave, and never shrinks them.
+    // Takes the height that the notices do not need; a notice must not shrink to give the list more
+    // height.
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     setMinimumHeight(BindingRows::step() / 2);
     area->setFrameShape(QFrame::NoFrame);
@@ -76,7 +78,8 @@ BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     area->installEventFilter(this);
     area->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(inset, line, inset, line); // rows extend to the card's edge
+    // rows reach the card's left and right edge
+    layout->setContentsMargins(inset, line, inset, line);
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         present.closePreviews();
@@ -95,7 +98,8 @@ BindingRows::Callbacks BindingListView::makeRowCallbacks() {
         [this](const GestureBinding& binding) { onDelete(binding); },
         [this](std::size_t index, Qt::FocusReason reason) {
             select(index);
-            // Never scrolls under the mouse, or the click would miss its row.
+            // Scrolling on a mouse press would move the row away from the pointer before the
+            // release.
             if (isByKeyboard(reason)) {
                 scrollTo(index);
             }
@@ -139,7 +143,7 @@ void BindingListView::setMuted(bool now) {
     }
 }
 
-// Creates the rows that have become visible, and discards those that have not.
+// Creates the rows that are in view or nearby, and discards all others.
 void BindingListView::layOut() {
     if (bindings == nullptr) {
         return;
@@ -251,7 +255,7 @@ bool BindingListView::actOnSelection(int key) {
     }
 }
 
-// Auto-repeat moves the selection, but never deletes.
+// Auto-repeat may move the selection, but must not delete bindings.
 void BindingListView::keyPressEvent(QKeyEvent* event) {
     const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
     const bool isOurs = bindings != nullptr && !bindings->empty() && modifiers == Qt::NoModifier &&
@@ -277,7 +281,7 @@ void BindingListView::focusOutEvent(QFocusEvent* event) {
 }
 
 bool BindingListView::eventFilter(QObject* watched, QEvent* event) {
-    // Prevents the scroll area from scrolling when a key moves the selection.
+    // The scroll area would scroll on keys that move the selection.
     if (watched == area && event->type() == QEvent::KeyPress) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
         return true;

@@ -1,19 +1,19 @@
-// The list of bindings: one row for each, in the store's order.
+// The list of bindings, one row for each, in the store's order.
 //
-// A row belongs to its binding. An edit, a toggle or a deletion elsewhere preserves the row, its
-// focus, its open demonstration, the selection and the scroll position. Only visible rows, a few
-// beyond them, and the row with the focus exist, so that a thousand bindings cost no more than
-// twenty.
+// A row stays with its binding. If bindings are edited, toggled or deleted, the other rows, their
+// focus, an open demonstration, the selection and the scroll position are preserved. Only visible
+// rows, a few beyond them, and the row with the focus exist, so that a thousand bindings cost no
+// more than twenty.
 //
 //   Up, Down, Page Up, Page Down, Home, End   move the selection
 //   Return   edits the selected binding   Delete   deletes it and selects a neighbour
-//   Space    switches it                  Left, Right   move between the controls of a row
+//   Space    switches it on or off        Left, Right   move between the controls of a row
 //   Tab      leaves the list
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the settings view.
-// Errors:  none. Bindings may share an identifier; each has its row.
+// Errors:  none. If several bindings have the same identifier, each has its own row.
 #pragma once
 
 #include "bindings/indexed_bindings.h"
@@ -35,11 +35,11 @@ class BindingListView : public QWidget {
 public:
     explicit BindingListView(const Lang& lang, QWidget* parent = nullptr);
 
-    // Selects and shows a binding that was appended.
+    // Shows a new state of the list. If a binding was appended, selects it and scrolls to it.
     void setBindings(std::shared_ptr<const BindingList> list);
     void retitle();
 
-    // Dims the list while gestures are switched off. It remains usable.
+    // Dims the list while gestures are switched off. The list stays usable.
     void setMuted(bool now);
 
     std::optional<std::size_t> selectedIndex() const { return selected; }
@@ -49,13 +49,13 @@ public:
     const GestureBinding& at(std::size_t index) const { return (*bindings)[index]; }
     const Lang& language() const { return lang; }
 
-    // The screen position of a row, which need not exist.
+    // Returns the position of a row on the screen, even if the row does not exist at the moment.
     QRect placeOf(std::size_t index) const;
 
-    // The existing rows, by their index in the list.
+    // Returns the existing rows by their index in the list.
     const BindingRows::Rows& rows() const { return present.all(); }
 
-    // User requests.
+    // Called on requests of the user.
     std::function<void(const GestureBinding&, bool enabled)> onToggle;
     std::function<void(const GestureBinding&)> onEdit;
     std::function<void(const GestureBinding&)> onDelete;
@@ -81,20 +81,21 @@ private:
 
     const Lang& lang;
     std::shared_ptr<const BindingList> bindings; // null until the first call of setBindings()
-    std::vector<bool> shadowed; // for each binding: another binding always runs instead
+    // for each binding: whether another binding always runs instead of it
+    std::vector<bool> shadowed;
     class Ground;
 
     QScrollArea* area;
-    Ground* ground; // as tall as all rows together
+    Ground* ground; // has the height of all rows together
     std::optional<std::size_t> selected;
     bool isMuted = false;
-    bool usesKeys = false; // and not the mouse: shows the focus ring
+    bool usesKeys = false; // the user last used the keyboard, not the mouse: shows the focus ring
     BindingRows present;
     Subscription toTheme;
 };
 
-// Exposes the bindings to assistive technology as a list with items (list_accessibility.cpp).
-// Idempotent.
+// Exposes the list to assistive technology as a list with one item for each binding (see
+// list_accessibility.cpp). Idempotent.
 void installListAccessibility();
 
 } // namespace glidemap

@@ -29,17 +29,18 @@ namespace {
 constexpr int spacing = 12;
 constexpr int verticalPadding = 4;
 constexpr int horizontalPadding = 6;
-constexpr int ringRoom = 4; // for a control's focus ring
+constexpr int ringRoom = 4; // the margin for a control's focus ring
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-constexpr int maxBadgeWidth = 200;      // at the default window width; wider windows allow more
-constexpr double maxBadgesShare = 0.28; // maximum share of the row
+// at the default width of the window; a wider window allows more
+constexpr int maxBadgeWidth = 200;
+constexpr double maxBadgesShare = 0.28; // the maximum share of the row's width
 constexpr double cornerRadius = 7;
 
-// Line heights differ between scripts, but all rows must have the same height. Chinese fonts are
-// the tallest: their line height is up to this multiple of the font size. This is a constant,
-// because measuring a Chinese font would load the font.
+// The ratio of line height to font size in the tallest font, a Chinese one. Rows have the same
+// height in all scripts, so they are as high as this font needs. The ratio is a constant, because
+// measuring a Chinese font would load it.
 constexpr double maxLineHeight = 1.45;
 
 int lineHeight(TextStyle style) {
@@ -63,7 +64,7 @@ bool movesSelection(const QEvent& event) {
     return key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
-// The shortcut in words instead of key symbols.
+// Describes a shortcut in words, because screen readers cannot read key symbols.
 std::string spoken(const BindingAction& action, const Lang& lang) {
     const auto* const shortcut = std::get_if<KeyShortcut>(&action);
     return shortcut == nullptr
@@ -95,7 +96,8 @@ BindingRow::BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& la
     makeButtons(*layout);
     for (QAbstractButton* control : controls()) {
         control->installEventFilter(this);
-        control->setFocusPolicy(Qt::ClickFocus); // arrow keys lead there, and Tab leaves the list
+        // the arrow keys reach the controls; Tab leaves the list
+        control->setFocusPolicy(Qt::ClickFocus);
     }
     showEmphasis();
     retitle();
@@ -108,7 +110,7 @@ BindingRow::~BindingRow() {
 void BindingRow::makeSwitch(QHBoxLayout& layout) {
     enabled = new QCheckBox(content);
     enabled->setObjectName("enabled");
-    // The list sets the state once it is stored.
+    // The switch keeps its state until the list has stored the new one and updates this row.
     connect(enabled, &QCheckBox::toggled, this, [this](bool on) {
         if (on != shown.enabled) {
             enabled->setChecked(shown.enabled);
@@ -176,7 +178,8 @@ void BindingRow::retitle() {
     scopeBadge->setText(toQt(displayString(shown.scope, lang)));
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
     scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
-    setDimmed(content, !shown.enabled || isMuted); // not disabled: the controls stay usable
+    // dimmed but not disabled: the controls stay usable
+    setDimmed(content, !shown.enabled || isMuted);
     updateAccessibleNames();
     if (showsPreview()) {
         previewed->setGesture(shown.gesture, lang);
@@ -194,7 +197,7 @@ QString BindingRow::spokenName(const GestureBinding& binding, const Lang& lang) 
     return toQt(name);
 }
 
-// Every row has the same controls, so each name includes the row's gesture.
+// Every row has the same controls. The gesture's name makes their accessible names unique.
 void BindingRow::updateAccessibleNames() {
     const std::string gesture = displayName(shown.gesture, lang);
     const auto name = [&](const char* english, const char* chinese) {
@@ -262,7 +265,7 @@ void BindingRow::setSelection(Selection now) {
     }
 }
 
-// Fades the edit and delete buttons, except in the selected and the hovered row.
+// Draws the edit and delete buttons paler, unless the row is selected or under the pointer.
 void BindingRow::showEmphasis() {
     const bool isQuiet = !isSelected() && !underMouse();
     edit->setFaint(isQuiet);
@@ -273,7 +276,7 @@ void BindingRow::enter() {
     enabled->setFocus(Qt::TabFocusReason);
 }
 
-// Moves the focus left or right to the next control.
+// Moves the focus to the control on the left or right.
 bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     if (key != Qt::Key_Left && key != Qt::Key_Right) {
         return false;
@@ -291,13 +294,14 @@ bool BindingRow::movesFocus(int key, QAbstractButton* from) {
     return true;
 }
 
-// Return activates the focused control; the list's keys are forwarded to the list.
+// Return activates the focused control. The keys of the list are forwarded to the list.
 bool BindingRow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && onFocusInside) {
         onFocusInside(static_cast<QFocusEvent*>(event)->reason());
     }
     auto* control = static_cast<QAbstractButton*>(watched);
-    // The first click deleted the previous row here, so the second must not delete this one.
+    // The first click of a double click deleted the previous row at this place. The second click
+    // must not delete this row.
     if (event->type() == QEvent::MouseButtonDblClick && control == remove) {
         return true;
     }
@@ -329,7 +333,8 @@ void BindingRow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
 }
 
-// Drawn below the dimmed ring, so that both together have full strength.
+// In a dimmed row, the control's own focus ring is drawn at half opacity. A second ring below it
+// restores the full strength.
 void BindingRow::drawFocusOfDimmed(QPainter& painter) const {
     const auto order = controls();
     const auto focused = std::ranges::find_if(order, &QWidget::hasFocus);

@@ -1,12 +1,12 @@
-// One line of the list: the binding's gesture, action and scope, its switch, its demonstration, and
-// the buttons to edit and delete it. It changes nothing itself.
+// A row of the list: the binding's gesture, action and scope, its switch, its demonstration, and
+// the buttons to edit and delete it. The row itself changes no data.
 //
-// The list sets its selected look and forwards keys to it.
+// The list selects the row and forwards keys to it.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the list. The list may set a new state of the same binding at any time; the row then
-//          keeps its focus and its open popover.
+// Owner:   the list, which may set a new state of the same binding at any time; the row then keeps
+//          its focus and its open popover.
 // Errors:  none. Long names are elided.
 #pragma once
 
@@ -33,7 +33,7 @@ class SymbolButton;
 
 class BindingRow : public QWidget {
 public:
-    // Called on user requests.
+    // Called on requests of the user.
     struct Callbacks {
         std::function<void(bool enabled)> onToggle;
         std::function<void()> onEdit;
@@ -47,10 +47,10 @@ public:
     const GestureBinding& binding() const { return shown; }
     void setBinding(GestureBinding binding);
 
-    // Whether an earlier binding always runs instead.
+    // Sets whether an earlier binding always runs instead of this one.
     void setShadowed(bool never);
 
-    // Whether gestures are switched off, so that no binding runs.
+    // Sets whether gestures are switched off, so that no binding runs.
     void setMuted(bool now);
 
     // Sets the texts in the current language.
@@ -60,27 +60,27 @@ public:
     void togglePreview();
     void closePreview();
 
-    // The selected row has a focus ring while the list receives keys.
+    // While the list receives keys, the selected row shows a focus ring.
     enum class Selection { none, selected, selectedWithFocus };
     void setSelection(Selection now);
     bool isSelected() const { return selection != Selection::none; }
 
-    // In reading order; all of them can have the focus.
+    // Returns the controls in reading order. Each of them can have the focus.
     std::array<QAbstractButton*, 4> controls() const;
 
-    // Focuses the first of the controls.
+    // Moves the focus to the first control.
     void enter();
 
-    // Called when the focus leaves the controls at the leading side, towards the row itself.
+    // Called when the focus leaves the first control towards the row itself.
     std::function<void()> onLeave;
 
-    // Called when one of the controls receives the focus.
+    // Called when a control of the row receives the focus.
     std::function<void(Qt::FocusReason)> onFocusInside;
 
-    // The accessible name of a row for this binding.
+    // Returns the accessible name of a row for this binding.
     static QString spokenName(const GestureBinding& binding, const Lang& lang);
 
-    // The same for every row, independent of the script.
+    // Returns the height of every row, which does not depend on the script.
     static int usualHeight();
 
 protected:

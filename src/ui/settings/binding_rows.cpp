@@ -12,7 +12,7 @@ namespace glidemap {
 namespace {
 
 constexpr int gap = 4;  // between rows
-constexpr int edge = 4; // above the first and below the last; scrolls with them
+constexpr int edge = 4; // the space above the first and below the last row; scrolls with the rows
 
 bool hasFocusInside(const BindingRow& row) {
     const QWidget* const focus = row.window()->focusWidget();
@@ -24,7 +24,8 @@ bool hasFocusInside(const BindingRow& row) {
 BindingRows::BindingRows(QWidget& list, QWidget& ground, const Lang& lang, Callbacks callbacks)
     : list(list), ground(ground), lang(lang), callbacks(std::move(callbacks)) {}
 
-// The list is in destruction, so the focus that returns from a preview must not be reported to it.
+// Closing a preview returns the focus to a row, which would notify the list while the list is being
+// destroyed. So the callbacks are removed first.
 BindingRows::~BindingRows() {
     for (const auto& [index, row] : rows) {
         row->onFocusInside = {};
@@ -58,7 +59,7 @@ bool BindingRows::carryOver(const BindingList& next) {
             row->setBinding(next[*place]);
             continue;
         }
-        row->closePreview(); // returns the focus to the row
+        row->closePreview(); // also returns the focus to the row
         hadFocus = hadFocus || hasFocusInside(*row);
         discard(row);
     }
@@ -81,7 +82,7 @@ bool BindingRows::cover(const BindingList& bindings, std::size_t first, std::siz
     return isAnyNew;
 }
 
-// Keeps the row with the focus, which would otherwise be lost.
+// Does not discard the row with the focus, because the focus would be lost with it.
 void BindingRows::dropOutside(std::size_t count, std::size_t first, std::size_t end) {
     std::erase_if(rows, [&](const auto& entry) {
         const auto& [index, row] = entry;
@@ -95,7 +96,8 @@ void BindingRows::dropOutside(std::size_t count, std::size_t first, std::size_t 
 }
 
 BindingRow* BindingRows::make(const GestureBinding& binding) {
-    // Set below: the callbacks need the row, which needs the callbacks.
+    // The callbacks need a pointer to the row, and the row's constructor needs the callbacks. The
+    // pointer is set below.
     auto itself = std::make_shared<BindingRow*>();
     auto* row =
         new BindingRow(binding,
@@ -116,7 +118,8 @@ BindingRow* BindingRows::make(const GestureBinding& binding) {
     return row;
 }
 
-// Deferred, because one of the row's own buttons may have caused the deletion.
+// Deletes the row later, because the signal that caused the deletion may come from one of its
+// buttons.
 void BindingRows::discard(BindingRow* row) {
     row->closePreview();
     row->onFocusInside = {};

@@ -1,10 +1,10 @@
-// The existing rows of the binding list: the visible ones, a few beyond them, and the one with the
-// focus. Each stays with its binding when the list changes.
+// The existing rows of the binding list: the visible ones, a few beyond them, and the row with the
+// focus. A row stays with its binding when the list changes.
 //
 // Units:   points, from the upper edge of the ground.
 // Thread:  the main thread.
 // Owner:   the list. The ground owns the rows and outlives this object.
-// Errors:  none. Bindings may share an identifier; each has its row.
+// Errors:  none. If several bindings have the same identifier, each has its own row.
 #pragma once
 
 #include "bindings/indexed_bindings.h"
@@ -22,19 +22,19 @@ namespace glidemap {
 
 class BindingRows {
 public:
-    // By index in the list.
+    // The rows, by their index in the list.
     using Rows = std::map<std::size_t, BindingRow*>;
 
-    // User requests from a row.
+    // Called on requests of the user in a row.
     struct Callbacks {
         std::function<void(const GestureBinding&, bool enabled)> onToggle;
         std::function<void(const GestureBinding&)> onEdit;
         std::function<void(const GestureBinding&)> onDelete;
         std::function<void(std::size_t index, Qt::FocusReason)> onFocusInside;
-        std::function<void()> onLeave; // the focus returns to the list itself
+        std::function<void()> onLeave; // the focus moves from a row to the list itself
     };
 
-    // The list filters the rows' events, and precedes them in the tab order.
+    // `list` is the event filter of all rows, and precedes them in the tab order.
     BindingRows(QWidget& list, QWidget& ground, const Lang& lang, Callbacks callbacks);
     BindingRows(const BindingRows&) = delete;
     BindingRows& operator=(const BindingRows&) = delete;
@@ -43,21 +43,22 @@ public:
     const Rows& all() const { return rows; }
     std::optional<std::size_t> indexOf(const QObject* row) const;
 
-    // Moves each row to the new index of its binding, and deletes rows of deleted bindings. Returns
-    // whether a deleted row had the focus.
+    // Moves each row to the new index of its binding, and deletes the rows of deleted bindings.
+    // Returns whether a deleted row had the focus.
     bool carryOver(const BindingList& next);
 
-    // Creates missing rows from `first` up to, but excluding, `end`, discards the others, and
-    // positions all of them. Returns whether it created any.
+    // Creates the missing rows from `first` up to, but not including, `end`, discards the others,
+    // and positions all rows. Returns whether any row was created.
     bool cover(const BindingList& bindings, std::size_t first, std::size_t end);
 
     void closePreviews();
 
-    // The distance between two rows, and the height of `count` rows.
+    // Return the distance between the tops of two neighbouring rows, and the height of `count`
+    // rows.
     static int step();
     static int heightOf(std::size_t count);
 
-    // The boundary between the row at this index and the one above it.
+    // Returns the y position of the boundary between the row at this index and the row above it.
     static int boundaryAbove(std::size_t index);
 
 private:

@@ -1,4 +1,4 @@
-// The selection after a change of the list or after a key.
+// Computes the selection after a change of the list or after a key press.
 //
 // Thread:  any; pure functions.
 // Errors:  none.
@@ -11,21 +11,22 @@
 
 namespace glidemap {
 
-// Returns the index of the binding with this identifier that is closest to `index`. Identifiers may
-// repeat.
+// Returns the index of the binding with this identifier. If several bindings have it, returns the
+// one closest to `index`.
 std::optional<std::size_t> closestWithIdentifier(const Uuid& id, const BindingList& list,
                                                  std::size_t index);
 
-// Returns the new index of the selected binding. If it was deleted, returns its successor, or else
-// its predecessor.
+// Returns the new index of the selected binding. If the binding was deleted, returns its successor
+// or, failing that, its predecessor.
 std::optional<std::size_t> selectionAfter(const BindingList& before, const BindingList& after,
                                           std::optional<std::size_t> selected);
 
-// Whether the only change is one appended binding.
+// Whether the lists differ only in one appended binding.
 bool hasGrownByOne(const BindingList& before, const BindingList& after);
 
 // Returns the index to which a movement key (such as Qt::Key_Up) moves the selection in a list of
-// `count` > 0 bindings; nullopt for other keys. Without a selection, the first key only selects.
+// `count` > 0 bindings, or nullopt for other keys. Without a selection, the first key press selects
+// a binding without moving.
 std::optional<std::size_t> selectionMovedBy(int key, std::optional<std::size_t> selected,
                                             std::size_t count, std::size_t pageLength);
 

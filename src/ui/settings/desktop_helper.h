@@ -1,7 +1,7 @@
 // Port: a component, such as a shell extension, that some desktops need to report the frontmost
-// application. Without it, bindings for one application do not work there.
+// application. Without it, bindings for single applications do not work on these desktops.
 //
-// Thread:  the main thread. state() does not wait: it returns the last known state.
+// Thread:  the main thread. state() does not block: it returns the last known state.
 // Errors:  as text from the system.
 #pragma once
 
@@ -15,10 +15,11 @@ namespace glidemap {
 class DesktopHelper {
 public:
     enum class State {
-        notNeeded, // the desktop reports it directly, or the helper is running
-        missing,   // the user can install it
+        // not needed, because the desktop reports the application itself; or the helper is running
+        notNeeded,
+        missing, // the user can install it
         installing,
-        atNextLogin, // installed; works after the next login
+        atNextLogin, // installed, but works only after the next login
         failed,      // see lastError()
     };
 
@@ -30,7 +31,7 @@ public:
     virtual State state() const = 0;
     virtual std::optional<std::string> lastError() const = 0;
 
-    // Starts the installation; state() shows the result.
+    // Starts the installation. state() then reports the result.
     virtual void install() = 0;
 
     virtual Observable& changes() = 0;

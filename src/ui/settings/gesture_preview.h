@@ -1,4 +1,5 @@
-// The content of the popover at a binding's symbol: the gesture's name, demonstration and advice.
+// The content of the popover that opens at a binding's symbol: the gesture's name, demonstration
+// and advice.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -22,7 +23,7 @@ public:
 
     GesturePreview(GestureType gesture, const Lang& lang, QWidget* parent = nullptr);
 
-    // Sets the texts in the current language.
+    // Sets the gesture, and the texts in the current language.
     void setGesture(GestureType gesture, const Lang& lang);
 
 private:

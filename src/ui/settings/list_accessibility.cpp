@@ -19,7 +19,8 @@ BindingListView* listAround(const QWidget* row) {
     return nullptr;
 }
 
-// A binding out of sight has no row, but still counts and is readable for assistive technology.
+// Represents a binding that is scrolled out of view and has no row. Assistive technology can count
+// and read it like the others.
 class AbsentRow : public QAccessibleInterface {
 public:
     AbsentRow(const BindingListView& shown, std::size_t index) : shown(shown), index(index) {}
@@ -57,8 +58,8 @@ private:
     const std::size_t index;
 };
 
-// Omits the containers of the rows: the items are direct children of the list. Each binding has an
-// item, with or without a row, so that positions and counts are correct.
+// Makes the items direct children of the list, and omits the widgets between them. Each binding has
+// an item, even without a row, so that positions and counts are correct.
 class AccessibleList : public QAccessibleWidget {
 public:
     explicit AccessibleList(BindingListView* list)
@@ -96,7 +97,7 @@ public:
                    : QAccessibleWidget::focusChild();
     }
 
-    // Either the list or its selected row has the focus.
+    // If a row is selected, that row has the focus instead of the list.
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.focused = shown.hasFocus() && !shown.selectedIndex();

@@ -1,8 +1,8 @@
 // The notices above the list: a newer version, a missing permission, and errors of services. Each
-// is visible only while it applies, with a line below it.
+// notice is visible only while it applies, with a line below it.
 //
 // Thread:  the main thread.
-// Owner:   the settings view, which sets their content.
+// Owner:   the settings view, which sets the content.
 // Errors:  none.
 #pragma once
 
@@ -25,7 +25,7 @@ public:
         std::optional<std::string> latestVersion;
         std::optional<std::string> currentVersion;
         bool isTrusted = true;
-        std::string missingAccess;    // a second line; may be empty
+        std::string missingAccess;    // shown as a second line; may be empty
         std::string accessButtonHelp; // may be empty
         std::optional<std::string> deviceError;
         std::optional<std::string> loginItemError;
@@ -37,7 +37,7 @@ public:
 
     void display(const Content& content, const Lang& lang);
 
-    // User requests.
+    // Called on requests of the user.
     std::function<void()> onDownload;
     std::function<void()> onOpenSystemSettings;
     std::function<void()> onInstallHelper;

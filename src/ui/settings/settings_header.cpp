@@ -42,7 +42,8 @@ constexpr Texts languageTexts{"Language", "语言"};
 constexpr Texts enabledTexts{"Enabled", "启用"};
 constexpr Texts addTexts{"Add Binding", "添加绑定"};
 
-// The width of a control with this text, measured on the hidden control `asked`.
+// Returns the width that `like` would have with this text. `asked` is a hidden control that is used
+// for measuring.
 template <typename Control>
 int widthWith(const char* text, const Control& like, Control&& asked) {
     asked.setFont(like.font());
@@ -53,8 +54,8 @@ int widthWith(const char* text, const Control& like, Control&& asked) {
 // Qt::CTRL is Command on macOS, and Control elsewhere.
 constexpr auto addKeys = Qt::CTRL | Qt::Key_N;
 
-// As wide as the first language's name, which is the longest. Measuring the others would load the
-// Chinese font before the list opens.
+// The picker is as wide as the name of the first language needs, which is the longest name.
+// Measuring the Chinese name would load the Chinese font before the list opens.
 class LanguagePicker : public Picker {
 public:
     explicit LanguagePicker(QWidget* parent) : Picker(parent) {
@@ -105,7 +106,7 @@ SettingsHeader::SettingsHeader(Lang& lang, QWidget* parent)
     retitle();
 }
 
-// The titles take all the width that the controls leave.
+// The title and subtitle take the width that the controls leave free.
 void SettingsHeader::makeTitles() {
     title = new StyledLabel(TextStyle::title2, Role::primary, this);
     title->setObjectName("title");
@@ -213,9 +214,10 @@ SettingsHeader::Arrangement SettingsHeader::arrangement() const {
                                                             : Arrangement::controlsOnTwoLines;
 }
 
-// One line needs room for the title on one line and the subtitle on two, in both languages, so that
-// a language change moves nothing. All English texts are longer than the Chinese ones. Chinese
-// texts are measured only while shown, because measuring loads their font.
+// The header uses one line if the title fits on one line and the subtitle on two, in both
+// languages. Then a language change does not move anything. English texts are always longer than
+// Chinese ones. Chinese texts are measured only while they are shown, because measuring loads their
+// font.
 void SettingsHeader::measure() {
     whole->activate(); // updates the cached sizes of the inner layouts
     StyledLabel wholeSubtitle(TextStyle::caption, Role::secondary);
@@ -250,7 +252,8 @@ void SettingsHeader::arrange() {
                                                   : QBoxLayout::LeftToRight);
 }
 
-// The controls may receive larger letters after the theme has announced them.
+// After a theme change, the controls may get larger fonts later than this header is notified, so
+// the header measures again on each layout request.
 bool SettingsHeader::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest) {
         measure();

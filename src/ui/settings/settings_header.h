@@ -1,12 +1,13 @@
-// The top of the settings: the title, the global switches, and the button that adds a binding.
+// The top of the settings window: the title, the global switches, and the button that adds a
+// binding.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the settings view, which sets its content. The language outlives it.
-// Errors:  none. If one line is too narrow for title and controls in the longer language, the
-//          controls move to a second line in the same order. If that is too narrow for them, as
-//          with large letters, they take two lines. Control texts are never elided, and a language
-//          change never affects the arrangement.
+// Owner:   the settings view, which sets the content. The language outlives the header.
+// Errors:  none. If one line is too narrow for the title and the controls in the longer language,
+//          the controls move to a second line, in the same order. If that line is too narrow for
+//          them, for example with a large font, they take two lines. The texts of controls are
+//          never elided, and a language change never changes the arrangement.
 #pragma once
 
 #include "core/lang.h"
@@ -30,17 +31,17 @@ class SettingsHeader : public QWidget {
 public:
     explicit SettingsHeader(Lang& lang, QWidget* parent = nullptr);
 
-    // Do not call the callbacks below.
+    // These setters do not call the callbacks below.
     void setLaunchesAtLogin(bool on);
     void setEnabledSwitch(bool on);
 
-    // Sets the texts and the chosen language.
+    // Updates the texts and the chosen language.
     void retitle();
 
-    // A second line for the tooltip, until the next retitle().
+    // Adds a second line to the tooltip, until the next retitle().
     void addLaunchHelp(const std::string& line);
 
-    // User requests.
+    // Called on requests of the user.
     std::function<void(bool on)> onLaunchAtLogin;
     std::function<void(bool on)> onEnabled;
     std::function<void()> onAddBinding;
@@ -69,7 +70,7 @@ private:
     QHBoxLayout* choices;  // the first line of controls, or the first part of the only line
     QHBoxLayout* commands; // the second line, or the rest of the only line
     // The minimum widths in points, in either language:
-    int lineNeeds = 0;    // for everything on one line
+    int lineNeeds = 0;    // for title and controls on one line
     int controlsNeed = 0; // for all controls on one line
     StyledLabel* title = nullptr;
     StyledLabel* subtitle = nullptr;

@@ -27,7 +27,7 @@ constexpr int emptyStateDrawing = 64;
 
 } // namespace
 
-// The text and button in place of the list while there are no bindings. The text wraps.
+// Replaces the list while there are no bindings: a text, which wraps, and a button.
 class SettingsView::EmptyState : public QWidget {
 public:
     explicit EmptyState(QWidget* parent);
@@ -124,7 +124,7 @@ void SettingsView::listen() {
     };
 }
 
-// A hidden window is updated when it is shown.
+// Changes are ignored while the window is hidden, because it refreshes when it is shown.
 void SettingsView::observe() {
     const auto follow = [this](Observable& observed, void (SettingsView::*react)()) {
         subscriptions.push_back(observed.subscribe({}, [this, react] {
@@ -149,7 +149,7 @@ void SettingsView::observe() {
     }
 }
 
-// Only after a language change: each accessible name that is set notifies screen readers.
+// Called only after a language change: each accessible name that is set notifies screen readers.
 void SettingsView::retitle() {
     header->retitle();
     if (services.notes != nullptr) {
@@ -170,7 +170,7 @@ void SettingsView::refresh() {
     footer->display(events.empty() ? nullptr : &events.front(), *services.lang);
 }
 
-// Queries access again, because it sends no change notifications.
+// Also queries the access permission, which sends no change notifications.
 void SettingsView::refreshNotices() {
     Notices::Content content;
     content.latestVersion = services.updates->latestVersion();
@@ -258,7 +258,8 @@ void SettingsView::bringBack() {
     list->select(deletion->place);
 }
 
-// The user may come back from the system settings.
+// The window becomes active when the user returns from the system settings, where permissions may
+// have changed.
 bool SettingsView::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         refresh();

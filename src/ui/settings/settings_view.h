@@ -1,10 +1,11 @@
-// The content of the settings window: bindings, switches, notices, and the last gesture. It owns
-// none of the data: changes go to the services, and changes of the services appear here at once.
+// The content of the settings window: bindings, switches, notices, and the last gesture. It stores
+// no data itself: it writes changes to the services, and displays changes of the services
+// immediately.
 //
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   the settings window. The services outlive it.
-// Errors:  shows those of the services; has none of its own.
+// Errors:  shows the errors of the services; has none of its own.
 #pragma once
 
 #include "app/login_item_manager.h"
@@ -42,7 +43,7 @@ public:
         std::shared_ptr<AccessibilityTrust> trust;
         std::shared_ptr<LoginItemService> loginItems;
         std::shared_ptr<KeyPresses> keys;
-        const MultitouchDeviceManager* devices = nullptr; // provides the load error; may be null
+        const MultitouchDeviceManager* devices = nullptr; // reports the load error; may be null
         std::shared_ptr<DesktopHelper> desktopHelper;     // may be null
         std::shared_ptr<SystemNotes> notes;               // may be null
         Lang* lang = &Lang::shared();
@@ -52,7 +53,7 @@ public:
 
     void addBinding();
 
-    // Whether the editor is open, and its binding; nullopt for a new one.
+    // Whether the editor is open, and the binding that it edits; nullopt for a new binding.
     bool showsEditor() const { return showingEditor; }
     const std::optional<GestureBinding>& editedBinding() const { return editingBinding; }
 
@@ -76,7 +77,7 @@ private:
     void remove(const GestureBinding& binding);
     void bringBack();
 
-    // Can be undone while the list equals `after`.
+    // A deletion that the user can undo while the list still equals `after`.
     struct Deletion {
         BindingList before;
         BindingList after;

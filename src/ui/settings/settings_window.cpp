@@ -13,7 +13,8 @@ namespace glidemap {
 
 namespace {
 
-// Larger than any desktop. Beyond it, sums of positions and sizes could overflow.
+// Larger than any desktop. Larger stored values are rejected, because sums of positions and sizes
+// could overflow.
 constexpr int maxCoordinate = 1'000'000;
 
 bool isFar(int coordinate) {
@@ -29,7 +30,8 @@ int distance(const QRect& from, const QRect& to) {
     return between.manhattanLength();
 }
 
-// The available area of the screen that shows most of the rectangle, or of the closest screen.
+// Returns the available area of the screen that shows the largest part of the rectangle. If no
+// screen shows a part, returns the area of the closest screen.
 QRect roomFor(const QRect& place) {
     const auto screens = QGuiApplication::screens();
     const auto isBetter = [&](const QScreen* left, const QScreen* right) {
@@ -68,14 +70,15 @@ SettingsWindow::SettingsWindow(SettingsView::Services services,
     restoreGeometry();
 }
 
-// On quit, an open window is destroyed without being hidden.
+// When the program quits, an open window is destroyed without a hide event.
 SettingsWindow::~SettingsWindow() {
     if (isVisible()) {
         rememberPlace();
     }
 }
 
-// Fits the window on one screen: the previous screen may be smaller now, or disconnected.
+// Ensures that the window fits on one screen: the screen of the stored position may be smaller now,
+// or disconnected.
 void SettingsWindow::restoreGeometry() {
     const auto last = geometryStore != nullptr ? geometryStore->read() : std::nullopt;
     QRect place(QPoint(), contentSize);

@@ -1,9 +1,9 @@
-// The settings window: its title, its size, and its position at the last close.
+// The settings window. It stores its size and position when it closes, and restores them.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Owner:   the application's delegate. Closing only hides it.
-// Errors:  none. A stored position that is not fully on a screen is moved onto one.
+// Owner:   the application's delegate. Closing the window only hides it.
+// Errors:  none. If a stored position is not fully on a screen, the window moves onto one.
 #pragma once
 
 #include "ui/settings/settings_view.h"
@@ -19,7 +19,7 @@ public:
     static constexpr QSize contentSize{720, 520};
     static constexpr QSize minimumContentSize{680, 480};
 
-    // Without a geometry store the window is centred each time it is created.
+    // Without a geometry store, each new window is centred on the screen.
     explicit SettingsWindow(SettingsView::Services services,
                             std::shared_ptr<WindowGeometryStore> geometryStore = nullptr,
                             QWidget* parent = nullptr);

@@ -1,7 +1,8 @@
-// Port: notes that a platform adds to texts that were written for macOS. Each note is a separate
-// line next to the text, in the requested language; empty if there is nothing to add.
+// Port: notes of a platform about texts that were written for macOS. Each note is shown as a
+// separate line next to such a text. It is in the requested language, and empty if there is nothing
+// to add.
 //
-// Thread:  the main thread; never waits.
+// Thread:  the main thread; never blocks.
 // Errors:  none.
 #pragma once
 
@@ -20,16 +21,16 @@ public:
     SystemNotes& operator=(const SystemNotes&) = delete;
     virtual ~SystemNotes() = default;
 
-    // The missing parts of the access that the program needs, and the next step if the system
-    // cannot ask the user.
+    // Returns which part of the required access is missing and, if the system cannot ask the user
+    // for it, what to do next.
     virtual std::string missingAccess(const Lang& lang) const = 0;
 
-    // The effect of the button that grants access, and whose password it asks for.
+    // Returns what the button that grants access does, and whose password the system asks for.
     virtual std::string accessButton(const Lang& lang) const = 0;
 
     virtual std::string launchAtLogin(const Lang& lang) const = 0;
 
-    // The system's own use of this gesture, and where it is switched off.
+    // Returns what the system itself uses this gesture for, and where the user can switch that off.
     virtual std::string systemGesture(GestureType gesture, const Lang& lang) const = 0;
 
     // Notifies observers when missingAccess() changes.

@@ -67,7 +67,8 @@ void UndoBar::undo() {
     }
 }
 
-// Watches the window: keys that no control accepts arrive there.
+// Filters the events of the window, because keys that no control accepts are delivered to the
+// window.
 void UndoBar::showEvent(QShowEvent* event) {
     window()->installEventFilter(this);
     QWidget::showEvent(event);
@@ -78,8 +79,8 @@ void UndoBar::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
-// The bar may appear under the pointer after a click on a delete button: the second click of a
-// double click must not undo.
+// The bar may appear under the pointer right after a click on a delete button. If that click was
+// the first of a double click, the second must not undo.
 bool UndoBar::eventFilter(QObject* watched, QEvent* event) {
     return watched == button ? event->type() == QEvent::MouseButtonDblClick : takesKey(*event);
 }

@@ -1,8 +1,8 @@
-// An unobtrusive bar that names the deleted binding and offers to restore it, by its button or the
-// undo shortcut. The bar owns that shortcut while visible. It hides after a time-out.
+// A bar that names the deleted binding and offers to restore it, with a button or the undo
+// shortcut. While visible, the bar handles this shortcut. It hides after a time-out.
 //
 // Thread:  the main thread.
-// Owner:   the settings view, which hides the bar once an undo is impossible.
+// Owner:   the settings view, which hides the bar when undo becomes impossible.
 // Errors:  none.
 #pragma once
 
@@ -28,7 +28,7 @@ public:
     explicit UndoBar(const Lang& lang, QWidget* parent = nullptr,
                      std::chrono::milliseconds stay = usualStay);
 
-    // Shows the bar until its time-out.
+    // Shows the bar and starts its time-out.
     void offer(GestureType deleted);
     void retitle();
 

@@ -1,6 +1,6 @@
 // Port: the user's appearance settings, as far as the desktop provides them.
 //
-// Thread:  the main thread; never waits.
+// Thread:  the main thread; never blocks.
 // Owner:   the program creates one.
 // Errors:  none: a setting that the desktop does not provide is absent.
 #pragma once
@@ -25,12 +25,12 @@ public:
     // Whether the user prefers reduced motion.
     virtual bool reducesMotion() const = 0;
 
-    // Whether windows can be translucent. Queried for each new window; its changes are not
-    // announced.
+    // Whether windows can be translucent. Queried for each new window; there is no notification
+    // when this changes.
     virtual bool composites() const { return true; }
 
-    // Whether the system shows dialogs as native sheets: positions and animates them, and separates
-    // them visually from the window.
+    // Whether the system shows native sheets: it positions and animates them, and separates them
+    // visually from the window.
     virtual bool showsSheets() const { return false; }
 
     virtual Observable& changes() = 0;

@@ -15,10 +15,10 @@ namespace {
 
 constexpr std::array sizes{16, 22, 24, 32, 48, 64, 96, 128, 256};
 
-// A window sends all listed sizes to the X server, where no desktop shows larger ones.
+// Qt sends all listed sizes of a window's icon to the X server, but no desktop shows larger ones.
 constexpr int maxListedSize = 128;
 
-// Copies only the requested size out of the resources.
+// Copies only the requested size from the resources.
 QImage drawn(int pixels) {
     const QResource resource(QStringLiteral(":/application-icon/%1").arg(pixels));
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
@@ -29,7 +29,7 @@ QImage drawn(int pixels) {
     return image;
 }
 
-// The smallest drawing that needs no upscaling, or else the largest.
+// Returns the smallest size that needs no upscaling, or else the largest size.
 int sizeFor(int pixels) {
     const auto* const found = std::lower_bound(sizes.begin(), sizes.end(), pixels);
     return found != sizes.end() ? *found : sizes.back();

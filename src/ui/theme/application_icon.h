@@ -1,6 +1,7 @@
 // The program's icon, for its windows and alerts.
 //
-// The same drawings are installed for the desktop. These also work without an installation.
+// The installation contains the same drawings for the desktop. The copies here also work without an
+// installation.
 //
 // Thread:  the main thread, during the life of the QApplication.
 // Errors:  none.

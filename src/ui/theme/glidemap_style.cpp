@@ -27,7 +27,7 @@ namespace {
 
 using style::as;
 
-// Windows with round corners must be translucent.
+// Whether the widget has round corners; its window must then be translucent.
 bool isFloatingPanel(const QWidget* widget) {
     return dynamic_cast<const QMenu*>(widget) != nullptr ||
            widget->inherits("QComboBoxPrivateContainer") || widget->inherits("QTipLabel");
@@ -174,7 +174,8 @@ void GlidemapStyle::drawComplexControl(ComplexControl control, const QStyleOptio
             return;
         }
         QStyleOptionToolButton label = as<QStyleOptionToolButton>(option);
-        label.state.setFlag(State_Sunken, false); // keeps the label in place when pressed
+        // prevents Fusion from shifting the label of a pressed button
+        label.state.setFlag(State_Sunken, false);
         drawControl(CE_ToolButtonLabel, &label, painter, widget);
         return;
     }
@@ -192,7 +193,8 @@ QIcon GlidemapStyle::standardIcon(StandardPixmap picture, const QStyleOption* op
     case SP_MessageBoxWarning:
     case SP_MessageBoxCritical:
         return symbolIcon("exclamationmark.triangle.fill", Role::orange, 48);
-    // Every menu bar requests this icon. The default is a file, which would load the image plugins.
+    // Every menu bar requests this icon. Qt's default icon is a file; reading it would load the
+    // image plugins.
     case SP_ToolBarHorizontalExtensionButton:
         return symbolIcon("chevron.down", Role::secondary);
     default:

@@ -1,7 +1,7 @@
 // The QStyle that draws Qt's own controls in the theme's colours, light and dark.
 //
-// It only dispatches; ui/theme/style draws the controls, one file each. Fusion draws the rest with
-// our palette.
+// This class only dispatches to the functions in ui/theme/style, which has one file for each
+// control. All other elements are drawn by Fusion with our palette.
 //
 // Push buttons, combo boxes, check boxes and radio buttons are a few points larger than their
 // visible shape, to leave room for the focus ring. Layouts align the visible shapes.
@@ -44,7 +44,7 @@ public:
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
 
-    // The icons of alerts.
+    // Returns the icons of alerts, among others.
     QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
                        const QWidget* widget) const override;
 };

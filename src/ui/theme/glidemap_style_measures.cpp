@@ -1,4 +1,4 @@
-// The sizes, positions and behaviour of the controls; glidemap_style.cpp draws them.
+// The sizes, positions and behaviour of the controls. They are drawn in glidemap_style.cpp.
 #include "ui/theme/glidemap_style.h"
 #include "ui/theme/style/check_box.h"
 #include "ui/theme/style/combo_box.h"
@@ -164,7 +164,7 @@ int GlidemapStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     case SH_Menu_MouseTracking:
     case SH_ItemView_MovementWithoutUpdatingSelection:
         return 1;
-    // The accepting button is the last one, as in the program's own sheets.
+    // Places the accept button last, as in the program's own sheets.
     case SH_DialogButtonLayout:
         return QDialogButtonBox::MacLayout;
     case SH_ComboBox_PopupFrameStyle:

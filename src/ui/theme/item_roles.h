@@ -7,7 +7,7 @@
 
 namespace glidemap {
 
-// True for a heading, which is drawn as one; the entry must not be selectable.
+// True for an entry that is drawn as a heading. The entry must not be selectable.
 constexpr int headingRole = Qt::UserRole + 0x4700;
 
 } // namespace glidemap

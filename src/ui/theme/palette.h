@@ -1,7 +1,7 @@
-// The colours of both appearances, and the QPalette made of them.
+// The colours of the light and the dark appearance, and the QPalettes created from them.
 //
-// Texts have a contrast of at least 4.5:1 on their backgrounds, to be legible in sunlight and with
-// low vision. Disabled hints and drawings have at least 3:1.
+// Texts have a contrast of at least 4.5:1 to their background, so that they are legible in sunlight
+// and for users with low vision. Disabled hints and drawings have at least 3:1.
 //
 // Thread:  any.
 #pragma once
@@ -14,14 +14,15 @@ namespace glidemap {
 
 QColor colorOf(Role role, ColorScheme scheme);
 
-// The same hue, not darkened for text: a thin tint of a text colour would look muddy.
+// Returns the role's colour before it was darkened for text contrast. Use it for thin tints, which
+// would look muddy in the text colour.
 QColor vividColorOf(Role role, ColorScheme scheme);
 
-// Leaves QPalette::AlternateBase to the desktop: no control here uses it, and it shows whether the
-// desktop is dark.
+// Does not set QPalette::AlternateBase, so it keeps the desktop's colour. None of our controls uses
+// it, and desktopSchemeOf() can still determine from it whether the desktop is dark.
 QPalette paletteOf(ColorScheme scheme);
 
-// Returns the appearance that the palette's desktop colours imply.
+// Returns the appearance that the desktop's colours in this palette imply.
 ColorScheme desktopSchemeOf(const QPalette& palette);
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// An icon that is drawn again for each requested size.
+// Base class of icons that are drawn separately for each requested size.
 //
 // Thread:  the main thread.
 // Owner:   the icon.

@@ -22,7 +22,7 @@ QString pathOf(std::string_view name) {
     return QStringLiteral(":/symbols/") + toQt(name);
 }
 
-// A compiled outline: stroked with its pen, or filled if the pen has no style.
+// A precompiled outline. It is stroked with its pen, or filled if the pen has no style.
 struct Shape {
     QPainterPath outline;
     QPen pen;
@@ -74,8 +74,8 @@ void renderSymbol(QPainter& painter, const QRectF& where, std::string_view name,
     painter.restore();
 }
 
-// Caches drawn symbols: stroking outlines takes many times as long as drawing a pixmap, and the
-// rows repeat a few symbols. The size is in device pixels.
+// Returns a cached drawing of the symbol. Stroking its outlines takes many times as long as drawing
+// a pixmap, and the rows repeat a few symbols. The size is in device pixels.
 QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels) {
     const QString key = QStringLiteral("symbol/%1/%2/%3x%4")
                             .arg(toQt(name), color.name(QColor::HexArgb))
@@ -93,7 +93,7 @@ QPixmap picture(std::string_view name, const QColor& color, const QSize& pixels)
     return pixmap;
 }
 
-// Draws in the current colours of the theme, at the requested size and resolution.
+// Draws the symbol in the theme's current colours, at the requested size and resolution.
 class SymbolEngine : public QIconEngine {
 public:
     SymbolEngine(std::string_view symbol, Role role, int points)

@@ -1,12 +1,13 @@
-// The symbols of the interface, by the names of the system's symbol set, in the colour of a role.
+// The symbols of the interface. They have the names of the system's symbol set and are drawn in the
+// colour of a role.
 //
-// Each name that the gesture catalogue or the interface uses has our own drawing with the same
-// meaning. The drawings are vectors, and therefore sharp at any size.
+// Each name that the gesture catalogue or the interface uses has a drawing of our own, with the
+// same meaning. The drawings are vectors, and therefore sharp at any size.
 //
 // Units:   points.
 // Thread:  the main thread.
-// Errors:  an unknown name is drawn as an empty square, so that it is noticed; a test checks all
-//          names.
+// Errors:  an unknown name is drawn as an empty square, so that the mistake is visible; a test
+//          checks all names.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -22,13 +23,13 @@ namespace glidemap {
 
 bool symbolExists(std::string_view name);
 
-// Fills the rectangle as far as the symbol's shape allows, centred.
+// Draws the symbol centred and as large as its aspect ratio allows within the rectangle.
 void drawSymbol(QPainter& painter, const QRectF& where, std::string_view name, const QColor& color);
 
 QPixmap symbolPixmap(std::string_view name, const QColor& color, int points, double pixelRatio);
 
-// Has the role's colour at the time of drawing, dimmed if the icon is disabled, and adapted to the
-// accent background if it is selected.
+// Returns an icon in the role's colour, which is looked up at the time of drawing. A disabled icon
+// is dimmed; a selected icon has the colour for text on the accent background.
 QIcon symbolIcon(std::string_view name, Role role, int points = 16);
 
 } // namespace glidemap

@@ -16,14 +16,15 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::array sizes{16, 22, 24, 32, 48, 64}; // requested by known bars
+constexpr std::array sizes{16, 22, 24, 32, 48, 64}; // the sizes that known status bars request
 
 const QColor light(0xf4, 0xf4, 0xf4);
 const QColor dark(0x2a, 0x2a, 0x2a);
 
-constexpr double edgeOpacity = 0.55; // visible on any background without dominating
+constexpr double edgeOpacity = 0.55; // visible on any background without being prominent
 
-// The symbol's shape in another colour behind it, shifted slightly in all directions.
+// Draws the symbol, and behind it the same shape in a contrasting colour, shifted slightly in all
+// directions to form an edge.
 QPixmap drawn(std::string_view symbol, int size, double strength) {
     const bool isDark = Theme::shared().isDark();
     const int edge = size >= 32 ? 2 : 1;
@@ -39,14 +40,15 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     }
     painter.setOpacity(1);
     painter.drawPixmap(edge, edge, shape);
-    if (strength < 1) { // fades the whole icon, so that no layer shines through
+    // fades the finished icon, so that the lower layer does not show through the upper one
+    if (strength < 1) {
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
         painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
     }
     return pixmap;
 }
 
-// Only the opacity of each pixel counts.
+// Draws in black, because the bar uses only the opacity of each pixel.
 QPixmap drawnPlainly(std::string_view symbol, int size, double strength) {
     QPixmap pixmap(size, size);
     pixmap.fill(Qt::transparent);
@@ -56,14 +58,14 @@ QPixmap drawnPlainly(std::string_view symbol, int size, double strength) {
     return pixmap;
 }
 
-// All themes fall back to this one, so programs install their icons here. A search through Qt's
-// icon themes takes longer than opening a window.
+// Programs install their icons in hicolor, to which all icon themes fall back. The file is looked
+// up directly, because a search with QIcon::fromTheme() takes longer than opening a window.
 bool isInstalled(const QString& name) {
     const QString place = QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(name);
     return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, place).isEmpty();
 }
 
-// Draws the icon when a bar requests it, at the requested size.
+// Draws the icon on request, at the requested size.
 class Engine : public PixmapIconEngine {
 public:
     using Draw = QPixmap (*)(std::string_view symbol, int size, double strength);
@@ -84,7 +86,8 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
-        return side > 2 ? draw(symbol, side, strength) : QPixmap(); // an edge alone shows no icon
+        // two pixels have room for the edge only
+        return side > 2 ? draw(symbol, side, strength) : QPixmap();
     }
 
 private:

@@ -1,8 +1,9 @@
-// A symbol as a status bar icon, for a bar of unknown colour.
+// A symbol as an icon for a status bar whose colour is unknown.
 //
-// A bar that draws its items gets the name of the installed icon, and colours it. If the icon is
-// not installed, or the bar only embeds the item, the icon is drawn here. It has the appearance's
-// colour and an edge in the opposite colour, to be legible on any background.
+// A bar that draws its items itself gets the name of the installed icon, and colours the icon. If
+// the icon is not installed, or if the bar only embeds the item, the icon is drawn here, in the
+// colour of the current appearance. An edge in the opposite colour makes it legible on any
+// background.
 //
 // Units:   points; the strength is the opacity, 0..1.
 // Thread:  the main thread.
@@ -14,12 +15,12 @@
 
 namespace glidemap {
 
-// The icon of this name in the desktop's theme, or else a drawn one.
+// Returns the icon with this name from the desktop's theme, or a drawn icon if it is not installed.
 QIcon themedTemplateIcon(const char* themeName, std::string_view symbol, double strength = 1);
 
 QIcon drawnTemplateIcon(std::string_view symbol, double strength = 1);
 
-// Without the edge: for a bar that uses only the shape and colours it itself.
+// Returns an icon without an edge, for a bar that uses only the shape and colours it itself.
 QIcon plainTemplateIcon(std::string_view symbol, double strength = 1);
 
 } // namespace glidemap

@@ -1,4 +1,4 @@
-// Converts texts for widgets: the program uses UTF-8, Qt UTF-16.
+// Converts texts for widgets: the program uses UTF-8, and Qt uses UTF-16.
 //
 // Thread:  any.
 #pragma once

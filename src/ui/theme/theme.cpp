@@ -19,7 +19,7 @@ std::shared_ptr<AppearanceSettings>& sharedSettings() {
 
 } // namespace
 
-// Watches the desktop's palette and font. The application may be destroyed before it.
+// Watches the desktop's palette and font. The QApplication may be destroyed before this object.
 class Theme::DesktopWatch : public QObject {
 public:
     DesktopWatch(Theme& theme, QApplication& application) : theme(theme) {

@@ -1,14 +1,14 @@
 // Colours by role and fonts by text style, for a light and a dark appearance, and the style that
 // draws Qt's own controls.
 //
-// Interface code never names a colour or a font size. It names a role or a text style, queries it
-// on each paint, and repaints when the theme changes.
+// Interface code does not specify colours or font sizes. It specifies a role or a text style,
+// queries the theme on each paint, and repaints when the theme changes.
 //
 // Units:   points, which are device-independent pixels.
 // Thread:  the main thread, during the life of the QApplication.
 // Owner:   the process (`Theme::shared()`).
-// Errors:  none. Missing settings of the desktop are derived from its palette; the defaults are
-//          light and with motion.
+// Errors:  none. Settings that the desktop does not provide are derived from its palette; the
+//          defaults are a light appearance, and motion.
 #pragma once
 
 #include "core/observable.h"
@@ -38,12 +38,12 @@ enum class Role {
     card,      // a raised background: lists, form groups, popovers, sheets
     field,     // the background of controls: buttons, combo boxes, text fields
     separator, // lines
-    hover,     // laid over the background under the pointer
+    hover,     // drawn over the background of an element under the pointer
     pressed,
-    selection,    // laid over the background of the selected row
-    accentGround, // areas filled with the accent colour, which carry `onAccent`
+    selection,    // drawn over the background of the selected row
+    accentGround, // areas in the accent colour, with text in `onAccent`
     outline,      // the edge of controls
-    track,        // the groove of a knob or of a chosen segment
+    track,        // the groove of a switch, and the background of a segmented control
     knob,
 };
 
@@ -61,10 +61,10 @@ class Theme {
 public:
     static Theme& shared();
 
-    // Sets the settings that shared() uses; `settings` may be null. Call before the first shared().
+    // Sets the settings that shared() uses; may be null. Must be called before the first shared().
     static void configureShared(std::shared_ptr<AppearanceSettings> settings);
 
-    // Sets our style, palette and body font on the application, and keeps them current.
+    // Sets our style, palette and body font on the application, and updates them on changes.
     void applyTo(QApplication& application);
 
     ColorScheme colorScheme() const;
@@ -74,19 +74,19 @@ public:
     // Whether translucent windows show the content behind them.
     bool composites() const;
 
-    // Whether the system shows native sheets, for which we only provide the content.
+    // Whether the system shows native sheets, so that we provide only their content.
     bool systemShowsSheets() const;
 
-    // Fixes the appearance; with nullopt, the theme follows the desktop's appearance again.
+    // Fixes the appearance. With nullopt, the theme follows the desktop again.
     void pin(std::optional<ColorScheme> scheme);
     void pinReducedMotion(std::optional<bool> reduced);
     void pinCompositing(std::optional<bool> composites);
     void pinSystemSheets(std::optional<bool> systemShows);
 
     QColor color(Role role) const;
-    // The role's colour with this opacity, 0..1.
+    // Returns the role's colour with this opacity, 0..1.
     QColor color(Role role, double opacity) const;
-    // For a background in the role's hue, with this opacity.
+    // Returns a background colour with the role's hue and this opacity.
     QColor tint(Role role, double opacity) const;
 
     QFont font(TextStyle style) const;
@@ -105,7 +105,7 @@ private:
 
     std::shared_ptr<AppearanceSettings> settings;
     Subscription toSettings;
-    ColorScheme desktopPalette = ColorScheme::light; // derived from the desktop's own palette
+    ColorScheme desktopPalette = ColorScheme::light; // derived from the desktop's palette
     QFont desktopFont;
     std::unique_ptr<DesktopWatch> watch;
     bool isApplyingStyle = false;

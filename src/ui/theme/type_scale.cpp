@@ -38,7 +38,7 @@ Step stepOf(TextStyle style) {
     return {bodySize, QFont::Normal};
 }
 
-// Whether the family is a placeholder that programs get if the user has not chosen a font.
+// Whether the family is a placeholder that Qt reports if the user has not chosen a font.
 bool namesNoFamily(const QString& family) {
     const std::array names = {"", "Sans", "Sans Serif", "Sans-Serif", "Helvetica", "System-ui"};
     return std::any_of(names.begin(), names.end(), [&family](const char* name) {
@@ -52,7 +52,7 @@ void addInstalled(QStringList& families, const QString& family) {
     }
 }
 
-// Computed without QFontInfo, which would load the font in an unused size.
+// QFontInfo would load the font in a size that is not used.
 double pixelSizeOf(const QFont& font) {
     if (font.pixelSize() > 0) {
         return font.pixelSize();

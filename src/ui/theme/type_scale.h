@@ -2,8 +2,8 @@
 //
 // Units:   points.
 // Thread:  the main thread.
-// Errors:  none. If the desktop names no font, an installed font that is designed for screens is
-//          used.
+// Errors:  none. If the desktop does not specify a font, an installed font that is designed for
+//          screens is used.
 #pragma once
 
 #include "ui/theme/theme.h"
@@ -12,11 +12,12 @@
 
 namespace glidemap {
 
-// The desktop's family, followed by a font with the Chinese letterforms of mainland China.
+// Returns the desktop's font family, with a fallback to a font with the Chinese letterforms of
+// mainland China.
 QFont interfaceFont(const QFont& desktop);
 
-// `base` is an interface font. Sizes grow with its size if the user has set a larger one; they
-// never shrink below a comfortable size.
+// `base` must be an interface font. The returned size grows with a larger base font, but never
+// shrinks below a comfortable size.
 QFont scaledFont(const QFont& base, TextStyle style);
 
 } // namespace glidemap

@@ -1,12 +1,12 @@
-// glidemap-compile-drawings: a build step that is not installed. It converts our SVG drawings to a
-// form that the program can show without an XML parser or the SVG library:
+// glidemap-compile-drawings: a build tool that is not installed. It converts our SVG drawings to a
+// format that the program can draw without an XML parser or the SVG library:
 //
 //   shapes SVG OUTPUT             the shapes of a symbol, as ShapeRecorder writes them
-//   pixels SVG SIZE OUTPUT        a picture of SIZE by SIZE, row by row, as QImage keeps
-//                                 Format_ARGB32_Premultiplied
+//   pixels SVG SIZE OUTPUT        a picture of SIZE by SIZE, row by row, in the memory layout of
+//                                 QImage::Format_ARGB32_Premultiplied
 //
-// The shapes are those that the SVG renderer draws, so the program's symbols look exactly as the
-// drawings do.
+// The SVG renderer itself paints the shapes, so the program's symbols look exactly like the
+// drawings.
 #include "ui/theme/drawings/shape_recorder.h"
 
 #include <QDataStream>
@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr double gridSize = 16; // of our symbols
+constexpr double gridSize = 16; // the grid on which our symbols are drawn
 constexpr int stream = QDataStream::Qt_6_0;
 
 [[noreturn]] void fail(const QString& what) {

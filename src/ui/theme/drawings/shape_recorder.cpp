@@ -30,7 +30,7 @@ void ShapeRecorder::drawPath(const QPainterPath& path) {
     if (std::abs(std::abs(placed.determinant()) - 1) > 1e-9) {
         fault("a symbol is scaled, but its pen is not");
     }
-    // In the order in which SVG paints them.
+    // SVG paints the fill before the stroke.
     if (painter()->brush().style() != Qt::NoBrush) {
         out << placed.map(path) << QPen(Qt::NoPen);
     }

@@ -1,11 +1,11 @@
-// A paint engine that records the painted shapes in order: each with its outline and its pen. A
-// shape without a pen is filled.
+// A paint engine that records the painted shapes in order, each with its outline and its pen. A
+// shape without a pen is a filled shape.
 //
-// A shape that is both filled and stroked becomes two: SVG libraries differ in whether they paint
-// both in one call.
+// A shape with both fill and stroke is recorded as two shapes, because some versions of the SVG
+// library paint both in one call and others in two.
 //
 // Units:   those of the painted device; no shape may be scaled, because its pen is not.
-// Thread:  one that uses QPainter.
+// Thread:  any thread that may use QPainter.
 // Owner:   the paint device that returns it.
 // Errors:  calls onFault for a painting operation that cannot be recorded; the result is then
 //          incomplete.

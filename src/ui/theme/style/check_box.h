@@ -16,7 +16,7 @@ constexpr double boxRadius = 4.5;
 
 enum class Mark { check, radio };
 
-// Draws only the box or circle, in the given rectangle.
+// Draws only the box or circle, without a label.
 void drawIndicator(QPainter& painter, const QStyleOption& option, const QRectF& place, Mark mark);
 
 void drawMarkedButton(QPainter& painter, const QStyleOptionButton& option, Mark mark);

@@ -20,7 +20,7 @@ QRect comboBoxArrowRect(const QStyleOptionComboBox& option);
 QRect comboBoxListRect(const QStyleOptionComboBox& option);
 QSize comboBoxSize(const QSize& contents);
 
-// Whether the widget is the frame of a combo box's open list, or a view in it.
+// Whether the widget is the frame of an open combo box list, or a view inside that frame.
 bool isComboBoxList(const QWidget* widget);
 
 } // namespace glidemap::style

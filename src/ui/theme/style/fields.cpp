@@ -8,7 +8,7 @@ namespace glidemap::style {
 
 void drawLineEdit(QPainter& painter, const QStyleOptionFrame& option) {
     if (option.lineWidth <= 0) {
-        return; // the combo box around it draws the field
+        return; // the editable combo box that contains the field draws the frame
     }
     const QRectF shape = snapped(painter, option.rect);
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);

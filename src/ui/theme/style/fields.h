@@ -17,7 +17,7 @@ constexpr int fieldPadding = 6;
 
 void drawLineEdit(QPainter& painter, const QStyleOptionFrame& option);
 
-// The background of a borderless button; transparent at rest.
+// Draws the background of a borderless button, which is transparent unless hovered or pressed.
 void drawToolButtonGround(QPainter& painter, const QStyleOption& option);
 
 // Draws the icon of an icon-only button at the screen's resolution; returns false for other

@@ -28,7 +28,7 @@ bool isEnabled(const QStyleOptionViewItem& option) {
     return option.state.testFlag(QStyle::State_Enabled);
 }
 
-// The combo box whose list the view is.
+// Returns the combo box that opened this list view, or null.
 const QComboBox* pickerOf(const QWidget* view) {
     const QWidget* frame = isComboBoxList(view) ? view->window() : nullptr;
     return frame == nullptr ? nullptr : dynamic_cast<const QComboBox*>(frame->parentWidget());

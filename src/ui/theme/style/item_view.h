@@ -1,4 +1,4 @@
-// The entries of lists and of combo box lists.
+// The entries of list views and of open combo boxes.
 //
 // Thread:  the main thread.
 #pragma once

@@ -14,7 +14,8 @@ constexpr int separatorHeight = 9;
 constexpr int sidePadding = 10;
 constexpr int markWidth = 20;
 constexpr int iconWidth = 24;
-constexpr int trailingWidth = 22; // of the chevron, or the gap before a shortcut
+// the width of the submenu chevron, and of the gap before a shortcut
+constexpr int trailingWidth = 22;
 constexpr int textFlags =
     Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextShowMnemonic | Qt::TextHideMnemonic;
 

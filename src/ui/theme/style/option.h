@@ -1,4 +1,5 @@
-// Casts a style option to its actual type, which follows from the element being drawn or measured.
+// Casts a style option to its actual type. The type is determined by the element that is drawn or
+// measured.
 //
 // Errors:  none; a wrong type is undefined behaviour.
 #pragma once

@@ -10,7 +10,8 @@ namespace glidemap::style {
 
 namespace {
 
-constexpr double ringGap = 1; // keeps the ring visible around an accent background, too
+// separates the ring from the shape, so that it is also visible around an accent background
+constexpr double ringGap = 1;
 constexpr double ringWidth = 2;
 
 // Saves the painter's state and restores it.

@@ -1,4 +1,4 @@
-// Painting functions for all controls: pixel-aligned edges at any scale, rounded backgrounds,
+// Painting functions shared by all controls: pixel-aligned edges at any scale, rounded backgrounds,
 // chevrons, and the focus ring.
 //
 // Units:   points.
@@ -14,8 +14,8 @@ class QStyleOption;
 
 namespace glidemap::style {
 
-// The margin of a control's widget around its visible shape. The focus ring lies there; layouts
-// align the visible shapes.
+// The margin between a control's widget and its visible shape, where the focus ring is drawn.
+// Layouts align the visible shapes.
 constexpr int ringMargin = 3;
 
 constexpr double controlRadius = 6;
@@ -24,22 +24,24 @@ constexpr int controlHeight = 28;
 QColor color(Role role);
 QColor color(Role role, double opacity);
 
-// The thinnest sharp line on this screen: a whole number of pixels, about one point.
+// Returns the width of the thinnest sharp line on this screen: a whole number of pixels, about one
+// point.
 double hairline(const QPainter& painter);
 
-// The rectangle aligned to the screen's pixels.
+// Returns the rectangle with its edges aligned to the screen's pixels.
 QRectF snapped(const QPainter& painter, const QRectF& rect);
 
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QBrush& brush);
 
-// The stroke lies inside the rectangle.
+// Draws the stroke inside the rectangle.
 void strokeRounded(QPainter& painter, const QRectF& rect, double radius, double width,
                    const QColor& drawn);
 
-// Draws outside the shape.
+// Draws the ring outside the shape.
 void drawFocusRing(QPainter& painter, const QRectF& shape, double radius);
 
-// Whether the control has the focus and the user moved it with the keyboard.
+// Whether to draw a focus ring: the control has the focus, and the user moved the focus with the
+// keyboard.
 bool showsFocus(const QStyleOption& option);
 
 enum class Direction { up, down, left, right };
@@ -48,7 +50,7 @@ void drawChevron(QPainter& painter, const QPointF& center, double size, Directio
 
 void drawCheckMark(QPainter& painter, const QRectF& within, const QColor& drawn);
 
-// A raised card with an edge: the background of menus, combo box lists and tooltips.
+// Draws a raised card with an edge: the background of menus, combo box lists and tooltips.
 void drawPanel(QPainter& painter, const QRectF& rect, double radius);
 
 } // namespace glidemap::style

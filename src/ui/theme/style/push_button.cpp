@@ -57,7 +57,8 @@ void drawProminentGround(QPainter& painter, const QRectF& shape, const ButtonLoo
     strokeRounded(painter, shape, controlRadius, hairline(painter), QColor(0, 0, 0, 30));
 }
 
-// Uses the text colour on a prominent button, because few icons are made for an accent background.
+// A prominent button draws its icon in the text colour, because few icons are legible on the accent
+// colour.
 void drawIcon(QPainter& painter, const QStyleOptionButton& option, const QRect& place,
               const ButtonLook& look) {
     if (!look.isProminent || !look.isEnabled) {
@@ -132,8 +133,8 @@ QSize pushButtonSize(const QStyleOptionButton& option, const QSize& contents) {
     const bool isOnlyIcon = option.text.isEmpty();
     const int least = isOnlyIcon ? controlHeight : minimumWidth;
     const int padding = isOnlyIcon ? 6 : sidePadding;
-    // Uses the font's line height, not the text's, which is larger in Chinese. So buttons have the
-    // same height in both languages, and the same height as combo boxes.
+    // Uses the font's line height. The line height of Chinese text may be larger, but buttons must
+    // have the same height in both languages, and the same height as combo boxes.
     const int content = std::max(option.fontMetrics.height(), option.iconSize.height());
     return QSize(std::max(least, contents.width() + gap + 2 * padding),
                  std::max(controlHeight, content + 8)) +

@@ -1,5 +1,5 @@
-// Push buttons: plain, and prominent ones (the default one, toggles that are on, and those with the
-// property "prominent").
+// Push buttons, plain and prominent. Prominent are default buttons, toggles that are on, and
+// buttons with the property "prominent".
 //
 // Thread:  the main thread.
 #pragma once
@@ -13,13 +13,13 @@ class QWidget;
 
 namespace glidemap::style {
 
-// The background of each control that looks like a button.
+// The state that determines the background of a button and of controls that look like one.
 struct ButtonLook {
     bool isEnabled = true;
     bool isHovered = false;
     bool isPressed = false;
     bool isProminent = false;
-    bool isRecording = false; // captures the next key
+    bool isRecording = false; // the next key press will be recorded
 };
 void drawButtonGround(QPainter& painter, const QRectF& shape, const ButtonLook& look);
 

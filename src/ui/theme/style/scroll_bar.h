@@ -1,4 +1,4 @@
-// Scroll bars: a thin rounded handle without a groove, which grows under the pointer.
+// Scroll bars: a thin rounded handle without a groove. The handle grows under the pointer.
 //
 // Thread:  the main thread.
 #pragma once
@@ -16,7 +16,7 @@ constexpr int scrollBarMinHandle = 28;
 
 void drawScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& handle);
 
-// Scroll bars have no arrow buttons: the groove takes the whole bar.
+// Scroll bars have no arrow buttons, so the groove takes the entire length.
 QRect scrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part);
 
 } // namespace glidemap::style

@@ -11,7 +11,8 @@ constexpr double drop = 5;
 
 } // namespace
 
-// Stacks translucent cards, each slightly smaller, whose sum fades like a blurred edge.
+// Draws a stack of translucent cards, each slightly smaller than the one before. Their sum fades
+// out like a blurred edge.
 void drawShadow(QPainter& painter, const QRectF& card, double radius) {
     const int layer = Theme::shared().isDark() ? 8 : 3;
     for (int step = 0; step < blur; ++step) {

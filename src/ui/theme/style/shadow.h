@@ -10,10 +10,10 @@ class QPainter;
 
 namespace glidemap::style {
 
-// The maximum reach of the shadow around the card.
+// The maximum distance from the card to the edge of its shadow.
 constexpr int shadowReach = 22;
 
-// Draws around and below the card. Draw the card afterwards.
+// Draws the shadow around and below the card. The caller draws the card afterwards.
 void drawShadow(QPainter& painter, const QRectF& card, double radius);
 
 } // namespace glidemap::style
