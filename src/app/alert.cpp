@@ -11,7 +11,8 @@ namespace glidemap {
 namespace {
 
 constexpr QSize iconSize(56, 56);
-constexpr int minTextWidth = 340; // avoids early line breaks, and gives all alerts one shape
+// prevents narrow columns of text, and gives all alerts a similar shape
+constexpr int minTextWidth = 340;
 
 QString toQt(const std::string& text) {
     return QString::fromStdString(text);
@@ -26,7 +27,7 @@ QLabel* labelThatShows(const QWidget& alert, const QString& text) {
     return nullptr;
 }
 
-// Shows the message as a headline above the informative text.
+// Draws the message in bold above the informative text.
 void styleTexts(const QMessageBox& alert) {
     if (QLabel* const message = labelThatShows(alert, alert.text()); message != nullptr) {
         QFont bold;
@@ -48,9 +49,9 @@ Alert::Alert(Texts texts, Lang& lang, QWidget* parent)
     : QMessageBox(parent), texts(std::move(texts)), lang(lang) {
     setObjectName("alert");
     setWindowTitle("Glidemap");
-    // A native alert of the system would keep the language and the texts with which it opened.
+    // A native system alert would keep the language and texts that it had when it opened.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // Not the window icon, because some systems have none.
+    // The style's icon, because some systems set no window icon.
     setIconPixmap(style()
                       ->standardIcon(QStyle::SP_MessageBoxInformation)
                       .pixmap(iconSize, devicePixelRatio()));

@@ -1,10 +1,10 @@
-// A message with buttons. Its texts follow the interface language even while it is open, so Qt
-// draws it on every system.
+// A message with buttons. While the alert is open, its texts follow the interface language. Native
+// alerts cannot do this, so Qt draws the alert on every system.
 //
 // Thread:  the main thread.
 // Owner:   the caller that shows it. The language outlives it.
-// Errors:  none. Texts are shown as plain text, never as markup, because some come from outside the
-//          program.
+// Errors:  none. Texts are shown as plain text, never as markup, because some of them come from
+//          outside the program.
 #pragma once
 
 #include "core/lang.h"
@@ -21,22 +21,22 @@ namespace glidemap {
 struct AlertText {
     std::string message;
     std::string informative;
-    std::vector<std::string> buttons; // Return presses the first, Escape the last
+    std::vector<std::string> buttons; // Return presses the first button, Escape the last
 
     friend bool operator==(const AlertText&, const AlertText&) = default;
 };
 
-// An alert with only an OK button.
+// Returns the texts of an alert with only an OK button.
 AlertText informationalAlert(std::string message, std::string informative, const Lang& lang);
 
 class Alert : public QMessageBox {
 public:
-    // Returns the same number of buttons in each language.
+    // Must return the same number of buttons for each language.
     using Texts = std::function<AlertText(const Lang&)>;
 
     Alert(Texts texts, Lang& lang, QWidget* parent = nullptr);
 
-    // Whether the user closed it with its first button.
+    // Whether the user chose the first button.
     bool isFirstButtonChosen() const { return clickedButton() == first; }
 
 private:

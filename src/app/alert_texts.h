@@ -1,8 +1,7 @@
-// The texts of the application's alerts, except those of a binding.
+// The texts of the application's alerts, except alerts about a binding.
 //
 // Thread:  the main thread.
-// Errors:  none. The cause of a failed check for updates is not shown: every failure has the same
-//          text.
+// Errors:  none. All failed checks for updates have the same text, which does not name the cause.
 #pragma once
 
 #include "app/alert.h"
@@ -14,8 +13,8 @@
 
 namespace glidemap {
 
-// The next two explain why the program did not start, for users who start it by its icon and see no
-// terminal. Another instance is running, and does not respond.
+// This text and the next one explain why the program did not start, for users who start it by its
+// icon and see no terminal. Here, another instance is running but does not respond.
 AlertText unansweredText(const Lang& lang);
 
 // The lock file cannot be opened, so a running instance cannot be detected.
@@ -29,7 +28,7 @@ AlertText noStatusBarText(const Lang& lang);
 AlertText updateOutcome(const UpdateResult& result,
                         const std::optional<std::string>& currentVersion, const Lang& lang);
 
-// Whether the first button of that alert opens the download.
+// Whether the first button of the alert for this result opens the download page.
 bool offersDownload(const UpdateResult& result);
 
 } // namespace glidemap

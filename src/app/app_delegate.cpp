@@ -15,7 +15,7 @@ namespace glidemap {
 
 namespace {
 
-// Escapes &, which Qt would show as an underlined mnemonic.
+// Escapes &, because Qt would underline the next character as a mnemonic.
 QString menuTitle(const std::string& title) {
     return QString::fromStdString(title).replace('&', "&&");
 }
@@ -43,7 +43,8 @@ void AppDelegate::applicationDidFinishLaunching() {
     ports.shell->becomeAccessory();
     setupMainMenu();
     setupStatusItem();
-    ports.trust->isTrustedWithPrompt(); // the result is not needed: each service reports a refusal
+    // the result is not needed: each service reports missing access itself
+    ports.trust->isTrustedWithPrompt();
     dispatcher();
     updateChecker->start();
     keepStatusMenuCurrent();
@@ -58,7 +59,8 @@ void AppDelegate::applicationWillTerminate() {
     if (runtime != nullptr) {
         runtime->stop();
     }
-    store->saveIfLastSaveFailed(); // after the touchpads: saving may wait for another writer
+    // last, because saving may wait for another process, and the touchpads must be released first
+    store->saveIfLastSaveFailed();
 }
 
 void AppDelegate::setupMainMenu() {
@@ -86,7 +88,7 @@ void AppDelegate::setupStatusItem() {
     statusItem->onFound = weakly(&AppDelegate::withdrawMissingStatusBar);
 }
 
-// The title is set when the menu opens.
+// Adds an item without a title. The title is set when the menu opens.
 QAction* AppDelegate::addStatusMenuItem(void (AppDelegate::*action)(), const char* keys) {
     QAction* item = statusItem->menu().addAction(QString());
     item->setShortcut(QKeySequence(keys));
@@ -102,7 +104,7 @@ std::function<void()> AppDelegate::weakly(void (AppDelegate::*method)()) {
     };
 }
 
-// Some bars read the menu long before it opens.
+// Updates the menu on each change, because some status bars read it long before it opens.
 void AppDelegate::keepStatusMenuCurrent() {
     for (Observable* shown :
          {&ports.lang->changes(), &dispatcher()->changes(), &updateChecker->changes()}) {
@@ -182,13 +184,13 @@ void AppDelegate::showResult(const UpdateResult& result) {
     alert.setWindowModality(Qt::ApplicationModal);
     alert.show();
     ports.shell->activate(alert);
-    alert.exec(); // a nested event loop: gestures and their actions keep working
+    alert.exec(); // gestures and actions keep working in this nested event loop
     if (offersDownload(result) && alert.isFirstButtonChosen()) {
         downloadUpdate();
     }
 }
 
-// The parent window of an alert.
+// Returns the parent window for an alert.
 QWidget* AppDelegate::windowForAlerts() const {
     return settingsWindow != nullptr && settingsWindow->isVisible() ? settingsWindow.get()
                                                                     : nullptr;
@@ -197,15 +199,15 @@ QWidget* AppDelegate::windowForAlerts() const {
 void AppDelegate::reportMissingStatusBar() {
     noStatusBar = std::make_unique<Alert>(noStatusBarText, *ports.lang);
     noStatusBar->setModal(false);
-    noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // not urgent
+    noStatusBar->setAttribute(Qt::WA_ShowWithoutActivating); // the alert is not urgent
     noStatusBarWaits = true;
     QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, noStatusBar.get(),
                      [this] { showNoStatusBarInFront(); });
     showNoStatusBarInFront();
 }
 
-// The user did not ask for this alert. Wayland's compositors give each new window the keyboard, so
-// behind another program the alert waits.
+// The alert waits until the program is in front, because the user did not request it and Wayland
+// compositors give each new window the keyboard focus.
 void AppDelegate::showNoStatusBarInFront() {
     if (!noStatusBarWaits) {
         return;

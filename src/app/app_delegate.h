@@ -1,14 +1,14 @@
 // Owns the services that live as long as the program, connects them on launch, and shows the status
-// item, menus, window and alerts. It decides nothing about gestures.
+// item, menus, window and alerts. It takes no part in recognising gestures or running actions.
 //
-// Each callback that it installs in another object holds the delegate weakly. Once the delegate is
-// destroyed, the callback does nothing and returns false.
+// Callbacks that the delegate installs in other objects hold it weakly. After its destruction, they
+// do nothing and return false.
 //
 // Thread:  the main thread. Its callbacks for the touch engine and the click monitor run on the
-//          threads of those, and only read members that are set on creation.
-// Owner:   the program creates one, and terminates it before releasing it.
-// Errors:  those of its services. A failed check for updates that the user requested shows an
-//          alert.
+//          threads of these objects, and only read members that are set on creation.
+// Owner:   the program creates one, and must call applicationWillTerminate() before releasing it.
+// Errors:  handled by the services. If an update check that the user requested fails, an alert says
+//          so.
 #pragma once
 
 #include "app/application_shell.h"
@@ -39,7 +39,7 @@ class Alert;
 
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 public:
-    // The services behind the settings window.
+    // The services that the settings window shows.
     struct Shown {
         std::shared_ptr<BindingStore> store;
         std::shared_ptr<GestureDispatcher> dispatcher;
@@ -58,8 +58,8 @@ public:
         std::function<std::shared_ptr<GestureDispatcher>(std::shared_ptr<BindingStore>)>
             makeDispatcher;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-        // Called once. Returns a window with title and size, centred on the screen or in its last
-        // place.
+        // Called once. Returns a window with title and size. The window is centred on the screen,
+        // or at its last position.
         std::function<std::unique_ptr<QWidget>(const Shown&)> makeSettingsWindow;
         Lang* lang = &Lang::shared();
     };
@@ -83,7 +83,7 @@ public:
     void checkForUpdates();
     void downloadUpdate();
 
-    // Called when touchpads may have been connected, or when access may have been granted.
+    // Must be called when a touchpad may have been connected, or access may have been granted.
     void devicesMayHaveChanged();
 
 private:
@@ -111,7 +111,7 @@ private:
     Ports ports;
     bool isTerminated = false;
 
-    // Constructed in this order, and destroyed in reverse.
+    // Members are destroyed in reverse order of declaration.
     std::unique_ptr<MainMenu> mainMenu;
     std::unique_ptr<StatusItem> statusItem;
     QAction* enableMenuItem = nullptr; // the status menu owns its items

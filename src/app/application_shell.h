@@ -1,8 +1,9 @@
-// Port: the program's presence on the desktop, apart from its windows.
+// Port: the program's integration with the desktop, apart from its windows.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one for the delegate.
-// Errors:  none. If the desktop does not let a program raise itself, the window stays where it is.
+// Errors:  none. If the desktop does not let a program raise its windows, activate() leaves the
+//          window where it is.
 #pragma once
 
 class QWidget;
@@ -16,18 +17,18 @@ public:
     ApplicationShell& operator=(const ApplicationShell&) = delete;
     virtual ~ApplicationShell() = default;
 
-    // Removes the program from docks and application switchers: it has only a status item.
+    // Removes the program from docks and application switchers, because it only has a status item.
     virtual void becomeAccessory() = 0;
 
-    // Raises the window above those of all other programs and gives it the keyboard focus. The
-    // window is already visible.
+    // Raises a visible window above the windows of all other programs, and gives it the keyboard
+    // focus.
     virtual void activate(QWidget& window) = 0;
 
     // Called on launch, and when gestures are switched on or off. While gestures are on, the
-    // program must react at once, even without a window.
+    // program must react without delay, even if no window is open.
     virtual void setGesturesOn(bool /*areOn*/) {}
 
-    // Ends the event loop without asking the user.
+    // Ends the event loop without asking the user for confirmation.
     virtual void terminate() = 0;
 };
 

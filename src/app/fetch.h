@@ -1,6 +1,7 @@
-// How the update checker downloads its manifest: a function, so that tests need no network.
+// The function with which the update checker downloads its manifest. Tests replace it, so they need
+// no network.
 //
-// Thread:  the main thread. `done` is called there exactly once, and never within the call itself.
+// Thread:  the main thread. `done` is called there exactly once, after the call has returned.
 // Owner:   a pending fetch keeps itself alive, even after the function is destroyed.
 // Errors:  as text, next to the data that arrived before the error.
 #pragma once
@@ -13,7 +14,7 @@ namespace glidemap {
 
 struct Fetched {
     std::string body;                          // empty if nothing arrived
-    std::optional<std::string> transportError; // unset for any HTTP status
+    std::optional<std::string> transportError; // nullopt for any HTTP status
 };
 
 using Fetch = std::function<void(const std::string& url, std::function<void(const Fetched&)> done)>;

@@ -1,4 +1,4 @@
-// glidemap-fetch URL: downloads URL and writes it to standard output. The program calls it once a
+// glidemap-fetch URL: downloads a URL and writes it to standard output. The program runs it once a
 // day; see app/fetch_program.h.
 #include "app/https_fetch.h"
 
@@ -12,9 +12,9 @@
 
 namespace {
 
-// Address space in bytes. An HTTPS fetch takes less than a fifth of it. The limit protects the
-// machine's memory, however a server's response affects the libraries. Sanitizers reserve much
-// more.
+// The maximum address space in bytes. An HTTPS fetch needs less than a fifth of it. The limit
+// protects the machine if a malicious response makes a library allocate too much memory. Builds
+// with sanitizers do not set it, because sanitizers reserve much more.
 [[maybe_unused]] constexpr rlim_t memoryLimit = 512UL * 1024 * 1024;
 
 void limitMemory() {

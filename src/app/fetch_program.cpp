@@ -12,7 +12,7 @@ namespace {
 
 using Done = std::function<void(const Fetched&)>;
 
-// One fetch, from the request to its result.
+// One fetch, from starting the helper to calling `done`.
 class Request : public QObject {
 public:
     explicit Request(Done done) : QObject(QCoreApplication::instance()), done(std::move(done)) {
@@ -21,7 +21,7 @@ public:
                 [this] { process.start(QIODevice::ReadOnly); });
         afterwards.setSingleShot(true);
         connect(&afterwards, &QTimer::timeout, this, [this] { report(); });
-        // On quit, no code waits for the result any more.
+        // When the application quits, nothing waits for the result any more.
         connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
                 [this] { delete this; });
         connect(&process, &QProcess::finished, this, [this] { finish(outcome()); });
@@ -59,7 +59,8 @@ private:
         }
     }
 
-    // Uses no member after the callback: it may show an alert, and the program may quit meanwhile.
+    // Must not use members after calling the callback: the callback may show an alert, and the
+    // program may quit meanwhile.
     void report() {
         const Done then = std::move(done);
         const Fetched what = std::move(*fetched);
@@ -85,7 +86,7 @@ Fetch fetchByProgram(std::filesystem::path program, std::chrono::milliseconds re
 std::filesystem::path installedFetchProgram() {
     const std::filesystem::path programs(QCoreApplication::applicationDirPath().toStdString());
     if (!programs.is_absolute()) {
-        return {}; // this program's path is unknown; an empty path fails to start
+        return {}; // the program's path is unknown; starting an empty path fails
     }
     return programs.parent_path() / GLIDEMAP_HELPERS / "glidemap-fetch";
 }

@@ -1,14 +1,15 @@
-// Fetches with a separate program. The libraries for HTTPS are by far the largest that a fetch
-// needs, and are used for a moment once a day. The helper process loads them only for that moment,
-// and the start of the main program does not wait for it.
+// Fetches a URL with a separate helper program. A fetch happens once a day and needs large
+// libraries for HTTPS. Only the helper process loads them, so they occupy no memory in the main
+// program and do not delay its start.
 //
-// The helper is called with the URL. It writes the body to standard output and exits with success,
-// or else writes one line about the failure to standard error. It limits its own time and the size
-// of the body.
+// The helper gets the URL as an argument. It writes the body to standard output and exits with
+// success, or writes one line about the failure to standard error and exits with failure. It limits
+// its own run time and the size of the body.
 //
-// Thread:  the main thread, during the life of the QCoreApplication. Pending fetches end with it.
-// Owner:   as Fetch says.
-// Errors:  a helper that cannot be started, or that crashes, is a transport error.
+// Thread:  the main thread, during the life of the QCoreApplication, which also ends pending
+//          fetches.
+// Owner:   see Fetch.
+// Errors:  a helper that cannot be started or that crashes counts as a transport error.
 #pragma once
 
 #include "app/fetch.h"
@@ -18,11 +19,11 @@
 
 namespace glidemap {
 
-// The helper starts after `rest`, which keeps the processor free while a window opens.
+// Starts the helper after the delay `rest`, because opening the window needs the processor first.
 Fetch fetchByProgram(std::filesystem::path program,
                      std::chrono::milliseconds rest = std::chrono::milliseconds(500));
 
-// The helper that is installed with this program.
+// Returns the path of the helper that is installed with this program.
 std::filesystem::path installedFetchProgram();
 
 } // namespace glidemap

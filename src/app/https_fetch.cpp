@@ -22,7 +22,7 @@ QNetworkRequest requestFor(const QUrl& url, const HttpsFetchSetup& setup) {
     using Request = QNetworkRequest;
     Request request(url);
     request.setHeader(Request::UserAgentHeader, "Glidemap/" GLIDEMAP_VERSION);
-    // Request no compression: a small compressed body could become very large.
+    // Disable compression: a small compressed body could expand to a very large one.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setAttribute(Request::CacheLoadControlAttribute, Request::AlwaysNetwork);
     request.setAttribute(Request::CacheSaveControlAttribute, false);
@@ -40,7 +40,8 @@ QNetworkRequest requestFor(const QUrl& url, const HttpsFetchSetup& setup) {
     return request;
 }
 
-// Qt reports an HTTP status of 400 and above as a network error, in one of these two ranges.
+// Whether the error stands for an HTTP status. Qt reports any status of 400 and above as a network
+// error in one of these two ranges.
 bool isStatus(QNetworkReply::NetworkError error) {
     return (error >= QNetworkReply::ContentAccessDenied &&
             error <= QNetworkReply::UnknownContentError) ||
@@ -48,15 +49,16 @@ bool isStatus(QNetworkReply::NetworkError error) {
             error <= QNetworkReply::UnknownServerError);
 }
 
-// Discard the body of a redirect that is not followed: it does not come from the requested address.
+// Whether the reply is a redirect that was not followed. Its body must be discarded, because it
+// does not come from the requested address.
 bool isRefusedRedirect(QNetworkReply::NetworkError error) {
     return error == QNetworkReply::InsecureRedirectError ||
            error == QNetworkReply::TooManyRedirectsError ||
            error == QNetworkReply::ProtocolUnknownError;
 }
 
-// One fetch, from the request to its result. The fetch has its own manager, because destroying the
-// manager also ends the network thread.
+// One fetch, from the request to its result. Each fetch has its own QNetworkAccessManager, because
+// destroying the manager also ends its network thread.
 class Exchange : public QObject {
 public:
     Exchange(HttpsFetchSetup setup, Done done);
@@ -86,12 +88,13 @@ private:
 
 Exchange::Exchange(HttpsFetchSetup setup, Done done)
     : setup(std::move(setup)), done(std::move(done)) {
-    // On quit, no code waits for the result any more.
+    // When the application quits, nothing waits for the result any more.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             [this] { delete this; });
 }
 
-// The first request loads all of TLS. Deferring it keeps that out of the caller's startup.
+// The first request loads the TLS libraries. The request is deferred to the event loop, so that
+// this does not delay the caller's startup.
 void Exchange::begin(const QUrl& url) {
     soon.setSingleShot(true);
     soon.callOnTimeout(this, [this, url] { ask(url); });
@@ -143,8 +146,8 @@ void Exchange::giveUp(const QString& text) {
     }
 }
 
-// Destroys the network objects first: the callback may show an alert, which can stay open for a
-// long time.
+// Destroys the network objects before calling the callback, because the callback may show an alert
+// that stays open for a long time.
 void Exchange::finish() {
     if (!done) {
         return;

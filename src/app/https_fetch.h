@@ -1,11 +1,12 @@
-// Downloads a small file over HTTPS without caching: no cookies, and no network objects remain
-// afterwards. The programs that use it do so once a day.
+// Downloads a small file over HTTPS. It uses no cookies and no cache, and frees all network objects
+// afterwards, because a program downloads only once a day.
 //
-// Follows redirects to HTTPS only. A body above the size limit is cut off and counts as a failure.
+// Follows redirects to HTTPS only. A body above the size limit is truncated and counts as a
+// failure.
 //
 // Units:   bytes.
 // Thread:  the main thread, during the life of the QCoreApplication.
-// Errors:  as Fetch says.
+// Errors:  see Fetch.
 #pragma once
 
 #include "app/fetch.h"
@@ -17,13 +18,13 @@
 namespace glidemap {
 
 struct HttpsFetchSetup {
-    // Time-out without received data; restarts with each chunk.
+    // The maximum time without received data; restarts with each chunk.
     std::chrono::milliseconds silence = std::chrono::seconds(15);
-    // Time-out for the whole transfer, so that a server cannot keep it open by sending single
-    // bytes.
+    // The maximum time for the whole transfer. Without it, a server could keep the connection open
+    // by sending single bytes.
     std::chrono::milliseconds whole = std::chrono::seconds(60);
     qint64 maxBody = 1024L * 1024;
-    // Trusted certificate authorities; empty means those of the system.
+    // The trusted certificate authorities. If empty, those of the system are trusted.
     QList<QSslCertificate> authorities = {};
 };
 

@@ -1,10 +1,8 @@
 // Parses the command line.
 //
-// Needs only the C library, so that the version and the help are printed before any other library
-// is loaded.
+// Uses only the C library, so that --version and --help work before any other library is loaded.
 //
-// Errors:  as return values; prints nothing. The program accepts no files and none of the toolkit's
-//          options.
+// Errors:  as return values; prints nothing. Files and the toolkit's options are rejected.
 #pragma once
 
 #include <span>
@@ -13,8 +11,8 @@ namespace glidemap {
 
 enum class LaunchOption { run, runVerbosely, diagnose, version, help, wrong };
 
-// Takes the arguments without the program's name. Ignores the arguments that the system adds to the
-// command line.
+// `arguments` does not contain the program's name. Arguments that the system adds to the command
+// line are ignored.
 LaunchOption launchOption(std::span<char* const> arguments);
 
 } // namespace glidemap

@@ -1,12 +1,12 @@
-// Switches launch at login on and off, and keeps the error of the last attempt.
+// Switches launch at login on and off, and stores the error of the last attempt.
 //
-// `enabled` is never the user's wish: it is read back from the system after each attempt. Only the
-// system's state `enabled` counts; an item that still waits for the user's approval is off, and is
-// no error.
+// The manager stores no state of its own: after each attempt it reads the state back from the
+// system. Only the system's state `enabled` counts as on. An item that waits for the user's
+// approval is off, but this is not an error.
 //
 // Thread:  the main thread.
-// Owner:   the settings window. The service outlives it. The state lives in the system alone.
-// Errors:  kept as text for display, in the language in which the attempt failed.
+// Owner:   the settings window. The service outlives the manager.
+// Errors:  stored as text for display, in the language in use at the time of the attempt.
 #pragma once
 
 #include "app/login_item_service.h"
@@ -26,7 +26,7 @@ public:
 
     bool enabled() const { return _enabled; }
 
-    // The error of the last attempt; nullopt if it succeeded.
+    // Returns the error of the last attempt, or nullopt if it succeeded.
     const std::optional<std::string>& lastError() const { return _lastError; }
 
     Observable& changes() { return observers; }

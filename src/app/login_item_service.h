@@ -1,7 +1,7 @@
-// Port: the system's list of programs that start with the user's session, for this program's entry.
+// Port: this program's entry in the system's list of programs that start at login.
 //
-// Thread:  the main thread. The calls may access the disk, and complete before they return.
-// Errors:  as return values: the system's own text, in the system's own language.
+// Thread:  the main thread. The calls may block on the disk.
+// Errors:  as return values: the system's error text, in the system's language.
 #pragma once
 
 #include <optional>
@@ -13,8 +13,8 @@ class LoginItemService {
 public:
     enum class Status {
         notRegistered,
-        enabled,          // the next session starts the program
-        requiresApproval, // the user has switched it off in the system settings
+        enabled,          // the program starts with the next session
+        requiresApproval, // the user has switched the item off in the system settings
         notFound,         // the registered program cannot be started
     };
 

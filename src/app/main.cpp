@@ -1,5 +1,5 @@
-// The command line. It needs only the C library, so that the version and the help appear at once;
-// runProgram() loads the rest.
+// The command line. This file uses only the C library, so that --version and --help respond
+// quickly. runProgram() loads everything else.
 #include "app/launch_options.h"
 #include "app/program.h"
 #include "platform/launch_words.h"

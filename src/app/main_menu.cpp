@@ -9,7 +9,8 @@ namespace glidemap {
 
 namespace {
 
-// Qt's text fields have slots with these names.
+// Calls a slot of the focused widget. The slots of Qt's text fields have the names of the menu's
+// commands.
 void sendToFocus(const char* command) {
     QWidget* focus = QApplication::focusWidget();
     const QByteArray signature = QMetaObject::normalizedSignature((QByteArray(command) + "()"));

@@ -1,12 +1,11 @@
-// The application's main menu. Its texts are English in every interface language.
+// The application's main menu. Its texts are in English, independent of the interface language.
 //
-// If the desktop has a global menu bar, the menu appears there. Otherwise its shortcuts work in the
-// windows in which it is installed.
+// The menu appears in the desktop's global menu bar, if there is one. Otherwise only its shortcuts
+// work, in the windows in which the menu is installed.
 //
 // Thread:  the main thread.
 // Owner:   the application's delegate.
-// Errors:  none. An editing command goes to the widget with the keyboard focus, which may ignore
-//          it.
+// Errors:  none. Editing commands are sent to the focused widget, which may ignore them.
 #pragma once
 
 #include <QAction>

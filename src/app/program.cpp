@@ -1,4 +1,4 @@
-// The wiring diagram: creates the concrete services and connects them. All other code is elsewhere.
+// Creates the concrete services and connects them. This file contains no other logic.
 #include "app/program.h"
 
 #include "app/alert.h"
@@ -30,17 +30,18 @@ namespace {
 
 constexpr const char* applicationID = "org.glidemap.Glidemap";
 
-// Desktop services that do not respond delay the exit by at most this time. Desktops and users wait
-// some seconds before they kill a program.
+// The maximum time by which unresponsive desktop services delay the exit. It is shorter than the
+// few seconds after which desktops and users kill a program.
 constexpr std::chrono::milliseconds endLimit{1500};
 
-// Qt gets only the program's name: the options are not Qt's.
+// Qt gets only the program's name as an argument, because our options would confuse its parser.
 constexpr int onlyTheName = 1;
 
-// The program's delegate. A global variable, because endInOrder() takes no argument.
+// The program's delegate; global, because endInOrder() is called without arguments.
 std::weak_ptr<AppDelegate> theDelegate;
 
-// When the connection to the display breaks, Qt exits the process. Release the touchpads even then.
+// An exit handler: when the connection to the display breaks, Qt exits the process, and the
+// touchpads must be released even then.
 void endInOrder() {
     if (const auto held = theDelegate.lock()) {
         held->applicationWillTerminate();
@@ -51,7 +52,8 @@ void complain(const std::string& message) {
     std::cerr << "glidemap: " << message << std::endl;
 }
 
-// The services may report before the delegate exists. It looks at the devices when it starts.
+// Services may send events before the delegate exists. Such events may be ignored, because the
+// delegate checks the devices when it starts.
 platform::SystemEvents systemEvents() {
     return {
         .devicesMayHaveChanged =
@@ -134,7 +136,7 @@ std::shared_ptr<GestureDispatcher> Program::makeDispatcher(std::shared_ptr<Bindi
 
 std::unique_ptr<StatusItem> Program::makeStatusItem() {
     constexpr const char* symbol = "hand.draw.fill";
-    constexpr double dimmedIcon = 0.45; // like the installed icon
+    constexpr double dimmedIcon = 0.45; // same opacity as the installed icon
     auto item = std::make_unique<StatusItem>(
         services.statusBar, [on = services.installedIcon, off = services.installedIconOff](
                                 StatusBar::Kind kind, StatusItem::Look look) {
@@ -187,7 +189,7 @@ void Program::run(SingleInstance& instance) {
 }
 
 void introduce() {
-    QApplication::setApplicationName("Glidemap"); // also the window class on X11
+    QApplication::setApplicationName("Glidemap"); // X11 also uses this name as the window class
     QApplication::setApplicationVersion(GLIDEMAP_VERSION);
     QGuiApplication::setDesktopFileName(applicationID);
     if (platform::windowsHaveIcons()) {
@@ -195,7 +197,7 @@ void introduce() {
     }
 }
 
-// The application object. The fonts are read while it connects to the display.
+// Creates the QApplication. While it connects to the display, another thread reads the font list.
 class Application {
 public:
     explicit Application(char** arguments) : object(count, arguments) {
@@ -221,7 +223,8 @@ void runFirst(SingleInstance& instance, const SingleInstance::Request& activatio
     program.run(instance);
 }
 
-// Shows the message on screen, too: a user who starts the program by its icon sees no terminal.
+// Shows the message on the screen as well as on standard error, because a user who starts the
+// program by its icon sees no terminal.
 int refuse(const char* complaint, AlertText (*text)(const Lang&),
            const SingleInstance::Request& activation, char** arguments) {
     complain(complaint);
@@ -258,7 +261,8 @@ int launch(char** arguments) {
     return EXIT_SUCCESS;
 }
 
-// Skips destructors: a thread may still wait for a bus, and would block an ordinary exit.
+// Exits without running destructors. A thread may still be waiting for a bus and would block a
+// normal exit.
 [[noreturn]] void diagnose() {
     std::cout << platform::diagnosis(GLIDEMAP_VERSION) << std::flush;
     std::_Exit(std::cout.good() ? EXIT_SUCCESS : EXIT_FAILURE);

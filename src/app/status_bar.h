@@ -1,7 +1,6 @@
-// Port: the area of the desktop that shows status items. It may appear late after login, and may
-// disappear.
+// Port: the desktop's status bar. The bar may appear long after login, and may disappear.
 //
-// Thread:  the main thread; never waits.
+// Thread:  the main thread; never blocks.
 // Owner:   the program creates one for the status item.
 // Errors:  none.
 #pragma once
@@ -14,12 +13,12 @@ class StatusBar {
 public:
     enum class Kind {
         none,
-        drawsItself, // it loads the icon by name and may read the menu at any time
-        embeds,      // it only gives the item an area to draw in
+        drawsItself, // the bar loads the icon by its name and may read the menu at any time
+        embeds,      // the bar only provides an area in which the item draws itself
         opensMenu,   // a click opens the menu, and the bar recolours the icon
     };
 
-    // Whether the item shows gestures as on.
+    // Whether the icon shows that gestures are switched on.
     enum class Look { on, off };
 
     StatusBar() = default;
@@ -32,8 +31,8 @@ public:
     // Notifies observers when kind() changes.
     virtual Observable& changes() = 0;
 
-    // Called whenever the item's icon has been set. A bar with a better drawing can replace the
-    // icon here.
+    // Called after the item's icon has been set. A bar that has its own drawing of the icon can
+    // replace it here.
     virtual void itemWasDrawn(Look /*look*/) {}
 };
 

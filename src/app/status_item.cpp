@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// The same in both languages: the program's name. Screen readers read it, too.
+// The program's name, which is the same in both languages. Screen readers read it, too.
 constexpr const char* description = "Glidemap";
 
 using Kind = StatusBar::Kind;
@@ -33,15 +33,16 @@ StatusItem::StatusItem(std::shared_ptr<StatusBar> bar, Icon icon,
 
 StatusItem::~StatusItem() = default;
 
-// In some bars a click opens the menu.
+// Handles a click on the item. In some bars, the click opens the menu instead.
 void StatusItem::choose() {
     if (kind != Kind::opensMenu && onActivate) {
         onActivate();
     }
 }
 
-// Removes all shortcuts in bars that draw the menu. Qt sends keys as signs, such as "Control" and
-// ",", but some bars accept only names ("comma"), and would show some shortcuts and omit others.
+// For bars that draw the menu themselves, removes all shortcuts. Qt describes keys by their
+// characters, such as ",", but some bars accept only key names, such as "comma". These bars would
+// show some of the shortcuts and omit others.
 void StatusItem::menuHasChanged() {
     if (kind == Kind::drawsItself) {
         for (QAction* action : statusMenu.actions()) {
@@ -68,8 +69,9 @@ void StatusItem::redraw() {
     }
 }
 
-// Created once: Qt follows a bar that disappears and comes back. The new bar may be of another
-// kind: a panel may first own the display's tray and later take items over the bus.
+// Creates the QSystemTrayIcon once. If the bar disappears and reappears, Qt adds the icon again.
+// The kind of bar can change: for example, a panel may first own the X11 tray and later show items
+// over D-Bus.
 void StatusItem::appear() {
     const Kind now = bar->kind();
     if (now == Kind::none) {
@@ -88,8 +90,8 @@ void StatusItem::appear() {
     item = std::make_unique<QSystemTrayIcon>(icon(kind, look), &statusMenu);
     item->setToolTip(description);
     item->setContextMenu(&statusMenu);
-    // A bar opens the menu by itself, usually on the other button. Most bars forward the plain
-    // click, which then does what the user most likely wants.
+    // The bar opens the menu itself, usually on a right click. Most bars forward a left click,
+    // which then runs the most common command.
     QObject::connect(item.get(), &QSystemTrayIcon::activated, item.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger) {

@@ -1,12 +1,12 @@
 // The program's item in the status bar: an icon with a menu.
 //
-// It is created as soon as a bar exists, possibly minutes after the start. Qt searches for a tray
-// only once, so the search must not come too early.
+// The item is created when a status bar exists, possibly minutes after startup. Qt searches for a
+// system tray only once, so it must not search earlier.
 //
 // Units:   the patience in milliseconds.
 // Thread:  the main thread.
 // Owner:   the application's delegate.
-// Errors:  without a bar the item is invisible, which is reported once.
+// Errors:  if there is no bar, the item is invisible, and onMissing is called once.
 #pragma once
 
 #include "app/status_bar.h"
@@ -25,11 +25,11 @@ namespace glidemap {
 
 class StatusItem {
 public:
-    // The item's icon in this kind of bar.
+    // Returns the item's icon for a kind of bar.
     using Look = StatusBar::Look;
     using Icon = std::function<QIcon(StatusBar::Kind, Look)>;
 
-    // After login, the bar may be one of the last programs to start.
+    // The time to wait for a bar. It may be one of the last programs to start after login.
     static constexpr std::chrono::milliseconds usualPatience{10000};
 
     StatusItem(std::shared_ptr<StatusBar> bar, Icon icon,
@@ -40,23 +40,23 @@ public:
 
     QMenu& menu() { return statusMenu; }
 
-    // Called when the user clicks the item itself and not its menu.
+    // Called when the user clicks the item itself, not its menu.
     std::function<void()> onActivate;
 
-    // Called if no bar has appeared in time; then onFound, if one appears later.
+    // onMissing is called if no bar appears in time. onFound is called if one appears later.
     std::function<void()> onMissing;
     std::function<void()> onFound;
 
-    // Whether the item is in a bar.
+    // Whether a bar shows the item.
     bool isShown() const { return item != nullptr; }
 
-    // Call when the menu's texts have changed. A menu is updated when it opens, but a bar that
-    // draws the menu itself reads it earlier. Such a bar must be notified of each change.
+    // Must be called after the menu's texts have changed. A menu is normally updated when it opens,
+    // but a bar that draws the menu itself reads it earlier and must be notified of each change.
     void menuHasChanged();
 
     void setLook(Look now);
 
-    // These subscriptions redraw the icon.
+    // Redraws the icon whenever `changes` sends a notification.
     void redrawOn(Observable& changes);
 
 private:

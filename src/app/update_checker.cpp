@@ -13,7 +13,7 @@ namespace glidemap {
 
 namespace {
 
-// A valid manifest counts, even if the transport reports an error.
+// A valid manifest is used even if the transport also reports an error.
 UpdateResult resultOf(const Fetched& fetched, const std::string& running) {
     if (auto version = versionInManifest(fetched.body)) {
         return isNewerVersion(*version, running) ? std::move(version) : std::nullopt;
@@ -84,7 +84,8 @@ Fetch UpdateChecker::overHttps() {
     return fetchByProgram(installedFetchProgram());
 }
 
-// A coarse timer: a minute early or late lets the system combine wake-ups.
+// With a coarse timer, the system can combine this wake-up with others. A minute early or late does
+// not matter.
 UpdateChecker::Repeat UpdateChecker::onTheMainLoop() {
     return [](std::chrono::seconds time, std::function<void()> block) {
         auto* const repeating = new QTimer(QCoreApplication::instance());

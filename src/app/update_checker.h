@@ -2,7 +2,7 @@
 //
 // Thread:  the main thread.
 // Owner:   the application's delegate. Pending checks and the daily timer hold the checker weakly.
-// Errors:  reported to the caller's completion only. A failure keeps the version known before.
+// Errors:  passed to the caller's completion only. After a failure, latestVersion() is unchanged.
 #pragma once
 
 #include "app/fetch.h"
@@ -18,28 +18,28 @@
 
 namespace glidemap {
 
-// The system's error text; not shown to the user.
+// Contains the system's error text, which is not shown to the user.
 struct UpdateError {
     enum class Kind { transport, badServerResponse };
     Kind kind = Kind::badServerResponse;
     std::string text;
 };
 
-// The newer version; nullopt if the running one is current.
+// The newer version, or nullopt if the running version is current.
 using UpdateResult = std::variant<std::optional<std::string>, UpdateError>;
 
 class UpdateChecker : public std::enable_shared_from_this<UpdateChecker> {
 public:
     using Completion = std::function<void(const UpdateResult&)>;
 
-    // Calls the block periodically on the main thread, for the rest of the program. The result
-    // refers to the timer; releasing it does not stop the timer.
+    // Calls `block` on the main thread at this interval until the program ends. The result holds
+    // the timer weakly; releasing it does not stop the timer.
     using Repeat = std::function<std::shared_ptr<const void>(std::chrono::seconds interval,
                                                              std::function<void()> block)>;
 
-    // The host, the running version, and how to fetch and repeat.
+    // The host, the running version, and the functions for downloading and for repeating.
     struct Setup {
-        std::string host = defaultHost(); // with ":port" if it is not the default port
+        std::string host = defaultHost(); // must include ":port" for a port other than the default
         std::optional<std::string> currentVersion = runningVersion();
         Fetch fetch = overHttps();
         Repeat repeat = onTheMainLoop();
@@ -52,11 +52,12 @@ public:
     UpdateChecker(const UpdateChecker&) = delete;
     UpdateChecker& operator=(const UpdateChecker&) = delete;
 
-    // Checks at once and then daily. Call once, at launch: another call creates another timer.
+    // Checks immediately and then daily. Must be called only once, at launch, because each call
+    // creates a timer.
     void start();
 
-    // Calls the completion exactly once: later, or at once if the running version is unknown. The
-    // call happens even if the checker is destroyed meanwhile.
+    // Calls the completion exactly once: immediately if the running version is unknown, otherwise
+    // later. The completion is called even if the checker is destroyed in the meantime.
     void check(Completion completion = {});
 
     const std::optional<std::string>& latestVersion() const { return _latestVersion; }
@@ -67,7 +68,7 @@ public:
     // Notifies observers when latestVersion() changes.
     Observable& changes() { return observers; }
 
-    // Whether version `version` is strictly newer than `other`.
+    // Whether `version` is strictly newer than `other`.
     static bool isNewer(std::string_view version, std::string_view other);
 
     // Set at build time.

@@ -10,8 +10,8 @@ namespace {
 
 using nlohmann::json;
 
-// Receives the values in the order of the text and builds no tree, whose size and depth an
-// untrusted host would decide.
+// Handles parser events and builds no tree. The host is untrusted and could make a tree arbitrarily
+// large and deep.
 class ManifestHandler : public nlohmann::json_sax<json> {
 public:
     std::optional<std::string> takeVersion() { return std::move(version); }
@@ -61,7 +61,7 @@ private:
     }
 
     std::size_t depth = 0;
-    bool inManifest = false; // within the outermost object
+    bool inManifest = false; // in the outermost object
     bool versionIsNext = false;
     std::optional<std::string> version;
 };
@@ -69,7 +69,7 @@ private:
 } // namespace
 
 std::optional<std::string> versionInManifest(std::string_view text) {
-    // The library takes a null character for the end of the text and ignores the rest.
+    // The library treats a null character as the end of the text and would ignore the rest.
     if (text.find('\0') != std::string_view::npos) {
         return std::nullopt;
     }

@@ -1,11 +1,11 @@
-// The update host's manifest: one JSON object, of which one key is read.
+// Parses the manifest of the update host: a JSON object, of which one key is used.
 //
 //   {"version": "1.4.2"}
 //
-// All other keys are ignored. The last value of a repeated key counts. The text is UTF-8,
-// optionally with a byte-order mark; text after the object is invalid.
+// All other keys are ignored. If a key is repeated, its last value is used. The text is UTF-8,
+// optionally with a byte-order mark. Any text after the object makes the manifest invalid.
 //
-// Memory:  the version and one token of the text, at any depth of nesting.
+// Memory:  the version and one token of the text, however deeply objects are nested.
 // Thread:  any.
 // Errors:  returns nullopt for an invalid manifest; never throws.
 #pragma once
@@ -16,7 +16,7 @@
 
 namespace glidemap {
 
-// Returns the version unchanged.
+// Returns the version exactly as it is in the text.
 std::optional<std::string> versionInManifest(std::string_view text);
 
 } // namespace glidemap

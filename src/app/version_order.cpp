@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// A leading sign belongs to the number.
+// std::from_chars() accepts a leading minus, but not a leading plus.
 std::int64_t numberIn(std::string_view piece) {
     if (piece.starts_with('+')) {
         piece.remove_prefix(1);
@@ -24,7 +24,7 @@ std::int64_t numberIn(std::string_view piece) {
     return error == std::errc() && rest == end ? number : 0;
 }
 
-// Removes the next non-empty piece and returns its number; 0 at the end.
+// Removes the next non-empty piece and returns its number, or 0 if no piece is left.
 std::int64_t takeNumber(std::string_view& version) {
     version.remove_prefix(std::min(version.find_first_not_of('.'), version.size()));
     const std::string_view piece = version.substr(0, version.find('.'));
@@ -36,13 +36,13 @@ bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-// U+0080 to U+009F are the bytes C2 80 to C2 9F.
+// Includes U+0080 to U+009F, which UTF-8 encodes as the bytes C2 80 to C2 9F.
 bool isControl(unsigned char byte, unsigned char next) {
     constexpr unsigned char remove = 0x7F;
     return byte < ' ' || byte == remove || (byte == 0xC2 && next >= 0x80 && next <= 0x9F);
 }
 
-// Versions appear in a menu and in windows.
+// Rejects versions that must not be shown in menus and windows.
 bool canBeShown(std::string_view version) {
     constexpr std::ptrdiff_t maxCharacters = 64;
     for (std::size_t place = 0; place < version.size(); ++place) {

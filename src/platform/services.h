@@ -1,10 +1,9 @@
-// The services of the operating system that the program runs on: one implementation of each port,
-// and the functions that the program calls before they exist. Each system implements these
-// functions once, and the build links one implementation. No other code in the program names a
-// system.
+// The services of the operating system: one implementation of each port, and the functions that the
+// program calls before the services exist. Each platform implements these functions, and the build
+// links one implementation. No other code in the program refers to a specific platform.
 //
 // Thread:  the main thread.
-// Owner:   the program. It makes the services once, while the application object exists, and
+// Owner:   the program. It creates the services once, while the application object exists, and
 //          destroys them after all users of their ports.
 // Errors:  as documented for each port.
 #pragma once
@@ -36,37 +35,38 @@
 
 namespace glidemap::platform {
 
-// The functions from here to `Services` need no application object.
+// The functions up to `Services` do not need the application object.
 
-// Reads the activation data that the launcher has put into the environment, and removes it from
-// there. Call it before any other thread exists: another thread may read the environment.
+// Returns the activation data that the launcher has put into the environment, and removes it from
+// the environment. Must be called before other threads exist, because they may read the
+// environment.
 SingleInstance::Request takeActivationToken();
 
-// A private folder of this user. It holds the lock of the single running instance.
+// Returns a private folder of this user, for the lock of the single running instance.
 std::filesystem::path runtimeFolder();
 
-// Whether a display is available. Qt aborts a program that connects without one.
+// Whether a display is available. Without one, Qt would abort the program when it connects.
 bool hasDisplay();
 
 // Whether to set window icons. False on macOS, where Qt would replace the bundle's Dock icon.
 bool windowsHaveIcons();
 
-// Returns the diagnosis page for a bug report. The caller must exit without running exit handlers:
-// a thread may still be waiting for a bus.
+// Returns the diagnosis page for a bug report. Afterwards, the caller must exit without exit
+// handlers, because a thread may still be waiting for a bus.
 std::string diagnosis(const std::string& version);
 
-// Hides a message bus that does not respond from Qt, which would wait for it. Call it before
+// Hides an unresponsive message bus from Qt, because Qt would wait for it. Must be called before
 // startFontScan(). The returned function restores the environment; call it after the scan.
 std::function<void()> hideSilentBus();
 
-// Starts reading the font list on its own thread. The returned function waits until the list has
-// been read; call it before measuring the first text.
+// Starts reading the font list on a thread of its own. The returned function waits for that thread;
+// call it before measuring the first text.
 std::function<void()> startFontScan();
 
-// The functions from here on need the application object.
+// The functions below need the application object.
 
 struct Services {
-    // Keeps the foundation of the services alive. It is the first member, so it is destroyed last.
+    // Keeps objects alive that the services use. This is the first member, so it is destroyed last.
     std::shared_ptr<void> foundation;
 
     // The version to show to users; nullopt if unknown.
@@ -80,19 +80,19 @@ struct Services {
     std::shared_ptr<ClickTap> clickTap;
     std::shared_ptr<KeyEventPoster> keyboard;
     std::shared_ptr<ScreenLock> screenLock;
-    std::shared_ptr<UserSession> session = nullptr; // null without user switching
+    std::shared_ptr<UserSession> session = nullptr; // null on platforms without user switching
     std::shared_ptr<LoginItemService> loginItems;
     std::shared_ptr<KeyPresses> keyPresses;
     std::shared_ptr<WindowGeometryStore> windowGeometry;
     std::shared_ptr<DesktopHelper> desktopHelper; // null if the system needs no helper
-    std::shared_ptr<SystemNotes> notes;           // null if there are no notes
+    std::shared_ptr<SystemNotes> notes;           // null if the platform provides no notes
 
     KeyboardKind keyboardKind = KeyboardKind::apple;
 
-    // Returns the folder for the bindings, which may not exist yet.
+    // Returns the folder for the bindings. The folder may not exist yet.
     std::function<std::filesystem::path()> dataFolder;
 
-    // Uses the activation data of another process that asks this one to show its window.
+    // Applies the activation data of another process that requests this process to show its window.
     std::function<void(const SingleInstance::Request&)> useActivationToken;
 
     // The icon's name in the installed icon theme, for status bars that draw the icon themselves.
@@ -100,27 +100,27 @@ struct Services {
     const char* installedIconOff = ""; // while gestures are switched off
 };
 
-// The system's notifications to the program. The services call these functions on the main thread,
-// possibly before makeServices() returns.
+// Events of the system. The services call these functions on the main thread, possibly before
+// makeServices() returns.
 struct SystemEvents {
-    // A touchpad may have appeared, or access may have been granted. The keyboard has already
-    // retried.
+    // A touchpad may have been connected, or access may have been granted. When this is called, the
+    // keyboard has already retried to open its device.
     std::function<void()> devicesMayHaveChanged;
 
-    // The user has started the running program again.
+    // The user has started the program again while it was running.
     std::function<void()> reopened;
 };
 
-// Also creates the shared touch engine and device manager. The first window uses the activation
-// data.
+// Creates the services, the shared touch engine and the device manager. `activation` is used for
+// the first window.
 Services makeServices(const std::shared_ptr<MainQueue>& mainQueue,
                       const SingleInstance::Request& activation, SystemEvents events);
 
-// The user's stored settings. Several instances may be open at a time.
+// Returns the user's stored settings. Several objects may exist at a time.
 std::shared_ptr<UserDefaults> makeUserDefaults();
 
-// The services of an alert that is shown without the rest of the program. The settings may outlive
-// the foundation, which updates them; destroy the foundation before the queue.
+// The services for an alert that is shown without the rest of the program. The foundation updates
+// `appearance`, which may outlive it. The foundation must be destroyed before the queue.
 struct AlertServices {
     std::shared_ptr<void> foundation;
     std::shared_ptr<AppearanceSettings> appearance;

@@ -1,11 +1,11 @@
-// Stores every reported application once, at a fixed address. So the frontmost application is a
-// single pointer that is read without a lock and never dangles.
+// Stores each reported application once, at a fixed address. The frontmost application can
+// therefore be a single pointer that is read without a lock and never dangles.
 //
-// The table only grows, up to a limit, because a window may change its app id endlessly.
+// The table only grows, up to a limit, because a window may change its application id endlessly.
 // Applications beyond the limit map to unknown().
 //
 // Thread:  intern() on one thread; any thread may read its results.
-// Owner:   the workspace; it lives as long as its readers.
+// Owner:   the workspace; the table must live as long as all readers of its results.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -24,7 +24,7 @@ public:
 
     const Application* intern(Application application);
 
-    // The application without a name or identifier. Never null.
+    // Returns an application without name and identifier. Never null.
     static const Application* unknown();
 
 private:

@@ -1,4 +1,4 @@
-// Joins a thread, or detaches it if called on that thread itself.
+// Joins a thread, or detaches it if the caller runs on that thread.
 //
 // Thread:  any, including the thread that ends.
 // Owner:   a detached thread must own everything that it still uses.

@@ -1,6 +1,7 @@
-// Creates the process's touch engine and device manager, on real threads and the real clock.
+// Creates the touch engine and the device manager of the process, with real threads and the real
+// clock.
 //
-// Thread:  the main thread, before the first use of either.
+// Thread:  the main thread, before the first use of the engine or the manager.
 // Errors:  none; the device manager reports a driver that cannot be loaded.
 #pragma once
 
@@ -11,8 +12,8 @@
 
 namespace glidemap {
 
-// `setUpThread` runs on each of the engine's threads with the thread's name; these threads are
-// latency-sensitive. `within` wraps each task of the threads.
+// `setUpThread` runs at the start of each engine thread and gets the thread's name. These threads
+// are latency-sensitive. `within` wraps each task of these threads.
 MultitouchDeviceManager& makeSharedEngine(TouchDriverPlatform platform,
                                           void (*setUpThread)(std::string_view name),
                                           WorkWithin within = nullptr);

@@ -19,18 +19,18 @@ using Clock = std::chrono::steady_clock;
 
 struct Waiting {
     Clock::time_point deadline;
-    std::uint64_t number = 0; // breaks ties: equal deadlines run in the order of scheduling
+    std::uint64_t number = 0; // items with equal deadlines run in the order of scheduling
     std::shared_ptr<WorkItem> item;
 };
 
-// The heap's top is the next item.
+// Puts the item that runs next on top of the heap.
 constexpr auto comesLater = [](const Waiting& a, const Waiting& b) {
     return a.deadline != b.deadline ? a.deadline > b.deadline : a.number > b.number;
 };
 
 } // namespace
 
-// Shared with the thread, which may outlive the owner until its current item returns.
+// The thread shares this state, because it may outlive the owner until the current item returns.
 struct ThreadedDelayedWork::State {
     std::function<void()> prepareThread;
     WorkWithin within = nullptr;
@@ -38,7 +38,8 @@ struct ThreadedDelayedWork::State {
     std::condition_variable changed;
     std::vector<Waiting> heap;
     std::uint64_t nextNumber = 0;
-    std::uint64_t generation = 0; // stop() starts a new one; a thread serves only its own
+    // stop() increments it; a thread runs only items of its own generation
+    std::uint64_t generation = 0;
     std::thread thread;
 
     void serve(std::uint64_t own);
@@ -57,7 +58,7 @@ void ThreadedDelayedWork::State::serve(std::uint64_t own) {
     }
 }
 
-// Waits for the next item to become due. Returns null once the generation has ended.
+// Waits until the next item is due and returns it. Returns null after stop().
 std::shared_ptr<WorkItem> ThreadedDelayedWork::State::takeDueItem(std::uint64_t own) {
     std::unique_lock lock(mutex);
     while (generation == own) {
@@ -100,7 +101,7 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
                 std::thread([shared = state, own = state->generation] { shared->serve(own); });
         }
     }
-    if (comesFirst) { // otherwise the thread already wakes up earlier
+    if (comesFirst) { // otherwise the thread wakes up earlier anyway
         state->changed.notify_one();
     }
 }
@@ -108,7 +109,9 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
 void ThreadedDelayedWork::stop() {
     std::thread thread;
     {
-        std::vector<Waiting> dropped; // destroyed outside the lock, because captures may call back
+        // destroyed after the lock is released, because destructors of captured objects may call
+        // back
+        std::vector<Waiting> dropped;
         const std::lock_guard lock(state->mutex);
         ++state->generation;
         std::swap(dropped, state->heap);

@@ -1,8 +1,8 @@
-// Runs delayed work on one thread. The first item starts the thread; it sleeps until the next
-// deadline, and never wakes up while nothing is scheduled.
+// Runs delayed work on one thread. Scheduling the first item starts the thread. The thread sleeps
+// until the next deadline, and never wakes up while nothing is scheduled.
 //
 // Thread:  any.
-// Owner:   any; it may be destroyed on any thread, including its own: the running item then
+// Owner:   any. It may be destroyed on any thread, including its own; the running item then
 //          completes.
 #pragma once
 

@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-// A FIFO whose memory doubles as needed and is kept.
+// A FIFO. Its memory doubles when it is full, and is never freed.
 class TaskRing {
 public:
     std::size_t size() const { return count; }
@@ -50,7 +50,7 @@ private:
 
 } // namespace
 
-// Shared with the thread, which may outlive the queue until its current task returns.
+// The thread shares this state, because it may outlive the queue until the current task returns.
 struct ThreadedSerialQueue::State {
     std::function<void()> prepareThread;
     WorkWithin within = nullptr;
@@ -58,10 +58,11 @@ struct ThreadedSerialQueue::State {
     std::condition_variable work;
     std::condition_variable room;
     TaskRing tasks;
-    bool isWaiting = false;       // the thread waits for tasks
-    std::uint64_t generation = 0; // stop() starts a new one; a thread serves only its own
+    bool isWaiting = false; // the thread waits for tasks
+    // stop() increments it; a thread runs only tasks of its own generation
+    std::uint64_t generation = 0;
     // The generation whose task is running. If a task stops its own queue, the queue may be used
-    // again before the task returns; the new thread waits for that.
+    // again before the task returns. The new thread then waits until that task is done.
     static constexpr std::uint64_t noGeneration = ~std::uint64_t{0};
     std::uint64_t runner = noGeneration;
     std::thread thread;
@@ -72,14 +73,14 @@ struct ThreadedSerialQueue::State {
     void leave(std::unique_lock<std::mutex> lock);
 };
 
-// Wakes the thread if at least `tasksThatWake` tasks are queued.
+// Adds a task. Wakes the thread only if at least `tasksThatWake` tasks are queued.
 void ThreadedSerialQueue::State::push(const std::shared_ptr<State>& self, Task task,
                                       std::size_t tasksThatWake) {
     std::unique_lock lock(mutex);
     const std::uint64_t current = generation;
     room.wait(lock, [&] { return generation != current || !tasks.isFull(); });
     if (generation != current) {
-        return; // stopped while waiting: drop the task like the queued ones
+        return; // stop() was called meanwhile: drop this task like the queued tasks
     }
     tasks.push(std::move(task));
     if (!thread.joinable()) {
@@ -105,7 +106,7 @@ void ThreadedSerialQueue::State::serve(std::uint64_t own) {
     }
 }
 
-// A thread of an earlier generation must not touch the state of the next one.
+// After stop(), a thread must not change the state of the next generation.
 bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     std::unique_lock lock(mutex);
     if (runner == own) {
@@ -132,7 +133,7 @@ bool ThreadedSerialQueue::State::takeTask(std::uint64_t own, Task& task) {
     return true;
 }
 
-// The next generation's thread may be waiting for this thread's last task.
+// Wakes the next generation's thread, which may be waiting until this thread's last task is done.
 void ThreadedSerialQueue::State::leave(std::unique_lock<std::mutex> lock) {
     lock.unlock();
     work.notify_all();
@@ -159,7 +160,9 @@ void ThreadedSerialQueue::defer(Task task) {
 void ThreadedSerialQueue::stop() {
     std::thread thread;
     {
-        TaskRing dropped; // destroyed outside the lock, because captures may call back
+        // destroyed after the lock is released, because destructors of captured objects may call
+        // back
+        TaskRing dropped;
         const std::lock_guard lock(state->mutex);
         ++state->generation;
         state->isWaiting = false;

@@ -1,12 +1,13 @@
-// Runs tasks in order on one thread. The first task starts the thread; it sleeps while the queue is
-// empty.
+// Runs tasks in order on one thread. The first task starts the thread. The thread sleeps while the
+// queue is empty.
 //
-// Tasks are moved into a ring under a short lock. The ring grows to a maximum; then submitters
-// block. That is safe for a driver, because the kernel buffers its events and reports an overflow.
-// A dropped report would not be safe: it could be the report in which the fingers lift.
+// Tasks are moved into a ring under a short lock. The ring grows up to a maximum. When it is full,
+// submit() and defer() block. A driver may block, because the kernel buffers its events and reports
+// an overflow. It must not drop a report, because that could be the report in which the fingers
+// lift.
 //
 // Thread:  any.
-// Owner:   any; it may be destroyed on any thread, including its own: the running task then
+// Owner:   any. It may be destroyed on any thread, including its own; the running task then
 //          completes.
 #pragma once
 
@@ -23,8 +24,8 @@ class ThreadedSerialQueue : public SerialQueue {
 public:
     static constexpr std::size_t capacity = 1024;
 
-    // Deferred tasks that wake a sleeping thread. A wake-up costs as much as thirty small tasks, and
-    // at the end of a touch that many take only some microseconds.
+    // The number of deferred tasks that wakes a sleeping thread. A wake-up costs as much as thirty
+    // small tasks. At the end of a touch, that many tasks take only a few microseconds.
     static constexpr std::size_t maxDeferred = 32;
 
     // `prepareThread` runs on the new thread before its first task, to set its name and priority.

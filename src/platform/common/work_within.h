@@ -1,7 +1,7 @@
-// A function that each platform wraps around every task of its threads, such as an autorelease
-// pool. It must call the task once and return when the task is done.
+// A function that wraps every task on the platform's threads, for example in an autorelease pool.
+// It must call the task once, and return when the task is done.
 //
-// Thread:  called on each of the threads.
+// Thread:  called on each of these threads.
 // Errors:  none.
 #pragma once
 
@@ -11,7 +11,7 @@ namespace glidemap {
 
 using WorkWithin = void (*)(const std::function<void()>& work);
 
-// Runs the work directly on platforms without a wrapper.
+// Runs the work inside the wrapper, or directly on a platform without one.
 template <typename Work>
 void performWithin(WorkWithin within, const Work& work) {
     if (within != nullptr) {

@@ -1,10 +1,10 @@
-// Owns an object from a Core Foundation function with Create or Copy in its name, and releases it
-// once.
+// Owns an object returned by a Core Foundation function with Create or Copy in its name, and
+// releases the object once.
 //
-// Thread:  any; the owned object has its own rules.
-// Owner:   one variable at a time: it can be moved and not copied.
-// Errors:  if the function failed, get() returns null. Null is never released, because CFRelease()
-//          would crash.
+// Thread:  any; the owned object may have stricter rules.
+// Owner:   a single variable: this type is movable but not copyable.
+// Errors:  if the function failed, get() returns null. Null is not released, because
+//          CFRelease(null) would crash.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,8 +1,8 @@
 // Converts between std::string and NSString. For Objective-C++ only.
 //
 // Thread:  any; a thread other than the main thread needs an autorelease pool.
-// Owner:   the autorelease pool owns the created text.
-// Errors:  returns nullopt if the object is not a text, or cannot be converted to UTF-8.
+// Owner:   the autorelease pool owns the created NSString.
+// Errors:  returns nullopt if the object is not a string, or cannot be converted to UTF-8.
 #pragma once
 
 #ifdef __OBJC__

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr int relativePriority = 0; // relative to other threads of this class
+constexpr int relativePriority = 0; // relative to other threads with this quality of service
 
 } // namespace
 

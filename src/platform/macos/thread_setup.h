@@ -1,6 +1,6 @@
 // Sets the calling thread's name and quality of service.
 //
-// Thread:  each thread for itself.
+// Thread:  any; affects the calling thread only.
 // Errors:  none. The system rejects names of more than 63 bytes.
 #pragma once
 
@@ -10,7 +10,7 @@ namespace glidemap {
 
 void nameThread(std::string_view name);
 
-// Also names the thread. Sets the user-interactive class, to keep latency low on a busy machine.
+// Sets the name, and the user-interactive class, which keeps latency low on a busy machine.
 void setUpResponsiveThread(std::string_view name);
 
 } // namespace glidemap

@@ -1,8 +1,8 @@
-// Reports when the program's first window becomes visible.
+// Notifies when the program's first window becomes visible.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the code that waits for the window.
-// Errors:  none. Without a window `seen` is not called.
+// Errors:  none. If no window appears, the function is not called.
 #pragma once
 
 #include <QObject>
@@ -12,7 +12,7 @@ namespace glidemap {
 
 class FirstExposure : public QObject {
 public:
-    // Calls the function once.
+    // `onSeen` is called once.
     explicit FirstExposure(std::function<void()> onSeen);
 
 protected:

@@ -18,7 +18,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr int maxWaiting = 30; // pending connections; further ones are refused
+constexpr int maxWaiting = 30; // pending connections; the kernel refuses more
 constexpr std::chrono::milliseconds pauseWithoutDescriptors{500};
 
 std::error_code lastError() {
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    // The callback may stop listening.
+    // The callback may stop listening, which deletes this client.
     void sendReply(const std::string& line) {
         const QPointer<Client> alive(this);
         const std::string said = listener.answer(line);
@@ -102,10 +102,10 @@ std::error_code LineListener::listen() const {
         return std::make_error_code(std::errc::filename_too_long);
     }
     socketFile.native().copy(address.sun_path, socketFile.native().size());
-    std::error_code ignored; // create_directories() reports it
+    std::error_code ignored; // bind() fails if the folder is missing
     std::filesystem::remove(socketFile, ignored);
-    // Not every system allows setting a socket's mode before bind(). No client connects before
-    // listen(), and by then the mode excludes other users.
+    // Not every system can set the mode of a socket before bind(). This is safe, because no client
+    // can connect before listen(), and the mode excludes other users by then.
     const bool listens = bind(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address),
                               sizeof address) == 0 &&
                          chmod(socketFile.c_str(), S_IRUSR | S_IWUSR) == 0 &&
@@ -116,7 +116,8 @@ std::error_code LineListener::listen() const {
 void LineListener::acceptClients() {
     OpenFile client = acceptedBy(socket);
     if (!client && (errno == EMFILE || errno == ENFILE || errno == ENOMEM || errno == ENOBUFS)) {
-        // The connection is still pending and would wake the event loop continuously.
+        // The pending connection would wake the event loop continuously, because no descriptor is
+        // left to accept it.
         arrivals.setEnabled(false);
         pause.start(pauseWithoutDescriptors);
     }
@@ -127,7 +128,8 @@ void LineListener::acceptClients() {
     (new Client(std::move(client), *this, &clients))->receive();
 }
 
-// Clients that are served, or have timed out, stay among the children until the loop deletes them.
+// Disconnects the oldest clients. Served and timed-out clients also count until the event loop
+// deletes them.
 void LineListener::makeRoom() {
     while (clients.children().size() >= static_cast<qsizetype>(maxClients)) {
         delete clients.children().front();

@@ -12,7 +12,8 @@ namespace glidemap {
 
 #ifdef __linux__
 
-// The flags are set in one call, because another thread may be forking at this moment.
+// Sets the flags in the call that creates the descriptor. With a separate call, a process forked by
+// another thread in between would inherit the descriptor.
 
 OpenFile localSocket() {
     return OpenFile(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));

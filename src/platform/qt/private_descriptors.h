@@ -15,19 +15,19 @@
 
 namespace glidemap {
 
-// An unconnected Unix stream socket, for bind() or connect().
+// Returns an unconnected Unix stream socket, for bind() or connect().
 OpenFile localSocket();
 
-// The next pending connection.
+// Accepts the next pending connection.
 OpenFile acceptedBy(const OpenFile& socket);
 
-// The user id of the peer process. Nullopt if the system does not report it.
+// Returns the user id of the peer process, or nullopt if the system does not report it.
 std::optional<uid_t> userAtOtherEnd(const OpenFile& socket);
 
-// Returns whether all of the text was sent. A closed peer raises no SIGPIPE.
+// Returns whether the whole text was sent. A peer that has closed the connection causes no SIGPIPE.
 bool sendAll(const OpenFile& socket, std::string_view text);
 
-// Sets the read end first, then the write end.
+// ends[0] becomes the read end, ends[1] the write end.
 bool makePipe(std::array<int, 2>& ends);
 
 } // namespace glidemap

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// Holds the task itself, because tasks need not be copyable.
+// The event owns its task, because tasks may be move-only.
 class TaskEvent : public QEvent {
 public:
     explicit TaskEvent(Task task) : QEvent(kind()), task(std::move(task)) {}
@@ -32,7 +32,8 @@ public:
                 [this] { stopListening(); });
     }
 
-    // Qt delivers events of equal priority in the order of posting.
+    // Preserves the order of tasks, because Qt delivers events of equal priority in the order of
+    // posting.
     void post(Task task) {
         if (listening) {
             QCoreApplication::postEvent(this, new TaskEvent(std::move(task)));

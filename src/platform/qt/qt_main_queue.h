@@ -1,10 +1,10 @@
 // Runs tasks on the main thread from Qt's event loop.
 //
-// When the application's loop ends for good, pending tasks are destroyed without running, and so
-// are later ones: the services are being destroyed then.
+// When the application quits, pending tasks are destroyed without running. Tasks submitted later
+// are destroyed, too, because the services are shutting down.
 //
 // Thread:  created and destroyed on the main thread, within the application object's life.
-// Owner:   the program; all submitters are destroyed before it.
+// Owner:   the program; all submitters are destroyed before the queue.
 // Errors:  none.
 #pragma once
 

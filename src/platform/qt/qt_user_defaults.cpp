@@ -25,7 +25,7 @@ QtUserDefaults::QtUserDefaults(const std::filesystem::path& file)
 
 QtUserDefaults::~QtUserDefaults() = default;
 
-// A value that Qt does not read as text was not written by this class.
+// This class writes only values that Qt reads back as text, so any other value is foreign.
 std::optional<std::string> QtUserDefaults::string(std::string_view key) const {
     const QVariant value = settings->value(text(key));
     if (value.typeId() != QMetaType::QString) {

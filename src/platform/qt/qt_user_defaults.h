@@ -1,12 +1,12 @@
-// Stores the user's settings in an INI file, which is written after each change, so that a crash
-// loses nothing.
+// Stores the user's settings in an INI file. The file is written after each change, so that a crash
+// loses no setting.
 //
-// A value reads the same before and after a restart: the file stores only text, and a boolean is
-// exactly `true` or `false`. Other values, such as a manually written 1 or TRUE, are no booleans.
+// A value reads the same before and after a restart. The file stores only text, and booleans are
+// stored as `true` or `false`. Other values, such as 1 or TRUE written by hand, are not booleans.
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program; one instance per file.
-// Errors:  none. An unreadable value is absent; a value that cannot be written lasts until the
+// Errors:  none. An unreadable value is absent. A value that cannot be written is lost when the
 //          program exits.
 #pragma once
 
@@ -21,7 +21,7 @@ namespace glidemap {
 
 class QtUserDefaults : public UserDefaults {
 public:
-    // glidemap/glidemap.ini in the user's configuration folder.
+    // Returns the path of glidemap/glidemap.ini in the user's configuration folder.
     static std::filesystem::path standardFile();
 
     explicit QtUserDefaults(const std::filesystem::path& file = standardFile());

@@ -1,9 +1,9 @@
-// Stores the window's geometry in a separate file, because it is not a setting and its loss is
+// Stores the window's geometry in a file of its own. It is not a setting, and losing it is
 // harmless.
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program.
-// Errors:  none; see the port.
+// Errors:  none; see WindowGeometryStore.
 #pragma once
 
 #include "ui/settings/window_geometry_store.h"

@@ -8,7 +8,8 @@
 
 namespace glidemap {
 
-// By default Qt asks every window to close and cancels the end if a window refuses.
+// Handles Qt's quit event. By default, Qt asks every window to close, and a window could cancel the
+// end of the session.
 class SessionEnd::Listener : public QObject {
 public:
     explicit Listener(std::function<void()> onRequest) : onRequest(std::move(onRequest)) {

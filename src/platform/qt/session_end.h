@@ -1,6 +1,6 @@
-// Ends the program when the session manager ends the session, or when Qt receives another request
-// to quit. The user is not asked, and session managers are asked not to restart the program:
-// starting at login is the user's choice.
+// Ends the program when the session ends, or when Qt receives another request to quit. It does not
+// ask the user for confirmation. It requests the session manager not to restart the program in the
+// next session, because the user decides in the settings whether the program starts at login.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.

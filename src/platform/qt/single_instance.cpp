@@ -31,12 +31,13 @@ constexpr const char* lockName = "glidemap.lock";
 constexpr const char* socketName = "glidemap.socket";
 constexpr const char* privateName = "glidemap";
 
-// A request is one line with two fields, either of which may be empty. No desktop sends fields that
-// exceed the limit.
+// A request is one line with two fields, which may be empty. The limit is larger than the
+// activation data of any desktop.
 constexpr char separator = '\t';
 constexpr std::size_t maxRequest = 4096;
 
-// The retry interval while the other process starts or ends: it holds the lock but has no socket.
+// The retry interval while the other process is starting or exiting, when it holds the lock but
+// does not listen on its socket.
 constexpr int attemptMilliseconds = 20;
 
 int millisecondsUntil(Clock::time_point deadline) {
@@ -75,9 +76,10 @@ bool isClosedToOthers(const OpenFile& file) {
     return fstat(file.descriptor(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
 
-// Opens the folder, or the private folder inside it, and sets `path` to the one that is open.
+// Opens the folder if it is private, otherwise the private folder inside it. Sets `path` to the
+// opened folder.
 OpenFile privateFolder(std::filesystem::path& path) {
-    std::error_code ignored; // opening the folder reports it
+    std::error_code ignored; // the following open() reports errors
     std::filesystem::create_directories(path.parent_path(), ignored);
     mkdir(path.c_str(), S_IRWXU);
     OpenFile folder(open(path.c_str(), folderFlags));
@@ -96,7 +98,7 @@ OpenFile privateFolder(std::filesystem::path& path) {
     return within;
 }
 
-// Rejects links, because connect() would follow them.
+// Returns false for symbolic links, because connect() would follow them.
 bool isOurSocket(const std::filesystem::path& file) {
     struct stat status = {};
     return lstat(file.c_str(), &status) == 0 && S_ISSOCK(status.st_mode) &&
@@ -118,7 +120,8 @@ bool connectTo(int socket, const std::filesystem::path& file) {
 
 enum class Reply { given, none, unreachable };
 
-// If the other process disconnects without a reply, it is exiting.
+// Waits for the other process to reply. A disconnect without a reply means that this process is
+// exiting.
 Reply replyOn(int socket, Clock::time_point deadline) {
     std::string received;
     while (received.size() < answer.size()) {
@@ -137,10 +140,12 @@ Reply replyOn(int socket, Clock::time_point deadline) {
     return received == answer ? Reply::given : Reply::none;
 }
 
-// Checks the peer first: the activation token is only for a process of this user.
+// Sends a request to the first instance. The peer's user id is checked before sending, because the
+// activation token is only for processes of this user.
 Reply ask(const std::filesystem::path& socketFile, const SingleInstance::Request& request,
           Clock::time_point deadline) {
-    // Non-blocking: connect() must not wait for a process that no longer accepts connections.
+    // The socket is non-blocking, so that connect() does not wait for a process that no longer
+    // accepts connections.
     const OpenFile client = localSocket();
     if (!connectTo(client.descriptor(), socketFile) || userAtOtherEnd(client) != geteuid() ||
         !sendAll(client, line(request))) {
@@ -159,7 +164,8 @@ SingleInstance::SingleInstance(const std::filesystem::path& folderForBoth) {
 
 SingleInstance::~SingleInstance() = default;
 
-// If a link or a pipe has the lock file's name, removes it: only this user can have created it.
+// Opens the lock file. If it is a link or a pipe, removes it first: the folder is private, so only
+// this user can have created it.
 bool SingleInstance::openLock() {
     constexpr int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const auto attempt = [this] {
@@ -174,7 +180,8 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     if (!folder || !openLock()) {
         return Claim::impossible;
     }
-    fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR); // a sticky file survives clean-up jobs
+    // clean-up jobs do not delete files with the sticky bit
+    fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR);
     const auto deadline = Clock::now() + patience;
     do {
         if (flock(lock.descriptor(), LOCK_EX | LOCK_NB) == 0) {
@@ -189,7 +196,8 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     return Claim::unanswered;
 }
 
-// An existing socket belongs to a killed process: the lock proves that no process listens on it.
+// Replaces an existing socket file. A killed process left it behind: this process holds the lock,
+// so no other process listens on it.
 std::optional<std::string> SingleInstance::listen(std::function<void(const Request&)> onRequest) {
     listener = std::make_unique<LineListener>(
         socketFile, maxRequest, [onRequest = std::move(onRequest)](const std::string& line) {

@@ -17,14 +17,14 @@ namespace glidemap {
 
 namespace {
 
-// A session that ends may send SIGHUP before SIGTERM.
+// SIGHUP is included, because the end of a session may send it before SIGTERM.
 constexpr std::array<int, 3> endings{SIGTERM, SIGINT, SIGHUP};
 
-// The pipe's write end, for the handler, which may interrupt any code.
+// The write end of the pipe. It is atomic, because the signal handler may interrupt any code.
 std::atomic<int> wordEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-// The limit for the shutdown, in milliseconds; 0 means no limit.
+// The maximum time for the shutdown in milliseconds; 0 means no limit.
 std::atomic<long> endLimit = 0;
 static_assert(std::atomic<long>::is_always_lock_free);
 
@@ -32,7 +32,7 @@ void endNow(int /*signal*/) {
     _exit(EXIT_SUCCESS);
 }
 
-// A kernel timer, which also ends a program whose threads are all blocked.
+// Starts a kernel timer, which ends the process even if all its threads are blocked.
 void startEndLimit() {
     const long milliseconds = endLimit;
     if (milliseconds > 0) {
@@ -52,8 +52,8 @@ void leaveWord(int /*signal*/) {
     errno = before;
 }
 
-// A handler instead of a signal descriptor: that requires a blocked signal, and launched programs
-// would inherit the blocked state.
+// Uses a signal handler, not a signalfd. A signalfd needs the signal to be blocked, and launched
+// programs would inherit the blocked state.
 void install(int signal, struct sigaction* before) {
     struct sigaction action = {};
     action.sa_handler = leaveWord;

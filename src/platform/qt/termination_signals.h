@@ -1,16 +1,18 @@
 // Calls a function from the event loop on SIGTERM, SIGINT and SIGHUP, so that the program shuts
-// down in order: it releases its grabs and its keys.
+// down in order and releases its grabs and keys.
 //
-// With a limit, the program exits that long after the first signal or after limitEnd(), even if it
-// is blocked: a service of the desktop may never respond. It then exits with success.
+// With a limit, the process exits at the latest that long after the first signal or after
+// limitEnd(), even if a desktop service never responds and blocks it. The exit status is then
+// success.
 //
-// A second signal of the same kind ends the program at once, in case the shutdown hangs; the kernel
-// then releases grabs and removes virtual devices. A signal that was ignored when the program
-// started stays ignored.
+// A second signal of the same kind ends the process immediately, in case the shutdown hangs. The
+// kernel then releases grabs and removes virtual devices. A signal that was ignored when the
+// program started stays ignored.
 //
 // Thread:  the main thread, with its event loop.
-// Owner:   the program. The destructor restores the previous handlers, but a running limit stays.
-// Errors:  none; if a handler cannot be installed, the signals end the program at once.
+// Owner:   the program. The destructor restores the previous handlers, but a running limit stays in
+//          force.
+// Errors:  none; if a handler cannot be installed, the signal ends the process immediately.
 #pragma once
 
 #include <chrono>
@@ -30,7 +32,7 @@ public:
     TerminationSignals& operator=(const TerminationSignals&) = delete;
     ~TerminationSignals();
 
-    // For a shutdown without a signal.
+    // Starts the limit for a shutdown that was not caused by a signal.
     void limitEnd() const;
 
 private:

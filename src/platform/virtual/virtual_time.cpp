@@ -17,7 +17,7 @@ public:
     double now = 0;
 };
 
-// Tasks in the order of submission; their memory is reused.
+// Tasks in the order of submission. Their memory is reused.
 class VirtualTime::Tasks {
 public:
     void add(Task task) { tasks.push_back(std::move(task)); }
@@ -27,11 +27,12 @@ public:
         next = 0;
     }
 
-    // Also runs tasks that tasks add. Returns false if there were none.
+    // Runs all tasks, including tasks that are added meanwhile. Returns false if there were none.
     bool run() {
         const bool anyWaits = next < tasks.size();
         while (next < tasks.size()) {
-            // Moved out first: the task may submit others, which may reallocate the storage.
+            // Moved out of the vector, because a task may submit others, and the vector may
+            // reallocate.
             Task task = std::move(tasks[next]);
             ++next;
             task();
@@ -84,7 +85,7 @@ public:
 private:
     std::shared_ptr<const Clock> clock;
     std::multimap<double, std::shared_ptr<WorkItem>>
-        items; // items with equal deadlines keep the order of insertion
+        items; // a multimap keeps the insertion order of items with equal deadlines
 };
 
 VirtualTime::VirtualTime()
@@ -113,7 +114,8 @@ double VirtualTime::nextDeadline() const {
     return _delayedWork->nextDeadline();
 }
 
-// A task that advances the time does not run later tasks: they run after it returns.
+// Does nothing if called by a running task, for example through advanceTo(). Tasks submitted
+// meanwhile run after that task returns.
 void VirtualTime::runSubmitted() {
     if (isRunning) {
         return;

@@ -1,6 +1,7 @@
-// A virtual clock with a serial queue, a main queue and delayed work that advance only on request.
+// A virtual clock with a serial queue, a main queue and delayed work. All of them advance only on
+// request.
 //
-// The code that plays records (a test, the replay tool) drives the time. For each record:
+// The code that plays records (a test or the replay tool) advances the time. For each record:
 //
 //   time.advanceTo(t);     runs delayed items due by then, each with the clock at its deadline
 //   push the record        tasks that it submits stay in the queues
@@ -8,11 +9,12 @@
 //
 // After the last record: time.runRemaining().
 //
-// Units:   seconds of the records. The uptime is that time plus 1000 s, so that a recording may
-//          start at 0 without its first gesture being close to the system's start. Deadlines are
-//          kept in the records' time: adding 1000 s first would lose precision.
+// Units:   seconds in the time of the records. The uptime is that time plus 1000 s, so that a
+//          recording may start at 0 without appearing to start right after boot. Deadlines are
+//          stored in the time of the records, because adding 1000 s would lose precision.
 // Thread:  one, for everything.
-// Owner:   the driver of the time; the engine shares the ports, and they may outlive this object.
+// Owner:   the code that advances the time. The engine shares the ports, which may outlive this
+//          object.
 // Errors:  none; a time that is not a number leaves the clock unchanged.
 #pragma once
 
@@ -40,21 +42,22 @@ public:
     std::shared_ptr<DelayedWork> delayedWork() const;
 
     // Runs the submitted tasks, then each delayed item with a deadline at or before `time`,
-    // including items that other items schedule. Items run in the order of their deadlines; equal
-    // deadlines run in the order of scheduling. The clock is then at `time`, even if that is
-    // earlier than before: a record may contain such a time, and no item waits for it.
+    // including items that other items schedule. Items run in the order of their deadlines; items
+    // with equal deadlines run in the order of scheduling. Then sets the clock to `time`, even if
+    // that is earlier than before: a record may contain such a time.
     void advanceTo(double time);
 
-    // Runs the tasks on the serial queue, then those on the main queue, until both are empty.
+    // Runs the tasks in the serial queue, then those in the main queue, until both queues are
+    // empty.
     void runSubmitted();
 
-    // Runs all remaining delayed items, as advanceTo() would, and leaves the clock at the last
+    // Runs all remaining delayed items as advanceTo() does, and leaves the clock at the last
     // deadline.
     void runRemaining();
 
     double now() const;
 
-    // When the next delayed item is due; infinity if none is scheduled.
+    // Returns the time at which the next delayed item is due, or infinity if none is scheduled.
     double nextDeadline() const;
 
 private:

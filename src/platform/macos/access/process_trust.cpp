@@ -16,7 +16,8 @@ bool ProcessTrust::isTrustedWithPrompt() {
     if (std::exchange(hasPrompted, true)) {
         return isTrusted();
     }
-    const void* key = kAXTrustedCheckOptionPrompt; // "AXTrustedCheckOptionPrompt"
+    // the constant's value is "AXTrustedCheckOptionPrompt"
+    const void* key = kAXTrustedCheckOptionPrompt;
     const void* value = kCFBooleanTrue;
     const Owned<CFDictionaryRef> options(CFDictionaryCreate(kCFAllocatorDefault, &key, &value, 1,
                                                             &kCFTypeDictionaryKeyCallBacks,

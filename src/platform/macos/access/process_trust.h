@@ -1,5 +1,5 @@
-// Checks whether the user allows this process to use the accessibility services, which posting keys
-// and swallowing clicks require.
+// Checks whether the user allows this process to use the accessibility services. Posting keys and
+// swallowing clicks require them.
 //
 // Thread:  the main thread.
 // Owner:   the program.
@@ -14,7 +14,7 @@ class ProcessTrust : public AccessibilityTrust {
 public:
     bool isTrusted() override;
 
-    // The system shows its prompt, which links to its settings.
+    // Also makes the system show a prompt that links to the system settings.
     bool isTrustedWithPrompt() override;
 
 private:

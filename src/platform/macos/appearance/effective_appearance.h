@@ -1,8 +1,8 @@
-// Observes changes of the application's effective appearance. For Objective-C++ only.
+// Calls a function when the application's effective appearance changes. For Objective-C++ only.
 //
-// Thread:  the main thread, where the system changes it.
-// Owner:   the observer; destroy it before the objects that the callback uses.
-// Errors:  none; without an application object nothing changes.
+// Thread:  the main thread, on which the system changes the appearance.
+// Owner:   the owner of the objects that the callback uses; destroy this object before them.
+// Errors:  none; without an application object there are no calls.
 #pragma once
 
 #ifdef __OBJC__

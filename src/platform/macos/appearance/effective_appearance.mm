@@ -6,7 +6,8 @@ namespace {
 
 NSString* const key = @"effectiveAppearance";
 
-// Only the address is used: it distinguishes our observation from one of a superclass.
+// The address of this variable distinguishes our observation from an observation by a superclass.
+// Its value is not used.
 int ownObservation;
 
 } // namespace
@@ -48,7 +49,7 @@ EffectiveAppearance::EffectiveAppearance(std::function<void()> function)
                      context:&ownObservation];
 }
 
-// AppKit does not retain observers.
+// AppKit does not retain observers, so the observation must end before the observer is released.
 EffectiveAppearance::~EffectiveAppearance() {
     [application removeObserver:observer forKeyPath:key context:&ownObservation];
     [observer release];

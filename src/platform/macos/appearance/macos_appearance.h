@@ -1,4 +1,4 @@
-// Follows the user's appearance settings in the system settings.
+// Provides the user's appearance settings from the system settings, and follows their changes.
 //
 // Thread:  the main thread.
 // Owner:   the program; create it after the application object. The system makes no calls after its

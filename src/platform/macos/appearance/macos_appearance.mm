@@ -7,7 +7,7 @@ namespace glidemap {
 
 namespace {
 
-// A high-contrast appearance matches the light or dark one that it derives from.
+// A high-contrast appearance counts as the light or dark appearance from which it derives.
 std::optional<ColorScheme> schemeOf(NSAppearance* appearance) {
     NSArray* const both =
         [NSArray arrayWithObjects:NSAppearanceNameAqua, NSAppearanceNameDarkAqua, nil];
@@ -45,8 +45,8 @@ MacosAppearance::Values MacosAppearance::read() {
             [[NSWorkspace sharedWorkspace] accessibilityDisplayShouldReduceMotion] != NO};
 }
 
-// The notification covers all display options, and the effective appearance covers more than
-// colours.
+// Compares the values, because the system also notifies about other display options and about other
+// parts of the appearance.
 void MacosAppearance::readAgain() {
     const Values now = read();
     if (now == values) {

@@ -1,7 +1,7 @@
-// Finds the user's Application Support folder.
+// Returns the path of the user's Application Support folder.
 //
-// Thread:  the main thread; the system may find it without reading the disk.
-// Errors:  returns nullopt; the caller decides how to run without the folder.
+// Thread:  the main thread; the system may determine the path without reading the disk.
+// Errors:  returns nullopt if the system reports no such folder; the caller decides what to do.
 #pragma once
 
 #include <filesystem>
@@ -9,7 +9,7 @@
 
 namespace glidemap {
 
-// All programs share this folder; it may not exist yet.
+// All programs share this folder. It may not exist yet.
 std::optional<std::filesystem::path> applicationSupportFolder();
 
 } // namespace glidemap

@@ -21,7 +21,7 @@ std::optional<std::filesystem::path> firstFolder() {
 
 } // namespace
 
-// Needs its own pool, because the program also calls this before it has an application object.
+// Needs a pool of its own, because the program calls this before it has an application object.
 std::optional<std::filesystem::path> applicationSupportFolder() {
     std::optional<std::filesystem::path> folder;
     withinAutoreleasePool([&folder] { folder = firstFolder(); });

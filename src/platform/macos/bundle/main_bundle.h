@@ -9,10 +9,10 @@
 
 namespace glidemap {
 
-// The version for users, such as 1.4.2.
+// Returns the version for users, such as 1.4.2.
 std::optional<std::string> bundleShortVersion();
 
-// The path of the executable, even without a bundle. Needs no application object.
+// Returns the path of the executable, even without a bundle. Does not need the application object.
 std::optional<std::string> programPath();
 
 } // namespace glidemap

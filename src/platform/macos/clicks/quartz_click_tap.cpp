@@ -41,7 +41,7 @@ bool hasButton(ClickEventType type) {
     case ClickEventType::rightMouseUp:
         return true;
     default:
-        return false; // a notification to the tap may come without an event
+        return false; // notifications about the tap itself may come without an event
     }
 }
 
@@ -66,8 +66,8 @@ QuartzClickTap::~QuartzClickTap() {
     remove();
 }
 
-// The tap delivers no event before its source is in the run loop, so it need not be disabled until
-// then.
+// The tap starts enabled. This is safe, because it delivers no events until its source is added to
+// the run loop.
 bool QuartzClickTap::create(Callback callback) {
     decide = std::move(callback);
     Owned<CFMachPortRef> made(CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
@@ -92,8 +92,8 @@ void QuartzClickTap::setEnabled(bool enabled) {
     }
 }
 
-// The port and its source retain each other until the port is invalidated; until then the tap would
-// stay in the event stream.
+// Invalidates the port, because the port and its source retain each other until then, and the tap
+// would stay in the event stream.
 void QuartzClickTap::remove() {
     if (source) {
         CFRunLoopRemoveSource(CFRunLoopGetMain(), source.get(), kCFRunLoopCommonModes);

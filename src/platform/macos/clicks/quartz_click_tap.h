@@ -1,13 +1,14 @@
-// Taps the session's mouse events before every other tap, and can swallow clicks.
+// An event tap that receives the session's mouse events before all other taps and can swallow
+// clicks.
 //
-// The system calls it on the main run loop in the common modes. So it also sees clicks while a menu
-// or an alert is open. Watching costs almost nothing, so the tap is never paused.
+// The system calls the tap on the main run loop in the common modes, so it also receives clicks
+// while a menu or an alert is open. Watching costs almost nothing, so the tap is never paused.
 //
 // Units:   button numbers of Core Graphics: 0 left, 1 right.
-// Thread:  the main thread, for its calls and for the callback.
+// Thread:  the main thread, for calls and for the callback.
 // Owner:   the program creates one for the click monitor. The system makes no calls after its
 //          destruction.
-// Errors:  as return values; without permission the system creates no tap.
+// Errors:  as return values; without permission, the system creates no tap.
 #pragma once
 
 #include "dispatch/click_tap.h"

@@ -17,7 +17,7 @@ Owned<CFStringRef> made(std::string_view text) {
         static_cast<CFIndex>(text.size()), kCFStringEncodingUTF8, withoutMark));
 }
 
-// Nullopt if the text cannot be converted to UTF-8.
+// Returns nullopt if the text cannot be converted to UTF-8.
 std::optional<std::string> textOf(CFStringRef string) {
     const CFIndex most =
         CFStringGetMaximumSizeForEncoding(CFStringGetLength(string), kCFStringEncodingUTF8) + 1;
@@ -29,7 +29,7 @@ std::optional<std::string> textOf(CFStringRef string) {
     return text;
 }
 
-// Null if the value is of another type.
+// Returns null if the value is missing or has another type.
 Owned<CFPropertyListRef> stored(std::string_view key, CFTypeID kind) {
     const Owned<CFStringRef> name = made(key);
     if (!name) {
@@ -43,7 +43,7 @@ Owned<CFPropertyListRef> stored(std::string_view key, CFTypeID kind) {
     return value;
 }
 
-// Synchronizes at once, so that a crash loses nothing.
+// Synchronizes immediately, so that a crash loses no setting.
 void store(std::string_view key, CFPropertyListRef value) {
     const Owned<CFStringRef> name = made(key);
     if (name && value != nullptr) {

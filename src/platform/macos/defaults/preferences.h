@@ -1,9 +1,9 @@
-// Stores the user's settings in the system's preferences of this application, which the `defaults`
-// command reads: for a bundle, under its identifier.
+// Stores the user's settings in the preferences of this application, which the `defaults` command
+// can also read and write. The domain of a bundle is its identifier.
 //
 // Thread:  the main thread; writing may block on the disk.
 // Owner:   the program. All instances share one store and see each other's changes.
-// Errors:  none. A value of another type is absent; a value that cannot be written lasts until the
+// Errors:  none. A value of another type is absent. A value that cannot be written is lost when the
 //          program exits.
 #pragma once
 

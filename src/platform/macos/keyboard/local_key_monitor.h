@@ -1,14 +1,14 @@
-// Receives the key presses of the program before its windows do, and swallows some of them.
+// Receives the program's key presses before its windows do, and swallows some of them.
 //
-// The system reports presses and repeats to a monitor, but no releases. The repeats of a swallowed
-// press are swallowed, too, even after stop(): otherwise holding Return too long would press the
-// default button. Only the key pressed last repeats, so the next press of any key ends this, and is
-// delivered normally.
+// The system reports presses and auto-repeats to a monitor, but no releases. The auto-repeats of a
+// swallowed press are swallowed, too, even after stop(). Otherwise a Return that is held too long
+// would press the default button. Only the key pressed last repeats, so the next press of any key
+// ends the swallowing, and is delivered normally.
 //
 // Units:   virtual key codes, and AppKit's device-independent modifier flags.
-// Thread:  the main thread, which the system also calls on.
-// Owner:   the shortcut recorder. The callback may destroy it; the system makes no calls after its
-//          destruction.
+// Thread:  the main thread, for calls and for callbacks.
+// Owner:   the shortcut recorder. The callback may destroy the monitor; the system makes no calls
+//          after its destruction.
 // Errors:  none. If the system creates no monitor, no press is reported.
 #pragma once
 

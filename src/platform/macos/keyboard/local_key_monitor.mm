@@ -15,14 +15,14 @@ public:
 private:
     void install();
 
-    // The event, for the next receiver, or nil if it is swallowed.
+    // Returns the event if the next receiver may have it, or nil to swallow it.
     NSEvent* passedOn(NSEvent* event);
     NSEvent* repeated(NSEvent* event) const;
     void take(NSEvent* event);
 
     std::function<void(const Press&)> notify; // empty while stopped
     std::optional<std::uint16_t> taken;       // the key whose repeats are swallowed
-    id installed = nil;                       // owned by the system, until it is removed
+    id installed = nil;                       // owned by the system until it is removed
 };
 
 LocalKeyMonitor::LocalKeyMonitor() : monitor(std::make_shared<Monitor>()) {}
@@ -57,7 +57,7 @@ void LocalKeyMonitor::Monitor::stop() {
     }
 }
 
-// Removing a monitor twice would release it twice.
+// Clears the pointer, because removing a monitor twice would release it twice.
 void LocalKeyMonitor::Monitor::remove() {
     notify = nullptr;
     taken.reset();
@@ -68,8 +68,8 @@ void LocalKeyMonitor::Monitor::remove() {
 
 void LocalKeyMonitor::Monitor::install() {
     const std::weak_ptr<Monitor> weakly = weak_from_this();
-    // Removing a monitor releases its block, possibly while the block runs, so the block does not
-    // use its captures after the call.
+    // Removing a monitor releases its block, possibly while the block runs. Therefore, the block
+    // must not use its captures after the call.
     installed = [NSEvent addLocalMonitorForEventsMatchingMask:NSEventMaskKeyDown
                                                       handler:^NSEvent*(NSEvent* event) {
                                                         const auto held = weakly.lock();
@@ -89,8 +89,8 @@ NSEvent* LocalKeyMonitor::Monitor::passedOn(NSEvent* event) {
     return nil;
 }
 
-// While recording, also swallows repeats of a key pressed earlier: the user may still hold the key
-// that started the recording.
+// While recording, swallows all auto-repeats, because the user may still hold the key that started
+// the recording.
 NSEvent* LocalKeyMonitor::Monitor::repeated(NSEvent* event) const {
     return notify || taken == [event keyCode] ? nil : event;
 }

@@ -1,13 +1,13 @@
-// Types with events that enter the system at the same point as those of the keyboard.
+// Posts key events at the point where the events of the hardware keyboard enter the system.
 //
-// Each event carries only its own flags: held modifiers are not added, and no event of a modifier
-// key is sent.
+// Each event has exactly the requested modifier flags: modifiers that the user holds are not added,
+// and no events of modifier keys are sent.
 //
 // Units:   virtual key codes, and the flags of Core Graphics.
 // Thread:  the main thread.
 // Owner:   the program creates one for the action runner.
-// Errors:  none. If the system cannot create one of the events, for example without permission,
-//          none is posted: half a key press would leave the key down.
+// Errors:  none. If the system cannot create one of the events, for example without permission, no
+//          event is posted, because a press without its release would leave the key down.
 #pragma once
 
 #include "dispatch/key_event_poster.h"

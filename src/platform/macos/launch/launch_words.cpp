@@ -6,11 +6,11 @@ namespace glidemap {
 
 namespace {
 
-// Older systems pass the process number to a program that the Finder starts.
+// Older systems pass an argument with the process number to programs started from the Finder.
 constexpr std::string_view processNumber = "-psn_";
 
-// The prefix of settings for one launch, such as its language. The system itself reads them from
-// the command line.
+// The prefix of settings for a single launch, such as the language. The system itself reads them
+// from the command line.
 constexpr std::string_view systemSetting = "-Apple";
 
 bool isValue(std::string_view argument) {

@@ -1,4 +1,4 @@
-// The implementation of platform/services.h on macOS.
+// Implements platform/services.h for macOS.
 #include "platform/services.h"
 
 #include "platform/common/shared_engine.h"
@@ -35,7 +35,7 @@ namespace glidemap::platform {
 
 namespace {
 
-// Without this folder the bindings cannot be stored, so the program cannot work.
+// Aborts if this folder is missing, because the bindings could not be stored.
 std::filesystem::path dataFolder() {
     if (const auto folder = applicationSupportFolder()) {
         return *folder;
@@ -48,8 +48,8 @@ std::filesystem::path ownFolder() {
     return dataFolder() / "Glidemap";
 }
 
-// The event loop drains a pool in each iteration. Objects that are created before the first one
-// need this pool.
+// Creates an object in an autorelease pool. Before the first iteration of the event loop, there is
+// no other pool.
 template <typename Make>
 auto madeBeforeTheLoop(const Make& make) {
     decltype(make()) made;
@@ -57,7 +57,7 @@ auto madeBeforeTheLoop(const Make& make) {
     return made;
 }
 
-// The events that the system sends to the program as a whole.
+// The Apple events that are addressed to the whole program.
 class AppleEvents {
 public:
     AppleEvents(std::shared_ptr<ApplicationShell> shell, std::function<void()> reopened)
@@ -65,7 +65,7 @@ public:
 
     void handle() {
         reopen.emplace(AppleEvent::Kind::reopen, reopened);
-        // Qt would first refuse and quit later, which cancels a logout.
+        // Qt would first refuse the request and quit later, which cancels a logout.
         quit.emplace(AppleEvent::Kind::quit, [held = shell] { held->terminate(); });
     }
 
@@ -76,7 +76,8 @@ private:
     std::optional<AppleEvent> quit;
 };
 
-// Installs the handlers later, because the application object installs its own while it launches.
+// Installs the handlers from the event loop, because the application object installs its own
+// handlers while it launches and would replace ours.
 std::shared_ptr<AppleEvents> handledEvents(MainQueue& mainQueue,
                                            std::shared_ptr<ApplicationShell> shell,
                                            std::function<void()> reopened) {
@@ -91,7 +92,7 @@ std::shared_ptr<AppleEvents> handledEvents(MainQueue& mainQueue,
 
 } // namespace
 
-// macOS needs no activation data.
+// macOS activates programs without activation data.
 SingleInstance::Request takeActivationToken() {
     return {};
 }
@@ -114,13 +115,13 @@ std::string diagnosis(const std::string& version) {
            "\n  touch driver: " + touchDriverPlatform().libraryPath + "\n";
 }
 
-// There is no message bus.
+// macOS has no message bus.
 std::function<void()> hideSilentBus() {
     return [] {
     };
 }
 
-// The system keeps the list of fonts.
+// The system maintains the font list, so no scan is needed.
 std::function<void()> startFontScan() {
     return [] {
     };
@@ -132,7 +133,7 @@ std::shared_ptr<UserDefaults> makeUserDefaults() {
 
 AlertServices makeAlertServices(MainQueue& /*mainQueue*/,
                                 const SingleInstance::Request& /*activation*/) {
-    // The system updates the settings, so they need no foundation.
+    // The system updates the settings, so `appearance` needs no foundation.
     return {.foundation = nullptr,
             .appearance = madeBeforeTheLoop([] { return std::make_shared<MacosAppearance>(); })};
 }

@@ -1,10 +1,10 @@
-// Locks the screen with the function that the system's own menu uses, from its private login
-// framework.
+// Locks the screen with the function that the system's own menu uses. It is part of the private
+// login framework.
 //
 // Thread:  the main thread.
 // Owner:   the program creates one for the action runner.
 // Errors:  find() returns false if the framework or the function is missing. The function's result
-//          is ignored: the system has locked the screen when it returns.
+//          is ignored, because the screen is locked when it returns.
 #pragma once
 
 #include "dispatch/screen_lock.h"

@@ -1,18 +1,18 @@
-// Follows the state of the user's session: whether it is in front, whether its screen is locked,
-// and whether the machine sleeps.
+// Follows the state of the user's session: whether it is in the foreground, whether its screen is
+// locked, and whether the machine sleeps.
 //
 //   workspace            session is in front or not ──────────▶ active
 //                        machine sleeps, machine or screens wake ──▶ asleep
 //   other processes      screen is locked or unlocked ────────▶ locked
 //   window server, once  the first state of active and locked
 //
-// The names of the lock's notifications are not documented. If the system does not send them, the
-// session counts as unlocked.
+// The names of the notifications about the lock are not documented. If the system does not send
+// them, the session counts as unlocked.
 //
-// Thread:  as every user session. The system notifies on the main thread.
-// Owner:   the program, before and longer than all its users. The system makes no calls after its
+// Thread:  see UserSession. The system notifies on the main thread.
+// Owner:   the program; it must outlive all its users. The system makes no calls after its
 //          destruction.
-// Errors:  none. Without a window server the session is active and unlocked.
+// Errors:  none. Without a window server, the session is active and unlocked.
 #pragma once
 
 #include "dispatch/user_session.h"

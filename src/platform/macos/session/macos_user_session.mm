@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-// The center calls an observer by object and selector, and does not retain it.
+// The notification center calls an observer by object and selector, and does not retain the object.
 @interface GlidemapDistributedObserver : NSObject {
     const std::function<void()>* callback;
 }
@@ -42,13 +42,13 @@ namespace {
 NSString* const screenIsLocked = @"com.apple.screenIsLocked";
 NSString* const screenIsUnlocked = @"com.apple.screenIsUnlocked";
 
-// Observes a notification from another process.
+// Observes a notification that another process sends.
 class DistributedNotice {
 public:
     DistributedNotice(NSString* noticeName, std::function<void()> onNotice)
         : name(noticeName), callback(std::move(onNotice)),
           observer([[GlidemapDistributedObserver alloc] initWithCallback:&callback]) {
-        // The default would hold the notification back until this program is frontmost.
+        // By default, the system would delay the notification until this program is frontmost.
         [[NSDistributedNotificationCenter defaultCenter]
                    addObserver:observer
                       selector:@selector(receive:)
@@ -66,16 +66,16 @@ public:
     }
 
 private:
-    NSString* const name; // a constant of the program
+    NSString* const name; // not retained: a string constant
     const std::function<void()> callback;
     GlidemapDistributedObserver* const observer;
 };
 
 constexpr std::string_view onConsoleKey = "kCGSSessionOnConsoleKey";
-// Not documented. The key is missing while the screen is not locked.
+// This key is not documented. It is missing while the screen is unlocked.
 constexpr std::string_view screenIsLockedKey = "CGSSessionScreenIsLocked";
 
-// Null if the dictionary has no such key.
+// Returns null if the dictionary does not contain the key.
 CFTypeRef valueIn(CFDictionaryRef dictionary, std::string_view key) {
     constexpr Boolean withoutMark = false;
     const Owned<CFStringRef> name(CFStringCreateWithBytes(
@@ -96,7 +96,8 @@ struct MacosUserSession::Following {
                     [&to](NSNotification* /*notice*/) { to.set(to.asleep, true); }),
           didWake(NSWorkspaceDidWakeNotification,
                   [&to](NSNotification* /*notice*/) { to.set(to.asleep, false); }),
-          // Screens wake only with the machine. So a missed notification does not end the gestures.
+          // The screens wake only when the machine is awake. If the machine's notification is
+          // missed, this one switches gestures on again.
           screensDidWake(NSWorkspaceScreensDidWakeNotification,
                          [&to](NSNotification* /*notice*/) { to.set(to.asleep, false); }),
           locked(screenIsLocked, [&to] { to.set(to.locked, true); }),

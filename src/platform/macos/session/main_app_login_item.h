@@ -2,8 +2,8 @@
 //
 // Thread:  the main thread; the system's calls are synchronous.
 // Owner:   the program.
-// Errors:  as the port documents. A status from a newer system counts as not registered, because
-//          the next session may not start the program.
+// Errors:  see LoginItemService. A status that only newer systems report counts as not registered,
+//          because the next session may not start the program.
 #pragma once
 
 #include "app/login_item_service.h"

@@ -8,7 +8,7 @@ namespace glidemap {
 
 namespace {
 
-// Only the return value reports failure: an error object may be set on success, or missing on
+// Relies on the return value, because the system may set an error object on success, or none on
 // failure.
 std::optional<std::string> failure(bool succeeded, NSError* error) {
     if (succeeded) {

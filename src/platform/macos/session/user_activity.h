@@ -1,8 +1,8 @@
-// Keeps the system from slowing the program down while it shows no window (App Nap), during its
-// life. The system may still sleep.
+// While it exists, prevents the system from slowing the program down when no window is visible (App
+// Nap). The system may still sleep.
 //
 // Thread:  any.
-// Owner:   the object whose work the user waits for.
+// Owner:   the object whose work must not be delayed.
 // Errors:  none.
 #pragma once
 
@@ -12,7 +12,7 @@ namespace glidemap {
 
 class UserActivity {
 public:
-    // The system shows the reason to users who check what keeps their computer busy.
+    // The system shows `reason` to users who check what keeps their computer busy.
     explicit UserActivity(const char* reason);
     UserActivity(const UserActivity&) = delete;
     UserActivity& operator=(const UserActivity&) = delete;

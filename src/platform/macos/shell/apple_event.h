@@ -1,14 +1,14 @@
-// Calls back when the system sends the program an Apple event:
+// Calls a function when the system sends the program an Apple event:
 //
 //   reopen   the user opens the running program again, from the Finder or Spotlight; no process starts
 //   quit     the program must quit: logout, shutdown, or a request of another program
 //
-// This handler replaces the one that the application object installs while it launches, so create
-// it after that, when the event loop runs. Create only one of each kind: a second would replace the
-// first.
+// This handler replaces the one that the application object installs while it launches. Therefore,
+// create it when the event loop runs. Create only one for each kind, because a second would replace
+// the first.
 //
-// Thread:  the main thread, which the system also calls on.
-// Owner:   the program creates one of each kind. The callback may destroy it; the system makes no
+// Thread:  the main thread, for calls and for callbacks.
+// Owner:   the program creates one for each kind. The callback may destroy it; the system makes no
 //          calls after its destruction.
 // Errors:  none.
 #pragma once

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-// The system calls a handler by object and selector. It does not retain the object.
+// The system calls a handler by object and selector, and does not retain the object.
 @interface GlidemapEventTarget : NSObject {
     const std::function<void()>* callback;
 }
@@ -25,7 +25,8 @@
 }
 
 - (void)handleEvent:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply {
-    const std::function<void()> call = *callback; // the callback may destroy this
+    // copied, because the callback may destroy this object
+    const std::function<void()> call = *callback;
     call();
 }
 

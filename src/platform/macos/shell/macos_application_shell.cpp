@@ -7,7 +7,7 @@
 
 namespace glidemap {
 
-// The program keeps running after the last window closes.
+// Also keeps the program running after its last window closes.
 void MacosApplicationShell::becomeAccessory() {
     QGuiApplication::setQuitOnLastWindowClosed(false);
     glidemap::becomeAccessory();
@@ -28,8 +28,8 @@ void MacosApplicationShell::setGesturesOn(bool areOn) {
 }
 
 void MacosApplicationShell::terminate() {
-    // quit() would make the system ask the program whether it may quit, which calls this function
-    // again.
+    // QCoreApplication::quit() would make the system ask whether the program may quit, which calls
+    // this function again.
     QCoreApplication::exit(0);
 }
 

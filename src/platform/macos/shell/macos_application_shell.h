@@ -1,9 +1,8 @@
-// Presents the program to macOS: an accessory whose window comes to the front when the user opens
-// it.
+// Makes the program an accessory on macOS. Its window comes to the front when the user opens it.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.
-// Errors:  none; see the port.
+// Errors:  none; see ApplicationShell.
 #pragma once
 
 #include "app/application_shell.h"
@@ -21,7 +20,7 @@ public:
     void terminate() override;
 
 private:
-    std::optional<UserActivity> activity; // while gestures are on
+    std::optional<UserActivity> activity; // exists while gestures are on
 };
 
 } // namespace glidemap

@@ -1,5 +1,5 @@
-// The menu bar of macOS, where a click on a status item opens its menu. It always exists, and shows
-// the system's own symbol instead of our drawing if the system has that symbol.
+// The menu bar of macOS. It always exists, and a click on a status item opens the item's menu. If
+// the system has a symbol with the icon's name, the bar shows it instead of our drawing.
 //
 // Thread:  the main thread.
 // Owner:   the program.
@@ -17,7 +17,7 @@ public:
     void itemWasDrawn(Look look) override;
 
 private:
-    Observable observers; // never notified
+    Observable observers; // never sends notifications, because kind() does not change
 };
 
 } // namespace glidemap

@@ -1,12 +1,12 @@
-// Finds the touch driver on macOS and reads its device list: the system's private trackpad
-// framework, which returns a Core Foundation array.
+// Locates the touch driver of macOS, the system's private trackpad framework, and reads the
+// framework's device list, a Core Foundation array.
 //
-// Each list contains new device objects, even for the same trackpads. Starting a second list while
-// devices run would start each trackpad twice. Therefore nothing on macOS reports that devices may
-// have changed.
+// Each call creates a list of new device objects, even for the same trackpads. If the devices of a
+// second list were started while those of the first run, each trackpad would run twice. Therefore,
+// macOS never reports that devices may have changed.
 //
 // Thread:  the main thread, on startup.
-// Errors:  none here; the device manager reports a framework that it cannot load.
+// Errors:  none; the device manager reports a framework that it cannot load.
 #pragma once
 
 #include "input/multitouch_device_manager.h"

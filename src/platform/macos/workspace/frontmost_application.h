@@ -1,9 +1,9 @@
-// Tracks the frontmost application, from the workspace's notifications of activations and
+// Tracks the frontmost application by the workspace's notifications about activations and
 // terminations.
 //
-// Thread:  created and destroyed on the main thread, which receives the notifications; current() on
-//          any thread: it reads one pointer and does not block.
-// Owner:   the workspace. No thread may read it after its destruction.
+// Thread:  created and destroyed on the main thread, which receives the notifications. current()
+//          may be called on any thread: it reads one pointer and does not block.
+// Owner:   the workspace. No thread may call current() after its destruction.
 // Errors:  none; unknown properties are absent.
 #pragma once
 
@@ -33,7 +33,7 @@ private:
     ApplicationTable known;
     std::atomic<const Application*> frontmost = ApplicationTable::unknown();
     static_assert(std::atomic<const Application*>::is_always_lock_free);
-    std::unique_ptr<WorkspaceNotice> activation; // the observers are destroyed first
+    std::unique_ptr<WorkspaceNotice> activation; // destroyed before the members above
     std::unique_ptr<WorkspaceNotice> termination;
 };
 

@@ -10,7 +10,7 @@ namespace glidemap {
 
 namespace {
 
-// More than a user activates in one run of the program.
+// The table's capacity: more applications than a user activates in one run of the program.
 constexpr std::size_t places = 16384;
 
 NSRunningApplication* applicationIn(NSNotification* notice) {
@@ -33,8 +33,9 @@ FrontmostApplication::FrontmostApplication()
 
 FrontmostApplication::~FrontmostApplication() = default;
 
-// The termination may not be followed by an activation, and the workspace may still report the
-// application. If another process of the application is frontmost, the application stays frontmost.
+// Reads the frontmost application again, because a termination may not be followed by an
+// activation. The workspace may still report the terminated application. If another process of the
+// same application is frontmost, that application stays frontmost.
 void FrontmostApplication::applicationEnded(const Application& ended) {
     if (current() != ended) {
         return;
@@ -43,7 +44,8 @@ void FrontmostApplication::applicationEnded(const Application& ended) {
     publish([now isTerminated] ? Application() : applicationOf(now));
 }
 
-// A release store: a reader of the pointer must see the complete application.
+// A thread that reads the pointer must see the complete application, so the store has release
+// semantics.
 void FrontmostApplication::publish(Application application) {
     frontmost.store(known.intern(std::move(application)), std::memory_order_release);
 }

@@ -1,9 +1,9 @@
-// The workspace on macOS, through NSWorkspace.
+// Implements Workspace with NSWorkspace.
 //
-// Thread:  as the port documents. NSWorkspace is called only on the main thread;
-//          frontmostApplication() reads the state that it has published.
-// Owner:   the program. No thread may read it after its destruction.
-// Errors:  none: an invalid URL is not opened, and the result of opening is ignored.
+// Thread:  see Workspace. NSWorkspace is called only on the main thread; frontmostApplication()
+//          reads a state that the main thread has published.
+// Owner:   the program. No thread may use it after its destruction.
+// Errors:  none: an invalid URL is not opened, and errors of opening are ignored.
 #pragma once
 
 #include "dispatch/workspace.h"

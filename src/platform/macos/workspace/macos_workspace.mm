@@ -16,7 +16,7 @@ NSURL* urlOf(const std::string& text) {
     return string != nil ? [NSURL URLWithString:string] : nil;
 }
 
-// The default configuration activates an application that already runs.
+// With the default configuration, an application that already runs is activated.
 void launch(NSURL* application) {
     [[NSWorkspace sharedWorkspace] openApplicationAtURL:application
                                           configuration:[NSWorkspaceOpenConfiguration configuration]
@@ -25,7 +25,7 @@ void launch(NSURL* application) {
 
 } // namespace
 
-// Only applications in the Dock. Others have no windows that a user works in.
+// Lists only applications with a Dock icon. Others have no windows in which the user works.
 std::vector<Application> MacosWorkspace::runningApplications() const {
     std::vector<Application> all;
     for (NSRunningApplication* running in [[NSWorkspace sharedWorkspace] runningApplications]) {
@@ -55,7 +55,8 @@ void MacosWorkspace::openApplication(const std::string& url) {
     }
 }
 
-// Declared as a folder, as every application bundle is, so that the URL needs no disk access.
+// Mission Control is an application bundle and therefore a folder. Passing isDirectory avoids a
+// disk access.
 void MacosWorkspace::openMissionControl() {
     launch([NSURL fileURLWithPath:missionControl isDirectory:YES]);
 }

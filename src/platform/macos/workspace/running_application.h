@@ -1,7 +1,7 @@
-// Converts the system's running application to Application. For Objective-C++ only.
+// Converts an NSRunningApplication to an Application. For Objective-C++ only.
 //
-// Thread:  the main thread, where the system changes it.
-// Errors:  none: missing properties are absent, and nil has none.
+// Thread:  the main thread, on which the system updates these objects.
+// Errors:  none: missing properties are absent; nil has no properties.
 #pragma once
 
 #ifdef __OBJC__

@@ -1,10 +1,10 @@
-// Observes one of the workspace's notifications. For Objective-C++ only.
+// Observes one kind of notification of the workspace. For Objective-C++ only.
 //
-// The workspace posts on the main thread. Without an operation queue the callback runs
-// synchronously there, so no call is pending when the observer is destroyed on the same thread.
+// The workspace posts notifications on the main thread. Without an operation queue, the callback
+// runs synchronously on that thread, so no call is pending when the observer is destroyed there.
 //
 // Thread:  the main thread.
-// Owner:   the observer; destroy it before the objects that the callback uses.
+// Owner:   the owner of the objects that the callback uses; destroy the observer before them.
 // Errors:  none; without a workspace there are no notifications.
 #pragma once
 

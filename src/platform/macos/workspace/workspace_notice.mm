@@ -4,7 +4,7 @@
 
 namespace glidemap {
 
-// The workspace has its own notification center; the default one does not receive these
+// Uses the workspace's own notification center, because the default center does not receive these
 // notifications.
 WorkspaceNotice::WorkspaceNotice(NSNotificationName name,
                                  std::function<void(NSNotification*)> function)
