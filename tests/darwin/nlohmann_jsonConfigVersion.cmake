@@ -1,3 +1,3 @@
-# The build for Linux has already checked the version of the same headers.
+# The Linux build uses the same headers and has already checked their version.
 set(PACKAGE_VERSION ${PACKAGE_FIND_VERSION})
 set(PACKAGE_VERSION_COMPATIBLE TRUE)

@@ -1,4 +1,5 @@
-// A program that links every service and calls none: only linking and its symbols are checked.
+// Links all services without calling them. The test checks only that linking succeeds and which
+// symbols are used.
 int main() {
     return 0;
 }

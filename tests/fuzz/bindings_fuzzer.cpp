@@ -1,5 +1,6 @@
-// Decodes arbitrary bytes as a bindings file. Decoded bindings must survive a round trip and be
-// written identically again; a failure must have a printable reason.
+// Decodes arbitrary bytes as a bindings file. Decoded bindings must be unchanged after encoding and
+// decoding them, and encoding them again must produce the same bytes. A failure must have a
+// printable reason.
 #include "bindings/binding_json.h"
 
 #include <cstddef>

@@ -1,14 +1,14 @@
-// Texts of desktops and other programs: KWin's report, names of units, control groups, Exec lines,
-// identifiers of windows and entries, and values of the settings portal.
+// Parses texts that desktops and other programs supply: KWin's report, unit names, control groups,
+// Exec lines, identifiers of windows and desktop entries, and values of the settings portal.
 //
-// The first byte of the input selects the kind of text. No input may crash, and these rules must
-// hold:
+// The first byte of the input selects the kind of text. No input may cause a crash, and these rules
+// must hold:
 //
 //   - a cleaned identifier is UTF-8, short and without control characters, and cleaning it again
-//     changes nothing;
-//   - the program reads the texts that it writes: an Exec line, the name of a scope;
-//   - a window's entry is one of the existing entries, or null;
-//   - the portal's last colour scheme counts, not the earlier ones.
+//     does not change it;
+//   - the program can parse the texts that it writes: Exec lines and scope names;
+//   - the desktop entry found for a window is an existing entry, or null;
+//   - the portal's latest colour scheme replaces earlier ones.
 #include "platform/linux/applications/application_matcher.h"
 #include "platform/linux/applications/application_name.h"
 #include "platform/linux/applications/command_line.h"
@@ -43,7 +43,7 @@ bool hasControlCharacter(std::string_view text) {
     });
 }
 
-// Splits the text at zero bytes and returns at least `count` pieces.
+// Splits the text at zero bytes. Missing pieces up to `count` are empty.
 std::vector<std::string> pieces(std::string_view text, std::size_t count) {
     std::vector<std::string> result;
     for (std::size_t end = 0; end != std::string_view::npos;) {

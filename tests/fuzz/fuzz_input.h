@@ -1,4 +1,4 @@
-// Reads values from libFuzzer's bytes, one after the other.
+// Reads consecutive values from libFuzzer's bytes.
 //
 // Thread:  one.
 // Owner:   a fuzzer, during one run. The bytes outlive it.

@@ -1,16 +1,16 @@
-// Arbitrary reports and times, through the contact callback to the recognizer and out of the
-// engine.
+// Sends arbitrary reports at arbitrary times through the whole pipeline: from the contact callback
+// through the recognizer to the gestures that the engine delivers.
 //
-// The input describes a hand and a faulty driver: fingers land, move and leave, time passes, and a
-// record may hold arbitrary values. These rules must hold for every input:
+// The input describes a hand and a faulty driver: fingers land, move and lift, time passes, and
+// records may contain arbitrary values. These rules must hold for every input:
 //
 //   - the finger count equals the number of touching records in the latest report;
-//   - while fingers are down, only hold-and-tap and long press are reported: the long press once
-//     per session, and at most one gesture per report more than the number of fingers that
-//     vanished;
-//   - at most one gesture is reported at the end of a session, and none if one of those two was
-//     reported before;
-//   - no gesture is reported outside a session, except that delayed work reports single taps, at
+//   - while fingers are down, only hold-and-tap and long press are recognised. A session has at most
+//     one long press. The number of gestures per report is at most one plus the number of fingers
+//     that vanished;
+//   - at most one gesture is recognised at the end of a session, and none if the session already
+//     had a hold-and-tap or a long press;
+//   - no gesture is recognised outside a session, except single taps that delayed work reports, at
 //     most as many as were held back;
 //   - the gestures that the engine delivers are at least a quarter second apart;
 //   - after the input, a clean tap is recognised as a tap.
@@ -46,7 +46,7 @@ bool mayBeHeldBack(GestureType gesture) {
     return gesture >= GestureType::twoFingerTap && gesture <= GestureType::fourFingerTap;
 }
 
-// Owns the engine under test and tracks the expected session from the reports alone.
+// Owns the engine under test, and derives the expected session from the reports alone.
 class Pipeline {
 public:
     explicit Pipeline(bool doubleTapsBound) : manager({"/no/such/driver", {}}) {
@@ -79,7 +79,7 @@ public:
         checkFrameOf(records);
     }
 
-    // Sends a report with an invalid count: without records, or too large.
+    // Sends a report whose count is invalid: it has no records, or the count is too large.
     void reportWithoutRecords(std::int32_t count) {
         MultitouchDeviceManager::contactCallback(nullptr, nullptr, count, time.now(), 0);
         checkFrameOf({});
@@ -97,7 +97,7 @@ public:
         pass([&] { time.runRemaining(); });
     }
 
-    // Returns the gestures of a two-finger tap on an untouched pad.
+    // Performs a two-finger tap on an untouched pad and returns the recognised gestures.
     std::vector<GestureType> tap(double start) {
         std::vector<MTTouch> records(2);
         for (std::size_t finger = 0; finger < 2; ++finger) {
@@ -182,7 +182,7 @@ private:
         isTaken = false;
     }
 
-    // A finger without a valid position is absent until its first valid position.
+    // A finger counts from its first valid position on. Later invalid positions do not matter.
     std::set<std::int32_t> fingersIn(const std::vector<MTTouch>& records) const {
         std::set<std::int32_t> fingers;
         for (const MTTouch& record : records) {
@@ -200,7 +200,7 @@ private:
     MultitouchDeviceManager manager;
     std::shared_ptr<TouchEngine> engine;
     std::set<std::int32_t> live;
-    bool isTaken = false; // by a long press or a hold-and-tap
+    bool isTaken = false; // a long press or a hold-and-tap was recognised in this session
     bool isFrameRunning = false;
     long heldBack = 0;
     double lastDelivery = -1e300;
@@ -269,7 +269,7 @@ private:
         }
     }
 
-    // Moves all fingers by the same distance, or one finger alone.
+    // Moves all fingers, or only one of them, by the same distance.
     void move() {
         const MTPoint way = {input.value<std::int8_t>() / 256.0F,
                              input.value<std::int8_t>() / 256.0F};
@@ -311,15 +311,16 @@ private:
     void endCleanly() {
         contacts.clear();
         pass(0.008);
-        // At large absolute times, doubles cannot express fractions of a second.
+        // For large absolute times, a double cannot represent fractions of a second.
         const auto reported = pipeline.tap(std::abs(time) < 1e9 ? time + 10 : 0);
-        // If time goes backwards, the previous tap may seem recent.
+        // After time has gone backwards, the previous tap may seem recent, which makes this a
+        // double tap.
         require(reported == std::vector{GestureType::twoFingerTap} ||
                     reported == std::vector{GestureType::twoFingerDoubleTap},
                 "afterwards a clean tap is recognised as a tap");
     }
 
-    // The times at which decisions change.
+    // Durations around the recognizer's limits, and invalid ones.
     static constexpr double limits[] = {0,    0.004, 0.008, 0.15, 0.2, 0.25, 0.3,  0.4,
                                         0.45, 0.6,   0.8,   1.5,  3,   60,   -0.1, -1e6};
 

@@ -56,7 +56,7 @@ bool isSame(const Record& one, const Record& other) {
     if (one.index() != other.index()) {
         return false;
     }
-    // Times are written in microseconds, and a large double is even less precise.
+    // Times are written in microseconds, and large doubles are even less precise.
     const double tolerance = 1e-6 + std::abs(timeOf(one)) * 1e-15;
     return std::abs(timeOf(one) - timeOf(other)) <= tolerance &&
            std::visit(

@@ -1,4 +1,4 @@
-// Ends the program if a rule is broken; libFuzzer then reports the input.
+// Aborts the program if a rule is violated, so that libFuzzer reports the input.
 #pragma once
 
 #include <cstdio>

@@ -1,19 +1,21 @@
-// Runs the touchpad driver on a simulated kernel, with random actions by fingers, the kernel and
+// Runs the touchpad driver on a simulated kernel, with random actions of fingers, the kernel and
 // callbacks.
 //
-// The input is a list of actions. Fingers land, move and leave, and buttons go down and up. Like
-// the kernel, a frame reports only changes since the previous frame, also after an overflow. The
-// clone's device may break, the user may lack the right to create one, and another program may grab
-// the touchpad. The touchpad may be unplugged and return, and the user may lose and regain access
-// to it. A callback may stall until the watchdog acts, or call the driver again. Occasionally an
-// event has arbitrary content. When the driver has read all events:
+// The input is a list of actions. Fingers land, move and lift, and buttons are pressed and
+// released. As in the kernel, a frame contains only changes since the previous frame, also after an
+// overflow. The clone's device may fail, the user may not be allowed to create a clone, and another
+// program may grab the touchpad. The touchpad may be unplugged and plugged in again, and the user
+// may lose and regain access to it. A callback may block until the watchdog acts, or call the
+// driver. Occasionally an event has arbitrary content. Whenever the driver has read all events,
+// these rules must hold:
 //
 //   - while the touchpad is grabbed, a clone exists;
-//   - the clone has the touchpad's fingers at the same positions, and holds no button that is up;
-//   - a clone beside a touchpad that is not grabbed holds no finger and no button;
-//   - without fingers, the last report is empty;
+//   - the clone has the touchpad's fingers at the same positions, and holds no button that is
+//     released on the touchpad;
+//   - while the touchpad is not grabbed, its clone holds no finger and no button;
+//   - if no finger is down, the last report is empty;
 //   - if the filter is off and no finger is down, the touchpad is not grabbed;
-//   - in the end no touchpad is grabbed and no clone exists.
+//   - in the end, no touchpad is grabbed and no clone exists.
 #include "drivers/evdev/touchpad_driver.h"
 #include "fake_clone.h"
 #include "fake_pads.h"
@@ -50,7 +52,7 @@ struct Slot {
     std::int32_t y = 0;
 };
 
-// The state of a device.
+// The state of an input device.
 struct DeviceState {
     std::array<Slot, slotCount> slots;
     std::int32_t slot = 0;
@@ -84,7 +86,7 @@ private:
     Slot& current() { return slots[static_cast<std::size_t>(slot)]; }
 };
 
-// The clone's state, computed from the frames written to it.
+// The clone's state, computed from the events written to it.
 struct CloneState {
     bool exists = false;
     DeviceState state;
@@ -110,11 +112,11 @@ CloneState cloneIn(const std::vector<std::string>& journal) {
     return clone;
 }
 
-// The kernel's side of the touchpad.
+// Simulates the touchpad in the kernel.
 class Kernel {
 public:
-    DeviceState now;      // state of the fingers
-    bool isHonest = true; // no arbitrary event was sent
+    DeviceState now;      // the actual state of fingers and buttons
+    bool isHonest = true; // no arbitrary event has been sent
 
     void touch(std::size_t slot, std::int32_t x, std::int32_t y) {
         const std::lock_guard lock(mutex);
@@ -142,7 +144,7 @@ public:
         updateTools();
     }
 
-    // Plugs in another touchpad, which no finger touches.
+    // Plugs in another touchpad, without fingers on it.
     void replace(FakePads& pads) {
         const std::lock_guard lock(mutex);
         now = {};
@@ -159,8 +161,8 @@ public:
         return stream;
     }
 
-    // Sends the changes as the frames of one read. If `endsFirst` is set, replaced touches end in a
-    // frame of their own.
+    // Sends all changes in one read. With `endsFirst`, the ends of replaced touches are sent in a
+    // separate frame before the other changes.
     void writeChanges(double time, bool endsFirst) {
         const std::lock_guard lock(mutex);
         if (isRead) {
@@ -168,7 +170,7 @@ public:
         }
     }
 
-    // Queues the first events of a newly opened touchpad.
+    // Queues the initial events of a newly opened touchpad.
     void recall() {
         const std::lock_guard lock(mutex);
         reported = {};
@@ -176,7 +178,7 @@ public:
         stream->restart(difference(0, false));
     }
 
-    // Sends events that no finger caused.
+    // Sends additional events, which do not change the simulated state.
     void send(const std::vector<InputEvent>& events) {
         const std::lock_guard lock(mutex);
         if (isRead) {
@@ -184,7 +186,7 @@ public:
         }
     }
 
-    // The driver has closed the touchpad, so pending events are discarded.
+    // Discards pending events, because the driver has closed the touchpad.
     void close() {
         const std::lock_guard lock(mutex);
         isRead = false;
@@ -260,9 +262,9 @@ private:
 
     std::shared_ptr<FakeStream> stream;
     std::mutex mutex;     // the reader thread may open the touchpad at any time
-    DeviceState reported; // the state that the driver knows
+    DeviceState reported; // the state that the driver has received
     std::int32_t nextId = 1;
-    bool isRead = true; // the driver reads the touchpad, or will when it has found it
+    bool isRead = true; // the driver reads the touchpad, or will do so when it finds it
 };
 
 class Directory : public FakeDirectory {
@@ -362,7 +364,8 @@ private:
         case 2:
             return system.setGrabbedByOthers((choice & 4) != 0);
         default:
-            return system.setTime(clock + choice / 1000.0); // earlier frames are still pending
+            // frames sent before this time are still pending
+            return system.setTime(clock + choice / 1000.0);
         }
     }
 
@@ -372,8 +375,8 @@ private:
         streams.back()->system()->setTime(clock);
     }
 
-    // The user loses access and regains it. Whether the driver closes the touchpad in between
-    // depends on the threads' timing.
+    // Removes the user's access and grants it again. Whether the driver closes the touchpad in
+    // between depends on the timing of the threads.
     void withdrawAccess() {
         pads->makeReadable("/dev/input/event0", false);
         driver->createList();
@@ -404,8 +407,7 @@ private:
 
     std::shared_ptr<FakeStream> stream() { return kernel.touchpad(); }
 
-    // Waits until the reader has finished all its work. A frame without a change makes it read
-    // after any other request.
+    // Waits until the reader thread has finished all its work.
     void settle() {
         if (!isStarted) {
             driver->start(device);
@@ -478,7 +480,7 @@ private:
         }
     }
 
-    // Called on the reader's thread.
+    // The driver calls this on the reader's thread.
     static std::int32_t report(driver::Device /*device*/, const MTTouch* records,
                                std::int32_t count, double /*timestamp*/, std::int32_t /*frame*/) {
         std::int32_t touching = 0;
@@ -527,17 +529,18 @@ private:
         }
     }
 
-    // After this, no report arrives, not even an empty one.
+    // After stop(), the driver sends no report, not even an empty one, so the count is reset here.
     void stop() {
         driver->stop(device);
         touching = 0;
     }
 
-    // Returns when the watchdog has given the touchpad back.
+    // Blocks until the watchdog has released the touchpad.
     void stall() {
         const auto system = stream()->system();
         while (system->isGrabbed()) {
-            time.advance(ForwardingWatchdog::patience); // the watchdog may not wait yet
+            // repeated, because the watchdog may not be waiting yet
+            time.advance(ForwardingWatchdog::patience);
             std::this_thread::yield();
         }
     }

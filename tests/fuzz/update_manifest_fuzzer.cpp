@@ -1,5 +1,5 @@
-// Reads arbitrary bytes as an update manifest and as two versions. At most one of two versions is
-// newer than the other, and no version is newer than itself.
+// Parses arbitrary bytes as an update manifest, and as two versions. At most one of the two
+// versions may be newer than the other, and no version may be newer than itself.
 #include "app/update_manifest.h"
 #include "app/version_order.h"
 

@@ -1,4 +1,4 @@
-// The correct versions of all faults in the other files.
+// The correct form of each fault in the other files. This file must compile.
 #import <AppKit/AppKit.h>
 #include <ApplicationServices/ApplicationServices.h>
 #include <Availability.h>

@@ -1,4 +1,4 @@
-// The availability macros of a Mac's headers.
+// The availability macros of the macOS headers.
 #pragma once
 
 #define API_AVAILABLE(system) GLIDEMAP_AVAILABLE_##system

@@ -1,4 +1,4 @@
-// The minimum system version and the newest version of the headers, as numbers that Qt compares.
+// The oldest supported system version and the version of the headers, as numbers that Qt compares.
 #pragma once
 
 #define MAC_OS_X_VERSION_10_12 101200

@@ -1,4 +1,4 @@
-// Selects the target platform: only macOS.
+// Selects the target platform, which is always macOS.
 #pragma once
 
 #define TARGET_OS_MAC 1

@@ -1,5 +1,5 @@
-// On a Mac assert() calls a function with another name and other arguments. No include guard,
-// because NDEBUG may change.
+// On macOS, assert() calls a function whose name and arguments differ from musl's. Like every
+// assert.h, this header has no include guard, because NDEBUG may change between two includes.
 #undef assert
 #ifdef NDEBUG
 #define assert(expression) ((void)0)

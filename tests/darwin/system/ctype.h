@@ -1,5 +1,5 @@
-// Character classes for the C++ library on a Mac. The values are not the system's; they only have
-// to differ.
+// Character classes for the C++ library on macOS. The values are not the system's: they only need
+// to differ from each other.
 #pragma once
 
 #include_next <ctype.h>

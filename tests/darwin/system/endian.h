@@ -1,5 +1,5 @@
-// For musl's sys/types.h. A Mac has no such header, so a source that includes it directly does not
-// compile.
+// Only for musl's sys/types.h. macOS has no such header, so including it directly in a source is an
+// error.
 #pragma once
 
 #if __INCLUDE_LEVEL__ < 2

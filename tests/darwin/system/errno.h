@@ -1,4 +1,4 @@
-// macOS defines errno by a function with a different name than musl's.
+// On macOS, the function behind errno has another name than in musl.
 #pragma once
 
 #include_next <errno.h>

@@ -1,5 +1,5 @@
-// A Mac's C library shows all its functions to C++. This selects POSIX and BSD from musl, without
-// GNU extensions.
+// The C library of macOS declares all its functions in C++. To match it, this header selects POSIX
+// and BSD from musl, without GNU extensions.
 #pragma once
 
 #ifndef _BSD_SOURCE

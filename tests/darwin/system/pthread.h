@@ -1,4 +1,4 @@
-// On a Mac a thread can name only itself, so the function takes only the name.
+// On macOS, a thread can only name itself, so the function takes the name alone.
 #pragma once
 
 #include_next <pthread.h>

@@ -1,4 +1,4 @@
-// On a Mac the standard streams are macros for variables with other names.
+// On macOS, the standard streams are macros for variables with other names.
 #pragma once
 
 #include_next <stdio.h>

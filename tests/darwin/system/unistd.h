@@ -1,4 +1,5 @@
-// The user at the other end of a local socket. From memory, not checked against a Mac.
+// getpeereid() returns the user id of the peer of a local socket. Its declaration was written from
+// memory, and is not checked against macOS.
 #pragma once
 
 #include_next <unistd.h>

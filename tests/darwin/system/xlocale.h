@@ -1,4 +1,4 @@
-// The locale functions of a Mac that the C++ library calls, with its names and signatures.
+// The locale functions of macOS that the C++ library calls.
 #pragma once
 
 #include <ctype.h>

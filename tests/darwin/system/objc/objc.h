@@ -1,4 +1,4 @@
-// The basic types of Objective-C. BOOL is bool on arm64 and signed char on x86_64.
+// The basic types of Objective-C. BOOL is bool on arm64, and signed char on x86_64.
 #pragma once
 
 typedef struct objc_class* Class;

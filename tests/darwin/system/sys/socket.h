@@ -1,5 +1,5 @@
-// On a Mac, socket() takes no flags, and a socket option suppresses SIGPIPE. The option's value is
-// from memory and not checked against a Mac.
+// On macOS, socket() takes no flags, and SIGPIPE is suppressed by a socket option. The option's
+// value was written from memory, and is not checked against macOS.
 #pragma once
 
 #include_next <sys/socket.h>

@@ -1,4 +1,4 @@
-// UUID functions, which are in a Mac's system library.
+// The UUID functions, which are in the system library of macOS.
 #pragma once
 
 #ifdef __cplusplus
