@@ -1,5 +1,5 @@
-// Asks the user for access through the system's prompt, one prompt at a time, and reports when it
-// closes.
+// Shows the system's prompt in which the user can grant access, and notifies when it closes. Only
+// one prompt is open at a time.
 //
 // Thread:  the main thread; ask() does not wait for the user.
 // Owner:   the program. A prompt that closes after the destruction is not reported.
@@ -18,26 +18,26 @@ namespace glidemap {
 
 class AccessPrompt {
 public:
-    // The command shows the prompt and exits when the user has closed it.
+    // The command must show the prompt, and exit when the user has closed it.
     AccessPrompt(std::shared_ptr<MainQueue> queue, std::vector<std::string> askingCommand);
     AccessPrompt(const AccessPrompt&) = delete;
     AccessPrompt& operator=(const AccessPrompt&) = delete;
 
-    // Does nothing while a prompt is open. The prompt opens after the main thread's current task.
+    // Shows a prompt after the main thread's current task. Does nothing while a prompt is open.
     void ask();
 
-    // Delays prompts until ready() reports that the user can read the explanation.
+    // Delays prompts until ready() is called, when the user can read the explanation.
     void waitUntilReady() { isReady = false; }
     void ready();
 
-    // Whether the last prompt failed: no authentication agent is running, or authentication failed.
-    // Returns false if the user dismissed the prompt.
+    // Whether the last prompt failed because no authentication agent is running or authentication
+    // failed. Returns false if the user dismissed the prompt.
     bool hasFailed() const { return failed; }
 
-    // The program that grants access when it runs as root; empty if it is not installed.
+    // Returns the program that grants access when it runs as root; empty if it is not installed.
     std::string grantingProgram() const { return command.empty() ? std::string() : command.back(); }
 
-    // Called on the main thread after each prompt, whether it succeeded or not.
+    // Called on the main thread after each prompt, whether access was granted or not.
     std::function<void()> onAnswer;
 
 private:

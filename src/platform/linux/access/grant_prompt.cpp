@@ -20,10 +20,11 @@ namespace glidemap {
 
 namespace {
 
-// An absolute path instead of a search in PATH, because pkexec asks for root's password.
+// An absolute path, because a search in PATH could find another program, and pkexec asks for root's
+// password.
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-// Resets the signals that this program handles or blocks to their defaults in the child.
+// In the child, unblocks all signals and resets them to their default actions.
 class SpawnAttributes {
 public:
     SpawnAttributes() {
@@ -62,7 +63,8 @@ pid_t spawn(const std::vector<std::string>& command) {
     return error == 0 ? process : -1;
 }
 
-// The owner can change the mode, so the owner must be root. Root itself may write everywhere.
+// The owner of a file can change its mode, so the owner must be root. If this process runs as root,
+// it can write to any file, and the access check is skipped.
 bool isFileWritableOnlyByRoot(const std::filesystem::path& file) {
     struct stat status {};
     return stat(file.c_str(), &status) == 0 && status.st_uid == 0 &&

@@ -21,17 +21,18 @@ namespace glidemap {
 namespace {
 
 constexpr const char* nodeFolder = "/dev/input";
-// inotify requires read permission to watch a node, so its folder is watched instead.
+// Watching a node itself requires permission to read it, so inotify watches the folder instead.
 constexpr const char* uinputFolder = "/dev";
 
-// A touchpad appears as a handful of events within a few milliseconds.
+// A new touchpad causes several events within a few milliseconds. They are reported once.
 constexpr std::chrono::milliseconds oneMoment{50};
 
 bool nodeMatters(std::string_view name) {
     return name == "uinput" || name.starts_with("event");
 }
 
-// A touchpad's mouse node carries the touchpad property, too, but only event nodes are read.
+// The mouse node of a touchpad also has the touchpad property, but the driver reads only event
+// nodes.
 bool matters(udev_device* device) {
     const char* const action = udev_device_get_action(device);
     if (action == nullptr || std::string_view(action) == "remove") {
@@ -41,7 +42,7 @@ bool matters(udev_device* device) {
     return name == "uinput" || (name.starts_with("event") && isTouchpadOfRule(device));
 }
 
-// The events are those that inotify has reported.
+// `events` contains inotify_event structures as read from inotify.
 bool anyNodeMatters(std::span<const char> events) {
     bool anyMatters = false;
     while (events.size() >= sizeof(inotify_event)) {
@@ -58,7 +59,8 @@ bool anyNodeMatters(std::span<const char> events) {
 
 class InputDeviceWatch::OnDesktopThread {
 public:
-    // Once the monitor is enabled the kernel queues events, so none is lost.
+    // Enables the monitor immediately. From then on the kernel queues events, so none are lost
+    // before begin().
     OnDesktopThread(DesktopThread& desktopThread, std::function<void()> changed)
         : desktop(desktopThread), notify(std::move(changed)) {
         if (context != nullptr) {
@@ -82,8 +84,9 @@ public:
     }
 
 private:
-    // The folder of input nodes is removed with its last node and created with its first, so the
-    // watch is added again each time. Adding an existing watch changes nothing.
+    // Watches the folders of the nodes. The folder of input nodes disappears with its last node and
+    // is created with its first node, so the watch is added again each time. Adding an existing
+    // watch has no effect.
     void watchNodes() {
         inotify_add_watch(nodeChanges.descriptor(), nodeFolder, IN_ATTRIB | IN_ONLYDIR);
         inotify_add_watch(nodeChanges.descriptor(), uinputFolder, IN_ATTRIB | IN_ONLYDIR);

@@ -1,6 +1,6 @@
-// Port: the device nodes that the program needs, and this user's rights to them.
+// Port: the device nodes that the program needs, and this user's access rights to them.
 //
-// Thread:  any, but one call at a time.
+// Thread:  any, but only one call at a time.
 // Errors:  none; a right that cannot be determined counts as missing.
 #pragma once
 
@@ -16,8 +16,8 @@ public:
     InputNodes& operator=(const InputNodes&) = delete;
     virtual ~InputNodes() = default;
 
-    // The nodes of the touchpads that the udev rules grant: not our clones, and no node that is
-    // also a keyboard.
+    // Returns the nodes of the touchpads to which the udev rules grant access. These rules exclude
+    // our clones and nodes that are also a keyboard.
     virtual std::vector<std::string> touchpads() = 0;
 
     virtual bool mayRead(const std::string& node) = 0;

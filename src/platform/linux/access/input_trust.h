@@ -1,6 +1,7 @@
-// Trusts the program on Linux if it can read every touchpad and create virtual devices.
+// Implements trust on Linux: the program is trusted if it can read every touchpad and create
+// virtual devices.
 //
-// Each call checks again, because access may be granted or revoked while the program runs.
+// Each call checks this again, because access may be granted or revoked while the program runs.
 //
 // Thread:  the main thread.
 // Owner:   the program.
@@ -17,7 +18,7 @@ namespace glidemap {
 
 class InputTrust : public AccessibilityTrust {
 public:
-    // `askUser` shows the prompt and does not wait for the user.
+    // `askUser` must show the prompt without waiting for the user.
     InputTrust(std::unique_ptr<InputNodes> inputNodes, std::function<void()> askUser);
 
     bool isTrusted() override;

@@ -64,7 +64,8 @@ void LinuxClickTap::setNeeded(bool needed) {
     want(isNeeded, needed);
 }
 
-// Remove the filter first, so that its callback can no longer enable the tap.
+// Removes the filter before disabling the tap. Otherwise the filter's callback could enable the tap
+// again.
 void LinuxClickTap::remove() {
     if (setFilter == nullptr) {
         return;
@@ -81,13 +82,14 @@ void LinuxClickTap::useSwitch(driver::SwitchClickFilter turn) {
     switchFilter = turn;
 }
 
-// Always call the driver, even for a known state: after a stall it has disabled itself.
+// Calls the driver even if the state does not change, because the driver disables the filter itself
+// after a stall.
 void LinuxClickTap::want(bool& wish, bool value) {
     std::unique_lock guard(lock);
     wish = value;
     mustNotify = true;
     if (isNotifying || switchFilter == nullptr) {
-        return; // the other thread sends this change, too
+        return; // the thread that is calling the driver sends this change, too
     }
     isNotifying = true;
     while (std::exchange(mustNotify, false) && switchFilter != nullptr) {

@@ -1,12 +1,11 @@
-// Implements the click tap with the evdev driver's click filter. The driver sits between the
-// touchpads and the desktop, and calls back for each click.
+// Implements the click tap with the click filter of the evdev driver. The driver is placed between
+// the touchpads and the desktop, and calls the filter for each click.
 //
 // While the filter is on, the driver grabs the touchpads and forwards their events through clones.
-// So the filter is on only while the tap is enabled and a click could be swallowed.
+// Therefore the filter is on only while the tap is enabled and clicks may have to be swallowed.
 //
-// Thread:  as every click tap; setNeeded() on any thread. The driver's reader thread calls the
-//          callback.
-// Owner:   the click monitor. The device manager outlives it.
+// Thread:  see ClickTap; setNeeded() on any thread. The driver's reader thread calls the callback.
+// Owner:   the click monitor. The device manager outlives the tap.
 // Errors:  create() returns false if the driver cannot filter clicks or lacks permission.
 #pragma once
 
@@ -21,8 +20,8 @@ namespace glidemap {
 
 class LinuxClickTap : public ClickTap {
 public:
-    // The manager has loaded its driver in its constructor and keeps it loaded. Whether it
-    // currently reads touchpads does not matter here.
+    // The manager loads its driver on construction and keeps it loaded. The tap works whether or
+    // not the manager currently reads touchpads.
     explicit LinuxClickTap(const MultitouchDeviceManager& deviceManager);
     ~LinuxClickTap() override;
 
@@ -30,7 +29,7 @@ public:
     void setEnabled(bool enabled) override;
     void remove() override;
 
-    // The default is true: until the first call a click may be needed.
+    // Sets whether clicks may have to be swallowed. True until the first call.
     void setNeeded(bool needed) override;
 
 private:
@@ -38,21 +37,22 @@ private:
 
     void useSwitch(driver::SwitchClickFilter turn);
 
-    // Sets a requested state of the filter. The last change always reaches the driver last.
+    // Sets isEnabled or isNeeded, and notifies the driver. The last change always reaches the
+    // driver last.
     void want(bool& wish, bool value);
 
     const MultitouchDeviceManager& manager;
     driver::SetClickFilter setFilter = nullptr; // null while the tap does not exist
     Callback callback;
 
-    // Not held during calls to the driver: the driver may wait for its reader thread, whose
-    // callback may need this lock.
+    // Must not be held during calls to the driver: the driver may wait for its reader thread, and
+    // the filter's callback on that thread may need this lock.
     std::mutex lock;
     driver::SwitchClickFilter switchFilter = nullptr; // null while the tap does not exist
     bool isEnabled = false;
     bool isNeeded = true;
     bool isNotifying = false; // a thread is calling the driver
-    bool mustNotify = false;  // another call must follow
+    bool mustNotify = false;  // the driver must be called again
 };
 
 } // namespace glidemap

@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-// The physical location that our own devices report.
+// The physical location (PHYS) of the virtual devices that this program creates.
 constexpr std::string_view ownPlace = "glidemap";
 
 bool hasProperty(udev_device* device, const char* name) {

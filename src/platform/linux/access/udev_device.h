@@ -1,4 +1,4 @@
-// Reads the udev properties that decide about access to an input device.
+// Reads the udev properties that determine the access to an input device.
 //
 // Thread:  the thread of the device's udev context.
 // Errors:  none; an unknown device is not a touchpad.
@@ -8,8 +8,8 @@
 
 namespace glidemap {
 
-// Whether this is the event node of a touchpad that the udev rules grant. They exclude our clones
-// and nodes that are also a keyboard.
+// Whether this is the event node of a touchpad to which the udev rules grant access. These rules
+// exclude our clones and nodes that are also a keyboard.
 bool isTouchpadOfRule(udev_device* event);
 
 } // namespace glidemap

@@ -1,7 +1,7 @@
-// Finds the device nodes of this machine in udev and sysfs. Needs no privileges and opens no
-// device.
+// Finds the device nodes of this machine with udev and sysfs. Needs no privileges and opens no
+// devices.
 //
-// Thread:  any, but one call at a time.
+// Thread:  any, but only one call at a time.
 // Errors:  none; without udev there are no touchpads.
 #pragma once
 

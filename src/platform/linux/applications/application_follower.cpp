@@ -10,9 +10,8 @@ namespace glidemap {
 
 namespace {
 
-// Excludes this program, which is an accessory and not an application to bind gestures to. Some
-// desktops report no process for its window, others an identifier without an entry, so both are
-// checked.
+// This program is excluded, because gestures cannot be bound to it. Some desktops report no process
+// for its window, and others report an identifier without a desktop entry, so both are compared.
 bool isOwn(const WindowIdentity& window, const Application& application) {
     return window.process == getpid() || application.bundleID == ownIdentifier;
 }
@@ -72,8 +71,8 @@ const Application* ApplicationFollower::applicationOf(const WindowIdentity& wind
     const Application* const application =
         entry != nullptr ? published.installed.intern({entry->identifier, entry->name})
                          : published.others.intern(matcher.describe(window));
-    // The active window may be missing from the list, and its identity may change any number of
-    // times.
+    // Limits the cache: the active window may be missing from the list of windows, and may change
+    // its identity any number of times.
     if (matched.size() > open.size() + 64)
         forgetClosedWindows();
     matched.emplace(key, application);
@@ -98,7 +97,8 @@ void ApplicationFollower::matchAgain() {
 void ApplicationFollower::publishFrontmost() {
     const Application* const application =
         active ? applicationOf(*active) : ApplicationTable::unknown();
-    // A release store: a reader of the pointer must see the complete application.
+    // A thread that reads the pointer must see the complete application, so the store has release
+    // semantics.
     published.frontmost.store(application, std::memory_order_release);
 }
 

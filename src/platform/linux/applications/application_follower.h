@@ -1,7 +1,8 @@
 // Maps the windows that a desktop reports to applications, and publishes the result.
 //
-// While the focus moves from one window to the next, most desktops report no active window for a
-// moment. The last application stays frontmost until that state has lasted for the patience.
+// While the focus moves from one window to another, most desktops briefly report that no window is
+// active. The last application stays frontmost until this state has lasted longer than the
+// patience.
 //
 // Thread:  the desktop thread; any thread may read the published state.
 // Owner:   LinuxWorkspace, which keeps the published state alive longer.
@@ -27,7 +28,7 @@
 
 namespace glidemap {
 
-// Our desktop entry, and the identifier of our windows on desktops that report no process.
+// The id of our desktop entry. Desktops that report no process identify our windows by it, too.
 inline constexpr const char* ownIdentifier = "org.glidemap.Glidemap";
 
 struct PublishedApplications {
@@ -36,8 +37,8 @@ struct PublishedApplications {
 
     Snapshot<std::vector<Application>> running;
 
-    // A separate table, so that windows without an entry cannot use up the slots of installed
-    // applications.
+    // Installed applications have a table of their own, so that windows without a desktop entry
+    // cannot use up its slots.
     ApplicationTable installed = ApplicationTable(16384);
     ApplicationTable others = ApplicationTable(2048);
 };
@@ -50,9 +51,10 @@ public:
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;
 
-    // Chooses the windows of the application with this desktop entry file. A window of a program in
-    // a terminal belongs to the terminal; its identity comes from the process that the entry
-    // started. The choice is valid while the follower exists, until the thread's next task.
+    // Returns a function that selects the windows of the application with this desktop entry file.
+    // The window of a terminal program belongs to the terminal emulator, but is identified by the
+    // process that the entry started. The function is valid until the next task of the desktop
+    // thread, while the follower exists.
     WindowChoice windowsOf(const std::string& entryPath);
 
 private:
@@ -73,7 +75,8 @@ private:
     DesktopThread::Watch lasting; // measures the time without an active window
     DesktopEntries entries;
     ApplicationMatcher matcher;
-    std::map<Key, const Application*> matched; // cache, also of windows closed recently
+    // cache; also contains windows that were closed recently
+    std::map<Key, const Application*> matched;
     std::optional<WindowIdentity> active;
     std::vector<WindowIdentity> open;
 };

@@ -18,10 +18,10 @@ namespace glidemap {
 
 namespace {
 
-// A launch request, passed from callback to callback.
+// A launch request. Asynchronous callbacks pass it on.
 struct Launch {
     GDesktopAppInfo* entry;
-    std::string url; // to open; empty to launch the application itself
+    std::string url; // the URL to open; empty to launch the application without a URL
     LaunchToken token;
 
     Launch(GDesktopAppInfo* taken, std::string toOpen, LaunchToken given)
@@ -35,8 +35,8 @@ bool canBeActivated(GDesktopAppInfo* entry) {
     return g_desktop_app_info_get_boolean(entry, "DBusActivatable") != FALSE;
 }
 
-// "/usr/share/applications/org.example.App.desktop" → "org.example.App", if that is a valid bus
-// name.
+// Returns the bus name of an entry: "org.example.App" for
+// "/usr/share/applications/org.example.App.desktop". Empty if that is not a valid bus name.
 std::string busNameOf(GDesktopAppInfo* entry) {
     const char* const path = g_desktop_app_info_get_filename(entry);
     if (path == nullptr)
@@ -58,7 +58,8 @@ std::string objectPathOf(const std::string& busName) {
     return path;
 }
 
-// A service that times out has still received the call; launching a second copy would be wrong.
+// Whether the call did not reach the service. After a time-out, the service has received the call,
+// and launching a second process would be wrong.
 bool wasNotReached(const GError* error) {
     return g_error_matches(error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) == FALSE &&
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NO_REPLY) == FALSE &&
@@ -114,7 +115,7 @@ void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
         startProcess(launch->entry, launch->url, launch->token);
 }
 
-// Only D-Bus activation waits for the bus; a process starts without it.
+// Only D-Bus activation needs the bus. Otherwise the process is started immediately.
 void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token) {
     auto launch = std::make_unique<Launch>(entry, url, token);
     if (!canBeActivated(entry)) {
@@ -133,7 +134,8 @@ bool acceptsLaunchToken(GDesktopAppInfo* entry) {
 }
 
 void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token) {
-    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // not deleted by the user
+    // false if the user has deleted the entry
+    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) {
         begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", token);
     }
 }
@@ -160,7 +162,7 @@ void launchHandler(const std::string& url) {
     g_free(scheme);
     if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler))
         begin(G_DESKTOP_APP_INFO(handler), url, {});
-    else // a file: its content type selects the handler
+    else // a file, whose content type selects the handler
         g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
 }
 

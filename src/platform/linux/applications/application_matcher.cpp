@@ -18,7 +18,8 @@ namespace {
 
 using Candidates = std::vector<const DesktopEntry*>;
 
-// Some programs report "Visual Studio Code" while their entry is visual-studio-code.
+// Ignores case, and treats spaces as dashes: some programs report "Visual Studio Code" although
+// their entry is named visual-studio-code.
 char folded(char character) {
     return character == ' ' ? '-' : g_ascii_tolower(character);
 }
@@ -54,7 +55,7 @@ const DesktopEntry* onlyOne(const Candidates& candidates, Rule holds) {
     return allVisible == 1 ? visible : nullptr;
 }
 
-// The search for one window's entry.
+// Searches the entry of one window.
 class Search {
 public:
     Search(const std::vector<DesktopEntry>& entries, const WindowIdentity& of, ProcessFacts known)
@@ -162,7 +163,8 @@ private:
                        [&](const DesktopEntry& entry) { return entry.steamGame == game; });
     }
 
-    // Steam runs its games in its own unit.
+    // Whether the unit belongs to the window's own application. A command typed in a terminal runs
+    // in the terminal's unit, and Steam runs games in Steam's unit.
     bool unitIsItsOwn() const {
         if (unit.kind != UnitApplication::Kind::ordinary)
             return true;

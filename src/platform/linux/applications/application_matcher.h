@@ -1,23 +1,25 @@
-// Finds the desktop entry of a window. The evidence, in order of reliability:
+// Finds the desktop entry of a window. These criteria are tried in order, the most reliable first:
 //
-//  0. A process in a flatpak's or a snap's unit belongs to one of that package's entries.
+//  0. A process in the unit of a flatpak or a snap belongs to an entry of that package.
 //  1. StartupWMClass equals the window's instance. Only this distinguishes web applications from
 //     their browser.
 //  2. The app id equals an entry's id, first exactly, then ignoring case.
-//  3. StartupWMClass equals the app id exactly; then either one ignoring case.
+//  3. StartupWMClass equals the app id exactly. Otherwise it equals the app id or the instance,
+//     ignoring case.
 //  4. The instance equals an entry's id.
 //  5. The app id, then the instance, equals the last component of a reverse-DNS id: "konsole"
 //     matches org.kde.konsole.
-//  6. The window names the Steam game that the entry starts.
-//  7. The process's unit names an entry. A command typed in a terminal runs in the terminal's unit,
-//     so this rule excludes it.
+//  6. The window's app id names the Steam game that the entry starts.
+//  7. The process's unit names an entry. This excludes commands typed in a terminal, because they
+//     run in the terminal's unit.
 //  8. The process was launched from the entry's file.
 //  9. The entry starts the program that the process runs.
 //
-// Evidence that matches several entries is ignored, unless all but one are hidden from menus.
+// If a criterion matches several entries, it is skipped, unless all but one of them are hidden from
+// menus.
 //
 // Thread:  one; the desktop thread in the program.
-// Owner:   the workspace. The entries and the reader must outlive it.
+// Owner:   the workspace. The entries and the reader must outlive the matcher.
 // Errors:  none.
 #pragma once
 
@@ -34,10 +36,11 @@ class ApplicationMatcher {
 public:
     ApplicationMatcher(const std::vector<DesktopEntry>& installed, const ProcessReader& reader);
 
-    // Null if no entry matches the window.
+    // Returns null if no entry matches the window.
     const DesktopEntry* entryOf(const WindowIdentity& window) const;
 
-    // Describes a window without an entry by its own identifiers; the result may be empty.
+    // Describes a window without an entry by the identifiers of the window and its process. The
+    // result may be empty.
     Application describe(const WindowIdentity& window) const;
 
 private:

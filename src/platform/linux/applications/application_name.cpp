@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t maxIdentifier = 256; // bytes; file names have nearly the same limit
+constexpr std::size_t maxIdentifier = 256; // in bytes, close to the limit for file names
 
 std::string asUTF8(std::string_view text) {
     if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
@@ -40,7 +40,7 @@ std::string cutTo(std::string text, std::size_t size) {
     return text;
 }
 
-// Does not cut inside a UTF-8 character: the rest would look like another encoding.
+// Never cuts within a UTF-8 character, because the incomplete character would be read as Latin-1.
 std::string_view beginningOf(std::string_view text, std::size_t size) {
     constexpr std::size_t maxContinuation = 3;
     if (text.size() <= size)

@@ -1,4 +1,4 @@
-// Derives an application's name from a window without a desktop entry.
+// Derives an application's name from the identifiers of a window without a desktop entry.
 //
 // Thread:  any.
 // Errors:  none. Text that is not UTF-8 is read as Latin-1, control characters are removed, and
@@ -10,13 +10,13 @@
 
 namespace glidemap {
 
-// Returns the window's own identifier in a form that is safe to store and show.
+// Returns the window's identifier in a form that is safe to store and display.
 std::string cleanIdentifier(std::string_view text);
 
-// "my-tool" → "My Tool", "org.example.Viewer" → "Viewer".
+// Examples: "my-tool" → "My Tool", "org.example.Viewer" → "Viewer".
 std::string nameFromIdentifier(std::string_view identifier);
 
-// The last component of a reverse-DNS name; empty if the text is not such a name.
+// Returns the last component of a reverse-DNS name, or an empty text for other names.
 std::string_view lastComponent(std::string_view identifier);
 
 } // namespace glidemap

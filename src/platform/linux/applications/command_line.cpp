@@ -24,7 +24,7 @@ bool oneOf(const std::array<std::string_view, Count>& names, std::string_view na
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// Maps "python3.11" to "python".
+// Removes a version: "python3.11" becomes "python".
 std::string_view withoutVersion(std::string_view name) {
     while (!name.empty() &&
            (std::isdigit(static_cast<unsigned char>(name.back())) != 0 || name.back() == '.'))
@@ -54,7 +54,7 @@ std::string archiveOf(const Words& words, std::size_t at) {
     return named ? fileNameOf(*(option + 1)) : "";
 }
 
-// Stops at `sh -c '…'`, which may run any command.
+// Returns the script that an interpreter runs; empty for `sh -c '…'`, which may run any command.
 std::string scriptOf(const Words& words, std::size_t at) {
     for (; at < words.size() && isOption(words[at]); ++at) {
         if (words[at] == "-c" || words[at] == "-e" || words[at] == "-m")
@@ -63,7 +63,7 @@ std::string scriptOf(const Words& words, std::size_t at) {
     return at < words.size() ? fileNameOf(words[at]) : "";
 }
 
-// The program's snap name: "code" for both "code" and "code.code".
+// Returns the snap name of the program, for example "code" or "code.code".
 std::string snapProgramOf(const Words& words, std::size_t at) {
     if (at >= words.size() || words[at] != "run")
         return "";
@@ -71,7 +71,7 @@ std::string snapProgramOf(const Words& words, std::size_t at) {
     return at < words.size() ? words[at] : "";
 }
 
-// Splits an Exec key into words by the quoting rules of desktop entries.
+// Splits an Exec key into words according to the quoting rules of desktop entries.
 class ExecReader {
 public:
     Words read(std::string_view line) {
@@ -101,7 +101,8 @@ private:
         word->push_back(character);
     }
 
-    // A doubled percent sign is a literal one, not a field code.
+    // "%%" stands for a literal percent sign. Marking the word as quoted prevents it from being
+    // removed as a field code.
     void appendPercent(char percent) {
         append(percent);
         quoted = true;
@@ -128,7 +129,7 @@ private:
     bool quoted = false;
 };
 
-// The index of the actual command, after words that only prepare its environment.
+// Returns the index of the actual command, after wrappers that only prepare its environment.
 std::size_t commandOf(const Words& words) {
     std::size_t at = skipOptions(words, 0);
     while (at < words.size() && oneOf(wrappers, fileNameOf(words[at])))
@@ -139,7 +140,7 @@ std::size_t commandOf(const Words& words) {
 } // namespace
 
 std::string fileNameOf(std::string_view path) {
-    return std::string(path.substr(path.rfind('/') + 1)); // npos + 1 is 0
+    return std::string(path.substr(path.rfind('/') + 1)); // if there is no slash, npos + 1 is 0
 }
 
 Words wordsOfExec(std::string_view line) {

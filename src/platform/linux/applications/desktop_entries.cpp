@@ -11,7 +11,8 @@ namespace glidemap {
 
 namespace {
 
-// Installing a package changes many entries in a row. Reading waits until the changes settle.
+// The installation of a package changes many entries in a row. They are read again when no entry
+// has changed for this time.
 constexpr std::chrono::milliseconds settlingTime{300};
 
 std::string orEmpty(const char* text) {
@@ -62,7 +63,8 @@ std::vector<DesktopEntry> readAll() {
 struct DesktopEntries::State {
     DesktopThread& thread;
     std::function<void()> changed;
-    // The monitor must exist before the first reading: it reports only changes after a reading.
+    // Created before the entries are read, because it reports only changes that happen after a
+    // reading.
     GAppInfoMonitor* monitor = g_app_info_monitor_get();
     gulong subscription = 0;
     DesktopThread::Watch settling;
@@ -81,7 +83,8 @@ struct DesktopEntries::State {
         g_object_unref(monitor);
     }
 
-    // GIO reports no further change until the entries are read again.
+    // Called once after each reading: GIO reports no further changes until the entries are read
+    // again.
     static void reported(GAppInfoMonitor* /*monitor*/, gpointer self) {
         auto* const state = static_cast<State*>(self);
         state->settling = state->thread.after(settlingTime, [state] {

@@ -1,8 +1,8 @@
-// Keeps the list of installed desktop entries current, from file system notifications.
+// The list of installed desktop entries. File system notifications keep it up to date.
 //
 // Thread:  the desktop thread, whose context receives the notifications.
 // Owner:   LinuxWorkspace.
-// Errors:  none. An entry that cannot be read, or whose program is missing, is omitted.
+// Errors:  none. An entry is omitted if it cannot be read or its program is missing.
 #pragma once
 
 #include "platform/linux/applications/desktop_entry.h"
@@ -16,7 +16,7 @@ namespace glidemap {
 
 class DesktopEntries {
 public:
-    // `changed` is called each time the entries have been read again.
+    // `changed` is called whenever the entries have been read again.
     DesktopEntries(DesktopThread& desktop, std::function<void()> changed);
     DesktopEntries(const DesktopEntries&) = delete;
     DesktopEntries& operator=(const DesktopEntries&) = delete;

@@ -8,7 +8,8 @@ void readExec(DesktopEntry& entry, std::string_view line) {
     const auto words = wordsOfExec(line);
     entry.flatpak = flatpakOf(words);
     entry.steamGame = steamGameOf(words);
-    if (entry.steamGame.empty()) // otherwise every game would match Steam itself
+    // for a game, the program would be Steam, and every game would match it
+    if (entry.steamGame.empty())
         entry.program = programOf(words);
 }
 

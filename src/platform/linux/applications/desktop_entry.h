@@ -1,7 +1,7 @@
-// Describes an installed desktop entry, as far as it identifies its application's windows.
+// The properties of an installed desktop entry that identify the windows of its application.
 //
 // Thread:  any; a value.
-// Errors:  none; a field is empty if the entry lacks it.
+// Errors:  none; a property that the entry lacks is empty.
 #pragma once
 
 #include <string>
@@ -12,18 +12,18 @@ namespace glidemap {
 struct DesktopEntry {
     std::string identifier; // the entry's id without ".desktop"
     std::string name;       // localised
-    std::string path;       // of the .desktop file
+    std::string path;       // the path of the .desktop file
     std::string windowClass;
-    std::string program;   // the file name of the program in Exec
-    std::string flatpak;   // the application id in Exec's `flatpak run`
-    std::string steamGame; // the game number in Exec's Steam URL
+    std::string program;   // the file name of the program in the Exec key
+    std::string flatpak;   // the application id of `flatpak run` in the Exec key
+    std::string steamGame; // the game number of the Steam URL in the Exec key
     bool visible = true;   // shown in menus
     bool inTerminal = false;
 
     friend bool operator==(const DesktopEntry&, const DesktopEntry&) = default;
 };
 
-// Fills in the fields that come from the Exec line.
+// Sets the properties that are derived from the Exec line.
 void readExec(DesktopEntry& entry, std::string_view line);
 
 } // namespace glidemap

@@ -30,7 +30,7 @@ std::string quotedFileOf(const std::string& url) {
     return path.empty() ? "" : quoted(path);
 }
 
-// Deprecated field codes expand to nothing.
+// Returns the text that replaces a field code. Deprecated field codes are replaced by nothing.
 std::string expanded(char code, const FieldValues& values) {
     switch (code) {
     case '%':
@@ -54,10 +54,11 @@ std::string expanded(char code, const FieldValues& values) {
 
 struct Terminal {
     const char* program;
-    const char* option; // precedes the command; null if no option is needed
+    const char* option; // the option before the command; null if none is needed
 };
 
-// In order of preference: the user's choice, the desktops' own terminals, then others.
+// In order of preference: xdg-terminal-exec runs the terminal that the user has chosen, then come
+// the terminals of desktops, then others.
 constexpr std::array<Terminal, 18> terminals = {{{"xdg-terminal-exec", nullptr},
                                                  {"kgx", "-e"},
                                                  {"gnome-terminal", "--"},

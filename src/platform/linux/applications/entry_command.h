@@ -1,8 +1,8 @@
-// Builds the command of a desktop entry: its Exec key with field codes expanded, in a terminal if
-// the entry requires one.
+// Builds the command line of a desktop entry: its Exec key with field codes expanded, in a terminal
+// if the entry requires one.
 //
 // Thread:  the entry's thread.
-// Errors:  returns an empty command and the reason as text.
+// Errors:  returns an empty command, and the reason as text.
 #pragma once
 
 #include <string>
@@ -14,14 +14,14 @@ namespace glidemap {
 
 struct EntryCommand {
     std::vector<std::string> words; // empty on failure
-    std::string problem;            // the reason of a failure
+    std::string problem;            // the reason for a failure
 };
 
-// `url` is the URL to open; empty for none.
+// `url` is the URL to open, or empty.
 EntryCommand commandOf(GDesktopAppInfo* entry, const std::string& url);
 
-// The values of field codes. They are quoted like GIO does, for a command that is split like a
-// shell's.
+// The values that replace field codes. They are quoted as in GIO, because the result is split like
+// a shell command.
 struct FieldValues {
     std::string name;
     std::string icon;
@@ -30,8 +30,8 @@ struct FieldValues {
 };
 std::string withFieldCodes(const std::string& exec, const FieldValues& values);
 
-// Returns the words to put before a command to run it in the first installed terminal; empty if no
-// terminal is installed.
+// Returns the words that, placed before a command, run it in the first installed terminal. Empty if
+// no terminal is installed.
 std::vector<std::string> terminalPrefix();
 
 } // namespace glidemap

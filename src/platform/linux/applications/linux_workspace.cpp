@@ -32,7 +32,8 @@ LaunchedApplication described(GDesktopAppInfo* entry) {
 
 using Entry = std::shared_ptr<GDesktopAppInfo>;
 
-// Null if no entry with this identifier is installed. An identifier with a slash would leave the folders that hold entries.
+// Returns null if no entry with this identifier is installed. Identifiers with a slash are
+// rejected, because they could refer to files outside the folders of desktop entries.
 Entry entryOf(const std::string& bundleID) {
     const bool isIdentifier = !bundleID.empty() && bundleID.find('/') == std::string::npos;
     return {isIdentifier ? g_desktop_app_info_new((bundleID + ".desktop").c_str()) : nullptr,
@@ -47,7 +48,7 @@ struct LinuxWorkspace::State {
     PublishedApplications published;
     KernelProcessReader processes;
 
-    // Lives on the desktop thread.
+    // These objects live on the desktop thread.
     std::unique_ptr<ApplicationFollower> follower;
     std::unique_ptr<WindowBackend> backend;
 
@@ -82,7 +83,7 @@ struct LinuxWorkspace::State {
         }
     }
 
-    // The entry of the last lookup, which is usually opened next. Used on the main thread.
+    // The entry found last, because it is usually opened next. Used on the main thread only.
     std::string foundURL;
     std::shared_ptr<GDesktopAppInfo> found;
 

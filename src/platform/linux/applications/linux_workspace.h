@@ -1,11 +1,11 @@
-// The workspace on Linux, built from the installed desktop entries, the windows of the running
-// desktop, and GIO for launching.
+// Implements Workspace on Linux with the installed desktop entries, the windows that the desktop
+// reports, and GIO for launching.
 //
-// Thread:  as the port documents. The desktop thread tracks windows and launches applications;
+// Thread:  see Workspace. The desktop thread tracks windows and launches applications;
 //          frontmostApplication() reads one atomic pointer.
-// Owner:   the program. The desktop thread must outlive it; no thread may read it after its
-//          destruction.
-// Errors:  none. If no candidate supports the desktop, no application is frontmost and none runs.
+// Owner:   the program. The desktop thread must outlive the workspace; no thread may use the
+//          workspace after its destruction.
+// Errors:  none. If no candidate supports the desktop, no application is frontmost or running.
 #pragma once
 
 #include "dispatch/workspace.h"
@@ -21,19 +21,19 @@ namespace glidemap {
 
 class LinuxWorkspace : public Workspace {
 public:
-    // How long the desktop must report no active window before that state is accepted. A window
-    // manager needs a few milliseconds to move the focus.
+    // How long the desktop must report that no window is active before the workspace does. Window
+    // managers need a few milliseconds to move the focus.
     static constexpr std::chrono::milliseconds usualPatience{100};
 
-    // Panels without a URL handler on the desktop. Called on the main thread; may be empty.
+    // Implements panels of the desktop that have no URL. Called on the main thread; may be empty.
     struct Panels {
         std::function<void()> missionControl = {};
         std::function<bool()> hasMissionControl = {};
         std::function<void()> accessibilitySettings = {};
     };
 
-    // Creates and starts the candidates in order, on the desktop thread, until one supports the
-    // desktop. Returns at once; the state is known after the desktop's first report.
+    // On the desktop thread, creates and starts the candidates in order until one supports the
+    // desktop. The constructor does not block; the state is known after the desktop's first report.
     LinuxWorkspace(DesktopThread& desktop, std::vector<WindowBackendFactory> candidates,
                    Panels ownPanels, std::chrono::milliseconds patienceWithNone = usualPatience);
     ~LinuxWorkspace() override;
@@ -48,7 +48,7 @@ public:
     void openAccessibilitySettings() override;
     void openURL(const std::string& url) override;
 
-    // Activates the window of this program that was used last.
+    // Activates the most recently used window of this program.
     void bringOwnWindowForward();
 
 private:

@@ -20,7 +20,7 @@ namespace glidemap {
 
 namespace {
 
-// Variables that belong to the launch of this program.
+// These variables describe the launch of this program, so launched programs must not inherit them.
 constexpr std::array<std::string_view, 5> notInherited = {
     "JOURNAL_STREAM", "DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "GIO_LAUNCHED_DESKTOP_FILE",
     "GIO_LAUNCHED_DESKTOP_FILE_PID"};
@@ -49,8 +49,8 @@ std::vector<std::string> environmentFor(GDesktopAppInfo* entry, const LaunchToke
     return variables;
 }
 
-// Whether the application completes its startup notification. For others the desktop would show for
-// a while that they are starting.
+// Whether the application completes startup notification. For other applications, the desktop would
+// show a busy indicator until it times out.
 bool takesNotice(GDesktopAppInfo* entry) {
     return g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_STARTUP_NOTIFY) != FALSE;
 }

@@ -1,7 +1,7 @@
 // Starts the process of a desktop entry, detached from this process.
 //
 // Thread:  the desktop thread.
-// Errors:  not reported to the caller; the log contains the reason.
+// Errors:  logged, not reported to the caller.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"
@@ -12,8 +12,8 @@ using GDesktopAppInfo = struct _GDesktopAppInfo;
 
 namespace glidemap {
 
-// Starts the Exec line, even if the entry supports D-Bus activation. `url` is the URL to open;
-// empty for none.
+// Runs the Exec line, even if the entry supports D-Bus activation. `url` is the URL to open, or
+// empty.
 void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token);
 
 } // namespace glidemap

@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// A cap is needed because /proc/PID/environ may be of any size.
+// Limits reading, because /proc/PID/environ may have any size.
 constexpr std::size_t maxFileSize = std::size_t{1} << 20;
 
 std::string contentOf(const std::string& path) {
@@ -41,7 +41,8 @@ std::string targetOf(const std::string& link) {
     std::array<char, 4096> target{};
     const ssize_t size = readlink(link.c_str(), target.data(), target.size());
     std::string path(target.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-    constexpr std::string_view deleted = " (deleted)"; // an update replaced the file while it runs
+    // the suffix of a file that an update replaced while the program runs
+    constexpr std::string_view deleted = " (deleted)";
     if (path.ends_with(deleted))
         path.resize(path.size() - deleted.size());
     return path;
@@ -55,7 +56,8 @@ std::string variable(const std::vector<std::string>& environment, std::string_vi
     return "";
 }
 
-// Child processes inherit the variables, so they count only if they name this process.
+// A child process inherits these variables from its parent, so they are valid only if the process
+// id matches.
 std::string launchedFrom(const std::string& folder, pid_t process) {
     const auto environment = splitAtNulls(contentOf(folder + "environ"));
     const bool own =
@@ -63,7 +65,8 @@ std::string launchedFrom(const std::string& folder, pid_t process) {
     return own ? variable(environment, "GIO_LAUNCHED_DESKTOP_FILE") : "";
 }
 
-// The fifth field after the name in parentheses, which may itself contain parentheses and spaces.
+// Reads the fifth field after the name. The name is in parentheses, and may itself contain
+// parentheses and spaces.
 bool hasTerminal(const std::string& status) {
     const std::size_t nameEnd = status.rfind(')');
     if (nameEnd == std::string::npos)

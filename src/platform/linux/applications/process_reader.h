@@ -1,8 +1,8 @@
 // Reads the properties of a process that identify its application.
 //
 // Thread:  any.
-// Errors:  none. A property is empty if it cannot be read: the process has exited or belongs to
-//          another user.
+// Errors:  none. A property that cannot be read is empty, because the process has exited or belongs
+//          to another user.
 #pragma once
 
 #include <sys/types.h>
@@ -13,12 +13,13 @@
 namespace glidemap {
 
 struct ProcessFacts {
-    std::string controlGroups; // the content of its cgroup file
+    std::string controlGroups; // the content of /proc/PID/cgroup
     std::string executable;    // path
     std::vector<std::string> arguments;
-    // Path of the entry that launched this process; empty if it launched an ancestor.
+    // The path of the desktop entry that launched this process; empty if it launched an ancestor.
     std::string launchedFrom;
-    bool onTerminal = false; // the process has a controlling terminal, so a user typed its name
+    // the process has a controlling terminal, so it was started by a command in a terminal
+    bool onTerminal = false;
 
     friend bool operator==(const ProcessFacts&, const ProcessFacts&) = default;
 };
@@ -33,7 +34,7 @@ public:
     virtual ProcessFacts read(pid_t process) const = 0;
 };
 
-// Reads /proc.
+// Implements the reader with the files in /proc.
 class KernelProcessReader : public ProcessReader {
 public:
     ProcessFacts read(pid_t process) const override;

@@ -54,8 +54,9 @@ std::string unescape(std::string_view text) {
     return plain;
 }
 
-// The texts after each dash, the shortest first. The shortest is the ID if its dashes are escaped;
-// the longest is the ID if they are not and the launcher is omitted.
+// Returns the texts after each dash, the shortest first. If dashes in the ID are escaped, the ID is
+// the shortest text. If they are not, and the unit name contains no launcher, the ID is the
+// longest.
 std::vector<std::string> endsOf(std::string_view text) {
     std::vector<std::string> ends;
     for (std::size_t dash = text.size(); dash > 0;) {
@@ -69,7 +70,7 @@ std::vector<std::string> endsOf(std::string_view text) {
     return ends;
 }
 
-// "SNAP.APP-RANDOM", "SNAP.APP.RANDOM" or "SNAP.APP".
+// Parses "SNAP.APP-RANDOM", "SNAP.APP.RANDOM" or "SNAP.APP".
 UnitApplication snapOf(std::string_view text) {
     constexpr std::size_t maxRandom = 36;
     UnitApplication application{UnitApplication::Kind::snap, {}, ""};
@@ -89,7 +90,7 @@ UnitApplication snapOf(std::string_view text) {
     return application;
 }
 
-// "CONNECTION-ID@NUMBER": an application that D-Bus starts uses its identifier as bus name.
+// Parses "CONNECTION-ID@NUMBER". The id of an application that D-Bus starts equals its bus name.
 UnitApplication busServiceOf(std::string_view text) {
     const std::size_t dash = text.find('-');
     const std::size_t at = text.rfind('@');
@@ -134,7 +135,8 @@ UnitApplication applicationNamedBy(std::string_view unit) {
 
 } // namespace
 
-// Skip empty names: an entry without a package must not match a package without a name.
+// Removes empty identifiers. Otherwise a desktop entry without a package would match a package
+// without a name.
 UnitApplication applicationOfUnit(std::string_view unit) {
     UnitApplication application = applicationNamedBy(unit);
     std::erase_if(application.identifiers, [](const std::string& one) { return one.empty(); });

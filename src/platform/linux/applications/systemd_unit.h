@@ -5,10 +5,10 @@
 //     app-flatpak-ID-RANDOM.scope        snap.SNAP.APP-RANDOM.scope
 //     dbus-CONNECTION-ID@NUMBER.service
 //
-// A dash inside an ID must be written \x2d, but some launchers do not escape it.
+// A dash within an ID should be written as \x2d, but some launchers do not escape it.
 //
 // Thread:  any.
-// Errors:  none. A unit of another kind identifies no application.
+// Errors:  none. Units with other names identify no application.
 #pragma once
 
 #include <string>
@@ -29,7 +29,7 @@ struct UnitApplication {
 
 UnitApplication applicationOfUnit(std::string_view unit);
 
-// The unit in the text of /proc/PID/cgroup; empty if the process is in none.
+// Returns the unit named in the content of /proc/PID/cgroup; empty if the process is in no unit.
 std::string unitOfControlGroups(std::string_view text);
 
 } // namespace glidemap

@@ -42,7 +42,7 @@ GVariant* startTransientUnit(const Move& move) {
     return g_variant_new("(ssa(sv)a(sa(sv)))", move.unit.c_str(), "fail", &properties, nullptr);
 }
 
-// The pending reply keeps the connection open until systemd has received the request.
+// Called when systemd has replied. Until then, the pending call keeps the connection open.
 void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
     if (GVariant* const answer =
             g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr))

@@ -32,7 +32,8 @@ std::optional<std::string> systemBusAddress() {
     return std::nullopt;
 }
 
-// Without an address the D-Bus libraries would start a new bus, which has no services.
+// Does not use the D-Bus libraries: if the environment contained no address, they would start a new
+// bus, which has no services.
 std::optional<std::string> sessionBusAddress() {
     if (auto address = named("DBUS_SESSION_BUS_ADDRESS")) {
         return address;

@@ -1,4 +1,4 @@
-// Finds the addresses of the system and session bus.
+// Finds the addresses of the system bus and the session bus.
 //
 // Errors:  a bus that is not running counts as absent.
 #pragma once
@@ -10,7 +10,7 @@ namespace glidemap {
 
 enum class Bus { system, session };
 
-// Reads the environment and checks the usual sockets; does not connect to the bus.
+// Reads the environment and checks whether the usual sockets exist. Does not connect to the bus.
 std::optional<std::string> busAddress(Bus bus);
 
 } // namespace glidemap

@@ -28,7 +28,7 @@ struct SocketName {
     socklen_t length = 0;
 };
 
-// Parses one address, such as "unix:path=/run/user/1000/bus,guid=…".
+// Parses a single address, such as "unix:path=/run/user/1000/bus,guid=…".
 std::optional<SocketName> socketNameIn(std::string_view address) {
     constexpr std::string_view transport = "unix:";
     if (!address.starts_with(transport)) {
@@ -66,7 +66,8 @@ int millisecondsUntil(Clock::time_point deadline) {
     return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left, 0));
 }
 
-// A socket with a full backlog refuses at once, and has room again later.
+// Retries while the socket's backlog is full, because a full backlog refuses connections only
+// temporarily.
 bool connectUntil(const OpenFile& socket, const SocketName& name, Clock::time_point deadline) {
     constexpr int attemptInterval = 10; // milliseconds
     while (connect(socket.descriptor(), reinterpret_cast<const sockaddr*>(&name.address),
@@ -79,7 +80,7 @@ bool connectUntil(const OpenFile& socket, const SocketName& name, Clock::time_po
     return true;
 }
 
-// The start of D-Bus authentication, as the libraries send it. Any reply proves that the bus
+// Returns the start of D-Bus authentication, as the libraries send it. Any reply shows that the bus
 // responds.
 std::string firstWords() {
     const std::string user = std::to_string(geteuid());
@@ -112,14 +113,16 @@ bool respondsAt(const SocketName& name, std::chrono::milliseconds patience) {
 
 } // namespace
 
-// The libraries try the addresses of a list in order, and a stuck one blocks the rest.
+// Checks only the first address, because the libraries try a list of addresses in order and would
+// wait for the first one.
 bool busResponds(const std::string& address, std::chrono::milliseconds patience) {
     const std::string first = address.substr(0, address.find(';'));
     const auto name = socketNameIn(first);
     return !name || respondsAt(*name, patience);
 }
 
-// GIO chooses its implementation once. Launched programs must not inherit the variable.
+// GIO reads the variable only once. It is removed afterwards, so that launched programs do not
+// inherit it.
 void useFilesWithoutBus() {
     constexpr const char* variable = "GIO_USE_VFS";
     if (std::getenv(variable) != nullptr) {

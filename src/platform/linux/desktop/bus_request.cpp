@@ -30,7 +30,7 @@ gboolean runOnce(gpointer function) {
     return G_SOURCE_REMOVE;
 }
 
-// Runs on the calling thread. The timer ends with the returned source.
+// Starts a timer on the calling thread. Destroying the returned source stops the timer.
 Source startTimer(std::chrono::milliseconds delay, Function function) {
     Source timer(g_timeout_source_new(static_cast<guint>(delay.count())));
     g_source_set_callback(timer.get(), runOnce, new Function(std::move(function)), forgetFunction);
@@ -54,7 +54,8 @@ struct BusRequest::State {
     using WithBus = std::function<void(GDBusConnection* connection)>;
     using SignalHandler = std::function<void(GVariant* values)>;
 
-    // The user data of GIO's callbacks, which keeps the transaction alive until they have run.
+    // The user data of GIO's callbacks. It keeps the transaction alive until the callbacks have
+    // run.
     struct Opening {
         std::shared_ptr<BusRequest> request;
         Bus bus;
@@ -69,7 +70,7 @@ struct BusRequest::State {
     };
     struct Line {
         Connection connection;
-        bool outOfOrder = false; // opening failed; do not retry
+        bool outOfOrder = false; // the bus could not be opened; do not retry
     };
 
     Line& line(Bus bus) { return lines[bus == Bus::system ? 0 : 1]; }
@@ -147,7 +148,7 @@ void BusRequest::State::signalled(GDBusConnection* /*connection*/, const char* /
                                   const char* /*path*/, const char* /*interface*/,
                                   const char* /*signal*/, GVariant* values, gpointer onSignal) {
     const SignalHandler copy =
-        *static_cast<SignalHandler*>(onSignal); // the callback may end the watch
+        *static_cast<SignalHandler*>(onSignal); // copied, because the callback may end the watch
     copy(values);
 }
 
@@ -219,7 +220,7 @@ void BusRequest::cancel() {
     }
 }
 
-// The number of transactions that have not ended.
+// The number of unfinished transactions.
 struct BusRequests::Open {
     std::mutex mutex;
     std::condition_variable fewer;

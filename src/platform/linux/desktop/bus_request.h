@@ -1,15 +1,16 @@
-// A transaction on a D-Bus bus: a chain of asynchronous calls to services that may be missing, slow
-// or stuck.
+// A transaction on D-Bus: a chain of asynchronous calls to services that may be missing, slow or
+// stuck.
 //
-// A transaction opens its bus, makes its calls and closes the bus. Locking the screen and showing
-// the overview are rare, so no connection stays open in between and wakes the program.
+// A transaction opens its bus, makes its calls and closes the bus. It is used for rare actions,
+// such as locking the screen and showing the overview. An open connection would wake the program in
+// between.
 //
-// Thread:  BusRequests on the main thread; the transactions run and end on the desktop thread.
-// Owner:   its own callbacks keep a transaction alive until the chain ends. The destructor of
-//          BusRequests cancels pending transactions and waits until they have ended, which is
-//          immediate.
-// Errors:  as replies. Each step has a time limit; a cancelled transaction makes no further
-//          callback.
+// Thread:  BusRequests on the main thread. Transactions run and end on the desktop thread.
+// Owner:   a transaction's own callbacks keep it alive until the chain ends. The destructor of
+//          BusRequests cancels pending transactions and waits until they have ended, which does not
+//          take long.
+// Errors:  as replies. Each step has a time limit. A cancelled transaction calls no further
+//          callbacks.
 #pragma once
 
 #include "platform/linux/desktop/bus_address.h"
@@ -32,12 +33,12 @@ struct BusMethod {
     const char* name = nullptr;
 };
 
-// The reply of a service: a tuple, valid during the callback, or null on failure. A missing service
-// is distinguished from one that refuses or does not reply.
+// The reply of a service: a tuple that is valid during the callback, or null on failure.
+// serviceMissing and isLate distinguish a missing service from one that refuses or does not reply.
 struct BusReply {
     GVariant* values = nullptr;
     bool serviceMissing = false;
-    bool isLate = false; // the service received the call and did not reply in time
+    bool isLate = false; // the service received the call but did not reply in time
     bool busIsOpen = true;
 };
 
@@ -59,40 +60,41 @@ public:
 protected:
     using Then = std::function<void(const BusReply& answer)>;
 
-    // `arguments` is a tuple, or null for none; a floating reference is consumed. Opens the bus
-    // first if necessary.
+    // Opens the bus if necessary, and calls the method. `arguments` is a tuple or null; a floating
+    // reference is consumed.
     void call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
               IfNotRunning ifNotRunning, Then then);
     void call(const BusMethod& method, GVariant* arguments, Then then);
 
-    // Calls `onSignal` for each matching signal, until stopWaiting(). Start a watch in the callback of
-    // a call on the same bus, which is open then. A watch keeps the transaction alive only if
-    // `onSignal` holds a reference; calls and delays always do.
+    // Calls `onSignal` for each matching signal until stopWaiting(). Call watch() in the callback
+    // of a call on the same bus, because the bus must be open. A watch does not keep the
+    // transaction alive unless `onSignal` holds a reference; calls and delays do.
     struct Signal {
         Bus bus = Bus::session;
         const char* service = nullptr;
         const char* interface = nullptr;
         const char* name = nullptr;
-        const char* firstArgument = nullptr; // null matches any
+        const char* firstArgument = nullptr; // null matches any argument
     };
     void watch(const Signal& signal, std::function<void(GVariant* values)> onSignal);
 
-    // Calls `changed` each time properties of the interface have changed.
+    // Calls `changed` whenever properties of the interface have changed.
     void watchProperties(Bus bus, const char* service, const char* interface,
                          std::function<void()> changed);
     void after(Milliseconds delay, std::function<void()> then);
 
-    // Ends all watches and delays.
+    // Removes all watches and delays.
     void stopWaiting();
 
 private:
     friend class BusRequests;
     struct State;
 
-    // Cancels the chain: pending callbacks only release their references.
+    // Cancels the chain. Pending callbacks then only release their references.
     void cancel();
 
-    std::shared_ptr<void> counted; // goes last: the destructor of BusRequests waits for it
+    // its release, after all other work, ends the wait in the destructor of BusRequests
+    std::shared_ptr<void> counted;
     const Milliseconds patienceOfAStep;
     std::unique_ptr<State> state;
 };
@@ -104,7 +106,7 @@ public:
     BusRequests& operator=(const BusRequests&) = delete;
     ~BusRequests();
 
-    // The caller must not keep a reference.
+    // Starts the transaction. The caller must not keep a reference to it.
     void start(std::shared_ptr<BusRequest> request);
 
 private:

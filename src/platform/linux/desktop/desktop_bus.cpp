@@ -14,9 +14,10 @@ namespace glidemap {
 namespace {
 
 constexpr int noTimeout = G_MAXINT;
-constexpr int busTimeout = 5000; // milliseconds; the bus itself replies in less than one
+constexpr int busTimeout = 5000; // milliseconds; a working bus replies in less than one
 
-// A working bus responds within a millisecond, or within some hundred at a busy login.
+// A working bus responds within a millisecond, or within a few hundred milliseconds during a busy
+// login.
 constexpr std::chrono::milliseconds silentBusPatience{3000};
 
 struct NameWatch {
@@ -56,7 +57,8 @@ void callSignalHandler(GDBusConnection* /*connection*/, const char* /*sender*/,
                        const char* /*path*/, const char* /*interface*/, const char* signal,
                        GVariant* values, gpointer handler) {
     const DesktopBus::SignalHandler send = *static_cast<DesktopBus::SignalHandler*>(handler);
-    send(signal, values); // a copy, because the callback may end its own subscription
+    // called through a copy, because the callback may remove its own subscription
+    send(signal, values);
 }
 
 const char* orAny(const std::string& text) {
@@ -87,7 +89,7 @@ std::unique_ptr<DesktopBus> DesktopBus::open() {
 }
 
 DesktopBus::DesktopBus(GDBusConnection* opened) : _connection(opened) {
-    // The library's default is to exit the process when the bus disconnects.
+    // By default, GIO exits the process when the bus disconnects.
     g_dbus_connection_set_exit_on_close(_connection, FALSE);
 }
 

@@ -1,10 +1,10 @@
-// A backend's private connection to the session bus. Its unique name is known only to the services
-// that the backend sends it to.
+// A private connection of a window backend to the session bus. Only the services to which the
+// backend sends its unique name know that name.
 //
-// Thread:  the desktop thread opens, uses and destroys it, and runs all callbacks; none runs after
-//          the destruction.
+// Thread:  the desktop thread opens, uses and destroys it, and runs all callbacks. No callback runs
+//          after its destruction.
 // Owner:   a backend.
-// Errors:  a lost connection is reported as the disappearance of its names.
+// Errors:  if the connection is lost, all watched names are reported as vanished.
 #pragma once
 
 #include <functional>
@@ -24,13 +24,13 @@ struct BusObject {
     std::string interface;
 };
 
-// Whether the error means that the object or its method is missing: not yet available, or another
-// version.
+// Whether the error means that the object or its method does not exist: it is not available yet, or
+// the service has another version.
 bool isUnknownOnTheBus(const GError& error);
 
 class DesktopBus {
 public:
-    // Returns null if the bus is missing, or does not respond within some seconds.
+    // Returns null if the bus is missing, or does not respond within a few seconds.
     static std::unique_ptr<DesktopBus> open();
 
     explicit DesktopBus(GDBusConnection* opened);
@@ -38,24 +38,24 @@ public:
     DesktopBus& operator=(const DesktopBus&) = delete;
     ~DesktopBus();
 
-    // Reports the current owner at once, and then every change. A restart is reported as vanished
-    // and appeared.
+    // Reports the name's current owner immediately, and then every change. A restart of the owner
+    // is reported as vanished and then appeared.
     void watchName(const char* name, std::function<void(const std::string& owner)> appeared,
                    std::function<void()> vanished);
 
-    // Exactly one of the two is null. The reply has no time limit of its own.
+    // Exactly one of the arguments is null. There is no time limit for the reply.
     using Answer = std::function<void(GVariant* values, const GError* error)>;
     void call(const BusObject& object, const char* method, GVariant* arguments, Answer answer);
 
-    // Sends a call without a reply. It is sent before the connection closes.
+    // Calls a method without waiting for a reply. The call is sent before the connection closes.
     void send(const BusObject& object, const char* method, GVariant* arguments);
 
-    // Receives every signal of the object; an empty path or interface matches any.
+    // Calls the handler for every signal of the object. An empty path or interface matches all.
     using SignalHandler = std::function<void(const std::string& signal, GVariant* values)>;
     unsigned subscribe(const BusObject& object, SignalHandler handler);
     void unsubscribe(unsigned subscription);
 
-    // Blocks on the bus daemon only, not on other programs.
+    // Blocks until the bus daemon replies, but does not wait for other programs.
     bool isOwned(const char* name) const;
 
     std::string uniqueName() const;
@@ -68,7 +68,7 @@ private:
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);
 };
 
-// Whether XDG_CURRENT_DESKTOP contains this name ("KDE", "GNOME").
+// Whether XDG_CURRENT_DESKTOP contains this name, such as "KDE" or "GNOME".
 bool isCurrentDesktop(const std::string& desktop);
 
 } // namespace glidemap

@@ -26,15 +26,16 @@ void forget(gpointer work) {
 }
 
 gboolean notifyReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointer readable) {
-    // The callback may end its own watch: GLib keeps the function until it has returned.
+    // The callback may destroy its own watch. This is safe, because GLib keeps the function alive
+    // until it returns.
     (*static_cast<std::function<void()>*>(readable))();
     return G_SOURCE_CONTINUE;
 }
 
 } // namespace
 
-// Tasks wait in our own queue, with a mutex that the thread sanitizer can see. GLib's queue uses
-// synchronization that the sanitizer cannot see.
+// Tasks are stored in our own queue and protected by a mutex, because the thread sanitizer cannot
+// see the synchronization inside GLib.
 struct DesktopThread::State {
     GMainContext* context = g_main_context_new();
     GMainLoop* loop = g_main_loop_new(context, FALSE);

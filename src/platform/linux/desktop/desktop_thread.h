@@ -1,7 +1,9 @@
-// The thread that listens to the desktop: X11, Wayland and D-Bus. It sleeps until an event arrives.
+// The thread that communicates with the desktop over X11, Wayland and D-Bus. It sleeps until an
+// event arrives.
 //
-// Thread:  submit() and call() on any thread; call() must not run in the thread's own tasks.
-// Owner:   the program. It outlives everything that lives on the thread.
+// Thread:  submit() and call() on any thread; call() must not be used in a task on the thread
+//          itself.
+// Owner:   the program. It must outlive all objects that live on the thread.
 // Errors:  none.
 #pragma once
 
@@ -21,8 +23,8 @@ public:
     DesktopThread& operator=(const DesktopThread&) = delete;
     ~DesktopThread();
 
-    // Runs the task later, in order. The thread's context is the default one during the task, so
-    // GLib subscriptions report on this thread.
+    // Queues a task. Tasks run in order. During a task, the thread's context is the thread-default
+    // GLib context, so GLib delivers notifications on this thread.
     void submit(std::function<void()> work);
 
     // Like submit(), but waits until the task has run.
@@ -30,8 +32,8 @@ public:
 
     GMainContext* context() const;
 
-    // A registered callback, cancelled on destruction. The callback may destroy its own watch.
-    // Create, use and destroy it on the thread.
+    // A registered callback. Destroying the watch removes the callback, which may also destroy its
+    // own watch. Create, use and destroy watches on the desktop thread.
     class Watch {
     public:
         Watch();
@@ -46,7 +48,7 @@ public:
         std::unique_ptr<Source> source;
     };
 
-    // Calls the function whenever the descriptor becomes readable or its peer has closed it.
+    // Calls the function whenever the descriptor is readable or the peer has closed it.
     Watch watch(int descriptor, std::function<void()> readable);
 
     // Calls the function once, after the delay.

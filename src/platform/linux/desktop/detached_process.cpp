@@ -21,11 +21,11 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t maxIdentifierSize = 20; // in digits, with the final null
+constexpr std::size_t maxIdentifierSize = 20; // in characters: the digits and the final null
 constexpr std::size_t stackSize = std::size_t{64} << 10U;
 
-// All data of the children, prepared by the parent: the children share its memory and may neither
-// allocate nor lock.
+// All data that the children need. The parent prepares it, because the children share the parent's
+// memory and must not allocate or lock.
 struct Plan {
     std::vector<char*> arguments;
     std::vector<char*> environment;
@@ -64,11 +64,12 @@ void forgetSignalHandlers() {
     struct sigaction usual = {};
     usual.sa_handler = SIG_DFL;
     for (int signal = 1; signal < NSIG; ++signal) {
-        sigaction(signal, &usual, nullptr); // fails for SIGKILL and SIGSTOP, which have no handler
+        // fails for SIGKILL and SIGSTOP, which cannot have a handler
+        sigaction(signal, &usual, nullptr);
     }
 }
 
-// Kernels before 5.9, and some sandboxes, lack close_range().
+// Kernels before 5.9 and some sandboxes do not provide close_range().
 void closeDescriptorsFrom(unsigned first) {
     if (syscall(SYS_close_range, first, ~0U, 0U) == 0) {
         return;
@@ -87,8 +88,8 @@ void readNothing() {
     }
 }
 
-// Runs in the child, because the journal records the connecting process. Without a journal the
-// child keeps our streams.
+// Must run in the child, because the journal records the process that connects. If there is no
+// journal, the child keeps our streams.
 void writeToJournal(const Plan& plan) {
     const int stream = socket(AF_UNIX, SOCK_STREAM, 0);
     if (stream < 0) {
@@ -129,7 +130,8 @@ void becomeProgram(const Plan& plan) {
     execvpe(plan.arguments.front(), plan.arguments.data(), plan.environment.data());
 }
 
-// The address sanitizer takes the children's stacks for the thread's.
+// The children run on separate stacks, which the address sanitizer would mistake for the thread's
+// stack.
 #define GLIDEMAP_ON_A_STACK_OF_ITS_OWN __attribute__((no_sanitize("address")))
 
 GLIDEMAP_ON_A_STACK_OF_ITS_OWN int innerChild(void* data) {
@@ -139,7 +141,7 @@ GLIDEMAP_ON_A_STACK_OF_ITS_OWN int innerChild(void* data) {
     _exit(1);
 }
 
-// Exits at once, so that init adopts the inner child.
+// Exits immediately, so that init becomes the parent of the inner child.
 GLIDEMAP_ON_A_STACK_OF_ITS_OWN int outerChild(void* data) {
     auto* const plan = static_cast<Plan*>(data);
     plan->result.identifier = clone(innerChild, plan->innerStack + stackSize,
@@ -152,7 +154,7 @@ GLIDEMAP_ON_A_STACK_OF_ITS_OWN int outerChild(void* data) {
     _exit(0);
 }
 
-// Blocks all signals: no handler of ours may run in a child that shares our memory.
+// Blocks all signals, because our signal handlers must not run in a child that shares our memory.
 class WithoutSignals {
 public:
     WithoutSignals() {
@@ -168,7 +170,8 @@ private:
     sigset_t before{};
 };
 
-// No exit signal, so that other code that waits for children does not see the outer child.
+// The outer child sends no signal when it exits, so code elsewhere that waits for children does not
+// notice it.
 void runOuterChild(Plan& plan, std::byte* stack) {
     const pid_t outer = clone(outerChild, stack + stackSize, CLONE_VM | CLONE_VFORK, &plan);
     if (outer < 0) {
@@ -179,7 +182,8 @@ void runOuterChild(Plan& plan, std::byte* stack) {
     }
 }
 
-// One line each: name, unit, default priority, priority prefixes, and where else to forward.
+// Returns the header of a journal stream, with one value per line: identifier, unit, default
+// priority, whether lines have priority prefixes, and three forwarding flags.
 std::string journalHeaderOf(const JournalStream& journal) {
     constexpr const char* behindTheName = "\n\n6\n0\n0\n0\n0\n";
     return journal.name + behindTheName;
@@ -217,7 +221,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     if (command.words.empty()) {
         return {-1, EINVAL};
     }
-    DetachedCommand own = command; // exec() takes non-const texts
+    DetachedCommand own = command; // execvpe() needs non-const texts
     Plan plan;
     if (!own.processVariable.empty()) {
         std::string variable = own.processVariable + "=";
@@ -230,7 +234,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     plan.environment = pointersTo(own.environment);
     plan.folder = own.folder.empty() ? nullptr : own.folder.c_str();
     planJournal(plan, own.journal);
-    // For a script without "#!", execvp() copies the argument list to the stack.
+    // If a script has no "#!" line, execvpe() copies the argument list to the stack.
     const std::size_t spare = plan.arguments.size() * sizeof(char*);
     const auto stacks = std::make_unique_for_overwrite<std::byte[]>(2 * stackSize + spare);
     plan.innerStack = stacks.get() + stackSize + spare;

@@ -1,11 +1,13 @@
-// Starts a program that is detached from the start. It has its own session, only our standard
-// output and error, an empty standard input, and no blocked or ignored signal; init reaps it.
+// Starts a program that is detached from this process. The program gets its own session and an
+// empty standard input, inherits only our standard output and error, and no signal is blocked or
+// ignored. When it exits, init reaps it.
 //
-// The child shares our memory instead of a copy until it executes the program. So the calling
-// thread blocks for some tenths of a millisecond, while other threads run on.
+// Until the child executes the program, it shares our memory instead of using a copy. The calling
+// thread is blocked during this time, for some tenths of a millisecond. Other threads continue to
+// run.
 //
 // Thread:  any, while no other thread changes the environment.
-// Errors:  returned as a value; no process runs then.
+// Errors:  returned as a value; no process was started in this case.
 #pragma once
 
 #include <sys/types.h>
@@ -15,31 +17,33 @@
 
 namespace glidemap {
 
-// The journal stream of a program, if our own messages go to the journal. Without it the journal
-// would attribute the program's messages to us.
+// A separate journal stream for the program, if our own messages go to the journal. Without it, the
+// journal would attribute the program's messages to this program.
 struct JournalStream {
-    std::string socket;       // the journal's socket; empty to keep our streams
-    std::string name;         // the identifier of the messages
+    std::string socket;       // the journal's socket; if empty, the program keeps our streams
+    std::string name;         // the identifier for the program's messages
     bool output = false;      // standard output goes to the journal
     bool errorOutput = false; // standard error goes to the journal
 };
 
-// The stream for a program of that name; empty unless one of our streams goes to the journal.
+// Returns the stream for a program with this name; empty unless our standard output or error goes
+// to the journal.
 JournalStream journalStreamFor(const std::string& name);
 
 struct DetachedCommand {
-    // The program and its arguments. A program without a slash is searched in PATH.
+    // The program and its arguments. If the program's name contains no slash, it is searched in
+    // PATH.
     std::vector<std::string> words;
     std::vector<std::string> environment; // "NAME=value"
-    std::string folder = {};              // the working folder; empty for ours
+    std::string folder = {};              // the working folder; if empty, ours is inherited
     JournalStream journal = {};
-    // The variable to set to the id of the process; empty for none.
+    // The environment variable to set to the id of the new process; may be empty.
     std::string processVariable = {};
 };
 
 struct DetachedProcess {
     pid_t identifier = -1;
-    int error = 0; // errno, if the process could not be started
+    int error = 0; // an errno value if the process could not be started
 };
 
 DetachedProcess startDetached(const DetachedCommand& command);

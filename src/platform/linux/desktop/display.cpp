@@ -10,8 +10,8 @@ namespace glidemap {
 
 namespace {
 
-// Requires the variable: without it the library tries wayland-0, which may belong to another
-// session.
+// Checks the variable first. Without it, the library would connect to wayland-0, which may belong
+// to another session.
 bool isWaylandDisplayOpen() {
     const std::string name = fromEnvironment("WAYLAND_DISPLAY");
     wl_display* const display = name.empty() ? nullptr : wl_display_connect(name.c_str());

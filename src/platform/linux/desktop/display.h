@@ -1,4 +1,4 @@
-// Checks whether a display is available. Qt aborts a program that connects without one.
+// Checks whether a display is available. Without one, Qt would abort the program when it connects.
 //
 // Thread:  any.
 // Errors:  none; a display that refuses the connection counts as missing.

@@ -1,4 +1,4 @@
-// Reads environment variables and the lists in them.
+// Reads environment variables, and splits lists in them.
 //
 // Thread:  any, while no thread changes the environment.
 // Errors:  none; a missing variable is empty.
@@ -12,7 +12,7 @@ namespace glidemap {
 
 std::string fromEnvironment(const char* variable);
 
-// All variables, as "NAME=value".
+// Returns all variables in the form "NAME=value".
 std::vector<std::string> ownEnvironment();
 
 // Skips empty elements.

@@ -17,7 +17,7 @@ bool canBeRun(const std::filesystem::path& file) {
     return std::filesystem::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
 }
 
-// A doubled percent sign is a literal one, not a field code.
+// Replaces "%%" with "%", because a doubled percent sign is not a field code.
 std::string withoutDoublePercent(std::string_view text) {
     std::string result;
     for (std::size_t at = 0; at < text.size(); ++at) {

@@ -1,4 +1,4 @@
-// Reads and writes the Exec key of a desktop entry, with its quoting rules.
+// Reads and writes the Exec key of desktop entries according to its quoting rules.
 //
 // Errors:  none; an invalid command has no program.
 #pragma once
@@ -10,14 +10,15 @@
 
 namespace glidemap {
 
-// Returns the value of Exec before the escaping of the file format.
+// Returns the value of the Exec key. It still needs the escaping that the file format requires.
 std::string execLineOf(const std::filesystem::path& program);
 
-// The first word, unquoted: a name or a path.
+// Returns the first word without quotes: a name or a path.
 std::optional<std::string> programOfExecLine(const std::string& line);
 
-// The file that a session would execute: at the absolute path, or found by name in the folders of
-// `searchPath`, separated by colons. Nullopt if no such file is executable.
+// Returns the file that a session would execute: `program` itself if it is an absolute path,
+// otherwise the file with this name in the folders of `searchPath`, which are separated by colons.
+// Nullopt if no such file is executable.
 std::optional<std::filesystem::path> findProgram(const std::string& program,
                                                  std::string_view searchPath);
 

@@ -1,6 +1,7 @@
-// Owners of GLib's objects and values.
+// Owning pointers for GLib objects and values.
 //
-// Thread:  any, as GLib allows for the type. A source is destroyed on the thread of its context.
+// Thread:  any, as GLib allows for the type. A source must be destroyed on the thread of its
+//          context.
 // Errors:  none.
 #pragma once
 
@@ -20,7 +21,7 @@ struct GlibRelease {
     void operator()(GDBusConnection* connection) const;
     void operator()(GKeyFile* keys) const;
     void operator()(GSettings* settings) const;
-    void operator()(GSource* source) const; // also stops it
+    void operator()(GSource* source) const; // also removes it from its context
     void operator()(GVariant* value) const;
 };
 

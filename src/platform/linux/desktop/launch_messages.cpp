@@ -6,7 +6,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::size_t pieceSize = 20; // bytes in a client message
+constexpr std::size_t pieceSize = 20; // the number of bytes in a client message
 
 std::string quoted(std::string_view value) {
     std::string text = "\"";

@@ -1,5 +1,5 @@
-// Formats the broadcast messages of startup notification. With them the window manager gives a
-// launched window the focus because the user requested it.
+// Formats the broadcast messages of X11 startup notification. They inform the window manager that
+// the user requested a launch, so that it gives the new window the focus.
 //
 // Thread:  any.
 // Errors:  none.
@@ -14,8 +14,8 @@ namespace glidemap {
 
 using LaunchFields = std::vector<std::pair<std::string_view, std::string_view>>;
 
-// "new: ID="…" NAME="…"", split into pieces of a client message; the last ends with a 0. Empty
-// fields are omitted.
+// Returns `new: ID="…" NAME="…"`, for example, split into pieces that fit into client messages. The
+// last piece ends with a 0. Empty fields are omitted.
 std::vector<std::string> launchMessage(std::string_view kind, const LaunchFields& fields);
 
 } // namespace glidemap

@@ -56,7 +56,7 @@ ProgramRun::ProgramRun(const std::vector<std::string>& words,
         return;
     }
     g_subprocess_wait_check_async(process, nullptr, State::waited, new State::Weak(state));
-    g_object_unref(process); // the pending wait holds a reference
+    g_object_unref(process); // GIO holds a reference while it waits
 }
 
 ProgramRun::~ProgramRun() = default;

@@ -1,7 +1,7 @@
 // Runs a short-lived program and reports whether it exited successfully.
 //
 // Thread:  the desktop thread.
-// Owner:   any; the destructor lets the program run on, and the function is not called then.
+// Owner:   any. After destruction, the program continues to run, and the function is not called.
 // Errors:  a program that cannot be started counts as failed.
 #pragma once
 
@@ -14,7 +14,8 @@ namespace glidemap {
 
 class ProgramRun {
 public:
-    // Calls the function once, later. The program's input is empty and its output is discarded.
+    // `ended` is called once, after the constructor has returned. The program's standard input is
+    // empty, and its output is discarded.
     ProgramRun(const std::vector<std::string>& words, std::function<void(bool succeeded)> ended);
     ProgramRun(const ProgramRun&) = delete;
     ProgramRun& operator=(const ProgramRun&) = delete;

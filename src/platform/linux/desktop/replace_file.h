@@ -1,8 +1,8 @@
-// Replaces a file of the session atomically (core/whole_file.h): a concurrent reader sees either
-// the old content or the new.
+// Atomically replaces a file of the session (see core/whole_file.h): a concurrent reader sees
+// either the old or the new content.
 //
 // Thread:  any; blocks on the disk.
-// Errors:  the system's error; the old content is then unchanged.
+// Errors:  returns the system's error; the old content is then unchanged.
 #pragma once
 
 #include <filesystem>
@@ -11,8 +11,9 @@
 
 namespace glidemap {
 
-// Also creates missing parent folders. A symbolic link to a file is followed, and its target is
-// replaced. Any other symbolic link is replaced itself: a link to /dev/null masks an entry.
+// Creates missing parent folders. If `target` is a symbolic link to a regular file, that file is
+// replaced. Any other symbolic link is replaced itself, such as a link to /dev/null, which masks an
+// entry.
 std::error_code replaceFile(const std::filesystem::path& target, std::string_view content);
 
 } // namespace glidemap

@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-// The time limit is cancelled when the attempt ends.
+// An attempt to connect, with its time limit.
 struct Attempt {
     explicit Attempt(std::function<void(GDBusConnection*)> given)
         : then(std::move(given)), cancellable(g_cancellable_new()),
@@ -35,14 +35,14 @@ struct Attempt {
     GSource* const limit;
 };
 
-// GIO closes its connection with the last reference, and a new one costs a millisecond. Used only
-// on the launching thread.
+// A reference that keeps GIO's connection open. Otherwise GIO would close the connection after each
+// launch, and opening a new one takes a millisecond. Used only on the launching thread.
 GDBusConnection* kept = nullptr;
 
 void finished(GObject* /*source*/, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Attempt> attempt(static_cast<Attempt*>(data));
     GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
-    if (bus != nullptr) { // the program handles the session's end, not GIO
+    if (bus != nullptr) { // the program handles the end of the session itself
         g_dbus_connection_set_exit_on_close(bus, FALSE);
         g_set_object(&kept, bus);
     }
@@ -56,7 +56,7 @@ void finished(GObject* /*source*/, GAsyncResult* result, gpointer data) {
 
 void withSharedBus(std::function<void(GDBusConnection* bus)> then) {
     if (kept != nullptr && g_dbus_connection_is_closed(kept) != FALSE) {
-        g_clear_object(&kept); // otherwise GIO would return it again
+        g_clear_object(&kept); // GIO would otherwise return the closed connection again
     }
     auto* const attempt = new Attempt(std::move(then));
     g_bus_get(G_BUS_TYPE_SESSION, attempt->cancellable, finished, attempt);

@@ -1,7 +1,7 @@
-// Provides GIO's shared session bus connection, for launching.
+// Provides GIO's shared session bus connection for launching applications.
 //
-// Thread:  a thread that runs its default GLib context, which calls `then`.
-// Errors:  `then` receives null if the bus is missing or does not reply within a second.
+// Thread:  any thread that runs its thread-default GLib context; `then` is called there.
+// Errors:  `then` gets null if the bus is missing or does not reply within a second.
 #pragma once
 
 #include <chrono>
@@ -13,7 +13,7 @@ namespace glidemap {
 
 inline constexpr std::chrono::milliseconds sharedBusPatience{1000};
 
-// The connection is valid during the call.
+// The connection is valid during the callback.
 void withSharedBus(std::function<void(GDBusConnection* bus)> then);
 
 } // namespace glidemap

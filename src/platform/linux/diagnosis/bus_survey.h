@@ -1,10 +1,10 @@
 // Lists the services on a D-Bus bus, within a time limit.
 //
-// A stuck bus accepts connections and never replies, and the D-Bus library cannot cancel every step
-// of connecting. So a separate thread runs the query and is abandoned after the time limit. Use
-// this only in programs that exit soon.
+// A stuck bus accepts connections but never replies, and the D-Bus library cannot cancel every step
+// of connecting. Therefore a separate thread runs the query. After the time limit, this thread is
+// abandoned, so use this only in programs that exit soon.
 //
-// Thread:  any; waits up to the patience.
+// Thread:  any; blocks for at most the patience.
 // Errors:  reported as values.
 #pragma once
 
@@ -24,7 +24,7 @@ struct BusSurvey {
     std::set<std::string> startable;
 };
 
-// One word for each state, for the user.
+// Returns a word for the state, for display.
 const char* nameOf(BusSurvey::State state);
 
 BusSurvey surveyBus(Bus bus, std::chrono::milliseconds patience);

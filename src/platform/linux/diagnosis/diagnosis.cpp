@@ -83,7 +83,7 @@ std::string systemName() {
     return "(unknown)";
 }
 
-// Other processes of the program that this user runs.
+// Returns the other processes of this program that the user is running.
 std::string runningGlidemap() {
     std::string processes;
     std::error_code error;
@@ -188,7 +188,8 @@ void addTouchpads(ReportPage& page) {
            &page);
 }
 
-// Adds the fallback if no service supports the action; adds nothing if a bus does not reply.
+// Adds the fallback of an action if all services for it are missing. Adds nothing if a bus does not
+// reply, because services may then exist.
 void addAction(ReportPage& page, const char* action, std::span<const Service> services,
                const Buses& buses, const char* otherwise) {
     const bool allMissing = std::ranges::all_of(services, [&buses](const Service& service) {

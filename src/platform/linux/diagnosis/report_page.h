@@ -1,5 +1,5 @@
-// Formats sections of headings and indented lines, with the home folder shortened to "~" and
-// control characters removed.
+// Formats a report of headings and indented lines. The home folder is shortened to "~", and control
+// characters are removed.
 //
 // Thread:  one.
 // Errors:  none.
@@ -16,7 +16,7 @@ public:
 
     void heading(std::string_view title);
     void line(std::string_view text);
-    // "name: value", or "name: (not set)" without a value.
+    // Adds "name: value", or "name: (not set)" if the value is empty.
     void fact(std::string_view name, std::string_view value);
 
     const std::string& text() const { return written; }

@@ -1,6 +1,7 @@
-// Finds the program that listens on a Unix socket: for a display, the compositor or the X server.
+// Finds the program that listens on a Unix socket. For the socket of a display, this is the
+// compositor or the X server.
 //
-// Thread:  any; does not wait.
+// Thread:  any; does not block.
 // Errors:  none; the name is empty if the program cannot be determined.
 #pragma once
 
@@ -8,8 +9,8 @@
 
 namespace glidemap {
 
-// The name is truncated by the kernel, as in "kwin_wayland_wr". Empty if no program listens. A path
-// that begins with "@" is an abstract socket.
+// Returns the program's name, truncated by the kernel, as in "kwin_wayland_wr". Empty if no program
+// listens. A path that begins with "@" stands for an abstract socket.
 std::string programListeningOn(const std::string& path);
 
 } // namespace glidemap
