@@ -1,7 +1,8 @@
-// Finds the touch drivers on Linux, and reads their device lists.
+// Locates the touch drivers on Linux, and reads their device lists.
 //
-// The drivers are in ../lib/glidemap, relative to the executable, both in the build tree and in an
-// installation. The environment variable GLIDEMAP_TOUCH_DRIVER selects another driver by path.
+// The drivers are in ../lib/glidemap, relative to the executable, in the build tree as well as in
+// an installation. The environment variable GLIDEMAP_TOUCH_DRIVER selects another driver by its
+// path.
 //
 // Thread:  the main thread, on startup.
 #pragma once
@@ -13,16 +14,16 @@
 
 namespace glidemap {
 
-// The path of this executable; empty if the system does not report it.
+// Returns the path of this executable; empty if the system does not report it.
 std::string programFile();
 
-// The driver for real touchpads, or the one in the environment variable.
+// Returns the driver in GLIDEMAP_TOUCH_DRIVER, or else the driver for real touchpads.
 TouchDriverPlatform touchDriverPlatform();
 
-// The driver at a path; ignores the environment.
+// Returns the driver at this path, and ignores the environment.
 TouchDriverPlatform touchDriverPlatformAt(std::string libraryPath);
 
-// The path of one of our own drivers: "evdev" or "replay".
+// Returns the path of one of our own drivers, "evdev" or "replay".
 std::string touchDriverPath(std::string_view driver);
 
 } // namespace glidemap

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t scanCodeOffset = 8;
 
-// The second modifier of the X protocol, "Lock"; keymaps still use this bit.
+// The modifier bit that the X protocol names "Lock". Keymaps still use it for Caps Lock.
 constexpr std::uint32_t lockModifier = 0x2;
 
 } // namespace

@@ -1,7 +1,7 @@
-// Maps the key events of an X server or a Wayland compositor to keys.
+// Maps the key events of an X server or a Wayland compositor to physical keys.
 //
 // Both report the kernel's key code plus 8, because the X protocol reserves the lowest codes. The
-// layout is ignored: the position of the key counts.
+// keyboard layout is ignored, because only the position of the key matters.
 //
 // Thread:  any; stateless.
 // Errors:  returns nullopt for a key without a virtual key code.

@@ -1,8 +1,8 @@
-// Port: the modifiers that the user holds on real keyboards. On desktops that merge all keyboards
-// they would become part of a typed shortcut.
+// Port: keeps modifiers that the user holds on a real keyboard out of typed shortcuts. On desktops
+// that merge all keyboards, held modifiers would become part of a typed shortcut.
 //
-// Thread:  type() on one thread; `plainly` may be called on any thread. The `plainly` of one call
-//          is called before that of the next.
+// Thread:  type() on one thread; `plainly` may be called on any thread. `plainly` of one type()
+//          call is called before `plainly` of the next.
 // Owner:   the virtual keyboard. The destructor completes all requested typing; `plainly` is not
 //          called afterwards.
 // Errors:  none; if the state cannot be determined, no modifier counts as held.
@@ -22,8 +22,8 @@ public:
     HeldModifiers& operator=(const HeldModifiers&) = delete;
     virtual ~HeldModifiers() = default;
 
-    // Types the changes as if no modifier were held. If none is held, calls `plainly` instead,
-    // which must type them. Does not wait.
+    // Types the changes as if no modifier were held. If none is held, calls `plainly`, which must
+    // type the changes. Does not block.
     virtual void type(std::vector<KeyChange> changes, std::function<void()> plainly) = 0;
 };
 

@@ -20,7 +20,7 @@ constexpr KeyCodePair pairs[] = {
     {7, KEY_X},
     {8, KEY_C},
     {9, KEY_V},
-    {10, KEY_102ND}, // only ISO keyboards have this key
+    {10, KEY_102ND}, // only on ISO keyboards
     {11, KEY_B},
     {12, KEY_Q},
     {13, KEY_W},
@@ -77,7 +77,7 @@ constexpr KeyCodePair pairs[] = {
     {65, KEY_KPDOT},
     {67, KEY_KPASTERISK},
     {69, KEY_KPPLUS},
-    {71, KEY_NUMLOCK}, // labelled "clear" on the keypad
+    {71, KEY_NUMLOCK}, // this key is labelled "clear" on Apple keypads
     {72, KEY_VOLUMEUP},
     {73, KEY_VOLUMEDOWN},
     {74, KEY_MUTE},

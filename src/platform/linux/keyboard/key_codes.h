@@ -1,9 +1,9 @@
-// Maps virtual key codes, which shortcuts consist of, to the kernel's key codes and back: all keys
-// that can be typed and recorded.
+// Maps virtual key codes, which shortcuts contain, to the kernel's key codes and back. The table
+// has all keys that can be typed and recorded.
 //
-// Both codes name a position on the keyboard and not a letter, so the user's layout applies
-// equally. Each code has at most one counterpart in either direction. If the labels of a key
-// differ, its position decides.
+// Both codes identify a position on the keyboard, not a letter, so the user's keyboard layout
+// applies to both in the same way. Each code has at most one counterpart in each direction. Keys
+// with different labels are matched by their position.
 //
 // Thread:  any.
 // Errors:  returns nullopt for a code without a counterpart.
@@ -20,7 +20,7 @@ struct KeyCodePair {
     std::uint16_t kernelCode = 0;
 };
 
-// Sorted by virtual key code.
+// Returns the pairs, sorted by virtual key code.
 std::span<const KeyCodePair> keyCodePairs();
 
 std::optional<std::uint16_t> kernelCodeOf(std::uint16_t keyCode);

@@ -1,6 +1,6 @@
-// Port: a keyboard that other programs receive events from.
+// Port: a virtual keyboard whose events other programs receive.
 //
-// Thread:  any, but one call at a time.
+// Thread:  any, but only one call at a time.
 // Errors:  as return values.
 #pragma once
 
@@ -17,14 +17,14 @@ public:
     KeyDevice& operator=(const KeyDevice&) = delete;
     virtual ~KeyDevice() = default;
 
-    // Creates the device unless it exists. Returns false on failure.
+    // Creates the device if it does not exist. Returns false on failure.
     virtual bool plugIn() = 0;
 
-    // Removes the device if it exists. The system releases the keys that are down on it.
+    // Removes the device if it exists. The system then releases all keys that are down on it.
     virtual void unplug() = 0;
 
-    // Writes all changes, each as a complete report, with no other event between them. Returns
-    // false if any is missing, for example because the device does not exist.
+    // Writes each change as a complete report. No other event can come between the changes. Returns
+    // false unless all changes were written, for example because the device does not exist.
     virtual bool write(std::span<const KeyChange> changes) = 0;
 };
 

@@ -79,8 +79,8 @@ void KeyStrokes::press(std::uint16_t kernelCode, std::uint64_t flags,
     changes.push_back({kernelCode, true});
 }
 
-// The modifiers of the last press stay down until all keys are up: releasing a modifier while a key
-// is down would change the key's meaning.
+// Keeps the modifiers of the last press down until all keys are up, because releasing a modifier
+// while a key is down would change the meaning of that key.
 void KeyStrokes::release(std::uint16_t kernelCode, std::vector<KeyChange>& changes) {
     if (std::erase(keys, kernelCode) == 0) {
         return;

@@ -1,12 +1,12 @@
-// Converts key events with modifier flags into the key changes of a keyboard, where modifiers are
-// keys: pressed before the key that needs them, released after it.
+// Converts key events with modifier flags into key changes of a keyboard. On a keyboard, modifiers
+// are keys: they are pressed before the key that needs them, and released after it.
 //
-// Only the left-hand keys serve as modifiers; the right-hand ones have other functions in many
-// layouts. A modifier key that is typed by itself does not press itself first.
+// Only the left-hand modifier keys are used, because the right-hand ones have other functions in
+// many layouts. A modifier key that is itself typed is not pressed as a modifier first.
 //
 // Thread:  one.
 // Owner:   the virtual keyboard, because the state describes which keys are down on it.
-// Errors:  as return values. Pressing a pressed key or releasing a released one changes nothing.
+// Errors:  as return values. Pressing a pressed key or releasing a released key changes nothing.
 #pragma once
 
 #include "dispatch/key_event_poster.h"
@@ -26,10 +26,10 @@ struct KeyChange {
 
 class KeyStrokes {
 public:
-    // Returns an empty list if any of the events has a key without a kernel code.
+    // Returns an empty list if any of the events is for a key without a kernel code.
     std::vector<KeyChange> changesFor(std::span<const KeyEvent> events);
 
-    // Releases all keys.
+    // Returns the changes that release all keys.
     std::vector<KeyChange> releaseAll();
 
 private:
@@ -37,8 +37,8 @@ private:
     void release(std::uint16_t kernelCode, std::vector<KeyChange>& changes);
     void setModifiers(std::span<const std::uint16_t> wanted, std::vector<KeyChange>& changes);
 
-    std::vector<std::uint16_t> keys;      // pressed by key events, in order
-    std::vector<std::uint16_t> modifiers; // pressed for the flags of `keys`, in order
+    std::vector<std::uint16_t> keys;      // keys pressed by key events, in order
+    std::vector<std::uint16_t> modifiers; // modifier keys pressed for the flags of `keys`, in order
 };
 
 } // namespace glidemap

@@ -1,8 +1,8 @@
-// Types a shortcut on desktops where all keyboards share one modifier state and the user holds
-// modifiers: releases them, types the shortcut, and presses them again.
+// Types a shortcut while the user holds modifiers, on desktops where all keyboards share one
+// modifier state: releases the held modifiers, types the shortcut, and presses the modifiers again.
 //
-// Desktops and windows treat Super or Alt pressed and released alone as a command of its own, such
-// as "show the menu". To prevent that, Control is tapped in between.
+// If Super or Alt is pressed and released alone, desktops and windows run a command of their own,
+// such as opening a menu. To prevent this, Control is pressed and released in between.
 //
 // Thread:  any.
 // Errors:  none.
@@ -16,7 +16,7 @@
 
 namespace glidemap {
 
-// Whether each pressed key is released again, so that the changes leave no key down.
+// Whether the changes release each key that they press, so that no key stays down.
 bool areBalanced(std::span<const KeyChange> changes);
 
 std::vector<KeyChange> typedWithout(std::span<const std::uint16_t> held,

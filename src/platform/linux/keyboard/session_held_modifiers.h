@@ -1,9 +1,9 @@
-// Chooses how held modifiers are kept out of typed shortcuts in this session.
+// Chooses the implementation of HeldModifiers for the desktop of this session.
 //
 // Thread:  any.
-// Owner:   the virtual keyboard owns the result, and the desktop thread must outlive it.
-// Errors:  null if nothing can be done: on a desktop that is neither X11 nor sway, or if the server
-//          lacks an extension.
+// Owner:   the virtual keyboard owns the result. The desktop thread must outlive it.
+// Errors:  returns null if there is no implementation: the desktop is neither X11 nor sway, or the
+//          X server lacks an extension.
 #pragma once
 
 #include "platform/linux/desktop/desktop_thread.h"

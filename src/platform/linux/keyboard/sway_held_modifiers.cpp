@@ -16,16 +16,17 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::uint32_t runCommand = 0; // a message type of sway-ipc(7)
+constexpr std::uint32_t runCommand = 0; // a message type of the protocol, see sway-ipc(7)
 
-// sway names a keyboard by its vendor, its product, and its name with underscores.
+// Returns sway's identifier of our keyboard: vendor, product, and the name with underscores.
 std::string keyboardIdentifier() {
     std::string name = UinputKeyDevice::name;
     std::ranges::replace(name, ' ', '_');
     return "0:0:" + name;
 }
 
-// Any delay that no user chooses; a typed key is released long before.
+// Returns the command that sets an unusual repeat delay. The delay itself has no effect, because
+// typed keys are released long before.
 std::string separation() {
     constexpr const char* delay = "59999"; // milliseconds
     return "input \"" + keyboardIdentifier() + "\" repeat_delay " + delay;
@@ -37,7 +38,7 @@ std::string bytesOf(std::uint32_t number) {
     return bytes;
 }
 
-// A header, with numbers in the machine's byte order, and a payload.
+// A message consists of a header, whose numbers are in the machine's byte order, and a payload.
 std::string messageOf(const std::string& command) {
     return "i3-ipc" + bytesOf(static_cast<std::uint32_t>(command.size())) + bytesOf(runCommand) +
            command;
@@ -71,7 +72,8 @@ void SwayHeldModifiers::type(std::vector<KeyChange> /*changes*/, std::function<v
     plainly();
 }
 
-// sway drops the command of a client that has left, so the connection waits for the reply.
+// Waits for the reply before disconnecting, because sway discards the command of a client that has
+// disconnected.
 void SwayHeldModifiers::separateKeyboard(const std::string& socketPath) {
     socket = connectedTo(socketPath);
     const std::string message = messageOf(separation());

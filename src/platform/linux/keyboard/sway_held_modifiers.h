@@ -1,12 +1,14 @@
-// Prevents modifiers that the user holds from joining shortcuts that are typed on sway.
+// Keeps modifiers that the user holds out of shortcuts typed on sway.
 //
-// sway merges all keyboards with the same layout and the same repeat settings, and the merged
-// keyboards share one modifier state. So this class sets a different repeat delay for our keyboard
-// through sway's socket. sway applies it to every keyboard that later appears under that name.
+// sway merges all keyboards that have the same layout and the same repeat settings. Merged
+// keyboards share one modifier state. Therefore this class gives our keyboard a different repeat
+// delay, over sway's socket. sway applies the delay to every keyboard with this name, also to
+// keyboards that are created later.
 //
-// Thread:  type() on any thread; the rest runs on the desktop thread, which never waits for sway.
+// Thread:  type() on any thread; everything else runs on the desktop thread, which never blocks on
+//          sway.
 // Owner:   the virtual keyboard.
-// Errors:  none; without a connection a held modifier still changes the shortcut.
+// Errors:  none; without a connection to sway, held modifiers still change a shortcut.
 #pragma once
 
 #include "core/open_file.h"
@@ -31,7 +33,7 @@ private:
     void disconnect();
 
     DesktopThread& desktop;
-    OpenFile socket; // open until sway replies
+    OpenFile socket; // open until sway has replied
     DesktopThread::Watch watch;
 };
 

@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* controlNode = "/dev/uinput";
 
-// Other programs can recognise our keyboard by this physical location.
+// The physical location (PHYS), by which other programs can recognise our keyboard.
 constexpr const char* place = "glidemap/keyboard";
 
 bool declareKeys(int descriptor) {
@@ -30,8 +30,8 @@ bool declareKeys(int descriptor) {
            });
 }
 
-// A virtual bus, so that libinput does not treat this as a built-in keyboard. Otherwise a shortcut
-// that a gesture types would trigger disable-while-typing on the touchpad.
+// Uses the virtual bus, so that libinput does not treat the device as a built-in keyboard.
+// Otherwise a shortcut typed by a gesture would trigger disable-while-typing on the touchpad.
 bool declareIdentity(int descriptor) {
     uinput_setup setup{};
     setup.id = {BUS_VIRTUAL, 0, 0, 1};
@@ -71,14 +71,15 @@ bool UinputKeyDevice::plugIn() {
     return true;
 }
 
-// The kernel removes the device when its last descriptor is closed.
+// Closing the last descriptor makes the kernel remove the device.
 void UinputKeyDevice::unplug() {
     if (descriptor >= 0) {
         close(std::exchange(descriptor, -1));
     }
 }
 
-// In one write(), because the kernel keeps the events of one write together.
+// Uses a single write(), because the kernel does not insert other events between the events of one
+// write.
 bool UinputKeyDevice::write(std::span<const KeyChange> changes) {
     std::vector<input_event> events;
     events.reserve(2 * changes.size());

@@ -1,8 +1,9 @@
-// Implements the "Glidemap Keyboard" with uinput. It has only the keys that can be typed.
+// The virtual keyboard "Glidemap Keyboard", created with uinput. It has only the keys that can be
+// typed.
 //
-// Thread:  any, but one call at a time.
+// Thread:  any, but only one call at a time.
 // Owner:   UinputKeyboard. The destructor removes the device.
-// Errors:  as return values; the usual cause is a /dev/uinput without write permission.
+// Errors:  as return values. Usually, the cause is missing write permission for /dev/uinput.
 #pragma once
 
 #include "platform/linux/keyboard/key_device.h"

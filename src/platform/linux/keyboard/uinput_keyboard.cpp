@@ -17,7 +17,7 @@ UinputKeyboard::UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice,
 }
 
 UinputKeyboard::~UinputKeyboard() {
-    heldModifiers.reset(); // completes the typing that was requested
+    heldModifiers.reset(); // completes all requested typing
     releaseKeys();
 }
 

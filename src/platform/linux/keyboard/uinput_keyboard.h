@@ -1,12 +1,13 @@
 // Types with a uinput keyboard, which works on every desktop and on the console.
 //
-// A desktop takes a moment to notice a new keyboard and loses keys typed before that. So the
-// keyboard is created on startup and not by the first shortcut. Without permission each attempt to
-// type retries; the owner may call plugIn() as soon as it is notified of the permission.
+// A desktop needs a moment to detect a new keyboard, and ignores keys typed before. Therefore the
+// keyboard is created on startup, not by the first shortcut. If permission is missing, each attempt
+// to type tries to create the keyboard again. The owner may also call plugIn() when permission is
+// granted.
 //
 // Thread:  the main thread; no call blocks.
 // Owner:   the program. The destructor releases the keys.
-// Errors:  none; without permission nothing is typed.
+// Errors:  none; without permission, nothing is typed.
 #pragma once
 
 #include "dispatch/key_event_poster.h"
@@ -21,15 +22,15 @@ namespace glidemap {
 
 class UinputKeyboard : public KeyEventPoster {
 public:
-    // `held` may be null if held modifiers cannot be determined.
+    // `held` may be null if held modifiers cannot be determined in this session.
     explicit UinputKeyboard(std::unique_ptr<HeldModifiers> held = nullptr);
     UinputKeyboard(std::unique_ptr<KeyDevice> keyDevice, std::unique_ptr<HeldModifiers> held);
     ~UinputKeyboard() override;
 
-    // Creates the keyboard unless it exists. Returns false without permission.
+    // Creates the keyboard if it does not exist. Returns false without permission.
     bool plugIn();
 
-    // Releases its keys and removes it. Nothing is typed until the next plugIn().
+    // Releases the keyboard's keys and removes it. Nothing is typed until the next plugIn().
     void unplug();
 
     void post(std::span<const KeyEvent> events) override;

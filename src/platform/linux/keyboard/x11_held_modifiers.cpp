@@ -45,7 +45,8 @@ bool X11HeldModifiers::typeWithoutHeldModifiers(const std::vector<KeyChange>& ch
     return true;
 }
 
-// Excludes our own keys: the previous shortcut may still be in progress.
+// Excludes keys that are down only on our own keyboard, because the previous shortcut may still be
+// in progress.
 std::vector<std::uint16_t> X11HeldModifiers::modifiersHeldByOthers() {
     std::vector<std::uint16_t> held = server->modifiersDown();
     if (!held.empty()) {
@@ -58,7 +59,7 @@ std::vector<std::uint16_t> X11HeldModifiers::modifiersHeldByOthers() {
 }
 
 void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
-    server->listenToReleases(true); // before the check, so that no release is missed
+    server->listenToReleases(true); // before checking the keys, so that no release is missed
     const std::set<std::uint16_t> down = server->keysDown().users;
     std::vector<std::uint16_t> still;
     for (const std::uint16_t code : held) {
@@ -73,7 +74,7 @@ void X11HeldModifiers::restore(const std::vector<std::uint16_t>& held) {
     releaseReleasedKeys();
 }
 
-// Releases the keys on the XTEST keyboard that the user has released on real ones.
+// Releases the keys on the XTEST keyboard that the user has released on real keyboards.
 void X11HeldModifiers::releaseReleasedKeys() {
     const std::set<std::uint16_t> down = server->keysDown().users;
     std::set<std::uint16_t> released;
@@ -96,8 +97,8 @@ void X11HeldModifiers::releaseKeys(const std::set<std::uint16_t>& codes) {
     }
 }
 
-// Waiting for a reply may have queued events, too, and the socket does not become readable for
-// them.
+// Processes events that xcb queued while it waited for a reply. The socket does not become readable
+// for them.
 void X11HeldModifiers::catchUp() {
     while (server->discardEvents()) {
         if (!putBackKeys.empty()) {

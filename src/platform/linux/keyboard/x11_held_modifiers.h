@@ -1,16 +1,17 @@
-// Reads and lifts held modifiers on X11. The server has one modifier state for all keyboards and
-// reports the pressed keys to every client.
+// Detects held modifiers on X11 and types around them. The server has one modifier state for all
+// keyboards, and reports the pressed keys to every client.
 //
-// While no modifier is held, the uinput keyboard types. Otherwise the server's XTEST keyboard does
-// everything. That keeps lifting, typing and putting back in order: events from uinput would arrive
-// on another path, at another time.
+// While no modifier is held, the uinput keyboard types. Otherwise the server's XTEST keyboard
+// releases the modifiers, types the shortcut, and presses the modifiers again. Using one keyboard
+// keeps these events in order; events from uinput would reach the server separately and at another
+// time.
 //
-// Putting back can leave keys stuck: the user may release one at that moment, while the XTEST
-// keyboard keeps it down. So only the keys that are still down on real keyboards are put back, and
-// that is checked again afterwards. Then each release on a real keyboard also releases the XTEST
-// key.
+// Pressing a modifier again could leave it stuck: if the user releases the real key at that moment,
+// the XTEST keyboard still holds it. Therefore only keys that are still down on real keyboards are
+// pressed again, and this is checked again afterwards. From then on, a release on a real keyboard
+// also releases the key on the XTEST keyboard.
 //
-// Thread:  type() on any thread; the rest runs on the desktop thread.
+// Thread:  type() on any thread; everything else runs on the desktop thread.
 // Owner:   the virtual keyboard.
 // Errors:  none.
 #pragma once
@@ -44,7 +45,8 @@ private:
     DesktopThread& desktop;
     std::unique_ptr<XKeyServer> server;
     DesktopThread::Watch watch;
-    std::set<std::uint16_t> putBackKeys; // down on the XTEST keyboard because the user holds them
+    // keys that are down on the XTEST keyboard because the user holds them
+    std::set<std::uint16_t> putBackKeys;
 };
 
 } // namespace glidemap

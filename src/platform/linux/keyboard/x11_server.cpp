@@ -21,7 +21,7 @@ constexpr int keyCodeOffset = 8;
 constexpr int maxKeyCode = 255;
 constexpr int keysPerByte = 8;
 
-// Sends a request and waits; `fetchReply` is the xcb function that fetches its reply.
+// Waits for the reply to a request. `fetchReply` is the xcb function for this kind of reply.
 template <typename Reply, typename Cookie>
 X11Reply<Reply> wait(xcb_connection_t* connection,
                      Reply* (*fetchReply)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
@@ -47,9 +47,9 @@ bool isModifierByPlace(std::uint16_t kernelCode) {
     return std::ranges::find(places, kernelCode) != places.end();
 }
 
-// The keys that act as modifiers only while held. Keys that lock, or that change the layout on
-// press, must not be put back, so they are not lifted. Keys that the user has remapped to Shift or
-// Control do not lock.
+// Returns the keys that act as modifiers only while they are held. Keys that lock, or that change
+// the layout when pressed, are excluded, because pressing them again would have a different effect.
+// Keys that the user has remapped to Shift or Control are included, because they do not lock.
 std::set<int> holdingKeyCodes(const xcb_get_modifier_mapping_reply_t& mapping) {
     std::set<int> found;
     const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(&mapping);
@@ -72,13 +72,13 @@ bool hasExtensions(xcb_connection_t* connection) {
     if (test == nullptr || test->present == 0 || input == nullptr || input->present == 0) {
         return false;
     }
-    // From this version on the server reports raw events of all keys, grabbed or not.
+    // Since version 2, the server reports raw events of all keys, even of grabbed ones.
     const auto version = wait(connection, xcb_input_xi_query_version_reply,
                               xcb_input_xi_query_version(connection, 2, 2));
     return version != nullptr && version->major_version >= 2;
 }
 
-// The server gives its XTEST keyboards such names.
+// The server's own XTEST keyboards have such names.
 bool isXTest(std::string_view name) {
     return name.find("XTEST") != std::string_view::npos;
 }
@@ -114,7 +114,7 @@ X11Server::X11Server(std::unique_ptr<State> connected) : state(std::move(connect
 X11Server::~X11Server() = default;
 
 std::vector<std::uint16_t> X11Server::modifiersDown() {
-    // Send both requests first, so that there is one round trip.
+    // Sends both requests before waiting for a reply, to need only one round trip.
     const auto mappingRequest = xcb_get_modifier_mapping(state->connection);
     const auto keysRequest = xcb_query_keymap(state->connection);
     const auto mapping = wait(state->connection, xcb_get_modifier_mapping_reply, mappingRequest);

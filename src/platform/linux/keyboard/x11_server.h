@@ -1,8 +1,8 @@
-// Queries keys and types through the X server of this session. A thin layer of requests and
-// replies.
+// Queries key states and types through the X server of this session. It contains only requests and
+// replies, no decisions.
 //
 // Units:   the kernel's key codes; the server's codes are higher by eight.
-// Thread:  one, which waits for the server's replies.
+// Thread:  one, which blocks until the server replies.
 // Owner:   X11HeldModifiers.
 // Errors:  connect() returns null.
 #pragma once
@@ -15,8 +15,8 @@ namespace glidemap {
 
 class X11Server : public XKeyServer {
 public:
-    // Connects to the server in DISPLAY. Returns null if it cannot be reached, or lacks XTEST or
-    // version 2 of the input extension.
+    // Connects to the server named by DISPLAY. Returns null if the server cannot be reached, or
+    // does not support XTEST or version 2 of the input extension.
     static std::unique_ptr<X11Server> connect();
     ~X11Server() override;
 

@@ -1,8 +1,8 @@
 // Port: the key state of an X server, and typing through it.
 //
 // Units:   the kernel's key codes.
-// Thread:  one, which waits for the server's replies.
-// Errors:  after the connection is lost the lists are empty and isAlive() returns false.
+// Thread:  one, which blocks until the server replies.
+// Errors:  after the connection is lost, lists are empty and isAlive() returns false.
 #pragma once
 
 #include "platform/linux/keyboard/key_strokes.h"
@@ -16,8 +16,8 @@ namespace glidemap {
 
 class XKeyServer {
 public:
-    // Keys that are down on the user's keyboards, and on our uinput keyboard. The server's XTEST
-    // keyboard counts as neither.
+    // The keys that are down on the user's keyboards and on our uinput keyboard. Keys on the
+    // server's XTEST keyboard are in neither set.
     struct KeysDown {
         std::set<std::uint16_t> users;
         std::set<std::uint16_t> ours;
@@ -28,22 +28,22 @@ public:
     XKeyServer& operator=(const XKeyServer&) = delete;
     virtual ~XKeyServer() = default;
 
-    // The modifier keys that are down for the desktop, on any keyboard.
+    // Returns the modifier keys that are down in the server's merged key state.
     virtual std::vector<std::uint16_t> modifiersDown() = 0;
     virtual KeysDown keysDown() = 0;
 
-    // Types on the server's XTEST keyboard. The server processes the changes without other events
+    // Types on the server's XTEST keyboard. The server processes all changes without other events
     // in between.
     virtual void type(std::span<const KeyChange> changes) = 0;
     virtual bool canType(std::span<const KeyChange> changes) const = 0;
 
-    // Whether to report keys that are released on any keyboard.
+    // Switches notifications about keys that are released on any keyboard.
     virtual void listenToReleases(bool listen) = 0;
 
-    // Discards pending events; returns whether any were pending. Does not wait.
+    // Discards pending events, and returns whether there were any. Does not block.
     virtual bool discardEvents() = 0;
 
-    // Becomes readable when events are pending.
+    // Returns a descriptor that becomes readable when events are pending.
     virtual int descriptor() const = 0;
     virtual bool isAlive() const = 0;
 };

@@ -1,9 +1,9 @@
-// Implements the login item as an autostart file. It counts as enabled only if a session would
-// really start the program.
+// Implements the login item as an autostart file. The item counts as enabled only if a session
+// would really start the program.
 //
-// The user's file replaces a system file of the same name completely. So registering writes or
-// repairs the user's file. Unregistering removes it, or hides the system's file if that one would
-// then start the program.
+// The user's file completely replaces a system file with the same name. Registering writes or
+// repairs the user's file. Unregistering removes the user's file. If the system's file would then
+// start the program, the user's file hides it instead.
 //
 // Thread:  the main thread; blocks on the disk.
 // Owner:   the program.
@@ -21,10 +21,11 @@
 
 namespace glidemap {
 
-// The folders of autostart files, and the session that interprets them.
+// The folders of autostart files, and the session that reads them.
 struct AutostartPlaces {
     std::filesystem::path userFolder;
-    std::vector<std::filesystem::path> systemFolders; // the first one with the file wins
+    // the first folder that contains the file is used
+    std::vector<std::filesystem::path> systemFolders;
     AutostartSession session;
     std::filesystem::path program; // the program to register
 

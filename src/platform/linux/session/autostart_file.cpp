@@ -43,7 +43,7 @@ std::optional<std::vector<std::string>> listIn(GKeyFile* keys, const char* key) 
     return result;
 }
 
-// A value that is neither true nor false counts as missing.
+// Returns `otherwise` if the key is missing or its value is neither true nor false.
 bool booleanIn(GKeyFile* keys, const char* key, bool otherwise) {
     GError* error = nullptr;
     const bool value = g_key_file_get_boolean(keys, group, key, &error) != FALSE;
@@ -68,7 +68,7 @@ AutostartFile AutostartFile::read(const std::filesystem::path& file) {
     AutostartFile made;
     constexpr auto keepAll =
         static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
-    std::error_code error; // reading a pipe would block
+    std::error_code error; // only regular files, because reading a pipe would block
     if (!std::filesystem::is_regular_file(file, error) ||
         g_key_file_load_from_file(made.keys.get(), file.c_str(), keepAll, nullptr) == FALSE) {
         made.keys.reset(g_key_file_new());
@@ -131,7 +131,8 @@ bool AutostartFile::isForProgram() const {
     return stringIn(keys.get(), type) == G_KEY_FILE_DESKTOP_TYPE_APPLICATION;
 }
 
-// The first of the desktop's names that is in either list decides.
+// The names of the desktop are checked in order. The first name that is in one of the lists
+// decides.
 bool AutostartFile::isShownIn(const AutostartSession& session) const {
     const auto only = listIn(keys.get(), onlyShowIn);
     const auto except = listIn(keys.get(), notShowIn);
@@ -151,7 +152,7 @@ bool AutostartFile::tryExecExists(const AutostartSession& session) const {
     return !tried || findProgram(*tried, session.searchPath).has_value();
 }
 
-// Returns an empty path if no executable file is found.
+// Returns an empty path if there is no such executable file.
 std::filesystem::path AutostartFile::programIn(const AutostartSession& session) const {
     const auto line = stringIn(keys.get(), exec);
     const auto program = line ? programOfExecLine(*line) : std::nullopt;
@@ -159,7 +160,7 @@ std::filesystem::path AutostartFile::programIn(const AutostartSession& session) 
                    : std::filesystem::path();
 }
 
-// Adds the keys that every desktop entry requires.
+// Adds the keys that every desktop entry must have, if they are missing.
 void AutostartFile::describe() {
     g_key_file_set_string(keys.get(), group, type, G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
     constexpr std::array<std::pair<const char*, const char*>, 2> ifMissing{{

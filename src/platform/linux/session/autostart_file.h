@@ -1,10 +1,11 @@
-// Reads one autostart file: whether a session would start its program, and how to repair it if not.
+// Parses an autostart file, determines whether a session would start the program, and repairs the
+// file if not.
 //
-// These keys decide: Type, Hidden, OnlyShowIn and NotShowIn, X-GNOME-Autostart-enabled, TryExec and
-// Exec. Everything else in a user's file, including comments, is preserved.
+// The relevant keys are Type, Hidden, OnlyShowIn and NotShowIn, X-GNOME-Autostart-enabled, TryExec
+// and Exec. All other content of a user's file, including comments, is preserved.
 //
 // Thread:  the main thread; reading blocks on the disk.
-// Errors:  none; a file that cannot be read, or is not a desktop entry, starts nothing.
+// Errors:  none; a file that cannot be read or is not a desktop entry does not start anything.
 #pragma once
 
 #include "platform/linux/desktop/glib_owner.h"
@@ -15,7 +16,7 @@
 
 namespace glidemap {
 
-// The properties of the session that decide along with the file.
+// The properties of a session that determine which autostart files it starts.
 struct AutostartSession {
     std::vector<std::string> desktops; // the values of XDG_CURRENT_DESKTOP, the most specific first
     std::string searchPath;            // in the format of PATH
@@ -25,20 +26,20 @@ class AutostartFile {
 public:
     enum class Start {
         happens,
-        hidden,      // equivalent to deleted
-        switchedOff, // by the settings of GNOME and related desktops
-        elsewhere,   // on other desktops
-        impossible,  // no executable to start
+        hidden,      // the same as if the file were deleted
+        switchedOff, // by a setting of GNOME or a related desktop
+        elsewhere,   // only other desktops start it
+        impossible,  // there is no executable file to start
     };
 
-    // Returns an empty file if it cannot be read.
+    // Returns an object without keys if the file cannot be read.
     static AutostartFile read(const std::filesystem::path& file);
 
     Start start(const AutostartSession& session) const;
     bool starts(const AutostartSession& session, const std::filesystem::path& program) const;
 
-    // Removes all keys that keep this session from starting the file. Sets the program unless the
-    // file already names it.
+    // Removes all keys that prevent this session from starting the file, and sets the program
+    // unless the file already starts it.
     void repair(const AutostartSession& session, const std::filesystem::path& program);
     void hide();
 

@@ -112,8 +112,8 @@ private:
              [kept = alive()](const BusReply&) {});
     }
 
-    // Check first: KWin reports success even for a shortcut that does not exist. The shortcut
-    // exists only while KWin can draw the overview.
+    // Checks whether the shortcut exists before calling it, because KWin reports success even for
+    // an unknown shortcut. The shortcut exists only while KWin can draw the overview.
     void askKWin() {
         call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusReply& answer) {
             const bool isThere = holds(answer.values, kwinShortcut);
@@ -145,7 +145,7 @@ void LinuxOverview::toggle() {
 }
 
 bool LinuxOverview::mayExist() {
-    const bool didExist = lookup->mayExist; // before the next lookup can change it
+    const bool didExist = lookup->mayExist; // read before the next lookup can change it
     if (!lookup->isPending.exchange(true)) {
         requests.start(
             std::make_shared<OverviewRequest>(patience, OverviewRequest::Purpose::look, lookup));

@@ -4,12 +4,12 @@
 //   KWin                    its shortcut "Overview", if it exists
 //   others                  nothing: Xfce, sway and similar desktops have no overview
 //
-// Each call looks for the desktop again: shells restart, and a name on the bus is more reliable
-// than the session's variables.
+// Each call determines the desktop again, because a shell may restart. It checks for names on the
+// bus, which is more reliable than reading the session's environment variables.
 //
 // Thread:  the main thread; the desktop thread calls the bus.
 // Owner:   the program. The destructor cancels pending calls.
-// Errors:  none; if the desktop does not reply, nothing is shown.
+// Errors:  none; if the desktop does not reply, nothing happens.
 #pragma once
 
 #include "platform/linux/desktop/bus_request.h"
@@ -20,7 +20,7 @@
 
 namespace glidemap {
 
-// The result of the last lookup, shared with a pending one on the desktop thread.
+// The result of the last lookup. A pending lookup on the desktop thread shares it.
 struct OverviewLookup {
     std::atomic<bool> mayExist = true;
     std::atomic<bool> isPending = false;
@@ -31,11 +31,12 @@ public:
     explicit LinuxOverview(DesktopThread& desktop,
                            std::chrono::milliseconds answerWithin = std::chrono::seconds(1));
 
-    // Does not wait.
+    // Does not block.
     void toggle();
 
-    // Returns false if the last lookup found no overview. Starts the next lookup in the background,
-    // unless a lookup is pending: each lookup opens a connection, and the bus limits their number.
+    // Returns false if the last lookup found no overview. Starts the next lookup in the background.
+    // If a lookup is pending, does not start another, because each lookup opens a connection and
+    // the bus limits their number.
     bool mayExist();
 
 private:

@@ -22,8 +22,8 @@ namespace {
 
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
-// "auto" is the caller's own session or, for a program that the user's service manager has started,
-// the session on the display.
+// "auto" stands for the caller's session. For a program started by the user's service manager,
+// which belongs to no session, it stands for the session of the user's display.
 constexpr const char* ownSession = "/org/freedesktop/login1/session/auto";
 
 constexpr BusMethod lockSession{Bus::system, logind, ownSession, sessionInterface, "Lock"};
@@ -75,8 +75,8 @@ private:
         readLocked();
     }
 
-    // If the session reports the lock only after this request has begun to ask the screen savers,
-    // the request skips the remaining ones.
+    // Reads LockedHint. If the session reports the lock only after the first screen saver was
+    // called, the remaining ones are skipped.
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
              [this, kept = alive()](const BusReply& answer) {
@@ -87,7 +87,7 @@ private:
              });
     }
 
-    // A locker that already covers the screen, or is about to, makes a second one unnecessary.
+    // Starts no second locker if one already covers the screen or is about to do so.
     void lookForLockers() {
         lockers = SessionLockers::ofThisSession();
         if (lockers->isLocked()) {
@@ -99,8 +99,8 @@ private:
         }
     }
 
-    // Running services come first: a service that D-Bus can start may belong to a desktop that is
-    // installed but not running.
+    // Calls running services first, because a service that D-Bus can start may belong to a desktop
+    // that is installed but not running.
     void askRunning(std::size_t index) {
         if (index == savers.size()) {
             startMissing(0);
@@ -158,8 +158,8 @@ private:
         });
     }
 
-    // Detached from this process: if the locker ended with us, some desktops would stay locked for
-    // good.
+    // The locker is detached from this process. If it ended together with this process, some
+    // desktops would stay locked forever.
     void startLocker(const LockCommand& command, std::size_t number) {
         const DetachedProcess started = startDetached({command.words, ownEnvironment()});
         if (started.error != 0) {

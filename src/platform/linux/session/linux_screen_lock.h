@@ -1,15 +1,21 @@
-// Locks the screen through the first service that confirms it.
+// Locks the screen with the first service that confirms the lock.
 //
-// First it calls logind. A successful call is no proof: logind only forwards the request, and a
-// desktop without a screen locker ignores it. So the screen counts as locked once the session's
-// LockedHint is true, a locker's program runs, or a program runs that is known to handle logind's
-// request. Otherwise a screen saver service is called: a running one, or else one that D-Bus can
-// start. Its successful reply counts. The session's own lockers come last. If all fail, `otherwise`
-// is called, unless a service that timed out or a program that still runs may yet lock the screen.
+// The services are tried in this order:
+//
+//  1. logind. A successful call is not sufficient, because logind only forwards the request, and a
+//     desktop without a screen locker ignores it. The screen counts as locked once the session's
+//     LockedHint is true, the program of a locker runs, or a program runs that is known to handle
+//     logind's request.
+//  2. Screen saver services: running ones, then those that D-Bus can start. A successful reply
+//     counts as a lock.
+//  3. The screen lockers of the session itself.
+//
+// If all fail, `otherwise` is called. It is not called if a service that timed out or a program
+// that still runs may yet lock the screen.
 //
 // Thread:  the main thread; the desktop thread calls the buses.
-// Owner:   the program. The destructor cancels pending calls; `otherwise` is not called then.
-// Errors:  none; a service that does not reply within its limit counts as missing.
+// Owner:   the program. The destructor cancels pending calls; `otherwise` is then not called.
+// Errors:  none; a service that does not reply within its time limit counts as missing.
 #pragma once
 
 #include "core/main_queue.h"
@@ -24,18 +30,20 @@ namespace glidemap {
 class LinuxScreenLock : public ScreenLock {
 public:
     struct Patience {
-        // A running service replies within milliseconds, even while the machine is busy locking.
+        // For a reply of a running service, which takes milliseconds even if the machine is busy
+        // locking.
         std::chrono::milliseconds answer{1000};
-        // From logind's reply to LockedHint: the locker starts in this time.
+        // From logind's reply until LockedHint is true, while the locker starts.
         std::chrono::milliseconds locked{1000};
-        // For a service that D-Bus starts for the call, or for a program.
+        // For the reply of a service that D-Bus must start first, and for a locker program.
         std::chrono::milliseconds start{5000};
     };
 
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue);
     LinuxScreenLock(DesktopThread& desktop, MainQueue& queue, Patience limits);
 
-    // Always true: lockers may appear and disappear while the program runs, and need no bus.
+    // Always returns true, because lockers may appear and disappear while the program runs, and
+    // some need no bus.
     bool find() override;
     void lock(std::function<void()> otherwise) override;
 

@@ -18,22 +18,22 @@ namespace {
 constexpr const char* logind = "org.freedesktop.login1";
 constexpr const char* sessionInterface = "org.freedesktop.login1.Session";
 constexpr const char* managerInterface = "org.freedesktop.login1.Manager";
-// "auto" is the caller's own session or, for a program that the user's service manager has started,
-// the session on the display.
+// "auto" stands for the caller's session. For a program started by the user's service manager,
+// which belongs to no session, it stands for the session of the user's display.
 constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/session/auto",
                                "org.freedesktop.DBus.Properties", "GetAll"};
 
 constexpr const char* busDaemon = "org.freedesktop.DBus";
 
-// Long, because a machine is busy at login and nothing waits for these replies.
+// Long, because the machine is busy during login. Nothing waits for these replies.
 constexpr std::chrono::seconds patience{60};
 
 constexpr BusRequest::Milliseconds asMilliseconds(std::chrono::seconds seconds) {
     return seconds;
 }
 
-// A program from an earlier login that still runs in a terminal multiplexer belongs to that
-// session, which is closing for good. Such a session says nothing about the user's screen.
+// A session that is closing is ignored. A program started in a terminal multiplexer during an
+// earlier login still belongs to that session, which does not describe the user's current screen.
 bool isInBackground(GVariantDict* session) {
     gboolean active = TRUE;
     const char* state = "";
@@ -48,7 +48,8 @@ bool isLockedHint(GVariantDict* session) {
     return locked != FALSE;
 }
 
-// Follows logind until the session ends. Never calls back if logind is missing.
+// Follows the session's state in logind until the session ends. If logind is missing, the callback
+// is never called.
 class SessionFollower : public BusRequest {
 public:
     struct State {
@@ -61,8 +62,8 @@ public:
     explicit SessionFollower(Notify callback)
         : BusRequest(asMilliseconds(patience)), notify(std::move(callback)) {}
 
-    // The first reply shows that the bus is open. The state is read again after the watch is set,
-    // so that no change in between is lost.
+    // A watch needs an open bus, so it is set in the first reply. The state is read again
+    // afterwards, so that no change in between is lost.
     void begin() override {
         read([this, kept = alive()] {
             watchSession();
@@ -86,14 +87,15 @@ private:
              });
     }
 
-    // logind sends signals under the session's real path, not under "auto", so this watch receives
-    // the signals of all sessions. They are rare. The watch keeps the transaction alive.
+    // logind emits signals for the session's real object path, not for "auto". So this watch
+    // receives the signals of all sessions, which are rare. Its callback keeps the transaction
+    // alive.
     void watchSession() {
         watchProperties(Bus::system, logind, sessionInterface,
                         [kept = alive()] { kept->read({}); });
         watch({Bus::system, busDaemon, busDaemon, "NameOwnerChanged", logind},
               [kept = alive()](GVariant* /*values*/) {
-                  kept->setAsleep(false); // logind that has exited announces no resume
+                  kept->setAsleep(false); // after logind has exited, it announces no resume
                   kept->read({});
               });
         for (const char* const signal : {"SessionNew", "SessionRemoved"}) {
@@ -104,8 +106,8 @@ private:
               [kept = alive()](GVariant* values) { kept->followSleep(values); });
     }
 
-    // The signal's value is true before the machine suspends, false after it has resumed or failed
-    // to suspend.
+    // The signal's value is true before the machine suspends, and false after it has resumed or
+    // failed to suspend.
     void followSleep(GVariant* values) {
         if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
             gboolean sleeps = FALSE;
@@ -140,7 +142,7 @@ private:
     State state;
 };
 
-// Follows the running screen savers, and those that start later.
+// Follows all screen savers, including those that start later.
 class ScreenSaverFollower : public BusRequest {
 public:
     using Notify = std::function<void(bool isAnyActive)>;
@@ -174,8 +176,8 @@ private:
              });
     }
 
-    // The bus daemon filters for signals of the name's owner. When the owner disappears, the lock
-    // ends, too.
+    // The bus daemon delivers only the signals of the name's owner. If the owner disappears, its
+    // lock no longer counts.
     void watchSaver(const ScreenSaver& saver) {
         watch(
             {Bus::session, saver.name, saver.name, "ActiveChanged", nullptr},
@@ -231,7 +233,8 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
                                weak = std::weak_ptr(life)](bool asleep) {
         queue->submit([held, weak, asleep] {
             if (const auto session = weak.lock()) {
-                held->isAsleep = asleep; // set here, so that a short suspend is noticed, too
+                // set in this task, so that even a short suspend is noticed
+                held->isAsleep = asleep;
                 (*session)->changes().announceDidChange();
             }
         });

@@ -1,16 +1,18 @@
-// Follows the state of the user's session: whether it is in front and whether it is locked.
+// Follows the state of the user's session: whether it is in the foreground, and whether it is
+// locked.
 //
 //   logind, system bus        Active ──────▶ in front or not
 //                             LockedHint ─┐
 //   screen savers, session bus  active ───┴▶ locked if any of them reports it
 //
-// Without these services, as on a console, the session is active and not locked. Both connections
-// are opened in the background and stay open; the program wakes up only for their signals.
+// Without these services, for example on a console, the session is active and unlocked. The
+// connections are opened in the background and stay open. The program wakes up only for their
+// signals.
 //
-// Thread:  as every user session; the desktop thread calls the buses.
-// Owner:   the program, before and longer than all its users. The destructor stops the updates.
-// Errors:  none. If logind stops responding or disappears, the last known state remains; if a
-//          screen saver disappears, its lock ends.
+// Thread:  see UserSession; the desktop thread calls the buses.
+// Owner:   the program; it must outlive all its users. The destructor stops the updates.
+// Errors:  none. If logind stops responding or disappears, the last known state remains. If a
+//          screen saver disappears, its lock no longer counts.
 #pragma once
 
 #include "core/main_queue.h"
@@ -34,7 +36,7 @@ public:
 private:
     struct Known;
 
-    // Main queue tasks hold it weakly.
+    // Tasks in the main queue hold it weakly.
     std::shared_ptr<LinuxUserSession*> life = std::make_shared<LinuxUserSession*>(this);
     std::shared_ptr<Known> known;
     BusRequests requests; // destroyed first

@@ -1,7 +1,7 @@
-// Lists the screen saver services that desktops provide on the session bus.
+// The screen saver services that desktops provide on the session bus.
 //
 // Thread:  any.
-// Errors:  none; on a given desktop most of them are missing.
+// Errors:  none; on a given desktop, most of these services are missing.
 #pragma once
 
 #include "platform/linux/desktop/bus_request.h"
@@ -13,10 +13,10 @@
 namespace glidemap {
 
 struct ScreenSaver {
-    const char* name = nullptr; // both the service and its interface
+    const char* name = nullptr; // the name of the service and of its interface
     const char* path = nullptr;
     const char* desktop = nullptr; // a value of XDG_CURRENT_DESKTOP; null for all desktops
-    bool takesMessage = false;     // Lock() takes a message for the locked screen
+    bool takesMessage = false;     // Lock() requires a message for the locked screen
 
     BusMethod method(const char* itsName) const {
         return {Bus::session, name, path, name, itsName};
@@ -25,12 +25,12 @@ struct ScreenSaver {
 
 std::span<const ScreenSaver> screenSavers();
 
-// Sorted: the services of this desktop, by the value of XDG_CURRENT_DESKTOP ("ubuntu:GNOME"), then
-// those of all desktops, then those of others.
+// Returns the services in this order: those of the current desktop, given by the value of
+// XDG_CURRENT_DESKTOP ("ubuntu:GNOME"), those of all desktops, and those of other desktops.
 std::vector<ScreenSaver> screenSaversFor(std::string_view currentDesktop);
 
-// Whether the service may be started: it belongs to this desktop or to all, or the desktop is
-// unknown.
+// Whether D-Bus may start the service: it belongs to the current desktop or to all desktops, or the
+// current desktop is unknown.
 bool belongsTo(const ScreenSaver& saver, std::string_view currentDesktop);
 
 } // namespace glidemap

@@ -15,7 +15,7 @@ namespace glidemap {
 
 namespace {
 
-// Programs that run exactly while the screen is locked.
+// Each of these programs runs exactly as long as the screen is locked.
 constexpr std::array<std::string_view, 11> covers = {
     "swaylock", "i3lock", "gtklock", "waylock",  "hyprlock",       "xsecurelock",
     "slock",    "xlock",  "xtrlock", "physlock", "kscreenlocker_g"}; // …reet: truncated by the kernel
@@ -38,7 +38,7 @@ std::vector<std::string> splitLikeAShell(const std::string& line) {
     return words;
 }
 
-// Whether a shell command, such as "swaylock -f -c 000000", starts a known locker.
+// Whether a shell command, such as "swaylock -f -c 000000", starts one of these programs.
 bool locks(const std::string& line) {
     const std::vector<std::string> words = splitLikeAShell(line);
     return !words.empty() && isCover(words[0].substr(words[0].rfind('/') + 1));
@@ -70,9 +70,10 @@ std::vector<std::vector<std::string>> linesOf(const std::string& text) {
 SessionLockers::SessionLockers(std::vector<SessionProcess> running, std::string_view currentDesktop,
                                const std::string& ownConfiguration) {
     if (std::ranges::count(splitAtColons(currentDesktop), "XFCE") > 0) {
-        toTry.push_back({{"xflock4"}}); // runs the command of the user's settings
+        toTry.push_back({{"xflock4"}}); // runs the lock command from the user's settings
     }
-    for (const std::string_view daemon : daemons) { // the outer loop sets the order
+    // the outer loop determines the order of the commands
+    for (const std::string_view daemon : daemons) {
         for (const SessionProcess& process : running) {
             if (process.name == daemon) {
                 take(process, ownConfiguration);
@@ -108,8 +109,8 @@ void SessionLockers::take(const SessionProcess& process, const std::string& ownC
     }
 }
 
-// Parses "timeout 300 COMMAND", "lock COMMAND" and others. Only the command of "lock" runs on
-// logind's request.
+// Parses the arguments of swayidle, such as "timeout 300 COMMAND" and "lock COMMAND". logind's
+// request runs only the command of "lock".
 void SessionLockers::takeFrom(const std::vector<std::string>& words) {
     for (std::size_t at = 0; at < words.size(); ++at) {
         if (!locks(words[at])) {

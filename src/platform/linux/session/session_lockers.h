@@ -1,8 +1,8 @@
-// Finds the screen lockers of a session without a lock service on the bus, from its running
-// programs.
+// Determines the screen lockers of a session from its running programs, for sessions without a lock
+// service on the bus.
 //
 // Thread:  any.
-// Errors:  none; a program that cannot be seen is skipped.
+// Errors:  none; a program that cannot be inspected is skipped.
 #pragma once
 
 #include "platform/linux/session/session_processes.h"
@@ -15,27 +15,28 @@ namespace glidemap {
 
 struct LockCommand {
     std::vector<std::string> words;
-    // Whether it runs as long as the screen is locked. Others exit at once, with success if they have
-    // locked the screen.
+    // Whether the command runs as long as the screen is locked. Other commands exit immediately,
+    // and report by their exit status whether they have locked the screen.
     bool stays = false;
 };
 
 class SessionLockers {
 public:
-    // `ownConfiguration` is the content of swayidle's file; empty if it does not exist.
+    // `ownConfiguration` is the content of swayidle's configuration file; empty if the file does
+    // not exist.
     SessionLockers(std::vector<SessionProcess> running, std::string_view currentDesktop,
                    const std::string& ownConfiguration);
 
-    // Returns the lockers that this session has at this moment.
+    // Returns the lockers that the session has at this moment.
     static SessionLockers ofThisSession();
 
-    // Whether a locker covers the screen.
+    // Whether a locker covers the screen now.
     bool isLocked() const { return locked; }
 
-    // Whether a running program locks on logind's request.
+    // Whether a running program locks the screen when logind requests it.
     bool listensToLogind() const { return listens; }
 
-    // The commands to try, in order.
+    // Returns the commands to try, in order.
     const std::vector<LockCommand>& commands() const { return toTry; }
 
 private:

@@ -37,14 +37,14 @@ bool isOurs(const fs::path& process) {
     return stat(process.c_str(), &facts) == 0 && facts.st_uid == getuid();
 }
 
-// Whether this process and the other one have the same value of the variable.
+// Whether the variable has the same value in this process and in the other one.
 bool agree(const std::vector<std::string>& environment, const char* variable) {
     const std::string ours = fromEnvironment(variable);
     return !ours.empty() &&
            std::ranges::find(environment, variable + ("=" + ours)) != environment.end();
 }
 
-// The name of a Wayland display is that of a socket in the runtime folder.
+// The name of a Wayland display is a socket in the runtime folder, so both variables must be equal.
 bool isOnOurDisplay(const fs::path& process) {
     const std::vector<std::string> environment = splitAtZeros(contentOf(process / "environ"));
     return agree(environment, "DISPLAY") ||

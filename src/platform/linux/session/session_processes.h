@@ -1,8 +1,8 @@
-// Lists the running programs with given names in this session: those of this user on this display.
+// Lists the running programs with given names that belong to this user and use this display.
 // Another session of the same user may run programs with the same names.
 //
 // Thread:  any.
-// Errors:  none; a process that cannot be read, or has exited, is skipped.
+// Errors:  none; a process that cannot be read or has exited is skipped.
 #pragma once
 
 #include <span>
@@ -13,7 +13,7 @@
 namespace glidemap {
 
 struct SessionProcess {
-    std::string name; // truncated by the kernel to 15 bytes
+    std::string name; // truncated to 15 bytes by the kernel
     std::vector<std::string> arguments;
 
     friend bool operator==(const SessionProcess&, const SessionProcess&) = default;
