@@ -14,7 +14,7 @@ constexpr const char* kde = "org.kde.kdeglobals.KDE";
 
 using Value = GlibOwner<GVariant>;
 
-// Some portals wrap a value in more than one variant.
+// Removes all variants around a value, because some portals add more than one.
 Value unwrapped(GVariant* value) {
     Value inner(g_variant_ref(value));
     while (g_variant_is_of_type(inner.get(), G_VARIANT_TYPE_VARIANT)) {
@@ -40,7 +40,7 @@ bool isFalse(GVariant* value) {
            g_variant_get_boolean(value) == FALSE;
 }
 
-// KDE's settings file stores numbers as text.
+// Also accepts text, because KDE's settings file stores numbers as text.
 bool isZero(GVariant* value) {
     if (g_variant_is_of_type(value, G_VARIANT_TYPE_DOUBLE)) {
         return g_variant_get_double(value) == 0;

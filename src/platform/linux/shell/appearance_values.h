@@ -1,4 +1,4 @@
-// Translates the settings of the desktop portal into the program's appearance.
+// Converts settings from the desktop portal to the program's appearance.
 //
 //   org.freedesktop.appearance   color-scheme            1 dark, 2 light, else no preference
 //                                reduced-motion          1 reduced; only in newer portals
@@ -28,7 +28,7 @@ struct Appearance {
 
 class AppearanceValues {
 public:
-    // The groups to read, null-terminated for GLib.
+    // The groups to read, as a null-terminated array for GLib.
     static const std::array<const char*, 4> groups;
 
     void take(std::string_view group, std::string_view key, GVariant* value);
@@ -37,8 +37,8 @@ public:
 
 private:
     std::optional<ColorScheme> colorScheme;
-    // True if any source asks for reduced motion: a portal with a key of its own may not know the
-    // desktop's key.
+    // Motion is reduced if any of these is true. A portal that has reduced-motion may not know the
+    // desktop's own key, so no source takes precedence.
     bool reduced = false;
     bool withoutGnomeAnimations = false;
     bool withoutKdeAnimations = false;

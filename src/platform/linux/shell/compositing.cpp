@@ -13,7 +13,7 @@ namespace glidemap {
 
 namespace {
 
-// The compositing manager owns the selection named _NET_WM_CM_Sn.
+// A compositing manager owns the selection _NET_WM_CM_Sn, where n is the number of the screen.
 bool hasCompositor(xcb_connection_t* server, int screen) {
     const std::uint32_t selection = x11Atom(server, "_NET_WM_CM_S" + std::to_string(screen));
     return x11SelectionHasOwner(server, selection);
@@ -22,7 +22,8 @@ bool hasCompositor(xcb_connection_t* server, int screen) {
 } // namespace
 
 bool desktopComposites() {
-    // Under Wayland this must not connect: some compositors start Xwayland at the first connection.
+    // Does not connect to the X server under Wayland, because some compositors start Xwayland at
+    // the first connection.
     if (!fromEnvironment("WAYLAND_DISPLAY").empty() || fromEnvironment("DISPLAY").empty()) {
         return true;
     }

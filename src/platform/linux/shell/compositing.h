@@ -1,8 +1,8 @@
-// Finds out whether the desktop blends windows, so that windows may be translucent.
+// Determines whether the desktop blends windows, so that windows may be translucent.
 //
-// Thread:  any for the function, one for RecentCompositing. Blocks for one round trip to the X
-//          server, well below a millisecond.
-// Errors:  none; returns true if the server cannot be reached, because no window is shown then.
+// Thread:  desktopComposites() on any thread; RecentCompositing on one thread. Blocks for one round
+//          trip to the X server, well below a millisecond.
+// Errors:  none; returns true if the server cannot be reached, because no window is visible then.
 #pragma once
 
 #include <chrono>
@@ -11,11 +11,12 @@
 
 namespace glidemap {
 
-// Wayland always composites. On X11 a running compositing manager decides.
+// Wayland compositors always blend. On X11, this depends on whether a compositing manager is
+// running.
 bool desktopComposites();
 
-// Caches the result for a short time: several menus are created in a row, and compositing managers
-// rarely start or stop in between.
+// Caches the result for a short time, because several menus may be created in a row. Compositing
+// managers rarely start or exit in between.
 class RecentCompositing {
 public:
     using Clock = std::chrono::steady_clock;

@@ -12,7 +12,8 @@ bool isVertical(GestureDirection direction) {
     return direction == GestureDirection::up || direction == GestureDirection::down;
 }
 
-// GNOME Shell 43 follows swipes of exactly three fingers, version 48 those of three or more.
+// GNOME Shell 43 handles swipes of exactly three fingers; version 48 handles those of three or
+// more.
 std::string gnomeNote(int fingerCount, const Lang& lang) {
     return fingerCount == 3
                ? lang.choose("GNOME uses this swipe itself and has no setting that turns it off.",
@@ -22,7 +23,8 @@ std::string gnomeNote(int fingerCount, const Lang& lang) {
                              "较新版本的 GNOME 自身使用此手势，没有可将其关闭的设置。");
 }
 
-// KWin 5.27 and 6.3 switch virtual desktops with every other swipe of three or four fingers.
+// KWin 5.27 and 6.3 use swipes of three and four fingers. All of them switch virtual desktops,
+// except vertical swipes of four fingers.
 std::string plasmaNote(int fingerCount, GestureDirection direction, const Lang& lang) {
     if (fingerCount > 4) {
         return {};
@@ -53,12 +55,12 @@ std::string desktopGestureNote(GestureType gesture, const DesktopSession& sessio
     const auto runs = [&](const char* desktop) {
         return std::ranges::find(session.desktops, desktop) != session.desktops.end();
     };
-    // Both are based on GNOME, without its shell.
+    // These desktops report "GNOME", too, but do not run GNOME Shell.
     const bool isOtherShell = runs("GNOME-Flashback") || runs("Budgie");
     if (runs("GNOME") && !isOtherShell) {
         return gnomeNote(fingerCount(gesture), lang);
     }
-    // KWin on X11 reads no touchpad.
+    // On X11, KWin handles no touchpad gestures.
     return runs("KDE") && session.isWayland
                ? plasmaNote(fingerCount(gesture), direction(gesture), lang)
                : std::string();

@@ -1,8 +1,9 @@
-// Describes the touchpad gestures that GNOME and KDE Plasma keep for themselves, and where they are
-// switched off.
+// Describes which touchpad gestures GNOME and KDE Plasma use themselves, and where the user can
+// switch them off.
 //
 // Thread:  any.
-// Errors:  none; empty for other desktops and for gestures that the desktop does not use.
+// Errors:  none; the text is empty on other desktops and for gestures that the desktop does not
+//          use.
 #pragma once
 
 #include "core/gesture_type.h"

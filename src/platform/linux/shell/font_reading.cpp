@@ -20,7 +20,7 @@ void read() {
 FontReading::FontReading() {
     try {
         reader = std::thread(read);
-    } catch (const std::system_error&) { // the thread could not be created
+    } catch (const std::system_error&) { // no thread can be created
     }
 }
 

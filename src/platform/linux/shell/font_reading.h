@@ -1,9 +1,10 @@
-// Reads the list of installed fonts in the background. This is the slowest part of startup and
-// needs no display, so it runs while the main thread connects to the display.
+// Reads the list of installed fonts on a separate thread. Reading it is the slowest part of
+// startup, and needs no display, so it runs while the main thread connects to the display.
 //
-// Thread:  the main thread; reads on a thread of its own.
-// Owner:   the program's start code. finish() and the destructor wait until the fonts are read.
-// Errors:  none. If the thread cannot be created, Qt reads the fonts on first use.
+// Thread:  the main thread.
+// Owner:   the program's start code. finish() and the destructor wait until the fonts have been
+//          read.
+// Errors:  none. If the thread cannot be created, Qt reads the fonts when it first uses one.
 #pragma once
 
 #include <thread>
@@ -17,7 +18,8 @@ public:
     FontReading& operator=(const FontReading&) = delete;
     ~FontReading();
 
-    // Call before measuring the first text; otherwise both threads would read all fonts.
+    // Must be called before the first text is measured. Otherwise both threads would read all
+    // fonts.
     void finish();
 
 private:

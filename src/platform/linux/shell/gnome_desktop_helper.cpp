@@ -36,7 +36,7 @@ std::filesystem::path installedExtensionForms() {
     return program.parent_path().parent_path() / "share" / "glidemap" / "gnome-shell";
 }
 
-// Only Wayland needs the helper: on X11, GNOME reports its windows without one.
+// On X11, GNOME reports its windows without a helper.
 bool isGnomeOnWayland() {
     const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
     return !fromEnvironment("WAYLAND_DISPLAY").empty() &&
@@ -86,7 +86,7 @@ void GnomeDesktopHelper::install() {
     ask([shell = shell] { return installed(shell); });
 }
 
-// The previous query has finished, or is about to.
+// If a thread exists, its query has finished or is about to, so that join() does not take long.
 void GnomeDesktopHelper::ask(std::function<Status()> question) {
     if (worker.joinable()) {
         worker.join();

@@ -1,11 +1,12 @@
-// The desktop helper for GNOME on Wayland: an extension of GNOME Shell.
+// The desktop helper for GNOME on Wayland, an extension of GNOME Shell.
 //
-// The shell may reply slowly or never, so a separate thread waits for it, one query at a time.
+// The shell may reply slowly or never. Therefore a separate thread waits for its replies, one query
+// at a time.
 //
-// Thread:  as the port documents.
-// Owner:   the program. The destructor waits for a pending query: a few seconds if the shell is
+// Thread:  see DesktopHelper.
+// Owner:   the program. The destructor waits for a pending query, for a few seconds if the shell is
 //          stuck.
-// Errors:  as text, in the shell's words.
+// Errors:  as text from the shell.
 #pragma once
 
 #include "core/main_queue.h"
@@ -22,7 +23,8 @@ namespace glidemap {
 
 class GnomeDesktopHelper : public DesktopHelper {
 public:
-    // The functions that query and install the extension; both block, on a separate thread.
+    // Functions that query and install the extension. Both block, and are called on a separate
+    // thread.
     struct Shell {
         std::function<GnomeExtension::Status()> status;
         std::function<std::optional<std::string>()> install;
@@ -30,7 +32,7 @@ public:
 
     static Shell runningShell();
 
-    // Null on desktops that need no helper.
+    // Returns null on desktops that need no helper.
     static std::shared_ptr<DesktopHelper> ofThisSession(std::shared_ptr<MainQueue> queue);
 
     GnomeDesktopHelper(Shell asked, std::shared_ptr<MainQueue> queue);
@@ -47,7 +49,7 @@ private:
 
     Shell shell;
     std::shared_ptr<MainQueue> mainQueue;
-    State _state = State::notNeeded; // until the shell has replied
+    State _state = State::notNeeded; // initial value until the shell has replied
     std::optional<std::string> _lastError;
     Observable observers;
     std::thread worker;

@@ -14,14 +14,14 @@ namespace glidemap {
 
 namespace {
 
-// Returns false for a window that was just shown: the desktop places it and decides about its
-// focus.
+// Whether the window is behind others. Returns false for a window that is not visible yet: the
+// desktop decides about its position and focus.
 bool isBehind(const QWidget& window) {
     const QWindow* const handle = window.windowHandle();
     return handle != nullptr && handle->isExposed() && !window.isActiveWindow();
 }
 
-// Returns nullptr if no window is visible.
+// Returns null if no window is visible.
 QWindow* visibleWindow() {
     const QWindowList windows = QGuiApplication::topLevelWindows();
     const auto found = std::find_if(windows.begin(), windows.end(),
@@ -50,13 +50,14 @@ void LinuxApplicationShell::activate(QWidget& window) {
 }
 
 void LinuxApplicationShell::terminate() {
-    QCoreApplication::exit(0); // quit() would ask each window, which may refuse
+    // quit() would ask each window for permission, and a window may refuse
+    QCoreApplication::exit(0);
 }
 
 void LinuxApplicationShell::requestToken(std::string activationToken, std::string launchID) {
     startupID = std::move(launchID);
     if (!activationToken.empty()) {
-        // Qt reads the token here, and unsets it, at the next activation.
+        // At the next activation, Qt reads the token from the environment and removes it.
         qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
     }
 }

@@ -1,14 +1,15 @@
-// Presents the program to a Linux desktop, which has no activation policies. A desktop lets a
-// window come forward only if the user caused it. The proof is an activation token on Wayland, and
-// the time of the user's input on X11. A program started from a terminal has no token; then the
-// shell requests the activation as a task bar does.
+// Integrates the program with a Linux desktop. A desktop raises a window only if the user requested
+// it. To prove this, the program passes an activation token on Wayland, and the time of the user's
+// input on X11. A program started from a terminal has no token; the shell then requests the
+// activation in the way a task bar does.
 //
-// On X11 the launcher shows that the program starts until the program reports the end of its launch.
-// Qt cannot report it: takeActivationToken() has already removed the startup id from the environment.
+// On X11, the launcher shows a busy indicator until the program reports that it has started. Qt
+// cannot report this, because takeActivationToken() has already removed the startup id from the
+// environment.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.
-// Errors:  none; without proof a desktop may only mark the window as demanding attention.
+// Errors:  none; without a token, a desktop may only mark the window as demanding attention.
 #pragma once
 
 #include "app/application_shell.h"
@@ -20,19 +21,19 @@ namespace glidemap {
 
 class LinuxApplicationShell : public ApplicationShell {
 public:
-    // `bringForward` makes the desktop activate our window that was used last; on Wayland, where Qt
-    // cannot.
+    // `bringForward` must make the desktop activate our most recently used window. It is called on
+    // Wayland if Qt's own activation has no effect.
     explicit LinuxApplicationShell(std::function<void()> bringForward = {});
 
     void becomeAccessory() override;
     void activate(QWidget& window) override;
     void terminate() override;
 
-    // Sets a launcher's token and startup id for the next activation. Either may be empty.
-    // Changes the environment, which no other thread should read at the same time.
+    // Sets the token and the startup id of a launcher for the next activation. Either may be empty.
+    // Changes the environment, so no other thread should read it at the same time.
     void requestToken(std::string activationToken, std::string launchID);
 
-    // Call it when the first window is visible, which may not be activated.
+    // Must be called when the first window is visible, because that window may not be activated.
     void endLaunch();
 
 private:

@@ -10,7 +10,8 @@ namespace glidemap {
 
 namespace {
 
-// Qt leaves the request in its buffer; until it is sent, the window would still receive the keys.
+// Waits until the server has processed the request. Otherwise it could stay in Qt's buffer, and the
+// window would still receive the keys.
 void waitUntilDone(xcb_connection_t* server) {
     std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
 }

@@ -1,13 +1,13 @@
-// Lets a window on X11 receive the desktop's own keys: the window grabs the keyboard, which
-// bypasses the window manager's key bindings. The X server releases the grab when the window is
-// destroyed or the program exits.
+// Lets a window on X11 receive the keys that the desktop reserves for itself. The window grabs the
+// keyboard, which bypasses the window manager's key bindings. The X server releases the grab when
+// the window is destroyed or the program exits.
 //
-// Wayland's protocol for this needs a private interface of Qt, so the desktop keeps its keys there
-// (docs/decisions/0070-the-keys-of-the-desktop.md).
+// On Wayland, the desktop keeps its keys, because the protocol for this needs a private interface
+// of Qt (docs/decisions/0070-the-keys-of-the-desktop.md).
 //
 // Thread:  the main thread.
 // Owner:   the platform's KeyPresses object.
-// Errors:  none; if another program has grabbed the keyboard, the window does not receive them.
+// Errors:  none; if another program has grabbed the keyboard, the window does not receive the keys.
 #pragma once
 
 #include "ui/recorder/desktop_keys.h"

@@ -1,5 +1,5 @@
-// Adds Linux's notes to the interface: which device nodes are missing, what the access button does,
-// how to grant access by hand if the prompt failed, and which gestures the desktop uses itself.
+// Implements SystemNotes on Linux: which device nodes are missing, what the access button does, how
+// to grant access manually if the prompt failed, and which gestures the desktop itself uses.
 //
 // Thread:  the main thread. Each call checks the nodes again.
 // Owner:   the program. The prompt outlives it.
@@ -27,7 +27,7 @@ public:
     std::string systemGesture(GestureType gesture, const Lang& lang) const override;
     Observable& changes() override { return observers; }
 
-    // Call when access may have changed, for example after a prompt has closed or failed.
+    // Must be called when access may have changed, for example after a prompt has closed or failed.
     void accessMayHaveChanged();
 
 private:

@@ -35,7 +35,7 @@ LinuxServices::LinuxServices(const std::shared_ptr<MainQueue>& mainQueue)
       keyboard(std::make_shared<UinputKeyboard>(heldModifiersOfThisSession(desktop))),
       toSession(session->changes().subscribe({}, [this] { followSession(); })) {
     overview.mayExist(); // starts the first lookup
-    // Create the keyboard before it is needed: a desktop takes a moment to notice it.
+    // Creates the keyboard before it is needed, because a desktop takes a moment to detect it.
     followSession();
     accessPrompt.onAnswer = [this] {
         retryServices();

@@ -1,5 +1,5 @@
-// Creates the concrete services on Linux and connects them. Both the program and the tools that run
-// without an interface start here.
+// Creates the concrete services on Linux and connects them, for the program and for tools without
+// an interface.
 //
 //   desktop thread ◀─ workspace, overview, screen lock, held modifiers
 //   access prompt ─┐
@@ -7,8 +7,8 @@
 //   user session ───▶ no keyboard while another session is in front
 //
 // Thread:  the main thread, while the application object exists.
-// Owner:   the program. It creates one instance and destroys it after all users: some services live
-//          on its desktop thread.
+// Owner:   the program. It creates one instance, and destroys it after all users, because some
+//          services live on its desktop thread.
 // Errors:  as documented for each service.
 #pragma once
 
@@ -33,13 +33,14 @@ namespace glidemap {
 
 class LinuxServices {
 public:
-    // Also creates the shared touch engine and device manager; a process has one of each.
+    // Also creates the shared touch engine and device manager. Must be called at most once per
+    // process.
     explicit LinuxServices(const std::shared_ptr<MainQueue>& mainQueue);
     LinuxServices(const LinuxServices&) = delete;
     LinuxServices& operator=(const LinuxServices&) = delete;
 
-    // Called when touchpads may have appeared or access may have been granted. The keyboard has
-    // already retried.
+    // Called when a touchpad may have been connected, or access may have been granted. At this
+    // point, the keyboard has already retried to open its device.
     std::function<void()> onDevicesChanged;
 
     AccessPrompt& prompt() { return accessPrompt; }
@@ -48,9 +49,10 @@ private:
     void followSession();
     void retryServices();
 
-    DesktopThread desktop; // outlives all services that live on it
+    DesktopThread desktop; // outlives all services that live on its thread
     AccessPrompt accessPrompt;
-    InputDeviceWatch devices; // before the first attempt to type or to read
+    // watches before the first attempt to type or read, so that no change is missed
+    InputDeviceWatch devices;
     LinuxOverview overview;
     PortalAppearance portal;
 

@@ -25,21 +25,22 @@ namespace glidemap {
 
 namespace {
 
-// All desktops use KDE's name.
+// All desktops use KDE's name for the watcher.
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher"; // also its interface
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
-// In milliseconds. A watcher that replies later is still detected then.
+// In milliseconds. A watcher that replies later is still detected.
 constexpr int patience = 1000;
 constexpr int noTimeout = std::numeric_limits<int>::max();
 
 } // namespace
 
-// Items register with a watcher, and a host shows them. A watcher may start before its host. Qt
-// then finds no tray, and does not look again.
+// Detects a StatusNotifierItem tray. Items register with a watcher, and a host shows them. A
+// watcher may start before its host. If Qt searched for a tray then, it would find none and never
+// search again.
 //
-// This class calls the watcher asynchronously. Qt waits for the watcher, so a watcher that does not
-// reply counts as missing until it does.
+// This class calls the watcher asynchronously. Qt waits for the watcher, so a watcher counts as
+// missing until it has replied.
 class LinuxStatusBar::BusTray {
 public:
     explicit BusTray(std::function<void()> notify)
@@ -79,7 +80,7 @@ private:
         }
     }
 
-    // If a watcher cannot report its host, Qt decides.
+    // If a watcher cannot report whether it has a host, it counts as a tray, and Qt decides.
     State answered() const {
         const QDBusPendingReply<QDBusVariant> answer = *reply;
         if (!answer.isError()) {
@@ -102,13 +103,13 @@ private:
     const std::function<void()> changed;
     State state = State::unknown;
     QDBusServiceWatcher watcher;
-    QTimer hostArrived; // fires at once; D-Bus signals can only call named slots
+    QTimer hostArrived; // fires immediately; needed because D-Bus signals can only call named slots
     QTimer patienceEnds;
     std::unique_ptr<QDBusPendingCallWatcher> reply;
 };
 
-// A tray owns a selection, and broadcasts a MANAGER message to the root window when it acquires it.
-// Qt has selected these events.
+// Detects an XEmbed tray. A tray owns a selection. When it acquires the selection, it broadcasts a
+// MANAGER message to the root window. Qt has already selected these events.
 class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
 public:
     X11Tray(xcb_connection_t* toServer, std::function<void()> reported)
@@ -145,7 +146,7 @@ private:
     const xcb_atom_t selection;
 };
 
-// Connects on a separate thread, because connecting blocks.
+// The connection to the bus is opened on a separate thread, because this blocks.
 LinuxStatusBar::LinuxStatusBar()
     : context(std::make_unique<QObject>()),
       connecting(std::async(std::launch::async, [this, receiver = context.get()] {
@@ -164,7 +165,8 @@ void LinuxStatusBar::connected() {
     onBus = std::make_unique<BusTray>([this] { observers.announceDidChange(); });
 }
 
-// A bar on the bus is preferred, so this returns `none` until the bus has replied.
+// Returns `none` until the bus has replied, because a tray on the bus takes precedence over one on
+// X11.
 StatusBar::Kind LinuxStatusBar::kind() {
     if (onBus == nullptr || onBus->isUnknown()) {
         return Kind::none;

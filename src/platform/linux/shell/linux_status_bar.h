@@ -1,12 +1,12 @@
 // Detects the status bar of a Linux desktop: StatusNotifierItem on the session bus, or XEmbed on
-// X11, where each item draws into its own window.
+// X11, where each item draws into a window of its own.
 //
-// No call waits for the bus or for a program on it. An unknown state counts as no bar, and a later
-// change is reported.
+// No call waits for the bus or for a program on it. An unknown state counts as no bar. When the
+// state becomes known or changes, observers are notified.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.
-// Errors:  none; without a bus, and outside X11, there is no bar.
+// Errors:  none; without a bus and outside X11, there is no status bar.
 #pragma once
 
 #include "app/status_bar.h"
@@ -32,10 +32,10 @@ private:
     void connected();
 
     Observable observers;
-    std::unique_ptr<BusTray> onBus; // null until the bus is connected
+    std::unique_ptr<BusTray> onBus; // null until the bus connection is open
     std::unique_ptr<X11Tray> onX11; // null outside X11
     std::unique_ptr<QObject> context;
-    std::future<void> connecting; // destroyed first; waits for the connection
+    std::future<void> connecting; // destroyed first, which waits for the connection
 };
 
 } // namespace glidemap

@@ -21,7 +21,7 @@ namespace {
 const BusObject portal{"org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop",
                        "org.freedesktop.portal.Settings"};
 
-// `settings` maps the keys of one group to their values.
+// `settings` maps the keys of the group to their values.
 void takeGroup(AppearanceValues& values, const char* group, GVariant* settings) {
     GVariantIter each;
     g_variant_iter_init(&each, settings);
@@ -51,7 +51,7 @@ std::optional<AppearanceValues> valuesIn(GVariant* answer) {
 
 } // namespace
 
-// The values that the main thread reads.
+// Holds the settings for the main thread.
 class PortalAppearance::Settings : public AppearanceSettings {
 public:
     std::optional<ColorScheme> colorScheme() const override { return appearance.colorScheme; }
@@ -71,7 +71,7 @@ private:
     Observable observers;
 };
 
-// Lives on the desktop thread.
+// Communicates with the portal. It lives on the desktop thread.
 class PortalAppearance::Listener : public std::enable_shared_from_this<Listener> {
 public:
     using Notify = std::function<void(const Appearance&)>;
@@ -129,7 +129,7 @@ void PortalAppearance::Listener::opened(GObject* /*source*/, GAsyncResult* resul
     }
 }
 
-// Subscribe before reading, so that no change between the two is lost.
+// Subscribes before reading, so that no change in between is lost.
 void PortalAppearance::Listener::listen() {
     bus->subscribe(portal, [this](const std::string& signal, GVariant* arguments) {
         onSignal(signal, arguments);
@@ -160,7 +160,7 @@ void PortalAppearance::Listener::onSignal(const std::string& signal, GVariant* a
     notifyIfNew();
 }
 
-// Most settings do not concern appearance; do not wake the main thread for them.
+// Does not wake the main thread for settings that do not affect the appearance.
 void PortalAppearance::Listener::notifyIfNew() {
     if (const Appearance now = values.appearance(); now != reported) {
         reported = now;

@@ -1,15 +1,15 @@
 // Follows the user's appearance settings through the desktop portal, on any desktop.
 //
-// This class never starts the portal. At login, programs start before the desktop has sent its
-// display to the bus. A portal that starts that early stays broken for the whole session. So a
-// running portal is queried at once, and a portal that another program starts later is queried
-// then. Until then nothing is known.
+// This class never starts the portal. At login, programs start before the desktop has set its
+// display in the bus's environment, and a portal that starts that early is broken for the whole
+// session. A portal that is already running is queried immediately. If another program starts the
+// portal later, it is queried then. Until then, all settings are unknown.
 //
-// Thread:  the main thread. The desktop thread calls the bus, and no thread waits for a reply.
-// Owner:   the program. The destructor stops the updates at once; settings handed out keep their
-//          last values.
-// Errors:  none. Without a bus, a portal or a reply the settings are unknown. Known settings stay
-//          when the portal exits.
+// Thread:  the main thread. The desktop thread calls the bus; no thread blocks on a reply.
+// Owner:   the program. The destructor stops the updates; the objects returned by settings() keep
+//          their last values.
+// Errors:  none. Without a bus, a portal or a reply, the settings are unknown. When the portal
+//          exits, the last known settings are kept.
 #pragma once
 
 #include "core/main_queue.h"
@@ -29,7 +29,7 @@ public:
     PortalAppearance& operator=(const PortalAppearance&) = delete;
     ~PortalAppearance();
 
-    // The settings may outlive this object.
+    // The returned settings may outlive this object.
     std::shared_ptr<AppearanceSettings> settings() const;
 
 private:

@@ -1,4 +1,4 @@
-// The program library's only exported function, for its loader.
+// The only function that the program's library exports. The program loader calls it.
 #include "app/program.h"
 
 extern "C" [[gnu::visibility("default")]] int glidemapRunProgram(glidemap::LaunchOption option,

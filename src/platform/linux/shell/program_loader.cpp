@@ -1,5 +1,5 @@
-// Loads the program's library from ../lib/glidemap, relative to the executable, as with the
-// drivers. Code that runs before the load may use only the C library.
+// Loads the program's library from ../lib/glidemap, relative to the executable; the drivers are in
+// the same folder. Code that runs before the library is loaded may use only the C library.
 #include "app/program.h"
 
 #include <dlfcn.h>
@@ -28,7 +28,7 @@ void goUp(Path& path) {
     }
 }
 
-// Returns "/", which cannot be loaded, if the path is unknown or too long.
+// Returns "/", which cannot be loaded, if the executable's path is unknown or too long.
 Path libraryPath() {
     Path folder;
     if (readlink("/proc/self/exe", folder.text, PATH_MAX) < 0) {
@@ -42,7 +42,8 @@ Path libraryPath() {
     return length < PATH_MAX ? path : Path{"/"};
 }
 
-// RTLD_GLOBAL, as if linked: drivers that load later use the same libraries.
+// Uses RTLD_GLOBAL, so that drivers that are loaded later share these libraries, as if the program
+// were linked with them.
 RunProgram loadedProgram() {
     void* const loaded = dlopen(libraryPath().text, RTLD_NOW | RTLD_GLOBAL);
     return loaded != nullptr ? reinterpret_cast<RunProgram>(dlsym(loaded, "glidemapRunProgram"))

@@ -1,4 +1,4 @@
-// The implementation of platform/services.h on Linux.
+// Implements platform/services.h for Linux.
 #include "platform/services.h"
 
 #include "dispatch/gesture_dispatcher.h"
@@ -42,8 +42,8 @@ std::string takeFromEnvironment(const char* variable) {
     return value;
 }
 
-// Puts the token into the environment, where Qt expects it. So create it before a thread that may
-// read the environment.
+// The shell stores the token in the environment, where Qt reads it. Must be called before other
+// threads that may read the environment are created.
 std::shared_ptr<LinuxApplicationShell> makeShell(const SingleInstance::Request& activation,
                                                  std::function<void()> bringForward = {}) {
     auto shell = std::make_shared<LinuxApplicationShell>(std::move(bringForward));
@@ -51,7 +51,7 @@ std::shared_ptr<LinuxApplicationShell> makeShell(const SingleInstance::Request& 
     return shell;
 }
 
-// The foundation of the program's services: it must outlive them.
+// Objects that must outlive the program's services.
 struct Foundation {
     Foundation(const std::shared_ptr<MainQueue>& mainQueue,
                const SingleInstance::Request& activation, SystemEvents events)
@@ -73,14 +73,16 @@ struct Foundation {
     const SystemEvents systemEvents;
     const std::shared_ptr<LinuxNotes> notes =
         std::make_shared<LinuxNotes>(std::make_unique<UdevInputNodes>(), services.prompt());
-    // The notice in the window explains the prompt, so the prompt waits for the window.
+    // The prompt is delayed until the window is visible, because a notice in the window explains
+    // it.
     FirstExposure windowIsThere{[this] {
         services.prompt().ready();
         shell->endLaunch();
     }};
 };
 
-// The portal together with the thread that queries it, and the end of the alert's launch.
+// The portal with the thread that queries it, and the object that ends the launch when the alert is
+// visible.
 struct AlertFoundation {
     AlertFoundation(MainQueue& mainQueue, const SingleInstance::Request& activation)
         : shell(makeShell(activation)), portal(desktop, mainQueue) {}
@@ -127,7 +129,8 @@ std::function<void()> hideSilentBus() {
 }
 
 std::function<void()> startFontScan() {
-    // Qt sets the locale while the scan reads it. A locale that is already set stays unchanged.
+    // Qt would set the locale while the scan reads it. Qt does not change a locale that is already
+    // set.
     std::setlocale(LC_ALL, "");
     return [fonts = std::make_shared<FontReading>()] {
         fonts->finish();

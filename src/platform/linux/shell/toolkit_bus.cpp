@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
 
-// An address that fails immediately.
+// A bus address to which connecting fails immediately.
 constexpr const char* noBus = "unix:path=/dev/null";
 
 } // namespace
@@ -32,7 +32,7 @@ void ToolkitBus::finish() const {
     if (!silent) {
         return;
     }
-    QDBusConnection::sessionBus(); // fails, and Qt does not retry
+    QDBusConnection::sessionBus(); // fails, and Qt never tries again
     if (address) {
         setenv(variable, address->c_str(), 1);
     } else {

@@ -1,14 +1,14 @@
-// Keeps Qt from waiting for a session bus that does not respond: Qt connects on the main thread,
-// and the D-Bus library waits for half a minute.
+// Prevents Qt from waiting for an unresponsive session bus. Qt connects on the main thread, where
+// the D-Bus library would block for half a minute.
 //
-// The constructor tests the bus first. If it does not respond, Qt finds no bus for the whole run of
-// the program: no status item on the bus and no screen reader. The program's own services still use
-// the bus if it recovers.
+// The constructor checks the bus. If it does not respond, Qt gets no bus for the rest of the run,
+// so there is no status item on the bus and no support for screen readers. The program's own
+// services still use the bus if it recovers.
 //
 // Thread:  the main thread, while no other thread changes the environment. The constructor blocks
 //          for at most `patience`.
-// Owner:   the program's start code: creates it before the application object and calls finish()
-//          right after that.
+// Owner:   the program's start code. It creates this object before the application object, and
+//          calls finish() right after creating the application object.
 // Errors:  none.
 #pragma once
 
@@ -20,14 +20,15 @@ namespace glidemap {
 
 class ToolkitBus {
 public:
-    // A working bus responds within a millisecond, or within some hundred at a busy login.
+    // A working bus responds within a millisecond, or within a few hundred milliseconds during a
+    // busy login.
     static constexpr std::chrono::milliseconds patience{1000};
 
     ToolkitBus();
     ToolkitBus(const ToolkitBus&) = delete;
     ToolkitBus& operator=(const ToolkitBus&) = delete;
 
-    // Restores the environment, for the program's own services and for launched programs.
+    // Restores the environment for the program's own services and for launched programs.
     void finish() const;
 
     bool isSilent() const { return silent; }

@@ -31,8 +31,8 @@ void sendToRoot(xcb_connection_t* connection, const xcb_client_message_event_t& 
                    reinterpret_cast<const char*>(&event));
 }
 
-// Sends the request as a pager (source indication 2): window managers may refuse requests from
-// applications.
+// Sends the request with the source indication of a pager (2), because window managers may refuse
+// requests from normal applications.
 void askWindowManager(xcb_connection_t* connection, xcb_window_t window, std::uint32_t time) {
     constexpr std::uint32_t byTheUser = 2;
     auto event = message(window, x11Atom(connection, "_NET_ACTIVE_WINDOW"), 32);

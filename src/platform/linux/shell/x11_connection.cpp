@@ -4,7 +4,8 @@
 
 namespace glidemap {
 
-// Qt's offscreen platform provides this interface, too, but without a connection.
+// The connection is null on Qt's offscreen platform, although that platform provides this
+// interface.
 xcb_connection_t* x11Connection() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 != nullptr ? x11->connection() : nullptr;

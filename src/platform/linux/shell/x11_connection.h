@@ -1,7 +1,7 @@
 // Returns Qt's connection to the X server.
 //
 // Thread:  the main thread, while the application object exists.
-// Errors:  null outside X11.
+// Errors:  returns null outside X11.
 #pragma once
 
 using xcb_connection_t = struct xcb_connection_t;

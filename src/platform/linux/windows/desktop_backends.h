@@ -1,4 +1,5 @@
-// Lists the backends to try in this session, in order. Only this file knows all of them.
+// Returns the window backends to try in this session, in order. No other file refers to all
+// backends.
 //
 // Thread:  any; reads the environment.
 // Errors:  none; without a desktop the list is empty.
@@ -14,8 +15,9 @@ namespace glidemap {
 
 enum class DesktopKind { gnome, kwin, wlroots, x11 };
 
-// Takes the values of WAYLAND_DISPLAY and DISPLAY, empty if unset. Under Wayland each compositor
-// has its own protocol. X11 comes last there, because it shows only the windows of X11 programs.
+// The arguments are the values of WAYLAND_DISPLAY and DISPLAY, or empty. Under Wayland, the
+// backends for the protocols of compositors come first. X11 is last, because it provides only the
+// windows of X11 programs.
 std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::string_view display);
 
 std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread);

@@ -1,7 +1,7 @@
-// Remembers a backend's last report to its listener, and forwards only changes.
+// Stores the last state that a backend reported to its listener, and reports only changes.
 //
-// A new title alone is no change if the application is known without it: programs that show
-// progress in the title would keep the workspace busy.
+// A change of the title alone is not reported if the application can be identified without the
+// title. Otherwise programs that show progress in their title would keep the workspace busy.
 //
 // Thread:  the desktop thread.
 // Owner:   a backend.
@@ -17,8 +17,9 @@ namespace glidemap {
 
 class ReportedWindows {
 public:
-    // Takes the current state. The first call reports everything, later calls only changes. The
-    // windows come first, so that an active window that is listed is already known.
+    // Reports the current state: completely on the first call, and only changes later. The list of
+    // windows is reported before the active window, so that the listener already knows an active
+    // window that is in the list.
     void report(WindowListener& listener, std::vector<WindowIdentity> windows,
                 std::optional<WindowIdentity> active);
 

@@ -1,9 +1,9 @@
-// Ports between the desktops and the workspace. A backend supports one kind of desktop and reports
-// its windows and the active one, on events and without polling.
+// The interfaces between the desktops and the workspace. A backend supports one kind of desktop. It
+// reports the desktop's windows and the active window, driven by events and without polling.
 //
-// Thread:  everything here runs on the desktop thread (see DesktopThread).
-// Owner:   the workspace owns the backend, and listens to it until it destroys it.
-// Errors:  a desktop that exits is reported as no windows.
+// Thread:  the desktop thread (see DesktopThread).
+// Owner:   the workspace owns the backend, and is its listener until it destroys the backend.
+// Errors:  when a desktop exits, its backend reports that there are no windows.
 #pragma once
 
 #include <sys/types.h>
@@ -16,10 +16,10 @@
 
 namespace glidemap {
 
-// The properties that a desktop reports for a window. Unknown ones are empty.
+// The properties of a window as reported by the desktop. Unknown properties are empty.
 struct WindowIdentity {
-    std::string appID;    // Wayland's app id, or the class of WM_CLASS
-    std::string instance; // the instance of WM_CLASS
+    std::string appID;    // Wayland's app id, or the class in WM_CLASS
+    std::string instance; // the instance in WM_CLASS
     std::string title;
     std::optional<pid_t> process;
 
@@ -33,22 +33,23 @@ public:
     WindowListener& operator=(const WindowListener&) = delete;
     virtual ~WindowListener() = default;
 
-    // Nullopt if no window is active.
+    // `window` is nullopt if no window is active.
     virtual void activeWindowChanged(const std::optional<WindowIdentity>& window) = 0;
     virtual void windowsChanged(const std::vector<WindowIdentity>& windows) = 0;
 };
 
-// Whether to choose this window.
+// Returns whether to select this window.
 using WindowChoice = std::function<bool(const WindowIdentity& window)>;
 
-// Startup and activation tokens that let a launched program take the focus. Each may be empty.
+// Tokens for startup notification and activation, with which a launched program can take the focus.
+// Each may be empty.
 struct LaunchToken {
-    std::string startupID;       // DESKTOP_STARTUP_ID on X11
-    std::string activationToken; // XDG_ACTIVATION_TOKEN on Wayland
-    std::function<void()> begun; // call when the program runs
+    std::string startupID;       // DESKTOP_STARTUP_ID, for X11
+    std::string activationToken; // XDG_ACTIVATION_TOKEN, for Wayland
+    std::function<void()> begun; // must be called when the program runs
 };
 
-// The application as its desktop entry describes it.
+// The application to launch, with properties of its desktop entry.
 struct LaunchedApplication {
     std::string identifier; // without ".desktop"
     std::string name;
@@ -62,17 +63,17 @@ public:
     WindowBackend& operator=(const WindowBackend&) = delete;
     virtual ~WindowBackend() = default;
 
-    // Returns false if this desktop is of another kind. Otherwise the listener receives the current
-    // state during the call or soon after, and then every change.
+    // Returns false if the backend does not support the running desktop. Otherwise the listener is
+    // notified of the current state, during the call or soon after, and then of every change.
     virtual bool start(WindowListener& listener) = 0;
 
-    // Activates the chosen window that was used last: restores it if it is minimised, on its own
-    // workspace. Calls `otherwise`, now or later, if no window is chosen or the desktop refuses;
-    // never after the backend's destruction.
+    // Activates the most recently used window among the selected ones, on its own workspace, and
+    // restores it if it is minimised. If no window is selected or the desktop refuses, calls
+    // `otherwise`, immediately or later, but not after the backend's destruction.
     virtual void bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) = 0;
 
-    // Gets a proof for an application that supports startup notification. Calls `then`, now or
-    // later, with the desktop's proof; never after the backend's destruction.
+    // Requests a launch token for an application that supports startup notification. Calls `then`
+    // with the token, immediately or later, but not after the backend's destruction.
     virtual void requestToken(const LaunchedApplication& /*application*/,
                               std::function<void(const LaunchToken&)> then) {
         then({});

@@ -1,7 +1,8 @@
 // Finds the process that serves the Wayland display of this session.
 //
-// Thread:  any; does not block: it connects and disconnects.
-// Errors:  nullopt if the display cannot be reached, or if the system does not report the process.
+// Thread:  any; does not block. Connects to the display and disconnects.
+// Errors:  returns nullopt if the display cannot be reached, or if the system does not report its
+//          process.
 #pragma once
 
 #include <sys/types.h>
@@ -10,7 +11,7 @@
 
 namespace glidemap {
 
-// The server of WAYLAND_DISPLAY in XDG_RUNTIME_DIR.
+// Returns the process that serves WAYLAND_DISPLAY in XDG_RUNTIME_DIR.
 std::optional<pid_t> compositorProcess();
 
 } // namespace glidemap

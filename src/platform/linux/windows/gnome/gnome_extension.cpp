@@ -21,10 +21,11 @@ namespace {
 constexpr const char* shellName = "org.gnome.Shell";
 constexpr const char* settingsName = "org.gnome.shell";
 constexpr const char* shellPath = "/org/gnome/Shell";
-constexpr int shellTimeout = 5000; // milliseconds; a stuck shell must not block a window for longer
+// milliseconds; the longest time for which an unresponsive shell may block the caller
+constexpr int shellTimeout = 5000;
 constexpr int firstVersionOfModules = 45;
 
-// The shell's constants for the state of an extension.
+// GNOME Shell's values for the state of an extension.
 constexpr int stateEnabled = 1;
 constexpr int stateError = 3;
 constexpr int stateOutOfDate = 4;
@@ -34,10 +35,10 @@ using Value = GlibOwner<GVariant>;
 struct Answer {
     Value values; // null on error
     std::string error;
-    bool shellIsStarting = false; // the shell owns its name before its objects exist
+    bool shellIsStarting = false; // the shell owns its bus name, but its objects do not exist yet
 };
 
-// Consumes the arguments.
+// Calls a method of the shell. Consumes a floating reference to the arguments.
 Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVariant* arguments,
            const char* type) {
     GError* failure = nullptr;
@@ -56,7 +57,7 @@ Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVa
 
 constexpr const char* extensions = "org.gnome.Shell.Extensions";
 
-// Returns nullopt and sets the error if the shell does not reply.
+// Returns nullopt and sets `error` if the shell does not reply.
 std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
     const Answer answer = ask(bus, "org.freedesktop.DBus.Properties", "Get",
                               g_variant_new("(ss)", "org.gnome.Shell", "ShellVersion"), "(v)");
@@ -78,7 +79,7 @@ std::filesystem::path installedFolder() {
     return userDataFolder() / "gnome-shell/extensions" / GnomeExtension::uuid;
 }
 
-// The settings of the shell; null if their schema is not installed.
+// The shell's settings; null if their schema is not installed.
 using Settings = GlibOwner<GSettings>;
 
 Settings shellSettings() {
@@ -116,7 +117,7 @@ bool setList(GSettings* settings, const char* key, const std::vector<std::string
     return g_settings_set_strv(settings, key, words.data()) != FALSE;
 }
 
-// As the shell itself does for an extension that it has loaded.
+// Changes the settings in the same way as the shell does when it enables a loaded extension.
 std::optional<std::string> enableAtNextLogin() {
     const Settings settings = shellSettings();
     if (settings == nullptr) {
@@ -144,7 +145,8 @@ bool isEnabledAtNextLogin() {
            !isListedIn(settings.get(), "disabled-extensions");
 }
 
-// The extension sends windows only to the program behind this link.
+// Creates the link to this program. The extension sends windows only to the program to which this
+// link points.
 void linkToThisProgram(const std::filesystem::path& link, std::error_code& error) {
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     if (!error) {
@@ -171,7 +173,8 @@ std::optional<std::string> copyForm(const std::filesystem::path& from) {
     return error ? std::optional(to.string() + ": " + error.message()) : std::nullopt;
 }
 
-// `words` is the shell's reply about a loaded extension; it is empty for an unknown one.
+// `words` is the shell's reply about an extension. It is empty if the shell has not loaded the
+// extension.
 GnomeExtension::Status statusFrom(GVariant* words) {
     double number = 0;
     if (!g_variant_lookup(words, "state", "d", &number)) {

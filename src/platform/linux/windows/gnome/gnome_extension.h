@@ -1,10 +1,11 @@
-// Installs our extension into GNOME Shell on the user's request, and reports its state.
+// Installs our extension into GNOME Shell when the user requests it, and reports its state.
 //
-// A shell loads its extensions on startup, so a new extension works from the next login.
+// The shell loads extensions on startup, so a newly installed extension works from the next login.
 //
-// Thread:  any, but one call at a time. Calls wait for the shell; if it hangs, for several seconds.
+// Thread:  any, but only one call at a time. Calls block until the shell replies, or for several
+//          seconds if it is stuck.
 // Owner:   the desktop helper.
-// Errors:  returned as messages to be shown to the user, mostly the system's own.
+// Errors:  returned as messages for the user, most of them from the system.
 #pragma once
 
 #include <filesystem>
@@ -16,10 +17,10 @@ namespace glidemap {
 class GnomeExtension {
 public:
     enum class State {
-        noShell,     // this is not GNOME, or the shell is still starting
-        missing,     // can be installed
+        noShell,     // the desktop is not GNOME, or the shell is still starting
+        missing,     // not installed
         atNextLogin, // installed, but the running shell has not loaded it
-        off,         // the shell has loaded it but it is disabled
+        off,         // loaded by the shell, but disabled
         on,
         failed, // the shell reports an error
     };
@@ -33,13 +34,13 @@ public:
 
     static constexpr const char* uuid = "glidemap@glidemap";
 
-    // The folder of the extension's two versions, up-to-44 and from-45.
+    // `forms` is the folder that contains the two versions of the extension, up-to-44 and from-45.
     explicit GnomeExtension(std::filesystem::path forms);
 
     Status status() const;
 
     // Copies the version for the running shell to the user's folder, and enables it. Returns
-    // nullopt on success.
+    // nullopt on success, or an error message.
     std::optional<std::string> install() const;
 
 private:

@@ -59,10 +59,10 @@ struct GnomeWindowBackend::State {
     WindowListener* listener = nullptr;
     ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
-    std::string shell; // the unique bus name of the shell
+    std::string shell; // the shell's unique bus name
     bool isBelieved = false;
     unsigned subscription = 0;
-    GVariant* latest = nullptr; // the latest report
+    GVariant* latest = nullptr; // the latest report of the extension
 
     ~State() { forgetLatest(); }
 
@@ -86,7 +86,7 @@ struct GnomeWindowBackend::State {
     }
 };
 
-// Subscribe before the query, so that no change in between is lost.
+// Subscribes before the query, so that no change in between is lost.
 void GnomeWindowBackend::State::appeared(const std::string& owner) {
     shell = owner;
     subscription = bus->subscribe(windowsOf(owner),
@@ -102,8 +102,9 @@ void GnomeWindowBackend::State::appeared(const std::string& owner) {
     check(owner);
 }
 
-// Any program can own the name while the shell does not. The shell owns the name shortly before it
-// serves the display, and loads its extensions after that.
+// Verifies the owner of the shell's name, because any program can own it while the shell does not.
+// Called again when the extension reports that it has started: the shell owns the name shortly
+// before it serves the display, and loads its extensions after that.
 void GnomeWindowBackend::State::check(const std::string& owner) {
     bus->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"},
               "GetConnectionUnixProcessID", g_variant_new("(s)", owner.c_str()),
@@ -141,7 +142,8 @@ void GnomeWindowBackend::State::ask(const std::string& owner) {
                   if (error == nullptr) {
                       receive(message);
                   } else {
-                      reportNone(); // the extension may still start, and reports then
+                      // the extension may start later, and will then report its windows
+                      reportNone();
                   }
               });
 }
@@ -157,7 +159,7 @@ void GnomeWindowBackend::State::receive(GVariant* message) {
                     active.empty() ? std::nullopt : std::optional(active.front()));
 }
 
-// In the extension's format. Null if no window matches.
+// Returns the selected windows in the extension's format, or null if no window matches.
 GVariant* GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     if (latest == nullptr) {
         return nullptr;
@@ -184,7 +186,8 @@ GVariant* GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) cons
     return windows;
 }
 
-// An extension of an earlier version, which runs until the next login, lacks the method.
+// Also calls `otherwise` if the method is missing: after an update, an older version of the
+// extension runs until the next login.
 void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<void()> otherwise) {
     bus->call(windowsOf(shell), "BringForward", g_variant_new("(@a(ssssu))", windows),
               [refused = std::move(otherwise)](GVariant* values, const GError* error) {
@@ -198,7 +201,7 @@ void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<vo
               });
 }
 
-// For programs on Wayland and on X11 alike.
+// The same token is used for X11 and Wayland programs.
 void GnomeWindowBackend::State::requestToken(const std::string& entry,
                                              std::function<void(const LaunchToken&)> then) {
     bus->call(windowsOf(shell), "TokenForLaunch", g_variant_new("(s)", entry.c_str()),

@@ -1,11 +1,11 @@
-// Gets the windows of GNOME Shell from our extension (packaging/gnome-shell); the shell has no
-// other interface for them. There are no windows without the extension, or while the screen is
-// locked, which disables it.
+// Gets the windows of GNOME Shell from our extension (packaging/gnome-shell), because the shell has
+// no other interface for them. It reports no windows without the extension, and while the screen is
+// locked, which disables the extension.
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.
 // Errors:  messages of an unexpected type are ignored. Only the shell of this session is accepted:
-//          the owner of its name must be the process that serves the Wayland display.
+//          the owner of its bus name must be the process that serves the Wayland display.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"

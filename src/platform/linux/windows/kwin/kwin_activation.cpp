@@ -12,7 +12,7 @@ namespace glidemap {
 
 namespace {
 
-// Loads, runs and unloads one script.
+// Loads, runs and unloads a single script.
 class Activation : public std::enable_shared_from_this<Activation> {
 public:
     Activation(DesktopBus& onBus, const std::string& kwin, const std::string& handle,
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    // Plasma 6 exports the script at the first path, Plasma 5 at the second.
+    // Plasma 6 exports the script at `path`. Plasma 5 exports it at `orElse`.
     void run(const std::string& path, const std::string& orElse) {
         bus.call({owner, path, "org.kde.kwin.Script"}, "run", nullptr,
                  [self = shared_from_this(), orElse](GVariant*, const GError* error) {

@@ -1,7 +1,7 @@
-// Activates a window of KWin, which only a script inside KWin can do.
+// Activates a window of KWin. Only a script that runs inside KWin can do this.
 //
 // Thread:  the desktop thread.
-// Owner:   the callbacks of its own calls keep it alive; no callback runs after the bus is
+// Owner:   the callbacks of its bus calls keep it alive. No callback runs after the bus is
 //          destroyed.
 // Errors:  calls `otherwise`.
 #pragma once

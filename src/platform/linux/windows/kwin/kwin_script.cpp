@@ -9,11 +9,11 @@ namespace glidemap {
 
 namespace {
 
-// Supports Plasma 5 and 6, which use the names client and window for the same objects.
+// Works with Plasma 5 and 6, whose scripting interfaces use different names for the same objects.
 //
-// While the focus moves, no window is active for a moment, and a closed window is still listed
-// while the next one is activated. A zero timer lets KWin finish before the report. An X11 program
-// may set the names of a window after it was added.
+// Reports are delayed by a timer of 0 ms, until KWin has finished its current work. While the focus
+// moves, no window is active for a moment, and a closed window is still listed when the next one is
+// activated. An X11 program may also set the names of a window after the window was added.
 constexpr const char* reportingScript = R"((function () {
     const isSix = workspace.windowActivated !== undefined;
 
@@ -99,7 +99,7 @@ constexpr const char* activatingScript = R"((function () {
 )";
 
 std::string constant(const char* name, const std::string& value) {
-    // JSON strings are valid in the script's language.
+    // A JSON string is also a valid string in the script's language.
     return std::string("const ") + name + " = " + nlohmann::json(value).dump() + ";\n";
 }
 

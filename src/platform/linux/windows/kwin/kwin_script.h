@@ -1,4 +1,4 @@
-// Creates the scripts for KWin and parses their reports: KWin exposes its windows only to scripts
+// Creates the scripts for KWin, and parses their reports. KWin exposes its windows only to scripts
 // that run inside it.
 //
 // Thread:  any.
@@ -14,21 +14,22 @@
 
 namespace glidemap {
 
-// The object path that the script calls.
+// The object path, interface and method that the script calls.
 constexpr const char* kwinReportPath = "/org/glidemap/Windows";
 constexpr const char* kwinReportInterface = "org.glidemap.KWinWindows";
 constexpr const char* kwinReportMethod = "Report";
 
-// The script sends the current state at once, and then every change, to this bus name.
+// Returns a script that sends the current state and then every change to this bus name.
 std::string kwinScriptReportingTo(const std::string& busName);
 
-// Activates the window with this handle, if it exists: restores it, on its workspace.
+// Returns a script that activates the window with this handle, if it exists. A minimised window is
+// restored, and the window stays on its workspace.
 std::string kwinScriptActivating(const std::string& handle);
 
 struct KWinReport {
     std::vector<WindowIdentity> windows;
     std::optional<WindowIdentity> active;
-    std::vector<std::string> handles = {}; // of the windows, in the same order
+    std::vector<std::string> handles = {}; // the windows' handles, in the same order
     std::string activeHandle = {};
 
     friend bool operator==(const KWinReport&, const KWinReport&) = default;

@@ -1,9 +1,9 @@
-// Writes a script to a file that no other user can read or replace, and gives it the name under
+// Writes a script to a file that other users cannot read or replace, and chooses the name under
 // which KWin loads it.
 //
 // Thread:  the desktop thread.
-// Owner:   the code that loads the script, until KWin has read the file, which KWin does when it
-//          runs the script.
+// Owner:   the code that loads the script. The file must exist until KWin has read it, which
+//          happens when KWin runs the script.
 // Errors:  `whole` is false if the file could not be written.
 #pragma once
 
@@ -26,7 +26,8 @@ public:
     std::string path;
 };
 
-// KWin keeps one script per name, for all programs.
+// Returns a unique name, because KWin keeps only one script with the same name, even if different
+// programs load them.
 std::string newKWinScriptName(const DesktopBus& bus);
 
 } // namespace glidemap

@@ -14,12 +14,12 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
     DesktopBus& bus;
     std::string owner;
     std::function<void()> refused;
-    unsigned starting = 0; // a subscription while KWin is starting
+    unsigned starting = 0; // a subscription that exists while KWin is starting
     bool asking = false;
     bool askAgain = false;
     std::optional<KWinScriptFile> file;
-    // Unique for each load: unloading is by name, so another process, or an earlier instance that
-    // is still exiting, would unload this script, too.
+    // Unique for each load. KWin unloads scripts by name, so with a fixed name another process, or
+    // an earlier instance that is still exiting, would also unload this script.
     const std::string scriptName;
 
     State(DesktopBus& onBus, std::string kwin, std::function<void()> onRefused)
@@ -28,7 +28,7 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
 
     BusObject scripting() const { return {owner, "/Scripting", "org.kde.kwin.Scripting"}; }
 
-    // Drops the reply if the loader has been destroyed.
+    // Returns a callback that discards the reply if the loader has been destroyed.
     template <typename Work>
     DesktopBus::Answer then(Work work) {
         return [weak = weak_from_this(), work](GVariant* values, const GError* error) {
@@ -99,7 +99,7 @@ void KWinScriptLoader::State::load() {
              }));
 }
 
-// Plasma 6 exports the script at the first path, Plasma 5 at the second.
+// Plasma 6 exports the script at `path`. Plasma 5 exports it at `orElse`.
 void KWinScriptLoader::State::run(const std::string& path, const std::string& orElse) {
     bus.call({owner, path, "org.kde.kwin.Script"}, "run", nullptr,
              then([orElse](State& here, GVariant*, const GError* error) {

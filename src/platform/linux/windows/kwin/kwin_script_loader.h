@@ -1,12 +1,12 @@
-// Loads the script into one running KWin, and unloads it again.
+// Loads the script into a running KWin, and unloads it.
 //
-// KWin owns its bus name before its scripting interface exists. While it starts it sends several
-// signals, the last one when scripting is available. The loader retries after each signal, so it
-// needs no timer.
+// KWin owns its bus name before its scripting interface exists. While KWin starts, it emits several
+// signals, the last one when scripting is available. The loader tries again after each signal, so
+// it needs no timer.
 //
 // Thread:  the desktop thread.
 // Owner:   the backend, while KWin is on the bus.
-// Errors:  calls `refused` if KWin rejects the script for good.
+// Errors:  calls `refused` if KWin permanently rejects the script.
 #pragma once
 
 #include "platform/linux/desktop/desktop_bus.h"
@@ -19,8 +19,8 @@ namespace glidemap {
 
 class KWinScriptLoader {
 public:
-    // `owner` is KWin's unique bus name, so that a later owner of the well-known name is not
-    // called.
+    // `owner` is KWin's unique bus name. With the well-known name, calls could reach a later owner
+    // of that name.
     KWinScriptLoader(DesktopBus& bus, std::string owner, std::function<void()> refused);
     KWinScriptLoader(const KWinScriptLoader&) = delete;
     KWinScriptLoader& operator=(const KWinScriptLoader&) = delete;

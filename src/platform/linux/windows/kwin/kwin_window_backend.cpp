@@ -37,10 +37,11 @@ struct KWinWindowBackend::State {
     WindowListener* listener = nullptr;
     ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
-    std::unique_ptr<KWinScriptLoader> loader; // while KWin is on the bus
+    std::unique_ptr<KWinScriptLoader> loader; // exists while KWin is on the bus
     unsigned object = 0;
     KWinReport latest;
-    std::map<std::string, std::uint64_t> lastUses; // of windows by handle; one counter for all
+    // when each window, identified by its handle, was last used; counted across all windows
+    std::map<std::string, std::uint64_t> lastUses;
     std::uint64_t uses = 0;
 
     ~State() {
@@ -100,7 +101,7 @@ void KWinWindowBackend::State::noteUse() {
     }
 }
 
-// The handle; empty if no window matches.
+// Returns the handle of the window used last among the selected ones; empty if no window matches.
 std::string KWinWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     std::string best;
     std::uint64_t lastUse = 0;

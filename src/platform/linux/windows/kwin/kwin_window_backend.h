@@ -3,8 +3,8 @@
 //
 // Thread:  constructed, started and destroyed on the desktop thread.
 // Owner:   the workspace.
-// Errors:  none; if KWin is absent or rejects the script, there are no windows. Only reports from
-//          the owner of KWin's name are accepted.
+// Errors:  none; if KWin is missing or rejects the script, there are no windows. Only reports from
+//          the owner of KWin's bus name are accepted.
 #pragma once
 
 #include "platform/linux/windows/window_backend.h"

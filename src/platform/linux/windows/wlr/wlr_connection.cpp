@@ -32,8 +32,8 @@ constexpr wl_callback_listener syncListener = {onSyncDone};
 } // namespace
 
 std::unique_ptr<WlrConnection> WlrConnection::open() {
-    // Requires the variable: without it the library tries wayland-0, which may belong to another
-    // session.
+    // Checks the variable first. Without it, the library would connect to wayland-0, which may
+    // belong to another session.
     const std::string name = fromEnvironment("WAYLAND_DISPLAY");
     if (name.empty()) {
         return nullptr;
@@ -77,11 +77,12 @@ bool WlrConnection::dispatchArrived() {
             return false;
         }
     }
-    // Dispatches pending events without waiting for more.
+    // Reads and dispatches the events that have arrived, and does not wait for more.
     if (wl_display_read_events(_display) < 0 || wl_display_dispatch_pending(_display) < 0) {
         return false;
     }
-    // If the socket is full, the rest is sent after the next events: no request is urgent.
+    // If the socket is full, the remaining requests are sent after the next events. This is
+    // sufficient, because no request is urgent.
     return wl_display_flush(_display) >= 0 || errno == EAGAIN;
 }
 

@@ -1,8 +1,8 @@
-// Connects to a Wayland compositor, with a time limit for every wait.
+// A connection to a Wayland compositor that limits every wait.
 //
 // Thread:  the desktop thread.
-// Owner:   the backend; it destroys all objects of the connection first.
-// Errors:  after a lost connection or a protocol error all calls return false.
+// Owner:   the backend. It must destroy all objects of the connection before the connection.
+// Errors:  after the connection is lost or a protocol error occurs, all calls return false.
 #pragma once
 
 #include <chrono>
@@ -14,7 +14,7 @@ namespace glidemap {
 
 class WlrConnection {
 public:
-    // Returns null if the environment names no compositor, or none listens there.
+    // Returns null if the environment names no compositor, or no compositor listens on its socket.
     static std::unique_ptr<WlrConnection> open();
 
     explicit WlrConnection(WaylandDisplay* opened) : _display(opened) {}
@@ -26,10 +26,10 @@ public:
     // Returns false on time-out.
     bool roundTrip(std::chrono::milliseconds patience);
 
-    // Dispatches the events that have arrived, and sends the resulting requests.
+    // Dispatches the events that have arrived, and sends pending requests.
     bool dispatchArrived();
 
-    // Becomes readable when events arrive.
+    // Returns a descriptor that becomes readable when events arrive.
     int descriptor() const;
 
     WaylandDisplay* display() const { return _display; }

@@ -32,18 +32,18 @@ struct WlrToplevels::State {
         bool activated = false;
     };
 
-    // The user data of the handle's events points to it, so its address must not change.
+    // A window must not move in memory, because the event listeners of its handle point to it.
     struct Window {
         State* owner;
         zwlr_foreign_toplevel_handle_v1* handle;
         Properties coming;
         std::optional<Properties> current; // nullopt before the first "done"
-        std::uint64_t activation = 0;      // one counter for all windows
+        std::uint64_t activation = 0;      // counted across all windows
     };
 
     wl_registry* registry;
     zwlr_foreign_toplevel_manager_v1* manager = nullptr;
-    wl_seat* seat = nullptr; // the first one
+    wl_seat* seat = nullptr; // the first seat of the compositor
     std::list<Window> windows;
     std::uint64_t activations = 0;
 

@@ -1,8 +1,9 @@
-// Lists the windows of a wlroots compositor through zwlr_foreign_toplevel_management.
+// Lists the windows of a wlroots compositor with the protocol zwlr_foreign_toplevel_management.
 //
-// The protocol does not report processes, nor an app id for the windows of X11 programs.
+// The protocol does not report processes. For windows of X11 programs, it does not report an app id
+// either.
 //
-// Thread:  the desktop thread; the list changes while the connection dispatches.
+// Thread:  the desktop thread; the list changes while the connection dispatches events.
 // Owner:   the backend, which destroys it before its connection.
 // Errors:  none; if the compositor ends the protocol, the list is empty.
 #pragma once
@@ -24,17 +25,18 @@ public:
     WlrToplevels& operator=(const WlrToplevels&) = delete;
     ~WlrToplevels();
 
-    // Whether the compositor supports the protocol; known after one round trip.
+    // Whether the compositor supports the protocol. Valid after one round trip.
     bool isOffered() const;
 
-    // In the order of their creation events.
+    // Returns the windows in the order of their creation.
     std::vector<WindowIdentity> windows() const;
 
-    // With several seats several windows may be active; returns the latest one.
+    // Returns the window that was activated last, because with several seats, several windows may
+    // be active.
     std::optional<WindowIdentity> active() const;
 
-    // Requests the focus for the chosen window that was active last. Returns false if no window or
-    // no seat is available.
+    // Requests the focus for the most recently active window among the selected ones. Returns false
+    // if there is no such window or no seat.
     bool bringForward(const WindowChoice& isChosen);
 
 private:

@@ -30,7 +30,7 @@ bool WlrWindowBackend::State::connect() {
         return false;
     }
     toplevels = std::make_unique<WlrToplevels>(connection->display());
-    // The first round trip receives the globals, the second one the windows.
+    // The first round trip receives the globals; the second receives the windows.
     return connection->roundTrip(patience) && toplevels->isOffered() &&
            connection->roundTrip(patience);
 }
@@ -77,7 +77,7 @@ bool WlrWindowBackend::start(WindowListener& listener) {
 
 void WlrWindowBackend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
     if (state->toplevels != nullptr && state->toplevels->bringForward(isChosen)) {
-        state->receiveEvents(); // also sends the request
+        state->receiveEvents(); // dispatching also sends the request
     } else {
         otherwise();
     }

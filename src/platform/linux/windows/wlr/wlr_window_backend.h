@@ -1,14 +1,14 @@
-// Gets the windows of sway and other compositors with the wlroots protocol, such as Hyprland (see
+// Gets the windows of sway, Hyprland and other compositors with the wlroots protocol (see
 // WlrToplevels).
 //
-// Events that arrive together are reported together. So a focus change, which deactivates one
-// window and activates another, is one change of the active window.
+// Events that arrive together are reported together. So a focus change, for which the compositor
+// sends a deactivation and an activation, is reported as a single change.
 //
 // Thread:  constructed, started and destroyed on the desktop thread. start() may block on a
-//          compositor that replies slowly; no other call does.
+//          compositor that replies slowly; no other function does.
 // Owner:   the workspace.
-// Errors:  none; if the compositor exits, there are no windows. A later compositor belongs to
-//          another session.
+// Errors:  none; if the compositor exits, there are no windows. A compositor that starts later
+//          belongs to another session.
 #pragma once
 
 #include "platform/linux/desktop/desktop_thread.h"
@@ -21,7 +21,7 @@ namespace glidemap {
 
 class WlrWindowBackend final : public WindowBackend {
 public:
-    // Far longer than a working compositor takes, even on a machine that is starting.
+    // Much longer than a working compositor takes to reply, even while the machine starts.
     static constexpr std::chrono::milliseconds usualPatience{5000};
 
     explicit WlrWindowBackend(DesktopThread& thread,

@@ -20,24 +20,24 @@ namespace {
 
 constexpr std::uint32_t maxWindows = 4096;
 
-// The source indication of a pager: window managers may refuse requests from applications, or with
-// a timestamp older than the user's last input.
+// The source indication of a pager. Window managers may refuse requests from normal applications,
+// and requests with a timestamp older than the user's last input.
 constexpr std::uint32_t byTheUser = 2;
 
-// After this many events the thread runs its other tasks.
-constexpr int maxTurn = 500; // events and replies
+// The maximum number of events and replies that are handled before the thread runs its other tasks.
+constexpr int maxTurn = 500;
 
-// A query that repeats after a change, with at most one in flight: continuous changes cannot flood
-// the server.
+// A query that is sent again after a change. Only one is in flight at a time, so that continuous
+// changes do not flood the server.
 class Inquiry {
 public:
-    // Returns true if the caller must send the query now.
+    // Called on a change. Returns true if the caller must send the query now.
     bool begin() {
         again = underWay;
         return !std::exchange(underWay, true);
     }
 
-    // Returns true if the caller must send the query again.
+    // Called when the reply has arrived. Returns true if the caller must send the query again.
     bool end() {
         underWay = false;
         return std::exchange(again, false);
@@ -63,7 +63,7 @@ public:
 
     void begin();
 
-    // Returns false if no window matches.
+    // Returns false if no window is selected.
     bool bringForward(const WindowChoice& isChosen);
     void requestToken(const LaunchedApplication& application,
                       std::function<void(const LaunchToken&)> then);
@@ -72,7 +72,7 @@ private:
     struct Client {
         std::optional<X11Window> window; // nullopt until its properties have been read
         Inquiry inquiry;
-        std::uint64_t lastUse = 0; // from a counter for all windows; 0 if never active
+        std::uint64_t lastUse = 0; // counted across all windows; 0 if it was never active
     };
 
     void makeClock();
@@ -110,7 +110,8 @@ private:
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
     xcb_atom_t shownWorkspaceAtom;
-    xcb_window_t clock = XCB_WINDOW_NONE;      // changing it makes the server report its time
+    // changing one of its properties makes the server report the current time
+    xcb_window_t clock = XCB_WINDOW_NONE;
     xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
@@ -122,7 +123,7 @@ private:
     xcb_window_t active = XCB_WINDOW_NONE;
     bool hasList = false;
     std::vector<xcb_window_t> listed;
-    std::map<xcb_window_t, Client> clients; // the listed windows and the active one
+    std::map<xcb_window_t, Client> clients; // the listed windows, and the active one
     std::optional<WindowIdentity> reportedActive;
     std::vector<WindowIdentity> reportedWindows;
     DesktopThread::Watch watch;
@@ -147,12 +148,12 @@ X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
 
 void X11Backend::Session::begin() {
     makeClock();
-    requests.followProperties(root); // before the queries, so that no change is lost
+    requests.followProperties(root); // before the queries, so that no change in between is lost
     askForActive();
     askForList();
     requests.flush();
     watch = thread.watch(xcb_get_file_descriptor(requests.raw()), [this] { serve(); });
-    serve(); // handles replies that earlier requests have already read
+    serve(); // handles replies that xcb has already read during earlier requests
 }
 
 void X11Backend::Session::serve() {
@@ -164,7 +165,8 @@ void X11Backend::Session::serve() {
         return;
     }
     report();
-    // The socket does not become readable for events that xcb has already queued.
+    // Continues in a new task, because the socket does not become readable for events that xcb has
+    // already queued.
     if (turns == maxTurn) {
         thread.submit([self = weak_from_this()] {
             if (const auto alive = self.lock())
@@ -188,7 +190,7 @@ bool X11Backend::Session::serveOnce() {
 void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sent = 0x80;
     if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
-        return; // also ignores errors: a window may close before its request is handled
+        return; // errors are ignored, because a window may close before its request is handled
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
     if (change.window != clock)
         propertyChanged(change.window, change.atom);
@@ -236,8 +238,8 @@ void X11Backend::Session::takeTime(xcb_timestamp_t time) {
         take(time);
 }
 
-// The identifier ends with the time of the user's input. The message is sent when the program runs,
-// so that the window manager does not wait for a program that cannot start.
+// The startup id ends with the time of the user's input. The message is sent when the program runs.
+// Otherwise the window manager would wait for a program that may fail to start.
 void X11Backend::Session::requestToken(const LaunchedApplication& application,
                                        std::function<void(const LaunchToken&)> then) {
     if (requests.isLost()) {
@@ -283,8 +285,8 @@ void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
     requests.flush();
 }
 
-// Switches to the window's workspace first, as task bars do, because not every window manager
-// switches on activation.
+// Switches to the window's workspace first, as task bars do, because not every window manager does
+// so on activation.
 void X11Backend::Session::activate(xcb_timestamp_t time) {
     const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
     requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
@@ -362,8 +364,8 @@ void X11Backend::Session::takeList(const X11Property& property) {
     forgetClosedWindows();
 }
 
-// Follows known windows again, too: the id may belong to a new window if one program has exited and
-// another has started in between.
+// Also subscribes to known windows again, because the id may belong to a new window, if one program
+// has exited and another has started.
 void X11Backend::Session::follow(xcb_window_t window) {
     clients.try_emplace(window);
     requests.followProperties(window);
@@ -395,7 +397,7 @@ void X11Backend::Session::report() {
     reportWindows();
 }
 
-// Some window managers keep a closed window as the active one.
+// Some window managers report a closed window as active.
 bool X11Backend::Session::activeIsOpen() const {
     return !hasList || std::find(listed.begin(), listed.end(), active) != listed.end();
 }

@@ -1,12 +1,12 @@
-// Gets the windows of an X server from the root window's EWMH properties.
+// Gets the windows of an X server from the EWMH properties of the root window.
 //
-// After a property changes, only that property is queried. The window manager may start, exit or be
+// When a property changes, only that property is queried. The window manager may start, exit or be
 // replaced at any time.
 //
-// Thread:  the desktop thread. start() connects and blocks on the server; no later call blocks.
+// Thread:  the desktop thread. start() connects to the server and blocks; later calls do not.
 // Owner:   the workspace.
-// Errors:  none; a window that has closed meanwhile is skipped. When the server exits, all windows
-//          are gone.
+// Errors:  none; a window that has closed in the meantime is skipped. When the server exits, there
+//          are no windows.
 #pragma once
 
 #include "platform/linux/desktop/desktop_thread.h"
@@ -19,7 +19,7 @@ namespace glidemap {
 
 class X11Backend : public WindowBackend {
 public:
-    // `display` is in the format of DISPLAY; if it is empty, DISPLAY is used.
+    // `display` has the format of DISPLAY. If it is empty, the value of DISPLAY is used.
     explicit X11Backend(DesktopThread& desktop, std::string display = "");
     ~X11Backend() override;
 

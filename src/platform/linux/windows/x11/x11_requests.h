@@ -1,9 +1,9 @@
-// Sends requests to an X server and processes the replies as they arrive, without blocking on a
-// server that is busy or grabbed.
+// Sends requests to an X server and processes replies when they arrive. It never blocks, even if
+// the server is busy or grabbed.
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.
-// Errors:  an error reply is passed on as an empty result. After the connection is lost, isLost()
+// Errors:  an error reply is delivered as an empty result. After the connection is lost, isLost()
 //          returns true and no more replies arrive.
 #pragma once
 
@@ -20,26 +20,26 @@
 
 namespace glidemap {
 
-// The value of a property, truncated to the requested size.
+// The value of a property. It may have been truncated to the requested size.
 struct X11Property {
     bool windowIsGone = false;
-    bool hasItems = false;            // a 32-bit property, even if it is empty
-    std::string text;                 // of 8-bit properties
-    std::vector<std::uint32_t> items; // of 32-bit properties
+    bool hasItems = false;            // the property has 32-bit items, possibly none
+    std::string text;                 // the value of an 8-bit property
+    std::vector<std::uint32_t> items; // the value of a 32-bit property
 };
 
 class X11Requests {
 public:
     using PropertyTaker = std::function<void(const X11Property&)>;
-    using ProcessTaker = std::function<void(std::uint32_t)>; // 0 if the server does not know
+    using ProcessTaker = std::function<void(std::uint32_t)>; // gets 0 if the process is unknown
 
     explicit X11Requests(OwnedX11Connection established);
 
-    // Transfers at most that many items of four bytes.
+    // Requests at most `items` items of four bytes.
     void property(xcb_window_t window, xcb_atom_t name, std::uint32_t items, PropertyTaker taker);
 
-    // The process at the other end of the window's connection, as the server knows it. Unlike
-    // _NET_WM_PID, this is correct for a sandbox with its own process ids.
+    // Requests the process id of the client that created the window, as known by the server. Unlike
+    // _NET_WM_PID, it is correct for a sandbox with its own process ids.
     void processOf(xcb_window_t window, ProcessTaker taker);
 
     // Subscribes to changes of the window's properties.

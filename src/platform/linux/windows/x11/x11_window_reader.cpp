@@ -14,7 +14,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::uint32_t maxText = 256; // items of four bytes: 1 KiB
+constexpr std::uint32_t maxText = 256; // in items of four bytes: 1 KiB
 constexpr std::uint32_t maxAtoms = 64;
 
 std::string ownHostName() {
@@ -26,14 +26,14 @@ std::string upToNull(const std::string& text) {
     return text.substr(0, text.find('\0'));
 }
 
-// The format is "instance\0class\0"; either part and the nulls may be missing.
+// Parses "instance\0class\0". Either part and the null characters may be missing.
 void takeWindowClass(const std::string& text, WindowIdentity& identity) {
     identity.instance = upToNull(text);
     if (identity.instance.size() < text.size())
         identity.appID = upToNull(text.substr(identity.instance.size() + 1));
 }
 
-// Compares host names without their domains: "host.example.org" and "host" match.
+// Compares host names without domains: "host.example.org" equals "host".
 bool sameMachine(const std::string& one, const std::string& other) {
     return !one.empty() && one.substr(0, one.find('.')) == other.substr(0, other.find('.'));
 }
@@ -82,7 +82,7 @@ bool X11WindowReader::isApplicationWindow(const std::vector<xcb_atom_t>& types,
     return ordinary && !contains(states, atoms.skipTaskbar);
 }
 
-// Replies arrive in the order of the requests, so the last reply completes the reading.
+// Replies arrive in the order of the requests, so the callback is called in the last reply.
 void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Window&)> taker) {
     const auto reading = std::make_shared<Reading>();
     reading->taker = std::move(taker);

@@ -1,8 +1,8 @@
-// Reads a window's properties from the X server.
+// Reads the properties of a window from the X server.
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.
-// Errors:  none. Programs may write arbitrary properties: invalid ones are ignored, long ones are
+// Errors:  none. Programs may set arbitrary properties: invalid ones are ignored, and long ones are
 //          truncated.
 #pragma once
 
