@@ -11,7 +11,7 @@ namespace glidemap {
 namespace {
 
 constexpr QSize iconSize(56, 56);
-// prevents narrow columns of text, and gives all alerts a similar shape
+// Prevents narrow columns of text, and gives all alerts a similar shape.
 constexpr int minTextWidth = 340;
 
 QString toQt(const std::string& text) {
@@ -51,7 +51,7 @@ Alert::Alert(Texts texts, Lang& lang, QWidget* parent)
     setWindowTitle("Glidemap");
     // A native system alert would keep the language and texts that it had when it opened.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // The style's icon, because some systems set no window icon.
+    // Uses the style's icon, because some systems set no window icon.
     setIconPixmap(style()
                       ->standardIcon(QStyle::SP_MessageBoxInformation)
                       .pixmap(iconSize, devicePixelRatio()));

@@ -43,7 +43,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     ports.shell->becomeAccessory();
     setupMainMenu();
     setupStatusItem();
-    // the result is not needed: each service reports missing access itself
+    // The result is not needed, because each service itself reports missing access.
     ports.trust->isTrustedWithPrompt();
     dispatcher();
     updateChecker->start();
@@ -59,7 +59,7 @@ void AppDelegate::applicationWillTerminate() {
     if (runtime != nullptr) {
         runtime->stop();
     }
-    // last, because saving may wait for another process, and the touchpads must be released first
+    // Saving may wait for another process, so the touchpads are released first.
     store->saveIfLastSaveFailed();
 }
 

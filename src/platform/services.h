@@ -92,7 +92,8 @@ struct Services {
     // Returns the folder for the bindings. The folder may not exist yet.
     std::function<std::filesystem::path()> dataFolder;
 
-    // Applies the activation data of another process that requests this process to show its window.
+    // Applies the activation data of another process, which sent it with a request to show the
+    // window.
     std::function<void(const SingleInstance::Request&)> useActivationToken;
 
     // The icon's name in the installed icon theme, for status bars that draw the icon themselves.

@@ -364,7 +364,7 @@ private:
         case 2:
             return system.setGrabbedByOthers((choice & 4) != 0);
         default:
-            // frames sent before this time are still pending
+            // Frames sent before this time are still pending.
             return system.setTime(clock + choice / 1000.0);
         }
     }
@@ -539,7 +539,7 @@ private:
     void stall() {
         const auto system = stream()->system();
         while (system->isGrabbed()) {
-            // repeated, because the watchdog may not be waiting yet
+            // Repeated, because the watchdog may not be waiting yet.
             time.advance(ForwardingWatchdog::patience);
             std::this_thread::yield();
         }

@@ -38,7 +38,7 @@ struct ThreadedDelayedWork::State {
     std::condition_variable changed;
     std::vector<Waiting> heap;
     std::uint64_t nextNumber = 0;
-    // stop() increments it; a thread runs only items of its own generation
+    // stop() increments it. A thread runs only items of its own generation.
     std::uint64_t generation = 0;
     std::thread thread;
 
@@ -109,8 +109,8 @@ void ThreadedDelayedWork::schedule(std::shared_ptr<WorkItem> item, double delay)
 void ThreadedDelayedWork::stop() {
     std::thread thread;
     {
-        // destroyed after the lock is released, because destructors of captured objects may call
-        // back
+        // Declared before the lock, so that the items are destroyed after unlocking: destructors of
+        // captured objects may call back.
         std::vector<Waiting> dropped;
         const std::lock_guard lock(state->mutex);
         ++state->generation;

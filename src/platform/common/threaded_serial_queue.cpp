@@ -59,7 +59,7 @@ struct ThreadedSerialQueue::State {
     std::condition_variable room;
     TaskRing tasks;
     bool isWaiting = false; // the thread waits for tasks
-    // stop() increments it; a thread runs only tasks of its own generation
+    // stop() increments it. A thread runs only tasks of its own generation.
     std::uint64_t generation = 0;
     // The generation whose task is running. If a task stops its own queue, the queue may be used
     // again before the task returns. The new thread then waits until that task is done.
@@ -160,8 +160,8 @@ void ThreadedSerialQueue::defer(Task task) {
 void ThreadedSerialQueue::stop() {
     std::thread thread;
     {
-        // destroyed after the lock is released, because destructors of captured objects may call
-        // back
+        // Declared before the lock, so that the tasks are destroyed after unlocking: destructors of
+        // captured objects may call back.
         TaskRing dropped;
         const std::lock_guard lock(state->mutex);
         ++state->generation;

@@ -1,6 +1,6 @@
-// Ends the program when the session ends, or when Qt receives another request to quit. It does not
-// ask the user for confirmation. It requests the session manager not to restart the program in the
-// next session, because the user decides in the settings whether the program starts at login.
+// Ends the program when the session ends, or when Qt receives another request to quit. The user is
+// not asked for confirmation. The session manager gets the hint never to restart the program,
+// because a setting of the user determines whether the program starts at login.
 //
 // Thread:  the main thread, while the application object exists.
 // Owner:   the program.

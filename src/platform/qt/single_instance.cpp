@@ -180,7 +180,7 @@ SingleInstance::Claim SingleInstance::claim(const Request& request,
     if (!folder || !openLock()) {
         return Claim::impossible;
     }
-    // clean-up jobs do not delete files with the sticky bit
+    // Clean-up jobs do not delete files with the sticky bit.
     fchmod(lock.descriptor(), S_ISVTX | S_IRUSR | S_IWUSR);
     const auto deadline = Clock::now() + patience;
     do {

@@ -5,7 +5,7 @@
 // never followed. Both processes check the peer's user id before they send anything.
 //
 //   first:   locks a file while it runs, and listens on a socket next to it
-//   second:  finds the file locked, requests the first over the socket to show itself, and exits
+//   second:  finds the file locked, sends the first a request to show its window, and exits
 //
 // The kernel releases the lock when the process ends for any reason, so a killed instance does not
 // block later ones. The next instance removes its files.

@@ -31,7 +31,7 @@ public:
     bool run() {
         const bool anyWaits = next < tasks.size();
         while (next < tasks.size()) {
-            // Moved out of the vector, because a task may submit others, and the vector may
+            // The task is moved out of the vector, because it may submit others, and the vector may
             // reallocate.
             Task task = std::move(tasks[next]);
             ++next;

@@ -7,7 +7,7 @@
 
 namespace glidemap {
 
-// Idempotent.
+// Installs the accessibility factory for pickers. Idempotent.
 void exposePickersWithTheirText();
 
 } // namespace glidemap

@@ -94,7 +94,7 @@ Sheet::Sheet(QWidget* anchorWidget, QWidget* content, QSize size)
     scroller->viewport()->setAutoFillBackground(false);
     content->setAutoFillBackground(false);
     adoptDefaultButton(*content);
-    // while the sheet blocks the window, the window's own actions get no key events
+    // While the sheet blocks the window, the window's own actions get no key events.
     addActions(owner()->actions());
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);

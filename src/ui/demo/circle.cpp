@@ -10,7 +10,7 @@ namespace glidemap::demo {
 namespace {
 
 constexpr double radius = 0.3;
-// horizontal factor: makes the circle look round on a pad that is wider than tall
+// A horizontal factor that makes the circle look round on a pad that is wider than tall.
 constexpr double squeeze = 0.72;
 constexpr double top = -std::numbers::pi / 2;
 

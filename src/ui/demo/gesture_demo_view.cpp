@@ -59,7 +59,7 @@ void GestureDemoView::paintEvent(QPaintEvent* /*event*/) {
         untilNextFrame.stop();
     } else {
         untilNextFrame.start(
-            // starts before drawing, so that the drawing time is part of the interval
+            // The timer starts before drawing, so that the drawing time is part of the interval.
             untilNextFrameOf(*this));
     }
     QPainter painter(this);

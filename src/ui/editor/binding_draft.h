@@ -54,7 +54,7 @@ struct BindingDraft {
 
     bool isValid() const { return missing() == Missing::nothing; }
 
-    // Returns the first missing field, in the order of the form.
+    // The first missing field in the order of the form; `nothing` if the draft is complete.
     enum class Missing { nothing, shortcut, launchTarget, scopeApp };
     Missing missing() const;
 

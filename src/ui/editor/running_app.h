@@ -8,7 +8,7 @@
 
 namespace glidemap {
 
-// Equal only if both identifier and name are equal.
+// Two applications are equal only if both identifier and name are equal.
 struct RunningApp {
     std::string bundleID;
     std::string name;

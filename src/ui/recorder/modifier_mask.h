@@ -9,8 +9,8 @@
 
 namespace glidemap {
 
-// Only for platforms on which Qt's modifiers are named after the actual keys. On macOS, Qt reports
-// Command as Control.
+// Valid only on platforms on which Qt's modifiers are named after the actual keys. On macOS, Qt
+// reports Command as Control.
 std::uint64_t modifierMask(Qt::KeyboardModifiers modifiers);
 
 } // namespace glidemap

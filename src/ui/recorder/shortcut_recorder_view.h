@@ -87,7 +87,7 @@ private:
     std::optional<KeyShortcut> recorded;
     std::uint64_t held = 0; // the held modifiers, while recording
     bool recording = false;
-    // the last pressed key has no virtual key code, so it cannot be stored
+    // Whether the last pressed key has no virtual key code, so that it cannot be stored.
     bool refusedKey = false;
     bool mayHaveCaptured = false; // start() was called since the last releaseKeys()
     Subscription toLanguage;

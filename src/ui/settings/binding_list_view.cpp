@@ -78,7 +78,7 @@ BindingListView::BindingListView(const Lang& lang, QWidget* parent)
     area->installEventFilter(this);
     area->viewport()->installEventFilter(this);
     auto* layout = new QVBoxLayout(this);
-    // rows reach the card's left and right edge
+    // The rows reach the card's left and right edge.
     layout->setContentsMargins(inset, line, inset, line);
     layout->addWidget(area);
     connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {

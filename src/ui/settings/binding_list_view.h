@@ -81,7 +81,7 @@ private:
 
     const Lang& lang;
     std::shared_ptr<const BindingList> bindings; // null until the first call of setBindings()
-    // for each binding: whether another binding always runs instead of it
+    // For each binding: whether another binding always runs instead of it.
     std::vector<bool> shadowed;
     class Ground;
 

@@ -33,7 +33,7 @@ constexpr int ringRoom = 4; // the margin for a control's focus ring
 constexpr int lineSpacing = 2;
 constexpr int symbolColumn = 22;
 constexpr int arrowSize = 11;
-// at the default width of the window; a wider window allows more
+// At the default width of the window; a wider window allows more.
 constexpr int maxBadgeWidth = 200;
 constexpr double maxBadgesShare = 0.28; // the maximum share of the row's width
 constexpr double cornerRadius = 7;
@@ -96,7 +96,7 @@ BindingRow::BindingRow(GestureBinding shown, Callbacks callbacks, const Lang& la
     makeButtons(*layout);
     for (QAbstractButton* control : controls()) {
         control->installEventFilter(this);
-        // the arrow keys reach the controls; Tab leaves the list
+        // The arrow keys reach the controls, and Tab leaves the list.
         control->setFocusPolicy(Qt::ClickFocus);
     }
     showEmphasis();
@@ -178,7 +178,7 @@ void BindingRow::retitle() {
     scopeBadge->setText(toQt(displayString(shown.scope, lang)));
     const bool isGlobal = std::holds_alternative<GlobalScope>(shown.scope);
     scopeBadge->setColor(isGlobal ? Role::blue : Role::purple);
-    // dimmed but not disabled: the controls stay usable
+    // The row is dimmed but not disabled, so that the controls stay usable.
     setDimmed(content, !shown.enabled || isMuted);
     updateAccessibleNames();
     if (showsPreview()) {

@@ -13,8 +13,8 @@ namespace glidemap {
 
 namespace {
 
-// Larger than any desktop. Larger stored values are rejected, because sums of positions and sizes
-// could overflow.
+// Larger than any desktop. Stored values beyond it are rejected, because sums of positions and
+// sizes could overflow.
 constexpr int maxCoordinate = 1'000'000;
 
 bool isFar(int coordinate) {

@@ -174,7 +174,7 @@ void GlidemapStyle::drawComplexControl(ComplexControl control, const QStyleOptio
             return;
         }
         QStyleOptionToolButton label = as<QStyleOptionToolButton>(option);
-        // prevents Fusion from shifting the label of a pressed button
+        // Prevents Fusion from shifting the label of a pressed button.
         label.state.setFlag(State_Sunken, false);
         drawControl(CE_ToolButtonLabel, &label, painter, widget);
         return;

@@ -40,7 +40,7 @@ QPixmap drawn(std::string_view symbol, int size, double strength) {
     }
     painter.setOpacity(1);
     painter.drawPixmap(edge, edge, shape);
-    // fades the finished icon, so that the lower layer does not show through the upper one
+    // Fades the finished icon, so that the lower layer does not show through the upper one.
     if (strength < 1) {
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
         painter.fillRect(pixmap.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
@@ -86,7 +86,7 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
         const int side = std::min(size.width(), size.height());
-        // two pixels have room for the edge only
+        // Two pixels have room for the edge only.
         return side > 2 ? draw(symbol, side, strength) : QPixmap();
     }
 

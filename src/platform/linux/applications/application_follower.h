@@ -75,7 +75,7 @@ private:
     DesktopThread::Watch lasting; // measures the time without an active window
     DesktopEntries entries;
     ApplicationMatcher matcher;
-    // cache; also contains windows that were closed recently
+    // A cache. It also contains windows that were closed recently.
     std::map<Key, const Application*> matched;
     std::optional<WindowIdentity> active;
     std::vector<WindowIdentity> open;

@@ -134,7 +134,7 @@ bool acceptsLaunchToken(GDesktopAppInfo* entry) {
 }
 
 void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token) {
-    // false if the user has deleted the entry
+    // A hidden entry counts as deleted by the user.
     if (g_desktop_app_info_get_is_hidden(entry) == FALSE) {
         begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", token);
     }

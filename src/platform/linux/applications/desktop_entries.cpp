@@ -63,8 +63,8 @@ std::vector<DesktopEntry> readAll() {
 struct DesktopEntries::State {
     DesktopThread& thread;
     std::function<void()> changed;
-    // Created before the entries are read, because it reports only changes that happen after a
-    // reading.
+    // The monitor is created before the entries are read, because it reports only changes that
+    // happen after a reading.
     GAppInfoMonitor* monitor = g_app_info_monitor_get();
     gulong subscription = 0;
     DesktopThread::Watch settling;

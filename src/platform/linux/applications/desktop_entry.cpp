@@ -8,7 +8,7 @@ void readExec(DesktopEntry& entry, std::string_view line) {
     const auto words = wordsOfExec(line);
     entry.flatpak = flatpakOf(words);
     entry.steamGame = steamGameOf(words);
-    // for a game, the program would be Steam, and every game would match it
+    // The program of a game's entry is Steam, so without this check every game would match Steam.
     if (entry.steamGame.empty())
         entry.program = programOf(words);
 }

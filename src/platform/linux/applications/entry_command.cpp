@@ -57,8 +57,8 @@ struct Terminal {
     const char* option; // the option before the command; null if none is needed
 };
 
-// In order of preference: xdg-terminal-exec runs the terminal that the user has chosen, then come
-// the terminals of desktops, then others.
+// Ordered by preference. xdg-terminal-exec runs the terminal that the user has chosen. The
+// terminals of desktops follow, then others.
 constexpr std::array<Terminal, 18> terminals = {{{"xdg-terminal-exec", nullptr},
                                                  {"kgx", "-e"},
                                                  {"gnome-terminal", "--"},

@@ -41,7 +41,7 @@ std::string targetOf(const std::string& link) {
     std::array<char, 4096> target{};
     const ssize_t size = readlink(link.c_str(), target.data(), target.size());
     std::string path(target.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-    // the suffix of a file that an update replaced while the program runs
+    // The kernel appends this if an update replaced the file while the program runs.
     constexpr std::string_view deleted = " (deleted)";
     if (path.ends_with(deleted))
         path.resize(path.size() - deleted.size());

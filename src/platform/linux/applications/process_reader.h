@@ -18,7 +18,8 @@ struct ProcessFacts {
     std::vector<std::string> arguments;
     // The path of the desktop entry that launched this process; empty if it launched an ancestor.
     std::string launchedFrom;
-    // the process has a controlling terminal, so it was started by a command in a terminal
+    // Whether the process has a controlling terminal, so that it was started by a command in a
+    // terminal.
     bool onTerminal = false;
 
     friend bool operator==(const ProcessFacts&, const ProcessFacts&) = default;

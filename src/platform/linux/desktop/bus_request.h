@@ -93,7 +93,7 @@ private:
     // Cancels the chain. Pending callbacks then only release their references.
     void cancel();
 
-    // its release, after all other work, ends the wait in the destructor of BusRequests
+    // Destroyed when the transaction ends. The destructor of BusRequests waits for this.
     std::shared_ptr<void> counted;
     const Milliseconds patienceOfAStep;
     std::unique_ptr<State> state;

@@ -57,7 +57,7 @@ void callSignalHandler(GDBusConnection* /*connection*/, const char* /*sender*/,
                        const char* /*path*/, const char* /*interface*/, const char* signal,
                        GVariant* values, gpointer handler) {
     const DesktopBus::SignalHandler send = *static_cast<DesktopBus::SignalHandler*>(handler);
-    // called through a copy, because the callback may remove its own subscription
+    // Calls a copy, because the callback may remove its own subscription.
     send(signal, values);
 }
 

@@ -64,7 +64,7 @@ void forgetSignalHandlers() {
     struct sigaction usual = {};
     usual.sa_handler = SIG_DFL;
     for (int signal = 1; signal < NSIG; ++signal) {
-        // fails for SIGKILL and SIGSTOP, which cannot have a handler
+        // This call fails for SIGKILL and SIGSTOP, which cannot have a handler.
         sigaction(signal, &usual, nullptr);
     }
 }

@@ -45,7 +45,7 @@ private:
     DesktopThread& desktop;
     std::unique_ptr<XKeyServer> server;
     DesktopThread::Watch watch;
-    // keys that are down on the XTEST keyboard because the user holds them
+    // The keys that are down on the XTEST keyboard because the user holds them.
     std::set<std::uint16_t> putBackKeys;
 };
 

@@ -30,12 +30,12 @@ namespace glidemap {
 class LinuxScreenLock : public ScreenLock {
 public:
     struct Patience {
-        // For a reply of a running service, which takes milliseconds even if the machine is busy
-        // locking.
+        // The time limit for the reply of a running service. It replies within milliseconds, even
+        // if the machine is busy locking.
         std::chrono::milliseconds answer{1000};
-        // From logind's reply until LockedHint is true, while the locker starts.
+        // The time limit from logind's reply until LockedHint is true, while the locker starts.
         std::chrono::milliseconds locked{1000};
-        // For the reply of a service that D-Bus must start first, and for a locker program.
+        // The time limit for a service that D-Bus must start first, and for a locker program.
         std::chrono::milliseconds start{5000};
     };
 

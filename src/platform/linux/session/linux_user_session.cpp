@@ -25,7 +25,7 @@ constexpr BusMethod getSession{Bus::system, logind, "/org/freedesktop/login1/ses
 
 constexpr const char* busDaemon = "org.freedesktop.DBus";
 
-// Long, because the machine is busy during login. Nothing waits for these replies.
+// A long time limit, because the machine is busy during login and nothing waits for these replies.
 constexpr std::chrono::seconds patience{60};
 
 constexpr BusRequest::Milliseconds asMilliseconds(std::chrono::seconds seconds) {
@@ -233,7 +233,8 @@ LinuxUserSession::LinuxUserSession(DesktopThread& desktop, std::shared_ptr<MainQ
                                weak = std::weak_ptr(life)](bool asleep) {
         queue->submit([held, weak, asleep] {
             if (const auto session = weak.lock()) {
-                // set in this task, so that even a short suspend is noticed
+                // Set in the main thread's task for this change. Otherwise a resume could overwrite
+                // the value before observers are notified of the suspend.
                 held->isAsleep = asleep;
                 (*session)->changes().announceDidChange();
             }

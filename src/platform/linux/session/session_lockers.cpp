@@ -72,7 +72,7 @@ SessionLockers::SessionLockers(std::vector<SessionProcess> running, std::string_
     if (std::ranges::count(splitAtColons(currentDesktop), "XFCE") > 0) {
         toTry.push_back({{"xflock4"}}); // runs the lock command from the user's settings
     }
-    // the outer loop determines the order of the commands
+    // The outer loop determines the order of the commands.
     for (const std::string_view daemon : daemons) {
         for (const SessionProcess& process : running) {
             if (process.name == daemon) {

@@ -50,7 +50,7 @@ void LinuxApplicationShell::activate(QWidget& window) {
 }
 
 void LinuxApplicationShell::terminate() {
-    // quit() would ask each window for permission, and a window may refuse
+    // QCoreApplication::quit() would ask each window for permission, and a window may refuse.
     QCoreApplication::exit(0);
 }
 

@@ -51,7 +51,7 @@ private:
 
     DesktopThread desktop; // outlives all services that live on its thread
     AccessPrompt accessPrompt;
-    // watches before the first attempt to type or read, so that no change is missed
+    // Starts watching before the first attempt to type or read, so that no change is missed.
     InputDeviceWatch devices;
     LinuxOverview overview;
     PortalAppearance portal;

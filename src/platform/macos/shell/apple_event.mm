@@ -25,7 +25,7 @@
 }
 
 - (void)handleEvent:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply {
-    // copied, because the callback may destroy this object
+    // Calls a copy, because the callback may destroy this object.
     const std::function<void()> call = *callback;
     call();
 }

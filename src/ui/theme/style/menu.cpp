@@ -14,7 +14,7 @@ constexpr int separatorHeight = 9;
 constexpr int sidePadding = 10;
 constexpr int markWidth = 20;
 constexpr int iconWidth = 24;
-// the width of the submenu chevron, and of the gap before a shortcut
+// The width of the submenu chevron, and of the gap before a shortcut.
 constexpr int trailingWidth = 22;
 constexpr int textFlags =
     Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextShowMnemonic | Qt::TextHideMnemonic;

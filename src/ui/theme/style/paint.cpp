@@ -10,7 +10,7 @@ namespace glidemap::style {
 
 namespace {
 
-// separates the ring from the shape, so that it is also visible around an accent background
+// Separates the ring from the shape, so that the ring is also visible around an accent background.
 constexpr double ringGap = 1;
 constexpr double ringWidth = 2;
 

@@ -21,7 +21,7 @@ namespace {
 constexpr const char* shellName = "org.gnome.Shell";
 constexpr const char* settingsName = "org.gnome.shell";
 constexpr const char* shellPath = "/org/gnome/Shell";
-// milliseconds; the longest time for which an unresponsive shell may block the caller
+// The longest time in milliseconds for which an unresponsive shell may block the caller.
 constexpr int shellTimeout = 5000;
 constexpr int firstVersionOfModules = 45;
 

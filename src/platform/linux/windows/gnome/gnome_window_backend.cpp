@@ -142,7 +142,7 @@ void GnomeWindowBackend::State::ask(const std::string& owner) {
                   if (error == nullptr) {
                       receive(message);
                   } else {
-                      // the extension may start later, and will then report its windows
+                      // The extension may start later, and will then report its windows.
                       reportNone();
                   }
               });

@@ -18,8 +18,8 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
     bool asking = false;
     bool askAgain = false;
     std::optional<KWinScriptFile> file;
-    // Unique for each load. KWin unloads scripts by name, so with a fixed name another process, or
-    // an earlier instance that is still exiting, would also unload this script.
+    // The name is unique for each load. KWin unloads scripts by name, so with a fixed name another
+    // process, or an earlier instance that is still exiting, would also unload this script.
     const std::string scriptName;
 
     State(DesktopBus& onBus, std::string kwin, std::function<void()> onRefused)

@@ -40,7 +40,8 @@ struct KWinWindowBackend::State {
     std::unique_ptr<KWinScriptLoader> loader; // exists while KWin is on the bus
     unsigned object = 0;
     KWinReport latest;
-    // when each window, identified by its handle, was last used; counted across all windows
+    // The time of the last use of each window, by its handle. One counter serves as the clock of
+    // all windows.
     std::map<std::string, std::uint64_t> lastUses;
     std::uint64_t uses = 0;
 

@@ -110,7 +110,7 @@ private:
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
     xcb_atom_t shownWorkspaceAtom;
-    // changing one of its properties makes the server report the current time
+    // Changing a property of this window makes the server report the current time.
     xcb_window_t clock = XCB_WINDOW_NONE;
     xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
