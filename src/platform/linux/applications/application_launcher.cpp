@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 #include "platform/linux/applications/process_launch.h"
+#include "platform/linux/desktop/glib_owner.h"
 #include "platform/linux/desktop/shared_bus.h"
 
 #include <gio/gdesktopappinfo.h>
@@ -20,15 +21,9 @@ namespace {
 
 // A launch request. Asynchronous callbacks pass it on.
 struct Launch {
-    GDesktopAppInfo* entry;
-    std::string url; // the URL to open; empty to launch the application without a URL
+    GlibOwner<GDesktopAppInfo> entry;
+    std::string url; // to open; empty to launch the application itself
     LaunchToken token;
-
-    Launch(GDesktopAppInfo* taken, std::string toOpen, LaunchToken given)
-        : entry(taken), url(std::move(toOpen)), token(std::move(given)) {}
-    Launch(const Launch&) = delete;
-    Launch& operator=(const Launch&) = delete;
-    ~Launch() { g_object_unref(entry); }
 };
 
 bool canBeActivated(GDesktopAppInfo* entry) {
@@ -39,11 +34,10 @@ bool canBeActivated(GDesktopAppInfo* entry) {
 // "/usr/share/applications/org.example.App.desktop". Empty if that is not a valid bus name.
 std::string busNameOf(GDesktopAppInfo* entry) {
     const char* const path = g_desktop_app_info_get_filename(entry);
-    if (path == nullptr)
+    if (path == nullptr) {
         return "";
-    char* const base = g_path_get_basename(path);
-    std::string name = base;
-    g_free(base);
+    }
+    std::string name = *takeText(g_path_get_basename(path));
     constexpr std::string_view ending = ".desktop";
     if (name.ends_with(ending)) {
         name.erase(name.size() - ending.size());
@@ -69,16 +63,16 @@ bool wasNotReached(const GError* error) {
 
 void activated(GObject* connection, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Launch> launch(static_cast<Launch*>(data));
-    GError* error = nullptr;
-    GVariant* const answer =
-        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
-    if (error != nullptr)
+    GError* failure = nullptr;
+    const GlibOwner<GVariant> answer(
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &failure));
+    const GlibOwner<GError> error(failure);
+    if (error != nullptr) {
         logLine("services", "an application was not activated: ", error->message);
-    if (answer != nullptr)
-        g_variant_unref(answer);
-    else if (wasNotReached(error))
-        startProcess(launch->entry, launch->url, launch->token);
-    g_clear_error(&error);
+    }
+    if (answer == nullptr && wasNotReached(error.get())) {
+        startProcess(launch->entry.get(), launch->url, launch->token);
+    }
 }
 
 GVariant* platformData(const LaunchToken& token) {
@@ -108,21 +102,22 @@ void activate(GDBusConnection* bus, const std::string& name, std::unique_ptr<Lau
 }
 
 void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
-    const std::string name = busNameOf(launch->entry);
-    if (bus != nullptr && !name.empty())
+    const std::string name = busNameOf(launch->entry.get());
+    if (bus != nullptr && !name.empty()) {
         activate(bus, name, std::move(launch));
-    else
-        startProcess(launch->entry, launch->url, launch->token);
+    } else {
+        startProcess(launch->entry.get(), launch->url, launch->token);
+    }
 }
 
-// Only D-Bus activation needs the bus. Otherwise the process is started immediately.
-void begin(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token) {
-    auto launch = std::make_unique<Launch>(entry, url, token);
-    if (!canBeActivated(entry)) {
-        startProcess(entry, url, token);
+// Only D-Bus activation waits for the bus; a process starts without it.
+void begin(GlibOwner<GDesktopAppInfo> entry, const std::string& url, const LaunchToken& token) {
+    if (!canBeActivated(entry.get())) {
+        startProcess(entry.get(), url, token);
         return;
     }
-    const auto kept = std::make_shared<std::unique_ptr<Launch>>(std::move(launch));
+    const auto kept = std::make_shared<std::unique_ptr<Launch>>(
+        std::make_unique<Launch>(Launch{std::move(entry), url, token}));
     withSharedBus([kept](GDBusConnection* bus) { launchOn(bus, std::move(*kept)); });
 }
 
@@ -134,36 +129,35 @@ bool acceptsLaunchToken(GDesktopAppInfo* entry) {
 }
 
 void launchApplication(GDesktopAppInfo* entry, const LaunchToken& token) {
-    // A hidden entry counts as deleted by the user.
-    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) {
-        begin(G_DESKTOP_APP_INFO(g_object_ref(entry)), "", token);
+    if (g_desktop_app_info_get_is_hidden(entry) == FALSE) { // not deleted by the user
+        begin(GlibOwner<GDesktopAppInfo>(G_DESKTOP_APP_INFO(g_object_ref(entry))), "", token);
     }
 }
 
 void launchApplication(const std::string& url) {
-    char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
-    if (path == nullptr)
+    const auto path = takeText(g_filename_from_uri(url.c_str(), nullptr, nullptr));
+    if (!path) {
         return;
-    GDesktopAppInfo* const entry = g_desktop_app_info_new_from_filename(path);
-    g_free(path);
+    }
+    const GlibOwner<GDesktopAppInfo> entry(g_desktop_app_info_new_from_filename(path->c_str()));
     if (entry == nullptr) {
         logLine("services", "no program to start in ", url);
         return;
     }
-    launchApplication(entry, {});
-    g_object_unref(entry);
+    launchApplication(entry.get(), {});
 }
 
 void launchHandler(const std::string& url) {
-    char* const scheme = g_uri_parse_scheme(url.c_str());
-    if (scheme == nullptr)
+    const auto scheme = takeText(g_uri_parse_scheme(url.c_str()));
+    if (!scheme) {
         return;
-    GAppInfo* const handler = g_app_info_get_default_for_uri_scheme(scheme);
-    g_free(scheme);
-    if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler))
-        begin(G_DESKTOP_APP_INFO(handler), url, {});
-    else // a file, whose content type selects the handler
+    }
+    GlibOwner<GAppInfo> handler(g_app_info_get_default_for_uri_scheme(scheme->c_str()));
+    if (handler != nullptr && G_IS_DESKTOP_APP_INFO(handler.get())) {
+        begin(GlibOwner<GDesktopAppInfo>(G_DESKTOP_APP_INFO(handler.release())), url, {});
+    } else { // a file: its content type selects the handler
         g_app_info_launch_default_for_uri_async(url.c_str(), nullptr, nullptr, nullptr, nullptr);
+    }
 }
 
 } // namespace glidemap

@@ -1,5 +1,7 @@
 #include "platform/linux/applications/desktop_entries.h"
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
@@ -15,46 +17,38 @@ namespace {
 // has changed for this time.
 constexpr std::chrono::milliseconds settlingTime{300};
 
-std::string orEmpty(const char* text) {
-    return text == nullptr ? "" : text;
-}
-
-std::string valueOf(GDesktopAppInfo* info, const char* key) {
-    char* const value = g_desktop_app_info_get_string(info, key);
-    std::string text = orEmpty(value);
-    g_free(value);
-    return text;
-}
-
 std::string withoutSuffix(std::string identifier) {
     constexpr std::string_view suffix = ".desktop";
-    if (identifier.ends_with(suffix))
+    if (identifier.ends_with(suffix)) {
         identifier.resize(identifier.size() - suffix.size());
+    }
     return identifier;
 }
 
 DesktopEntry describe(GDesktopAppInfo* info) {
     GAppInfo* const application = G_APP_INFO(info);
     DesktopEntry entry;
-    entry.identifier = withoutSuffix(orEmpty(g_app_info_get_id(application)));
-    entry.name = orEmpty(g_app_info_get_name(application));
-    entry.path = orEmpty(g_desktop_app_info_get_filename(info));
-    entry.windowClass = orEmpty(g_desktop_app_info_get_startup_wm_class(info));
+    entry.identifier = withoutSuffix(textOrEmpty(g_app_info_get_id(application)));
+    entry.name = textOrEmpty(g_app_info_get_name(application));
+    entry.path = textOrEmpty(g_desktop_app_info_get_filename(info));
+    entry.windowClass = textOrEmpty(g_desktop_app_info_get_startup_wm_class(info));
     entry.visible = g_app_info_should_show(application) != FALSE;
     entry.inTerminal =
         g_desktop_app_info_get_boolean(info, G_KEY_FILE_DESKTOP_KEY_TERMINAL) != FALSE;
-    readExec(entry, valueOf(info, G_KEY_FILE_DESKTOP_KEY_EXEC));
+    readExec(
+        entry,
+        takeText(g_desktop_app_info_get_string(info, G_KEY_FILE_DESKTOP_KEY_EXEC)).value_or(""));
     return entry;
 }
 
 std::vector<DesktopEntry> readAll() {
     std::vector<DesktopEntry> entries;
-    GList* const found = g_app_info_get_all();
-    for (GList* one = found; one != nullptr; one = one->next) {
-        if (G_IS_DESKTOP_APP_INFO(one->data))
+    const GlibOwner<GList> found(g_app_info_get_all());
+    for (const GList* one = found.get(); one != nullptr; one = one->next) {
+        if (G_IS_DESKTOP_APP_INFO(one->data)) {
             entries.push_back(describe(G_DESKTOP_APP_INFO(one->data)));
+        }
     }
-    g_list_free_full(found, g_object_unref);
     return entries;
 }
 
@@ -63,25 +57,21 @@ std::vector<DesktopEntry> readAll() {
 struct DesktopEntries::State {
     DesktopThread& thread;
     std::function<void()> changed;
-    // The monitor is created before the entries are read, because it reports only changes that
-    // happen after a reading.
-    GAppInfoMonitor* monitor = g_app_info_monitor_get();
+    // The monitor must exist before the first reading: it reports only changes after a reading.
+    GlibOwner<GAppInfoMonitor> monitor{g_app_info_monitor_get()};
     gulong subscription = 0;
     DesktopThread::Watch settling;
     std::vector<DesktopEntry> entries;
 
     State(DesktopThread& desktop, std::function<void()> notify)
         : thread(desktop), changed(std::move(notify)) {
-        subscription = g_signal_connect(monitor, "changed", G_CALLBACK(reported), this);
+        subscription = g_signal_connect(monitor.get(), "changed", G_CALLBACK(reported), this);
         entries = readAll();
     }
     State(const State&) = delete;
     State& operator=(const State&) = delete;
 
-    ~State() {
-        g_signal_handler_disconnect(monitor, subscription);
-        g_object_unref(monitor);
-    }
+    ~State() { g_signal_handler_disconnect(monitor.get(), subscription); }
 
     // Called once after each reading: GIO reports no further changes until the entries are read
     // again.

@@ -1,5 +1,7 @@
 #include "platform/linux/applications/entry_command.h"
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
@@ -11,23 +13,13 @@ namespace glidemap {
 
 namespace {
 
-std::string taken(char* text) {
-    std::string copy = text != nullptr ? text : "";
-    g_free(text);
-    return copy;
-}
-
-std::string orEmpty(const char* text) {
-    return text != nullptr ? text : "";
-}
-
 std::string quoted(const std::string& text) {
-    return taken(g_shell_quote(text.c_str()));
+    return *takeText(g_shell_quote(text.c_str()));
 }
 
 std::string quotedFileOf(const std::string& url) {
-    const std::string path = taken(g_filename_from_uri(url.c_str(), nullptr, nullptr));
-    return path.empty() ? "" : quoted(path);
+    const auto path = takeText(g_filename_from_uri(url.c_str(), nullptr, nullptr));
+    return path ? quoted(*path) : "";
 }
 
 // Returns the text that replaces a field code. Deprecated field codes are replaced by nothing.
@@ -79,17 +71,12 @@ constexpr std::array<Terminal, 18> terminals = {{{"xdg-terminal-exec", nullptr},
                                                  {"qterminal", "-e"}}};
 
 std::vector<std::string> splitLikeAShell(const std::string& line, std::string& problem) {
-    int count = 0;
-    char** split = nullptr;
-    GError* error = nullptr;
-    if (g_shell_parse_argv(line.c_str(), &count, &split, &error) == FALSE) {
-        problem = error->message;
-        g_error_free(error);
-        return {};
+    char** words = nullptr;
+    GError* failure = nullptr;
+    if (g_shell_parse_argv(line.c_str(), nullptr, &words, &failure) == FALSE) {
+        problem = GlibOwner<GError>(failure)->message;
     }
-    std::vector<std::string> words(split, split + count);
-    g_strfreev(split);
-    return words;
+    return takeWords(words);
 }
 
 } // namespace
@@ -108,11 +95,11 @@ std::string withFieldCodes(const std::string& exec, const FieldValues& values) {
 
 std::vector<std::string> terminalPrefix() {
     for (const Terminal& terminal : terminals) {
-        const std::string path = taken(g_find_program_in_path(terminal.program));
-        if (path.empty()) {
+        const auto path = takeText(g_find_program_in_path(terminal.program));
+        if (!path) {
             continue;
         }
-        std::vector<std::string> words = {path};
+        std::vector<std::string> words = {*path};
         if (terminal.option != nullptr) {
             words.emplace_back(terminal.option);
         }
@@ -124,10 +111,11 @@ std::vector<std::string> terminalPrefix() {
 EntryCommand commandOf(GDesktopAppInfo* entry, const std::string& url) {
     EntryCommand command;
     const FieldValues values{
-        orEmpty(g_app_info_get_name(G_APP_INFO(entry))),
-        taken(g_desktop_app_info_get_locale_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON)),
-        orEmpty(g_desktop_app_info_get_filename(entry)), url};
-    const std::string exec = orEmpty(g_app_info_get_commandline(G_APP_INFO(entry)));
+        textOrEmpty(g_app_info_get_name(G_APP_INFO(entry))),
+        takeText(g_desktop_app_info_get_locale_string(entry, G_KEY_FILE_DESKTOP_KEY_ICON))
+            .value_or(""),
+        textOrEmpty(g_desktop_app_info_get_filename(entry)), url};
+    const std::string exec = textOrEmpty(g_app_info_get_commandline(G_APP_INFO(entry)));
     command.words = splitLikeAShell(withFieldCodes(exec, values), command.problem);
     if (command.words.empty() ||
         g_desktop_app_info_get_boolean(entry, G_KEY_FILE_DESKTOP_KEY_TERMINAL) == FALSE) {

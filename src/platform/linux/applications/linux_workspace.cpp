@@ -3,6 +3,7 @@
 #include "core/log.h"
 #include "platform/linux/applications/application_follower.h"
 #include "platform/linux/applications/application_launcher.h"
+#include "platform/linux/desktop/glib_owner.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
@@ -16,30 +17,24 @@ namespace glidemap {
 
 namespace {
 
-std::string orEmpty(const char* text) {
-    return text != nullptr ? text : "";
-}
-
 LaunchedApplication described(GDesktopAppInfo* entry) {
-    std::string identifier = orEmpty(g_app_info_get_id(G_APP_INFO(entry)));
+    std::string identifier = textOrEmpty(g_app_info_get_id(G_APP_INFO(entry)));
     constexpr std::string_view ending = ".desktop";
     if (identifier.ends_with(ending)) {
         identifier.resize(identifier.size() - ending.size());
     }
-    return {identifier, orEmpty(g_app_info_get_name(G_APP_INFO(entry))),
-            orEmpty(g_desktop_app_info_get_startup_wm_class(entry))};
+    return {identifier, textOrEmpty(g_app_info_get_name(G_APP_INFO(entry))),
+            textOrEmpty(g_desktop_app_info_get_startup_wm_class(entry))};
 }
 
 using Entry = std::shared_ptr<GDesktopAppInfo>;
 
-// Returns null if no entry with this identifier is installed. Identifiers with a slash are
-// rejected, because they could refer to files outside the folders of desktop entries.
+// Null if no entry with this identifier is installed. An identifier with a slash would leave the
+// folders that hold entries.
 Entry entryOf(const std::string& bundleID) {
     const bool isIdentifier = !bundleID.empty() && bundleID.find('/') == std::string::npos;
-    return {isIdentifier ? g_desktop_app_info_new((bundleID + ".desktop").c_str()) : nullptr,
-            [](GDesktopAppInfo* read) {
-                g_clear_object(&read);
-            }};
+    return GlibOwner<GDesktopAppInfo>(
+        isIdentifier ? g_desktop_app_info_new((bundleID + ".desktop").c_str()) : nullptr);
 }
 
 } // namespace
@@ -105,13 +100,12 @@ struct LinuxWorkspace::State {
                 launchApplication(entry.get(), {});
             }
         };
-        char* const path = g_filename_from_uri(url.c_str(), nullptr, nullptr);
-        if (path != nullptr && backend != nullptr) {
-            bringForward(path, launch);
+        const auto path = takeText(g_filename_from_uri(url.c_str(), nullptr, nullptr));
+        if (path && backend != nullptr) {
+            bringForward(path->c_str(), launch);
         } else {
             launch();
         }
-        g_free(path);
     }
 
     void bringOwnForward() {
@@ -154,28 +148,20 @@ std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& 
     const Entry entry = entryOf(bundleID);
     const char* const path =
         entry != nullptr ? g_desktop_app_info_get_filename(entry.get()) : nullptr;
-    char* const uri = path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr;
-    if (uri == nullptr) {
-        return std::nullopt;
+    const auto url =
+        takeText(path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr);
+    if (url) {
+        state->found = entry;
+        state->foundURL = *url;
     }
-    std::string url = uri;
-    g_free(uri);
-    state->found = entry;
-    state->foundURL = url;
     return url;
 }
 
 std::optional<std::string> LinuxWorkspace::iconOfApplication(const std::string& bundleID) const {
     const Entry entry = entryOf(bundleID);
-    char* const name = entry != nullptr
-                           ? g_desktop_app_info_get_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_ICON)
-                           : nullptr;
-    if (name == nullptr) {
-        return std::nullopt;
-    }
-    std::string icon = name;
-    g_free(name);
-    return icon;
+    return takeText(entry != nullptr
+                        ? g_desktop_app_info_get_string(entry.get(), G_KEY_FILE_DESKTOP_KEY_ICON)
+                        : nullptr);
 }
 
 void LinuxWorkspace::openApplication(const std::string& url) {

@@ -5,6 +5,7 @@
 #include "platform/linux/applications/entry_command.h"
 #include "platform/linux/desktop/application_scope.h"
 #include "platform/linux/desktop/detached_process.h"
+#include "platform/linux/desktop/glib_owner.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
@@ -56,21 +57,13 @@ bool takesNotice(GDesktopAppInfo* entry) {
 }
 
 std::string folderOf(GDesktopAppInfo* entry) {
-    char* const path = g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_PATH);
-    std::string folder = path != nullptr ? path : "";
-    g_free(path);
-    return folder;
-}
-
-std::string identifierOf(GDesktopAppInfo* entry) {
-    const char* const identifier = g_app_info_get_id(G_APP_INFO(entry));
-    return identifier != nullptr ? identifier : "";
+    return takeText(g_desktop_app_info_get_string(entry, G_KEY_FILE_DESKTOP_KEY_PATH)).value_or("");
 }
 
 } // namespace
 
 void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchToken& token) {
-    const std::string identifier = identifierOf(entry);
+    const std::string identifier = textOrEmpty(g_app_info_get_id(G_APP_INFO(entry)));
     const EntryCommand command = commandOf(entry, url);
     if (command.words.empty()) {
         logLine("services", identifier, " was not started: ", command.problem);

@@ -1,5 +1,6 @@
 #include "platform/linux/desktop/application_scope.h"
 
+#include "platform/linux/desktop/glib_owner.h"
 #include "platform/linux/desktop/shared_bus.h"
 
 #include <gio/gio.h>
@@ -44,9 +45,8 @@ GVariant* startTransientUnit(const Move& move) {
 
 // Called when systemd has replied. Until then, the pending call keeps the connection open.
 void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
-    if (GVariant* const answer =
-            g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr))
-        g_variant_unref(answer);
+    const GlibOwner<GVariant> answer(
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr));
 }
 
 void askFor(const Move& move, GDBusConnection* bus) {

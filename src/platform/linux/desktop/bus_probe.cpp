@@ -1,6 +1,7 @@
 #include "platform/linux/desktop/bus_probe.h"
 
 #include "core/open_file.h"
+#include "platform/linux/desktop/glib_owner.h"
 
 #include <gio/gio.h>
 #include <poll.h>
@@ -44,10 +45,9 @@ std::optional<SocketName> socketNameIn(std::string_view address) {
             continue;
         }
         const std::string escaped(part.substr(part.find('=') + 1));
-        char* const unescaped = g_uri_unescape_string(escaped.c_str(), nullptr);
-        const std::string path = (isAbstract ? std::string(1, '\0') : std::string()) +
-                                 (unescaped != nullptr ? unescaped : "");
-        g_free(unescaped);
+        const std::string path =
+            (isAbstract ? std::string(1, '\0') : std::string()) +
+            takeText(g_uri_unescape_string(escaped.c_str(), nullptr)).value_or("");
         SocketName name;
         name.address.sun_family = AF_UNIX;
         if (path.empty() || path.size() >= sizeof name.address.sun_path) {

@@ -132,16 +132,16 @@ void BusRequest::State::opened(GObject* /*source*/, GAsyncResult* result, gpoint
 
 void BusRequest::State::answered(GObject* connection, GAsyncResult* result, gpointer call) {
     const std::unique_ptr<Call> held(static_cast<Call*>(call));
-    GError* error = nullptr;
-    GVariant* values = g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &error);
+    GError* failure = nullptr;
+    const GlibOwner<GVariant> values(
+        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &failure));
+    const GlibOwner<GError> error(failure);
     if (error != nullptr) {
         logLine("services", held->method.service, " ", held->method.name, ": ", error->message);
     }
     if (!held->request->state->calledOff) {
-        held->then({values, isServiceMissing(error), isTimeout(error)});
+        held->then({values.get(), isServiceMissing(error.get()), isTimeout(error.get())});
     }
-    g_clear_error(&error);
-    g_clear_pointer(&values, g_variant_unref);
 }
 
 void BusRequest::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
@@ -162,8 +162,7 @@ BusRequest::~BusRequest() {
 void BusRequest::call(const BusMethod& method, GVariant* arguments, Milliseconds patience,
                       IfNotRunning ifNotRunning, Then then) {
     const std::shared_ptr<GVariant> held(
-        arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr,
-        [](GVariant* variant) { g_clear_pointer(&variant, g_variant_unref); });
+        GlibOwner<GVariant>(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr));
     const auto flags = ifNotRunning == IfNotRunning::start ? G_DBUS_CALL_FLAGS_NONE
                                                            : G_DBUS_CALL_FLAGS_NO_AUTO_START;
     const auto ask = [=, self = shared_from_this(),

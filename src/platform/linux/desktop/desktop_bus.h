@@ -7,14 +7,13 @@
 // Errors:  if the connection is lost, all watched names are reported as vanished.
 #pragma once
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
-
-using GDBusConnection = struct _GDBusConnection;
-using GError = struct _GError;
-using GVariant = struct _GVariant;
 
 namespace glidemap {
 
@@ -28,12 +27,22 @@ struct BusObject {
 // the service has another version.
 bool isUnknownOnTheBus(const GError& error);
 
+// The value in a reply of type "(b)", or of type "(v)" that holds a boolean. Nullopt for another
+// type, and for null.
+std::optional<bool> booleanIn(GVariant* reply);
+
+// The value in a reply of type "(v)". Null for another type, and for null.
+GlibOwner<GVariant> variantIn(GVariant* reply);
+
+// The texts in a reply of type "(as)". Nullopt for another type, and for null.
+std::optional<std::vector<std::string>> wordsIn(GVariant* reply);
+
 class DesktopBus {
 public:
     // Returns null if the bus is missing, or does not respond within a few seconds.
     static std::unique_ptr<DesktopBus> open();
 
-    explicit DesktopBus(GDBusConnection* opened);
+    explicit DesktopBus(GlibOwner<GDBusConnection> opened);
     DesktopBus(const DesktopBus&) = delete;
     DesktopBus& operator=(const DesktopBus&) = delete;
     ~DesktopBus();
@@ -59,10 +68,10 @@ public:
     bool isOwned(const char* name) const;
 
     std::string uniqueName() const;
-    GDBusConnection* connection() const { return _connection; }
+    GDBusConnection* connection() const { return _connection.get(); }
 
 private:
-    GDBusConnection* _connection;
+    GlibOwner<GDBusConnection> _connection;
     std::vector<unsigned> watches;
     std::vector<unsigned> subscriptions;
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);

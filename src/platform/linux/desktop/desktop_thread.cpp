@@ -1,5 +1,6 @@
 #include "platform/linux/desktop/desktop_thread.h"
 
+#include "platform/linux/desktop/glib_owner.h"
 #include "platform/linux/thread_setup.h"
 
 #include <gio/gio.h>
@@ -37,8 +38,8 @@ gboolean notifyReadable(gint /*descriptor*/, GIOCondition /*condition*/, gpointe
 // Tasks are stored in our own queue and protected by a mutex, because the thread sanitizer cannot
 // see the synchronization inside GLib.
 struct DesktopThread::State {
-    GMainContext* context = g_main_context_new();
-    GMainLoop* loop = g_main_loop_new(context, FALSE);
+    GlibOwner<GMainContext> context{g_main_context_new()};
+    GlibOwner<GMainLoop> loop{g_main_loop_new(context.get(), FALSE)};
     std::thread thread;
     std::mutex mutex;
     std::deque<std::function<void()>> waiting;
@@ -64,21 +65,19 @@ struct DesktopThread::State {
 DesktopThread::DesktopThread() : state(std::make_unique<State>()) {
     state->thread = std::thread([this] {
         nameThread("glidemap-desktop");
-        g_main_context_push_thread_default(state->context);
-        g_main_loop_run(state->loop);
-        g_main_context_pop_thread_default(state->context);
+        g_main_context_push_thread_default(state->context.get());
+        g_main_loop_run(state->loop.get());
+        g_main_context_pop_thread_default(state->context.get());
     });
 }
 
 DesktopThread::~DesktopThread() {
-    submit([this] { g_main_loop_quit(state->loop); });
+    submit([this] { g_main_loop_quit(state->loop.get()); });
     state->thread.join();
-    g_main_loop_unref(state->loop);
-    g_main_context_unref(state->context);
 }
 
 GMainContext* DesktopThread::context() const {
-    return state->context;
+    return state->context.get();
 }
 
 void DesktopThread::submit(std::function<void()> work) {
@@ -86,8 +85,8 @@ void DesktopThread::submit(std::function<void()> work) {
     g_source_set_priority(source, G_PRIORITY_DEFAULT);
     g_source_set_callback(source, State::runFirst, state.get(), nullptr);
     state->add(std::move(work));
-    g_source_attach(source, state->context);
-    g_source_unref(source);
+    g_source_attach(source, context());
+    g_source_unref(source); // the context owns it
 }
 
 void DesktopThread::call(const std::function<void()>& work) {
@@ -104,28 +103,12 @@ void DesktopThread::call(const std::function<void()>& work) {
     finished.wait(lock, [&] { return done; });
 }
 
-struct DesktopThread::Watch::Source {
-    GSource* source = nullptr;
-
-    ~Source() {
-        g_source_destroy(source);
-        g_source_unref(source);
-    }
-};
-
-DesktopThread::Watch::Watch(std::unique_ptr<Source> watched) : source(std::move(watched)) {}
-DesktopThread::Watch::Watch() = default;
-DesktopThread::Watch::Watch(Watch&& other) noexcept = default;
-DesktopThread::Watch& DesktopThread::Watch::operator=(Watch&& other) noexcept = default;
-DesktopThread::Watch::~Watch() = default;
-
 DesktopThread::Watch DesktopThread::attach(GSource* source, GSourceFunc function,
                                            std::function<void()> work) {
-    auto made = std::make_unique<Watch::Source>();
-    made->source = source;
+    Watch watch(source);
     g_source_set_callback(source, function, new std::function<void()>(std::move(work)), forget);
-    g_source_attach(source, state->context);
-    return Watch(std::move(made));
+    g_source_attach(source, context());
+    return watch;
 }
 
 DesktopThread::Watch DesktopThread::watch(int descriptor, std::function<void()> readable) {

@@ -7,12 +7,11 @@
 // Errors:  none.
 #pragma once
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <chrono>
 #include <functional>
 #include <memory>
-
-using GMainContext = struct _GMainContext;
-using GSource = struct _GSource;
 
 namespace glidemap {
 
@@ -32,21 +31,9 @@ public:
 
     GMainContext* context() const;
 
-    // A registered callback. Destroying the watch removes the callback, which may also destroy its
-    // own watch. Create, use and destroy watches on the desktop thread.
-    class Watch {
-    public:
-        Watch();
-        Watch(Watch&& other) noexcept;
-        Watch& operator=(Watch&& other) noexcept;
-        ~Watch();
-
-    private:
-        friend class DesktopThread;
-        struct Source;
-        explicit Watch(std::unique_ptr<Source> watched);
-        std::unique_ptr<Source> source;
-    };
+    // A registered callback, cancelled when its owner is destroyed. The callback may destroy its own watch.
+    // Create, use and destroy it on the thread.
+    using Watch = GlibOwner<GSource>;
 
     // Calls the function whenever the descriptor is readable or the peer has closed it.
     Watch watch(int descriptor, std::function<void()> readable);

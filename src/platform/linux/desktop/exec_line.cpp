@@ -1,5 +1,7 @@
 #include "platform/linux/desktop/exec_line.h"
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <glib.h>
 #include <unistd.h>
 
@@ -52,9 +54,7 @@ std::optional<std::string> programOfExecLine(const std::string& line) {
     if (g_shell_parse_argv(line.c_str(), nullptr, &words, nullptr) == FALSE) {
         return std::nullopt;
     }
-    std::string program = withoutDoublePercent(words[0]);
-    g_strfreev(words);
-    return program;
+    return withoutDoublePercent(takeWords(words).front());
 }
 
 std::optional<std::filesystem::path> findProgram(const std::string& program,

@@ -1,4 +1,4 @@
-// Owning pointers for GLib objects and values.
+// Owners of GLib's objects and values, and copies of the texts that GLib allocates.
 //
 // Thread:  any, as GLib allows for the type. A source must be destroyed on the thread of its
 //          context.
@@ -6,26 +6,54 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
+using GAppInfo = struct _GAppInfo;
+using GAppInfoMonitor = struct _GAppInfoMonitor;
 using GCancellable = struct _GCancellable;
 using GDBusConnection = struct _GDBusConnection;
+using GDesktopAppInfo = struct _GDesktopAppInfo;
+using GError = struct _GError;
 using GKeyFile = struct _GKeyFile;
+using GList = struct _GList;
+using GMainContext = struct _GMainContext;
+using GMainLoop = struct _GMainLoop;
 using GSettings = struct _GSettings;
+using GSettingsSchema = struct _GSettingsSchema;
 using GSource = struct _GSource;
+using GSubprocess = struct _GSubprocess;
 using GVariant = struct _GVariant;
 
 namespace glidemap {
 
 struct GlibRelease {
+    void operator()(GAppInfo* application) const;
+    void operator()(GAppInfoMonitor* monitor) const;
     void operator()(GCancellable* cancellable) const;
     void operator()(GDBusConnection* connection) const;
+    void operator()(GDesktopAppInfo* entry) const;
+    void operator()(GError* error) const;
     void operator()(GKeyFile* keys) const;
+    void operator()(GList* objects) const; // and the objects in it
+    void operator()(GMainContext* context) const;
+    void operator()(GMainLoop* loop) const;
     void operator()(GSettings* settings) const;
-    void operator()(GSource* source) const; // also removes it from its context
+    void operator()(GSettingsSchema* schema) const;
+    void operator()(GSource* source) const; // also stops it
+    void operator()(GSubprocess* process) const;
     void operator()(GVariant* value) const;
 };
 
 template <typename Type>
 using GlibOwner = std::unique_ptr<Type, GlibRelease>;
+
+// Empty for null.
+std::string textOrEmpty(const char* text);
+
+// These copy what GLib has allocated, and free it. Null becomes nullopt or an empty list.
+std::optional<std::string> takeText(char* text);
+std::vector<std::string> takeWords(char** words);
 
 } // namespace glidemap

@@ -1,5 +1,7 @@
 #include "platform/linux/desktop/program_run.h"
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <gio/gio.h>
 
 #include <utility>
@@ -50,13 +52,13 @@ ProgramRun::ProgramRun(const std::vector<std::string>& words,
     arguments.push_back(nullptr);
     constexpr auto silent = static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDOUT_SILENCE |
                                                           G_SUBPROCESS_FLAGS_STDERR_SILENCE);
-    GSubprocess* const process = g_subprocess_newv(arguments.data(), silent, nullptr);
+    // The pending wait holds a reference.
+    const GlibOwner<GSubprocess> process(g_subprocess_newv(arguments.data(), silent, nullptr));
     if (process == nullptr) {
         State::reportLater(state);
         return;
     }
-    g_subprocess_wait_check_async(process, nullptr, State::waited, new State::Weak(state));
-    g_object_unref(process); // GIO holds a reference while it waits
+    g_subprocess_wait_check_async(process.get(), nullptr, State::waited, new State::Weak(state));
 }
 
 ProgramRun::~ProgramRun() = default;

@@ -1,5 +1,7 @@
 #include "platform/linux/desktop/shared_bus.h"
 
+#include "platform/linux/desktop/glib_owner.h"
+
 #include <gio/gio.h>
 
 #include <memory>
@@ -14,16 +16,12 @@ struct Attempt {
     explicit Attempt(std::function<void(GDBusConnection*)> given)
         : then(std::move(given)), cancellable(g_cancellable_new()),
           limit(g_timeout_source_new(static_cast<guint>(sharedBusPatience.count()))) {
-        g_source_set_callback(limit, cancel, cancellable, nullptr);
-        g_source_attach(limit, g_main_context_get_thread_default());
+        g_source_set_callback(limit.get(), cancel, cancellable.get(), nullptr);
+        g_source_attach(limit.get(), g_main_context_get_thread_default());
     }
     Attempt(const Attempt&) = delete;
     Attempt& operator=(const Attempt&) = delete;
-    ~Attempt() {
-        g_source_destroy(limit);
-        g_source_unref(limit);
-        g_object_unref(cancellable);
-    }
+    ~Attempt() = default;
 
     static gboolean cancel(gpointer cancellable) {
         g_cancellable_cancel(static_cast<GCancellable*>(cancellable));
@@ -31,8 +29,8 @@ struct Attempt {
     }
 
     const std::function<void(GDBusConnection*)> then;
-    GCancellable* const cancellable;
-    GSource* const limit;
+    const GlibOwner<GCancellable> cancellable;
+    const GlibOwner<GSource> limit;
 };
 
 // A reference that keeps GIO's connection open. Otherwise GIO would close the connection after each
@@ -41,15 +39,12 @@ GDBusConnection* kept = nullptr;
 
 void finished(GObject* /*source*/, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<Attempt> attempt(static_cast<Attempt*>(data));
-    GDBusConnection* const bus = g_bus_get_finish(result, nullptr);
-    if (bus != nullptr) { // the program handles the end of the session itself
-        g_dbus_connection_set_exit_on_close(bus, FALSE);
-        g_set_object(&kept, bus);
+    const GlibOwner<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
+    if (bus != nullptr) { // the program handles the session's end, not GIO
+        g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+        g_set_object(&kept, bus.get());
     }
-    attempt->then(bus);
-    if (bus != nullptr) {
-        g_object_unref(bus);
-    }
+    attempt->then(bus.get());
 }
 
 } // namespace
@@ -59,7 +54,7 @@ void withSharedBus(std::function<void(GDBusConnection* bus)> then) {
         g_clear_object(&kept); // GIO would otherwise return the closed connection again
     }
     auto* const attempt = new Attempt(std::move(then));
-    g_bus_get(G_BUS_TYPE_SESSION, attempt->cancellable, finished, attempt);
+    g_bus_get(G_BUS_TYPE_SESSION, attempt->cancellable.get(), finished, attempt);
 }
 
 } // namespace glidemap

@@ -1,6 +1,6 @@
 #include "platform/linux/diagnosis/bus_survey.h"
 
-#include "platform/linux/desktop/glib_owner.h"
+#include "platform/linux/desktop/desktop_bus.h"
 
 #include <gio/gio.h>
 
@@ -32,17 +32,8 @@ std::optional<std::set<std::string>> names(GDBusConnection* connection, const ch
     const Variant answer(g_dbus_connection_call_sync(
         connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
         nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
-    if (!answer) {
-        return std::nullopt;
-    }
-    std::set<std::string> found;
-    GVariantIter* each = nullptr;
-    g_variant_get(answer.get(), "(as)", &each);
-    for (const char* name = nullptr; g_variant_iter_next(each, "&s", &name) != FALSE;) {
-        found.insert(name);
-    }
-    g_variant_iter_free(each);
-    return found;
+    const auto words = wordsIn(answer.get());
+    return words ? std::optional(std::set(words->begin(), words->end())) : std::nullopt;
 }
 
 BusSurvey ask(const std::string& address) {

@@ -86,10 +86,9 @@ bool isXTest(std::string_view name) {
 } // namespace
 
 struct X11Server::State {
+    OwnedX11Connection owner;
     xcb_connection_t* connection = nullptr;
     xcb_window_t root = XCB_NONE;
-
-    ~State() { xcb_disconnect(connection); }
 
     void addKeysDown(xcb_input_device_id_t device, std::set<std::uint16_t>& keys) const;
 };
@@ -97,7 +96,8 @@ struct X11Server::State {
 std::unique_ptr<X11Server> X11Server::connect() {
     auto state = std::make_unique<State>();
     int screenNumber = 0;
-    state->connection = xcb_connect(nullptr, &screenNumber);
+    state->owner.reset(xcb_connect(nullptr, &screenNumber));
+    state->connection = state->owner.get();
     if (xcb_connection_has_error(state->connection) != 0 || !hasExtensions(state->connection)) {
         return nullptr;
     }

@@ -24,13 +24,7 @@ constexpr const char* notShowIn = G_KEY_FILE_DESKTOP_KEY_NOT_SHOW_IN;
 constexpr const char* gnomeEnabled = "X-GNOME-Autostart-enabled";
 
 std::optional<std::string> stringIn(GKeyFile* keys, const char* key) {
-    char* const value = g_key_file_get_string(keys, group, key, nullptr);
-    if (value == nullptr) {
-        return std::nullopt;
-    }
-    std::string result(value);
-    g_free(value);
-    return result;
+    return takeText(g_key_file_get_string(keys, group, key, nullptr));
 }
 
 std::optional<std::vector<std::string>> listIn(GKeyFile* keys, const char* key) {
@@ -38,18 +32,15 @@ std::optional<std::vector<std::string>> listIn(GKeyFile* keys, const char* key) 
     if (values == nullptr) {
         return std::nullopt;
     }
-    std::vector<std::string> result(values, values + g_strv_length(values));
-    g_strfreev(values);
-    return result;
+    return takeWords(values);
 }
 
 // Returns `otherwise` if the key is missing or its value is neither true nor false.
 bool booleanIn(GKeyFile* keys, const char* key, bool otherwise) {
-    GError* error = nullptr;
-    const bool value = g_key_file_get_boolean(keys, group, key, &error) != FALSE;
-    const bool readable = error == nullptr;
-    g_clear_error(&error);
-    return readable ? value : otherwise;
+    GError* failure = nullptr;
+    const bool value = g_key_file_get_boolean(keys, group, key, &failure) != FALSE;
+    const GlibOwner<GError> error(failure);
+    return error == nullptr ? value : otherwise;
 }
 
 void remove(GKeyFile* keys, const char* key) {
@@ -120,11 +111,7 @@ void AutostartFile::hide() {
 }
 
 std::string AutostartFile::text() const {
-    gsize length = 0;
-    char* const data = g_key_file_to_data(keys.get(), &length, nullptr);
-    std::string result(data, length);
-    g_free(data);
-    return result;
+    return takeText(g_key_file_to_data(keys.get(), nullptr, nullptr)).value_or("");
 }
 
 bool AutostartFile::isForProgram() const {

@@ -1,11 +1,12 @@
 #include "platform/linux/session/linux_overview.h"
 
 #include "core/log.h"
+#include "platform/linux/desktop/desktop_bus.h"
 
 #include <gio/gio.h>
 
+#include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -36,31 +37,9 @@ constexpr BusMethod ofKWin(const char* name) {
             "org.kde.kglobalaccel.Component", name};
 }
 
-std::optional<bool> booleanIn(GVariant* values) {
-    if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(v)"))) {
-        return std::nullopt;
-    }
-    GVariant* held = nullptr;
-    g_variant_get(values, "(v)", &held);
-    const auto value = g_variant_is_of_type(held, G_VARIANT_TYPE_BOOLEAN)
-                           ? std::optional(g_variant_get_boolean(held) != FALSE)
-                           : std::nullopt;
-    g_variant_unref(held);
-    return value;
-}
-
-bool holds(GVariant* values, std::string_view wanted) {
-    if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(as)"))) {
-        return false;
-    }
-    GVariantIter* names = nullptr;
-    g_variant_get(values, "(as)", &names);
-    bool found = false;
-    for (const char* name = nullptr; g_variant_iter_next(names, "&s", &name) != FALSE;) {
-        found = found || name == wanted;
-    }
-    g_variant_iter_free(names);
-    return found;
+bool contains(GVariant* reply, std::string_view wanted) {
+    const auto words = wordsIn(reply);
+    return words && std::ranges::count(*words, wanted) > 0;
 }
 
 class OverviewRequest : public BusRequest {
@@ -116,7 +95,7 @@ private:
     // an unknown shortcut. The shortcut exists only while KWin can draw the overview.
     void askKWin() {
         call(ofKWin("shortcutNames"), nullptr, [this, kept = alive()](const BusReply& answer) {
-            const bool isThere = holds(answer.values, kwinShortcut);
+            const bool isThere = contains(answer.values, kwinShortcut);
             lookup->mayExist = isThere;
             if (purpose == Purpose::look) {
                 return;

@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 #include "platform/linux/desktop/application_scope.h"
+#include "platform/linux/desktop/desktop_bus.h"
 #include "platform/linux/desktop/detached_process.h"
 #include "platform/linux/desktop/environment.h"
 #include "platform/linux/desktop/program_run.h"
@@ -29,18 +30,6 @@ constexpr const char* ownSession = "/org/freedesktop/login1/session/auto";
 constexpr BusMethod lockSession{Bus::system, logind, ownSession, sessionInterface, "Lock"};
 constexpr BusMethod getSessionProperty{Bus::system, logind, ownSession,
                                        "org.freedesktop.DBus.Properties", "Get"};
-
-bool saysLocked(GVariant* values) {
-    if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(v)"))) {
-        return false;
-    }
-    GVariant* held = nullptr;
-    g_variant_get(values, "(v)", &held);
-    const bool locked =
-        g_variant_is_of_type(held, G_VARIANT_TYPE_BOOLEAN) && g_variant_get_boolean(held);
-    g_variant_unref(held);
-    return locked;
-}
 
 class LockRequest : public BusRequest {
 public:
@@ -80,7 +69,7 @@ private:
     void readLocked() {
         call(getSessionProperty, g_variant_new("(ss)", sessionInterface, "LockedHint"),
              [this, kept = alive()](const BusReply& answer) {
-                 if (saysLocked(answer.values)) {
+                 if (booleanIn(answer.values).value_or(false)) {
                      locked = true;
                      stopWaiting();
                  }

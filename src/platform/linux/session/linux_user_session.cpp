@@ -1,6 +1,7 @@
 #include "platform/linux/session/linux_user_session.h"
 
 #include "core/log.h"
+#include "platform/linux/desktop/desktop_bus.h"
 #include "platform/linux/session/screen_savers.h"
 
 #include <gio/gio.h>
@@ -109,10 +110,8 @@ private:
     // The signal's value is true before the machine suspends, and false after it has resumed or
     // failed to suspend.
     void followSleep(GVariant* values) {
-        if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
-            gboolean sleeps = FALSE;
-            g_variant_get(values, "(b)", &sleeps);
-            setAsleep(sleeps != FALSE);
+        if (const auto sleeps = booleanIn(values)) {
+            setAsleep(*sleeps);
         }
     }
 
@@ -127,13 +126,12 @@ private:
         if (values == nullptr || !g_variant_is_of_type(values, G_VARIANT_TYPE("(a{sv})"))) {
             return;
         }
-        GVariant* const all = g_variant_get_child_value(values, 0);
+        const GlibOwner<GVariant> all(g_variant_get_child_value(values, 0));
         GVariantDict session;
-        g_variant_dict_init(&session, all);
+        g_variant_dict_init(&session, all.get());
         state.isActive = !isInBackground(&session);
         state.isLocked = isLockedHint(&session);
         g_variant_dict_clear(&session);
-        g_variant_unref(all);
         notify(state);
     }
 
@@ -190,10 +188,8 @@ private:
     }
 
     void report(const char* saver, GVariant* values) {
-        if (values != nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
-            gboolean isActive = FALSE;
-            g_variant_get(values, "(b)", &isActive);
-            setActive(saver, isActive != FALSE);
+        if (const auto isActive = booleanIn(values)) {
+            setActive(saver, *isActive);
         }
     }
 

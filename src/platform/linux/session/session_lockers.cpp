@@ -1,6 +1,7 @@
 #include "platform/linux/session/session_lockers.h"
 
 #include "platform/linux/desktop/environment.h"
+#include "platform/linux/desktop/glib_owner.h"
 
 #include <gio/gio.h>
 
@@ -28,14 +29,9 @@ bool isCover(std::string_view program) {
 }
 
 std::vector<std::string> splitLikeAShell(const std::string& line) {
-    char** split = nullptr;
-    int count = 0;
-    if (g_shell_parse_argv(line.c_str(), &count, &split, nullptr) == FALSE) {
-        return {};
-    }
-    std::vector<std::string> words(split, split + count);
-    g_strfreev(split);
-    return words;
+    char** words = nullptr;
+    g_shell_parse_argv(line.c_str(), nullptr, &words, nullptr);
+    return takeWords(words);
 }
 
 // Whether a shell command, such as "swaylock -f -c 000000", starts one of these programs.

@@ -1,10 +1,9 @@
 #include "platform/linux/shell/linux_desktop_keys.h"
 
+#include "platform/linux/desktop/x11.h"
 #include "platform/linux/shell/x11_connection.h"
 
 #include <xcb/xcb.h>
-
-#include <cstdlib>
 
 namespace glidemap {
 
@@ -13,7 +12,8 @@ namespace {
 // Waits until the server has processed the request. Otherwise it could stay in Qt's buffer, and the
 // window would still receive the keys.
 void waitUntilDone(xcb_connection_t* server) {
-    std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+    const X11Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
 }
 
 } // namespace

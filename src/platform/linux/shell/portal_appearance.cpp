@@ -37,15 +37,14 @@ std::optional<AppearanceValues> valuesIn(GVariant* answer) {
         return std::nullopt;
     }
     AppearanceValues values;
-    GVariant* const groups = g_variant_get_child_value(answer, 0);
+    const GlibOwner<GVariant> groups(g_variant_get_child_value(answer, 0));
     GVariantIter each;
-    g_variant_iter_init(&each, groups);
+    g_variant_iter_init(&each, groups.get());
     const char* group = nullptr;
     GVariant* settings = nullptr;
     while (g_variant_iter_loop(&each, "{&s@a{sv}}", &group, &settings) != FALSE) {
         takeGroup(values, group, settings);
     }
-    g_variant_unref(groups);
     return values;
 }
 
@@ -118,11 +117,12 @@ void PortalAppearance::Listener::opened(GObject* /*source*/, GAsyncResult* resul
                                         gpointer listener) {
     const std::unique_ptr<std::shared_ptr<Listener>> held(
         static_cast<std::shared_ptr<Listener>*>(listener));
-    GDBusConnection* const connection = g_dbus_connection_new_for_address_finish(result, nullptr);
+    GlibOwner<GDBusConnection> connection(
+        g_dbus_connection_new_for_address_finish(result, nullptr));
     if (connection == nullptr) {
         return;
     }
-    auto bus = std::make_unique<DesktopBus>(connection);
+    auto bus = std::make_unique<DesktopBus>(std::move(connection));
     if (!(*held)->ended) {
         (*held)->bus = std::move(bus);
         (*held)->listen();
@@ -153,10 +153,10 @@ void PortalAppearance::Listener::onSignal(const std::string& signal, GVariant* a
     }
     const char* group = nullptr;
     const char* key = nullptr;
-    GVariant* value = nullptr;
-    g_variant_get(arguments, "(&s&sv)", &group, &key, &value);
-    values.take(group, key, value);
-    g_variant_unref(value);
+    GVariant* inner = nullptr;
+    g_variant_get(arguments, "(&s&sv)", &group, &key, &inner);
+    const GlibOwner<GVariant> value(inner);
+    values.take(group, key, value.get());
     notifyIfNew();
 }
 

@@ -48,9 +48,9 @@ Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVa
         G_DBUS_CALL_FLAGS_NO_AUTO_START, shellTimeout, nullptr, &failure));
     if (failure != nullptr) {
         answer.shellIsStarting = isUnknownOnTheBus(*failure);
+        const GlibOwner<GError> error(failure);
         g_dbus_error_strip_remote_error(failure);
         answer.error = failure->message;
-        g_error_free(failure);
     }
     return answer;
 }
@@ -65,14 +65,12 @@ std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
         error = answer.error;
         return std::nullopt;
     }
-    GVariant* inner = nullptr;
-    g_variant_get(answer.values.get(), "(v)", &inner);
-    const Value version(inner);
-    if (!g_variant_is_of_type(inner, G_VARIANT_TYPE_STRING)) {
+    const Value version = variantIn(answer.values.get());
+    if (!g_variant_is_of_type(version.get(), G_VARIANT_TYPE_STRING)) {
         error = "GNOME Shell does not report its version";
         return std::nullopt;
     }
-    return static_cast<int>(std::strtol(g_variant_get_string(inner, nullptr), nullptr, 10));
+    return static_cast<int>(std::strtol(g_variant_get_string(version.get(), nullptr), nullptr, 10));
 }
 
 std::filesystem::path installedFolder() {
@@ -84,23 +82,13 @@ using Settings = GlibOwner<GSettings>;
 
 Settings shellSettings() {
     GSettingsSchemaSource* const source = g_settings_schema_source_get_default();
-    GSettingsSchema* const schema =
-        source == nullptr ? nullptr : g_settings_schema_source_lookup(source, settingsName, TRUE);
-    if (schema == nullptr) {
-        return nullptr;
-    }
-    g_settings_schema_unref(schema);
-    return Settings(g_settings_new(settingsName));
+    const GlibOwner<GSettingsSchema> schema(
+        source == nullptr ? nullptr : g_settings_schema_source_lookup(source, settingsName, TRUE));
+    return Settings(schema != nullptr ? g_settings_new(settingsName) : nullptr);
 }
 
 std::vector<std::string> listIn(GSettings* settings, const char* key) {
-    std::vector<std::string> list;
-    char** const words = g_settings_get_strv(settings, key);
-    for (char** word = words; *word != nullptr; ++word) {
-        list.emplace_back(*word);
-    }
-    g_strfreev(words);
-    return list;
+    return takeWords(g_settings_get_strv(settings, key));
 }
 
 bool isListedIn(GSettings* settings, const char* key) {
@@ -235,11 +223,7 @@ std::optional<std::string> GnomeExtension::install() const {
     }
     const Answer answer =
         ask(*bus, extensions, "EnableExtension", g_variant_new("(s)", uuid), "(b)");
-    gboolean enabled = FALSE;
-    if (answer.values != nullptr) {
-        g_variant_get(answer.values.get(), "(b)", &enabled);
-    }
-    return enabled != FALSE ? std::nullopt : enableAtNextLogin();
+    return booleanIn(answer.values.get()).value_or(false) ? std::nullopt : enableAtNextLogin();
 }
 
 } // namespace glidemap

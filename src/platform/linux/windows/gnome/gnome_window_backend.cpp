@@ -35,9 +35,9 @@ std::string applicationOf(std::string entry, const char* windowClass) {
 
 std::vector<WindowIdentity> identitiesAt(GVariant* message, gsize position) {
     std::vector<WindowIdentity> identities;
-    GVariant* const list = g_variant_get_child_value(message, position);
+    const GlibOwner<GVariant> list(g_variant_get_child_value(message, position));
     GVariantIter windows;
-    g_variant_iter_init(&windows, list);
+    g_variant_iter_init(&windows, list.get());
     const char* entry = nullptr;
     const char* windowClass = nullptr;
     const char* instance = nullptr;
@@ -49,7 +49,6 @@ std::vector<WindowIdentity> identitiesAt(GVariant* message, gsize position) {
         identities.push_back({applicationOf(entry, windowClass), instance, title,
                               known ? std::optional(static_cast<pid_t>(process)) : std::nullopt});
     }
-    g_variant_unref(list);
     return identities;
 }
 
@@ -62,17 +61,9 @@ struct GnomeWindowBackend::State {
     std::string shell; // the shell's unique bus name
     bool isBelieved = false;
     unsigned subscription = 0;
-    GVariant* latest = nullptr; // the latest report of the extension
+    GlibOwner<GVariant> latest; // the latest report
 
-    ~State() { forgetLatest(); }
-
-    void forgetLatest() {
-        if (latest != nullptr) {
-            g_variant_unref(std::exchange(latest, nullptr));
-        }
-    }
-
-    GVariant* chosenOf(const WindowChoice& isChosen) const;
+    GlibOwner<GVariant> chosenOf(const WindowChoice& isChosen) const;
     void bringForward(GVariant* windows, std::function<void()> otherwise);
     void requestToken(const std::string& entry, std::function<void(const LaunchToken&)> then);
     void appeared(const std::string& owner);
@@ -81,7 +72,7 @@ struct GnomeWindowBackend::State {
     void ask(const std::string& owner);
     void receive(GVariant* message);
     void reportNone() {
-        forgetLatest();
+        latest.reset();
         reported.report(*listener, {}, std::nullopt);
     }
 };
@@ -152,50 +143,39 @@ void GnomeWindowBackend::State::receive(GVariant* message) {
     if (!g_variant_is_of_type(message, G_VARIANT_TYPE("(a(ssssu)a(ssssu))"))) {
         return;
     }
-    forgetLatest();
-    latest = g_variant_ref(message);
+    latest.reset(g_variant_ref(message));
     const std::vector<WindowIdentity> active = identitiesAt(message, 1);
     reported.report(*listener, identitiesAt(message, 0),
                     active.empty() ? std::nullopt : std::optional(active.front()));
 }
 
-// Returns the selected windows in the extension's format, or null if no window matches.
-GVariant* GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
+// In the extension's format. Null if no window matches.
+GlibOwner<GVariant> GnomeWindowBackend::State::chosenOf(const WindowChoice& isChosen) const {
     if (latest == nullptr) {
         return nullptr;
     }
-    const std::vector<WindowIdentity> identities = identitiesAt(latest, 0);
-    GVariant* const list = g_variant_get_child_value(latest, 0);
+    const std::vector<WindowIdentity> identities = identitiesAt(latest.get(), 0);
+    const GlibOwner<GVariant> list(g_variant_get_child_value(latest.get(), 0));
     GVariantBuilder chosen;
     g_variant_builder_init(&chosen, G_VARIANT_TYPE("a(ssssu)"));
     bool any = false;
     for (std::size_t at = 0; at < identities.size(); ++at) {
         if (isChosen(identities[at])) {
-            GVariant* const window = g_variant_get_child_value(list, at);
-            g_variant_builder_add_value(&chosen, window);
-            g_variant_unref(window);
+            const GlibOwner<GVariant> window(g_variant_get_child_value(list.get(), at));
+            g_variant_builder_add_value(&chosen, window.get());
             any = true;
         }
     }
-    g_variant_unref(list);
-    GVariant* const windows = g_variant_ref_sink(g_variant_builder_end(&chosen));
-    if (!any) {
-        g_variant_unref(windows);
-        return nullptr;
-    }
-    return windows;
+    GlibOwner<GVariant> windows(g_variant_ref_sink(g_variant_builder_end(&chosen)));
+    return any ? std::move(windows) : nullptr;
 }
 
 // Also calls `otherwise` if the method is missing: after an update, an older version of the
 // extension runs until the next login.
 void GnomeWindowBackend::State::bringForward(GVariant* windows, std::function<void()> otherwise) {
     bus->call(windowsOf(shell), "BringForward", g_variant_new("(@a(ssssu))", windows),
-              [refused = std::move(otherwise)](GVariant* values, const GError* error) {
-                  gboolean isForward = FALSE;
-                  if (error == nullptr && g_variant_is_of_type(values, G_VARIANT_TYPE("(b)"))) {
-                      g_variant_get(values, "(b)", &isForward);
-                  }
-                  if (isForward == FALSE) {
+              [refused = std::move(otherwise)](GVariant* values, const GError* /*error*/) {
+                  if (!booleanIn(values).value_or(false)) {
                       refused();
                   }
               });
@@ -233,13 +213,12 @@ bool GnomeWindowBackend::start(WindowListener& listener) {
 
 void GnomeWindowBackend::bringForward(const WindowChoice& isChosen,
                                       std::function<void()> otherwise) {
-    GVariant* const windows = state->isBelieved ? state->chosenOf(isChosen) : nullptr;
+    const GlibOwner<GVariant> windows = state->isBelieved ? state->chosenOf(isChosen) : nullptr;
     if (windows == nullptr) {
         otherwise();
         return;
     }
-    state->bringForward(windows, std::move(otherwise));
-    g_variant_unref(windows);
+    state->bringForward(windows.get(), std::move(otherwise));
 }
 
 void GnomeWindowBackend::requestToken(const LaunchedApplication& application,
