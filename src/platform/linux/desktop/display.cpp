@@ -4,7 +4,6 @@
 #include "platform/linux/desktop/x11.h"
 
 #include <wayland-client-core.h>
-#include <xcb/xcb.h>
 
 namespace glidemap {
 
@@ -24,11 +23,7 @@ bool isWaylandDisplayOpen() {
 
 bool isX11DisplayOpen() {
     const std::string name = fromEnvironment("DISPLAY");
-    if (name.empty()) {
-        return false;
-    }
-    const OwnedX11Connection connection(xcb_connect(name.c_str(), nullptr));
-    return xcb_connection_has_error(connection.get()) == 0;
+    return !name.empty() && X11Connection::open(name).has_value();
 }
 
 } // namespace

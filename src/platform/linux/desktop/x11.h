@@ -1,12 +1,16 @@
-// Owning pointers for memory that libxcb allocates, and requests that several services send. These
-// requests block until the server replies.
+// A connection to an X server with its atoms, and requests that several services send.
 //
-// Thread:  the connection's thread.
-// Errors:  if a request fails or the connection is lost, the result is XCB_ATOM_NONE or false.
+// Thread:  the connection's thread. Requests wait for the server, except where noted.
+// Owner:   any. Copies share the connection; the last copy closes it.
+// Errors:  open() returns nullopt. A request that fails, also on a lost connection, returns nothing:
+//          null, XCB_ATOM_NONE or false.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,21 +19,57 @@ using xcb_connection_t = struct xcb_connection_t;
 namespace glidemap {
 
 struct X11Release {
-    void operator()(void* allocated) const; // frees a reply, an event or an error
-    void operator()(xcb_connection_t* connection) const;
+    void operator()(void* allocated) const; // a reply, an event or an error
 };
 
 template <typename Reply>
 using X11Reply = std::unique_ptr<Reply, X11Release>;
-using OwnedX11Connection = std::unique_ptr<xcb_connection_t, X11Release>;
 
-// Sends all requests before waiting for replies, so the server is waited for only once.
-std::vector<std::uint32_t> x11Atoms(xcb_connection_t* connection,
-                                    const std::vector<std::string_view>& names);
-std::uint32_t x11Atom(xcb_connection_t* connection, std::string_view name);
+class X11Connection {
+public:
+    // Connects to the display; to the display in DISPLAY if the name is empty.
+    static std::optional<X11Connection> open(const std::string& display = {});
 
-// Whether a program owns the selection. Some desktop services announce their presence with a
-// selection.
-bool x11SelectionHasOwner(xcb_connection_t* connection, std::uint32_t selection);
+    // Uses a connection that another library owns and closes.
+    explicit X11Connection(xcb_connection_t* borrowed);
+
+    xcb_connection_t* raw() const;
+    std::uint32_t root() const; // of the connection's screen
+    int screen() const;         // its number
+    bool isLost() const;
+    int descriptor() const;
+    void flush() const;
+
+    // Waits once for all names that are not known yet.
+    std::vector<std::uint32_t> atoms(const std::vector<std::string_view>& names) const;
+    std::uint32_t atom(std::string_view name) const;
+
+    // Whether a program owns the selection. Some services announce themselves in this way.
+    bool selectionHasOwner(std::string_view selection) const;
+
+    // These do not wait, once their atoms are known, and do not flush.
+    void requestFromWindowManager(std::uint32_t window, std::string_view request,
+                                  const std::array<std::uint32_t, 5>& details) const;
+
+    // Sends the pieces of launchMessage() to all programs.
+    void broadcastLaunch(std::uint32_t window, const std::vector<std::string>& pieces) const;
+
+    // Waits for the reply of a request; `fetch` is the xcb function that fetches it.
+    template <typename Reply, typename Cookie, typename Error>
+    X11Reply<Reply> reply(Reply* (*fetch)(xcb_connection_t*, Cookie, Error**),
+                          Cookie request) const {
+        Error* failure = nullptr;
+        X11Reply<Reply> received(fetch(raw(), request, &failure));
+        const X11Reply<Error> unused(failure);
+        return received;
+    }
+
+private:
+    struct State;
+
+    explicit X11Connection(std::shared_ptr<State> state);
+
+    std::shared_ptr<State> state;
+};
 
 } // namespace glidemap

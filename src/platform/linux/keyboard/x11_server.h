@@ -7,6 +7,7 @@
 // Errors:  connect() returns null.
 #pragma once
 
+#include "platform/linux/desktop/x11.h"
 #include "platform/linux/keyboard/x_key_server.h"
 
 #include <memory>
@@ -30,9 +31,11 @@ public:
     bool isAlive() const override;
 
 private:
-    struct State;
-    explicit X11Server(std::unique_ptr<State> connected);
-    std::unique_ptr<State> state;
+    explicit X11Server(X11Connection connected);
+
+    void addKeysDown(std::uint16_t device, std::set<std::uint16_t>& keys) const;
+
+    const X11Connection server;
 };
 
 } // namespace glidemap

@@ -41,8 +41,8 @@ void LinuxApplicationShell::becomeAccessory() {
 void LinuxApplicationShell::activate(QWidget& window) {
     window.raise();
     window.activateWindow();
-    if (xcb_connection_t* connection = x11Connection()) {
-        activateOnX11(connection, static_cast<std::uint32_t>(window.winId()),
+    if (const auto connection = x11Connection()) {
+        activateOnX11(*connection, static_cast<std::uint32_t>(window.winId()),
                       std::exchange(startupID, {}));
     } else if (askDesktop && isBehind(window)) {
         askDesktop();
@@ -63,10 +63,10 @@ void LinuxApplicationShell::requestToken(std::string activationToken, std::strin
 }
 
 void LinuxApplicationShell::endLaunch() {
-    xcb_connection_t* const connection = x11Connection();
+    const auto connection = x11Connection();
     QWindow* const window = visibleWindow();
-    if (connection != nullptr && window != nullptr && !startupID.empty()) {
-        endLaunchOnX11(connection, static_cast<std::uint32_t>(window->winId()),
+    if (connection && window != nullptr && !startupID.empty()) {
+        endLaunchOnX11(*connection, static_cast<std::uint32_t>(window->winId()),
                        std::exchange(startupID, {}));
     }
 }

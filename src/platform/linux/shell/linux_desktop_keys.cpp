@@ -1,6 +1,5 @@
 #include "platform/linux/shell/linux_desktop_keys.h"
 
-#include "platform/linux/desktop/x11.h"
 #include "platform/linux/shell/x11_connection.h"
 
 #include <xcb/xcb.h>
@@ -9,11 +8,9 @@ namespace glidemap {
 
 namespace {
 
-// Waits until the server has processed the request. Otherwise it could stay in Qt's buffer, and the
-// window would still receive the keys.
-void waitUntilDone(xcb_connection_t* server) {
-    const X11Reply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+// Qt leaves the request in its buffer; until it is sent, the window would still receive the keys.
+void waitUntilDone(const X11Connection& server) {
+    server.reply(xcb_get_input_focus_reply, xcb_get_input_focus(server.raw()));
 }
 
 } // namespace
@@ -23,7 +20,7 @@ LinuxDesktopKeys::~LinuxDesktopKeys() {
 }
 
 void LinuxDesktopKeys::captureFor(QWindow& window) {
-    if (captureWindow == &window || x11Connection() == nullptr) {
+    if (captureWindow == &window || !x11Connection()) {
         return;
     }
     giveBack();
@@ -35,7 +32,7 @@ void LinuxDesktopKeys::captureFor(QWindow& window) {
 void LinuxDesktopKeys::giveBack() {
     if (captureWindow != nullptr) {
         captureWindow->setKeyboardGrabEnabled(false);
-        waitUntilDone(x11Connection());
+        waitUntilDone(*x11Connection());
         captureWindow = nullptr;
     }
 }

@@ -1,6 +1,5 @@
 #include "platform/linux/shell/linux_status_bar.h"
 
-#include "platform/linux/desktop/x11.h"
 #include "platform/linux/shell/x11_connection.h"
 
 #include <xcb/xcb.h>
@@ -112,14 +111,14 @@ private:
 // MANAGER message to the root window. Qt has already selected these events.
 class LinuxStatusBar::X11Tray : public QAbstractNativeEventFilter {
 public:
-    X11Tray(xcb_connection_t* toServer, std::function<void()> reported)
-        : connection(toServer), appeared(std::move(reported)),
-          manager(x11Atom(connection, "MANAGER")),
-          selection(x11Atom(connection, "_NET_SYSTEM_TRAY_S0")) {
+    X11Tray(X11Connection connection, std::function<void()> appeared)
+        : connection(std::move(connection)), appeared(std::move(appeared)),
+          manager(this->connection.atom("MANAGER")),
+          selection(this->connection.atom(selectionName)) {
         QCoreApplication::instance()->installNativeEventFilter(this);
     }
 
-    bool isThere() const { return x11SelectionHasOwner(connection, selection); }
+    bool isThere() const { return connection.selectionHasOwner(selectionName); }
 
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* /*result*/) override {
         if (type == "xcb_generic_event_t") {
@@ -140,7 +139,9 @@ private:
         }
     }
 
-    xcb_connection_t* const connection;
+    static constexpr const char* selectionName = "_NET_SYSTEM_TRAY_S0";
+
+    const X11Connection connection;
     const std::function<void()> appeared;
     const xcb_atom_t manager;
     const xcb_atom_t selection;
@@ -154,8 +155,8 @@ LinuxStatusBar::LinuxStatusBar()
           QMetaObject::invokeMethod(
               receiver, [this] { connected(); }, Qt::QueuedConnection);
       })) {
-    if (xcb_connection_t* connection = x11Connection()) {
-        onX11 = std::make_unique<X11Tray>(connection, [this] { observers.announceDidChange(); });
+    if (const auto connection = x11Connection()) {
+        onX11 = std::make_unique<X11Tray>(*connection, [this] { observers.announceDidChange(); });
     }
 }
 

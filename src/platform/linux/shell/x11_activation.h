@@ -5,12 +5,12 @@
 // Errors:  none.
 #pragma once
 
+#include "platform/linux/desktop/x11.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-using xcb_connection_t = struct xcb_connection_t;
 
 namespace glidemap {
 
@@ -23,10 +23,12 @@ std::uint32_t timeOfLaunch(std::string_view startupID);
 std::vector<std::string> endOfLaunch(std::string_view startupID);
 
 // `startupID` may be empty.
-void activateOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID);
+void activateOnX11(const X11Connection& connection, std::uint32_t window,
+                   std::string_view startupID);
 
-// Completes the launcher's startup notification without activating a window. `window` identifies
-// the program.
-void endLaunchOnX11(xcb_connection_t* connection, std::uint32_t window, std::string_view startupID);
+// Completes the launcher's startup notification without an activation. `window` identifies the
+// program.
+void endLaunchOnX11(const X11Connection& connection, std::uint32_t window,
+                    std::string_view startupID);
 
 } // namespace glidemap

@@ -4,11 +4,11 @@
 
 namespace glidemap {
 
-// The connection is null on Qt's offscreen platform, although that platform provides this
-// interface.
-xcb_connection_t* x11Connection() {
+// Qt's offscreen platform provides this interface, too, but without a connection.
+std::optional<X11Connection> x11Connection() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->connection() : nullptr;
+    auto* const connection = x11 != nullptr ? x11->connection() : nullptr;
+    return connection != nullptr ? std::optional(X11Connection(connection)) : std::nullopt;
 }
 
 } // namespace glidemap

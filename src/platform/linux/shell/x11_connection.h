@@ -1,13 +1,15 @@
 // Returns Qt's connection to the X server.
 //
 // Thread:  the main thread, while the application object exists.
-// Errors:  returns null outside X11.
+// Errors:  nullopt outside X11.
 #pragma once
 
-using xcb_connection_t = struct xcb_connection_t;
+#include "platform/linux/desktop/x11.h"
+
+#include <optional>
 
 namespace glidemap {
 
-xcb_connection_t* x11Connection();
+std::optional<X11Connection> x11Connection();
 
 } // namespace glidemap

@@ -20,8 +20,11 @@ namespace {
 
 constexpr std::uint32_t maxWindows = 4096;
 
-// The source indication of a pager. Window managers may refuse requests from normal applications,
-// and requests with a timestamp older than the user's last input.
+constexpr const char* activeName = "_NET_ACTIVE_WINDOW";
+constexpr const char* shownWorkspaceName = "_NET_CURRENT_DESKTOP";
+
+// The source indication of a pager: window managers may refuse requests from applications, or with
+// a timestamp older than the user's last input.
 constexpr std::uint32_t byTheUser = 2;
 
 // The maximum number of events and replies that are handled before the thread runs its other tasks.
@@ -48,18 +51,11 @@ private:
     bool again = false;
 };
 
-xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
-    auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    for (; number > 0 && screen.rem > 1; --number)
-        xcb_screen_next(&screen);
-    return screen.data;
-}
-
 } // namespace
 
 class X11Backend::Session : public std::enable_shared_from_this<Session> {
 public:
-    Session(DesktopThread& desktop, WindowListener& to, OwnedX11Connection connection, int screen);
+    Session(DesktopThread& desktop, WindowListener& to, X11Connection connection);
 
     void begin();
 
@@ -80,8 +76,6 @@ private:
     void takeTime(xcb_timestamp_t time);
     void activate(xcb_timestamp_t time);
     void broadcast(const std::vector<std::string>& message);
-    void askWindowManager(xcb_window_t window, xcb_atom_t request,
-                          const std::array<std::uint32_t, 5>& details);
 
     void serve();
     bool serveOnce();
@@ -102,6 +96,7 @@ private:
 
     DesktopThread& thread;
     WindowListener& listener;
+    const X11Connection server;
     X11Requests requests;
     X11WindowReader reader;
     xcb_window_t root;
@@ -109,14 +104,10 @@ private:
     xcb_atom_t listAtom;
     xcb_atom_t managerAtom;
     xcb_atom_t workspaceAtom;
-    xcb_atom_t shownWorkspaceAtom;
-    // Changing a property of this window makes the server report the current time.
-    xcb_window_t clock = XCB_WINDOW_NONE;
+    xcb_window_t clock = XCB_WINDOW_NONE;      // changing it makes the server report its time
     xcb_window_t toActivate = XCB_WINDOW_NONE; // the window to activate when the time arrives
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
-    xcb_atom_t launchBeginsAtom;
-    xcb_atom_t launchMoreAtom;
     std::uint64_t uses = 0;
     Inquiry activeInquiry;
     Inquiry listInquiry;
@@ -129,21 +120,17 @@ private:
     DesktopThread::Watch watch;
 };
 
-X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to,
-                             OwnedX11Connection connection, int screen)
-    : thread(desktop), listener(to), requests(std::move(connection)), reader(requests),
-      root(screenOf(requests.raw(), screen)->root) {
-    const auto atoms = x11Atoms(requests.raw(), {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST",
-                                                 "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
-                                                 "_NET_CURRENT_DESKTOP", "_NET_STARTUP_INFO_BEGIN",
-                                                 "_NET_STARTUP_INFO"});
-    launchBeginsAtom = atoms[5];
-    launchMoreAtom = atoms[6];
+// Fetches all atoms at once, so that no later request waits for the server.
+X11Backend::Session::Session(DesktopThread& desktop, WindowListener& to, X11Connection connection)
+    : thread(desktop), listener(to), server(std::move(connection)), requests(server),
+      reader(requests), root(server.root()) {
+    const auto atoms =
+        server.atoms({activeName, "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_DESKTOP",
+                      shownWorkspaceName, "_NET_STARTUP_INFO_BEGIN", "_NET_STARTUP_INFO"});
     activeAtom = atoms[0];
     listAtom = atoms[1];
-    workspaceAtom = atoms[3];
-    shownWorkspaceAtom = atoms[4];
     managerAtom = atoms[2];
+    workspaceAtom = atoms[3];
 }
 
 void X11Backend::Session::begin() {
@@ -151,16 +138,16 @@ void X11Backend::Session::begin() {
     requests.followProperties(root); // before the queries, so that no change in between is lost
     askForActive();
     askForList();
-    requests.flush();
-    watch = thread.watch(xcb_get_file_descriptor(requests.raw()), [this] { serve(); });
-    serve(); // handles replies that xcb has already read during earlier requests
+    server.flush();
+    watch = thread.watch(server.descriptor(), [this] { serve(); });
+    serve(); // handles replies that earlier requests have already read
 }
 
 void X11Backend::Session::serve() {
     int turns = 0;
     while (turns < maxTurn && serveOnce())
         ++turns;
-    if (requests.isLost()) {
+    if (server.isLost()) {
         lose();
         return;
     }
@@ -178,12 +165,12 @@ void X11Backend::Session::serve() {
 // Polls for an event first, because xcb_poll_for_event() also reads pending replies from the
 // socket.
 bool X11Backend::Session::serveOnce() {
-    const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(requests.raw()));
+    const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(server.raw()));
     if (event != nullptr)
         handle(*event);
     const bool answered = requests.takeReply();
     if (event != nullptr || answered)
-        requests.flush();
+        server.flush();
     return event != nullptr || answered;
 }
 
@@ -199,9 +186,8 @@ void X11Backend::Session::handle(const xcb_generic_event_t& event) {
 }
 
 void X11Backend::Session::makeClock() {
-    xcb_connection_t* const server = requests.raw();
-    clock = xcb_generate_id(server);
-    xcb_create_window(server, 0, clock, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+    clock = xcb_generate_id(server.raw());
+    xcb_create_window(server.raw(), 0, clock, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                       XCB_COPY_FROM_PARENT, 0, nullptr);
     requests.followProperties(clock);
 }
@@ -218,7 +204,7 @@ bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
             lastUse = client.lastUse;
         }
     }
-    if (best == XCB_WINDOW_NONE || requests.isLost())
+    if (best == XCB_WINDOW_NONE || server.isLost())
         return false;
     toActivate = best;
     askForTime();
@@ -226,9 +212,9 @@ bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
 }
 
 void X11Backend::Session::askForTime() {
-    xcb_change_property(requests.raw(), XCB_PROP_MODE_APPEND, clock, XCB_ATOM_WM_NAME,
+    xcb_change_property(server.raw(), XCB_PROP_MODE_APPEND, clock, XCB_ATOM_WM_NAME,
                         XCB_ATOM_STRING, 8, 0, nullptr);
-    requests.flush();
+    server.flush();
 }
 
 void X11Backend::Session::takeTime(xcb_timestamp_t time) {
@@ -242,7 +228,7 @@ void X11Backend::Session::takeTime(xcb_timestamp_t time) {
 // Otherwise the window manager would wait for a program that may fail to start.
 void X11Backend::Session::requestToken(const LaunchedApplication& application,
                                        std::function<void(const LaunchToken&)> then) {
-    if (requests.isLost()) {
+    if (server.isLost()) {
         then({});
         return;
     }
@@ -270,19 +256,8 @@ void X11Backend::Session::requestToken(const LaunchedApplication& application,
 }
 
 void X11Backend::Session::broadcast(const std::vector<std::string>& message) {
-    xcb_atom_t type = launchBeginsAtom;
-    for (const std::string& piece : message) {
-        xcb_client_message_event_t event = {};
-        event.response_type = XCB_CLIENT_MESSAGE;
-        event.format = 8;
-        event.window = clock;
-        event.type = type;
-        std::ranges::copy(piece, event.data.data8);
-        xcb_send_event(requests.raw(), 0, root, XCB_EVENT_MASK_PROPERTY_CHANGE,
-                       reinterpret_cast<const char*>(&event));
-        type = launchMoreAtom;
-    }
-    requests.flush();
+    server.broadcastLaunch(clock, message);
+    server.flush();
 }
 
 // Switches to the window's workspace first, as task bars do, because not every window manager does
@@ -292,22 +267,10 @@ void X11Backend::Session::activate(xcb_timestamp_t time) {
     requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
         constexpr std::uint32_t onAll = 0xFFFFFFFF;
         if (!workspace.items.empty() && workspace.items.front() != onAll)
-            askWindowManager(root, shownWorkspaceAtom, {workspace.items.front(), time});
-        askWindowManager(window, activeAtom, {byTheUser, time, active});
+            server.requestFromWindowManager(root, shownWorkspaceName,
+                                            {workspace.items.front(), time});
+        server.requestFromWindowManager(window, activeName, {byTheUser, time, active});
     });
-}
-
-void X11Backend::Session::askWindowManager(xcb_window_t window, xcb_atom_t request,
-                                           const std::array<std::uint32_t, 5>& details) {
-    xcb_client_message_event_t event = {};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = request;
-    std::ranges::copy(details, event.data.data32);
-    xcb_send_event(requests.raw(), 0, root,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&event));
 }
 
 void X11Backend::Session::propertyChanged(xcb_window_t window, xcb_atom_t property) {
@@ -447,12 +410,11 @@ X11Backend::X11Backend(DesktopThread& desktop, std::string display)
 X11Backend::~X11Backend() = default;
 
 bool X11Backend::start(WindowListener& listener) {
-    int screen = 0;
-    OwnedX11Connection connection(
-        xcb_connect(displayName.empty() ? nullptr : displayName.c_str(), &screen));
-    if (xcb_connection_has_error(connection.get()) != 0)
+    auto connection = X11Connection::open(displayName);
+    if (!connection) {
         return false;
-    session = std::make_shared<Session>(thread, listener, std::move(connection), screen);
+    }
+    session = std::make_shared<Session>(thread, listener, *std::move(connection));
     session->begin();
     return true;
 }

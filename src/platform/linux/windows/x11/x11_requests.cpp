@@ -41,25 +41,25 @@ std::uint32_t processIn(void* answer) {
     return 0;
 }
 
-bool reportsProcesses(xcb_connection_t* connection) {
-    const auto* const extension = xcb_get_extension_data(connection, &xcb_res_id);
+bool reportsProcesses(const X11Connection& server) {
+    const auto* const extension = xcb_get_extension_data(server.raw(), &xcb_res_id);
     if (extension == nullptr || extension->present == 0)
         return false;
-    const X11Reply<xcb_res_query_version_reply_t> version(
-        xcb_res_query_version_reply(connection, xcb_res_query_version(connection, 1, 2), nullptr));
+    const auto version =
+        server.reply(xcb_res_query_version_reply, xcb_res_query_version(server.raw(), 1, 2));
     return version != nullptr && (version->server_major > 1 ||
                                   (version->server_major == 1 && version->server_minor >= 2));
 }
 
 } // namespace
 
-X11Requests::X11Requests(OwnedX11Connection established)
-    : connection(std::move(established)), knowsProcesses(reportsProcesses(connection.get())) {}
+X11Requests::X11Requests(X11Connection connection)
+    : connection(std::move(connection)), knowsProcesses(reportsProcesses(this->connection)) {}
 
 void X11Requests::property(xcb_window_t window, xcb_atom_t name, std::uint32_t items,
                            PropertyTaker taker) {
     const auto cookie =
-        xcb_get_property(connection.get(), 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, items);
+        xcb_get_property(connection.raw(), 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, items);
     expect(cookie.sequence, [take = std::move(taker)](void* answer, xcb_generic_error_t* error) {
         take(propertyIn(answer, error));
     });
@@ -71,7 +71,7 @@ void X11Requests::processOf(xcb_window_t window, ProcessTaker taker) {
         return;
     }
     const xcb_res_client_id_spec_t asked = {window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    const auto cookie = xcb_res_query_client_ids(connection.get(), 1, &asked);
+    const auto cookie = xcb_res_query_client_ids(connection.raw(), 1, &asked);
     expect(cookie.sequence,
            [take = std::move(taker)](void* answer, xcb_generic_error_t* /*error*/) {
                take(processIn(answer));
@@ -80,7 +80,7 @@ void X11Requests::processOf(xcb_window_t window, ProcessTaker taker) {
 
 void X11Requests::followProperties(xcb_window_t window) {
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &events);
+    xcb_change_window_attributes(connection.raw(), window, XCB_CW_EVENT_MASK, &events);
 }
 
 void X11Requests::expect(std::uint32_t sequence, Taker taker) {
@@ -88,11 +88,11 @@ void X11Requests::expect(std::uint32_t sequence, Taker taker) {
 }
 
 bool X11Requests::takeReply() {
-    if (pending.empty() || isLost())
+    if (pending.empty() || connection.isLost())
         return false;
     void* reply = nullptr;
     xcb_generic_error_t* error = nullptr;
-    if (xcb_poll_for_reply(connection.get(), pending.front().sequence, &reply, &error) == 0)
+    if (xcb_poll_for_reply(connection.raw(), pending.front().sequence, &reply, &error) == 0)
         return false;
     const X11Reply<void> ownedReply(reply);
     const X11Reply<void> ownedError(error);
@@ -100,18 +100,6 @@ bool X11Requests::takeReply() {
     pending.pop_front();
     taker(reply, error);
     return true;
-}
-
-void X11Requests::flush() {
-    xcb_flush(connection.get());
-}
-
-bool X11Requests::isLost() const {
-    return xcb_connection_has_error(connection.get()) != 0;
-}
-
-xcb_connection_t* X11Requests::raw() const {
-    return connection.get();
 }
 
 } // namespace glidemap

@@ -3,8 +3,8 @@
 //
 // Thread:  one; the desktop thread in the program.
 // Owner:   X11Backend.
-// Errors:  an error reply is delivered as an empty result. After the connection is lost, isLost()
-//          returns true and no more replies arrive.
+// Errors:  an error reply is passed on as an empty result. After the connection is lost, no more
+//          replies arrive.
 #pragma once
 
 #include "platform/linux/desktop/x11.h"
@@ -33,7 +33,7 @@ public:
     using PropertyTaker = std::function<void(const X11Property&)>;
     using ProcessTaker = std::function<void(std::uint32_t)>; // gets 0 if the process is unknown
 
-    explicit X11Requests(OwnedX11Connection established);
+    explicit X11Requests(X11Connection connection);
 
     // Requests at most `items` items of four bytes.
     void property(xcb_window_t window, xcb_atom_t name, std::uint32_t items, PropertyTaker taker);
@@ -48,9 +48,7 @@ public:
     // Passes the oldest reply to its callback. Returns false if no reply has arrived.
     bool takeReply();
 
-    void flush();
-    bool isLost() const;
-    xcb_connection_t* raw() const;
+    const X11Connection& server() const { return connection; }
 
 private:
     using Taker = std::function<void(void* answer, xcb_generic_error_t* error)>;
@@ -62,7 +60,7 @@ private:
 
     void expect(std::uint32_t sequence, Taker taker);
 
-    OwnedX11Connection connection;
+    X11Connection connection;
     bool knowsProcesses = false;
     std::deque<Pending> pending;
 };

@@ -62,10 +62,10 @@ struct X11WindowReader::Reading {
 
 X11WindowReader::X11WindowReader(X11Requests& through)
     : requests(through), hostName(ownHostName()) {
-    const auto named = x11Atoms(
-        requests.raw(), {"_NET_WM_PID", "WM_CLIENT_MACHINE", "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE",
-                         "_NET_WM_NAME", "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_WINDOW_TYPE_DIALOG",
-                         "_NET_WM_WINDOW_TYPE_UTILITY", "_NET_WM_STATE_SKIP_TASKBAR"});
+    const auto named = requests.server().atoms(
+        {"_NET_WM_PID", "WM_CLIENT_MACHINE", "_NET_WM_WINDOW_TYPE", "_NET_WM_STATE", "_NET_WM_NAME",
+         "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_WINDOW_TYPE_DIALOG", "_NET_WM_WINDOW_TYPE_UTILITY",
+         "_NET_WM_STATE_SKIP_TASKBAR"});
     atoms = {named[0], named[1], named[2], named[3], named[4],
              named[5], named[6], named[7], named[8]};
 }
