@@ -2,14 +2,14 @@
 
 #include "core/log.h"
 #include "platform/linux/applications/process_launch.h"
-#include "platform/linux/desktop/glib_owner.h"
-#include "platform/linux/desktop/shared_bus.h"
+#include "platform/linux/desktop/desktop_bus.h"
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,7 +19,7 @@ namespace glidemap {
 
 namespace {
 
-// A launch request. Asynchronous callbacks pass it on.
+// A launch request, which the callbacks share.
 struct Launch {
     GlibOwner<GDesktopAppInfo> entry;
     std::string url; // to open; empty to launch the application itself
@@ -61,20 +61,6 @@ bool wasNotReached(const GError* error) {
            g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_TIMED_OUT) == FALSE;
 }
 
-void activated(GObject* connection, GAsyncResult* result, gpointer data) {
-    const std::unique_ptr<Launch> launch(static_cast<Launch*>(data));
-    GError* failure = nullptr;
-    const GlibOwner<GVariant> answer(
-        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &failure));
-    const GlibOwner<GError> error(failure);
-    if (error != nullptr) {
-        logLine("services", "an application was not activated: ", error->message);
-    }
-    if (answer == nullptr && wasNotReached(error.get())) {
-        startProcess(launch->entry.get(), launch->url, launch->token);
-    }
-}
-
 GVariant* platformData(const LaunchToken& token) {
     GVariantBuilder data;
     g_variant_builder_init(&data, G_VARIANT_TYPE_VARDICT);
@@ -89,36 +75,44 @@ GVariant* platformData(const LaunchToken& token) {
     return g_variant_builder_end(&data);
 }
 
-void activate(GDBusConnection* bus, const std::string& name, std::unique_ptr<Launch> launch) {
+void activate(const std::shared_ptr<DesktopBus>& bus, const std::string& name,
+              const std::shared_ptr<Launch>& launch) {
+    constexpr std::chrono::seconds patience{25}; // the usual time limit of D-Bus
     const std::array<const char*, 2> urls = {launch->url.c_str(), nullptr};
     const bool isPlain = launch->url.empty();
     GVariant* const data = platformData(launch->token);
     GVariant* const arguments =
         isPlain ? g_variant_new("(@a{sv})", data) : g_variant_new("(^as@a{sv})", urls.data(), data);
-    g_dbus_connection_call(bus, name.c_str(), objectPathOf(name).c_str(),
-                           "org.freedesktop.Application", isPlain ? "Activate" : "Open", arguments,
-                           nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, activated,
-                           launch.release());
-}
-
-void launchOn(GDBusConnection* bus, std::unique_ptr<Launch> launch) {
-    const std::string name = busNameOf(launch->entry.get());
-    if (bus != nullptr && !name.empty()) {
-        activate(bus, name, std::move(launch));
-    } else {
-        startProcess(launch->entry.get(), launch->url, launch->token);
-    }
+    bus->call({{name, objectPathOf(name), "org.freedesktop.Application"},
+               isPlain ? "Activate" : "Open",
+               IfNotRunning::start,
+               patience},
+              arguments, [bus, launch](GVariant* /*values*/, const GError* error) {
+                  if (error == nullptr) {
+                      return;
+                  }
+                  logLine("services", "an application was not activated: ", error->message);
+                  if (wasNotReached(error)) {
+                      startProcess(launch->entry.get(), launch->url, launch->token);
+                  }
+              });
 }
 
 // Only D-Bus activation waits for the bus; a process starts without it.
 void begin(GlibOwner<GDesktopAppInfo> entry, const std::string& url, const LaunchToken& token) {
-    if (!canBeActivated(entry.get())) {
+    const std::string name = canBeActivated(entry.get()) ? busNameOf(entry.get()) : "";
+    if (name.empty()) {
         startProcess(entry.get(), url, token);
         return;
     }
-    const auto kept = std::make_shared<std::unique_ptr<Launch>>(
-        std::make_unique<Launch>(Launch{std::move(entry), url, token}));
-    withSharedBus([kept](GDBusConnection* bus) { launchOn(bus, std::move(*kept)); });
+    const auto launch = std::make_shared<Launch>(Launch{std::move(entry), url, token});
+    DesktopBus::withShared([name, launch](const std::shared_ptr<DesktopBus>& bus) {
+        if (bus != nullptr) {
+            activate(bus, name, launch);
+        } else {
+            startProcess(launch->entry.get(), launch->url, launch->token);
+        }
+    });
 }
 
 } // namespace

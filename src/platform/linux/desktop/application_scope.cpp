@@ -1,7 +1,6 @@
 #include "platform/linux/desktop/application_scope.h"
 
-#include "platform/linux/desktop/glib_owner.h"
-#include "platform/linux/desktop/shared_bus.h"
+#include "platform/linux/desktop/desktop_bus.h"
 
 #include <gio/gio.h>
 
@@ -21,10 +20,11 @@ std::string escaped(std::string_view text) {
         const bool plain = g_ascii_isalnum(character) != FALSE || character == '.' ||
                            character == '_' || character == ':';
         const auto byte = static_cast<unsigned char>(character);
-        if (plain)
+        if (plain) {
             result.push_back(character);
-        else
+        } else {
             result.append("\\x").append(1, digits[byte >> 4U]).append(1, digits[byte & 0xFU]);
+        }
     }
     return result;
 }
@@ -43,33 +43,27 @@ GVariant* startTransientUnit(const Move& move) {
     return g_variant_new("(ssa(sv)a(sa(sv)))", move.unit.c_str(), "fail", &properties, nullptr);
 }
 
-// Called when systemd has replied. Until then, the pending call keeps the connection open.
-void answered(GObject* connection, GAsyncResult* result, gpointer /*data*/) {
-    const GlibOwner<GVariant> answer(
-        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, nullptr));
-}
-
-void askFor(const Move& move, GDBusConnection* bus) {
-    if (bus == nullptr)
-        return;
-    g_dbus_connection_call(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
-                           "org.freedesktop.systemd1.Manager", "StartTransientUnit",
-                           startTransientUnit(move), nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
-                           nullptr, answered, nullptr);
-}
-
 } // namespace
 
 std::string scopeName(std::string_view identifier, pid_t process) {
     constexpr std::string_view suffix = ".desktop";
-    if (identifier.ends_with(suffix))
+    if (identifier.ends_with(suffix)) {
         identifier.remove_suffix(suffix.size());
+    }
     return "app-glidemap-" + escaped(identifier) + "-" + std::to_string(process) + ".scope";
 }
 
 void moveIntoScope(std::string_view identifier, pid_t process) {
-    withSharedBus([move = Move{scopeName(identifier, process), process}](GDBusConnection* bus) {
-        askFor(move, bus);
+    DesktopBus::withShared([move = Move{scopeName(identifier, process), process}](
+                               const std::shared_ptr<DesktopBus>& bus) {
+        if (bus == nullptr) {
+            return;
+        }
+        // The pending call keeps the connection open until systemd has received the request.
+        bus->call({"org.freedesktop.systemd1", "/org/freedesktop/systemd1",
+                   "org.freedesktop.systemd1.Manager"},
+                  "StartTransientUnit", startTransientUnit(move),
+                  [bus](GVariant* /*values*/, const GError* /*error*/) {});
     });
 }
 

@@ -15,7 +15,6 @@ namespace glidemap {
 
 namespace {
 
-using Connection = GlibOwner<GDBusConnection>;
 using Cancellable = GlibOwner<GCancellable>;
 using Source = GlibOwner<GSource>;
 
@@ -51,45 +50,26 @@ bool isTimeout(const GError* error) {
 } // namespace
 
 struct BusRequest::State {
-    using WithBus = std::function<void(GDBusConnection* connection)>;
-    using SignalHandler = std::function<void(GVariant* values)>;
+    using WithBus = std::function<void(DesktopBus* bus)>;
 
-    // The user data of GIO's callbacks. It keeps the transaction alive until the callbacks have
-    // run.
-    struct Opening {
-        std::shared_ptr<BusRequest> request;
-        Bus bus;
-        WithBus then;
-        Cancellable attempt;
-        Source limit;
-    };
-    struct Call {
-        std::shared_ptr<BusRequest> request;
-        Then then;
-        BusMethod method;
-    };
     struct Line {
-        Connection connection;
-        bool outOfOrder = false; // the bus could not be opened; do not retry
+        std::unique_ptr<DesktopBus> bus;
+        bool outOfOrder = false; // opening failed; do not retry
     };
 
     Line& line(Bus bus) { return lines[bus == Bus::system ? 0 : 1]; }
 
     static void withBus(const std::shared_ptr<BusRequest>& request, Bus bus, WithBus then);
-    static void opened(GObject* source, GAsyncResult* result, gpointer opening);
-    static void answered(GObject* connection, GAsyncResult* result, gpointer call);
-    static void signalled(GDBusConnection* connection, const char* sender, const char* path,
-                          const char* interface, const char* signal, GVariant* values,
-                          gpointer onSignal);
+    void opened(Bus bus, std::unique_ptr<DesktopBus> result, const WithBus& then);
 
     bool calledOff = false;
     std::array<Line, 2> lines;
     Cancellable cancellable{g_cancellable_new()};
-    GCancellable* openingAttempt = nullptr;
+    std::shared_ptr<GCancellable> openingAttempt; // null while no bus is being opened
     std::vector<Source> timers;
     struct Watch {
-        GDBusConnection* connection;
-        guint subscription;
+        DesktopBus* bus;
+        unsigned subscription;
     };
     std::vector<Watch> watches;
 };
@@ -98,58 +78,32 @@ void BusRequest::State::withBus(const std::shared_ptr<BusRequest>& request, Bus 
     State& state = *request->state;
     Line& line = state.line(bus);
     const auto address = line.outOfOrder ? std::nullopt : busAddress(bus);
-    if (line.connection || !address) {
-        then(line.connection.get());
+    if (line.bus || !address) {
+        then(line.bus.get());
         return;
     }
-    auto* const opening =
-        new Opening{request, bus, std::move(then), Cancellable(g_cancellable_new()), nullptr};
-    GCancellable* const attempt = opening->attempt.get();
+    const std::shared_ptr<GCancellable> attempt = Cancellable(g_cancellable_new());
     state.openingAttempt = attempt;
-    opening->limit =
-        startTimer(request->patienceOfAStep, [attempt] { g_cancellable_cancel(attempt); });
-    constexpr auto flags =
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    g_dbus_connection_new_for_address(address->c_str(), flags, nullptr, attempt, opened, opening);
+    const std::shared_ptr<GSource> limit =
+        startTimer(request->patienceOfAStep, [attempt] { g_cancellable_cancel(attempt.get()); });
+    DesktopBus::open(*address, attempt.get(),
+                     [request, bus, limit, then = std::move(then)](auto opened) {
+                         request->state->opened(bus, std::move(opened), then);
+                     });
 }
 
-void BusRequest::State::opened(GObject* /*source*/, GAsyncResult* result, gpointer opening) {
-    const std::unique_ptr<Opening> held(static_cast<Opening*>(opening));
-    State& state = *held->request->state;
-    state.openingAttempt = nullptr;
-    Line& line = state.line(held->bus);
-    line.connection.reset(g_dbus_connection_new_for_address_finish(result, nullptr));
-    line.outOfOrder = !line.connection;
-    if (line.outOfOrder) {
-        logLine("services", "the ", held->bus == Bus::system ? "system" : "session",
+void BusRequest::State::opened(Bus bus, std::unique_ptr<DesktopBus> result, const WithBus& then) {
+    openingAttempt.reset();
+    Line& opened = line(bus);
+    opened.bus = std::move(result);
+    opened.outOfOrder = !opened.bus;
+    if (opened.outOfOrder) {
+        logLine("services", "the ", bus == Bus::system ? "system" : "session",
                 " bus did not reply");
     }
-    if (!state.calledOff) {
-        held->then(line.connection.get());
+    if (!calledOff) {
+        then(opened.bus.get());
     }
-}
-
-void BusRequest::State::answered(GObject* connection, GAsyncResult* result, gpointer call) {
-    const std::unique_ptr<Call> held(static_cast<Call*>(call));
-    GError* failure = nullptr;
-    const GlibOwner<GVariant> values(
-        g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &failure));
-    const GlibOwner<GError> error(failure);
-    if (error != nullptr) {
-        logLine("services", held->method.service, " ", held->method.name, ": ", error->message);
-    }
-    if (!held->request->state->calledOff) {
-        held->then({values.get(), isServiceMissing(error.get()), isTimeout(error.get())});
-    }
-}
-
-void BusRequest::State::signalled(GDBusConnection* /*connection*/, const char* /*sender*/,
-                                  const char* /*path*/, const char* /*interface*/,
-                                  const char* /*signal*/, GVariant* values, gpointer onSignal) {
-    const SignalHandler copy =
-        *static_cast<SignalHandler*>(onSignal); // copied, because the callback may end the watch
-    copy(values);
 }
 
 BusRequest::BusRequest(Milliseconds stepPatience)
@@ -163,18 +117,25 @@ void BusRequest::call(const BusMethod& method, GVariant* arguments, Milliseconds
                       IfNotRunning ifNotRunning, Then then) {
     const std::shared_ptr<GVariant> held(
         GlibOwner<GVariant>(arguments != nullptr ? g_variant_ref_sink(arguments) : nullptr));
-    const auto flags = ifNotRunning == IfNotRunning::start ? G_DBUS_CALL_FLAGS_NONE
-                                                           : G_DBUS_CALL_FLAGS_NO_AUTO_START;
-    const auto ask = [=, self = shared_from_this(),
-                      then = std::move(then)](GDBusConnection* connection) {
-        if (connection == nullptr) {
+    const auto ask = [=, self = shared_from_this(), then = std::move(then)](DesktopBus* bus) {
+        if (bus == nullptr) {
             then({.serviceMissing = true, .busIsOpen = false});
             return;
         }
-        g_dbus_connection_call(connection, method.service, method.path, method.interface,
-                               method.name, held.get(), nullptr, flags,
-                               static_cast<int>(patience.count()), self->state->cancellable.get(),
-                               State::answered, new State::Call{self, then, method});
+        bus->call({{method.service, method.path, method.interface},
+                   method.name,
+                   ifNotRunning,
+                   patience,
+                   self->state->cancellable.get()},
+                  held.get(), [=](GVariant* values, const GError* error) {
+                      if (error != nullptr) {
+                          logLine("services", method.service, " ", method.name, ": ",
+                                  error->message);
+                      }
+                      if (!self->state->calledOff) {
+                          then({values, isServiceMissing(error), isTimeout(error)});
+                      }
+                  });
     };
     State::withBus(shared_from_this(), method.bus, ask);
 }
@@ -184,12 +145,14 @@ void BusRequest::call(const BusMethod& method, GVariant* arguments, Then then) {
 }
 
 void BusRequest::watch(const Signal& signal, std::function<void(GVariant*)> onSignal) {
-    GDBusConnection* const connection = state->line(signal.bus).connection.get();
-    const guint subscription = g_dbus_connection_signal_subscribe(
-        connection, signal.service, signal.interface, signal.name, nullptr, signal.firstArgument,
-        G_DBUS_SIGNAL_FLAGS_NONE, State::signalled, new State::SignalHandler(std::move(onSignal)),
-        [](gpointer held) { delete static_cast<State::SignalHandler*>(held); });
-    state->watches.push_back({connection, subscription});
+    DesktopBus* const bus = state->line(signal.bus).bus.get();
+    const unsigned subscription =
+        bus->subscribe({signal.service, "", signal.interface, signal.name,
+                        signal.firstArgument != nullptr ? signal.firstArgument : ""},
+                       [onSignal = std::move(onSignal)](const std::string&, GVariant* values) {
+                           onSignal(values);
+                       });
+    state->watches.push_back({bus, subscription});
 }
 
 void BusRequest::watchProperties(Bus bus, const char* service, const char* interface,
@@ -201,7 +164,7 @@ void BusRequest::watchProperties(Bus bus, const char* service, const char* inter
 void BusRequest::stopWaiting() {
     state->timers.clear();
     for (const State::Watch& watch : std::exchange(state->watches, {})) {
-        g_dbus_connection_signal_unsubscribe(watch.connection, watch.subscription);
+        watch.bus->unsubscribe(watch.subscription);
     }
 }
 
@@ -215,7 +178,7 @@ void BusRequest::cancel() {
     stopWaiting();
     g_cancellable_cancel(state->cancellable.get());
     if (state->openingAttempt != nullptr) {
-        g_cancellable_cancel(state->openingAttempt);
+        g_cancellable_cancel(state->openingAttempt.get());
     }
 }
 

@@ -13,15 +13,13 @@
 //          callbacks.
 #pragma once
 
-#include "platform/linux/desktop/bus_address.h"
+#include "platform/linux/desktop/desktop_bus.h"
 #include "platform/linux/desktop/desktop_thread.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
-
-using GVariant = struct _GVariant;
 
 namespace glidemap {
 
@@ -41,8 +39,6 @@ struct BusReply {
     bool isLate = false; // the service received the call but did not reply in time
     bool busIsOpen = true;
 };
-
-enum class IfNotRunning { leave, start };
 
 class BusRequests;
 

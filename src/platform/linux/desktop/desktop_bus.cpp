@@ -1,25 +1,31 @@
 #include "platform/linux/desktop/desktop_bus.h"
 
 #include "platform/linux/desktop/bus_probe.h"
-#include "platform/linux/desktop/environment.h"
-#include "platform/linux/desktop/glib_owner.h"
 
 #include <gio/gio.h>
 
-#include <algorithm>
-#include <chrono>
 #include <utility>
 
 namespace glidemap {
 
 namespace {
 
-constexpr int noTimeout = G_MAXINT;
-constexpr int busTimeout = 5000; // milliseconds; a working bus replies in less than one
+constexpr std::chrono::milliseconds busPatience{5000}; // the bus replies in less than one
+constexpr std::chrono::milliseconds sharedBusPatience{1000};
 
 // A working bus responds within a millisecond, or within a few hundred milliseconds during a busy
 // login.
 constexpr std::chrono::milliseconds silentBusPatience{3000};
+
+constexpr auto asClient = static_cast<GDBusConnectionFlags>(
+    G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+
+const BusObject busDaemon{"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"};
+
+template <typename Type>
+void forget(gpointer held) {
+    delete static_cast<Type*>(held);
+}
 
 struct NameWatch {
     std::function<void(const std::string&)> appeared;
@@ -35,13 +41,13 @@ void reportVanished(GDBusConnection* /*connection*/, const char* /*name*/, gpoin
     static_cast<NameWatch*>(watch)->vanished();
 }
 
-struct Call {
+struct PendingCall {
     std::weak_ptr<bool> alive;
     DesktopBus::Answer answer;
 };
 
 void passAnswer(GObject* connection, GAsyncResult* result, gpointer data) {
-    const std::unique_ptr<Call> call(static_cast<Call*>(data));
+    const std::unique_ptr<PendingCall> call(static_cast<PendingCall*>(data));
     GError* failure = nullptr;
     const GlibOwner<GVariant> values(
         g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &failure));
@@ -59,8 +65,43 @@ void callSignalHandler(GDBusConnection* /*connection*/, const char* /*sender*/,
     send(signal, values);
 }
 
+void callMethodHandler(GDBusConnection* /*connection*/, const char* sender, const char* /*path*/,
+                       const char* /*interface*/, const char* /*method*/, GVariant* arguments,
+                       GDBusMethodInvocation* invocation, gpointer handler) {
+    (*static_cast<DesktopBus::MethodHandler*>(handler))(sender, arguments);
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+}
+
 const char* orAny(const std::string& text) {
     return text.empty() ? nullptr : text.c_str();
+}
+
+int timeoutOf(const DesktopBus::Call& call) {
+    return call.patience ? static_cast<int>(call.patience->count()) : G_MAXINT;
+}
+
+GDBusCallFlags flagsOf(const DesktopBus::Call& call) {
+    return call.ifNotRunning == IfNotRunning::start ? G_DBUS_CALL_FLAGS_NONE
+                                                    : G_DBUS_CALL_FLAGS_NO_AUTO_START;
+}
+
+// An attempt to get GIO's shared connection. Its time limit ends with it.
+struct SharedAttempt {
+    DesktopBus::Shared then;
+    GlibOwner<GCancellable> cancellable{g_cancellable_new()};
+    GlibOwner<GSource> limit{g_timeout_source_new(static_cast<guint>(sharedBusPatience.count()))};
+
+    static gboolean cancel(gpointer cancellable) {
+        g_cancellable_cancel(static_cast<GCancellable*>(cancellable));
+        return G_SOURCE_REMOVE;
+    }
+};
+
+// Kept, because GIO closes its connection with the last reference. Never destroyed, and used only
+// on the launching thread.
+std::shared_ptr<DesktopBus>& keptBus() {
+    static auto& kept = *new std::shared_ptr<DesktopBus>;
+    return kept;
 }
 
 } // namespace
@@ -104,20 +145,56 @@ std::optional<std::vector<std::string>> wordsIn(GVariant* reply) {
 std::unique_ptr<DesktopBus> DesktopBus::open() {
     const auto address =
         takeText(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, nullptr));
-    if (!address || !busResponds(*address, silentBusPatience)) {
-        return nullptr;
-    }
-    constexpr auto asClient =
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    GlibOwner<GDBusConnection> opened(g_dbus_connection_new_for_address_sync(
-        address->c_str(), asClient, nullptr, nullptr, nullptr));
-    return opened == nullptr ? nullptr : std::make_unique<DesktopBus>(std::move(opened));
+    return address && busResponds(*address, silentBusPatience) ? open(*address) : nullptr;
 }
 
-DesktopBus::DesktopBus(GlibOwner<GDBusConnection> opened) : _connection(std::move(opened)) {
-    // The library's default is to exit the process when the bus disconnects.
-    g_dbus_connection_set_exit_on_close(_connection.get(), FALSE);
+std::unique_ptr<DesktopBus> DesktopBus::open(const std::string& address) {
+    return owning(g_dbus_connection_new_for_address_sync(address.c_str(), asClient, nullptr,
+                                                         nullptr, nullptr));
+}
+
+void DesktopBus::open(const std::string& address, GCancellable* cancellable, Opened then) {
+    const auto finished = [](GObject* /*source*/, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<Opened> opened(static_cast<Opened*>(data));
+        (*opened)(owning(g_dbus_connection_new_for_address_finish(result, nullptr)));
+    };
+    g_dbus_connection_new_for_address(address.c_str(), asClient, nullptr, cancellable, finished,
+                                      new Opened(std::move(then)));
+}
+
+void DesktopBus::withShared(Shared then) {
+    if (keptBus() && g_dbus_connection_is_closed(keptBus()->connection.get()) != FALSE) {
+        keptBus().reset(); // otherwise GIO would return it again
+    }
+    auto* const attempt = new SharedAttempt{std::move(then)};
+    g_source_set_callback(attempt->limit.get(), SharedAttempt::cancel, attempt->cancellable.get(),
+                          nullptr);
+    g_source_attach(attempt->limit.get(), g_main_context_get_thread_default());
+    const auto finished = [](GObject* /*source*/, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<SharedAttempt> ended(static_cast<SharedAttempt*>(data));
+        GlibOwner<GDBusConnection> bus(g_bus_get_finish(result, nullptr));
+        if (bus == nullptr) {
+            ended->then(nullptr);
+            return;
+        }
+        if (!keptBus() || keptBus()->connection != bus) {
+            keptBus().reset(new DesktopBus(std::move(bus), Sharing::shared));
+        }
+        ended->then(std::shared_ptr(keptBus()));
+    };
+    g_bus_get(G_BUS_TYPE_SESSION, attempt->cancellable.get(), finished, attempt);
+}
+
+std::unique_ptr<DesktopBus> DesktopBus::owning(GDBusConnection* connection) {
+    GlibOwner<GDBusConnection> owner(connection);
+    return std::unique_ptr<DesktopBus>(
+        owner != nullptr ? new DesktopBus(std::move(owner), Sharing::own) : nullptr);
+}
+
+// The library's default for shared connections is to exit the process when the bus disconnects.
+DesktopBus::DesktopBus(GlibOwner<GDBusConnection> connection, Sharing sharing)
+    : connection(std::move(connection)), sharing(sharing) {
+    g_dbus_connection_set_exit_on_close(this->connection.get(), FALSE);
 }
 
 DesktopBus::~DesktopBus() {
@@ -125,65 +202,91 @@ DesktopBus::~DesktopBus() {
         g_bus_unwatch_name(watch);
     }
     for (const unsigned subscription : subscriptions) {
-        g_dbus_connection_signal_unsubscribe(_connection.get(), subscription);
+        g_dbus_connection_signal_unsubscribe(connection.get(), subscription);
     }
-    g_dbus_connection_flush_sync(_connection.get(), nullptr, nullptr);
-    g_dbus_connection_close_sync(_connection.get(), nullptr, nullptr);
+    for (const unsigned object : objects) {
+        g_dbus_connection_unregister_object(connection.get(), object);
+    }
+    if (sharing == Sharing::own) {
+        g_dbus_connection_flush_sync(connection.get(), nullptr, nullptr);
+        g_dbus_connection_close_sync(connection.get(), nullptr, nullptr);
+    }
 }
 
 void DesktopBus::watchName(const char* name, std::function<void(const std::string&)> appeared,
                            std::function<void()> vanished) {
     watches.push_back(g_bus_watch_name_on_connection(
-        _connection.get(), name, G_BUS_NAME_WATCHER_FLAGS_NONE, reportAppeared, reportVanished,
-        new NameWatch{std::move(appeared), std::move(vanished)},
-        [](gpointer watch) { delete static_cast<NameWatch*>(watch); }));
+        connection.get(), name, G_BUS_NAME_WATCHER_FLAGS_NONE, reportAppeared, reportVanished,
+        new NameWatch{std::move(appeared), std::move(vanished)}, forget<NameWatch>));
+}
+
+void DesktopBus::call(const Call& call, GVariant* arguments, Answer answer) {
+    g_dbus_connection_call(connection.get(), call.object.name.c_str(), call.object.path.c_str(),
+                           call.object.interface.c_str(), call.method.c_str(), arguments, nullptr,
+                           flagsOf(call), timeoutOf(call), call.cancellable, passAnswer,
+                           new PendingCall{alive, std::move(answer)});
 }
 
 void DesktopBus::call(const BusObject& object, const char* method, GVariant* arguments,
                       Answer answer) {
-    g_dbus_connection_call(_connection.get(), object.name.c_str(), object.path.c_str(),
-                           object.interface.c_str(), method, arguments, nullptr,
-                           G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, passAnswer,
-                           new Call{alive, std::move(answer)});
+    call({object, method}, arguments, std::move(answer));
 }
 
 void DesktopBus::send(const BusObject& object, const char* method, GVariant* arguments) {
-    g_dbus_connection_call(_connection.get(), object.name.c_str(), object.path.c_str(),
+    g_dbus_connection_call(connection.get(), object.name.c_str(), object.path.c_str(),
                            object.interface.c_str(), method, arguments, nullptr,
-                           G_DBUS_CALL_FLAGS_NO_AUTO_START, noTimeout, nullptr, nullptr, nullptr);
+                           G_DBUS_CALL_FLAGS_NO_AUTO_START, G_MAXINT, nullptr, nullptr, nullptr);
 }
 
-unsigned DesktopBus::subscribe(const BusObject& object, SignalHandler handler) {
+DesktopBus::Reply DesktopBus::wait(const Call& call, GVariant* arguments) const {
+    GError* failure = nullptr;
+    Reply reply;
+    reply.values.reset(g_dbus_connection_call_sync(
+        connection.get(), call.object.name.c_str(), call.object.path.c_str(),
+        call.object.interface.c_str(), call.method.c_str(), arguments, nullptr, flagsOf(call),
+        timeoutOf(call), call.cancellable, &failure));
+    reply.error.reset(failure);
+    if (failure != nullptr) {
+        g_dbus_error_strip_remote_error(failure);
+    }
+    return reply;
+}
+
+bool DesktopBus::isOwned(const char* name) const {
+    const Reply reply = wait({busDaemon, "NameHasOwner", IfNotRunning::leave, busPatience},
+                             g_variant_new("(s)", name));
+    return booleanIn(reply.values.get()).value_or(false);
+}
+
+unsigned DesktopBus::subscribe(const BusSignal& signal, SignalHandler handler) {
     const unsigned subscription = g_dbus_connection_signal_subscribe(
-        _connection.get(), object.name.c_str(), orAny(object.interface), nullptr,
-        orAny(object.path), nullptr, G_DBUS_SIGNAL_FLAGS_NONE, callSignalHandler,
-        new SignalHandler(std::move(handler)),
-        [](gpointer data) { delete static_cast<SignalHandler*>(data); });
+        connection.get(), orAny(signal.service), orAny(signal.interface), orAny(signal.name),
+        orAny(signal.path), orAny(signal.firstArgument), G_DBUS_SIGNAL_FLAGS_NONE,
+        callSignalHandler, new SignalHandler(std::move(handler)), forget<SignalHandler>);
     subscriptions.push_back(subscription);
     return subscription;
 }
 
 void DesktopBus::unsubscribe(unsigned subscription) {
     if (std::erase(subscriptions, subscription) > 0) {
-        g_dbus_connection_signal_unsubscribe(_connection.get(), subscription);
+        g_dbus_connection_signal_unsubscribe(connection.get(), subscription);
     }
 }
 
-bool DesktopBus::isOwned(const char* name) const {
-    const GlibOwner<GVariant> answer(g_dbus_connection_call_sync(
-        _connection.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
-        "NameHasOwner", g_variant_new("(s)", name), G_VARIANT_TYPE("(b)"), G_DBUS_CALL_FLAGS_NONE,
-        busTimeout, nullptr, nullptr));
-    return booleanIn(answer.get()).value_or(false);
+// The registration holds a reference to the interface's description.
+void DesktopBus::serve(const char* path, const char* description, MethodHandler handler) {
+    static constexpr GDBusInterfaceVTable methods = {callMethodHandler, nullptr, nullptr, {}};
+    const GlibOwner<GDBusNodeInfo> node(g_dbus_node_info_new_for_xml(description, nullptr));
+    const unsigned object = g_dbus_connection_register_object(
+        connection.get(), path, node->interfaces[0], &methods,
+        new MethodHandler(std::move(handler)), forget<MethodHandler>, nullptr);
+    if (object != 0) {
+        objects.push_back(object);
+    }
 }
 
 std::string DesktopBus::uniqueName() const {
-    return g_dbus_connection_get_unique_name(_connection.get());
-}
-
-bool isCurrentDesktop(const std::string& desktop) {
-    const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
-    return std::find(names.begin(), names.end(), desktop) != names.end();
+    return g_dbus_connection_get_unique_name(connection.get());
 }
 
 } // namespace glidemap

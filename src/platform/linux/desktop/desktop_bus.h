@@ -1,14 +1,20 @@
-// A private connection of a window backend to the session bus. Only the services to which the
-// backend sends its unique name know that name.
+// The client of the message buses: a connection with its calls, signals and names. All services of
+// this program use it, except the status bar, which shares Qt's connection.
 //
-// Thread:  the desktop thread opens, uses and destroys it, and runs all callbacks. No callback runs
-//          after its destruction.
-// Owner:   a backend.
-// Errors:  if the connection is lost, all watched names are reported as vanished.
+// A connection of its own has a unique name, which only the services know that the owner sends it
+// to.
+//
+// Thread:  the thread that opens it uses and destroys it, and runs all callbacks in its default
+//          GLib context; none runs after the destruction.
+// Owner:   a service. The destructor closes the connection, unless it is GIO's shared one.
+// Errors:  a lost connection is reported as the disappearance of its names, and as an error of
+//          pending calls.
 #pragma once
 
+#include "platform/linux/desktop/bus_address.h"
 #include "platform/linux/desktop/glib_owner.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -23,8 +29,19 @@ struct BusObject {
     std::string interface;
 };
 
-// Whether the error means that the object or its method does not exist: it is not available yet, or
-// the service has another version.
+// The signals to receive. An empty text matches any.
+struct BusSignal {
+    std::string service = {};
+    std::string path = {};
+    std::string interface = {};
+    std::string name = {};
+    std::string firstArgument = {};
+};
+
+enum class IfNotRunning { leave, start };
+
+// Whether the error means that the object or its method is missing: not yet available, or another
+// version.
 bool isUnknownOnTheBus(const GError& error);
 
 // The value in a reply of type "(b)", or of type "(v)" that holds a boolean. Nullopt for another
@@ -39,10 +56,23 @@ std::optional<std::vector<std::string>> wordsIn(GVariant* reply);
 
 class DesktopBus {
 public:
-    // Returns null if the bus is missing, or does not respond within a few seconds.
-    static std::unique_ptr<DesktopBus> open();
+    using Milliseconds = std::chrono::milliseconds;
 
-    explicit DesktopBus(GlibOwner<GDBusConnection> opened);
+    // These block. They return null if the bus is missing, or refuses. The first one opens the
+    // session bus, and also returns null if the bus does not respond within some seconds.
+    static std::unique_ptr<DesktopBus> open();
+    static std::unique_ptr<DesktopBus> open(const std::string& address);
+
+    // Calls `then` later, with null on failure or after a cancellation.
+    using Opened = std::function<void(std::unique_ptr<DesktopBus> bus)>;
+    static void open(const std::string& address, GCancellable* cancellable, Opened then);
+
+    // Calls `then` later with GIO's shared connection to the session bus; with null if the bus is
+    // missing or does not respond within a second. For launching, which GIO does, too: a connection
+    // of its own costs a millisecond. A pending call must hold the pointer.
+    using Shared = std::function<void(const std::shared_ptr<DesktopBus>& bus)>;
+    static void withShared(Shared then);
+
     DesktopBus(const DesktopBus&) = delete;
     DesktopBus& operator=(const DesktopBus&) = delete;
     ~DesktopBus();
@@ -52,32 +82,57 @@ public:
     void watchName(const char* name, std::function<void(const std::string& owner)> appeared,
                    std::function<void()> vanished);
 
-    // Exactly one of the arguments is null. There is no time limit for the reply.
+    struct Call {
+        BusObject object;
+        std::string method;
+        IfNotRunning ifNotRunning = IfNotRunning::leave;
+        std::optional<Milliseconds> patience = {}; // nullopt: no limit
+        GCancellable* cancellable = nullptr;
+    };
+
+    // Exactly one of the two is null. A floating reference to the arguments is consumed.
     using Answer = std::function<void(GVariant* values, const GError* error)>;
+    void call(const Call& call, GVariant* arguments, Answer answer);
     void call(const BusObject& object, const char* method, GVariant* arguments, Answer answer);
 
     // Calls a method without waiting for a reply. The call is sent before the connection closes.
     void send(const BusObject& object, const char* method, GVariant* arguments);
 
-    // Calls the handler for every signal of the object. An empty path or interface matches all.
-    using SignalHandler = std::function<void(const std::string& signal, GVariant* values)>;
-    unsigned subscribe(const BusObject& object, SignalHandler handler);
-    void unsubscribe(unsigned subscription);
+    // Blocks until the reply or the end of the patience. Null with an error on failure.
+    struct Reply {
+        GlibOwner<GVariant> values;
+        GlibOwner<GError> error;
+    };
+    Reply wait(const Call& call, GVariant* arguments) const;
 
     // Blocks until the bus daemon replies, but does not wait for other programs.
     bool isOwned(const char* name) const;
 
+    // Receives matching signals until unsubscribe(), which the handler may call.
+    using SignalHandler = std::function<void(const std::string& signal, GVariant* values)>;
+    unsigned subscribe(const BusSignal& signal, SignalHandler handler);
+    void unsubscribe(unsigned subscription);
+
+    // Serves one object, whose methods return nothing. `description` is its introspection XML with
+    // one interface.
+    using MethodHandler = std::function<void(const std::string& sender, GVariant* arguments)>;
+    void serve(const char* path, const char* description, MethodHandler handler);
+
     std::string uniqueName() const;
-    GDBusConnection* connection() const { return _connection.get(); }
 
 private:
-    GlibOwner<GDBusConnection> _connection;
+    enum class Sharing { own, shared };
+
+    DesktopBus(GlibOwner<GDBusConnection> connection, Sharing sharing);
+
+    static std::unique_ptr<DesktopBus> owning(GDBusConnection* connection);
+
+    const GlibOwner<GDBusConnection> connection;
+    const Sharing sharing;
     std::vector<unsigned> watches;
     std::vector<unsigned> subscriptions;
+    std::vector<unsigned> objects;
     std::shared_ptr<bool> alive = std::make_shared<bool>(true);
 };
-
-// Whether XDG_CURRENT_DESKTOP contains this name, such as "KDE" or "GNOME".
-bool isCurrentDesktop(const std::string& desktop);
 
 } // namespace glidemap

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace glidemap {
@@ -29,6 +30,11 @@ std::vector<std::string> splitAtColons(std::string_view text) {
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
     return parts;
+}
+
+bool isCurrentDesktop(const std::string& desktop) {
+    const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
+    return std::find(names.begin(), names.end(), desktop) != names.end();
 }
 
 } // namespace glidemap

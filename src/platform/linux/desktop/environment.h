@@ -18,4 +18,7 @@ std::vector<std::string> ownEnvironment();
 // Skips empty elements.
 std::vector<std::string> splitAtColons(std::string_view text);
 
+// Whether XDG_CURRENT_DESKTOP contains this name ("KDE", "GNOME").
+bool isCurrentDesktop(const std::string& desktop);
+
 } // namespace glidemap

@@ -21,6 +21,10 @@ void GlibRelease::operator()(GDBusConnection* connection) const {
     g_object_unref(connection);
 }
 
+void GlibRelease::operator()(GDBusNodeInfo* description) const {
+    g_dbus_node_info_unref(description);
+}
+
 void GlibRelease::operator()(GDesktopAppInfo* entry) const {
     g_object_unref(entry);
 }

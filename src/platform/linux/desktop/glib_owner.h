@@ -14,6 +14,7 @@ using GAppInfo = struct _GAppInfo;
 using GAppInfoMonitor = struct _GAppInfoMonitor;
 using GCancellable = struct _GCancellable;
 using GDBusConnection = struct _GDBusConnection;
+using GDBusNodeInfo = struct _GDBusNodeInfo;
 using GDesktopAppInfo = struct _GDesktopAppInfo;
 using GError = struct _GError;
 using GKeyFile = struct _GKeyFile;
@@ -33,6 +34,7 @@ struct GlibRelease {
     void operator()(GAppInfoMonitor* monitor) const;
     void operator()(GCancellable* cancellable) const;
     void operator()(GDBusConnection* connection) const;
+    void operator()(GDBusNodeInfo* description) const;
     void operator()(GDesktopAppInfo* entry) const;
     void operator()(GError* error) const;
     void operator()(GKeyFile* keys) const;

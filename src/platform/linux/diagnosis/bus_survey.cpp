@@ -2,9 +2,8 @@
 
 #include "platform/linux/desktop/desktop_bus.h"
 
-#include <gio/gio.h>
-
 #include <future>
+#include <memory>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -13,33 +12,19 @@ namespace glidemap {
 
 namespace {
 
-using Connection = GlibOwner<GDBusConnection>;
-using Variant = GlibOwner<GVariant>;
+constexpr std::chrono::seconds patienceOfACall{25}; // the usual time limit of D-Bus
 
-Connection connect(const std::string& address) {
-    constexpr auto flags =
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    Connection connection(
-        g_dbus_connection_new_for_address_sync(address.c_str(), flags, nullptr, nullptr, nullptr));
-    if (connection) {
-        g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
-    }
-    return connection;
-}
-
-std::optional<std::set<std::string>> names(GDBusConnection* connection, const char* method) {
-    const Variant answer(g_dbus_connection_call_sync(
-        connection, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
-        nullptr, G_VARIANT_TYPE("(as)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr));
-    const auto words = wordsIn(answer.get());
+std::optional<std::set<std::string>> names(const DesktopBus& bus, const char* method) {
+    const BusObject daemon{"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus"};
+    const auto reply = bus.wait({daemon, method, IfNotRunning::leave, patienceOfACall}, nullptr);
+    const auto words = wordsIn(reply.values.get());
     return words ? std::optional(std::set(words->begin(), words->end())) : std::nullopt;
 }
 
 BusSurvey ask(const std::string& address) {
-    const Connection connection = connect(address);
-    auto running = connection ? names(connection.get(), "ListNames") : std::nullopt;
-    auto startable = running ? names(connection.get(), "ListActivatableNames") : std::nullopt;
+    const auto bus = DesktopBus::open(address);
+    auto running = bus ? names(*bus, "ListNames") : std::nullopt;
+    auto startable = running ? names(*bus, "ListActivatableNames") : std::nullopt;
     if (!startable) {
         return {BusSurvey::State::refused, {}, {}};
     }

@@ -4,7 +4,6 @@
 #include "platform/linux/thread_setup.h"
 #include "platform/linux/touch_driver_platform.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -38,9 +37,7 @@ std::filesystem::path installedExtensionForms() {
 
 // On X11, GNOME reports its windows without a helper.
 bool isGnomeOnWayland() {
-    const auto names = splitAtColons(fromEnvironment("XDG_CURRENT_DESKTOP"));
-    return !fromEnvironment("WAYLAND_DISPLAY").empty() &&
-           std::find(names.begin(), names.end(), "GNOME") != names.end();
+    return !fromEnvironment("WAYLAND_DISPLAY").empty() && isCurrentDesktop("GNOME");
 }
 
 Status installed(const GnomeDesktopHelper::Shell& shell) {

@@ -86,7 +86,6 @@ public:
     void end();
 
 private:
-    static void opened(GObject* source, GAsyncResult* result, gpointer listener);
     void listen();
     void read();
     void onSignal(const std::string& signal, GVariant* arguments);
@@ -106,34 +105,20 @@ void PortalAppearance::Listener::begin() {
     if (!address) {
         return;
     }
-    constexpr auto asClient =
-        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    g_dbus_connection_new_for_address(address->c_str(), asClient, nullptr, opening.get(), opened,
-                                      new std::shared_ptr<Listener>(shared_from_this()));
-}
-
-void PortalAppearance::Listener::opened(GObject* /*source*/, GAsyncResult* result,
-                                        gpointer listener) {
-    const std::unique_ptr<std::shared_ptr<Listener>> held(
-        static_cast<std::shared_ptr<Listener>*>(listener));
-    GlibOwner<GDBusConnection> connection(
-        g_dbus_connection_new_for_address_finish(result, nullptr));
-    if (connection == nullptr) {
-        return;
-    }
-    auto bus = std::make_unique<DesktopBus>(std::move(connection));
-    if (!(*held)->ended) {
-        (*held)->bus = std::move(bus);
-        (*held)->listen();
-    }
+    DesktopBus::open(*address, opening.get(),
+                     [self = shared_from_this()](std::unique_ptr<DesktopBus> opened) {
+                         if (opened != nullptr && !self->ended) {
+                             self->bus = std::move(opened);
+                             self->listen();
+                         }
+                     });
 }
 
 // Subscribes before reading, so that no change in between is lost.
 void PortalAppearance::Listener::listen() {
-    bus->subscribe(portal, [this](const std::string& signal, GVariant* arguments) {
-        onSignal(signal, arguments);
-    });
+    bus->subscribe(
+        {portal.name, portal.path, portal.interface},
+        [this](const std::string& signal, GVariant* arguments) { onSignal(signal, arguments); });
     bus->watchName(
         portal.name.c_str(), [this](const std::string& /*owner*/) { read(); }, [] {});
 }

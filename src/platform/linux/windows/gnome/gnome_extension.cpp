@@ -7,6 +7,7 @@
 #include <gio/gio.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <memory>
@@ -21,8 +22,7 @@ namespace {
 constexpr const char* shellName = "org.gnome.Shell";
 constexpr const char* settingsName = "org.gnome.shell";
 constexpr const char* shellPath = "/org/gnome/Shell";
-// The longest time in milliseconds for which an unresponsive shell may block the caller.
-constexpr int shellTimeout = 5000;
+constexpr std::chrono::seconds shellPatience{5}; // a stuck shell must not block a window for longer
 constexpr int firstVersionOfModules = 45;
 
 // GNOME Shell's values for the state of an extension.
@@ -41,18 +41,16 @@ struct Answer {
 // Calls a method of the shell. Consumes a floating reference to the arguments.
 Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVariant* arguments,
            const char* type) {
-    GError* failure = nullptr;
-    Answer answer;
-    answer.values.reset(g_dbus_connection_call_sync(
-        bus.connection(), shellName, shellPath, interface, method, arguments, G_VARIANT_TYPE(type),
-        G_DBUS_CALL_FLAGS_NO_AUTO_START, shellTimeout, nullptr, &failure));
-    if (failure != nullptr) {
-        answer.shellIsStarting = isUnknownOnTheBus(*failure);
-        const GlibOwner<GError> error(failure);
-        g_dbus_error_strip_remote_error(failure);
-        answer.error = failure->message;
+    const DesktopBus::Call call{
+        {shellName, shellPath, interface}, method, IfNotRunning::leave, shellPatience};
+    DesktopBus::Reply reply = bus.wait(call, arguments);
+    if (reply.error != nullptr) {
+        return {nullptr, reply.error->message, isUnknownOnTheBus(*reply.error)};
     }
-    return answer;
+    if (!g_variant_is_of_type(reply.values.get(), G_VARIANT_TYPE(type))) {
+        return {nullptr, std::string("unexpected reply to ") + method};
+    }
+    return {std::move(reply.values), ""};
 }
 
 constexpr const char* extensions = "org.gnome.Shell.Extensions";

@@ -1,6 +1,7 @@
 #include "platform/linux/windows/gnome/gnome_window_backend.h"
 
 #include "platform/linux/desktop/desktop_bus.h"
+#include "platform/linux/desktop/environment.h"
 #include "platform/linux/windows/gnome/compositor_process.h"
 #include "platform/linux/windows/reported_windows.h"
 
@@ -80,7 +81,8 @@ struct GnomeWindowBackend::State {
 // Subscribes before the query, so that no change in between is lost.
 void GnomeWindowBackend::State::appeared(const std::string& owner) {
     shell = owner;
-    subscription = bus->subscribe(windowsOf(owner),
+    const BusObject windows = windowsOf(owner);
+    subscription = bus->subscribe({windows.name, windows.path, windows.interface},
                                   [this, owner](const std::string& signal, GVariant* message) {
                                       if (signal == "Started") {
                                           check(owner);

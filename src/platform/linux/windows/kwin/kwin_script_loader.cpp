@@ -46,12 +46,11 @@ struct KWinScriptLoader::State : std::enable_shared_from_this<State> {
 };
 
 void KWinScriptLoader::State::begin() {
-    starting =
-        bus.subscribe({owner, "", ""}, [weak = weak_from_this()](const std::string&, GVariant*) {
-            if (const std::shared_ptr<State> here = weak.lock()) {
-                here->ask();
-            }
-        });
+    starting = bus.subscribe({owner}, [weak = weak_from_this()](const std::string&, GVariant*) {
+        if (const std::shared_ptr<State> here = weak.lock()) {
+            here->ask();
+        }
+    });
     ask();
 }
 

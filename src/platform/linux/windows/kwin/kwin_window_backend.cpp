@@ -1,6 +1,7 @@
 #include "platform/linux/windows/kwin/kwin_window_backend.h"
 
 #include "platform/linux/desktop/desktop_bus.h"
+#include "platform/linux/desktop/environment.h"
 #include "platform/linux/windows/kwin/kwin_activation.h"
 #include "platform/linux/windows/kwin/kwin_script.h"
 #include "platform/linux/windows/kwin/kwin_script_loader.h"
@@ -26,32 +27,19 @@ constexpr const char* reportDescription = R"(<node>
     </interface>
 </node>)";
 
-GDBusInterfaceInfo* reportInterface() {
-    static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(reportDescription, nullptr);
-    return node->interfaces[0];
-}
-
 } // namespace
 
 struct KWinWindowBackend::State {
     WindowListener* listener = nullptr;
     ReportedWindows reported;
     std::unique_ptr<DesktopBus> bus;
-    std::unique_ptr<KWinScriptLoader> loader; // exists while KWin is on the bus
-    unsigned object = 0;
+    std::unique_ptr<KWinScriptLoader> loader; // while KWin is on the bus
     KWinReport latest;
     // The time of the last use of each window, by its handle. One counter serves as the clock of
     // all windows.
     std::map<std::string, std::uint64_t> lastUses;
     std::uint64_t uses = 0;
 
-    ~State() {
-        if (object != 0) {
-            g_dbus_connection_unregister_object(bus->connection(), object);
-        }
-    }
-
-    void exportObject();
     void receive(const std::string& sender, const char* text);
     void noteUse();
     std::string chosenOf(const WindowChoice& isChosen) const;
@@ -60,27 +48,7 @@ struct KWinWindowBackend::State {
         lastUses.clear();
         reported.report(*listener, {}, std::nullopt);
     }
-
-    static void answer(GDBusConnection* connection, const char* sender, const char* path,
-                       const char* interface, const char* method, GVariant* arguments,
-                       GDBusMethodInvocation* invocation, gpointer state);
 };
-
-void KWinWindowBackend::State::exportObject() {
-    static constexpr GDBusInterfaceVTable methods = {answer, nullptr, nullptr, {}};
-    object = g_dbus_connection_register_object(bus->connection(), kwinReportPath, reportInterface(),
-                                               &methods, this, nullptr, nullptr);
-}
-
-void KWinWindowBackend::State::answer(GDBusConnection* /*connection*/, const char* sender,
-                                      const char* /*path*/, const char* /*interface*/,
-                                      const char* /*method*/, GVariant* arguments,
-                                      GDBusMethodInvocation* invocation, gpointer state) {
-    const char* text = nullptr;
-    g_variant_get(arguments, "(&s)", &text);
-    static_cast<State*>(state)->receive(sender, text);
-    g_dbus_method_invocation_return_value(invocation, nullptr);
-}
 
 void KWinWindowBackend::State::receive(const std::string& sender, const char* text) {
     if (loader == nullptr || sender != loader->owner()) {
@@ -128,7 +96,12 @@ bool KWinWindowBackend::start(WindowListener& listener) {
         return false;
     }
     state->listener = &listener;
-    state->exportObject();
+    state->bus->serve(kwinReportPath, reportDescription,
+                      [this](const std::string& sender, GVariant* arguments) {
+                          const char* text = nullptr;
+                          g_variant_get(arguments, "(&s)", &text);
+                          state->receive(sender, text);
+                      });
     state->bus->watchName(
         kwinName,
         [this](const std::string& owner) {
