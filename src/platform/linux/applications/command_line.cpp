@@ -4,7 +4,6 @@
 #include <array>
 #include <cctype>
 #include <cstddef>
-#include <optional>
 
 namespace glidemap {
 
@@ -71,65 +70,7 @@ std::string snapProgramOf(const Words& words, std::size_t at) {
     return at < words.size() ? words[at] : "";
 }
 
-// Splits an Exec key into words according to the quoting rules of desktop entries.
-class ExecReader {
-public:
-    Words read(std::string_view line) {
-        for (std::size_t at = 0; at < line.size(); ++at) {
-            const char character = line[at];
-            if (character == '\\' && at + 1 < line.size())
-                append(line[++at]);
-            else if (line.substr(at, 2) == "%%")
-                appendPercent(line[++at]);
-            else if (character == quote)
-                quote = 0;
-            else if (quote == 0 && (character == '"' || character == '\''))
-                openQuote(character);
-            else if (quote == 0 && (character == ' ' || character == '\t'))
-                endWord();
-            else
-                append(character);
-        }
-        endWord();
-        return quote == 0 ? words : Words{};
-    }
-
-private:
-    void append(char character) {
-        if (!word)
-            word.emplace();
-        word->push_back(character);
-    }
-
-    // "%%" stands for a literal percent sign. Marking the word as quoted prevents it from being
-    // removed as a field code.
-    void appendPercent(char percent) {
-        append(percent);
-        quoted = true;
-    }
-
-    void openQuote(char character) {
-        quote = character;
-        quoted = true;
-        if (!word)
-            word.emplace();
-    }
-
-    void endWord() {
-        const bool fieldCode = word && !quoted && word->size() == 2 && word->front() == '%';
-        if (word && !fieldCode)
-            words.push_back(*word);
-        word.reset();
-        quoted = false;
-    }
-
-    Words words;
-    std::optional<std::string> word;
-    char quote = 0;
-    bool quoted = false;
-};
-
-// Returns the index of the actual command, after wrappers that only prepare its environment.
+// The index of the actual command, after words that only prepare its environment.
 std::size_t commandOf(const Words& words) {
     std::size_t at = skipOptions(words, 0);
     while (at < words.size() && oneOf(wrappers, fileNameOf(words[at])))
@@ -141,10 +82,6 @@ std::size_t commandOf(const Words& words) {
 
 std::string fileNameOf(std::string_view path) {
     return std::string(path.substr(path.rfind('/') + 1)); // if there is no slash, npos + 1 is 0
-}
-
-Words wordsOfExec(std::string_view line) {
-    return ExecReader().read(line);
 }
 
 std::string programOf(const Words& words) {

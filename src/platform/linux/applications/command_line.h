@@ -13,11 +13,7 @@
 
 namespace glidemap {
 
-// Returns the words of an Exec line, unquoted and without field codes such as %U. Empty if a quote
-// is not closed.
-std::vector<std::string> wordsOfExec(std::string_view line);
-
-// Returns the program's file name without its folder; empty if the command has no program.
+// The file name without its folder; empty if the command has no program.
 std::string programOf(const std::vector<std::string>& words);
 
 // Returns the application id of a `flatpak run …` command; empty for other commands.

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace glidemap {
 
@@ -23,7 +22,7 @@ struct DesktopEntry {
     friend bool operator==(const DesktopEntry&, const DesktopEntry&) = default;
 };
 
-// Sets the properties that are derived from the Exec line.
-void readExec(DesktopEntry& entry, std::string_view line);
+// Fills in the fields that come from the Exec line.
+void readExec(DesktopEntry& entry, const std::string& line);
 
 } // namespace glidemap

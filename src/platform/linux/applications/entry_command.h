@@ -20,18 +20,8 @@ struct EntryCommand {
 // `url` is the URL to open, or empty.
 EntryCommand commandOf(GDesktopAppInfo* entry, const std::string& url);
 
-// The values that replace field codes. They are quoted as in GIO, because the result is split like
-// a shell command.
-struct FieldValues {
-    std::string name;
-    std::string icon;
-    std::string path; // of the .desktop file
-    std::string url;
-};
-std::string withFieldCodes(const std::string& exec, const FieldValues& values);
-
-// Returns the words that, placed before a command, run it in the first installed terminal. Empty if
-// no terminal is installed.
+// Returns the words to put before a command to run it in the first installed terminal; empty if no
+// terminal is installed.
 std::vector<std::string> terminalPrefix();
 
 } // namespace glidemap

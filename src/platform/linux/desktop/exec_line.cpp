@@ -5,6 +5,7 @@
 #include <glib.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <system_error>
 
 namespace glidemap {
@@ -19,16 +20,35 @@ bool canBeRun(const std::filesystem::path& file) {
     return std::filesystem::is_regular_file(file, error) && access(file.c_str(), X_OK) == 0;
 }
 
-// Replaces "%%" with "%", because a doubled percent sign is not a field code.
-std::string withoutDoublePercent(std::string_view text) {
-    std::string result;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        result += text[at];
-        if (text.substr(at, 2) == "%%") {
-            ++at;
-        }
+std::string quoted(const std::string& text) {
+    return *takeText(g_shell_quote(text.c_str()));
+}
+
+std::string quotedFileOf(const std::string& url) {
+    const auto path = takeText(g_filename_from_uri(url.c_str(), nullptr, nullptr));
+    return path ? quoted(*path) : "";
+}
+
+// Deprecated field codes expand to nothing.
+std::string expanded(char code, const FieldValues& values) {
+    switch (code) {
+    case '%':
+        return "%";
+    case 'u':
+    case 'U':
+        return values.url.empty() ? "" : quoted(values.url);
+    case 'f':
+    case 'F':
+        return values.url.empty() ? "" : quotedFileOf(values.url);
+    case 'i':
+        return values.icon.empty() ? "" : "--icon " + quoted(values.icon);
+    case 'c':
+        return values.name.empty() ? "" : quoted(values.name);
+    case 'k':
+        return values.path.empty() ? "" : quoted(values.path);
+    default:
+        return "";
     }
-    return result;
 }
 
 } // namespace
@@ -49,12 +69,28 @@ std::string execLineOf(const std::filesystem::path& program) {
     return quoted ? '"' + line + '"' : line;
 }
 
-std::optional<std::string> programOfExecLine(const std::string& line) {
+SplitLine splitLikeAShell(const std::string& line) {
     char** words = nullptr;
-    if (g_shell_parse_argv(line.c_str(), nullptr, &words, nullptr) == FALSE) {
-        return std::nullopt;
+    GError* failure = nullptr;
+    g_shell_parse_argv(line.c_str(), nullptr, &words, &failure);
+    const GlibOwner<GError> error(failure);
+    return {takeWords(words), error != nullptr ? error->message : ""};
+}
+
+std::string withFieldCodes(const std::string& exec, const FieldValues& values) {
+    std::string line;
+    for (std::size_t at = 0; at < exec.size(); ++at) {
+        if (exec[at] == '%' && at + 1 < exec.size()) {
+            line += expanded(exec[++at], values);
+        } else {
+            line.push_back(exec[at]);
+        }
     }
-    return withoutDoublePercent(takeWords(words).front());
+    return line;
+}
+
+std::vector<std::string> wordsOfExecLine(const std::string& line) {
+    return splitLikeAShell(withFieldCodes(line, {})).words;
 }
 
 std::optional<std::filesystem::path> findProgram(const std::string& program,

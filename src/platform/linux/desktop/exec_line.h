@@ -1,24 +1,44 @@
-// Reads and writes the Exec key of desktop entries according to its quoting rules.
+// Reads and writes the Exec key of a desktop entry, with GLib's rules: first its field codes are
+// replaced, then the line is split like a shell's.
 //
-// Errors:  none; an invalid command has no program.
+// Errors:  returned as text; an invalid command has no words.
 #pragma once
 
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace glidemap {
 
-// Returns the value of the Exec key. It still needs the escaping that the file format requires.
+struct SplitLine {
+    std::vector<std::string> words; // empty on failure
+    std::string error;              // the reason of a failure
+};
+
+// Splits and unquotes a command line without running it.
+SplitLine splitLikeAShell(const std::string& line);
+
+// The values of field codes; an empty value expands to nothing.
+struct FieldValues {
+    std::string name;
+    std::string icon;
+    std::string path; // of the .desktop file
+    std::string url;
+};
+
+// The values are quoted like GIO does.
+std::string withFieldCodes(const std::string& exec, const FieldValues& values);
+
+// The words of an Exec line that opens nothing.
+std::vector<std::string> wordsOfExecLine(const std::string& line);
+
+// Returns the value of Exec before the escaping of the file format.
 std::string execLineOf(const std::filesystem::path& program);
 
-// Returns the first word without quotes: a name or a path.
-std::optional<std::string> programOfExecLine(const std::string& line);
-
-// Returns the file that a session would execute: `program` itself if it is an absolute path,
-// otherwise the file with this name in the folders of `searchPath`, which are separated by colons.
-// Nullopt if no such file is executable.
+// The file that a session would execute: at the absolute path, or found by name in the folders of
+// `searchPath`, separated by colons. Nullopt if no such file is executable.
 std::optional<std::filesystem::path> findProgram(const std::string& program,
                                                  std::string_view searchPath);
 

@@ -142,9 +142,9 @@ bool AutostartFile::tryExecExists(const AutostartSession& session) const {
 // Returns an empty path if there is no such executable file.
 std::filesystem::path AutostartFile::programIn(const AutostartSession& session) const {
     const auto line = stringIn(keys.get(), exec);
-    const auto program = line ? programOfExecLine(*line) : std::nullopt;
-    return program ? findProgram(*program, session.searchPath).value_or(std::filesystem::path())
-                   : std::filesystem::path();
+    const auto words = wordsOfExecLine(line.value_or(""));
+    return words.empty() ? std::filesystem::path()
+                         : findProgram(words.front(), session.searchPath).value_or("");
 }
 
 // Adds the keys that every desktop entry must have, if they are missing.

@@ -1,9 +1,7 @@
 #include "platform/linux/session/session_lockers.h"
 
 #include "platform/linux/desktop/environment.h"
-#include "platform/linux/desktop/glib_owner.h"
-
-#include <gio/gio.h>
+#include "platform/linux/desktop/exec_line.h"
 
 #include <algorithm>
 #include <array>
@@ -28,15 +26,9 @@ bool isCover(std::string_view program) {
     return std::ranges::find(covers, program) != covers.end();
 }
 
-std::vector<std::string> splitLikeAShell(const std::string& line) {
-    char** words = nullptr;
-    g_shell_parse_argv(line.c_str(), nullptr, &words, nullptr);
-    return takeWords(words);
-}
-
-// Whether a shell command, such as "swaylock -f -c 000000", starts one of these programs.
+// Whether a shell command, such as "swaylock -f -c 000000", starts a known locker.
 bool locks(const std::string& line) {
-    const std::vector<std::string> words = splitLikeAShell(line);
+    const std::vector<std::string> words = splitLikeAShell(line).words;
     return !words.empty() && isCover(words[0].substr(words[0].rfind('/') + 1));
 }
 
@@ -55,7 +47,7 @@ std::vector<std::vector<std::string>> linesOf(const std::string& text) {
     std::vector<std::vector<std::string>> lines;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find('\n', at), text.size());
-        lines.push_back(splitLikeAShell(text.substr(at, end - at)));
+        lines.push_back(splitLikeAShell(text.substr(at, end - at)).words);
         at = end + 1;
     }
     return lines;

@@ -1,31 +1,10 @@
 #include "platform/linux/applications/command_line.h"
+#include "platform/linux/desktop/exec_line.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace glidemap {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-TEST(CommandLine, UnquotesWordsAndOmitsFieldCodes) {
-    EXPECT_THAT(wordsOfExec(""), IsEmpty());
-    EXPECT_THAT(wordsOfExec("   "), IsEmpty());
-    EXPECT_THAT(wordsOfExec("gedit %U"), ElementsAre("gedit"));
-    EXPECT_THAT(wordsOfExec("\"/opt/my app/run\" --file=%f %F"),
-                ElementsAre("/opt/my app/run", "--file=%f"));
-    EXPECT_THAT(wordsOfExec("a \"\" b"), ElementsAre("a", "", "b"));
-    EXPECT_THAT(wordsOfExec(R"(a "with \"quotes\"" b\ c)"),
-                ElementsAre("a", "with \"quotes\"", "b c"));
-    EXPECT_THAT(wordsOfExec("say \"%U\" 100%"), ElementsAre("say", "%U", "100%"));
-    EXPECT_THAT(wordsOfExec("\"/opt/100%% a/run\" %%U %% %U"),
-                ElementsAre("/opt/100% a/run", "%U", "%"));
-}
-
-TEST(CommandLine, ReturnsNoWordsForAnUnterminatedQuote) {
-    EXPECT_THAT(wordsOfExec("run \"it"), IsEmpty());
-    EXPECT_THAT(wordsOfExec("run it\\"), ElementsAre("run", "it\\"));
-}
 
 TEST(CommandLine, FindsTheProgramBehindWrappers) {
     struct Row {
@@ -59,24 +38,24 @@ TEST(CommandLine, FindsTheProgramBehindWrappers) {
         {"/usr/bin/", ""},
     };
     for (const Row& row : rows)
-        EXPECT_EQ(programOf(wordsOfExec(row.line)), row.program) << row.line;
+        EXPECT_EQ(programOf(wordsOfExecLine(row.line)), row.program) << row.line;
 }
 
 TEST(CommandLine, FlatpakApplicationIsFound) {
-    EXPECT_EQ(flatpakOf(wordsOfExec("/usr/bin/flatpak run --branch=stable --command=firefox "
-                                    "--file-forwarding org.mozilla.firefox @@u %u @@")),
+    EXPECT_EQ(flatpakOf(wordsOfExecLine("/usr/bin/flatpak run --branch=stable --command=firefox "
+                                        "--file-forwarding org.mozilla.firefox @@u %u @@")),
               "org.mozilla.firefox");
-    EXPECT_EQ(flatpakOf(wordsOfExec("env A=b flatpak run org.example.App")), "org.example.App");
-    EXPECT_EQ(flatpakOf(wordsOfExec("flatpak run --verbose")), "");
-    EXPECT_EQ(flatpakOf(wordsOfExec("flatpak update org.example.App")), "");
-    EXPECT_EQ(flatpakOf(wordsOfExec("flatpak")), "");
-    EXPECT_EQ(flatpakOf(wordsOfExec("gedit run org.example.App")), "");
+    EXPECT_EQ(flatpakOf(wordsOfExecLine("env A=b flatpak run org.example.App")), "org.example.App");
+    EXPECT_EQ(flatpakOf(wordsOfExecLine("flatpak run --verbose")), "");
+    EXPECT_EQ(flatpakOf(wordsOfExecLine("flatpak update org.example.App")), "");
+    EXPECT_EQ(flatpakOf(wordsOfExecLine("flatpak")), "");
+    EXPECT_EQ(flatpakOf(wordsOfExecLine("gedit run org.example.App")), "");
 }
 
 TEST(CommandLine, SteamGameIsFound) {
-    EXPECT_EQ(steamGameOf(wordsOfExec("steam steam://rungameid/440")), "440");
-    EXPECT_EQ(steamGameOf(wordsOfExec("env LANG=C steam -silent steam://rungameid/12")), "12");
-    EXPECT_EQ(steamGameOf(wordsOfExec("steam %U")), "");
+    EXPECT_EQ(steamGameOf(wordsOfExecLine("steam steam://rungameid/440")), "440");
+    EXPECT_EQ(steamGameOf(wordsOfExecLine("env LANG=C steam -silent steam://rungameid/12")), "12");
+    EXPECT_EQ(steamGameOf(wordsOfExecLine("steam %U")), "");
 }
 
 TEST(CommandLine, FileNameIsTheTextAfterTheLastSlash) {

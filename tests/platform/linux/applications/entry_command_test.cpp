@@ -17,39 +17,6 @@ using desktops::ScopedEnvironment;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const FieldValues values{"It's Some", "an icon", "/a path/some.desktop",
-                         "https://example.org/?a=$(b)"};
-
-TEST(FieldCodes, InsertsAndQuotesValues) {
-    EXPECT_EQ(withFieldCodes("cmd %u", values), "cmd 'https://example.org/?a=$(b)'");
-    EXPECT_EQ(withFieldCodes("cmd %U", values), "cmd 'https://example.org/?a=$(b)'");
-    EXPECT_EQ(withFieldCodes("cmd %c", values), "cmd 'It'\\''s Some'");
-    EXPECT_EQ(withFieldCodes("cmd %i", values), "cmd --icon 'an icon'");
-    EXPECT_EQ(withFieldCodes("cmd %k", values), "cmd '/a path/some.desktop'");
-    EXPECT_EQ(withFieldCodes("cmd --url=%u", values), "cmd --url='https://example.org/?a=$(b)'");
-}
-
-TEST(FieldCodes, FileCodesExpandToAPath) {
-    EXPECT_EQ(withFieldCodes("cmd %f", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
-    EXPECT_EQ(withFieldCodes("cmd %F", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
-    EXPECT_EQ(withFieldCodes("cmd %f", values), "cmd "); // the values contain no file
-}
-
-TEST(FieldCodes, MissingValuesExpandToNothing) {
-    for (const char code : std::string("uUfFick")) {
-        EXPECT_EQ(withFieldCodes(std::string("cmd %") + code, {}), "cmd ");
-    }
-}
-
-TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsRemain) {
-    for (const char code : std::string("dDnNvmx")) {
-        EXPECT_EQ(withFieldCodes(std::string("cmd %") + code + " more", values), "cmd  more");
-    }
-    EXPECT_EQ(withFieldCodes("cmd 100%%", values), "cmd 100%");
-    EXPECT_EQ(withFieldCodes("cmd %%u", values), "cmd %u");
-    EXPECT_EQ(withFieldCodes("cmd %", values), "cmd %");
-}
-
 class EntryCommandTest : public testing::Test {
 protected:
     EntryCommandTest() { folder.clear(); }

@@ -1,12 +1,14 @@
 #include "kit/temporary_folder.h"
 #include "platform/linux/desktop/exec_line.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace glidemap {
 namespace {
 
 using test::TemporaryFolder;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST(ExecLineTest, SpecialCharactersOfTheShellAndTheEntryAreQuoted) {
     struct Row {
@@ -31,29 +33,67 @@ TEST(ExecLineTest, SpecialCharactersOfTheShellAndTheEntryAreQuoted) {
     };
     for (const Row& row : rows) {
         EXPECT_EQ(execLineOf(row.program), row.line);
-        EXPECT_EQ(programOfExecLine(row.line), row.program);
+        EXPECT_THAT(wordsOfExecLine(row.line), ElementsAre(row.program));
     }
 }
 
-TEST(ExecLineTest, ProgramIsTheFirstWord) {
-    struct Row {
-        const char* line;
-        std::optional<std::string> program;
-    };
-    const Row rows[] = {
-        {"glidemap", "glidemap"},
-        {"  glidemap --quiet %U", "glidemap"},
-        {"\"/a b/glidemap\" --quiet", "/a b/glidemap"},
-        {"'/a b/glidemap'", "/a b/glidemap"},
-        {"env GDK_BACKEND=x11 glidemap", "env"},
-        {"", std::nullopt},
-        {"   ", std::nullopt},
-        {"\"/never/closed", std::nullopt},
-        {"\"\"", ""},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(programOfExecLine(row.line), row.program) << row.line;
+TEST(ExecLineTest, UnquotesWordsAndExpandsFieldCodesToNothing) {
+    EXPECT_THAT(wordsOfExecLine(""), IsEmpty());
+    EXPECT_THAT(wordsOfExecLine("   "), IsEmpty());
+    EXPECT_THAT(wordsOfExecLine("gedit %U"), ElementsAre("gedit"));
+    EXPECT_THAT(wordsOfExecLine("  glidemap --quiet %U"), ElementsAre("glidemap", "--quiet"));
+    EXPECT_THAT(wordsOfExecLine("\"/opt/my app/run\" --file=%f %F"),
+                ElementsAre("/opt/my app/run", "--file="));
+    EXPECT_THAT(wordsOfExecLine("'/a b/glidemap'"), ElementsAre("/a b/glidemap"));
+    EXPECT_THAT(wordsOfExecLine("a \"\" b"), ElementsAre("a", "", "b"));
+    EXPECT_THAT(wordsOfExecLine("\"\""), ElementsAre(""));
+    EXPECT_THAT(wordsOfExecLine(R"(a "with \"quotes\"" b\ c)"),
+                ElementsAre("a", "with \"quotes\"", "b c"));
+    EXPECT_THAT(wordsOfExecLine("say \"%U\" 100%"), ElementsAre("say", "", "100%"));
+    EXPECT_THAT(wordsOfExecLine("\"/opt/100%% a/run\" %%U %% %U"),
+                ElementsAre("/opt/100% a/run", "%U", "%"));
+    EXPECT_THAT(wordsOfExecLine("run # twice"), ElementsAre("run"));
+}
+
+TEST(ExecLineTest, ReturnsNoWordsButAReasonForAnUnfinishedLine) {
+    for (const char* const line : {"\"/never/closed", "run \"it", "run 'it", "run it\\"}) {
+        EXPECT_THAT(wordsOfExecLine(line), IsEmpty()) << line;
+        EXPECT_NE(splitLikeAShell(line).error, "") << line;
     }
+    EXPECT_EQ(splitLikeAShell("run it").error, "");
+}
+
+const FieldValues values{"It's Some", "an icon", "/a path/some.desktop",
+                         "https://example.org/?a=$(b)"};
+
+TEST(FieldCodes, InsertsAndQuotesValues) {
+    EXPECT_EQ(withFieldCodes("cmd %u", values), "cmd 'https://example.org/?a=$(b)'");
+    EXPECT_EQ(withFieldCodes("cmd %U", values), "cmd 'https://example.org/?a=$(b)'");
+    EXPECT_EQ(withFieldCodes("cmd %c", values), "cmd 'It'\\''s Some'");
+    EXPECT_EQ(withFieldCodes("cmd %i", values), "cmd --icon 'an icon'");
+    EXPECT_EQ(withFieldCodes("cmd %k", values), "cmd '/a path/some.desktop'");
+    EXPECT_EQ(withFieldCodes("cmd --url=%u", values), "cmd --url='https://example.org/?a=$(b)'");
+}
+
+TEST(FieldCodes, FileCodesExpandToAPath) {
+    EXPECT_EQ(withFieldCodes("cmd %f", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
+    EXPECT_EQ(withFieldCodes("cmd %F", {"", "", "", "file:///a%20b"}), "cmd '/a b'");
+    EXPECT_EQ(withFieldCodes("cmd %f", values), "cmd "); // the values contain no file
+}
+
+TEST(FieldCodes, MissingValuesExpandToNothing) {
+    for (const char code : std::string("uUfFick")) {
+        EXPECT_EQ(withFieldCodes(std::string("cmd %") + code, {}), "cmd ");
+    }
+}
+
+TEST(FieldCodes, DeprecatedCodesExpandToNothingAndPercentSignsRemain) {
+    for (const char code : std::string("dDnNvmx")) {
+        EXPECT_EQ(withFieldCodes(std::string("cmd %") + code + " more", values), "cmd  more");
+    }
+    EXPECT_EQ(withFieldCodes("cmd 100%%", values), "cmd 100%");
+    EXPECT_EQ(withFieldCodes("cmd %%u", values), "cmd %u");
+    EXPECT_EQ(withFieldCodes("cmd %", values), "cmd %");
 }
 
 TEST(ExecLineTest, FindsOnlyExecutableFilesInAbsolutePathFolders) {
