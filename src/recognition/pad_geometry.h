@@ -1,26 +1,17 @@
-// Points on the pad and the geometry that all classifiers share. Pure functions.
+// The geometry of pad points that all classifiers share. Pure functions.
 //
 // Units:   positions normalised 0..1, origin bottom-left, y upwards; angles in radians.
 #pragma once
+
+#include "input/pad_point.h"
 
 #include <cmath>
 #include <numbers>
 
 namespace glidemap {
 
-struct PadPoint {
-    double x = 0;
-    double y = 0;
-
-    friend PadPoint operator-(PadPoint a, PadPoint b) { return {a.x - b.x, a.y - b.y}; }
-    friend PadPoint operator+(PadPoint a, PadPoint b) { return {a.x + b.x, a.y + b.y}; }
-    friend bool operator==(const PadPoint&, const PadPoint&) = default;
-};
-
-// Pads are wider than high. Classifiers that judge a shape stretch x by the usual aspect ratio, so
-// that a circle drawn by hand is a circle in these coordinates.
-inline constexpr double padAspect = 1.35;
-
+// Pads are wider than high. Classifiers that judge a shape use stretched points, so that a circle
+// drawn by hand is a circle in these coordinates.
 inline PadPoint stretched(PadPoint point) {
     return {point.x * padAspect, point.y};
 }
