@@ -1,0 +1,4 @@
+// Exempt from the check. Not compiled.
+void disconnect() {
+    xcb_disconnect(server);
+}
