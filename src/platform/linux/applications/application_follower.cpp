@@ -65,26 +65,30 @@ ApplicationFollower::Key ApplicationFollower::keyOf(const WindowIdentity& window
 const Application* ApplicationFollower::applicationOf(const WindowIdentity& window) {
     const Key key = keyOf(window);
     const auto known = matched.find(key);
-    if (known != matched.end())
+    if (known != matched.end()) {
         return known->second;
+    }
     const DesktopEntry* const entry = matcher.entryOf(window);
     const Application* const application =
         entry != nullptr ? published.installed.intern({entry->identifier, entry->name})
                          : published.others.intern(matcher.describe(window));
-    // Limits the cache: the active window may be missing from the list of windows, and may change
-    // its identity any number of times.
-    if (matched.size() > open.size() + 64)
+    // The active window may be missing from the list, and its identity may change any number of
+    // times.
+    if (matched.size() > open.size() + 64) {
         forgetClosedWindows();
+    }
     matched.emplace(key, application);
     return application;
 }
 
 void ApplicationFollower::forgetClosedWindows() {
     std::set<Key> kept;
-    for (const WindowIdentity& window : open)
+    for (const WindowIdentity& window : open) {
         kept.insert(keyOf(window));
-    if (active)
+    }
+    if (active) {
         kept.insert(keyOf(*active));
+    }
     std::erase_if(matched, [&](const auto& one) { return kept.count(one.first) == 0; });
 }
 
@@ -108,8 +112,9 @@ void ApplicationFollower::publishRunning() {
     for (const WindowIdentity& window : open) {
         const Application* const application = applicationOf(window);
         if (application == ApplicationTable::unknown() || isOwn(window, *application) ||
-            std::find(reported.begin(), reported.end(), application) != reported.end())
+            std::find(reported.begin(), reported.end(), application) != reported.end()) {
             continue;
+        }
         reported.push_back(application);
         running.push_back(*application);
     }

@@ -25,11 +25,13 @@ char folded(char character) {
 }
 
 bool alike(std::string_view one, std::string_view other) {
-    if (one.size() != other.size())
+    if (one.size() != other.size()) {
         return false;
+    }
     for (std::size_t at = 0; at < one.size(); ++at) {
-        if (folded(one[at]) != folded(other[at]))
+        if (folded(one[at]) != folded(other[at])) {
             return false;
+        }
     }
     return true;
 }
@@ -41,8 +43,9 @@ const DesktopEntry* onlyOne(const Candidates& candidates, Rule holds) {
     std::size_t all = 0;
     std::size_t allVisible = 0;
     for (const DesktopEntry* const entry : candidates) {
-        if (!holds(*entry))
+        if (!holds(*entry)) {
             continue;
+        }
         any = entry;
         ++all;
         if (entry->visible) {
@@ -50,8 +53,9 @@ const DesktopEntry* onlyOne(const Candidates& candidates, Rule holds) {
             ++allVisible;
         }
     }
-    if (all == 1)
+    if (all == 1) {
         return any;
+    }
     return allVisible == 1 ? visible : nullptr;
 }
 
@@ -62,8 +66,9 @@ public:
         : window(of), facts(std::move(known)),
           unit(applicationOfUnit(unitOfControlGroups(facts.controlGroups))) {
         for (const DesktopEntry& entry : entries) {
-            if (inPackage(entry))
+            if (inPackage(entry)) {
                 candidates.push_back(&entry);
+            }
         }
     }
 
@@ -74,55 +79,63 @@ public:
             &Search::byInstance,      &Search::byLastComponent, &Search::bySteamGame,
             &Search::byUnit,          &Search::byLaunch,        &Search::byProgram};
         for (const Step step : steps) {
-            if (const DesktopEntry* const entry = (this->*step)())
+            if (const DesktopEntry* const entry = (this->*step)()) {
                 return entry;
+            }
         }
         return nullptr;
     }
 
 private:
     bool inPackage(const DesktopEntry& entry) const {
-        if (unit.identifiers.empty() || unit.kind == UnitApplication::Kind::ordinary)
+        if (unit.identifiers.empty() || unit.kind == UnitApplication::Kind::ordinary) {
             return true;
+        }
         const std::string& package = unit.identifiers.front();
-        if (unit.kind == UnitApplication::Kind::flatpak)
+        if (unit.kind == UnitApplication::Kind::flatpak) {
             return entry.identifier == package || entry.flatpak == package ||
                    entry.identifier.starts_with(package + ".");
+        }
         return entry.identifier.starts_with(package.substr(0, package.find('_') + 1));
     }
 
     const DesktopEntry* identified(std::string_view identifier) const {
-        if (identifier.empty())
+        if (identifier.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates,
                        [&](const DesktopEntry& entry) { return entry.identifier == identifier; });
     }
 
     const DesktopEntry* identifiedInAnyCase(std::string_view identifier) const {
-        if (identifier.empty())
+        if (identifier.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates, [&](const DesktopEntry& entry) {
             return alike(entry.identifier, identifier);
         });
     }
 
     const DesktopEntry* classed(std::string_view name) const {
-        if (name.empty())
+        if (name.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates,
                        [&](const DesktopEntry& entry) { return entry.windowClass == name; });
     }
 
     const DesktopEntry* classedInAnyCase(std::string_view name) const {
-        if (name.empty())
+        if (name.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates,
                        [&](const DesktopEntry& entry) { return alike(entry.windowClass, name); });
     }
 
     const DesktopEntry* endingIn(std::string_view name) const {
-        if (name.empty())
+        if (name.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates, [&](const DesktopEntry& entry) {
             return alike(lastComponent(entry.identifier), name);
         });
@@ -137,8 +150,9 @@ private:
 
     const DesktopEntry* byWindowClass() const {
         const DesktopEntry* entry = classed(window.appID);
-        if (entry == nullptr)
+        if (entry == nullptr) {
             entry = classedInAnyCase(window.appID);
+        }
         return entry != nullptr ? entry : classedInAnyCase(window.instance);
     }
 
@@ -157,8 +171,9 @@ private:
 
     const DesktopEntry* bySteamGame() const {
         const std::string_view game = steamGame();
-        if (game.empty())
+        if (game.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates,
                        [&](const DesktopEntry& entry) { return entry.steamGame == game; });
     }
@@ -166,32 +181,37 @@ private:
     // Whether the unit belongs to the window's own application. A command typed in a terminal runs
     // in the terminal's unit, and Steam runs games in Steam's unit.
     bool unitIsItsOwn() const {
-        if (unit.kind != UnitApplication::Kind::ordinary)
+        if (unit.kind != UnitApplication::Kind::ordinary) {
             return true;
+        }
         const bool leader = window.process && unit.random == std::to_string(*window.process);
         return leader || (!facts.onTerminal && steamGame().empty());
     }
 
     const DesktopEntry* byUnit() const {
-        if (!unitIsItsOwn())
+        if (!unitIsItsOwn()) {
             return nullptr;
+        }
         for (const std::string& identifier : unit.identifiers) {
-            if (const DesktopEntry* const entry = identified(identifier))
+            if (const DesktopEntry* const entry = identified(identifier)) {
                 return entry;
+            }
         }
         return nullptr;
     }
 
     const DesktopEntry* byLaunch() const {
-        if (facts.launchedFrom.empty())
+        if (facts.launchedFrom.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates,
                        [&](const DesktopEntry& entry) { return entry.path == facts.launchedFrom; });
     }
 
     const DesktopEntry* starting(const std::string& program) const {
-        if (program.empty())
+        if (program.empty()) {
             return nullptr;
+        }
         return onlyOne(candidates, [&](const DesktopEntry& entry) {
             return !entry.inTerminal && entry.program == program;
         });
@@ -211,10 +231,12 @@ private:
 
 std::string ownName(const WindowIdentity& window, const ProcessReader& processes) {
     std::string name = cleanIdentifier(window.appID);
-    if (name.empty())
+    if (name.empty()) {
         name = cleanIdentifier(window.instance);
-    if (!name.empty() || !window.process)
+    }
+    if (!name.empty() || !window.process) {
         return name;
+    }
     const ProcessFacts facts = processes.read(*window.process);
     name = cleanIdentifier(programOf(facts.arguments));
     return name.empty() ? cleanIdentifier(fileNameOf(facts.executable)) : name;
@@ -228,15 +250,17 @@ ApplicationMatcher::ApplicationMatcher(const std::vector<DesktopEntry>& installe
 
 const DesktopEntry* ApplicationMatcher::entryOf(const WindowIdentity& window) const {
     ProcessFacts facts;
-    if (window.process)
+    if (window.process) {
         facts = processes.read(*window.process);
+    }
     return Search(entries, window, std::move(facts)).run();
 }
 
 Application ApplicationMatcher::describe(const WindowIdentity& window) const {
     std::string name = ownName(window, processes);
-    if (name.empty())
+    if (name.empty()) {
         return {};
+    }
     std::string shown = nameFromIdentifier(name);
     return {std::move(name), std::move(shown)};
 }

@@ -12,8 +12,9 @@ namespace {
 constexpr std::size_t maxIdentifier = 256; // in bytes, close to the limit for file names
 
 std::string asUTF8(std::string_view text) {
-    if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
+    if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr)) {
         return std::string(text);
+    }
     std::string converted;
     for (const char character : text) {
         const auto byte = static_cast<unsigned char>(character);
@@ -32,10 +33,12 @@ bool continuesCharacter(char character) {
 }
 
 std::string cutTo(std::string text, std::size_t size) {
-    if (text.size() <= size)
+    if (text.size() <= size) {
         return text;
-    while (size > 0 && continuesCharacter(text[size]))
+    }
+    while (size > 0 && continuesCharacter(text[size])) {
         --size;
+    }
     text.resize(size);
     return text;
 }
@@ -43,11 +46,13 @@ std::string cutTo(std::string text, std::size_t size) {
 // Never cuts within a UTF-8 character, because the incomplete character would be read as Latin-1.
 std::string_view beginningOf(std::string_view text, std::size_t size) {
     constexpr std::size_t maxContinuation = 3;
-    if (text.size() <= size)
+    if (text.size() <= size) {
         return text;
+    }
     std::size_t end = size;
-    while (end + maxContinuation > size && continuesCharacter(text[end]))
+    while (end + maxContinuation > size && continuesCharacter(text[end])) {
         --end;
+    }
     return text.substr(0, end);
 }
 
@@ -69,8 +74,9 @@ std::string cleanIdentifier(std::string_view text) {
 
 std::string_view lastComponent(std::string_view identifier) {
     const bool dotted = std::count(identifier.begin(), identifier.end(), '.') >= 2;
-    if (!dotted || identifier.find(' ') != std::string_view::npos || identifier.back() == '.')
+    if (!dotted || identifier.find(' ') != std::string_view::npos || identifier.back() == '.') {
         return {};
+    }
     return identifier.substr(identifier.rfind('.') + 1);
 }
 
@@ -81,8 +87,9 @@ std::string nameFromIdentifier(std::string_view identifier) {
         name.begin(), name.end(), [](char one) { return one == '-' || one == '_'; }, ' ');
     char before = ' ';
     for (char& character : name) {
-        if (before == ' ')
+        if (before == ' ') {
             character = g_ascii_toupper(character);
+        }
         before = character;
     }
     return name;

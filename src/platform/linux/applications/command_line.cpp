@@ -26,8 +26,9 @@ bool oneOf(const std::array<std::string_view, Count>& names, std::string_view na
 // Removes a version: "python3.11" becomes "python".
 std::string_view withoutVersion(std::string_view name) {
     while (!name.empty() &&
-           (std::isdigit(static_cast<unsigned char>(name.back())) != 0 || name.back() == '.'))
+           (std::isdigit(static_cast<unsigned char>(name.back())) != 0 || name.back() == '.')) {
         name.remove_suffix(1);
+    }
     return name;
 }
 
@@ -41,8 +42,9 @@ bool isAssignment(const std::string& word) {
 }
 
 std::size_t skipOptions(const Words& words, std::size_t at) {
-    while (at < words.size() && (isOption(words[at]) || isAssignment(words[at])))
+    while (at < words.size() && (isOption(words[at]) || isAssignment(words[at]))) {
         ++at;
+    }
     return at;
 }
 
@@ -56,16 +58,18 @@ std::string archiveOf(const Words& words, std::size_t at) {
 // Returns the script that an interpreter runs; empty for `sh -c '…'`, which may run any command.
 std::string scriptOf(const Words& words, std::size_t at) {
     for (; at < words.size() && isOption(words[at]); ++at) {
-        if (words[at] == "-c" || words[at] == "-e" || words[at] == "-m")
+        if (words[at] == "-c" || words[at] == "-e" || words[at] == "-m") {
             return "";
+        }
     }
     return at < words.size() ? fileNameOf(words[at]) : "";
 }
 
 // Returns the snap name of the program, for example "code" or "code.code".
 std::string snapProgramOf(const Words& words, std::size_t at) {
-    if (at >= words.size() || words[at] != "run")
+    if (at >= words.size() || words[at] != "run") {
         return "";
+    }
     at = skipOptions(words, at + 1);
     return at < words.size() ? words[at] : "";
 }
@@ -73,8 +77,9 @@ std::string snapProgramOf(const Words& words, std::size_t at) {
 // The index of the actual command, after words that only prepare its environment.
 std::size_t commandOf(const Words& words) {
     std::size_t at = skipOptions(words, 0);
-    while (at < words.size() && oneOf(wrappers, fileNameOf(words[at])))
+    while (at < words.size() && oneOf(wrappers, fileNameOf(words[at]))) {
         at = skipOptions(words, at + 1);
+    }
     return at;
 }
 
@@ -86,24 +91,30 @@ std::string fileNameOf(std::string_view path) {
 
 std::string programOf(const Words& words) {
     const std::size_t at = commandOf(words);
-    if (at >= words.size())
+    if (at >= words.size()) {
         return "";
+    }
     const std::string name = fileNameOf(words[at]);
-    if (name == "flatpak")
+    if (name == "flatpak") {
         return "";
-    if (name == "snap")
+    }
+    if (name == "snap") {
         return snapProgramOf(words, at + 1);
-    if (name == "java")
+    }
+    if (name == "java") {
         return archiveOf(words, at + 1);
-    if (oneOf(interpreters, withoutVersion(name)))
+    }
+    if (oneOf(interpreters, withoutVersion(name))) {
         return scriptOf(words, at + 1);
+    }
     return name;
 }
 
 std::string flatpakOf(const Words& words) {
     std::size_t at = commandOf(words);
-    if (at + 1 >= words.size() || fileNameOf(words[at]) != "flatpak" || words[at + 1] != "run")
+    if (at + 1 >= words.size() || fileNameOf(words[at]) != "flatpak" || words[at + 1] != "run") {
         return "";
+    }
     at = skipOptions(words, at + 2);
     return at < words.size() ? words[at] : "";
 }
@@ -111,8 +122,9 @@ std::string flatpakOf(const Words& words) {
 std::string steamGameOf(const Words& words) {
     constexpr std::string_view scheme = "steam://rungameid/";
     for (const std::string& word : words) {
-        if (word.starts_with(scheme))
+        if (word.starts_with(scheme)) {
             return word.substr(scheme.size());
+        }
     }
     return "";
 }

@@ -18,12 +18,14 @@ constexpr std::size_t maxFileSize = std::size_t{1} << 20;
 std::string contentOf(const std::string& path) {
     std::string content;
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0)
+    if (file < 0) {
         return content;
+    }
     std::array<char, 4096> block{};
     ssize_t count = 0;
-    while (content.size() < maxFileSize && (count = ::read(file, block.data(), block.size())) > 0)
+    while (content.size() < maxFileSize && (count = ::read(file, block.data(), block.size())) > 0) {
         content.append(block.data(), static_cast<std::size_t>(count));
+    }
     close(file);
     return content;
 }
@@ -41,17 +43,18 @@ std::string targetOf(const std::string& link) {
     std::array<char, 4096> target{};
     const ssize_t size = readlink(link.c_str(), target.data(), target.size());
     std::string path(target.data(), size > 0 ? static_cast<std::size_t>(size) : 0);
-    // The kernel appends this if an update replaced the file while the program runs.
-    constexpr std::string_view deleted = " (deleted)";
-    if (path.ends_with(deleted))
+    constexpr std::string_view deleted = " (deleted)"; // an update replaced the file while it runs
+    if (path.ends_with(deleted)) {
         path.resize(path.size() - deleted.size());
+    }
     return path;
 }
 
 std::string variable(const std::vector<std::string>& environment, std::string_view name) {
     for (const std::string& one : environment) {
-        if (one.size() > name.size() && one.starts_with(name) && one[name.size()] == '=')
+        if (one.size() > name.size() && one.starts_with(name) && one[name.size()] == '=') {
             return one.substr(name.size() + 1);
+        }
     }
     return "";
 }
@@ -69,8 +72,9 @@ std::string launchedFrom(const std::string& folder, pid_t process) {
 // parentheses and spaces.
 bool hasTerminal(const std::string& status) {
     const std::size_t nameEnd = status.rfind(')');
-    if (nameEnd == std::string::npos)
+    if (nameEnd == std::string::npos) {
         return false;
+    }
     std::istringstream fields(status.substr(nameEnd + 1));
     std::string state;
     long parent = 0;

@@ -12,31 +12,36 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
     for (;;) {
         const std::size_t end = text.find(separator);
         parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos)
+        if (end == std::string_view::npos) {
             return parts;
+        }
         text.remove_prefix(end + 1);
     }
 }
 
 bool removePrefix(std::string_view& text, std::string_view prefix) {
     const bool there = text.starts_with(prefix);
-    if (there)
+    if (there) {
         text.remove_prefix(prefix.size());
+    }
     return there;
 }
 
 bool removeSuffix(std::string_view& text, std::string_view suffix) {
     const bool there = text.ends_with(suffix);
-    if (there)
+    if (there) {
         text.remove_suffix(suffix.size());
+    }
     return there;
 }
 
 std::optional<int> hexDigit(char character) {
-    if (character >= '0' && character <= '9')
+    if (character >= '0' && character <= '9') {
         return character - '0';
-    if (character >= 'a' && character <= 'f')
+    }
+    if (character >= 'a' && character <= 'f') {
         return character - 'a' + 10;
+    }
     return std::nullopt;
 }
 
@@ -62,10 +67,12 @@ std::vector<std::string> endsOf(std::string_view text) {
     for (std::size_t dash = text.size(); dash > 0;) {
         dash = text.rfind('-', dash - 1);
         const std::string_view end = dash == std::string_view::npos ? text : text.substr(dash + 1);
-        if (!end.empty())
+        if (!end.empty()) {
             ends.push_back(unescape(end));
-        if (dash == std::string_view::npos)
+        }
+        if (dash == std::string_view::npos) {
             break;
+        }
     }
     return ends;
 }
@@ -75,8 +82,9 @@ UnitApplication snapOf(std::string_view text) {
     constexpr std::size_t maxRandom = 36;
     UnitApplication application{UnitApplication::Kind::snap, {}, ""};
     const std::size_t dot = text.find('.');
-    if (dot == std::string_view::npos)
+    if (dot == std::string_view::npos) {
         return application;
+    }
     const std::string snap = unescape(text.substr(0, dot));
     std::string_view app = text.substr(dot + 1);
     if (app.size() > maxRandom + 1) {
@@ -94,42 +102,50 @@ UnitApplication snapOf(std::string_view text) {
 UnitApplication busServiceOf(std::string_view text) {
     const std::size_t dash = text.find('-');
     const std::size_t at = text.rfind('@');
-    if (dash == std::string_view::npos || at == std::string_view::npos || at < dash)
+    if (dash == std::string_view::npos || at == std::string_view::npos || at < dash) {
         return {};
+    }
     return {UnitApplication::Kind::ordinary, {unescape(text.substr(dash + 1, at - dash - 1))}, ""};
 }
 
 UnitApplication launched(std::string_view text, std::string_view random) {
-    if (removePrefix(text, "flatpak-"))
+    if (removePrefix(text, "flatpak-")) {
         return {UnitApplication::Kind::flatpak, {unescape(text)}, std::string(random)};
+    }
     return {UnitApplication::Kind::ordinary, endsOf(text), std::string(random)};
 }
 
 UnitApplication scopeOf(std::string_view text) {
     const std::size_t dash = text.rfind('-');
-    if (dash == std::string_view::npos)
+    if (dash == std::string_view::npos) {
         return {};
+    }
     return launched(text.substr(0, dash), text.substr(dash + 1));
 }
 
 UnitApplication serviceOf(std::string_view text) {
     const std::size_t at = text.rfind('@');
-    if (at == std::string_view::npos)
+    if (at == std::string_view::npos) {
         return launched(text, "");
+    }
     return launched(text.substr(0, at), text.substr(at + 1));
 }
 
 UnitApplication applicationNamedBy(std::string_view unit) {
     const bool scope = removeSuffix(unit, ".scope");
     const bool service = !scope && removeSuffix(unit, ".service");
-    if (!scope && !service)
+    if (!scope && !service) {
         return {};
-    if (removePrefix(unit, "snap."))
+    }
+    if (removePrefix(unit, "snap.")) {
         return snapOf(unit);
-    if (service && removePrefix(unit, "dbus-"))
+    }
+    if (service && removePrefix(unit, "dbus-")) {
         return busServiceOf(unit);
-    if (!removePrefix(unit, "app-"))
+    }
+    if (!removePrefix(unit, "app-")) {
         return {};
+    }
     return scope ? scopeOf(unit) : serviceOf(unit);
 }
 
@@ -145,12 +161,14 @@ UnitApplication applicationOfUnit(std::string_view unit) {
 
 std::string unitOfControlGroups(std::string_view text) {
     for (std::string_view line : split(text, '\n')) {
-        if (!removePrefix(line, "0::") && line.find(":name=systemd:") == std::string_view::npos)
+        if (!removePrefix(line, "0::") && line.find(":name=systemd:") == std::string_view::npos) {
             continue;
+        }
         const auto folders = split(line, '/');
         for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-            if (folder->ends_with(".scope") || folder->ends_with(".service"))
+            if (folder->ends_with(".scope") || folder->ends_with(".service")) {
                 return std::string(*folder);
+            }
         }
     }
     return "";

@@ -38,21 +38,24 @@ std::unique_ptr<WindowBackend> makeBackend(DesktopKind kind, DesktopThread& thre
 
 std::vector<DesktopKind> desktopsToTry(std::string_view waylandDisplay, std::string_view display) {
     std::vector<DesktopKind> kinds;
-    if (!waylandDisplay.empty())
+    if (!waylandDisplay.empty()) {
         kinds = {DesktopKind::gnome, DesktopKind::kwin, DesktopKind::wlroots};
-    if (!display.empty())
+    }
+    if (!display.empty()) {
         kinds.push_back(DesktopKind::x11);
+    }
     return kinds;
 }
 
 std::vector<WindowBackendFactory> desktopBackends(DesktopThread& thread) {
     std::vector<WindowBackendFactory> factories;
     for (const DesktopKind kind :
-         desktopsToTry(fromEnvironment("WAYLAND_DISPLAY"), fromEnvironment("DISPLAY")))
+         desktopsToTry(fromEnvironment("WAYLAND_DISPLAY"), fromEnvironment("DISPLAY"))) {
         factories.emplace_back([kind, &thread] {
             logLine("windows", "tries ", nameOf(kind));
             return makeBackend(kind, thread);
         });
+    }
     return factories;
 }
 

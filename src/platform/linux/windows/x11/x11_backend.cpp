@@ -145,8 +145,9 @@ void X11Backend::Session::begin() {
 
 void X11Backend::Session::serve() {
     int turns = 0;
-    while (turns < maxTurn && serveOnce())
+    while (turns < maxTurn && serveOnce()) {
         ++turns;
+    }
     if (server.isLost()) {
         lose();
         return;
@@ -156,8 +157,9 @@ void X11Backend::Session::serve() {
     // already queued.
     if (turns == maxTurn) {
         thread.submit([self = weak_from_this()] {
-            if (const auto alive = self.lock())
+            if (const auto alive = self.lock()) {
                 alive->serve();
+            }
         });
     }
 }
@@ -166,23 +168,27 @@ void X11Backend::Session::serve() {
 // socket.
 bool X11Backend::Session::serveOnce() {
     const X11Reply<xcb_generic_event_t> event(xcb_poll_for_event(server.raw()));
-    if (event != nullptr)
+    if (event != nullptr) {
         handle(*event);
+    }
     const bool answered = requests.takeReply();
-    if (event != nullptr || answered)
+    if (event != nullptr || answered) {
         server.flush();
+    }
     return event != nullptr || answered;
 }
 
 void X11Backend::Session::handle(const xcb_generic_event_t& event) {
     constexpr std::uint8_t sent = 0x80;
-    if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0)
-        return; // errors are ignored, because a window may close before its request is handled
+    if (event.response_type != XCB_PROPERTY_NOTIFY || (event.response_type & sent) != 0) {
+        return; // also ignores errors: a window may close before its request is handled
+    }
     const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(event);
-    if (change.window != clock)
+    if (change.window != clock) {
         propertyChanged(change.window, change.atom);
-    else
+    } else {
         takeTime(change.time);
+    }
 }
 
 void X11Backend::Session::makeClock() {
@@ -204,8 +210,9 @@ bool X11Backend::Session::bringForward(const WindowChoice& isChosen) {
             lastUse = client.lastUse;
         }
     }
-    if (best == XCB_WINDOW_NONE || server.isLost())
+    if (best == XCB_WINDOW_NONE || server.isLost()) {
         return false;
+    }
     toActivate = best;
     askForTime();
     return true;
@@ -218,10 +225,12 @@ void X11Backend::Session::askForTime() {
 }
 
 void X11Backend::Session::takeTime(xcb_timestamp_t time) {
-    if (toActivate != XCB_WINDOW_NONE)
+    if (toActivate != XCB_WINDOW_NONE) {
         activate(time);
-    for (const auto& take : std::exchange(waitingForTime, {}))
+    }
+    for (const auto& take : std::exchange(waitingForTime, {})) {
         take(time);
+    }
 }
 
 // The startup id ends with the time of the user's input. The message is sent when the program runs.
@@ -266,42 +275,50 @@ void X11Backend::Session::activate(xcb_timestamp_t time) {
     const xcb_window_t window = std::exchange(toActivate, xcb_window_t{XCB_WINDOW_NONE});
     requests.property(window, workspaceAtom, 1, [this, window, time](const X11Property& workspace) {
         constexpr std::uint32_t onAll = 0xFFFFFFFF;
-        if (!workspace.items.empty() && workspace.items.front() != onAll)
+        if (!workspace.items.empty() && workspace.items.front() != onAll) {
             server.requestFromWindowManager(root, shownWorkspaceName,
                                             {workspace.items.front(), time});
+        }
         server.requestFromWindowManager(window, activeName, {byTheUser, time, active});
     });
 }
 
 void X11Backend::Session::propertyChanged(xcb_window_t window, xcb_atom_t property) {
     if (window != root) {
-        if (reader.reads(property))
+        if (reader.reads(property)) {
             read(window);
+        }
         return;
     }
-    if (property == activeAtom || property == managerAtom)
+    if (property == activeAtom || property == managerAtom) {
         askForActive();
-    if (property == listAtom || property == managerAtom)
+    }
+    if (property == listAtom || property == managerAtom) {
         askForList();
+    }
 }
 
 void X11Backend::Session::askForActive() {
-    if (!activeInquiry.begin())
+    if (!activeInquiry.begin()) {
         return;
+    }
     requests.property(root, activeAtom, 1, [this](const X11Property& property) {
         takeActive(property);
-        if (activeInquiry.end())
+        if (activeInquiry.end()) {
             askForActive();
+        }
     });
 }
 
 void X11Backend::Session::askForList() {
-    if (!listInquiry.begin())
+    if (!listInquiry.begin()) {
         return;
+    }
     requests.property(root, listAtom, maxWindows, [this](const X11Property& property) {
         takeList(property);
-        if (listInquiry.end())
+        if (listInquiry.end()) {
             askForList();
+        }
     });
 }
 
@@ -319,11 +336,13 @@ void X11Backend::Session::takeList(const X11Property& property) {
     listed.clear();
     std::set<xcb_window_t> seen;
     for (const xcb_window_t window : property.items) {
-        if (window != XCB_WINDOW_NONE && seen.insert(window).second)
+        if (window != XCB_WINDOW_NONE && seen.insert(window).second) {
             listed.push_back(window);
+        }
     }
-    for (const xcb_window_t window : listed)
+    for (const xcb_window_t window : listed) {
         follow(window);
+    }
     forgetClosedWindows();
 }
 
@@ -337,15 +356,18 @@ void X11Backend::Session::follow(xcb_window_t window) {
 
 void X11Backend::Session::read(xcb_window_t window) {
     const auto client = clients.find(window);
-    if (client == clients.end() || !client->second.inquiry.begin())
+    if (client == clients.end() || !client->second.inquiry.begin()) {
         return;
+    }
     reader.read(window, [this, window](const X11Window& described) {
         const auto reading = clients.find(window);
-        if (reading == clients.end())
+        if (reading == clients.end()) {
             return;
+        }
         reading->second.window = described;
-        if (reading->second.inquiry.end())
+        if (reading->second.inquiry.end()) {
             read(window);
+        }
     });
 }
 
@@ -369,13 +391,16 @@ void X11Backend::Session::reportActive() {
     std::optional<WindowIdentity> now;
     const auto client = clients.find(active);
     if (client != clients.end() && activeIsOpen()) {
-        if (!client->second.window)
+        if (!client->second.window) {
             return; // a reply is pending
-        if (!client->second.window->isGone)
+        }
+        if (!client->second.window->isGone) {
             now = client->second.window->identity;
+        }
     }
-    if (now == reportedActive)
+    if (now == reportedActive) {
         return;
+    }
     reportedActive = now;
     listener.activeWindowChanged(now);
 }
@@ -384,13 +409,16 @@ void X11Backend::Session::reportWindows() {
     std::vector<WindowIdentity> now;
     for (const xcb_window_t window : listed) {
         const auto& read = clients.at(window).window;
-        if (!read)
+        if (!read) {
             return; // a reply is pending
-        if (!read->isGone && read->isApplicationWindow)
+        }
+        if (!read->isGone && read->isApplicationWindow) {
             now.push_back(read->identity);
+        }
     }
-    if (now == reportedWindows)
+    if (now == reportedWindows) {
         return;
+    }
     reportedWindows = std::move(now);
     listener.windowsChanged(reportedWindows);
 }
@@ -420,8 +448,9 @@ bool X11Backend::start(WindowListener& listener) {
 }
 
 void X11Backend::bringForward(const WindowChoice& isChosen, std::function<void()> otherwise) {
-    if (session == nullptr || !session->bringForward(isChosen))
+    if (session == nullptr || !session->bringForward(isChosen)) {
         otherwise();
+    }
 }
 
 void X11Backend::requestToken(const LaunchedApplication& application,

@@ -13,8 +13,9 @@ X11Property propertyIn(void* answer, const xcb_generic_error_t* error) {
     X11Property property;
     property.windowIsGone = error != nullptr && error->error_code == XCB_WINDOW;
     const auto* const reply = static_cast<const xcb_get_property_reply_t*>(answer);
-    if (reply == nullptr)
+    if (reply == nullptr) {
         return property;
+    }
     const auto length = static_cast<std::size_t>(xcb_get_property_value_length(reply));
     const void* const value = xcb_get_property_value(reply);
     if (reply->format == 8) {
@@ -29,22 +30,25 @@ X11Property propertyIn(void* answer, const xcb_generic_error_t* error) {
 
 std::uint32_t processIn(void* answer) {
     const auto* const reply = static_cast<const xcb_res_query_client_ids_reply_t*>(answer);
-    if (reply == nullptr)
+    if (reply == nullptr) {
         return 0;
+    }
     auto identifier = xcb_res_query_client_ids_ids_iterator(reply);
     for (; identifier.rem > 0; xcb_res_client_id_value_next(&identifier)) {
         const bool process =
             (identifier.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0;
-        if (process && xcb_res_client_id_value_value_length(identifier.data) > 0)
+        if (process && xcb_res_client_id_value_value_length(identifier.data) > 0) {
             return *xcb_res_client_id_value_value(identifier.data);
+        }
     }
     return 0;
 }
 
 bool reportsProcesses(const X11Connection& server) {
     const auto* const extension = xcb_get_extension_data(server.raw(), &xcb_res_id);
-    if (extension == nullptr || extension->present == 0)
+    if (extension == nullptr || extension->present == 0) {
         return false;
+    }
     const auto version =
         server.reply(xcb_res_query_version_reply, xcb_res_query_version(server.raw(), 1, 2));
     return version != nullptr && (version->server_major > 1 ||
@@ -88,12 +92,14 @@ void X11Requests::expect(std::uint32_t sequence, Taker taker) {
 }
 
 bool X11Requests::takeReply() {
-    if (pending.empty() || connection.isLost())
+    if (pending.empty() || connection.isLost()) {
         return false;
+    }
     void* reply = nullptr;
     xcb_generic_error_t* error = nullptr;
-    if (xcb_poll_for_reply(connection.raw(), pending.front().sequence, &reply, &error) == 0)
+    if (xcb_poll_for_reply(connection.raw(), pending.front().sequence, &reply, &error) == 0) {
         return false;
+    }
     const X11Reply<void> ownedReply(reply);
     const X11Reply<void> ownedError(error);
     const Taker taker = std::move(pending.front().taker);

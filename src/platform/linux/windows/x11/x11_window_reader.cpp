@@ -29,8 +29,9 @@ std::string upToNull(const std::string& text) {
 // Parses "instance\0class\0". Either part and the null characters may be missing.
 void takeWindowClass(const std::string& text, WindowIdentity& identity) {
     identity.instance = upToNull(text);
-    if (identity.instance.size() < text.size())
+    if (identity.instance.size() < text.size()) {
         identity.appID = upToNull(text.substr(identity.instance.size() + 1));
+    }
 }
 
 // Compares host names without domains: "host.example.org" equals "host".
@@ -92,8 +93,9 @@ void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Wind
     requests.processOf(window,
                        [reading](std::uint32_t process) { reading->processByServer = process; });
     ask(atoms.process, 1, [reading](const X11Property& property) {
-        if (!property.items.empty())
+        if (!property.items.empty()) {
             reading->processByWindow = property.items.front();
+        }
     });
     ask(atoms.machine, maxText,
         [reading](const X11Property& property) { reading->machine = upToNull(property.text); });
@@ -105,16 +107,18 @@ void X11WindowReader::read(xcb_window_t window, std::function<void(const X11Wind
         reading->window.identity.title = upToNull(property.text);
     });
     ask(atoms.title, maxText, [reading](const X11Property& property) {
-        if (!property.text.empty())
+        if (!property.text.empty()) {
             reading->window.identity.title = upToNull(property.text);
+        }
     });
     ask(XCB_ATOM_WM_CLASS, maxText, [this, reading](const X11Property& property) {
         X11Window& read = reading->window;
         read.isGone = property.windowIsGone;
         takeWindowClass(property.text, read.identity);
         read.identity.process = asProcess(reading->processByServer);
-        if (!read.identity.process && sameMachine(reading->machine, hostName))
+        if (!read.identity.process && sameMachine(reading->machine, hostName)) {
             read.identity.process = asProcess(reading->processByWindow);
+        }
         read.isApplicationWindow = isApplicationWindow(reading->types, reading->states);
         reading->taker(read);
     });
