@@ -30,27 +30,6 @@ constexpr std::uint32_t byTheUser = 2;
 // The maximum number of events and replies that are handled before the thread runs its other tasks.
 constexpr int maxTurn = 500;
 
-// A query that is sent again after a change. Only one is in flight at a time, so that continuous
-// changes do not flood the server.
-class Inquiry {
-public:
-    // Called on a change. Returns true if the caller must send the query now.
-    bool begin() {
-        again = underWay;
-        return !std::exchange(underWay, true);
-    }
-
-    // Called when the reply has arrived. Returns true if the caller must send the query again.
-    bool end() {
-        underWay = false;
-        return std::exchange(again, false);
-    }
-
-private:
-    bool underWay = false;
-    bool again = false;
-};
-
 } // namespace
 
 class X11Backend::Session : public std::enable_shared_from_this<Session> {
@@ -67,8 +46,8 @@ public:
 private:
     struct Client {
         std::optional<X11Window> window; // nullopt until its properties have been read
-        Inquiry inquiry;
-        std::uint64_t lastUse = 0; // counted across all windows; 0 if it was never active
+        X11Inquiry inquiry;
+        std::uint64_t lastUse = 0; // from a counter for all windows; 0 if never active
     };
 
     void makeClock();
@@ -109,8 +88,8 @@ private:
     std::vector<std::function<void(xcb_timestamp_t)>> waitingForTime;
     std::uint32_t launches = 0;
     std::uint64_t uses = 0;
-    Inquiry activeInquiry;
-    Inquiry listInquiry;
+    X11Inquiry activeInquiry;
+    X11Inquiry listInquiry;
     xcb_window_t active = XCB_WINDOW_NONE;
     bool hasList = false;
     std::vector<xcb_window_t> listed;

@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace glidemap {
@@ -26,6 +27,27 @@ struct X11Property {
     bool hasItems = false;            // the property has 32-bit items, possibly none
     std::string text;                 // the value of an 8-bit property
     std::vector<std::uint32_t> items; // the value of a 32-bit property
+};
+
+// A query that repeats after a change, with at most one in flight: continuous changes cannot flood
+// the server.
+class X11Inquiry {
+public:
+    // Returns true if the caller must send the query now.
+    bool begin() {
+        again = underWay;
+        return !std::exchange(underWay, true);
+    }
+
+    // Returns true if the caller must send the query again.
+    bool end() {
+        underWay = false;
+        return std::exchange(again, false);
+    }
+
+private:
+    bool underWay = false;
+    bool again = false;
 };
 
 class X11Requests {
