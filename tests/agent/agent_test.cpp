@@ -1,7 +1,7 @@
 // The program without its interface, with touches from a recording and the tests' own buses. The
 // kernel tests cover real touchpads.
 #include "choreography/performance.h"
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "kit/temporary_folder.h"
@@ -20,8 +20,8 @@ namespace glidemap {
 namespace {
 
 using desktops::PrivateBus;
-using test::BusDouble;
 using test::contentOf;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using test::TemporaryFolder;
@@ -33,7 +33,7 @@ const test::ServiceDescription logind{
     "<property name='LockedHint' type='b' access='read'/></interface>"};
 
 // The session locks on request and reports it.
-void lockOnRequest(BusDouble& manager) {
+void lockOnRequest(FakeService& manager) {
     manager.answer("Lock", [&manager] {
         manager.setAndAnnounce("LockedHint", true, "org.freedesktop.login1.Session",
                                "/org/freedesktop/login1/session/_31");
@@ -90,7 +90,7 @@ protected:
 };
 
 TEST_F(AgentTest, LogsEveryGestureAndLocksTheScreen) {
-    BusDouble manager(systemBus.address(), logind, journal);
+    FakeService manager(systemBus.address(), logind, journal);
     lockOnRequest(manager);
     record({GestureType::threeFingerSwipeUp, GestureType::fixAndTapLeft,
             GestureType::drawCircleClockwise});
@@ -113,7 +113,7 @@ TEST_F(AgentTest, LogsEveryGestureAndLocksTheScreen) {
 TEST_F(AgentTest, LockActionRunsOnALockedScreenWithoutLogging) {
     test::ServiceDescription locked = logind;
     locked.properties = {{"LockedHint", true}};
-    BusDouble manager(systemBus.address(), locked, journal);
+    FakeService manager(systemBus.address(), locked, journal);
     record({GestureType::threeFingerSwipeUp, GestureType::fixAndTapLeft,
             GestureType::drawCircleClockwise});
     Process agent(command());
@@ -124,7 +124,7 @@ TEST_F(AgentTest, LockActionRunsOnALockedScreenWithoutLogging) {
 }
 
 TEST_F(AgentTest, LogUsesTheStoredLanguage) {
-    BusDouble manager(systemBus.address(), logind, journal);
+    FakeService manager(systemBus.address(), logind, journal);
     lockOnRequest(manager);
     ofUser("[General]\nappLanguage=zh\n");
     record({GestureType::drawCircleClockwise});

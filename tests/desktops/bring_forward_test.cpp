@@ -1,7 +1,7 @@
 // Tests that launching a running application brings its window forward and starts no second
 // process.
 #include "desktop_test_base.h"
-#include "desktops/recording_window_listener.h"
+#include "desktops/fake_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "kit/leash.h"
 #include "platform/linux/desktop/desktop_thread.h"

@@ -13,7 +13,7 @@ namespace glidemap::desktops {
 namespace {
 
 constexpr const char* python = "/usr/bin/python3"; // finds the distribution's modules
-constexpr const char* pythonDouble = "/usr/lib/python3/dist-packages/dbusmock";
+constexpr const char* pythonMock = "/usr/lib/python3/dist-packages/dbusmock";
 constexpr const char* loginName = "org.freedesktop.login1";
 constexpr const char* shellName = "org.gnome.Shell";
 constexpr const char* shellPath = "/org/gnome/Shell";
@@ -25,7 +25,7 @@ std::optional<std::string> GnomeShell::missing() {
     if (!isInstalled("gnome-shell")) {
         return "gnome-shell";
     }
-    if (!std::filesystem::exists(pythonDouble)) {
+    if (!std::filesystem::exists(pythonMock)) {
         return "python3-dbusmock";
     }
     return std::nullopt;

@@ -1,6 +1,6 @@
 // Tests the program itself on each desktop: its window, its status item, and a second launch.
 #include "desktop_test_base.h"
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "kit/temporary_folder.h"
 #include "seen_workspace.h"
 
@@ -13,9 +13,9 @@ namespace {
 constexpr const char* identifier = "org.glidemap.Glidemap";
 
 // A status bar on the desktop's bus, for desktops without one.
-class StatusBarDouble {
+class FakeStatusBarService {
 public:
-    StatusBarDouble(const Desktop& desktop, StatusBar present) {
+    FakeStatusBarService(const Desktop& desktop, StatusBar present) {
         if (present == StatusBar::none) {
             bar.emplace(desktop.bus().address(), watcher, journal);
             bar->set("IsStatusNotifierHostRegistered", true);
@@ -30,7 +30,7 @@ private:
         "<method name='RegisterStatusNotifierItem'><arg type='s' direction='in'/></method>"
         "<property name='IsStatusNotifierHostRegistered' type='b' access='read'/></interface>"};
     test::Journal journal;
-    std::optional<test::BusDouble> bar;
+    std::optional<test::FakeService> bar;
 };
 
 class ProgramTest : public DesktopTest {
@@ -76,8 +76,8 @@ TEST_P(ProgramTest, SettingsWindowOpensInFront) {
 }
 
 TEST_P(ProgramTest, SecondLaunchExitsAndBringsTheWindowForward) {
-    const StatusBarDouble bar(*desktop,
-                              GetParam().statusBar); // so that no alert takes the focus
+    const FakeStatusBarService bar(*desktop,
+                                   GetParam().statusBar); // so that no alert takes the focus
     Program glidemap(command());
     const SeenWorkspace seen;
     seen.expectFrontmost(identifier);

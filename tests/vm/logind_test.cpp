@@ -4,7 +4,7 @@
 
 #include "agent_session.h"
 #include "deadline.h"
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "device_reader.h"
 #include "input_devices.h"
 #include "kit/in_environment.h"
@@ -30,7 +30,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 
@@ -142,7 +142,7 @@ protected:
         busDaemon = std::make_unique<Process>(
             std::vector<std::string>{"/usr/bin/dbus-daemon", "--system", "--nofork"});
         ASSERT_TRUE(waitForFile(socketFile));
-        manager = std::make_unique<BusDouble>(systemBus, serviceManager, journal);
+        manager = std::make_unique<FakeService>(systemBus, serviceManager, journal);
         manager->answer("StartTransientUnit", [this] {
             const std::string unit = "session-c" + std::to_string(++scopes) + ".scope";
             manager->announce("org.freedesktop.systemd1.Manager", "JobRemoved",
@@ -168,7 +168,7 @@ protected:
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus};
     InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", nullptr};
     std::unique_ptr<Process> busDaemon;
-    std::unique_ptr<BusDouble> manager;
+    std::unique_ptr<FakeService> manager;
     std::unique_ptr<Process> logind;
     std::unique_ptr<Seat> seat;
     AgentHome home;

@@ -3,7 +3,7 @@
 
 #include "access_list.h"
 #include "agent_session.h"
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "device_reader.h"
 #include "input_devices.h"
@@ -32,7 +32,7 @@ namespace glidemap::vm {
 namespace {
 
 using desktops::PrivateBus;
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using testing::HasSubstr;
@@ -66,12 +66,12 @@ test::ServiceDescription logind(bool isActive) {
 
 class SessionTest : public testing::Test {
 protected:
-    void set(BusDouble& manager, const char* property, bool value) {
+    void set(FakeService& manager, const char* property, bool value) {
         manager.setAndAnnounce(property, value, "org.freedesktop.login1.Session",
                                "/org/freedesktop/login1/session/_31");
     }
 
-    static void announceSleep(BusDouble& manager, bool sleeps) {
+    static void announceSleep(FakeService& manager, bool sleeps) {
         manager.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
@@ -80,7 +80,7 @@ protected:
     // announcement. The fake accepts the second query after its reply to the first query. So the
     // third announcement follows that reply, and the program sends the third query after it has
     // read the reply.
-    void setLocked(BusDouble& manager, bool isLocked) {
+    void setLocked(FakeService& manager, bool isLocked) {
         constexpr int rounds = 3;
         ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
         for (int round = 0; round < rounds; ++round) {
@@ -124,7 +124,7 @@ protected:
 // ── an inactive session ──
 
 TEST_F(SessionTest, InactiveSessionHasNoKeyboardAndDoesNotReadTheTouchpad) {
-    BusDouble manager(systemBus.address(), logind(true), journal);
+    FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, tapTypesS});
     Agent agent;
     for (int turn = 0; turn < 3; ++turn) {
@@ -156,7 +156,7 @@ TEST_F(SessionTest, InactiveSessionHasNoKeyboardAndDoesNotReadTheTouchpad) {
 }
 
 TEST_F(SessionTest, WaitsForAnActiveSessionOnStartup) {
-    BusDouble manager(systemBus.address(), logind(false), journal);
+    FakeService manager(systemBus.address(), logind(false), journal);
     home.writeBindings({typesT});
     Agent agent;
     ASSERT_TRUE(journal.waitForCount("login1 get Active", 2)) << "the watch is set";
@@ -173,7 +173,7 @@ TEST_F(SessionTest, WaitsForAnActiveSessionOnStartup) {
 
 TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
     pad.unplug();
-    BusDouble manager(systemBus.address(), logind(true), journal);
+    FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT});
     Agent agent;
     const std::filesystem::path keyboard = keyboardNode();
@@ -193,7 +193,7 @@ TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
 // The monotonic clock stops during sleep. Without special handling, a touch, a tap that waits for a
 // second tap, and a held button would continue after sleep.
 TEST_F(SessionTest, SleepEndsTouchesAndButtons) {
-    BusDouble manager(systemBus.address(), logind(true), journal);
+    FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
                         bindingJson("twoFingerTap", shortcutJson(2, 0)),
                         bindingJson("threeFingerLongPress", shortcutJson(3, 0))});
@@ -232,7 +232,7 @@ TEST_F(SessionTest, SleepEndsTouchesAndButtons) {
 // ── a locked screen ──
 
 TEST_F(SessionTest, TypesNothingAndForwardsClicksWhileLocked) {
-    BusDouble manager(systemBus.address(), logind(true), journal);
+    FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings(
         {typesT, tapTypesS, bindingJson("fourFingerTap", R"({"kind":"lockScreen"})")});
     Agent agent;

@@ -10,7 +10,7 @@
 // prints both.
 #include "agent_session.h"
 #include "deadline.h"
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "device_reader.h"
 #include "event_reader.h"
@@ -45,7 +45,7 @@ namespace glidemap::vm {
 namespace {
 
 using desktops::PrivateBus;
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using testing::IsEmpty;
@@ -228,13 +228,13 @@ protected:
     }
 
     void announce(const char* property, bool value) {
-        logindDouble.setAndAnnounce(property, value, "org.freedesktop.login1.Session",
-                                    "/org/freedesktop/login1/session/_31");
+        fakeLogind.setAndAnnounce(property, value, "org.freedesktop.login1.Session",
+                                  "/org/freedesktop/login1/session/_31");
     }
 
     void announceSleep(bool sleeps) {
-        logindDouble.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
-                              g_variant_new("(b)", sleeps ? TRUE : FALSE));
+        fakeLogind.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
+                            g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
 
     static void expectNoKeyboard() {
@@ -340,7 +340,7 @@ protected:
     PrivateBus sessionBus;
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
     InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
-    BusDouble logindDouble{systemBus.address(), logind, journal};
+    FakeService fakeLogind{systemBus.address(), logind, journal};
     VirtualPad pad{ordinaryPad()};
     PadHand hand{pad};
     std::unique_ptr<Agent> agent;

@@ -2,10 +2,10 @@
 #include "desktops/application_folder.h"
 #include "desktops/launch_reports.h"
 #include "desktops/scoped_environment.h"
+#include "fake_application_service.h"
 #include "platform/linux/applications/application_launcher.h"
 #include "platform/linux/desktop/application_scope.h"
 #include "platform/linux/desktop/desktop_thread.h"
-#include "service_double.h"
 
 #include <fcntl.h>
 #include <gio/gdesktopappinfo.h>
@@ -177,7 +177,7 @@ TEST_F(ApplicationLauncherTest, TerminalProgramRunsInATerminal) {
 }
 
 TEST_F(ApplicationLauncherTest, ActivatesDBusActivatableApplication) {
-    ServiceDouble application("org.example.My-App");
+    FakeApplicationService application("org.example.My-App");
     installAndLaunch("org.example.My-App",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
     EXPECT_EQ(application.nextCall(),
@@ -186,7 +186,7 @@ TEST_F(ApplicationLauncherTest, ActivatesDBusActivatableApplication) {
 }
 
 TEST_F(ApplicationLauncherTest, PassesActivationTokenToDBusActivatedApplication) {
-    ServiceDouble application("org.example.Proven");
+    FakeApplicationService application("org.example.Proven");
     const auto path = folder.install(
         "org.example.Proven",
         "Name=Some\nDBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
@@ -231,7 +231,7 @@ TEST_F(ApplicationLauncherTest, FallsBackToExecIfDBusActivationFails) {
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
     EXPECT_EQ(reports.nextLine(), "started");
 
-    ServiceDouble other("org.example.Other", "org.freedesktop.DBus.Error.UnknownMethod");
+    FakeApplicationService other("org.example.Other", "org.freedesktop.DBus.Error.UnknownMethod");
     installAndLaunch("org.example.Other",
                      "DBusActivatable=true\nExec=" + reporting("other", "other") + "\n");
     EXPECT_EQ(reports.nextLine(), "other");
@@ -243,7 +243,7 @@ TEST_F(ApplicationLauncherTest, FallsBackToExecIfDBusActivationFails) {
 }
 
 TEST_F(ApplicationLauncherTest, SlowApplicationIsNotStartedTwice) {
-    ServiceDouble slow("org.example.Slow", "org.freedesktop.DBus.Error.NoReply");
+    FakeApplicationService slow("org.example.Slow", "org.freedesktop.DBus.Error.NoReply");
     installAndLaunch("org.example.Slow",
                      "DBusActivatable=true\nExec=" + reporting("tool", "started") + "\n");
     slow.nextCall();
@@ -269,7 +269,7 @@ TEST_F(ApplicationLauncherTest, OpensURLWithTheUsersHandler) {
 }
 
 TEST_F(ApplicationLauncherTest, OpensURLOverDBusIfTheHandlerIsDBusActivatable) {
-    ServiceDouble browser("org.example.Browser");
+    FakeApplicationService browser("org.example.Browser");
     std::ofstream(folder.path() / "config/mimeapps.list")
         << "[Default Applications]\nx-scheme-handler/gopher=org.example.Browser.desktop\n";
     folder.install("org.example.Browser",
@@ -283,7 +283,7 @@ TEST_F(ApplicationLauncherTest, OpensURLOverDBusIfTheHandlerIsDBusActivatable) {
 }
 
 TEST_F(ApplicationLauncherTest, ProcessGetsItsOwnSystemdUnit) {
-    ServiceDouble systemd("org.freedesktop.systemd1");
+    FakeApplicationService systemd("org.freedesktop.systemd1");
     installAndLaunch("my-tool", "Exec=" + reporting("tool", "$$") + "\n");
     const std::string process = reports.nextLine();
     std::string call = systemd.nextCall();

@@ -1,7 +1,7 @@
 #include "desktops/application_folder.h"
 #include "desktops/launch_reports.h"
+#include "fake_application_service.h"
 #include "platform/linux/applications/linux_workspace.h"
-#include "service_double.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -21,11 +21,11 @@ WindowIdentity window(const std::string& appID) {
 }
 
 // Reports the test's windows, or refuses to start.
-class BackendDouble : public WindowBackend {
+class FakeWindowBackend : public WindowBackend {
 public:
-    BackendDouble(std::vector<std::string>& reported, std::string called, bool knowsDesktop)
+    FakeWindowBackend(std::vector<std::string>& reported, std::string called, bool knowsDesktop)
         : log(reported), name(std::move(called)), knows(knowsDesktop) {}
-    ~BackendDouble() override { log.push_back(name + " goes"); }
+    ~FakeWindowBackend() override { log.push_back(name + " goes"); }
 
     bool start(WindowListener& listener) override {
         log.push_back(name + " starts");
@@ -60,7 +60,7 @@ protected:
 
     WindowBackendFactory backend(const std::string& name, bool knowsDesktop) {
         return [this, name, knowsDesktop] {
-            return std::make_unique<BackendDouble>(log, name, knowsDesktop);
+            return std::make_unique<FakeWindowBackend>(log, name, knowsDesktop);
         };
     }
 
@@ -113,10 +113,10 @@ TEST_F(LinuxWorkspaceTest, RaisesAnApplicationWithAWindowInsteadOfLaunching) {
 }
 
 // Reports which of its windows would be activated.
-class ChoosingBackend : public BackendDouble {
+class ChoosingBackend : public FakeWindowBackend {
 public:
     explicit ChoosingBackend(std::vector<std::string>& record)
-        : BackendDouble(record, "only", true), chosen(record) {}
+        : FakeWindowBackend(record, "only", true), chosen(record) {}
 
     void bringForward(const WindowChoice& isChosen, std::function<void()> /*otherwise*/) override {
         const WindowIdentity windows[] = {

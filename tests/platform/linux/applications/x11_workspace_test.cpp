@@ -5,9 +5,9 @@
 #include "desktops/scoped_environment.h"
 #include "desktops/x_client.h"
 #include "desktops/x_server.h"
+#include "fake_application_service.h"
 #include "platform/linux/applications/linux_workspace.h"
 #include "platform/linux/windows/x11/x11_backend.h"
-#include "service_double.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>

@@ -174,18 +174,18 @@ TEST_F(DetachedProcessTest, ManyThreadsCanStartProcessesConcurrently) {
 }
 
 // Acts as the journal and accepts a stream.
-class JournalDouble {
+class FakeJournal {
 public:
-    explicit JournalDouble(const std::string& path) {
+    explicit FakeJournal(const std::string& path) {
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
         path.copy(address.sun_path, sizeof(address.sun_path) - 1);
         EXPECT_EQ(bind(listening, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
         EXPECT_EQ(listen(listening, 1), 0);
     }
-    JournalDouble(const JournalDouble&) = delete;
-    JournalDouble& operator=(const JournalDouble&) = delete;
-    ~JournalDouble() { close(listening); }
+    FakeJournal(const FakeJournal&) = delete;
+    FakeJournal& operator=(const FakeJournal&) = delete;
+    ~FakeJournal() { close(listening); }
 
     // Returns the complete output of the first program, and sets its process id.
     std::string read(pid_t& process) const {
@@ -209,7 +209,7 @@ private:
 
 TEST_F(DetachedProcessTest, JournalMessagesHaveTheProgramName) {
     const std::string socket = folder.path() / "journal";
-    const JournalDouble journal(socket);
+    const FakeJournal journal(socket);
     DetachedCommand command{{"/bin/sh", "-c", "echo output; echo complaint >&2"}, {}};
     command.journal = {socket, "tool", true, true};
     const auto started = startDetached(command);

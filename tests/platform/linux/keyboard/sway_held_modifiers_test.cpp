@@ -46,9 +46,9 @@ std::string written(const Message& message) {
 }
 
 // Acts as sway's socket, with one client.
-class SwayDouble {
+class FakeSway {
 public:
-    SwayDouble() {
+    FakeSway() {
         sockaddr_un name = {};
         name.sun_family = AF_UNIX;
         path().copy(name.sun_path, sizeof name.sun_path - 1);
@@ -121,7 +121,7 @@ private:
 class SwayHeldModifiersTest : public testing::Test {
 protected:
     DesktopThread thread;
-    SwayDouble sway;
+    FakeSway sway;
 };
 
 TEST_F(SwayHeldModifiersTest, SetsASeparateRepeatDelayForTheKeyboard) {

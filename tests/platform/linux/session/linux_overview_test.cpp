@@ -1,4 +1,4 @@
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "kit/in_environment.h"
 #include "kit/patience.h"
@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using desktops::PrivateBus;
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using test::ServiceDescription;
@@ -43,7 +43,7 @@ ServiceDescription kwinReplying(const std::string& type) {
 
 const ServiceDescription kwin = kwinReplying("as");
 
-BusDouble::Method names(const char* values) {
+FakeService::Method names(const char* values) {
     return [values] {
         return g_variant_new_parsed(values);
     };
@@ -51,7 +51,7 @@ BusDouble::Method names(const char* values) {
 
 class LinuxOverviewTest : public testing::Test {
 protected:
-    BusDouble& onBus(const ServiceDescription& service) {
+    FakeService& onBus(const ServiceDescription& service) {
         return services.emplace_back(bus.address(), service, journal);
     }
 
@@ -80,19 +80,19 @@ protected:
     Journal journal;
     PrivateBus bus;
     InEnvironment address{"DBUS_SESSION_BUS_ADDRESS", bus.address().c_str()};
-    std::deque<BusDouble> services;
+    std::deque<FakeService> services;
     DesktopThread desktop;
 };
 
 TEST_F(LinuxOverviewTest, ShowsTheGNOMEOverview) {
-    BusDouble& gnomeShell = onBus(gnome);
+    FakeService& gnomeShell = onBus(gnome);
     EXPECT_EQ(toggle("Shell"),
               (Lines{"Shell get OverviewActive", "Shell set OverviewActive true"}));
     EXPECT_TRUE(gnomeShell.property("OverviewActive"));
 }
 
 TEST_F(LinuxOverviewTest, HidesAVisibleOverview) {
-    BusDouble& gnomeShell = onBus(gnome);
+    FakeService& gnomeShell = onBus(gnome);
     gnomeShell.set("OverviewActive", true);
     EXPECT_EQ(toggle("Shell"),
               (Lines{"Shell get OverviewActive", "Shell set OverviewActive false"}));
@@ -115,7 +115,7 @@ TEST_F(LinuxOverviewTest, InvokesTheKWinShortcut) {
 TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingKWinShortcut) {
     struct Row {
         const char* what;
-        BusDouble::Method answer;
+        FakeService::Method answer;
         const char* type = "as";
     };
     const Row rows[] = {
@@ -130,7 +130,7 @@ TEST_F(LinuxOverviewTest, DoesNotInvokeAMissingKWinShortcut) {
     };
     for (const Row& row : rows) {
         Journal asked;
-        BusDouble component(bus.address(), kwinReplying(row.type), asked);
+        FakeService component(bus.address(), kwinReplying(row.type), asked);
         component.answer("shortcutNames", row.answer);
         LinuxOverview overview(desktop, 600s);
         overview.toggle();
@@ -172,7 +172,7 @@ TEST_F(LinuxOverviewTest, FirstLookupDetectsAMissingOverview) {
 }
 
 TEST_F(LinuxOverviewTest, LookupDoesNotShowTheOverview) {
-    BusDouble& gnomeShell = onBus(gnome);
+    FakeService& gnomeShell = onBus(gnome);
     LinuxOverview overview(desktop, 600s);
     overview.mayExist();
     EXPECT_TRUE(journal.waitFor("Shell: no callers left"));

@@ -1,6 +1,6 @@
-#include "desktops/bus_double.h"
+#include "desktops/fake_programs.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
-#include "desktops/program_double.h"
 #include "desktops/silent_socket.h"
 #include "kit/fake_main_queue.h"
 #include "kit/in_environment.h"
@@ -23,7 +23,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using desktops::PrivateBus;
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using test::ServiceDescription;
@@ -109,10 +109,10 @@ protected:
         };
     }
 
-    BusDouble& onSystemBus(const ServiceDescription& service) {
+    FakeService& onSystemBus(const ServiceDescription& service) {
         return services.emplace_back(systemBus.address(), service, journal);
     }
-    BusDouble& onSessionBus(const ServiceDescription& service) {
+    FakeService& onSessionBus(const ServiceDescription& service) {
         return services.emplace_back(sessionBus.address(), service, journal);
     }
 
@@ -121,9 +121,9 @@ protected:
     PrivateBus sessionBus;
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
     InEnvironment session{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
-    std::deque<BusDouble> services;
+    std::deque<FakeService> services;
     // Hides the machine's programs and those of other tests.
-    test::ProgramDoubles programs;
+    test::FakePrograms programs;
     InEnvironment path{"PATH", programs.folder().c_str()};
     InEnvironment display{"DISPLAY", ":no-display-of-a-test"};
     InEnvironment wayland{"WAYLAND_DISPLAY", nullptr};
@@ -138,7 +138,7 @@ protected:
 };
 
 TEST_F(LinuxScreenLockTest, CallsNoOtherServiceOnceTheSessionReportsLocked) {
-    BusDouble& manager = onSystemBus(logind);
+    FakeService& manager = onSystemBus(logind);
     manager.answer("Lock", [&] {
         manager.set("LockedHint", true);
         return g_variant_new("()");
@@ -148,7 +148,7 @@ TEST_F(LinuxScreenLockTest, CallsNoOtherServiceOnceTheSessionReportsLocked) {
 }
 
 TEST_F(LinuxScreenLockTest, WaitsForASlowLockerUntilTheSessionReportsLocked) {
-    BusDouble& manager = onSystemBus(logind);
+    FakeService& manager = onSystemBus(logind);
     onSessionBus(gnome);
     LinuxScreenLock screenLock(desktop, queue, endless);
     screenLock.lock(otherwise());
@@ -198,7 +198,7 @@ TEST_F(LinuxScreenLockTest, CallsTheScreenSaverOfEachDesktop) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.service.name);
         Journal asked;
-        const BusDouble saver(sessionBus.address(), row.service, asked);
+        const FakeService saver(sessionBus.address(), row.service, asked);
         LinuxScreenLock screenLock(desktop, queue, endless);
         screenLock.lock(otherwise());
         EXPECT_TRUE(asked.waitFor("ScreenSaver: no callers left"));

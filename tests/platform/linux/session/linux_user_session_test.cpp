@@ -1,5 +1,5 @@
 // Tests the user session on private buses, with fakes of logind and of screen savers.
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "desktops/silent_socket.h"
 #include "kit/fake_main_queue.h"
@@ -20,7 +20,7 @@ namespace glidemap {
 namespace {
 
 using desktops::PrivateBus;
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using test::ServiceDescription;
@@ -51,9 +51,9 @@ constexpr Saver allSavers[] = {
 };
 
 // A fake screen saver that returns its state and announces changes.
-class SaverDouble {
+class FakeSaver {
 public:
-    SaverDouble(const PrivateBus& bus, const Saver& whose, bool active, Journal& journal)
+    FakeSaver(const PrivateBus& bus, const Saver& whose, bool active, Journal& journal)
         : saver(whose), isActive(active), service(bus.address(), description(), journal) {}
 
     void become(bool active) {
@@ -79,12 +79,12 @@ private:
 
     const Saver saver;
     std::atomic<bool> isActive;
-    BusDouble service;
+    FakeService service;
 };
 
 class LinuxUserSessionTest : public testing::Test {
 protected:
-    BusDouble& startLogind(bool isActive, bool isLocked) {
+    FakeService& startLogind(bool isActive, bool isLocked) {
         // The service owns its name only after its properties are set.
         ServiceDescription service = logind;
         service.properties = {{"Active", isActive}, {"LockedHint", isLocked}};
@@ -92,11 +92,11 @@ protected:
         return services.emplace_back(systemBus.address(), service, journal);
     }
 
-    void announce(BusDouble& manager, const std::string& property, bool value) {
+    void announce(FakeService& manager, const std::string& property, bool value) {
         manager.setAndAnnounce(property, value, sessionInterface, sessionPath);
     }
 
-    static void announceSleep(BusDouble& manager, bool sleeps) {
+    static void announceSleep(FakeService& manager, bool sleeps) {
         manager.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
                          g_variant_new("(b)", sleeps ? TRUE : FALSE));
     }
@@ -126,15 +126,15 @@ protected:
     PrivateBus sessionBus;
     InEnvironment system{"DBUS_SYSTEM_BUS_ADDRESS", systemBus.address().c_str()};
     InEnvironment sessionAddress{"DBUS_SESSION_BUS_ADDRESS", sessionBus.address().c_str()};
-    std::deque<BusDouble> services;
-    std::deque<SaverDouble> savers;
+    std::deque<FakeService> services;
+    std::deque<FakeSaver> savers;
     std::shared_ptr<kit::FakeMainQueue> queue =
         std::make_shared<kit::FakeMainQueue>([this] { journal.add("changed"); });
     DesktopThread desktop;
 };
 
 TEST_F(LinuxUserSessionTest, FollowsWhetherTheSessionIsActive) {
-    BusDouble& manager = startLogind(true, false);
+    FakeService& manager = startLogind(true, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(session.isActive());
     ASSERT_TRUE(journal.waitForCount("login1 get Active", 2)) << "the watch is set";
@@ -153,7 +153,7 @@ TEST_F(LinuxUserSessionTest, DetectsAnInitiallyInactiveSession) {
 }
 
 TEST_F(LinuxUserSessionTest, FollowsSuspendAndResume) {
-    BusDouble& manager = startLogind(true, true);
+    FakeService& manager = startLogind(true, true);
     const LinuxUserSession session(desktop, queue);
     EXPECT_FALSE(session.isAsleep());
     ASSERT_TRUE(become(session, true, true));
@@ -169,7 +169,7 @@ TEST_F(LinuxUserSessionTest, FollowsSuspendAndResume) {
 
 // A process that is stopped before the suspend reads both signals after the resume.
 TEST_F(LinuxUserSessionTest, ReportsASuspendThatEndsBeforeTheMainThreadRuns) {
-    BusDouble& manager = startLogind(true, false);
+    FakeService& manager = startLogind(true, false);
     LinuxUserSession session(desktop, queue);
     std::vector<bool> notified;
     const Subscription toSession =
@@ -183,7 +183,7 @@ TEST_F(LinuxUserSessionTest, ReportsASuspendThatEndsBeforeTheMainThreadRuns) {
 }
 
 TEST_F(LinuxUserSessionTest, ExitOfLogindDuringSuspendCountsAsResume) {
-    BusDouble& manager = startLogind(true, false);
+    FakeService& manager = startLogind(true, false);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
     announceSleep(manager, true);
@@ -193,7 +193,7 @@ TEST_F(LinuxUserSessionTest, ExitOfLogindDuringSuspendCountsAsResume) {
 }
 
 TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
-    BusDouble& manager = startLogind(true, false);
+    FakeService& manager = startLogind(true, false);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("login1 get Active", 2));
     announce(manager, "LockedHint", true);
@@ -203,7 +203,7 @@ TEST_F(LinuxUserSessionTest, FollowsTheLockedHint) {
 }
 
 TEST_F(LinuxUserSessionTest, ClosingSessionCountsAsActive) {
-    BusDouble& manager = startLogind(false, false);
+    FakeService& manager = startLogind(false, false);
     const LinuxUserSession session(desktop, queue);
     EXPECT_TRUE(become(session, false, false));
     manager.setText("State", "closing");
@@ -226,7 +226,7 @@ TEST_F(LinuxUserSessionTest, FollowsTheScreenSaverOfEachDesktop) {
     const LinuxUserSession session(desktop, queue);
     for (const Saver& each : allSavers) {
         {
-            SaverDouble saver(sessionBus, each, true, journal);
+            FakeSaver saver(sessionBus, each, true, journal);
             EXPECT_TRUE(become(session, true, true)) << each.name << " is active on startup";
             saver.become(false);
             EXPECT_TRUE(become(session, true, false)) << each.name;
@@ -244,9 +244,9 @@ TEST_F(LinuxUserSessionTest, InitiallyActiveScreenSaverIsDetected) {
 }
 
 TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsLocked) {
-    BusDouble& manager = startLogind(true, true);
-    SaverDouble& gnome = savers.emplace_back(sessionBus, allSavers[0], true, journal);
-    SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], false, journal);
+    FakeService& manager = startLogind(true, true);
+    FakeSaver& gnome = savers.emplace_back(sessionBus, allSavers[0], true, journal);
+    FakeSaver& mate = savers.emplace_back(sessionBus, allSavers[2], false, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("changed", 2)) << "the hint, and GNOME's screen saver";
     mate.become(true);
@@ -259,7 +259,7 @@ TEST_F(LinuxUserSessionTest, SessionIsLockedWhileAnySourceReportsLocked) {
 }
 
 TEST_F(LinuxUserSessionTest, IgnoresSignalsFromOtherPrograms) {
-    SaverDouble& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
+    FakeSaver& mate = savers.emplace_back(sessionBus, allSavers[2], true, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(become(session, true, true));
     ASSERT_TRUE(journal.waitForCount("ScreenSaver.GetActive()", 1)) << "the watch is set";
@@ -277,7 +277,7 @@ TEST_F(LinuxUserSessionTest, IgnoresSignalsFromOtherPrograms) {
 }
 
 TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
-    SaverDouble& cinnamon = savers.emplace_back(sessionBus, allSavers[1], false, journal);
+    FakeSaver& cinnamon = savers.emplace_back(sessionBus, allSavers[1], false, journal);
     const LinuxUserSession session(desktop, queue);
     ASSERT_TRUE(journal.waitForCount("ScreenSaver.GetActive()", 1)) << "the watch is set";
     cinnamon.announce(g_variant_new("(s)", "true"));
@@ -285,7 +285,7 @@ TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
     cinnamon.become(true);
     EXPECT_TRUE(become(session, true, true));
     EXPECT_EQ(changes, 1);
-    BusDouble& manager = startLogind(true, false);
+    FakeService& manager = startLogind(true, false);
     ASSERT_TRUE(journal.waitForCount("login1 get Active", 1));
     manager.announce("org.freedesktop.login1.Manager", "PrepareForSleep",
                      g_variant_new("(s)", "true"));
@@ -296,7 +296,7 @@ TEST_F(LinuxUserSessionTest, InvalidSignalsAreIgnored) {
 }
 
 TEST_F(LinuxUserSessionTest, NotifiesOnTheMainThreadUntilDestruction) {
-    BusDouble& manager = startLogind(true, false);
+    FakeService& manager = startLogind(true, false);
     int reported = 0;
     {
         LinuxUserSession session(desktop, queue);

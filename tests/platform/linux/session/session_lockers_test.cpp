@@ -1,4 +1,4 @@
-#include "desktops/program_double.h"
+#include "desktops/fake_programs.h"
 #include "kit/in_environment.h"
 #include "platform/linux/session/session_lockers.h"
 #include "platform/linux/session/session_processes.h"
@@ -12,8 +12,8 @@
 namespace glidemap {
 namespace {
 
+using test::FakePrograms;
 using test::InEnvironment;
-using test::ProgramDoubles;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Words = std::vector<std::string>;
@@ -100,7 +100,7 @@ protected:
         return sessionProcesses(names);
     }
 
-    ProgramDoubles doubles;
+    FakePrograms doubles;
     // No real session uses this display name.
     InEnvironment display{"DISPLAY", ":session-processes"};
     InEnvironment socket{"WAYLAND_DISPLAY", nullptr};

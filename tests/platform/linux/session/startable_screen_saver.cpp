@@ -1,6 +1,6 @@
 // A screen saver that a bus can start: startable-screen-saver FILE. It creates the file when it
 // locks, and exits when its last client disconnects.
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 
 #include <gio/gio.h>
 
@@ -17,7 +17,7 @@ int main(int count, char* arguments[]) {
         std::ofstream(file) << "locked";
         return g_variant_new("()");
     };
-    const glidemap::test::BusDouble saver(
+    const glidemap::test::FakeService saver(
         address,
         {"org.gnome.ScreenSaver",
          "/org/gnome/ScreenSaver",

@@ -1,6 +1,6 @@
 // Tests a status bar that is missing, appears and disappears, first on X11 and then on the bus. One
 // test covers both, because Qt connects to the session bus once per process.
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "desktops/x_server.h"
 #include "kit/in_environment.h"
@@ -21,7 +21,7 @@ namespace {
 
 using desktops::PrivateBus;
 using desktops::XServer;
-using test::BusDouble;
+using test::FakeService;
 using test::Journal;
 using test::ServiceDescription;
 using Kind = StatusBar::Kind;
@@ -161,7 +161,7 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
     EXPECT_TRUE(test::waitFor([&] { return changes == 3; }));
     Journal journal;
     {
-        BusDouble watcher(bus.address(), withoutHost, journal);
+        FakeService watcher(bus.address(), withoutHost, journal);
         watcher.set("IsStatusNotifierHostRegistered", true);
         watcher.announce(watcherName, "StatusNotifierHostRegistered", g_variant_new("()"));
         EXPECT_TRUE(test::waitFor([&] { return changes == 4; }));
@@ -172,8 +172,8 @@ TEST(LinuxStatusBarTest, DetectsBarsAtRunTimeAndPrefersTheDBusStatusBar) {
 
     // If a watcher cannot report its host, the bar assumes a host, because Qt also queries the
     // watcher and decides.
-    const BusDouble unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
-                           journal);
+    const FakeService unable(bus.address(), {watcherName, "/elsewhere", "<interface name='a.b'/>"},
+                             journal);
     EXPECT_TRUE(test::waitFor([&] { return changes == 6; }));
     EXPECT_EQ(bar.kind(), Kind::drawsItself);
 }

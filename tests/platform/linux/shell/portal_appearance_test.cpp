@@ -1,4 +1,4 @@
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 #include "desktops/private_bus.h"
 #include "desktops/silent_socket.h"
 #include "kit/fake_main_queue.h"
@@ -17,7 +17,7 @@ namespace glidemap {
 namespace {
 
 using desktops::PrivateBus;
-using test::BusDouble;
+using test::FakeService;
 using test::InEnvironment;
 using test::Journal;
 using test::ServiceDescription;
@@ -61,11 +61,11 @@ std::string described(const AppearanceSettings& settings) {
 
 class PortalAppearanceTest : public testing::Test {
 protected:
-    BusDouble& onBus(const ServiceDescription& portal) {
-        return *(service = std::make_unique<BusDouble>(bus.address(), portal, journal));
+    FakeService& onBus(const ServiceDescription& portal) {
+        return *(service = std::make_unique<FakeService>(bus.address(), portal, journal));
     }
 
-    static void change(BusDouble& portal, const char* group, const char* key, const char* value) {
+    static void change(FakeService& portal, const char* group, const char* key, const char* value) {
         portal.announce(settingsInterface, "SettingChanged",
                         g_variant_new("(ssv)", group, key, g_variant_new_parsed(value)));
     }
@@ -80,7 +80,7 @@ protected:
     Journal journal;
     PrivateBus bus;
     InEnvironment address{"DBUS_SESSION_BUS_ADDRESS", bus.address().c_str()};
-    std::unique_ptr<BusDouble> service;
+    std::unique_ptr<FakeService> service;
     DesktopThread desktop;
     kit::FakeMainQueue queue;
 };
@@ -114,7 +114,7 @@ TEST_F(PortalAppearanceTest, ObserversAreNotifiedBeforeAndAfterAChange) {
 }
 
 TEST_F(PortalAppearanceTest, FollowsChanges) {
-    BusDouble& portal = onBus(portalReplying(dark));
+    FakeService& portal = onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
     change(portal, common, "color-scheme", "uint32 2");
@@ -127,7 +127,7 @@ TEST_F(PortalAppearanceTest, FollowsChanges) {
 }
 
 TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread) {
-    BusDouble& portal = onBus(portalReplying(dark));
+    FakeService& portal = onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
     change(portal, "org.gnome.desktop.interface", "clock-format", "'12h'");
@@ -146,7 +146,7 @@ TEST_F(PortalAppearanceTest, IgnoresSignalsFromOtherPrograms) {
     EXPECT_EQ(next(appearance), "dark");
     auto other = portalReplying(nothing);
     other.name = "org.example.Other";
-    BusDouble stranger(bus.address(), other, journal);
+    FakeService stranger(bus.address(), other, journal);
     change(stranger, common, "color-scheme", "uint32 2");
     change(*service, "org.gnome.desktop.interface", "enable-animations", "false");
     EXPECT_EQ(next(appearance), "dark, still");
@@ -170,7 +170,7 @@ TEST_F(PortalAppearanceTest, KeepsSettingsUntilTheNextPortalReports) {
     service.reset();
     onBus(portalReplying(lightWithReducedMotion));
     EXPECT_EQ(next(appearance), "light, still");
-    BusDouble& portal = *service;
+    FakeService& portal = *service;
     change(portal, common, "color-scheme", "uint32 1");
     EXPECT_EQ(next(appearance), "dark, still");
     service.reset();
@@ -199,7 +199,7 @@ TEST_F(PortalAppearanceTest, FollowsChangesOfAPortalWhoseReadAllFails) {
                 return nullptr;
             };
         }
-        BusDouble portal(bus.address(), description, calls);
+        FakeService portal(bus.address(), description, calls);
         const PortalAppearance appearance(desktop, queue);
         ASSERT_TRUE(calls.waitFor(asked));
         change(portal, common, "color-scheme", "uint32 1");

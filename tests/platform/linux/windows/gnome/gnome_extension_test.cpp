@@ -1,8 +1,8 @@
 #include "desktops/private_bus.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
+#include "fake_gnome_shell.h"
 #include "platform/linux/windows/gnome/gnome_extension.h"
-#include "shell_double.h"
 
 #include <gio/gio.h>
 #include <gmock/gmock.h>
@@ -108,7 +108,7 @@ TEST_F(GnomeExtensionTest, InstallFailsWithoutAShell) {
 }
 
 TEST_F(GnomeExtensionTest, ReportsNoShellWhileTheShellStarts) {
-    const ShellDouble shell(bus.address(), {.isStarting = true});
+    const FakeGnomeShell shell(bus.address(), {.isStarting = true});
     EXPECT_EQ(extension.status(), (Status{State::noShell, ""}));
     EXPECT_NE(extension.install(), std::nullopt);
 }
@@ -130,7 +130,7 @@ TEST_F(GnomeExtensionTest, StateMatchesTheShellsReply) {
         {"{'state': <'text'>}", {State::missing, ""}},
     };
     for (const Row& row : rows) {
-        const ShellDouble shell(bus.address(), {.extension = row.said});
+        const FakeGnomeShell shell(bus.address(), {.extension = row.said});
         EXPECT_EQ(extension.status(), row.expected) << row.said;
     }
 }
@@ -145,7 +145,7 @@ TEST_F(GnomeExtensionTest, InstallsTheExtensionVersionForTheShell) {
         {"'45.beta'", "from-45"}, {"'45.0'", "from-45"},  {"'48.4'", "from-45"},
     };
     for (const Row& row : rows) {
-        const ShellDouble shell(bus.address(), {.version = row.version});
+        const FakeGnomeShell shell(bus.address(), {.version = row.version});
         EXPECT_EQ(extension.install(), std::nullopt);
         EXPECT_EQ(read(installed("metadata.json")), std::string("data of ") + row.form)
             << row.version;
@@ -157,7 +157,7 @@ TEST_F(GnomeExtensionTest, InstallsTheExtensionVersionForTheShell) {
 }
 
 TEST_F(GnomeExtensionTest, NewExtensionIsPendingUntilTheNextLogin) {
-    const ShellDouble shell(bus.address(), {});
+    const FakeGnomeShell shell(bus.address(), {});
     settings.set("enabled-extensions", {"other@example.org"});
     settings.set("disabled-extensions", {"another@example.org", GnomeExtension::uuid});
     EXPECT_EQ(extension.install(), std::nullopt);
@@ -168,41 +168,41 @@ TEST_F(GnomeExtensionTest, NewExtensionIsPendingUntilTheNextLogin) {
 }
 
 TEST_F(GnomeExtensionTest, InstallingTwiceEnablesTheExtensionOnce) {
-    const ShellDouble shell(bus.address(), {});
+    const FakeGnomeShell shell(bus.address(), {});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(settings.get("enabled-extensions"), ElementsAre(GnomeExtension::uuid));
 }
 
 TEST_F(GnomeExtensionTest, ShellEnablesALoadedExtension) {
-    ShellDouble shell(bus.address(), {.extension = "{'state': <2.0>}"});
+    FakeGnomeShell shell(bus.address(), {.extension = "{'state': <2.0>}"});
     EXPECT_EQ(extension.install(), std::nullopt);
     EXPECT_THAT(shell.enabled(), ElementsAre(GnomeExtension::uuid));
     EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty()); // the shell writes the setting
 }
 
 TEST_F(GnomeExtensionTest, InstalledButDisabledExtensionCountsAsMissing) {
-    const ShellDouble shell(bus.address(), {});
+    const FakeGnomeShell shell(bus.address(), {});
     EXPECT_EQ(extension.install(), std::nullopt);
     settings.set("enabled-extensions", {});
     EXPECT_EQ(extension.status(), (Status{State::missing, ""}));
 }
 
 TEST_F(GnomeExtensionTest, EnabledExtensionWithoutFilesCountsAsMissing) {
-    const ShellDouble shell(bus.address(), {});
+    const FakeGnomeShell shell(bus.address(), {});
     settings.set("enabled-extensions", {GnomeExtension::uuid});
     EXPECT_EQ(extension.status(), (Status{State::missing, ""}));
 }
 
 TEST_F(GnomeExtensionTest, InstallReturnsWhyAFolderCannotBeCreated) {
-    const ShellDouble shell(bus.address(), {});
+    const FakeGnomeShell shell(bus.address(), {});
     folder.write("data/gnome-shell", "a file where a folder should be");
     EXPECT_THAT(extension.install(), Optional(HasSubstr("Not a directory")));
     EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty());
 }
 
 TEST_F(GnomeExtensionTest, InstallFailsIfTheExtensionFilesAreMissing) {
-    const ShellDouble shell(bus.address(), {});
+    const FakeGnomeShell shell(bus.address(), {});
     const GnomeExtension without(folder.path() / "elsewhere");
     EXPECT_THAT(without.install(), Optional(HasSubstr("No such file or directory")));
     EXPECT_THAT(settings.get("enabled-extensions"), IsEmpty());

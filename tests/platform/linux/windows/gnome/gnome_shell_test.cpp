@@ -1,6 +1,6 @@
+#include "desktops/fake_window_listener.h"
 #include "desktops/gnome_shell.h"
 #include "desktops/listening.h"
-#include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/window.h"
 #include "platform/linux/windows/gnome/gnome_extension.h"
@@ -22,8 +22,8 @@ void PrintTo(const GnomeExtension::Status& status, std::ostream* out) {
 namespace {
 
 using Listening = desktops::Listening<GnomeWindowBackend>;
+using desktops::FakeWindowListener;
 using desktops::GnomeShell;
-using desktops::RecordingWindowListener;
 using desktops::ScopedEnvironment;
 using desktops::Window;
 using State = GnomeExtension::State;
@@ -54,7 +54,7 @@ TEST(GnomeShellTest, InstalledExtensionReportsWindowsAfterTheNextLogin) {
     GnomeShell shell;
     const ScopedEnvironment here(shell.environment());
     const GnomeExtension extension(GLIDEMAP_GNOME_EXTENSION_FORMS);
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
     ASSERT_EQ(extension.status(), (GnomeExtension::Status{State::noShell, ""}));
 
     shell.start();

@@ -1,10 +1,10 @@
+#include "desktops/fake_window_listener.h"
 #include "desktops/listening.h"
 #include "desktops/private_bus.h"
-#include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
+#include "fake_gnome_shell.h"
 #include "platform/linux/windows/gnome/gnome_window_backend.h"
-#include "shell_double.h"
 
 #include <gio/gio.h>
 #include <gmock/gmock.h>
@@ -23,7 +23,7 @@ namespace glidemap {
 namespace {
 
 using Listening = desktops::Listening<GnomeWindowBackend>;
-using desktops::RecordingWindowListener;
+using desktops::FakeWindowListener;
 using desktops::ScopedEnvironment;
 
 constexpr const char* editor =
@@ -63,25 +63,25 @@ protected:
                             {"XDG_CURRENT_DESKTOP", "GNOME"},
                             {"XDG_RUNTIME_DIR", folder.path()},
                             {"WAYLAND_DISPLAY", "wayland-test"}}};
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
 };
 
 TEST_F(GnomeWindows, ReportsNoWindowsWithoutTheExtension) {
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(GnomeWindows, QueriesARunningExtension) {
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(reported);
     reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
 }
 
 TEST_F(GnomeWindows, ReportsWindowsOfAnExtensionThatStartsLater) {
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
     shell.startExtension(message(editor, ""));
@@ -91,7 +91,7 @@ TEST_F(GnomeWindows, ReportsWindowsOfAnExtensionThatStartsLater) {
 }
 
 TEST_F(GnomeWindows, ReportsNoWindowsWhileTheScreenIsLocked) {
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(reported);
     reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
@@ -106,7 +106,7 @@ TEST_F(GnomeWindows, FollowsAShellThatStartsLaterAndRestarts) {
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
     for (int times = 0; times < 2; ++times) {
-        ShellDouble shell(bus.address(), {});
+        FakeGnomeShell shell(bus.address(), {});
         shell.startExtension(message(editor, editor));
         reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
         shell.stopExtension();
@@ -118,7 +118,7 @@ TEST_F(GnomeWindows, ReportsNoWindowsAfterTheShellCrashes) {
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
     {
-        ShellDouble shell(bus.address(), {});
+        FakeGnomeShell shell(bus.address(), {});
         shell.startExtension(message(editor, editor));
         reported.expectReported({"windows: org.gnome.TextEditor", "active: org.gnome.TextEditor"});
     }
@@ -126,7 +126,7 @@ TEST_F(GnomeWindows, ReportsNoWindowsAfterTheShellCrashes) {
 }
 
 TEST_F(GnomeWindows, AcceptsSignalsOnlyFromTheShell) {
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     shell.startExtension(message("", ""));
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -154,7 +154,7 @@ TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
     char ready = 0;
     ASSERT_EQ(read(ends[0], &ready, 1), 1);
     {
-        ShellDouble shell(bus.address(), {});
+        FakeGnomeShell shell(bus.address(), {});
         shell.startExtension(message(editor, editor));
         const Listening listening(reported);
         reported.expectReported({"windows:", "active: none"});
@@ -169,14 +169,14 @@ TEST_F(GnomeWindows, NameOwnerThatDoesNotServeTheDisplayIsRejected) {
 
 TEST_F(GnomeWindows, RejectsEveryNameOwnerWithoutADisplay) {
     const ScopedEnvironment without{{{"WAYLAND_DISPLAY", ""}}};
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     shell.startExtension(message(editor, editor));
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
 }
 
 TEST_F(GnomeWindows, InvalidMessagesAreIgnored) {
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     shell.startExtension(message("", ""));
     const Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -201,7 +201,7 @@ TEST_F(GnomeWindows, IdentifiesAWindowByDesktopEntryOrClass) {
          {"class.desktop", "", "", std::nullopt}},
         {"('', '', '', 'T', uint32 0)", {"", "", "T", std::nullopt}},
     };
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     std::string all;
     std::vector<WindowIdentity> expected;
     for (const Row& row : rows) {
@@ -228,7 +228,7 @@ TEST_F(GnomeWindows, StartsIfTheSessionIsGNOMEOrTheShellRuns) {
         EXPECT_TRUE(Listening(reported).started);
     }
     const ScopedEnvironment silent{{{"XDG_CURRENT_DESKTOP", ""}}};
-    ShellDouble shell(bus.address(), {});
+    FakeGnomeShell shell(bus.address(), {});
     EXPECT_TRUE(Listening(reported).started);
 }
 

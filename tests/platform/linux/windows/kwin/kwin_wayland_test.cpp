@@ -1,6 +1,6 @@
+#include "desktops/fake_window_listener.h"
 #include "desktops/kwin.h"
 #include "desktops/listening.h"
-#include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/window.h"
 #include "platform/linux/windows/kwin/kwin_script.h"
@@ -23,8 +23,8 @@ namespace {
 
 using Listening = desktops::Listening<KWinWindowBackend>;
 using desktops::Environment;
+using desktops::FakeWindowListener;
 using desktops::KWin;
-using desktops::RecordingWindowListener;
 using desktops::RuntimeFolder;
 using desktops::ScopedEnvironment;
 using desktops::Window;
@@ -74,7 +74,7 @@ protected:
 
     std::optional<KWin> kwin;
     std::optional<ScopedEnvironment> here;
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
 };
 
 TEST_F(KWinWaylandTest, ReportsFocusChangesWhenWindowsOpenAndClose) {
@@ -121,7 +121,7 @@ TEST_F(KWinWaylandTest, FollowsAKWinThatStartsLaterAndRestarts) {
 // A backend that exits must not unload the script of the next backend.
 TEST_F(KWinWaylandTest, SecondBackendKeepsItsScriptWhenTheFirstExits) {
     startKWin();
-    RecordingWindowListener reportedFirst;
+    FakeWindowListener reportedFirst;
     auto first = std::make_unique<Listening>(reportedFirst);
     reportedFirst.expectReported({"windows:", "active: none"});
     const Listening second(reported);
@@ -154,7 +154,7 @@ TEST_F(KWinWaylandTest, NextBackendReceivesReportsAfterTheFirstIsDestroyed) {
         const Listening listening(reported);
         reported.expectReported({"windows:", "active: none"});
     }
-    RecordingWindowListener again;
+    FakeWindowListener again;
     const Listening listening(again);
     again.expectReported({"windows:", "active: none"});
     Window window = open("window");

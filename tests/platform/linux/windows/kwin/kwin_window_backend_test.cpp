@@ -1,9 +1,9 @@
+#include "desktops/fake_window_listener.h"
 #include "desktops/listening.h"
 #include "desktops/private_bus.h"
-#include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
-#include "kwin_double.h"
+#include "fake_kwin.h"
 #include "platform/linux/windows/kwin/kwin_window_backend.h"
 
 #include <gmock/gmock.h>
@@ -16,7 +16,7 @@ namespace glidemap {
 namespace {
 
 using Listening = desktops::Listening<KWinWindowBackend>;
-using desktops::RecordingWindowListener;
+using desktops::FakeWindowListener;
 using desktops::ScopedEnvironment;
 using testing::HasSubstr;
 
@@ -33,11 +33,11 @@ protected:
     ScopedEnvironment here{{{"DBUS_SESSION_BUS_ADDRESS", bus.address()},
                             {"XDG_CURRENT_DESKTOP", "KDE"},
                             {"XDG_RUNTIME_DIR", folder.path()}}};
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
 };
 
 TEST_F(KWinWindows, ScriptRunsInPlasma6) {
-    KWinDouble kwin(bus.address(), {});
+    FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
     kwin.expectCalls(loading);
     kwin.report(oneWindow);
@@ -45,7 +45,7 @@ TEST_F(KWinWindows, ScriptRunsInPlasma6) {
 }
 
 TEST_F(KWinWindows, ScriptRunsInPlasma5) {
-    KWinDouble kwin(bus.address(), {.scriptFolder = "/"});
+    FakeKWin kwin(bus.address(), {.scriptFolder = "/"});
     const Listening listening(reported);
     kwin.expectCalls({"unloadScript /Scripting", "loadScript /Scripting", "run /7"});
     kwin.report(oneWindow);
@@ -53,7 +53,7 @@ TEST_F(KWinWindows, ScriptRunsInPlasma5) {
 }
 
 TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
-    KWinDouble kwin(bus.address(), {});
+    FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
     kwin.expectCalls(loading);
     kwin.report(oneWindow); // KWin has read the script
@@ -64,7 +64,7 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
 }
 
 TEST_F(KWinWindows, RetriesAfterEachSignalWhileKWinStarts) {
-    KWinDouble kwin(bus.address(), {.isStarting = true});
+    FakeKWin kwin(bus.address(), {.isStarting = true});
     const Listening listening(reported);
     kwin.sendSignal();
     kwin.expectCalls({});
@@ -77,14 +77,14 @@ TEST_F(KWinWindows, RetriesAfterEachSignalWhileKWinStarts) {
 }
 
 TEST_F(KWinWindows, ReportsNoWindowsIfKWinRejectsTheScript) {
-    const KWinDouble::Nature natures[] = {
+    const FakeKWin::Nature natures[] = {
         {.id = -1},
         {.runs = false},
         {.scriptFolder = "/Somewhere/Else"},
     };
-    for (const KWinDouble::Nature& nature : natures) {
-        KWinDouble kwin(bus.address(), nature);
-        RecordingWindowListener none;
+    for (const FakeKWin::Nature& nature : natures) {
+        FakeKWin kwin(bus.address(), nature);
+        FakeWindowListener none;
         const Listening listening(none);
         none.expectReported({"windows:", "active: none"});
         EXPECT_FALSE(std::filesystem::exists(kwin.file()));
@@ -92,7 +92,7 @@ TEST_F(KWinWindows, ReportsNoWindowsIfKWinRejectsTheScript) {
 }
 
 TEST_F(KWinWindows, DestructorUnloadsTheScript) {
-    KWinDouble kwin(bus.address(), {});
+    FakeKWin kwin(bus.address(), {});
     {
         const Listening listening(reported);
         kwin.expectCalls(loading);
@@ -102,7 +102,7 @@ TEST_F(KWinWindows, DestructorUnloadsTheScript) {
 }
 
 TEST_F(KWinWindows, HungKWinBlocksNoThread) {
-    KWinDouble kwin(bus.address(), {.isStuck = true});
+    FakeKWin kwin(bus.address(), {.isStuck = true});
     {
         const Listening listening(reported);
         EXPECT_TRUE(listening.started);
@@ -112,7 +112,7 @@ TEST_F(KWinWindows, HungKWinBlocksNoThread) {
 }
 
 TEST_F(KWinWindows, InvalidReportsAreIgnored) {
-    KWinDouble kwin(bus.address(), {});
+    FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
     kwin.expectCalls(loading);
     kwin.report("{");
@@ -123,7 +123,7 @@ TEST_F(KWinWindows, InvalidReportsAreIgnored) {
 
 TEST(KWinWindowBackend, DoesNotStartIfKWinIsNeitherRunningNorExpected) {
     const desktops::PrivateBus bus;
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
     for (const char* desktop : {"", "GNOME", "XKDE", "ubuntu:GNOME"}) {
         const ScopedEnvironment here{
             {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", desktop}}};
@@ -136,7 +136,7 @@ TEST(KWinWindowBackend, StartsInAPlasmaSession) {
     const desktops::PrivateBus bus;
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", bus.address()}, {"XDG_CURRENT_DESKTOP", "other:KDE"}}};
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
     const Listening listening(reported);
     EXPECT_TRUE(listening.started);
     reported.expectReported({"windows:", "active: none"});
@@ -147,7 +147,7 @@ TEST(KWinWindowBackend, DoesNotStartWithoutABus) {
     const ScopedEnvironment here{
         {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=" + (folder.path() / "none").string()},
          {"XDG_CURRENT_DESKTOP", "KDE"}}};
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
     EXPECT_FALSE(Listening(reported).started);
     reported.expectReported({});
 }

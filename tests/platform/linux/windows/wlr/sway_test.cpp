@@ -1,5 +1,5 @@
+#include "desktops/fake_window_listener.h"
 #include "desktops/listening.h"
-#include "desktops/recording_window_listener.h"
 #include "desktops/scoped_environment.h"
 #include "desktops/sway.h"
 #include "desktops/window.h"
@@ -15,7 +15,7 @@ namespace glidemap {
 namespace {
 
 using Listening = desktops::Listening<WlrWindowBackend>;
-using desktops::RecordingWindowListener;
+using desktops::FakeWindowListener;
 using desktops::ScopedEnvironment;
 using desktops::Sway;
 using desktops::Window;
@@ -24,7 +24,7 @@ class SwayWindowsTest : public testing::Test {
 protected:
     Sway sway;
     ScopedEnvironment here{sway.environment()};
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
 
     Window open(const std::string& appID, const std::string& title = "Title") {
         return Window(sway.environment(), appID, title);
@@ -102,7 +102,7 @@ TEST_F(SwayWindowsTest, DoesNotReportATitleChange) {
 }
 
 TEST_F(SwayWindowsTest, ReportsATitleChangeOfAWindowWithoutAnAppID) {
-    RecordingWindowListener titles([](const WindowIdentity& window) { return window.title; });
+    FakeWindowListener titles([](const WindowIdentity& window) { return window.title; });
     Window window = open("", "one");
     const Listening listening(titles);
     titles.expectReported({"windows: one", "active: one"});

@@ -1,6 +1,6 @@
+#include "desktops/fake_window_listener.h"
 #include "desktops/listening.h"
 #include "desktops/program.h"
-#include "desktops/recording_window_listener.h"
 #include "desktops/runtime_folder.h"
 #include "desktops/scoped_environment.h"
 #include "fake_compositor.h"
@@ -21,7 +21,7 @@ namespace glidemap {
 namespace {
 
 using Listening = desktops::Listening<WlrWindowBackend>;
-using desktops::RecordingWindowListener;
+using desktops::FakeWindowListener;
 using desktops::ScopedEnvironment;
 
 constexpr std::uint32_t maximized = 0;
@@ -40,7 +40,7 @@ protected:
     desktops::RuntimeFolder folder;
     ScopedEnvironment here{
         {{"XDG_RUNTIME_DIR", folder.path()}, {"WAYLAND_DISPLAY", FakeCompositor::socketName}}};
-    RecordingWindowListener reported;
+    FakeWindowListener reported;
     std::size_t opened = 0;
 };
 
@@ -190,7 +190,7 @@ TEST_F(WlrWindows, SupportsEveryProtocolVersion) {
     for (const int version : {1, 2, 3}) {
         opened = 0;
         FakeCompositor compositor(version);
-        RecordingWindowListener listener;
+        FakeWindowListener listener;
         Listening listening(listener);
         listener.expectReported({"windows:", "active: none"});
         compositor.say([&] { openActive(compositor, "one"); });

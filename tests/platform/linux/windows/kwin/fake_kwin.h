@@ -20,7 +20,7 @@ using GVariant = struct _GVariant;
 
 namespace glidemap {
 
-class KWinDouble {
+class FakeKWin {
 public:
     struct Nature {
         std::string scriptFolder = "/Scripting/Script"; // "/" in Plasma 5
@@ -30,10 +30,10 @@ public:
         bool isStarting = false; // KWin owns its name, but exports no objects
     };
 
-    KWinDouble(const std::string& busAddress, Nature nature);
-    KWinDouble(const KWinDouble&) = delete;
-    KWinDouble& operator=(const KWinDouble&) = delete;
-    ~KWinDouble();
+    FakeKWin(const std::string& busAddress, Nature nature);
+    FakeKWin(const FakeKWin&) = delete;
+    FakeKWin& operator=(const FakeKWin&) = delete;
+    ~FakeKWin();
 
     // Makes scripting available and then sends a signal, as KWin does when it starts.
     void finishStarting();

@@ -1,4 +1,4 @@
-#include "desktops/bus_double.h"
+#include "desktops/fake_service.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 
 namespace glidemap::test {
 
-struct BusDouble::State {
+struct FakeService::State {
     State(ServiceDescription description, Journal& record)
         : service(std::move(description)), journal(record) {
         properties = service.properties;
@@ -50,7 +50,7 @@ struct BusDouble::State {
     DesktopThread thread; // destroyed first
 };
 
-void BusDouble::State::connect(const std::string& address) {
+void FakeService::State::connect(const std::string& address) {
     constexpr auto flags =
         static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
@@ -74,7 +74,7 @@ void BusDouble::State::connect(const std::string& address) {
     g_variant_unref(owner);
 }
 
-void BusDouble::State::disconnect() {
+void FakeService::State::disconnect() {
     for (const guint watch : watches) {
         g_bus_unwatch_name(watch);
     }
@@ -85,15 +85,15 @@ void BusDouble::State::disconnect() {
     g_clear_pointer(&node, g_dbus_node_info_unref);
 }
 
-void BusDouble::State::watchCaller(const char* caller) {
+void FakeService::State::watchCaller(const char* caller) {
     if (callers.insert(caller).second) {
         watches.push_back(g_bus_watch_name_on_connection(
             connection, caller, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, callerLeft, this, nullptr));
     }
 }
 
-void BusDouble::State::callerLeft(GDBusConnection* /*connection*/, const char* name,
-                                  gpointer state) {
+void FakeService::State::callerLeft(GDBusConnection* /*connection*/, const char* name,
+                                    gpointer state) {
     auto& self = *static_cast<State*>(state);
     self.callers.erase(name);
     if (self.callers.empty()) {
@@ -101,10 +101,10 @@ void BusDouble::State::callerLeft(GDBusConnection* /*connection*/, const char* n
     }
 }
 
-void BusDouble::State::called(GDBusConnection* /*connection*/, const char* sender,
-                              const char* /*path*/, const char* /*interface*/, const char* method,
-                              GVariant* arguments, GDBusMethodInvocation* invocation,
-                              gpointer state) {
+void FakeService::State::called(GDBusConnection* /*connection*/, const char* sender,
+                                const char* /*path*/, const char* /*interface*/, const char* method,
+                                GVariant* arguments, GDBusMethodInvocation* invocation,
+                                gpointer state) {
     auto& self = *static_cast<State*>(state);
     self.watchCaller(sender);
     char* const printed = g_variant_print(arguments, FALSE);
@@ -132,9 +132,9 @@ void BusDouble::State::called(GDBusConnection* /*connection*/, const char* sende
     }
 }
 
-GVariant* BusDouble::State::read(GDBusConnection* /*connection*/, const char* sender,
-                                 const char* /*path*/, const char* /*interface*/,
-                                 const char* property, GError** /*error*/, gpointer state) {
+GVariant* FakeService::State::read(GDBusConnection* /*connection*/, const char* sender,
+                                   const char* /*path*/, const char* /*interface*/,
+                                   const char* property, GError** /*error*/, gpointer state) {
     auto& self = *static_cast<State*>(state);
     self.watchCaller(sender);
     self.journal.add(self.shortName() + " get " + property);
@@ -145,10 +145,10 @@ GVariant* BusDouble::State::read(GDBusConnection* /*connection*/, const char* se
     return g_variant_new_boolean(self.properties[property] ? TRUE : FALSE);
 }
 
-gboolean BusDouble::State::write(GDBusConnection* /*connection*/, const char* sender,
-                                 const char* /*path*/, const char* /*interface*/,
-                                 const char* property, GVariant* value, GError** /*error*/,
-                                 gpointer state) {
+gboolean FakeService::State::write(GDBusConnection* /*connection*/, const char* sender,
+                                   const char* /*path*/, const char* /*interface*/,
+                                   const char* property, GVariant* value, GError** /*error*/,
+                                   gpointer state) {
     auto& self = *static_cast<State*>(state);
     self.watchCaller(sender);
     const bool wanted = g_variant_get_boolean(value) != FALSE;
@@ -158,41 +158,42 @@ gboolean BusDouble::State::write(GDBusConnection* /*connection*/, const char* se
     return TRUE;
 }
 
-BusDouble::BusDouble(const std::string& address, ServiceDescription description, Journal& record)
+FakeService::FakeService(const std::string& address, ServiceDescription description,
+                         Journal& record)
     : state(std::make_unique<State>(std::move(description), record)) {
     state->thread.call([&] { state->connect(address); });
 }
 
-BusDouble::~BusDouble() {
+FakeService::~FakeService() {
     state->thread.call([this] { state->disconnect(); });
 }
 
-void BusDouble::answer(const std::string& method, Method how) {
+void FakeService::answer(const std::string& method, Method how) {
     const std::lock_guard lock(state->mutex);
     state->methods[method] = std::move(how);
 }
 
-void BusDouble::refuse(const std::string& method) {
+void FakeService::refuse(const std::string& method) {
     answer(method, [] { return nullptr; });
 }
 
-void BusDouble::keepSilent(const std::string& method) {
+void FakeService::keepSilent(const std::string& method) {
     const std::lock_guard lock(state->mutex);
     state->methods[method] = std::nullopt;
 }
 
-void BusDouble::set(const std::string& property, bool value) {
+void FakeService::set(const std::string& property, bool value) {
     const std::lock_guard lock(state->mutex);
     state->properties[property] = value;
 }
 
-void BusDouble::setText(const std::string& property, const std::string& value) {
+void FakeService::setText(const std::string& property, const std::string& value) {
     const std::lock_guard lock(state->mutex);
     state->texts[property] = value;
 }
 
-void BusDouble::setAndAnnounce(const std::string& property, bool value,
-                               const std::string& interface, const std::string& path) {
+void FakeService::setAndAnnounce(const std::string& property, bool value,
+                                 const std::string& interface, const std::string& path) {
     set(property, value);
     GVariantBuilder changed;
     g_variant_builder_init(&changed, G_VARIANT_TYPE("a{sv}"));
@@ -204,14 +205,14 @@ void BusDouble::setAndAnnounce(const std::string& property, bool value,
                                   nullptr);
 }
 
-bool BusDouble::property(const std::string& name) const {
+bool FakeService::property(const std::string& name) const {
     const std::lock_guard lock(state->mutex);
     const auto found = state->properties.find(name);
     return found != state->properties.end() && found->second;
 }
 
-void BusDouble::announce(const std::string& interface, const std::string& signal,
-                         GVariant* values) {
+void FakeService::announce(const std::string& interface, const std::string& signal,
+                           GVariant* values) {
     EXPECT_TRUE(g_dbus_connection_emit_signal(state->connection, nullptr,
                                               state->service.path.c_str(), interface.c_str(),
                                               signal.c_str(), values, nullptr));

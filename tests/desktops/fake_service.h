@@ -35,14 +35,14 @@ struct ServiceDescription {
     std::map<std::string, std::string> texts = {};
 };
 
-class BusDouble {
+class FakeService {
 public:
     using Method = ServiceDescription::Method;
 
-    BusDouble(const std::string& address, ServiceDescription description, Journal& record);
-    BusDouble(const BusDouble&) = delete;
-    BusDouble& operator=(const BusDouble&) = delete;
-    ~BusDouble();
+    FakeService(const std::string& address, ServiceDescription description, Journal& record);
+    FakeService(const FakeService&) = delete;
+    FakeService& operator=(const FakeService&) = delete;
+    ~FakeService();
 
     // Call before the first client calls the method.
     void answer(const std::string& method, Method how);

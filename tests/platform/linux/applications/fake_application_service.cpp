@@ -1,4 +1,4 @@
-#include "service_double.h"
+#include "fake_application_service.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ const PrivateBus& sessionBus() {
     return bus;
 }
 
-ServiceDouble::ServiceDouble(const std::string& name, std::string answeredError)
+FakeApplicationService::FakeApplicationService(const std::string& name, std::string answeredError)
     : error(std::move(answeredError)) {
     const int flags = G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                       G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION;
@@ -38,24 +38,24 @@ ServiceDouble::ServiceDouble(const std::string& name, std::string answeredError)
         g_variant_unref(owned);
 }
 
-ServiceDouble::~ServiceDouble() {
+FakeApplicationService::~FakeApplicationService() {
     if (connection == nullptr)
         return;
     g_dbus_connection_close_sync(connection, nullptr, nullptr);
     g_object_unref(connection);
 }
 
-GDBusMessage* ServiceDouble::filter(GDBusConnection* /*connection*/, GDBusMessage* message,
-                                    int incoming, void* self) {
+GDBusMessage* FakeApplicationService::filter(GDBusConnection* /*connection*/, GDBusMessage* message,
+                                             int incoming, void* self) {
     if (incoming == FALSE ||
         g_dbus_message_get_message_type(message) != G_DBUS_MESSAGE_TYPE_METHOD_CALL)
         return message;
-    static_cast<ServiceDouble*>(self)->take(message);
+    static_cast<FakeApplicationService*>(self)->take(message);
     g_object_unref(message);
     return nullptr;
 }
 
-void ServiceDouble::take(GDBusMessage* message) {
+void FakeApplicationService::take(GDBusMessage* message) {
     GVariant* const body = g_dbus_message_get_body(message);
     char* const arguments = body != nullptr ? g_variant_print(body, TRUE) : g_strdup("()");
     std::string call = std::string(g_dbus_message_get_path(message)) + ", " +
@@ -74,7 +74,7 @@ void ServiceDouble::take(GDBusMessage* message) {
     called.notify_one();
 }
 
-std::string ServiceDouble::nextCall() {
+std::string FakeApplicationService::nextCall() {
     std::unique_lock lock(mutex);
     if (!called.wait_for(lock, patience, [this] { return !calls.empty(); })) {
         ADD_FAILURE() << "no call has arrived";

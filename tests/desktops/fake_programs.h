@@ -16,7 +16,7 @@
 
 namespace glidemap::test {
 
-class ProgramDoubles {
+class FakePrograms {
 public:
     // Returns the folder to put in PATH.
     std::string folder() const { return programs.path().string(); }

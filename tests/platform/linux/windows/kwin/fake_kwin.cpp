@@ -1,4 +1,4 @@
-#include "kwin_double.h"
+#include "fake_kwin.h"
 
 #include "desktops/program.h"
 #include "platform/linux/windows/kwin/kwin_script.h"
@@ -34,7 +34,7 @@ constexpr auto asClient = static_cast<GDBusConnectionFlags>(
 
 } // namespace
 
-KWinDouble::KWinDouble(const std::string& busAddress, Nature what) : nature(std::move(what)) {
+FakeKWin::FakeKWin(const std::string& busAddress, Nature what) : nature(std::move(what)) {
     thread.call([&] {
         connection = g_dbus_connection_new_for_address_sync(busAddress.c_str(), asClient, nullptr,
                                                             nullptr, nullptr);
@@ -50,7 +50,7 @@ KWinDouble::KWinDouble(const std::string& busAddress, Nature what) : nature(std:
     });
 }
 
-KWinDouble::~KWinDouble() {
+FakeKWin::~FakeKWin() {
     thread.call([&] {
         for (GDBusMethodInvocation* const invocation : unanswered) {
             g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "gone");
@@ -60,20 +60,19 @@ KWinDouble::~KWinDouble() {
     });
 }
 
-void KWinDouble::registerScripting() {
+void FakeKWin::registerScripting() {
     registerObject("/Scripting", "org.kde.kwin.Scripting");
     if (nature.id >= 0) {
         registerObject(nature.scriptFolder + std::to_string(nature.id), "org.kde.kwin.Script");
     }
 }
 
-void KWinDouble::registerObject(const std::string& at, const char* interface) {
+void FakeKWin::registerObject(const std::string& at, const char* interface) {
     static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(description, nullptr);
     static constexpr GDBusInterfaceVTable methods = {
         [](GDBusConnection*, const char*, const char*, const char*, const char* method,
-           GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self) {
-            static_cast<KWinDouble*>(self)->answer(method, arguments, invocation);
-        },
+           GVariant* arguments, GDBusMethodInvocation* invocation,
+           gpointer self) { static_cast<FakeKWin*>(self)->answer(method, arguments, invocation); },
         nullptr,
         nullptr,
         {}};
@@ -82,8 +81,8 @@ void KWinDouble::registerObject(const std::string& at, const char* interface) {
                                       this, nullptr, nullptr);
 }
 
-void KWinDouble::answer(const std::string& method, GVariant* arguments,
-                        GDBusMethodInvocation* invocation) {
+void FakeKWin::answer(const std::string& method, GVariant* arguments,
+                      GDBusMethodInvocation* invocation) {
     const std::lock_guard lock(mutex);
     calls.push_back(method + " " + g_dbus_method_invocation_get_object_path(invocation));
     asked.notify_one();
@@ -102,7 +101,7 @@ void KWinDouble::answer(const std::string& method, GVariant* arguments,
     }
 }
 
-GVariant* KWinDouble::load(GVariant* arguments, const char* caller) {
+GVariant* FakeKWin::load(GVariant* arguments, const char* caller) {
     const char* file = nullptr;
     const char* name = nullptr;
     g_variant_get(arguments, "(&s&s)", &file, &name);
@@ -111,19 +110,19 @@ GVariant* KWinDouble::load(GVariant* arguments, const char* caller) {
     return g_variant_new("(i)", nature.id);
 }
 
-void KWinDouble::readScript() {
+void FakeKWin::readScript() {
     std::ostringstream text;
     text << std::ifstream(path).rdbuf();
     content = text.str();
     mode = std::filesystem::status(path).permissions();
 }
 
-void KWinDouble::finishStarting() {
+void FakeKWin::finishStarting() {
     thread.call([&] { registerScripting(); });
     sendSignal();
 }
 
-void KWinDouble::sendSignal() {
+void FakeKWin::sendSignal() {
     thread.call([&] {
         g_dbus_connection_emit_signal(connection, nullptr, "/Compositor",
                                       "org.kde.kwin.Compositing", "compositingToggled",
@@ -131,7 +130,7 @@ void KWinDouble::sendSignal() {
     });
 }
 
-void KWinDouble::report(const std::string& text) {
+void FakeKWin::report(const std::string& text) {
     thread.call([&] {
         GVariant* const reply = g_dbus_connection_call_sync(
             connection, loader.c_str(), kwinReportPath, kwinReportInterface, kwinReportMethod,
@@ -142,24 +141,24 @@ void KWinDouble::report(const std::string& text) {
     });
 }
 
-void KWinDouble::expectCalls(const std::vector<std::string>& expected) {
+void FakeKWin::expectCalls(const std::vector<std::string>& expected) {
     std::unique_lock lock(mutex);
     asked.wait_for(lock, desktops::patience, [&] { return calls.size() >= expected.size(); });
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
     calls.clear();
 }
 
-std::string KWinDouble::script() {
+std::string FakeKWin::script() {
     const std::lock_guard lock(mutex);
     return content;
 }
 
-std::filesystem::perms KWinDouble::permissions() {
+std::filesystem::perms FakeKWin::permissions() {
     const std::lock_guard lock(mutex);
     return mode;
 }
 
-std::filesystem::path KWinDouble::file() {
+std::filesystem::path FakeKWin::file() {
     const std::lock_guard lock(mutex);
     return path;
 }

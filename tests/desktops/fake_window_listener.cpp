@@ -1,4 +1,4 @@
-#include "desktops/recording_window_listener.h"
+#include "desktops/fake_window_listener.h"
 
 #include "desktops/program.h"
 
@@ -19,16 +19,16 @@ void PrintTo(const WindowIdentity& window, std::ostream* out) {
 
 namespace glidemap::desktops {
 
-RecordingWindowListener::RecordingWindowListener(Word word)
+FakeWindowListener::FakeWindowListener(Word word)
     : asWord(word ? std::move(word) : [](const WindowIdentity& window) { return window.appID; }) {}
 
-void RecordingWindowListener::activeWindowChanged(const std::optional<WindowIdentity>& window) {
+void FakeWindowListener::activeWindowChanged(const std::optional<WindowIdentity>& window) {
     const std::lock_guard lock(mutex);
     lastActive = "active: " + (window ? asWord(*window) : "none");
     add(lastActive);
 }
 
-void RecordingWindowListener::windowsChanged(const std::vector<WindowIdentity>& windows) {
+void FakeWindowListener::windowsChanged(const std::vector<WindowIdentity>& windows) {
     std::string line = "windows:";
     for (const WindowIdentity& window : windows) {
         line += (line.back() == ':' ? " " : ", ") + asWord(window);
@@ -39,17 +39,17 @@ void RecordingWindowListener::windowsChanged(const std::vector<WindowIdentity>& 
     add(std::move(line));
 }
 
-void RecordingWindowListener::add(std::string line) {
+void FakeWindowListener::add(std::string line) {
     reported.push_back(std::move(line));
     added.notify_one();
 }
 
 // After the first failure, waiting longer for later events is useless.
-std::chrono::seconds RecordingWindowListener::remainingPatience() const {
+std::chrono::seconds FakeWindowListener::remainingPatience() const {
     return testing::Test::HasFailure() ? std::chrono::seconds(0) : patience;
 }
 
-void RecordingWindowListener::expectReported(const std::vector<std::string>& lines) {
+void FakeWindowListener::expectReported(const std::vector<std::string>& lines) {
     std::unique_lock lock(mutex);
     // An extra line is detected at once, a missing one at the deadline.
     added.wait_for(lock, remainingPatience(), [&] {
@@ -60,8 +60,8 @@ void RecordingWindowListener::expectReported(const std::vector<std::string>& lin
     reported.clear();
 }
 
-void RecordingWindowListener::expectInTheEnd(const std::string& windowsLine,
-                                             const std::string& activeLine) {
+void FakeWindowListener::expectInTheEnd(const std::string& windowsLine,
+                                        const std::string& activeLine) {
     std::unique_lock lock(mutex);
     added.wait_for(lock, remainingPatience(),
                    [&] { return lastWindows == windowsLine && lastActive == activeLine; });
@@ -70,7 +70,7 @@ void RecordingWindowListener::expectInTheEnd(const std::string& windowsLine,
     reported.clear();
 }
 
-std::vector<WindowIdentity> RecordingWindowListener::windows() {
+std::vector<WindowIdentity> FakeWindowListener::windows() {
     const std::lock_guard lock(mutex);
     return current;
 }

@@ -20,13 +20,13 @@ namespace glidemap {
 const desktops::PrivateBus& sessionBus();
 
 // Owns a name during its lifetime, records calls, and sends the same reply to each call.
-class ServiceDouble {
+class FakeApplicationService {
 public:
     // Each reply is empty, or an error with this name.
-    explicit ServiceDouble(const std::string& name, std::string answeredError = "");
-    ServiceDouble(const ServiceDouble&) = delete;
-    ServiceDouble& operator=(const ServiceDouble&) = delete;
-    ~ServiceDouble();
+    explicit FakeApplicationService(const std::string& name, std::string answeredError = "");
+    FakeApplicationService(const FakeApplicationService&) = delete;
+    FakeApplicationService& operator=(const FakeApplicationService&) = delete;
+    ~FakeApplicationService();
 
     // Returns the next call as "object path, interface.method, arguments".
     std::string nextCall();

@@ -24,11 +24,11 @@ void PrintTo(const WindowIdentity& window, std::ostream* out);
 
 namespace glidemap::desktops {
 
-class RecordingWindowListener final : public WindowListener {
+class FakeWindowListener final : public WindowListener {
 public:
     // Returns the text for a window in the lines; the default is its app ID.
     using Word = std::function<std::string(const WindowIdentity&)>;
-    explicit RecordingWindowListener(Word asWord = nullptr);
+    explicit FakeWindowListener(Word asWord = nullptr);
 
     void activeWindowChanged(const std::optional<WindowIdentity>& window) override;
     void windowsChanged(const std::vector<WindowIdentity>& windows) override;

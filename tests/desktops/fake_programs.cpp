@@ -1,4 +1,4 @@
-#include "desktops/program_double.h"
+#include "desktops/fake_programs.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@ namespace glidemap::test {
 namespace fs = std::filesystem;
 
 // Starts a shell with that process name. The shell waits for the end of its standard input.
-void ProgramDoubles::start(const std::string& name, const std::vector<std::string>& arguments,
-                           const desktops::Environment& environment) {
+void FakePrograms::start(const std::string& name, const std::vector<std::string>& arguments,
+                         const desktops::Environment& environment) {
     const fs::path program = daemons.path() / name;
     fs::copy_file("/bin/sh", program, fs::copy_options::skip_existing);
     std::vector<std::string> words = {program.string(), "-c", "echo ready; read end"};
@@ -21,7 +21,7 @@ void ProgramDoubles::start(const std::string& name, const std::vector<std::strin
     EXPECT_EQ(started.nextLine(), "ready") << name;
 }
 
-void ProgramDoubles::install(const std::string& name, const std::string& text) {
+void FakePrograms::install(const std::string& name, const std::string& text) {
     const fs::path program = programs.path() / name;
     std::ofstream(program) << "#!/bin/sh\necho " << name << " \"$@\" >>"
                            << (records.path() / "ran").string() << "\n"
@@ -29,7 +29,7 @@ void ProgramDoubles::install(const std::string& name, const std::string& text) {
     fs::permissions(program, fs::perms::owner_all);
 }
 
-std::string ProgramDoubles::ran() const {
+std::string FakePrograms::ran() const {
     std::ifstream file(records.path() / "ran");
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }

@@ -1,4 +1,4 @@
-#include "shell_double.h"
+#include "fake_gnome_shell.h"
 
 #include <gio/gio.h>
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ GVariant* parsed(const char* type, const std::string& text) {
 
 } // namespace
 
-ShellDouble::ShellDouble(const std::string& busAddress, Knowledge known)
+FakeGnomeShell::FakeGnomeShell(const std::string& busAddress, Knowledge known)
     : knowledge(std::move(known)) {
     thread.call([&] {
         connection = g_dbus_connection_new_for_address_sync(busAddress.c_str(), asClient, nullptr,
@@ -66,23 +66,23 @@ ShellDouble::ShellDouble(const std::string& busAddress, Knowledge known)
     });
 }
 
-ShellDouble::~ShellDouble() {
+FakeGnomeShell::~FakeGnomeShell() {
     thread.call([&] {
         g_dbus_connection_close_sync(connection, nullptr, nullptr);
         g_object_unref(connection);
     });
 }
 
-void ShellDouble::registerObject(const char* path, const char* interface) {
+void FakeGnomeShell::registerObject(const char* path, const char* interface) {
     static GDBusNodeInfo* const node = g_dbus_node_info_new_for_xml(description, nullptr);
     static constexpr GDBusInterfaceVTable methods = {
         [](GDBusConnection*, const char*, const char*, const char*, const char* method,
            GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self) {
-            static_cast<ShellDouble*>(self)->answer(method, arguments, invocation);
+            static_cast<FakeGnomeShell*>(self)->answer(method, arguments, invocation);
         },
         [](GDBusConnection*, const char*, const char*, const char*, const char*, GError**,
            gpointer self) {
-            return parsed("s", static_cast<ShellDouble*>(self)->knowledge.version);
+            return parsed("s", static_cast<FakeGnomeShell*>(self)->knowledge.version);
         },
         nullptr,
         {}};
@@ -94,8 +94,8 @@ void ShellDouble::registerObject(const char* path, const char* interface) {
     }
 }
 
-void ShellDouble::answer(const std::string& method, GVariant* arguments,
-                         GDBusMethodInvocation* invocation) {
+void FakeGnomeShell::answer(const std::string& method, GVariant* arguments,
+                            GDBusMethodInvocation* invocation) {
     GVariant* values = nullptr;
     if (method == "GetWindows") {
         values = parsed("(a(ssssu)a(ssssu))", windows);
@@ -112,7 +112,7 @@ void ShellDouble::answer(const std::string& method, GVariant* arguments,
     g_variant_unref(values);
 }
 
-void ShellDouble::startExtension(const std::string& reported) {
+void FakeGnomeShell::startExtension(const std::string& reported) {
     thread.call([&] {
         windows = reported;
         registerObject(windowsPath, windowsInterface);
@@ -120,7 +120,7 @@ void ShellDouble::startExtension(const std::string& reported) {
     });
 }
 
-void ShellDouble::stopExtension() {
+void FakeGnomeShell::stopExtension() {
     // Stops synchronously, as the shell does, so that no call gets a reply after the extension has
     // stopped.
     thread.call([&] {
@@ -129,11 +129,11 @@ void ShellDouble::stopExtension() {
     });
 }
 
-void ShellDouble::emit(const char* signal, const std::string& values) {
+void FakeGnomeShell::emit(const char* signal, const std::string& values) {
     thread.call([&] { emitHere(signal, values); });
 }
 
-void ShellDouble::emitHere(const char* signal, const std::string& values) {
+void FakeGnomeShell::emitHere(const char* signal, const std::string& values) {
     GVariant* const message = parsed(nullptr, values);
     g_dbus_connection_emit_signal(connection, nullptr, windowsPath, windowsInterface, signal,
                                   message, nullptr);
@@ -141,7 +141,7 @@ void ShellDouble::emitHere(const char* signal, const std::string& values) {
     g_dbus_connection_flush_sync(connection, nullptr, nullptr);
 }
 
-std::vector<std::string> ShellDouble::enabled() {
+std::vector<std::string> FakeGnomeShell::enabled() {
     const std::lock_guard lock(mutex);
     return asked;
 }

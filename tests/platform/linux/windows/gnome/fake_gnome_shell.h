@@ -18,7 +18,7 @@ using GVariant = struct _GVariant;
 
 namespace glidemap {
 
-class ShellDouble {
+class FakeGnomeShell {
 public:
     // The replies to queries about the shell and an extension.
     struct Knowledge {
@@ -27,10 +27,10 @@ public:
         bool isStarting = false;      // the shell owns its name, but exports no objects
     };
 
-    ShellDouble(const std::string& busAddress, Knowledge knowledge);
-    ShellDouble(const ShellDouble&) = delete;
-    ShellDouble& operator=(const ShellDouble&) = delete;
-    ~ShellDouble();
+    FakeGnomeShell(const std::string& busAddress, Knowledge knowledge);
+    FakeGnomeShell(const FakeGnomeShell&) = delete;
+    FakeGnomeShell& operator=(const FakeGnomeShell&) = delete;
+    ~FakeGnomeShell();
 
     // Start and stop the extension. It reports these windows immediately and to each caller.
     void startExtension(const std::string& windows);
