@@ -10,8 +10,9 @@ void readExec(DesktopEntry& entry, const std::string& line) {
     entry.flatpak = flatpakOf(words);
     entry.steamGame = steamGameOf(words);
     // The program of a game's entry is Steam, so without this check every game would match Steam.
-    if (entry.steamGame.empty())
+    if (entry.steamGame.empty()) {
         entry.program = programOf(words);
+    }
 }
 
 } // namespace glidemap
