@@ -200,7 +200,7 @@ void ShortcutRecorderView::changeEvent(QEvent* event) {
 void ShortcutRecorderView::makeButtonWideEnough() {
     const QFontMetrics letters = button->fontMetrics();
     int widest = smallestLabel;
-    for (const QString& text : {recordingText(), invitation(), recordedText()}) {
+    for (const QString& text : {recordingText(), refusal(), invitation(), recordedText()}) {
         widest = std::max(widest, letters.size(Qt::TextShowMnemonic, text).width());
     }
     QStyleOptionButton option;
@@ -216,6 +216,10 @@ QString ShortcutRecorderView::recordingText() const {
     return toQt(lang.choose("Press a shortcut… (⎋ to cancel)", "请按下快捷键…（⎋ 取消）"));
 }
 
+QString ShortcutRecorderView::refusal() const {
+    return toQt(lang.choose("This key cannot be used (⎋ to cancel)", "无法使用此键（⎋ 取消）"));
+}
+
 QString ShortcutRecorderView::invitation() const {
     return toQt(lang.choose("Click to record", "点击录制"));
 }
@@ -226,7 +230,7 @@ QString ShortcutRecorderView::recordedText() const {
 
 QString ShortcutRecorderView::buttonText() const {
     if (recording && refusedKey) {
-        return toQt(lang.choose("This key cannot be used (⎋ to cancel)", "无法使用此键（⎋ 取消）"));
+        return refusal();
     }
     if (recording) {
         return held == 0 ? recordingText() : toQt(modifierSymbols(held) + "…");

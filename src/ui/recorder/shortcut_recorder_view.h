@@ -74,6 +74,7 @@ private:
     void makeButtonWideEnough();
     QString buttonText() const;
     QString recordingText() const;
+    QString refusal() const;
     QString invitation() const;
     QString recordedText() const;
 

@@ -1,6 +1,7 @@
 #include "bindings/spoken_shortcut.h"
 #include "key_log.h"
 #include "kit/find_widget.h"
+#include "kit/larger_letters.h"
 #include "kit/qt_waiting.h"
 #include "kit/typist.h"
 #include "platform/linux/keyboard/evdev_hardware_keys.h"
@@ -410,16 +411,29 @@ TEST_F(ShortcutRecorderViewTest, ButtonLabelIsAtLeast160PointsWide) {
 }
 
 TEST_F(ShortcutRecorderViewTest, ButtonKeepsItsWidthWithEveryText) {
-    for (const char* const code : {"en", "zh"}) {
-        lang.setCode(code);
-        const int width = button().minimumWidth();
-        recorder->startRecording();
-        EXPECT_EQ(button().minimumWidth(), width) << code;
-        EXPECT_GE(width, button().sizeHint().width()) << code;
-        recorder->setShortcut(before);
-        recorder->stopRecording();
-        EXPECT_EQ(button().minimumWidth(), width) << code;
-        recorder->setShortcut(std::nullopt);
+    for (const double factor : {1.0, 1.5}) {
+        const kit::LargerLetters letters(factor);
+        for (const char* const code : {"en", "zh"}) {
+            lang.setCode(code);
+            const int width = button().minimumWidth();
+            const auto expectRoom = [&] {
+                EXPECT_EQ(button().minimumWidth(), width) << code << ", " << factor;
+                EXPECT_GE(width, button().sizeHint().width())
+                    << code << ", " << factor << ": " << button().text().toStdString();
+            };
+            expectRoom();
+            recorder->startRecording();
+            expectRoom();
+            typist.type({KEY_PLAYPAUSE, Qt::Key_MediaTogglePlayPause});
+            EXPECT_EQ(button().text(), std::string(code) == "en"
+                                           ? "This key cannot be used (⎋ to cancel)"
+                                           : "无法使用此键（⎋ 取消）");
+            expectRoom();
+            recorder->setShortcut(before);
+            recorder->stopRecording();
+            expectRoom();
+            recorder->setShortcut(std::nullopt);
+        }
     }
 }
 
