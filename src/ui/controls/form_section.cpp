@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace glidemap {
 
@@ -143,6 +144,16 @@ QWidget* FormSection::addToLastRow(QWidget* widget) {
     auto* row = static_cast<Row*>(rows->itemAt(count - 1)->widget());
     row->add(widget);
     return row;
+}
+
+// The layout ignores hidden rows.
+QSize FormSection::minimumSizeHint() const {
+    QSize least = QWidget::minimumSizeHint();
+    for (int index = 0; index < rows->count(); ++index) {
+        const int width = rows->itemAt(index)->widget()->minimumSizeHint().width();
+        least.setWidth(std::max(least.width(), width));
+    }
+    return least;
 }
 
 } // namespace glidemap

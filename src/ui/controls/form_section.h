@@ -1,5 +1,6 @@
 // A group of a form: an optional heading above a rounded card. Thin lines separate the visible rows
-// of the card.
+// of the card. A section is wide enough for its hidden rows, so that its width is constant when rows
+// appear.
 //
 // Units:   points.
 // Thread:  the main thread.
@@ -36,6 +37,8 @@ public:
     // Adds a widget to the last row, without a line between them. Use it to explain the choice made
     // in that row.
     QWidget* addToLastRow(QWidget* widget);
+
+    QSize minimumSizeHint() const override;
 
 private:
     class Row;

@@ -98,6 +98,7 @@ Sheet::Sheet(QWidget* anchorWidget, QWidget* content, QSize size)
     addActions(owner()->actions());
     toTheme = Theme::shared().changes().subscribe({}, [this] { update(); });
     owner()->installEventFilter(this);
+    content->installEventFilter(this);
     connect(this, &QDialog::finished, this, [this] {
         if (veil != nullptr) {
             std::exchange(veil, nullptr)->lift(); // the veil deletes itself after fading out
@@ -162,6 +163,9 @@ void Sheet::moveToPlace() {
 }
 
 bool Sheet::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == scroller->widget() && event->type() == QEvent::LayoutRequest && isVisible()) {
+        place(); // another language or larger letters may need more width
+    }
     const bool hasMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
     if (watched == owner() && hasMoved && isVisible()) {
         place();

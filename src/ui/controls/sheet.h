@@ -8,7 +8,8 @@
 // Units:   points.
 // Thread:  the main thread.
 // Owner:   its window. The sheet deletes itself after closing.
-// Errors:  none. On a small screen the sheet shrinks, and its content scrolls.
+// Errors:  none. The sheet grows with its content's minimum width. On a small screen it shrinks, and
+//          its content scrolls.
 #pragma once
 
 #include "ui/controls/slide.h"
@@ -24,7 +25,8 @@ namespace glidemap {
 
 class Sheet : public QDialog {
 public:
-    // Takes ownership of `content`. `size` is the content's size if it fits on the screen.
+    // Takes ownership of `content`. `size` is the content's size if the content
+    // needs no more width and the screen has room for it.
     Sheet(QWidget* anchorWidget, QWidget* content, QSize size);
     ~Sheet() override;
 

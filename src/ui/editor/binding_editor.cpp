@@ -5,8 +5,10 @@
 #include "ui/editor/action_section.h"
 #include "ui/editor/gesture_section.h"
 #include "ui/editor/scope_section.h"
+#include "ui/theme/style/scroll_bar.h"
 #include "ui/theme/text.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -42,6 +44,26 @@ std::string missingText(BindingDraft::Missing missing, const Lang& lang) {
     }
     return {};
 }
+
+// Scrolls the form vertically. Qt's scroll area can become narrower than its content; this one
+// cannot, so that the sheet does not cut off wide rows.
+class FormScroller : public QScrollArea {
+public:
+    using QScrollArea::QScrollArea;
+
+    QSize minimumSizeHint() const override {
+        const QSize least = QScrollArea::minimumSizeHint();
+        const int form = widget() != nullptr ? widget()->minimumSizeHint().width() : 0;
+        return {std::max(least.width(), form + style::scrollBarExtent), least.height()};
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
 
 } // namespace
 
@@ -80,11 +102,10 @@ void BindingEditor::loadExisting() {
 void BindingEditor::layOut() {
     title->setObjectName("editorTitle");
     title->setContentsMargins(sidePadding, titlePadding, sidePadding, titleGap);
-    auto* scroll = new QScrollArea;
+    auto* scroll = new FormScroller;
     scroll->setWidget(makeForm());
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->viewport()->setAutoFillBackground(false);
     scroll->widget()->setAutoFillBackground(false);

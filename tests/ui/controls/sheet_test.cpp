@@ -95,6 +95,15 @@ TEST_F(SheetTest, FitsTheScreenAndScrollsTallContent) {
     EXPECT_EQ(content->width(), 460); // without the scroll bar
 }
 
+TEST_F(SheetTest, GrowsWithTheWidthOfItsContent) {
+    present();
+    first->setMinimumWidth(500);
+    EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().width() > 500; }));
+    EXPECT_EQ(content->width(), sheet->cardGeometry().width());
+    first->setMinimumWidth(0);
+    EXPECT_TRUE(test::waitFor([this] { return sheet->cardGeometry().width() == 460; }));
+}
+
 TEST_F(SheetTest, ShrinkableContentDoesNotScroll) {
     present(QSize(460, 2000));
     EXPECT_EQ(content->size(), sheet->cardGeometry().size());

@@ -1,6 +1,8 @@
 #include "editor_stage.h"
+#include "kit/larger_letters.h"
 #include "kit/qt_waiting.h"
 #include "ui/controls/form_section.h"
+#include "ui/controls/sheet.h"
 
 #include <gmock/gmock.h>
 
@@ -20,6 +22,15 @@ using testing::IsEmpty;
 
 class BindingEditorTest : public EditorStage {
 protected:
+    // A layout may request another one.
+    static void settleLayout() {
+        constexpr int turns = 6;
+        for (int turn = 0; turn < turns; ++turn) {
+            QApplication::sendPostedEvents();
+            QApplication::processEvents();
+        }
+    }
+
     std::vector<std::string> visibleParts() const {
         std::vector<std::string> names;
         for (const char* const name :
@@ -434,6 +445,32 @@ TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
             }
         }
     }
+}
+
+// The offscreen platform's screen is 800 points wide.
+TEST_F(BindingEditorTest, SheetShowsTheFullWidthOfTheFormInLargeLetters) {
+    window.show();
+    auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);
+    auto* const sheet = new Sheet(&window, content, BindingEditor::sheetSize);
+    sheet->present();
+    ASSERT_TRUE(test::waitForWindowActive(sheet));
+    const QScrollArea& scroll = *content->findChild<QScrollArea*>();
+    auto& actions = kit::find<QComboBox>(*content, "actionPicker");
+    for (const double factor : {1.0, 1.5}) {
+        const kit::LargerLetters letters(factor);
+        for (const char* const code : {"en", "zh"}) {
+            Lang::shared().setCode(code);
+            for (const ActionKind kind : allActionKinds) {
+                actions.setCurrentIndex(static_cast<int>(kind));
+                SCOPED_TRACE(std::to_string(factor) + ", " + code + ", " + label(kind));
+                settleLayout();
+                EXPECT_EQ(sheet->cardGeometry().width() > 460, factor > 1);
+                EXPECT_LE(scroll.widget()->minimumSizeHint().width(), scroll.viewport()->width());
+                EXPECT_EQ(scroll.widget()->width(), scroll.viewport()->width());
+            }
+        }
+    }
+    sheet->dismiss();
 }
 
 TEST_F(BindingEditorTest, DisabledSaveButtonNamesTheMissingField) {
