@@ -2,10 +2,14 @@
 
 #include "ui/controls/announcement.h"
 #include "ui/controls/picker_accessible.h"
+#include "ui/theme/style/combo_box.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -31,6 +35,17 @@ void Picker::showPopup() {
     const int longest = view()->sizeHintForColumn(modelColumn()) + bar;
     view()->setMinimumWidth(std::min(longest, screen()->availableSize().width() / 2));
     QComboBox::showPopup();
+}
+
+bool Picker::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QString text = style::elidesComboBoxText(option) ? currentText() : QString();
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, this);
+        return true;
+    }
+    return QComboBox::event(event);
 }
 
 // When a key changes the choice of a closed list, Qt 6.4 reports only a changed name, which screen

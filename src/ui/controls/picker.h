@@ -1,5 +1,6 @@
 // A combo box for a form. The mouse wheel scrolls the form and never changes the choice. The open
-// list is wide enough for its longest entry and the check mark.
+// list is wide enough for its longest entry and the check mark. If the picker is too narrow for its
+// text, its tooltip shows the text.
 //
 // In a form row, the picker takes the available width, independent of its entries.
 //
@@ -20,6 +21,7 @@ public:
     void showPopup() override;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };

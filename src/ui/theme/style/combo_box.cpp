@@ -11,15 +11,31 @@ namespace glidemap::style {
 
 namespace {
 
-constexpr int leadingPadding = 10;
-constexpr int arrowWidth = 24;
+constexpr int leadingPadding = 8;
+constexpr int arrowWidth = 20;
 constexpr int iconGap = 6;
 
 QRect shapeOf(const QStyleOptionComboBox& option) {
     return option.rect.adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin);
 }
 
+// Beside the icon.
+QRect textRoom(const QStyleOptionComboBox& option) {
+    const QRect room = comboBoxTextRect(option);
+    const int taken = option.currentIcon.isNull() ? 0 : option.iconSize.width() + iconGap;
+    return QStyle::visualRect(option.direction, room, room.adjusted(taken, 0, 0, 0));
+}
+
+QString elidedText(const QStyleOptionComboBox& option) {
+    return option.fontMetrics.elidedText(option.currentText, Qt::ElideRight,
+                                         textRoom(option).width());
+}
+
 } // namespace
+
+bool elidesComboBoxText(const QStyleOptionComboBox& option) {
+    return elidedText(option) != option.currentText;
+}
 
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
     const QRectF shape = snapped(painter, shapeOf(option));
@@ -42,24 +58,21 @@ void drawComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option) {
     if (option.editable) {
         return;
     }
-    QRect room = comboBoxTextRect(option);
     if (!option.currentIcon.isNull()) {
+        const QRect room = comboBoxTextRect(option);
         const QSize size = option.iconSize;
         const QRect leading(room.left(), room.center().y() + 1 - size.height() / 2, size.width(),
                             size.height());
         option.currentIcon.paint(
             &painter, QStyle::visualRect(option.direction, room, leading), Qt::AlignCenter,
             option.state.testFlag(QStyle::State_Enabled) ? QIcon::Normal : QIcon::Disabled);
-        const int taken = size.width() + iconGap;
-        room = QStyle::visualRect(option.direction, room, room.adjusted(taken, 0, 0, 0));
     }
     const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
     painter.setPen(isEnabled ? option.palette.color(QPalette::ButtonText) : color(Role::tertiary));
     const auto alignment =
         QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter);
-    painter.drawText(
-        room, static_cast<int>(alignment) | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(option.currentText, Qt::ElideRight, room.width()));
+    painter.drawText(textRoom(option), static_cast<int>(alignment) | Qt::TextSingleLine,
+                     elidedText(option));
 }
 
 QRect comboBoxTextRect(const QStyleOptionComboBox& option) {

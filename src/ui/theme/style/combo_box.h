@@ -15,6 +15,9 @@ namespace glidemap::style {
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option);
 void drawComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option);
 
+// Whether the closed combo box is too narrow for its text.
+bool elidesComboBoxText(const QStyleOptionComboBox& option);
+
 QRect comboBoxTextRect(const QStyleOptionComboBox& option);
 QRect comboBoxArrowRect(const QStyleOptionComboBox& option);
 QRect comboBoxListRect(const QStyleOptionComboBox& option);
