@@ -45,7 +45,7 @@ void UndoBar::offer(GestureType deleted) {
 
 void UndoBar::retitle() {
     const std::string name = displayName(gesture, lang);
-    const QString text = toQt(lang.choose("Deleted “" + name + "”", "已删除「" + name + "」"));
+    const QString text = toQt(lang.choose("Deleted “" + name + "”", "已删除“" + name + "”"));
     label->setText(text);
     setAccessibleName(text);
     const QString undo = toQt(lang.choose("Undo", "撤销"));

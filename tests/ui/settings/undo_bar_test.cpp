@@ -37,7 +37,7 @@ TEST_F(UndoBarTest, NamesTheDeletedBindingInBothLanguages) {
     EXPECT_EQ(stage.text("undo"), "Undo");
     EXPECT_EQ(stage.find("undoBar")->accessibleName(), "Deleted “Hold + Tap Right”");
     Lang::shared().setCode("zh");
-    EXPECT_EQ(stage.text("undoText"), "已删除「单指固定 + 右侧点按」");
+    EXPECT_EQ(stage.text("undoText"), "已删除“单指固定 + 右侧点按”");
     EXPECT_EQ(stage.text("undo"), "撤销");
     EXPECT_TRUE(isOffered());
 }
