@@ -135,10 +135,6 @@ QFont Theme::font(TextStyle style) const {
     return scaledFont(desktopFont, style);
 }
 
-double Theme::enlargement() const {
-    return enlargementOf(desktopFont);
-}
-
 void Theme::refresh() {
     observers.announceWillChange();
     if (watch != nullptr && qApp != nullptr) {

@@ -91,9 +91,6 @@ public:
 
     QFont font(TextStyle style) const;
 
-    // How many times larger than usual the letters are; at least 1.
-    double enlargement() const;
-
     // Notifies observers when colours, fonts or motion settings change.
     Observable& changes() { return observers; }
 

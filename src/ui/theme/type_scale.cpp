@@ -79,14 +79,11 @@ QFont interfaceFont(const QFont& desktop) {
     return font;
 }
 
-double enlargementOf(const QFont& base) {
-    return std::max(1.0, pixelSizeOf(base) / bodySize);
-}
-
 QFont scaledFont(const QFont& base, TextStyle style) {
     const Step step = stepOf(style);
+    const double enlargement = std::max(1.0, pixelSizeOf(base) / bodySize);
     QFont font = base;
-    font.setPixelSize(qRound(step.size * enlargementOf(base)));
+    font.setPixelSize(qRound(step.size * enlargement));
     font.setWeight(step.weight);
     font.setStyleName({}); // a style name would override the weight
     if (style == TextStyle::title2) {

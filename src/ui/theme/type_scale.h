@@ -20,7 +20,4 @@ QFont interfaceFont(const QFont& desktop);
 // shrinks below a comfortable size.
 QFont scaledFont(const QFont& base, TextStyle style);
 
-// By how much that enlarges the sizes; at least 1.
-double enlargementOf(const QFont& base);
-
 } // namespace glidemap
