@@ -2,17 +2,23 @@
 // notifications.
 
 #include "click_filter_session.h"
+#include "deadline.h"
 #include "driver_session.h"
+#include "event_reader.h"
+#include "forwarded_pad.h"
 #include "input_devices.h"
 #include "ordinary_pad.h"
 #include "real_time.h"
+#include "unprivileged.h"
 #include "virtual_pad.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <memory>
 
 namespace glidemap::vm {
 namespace {
@@ -59,6 +65,59 @@ TEST_F(CloneReadersTest, ProgramsThatCloseTheCloneTogetherDoNotCountAsReaders) {
     }
     filter.waitUntilIntroduced();
     EXPECT_EQ(filter.obstacle(device), "no program has opened the touchpad's clone");
+}
+
+// A user may read the touchpad but not its clone, so the driver cannot watch the clone's node.
+class UnwatchedCloneTest : public testing::Test {
+protected:
+    UnwatchedCloneTest() {
+        constexpr mode_t openToAll = 0666;
+        EXPECT_EQ(chmod(pad.node().c_str(), openToAll), 0);
+        EXPECT_EQ(chmod("/dev/uinput", openToAll), 0);
+        const Unprivileged unprivileged;
+        session = std::make_unique<DriverSession>();
+        filter = std::make_unique<ClickFilterSession>(*session);
+        device = session->devices().at(0);
+    }
+
+    VirtualPad pad{ordinaryPad()};
+    EventReader others{pad.node()};
+    std::unique_ptr<DriverSession> session;
+    std::unique_ptr<ClickFilterSession> filter;
+    driver::Device device = nullptr;
+};
+
+TEST_F(UnwatchedCloneTest, AfterAMissedReaderTheTouchpadWorksAndIsSoonTaken) {
+    filter->switchOn(true);
+    std::unique_ptr<EventReader> reader;
+    {
+        const std::filesystem::path clone = waitForClone();
+        const Punctual beforeTheDriver; // so that the kernel merges the two openings
+        reader = std::make_unique<EventReader>(clone);
+        close(open(clone.c_str(), O_RDONLY | O_CLOEXEC));
+    }
+    filter->waitUntilIntroduced();
+    ASSERT_EQ(filter->obstacle(device), "no program has opened the touchpad's clone");
+    EXPECT_TRUE(reader->waitUntilGone());
+    reader.reset();
+    pad.write(fingerDown(0, 7, 1000, 500));
+    pad.write(fingerUp(0));
+    EXPECT_TRUE(contains(others.readUntil({EV_ABS, ABS_MT_TRACKING_ID, -1}),
+                         {EV_ABS, ABS_MT_TRACKING_ID, 7}));
+
+    // The driver retries when the touchpad is used after a pause.
+    const Deadline deadline;
+    while (cloneNodes().empty() && !deadline.passed()) {
+        session->settle(pad);
+        others.readUntil(markerUp);
+    }
+    reader = std::make_unique<EventReader>(waitForClone());
+    filter->waitUntilIntroduced();
+    EXPECT_EQ(filter->obstacle(device), "");
+    pad.write(fingerDown(0, 8, 1000, 500));
+    session->settle(pad);
+    EXPECT_TRUE(reader->isTouched());
+    EXPECT_TRUE(others.isQuiet());
 }
 
 } // namespace

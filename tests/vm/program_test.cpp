@@ -64,7 +64,18 @@ private:
 
 class ProgramTest : public testing::Test {
 protected:
-    void SetUp() override { setenv("QT_QPA_PLATFORM", "offscreen", 1); }
+    void SetUp() override {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        installGrantAccess();
+    }
+
+    // The program has root run only a file that no user can write. A build folder below /tmp, or of
+    // another user, has none.
+    static void installGrantAccess() {
+        const fs::path installed = "/usr/libexec/glidemap/glidemap-grant-access";
+        fs::create_directories(installed.parent_path());
+        fs::copy_file(GLIDEMAP_GRANT_ACCESS, installed, fs::copy_options::skip_existing);
+    }
 
     void letEverybody(bool in) const {
         const auto rights = in ? fs::perms(0666) : fs::perms(0600);

@@ -22,7 +22,7 @@
 // Owner:   PadConnection, beside the pad.
 // Errors:  a touchpad that cannot be cloned or grabbed keeps working without the filter. If
 //          creating the clone fails or no program opens it, the driver retries when the filter is
-//          switched on again. It also retries at a neutral moment ten seconds later; each failure
+//          switched on again. It also retries at a neutral moment one second later; each failure
 //          doubles that delay. If the grab fails, the driver retries at the next neutral moment.
 #pragma once
 
@@ -45,8 +45,9 @@ public:
 
     // How long an unused clone exists, so that programs can read its last events.
     static constexpr std::chrono::seconds cloneRetention{1};
-    // The delay before the driver creates another clone after a failure. Each failure doubles it.
-    static constexpr std::chrono::seconds firstPause{10};
+    // The delay before the driver creates another clone after a failure. Each failure doubles it. The
+    // first delay is short, because the driver may have missed that a program opened the clone.
+    static constexpr std::chrono::seconds firstPause{1};
     static constexpr std::chrono::seconds maxPause{600};
 
     PadInterception(driver::Device itsDevice, OpenPad& itsPad, ClickInterception& allClicks);
