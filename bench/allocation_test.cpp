@@ -25,7 +25,7 @@ public:
         const std::int64_t before = allocationsOfThisThread();
         HeadlessPipeline::push(report, timestamp);
         const std::int64_t own = allocationsOfThisThread() - before;
-        const std::int64_t engineTotal = threads.ask(allocationsOfThisThread);
+        const std::int64_t engineTotal = threads.callOnQueueThread(allocationsOfThisThread);
         maxByDriver = std::max(maxByDriver, own);
         byEngine += engineTotal - lastEngineTotal;
         lastEngineTotal = engineTotal;
@@ -42,7 +42,7 @@ public:
 private:
     RealThreads threads;
     HeadlessPipeline pipeline{threads.ports()};
-    std::int64_t lastEngineTotal = threads.ask(allocationsOfThisThread);
+    std::int64_t lastEngineTotal = threads.callOnQueueThread(allocationsOfThisThread);
 };
 
 TEST(AllocationCount, CountsTheAllocationsOfAThread) {
@@ -54,9 +54,9 @@ TEST(AllocationCount, CountsTheAllocationsOfAThread) {
 
 TEST(AllocationCount, CountsTheAllocationsOfTheQueuesThread) {
     const RealThreads threads;
-    const std::int64_t before = threads.ask(allocationsOfThisThread);
-    threads.ask([] { return static_cast<std::int64_t>(fingersAt(3, 0).size()); });
-    EXPECT_GE(threads.ask(allocationsOfThisThread) - before, 1);
+    const std::int64_t before = threads.callOnQueueThread(allocationsOfThisThread);
+    threads.callOnQueueThread([] { return static_cast<std::int64_t>(fingersAt(3, 0).size()); });
+    EXPECT_GE(threads.callOnQueueThread(allocationsOfThisThread) - before, 1);
 }
 
 struct Row {

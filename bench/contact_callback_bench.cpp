@@ -53,13 +53,13 @@ private:
 };
 
 // Keeps the queue's thread awake: a task of about a microsecond that submits itself again.
-class Treadmill {
+class BusyTask {
 public:
-    explicit Treadmill(SerialQueue& serialQueue) : queue(serialQueue) { run(); }
-    Treadmill(const Treadmill&) = delete;
-    Treadmill& operator=(const Treadmill&) = delete;
+    explicit BusyTask(SerialQueue& queue) : queue(queue) { run(); }
+    BusyTask(const BusyTask&) = delete;
+    BusyTask& operator=(const BusyTask&) = delete;
 
-    ~Treadmill() {
+    ~BusyTask() {
         stopping = true;
         while (!stopped) {
             std::this_thread::yield();
@@ -151,7 +151,7 @@ void callbackAwake(benchmark::State& state) {
 void callbackBusy(benchmark::State& state) {
     const RealThreads threads;
     const HeadlessPipeline pipeline(threads.ports());
-    const Treadmill treadmill(*threads.queue());
+    const BusyTask busyTask(*threads.queue());
     timeBatches(
         state, threads, [] {}, [] {});
 }
@@ -204,12 +204,12 @@ void engineAllocations(benchmark::State& state) {
         driver.pushBatch();
         threads.waitUntilIdle();
     }
-    const std::int64_t before = threads.ask(allocationsOfThisThread);
+    const std::int64_t before = threads.callOnQueueThread(allocationsOfThisThread);
     while (state.KeepRunningBatch(batch)) {
         driver.pushBatch();
         threads.waitUntilIdle();
     }
-    reportAllocations(state, threads.ask(allocationsOfThisThread) - before);
+    reportAllocations(state, threads.callOnQueueThread(allocationsOfThisThread) - before);
 }
 
 } // namespace

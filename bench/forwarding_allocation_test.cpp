@@ -66,19 +66,19 @@ public:
 
 // Ten fingers land, move, click and lift.
 void touch(PadInterception& interception, std::int32_t round) {
-    const auto say = [&](std::uint16_t type, std::uint16_t code, std::int32_t value) {
+    const auto addEvent = [&](std::uint16_t type, std::uint16_t code, std::int32_t value) {
         interception.add({1, type, code, value});
     };
     for (std::int32_t step = 0; step < 20; ++step) {
         for (std::int32_t slot = 0; slot < SilentPad::slots; ++slot) {
-            say(EV_ABS, ABS_MT_SLOT, slot);
+            addEvent(EV_ABS, ABS_MT_SLOT, slot);
             if (step == 0 || step == 19) {
-                say(EV_ABS, ABS_MT_TRACKING_ID, step == 0 ? round : -1);
+                addEvent(EV_ABS, ABS_MT_TRACKING_ID, step == 0 ? round : -1);
             }
-            say(EV_ABS, ABS_MT_POSITION_X, round + step);
-            say(EV_ABS, ABS_MT_POSITION_Y, step);
+            addEvent(EV_ABS, ABS_MT_POSITION_X, round + step);
+            addEvent(EV_ABS, ABS_MT_POSITION_Y, step);
         }
-        say(EV_KEY, BTN_LEFT, step % 2);
+        addEvent(EV_KEY, BTN_LEFT, step % 2);
         interception.endFrame(1);
         interception.settle();
     }

@@ -49,7 +49,8 @@ void HeadlessPipeline::bindDoubleTaps() {
 RealThreads::RealThreads()
     : _queue(std::make_shared<ThreadedSerialQueue>(prepareQueueThread)),
       _delayedWork(std::make_shared<ThreadedDelayedWork>(prepareDelayedThread)) {
-    threadId = static_cast<pid_t>(ask([] { return static_cast<std::int64_t>(thisThread()); }));
+    threadId = static_cast<pid_t>(
+        callOnQueueThread([] { return static_cast<std::int64_t>(thisThread()); }));
     queueThread.emplace(threadId);
 }
 
@@ -57,7 +58,7 @@ HeadlessPipeline::Ports RealThreads::ports() const {
     return {std::make_shared<StridingClock>(), _queue, _delayedWork};
 }
 
-std::int64_t RealThreads::ask(std::int64_t (*function)()) const {
+std::int64_t RealThreads::callOnQueueThread(std::int64_t (*function)()) const {
     // Poll the flag, because waking a waiting thread would cost the measured thread time.
     std::atomic<bool> answered = false;
     std::int64_t answer = 0;
@@ -72,7 +73,7 @@ std::int64_t RealThreads::ask(std::int64_t (*function)()) const {
 }
 
 void RealThreads::waitUntilIdle() const {
-    ask([] { return std::int64_t{0}; });
+    callOnQueueThread([] { return std::int64_t{0}; });
 }
 
 void RealThreads::waitUntilAsleep() const {

@@ -78,7 +78,7 @@ public:
     pid_t queueThreadId() const { return threadId; }
 
     // Runs `function` on the queue's thread and returns its result.
-    std::int64_t ask(std::int64_t (*function)()) const;
+    std::int64_t callOnQueueThread(std::int64_t (*function)()) const;
 
 private:
     std::shared_ptr<SerialQueue> _queue;

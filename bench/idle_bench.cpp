@@ -67,7 +67,7 @@ void waitUntilOthersSleep() {
 }
 
 // Waits only once, so that this thread itself does not wake up during the measurement.
-void letTimePass(double seconds) {
+void sleepFor(double seconds) {
     const int timer = timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC);
     const auto whole = static_cast<time_t>(seconds);
     const auto rest = static_cast<long>((seconds - static_cast<double>(whole)) * 1e9);
@@ -106,7 +106,7 @@ int run(const Options& options) {
     waitUntilOthersSleep();
 
     const auto before = switchesOfAllThreads();
-    letTimePass(options.seconds);
+    sleepFor(options.seconds);
     const auto after = switchesOfAllThreads();
     if (after.size() != before.size()) {
         std::printf("a thread came or went\n");

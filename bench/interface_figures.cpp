@@ -46,7 +46,7 @@ double median(std::vector<double> values) {
 }
 
 // Returns the tenth percentile, which excludes most noise from other programs.
-double tenth(std::vector<double> values) {
+double tenthPercentile(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     return values[values.size() / 10];
 }
@@ -64,7 +64,7 @@ bool isShown(const Stage& stage, const char* title) {
 }
 
 // Sends SIGTERM and waits for the exit.
-void endInOrder(const Program& program) {
+void terminate(const Program& program) {
     kill(program.process(), SIGTERM);
     siginfo_t ended{};
     while (waitid(P_PID, static_cast<id_t>(program.process()), &ended, WEXITED | WNOWAIT) != 0) {
@@ -74,9 +74,9 @@ void endInOrder(const Program& program) {
 // Polls five times a millisecond. Continuous polling would take processor time from the measured
 // program and from the X server.
 double timeUntil(double start, const std::function<bool()>& condition) {
-    const timespec betweenLooks{0, 200'000};
+    const timespec pollInterval{0, 200'000};
     while (!condition()) {
-        nanosleep(&betweenLooks, nullptr);
+        nanosleep(&pollInterval, nullptr);
     }
     return now() - start;
 }
@@ -99,7 +99,7 @@ Start startProgram(Stage& stage, const char* path) {
     if (item == 0) {
         item = timeUntil(start, [&] { return !stage.panel->items().empty(); });
     }
-    endInOrder(program);
+    terminate(program);
     timeUntil(start, [&] { return stage.panel->items().empty(); });
     return {item, window};
 }
@@ -109,7 +109,7 @@ void startYardstick(Stage& stage, Starts& starts) {
     Program program(commandOn(stage, GLIDEMAP_YARDSTICK));
     starts.toWindowOfYardstick.push_back(
         timeUntil(start, [&] { return isShown(stage, "Yardstick"); }));
-    endInOrder(program);
+    terminate(program);
 }
 
 Starts startInTurn(Stage& stage, const Options& options) {
@@ -139,10 +139,11 @@ double measureSeries(Stage& stage, const Options& options) {
         std::cout << "; the other build " << other * 1000 << " ms, " << other / yardstick
                   << " times";
     }
-    std::cout << "\nof which the quickest tenth: " << tenth(starts.toWindow) * 1000
-              << " ms, bare window " << tenth(starts.toWindowOfYardstick) * 1000 << " ms";
+    std::cout << "\nof which the quickest tenth: " << tenthPercentile(starts.toWindow) * 1000
+              << " ms, bare window " << tenthPercentile(starts.toWindowOfYardstick) * 1000 << " ms";
     if (options.beside != nullptr) {
-        std::cout << "; the other build " << tenth(starts.toWindowOfOther) * 1000 << " ms";
+        std::cout << "; the other build " << tenthPercentile(starts.toWindowOfOther) * 1000
+                  << " ms";
     }
     std::cout << std::endl;
     return window / yardstick;
@@ -167,7 +168,7 @@ Memory memoryOfYardstick(Stage& stage) {
     timeUntil(now(), [&] { return isShown(stage, "Yardstick"); });
     waitUntilSettled(program.process());
     const Memory memory = memoryOf(program.process());
-    endInOrder(program);
+    terminate(program);
     return memory;
 }
 
@@ -178,7 +179,7 @@ Memory memoryWithoutWindow(Stage& stage) {
     program.nextLine();
     waitUntilSettled(program.process());
     const Memory memory = memoryOf(program.process());
-    endInOrder(program);
+    terminate(program);
     return memory;
 }
 
@@ -212,7 +213,7 @@ long measureProgram(Stage& stage, double seconds) {
     waitUntilSettled(program.process());
     print("window closed", memoryOf(program.process()));
     const long woken = wakeUpsDuring(program.process(), seconds, std::cout);
-    endInOrder(program);
+    terminate(program);
     return woken;
 }
 

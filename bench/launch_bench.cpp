@@ -69,7 +69,7 @@ private:
 // time.
 int startOnRequest(char* program, char* pipe) {
     std::array<char*, 3> arguments = {program, pipe, nullptr};
-    for (char asked = 0; read(STDIN_FILENO, &asked, 1) == 1;) {
+    for (char request = 0; read(STDIN_FILENO, &request, 1) == 1;) {
         const std::int64_t began = nanosecondsNow();
         pid_t process = 0;
         if (posix_spawn(&process, program, nullptr, nullptr, arguments.data(), environ) != 0) {
@@ -84,43 +84,43 @@ int startOnRequest(char* program, char* pipe) {
 class BareProcess {
 public:
     BareProcess(const char* self, const fs::path& pipe) {
-        std::array<int, 2> toIt{};
-        std::array<int, 2> fromIt{};
-        if (pipe2(toIt.data(), O_CLOEXEC) != 0 || pipe2(fromIt.data(), O_CLOEXEC) != 0) {
+        std::array<int, 2> requests{};
+        std::array<int, 2> replies{};
+        if (pipe2(requests.data(), O_CLOEXEC) != 0 || pipe2(replies.data(), O_CLOEXEC) != 0) {
             return;
         }
         process = fork();
         if (process == 0) {
-            dup2(toIt[0], STDIN_FILENO);
-            dup2(fromIt[1], STDOUT_FILENO);
+            dup2(requests[0], STDIN_FILENO);
+            dup2(replies[1], STDOUT_FILENO);
             execl(self, self, "--bare", LAUNCH_STAMP, pipe.c_str(), nullptr);
             _exit(127);
         }
-        close(toIt[0]);
-        close(fromIt[1]);
-        asks = toIt[1];
-        responds = fromIt[0];
+        close(requests[0]);
+        close(replies[1]);
+        requestPipe = requests[1];
+        replyPipe = replies[0];
     }
     BareProcess(const BareProcess&) = delete;
     BareProcess& operator=(const BareProcess&) = delete;
     ~BareProcess() {
-        close(asks);
-        close(responds);
+        close(requestPipe);
+        close(replyPipe);
         waitpid(process, nullptr, 0);
     }
 
     // Makes the bare process start the program. Returns the time at which it began to do so.
     std::int64_t start() const {
         std::int64_t began = 0;
-        [[maybe_unused]] auto size = write(asks, "s", 1);
-        size = read(responds, &began, sizeof(began));
+        [[maybe_unused]] auto size = write(requestPipe, "s", 1);
+        size = read(replyPipe, &began, sizeof(began));
         return began;
     }
 
 private:
     pid_t process = -1;
-    int asks = -1;
-    int responds = -1;
+    int requestPipe = -1;
+    int replyPipe = -1;
 };
 
 void installEntry(const fs::path& folder, const StampPipe& pipe) {
@@ -154,20 +154,20 @@ int measure(const char* self, int launches) {
     Samples yardstick(static_cast<std::size_t>(launches));
     for (int count = 0; count < launches; ++count) {
         usleep(pauseBetween);
-        const std::int64_t asked = nanosecondsNow();
+        const std::int64_t requested = nanosecondsNow();
         const auto url = workspace.urlForApplication(identifier);
         if (!url) {
             std::cerr << "the entry is not found\n";
             return 1;
         }
         workspace.openApplication(*url);
-        launched.add(static_cast<double>(pipe.next() - asked));
+        launched.add(static_cast<double>(pipe.next() - requested));
         usleep(pauseBetween);
         const std::int64_t began = bare.start();
         yardstick.add(static_cast<double>(pipe.next() - began));
     }
     std::cout << "milliseconds                    least   median   9 of 10\n";
-    print("asked to first instruction", launched);
+    print("request to first instruction", launched);
     print("bare posix_spawn", yardstick);
     return 0;
 }

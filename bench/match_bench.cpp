@@ -49,12 +49,12 @@ BindingList oneGesture() {
 }
 
 // The folder is removed at the end of the benchmark.
-class StoreInAFolder {
+class StoreInTemporaryFolder {
 public:
-    explicit StoreInAFolder(BindingList list) { store.setBindings(std::move(list)); }
-    StoreInAFolder(const StoreInAFolder&) = delete;
-    StoreInAFolder& operator=(const StoreInAFolder&) = delete;
-    ~StoreInAFolder() { std::filesystem::remove_all(folder); }
+    explicit StoreInTemporaryFolder(BindingList list) { store.setBindings(std::move(list)); }
+    StoreInTemporaryFolder(const StoreInTemporaryFolder&) = delete;
+    StoreInTemporaryFolder& operator=(const StoreInTemporaryFolder&) = delete;
+    ~StoreInTemporaryFolder() { std::filesystem::remove_all(folder); }
 
     static std::filesystem::path newFolder() {
         std::string pattern =
@@ -69,7 +69,7 @@ public:
 };
 
 void match(benchmark::State& state, BindingList (*list)(), const char* frontmost) {
-    const StoreInAFolder with(list());
+    const StoreInTemporaryFolder with(list());
     const std::string app = frontmost;
     for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(with.store.match(gesture, app));
@@ -85,7 +85,7 @@ BENCHMARK_CAPTURE(match, one_gesture_global, oneGesture,
                   "org.example.desktop.applications.App1000");
 
 void doubleTapBindingExists(benchmark::State& state) {
-    const StoreInAFolder with(mixed());
+    const StoreInTemporaryFolder with(mixed());
     for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(with.store.doubleTapBindingExists(2));
     }
@@ -133,7 +133,7 @@ BENCHMARK(encode);
 // Includes the time that the disk takes.
 void assignAndSave(benchmark::State& state) {
     const BindingList list = mixed();
-    StoreInAFolder with(list);
+    StoreInTemporaryFolder with(list);
     for ([[maybe_unused]] auto _ : state) {
         with.store.setBindings(list);
     }

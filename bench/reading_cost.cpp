@@ -88,17 +88,18 @@ private:
     std::thread thread;
 };
 
-class Beat {
+class ReportTimer {
 public:
-    Beat() {
+    ReportTimer() {
         constexpr long interval = static_cast<long>(1e9 / reportsPerSecond);
         const itimerspec every{{0, interval}, {0, interval}};
         timerfd_settime(timer.descriptor(), 0, &every, nullptr);
     }
 
     void wait() const {
-        std::uint64_t beats = 0;
-        [[maybe_unused]] const auto size = read(timer.descriptor(), &beats, sizeof beats);
+        std::uint64_t expirations = 0;
+        [[maybe_unused]] const auto size =
+            read(timer.descriptor(), &expirations, sizeof expirations);
     }
 
 private:
@@ -139,18 +140,18 @@ std::array<input_event, 8> movement(std::int32_t number) {
 // Returns the number of written reports.
 int playStream(FakeNode& node, double seconds) {
     const int count = static_cast<int>(seconds * reportsPerSecond);
-    const Beat beat;
+    const ReportTimer timer;
     node.write(std::array{absolute(ABS_MT_SLOT, 0), absolute(ABS_MT_TRACKING_ID, 7),
                           absolute(ABS_MT_POSITION_X, 100), absolute(ABS_MT_POSITION_Y, 100),
                           key(BTN_TOUCH, 1), key(BTN_TOOL_FINGER, 1)});
     for (int number = 0; number < count; ++number) {
-        beat.wait();
+        timer.wait();
         node.write(movement(number));
     }
-    beat.wait();
+    timer.wait();
     node.write(
         std::array{absolute(ABS_MT_TRACKING_ID, -1), key(BTN_TOUCH, 0), key(BTN_TOOL_FINGER, 0)});
-    beat.wait();
+    timer.wait();
     return count;
 }
 

@@ -33,9 +33,9 @@ long numberIn(const Path& file, const std::string& key) {
 
 std::map<std::string, long> switchesByThread(pid_t process) {
     std::map<std::string, long> switches;
-    std::error_code gone;
+    std::error_code error;
     for (const auto& thread :
-         std::filesystem::directory_iterator(folderOf(process) / "task", gone)) {
+         std::filesystem::directory_iterator(folderOf(process) / "task", error)) {
         std::ifstream stream(thread.path() / "comm");
         std::string name;
         std::getline(stream, name);
@@ -56,7 +56,7 @@ double cpuSeconds(pid_t process) {
 }
 
 // Sleeps for the length of the measurement.
-void letTimePass(double seconds) {
+void sleepFor(double seconds) {
     const auto whole = static_cast<time_t>(seconds);
     timespec left{whole, static_cast<long>((seconds - static_cast<double>(whole)) * 1e9)};
     while (nanosleep(&left, &left) != 0) {
@@ -80,13 +80,13 @@ Memory memoryOf(pid_t process) {
 
 double cpuSecondsDuring(pid_t process, double seconds) {
     const double before = cpuSeconds(process);
-    letTimePass(seconds);
+    sleepFor(seconds);
     return cpuSeconds(process) - before;
 }
 
 long wakeUpsDuring(pid_t process, double seconds, std::ostream& output) {
     const auto before = switchesByThread(process);
-    letTimePass(seconds);
+    sleepFor(seconds);
     long woken = 0;
     for (const auto& [thread, count] : switchesByThread(process)) {
         const auto known = before.find(thread);

@@ -81,12 +81,12 @@ public:
     void wake() {
         {
             const std::lock_guard lock(mutex);
-            ++asked;
+            ++submitted;
         }
         condition.notify_one();
     }
 
-    bool hasRun() const { return ran.load(std::memory_order_acquire) == asked; }
+    bool hasRun() const { return ran.load(std::memory_order_acquire) == submitted; }
     Moment lastRun() const { return moment; }
 
 private:
@@ -95,16 +95,16 @@ private:
         id = thisThread();
         std::unique_lock lock(mutex);
         while (!stopping) {
-            condition.wait(lock, [&] { return stopping || ran != asked; });
+            condition.wait(lock, [&] { return stopping || ran != submitted; });
             moment = now();
-            ran.store(asked, std::memory_order_release);
+            ran.store(submitted, std::memory_order_release);
         }
     }
 
     std::mutex mutex;
     std::condition_variable condition;
     bool stopping = false;
-    int asked = 0;
+    int submitted = 0;
     Moment moment;
     std::atomic<int> ran = 0;
     std::atomic<pid_t> id = 0;

@@ -11,7 +11,7 @@ namespace {
 
 // Follows symbolic links and returns the final path, which need not exist. Returns nullopt for a
 // cycle.
-std::optional<std::filesystem::path> resolved(std::filesystem::path file) {
+std::optional<std::filesystem::path> followLinks(std::filesystem::path file) {
     constexpr int maxLinks = 40; // the kernel's limit
     std::error_code error;
     for (int links = 0; links <= maxLinks; ++links) {
@@ -35,7 +35,7 @@ bool isDevice(const std::filesystem::path& file) {
 } // namespace
 
 std::error_code writeAtomically(const std::filesystem::path& target, std::string_view content) {
-    const auto file = resolved(target);
+    const auto file = followLinks(target);
     if (!file) {
         return std::make_error_code(std::errc::too_many_symbolic_link_levels);
     }

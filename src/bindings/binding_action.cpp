@@ -6,20 +6,20 @@ namespace glidemap {
 
 namespace {
 
-std::string shown(const KeyShortcut& shortcut, const Lang& lang) {
+std::string displayTextOf(const KeyShortcut& shortcut, const Lang& lang) {
     return lang.choose("Shortcut ", "快捷键 ") + shortcut.displayString();
 }
 
-std::string shown(const LockScreen& /*action*/, const Lang& lang) {
+std::string displayTextOf(const LockScreen& /*action*/, const Lang& lang) {
     return lang.choose("Lock Screen", "锁定屏幕");
 }
 
 // Product names are not translated.
-std::string shown(const MissionControl& /*action*/, const Lang& /*lang*/) {
+std::string displayTextOf(const MissionControl& /*action*/, const Lang& /*lang*/) {
     return "Mission Control";
 }
 
-std::string shown(const LaunchApp& launch, const Lang& lang) {
+std::string displayTextOf(const LaunchApp& launch, const Lang& lang) {
     return lang.choose("Open ", "打开 ") + launch.name;
 }
 
@@ -32,7 +32,7 @@ std::string_view kindOf(const BindingAction& action) {
 }
 
 std::string displayString(const BindingAction& action, const Lang& lang) {
-    return std::visit([&lang](const auto& kind) { return shown(kind, lang); }, action);
+    return std::visit([&lang](const auto& kind) { return displayTextOf(kind, lang); }, action);
 }
 
 } // namespace glidemap

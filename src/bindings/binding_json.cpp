@@ -78,7 +78,7 @@ json encoded(const GestureBinding& binding) {
 // escape takes six characters.
 std::string quotedForDisplay(std::string_view text) {
     constexpr std::size_t max = 60;
-    constexpr std::size_t widest = 150;
+    constexpr std::size_t maxQuotedWidth = 150;
     std::string shown;
     std::size_t length = max;
     do {
@@ -86,7 +86,7 @@ std::string quotedForDisplay(std::string_view text) {
         const json quoted(std::string(text.substr(0, length)) + (whole ? "" : "..."));
         shown = quoted.dump(-1, ' ', true, json::error_handler_t::replace);
         length /= 2;
-    } while (shown.size() > widest);
+    } while (shown.size() > maxQuotedWidth);
     return shown;
 }
 
@@ -104,13 +104,13 @@ struct Part {
         throw DecodingError(std::string(prefix).append(key).append(": ").append(problem));
     }
 
-    json& value(const char* key, json::value_t type, std::string_view wanted) const {
+    json& value(const char* key, json::value_t type, std::string_view expected) const {
         const auto found = object.find(key);
         if (found == object.end()) {
             fail(key, "missing");
         }
         if (found->type() != type) {
-            fail(key, "not " + std::string(wanted));
+            fail(key, "not " + std::string(expected));
         }
         return *found;
     }
@@ -125,11 +125,11 @@ struct Part {
     }
 
     template <typename Parse>
-    auto parsed(const char* key, const Parse& parse, const std::string& wanted) const {
+    auto parsed(const char* key, const Parse& parse, const std::string& expected) const {
         const std::string written = text(key);
         const auto found = parse(written);
         if (!found) {
-            fail(key, quotedForDisplay(written) + " is not " + wanted);
+            fail(key, quotedForDisplay(written) + " is not " + expected);
         }
         return *found;
     }
@@ -137,10 +137,10 @@ struct Part {
     template <typename Integer>
     Integer integer(const char* key) const {
         constexpr std::uint64_t max = std::numeric_limits<Integer>::max();
-        static const std::string wanted = "an integer from 0 to " + std::to_string(max);
-        const auto read = value(key, json::value_t::number_unsigned, wanted).get<std::uint64_t>();
+        static const std::string expected = "an integer from 0 to " + std::to_string(max);
+        const auto read = value(key, json::value_t::number_unsigned, expected).get<std::uint64_t>();
         if (read > max) {
-            fail(key, std::to_string(read) + " is not " + wanted);
+            fail(key, std::to_string(read) + " is not " + expected);
         }
         return static_cast<Integer>(read);
     }
@@ -202,7 +202,7 @@ constexpr std::array<std::string_view, 11> knownKeys = {
 class BindingsReader : public nlohmann::json_sax<json> {
 public:
     BindingsReader() noexcept(false) = default;     // the constructor of json may throw
-    BindingsReader(const BindingsReader&) = delete; // `place` points into the object itself
+    BindingsReader(const BindingsReader&) = delete; // `target` points into the object itself
     BindingsReader& operator=(const BindingsReader&) = delete;
 
     std::vector<GestureBinding> bindings;
@@ -229,11 +229,11 @@ public:
         if (!isInArray) {
             return fail("not an array");
         }
-        if (skippedDepth > 0 || place == nullptr || objects.size() == maxObjectDepth) {
+        if (skippedDepth > 0 || target == nullptr || objects.size() == maxObjectDepth) {
             return skipContainer();
         }
-        *place = json::object();
-        objects.push_back(place);
+        *target = json::object();
+        objects.push_back(target);
         return true;
     }
 
@@ -241,7 +241,7 @@ public:
         if (skippedDepth == 0) {
             const bool isKnown =
                 std::find(knownKeys.begin(), knownKeys.end(), name) != knownKeys.end();
-            place = isKnown ? &(*objects.back())[std::move(name)] : nullptr;
+            target = isKnown ? &(*objects.back())[std::move(name)] : nullptr;
         }
         return true;
     }
@@ -283,8 +283,8 @@ private:
         return false;
     }
 
-    bool failElement(std::string_view what) {
-        return fail("[" + std::to_string(bindings.size()) + "]" + std::string(what));
+    bool failElement(std::string_view problem) {
+        return fail("[" + std::to_string(bindings.size()) + "]" + std::string(problem));
     }
 
     bool scalar(json value) {
@@ -294,21 +294,21 @@ private:
         if (objects.empty()) {
             return isInArray ? failElement(": not an object") : fail("not an array");
         }
-        if (place != nullptr) {
-            *place = std::move(value);
+        if (target != nullptr) {
+            *target = std::move(value);
         }
         return true;
     }
 
     bool skipContainer() {
-        if (skippedDepth++ == 0 && place != nullptr) {
-            *place = nullptr;
+        if (skippedDepth++ == 0 && target != nullptr) {
+            *target = nullptr;
         }
         return true;
     }
 
     bool decodeElement() {
-        place = &element;
+        target = &element;
         try {
             bindings.push_back(decoded(element));
             return true;
@@ -321,7 +321,7 @@ private:
     std::size_t skippedDepth = 0; // depth inside a skipped value
     json element;
     std::vector<json*> objects; // the open objects, starting with the element
-    json* place = &element;     // where the next value is stored; null for an unknown key
+    json* target = &element;    // where the next value is stored; null for an unknown key
 };
 
 std::variant<std::vector<GestureBinding>, DecodingFailure> decodedArray(std::string_view text) {

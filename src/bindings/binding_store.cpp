@@ -22,7 +22,7 @@ namespace {
 // Enough for half a million bindings. Reading a larger file could exhaust the memory.
 constexpr std::size_t maxFileSize = 128UL * 1024 * 1024;
 
-std::optional<BindingList> listIn(const std::filesystem::path& file) {
+std::optional<BindingList> readBindingFile(const std::filesystem::path& file) {
     const auto text = readFile(file, maxFileSize);
     if (!text) {
         return std::nullopt;
@@ -70,7 +70,7 @@ std::filesystem::path BindingStore::location() const {
 }
 
 void BindingStore::load() {
-    if (auto list = listIn(location())) {
+    if (auto list = readBindingFile(location())) {
         logLine("bindings", "read ", list->size(), " from ", location().native());
         publish(std::move(*list));
         return;

@@ -35,9 +35,9 @@ void IndexedBindings::add(const GestureBinding& binding) {
 const GestureBinding* IndexedBindings::match(GestureType gesture,
                                              std::optional<std::string_view> frontmost) const {
     if (frontmost) {
-        const ForApp wanted{gesture, *frontmost};
-        const auto found = std::lower_bound(forApps.begin(), forApps.end(), wanted);
-        if (found != forApps.end() && !(wanted < *found)) {
+        const ForApp key{gesture, *frontmost};
+        const auto found = std::lower_bound(forApps.begin(), forApps.end(), key);
+        if (found != forApps.end() && !(key < *found)) {
             return found->binding;
         }
     }

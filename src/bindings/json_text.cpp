@@ -52,26 +52,26 @@ Decimal decimalIn(std::string_view number) {
 
 // Advances `end` past a number, or past the valid start of an invalid one. Returns whether the
 // number is valid.
-bool passNumber(std::string_view text, std::size_t& end) {
-    const auto passOne = [&](std::string_view characters) {
-        const bool isThere =
+bool skipNumber(std::string_view text, std::size_t& end) {
+    const auto skipOne = [&](std::string_view characters) {
+        const bool matches =
             end < text.size() && characters.find(text[end]) != std::string_view::npos;
-        end += isThere ? 1 : 0;
-        return isThere;
+        end += matches ? 1 : 0;
+        return matches;
     };
-    const auto passDigits = [&] {
+    const auto skipDigits = [&] {
         const std::size_t start = end;
         end = std::min(text.find_first_not_of(digitCharacters, end), text.size());
         return end > start;
     };
-    passOne("-");
-    bool isValid = passOne("0") ? !passDigits() : passDigits();
-    if (isValid && passOne(".")) {
-        isValid = passDigits();
+    skipOne("-");
+    bool isValid = skipOne("0") ? !skipDigits() : skipDigits();
+    if (isValid && skipOne(".")) {
+        isValid = skipDigits();
     }
-    if (isValid && passOne("eE")) {
-        passOne("+-");
-        isValid = passDigits();
+    if (isValid && skipOne("eE")) {
+        skipOne("+-");
+        isValid = skipDigits();
     }
     return isValid;
 }
@@ -113,7 +113,7 @@ Token escapeAt(std::string_view text) {
 Token numberAt(std::string_view text) {
     constexpr std::string_view null = "null"; // a shorter number is never too large
     std::size_t length = 0;
-    if (!passNumber(text, length) || length < null.size() ||
+    if (!skipNumber(text, length) || length < null.size() ||
         decimalIn(text.substr(0, length)).wholeDigits() <= maxDigits) {
         return {length, ""};
     }

@@ -11,9 +11,9 @@ namespace glidemap {
 namespace {
 
 // Scopes match by the application's identifier only.
-using Place = std::pair<GestureType, std::optional<std::string>>;
+using Trigger = std::pair<GestureType, std::optional<std::string>>;
 
-Place placeOf(const GestureBinding& binding) {
+Trigger triggerOf(const GestureBinding& binding) {
     const auto* const app = std::get_if<AppScope>(&binding.scope);
     return {binding.gesture, app != nullptr ? std::optional(app->bundleID) : std::nullopt};
 }
@@ -21,11 +21,11 @@ Place placeOf(const GestureBinding& binding) {
 } // namespace
 
 std::vector<bool> shadowedBindings(const BindingList& bindings) {
-    std::set<Place> taken;
+    std::set<Trigger> seen;
     std::vector<bool> shadowed;
     shadowed.reserve(bindings.size());
     for (const GestureBinding& binding : bindings) {
-        shadowed.push_back(binding.enabled && !taken.insert(placeOf(binding)).second);
+        shadowed.push_back(binding.enabled && !seen.insert(triggerOf(binding)).second);
     }
     return shadowed;
 }

@@ -29,8 +29,9 @@ std::string joined(std::uint64_t held, KeyboardKind keyboard, char between) {
     return names;
 }
 
-// A key without a label is written in words, because its number does not identify it to the user.
-std::string written(std::uint16_t keyCode, KeyboardKind keyboard) {
+// Returns the label of a key, or words for a key without a label, because its number does not
+// identify it to the user.
+std::string labelOrWords(std::uint16_t keyCode, KeyboardKind keyboard) {
     static const Lang english{nullptr};
     const std::string label = keyLabel(keyCode);
     return label.empty() ? keyWords(keyCode, english, keyboard) : label;
@@ -53,9 +54,9 @@ std::string spokenShortcut(const KeyShortcut& shortcut, const Lang& lang, Keyboa
 }
 
 std::string writtenShortcut(const KeyShortcut& shortcut, KeyboardKind keyboard) {
-    return keyboard == KeyboardKind::pc
-               ? joined(shortcut.modifiers, keyboard, '+') + written(shortcut.keyCode, keyboard)
-               : std::string();
+    return keyboard == KeyboardKind::pc ? joined(shortcut.modifiers, keyboard, '+') +
+                                              labelOrWords(shortcut.keyCode, keyboard)
+                                        : std::string();
 }
 
 } // namespace glidemap

@@ -45,9 +45,9 @@ Fingers performEdgeSwipe(Direction edge, Chance& chance) {
     const double length = chance.between(0.30, 0.60);
     const double start = chance.between(0.010, 0.025);
     const double duration = chance.between(0.040, 0.160);
-    const PadPoint way = {length * std::cos(angle), length * std::sin(angle)};
+    const PadPoint displacement = {length * std::cos(angle), length * std::sin(angle)};
     const double up = start + duration + chance.between(0.004, 0.012);
-    return {{0, up, stroke(placeOnEdge(edge, chance), way, start, duration)}};
+    return {{0, up, stroke(placeOnEdge(edge, chance), displacement, start, duration)}};
 }
 
 } // namespace glidemap

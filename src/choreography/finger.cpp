@@ -22,9 +22,9 @@ FingerPath restingAt(PadPoint place) {
     };
 }
 
-FingerPath stroke(PadPoint start, PadPoint way, double time, double duration) {
+FingerPath stroke(PadPoint start, PadPoint displacement, double time, double duration) {
     return [=](double now) {
-        return start + way * strokeProgress((now - time) / duration);
+        return start + displacement * strokeProgress((now - time) / duration);
     };
 }
 

@@ -32,7 +32,7 @@ double strokeProgress(double part);
 
 FingerPath restingAt(PadPoint place);
 
-// Moves from `start` by `way`, beginning at `time` and lasting `duration`.
-FingerPath stroke(PadPoint start, PadPoint way, double time, double duration);
+// Moves from `start` by `displacement`, beginning at `time` and lasting `duration`.
+FingerPath stroke(PadPoint start, PadPoint displacement, double time, double duration);
 
 } // namespace glidemap

@@ -17,25 +17,26 @@ struct Extent {
     double high = 0;
 };
 
-// Returns the range that a layout covers on one axis while it moves by `way`.
-Extent extent(const Places& layout, double PadPoint::*axis, double way) {
+// Returns the range that a layout covers on one axis while it moves by `displacement`.
+Extent extent(const Places& layout, double PadPoint::*axis, double displacement) {
     const auto less = [axis](PadPoint a, PadPoint b) {
         return a.*axis < b.*axis;
     };
     const auto [low, high] = std::minmax_element(layout.begin(), layout.end(), less);
-    return {(*low).*axis + std::min(way, 0.0), (*high).*axis + std::max(way, 0.0)};
+    return {(*low).*axis + std::min(displacement, 0.0),
+            (*high).*axis + std::max(displacement, 0.0)};
 }
 
-double originFor(Extent taken, Chance& chance) {
-    const double lowest = rim - taken.low;
-    const double highest = 1 - rim - taken.high;
+double originFor(Extent covered, Chance& chance) {
+    const double lowest = rim - covered.low;
+    const double highest = 1 - rim - covered.high;
     return lowest < highest ? chance.between(lowest, highest) : (lowest + highest) / 2;
 }
 
-double partWithRoom(const Places& layout, double PadPoint::*axis, double way) {
+double partWithRoom(const Places& layout, double PadPoint::*axis, double displacement) {
     const Extent still = extent(layout, axis, 0);
     const double room = 1 - 2 * rim - (still.high - still.low);
-    const double needed = std::max(way, -way);
+    const double needed = std::max(displacement, -displacement);
     return needed > room ? std::max(room, 0.0) / needed : 1;
 }
 
@@ -72,9 +73,9 @@ Places handLayout(int count, Chance& chance) {
     return places;
 }
 
-Places placeOnPad(const Places& layout, PadPoint way, Chance& chance) {
-    const PadPoint origin = {originFor(extent(layout, &PadPoint::x, way.x), chance),
-                             originFor(extent(layout, &PadPoint::y, way.y), chance)};
+Places placeOnPad(const Places& layout, PadPoint displacement, Chance& chance) {
+    const PadPoint origin = {originFor(extent(layout, &PadPoint::x, displacement.x), chance),
+                             originFor(extent(layout, &PadPoint::y, displacement.y), chance)};
     Places places;
     places.reserve(layout.size());
     for (const PadPoint offset : layout) {
@@ -83,9 +84,9 @@ Places placeOnPad(const Places& layout, PadPoint way, Chance& chance) {
     return places;
 }
 
-double partWithRoom(const Places& layout, PadPoint way) {
-    return std::min(partWithRoom(layout, &PadPoint::x, way.x),
-                    partWithRoom(layout, &PadPoint::y, way.y));
+double partWithRoom(const Places& layout, PadPoint displacement) {
+    return std::min(partWithRoom(layout, &PadPoint::x, displacement.x),
+                    partWithRoom(layout, &PadPoint::y, displacement.y));
 }
 
 std::vector<double> landings(int count, double time, double longest, Chance& chance) {

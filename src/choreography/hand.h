@@ -16,12 +16,12 @@ using Places = std::vector<PadPoint>;
 // fingers, one end of the arc is the thumb, which lies lower.
 Places handLayout(int count, Chance& chance);
 
-// Places a layout on the pad so that every finger is on the pad before and after moving by `way`.
+// Places a layout on the pad so that every finger is on the pad before and after moving by `displacement`.
 // Centres a layout that does not fit.
-Places placeOnPad(const Places& layout, PadPoint way, Chance& chance);
+Places placeOnPad(const Places& layout, PadPoint displacement, Chance& chance);
 
-// Returns the maximum fraction of `way`, up to 1, for which placeOnPad() has room.
-double partWithRoom(const Places& layout, PadPoint way);
+// Returns the maximum fraction of `displacement`, up to 1, for which placeOnPad() has room.
+double partWithRoom(const Places& layout, PadPoint displacement);
 
 // Returns landing times of fingers that are meant to land together: the first at `time`, the last
 // at most `longest` later.

@@ -25,8 +25,8 @@ constexpr double maxJitter = 0.0028;
 // A contact as the pad tracks it.
 class Contact {
 public:
-    Contact(const Finger& theFinger, std::int32_t theIdentifier, double hoverTime, Chance& chance)
-        : finger(&theFinger), identifier(theIdentifier), hover(hoverTime),
+    Contact(const Finger& finger, std::int32_t identifier, double hover, Chance& chance)
+        : finger(&finger), identifier(identifier), hover(hover),
           jitter(chance.between(minJitter, maxJitter)) {
         const double speed = chance.between(minDriftSpeed, maxDriftSpeed);
         const double angle = chance.between(-std::numbers::pi, std::numbers::pi);

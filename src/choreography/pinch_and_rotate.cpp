@@ -43,7 +43,7 @@ Fingers moveSpan(const Span& span, double duration, Chance& chance) {
     return fingers;
 }
 
-Span someSpan(Chance& chance) {
+Span randomSpan(Chance& chance) {
     Span span;
     span.centre = {chance.between(0.44, 0.56), chance.between(0.44, 0.56)};
     span.handMove = {0.03 * chance.wobble(), 0.03 * chance.wobble()};
@@ -55,7 +55,7 @@ Span someSpan(Chance& chance) {
 Fingers performPinch(Pinch pinch, Chance& chance) {
     const double closed = chance.between(0.13, 0.22);
     const double open = chance.between(0.46, 0.70);
-    Span span = someSpan(chance);
+    Span span = randomSpan(chance);
     span.lengthBefore = pinch == Pinch::out ? closed : open;
     span.lengthAfter = pinch == Pinch::out ? open : closed;
     // Thumb at the lower left, finger at the upper right. The line hardly rotates.
@@ -66,7 +66,7 @@ Fingers performPinch(Pinch pinch, Chance& chance) {
 
 Fingers performRotation(Turn turn, Chance& chance) {
     const double angle = chance.between(1.1, 1.8);
-    Span span = someSpan(chance);
+    Span span = randomSpan(chance);
     span.lengthBefore = chance.between(0.35, 0.60);
     span.lengthAfter = span.lengthBefore * (1 + chance.between(-0.08, 0.08));
     span.angleBefore = chance.between(0.0, std::numbers::pi);

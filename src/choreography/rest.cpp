@@ -22,8 +22,8 @@ Fingers performLongPress(int count, Chance& chance) {
 Fingers performFixAndTap(Direction side, Chance& chance) {
     const double apart = chance.between(0.12, 0.26);
     const double angle = angleOf(side) + chance.between(-0.4, 0.4);
-    const PadPoint way = {apart * std::cos(angle), apart * std::sin(angle)};
-    const Places places = placeOnPad({{0, 0}, way}, {}, chance);
+    const PadPoint second = {apart * std::cos(angle), apart * std::sin(angle)};
+    const Places places = placeOnPad({{0, 0}, second}, {}, chance);
     const double tap = chance.between(0.30, 0.70); // the resting finger settles first
     const double lift = tap + chance.between(0.060, 0.200);
     const double end = lift + chance.between(0.12, 0.40);

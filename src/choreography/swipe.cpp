@@ -21,15 +21,15 @@ struct Stroke {
     double angle = 0;
     double length = 0;
 
-    PadPoint way() const { return {length * std::cos(angle), length * std::sin(angle)}; }
+    PadPoint displacement() const { return {length * std::cos(angle), length * std::sin(angle)}; }
 };
 
 // Fingers of one hand move in almost the same direction.
-PadPoint displacementOfOneFinger(const Stroke& hand, Chance& chance) {
+PadPoint fingerDisplacement(const Stroke& hand, Chance& chance) {
     Stroke finger = hand;
     finger.length *= 1 + 0.04 * chance.wobble();
     finger.angle += 0.04 * chance.wobble();
-    return finger.way();
+    return finger.displacement();
 }
 
 Stroke chooseStroke(Direction direction, double start, Chance& chance) {
@@ -47,14 +47,14 @@ Fingers performSwipe(int count, Direction direction, Chance& chance) {
     const auto down = landings(count, 0, landingSkew, chance);
     // The hand starts to move when its last finger has landed.
     Stroke hand = chooseStroke(direction, latest(down) + chance.between(0.010, 0.025), chance);
-    hand.length *= partWithRoom(layout, hand.way());
-    const Places places = placeOnPad(layout, hand.way(), chance);
+    hand.length *= partWithRoom(layout, hand.displacement());
+    const Places places = placeOnPad(layout, hand.displacement(), chance);
     const auto up = liftings(count, hand.time + hand.duration + 0.004, chance);
     Fingers fingers;
     for (std::size_t index = 0; index < places.size(); ++index) {
-        const PadPoint way = displacementOfOneFinger(hand, chance);
-        fingers.push_back(
-            {down[index], up[index], stroke(places[index], way, hand.time, hand.duration)});
+        const PadPoint displacement = fingerDisplacement(hand, chance);
+        fingers.push_back({down[index], up[index],
+                           stroke(places[index], displacement, hand.time, hand.duration)});
     }
     return fingers;
 }

@@ -16,9 +16,9 @@ constexpr double maxDoubleTapPartDuration = 0.130;
 
 // A fingertip rolls slightly during a tap.
 FingerPath rolling(PadPoint place, double time, double duration, Chance& chance) {
-    const double way = chance.between(0, 0.010);
+    const double distance = chance.between(0, 0.010);
     const double angle = chance.between(-std::numbers::pi, std::numbers::pi);
-    return stroke(place, {way * std::cos(angle), way * std::sin(angle)}, time, duration);
+    return stroke(place, {distance * std::cos(angle), distance * std::sin(angle)}, time, duration);
 }
 
 // Adds one tap of the fingers at `places`; the first finger lands at `time`. Returns the time at

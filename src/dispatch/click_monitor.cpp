@@ -5,8 +5,8 @@
 
 namespace glidemap {
 
-ClickMonitor::ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> fingers)
-    : tap(std::move(clickTap)), touchingCount(std::move(fingers)),
+ClickMonitor::ClickMonitor(std::shared_ptr<ClickTap> tap, std::function<int()> touchingCount)
+    : tap(std::move(tap)), touchingCount(std::move(touchingCount)),
       lifetime(std::make_shared<ClickMonitor*>(this)) {}
 
 ClickMonitor::~ClickMonitor() {
@@ -42,7 +42,7 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
         return ClickTap::Verdict::pass;
     case ClickEventType::leftMouseDown:
     case ClickEventType::rightMouseDown:
-        if (!isTaken()) {
+        if (!isConsumed()) {
             // While the tap was disabled, it may have missed the release of an earlier press.
             swallowUpForButton.erase(event.button);
             return ClickTap::Verdict::pass;
@@ -59,7 +59,7 @@ ClickTap::Verdict ClickMonitor::decide(const ClickEvent& event) {
     return ClickTap::Verdict::pass;
 }
 
-bool ClickMonitor::isTaken() const {
+bool ClickMonitor::isConsumed() const {
     // Clicks with one finger (ordinary) or five fingers (accidental) are not gestures.
     const auto gesture = gestureFor(GestureCategory::click, touchingCount());
     return gesture && onClickGesture && onClickGesture(*gesture);

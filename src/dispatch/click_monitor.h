@@ -27,7 +27,7 @@ namespace glidemap {
 class ClickMonitor {
 public:
     // `touchingCount` returns the number of fingers on the pad.
-    ClickMonitor(std::shared_ptr<ClickTap> clickTap, std::function<int()> touchingCount);
+    ClickMonitor(std::shared_ptr<ClickTap> tap, std::function<int()> touchingCount);
     ClickMonitor(const ClickMonitor&) = delete;
     ClickMonitor& operator=(const ClickMonitor&) = delete;
     ~ClickMonitor();
@@ -45,7 +45,7 @@ public:
 
 private:
     ClickTap::Verdict decide(const ClickEvent& event);
-    bool isTaken() const;
+    bool isConsumed() const;
 
     std::shared_ptr<ClickTap> tap;
     std::function<int()> touchingCount;

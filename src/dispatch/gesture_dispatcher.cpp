@@ -70,14 +70,14 @@ bool GestureDispatcher::handleClickGesture(GestureType gesture) {
     if (!binding || !mayRun(*binding)) {
         return false;
     }
-    mainQueue.submit(TimelyQueue::IfLate::drop,
-                     [weakly = weak_from_this(), gesture, taken = std::move(binding),
-                      appName = std::move(application.name)] {
-                         if (const auto dispatcher = weakly.lock()) {
-                             dispatcher->ports.actionRunner->perform(taken->action);
-                             dispatcher->log(dispatcher->makeEntry(gesture, taken.get(), appName));
-                         }
-                     });
+    mainQueue.submit(TimelyQueue::IfLate::drop, [weakly = weak_from_this(), gesture,
+                                                 binding = std::move(binding),
+                                                 appName = std::move(application.name)] {
+        if (const auto dispatcher = weakly.lock()) {
+            dispatcher->ports.actionRunner->perform(binding->action);
+            dispatcher->log(dispatcher->makeEntry(gesture, binding.get(), appName));
+        }
+    });
     return true;
 }
 

@@ -58,11 +58,11 @@ void TimelyQueue::submit(IfLate ifLate, std::function<void()> work) {
     queue->submit([submitted = std::make_unique<Submitted>(waiting, now(), ifLate, std::move(work)),
                    clock = now]() mutable {
         const bool isLate = clock() - submitted->time > maxWait;
-        const std::function<void()> taken =
+        const std::function<void()> task =
             isLate && submitted->ifLate == IfLate::drop ? nullptr : std::move(submitted->work);
         submitted.reset();
-        if (taken) {
-            taken();
+        if (task) {
+            task();
         }
     });
 }

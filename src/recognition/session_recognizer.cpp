@@ -144,8 +144,8 @@ void SessionRecognizer::follow(const TouchPoint& finger, double time) {
 // live fingers before its end is checked; the others that end in the same frame still count as
 // live.
 void SessionRecognizer::endLiveTracks(double time) {
-    liveIndex.collectMissing(fingerIds, gone);
-    for (const LiveIndex::Entry& finger : gone) {
+    liveIndex.collectMissing(fingerIds, liftedFingers);
+    for (const LiveIndex::Entry& finger : liftedFingers) {
         tracks.end(finger.track, time);
         liveIndex.remove(finger.id);
         checkFixAndTap(finger.track);

@@ -99,7 +99,7 @@ private:
     // Members, so that their memory is reused between frames.
     std::vector<TouchPoint> fingers;
     std::vector<std::int32_t> fingerIds;
-    std::vector<LiveIndex::Entry> gone;
+    std::vector<LiveIndex::Entry> liftedFingers;
 };
 
 } // namespace glidemap

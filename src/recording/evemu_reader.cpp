@@ -34,7 +34,7 @@ path descriptionBeside(const path& recording) {
     return best;
 }
 
-bool isSilent(std::string_view line) {
+bool isBlankOrComment(std::string_view line) {
     return isBlank(line) || line.starts_with('#');
 }
 
@@ -83,7 +83,7 @@ bool EvemuReader::readDescription(LineReader& source) {
     bool described = false;
     for (auto line = source.lookAhead(0); line && !_error; line = source.lookAhead(0)) {
         const bool describes = isEvemuDescription(*line);
-        if (!describes && !isSilent(*line)) {
+        if (!describes && !isBlankOrComment(*line)) {
             return described;
         }
         described = described || describes;
@@ -121,7 +121,7 @@ bool EvemuReader::next(Record& record) {
 
 bool EvemuReader::handleNextEvent() {
     auto line = lines.next();
-    while (line && isSilent(*line)) {
+    while (line && isBlankOrComment(*line)) {
         line = lines.next();
     }
     if (!line) {

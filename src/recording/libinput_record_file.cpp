@@ -28,7 +28,7 @@ constexpr std::size_t maxNesting = 16;
 constexpr std::size_t maxBuffered = 64U << 10U;
 
 enum class Place {
-    nowhere, // outside the document
+    outside, // not in the document
     ignored,
     file,
     devices,
@@ -45,16 +45,16 @@ enum class Place {
     event,
 };
 
-// A rule for nested nodes: inside `around`, the map or sequence with this key is at `place`.
-struct Step {
-    Place around;
+// A rule for nested nodes: inside `parent`, the map or sequence with this key is at `place`.
+struct Transition {
+    Place parent;
     std::string_view key; // empty: any key, or an element of a sequence
     Place place;
     bool isMap;
 };
 
-constexpr auto steps = std::to_array<Step>({
-    {Place::nowhere, "", Place::file, true},
+constexpr auto transitions = std::to_array<Transition>({
+    {Place::outside, "", Place::file, true},
     {Place::file, "devices", Place::devices, false},
     {Place::devices, "", Place::device, true},
     {Place::device, "evdev", Place::evdev, true},
@@ -101,7 +101,7 @@ public:
 
 private:
     struct Level {
-        Place place = Place::nowhere;
+        Place place = Place::outside;
         Line line;
         bool isMap = false;
         bool expectsKey = false; // in a map, the next scalar is a key
@@ -109,12 +109,12 @@ private:
         std::size_t elements = 0; // number of complete elements
     };
 
-    static const Step* stepFrom(const Level* around);
+    static const Transition* transitionFrom(const Level* parent);
     void start(Line line, bool isMap);
     void end();
     void scalar(Line line, const std::string& value);
     void completeValue();
-    void take(const Level& around, Line line, const std::string& value);
+    void take(const Level& parent, Line line, const std::string& value);
     void takeAxisElement(const Level& axis, Line line, const std::string& value);
     void takeEventElement(std::size_t element, Line line, const std::string& value);
     void finishEvent(const Level& event);
@@ -165,12 +165,12 @@ void Handler::take(const yaml_event_t& node) {
     }
 }
 
-const Step* Handler::stepFrom(const Level* around) {
-    const Place place = around != nullptr ? around->place : Place::nowhere;
-    for (const Step& step : steps) {
-        if (step.around == place &&
-            (step.key.empty() || (around->isMap && step.key == around->key))) {
-            return &step;
+const Transition* Handler::transitionFrom(const Level* parent) {
+    const Place place = parent != nullptr ? parent->place : Place::outside;
+    for (const Transition& transition : transitions) {
+        if (transition.parent == place &&
+            (transition.key.empty() || (parent->isMap && transition.key == parent->key))) {
+            return &transition;
         }
     }
     return nullptr;
@@ -181,17 +181,17 @@ void Handler::start(Line line, bool isMap) {
     if (levels.size() == maxNesting) {
         throw ParseError{line, "values are nested more than 16 deep"};
     }
-    Level* around = levels.empty() ? nullptr : &levels.back();
-    if (around != nullptr && around->expectsKey) {
+    Level* parent = levels.empty() ? nullptr : &levels.back();
+    if (parent != nullptr && parent->expectsKey) {
         throw ParseError{line, "not in the format of libinput record: a key is not a scalar"};
     }
-    const Step* step = stepFrom(around);
-    if (step != nullptr && step->isMap != isMap) {
+    const Transition* transition = transitionFrom(parent);
+    if (transition != nullptr && transition->isMap != isMap) {
         throw ParseError{line,
                          isMap ? "not in the format of libinput record: expected a list"
                                : "not in the format of libinput record: expected keys and values"};
     }
-    Place place = step != nullptr ? step->place : Place::ignored;
+    Place place = transition != nullptr ? transition->place : Place::ignored;
     if (place == Place::device && file.touchpad) {
         place = Place::ignored; // only the first touchpad is used
     }
@@ -222,13 +222,13 @@ void Handler::scalar(Line line, const std::string& value) {
     if (levels.empty()) {
         throw ParseError{line, "not in the format of libinput record: expected keys and values"};
     }
-    Level& around = levels.back();
-    if (around.expectsKey) {
-        around.key = value;
-        around.expectsKey = false;
+    Level& parent = levels.back();
+    if (parent.expectsKey) {
+        parent.key = value;
+        parent.expectsKey = false;
         return;
     }
-    take(around, line, value);
+    take(parent, line, value);
     completeValue();
 }
 
@@ -241,17 +241,17 @@ void Handler::completeValue() {
     }
 }
 
-void Handler::take(const Level& around, Line line, const std::string& value) {
-    switch (around.place) {
+void Handler::take(const Level& parent, Line line, const std::string& value) {
+    switch (parent.place) {
     case Place::file:
-        if (around.key == "version" && value != supportedVersion) {
+        if (parent.key == "version" && value != supportedVersion) {
             throw ParseError{line, "version " + value +
                                        " of libinput's recording format is not supported, only "
                                        "version 1"};
         }
         break;
     case Place::evdev:
-        if (around.key == "name") {
+        if (parent.key == "name") {
             device.name = value;
         }
         break;
@@ -265,10 +265,10 @@ void Handler::take(const Level& around, Line line, const std::string& value) {
         udevReportsTouchpad = udevReportsTouchpad || value == "ID_INPUT_TOUCHPAD=1";
         break;
     case Place::axis:
-        takeAxisElement(around, line, value);
+        takeAxisElement(parent, line, value);
         break;
     case Place::event:
-        takeEventElement(around.elements, line, value);
+        takeEventElement(parent.elements, line, value);
         break;
     default:
         break;
@@ -411,7 +411,7 @@ LibinputRecordFile parseLibinputRecord(LineReader& lines) {
                                     refusal.message};
     }
     // If the input ended early, that caused the parser's error: report the input's error instead.
-    if (buffer.isStuck()) {
+    if (buffer.isBufferExceeded()) {
         file.error = lines.errorHere("64 KiB without a complete value");
     } else if (lines.error()) {
         file.error = lines.error();

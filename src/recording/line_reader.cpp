@@ -96,15 +96,15 @@ bool isBlank(std::string_view line) {
 }
 
 LineBuffer::int_type LineBuffer::underflow() {
-    const auto next = stuck ? std::nullopt : lines.next();
+    const auto next = bufferExceeded ? std::nullopt : lines.next();
     if (!next) {
         return traits_type::eof();
     }
     line.assign(*next);
     line += '\n';
     buffered += isComment(line) ? 0 : line.size();
-    stuck = buffered > limit;
-    if (stuck) {
+    bufferExceeded = buffered > limit;
+    if (bufferExceeded) {
         return traits_type::eof();
     }
     setg(line.data(), line.data(), line.data() + line.size());

@@ -77,7 +77,7 @@ public:
 
     // Call when the parser has produced an event.
     void progress() { buffered = 0; }
-    bool isStuck() const { return stuck; }
+    bool isBufferExceeded() const { return bufferExceeded; }
 
 protected:
     int_type underflow() override;
@@ -86,7 +86,7 @@ private:
     LineReader& lines;
     std::size_t limit;
     std::size_t buffered = 0;
-    bool stuck = false; // never reset
+    bool bufferExceeded = false; // never reset
     std::string line;
 };
 

@@ -28,7 +28,7 @@ protected:
     void takeClicks() {
         monitor->onClickGesture = [this](GestureType gesture) {
             offered.push_back(gesture);
-            return isTaken;
+            return isConsumed;
         };
     }
 
@@ -36,7 +36,7 @@ protected:
     Verdict release(std::int64_t button = 0) { return tap->offer({leftMouseUp, button}); }
 
     int fingerCount = 2;
-    bool isTaken = true;
+    bool isConsumed = true;
     std::vector<GestureType> offered;
     std::shared_ptr<kit::FakeClickTap> tap = std::make_shared<kit::FakeClickTap>();
     std::unique_ptr<ClickMonitor> monitor =
@@ -119,28 +119,29 @@ TEST_F(ClickMonitorTest, DestructorDoesNotCallATapThatIsNotRunning) {
 
 // Every event type, finger count and callback result.
 TEST_F(ClickMonitorTest, OnlyPressesWithTwoToFourFingersAreOfferedAndDroppedIfConsumed) {
-    enum class Answer { taken, refused, nobodyAsked };
+    enum class Answer { consumed, rejected, withoutCallback };
     for (const ClickEventType type : {leftMouseDown, leftMouseUp, rightMouseDown, rightMouseUp,
                                       tapDisabledByTimeout, tapDisabledByUserInput, other}) {
         for (const int count : {-1, 0, 1, 2, 3, 4, 5, 6, 11}) {
-            for (const Answer answer : {Answer::taken, Answer::refused, Answer::nobodyAsked}) {
+            for (const Answer answer :
+                 {Answer::consumed, Answer::rejected, Answer::withoutCallback}) {
                 SCOPED_TRACE(testing::Message()
                              << "event " << static_cast<int>(type) << ", " << count
                              << " fingers, answer " << static_cast<int>(answer));
                 monitor = std::make_unique<ClickMonitor>(tap, [this] { return fingerCount; });
-                if (answer != Answer::nobodyAsked) {
+                if (answer != Answer::withoutCallback) {
                     takeClicks();
                 }
                 fingerCount = count;
-                isTaken = answer == Answer::taken;
+                isConsumed = answer == Answer::consumed;
                 offered.clear();
                 monitor->start();
                 tap->takeNotes();
 
                 const bool isPress = type == leftMouseDown || type == rightMouseDown;
                 const auto click = isPress ? clickOf(count) : std::nullopt;
-                EXPECT_EQ(tap->offer({type, 0}), click && answer == Answer::taken ? drop : pass);
-                EXPECT_EQ(offered, click && answer != Answer::nobodyAsked
+                EXPECT_EQ(tap->offer({type, 0}), click && answer == Answer::consumed ? drop : pass);
+                EXPECT_EQ(offered, click && answer != Answer::withoutCallback
                                        ? std::vector{*click}
                                        : std::vector<GestureType>{});
                 const bool isNotice =
@@ -165,7 +166,7 @@ TEST_F(ClickMonitorTest, EventTapDisabledByATimeoutIsReenabledEveryTime) {
 struct Step {
     ClickEvent event;
     int fingerCount;
-    bool isTaken;
+    bool isConsumed;
     Verdict expected;
 };
 
@@ -231,7 +232,7 @@ TEST_F(ClickMonitorTest, OnlyTheReleaseOfADroppedPressIsDropped) {
         monitor->start();
         for (const Step& step : story.steps) {
             fingerCount = step.fingerCount;
-            isTaken = step.isTaken;
+            isConsumed = step.isConsumed;
             EXPECT_EQ(tap->offer(step.event), step.expected)
                 << "step " << &step - story.steps.data();
         }

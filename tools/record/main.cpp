@@ -30,7 +30,7 @@ namespace {
 
 enum Status : int { success = 0, failure = 1, badUsage = 2 };
 
-int complain(const std::string& message) {
+int printError(const std::string& message) {
     const bool ended = message.ends_with('\n');
     std::fprintf(stderr, "glidemap-record: %s%s", message.c_str(), ended ? "" : "\n");
     return failure;
@@ -69,11 +69,11 @@ int record(const Options& options) {
     const Interruption interruption;
     MultitouchDeviceManager manager(touchDriverPlatform());
     if (manager.loadError().has_value()) {
-        return complain("the touch driver cannot be used: " + *manager.loadError());
+        return printError("the touch driver cannot be used: " + *manager.loadError());
     }
     Touchpads touchpads(manager);
     if (!touchpads.exist()) {
-        return complain(nothingToRecord(touchpads.unreadableCount()));
+        return printError(nothingToRecord(touchpads.unreadableCount()));
     }
 
     std::ofstream file;
@@ -81,7 +81,7 @@ int record(const Options& options) {
     if (options.file.has_value()) {
         file.open(place, std::ios::binary | std::ios::trunc);
         if (!file) {
-            return complain("cannot write " + place + ": " + reason(errno));
+            return printError("cannot write " + place + ": " + reason(errno));
         }
     }
     Recorder recorder(options.file.has_value() ? file : std::cout, touchpads.names(),
@@ -91,7 +91,7 @@ int record(const Options& options) {
     engine->start();
     if (!touchpads.areStarted()) {
         engine->stop();
-        return complain("this touch driver does not support recording");
+        return printError("this touch driver does not support recording");
     }
     // Printed after the start, so that every touch after this message is recorded. A driver that
     // plays recordings has no device names.
@@ -103,7 +103,7 @@ int record(const Options& options) {
     recorder.finish();
     return recorder.error() == 0
                ? success
-               : complain("cannot write " + place + ": " + reason(recorder.error()));
+               : printError("cannot write " + place + ": " + reason(recorder.error()));
 }
 
 int run(int count, char** arguments) {
@@ -113,7 +113,7 @@ int run(int count, char** arguments) {
         return success;
     }
     if (const auto* error = std::get_if<UsageError>(&parsed)) {
-        complain(error->message);
+        printError(error->message);
         std::fputs(usageText, stderr);
         return badUsage;
     }
@@ -127,6 +127,6 @@ int main(int count, char** arguments) {
     try {
         return glidemap::record::run(count, arguments);
     } catch (const std::exception& error) {
-        return glidemap::record::complain(error.what());
+        return glidemap::record::printError(error.what());
     }
 }

@@ -10,7 +10,7 @@ Only multitouch touchpads can be recorded. To check whether udev recognises one 
 )";
 
 // The first option grants access only to the user at the machine.
-constexpr const char* whatToDo = R"(
+constexpr const char* accessInstructions = R"(
 To let the user at this machine read its touchpads, and no other device, add this line
   ACTION!="remove", SUBSYSTEM=="input", KERNEL=="event*", ENV{ID_INPUT_TOUCHPAD}=="1", TAG+="uaccess"
 to /etc/udev/rules.d/70-glidemap.rules, and run
@@ -58,7 +58,7 @@ std::string nothingToRecord(std::int32_t unreadableTouchpads) {
     const std::string found = isOne ? "there is a touchpad, but you have no permission to read it\n"
                                     : "there are " + std::to_string(unreadableTouchpads) +
                                           " touchpads, but you have no permission to read them\n";
-    return found + whatToDo;
+    return found + accessInstructions;
 }
 
 } // namespace glidemap::record

@@ -126,14 +126,14 @@ std::optional<ClickEvent> clickEvent(const ButtonRecord& record) {
 }
 
 // A recording writes an empty name for an application without a name.
-std::optional<std::string> unlessEmpty(const std::string& text) {
+std::optional<std::string> nonEmpty(const std::string& text) {
     return text.empty() ? std::nullopt : std::optional(text);
 }
 
 } // namespace
 
-Desk::Desk(BindingList bindings, const VirtualTime& time,
-           const std::shared_ptr<TouchEngine>& engine, Listener listener)
+SimulatedDesktop::SimulatedDesktop(BindingList bindings, const VirtualTime& time,
+                                   const std::shared_ptr<TouchEngine>& engine, Listener listener)
     : time(time), listener(std::move(listener)),
       store(std::make_shared<BindingStore>(std::move(bindings))),
       workspace(std::make_shared<SimulatedWorkspace>(SimulatedWorkspace::Listeners{
@@ -153,7 +153,7 @@ Desk::Desk(BindingList bindings, const VirtualTime& time,
     watch();
 }
 
-void Desk::watch() {
+void SimulatedDesktop::watch() {
     runtime.engine().onGesture = [this, deliver = runtime.engine().onGesture](GestureType gesture) {
         delivered = route(gesture);
         deliver(gesture);
@@ -161,15 +161,15 @@ void Desk::watch() {
     runtime.clickMonitor().onClickGesture =
         [this, decide = runtime.clickMonitor().onClickGesture](GestureType click) {
             Routing routing = route(click);
-            const bool isTaken = decide(click);
-            if (isTaken) {
-                taken = {click, std::move(routing)};
+            const bool isConsumed = decide(click);
+            if (isConsumed) {
+                consumedClick = {click, std::move(routing)};
             }
-            return isTaken;
+            return isConsumed;
         };
 }
 
-ActionRunner::Ports Desk::simulatedPorts() {
+ActionRunner::Ports SimulatedDesktop::simulatedPorts() {
     return {.workspace = workspace,
             .keyEvents = std::make_shared<SimulatedKeyEvents>([this](const KeyEvent& event) {
                 listener(KeyPosted{time.now(), event});
@@ -179,22 +179,22 @@ ActionRunner::Ports Desk::simulatedPorts() {
             })};
 }
 
-void Desk::change(const ButtonRecord& button) {
-    taken.reset();
+void SimulatedDesktop::change(const ButtonRecord& button) {
+    consumedClick.reset();
     const auto event = clickEvent(button);
     const bool isSwallowed = event && tap->isDropped(*event);
-    listener(ButtonChanged{button.time, button.button, button.down, isSwallowed, taken});
+    listener(ButtonChanged{button.time, button.button, button.down, isSwallowed, consumedClick});
 }
 
-void Desk::bringForward(const FrontmostRecord& frontmost) {
+void SimulatedDesktop::activate(const FrontmostRecord& frontmost) {
     const auto& application = frontmost.application;
     workspace->setFrontmost(application
-                                ? Application{application->bundleID, unlessEmpty(application->name)}
+                                ? Application{application->bundleID, nonEmpty(application->name)}
                                 : Application{});
 }
 
 // The dispatcher will find the same binding, because the bindings do not change in between.
-Routing Desk::route(GestureType gesture) {
+Routing SimulatedDesktop::route(GestureType gesture) {
     Application frontmost = dispatcher->frontmost();
     routed = dispatcher->resolveBinding(gesture, frontmost.bundleID);
     Routing routing;
@@ -207,7 +207,7 @@ Routing Desk::route(GestureType gesture) {
 }
 
 // The workspace receives only the identifier, so the name comes from the binding.
-void Desk::reportLaunch(const std::string& bundleID) {
+void SimulatedDesktop::reportLaunch(const std::string& bundleID) {
     const auto* const launch = std::get_if<LaunchApp>(&routed->action);
     listener(Performed{time.now(),
                        LaunchApp{bundleID, launch != nullptr ? launch->name : std::string()}});

@@ -24,12 +24,12 @@ namespace glidemap::replay {
 class SimulatedClickTap;
 class SimulatedWorkspace;
 
-class Desk {
+class SimulatedDesktop {
 public:
-    Desk(BindingList bindings, const VirtualTime& time, const std::shared_ptr<TouchEngine>& engine,
-         Listener listener);
-    Desk(const Desk&) = delete;
-    Desk& operator=(const Desk&) = delete;
+    SimulatedDesktop(BindingList bindings, const VirtualTime& time,
+                     const std::shared_ptr<TouchEngine>& engine, Listener listener);
+    SimulatedDesktop(const SimulatedDesktop&) = delete;
+    SimulatedDesktop& operator=(const SimulatedDesktop&) = delete;
 
     void start() { runtime.start(); }
     void stop() { runtime.stop(); }
@@ -39,7 +39,7 @@ public:
     std::optional<Routing> takeRouting() { return std::exchange(delivered, std::nullopt); }
 
     void change(const ButtonRecord& button);
-    void bringForward(const FrontmostRecord& frontmost);
+    void activate(const FrontmostRecord& frontmost);
 
 private:
     Routing route(GestureType gesture);
@@ -59,7 +59,7 @@ private:
     // record, and a record delivers at most one gesture.
     std::shared_ptr<const GestureBinding> routed;
     // The click gesture of the latest button record, if a binding consumed it.
-    std::optional<ButtonChanged::Click> taken;
+    std::optional<ButtonChanged::Click> consumedClick;
 };
 
 } // namespace glidemap::replay

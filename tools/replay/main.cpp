@@ -22,7 +22,7 @@ int exitCode(Status status) {
     return static_cast<int>(status);
 }
 
-int complain(const std::string& message, Status status) {
+int printError(const std::string& message, Status status) {
     std::fprintf(stderr, "glidemap-replay: %s\n", message.c_str());
     return exitCode(status);
 }
@@ -46,20 +46,20 @@ Status playAll(const Options& options, const BindingList& bindings, ReplayDriver
 int run(const Options& options) {
     if (options.demonstrationFolder) {
         const auto error = writeDemonstration(*options.demonstrationFolder, options.seed);
-        return error ? complain(*error, Status::failure) : exitCode(Status::success);
+        return error ? printError(*error, Status::failure) : exitCode(Status::success);
     }
     Lang::shared().setCode(options.language);
     auto bindings = bindingsOf(options);
     if (const auto* unusable = std::get_if<UnusableBindings>(&bindings)) {
-        return complain(*options.bindingsFile + ": " + unusable->reason, Status::badInput);
+        return printError(*options.bindingsFile + ": " + unusable->reason, Status::badInput);
     }
     ReplayDriver driver;
     if (const auto error = driver.error()) {
-        return complain("the replay driver cannot be used: " + *error, Status::failure);
+        return printError("the replay driver cannot be used: " + *error, Status::failure);
     }
     const Status status = playAll(options, std::get<BindingList>(bindings), driver);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-        return complain("standard output cannot be written", Status::failure);
+        return printError("standard output cannot be written", Status::failure);
     }
     return exitCode(status);
 }
@@ -77,7 +77,7 @@ int main(int count, char** arguments) {
         return exitCode(Status::success);
     }
     if (const auto* error = std::get_if<UsageError>(&parsed)) {
-        return complain(error->message + " (see --help)", Status::badInput);
+        return printError(error->message + " (see --help)", Status::badInput);
     }
     return run(std::get<Options>(parsed));
 }

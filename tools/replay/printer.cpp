@@ -84,11 +84,11 @@ struct Json {
 };
 
 // Returns a line with time, event and description.
-std::string row(double time, std::string_view what, const std::string& words) {
+std::string row(double time, std::string_view event, const std::string& description) {
     std::array<char, 400> start{};
     std::snprintf(start.data(), start.size(), "%12.3f  %-26.*s  ", time,
-                  static_cast<int>(what.size()), what.data());
-    return start.data() + words;
+                  static_cast<int>(event.size()), event.data());
+    return start.data() + description;
 }
 
 std::string arrow(const Routing& routing) {
@@ -110,12 +110,12 @@ struct Text {
         if (!button.swallowed) {
             return "";
         }
-        const std::string what =
+        const std::string event =
             "button " + std::to_string(button.button) + (button.down ? " down" : " up");
-        const std::string why =
+        const std::string reason =
             button.click ? ": " + displayName(button.click->gesture) + arrow(button.click->routing)
                          : "";
-        return row(button.time, what, "swallowed" + why);
+        return row(button.time, event, "swallowed" + reason);
     }
 
     std::string operator()(const KeyPosted& /*part of the gesture line*/) const { return ""; }

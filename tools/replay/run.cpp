@@ -34,13 +34,13 @@ Run::Run(ReplayDriver& driver, Pace::Speed speed, BindingList bindings, Listener
                                   .queue = time.queue(),
                                   .delayedWork = time.delayedWork(),
                                   .deviceManager = &driver.deviceManager()})),
-      desk(std::move(bindings), time, engine, this->listener) {
+      desktop(std::move(bindings), time, engine, this->listener) {
     listen();
-    desk.start();
+    desktop.start();
 }
 
 Run::~Run() {
-    desk.stop();
+    desktop.stop();
 }
 
 // The engine does not report the gestures that its cooldown drops. The run therefore observes each
@@ -49,7 +49,7 @@ void Run::listen() {
     SessionRecognizer& recognizer = engine->sessionRecognizer();
     recognizer.onGesture = [this, deliver = recognizer.onGesture](GestureType gesture) {
         deliver(gesture);
-        const std::optional<Routing> routing = desk.takeRouting();
+        const std::optional<Routing> routing = desktop.takeRouting();
         listener(Recognised{time.now(), gesture, routing.has_value(), routing.value_or(Routing{})});
     };
     recognizer.doubleTapBindingExists =
@@ -75,12 +75,12 @@ void Run::act(const Report& report) {
 }
 
 void Run::act(const ButtonRecord& button) {
-    desk.change(button);
+    desktop.change(button);
     time.runSubmitted();
 }
 
 void Run::act(const FrontmostRecord& frontmost) {
-    desk.bringForward(frontmost);
+    desktop.activate(frontmost);
 }
 
 void Run::act(const TimeRecord& /*moment*/) {}

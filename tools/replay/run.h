@@ -3,7 +3,7 @@
 //
 //   record ─▶ time advances to it, delayed items due by then run
 //          ─▶ replay driver ─▶ contact callback ─▶ engine ─▶ its queue (run immediately) ─▶ recognizer
-//          ─▶ cooldown ─▶ desk ─▶ its main queue (run afterwards) ─▶ actions
+//          ─▶ cooldown ─▶ desktop ─▶ its main queue (run afterwards) ─▶ actions
 //
 // The listener is notified of each gesture, including gestures that the cooldown drops, then of its
 // actions; and of each button, with the click that consumed it.
@@ -86,7 +86,7 @@ private:
     Listener listener;
     VirtualTime time;
     std::shared_ptr<TouchEngine> engine;
-    Desk desk;
+    SimulatedDesktop desktop;
     std::set<int> boundDoubleTaps;
 };
 
