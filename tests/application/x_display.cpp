@@ -206,21 +206,51 @@ std::uint32_t XDisplay::createWindow(const Rectangle& area) const {
     return window;
 }
 
-void XDisplay::ask(std::uint32_t window, const char* message, std::uint32_t detail) const {
+// Returns once the server has delivered the request, so that the window manager reads it before any
+// later request of another program.
+void XDisplay::ask(std::uint32_t window, const char* message, std::uint32_t detail,
+                   std::uint32_t time) const {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
     event.type = atom(message);
     event.data.data32[0] = detail;
+    event.data.data32[1] = time;
     xcb_send_event(_connection, 0, _root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
-    xcb_flush(_connection);
+    const Reply<xcb_get_input_focus_reply_t> delivered(
+        xcb_get_input_focus_reply(_connection, xcb_get_input_focus(_connection), nullptr));
 }
 
+// The time of the server, from an event about a change without effect.
+std::uint32_t XDisplay::currentTime() const {
+    const std::uint32_t window = createWindow({0, 0, 1, 1});
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(_connection, window, XCB_CW_EVENT_MASK, &events);
+    xcb_change_property(_connection, XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
+    xcb_flush(_connection);
+    std::uint32_t time = XCB_CURRENT_TIME;
+    while (time == XCB_CURRENT_TIME) {
+        const Reply<xcb_generic_event_t> event(xcb_wait_for_event(_connection));
+        if (event == nullptr) {
+            ADD_FAILURE() << "the X server has disconnected";
+            break;
+        }
+        if ((event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY) {
+            time = reinterpret_cast<const xcb_property_notify_event_t&>(*event).time;
+        }
+    }
+    xcb_destroy_window(_connection, window);
+    return time;
+}
+
+// With the time, as a task bar does. Without it Cinnamon assumes the time at which it reads the
+// request, and refuses a request of the program that is older than that.
 void XDisplay::activate(const ManagedWindow& window) const {
-    ask(window.id, "_NET_ACTIVE_WINDOW", fromTaskBar);
+    ask(window.id, "_NET_ACTIVE_WINDOW", fromTaskBar, currentTime());
 }
 
 void XDisplay::minimize(const ManagedWindow& window) const {

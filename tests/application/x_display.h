@@ -108,7 +108,9 @@ private:
     std::string property(std::uint32_t window, const char* property) const;
     std::vector<std::uint32_t> numbers(std::uint32_t window, const char* property) const;
     Rectangle contentOf(std::uint32_t window) const;
-    void ask(std::uint32_t window, const char* message, std::uint32_t detail) const;
+    void ask(std::uint32_t window, const char* message, std::uint32_t detail,
+             std::uint32_t time = 0) const;
+    std::uint32_t currentTime() const;
 
     std::unique_ptr<desktops::Program> server;
     std::unique_ptr<desktops::Program> windowManager;

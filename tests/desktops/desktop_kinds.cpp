@@ -26,6 +26,12 @@ std::function<std::optional<std::string>()> needs(std::initializer_list<const ch
     };
 }
 
+const Terminal foot{"foot", "foot"};
+const Terminal xterm{"xterm", "xterm -e"};
+
+// foot divides by the size of the screen in millimetres. KWin's screen in the tests has none.
+const Terminal konsole{"konsole", "env QT_QPA_PLATFORM=wayland konsole -e"};
+
 // Cinnamon 6.4 does not start without a screen.
 std::optional<std::string> missingForCinnamon() {
     if (const auto missing = needs({"Xvfb", "cinnamon", "cinnamon-screensaver"})()) {
@@ -46,41 +52,47 @@ std::vector<DesktopKind> describeAll() {
          .start = startGnomeShell,
          .newWindow = NewWindow::mayStayBehind,
          .overview = Overview::opens,
-         .token = LaunchTokenKind::token},
+         .token = LaunchTokenKind::token,
+         .terminal = foot},
         {.name = "KWin",
          .missing = needs({"kwin_wayland"}),
          .start = startKWin,
          .overview = Overview::opens,
-         .lock = Lock::locks},
+         .lock = Lock::locks,
+         .terminal = konsole},
         {.name = "Sway",
          .missing = needs({"sway", "swaybar"}),
          .start = startSway,
          .statusBar = StatusBar::shown,
          .minimizing = Minimizing::none,
-         .processes = Processes::unknown},
+         .processes = Processes::unknown,
+         .terminal = foot},
         {.name = "Labwc",
          .missing = needs({"labwc"}),
          .start = startLabwc,
          .workspaces = Workspaces::one, // its workspaces change only by key presses
-         .processes = Processes::unknown},
+         .processes = Processes::unknown,
+         .terminal = foot},
         {.name = "Xfce",
          .missing = needs({"Xvfb", "xfwm4", "xfdesktop", "xfce4-panel"}),
          .start = startXfce,
          .lock = isInstalled("xfce4-screensaver") ? Lock::locks : Lock::none,
          .statusBar = StatusBar::shown,
-         .token = LaunchTokenKind::startupID},
+         .token = LaunchTokenKind::startupID,
+         .terminal = xterm},
         {.name = "Cinnamon",
          .missing = missingForCinnamon,
          .start = startCinnamon,
          .overview = Overview::opens,
          .lock = Lock::locks,
          .statusBar = StatusBar::shown,
-         .minimizing = Minimizing::staysMinimized,
-         .token = LaunchTokenKind::startupID},
+         .token = LaunchTokenKind::startupID,
+         .terminal = xterm},
         {.name = "Openbox",
          .missing = needs({"Xvfb", "openbox"}),
          .start = startOpenbox,
-         .token = LaunchTokenKind::startupID},
+         .token = LaunchTokenKind::startupID,
+         .terminal = xterm},
     };
 }
 

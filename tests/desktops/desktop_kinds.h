@@ -21,14 +21,19 @@ enum class NewWindow { comesForward, mayStayBehind };
 enum class Overview { opens, none };
 enum class Lock { locks, none };
 enum class StatusBar { shown, none };
-// Whether the desktop minimises windows, and restores them when they come forward.
-enum class Minimizing { works, staysMinimized, none };
+enum class Minimizing { works, none };
 enum class Workspaces { several, one };
 // Whether the desktop reports the process that owns a window.
 enum class Processes { known, unknown };
 // What shows a launched program that the user requested the launch: nothing, a startup notification
 // ID, or an activation token.
 enum class LaunchTokenKind { none, startupID, token };
+
+// A terminal with one process per window.
+struct Terminal {
+    std::string program;
+    std::string command; // followed by the command inside
+};
 
 struct DesktopKind {
     std::string name;
@@ -43,6 +48,7 @@ struct DesktopKind {
     Workspaces workspaces = Workspaces::several;
     LaunchTokenKind token = LaunchTokenKind::none;
     Processes processes = Processes::known;
+    Terminal terminal;
 };
 
 void PrintTo(const DesktopKind& kind, std::ostream* out);
