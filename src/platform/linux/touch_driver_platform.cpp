@@ -30,6 +30,7 @@ std::string programFile() {
 }
 
 TouchDriverPlatform touchDriverPlatform() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread changes the environment
     const char* chosen = std::getenv(driverVariable);
     const bool isChosen = chosen != nullptr && *chosen != '\0';
     return touchDriverPlatformAt(isChosen ? chosen : touchDriverPath("evdev"));

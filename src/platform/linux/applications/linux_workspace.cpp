@@ -61,7 +61,7 @@ struct LinuxWorkspace::State {
         backend.reset();
     }
 
-    void bringForward(const char* path, const std::function<void()>& launch) {
+    void bringForward(const char* path, const std::function<void()>& launch) const {
         const auto count = std::make_shared<int>(0);
         const auto choose = [count,
                              chosen = follower->windowsOf(path)](const WindowIdentity& window) {
@@ -108,7 +108,7 @@ struct LinuxWorkspace::State {
         }
     }
 
-    void bringOwnForward() {
+    void bringOwnForward() const {
         if (backend == nullptr) {
             return;
         }

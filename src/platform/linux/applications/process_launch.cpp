@@ -13,8 +13,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace glidemap {
@@ -76,7 +76,7 @@ void startProcess(GDesktopAppInfo* entry, const std::string& url, const LaunchTo
                        .processVariable = "GIO_LAUNCHED_DESKTOP_FILE_PID"});
     if (started.error != 0) {
         logLine("services", identifier, " was not started: ", command.words.front(), ": ",
-                std::strerror(started.error));
+                std::generic_category().message(started.error));
         return;
     }
     if (token.begun && takesNotice(entry)) {

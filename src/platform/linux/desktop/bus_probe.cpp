@@ -123,6 +123,7 @@ bool busResponds(const std::string& address, std::chrono::milliseconds patience)
 
 // GIO reads the variable only once. It is removed afterwards, so that launched programs do not
 // inherit it.
+// NOLINTBEGIN(concurrency-mt-unsafe): no other thread uses the environment yet
 void useFilesWithoutBus() {
     constexpr const char* variable = "GIO_USE_VFS";
     if (std::getenv(variable) != nullptr) {
@@ -132,5 +133,6 @@ void useFilesWithoutBus() {
     g_vfs_get_default();
     unsetenv(variable);
 }
+// NOLINTEND(concurrency-mt-unsafe)
 
 } // namespace glidemap

@@ -138,7 +138,7 @@ GLIDEMAP_ON_A_STACK_OF_ITS_OWN int innerChild(void* data) {
     auto* const plan = static_cast<Plan*>(data);
     becomeProgram(*plan);
     plan->result.error = errno;
-    _exit(1);
+    _exit(1); // NOLINT(concurrency-mt-unsafe): ends this process without exit handlers
 }
 
 // Exits immediately, so that init becomes the parent of the inner child.
@@ -208,6 +208,7 @@ bool isStream(int descriptor, const std::string& named) {
 } // namespace
 
 JournalStream journalStreamFor(const std::string& name) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread changes the environment
     const char* const named = std::getenv("JOURNAL_STREAM");
     const bool output = named != nullptr && isStream(STDOUT_FILENO, named);
     const bool errorOutput = named != nullptr && isStream(STDERR_FILENO, named);

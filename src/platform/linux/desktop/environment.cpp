@@ -8,6 +8,7 @@
 namespace glidemap {
 
 std::string fromEnvironment(const char* variable) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): main changes the environment before it starts threads
     const char* const value = std::getenv(variable);
     return value != nullptr ? value : "";
 }

@@ -46,6 +46,7 @@ ProgramRun::ProgramRun(const std::vector<std::string>& words,
     : state(std::make_shared<State>()) {
     state->ended = std::move(ended);
     std::vector<const char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words) {
         arguments.push_back(word.c_str());
     }

@@ -19,7 +19,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <future>
@@ -215,7 +214,8 @@ std::string countIn(const std::filesystem::path& file) {
     constexpr std::size_t maxBytes = 128UL * 1024 * 1024;
     const auto text = readFile(file, maxBytes);
     if (!text) {
-        return access(file.c_str(), F_OK) == 0 ? "cannot be read" : std::strerror(errno);
+        return access(file.c_str(), F_OK) == 0 ? "cannot be read"
+                                               : std::generic_category().message(errno);
     }
     const auto decoded = decodeBindings(*text);
     if (const auto* failure = std::get_if<DecodingFailure>(&decoded)) {
@@ -227,7 +227,7 @@ std::string countIn(const std::filesystem::path& file) {
 std::string writableState(const std::filesystem::path& path) {
     return access(path.c_str(), W_OK) == 0
                ? "can be written"
-               : std::string("cannot be written: ") + std::strerror(errno);
+               : "cannot be written: " + std::generic_category().message(errno);
 }
 
 void addBindings(ReportPage& page) {

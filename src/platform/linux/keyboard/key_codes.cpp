@@ -9,7 +9,7 @@ namespace glidemap {
 
 namespace {
 
-constexpr KeyCodePair pairs[] = {
+constexpr auto pairs = std::to_array<KeyCodePair>({
     {0, KEY_A},
     {1, KEY_S},
     {2, KEY_D},
@@ -135,7 +135,7 @@ constexpr KeyCodePair pairs[] = {
     {124, KEY_RIGHT},
     {125, KEY_DOWN},
     {126, KEY_UP},
-};
+});
 
 constexpr std::size_t kernelCodeCount = KEY_CNT;
 

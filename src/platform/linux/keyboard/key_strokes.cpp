@@ -5,6 +5,7 @@
 #include <linux/input-event-codes.h>
 
 #include <algorithm>
+#include <array>
 
 namespace glidemap {
 
@@ -16,12 +17,12 @@ struct Modifier {
     std::uint16_t right = 0;
 };
 
-constexpr Modifier allModifiers[] = {
+constexpr auto allModifiers = std::to_array<Modifier>({
     {0x20000, KEY_LEFTSHIFT, KEY_RIGHTSHIFT},
     {0x40000, KEY_LEFTCTRL, KEY_RIGHTCTRL},
     {0x80000, KEY_LEFTALT, KEY_RIGHTALT},
     {0x100000, KEY_LEFTMETA, KEY_RIGHTMETA},
-};
+});
 
 bool contains(std::span<const std::uint16_t> codes, std::uint16_t code) {
     return std::ranges::find(codes, code) != codes.end();

@@ -2,6 +2,7 @@
 
 #include "platform/linux/keyboard/lifted_typing.h"
 
+#include <array>
 #include <utility>
 
 namespace glidemap {
@@ -92,7 +93,7 @@ void X11HeldModifiers::releaseReleasedKeys() {
 
 void X11HeldModifiers::releaseKeys(const std::set<std::uint16_t>& codes) {
     for (const std::uint16_t code : codes) {
-        const KeyChange up[] = {{code, false}};
+        const std::array<KeyChange, 1> up{{{code, false}}};
         server->type(up);
     }
 }

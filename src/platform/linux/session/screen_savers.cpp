@@ -3,6 +3,7 @@
 #include "platform/linux/desktop/environment.h"
 
 #include <algorithm>
+#include <array>
 
 namespace glidemap {
 
@@ -24,13 +25,13 @@ int distanceFrom(const ScreenSaver& saver, std::string_view currentDesktop) {
 } // namespace
 
 std::span<const ScreenSaver> screenSavers() {
-    static constexpr ScreenSaver all[] = {
+    static constexpr auto all = std::to_array<ScreenSaver>({
         {"org.gnome.ScreenSaver", "/org/gnome/ScreenSaver", "GNOME"},
         {"org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver", "X-Cinnamon", true},
         {"org.mate.ScreenSaver", "/org/mate/ScreenSaver", "MATE"},
         {"org.xfce.ScreenSaver", "/org/xfce/ScreenSaver", "XFCE"},
         {"org.freedesktop.ScreenSaver", "/ScreenSaver"},
-    };
+    });
     return all;
 }
 

@@ -38,7 +38,7 @@ namespace {
 
 std::string takeFromEnvironment(const char* variable) {
     std::string value = fromEnvironment(variable);
-    unsetenv(variable);
+    unsetenv(variable); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     return value;
 }
 

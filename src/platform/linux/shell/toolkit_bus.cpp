@@ -17,6 +17,7 @@ constexpr const char* noBus = "unix:path=/dev/null";
 
 } // namespace
 
+// NOLINTBEGIN(concurrency-mt-unsafe): no other thread uses the environment yet
 ToolkitBus::ToolkitBus() {
     const auto bus = busAddress(Bus::session);
     silent = bus && !busResponds(*bus, patience);
@@ -39,5 +40,6 @@ void ToolkitBus::finish() const {
         unsetenv(variable);
     }
 }
+// NOLINTEND(concurrency-mt-unsafe)
 
 } // namespace glidemap

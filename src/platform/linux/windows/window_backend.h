@@ -74,6 +74,7 @@ public:
 
     // Requests a launch token for an application that supports startup notification. Calls `then`
     // with the token, immediately or later, but not after the backend's destruction.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): implementations move it
     virtual void requestToken(const LaunchedApplication& /*application*/,
                               std::function<void(const LaunchToken&)> then) {
         then({});

@@ -10,6 +10,7 @@
 namespace glidemap {
 
 KWinScriptFile::KWinScriptFile(const std::string& script) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no thread changes the environment
     const char* const folder = std::getenv("XDG_RUNTIME_DIR");
     path =
         std::string(folder != nullptr ? folder : g_get_user_runtime_dir()) + "/glidemap-XXXXXX.js";
