@@ -42,7 +42,7 @@ protected:
 TEST_F(ScreenReaderTest, ReadsTheWindowWhenItOpens) {
     open();
     expectToHear({"Glidemap", "Launch at Login check box not checked"});
-    pressAndExpectToHear("Tab", {"Language combo box", "English"});
+    pressAndExpectToHear("Tab", {"Language", "combo box", "English"});
     pressAndExpectToHear("Tab", {"Enabled check box checked"});
     pressAndExpectToHear("Tab", {"Add Binding", "button"});
 }
@@ -61,9 +61,9 @@ TEST_F(ScreenReaderTest, ReadsARowAndItsState) {
 TEST_F(ScreenReaderTest, ReadsTheEditorAndARecording) {
     open();
     expectToHear({"Launch at Login"});
-    pressAndExpectToHear("Ctrl+N", {"Add Binding dialog", "Trackpad gesture combo box",
+    pressAndExpectToHear("Ctrl+N", {"Add Binding dialog", "Trackpad gesture", "combo box",
                                     "Draw Circle (any direction)"});
-    pressAndExpectToHear("Tab", {"Perform action combo box", "Keyboard Shortcut"});
+    pressAndExpectToHear("Tab", {"Perform action", "combo box", "Keyboard Shortcut"});
     pressAndExpectToHear("Down", {"Lock Screen"});
     pressAndExpectToHear("Up", {"Keyboard Shortcut"});
     pressAndExpectToHear("Tab", {"Shortcut Click to record", "button"});

@@ -273,6 +273,22 @@ void BindingListView::focusInEvent(QFocusEvent* event) {
         }
     }
     showSelection();
+    if (selected) {
+        announceFocusLater();
+    }
+}
+
+// Qt announces the list's focus after the focus event, and Orca 47 reads only the last announcement.
+// So the announcement of the selected row must follow.
+void BindingListView::announceFocusLater() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (selected && hasFocus()) {
+                announceSelection();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void BindingListView::focusOutEvent(QFocusEvent* event) {

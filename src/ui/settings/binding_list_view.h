@@ -72,6 +72,7 @@ private:
     void layOut();
     void showSelection();
     void announceSelection();
+    void announceFocusLater();
     void scrollTo(std::size_t index);
     bool moveSelection(int key);
     bool enterRow(int key);
