@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 #include <linux/input.h>
+#include <nlohmann/json.hpp>
 
 #include <cstdint>
 #include <cstdlib>
@@ -114,6 +115,29 @@ protected:
         return false;
     }
 
+    static std::string reply(const char* question) {
+        Process message({"/usr/bin/swaymsg", "-s", socketPath, "-r", "-t", question});
+        EXPECT_EQ(message.waitForEnd(), 0);
+        return message.output();
+    }
+
+    // Returns what sway lists of the keyboard's repeat and layout, sorted by setting.
+    static std::vector<std::string> keyboardSettings(const std::string& name) {
+        const auto inputs = nlohmann::json::parse(reply("get_inputs"));
+        std::vector<std::string> settings;
+        for (const auto& input : inputs) {
+            if (input.at("name") != name || input.at("type") != "keyboard") {
+                continue;
+            }
+            for (const auto& [key, value] : input.items()) {
+                if (key.starts_with("repeat_") || key.starts_with("xkb_")) {
+                    settings.push_back(key + " " + value.dump());
+                }
+            }
+        }
+        return settings;
+    }
+
     static bool waitForOurKeyboard(bool isThere) {
         const Deadline deadline;
         while (!deadline.passed()) {
@@ -166,6 +190,19 @@ TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinTheShortcutAndStaysHeld) {
     EXPECT_EQ(nextTyped(), "typed B");
 }
 
+// A repeat setting would separate the keyboards too, but some versions of sway apply it to all.
+TEST_F(SwayKeyboardTest, OtherKeyboardsKeepTheirSettings) {
+    const std::vector<std::string> before = keyboardSettings("Ordinary Keyboard");
+    ASSERT_FALSE(before.empty());
+    setenv("SWAYSOCK", socketPath, 1);
+    DesktopThread thread;
+    UinputKeyboard keyboard(std::move(device), heldModifiersOfThisSession(thread));
+    holdShift();
+    EXPECT_TRUE(becomesPlain(keyboard));
+    EXPECT_EQ(keyboardSettings("Ordinary Keyboard"), before);
+    release(KEY_LEFTSHIFT);
+}
+
 TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinANewKeyboardsShortcutAfterAReload) {
     setenv("SWAYSOCK", socketPath, 1);
     DesktopThread thread;
@@ -174,6 +211,7 @@ TEST_F(SwayKeyboardTest, HeldShiftDoesNotJoinANewKeyboardsShortcutAfterAReload) 
     EXPECT_TRUE(becomesPlain(keyboard));
     ASSERT_EQ(Process({"/usr/bin/swaymsg", "-s", socketPath, "reload"}).waitForEnd(), 0);
     ASSERT_TRUE(sway->waitForLines("configured", 2, std::chrono::seconds(60)));
+    EXPECT_TRUE(becomesPlain(keyboard));
     keyboard.unplug();
     ASSERT_TRUE(waitForOurKeyboard(false));
     ASSERT_TRUE(keyboard.plugIn());

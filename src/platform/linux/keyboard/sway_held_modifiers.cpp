@@ -7,6 +7,10 @@
 #include <sys/un.h>
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
@@ -16,7 +20,16 @@ namespace glidemap {
 
 namespace {
 
-constexpr std::uint32_t runCommand = 0; // a message type of the protocol, see sway-ipc(7)
+// Message types of the protocol, see sway-ipc(7).
+constexpr std::uint32_t runCommand = 0;
+constexpr std::uint32_t subscribe = 2;
+constexpr std::uint32_t inputEvent = 0x80000015;
+
+constexpr std::size_t headerSize = 14;
+constexpr std::size_t maxPayload = 1 << 20; // no message of sway is longer
+
+// Limits the commands if sway reported each as a change of the keymap.
+constexpr std::chrono::milliseconds pause(200);
 
 // Returns sway's identifier of our keyboard: vendor, product, and the name with underscores.
 std::string keyboardIdentifier() {
@@ -25,11 +38,12 @@ std::string keyboardIdentifier() {
     return "0:0:" + name;
 }
 
-// Returns the command that sets an unusual repeat delay. The delay itself has no effect, because
-// typed keys are released long before.
+// Returns the command that sets an option which changes the keymap but no key; our keyboard has no
+// lights. The option replaces the user's options for our keyboard only. A repeat setting separates
+// the keyboard on sway 1.7. But sway 1.10 applies it to every keyboard of the group, so that the
+// user's keys would not repeat.
 std::string separation() {
-    constexpr const char* delay = "59999"; // milliseconds
-    return "input \"" + keyboardIdentifier() + "\" repeat_delay " + delay;
+    return "input \"" + keyboardIdentifier() + "\" xkb_options grp_led:scroll";
 }
 
 std::string bytesOf(std::uint32_t number) {
@@ -39,9 +53,19 @@ std::string bytesOf(std::uint32_t number) {
 }
 
 // A message consists of a header, whose numbers are in the machine's byte order, and a payload.
-std::string messageOf(const std::string& command) {
-    return "i3-ipc" + bytesOf(static_cast<std::uint32_t>(command.size())) + bytesOf(runCommand) +
-           command;
+std::string messageOf(std::uint32_t type, const std::string& payload) {
+    return "i3-ipc" + bytesOf(static_cast<std::uint32_t>(payload.size())) + bytesOf(type) + payload;
+}
+
+std::uint32_t numberAt(const std::string& bytes, std::size_t offset) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, bytes.data() + offset, sizeof number);
+    return number;
+}
+
+bool isAboutOurKeymap(std::uint32_t type, const std::string& payload) {
+    return type == inputEvent && payload.find("\"xkb_keymap\"") != std::string::npos &&
+           payload.find(keyboardIdentifier()) != std::string::npos;
 }
 
 OpenFile connectedTo(const std::string& path) {
@@ -61,7 +85,7 @@ OpenFile connectedTo(const std::string& path) {
 
 SwayHeldModifiers::SwayHeldModifiers(DesktopThread& desktopThread, const std::string& socketPath)
     : desktop(desktopThread) {
-    desktop.submit([this, socketPath] { separateKeyboard(socketPath); });
+    desktop.submit([this, socketPath] { connect(socketPath); });
 }
 
 SwayHeldModifiers::~SwayHeldModifiers() {
@@ -72,23 +96,61 @@ void SwayHeldModifiers::type(std::vector<KeyChange> /*changes*/, std::function<v
     plainly();
 }
 
-// Waits for the reply before disconnecting, because sway discards the command of a client that has
-// disconnected.
-void SwayHeldModifiers::separateKeyboard(const std::string& socketPath) {
+void SwayHeldModifiers::connect(const std::string& socketPath) {
     socket = connectedTo(socketPath);
-    const std::string message = messageOf(separation());
-    const ssize_t sent = retried(
-        [&] { return send(socket.descriptor(), message.data(), message.size(), MSG_NOSIGNAL); });
-    if (sent != static_cast<ssize_t>(message.size())) {
+    if (!send(subscribe, "[\"input\"]") || !separateKeyboard()) {
         logLine("actions", "sway cannot be reached: held modifiers change shortcuts");
         disconnect();
         return;
     }
     logLine("actions", "separated the virtual keyboard's modifiers from the user's");
-    watch = desktop.watch(socket.descriptor(), [this] { disconnect(); });
+    watch = desktop.watch(socket.descriptor(), [this] { read(); });
+}
+
+bool SwayHeldModifiers::send(std::uint32_t type, const std::string& payload) {
+    const std::string message = messageOf(type, payload);
+    const ssize_t sent = retried(
+        [&] { return ::send(socket.descriptor(), message.data(), message.size(), MSG_NOSIGNAL); });
+    return sent == static_cast<ssize_t>(message.size());
+}
+
+bool SwayHeldModifiers::separateKeyboard() {
+    return send(runCommand, separation());
+}
+
+void SwayHeldModifiers::read() {
+    std::array<char, 4096> buffer{};
+    const ssize_t count =
+        retried([&] { return ::read(socket.descriptor(), buffer.data(), buffer.size()); });
+    if (count < 0 && errno == EAGAIN) {
+        return;
+    }
+    received.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    if (count <= 0 || !takeMessages()) {
+        disconnect();
+    }
+}
+
+// Returns false if the bytes are no messages.
+bool SwayHeldModifiers::takeMessages() {
+    while (received.size() >= headerSize) {
+        const std::size_t length = numberAt(received, 6);
+        if (length > maxPayload) {
+            return false;
+        }
+        if (received.size() < headerSize + length) {
+            break;
+        }
+        if (isAboutOurKeymap(numberAt(received, 10), received.substr(headerSize, length))) {
+            repetition = desktop.after(pause, [this] { separateKeyboard(); });
+        }
+        received.erase(0, headerSize + length);
+    }
+    return true;
 }
 
 void SwayHeldModifiers::disconnect() {
+    repetition = {};
     watch = {};
     socket = {};
 }

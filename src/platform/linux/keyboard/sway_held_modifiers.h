@@ -1,9 +1,10 @@
 // Keeps modifiers that the user holds out of shortcuts typed on sway.
 //
-// sway merges all keyboards that have the same layout and the same repeat settings. Merged
-// keyboards share one modifier state. Therefore this class gives our keyboard a different repeat
-// delay, over sway's socket. sway applies the delay to every keyboard with this name, also to
-// keyboards that are created later.
+// sway merges all keyboards that have the same keymap and the same repeat settings. Merged
+// keyboards share one modifier state. Therefore this class gives our keyboard a slightly different
+// keymap, over sway's socket. sway applies it to every keyboard with this name, also to keyboards
+// that are created later, until sway reloads its configuration. sway then reports that our
+// keyboard's keymap has changed, and this class repeats its command.
 //
 // Thread:  type() on any thread; everything else runs on the desktop thread, which never blocks on
 //          sway.
@@ -15,6 +16,7 @@
 #include "platform/linux/desktop/desktop_thread.h"
 #include "platform/linux/keyboard/held_modifiers.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -29,12 +31,18 @@ public:
     void type(std::vector<KeyChange> changes, std::function<void()> plainly) override;
 
 private:
-    void separateKeyboard(const std::string& socketPath);
+    void connect(const std::string& socketPath);
+    bool send(std::uint32_t type, const std::string& payload);
+    bool separateKeyboard();
+    void read();
+    bool takeMessages();
     void disconnect();
 
     DesktopThread& desktop;
-    OpenFile socket; // open until sway has replied
+    OpenFile socket;
+    std::string received; // the start of a message that has not arrived completely
     DesktopThread::Watch watch;
+    DesktopThread::Watch repetition;
 };
 
 } // namespace glidemap

@@ -22,6 +22,8 @@ namespace glidemap {
 namespace {
 
 constexpr std::uint32_t runCommand = 0;
+constexpr std::uint32_t subscribe = 2;
+constexpr std::uint32_t inputEvent = 0x80000015;
 constexpr std::size_t headerSize = 14;
 
 struct Message {
@@ -35,7 +37,9 @@ void PrintTo(const Message& message, std::ostream* out) {
     *out << message.type << " " << message.payload;
 }
 
-const Message toSeparate = {runCommand, "input \"0:0:Glidemap_Keyboard\" repeat_delay 59999"};
+const Message toListen = {subscribe, "[\"input\"]"};
+const Message toSeparate = {runCommand,
+                            "input \"0:0:Glidemap_Keyboard\" xkb_options grp_led:scroll"};
 
 std::string written(const Message& message) {
     std::array<std::uint32_t, 2> numbers = {static_cast<std::uint32_t>(message.payload.size()),
@@ -86,11 +90,6 @@ public:
         return message;
     }
 
-    bool hasLostTheClient() const {
-        pollfd waited{client.descriptor(), POLLRDHUP, 0};
-        return poll(&waited, 1, 0) > 0;
-    }
-
     void send(const std::string& bytes) {
         ASSERT_EQ(::send(client.descriptor(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
                   static_cast<ssize_t>(bytes.size()));
@@ -118,24 +117,44 @@ private:
     std::string received;
 };
 
+Message keymapEvent(const std::string& keyboard) {
+    return {inputEvent,
+            R"({ "change": "xkb_keymap", "input": { "identifier": ")" + keyboard + R"(" } })"};
+}
+
 class SwayHeldModifiersTest : public testing::Test {
 protected:
+    void expectSeparation() {
+        sway.accept();
+        EXPECT_EQ(sway.next(), toListen);
+        EXPECT_EQ(sway.next(), toSeparate);
+    }
+
     DesktopThread thread;
     FakeSway sway;
 };
 
-TEST_F(SwayHeldModifiersTest, SetsASeparateRepeatDelayForTheKeyboard) {
+TEST_F(SwayHeldModifiersTest, SetsASeparateKeymapForTheKeyboard) {
     const SwayHeldModifiers held(thread, sway.path());
-    sway.accept();
+    expectSeparation();
+}
+
+TEST_F(SwayHeldModifiersTest, RepeatsTheCommandWhenTheKeymapChanges) {
+    const SwayHeldModifiers held(thread, sway.path());
+    expectSeparation();
+    const std::string bytes = written({runCommand, R"([{ "success": true }])"}) +
+                              written(keymapEvent("0:0:Glidemap_Keyboard"));
+    sway.send(bytes.substr(0, 40)); // a message may arrive in parts
+    sway.send(bytes.substr(40));
     EXPECT_EQ(sway.next(), toSeparate);
 }
 
-TEST_F(SwayHeldModifiersTest, ClosesTheConnectionAfterTheReply) {
+TEST_F(SwayHeldModifiersTest, OtherEventsCauseNoCommand) {
     const SwayHeldModifiers held(thread, sway.path());
-    sway.accept();
-    EXPECT_EQ(sway.next(), toSeparate);
-    EXPECT_FALSE(sway.hasLostTheClient());
-    sway.send(written({runCommand, R"([{ "success": true }])"}));
+    expectSeparation();
+    sway.send(written(keymapEvent("1:1:Another_Keyboard")) +
+              written({inputEvent, R"({ "change": "added", "input": "0:0:Glidemap_Keyboard" })"}));
+    sway.send(std::string(20, '\xff')); // ends the connection
     EXPECT_EQ(sway.next(), std::nullopt);
 }
 
@@ -144,6 +163,7 @@ TEST_F(SwayHeldModifiersTest, DestructionDoesNotWaitForTheReply) {
         const SwayHeldModifiers held(thread, sway.path());
         sway.accept();
     }
+    EXPECT_EQ(sway.next(), toListen);
     EXPECT_EQ(sway.next(), toSeparate);
     EXPECT_EQ(sway.next(), std::nullopt);
 }
