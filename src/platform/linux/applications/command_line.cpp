@@ -94,7 +94,7 @@ std::string programOf(const Words& words) {
     if (at >= words.size()) {
         return "";
     }
-    const std::string name = fileNameOf(words[at]);
+    std::string name = fileNameOf(words[at]);
     if (name == "flatpak") {
         return "";
     }

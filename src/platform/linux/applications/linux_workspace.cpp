@@ -148,8 +148,7 @@ std::optional<std::string> LinuxWorkspace::urlForApplication(const std::string& 
     const Entry entry = entryOf(bundleID);
     const char* const path =
         entry != nullptr ? g_desktop_app_info_get_filename(entry.get()) : nullptr;
-    const auto url =
-        takeText(path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr);
+    auto url = takeText(path != nullptr ? g_filename_to_uri(path, nullptr, nullptr) : nullptr);
     if (url) {
         state->found = entry;
         state->foundURL = *url;

@@ -165,6 +165,7 @@ std::string unitOfControlGroups(std::string_view text) {
             continue;
         }
         const auto folders = split(line, '/');
+        // NOLINTNEXTLINE(modernize-loop-convert): Clang 14 does not compile reversed views
         for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
             if (folder->ends_with(".scope") || folder->ends_with(".service")) {
                 return std::string(*folder);

@@ -104,7 +104,7 @@ void DesktopThread::call(const std::function<void()>& work) {
 }
 
 DesktopThread::Watch DesktopThread::attach(GSource* source, GSourceFunc function,
-                                           std::function<void()> work) {
+                                           std::function<void()> work) const {
     Watch watch(source);
     g_source_set_callback(source, function, new std::function<void()>(std::move(work)), forget);
     g_source_attach(source, context());

@@ -44,7 +44,7 @@ public:
 private:
     struct State;
 
-    Watch attach(GSource* source, int (*function)(void*), std::function<void()> work);
+    Watch attach(GSource* source, int (*function)(void*), std::function<void()> work) const;
 
     std::unique_ptr<State> state;
 };

@@ -126,7 +126,7 @@ void becomeProgram(const Plan& plan) {
     }
     sigset_t none;
     sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
+    sigprocmask(SIG_SETMASK, &none, nullptr); // NOLINT(concurrency-mt-unsafe): the only thread
     execvpe(plan.arguments.front(), plan.arguments.data(), plan.environment.data());
 }
 
@@ -237,6 +237,7 @@ DetachedProcess startDetached(const DetachedCommand& command) {
     planJournal(plan, own.journal);
     // If a script has no "#!" line, execvpe() copies the argument list to the stack.
     const std::size_t spare = plan.arguments.size() * sizeof(char*);
+    // NOLINTNEXTLINE(modernize-avoid-c-arrays): the size is known only here, and zeroing costs time
     const auto stacks = std::make_unique_for_overwrite<std::byte[]>(2 * stackSize + spare);
     plan.innerStack = stacks.get() + stackSize + spare;
     {

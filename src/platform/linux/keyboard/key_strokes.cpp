@@ -94,6 +94,7 @@ void KeyStrokes::release(std::uint16_t kernelCode, std::vector<KeyChange>& chang
 
 void KeyStrokes::setModifiers(std::span<const std::uint16_t> wanted,
                               std::vector<KeyChange>& changes) {
+    // NOLINTNEXTLINE(modernize-loop-convert): Clang 14 does not compile reversed views
     for (auto each = modifiers.rbegin(); each != modifiers.rend(); ++each) {
         if (!contains(wanted, *each)) {
             changes.push_back({*each, false});

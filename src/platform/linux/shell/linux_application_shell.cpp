@@ -54,7 +54,7 @@ void LinuxApplicationShell::terminate() {
     QCoreApplication::exit(0);
 }
 
-void LinuxApplicationShell::requestToken(std::string activationToken, std::string launchID) {
+void LinuxApplicationShell::requestToken(const std::string& activationToken, std::string launchID) {
     startupID = std::move(launchID);
     if (!activationToken.empty()) {
         // At the next activation, Qt reads the token from the environment and removes it.

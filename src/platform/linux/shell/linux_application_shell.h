@@ -31,7 +31,7 @@ public:
 
     // Sets the token and the startup id of a launcher for the next activation. Either may be empty.
     // Changes the environment, so no other thread should read it at the same time.
-    void requestToken(std::string activationToken, std::string launchID);
+    void requestToken(const std::string& activationToken, std::string launchID);
 
     // Must be called when the first window is visible, because that window may not be activated.
     void endLaunch();

@@ -74,11 +74,12 @@ public:
 
     // Requests a launch token for an application that supports startup notification. Calls `then`
     // with the token, immediately or later, but not after the backend's destruction.
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): implementations move it
+    // NOLINTBEGIN(performance-unnecessary-value-param): implementations move `then`
     virtual void requestToken(const LaunchedApplication& /*application*/,
                               std::function<void(const LaunchToken&)> then) {
         then({});
     }
+    // NOLINTEND(performance-unnecessary-value-param)
 };
 
 using WindowBackendFactory = std::function<std::unique_ptr<WindowBackend>()>;
