@@ -43,7 +43,9 @@ constexpr const char* job = "/org/freedesktop/systemd1/job/1";
 
 const test::ServiceDescription serviceManager{
     "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
-    "<interface name='org.freedesktop.systemd1.Manager'><method name='StartTransientUnit'>"
+    "<interface name='org.freedesktop.systemd1.Manager'><method name='StartUnit'>"
+    "<arg type='s' direction='in'/><arg type='s' direction='in'/>"
+    "<arg type='o' direction='out'/></method><method name='StartTransientUnit'>"
     "<arg type='s' direction='in'/><arg type='s' direction='in'/>"
     "<arg type='a(sv)' direction='in'/><arg type='a(sa(sv))' direction='in'/>"
     "<arg type='o' direction='out'/></method>"
@@ -147,6 +149,13 @@ protected:
             const std::string unit = "session-c" + std::to_string(++scopes) + ".scope";
             manager->announce("org.freedesktop.systemd1.Manager", "JobRemoved",
                               g_variant_new("(uoss)", 1U, job, unit.c_str(), "done"));
+            return g_variant_new("(o)", job);
+        });
+        manager->answer("StartUnit", [this] {
+            for (const char* const unit : {"user@0.service", "user@65534.service"}) {
+                manager->announce("org.freedesktop.systemd1.Manager", "JobRemoved",
+                                  g_variant_new("(uoss)", 1U, job, unit, "done"));
+            }
             return g_variant_new("(o)", job);
         });
         logind = std::make_unique<Process>(std::vector<std::string>{logindProgram});
