@@ -239,8 +239,9 @@ std::uint32_t XDisplay::currentTime() const {
             ADD_FAILURE() << "the X server has disconnected";
             break;
         }
-        if ((event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY) {
-            time = reinterpret_cast<const xcb_property_notify_event_t&>(*event).time;
+        const auto& change = reinterpret_cast<const xcb_property_notify_event_t&>(*event);
+        if ((event->response_type & 0x7F) == XCB_PROPERTY_NOTIFY && change.window == window) {
+            time = change.time;
         }
     }
     xcb_destroy_window(_connection, window);
