@@ -469,7 +469,7 @@ TEST_F(AppDelegateTest, EditMenuActsOnTheFocusedWidget) {
     other.setFocusPolicy(Qt::StrongFocus);
     other.show();
     other.setFocus();
-    choose(paste); // read-only
+    choose(paste); // a plain widget has no paste command
     EXPECT_EQ(field.text(), "");
 }
 

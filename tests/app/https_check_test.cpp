@@ -1,4 +1,4 @@
-// Checks against a real server.
+// Tests update checks with a real server.
 #include "app/https_fetch.h"
 #include "app/update_checker.h"
 #include "application.h"
@@ -60,7 +60,7 @@ protected:
         EXPECT_FALSE(error->text.empty());
     }
 
-    // A version that the checker must keep.
+    // Returns a checker that has already found this version.
     std::shared_ptr<UpdateChecker> checkerThatKnows(const std::string& version) {
         server.setAnswer(ok(manifest(version)));
         auto checker = checkerRunning("1.2");

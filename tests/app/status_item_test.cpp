@@ -59,7 +59,7 @@ TEST_F(StatusItemTest, IconFitsTheBarAndFollowsTheAppearance) {
     EXPECT_THAT(drawnFor, ElementsAre(Kind::embeds, Kind::embeds));
 }
 
-// A click that opens the menu is not reported.
+// Checks both activation reasons: a bar reports Context when it opens the menu itself.
 TEST_F(StatusItemTest, ClickIsReportedUnlessItOpensTheMenu) {
     for (const Kind kind : {Kind::drawsItself, Kind::embeds, Kind::opensMenu}) {
         bar->become(Kind::none);

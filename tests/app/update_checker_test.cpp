@@ -279,7 +279,7 @@ TEST_F(UpdateCheckerTest, VersionsAreComparedAsNumbers) {
     EXPECT_FALSE(UpdateChecker::isNewer("1.2.0", "1.2"));
 }
 
-// The real timer of the program, which the tests above replace.
+// Tests the real timer of the program. The tests above replace it.
 TEST(MainLoopTimerTest, TimerRepeatsAfterItsReferenceIsReleased) {
     const test::Application application;
     int ran = 0;

@@ -1,4 +1,5 @@
-// Tests the status item in a real panel that supports both protocols.
+// Tests the status item in a real panel, which shows items from the message bus and also embeds
+// small windows (XEmbed).
 #include "application_test_base.h"
 #include "picture.h"
 #include "xfce_panel.h"

@@ -67,7 +67,8 @@ TEST_F(StartupAndShutdownTest, EachTerminationSignalExitsCleanly) {
     }
 }
 
-// This checks only for the window, because the accessibility bus is found through the session bus.
+// Checks only for the window, because the accessibility bus cannot be found without the session
+// bus.
 TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
     Stage stage;
     const test::SilentSocket bus;
@@ -75,7 +76,7 @@ TEST_F(StartupAndShutdownTest, UnresponsiveBusDelaysNeitherStartupNorExit) {
     command.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.address();
     command.environment["DBUS_SYSTEM_BUS_ADDRESS"] = bus.address();
     for (const bool isWaylandToo : {false, true}) {
-        if (isWaylandToo) { // here the bus provides the virtual desktops
+        if (isWaylandToo) { // on Wayland, virtual desktops come from the bus
             command.environment["WAYLAND_DISPLAY"] = "none";
             command.environment["QT_QPA_PLATFORM"] = "xcb";
         }

@@ -22,7 +22,7 @@ using desktops::Sway;
 
 constexpr const char* busLauncher = "/usr/libexec/at-spi-bus-launcher";
 
-// The leaves of sway's tree are its windows.
+// In sway's tree, only windows have an app id.
 void collectWindows(const nlohmann::json& node, std::vector<nlohmann::json>& windows) {
     if (node.contains("app_id")) {
         windows.push_back(node);

@@ -36,7 +36,7 @@ protected:
         EXPECT_TRUE(test::waitForWindowActive(&picker));
     }
 
-    // The visible entries.
+    // Returns the visible entries.
     std::vector<std::string> entries() {
         std::vector<std::string> texts;
         const auto& list = dynamic_cast<const QListView&>(*picker.view());

@@ -15,7 +15,8 @@ using testing::IsEmpty;
 
 class BindingEditorKeysTest : public EditorStage {
 protected:
-    // The tab order from the start until it repeats. Segments count as their control.
+    // Returns the tab order from the start until it repeats. A segment counts as its segmented
+    // control.
     std::vector<std::string> tabOrder() const {
         std::vector<std::string> names;
         QWidget* const first = window.focusWidget();
@@ -222,7 +223,7 @@ TEST_F(BindingEditorKeysTest, EveryLabelIsTheBuddyOfItsControl) {
                            "Scope → scopePicker", "Only in this app → scopeAppPicker"));
 }
 
-// Within a real sheet, whose dialog also handles Return and Escape.
+// Tests the editor within a real sheet, whose dialog also handles Return and Escape.
 TEST_F(BindingEditorKeysTest, ReturnSavesOnceAndEscapeCancelsOnceInTheSheet) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);

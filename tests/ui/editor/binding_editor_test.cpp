@@ -378,7 +378,7 @@ TEST_F(BindingEditorTest, PickerLabelsAreAlignedInEachLanguageAndFont) {
         }
         ASSERT_EQ(widths, std::vector<int>(4, widths.front())) << when;
         EXPECT_THAT(widths.front(), testing::AllOf(testing::Ge(widest), testing::Le(widest + 1)))
-            << when; // rounded up for each letter
+            << when; // the width may be rounded up
     };
     expectAligned("in English");
     Lang::shared().setCode("zh");
@@ -426,7 +426,7 @@ TEST_F(BindingEditorTest, HasTheDefaultSheetSize) {
     EXPECT_EQ(part("gestureDemo").parentWidget()->height(), 4 + 130 + 4);
 }
 
-// The form with the most content, in both languages.
+// Tests the forms with the most content, in both languages.
 TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
     open();
     choose(ScopeKind::app);
@@ -509,7 +509,8 @@ TEST_F(BindingEditorTest, EmptyAppPickerUsesThePlaceholderColor) {
     EXPECT_GT(textColors(picker("launchPicker")), 0);
 }
 
-// Equally between the sections and below the last one.
+// The extra height is divided equally among the gaps between the sections and the gap below the
+// last one.
 TEST_F(BindingEditorTest, DistributesExtraHeightBetweenSections) {
     open();
     choose(ActionKind::lockScreen);

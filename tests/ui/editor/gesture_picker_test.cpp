@@ -62,7 +62,7 @@ protected:
     }
     std::string marked() const { return list().currentIndex().data().toString().toStdString(); }
 
-    // The entries; "[Taps]" is a heading.
+    // Returns the entries; "[Taps]" is a heading.
     std::vector<std::string> entries() const {
         std::vector<std::string> texts;
         for (int row = 0; row < list().model()->rowCount(); ++row) {

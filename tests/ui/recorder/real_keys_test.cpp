@@ -47,7 +47,8 @@ protected:
         release(key);
     }
 
-    // Types into the window. Earlier keys in the window would have been reported first.
+    // Types a key that must reach the window. If an earlier key had reached the window, it would be
+    // reported first.
     void expectTypedIntoWindow() {
         type(KEY_Q);
         expect("pressed 81");
@@ -172,7 +173,8 @@ protected:
         return other;
     }
 
-    // Returns the line that the window prints when the window manager has closed it.
+    // Waits until the program reports that the window manager has closed its window. Until then,
+    // the program must not receive F4.
     static void expectClosed(Program& program) {
         const std::string f4 = "pressed 16777267";
         std::optional<std::string> line;

@@ -400,7 +400,7 @@ TEST_F(ShortcutRecorderViewTest, SetShortcutDoesNotCallOnRecord) {
     EXPECT_EQ(button().text(), "⌥⌘→");
 }
 
-// Subtracts the button's padding on both sides and the room for the focus ring.
+// Around the label, the button has its padding and the room for the focus ring, on both sides.
 TEST_F(ShortcutRecorderViewTest, ButtonLabelIsAtLeast160PointsWide) {
     constexpr int aroundLabel = 2 * (14 + style::ringMargin);
     EXPECT_GE(button().width(), 160 + aroundLabel);
@@ -445,12 +445,12 @@ TEST_F(ShortcutRecorderViewTest, ShowsModifiersWhileTheyAreHeld) {
     const Key control{KEY_LEFTCTRL, Qt::Key_Control};
     const Key alt{KEY_LEFTALT, Qt::Key_Alt};
     click();
-    typist.press(control); // the event does not include the key itself
+    typist.press(control); // the event's modifiers do not include the pressed key
     EXPECT_EQ(button().text(), "⌃…");
     typist.modifiers = Qt::ControlModifier;
     typist.press(alt);
     EXPECT_EQ(button().text(), "⌃⌥…");
-    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // the event still includes it
+    typist.modifiers = Qt::ControlModifier | Qt::AltModifier; // still includes Control
     typist.release(control);
     EXPECT_EQ(button().text(), "⌥…");
     typist.modifiers = Qt::AltModifier;

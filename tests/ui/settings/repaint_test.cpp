@@ -22,7 +22,7 @@ protected:
         Theme::shared().pinReducedMotion(std::nullopt);
     }
 
-    // Opens without a slide, since motion is reduced.
+    // The sheet opens without an animation, because motion is reduced.
     void openListOfGestures() const {
         stage.click("addBinding");
         stage.click("gesturePicker");
