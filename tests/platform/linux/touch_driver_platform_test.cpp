@@ -18,7 +18,7 @@ protected:
     ~TouchDriverPlatformTest() override { unsetenv(variable); }
 };
 
-// The tests are in a folder next to bin, so they find drivers like the programs.
+// The tests are in a folder next to bin, so they find the drivers as the programs do.
 TEST_F(TouchDriverPlatformTest, UsesTheInstalledEvdevDriverByDefault) {
     unsetenv(variable);
     const std::string path = touchDriverPlatform().libraryPath;

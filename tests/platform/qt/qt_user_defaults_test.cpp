@@ -44,7 +44,8 @@ TEST_F(QtUserDefaultsTest, ValuesPersistUntilTheNextLaunch) {
     EXPECT_EQ(next.boolean("masterEnabled"), false);
 }
 
-// A second reader simulates the next launch after a crash, because the first reader is still open.
+// Reads the file with a second object while the writing one still exists, as the next launch after
+// a crash would.
 TEST_F(QtUserDefaultsTest, WritesValuesImmediately) {
     QtUserDefaults defaults(file);
     for (const bool value : {false, true}) {

@@ -327,7 +327,7 @@ public:
         close(lock);
     }
 
-    // Returns all data from a client up to the end of its line.
+    // Reads a line from the next client, replies with the parts, and returns the line.
     std::string hearAndAnswer(const std::vector<std::string>& parts) const {
         const int client = accept(socket, nullptr, nullptr);
         std::string received;

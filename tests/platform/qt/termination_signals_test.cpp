@@ -17,7 +17,8 @@ namespace {
 
 using test::Application;
 
-// Runs a child. Its exit status is 7, or 8 if its event loop ended without a request.
+// Runs a child and returns its exit status: 7, or 8 if its event loop ended without a request. If a
+// signal terminated the child, returns 128 plus the signal.
 int programThat(void (*doesWhenRunning)(), void (*doesWhenAsked)()) {
     const pid_t child = fork();
     if (child == 0) {

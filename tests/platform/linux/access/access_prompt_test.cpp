@@ -31,7 +31,7 @@ protected:
         return made;
     }
 
-    // Returns when the script has read the line.
+    // Ends the prompt. Blocks until the script opens the pipe.
     void answer() const { std::ofstream(answers) << "answer\n"; }
 
     test::TemporaryFolder folder;

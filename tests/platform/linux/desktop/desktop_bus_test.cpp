@@ -86,7 +86,7 @@ TEST(DesktopBusTest, CancelledOpeningAndUnreachableBusReturnNull) {
     EXPECT_TRUE(opens.get_future().get());
 }
 
-// The object that one connection serves, called by another one.
+// One connection serves an object, and another calls it.
 TEST(DesktopBusTest, ServedObjectReceivesTheSenderAndTheArguments) {
     const desktops::PrivateBus daemon;
     DesktopThread thread;

@@ -117,7 +117,7 @@ TEST(DesktopThread, DestroysCapturesAfterTheTask) {
     DesktopThread thread;
     thread.submit([captured] {});
     thread.call([] {});
-    thread.call([] {}); // the thread destroys the captures after the task has returned
+    thread.call([] {}); // in case the captures are destroyed only after the next task
     EXPECT_EQ(captured.use_count(), 1);
 }
 

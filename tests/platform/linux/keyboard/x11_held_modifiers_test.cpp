@@ -33,13 +33,13 @@ struct Script {
     Log log;
     int looks = 0;
     int hearings = 0;
-    std::function<void(int)> beforeLook; // called with the number of each key check
+    std::function<void(int)> beforeLook; // called before each key check, with its number
     bool isListening = false;
     bool isAlive = true;
     bool hasNews = false;
 };
 
-// Like the real server, counts keys on keyboards and on XTEST as held.
+// Like the real server, counts keys on the user's keyboards and on ours as held.
 class ScriptedServer : public XKeyServer {
 public:
     explicit ScriptedServer(Script& followed) : script(followed), news(eventfd(0, EFD_NONBLOCK)) {}

@@ -101,7 +101,8 @@ protected:
         return lines;
     }
 
-    // The screen lock destroys the callback when it no longer needs it.
+    // Returns a callback that records its call and its destruction. The screen lock destroys the
+    // callback when it no longer needs it.
     std::function<void()> otherwise() {
         const std::shared_ptr<void> last(nullptr, [this](void*) { journal.add("let go"); });
         return [this, last] {
@@ -282,7 +283,8 @@ TEST_F(LinuxScreenLockTest, EachRequestRunsItsOwnFallback) {
 TEST_F(LinuxScreenLockTest, StopsWaitingForAServiceThatNeverReplies) {
     onSystemBus(logind).keepSilent("Lock");
     onSessionBus(gnome).keepSilent("Lock");
-    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"}; // the service may still lock
+    // The fallback is not called, because the services may still lock the screen.
+    const Lines expected{"login1.Lock()", "ScreenSaver.Lock()"};
     EXPECT_EQ(lockInTime(expected, withReplyLimit), expected);
     EXPECT_GE(lastTook, 2 * lastLimit);
 }

@@ -76,7 +76,7 @@ TEST_F(GnomeDesktopHelperTest, ReportsTheInstallationAndThenVerifiesTheState) {
     const auto toHelper = made->changes().subscribe({}, [&] { seen.push_back(made->state()); });
     status = {Extension::atNextLogin, ""};
     made->install();
-    made->install(); // an installation is pending
+    made->install(); // ignored, because an installation is pending
     waitForReply();
     EXPECT_EQ(seen, (std::vector{State::installing, State::atNextLogin}));
     EXPECT_EQ(queue->waiting(), 0U);

@@ -25,7 +25,8 @@ struct Access {
 
 class LinuxNotesTest : public testing::Test {
 protected:
-    // Returns the note after a prompt that runs `answer`.
+    // Returns the note about missing access. If `answer` is set, first shows a prompt, which runs
+    // this shell command.
     std::string missing(Access access, const char* answer = nullptr, const char* code = "en") {
         std::vector<std::string> command{"/bin/sh", "-c", answer != nullptr ? answer : "", "grant"};
         AccessPrompt prompt(queue, answer != nullptr ? command : std::vector<std::string>());

@@ -246,7 +246,8 @@ TEST_F(PortalAppearanceTest, KeepsSettingsWhenTheBusIsLost) {
     EXPECT_EQ(described(*appearance.settings()), "dark");
 }
 
-// The destructors return, so no thread waits for the bus.
+// The loop would not end if the desktop thread waited for the bus, because call() and the
+// destructor wait for this thread.
 TEST_F(PortalAppearanceTest, SettingsAreUnknownWithoutABus) {
     const test::SilentSocket silent;
     for (const std::string& unusable :

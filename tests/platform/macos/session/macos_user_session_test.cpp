@@ -35,7 +35,7 @@ struct SharedCenter {
 
 class MacosUserSessionStartTest : private SharedCenter, public CocoaTest {
 protected:
-    MacosUserSessionStartTest() { doubles::preferences() = {}; } // also permits new texts
+    MacosUserSessionStartTest() { doubles::preferences() = {}; } // resets makesTexts, too
 };
 
 class MacosUserSessionTest : public MacosUserSessionStartTest {

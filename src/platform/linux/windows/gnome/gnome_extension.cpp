@@ -55,7 +55,7 @@ Answer ask(const DesktopBus& bus, const char* interface, const char* method, GVa
 
 constexpr const char* extensions = "org.gnome.Shell.Extensions";
 
-// Returns nullopt and sets `error` if the shell does not reply.
+// On failure, returns nullopt and sets `error`.
 std::optional<int> majorVersion(const DesktopBus& bus, std::string& error) {
     const Answer answer = ask(bus, "org.freedesktop.DBus.Properties", "Get",
                               g_variant_new("(ss)", "org.gnome.Shell", "ShellVersion"), "(v)");

@@ -29,7 +29,7 @@ using desktops::ScopedEnvironment;
 constexpr const char* editor =
     "('org.gnome.TextEditor.desktop', 'editor', 'instance', 'T', uint32 42)";
 
-// Formats a report like the extension.
+// Formats a report as the extension does.
 std::string message(const std::string& windows, const std::string& active) {
     return "(@a(ssssu) [" + windows + "], @a(ssssu) [" + active + "])";
 }

@@ -56,7 +56,7 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
     FakeKWin kwin(bus.address(), {});
     const Listening listening(reported);
     kwin.expectCalls(loading);
-    kwin.report(oneWindow); // KWin has read the script
+    kwin.report(oneWindow); // after this call, KWin has certainly read the script
     EXPECT_THAT(kwin.script(), HasSubstr("org.glidemap.KWinWindows"));
     EXPECT_EQ(kwin.file().parent_path(), folder.path());
     EXPECT_EQ(kwin.permissions(),

@@ -63,7 +63,7 @@ TEST_F(WlrWindows, AppliesEventsAfterDone) {
         compositor.done(1);
     });
     reported.expectReported(
-        {"active: two"}); // the window activated last, because the first is also still active
+        {"active: two"}); // "two" was activated last, but "one" is still active, too
 }
 
 TEST_F(WlrWindows, IgnoresStatesOtherThanActivated) {
@@ -106,7 +106,7 @@ TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilItCloses) {
         openActive(compositor, "two");
     });
     reported.expectReported({"windows: one, two", "active: two"});
-    compositor.say([&] { // the first window stays active, but is not activated again
+    compositor.say([&] { // "one" stays active, but is not activated again
         compositor.states(0, {activated, maximized});
         compositor.done(0);
         compositor.open("three", nullptr);

@@ -218,8 +218,9 @@ TEST_F(X11BackendTest, IgnoresPanelsDesktopsAndSplashScreens) {
         {"_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_STATE_SKIP_TASKBAR", "plain/Plain"},
         {"", "", "plain/Plain it/It"},
     };
-    // A window must not get the id of a closed one: openbox lets go of a closed window late, and then
-    // deletes the state of the window with this id. A running process keeps its ids.
+    // A new window must not get the id of a closed one, because openbox handles the closing late,
+    // and would then delete the state of the new window. As long as a client is connected, its ids
+    // are not reused.
     std::vector<std::unique_ptr<XClient>> programs;
     for (const Row& row : rows) {
         XClient& client = *programs.emplace_back(std::make_unique<XClient>(*server));
