@@ -224,7 +224,7 @@ TEST_F(MultitouchDeviceManagerTest, DoesNotLookForDevicesAfterAStopWithoutDevice
     driver.attach(1);
     manager.lookForDevices();
     EXPECT_EQ(driver.calls(), "create list");
-    manager.start(); // does nothing after an error, but requests devices again
+    manager.start(); // starts nothing after an error, but allows lookForDevices() again
     manager.lookForDevices();
     EXPECT_TRUE(manager.isRunning());
     manager.stop();

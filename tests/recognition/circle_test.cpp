@@ -43,8 +43,8 @@ Path pathOf(const Loop& loop) {
     return path;
 }
 
-// Returns a loop of the four compass points, in the order of the letters. Its mean is the origin if
-// opposite letters are equally frequent, and no radius is rounded.
+// Returns a loop of the four compass points, in the order of the letters. The points' mean is the
+// origin if opposite letters are equally frequent, and no radius is rounded.
 Path compass(std::string_view letters, double eastWest, double northSouth) {
     Path path;
     for (const char letter : letters) {
@@ -212,8 +212,8 @@ TEST(CircleTest, RejectsAGapBetweenTheEndsAboveTheMaximum) {
 
 TEST(CircleTest, AcceptsAGapBetweenTheEndsAtExactlyTheMaximum) {
     // 7, 24 and 25 are the sides of a right triangle, so the last point lies on the circle of
-    // radius 25. It is 30 units, or 1.2 radii, from the first point. With this unit, dividing by
-    // 1.35 and multiplying by it again is exact.
+    // radius 25. That point is 30 units, or 1.2 radii, from the first point. With this unit,
+    // dividing by 1.35 and multiplying by it again is exact.
     const double unit = 33 / 4096.0;
     const PadPoint last = {24 * unit / 1.35, 7 * unit};
     Path path = compass("NNN", 0, 25 * unit);

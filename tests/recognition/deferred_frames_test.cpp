@@ -150,7 +150,7 @@ TEST(DeferredFramesTest, RecognizerWaitsForFingersExceptWhenALongPressIsPossible
     EXPECT_TRUE(recognizer->waitsForFingers());
 }
 
-// Returns fingers that rest, move slowly or fast, land and lift at random, sometimes without a
+// Simulates fingers that rest, move slowly or fast, land and lift at random, sometimes without a
 // position.
 class RandomTouching {
 public:

@@ -101,7 +101,8 @@ TEST(PinchOrRotateTest, VerticalFingersThatTurnAndSpreadSlightlyRotate) {
 }
 
 TEST(PinchOrRotateTest, RotationRequiresAMinimumAngle) {
-    // The rotation starts to the right, so that the library computes its angle.
+    // The moving finger starts directly to the right of the other one, at the angle 0, so the
+    // rotation's angle is exactly what std::atan2 returns.
     const auto turn = [](double y) {
         return std::atan2(y, 0.2 * 1.35);
     };

@@ -42,7 +42,7 @@ protected:
         }
     }
 
-    // Checks that a clean tap at `time` is recognised after any earlier input.
+    // Lifts all fingers at `time`, and checks that a later clean tap is recognised.
     void expectStillWorks(double time) {
         report(time, {});
         reported.clear();

@@ -122,7 +122,8 @@ TEST(SessionTest, LastRecordOfAFingerInAReportCounts) {
                       frameAt(0.1, {finger(1, 0.1, 0.1), second}),
                       frameAt(0.15, {finger(1, 0.1, 0.1)}), frameAt(0.2)};
     };
-    // Two fingers are counted, but there is only one track.
+    // Two touching records of one finger are counted as two fingers, but make only one track. A
+    // hovering record is not counted.
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.11, 0.1)))), Gestures{twoFingerTap});
     EXPECT_EQ(gesturesOf(perform(tapWith(finger(1, 0.2, 0.1)))), Gestures());
     EXPECT_EQ(gesturesOf(perform(tapWith(hovering(1, 0.2, 0.1)))), Gestures{cornerTapBottomLeft});

@@ -99,8 +99,8 @@ TEST(EvemuReader, ReadsAnEmptyRecordingWithoutEvents) {
 
 TEST(EvemuReader, SupportsTouchpadsThatReportABoundingBox) {
     const std::string semi = "N: pad\nP: 09 00\nA: 2f 0 1 0 0\nA: 35 0 100 0 0\nA: 36 0 100 0 0\n";
-    // The touchpad only counts the second finger, so a touchpad with complete contacts would not
-    // report it.
+    // The second finger is only counted (14d, BTN_TOOL_DOUBLETAP) and has no slot. The reader adds
+    // it only for a touchpad that reports a bounding box.
     const std::string counted = "E: 0.5 3 39 7\nE: 0.5 1 14d 1\nE: 0.5 0 0 0\n";
     EXPECT_THAT(readRecords(semi + counted).records,
                 ElementsAre(testing::AllOf(HasSubstr("1@"), HasSubstr(", 2@"))));

@@ -1,6 +1,6 @@
 // Tests access rights before and after the program that grants access has run, in a real kernel
-// with udev. This kernel has no login, so udev grants no access lists. The tests check which
-// devices udev tags for the seat's user.
+// with udev. No user is logged in, so no access lists are set. The tests check which devices udev
+// tags for the seat's user.
 
 #include "ordinary_pad.h"
 #include "platform/linux/access/input_trust.h"

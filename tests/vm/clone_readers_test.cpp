@@ -58,7 +58,8 @@ TEST_F(CloneReadersTest, ProgramsThatCloseTheCloneTogetherDoNotCountAsReaders) {
     {
         const Punctual beforeTheDriver;
         const int first = open();
-        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC)); // separates the two
+        // A notification of another node prevents the kernel from merging the two openings.
+        close(::open(pad.node().c_str(), O_RDONLY | O_CLOEXEC));
         const int second = open();
         close(first);
         close(second);

@@ -382,7 +382,7 @@ TEST(CloneTest, PassesAllClicksWithoutAccessToUinput) {
     EXPECT_TRUE(filter->asked().empty());
     EXPECT_TRUE(cloneNodes().empty());
 
-    // The right is granted, and the program switches the filter on again.
+    // The user gets access to uinput, and the program switches the filter on again.
     ASSERT_EQ(chmod("/dev/uinput", 0666), 0);
     filter->switchOn(true);
     session->waitUntilAsleep();

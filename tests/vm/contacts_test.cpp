@@ -146,7 +146,7 @@ TEST(ContactsTest, StoppedSessionReportsNothing) {
     ASSERT_EQ(last.size(), 1U);
     EXPECT_EQ(last[0].state, 3);
     EXPECT_EQ(last[0].x, seenX(3000));
-    EXPECT_EQ(again.seen().reports.size(), 1U); // the report of only one of the two sessions
+    EXPECT_EQ(again.seen().reports.size(), 1U); // the stopped session adds no report
 }
 
 TEST(ContactsTest, IgnoresDevicesOtherThanTouchpads) {

@@ -85,8 +85,8 @@ protected:
         keyboard->post(events);
     }
 
-    // Types a key as the user, and returns all keys up to that one, which shows the modifiers held
-    // by then.
+    // Types B as the user, and returns all keys up to B. The last ones show which modifiers are
+    // held then.
     static Keys keysUntilUserTypesB() {
         press(KEY_B);
         release(KEY_B);

@@ -77,9 +77,9 @@ protected:
     }
 
     // Returns when the program has read the new state. The program queries the session after each
-    // announcement. The fake accepts the second query after its reply to the first query. So the
-    // third announcement follows that reply, and the program sends the third query after it has
-    // read the reply.
+    // announcement, and the fake handles a query after its reply to the previous query. So the
+    // third announcement follows the reply to the first query. The program sends the third query
+    // only after it has read that reply.
     void setLocked(FakeService& manager, bool isLocked) {
         constexpr int rounds = 3;
         ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
@@ -199,7 +199,7 @@ TEST_F(SessionTest, SleepEndsTouchesAndButtons) {
                         bindingJson("threeFingerLongPress", shortcutJson(3, 0))});
     Agent agent;
     ASSERT_TRUE(journal.waitForCount("login1 get LockedHint", readings)) << "the watch is set";
-    DeviceReader keys(keyboardNode()); // a desktop would have to set up another keyboard
+    DeviceReader keys(keyboardNode()); // stays open: the keyboard must survive sleep
     for (int turn = 0; turn < 3; ++turn) {
         const std::filesystem::path clone = cloneNode();
         DeviceReader reader(clone);

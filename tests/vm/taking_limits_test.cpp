@@ -122,7 +122,7 @@ private:
 };
 
 TEST_F(TakingLimitsTest, DoesNotGrabWithoutAnEventNodeForTheClone) {
-    control("--stop-exec-queue"); // keeps udev from processing all those devices
+    control("--stop-exec-queue"); // keeps udev from processing the many keyboards
     const UsedUpNodes keyboards;
     expectThatItIsLetAlone("the kernel has made no event node for the touchpad's clone");
 }

@@ -115,7 +115,8 @@ protected:
     int clicks = 0;
 };
 
-// Tolerates a difference of a tenth of the motion, which is one report.
+// Tolerates a small difference, but not a lost or duplicated report, which would be a tenth of the
+// motion.
 void expectNear(double received, double expected, const std::string& what) {
     EXPECT_NEAR(received, expected, std::abs(expected) * 0.04) << what;
 }
@@ -160,7 +161,7 @@ TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsWhileTheFilterIsSwitchedOnAndO
         std::mt19937 moments(7);
         for (int count = 0; count < switches; ++count) {
             filter.switchOn(count % 2 == 0);
-            // Randomises these times, like those of the hand.
+            // The pauses are random, like those of the hand.
             const double pause = std::uniform_real_distribution(0.0, 0.4)(moments);
             letTimePassUntil(monotonicNow() + pause);
         }

@@ -183,8 +183,8 @@ TEST(MissingFingers, StandInsKeepTheirPositionWhenTheirAnchorLeaves) {
     });
 }
 
-// The touchpad assigns slots, and the user lifts fingers. A finger that loses or gets a slot has
-// not been lifted.
+// The touchpad may take a slot from one finger and give it to another. A finger that loses its slot
+// has not been lifted, and a finger that gets a slot has not just landed.
 TEST(MissingFingers, FingersKeepTheirIdentifiersWhenTheTouchpadReassignsSlots) {
     check({
         {"the pad removes a slot, then assigns it again",

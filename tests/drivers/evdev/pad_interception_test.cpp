@@ -447,7 +447,8 @@ TEST_F(PadInterceptionTest, GracePeriodIsLongerWhenReadersAreUnknown) {
     EXPECT_TRUE(system().isGrabbed());
 }
 
-// The interception uses no timer, because an unused touchpad needs no clone.
+// The interception retries when the touchpad is used, not on a timer, because an unused touchpad
+// needs no clone.
 TEST_F(PadInterceptionTest, RetriesAfterAPauseThatDoubles) {
     system().setStanding({true, true, false});
     switchOn();
@@ -481,7 +482,7 @@ TEST_F(PadInterceptionTest, ReusesTheRetainedCloneWhenSwitchedOnAgain) {
     EXPECT_FALSE(interception->nextLook().has_value());
 }
 
-// The finger landed between the last read and the release of the grab.
+// The finger landed between the last read and the ungrab, so other programs have not seen it.
 TEST_F(PadInterceptionTest, TouchThatBeganBeforeTheUngrabIsForwarded) {
     system().setTime(10);
     switchOn();
