@@ -127,7 +127,7 @@ TEST_F(HttpsCheckTest, InvalidManifestIsABadResponseAndKeepsTheKnownVersion) {
     }
 }
 
-TEST_F(HttpsCheckTest, FailureOfABackgroundCheckIsSilent) {
+TEST_F(HttpsCheckTest, FailureOfABackgroundCheckDoesNotNotifyObservers) {
     const auto checker = checkerThatKnows("1.3");
     server.setAnswer(ok(R"({"version": 2})"));
     const auto watch = checker->changes().subscribe([] { ADD_FAILURE() << "announced"; });
@@ -230,7 +230,7 @@ TEST_F(HttpsCheckTest, CheckCompletesAfterTheCheckerIsDestroyed) {
     expectNewer("1.2.1", results.front());
 }
 
-TEST_F(HttpsCheckTest, GigabyteBodyIsCutOffEarlyAndFails) {
+TEST_F(HttpsCheckTest, DownloadOfAGigabyteBodyIsStoppedEarlyAndTheCheckFails) {
     const auto checker = checkerThatKnows("1.3");
     constexpr qint64 gigabyte = 1'000'000'000;
     for (const std::string& length :

@@ -120,7 +120,7 @@ TEST_F(StatusItemTest, BarThatDrawsTheMenuShowsNoShortcuts) {
     }
 }
 
-TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsItsIconAndMenu) {
+TEST_F(StatusItemTest, BarThatStartsToDrawTheMenuGetsANewIconAndNoShortcuts) {
     const auto item = itemThatWaits(never);
     item->menu().addAction("one")->setShortcut(QKeySequence("Ctrl+Q"));
     bar->become(Kind::embeds);

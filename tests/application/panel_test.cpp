@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_F(PanelTest, PanelShowsTheItemFromTheMessageBus) {
+TEST_F(PanelTest, PanelOnTheSameBusShowsTheItem) {
     Stage stage(Panel::absent);
     const XfcePanel panel(stage.display, stage.session);
     stage.session.waitForName("org.kde.StatusNotifierWatcher");

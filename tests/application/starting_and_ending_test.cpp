@@ -141,7 +141,7 @@ TEST_F(StartupAndShutdownTest, ClosingTheWindowKeepsTheProgramRunning) {
     EXPECT_TRUE(glidemap.waitForWindow());
 }
 
-TEST_F(StartupAndShutdownTest, LossOfTheDisplayExitsWithoutACrash) {
+TEST_F(StartupAndShutdownTest, ProgramExitsWithoutACrashWhenTheDisplayIsLost) {
     Stage stage;
     RunningGlidemap glidemap(stage);
     ASSERT_TRUE(glidemap.waitForWindow());
@@ -211,7 +211,7 @@ TEST_F(StartupAndShutdownTest, FirstWindowCompletesTheStartupNotification) {
     EXPECT_EQ(alert.waitForEnd(), 1);
 }
 
-TEST_F(StartupAndShutdownTest, FailureToListenIsReportedAndTheProgramRuns) {
+TEST_F(StartupAndShutdownTest, ReportsThatItCannotListenForASecondLaunchAndKeepsRunning) {
     Stage stage;
     auto command = stage.command();
     const std::filesystem::path runtime = command.environment["XDG_RUNTIME_DIR"];
@@ -223,7 +223,7 @@ TEST_F(StartupAndShutdownTest, FailureToListenIsReportedAndTheProgramRuns) {
     EXPECT_EQ(glidemap.end(SIGTERM), 0);
 }
 
-TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndCombinations) {
+TEST_F(StartupAndShutdownTest, RejectsUnknownOptionsAndInvalidCombinations) {
     struct Row {
         std::vector<std::string> options;
         int status;

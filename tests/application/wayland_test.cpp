@@ -108,7 +108,7 @@ TEST_F(WaylandTest, WindowHasTheDesktopEntryIdentifierAndShowsTheSettings) {
     EXPECT_EQ(glidemap.finish(), 0);
 }
 
-TEST_F(WaylandTest, LossOfTheCompositorExitsWithoutACrash) {
+TEST_F(WaylandTest, ProgramExitsWithoutACrashWhenTheCompositorIsLost) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.kill();
@@ -117,7 +117,7 @@ TEST_F(WaylandTest, LossOfTheCompositorExitsWithoutACrash) {
         << test::contentOf(home.path() / "glidemap.log");
 }
 
-TEST_F(WaylandTest, SecondLaunchShowsTheWindowAgain) {
+TEST_F(WaylandTest, SecondLaunchReopensTheClosedWindow) {
     Program glidemap(command({GLIDEMAP_PROGRAM}));
     ASSERT_TRUE(waitUntil([&] { return !windows().empty(); }));
     sway.command("[app_id=org.glidemap.Glidemap] kill");

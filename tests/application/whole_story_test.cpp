@@ -169,7 +169,7 @@ protected:
     std::unique_ptr<RunningGlidemap> glidemap;
 };
 
-TEST_F(EndToEndTest, NewBindingsWorkAtOnceAndAfterARestart) {
+TEST_F(EndToEndTest, NewBindingsWorkImmediatelyAndSurviveARestart) {
     stage = std::make_unique<Stage>();
     launch();
     drawACircle();

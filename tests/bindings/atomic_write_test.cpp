@@ -32,7 +32,7 @@ protected:
     fs::path file = folder / "file";
 };
 
-TEST_F(AtomicWriteTest, CreatesOnlyTheFileWithOwnerOnlyPermissions) {
+TEST_F(AtomicWriteTest, CreatesAFileForTheOwnerOnlyAndLeavesNoTemporaryFile) {
     EXPECT_FALSE(writeAtomically(file, "content"));
     EXPECT_EQ(contentOf(file), "content");
     EXPECT_EQ(modeOf(file), 0600U);

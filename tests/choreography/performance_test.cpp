@@ -87,7 +87,7 @@ protected:
     }
 };
 
-TEST_P(PerformanceTest, StartsAtZeroAndEndsWithoutTouches) {
+TEST_P(PerformanceTest, StartsAtTimeZeroAndEndsWithoutTouches) {
     forEverySeed([](const Performance& performance) {
         ASSERT_FALSE(performance.empty());
         EXPECT_EQ(performance.front().time, 0);
@@ -188,7 +188,7 @@ TEST(PerformTest, FortyFourGesturesCanBePerformed) {
     EXPECT_EQ(performableGestures().size(), 44U);
 }
 
-TEST(PerformTest, GesturesWithoutContactsAreEmpty) {
+TEST(PerformTest, ClicksAndTheAnyDirectionCircleHaveEmptyPerformances) {
     for (const GestureType gesture :
          {GestureType::drawCircle, GestureType::twoFingerClick, GestureType::threeFingerClick,
           GestureType::fourFingerClick}) {

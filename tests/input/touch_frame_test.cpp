@@ -46,7 +46,7 @@ TEST(TouchFrameTest, HoveringContactIsPresentButNotTouching) {
     }
 }
 
-TEST(TouchFrameTest, TouchingKeepsTheOrderAndLeavesTheFrameUnchanged) {
+TEST(TouchFrameTest, TouchingFingersAreReturnedInReportOrderAndTheFrameIsUnchanged) {
     const TouchFrame frame = frameOf({kit::record(3, 0.3, 0), recordInState(2),
                                       kit::record(1, 0.1, 0, MTTouchState::makeTouch),
                                       recordInState(7), kit::record(2, 0.2, 0)});

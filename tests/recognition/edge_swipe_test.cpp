@@ -118,7 +118,7 @@ TEST(EdgeSwipeTest, CornerStartUsesTheFirstEdgeThatTheFingerLeaves) {
     });
 }
 
-TEST(EdgeSwipeTest, RejectsOutwardAndMissingMovement) {
+TEST(EdgeSwipeTest, RejectsAFingerThatMovesOutwardsOrDoesNotMove) {
     expectRows({
         {{0.03, 0.5}, {0.0, 0.5}, std::nullopt},
         {{0.03, 0.5}, {0.03, 0.5}, std::nullopt},

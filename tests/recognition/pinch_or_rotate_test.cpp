@@ -94,7 +94,7 @@ TEST(PinchOrRotateTest, TurningFingersRotate) {
     EXPECT_EQ(otherMoves(polar(0.3, 0.2), polar(0.3, 0.8)), std::nullopt);
 }
 
-TEST(PinchOrRotateTest, VerticalFingersThatTurnAndSpreadSlightlyRotate) {
+TEST(PinchOrRotateTest, VerticalFingersThatTurnAndSpreadSlightlyMakeARotation) {
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.8)), rotateCounterclockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 - 0.8)), rotateClockwise);
     EXPECT_EQ(otherMoves(polar(0.2, pi / 2), polar(0.28, pi / 2 + 0.6)), std::nullopt);

@@ -262,7 +262,7 @@ TEST(LibinputRecordReader, StopsReadingAnEndlessScalar) {
 }
 
 // The reader processes a list element by element, so its length needs no limit.
-TEST(LibinputRecordReader, ReadsAnUnterminatedListToItsEnd) {
+TEST(LibinputRecordReader, ReadsAnUnterminatedListToTheEndOfTheFile) {
     const ReadRecording recording = readRecords("version: 1\nx: [[\n" + lines("a,", 100'000));
     EXPECT_EQ(recording.error, "file:100003: not valid YAML: did not find expected node content");
 }

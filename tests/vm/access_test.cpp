@@ -216,7 +216,7 @@ TEST_F(GrantAccessTest, TagsOnlyTouchpadsAndUinputForTheSeat) {
     EXPECT_FALSE(isTaggedForTheSeat(ownKeyboardNode()));
 }
 
-TEST_F(GrantAccessTest, TagsATouchpadPluggedInLaterForTheSeat) {
+TEST_F(GrantAccessTest, TagsATouchpadPluggedInAfterTheGrantForTheSeat) {
     ASSERT_EQ(grantAccess().status, 0);
     const VirtualPad pad(ordinaryPad());
     EXPECT_TRUE(isTaggedForTheSeat(pad.node()));
@@ -254,7 +254,7 @@ private:
     const fs::path file = "/usr/lib/udev/rules.d/70-glidemap.rules";
 };
 
-TEST_F(GrantAccessTest, AppliesThePackagedRuleWithoutInstallingAnother) {
+TEST_F(GrantAccessTest, AppliesThePackagedRuleWithoutInstallingAnotherRule) {
     const VirtualPad pad(ordinaryPad());
     const PackageRule rule;
     EXPECT_FALSE(isTaggedForTheSeat(pad.node()));

@@ -34,7 +34,7 @@ protected:
     std::filesystem::path clone;
 };
 
-TEST_F(CloneReadersTest, CloneIsGrabbedIfOneOfTwoSimultaneousReadersCloses) {
+TEST_F(CloneReadersTest, TouchpadIsGrabbedEvenIfOneOfTwoSimultaneousReadersCloses) {
     filter.switchOn(true);
     clone = waitForClone();
     int reader = -1;
@@ -52,7 +52,7 @@ TEST_F(CloneReadersTest, CloneIsGrabbedIfOneOfTwoSimultaneousReadersCloses) {
 
 // If a notification of a close were lost, the driver would assume a reader, and no program would
 // receive the touchpad's events.
-TEST_F(CloneReadersTest, ProgramsThatCloseTheCloneTogetherDoNotCountAsReaders) {
+TEST_F(CloneReadersTest, TwoProgramsThatOpenAndCloseTheCloneDoNotCountAsReaders) {
     filter.switchOn(true);
     clone = waitForClone();
     {
@@ -88,7 +88,7 @@ protected:
     driver::Device device = nullptr;
 };
 
-TEST_F(UnwatchedCloneTest, AfterAMissedReaderTheTouchpadWorksAndIsSoonTaken) {
+TEST_F(UnwatchedCloneTest, TouchpadWithAMissedReaderKeepsWorkingAndIsGrabbedOnARetry) {
     filter->switchOn(true);
     std::unique_ptr<EventReader> reader;
     {

@@ -88,7 +88,7 @@ EventFrame allUp(const PadShape& shape) {
 
 class DescriptionTest : public testing::TestWithParam<Row> {};
 
-TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
+TEST_P(DescriptionTest, DescribedTouchpadReportsAFingerInEachSlot) {
     GLIDEMAP_NEEDS_RECORDINGS();
     const Row& row = GetParam();
     const PadShape shape = shapeToday(readRecordedPad(recordingsFolder() / row.file));
@@ -131,7 +131,7 @@ TEST_P(DescriptionTest, ReportsAFingerInEachSlotAtItsPosition) {
 INSTANTIATE_TEST_SUITE_P(Descriptions, DescriptionTest, testing::ValuesIn(rows),
                          [](const auto& instance) { return testName(instance.param.file); });
 
-TEST(DescriptionsTest, EachDescriptionHasATestRow) {
+TEST(DescriptionsTest, EachTouchpadDescriptionHasATestRow) {
     GLIDEMAP_NEEDS_RECORDINGS();
     std::set<std::string> named;
     for (const Row& row : rows) {

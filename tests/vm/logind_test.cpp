@@ -185,7 +185,7 @@ protected:
     PadHand hand{pad};
 };
 
-TEST_F(LogindTest, TouchpadFollowsTheActiveSession) {
+TEST_F(LogindTest, ProgramUsesTheTouchpadOnlyWhileItsSessionIsActive) {
     const Process ourLeader({"/bin/sleep", "1000"});
     const Process otherLeader({"/bin/sleep", "1000"});
     const Session ours = seat->open(0, ourLeader);

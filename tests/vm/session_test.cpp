@@ -171,7 +171,7 @@ TEST_F(SessionTest, WaitsForAnActiveSessionOnStartup) {
     EXPECT_TRUE(keys.waitForKey(KEY_T, 0));
 }
 
-TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
+TEST_F(SessionTest, TouchpadPluggedInDuringAnInactiveSessionIsReadOnActivation) {
     pad.unplug();
     FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT});
@@ -192,7 +192,7 @@ TEST_F(SessionTest, TouchpadPluggedInWhileInactiveIsReadOnceActive) {
 
 // The monotonic clock stops during sleep. Without special handling, a touch, a tap that waits for a
 // second tap, and a held button would continue after sleep.
-TEST_F(SessionTest, SleepEndsTouchesAndButtons) {
+TEST_F(SessionTest, SleepEndsTouchesAndButtonPresses) {
     FakeService manager(systemBus.address(), logind(true), journal);
     home.writeBindings({typesT, bindingJson("twoFingerDoubleTap", shortcutJson(1, 0)),
                         bindingJson("twoFingerTap", shortcutJson(2, 0)),

@@ -40,7 +40,7 @@ struct Received {
     double scrolled = 0; // downwards
 };
 
-class TakingTest : public testing::Test {
+class GrabTest : public testing::Test {
 protected:
     void SetUp() override {
         if (!std::filesystem::exists("/usr/bin/libinput")) {
@@ -121,7 +121,7 @@ void expectNear(double received, double expected, const std::string& what) {
     EXPECT_NEAR(received, expected, std::abs(expected) * 0.04) << what;
 }
 
-TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsInTheFirstSecond) {
+TEST_F(GrabTest, NoEventIsLostOrDuplicatedInTheFirstSecondAfterTheStart) {
     constexpr int starts = 50;
     point();
     scroll();
@@ -149,7 +149,7 @@ TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsInTheFirstSecond) {
     }
 }
 
-TEST_F(TakingTest, NeitherLosesNorDuplicatesEventsWhileTheFilterIsSwitchedOnAndOff) {
+TEST_F(GrabTest, NoEventIsLostOrDuplicatedWhileTheFilterIsSwitchedOnAndOff) {
     constexpr int switches = 200;
     point();
     scroll();

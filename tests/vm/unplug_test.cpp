@@ -109,7 +109,7 @@ TEST(UnplugTest, TouchpadsOfTheSameModelAreIdentifiedByTheirPorts) {
     EXPECT_EQ(session.settle(right), rightDevice);
 }
 
-TEST(UnplugTest, UnpluggingATouchpadDoesNotAffectAnother) {
+TEST(UnplugTest, UnpluggingATouchpadDoesNotAffectAnotherTouchpad) {
     VirtualPad going(ordinaryPad());
     VirtualPad staying(otherPad());
     DriverSession session;

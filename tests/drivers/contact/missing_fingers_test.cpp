@@ -120,7 +120,7 @@ TEST(MissingFingers, StandInsHaveMillimetrePositionsAndTheirAnchorsVelocity) {
     EXPECT_EQ(standIn.fingerID, 1); // the first number that is not a slot number
 }
 
-TEST(MissingFingers, StandInsLeaveWhenTheCountDropsOrAllContactsLeave) {
+TEST(MissingFingers, StandInsLeaveWhenTheFingerCountDropsOrAllContactsLeave) {
     check({
         {"the count drops",
          padWithSlots(2),
@@ -211,7 +211,7 @@ TEST(MissingFingers, FingersKeepTheirIdentifiersWhenTheTouchpadReassignsSlots) {
     });
 }
 
-TEST(MissingFingers, IgnoresMovedCornersWhenTheFingerCountChanges) {
+TEST(MissingFingers, IgnoresBoundingBoxCornersThatMoveWhenTheFingerCountChanges) {
     check({
         {"a second finger lands and the first becomes a corner",
          semiMultitouchPad(),

@@ -142,7 +142,7 @@ TEST_F(ClickFilterTest, ButtonCallbackReceivesDroppedButtonChanges) {
     driver.setButtonCallback(nullptr);
 }
 
-TEST_F(ClickFilterTest, WaitsUntilAFingerThatTouchedBeforeTheStartLifts) {
+TEST_F(ClickFilterTest, GrabWaitsUntilAFingerThatTouchedBeforeTheStartHasLifted) {
     driver.stop(device);
     send(fingerDown);
     driver.start(device);

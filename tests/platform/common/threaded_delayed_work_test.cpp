@@ -69,7 +69,7 @@ TEST(ThreadedDelayedWork, RunsItemsInDeadlineOrder) {
     EXPECT_EQ(order, (std::vector{1, 2, 3}));
 }
 
-TEST(ThreadedDelayedWork, LaterItemDoesNotDelayEarlierItem) {
+TEST(ThreadedDelayedWork, LongDelayDoesNotDelayAnItemWithAShorterDelay) {
     ThreadedDelayedWork work;
     work.schedule(item([] {}), 3600);
     std::promise<void> ran;
@@ -99,7 +99,7 @@ TEST(ThreadedDelayedWork, RunsItemAfterTheCallerReleasesIt) {
     ran.get_future().wait();
 }
 
-TEST(ThreadedDelayedWork, StopDropsPendingItemsAndJoins) {
+TEST(ThreadedDelayedWork, StopDestroysPendingItemsBeforeItReturns) {
     ThreadedDelayedWork work;
     auto owned = std::make_shared<int>(1);
     work.schedule(item([owned] {}), 3600);

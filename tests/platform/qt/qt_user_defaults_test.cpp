@@ -24,7 +24,7 @@ protected:
     const fs::path file = folder / "glidemap" / "glidemap.ini";
 };
 
-TEST_F(QtUserDefaultsTest, FirstLaunchReadsAndWritesNothing) {
+TEST_F(QtUserDefaultsTest, FirstLaunchFindsNoValuesAndCreatesNoFile) {
     {
         const QtUserDefaults defaults(file);
         EXPECT_EQ(defaults.string("appLanguage"), std::nullopt);
@@ -114,7 +114,7 @@ TEST_F(QtUserDefaultsTest, DoesNotReadAListAsText) {
     EXPECT_EQ(QtUserDefaults(file).string("appLanguage"), std::nullopt);
 }
 
-TEST_F(QtUserDefaultsTest, ReadsValidLinesInADamagedFileAndCanWriteTheFile) {
+TEST_F(QtUserDefaultsTest, ReadsValidLinesOfADamagedFileAndCanStillWriteValues) {
     struct Row {
         const char* what;
         std::string text;

@@ -72,7 +72,7 @@ TEST(TerminationSignalsTest, TimeLimitTerminatesAHangingProgram) {
     EXPECT_EQ(hangingProgram([](const auto& ending) { ending.limitEnd(); }), EXIT_SUCCESS);
 }
 
-TEST(TerminationSignalsTest, TimeLimitOutlivesTheObject) {
+TEST(TerminationSignalsTest, TimeLimitAppliesAfterItsObjectIsDestroyed) {
     EXPECT_EQ(hangingProgram([](const auto&) {
                   const TerminationSignals inner([] {}, std::chrono::milliseconds(50));
                   inner.limitEnd();
@@ -81,7 +81,7 @@ TEST(TerminationSignalsTest, TimeLimitOutlivesTheObject) {
 }
 
 // A time limit would replace the alarm of this test by a shorter alarm.
-TEST(TerminationSignalsTest, ProgramWithoutATimeLimitIsNotInterrupted) {
+TEST(TerminationSignalsTest, SignalStartsNoTimerWithoutATimeLimit) {
     EXPECT_EQ(programThat([] { kill(getpid(), SIGTERM); },
                           [] {
                               constexpr unsigned longerThanAnyLimit = 10;

@@ -71,7 +71,7 @@ TEST_F(BindingEditorTest, LockScreenAndMissionControlCanBeSavedAtOnce) {
     }
 }
 
-TEST_F(BindingEditorTest, NotesAMissingOverviewButAllowsMissionControl) {
+TEST_F(BindingEditorTest, MissionControlWithoutAWindowOverviewShowsANoteButCanBeSaved) {
     workspace.hasOverview = false;
     open();
     EXPECT_FALSE(shows("noOverview"));
@@ -138,7 +138,7 @@ TEST_F(BindingEditorTest, ShowsOnlyTheFieldsOfTheSelectedKinds) {
     EXPECT_THAT(visibleParts(), ElementsAre("launchPicker"));
 }
 
-TEST_F(BindingEditorTest, WarnsOnlyAboutTheTwoFingerClick) {
+TEST_F(BindingEditorTest, ShowsTheClickWarningOnlyForTheTwoFingerClick) {
     open();
     choose(ActionKind::lockScreen);
     for (const GestureType gesture : allGestureTypes) {
@@ -274,7 +274,7 @@ TEST_F(BindingEditorTest, CancelLeavesTheStoreUnchanged) {
     EXPECT_THAT(bindings(), ElementsAre(binding));
 }
 
-TEST_F(BindingEditorTest, RecordingStopsWhenAnotherKindIsSelected) {
+TEST_F(BindingEditorTest, RecordingStopsWhenAnotherActionKindIsSelected) {
     open();
     QTest::mouseClick(&part("recordShortcut"), Qt::LeftButton);
     choose(ActionKind::lockScreen);
@@ -448,7 +448,7 @@ TEST_F(BindingEditorTest, FitsItsSheetWithoutScrolling) {
 }
 
 // The offscreen platform's screen is 800 points wide.
-TEST_F(BindingEditorTest, SheetShowsTheFullWidthOfTheFormInLargeLetters) {
+TEST_F(BindingEditorTest, FormFitsTheWidthOfTheSheetEvenWithLargeFonts) {
     window.show();
     auto* const content = new BindingEditor({store, workspace, keys}, std::nullopt);
     auto* const sheet = new Sheet(&window, content, BindingEditor::sheetSize);

@@ -191,7 +191,7 @@ protected:
     }
 };
 
-TEST_F(X11DesktopKeysTest, AreRecordedAndThenReleased) {
+TEST_F(X11DesktopKeysTest, AreRecordedAndThenReturnedToTheDesktop) {
     record();
     typeAltF4();
     expectRecorded("118 80000");
@@ -199,7 +199,7 @@ TEST_F(X11DesktopKeysTest, AreRecordedAndThenReleased) {
     expectClosed(*window);
 }
 
-TEST_F(X11DesktopKeysTest, AreReleasedWhenRecordingIsCancelled) {
+TEST_F(X11DesktopKeysTest, AreReturnedToTheDesktopWhenRecordingIsCancelled) {
     record();
     type(KEY_ESC);
     expect("stopped");
@@ -207,7 +207,7 @@ TEST_F(X11DesktopKeysTest, AreReleasedWhenRecordingIsCancelled) {
     expectClosed(*window);
 }
 
-TEST_F(X11DesktopKeysTest, AreReleasedWhileAnotherWindowHasFocusAndGrabbedAgainAfterwards) {
+TEST_F(X11DesktopKeysTest, AreGrabbedOnlyWhileTheRecordingWindowHasTheFocus) {
     record();
     const auto other = anotherWindow();
     typeAltF4();
@@ -217,7 +217,7 @@ TEST_F(X11DesktopKeysTest, AreReleasedWhileAnotherWindowHasFocusAndGrabbedAgainA
     expectRecorded("118 80000");
 }
 
-TEST_F(X11DesktopKeysTest, AreReleasedWhenTheProgramExits) {
+TEST_F(X11DesktopKeysTest, AreReturnedToTheDesktopWhenTheProgramExits) {
     const auto other = anotherWindow();
     other->writeLine("record");
     EXPECT_EQ(other->nextLine(), "recording");

@@ -154,7 +154,7 @@ TEST_F(SettingsHeaderTest, LaunchAtLoginShowsTheSystemState) {
               (std::vector<std::string>{"register", "register", "unregister"}));
 }
 
-TEST_F(SettingsHeaderTest, LoginItemOfAnEarlierRunShowsAsOn) {
+TEST_F(SettingsHeaderTest, LaunchAtLoginIsOnIfAnEarlierRunRegisteredTheLoginItem) {
     stage.loginItems->current = LoginItemService::Status::enabled;
     stage.open();
     EXPECT_TRUE(stage.find<QCheckBox>("launchAtLogin")->isChecked());

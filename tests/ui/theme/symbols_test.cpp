@@ -204,7 +204,7 @@ TEST(SymbolsTest, SpecifyNoColours) {
     }
 }
 
-TEST(SymbolsTest, FillTheirBoxWithoutOverflowAtEverySize) {
+TEST(SymbolsTest, FitIntoTheirBoxAndUseMostOfItAtEverySize) {
     for (const QString& file : drawings()) {
         for (const int points : {12, 16, 22, 32}) {
             for (const double ratio : {1.0, 1.5, 2.0}) {

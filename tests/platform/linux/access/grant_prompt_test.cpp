@@ -135,7 +135,7 @@ TEST(GrantPromptTest, FileInAFolderOfAnotherUserCountsAsWritableByOthers) {
     fs::remove_all(folder);
 }
 
-TEST(GrantPromptTest, InstallationOwnedByRootRunsItsOwnProgram) {
+TEST(GrantPromptTest, CommandRunsTheGrantProgramOfAnInstallationOwnedByRoot) {
     if (geteuid() != 0) {
         GTEST_SKIP() << "only root may install for all users";
     }

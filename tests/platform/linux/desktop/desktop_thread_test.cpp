@@ -220,7 +220,7 @@ TEST(DesktopThread, RunsADelayedFunctionOnceAndNotEarly) {
     thread.call([&] { watch = {}; });
 }
 
-TEST(DesktopThread, CancelledFunctionDoesNotRun) {
+TEST(DesktopThread, CancelledDelayedFunctionDoesNotRun) {
     Signals signals;
     Signals later;
     DesktopThread thread;

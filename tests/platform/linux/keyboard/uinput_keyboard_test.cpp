@@ -78,7 +78,7 @@ private:
     std::vector<std::function<void()>> waiting;
 };
 
-TEST(UinputKeyboardTest, CreatesTheDeviceOnceOnStartup) {
+TEST(UinputKeyboardTest, CreatesTheDeviceInTheConstructorAndOnlyOnce) {
     DeviceScript script;
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);
@@ -100,7 +100,7 @@ TEST(UinputKeyboardTest, UnknownKeyTypesNothing) {
     EXPECT_EQ(script.log, (Log{"plug in", "unplug"}));
 }
 
-TEST(UinputKeyboardTest, RetriesToCreateTheDeviceOnEachCallWithoutPermission) {
+TEST(UinputKeyboardTest, WithoutPermissionEachCallRetriesToCreateTheDevice) {
     DeviceScript script{{}, false};
     {
         UinputKeyboard keyboard(std::make_unique<ScriptedDevice>(script), nullptr);

@@ -126,7 +126,7 @@ TEST_F(X11HeldModifiersTest, LeavesTypingToUinputIfNoModifierIsHeld) {
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, RestoresHeldModifierUntilTheUserReleasesTheKey) {
+TEST_F(X11HeldModifiersTest, RestoresAHeldModifierUntilTheUserReleasesTheModifier) {
     script.user = {KEY_LEFTSHIFT};
     type();
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "+SHIFT"}));
@@ -146,7 +146,7 @@ TEST_F(X11HeldModifiersTest, DoesNotRestoreAModifierReleasedDuringTyping) {
     EXPECT_EQ(script.log, (Log{"-SHIFT +CTRL +T -T -CTRL", "listen", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, ReleasesAModifierThatTheUserReleasesDuringRestoring) {
+TEST_F(X11HeldModifiersTest, ReleasesARestoredModifierThatTheUserReleasedMeanwhile) {
     script.user = {KEY_LEFTSHIFT};
     script.beforeLook = [this](int look) {
         if (look == 3) {
@@ -173,7 +173,7 @@ TEST_F(X11HeldModifiersTest, ReleasesTwoRestoredModifiersSeparately) {
     EXPECT_EQ(script.log, (Log{"-RIGHTSHIFT", "listen no more"}));
 }
 
-TEST_F(X11HeldModifiersTest, SecondShortcutReleasesRestoredModifiers) {
+TEST_F(X11HeldModifiersTest, SecondShortcutReleasesModifiersRestoredAfterTheFirst) {
     script.user = {KEY_LEFTSHIFT};
     type();
     script.log.clear();
@@ -187,7 +187,7 @@ TEST_F(X11HeldModifiersTest, IgnoresModifiersOfGlidemapsKeyboard) {
     EXPECT_EQ(script.log, Log{"plainly"});
 }
 
-TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnBothKeyboards) {
+TEST_F(X11HeldModifiersTest, DetectsAModifierHeldOnTheUsersAndGlidemapsKeyboard) {
     script.ours = {KEY_LEFTCTRL};
     script.user = {KEY_LEFTCTRL};
     type();

@@ -68,7 +68,7 @@ TEST_F(GnomeDesktopHelperTest, StateMatchesTheShellsReply) {
     }
 }
 
-TEST_F(GnomeDesktopHelperTest, ReportsTheInstallationAndThenVerifiesTheState) {
+TEST_F(GnomeDesktopHelperTest, InstallReportsInstallingAndThenTheStateFromTheShell) {
     status = {Extension::missing, ""};
     const auto made = helper();
     waitForReply();
@@ -82,7 +82,7 @@ TEST_F(GnomeDesktopHelperTest, ReportsTheInstallationAndThenVerifiesTheState) {
     EXPECT_EQ(queue->waiting(), 0U);
 }
 
-TEST_F(GnomeDesktopHelperTest, KeepsTheShellsErrorTextUntilTheNextAttempt) {
+TEST_F(GnomeDesktopHelperTest, KeepsTheInstallationErrorUntilTheNextAttemptToInstall) {
     status = {Extension::missing, ""};
     const auto made = helper();
     waitForReply();

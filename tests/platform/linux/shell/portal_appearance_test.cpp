@@ -140,7 +140,7 @@ TEST_F(PortalAppearanceTest, UnrelatedOrUnchangedSettingsDoNotWakeTheMainThread)
     EXPECT_EQ(next(appearance), "light"); // the only update
 }
 
-TEST_F(PortalAppearanceTest, IgnoresSignalsFromOtherPrograms) {
+TEST_F(PortalAppearanceTest, IgnoresSignalsThatThePortalDidNotSend) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");
@@ -163,7 +163,7 @@ TEST_F(PortalAppearanceTest, WaitsForAMissingPortalWithoutStartingIt) {
     EXPECT_FALSE(std::filesystem::exists(started));
 }
 
-TEST_F(PortalAppearanceTest, KeepsSettingsUntilTheNextPortalReports) {
+TEST_F(PortalAppearanceTest, KeepsSettingsOfALostPortalUntilTheNextPortalReports) {
     onBus(portalReplying(dark));
     const PortalAppearance appearance(desktop, queue);
     EXPECT_EQ(next(appearance), "dark");

@@ -63,7 +63,7 @@ TEST_F(KWinWindows, OtherUsersCannotReadOrReplaceTheScript) {
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
-TEST_F(KWinWindows, RetriesAfterEachSignalWhileKWinStarts) {
+TEST_F(KWinWindows, LoadsTheScriptWhenKWinHasFinishedStarting) {
     FakeKWin kwin(bus.address(), {.isStarting = true});
     const Listening listening(reported);
     kwin.sendSignal();

@@ -44,7 +44,7 @@ protected:
     std::size_t opened = 0;
 };
 
-TEST_F(WlrWindows, AppliesEventsAfterDone) {
+TEST_F(WlrWindows, AppliesEventsOnlyAfterTheDoneEvent) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
@@ -97,7 +97,7 @@ TEST_F(WlrWindows, ReportsFocusEventsThatArriveTogetherAsOneChange) {
     reported.expectReported({"windows: one, two", "active: two"});
 }
 
-TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilItCloses) {
+TEST_F(WlrWindows, ReportsTheLatestOfTwoActiveWindowsUntilThatWindowCloses) {
     FakeCompositor compositor;
     Listening listening(reported);
     reported.expectReported({"windows:", "active: none"});
