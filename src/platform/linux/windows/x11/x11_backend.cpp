@@ -220,8 +220,8 @@ void X11Backend::Session::requestToken(const LaunchedApplication& application,
         then({});
         return;
     }
-    waitingForTime.push_back([this, application,
-                              requestToken = std::move(then)](xcb_timestamp_t time) {
+    waitingForTime.emplace_back([this, application,
+                                 requestToken = std::move(then)](xcb_timestamp_t time) {
         if (time == XCB_CURRENT_TIME) {
             requestToken({});
             return;
